@@ -1,0 +1,124 @@
+// The message members of OsServices: gates, line head, and the hand-over to the client's writer.
+// The members that need an object stand in OsServices.cpp.
+
+#include "OsServices.h"
+
+#include <stdarg.h>
+
+#include "OsServicesClient.h"
+#include "ZorTools.h"
+
+constinit int OsServices::ms_bEnableErrorMsg = 1;
+constinit int OsServices::ms_bEnableUserMsg = 1;
+constinit int OsServices::ms_bEnableInfo = 0;
+constinit int OsServices::ms_bIsMessagePrefixEnabled = 1;
+constinit char OsServices::ms_szMsgPrefix[OsServices::msc_uiMsgPrefixSize] = "nr4";
+constinit unsigned long OsServices::ms_uiReferenceId = 0;
+
+void OsServices::WriteErrorMsg(const char* pszFormat, ...)
+{
+    if (ms_bEnableErrorMsg == 0)
+    {
+        return;
+    }
+    if (ms_bIsMessagePrefixEnabled != 0)
+    {
+        WriteMsgInternal("%s[%llu]: (Error) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
+    }
+    va_list oList;
+    va_start(oList, pszFormat);
+    OsServices_WriteMsg(pszFormat, oList);
+    va_end(oList);
+}
+
+void OsServices::WriteUserMsg(const char* pszFormat, ...)
+{
+    if (ms_bEnableUserMsg == 0)
+    {
+        return;
+    }
+    if (ms_bIsMessagePrefixEnabled != 0)
+    {
+        WriteMsgInternal("%s[%llu]: (Info) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
+    }
+    va_list oList;
+    va_start(oList, pszFormat);
+    OsServices_WriteMsg(pszFormat, oList);
+    va_end(oList);
+}
+
+void OsServices::WriteMsg(const char* pszFormat, ...)
+{
+    if (ms_bEnableInfo == 0)
+    {
+        return;
+    }
+    if (ms_bIsMessagePrefixEnabled != 0)
+    {
+        WriteMsgInternal("%s[%llu]: (Debug) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
+    }
+    va_list oList;
+    va_start(oList, pszFormat);
+    OsServices_WriteMsg(pszFormat, oList);
+    va_end(oList);
+}
+
+void OsServices::WriteMsgInternal(const char* pszFormat, ...)
+{
+    va_list oList;
+    va_start(oList, pszFormat);
+    OsServices_WriteMsg(pszFormat, oList);
+    va_end(oList);
+}
+
+void OsServices::SetMsgLevel(int bError, int bUser, int bInfo)
+{
+    ms_bEnableErrorMsg = bError;
+    ms_bEnableUserMsg = bUser;
+    ms_bEnableInfo = bInfo;
+}
+
+void OsServices::GetMsgLevel(int* pbError, int* pbUser, int* pbInfo)
+{
+    if (pbError != nullptr)
+    {
+        *pbError = ms_bEnableErrorMsg;
+    }
+    if (pbUser != nullptr)
+    {
+        *pbUser = ms_bEnableUserMsg;
+    }
+    if (pbInfo != nullptr)
+    {
+        *pbInfo = ms_bEnableInfo;
+    }
+}
+
+void OsServices::SetMsgPrefix(const char* pszPrefix)
+{
+    ZorTools_strcpy_s(ms_szMsgPrefix, msc_uiMsgPrefixSize, pszPrefix);
+}
+
+void OsServices::SetMsgPrefixEnable(int bEnable)
+{
+    ms_bIsMessagePrefixEnabled = bEnable;
+}
+
+void OsServices::SetMsgReferenceId(unsigned long uiId)
+{
+    ms_uiReferenceId = uiId;
+}
+
+const char* OsServices::GetFileNameOnlySubSring(const char* pszPath)
+{
+    // Position 0 is left out: a path whose only separator stands in front comes back whole.
+    for (unsigned int i = ZorTools_strlen(pszPath); i > 1; --i)
+    {
+        const char c = pszPath[i - 1];
+        if (c == '/' || c == '\\')
+        {
+            return pszPath + i;
+        }
+    }
+    return pszPath;
+}

@@ -1,0 +1,10 @@
+// The one client function that messages need; it stands alone so that EDID programs link no threads and no libpci.
+
+#include "OsServicesClient.h"
+
+#include <stdio.h>
+
+int OsServices_WriteMsg(const char* pszFormat, va_list oList)
+{
+    return vfprintf(stdout, pszFormat, oList);
+}

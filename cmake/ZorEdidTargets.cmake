@@ -1,0 +1,37 @@
+# What every target of the project has in common: language level, warnings, sanitizers.
+
+set(ZOREDID_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast)
+
+function(zor_target_defaults target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  target_compile_options(${target} PRIVATE ${ZOREDID_WARNINGS})
+  if(ZOREDID_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(ZOREDID_SANITIZE)
+    # No recovery: the first finding ends the process, so that a test cannot pass over it.
+    target_compile_options(${target} PRIVATE -fsanitize=${ZOREDID_SANITIZE} -fno-sanitize-recover=all
+                                             -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${ZOREDID_SANITIZE})
+    if(ZOREDID_SANITIZE MATCHES "undefined")
+      target_compile_options(${target} PRIVATE -fsanitize=float-cast-overflow)
+    endif()
+  endif()
+  if(ZOREDID_FUZZ)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
+endfunction()
+
+# A static library of one layer. PUBLIC_INCLUDES are the folders whose headers callers may include.
+function(zor_add_library target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_INCLUDES;LINKS" ${ARGN})
+  add_library(${target} STATIC ${ARG_SOURCES})
+  zor_target_defaults(${target})
+  foreach(folder IN LISTS ARG_PUBLIC_INCLUDES)
+    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
+  endforeach()
+  target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:include/ZorEdid>)
+  target_link_libraries(${target} PUBLIC ${ARG_LINKS})
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+endfunction()

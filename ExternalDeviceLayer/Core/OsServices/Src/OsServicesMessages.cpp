@@ -99,15 +99,9 @@ void OsServices::SetMsgPrefix(const char* pszPrefix)
     ZorTools_strcpy_s(ms_szMsgPrefix, msc_uiMsgPrefixSize, pszPrefix);
 }
 
-void OsServices::SetMsgPrefixEnable(int bEnable)
-{
-    ms_bIsMessagePrefixEnabled = bEnable;
-}
+void OsServices::SetMsgPrefixEnable(int bEnable) { ms_bIsMessagePrefixEnabled = bEnable; }
 
-void OsServices::SetMsgReferenceId(unsigned long uiId)
-{
-    ms_uiReferenceId = uiId;
-}
+void OsServices::SetMsgReferenceId(unsigned long uiId) { ms_uiReferenceId = uiId; }
 
 const char* OsServices::GetFileNameOnlySubSring(const char* pszPath)
 {

@@ -28,40 +28,22 @@ void* ZorTools_memmove(void* pDestination, const void* pSource, unsigned int uiS
     return memmove(pDestination, pSource, uiSize);
 }
 
-unsigned int ZorTools_strlen(const char* pszText)
-{
-    return static_cast<unsigned int>(strlen(pszText));
-}
+unsigned int ZorTools_strlen(const char* pszText) { return static_cast<unsigned int>(strlen(pszText)); }
 
-unsigned int ZorTools_wcslen(const wchar_t* pwszText)
-{
-    return static_cast<unsigned int>(wcslen(pwszText));
-}
+unsigned int ZorTools_wcslen(const wchar_t* pwszText) { return static_cast<unsigned int>(wcslen(pwszText)); }
 
-int ZorTools_strcmp(const char* pszFirst, const char* pszSecond)
-{
-    return strcmp(pszFirst, pszSecond);
-}
+int ZorTools_strcmp(const char* pszFirst, const char* pszSecond) { return strcmp(pszFirst, pszSecond); }
 
 int ZorTools_strncmp(const char* pszFirst, const char* pszSecond, unsigned int uiSize)
 {
     return strncmp(pszFirst, pszSecond, uiSize);
 }
 
-const char* ZorTools_strstr(const char* pszText, const char* pszPattern)
-{
-    return strstr(pszText, pszPattern);
-}
+const char* ZorTools_strstr(const char* pszText, const char* pszPattern) { return strstr(pszText, pszPattern); }
 
-const char* ZorTools_strchr(const char* pszText, int iValue)
-{
-    return strchr(pszText, iValue);
-}
+const char* ZorTools_strchr(const char* pszText, int iValue) { return strchr(pszText, iValue); }
 
-const char* ZorTools_strrchr(const char* pszText, int iValue)
-{
-    return strrchr(pszText, iValue);
-}
+const char* ZorTools_strrchr(const char* pszText, int iValue) { return strrchr(pszText, iValue); }
 
 char* ZorTools_strtok_s(char* pszText, const char* pszDelimiters, char** ppszContext)
 {
@@ -73,19 +55,11 @@ int ZorTools_vsprintf_s(char* pszDestination, unsigned int uiSize, const char* p
     return vsnprintf(pszDestination, uiSize, pszFormat, oList);
 }
 
-void ZorTools_Assert(int /*bCondition*/, const char* /*pszFile*/, int /*iLine*/)
-{
-}
+void ZorTools_Assert(int /*bCondition*/, const char* /*pszFile*/, int /*iLine*/) {}
 
-int ZorTools_atoi(const char* pszText)
-{
-    return static_cast<int>(strtol(pszText, nullptr, 10));
-}
+int ZorTools_atoi(const char* pszText) { return static_cast<int>(strtol(pszText, nullptr, 10)); }
 
-int ZorTools_isDigit(int iValue)
-{
-    return isdigit(iValue);
-}
+int ZorTools_isDigit(int iValue) { return isdigit(iValue); }
 
 void ZorTools_strcpy_s(char* pszDestination, unsigned int uiSize, const char* pszSource)
 {

@@ -4,7 +4,4 @@
 
 #include <stdio.h>
 
-int OsServices_WriteMsg(const char* pszFormat, va_list oList)
-{
-    return vfprintf(stdout, pszFormat, oList);
-}
+int OsServices_WriteMsg(const char* pszFormat, va_list oList) { return vfprintf(stdout, pszFormat, oList); }

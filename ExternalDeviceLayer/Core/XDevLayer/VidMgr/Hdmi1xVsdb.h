@@ -1,0 +1,62 @@
+// CHdmi1xVsdb: a view over the payload of one HDMI 1.x vendor-specific data block, read and edited in place.
+//
+// Short-lived: built on the stack within one operation of the CEA-861 block, over bytes that the block owns. It must
+// not outlive them, and nothing else may move them meanwhile. It knows only the payload: the header of the data block,
+// byte 2 and the checksum are the caller's.
+//
+// Payload, as published in the HDMI 1.x standard (offsets from the first byte behind the data block header):
+//     0 to 2  IEEE identifier 0x000C03, least significant byte first
+//     5       bit 6: 48-bit, bit 5: 36-bit, bit 4: 30-bit colour
+//     7       bit 7: latency fields present, bit 6: interlaced latency fields present, bit 5: video fields present
+//     8       2 bytes for each kind of latency fields present
+//     o       3D flags
+//     o + 1   bits 7 to 5: number of HDMI VICs, bits 4 to 0: length of the 3D data
+//     o + 2   HDMI VICs, one byte each, then the 3D data
+
+#pragma once
+
+#include "ZorMFCTypes.h"
+
+class CHdmi1xVsdb
+{
+public:
+    static constexpr unsigned char msc_aui8IeeOuiHdmi1x[3] = { 0x03, 0x0C, 0x00 };
+
+    // Takes the payload, not a copy of it: uiLength bytes at pui8Payload, owned by the caller. What IsSupported refuses
+    // gives a view without VICs.
+    CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload);
+    virtual ~CHdmi1xVsdb();
+
+    CHdmi1xVsdb(CHdmi1xVsdb const&) = delete;
+    CHdmi1xVsdb& operator=(CHdmi1xVsdb const&) = delete;
+    CHdmi1xVsdb(CHdmi1xVsdb&&) = delete;
+    CHdmi1xVsdb& operator=(CHdmi1xVsdb&&) = delete;
+
+    // Non-zero for at least 8 payload bytes that begin with the HDMI identifier. Fewer bytes give 0; more than 31 or a
+    // null payload report an assertion failure and give 0.
+    static int IsSupported(unsigned int uiLength, unsigned char const* pui8Payload);
+
+    // Lists the HDMI VICs as CEA VICs, in block order; unknown ones are passed over. A VIC count that runs past the
+    // payload gives no VICs at all. Returns the count of the list.
+    unsigned int ExtractTimings();
+    // The CEA VIC at this index of the list; 0 at and above its end.
+    unsigned int EnumCea861Vic(unsigned int uiIndex) const;
+    // Takes the first HDMI VIC that stands for this CEA VIC out of the bytes and closes the gap in the VIC list; the 3D
+    // data stays in its place. 1 when one was removed, else 0 with no byte changed.
+    int RemoveCea861Vic(unsigned int uiVic);
+
+    // HDMI VIC 1 to 4 to CEA VIC. Other values give 0 and leave ui8CeaVic.
+    static int ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic);
+
+    // Deep colour support. Bit 0: 30-bit, bit 1: 36-bit, bit 2: 48-bit. A null payload, or one too short for the byte,
+    // reports an assertion failure and gives 0 (with uiBits 0).
+    int GetColorBitDepthSupport(unsigned int& uiBits);
+    int SetColorBitDepthSupport(unsigned int uiBits);
+
+private:
+    unsigned char* m_pui8Fixed; // fixed fields; null until they are read
+    unsigned char* m_pui8Video; // the byte at offset o; null until ExtractTimings finds video fields
+    unsigned char* m_pui8Payload;
+    CMArray<unsigned char, unsigned char const&> m_aui8CeaVic;
+    unsigned int m_uiPayloadLength;
+};

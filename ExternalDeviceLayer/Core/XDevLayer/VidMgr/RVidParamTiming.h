@@ -120,7 +120,7 @@ public:
 
 private:
     int IsFlagSet(EFlag eFlag) const { return (m_oVidParam.uiFlags & eFlag) != 0 ? 1 : 0; }
-    void SetFlag(EFlag eFlag, int bSet);
+    void SetFlag(EFlag eFlag, int bSet) { m_oVidParam.uiFlags = WithFlag(m_oVidParam.uiFlags, eFlag, bSet); }
 
     int m_bIs420ColorSpace;
     int m_bIs3D;

@@ -1,1 +1,207 @@
-// To be written.
+// CVT in whole numbers: unsigned 32 bits, every product and difference wraps. Where a wrapped value leaves no room for
+// the parts of a line or a frame, the final check refuses it.
+
+#include "VidParamCvt.h"
+
+#include <algorithm>
+
+#include "VidParamFormula.h"
+#include "VidParamTiming.h"
+
+using namespace VidParamFormula;
+
+namespace
+{
+constexpr unsigned int gsc_uiVerticalFrontPorch = 3;   // lines
+constexpr unsigned int gsc_uiMinVerticalBackPorch = 6; // lines
+constexpr unsigned int gsc_uiClockStepInTenKiloHz = 25;
+constexpr unsigned int gsc_uiClockStepInKiloHz = 250;
+
+// Standard blanking. Its duty cycle in thousandths of a percent: 30 % less 300 times the line period, 20 % at least.
+constexpr unsigned int gsc_uiDutyOffset = 30000000; // a thousand times the unit
+constexpr unsigned int gsc_uiDutyGradient = 300;
+constexpr unsigned int gsc_uiMinDuty = 20000;
+constexpr unsigned int gsc_uiFullDuty = 100000;
+
+// Reduced blanking.
+constexpr unsigned int gsc_uiReducedMinVerticalBlankTime = 460000; // ns
+constexpr unsigned int gsc_uiReducedFrontPorch = 48;               // pixels
+constexpr unsigned int gsc_uiReducedSync = 32;
+constexpr unsigned int gsc_uiReducedBackPorch = 80;
+constexpr unsigned int gsc_uiReducedBlank = gsc_uiReducedFrontPorch + gsc_uiReducedSync + gsc_uiReducedBackPorch;
+
+// Widths by which the vertical sync tells the aspect: lines * num / den, down to a cell. First match counts.
+struct SAspect
+{
+    unsigned int m_uiNumerator;
+    unsigned int m_uiDenominator;
+    unsigned int m_uiVSyncLines;
+};
+constexpr SAspect gsc_aoAspects[] = {
+    { 4, 3, 4 }, { 16, 9, 5 }, { 16, 10, 6 }, { 5, 4, 7 }, { 15, 9, 7 },
+};
+constexpr unsigned int gsc_uiVSyncLinesOther = 10;
+
+// A finished computation; pixels, lines, kHz, Hz.
+struct SCvtTiming
+{
+    unsigned int m_uiHorizontalRateInKiloHz;
+    unsigned int m_uiPixelClockInKiloHz;
+    unsigned int m_uiVerticalRateInHz;
+    unsigned int m_uiHorizontalFrontPorch;
+    unsigned int m_uiHorizontalSync;
+    unsigned int m_uiHorizontalBackPorch;
+    unsigned int m_uiVerticalSync;
+    unsigned int m_uiVerticalBackPorch;
+    int m_bHorizontalPositive;
+    int m_bVerticalPositive;
+    CVidParamTiming::EVidParamType m_eType;
+};
+
+// False when nothing is computed: the parts of the line or the frame do not stand in their order.
+bool ComputeStandardBlanking(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
+                             unsigned int uiVerticalRateInHz, SCvtTiming& oResult)
+{
+    const unsigned int uiCellActive = RoundToCell(uiHorizontalActive);
+    const unsigned int uiVSync = CVidParamCvt::GetVSyncLines(uiHorizontalActive, uiVerticalActive);
+
+    const unsigned int uiFieldPeriod = ZorTools_RoundedDownDivision(gsc_uiNanosecondsPerSecond, uiVerticalRateInHz);
+    const unsigned int uiLinePeriod = ZorTools_RoundedDivision(uiFieldPeriod - gsc_uiMinSyncAndBackTime,
+                                                               uiVerticalActive + gsc_uiVerticalFrontPorch); // ns
+    const unsigned int uiVSyncAndBack = std::max(
+        ZorTools_RoundedDownDivision(gsc_uiMinSyncAndBackTime, uiLinePeriod) + 1, uiVSync + gsc_uiMinVerticalBackPorch);
+    const unsigned int uiVerticalTotal = uiVerticalActive + gsc_uiVerticalFrontPorch + uiVSyncAndBack;
+
+    // The difference wraps for line periods above 100 us; the floor does not catch that, the check below does.
+    const unsigned int uiDuty = std::max((gsc_uiDutyOffset - gsc_uiDutyGradient * uiLinePeriod) / 1000, gsc_uiMinDuty);
+    const unsigned int uiBlank =
+        ZorTools_RoundedDownDivision(uiDuty * uiCellActive,
+                                     gsc_uiBlankingUnit * gsc_uiFullDuty - gsc_uiBlankingUnit * uiDuty) *
+        gsc_uiBlankingUnit;
+    const unsigned int uiHorizontalTotal = uiCellActive + uiBlank;
+    const unsigned int uiHSync = CutToCell(uiHorizontalTotal * gsc_uiSyncPerMille / 1000);
+
+    // A width off the cell grid is clocked as if the line were a cell longer.
+    const bool bOnGrid = uiHorizontalActive % gsc_uiCellWidth == 0;
+    const unsigned int uiClockedTotal = bOnGrid ? uiHorizontalTotal : uiHorizontalTotal + gsc_uiCellWidth;
+    const unsigned int uiClockSteps = ZorTools_RoundedDownDivision(
+        ZorTools_RoundedDownDivision(uiClockedTotal * 100000, uiLinePeriod), gsc_uiClockStepInTenKiloHz);
+    const unsigned int uiLineRateInTenHz =
+        ZorTools_RoundedDivision(uiClockSteps * gsc_uiClockStepInTenKiloHz * 1000, uiHorizontalTotal);
+
+    const unsigned int uiHBack = uiBlank / 2;
+    const unsigned int uiVBack = uiVSyncAndBack - uiVSync;
+
+    const SExtent oLine = { uiHorizontalActive, uiHorizontalTotal - uiHSync - uiHBack, uiHorizontalTotal - uiHBack };
+    const SExtent oFrame = { uiVerticalActive, uiVerticalTotal - uiVSyncAndBack, uiVerticalTotal - uiVBack };
+    if (!oLine.IsInOrder() || !oFrame.IsInOrder())
+    {
+        return false;
+    }
+
+    oResult.m_uiHorizontalRateInKiloHz = uiLineRateInTenHz / 100;
+    oResult.m_uiPixelClockInKiloHz = uiClockSteps * gsc_uiClockStepInKiloHz;
+    oResult.m_uiVerticalRateInHz = ZorTools_RoundedDivision(uiLineRateInTenHz * 10, uiVerticalTotal); // the one reached
+    oResult.m_uiHorizontalFrontPorch = uiBlank - uiHBack - uiHSync;
+    oResult.m_uiHorizontalSync = uiHSync;
+    oResult.m_uiHorizontalBackPorch = uiHBack;
+    oResult.m_uiVerticalSync = uiVSync;
+    oResult.m_uiVerticalBackPorch = uiVBack;
+    oResult.m_bHorizontalPositive = 0;
+    oResult.m_bVerticalPositive = 1;
+    oResult.m_eType = CVidParamTiming::eVidParamType_Cvt;
+    return true;
+}
+
+// Nothing is checked here: every size and rate has a result.
+SCvtTiming ComputeReducedBlanking(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
+                                  unsigned int uiVerticalRateInHz)
+{
+    const unsigned int uiVSync = CVidParamCvt::GetVSyncLines(uiHorizontalActive, uiVerticalActive);
+
+    // Unlike standard blanking: the field period is rounded, and the front porch is no part of the divisor.
+    const unsigned int uiFieldPeriod = ZorTools_RoundedDivision(gsc_uiNanosecondsPerSecond, uiVerticalRateInHz);
+    const unsigned int uiLinePeriod =
+        ZorTools_RoundedDivision(uiFieldPeriod - gsc_uiReducedMinVerticalBlankTime, uiVerticalActive); // ns
+    const unsigned int uiVerticalBlank =
+        std::max(ZorTools_RoundedDownDivision(gsc_uiReducedMinVerticalBlankTime, uiLinePeriod) + 1,
+                 uiVSync + gsc_uiVerticalFrontPorch + gsc_uiMinVerticalBackPorch);
+    const unsigned int uiHorizontalTotal = RoundToCell(uiHorizontalActive) + gsc_uiReducedBlank;
+    const unsigned int uiVerticalTotal = uiVerticalActive + uiVerticalBlank;
+    const unsigned int uiClockSteps = ZorTools_RoundedDownDivision(
+        ZorTools_RoundedDivision(uiVerticalRateInHz * uiHorizontalTotal * uiVerticalTotal, 10000),
+        gsc_uiClockStepInTenKiloHz);
+
+    SCvtTiming oResult;
+    oResult.m_uiPixelClockInKiloHz = uiClockSteps * gsc_uiClockStepInKiloHz;
+    oResult.m_uiHorizontalRateInKiloHz = ZorTools_RoundedDivision(oResult.m_uiPixelClockInKiloHz, uiHorizontalTotal);
+    oResult.m_uiVerticalRateInHz = uiVerticalRateInHz; // the one asked for
+    oResult.m_uiHorizontalFrontPorch = gsc_uiReducedFrontPorch;
+    oResult.m_uiHorizontalSync = gsc_uiReducedSync;
+    oResult.m_uiHorizontalBackPorch = gsc_uiReducedBackPorch;
+    oResult.m_uiVerticalSync = uiVSync;
+    oResult.m_uiVerticalBackPorch = uiVerticalBlank - gsc_uiVerticalFrontPorch - uiVSync;
+    oResult.m_bHorizontalPositive = 1;
+    oResult.m_bVerticalPositive = 0;
+    oResult.m_eType = CVidParamTiming::eVidParamType_CvtReducedBlanking;
+    return oResult;
+}
+
+void WriteTiming(unsigned int uiHorizontalActive, unsigned int uiVerticalActive, SCvtTiming const& oResult,
+                 CVidParamTiming& oTiming)
+{
+    oTiming.ClearData();
+    oTiming.SetHorizontalRateInKiloHz(oResult.m_uiHorizontalRateInKiloHz);
+    oTiming.SetPixelClockInKiloHz(oResult.m_uiPixelClockInKiloHz);
+    oTiming.SetVerticalRateInHz(oResult.m_uiVerticalRateInHz);
+    oTiming.SetHorizontalFrontPorch(oResult.m_uiHorizontalFrontPorch);
+    oTiming.SetHorizontalSync(oResult.m_uiHorizontalSync);
+    oTiming.SetHorizontalBackPorch(oResult.m_uiHorizontalBackPorch);
+    oTiming.SetHorizontalActive(uiHorizontalActive); // as given; the porches stay those of whole cells
+    oTiming.SetVerticalFrontPorch(gsc_uiVerticalFrontPorch);
+    oTiming.SetVerticalSync(oResult.m_uiVerticalSync);
+    oTiming.SetVerticalBackPorch(oResult.m_uiVerticalBackPorch);
+    oTiming.SetVerticalActive(uiVerticalActive);
+    oTiming.SetVerticalPolarityPositive(oResult.m_bVerticalPositive);
+    oTiming.SetHorizontalPolarityPositive(oResult.m_bHorizontalPositive);
+    oTiming.SetInterlaced(0);
+    oTiming.SetVideoFamilyType(oResult.m_eType);
+}
+}
+
+unsigned int CVidParamCvt::GetVSyncLines(unsigned int uiHorizontalActive, unsigned int uiVerticalActive)
+{
+    if (uiVerticalActive == 0)
+    {
+        return 0;
+    }
+    for (SAspect const& oAspect : gsc_aoAspects)
+    {
+        const unsigned int uiCells =
+            uiVerticalActive * oAspect.m_uiNumerator / (oAspect.m_uiDenominator * gsc_uiCellWidth);
+        if (uiHorizontalActive == uiCells * gsc_uiCellWidth)
+        {
+            return oAspect.m_uiVSyncLines;
+        }
+    }
+    return gsc_uiVSyncLinesOther;
+}
+
+int CVidParamCvt::GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
+                              unsigned int uiVerticalRateInHz, int bReducedBlanking, CVidParamTiming* poTiming)
+{
+    SCvtTiming oResult;
+    if (bReducedBlanking != 0)
+    {
+        oResult = ComputeReducedBlanking(uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz);
+    }
+    else if (!ComputeStandardBlanking(uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz, oResult))
+    {
+        return 0;
+    }
+    if (poTiming != nullptr)
+    {
+        WriteTiming(uiHorizontalActive, uiVerticalActive, oResult, *poTiming);
+    }
+    return 1;
+}

@@ -103,8 +103,7 @@ public:
     // Whether a clock counts as this timing's own within the spread of the 1000/1001 variants and of rounding: 0.10 %
     // up to 75,000 kHz inclusive, 0.50 % above, judged by THIS object's clock and compared on truncated kilohertz, so
     // near 75,000 kHz the answer may depend on which side is asked. Zero equals only zero. The kilohertz form takes the
-    // clock times 1000 at 32 bits. Clocks of 2,147,483,648 Hz and more are outside what these are meant for.
-    // Give 1 or 0.
+    // clock times 1000 at 32 bits. Give 1 or 0.
     int IsPixelClockInHzEquivalent(unsigned int uiPixelClockInHz) const;
     int IsPixelClockInKiloHzEquivalent(unsigned int uiPixelClockInKiloHz) const;
 
@@ -132,4 +131,12 @@ public:
 protected:
     CVidParamTiming() = default;
     CVidParamTiming(CVidParamTiming const&) = default;
+
+    static constexpr unsigned int msc_uiHzPerKiloHz = 1000;
+
+    // A flag word with the bit uiMask set or cleared by bit 0 of iValue; the other bits stay.
+    static constexpr unsigned int WithFlag(unsigned int uiFlags, unsigned int uiMask, int iValue)
+    {
+        return (iValue & 1) != 0 ? uiFlags | uiMask : uiFlags & ~uiMask;
+    }
 };

@@ -106,7 +106,7 @@ public:
 
 private:
     int IsFlagSet(EFlag eFlag) const { return (m_oData.uiFlags & eFlag) != 0 ? 1 : 0; }
-    void SetFlag(EFlag eFlag, int bSet);
+    void SetFlag(EFlag eFlag, int bSet) { m_oData.uiFlags = WithFlag(m_oData.uiFlags, eFlag, bSet); }
 
     SVidParamGenericData m_oData;
 };

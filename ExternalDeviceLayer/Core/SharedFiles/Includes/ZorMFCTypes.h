@@ -1,0 +1,6 @@
+// Umbrella over the containers: allocator, array, string, string list, block pool, hash map. They know no EDID.
+
+#pragma once
+
+#include "ZorMFCTypes/CMAllocator.h"
+#include "ZorMFCTypes/CMArray.h"

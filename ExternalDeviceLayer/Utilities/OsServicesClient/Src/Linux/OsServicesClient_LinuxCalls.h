@@ -39,23 +39,26 @@ constexpr timespec OsServices_GetDeadline(const timespec& oNow, unsigned int uiT
     return ZorVxdAddTime(oNow, uiTimeout / 1000, static_cast<long>(uiTimeout % 1000) * 1000000);
 }
 
-// ---- The assertion of the client layer. It stops the process in every build type, with the text of its condition.
-// ----
+// ---- The assertions of the client layer. They stop the process in every build type. ----
 
 inline constexpr std::nullptr_t MNULL = nullptr;
-inline constexpr bool MFALSE = false;
 
 // The C library's own; <assert.h> hides it in builds without assertions.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the C library's
 extern "C" [[noreturn]] void __assert_fail(const char* pszExpression, const char* pszFile, unsigned int uiLine,
                                            const char* pszFunction) noexcept;
 
-// The condition has no side effects: system calls are made before it, and a failed one asserts MFALSE.
-#define OS_CLIENT_ASSERT(condition)                                                                                    \
+#define OS_CLIENT_STOP_UNLESS(condition, text)                                                                         \
     do                                                                                                                 \
     {                                                                                                                  \
         if (!(condition))                                                                                              \
         {                                                                                                              \
-            __assert_fail(#condition, __FILE__, __LINE__, static_cast<const char*>(__func__));                         \
+            __assert_fail(text, __FILE__, __LINE__, static_cast<const char*>(__func__));                               \
         }                                                                                                              \
     } while (false)
+
+// A mistake of the caller: stops with the text of the condition.
+#define OS_CLIENT_ASSERT(condition) OS_CLIENT_STOP_UNLESS(condition, #condition)
+
+// A system call that must not fail. Takes its outcome, never the call itself; stops with the text "MFALSE".
+#define OS_CLIENT_REQUIRE(succeeded) OS_CLIENT_STOP_UNLESS(succeeded, "MFALSE")

@@ -1,0 +1,387 @@
+// CVT and GTF: worked results, refusals, properties over a grid that reaches both ends of the range, and a second
+// computation that does the same steps in 64 bits and wraps by hand.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "TimingTestHelp.h"
+#include "VidParamCvt.h"
+#include "VidParamGtf.h"
+
+namespace
+{
+enum EFormula
+{
+    eCvt,
+    eCvtReduced,
+    eGtf,
+};
+
+int Compute(EFormula eFormula, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate,
+            CVidParamTiming* poTiming)
+{
+    return eFormula == eGtf
+               ? CVidParamGtf::GetVidParam(uiWidth, uiHeight, uiRate, poTiming)
+               : CVidParamCvt::GetVidParam(uiWidth, uiHeight, uiRate, eFormula == eCvtReduced ? 1 : 0, poTiming);
+}
+
+constexpr unsigned int gsc_uiHPositive = 4;
+constexpr unsigned int gsc_uiVPositive = 8;
+
+CVidParamTiming::EVidParamType TypeOf(EFormula eFormula)
+{
+    return eFormula == eCvt          ? CVidParamTiming::eVidParamType_Cvt
+           : eFormula == eCvtReduced ? CVidParamTiming::eVidParamType_CvtReducedBlanking
+                                     : CVidParamTiming::eVidParamType_Gtf;
+}
+
+const char* NameOf(EFormula eFormula)
+{
+    return eFormula == eCvt ? "Cvt" : eFormula == eCvtReduced ? "CvtReduced" : "Gtf";
+}
+
+unsigned int FlagsOf(EFormula eFormula) { return eFormula == eCvtReduced ? gsc_uiHPositive : gsc_uiVPositive; }
+
+// ---- Worked results ----
+
+struct SWorkedCase
+{
+    const char* m_szName;
+    EFormula m_eFormula;
+    unsigned int m_uiWidth;
+    unsigned int m_uiHeight;
+    std::array<unsigned int, 3> m_auiHorizontal;
+    std::array<unsigned int, 3> m_auiVertical;
+    unsigned int m_uiPixelClockInKiloHz;
+    unsigned int m_uiHorizontalRateInKiloHz;
+    unsigned int m_uiVerticalRateInHz;
+};
+
+// All asked for at 60 Hz.
+const SWorkedCase gsc_aoWorkedCases[] = {
+    { "FullHdCvt", eCvt, 1920, 1080, { 128, 200, 328 }, { 3, 5, 32 }, 173000, 67, 60 },
+    { "FullHdCvtReduced", eCvtReduced, 1920, 1080, { 48, 32, 80 }, { 3, 5, 23 }, 138500, 67, 60 },
+    { "FullHdGtf", eGtf, 1920, 1080, { 128, 200, 328 }, { 1, 3, 34 }, 172770, 67, 60 }, // sync cut, not rounded to 208
+    { "XgaCvt", eCvt, 1024, 768, { 48, 104, 152 }, { 3, 4, 23 }, 63500, 47, 60 },
+    { "XgaGtf", eGtf, 1024, 768, { 56, 104, 160 }, { 1, 3, 23 }, 64122, 47, 60 },
+    { "UltraHdCvtReduced", eCvtReduced, 3840, 2160, { 48, 32, 80 }, { 3, 5, 54 }, 533250, 133, 60 },
+    { "VgaCvtReportsTheRateReached", eCvt, 640, 480, { 16, 64, 80 }, { 3, 4, 13 }, 23750, 29, 59 },
+    { "OffTheCellGridCvt", eCvt, 1366, 768, { 72, 136, 208 }, { 3, 10, 17 }, 85500, 47, 60 },
+};
+
+class WorkedResult : public testing::TestWithParam<SWorkedCase>
+{
+};
+
+TEST_P(WorkedResult, IsComputedOnBothStorageClasses)
+{
+    SWorkedCase const& oCase = GetParam();
+    const SAllValues oExpected = {
+        oCase.m_uiWidth,         oCase.m_uiHeight,    oCase.m_uiVerticalRateInHz, oCase.m_uiPixelClockInKiloHz,
+        oCase.m_auiHorizontal,   oCase.m_auiVertical, FlagsOf(oCase.m_eFormula),  oCase.m_uiHorizontalRateInKiloHz,
+        TypeOf(oCase.m_eFormula)
+    };
+    CVidParamTimingGeneric oGeneric(gsc_o1080i); // what stood there before is cleared
+    CRVidParamTiming oOther;
+    oOther.SetInterlaced(1);
+    for (CVidParamTiming* poTiming : std::initializer_list<CVidParamTiming*>{ &oGeneric, &oOther })
+    {
+        EXPECT_EQ(1, Compute(oCase.m_eFormula, oCase.m_uiWidth, oCase.m_uiHeight, 60, poTiming));
+        EXPECT_EQ(oExpected, ReadAll(*poTiming));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, WorkedResult, testing::ValuesIn(gsc_aoWorkedCases),
+                         [](const auto& oInfo) { return std::string(oInfo.param.m_szName); });
+
+TEST(CvtVerticalSync, TellsTheAspect)
+{
+    const struct
+    {
+        unsigned int m_uiWidth;
+        unsigned int m_uiHeight;
+        unsigned int m_uiLines;
+    } aoCases[] = {
+        { 1600, 1200, 4 },
+        { 1920, 1080, 5 },
+        { 1360, 768, 5 }, // 16:9 cut to a cell
+        { 1680, 1050, 6 },
+        { 1280, 1024, 7 },
+        { 1280, 768, 7 },  // 15:9
+        { 1366, 768, 10 }, // the width counts as given
+        { 1920, 0, 0 },
+        { 0, 1, 4 },          // every aspect gives 0 here, the first counts
+        { 0, 0x40000000, 4 }, // 4 * height wraps to 0
+        { 0x55555550, 0x80000000, 10 },
+    };
+    for (auto const& oCase : aoCases)
+    {
+        EXPECT_EQ(oCase.m_uiLines, CVidParamCvt::GetVSyncLines(oCase.m_uiWidth, oCase.m_uiHeight))
+            << oCase.m_uiWidth << "x" << oCase.m_uiHeight;
+    }
+}
+
+TEST(Cvt, ReducedBlankingIsAskedForByAnyValueButZero)
+{
+    for (const int bReduced : { 2, -1, 0x100 })
+    {
+        CVidParamTimingGeneric oTiming;
+        EXPECT_EQ(1, CVidParamCvt::GetVidParam(640, 480, 60, bReduced, &oTiming));
+        EXPECT_EQ(CVidParamTiming::eVidParamType_CvtReducedBlanking, oTiming.GetVideoFamilyType());
+        EXPECT_EQ(60U, oTiming.GetVerticalRateInHz()) << "the rate asked for";
+    }
+}
+
+TEST(Cvt, ReducedBlankingOffTheCellGridKeepsWidthAndPorches)
+{
+    CVidParamTimingGeneric oOff;
+    CVidParamTimingGeneric oUp;
+    ASSERT_EQ(1, CVidParamCvt::GetVidParam(1364, 768, 60, 1, &oOff)); // half a cell: goes up to 1368
+    ASSERT_EQ(1, CVidParamCvt::GetVidParam(1368, 768, 60, 1, &oUp));
+    EXPECT_EQ(1364U, oOff.GetHorizontalActive());
+    EXPECT_EQ(1364U + 48 + 32 + 80, oOff.GetHorizontalTotal());
+    EXPECT_EQ(oUp.GetPixelClockInKiloHz(), oOff.GetPixelClockInKiloHz());
+}
+
+// ---- Refusals ----
+
+TEST(Refusals, LinePeriodsAbove100MicrosecondsWrapTheCvtDuty)
+{
+    const unsigned int aauiModes[][3] = { { 200, 150, 60 }, { 176, 144, 60 }, { 320, 240, 30 }, { 640, 480, 20 } };
+    for (auto const& auiMode : aauiModes)
+    {
+        EXPECT_EQ(0, Compute(eCvt, auiMode[0], auiMode[1], auiMode[2], nullptr)) << auiMode[0];
+        EXPECT_EQ(1, Compute(eCvtReduced, auiMode[0], auiMode[1], auiMode[2], nullptr)) << auiMode[0];
+    }
+}
+
+TEST(Refusals, RateZeroRunsToTheEnd)
+{
+    EXPECT_EQ(1, Compute(eGtf, 640, 480, 0, nullptr));
+    EXPECT_EQ(1, Compute(eCvtReduced, 0, 0, 0, nullptr));
+}
+
+// ---- The second computation ----
+
+// 32-bit words in 64 bits: every step is cut back by hand.
+using Wide = std::uint64_t;
+
+constexpr Wide Cut(Wide uiValue) { return uiValue % 0x100000000U; }
+constexpr Wide Minus(Wide uiFrom, Wide uiWhat) { return Cut(uiFrom + 0x100000000U - uiWhat); }
+constexpr Wide Times(Wide uiFirst, Wide uiSecond) { return Cut(uiFirst * uiSecond); }
+constexpr Wide Nearest(Wide uiDividend, Wide uiDivisor)
+{
+    return uiDivisor == 0 ? 0 : (2 * uiDividend + uiDivisor) / (2 * uiDivisor);
+}
+constexpr Wide Down(Wide uiDividend, Wide uiDivisor) { return uiDivisor == 0 ? 0 : uiDividend / uiDivisor; }
+constexpr unsigned int Word(Wide uiValue) { return static_cast<unsigned int>(uiValue); }
+
+Wide SyncLines(Wide uiWidth, Wide uiHeight)
+{
+    if (uiHeight == 0)
+    {
+        return 0;
+    }
+    if (uiWidth == Times(uiHeight, 4) / 24 * 8)
+    {
+        return 4;
+    }
+    if (uiWidth == Times(uiHeight, 16) / 72 * 8)
+    {
+        return 5;
+    }
+    if (uiWidth == Times(uiHeight, 16) / 80 * 8)
+    {
+        return 6;
+    }
+    const bool bSeven = uiWidth == Times(uiHeight, 5) / 32 * 8 || uiWidth == Times(uiHeight, 15) / 72 * 8;
+    return bSeven ? 7 : 10;
+}
+
+using Expected = std::optional<SAllValues>; // none: refused
+
+Expected SecondCvt(Wide h, Wide v, Wide rate)
+{
+    const Wide h8 = Times(Nearest(h, 8), 8);
+    const Wide vs = SyncLines(h, v);
+    const Wide p = Nearest(Minus(Down(1000000000, rate), 550000), Cut(v + 3));
+    const Wide vsbp = std::max(Down(550000, p) + 1, vs + 6);
+    const Wide vTotal = Cut(v + 3 + vsbp);
+    const Wide duty = std::max<Wide>(Minus(30000000, Times(300, p)) / 1000, 20000);
+    const Wide hBlank = Times(Down(Times(duty, h8), Minus(1600000, Times(16, duty))), 16);
+    const Wide hTotal = Cut(h8 + hBlank);
+    const Wide hSync = Times(hTotal, 80) / 1000 / 8 * 8;
+    const Wide hClockTotal = h % 8 != 0 ? Cut(hTotal + 8) : hTotal;
+    const Wide k = Down(Times(hClockTotal, 100000), p) / 25;
+    const Wide hz = Nearest(Times(k, 25000), hTotal);
+    const Wide hBack = hBlank / 2;
+    const Wide vBack = Minus(vsbp, vs);
+    const Wide hSyncStart = Minus(Minus(hTotal, hSync), hBack);
+    if (hSyncStart >= Minus(hTotal, hBack) || Minus(vTotal, vsbp) >= Minus(vTotal, vBack) || h > hSyncStart ||
+        v > Minus(vTotal, vsbp))
+    {
+        return std::nullopt;
+    }
+    return SAllValues{ Word(h),
+                       Word(v),
+                       Word(Nearest(Times(hz, 10), vTotal)),
+                       Word(Times(k, 250)),
+                       { Word(Minus(Minus(hBlank, hBack), hSync)), Word(hSync), Word(hBack) },
+                       { 3, Word(vs), Word(vBack) },
+                       FlagsOf(eCvt),
+                       Word(hz / 100),
+                       TypeOf(eCvt) };
+}
+
+Expected SecondCvtReduced(Wide h, Wide v, Wide rate)
+{
+    const Wide vs = SyncLines(h, v);
+    const Wide p = Nearest(Minus(Nearest(1000000000, rate), 460000), v);
+    const Wide vbi = std::max(Down(460000, p) + 1, vs + 9);
+    const Wide hTotal = Cut(Times(Nearest(h, 8), 8) + 160);
+    const Wide k = Nearest(Times(Times(rate, hTotal), Cut(v + vbi)), 10000) / 25;
+    return SAllValues{ Word(h),
+                       Word(v),
+                       Word(rate),
+                       Word(Times(k, 250)),
+                       { 48, 32, 80 },
+                       { 3, Word(vs), Word(Minus(vbi, vs + 3)) },
+                       FlagsOf(eCvtReduced),
+                       Word(Nearest(Times(k, 250), hTotal)),
+                       TypeOf(eCvtReduced) };
+}
+
+Expected SecondGtf(Wide h, Wide v, Wide rate)
+{
+    const Wide h8 = Times(Nearest(h, 8), 8);
+    const Wide p = Nearest(Minus(Nearest(1000000000, rate), 550000), Times(Cut(v + 1), 10));
+    const Wide vsbp = Nearest(55000, p);
+    const Wide vTotal10 = Times(Cut(v + 1 + vsbp), 10);
+    const Wide est = Nearest(1000000000, Nearest(Times(p, vTotal10), 10));
+    const Wide p2 = Nearest(Times(p, est), Times(rate, 10));
+    const Wide act = Nearest(1000000000, Nearest(Times(vTotal10, p2), 10));
+    const Wide duty = Minus(3000, Nearest(Times(p2, 3000), 10000));
+    const Wide hBlank = Times(Nearest(Times(duty, h8), Minus(160000, Times(16, duty))), 16);
+    const Wide hTotal = Cut(h8 + hBlank);
+    const Wide hBack = Times(Nearest(hBlank / 2, 8), 8);
+    const Wide hSync = Nearest(Times(hTotal, 80), 1000) & ~Wide{ 7 };
+    const Wide vTotal = Nearest(vTotal10, 10);
+    const Wide hSyncStart = Minus(Minus(hTotal, hBack), hSync);
+    const Wide vSyncStart = Minus(vTotal, vsbp);
+    if (vSyncStart >= Minus(vTotal, Minus(vsbp, 3)) || hSyncStart >= Minus(hTotal, hBack) || h > hSyncStart ||
+        v > vSyncStart)
+    {
+        return std::nullopt;
+    }
+    return SAllValues{ Word(h),
+                       Word(v),
+                       Word(Nearest(act, 10)),
+                       Word(Nearest(Times(hTotal, 100000), p2)),
+                       { Word(Minus(hSyncStart, h)), Word(hSync), Word(hBack) },
+                       { Word(Minus(vSyncStart, v)), 3, Word(Minus(vsbp, 3)) },
+                       FlagsOf(eGtf),
+                       Word(Nearest(100000000, p2) / 1000),
+                       TypeOf(eGtf) };
+}
+
+Expected SecondCompute(EFormula eFormula, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)
+{
+    return eFormula == eCvt          ? SecondCvt(uiWidth, uiHeight, uiRate)
+           : eFormula == eCvtReduced ? SecondCvtReduced(uiWidth, uiHeight, uiRate)
+                                     : SecondGtf(uiWidth, uiHeight, uiRate);
+}
+
+// The class in kilohertz keeps clocks as they are set; the other one would wrap the extremes once more.
+void ExpectSameAsSecondComputation(EFormula eFormula, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)
+{
+    SCOPED_TRACE(testing::Message() << NameOf(eFormula) << ": " << uiWidth << "x" << uiHeight << "@" << uiRate);
+    const CRVidParamTiming oUntouched(gsc_oR720p, eRVideoFamily_Smpte);
+    CRVidParamTiming oTiming(oUntouched);
+    const int iResult = Compute(eFormula, uiWidth, uiHeight, uiRate, &oTiming);
+    const Expected oExpected = SecondCompute(eFormula, uiWidth, uiHeight, uiRate);
+    ASSERT_EQ(oExpected.has_value() ? 1 : 0, iResult);
+    ASSERT_EQ(oExpected.value_or(ReadAll(oUntouched)), ReadAll(oTiming));
+    ASSERT_EQ(iResult, Compute(eFormula, uiWidth, uiHeight, uiRate, nullptr)) << "as a test";
+}
+
+const std::vector<unsigned int> gsc_auiSizes = {
+    0,    1,     3,     4,     7,          8,          9,          144,        176,        480,        640,        1366,
+    1920, 16384, 65535, 65536, 0x15555556, 0x40000000, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF4, 0xFFFFFFFD, 0xFFFFFFFF,
+};
+const std::vector<unsigned int> gsc_auiRates = {
+    0, 1, 20, 24, 30, 50, 60, 75, 120, 240, 1000, 1818, 1819, 2173, 2174, 100000, 0x7FFFFFFF, 0xFFFFFFFF,
+};
+
+class Formula : public testing::TestWithParam<EFormula>
+{
+};
+
+TEST_P(Formula, EqualsTheSecondComputationOverAGridWithBothEnds)
+{
+    for (const unsigned int uiWidth : gsc_auiSizes)
+    {
+        for (const unsigned int uiHeight : gsc_auiSizes)
+        {
+            for (const unsigned int uiRate : gsc_auiRates)
+            {
+                ASSERT_NO_FATAL_FAILURE(ExpectSameAsSecondComputation(GetParam(), uiWidth, uiHeight, uiRate));
+            }
+        }
+    }
+}
+
+TEST_P(Formula, EqualsTheSecondComputationForRandomNumbers)
+{
+    std::mt19937 oRandom(20240229);
+    for (unsigned int i = 0; i < 20000; ++i)
+    {
+        // Any magnitude is as likely as any other.
+        const unsigned int uiWidth = static_cast<unsigned int>(oRandom()) >> oRandom() % 32;
+        const unsigned int uiHeight = static_cast<unsigned int>(oRandom()) >> oRandom() % 32;
+        const unsigned int uiRate = static_cast<unsigned int>(oRandom()) >> oRandom() % 32;
+        ASSERT_NO_FATAL_FAILURE(ExpectSameAsSecondComputation(GetParam(), uiWidth, uiHeight, uiRate));
+    }
+}
+
+// What a timing of a real monitor's size must be like, whatever the steps: its clock and totals give its rates, and
+// the blanking is on the cell grid.
+TEST_P(Formula, GeometryOfRealSizesAddsUp)
+{
+    const unsigned int aauiSizes[][2] = {
+        { 640, 480 },   { 800, 600 },   { 1024, 768 },  { 1280, 1024 }, { 1366, 768 },
+        { 1680, 1050 }, { 1920, 1080 }, { 2560, 1440 }, { 3440, 1440 }, { 4096, 2160 }
+    };
+    for (auto const& auiSize : aauiSizes)
+    {
+        for (const unsigned int uiRate : { 50U, 60U, 75U, 100U, 120U })
+        {
+            SCOPED_TRACE(testing::Message() << auiSize[0] << "x" << auiSize[1] << "@" << uiRate);
+            CRVidParamTiming oTiming;
+            ASSERT_EQ(1, Compute(GetParam(), auiSize[0], auiSize[1], uiRate, &oTiming));
+            const double dClock = oTiming.GetPixelClockInKiloHz() * 1000.0;
+            const double dLineRate = dClock / oTiming.GetHorizontalTotal();
+            EXPECT_NEAR(oTiming.GetHorizontalRateInKiloHz(), dLineRate / 1000, 1.1);
+            EXPECT_NEAR(oTiming.GetVerticalRateInHz(), dLineRate / oTiming.GetVerticalTotal(), 1.0);
+            EXPECT_NEAR(oTiming.GetVerticalRateInHz(), uiRate, 1.0);
+            EXPECT_EQ(0U, oTiming.GetHorizontalSync() % 8);
+            EXPECT_EQ(0U, oTiming.GetHorizontalBackPorch() % 8);
+            const unsigned int uiOffGrid = GetParam() == eGtf ? auiSize[0] % 8 : 0; // GTF keeps the total on the grid
+            EXPECT_EQ(0U, (oTiming.GetHorizontalFrontPorch() + uiOffGrid) % 8);
+            // 550 us of sync and back porch, or 460 us of blanking, to the whole line above.
+            const double dSyncAndBack = oTiming.GetVerticalSync() + oTiming.GetVerticalBackPorch();
+            const double dMinTime = GetParam() == eCvtReduced ? 460e-6 - 3 / dLineRate : 550e-6;
+            EXPECT_GE(dSyncAndBack, dMinTime * dLineRate - 1);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Formula, testing::Values(eCvt, eCvtReduced, eGtf),
+                         [](const auto& oInfo) { return std::string(NameOf(oInfo.param)); });
+}

@@ -1,0 +1,63 @@
+// What the timing tests share: a timing as a flat record that compares and prints whole, and ready-made timings.
+
+#pragma once
+
+#include <array>
+#include <ostream>
+
+#include "RVidParamTiming.h"
+#include "VidParamTimingGeneric.h"
+
+// Every value that a timing stores. Clocks and line rates in kHz, so that both storage classes can be compared.
+struct SAllValues
+{
+    unsigned int m_uiHorizontalActive;
+    unsigned int m_uiVerticalActive;
+    unsigned int m_uiVerticalRateInHz;
+    unsigned int m_uiPixelClockInKiloHz;
+    std::array<unsigned int, 3> m_auiHorizontal; // front porch, sync, back porch
+    std::array<unsigned int, 3> m_auiVertical;
+    unsigned int m_uiFlags; // bit 0 interlaced, bit 2 horizontal, bit 3 vertical polarity positive
+    unsigned int m_uiHorizontalRateInKiloHz;
+    CVidParamTiming::EVidParamType m_eType;
+
+    bool operator==(SAllValues const&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& oStream, SAllValues const& oValues)
+{
+    auto const& auiH = oValues.m_auiHorizontal;
+    auto const& auiV = oValues.m_auiVertical;
+    return oStream << oValues.m_uiHorizontalActive << "x" << oValues.m_uiVerticalActive << "@"
+                   << oValues.m_uiVerticalRateInHz << " " << oValues.m_uiPixelClockInKiloHz << " kHz, h " << auiH[0]
+                   << " " << auiH[1] << " " << auiH[2] << ", v " << auiV[0] << " " << auiV[1] << " " << auiV[2]
+                   << ", flags " << oValues.m_uiFlags << ", line rate " << oValues.m_uiHorizontalRateInKiloHz
+                   << " kHz, type " << static_cast<unsigned int>(oValues.m_eType);
+}
+
+inline SAllValues ReadAll(CVidParamTiming const& oTiming)
+{
+    const unsigned int uiFlags = (oTiming.IsInterlaced() != 0 ? 1U : 0U) |
+                                 (oTiming.IsHorizontalPolarityPositive() != 0 ? 4U : 0U) |
+                                 (oTiming.IsVerticalPolarityPositive() != 0 ? 8U : 0U);
+    return { oTiming.GetHorizontalActive(),
+             oTiming.GetVerticalActive(),
+             oTiming.GetVerticalRateInHz(),
+             oTiming.GetPixelClockInKiloHz(),
+             { oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(), oTiming.GetHorizontalBackPorch() },
+             { oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch() },
+             uiFlags,
+             oTiming.GetHorizontalRateInKiloHz(),
+             oTiming.GetVideoFamilyType() };
+}
+
+// 720p at 60 Hz, as the record of either storage class.
+inline constexpr SVidParamGenericData gsc_o720p = {
+    1280, 720, 60, 45000, 74250000, 110, 40, 220, 5, 5, 20, 4 | 8, CVidParamTiming::eVidParamType_Cea
+};
+inline constexpr tagRVideo_VidParam gsc_oR720p = { 1280, 720, 60, 45, 74250, 110, 40, 220, 5, 5, 20, 4 | 8, { 0, 0 } };
+
+// 1080i at 60 fields a second.
+inline constexpr SVidParamGenericData gsc_o1080i = {
+    1920, 1080, 30, 33750, 74250000, 88, 44, 148, 2, 5, 15, 1 | 4 | 8, CVidParamTiming::eVidParamType_Cea
+};

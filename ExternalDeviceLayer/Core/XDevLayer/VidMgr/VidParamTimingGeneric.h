@@ -4,6 +4,7 @@
 #pragma once
 
 #include "VidParamTiming.h"
+#include "ZorMFCTypes/CMArray.h"
 
 // The record behind CVidParamTimingGeneric. Plain data: all zero is the empty timing.
 struct SVidParamGenericData
@@ -110,3 +111,7 @@ private:
 
     SVidParamGenericData m_oData;
 };
+
+// Numbers only, beside the pointer to the virtual operations: the bytes are as good in another place.
+template <>
+inline constexpr bool gsc_bByteRelocatable<CVidParamTimingGeneric> = true;

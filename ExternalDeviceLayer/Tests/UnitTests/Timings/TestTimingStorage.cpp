@@ -121,6 +121,23 @@ TEST(GenericStorage, ClearingTakesFlagsAndSourceToo)
     EXPECT_EQ(CVidParamTiming::eVidParamType_None, oTiming.GetVideoFamilyType());
 }
 
+TEST(GenericStorage, TimingsOfAnArrayWorkOnAfterItsBufferMoved)
+{
+    CMArray<CVidParamTimingGeneric, CVidParamTimingGeneric const&> oList;
+    for (unsigned int i = 0; i < 100; ++i)
+    {
+        CVidParamTimingGeneric oTiming(gsc_o720p);
+        oTiming.SetVerticalRateInHz(i);
+        oList.Add(oTiming);
+    }
+    for (unsigned int i = 0; i < 100; ++i)
+    {
+        CVidParamTiming const& oTiming = oList[static_cast<int>(i)];
+        EXPECT_EQ(i, oTiming.GetVerticalRateInHz());
+        EXPECT_EQ(1650U, oTiming.GetHorizontalTotal());
+    }
+}
+
 // ---- The class in kilohertz ----
 
 TEST(KiloHertzStorage, HertzRoundOnWriting)

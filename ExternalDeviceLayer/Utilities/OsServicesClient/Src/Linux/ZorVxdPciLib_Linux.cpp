@@ -2,7 +2,10 @@
 
 #include "ZorVxdPciLib_Linux.h"
 
-#include <pci/pci.h>
+extern "C"
+{
+#include <pci/pci.h> // does not declare its own linkage
+}
 
 constinit SZorVxdPciLibCalls g_oZorVxdPciLibCalls = { pci_alloc, pci_init, pci_scan_bus, pci_cleanup };
 constinit pci_access* g_poZorVxdPciLibAccess = nullptr;

@@ -1,0 +1,50 @@
+// Counts what operator new gives and gets back in this test program.
+
+#include <atomic>
+#include <new>
+#include <stdlib.h>
+
+#include "OsServicesTestSupport.h"
+
+namespace
+{
+constinit std::atomic<long> g_iLiveBlocks = 0;
+constinit std::atomic<const void*> g_pLastSingleByteBlock = nullptr;
+
+void Free(void* pBlock) noexcept
+{
+    if (pBlock != nullptr)
+    {
+        --g_iLiveBlocks;
+        free(pBlock);
+    }
+}
+}
+
+long GetLiveBlockCount() { return g_iLiveBlocks; }
+const void* GetLastSingleByteBlock() { return g_pLastSingleByteBlock; }
+
+void* operator new(size_t uiSize)
+{
+    void* const pBlock = malloc(uiSize != 0 ? uiSize : 1);
+    if (pBlock == nullptr)
+    {
+        abort();
+    }
+    ++g_iLiveBlocks;
+    if (uiSize == 1)
+    {
+        g_pLastSingleByteBlock = pBlock;
+    }
+    return pBlock;
+}
+
+void* operator new[](size_t uiSize) { return operator new(uiSize); }
+void* operator new(size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept { return operator new(uiSize); }
+void* operator new[](size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept { return operator new(uiSize); }
+void operator delete(void* pBlock) noexcept { Free(pBlock); }
+void operator delete[](void* pBlock) noexcept { Free(pBlock); }
+void operator delete(void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }
+void operator delete[](void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }
+void operator delete(void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { Free(pBlock); }
+void operator delete[](void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { Free(pBlock); }

@@ -1,1 +1,329 @@
-// To be written.
+// Loading, writing back and numbering over all blocks. What a block means is told in EdidBase.cpp,
+// EdidBaseTimings.cpp and the classes behind CEdidExtBlock.
+
+#include "Edid.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "EdidBaseLayout.h"
+#include "EdidUtils.h"
+#include "VidParamTiming.h"
+#include "ZorAssert.h"
+#include "ZorTools.h"
+
+namespace
+{
+using ExtensionList = CMArray<CEdidExtBlock*, CEdidExtBlock* const&>;
+
+// Finds the block that a merged index falls into and asks it: fnCount gives the timings of a block, fnAsk asks the
+// block for the index that is left. uiRest counts from the first timing behind the base block. A block that refuses
+// hands the same rest to the next one that is long enough.
+template <class COUNT, class ASK>
+int AskBlockAt(const ExtensionList& aoExtensions, unsigned int uiRest, COUNT fnCount, ASK fnAsk)
+{
+    for (unsigned int ui = 0; ui < aoExtensions.GetCount(); ++ui)
+    {
+        CEdidExtBlock* poBlock = aoExtensions[ui];
+        const unsigned int uiCount = fnCount(*poBlock);
+        if (uiRest >= uiCount)
+        {
+            uiRest -= uiCount;
+            continue;
+        }
+        const int iResult = fnAsk(*poBlock, uiRest);
+        if (iResult != 0)
+        {
+            return iResult;
+        }
+    }
+    return 0;
+}
+
+// The first non-zero answer of a block, in block order.
+template <class ASK>
+int AskFirst(const ExtensionList& aoExtensions, ASK fnAsk)
+{
+    for (unsigned int ui = 0; ui < aoExtensions.GetCount(); ++ui)
+    {
+        const int iResult = fnAsk(*aoExtensions[ui]);
+        if (iResult != 0)
+        {
+            return iResult;
+        }
+    }
+    return 0;
+}
+
+template <class COUNT>
+unsigned int SumOver(const ExtensionList& aoExtensions, COUNT fnCount)
+{
+    unsigned int uiSum = 0;
+    for (unsigned int ui = 0; ui < aoExtensions.GetCount(); ++ui)
+    {
+        uiSum += fnCount(*aoExtensions[ui]);
+    }
+    return uiSum;
+}
+
+unsigned int SizeOf(const CEdidExtBlock& oBlock) { return oBlock.GetSize(); }
+unsigned int StandardCountOf(const CEdidExtBlock& oBlock) { return oBlock.GetStandardCount(); }
+unsigned int DetailedCountOf(const CEdidExtBlock& oBlock) { return oBlock.GetDetailedCount(); }
+}
+
+CEdid::CEdid() { CEdid::ClearEdidBuffer(); }
+
+CEdid::~CEdid() { CEdid::ClearEdidBuffer(); }
+
+int CEdid::ClearEdidBuffer()
+{
+    CEdidBase::ClearEdidBuffer();
+    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
+    {
+        delete m_aoExtensions[ui];
+        m_aoExtensions[ui] = nullptr;
+    }
+    m_aoExtensions.RemoveAll();
+    return 1;
+}
+
+int CEdid::SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, unsigned int uiStripFlags)
+{
+    ClearEdidBuffer();
+    if (pui8Data == nullptr || uiSize == 0)
+    {
+        return 1; // loading nothing is the way to empty the object
+    }
+    if (uiSize % CEdidUtils::msc_uiBlockSize != 0)
+    {
+        return 0;
+    }
+    if (CEdidBase::SetEdidBuffer(pui8Data, uiSize, 0) == 0)
+    {
+        return 0;
+    }
+
+    const unsigned int uiAnnounced =
+        (m_aui8Edid[EdidBaseLayout::gsc_uiExtensionCountOffset] + 1U) * CEdidUtils::msc_uiBlockSize;
+    if (uiAnnounced > uiSize)
+    {
+        MASSERT_FAILED();
+    }
+    const unsigned int uiUsed = std::min(uiAnnounced, uiSize);
+    for (unsigned int uiOffset = CEdidUtils::msc_uiBlockSize; uiOffset < uiUsed;
+         uiOffset += CEdidUtils::msc_uiBlockSize)
+    {
+        CEdidExtBlock* poBlock =
+            CEdidExtBlock::CreateExtensionBlock(CEdidUtils::msc_uiBlockSize, pui8Data + uiOffset, uiStripFlags);
+        if (poBlock != nullptr)
+        {
+            m_aoExtensions.Add(poBlock);
+        }
+    }
+    return 1;
+}
+
+unsigned int CEdid::GetSize() const { return m_uiEdidSize + SumOver(m_aoExtensions, SizeOf); }
+
+int CEdid::IsChecksumValid() const
+{
+    if (CEdidUtils::Is8BitsChecksumValid(m_uiEdidSize, m_aui8Edid) == 0)
+    {
+        return 0;
+    }
+    const int bAnyWrong =
+        AskFirst(m_aoExtensions, [](const CEdidExtBlock& oBlock) { return oBlock.IsChecksumValid() == 0 ? 1 : 0; });
+    return bAnyWrong == 0 ? 1 : 0;
+}
+
+CMArray<unsigned char, unsigned char const&> CEdid::GetEdidBuffer() const
+{
+    CMArray<unsigned char, unsigned char const&> aui8Buffer;
+    aui8Buffer.SetCount(CEdidUtils::msc_uiBlockSize, -1);
+    ZorTools_memcpy(aui8Buffer.GetData(), m_aui8Edid, CEdidUtils::msc_uiBlockSize);
+    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
+    {
+        aui8Buffer.Append(m_aoExtensions[ui]->GetEdidBuffer());
+    }
+    return aui8Buffer;
+}
+
+unsigned int CEdid::GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Buffer) const
+{
+    if (pui8Buffer == nullptr || uiSize == 0 || m_uiEdidSize == 0)
+    {
+        return 0;
+    }
+    unsigned int uiCopied = std::min(uiSize, m_uiEdidSize);
+    ZorTools_memcpy(pui8Buffer, m_aui8Edid, uiCopied);
+    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount() && uiCopied < uiSize; ++ui)
+    {
+        const CEdidExtBlock& oBlock = *m_aoExtensions[ui];
+        const unsigned int uiPart = std::min(uiSize - uiCopied, oBlock.GetSize());
+        if (oBlock.GetEdidBuffer(uiPart, pui8Buffer + uiCopied) == 0)
+        {
+            break;
+        }
+        uiCopied += uiPart;
+    }
+    return uiCopied;
+}
+
+int CEdid::operator==(const CEdid& oOther) const
+{
+    const CMArray<unsigned char, unsigned char const&> aui8Other = oOther.GetEdidBuffer();
+    const CMArray<unsigned char, unsigned char const&> aui8Own = GetEdidBuffer();
+    if (aui8Own.GetCount() != aui8Other.GetCount())
+    {
+        return 0;
+    }
+    return ZorTools_memcmp(aui8Own.GetData(), aui8Other.GetData(), aui8Own.GetCount()) == 0 ? 1 : 0;
+}
+
+unsigned int CEdid::GetExtensionCount() const { return m_aoExtensions.GetCount(); }
+
+CEdidExtBlock* CEdid::GetExtension(unsigned int uiIndex)
+{
+    return uiIndex < m_aoExtensions.GetCount() ? m_aoExtensions[uiIndex] : nullptr;
+}
+
+const CEdidExtBlock* CEdid::GetExtension(unsigned int uiIndex) const
+{
+    return uiIndex < m_aoExtensions.GetCount() ? m_aoExtensions[uiIndex] : nullptr;
+}
+
+unsigned int CEdid::GetStandardCount() const
+{
+    return GetBaseStandardCount() + SumOver(m_aoExtensions, StandardCountOf);
+}
+
+int CEdid::GetStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* piNative) const
+{
+    const unsigned int uiBaseCount = GetBaseStandardCount();
+    if (uiIndex < uiBaseCount)
+    {
+        return GetBaseStandard(uiIndex, poTiming, piNative);
+    }
+    return AskBlockAt(m_aoExtensions, uiIndex - uiBaseCount, StandardCountOf,
+                      [=](const CEdidExtBlock& oBlock, unsigned int uiRest) {
+                          return oBlock.GetStandard(uiRest, poTiming, piNative);
+                      });
+}
+
+int CEdid::RemoveStandard(unsigned int uiIndex)
+{
+    const unsigned int uiBaseCount = GetBaseStandardCount();
+    if (uiIndex < uiBaseCount)
+    {
+        return CEdidBase::RemoveStandard(uiIndex);
+    }
+    return AskBlockAt(m_aoExtensions, uiIndex - uiBaseCount, StandardCountOf,
+                      [](CEdidExtBlock& oBlock, unsigned int uiRest) { return oBlock.RemoveStandard(uiRest); });
+}
+
+unsigned int CEdid::GetDetailedCount() const
+{
+    return GetBaseDetailedCount() + SumOver(m_aoExtensions, DetailedCountOf);
+}
+
+int CEdid::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const
+{
+    const unsigned int uiBaseCount = GetBaseDetailedCount();
+    if (uiIndex < uiBaseCount)
+    {
+        return GetBaseDetailed(uiIndex, poTiming);
+    }
+    return AskBlockAt(
+        m_aoExtensions, uiIndex - uiBaseCount, DetailedCountOf,
+        [=](const CEdidExtBlock& oBlock, unsigned int uiRest) { return oBlock.GetDetailed(uiRest, poTiming); });
+}
+
+int CEdid::RemoveDetailed(unsigned int uiIndex)
+{
+    const unsigned int uiBaseCount = GetBaseDetailedCount();
+    if (uiIndex < uiBaseCount)
+    {
+        return CEdidBase::RemoveDetailed(uiIndex);
+    }
+    return AskBlockAt(m_aoExtensions, uiIndex - uiBaseCount, DetailedCountOf,
+                      [](CEdidExtBlock& oBlock, unsigned int uiRest) { return oBlock.RemoveDetailed(uiRest); });
+}
+
+unsigned int CEdid::GetBaseStandardCount() const { return CEdidBase::GetStandardCount(); }
+
+int CEdid::GetBaseStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* piNative) const
+{
+    return CEdidBase::GetStandard(uiIndex, poTiming, piNative);
+}
+
+int CEdid::GetBaseStandard(CEdidBase::EStandardSlotIndex eSlot, CVidParamTiming* poTiming, int* piNative) const
+{
+    return CEdidBase::GetStandard(eSlot, poTiming, piNative);
+}
+
+unsigned int CEdid::GetBaseDetailedCount() const { return CEdidBase::GetDetailedCount(); }
+
+int CEdid::GetBaseDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const
+{
+    return CEdidBase::GetDetailed(uiIndex, poTiming);
+}
+
+unsigned int CEdid::GetEstablishedCount(int bVesaOnly) const { return CEdidBase::GetEstablishedCount(bVesaOnly); }
+
+int CEdid::GetEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, int bVesaOnly) const
+{
+    return CEdidBase::GetEstablished(uiIndex, poTiming, bVesaOnly);
+}
+
+int CEdid::SetEstablished(unsigned int uiIndex, int bSet, int bUpdateChecksum)
+{
+    return CEdidBase::SetEstablished(uiIndex, bSet, bUpdateChecksum);
+}
+
+int CEdid::SetEstablishedFromId(CEdidBase::EEstablishedTiming eId, int bSet, int bUpdateChecksum)
+{
+    return CEdidBase::SetEstablishedFromId(eId, bSet, bUpdateChecksum);
+}
+
+int CEdid::IsDisplayPartOfTiledTopology() const
+{
+    return AskFirst(m_aoExtensions, [](CEdidExtBlock& oBlock) { return oBlock.IsDisplayPartOfTiledTopology(); });
+}
+
+int CEdid::GetTiledDisplayCapabilities(int* piSingleEnclosure, int* piBezelInfoPresent, int* piMultiTileAtLocation,
+                                       int* piSingleTileAtLocation, int* piSingleTileScaled,
+                                       int* piSingleTileCloned) const
+{
+    const int iResult = AskFirst(m_aoExtensions, [=](CEdidExtBlock& oBlock) {
+        return oBlock.GetTiledDisplayCapabilities(piSingleEnclosure, piBezelInfoPresent, piMultiTileAtLocation,
+                                                  piSingleTileAtLocation, piSingleTileScaled, piSingleTileCloned);
+    });
+    if (iResult != 0)
+    {
+        return iResult;
+    }
+    for (int* piOutput : { piSingleEnclosure, piBezelInfoPresent, piMultiTileAtLocation, piSingleTileAtLocation,
+                           piSingleTileScaled, piSingleTileCloned })
+    {
+        if (piOutput != nullptr)
+        {
+            *piOutput = 0;
+        }
+    }
+    return 0;
+}
+
+int CEdid::GetTopologyDescription(unsigned int& uiTileLocationX, unsigned int& uiTileLocationY,
+                                  unsigned int& uiTileCountX, unsigned int& uiTileCountY, unsigned int& uiTileWidth,
+                                  unsigned int& uiTileHeight) const
+{
+    const int iResult = AskFirst(m_aoExtensions, [&](CEdidExtBlock& oBlock) {
+        return oBlock.GetTopologyDescription(uiTileLocationX, uiTileLocationY, uiTileCountX, uiTileCountY, uiTileWidth,
+                                             uiTileHeight);
+    });
+    if (iResult == 0)
+    {
+        uiTileLocationX = uiTileLocationY = uiTileCountX = uiTileCountY = uiTileWidth = uiTileHeight = 0;
+    }
+    return iResult;
+}

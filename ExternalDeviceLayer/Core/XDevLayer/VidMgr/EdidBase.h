@@ -247,6 +247,10 @@ protected:
     CMArray<unsigned int, unsigned int const&> m_aoStandardSlots; // numbers of the slots whose pair gives a timing
 
 private:
+    void FillEstablishedMask();
+    // The bit of the timing at this place of the list, 0 when the list ends before it; see GetEstablished.
+    unsigned int FindEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, int bVesaOnly) const;
+
     // Display descriptor number uiRank, from 0, with this tag; null when there are not so many. Points into the block.
     const unsigned char* FindDisplayDescriptor(unsigned char ui8Tag, unsigned int uiRank) const;
     int GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned int uiSize) const;

@@ -1,1 +1,475 @@
-// To be written.
+// The timings of the base block: established, standard, detailed. Loading and identity stand in EdidBase.cpp.
+
+#include "EdidBase.h"
+
+#include <iterator>
+
+#include "EdidBaseLayout.h"
+#include "VidParamDmt.h"
+#include "VidParamGtf.h"
+#include "VidParamTiming.h"
+#include "ZorTools.h"
+
+using namespace EdidBaseLayout;
+
+namespace
+{
+// ---- Established timings ----
+
+enum class EEstablishedSource : unsigned char
+{
+    eDmt,
+    eGtf, // no VESA mode: computed
+};
+
+struct SEstablishedMode
+{
+    CEdidBase::EEstablishedTiming m_eId;
+    unsigned int m_uiHorizontalActive; // pixels
+    unsigned int m_uiVerticalActive;   // lines
+    unsigned int m_uiVerticalRateInHz;
+    EEstablishedSource m_eSource;
+    bool m_bVesa; // listed when only VESA's own modes are asked for
+};
+
+// In the order of the list walk: byte 35 from bit 7 down, byte 36, byte 37 bit 7. The interlaced 1024 x 768 stands in
+// the DMT table, yet is not counted among the VESA modes.
+// clang-format off
+constexpr SEstablishedMode gsc_aoEstablishedModes[] = {
+    { CEdidBase::eEstablished720x400At70,    720,  400, 70, EEstablishedSource::eGtf, false },
+    { CEdidBase::eEstablished720x400At88,    720,  400, 88, EEstablishedSource::eGtf, false },
+    { CEdidBase::eEstablished640x480At60,    640,  480, 60, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished640x480At67,    640,  480, 67, EEstablishedSource::eGtf, false },
+    { CEdidBase::eEstablished640x480At72,    640,  480, 72, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished640x480At75,    640,  480, 75, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished800x600At56,    800,  600, 56, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished800x600At60,    800,  600, 60, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished800x600At72,    800,  600, 72, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished800x600At75,    800,  600, 75, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished832x624At75,    832,  624, 75, EEstablishedSource::eGtf, false },
+    { CEdidBase::eEstablished1024x768At43,  1024,  768, 43, EEstablishedSource::eDmt, false },
+    { CEdidBase::eEstablished1024x768At60,  1024,  768, 60, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished1024x768At70,  1024,  768, 70, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished1024x768At75,  1024,  768, 75, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished1280x1024At75, 1280, 1024, 75, EEstablishedSource::eDmt, true  },
+    { CEdidBase::eEstablished1152x870At75,  1152,  870, 75, EEstablishedSource::eGtf, false },
+};
+// clang-format on
+static_assert(std::size(gsc_aoEstablishedModes) == CEdidBase::msc_uiEstablishedCount,
+              "one row for each established timing");
+
+const SEstablishedMode* FindEstablishedMode(CEdidBase::EEstablishedTiming eId)
+{
+    for (const SEstablishedMode& oMode : gsc_aoEstablishedModes)
+    {
+        if (oMode.m_eId == eId)
+        {
+            return &oMode;
+        }
+    }
+    return nullptr;
+}
+
+// ---- Standard timings ----
+
+constexpr unsigned int gsc_uiPairSize = sizeof(CEdidBase::SStandard);
+static_assert(gsc_uiStandardsOffset + CEdidBase::msc_uiStandardSlotCount * gsc_uiPairSize == gsc_uiDescriptorsOffset,
+              "the slots reach up to the descriptors");
+
+// A pair: the first byte is pixels / 8 - 31, the second holds the rate above 60 Hz and, on top, the aspect code.
+constexpr unsigned int gsc_uiFirstUsedCode = 2; // a first byte below it is an empty slot
+constexpr unsigned int gsc_uiPixelsPerCode = 8;
+constexpr unsigned int gsc_uiPixelsAtCode0 = 248;
+constexpr unsigned int gsc_uiRateMask = 0x3F;
+constexpr unsigned int gsc_uiRateAtCode0 = 60;
+constexpr unsigned int gsc_uiAspectShift = 6;
+
+constexpr CEdidBase::SStandard gsc_oEmptyPair = { 0x01, 0x01 };
+
+constexpr unsigned int gsc_uiExtraPairsPerDescriptor = 6;
+
+struct SStdByteCodeOverride
+{
+    CEdidBase::SStandard m_oPair;
+    unsigned int m_uiVerticalActive; // lines
+    CVidParamDmt::EModeListType m_eListType;
+};
+
+// Pairs that mean a mode which the aspect code does not give, or which exists in several forms.
+// clang-format off
+constexpr SStdByteCodeOverride gsc_aoStdByteCodeOverrides[] = {
+    { { 0x31, 0xD9 },  350, CVidParamDmt::eModeListAll             }, //  640 at  85
+    { { 0x3B, 0xD9 },  400, CVidParamDmt::eModeListAll             }, //  720 at  85
+    { { 0x4B, 0xC0 },  480, CVidParamDmt::eModeListAll             }, //  848 at  60
+    { { 0x8B, 0xC0 },  768, CVidParamDmt::eModeListAll             }, // 1360 at  60
+    { { 0x8B, 0xFC },  768, CVidParamDmt::eModeListAll             }, // 1360 at 120
+    { { 0x81, 0x00 },  800, CVidParamDmt::eModeListStandard        }, // 1280 at  60
+    { { 0x90, 0x40 }, 1050, CVidParamDmt::eModeListStandard        }, // 1400 at  60
+    { { 0x95, 0x00 },  900, CVidParamDmt::eModeListStandard        }, // 1440 at  60
+    { { 0xB3, 0x00 }, 1050, CVidParamDmt::eModeListStandard        }, // 1680 at  60
+    { { 0xD1, 0x00 }, 1200, CVidParamDmt::eModeListReducedBlanking }, // 1920 at  60
+    { { 0xA9, 0xC0 },  900, CVidParamDmt::eModeListReducedBlanking }, // 1600 at  60
+};
+// clang-format on
+static_assert(std::size(gsc_aoStdByteCodeOverrides) == 11);
+
+const SStdByteCodeOverride* FindOverride(const CEdidBase::SStandard& oPair)
+{
+    for (const SStdByteCodeOverride& oOverride : gsc_aoStdByteCodeOverrides)
+    {
+        if (oOverride.m_oPair.m_ui8Code1 == oPair.m_ui8Code1 && oOverride.m_oPair.m_ui8Code2 == oPair.m_ui8Code2)
+        {
+            return &oOverride;
+        }
+    }
+    return nullptr;
+}
+
+// The first revision in which aspect code 0 means 16:10; it was 1:1 before.
+constexpr unsigned int gsc_ui16To10Revision = 3;
+
+// Lines that an aspect code gives for a width in pixels.
+constexpr unsigned int LinesByAspect(unsigned int uiAspect, unsigned int uiPixels, unsigned int uiRevision)
+{
+    switch (uiAspect)
+    {
+    case 0:
+        return uiRevision >= gsc_ui16To10Revision ? uiPixels * 5 >> 3 : uiPixels;
+    case 1: // 4:3
+        return uiPixels * 3 >> 2;
+    case 2: // 5:4
+        return uiPixels * 4 / 5;
+    default: // 16:9
+        return uiPixels * 9 >> 4;
+    }
+}
+
+void SetNotNative(int* piNative)
+{
+    if (piNative != nullptr)
+    {
+        *piNative = 0;
+    }
+}
+}
+
+void CEdidBase::FillEstablishedMask()
+{
+    for (unsigned int ui = 0; ui < msc_uiEstablishedCount; ++ui)
+    {
+        m_auiEstablishedMask[ui] = gsc_aoEstablishedModes[ui].m_eId;
+    }
+}
+
+int CEdidBase::GetEstablishedFromId(EEstablishedTiming eId, CVidParamTiming* poTiming, int bVesaOnly) const
+{
+    const unsigned char* pui8Bits = m_aui8Edid + gsc_uiEstablishedOffset;
+    const unsigned int uiDeclared =
+        static_cast<unsigned int>(pui8Bits[2]) << 16 | static_cast<unsigned int>(pui8Bits[1]) << 8 | pui8Bits[0];
+    const SEstablishedMode* poMode = FindEstablishedMode(eId);
+    if (poMode == nullptr || (uiDeclared & poMode->m_eId) == 0 || (bVesaOnly != 0 && !poMode->m_bVesa))
+    {
+        return 0;
+    }
+    if (poMode->m_eSource == EEstablishedSource::eGtf)
+    {
+        return CVidParamGtf::GetVidParam(poMode->m_uiHorizontalActive, poMode->m_uiVerticalActive,
+                                         poMode->m_uiVerticalRateInHz, poTiming);
+    }
+    return CVidParamDmt::GetVidParam(0, poTiming, poMode->m_uiHorizontalActive, poMode->m_uiVerticalActive,
+                                     poMode->m_uiVerticalRateInHz, CVidParamDmt::eModeListAll);
+}
+
+int CEdidBase::GetEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, int bVesaOnly) const
+{
+    return FindEstablished(uiIndex, poTiming, bVesaOnly) != 0 ? 1 : 0;
+}
+
+unsigned int CEdidBase::GetEstablishedCount(int bVesaOnly) const
+{
+    unsigned int uiCount = 0;
+    while (uiCount < msc_uiEstablishedCount && GetEstablished(uiCount, nullptr, bVesaOnly) != 0)
+    {
+        ++uiCount;
+    }
+    return uiCount;
+}
+
+int CEdidBase::SetEstablishedFromId(EEstablishedTiming eId, int bSet, int bUpdateChecksum)
+{
+    if (FindEstablishedMode(eId) == nullptr)
+    {
+        return 0;
+    }
+    for (unsigned int ui = 0; ui < 3; ++ui)
+    {
+        const unsigned int uiMask = static_cast<unsigned int>(eId) >> 8 * ui & 0xFF;
+        unsigned char& ui8Bits = m_aui8Edid[gsc_uiEstablishedOffset + ui];
+        ui8Bits = static_cast<unsigned char>(bSet != 0 ? ui8Bits | uiMask : ui8Bits & ~uiMask);
+    }
+    if (bUpdateChecksum != 0)
+    {
+        UpdateChecksum();
+    }
+    return 1;
+}
+
+int CEdidBase::SetEstablished(unsigned int uiIndex, int bSet, int bUpdateChecksum)
+{
+    // 0, when the list ends before the index, names no timing and is refused.
+    return SetEstablishedFromId(static_cast<EEstablishedTiming>(FindEstablished(uiIndex, nullptr, 1)), bSet,
+                                bUpdateChecksum);
+}
+
+unsigned int CEdidBase::GetStandardCount() const { return m_aoStandardSlots.GetCount(); }
+
+int CEdidBase::GetStandardTiming(const SStandard* poStandard, CVidParamTiming* poTiming) const
+{
+    if (poStandard == nullptr || IsInvalidStandard(*poStandard) != 0)
+    {
+        return 0;
+    }
+    const unsigned int uiHorizontalActive = poStandard->m_ui8Code1 * gsc_uiPixelsPerCode + gsc_uiPixelsAtCode0;
+    const unsigned int uiRateInHz = (poStandard->m_ui8Code2 & gsc_uiRateMask) + gsc_uiRateAtCode0;
+    const SStdByteCodeOverride* poOverride = FindOverride(*poStandard);
+    const unsigned int uiVerticalActive = poOverride != nullptr
+                                              ? poOverride->m_uiVerticalActive
+                                              : LinesByAspect(poStandard->m_ui8Code2 >> gsc_uiAspectShift,
+                                                              uiHorizontalActive, m_aui8Edid[gsc_uiRevisionOffset]);
+    const CVidParamDmt::EModeListType eListType =
+        poOverride != nullptr ? poOverride->m_eListType : CVidParamDmt::eModeListStandard;
+
+    const int iFound =
+        CVidParamDmt::GetVidParam(0, poTiming, uiHorizontalActive, uiVerticalActive, uiRateInHz, eListType);
+    return iFound != 0 ? iFound : CVidParamGtf::GetVidParam(uiHorizontalActive, uiVerticalActive, uiRateInHz, poTiming);
+}
+
+int CEdidBase::GetStandard(EStandardSlotIndex eSlot, CVidParamTiming* poTiming, int* piNative) const
+{
+    int iResult = 0;
+    if (eSlot <= eStandardSlot7)
+    {
+        const SStandard oStandard = ReadStandard(eSlot);
+        iResult = GetStandardTiming(&oStandard, poTiming);
+    }
+    SetNotNative(piNative);
+    return iResult;
+}
+
+int CEdidBase::GetStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* piNative) const
+{
+    SetNotNative(piNative);
+    if (uiIndex >= m_aoStandardSlots.GetCount())
+    {
+        return 0;
+    }
+    const SStandard oStandard = ReadStandard(m_aoStandardSlots[uiIndex]);
+    return GetStandardTiming(&oStandard, poTiming);
+}
+
+int CEdidBase::GetExtraStdTiming(unsigned int uiIndex, CVidParamTiming& oTiming) const
+{
+    const unsigned char* pui8Descriptor =
+        FindDisplayDescriptor(gsc_ui8TagExtraStandards, uiIndex / gsc_uiExtraPairsPerDescriptor);
+    if (pui8Descriptor == nullptr)
+    {
+        return 0;
+    }
+    const unsigned char* pui8Pair =
+        pui8Descriptor + gsc_uiContentsOffset + gsc_uiPairSize * (uiIndex % gsc_uiExtraPairsPerDescriptor);
+    const SStandard oStandard = { pui8Pair[0], pui8Pair[1] };
+    return GetStandardTiming(&oStandard, &oTiming);
+}
+
+unsigned int CEdidBase::ExtractStandardTimings()
+{
+    m_aoStandardSlots.RemoveAll();
+    for (unsigned int uiSlot = 0; uiSlot < msc_uiStandardSlotCount; ++uiSlot)
+    {
+        const SStandard oStandard = ReadStandard(uiSlot);
+        if (GetStandardTiming(&oStandard, nullptr) != 0)
+        {
+            m_aoStandardSlots.Add(uiSlot);
+        }
+    }
+    return m_aoStandardSlots.GetCount();
+}
+
+void CEdidBase::RePackStandards()
+{
+    // Judged by the first byte alone: a pair in use that no mode resolves moves too.
+    bool bMoved = false;
+    unsigned int uiWrite = 0;
+    for (unsigned int uiSlot = 0; uiSlot < msc_uiStandardSlotCount; ++uiSlot)
+    {
+        const SStandard oStandard = ReadStandard(uiSlot);
+        if (IsInvalidStandard(oStandard) != 0)
+        {
+            continue;
+        }
+        if (uiSlot != uiWrite)
+        {
+            WriteStandard(uiWrite, oStandard);
+            WriteStandard(uiSlot, gsc_oEmptyPair);
+            bMoved = true;
+        }
+        ++uiWrite;
+    }
+    if (bMoved)
+    {
+        UpdateChecksum();
+    }
+}
+
+int CEdidBase::IsInvalidStandard(const SStandard& oStandard)
+{
+    return oStandard.m_ui8Code1 < gsc_uiFirstUsedCode ? 1 : 0;
+}
+
+void CEdidBase::InvalidateStandard(SStandard& oStandard) { oStandard = gsc_oEmptyPair; }
+
+int CEdidBase::RemoveStandard(unsigned int uiIndex)
+{
+    if (uiIndex >= m_aoStandardSlots.GetCount())
+    {
+        return 0;
+    }
+    const unsigned int uiSlot = m_aoStandardSlots[uiIndex];
+    SStandard oStandard = ReadStandard(uiSlot);
+    if (IsInvalidStandard(oStandard) != 0)
+    {
+        return 0;
+    }
+    InvalidateStandard(oStandard);
+    WriteStandard(uiSlot, oStandard);
+    RePackStandards();
+    UpdateChecksum();
+    ExtractStandardTimings();
+    return 1;
+}
+
+int CEdidBase::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const
+{
+    const unsigned int uiOffset = FindDetailed(uiIndex);
+    if (uiOffset == 0)
+    {
+        return 0;
+    }
+    return CEdidUtils::ConvertDetailedDescriptorToVidParam(ReadDescriptor(uiOffset), poTiming) != 0 ? 1 : 0;
+}
+
+unsigned int CEdidBase::GetDetailedCount() const
+{
+    unsigned int uiCount = 0;
+    while (uiCount < msc_uiDescriptorCount && CEdidBase::GetDetailed(uiCount, nullptr) != 0)
+    {
+        ++uiCount;
+    }
+    return uiCount;
+}
+
+int CEdidBase::RemoveDetailed(unsigned int uiIndex)
+{
+    if (uiIndex == 0 && IsPreferredTimingProtected())
+    {
+        return 0;
+    }
+    const unsigned int uiOffset = FindDetailed(uiIndex);
+    if (uiOffset == 0)
+    {
+        return 0;
+    }
+    CEdidUtils::SEdidDetailedRaw oEmpty = {};
+    oEmpty.m_aui8Data[gsc_uiTagOffset] = gsc_ui8TagEmpty;
+    WriteDescriptor(uiOffset, oEmpty);
+    UpdateChecksum();
+    return 1;
+}
+
+int CEdidBase::SetPreferredMode(const CVidParamTiming* poTiming)
+{
+    if (!IsPreferredTimingProtected())
+    {
+        return 0;
+    }
+    const unsigned int uiOffset = FindDetailed(0);
+    if (uiOffset == 0)
+    {
+        return 0;
+    }
+    // The descriptor's unit would be the millimetre; the centimetres are written as they stand.
+    const CEdidUtils::SImageSize oSize = { m_aui8Edid[gsc_uiImageWidthOffset], m_aui8Edid[gsc_uiImageHeightOffset] };
+    const bool bKnowsSize = oSize.m_uiWidth != 0 && oSize.m_uiHeight != 0;
+    CEdidUtils::SEdidDetailedRaw oRaw;
+    if (CEdidUtils::ConvertVidParamToDetailedDescriptor(poTiming, &oRaw, bKnowsSize ? &oSize : nullptr) == 0)
+    {
+        return 0;
+    }
+    WriteDescriptor(uiOffset, oRaw);
+    UpdateChecksum();
+    return 1;
+}
+
+unsigned int CEdidBase::FindEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, int bVesaOnly) const
+{
+    if (uiIndex >= msc_uiEstablishedCount)
+    {
+        return 0;
+    }
+    unsigned int uiListed = 0;
+    for (const unsigned int uiMask : m_auiEstablishedMask)
+    {
+        if (GetEstablishedFromId(static_cast<EEstablishedTiming>(uiMask), poTiming, bVesaOnly) != 0 &&
+            uiListed++ == uiIndex)
+        {
+            return uiMask;
+        }
+    }
+    return 0;
+}
+
+bool CEdidBase::IsPreferredTimingProtected() const
+{
+    return IsAtLeast(gsc_uiPreferredTimingRevision) ||
+           (m_aui8Edid[gsc_uiFeaturesOffset] & gsc_uiPreferredTimingMask) != 0;
+}
+
+CEdidBase::SStandard CEdidBase::ReadStandard(unsigned int uiSlot) const
+{
+    const unsigned char* pui8Pair = m_aui8Edid + gsc_uiStandardsOffset + uiSlot * gsc_uiPairSize;
+    return { pui8Pair[0], pui8Pair[1] };
+}
+
+void CEdidBase::WriteStandard(unsigned int uiSlot, const SStandard& oStandard)
+{
+    unsigned char* pui8Pair = m_aui8Edid + gsc_uiStandardsOffset + uiSlot * gsc_uiPairSize;
+    pui8Pair[0] = oStandard.m_ui8Code1;
+    pui8Pair[1] = oStandard.m_ui8Code2;
+}
+
+unsigned int CEdidBase::FindDetailed(unsigned int uiRank) const
+{
+    for (unsigned int ui = 0; ui < msc_uiDescriptorCount; ++ui)
+    {
+        const unsigned char* pui8Descriptor = m_aui8Edid + DescriptorOffset(ui);
+        const bool bCandidate =
+            !IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagDetailed;
+        if (bCandidate && uiRank-- == 0)
+        {
+            return DescriptorOffset(ui);
+        }
+    }
+    return 0;
+}
+
+CEdidUtils::SEdidDetailedRaw CEdidBase::ReadDescriptor(unsigned int uiOffset) const
+{
+    CEdidUtils::SEdidDetailedRaw oRaw;
+    ZorTools_memcpy(oRaw.m_aui8Data, m_aui8Edid + uiOffset, sizeof(oRaw));
+    return oRaw;
+}
+
+void CEdidBase::WriteDescriptor(unsigned int uiOffset, const CEdidUtils::SEdidDetailedRaw& oRaw)
+{
+    ZorTools_memcpy(m_aui8Edid + uiOffset, oRaw.m_aui8Data, sizeof(oRaw));
+}

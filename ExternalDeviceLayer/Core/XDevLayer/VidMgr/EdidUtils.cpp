@@ -1,1 +1,302 @@
-// To be written.
+// The 8-bit checksum of a block, and the 18-byte detailed timing descriptor in both directions.
+// The hex dump stands in EdidUtilsDump.cpp.
+
+#include "EdidUtils.h"
+
+#include "VidParamTiming.h"
+
+namespace
+{
+// The eight low bits of a field.
+constexpr unsigned char LowByte(unsigned int uiValue) { return static_cast<unsigned char>(uiValue & 0xFF); }
+
+// Part of a descriptor byte: uiWidth bits from bit uiShift on.
+struct SBits
+{
+    unsigned int m_uiByte;
+    unsigned int m_uiShift;
+    unsigned int m_uiWidth;
+
+    constexpr unsigned int Mask() const { return (1U << m_uiWidth) - 1; }
+
+    constexpr unsigned int Read(const unsigned char* pui8Data) const
+    {
+        return pui8Data[m_uiByte] >> m_uiShift & Mask();
+    }
+
+    constexpr void Write(unsigned char* pui8Data, unsigned int uiValue) const
+    {
+        const unsigned int uiKept = pui8Data[m_uiByte] & ~(Mask() << m_uiShift);
+        pui8Data[m_uiByte] = LowByte(uiKept | (uiValue & Mask()) << m_uiShift);
+    }
+};
+
+// A number whose low bits and high bits stand in different bytes.
+struct SSplitField
+{
+    SBits m_oLow;
+    SBits m_oHigh;
+
+    constexpr unsigned int Read(const unsigned char* pui8Data) const
+    {
+        return m_oHigh.Read(pui8Data) << m_oLow.m_uiWidth | m_oLow.Read(pui8Data);
+    }
+
+    constexpr void Write(unsigned char* pui8Data, unsigned int uiValue) const
+    {
+        m_oLow.Write(pui8Data, uiValue);
+        m_oHigh.Write(pui8Data, uiValue >> m_oLow.m_uiWidth);
+    }
+};
+
+// clang-format off
+//                                                  low bits         high bits
+//                                                byte shift width   byte shift width
+constexpr SSplitField gsc_oPixelClock           {{  0, 0, 8 },     {  1, 0, 8 }};
+constexpr SSplitField gsc_oHorizontalActive     {{  2, 0, 8 },     {  4, 4, 4 }};
+constexpr SSplitField gsc_oHorizontalBlanking   {{  3, 0, 8 },     {  4, 0, 4 }};
+constexpr SSplitField gsc_oVerticalActive       {{  5, 0, 8 },     {  7, 4, 4 }};
+constexpr SSplitField gsc_oVerticalBlanking     {{  6, 0, 8 },     {  7, 0, 4 }};
+constexpr SSplitField gsc_oHorizontalFrontPorch {{  8, 0, 8 },     { 11, 6, 2 }};
+constexpr SSplitField gsc_oHorizontalSync       {{  9, 0, 8 },     { 11, 4, 2 }};
+constexpr SSplitField gsc_oVerticalFrontPorch   {{ 10, 4, 4 },     { 11, 2, 2 }};
+constexpr SSplitField gsc_oVerticalSync         {{ 10, 0, 4 },     { 11, 0, 2 }};
+constexpr SSplitField gsc_oImageWidth           {{ 12, 0, 8 },     { 14, 4, 4 }};
+constexpr SSplitField gsc_oImageHeight          {{ 13, 0, 8 },     { 14, 0, 4 }};
+
+constexpr SBits gsc_oInterlaced         { 17, 7, 1 };
+constexpr SBits gsc_oSyncType           { 17, 3, 2 };
+constexpr SBits gsc_oVerticalPositive   { 17, 2, 1 };
+constexpr SBits gsc_oHorizontalPositive { 17, 1, 1 };
+// clang-format on
+
+constexpr unsigned int gsc_uiDigitalSeparateSync = 3; // value of gsc_oSyncType
+constexpr unsigned int gsc_uiKiloHzPerClockUnit = 10;
+constexpr unsigned int gsc_uiFieldsPerFrame = 2;
+
+constexpr unsigned char SumOf(unsigned int uiSize, const unsigned char* pui8Data)
+{
+    unsigned int uiSum = 0;
+    for (unsigned int ui = 0; ui < uiSize; ++ui)
+    {
+        uiSum += pui8Data[ui];
+    }
+    return LowByte(uiSum);
+}
+
+constexpr unsigned int FlagOf(int bFlag) { return bFlag != 0 ? 1 : 0; }
+}
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetPixelClockIn10KiloHz() const { return gsc_oPixelClock.Read(m_aui8Data); }
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetHorizontalActive() const
+{
+    return gsc_oHorizontalActive.Read(m_aui8Data);
+}
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetHorizontalBlanking() const
+{
+    return gsc_oHorizontalBlanking.Read(m_aui8Data);
+}
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetHorizontalFrontPorch() const
+{
+    return gsc_oHorizontalFrontPorch.Read(m_aui8Data);
+}
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetHorizontalSync() const { return gsc_oHorizontalSync.Read(m_aui8Data); }
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetVerticalActive() const { return gsc_oVerticalActive.Read(m_aui8Data); }
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetVerticalBlanking() const
+{
+    return gsc_oVerticalBlanking.Read(m_aui8Data);
+}
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetVerticalFrontPorch() const
+{
+    return gsc_oVerticalFrontPorch.Read(m_aui8Data);
+}
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetVerticalSync() const { return gsc_oVerticalSync.Read(m_aui8Data); }
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetImageWidth() const { return gsc_oImageWidth.Read(m_aui8Data); }
+
+unsigned int CEdidUtils::SEdidDetailedRaw::GetImageHeight() const { return gsc_oImageHeight.Read(m_aui8Data); }
+
+int CEdidUtils::SEdidDetailedRaw::IsInterlaced() const { return static_cast<int>(gsc_oInterlaced.Read(m_aui8Data)); }
+
+int CEdidUtils::SEdidDetailedRaw::IsDigitalSeparateSync() const
+{
+    return gsc_oSyncType.Read(m_aui8Data) == gsc_uiDigitalSeparateSync ? 1 : 0;
+}
+
+int CEdidUtils::SEdidDetailedRaw::IsHorizontalPolarityPositive() const
+{
+    return static_cast<int>(gsc_oHorizontalPositive.Read(m_aui8Data));
+}
+
+int CEdidUtils::SEdidDetailedRaw::IsVerticalPolarityPositive() const
+{
+    return static_cast<int>(gsc_oVerticalPositive.Read(m_aui8Data));
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetPixelClockIn10KiloHz(unsigned int uiClock)
+{
+    gsc_oPixelClock.Write(m_aui8Data, uiClock);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetHorizontalActive(unsigned int uiPixels)
+{
+    gsc_oHorizontalActive.Write(m_aui8Data, uiPixels);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetHorizontalBlanking(unsigned int uiPixels)
+{
+    gsc_oHorizontalBlanking.Write(m_aui8Data, uiPixels);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetHorizontalFrontPorch(unsigned int uiPixels)
+{
+    gsc_oHorizontalFrontPorch.Write(m_aui8Data, uiPixels);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetHorizontalSync(unsigned int uiPixels)
+{
+    gsc_oHorizontalSync.Write(m_aui8Data, uiPixels);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetVerticalActive(unsigned int uiLines)
+{
+    gsc_oVerticalActive.Write(m_aui8Data, uiLines);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetVerticalBlanking(unsigned int uiLines)
+{
+    gsc_oVerticalBlanking.Write(m_aui8Data, uiLines);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetVerticalFrontPorch(unsigned int uiLines)
+{
+    gsc_oVerticalFrontPorch.Write(m_aui8Data, uiLines);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetVerticalSync(unsigned int uiLines)
+{
+    gsc_oVerticalSync.Write(m_aui8Data, uiLines);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetImageSize(const SImageSize& oSize)
+{
+    gsc_oImageWidth.Write(m_aui8Data, oSize.m_uiWidth);
+    gsc_oImageHeight.Write(m_aui8Data, oSize.m_uiHeight);
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetInterlaced(int bInterlaced)
+{
+    gsc_oInterlaced.Write(m_aui8Data, FlagOf(bInterlaced));
+}
+
+void CEdidUtils::SEdidDetailedRaw::SetDigitalSeparateSync(int bHorizontalPositive, int bVerticalPositive)
+{
+    gsc_oSyncType.Write(m_aui8Data, gsc_uiDigitalSeparateSync);
+    gsc_oHorizontalPositive.Write(m_aui8Data, FlagOf(bHorizontalPositive));
+    gsc_oVerticalPositive.Write(m_aui8Data, FlagOf(bVerticalPositive));
+}
+
+int CEdidUtils::Is8BitsChecksumValid(unsigned int uiSize, const unsigned char* pui8Data)
+{
+    return pui8Data != nullptr && SumOf(uiSize, pui8Data) == 0 ? 1 : 0;
+}
+
+int CEdidUtils::Compute8BitsChecksum(unsigned int uiSize, const unsigned char* pui8Data)
+{
+    return pui8Data != nullptr ? -static_cast<int>(SumOf(uiSize, pui8Data)) : 0;
+}
+
+void CEdidUtils::StoreChecksum(unsigned int uiSize, unsigned char* pui8Data)
+{
+    if (pui8Data == nullptr || uiSize == 0)
+    {
+        return;
+    }
+    unsigned char& ui8Checksum = pui8Data[uiSize - 1];
+    ui8Checksum = 0;
+    ui8Checksum = LowByte(static_cast<unsigned int>(Compute8BitsChecksum(uiSize, pui8Data)));
+}
+
+int CEdidUtils::ConvertDetailedDescriptorToVidParam(const SEdidDetailedRaw& oRaw, CVidParamTiming* poTiming)
+{
+    const unsigned int uiVerticalActive =
+        oRaw.GetVerticalActive() * (oRaw.IsInterlaced() != 0 ? gsc_uiFieldsPerFrame : 1);
+    if (oRaw.GetPixelClockIn10KiloHz() == 0 || oRaw.GetHorizontalActive() == 0 || uiVerticalActive == 0)
+    {
+        return 0;
+    }
+    if (poTiming == nullptr)
+    {
+        return 1;
+    }
+
+    poTiming->ClearData();
+    poTiming->SetPixelClockInKiloHz(oRaw.GetPixelClockIn10KiloHz() * gsc_uiKiloHzPerClockUnit);
+    poTiming->SetInterlaced(oRaw.IsInterlaced());
+
+    // The back porch is what the blanking leaves; a blanking too small for its parts wraps.
+    poTiming->SetHorizontalActive(oRaw.GetHorizontalActive());
+    poTiming->SetHorizontalFrontPorch(oRaw.GetHorizontalFrontPorch());
+    poTiming->SetHorizontalSync(oRaw.GetHorizontalSync());
+    poTiming->SetHorizontalBackPorch(oRaw.GetHorizontalBlanking() - poTiming->GetHorizontalSync() -
+                                     poTiming->GetHorizontalFrontPorch());
+    if (oRaw.IsDigitalSeparateSync() != 0)
+    {
+        poTiming->SetHorizontalPolarityPositive(oRaw.IsHorizontalPolarityPositive());
+    }
+
+    // The blanking is that of one field, as in the timing: only the active lines count twice.
+    poTiming->SetVerticalActive(uiVerticalActive);
+    poTiming->SetVerticalFrontPorch(oRaw.GetVerticalFrontPorch());
+    poTiming->SetVerticalSync(oRaw.GetVerticalSync());
+    poTiming->SetVerticalBackPorch(oRaw.GetVerticalBlanking() - poTiming->GetVerticalSync() -
+                                   poTiming->GetVerticalFrontPorch());
+    if (oRaw.IsDigitalSeparateSync() != 0)
+    {
+        poTiming->SetVerticalPolarityPositive(oRaw.IsVerticalPolarityPositive());
+    }
+
+    // A descriptor stores no rates.
+    poTiming->SetHorizontalRateInHz(poTiming->ComputeHorizontalRateInHz());
+    poTiming->SetVerticalRateInHz(poTiming->ComputeVerticalRateInHz());
+    poTiming->SetVideoFamilyType(CVidParamTiming::eVidParamType_Detailed);
+    return 1;
+}
+
+int CEdidUtils::ConvertVidParamToDetailedDescriptor(const CVidParamTiming* poTiming, SEdidDetailedRaw* poRaw,
+                                                    const SImageSize* poSize)
+{
+    if (poTiming == nullptr || poRaw == nullptr)
+    {
+        return 0;
+    }
+
+    SEdidDetailedRaw oRaw = {}; // what is not set below is 0
+    oRaw.SetHorizontalActive(poTiming->GetHorizontalActive());
+    oRaw.SetVerticalActive(poTiming->GetVerticalActive() / (poTiming->IsInterlaced() != 0 ? gsc_uiFieldsPerFrame : 1));
+    oRaw.SetPixelClockIn10KiloHz(poTiming->GetPixelClockInKiloHz() / gsc_uiKiloHzPerClockUnit);
+    oRaw.SetInterlaced(poTiming->IsInterlaced());
+    oRaw.SetHorizontalFrontPorch(poTiming->GetHorizontalFrontPorch());
+    oRaw.SetHorizontalSync(poTiming->GetHorizontalSync());
+    oRaw.SetHorizontalBlanking(poTiming->GetHorizontalFrontPorch() + poTiming->GetHorizontalSync() +
+                               poTiming->GetHorizontalBackPorch());
+    oRaw.SetVerticalFrontPorch(poTiming->GetVerticalFrontPorch());
+    oRaw.SetVerticalSync(poTiming->GetVerticalSync());
+    oRaw.SetVerticalBlanking(poTiming->GetVerticalFrontPorch() + poTiming->GetVerticalSync() +
+                             poTiming->GetVerticalBackPorch());
+    oRaw.SetDigitalSeparateSync(poTiming->IsHorizontalPolarityPositive(), poTiming->IsVerticalPolarityPositive());
+    if (poSize != nullptr)
+    {
+        oRaw.SetImageSize(*poSize);
+    }
+    *poRaw = oRaw;
+    return 1;
+}

@@ -1,0 +1,59 @@
+// Where things stand in the 128 bytes of the base block (VESA E-EDID standard). Private to the sources that read the
+// block byte by byte. Offsets are in bytes from the start of the block, unless told otherwise.
+
+#pragma once
+
+#include "EdidUtils.h"
+
+namespace EdidBaseLayout
+{
+constexpr unsigned int gsc_uiManufacturerOffset = 8; // two bytes, big-endian
+constexpr unsigned int gsc_uiProductOffset = 10;     // two bytes, little-endian
+constexpr unsigned int gsc_uiSerialOffset = 12;      // four bytes, little-endian
+constexpr unsigned int gsc_uiVersionOffset = 18;
+constexpr unsigned int gsc_uiRevisionOffset = 19;
+constexpr unsigned int gsc_uiVideoInputOffset = 20;
+constexpr unsigned int gsc_uiImageWidthOffset = 21;  // centimetres
+constexpr unsigned int gsc_uiImageHeightOffset = 22; // centimetres
+constexpr unsigned int gsc_uiFeaturesOffset = 24;
+constexpr unsigned int gsc_uiEstablishedOffset = 35; // three bytes
+constexpr unsigned int gsc_uiStandardsOffset = 38;   // eight pairs
+constexpr unsigned int gsc_uiDescriptorsOffset = 54; // four descriptors
+constexpr unsigned int gsc_uiExtensionCountOffset = 126;
+
+constexpr unsigned int gsc_uiVersion = 1; // the only one with this layout
+
+// Video input byte. Colour depth and interface exist for digital inputs from revision 4 on.
+constexpr unsigned int gsc_uiDigitalMask = 0x80;
+constexpr unsigned int gsc_uiColorDepthMask = 0x70;
+constexpr unsigned int gsc_uiColorDepthShift = 4;
+constexpr unsigned int gsc_uiInterfaceMask = 0x0F;
+constexpr unsigned int gsc_uiVideoInputRevision = 4;
+
+// Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
+constexpr unsigned int gsc_uiPreferredTimingMask = 0x02;
+constexpr unsigned int gsc_uiPreferredTimingRevision = 3;
+
+// Display descriptors, from the first byte of the descriptor: bytes 0, 1, 2 and 4 are zero.
+constexpr unsigned int gsc_uiDescriptorSize = sizeof(CEdidUtils::SEdidDetailedRaw);
+constexpr unsigned int gsc_uiTagOffset = 3;
+constexpr unsigned int gsc_uiContentsOffset = 5;
+constexpr unsigned char gsc_ui8TagSerialNumber = 0xFF;
+constexpr unsigned char gsc_ui8TagString = 0xFE;
+constexpr unsigned char gsc_ui8TagRangeLimits = 0xFD;
+constexpr unsigned char gsc_ui8TagName = 0xFC;
+constexpr unsigned char gsc_ui8TagExtraStandards = 0xFA;
+constexpr unsigned char gsc_ui8TagEmpty = 0x10;
+constexpr unsigned char gsc_ui8TagDetailed = 0x01; // counts as a detailed timing, although it never is one
+
+constexpr bool IsDisplayDescriptor(const unsigned char* pui8Descriptor)
+{
+    return pui8Descriptor[0] == 0 && pui8Descriptor[1] == 0 && pui8Descriptor[2] == 0 && pui8Descriptor[4] == 0;
+}
+
+constexpr unsigned int DescriptorOffset(unsigned int uiDescriptor)
+{
+    return gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiDescriptorSize;
+}
+static_assert(DescriptorOffset(4) == gsc_uiExtensionCountOffset, "four descriptors fill the block up to byte 126");
+}

@@ -1,5 +1,5 @@
 // The timing value of a video output interface, clocks and rates in kilohertz: the record of the expected-timing
-// tables. Units of all accessors as told in VidParamTiming.h.
+// tables. Units of all accessors as in VidParamTiming.h.
 
 #pragma once
 

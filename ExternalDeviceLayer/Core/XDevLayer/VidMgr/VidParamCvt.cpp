@@ -14,6 +14,7 @@ namespace
 {
 constexpr unsigned int gsc_uiVerticalFrontPorch = 3;   // lines
 constexpr unsigned int gsc_uiMinVerticalBackPorch = 6; // lines
+constexpr unsigned int gsc_uiPixelPerNanosecondInTenKiloHz = 100000;
 constexpr unsigned int gsc_uiClockStepInTenKiloHz = 25;
 constexpr unsigned int gsc_uiClockStepInKiloHz = 250;
 
@@ -85,7 +86,8 @@ bool ComputeStandardBlanking(unsigned int uiHorizontalActive, unsigned int uiVer
     const bool bOnGrid = uiHorizontalActive % gsc_uiCellWidth == 0;
     const unsigned int uiClockedTotal = bOnGrid ? uiHorizontalTotal : uiHorizontalTotal + gsc_uiCellWidth;
     const unsigned int uiClockSteps = ZorTools_RoundedDownDivision(
-        ZorTools_RoundedDownDivision(uiClockedTotal * 100000, uiLinePeriod), gsc_uiClockStepInTenKiloHz);
+        ZorTools_RoundedDownDivision(uiClockedTotal * gsc_uiPixelPerNanosecondInTenKiloHz, uiLinePeriod),
+        gsc_uiClockStepInTenKiloHz);
     const unsigned int uiLineRateInTenHz =
         ZorTools_RoundedDivision(uiClockSteps * gsc_uiClockStepInTenKiloHz * 1000, uiHorizontalTotal);
 

@@ -101,17 +101,10 @@ CVidParamTiming& CVidParamTiming::operator=(CVidParamTiming const& oOther)
     return *this;
 }
 
-unsigned int CVidParamTiming::GetHorizontalTotal() const
-{
-    return ComputeHorizontalTotalPixel(GetHorizontalActive(), GetHorizontalSync(), GetHorizontalFrontPorch(),
-                                       GetHorizontalBackPorch(), GetHorizontalOverscan());
-}
+// Not by way of the virtual forms: these two are the base's own answer.
+unsigned int CVidParamTiming::GetHorizontalTotal() const { return CVidParamTiming::ComputeHorizontalTotalPixel(); }
 
-unsigned int CVidParamTiming::GetVerticalTotal() const
-{
-    return ComputeVerticalTotalLine(GetVerticalActive(), GetVerticalFrontPorch(), GetVerticalSync(),
-                                    GetVerticalBackPorch(), GetVerticalOverscan(), IsInterlaced());
-}
+unsigned int CVidParamTiming::GetVerticalTotal() const { return CVidParamTiming::ComputeVerticalTotalLine(); }
 
 int CVidParamTiming::IsPixelClockInHzEquivalent(unsigned int uiPixelClockInHz) const
 {

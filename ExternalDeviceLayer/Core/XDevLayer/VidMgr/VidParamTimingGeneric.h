@@ -1,5 +1,5 @@
 // The library's own timing value, clocks and rates in hertz: the element of mode lists, timing arrays and reports.
-// Units of all accessors as told in VidParamTiming.h.
+// Units of all accessors as in VidParamTiming.h.
 
 #pragma once
 

@@ -10,7 +10,15 @@ namespace
 {
 constinit std::atomic<long> g_iLiveBlocks = 0;
 constinit std::atomic<const void*> g_pLastSingleByteBlock = nullptr;
+}
 
+long GetLiveBlockCount() { return g_iLiveBlocks; }
+const void* GetLastSingleByteBlock() { return g_pLastSingleByteBlock; }
+
+#if ZOR_TEST_HEAP_COUNT
+
+namespace
+{
 void Free(void* pBlock) noexcept
 {
     if (pBlock != nullptr)
@@ -20,9 +28,6 @@ void Free(void* pBlock) noexcept
     }
 }
 }
-
-long GetLiveBlockCount() { return g_iLiveBlocks; }
-const void* GetLastSingleByteBlock() { return g_pLastSingleByteBlock; }
 
 void* operator new(size_t uiSize)
 {
@@ -48,3 +53,5 @@ void operator delete(void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }
 void operator delete[](void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }
 void operator delete(void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { Free(pBlock); }
 void operator delete[](void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { Free(pBlock); }
+
+#endif

@@ -45,8 +45,8 @@ inline constexpr std::nullptr_t MNULL = nullptr;
 
 // The C library's own; <assert.h> hides it in builds without assertions.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the C library's
-extern "C" [[noreturn]] void __assert_fail(const char* pszExpression, const char* pszFile, unsigned int uiLine,
-                                           const char* pszFunction) noexcept;
+extern "C" void __assert_fail(const char* pszExpression, const char* pszFile, unsigned int uiLine,
+                              const char* pszFunction) noexcept __attribute__((noreturn));
 
 #define OS_CLIENT_STOP_UNLESS(condition, text)                                                                         \
     do                                                                                                                 \

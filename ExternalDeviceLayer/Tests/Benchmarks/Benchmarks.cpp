@@ -1,0 +1,323 @@
+// What the library costs: time and allocations of loading, walking, computing, editing, comparing and writing.
+//
+//     cmake --preset benchmark && cmake --build --preset benchmark --target zor_benchmarks
+//     build/benchmark/ExternalDeviceLayer/Tests/Benchmarks/zor_benchmarks
+//
+// The column "allocs" counts the calls of operator new in one operation. An operation that refuses is an error: what is
+// measured is the work, not the way out.
+
+#include <benchmark/benchmark.h>
+#include <stdlib.h>
+
+#include <chrono>
+#include <cstddef>
+
+#include "CEdidTestImages.h"
+#include "Edid.h"
+#include "EdidExtBlockCEA861.h"
+#include "VidParamCea.h"
+#include "VidParamTimingFunc.h"
+#include "VidParamTimingGeneric.h"
+#include "ZorEdidUtils.h"
+
+namespace
+{
+constinit unsigned long g_ulAllocations = 0;
+}
+
+void* operator new(std::size_t uiSize)
+{
+    ++g_ulAllocations;
+    void* const p = malloc(uiSize != 0 ? uiSize : 1);
+    if (p == nullptr)
+    {
+        abort();
+    }
+    return p;
+}
+
+void operator delete(void* p) noexcept { free(p); }
+void operator delete(void* p, std::size_t /*uiSize*/) noexcept { free(p); }
+
+namespace
+{
+// ---- Images ----
+
+constexpr SEdidImage gsc_aui8Ordinary = gsc_aui8Philips288P6;
+
+// The same monitor with a CEA-861 block that is full to its last descriptor: 31 short video descriptors, two audio
+// descriptors, speakers, an HDMI block with deep colour and two HDMI modes, three detailed timings from offset 59 on.
+// clang-format off
+constexpr SEdidImage gsc_aui8FullBlock =
+    CEdidImageEdit(gsc_aui8Philips288P6)
+        .SetZero(gsc_uiExt + 4, 123)
+        .Set(gsc_uiExt + 2, { 59, 0xF3 })
+        .Set(gsc_uiExt + 4, { 0x5F, 0x90,    1,    2,    3,    4,    5,   14,   15,   17,   18,   19,   20,   29,   30,   31,
+                                      32,   33,   34,   35,   36,   37,   38,   39,   40,   41,   46,   47,   93,   94,   95,   97 })
+        .Set(gsc_uiExt + 36, { 0x26, 0x09, 0x07, 0x07, 0x15, 0x07, 0x50 })
+        .Set(gsc_uiExt + 43, { 0x83, 0x0F, 0x00, 0x00 })
+        .Set(gsc_uiExt + 47, { 0x6B, 0x03, 0x0C, 0x00, 0x10, 0x00, 0x78, 0x3C, 0x20, 0x00, 0x40, 0x01 })
+        .Set(gsc_uiExt + 59, { 0x02, 0x3A, 0x80, 0xD0, 0x72, 0x38, 0x2D, 0x40, 0x10, 0x2C, 0x96, 0x80, 0x6D, 0x55, 0x21, 0x00, 0x00, 0x18 })
+        .Set(gsc_uiExt + 77, { 0x02, 0x3A, 0x80, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58, 0x2C, 0x96, 0x00, 0x6D, 0x55, 0x21, 0x00, 0x00, 0x18 })
+        .Set(gsc_uiExt + 95, { 0x01, 0x1D, 0x00, 0xBC, 0x52, 0xD0, 0x1E, 0x20, 0xB8, 0x28, 0x55, 0x40, 0x6D, 0x55, 0x21, 0x00, 0x00, 0x1E })
+        .FixExtChecksum()
+        .Get();
+// clang-format on
+static_assert(HasValidChecksums(gsc_aui8FullBlock));
+
+int Load(CEdid& oEdid, SEdidImage const& aui8Image)
+{
+    return oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
+}
+
+CEdidExtBlockCEA861& CeaBlockOf(CEdid& oEdid) { return *static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(0)); }
+
+// ---- Operations that can be repeated on the same objects ----
+
+// fnOperation gives 0 for a refusal.
+template <class OPERATION>
+void Measure(benchmark::State& oState, OPERATION fnOperation)
+{
+    int iResult = 1;
+    const unsigned long ulBefore = g_ulAllocations;
+    for (auto _ : oState)
+    {
+        iResult &= fnOperation() != 0 ? 1 : 0;
+        benchmark::ClobberMemory();
+    }
+    const unsigned long ulAllocations = g_ulAllocations - ulBefore;
+    oState.counters["allocs"] = static_cast<double>(ulAllocations) / static_cast<double>(oState.iterations());
+    if (iResult == 0)
+    {
+        oState.SkipWithError("refused");
+    }
+}
+
+void LoadImage(benchmark::State& oState, SEdidImage const& aui8Image)
+{
+    Measure(oState, [&] {
+        CEdid oEdid;
+        return Load(oEdid, aui8Image);
+    });
+}
+
+void LoadBaseBlockAndWalk(benchmark::State& oState)
+{
+    Measure(oState, [&] {
+        CEdidBase oBase;
+        CVidParamTimingGeneric oTiming;
+        int iResult = oBase.SetEdidBuffer(gsc_aui8Ordinary.data(), gsc_uiImageBlockSize, 0);
+        for (unsigned int i = 0; oBase.GetEstablished(i, &oTiming, 0) != 0; ++i)
+        {
+        }
+        for (unsigned int i = 0; i < oBase.GetStandardCount(); ++i)
+        {
+            iResult &= oBase.GetStandard(i, &oTiming, nullptr);
+        }
+        for (unsigned int i = 0; i < oBase.GetDetailedCount(); ++i)
+        {
+            iResult &= oBase.GetDetailed(i, &oTiming);
+        }
+        return iResult;
+    });
+}
+
+void WalkAllTimings(benchmark::State& oState, SEdidImage const& aui8Image)
+{
+    CEdid oEdid;
+    Load(oEdid, aui8Image);
+    unsigned int uiTimings = 0;
+    Measure(oState, [&] {
+        CVidParamTimingGeneric oTiming;
+        const unsigned int uiEstablished = oEdid.GetEstablishedCount(0);
+        for (unsigned int i = 0; i < uiEstablished; ++i)
+        {
+            oEdid.GetEstablished(i, &oTiming, 0);
+        }
+        const unsigned int uiStandard = oEdid.GetStandardCount();
+        for (unsigned int i = 0; i < uiStandard; ++i)
+        {
+            oEdid.GetStandard(i, &oTiming, nullptr);
+        }
+        const unsigned int uiDetailed = oEdid.GetDetailedCount();
+        for (unsigned int i = 0; i < uiDetailed; ++i)
+        {
+            oEdid.GetDetailed(i, &oTiming);
+        }
+        uiTimings = uiEstablished + uiStandard + uiDetailed;
+        return 1;
+    });
+    oState.counters["timings"] = uiTimings;
+}
+
+void Serialise(benchmark::State& oState)
+{
+    CEdid oEdid;
+    Load(oEdid, gsc_aui8Ordinary);
+    Measure(oState, [&] { return oEdid.GetEdidBuffer().GetCount() == 256 ? 1 : 0; });
+}
+
+void SerialiseIntoCallersBuffer(benchmark::State& oState)
+{
+    CEdid oEdid;
+    Load(oEdid, gsc_aui8Ordinary);
+    unsigned char aui8Buffer[256];
+    Measure(oState, [&] { return oEdid.GetEdidBuffer(sizeof(aui8Buffer), aui8Buffer) == sizeof(aui8Buffer) ? 1 : 0; });
+}
+
+using TimingSource = int (*)(CVidParamTiming*);
+
+void ComputeTiming(benchmark::State& oState, TimingSource fnSource)
+{
+    CVidParamTimingGeneric oTiming;
+    Measure(oState, [&] { return fnSource(&oTiming); });
+}
+
+void ExtractModes(benchmark::State& oState, SEdidImage const& aui8Image)
+{
+    CEdid oEdid;
+    Load(oEdid, aui8Image);
+    Measure(oState, [&] {
+        CVidParamTimingGeneric oPreferred;
+        CZorEdidUtils::CModeList aoLists[7];
+        return CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoLists[0], aoLists[1], aoLists[2], aoLists[3],
+                                              aoLists[4], aoLists[5], aoLists[6]);
+    });
+}
+
+void CompareWithItself(benchmark::State& oState, SEdidImage const& aui8Image)
+{
+    CEdid oFirst;
+    CEdid oSecond;
+    Load(oFirst, aui8Image);
+    Load(oSecond, aui8Image);
+    Measure(oState, [&] { return CZorEdidUtils::CompareTimings(oFirst, oSecond, 1, 1); });
+}
+
+// ---- Edits: each on a freshly loaded image ----
+
+struct SEdit
+{
+    const char* m_szName;
+    int (*m_fnEdit)(CEdid&);
+};
+
+constexpr CEdidExtBlockCEA861::SAudioDescriptor gsc_oPcm = { CEdidExtBlockCEA861::eAudioFormat_Pcm, 2,
+                                                             CEdidExtBlockCEA861::eAudioSamplingFreq_48KHz, 1 };
+
+int SetPreferredMode(CEdid& oEdid)
+{
+    CVidParamTimingGeneric oTiming;
+    CVidParamCea::GetVidParamFromVic(16, &oTiming);
+    return oEdid.SetPreferredMode(&oTiming);
+}
+
+int SetSerialNumber(CEdid& oEdid)
+{
+    oEdid.SetSerialNumber(0x12345678);
+    return 1;
+}
+
+const SEdit gsc_aoEdits[] = {
+    { "Base_SetSerialNumber", SetSerialNumber },
+    { "Base_SetColorBitDepth", [](CEdid& o) { return o.SetColorBitDepth(CEdidBase::eColorBitDepth10); } },
+    { "Base_SetEstablished", [](CEdid& o) { return o.SetEstablished(0, 0, 1); } },
+    { "Base_SetEstablishedFromId",
+      [](CEdid& o) { return o.SetEstablishedFromId(CEdidBase::eEstablished832x624At75, 1, 1); } },
+    { "Base_RemoveStandard", [](CEdid& o) { return o.RemoveStandard(0); } },
+    { "Base_RemoveDetailed", [](CEdid& o) { return o.RemoveDetailed(1); } },
+    { "Base_SetPreferredMode", SetPreferredMode },
+    { "Ext_RemoveStandard", [](CEdid& o) { return o.RemoveStandard(o.GetBaseStandardCount()); } },
+    { "Ext_RemoveDetailed", [](CEdid& o) { return o.RemoveDetailed(o.GetBaseDetailedCount()); } },
+    { "Ext_SetColorBitDepthSupport", [](CEdid& o) { return CeaBlockOf(o).SetColorBitDepthSupport(3); } },
+    { "Ext_SetAudioDescriptor", [](CEdid& o) { return CeaBlockOf(o).SetAudioDescriptor(0, &gsc_oPcm); } },
+    { "Ext_AddAudioDescriptor", [](CEdid& o) { return CeaBlockOf(o).AddAudioDescriptor(&gsc_oPcm); } },
+    { "Ext_RemoveAudioDescriptor", [](CEdid& o) { return CeaBlockOf(o).RemoveAudioDescriptor(0); } },
+    { "Ext_SetSpeakerDescriptor", [](CEdid& o) { return CeaBlockOf(o).SetSpeakerDescriptor(0, 0x0F); } },
+    { "Ext_AddSpeakerDescriptor", [](CEdid& o) { return CeaBlockOf(o).AddSpeakerDescriptor(0x0F); } },
+    { "Ext_RemoveSpeakerDescriptor", [](CEdid& o) { return CeaBlockOf(o).RemoveSpeakerDescriptor(0); } },
+    { "Ext_AddVendorSpecific", [](CEdid& o) { return CeaBlockOf(o).AddVendorSpecific(); } },
+};
+
+constexpr unsigned int gsc_uiEditsPerIteration = 64; // enough that reading the clock does not count
+constexpr unsigned int gsc_uiEditIterations = 400;
+
+// The images are loaded outside the measured time and the counted allocations. One edit is one operation.
+void Edit(benchmark::State& oState, SEdit const& oEdit)
+{
+    using Clock = std::chrono::steady_clock;
+    CEdid aoEdids[gsc_uiEditsPerIteration];
+    unsigned long ulAllocations = 0;
+    int iResult = 1;
+    for (auto _ : oState)
+    {
+        for (CEdid& oEdid : aoEdids)
+        {
+            Load(oEdid, gsc_aui8Ordinary);
+        }
+        const unsigned long ulBefore = g_ulAllocations;
+        const Clock::time_point oStart = Clock::now();
+        for (CEdid& oEdid : aoEdids)
+        {
+            iResult &= oEdit.m_fnEdit(oEdid) != 0 ? 1 : 0;
+        }
+        const std::chrono::duration<double> oElapsed = Clock::now() - oStart;
+        ulAllocations += g_ulAllocations - ulBefore;
+        oState.SetIterationTime(oElapsed.count() / gsc_uiEditsPerIteration);
+    }
+    oState.counters["allocs"] =
+        static_cast<double>(ulAllocations) / (static_cast<double>(oState.iterations()) * gsc_uiEditsPerIteration);
+    if (iResult == 0)
+    {
+        oState.SkipWithError("refused");
+    }
+}
+
+struct SSource
+{
+    const char* m_szName;
+    TimingSource m_fnSource;
+};
+
+const SSource gsc_aoSources[] = {
+    { "Compute_Cvt", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, p); } },
+    { "Compute_CvtReduced", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, p); } },
+    { "Compute_Gtf", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, p); } },
+    { "LookUp_DmtBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetDmtTiming(0, p, 1920, 1080, 60); } },
+    { "LookUp_CeaBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetCeaTiming(0, p, 3840, 2160, 60); } },
+    { "LookUp_CeaByVic", [](CVidParamTiming* p) { return CVidParamCea::GetVidParamFromVic(97, p); } },
+};
+}
+
+int main(int iArguments, char** apszArguments)
+{
+    benchmark::Initialize(&iArguments, apszArguments);
+    if (benchmark::ReportUnrecognizedArguments(iArguments, apszArguments))
+    {
+        return 1;
+    }
+
+    benchmark::RegisterBenchmark("Load_BaseBlockAndWalk", LoadBaseBlockAndWalk);
+    benchmark::RegisterBenchmark("Load_256Bytes", LoadImage, gsc_aui8Ordinary);
+    benchmark::RegisterBenchmark("Load_FullCeaBlock", LoadImage, gsc_aui8FullBlock);
+    benchmark::RegisterBenchmark("Walk_AllTimings", WalkAllTimings, gsc_aui8Ordinary);
+    benchmark::RegisterBenchmark("Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock);
+    benchmark::RegisterBenchmark("Serialise_Array", Serialise);
+    benchmark::RegisterBenchmark("Serialise_CallersBuffer", SerialiseIntoCallersBuffer);
+    for (SSource const& oSource : gsc_aoSources)
+    {
+        benchmark::RegisterBenchmark(oSource.m_szName, ComputeTiming, oSource.m_fnSource);
+    }
+    benchmark::RegisterBenchmark("Modes_Extract", ExtractModes, gsc_aui8Ordinary);
+    benchmark::RegisterBenchmark("Modes_ExtractFullCeaBlock", ExtractModes, gsc_aui8FullBlock);
+    benchmark::RegisterBenchmark("Modes_Compare", CompareWithItself, gsc_aui8Ordinary);
+    benchmark::RegisterBenchmark("Modes_CompareFullCeaBlock", CompareWithItself, gsc_aui8FullBlock);
+    for (SEdit const& oEdit : gsc_aoEdits)
+    {
+        benchmark::RegisterBenchmark(oEdit.m_szName, Edit, oEdit)->UseManualTime()->Iterations(gsc_uiEditIterations);
+    }
+
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

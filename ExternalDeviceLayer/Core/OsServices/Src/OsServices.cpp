@@ -171,9 +171,10 @@ namespace
 unsigned int GetRandomSeed()
 {
     void* const pByte = ::operator new(1);
-    const uintptr_t uiAddress = reinterpret_cast<uintptr_t>(pByte);
+    const unsigned int uiSeed = static_cast<unsigned int>(reinterpret_cast<uintptr_t>(pByte)); // the low 32 bits
     ::operator delete(pByte);
-    return static_cast<unsigned int>(uiAddress);
+    return uiSeed; // NOLINT(clang-analyzer-cplusplus.NewDelete): the address is a number here, nothing is read through
+                   // it
 }
 }
 

@@ -1,0 +1,65 @@
+// Starts a thread, waits for its event with a limit, and tells how long that took.
+
+#include <stdio.h>
+
+#include "OsServices.h"
+#include "ZorLibrary.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiWorkMilliseconds = 20;
+constexpr unsigned int gsc_uiLimitMilliseconds = 10000;
+
+struct SWork
+{
+    OsServices& m_oServices;
+    SHEvent* m_hDone;
+};
+
+unsigned int Work(void* pvContext)
+{
+    const SWork& oWork = *static_cast<SWork*>(pvContext);
+    OsServices::SleepMilliSeconds(gsc_uiWorkMilliseconds); // here a real program would do something
+    oWork.m_oServices.Event_Trigger(oWork.m_hDone);
+    return 0;
+}
+
+// An EOsServicesWait value. The event must outlive the thread, so the thread is joined whatever the wait gave.
+int RunAndWait(OsServices& oServices, SHEvent* hDone)
+{
+    SWork oWork = { oServices, hDone };
+    SHCpuThread* hThread = nullptr;
+    if (oServices.CpuThread_Create(Work, &oWork, hThread) == 0)
+    {
+        return eOsServicesWaitCancelled;
+    }
+    const int iResult = oServices.Event_Wait(hDone, gsc_uiLimitMilliseconds);
+    oServices.CpuThread_Join(hThread);
+    oServices.CpuThread_Destroy(hThread);
+    return iResult;
+}
+}
+
+int main()
+{
+    OsServices oServices(nullptr);
+    SHEvent* hDone = nullptr;
+    if (oServices.Event_Create(hDone) == 0)
+    {
+        return 1;
+    }
+    unsigned long long uiBefore = 0;
+    unsigned long long uiAfter = 0;
+    tmCounter(&uiBefore);
+    const int iResult = RunAndWait(oServices, hDone);
+    tmCounter(&uiAfter);
+    oServices.Event_Destroy(hDone);
+
+    if (iResult != eOsServicesWaitReleased)
+    {
+        printf("The thread did not answer within %u ms.\n", gsc_uiLimitMilliseconds);
+        return 1;
+    }
+    printf("The thread answered after %llu microseconds.\n", uiAfter - uiBefore);
+    return 0;
+}

@@ -4,3 +4,7 @@
 
 #include "ZorMFCTypes/CMAllocator.h"
 #include "ZorMFCTypes/CMArray.h"
+#include "ZorMFCTypes/CMArrayString.h"
+#include "ZorMFCTypes/CMMap.h"
+#include "ZorMFCTypes/CMPlex.h"
+#include "ZorMFCTypes/CMString.h"

@@ -88,6 +88,15 @@ inline void CMArrayCopyElements<unsigned char>(unsigned char* poDestination, uns
     }
 }
 
+// What an index outside a container reads or writes: a value made anew for each call, so that nothing is carried over.
+template <class TYPE>
+TYPE& MOutsideElement()
+{
+    static thread_local TYPE s_oOutside = TYPE();
+    s_oOutside = TYPE();
+    return s_oOutside;
+}
+
 // The array owns its buffer and its elements; elements that are pointers do not own what they point to.
 // When memory runs out the array is as it was before the call, but for the stored growth step.
 template <class TYPE, class ARG_TYPE = TYPE const&>
@@ -135,9 +144,9 @@ public:
     TYPE const* GetData() const { return m_pData; }
 
     // An index outside the array reports and gives a zeroed element that is no part of it.
-    TYPE const& GetAt(int iIndex) const { return IsInside(iIndex) ? m_pData[iIndex] : OutsideElement(); }
+    TYPE const& GetAt(int iIndex) const { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
     TYPE const& operator[](int iIndex) const { return GetAt(iIndex); }
-    TYPE& operator[](int iIndex) { return IsInside(iIndex) ? m_pData[iIndex] : OutsideElement(); }
+    TYPE& operator[](int iIndex) { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
     TYPE const& GetAt(unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
     TYPE const& operator[](unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
     TYPE& operator[](unsigned int uiIndex) { return (*this)[static_cast<int>(uiIndex)]; }
@@ -197,15 +206,6 @@ private:
             return false;
         }
         return true;
-    }
-
-    // What an index outside the array reads or writes: a value made anew for each call, so that nothing is carried
-    // over.
-    static TYPE& OutsideElement()
-    {
-        static thread_local TYPE s_oOutside = TYPE();
-        s_oOutside = TYPE();
-        return s_oOutside;
     }
 
     void CopyFrom(const CMArray& oOther)

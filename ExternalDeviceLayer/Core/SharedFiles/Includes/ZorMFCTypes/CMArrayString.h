@@ -1,0 +1,22 @@
+// CMArrayString: a list of texts, as the reports hand it around, and the steps between it and one text.
+
+#pragma once
+
+#include "ZorMFCTypes/CMArray.h"
+#include "ZorMFCTypes/CMString.h"
+
+class CMArrayString : public CMArray<CMString, CMString const&>
+{
+public:
+    CMArrayString() = default;
+    CMArrayString(const CMArrayString&) = default;
+    CMArrayString& operator=(const CMArrayString&) = default;
+    ~CMArrayString() override = default;
+
+    // All elements with pszSeparator between neighbours, also next to empty elements. Null means no separator.
+    CMString Join(char const* pszSeparator) const;
+
+    // Cuts pszText at runs of the characters in pszSeparators and appends the tokens; none of them is empty. A null
+    // text counts as empty. Gives the count of the whole array.
+    int InitFromString(char const* pszText, char const* pszSeparators);
+};

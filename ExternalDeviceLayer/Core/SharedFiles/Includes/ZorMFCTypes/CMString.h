@@ -1,0 +1,285 @@
+// CMString: 8-bit text whose copies share one buffer until one of them changes.
+//
+// In front of the characters, in the same allocation, stands a header with reference count, length and capacity. All
+// empty strings made by default share one constant, so that they need no memory. Buffers are exact: no size classes,
+// no growth reserve. Counts are plain integers: a string and all that share its buffer belong to one thread.
+//
+// Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise.
+// Each operation with an int index, length or count has a twin for unsigned int with the same meaning.
+
+#pragma once
+
+#include <stdarg.h>
+
+#include "ZorMFCTypes/CMArray.h"
+
+class CMString
+{
+public:
+    // Walks the tokens of a text: runs of characters that are no separators. Empty tokens do not occur.
+    class CIterator;
+
+    // What stands in front of the characters of a buffer.
+    struct SMetaData
+    {
+        int m_iRefs;        // strings that share the buffer; -1: locked, or the shared empty string
+        int m_iDataLength;  // characters in use
+        int m_iAllocLength; // characters that the buffer can hold
+    };
+
+    // ---- Making and assigning ----
+
+    constexpr CMString() : m_pszData(m_pszNil) {}
+    CMString(char const* pszText);
+    // iCount copies of c; a count below 1 gives the empty string.
+    CMString(char c, int iCount);
+    CMString(char c, unsigned int uiCount);
+    // Shares the buffer; a locked source is copied character by character.
+    CMString(CMString const& oSource);
+    constexpr ~CMString()
+    {
+        if (m_pszData != m_pszNil)
+        {
+            Release(GetMetaData());
+        }
+    }
+
+    // Shares the buffer unless one of the two is locked; a locked string receives the characters and stays locked where
+    // they fit. The text given may be a part of this string.
+    CMString& operator=(CMString const& oSource);
+    CMString& operator=(char const* pszText);
+    CMString& operator=(char c);
+
+    // ---- Reading ----
+
+    int GetLength() const { return GetMetaData()->m_iDataLength; }
+    // Characters that fit without another allocation.
+    int GetAllocLength() const { return GetMetaData()->m_iAllocLength; }
+    // An index outside the text reports and gives NUL.
+    char GetAt(int iIndex) const
+    {
+        if (iIndex < 0 || iIndex >= GetLength())
+        {
+            MASSERT_FAILED();
+            return '\0';
+        }
+        return m_pszData[iIndex];
+    }
+    // Never null. Valid until the string changes. Write the cast out when the text goes into a variable argument list.
+    operator char const*() const { return m_pszData; }
+
+    // Compare texts, not buffers.
+    bool operator==(CMString const& oOther) const { return ZorTools_strcmp(m_pszData, oOther.m_pszData) == 0; }
+    bool operator==(char const* pszText) const
+    {
+        return ZorTools_strcmp(m_pszData, pszText != nullptr ? pszText : m_pszNil) == 0;
+    }
+
+    // ---- Appending ----
+
+    // Appends iLength characters of pszText, which must have as many and may be a part of this string.
+    void ConcatInPlace(int iLength, char const* pszText);
+    CMString& operator+=(char c);
+    CMString& operator+=(char const* pszText);
+    CMString& operator+=(CMString const& oText);
+
+    friend CMString operator+(CMString const& oFirst, CMString const& oSecond);
+    friend CMString operator+(CMString const& oFirst, char const* pszSecond);
+    friend CMString operator+(char const* pszFirst, CMString const& oSecond);
+    friend CMString operator+(CMString const& oFirst, char cSecond);
+    friend CMString operator+(char cFirst, CMString const& oSecond);
+
+    // ---- The buffer itself ----
+
+    // A buffer of this string alone with room for at least iMinLength characters; the text stays. Up to iMinLength
+    // characters may be written, then ReleaseBuffer must be called. GetBuffer(0) may give the shared empty string,
+    // which must not be written. A length of INT_MAX reports, changes nothing and gives null.
+    char* GetBuffer(int iMinLength);
+    char* GetBuffer(unsigned int uiMinLength) { return GetBuffer(static_cast<int>(uiMinLength)); }
+    // GetBuffer, then the length is iLength; new characters have no defined value. A negative length reports, changes
+    // nothing and gives null.
+    char* GetBufferSetLength(int iLength);
+    char* GetBufferSetLength(unsigned int uiLength) { return GetBufferSetLength(static_cast<int>(uiLength)); }
+    // Ends direct writing: sets the length, -1 takes it from the first NUL. A length that the buffer cannot hold
+    // reports and changes nothing. The buffer keeps its size.
+    void ReleaseBuffer(int iLength);
+    // Makes the buffer as long as the text.
+    void FreeExtra();
+    // A locked buffer belongs to this string alone and takes part in no sharing. Locking does not nest. An operation
+    // that needs a longer buffer replaces it by one that is not locked.
+    char* LockBuffer();
+    // Reports and changes nothing when the string is not locked.
+    void UnlockBuffer();
+
+    // ---- Searching: an index from 0, or -1 ----
+
+    // iStart must not be negative; c is not found at or behind the end, an empty text is found at the end.
+    int Find(char c, int iStart) const;
+    // A null text reports and gives -1.
+    int Find(char const* pszText, int iStart) const;
+    int ReverseFind(char c) const;
+    // The same without regard to the case of ASCII letters.
+    int FindNoCase(char c, int iStart) const;
+    int FindNoCase(char const* pszText, int iStart) const;
+    int ReverseFindNoCase(char c) const;
+    // How often c occurs.
+    int CountOf(char c) const;
+    int CountOfNoCase(char c) const;
+
+    // ---- Changing in place ----
+
+    // ASCII letters only.
+    CMString& MakeUpper();
+    CMString& MakeLower();
+    CMString& MakeReverse();
+    // An index outside the text reports and changes nothing.
+    void SetAt(int iIndex, char c);
+    void SetAt(unsigned int uiIndex, char c) { SetAt(static_cast<int>(uiIndex), c); }
+    // Inserts in front of iIndex, which is taken as 0 when negative and as the length when beyond it. Gives the new
+    // length. The text given may be a part of this string.
+    int Insert(int iIndex, char c);
+    int Insert(int iIndex, char const* pszText);
+    int Insert(unsigned int uiIndex, char c) { return Insert(static_cast<int>(uiIndex), c); }
+    int Insert(unsigned int uiIndex, char const* pszText) { return Insert(static_cast<int>(uiIndex), pszText); }
+    // Takes out up to iCount characters from iIndex on. Gives the length before. A negative index counts as 0, but the
+    // count is cut by its distance to the end first; a count that still passes the end then changes nothing.
+    int Delete(int iIndex, int iCount);
+    int Delete(unsigned int uiIndex, unsigned int uiCount)
+    {
+        return Delete(static_cast<int>(uiIndex), static_cast<int>(uiCount));
+    }
+    // The empty string; a locked buffer stays in place and locked.
+    void Empty();
+    // Take the characters that stand in pszTargets off the ends; null and empty lists change nothing.
+    CMString& TrimLeft(char const* pszTargets);
+    CMString& TrimRight(char const* pszTargets);
+    CMString& Trim(char const* pszTargets);
+
+    // ---- Taking parts. Negative arguments count as 0, what lies beyond the end is left out. A part that is the whole
+    // shares the buffer. ----
+
+    CMString Mid(int iFirst, int iCount) const;
+    CMString Mid(int iFirst) const;
+    CMString Mid(unsigned int uiFirst, unsigned int uiCount) const
+    {
+        return Mid(static_cast<int>(uiFirst), static_cast<int>(uiCount));
+    }
+    CMString Mid(unsigned int uiFirst) const { return Mid(static_cast<int>(uiFirst)); }
+    CMString Left(int iCount) const;
+    CMString Left(unsigned int uiCount) const { return Left(static_cast<int>(uiCount)); }
+    CMString Right(int iCount) const;
+    CMString Right(unsigned int uiCount) const { return Right(static_cast<int>(uiCount)); }
+
+    // ---- Formatting. A null format reports and changes nothing. ----
+    // The room is estimated by GetFormattedLength; a text that turns out longer is cut and reported. Arguments must not
+    // point into this string.
+
+    void Format(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
+    void FormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
+    // Appends; a format that is estimated at nothing appends nothing.
+    void AppendFormat(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
+    void AppendFormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
+
+    // An upper bound of the formatted length; oList stays usable. Knows the conversions c C s S d i u x X o p e E g G f
+    // n with the size prefixes h, l and ll; for any other it reports, counts nothing and takes no argument, so that
+    // formats with hh, z, j or t, and long double, must not be used. A bound beyond INT_MAX reports and gives -1, a
+    // null format reports and gives 0. The width of f is not part of the bound.
+    static int GetFormattedLength(char const* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
+
+    // ---- Tokens ----
+
+    // An iterator over a copy of this text, on its first token. pszSeparators is not copied and must outlive it.
+    CIterator Begin(char const* pszSeparators) const;
+    CIterator End() const;
+
+    // An empty string that is always there; not to be changed.
+    static CMString* const m_poEmptyString;
+
+protected:
+    // Header and NUL of the shared empty string.
+    struct SInitData
+    {
+        SMetaData m_oMetaData;
+        char m_acText[4];
+    };
+    static_assert(sizeof(SInitData) == 16, "the characters follow the header without a gap");
+
+    static constexpr SInitData m_aiInitData = { { -1, 0, 0 }, { '\0', '\0', '\0', '\0' } };
+    // Constant all the same: nothing writes a header or a character of the shared empty string. The casts let it stand
+    // where buffers stand.
+    static constexpr SMetaData* m_poDataNil = const_cast<SMetaData*>(&m_aiInitData.m_oMetaData);
+    static constexpr char* m_pszNil = const_cast<char*>(m_aiInitData.m_acText);
+
+    SMetaData* GetMetaData() const
+    {
+        if (m_pszData == nullptr)
+        {
+            MASSERT_FAILED();
+            return m_poDataNil;
+        }
+        return reinterpret_cast<SMetaData*>(m_pszData) - 1;
+    }
+    bool IsNil() const { return m_pszData == m_pszNil; }
+
+    // Takes a new buffer of exactly iLength characters, of which only the terminator is written; forgets the present
+    // one. A negative length or INT_MAX reports, leaves the shared empty string and gives false.
+    bool AllocData(int iLength);
+    void FreeData(SMetaData const* poData);
+    // Gives up the share in the buffer; the string becomes the shared empty one.
+    void Release();
+    static void Release(SMetaData* poData);
+    void CopyBeforeWrite();
+    // Makes room for iLength characters to be written; the text is lost where the buffer is replaced.
+    bool AllocBeforeWrite(int iLength);
+    void AssignCopy(int iLength, char const* pszText);
+    // iCopyLength characters from iCopyIndex, and room for iExtraLength more.
+    void AllocCopy(CMString& oDestination, int iCopyLength, int iCopyIndex, int iExtraLength) const;
+    // Fills a string that holds no buffer of its own. False when the sum is too long.
+    bool ConcatCopy(int iLength1, char const* pszText1, int iLength2, char const* pszText2);
+
+private:
+    // iLength characters at iIndex, which lies inside the text or at its end.
+    int InsertText(int iIndex, int iLength, char const* pszText);
+    // Sets length and terminator; the buffer is private and long enough, or the shared empty string with length 0.
+    void SetLength(int iLength);
+
+    char* m_pszData; // never null
+};
+
+// The pointer to the buffer does not depend on where the object lies.
+template <>
+inline constexpr bool gsc_bByteRelocatable<CMString> = true;
+
+class CMString::CIterator
+{
+public:
+    // The end state.
+    CIterator() = default;
+    // On the first token of pszText, which is copied; without a token the end state. pszSeparators is not copied and
+    // must outlive the iterator; null reports and gives the end state.
+    CIterator(char const* pszSeparators, char const* pszText);
+    // The copy walks the same cut-up text: advancing both is advancing in one buffer.
+    CIterator(CIterator const& oSource);
+    CIterator& operator=(CIterator const& oSource);
+    ~CIterator();
+
+    // Frees the copy and goes to the end state.
+    void Reset();
+
+    CIterator& operator++();
+    CIterator operator++(int);
+    // The current token; empty at the end.
+    CMString operator*() const;
+
+    // Compare the texts of the four fields, not positions. Equal to End() exactly at the end.
+    bool operator==(CIterator const& oOther) const;
+    bool operator!=(CIterator const& oOther) const { return !(*this == oOther); }
+
+private:
+    void SetText(CMString const& oText);
+
+    char const* m_pszSeparators = nullptr;
+    CMString* m_poText = nullptr; // the copy being cut up; owned
+    char* m_pszContext = nullptr; // position of the cutting
+    char* m_pszToken = nullptr;   // inside the copy
+};

@@ -137,12 +137,13 @@ public:
     static int ConvertDetailedType2ToVidParam(SDisplayIdType2DetailedRaw const* poRaw, CVidParamTiming* poTiming);
 
 private:
+    struct STiledTopologyRaw; // payload of a tile declaration
     using DataBlockList = CMArray<SDataBlockHeader const*, SDataBlockHeader const* const&>;
 
     int ReadDataBlocks();
     unsigned int ExtractDetailedTimings();
     DataBlockList& GetDataBlocks(EDisplayID_DataBlockTags eTag);
-    unsigned char const* GetTiledTopology();
+    STiledTopologyRaw const* GetTiledTopology();
 
     CMArray<unsigned char, unsigned char const&> m_aui8Raw; // never changes after the constructor
     unsigned int m_uiExtensionType = 0;

@@ -1,1 +1,110 @@
-// To be written.
+// CMString::CIterator: the tokens of a text. The cutting is that of ZorTools_strtok_s, in a copy of the text.
+
+#include <new>
+#include <utility>
+
+#include "ZorMFCTypes/CMString.h"
+
+namespace
+{
+// Two null fields agree, a null and a non-null one do not.
+bool IsSameText(char const* pszFirst, char const* pszSecond)
+{
+    if (pszFirst == nullptr || pszSecond == nullptr)
+    {
+        return pszFirst == pszSecond;
+    }
+    return ZorTools_strcmp(pszFirst, pszSecond) == 0;
+}
+}
+
+CMString::CIterator CMString::Begin(char const* pszSeparators) const { return CIterator(pszSeparators, m_pszData); }
+
+CMString::CIterator CMString::End() const { return CIterator(); }
+
+CMString::CIterator::CIterator(char const* pszSeparators, char const* pszText)
+{
+    if (pszSeparators == nullptr)
+    {
+        MASSERT_FAILED();
+        return;
+    }
+    m_pszSeparators = pszSeparators;
+    SetText(CMString(pszText));
+    // The shared empty string may come here: without a token nothing is written.
+    m_pszToken = ZorTools_strtok_s(m_poText->GetBuffer(0), m_pszSeparators, &m_pszContext);
+    if (m_pszToken == nullptr)
+    {
+        Reset();
+    }
+}
+
+CMString::CIterator::CIterator(CIterator const& oSource) { *this = oSource; }
+
+CMString::CIterator& CMString::CIterator::operator=(CIterator const& oSource)
+{
+    if (this == &oSource)
+    {
+        return *this;
+    }
+    Reset();
+    if (oSource.m_poText != nullptr)
+    {
+        SetText(*oSource.m_poText);
+        m_pszSeparators = oSource.m_pszSeparators;
+        m_pszContext = oSource.m_pszContext;
+        m_pszToken = oSource.m_pszToken;
+    }
+    return *this;
+}
+
+CMString::CIterator::~CIterator() { Reset(); }
+
+// oText is a copy already; this one shares its buffer.
+void CMString::CIterator::SetText(CMString const& oText)
+{
+    m_poText = new (CMAllocator().Alloc(sizeof(CMString))) CMString(oText);
+}
+
+void CMString::CIterator::Reset()
+{
+    if (m_poText != nullptr)
+    {
+        m_poText->~CMString();
+        CMAllocator().Free(m_poText);
+    }
+    m_pszSeparators = nullptr;
+    m_poText = nullptr;
+    m_pszContext = nullptr;
+    m_pszToken = nullptr;
+}
+
+CMString::CIterator& CMString::CIterator::operator++()
+{
+    if (m_poText != nullptr)
+    {
+        m_pszToken = ZorTools_strtok_s(nullptr, m_pszSeparators, &m_pszContext);
+        if (m_pszToken == nullptr)
+        {
+            Reset();
+        }
+    }
+    return *this;
+}
+
+CMString::CIterator CMString::CIterator::operator++(int)
+{
+    CIterator oBefore(*this);
+    ++*this;
+    return oBefore;
+}
+
+CMString CMString::CIterator::operator*() const { return CMString(m_pszToken); }
+
+bool CMString::CIterator::operator==(CIterator const& oOther) const
+{
+    char const* pszText = m_poText != nullptr ? static_cast<char const*>(*m_poText) : nullptr;
+    char const* pszOtherText = oOther.m_poText != nullptr ? static_cast<char const*>(*oOther.m_poText) : nullptr;
+    return IsSameText(pszText, pszOtherText) && IsSameText(m_pszSeparators, oOther.m_pszSeparators) &&
+           IsSameText(m_pszContext, oOther.m_pszContext) && IsSameText(m_pszToken, oOther.m_pszToken);
+}

@@ -224,13 +224,18 @@ protected:
     // Takes a new buffer of exactly iLength characters, of which only the terminator is written; forgets the present
     // one. A negative length or INT_MAX reports, leaves the shared empty string and gives false.
     bool AllocData(int iLength);
-    void FreeData(SMetaData const* poData);
+    // Frees without a look at the count.
+    static void FreeData(SMetaData const* poData);
     // Gives up the share in the buffer; the string becomes the shared empty one.
     void Release();
     static void Release(SMetaData* poData);
+    // Becomes one more holder of a buffer that is not locked; holds none itself.
+    void Share(CMString const& oSource);
+    // Gives a string that shares its buffer an exact one of its own.
     void CopyBeforeWrite();
     // Makes room for iLength characters to be written; the text is lost where the buffer is replaced.
     bool AllocBeforeWrite(int iLength);
+    // iLength characters of pszText, which may lie in this string; 0 and null release the buffer.
     void AssignCopy(int iLength, char const* pszText);
     // iCopyLength characters from iCopyIndex, and room for iExtraLength more.
     void AllocCopy(CMString& oDestination, int iCopyLength, int iCopyIndex, int iExtraLength) const;
@@ -240,6 +245,9 @@ protected:
 private:
     // iLength characters at iIndex, which lies inside the text or at its end.
     int InsertText(int iIndex, int iLength, char const* pszText);
+    // Formats to the end of the text that stays in front of pszAt.
+    void PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
+        __attribute__((format(printf, 4, 0)));
     // Sets length and terminator; the buffer is private and long enough, or the shared empty string with length 0.
     void SetLength(int iLength);
 

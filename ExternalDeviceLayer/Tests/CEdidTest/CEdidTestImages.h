@@ -130,7 +130,7 @@ consteval SEdidImage ReadHexImage(const char (&szDigits)[uiTextSize])
 }
 
 // Whether both halves sum to 0.
-consteval bool HasValidChecksums(SEdidImage const& aui8Image)
+constexpr bool HasValidChecksums(SEdidImage const& aui8Image)
 {
     unsigned int uiBase = 0;
     unsigned int uiExt = 0;
@@ -486,3 +486,16 @@ inline constexpr SNamedEdidImage gsc_aoEdidTestImages[] = {
     { "AudioFullAdded", &Audio::g_auiAudioFullAddedEdidData },
     { "AudioTwoDescriptors", &Audio::g_auiAudioTwoDescriptorsEdidData },
 };
+
+constexpr bool HaveValidChecksums()
+{
+    for (SNamedEdidImage const& oImage : gsc_aoEdidTestImages)
+    {
+        if (!HasValidChecksums(*oImage.m_paui8Image))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(HaveValidChecksums(), "no image is damaged");

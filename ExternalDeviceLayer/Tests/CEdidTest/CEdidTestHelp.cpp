@@ -1,0 +1,200 @@
+// The routines that the suites share; the suites' own steps stand in the Test_ sources.
+
+#include "CEdidTestHelp.h"
+
+#include "Edid.h"
+#include "VidParamCea.h"
+#include "VidParamGtf.h"
+
+namespace
+{
+// Positions in the base block.
+constexpr unsigned int gsc_uiVersionOffset = 18;
+constexpr unsigned int gsc_uiRevisionOffset = 19;
+constexpr unsigned int gsc_uiFeatureOffset = 24;
+constexpr unsigned int gsc_uiPreferredTimingBit = 0x02;
+
+void FillTiming(tagRVideo_VidParam const& oRow, CVidParamTiming& oTiming)
+{
+    oTiming.SetHorizontalActive(oRow.uiHorizontalActive);
+    oTiming.SetVerticalActive(oRow.uiVerticalActive);
+    oTiming.SetVerticalRateInHz(oRow.uiVerticalRateInHz);
+    oTiming.SetHorizontalRateInKiloHz(oRow.uiHorizontalRateInKiloHz);
+    oTiming.SetPixelClockInKiloHz(oRow.uiPixelClockInKiloHz);
+    oTiming.SetHorizontalFrontPorch(oRow.uiHorizontalFrontPorch);
+    oTiming.SetHorizontalSync(oRow.uiHorizontalSync);
+    oTiming.SetHorizontalBackPorch(oRow.uiHorizontalBackPorch);
+    oTiming.SetVerticalFrontPorch(oRow.uiVerticalFrontPorch);
+    oTiming.SetVerticalSync(oRow.uiVerticalSync);
+    oTiming.SetVerticalBackPorch(oRow.uiVerticalBackPorch);
+}
+
+// The walk of all validators: asks oIsRowHeld for each row, up to the first that does not hold.
+template <class CHECK>
+int ValidateRows(unsigned int uiCount, CHECK const& oIsRowHeld)
+{
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        MTEST_STEP(oIsRowHeld(i));
+    }
+    return 1;
+}
+
+// Detailed timings against rows of a mode table or a formula.
+int ValidateDetailedRows(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+{
+    return ValidateRows(uiCount, [&](unsigned int uiIndex) {
+        CVidParamTimingGeneric oExpected;
+        CVidParamTimingGeneric oTiming;
+        return GetVidParam(poRows[uiIndex], oExpected) != 0 && oEdid.GetDetailed(uiIndex, &oTiming) != 0 &&
+               (oExpected != oTiming) == 0;
+    });
+}
+}
+
+int LoadCopy(CEdid& oEdid, SEdidImage const& aui8Image)
+{
+    SEdidImage const aui8Copy = aui8Image;
+    return oEdid.SetEdidBuffer(aui8Copy.data(), static_cast<unsigned int>(aui8Copy.size()), 0);
+}
+
+int CompareRawData(CEdid const& oEdid, unsigned int uiSize, unsigned char const* pui8Expected)
+{
+    if (pui8Expected == nullptr || oEdid.GetSize() != uiSize)
+    {
+        return 0;
+    }
+    CMArray<unsigned char, unsigned char const&> const aui8Edid = oEdid.GetEdidBuffer();
+    for (unsigned int i = 0; i < uiSize; ++i)
+    {
+        if (aui8Edid[static_cast<int>(i)] != pui8Expected[i])
+        {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+// What the lookups return is not looked at on purpose: a miss shows in the comparison that follows.
+int GetVidParam(STimingData const& oRow, CVidParamTimingGeneric& oTiming)
+{
+    switch (oRow.m_eTimingType)
+    {
+    case CVidParamTiming::eVidParamType_Gtf:
+        CVidParamGtf::GetVidParam(oRow.m_uiHorizontalActive, oRow.m_uiVerticalActive, oRow.m_uiVerticalRateInHz,
+                                  &oTiming);
+        return 1;
+
+    case CVidParamTiming::eVidParamType_Dmt:
+        CVidParamDmt::GetVidParam(0, &oTiming, oRow.m_uiHorizontalActive, oRow.m_uiVerticalActive,
+                                  oRow.m_uiVerticalRateInHz, oRow.m_eModeListType);
+        return 1;
+
+    case CVidParamTiming::eVidParamType_Cea:
+        if (oRow.m_uiVic != 0)
+        {
+            CVidParamCea::GetVidParamFromVic(oRow.m_uiVic, &oTiming);
+        }
+        else
+        {
+            CVidParamCea::GetVidParam(0, &oTiming, oRow.m_uiHorizontalActive, oRow.m_uiVerticalActive,
+                                      oRow.m_uiVerticalRateInHz, CVidParamCea::eScanTypeAny);
+        }
+        return 1;
+
+    default:
+        return 0;
+    }
+}
+
+int IsPreferredTimingProtected(CEdid const& oEdid)
+{
+    unsigned char const* const pui8Base = oEdid.GetBaseBlock();
+    bool const bByRevision = pui8Base[gsc_uiVersionOffset] == 1 && pui8Base[gsc_uiRevisionOffset] >= 3;
+    bool const bByFeature = (pui8Base[gsc_uiFeatureOffset] & gsc_uiPreferredTimingBit) != 0;
+    return bByRevision || bByFeature ? 1 : 0;
+}
+
+// The base validators fetch through the merged numbering, in which the base block's timings come first.
+int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows)
+{
+    MTEST_STEP(oEdid.GetBaseDetailedCount() == uiCount);
+
+    CVidParamTimingGeneric oExpected;
+    CVidParamTimingGeneric oTiming;
+    return ValidateRows(uiCount, [&](unsigned int uiIndex) {
+        FillTiming(poRows[uiIndex], oExpected);
+        return oEdid.GetDetailed(uiIndex, &oTiming) != 0 && (oExpected != oTiming) == 0;
+    });
+}
+
+int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+{
+    if (oEdid.GetBaseDetailedCount() != uiCount)
+    {
+        return 0;
+    }
+    return ValidateDetailedRows(oEdid, uiCount, poRows);
+}
+
+int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows)
+{
+    MTEST_STEP(oEdid.GetDetailedCount() == uiCount);
+
+    return ValidateRows(uiCount, [&](unsigned int uiIndex) {
+        CRVidParamTiming const oExpected(poRows[uiIndex], eRVideoFamily_None);
+        CRVidParamTiming oTiming;
+        return oEdid.GetDetailed(uiIndex, &oTiming) != 0 && (oExpected != oTiming) == 0;
+    });
+}
+
+int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+{
+    MTEST_STEP(oEdid.GetDetailedCount() == uiCount);
+    return ValidateDetailedRows(oEdid, uiCount, poRows);
+}
+
+int ValidateBaseStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+{
+    MTEST_STEP(oEdid.GetBaseStandardCount() == uiCount);
+
+    return ValidateRows(uiCount, [&](unsigned int uiIndex) {
+        CVidParamTimingGeneric oExpected;
+        CVidParamTimingGeneric oTiming;
+        int iNative = 0;
+        return GetVidParam(poRows[uiIndex], oExpected) != 0 && oEdid.GetStandard(uiIndex, &oTiming, &iNative) != 0 &&
+               iNative == 0 && (oExpected != oTiming) == 0;
+    });
+}
+
+int ValidateStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+{
+    if (oEdid.GetStandardCount() != uiCount)
+    {
+        return 0;
+    }
+    return ValidateRows(uiCount, [&](unsigned int uiIndex) {
+        CVidParamTimingGeneric oExpected;
+        CVidParamTimingGeneric oTiming;
+        return GetVidParam(poRows[uiIndex], oExpected) != 0 && oEdid.GetStandard(uiIndex, &oTiming, nullptr) != 0 &&
+               (oExpected != oTiming) == 0;
+    });
+}
+
+int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, STimingData const* poRows,
+                              unsigned int uiSize, unsigned char const* pui8Expected)
+{
+    MTEST_STEP(oEdid.RemoveStandard(uiIndex));
+    MTEST_STEP(oEdid.IsChecksumValid());
+    MTEST_STEP(ValidateStandard(oEdid, uiCount, poRows));
+    MTEST_STEP(CompareRawData(oEdid, uiSize, pui8Expected));
+    return 1;
+}
+
+int ValidateDetailedState(CEdid const& oEdid, CVidParamTable aoRows, SEdidImage const& aui8Expected)
+{
+    MTEST_STEP(oEdid.IsChecksumValid());
+    MTEST_STEP(ValidateDetailed(oEdid, static_cast<unsigned int>(aoRows.size()), aoRows.data()));
+    MTEST_STEP(CompareRawData(oEdid, static_cast<unsigned int>(aui8Expected.size()), aui8Expected.data()));
+    return 1;
+}

@@ -51,7 +51,7 @@ int CVidParamGtf::GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVe
                                                                                      gsc_uiBlankingUnit * uiDuty) *
                                  gsc_uiBlankingUnit;
     const unsigned int uiHorizontalTotal = uiCellActive + uiBlank;
-    const unsigned int uiHBack = RoundToCell(uiBlank / 2);
+    const unsigned int uiHBack = uiBlank / 2; // whole cells, as the blanking is a multiple of two
     // Cut to whole cells, where the published formula rounds to the nearest.
     const unsigned int uiHSync = CutToCell(ZorTools_RoundedDivision(uiHorizontalTotal * gsc_uiSyncPerMille, 1000));
     const unsigned int uiVerticalTotal = ZorTools_RoundedDivision(uiTenVerticalTotals, 10);

@@ -173,8 +173,7 @@ unsigned int GetRandomSeed()
     void* const pByte = ::operator new(1);
     const unsigned int uiSeed = static_cast<unsigned int>(reinterpret_cast<uintptr_t>(pByte)); // the low 32 bits
     ::operator delete(pByte);
-    return uiSeed; // NOLINT(clang-analyzer-cplusplus.NewDelete): the address is a number here, nothing is read through
-                   // it
+    return uiSeed; // NOLINT(clang-analyzer-cplusplus.NewDelete): a number by now
 }
 }
 

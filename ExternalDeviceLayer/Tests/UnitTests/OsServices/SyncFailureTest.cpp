@@ -115,7 +115,6 @@ TEST_F(SyncFailure, WhatAFailedWakeUpLeavesBehind)
     g_oOsServicesCalls.pfnConditionSignal = [](pthread_cond_t*) { return EINVAL; };
     g_oOsServicesCalls.pfnConditionBroadcast = [](pthread_cond_t*) { return EINVAL; };
 
-    m_oServices.Event_Trigger(hEvent);
     EXPECT_EQ(0, m_oServices.Event_Trigger(hEvent));
     EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(hEvent, 0)) << "no trigger";
     EXPECT_EQ(0, m_oServices.Event_Cancel(hEvent));

@@ -15,6 +15,18 @@ constinit std::atomic<const void*> g_pLastSingleByteBlock = nullptr;
 long GetLiveBlockCount() { return g_iLiveBlocks; }
 const void* GetLastSingleByteBlock() { return g_pLastSingleByteBlock; }
 
+// ThreadSanitizer's own operator new leaves no place for a counting one.
+#if defined(__SANITIZE_THREAD__)
+#define ZOR_TEST_HEAP_COUNT 0
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define ZOR_TEST_HEAP_COUNT 0
+#endif
+#endif
+#ifndef ZOR_TEST_HEAP_COUNT
+#define ZOR_TEST_HEAP_COUNT 1
+#endif
+
 #if ZOR_TEST_HEAP_COUNT
 
 namespace

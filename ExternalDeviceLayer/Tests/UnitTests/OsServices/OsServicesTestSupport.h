@@ -49,19 +49,7 @@ private:
 // How much longer than asked a wait may last on a busy machine.
 inline constexpr long long gsc_iPatienceMicroseconds = 20000000;
 
-// ThreadSanitizer's own operator new leaves no place for a counting one.
-#if defined(__SANITIZE_THREAD__)
-#define ZOR_TEST_HEAP_COUNT 0
-#elif defined(__has_feature)
-#if __has_feature(thread_sanitizer)
-#define ZOR_TEST_HEAP_COUNT 0
-#endif
-#endif
-#ifndef ZOR_TEST_HEAP_COUNT
-#define ZOR_TEST_HEAP_COUNT 1
-#endif
-
-// Blocks from operator new and new[] that are not freed yet, and the last one of a single byte. 0 and null when the
-// heap is not counted.
+// Blocks from operator new and new[] that are not freed yet, and the last one of a single byte. Always 0 and null where
+// a checker brings operator new itself.
 long GetLiveBlockCount();
 const void* GetLastSingleByteBlock();

@@ -5,7 +5,7 @@
 // Results are 1 for success and 0 for failure. A report is a CMArrayString: each element is the caller's line prefix
 // followed by one element of the report. Elements do not always end in a line feed, and some are nothing but one; the
 // caller decides what stands between them when it prints (the tools of this project print one element a line).
-// A null line prefix is an empty one.
+// A line prefix must not be null.
 
 #pragma once
 

@@ -1,1 +1,200 @@
-// To be written.
+// EDID images out of files: raw images and text tables. Nothing here parses an EDID.
+
+#include "ZorEdidUtils.h"
+
+#include <limits.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "EdidUtils.h"
+#include "ZorAssert.h"
+
+namespace
+{
+// An open file, closed at the end of its scope.
+class CInputFile
+{
+public:
+    CInputFile(const CMString& oPath, const char* pszMode) : m_poFile(nullptr)
+    {
+        if (oPath.GetLength() != 0)
+        {
+            m_poFile = fopen(static_cast<const char*>(oPath), pszMode);
+        }
+    }
+    ~CInputFile()
+    {
+        if (m_poFile != nullptr)
+        {
+            fclose(m_poFile);
+        }
+    }
+    CInputFile(const CInputFile&) = delete;
+    CInputFile& operator=(const CInputFile&) = delete;
+
+    bool IsOpen() const { return m_poFile != nullptr; }
+    FILE* Get() const { return m_poFile; }
+
+private:
+    FILE* m_poFile; // null when the file did not open
+};
+
+bool IsNameOfKind(const CMString& oPath, const char* pszKind) { return oPath.FindNoCase(pszKind, 0) != -1; }
+}
+
+int CZorEdidUtils::ExtractEdidFromFile(CMString oPath, CByteArray& oData)
+{
+    int bLoaded = 0;
+    if (IsNameOfKind(oPath, ".bin"))
+    {
+        bLoaded = ExtractEdidFromBinFile(oPath, oData);
+    }
+    else if (IsNameOfKind(oPath, ".dat"))
+    {
+        bLoaded = ExtractEdidFromDatFile(oPath, oData);
+    }
+    if (!bLoaded)
+    {
+        MASSERT_FAILED();
+        return 0;
+    }
+    return 1;
+}
+
+namespace
+{
+// Size in bytes, with the file rewound; 0 where there is none that an array could hold. A folder opens for reading and
+// gives LONG_MAX.
+unsigned int GetFileSize(FILE* poFile)
+{
+    fseek(poFile, 0, SEEK_END);
+    const long lSize = ftell(poFile);
+    rewind(poFile);
+    return lSize > 0 && lSize <= INT_MAX ? static_cast<unsigned int>(lSize) : 0;
+}
+}
+
+int CZorEdidUtils::ExtractEdidFromBinFile(CMString oPath, CByteArray& oData)
+{
+    oData.RemoveAll();
+    const CInputFile oFile(oPath, "rb");
+    if (!oFile.IsOpen())
+    {
+        return 0;
+    }
+    const unsigned int uiSize = GetFileSize(oFile.Get());
+    if (uiSize == 0)
+    {
+        return 0;
+    }
+    oData.SetCount(uiSize, -1);
+    return fread(oData.GetData(), 1, uiSize, oFile.Get()) != 0;
+}
+
+namespace
+{
+constexpr int gsc_iLineBufferSize = 2048;                                           // characters, with the NUL
+constexpr char gsc_szMarker[] = "        ________________________________________"; // 8 blanks, 40 underscores
+constexpr unsigned int gsc_uiMarkerLength = sizeof(gsc_szMarker) - 1;
+static_assert(gsc_uiMarkerLength == 48);
+
+// A row, counted from its bar.
+constexpr size_t gsc_uiFirstCellOffset = 3;
+constexpr size_t gsc_uiCellDistance = 4;
+constexpr size_t gsc_uiCellLength = 2;
+constexpr int gsc_iCellBase = 16;
+
+// Reads one line or as much of it as fits. False at the end of the file, and at a read error, which ferror tells apart.
+bool ReadLine(FILE* poFile, char (&szLine)[gsc_iLineBufferSize])
+{
+    return fgets(szLine, gsc_iLineBufferSize, poFile) != nullptr;
+}
+
+// Reads up to and with the marker line. False when there is none, or nothing behind it, not even a line feed.
+bool SkipToTable(FILE* poFile)
+{
+    char szLine[gsc_iLineBufferSize];
+    while (ReadLine(poFile, szLine))
+    {
+        if (strncmp(szLine, gsc_szMarker, gsc_uiMarkerLength) == 0)
+        {
+            return feof(poFile) == 0;
+        }
+    }
+    return false;
+}
+
+void ReplaceFirstByBlank(char* pszText, char cReplaced)
+{
+    if (char* pcFound = strchr(pszText, cReplaced))
+    {
+        *pcFound = ' ';
+    }
+}
+
+bool IsBlankCell(const char* pszCell)
+{
+    return strcmp(pszCell, "") == 0 || strcmp(pszCell, " ") == 0 || strcmp(pszCell, "  ") == 0;
+}
+
+// Appends the byte of the cell at pszText, which the line's end may cut short.
+void AppendCell(const char* pszText, CZorEdidUtils::CByteArray& oData)
+{
+    char szCell[gsc_uiCellLength + 1] = {};
+    memcpy(szCell, pszText, strnlen(pszText, gsc_uiCellLength));
+    ReplaceFirstByBlank(szCell, '\r');
+    ReplaceFirstByBlank(szCell, '\n');
+    if (!IsBlankCell(szCell))
+    {
+        oData.Add(static_cast<unsigned char>(strtol(szCell, nullptr, gsc_iCellBase)));
+    }
+}
+
+// Appends the bytes of a row. False for a line without a bar, which is no row.
+bool AppendRow(const char* pszLine, CZorEdidUtils::CByteArray& oData)
+{
+    const char* pcBar = strchr(pszLine, '|');
+    if (pcBar == nullptr)
+    {
+        return false;
+    }
+    const size_t uiLength = strlen(pcBar);
+    for (size_t uiCell = gsc_uiFirstCellOffset; uiCell < uiLength; uiCell += gsc_uiCellDistance)
+    {
+        AppendCell(pcBar + uiCell, oData);
+    }
+    return true;
+}
+
+// Appends the bytes of all rows. 0 when reading failed before the end of the table.
+int ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
+{
+    char szLine[gsc_iLineBufferSize];
+    while (ReadLine(poFile, szLine))
+    {
+        if (!AppendRow(szLine, oData))
+        {
+            return 1;
+        }
+    }
+    return ferror(poFile) == 0;
+}
+}
+
+int CZorEdidUtils::ExtractEdidFromDatFile(CMString oPath, CByteArray& oData)
+{
+    oData.RemoveAll();
+    const CInputFile oFile(oPath, "rt");
+    if (!oFile.IsOpen() || !SkipToTable(oFile.Get()) || !ReadTable(oFile.Get(), oData))
+    {
+        return 0;
+    }
+    if (oData.GetCount() % CEdidUtils::msc_uiBlockSize != 0)
+    {
+        printf("Invalid EDID size (%d bytes) !\n", static_cast<int>(oData.GetCount()));
+        printf("\n");
+        return 0;
+    }
+    return 1;
+}

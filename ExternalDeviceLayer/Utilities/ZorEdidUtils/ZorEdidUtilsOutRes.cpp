@@ -1,1 +1,55 @@
-// To be written.
+// The output-resolution report, one numbered element a mode, and the entry point that picks among the three reports.
+
+#include "ZorEdidUtils.h"
+
+#include "ZorAssert.h"
+#include "ZorEdidUtilsModes.h"
+#include "ZorEdidUtilsReport.h"
+
+void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayString& oLines, const char* pszLinePrefix)
+{
+    oLines.RemoveAll();
+    SModes oModes;
+    if (!oModes.Extract(oEdid)) // has reported
+    {
+        return;
+    }
+    CModeList oJoined;
+    oJoined.Append(oModes.m_oEstablishedAll);
+    oModes.AppendStandardAndDetailed(oJoined);
+    oJoined.SortElements(SortVidParam, 0);
+    GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, pszLinePrefix);
+}
+
+void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CVidParamTimingGeneric& /*oPreferred*/, CModeList oModes,
+                                                  CMArrayString& oLines, const char* pszLinePrefix)
+{
+    oLines.RemoveAll();
+    CReportLines oReport(oLines, pszLinePrefix);
+    CMString oText;
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        GetFormatedVideoParam(oModes[i].GetData(), 1, oText, pszLinePrefix);
+        oReport.AddFormat("#%02d - %s", AsSigned(i + 1), static_cast<const char*>(oText));
+    }
+}
+
+int CZorEdidUtils::GetFormatedEdid(EEdidFormatType eType, const CEdid& oEdid, CMArrayString& oLines,
+                                   const char* pszLinePrefix)
+{
+    switch (eType)
+    {
+    case eEdidFormatZorEdidExtractor:
+        GetEdidFormatedAsZorEdidExtractor(oEdid, oLines, pszLinePrefix);
+        return 1;
+    case eEdidFormatRVideoOutRes:
+        GetEdidFormatedAsRVideoOutRes(oEdid, oLines, pszLinePrefix);
+        return 1;
+    case eEdidFormatZorEdidExtractorExt:
+        GetEdidFormatedAsZorEdidExtractorExt(oEdid, oLines, pszLinePrefix);
+        return 1;
+    default:
+        MASSERT_FAILED();
+        return 0;
+    }
+}

@@ -1,1 +1,290 @@
-// To be written.
+// The monitor report, section by section in the order of the text. What the extended report adds to it stands in
+// ZorEdidUtilsReportExt.cpp.
+
+#include "ZorEdidUtils.h"
+
+#include <stdarg.h>
+
+#include "EdidUtils.h"
+#include "ZorAssert.h"
+#include "ZorEdidUtilsModes.h"
+#include "ZorEdidUtilsReport.h"
+
+namespace
+{
+// The monitor report without additions: all blocks bear one type.
+class CPlainReport final : public CMonitorReport
+{
+public:
+    using CMonitorReport::CMonitorReport;
+
+protected:
+    void AddDigitalInterface() override {}
+    CMString GetTypeText(const CEdidExtBlock& /*oBlock*/) override { return "Timing extension"; }
+    void AddBlockDigest(const CEdidExtBlock& /*oBlock*/) override {}
+    void AddExtStandardNative() override {}
+};
+}
+
+void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArrayString& oLines,
+                                                      const char* pszLinePrefix)
+{
+    oLines.RemoveAll();
+    SModes oModes;
+    if (!oModes.Extract(oEdid))
+    {
+        MASSERT_FAILED();
+        return;
+    }
+    GetEdidFormatedAsZorEdidExtractor(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa, oModes.m_oEstablishedAll,
+                                      oModes.m_oBaseStandard, oModes.m_oBaseDetailed, oModes.m_oExtStandard,
+                                      oModes.m_oExtDetailed, oLines, pszLinePrefix);
+}
+
+void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
+                                                      const CModeList& oEstablishedVesa,
+                                                      const CModeList& oEstablishedAll, const CModeList& oBaseStandard,
+                                                      const CModeList& oBaseDetailed, const CModeList& oExtStandard,
+                                                      const CModeList& oExtDetailed, CMArrayString& oLines,
+                                                      const char* pszLinePrefix)
+{
+    const SReportedModes oModes = { oPreferred,    oEstablishedVesa, oEstablishedAll, oBaseStandard,
+                                    oBaseDetailed, oExtStandard,     oExtDetailed };
+    CPlainReport(oEdid, oModes, oLines, pszLinePrefix).Write();
+}
+
+CMString CZorEdidUtils::GetExtensionType(const CEdidExtBlock& oBlock)
+{
+    switch (oBlock.GetExtensionType())
+    {
+    case 2:
+        return "EIA/CEA 861";
+    case 16:
+        return "Video timing block";
+    case 64:
+        return "Display information";
+    case 80:
+        return "Localized String";
+    case 96:
+        return "Digital Packet Video Link";
+    case 112:
+        return "DisplayID";
+    case 240:
+        return "Map";
+    case 255:
+        return "Defined by manufacturer";
+    default:
+        return "Unknown";
+    }
+}
+
+// ---- Elements ----
+
+void CReportLines::Add(const char* pszText) { m_oLines.Add(CMString(m_pszLinePrefix) + pszText); }
+
+void CReportLines::AddFormat(const char* pszFormat, ...)
+{
+    CMString oText;
+    va_list oArguments;
+    va_start(oArguments, pszFormat);
+    oText.FormatV(pszFormat, oArguments);
+    va_end(oArguments);
+    Add(oText);
+}
+
+void CReportLines::AddSeparator()
+{
+    Add("------------------------------------------------------------------------------"); // 78 hyphens
+}
+
+void CReportLines::BeginSection(const char* pszTitle)
+{
+    AddSeparator();
+    Add(pszTitle);
+    AddSpacer();
+}
+
+void CReportLines::EndSection()
+{
+    AddSeparator();
+    Add("\n\n");
+}
+
+// ---- The report ----
+
+void CMonitorReport::Write()
+{
+    m_oReport.GetLines().RemoveAll();
+    AddGenericInformation();
+    AddExtensions();
+    AddSupportedTimings();
+    AddRawData();
+}
+
+namespace
+{
+constexpr unsigned int gsc_uiFirstYear = 1990;
+constexpr unsigned int gsc_uiNameBufferSize = 64;
+
+// Three letters of five bits each, the first in the highest, 1 standing for A.
+struct SManufacturerCode
+{
+    explicit SManufacturerCode(const unsigned char* pui8Bytes)
+    {
+        const unsigned int uiCode = static_cast<unsigned int>(pui8Bytes[0]) << 8 | pui8Bytes[1];
+        m_szLetters[0] = Letter(uiCode >> 10);
+        m_szLetters[1] = Letter(uiCode >> 5);
+        m_szLetters[2] = Letter(uiCode);
+    }
+    static constexpr char Letter(unsigned int uiBits) { return static_cast<char>((uiBits & 0x1F) + 0x40); }
+
+    char m_szLetters[4] = {};
+};
+
+const char* ValidOrNot(int bValid) { return bValid ? "Valid" : "Not valid"; }
+}
+
+void CMonitorReport::AddGenericInformation()
+{
+    m_oReport.BeginSection("                           Generic Monitor Information\n");
+    AddIdentity();
+    m_oReport.AddFormat(
+        "  Preferred mode:              %d x %d @ %d.00 Hz", AsSigned(m_oModes.m_oPreferred.GetHorizontalActive()),
+        AsSigned(m_oModes.m_oPreferred.GetVerticalActive()), AsSigned(m_oModes.m_oPreferred.GetVerticalRateInHz()));
+    m_oReport.AddSpacer();
+    m_oReport.AddFormat("  Monitor signal type:         %s",
+                        GetBaseByte(gsc_uiVideoInputOffset) & gsc_uiDigitalInput ? "Digital" : "Analog");
+    AddDigitalInterface();
+    m_oReport.AddSpacer();
+    m_oReport.AddFormat("  Extension(s):                %d", AsSigned(m_oEdid.GetExtensionCount()));
+    m_oReport.AddSpacer();
+    m_oReport.EndSection();
+}
+
+void CMonitorReport::AddIdentity()
+{
+    const SManufacturerCode oCode(m_oEdid.GetBaseBlock() + gsc_uiManufacturerOffset);
+    char szManufacturer[gsc_uiNameBufferSize] = {};
+    char szMonitor[gsc_uiNameBufferSize] = {};
+    m_oEdid.GetManufacturerName(szManufacturer, sizeof(szManufacturer)); // without a name the text stays empty
+    m_oEdid.GetMonitorName(szMonitor, sizeof(szMonitor));
+    const unsigned int uiProduct = GetBaseByte(gsc_uiProductOffset) | GetBaseByte(gsc_uiProductOffset + 1) << 8;
+    const unsigned int uiSerial = GetBaseByte(gsc_uiSerialOffset) | GetBaseByte(gsc_uiSerialOffset + 1) << 8 |
+                                  GetBaseByte(gsc_uiSerialOffset + 2) << 16 | GetBaseByte(gsc_uiSerialOffset + 3) << 24;
+
+    m_oReport.AddFormat("  EDID version:                %d.%d", AsSigned(GetBaseByte(gsc_uiVersionOffset)),
+                        AsSigned(GetBaseByte(gsc_uiRevisionOffset)));
+    m_oReport.AddSpacer();
+    m_oReport.AddFormat("  Manufacturer name:           %s (%s)", oCode.m_szLetters, szManufacturer);
+    m_oReport.AddFormat("  Product code:                %04X", uiProduct);
+    m_oReport.AddFormat("  Monitor name:                %s", szMonitor);
+    m_oReport.AddFormat("  Serial number:               %d", AsSigned(uiSerial));
+    m_oReport.AddSpacer();
+    m_oReport.AddFormat("  Week of manufacture:         %d", AsSigned(GetBaseByte(gsc_uiWeekOffset)));
+    m_oReport.AddFormat("  Year of manufacture:         %d", AsSigned(GetBaseByte(gsc_uiYearOffset) + gsc_uiFirstYear));
+    m_oReport.AddSpacer();
+}
+
+void CMonitorReport::AddExtensions()
+{
+    if (m_oEdid.GetExtensionCount() == 0)
+    {
+        return;
+    }
+    m_oReport.BeginSection("                           Extension(s) Information");
+    for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
+    {
+        if (const CEdidExtBlock* poBlock = m_oEdid.GetExtension(i))
+        {
+            AddExtension(i, *poBlock);
+        }
+    }
+}
+
+void CMonitorReport::AddExtension(unsigned int uiIndex, const CEdidExtBlock& oBlock)
+{
+    m_oReport.AddFormat("  Extension #%d", AsSigned(uiIndex + 1));
+    m_oReport.AddSpacer();
+    m_oReport.AddFormat("      Type:                    %s", static_cast<const char*>(GetTypeText(oBlock)));
+    m_oReport.AddFormat("      Revision:                %d", AsSigned(oBlock.GetRevision()));
+    m_oReport.AddFormat("      Checksum:                %s", ValidOrNot(oBlock.IsChecksumValid()));
+    m_oReport.AddSpacer();
+    AddBlockDigest(oBlock);
+    m_oReport.EndSection();
+}
+
+void CMonitorReport::AddSupportedTimings()
+{
+    m_oReport.BeginSection("                          Monitor Supported Timings");
+    m_oReport.Add("  Established timing(s):");
+    m_oReport.AddSpacer();
+    AddEstablishedTimings();
+    m_oReport.AddSpacer();
+    m_oReport.Add("  Standard timing(s):");
+    m_oReport.AddSpacer();
+    AddTimings(m_oModes.m_oBaseStandard, "");
+    m_oReport.AddSpacer();
+    m_oReport.Add("  Detailed timing(s):");
+    m_oReport.AddSpacer();
+    AddTimings(m_oModes.m_oBaseDetailed, "");
+    m_oReport.AddSpacer();
+    m_oReport.Add("  Extension block(s) timing(s):\n");
+    m_oReport.AddSpacer();
+    AddExtStandardNative();
+    AddTimings(m_oModes.m_oExtStandard, "");
+    AddTimings(m_oModes.m_oExtDetailed, "");
+    m_oReport.AddSpacer();
+    m_oReport.EndSection();
+}
+
+namespace
+{
+// The tolerance of the comparison is that of the list's entry.
+bool IsListed(const CZorEdidUtils::CModeList& oList, const CVidParamTimingGeneric& oTiming)
+{
+    for (unsigned int i = 0; i < oList.GetCount(); ++i)
+    {
+        if (oList[i] == oTiming)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+}
+
+void CMonitorReport::AddEstablishedTimings()
+{
+    const CZorEdidUtils::CModeList& oAll = m_oModes.m_oEstablishedAll;
+    for (unsigned int i = 0; i < oAll.GetCount(); ++i)
+    {
+        AddTiming(oAll[i], IsListed(m_oModes.m_oEstablishedVesa, oAll[i]) ? "" : " (Not VESA compliant)");
+    }
+}
+
+void CMonitorReport::AddTimings(const CZorEdidUtils::CModeList& oTimings, const char* pszMark)
+{
+    for (unsigned int i = 0; i < oTimings.GetCount(); ++i)
+    {
+        AddTiming(oTimings[i], pszMark);
+    }
+}
+
+void CMonitorReport::AddTiming(const CVidParamTimingGeneric& oTiming, const char* pszMark)
+{
+    m_oReport.AddFormat("        %4d x %4d @ %d.00 Hz%s", AsSigned(oTiming.GetHorizontalActive()),
+                        AsSigned(oTiming.GetVerticalActive()), AsSigned(oTiming.GetVerticalRateInHz()), pszMark);
+}
+
+void CMonitorReport::AddRawData()
+{
+    const CZorEdidUtils::CByteArray oImage = m_oEdid.GetEdidBuffer();
+    CMArrayString oDump; // its lines bear the prefix already
+    CEdidUtils::GetFormatedEdidDataStrings(oImage.GetCount(), oImage.GetData(), oDump, m_oReport.GetLinePrefix());
+
+    m_oReport.BeginSection("                            Monitor EDID Raw Data");
+    m_oReport.GetLines().Append(oDump);
+    m_oReport.AddFormat("  Checksum is %s", ValidOrNot(m_oEdid.IsChecksumValid()));
+    m_oReport.AddSpacer();
+    m_oReport.AddSeparator();
+}

@@ -1,1 +1,298 @@
-// To be written.
+// The extended monitor report: what it adds to the monitor report of ZorEdidUtilsReport.cpp. The digital interface,
+// the types of the extension blocks, native table timings and the digest of each CEA-861 block.
+
+#include "ZorEdidUtils.h"
+
+#include "EdidExtBlockCEA861.h"
+#include "ZorAssert.h"
+#include "ZorEdidUtilsModes.h"
+#include "ZorEdidUtilsReport.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiCeaExtensionType = 2;
+
+void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix);
+
+class CExtendedReport final : public CMonitorReport
+{
+public:
+    CExtendedReport(const CEdid& oEdid, const SReportedModes& oModes,
+                    const CZorEdidUtils::CModeList& oExtStandardNative, CMArrayString& oLines,
+                    const char* pszLinePrefix)
+        : CMonitorReport(oEdid, oModes, oLines, pszLinePrefix), m_oExtStandardNative(oExtStandardNative)
+    {
+    }
+
+protected:
+    void AddDigitalInterface() override;
+    CMString GetTypeText(const CEdidExtBlock& oBlock) override { return CZorEdidUtils::GetExtensionType(oBlock); }
+    void AddBlockDigest(const CEdidExtBlock& oBlock) override;
+    void AddExtStandardNative() override { AddTimings(m_oExtStandardNative, " (native)"); }
+
+private:
+    const CZorEdidUtils::CModeList& m_oExtStandardNative;
+};
+}
+
+void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMArrayString& oLines,
+                                                         const char* pszLinePrefix)
+{
+    oLines.RemoveAll();
+    SModes oModes;
+    if (!oModes.Extract(oEdid))
+    {
+        MASSERT_FAILED();
+        return;
+    }
+    GetEdidFormatedAsZorEdidExtractorExt(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa,
+                                         oModes.m_oEstablishedAll, oModes.m_oBaseStandard, oModes.m_oBaseDetailed,
+                                         oModes.m_oExtStandardNative, oModes.m_oExtStandard, oModes.m_oExtDetailed,
+                                         oLines, pszLinePrefix);
+}
+
+void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
+                                                         const CModeList& oEstablishedVesa,
+                                                         const CModeList& oEstablishedAll,
+                                                         const CModeList& oBaseStandard, const CModeList& oBaseDetailed,
+                                                         const CModeList& oExtStandardNative,
+                                                         const CModeList& oExtStandard, const CModeList& oExtDetailed,
+                                                         CMArrayString& oLines, const char* pszLinePrefix)
+{
+    const SReportedModes oModes = { oPreferred,    oEstablishedVesa, oEstablishedAll, oBaseStandard,
+                                    oBaseDetailed, oExtStandard,     oExtDetailed };
+    CExtendedReport(oEdid, oModes, oExtStandardNative, oLines, pszLinePrefix).Write();
+}
+
+namespace
+{
+// ---- Digital interface ----
+
+const char* GetDigitalInterfaceText(CEdidBase::EDigitalInterface eInterface)
+{
+    switch (eInterface)
+    {
+    case CEdidBase::eDigitalInterfaceNotDefined:
+        return "Not defined";
+    case CEdidBase::eDigitalInterfaceDvi:
+        return "DVI";
+    case CEdidBase::eDigitalInterfaceHdmiA:
+        return "HDMI-A";
+    case CEdidBase::eDigitalInterfaceHdmiB:
+        return "HDMI-B";
+    case CEdidBase::eDigitalInterfaceMddi:
+        return "MDDI";
+    case CEdidBase::eDigitalInterfaceDisplayPort:
+        return "DisplayPort";
+    case CEdidBase::eDigitalInterfaceReserved:
+        return "Reserved";
+    default:
+        return "Unknown";
+    }
+}
+
+// For revision 4 alone; the getter takes later ones too.
+void CExtendedReport::AddDigitalInterface()
+{
+    const auto& aui8Base = m_oEdid.GetBaseBlock();
+    if ((aui8Base[gsc_uiVideoInputOffset] & gsc_uiDigitalInput) == 0 || aui8Base[gsc_uiVersionOffset] != 1 ||
+        aui8Base[gsc_uiRevisionOffset] != 4)
+    {
+        return;
+    }
+    CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceNotDefined;
+    m_oEdid.GetDigitalVideoInterface(eInterface);
+    m_oReport.AddFormat("  Digital interface type:      %s", GetDigitalInterfaceText(eInterface));
+}
+
+// ---- Digest of a CEA-861 block ----
+
+void CExtendedReport::AddBlockDigest(const CEdidExtBlock& oBlock)
+{
+    if (oBlock.GetExtensionType() != gsc_uiCeaExtensionType)
+    {
+        return;
+    }
+    GetCeaExtensionData(static_cast<const CEdidExtBlockCEA861&>(oBlock), m_oReport.GetLines(),
+                        m_oReport.GetLinePrefix());
+    m_oReport.AddSpacer();
+}
+
+using EAudioSamplingFreq = CEdidExtBlockCEA861::EAudioSamplingFreq;
+using SAudioDescriptor = CEdidExtBlockCEA861::SAudioDescriptor;
+
+void AddDetailedTimings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
+{
+    oReport.AddFormat("      Detailed count :         %d", AsSigned(oBlock.GetDetailedCount()));
+    oReport.AddSpacer();
+    for (unsigned int i = 0; i < oBlock.GetDetailedCount(); ++i)
+    {
+        CVidParamTimingGeneric oTiming;
+        if (oBlock.GetDetailed(i, &oTiming))
+        {
+            oReport.AddFormat("      Detailed #%d : %4d x %4d @ %3d Hz Pix clock = %6d KHz", AsSigned(i + 1),
+                              AsSigned(oTiming.GetHorizontalActive()), AsSigned(oTiming.GetVerticalActive()),
+                              AsSigned(oTiming.GetVerticalRateInHz()), AsSigned(oTiming.GetPixelClockInKiloHz()));
+        }
+    }
+    oReport.AddSpacer();
+}
+
+void AddSamplingFrequencies(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+{
+    static constexpr EAudioSamplingFreq s_aeRates[] = {
+        CEdidExtBlockCEA861::eAudioSamplingFreq_32KHz,  CEdidExtBlockCEA861::eAudioSamplingFreq_44KHz,
+        CEdidExtBlockCEA861::eAudioSamplingFreq_48KHz,  CEdidExtBlockCEA861::eAudioSamplingFreq_88KHz,
+        CEdidExtBlockCEA861::eAudioSamplingFreq_96KHz,  CEdidExtBlockCEA861::eAudioSamplingFreq_176KHz,
+        CEdidExtBlockCEA861::eAudioSamplingFreq_192KHz,
+    };
+
+    oReport.AddFormat("      Audio descriptor #%d supported frequencies :", iNumber);
+    for (EAudioSamplingFreq eRate : s_aeRates)
+    {
+        if (oDescriptor.m_eSamplingFreq & eRate)
+        {
+            oReport.AddFormat("      - %s KHz",
+                              static_cast<const char*>(CEdidExtBlockCEA861::GetAudioSamplingFreqStr(eRate)));
+        }
+    }
+    oReport.AddSpacer();
+}
+
+// One element for each of a run of named bits.
+struct SNamedBit
+{
+    unsigned int m_uiMask;
+    const char* m_pszText;
+};
+
+template <unsigned int uiCount>
+void AddNamedBits(CReportLines& oReport, const SNamedBit (&aoBits)[uiCount], unsigned int uiValue)
+{
+    for (const SNamedBit& oBit : aoBits)
+    {
+        if (uiValue & oBit.m_uiMask)
+        {
+            oReport.Add(oBit.m_pszText);
+        }
+    }
+}
+
+// The low byte of m_uiExtra, for linear PCM.
+void AddBitDepths(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+{
+    static constexpr SNamedBit s_aoDepths[] = {
+        { 0x01, "      - 16 bit" },
+        { 0x02, "      - 20 bit" },
+        { 0x04, "      - 24 bit" },
+    };
+    oReport.AddFormat("      Audio descriptor #%d supported bit depth :", iNumber);
+    AddNamedBits(oReport, s_aoDepths, oDescriptor.m_uiExtra);
+    oReport.AddSpacer();
+}
+
+// The low byte of m_uiExtra, in units of 8 kHz, for the compressed formats from AC3 to ATRAC.
+void AddBitRate(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+{
+    oReport.AddFormat("      Audio descriptor #%d maximum bit rate : %d KHz", iNumber,
+                      AsSigned((oDescriptor.m_uiExtra & 0xFF) * 8));
+    oReport.AddSpacer();
+}
+
+void AddAudioDescriptor(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+{
+    const unsigned int uiFormat = oDescriptor.m_eFormat;
+    oReport.AddFormat("      Audio descriptor #%d format : %s", iNumber,
+                      static_cast<const char*>(CEdidExtBlockCEA861::GetAudioFormatStr(oDescriptor.m_eFormat)));
+    oReport.AddSpacer();
+    AddSamplingFrequencies(oReport, iNumber, oDescriptor);
+    if (uiFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
+    {
+        AddBitDepths(oReport, iNumber, oDescriptor);
+    }
+    if (uiFormat >= CEdidExtBlockCEA861::eAudioFormat_Ac3 && uiFormat <= CEdidExtBlockCEA861::eAudioFormat_Atrac)
+    {
+        AddBitRate(oReport, iNumber, oDescriptor);
+    }
+}
+
+void AddAudio(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
+{
+    oReport.AddFormat("      Audio descriptor count :      %d", AsSigned(oBlock.GetAudioDescriptorCount()));
+    oReport.AddSpacer();
+    for (unsigned int i = 0; i < oBlock.GetAudioDescriptorCount(); ++i)
+    {
+        SAudioDescriptor oDescriptor = {};
+        if (oBlock.GetAudioDescriptor(i, &oDescriptor))
+        {
+            AddAudioDescriptor(oReport, AsSigned(i + 1), oDescriptor);
+        }
+    }
+}
+
+// Speaker positions of the speaker allocation data block.
+constexpr SNamedBit gsc_aoSpeakers[] = {
+    { 0x001, "      - Front left and right" },
+    { 0x002, "      - Low frequency effect" },
+    { 0x004, "      - Front center" },
+    { 0x008, "      - Rear left and right" },
+    { 0x010, "      - Rear center" },
+    { 0x020, "      - Front center left and right" },
+    { 0x040, "      - Rear center left and right" },
+    { 0x080, "      - Front wide center left and right" },
+    { 0x100, "      - Front wide high left and right" },
+    { 0x200, "      - Top center" },
+    { 0x400, "      - Front center high" },
+};
+
+// The count has no spacer behind it; each entry has one, with or without positions.
+void AddSpeakers(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
+{
+    oReport.AddFormat("      Speaker descriptor count :      %d", AsSigned(oBlock.GetSpeakerDescriptorCount()));
+    for (unsigned int i = 0; i < oBlock.GetSpeakerDescriptorCount(); ++i)
+    {
+        unsigned int uiSpeakers = 0;
+        if (oBlock.GetSpeakerDescriptor(i, &uiSpeakers))
+        {
+            AddNamedBits(oReport, gsc_aoSpeakers, uiSpeakers);
+        }
+        oReport.AddSpacer();
+    }
+}
+
+void AddWarning(CReportLines& oReport, const char* pszText)
+{
+    oReport.Add(pszText);
+    oReport.AddSpacer();
+}
+
+// What the HDMI compliance test objects to.
+void AddWarnings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
+{
+    const unsigned int uiAudioCount = oBlock.GetAudioDescriptorCount();
+    const unsigned int uiSpeakerCount = oBlock.GetSpeakerDescriptorCount();
+    if (uiSpeakerCount != 0 && uiAudioCount == 0)
+    {
+        AddWarning(oReport, "      HDMI CTS warning : Speaker descriptor without audio descriptor");
+    }
+    if (uiSpeakerCount == 0 && uiAudioCount != 0)
+    {
+        AddWarning(oReport, "      HDMI CTS warning : Audio descriptor without speaker descriptor");
+    }
+    if (uiSpeakerCount > 1)
+    {
+        AddWarning(oReport, "      HDMI CTS warning : Found more than 1 speaker descriptor");
+    }
+}
+
+void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix)
+{
+    CReportLines oReport(oLines, pszLinePrefix);
+    AddDetailedTimings(oReport, oBlock);
+    AddAudio(oReport, oBlock);
+    AddSpeakers(oReport, oBlock);
+    AddWarnings(oReport, oBlock);
+    oReport.AddFormat("      Available space :        %d byte(s)", AsSigned(oBlock.GetAvailableSpace()));
+    oReport.AddSpacer();
+}
+}

@@ -1,0 +1,91 @@
+// What the reports share: adding elements, and the monitor report with the places where the extended one differs.
+// Not installed.
+
+#pragma once
+
+#include "ZorEdidUtils.h"
+
+// Unsigned values print through "%d": counts and sizes as they are, a serial number with the top bit set as negative.
+constexpr int AsSigned(unsigned int uiValue) { return static_cast<int>(uiValue); }
+
+// Adds elements to a report, each behind the line prefix. Refers to the lines and the prefix; owns neither.
+class CReportLines
+{
+public:
+    CReportLines(CMArrayString& oLines, const char* pszLinePrefix) : m_oLines(oLines), m_pszLinePrefix(pszLinePrefix) {}
+
+    void Add(const char* pszText);
+    // Text by CMString::Format.
+    void AddFormat(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
+
+    void AddSpacer() { Add("\n"); }
+    void AddSeparator();
+
+    // What each section opens with: separator, title, spacer.
+    void BeginSection(const char* pszTitle);
+    // What all sections but the last close with, and each extension block too: separator, spacer of two line feeds.
+    void EndSection();
+
+    CMArrayString& GetLines() { return m_oLines; }
+    const char* GetLinePrefix() const { return m_pszLinePrefix; }
+
+private:
+    CMArrayString& m_oLines;
+    const char* m_pszLinePrefix;
+};
+
+// The lists that the monitor report prints, with the meaning that ExtractModeList gives them. The caller's.
+struct SReportedModes
+{
+    const CVidParamTimingGeneric& m_oPreferred;
+    const CZorEdidUtils::CModeList& m_oEstablishedVesa; // only to mark the entries of m_oEstablishedAll
+    const CZorEdidUtils::CModeList& m_oEstablishedAll;
+    const CZorEdidUtils::CModeList& m_oBaseStandard;
+    const CZorEdidUtils::CModeList& m_oBaseDetailed;
+    const CZorEdidUtils::CModeList& m_oExtStandard;
+    const CZorEdidUtils::CModeList& m_oExtDetailed;
+};
+
+// The monitor report. Refers to its arguments, which must outlive it.
+class CMonitorReport
+{
+public:
+    CMonitorReport(const CEdid& oEdid, const SReportedModes& oModes, CMArrayString& oLines, const char* pszLinePrefix)
+        : m_oEdid(oEdid), m_oModes(oModes), m_oReport(oLines, pszLinePrefix)
+    {
+    }
+    CMonitorReport(const CMonitorReport&) = delete;
+    CMonitorReport& operator=(const CMonitorReport&) = delete;
+
+    // Replaces the lines by the report.
+    void Write();
+
+protected:
+    ~CMonitorReport() = default;
+
+    // Where the two reports differ: a line behind the signal type, the type of a block, lines behind a block's
+    // checksum, and timings at the head of those of the extension blocks.
+    virtual void AddDigitalInterface() = 0;
+    virtual CMString GetTypeText(const CEdidExtBlock& oBlock) = 0;
+    virtual void AddBlockDigest(const CEdidExtBlock& oBlock) = 0;
+    virtual void AddExtStandardNative() = 0;
+
+    // One element for each timing: size, rate and the mark behind them.
+    void AddTimings(const CZorEdidUtils::CModeList& oTimings, const char* pszMark);
+
+    const CEdid& m_oEdid;
+    const SReportedModes m_oModes;
+    CReportLines m_oReport;
+
+private:
+    void AddGenericInformation();
+    void AddIdentity();
+    void AddExtensions();
+    void AddExtension(unsigned int uiIndex, const CEdidExtBlock& oBlock);
+    void AddSupportedTimings();
+    void AddEstablishedTimings();
+    void AddTiming(const CVidParamTimingGeneric& oTiming, const char* pszMark);
+    void AddRawData();
+
+    unsigned int GetBaseByte(unsigned int uiOffset) const { return m_oEdid.GetBaseBlock()[uiOffset]; }
+};

@@ -29,7 +29,7 @@ enum ESuite : unsigned int
 };
 
 constexpr unsigned int gsc_uiHeaderByte = 0; // a damaged header is not loaded
-constexpr unsigned int gsc_uiClockByte = 55; // high byte of the preferred timing's clock
+constexpr unsigned int gsc_uiWidthByte = 56; // low byte of the preferred timing's width: no tolerance hides it
 
 // A suite over damaged data.
 struct SDamageCase
@@ -119,7 +119,7 @@ private:
 void AddBaseCases(std::vector<SDamageCase>& aoCases)
 {
     CDamage<GetAsusHdData, RunAsusHd> oAsusHd(aoCases, eSuite_AsusHd, "AsusHd");
-    for (unsigned int uiOffset : { gsc_uiHeaderByte, 8U, 10U, 12U, 16U, 17U, 18U, 19U, 24U, 35U, 38U, gsc_uiClockByte,
+    for (unsigned int uiOffset : { gsc_uiHeaderByte, 8U, 10U, 12U, 16U, 17U, 18U, 19U, 24U, 35U, 38U, gsc_uiWidthByte,
                                    77U, 113U, 126U, 127U, gsc_uiExt + 4 })
     {
         oAsusHd.AddImage(
@@ -145,7 +145,7 @@ void AddBaseCases(std::vector<SDamageCase>& aoCases)
 
     CDamage<GetBaseDetailedData, RunBaseDetailed> oBaseDetailed(aoCases, eSuite_BaseDetailed, "BaseDetailed");
     oBaseDetailed.AddImage(
-        "image", gsc_uiClockByte, [](auto& oData) -> auto& { return oData.m_paui8Image; });
+        "image", gsc_uiWidthByte, [](auto& oData) -> auto& { return oData.m_paui8Image; });
     for (unsigned int i = 0; i < 2; ++i)
     {
         oBaseDetailed.AddTable(
@@ -158,7 +158,7 @@ void AddExtDetailedCases(std::vector<SDamageCase>& aoCases, ESuite eSuite, char 
 {
     CDamage<GET, RUN> oDamage(aoCases, eSuite, pszSuite);
     oDamage.AddImage(
-        "image0", gsc_uiClockByte, [](auto& oData) -> auto& { return oData.m_apaui8Image.at(0); });
+        "image0", gsc_uiWidthByte, [](auto& oData) -> auto& { return oData.m_apaui8Image.at(0); });
     oDamage.AddImage(
         "image0", gsc_uiExt + 18, [](auto& oData) -> auto& { return oData.m_apaui8Image.at(0); });
     for (unsigned int i = 0; i < 4; ++i)
@@ -206,7 +206,7 @@ void AddDepthAndCompareCases(std::vector<SDamageCase>& aoCases)
         "revision3", 19, [](auto& oData) -> auto& { return oData.m_paui8Revision3Image; });
 
     CDamage<GetTimingsCompareData, RunTimingsCompare> oCompare(aoCases, eSuite_TimingsCompare, "TimingsCompare");
-    for (unsigned int uiOffset : { gsc_uiHeaderByte, 38U, gsc_uiClockByte })
+    for (unsigned int uiOffset : { gsc_uiHeaderByte, 38U, gsc_uiWidthByte })
     {
         oCompare.AddImage(
             "first", uiOffset, [](auto& oData) -> auto& { return oData.m_paui8FirstImage; });

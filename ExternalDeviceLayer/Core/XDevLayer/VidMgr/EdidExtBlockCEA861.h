@@ -152,9 +152,9 @@ public:
     // variant where the table has one, then the HDMI codes. The YCbCr 4:2:0 timings follow: capability maps, then 4:2:0
     // blocks.
     unsigned int GetStandardCount() const override;
-    // poTiming receives the row of the table, with the 4:2:0 flag set for a YCbCr 4:2:0 timing; pbNative (may be null)
+    // poTiming receives the row of the table, with the 4:2:0 flag set for a YCbCr 4:2:0 timing; piNative (may be null)
     // 1 for a native code, else 0. An index at or above the count or a null poTiming gives 0 and touches neither.
-    int GetStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* pbNative) const override;
+    int GetStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* piNative) const override;
     // Takes every occurrence of the timing's code out of the video blocks and HDMI vendor blocks, and with it the
     // timing's 1000/1001 twin. An emptied video block loses its header; a vendor block keeps its length; YCbCr 4:2:0
     // blocks stay as they are, and a timing that only they name is refused with 0.
@@ -167,7 +167,7 @@ public:
 
     // What a short video descriptor says. Returns 1 for a valid one (1 to 127: the code; 129 to 253: bits 6 to 0 are
     // the code, native), else 0 with both outputs 0. The pointers may be null.
-    static int ExtractSvdCodeInfo(unsigned int uiCode, unsigned int* puiVic, int* pbNative);
+    static int ExtractSvdCodeInfo(unsigned int uiCode, unsigned int* puiVic, int* piNative);
     // 1 when the descriptor is valid and its code has a row in the table of timings.
     static int IsSupportedSvd(unsigned int uiCode);
 
@@ -268,7 +268,56 @@ public:
     unsigned int ExtractSpeakerInfo();
 
 private:
-    class CDataBlockWalk;
+    class CDataBlockWalk; // over all data blocks; every reader of them goes through it
+
+    // Lists that an edit makes out of date.
+    enum EList : unsigned int
+    {
+        eList_Standard = 0x1,
+        eList_Detailed = 0x2,
+        eList_Audio = 0x4,
+        eList_Speaker = 0x8,
+        eList_All = 0xF
+    };
+
+    // Offsets of an audio block's payload and of one descriptor in it; 0 when not found.
+    struct SAudioPlace
+    {
+        unsigned int m_uiBlockOffset;
+        unsigned int m_uiBlockLength;
+        unsigned int m_uiOffset;
+    };
+
+    struct SAllCodes;
+    struct SRemovedSvds;
+
+    unsigned int GetTouchedLists(unsigned int uiLists) const;
+    void FinishEdit(unsigned int uiLists);
+    void DeriveLists(unsigned int uiLists);
+
+    unsigned int GetDetailedStart() const;
+    unsigned int GetDataBlocksEnd() const;
+    unsigned int CountDetailedTimings() const;
+    unsigned int CountDataBlocks(ECea861_DataBlockTags eTag) const;
+    template <class TAG>
+    unsigned int FindDataBlock(TAG eTag, unsigned int uiIndex, unsigned int* puiLength) const;
+    SAudioPlace FindAudioDescriptor(unsigned int uiIndex) const;
+    SVicCodeEntry GetVicCodeEntry(unsigned int uiIndex) const;
+    void ListTimings(SAllCodes const& oCodes);
+    void List420Timings(SAllCodes const& oCodes);
+    unsigned int GetMost420Timings() const;
+    int RemoveSvd(SVicCodeEntryLookUp const& oLookUp, SRemovedSvds& oRemoved);
+    int RemoveHdmiVic(SVicCodeEntryLookUp const& oLookUp);
+
+    void InsertDataRange(unsigned int uiStart, unsigned int uiLength);
+    unsigned int OpenDataBlock(ECea861_DataBlockTags eTag, unsigned int uiLength);
+    unsigned int GrowDataBlock(unsigned int uiOffset, unsigned int uiLength, unsigned int uiBy);
+    void ShrinkDataBlock(unsigned int uiOffset, unsigned int uiStart, unsigned int uiBy);
+    void RemoveDataBlock(unsigned int uiOffset, unsigned int uiLength);
+    int RemoveDataBlocks(ECea861_DataBlockTags eTag);
+    void LowerDetailedStart(unsigned int uiLength);
+    void SetBasicAudio();
+    int ClearBasicAudio();
 
     CMArray<unsigned char, unsigned char const&> m_aui8Raw;
     unsigned int m_uiExtensionType;

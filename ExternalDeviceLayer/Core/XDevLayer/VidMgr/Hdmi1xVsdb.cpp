@@ -1,1 +1,173 @@
-// To be written.
+// The HDMI 1.x vendor data block: its video codes and deep colour bits, read and edited in the payload.
+// Finding the block, and the checksum after an edit, are left to EdidExtBlockCEA861.
+
+#include "Hdmi1xVsdb.h"
+
+#include "ZorAssert.h"
+#include "ZorTools.h"
+
+namespace
+{
+// Offsets in the payload.
+constexpr unsigned int gsc_uiCapabilityOffset = 5;
+constexpr unsigned int gsc_uiPresenceOffset = 7;
+constexpr unsigned int gsc_uiLatencyOffset = 8;
+
+constexpr unsigned int gsc_uiShortestPayload = gsc_uiPresenceOffset + 1;
+constexpr unsigned int gsc_uiLongestPayload = 31; // the length field of a data block has 5 bits
+
+// Presence byte.
+constexpr unsigned int gsc_uiLatencyPresent = 0x80;
+constexpr unsigned int gsc_uiInterlacedLatencyPresent = 0x40;
+constexpr unsigned int gsc_uiVideoPresent = 0x20;
+constexpr unsigned int gsc_uiLatencySize = 2; // bytes, for each kind
+
+// Offsets from the video fields.
+constexpr unsigned int gsc_uiLengthsOffset = 1;
+constexpr unsigned int gsc_uiVicsOffset = 2;
+constexpr unsigned int gsc_uiVicCountShift = 5; // in the lengths byte; the bits below are the length of the 3D data
+constexpr unsigned int gsc_uiVicCountUnit = 1U << gsc_uiVicCountShift;
+
+// Depth bits 2 to 0 stand for bits 6 to 4 of the capability byte.
+constexpr unsigned int gsc_uiDepthShift = 4;
+constexpr unsigned int gsc_uiDepthBits = 0x7;
+constexpr unsigned int gsc_uiDepthMask = gsc_uiDepthBits << gsc_uiDepthShift;
+
+// CEA VIC of HDMI VIC 1, 2, 3, 4.
+constexpr unsigned char gsc_aui8CeaVics[] = { 95, 94, 93, 98 };
+}
+
+CHdmi1xVsdb::CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload)
+    : m_pui8Fixed(nullptr), m_pui8Video(nullptr), m_pui8Payload(pui8Payload), m_uiPayloadLength(uiLength)
+{
+    if (IsSupported(uiLength, pui8Payload))
+    {
+        ExtractTimings();
+    }
+}
+
+CHdmi1xVsdb::~CHdmi1xVsdb() = default;
+
+int CHdmi1xVsdb::IsSupported(unsigned int uiLength, unsigned char const* pui8Payload)
+{
+    if (uiLength < gsc_uiShortestPayload)
+    {
+        return 0;
+    }
+    if (uiLength > gsc_uiLongestPayload || pui8Payload == nullptr)
+    {
+        MASSERT_FAILED();
+        return 0;
+    }
+    return ZorTools_memcmp(pui8Payload, msc_aui8IeeOuiHdmi1x, sizeof(msc_aui8IeeOuiHdmi1x)) == 0;
+}
+
+// Points m_pui8Video at the video fields and returns the number of HDMI VICs behind them; 0 when the fields are absent
+// or do not lie whole in the payload.
+unsigned int CHdmi1xVsdb::FindVics()
+{
+    m_pui8Video = nullptr;
+    if (m_pui8Payload == nullptr || m_uiPayloadLength < gsc_uiShortestPayload)
+    {
+        return 0;
+    }
+    m_pui8Fixed = m_pui8Payload;
+    const unsigned int uiPresence = m_pui8Fixed[gsc_uiPresenceOffset];
+    unsigned int uiVideoOffset = gsc_uiLatencyOffset;
+    uiVideoOffset += (uiPresence & gsc_uiLatencyPresent) != 0 ? gsc_uiLatencySize : 0;
+    uiVideoOffset += (uiPresence & gsc_uiInterlacedLatencyPresent) != 0 ? gsc_uiLatencySize : 0;
+    const unsigned int uiVicsOffset = uiVideoOffset + gsc_uiVicsOffset;
+    if ((uiPresence & gsc_uiVideoPresent) == 0 || uiVicsOffset > m_uiPayloadLength)
+    {
+        return 0;
+    }
+    m_pui8Video = m_pui8Payload + uiVideoOffset;
+    const unsigned int uiCount = static_cast<unsigned int>(m_pui8Video[gsc_uiLengthsOffset]) >> gsc_uiVicCountShift;
+    return uiCount <= m_uiPayloadLength - uiVicsOffset ? uiCount : 0;
+}
+
+unsigned int CHdmi1xVsdb::ExtractTimings()
+{
+    const unsigned int uiCount = FindVics();
+    m_aui8CeaVic.SetCount(uiCount, -1); // room for all, cut below to the known ones
+    unsigned int uiKnown = 0;
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        unsigned char ui8CeaVic = 0;
+        if (ConvertHdmiVicToCeaVic(m_pui8Video[gsc_uiVicsOffset + i], ui8CeaVic))
+        {
+            m_aui8CeaVic.GetData()[uiKnown++] = ui8CeaVic;
+        }
+    }
+    m_aui8CeaVic.SetCount(uiKnown, -1);
+    return uiKnown;
+}
+
+unsigned int CHdmi1xVsdb::EnumCea861Vic(unsigned int uiIndex) const
+{
+    return uiIndex < m_aui8CeaVic.GetCount() ? m_aui8CeaVic.GetData()[uiIndex] : 0;
+}
+
+int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
+{
+    if (uiVic == 0)
+    {
+        return 0;
+    }
+    const unsigned int uiCount = FindVics();
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        unsigned char* pui8Vic = m_pui8Video + gsc_uiVicsOffset + i;
+        unsigned char ui8CeaVic = 0;
+        ConvertHdmiVicToCeaVic(*pui8Vic, ui8CeaVic);
+        if (ui8CeaVic != uiVic)
+        {
+            continue;
+        }
+        const unsigned int uiBehind = uiCount - i - 1;
+        ZorTools_memmove(pui8Vic, pui8Vic + 1, uiBehind);
+        pui8Vic[uiBehind] = 0;
+        unsigned char& ui8Lengths = m_pui8Video[gsc_uiLengthsOffset];
+        ui8Lengths = static_cast<unsigned char>(ui8Lengths - gsc_uiVicCountUnit);
+        ExtractTimings();
+        return 1;
+    }
+    return 0;
+}
+
+int CHdmi1xVsdb::ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic)
+{
+    if (ui8HdmiVic == 0 || ui8HdmiVic > sizeof(gsc_aui8CeaVics))
+    {
+        return 0;
+    }
+    ui8CeaVic = gsc_aui8CeaVics[ui8HdmiVic - 1];
+    return 1;
+}
+
+int CHdmi1xVsdb::GetColorBitDepthSupport(unsigned int& uiBits)
+{
+    uiBits = 0;
+    if (m_pui8Payload == nullptr || m_uiPayloadLength <= gsc_uiCapabilityOffset)
+    {
+        MASSERT_FAILED();
+        return 0;
+    }
+    m_pui8Fixed = m_pui8Payload;
+    uiBits = (static_cast<unsigned int>(m_pui8Fixed[gsc_uiCapabilityOffset]) >> gsc_uiDepthShift) & gsc_uiDepthBits;
+    return 1;
+}
+
+int CHdmi1xVsdb::SetColorBitDepthSupport(unsigned int uiBits)
+{
+    if (m_pui8Payload == nullptr || m_uiPayloadLength <= gsc_uiCapabilityOffset)
+    {
+        MASSERT_FAILED();
+        return 0;
+    }
+    m_pui8Fixed = m_pui8Payload;
+    unsigned char& ui8Capability = m_pui8Fixed[gsc_uiCapabilityOffset];
+    const unsigned int uiDepth = (uiBits & gsc_uiDepthBits) << gsc_uiDepthShift;
+    ui8Capability = static_cast<unsigned char>((ui8Capability & ~gsc_uiDepthMask) | uiDepth);
+    return 1;
+}

@@ -54,6 +54,8 @@ public:
     int SetColorBitDepthSupport(unsigned int uiBits);
 
 private:
+    unsigned int FindVics();
+
     unsigned char* m_pui8Fixed; // fixed fields; null until they are read
     unsigned char* m_pui8Video; // the byte at offset o; null until ExtractTimings finds video fields
     unsigned char* m_pui8Payload;

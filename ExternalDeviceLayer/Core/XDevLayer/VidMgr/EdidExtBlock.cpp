@@ -4,6 +4,8 @@
 
 #include <initializer_list>
 
+#include "EdidExtBlockCEA861.h"
+#include "EdidExtBlockDisplayID.h"
 #include "ZorAssert.h"
 
 CEdidExtBlock::~CEdidExtBlock() = default;
@@ -33,8 +35,17 @@ int CEdidExtBlock::GetTopologyDescription(unsigned int& uiTileLocationX, unsigne
     return 0;
 }
 
-CEdidExtBlock* CEdidExtBlock::CreateExtensionBlock(unsigned int, unsigned char const*, unsigned int)
+CEdidExtBlock* CEdidExtBlock::CreateExtensionBlock(unsigned int uiSize, unsigned char const* pui8Data,
+                                                   unsigned int uiStripFlags)
 {
+    if (CEdidExtBlockCEA861::IsSupported(uiSize, pui8Data) != 0)
+    {
+        return new CEdidExtBlockCEA861(uiSize, pui8Data, uiStripFlags);
+    }
+    if (CEdidExtBlockDisplayID::IsSupported(uiSize, pui8Data) != 0)
+    {
+        return new CEdidExtBlockDisplayID(uiSize, pui8Data); // never stripped
+    }
     MASSERT_FAILED();
     return nullptr;
 }

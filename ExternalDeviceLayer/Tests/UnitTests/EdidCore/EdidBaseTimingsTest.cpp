@@ -1,0 +1,576 @@
+// Established, standard and detailed timings of the base block, and their edits.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "BaseBlockImage.h"
+#include "EdidBase.h"
+#include "EditCheck.h"
+#include "VidParamTimingGeneric.h"
+
+namespace
+{
+void Load(CEdidBase& oBase, const CBaseBlockImage::Bytes& aui8Data)
+{
+    ASSERT_EQ(1, oBase.SetEdidBuffer(aui8Data.data(), static_cast<unsigned int>(aui8Data.size()), 0));
+}
+
+std::string NameOf(const CVidParamTiming& oTiming)
+{
+    return std::to_string(oTiming.GetHorizontalActive()) + "x" + std::to_string(oTiming.GetVerticalActive()) + "@" +
+           std::to_string(oTiming.GetVerticalRateInHz());
+}
+
+// ---- Established timings ----
+
+struct SEstablishedCase
+{
+    unsigned int m_uiBit;
+    const char* m_szTiming;
+    bool m_bVesa;
+    bool m_bGtf;
+};
+
+// As published: byte 35 from bit 7 down, byte 36, byte 37 bit 7.
+const SEstablishedCase gsc_aoEstablishedCases[] = {
+    { 0x80, "720x400@70", false, true },      { 0x40, "720x400@88", false, true },
+    { 0x20, "640x480@60", true, false },      { 0x10, "640x480@67", false, true },
+    { 0x08, "640x480@72", true, false },      { 0x04, "640x480@75", true, false },
+    { 0x02, "800x600@56", true, false },      { 0x01, "800x600@60", true, false },
+    { 0x8000, "800x600@72", true, false },    { 0x4000, "800x600@75", true, false },
+    { 0x2000, "832x624@75", false, true },    { 0x1000, "1024x768@43", false, false },
+    { 0x0800, "1024x768@60", true, false },   { 0x0400, "1024x768@70", true, false },
+    { 0x0200, "1024x768@75", true, false },   { 0x0100, "1280x1024@75", true, false },
+    { 0x800000, "1152x870@75", false, true },
+};
+
+CBaseBlockImage& SetBits(CBaseBlockImage& oImage, unsigned int uiBits)
+{
+    return oImage.Set(35, { static_cast<unsigned char>(uiBits & 0xFF), static_cast<unsigned char>(uiBits >> 8 & 0xFF),
+                            static_cast<unsigned char>(uiBits >> 16 & 0xFF) });
+}
+
+CBaseBlockImage MakeEstablishedImage(unsigned int uiBits)
+{
+    CBaseBlockImage oImage;
+    return SetBits(oImage, uiBits);
+}
+
+TEST(Established, EachBitAlone)
+{
+    for (const SEstablishedCase& oCase : gsc_aoEstablishedCases)
+    {
+        SCOPED_TRACE(oCase.m_szTiming);
+        const auto eId = static_cast<CEdidBase::EEstablishedTiming>(oCase.m_uiBit);
+        CEdidBase oBase;
+        Load(oBase, MakeEstablishedImage(oCase.m_uiBit).Get());
+        CVidParamTimingGeneric oTiming;
+        EXPECT_EQ(1, oBase.GetEstablishedFromId(eId, &oTiming, 0));
+        EXPECT_EQ(oCase.m_szTiming, NameOf(oTiming));
+        EXPECT_EQ(oCase.m_bGtf, oTiming.GetVideoFamilyType() == CVidParamTiming::eVidParamType_Gtf);
+        EXPECT_EQ(oCase.m_bVesa ? 1 : 0, oBase.GetEstablishedFromId(eId, nullptr, 1));
+        EXPECT_EQ(1U, oBase.GetEstablishedCount(0));
+        EXPECT_EQ(oCase.m_bVesa ? 1U : 0U, oBase.GetEstablishedCount(1));
+
+        Load(oBase, MakeEstablishedImage(~oCase.m_uiBit).Get());
+        EXPECT_EQ(0, oBase.GetEstablishedFromId(eId, nullptr, 0));
+        EXPECT_EQ(16U, oBase.GetEstablishedCount(0)); // the bits without a timing do not count
+    }
+}
+
+TEST(Established, ListRunsInPublishedOrder)
+{
+    CEdidBase oBase;
+    Load(oBase, MakeEstablishedImage(0xFFFFFF).Get());
+    for (const int bVesaOnly : { 0, 1 })
+    {
+        unsigned int uiIndex = 0;
+        CVidParamTimingGeneric oTiming;
+        for (const SEstablishedCase& oCase : gsc_aoEstablishedCases)
+        {
+            if (bVesaOnly == 0 || oCase.m_bVesa)
+            {
+                EXPECT_EQ(1, oBase.GetEstablished(uiIndex++, &oTiming, bVesaOnly));
+                EXPECT_EQ(oCase.m_szTiming, NameOf(oTiming));
+            }
+        }
+        EXPECT_EQ(bVesaOnly != 0 ? 11U : 17U, uiIndex);
+        EXPECT_EQ(uiIndex, oBase.GetEstablishedCount(bVesaOnly));
+        // Behind the list the output holds the last timing that was passed by, unless the index is out of any range.
+        EXPECT_EQ(0, oBase.GetEstablished(uiIndex, &oTiming, bVesaOnly));
+        EXPECT_EQ(bVesaOnly != 0 ? "1280x1024@75" : "1152x870@75", NameOf(oTiming));
+        oTiming.ClearData();
+        EXPECT_EQ(0, oBase.GetEstablished(17, &oTiming, bVesaOnly));
+        EXPECT_EQ("0x0@0", NameOf(oTiming));
+    }
+}
+
+TEST(Established, SettingOneBitTouchesNoOther)
+{
+    for (const SEstablishedCase& oCase : gsc_aoEstablishedCases)
+    {
+        SCOPED_TRACE(oCase.m_szTiming);
+        const auto eId = static_cast<CEdidBase::EEstablishedTiming>(oCase.m_uiBit);
+        const unsigned int uiByte = oCase.m_uiBit > 0xFFFF ? 37 : oCase.m_uiBit > 0xFF ? 36 : 35;
+        for (const bool bSet : { false, true })
+        {
+            CEdidBase oBase;
+            Load(oBase, MakeEstablishedImage(bSet ? 0 : 0xFFFFFF).Get());
+            CEditCheck oCheck(oBase);
+            EXPECT_EQ(1, oBase.SetEstablishedFromId(eId, bSet ? 1 : 0, 1));
+            oCheck.ExpectEdited({ { uiByte, 1 } });
+            const unsigned int uiBits = oBase.GetBaseBlock()[35] | oBase.GetBaseBlock()[36] << 8U |
+                                        static_cast<unsigned int>(oBase.GetBaseBlock()[37]) << 16;
+            EXPECT_EQ(bSet ? oCase.m_uiBit : 0xFFFFFF & ~oCase.m_uiBit, uiBits);
+        }
+    }
+}
+
+TEST(Established, ValuesThatNameNoTimingAreRefused)
+{
+    CEdidBase oBase;
+    Load(oBase, MakeEstablishedImage(0xFFFFFF).GetWithWrongChecksum());
+    CEditCheck oCheck(oBase);
+    for (const unsigned int uiValue : { 0U, 0x03U, 0x400000U, 0x010000U, 0x1000000U, 0xFFFFFFFFU })
+    {
+        const auto eId = static_cast<CEdidBase::EEstablishedTiming>(uiValue);
+        EXPECT_EQ(0, oBase.SetEstablishedFromId(eId, 0, 1));
+        EXPECT_EQ(0, oBase.GetEstablishedFromId(eId, nullptr, 0));
+    }
+    EXPECT_EQ(0, oBase.SetEstablished(11, 0, 1));
+    EXPECT_EQ(0, oBase.SetEstablished(0xFFFFFFFF, 0, 1));
+    oCheck.ExpectUnchanged();
+}
+
+TEST(Established, ChecksumOnRequest)
+{
+    CEdidBase oBase;
+    Load(oBase, MakeEstablishedImage(0x20).Get());
+    CEditCheck oCheck(oBase);
+    EXPECT_EQ(1, oBase.SetEstablishedFromId(CEdidBase::eEstablished640x480At60, 0, 0));
+    EXPECT_EQ(0, CEdidUtils::Is8BitsChecksumValid(128, oBase.GetBaseBlock()));
+    oBase.UpdateChecksum();
+    oCheck.ExpectEdited({ { 35, 1 } });
+}
+
+// The numbering is that of the VESA modes which are set: 720x400 does not count, and a clear bit has no number.
+TEST(Established, SettingByIndexNumbersTheListedVesaModes)
+{
+    CEdidBase oBase;
+    Load(oBase, MakeEstablishedImage(0x80 | 0x20 | 0x08 | 0x1000 | 0x0100).Get());
+    EXPECT_EQ(1, oBase.SetEstablished(1, 0, 1)); // 640x480@72
+    EXPECT_EQ(0xA0, oBase.GetBaseBlock()[35]);
+    EXPECT_EQ(1, oBase.SetEstablished(1, 1, 1)); // now 1280x1024@75, set again
+    EXPECT_EQ(0x11, oBase.GetBaseBlock()[36]);
+    EXPECT_EQ(0, oBase.SetEstablished(2, 1, 1));
+}
+
+// ---- Standard timings ----
+
+struct SPairCase
+{
+    const char* m_szName;
+    unsigned char m_ui8Revision;
+    unsigned char m_aui8Pair[2];
+    const char* m_szTiming; // empty: refused
+    CVidParamTiming::EVidParamType m_eFamily;
+    unsigned int m_uiClockInKiloHz; // 0: not looked at
+};
+
+constexpr auto eDmt = CVidParamTiming::eVidParamType_Dmt;
+constexpr auto eDmtReduced = CVidParamTiming::eVidParamType_DmtReducedBlanking;
+constexpr auto eGtf = CVidParamTiming::eVidParamType_Gtf;
+constexpr auto eNone = CVidParamTiming::eVidParamType_None;
+
+const SPairCase gsc_aoPairCases[] = {
+    { "16:9", 3, { 0x81, 0xC0 }, "1280x720@60", eDmt, 74250 },
+    { "16:9", 3, { 0xD1, 0xC0 }, "1920x1080@60", eDmt, 148500 },
+    { "5:4", 3, { 0x81, 0x80 }, "1280x1024@60", eDmt, 108000 },
+    { "4:3", 3, { 0x61, 0x40 }, "1024x768@60", eDmt, 65000 },
+    { "4:3, top rate", 3, { 0x59, 0x7F }, "960x720@123", eGtf, 0 },
+    { "16:10 since revision 3", 3, { 0x61, 0x00 }, "1024x640@60", eGtf, 0 },
+    { "1:1 before", 2, { 0x61, 0x00 }, "1024x1024@60", eGtf, 0 },
+    { "table has this size at 75 only", 3, { 0x71, 0x40 }, "1152x864@60", eGtf, 0 },
+    { "override 640x350", 3, { 0x31, 0xD9 }, "640x350@85", eDmt, 31500 },
+    { "override 720x400", 3, { 0x3B, 0xD9 }, "720x400@85", eDmt, 35500 },
+    { "override 848x480", 3, { 0x4B, 0xC0 }, "848x480@60", eDmt, 33750 },
+    { "override 1360x768", 3, { 0x8B, 0xC0 }, "1360x768@60", eDmt, 85500 },
+    { "override 1360x768 reduced", 3, { 0x8B, 0xFC }, "1360x768@120", eDmtReduced, 148250 },
+    { "override 1280x800", 3, { 0x81, 0x00 }, "1280x800@60", eDmt, 83500 },
+    { "override whatever the revision", 2, { 0x81, 0x00 }, "1280x800@60", eDmt, 83500 },
+    { "override 1400x1050", 3, { 0x90, 0x40 }, "1400x1050@60", eDmt, 121750 },
+    { "override 1440x900", 3, { 0x95, 0x00 }, "1440x900@60", eDmt, 106500 },
+    { "override 1680x1050", 3, { 0xB3, 0x00 }, "1680x1050@60", eDmt, 146250 },
+    { "override 1920x1200 reduced", 3, { 0xD1, 0x00 }, "1920x1200@60", eDmtReduced, 154000 },
+    { "override 1600x900 reduced", 3, { 0xA9, 0xC0 }, "1600x900@60", eDmtReduced, 108000 },
+    { "override needs the second byte too", 3, { 0x8B, 0xC1 }, "1360x765@61", eGtf, 0 },
+    { "override needs the first byte too", 3, { 0x8C, 0xFC }, "1368x769@120", eGtf, 0 },
+    { "empty 01 01", 3, { 0x01, 0x01 }, "", eNone, 0 },
+    { "empty 00 00", 3, { 0x00, 0x00 }, "", eNone, 0 },
+    { "empty whatever the second byte", 3, { 0x01, 0x40 }, "", eNone, 0 },
+    { "in use, but too small for any mode", 3, { 0x02, 0x00 }, "", eNone, 0 },
+};
+
+TEST(Standard, PairsAndTheirModes)
+{
+    for (const SPairCase& oCase : gsc_aoPairCases)
+    {
+        SCOPED_TRACE(std::string(oCase.m_szName) + " " + oCase.m_szTiming);
+        const int iExpected = oCase.m_eFamily == eNone ? 0 : 1;
+        CEdidBase oBase;
+        Load(oBase,
+             CBaseBlockImage().Version(1, oCase.m_ui8Revision).Slot(5, oCase.m_aui8Pair[0], oCase.m_aui8Pair[1]).Get());
+        const CEdidBase::SStandard oPair = { oCase.m_aui8Pair[0], oCase.m_aui8Pair[1] };
+        CVidParamTimingGeneric oTiming;
+        EXPECT_EQ(iExpected, oBase.GetStandardTiming(&oPair, &oTiming));
+        EXPECT_EQ(iExpected, oBase.GetStandardTiming(&oPair, nullptr));
+        EXPECT_EQ(oCase.m_eFamily, oTiming.GetVideoFamilyType());
+        EXPECT_EQ(iExpected != 0 ? oCase.m_szTiming : "0x0@0", NameOf(oTiming));
+        if (oCase.m_uiClockInKiloHz != 0)
+        {
+            EXPECT_EQ(oCase.m_uiClockInKiloHz, oTiming.GetPixelClockInKiloHz());
+        }
+
+        // Through the slot and through the list: a pair without a mode takes no index.
+        int iNative = 7;
+        oTiming.ClearData();
+        EXPECT_EQ(iExpected, oBase.GetStandard(CEdidBase::eStandardSlot5, &oTiming, &iNative));
+        EXPECT_EQ(oCase.m_eFamily, oTiming.GetVideoFamilyType());
+        EXPECT_EQ(0, iNative);
+        EXPECT_EQ(iExpected != 0 ? 1U : 0U, oBase.GetStandardCount());
+        iNative = 7;
+        EXPECT_EQ(iExpected, oBase.GetStandard(0U, nullptr, &iNative));
+        EXPECT_EQ(0, iNative);
+    }
+}
+
+TEST(Standard, NullAndIndexesOutOfRange)
+{
+    CEdidBase oBase;
+    Load(oBase, CBaseBlockImage().Slot(0, 0x81, 0xC0).Get());
+    EXPECT_EQ(0, oBase.GetStandardTiming(nullptr, nullptr));
+    int iNative = 7;
+    EXPECT_EQ(0, oBase.GetStandard(1U, nullptr, &iNative));
+    EXPECT_EQ(0, iNative);
+    iNative = 7;
+    EXPECT_EQ(0, oBase.GetStandard(static_cast<CEdidBase::EStandardSlotIndex>(8), nullptr, &iNative));
+    EXPECT_EQ(0, iNative);
+    EXPECT_EQ(1, oBase.GetStandard(0U, nullptr, nullptr));
+}
+
+TEST(Standard, InvalidatingWritesTheEmptyPair)
+{
+    CEdidBase::SStandard oPair = { 0xD1, 0xC0 };
+    EXPECT_EQ(0, CEdidBase::IsInvalidStandard(oPair));
+    CEdidBase::InvalidateStandard(oPair);
+    EXPECT_EQ(0x01, oPair.m_ui8Code1);
+    EXPECT_EQ(0x01, oPair.m_ui8Code2);
+    EXPECT_NE(0, CEdidBase::IsInvalidStandard(oPair));
+    oPair = { 0x02, 0x00 };
+    EXPECT_EQ(0, CEdidBase::IsInvalidStandard(oPair));
+}
+
+using Slots = std::array<unsigned char, 16>;
+
+CBaseBlockImage MakeSlotsImage(const Slots& aui8Slots)
+{
+    CBaseBlockImage oImage;
+    for (unsigned int ui = 0; ui < 8; ++ui)
+    {
+        oImage.Slot(ui, aui8Slots[2 * ui], aui8Slots[2 * ui + 1]);
+    }
+    return oImage;
+}
+
+Slots SlotsOf(const CEdidBase& oBase)
+{
+    Slots aui8Slots;
+    std::copy_n(oBase.GetBaseBlock() + 38, aui8Slots.size(), aui8Slots.begin());
+    return aui8Slots;
+}
+
+// What repacking makes of the sixteen bytes, by hand.
+struct SRepackCase
+{
+    const char* m_szName;
+    Slots m_aui8Before;
+    Slots m_aui8After;
+};
+
+const SRepackCase gsc_aoRepackCases[] = {
+    { "pairs at the front stay",
+      { 0x81, 0xC0, 0xD1, 0xC0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1 },
+      { 0x81, 0xC0, 0xD1, 0xC0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1 } },
+    { "gaps close in order",
+      { 1, 1, 0x81, 0xC0, 0xD1, 0xC0, 1, 1, 0x61, 0x40, 1, 1, 0x81, 0x80, 1, 1 },
+      { 0x81, 0xC0, 0xD1, 0xC0, 0x61, 0x40, 0x81, 0x80, 1, 1, 1, 1, 1, 1, 1, 1 } },
+    // 02 00 has no mode and moves all the same; 00 40 and 01 00 are empty and stay where nothing moves over them.
+    { "bytes decide, not modes",
+      { 0x00, 0x40, 0x02, 0x00, 0x01, 0x00, 0x00, 0x99, 0x81, 0xC0, 0x00, 0x77, 0x01, 0x55, 0, 0 },
+      { 0x02, 0x00, 0x81, 0xC0, 0x01, 0x00, 0x00, 0x99, 1, 1, 0x00, 0x77, 0x01, 0x55, 0, 0 } },
+    { "nothing in use",
+      { 0, 0, 1, 0, 0, 1, 1, 1, 0, 9, 1, 9, 0, 0, 1, 1 },
+      { 0, 0, 1, 0, 0, 1, 1, 1, 0, 9, 1, 9, 0, 0, 1, 1 } },
+};
+
+TEST(Standard, Repacking)
+{
+    for (const SRepackCase& oCase : gsc_aoRepackCases)
+    {
+        SCOPED_TRACE(oCase.m_szName);
+        CEdidBase oBase;
+        Load(oBase, MakeSlotsImage(oCase.m_aui8Before).Get());
+        CEditCheck oCheck(oBase);
+        oBase.RePackStandards();
+        oCheck.ExpectEdited({ { 38, 16 } });
+        EXPECT_EQ(oCase.m_aui8After, SlotsOf(oBase));
+    }
+}
+
+TEST(Standard, RemovalMovesTheLaterOnesDown)
+{
+    const Slots aui8Before = { 1, 1, 0x81, 0xC0, 0xD1, 0xC0, 1, 1, 0x61, 0x40, 1, 1, 0x81, 0x80, 1, 1 };
+    CEdidBase oBase;
+    Load(oBase, MakeSlotsImage(aui8Before).Get());
+    ASSERT_EQ(4U, oBase.GetStandardCount());
+    for (const unsigned int uiSlot : { 0U, 3U, 5U, 7U })
+    {
+        EXPECT_EQ(0, oBase.GetStandard(static_cast<CEdidBase::EStandardSlotIndex>(uiSlot), nullptr, nullptr));
+    }
+
+    CEditCheck oCheck(oBase);
+    ASSERT_EQ(1, oBase.RemoveStandard(0));
+    oCheck.ExpectEdited({ { 38, 16 } });
+    const Slots aui8After = { 0xD1, 0xC0, 0x61, 0x40, 0x81, 0x80, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1 };
+    EXPECT_EQ(aui8After, SlotsOf(oBase));
+    EXPECT_EQ(3U, oBase.GetStandardCount());
+    CVidParamTimingGeneric oTiming;
+    EXPECT_EQ(1, oBase.GetStandard(2U, &oTiming, nullptr));
+    EXPECT_EQ("1280x1024@60", NameOf(oTiming));
+
+    CEditCheck oRefused(oBase);
+    EXPECT_EQ(0, oBase.RemoveStandard(3));
+    EXPECT_EQ(0, oBase.RemoveStandard(0xFFFFFFFF));
+    oRefused.ExpectUnchanged();
+    ASSERT_EQ(1, oBase.RemoveStandard(2));
+    ASSERT_EQ(1, oBase.RemoveStandard(1));
+    ASSERT_EQ(1, oBase.RemoveStandard(0));
+    EXPECT_EQ(0U, oBase.GetStandardCount());
+}
+
+// Emptying zeroes the slots but keeps the list of them: the count stays, and every one of the timings is refused.
+TEST(Standard, CountOfAnEmptiedObjectMayStay)
+{
+    CEdidBase oBase;
+    Load(oBase, CBaseBlockImage().Slot(0, 0x81, 0xC0).Slot(3, 0xD1, 0xC0).Get());
+    oBase.ClearEdidBuffer();
+    EXPECT_EQ(2U, oBase.GetStandardCount());
+    EXPECT_EQ(0, oBase.GetStandard(0U, nullptr, nullptr));
+    EXPECT_EQ(0, oBase.RemoveStandard(1));
+    Load(oBase, CBaseBlockImage().Get());
+    EXPECT_EQ(0U, oBase.GetStandardCount());
+}
+
+TEST(Standard, ExtraPairsInTheirDescriptors)
+{
+    CEdidBase oBase;
+    Load(oBase, CBaseBlockImage()
+                    .Descriptor(1, { 0, 0, 0, 0xFA, 0, 0x81, 0xC0, 1, 1, 0, 0, 0, 0, 0, 0, 0xD1, 0xC0, 0x0A })
+                    .Descriptor(3, { 0, 0, 0, 0xFA, 0, 0x61, 0x40, 1, 1, 1, 1, 1, 1, 1, 1, 0x81, 0x80, 0x0A })
+                    .Get());
+    const struct
+    {
+        unsigned int m_uiIndex;
+        const char* m_szTiming;
+    } aoCases[] = { { 0, "1280x720@60" },   { 1, "" },  { 5, "1920x1080@60" }, { 6, "1024x768@60" },
+                    { 11, "1280x1024@60" }, { 12, "" }, { 0xFFFFFFFF, "" } };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_uiIndex);
+        CVidParamTimingGeneric oTiming;
+        const bool bThere = oCase.m_szTiming[0] != '\0';
+        EXPECT_EQ(bThere ? 1 : 0, oBase.GetExtraStdTiming(oCase.m_uiIndex, oTiming));
+        EXPECT_EQ(bThere ? oCase.m_szTiming : "0x0@0", NameOf(oTiming));
+    }
+    EXPECT_EQ(0U, oBase.GetStandardCount());
+}
+
+// ---- Detailed timings ----
+
+constexpr DescriptorBytes gsc_aui8Tag1 = { 0, 0, 0, 1 };                         // counts, but is no timing
+constexpr DescriptorBytes gsc_aui8NoWidth = { 0x02, 0x3A, 0, 0x18, 0x01, 0x38 }; // counts, but has no width
+
+struct SDetailedCase
+{
+    const char* m_szName;
+    DescriptorBytes m_aaui8Descriptors[4];
+    unsigned int m_uiCount;
+    std::array<const char*, 4> m_aszTimings; // by index; null: refused
+};
+
+const SDetailedCase gsc_aoDetailedCases[] = {
+    { "two timings and texts",
+      { gsc_aui8Timing1080p, gsc_aui8Timing720p, gsc_aui8Name, { 0, 0, 0, 0x10 } },
+      2,
+      { "1920x1080@60", "1280x720@60", nullptr, nullptr } },
+    { "texts between take no index",
+      { gsc_aui8Name, gsc_aui8Timing720p, gsc_aui8Name, gsc_aui8Timing1080p },
+      2,
+      { "1280x720@60", "1920x1080@60", nullptr, nullptr } },
+    { "four",
+      { gsc_aui8Timing720p, gsc_aui8Timing1080p, gsc_aui8Timing720p, gsc_aui8Timing1080p },
+      4,
+      { "1280x720@60", "1920x1080@60", "1280x720@60", "1920x1080@60" } },
+    { "a candidate that is no timing ends the count, not the numbering",
+      { gsc_aui8Timing1080p, gsc_aui8Tag1, gsc_aui8Timing720p, gsc_aui8NoWidth },
+      1,
+      { "1920x1080@60", nullptr, "1280x720@60", nullptr } },
+    { "no timing in front", { gsc_aui8NoWidth, gsc_aui8Timing720p }, 0, { nullptr, "1280x720@60", nullptr, nullptr } },
+};
+
+CBaseBlockImage MakeDetailedImage(const DescriptorBytes (&aaui8Descriptors)[4])
+{
+    CBaseBlockImage oImage;
+    for (unsigned int ui = 0; ui < 4; ++ui)
+    {
+        oImage.Descriptor(ui, aaui8Descriptors[ui]);
+    }
+    return oImage;
+}
+
+TEST(Detailed, CandidatesAndTheirCount)
+{
+    for (const SDetailedCase& oCase : gsc_aoDetailedCases)
+    {
+        SCOPED_TRACE(oCase.m_szName);
+        CEdidBase oBase;
+        Load(oBase, MakeDetailedImage(oCase.m_aaui8Descriptors).Get());
+        EXPECT_EQ(oCase.m_uiCount, oBase.GetDetailedCount());
+        for (unsigned int ui = 0; ui < 4; ++ui)
+        {
+            CVidParamTimingGeneric oTiming;
+            const char* pszTiming = oCase.m_aszTimings[ui];
+            EXPECT_EQ(pszTiming != nullptr ? 1 : 0, oBase.GetDetailed(ui, &oTiming)) << ui;
+            EXPECT_EQ(pszTiming != nullptr ? pszTiming : "0x0@0", NameOf(oTiming)) << ui;
+        }
+        EXPECT_EQ(0, oBase.GetDetailed(4, nullptr));
+        EXPECT_EQ(0, oBase.GetDetailed(0xFFFFFFFF, nullptr));
+    }
+}
+
+// Version, revision and feature byte decide whether index 0 is the preferred timing.
+struct SPreferredCase
+{
+    const char* m_szName;
+    unsigned char m_ui8Version;
+    unsigned char m_ui8Revision;
+    unsigned char m_ui8Features;
+    bool m_bProtected;
+};
+
+const SPreferredCase gsc_aoPreferredCases[] = {
+    { "1.3", 1, 3, 0xFD, true },
+    { "1.4", 1, 4, 0x00, true },
+    { "1.2 by its feature bit", 1, 2, 0x02, true },
+    { "1.2 without", 1, 2, 0xFD, false },
+    { "2.4 without", 2, 4, 0x00, false },
+    { "2.0 by its feature bit", 2, 0, 0x02, true },
+};
+
+TEST(Detailed, PreferredTimingIsReplacedElseRemoved)
+{
+    CVidParamTimingGeneric oTiming;
+    oTiming.SetHorizontalActive(800);
+    oTiming.SetVerticalActive(600);
+    oTiming.SetPixelClockInKiloHz(40000);
+    for (const SPreferredCase& oCase : gsc_aoPreferredCases)
+    {
+        SCOPED_TRACE(oCase.m_szName);
+        const CBaseBlockImage::Bytes aui8Data = CBaseBlockImage()
+                                                    .Version(oCase.m_ui8Version, oCase.m_ui8Revision)
+                                                    .Set(24, { oCase.m_ui8Features })
+                                                    .Descriptor(1, gsc_aui8Timing1080p)
+                                                    .Descriptor(2, gsc_aui8Timing720p)
+                                                    .Descriptor(3, gsc_aui8Name)
+                                                    .Get();
+        CEdidBase oBase;
+        Load(oBase, aui8Data);
+        CEditCheck oRemoval(oBase);
+        EXPECT_EQ(oCase.m_bProtected ? 0 : 1, oBase.RemoveDetailed(0));
+        if (oCase.m_bProtected)
+        {
+            oRemoval.ExpectUnchanged();
+        }
+        else
+        {
+            oRemoval.ExpectEdited({ { 72, 18 } });
+            EXPECT_EQ(0x10, oBase.GetBaseBlock()[75]);
+        }
+
+        Load(oBase, aui8Data);
+        CEditCheck oReplacement(oBase);
+        EXPECT_EQ(0, oBase.SetPreferredMode(nullptr));
+        oReplacement.ExpectUnchanged();
+        EXPECT_EQ(oCase.m_bProtected ? 1 : 0, oBase.SetPreferredMode(&oTiming));
+        if (oCase.m_bProtected)
+        {
+            // The first descriptor is empty, so that the second holds the preferred timing.
+            oReplacement.ExpectEdited({ { 72, 18 } });
+            CVidParamTimingGeneric oRead;
+            EXPECT_EQ(1, oBase.GetDetailed(0, &oRead));
+            EXPECT_EQ(800U, oRead.GetHorizontalActive());
+        }
+        else
+        {
+            oReplacement.ExpectUnchanged();
+        }
+
+        Load(oBase, aui8Data);
+        CEditCheck oSecond(oBase);
+        EXPECT_EQ(1, oBase.RemoveDetailed(1));
+        oSecond.ExpectEdited({ { 90, 18 } });
+        EXPECT_EQ(1U, oBase.GetDetailedCount());
+        CEditCheck oNoMore(oBase);
+        EXPECT_EQ(0, oBase.RemoveDetailed(1));
+        EXPECT_EQ(0, oBase.RemoveDetailed(4));
+        oNoMore.ExpectUnchanged();
+    }
+}
+
+TEST(Detailed, PreferredModeWithoutADescriptorIsRefused)
+{
+    CEdidBase oBase;
+    Load(oBase, CBaseBlockImage().Get());
+    const CVidParamTimingGeneric oTiming;
+    CEditCheck oCheck(oBase);
+    EXPECT_EQ(0, oBase.SetPreferredMode(&oTiming));
+    oCheck.ExpectUnchanged();
+}
+
+// Bytes 21 and 22 go in as they stand, both or neither.
+TEST(Detailed, PreferredModeTakesTheImageSize)
+{
+    const struct
+    {
+        unsigned char m_aui8Size[2];
+        unsigned int m_uiWidth;
+        unsigned int m_uiHeight;
+    } aoCases[] = { { { 60, 34 }, 60, 34 }, { { 255, 1 }, 255, 1 }, { { 0, 34 }, 0, 0 }, { { 60, 0 }, 0, 0 } };
+    const CVidParamTimingGeneric oTiming;
+    for (const auto& oCase : aoCases)
+    {
+        CEdidBase oBase;
+        Load(oBase, CBaseBlockImage()
+                        .Set(21, { oCase.m_aui8Size[0], oCase.m_aui8Size[1] })
+                        .Descriptor(0, gsc_aui8Timing1080p)
+                        .Get());
+        EXPECT_EQ(1, oBase.SetPreferredMode(&oTiming));
+        EXPECT_EQ(oCase.m_uiWidth, oBase.GetBaseBlock()[54 + 12]);
+        EXPECT_EQ(oCase.m_uiHeight, oBase.GetBaseBlock()[54 + 13]);
+        EXPECT_EQ(0, oBase.GetBaseBlock()[54 + 14]);
+    }
+}
+}

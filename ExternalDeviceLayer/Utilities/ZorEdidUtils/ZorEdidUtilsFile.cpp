@@ -43,6 +43,7 @@ private:
 bool IsNameOfKind(const CMString& oPath, const char* pszKind) { return oPath.FindNoCase(pszKind, 0) != -1; }
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromFile(CMString oPath, CByteArray& oData)
 {
     int bLoaded = 0;
@@ -75,6 +76,7 @@ unsigned int GetFileSize(FILE* poFile)
 }
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromBinFile(CMString oPath, CByteArray& oData)
 {
     oData.RemoveAll();
@@ -182,6 +184,7 @@ int ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
 }
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromDatFile(CMString oPath, CByteArray& oData)
 {
     oData.RemoveAll();

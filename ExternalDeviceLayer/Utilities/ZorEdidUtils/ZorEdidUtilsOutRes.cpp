@@ -21,6 +21,7 @@ void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayStr
     GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, pszLinePrefix);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes the list by value
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CVidParamTimingGeneric& /*oPreferred*/, CModeList oModes,
                                                   CMArrayString& oLines, const char* pszLinePrefix)
 {

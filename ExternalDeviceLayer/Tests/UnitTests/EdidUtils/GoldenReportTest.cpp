@@ -1,0 +1,90 @@
+// Each report of each image of the self-check against a stored text in golden/. A changed text is a changed behaviour:
+// scripts/update-golden rewrites the files, and whoever commits them reads the difference.
+
+#include <stdlib.h>
+
+#include "EdidUtilsTestHelp.h"
+
+namespace
+{
+struct SGoldenVariant
+{
+    const char* m_pszSuffix;
+    CZorEdidUtils::EEdidFormatType m_eType;
+    const char* m_pszLinePrefix;
+};
+
+const SGoldenVariant gsc_aoVariants[] = {
+    { "plain", CZorEdidUtils::eEdidFormatZorEdidExtractor, "" },
+    { "plain.indented", CZorEdidUtils::eEdidFormatZorEdidExtractor, "  " },
+    { "extended", CZorEdidUtils::eEdidFormatZorEdidExtractorExt, "" },
+    { "extended.indented", CZorEdidUtils::eEdidFormatZorEdidExtractorExt, "  " },
+    { "modes", CZorEdidUtils::eEdidFormatRVideoOutRes, "" },
+    { "modes.indented", CZorEdidUtils::eEdidFormatRVideoOutRes, "  " },
+};
+
+// Elements with a line feed between them.
+std::string Join(const std::vector<std::string>& asElements)
+{
+    std::string sText;
+    for (size_t i = 0; i < asElements.size(); ++i)
+    {
+        sText += (i == 0 ? "" : "\n") + asElements[i];
+    }
+    return sText;
+}
+
+std::vector<std::string> SplitLines(const std::string& sText)
+{
+    std::vector<std::string> asLines;
+    size_t uiStart = 0;
+    for (size_t uiEnd = sText.find('\n'); uiEnd != std::string::npos; uiEnd = sText.find('\n', uiStart))
+    {
+        asLines.push_back(sText.substr(uiStart, uiEnd - uiStart));
+        uiStart = uiEnd + 1;
+    }
+    asLines.push_back(sText.substr(uiStart));
+    return asLines;
+}
+
+// Names the first line that differs.
+testing::AssertionResult AreSameTexts(const std::string& sStored, const std::string& sActual)
+{
+    const std::vector<std::string> asStored = SplitLines(sStored);
+    const std::vector<std::string> asActual = SplitLines(sActual);
+    for (size_t i = 0; i < std::max(asStored.size(), asActual.size()); ++i)
+    {
+        const std::string sOld = i < asStored.size() ? "\"" + asStored[i] + "\"" : "(end)";
+        const std::string sNew = i < asActual.size() ? "\"" + asActual[i] + "\"" : "(end)";
+        if (sOld != sNew)
+        {
+            return testing::AssertionFailure() << "line " << i + 1 << ": stored " << sOld << ", now " << sNew;
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+TEST(GoldenReport, EveryReportOfEveryImage)
+{
+    const bool bUpdate = getenv("ZOREDID_UPDATE_GOLDEN") != nullptr; // set by scripts/update-golden
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
+    {
+        const auto poEdid = Load(*oImage.m_paui8Image);
+        for (const SGoldenVariant& oVariant : gsc_aoVariants)
+        {
+            const std::string sName = std::string(oImage.m_pszName) + "." + oVariant.m_pszSuffix + ".txt";
+            const std::filesystem::path oPath = std::filesystem::path(ZOREDID_GOLDEN_DIR) / sName;
+            const std::string sText = Join(GetReport(oVariant.m_eType, *poEdid, oVariant.m_pszLinePrefix));
+            if (bUpdate)
+            {
+                std::filesystem::create_directories(ZOREDID_GOLDEN_DIR);
+                ASSERT_TRUE(std::ofstream(oPath, std::ios::binary) << sText) << oPath;
+                continue;
+            }
+            ASSERT_TRUE(std::filesystem::exists(oPath)) << sName;
+            const CBytes aui8Stored = ReadBytes(oPath);
+            EXPECT_TRUE(AreSameTexts(std::string(aui8Stored.begin(), aui8Stored.end()), sText)) << sName;
+        }
+    }
+}
+}

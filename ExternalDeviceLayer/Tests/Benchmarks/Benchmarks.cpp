@@ -7,11 +7,10 @@
 // measured is the work, not the way out.
 
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
 #include <chrono>
-#include <cstddef>
 
+#include "AllocationCount.h"
 #include "CEdidTestImages.h"
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
@@ -19,25 +18,6 @@
 #include "VidParamTimingFunc.h"
 #include "VidParamTimingGeneric.h"
 #include "ZorEdidUtils.h"
-
-namespace
-{
-constinit unsigned long g_ulAllocations = 0;
-}
-
-void* operator new(std::size_t uiSize)
-{
-    ++g_ulAllocations;
-    void* const p = malloc(uiSize != 0 ? uiSize : 1);
-    if (p == nullptr)
-    {
-        abort();
-    }
-    return p;
-}
-
-void operator delete(void* p) noexcept { free(p); }
-void operator delete(void* p, std::size_t /*uiSize*/) noexcept { free(p); }
 
 namespace
 {
@@ -79,13 +59,13 @@ template <class OPERATION>
 void Measure(benchmark::State& oState, OPERATION fnOperation)
 {
     int iResult = 1;
-    const unsigned long ulBefore = g_ulAllocations;
+    const unsigned long ulBefore = GetAllocationCount();
     for (auto _ : oState)
     {
         iResult &= fnOperation() != 0 ? 1 : 0;
         benchmark::ClobberMemory();
     }
-    const unsigned long ulAllocations = g_ulAllocations - ulBefore;
+    const unsigned long ulAllocations = GetAllocationCount() - ulBefore;
     oState.counters["allocs"] = static_cast<double>(ulAllocations) / static_cast<double>(oState.iterations());
     if (iResult == 0)
     {
@@ -255,14 +235,14 @@ void Edit(benchmark::State& oState, SEdit const& oEdit)
         {
             Load(oEdid, gsc_aui8Ordinary);
         }
-        const unsigned long ulBefore = g_ulAllocations;
+        const unsigned long ulBefore = GetAllocationCount();
         const Clock::time_point oStart = Clock::now();
         for (CEdid& oEdid : aoEdids)
         {
             iResult &= oEdit.m_fnEdit(oEdid) != 0 ? 1 : 0;
         }
         const std::chrono::duration<double> oElapsed = Clock::now() - oStart;
-        ulAllocations += g_ulAllocations - ulBefore;
+        ulAllocations += GetAllocationCount() - ulBefore;
         oState.SetIterationTime(oElapsed.count() / gsc_uiEditsPerIteration);
     }
     oState.counters["allocs"] =

@@ -171,8 +171,8 @@ public:
     CMString Right(unsigned int uiCount) const { return Right(static_cast<int>(uiCount)); }
 
     // ---- Formatting. A null format reports and changes nothing. ----
-    // The room is estimated by GetFormattedLength; a text that turns out longer is cut and reported. Arguments must not
-    // point into this string.
+    // The room is estimated by GetFormattedLength. A text that turns out longer is cut, and reported unless it is
+    // longer by one character only. Arguments must not point into this string.
 
     void Format(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
     void FormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
@@ -180,10 +180,10 @@ public:
     void AppendFormat(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
     void AppendFormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
-    // An upper bound of the formatted length; oList stays usable. Knows the conversions c C s S d i u x X o p e E g G f
-    // n with the size prefixes h, l and ll; for any other it reports, counts nothing and takes no argument, so that
-    // formats with hh, z, j or t, and long double, must not be used. A bound beyond INT_MAX reports and gives -1, a
-    // null format reports and gives 0. The width of f is not part of the bound.
+    // An estimate of the formatted length from above; oList stays usable. It leaves out the width of f and the sign in
+    // front of a long precision. Known are the conversions c C s S d i u x X o p e E g G f n with the size prefixes h,
+    // l and ll. Any other reports, counts nothing and takes no argument, so that formats with hh, z, j or t, and long
+    // double, must not be used. A sum beyond INT_MAX reports and gives -1, a null format reports and gives 0.
     static int GetFormattedLength(char const* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
 
     // ---- Tokens ----

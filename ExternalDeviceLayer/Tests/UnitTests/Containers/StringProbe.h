@@ -1,0 +1,15 @@
+// Looks at what CMString keeps to itself: how many strings share a buffer.
+
+#pragma once
+
+#include "ZorMFCTypes/CMString.h"
+
+class CStringProbe : public CMString
+{
+public:
+    static int GetRefs(const CMString& oString) { return (oString.*&CStringProbe::GetMetaData)()->m_iRefs; }
+    static char const* GetNil() { return m_pszNil; }
+    static SMetaData const& GetNilMetaData() { return *m_poDataNil; }
+};
+
+inline char const* Text(const CMString& oString) { return oString; }

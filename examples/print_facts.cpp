@@ -1,0 +1,167 @@
+// Prints what an EDID in a .bin or .dat file says of its monitor, one fact a line: a word for its kind, then values.
+// scripts/compare-with-edid-decode reads this output.
+//
+//     name TEXT                              monitor name
+//     serial NUMBER                          the binary serial number
+//     detailed WxH[i] KHZ h F S B POL v F S B POL   front porch, sync, back porch and polarity of each direction
+//     vic CODE[ native]                      a code of the video data blocks
+//     vic-row CODE WxH[i] KHZ                the library's row of that code, 1000 and 1001 / 1000 of the rate each
+//     audio FORMAT CHANNELS RATES EXTRA      format code, channel count, rates in kHz, third byte
+//     tile COLUMNSxROWS at X,Y size WxH
+
+#include <stdio.h>
+
+#include "EdidExtBlockCEA861.h"
+#include "VidParamCea.h"
+#include "ZorEdidUtils.h"
+
+namespace
+{
+using CCea = CEdidExtBlockCEA861;
+
+void PrintIdentity(const CEdid& oEdid)
+{
+    char szName[64] = {};
+    oEdid.GetMonitorName(szName, sizeof(szName));
+    printf("name %s\n", szName);
+
+    const unsigned char* pui8Serial = oEdid.GetBaseBlock() + 12;
+    printf("serial %u\n", pui8Serial[0] | static_cast<unsigned int>(pui8Serial[1]) << 8 |
+                              static_cast<unsigned int>(pui8Serial[2]) << 16 |
+                              static_cast<unsigned int>(pui8Serial[3]) << 24);
+}
+
+char PolarityOf(int bPositive) { return bPositive ? 'P' : 'N'; }
+
+void PrintSizeAndClock(const CVidParamTiming& oTiming)
+{
+    printf("%ux%u%s %u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(), oTiming.IsInterlaced() ? "i" : "",
+           oTiming.GetPixelClockInKiloHz());
+}
+
+void PrintDetailed(const CEdid& oEdid)
+{
+    for (unsigned int i = 0; i < oEdid.GetDetailedCount(); ++i)
+    {
+        CVidParamTimingGeneric oTiming;
+        if (!oEdid.GetDetailed(i, &oTiming))
+        {
+            continue;
+        }
+        printf("detailed ");
+        PrintSizeAndClock(oTiming);
+        printf(" h %u %u %u %c v %u %u %u %c\n", oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
+               oTiming.GetHorizontalBackPorch(), PolarityOf(oTiming.IsHorizontalPolarityPositive()),
+               oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
+               PolarityOf(oTiming.IsVerticalPolarityPositive()));
+    }
+}
+
+// The row of a code and of its 1000/1001 variant, where the table has them.
+void PrintRows(unsigned int uiVic)
+{
+    const unsigned int auiKeys[] = { uiVic, uiVic + 1000 };
+    for (unsigned int uiKey : auiKeys)
+    {
+        CVidParamTimingGeneric oTiming;
+        if (CVidParamCea::IsVicSupported(uiKey) && CVidParamCea::GetVidParamFromVic(uiKey, &oTiming))
+        {
+            printf("vic-row %u ", uiVic);
+            PrintSizeAndClock(oTiming);
+            printf("\n");
+        }
+    }
+}
+
+void PrintCode(unsigned char ui8Descriptor)
+{
+    unsigned int uiVic = 0;
+    int bNative = 0;
+    if (CCea::ExtractSvdCodeInfo(ui8Descriptor, &uiVic, &bNative))
+    {
+        printf("vic %u%s\n", uiVic, bNative ? " native" : "");
+        PrintRows(uiVic);
+    }
+}
+
+void PrintCodes(const CCea& oBlock)
+{
+    for (unsigned int i = 0;; ++i)
+    {
+        unsigned int uiLength = 0;
+        const unsigned int uiOffset = oBlock.GetDataBlockOffset(CCea::eCea861Tag_Video, i, &uiLength);
+        if (uiOffset == 0)
+        {
+            return;
+        }
+        for (unsigned int j = 0; j < uiLength; ++j)
+        {
+            PrintCode(oBlock.GetData()[uiOffset + j]);
+        }
+    }
+}
+
+void PrintAudio(const CCea& oBlock)
+{
+    for (unsigned int i = 0; i < oBlock.GetAudioDescriptorCount(); ++i)
+    {
+        CCea::SAudioDescriptor oDescriptor = {};
+        oBlock.GetAudioDescriptor(i, &oDescriptor);
+        printf("audio %u %u ", oDescriptor.m_eFormat, oDescriptor.m_uiChannels);
+        const char* pszSeparator = "";
+        for (unsigned int uiBit = CCea::eAudioSamplingFreq_32KHz; uiBit <= CCea::eAudioSamplingFreq_192KHz; uiBit <<= 1)
+        {
+            if (oDescriptor.m_eSamplingFreq & uiBit)
+            {
+                const CMString oRate = CCea::GetAudioSamplingFreqStr(static_cast<CCea::EAudioSamplingFreq>(uiBit));
+                printf("%s%s", pszSeparator, static_cast<const char*>(oRate));
+                pszSeparator = ",";
+            }
+        }
+        printf(" %u\n", oDescriptor.m_uiExtra);
+    }
+}
+
+void PrintExtensions(const CEdid& oEdid)
+{
+    for (unsigned int i = 0; i < oEdid.GetExtensionCount(); ++i)
+    {
+        const CEdidExtBlock* poBlock = oEdid.GetExtension(i);
+        if (poBlock->GetExtensionType() == 2) // CEA-861
+        {
+            PrintCodes(static_cast<const CCea&>(*poBlock));
+            PrintAudio(static_cast<const CCea&>(*poBlock));
+        }
+    }
+}
+
+void PrintTile(const CEdid& oEdid)
+{
+    unsigned int uiX = 0;
+    unsigned int uiY = 0;
+    unsigned int uiColumns = 0;
+    unsigned int uiRows = 0;
+    unsigned int uiWidth = 0;
+    unsigned int uiHeight = 0;
+    if (oEdid.GetTopologyDescription(uiX, uiY, uiColumns, uiRows, uiWidth, uiHeight))
+    {
+        printf("tile %ux%u at %u,%u size %ux%u\n", uiColumns, uiRows, uiX, uiY, uiWidth, uiHeight);
+    }
+}
+}
+
+int main(int iCount, char** ppszArguments)
+{
+    CZorEdidUtils::CByteArray aui8Image;
+    CEdid oEdid;
+    if (iCount != 2 || !CZorEdidUtils::ExtractEdidFromFile(CMString(ppszArguments[1]), aui8Image) ||
+        !oEdid.SetEdidBuffer(aui8Image.GetData(), aui8Image.GetCount(), 0))
+    {
+        return 1;
+    }
+    PrintIdentity(oEdid);
+    PrintDetailed(oEdid);
+    PrintExtensions(oEdid);
+    PrintTile(oEdid);
+    return 0;
+}

@@ -231,7 +231,7 @@ void Edit(benchmark::State& oState, SEdit const& oEdit)
     CEdid aoEdids[gsc_uiEditsPerIteration];
     unsigned long ulAllocations = 0;
     int iResult = 1;
-    for (auto _ : oState)
+    while (oState.KeepRunning())
     {
         for (CEdid& oEdid : aoEdids)
         {

@@ -26,8 +26,7 @@ CRVidParamTiming::~CRVidParamTiming() { CRVidParamTiming::ClearData(); }
 
 CRVidParamTiming& CRVidParamTiming::operator=(CRVidParamTiming const& oOther)
 {
-    CVidParamTiming::operator=(oOther);
-    // Exact copies over it: clocks did not need the way through hertz, which wraps, and a family may have no number.
+    // Exact copies, without the field-wise base assignment, which goes through hertz and would be overwritten whole.
     m_bIs420ColorSpace = oOther.m_bIs420ColorSpace;
     m_bIs3D = oOther.m_bIs3D;
     m_oVidParam = oOther.m_oVidParam;

@@ -10,8 +10,9 @@ CVidParamTimingGeneric::~CVidParamTimingGeneric() { CVidParamTimingGeneric::Clea
 
 CVidParamTimingGeneric& CVidParamTimingGeneric::operator=(CVidParamTimingGeneric const& oOther)
 {
-    CVidParamTiming::operator=(oOther);
-    m_oData = oOther.m_oData; // the bit without accessor too
+    // The record and nothing else, the bit without accessor too: what the field-wise base assignment would write first
+    // is overwritten whole, and sorting a mode list consists of little but this.
+    m_oData = oOther.m_oData;
     return *this;
 }
 

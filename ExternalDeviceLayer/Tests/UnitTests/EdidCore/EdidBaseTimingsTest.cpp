@@ -122,8 +122,8 @@ TEST(Established, SettingOneBitTouchesNoOther)
             CEditCheck oCheck(oBase);
             EXPECT_EQ(1, oBase.SetEstablishedFromId(eId, bSet ? 1 : 0, 1));
             oCheck.ExpectEdited({ { uiByte, 1 } });
-            const unsigned int uiBits = oBase.GetBaseBlock()[35] | oBase.GetBaseBlock()[36] << 8U |
-                                        static_cast<unsigned int>(oBase.GetBaseBlock()[37]) << 16;
+            const unsigned char* pui8Bits = oBase.GetBaseBlock() + 35;
+            const unsigned int uiBits = pui8Bits[0] + 0x100U * pui8Bits[1] + 0x10000U * pui8Bits[2];
             EXPECT_EQ(bSet ? oCase.m_uiBit : 0xFFFFFF & ~oCase.m_uiBit, uiBits);
         }
     }

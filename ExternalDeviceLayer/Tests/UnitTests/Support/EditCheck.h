@@ -13,6 +13,7 @@
 #include <functional>
 #include <initializer_list>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 #include "Edid.h"

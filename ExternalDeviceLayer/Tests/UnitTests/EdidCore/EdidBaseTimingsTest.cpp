@@ -355,7 +355,9 @@ TEST(Standard, RemovalMovesTheLaterOnesDown)
     EXPECT_EQ(0, oBase.RemoveStandard(3));
     EXPECT_EQ(0, oBase.RemoveStandard(0xFFFFFFFF));
     oRefused.ExpectUnchanged();
+    CEditCheck oLast(oBase); // nothing moves
     ASSERT_EQ(1, oBase.RemoveStandard(2));
+    oLast.ExpectEdited({ { 42, 2 } });
     ASSERT_EQ(1, oBase.RemoveStandard(1));
     ASSERT_EQ(1, oBase.RemoveStandard(0));
     EXPECT_EQ(0U, oBase.GetStandardCount());

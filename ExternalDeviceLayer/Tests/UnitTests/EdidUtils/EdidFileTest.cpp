@@ -24,7 +24,7 @@ unsigned int CountOpenDescriptors()
 // Text of a table row by the rules of the format.
 std::string MakeRow(const CBytes& aui8Data, size_t uiStart, size_t uiCount)
 {
-    char szText[16];
+    char szText[32];
     snprintf(szText, sizeof(szText), "%3zu |", uiStart);
     std::string sRow = szText;
     for (size_t i = uiStart; i < uiStart + uiCount; ++i)

@@ -44,8 +44,11 @@ CBytes AppendBlock(CBytes aui8Image, const CBytes& aui8Start)
 // A CEA-861 block of these data blocks, without detailed timings.
 CBytes MakeCeaBlock(const CBytes& aui8DataBlocks)
 {
-    CBytes aui8Block = { 0x02, 0x03, static_cast<unsigned char>(4 + aui8DataBlocks.size()), 0x00 };
-    aui8Block.insert(aui8Block.end(), aui8DataBlocks.begin(), aui8DataBlocks.end());
+    CBytes aui8Block(4 + aui8DataBlocks.size());
+    aui8Block[0] = 2;
+    aui8Block[1] = 3;
+    aui8Block[2] = static_cast<unsigned char>(aui8Block.size()); // where the detailed timings would begin
+    std::copy(aui8DataBlocks.begin(), aui8DataBlocks.end(), aui8Block.begin() + 4);
     return aui8Block;
 }
 

@@ -14,9 +14,13 @@ constexpr CMString gsc_oEmptyString;
 
 int LengthOf(char const* pszText) { return pszText != nullptr ? static_cast<int>(ZorTools_strlen(pszText)) : 0; }
 
+// A source of no characters may be null.
 void CopyChars(char* pszDestination, char const* pszSource, int iCount)
 {
-    ZorTools_memcpy(pszDestination, pszSource, static_cast<unsigned int>(iCount));
+    if (iCount > 0)
+    {
+        ZorTools_memcpy(pszDestination, pszSource, static_cast<unsigned int>(iCount));
+    }
 }
 
 // For ranges that may overlap.

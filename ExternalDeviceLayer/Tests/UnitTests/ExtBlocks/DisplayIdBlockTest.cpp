@@ -105,76 +105,87 @@ TEST(DisplayIdBlock, EveryRevisionUpTo12HexIsAccepted)
     }
 }
 
-// Every section length with a block of every length in front: what the walk finds, and no byte read outside.
+// One data block of zeros behind its header: how many timings the walk finds, and no byte read outside.
+void CheckSection(unsigned int uiTag, unsigned int uiSection, unsigned int uiLength)
+{
+    SCOPED_TRACE(testing::Message() << "tag " << uiTag << ", section " << uiSection << ", length " << uiLength);
+    const auto poBlock = Load(
+        MakeDisplayIdBlock({ static_cast<unsigned char>(uiTag), 0, static_cast<unsigned char>(uiLength) }, uiSection));
+    ASSERT_EQ(uiSection <= 121 ? 128U : 0U, poBlock->GetSize());
+    if (poBlock->GetSize() == 0)
+    {
+        return;
+    }
+    ReadAll(*poBlock);
+    if (uiSection == 1 || uiSection == 2)
+    {
+        return; // the section's checksum takes the place of the revision or the length
+    }
+    const bool bReads = uiSection > 0 && uiLength <= 128 - 8;
+    const unsigned int uiRecord = uiTag == 3 ? 20 : uiTag == 4 ? 11 : 0;
+    const bool bTimings = bReads && uiRecord != 0 && uiLength % uiRecord == 0;
+    ASSERT_EQ(bTimings ? uiLength / uiRecord : 0, poBlock->GetDetailedCount());
+    ASSERT_EQ(bReads && uiTag == 18 && uiLength == 22, poBlock->IsDisplayPartOfTiledTopology() != 0);
+}
+
 TEST(DisplayIdSweep, SectionLengthAndDataBlockLength)
 {
     const CQuietMessages oQuiet;
     for (unsigned int uiTag : { 0U, 3U, 4U, 5U, 18U })
     {
-        for (unsigned int uiSection = 0; uiSection < 256; ++uiSection)
+        for (unsigned int uiValue = 0; uiValue < 256; ++uiValue)
         {
-            for (unsigned int uiLength = 0; uiLength < 256; ++uiLength)
+            for (unsigned int uiLength : { 0U, 11U, 20U, 22U, 40U, 110U, 120U, 121U, 240U, 255U })
             {
-                const CBytes aui8Bytes = MakeDisplayIdBlock(
-                    { static_cast<unsigned char>(uiTag), 0, static_cast<unsigned char>(uiLength) }, uiSection);
-                const auto poBlock = Load(aui8Bytes);
-                const bool bRead = uiSection > 0 && uiSection <= 121;
-                const bool bInside = uiLength <= 128 - 8;
-                unsigned int uiTimings = 0;
-                if (bRead && bInside)
-                {
-                    uiTimings = uiTag == 3 && uiLength % 20 == 0   ? uiLength / 20
-                                : uiTag == 4 && uiLength % 11 == 0 ? uiLength / 11
-                                                                   : 0;
-                }
-                // The section's checksum takes the place of the revision or the length when the section is that short.
-                if (uiSection > 0 && uiSection < 3)
-                {
-                    ReadAll(*poBlock);
-                    continue;
-                }
-                ASSERT_EQ(uiSection <= 121 ? 128U : 0U, poBlock->GetSize());
-                ASSERT_EQ(uiTimings, poBlock->GetDetailedCount()) << uiTag << ' ' << uiSection << ' ' << uiLength;
-                ASSERT_EQ(bRead && uiTag == 18 && uiLength == 22, poBlock->IsDisplayPartOfTiledTopology() != 0);
-                if (poBlock->GetSize() != 0)
-                {
-                    ReadAll(*poBlock);
-                }
+                ASSERT_NO_FATAL_FAILURE(CheckSection(uiTag, uiValue, uiLength));
+            }
+            for (unsigned int uiSection : { 3U, 60U, 121U })
+            {
+                ASSERT_NO_FATAL_FAILURE(CheckSection(uiTag, uiSection, uiValue));
             }
         }
     }
 }
 
+void CheckFirstBlock(unsigned int uiTag, unsigned int uiRevision, unsigned int uiLength)
+{
+    CBytes aui8Blocks = MakeDataBlock(uiTag, uiRevision, CBytes(uiLength));
+    Append(aui8Blocks, MakeDataBlock(3, 0, Type1Record1080p()));
+    const auto poBlock = Load(MakeDisplayIdBlock(aui8Blocks));
+
+    // The second block counts unless the first is an end mark or bad.
+    const unsigned int uiLow = uiRevision & 7; // the only bits that are looked at
+    unsigned int uiTimings = uiTag == 0 ? 0 : 1;
+    if (uiTag == 3)
+    {
+        uiTimings = uiLow <= 1 && uiLength == 20 ? 2 : 0;
+    }
+    if (uiTag == 4)
+    {
+        uiTimings = uiLow == 0 && uiLength == 22 ? 3 : 0;
+    }
+    if (uiTag == 18)
+    {
+        uiTimings = uiLow == 0 && uiLength == 22 ? 1 : 0;
+    }
+    ASSERT_EQ(uiTimings, poBlock->GetDetailedCount()) << uiTag << ' ' << uiRevision << ' ' << uiLength;
+    ReadAll(*poBlock);
+}
+
 TEST(DisplayIdSweep, TagAndRevisionOfTheFirstDataBlock)
 {
     const CQuietMessages oQuiet;
-    for (unsigned int uiTag = 0; uiTag < 256; ++uiTag)
+    for (unsigned int uiValue = 0; uiValue < 256; ++uiValue)
     {
-        for (unsigned int uiRevision = 0; uiRevision < 256; ++uiRevision)
+        for (unsigned int uiLength : { 20U, 22U })
         {
-            for (unsigned int uiLength : { 20U, 22U })
+            for (unsigned int uiTag : { 0U, 3U, 4U, 5U, 18U })
             {
-                CBytes aui8Blocks = MakeDataBlock(uiTag, uiRevision, CBytes(uiLength));
-                Append(aui8Blocks, MakeDataBlock(3, 0, Type1Record1080p()));
-                const auto poBlock = Load(MakeDisplayIdBlock(aui8Blocks));
-
-                // The second block counts unless the first is an end mark or bad.
-                const unsigned int uiLow = uiRevision & 7; // the only bits that are looked at
-                unsigned int uiTimings = uiTag == 0 ? 0 : 1;
-                if (uiTag == 3)
-                {
-                    uiTimings = uiLow <= 1 && uiLength == 20 ? 2 : 0;
-                }
-                if (uiTag == 4)
-                {
-                    uiTimings = uiLow == 0 && uiLength == 22 ? 3 : 0;
-                }
-                if (uiTag == 18)
-                {
-                    uiTimings = uiLow == 0 && uiLength == 22 ? 1 : 0;
-                }
-                ASSERT_EQ(uiTimings, poBlock->GetDetailedCount()) << uiTag << ' ' << uiRevision << ' ' << uiLength;
-                ReadAll(*poBlock);
+                ASSERT_NO_FATAL_FAILURE(CheckFirstBlock(uiTag, uiValue, uiLength));
+            }
+            for (unsigned int uiRevision : { 0U, 2U, 8U, 255U })
+            {
+                ASSERT_NO_FATAL_FAILURE(CheckFirstBlock(uiValue, uiRevision, uiLength));
             }
         }
     }

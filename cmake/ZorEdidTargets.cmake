@@ -19,7 +19,9 @@ function(zor_target_defaults target)
     endif()
   endif()
   if(ZOREDID_FUZZ)
-    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    # Coverage by edges alone: tracing each comparison as well takes half of the time, and the dictionary finds more.
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link
+                                             -fno-sanitize-coverage=trace-cmp,indirect-calls)
   endif()
 endfunction()
 

@@ -250,8 +250,13 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     {
         return CheckAfterRawStep(oStep, aaui8Before);
     }
-    const char* pszBroken = CheckBytes(oStep, uiOperation, iResult, aaui8Before);
-    return pszBroken != nullptr ? pszBroken : CheckLists(uiOperation, aaui8Before);
+    if (const char* pszBroken = CheckBytes(oStep, uiOperation, iResult, aaui8Before))
+    {
+        return pszBroken;
+    }
+    // Where no byte changed the lists are hardly ever worth the time.
+    const bool bIsLikelySame = iResult == 0 && oStep.m_uiValue % 16 != 0;
+    return bIsLikelySame ? nullptr : CheckLists(uiOperation, aaui8Before);
 }
 
 int CEditRunner::Run(const SEditStep& oStep, unsigned int uiOperation)

@@ -20,26 +20,18 @@ constexpr unsigned int gsc_uiDisplayIdTag = 112;
 constexpr unsigned int gsc_uiBeyond = 2; // how far the loops go beyond each count
 constexpr unsigned int gsc_uiHugeIndex = 0xFFFFFFFFU;
 
-// FNV-1a, 64 bits.
+// FNV-1a over 32-bit words, 64 bits wide.
 class CDigest
 {
 public:
-    void AddByte(unsigned int uiByte) { m_ullValue = (m_ullValue ^ (uiByte & 0xFF)) * 0x100000001B3ULL; }
-
-    void Add(unsigned int uiValue)
-    {
-        for (unsigned int uiShift = 0; uiShift < 32; uiShift += 8)
-        {
-            AddByte(uiValue >> uiShift);
-        }
-    }
+    void Add(unsigned int uiValue) { m_ullValue = (m_ullValue ^ uiValue) * 0x100000001B3ULL; }
     void Add(int iValue) { Add(static_cast<unsigned int>(iValue)); }
 
     void AddBytes(const unsigned char* pui8Bytes, unsigned int uiSize)
     {
         for (unsigned int i = 0; i < uiSize; ++i)
         {
-            AddByte(pui8Bytes[i]);
+            Add(static_cast<unsigned int>(pui8Bytes[i]));
         }
     }
 
@@ -47,9 +39,9 @@ public:
     {
         for (; *pszText != '\0'; ++pszText)
         {
-            AddByte(static_cast<unsigned char>(*pszText));
+            Add(static_cast<unsigned int>(static_cast<unsigned char>(*pszText)));
         }
-        AddByte(0);
+        Add(0U);
     }
 
     void AddLines(const CMArrayString& oLines)
@@ -133,13 +125,13 @@ void ReadTiming(CDigest& oDigest, const READ& Read)
 template <class READ>
 void ReadText(CDigest& oDigest, const READ& Read)
 {
-    for (unsigned int uiSize : { 0U, 1U, 7U, 8U, 13U, 14U, 64U })
+    for (unsigned int uiSize : { 0U, 7U, 8U, 13U, 14U })
     {
         const std::unique_ptr<char[]> pszText = std::make_unique<char[]>(uiSize);
         oDigest.Add(Read(pszText.get(), uiSize));
         for (unsigned int i = 0; i < uiSize; ++i)
         {
-            oDigest.AddByte(static_cast<unsigned char>(pszText[i]));
+            oDigest.Add(static_cast<unsigned int>(static_cast<unsigned char>(pszText[i])));
         }
     }
     oDigest.Add(Read(nullptr, 14));
@@ -216,9 +208,9 @@ void ReadBaseTimings(CDigest& oDigest, const CEdid& oEdid)
         oDigest.Add(oEdid.GetExtraStdTiming(i, oTiming));
         AddTiming(oDigest, oTiming);
     }
-    for (unsigned int i = 0; i < 24; ++i) // any pair of bytes is a question
+    for (unsigned int i = 0; i < 4; ++i) // any pair of bytes is a question
     {
-        const unsigned char* pui8Pair = oEdid.GetBaseBlock() + 2 * i;
+        const unsigned char* pui8Pair = oEdid.GetBaseBlock() + 8 + 2 * i;
         const CEdidBase::SStandard oStandard = { pui8Pair[0], pui8Pair[1] };
         oDigest.Add(CEdidBase::IsInvalidStandard(oStandard));
         CVidParamTimingGeneric oTiming;
@@ -243,8 +235,9 @@ void ReadTimings(CDigest& oDigest, const SOURCE& oSource)
     for (unsigned int i = 0; i < uiStandards + gsc_uiBeyond; ++i)
     {
         int iNative = -1;
-        ReadTiming(oDigest, [&](CVidParamTiming* poTiming) { return oSource.GetStandard(i, poTiming, &iNative); });
-        ReadTiming(oDigest, [&](CVidParamTiming* poTiming) { return oSource.GetStandard(i, poTiming, nullptr); });
+        ReadTiming(oDigest, [&](CVidParamTiming* poTiming) {
+            return oSource.GetStandard(i, poTiming, poTiming != nullptr ? &iNative : nullptr);
+        });
         oDigest.Add(iNative);
     }
     const unsigned int uiDetailed = oSource.GetDetailedCount();
@@ -376,35 +369,14 @@ void ReadModes(CDigest& oDigest, const CZorEdidUtils::CModeList& aoModes)
     for (unsigned int i = 0; i < aoModes.GetCount(); ++i)
     {
         AddTiming(oDigest, aoModes[i]);
-        for (int bFull : { 0, 1 })
-        {
-            CMString oText;
-            CZorEdidUtils::GetFormatedVideoParam(aoModes[i].GetData(), bFull, oText, "");
-            oDigest.AddText(oText);
-        }
     }
 }
 
-void ReadTools(CDigest& oDigest, const CEdid& oEdid)
+// The long forms of the reports, with lists that may be incomplete: an EDID without preferred mode ends the short ones.
+void ReadLongReports(CDigest& oDigest, const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
+                     const CZorEdidUtils::CModeList (&aoModes)[7])
 {
-    CVidParamTimingGeneric oPreferred;
-    CZorEdidUtils::CModeList aoModes[7];
-    oDigest.Add(CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoModes[0], aoModes[1], aoModes[2], aoModes[3],
-                                               aoModes[4], aoModes[5], aoModes[6]));
-    AddTiming(oDigest, oPreferred);
-    for (const CZorEdidUtils::CModeList& aoList : aoModes)
-    {
-        ReadModes(oDigest, aoList);
-    }
-
-    // The short forms, by the selector; the long forms, with the lists above, also where the short ones stop.
     CMArrayString oLines;
-    for (unsigned int uiType = 0; uiType < 5; ++uiType)
-    {
-        oDigest.Add(CZorEdidUtils::GetFormatedEdid(static_cast<CZorEdidUtils::EEdidFormatType>(uiType), oEdid, oLines,
-                                                   uiType == 1 ? nullptr : "# "));
-        oDigest.AddLines(oLines);
-    }
     CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(oEdid, oPreferred, aoModes[0], aoModes[1], aoModes[2], aoModes[3],
                                                      aoModes[5], aoModes[6], oLines, "");
     oDigest.AddLines(oLines);
@@ -413,18 +385,39 @@ void ReadTools(CDigest& oDigest, const CEdid& oEdid)
     oDigest.AddLines(oLines);
     CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(oPreferred, aoModes[6], oLines, "");
     oDigest.AddLines(oLines);
+    CMString oText;
+    CZorEdidUtils::GetFormatedVideoParam(oPreferred.GetData(), 0, oText, nullptr);
+    oDigest.AddText(oText);
+}
 
-    for (int bEstablished : { 0, 1 })
+void ReadTools(CDigest& oDigest, const CEdid& oEdid)
+{
+    CVidParamTimingGeneric oPreferred;
+    CZorEdidUtils::CModeList aoModes[7];
+    const int iModes = CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoModes[0], aoModes[1], aoModes[2], aoModes[3],
+                                                      aoModes[4], aoModes[5], aoModes[6]);
+    oDigest.Add(iModes);
+    AddTiming(oDigest, oPreferred);
+    for (const CZorEdidUtils::CModeList& aoList : aoModes)
     {
-        for (int bPreferred : { 0, 1 })
-        {
-            oDigest.Add(CZorEdidUtils::CompareTimings(oEdid, oEdid, bEstablished, bPreferred));
-        }
+        ReadModes(oDigest, aoList);
     }
+    if (iModes == 0)
+    {
+        ReadLongReports(oDigest, oEdid, oPreferred, aoModes);
+    }
+    CMArrayString oLines;
+    for (unsigned int uiType = 0; uiType < 5; ++uiType)
+    {
+        oDigest.Add(CZorEdidUtils::GetFormatedEdid(static_cast<CZorEdidUtils::EEdidFormatType>(uiType), oEdid, oLines,
+                                                   uiType == 1 ? nullptr : "# "));
+        oDigest.AddLines(oLines);
+    }
+
     const CZorEdidUtils::CByteArray aui8Bytes = oEdid.GetEdidBuffer();
-    oDigest.Add(CZorEdidUtils::CompareTimings(aui8Bytes, aui8Bytes, 1, 1));
-    oDigest.Add(CEdidUtils::GetFormatedEdidDataStrings(aui8Bytes.GetCount(), aui8Bytes.GetData(), oLines, "> "));
-    oDigest.AddLines(oLines);
+    const bool bFirst = aui8Bytes[static_cast<int>(CEdidUtils::msc_uiChecksumOffset)] % 2 != 0;
+    oDigest.Add(CZorEdidUtils::CompareTimings(oEdid, oEdid, bFirst ? 1 : 0, 1));
+    oDigest.Add(CZorEdidUtils::CompareTimings(aui8Bytes, aui8Bytes, bFirst ? 0 : 1, 0));
     oDigest.Add(CEdidBase::GetEdidSizeFromData(aui8Bytes.GetCount(), aui8Bytes.GetData()));
 }
 }

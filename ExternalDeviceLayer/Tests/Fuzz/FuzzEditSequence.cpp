@@ -1,0 +1,72 @@
+// Fuzz target: the input chooses an image and a program of edits, each of which must keep its promises.
+//
+//   byte 0  number of the self-check's image; at their count and above: an image of the input's own, repaired, whose
+//           number of blocks (1 to 4) stands in the next byte and whose bytes follow
+//   then    edits of 8 bytes: operation, block, index (16 bits), value (32 bits)
+
+#include <iterator>
+
+#include "EditRunner.h"
+#include "FuzzSupport.h"
+#include "ReadEverything.h"
+#include "SelfCheckImages.h"
+
+namespace
+{
+constexpr size_t gsc_uiBlockSize = 128;
+constexpr size_t gsc_uiLargestOwnImage = 4 * gsc_uiBlockSize;
+constexpr unsigned int gsc_uiMostEdits = 64;
+
+void LoadImage(CInput& oInput, CEditRunner& oRunner)
+{
+    const size_t uiImages = std::size(gsc_aoSelfCheckImages);
+    const size_t uiChoice = oInput.TakeByte();
+    if (uiChoice < uiImages)
+    {
+        const SEdidImage& aui8Image = *gsc_aoSelfCheckImages[uiChoice].m_paui8Image;
+        oRunner.Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
+        return;
+    }
+    uint8_t aui8Own[gsc_uiLargestOwnImage] = {};
+    const size_t uiSize = (1 + oInput.TakeByte() % 4) * gsc_uiBlockSize;
+    size_t uiTaken = 0;
+    const uint8_t* pui8Bytes = oInput.TakeBytes(uiSize, &uiTaken);
+    std::copy(pui8Bytes, pui8Bytes + uiTaken, aui8Own);
+    RepairImage(aui8Own, uiSize);
+    oRunner.Load(aui8Own, static_cast<unsigned int>(uiSize));
+}
+}
+
+extern "C" int LLVMFuzzerInitialize(int* /*piCount*/, char*** /*pppszArguments*/)
+{
+    SilenceMessages();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
+{
+    CInput oInput(pui8Data, uiSize);
+    CEditRunner oRunner;
+    LoadImage(oInput, oRunner);
+    for (unsigned int i = 0; i < gsc_uiMostEdits && !oInput.IsEmpty(); ++i)
+    {
+        SEditStep oStep = {};
+        oStep.m_uiOperation = oInput.TakeByte();
+        oStep.m_uiBlock = oInput.TakeByte();
+        oStep.m_uiIndex = oInput.Take16();
+        oStep.m_uiValue = oInput.Take32();
+        if (const char* pszBroken = oRunner.Apply(oStep))
+        {
+            fprintf(stderr, "edit %u: operation %u, block %u, index %u, value 0x%X\n", i,
+                    oStep.m_uiOperation % CEditRunner::msc_uiOperationCount, oStep.m_uiBlock, oStep.m_uiIndex,
+                    oStep.m_uiValue);
+            Require(false, pszBroken);
+        }
+    }
+    // One in sixteen is read in full: what edits leave behind must be as safe as what is loaded.
+    if (uiSize % 16 == 0)
+    {
+        ReadEverything(oRunner.GetEdid());
+    }
+    return 0;
+}

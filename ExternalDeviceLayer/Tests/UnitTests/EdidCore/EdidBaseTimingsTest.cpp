@@ -28,23 +28,23 @@ std::string NameOf(const CVidParamTiming& oTiming)
 
 struct SEstablishedCase
 {
-    unsigned int m_uiBit;
     const char* m_szTiming;
+    unsigned int m_uiBit;
     bool m_bVesa;
     bool m_bGtf;
 };
 
 // As published: byte 35 from bit 7 down, byte 36, byte 37 bit 7.
 const SEstablishedCase gsc_aoEstablishedCases[] = {
-    { 0x80, "720x400@70", false, true },      { 0x40, "720x400@88", false, true },
-    { 0x20, "640x480@60", true, false },      { 0x10, "640x480@67", false, true },
-    { 0x08, "640x480@72", true, false },      { 0x04, "640x480@75", true, false },
-    { 0x02, "800x600@56", true, false },      { 0x01, "800x600@60", true, false },
-    { 0x8000, "800x600@72", true, false },    { 0x4000, "800x600@75", true, false },
-    { 0x2000, "832x624@75", false, true },    { 0x1000, "1024x768@43", false, false },
-    { 0x0800, "1024x768@60", true, false },   { 0x0400, "1024x768@70", true, false },
-    { 0x0200, "1024x768@75", true, false },   { 0x0100, "1280x1024@75", true, false },
-    { 0x800000, "1152x870@75", false, true },
+    { "720x400@70", 0x80, false, true },      { "720x400@88", 0x40, false, true },
+    { "640x480@60", 0x20, true, false },      { "640x480@67", 0x10, false, true },
+    { "640x480@72", 0x08, true, false },      { "640x480@75", 0x04, true, false },
+    { "800x600@56", 0x02, true, false },      { "800x600@60", 0x01, true, false },
+    { "800x600@72", 0x8000, true, false },    { "800x600@75", 0x4000, true, false },
+    { "832x624@75", 0x2000, false, true },    { "1024x768@43", 0x1000, false, false },
+    { "1024x768@60", 0x0800, true, false },   { "1024x768@70", 0x0400, true, false },
+    { "1024x768@75", 0x0200, true, false },   { "1280x1024@75", 0x0100, true, false },
+    { "1152x870@75", 0x800000, false, true },
 };
 
 CBaseBlockImage& SetBits(CBaseBlockImage& oImage, unsigned int uiBits)

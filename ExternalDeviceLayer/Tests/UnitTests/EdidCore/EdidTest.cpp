@@ -269,11 +269,11 @@ TEST(EdidNumbering, StandardTimingsOfBaseThenBlocks)
     EXPECT_EQ(6U + 8U + 8U, oEdid.GetStandardCount());
     const struct
     {
-        unsigned int m_uiIndex;
         const char* m_szTiming;
+        unsigned int m_uiIndex;
         int m_bNative;
-    } aoCases[] = { { 0, "1152x864@60", 0 }, { 5, "1280x800@60", 0 },   { 6, "1920x1080@60", 1 },
-                    { 8, "1280x720@60", 0 }, { 14, "1920x1080@60", 1 }, { 16, "1280x720@60", 0 } };
+    } aoCases[] = { { "1152x864@60", 0, 0 }, { "1280x800@60", 5, 0 },   { "1920x1080@60", 6, 1 },
+                    { "1280x720@60", 8, 0 }, { "1920x1080@60", 14, 1 }, { "1280x720@60", 16, 0 } };
     for (const auto& oCase : aoCases)
     {
         SCOPED_TRACE(oCase.m_uiIndex);

@@ -60,12 +60,12 @@ unsigned char const* CEdidExtBlockCEA861::GetData() const { return m_aui8Raw.Get
 
 unsigned int CEdidExtBlockCEA861::GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Data) const
 {
-    const unsigned int uiCount = uiSize < GetSize() ? uiSize : GetSize();
+    const unsigned int uiCount = uiSize < m_aui8Raw.GetCount() ? uiSize : m_aui8Raw.GetCount();
     if (uiCount == 0 || pui8Data == nullptr)
     {
         return 0;
     }
-    ZorTools_memcpy(pui8Data, GetData(), uiCount);
+    ZorTools_memcpy(pui8Data, m_aui8Raw.GetData(), uiCount);
     return uiCount;
 }
 
@@ -75,7 +75,8 @@ unsigned int CEdidExtBlockCEA861::GetRevision() const { return m_uiRevision; }
 
 int CEdidExtBlockCEA861::IsChecksumValid() const
 {
-    return GetSize() == gsc_uiCea861Size && CEdidUtils::Is8BitsChecksumValid(gsc_uiCea861Size, GetData());
+    return m_aui8Raw.GetCount() == gsc_uiCea861Size &&
+           CEdidUtils::Is8BitsChecksumValid(gsc_uiCea861Size, m_aui8Raw.GetData());
 }
 
 int CEdidExtBlockCEA861::IsStripped() const { return m_bStripped; }
@@ -138,7 +139,7 @@ unsigned int CEdidExtBlockCEA861::GetDetailedTimingsOffset(unsigned int uiIndex)
         return 0;
     }
     const unsigned int uiOffset = uiStart + gsc_uiDetailedSize * uiIndex;
-    unsigned char const* pui8Clock = GetData() + uiOffset; // a pixel clock of 0 marks the end of the list
+    unsigned char const* pui8Clock = m_aui8Raw.GetData() + uiOffset; // a pixel clock of 0 marks the end of the list
     return pui8Clock[0] != 0 || pui8Clock[1] != 0 ? uiOffset : 0;
 }
 
@@ -156,14 +157,17 @@ unsigned int CEdidExtBlockCEA861::CountDetailedTimings() const
 
 int CEdidExtBlockCEA861::IsYuvSupported() const
 {
-    return GetSize() == gsc_uiCea861Size && (GetData()[gsc_uiCea861FlagsOffset] & gsc_uiCea861YuvFlags) != 0;
+    return (GetHeaderByte(gsc_uiCea861FlagsOffset) & gsc_uiCea861YuvFlags) != 0;
 }
 
-// Byte 2 as it stands, 0 to 255; 0 for an empty object.
-unsigned int CEdidExtBlockCEA861::GetDetailedStart() const
+// One of the block's first four bytes; 0 for an empty object.
+unsigned int CEdidExtBlockCEA861::GetHeaderByte(unsigned int uiOffset) const
 {
-    return GetSize() == gsc_uiCea861Size ? GetData()[gsc_uiCea861DetailedStartOffset] : 0U;
+    return m_aui8Raw.GetCount() == gsc_uiCea861Size ? m_aui8Raw.GetData()[uiOffset] : 0U;
 }
+
+// Byte 2 as it stands, 0 to 255.
+unsigned int CEdidExtBlockCEA861::GetDetailedStart() const { return GetHeaderByte(gsc_uiCea861DetailedStartOffset); }
 
 // Where the area of data blocks ends; its own start when there is none. May lie behind the block.
 unsigned int CEdidExtBlockCEA861::GetDataBlocksEnd() const
@@ -248,7 +252,7 @@ int CEdidExtBlockCEA861::AddVendorSpecific()
 
 void CEdidExtBlockCEA861::RemoveDataRange(unsigned int uiStart, unsigned int uiLength)
 {
-    if (uiStart > GetSize() || uiLength > GetSize() - uiStart)
+    if (uiStart > m_aui8Raw.GetCount() || uiLength > m_aui8Raw.GetCount() - uiStart)
     {
         MASSERT_FAILED();
         return;
@@ -268,7 +272,8 @@ void CEdidExtBlockCEA861::RemoveDataRange(unsigned int uiStart, unsigned int uiL
 
 void CEdidExtBlockCEA861::PadDataRange(unsigned int uiStart, unsigned int uiLength)
 {
-    if (uiStart > GetSize() || uiLength > GetSize() - uiStart) // a sum could wrap, a difference cannot
+    if (uiStart > m_aui8Raw.GetCount() ||
+        uiLength > m_aui8Raw.GetCount() - uiStart) // a sum could wrap, a difference cannot
     {
         MASSERT_FAILED();
         return;
@@ -349,7 +354,7 @@ void CEdidExtBlockCEA861::LowerDetailedStart(unsigned int uiLength)
     m_aui8Raw.GetData()[gsc_uiCea861DetailedStartOffset] = static_cast<unsigned char>(GetDetailedStart() - uiLength);
 }
 
-void CEdidExtBlockCEA861::UpdateChecksum() { CEdidUtils::StoreChecksum(GetSize(), m_aui8Raw.GetData()); }
+void CEdidExtBlockCEA861::UpdateChecksum() { CEdidUtils::StoreChecksum(m_aui8Raw.GetCount(), m_aui8Raw.GetData()); }
 
 int CEdidExtBlockCEA861::StripDataBlocks(unsigned int uiStripFlags)
 {
@@ -403,7 +408,7 @@ void CEdidExtBlockCEA861::SetBasicAudio()
 // Returns 1 when the flag was set.
 int CEdidExtBlockCEA861::ClearBasicAudio()
 {
-    if (GetSize() != gsc_uiCea861Size || (GetData()[gsc_uiCea861FlagsOffset] & gsc_uiCea861BasicAudioFlag) == 0)
+    if ((GetHeaderByte(gsc_uiCea861FlagsOffset) & gsc_uiCea861BasicAudioFlag) == 0)
     {
         return 0;
     }

@@ -295,6 +295,7 @@ private:
     void FinishEdit(unsigned int uiLists);
     void DeriveLists(unsigned int uiLists);
 
+    unsigned int GetHeaderByte(unsigned int uiOffset) const;
     unsigned int GetDetailedStart() const;
     unsigned int GetDataBlocksEnd() const;
     unsigned int CountDetailedTimings() const;

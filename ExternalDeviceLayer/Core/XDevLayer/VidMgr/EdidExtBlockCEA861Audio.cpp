@@ -189,7 +189,7 @@ unsigned int CEdidExtBlockCEA861::ExtractAudioInfo()
     {
         for (unsigned int i = 0; i < oWalk.GetLength() / gsc_uiAudioSize; ++i)
         {
-            oFill.Add(ReadAudioDescriptor(GetData() + oWalk.GetOffset() + gsc_uiAudioSize * i));
+            oFill.Add(ReadAudioDescriptor(m_aui8Raw.GetData() + oWalk.GetOffset() + gsc_uiAudioSize * i));
         }
     } while (oWalk.Next(eCea861Tag_Audio));
     return oFill.GetCount();

@@ -244,7 +244,7 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
     }
     ListTimings(oCodes);
     List420Timings(oCodes);
-    return GetStandardCount();
+    return CEdidExtBlockCEA861::GetStandardCount(); // qualified: also runs while the object is being made
 }
 
 // The ordinary timings, each once, and a look-up entry for each occurrence.

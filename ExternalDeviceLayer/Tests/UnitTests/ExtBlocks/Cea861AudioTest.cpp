@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Cea861TestHelp.h"
+#include "EditCheck.h"
 
 namespace
 {
@@ -258,9 +259,25 @@ TEST(Cea861Audio, RefusalsChangeNoByte)
         SCOPED_TRACE(oCase.m_szName);
         const SCeaBlock aui8Block = CCeaBlockBuilder().Bytes(oCase.m_aui8Blocks).Detailed({ 1 }).Get();
         const auto poBlock = LoadBlock(aui8Block);
+        const CEditCheck oCheck(*poBlock);
         EXPECT_EQ(0, oCase.m_pfnEdit(*poBlock));
-        EXPECT_EQ(aui8Block, GetBytes(*poBlock));
+        oCheck.ExpectUnchanged();
     }
+}
+
+// Writing in place names three bytes: of the descriptor in the second audio block, of the second speaker block.
+TEST(Cea861Audio, SettingTouchesOneEntryAlone)
+{
+    const auto poBlock = LoadBlock(CCeaBlockBuilder()
+                                       .Bytes(MakeAudioBlock(2) + MakeAudioBlock(3) + gsc_aui8Speaker + gsc_aui8Speaker)
+                                       .Detailed({ 1 })
+                                       .Get());
+    const CEditCheck oAudioCheck(*poBlock);
+    EXPECT_EQ(1, Set(*poBlock, 3, 2, 6, 1, 0xEE));
+    oAudioCheck.ExpectEdited({ { 4 + 7 + 1 + 3, 3 } });
+    const CEditCheck oSpeakerCheck(*poBlock);
+    EXPECT_EQ(1, poBlock->SetSpeakerDescriptor(1, 0x7FF));
+    oSpeakerCheck.ExpectEdited({ { 4 + 7 + 10 + 4 + 1, 3 } });
 }
 
 // The room for growing a block is counted from the end of the content, wherever the block itself stands.

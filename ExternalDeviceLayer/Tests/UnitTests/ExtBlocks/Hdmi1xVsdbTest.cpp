@@ -5,6 +5,7 @@
 
 #include "CapturedOutput.h"
 #include "Cea861TestHelp.h"
+#include "EditCheck.h"
 #include "Hdmi1xVsdb.h"
 
 namespace
@@ -179,7 +180,9 @@ TEST(Cea861ColourDepth, JoinsAndWritesAllHdmiVendorBlocks)
     unsigned int uiBits = 0;
     EXPECT_EQ(1, poBlock->GetColorBitDepthSupport(uiBits));
     EXPECT_EQ(5U, uiBits);
+    const CEditCheck oCheck(*poBlock);
     EXPECT_EQ(1, poBlock->SetColorBitDepthSupport(3));
+    oCheck.ExpectEdited({ { 4 + 1 + 5, 1 }, { 4 + 9 + 6 + 9 + 1 + 5, 1 } });
     EXPECT_EQ(MakeBlocks(0x30, 0xB8, 0x20), GetBytes(*poBlock));
     EXPECT_EQ(1, poBlock->GetColorBitDepthSupport(uiBits));
     EXPECT_EQ(3U, uiBits);

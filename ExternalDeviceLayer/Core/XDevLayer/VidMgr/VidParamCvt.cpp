@@ -73,7 +73,8 @@ bool ComputeStandardBlanking(unsigned int uiHorizontalActive, unsigned int uiVer
         ZorTools_RoundedDownDivision(gsc_uiMinSyncAndBackTime, uiLinePeriod) + 1, uiVSync + gsc_uiMinVerticalBackPorch);
     const unsigned int uiVerticalTotal = uiVerticalActive + gsc_uiVerticalFrontPorch + uiVSyncAndBack;
 
-    // The difference wraps for line periods above 100 us; the floor does not catch that, the check below does.
+    // The difference wraps for line periods above 100 us; the floor does not catch that, the check below refuses it for
+    // any real width.
     const unsigned int uiDuty = std::max((gsc_uiDutyOffset - gsc_uiDutyGradient * uiLinePeriod) / 1000, gsc_uiMinDuty);
     const unsigned int uiBlank =
         ZorTools_RoundedDownDivision(uiDuty * uiCellActive,

@@ -3,7 +3,6 @@
 
 #include "VidParamCea.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "VidParamTable.h"
@@ -106,8 +105,8 @@ constexpr CVidParamCea::SCeaVidParam CVidParamCea::msc_aoCea861FTable[] = {
     { 1003,  720,  480,  59,  27000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN },
     { 1004, 1280,  720,  59,  74175,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
     { 1005, 1920, 1080,  29,  74175,     88,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    { 1014, 1440,  480,  59,  53946,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN }, // published: 54000
-    { 1015, 1440,  480,  59,  53946,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN }, // published: 54000
+    { 1014, 1440,  480,  59,  53946,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN }, // neither published nor 54054 * 1000 / 1001 (both 54000)
+    { 1015, 1440,  480,  59,  53946,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN }, // neither published nor 54054 * 1000 / 1001 (both 54000)
     { 1016, 1920, 1080,  59, 148351,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
     { 1032, 1920, 1080,  23,  74175,    638,  44, 148,    4,  5,  36, gsc_uiSyncPP },
     { 1034, 1920, 1080,  29,  74175,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
@@ -154,13 +153,11 @@ namespace
 {
 using SRow = CVidParamCea::SCeaVidParam;
 
-constexpr bool IsKeyBelow(SRow const& oRow, unsigned int uiVic) { return oRow.uiVic < uiVic; }
-
 constexpr bool IsRisingByVic()
 {
     for (unsigned int i = 1; i < CVidParamCea::msc_uiCea861FRowCount; ++i)
     {
-        if (!IsKeyBelow(CVidParamCea::msc_aoCea861FTable[i - 1], CVidParamCea::msc_aoCea861FTable[i].uiVic))
+        if (CVidParamCea::msc_aoCea861FTable[i - 1].uiVic >= CVidParamCea::msc_aoCea861FTable[i].uiVic)
         {
             return false;
         }
@@ -168,14 +165,19 @@ constexpr bool IsRisingByVic()
     return true;
 }
 static_assert(std::size(CVidParamCea::msc_aoCea861FTable) == 129, "83 codes and 46 variants of them");
-static_assert(IsRisingByVic(), "rows stand in rising key order: the look-up by code halves the table");
+static_assert(IsRisingByVic(), "rows stand in rising key order, so that no key has a second row");
 
 // The row of a code, or null.
 SRow const* FindVic(unsigned int uiVic)
 {
-    SRow const* const poEnd = std::end(CVidParamCea::msc_aoCea861FTable);
-    SRow const* const poRow = std::lower_bound(std::begin(CVidParamCea::msc_aoCea861FTable), poEnd, uiVic, IsKeyBelow);
-    return poRow != poEnd && poRow->uiVic == uiVic ? poRow : nullptr;
+    for (SRow const& oRow : CVidParamCea::msc_aoCea861FTable)
+    {
+        if (oRow.uiVic == uiVic)
+        {
+            return &oRow;
+        }
+    }
+    return nullptr;
 }
 
 constexpr bool PassesScan(unsigned int uiFlags, CVidParamCea::EScanType eScanType)
@@ -230,15 +232,7 @@ int CVidParamCea::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
     SRow const* const poRow =
         FindRow(msc_aoCea861FTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eScanType](unsigned int uiFlags) { return PassesScan(uiFlags, eScanType); });
-    if (poRow == nullptr)
-    {
-        return 0;
-    }
-    if (poTiming != nullptr)
-    {
-        ConvertVidParam(*poRow, *poTiming);
-    }
-    return 1;
+    return AnswerWithRow(poRow, poTiming, ConvertVidParam);
 }
 
 int CVidParamCea::GetVidParamFromVic(unsigned int uiVic, CVidParamTiming* poTiming)
@@ -249,13 +243,7 @@ int CVidParamCea::GetVidParamFromVic(unsigned int uiVic, CVidParamTiming* poTimi
         return 0;
     }
     poTiming->ClearData(); // also for a code without a row
-    SRow const* const poRow = FindVic(uiVic);
-    if (poRow == nullptr)
-    {
-        return 0;
-    }
-    ConvertVidParam(*poRow, *poTiming);
-    return 1;
+    return AnswerWithRow(FindVic(uiVic), poTiming, ConvertVidParam);
 }
 
 int CVidParamCea::GetVicFromVidParam(CVidParamTiming const& oTiming, unsigned int& uiVic)

@@ -131,15 +131,7 @@ int CVidParamDmt::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
     SRow const* const poRow =
         FindRow(g_aoDmtTableV10Rev11, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eListType](unsigned int uiFlags) { return PassesList(uiFlags, eListType); });
-    if (poRow == nullptr)
-    {
-        return 0;
-    }
-    if (poTiming != nullptr)
-    {
-        ConvertVidParam(*poRow, *poTiming);
-    }
-    return 1;
+    return AnswerWithRow(poRow, poTiming, ConvertVidParam);
 }
 
 void CVidParamDmt::ConvertVidParam(SDmtVidParam const& oRow, CVidParamTiming& oTiming)

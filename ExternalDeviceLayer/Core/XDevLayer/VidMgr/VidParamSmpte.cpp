@@ -50,15 +50,7 @@ int CVidParamSmpte::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming,
     SRow const* const poRow =
         FindRow(g_aoSmpteTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [](unsigned int /*uiFlags*/) { return true; });
-    if (poRow == nullptr)
-    {
-        return 0;
-    }
-    if (poTiming != nullptr)
-    {
-        ConvertVidParam(*poRow, *poTiming);
-    }
-    return 1;
+    return AnswerWithRow(poRow, poTiming, ConvertVidParam);
 }
 
 void CVidParamSmpte::ConvertVidParam(SSmpteVidParam const& oRow, CVidParamTiming& oTiming)

@@ -1,5 +1,5 @@
-// What the mode tables share: the meaning of a row's flags, the search, and the way from a row to a timing.
-// Private to the sources that hold a table. A row type has the columns of CVidParamDmt::SDmtVidParam.
+// What the mode tables share: the meaning of a row's flags, the search and its answer, and the way from a row to a
+// timing. Private to the sources that hold a table. A row type has the columns of CVidParamDmt::SDmtVidParam.
 
 #pragma once
 
@@ -79,5 +79,21 @@ void ConvertRow(ROW const& oRow, CVidParamTiming::EVidParamType eType, CVidParam
     oTiming.SetVerticalPolarityPositive(IsFlagSet(oRow.uiFlags, gsc_uiVerticalPositive));
     oTiming.SetInterlaced(IsFlagSet(oRow.uiFlags, gsc_uiInterlaced));
     oTiming.SetVideoFamilyType(eType);
+}
+
+// What a look-up ends with: 0 without a row, else 1, and the row goes into the timing by way of fnConvert unless
+// poTiming is null.
+template <class ROW>
+int AnswerWithRow(ROW const* poRow, CVidParamTiming* poTiming, void (*fnConvert)(ROW const&, CVidParamTiming&))
+{
+    if (poRow == nullptr)
+    {
+        return 0;
+    }
+    if (poTiming != nullptr)
+    {
+        fnConvert(*poRow, *poTiming);
+    }
+    return 1;
 }
 }

@@ -36,6 +36,7 @@ struct SWorkedCase
     EFormula m_eFormula;
     unsigned int m_uiWidth;
     unsigned int m_uiHeight;
+    unsigned int m_uiAskedRateInHz;
     std::array<unsigned int, 3> m_auiHorizontal;
     std::array<unsigned int, 3> m_auiVertical;
     unsigned int m_uiPixelClockInKiloHz;
@@ -43,16 +44,20 @@ struct SWorkedCase
     unsigned int m_uiVerticalRateInHz;
 };
 
-// All asked for at 60 Hz.
 const SWorkedCase gsc_aoWorkedCases[] = {
-    { "FullHdCvt", eCvt, 1920, 1080, { 128, 200, 328 }, { 3, 5, 32 }, 173000, 67, 60 },
-    { "FullHdCvtReduced", eCvtReduced, 1920, 1080, { 48, 32, 80 }, { 3, 5, 23 }, 138500, 67, 60 },
-    { "FullHdGtf", eGtf, 1920, 1080, { 128, 200, 328 }, { 1, 3, 34 }, 172770, 67, 60 }, // sync cut, not rounded to 208
-    { "XgaCvt", eCvt, 1024, 768, { 48, 104, 152 }, { 3, 4, 23 }, 63500, 47, 60 },
-    { "XgaGtf", eGtf, 1024, 768, { 56, 104, 160 }, { 1, 3, 23 }, 64122, 47, 60 },
-    { "UltraHdCvtReduced", eCvtReduced, 3840, 2160, { 48, 32, 80 }, { 3, 5, 54 }, 533250, 133, 60 },
-    { "VgaCvtReportsTheRateReached", eCvt, 640, 480, { 16, 64, 80 }, { 3, 4, 13 }, 23750, 29, 59 },
-    { "OffTheCellGridCvt", eCvt, 1366, 768, { 72, 136, 208 }, { 3, 10, 17 }, 85500, 47, 60 },
+    { "FullHdCvt", eCvt, 1920, 1080, 60, { 128, 200, 328 }, { 3, 5, 32 }, 173000, 67, 60 },
+    { "FullHdCvtReduced", eCvtReduced, 1920, 1080, 60, { 48, 32, 80 }, { 3, 5, 23 }, 138500, 67, 60 },
+    { "FullHdGtf", eGtf, 1920, 1080, 60, { 128, 200, 328 }, { 1, 3, 34 }, 172770, 67, 60 }, // sync cut, not rounded to
+                                                                                            // 208
+    { "XgaCvt", eCvt, 1024, 768, 60, { 48, 104, 152 }, { 3, 4, 23 }, 63500, 47, 60 },
+    { "XgaGtf", eGtf, 1024, 768, 60, { 56, 104, 160 }, { 1, 3, 23 }, 64122, 47, 60 },
+    { "UltraHdCvtReduced", eCvtReduced, 3840, 2160, 60, { 48, 32, 80 }, { 3, 5, 54 }, 533250, 133, 60 },
+    { "VgaCvtReportsTheRateReached", eCvt, 640, 480, 60, { 16, 64, 80 }, { 3, 4, 13 }, 23750, 29, 59 },
+    { "OffTheCellGridCvt", eCvt, 1366, 768, 60, { 72, 136, 208 }, { 3, 10, 17 }, 85500, 47, 60 },
+    { "OffTheCellGridCvtReduced", eCvtReduced, 1366, 768, 60, { 48, 32, 80 }, { 3, 10, 9 }, 72250, 47, 60 },
+    { "OffTheCellGridGtf", eGtf, 1366, 768, 75, { 90, 144, 232 }, { 1, 3, 30 }, 110229, 60, 75 },
+    { "LowRateCvt", eCvt, 1280, 720, 24, { 32, 128, 160 }, { 3, 5, 6 }, 28000, 17, 24 },
+    { "HighRateGtf", eGtf, 1920, 1080, 120, { 160, 208, 368 }, { 1, 3, 73 }, 368889, 138, 120 },
 };
 
 class WorkedResult : public testing::TestWithParam<SWorkedCase>
@@ -67,14 +72,18 @@ TEST_P(WorkedResult, IsComputedOnBothStorageClasses)
         oCase.m_auiHorizontal,   oCase.m_auiVertical, FlagsOf(oCase.m_eFormula),  oCase.m_uiHorizontalRateInKiloHz,
         TypeOf(oCase.m_eFormula)
     };
-    CVidParamTimingGeneric oGeneric(gsc_o1080i); // what stood there before is cleared
-    CRVidParamTiming oOther;
-    oOther.SetInterlaced(1);
+    CVidParamTimingGeneric oGeneric(gsc_oMarked); // what stood there before is cleared
+    CRVidParamTiming oOther(gsc_oR720p, eRVideoFamily_Cea);
+    oOther.GetRVideoVidParam().uiFlags = 0xFFFFFFFF;
+    oOther.GetRVideoVidParam().auiReserved[1] = 7;
     for (CVidParamTiming* poTiming : std::initializer_list<CVidParamTiming*>{ &oGeneric, &oOther })
     {
-        EXPECT_EQ(1, Compute(oCase.m_eFormula, oCase.m_uiWidth, oCase.m_uiHeight, 60, poTiming));
+        EXPECT_EQ(1, Compute(oCase.m_eFormula, oCase.m_uiWidth, oCase.m_uiHeight, oCase.m_uiAskedRateInHz, poTiming));
         EXPECT_EQ(oExpected, ReadAll(*poTiming));
     }
+    EXPECT_EQ(FlagsOf(oCase.m_eFormula), oGeneric.GetData().uiFlags);
+    EXPECT_EQ(FlagsOf(oCase.m_eFormula), oOther.GetRVideoVidParam().uiFlags);
+    EXPECT_EQ(0U, oOther.GetRVideoVidParam().auiReserved[1]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, WorkedResult, testing::ValuesIn(gsc_aoWorkedCases),

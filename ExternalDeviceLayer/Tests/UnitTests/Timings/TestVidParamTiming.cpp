@@ -59,8 +59,8 @@ TEST(DerivedValues, StaticFormsTakeTheirArgumentsInTheirOwnOrder)
 
 TEST(DerivedValues, LineRateInKiloHertzIsRoundedOnce)
 {
-    EXPECT_EQ(31U, CVidParamTiming::ComputeHorizontalRateInKiloHz(800, 25175)); // 31.47
-    EXPECT_EQ(2U, CVidParamTiming::ComputeHorizontalRateInKiloHz(2, 3));        // a half goes up
+    EXPECT_EQ(31U, CVidParamTiming::ComputeHorizontalRateInKiloHz(800, 25175));   // 31.47
+    EXPECT_EQ(68U, CVidParamTiming::ComputeHorizontalRateInKiloHz(1600, 108000)); // a half goes up
     EXPECT_EQ(31469U, CVidParamTiming::ComputeHorizontalRateInHz(800, 25175000));
 }
 
@@ -126,6 +126,7 @@ const SClockCase gsc_aoClockCases[] = {
     { "OtherZero", 74250, 0, 0 },
     { "BothZero", 0, 0, 1 },
     { "OtherUnderOneKiloHertz", 1, 999, 0 },
+    { "RatioIsOfTheLarger", 100000, 100512000, 1 },   // 50.9 ten-thousandths, of the smaller it would be 51.2
     { "ProductNeeds64Bits", 1000000, 1429497000, 0 }, // the difference times 10000 is just above 32 bits
     { "LargeWithinHalf", 4000000, 3990000000, 1 },
     { "LargeBeyondHalf", 4000000, 3970000000, 0 },
@@ -148,6 +149,14 @@ TEST(ClockEquivalence, IsAskedOfTheLeftSide)
 {
     EXPECT_EQ(0, MakeClock(75000).IsPixelClockInKiloHzEquivalent(75200));
     EXPECT_EQ(1, MakeClock(75200).IsPixelClockInKiloHzEquivalent(75000));
+}
+
+TEST(ClockEquivalence, UnderOneKiloHertzOnlyTheSameHertzCount)
+{
+    CVidParamTimingGeneric oTiming;
+    oTiming.SetPixelClockInHz(999);
+    EXPECT_EQ(0, oTiming.IsPixelClockInHzEquivalent(500)); // both are 0 kHz
+    EXPECT_EQ(1, oTiming.IsPixelClockInHzEquivalent(999));
 }
 
 TEST(ClockEquivalence, KiloHertzFormWrapsAt32Bits)
@@ -207,6 +216,18 @@ TEST(Equality, WhatCountsAndWhatDoesNot)
     }
 }
 
+TEST(Equality, ClockIsAskedOfTheLeftSide)
+{
+    CVidParamTimingGeneric oLow(gsc_o720p);
+    CVidParamTimingGeneric oHigh(gsc_o720p);
+    oLow.SetPixelClockInKiloHz(75000);  // 0.10 %
+    oHigh.SetPixelClockInKiloHz(75200); // 0.50 %; they are 0.26 % apart
+    EXPECT_EQ(0, oLow == oHigh);
+    EXPECT_EQ(1, oHigh == oLow);
+    EXPECT_EQ(1, oLow != oHigh);
+    EXPECT_EQ(0, oHigh != oLow);
+}
+
 TEST(Equality, FlagsCompareAsStoredValues)
 {
     CRVidParamTiming oOne(gsc_oR720p, eRVideoFamily_None);
@@ -240,6 +261,28 @@ TEST(Assignment, GoesThroughHertzBetweenTheStorageClasses)
     oExpected.m_uiPixelClockInKiloHz = 74176;
     oExpected.m_uiHorizontalRateInKiloHz = 45;
     EXPECT_EQ(oExpected, ReadAll(oBack));
+}
+
+TEST(Assignment, ThroughTheBaseCarriesScanAndPolarities)
+{
+    const CVidParamTimingGeneric oInterlaced(gsc_o1080i);
+    CRVidParamTiming oOther;
+    static_cast<CVidParamTiming&>(oOther) = oInterlaced;
+    EXPECT_EQ((SAllValues{ 1920,
+                           1080,
+                           30,
+                           74250,
+                           { 88, 44, 148 },
+                           { 2, 5, 15 },
+                           1 | 4 | 8,
+                           34, // 33.75, rounded by the setter
+                           CVidParamTiming::eVidParamType_Cea }),
+              ReadAll(oOther));
+
+    SVidParamGenericData oProgressive = gsc_o720p;
+    oProgressive.uiFlags = 0;
+    static_cast<CVidParamTiming&>(oOther) = CVidParamTimingGeneric(oProgressive);
+    EXPECT_EQ(0U, ReadAll(oOther).m_uiFlags) << "what stood there is taken back";
 }
 
 TEST(Assignment, OfOneClassCopiesTheRecordThroughTheBaseOnlyItsFields)
@@ -277,6 +320,17 @@ TEST(Assignment, OfTheKiloHertzClassCopiesWhatHertzCannotCarry)
     EXPECT_EQ(1, oTarget.GetBottomFieldFirst());
     EXPECT_EQ(2, oTarget.Is3D());
     EXPECT_EQ(CVidParamTiming::eVidParamType_Unknown, oTarget.GetVideoFamilyType());
+}
+
+TEST(Assignment, OfTheKiloHertzClassReplacesTheFamily)
+{
+    for (const RVideo_VidParamFamily eFamily : { eRVideoFamily_None, eRVideoFamily_Gtf, eRVideoFamily_Smpte })
+    {
+        const CRVidParamTiming oSource(gsc_oR720p, eFamily);
+        CRVidParamTiming oTarget(tagRVideo_VidParam{}, eRVideoFamily_Cea);
+        oTarget = oSource;
+        EXPECT_EQ(static_cast<unsigned int>(eFamily), static_cast<unsigned int>(oTarget.GetVideoFamilyType()));
+    }
 }
 
 TEST(Assignment, ToItselfChangesNothing)

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <string.h>
+
 #include <array>
 #include <ostream>
 
@@ -61,3 +63,12 @@ inline constexpr tagRVideo_VidParam gsc_oR720p = { 1280, 720, 60, 45, 74250, 110
 inline constexpr SVidParamGenericData gsc_o1080i = {
     1920, 1080, 30, 33750, 74250000, 88, 44, 148, 2, 5, 15, 1 | 4 | 8, CVidParamTiming::eVidParamType_Cea
 };
+
+// A record with something in every field and every flag, and whether a timing still holds exactly that.
+inline constexpr SVidParamGenericData gsc_oMarked = {
+    1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0xFFFFFFFF, CVidParamTiming::eVidParamType_Detailed
+};
+inline bool IsMarked(CVidParamTimingGeneric const& oTiming)
+{
+    return memcmp(&gsc_oMarked, &oTiming.GetData(), sizeof(gsc_oMarked)) == 0;
+}

@@ -202,7 +202,7 @@ CMString::CMString(CMString const& oSource) : m_pszData(m_pszNil)
 
 CMString& CMString::operator=(CMString const& oSource)
 {
-    if (m_pszData == oSource.m_pszData)
+    if (this == &oSource || m_pszData == oSource.m_pszData)
     {
         return *this;
     }

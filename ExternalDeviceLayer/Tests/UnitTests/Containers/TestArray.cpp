@@ -434,10 +434,14 @@ TEST(ArrayElements, ConstructAndCopyDoNothingBelowOne)
 
 namespace
 {
-// Compares tens only and notes the pairs in the string that the context points to.
+constexpr unsigned long gsc_ulContext = 0x123456789ABCDEF0;
+std::string* g_psCalls = nullptr;
+
+// Compares tens only and notes the pairs.
 int CompareTens(unsigned int const& uiFirst, unsigned int const& uiSecond, unsigned long ulContext)
 {
-    *reinterpret_cast<std::string*>(ulContext) += std::to_string(uiFirst) + ":" + std::to_string(uiSecond) + " ";
+    EXPECT_EQ(gsc_ulContext, ulContext);
+    *g_psCalls += std::to_string(uiFirst) + ":" + std::to_string(uiSecond) + " ";
     return static_cast<int>(uiFirst / 10) - static_cast<int>(uiSecond / 10);
 }
 }
@@ -464,7 +468,8 @@ TEST(ArraySort, CallsStandInBubbleOrderAndEqualsStay)
         SCOPED_TRACE(oCase.m_szName);
         CNumberArray oArray = Numbers(oCase.m_auiBefore);
         std::string sCalls;
-        EXPECT_EQ(1, oArray.SortElements(CompareTens, reinterpret_cast<unsigned long>(&sCalls)));
+        g_psCalls = &sCalls;
+        EXPECT_EQ(1, oArray.SortElements(CompareTens, gsc_ulContext));
         EXPECT_EQ(oCase.m_auiAfter, Elements(oArray));
         EXPECT_EQ(oCase.m_szCalls, sCalls);
     }

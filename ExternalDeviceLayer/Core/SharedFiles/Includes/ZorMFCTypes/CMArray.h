@@ -110,7 +110,10 @@ public:
     CMArray(const CMArray& oOther) : CMArray() { CopyFrom(oOther); }
     CMArray& operator=(const CMArray& oOther)
     {
-        CopyFrom(oOther);
+        if (this != &oOther)
+        {
+            CopyFrom(oOther);
+        }
         return *this;
     }
 
@@ -200,7 +203,7 @@ private:
 
     bool IsInside(int iIndex) const
     {
-        if (iIndex < 0 || iIndex >= m_iSize)
+        if (m_pData == nullptr || iIndex < 0 || iIndex >= m_iSize)
         {
             MASSERT_FAILED();
             return false;
@@ -210,9 +213,9 @@ private:
 
     void CopyFrom(const CMArray& oOther)
     {
-        if (this != &oOther)
+        CMArray::SetSize(oOther.m_iSize, -1); // qualified: also runs while the object is being made
+        if (oOther.m_pData != nullptr)
         {
-            CMArray::SetSize(oOther.m_iSize, -1); // qualified: also runs while the object is being made
             CMArrayCopyElements(m_pData, oOther.m_pData, m_iSize);
         }
     }

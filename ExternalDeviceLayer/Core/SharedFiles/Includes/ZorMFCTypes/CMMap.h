@@ -133,7 +133,7 @@ int CMMap<KEY, VALUE, ARG_KEY, ARG_VALUE>::InitHashTable(unsigned int uiHashSize
     FreeTable();
     if (bAllocNow != 0)
     {
-        m_ppoHashTable = static_cast<CAssoc**>(CMAllocator().Alloc(uiHashSize * sizeof(CAssoc*)));
+        m_ppoHashTable = static_cast<CAssoc**>(CMAllocator().Alloc(uiHashSize * sizeof(void*)));
         if (m_ppoHashTable == nullptr)
         {
             MASSERT_FAILED();

@@ -1,6 +1,8 @@
-// Starts a thread, waits for its event with a limit, and tells how long that took.
+// Starts a thread, waits for its event with a limit, and tells how long that took. With an argument it looks for a PCI
+// device instead: 0x0108 is bus 1, device 1, function 0.
 
 #include <stdio.h>
+#include <stdlib.h>
 
 #include "OsServices.h"
 #include "ZorLibrary.h"
@@ -38,11 +40,17 @@ int RunAndWait(OsServices& oServices, SHEvent* hDone)
     oServices.CpuThread_Destroy(hThread);
     return iResult;
 }
+
+int TellWhetherPciDeviceExists(const char* pszHandle)
+{
+    const unsigned int uiHandle = static_cast<unsigned int>(strtoul(pszHandle, nullptr, 0));
+    const bool bFound = ZorVxdPciLibConvertHandle(uiHandle) != nullptr;
+    printf("PCI device 0x%04X: %s.\n", uiHandle, bFound ? "found" : "not found");
+    return bFound ? 0 : 1;
 }
 
-int main()
+int TellHowLongAThreadTakes(OsServices& oServices)
 {
-    OsServices oServices(nullptr);
     SHEvent* hDone = nullptr;
     if (oServices.Event_Create(hDone) == 0)
     {
@@ -62,4 +70,11 @@ int main()
     }
     printf("The thread answered after %llu microseconds.\n", uiAfter - uiBefore);
     return 0;
+}
+}
+
+int main(int iCount, char** ppszArguments)
+{
+    OsServices oServices(nullptr); // its end also ends the look-up
+    return iCount == 2 ? TellWhetherPciDeviceExists(ppszArguments[1]) : TellHowLongAThreadTakes(oServices);
 }

@@ -4,7 +4,6 @@
 #include "ZorLibrary.h"
 
 #include "ZorVxd_Linux.h"
-#include "ZorVxdPciLib_Linux.h"
 
 void* memMap64(unsigned long long uiAddress, unsigned int uiSize, unsigned int uiMode)
 {

@@ -1,10 +1,12 @@
-// Low-level access under neutral names: physical memory, a microsecond timer, start and stop. OsServices uses these;
-// a program that needs no object may call them itself. No function writes a message: a failure is the null or 0 of the
-// result, and the cause stays in errno.
+// Low-level access: physical memory, a microsecond timer, PCI look-up, start and stop. OsServices uses these; a program
+// that needs no object may call them itself. No function writes a message: a failure is the null or 0 of the result,
+// and the cause stays in errno.
 //
-// Mapping and start and stop are for one thread at a time; the timer works from any thread.
+// Mapping, look-up, start and stop are for one thread at a time; the timer works from any thread.
 
 #pragma once
+
+struct pci_dev; // libpci's; a program that wants its members includes libpci's own header
 
 // A 64-bit number in two halves.
 struct SZorFrequency
@@ -34,6 +36,17 @@ unsigned int tmDelay(unsigned int uiDelay);
 unsigned int tmCounter(unsigned long long* puiCounter);
 // Counter ticks in a second: always 1000000. Not null. Always 1.
 unsigned int tmFrequency(SZorFrequency* poFrequency);
+
+// Finds a PCI device through libpci, which ends the process with status 1 where it finds no way to the bus.
+//   uiHandle  bus in bits 15 to 8, device in bits 7 to 3, function in bits 2 to 0; higher bits do not count, and
+//   neither
+//             does the PCI domain: the first device that fits is taken.
+// The bus is scanned at the first look-up only. Null when there is no such device. The layer owns the device, which is
+// valid until ZorVxdPciLibCleanUp.
+pci_dev* ZorVxdPciLibConvertHandle(unsigned int uiHandle);
+// Ends the look-up, if one was made, and invalidates the devices it gave; the next look-up scans anew. The stop of the
+// layer does the same.
+void ZorVxdPciLibCleanUp();
 
 // Always 1.
 unsigned int InitZORLibrary();

@@ -7,6 +7,8 @@ extern "C"
 #include <pci/pci.h> // does not declare its own linkage
 }
 
+#include "ZorLibrary.h"
+
 constinit SZorVxdPciLibCalls g_oZorVxdPciLibCalls = { pci_alloc, pci_init, pci_scan_bus, pci_cleanup };
 constinit pci_access* g_poZorVxdPciLibAccess = nullptr;
 

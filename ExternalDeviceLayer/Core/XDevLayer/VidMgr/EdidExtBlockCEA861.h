@@ -212,7 +212,8 @@ public:
     // Free bytes behind the content; counts one byte less than fits.
     unsigned int GetAvailableSpace() const;
 
-    // Appends an empty HDMI vendor block (7 bytes) behind the data blocks. 0 when there is no room.
+    // Appends an empty HDMI vendor block (7 bytes) behind the data blocks. 0 when there is no room; like every addition
+    // also when byte 2 is below 4, as the block's header stands there.
     int AddVendorSpecific();
 
     // Raw steps. They leave byte 2, the checksum and all lists alone: the caller sets byte 2, calls UpdateChecksum and

@@ -136,6 +136,44 @@ TEST(Cea861Properties, EveryByte2AndFirstHeader)
     }
 }
 
+// ---- Allocations ----
+
+class CCountingAllocator : public CMAllocator
+{
+public:
+    CCountingAllocator() { m_poGlobalAllocator = this; }
+    ~CCountingAllocator() { m_poGlobalAllocator = nullptr; }
+    CCountingAllocator(CCountingAllocator const&) = delete;
+    CCountingAllocator& operator=(CCountingAllocator const&) = delete;
+
+    void* Alloc(unsigned long uiSize) override
+    {
+        ++m_uiCount;
+        return operator new[](uiSize);
+    }
+    void Free(void const* p) override { operator delete[](const_cast<void*>(p)); }
+
+    unsigned int m_uiCount = 0;
+};
+
+TEST(Cea861Properties, ListsAreAllocatedOnceEach)
+{
+    // Video, audio, speakers, four HDMI codes, four descriptors.
+    unsigned char const* pui8Data = ExtStandard2::g_auiStandard2EdidData.data() + gsc_uiExt;
+    CCountingAllocator oAllocator;
+    {
+        Block oBlock(128, pui8Data, 0);
+        // The bytes, five lists, and the HDMI view's own list; there is nothing in YCbCr 4:2:0.
+        EXPECT_EQ(7U, oAllocator.m_uiCount);
+        oAllocator.m_uiCount = 0;
+        EXPECT_EQ(1, oBlock.SetAudioDescriptor(0, &gsc_oAudio));
+        EXPECT_EQ(1, oBlock.RemoveDetailed(0));
+        EXPECT_EQ(0U, oAllocator.m_uiCount) << "a list that does not grow keeps its memory";
+        EXPECT_EQ(1, oBlock.AddAudioDescriptor(&gsc_oAudio));
+        EXPECT_EQ(1U, oAllocator.m_uiCount);
+    }
+}
+
 // ---- Good blocks ----
 
 // Whether the data blocks end exactly at byte 2. Where one crosses it, descriptors and data blocks share bytes, and an

@@ -42,7 +42,7 @@ void ZorTools_Assert(int bCondition, const char* pszFile, int iLine);
 // Decimal number at the start of the text, cut to 32 bits; 0 when there is none.
 int ZorTools_atoi(const char* pszText);
 
-// Non-zero for '0' to '9'. iValue is an unsigned char value or EOF.
+// 0x800, the platform's bit for the class of digits, for '0' to '9', else 0. iValue is an unsigned char value or EOF.
 int ZorTools_isDigit(int iValue);
 
 // Copies at most uiSize - 1 characters and terminates.

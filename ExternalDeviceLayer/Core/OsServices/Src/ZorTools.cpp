@@ -59,7 +59,12 @@ void ZorTools_Assert(int /*bCondition*/, const char* /*pszFile*/, int /*iLine*/)
 
 int ZorTools_atoi(const char* pszText) { return static_cast<int>(strtol(pszText, nullptr, 10)); }
 
-int ZorTools_isDigit(int iValue) { return isdigit(iValue); }
+int ZorTools_isDigit(int iValue)
+{
+    // Not what isdigit gives: a compiler that folds the call may answer 1.
+    constexpr int iDigitClass = 0x800;
+    return isdigit(iValue) != 0 ? iDigitClass : 0;
+}
 
 void ZorTools_strcpy_s(char* pszDestination, unsigned int uiSize, const char* pszSource)
 {

@@ -8,6 +8,8 @@
 
 #pragma once
 
+#include <stdarg.h>
+
 #include "OsServicesClient.h" // handle types, wait results
 
 // An outside object that takes over the creating and triggering of events and signals, for a program in which other
@@ -76,8 +78,9 @@ public:
     static unsigned long long GetRawTimeInNs();
     // The same in milliseconds, rounded down.
     static unsigned long long GetTimeInMs();
-    // Waits at least uiDelay microseconds. Up to 100000 it keeps the processor busy; above that it sleeps whole
-    // milliseconds (rounded down) and says so on the debug channel. 0 returns at once. 0 when a sleep fails.
+    // Waits uiDelay microseconds. Up to 100000 it keeps the processor busy for at least that long. Above that it sleeps
+    // uiDelay / 1000 whole milliseconds, up to 999 microseconds less than asked, and says so on the debug channel. A
+    // delay of 0 returns 1 at once. Returns 0 when the sleep fails.
     static int WaitMicroSeconds(unsigned int uiDelay);
     // Sleeps. The delay is counted in microseconds in 32 bits: above 4294967 it wraps to a shorter one.
     static int SleepMilliSeconds(unsigned int uiDelay);
@@ -180,6 +183,10 @@ public:
 
 private:
     friend class COsServicesTestAccess; // the unit tests set the random state and look at the instance count
+
+    // Head and text of one line, or nothing when bEnable is 0.
+    static void WriteLine(int bEnable, const char* pszLevel, const char* pszFormat, va_list oList)
+        __attribute__((format(printf, 3, 0)));
 
     int m_bIsInitialized; // 1 when this object counts as an instance
     void* m_poHost;       // an OsServicesHost, or null

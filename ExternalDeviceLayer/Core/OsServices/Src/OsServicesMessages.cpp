@@ -17,49 +17,25 @@ constinit unsigned long OsServices::ms_uiReferenceId = 0;
 
 void OsServices::WriteErrorMsg(const char* pszFormat, ...)
 {
-    if (ms_bEnableErrorMsg == 0)
-    {
-        return;
-    }
-    if (ms_bIsMessagePrefixEnabled != 0)
-    {
-        WriteMsgInternal("%s[%llu]: (Error) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
-    }
     va_list oList;
     va_start(oList, pszFormat);
-    OsServices_WriteMsg(pszFormat, oList);
+    WriteLine(ms_bEnableErrorMsg, "Error", pszFormat, oList);
     va_end(oList);
 }
 
 void OsServices::WriteUserMsg(const char* pszFormat, ...)
 {
-    if (ms_bEnableUserMsg == 0)
-    {
-        return;
-    }
-    if (ms_bIsMessagePrefixEnabled != 0)
-    {
-        WriteMsgInternal("%s[%llu]: (Info) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
-    }
     va_list oList;
     va_start(oList, pszFormat);
-    OsServices_WriteMsg(pszFormat, oList);
+    WriteLine(ms_bEnableUserMsg, "Info", pszFormat, oList);
     va_end(oList);
 }
 
 void OsServices::WriteMsg(const char* pszFormat, ...)
 {
-    if (ms_bEnableInfo == 0)
-    {
-        return;
-    }
-    if (ms_bIsMessagePrefixEnabled != 0)
-    {
-        WriteMsgInternal("%s[%llu]: (Debug) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
-    }
     va_list oList;
     va_start(oList, pszFormat);
-    OsServices_WriteMsg(pszFormat, oList);
+    WriteLine(ms_bEnableInfo, "Debug", pszFormat, oList);
     va_end(oList);
 }
 
@@ -115,4 +91,18 @@ const char* OsServices::GetFileNameOnlySubSring(const char* pszPath)
         }
     }
     return pszPath;
+}
+
+void OsServices::WriteLine(int bEnable, const char* pszLevel, const char* pszFormat, va_list oList)
+{
+    if (bEnable == 0)
+    {
+        return;
+    }
+    if (ms_bIsMessagePrefixEnabled != 0)
+    {
+        WriteMsgInternal("%s[%llu]: (%s) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId),
+                         pszLevel);
+    }
+    OsServices_WriteMsg(pszFormat, oList);
 }

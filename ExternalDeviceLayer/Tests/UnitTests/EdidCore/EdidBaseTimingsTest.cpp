@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "BaseBlockImage.h"
+#include "CountingAllocator.h"
 #include "EdidBase.h"
 #include "EditCheck.h"
 #include "VidParamTimingGeneric.h"
@@ -574,5 +575,40 @@ TEST(Detailed, PreferredModeTakesTheImageSize)
         EXPECT_EQ(oCase.m_uiHeight, oBase.GetBaseBlock()[54 + 13]);
         EXPECT_EQ(0, oBase.GetBaseBlock()[54 + 14]);
     }
+}
+
+// ---- Memory ----
+
+// Only the list of usable slots is kept on the heap: one slot, then four more each time that it is full.
+TEST(Memory, LoadingAllocatesForTheListOfSlotsAndWalkingForNothing)
+{
+    CBaseBlockImage oImage = MakeEstablishedImage(0xFFFFFF);
+    for (unsigned int ui = 0; ui < 8; ++ui)
+    {
+        oImage.Slot(ui, 0x81, 0xC0);
+    }
+    oImage.Descriptor(0, gsc_aui8Timing1080p).Descriptor(1, gsc_aui8Timing720p);
+    oImage.Descriptor(2, { 0x00, 0x00, 0x00, 0xFA, 0x00, 0x81, 0xC0, 0xD1, 0xC0, 0x81, 0xC0, 0xD1, 0xC0, 0x81, 0xC0 });
+    const CBaseBlockImage::Bytes aui8Data = oImage.Get();
+
+    const CCountingAllocator oAllocator;
+    CEdidBase oBase;
+    Load(oBase, aui8Data);
+    const std::vector<unsigned long> aulExpected = { sizeof(unsigned int), 5 * sizeof(unsigned int),
+                                                     9 * sizeof(unsigned int) };
+    EXPECT_EQ(aulExpected, oAllocator.GetSizes());
+
+    CVidParamTimingGeneric oTiming;
+    int iNative = 0;
+    unsigned int uiTimings = 0;
+    for (unsigned int ui = 0; ui < 32; ++ui) // beyond the end of each list
+    {
+        uiTimings += oBase.GetEstablished(ui, &oTiming, 0) != 0 ? 1U : 0U;
+        uiTimings += oBase.GetStandard(ui, &oTiming, &iNative) != 0 ? 1U : 0U;
+        uiTimings += oBase.GetExtraStdTiming(ui, oTiming) != 0 ? 1U : 0U;
+        uiTimings += oBase.GetDetailed(ui, &oTiming) != 0 ? 1U : 0U;
+    }
+    EXPECT_EQ(17U + 8 + 5 + 2, uiTimings);
+    EXPECT_EQ(aulExpected, oAllocator.GetSizes());
 }
 }

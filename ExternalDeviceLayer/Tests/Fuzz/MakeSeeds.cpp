@@ -6,8 +6,8 @@
 #include <iterator>
 #include <string>
 
+#include "DisplayIdImages.h"
 #include "EditRunner.h"
-#include "FuzzSupport.h"
 #include "SelfCheckImages.h"
 
 namespace
@@ -51,22 +51,6 @@ std::string MakeProgram(size_t uiImage)
     return sProgram;
 }
 
-// A block with a tile, a Type I and a Type II timing behind the base block of an image: none of the images has one.
-std::string MakeDisplayId(const SEdidImage& aui8Image)
-{
-    std::string sImage(aui8Image.begin(), aui8Image.begin() + 128);
-    const unsigned char aui8Section[] = { 0x70, 0x12, 0x79, 0x00, 0x00, 0x12, 0x00, 0x16, 0x82, 0x11, 0x10, 0x00,
-                                          0x7F, 0x07, 0x37, 0x04, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
-                                          0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x03, 0x01, 0x14, 0x01, 0x3A, 0x00,
-                                          0x00, 0x7F, 0x07, 0x17, 0x01, 0x57, 0x80, 0x2B, 0x00, 0x37, 0x04, 0x2C,
-                                          0x00, 0x03, 0x80, 0x04, 0x00, 0x04, 0x00, 0x0B, 0x00, 0x1D, 0x00, 0x08,
-                                          0x9F, 0x5A, 0xD4, 0xCF, 0x02, 0x1D, 0x44 };
-    sImage.append(std::begin(aui8Section), std::end(aui8Section));
-    sImage.resize(256);
-    sImage[126] = 1;
-    RepairImage(reinterpret_cast<uint8_t*>(sImage.data()), sImage.size());
-    return sImage;
-}
 }
 
 int main(int iCount, char** ppszArguments)
@@ -89,15 +73,11 @@ int main(int iCount, char** ppszArguments)
         bAll = WriteFile(sFolder + "/FuzzEditSequence/" + sName, sProgram.data(), sProgram.size()) && bAll;
     }
 
-    const SEdidImage& aui8First = *gsc_aoSelfCheckImages[0].m_paui8Image;
-    const std::string sDisplayId = MakeDisplayId(aui8First);
-    // Both blocks: behind the image's own CEA-861 block.
-    std::string sBoth(aui8First.begin(), aui8First.end());
-    sBoth += sDisplayId.substr(128);
-    sBoth[126] = 2;
-    RepairImage(reinterpret_cast<uint8_t*>(sBoth.data()), sBoth.size());
-    for (const std::string& sImage : { sDisplayId, sBoth })
+    // None of the images has a DisplayID block: one with that alone, one with a CEA-861 block in front of it.
+    for (const CBytes& aui8Image :
+         { MakeEdid({ MakeFullDisplayIdBlock() }), MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() }) })
     {
+        const std::string sImage(aui8Image.begin(), aui8Image.end());
         const std::string sName = "DisplayId" + std::to_string(sImage.size());
         std::string sProgram = MakeProgram(std::size(gsc_aoSelfCheckImages)).substr(1);
         sProgram = std::string(1, '\xFF') + static_cast<char>(sImage.size() / 128 - 1) + sImage + sProgram;

@@ -72,6 +72,15 @@ inline CBytes TilePayload()
     return aui8Payload;
 }
 
+// A tile, a Type I and a Type II timing: a block with everything that is understood.
+inline CBytes MakeFullDisplayIdBlock()
+{
+    CBytes aui8Blocks = MakeDataBlock(18, 0, TilePayload());
+    Append(aui8Blocks, MakeDataBlock(3, 1, Type1Record1080p()));
+    Append(aui8Blocks, MakeDataBlock(4, 0, Type2Record720p()));
+    return MakeDisplayIdBlock(aui8Blocks, 121);
+}
+
 // A base block of version 1.4 with one detailed timing, 1920 x 1080 at 148.5 MHz, and these extension blocks.
 inline CBytes MakeEdid(const std::vector<CBytes>& aoBlocks)
 {

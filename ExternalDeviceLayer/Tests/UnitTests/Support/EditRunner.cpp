@@ -241,7 +241,7 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
 {
     const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
     const CBlocks aaui8Before = CopyBlocks();
-    const int iResult = Run(oStep, uiOperation);
+    const int iResult = Run(oStep);
     if (iResult != 0)
     {
         ++m_uiSuccessCount;
@@ -259,8 +259,9 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     return bIsLikelySame ? nullptr : CheckLists(uiOperation, aaui8Before);
 }
 
-int CEditRunner::Run(const SEditStep& oStep, unsigned int uiOperation)
+int CEditRunner::Run(const SEditStep& oStep)
 {
+    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
     const int iValue = static_cast<int>(oStep.m_uiValue & 1);
     switch (uiOperation)
     {

@@ -56,13 +56,15 @@ public:
     // lists are those of the bytes, as far as the edit promises it. Else a text that names the broken promise.
     const char* Apply(const SEditStep& oStep);
 
+    // Runs one edit and looks at nothing; takes no memory of its own. Gives what the edit gives.
+    int Run(const SEditStep& oStep);
+
     const CEdid& GetEdid() const { return m_oEdid; }
     unsigned int GetSuccessCount() const { return m_uiSuccessCount; }
 
 private:
     using CBlocks = std::vector<std::vector<unsigned char>>;
 
-    int Run(const SEditStep& oStep, unsigned int uiOperation);
     int RunOnBlock(const SEditStep& oStep, unsigned int uiOperation);
     const char* CheckAfterRawStep(const SEditStep& oStep, const CBlocks& aaui8Before);
     const char* CheckBytes(const SEditStep& oStep, unsigned int uiOperation, int iResult, const CBlocks& aaui8Before);

@@ -109,14 +109,10 @@ void CMString::CopyBeforeWrite()
     {
         return;
     }
-    char const* pszOld = m_pszData; // the other holders keep it alive
-    const int iLength = GetLength();
-    Release();
-    AllocData(iLength);
-    if (!IsNil())
-    {
-        CopyChars(m_pszData, pszOld, iLength + 1);
-    }
+    // The copy comes first and gives up the share on its way out, so that nothing is lost when memory runs out.
+    CMString oCopy;
+    AllocCopy(oCopy, GetLength(), 0, 0);
+    std::swap(m_pszData, oCopy.m_pszData);
 }
 
 bool CMString::AllocBeforeWrite(int iLength)
@@ -125,8 +121,13 @@ bool CMString::AllocBeforeWrite(int iLength)
     {
         return true;
     }
-    Release();
-    return AllocData(iLength);
+    CMString oNew; // gives up the old buffer on its way out: kept until the new one is there
+    if (!oNew.AllocData(iLength))
+    {
+        return false;
+    }
+    std::swap(m_pszData, oNew.m_pszData);
+    return true;
 }
 
 void CMString::AssignCopy(int iLength, char const* pszText)

@@ -4,6 +4,8 @@
 // empty strings made by default share one constant, so that they need no memory. Buffers are exact: no size classes,
 // no growth reserve. Counts are plain integers: a string and all that share its buffer belong to one thread.
 //
+// When memory runs out, every operation leaves all strings as they were before it (strong guarantee).
+//
 // Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise.
 // Each operation with an int index, length or count has a twin for unsigned int with the same meaning.
 
@@ -233,7 +235,8 @@ protected:
     void Share(CMString const& oSource);
     // Gives a string that shares its buffer an exact one of its own.
     void CopyBeforeWrite();
-    // Makes room for iLength characters to be written; the text is lost where the buffer is replaced.
+    // Makes room for iLength characters to be written; the text is lost where the buffer is replaced. False, with
+    // nothing changed, for a length that no buffer can have.
     bool AllocBeforeWrite(int iLength);
     // iLength characters of pszText, which may lie in this string; 0 and null release the buffer.
     void AssignCopy(int iLength, char const* pszText);

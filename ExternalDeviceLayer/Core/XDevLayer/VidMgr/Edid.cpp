@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <memory>
 
 #include "EdidBaseLayout.h"
 #include "EdidUtils.h"
@@ -113,11 +114,12 @@ int CEdid::SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, uns
     for (unsigned int uiOffset = CEdidUtils::msc_uiBlockSize; uiOffset < uiUsed;
          uiOffset += CEdidUtils::msc_uiBlockSize)
     {
-        CEdidExtBlock* poBlock =
-            CEdidExtBlock::CreateExtensionBlock(CEdidUtils::msc_uiBlockSize, pui8Data + uiOffset, uiStripFlags);
+        std::unique_ptr<CEdidExtBlock> poBlock(
+            CEdidExtBlock::CreateExtensionBlock(CEdidUtils::msc_uiBlockSize, pui8Data + uiOffset, uiStripFlags));
         if (poBlock != nullptr)
         {
-            m_aoExtensions.Add(poBlock);
+            m_aoExtensions.Add(poBlock.get());
+            static_cast<void>(poBlock.release()); // the list owns it once it is there
         }
     }
     return 1;

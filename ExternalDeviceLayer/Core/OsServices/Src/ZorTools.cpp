@@ -77,6 +77,7 @@ constexpr int gsc_iCaseDistance = 'a' - 'A';
 
 int FoldToLower(char c)
 {
+    // Characters above 127 count as negative, whatever the sign of char. NOLINTNEXTLINE(bugprone-signed-char-misuse)
     const int iValue = static_cast<signed char>(c);
     return iValue >= 'A' && iValue <= 'Z' ? iValue + gsc_iCaseDistance : iValue;
 }

@@ -410,7 +410,7 @@ int CEdidExtBlockDisplayID::ReadDataBlocks()
         uiOffset += gsc_uiDataBlockHeaderSize;
         if (SDataBlockRule const* poRule = FindRule(poBlock->m_ui8Tag))
         {
-            if (!IsDataBlockGood(*poRule, *poBlock, GetSize() - uiOffset))
+            if (!IsDataBlockGood(*poRule, *poBlock, m_aui8Raw.GetCount() - uiOffset))
             {
                 MASSERT_FAILED();
                 return 0;
@@ -425,11 +425,13 @@ int CEdidExtBlockDisplayID::ReadDataBlocks()
 // Lists the records of all timing blocks; the result is their number.
 unsigned int CEdidExtBlockDisplayID::ExtractDetailedTimings()
 {
+    m_apoType1.RemoveAll();
+    m_apoType2.RemoveAll();
     if (AppendRecords(GetDataBlocks(eDisplayIdTag_Type1Detailed), m_apoType1))
     {
         AppendRecords(GetDataBlocks(eDisplayIdTag_Type2Detailed), m_apoType2);
     }
-    return GetDetailedCount();
+    return CEdidExtBlockDisplayID::GetDetailedCount(); // qualified: also runs while the object is being made
 }
 
 CEdidExtBlockDisplayID::DataBlockList& CEdidExtBlockDisplayID::GetDataBlocks(EDisplayID_DataBlockTags eTag)

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
 #include <stdio.h>
-#include <stdlib.h>
+#include <string>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <vector>
@@ -23,10 +23,12 @@ constexpr size_t gsc_uiFileSize = 16 * gsc_uiPage;
 // What the layer asked of the system.
 struct SDeviceLog
 {
-    int m_iDevice;    // the file
+    int m_iFile;      // stands in for the device
     int m_iLiveNodes; // list nodes allocated and not freed
     int m_iOpenFiles; // opened and not closed
     unsigned int m_uiOpens;
+    const char* m_szPath; // of the last opening
+    int m_iOpenFlags;
     size_t m_uiMapLength; // of the last mapping
     unsigned long long m_uiMapAddress;
     void* m_pUnmapAddress; // of the last unmapping
@@ -35,13 +37,32 @@ struct SDeviceLog
 };
 
 constinit SDeviceLog g_oLog = {};
+constinit SZorVxdSystemCalls g_oRealCalls = {};
+
+// The layer's own call, on the file: which of reading and writing it allows stays the choice of the layer.
+int OpenFileAsDevice(const char* szPath, int iFlags)
+{
+    ++g_oLog.m_uiOpens;
+    g_oLog.m_szPath = szPath;
+    g_oLog.m_iOpenFlags = iFlags;
+    const int iFile = g_oRealCalls.pfnOpen(("/proc/self/fd/" + std::to_string(g_oLog.m_iFile)).c_str(), iFlags);
+    g_oLog.m_iOpenFiles += iFile >= 0 ? 1 : 0;
+    return iFile;
+}
+
+void* LogAndMap(void* pHint, size_t uiLength, int iProtection, int iFlags, int iFile, off64_t iOffset)
+{
+    g_oLog.m_uiMapLength = uiLength;
+    g_oLog.m_uiMapAddress = static_cast<unsigned long long>(iOffset);
+    return g_oRealCalls.pfnMap(pHint, uiLength, iProtection, iFlags, iFile, iOffset);
+}
 
 unsigned char PatternAt(size_t uiAddress) { return static_cast<unsigned char>(uiAddress * 7 + uiAddress / 4096); }
 
-void* FailToMap(int /*iFile*/, size_t uiLength, unsigned long long uiAddress)
+void* FailToMap(void* /*pHint*/, size_t uiLength, int /*iProtection*/, int /*iFlags*/, int /*iFile*/, off64_t iOffset)
 {
     g_oLog.m_uiMapLength = uiLength;
-    g_oLog.m_uiMapAddress = uiAddress;
+    g_oLog.m_uiMapAddress = static_cast<unsigned long long>(iOffset);
     errno = EPERM;
     return MAP_FAILED;
 }
@@ -61,35 +82,28 @@ protected:
         ASSERT_EQ(gsc_uiFileSize, fwrite(aui8Content.data(), 1, gsc_uiFileSize, m_poFile));
         fflush(m_poFile);
         g_oLog = {};
-        g_oLog.m_iDevice = fileno(m_poFile);
+        g_oLog.m_iFile = fileno(m_poFile);
 
+        g_oRealCalls = g_oZorVxdSystemCalls;
         g_oZorVxdSystemCalls.pfnAlloc = [](size_t uiSize) {
             ++g_oLog.m_iLiveNodes;
-            return malloc(uiSize);
+            return g_oRealCalls.pfnAlloc(uiSize);
         };
         g_oZorVxdSystemCalls.pfnFree = [](void* pMemory) {
             --g_oLog.m_iLiveNodes;
-            free(pMemory);
+            g_oRealCalls.pfnFree(pMemory);
         };
-        g_oZorVxdSystemCalls.pfnOpenMemory = [] {
-            ++g_oLog.m_uiOpens;
-            ++g_oLog.m_iOpenFiles;
-            return dup(g_oLog.m_iDevice);
-        };
-        g_oZorVxdSystemCalls.pfnMap = [](int iFile, size_t uiLength, unsigned long long uiAddress) {
-            g_oLog.m_uiMapLength = uiLength;
-            g_oLog.m_uiMapAddress = uiAddress;
-            return mmap(nullptr, uiLength, PROT_READ | PROT_WRITE, MAP_SHARED, iFile, static_cast<off_t>(uiAddress));
-        };
+        g_oZorVxdSystemCalls.pfnOpen = OpenFileAsDevice;
+        g_oZorVxdSystemCalls.pfnMap = LogAndMap;
         g_oZorVxdSystemCalls.pfnUnmap = [](void* pAddress, size_t uiLength) {
             ++g_oLog.m_uiUnmaps;
             g_oLog.m_pUnmapAddress = pAddress;
             g_oLog.m_uiUnmapLength = uiLength;
-            return munmap(pAddress, uiLength);
+            return g_oRealCalls.pfnUnmap(pAddress, uiLength);
         };
         g_oZorVxdSystemCalls.pfnClose = [](int iFile) {
             --g_oLog.m_iOpenFiles;
-            return close(iFile);
+            return g_oRealCalls.pfnClose(iFile);
         };
     }
 
@@ -163,13 +177,21 @@ TEST_F(MemoryMap, MapsWholePagesAndGivesTheExactByte)
     }
 }
 
+TEST_F(MemoryMap, OpensPhysicalMemoryForReadingAndWriting)
+{
+    void* const pMapped = memMap(0x1000, 1);
+    EXPECT_STREQ("/dev/mem", g_oLog.m_szPath);
+    EXPECT_EQ(O_RDWR, g_oLog.m_iOpenFlags);
+    EXPECT_EQ(1U, memUnmap(pMapped));
+}
+
 TEST_F(MemoryMap, WritesReachTheDevice)
 {
     unsigned char* const pui8Mapped = static_cast<unsigned char*>(memMapEx(0x2345, 1, 6));
     ASSERT_NE(nullptr, pui8Mapped);
     *pui8Mapped = 0xA5;
     unsigned char ui8Stored = 0;
-    EXPECT_EQ(1, pread(g_oLog.m_iDevice, &ui8Stored, 1, 0x2345));
+    EXPECT_EQ(1, pread(g_oLog.m_iFile, &ui8Stored, 1, 0x2345));
     EXPECT_EQ(0xA5, ui8Stored);
     EXPECT_EQ(1U, memUnmap(pui8Mapped));
 }
@@ -197,7 +219,7 @@ TEST_F(MemoryMap, ListRunsFromNewestToOldest)
 TEST_F(MemoryMap, EqualAddressesAreUnmappedNewestFirst)
 {
     alignas(gsc_uiPage) static unsigned char aui8Area[gsc_uiPage];
-    g_oZorVxdSystemCalls.pfnMap = [](int, size_t, unsigned long long) -> void* { return aui8Area; };
+    g_oZorVxdSystemCalls.pfnMap = [](void*, size_t, int, int, int, off64_t) -> void* { return aui8Area; };
     g_oZorVxdSystemCalls.pfnUnmap = [](void*, size_t uiLength) {
         g_oLog.m_uiUnmapLength = uiLength;
         return 0;
@@ -229,7 +251,7 @@ TEST_F(MemoryMap, FailuresGiveNullAndHoldNothing)
     EXPECT_EQ(nullptr, memMap64(0x1000, 1, 0));
     EXPECT_EQ(EPERM, errno);
 
-    g_oZorVxdSystemCalls.pfnOpenMemory = [] {
+    g_oZorVxdSystemCalls.pfnOpen = [](const char*, int) {
         ++g_oLog.m_uiOpens;
         errno = EACCES;
         return -1;

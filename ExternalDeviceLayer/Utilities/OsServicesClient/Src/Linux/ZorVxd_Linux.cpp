@@ -17,16 +17,11 @@ constexpr uintptr_t gsc_uiPageOffsetMask = gsc_uiPageSize - 1;
 constexpr unsigned int gsc_uiMicrosecondsPerSecond = 1000000;
 constexpr unsigned int gsc_uiNanosecondsPerMicrosecond = 1000;
 
-int OpenMemory() { return open64("/dev/mem", O_RDWR); }
-
-void* Map(int iFile, size_t uiLength, unsigned long long uiAddress)
-{
-    return mmap64(nullptr, uiLength, PROT_READ | PROT_WRITE, MAP_SHARED, iFile, static_cast<off64_t>(uiAddress));
-}
+int Open(const char* pszPath, int iFlags) { return open64(pszPath, iFlags); }
 }
 
 constinit SZorVxdMapNode g_oZorVxdMapList = { &g_oZorVxdMapList, &g_oZorVxdMapList, nullptr, 0 };
-constinit SZorVxdSystemCalls g_oZorVxdSystemCalls = { malloc, free, OpenMemory, Map, munmap, close, clock_gettime };
+constinit SZorVxdSystemCalls g_oZorVxdSystemCalls = { malloc, free, Open, mmap64, munmap, close, clock_gettime };
 
 namespace
 {
@@ -36,25 +31,29 @@ constexpr size_t GetMapLength(size_t uiPageOffset, unsigned int uiSize)
     return (uiPageOffset + uiSize + gsc_uiPageSize - 1) & ~gsc_uiPageOffsetMask;
 }
 
-// Maps whole pages of the device. The mapping stays when the device is closed again. Null on failure.
-void* MapPages(unsigned long long uiPageAddress, size_t uiLength)
-{
-    const int iFile = g_oZorVxdSystemCalls.pfnOpenMemory();
-    if (iFile < 0)
-    {
-        return nullptr;
-    }
-    void* const pBase = g_oZorVxdSystemCalls.pfnMap(iFile, uiLength, uiPageAddress);
-    g_oZorVxdSystemCalls.pfnClose(iFile);
-    return pBase == MAP_FAILED ? nullptr : pBase;
-}
-
 void InsertNewest(SZorVxdMapNode* poNode)
 {
     poNode->poNext = g_oZorVxdMapList.poNext;
     poNode->poPrev = &g_oZorVxdMapList;
     poNode->poNext->poPrev = poNode;
     g_oZorVxdMapList.poNext = poNode;
+}
+
+// Maps the pages of the device that hold the uiSize bytes from uiAddress on, and lists the mapping. Gives the address
+// of the first of these bytes, or null with the node left out of the list.
+void* MapAndList(SZorVxdMapNode* poNode, int iFile, unsigned long long uiAddress, unsigned int uiSize)
+{
+    const size_t uiPageOffset = uiAddress & gsc_uiPageOffsetMask;
+    void* const pBase = g_oZorVxdSystemCalls.pfnMap(nullptr, GetMapLength(uiPageOffset, uiSize), PROT_READ | PROT_WRITE,
+                                                    MAP_SHARED, iFile, static_cast<off64_t>(uiAddress - uiPageOffset));
+    if (pBase == MAP_FAILED)
+    {
+        return nullptr;
+    }
+    poNode->pAddress = static_cast<unsigned char*>(pBase) + uiPageOffset;
+    poNode->uiSize = uiSize;
+    InsertNewest(poNode);
+    return poNode->pAddress;
 }
 
 void Unlink(SZorVxdMapNode* poNode)
@@ -93,18 +92,20 @@ void* ZorVxdMapMemoryLinux(unsigned int uiAddressLow, unsigned int uiAddressHigh
     {
         return nullptr;
     }
-    const unsigned long long uiAddress = static_cast<unsigned long long>(uiAddressHigh) << 32 | uiAddressLow;
-    const size_t uiPageOffset = uiAddress & gsc_uiPageOffsetMask;
-    void* const pBase = MapPages(uiAddress - uiPageOffset, GetMapLength(uiPageOffset, uiSize));
-    if (pBase == nullptr)
+    const int iFile = g_oZorVxdSystemCalls.pfnOpen("/dev/mem", O_RDWR);
+    if (iFile < 0)
     {
         g_oZorVxdSystemCalls.pfnFree(poNode);
         return nullptr;
     }
-    poNode->pAddress = static_cast<unsigned char*>(pBase) + uiPageOffset;
-    poNode->uiSize = uiSize;
-    InsertNewest(poNode);
-    return poNode->pAddress;
+    const unsigned long long uiAddress = static_cast<unsigned long long>(uiAddressHigh) << 32 | uiAddressLow;
+    void* const pAddress = MapAndList(poNode, iFile, uiAddress, uiSize);
+    g_oZorVxdSystemCalls.pfnClose(iFile); // the mapping stays
+    if (pAddress == nullptr)
+    {
+        g_oZorVxdSystemCalls.pfnFree(poNode);
+    }
+    return pAddress;
 }
 
 unsigned int ZorVxdUnmapMemoryLinux(void* pAddress)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <stddef.h>
+#include <sys/types.h>
 #include <time.h>
 
 struct SZorFrequency;
@@ -25,8 +26,8 @@ struct SZorVxdSystemCalls
 {
     void* (*pfnAlloc)(size_t uiSize);
     void (*pfnFree)(void* pMemory);
-    int (*pfnOpenMemory)();                                                    // descriptor, or -1
-    void* (*pfnMap)(int iFile, size_t uiLength, unsigned long long uiAddress); // MAP_FAILED on failure
+    int (*pfnOpen)(const char* pszPath, int iFlags); // descriptor, or -1
+    void* (*pfnMap)(void* pHint, size_t uiLength, int iProtection, int iFlags, int iFile, off64_t iOffset);
     int (*pfnUnmap)(void* pAddress, size_t uiLength);
     int (*pfnClose)(int iFile);
     int (*pfnGetClock)(clockid_t iClock, timespec* poTime); // 0 on success

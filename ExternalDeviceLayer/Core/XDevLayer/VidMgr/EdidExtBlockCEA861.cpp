@@ -348,7 +348,8 @@ void CEdidExtBlockCEA861::RemoveDataBlock(unsigned int uiOffset, unsigned int ui
     LowerDetailedStart(uiLength + 1);
 }
 
-// Byte 2 wraps below 0 when the bytes that went lay behind it; no descriptor is found then.
+// In a damaged block, where the bytes that went lay behind byte 2's offset, the result may fall below the data-block
+// area or wrap: what is read there is then another list, but no byte outside the block.
 void CEdidExtBlockCEA861::LowerDetailedStart(unsigned int uiLength)
 {
     m_aui8Raw.GetData()[gsc_uiCea861DetailedStartOffset] = static_cast<unsigned char>(GetDetailedStart() - uiLength);

@@ -7,10 +7,11 @@
 // Layout, as published in CTA-861 (offsets in bytes from the start of the block):
 //     0         extension tag, 2
 //     1         revision; data blocks are read from revision 3 on
-//     2         offset d of the first detailed descriptor; below 5 there are no data blocks, 0 means no descriptors
-//     either 3         flags; bit 6 basic audio, bit 5 YCbCr 4:4:4, bit 4 YCbCr 4:2:2 4 to d-1  data blocks: a header
-//     (tag in bits 7 to 5, payload length in bits 4 to 0), then the payload d onward  detailed descriptors of 18 bytes;
-//     one with a zero pixel clock ends the list 127       checksum; the block sums to 0 modulo 256
+//     2         offset d of the first detailed descriptor; below 5 there are no data blocks, at 0 no descriptors either
+//     3         flags: bit 6 basic audio, bit 5 YCbCr 4:4:4, bit 4 YCbCr 4:2:2
+//     4 to d-1  data blocks: a header (tag in bits 7 to 5, payload length in bits 4 to 0), then the payload
+//     d onward  detailed descriptors of 18 bytes; one with a zero pixel clock ends the list
+//     127       checksum: the block sums to 0 modulo 256
 // Content ends at byte 126 at the latest; what lies between the last descriptor and byte 127 is zero.
 //
 // Results: 1 or non-zero for success, 0 for a refusal, which changes no byte. Offsets count from the start of the

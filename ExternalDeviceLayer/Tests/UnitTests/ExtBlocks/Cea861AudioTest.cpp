@@ -289,6 +289,13 @@ TEST(Cea861Audio, GrowingStopsOneByteShort)
         aui8Blocks.resize(uiFill);
         const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes(aui8Blocks).Get());
         EXPECT_EQ(4 + uiFill + 3 <= 126, Add(*poBlock, 2, 7, 0) != 0) << uiFill;
+
+        // A descriptor behind the data blocks is content too.
+        if (uiFill <= 126 - 4 - 18)
+        {
+            const auto poFuller = LoadBlock(CCeaBlockBuilder().Bytes(aui8Blocks).Detailed({ 1 }).Get());
+            EXPECT_EQ(4 + uiFill + 18 + 3 <= 126, Add(*poFuller, 2, 7, 0) != 0) << uiFill;
+        }
     }
 }
 

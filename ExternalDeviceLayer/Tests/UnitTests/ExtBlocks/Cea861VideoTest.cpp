@@ -267,6 +267,18 @@ TEST(Cea861RemoveStandard, RefusesWhatNoBlockOfCodesNames)
     }
 }
 
+// The list still names a code whose block the raw steps have wiped out.
+TEST(Cea861RemoveStandard, ReportsACodeWhoseBlockIsGone)
+{
+    const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes({ 0x41, 4 }).Get());
+    poBlock->PadDataRange(4, 2);
+    const SCeaBlock aui8Before = GetBytes(*poBlock);
+    CCapturedOutput oOutput;
+    EXPECT_EQ(0, poBlock->RemoveStandard(0));
+    EXPECT_EQ(1U, oOutput.TakeAssertionCount());
+    EXPECT_EQ(aui8Before, GetBytes(*poBlock));
+}
+
 TEST(Cea861RemoveStandard, LeavesTheOtherListsAsTheyWere)
 {
     const auto poBlock =

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 #include <new>
+#include <stddef.h>
 #include <stdint.h>
 #include <string.h>
 #include <type_traits>
+#include <typeinfo>
 
 #include "CapturedOutput.h"
 #include "OsServices.h"
@@ -79,6 +81,59 @@ TEST(Host, TakesOverCreatingAndTriggering)
     SHMutex* hMutex = nullptr;
     EXPECT_EQ(1, oServices.Mutex_Create(hMutex)) << "nothing else goes to the host";
     EXPECT_EQ(1, oServices.Mutex_Destroy(hMutex));
+}
+
+namespace
+{
+// What a host built elsewhere looks like: its first word points to its operations, of which each takes the object
+// first.
+struct SForeignHost
+{
+    void (**m_ppfnSlots)();
+};
+
+// Each operation tells its place in the order, once it is sure of its object.
+constinit const void* g_pForeignHost = nullptr;
+
+template <int SLOT, class ARG>
+int AnswerSlot(void* pSelf, ARG /*handle*/)
+{
+    return pSelf == g_pForeignHost ? SLOT : -1;
+}
+
+unsigned char AnswerProperty(void* pSelf) { return pSelf == g_pForeignHost ? 4 : 0xFF; }
+
+template <class FUNCTION>
+auto AsSlot(FUNCTION* pfnFunction)
+{
+    return reinterpret_cast<void (*)()>(pfnFunction);
+}
+}
+
+TEST(Host, SlotsStandInTheirOrder)
+{
+    struct STable
+    {
+        // What the platform's C++ keeps in front of the operations; UBSan looks at the type.
+        ptrdiff_t m_iOffsetToTop;
+        const std::type_info* m_poType;
+        void (*m_apfnSlots[5])();
+    };
+    STable oTable = { 0,
+                      &typeid(OsServicesHost),
+                      { AsSlot(AnswerSlot<0, SHEvent*&>), AsSlot(AnswerSlot<1, SHEvent*>),
+                        AsSlot(AnswerSlot<2, SHSignal*&>), AsSlot(AnswerSlot<3, SHSignal*>), AsSlot(AnswerProperty) } };
+    SForeignHost oHost = { oTable.m_apfnSlots };
+    g_pForeignHost = &oHost;
+
+    OsServices oServices(&oHost);
+    EXPECT_EQ(4, COsServicesTestAccess::GetHostProperty(oServices));
+    SHEvent* hEvent = nullptr;
+    SHSignal* hSignal = nullptr;
+    EXPECT_EQ(0, oServices.Event_Create(hEvent));
+    EXPECT_EQ(1, oServices.Event_Trigger(hEvent));
+    EXPECT_EQ(2, oServices.Signal_Create(hSignal));
+    EXPECT_EQ(3, oServices.Signal_Trigger(hSignal));
 }
 
 namespace

@@ -6,6 +6,7 @@
 #include <stdio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <new>
@@ -164,35 +165,63 @@ TEST_P(FailingMemory, Load)
     EXPECT_GT(uiAllocations, 5U);
 }
 
+// A code that stands as a short video descriptor and as an HDMI code: its removal edits two data blocks.
+CImage MakeImageWithCodeInTwoBlocks()
+{
+    CImage aui8Image = MakeImageWithAllBlocks();
+    const CImage aui8Codes = { 0x05, 0x07, 0x90 }; // in the video block; code 7 has no timing
+    const auto itCodes = std::search(aui8Image.begin(), aui8Image.end(), aui8Codes.begin(), aui8Codes.end());
+    EXPECT_NE(aui8Image.end(), itCodes);
+    *(itCodes + 1) = 95; // HDMI code 1
+    FixBlockSum(aui8Image, 1);
+    return aui8Image;
+}
+
 // An edit that runs out of memory has done its work on the bytes or not begun it, and every checksum holds; the lists
 // may be behind, and loading the bytes again mends them.
-TEST_P(FailingMemory, Edits)
+class FailingEdits : public FailingMemory
 {
-    const CImage aui8Image = MakeImageWithAllBlocks();
-    for (unsigned int uiOperation = 0; uiOperation < CEditRunner::eEdit_RemoveDataRange; ++uiOperation)
+protected:
+    void RunEdit(const CImage& aui8Image, const SEditStep& oStep)
+    {
+        SCOPED_TRACE(testing::Message() << "operation " << oStep.m_uiOperation << ", index " << oStep.m_uiIndex);
+        const auto poDone = MakeLoaded(aui8Image);
+        poDone->Run(oStep);
+        const CImage aui8Done = GetBytes(poDone->GetEdid());
+        Run([&] { return MakeLoaded(aui8Image); }, [&](CEditRunner& oRunner) { oRunner.Run(oStep); },
+            [&](CEditRunner& oRunner, bool bThrown) {
+                const CImage aui8Held = GetBytes(oRunner.GetEdid());
+                ASSERT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == aui8Image));
+                ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
+                ReadEverything(oRunner.GetEdid());
+                ASSERT_EQ(nullptr, oRunner.Apply({ CEditRunner::eEdit_Reload, 0, 0, 0 }));
+                ASSERT_EQ(nullptr, oRunner.Apply(oStep));
+            });
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(FailingMemory, FailingEdits, testing::Values(eOperatorNew, eAllocator),
+                         [](const auto& oInfo) { return oInfo.param == eOperatorNew ? "OperatorNew" : "Allocator"; });
+
+TEST_P(FailingEdits, EveryOperation)
+{
+    for (unsigned int uiOperation = 0; uiOperation < CEditRunner::eEdit_RemoveDataRange && !HasFailure(); ++uiOperation)
     {
         for (const unsigned int uiIndex : { 0U, 1U, 8U, 20U })
         {
-            SCOPED_TRACE(testing::Message() << "operation " << uiOperation << ", index " << uiIndex);
-            const SEditStep oStep = { uiOperation, 0, uiIndex, 0x00020E42 };
-            const auto poDone = MakeLoaded(aui8Image);
-            poDone->Run(oStep);
-            const CImage aui8Done = GetBytes(poDone->GetEdid());
-            Run([&] { return MakeLoaded(aui8Image); }, [&](CEditRunner& oRunner) { oRunner.Run(oStep); },
-                [&](CEditRunner& oRunner, bool bThrown) {
-                    const CImage aui8Held = GetBytes(oRunner.GetEdid());
-                    ASSERT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == aui8Image));
-                    ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
-                    ReadEverything(oRunner.GetEdid());
-                    ASSERT_EQ(nullptr, oRunner.Apply({ CEditRunner::eEdit_Reload, 0, 0, 0 }));
-                    ASSERT_EQ(nullptr, oRunner.Apply(oStep));
-                    ReadEverything(oRunner.GetEdid());
-                });
-            if (HasFatalFailure() || HasNonfatalFailure())
-            {
-                return;
-            }
+            RunEdit(MakeImageWithAllBlocks(), { uiOperation, 0, uiIndex, 0x00020E42 });
         }
+    }
+}
+
+TEST_P(FailingEdits, EveryTableTiming)
+{
+    const CImage aui8Image = MakeImageWithCodeInTwoBlocks();
+    const unsigned int uiCount = MakeLoaded(aui8Image)->GetEdid().GetExtension(0)->GetStandardCount();
+    EXPECT_GT(uiCount, 20U);
+    for (unsigned int uiIndex = 0; uiIndex < uiCount && !HasFailure(); ++uiIndex)
+    {
+        RunEdit(aui8Image, { CEditRunner::eEdit_BlockRemoveStandard, 0, uiIndex, 0 });
     }
 }
 

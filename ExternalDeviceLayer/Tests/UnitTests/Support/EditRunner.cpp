@@ -13,12 +13,6 @@ namespace
 constexpr unsigned int gsc_uiCeaTag = 2;
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// In a CEA-861 block.
-constexpr unsigned int gsc_uiCeaRevisionOffset = 1;
-constexpr unsigned int gsc_uiCeaDetailedStartOffset = 2;
-constexpr unsigned int gsc_uiCeaDataBlocksOffset = 4;
-constexpr unsigned int gsc_uiCeaFirstRevisionWithDataBlocks = 3;
-
 using CBlock = std::vector<unsigned char>;
 
 bool IsSumZero(const CBlock& aui8Block)
@@ -29,23 +23,6 @@ bool IsSumZero(const CBlock& aui8Block)
         uiSum += ui8Byte;
     }
     return uiSum % 256 == 0;
-}
-
-// Whether data blocks and descriptors lie apart, as the standard wants it. Where they overlap, an edit of the one
-// changes the other, whose lists nothing derives again.
-bool IsWellFormed(const CBlock& aui8Block)
-{
-    if (aui8Block[0] != gsc_uiCeaTag || aui8Block[gsc_uiCeaRevisionOffset] < gsc_uiCeaFirstRevisionWithDataBlocks)
-    {
-        return true; // no data blocks to overlap with
-    }
-    const unsigned int uiEnd = aui8Block[gsc_uiCeaDetailedStartOffset];
-    unsigned int uiOffset = gsc_uiCeaDataBlocksOffset;
-    while (uiOffset < uiEnd && uiEnd < gsc_uiBlockSize)
-    {
-        uiOffset += 1 + (aui8Block[uiOffset] & 0x1FU);
-    }
-    return uiOffset == uiEnd;
 }
 
 bool IsSameTiming(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond)
@@ -142,61 +119,31 @@ bool HasSameSpeakers(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA86
     return true;
 }
 
-// Lists that a block derives from its bytes after an edit.
-enum EList : unsigned int
+// The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
+bool IsRemovalOfStandard(unsigned int uiOperation)
 {
-    eList_Standard = 1,
-    eList_Detailed = 2,
-    eList_Audio = 4,
-    eList_Speaker = 8,
-    eList_All = 15
-};
-
-unsigned int ListsDerivedBy(unsigned int uiOperation)
-{
-    switch (uiOperation)
-    {
-    case CEditRunner::eEdit_BlockRemoveStandard:
-    case CEditRunner::eEdit_RemoveStandard:
-        return eList_Standard;
-    case CEditRunner::eEdit_BlockRemoveDetailed:
-    case CEditRunner::eEdit_RemoveDetailed:
-    case CEditRunner::eEdit_AddVendorSpecific:
-        return eList_Detailed;
-    case CEditRunner::eEdit_SetAudio:
-        return eList_Audio;
-    case CEditRunner::eEdit_AddAudio:
-    case CEditRunner::eEdit_RemoveAudio:
-        return eList_Audio | eList_Detailed;
-    case CEditRunner::eEdit_SetSpeaker:
-        return eList_Speaker;
-    case CEditRunner::eEdit_AddSpeaker:
-    case CEditRunner::eEdit_RemoveSpeaker:
-        return eList_Speaker | eList_Detailed;
-    default:
-        return 0;
-    }
+    return uiOperation == CEditRunner::eEdit_BlockRemoveStandard || uiOperation == CEditRunner::eEdit_RemoveStandard;
 }
 
-const char* CompareCea(const CEdidExtBlockCEA861& oBlock, const CEdidExtBlockCEA861& oFresh, unsigned int uiLists)
+const char* CompareCea(const CEdidExtBlockCEA861& oBlock, const CEdidExtBlockCEA861& oFresh, bool bOnlyStandard)
 {
-    if ((uiLists & eList_Standard) != 0 && !HasSameStandards(oBlock, oFresh))
+    if (!HasSameStandards(oBlock, oFresh))
     {
         return "the standard timings of a block are not those of its bytes";
     }
-    if ((uiLists & eList_Detailed) != 0 && !HasSameDetailed(oBlock, oFresh))
+    if (bOnlyStandard)
+    {
+        return nullptr;
+    }
+    if (!HasSameDetailed(oBlock, oFresh))
     {
         return "the detailed timings of a block are not those of its bytes";
     }
-    if ((uiLists & eList_Audio) != 0 && !HasSameAudio(oBlock, oFresh))
+    if (!HasSameAudio(oBlock, oFresh))
     {
         return "the audio descriptors of a block are not those of its bytes";
     }
-    if ((uiLists & eList_Speaker) != 0 && !HasSameSpeakers(oBlock, oFresh))
-    {
-        return "the speaker masks of a block are not those of its bytes";
-    }
-    return nullptr;
+    return HasSameSpeakers(oBlock, oFresh) ? nullptr : "the speaker masks of a block are not those of its bytes";
 }
 
 CEdidExtBlockCEA861::SAudioDescriptor MakeAudio(unsigned int uiValue)
@@ -463,17 +410,14 @@ const char* CEditRunner::CheckLists(unsigned int uiOperation, const CBlocks& aau
         {
             continue;
         }
-        const bool bChanged = aaui8After[i + 1] != aaui8Before[i + 1];
-        const bool bWellFormed = IsWellFormed(aaui8Before[i + 1]) && IsWellFormed(aaui8After[i + 1]);
-        const bool bOnlyDerived = bChanged && (!bWellFormed || ListsDerivedBy(uiOperation) == eList_Standard);
-        if (const char* pszBroken = CompareCea(static_cast<const CEdidExtBlockCEA861&>(*poBlock),
-                                               static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i)),
-                                               bOnlyDerived ? ListsDerivedBy(uiOperation) : eList_All))
+        const bool bOnlyStandard = IsRemovalOfStandard(uiOperation) && aaui8After[i + 1] != aaui8Before[i + 1];
+        if (const char* pszBroken =
+                CompareCea(static_cast<const CEdidExtBlockCEA861&>(*poBlock),
+                           static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i)), bOnlyStandard))
         {
             return pszBroken;
         }
-        // The removal of a table timing moves what stands behind it and derives no other list.
-        m_bListsMayBeOld = m_bListsMayBeOld || bOnlyDerived;
+        m_bListsMayBeOld = m_bListsMayBeOld || bOnlyStandard;
     }
     return nullptr;
 }

@@ -386,7 +386,7 @@ void ReadLongReports(CDigest& oDigest, const CEdid& oEdid, const CVidParamTiming
     CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(oPreferred, aoModes[6], oLines, "");
     oDigest.AddLines(oLines);
     CMString oText;
-    CZorEdidUtils::GetFormatedVideoParam(oPreferred.GetData(), 0, oText, nullptr);
+    CZorEdidUtils::GetFormatedVideoParam(oPreferred.GetData(), 0, oText, "");
     oDigest.AddText(oText);
 }
 
@@ -410,7 +410,7 @@ void ReadTools(CDigest& oDigest, const CEdid& oEdid)
     for (unsigned int uiType = 0; uiType < 5; ++uiType)
     {
         oDigest.Add(CZorEdidUtils::GetFormatedEdid(static_cast<CZorEdidUtils::EEdidFormatType>(uiType), oEdid, oLines,
-                                                   uiType == 1 ? nullptr : "# "));
+                                                   uiType == 1 ? "" : "# "));
         oDigest.AddLines(oLines);
     }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "EdidExtBlockCEA861.h"
+#include "ZorTools.h"
 
 // Positions in the block, from its first byte.
 inline constexpr unsigned int gsc_uiCea861Size = CEdidUtils::msc_uiBlockSize;
@@ -134,4 +135,35 @@ public:
 private:
     CMArray<TYPE, TYPE const&>& m_aoList;
     unsigned int m_uiCount = 0;
+};
+
+// Puts the bytes of a block back when an edit does not come to its end: the views of HDMI vendor blocks take memory,
+// and an edit that has changed one data block may not get it for the next.
+class CCea861Undo
+{
+public:
+    // The bytes of a whole block; null, those of an empty one, does nothing.
+    explicit CCea861Undo(unsigned char* pui8Raw) : m_pui8Raw(pui8Raw)
+    {
+        if (m_pui8Raw != nullptr)
+        {
+            ZorTools_memcpy(m_aui8Before, m_pui8Raw, sizeof(m_aui8Before));
+        }
+    }
+    ~CCea861Undo()
+    {
+        if (!m_bComplete && m_pui8Raw != nullptr)
+        {
+            ZorTools_memcpy(m_pui8Raw, m_aui8Before, sizeof(m_aui8Before));
+        }
+    }
+    CCea861Undo(CCea861Undo const&) = delete;
+    CCea861Undo& operator=(CCea861Undo const&) = delete;
+
+    void Complete() { m_bComplete = true; }
+
+private:
+    unsigned char* m_pui8Raw;
+    unsigned char m_aui8Before[gsc_uiCea861Size];
+    bool m_bComplete = false;
 };

@@ -147,6 +147,7 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
     // The entries tell the places before anything moved; they come in block order, and in a block in rising position.
     int bRemoved = 0;
     SRemovedSvds oRemoved = {};
+    CCea861Undo oUndo(m_aui8Raw.GetData());
     for (unsigned int i = 0; i < m_aoVicLookUp.GetCount(); ++i)
     {
         SVicCodeEntryLookUp const& oLookUp = m_aoVicLookUp.GetData()[i];
@@ -162,6 +163,7 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
         }
         bRemoved = 1;
     }
+    oUndo.Complete();
     if (bRemoved)
     {
         UpdateChecksum();
@@ -381,6 +383,7 @@ int CEdidExtBlockCEA861::GetColorBitDepthSupport(unsigned int& uiBits)
 int CEdidExtBlockCEA861::SetColorBitDepthSupport(unsigned int uiBits)
 {
     const unsigned int uiLists = GetTouchedLists(0);
+    CCea861Undo oUndo(m_aui8Raw.GetData());
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific);)
     {
         unsigned char* pui8Payload = m_aui8Raw.GetData() + oWalk.GetOffset();
@@ -395,6 +398,7 @@ int CEdidExtBlockCEA861::SetColorBitDepthSupport(unsigned int uiBits)
             return 0;
         }
     }
+    oUndo.Complete();
     FinishEdit(uiLists);
     return 1;
 }

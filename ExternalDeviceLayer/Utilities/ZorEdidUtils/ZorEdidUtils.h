@@ -6,6 +6,9 @@
 // followed by one element of the report. Elements do not always end in a line feed, and some are nothing but one; the
 // caller decides what stands between them when it prints (the tools of this project print one element a line).
 // A line prefix must not be null.
+//
+// When memory runs out, outputs hold a part of the result or nothing and may be used again; open files are closed
+// (basic guarantee).
 
 #pragma once
 

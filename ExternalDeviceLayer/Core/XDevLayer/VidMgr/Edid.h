@@ -5,6 +5,11 @@
 // block in block order. Every call counts afresh, so that a removal shifts all later indexes at once.
 //
 // Results are 1 or non-zero for success and 0 for a refusal. An object belongs to one thread at a time.
+//
+// When memory runs out: reading changes nothing (strong guarantee). SetEdidBuffer leaves the base block and the
+// extension blocks that came before, each whole (basic guarantee). An edit has changed all of its bytes, checksum
+// included, or none; where it has, the lists of that one block may be short until the bytes are loaded again (basic
+// guarantee). The edits of the base block other than RemoveStandard take no memory.
 
 #pragma once
 

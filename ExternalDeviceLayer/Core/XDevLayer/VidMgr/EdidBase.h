@@ -22,6 +22,9 @@
 // Results are 1 or non-zero for success and 0 for a refusal, which changes no byte. Every operation that changes the
 // block leaves its checksum right, except the two established setters when they are told not to.
 // An object belongs to one thread at a time. Outputs are the caller's.
+//
+// Only SetEdidBuffer, ExtractStandardTimings and RemoveStandard take memory. When it runs out, the bytes are those of a
+// success and the list of usable slots may be short; ExtractStandardTimings or another load mends it.
 
 #pragma once
 

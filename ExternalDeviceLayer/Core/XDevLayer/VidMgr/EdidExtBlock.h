@@ -2,6 +2,10 @@
 //
 // A block keeps its own copy of its bytes, and everything it answers is derived from them. Results are 1 or non-zero
 // for success and 0 for a refusal, which changes nothing. A block belongs to one thread at a time.
+//
+// When memory runs out, making a block leaves none, and reading changes nothing (strong guarantee). An edit has changed
+// all of its bytes, checksum included, or none; where it has, lists may be short until they are derived again (basic
+// guarantee).
 
 #pragma once
 

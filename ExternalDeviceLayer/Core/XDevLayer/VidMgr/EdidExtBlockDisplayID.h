@@ -10,8 +10,8 @@
 //     5 + n  section checksum: bytes 1 to 5 + n sum to 0 modulo 256
 //     127    block checksum: all offered bytes sum to 0 modulo 256
 //
-// Memory: the constructor gives the strong guarantee, an exhausted heap leaves no object and no leak behind. Of the
-// other operations GetEdidBuffer() alone allocates; it changes nothing.
+// Of all operations the constructor, ExtractDetailedTimings and GetEdidBuffer() alone take memory. When it runs out,
+// the first leaves nothing behind, the second a list that may be short, the third changes nothing.
 
 #pragma once
 
@@ -118,6 +118,9 @@ public:
     unsigned int GetStandardCount() const override; // always 0
     int GetStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* piNative) const override;
 
+    // Lists the records of the data blocks anew; the result is their number. The constructor has done so.
+    unsigned int ExtractDetailedTimings();
+
     // All Type I records in block order, then all Type II records.
     unsigned int GetDetailedCount() const override;
     // 0 above the count, for a null timing, and for a record that the conversions below refuse, though it counts. The
@@ -141,7 +144,6 @@ private:
     using DataBlockList = CMArray<SDataBlockHeader const*, SDataBlockHeader const* const&>;
 
     int ReadDataBlocks();
-    unsigned int ExtractDetailedTimings();
     DataBlockList& GetDataBlocks(EDisplayID_DataBlockTags eTag);
     STiledTopologyRaw const* GetTiledTopology();
 

@@ -98,7 +98,11 @@ TYPE& MOutsideElement()
 }
 
 // The array owns its buffer and its elements; elements that are pointers do not own what they point to.
-// When memory runs out the array is as it was before the call, but for the stored growth step.
+//
+// When memory runs out, the array is as it was before the call, but for the stored growth step (strong guarantee). The
+// exceptions are operations that assign elements which take memory of their own, such as locked strings: copy
+// assignment, Append, SetAtGrow and SortElements then leave every element valid, but some assigned and some not (basic
+// guarantee).
 template <class TYPE, class ARG_TYPE = TYPE const&>
 class CMArray
 {

@@ -1,4 +1,6 @@
 // CMArrayString: a list of texts, as the reports hand it around, and the steps between it and one text.
+//
+// When memory runs out, InitFromString leaves the tokens that it has appended so far; Join changes nothing.
 
 #pragma once
 

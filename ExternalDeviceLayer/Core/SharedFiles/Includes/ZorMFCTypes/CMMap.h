@@ -9,7 +9,7 @@
 #include "ZorMFCTypes/CMPlex.h"
 
 // Keys are integers or enumerations; values need a default constructor. Neighbouring keys, those that differ in their
-// low four bits only, share a bucket.
+// low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong guarantee).
 template <class KEY, class VALUE, class ARG_KEY = KEY const&, class ARG_VALUE = VALUE const&>
 class CMMap
 {

@@ -261,6 +261,7 @@ private:
 template <>
 inline constexpr bool gsc_bByteRelocatable<CMString> = true;
 
+// When memory runs out, making and copying an iterator leave no trace; an iterator that is assigned to is at its end.
 class CMString::CIterator
 {
 public:

@@ -46,10 +46,13 @@ Bytes CeaOf(const Bytes& aui8Data) { return Bytes(aui8Data.begin() + gsc_uiBlock
 // A DisplayID 1.2 section with these data blocks.
 Bytes MakeDisplayId(const Bytes& aui8DataBlocks)
 {
-    Bytes aui8Block = { 0x70, 0x12, static_cast<unsigned char>(aui8DataBlocks.size()), 0, 0 };
-    aui8Block.insert(aui8Block.end(), aui8DataBlocks.begin(), aui8DataBlocks.end());
-    const unsigned int uiSectionEnd = static_cast<unsigned int>(aui8Block.size());
-    aui8Block.resize(gsc_uiBlock);
+    constexpr unsigned int uiDataOffset = 5;
+    const unsigned int uiSectionEnd = uiDataOffset + static_cast<unsigned int>(aui8DataBlocks.size());
+    Bytes aui8Block(gsc_uiBlock);
+    aui8Block[0] = 0x70;
+    aui8Block[1] = 0x12;
+    aui8Block[2] = static_cast<unsigned char>(aui8DataBlocks.size());
+    std::copy(aui8DataBlocks.begin(), aui8DataBlocks.end(), aui8Block.begin() + uiDataOffset);
     FixChecksum(aui8Block, 1, uiSectionEnd); // tag excluded, own checksum included
     FixChecksum(aui8Block, 0, gsc_uiBlock);
     return aui8Block;

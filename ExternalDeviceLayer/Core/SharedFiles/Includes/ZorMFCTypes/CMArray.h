@@ -93,7 +93,8 @@ template <class TYPE>
 TYPE& MOutsideElement()
 {
     static thread_local TYPE s_oOutside = TYPE();
-    s_oOutside = TYPE();
+    MDestructElements(&s_oOutside, 1);
+    MConstructElements(&s_oOutside, 1);
     return s_oOutside;
 }
 

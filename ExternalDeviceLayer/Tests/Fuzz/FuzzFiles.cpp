@@ -42,7 +42,7 @@ CCountingAllocator& GetAllocator()
 std::string MakePath(const char* pszEnding)
 {
     const char* pszFolder = getenv("TMPDIR");
-    return std::string(pszFolder != nullptr ? pszFolder : "/tmp") + "/zoredid-fuzz-" + std::to_string(getpid()) +
+    return std::string(pszFolder != nullptr ? pszFolder : P_tmpdir) + "/zoredid-fuzz-" + std::to_string(getpid()) +
            pszEnding;
 }
 

@@ -13,7 +13,7 @@ namespace
 {
 constexpr unsigned int gsc_uiMostBlocks = 3; // edits go to that many extension blocks
 
-// Three audio descriptors in one: format 2, 2 channels, two rates; bits of speakers, depths and depth codes as well.
+// Each serves as an audio descriptor, a speaker mask, a depth, a serial number; the last is refused as a descriptor.
 constexpr unsigned int gsc_auiValues[] = { 0x00020E42, 0xFFFFFFFF, 0x3 };
 
 // The indexes that an edit can have, and two beyond.

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -318,10 +319,10 @@ TEST_P(FailingMemory, SerialisingAndComparing)
 // Files are closed on the way out.
 TEST_P(FailingMemory, Files)
 {
-    char szFolder[] = "/tmp/zoredid-test-XXXXXX";
-    ASSERT_NE(nullptr, mkdtemp(szFolder));
-    const std::string sBin = std::string(szFolder) + "/image.bin";
-    const std::string sDat = std::string(szFolder) + "/image.dat";
+    std::string sFolder = testing::TempDir() + "zoredid-XXXXXX";
+    ASSERT_NE(nullptr, mkdtemp(sFolder.data()));
+    const std::string sBin = sFolder + "/image.bin";
+    const std::string sDat = sFolder + "/image.dat";
     const CImage aui8Image = MakeImageWithAllBlocks();
     FILE* poFile = fopen(sBin.c_str(), "wb");
     fwrite(aui8Image.data(), 1, aui8Image.size(), poFile);
@@ -350,7 +351,7 @@ TEST_P(FailingMemory, Files)
             });
         EXPECT_EQ(0, remove(sPath.c_str()));
     }
-    EXPECT_EQ(0, rmdir(szFolder));
+    EXPECT_EQ(0, rmdir(sFolder.c_str()));
 }
 
 // ---- Strings ----

@@ -3,6 +3,7 @@
 
 #include "ZorEdidUtils.h"
 
+#include "EdidBaseLayout.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
 
@@ -69,18 +70,9 @@ void CZorEdidUtils::GetFormatedVideoParam(const SVidParamGenericData& oData, int
 
 namespace
 {
-// From revision 3 on the first detailed timing is the preferred one without a word; before, a feature bit says so.
-bool IsPreferredTimingDeclared(const CEdid& oEdid)
-{
-    const unsigned int uiVersion = oEdid.GetBaseBlock()[gsc_uiVersionOffset];
-    const unsigned int uiRevision = oEdid.GetBaseBlock()[gsc_uiRevisionOffset];
-    const unsigned int uiFeatures = oEdid.GetBaseBlock()[gsc_uiFeaturesOffset];
-    return (uiVersion == 1 && uiRevision > 2) || (uiFeatures & gsc_uiPreferredTimingFeature) != 0;
-}
-
 int ExtractPreferred(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred)
 {
-    return IsPreferredTimingDeclared(oEdid) && oEdid.GetBaseDetailed(0, &oPreferred);
+    return EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) && oEdid.GetBaseDetailed(0, &oPreferred);
 }
 
 // Appends a copy of oTiming for each index, as filled by oGet(index, &oTiming); 0 as soon as oGet gives 0.

@@ -1,23 +1,8 @@
-// What several sources of the EDID tools look at: bytes of the base block, and all that ExtractModeList gives as one
-// value. Not installed.
+// All that ExtractModeList gives as one value. Not installed.
 
 #pragma once
 
 #include "ZorEdidUtils.h"
-
-// Positions in the base block; numbers of several bytes are little-endian, but for the manufacturer's letters.
-inline constexpr unsigned int gsc_uiManufacturerOffset = 8; // 2 bytes
-inline constexpr unsigned int gsc_uiProductOffset = 10;     // 2 bytes
-inline constexpr unsigned int gsc_uiSerialOffset = 12;      // 4 bytes
-inline constexpr unsigned int gsc_uiWeekOffset = 16;
-inline constexpr unsigned int gsc_uiYearOffset = 17;
-inline constexpr unsigned int gsc_uiVersionOffset = 18;
-inline constexpr unsigned int gsc_uiRevisionOffset = 19;
-inline constexpr unsigned int gsc_uiVideoInputOffset = 20;
-inline constexpr unsigned int gsc_uiFeaturesOffset = 24;
-
-inline constexpr unsigned int gsc_uiDigitalInput = 0x80;           // in the video input byte
-inline constexpr unsigned int gsc_uiPreferredTimingFeature = 0x02; // in the feature byte
 
 // For the functions that extract modes for themselves: the comparison and the short forms of the reports.
 

@@ -1,14 +1,17 @@
-// The monitor report, section by section in the order of the text. What the extended report adds to it stands in
+// The monitor report, section by section in printed order. What the extended report adds to it stands in
 // ZorEdidUtilsReportExt.cpp.
 
 #include "ZorEdidUtils.h"
 
 #include <stdarg.h>
 
+#include "EdidBaseLayout.h"
 #include "EdidUtils.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
+
+using namespace EdidBaseLayout;
 
 namespace
 {
@@ -126,21 +129,6 @@ namespace
 constexpr unsigned int gsc_uiFirstYear = 1990;
 constexpr unsigned int gsc_uiNameBufferSize = 64;
 
-// Three letters of five bits each, the first in the highest, 1 standing for A.
-struct SManufacturerCode
-{
-    explicit SManufacturerCode(const unsigned char* pui8Bytes)
-    {
-        const unsigned int uiCode = static_cast<unsigned int>(pui8Bytes[0]) << 8 | pui8Bytes[1];
-        m_szLetters[0] = Letter(uiCode >> 10);
-        m_szLetters[1] = Letter(uiCode >> 5);
-        m_szLetters[2] = Letter(uiCode);
-    }
-    static constexpr char Letter(unsigned int uiBits) { return static_cast<char>((uiBits & 0x1F) + 0x40); }
-
-    char m_szLetters[4] = {};
-};
-
 const char* ValidOrNot(int bValid) { return bValid ? "Valid" : "Not valid"; }
 }
 
@@ -153,7 +141,7 @@ void CMonitorReport::AddGenericInformation()
         AsSigned(m_oModes.m_oPreferred.GetVerticalActive()), AsSigned(m_oModes.m_oPreferred.GetVerticalRateInHz()));
     m_oReport.AddSpacer();
     m_oReport.AddFormat("  Monitor signal type:         %s",
-                        GetBaseByte(gsc_uiVideoInputOffset) & gsc_uiDigitalInput ? "Digital" : "Analog");
+                        GetBaseByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask ? "Digital" : "Analog");
     AddDigitalInterface();
     m_oReport.AddSpacer();
     m_oReport.AddFormat("  Extension(s):                %d", AsSigned(m_oEdid.GetExtensionCount()));
@@ -163,7 +151,7 @@ void CMonitorReport::AddGenericInformation()
 
 void CMonitorReport::AddIdentity()
 {
-    const SManufacturerCode oCode(m_oEdid.GetBaseBlock() + gsc_uiManufacturerOffset);
+    const SManufacturerCode oCode = ReadManufacturerCode(m_oEdid.GetBaseBlock());
     char szManufacturer[gsc_uiNameBufferSize] = {};
     char szMonitor[gsc_uiNameBufferSize] = {};
     m_oEdid.GetManufacturerName(szManufacturer, sizeof(szManufacturer)); // without a name the text stays empty
@@ -175,7 +163,7 @@ void CMonitorReport::AddIdentity()
     m_oReport.AddFormat("  EDID version:                %d.%d", AsSigned(GetBaseByte(gsc_uiVersionOffset)),
                         AsSigned(GetBaseByte(gsc_uiRevisionOffset)));
     m_oReport.AddSpacer();
-    m_oReport.AddFormat("  Manufacturer name:           %s (%s)", oCode.m_szLetters, szManufacturer);
+    m_oReport.AddFormat("  Manufacturer name:           %s (%s)", oCode.m_szCode, szManufacturer);
     m_oReport.AddFormat("  Product code:                %04X", uiProduct);
     m_oReport.AddFormat("  Monitor name:                %s", szMonitor);
     m_oReport.AddFormat("  Serial number:               %d", AsSigned(uiSerial));

@@ -3,10 +3,13 @@
 
 #include "ZorEdidUtils.h"
 
+#include "EdidBaseLayout.h"
 #include "EdidExtBlockCEA861.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
+
+using namespace EdidBaseLayout;
 
 namespace
 {
@@ -95,7 +98,7 @@ const char* GetDigitalInterfaceText(CEdidBase::EDigitalInterface eInterface)
 void CExtendedReport::AddDigitalInterface()
 {
     const auto& aui8Base = m_oEdid.GetBaseBlock();
-    if ((aui8Base[gsc_uiVideoInputOffset] & gsc_uiDigitalInput) == 0 || aui8Base[gsc_uiVersionOffset] != 1 ||
+    if ((aui8Base[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) == 0 || aui8Base[gsc_uiVersionOffset] != gsc_uiVersion ||
         aui8Base[gsc_uiRevisionOffset] != 4)
     {
         return;

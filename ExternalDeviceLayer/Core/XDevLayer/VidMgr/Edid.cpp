@@ -4,10 +4,10 @@
 #include "Edid.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <memory>
 
 #include "EdidBaseLayout.h"
+#include "EdidTileOutputs.h"
 #include "EdidUtils.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
@@ -133,9 +133,14 @@ int CEdid::IsChecksumValid() const
     {
         return 0;
     }
-    const int bAnyWrong =
-        AskFirst(m_aoExtensions, [](const CEdidExtBlock& oBlock) { return oBlock.IsChecksumValid() == 0 ? 1 : 0; });
-    return bAnyWrong == 0 ? 1 : 0;
+    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
+    {
+        if (m_aoExtensions[ui]->IsChecksumValid() == 0)
+        {
+            return 0;
+        }
+    }
+    return 1;
 }
 
 CMArray<unsigned char, unsigned char const&> CEdid::GetEdidBuffer() const
@@ -304,14 +309,8 @@ int CEdid::GetTiledDisplayCapabilities(int* piSingleEnclosure, int* piBezelInfoP
     {
         return iResult;
     }
-    for (int* piOutput : { piSingleEnclosure, piBezelInfoPresent, piMultiTileAtLocation, piSingleTileAtLocation,
-                           piSingleTileScaled, piSingleTileCloned })
-    {
-        if (piOutput != nullptr)
-        {
-            *piOutput = 0;
-        }
-    }
+    ZeroTileOutputs({ piSingleEnclosure, piBezelInfoPresent, piMultiTileAtLocation, piSingleTileAtLocation,
+                      piSingleTileScaled, piSingleTileCloned });
     return 0;
 }
 
@@ -325,7 +324,8 @@ int CEdid::GetTopologyDescription(unsigned int& uiTileLocationX, unsigned int& u
     });
     if (iResult == 0)
     {
-        uiTileLocationX = uiTileLocationY = uiTileCountX = uiTileCountY = uiTileWidth = uiTileHeight = 0;
+        ZeroTileOutputs(
+            { &uiTileLocationX, &uiTileLocationY, &uiTileCountX, &uiTileCountY, &uiTileWidth, &uiTileHeight });
     }
     return iResult;
 }

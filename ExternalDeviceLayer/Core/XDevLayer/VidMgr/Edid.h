@@ -38,7 +38,7 @@ public:
     // Replaces everything by uiSize bytes, a multiple of 128: the base block, and the extension blocks that it
     // announces as far as they are given. A block of an unknown kind or with a wrong checksum is dropped after an
     // assertion line; more blocks announced than given writes one line. Bytes behind the announced blocks are not
-    // looked at. The bytes are copied.
+    // looked at. The bytes are copied; pui8Data must not point into this object, whose old blocks are deleted first.
     //   uiStripFlags  handed to each CEA-861 block, CEdidExtBlockCEA861::EStripFlags; 0 loads everything
     // Returns 1, also for null data or a size of 0, which empty the object; 0 for another size or a base block that is
     // refused. Whatever the result, the previous contents are gone.

@@ -27,7 +27,6 @@ constexpr unsigned int gsc_uiMaxHorizontalRateOffset = 8;
 constexpr unsigned int gsc_uiMaxPixelClockOffset = 9;
 constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
 
-constexpr unsigned int gsc_uiManufacturerLetters = 3;
 constexpr unsigned int gsc_uiMonitorIdLength = 7; // three letters, four digits
 
 struct SManufacturer
@@ -156,28 +155,6 @@ constexpr SManufacturer s_aoManufaturerTable[] = {
 };
 // clang-format on
 static_assert(std::size(s_aoManufaturerTable) == 113, "112 makers and the row that ends the walk");
-
-// The letters of bytes 8 and 9, terminated: three times five bits from bit 14 down, 1 is 'A'. Bit 15 is reserved.
-struct SManufacturerCode
-{
-    char m_szCode[gsc_uiManufacturerLetters + 1];
-};
-
-SManufacturerCode ReadManufacturerCode(const unsigned char* pui8Edid)
-{
-    constexpr unsigned int uiLetterBits = 5;
-    constexpr unsigned int uiLetterMask = 0x1F;
-    constexpr unsigned int uiBeforeA = 0x40;
-    const unsigned int uiBits =
-        static_cast<unsigned int>(pui8Edid[gsc_uiManufacturerOffset]) << 8 | pui8Edid[gsc_uiManufacturerOffset + 1];
-    SManufacturerCode oCode = {};
-    for (unsigned int ui = 0; ui < gsc_uiManufacturerLetters; ++ui)
-    {
-        const unsigned int uiShift = uiLetterBits * (gsc_uiManufacturerLetters - 1 - ui);
-        oCode.m_szCode[ui] = static_cast<char>((uiBits >> uiShift & uiLetterMask) + uiBeforeA);
-    }
-    return oCode;
-}
 
 bool IsZeroBlock(const unsigned char* pui8Block)
 {
@@ -413,7 +390,4 @@ int CEdidBase::GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned i
 
 bool CEdidBase::IsDigital() const { return (m_aui8Edid[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0; }
 
-bool CEdidBase::IsAtLeast(unsigned int uiRevision) const
-{
-    return m_aui8Edid[gsc_uiVersionOffset] == gsc_uiVersion && m_aui8Edid[gsc_uiRevisionOffset] >= uiRevision;
-}
+bool CEdidBase::IsAtLeast(unsigned int uiRevision) const { return IsAtLeastRevision(m_aui8Edid, uiRevision); }

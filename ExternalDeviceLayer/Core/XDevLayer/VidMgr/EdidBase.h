@@ -19,7 +19,8 @@
 //      126     1  number of extension blocks
 //      127     1  checksum, the block sums to 0 modulo 256
 //
-// Results are 1 or non-zero for success and 0 for a refusal, which changes no byte. Every operation that changes the
+// Results are 1 or non-zero for success and 0 for a refusal, which changes no byte; only a refused SetEdidBuffer
+// empties the object. Every operation that changes the
 // block leaves its checksum right, except the two established setters when they are told not to.
 // An object belongs to one thread at a time. Outputs are the caller's.
 //
@@ -136,6 +137,7 @@ public:
 
     // Empties the object, then copies the first 128 bytes of the uiSize bytes at pui8Data. Only the header is judged,
     // neither the checksum nor version or extension count. The third argument is not looked at.
+    // pui8Data must not point into this object.
     // Returns 1; for null, less than 128 bytes or a wrong header 0, with the object left empty.
     int SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, unsigned int uiStripFlags);
 
@@ -144,7 +146,7 @@ public:
     // the incomplete block at its end does not count.
     static unsigned int GetEdidSizeFromData(unsigned int uiSize, const unsigned char* pui8Data);
 
-    // Makes byte 127 right for the other bytes.
+    // Makes byte 127 right for the other bytes; it is 0 while the object is empty.
     void UpdateChecksum();
 
     // ---- Identity ----

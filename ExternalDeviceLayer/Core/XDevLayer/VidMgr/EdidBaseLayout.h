@@ -1,5 +1,5 @@
-// Where things stand in the 128 bytes of the base block (VESA E-EDID standard). Private to the sources that read the
-// block byte by byte. Offsets are in bytes from the start of the block, unless told otherwise.
+// Where things stand in the 128 bytes of the base block (VESA E-EDID standard), and the rules that the core and the
+// EDID tools both apply to these bytes. Private to the sources that read the block byte by byte. Offsets are in bytes from the start of the block, unless told otherwise.
 
 #pragma once
 
@@ -10,6 +10,8 @@ namespace EdidBaseLayout
 constexpr unsigned int gsc_uiManufacturerOffset = 8; // two bytes, big-endian
 constexpr unsigned int gsc_uiProductOffset = 10;     // two bytes, little-endian
 constexpr unsigned int gsc_uiSerialOffset = 12;      // four bytes, little-endian
+constexpr unsigned int gsc_uiWeekOffset = 16;
+constexpr unsigned int gsc_uiYearOffset = 17; // minus 1990
 constexpr unsigned int gsc_uiVersionOffset = 18;
 constexpr unsigned int gsc_uiRevisionOffset = 19;
 constexpr unsigned int gsc_uiVideoInputOffset = 20;
@@ -33,6 +35,43 @@ constexpr unsigned int gsc_uiVideoInputRevision = 4;
 // Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
 constexpr unsigned int gsc_uiPreferredTimingMask = 0x02;
 constexpr unsigned int gsc_uiPreferredTimingRevision = 3;
+
+// Version 1 and this revision or a later one.
+constexpr bool IsAtLeastRevision(const unsigned char* pui8Block, unsigned int uiRevision)
+{
+    return pui8Block[gsc_uiVersionOffset] == gsc_uiVersion && pui8Block[gsc_uiRevisionOffset] >= uiRevision;
+}
+
+// Whether the first detailed timing is the preferred one.
+constexpr bool IsPreferredTimingDeclared(const unsigned char* pui8Block)
+{
+    return IsAtLeastRevision(pui8Block, gsc_uiPreferredTimingRevision) ||
+           (pui8Block[gsc_uiFeaturesOffset] & gsc_uiPreferredTimingMask) != 0;
+}
+
+// The manufacturer's letters, terminated.
+constexpr unsigned int gsc_uiManufacturerLetters = 3;
+struct SManufacturerCode
+{
+    char m_szCode[gsc_uiManufacturerLetters + 1];
+};
+
+// Three times five bits from bit 14 down, 1 is 'A'. Bit 15 is reserved.
+constexpr SManufacturerCode ReadManufacturerCode(const unsigned char* pui8Block)
+{
+    constexpr unsigned int uiLetterBits = 5;
+    constexpr unsigned int uiLetterMask = 0x1F;
+    constexpr unsigned int uiBeforeA = 0x40;
+    const unsigned int uiBits =
+        static_cast<unsigned int>(pui8Block[gsc_uiManufacturerOffset]) << 8 | pui8Block[gsc_uiManufacturerOffset + 1];
+    SManufacturerCode oCode = {};
+    for (unsigned int ui = 0; ui < gsc_uiManufacturerLetters; ++ui)
+    {
+        const unsigned int uiShift = uiLetterBits * (gsc_uiManufacturerLetters - 1 - ui);
+        oCode.m_szCode[ui] = static_cast<char>((uiBits >> uiShift & uiLetterMask) + uiBeforeA);
+    }
+    return oCode;
+}
 
 // Display descriptors, from the first byte of the descriptor: bytes 0, 1, 2 and 4 are zero.
 constexpr unsigned int gsc_uiDescriptorSize = sizeof(CEdidUtils::SEdidDetailedRaw);

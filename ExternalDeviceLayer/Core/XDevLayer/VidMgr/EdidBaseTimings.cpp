@@ -428,11 +428,7 @@ unsigned int CEdidBase::FindEstablished(unsigned int uiIndex, CVidParamTiming* p
     return 0;
 }
 
-bool CEdidBase::IsPreferredTimingProtected() const
-{
-    return IsAtLeast(gsc_uiPreferredTimingRevision) ||
-           (m_aui8Edid[gsc_uiFeaturesOffset] & gsc_uiPreferredTimingMask) != 0;
-}
+bool CEdidBase::IsPreferredTimingProtected() const { return IsPreferredTimingDeclared(m_aui8Edid); }
 
 CEdidBase::SStandard CEdidBase::ReadStandard(unsigned int uiSlot) const
 {

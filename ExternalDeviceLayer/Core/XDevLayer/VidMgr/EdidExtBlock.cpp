@@ -2,10 +2,9 @@
 
 #include "EdidExtBlock.h"
 
-#include <initializer_list>
-
 #include "EdidExtBlockCEA861.h"
 #include "EdidExtBlockDisplayID.h"
+#include "EdidTileOutputs.h"
 #include "ZorAssert.h"
 
 CEdidExtBlock::~CEdidExtBlock() = default;
@@ -16,14 +15,8 @@ int CEdidExtBlock::GetTiledDisplayCapabilities(int* piSingleEnclosure, int* piBe
                                                int* piMultiTileAtLocation, int* piSingleTileAtLocation,
                                                int* piSingleTileScaled, int* piSingleTileCloned)
 {
-    for (int* piOutput : { piSingleEnclosure, piBezelInfoPresent, piMultiTileAtLocation, piSingleTileAtLocation,
-                           piSingleTileScaled, piSingleTileCloned })
-    {
-        if (piOutput != nullptr)
-        {
-            *piOutput = 0;
-        }
-    }
+    ZeroTileOutputs({ piSingleEnclosure, piBezelInfoPresent, piMultiTileAtLocation, piSingleTileAtLocation,
+                      piSingleTileScaled, piSingleTileCloned });
     return 0;
 }
 
@@ -31,7 +24,7 @@ int CEdidExtBlock::GetTopologyDescription(unsigned int& uiTileLocationX, unsigne
                                           unsigned int& uiTileCountX, unsigned int& uiTileCountY,
                                           unsigned int& uiTileWidth, unsigned int& uiTileHeight)
 {
-    uiTileLocationX = uiTileLocationY = uiTileCountX = uiTileCountY = uiTileWidth = uiTileHeight = 0;
+    ZeroTileOutputs({ &uiTileLocationX, &uiTileLocationY, &uiTileCountX, &uiTileCountY, &uiTileWidth, &uiTileHeight });
     return 0;
 }
 

@@ -10,10 +10,13 @@
 #include <vector>
 
 #include "CEdidTestImages.h"
+#include "EdidBaseLayout.h"
 #include "EdidUtils.h"
 #include "SharedFiles.h"
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
+
+using namespace EdidBaseLayout;
 
 using CByteArray = CZorEdidUtils::CByteArray;
 using CModeList = CZorEdidUtils::CModeList;

@@ -229,11 +229,11 @@ TEST(ExtendedReport, DigitalInterfaceOfRevision4Only)
     for (const SInterfaceCase& oCase : gsc_aoInterfaceCases)
     {
         SCOPED_TRACE(oCase.m_pszName);
-        const auto poEdid = Load(
-            ChangeBytes(GetBytes(gsc_aui8Philips288P6), { { gsc_uiVersionOffset, oCase.m_ui8Version },
-                                                          { gsc_uiRevisionOffset, oCase.m_ui8Revision },
-                                                          { gsc_uiVideoInputOffset, oCase.m_ui8VideoInput },
-                                                          { gsc_uiFeaturesOffset, gsc_uiPreferredTimingFeature } }));
+        const auto poEdid =
+            Load(ChangeBytes(GetBytes(gsc_aui8Philips288P6), { { gsc_uiVersionOffset, oCase.m_ui8Version },
+                                                               { gsc_uiRevisionOffset, oCase.m_ui8Revision },
+                                                               { gsc_uiVideoInputOffset, oCase.m_ui8VideoInput },
+                                                               { gsc_uiFeaturesOffset, gsc_uiPreferredTimingMask } }));
         CCapturedOutput oOutput;
         const CElements asElements = GetReport(gsc_eExtended, *poEdid, "");
         EXPECT_EQ(0U, oOutput.TakeAssertionCount());

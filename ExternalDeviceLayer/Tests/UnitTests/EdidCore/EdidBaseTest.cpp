@@ -270,6 +270,13 @@ TEST(Identity, TextComesFromTheFirstDisplayDescriptorOfItsTag)
     char szText[14];
     EXPECT_EQ(1, oBase.GetMonitorName(szText, sizeof(szText)));
     EXPECT_STREQ("yes", szText);
+    for (const DescriptorBytes& aui8NoName :
+         { DescriptorBytes{ 1, 0, 0, 0xFC, 0, 'n', 'o' }, DescriptorBytes{ 0, 1, 0, 0xFC, 0, 'n', 'o' } })
+    {
+        CEdidBase oOther;
+        Load(oOther, CBaseBlockImage().Descriptor(0, aui8NoName).Get());
+        EXPECT_EQ(0, oOther.GetMonitorName(szText, sizeof(szText)));
+    }
     memset(szText, 'Z', sizeof(szText));
     EXPECT_EQ(0, oBase.GetMonitorString(szText, sizeof(szText)));
     EXPECT_EQ(std::string(14, 'Z'), std::string(szText, 14));

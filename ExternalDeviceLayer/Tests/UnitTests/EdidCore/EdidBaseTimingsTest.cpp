@@ -155,6 +155,32 @@ TEST(Established, ChecksumOnRequest)
     EXPECT_EQ(0, CEdidUtils::Is8BitsChecksumValid(128, oBase.GetBaseBlock()));
     oBase.UpdateChecksum();
     oCheck.ExpectEdited({ { 35, 1 } });
+
+    Load(oBase, MakeEstablishedImage(0x20).Get());
+    CEditCheck oByIndex(oBase);
+    EXPECT_EQ(1, oBase.SetEstablished(0, 0, 0));
+    EXPECT_EQ(0, CEdidUtils::Is8BitsChecksumValid(128, oBase.GetBaseBlock()));
+    oBase.UpdateChecksum();
+    oByIndex.ExpectEdited({ { 35, 1 } });
+}
+
+TEST(Established, FlagsOtherThan0And1CountAs1)
+{
+    CEdidBase oBase;
+    for (const int bFlag : { 2, -1 })
+    {
+        SCOPED_TRACE(bFlag);
+        Load(oBase, MakeEstablishedImage(0x80 | 0x20).Get()); // the first is none of VESA's
+        EXPECT_EQ(0, oBase.GetEstablishedFromId(CEdidBase::eEstablished720x400At70, nullptr, bFlag));
+        EXPECT_EQ(1U, oBase.GetEstablishedCount(bFlag));
+        CEditCheck oCheck(oBase);
+        EXPECT_EQ(1, oBase.SetEstablishedFromId(CEdidBase::eEstablished640x480At72, bFlag, bFlag));
+        oCheck.ExpectEdited({ { 35, 1 } });
+        EXPECT_EQ(0xA8, oBase.GetBaseBlock()[35]);
+        CEditCheck oSame(oBase);
+        EXPECT_EQ(1, oBase.SetEstablished(1, bFlag, bFlag)); // clears nothing
+        oSame.ExpectUnchanged();
+    }
 }
 
 // The numbering is that of the VESA modes which are set: 720x400 does not count, and a clear bit has no number.
@@ -174,6 +200,7 @@ TEST(Established, SettingByIndexNumbersTheListedVesaModes)
 struct SPairCase
 {
     const char* m_szName;
+    unsigned char m_ui8Version;
     unsigned char m_ui8Revision;
     unsigned char m_aui8Pair[2];
     const char* m_szTiming; // empty: refused
@@ -187,32 +214,35 @@ constexpr auto eGtf = CVidParamTiming::eVidParamType_Gtf;
 constexpr auto eNone = CVidParamTiming::eVidParamType_None;
 
 const SPairCase gsc_aoPairCases[] = {
-    { "16:9", 3, { 0x81, 0xC0 }, "1280x720@60", eDmt, 74250 },
-    { "16:9", 3, { 0xD1, 0xC0 }, "1920x1080@60", eDmt, 148500 },
-    { "5:4", 3, { 0x81, 0x80 }, "1280x1024@60", eDmt, 108000 },
-    { "4:3", 3, { 0x61, 0x40 }, "1024x768@60", eDmt, 65000 },
-    { "4:3, top rate", 3, { 0x59, 0x7F }, "960x720@123", eGtf, 0 },
-    { "16:10 since revision 3", 3, { 0x61, 0x00 }, "1024x640@60", eGtf, 0 },
-    { "1:1 before", 2, { 0x61, 0x00 }, "1024x1024@60", eGtf, 0 },
-    { "table has this size at 75 only", 3, { 0x71, 0x40 }, "1152x864@60", eGtf, 0 },
-    { "override 640x350", 3, { 0x31, 0xD9 }, "640x350@85", eDmt, 31500 },
-    { "override 720x400", 3, { 0x3B, 0xD9 }, "720x400@85", eDmt, 35500 },
-    { "override 848x480", 3, { 0x4B, 0xC0 }, "848x480@60", eDmt, 33750 },
-    { "override 1360x768", 3, { 0x8B, 0xC0 }, "1360x768@60", eDmt, 85500 },
-    { "override 1360x768 reduced", 3, { 0x8B, 0xFC }, "1360x768@120", eDmtReduced, 148250 },
-    { "override 1280x800", 3, { 0x81, 0x00 }, "1280x800@60", eDmt, 83500 },
-    { "override whatever the revision", 2, { 0x81, 0x00 }, "1280x800@60", eDmt, 83500 },
-    { "override 1400x1050", 3, { 0x90, 0x40 }, "1400x1050@60", eDmt, 121750 },
-    { "override 1440x900", 3, { 0x95, 0x00 }, "1440x900@60", eDmt, 106500 },
-    { "override 1680x1050", 3, { 0xB3, 0x00 }, "1680x1050@60", eDmt, 146250 },
-    { "override 1920x1200 reduced", 3, { 0xD1, 0x00 }, "1920x1200@60", eDmtReduced, 154000 },
-    { "override 1600x900 reduced", 3, { 0xA9, 0xC0 }, "1600x900@60", eDmtReduced, 108000 },
-    { "override needs the second byte too", 3, { 0x8B, 0xC1 }, "1360x765@61", eGtf, 0 },
-    { "override needs the first byte too", 3, { 0x8C, 0xFC }, "1368x769@120", eGtf, 0 },
-    { "empty 01 01", 3, { 0x01, 0x01 }, "", eNone, 0 },
-    { "empty 00 00", 3, { 0x00, 0x00 }, "", eNone, 0 },
-    { "empty whatever the second byte", 3, { 0x01, 0x40 }, "", eNone, 0 },
-    { "in use, but too small for any mode", 3, { 0x02, 0x00 }, "", eNone, 0 },
+    { "16:9", 1, 3, { 0x81, 0xC0 }, "1280x720@60", eDmt, 74250 },
+    { "16:9", 1, 3, { 0xD1, 0xC0 }, "1920x1080@60", eDmt, 148500 },
+    { "5:4", 1, 3, { 0x81, 0x80 }, "1280x1024@60", eDmt, 108000 },
+    { "4:3", 1, 3, { 0x61, 0x40 }, "1024x768@60", eDmt, 65000 },
+    { "4:3, top rate", 1, 3, { 0x59, 0x7F }, "960x720@123", eGtf, 0 },
+    { "16:10 since revision 3", 1, 3, { 0x61, 0x00 }, "1024x640@60", eGtf, 0 },
+    { "1:1 before", 1, 2, { 0x61, 0x00 }, "1024x1024@60", eGtf, 0 },
+    { "16:10 whatever the version", 2, 3, { 0x61, 0x00 }, "1024x640@60", eGtf, 0 },
+    { "1:1 whatever the version", 2, 2, { 0x61, 0x00 }, "1024x1024@60", eGtf, 0 },
+    { "5:4 drops the part of a line", 1, 3, { 0x83, 0x80 }, "1296x1036@60", eGtf, 0 },
+    { "table has this size at 75 only", 1, 3, { 0x71, 0x40 }, "1152x864@60", eGtf, 0 },
+    { "override 640x350", 1, 3, { 0x31, 0xD9 }, "640x350@85", eDmt, 31500 },
+    { "override 720x400", 1, 3, { 0x3B, 0xD9 }, "720x400@85", eDmt, 35500 },
+    { "override 848x480", 1, 3, { 0x4B, 0xC0 }, "848x480@60", eDmt, 33750 },
+    { "override 1360x768", 1, 3, { 0x8B, 0xC0 }, "1360x768@60", eDmt, 85500 },
+    { "override 1360x768 reduced", 1, 3, { 0x8B, 0xFC }, "1360x768@120", eDmtReduced, 148250 },
+    { "override 1280x800", 1, 3, { 0x81, 0x00 }, "1280x800@60", eDmt, 83500 },
+    { "override whatever the revision", 1, 2, { 0x81, 0x00 }, "1280x800@60", eDmt, 83500 },
+    { "override 1400x1050", 1, 3, { 0x90, 0x40 }, "1400x1050@60", eDmt, 121750 },
+    { "override 1440x900", 1, 3, { 0x95, 0x00 }, "1440x900@60", eDmt, 106500 },
+    { "override 1680x1050", 1, 3, { 0xB3, 0x00 }, "1680x1050@60", eDmt, 146250 },
+    { "override 1920x1200 reduced", 1, 3, { 0xD1, 0x00 }, "1920x1200@60", eDmtReduced, 154000 },
+    { "override 1600x900 reduced", 1, 3, { 0xA9, 0xC0 }, "1600x900@60", eDmtReduced, 108000 },
+    { "override needs the second byte too", 1, 3, { 0x8B, 0xC1 }, "1360x765@61", eGtf, 0 },
+    { "override needs the first byte too", 1, 3, { 0x8C, 0xFC }, "1368x769@120", eGtf, 0 },
+    { "empty 01 01", 1, 3, { 0x01, 0x01 }, "", eNone, 0 },
+    { "empty 00 00", 1, 3, { 0x00, 0x00 }, "", eNone, 0 },
+    { "empty whatever the second byte", 1, 3, { 0x01, 0x40 }, "", eNone, 0 },
+    { "in use, but too small for any mode", 1, 3, { 0x02, 0x00 }, "", eNone, 0 },
 };
 
 TEST(Standard, PairsAndTheirModes)
@@ -222,8 +252,10 @@ TEST(Standard, PairsAndTheirModes)
         SCOPED_TRACE(std::string(oCase.m_szName) + " " + oCase.m_szTiming);
         const int iExpected = oCase.m_eFamily == eNone ? 0 : 1;
         CEdidBase oBase;
-        Load(oBase,
-             CBaseBlockImage().Version(1, oCase.m_ui8Revision).Slot(5, oCase.m_aui8Pair[0], oCase.m_aui8Pair[1]).Get());
+        Load(oBase, CBaseBlockImage()
+                        .Version(oCase.m_ui8Version, oCase.m_ui8Revision)
+                        .Slot(5, oCase.m_aui8Pair[0], oCase.m_aui8Pair[1])
+                        .Get());
         const CEdidBase::SStandard oPair = { oCase.m_aui8Pair[0], oCase.m_aui8Pair[1] };
         CVidParamTimingGeneric oTiming;
         EXPECT_EQ(iExpected, oBase.GetStandardTiming(&oPair, &oTiming));
@@ -326,6 +358,11 @@ TEST(Standard, Repacking)
         Load(oBase, MakeSlotsImage(oCase.m_aui8Before).Get());
         CEditCheck oCheck(oBase);
         oBase.RePackStandards();
+        if (oCase.m_aui8Before == oCase.m_aui8After)
+        {
+            oCheck.ExpectUnchanged();
+            continue;
+        }
         oCheck.ExpectEdited({ { 38, 16 } });
         EXPECT_EQ(oCase.m_aui8After, SlotsOf(oBase));
     }
@@ -375,6 +412,12 @@ TEST(Standard, CountOfAnEmptiedObjectMayStay)
     EXPECT_EQ(0, oBase.RemoveStandard(1));
     Load(oBase, CBaseBlockImage().Get());
     EXPECT_EQ(0U, oBase.GetStandardCount());
+
+    const CBaseBlockImage::Bytes aui8Two = CBaseBlockImage().Slot(0, 0x81, 0xC0).Slot(3, 0xD1, 0xC0).Get();
+    Load(oBase, aui8Two);
+    EXPECT_EQ(0, oBase.SetEdidBuffer(aui8Two.data(), 127, 0)); // a refused load empties in the same way
+    EXPECT_EQ(2U, oBase.GetStandardCount());
+    EXPECT_EQ(0, oBase.GetStandard(1U, nullptr, nullptr));
 }
 
 TEST(Standard, ExtraPairsInTheirDescriptors)
@@ -429,6 +472,10 @@ const SDetailedCase gsc_aoDetailedCases[] = {
       { "1280x720@60", "1920x1080@60", "1280x720@60", "1920x1080@60" } },
     { "a candidate that is no timing ends the count, not the numbering",
       { gsc_aui8Timing1080p, gsc_aui8Tag1, gsc_aui8Timing720p, gsc_aui8NoWidth },
+      1,
+      { "1920x1080@60", nullptr, "1280x720@60", nullptr } },
+    { "byte 1 alone makes a candidate, although the tag is that of a name",
+      { gsc_aui8Timing1080p, { 0, 1, 0, 0xFC, 0, 'n', 'o' }, gsc_aui8Timing720p, gsc_aui8Name },
       1,
       { "1920x1080@60", nullptr, "1280x720@60", nullptr } },
     { "no timing in front", { gsc_aui8NoWidth, gsc_aui8Timing720p }, 0, { nullptr, "1280x720@60", nullptr, nullptr } },

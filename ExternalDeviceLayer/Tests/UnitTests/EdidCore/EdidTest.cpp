@@ -12,6 +12,7 @@
 
 #include "CapturedOutput.h"
 #include "CEdidTestImages.h"
+#include "EdidExtBlockCEA861.h"
 #include "EditCheck.h"
 #include "VidParamTimingGeneric.h"
 
@@ -214,6 +215,16 @@ TEST(EdidChecksum, EachBlockCounts)
     EXPECT_NE(0, oEdid.IsChecksumValid());
     ASSERT_EQ(1, oEdid.SetEstablishedFromId(CEdidBase::eEstablished640x480At60, 0, 0));
     EXPECT_EQ(0, oEdid.IsChecksumValid());
+
+    ASSERT_EQ(1, LoadExact(oEdid, Join({ BaseOf(MakeLg(), 2), MakeDisplayId({}), CeaOf(MakeLg()) })));
+    EXPECT_NE(0, oEdid.IsChecksumValid());
+    auto* poCea = static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(1));
+    poCea->PadDataRange(1, 1); // a raw step, which leaves the checksum alone
+    EXPECT_EQ(0, oEdid.IsChecksumValid());
+    oEdid.UpdateChecksum(); // the base block's
+    EXPECT_EQ(0, oEdid.IsChecksumValid());
+    poCea->UpdateChecksum();
+    EXPECT_NE(0, oEdid.IsChecksumValid());
 }
 
 // ---- Writing back ----
@@ -377,8 +388,12 @@ TEST(EdidNumbering, EstablishedTimingsAreTheBaseBlocks)
     EXPECT_EQ(1, oEdid.GetEstablished(2, &oTiming, 1));
     EXPECT_EQ("1024x768@60", NameOf(oTiming));
     CEditCheck oCheck(oEdid);
-    EXPECT_EQ(1, oEdid.SetEstablished(2, 0, 1));
+    EXPECT_EQ(1, oEdid.SetEstablished(2, 0, 0));
+    EXPECT_EQ(0, oEdid.IsChecksumValid());
+    oEdid.UpdateChecksum();
     oCheck.ExpectEdited({ { 36, 1 } });
+    EXPECT_EQ(1, oEdid.SetEstablished(1, 1, 1)); // is set already
+    EXPECT_NE(0, oEdid.IsChecksumValid());
     EXPECT_EQ(1, oEdid.SetEstablishedFromId(CEdidBase::eEstablished640x480At60, 0, 1));
     EXPECT_EQ(1U, oEdid.GetEstablishedCount(1));
 }

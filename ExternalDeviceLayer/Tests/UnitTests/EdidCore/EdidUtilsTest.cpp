@@ -176,10 +176,14 @@ TEST(Descriptor, OtherSyncTypesGiveNoPolarity)
     {
         DescriptorBytes aui8Data = gsc_aui8Timing1080p;
         aui8Data[17] = static_cast<unsigned char>(uiSyncType << 3 | 0x67); // stereo and both polarity bits
-        CVidParamTimingGeneric oTiming;
+        CVidParamTimingGeneric oTiming;                                    // nothing of its former contents stays
+        oTiming.GetData().uiFlags = CVidParamTimingGeneric::eFlag_BottomFieldFirst |
+                                    CVidParamTimingGeneric::eFlag_HorizontalPositive |
+                                    CVidParamTimingGeneric::eFlag_VerticalPositive;
         ASSERT_EQ(1, CEdidUtils::ConvertDetailedDescriptorToVidParam(MakeRaw(aui8Data), &oTiming));
         EXPECT_EQ(0, oTiming.IsHorizontalPolarityPositive());
         EXPECT_EQ(0, oTiming.IsVerticalPolarityPositive());
+        EXPECT_EQ(0U, oTiming.GetData().uiFlags);
         CEdidUtils::SEdidDetailedRaw oWritten;
         ASSERT_EQ(1, CEdidUtils::ConvertVidParamToDetailedDescriptor(&oTiming, &oWritten, nullptr));
         EXPECT_EQ(0x18, oWritten.m_aui8Data[17]);

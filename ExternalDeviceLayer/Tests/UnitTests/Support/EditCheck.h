@@ -50,11 +50,12 @@ public:
     {
     }
 
-    // Only bytes named here differ now, apart from the last byte of the blocks that they lie in, whose checksums hold.
+    // Some byte differs now, and only bytes named here do, apart from the last byte of the blocks that they lie in, whose checksums hold.
     void ExpectEdited(std::initializer_list<SEditedBytes> aoEdited) const
     {
         const Bytes aui8Now = m_fnRead();
         ASSERT_EQ(m_aui8Before.size(), aui8Now.size());
+        EXPECT_NE(m_aui8Before, aui8Now) << "nothing was edited";
         std::vector<bool> abMayDiffer(aui8Now.size(), false);
         std::vector<bool> abTouched(aui8Now.size() / msc_uiBlockSize, false);
         for (const SEditedBytes& oEdited : aoEdited)

@@ -29,12 +29,12 @@ CMPlex* CMPlex::Create(CMPlex*& poHead, unsigned long ulMaxElements, unsigned lo
     return poBlock;
 }
 
-void CMPlex::FreeDataChain()
+void CMPlex::FreeDataChain(CMPlex* poHead)
 {
-    for (CMPlex* poBlock = this; poBlock != nullptr;)
+    while (poHead != nullptr)
     {
-        CMPlex* poNext = poBlock->m_poNext;
-        CMAllocator().Free(poBlock);
-        poBlock = poNext;
+        CMPlex* poNext = poHead->m_poNext;
+        CMAllocator().Free(poHead);
+        poHead = poNext;
     }
 }

@@ -234,7 +234,7 @@ CMString& CMString::operator=(char c)
 
 void CMString::ConcatInPlace(int iLength, char const* pszText)
 {
-    if (iLength == 0)
+    if (iLength == 0 || pszText == nullptr)
     {
         return;
     }
@@ -336,6 +336,10 @@ char* CMString::GetBufferSetLength(int iLength)
 {
     if (iLength < 0)
     {
+        if (IsNil())
+        {
+            return m_pszData;
+        }
         MASSERT_FAILED();
         return nullptr;
     }

@@ -264,7 +264,11 @@ void CMString::FormatV(char const* pszFormat, va_list oList)
     {
         return;
     }
-    PrintInto(pszBuffer, uiSize, pszFormat, oList);
+    const int iResult = PrintInto(pszBuffer, uiSize, pszFormat, oList);
+    if (iResult < 0 || static_cast<unsigned int>(iResult) > uiSize)
+    {
+        MASSERT_FAILED();
+    }
 }
 
 void CMString::AppendFormat(char const* pszFormat, ...)
@@ -297,18 +301,15 @@ void CMString::AppendFormatV(char const* pszFormat, va_list oList)
 }
 
 // uiSize characters at pszAt belong to the buffer, the terminator counted.
-void CMString::PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
+int CMString::PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
 {
     const int iResult = ZorTools_vsprintf_s(pszAt, uiSize, pszFormat, oList);
     if (iResult < 0)
     {
         *pszAt = '\0'; // what a failed conversion leaves is not defined
     }
-    if (iResult < 0 || static_cast<unsigned int>(iResult) > uiSize)
-    {
-        MASSERT_FAILED();
-    }
     ReleaseBuffer(-1);
+    return iResult;
 }
 
 int CMString::GetFormattedLength(char const* pszFormat, va_list oList)

@@ -318,9 +318,10 @@ TEST(ArraySize, OtherOperationsGoThroughTheVirtualSetSize)
         CByteArray oMore;
         oMore.Add(4);
         EXPECT_EQ(3, oArray.Append(oMore));
-        EXPECT_EQ(3U, uiCalls);
+        EXPECT_EQ(4, oArray.Append(CByteArray()));
+        EXPECT_EQ(4U, uiCalls);
     }
-    EXPECT_EQ(3U, uiCalls);
+    EXPECT_EQ(4U, uiCalls);
 }
 
 TEST(ArraySize, AppendGivesTheFirstNewIndex)
@@ -379,7 +380,6 @@ TEST(ArrayGuards, ReportOnceAndChangeNothing)
         { "SetSizeNegative", [](CNumberArray& oArray) { oArray.SetSize(-1, -1); } },
         { "SetCountAboveInt", [](CNumberArray& oArray) { oArray.SetCount(0x80000000U, -1); } },
         { "SetAtGrowNegative", [](CNumberArray& oArray) { oArray.SetAtGrow(-1, 9); } },
-        { "SetAtGrowHighest", [](CNumberArray& oArray) { oArray.SetAtGrow(INT_MAX, 9); } },
         { "SetAtNegative", [](CNumberArray& oArray) { oArray.SetAt(-1, 9); } },
         { "SetAtEnd", [](CNumberArray& oArray) { oArray.SetAt(3, 9); } },
         { "GetAtNegative", [](CNumberArray& oArray) { EXPECT_EQ(0U, oArray.GetAt(-1)); } },
@@ -398,6 +398,16 @@ TEST(ArrayGuards, ReportOnceAndChangeNothing)
         EXPECT_EQ(1U, oOutput.TakeAssertionCount());
         EXPECT_EQ((std::vector<unsigned int>{ 3, 1, 2 }), Elements(oArray));
     }
+}
+
+// The size that would be needed is no number, and then the index is outside.
+TEST(ArrayGuards, TheHighestIndexReportsTwice)
+{
+    CNumberArray oArray = Numbers({ 3, 1, 2 });
+    CCapturedOutput oOutput;
+    oArray.SetAtGrow(INT_MAX, 9);
+    EXPECT_EQ(2U, oOutput.TakeAssertionCount());
+    EXPECT_EQ((std::vector<unsigned int>{ 3, 1, 2 }), Elements(oArray));
 }
 
 TEST(ArrayGuards, OutsideElementCarriesNothingOver)

@@ -1,6 +1,7 @@
 // CMMap and CMPlex: what is allocated when, that values are built and destroyed, and what guards refuse.
 
 #include <limits.h>
+#include <stddef.h>
 
 #include "CapturedOutput.h"
 #include "CountingAllocator.h"
@@ -65,6 +66,15 @@ TEST(Map, AllocatesTableAndBlocksWhenNeeded)
     EXPECT_EQ(0, oMap.GetCount());
     EXPECT_EQ(0U, oMap[3]); // nothing of the old value is left
     EXPECT_EQ(5U, oHeap.GetAllocCount());
+}
+
+TEST(Map, NodesAreTakenInTheOrderOfTheirAddresses)
+{
+    CCountingAllocator oHeap;
+    CNumberMap oMap;
+    char* pchFirst = reinterpret_cast<char*>(&oMap[7]);
+    char* pchSecond = reinterpret_cast<char*>(&oMap[3]);
+    EXPECT_EQ(pchFirst + gsc_ulNodeSize, pchSecond);
 }
 
 TEST(Map, KeysFallIntoBucketsOfSixteen)
@@ -146,6 +156,8 @@ TEST(Plex, ChainsBlocksAndFreesThemTogether)
     EXPECT_EQ(static_cast<void*>(reinterpret_cast<char*>(poSecond) + sizeof(CMPlex)), poSecond->GetData());
     poHead->FreeDataChain();
     EXPECT_EQ(0U, oHeap.GetLiveCount());
+    CMPlex::FreeDataChain(nullptr); // a chain without blocks
+    EXPECT_EQ(0U, oHeap.GetFreedNullCount());
 }
 
 TEST(Plex, RefusesNothingAndTooMuch)

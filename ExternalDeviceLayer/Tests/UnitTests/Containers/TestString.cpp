@@ -207,7 +207,28 @@ TEST_F(StringBuffer, AppendingReallocatesExactlyEachTime)
     EXPECT_EQ(4U, m_oHeap.GetAllocCount());
     EXPECT_STREQ("abcdef", oText);
     oText.ConcatInPlace(0, nullptr);
+    oText.ConcatInPlace(3, nullptr);
     EXPECT_STREQ("abcdef", oText);
+}
+
+// The room belongs to the buffer that stays with the other holder.
+TEST_F(StringBuffer, ChangingASharedRoomyBufferGivesAnExactOne)
+{
+    CMString oRoomy("abc");
+    oRoomy.GetBuffer(20);
+    CMString oChanged(oRoomy);
+    oChanged.SetAt(0, 'x');
+    EXPECT_STREQ("xbc", oChanged);
+    EXPECT_EQ(3, oChanged.GetAllocLength());
+
+    CMString oAppended(oRoomy);
+    oAppended.ConcatInPlace(2, "de");
+    EXPECT_STREQ("abcde", oAppended);
+    EXPECT_EQ(5, oAppended.GetAllocLength());
+
+    EXPECT_STREQ("abc", oRoomy);
+    EXPECT_EQ(20, oRoomy.GetAllocLength());
+    EXPECT_EQ(1, Refs(oRoomy));
 }
 
 TEST_F(StringBuffer, SumsAreNewStrings)
@@ -261,6 +282,9 @@ TEST_F(StringBuffer, TheSharedEmptyStringIsNeverWritten)
     CMString oText;
     EXPECT_EQ(CStringProbe::GetNil(), oText.GetBuffer(0));
     EXPECT_EQ(CStringProbe::GetNil(), oText.GetBufferSetLength(0));
+    CCapturedOutput oOutput;
+    EXPECT_EQ(CStringProbe::GetNil(), oText.GetBufferSetLength(-1));
+    EXPECT_EQ(0U, oOutput.TakeAssertionCount());
     EXPECT_EQ(CStringProbe::GetNil(), oText.LockBuffer());
     oText.UnlockBuffer();
     oText.ReleaseBuffer(5);
@@ -299,6 +323,20 @@ TEST_F(StringLock, AssigningToALockedStringCopiesIntoIt)
     EXPECT_STREQ("xyz", oLocked);
     EXPECT_EQ(-1, Refs(oLocked));
     EXPECT_EQ(1, Refs(oSource));
+}
+
+TEST_F(StringLock, AssigningAnEmptyTextEndsTheLock)
+{
+    CMString oByText("abc");
+    oByText.LockBuffer();
+    oByText = "";
+    EXPECT_EQ(CStringProbe::GetNil(), Text(oByText));
+
+    CMString oByString("abc");
+    oByString.LockBuffer();
+    oByString = CMString();
+    EXPECT_EQ(CStringProbe::GetNil(), Text(oByString));
+    EXPECT_EQ(0U, m_oHeap.GetLiveCount());
 }
 
 TEST_F(StringLock, EmptyKeepsBufferAndLock)
@@ -480,12 +518,15 @@ TEST_F(StringSearch, GivesIndexesFromTheStart)
     EXPECT_EQ(1, Refs(oText));
 }
 
-TEST_F(StringSearch, NullReports)
+TEST_F(StringSearch, NullReportsWhereCaseCounts)
 {
     const CMString oText("abc");
     CCapturedOutput oOutput;
     EXPECT_EQ(-1, oText.Find(static_cast<char const*>(nullptr), 0));
     EXPECT_EQ(1U, oOutput.TakeAssertionCount());
+    CCapturedOutput oNoCaseOutput;
+    EXPECT_EQ(2, oText.FindNoCase(static_cast<char const*>(nullptr), 2)); // counts as empty
+    EXPECT_EQ(0U, oNoCaseOutput.TakeAssertionCount());
 }
 
 TEST_F(StringParts, AreCutToTheTextAndShareWhenWhole)

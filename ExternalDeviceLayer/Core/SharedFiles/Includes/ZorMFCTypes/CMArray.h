@@ -110,7 +110,7 @@ class CMArray
 public:
     static_assert(gsc_bByteRelocatable<TYPE>, "elements move as raw bytes when the buffer grows");
 
-    CMArray() = default;
+    CMArray() noexcept = default;
     // Copies take the elements, not the growth step.
     CMArray(const CMArray& oOther) : CMArray() { CopyFrom(oOther); }
     CMArray& operator=(const CMArray& oOther)
@@ -142,8 +142,8 @@ public:
     // Makes the capacity equal the count.
     virtual void FreeExtra();
 
-    // Stores oValue at iIndex, growing the array to iIndex + 1 elements first where needed. A negative index reports
-    // and changes nothing. oValue must not refer to an element of this array when the call can grow it.
+    // Stores oValue at iIndex, growing the array to iIndex + 1 elements first where needed. A negative index and
+    // INT_MAX report and change nothing. oValue must not refer to an element of this array when the call can grow it.
     virtual void SetAtGrow(int iIndex, ARG_TYPE oValue);
 
     unsigned int GetCount() const { return static_cast<unsigned int>(m_iSize); }
@@ -333,19 +333,10 @@ void CMArray<TYPE, ARG_TYPE>::FreeExtra()
 template <class TYPE, class ARG_TYPE>
 void CMArray<TYPE, ARG_TYPE>::SetAtGrow(int iIndex, ARG_TYPE oValue)
 {
-    if (iIndex < 0)
-    {
-        MASSERT_FAILED();
-        return;
-    }
     if (iIndex >= m_iSize)
     {
-        if (iIndex == INT_MAX)
-        {
-            MASSERT_FAILED();
-            return;
-        }
-        SetSize(iIndex + 1, -1);
+        // Unsigned, so that INT_MAX gives a negative size, which SetSize refuses.
+        SetSize(static_cast<int>(static_cast<unsigned int>(iIndex) + 1), -1);
     }
     SetAt(iIndex, oValue);
 }
@@ -359,13 +350,9 @@ int CMArray<TYPE, ARG_TYPE>::Append(const CMArray& oSource)
         MASSERT_FAILED();
         return iOldCount;
     }
-    if (oSource.m_iSize == 0)
-    {
-        return iOldCount;
-    }
     const unsigned int uiSum = GetCount() + oSource.GetCount();
     SetSize(static_cast<int>(uiSum), -1);
-    if (GetCount() == uiSum)
+    if (GetCount() == uiSum && oSource.m_pData != nullptr)
     {
         CMArrayCopyElements(m_pData + iOldCount, oSource.m_pData, oSource.m_iSize);
     }

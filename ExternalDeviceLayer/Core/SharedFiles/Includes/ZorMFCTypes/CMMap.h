@@ -8,8 +8,9 @@
 #include "ZorMFCTypes/CMArray.h"
 #include "ZorMFCTypes/CMPlex.h"
 
-// Keys are integers or enumerations; values need a default constructor. Neighbouring keys, those that differ in their
-// low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong guarantee).
+// Keys are integers or enumerations; values need a default constructor that cannot fail. Neighbouring keys, those that
+// differ in their low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong
+// guarantee).
 template <class KEY, class VALUE, class ARG_KEY = KEY const&, class ARG_VALUE = VALUE const&>
 class CMMap
 {
@@ -55,6 +56,7 @@ protected:
         VALUE* GetValue() { return std::launder(reinterpret_cast<VALUE*>(m_aui8Value)); }
     };
     static_assert(std::is_trivially_copyable_v<KEY>, "keys are stored by bytes and not destroyed");
+    static_assert(std::is_nothrow_default_constructible_v<VALUE>, "a node is counted before its value is there");
     static_assert(alignof(CAssoc) <= alignof(CMPlex), "nodes follow the block head directly");
 
     // A node from the free list with the key and a new value; not yet in a bucket. Null with a report when the
@@ -166,11 +168,8 @@ void CMMap<KEY, VALUE, ARG_KEY, ARG_VALUE>::RemoveAll()
     }
     m_iCount = 0;
     m_poFreeList = nullptr;
-    if (m_poBlocks != nullptr)
-    {
-        m_poBlocks->FreeDataChain();
-        m_poBlocks = nullptr;
-    }
+    CMPlex::FreeDataChain(m_poBlocks);
+    m_poBlocks = nullptr;
 }
 
 template <class KEY, class VALUE, class ARG_KEY, class ARG_VALUE>

@@ -11,8 +11,10 @@ public:
     //   ulElementSize  bytes
     static CMPlex* Create(CMPlex*& poHead, unsigned long ulMaxElements, unsigned long ulElementSize);
 
-    // Frees this block and all that follow it; pointers to them are dead afterwards.
-    void FreeDataChain();
+    // Frees poHead and all blocks that follow it; pointers to them are dead afterwards. Null does nothing.
+    static void FreeDataChain(CMPlex* poHead);
+    // The same for the chain from this block on.
+    void FreeDataChain() { FreeDataChain(this); }
 
     void* GetData() { return this + 1; }
 

@@ -31,7 +31,7 @@ public:
 
     // ---- Making and assigning ----
 
-    constexpr CMString() : m_pszData(m_pszNil) {}
+    constexpr CMString() noexcept : m_pszData(m_pszNil) {}
     CMString(char const* pszText);
     // iCount copies of c; a count below 1 gives the empty string.
     CMString(char c, int iCount);
@@ -47,7 +47,8 @@ public:
     }
 
     // Shares the buffer unless one of the two is locked; a locked string receives the characters and stays locked where
-    // they fit. The text given may be a part of this string.
+    // they fit. An empty text gives the buffer back instead, which ends the lock. The text given may be a part of this
+    // string.
     CMString& operator=(CMString const& oSource);
     CMString& operator=(char const* pszText);
     CMString& operator=(char c);
@@ -79,7 +80,8 @@ public:
 
     // ---- Appending ----
 
-    // Appends iLength characters of pszText, which must have as many and may be a part of this string.
+    // Appends iLength characters of pszText, which must have as many and may be a part of this string. Null appends
+    // nothing.
     void ConcatInPlace(int iLength, char const* pszText);
     CMString& operator+=(char c);
     CMString& operator+=(char const* pszText);
@@ -98,8 +100,8 @@ public:
     // which must not be written. A length of INT_MAX reports, changes nothing and gives null.
     char* GetBuffer(int iMinLength);
     char* GetBuffer(unsigned int uiMinLength) { return GetBuffer(static_cast<int>(uiMinLength)); }
-    // GetBuffer, then the length is iLength; new characters have no defined value. A negative length reports, changes
-    // nothing and gives null.
+    // GetBuffer, then the length is iLength; new characters have no defined value. The shared empty string stays as it
+    // is with a length below 1. On any other a negative length reports, changes nothing and gives null.
     char* GetBufferSetLength(int iLength);
     char* GetBufferSetLength(unsigned int uiLength) { return GetBufferSetLength(static_cast<int>(uiLength)); }
     // Ends direct writing: sets the length, -1 takes it from the first NUL. A length that the buffer cannot hold
@@ -120,7 +122,7 @@ public:
     // A null text reports and gives -1.
     int Find(char const* pszText, int iStart) const;
     int ReverseFind(char c) const;
-    // The same without regard to the case of ASCII letters.
+    // The same without regard to the case of ASCII letters; a null text counts as empty.
     int FindNoCase(char c, int iStart) const;
     int FindNoCase(char const* pszText, int iStart) const;
     int ReverseFindNoCase(char c) const;
@@ -173,12 +175,13 @@ public:
     CMString Right(unsigned int uiCount) const { return Right(static_cast<int>(uiCount)); }
 
     // ---- Formatting. A null format reports and changes nothing. ----
-    // The room is estimated by GetFormattedLength. A text that turns out longer is cut, and reported unless it is
-    // longer by one character only. Arguments must not point into this string.
+    // The room is estimated by GetFormattedLength. A text that turns out longer is cut. Arguments must not point into
+    // this string.
 
+    // Replace the text. A conversion that fails and a text that is cut by more than one character report.
     void Format(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
     void FormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
-    // Appends; a format that is estimated at nothing appends nothing.
+    // Append, without a report for a text that is cut; a format that is estimated at nothing appends nothing.
     void AppendFormat(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
     void AppendFormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
@@ -248,8 +251,9 @@ protected:
 private:
     // iLength characters at iIndex, which lies inside the text or at its end.
     int InsertText(int iIndex, int iLength, char const* pszText);
-    // Formats to the end of the text that stays in front of pszAt.
-    void PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
+    // Formats to the end of the text that stays in front of pszAt. The result is the length that the whole formatted
+    // text has, negative when a conversion failed.
+    int PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
         __attribute__((format(printf, 4, 0)));
     // Sets length and terminator; the buffer is private and long enough, or the shared empty string with length 0.
     void SetLength(int iLength);

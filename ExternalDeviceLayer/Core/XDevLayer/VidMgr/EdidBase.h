@@ -20,8 +20,8 @@
 //      127     1  checksum, the block sums to 0 modulo 256
 //
 // Results are 1 or non-zero for success and 0 for a refusal, which changes no byte; only a refused SetEdidBuffer
-// empties the object. Every operation that changes the
-// block leaves its checksum right, except the two established setters when they are told not to.
+// empties the object. Every operation that changes the block leaves its checksum right, except the two established
+// setters when they are told not to.
 // An object belongs to one thread at a time. Outputs are the caller's.
 //
 // Only SetEdidBuffer, ExtractStandardTimings and RemoveStandard take memory. When it runs out, the bytes are those of a

@@ -443,6 +443,10 @@ CEdidExtBlockDisplayID::DataBlockList& CEdidExtBlockDisplayID::GetDataBlocks(EDi
 CEdidExtBlockDisplayID::STiledTopologyRaw const* CEdidExtBlockDisplayID::GetTiledTopology()
 {
     static_assert(sizeof(STiledTopologyRaw) == gsc_uiTiledTopologySize);
+    if (m_aui8Raw.GetCount() == 0)
+    {
+        return nullptr; // nothing was read, and the map would take memory for the question
+    }
     DataBlockList const& apoBlocks = GetDataBlocks(eDisplayIdTag_TiledTopology);
     return apoBlocks.GetCount() != 0 ? reinterpret_cast<STiledTopologyRaw const*>(PayloadOf(apoBlocks[0U])) : nullptr;
 }

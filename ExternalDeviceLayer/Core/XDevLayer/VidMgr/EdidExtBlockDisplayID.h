@@ -1,4 +1,4 @@
-// A DisplayID 1.x section carried in an EDID extension block (VESA DisplayID 1.3): its Type I and Type II detailed
+// A DisplayID 1.x section carried in an EDID extension block (VESA DisplayID 1.2): its Type I and Type II detailed
 // timings and its tiled display topology. Read-only: every edit is refused.
 //
 // Layout of the block, offsets in bytes from its start:
@@ -118,7 +118,8 @@ public:
     unsigned int GetStandardCount() const override; // always 0
     int GetStandard(unsigned int uiIndex, CVidParamTiming* poTiming, int* piNative) const override;
 
-    // Lists the records of the data blocks anew; the result is their number. The constructor has done so.
+    // Lists the records of the data blocks anew; the result is their number. The constructor has done so, except after
+    // a bad data block: a call by hand then lists the records of the blocks in front of it.
     unsigned int ExtractDetailedTimings();
 
     // All Type I records in block order, then all Type II records.

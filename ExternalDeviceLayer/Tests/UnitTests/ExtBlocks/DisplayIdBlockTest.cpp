@@ -8,9 +8,11 @@
 #include <string>
 
 #include "CapturedOutput.h"
+#include "CountingAllocator.h"
 #include "DisplayIdImages.h"
 #include "EdidExtBlockDisplayID.h"
 #include "OsServices.h"
+#include "RecordingTiming.h"
 #include "RVidParamTiming.h"
 #include "VidParamTimingGeneric.h"
 
@@ -83,6 +85,7 @@ TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
     aui8SectionSum[5] ^= 1;
     FixSum(aui8SectionSum, 0, 127);
 
+    CCountingAllocator oHeap;
     CCapturedOutput oOutput;
     for (const CBytes& aui8Bytes : { aui8Tag, aui8BlockSum, aui8SectionSum })
     {
@@ -94,6 +97,7 @@ TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
         EXPECT_EQ(0U, poBlock->GetDetailedCount());
         EXPECT_EQ(0, poBlock->IsDisplayPartOfTiledTopology());
     }
+    EXPECT_EQ(0U, oHeap.GetAllocCount()); // not for the questions either
     EXPECT_EQ(0U, oOutput.TakeAssertionCount());
 }
 
@@ -275,6 +279,8 @@ TEST_P(DisplayIdBadBlock, EndsTheReadingAndLeavesNoTimings)
     EXPECT_EQ(0U, poBlock->GetDetailedCount());
     EXPECT_EQ(1, poBlock->IsDisplayPartOfTiledTopology()); // declared before the bad block
     EXPECT_TRUE(poBlock->IsChecksumValid());
+    EXPECT_EQ(1U, poBlock->ExtractDetailedTimings()); // by hand: what stands in front of the bad block
+    EXPECT_EQ(1U, poBlock->GetDetailedCount());
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, DisplayIdBadBlock,
@@ -404,6 +410,21 @@ TEST(DisplayIdRecords, ZeroFieldsAreRefusedAndLeaveTheTimingAlone)
         EXPECT_EQ(0, poBlock->GetDetailed(0, &oTiming));
         EXPECT_EQ(77U, oTiming.GetHorizontalActive());
         EXPECT_EQ(0U, oTiming.GetPixelClockInHz());
+    }
+}
+
+// The rates are computed from what stands in the timing, so they come after it.
+TEST(DisplayIdRecords, WriteEachValueOnceAndTheRatesLast)
+{
+    const CCallNames asExpected = { "ClockKiloHz", "Interlaced", "HActive", "HFront", "HSync",
+                                    "HBack",       "HPolarity",  "VActive", "VFront", "VSync",
+                                    "VBack",       "VPolarity",  "HRateHz", "VRate",  "Type" };
+    for (const CBytes& aui8Block : { MakeDataBlock(3, 0, Type1Record1080p()), MakeDataBlock(4, 0, Type2Record720p()) })
+    {
+        const auto poBlock = Load(MakeDisplayIdBlock(aui8Block));
+        CRecordingTiming oTiming;
+        EXPECT_EQ(1, poBlock->GetDetailed(0, &oTiming));
+        EXPECT_EQ(asExpected, oTiming.m_asCalls);
     }
 }
 
@@ -543,14 +564,14 @@ TEST(DisplayIdBlock, CopiesAsMuchAsFits)
     EXPECT_NE(poBlock->GetData(), aui8Array.GetData());
 }
 
-// More than one block's worth of bytes may be offered; they are all kept, and the walk stays in the section.
+// More than one block's worth of bytes may be offered; they are all kept, and a payload may reach into them.
 TEST(DisplayIdBlock, LongerOffersAreKeptWhole)
 {
-    CBytes aui8Bytes = MakeDisplayIdBlock(MakeDataBlock(3, 0, Type1Record1080p()));
+    CBytes aui8Bytes = MakeDisplayIdBlock({ 3, 0, 140 }, 121); // 7 records, the last ends at byte 148
     aui8Bytes.resize(256);
     FixSum(aui8Bytes, 0, 255);
     const auto poBlock = Load(aui8Bytes);
     EXPECT_EQ(256U, poBlock->GetSize());
-    EXPECT_EQ(1U, poBlock->GetDetailedCount());
+    EXPECT_EQ(7U, poBlock->GetDetailedCount());
 }
 }

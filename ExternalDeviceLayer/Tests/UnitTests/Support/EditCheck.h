@@ -50,8 +50,8 @@ public:
     {
     }
 
-    // Some byte differs now, and only bytes named here do, apart from the last byte of the blocks that they lie in, whose
-    // checksums hold.
+    // Some byte differs now, and only bytes named here do, apart from the last byte of the blocks that they lie in,
+    // whose checksums hold.
     void ExpectEdited(std::initializer_list<SEditedBytes> aoEdited) const
     {
         const Bytes aui8Now = m_fnRead();

@@ -28,6 +28,16 @@ class CEdid;
         }                                                                                                              \
     } while (false)
 
+// A step that has written its own line, as a group of steps in a function does: leaves with 0 and adds none.
+#define MTEST_PASS_ON(condition)                                                                                       \
+    do                                                                                                                 \
+    {                                                                                                                  \
+        if (!(condition))                                                                                              \
+        {                                                                                                              \
+            return 0;                                                                                                  \
+        }                                                                                                              \
+    } while (false)
+
 // ---- Expected tables. They have no end row: a count always goes with the pointer. ----
 
 // A timing that comes from a mode table or a formula. Pixels, lines, whole Hz.
@@ -83,12 +93,15 @@ constexpr std::array<TYPE, uiCount - sizeof...(auiRows)> WithoutRows(std::array<
 
 // ---- Loading and comparing. ----
 
-// Loads the 256 bytes from a copy that is gone when the function returns: an EDID keeps its own bytes. Not 0 on
-// success.
+// Loads the 256 bytes from a copy that is gone when the function returns: an EDID keeps its own bytes. Not 0 on success,
+// 0 without a line.
 int LoadCopy(CEdid& oEdid, SEdidImage const& aui8Image);
 
 // 1 when the serialised EDID is exactly these bytes. Null gives 0. Never writes a line.
 int CompareRawData(CEdid const& oEdid, unsigned int uiSize, unsigned char const* pui8Expected);
+
+// The number in uiSize bytes (up to 4), the lowest one first.
+unsigned int ReadLittleEndian(unsigned char const* pui8Data, unsigned int uiSize);
 
 // Builds the timing that a row expects. Returns 1 when the type of the row is known, which does not say that the lookup
 // found anything: a row without a match leaves the timing as the lookup leaves it. 0 for another type, timing
@@ -100,7 +113,7 @@ int GetVidParam(STimingData const& oRow, CVidParamTimingGeneric& oTiming);
 int IsPreferredTimingProtected(CEdid const& oEdid);
 
 // ---- Validators: 1 when the EDID lists exactly uiCount timings and they equal the rows in their order. ----
-// With a count of 0 the table may be null. Where told, a wrong count gives 0 without a line.
+// With a count of 0 the table may be null. A failure writes one line, but a wrong count none where told so.
 
 int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows);
 int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows); // wrong count: no line
@@ -118,6 +131,6 @@ int ValidateStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const
 int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, STimingData const* poRows,
                               unsigned int uiSize, unsigned char const* pui8Expected);
 
-// Behind an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the
-// image.
-int ValidateDetailedState(CEdid const& oEdid, CVidParamTable aoRows, SEdidImage const& aui8Expected);
+// Behind an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the image.
+// Writes no line of its own, only the validator's.
+int HasDetailedState(CEdid const& oEdid, CVidParamTable aoRows, SEdidImage const& aui8Expected);

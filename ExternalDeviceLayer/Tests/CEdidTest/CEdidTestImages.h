@@ -6,17 +6,19 @@
 
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <iterator>
 
 // A base block and one extension block.
 using SEdidImage = std::array<unsigned char, 256>;
 
-inline constexpr unsigned int gsc_uiImageBlockSize = 128;                       // bytes
-inline constexpr unsigned int gsc_uiExt = gsc_uiImageBlockSize;                 // where the extension block begins
-inline constexpr unsigned int gsc_uiBaseChecksum = gsc_uiImageBlockSize - 1;    // completes the sum of the base block
-inline constexpr unsigned int gsc_uiExtChecksum = 2 * gsc_uiImageBlockSize - 1; // completes the sum of the extension
-inline constexpr unsigned int gsc_uiDescriptorSize = 18;                        // bytes of a detailed timing
+constexpr unsigned int gsc_uiImageBlockSize = 128;                       // bytes
+constexpr unsigned int gsc_uiExt = gsc_uiImageBlockSize;                 // where the extension block begins
+constexpr unsigned int gsc_uiBaseChecksum = gsc_uiImageBlockSize - 1;    // completes the sum of the base block
+constexpr unsigned int gsc_uiExtChecksum = 2 * gsc_uiImageBlockSize - 1; // completes the sum of the extension
+constexpr unsigned int gsc_uiDescriptorSize = 18;                        // bytes of a detailed timing
 
 // ---- Making images. ----
 
@@ -145,7 +147,7 @@ constexpr bool HasValidChecksums(SEdidImage const& aui8Image)
 // ---- Images of real monitors that several suites start from. ----
 
 // LG Ultra HD, version 1.4: two detailed timings in the base block, two in a CEA-861 block at its offsets 17 and 35.
-inline constexpr SEdidImage gsc_aui8LgUltraHd =
+constexpr SEdidImage gsc_aui8LgUltraHd =
     ReadHexImage("00FFFFFFFFFFFF001E6D095BC51F0400011B0104B53C22789E3035A7554EA326"
                  "0F50542108007140818081C0A9C0D1C08100010101014DD000A0F0703E803020"
                  "650C58542100001A286800A0F0703E800890650C58542100001A000000FD0038"
@@ -158,7 +160,7 @@ static_assert(HasValidChecksums(gsc_aui8LgUltraHd));
 
 // Philips 288P6, version 1.4. Its CEA-861 block: video at offset 4, audio at 16, speakers at 20, HDMI vendor block at
 // 24, four detailed timings from 35 on.
-inline constexpr SEdidImage gsc_aui8Philips288P6 =
+constexpr SEdidImage gsc_aui8Philips288P6 =
     ReadHexImage("00FFFFFFFFFFFF00410CD7086B00000016190104A53E22783A5525A1574FA028"
                  "0F5054BD4B00D1C081808140950F9500B30081C0010150D000A0F0703E803058"
                  "8A006D552100001A023A801871382D40582C45006D552100001E000000FC0050"
@@ -174,7 +176,7 @@ static_assert(HasValidChecksums(gsc_aui8Philips288P6));
 namespace AsusHd
 {
 // ASUS VE276, version 1.3, with a CEA-861 block of revision 3.
-inline constexpr SEdidImage g_auiAsusHdEdidData =
+constexpr SEdidImage g_auiAsusHdEdidData =
     ReadHexImage("00FFFFFFFFFFFF000469F4277F39020022140103803C22782AEED5A555489B26"
                  "125054B7EF00714F81C0814081809500B300D1C00101023A801871382D40582C"
                  "450056502100001E000000FF0041384C4D54463134353739310A000000FD0032"
@@ -189,7 +191,7 @@ static_assert(HasValidChecksums(g_auiAsusHdEdidData));
 namespace BaseStandard
 {
 // Standard slots 1, 2, 4 and 6 alone hold a timing; two kinds of empty pair stand between them.
-inline constexpr SEdidImage g_auiBaseStandardEdidData =
+constexpr SEdidImage g_auiBaseStandardEdidData =
     CEdidImageEdit(AsusHd::g_auiAsusHdEdidData)
         .Set(35, { 0x37 })
         .Set(38, { 0x01, 0x00, 0x81, 0xC0, 0x81, 0x40, 0x01, 0x00, 0x95, 0x00, 0x01, 0x00, 0xD1, 0xC0, 0x01, 0x01 })
@@ -200,51 +202,51 @@ static_assert(g_auiBaseStandardEdidData[gsc_uiBaseChecksum] == 0x03);
 
 namespace BaseDetailed
 {
-inline constexpr SEdidImage g_auiDetailedEdidData = gsc_aui8LgUltraHd;
+constexpr SEdidImage g_auiDetailedEdidData = gsc_aui8LgUltraHd;
 }
 
 // Detailed timings of the two suites: in the base block at 54 and 72, in the extension at 17 and 35.
 namespace ExtDetailed
 {
-inline constexpr SEdidImage g_auiDetailedEdidData = gsc_aui8LgUltraHd;
+constexpr SEdidImage g_auiDetailedEdidData = gsc_aui8LgUltraHd;
 
 // The last timing of the extension removed.
-inline constexpr SEdidImage g_auiDetailedEdidData1 =
+constexpr SEdidImage g_auiDetailedEdidData1 =
     CEdidImageEdit(g_auiDetailedEdidData).SetZero(gsc_uiExt + 35, gsc_uiDescriptorSize).FixExtChecksum().Get();
 static_assert(g_auiDetailedEdidData1[gsc_uiExtChecksum] == 0x41);
 
 // The other one too; byte 2 of the block still says where it was.
-inline constexpr SEdidImage g_auiDetailedEdidData2 =
+constexpr SEdidImage g_auiDetailedEdidData2 =
     CEdidImageEdit(g_auiDetailedEdidData1).SetZero(gsc_uiExt + 17, gsc_uiDescriptorSize).FixExtChecksum().Get();
 static_assert(g_auiDetailedEdidData2[gsc_uiExtChecksum] == 0xDF);
 
 // The second timing of the base block emptied in place.
-inline constexpr SEdidImage g_auiDetailedEdidData3 = CEdidImageEdit(g_auiDetailedEdidData2)
-                                                         .SetZero(72, gsc_uiDescriptorSize)
-                                                         .Set(72, { 0x00, 0x00, 0x00, 0x10 })
-                                                         .FixBaseChecksum()
-                                                         .Get();
+constexpr SEdidImage g_auiDetailedEdidData3 = CEdidImageEdit(g_auiDetailedEdidData2)
+                                                  .SetZero(72, gsc_uiDescriptorSize)
+                                                  .Set(72, { 0x00, 0x00, 0x00, 0x10 })
+                                                  .FixBaseChecksum()
+                                                  .Get();
 static_assert(g_auiDetailedEdidData3[gsc_uiBaseChecksum] == 0xE5);
 }
 
 namespace ExtDetailed2
 {
-inline constexpr SEdidImage g_auiDetailedEdidData = gsc_aui8LgUltraHd;
+constexpr SEdidImage g_auiDetailedEdidData = gsc_aui8LgUltraHd;
 
 // The second timing of the base block emptied in place.
-inline constexpr SEdidImage g_auiDetailedEdidData1 = CEdidImageEdit(g_auiDetailedEdidData)
-                                                         .SetZero(72, gsc_uiDescriptorSize)
-                                                         .Set(72, { 0x00, 0x00, 0x00, 0x10 })
-                                                         .FixBaseChecksum()
-                                                         .Get();
+constexpr SEdidImage g_auiDetailedEdidData1 = CEdidImageEdit(g_auiDetailedEdidData)
+                                                  .SetZero(72, gsc_uiDescriptorSize)
+                                                  .Set(72, { 0x00, 0x00, 0x00, 0x10 })
+                                                  .FixBaseChecksum()
+                                                  .Get();
 static_assert(g_auiDetailedEdidData1[gsc_uiBaseChecksum] == 0xE5);
 
 // The first timing of the extension removed: the one behind it moves up.
-inline constexpr SEdidImage g_auiDetailedEdidData2 =
+constexpr SEdidImage g_auiDetailedEdidData2 =
     CEdidImageEdit(g_auiDetailedEdidData1).TakeOut(gsc_uiExt + 17, gsc_uiDescriptorSize).FixExtChecksum().Get();
 static_assert(g_auiDetailedEdidData2[gsc_uiExtChecksum] == 0x66);
 
-inline constexpr SEdidImage g_auiDetailedEdidData3 =
+constexpr SEdidImage g_auiDetailedEdidData3 =
     CEdidImageEdit(g_auiDetailedEdidData2).SetZero(gsc_uiExt + 17, gsc_uiDescriptorSize).FixExtChecksum().Get();
 static_assert(g_auiDetailedEdidData3[gsc_uiExtChecksum] == 0xDF);
 }
@@ -253,29 +255,29 @@ namespace ExtStandard
 {
 // One byte short on purpose: the speaker block ends in 02, the byte that used to open the first detailed timing, and
 // byte 2 of the extension still says 17, so that the detailed area starts one byte late. Byte 2 stays 17 below.
-inline constexpr SEdidImage g_auiStandardEdidData = CEdidImageEdit(gsc_aui8LgUltraHd).TakeOut(gsc_uiExt + 16, 1).Get();
+constexpr SEdidImage g_auiStandardEdidData = CEdidImageEdit(gsc_aui8LgUltraHd).TakeOut(gsc_uiExt + 16, 1).Get();
 static_assert(g_auiStandardEdidData[gsc_uiExtChecksum] == 0xC8 && HasValidChecksums(g_auiStandardEdidData));
 
 // The video data block 44 90 04 03 01 loses one code after the other: 16, 3, 4 and 1, and with the last its header.
-inline constexpr SEdidImage g_auiStandardEdidData1 =
+constexpr SEdidImage g_auiStandardEdidData1 =
     CEdidImageEdit(g_auiStandardEdidData).TakeOut(gsc_uiExt + 5, 1).Set(gsc_uiExt + 4, { 0x43 }).FixExtChecksum().Get();
 static_assert(g_auiStandardEdidData1[gsc_uiExtChecksum] == 0x59);
 
-inline constexpr SEdidImage g_auiStandardEdidData2 = CEdidImageEdit(g_auiStandardEdidData1)
-                                                         .TakeOut(gsc_uiExt + 6, 1)
-                                                         .Set(gsc_uiExt + 4, { 0x42 })
-                                                         .FixExtChecksum()
-                                                         .Get();
+constexpr SEdidImage g_auiStandardEdidData2 = CEdidImageEdit(g_auiStandardEdidData1)
+                                                  .TakeOut(gsc_uiExt + 6, 1)
+                                                  .Set(gsc_uiExt + 4, { 0x42 })
+                                                  .FixExtChecksum()
+                                                  .Get();
 static_assert(g_auiStandardEdidData2[gsc_uiExtChecksum] == 0x5D);
 
-inline constexpr SEdidImage g_auiStandardEdidData3 = CEdidImageEdit(g_auiStandardEdidData2)
-                                                         .TakeOut(gsc_uiExt + 5, 1)
-                                                         .Set(gsc_uiExt + 4, { 0x41 })
-                                                         .FixExtChecksum()
-                                                         .Get();
+constexpr SEdidImage g_auiStandardEdidData3 = CEdidImageEdit(g_auiStandardEdidData2)
+                                                  .TakeOut(gsc_uiExt + 5, 1)
+                                                  .Set(gsc_uiExt + 4, { 0x41 })
+                                                  .FixExtChecksum()
+                                                  .Get();
 static_assert(g_auiStandardEdidData3[gsc_uiExtChecksum] == 0x62);
 
-inline constexpr SEdidImage g_auiStandardEdidData4 =
+constexpr SEdidImage g_auiStandardEdidData4 =
     CEdidImageEdit(g_auiStandardEdidData3).TakeOut(gsc_uiExt + 4, 2).FixExtChecksum().Get();
 static_assert(g_auiStandardEdidData4[gsc_uiExtChecksum] == 0xA4);
 }
@@ -283,7 +285,7 @@ static_assert(g_auiStandardEdidData4[gsc_uiExtChecksum] == 0xA4);
 namespace ExtStandard2
 {
 // A television monitor, version 1.3, whose HDMI vendor block names four HDMI modes.
-inline constexpr SEdidImage g_auiStandard2EdidData =
+constexpr SEdidImage g_auiStandard2EdidData =
     ReadHexImage("00FFFFFFFFFFFF0036743000010000000A160103807341780ACF74A3574CB023"
                  "09484C21080081804540614095000101010101010101023A801871382D40582C"
                  "4500C48E2100001E662150B051001B3040703600C48E2100001E000000FC0054"
@@ -295,22 +297,22 @@ inline constexpr SEdidImage g_auiStandard2EdidData =
 static_assert(HasValidChecksums(g_auiStandard2EdidData));
 
 // HDMI mode 3 (3840 x 2160 at 24) taken out of the vendor block, which closes the gap inside itself.
-inline constexpr SEdidImage g_auiStandard2EdidData1 = CEdidImageEdit(g_auiStandard2EdidData)
-                                                          .Set(gsc_uiExt + 39, { 0x62 })
-                                                          .Set(gsc_uiExt + 42, { 0x04, 0x00 })
-                                                          .FixExtChecksum()
-                                                          .Get();
+constexpr SEdidImage g_auiStandard2EdidData1 = CEdidImageEdit(g_auiStandard2EdidData)
+                                                   .Set(gsc_uiExt + 39, { 0x62 })
+                                                   .Set(gsc_uiExt + 42, { 0x04, 0x00 })
+                                                   .FixExtChecksum()
+                                                   .Get();
 static_assert(g_auiStandard2EdidData1[gsc_uiExtChecksum] == 0x88);
 }
 
 namespace ColorBitDepth
 {
 // Byte 20 is 0xA5: digital, 8 bits per colour, DisplayPort.
-inline constexpr SEdidImage g_auiColorBitDepthEdidData = gsc_aui8Philips288P6;
+constexpr SEdidImage g_auiColorBitDepthEdidData = gsc_aui8Philips288P6;
 static_assert(g_auiColorBitDepthEdidData[20] == 0xA5);
 
 // The same as revision 3, which has no colour depth; byte 20 stays.
-inline constexpr SEdidImage g_auiColorBitDepthEdidData1 =
+constexpr SEdidImage g_auiColorBitDepthEdidData1 =
     CEdidImageEdit(g_auiColorBitDepthEdidData).Set(19, { 3 }).SetZero(118, 8).FixBaseChecksum().Get();
 static_assert(g_auiColorBitDepthEdidData1[gsc_uiBaseChecksum] == 0xA2);
 }
@@ -318,7 +320,7 @@ static_assert(g_auiColorBitDepthEdidData1[gsc_uiBaseChecksum] == 0xA2);
 namespace TimingsCompare
 {
 // DELL P2214H, version 1.4, without an extension block (byte 126 is 0): the second half is not looked at.
-inline constexpr SEdidImage g_auiTimingsCompareEdidData =
+constexpr SEdidImage g_auiTimingsCompareEdidData =
     CEdidImageEdit(ReadHexImage("00FFFFFFFFFFFF0010AC97A04C4644321E190104A5301B783AEBF5A656519C26"
                                 "105054A54B00714F8180A9C0D1C00101010101010101023A801871382D40582C"
                                 "4500DD0C1100001E000000FF004B5731345635374F3244464C0A000000FC0044"
@@ -328,70 +330,70 @@ inline constexpr SEdidImage g_auiTimingsCompareEdidData =
 static_assert(HasValidChecksums(g_auiTimingsCompareEdidData) && g_auiTimingsCompareEdidData[126] == 0);
 
 // A second unit of that model: other serial number, in numbers and in text.
-inline constexpr SEdidImage g_auiTimingsCompareEdidData1 = CEdidImageEdit(g_auiTimingsCompareEdidData)
-                                                               .Set(13, { 0x47, 0x50, 0x35 })
-                                                               .Set(85, { 0x35, 0x50, 0x47 })
-                                                               .FixBaseChecksum()
-                                                               .RepeatBase()
-                                                               .Get();
+constexpr SEdidImage g_auiTimingsCompareEdidData1 = CEdidImageEdit(g_auiTimingsCompareEdidData)
+                                                        .Set(13, { 0x47, 0x50, 0x35 })
+                                                        .Set(85, { 0x35, 0x50, 0x47 })
+                                                        .FixBaseChecksum()
+                                                        .RepeatBase()
+                                                        .Get();
 static_assert(g_auiTimingsCompareEdidData1[gsc_uiBaseChecksum] == 0x2E);
 }
 
 namespace Audio
 {
-inline constexpr SEdidImage g_auiAudioOneBlockEdidData = gsc_aui8Philips288P6;
+constexpr SEdidImage g_auiAudioOneBlockEdidData = gsc_aui8Philips288P6;
 
 // Sampling frequencies of the one descriptor cut down to 3.
-inline constexpr SEdidImage g_auiAudioFilteredEdidData =
+constexpr SEdidImage g_auiAudioFilteredEdidData =
     CEdidImageEdit(g_auiAudioOneBlockEdidData).Set(gsc_uiExt + 18, { 0x03 }).FixExtChecksum().Get();
 static_assert(g_auiAudioFilteredEdidData[gsc_uiExtChecksum] == 0x84);
 
 // The audio block taken out; byte 3 keeps its audio bit, as a speaker block stays.
-inline constexpr SEdidImage g_auiAudioRemovedEdidData = CEdidImageEdit(g_auiAudioOneBlockEdidData)
-                                                            .TakeOut(gsc_uiExt + 16, 4)
-                                                            .Set(gsc_uiExt + 2, { 31 })
-                                                            .FixExtChecksum()
-                                                            .Get();
+constexpr SEdidImage g_auiAudioRemovedEdidData = CEdidImageEdit(g_auiAudioOneBlockEdidData)
+                                                     .TakeOut(gsc_uiExt + 16, 4)
+                                                     .Set(gsc_uiExt + 2, { 31 })
+                                                     .FixExtChecksum()
+                                                     .Get();
 static_assert(g_auiAudioRemovedEdidData[gsc_uiExtChecksum] == 0xBE && g_auiAudioRemovedEdidData[gsc_uiExt + 3] == 0xF4);
 
 // Without an audio block, and with a detailed area that starts one byte late (3A 80 D0 72) on purpose.
-inline constexpr SEdidImage g_auiAudioNoBlockEdidData =
+constexpr SEdidImage g_auiAudioNoBlockEdidData =
     CEdidImageEdit(g_auiAudioRemovedEdidData).TakeOut(gsc_uiExt + 31, 1).FixExtChecksum().Get();
 static_assert(g_auiAudioNoBlockEdidData[gsc_uiExtChecksum] == 0xC0 && g_auiAudioNoBlockEdidData[gsc_uiExt + 2] == 31);
 
 // A new audio block ahead of that area.
-inline constexpr SEdidImage g_auiAudioAddedEdidData = CEdidImageEdit(g_auiAudioNoBlockEdidData)
-                                                          .PutIn(gsc_uiExt + 31, { 0x23, 0x09, 0x07, 0x07 })
-                                                          .Set(gsc_uiExt + 2, { 35 })
-                                                          .FixExtChecksum()
-                                                          .Get();
+constexpr SEdidImage g_auiAudioAddedEdidData = CEdidImageEdit(g_auiAudioNoBlockEdidData)
+                                                   .PutIn(gsc_uiExt + 31, { 0x23, 0x09, 0x07, 0x07 })
+                                                   .Set(gsc_uiExt + 2, { 35 })
+                                                   .FixExtChecksum()
+                                                   .Get();
 static_assert(g_auiAudioAddedEdidData[gsc_uiExtChecksum] == 0x82);
 
 // A second descriptor, of another format, in the audio block that is there.
-inline constexpr SEdidImage g_auiAudioAddBlockEdidData = CEdidImageEdit(g_auiAudioOneBlockEdidData)
-                                                             .PutIn(gsc_uiExt + 20, { 0x11, 0x07, 0x00 })
-                                                             .Set(gsc_uiExt + 16, { 0x26 })
-                                                             .Set(gsc_uiExt + 2, { 38 })
-                                                             .FixExtChecksum()
-                                                             .Get();
+constexpr SEdidImage g_auiAudioAddBlockEdidData = CEdidImageEdit(g_auiAudioOneBlockEdidData)
+                                                      .PutIn(gsc_uiExt + 20, { 0x11, 0x07, 0x00 })
+                                                      .Set(gsc_uiExt + 16, { 0x26 })
+                                                      .Set(gsc_uiExt + 2, { 38 })
+                                                      .FixExtChecksum()
+                                                      .Get();
 static_assert(g_auiAudioAddBlockEdidData[gsc_uiExtChecksum] == 0x62);
 
-inline constexpr SEdidImage g_auiAudioAdd2EdidData = CEdidImageEdit(g_auiAudioOneBlockEdidData)
-                                                         .PutIn(gsc_uiExt + 20, { 0x59, 0x07, 0x00 })
-                                                         .Set(gsc_uiExt + 16, { 0x26 })
-                                                         .Set(gsc_uiExt + 2, { 38 })
-                                                         .FixExtChecksum()
-                                                         .Get();
+constexpr SEdidImage g_auiAudioAdd2EdidData = CEdidImageEdit(g_auiAudioOneBlockEdidData)
+                                                  .PutIn(gsc_uiExt + 20, { 0x59, 0x07, 0x00 })
+                                                  .Set(gsc_uiExt + 16, { 0x26 })
+                                                  .Set(gsc_uiExt + 2, { 38 })
+                                                  .FixExtChecksum()
+                                                  .Get();
 static_assert(g_auiAudioAdd2EdidData[gsc_uiExtChecksum] == 0x1A);
 
 // That descriptor changed in place.
-inline constexpr SEdidImage g_auiAudioSetEdidData =
+constexpr SEdidImage g_auiAudioSetEdidData =
     CEdidImageEdit(g_auiAudioAdd2EdidData).Set(gsc_uiExt + 20, { 0x11, 0x03 }).FixExtChecksum().Get();
 static_assert(g_auiAudioSetEdidData[gsc_uiExtChecksum] == 0x66);
 
 // One audio block that is full with ten descriptors, a speaker block, and the four detailed timings from offset 39 on.
 // clang-format off
-inline constexpr SEdidImage g_auiAudioTenEdidData =
+constexpr SEdidImage g_auiAudioTenEdidData =
     CEdidImageEdit(g_auiAudioOneBlockEdidData)
         .TakeOut(gsc_uiExt, 35) // down to the detailed timings
         .PutIn(gsc_uiExt, { 0x02, 0x03, 0x27, 0xF4,
@@ -404,15 +406,15 @@ inline constexpr SEdidImage g_auiAudioTenEdidData =
 static_assert(g_auiAudioTenEdidData[gsc_uiExtChecksum] == 0x3C);
 
 // The eleventh opens a new block behind the last data block.
-inline constexpr SEdidImage g_auiAudioElevenEdidData = CEdidImageEdit(g_auiAudioTenEdidData)
-                                                           .PutIn(gsc_uiExt + 39, { 0x23, 0x59, 0x07, 0x00 })
-                                                           .Set(gsc_uiExt + 2, { 43 })
-                                                           .FixExtChecksum()
-                                                           .Get();
+constexpr SEdidImage g_auiAudioElevenEdidData = CEdidImageEdit(g_auiAudioTenEdidData)
+                                                    .PutIn(gsc_uiExt + 39, { 0x23, 0x59, 0x07, 0x00 })
+                                                    .Set(gsc_uiExt + 2, { 43 })
+                                                    .FixExtChecksum()
+                                                    .Get();
 static_assert(g_auiAudioElevenEdidData[gsc_uiExtChecksum] == 0xB5);
 
 // DELL UP2414Q: no audio block, and five detailed timings that leave one byte free.
-inline constexpr SEdidImage g_auiAudioFullEdidData =
+constexpr SEdidImage g_auiAudioFullEdidData =
     ReadHexImage("00FFFFFFFFFFFF0010AC9B404C3135330418010380351E78EA1DF5AE4F35B325"
                  "0D5054A54B008100B300D100714FA9408180D1C0010104740030F2705A80B058"
                  "8A000F282100001E000000FF0036583535433431503335314C0A000000FC0044"
@@ -424,16 +426,16 @@ inline constexpr SEdidImage g_auiAudioFullEdidData =
 static_assert(HasValidChecksums(g_auiAudioFullEdidData));
 
 // The last detailed timing made room for an audio block, which sets bit 6 of byte 3.
-inline constexpr SEdidImage g_auiAudioFullAddedEdidData = CEdidImageEdit(g_auiAudioFullEdidData)
-                                                              .SetZero(gsc_uiExt + 107, gsc_uiDescriptorSize)
-                                                              .PutIn(gsc_uiExt + 35, { 0x23, 0x09, 0x07, 0x07 })
-                                                              .Set(gsc_uiExt + 2, { 39, 0xF1 })
-                                                              .FixExtChecksum()
-                                                              .Get();
+constexpr SEdidImage g_auiAudioFullAddedEdidData = CEdidImageEdit(g_auiAudioFullEdidData)
+                                                       .SetZero(gsc_uiExt + 107, gsc_uiDescriptorSize)
+                                                       .PutIn(gsc_uiExt + 35, { 0x23, 0x09, 0x07, 0x07 })
+                                                       .Set(gsc_uiExt + 2, { 39, 0xF1 })
+                                                       .FixExtChecksum()
+                                                       .Get();
 static_assert(g_auiAudioFullAddedEdidData[gsc_uiExtChecksum] == 0xE9);
 
 // An LG television with one audio block of two descriptors.
-inline constexpr SEdidImage g_auiAudioTwoDescriptorsEdidData =
+constexpr SEdidImage g_auiAudioTwoDescriptorsEdidData =
     ReadHexImage("00FFFFFFFFFFFF001E6D01000101010101140103801009780AEE91A3544C9926"
                  "0F5054A10800714F8180010101010101010101010101023A801871382D40582C"
                  "4500A05A0000001E011D007251D01E206E285500A05A0000001E000000FD003A"
@@ -453,7 +455,7 @@ struct SNamedEdidImage
     SEdidImage const* m_paui8Image;
 };
 
-inline constexpr SNamedEdidImage gsc_aoEdidTestImages[] = {
+constexpr SNamedEdidImage gsc_aoEdidTestImages[] = {
     { "AsusHd", &AsusHd::g_auiAsusHdEdidData },
     { "BaseStandard", &BaseStandard::g_auiBaseStandardEdidData },
     { "ExtDetailed", &ExtDetailed::g_auiDetailedEdidData },
@@ -487,15 +489,6 @@ inline constexpr SNamedEdidImage gsc_aoEdidTestImages[] = {
     { "AudioTwoDescriptors", &Audio::g_auiAudioTwoDescriptorsEdidData },
 };
 
-constexpr bool HaveValidChecksums()
-{
-    for (SNamedEdidImage const& oImage : gsc_aoEdidTestImages)
-    {
-        if (!HasValidChecksums(*oImage.m_paui8Image))
-        {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(HaveValidChecksums(), "no image is damaged");
+static_assert(std::all_of(std::begin(gsc_aoEdidTestImages), std::end(gsc_aoEdidTestImages),
+                          [](SNamedEdidImage const& oImage) { return HasValidChecksums(*oImage.m_paui8Image); }),
+              "no image is damaged");

@@ -18,7 +18,7 @@ constexpr SAudioDescriptor MakeDescriptor(unsigned int uiFormat, unsigned int ui
              static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(uiFrequencies), uiExtra };
 }
 
-// Loads the image and gives its one block, with this many audio descriptors; null when a step does not hold.
+// Loads the image and gives its one block, with this many audio descriptors; null, and one line, when a step does not hold.
 CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, SEdidImage const& aui8Image, unsigned int uiCount)
 {
     if (!LoadCopy(oEdid, aui8Image))
@@ -42,13 +42,17 @@ CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, SEdidImage const& aui8Image, u
 }
 
 // Format, channels and frequencies; the extra byte is left out.
+bool IsSameKind(SAudioDescriptor const& oOne, SAudioDescriptor const& oOther)
+{
+    return oOne.m_eFormat == oOther.m_eFormat && oOne.m_uiChannels == oOther.m_uiChannels &&
+           oOne.m_eSamplingFreq == oOther.m_eSamplingFreq;
+}
+
 int CheckKind(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAudioDescriptor const& oExpected)
 {
     SAudioDescriptor oDescriptor = {};
     MTEST_STEP(oBlock.GetAudioDescriptor(uiIndex, &oDescriptor));
-    MTEST_STEP(oDescriptor.m_eFormat == oExpected.m_eFormat);
-    MTEST_STEP(oDescriptor.m_uiChannels == oExpected.m_uiChannels);
-    MTEST_STEP(oDescriptor.m_eSamplingFreq == oExpected.m_eSamplingFreq);
+    MTEST_STEP(IsSameKind(oDescriptor, oExpected));
     return 1;
 }
 
@@ -56,9 +60,8 @@ int CheckKind(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAudioDes
 int CheckDescriptor(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAudioDescriptor const& oExpected)
 {
     SAudioDescriptor oDescriptor = {};
-    MTEST_STEP(CheckKind(oBlock, uiIndex, oExpected));
     MTEST_STEP(oBlock.GetAudioDescriptor(uiIndex, &oDescriptor));
-    MTEST_STEP(oDescriptor.m_uiExtra == oExpected.m_uiExtra);
+    MTEST_STEP(IsSameKind(oDescriptor, oExpected) && oDescriptor.m_uiExtra == oExpected.m_uiExtra);
     return 1;
 }
 
@@ -66,13 +69,13 @@ int Test_Audio_Filter(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
-    MTEST_STEP(poBlock != nullptr);
-    MTEST_STEP(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
+    MTEST_PASS_ON(poBlock != nullptr);
     SAudioDescriptor oRead = {};
     MTEST_STEP(poBlock->GetAudioDescriptor(0, &oRead));
+    MTEST_STEP(IsSameKind(oRead, MakeDescriptor(1, 2, 7, 0)));
     SAudioDescriptor const oFiltered = MakeDescriptor(1, 2, 3, oRead.m_uiExtra);
     MTEST_STEP(poBlock->SetAudioDescriptor(0, &oFiltered));
-    MTEST_STEP(CheckDescriptor(*poBlock, 0, oFiltered));
+    MTEST_PASS_ON(CheckDescriptor(*poBlock, 0, oFiltered));
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Filtered->data()));
     return 1;
 }
@@ -81,11 +84,11 @@ int Test_Audio_Add(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8NoBlock, 0);
-    MTEST_STEP(poBlock != nullptr);
+    MTEST_PASS_ON(poBlock != nullptr);
     SAudioDescriptor const oAdded = MakeDescriptor(1, 2, 7, 7);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 1);
-    MTEST_STEP(CheckDescriptor(*poBlock, 0, oAdded));
+    MTEST_PASS_ON(CheckDescriptor(*poBlock, 0, oAdded));
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Added->data()));
     return 1;
 }
@@ -95,7 +98,7 @@ int Test_Audio_Add_Not_Enough_Space(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8Full, 0);
-    MTEST_STEP(poBlock != nullptr);
+    MTEST_PASS_ON(poBlock != nullptr);
     MTEST_STEP(poBlock->GetAvailableSpace() == 1);
     MTEST_STEP(poBlock->GetDetailedCount() == 5);
     MTEST_STEP(poBlock->RemoveDetailed(4));
@@ -111,9 +114,9 @@ int Test_Audio_2Blocks(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861 const* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8TwoDescriptors, 2);
-    MTEST_STEP(poBlock != nullptr);
-    MTEST_STEP(CheckDescriptor(*poBlock, 0, MakeDescriptor(2, 6, 7, 80)));
-    MTEST_STEP(CheckDescriptor(*poBlock, 1, MakeDescriptor(1, 2, 87, 7)));
+    MTEST_PASS_ON(poBlock != nullptr);
+    MTEST_PASS_ON(CheckDescriptor(*poBlock, 0, MakeDescriptor(2, 6, 7, 80)));
+    MTEST_PASS_ON(CheckDescriptor(*poBlock, 1, MakeDescriptor(1, 2, 87, 7)));
     return 1;
 }
 
@@ -122,13 +125,13 @@ int Test_Audio_AddAudioBlock(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
-    MTEST_STEP(poBlock != nullptr);
-    MTEST_STEP(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
+    MTEST_PASS_ON(poBlock != nullptr);
+    MTEST_PASS_ON(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
     SAudioDescriptor const oAdded = MakeDescriptor(2, 2, 7, 0);
     poBlock->AddAudioDescriptor(&oAdded); // judged by what follows, not by its result
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 2);
-    MTEST_STEP(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
-    MTEST_STEP(CheckKind(*poBlock, 1, oAdded));
+    MTEST_PASS_ON(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
+    MTEST_PASS_ON(CheckKind(*poBlock, 1, oAdded));
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8AddBlock->data()));
     return 1;
 }
@@ -138,7 +141,7 @@ int Test_Audio_RemoveLastAudioBlock(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
-    MTEST_STEP(poBlock != nullptr);
+    MTEST_PASS_ON(poBlock != nullptr);
     MTEST_STEP(poBlock->RemoveAudioDescriptor(0));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 0);
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Removed->data()));
@@ -150,7 +153,7 @@ int Test_Audio_10blocksPresents(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8Ten, 10);
-    MTEST_STEP(poBlock != nullptr);
+    MTEST_PASS_ON(poBlock != nullptr);
     SAudioDescriptor const oAdded = MakeDescriptor(11, 2, 7, 0);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 11);
@@ -162,7 +165,7 @@ int Test_Audio_Add2(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
-    MTEST_STEP(poBlock != nullptr);
+    MTEST_PASS_ON(poBlock != nullptr);
     SAudioDescriptor const oAdded = MakeDescriptor(11, 2, 7, 0);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 2);
@@ -175,12 +178,12 @@ int Test_Audio_Set(SAudioData const& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8Add2, 2);
-    MTEST_STEP(poBlock != nullptr);
-    MTEST_STEP(CheckKind(*poBlock, 1, MakeDescriptor(11, 2, 7, 0)));
+    MTEST_PASS_ON(poBlock != nullptr);
+    MTEST_PASS_ON(CheckKind(*poBlock, 1, MakeDescriptor(11, 2, 7, 0)));
     SAudioDescriptor const oSet = MakeDescriptor(2, 2, 3, 0);
     MTEST_STEP(poBlock->SetAudioDescriptor(1, &oSet));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 2);
-    MTEST_STEP(CheckKind(*poBlock, 1, oSet));
+    MTEST_PASS_ON(CheckKind(*poBlock, 1, oSet));
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Set->data()));
     return 1;
 }

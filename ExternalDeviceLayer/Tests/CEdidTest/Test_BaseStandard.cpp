@@ -14,12 +14,7 @@ constexpr std::array<STimingData, 4> g_auiBaseStandardTiming = { {
 constexpr std::array<STimingData, 3> g_auiBaseStandardTiming1 = WithoutRows<0>(g_auiBaseStandardTiming);
 constexpr std::array<STimingData, 2> g_auiBaseStandardTiming2 = WithoutRows<0, 1>(g_auiBaseStandardTiming);
 
-unsigned int ReadSerialNumber(CEdid const& oEdid)
-{
-    unsigned char const* const pui8Base = oEdid.GetBaseBlock();
-    return static_cast<unsigned int>(pui8Base[12]) | static_cast<unsigned int>(pui8Base[13]) << 8 |
-           static_cast<unsigned int>(pui8Base[14]) << 16 | static_cast<unsigned int>(pui8Base[15]) << 24;
-}
+unsigned int ReadSerialNumber(CEdid const& oEdid) { return ReadLittleEndian(oEdid.GetBaseBlock() + 12, 4); }
 
 bool HasSlotTiming(CEdid const& oEdid, unsigned int uiSlot)
 {
@@ -28,13 +23,16 @@ bool HasSlotTiming(CEdid const& oEdid, unsigned int uiSlot)
 }
 
 // The first uiUsed slots hold a timing, the others none.
-int CheckSlotsInFront(CEdid const& oEdid, unsigned int uiUsed)
+bool AreSlotsInFront(CEdid const& oEdid, unsigned int uiUsed)
 {
     for (unsigned int uiSlot = 0; uiSlot < 8; ++uiSlot)
     {
-        MTEST_STEP(HasSlotTiming(oEdid, uiSlot) == (uiSlot < uiUsed));
+        if (HasSlotTiming(oEdid, uiSlot) != (uiSlot < uiUsed))
+        {
+            return false;
+        }
     }
-    return 1;
+    return true;
 }
 
 int Test_BaseManipulation(SEdidImage const& aui8Image)
@@ -55,7 +53,7 @@ int RemoveFirstStandard(CEdid& oEdid, CTimingTable aoLeft)
     MTEST_STEP(oEdid.RemoveStandard(0));
     MTEST_STEP(oEdid.IsChecksumValid());
     MTEST_STEP(oEdid.GetBaseStandardCount() == uiLeft);
-    MTEST_STEP(CheckSlotsInFront(oEdid, uiLeft));
+    MTEST_STEP(AreSlotsInFront(oEdid, uiLeft));
     MTEST_STEP(ValidateBaseStandard(oEdid, uiLeft, aoLeft.data()));
     return 1;
 }
@@ -75,8 +73,8 @@ int Test_BaseTimingStandard(SBaseStandardData const& oData)
     {
         MTEST_STEP(HasSlotTiming(oEdid, uiUsedSlot));
     }
-    MTEST_STEP(RemoveFirstStandard(oEdid, oData.m_aaoTiming[1]));
-    MTEST_STEP(RemoveFirstStandard(oEdid, oData.m_aaoTiming[2]));
+    MTEST_PASS_ON(RemoveFirstStandard(oEdid, oData.m_aaoTiming[1]));
+    MTEST_PASS_ON(RemoveFirstStandard(oEdid, oData.m_aaoTiming[2]));
     return 1;
 }
 }

@@ -42,13 +42,16 @@ SExtDetailedData GetExtDetailed2Data()
 
 int RunExtDetailed2(SExtDetailedData const& oData)
 {
+    CVidParamTable const& aoTiming = oData.m_aaoTiming[0];
+
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_apaui8Image[0]->data(), 256, 0));
-    MTEST_STEP(ValidateDetailedState(oEdid, oData.m_aaoTiming[0], *oData.m_apaui8Image[0]));
+    MTEST_STEP(ValidateDetailed(oEdid, static_cast<unsigned int>(aoTiming.size()), aoTiming.data()));
+    MTEST_STEP(CompareRawData(oEdid, 256, oData.m_apaui8Image[0]->data()));
     for (unsigned int uiState = 1; uiState <= 3; ++uiState)
     {
         MTEST_STEP(oEdid.RemoveDetailed(1));
-        MTEST_STEP(ValidateDetailedState(oEdid, oData.m_aaoTiming[uiState], *oData.m_apaui8Image[uiState]));
+        MTEST_STEP(HasDetailedState(oEdid, oData.m_aaoTiming[uiState], *oData.m_apaui8Image[uiState]));
     }
 
     CVidParamTimingGeneric const oPreferred = MakePreferredTiming();

@@ -1,6 +1,5 @@
 # Installed package: find_package(ZorEdid) gives ZorEdid::ZorEdid and, where it was built, ZorEdid::OsServices.
 
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 # The EDID side as one name.

@@ -1,5 +1,7 @@
 # What every target of the project has in common: language level, warnings, sanitizers.
 
+include(GNUInstallDirs)
+
 set(ZOREDID_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast)
 
 function(zor_target_defaults target)
@@ -33,7 +35,7 @@ function(zor_add_library target)
   foreach(folder IN LISTS ARG_PUBLIC_INCLUDES)
     target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
   endforeach()
-  target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:include/ZorEdid>)
+  target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZorEdid>)
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()

@@ -1,10 +1,8 @@
-// Prints the timings that the EDID in a .bin or .dat file declares.
-
 #include <stdio.h>
 
 #include "ZorEdidUtils.h"
 
-int main(int iCount, char** ppszArguments)
+int main(int iCount, char** ppszArguments) // the path of a .bin or .dat file
 {
     CZorEdidUtils::CByteArray aui8Image;
     CEdid oEdid;
@@ -14,14 +12,7 @@ int main(int iCount, char** ppszArguments)
         return 1;
     }
     CVidParamTimingGeneric oTiming;
-    const unsigned int uiDetailed = oEdid.GetDetailedCount();
-    for (unsigned int i = 0; i < uiDetailed + oEdid.GetStandardCount(); ++i)
-    {
-        if (i < uiDetailed ? oEdid.GetDetailed(i, &oTiming) : oEdid.GetStandard(i - uiDetailed, &oTiming, nullptr))
-        {
-            printf("%u x %u at %u Hz\n", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                   oTiming.GetVerticalRateInHz());
-        }
-    }
-    return 0;
+    for (unsigned int i = 0; oEdid.GetDetailed(i, &oTiming); ++i)
+        printf("%u x %u at %u Hz\n", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+               oTiming.GetVerticalRateInHz());
 }

@@ -6,10 +6,10 @@
 
 #include <iterator>
 
+#include "CEdidTestImages.h"
 #include "EditRunner.h"
 #include "FuzzSupport.h"
 #include "ReadEverything.h"
-#include "SelfCheckImages.h"
 
 namespace
 {
@@ -19,11 +19,11 @@ constexpr unsigned int gsc_uiMostEdits = 64;
 
 void LoadImage(CInput& oInput, CEditRunner& oRunner)
 {
-    const size_t uiImages = std::size(gsc_aoSelfCheckImages);
+    const size_t uiImages = std::size(gsc_aoEdidTestImages);
     const size_t uiChoice = oInput.TakeByte();
     if (uiChoice < uiImages)
     {
-        const SEdidImage& aui8Image = *gsc_aoSelfCheckImages[uiChoice].m_paui8Image;
+        const SEdidImage& aui8Image = *gsc_aoEdidTestImages[uiChoice].m_paui8Image;
         oRunner.Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
         return;
     }

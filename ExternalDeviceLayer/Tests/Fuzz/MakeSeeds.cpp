@@ -6,9 +6,9 @@
 #include <iterator>
 #include <string>
 
+#include "CEdidTestImages.h"
 #include "DisplayIdImages.h"
 #include "EditRunner.h"
-#include "SelfCheckImages.h"
 
 namespace
 {
@@ -62,10 +62,10 @@ int main(int iCount, char** ppszArguments)
     }
     const std::string sFolder = ppszArguments[1];
     bool bAll = true;
-    for (size_t i = 0; i < std::size(gsc_aoSelfCheckImages); ++i)
+    for (size_t i = 0; i < std::size(gsc_aoEdidTestImages); ++i)
     {
-        const SEdidImage& aui8Image = *gsc_aoSelfCheckImages[i].m_paui8Image;
-        const std::string sName = gsc_aoSelfCheckImages[i].m_pszName;
+        const SEdidImage& aui8Image = *gsc_aoEdidTestImages[i].m_paui8Image;
+        const std::string sName = gsc_aoEdidTestImages[i].m_pszName;
         const std::string sTable = MakeTable(aui8Image);
         const std::string sProgram = MakeProgram(i);
         bAll = WriteFile(sFolder + "/FuzzReadEverything/" + sName, aui8Image.data(), aui8Image.size()) && bAll;
@@ -79,7 +79,7 @@ int main(int iCount, char** ppszArguments)
     {
         const std::string sImage(aui8Image.begin(), aui8Image.end());
         const std::string sName = "DisplayId" + std::to_string(sImage.size());
-        std::string sProgram = MakeProgram(std::size(gsc_aoSelfCheckImages)).substr(1);
+        std::string sProgram = MakeProgram(std::size(gsc_aoEdidTestImages)).substr(1);
         sProgram = std::string(1, '\xFF') + static_cast<char>(sImage.size() / 128 - 1) + sImage + sProgram;
         bAll = WriteFile(sFolder + "/FuzzReadEverything/" + sName, sImage.data(), sImage.size()) && bAll;
         bAll = WriteFile(sFolder + "/FuzzEditSequence/" + sName, sProgram.data(), sProgram.size()) && bAll;

@@ -133,7 +133,7 @@ TEST(EditSweep, EveryEditOfTheSelfChecksImages)
 {
     const CQuietMessages oQuiet;
     unsigned int uiEdits = 0;
-    for (const SNamedImage& oImage : gsc_aoSelfCheckImages)
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         SCOPED_TRACE(oImage.m_pszName);
         ASSERT_NO_FATAL_FAILURE(RunAllEdits(ToImage(*oImage.m_paui8Image), uiEdits));

@@ -4,9 +4,9 @@
 
 #include <stddef.h>
 
+#include "CEdidTestImages.h"
 #include "DisplayIdImages.h"
 #include "OsServices.h"
-#include "SelfCheckImages.h"
 
 using CImage = CBytes;
 

@@ -19,7 +19,7 @@ namespace
 std::set<CImage> GetBaseBlocks()
 {
     std::set<CImage> aaui8Blocks;
-    for (const SNamedImage& oImage : gsc_aoSelfCheckImages)
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         CImage aui8Block = ToImage(*oImage.m_paui8Image);
         aui8Block.resize(gsc_uiBlockSize);
@@ -50,7 +50,7 @@ std::set<CImage> GetExtensionImages()
             aaui8Images.insert(aui8Image);
         }
     };
-    for (const SNamedImage& oImage : gsc_aoSelfCheckImages)
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         AddBlock(oImage.m_paui8Image->begin() + gsc_uiBlockSize);
     }
@@ -212,7 +212,7 @@ TEST(TruncationSweep, EveryLength)
 
 TEST(ReadEverythingTwice, GivesTheSameAnswers)
 {
-    for (const SNamedImage& oImage : gsc_aoSelfCheckImages)
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         CEdid oFirst;
         CEdid oSecond;

@@ -48,7 +48,7 @@ TEST(ThreadTest, ReadingWithObjectsOfOnesOwn)
     const CQuietMessages oQuiet;
     ExpectSameInAllThreads([] {
         unsigned long long ullSum = 0;
-        for (const SNamedImage& oImage : gsc_aoSelfCheckImages)
+        for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
         {
             CEdid oEdid;
             oEdid.SetEdidBuffer(oImage.m_paui8Image->data(), 256, 0);

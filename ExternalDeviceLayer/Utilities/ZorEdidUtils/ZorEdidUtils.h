@@ -5,10 +5,10 @@
 // Results are 1 for success and 0 for failure. A report is a CMArrayString: each element is the caller's line prefix
 // followed by one element of the report. Elements do not always end in a line feed, and some are nothing but one; the
 // caller decides what stands between them when it prints (the tools of this project print one element a line).
-// A line prefix must not be null.
+// A line prefix must not be null; it may be an element of the lines that the report replaces.
 //
-// When memory runs out, outputs hold a part of the result or nothing and may be used again; open files are closed
-// (basic guarantee).
+// When memory runs out, outputs hold what they held, a part of the result or nothing and may be used again; open files
+// are closed (basic guarantee).
 
 #pragma once
 
@@ -35,10 +35,10 @@ public:
 
     // ---- Files ----
 
-    // Reads an EDID image into oData, which is emptied first; the bytes are not parsed or tested, and are in the form
-    // that CEdid::SetEdidBuffer takes. The kind of the file is told by its path, in any case and anywhere in the path:
-    // ".bin" means a raw image, else ".dat" a text table. A path with neither reports an assertion failure, gives 0 and
-    // leaves oData alone; a loader that fails reports one too.
+    // Reads an EDID image into oData; the bytes are not parsed or tested, and are in the form that CEdid::SetEdidBuffer
+    // takes. The kind of the file is told by its path, in any case and anywhere in the path: ".bin" means a raw image,
+    // else ".dat" a text table, and the loader of that kind empties oData first. A path with neither leaves oData alone
+    // and gives 0 with an assertion line; a loader that fails gives the same.
     static int ExtractEdidFromFile(CMString oPath, CByteArray& oData);
 
     // The whole file is the image. 0 for an empty path, a file that does not open, an empty one, one above INT_MAX
@@ -54,7 +54,8 @@ public:
     //
     // The first line without a bar ends the table. A cell of blanks holds no byte, a cell without a digit the byte 0.
     // Lines are read in pieces of at most 2047 characters, and each piece counts as a line.
-    // 0 for an empty path, a file that does not open or has no marker line with something behind it, and a read error.
+    // 0 for an empty path, a file that does not open, has no marker line or ends with the marker and no line feed, and
+    // a read error.
     // A table whose size is not a multiple of 128 bytes prints a message on standard output and gives 0; oData then
     // keeps the bytes. An empty table is a success.
     static int ExtractEdidFromDatFile(CMString oPath, CByteArray& oData);
@@ -84,8 +85,8 @@ public:
     //   oExtStandard        the other table timings of the extension blocks
     //   oExtDetailed        detailed timings of the extension blocks
     // Nothing removes duplicates. 0 with an assertion line when the EDID names no preferred mode (no detailed timing,
-    // or revision 2 and below without the preferred-timing bit) or when a getter fails below its own count; lists and
-    // preferred mode then hold what was found so far, unsorted.
+    // or no preferred-timing bit in a block that is not version 1 with revision 3 or above) or when a getter fails
+    // below its own count; lists and preferred mode then hold what was found so far, unsorted.
     static int ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
                                CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,
                                CModeList& oExtStandardNative, CModeList& oExtStandard, CModeList& oExtDetailed);

@@ -113,7 +113,7 @@ bool ReadLine(FILE* poFile, char (&szLine)[gsc_iLineBufferSize])
     return fgets(szLine, gsc_iLineBufferSize, poFile) != nullptr;
 }
 
-// Reads up to and with the marker line. False when there is none, or nothing behind it, not even a line feed.
+// Reads up to and with the marker line. False when there is none, or it ends the file without a line feed.
 bool SkipToTable(FILE* poFile)
 {
     char szLine[gsc_iLineBufferSize];
@@ -121,6 +121,8 @@ bool SkipToTable(FILE* poFile)
     {
         if (strncmp(szLine, gsc_szMarker, gsc_uiMarkerLength) == 0)
         {
+            // The flag decides: a marker line of 2047 characters fills the buffer before the end of the file is seen
+            // and counts as one with an empty table behind it.
             return feof(poFile) == 0;
         }
     }

@@ -8,6 +8,7 @@
 
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayString& oLines, const char* pszLinePrefix)
 {
+    const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
     oLines.RemoveAll();
     SModes oModes;
     if (!oModes.Extract(oEdid)) // has reported
@@ -18,19 +19,19 @@ void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayStr
     oJoined.Append(oModes.m_oEstablishedAll);
     oModes.AppendStandardAndDetailed(oJoined);
     oJoined.SortElements(SortVidParam, 0);
-    GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, pszLinePrefix);
+    GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, oLinePrefix);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes the list by value
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CVidParamTimingGeneric& /*oPreferred*/, CModeList oModes,
                                                   CMArrayString& oLines, const char* pszLinePrefix)
 {
-    oLines.RemoveAll();
     CReportLines oReport(oLines, pszLinePrefix);
+    oLines.RemoveAll();
     CMString oText;
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
-        GetFormatedVideoParam(oModes[i].GetData(), 1, oText, pszLinePrefix);
+        GetFormatedVideoParam(oModes[i].GetData(), 1, oText, oReport.GetLinePrefix());
         oReport.AddFormat("#%02d - %s", AsSigned(i + 1), static_cast<const char*>(oText));
     }
 }

@@ -32,6 +32,7 @@ protected:
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArrayString& oLines,
                                                       const char* pszLinePrefix)
 {
+    const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
     oLines.RemoveAll();
     SModes oModes;
     if (!oModes.Extract(oEdid))
@@ -41,7 +42,7 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArra
     }
     GetEdidFormatedAsZorEdidExtractor(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa, oModes.m_oEstablishedAll,
                                       oModes.m_oBaseStandard, oModes.m_oBaseDetailed, oModes.m_oExtStandard,
-                                      oModes.m_oExtDetailed, oLines, pszLinePrefix);
+                                      oModes.m_oExtDetailed, oLines, oLinePrefix);
 }
 
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
@@ -83,7 +84,7 @@ CMString CZorEdidUtils::GetExtensionType(const CEdidExtBlock& oBlock)
 
 // ---- Elements ----
 
-void CReportLines::Add(const char* pszText) { m_oLines.Add(CMString(m_pszLinePrefix) + pszText); }
+void CReportLines::Add(const char* pszText) { m_oLines.Add(m_oLinePrefix + pszText); }
 
 void CReportLines::AddFormat(const char* pszFormat, ...)
 {

@@ -8,11 +8,12 @@
 // Unsigned values print through "%d": counts and sizes as they are, a serial number with the top bit set as negative.
 constexpr int AsSigned(unsigned int uiValue) { return static_cast<int>(uiValue); }
 
-// Adds elements to a report, each behind the line prefix. Refers to the lines and the prefix; owns neither.
+// Adds elements to a report, each behind the line prefix. Refers to the lines; owns a copy of the prefix, which may be
+// one of the lines that the report replaces.
 class CReportLines
 {
 public:
-    CReportLines(CMArrayString& oLines, const char* pszLinePrefix) : m_oLines(oLines), m_pszLinePrefix(pszLinePrefix) {}
+    CReportLines(CMArrayString& oLines, const char* pszLinePrefix) : m_oLines(oLines), m_oLinePrefix(pszLinePrefix) {}
 
     void Add(const char* pszText);
     // Text by CMString::Format.
@@ -27,11 +28,11 @@ public:
     void EndSection();
 
     CMArrayString& GetLines() { return m_oLines; }
-    const char* GetLinePrefix() const { return m_pszLinePrefix; }
+    const char* GetLinePrefix() const { return m_oLinePrefix; }
 
 private:
     CMArrayString& m_oLines;
-    const char* m_pszLinePrefix;
+    const CMString m_oLinePrefix;
 };
 
 // The lists that the monitor report prints, with the meaning that ExtractModeList gives them. The caller's.

@@ -15,7 +15,7 @@ namespace
 {
 constexpr unsigned int gsc_uiCeaExtensionType = 2;
 
-void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix);
+void GetCeaExtensionData(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock);
 
 class CExtendedReport final : public CMonitorReport
 {
@@ -41,6 +41,7 @@ private:
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMArrayString& oLines,
                                                          const char* pszLinePrefix)
 {
+    const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
     oLines.RemoveAll();
     SModes oModes;
     if (!oModes.Extract(oEdid))
@@ -51,7 +52,7 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMA
     GetEdidFormatedAsZorEdidExtractorExt(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa,
                                          oModes.m_oEstablishedAll, oModes.m_oBaseStandard, oModes.m_oBaseDetailed,
                                          oModes.m_oExtStandardNative, oModes.m_oExtStandard, oModes.m_oExtDetailed,
-                                         oLines, pszLinePrefix);
+                                         oLines, oLinePrefix);
 }
 
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
@@ -116,8 +117,7 @@ void CExtendedReport::AddBlockDigest(const CEdidExtBlock& oBlock)
     {
         return;
     }
-    GetCeaExtensionData(static_cast<const CEdidExtBlockCEA861&>(oBlock), m_oReport.GetLines(),
-                        m_oReport.GetLinePrefix());
+    GetCeaExtensionData(m_oReport, static_cast<const CEdidExtBlockCEA861&>(oBlock));
     m_oReport.AddSpacer();
 }
 
@@ -288,9 +288,8 @@ void AddWarnings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
     }
 }
 
-void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix)
+void GetCeaExtensionData(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
-    CReportLines oReport(oLines, pszLinePrefix);
     AddDetailedTimings(oReport, oBlock);
     AddAudio(oReport, oBlock);
     AddSpeakers(oReport, oBlock);

@@ -143,6 +143,15 @@ TEST(CompareTimings, WhatCountsAsAChange)
     }
 }
 
+// From 75,000 kHz on a timing allows a larger distance between clocks, and the first EDID's timing is asked.
+TEST(CompareTimings, ToleranceIsThatOfTheFirst)
+{
+    const CByteArray oTolerant = MakeArray(MakeImageOfClock(7501));
+    const CByteArray oStrict = MakeArray(MakeImageOfClock(7480));
+    EXPECT_EQ(1, CZorEdidUtils::CompareTimings(oTolerant, oStrict, 0, 0));
+    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oStrict, oTolerant, 0, 0));
+}
+
 TEST(CompareTimings, NativeExtensionTimingsTakeNoPart)
 {
     // 1920 x 1080 at 60 and 50 Hz, native, become another native code and its like.
@@ -174,6 +183,9 @@ TEST(CompareTimings, WithoutPreferredModeThereIsNoComparison)
     CCapturedOutput oSecondOutput;
     EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oNone, oGood, 0, 0));
     EXPECT_EQ(2U, oSecondOutput.TakeAssertionCount());
+    CCapturedOutput oThirdOutput;
+    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oNone, oNone, 0, 0));
+    EXPECT_EQ(3U, oThirdOutput.TakeAssertionCount()); // both are asked before the comparison gives up
 }
 
 TEST(CompareTimings, ImageThatDoesNotLoadIsNoMatch)

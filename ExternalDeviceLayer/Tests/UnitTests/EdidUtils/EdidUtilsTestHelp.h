@@ -61,6 +61,18 @@ inline CBytes ChangeBytes(CBytes aui8Image, const std::vector<SByteChange>& aoCh
     return FixChecksums(aui8Image);
 }
 
+// AsusHd with 1280 x 720 of this clock, in units of 10 kHz, as its first detailed timing.
+inline CBytes MakeImageOfClock(unsigned int uiClock)
+{
+    constexpr unsigned char aui8Timing[] = { 0x00, 0x7E, 0x51, 0xD0, 0x1E, 0x20, 0x6E, 0x28,
+                                             0x55, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x1E };
+    CBytes aui8Image = GetBytes(AsusHd::g_auiAsusHdEdidData);
+    aui8Image[54] = static_cast<unsigned char>(uiClock);
+    aui8Image[55] = static_cast<unsigned char>(uiClock >> 8);
+    std::copy(std::begin(aui8Timing), std::end(aui8Timing), aui8Image.begin() + 56);
+    return FixChecksums(aui8Image);
+}
+
 inline std::unique_ptr<CEdid> Load(const CBytes& aui8Image)
 {
     auto poEdid = std::make_unique<CEdid>();

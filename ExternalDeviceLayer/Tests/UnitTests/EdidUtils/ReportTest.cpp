@@ -134,6 +134,19 @@ TEST(Report, OldLinesAreReplaced)
     }
 }
 
+TEST(Report, PrefixMayBeOneOfTheReplacedLines)
+{
+    const std::string sPrefix(100, '>'); // too long for any storage inside the element
+    const auto poEdid = Load(AsusHd::g_auiAsusHdEdidData);
+    for (const auto eType : { gsc_ePlain, gsc_eExtended, gsc_eModes })
+    {
+        CMArrayString oLines;
+        oLines.Add(CMString(sPrefix.c_str()));
+        EXPECT_EQ(1, CZorEdidUtils::GetFormatedEdid(eType, *poEdid, oLines, oLines[0]));
+        EXPECT_EQ(GetReport(eType, *poEdid, sPrefix.c_str()), GetElements(oLines));
+    }
+}
+
 TEST(Report, NoExtensionNoSection)
 {
     const auto poEdid = Load(TimingsCompare::g_auiTimingsCompareEdidData);
@@ -161,6 +174,29 @@ TEST(Report, EmptyListsKeepTheirHeadings)
                           "\n", "  Standard timing(s):", "\n", "\n", "  Detailed timing(s):", "\n", "\n",
                           "  Extension block(s) timing(s):\n", "\n", "\n", gsc_sSeparator, "\n\n", gsc_sSeparator }),
               asSection);
+}
+
+// Whether an established timing is marked is asked of the list's entry: 75,010 kHz allow more than 74,800 kHz do.
+TEST(Report, MarkOfAnEstablishedTimingAsksTheVesaTiming)
+{
+    CVidParamTimingGeneric oTolerant;
+    CVidParamTimingGeneric oStrict;
+    ASSERT_EQ(1, Load(MakeImageOfClock(7501))->GetBaseDetailed(0, &oTolerant));
+    ASSERT_EQ(1, Load(MakeImageOfClock(7480))->GetBaseDetailed(0, &oStrict));
+    CModeList oTolerantList;
+    CModeList oStrictList;
+    oTolerantList.Add(oTolerant);
+    oStrictList.Add(oStrict);
+
+    const auto poEdid = Load(AsusHd::g_auiAsusHdEdidData);
+    const CModeList oNone;
+    CMArrayString oLines;
+    CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(*poEdid, oStrict, oTolerantList, oStrictList, oNone, oNone, oNone,
+                                                     oNone, oLines, "");
+    EXPECT_TRUE(Contains(GetElements(oLines), "        1280 x  720 @ 60.00 Hz"));
+    CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(*poEdid, oStrict, oStrictList, oTolerantList, oNone, oNone, oNone,
+                                                     oNone, oLines, "");
+    EXPECT_TRUE(Contains(GetElements(oLines), "        1280 x  720 @ 60.00 Hz (Not VESA compliant)"));
 }
 
 TEST(Report, WithoutPreferredModeThereIsNoText)

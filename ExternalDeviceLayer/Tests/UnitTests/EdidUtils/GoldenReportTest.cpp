@@ -3,6 +3,8 @@
 
 #include <stdlib.h>
 
+#include <set>
+
 #include "EdidUtilsTestHelp.h"
 
 namespace
@@ -67,12 +69,14 @@ testing::AssertionResult AreSameTexts(const std::string& sStored, const std::str
 TEST(GoldenReport, EveryReportOfEveryImage)
 {
     const bool bUpdate = getenv("ZOREDID_UPDATE_GOLDEN") != nullptr; // set by scripts/update-golden
+    std::set<std::string> asNames;
     for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         const auto poEdid = Load(*oImage.m_paui8Image);
         for (const SGoldenVariant& oVariant : gsc_aoVariants)
         {
             const std::string sName = std::string(oImage.m_pszName) + "." + oVariant.m_pszSuffix + ".txt";
+            asNames.insert(sName);
             const std::filesystem::path oPath = std::filesystem::path(ZOREDID_GOLDEN_DIR) / sName;
             const std::string sText = Join(GetReport(oVariant.m_eType, *poEdid, oVariant.m_pszLinePrefix));
             if (bUpdate)
@@ -85,6 +89,11 @@ TEST(GoldenReport, EveryReportOfEveryImage)
             const CBytes aui8Stored = ReadBytes(oPath);
             EXPECT_TRUE(AreSameTexts(std::string(aui8Stored.begin(), aui8Stored.end()), sText)) << sName;
         }
+    }
+    for (const auto& oEntry : std::filesystem::directory_iterator(ZOREDID_GOLDEN_DIR))
+    {
+        const std::string sName = oEntry.path().filename().string();
+        EXPECT_EQ(1U, asNames.count(sName)) << sName << " belongs to no image";
     }
 }
 }

@@ -10,6 +10,8 @@
 class CCapturedOutput
 {
 public:
+    static constexpr const char* msc_pszAssertion = "Assertion failed\n"; // ends each assertion line
+
     CCapturedOutput() { testing::internal::CaptureStdout(); }
     ~CCapturedOutput()
     {
@@ -30,10 +32,11 @@ public:
     }
 
     // Ends the capture and gives the number of assertion lines in it.
-    unsigned int TakeAssertionCount()
+    unsigned int TakeAssertionCount() { return CountAssertions(Take()); }
+
+    static unsigned int CountAssertions(const std::string& sText)
     {
-        const std::string sText = Take();
-        const std::string sMark = "Assertion failed\n";
+        const std::string sMark = msc_pszAssertion;
         unsigned int uiCount = 0;
         for (size_t uiAt = sText.find(sMark); uiAt != std::string::npos; uiAt = sText.find(sMark, uiAt + 1))
         {

@@ -272,4 +272,55 @@ TEST(RemoveAndValidateStandard, RefusesAnIndexBehindTheList)
     EXPECT_EQ(1U, oOutput.TakeAssertionCount());
     EXPECT_EQ(1, CompareRawData(oAsus.Get(), 256, AsusHd::g_auiAsusHdEdidData.data()));
 }
+
+// Both timings of a code go with its one byte, whichever of them is named.
+TEST(RemoveAndValidateStandard, EndsInTheSameBytesForEitherRowOfAPair)
+{
+    struct SCase
+    {
+        const char* m_pszName;
+        SEdidImage const& m_aui8Image;
+        unsigned int m_uiFirst;            // index of the code; its variant follows
+        SEdidImage const* m_paui8Expected; // null: the images for the two are compared with each other only
+    };
+    const SCase aoCases[] = {
+        { "Code16", ExtStandard::g_auiStandardEdidData, 6, &ExtStandard::g_auiStandardEdidData1 },
+        { "Code4", ExtStandard::g_auiStandardEdidData, 8, nullptr },
+        { "Code3", ExtStandard::g_auiStandardEdidData, 10, nullptr },
+        { "Code1", ExtStandard::g_auiStandardEdidData, 12, nullptr },
+        { "Code3Behind16", ExtStandard::g_auiStandardEdidData1, 8, &ExtStandard::g_auiStandardEdidData2 },
+        { "Code4Behind3", ExtStandard::g_auiStandardEdidData2, 6, &ExtStandard::g_auiStandardEdidData3 },
+        { "Code1Behind4", ExtStandard::g_auiStandardEdidData3, 6, &ExtStandard::g_auiStandardEdidData4 },
+        { "HdmiCode93", ExtStandard2::g_auiStandard2EdidData, 25, &ExtStandard2::g_auiStandard2EdidData1 },
+    };
+    for (SCase const& oCase : aoCases)
+    {
+        CEdid oFirst;
+        CEdid oVariant;
+        ASSERT_EQ(1, LoadCopy(oFirst, oCase.m_aui8Image)) << oCase.m_pszName;
+        ASSERT_EQ(1, LoadCopy(oVariant, oCase.m_aui8Image)) << oCase.m_pszName;
+        EXPECT_EQ(1, oFirst.RemoveStandard(oCase.m_uiFirst)) << oCase.m_pszName;
+        EXPECT_EQ(1, oVariant.RemoveStandard(oCase.m_uiFirst + 1)) << oCase.m_pszName;
+        const CMArray<unsigned char, unsigned char const&> aui8First = oFirst.GetEdidBuffer();
+        EXPECT_EQ(1, CompareRawData(oVariant, 256, &aui8First[0])) << oCase.m_pszName;
+        if (oCase.m_paui8Expected != nullptr)
+        {
+            EXPECT_EQ(1, CompareRawData(oFirst, 256, oCase.m_paui8Expected->data())) << oCase.m_pszName;
+        }
+    }
+}
+
+// Pairs that move leave 01 01 behind; the empty pairs 01 00 stay where they are.
+TEST(RemoveStandard, MovesTheTimingsOfTheBaseBlockOverItsEmptySlots)
+{
+    CEdid oEdid;
+    ASSERT_EQ(1, LoadCopy(oEdid, BaseStandard::g_auiBaseStandardEdidData));
+    EXPECT_EQ(1, oEdid.RemoveStandard(0));
+    SEdidImage const aui8Expected =
+        CEdidImageEdit(BaseStandard::g_auiBaseStandardEdidData)
+            .Set(38, { 0x81, 0x40, 0x95, 0x00, 0xD1, 0xC0, 0x01, 0x00, 0x01, 0x01, 0x01, 0x00, 0x01, 0x01, 0x01, 0x01 })
+            .FixBaseChecksum()
+            .Get();
+    EXPECT_EQ(1, CompareRawData(oEdid, 256, aui8Expected.data()));
+}
 }

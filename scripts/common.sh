@@ -20,13 +20,13 @@ step() {
 }
 
 # build PRESET FOLDER [CMAKE ARGUMENTS...]: configures and builds one preset in build/FOLDER; what the compiler says is
-# shown on failure only.
+# shown on failure only. All targets, unless build_targets names some.
 build() {
   local preset=$1 folder=build/$2
   shift 2
   mkdir -p build
   [ -z "${ZOREDID_SHARED_DIR:-}" ] || set -- "$@" "-DZOREDID_SHARED_DIR=$ZOREDID_SHARED_DIR"
-  if ! { cmake --preset "$preset" -B "$folder" "$@" && cmake --build "$folder"; } > "$folder.log" 2>&1; then
+  if ! { cmake --preset "$preset" -B "$folder" "$@" && cmake --build "$folder" ${build_targets:+--target $build_targets}; } > "$folder.log" 2>&1; then
     tail -n 60 "$folder.log" >&2
     return 1
   fi

@@ -333,10 +333,10 @@ void CMArray<TYPE, ARG_TYPE>::FreeExtra()
 template <class TYPE, class ARG_TYPE>
 void CMArray<TYPE, ARG_TYPE>::SetAtGrow(int iIndex, ARG_TYPE oValue)
 {
-    if (iIndex >= m_iSize)
+    if (iIndex >= 0 && iIndex >= m_iSize)
     {
-        // Unsigned, so that INT_MAX gives a negative size, which SetSize refuses.
-        SetSize(static_cast<int>(static_cast<unsigned int>(iIndex) + 1), -1);
+        // The highest index has no count: SetSize refuses the negative one that stands for it.
+        SetSize(iIndex < INT_MAX ? iIndex + 1 : INT_MIN, -1);
     }
     SetAt(iIndex, oValue);
 }

@@ -47,7 +47,7 @@ constexpr SEdidImage gsc_aui8FullBlock =
 // clang-format on
 static_assert(HasValidChecksums(gsc_aui8FullBlock));
 
-int Load(CEdid& oEdid, SEdidImage const& aui8Image)
+int Load(CEdid& oEdid, const SEdidImage& aui8Image)
 {
     return oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
 }
@@ -75,7 +75,7 @@ void Measure(benchmark::State& oState, OPERATION fnOperation)
     }
 }
 
-void LoadImage(benchmark::State& oState, SEdidImage const& aui8Image)
+void LoadImage(benchmark::State& oState, const SEdidImage& aui8Image)
 {
     Measure(oState, [&] {
         CEdid oEdid;
@@ -104,7 +104,7 @@ void LoadBaseBlockAndWalk(benchmark::State& oState)
     });
 }
 
-void WalkAllTimings(benchmark::State& oState, SEdidImage const& aui8Image)
+void WalkAllTimings(benchmark::State& oState, const SEdidImage& aui8Image)
 {
     CEdid oEdid;
     Load(oEdid, aui8Image);
@@ -155,7 +155,7 @@ void ComputeTiming(benchmark::State& oState, TimingSource fnSource)
     Measure(oState, [&] { return fnSource(&oTiming); });
 }
 
-void ExtractModes(benchmark::State& oState, SEdidImage const& aui8Image)
+void ExtractModes(benchmark::State& oState, const SEdidImage& aui8Image)
 {
     CEdid oEdid;
     Load(oEdid, aui8Image);
@@ -167,7 +167,7 @@ void ExtractModes(benchmark::State& oState, SEdidImage const& aui8Image)
     });
 }
 
-void CompareWithItself(benchmark::State& oState, SEdidImage const& aui8Image)
+void CompareWithItself(benchmark::State& oState, const SEdidImage& aui8Image)
 {
     CEdid oFirst;
     CEdid oSecond;
@@ -225,7 +225,7 @@ constexpr unsigned int gsc_uiEditsPerIteration = 64; // enough that reading the 
 constexpr unsigned int gsc_uiEditIterations = 400;
 
 // The images are loaded outside the measured time and the counted allocations. One edit is one operation.
-void Edit(benchmark::State& oState, SEdit const& oEdit)
+void Edit(benchmark::State& oState, const SEdit& oEdit)
 {
     using Clock = std::chrono::steady_clock;
     CEdid aoEdids[gsc_uiEditsPerIteration];
@@ -280,7 +280,7 @@ int main(int iArguments, char** apszArguments)
     }
 
     // Numbers of an image whose extension block was dropped would look good and mean nothing.
-    for (SEdidImage const& aui8Image : { gsc_aui8Ordinary, gsc_aui8FullBlock })
+    for (const SEdidImage& aui8Image : { gsc_aui8Ordinary, gsc_aui8FullBlock })
     {
         CEdid oEdid;
         if (Load(oEdid, aui8Image) == 0 || oEdid.GetExtensionCount() != 1)
@@ -297,7 +297,7 @@ int main(int iArguments, char** apszArguments)
     benchmark::RegisterBenchmark("Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock);
     benchmark::RegisterBenchmark("Serialise_Array", Serialise);
     benchmark::RegisterBenchmark("Serialise_CallersBuffer", SerialiseIntoCallersBuffer);
-    for (SSource const& oSource : gsc_aoSources)
+    for (const SSource& oSource : gsc_aoSources)
     {
         benchmark::RegisterBenchmark(oSource.m_szName, ComputeTiming, oSource.m_fnSource);
     }
@@ -305,7 +305,7 @@ int main(int iArguments, char** apszArguments)
     benchmark::RegisterBenchmark("Modes_ExtractFullCeaBlock", ExtractModes, gsc_aui8FullBlock);
     benchmark::RegisterBenchmark("Modes_Compare", CompareWithItself, gsc_aui8Ordinary);
     benchmark::RegisterBenchmark("Modes_CompareFullCeaBlock", CompareWithItself, gsc_aui8FullBlock);
-    for (SEdit const& oEdit : gsc_aoEdits)
+    for (const SEdit& oEdit : gsc_aoEdits)
     {
         benchmark::RegisterBenchmark(oEdit.m_szName, Edit, oEdit)->UseManualTime()->Iterations(gsc_uiEditIterations);
     }

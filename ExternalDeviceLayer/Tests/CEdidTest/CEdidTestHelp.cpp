@@ -14,7 +14,7 @@ constexpr unsigned int gsc_uiRevisionOffset = 19;
 constexpr unsigned int gsc_uiFeatureOffset = 24;
 constexpr unsigned int gsc_uiPreferredTimingBit = 0x02;
 
-void FillTiming(tagRVideo_VidParam const& oRow, CVidParamTiming& oTiming)
+void FillTiming(const tagRVideo_VidParam& oRow, CVidParamTiming& oTiming)
 {
     oTiming.SetHorizontalActive(oRow.uiHorizontalActive);
     oTiming.SetVerticalActive(oRow.uiVerticalActive);
@@ -32,7 +32,7 @@ void FillTiming(tagRVideo_VidParam const& oRow, CVidParamTiming& oTiming)
 // The walk of all validators: runs oCheckRow for each row, up to the first that does not hold. oCheckRow writes the line,
 // so that it names the validator.
 template <class CHECK>
-int ValidateRows(unsigned int uiCount, CHECK const& oCheckRow)
+int ValidateRows(unsigned int uiCount, const CHECK& oCheckRow)
 {
     for (unsigned int i = 0; i < uiCount; ++i)
     {
@@ -42,7 +42,7 @@ int ValidateRows(unsigned int uiCount, CHECK const& oCheckRow)
 }
 
 // A detailed timing against a row of a mode table or a formula. Writes no line.
-bool IsDetailedEqual(CEdid const& oEdid, unsigned int uiIndex, STimingData const& oRow)
+bool IsDetailedEqual(const CEdid& oEdid, unsigned int uiIndex, const STimingData& oRow)
 {
     CVidParamTimingGeneric oExpected;
     CVidParamTimingGeneric oTiming;
@@ -51,19 +51,19 @@ bool IsDetailedEqual(CEdid const& oEdid, unsigned int uiIndex, STimingData const
 }
 }
 
-int LoadCopy(CEdid& oEdid, SEdidImage const& aui8Image)
+int LoadCopy(CEdid& oEdid, const SEdidImage& aui8Image)
 {
-    SEdidImage const aui8Copy = aui8Image;
+    const SEdidImage aui8Copy = aui8Image;
     return oEdid.SetEdidBuffer(aui8Copy.data(), static_cast<unsigned int>(aui8Copy.size()), 0);
 }
 
-int CompareRawData(CEdid const& oEdid, unsigned int uiSize, unsigned char const* pui8Expected)
+int CompareRawData(const CEdid& oEdid, unsigned int uiSize, const unsigned char* pui8Expected)
 {
     if (pui8Expected == nullptr || oEdid.GetSize() != uiSize)
     {
         return 0;
     }
-    CMArray<unsigned char, unsigned char const&> const aui8Edid = oEdid.GetEdidBuffer();
+    const CMArray<unsigned char, const unsigned char&> aui8Edid = oEdid.GetEdidBuffer();
     for (unsigned int i = 0; i < uiSize; ++i)
     {
         if (aui8Edid[static_cast<int>(i)] != pui8Expected[i])
@@ -74,7 +74,7 @@ int CompareRawData(CEdid const& oEdid, unsigned int uiSize, unsigned char const*
     return 1;
 }
 
-unsigned int ReadLittleEndian(unsigned char const* pui8Data, unsigned int uiSize)
+unsigned int ReadLittleEndian(const unsigned char* pui8Data, unsigned int uiSize)
 {
     unsigned int uiValue = 0;
     for (unsigned int i = uiSize; i > 0; --i)
@@ -85,7 +85,7 @@ unsigned int ReadLittleEndian(unsigned char const* pui8Data, unsigned int uiSize
 }
 
 // What the lookups return is not looked at on purpose: a miss shows in the comparison that follows.
-int GetVidParam(STimingData const& oRow, CVidParamTimingGeneric& oTiming)
+int GetVidParam(const STimingData& oRow, CVidParamTimingGeneric& oTiming)
 {
     switch (oRow.m_eTimingType)
     {
@@ -116,16 +116,16 @@ int GetVidParam(STimingData const& oRow, CVidParamTimingGeneric& oTiming)
     }
 }
 
-int IsPreferredTimingProtected(CEdid const& oEdid)
+int IsPreferredTimingProtected(const CEdid& oEdid)
 {
-    unsigned char const* const pui8Base = oEdid.GetBaseBlock();
-    bool const bByRevision = pui8Base[gsc_uiVersionOffset] == 1 && pui8Base[gsc_uiRevisionOffset] >= 3;
-    bool const bByFeature = (pui8Base[gsc_uiFeatureOffset] & gsc_uiPreferredTimingBit) != 0;
+    const unsigned char* const pui8Base = oEdid.GetBaseBlock();
+    const bool bByRevision = pui8Base[gsc_uiVersionOffset] == 1 && pui8Base[gsc_uiRevisionOffset] >= 3;
+    const bool bByFeature = (pui8Base[gsc_uiFeatureOffset] & gsc_uiPreferredTimingBit) != 0;
     return bByRevision || bByFeature ? 1 : 0;
 }
 
 // The base validators fetch through the merged numbering, in which the base block's timings come first.
-int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows)
+int ValidateBaseDetailed(const CEdid& oEdid, unsigned int uiCount, const tagRVideo_VidParam* poRows)
 {
     MTEST_STEP(oEdid.GetBaseDetailedCount() == uiCount);
 
@@ -138,7 +138,7 @@ int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_Vid
     });
 }
 
-int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+int ValidateBaseDetailed(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows)
 {
     if (oEdid.GetBaseDetailedCount() != uiCount)
     {
@@ -150,7 +150,7 @@ int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData c
     });
 }
 
-int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows)
+int ValidateDetailed(const CEdid& oEdid, unsigned int uiCount, const tagRVideo_VidParam* poRows)
 {
     MTEST_STEP(oEdid.GetDetailedCount() == uiCount);
 
@@ -162,7 +162,7 @@ int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidPara
     });
 }
 
-int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+int ValidateDetailed(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows)
 {
     MTEST_STEP(oEdid.GetDetailedCount() == uiCount);
 
@@ -172,7 +172,7 @@ int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const
     });
 }
 
-int ValidateBaseStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+int ValidateBaseStandard(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows)
 {
     MTEST_STEP(oEdid.GetBaseStandardCount() == uiCount);
 
@@ -186,7 +186,7 @@ int ValidateBaseStandard(CEdid const& oEdid, unsigned int uiCount, STimingData c
     });
 }
 
-int ValidateStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows)
+int ValidateStandard(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows)
 {
     if (oEdid.GetStandardCount() != uiCount)
     {
@@ -201,8 +201,8 @@ int ValidateStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const
     });
 }
 
-int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, STimingData const* poRows,
-                              unsigned int uiSize, unsigned char const* pui8Expected)
+int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, const STimingData* poRows,
+                              unsigned int uiSize, const unsigned char* pui8Expected)
 {
     MTEST_STEP(oEdid.RemoveStandard(uiIndex));
     MTEST_STEP(oEdid.IsChecksumValid());
@@ -211,7 +211,7 @@ int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int u
     return 1;
 }
 
-int HasDetailedState(CEdid const& oEdid, CVidParamTable aoRows, SEdidImage const& aui8Expected)
+int HasDetailedState(const CEdid& oEdid, CVidParamTable aoRows, const SEdidImage& aui8Expected)
 {
     MTEST_PASS_ON(oEdid.IsChecksumValid());
     MTEST_PASS_ON(ValidateDetailed(oEdid, static_cast<unsigned int>(aoRows.size()), aoRows.data()));

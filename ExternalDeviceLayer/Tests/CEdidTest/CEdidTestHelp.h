@@ -72,12 +72,12 @@ constexpr STimingData CeaRow(unsigned int uiHorizontal, unsigned int uiVertical,
              CVidParamDmt::EModeListType{},      uiVic };
 }
 
-using CTimingTable = std::span<STimingData const>;
-using CVidParamTable = std::span<tagRVideo_VidParam const>;
+using CTimingTable = std::span<const STimingData>;
+using CVidParamTable = std::span<const tagRVideo_VidParam>;
 
 // The table without the rows of these numbers, counted from 0 in the full table.
 template <unsigned int... auiRows, class TYPE, std::size_t uiCount>
-constexpr std::array<TYPE, uiCount - sizeof...(auiRows)> WithoutRows(std::array<TYPE, uiCount> const& aoTable)
+constexpr std::array<TYPE, uiCount - sizeof...(auiRows)> WithoutRows(const std::array<TYPE, uiCount>& aoTable)
 {
     std::array<TYPE, uiCount - sizeof...(auiRows)> aoLeft{};
     std::size_t uiLeft = 0;
@@ -95,42 +95,42 @@ constexpr std::array<TYPE, uiCount - sizeof...(auiRows)> WithoutRows(std::array<
 
 // Loads the 256 bytes from a copy that is gone when the function returns: an EDID keeps its own bytes. Not 0 on success,
 // 0 without a line.
-int LoadCopy(CEdid& oEdid, SEdidImage const& aui8Image);
+int LoadCopy(CEdid& oEdid, const SEdidImage& aui8Image);
 
 // 1 when the serialised EDID is exactly these bytes. Null gives 0. Never writes a line.
-int CompareRawData(CEdid const& oEdid, unsigned int uiSize, unsigned char const* pui8Expected);
+int CompareRawData(const CEdid& oEdid, unsigned int uiSize, const unsigned char* pui8Expected);
 
 // The number in uiSize bytes (up to 4), the lowest one first.
-unsigned int ReadLittleEndian(unsigned char const* pui8Data, unsigned int uiSize);
+unsigned int ReadLittleEndian(const unsigned char* pui8Data, unsigned int uiSize);
 
 // Builds the timing that a row expects. Returns 1 when the type of the row is known, which does not say that the lookup
 // found anything: a row without a match leaves the timing as the lookup leaves it. 0 for another type, timing
 // untouched.
-int GetVidParam(STimingData const& oRow, CVidParamTimingGeneric& oTiming);
+int GetVidParam(const STimingData& oRow, CVidParamTimingGeneric& oTiming);
 
 // Whether the first detailed timing of the base block can be replaced but not removed: version 1 from revision 3 on, or
 // the preferred-timing bit. Read from the bytes, not asked of the CEdid.
-int IsPreferredTimingProtected(CEdid const& oEdid);
+int IsPreferredTimingProtected(const CEdid& oEdid);
 
 // ---- Validators: 1 when the EDID lists exactly uiCount timings and they equal the rows in their order. ----
 // With a count of 0 the table may be null. A failure writes one line, but a wrong count none where told so.
 
-int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows);
-int ValidateBaseDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows); // wrong count: no line
+int ValidateBaseDetailed(const CEdid& oEdid, unsigned int uiCount, const tagRVideo_VidParam* poRows);
+int ValidateBaseDetailed(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows); // wrong count: no line
 
 // Base block and extension blocks.
-int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, tagRVideo_VidParam const* poRows);
-int ValidateDetailed(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows);
+int ValidateDetailed(const CEdid& oEdid, unsigned int uiCount, const tagRVideo_VidParam* poRows);
+int ValidateDetailed(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows);
 
 // A timing with a native flag is a failure: the base block has none.
-int ValidateBaseStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows);
+int ValidateBaseStandard(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows);
 // Base block and extension blocks.
-int ValidateStandard(CEdid const& oEdid, unsigned int uiCount, STimingData const* poRows); // wrong count: no line
+int ValidateStandard(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows); // wrong count: no line
 
 // Removes a standard timing, then checks checksums, list and bytes. Nothing is undone when a check fails.
-int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, STimingData const* poRows,
-                              unsigned int uiSize, unsigned char const* pui8Expected);
+int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, const STimingData* poRows,
+                              unsigned int uiSize, const unsigned char* pui8Expected);
 
 // Behind an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the image.
 // Writes no line of its own, only the validator's.
-int HasDetailedState(CEdid const& oEdid, CVidParamTable aoRows, SEdidImage const& aui8Expected);
+int HasDetailedState(const CEdid& oEdid, CVidParamTable aoRows, const SEdidImage& aui8Expected);

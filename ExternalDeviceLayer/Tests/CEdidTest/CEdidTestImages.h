@@ -26,7 +26,7 @@ constexpr unsigned int gsc_uiDescriptorSize = 18;                        // byte
 class CEdidImageEdit
 {
 public:
-    constexpr explicit CEdidImageEdit(SEdidImage const& aui8Image) : m_aui8Image(aui8Image) {}
+    constexpr explicit CEdidImageEdit(const SEdidImage& aui8Image) : m_aui8Image(aui8Image) {}
 
     // The bytes at uiOffset become these.
     constexpr CEdidImageEdit& Set(unsigned int uiOffset, std::initializer_list<unsigned char> aui8Bytes)
@@ -132,7 +132,7 @@ consteval SEdidImage ReadHexImage(const char (&szDigits)[uiTextSize])
 }
 
 // Whether both halves sum to 0.
-constexpr bool HasValidChecksums(SEdidImage const& aui8Image)
+constexpr bool HasValidChecksums(const SEdidImage& aui8Image)
 {
     unsigned int uiBase = 0;
     unsigned int uiExt = 0;
@@ -452,7 +452,7 @@ static_assert(HasValidChecksums(g_auiAudioTwoDescriptorsEdidData));
 struct SNamedEdidImage
 {
     const char* m_pszName; // fit for a file name
-    SEdidImage const* m_paui8Image;
+    const SEdidImage* m_paui8Image;
 };
 
 constexpr SNamedEdidImage gsc_aoEdidTestImages[] = {
@@ -490,5 +490,5 @@ constexpr SNamedEdidImage gsc_aoEdidTestImages[] = {
 };
 
 static_assert(std::all_of(std::begin(gsc_aoEdidTestImages), std::end(gsc_aoEdidTestImages),
-                          [](SNamedEdidImage const& oImage) { return HasValidChecksums(*oImage.m_paui8Image); }),
+                          [](const SNamedEdidImage& oImage) { return HasValidChecksums(*oImage.m_paui8Image); }),
               "no image is damaged");

@@ -23,12 +23,12 @@ constexpr std::array<SSuite, gsc_uiSuiteCount> gsc_aoSuites = { {
 
 std::array<SSuite, gsc_uiSuiteCount> GetSuites() { return gsc_aoSuites; }
 
-void RunSuites(std::span<SSuite const> aoSuites)
+void RunSuites(std::span<const SSuite> aoSuites)
 {
     int iFailureCount = 0;
-    for (SSuite const& oSuite : aoSuites)
+    for (const SSuite& oSuite : aoSuites)
     {
-        int const iResult = oSuite.m_pfnRun();
+        const int iResult = oSuite.m_pfnRun();
         printf(oSuite.m_pszResultFormat, iResult);
         if (iResult == 0)
         {

@@ -27,7 +27,7 @@ int Test_Audio();          // short audio descriptors
 struct SSuite
 {
     int (*m_pfnRun)();             // 1 or another value that is not 0 when the suite passed
-    char const* m_pszResultFormat; // with one %d for the result; ends the line
+    const char* m_pszResultFormat; // with one %d for the result; ends the line
 };
 
 inline constexpr unsigned int gsc_uiSuiteCount = 10;
@@ -37,98 +37,98 @@ std::array<SSuite, gsc_uiSuiteCount> GetSuites();
 
 // Runs the suites in their order and prints the result line of each at once, then the number of those that gave 0, an
 // empty line and the closing prompt, which has no line end. Reads no input.
-void RunSuites(std::span<SSuite const> aoSuites);
+void RunSuites(std::span<const SSuite> aoSuites);
 
 // ---- The data records, and the steps over them. ----
 
 struct SAsusHdData
 {
-    SEdidImage const* m_paui8Image;
+    const SEdidImage* m_paui8Image;
     CTimingTable m_aoEstablished; // all of them
     CTimingTable m_aoEstablishedVesa;
     CTimingTable m_aoBaseStandard;
 };
 SAsusHdData GetAsusHdData();
-int RunAsusHd(SAsusHdData const& oData);
+int RunAsusHd(const SAsusHdData& oData);
 
 struct SBaseStandardData
 {
-    SEdidImage const* m_paui8SerialImage;
-    SEdidImage const* m_paui8StandardImage;
+    const SEdidImage* m_paui8SerialImage;
+    const SEdidImage* m_paui8StandardImage;
     std::array<CTimingTable, 3> m_aaoTiming; // as loaded, and after each removal
 };
 SBaseStandardData GetBaseStandardData();
-int RunBaseStandard(SBaseStandardData const& oData);
+int RunBaseStandard(const SBaseStandardData& oData);
 
 struct SBaseDetailedData
 {
-    SEdidImage const* m_paui8Image;
+    const SEdidImage* m_paui8Image;
     std::array<CVidParamTable, 2> m_aaoTiming; // as loaded, and after the removal
 };
 SBaseDetailedData GetBaseDetailedData();
-int RunBaseDetailed(SBaseDetailedData const& oData);
+int RunBaseDetailed(const SBaseDetailedData& oData);
 
 // Of both suites on detailed timings.
 struct SExtDetailedData
 {
-    std::array<SEdidImage const*, 4> m_apaui8Image; // as loaded, and after each removal
+    std::array<const SEdidImage*, 4> m_apaui8Image; // as loaded, and after each removal
     std::array<CVidParamTable, 4> m_aaoTiming;      // the same
     CVidParamTable m_aoPreferred;                   // one row, written as preferred timing at the end
 };
 SExtDetailedData GetExtDetailedData();
-int RunExtDetailed(SExtDetailedData const& oData);
+int RunExtDetailed(const SExtDetailedData& oData);
 SExtDetailedData GetExtDetailed2Data();
-int RunExtDetailed2(SExtDetailedData const& oData);
+int RunExtDetailed2(const SExtDetailedData& oData);
 
 struct SExtStandardData
 {
-    std::array<SEdidImage const*, 5> m_apaui8Image; // as loaded, and after each removal
+    std::array<const SEdidImage*, 5> m_apaui8Image; // as loaded, and after each removal
     std::array<CTimingTable, 5> m_aaoTiming;        // the same
 };
 SExtStandardData GetExtStandardData();
-int RunExtStandard(SExtStandardData const& oData);
+int RunExtStandard(const SExtStandardData& oData);
 
 struct SExtStandard2Data
 {
-    std::array<SEdidImage const*, 2> m_apaui8Image; // as loaded, and after the removal
+    std::array<const SEdidImage*, 2> m_apaui8Image; // as loaded, and after the removal
     std::array<CTimingTable, 2> m_aaoTiming;        // the same
 };
 SExtStandard2Data GetExtStandard2Data();
-int RunExtStandard2(SExtStandard2Data const& oData);
+int RunExtStandard2(const SExtStandard2Data& oData);
 
 struct SColorBitDepthData
 {
-    SEdidImage const* m_paui8Image;
-    SEdidImage const* m_paui8Revision3Image;
+    const SEdidImage* m_paui8Image;
+    const SEdidImage* m_paui8Revision3Image;
 };
 SColorBitDepthData GetColorBitDepthData();
-int RunColorBitDepth(SColorBitDepthData const& oData);
+int RunColorBitDepth(const SColorBitDepthData& oData);
 
 struct STimingsCompareData
 {
-    SEdidImage const* m_paui8FirstImage;
-    SEdidImage const* m_paui8SecondImage;
+    const SEdidImage* m_paui8FirstImage;
+    const SEdidImage* m_paui8SecondImage;
 };
 STimingsCompareData GetTimingsCompareData();
-int RunTimingsCompare(STimingsCompareData const& oData);
+int RunTimingsCompare(const STimingsCompareData& oData);
 
 struct SAudioData
 {
     // Loaded.
-    SEdidImage const* m_paui8OneBlock;
-    SEdidImage const* m_paui8NoBlock;
-    SEdidImage const* m_paui8Full;
-    SEdidImage const* m_paui8TwoDescriptors;
-    SEdidImage const* m_paui8Ten;
+    const SEdidImage* m_paui8OneBlock;
+    const SEdidImage* m_paui8NoBlock;
+    const SEdidImage* m_paui8Full;
+    const SEdidImage* m_paui8TwoDescriptors;
+    const SEdidImage* m_paui8Ten;
     // Expected.
-    SEdidImage const* m_paui8Filtered;
-    SEdidImage const* m_paui8Added;
-    SEdidImage const* m_paui8FullAdded;
-    SEdidImage const* m_paui8AddBlock;
-    SEdidImage const* m_paui8Removed;
-    SEdidImage const* m_paui8Eleven;
-    SEdidImage const* m_paui8Add2; // loaded too
-    SEdidImage const* m_paui8Set;
+    const SEdidImage* m_paui8Filtered;
+    const SEdidImage* m_paui8Added;
+    const SEdidImage* m_paui8FullAdded;
+    const SEdidImage* m_paui8AddBlock;
+    const SEdidImage* m_paui8Removed;
+    const SEdidImage* m_paui8Eleven;
+    const SEdidImage* m_paui8Add2; // loaded too
+    const SEdidImage* m_paui8Set;
 };
 SAudioData GetAudioData();
-int RunAudio(SAudioData const& oData);
+int RunAudio(const SAudioData& oData);

@@ -41,15 +41,15 @@ constexpr std::array<STimingData, 7> g_auiBaseStandardTiming = { {
 constexpr unsigned int gsc_uiTextSize = 128; // room of the caller for a text of the base block
 
 // Letter 0 to 2 of the manufacturer code: five bits each, the first one highest, in bytes 8 and 9.
-char GetManufacturerLetter(unsigned char const* pui8Base, unsigned int uiLetter)
+char GetManufacturerLetter(const unsigned char* pui8Base, unsigned int uiLetter)
 {
-    unsigned int const uiCode = static_cast<unsigned int>(pui8Base[8]) << 8 | pui8Base[9];
+    const unsigned int uiCode = static_cast<unsigned int>(pui8Base[8]) << 8 | pui8Base[9];
     return static_cast<char>((uiCode >> (10 - 5 * uiLetter) & 0x1F) + 0x40);
 }
 
-int CheckIdentityBytes(CEdid const& oEdid)
+int CheckIdentityBytes(const CEdid& oEdid)
 {
-    unsigned char const* const pui8Base = oEdid.GetBaseBlock();
+    const unsigned char* const pui8Base = oEdid.GetBaseBlock();
     MTEST_STEP(GetManufacturerLetter(pui8Base, 0) == 'A' && GetManufacturerLetter(pui8Base, 1) == 'C' &&
                GetManufacturerLetter(pui8Base, 2) == 'I');
     MTEST_STEP(ReadLittleEndian(pui8Base + 10, 2) == 10228);
@@ -61,7 +61,7 @@ int CheckIdentityBytes(CEdid const& oEdid)
     return 1;
 }
 
-int CheckEstablished(CEdid const& oEdid, CTimingTable aoTable, int bVesaOnly)
+int CheckEstablished(const CEdid& oEdid, CTimingTable aoTable, int bVesaOnly)
 {
     MTEST_STEP(oEdid.GetEstablishedCount(bVesaOnly) == aoTable.size());
     for (unsigned int i = 0; i < aoTable.size(); ++i)
@@ -75,7 +75,7 @@ int CheckEstablished(CEdid const& oEdid, CTimingTable aoTable, int bVesaOnly)
     return 1;
 }
 
-int CheckBaseStandard(CEdid const& oEdid, CTimingTable aoTable)
+int CheckBaseStandard(const CEdid& oEdid, CTimingTable aoTable)
 {
     MTEST_STEP(oEdid.GetBaseStandardCount() == aoTable.size());
     int iNative = 0;
@@ -92,7 +92,7 @@ int CheckBaseStandard(CEdid const& oEdid, CTimingTable aoTable)
 }
 
 // One timing in the base block and four in the extension block; the base block's is 1920 x 1080 at 60.
-int CheckDetailed(CEdid const& oEdid)
+int CheckDetailed(const CEdid& oEdid)
 {
     MTEST_STEP(oEdid.GetDetailedCount() == 5);
 
@@ -109,9 +109,9 @@ int CheckDetailed(CEdid const& oEdid)
     return 1;
 }
 
-int CheckTextsAndSizes(CEdid const& oEdid, SEdidImage const& aui8Image)
+int CheckTextsAndSizes(const CEdid& oEdid, const SEdidImage& aui8Image)
 {
-    unsigned char const* const pui8Base = oEdid.GetBaseBlock();
+    const unsigned char* const pui8Base = oEdid.GetBaseBlock();
 
     char szName[gsc_uiTextSize] = {};
     MTEST_STEP(oEdid.GetMonitorName(szName, gsc_uiTextSize));
@@ -150,7 +150,7 @@ SAsusHdData GetAsusHdData()
              g_auiBaseStandardTiming };
 }
 
-int RunAsusHd(SAsusHdData const& oData)
+int RunAsusHd(const SAsusHdData& oData)
 {
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_paui8Image->data(), 256, 0));

@@ -19,7 +19,7 @@ constexpr SAudioDescriptor MakeDescriptor(unsigned int uiFormat, unsigned int ui
 }
 
 // Loads the image and gives its one block, with this many audio descriptors; null, and one line, when a step does not hold.
-CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, SEdidImage const& aui8Image, unsigned int uiCount)
+CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, const SEdidImage& aui8Image, unsigned int uiCount)
 {
     if (!LoadCopy(oEdid, aui8Image))
     {
@@ -42,13 +42,13 @@ CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, SEdidImage const& aui8Image, u
 }
 
 // Format, channels and frequencies; the extra byte is left out.
-bool IsSameKind(SAudioDescriptor const& oOne, SAudioDescriptor const& oOther)
+bool IsSameKind(const SAudioDescriptor& oOne, const SAudioDescriptor& oOther)
 {
     return oOne.m_eFormat == oOther.m_eFormat && oOne.m_uiChannels == oOther.m_uiChannels &&
            oOne.m_eSamplingFreq == oOther.m_eSamplingFreq;
 }
 
-int CheckKind(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAudioDescriptor const& oExpected)
+int CheckKind(const CEdidExtBlockCEA861& oBlock, unsigned int uiIndex, const SAudioDescriptor& oExpected)
 {
     SAudioDescriptor oDescriptor = {};
     MTEST_STEP(oBlock.GetAudioDescriptor(uiIndex, &oDescriptor));
@@ -57,7 +57,7 @@ int CheckKind(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAudioDes
 }
 
 // All four fields.
-int CheckDescriptor(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAudioDescriptor const& oExpected)
+int CheckDescriptor(const CEdidExtBlockCEA861& oBlock, unsigned int uiIndex, const SAudioDescriptor& oExpected)
 {
     SAudioDescriptor oDescriptor = {};
     MTEST_STEP(oBlock.GetAudioDescriptor(uiIndex, &oDescriptor));
@@ -65,7 +65,7 @@ int CheckDescriptor(CEdidExtBlockCEA861 const& oBlock, unsigned int uiIndex, SAu
     return 1;
 }
 
-int Test_Audio_Filter(SAudioData const& oData)
+int Test_Audio_Filter(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
@@ -73,19 +73,19 @@ int Test_Audio_Filter(SAudioData const& oData)
     SAudioDescriptor oRead = {};
     MTEST_STEP(poBlock->GetAudioDescriptor(0, &oRead));
     MTEST_STEP(IsSameKind(oRead, MakeDescriptor(1, 2, 7, 0)));
-    SAudioDescriptor const oFiltered = MakeDescriptor(1, 2, 3, oRead.m_uiExtra);
+    const SAudioDescriptor oFiltered = MakeDescriptor(1, 2, 3, oRead.m_uiExtra);
     MTEST_STEP(poBlock->SetAudioDescriptor(0, &oFiltered));
     MTEST_PASS_ON(CheckDescriptor(*poBlock, 0, oFiltered));
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Filtered->data()));
     return 1;
 }
 
-int Test_Audio_Add(SAudioData const& oData)
+int Test_Audio_Add(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8NoBlock, 0);
     MTEST_PASS_ON(poBlock != nullptr);
-    SAudioDescriptor const oAdded = MakeDescriptor(1, 2, 7, 7);
+    const SAudioDescriptor oAdded = MakeDescriptor(1, 2, 7, 7);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 1);
     MTEST_PASS_ON(CheckDescriptor(*poBlock, 0, oAdded));
@@ -94,7 +94,7 @@ int Test_Audio_Add(SAudioData const& oData)
 }
 
 // One byte is free until the last detailed timing goes.
-int Test_Audio_Add_Not_Enough_Space(SAudioData const& oData)
+int Test_Audio_Add_Not_Enough_Space(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8Full, 0);
@@ -103,17 +103,17 @@ int Test_Audio_Add_Not_Enough_Space(SAudioData const& oData)
     MTEST_STEP(poBlock->GetDetailedCount() == 5);
     MTEST_STEP(poBlock->RemoveDetailed(4));
     MTEST_STEP(poBlock->GetAvailableSpace() == 1 + gsc_uiDescriptorSize);
-    SAudioDescriptor const oAdded = MakeDescriptor(1, 2, 7, 7);
+    const SAudioDescriptor oAdded = MakeDescriptor(1, 2, 7, 7);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 1);
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8FullAdded->data()));
     return 1;
 }
 
-int Test_Audio_2Blocks(SAudioData const& oData)
+int Test_Audio_2Blocks(const SAudioData& oData)
 {
     CEdid oEdid;
-    CEdidExtBlockCEA861 const* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8TwoDescriptors, 2);
+    const CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8TwoDescriptors, 2);
     MTEST_PASS_ON(poBlock != nullptr);
     MTEST_PASS_ON(CheckDescriptor(*poBlock, 0, MakeDescriptor(2, 6, 7, 80)));
     MTEST_PASS_ON(CheckDescriptor(*poBlock, 1, MakeDescriptor(1, 2, 87, 7)));
@@ -121,13 +121,13 @@ int Test_Audio_2Blocks(SAudioData const& oData)
 }
 
 // A descriptor of another format joins the block that is there.
-int Test_Audio_AddAudioBlock(SAudioData const& oData)
+int Test_Audio_AddAudioBlock(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
     MTEST_PASS_ON(poBlock != nullptr);
     MTEST_PASS_ON(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
-    SAudioDescriptor const oAdded = MakeDescriptor(2, 2, 7, 0);
+    const SAudioDescriptor oAdded = MakeDescriptor(2, 2, 7, 0);
     poBlock->AddAudioDescriptor(&oAdded); // judged by what follows, not by its result
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 2);
     MTEST_PASS_ON(CheckKind(*poBlock, 0, MakeDescriptor(1, 2, 7, 0)));
@@ -137,7 +137,7 @@ int Test_Audio_AddAudioBlock(SAudioData const& oData)
 }
 
 // The last descriptor takes its data block with it.
-int Test_Audio_RemoveLastAudioBlock(SAudioData const& oData)
+int Test_Audio_RemoveLastAudioBlock(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
@@ -149,24 +149,24 @@ int Test_Audio_RemoveLastAudioBlock(SAudioData const& oData)
 }
 
 // A data block of ten is full: the eleventh descriptor opens a new one.
-int Test_Audio_10blocksPresents(SAudioData const& oData)
+int Test_Audio_10blocksPresents(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8Ten, 10);
     MTEST_PASS_ON(poBlock != nullptr);
-    SAudioDescriptor const oAdded = MakeDescriptor(11, 2, 7, 0);
+    const SAudioDescriptor oAdded = MakeDescriptor(11, 2, 7, 0);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 11);
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Eleven->data()));
     return 1;
 }
 
-int Test_Audio_Add2(SAudioData const& oData)
+int Test_Audio_Add2(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8OneBlock, 1);
     MTEST_PASS_ON(poBlock != nullptr);
-    SAudioDescriptor const oAdded = MakeDescriptor(11, 2, 7, 0);
+    const SAudioDescriptor oAdded = MakeDescriptor(11, 2, 7, 0);
     MTEST_STEP(poBlock->AddAudioDescriptor(&oAdded));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 2);
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Add2->data()));
@@ -174,13 +174,13 @@ int Test_Audio_Add2(SAudioData const& oData)
 }
 
 // A change in place moves nothing.
-int Test_Audio_Set(SAudioData const& oData)
+int Test_Audio_Set(const SAudioData& oData)
 {
     CEdid oEdid;
     CEdidExtBlockCEA861* const poBlock = LoadAudioBlock(oEdid, *oData.m_paui8Add2, 2);
     MTEST_PASS_ON(poBlock != nullptr);
     MTEST_PASS_ON(CheckKind(*poBlock, 1, MakeDescriptor(11, 2, 7, 0)));
-    SAudioDescriptor const oSet = MakeDescriptor(2, 2, 3, 0);
+    const SAudioDescriptor oSet = MakeDescriptor(2, 2, 3, 0);
     MTEST_STEP(poBlock->SetAudioDescriptor(1, &oSet));
     MTEST_STEP(poBlock->GetAudioDescriptorCount() == 2);
     MTEST_PASS_ON(CheckKind(*poBlock, 1, oSet));
@@ -208,7 +208,7 @@ SAudioData GetAudioData()
     return oData;
 }
 
-int RunAudio(SAudioData const& oData)
+int RunAudio(const SAudioData& oData)
 {
     MTEST_STEP(Test_Audio_Filter(oData));
     MTEST_STEP(Test_Audio_Add(oData));

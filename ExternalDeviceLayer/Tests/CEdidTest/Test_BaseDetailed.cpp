@@ -10,7 +10,7 @@ constexpr std::array<tagRVideo_VidParam, 2> g_auiBaseDetailedTiming = { { gsc_oL
 constexpr std::array<tagRVideo_VidParam, 1> g_auiBaseDetailedTiming1 = WithoutRows<1>(g_auiBaseDetailedTiming);
 
 // What is left of the two timings: the preferred one.
-int CheckPreferredLeft(CEdid const& oEdid, CVidParamTable aoTable)
+int CheckPreferredLeft(const CEdid& oEdid, CVidParamTable aoTable)
 {
     MTEST_STEP(oEdid.IsChecksumValid());
     MTEST_STEP(ValidateBaseDetailed(oEdid, static_cast<unsigned int>(aoTable.size()), aoTable.data()));
@@ -23,10 +23,10 @@ SBaseDetailedData GetBaseDetailedData()
     return { &BaseDetailed::g_auiDetailedEdidData, { g_auiBaseDetailedTiming, g_auiBaseDetailedTiming1 } };
 }
 
-int RunBaseDetailed(SBaseDetailedData const& oData)
+int RunBaseDetailed(const SBaseDetailedData& oData)
 {
-    CVidParamTable const& aoTiming = oData.m_aaoTiming[0];
-    CVidParamTable const& aoTiming1 = oData.m_aaoTiming[1];
+    const CVidParamTable& aoTiming = oData.m_aaoTiming[0];
+    const CVidParamTable& aoTiming1 = oData.m_aaoTiming[1];
 
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_paui8Image->data(), 256, 0));
@@ -39,7 +39,7 @@ int RunBaseDetailed(SBaseDetailedData const& oData)
     CRVidParamTiming oTiming;
     MTEST_STEP(IsPreferredTimingProtected(oEdid));
     MTEST_STEP(oEdid.CEdidBase::GetDetailed(0, &oTiming));
-    CRVidParamTiming const oPreferred(aoTiming1[0], eRVideoFamily_None);
+    const CRVidParamTiming oPreferred(aoTiming1[0], eRVideoFamily_None);
     MTEST_STEP(oEdid.CEdidBase::SetPreferredMode(&oPreferred));
     MTEST_STEP(IsPreferredTimingProtected(oEdid));
     MTEST_STEP(oEdid.CEdidBase::GetDetailed(0, &oTiming));

@@ -14,16 +14,16 @@ constexpr std::array<STimingData, 4> g_auiBaseStandardTiming = { {
 constexpr std::array<STimingData, 3> g_auiBaseStandardTiming1 = WithoutRows<0>(g_auiBaseStandardTiming);
 constexpr std::array<STimingData, 2> g_auiBaseStandardTiming2 = WithoutRows<0, 1>(g_auiBaseStandardTiming);
 
-unsigned int ReadSerialNumber(CEdid const& oEdid) { return ReadLittleEndian(oEdid.GetBaseBlock() + 12, 4); }
+unsigned int ReadSerialNumber(const CEdid& oEdid) { return ReadLittleEndian(oEdid.GetBaseBlock() + 12, 4); }
 
-bool HasSlotTiming(CEdid const& oEdid, unsigned int uiSlot)
+bool HasSlotTiming(const CEdid& oEdid, unsigned int uiSlot)
 {
     CVidParamTimingGeneric oTiming;
     return oEdid.GetBaseStandard(static_cast<CEdidBase::EStandardSlotIndex>(uiSlot), &oTiming, nullptr) != 0;
 }
 
 // The first uiUsed slots hold a timing, the others none.
-bool AreSlotsInFront(CEdid const& oEdid, unsigned int uiUsed)
+bool AreSlotsInFront(const CEdid& oEdid, unsigned int uiUsed)
 {
     for (unsigned int uiSlot = 0; uiSlot < 8; ++uiSlot)
     {
@@ -35,7 +35,7 @@ bool AreSlotsInFront(CEdid const& oEdid, unsigned int uiUsed)
     return true;
 }
 
-int Test_BaseManipulation(SEdidImage const& aui8Image)
+int Test_BaseManipulation(const SEdidImage& aui8Image)
 {
     CEdid oEdid;
     MTEST_STEP(LoadCopy(oEdid, aui8Image));
@@ -49,7 +49,7 @@ int Test_BaseManipulation(SEdidImage const& aui8Image)
 // Removes the first standard timing: the pairs behind it move to the front.
 int RemoveFirstStandard(CEdid& oEdid, CTimingTable aoLeft)
 {
-    unsigned int const uiLeft = static_cast<unsigned int>(aoLeft.size());
+    const unsigned int uiLeft = static_cast<unsigned int>(aoLeft.size());
     MTEST_STEP(oEdid.RemoveStandard(0));
     MTEST_STEP(oEdid.IsChecksumValid());
     MTEST_STEP(oEdid.GetBaseStandardCount() == uiLeft);
@@ -58,9 +58,9 @@ int RemoveFirstStandard(CEdid& oEdid, CTimingTable aoLeft)
     return 1;
 }
 
-int Test_BaseTimingStandard(SBaseStandardData const& oData)
+int Test_BaseTimingStandard(const SBaseStandardData& oData)
 {
-    CTimingTable const& aoTiming = oData.m_aaoTiming[0];
+    const CTimingTable& aoTiming = oData.m_aaoTiming[0];
 
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_paui8StandardImage->data(), 256, 0));
@@ -86,7 +86,7 @@ SBaseStandardData GetBaseStandardData()
              { g_auiBaseStandardTiming, g_auiBaseStandardTiming1, g_auiBaseStandardTiming2 } };
 }
 
-int RunBaseStandard(SBaseStandardData const& oData)
+int RunBaseStandard(const SBaseStandardData& oData)
 {
     MTEST_STEP(Test_BaseManipulation(*oData.m_paui8SerialImage));
     MTEST_STEP(Test_BaseTimingStandard(oData));

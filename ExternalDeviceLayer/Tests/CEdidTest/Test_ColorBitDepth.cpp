@@ -8,13 +8,13 @@ namespace
 {
 constexpr unsigned int gsc_uiDeepColor36And30 = 3; // depth bits of a vendor block: 36 and 30 bits for each pixel
 
-bool HasRevision(CEdid const& oEdid, unsigned int uiRevision)
+bool HasRevision(const CEdid& oEdid, unsigned int uiRevision)
 {
-    unsigned char const* const pui8Base = oEdid.GetBaseBlock();
+    const unsigned char* const pui8Base = oEdid.GetBaseBlock();
     return pui8Base[18] == 1 && pui8Base[19] == uiRevision;
 }
 
-int CheckBaseDepth(CEdid const& oEdid, CEdidBase::EColorBitDepth eExpected)
+int CheckBaseDepth(const CEdid& oEdid, CEdidBase::EColorBitDepth eExpected)
 {
     CEdidBase::EColorBitDepth eDepth = CEdidBase::eColorBitDepthReserved;
     MTEST_STEP(oEdid.GetColorBitDepth(eDepth));
@@ -36,7 +36,7 @@ SColorBitDepthData GetColorBitDepthData()
     return { &ColorBitDepth::g_auiColorBitDepthEdidData, &ColorBitDepth::g_auiColorBitDepthEdidData1 };
 }
 
-int RunColorBitDepth(SColorBitDepthData const& oData)
+int RunColorBitDepth(const SColorBitDepthData& oData)
 {
     CEdid oEdid;
     MTEST_STEP(LoadCopy(oEdid, *oData.m_paui8Image));

@@ -16,7 +16,7 @@ constexpr std::array<tagRVideo_VidParam, 1> g_auiDetailedTiming3 = WithoutRows<1
 constexpr std::array<tagRVideo_VidParam, 1> g_auiDetailedTiming4 = { { gsc_oLgUltraHdExt0 } };
 
 // Writes the timing as preferred timing and reads it back through the descriptor.
-int ReplacePreferredTiming(CEdid& oEdid, CRVidParamTiming const& oPreferred)
+int ReplacePreferredTiming(CEdid& oEdid, const CRVidParamTiming& oPreferred)
 {
     CRVidParamTiming oTiming;
     MTEST_STEP(oEdid.CEdidBase::SetPreferredMode(&oPreferred));
@@ -35,9 +35,9 @@ SExtDetailedData GetExtDetailedData()
              g_auiDetailedTiming4 };
 }
 
-int RunExtDetailed(SExtDetailedData const& oData)
+int RunExtDetailed(const SExtDetailedData& oData)
 {
-    CVidParamTable const& aoTiming = oData.m_aaoTiming[0];
+    const CVidParamTable& aoTiming = oData.m_aaoTiming[0];
 
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_apaui8Image[0]->data(), 256, 0));
@@ -45,7 +45,7 @@ int RunExtDetailed(SExtDetailedData const& oData)
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_apaui8Image[0]->data()));
     for (unsigned int uiIndex : { 3U, 2U, 1U }) // the last of them lies in the base block
     {
-        unsigned int const uiState = 4 - uiIndex;
+        const unsigned int uiState = 4 - uiIndex;
         MTEST_STEP(oEdid.RemoveDetailed(uiIndex));
         MTEST_STEP(HasDetailedState(oEdid, oData.m_aaoTiming[uiState], *oData.m_apaui8Image[uiState]));
     }

@@ -40,9 +40,9 @@ SExtDetailedData GetExtDetailed2Data()
              g_auiDetailedTiming4 };
 }
 
-int RunExtDetailed2(SExtDetailedData const& oData)
+int RunExtDetailed2(const SExtDetailedData& oData)
 {
-    CVidParamTable const& aoTiming = oData.m_aaoTiming[0];
+    const CVidParamTable& aoTiming = oData.m_aaoTiming[0];
 
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_apaui8Image[0]->data(), 256, 0));
@@ -54,7 +54,7 @@ int RunExtDetailed2(SExtDetailedData const& oData)
         MTEST_STEP(HasDetailedState(oEdid, oData.m_aaoTiming[uiState], *oData.m_apaui8Image[uiState]));
     }
 
-    CVidParamTimingGeneric const oPreferred = MakePreferredTiming();
+    const CVidParamTimingGeneric oPreferred = MakePreferredTiming();
     MTEST_STEP(oEdid.CEdidBase::SetPreferredMode(&oPreferred));
     MTEST_STEP(oEdid.IsChecksumValid());
     MTEST_STEP(

@@ -42,9 +42,9 @@ SExtStandardData GetExtStandardData()
                g_auiStandardTiming4 } };
 }
 
-int RunExtStandard(SExtStandardData const& oData)
+int RunExtStandard(const SExtStandardData& oData)
 {
-    CTimingTable const& aoTiming = oData.m_aaoTiming[0];
+    const CTimingTable& aoTiming = oData.m_aaoTiming[0];
 
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_apaui8Image[0]->data(), 256, 0));
@@ -52,7 +52,7 @@ int RunExtStandard(SExtStandardData const& oData)
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_apaui8Image[0]->data()));
     for (unsigned int i = 0; i < gsc_auiRemovedIndex.size(); ++i)
     {
-        CTimingTable const& aoLeft = oData.m_aaoTiming[i + 1];
+        const CTimingTable& aoLeft = oData.m_aaoTiming[i + 1];
         MTEST_STEP(RemoveAndValidateStandard(gsc_auiRemovedIndex[i], oEdid, static_cast<unsigned int>(aoLeft.size()),
                                              aoLeft.data(), 256, oData.m_apaui8Image[i + 1]->data()));
     }

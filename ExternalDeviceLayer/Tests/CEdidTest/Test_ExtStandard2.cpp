@@ -51,10 +51,10 @@ SExtStandard2Data GetExtStandard2Data()
              { g_auiStandard2Timing, g_auiStandard2Timing1 } };
 }
 
-int RunExtStandard2(SExtStandard2Data const& oData)
+int RunExtStandard2(const SExtStandard2Data& oData)
 {
-    CTimingTable const& aoTiming = oData.m_aaoTiming[0];
-    CTimingTable const& aoLeft = oData.m_aaoTiming[1];
+    const CTimingTable& aoTiming = oData.m_aaoTiming[0];
+    const CTimingTable& aoLeft = oData.m_aaoTiming[1];
 
     CEdid oEdid;
     MTEST_STEP(oEdid.SetEdidBuffer(oData.m_apaui8Image[0]->data(), 256, 0));

@@ -9,7 +9,7 @@ STimingsCompareData GetTimingsCompareData()
     return { &TimingsCompare::g_auiTimingsCompareEdidData, &TimingsCompare::g_auiTimingsCompareEdidData1 };
 }
 
-int RunTimingsCompare(STimingsCompareData const& oData)
+int RunTimingsCompare(const STimingsCompareData& oData)
 {
     CEdid oFirst;
     CEdid oSecond;

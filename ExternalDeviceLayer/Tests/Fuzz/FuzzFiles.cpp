@@ -21,7 +21,7 @@ public:
         ++m_iHeld;
         return ::operator new(ulSize);
     }
-    void Free(void const* p) override
+    void Free(const void* p) override
     {
         if (p != nullptr)
         {

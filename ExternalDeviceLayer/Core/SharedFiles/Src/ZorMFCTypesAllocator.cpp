@@ -11,7 +11,7 @@ void* CMAllocator::Alloc(unsigned long ulSize)
     return m_poGlobalAllocator != nullptr ? m_poGlobalAllocator->Alloc(ulSize) : operator new[](ulSize);
 }
 
-void CMAllocator::Free(void const* p)
+void CMAllocator::Free(const void* p)
 {
     if (m_poGlobalAllocator != nullptr)
     {

@@ -2,7 +2,7 @@
 
 #include "ZorMFCTypes/CMArrayString.h"
 
-CMString CMArrayString::Join(char const* pszSeparator) const
+CMString CMArrayString::Join(const char* pszSeparator) const
 {
     const CMString oSeparator(pszSeparator);
     CMString oJoined;
@@ -17,7 +17,7 @@ CMString CMArrayString::Join(char const* pszSeparator) const
     return oJoined;
 }
 
-int CMArrayString::InitFromString(char const* pszText, char const* pszSeparators)
+int CMArrayString::InitFromString(const char* pszText, const char* pszSeparators)
 {
     const CMString oText(pszText);
     const CMString::CIterator oEnd = oText.End();

@@ -12,10 +12,10 @@ namespace
 {
 constexpr CMString gsc_oEmptyString;
 
-int LengthOf(char const* pszText) { return pszText != nullptr ? static_cast<int>(ZorTools_strlen(pszText)) : 0; }
+int LengthOf(const char* pszText) { return pszText != nullptr ? static_cast<int>(ZorTools_strlen(pszText)) : 0; }
 
 // A source of no characters may be null.
-void CopyChars(char* pszDestination, char const* pszSource, int iCount)
+void CopyChars(char* pszDestination, const char* pszSource, int iCount)
 {
     if (iCount > 0)
     {
@@ -24,7 +24,7 @@ void CopyChars(char* pszDestination, char const* pszSource, int iCount)
 }
 
 // For ranges that may overlap.
-void MoveChars(char* pszDestination, char const* pszSource, int iCount)
+void MoveChars(char* pszDestination, const char* pszSource, int iCount)
 {
     ZorTools_memmove(pszDestination, pszSource, static_cast<unsigned int>(iCount));
 }
@@ -39,7 +39,7 @@ char ToUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' +
 
 char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-bool IsOneOf(char c, char const* pszTargets) { return c != '\0' && ZorTools_strchr(pszTargets, c) != nullptr; }
+bool IsOneOf(char c, const char* pszTargets) { return c != '\0' && ZorTools_strchr(pszTargets, c) != nullptr; }
 }
 
 constinit CMString* const CMString::m_poEmptyString = const_cast<CMString*>(&gsc_oEmptyString);
@@ -65,7 +65,7 @@ bool CMString::AllocData(int iLength)
     return true;
 }
 
-void CMString::FreeData(SMetaData const* poData) { CMAllocator().Free(poData); }
+void CMString::FreeData(const SMetaData* poData) { CMAllocator().Free(poData); }
 
 void CMString::Release()
 {
@@ -92,7 +92,7 @@ void CMString::Release(SMetaData* poData)
     }
 }
 
-void CMString::Share(CMString const& oSource)
+void CMString::Share(const CMString& oSource)
 {
     SMetaData* poData = oSource.GetMetaData();
     if (poData->m_iRefs == 0)
@@ -130,7 +130,7 @@ bool CMString::AllocBeforeWrite(int iLength)
     return true;
 }
 
-void CMString::AssignCopy(int iLength, char const* pszText)
+void CMString::AssignCopy(int iLength, const char* pszText)
 {
     if (iLength == 0 || pszText == nullptr)
     {
@@ -154,7 +154,7 @@ void CMString::AllocCopy(CMString& oDestination, int iCopyLength, int iCopyIndex
     }
 }
 
-bool CMString::ConcatCopy(int iLength1, char const* pszText1, int iLength2, char const* pszText2)
+bool CMString::ConcatCopy(int iLength1, const char* pszText1, int iLength2, const char* pszText2)
 {
     if (!AllocData(SumOfLengths(iLength1, iLength2)))
     {
@@ -179,7 +179,7 @@ void CMString::SetLength(int iLength)
 
 // ---- Making and assigning ----
 
-CMString::CMString(char const* pszText) : m_pszData(m_pszNil) { AssignCopy(LengthOf(pszText), pszText); }
+CMString::CMString(const char* pszText) : m_pszData(m_pszNil) { AssignCopy(LengthOf(pszText), pszText); }
 
 CMString::CMString(char c, int iCount) : m_pszData(m_pszNil)
 {
@@ -191,7 +191,7 @@ CMString::CMString(char c, int iCount) : m_pszData(m_pszNil)
 
 CMString::CMString(char c, unsigned int uiCount) : CMString(c, static_cast<int>(uiCount)) {}
 
-CMString::CMString(CMString const& oSource) : m_pszData(m_pszNil)
+CMString::CMString(const CMString& oSource) : m_pszData(m_pszNil)
 {
     if (oSource.GetMetaData()->m_iRefs < 0)
     {
@@ -201,7 +201,7 @@ CMString::CMString(CMString const& oSource) : m_pszData(m_pszNil)
     Share(oSource);
 }
 
-CMString& CMString::operator=(CMString const& oSource)
+CMString& CMString::operator=(const CMString& oSource)
 {
     if (this == &oSource || m_pszData == oSource.m_pszData)
     {
@@ -218,7 +218,7 @@ CMString& CMString::operator=(CMString const& oSource)
     return *this;
 }
 
-CMString& CMString::operator=(char const* pszText)
+CMString& CMString::operator=(const char* pszText)
 {
     AssignCopy(LengthOf(pszText), pszText);
     return *this;
@@ -232,7 +232,7 @@ CMString& CMString::operator=(char c)
 
 // ---- Appending ----
 
-void CMString::ConcatInPlace(int iLength, char const* pszText)
+void CMString::ConcatInPlace(int iLength, const char* pszText)
 {
     if (iLength == 0 || pszText == nullptr)
     {
@@ -264,47 +264,47 @@ CMString& CMString::operator+=(char c)
     return *this;
 }
 
-CMString& CMString::operator+=(char const* pszText)
+CMString& CMString::operator+=(const char* pszText)
 {
     ConcatInPlace(LengthOf(pszText), pszText);
     return *this;
 }
 
-CMString& CMString::operator+=(CMString const& oText)
+CMString& CMString::operator+=(const CMString& oText)
 {
     ConcatInPlace(oText.GetLength(), oText.m_pszData);
     return *this;
 }
 
-CMString operator+(CMString const& oFirst, CMString const& oSecond)
+CMString operator+(const CMString& oFirst, const CMString& oSecond)
 {
     CMString oSum;
     oSum.ConcatCopy(oFirst.GetLength(), oFirst.m_pszData, oSecond.GetLength(), oSecond.m_pszData);
     return oSum;
 }
 
-CMString operator+(CMString const& oFirst, char const* pszSecond)
+CMString operator+(const CMString& oFirst, const char* pszSecond)
 {
     CMString oSum;
     oSum.ConcatCopy(oFirst.GetLength(), oFirst.m_pszData, LengthOf(pszSecond), pszSecond);
     return oSum;
 }
 
-CMString operator+(char const* pszFirst, CMString const& oSecond)
+CMString operator+(const char* pszFirst, const CMString& oSecond)
 {
     CMString oSum;
     oSum.ConcatCopy(LengthOf(pszFirst), pszFirst, oSecond.GetLength(), oSecond.m_pszData);
     return oSum;
 }
 
-CMString operator+(CMString const& oFirst, char cSecond)
+CMString operator+(const CMString& oFirst, char cSecond)
 {
     CMString oSum;
     oSum.ConcatCopy(oFirst.GetLength(), oFirst.m_pszData, 1, &cSecond);
     return oSum;
 }
 
-CMString operator+(char cFirst, CMString const& oSecond)
+CMString operator+(char cFirst, const CMString& oSecond)
 {
     CMString oSum;
     oSum.ConcatCopy(1, &cFirst, oSecond.GetLength(), oSecond.m_pszData);
@@ -414,11 +414,11 @@ int CMString::Find(char c, int iStart) const
     {
         return -1;
     }
-    char const* pszFound = ZorTools_strchr(m_pszData + iStart, c);
+    const char* pszFound = ZorTools_strchr(m_pszData + iStart, c);
     return pszFound != nullptr ? static_cast<int>(pszFound - m_pszData) : -1;
 }
 
-int CMString::Find(char const* pszText, int iStart) const
+int CMString::Find(const char* pszText, int iStart) const
 {
     if (pszText == nullptr)
     {
@@ -429,13 +429,13 @@ int CMString::Find(char const* pszText, int iStart) const
     {
         return -1;
     }
-    char const* pszFound = ZorTools_strstr(m_pszData + iStart, pszText);
+    const char* pszFound = ZorTools_strstr(m_pszData + iStart, pszText);
     return pszFound != nullptr ? static_cast<int>(pszFound - m_pszData) : -1;
 }
 
 int CMString::ReverseFind(char c) const
 {
-    char const* pszFound = ZorTools_strrchr(m_pszData, c);
+    const char* pszFound = ZorTools_strrchr(m_pszData, c);
     return pszFound != nullptr ? static_cast<int>(pszFound - m_pszData) : -1;
 }
 
@@ -445,11 +445,11 @@ int CMString::FindNoCase(char c, int iStart) const
     return oUpper.MakeUpper().Find(ToUpper(c), iStart);
 }
 
-int CMString::FindNoCase(char const* pszText, int iStart) const
+int CMString::FindNoCase(const char* pszText, int iStart) const
 {
     CMString oUpper(*this);
     CMString oUpperText(pszText);
-    return oUpper.MakeUpper().Find(static_cast<char const*>(oUpperText.MakeUpper()), iStart);
+    return oUpper.MakeUpper().Find(static_cast<const char*>(oUpperText.MakeUpper()), iStart);
 }
 
 int CMString::ReverseFindNoCase(char c) const
@@ -508,15 +508,15 @@ int CMString::Insert(int iIndex, char c)
     return InsertText(iIndex, 1, &c);
 }
 
-int CMString::Insert(int iIndex, char const* pszText)
+int CMString::Insert(int iIndex, const char* pszText)
 {
     const int iLength = LengthOf(pszText);
     if (iLength == 0)
     {
         return GetLength();
     }
-    const bool bIsOwnText = std::greater_equal<char const*>()(pszText, m_pszData) &&
-                            std::less_equal<char const*>()(pszText, m_pszData + GetLength());
+    const bool bIsOwnText = std::greater_equal<const char*>()(pszText, m_pszData) &&
+                            std::less_equal<const char*>()(pszText, m_pszData + GetLength());
     if (bIsOwnText)
     {
         const CMString oText(pszText); // the characters move while they are inserted
@@ -528,7 +528,7 @@ int CMString::Insert(int iIndex, char const* pszText)
 }
 
 // The string's buffer is its own; pszText lies outside it.
-int CMString::InsertText(int iIndex, int iLength, char const* pszText)
+int CMString::InsertText(int iIndex, int iLength, const char* pszText)
 {
     const int iOldLength = GetLength();
     const int iNewLength = SumOfLengths(iOldLength, iLength);
@@ -574,7 +574,7 @@ void CMString::Empty()
     SetLength(0);
 }
 
-CMString& CMString::TrimLeft(char const* pszTargets)
+CMString& CMString::TrimLeft(const char* pszTargets)
 {
     if (LengthOf(pszTargets) == 0)
     {
@@ -595,7 +595,7 @@ CMString& CMString::TrimLeft(char const* pszTargets)
     return *this;
 }
 
-CMString& CMString::TrimRight(char const* pszTargets)
+CMString& CMString::TrimRight(const char* pszTargets)
 {
     if (LengthOf(pszTargets) == 0)
     {
@@ -614,7 +614,7 @@ CMString& CMString::TrimRight(char const* pszTargets)
     return *this;
 }
 
-CMString& CMString::Trim(char const* pszTargets) { return TrimLeft(pszTargets).TrimRight(pszTargets); }
+CMString& CMString::Trim(const char* pszTargets) { return TrimLeft(pszTargets).TrimRight(pszTargets); }
 
 // ---- Taking parts ----
 

@@ -45,15 +45,15 @@ public:
     long long TakeLongLong() { return va_arg(m_oList, long long); }
     double TakeDouble() { return va_arg(m_oList, double); }
     void* TakePointer() { return va_arg(m_oList, void*); }
-    char const* TakeText() { return va_arg(m_oList, char const*); }
-    wchar_t const* TakeWideText() { return va_arg(m_oList, wchar_t const*); }
+    const char* TakeText() { return va_arg(m_oList, const char*); }
+    const wchar_t* TakeWideText() { return va_arg(m_oList, const wchar_t*); }
 
 private:
     va_list m_oList;
 };
 
 // Reads a decimal number and skips its digits.
-int ReadNumber(char const*& pszFormat)
+int ReadNumber(const char*& pszFormat)
 {
     const int iNumber = ZorTools_atoi(pszFormat);
     while (ZorTools_isDigit(static_cast<unsigned char>(*pszFormat)) != 0)
@@ -74,7 +74,7 @@ int CheckNumber(int iNumber)
 }
 
 // Flags and width; iExtra receives the room for prefixes such as "0x".
-int ReadWidth(char const*& pszFormat, CArguments& oArguments, long long& iExtra)
+int ReadWidth(const char*& pszFormat, CArguments& oArguments, long long& iExtra)
 {
     int iWidth = 0;
     bool bIsArgument = false;
@@ -100,7 +100,7 @@ int ReadWidth(char const*& pszFormat, CArguments& oArguments, long long& iExtra)
     }
 }
 
-int ReadPrecision(char const*& pszFormat, CArguments& oArguments)
+int ReadPrecision(const char*& pszFormat, CArguments& oArguments)
 {
     if (*pszFormat != '.')
     {
@@ -115,7 +115,7 @@ int ReadPrecision(char const*& pszFormat, CArguments& oArguments)
     return CheckNumber(oArguments.TakeInt());
 }
 
-ESizeClass ReadSizeClass(char const*& pszFormat)
+ESizeClass ReadSizeClass(const char*& pszFormat)
 {
     if (ZorTools_strncmp(pszFormat, "ll", 2) == 0)
     {
@@ -238,7 +238,7 @@ long long ItemLength(const SItem& oItem, CArguments& oArguments)
 }
 }
 
-void CMString::Format(char const* pszFormat, ...)
+void CMString::Format(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
@@ -246,7 +246,7 @@ void CMString::Format(char const* pszFormat, ...)
     va_end(oList);
 }
 
-void CMString::FormatV(char const* pszFormat, va_list oList)
+void CMString::FormatV(const char* pszFormat, va_list oList)
 {
     if (pszFormat == nullptr)
     {
@@ -271,7 +271,7 @@ void CMString::FormatV(char const* pszFormat, va_list oList)
     }
 }
 
-void CMString::AppendFormat(char const* pszFormat, ...)
+void CMString::AppendFormat(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
@@ -279,7 +279,7 @@ void CMString::AppendFormat(char const* pszFormat, ...)
     va_end(oList);
 }
 
-void CMString::AppendFormatV(char const* pszFormat, va_list oList)
+void CMString::AppendFormatV(const char* pszFormat, va_list oList)
 {
     if (pszFormat == nullptr)
     {
@@ -301,7 +301,7 @@ void CMString::AppendFormatV(char const* pszFormat, va_list oList)
 }
 
 // uiSize characters at pszAt belong to the buffer, the terminator counted.
-int CMString::PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
+int CMString::PrintInto(char* pszAt, unsigned int uiSize, const char* pszFormat, va_list oList)
 {
     const int iResult = ZorTools_vsprintf_s(pszAt, uiSize, pszFormat, oList);
     if (iResult < 0)
@@ -312,7 +312,7 @@ int CMString::PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat,
     return iResult;
 }
 
-int CMString::GetFormattedLength(char const* pszFormat, va_list oList)
+int CMString::GetFormattedLength(const char* pszFormat, va_list oList)
 {
     if (pszFormat == nullptr)
     {

@@ -8,7 +8,7 @@
 namespace
 {
 // Two null fields agree, a null and a non-null one do not.
-bool IsSameText(char const* pszFirst, char const* pszSecond)
+bool IsSameText(const char* pszFirst, const char* pszSecond)
 {
     if (pszFirst == nullptr || pszSecond == nullptr)
     {
@@ -18,11 +18,11 @@ bool IsSameText(char const* pszFirst, char const* pszSecond)
 }
 }
 
-CMString::CIterator CMString::Begin(char const* pszSeparators) const { return CIterator(pszSeparators, m_pszData); }
+CMString::CIterator CMString::Begin(const char* pszSeparators) const { return CIterator(pszSeparators, m_pszData); }
 
 CMString::CIterator CMString::End() const { return CIterator(); }
 
-CMString::CIterator::CIterator(char const* pszSeparators, char const* pszText)
+CMString::CIterator::CIterator(const char* pszSeparators, const char* pszText)
 {
     if (pszSeparators == nullptr)
     {
@@ -39,9 +39,9 @@ CMString::CIterator::CIterator(char const* pszSeparators, char const* pszText)
     }
 }
 
-CMString::CIterator::CIterator(CIterator const& oSource) { *this = oSource; }
+CMString::CIterator::CIterator(const CIterator& oSource) { *this = oSource; }
 
-CMString::CIterator& CMString::CIterator::operator=(CIterator const& oSource)
+CMString::CIterator& CMString::CIterator::operator=(const CIterator& oSource)
 {
     if (this == &oSource)
     {
@@ -61,7 +61,7 @@ CMString::CIterator& CMString::CIterator::operator=(CIterator const& oSource)
 CMString::CIterator::~CIterator() { Reset(); }
 
 // oText is a copy already; this one shares its buffer.
-void CMString::CIterator::SetText(CMString const& oText)
+void CMString::CIterator::SetText(const CMString& oText)
 {
     m_poText = new (CMAllocator().Alloc(sizeof(CMString))) CMString(oText);
 }
@@ -101,10 +101,10 @@ CMString::CIterator CMString::CIterator::operator++(int)
 
 CMString CMString::CIterator::operator*() const { return CMString(m_pszToken); }
 
-bool CMString::CIterator::operator==(CIterator const& oOther) const
+bool CMString::CIterator::operator==(const CIterator& oOther) const
 {
-    char const* pszText = m_poText != nullptr ? static_cast<char const*>(*m_poText) : nullptr;
-    char const* pszOtherText = oOther.m_poText != nullptr ? static_cast<char const*>(*oOther.m_poText) : nullptr;
+    const char* pszText = m_poText != nullptr ? static_cast<const char*>(*m_poText) : nullptr;
+    const char* pszOtherText = oOther.m_poText != nullptr ? static_cast<const char*>(*oOther.m_poText) : nullptr;
     return IsSameText(pszText, pszOtherText) && IsSameText(m_pszSeparators, oOther.m_pszSeparators) &&
            IsSameText(m_pszContext, oOther.m_pszContext) && IsSameText(m_pszToken, oOther.m_pszToken);
 }

@@ -143,9 +143,9 @@ int CEdid::IsChecksumValid() const
     return 1;
 }
 
-CMArray<unsigned char, unsigned char const&> CEdid::GetEdidBuffer() const
+CMArray<unsigned char, const unsigned char&> CEdid::GetEdidBuffer() const
 {
-    CMArray<unsigned char, unsigned char const&> aui8Buffer;
+    CMArray<unsigned char, const unsigned char&> aui8Buffer;
     aui8Buffer.SetCount(CEdidUtils::msc_uiBlockSize, -1);
     ZorTools_memcpy(aui8Buffer.GetData(), m_aui8Edid, CEdidUtils::msc_uiBlockSize);
     for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
@@ -178,8 +178,8 @@ unsigned int CEdid::GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Buffer
 
 int CEdid::operator==(const CEdid& oOther) const
 {
-    const CMArray<unsigned char, unsigned char const&> aui8Other = oOther.GetEdidBuffer();
-    const CMArray<unsigned char, unsigned char const&> aui8Own = GetEdidBuffer();
+    const CMArray<unsigned char, const unsigned char&> aui8Other = oOther.GetEdidBuffer();
+    const CMArray<unsigned char, const unsigned char&> aui8Own = GetEdidBuffer();
     if (aui8Own.GetCount() != aui8Other.GetCount())
     {
         return 0;

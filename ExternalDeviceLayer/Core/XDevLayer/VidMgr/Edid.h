@@ -52,7 +52,7 @@ public:
 
     // The present bytes of all blocks, in order. Nothing is repaired: byte 126 stays as loaded, also when blocks were
     // dropped. Always starts with the 128 bytes of the base block, zero for an empty object.
-    CMArray<unsigned char, unsigned char const&> GetEdidBuffer() const;
+    CMArray<unsigned char, const unsigned char&> GetEdidBuffer() const;
 
     // Copies as many of these bytes as fit into uiSize and returns their number; 0 for null and for an empty object.
     unsigned int GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Buffer) const;

@@ -249,7 +249,7 @@ protected:
     unsigned char m_aui8Edid[CEdidUtils::msc_uiBlockSize];
     unsigned int m_auiEstablishedMask[msc_uiEstablishedCount];    // EEstablishedTiming, in the order of the list walk
     unsigned int m_uiEdidSize;                                    // bytes held: 0 or 128
-    CMArray<unsigned int, unsigned int const&> m_aoStandardSlots; // numbers of the slots whose pair gives a timing
+    CMArray<unsigned int, const unsigned int&> m_aoStandardSlots; // numbers of the slots whose pair gives a timing
 
 private:
     void FillEstablishedMask();

@@ -28,7 +28,7 @@ int CEdidExtBlock::GetTopologyDescription(unsigned int& uiTileLocationX, unsigne
     return 0;
 }
 
-CEdidExtBlock* CEdidExtBlock::CreateExtensionBlock(unsigned int uiSize, unsigned char const* pui8Data,
+CEdidExtBlock* CEdidExtBlock::CreateExtensionBlock(unsigned int uiSize, const unsigned char* pui8Data,
                                                    unsigned int uiStripFlags)
 {
     if (CEdidExtBlockCEA861::IsSupported(uiSize, pui8Data) != 0)

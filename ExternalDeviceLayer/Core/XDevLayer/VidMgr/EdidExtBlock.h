@@ -26,10 +26,10 @@ public:
 
     virtual unsigned int GetExtensionType() const = 0; // extension tag: 2 CEA-861, 112 DisplayID
     virtual unsigned int GetSize() const = 0;          // number of raw bytes held
-    virtual unsigned char const* GetData() const = 0;  // the raw bytes; owned by the block, valid as long as it lives
+    virtual const unsigned char* GetData() const = 0;  // the raw bytes; owned by the block, valid as long as it lives
     // Copies at most uiSize bytes to pui8Data and returns their number.
     virtual unsigned int GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Data) const = 0;
-    virtual CMArray<unsigned char, unsigned char const&> GetEdidBuffer() const = 0; // a copy of the raw bytes
+    virtual CMArray<unsigned char, const unsigned char&> GetEdidBuffer() const = 0; // a copy of the raw bytes
     virtual unsigned int GetRevision() const = 0;
     virtual int IsChecksumValid() const = 0; // non-zero when the stored checksum holds
     virtual int IsStripped() const = 0;      // non-zero when data blocks were removed while loading
@@ -65,7 +65,7 @@ public:
     //   uiStripFlags      what a CEA-861 block leaves out, CEdidExtBlockCEA861::EStripFlags; 0 for nothing
     // The caller owns the object and deletes it through this interface. Null after an assertion line for a block of
     // another kind, with a wrong checksum, or too short.
-    static CEdidExtBlock* CreateExtensionBlock(unsigned int uiSize, unsigned char const* pui8Data,
+    static CEdidExtBlock* CreateExtensionBlock(unsigned int uiSize, const unsigned char* pui8Data,
                                                unsigned int uiStripFlags);
 
 protected:

@@ -23,7 +23,7 @@ static_assert(sizeof(CEdidUtils::SEdidDetailedRaw) == gsc_uiDetailedSize && alig
 constexpr unsigned char gsc_aui8EmptyVendorPayload[] = { 0x03, 0x0C, 0x00, 0x01, 0x00, 0x00 };
 }
 
-CEdidExtBlockCEA861::CEdidExtBlockCEA861(unsigned int uiSize, unsigned char const* pui8Data, unsigned int uiStripFlags)
+CEdidExtBlockCEA861::CEdidExtBlockCEA861(unsigned int uiSize, const unsigned char* pui8Data, unsigned int uiStripFlags)
     : m_uiExtensionType(0), m_uiRevision(0), m_bStripped(0)
 {
     if (!IsSupported(uiSize, pui8Data))
@@ -40,7 +40,7 @@ CEdidExtBlockCEA861::CEdidExtBlockCEA861(unsigned int uiSize, unsigned char cons
 
 CEdidExtBlockCEA861::~CEdidExtBlockCEA861() = default;
 
-int CEdidExtBlockCEA861::IsSupported(unsigned int uiSize, unsigned char const* pui8Data)
+int CEdidExtBlockCEA861::IsSupported(unsigned int uiSize, const unsigned char* pui8Data)
 {
     if (uiSize < gsc_uiCea861Size || pui8Data == nullptr)
     {
@@ -56,7 +56,7 @@ unsigned int CEdidExtBlockCEA861::GetExtensionType() const { return m_uiExtensio
 
 unsigned int CEdidExtBlockCEA861::GetSize() const { return m_aui8Raw.GetCount(); }
 
-unsigned char const* CEdidExtBlockCEA861::GetData() const { return m_aui8Raw.GetData(); }
+const unsigned char* CEdidExtBlockCEA861::GetData() const { return m_aui8Raw.GetData(); }
 
 unsigned int CEdidExtBlockCEA861::GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Data) const
 {
@@ -69,7 +69,7 @@ unsigned int CEdidExtBlockCEA861::GetEdidBuffer(unsigned int uiSize, unsigned ch
     return uiCount;
 }
 
-CMArray<unsigned char, unsigned char const&> CEdidExtBlockCEA861::GetEdidBuffer() const { return m_aui8Raw; }
+CMArray<unsigned char, const unsigned char&> CEdidExtBlockCEA861::GetEdidBuffer() const { return m_aui8Raw; }
 
 unsigned int CEdidExtBlockCEA861::GetRevision() const { return m_uiRevision; }
 
@@ -92,7 +92,7 @@ int CEdidExtBlockCEA861::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTi
         return 0;
     }
     poTiming->ClearData();
-    CEdidUtils::SEdidDetailedRaw const* poRaw = m_apoDetailed.GetData()[uiIndex];
+    const CEdidUtils::SEdidDetailedRaw* poRaw = m_apoDetailed.GetData()[uiIndex];
     if (poRaw == nullptr)
     {
         MASSERT_FAILED();
@@ -139,7 +139,7 @@ unsigned int CEdidExtBlockCEA861::GetDetailedTimingsOffset(unsigned int uiIndex)
         return 0;
     }
     const unsigned int uiOffset = uiStart + gsc_uiDetailedSize * uiIndex;
-    unsigned char const* pui8Clock = m_aui8Raw.GetData() + uiOffset; // a pixel clock of 0 marks the end of the list
+    const unsigned char* pui8Clock = m_aui8Raw.GetData() + uiOffset; // a pixel clock of 0 marks the end of the list
     return pui8Clock[0] != 0 || pui8Clock[1] != 0 ? uiOffset : 0;
 }
 

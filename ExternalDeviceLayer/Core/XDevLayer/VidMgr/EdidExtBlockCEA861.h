@@ -122,26 +122,26 @@ public:
 
     // Takes a copy of the first 128 bytes, strips what uiStripFlags (EStripFlags) asks for and derives the lists.
     // When IsSupported refuses the bytes the object stays empty: size, counts and offsets are 0, additions are refused.
-    CEdidExtBlockCEA861(unsigned int uiSize, unsigned char const* pui8Data, unsigned int uiStripFlags);
+    CEdidExtBlockCEA861(unsigned int uiSize, const unsigned char* pui8Data, unsigned int uiStripFlags);
     ~CEdidExtBlockCEA861() override;
 
-    CEdidExtBlockCEA861(CEdidExtBlockCEA861 const&) = delete;
-    CEdidExtBlockCEA861& operator=(CEdidExtBlockCEA861 const&) = delete;
+    CEdidExtBlockCEA861(const CEdidExtBlockCEA861&) = delete;
+    CEdidExtBlockCEA861& operator=(const CEdidExtBlockCEA861&) = delete;
     CEdidExtBlockCEA861(CEdidExtBlockCEA861&&) = delete;
     CEdidExtBlockCEA861& operator=(CEdidExtBlockCEA861&&) = delete;
 
     // Non-zero when this class takes the block: tag 2, revision 0 to 3 and a checksum that holds over all uiSize bytes.
     // Fewer than 128 bytes or null data report an assertion failure and give 0.
-    static int IsSupported(unsigned int uiSize, unsigned char const* pui8Data);
+    static int IsSupported(unsigned int uiSize, const unsigned char* pui8Data);
 
     // ---- CEdidExtBlock ----
 
     unsigned int GetExtensionType() const override; // 2, or 0 for an empty object
     unsigned int GetSize() const override;          // 128, or 0 for an empty object
-    unsigned char const* GetData() const override;
+    const unsigned char* GetData() const override;
     // Copies at most uiSize bytes to pui8Data and returns their number; 0 for a size of 0 or a null pointer.
     unsigned int GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Data) const override;
-    CMArray<unsigned char, unsigned char const&> GetEdidBuffer() const override;
+    CMArray<unsigned char, const unsigned char&> GetEdidBuffer() const override;
     unsigned int GetRevision() const override;
     int IsChecksumValid() const override;
     // Non-zero when stripping at load changed something; a request that found nothing to strip leaves it 0.
@@ -237,10 +237,10 @@ public:
     int GetAudioDescriptor(unsigned int uiIndex, SAudioDescriptor* poDescriptor) const;
     // Rewrites the three bytes in place, except for bit 7 of the first two. Refuses null, an index at or above the
     // count and fewer than 2 channels.
-    int SetAudioDescriptor(unsigned int uiIndex, SAudioDescriptor const* poDescriptor);
+    int SetAudioDescriptor(unsigned int uiIndex, const SAudioDescriptor* poDescriptor);
     // Appends to the first audio block while that has room for three more bytes, else opens a new block behind all data
     // blocks; sets the basic audio flag. Refuses null, fewer than 2 channels and a lack of space.
-    int AddAudioDescriptor(SAudioDescriptor const* poDescriptor);
+    int AddAudioDescriptor(const SAudioDescriptor* poDescriptor);
     // The last descriptor of a block takes the block with it. Clears the basic audio flag when neither an audio
     // descriptor nor a speaker entry is left.
     int RemoveAudioDescriptor(unsigned int uiIndex);
@@ -248,9 +248,9 @@ public:
     unsigned int ExtractAudioInfo();
 
     // Name of a format; empty for 0 and above 20.
-    static CMString GetAudioFormatStr(EAudioFormat const& eFormat);
+    static CMString GetAudioFormatStr(const EAudioFormat& eFormat);
     // Name of one rate, in kHz without decimals; empty for any other value, several bits at once included.
-    static CMString GetAudioSamplingFreqStr(EAudioSamplingFreq const& eFreq);
+    static CMString GetAudioSamplingFreqStr(const EAudioSamplingFreq& eFreq);
 
     // ---- Speakers ----
 
@@ -306,11 +306,11 @@ private:
     unsigned int FindDataBlock(TAG eTag, unsigned int uiIndex, unsigned int* puiLength) const;
     SAudioPlace FindAudioDescriptor(unsigned int uiIndex) const;
     SVicCodeEntry GetVicCodeEntry(unsigned int uiIndex) const;
-    void ListTimings(SAllCodes const& oCodes);
-    void List420Timings(SAllCodes const& oCodes);
+    void ListTimings(const SAllCodes& oCodes);
+    void List420Timings(const SAllCodes& oCodes);
     unsigned int GetMost420Timings() const;
-    int RemoveSvd(SVicCodeEntryLookUp const& oLookUp, SRemovedSvds& oRemoved);
-    int RemoveHdmiVic(SVicCodeEntryLookUp const& oLookUp);
+    int RemoveSvd(const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved);
+    int RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp);
 
     void InsertDataRange(unsigned int uiStart, unsigned int uiLength);
     unsigned int OpenDataBlock(ECea861_DataBlockTags eTag, unsigned int uiLength);
@@ -322,16 +322,16 @@ private:
     void SetBasicAudio();
     int ClearBasicAudio();
 
-    CMArray<unsigned char, unsigned char const&> m_aui8Raw;
+    CMArray<unsigned char, const unsigned char&> m_aui8Raw;
     unsigned int m_uiExtensionType;
     unsigned int m_uiRevision;
     // Pointers into m_aui8Raw, in block order; not owned. Safe because m_aui8Raw is sized once, in the constructor, and
     // every descriptor found lies within it. After RemoveStandard they still point at the old places.
     CMArray<CEdidUtils::SEdidDetailedRaw*, CEdidUtils::SEdidDetailedRaw* const&> m_apoDetailed;
-    CMArray<SVicCodeEntry, SVicCodeEntry const&> m_aoVicCode; // ordinary timings
-    CMArray<SVicCodeEntryLookUp, SVicCodeEntryLookUp const&> m_aoVicLookUp;
-    CMArray<SVicCodeEntry, SVicCodeEntry const&> m_aoVicCode420; // timings in YCbCr 4:2:0
+    CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode; // ordinary timings
+    CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;
+    CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode420; // timings in YCbCr 4:2:0
     int m_bStripped;
-    CMArray<SAudioDescriptor, SAudioDescriptor const&> m_aoAudio;
-    CMArray<unsigned int, unsigned int const&> m_auiSpeaker;
+    CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
+    CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
 };

@@ -29,7 +29,7 @@ constexpr unsigned int gsc_uiSpeakerSize = 3;
 constexpr unsigned int gsc_uiSpeakerHighShift = 8;
 constexpr unsigned int gsc_uiSpeakerHighBits = 0x07;
 
-constexpr char const* gsc_apszFormatNames[] = {
+constexpr const char* gsc_apszFormatNames[] = {
     "",
     "Linear Pulse Code Modulation (PCM)",
     "AC3",
@@ -56,10 +56,10 @@ static_assert(std::size(gsc_apszFormatNames) == CEdidExtBlockCEA861::eAudioForma
               "a name for each format");
 
 // In kHz, by bit number.
-constexpr char const* gsc_apszRateNames[] = { "32", "44", "48", "88", "96", "176", "192" };
+constexpr const char* gsc_apszRateNames[] = { "32", "44", "48", "88", "96", "176", "192" };
 static_assert(1U << std::size(gsc_apszRateNames) == gsc_uiRateBits + 1, "a name for each rate bit");
 
-CEdidExtBlockCEA861::SAudioDescriptor ReadAudioDescriptor(unsigned char const* pui8Raw)
+CEdidExtBlockCEA861::SAudioDescriptor ReadAudioDescriptor(const unsigned char* pui8Raw)
 {
     const unsigned int uiFirst = pui8Raw[0];
     CEdidExtBlockCEA861::SAudioDescriptor oDescriptor;
@@ -71,7 +71,7 @@ CEdidExtBlockCEA861::SAudioDescriptor ReadAudioDescriptor(unsigned char const* p
     return oDescriptor;
 }
 
-void WriteAudioDescriptor(CEdidExtBlockCEA861::SAudioDescriptor const& oDescriptor, unsigned char* pui8Raw)
+void WriteAudioDescriptor(const CEdidExtBlockCEA861::SAudioDescriptor& oDescriptor, unsigned char* pui8Raw)
 {
     pui8Raw[0] = static_cast<unsigned char>((pui8Raw[0] & gsc_uiReservedBit) |
                                             (oDescriptor.m_eFormat & gsc_uiFormatBits) << gsc_uiFormatShift |
@@ -103,7 +103,7 @@ int CEdidExtBlockCEA861::GetAudioDescriptor(unsigned int uiIndex, SAudioDescript
     return 1;
 }
 
-int CEdidExtBlockCEA861::SetAudioDescriptor(unsigned int uiIndex, SAudioDescriptor const* poDescriptor)
+int CEdidExtBlockCEA861::SetAudioDescriptor(unsigned int uiIndex, const SAudioDescriptor* poDescriptor)
 {
     if (poDescriptor == nullptr || poDescriptor->m_uiChannels < gsc_uiLeastChannels ||
         uiIndex >= GetAudioDescriptorCount())
@@ -121,7 +121,7 @@ int CEdidExtBlockCEA861::SetAudioDescriptor(unsigned int uiIndex, SAudioDescript
     return 1;
 }
 
-int CEdidExtBlockCEA861::AddAudioDescriptor(SAudioDescriptor const* poDescriptor)
+int CEdidExtBlockCEA861::AddAudioDescriptor(const SAudioDescriptor* poDescriptor)
 {
     if (poDescriptor == nullptr || poDescriptor->m_uiChannels < gsc_uiLeastChannels)
     {
@@ -211,13 +211,13 @@ CEdidExtBlockCEA861::SAudioPlace CEdidExtBlockCEA861::FindAudioDescriptor(unsign
     return { 0, 0, 0 };
 }
 
-CMString CEdidExtBlockCEA861::GetAudioFormatStr(EAudioFormat const& eFormat)
+CMString CEdidExtBlockCEA861::GetAudioFormatStr(const EAudioFormat& eFormat)
 {
     const unsigned int uiFormat = eFormat;
     return CMString(uiFormat < std::size(gsc_apszFormatNames) ? gsc_apszFormatNames[uiFormat] : "");
 }
 
-CMString CEdidExtBlockCEA861::GetAudioSamplingFreqStr(EAudioSamplingFreq const& eFreq)
+CMString CEdidExtBlockCEA861::GetAudioSamplingFreqStr(const EAudioSamplingFreq& eFreq)
 {
     const unsigned int uiFreq = eFreq;
     const bool bOneRate = uiFreq <= gsc_uiRateBits && std::has_single_bit(uiFreq);

@@ -34,7 +34,7 @@ inline constexpr unsigned int gsc_uiCea861DataBlocksRevision = 3;
 class CEdidExtBlockCEA861::CDataBlockWalk
 {
 public:
-    explicit CDataBlockWalk(CEdidExtBlockCEA861 const& oBlock)
+    explicit CDataBlockWalk(const CEdidExtBlockCEA861& oBlock)
         : m_pui8Raw(oBlock.m_aui8Raw.GetData()), m_uiEnd(oBlock.GetDataBlocksEnd())
     {
     }
@@ -106,7 +106,7 @@ private:
 
     static constexpr unsigned int msc_uiStopped = ~0U; // above whatever byte 2 can hold
 
-    unsigned char const* m_pui8Raw;
+    const unsigned char* m_pui8Raw;
     unsigned int m_uiEnd;
     unsigned int m_uiNext = gsc_uiCea861DataBlocksOffset; // of the header that Next looks at
     unsigned int m_uiTag = 0;
@@ -120,20 +120,20 @@ template <class TYPE>
 class CListFill
 {
 public:
-    CListFill(CMArray<TYPE, TYPE const&>& aoList, unsigned int uiMost) : m_aoList(aoList)
+    CListFill(CMArray<TYPE, const TYPE&>& aoList, unsigned int uiMost) : m_aoList(aoList)
     {
         m_aoList.SetCount(uiMost, -1);
     }
     ~CListFill() { m_aoList.SetCount(m_uiCount, -1); }
-    CListFill(CListFill const&) = delete;
-    CListFill& operator=(CListFill const&) = delete;
+    CListFill(const CListFill&) = delete;
+    CListFill& operator=(const CListFill&) = delete;
 
-    void Add(TYPE const& oEntry) { m_aoList.GetData()[m_uiCount++] = oEntry; }
+    void Add(const TYPE& oEntry) { m_aoList.GetData()[m_uiCount++] = oEntry; }
     unsigned int GetCount() const { return m_uiCount; }
-    TYPE const& GetAt(unsigned int uiIndex) const { return m_aoList.GetData()[uiIndex]; }
+    const TYPE& GetAt(unsigned int uiIndex) const { return m_aoList.GetData()[uiIndex]; }
 
 private:
-    CMArray<TYPE, TYPE const&>& m_aoList;
+    CMArray<TYPE, const TYPE&>& m_aoList;
     unsigned int m_uiCount = 0;
 };
 
@@ -157,8 +157,8 @@ public:
             ZorTools_memcpy(m_pui8Raw, m_aui8Before, sizeof(m_aui8Before));
         }
     }
-    CCea861Undo(CCea861Undo const&) = delete;
-    CCea861Undo& operator=(CCea861Undo const&) = delete;
+    CCea861Undo(const CCea861Undo&) = delete;
+    CCea861Undo& operator=(const CCea861Undo&) = delete;
 
     void Complete() { m_bComplete = true; }
 

@@ -44,7 +44,7 @@ SCodeTimings GetCodeTimings(unsigned int uiCode)
     return oTimings;
 }
 
-void AddOnce(CListFill<SVicCodeEntry>& oFill, SVicCodeEntry const& oEntry)
+void AddOnce(CListFill<SVicCodeEntry>& oFill, const SVicCodeEntry& oEntry)
 {
     for (unsigned int i = 0; i < oFill.GetCount(); ++i)
     {
@@ -74,7 +74,7 @@ struct CEdidExtBlockCEA861::SAllCodes
     SVicCodeEntryLookUp m_aoSource[gsc_uiCea861Size]; // m_uiVic is not used
     unsigned int m_uiCount;
 
-    void Add(unsigned int uiCode, SVicCodeEntryLookUp const& oSource)
+    void Add(unsigned int uiCode, const SVicCodeEntryLookUp& oSource)
     {
         m_auiCode[m_uiCount] = uiCode;
         m_aoSource[m_uiCount] = oSource;
@@ -82,7 +82,7 @@ struct CEdidExtBlockCEA861::SAllCodes
     }
 
     // Appends the codes of one HDMI vendor block; any other vendor's block adds nothing.
-    void AddHdmiVics(unsigned int uiLength, unsigned char* pui8Payload, SVicCodeEntryLookUp const& oSource)
+    void AddHdmiVics(unsigned int uiLength, unsigned char* pui8Payload, const SVicCodeEntryLookUp& oSource)
     {
         if (!CHdmi1xVsdb::IsSupported(uiLength, pui8Payload))
         {
@@ -150,7 +150,7 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
     CCea861Undo oUndo(m_aui8Raw.GetData());
     for (unsigned int i = 0; i < m_aoVicLookUp.GetCount(); ++i)
     {
-        SVicCodeEntryLookUp const& oLookUp = m_aoVicLookUp.GetData()[i];
+        const SVicCodeEntryLookUp& oLookUp = m_aoVicLookUp.GetData()[i];
         if (oLookUp.m_uiVic != uiVic)
         {
             continue;
@@ -174,7 +174,7 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
 
 // Takes one short video descriptor out of its block, and the header of a block that empties. oRemoved tells what
 // earlier calls of the same removal took out, and is brought up to date. 0 when the block is not there.
-int CEdidExtBlockCEA861::RemoveSvd(SVicCodeEntryLookUp const& oLookUp, SRemovedSvds& oRemoved)
+int CEdidExtBlockCEA861::RemoveSvd(const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved)
 {
     if (oLookUp.m_uiBlockIndex != oRemoved.m_uiBlockIndex)
     {
@@ -200,7 +200,7 @@ int CEdidExtBlockCEA861::RemoveSvd(SVicCodeEntryLookUp const& oLookUp, SRemovedS
 }
 
 // Takes one HDMI code out of its vendor block, which keeps its length. 0 when the block is not there.
-int CEdidExtBlockCEA861::RemoveHdmiVic(SVicCodeEntryLookUp const& oLookUp)
+int CEdidExtBlockCEA861::RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp)
 {
     unsigned int uiLength = 0;
     const unsigned int uiOffset = oLookUp.m_bExtended
@@ -250,7 +250,7 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
 }
 
 // The ordinary timings, each once, and a look-up entry for each occurrence.
-void CEdidExtBlockCEA861::ListTimings(SAllCodes const& oCodes)
+void CEdidExtBlockCEA861::ListTimings(const SAllCodes& oCodes)
 {
     unsigned int uiMost = 0;
     for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
@@ -273,7 +273,7 @@ void CEdidExtBlockCEA861::ListTimings(SAllCodes const& oCodes)
 }
 
 // The timings in YCbCr 4:2:0: capability maps first, then the 4:2:0 video blocks.
-void CEdidExtBlockCEA861::List420Timings(SAllCodes const& oCodes)
+void CEdidExtBlockCEA861::List420Timings(const SAllCodes& oCodes)
 {
     CListFill<SVicCodeEntry> oFill(m_aoVicCode420, GetMost420Timings());
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_Yuv420CapabilityMap);)

@@ -66,19 +66,19 @@ constexpr unsigned int gsc_uiType2PixelUnit = 8;
 constexpr unsigned int HighNibble(unsigned int uiByte) { return uiByte >> 4; }
 constexpr unsigned int LowNibble(unsigned int uiByte) { return uiByte & 0x0F; }
 
-unsigned int ReadTwoBytes(unsigned char const (&aui8Field)[2])
+unsigned int ReadTwoBytes(const unsigned char (&aui8Field)[2])
 {
     return aui8Field[0] | static_cast<unsigned int>(aui8Field[1]) << 8;
 }
 
-unsigned int ReadThreeBytes(unsigned char const (&aui8Field)[3])
+unsigned int ReadThreeBytes(const unsigned char (&aui8Field)[3])
 {
     return aui8Field[0] | static_cast<unsigned int>(aui8Field[1]) << 8 | static_cast<unsigned int>(aui8Field[2]) << 16;
 }
 
-unsigned char const* PayloadOf(CEdidExtBlockDisplayID::SDataBlockHeader const* poBlock)
+const unsigned char* PayloadOf(const CEdidExtBlockDisplayID::SDataBlockHeader* poBlock)
 {
-    return reinterpret_cast<unsigned char const*>(poBlock + 1);
+    return reinterpret_cast<const unsigned char*>(poBlock + 1);
 }
 
 // What a data block of an understood tag may look like.
@@ -102,9 +102,9 @@ constexpr SDataBlockRule gsc_aoDataBlockRules[] = {
 // clang-format on
 
 // Null for a tag that is skipped.
-SDataBlockRule const* FindRule(unsigned int uiTag)
+const SDataBlockRule* FindRule(unsigned int uiTag)
 {
-    for (SDataBlockRule const& oRule : gsc_aoDataBlockRules)
+    for (const SDataBlockRule& oRule : gsc_aoDataBlockRules)
     {
         if (oRule.m_eTag == uiTag)
         {
@@ -115,7 +115,7 @@ SDataBlockRule const* FindRule(unsigned int uiTag)
 }
 
 // uiBytesBehind: bytes that the extension block holds behind the header.
-bool IsDataBlockGood(SDataBlockRule const& oRule, CEdidExtBlockDisplayID::SDataBlockHeader const& oBlock,
+bool IsDataBlockGood(const SDataBlockRule& oRule, const CEdidExtBlockDisplayID::SDataBlockHeader& oBlock,
                      unsigned int uiBytesBehind)
 {
     const unsigned int uiLength = oBlock.m_ui8PayloadLength;
@@ -126,18 +126,18 @@ bool IsDataBlockGood(SDataBlockRule const& oRule, CEdidExtBlockDisplayID::SDataB
 
 // Appends the records of the data blocks to a list; false when a block is missing.
 template <class RECORD, class BLOCKS>
-bool AppendRecords(BLOCKS const& apoBlocks, CMArray<RECORD const*, RECORD const* const&>& apoRecords)
+bool AppendRecords(const BLOCKS& apoBlocks, CMArray<const RECORD*, const RECORD* const&>& apoRecords)
 {
     for (unsigned int i = 0; i < apoBlocks.GetCount(); ++i)
     {
-        CEdidExtBlockDisplayID::SDataBlockHeader const* poBlock = apoBlocks[i];
+        const CEdidExtBlockDisplayID::SDataBlockHeader* poBlock = apoBlocks[i];
         if (poBlock == nullptr)
         {
             MASSERT_FAILED();
             return false;
         }
         // Byte records have no alignment, so they may lie anywhere in the block.
-        RECORD const* poFirst = reinterpret_cast<RECORD const*>(PayloadOf(poBlock));
+        const RECORD* poFirst = reinterpret_cast<const RECORD*>(PayloadOf(poBlock));
         const unsigned int uiCount = poBlock->m_ui8PayloadLength / static_cast<unsigned int>(sizeof(RECORD));
         for (unsigned int j = 0; j < uiCount; ++j)
         {
@@ -157,7 +157,7 @@ struct SAxis
     int m_bPositive;
 };
 
-void StoreTiming(unsigned int uiClockField, int bInterlaced, SAxis const& oHorizontal, SAxis const& oVertical,
+void StoreTiming(unsigned int uiClockField, int bInterlaced, const SAxis& oHorizontal, const SAxis& oVertical,
                  CVidParamTiming* poTiming)
 {
     poTiming->SetPixelClockInKiloHz((uiClockField + 1) * gsc_uiClockUnitInKiloHz);
@@ -195,7 +195,7 @@ constexpr unsigned int JoinTileBits(unsigned int uiLow, unsigned int uiHigh, uns
 }
 }
 
-int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, unsigned char const* pui8Data)
+int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, const unsigned char* pui8Data)
 {
     if (uiSize < gsc_uiSmallestBlockSize || pui8Data == nullptr)
     {
@@ -216,7 +216,7 @@ int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, unsigned char const
     return CEdidUtils::Is8BitsChecksumValid(uiSectionSize, pui8Data + gsc_uiRevisionOffset) != 0 ? 1 : 0;
 }
 
-CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(unsigned int uiSize, unsigned char const* pui8Data)
+CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(unsigned int uiSize, const unsigned char* pui8Data)
 {
     if (IsSupported(uiSize, pui8Data) == 0)
     {
@@ -239,7 +239,7 @@ unsigned int CEdidExtBlockDisplayID::GetExtensionType() const { return m_uiExten
 
 unsigned int CEdidExtBlockDisplayID::GetSize() const { return m_aui8Raw.GetCount(); }
 
-unsigned char const* CEdidExtBlockDisplayID::GetData() const { return m_aui8Raw.GetData(); }
+const unsigned char* CEdidExtBlockDisplayID::GetData() const { return m_aui8Raw.GetData(); }
 
 unsigned int CEdidExtBlockDisplayID::GetEdidBuffer(unsigned int uiCapacity, unsigned char* pui8Destination) const
 {
@@ -252,7 +252,7 @@ unsigned int CEdidExtBlockDisplayID::GetEdidBuffer(unsigned int uiCapacity, unsi
     return uiBytes;
 }
 
-CMArray<unsigned char, unsigned char const&> CEdidExtBlockDisplayID::GetEdidBuffer() const { return m_aui8Raw; }
+CMArray<unsigned char, const unsigned char&> CEdidExtBlockDisplayID::GetEdidBuffer() const { return m_aui8Raw; }
 
 unsigned int CEdidExtBlockDisplayID::GetRevision() const { return m_uiRevision; }
 
@@ -266,7 +266,7 @@ int CEdidExtBlockDisplayID::GetTiledDisplayCapabilities(int* piSingleEnclosure, 
                                                         int* piMultiTileAtLocation, int* piSingleTileAtLocation,
                                                         int* piSingleTileScaled, int* piSingleTileCloned)
 {
-    STiledTopologyRaw const* poTile = GetTiledTopology();
+    const STiledTopologyRaw* poTile = GetTiledTopology();
     if (poTile == nullptr)
     {
         return 0;
@@ -285,7 +285,7 @@ int CEdidExtBlockDisplayID::GetTopologyDescription(unsigned int& uiTileLocationX
                                                    unsigned int& uiTileCountX, unsigned int& uiTileCountY,
                                                    unsigned int& uiTileWidth, unsigned int& uiTileHeight)
 {
-    STiledTopologyRaw const* poTile = GetTiledTopology();
+    const STiledTopologyRaw* poTile = GetTiledTopology();
     if (poTile == nullptr)
     {
         return 0;
@@ -330,7 +330,7 @@ int CEdidExtBlockDisplayID::GetColorBitDepthSupport(unsigned int& /*uiDepthBits*
 
 int CEdidExtBlockDisplayID::SetColorBitDepthSupport(unsigned int /*uiDepthBits*/) { return 0; }
 
-int CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam(SDisplayIdType1DetailedRaw const* poRaw,
+int CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam(const SDisplayIdType1DetailedRaw* poRaw,
                                                            CVidParamTiming* poTiming)
 {
     if (poTiming == nullptr || poRaw == nullptr)
@@ -346,8 +346,8 @@ int CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam(SDisplayIdType1Detail
         return 0;
     }
 
-    const auto ReadAxis = [](unsigned int uiActive, unsigned char const(&aui8Blank)[2],
-                             unsigned char const(&aui8FrontPorch)[2], unsigned char const(&aui8Sync)[2]) {
+    const auto ReadAxis = [](unsigned int uiActive, const unsigned char(&aui8Blank)[2],
+                             const unsigned char(&aui8FrontPorch)[2], const unsigned char(&aui8Sync)[2]) {
         const unsigned int uiFrontPorch = ReadTwoBytes(aui8FrontPorch);
         return SAxis{ uiActive + 1, ReadTwoBytes(aui8Blank) + 1, (uiFrontPorch & gsc_uiType1PorchMask) + 1,
                       ReadTwoBytes(aui8Sync) + 1, (uiFrontPorch & gsc_uiType1PositiveMask) != 0 };
@@ -361,7 +361,7 @@ int CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam(SDisplayIdType1Detail
     return 1;
 }
 
-int CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam(SDisplayIdType2DetailedRaw const* poRaw,
+int CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam(const SDisplayIdType2DetailedRaw* poRaw,
                                                            CVidParamTiming* poTiming)
 {
     if (poTiming == nullptr || poRaw == nullptr)
@@ -396,7 +396,7 @@ int CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam(SDisplayIdType2Detail
 int CEdidExtBlockDisplayID::ReadDataBlocks()
 {
     // The map makes an entry for every tag that is asked for. Made here, later questions need no memory.
-    for (SDataBlockRule const& oRule : gsc_aoDataBlockRules)
+    for (const SDataBlockRule& oRule : gsc_aoDataBlockRules)
     {
         GetDataBlocks(oRule.m_eTag);
     }
@@ -406,9 +406,9 @@ int CEdidExtBlockDisplayID::ReadDataBlocks()
     unsigned int uiOffset = gsc_uiDataBlocksOffset;
     while (uiOffset < uiEnd && m_aui8Raw[uiOffset] != gsc_uiEndTag)
     {
-        SDataBlockHeader const* poBlock = reinterpret_cast<SDataBlockHeader const*>(m_aui8Raw.GetData() + uiOffset);
+        const SDataBlockHeader* poBlock = reinterpret_cast<const SDataBlockHeader*>(m_aui8Raw.GetData() + uiOffset);
         uiOffset += gsc_uiDataBlockHeaderSize;
-        if (SDataBlockRule const* poRule = FindRule(poBlock->m_ui8Tag))
+        if (const SDataBlockRule* poRule = FindRule(poBlock->m_ui8Tag))
         {
             if (!IsDataBlockGood(*poRule, *poBlock, m_aui8Raw.GetCount() - uiOffset))
             {
@@ -440,13 +440,13 @@ CEdidExtBlockDisplayID::DataBlockList& CEdidExtBlockDisplayID::GetDataBlocks(EDi
 }
 
 // The first tile declaration; null without one.
-CEdidExtBlockDisplayID::STiledTopologyRaw const* CEdidExtBlockDisplayID::GetTiledTopology()
+const CEdidExtBlockDisplayID::STiledTopologyRaw* CEdidExtBlockDisplayID::GetTiledTopology()
 {
     static_assert(sizeof(STiledTopologyRaw) == gsc_uiTiledTopologySize);
     if (m_aui8Raw.GetCount() == 0)
     {
         return nullptr; // nothing was read, and the map would take memory for the question
     }
-    DataBlockList const& apoBlocks = GetDataBlocks(eDisplayIdTag_TiledTopology);
-    return apoBlocks.GetCount() != 0 ? reinterpret_cast<STiledTopologyRaw const*>(PayloadOf(apoBlocks[0U])) : nullptr;
+    const DataBlockList& apoBlocks = GetDataBlocks(eDisplayIdTag_TiledTopology);
+    return apoBlocks.GetCount() != 0 ? reinterpret_cast<const STiledTopologyRaw*>(PayloadOf(apoBlocks[0U])) : nullptr;
 }

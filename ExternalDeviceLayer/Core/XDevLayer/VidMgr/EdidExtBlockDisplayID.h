@@ -77,25 +77,25 @@ public:
     // Whether the bytes are a DisplayID block that this class reads: tag, revision, section length and both checksums
     // as above, the block checksum over all uiSize bytes. 1 or 0. A size below 128 or a null pointer gives an assertion
     // line and 0.
-    static int IsSupported(unsigned int uiSize, unsigned char const* pui8Data);
+    static int IsSupported(unsigned int uiSize, const unsigned char* pui8Data);
 
     // Copies all uiSize bytes and reads the section; the object stays empty (type, revision and size 0) when the bytes
     // are not supported. A bad data block of an understood tag gives an assertion line and ends the reading: the block
     // then lists no timing at all, though a tile declared before the bad block counts.
-    CEdidExtBlockDisplayID(unsigned int uiSize, unsigned char const* pui8Data);
+    CEdidExtBlockDisplayID(unsigned int uiSize, const unsigned char* pui8Data);
     ~CEdidExtBlockDisplayID() override;
 
-    CEdidExtBlockDisplayID(CEdidExtBlockDisplayID const&) = delete;
+    CEdidExtBlockDisplayID(const CEdidExtBlockDisplayID&) = delete;
     CEdidExtBlockDisplayID(CEdidExtBlockDisplayID&&) = delete;
-    CEdidExtBlockDisplayID& operator=(CEdidExtBlockDisplayID const&) = delete;
+    CEdidExtBlockDisplayID& operator=(const CEdidExtBlockDisplayID&) = delete;
     CEdidExtBlockDisplayID& operator=(CEdidExtBlockDisplayID&&) = delete;
 
     unsigned int GetExtensionType() const override; // 112, or 0 when empty
     unsigned int GetSize() const override;          // bytes
-    unsigned char const* GetData() const override;  // the block's, as long as it lives; null when empty
+    const unsigned char* GetData() const override;  // the block's, as long as it lives; null when empty
     // Copies the smaller of uiCapacity and GetSize() bytes and returns their number; 0 for a null destination.
     unsigned int GetEdidBuffer(unsigned int uiCapacity, unsigned char* pui8Destination) const override;
-    CMArray<unsigned char, unsigned char const&> GetEdidBuffer() const override;
+    CMArray<unsigned char, const unsigned char&> GetEdidBuffer() const override;
     unsigned int GetRevision() const override;
     int IsChecksumValid() const override; // of the whole block; the section's was tested at loading
     int IsStripped() const override;      // always 0
@@ -137,24 +137,24 @@ public:
     // Set geometry, polarities, clock, both rates (computed) and the family type eVidParamType_Detailed. The height is
     // taken as it stands, also of an interlaced record. 1 on success; a null argument gives an assertion line and 0.
     // 0 with the timing untouched when the active width or height field is 0, of Type I also when the clock field is 0.
-    static int ConvertDetailedType1ToVidParam(SDisplayIdType1DetailedRaw const* poRaw, CVidParamTiming* poTiming);
-    static int ConvertDetailedType2ToVidParam(SDisplayIdType2DetailedRaw const* poRaw, CVidParamTiming* poTiming);
+    static int ConvertDetailedType1ToVidParam(const SDisplayIdType1DetailedRaw* poRaw, CVidParamTiming* poTiming);
+    static int ConvertDetailedType2ToVidParam(const SDisplayIdType2DetailedRaw* poRaw, CVidParamTiming* poTiming);
 
 private:
     struct STiledTopologyRaw; // payload of a tile declaration
-    using DataBlockList = CMArray<SDataBlockHeader const*, SDataBlockHeader const* const&>;
+    using DataBlockList = CMArray<const SDataBlockHeader*, const SDataBlockHeader* const&>;
 
     int ReadDataBlocks();
     DataBlockList& GetDataBlocks(EDisplayID_DataBlockTags eTag);
-    STiledTopologyRaw const* GetTiledTopology();
+    const STiledTopologyRaw* GetTiledTopology();
 
-    CMArray<unsigned char, unsigned char const&> m_aui8Raw; // never changes after the constructor
+    CMArray<unsigned char, const unsigned char&> m_aui8Raw; // never changes after the constructor
     unsigned int m_uiExtensionType = 0;
     unsigned int m_uiRevision = 0;
     // Understood data blocks by tag, in block order. These and the two lists point into m_aui8Raw.
-    CMMap<EDisplayID_DataBlockTags, DataBlockList, EDisplayID_DataBlockTags const&, DataBlockList const&> m_oDataBlocks;
-    CMArray<SDisplayIdType1DetailedRaw const*, SDisplayIdType1DetailedRaw const* const&> m_apoType1;
-    CMArray<SDisplayIdType2DetailedRaw const*, SDisplayIdType2DetailedRaw const* const&> m_apoType2;
+    CMMap<EDisplayID_DataBlockTags, DataBlockList, const EDisplayID_DataBlockTags&, const DataBlockList&> m_oDataBlocks;
+    CMArray<const SDisplayIdType1DetailedRaw*, const SDisplayIdType1DetailedRaw* const&> m_apoType1;
+    CMArray<const SDisplayIdType2DetailedRaw*, const SDisplayIdType2DetailedRaw* const&> m_apoType2;
 };
 
 static_assert(sizeof(CEdidExtBlockDisplayID::SDataBlockHeader) == 3);

@@ -48,7 +48,7 @@ CHdmi1xVsdb::CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload)
 
 CHdmi1xVsdb::~CHdmi1xVsdb() = default;
 
-int CHdmi1xVsdb::IsSupported(unsigned int uiLength, unsigned char const* pui8Payload)
+int CHdmi1xVsdb::IsSupported(unsigned int uiLength, const unsigned char* pui8Payload)
 {
     if (uiLength < gsc_uiShortestPayload)
     {

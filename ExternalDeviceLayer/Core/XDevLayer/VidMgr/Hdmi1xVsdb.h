@@ -27,14 +27,14 @@ public:
     CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload);
     virtual ~CHdmi1xVsdb();
 
-    CHdmi1xVsdb(CHdmi1xVsdb const&) = delete;
-    CHdmi1xVsdb& operator=(CHdmi1xVsdb const&) = delete;
+    CHdmi1xVsdb(const CHdmi1xVsdb&) = delete;
+    CHdmi1xVsdb& operator=(const CHdmi1xVsdb&) = delete;
     CHdmi1xVsdb(CHdmi1xVsdb&&) = delete;
     CHdmi1xVsdb& operator=(CHdmi1xVsdb&&) = delete;
 
     // Non-zero for at least 8 payload bytes that begin with the HDMI identifier. Fewer bytes give 0; more than 31 or a
     // null payload report an assertion failure and give 0.
-    static int IsSupported(unsigned int uiLength, unsigned char const* pui8Payload);
+    static int IsSupported(unsigned int uiLength, const unsigned char* pui8Payload);
 
     // Lists the HDMI VICs as CEA VICs, in block order; unknown ones are passed over. A VIC count that runs past the
     // payload gives no VICs at all. Returns the count of the list.
@@ -59,6 +59,6 @@ private:
     unsigned char* m_pui8Fixed; // fixed fields; null until they are read
     unsigned char* m_pui8Video; // the byte at offset o; null until ExtractTimings finds video fields
     unsigned char* m_pui8Payload;
-    CMArray<unsigned char, unsigned char const&> m_aui8CeaVic;
+    CMArray<unsigned char, const unsigned char&> m_aui8CeaVic;
     unsigned int m_uiPayloadLength;
 };

@@ -17,14 +17,14 @@ CRVidParamTiming::CRVidParamTiming() : m_bIs420ColorSpace(0), m_bIs3D(0), m_oVid
 {
 }
 
-CRVidParamTiming::CRVidParamTiming(tagRVideo_VidParam const& oVidParam, RVideo_VidParamFamily eFamily)
+CRVidParamTiming::CRVidParamTiming(const tagRVideo_VidParam& oVidParam, RVideo_VidParamFamily eFamily)
     : m_bIs420ColorSpace(0), m_bIs3D(0), m_oVidParam(oVidParam), m_eFamily(eFamily)
 {
 }
 
 CRVidParamTiming::~CRVidParamTiming() { CRVidParamTiming::ClearData(); }
 
-CRVidParamTiming& CRVidParamTiming::operator=(CRVidParamTiming const& oOther)
+CRVidParamTiming& CRVidParamTiming::operator=(const CRVidParamTiming& oOther)
 {
     // Exact copies, without the field-wise base assignment, which goes through hertz and would be overwritten whole.
     m_bIs420ColorSpace = oOther.m_bIs420ColorSpace;

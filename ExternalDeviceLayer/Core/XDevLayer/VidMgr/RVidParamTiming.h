@@ -51,17 +51,17 @@ public:
     };
 
     CRVidParamTiming(); // an empty timing, all zero
-    CRVidParamTiming(tagRVideo_VidParam const& oVidParam, RVideo_VidParamFamily eFamily);
-    CRVidParamTiming(CRVidParamTiming const& oOther) = default;
+    CRVidParamTiming(const tagRVideo_VidParam& oVidParam, RVideo_VidParamFamily eFamily);
+    CRVidParamTiming(const CRVidParamTiming& oOther) = default;
     ~CRVidParamTiming() override;
 
     // Copies everything exactly: record, family, 4:2:0 and 3D.
-    CRVidParamTiming& operator=(CRVidParamTiming const& oOther);
+    CRVidParamTiming& operator=(const CRVidParamTiming& oOther);
     // From any timing, field by field; bottom field first stays.
     using CVidParamTiming::operator=;
 
     // The record itself.
-    tagRVideo_VidParam const& GetRVideoVidParam() const { return m_oVidParam; }
+    const tagRVideo_VidParam& GetRVideoVidParam() const { return m_oVidParam; }
     tagRVideo_VidParam& GetRVideoVidParam() { return m_oVidParam; }
 
     // Which field of an interlaced mode comes first. The setter looks at bit 0 of its argument alone.

@@ -168,9 +168,9 @@ static_assert(std::size(CVidParamCea::msc_aoCea861FTable) == 129, "83 codes and 
 static_assert(IsRisingByVic(), "rows stand in rising key order, so that no key has a second row");
 
 // The row of a code, or null.
-SRow const* FindVic(unsigned int uiVic)
+const SRow* FindVic(unsigned int uiVic)
 {
-    for (SRow const& oRow : CVidParamCea::msc_aoCea861FTable)
+    for (const SRow& oRow : CVidParamCea::msc_aoCea861FTable)
     {
         if (oRow.uiVic == uiVic)
         {
@@ -194,13 +194,13 @@ constexpr bool PassesScan(unsigned int uiFlags, CVidParamCea::EScanType eScanTyp
     return false;
 }
 
-bool HasFlag(int bOfTiming, SRow const& oRow, unsigned int uiMask)
+bool HasFlag(int bOfTiming, const SRow& oRow, unsigned int uiMask)
 {
     return (bOfTiming != 0) == ((oRow.uiFlags & uiMask) != 0);
 }
 
 // Exact equality of every column, the clock being the one that the link runs at.
-bool IsSameTiming(SRow const& oRow, CVidParamTiming const& oTiming)
+bool IsSameTiming(const SRow& oRow, const CVidParamTiming& oTiming)
 {
     return oRow.uiHorizontalActive == oTiming.GetHorizontalActive() &&
            oRow.uiVerticalActive == oTiming.GetVerticalActive() &&
@@ -222,14 +222,14 @@ int CVidParamCea::IsVicSupported(unsigned int uiVic) { return FindVic(uiVic) != 
 
 int CVidParamCea::GetVicTableIndex(unsigned int uiVic)
 {
-    SRow const* const poRow = FindVic(uiVic);
+    const SRow* const poRow = FindVic(uiVic);
     return poRow != nullptr ? static_cast<int>(poRow - msc_aoCea861FTable) : -1;
 }
 
 int CVidParamCea::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                               unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz, EScanType eScanType)
 {
-    SRow const* const poRow =
+    const SRow* const poRow =
         FindRow(msc_aoCea861FTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eScanType](unsigned int uiFlags) { return PassesScan(uiFlags, eScanType); });
     return AnswerWithRow(poRow, poTiming, ConvertVidParam);
@@ -246,10 +246,10 @@ int CVidParamCea::GetVidParamFromVic(unsigned int uiVic, CVidParamTiming* poTimi
     return AnswerWithRow(FindVic(uiVic), poTiming, ConvertVidParam);
 }
 
-int CVidParamCea::GetVicFromVidParam(CVidParamTiming const& oTiming, unsigned int& uiVic)
+int CVidParamCea::GetVicFromVidParam(const CVidParamTiming& oTiming, unsigned int& uiVic)
 {
     uiVic = 0;
-    for (SRow const& oRow : msc_aoCea861FTable)
+    for (const SRow& oRow : msc_aoCea861FTable)
     {
         if (IsSameTiming(oRow, oTiming))
         {
@@ -260,7 +260,7 @@ int CVidParamCea::GetVicFromVidParam(CVidParamTiming const& oTiming, unsigned in
     return 0;
 }
 
-void CVidParamCea::ConvertVidParam(SCeaVidParam const& oRow, CVidParamTiming& oTiming)
+void CVidParamCea::ConvertVidParam(const SCeaVidParam& oRow, CVidParamTiming& oTiming)
 {
     ConvertRow(oRow, CVidParamTiming::eVidParamType_Cea, oTiming);
 }

@@ -61,9 +61,9 @@ public:
     // The first row whose every value equals that of the timing exactly, the clock taken as the effective clock (see
     // CVidParamTiming). Where two codes share a timing the lower one is found. Stores its key and returns 1, or stores
     // 0 and returns 0.
-    static int GetVicFromVidParam(CVidParamTiming const& oTiming, unsigned int& uiVic);
+    static int GetVicFromVidParam(const CVidParamTiming& oTiming, unsigned int& uiVic);
 
     // Fills the timing from a row, line rate derived, source eVidParamType_Cea. 4:2:0 and 3D are left as ClearData of
     // the timing leaves them.
-    static void ConvertVidParam(SCeaVidParam const& oRow, CVidParamTiming& oTiming);
+    static void ConvertVidParam(const SCeaVidParam& oRow, CVidParamTiming& oTiming);
 };

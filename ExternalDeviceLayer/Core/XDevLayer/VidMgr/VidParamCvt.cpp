@@ -150,7 +150,7 @@ SCvtTiming ComputeReducedBlanking(unsigned int uiHorizontalActive, unsigned int 
     return oResult;
 }
 
-void WriteTiming(unsigned int uiHorizontalActive, unsigned int uiVerticalActive, SCvtTiming const& oResult,
+void WriteTiming(unsigned int uiHorizontalActive, unsigned int uiVerticalActive, const SCvtTiming& oResult,
                  CVidParamTiming& oTiming)
 {
     oTiming.ClearData();
@@ -178,7 +178,7 @@ unsigned int CVidParamCvt::GetVSyncLines(unsigned int uiHorizontalActive, unsign
     {
         return 0;
     }
-    for (SAspect const& oAspect : gsc_aoAspects)
+    for (const SAspect& oAspect : gsc_aoAspects)
     {
         const unsigned int uiCells =
             uiVerticalActive * oAspect.m_uiNumerator / (oAspect.m_uiDenominator * gsc_uiCellWidth);

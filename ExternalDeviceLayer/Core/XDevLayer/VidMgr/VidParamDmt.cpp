@@ -128,13 +128,13 @@ constexpr bool PassesList(unsigned int uiFlags, CVidParamDmt::EModeListType eLis
 int CVidParamDmt::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                               unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz, EModeListType eListType)
 {
-    SRow const* const poRow =
+    const SRow* const poRow =
         FindRow(g_aoDmtTableV10Rev11, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eListType](unsigned int uiFlags) { return PassesList(uiFlags, eListType); });
     return AnswerWithRow(poRow, poTiming, ConvertVidParam);
 }
 
-void CVidParamDmt::ConvertVidParam(SDmtVidParam const& oRow, CVidParamTiming& oTiming)
+void CVidParamDmt::ConvertVidParam(const SDmtVidParam& oRow, CVidParamTiming& oTiming)
 {
     ConvertRow(oRow,
                IsFlagSet(oRow.uiFlags, gsc_uiReduced) != 0 ? CVidParamTiming::eVidParamType_DmtReducedBlanking

@@ -41,5 +41,5 @@ public:
 
     // Fills the timing from a row, line rate derived, source eVidParamType_Dmt or eVidParamType_DmtReducedBlanking.
     // 4:2:0 and 3D are left as ClearData of the timing leaves them.
-    static void ConvertVidParam(SDmtVidParam const& oRow, CVidParamTiming& oTiming);
+    static void ConvertVidParam(const SDmtVidParam& oRow, CVidParamTiming& oTiming);
 };

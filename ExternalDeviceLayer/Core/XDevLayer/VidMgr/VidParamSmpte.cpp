@@ -32,7 +32,7 @@ constexpr SRow g_aoSmpteTable[] = {
 constexpr bool AreNumberedFromOne()
 {
     unsigned int uiNumber = 0;
-    for (SRow const& oRow : g_aoSmpteTable)
+    for (const SRow& oRow : g_aoSmpteTable)
     {
         if (oRow.uiRowNumber != ++uiNumber)
         {
@@ -47,13 +47,13 @@ static_assert(std::size(g_aoSmpteTable) == 10 && AreNumberedFromOne());
 int CVidParamSmpte::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                                 unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz)
 {
-    SRow const* const poRow =
+    const SRow* const poRow =
         FindRow(g_aoSmpteTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [](unsigned int /*uiFlags*/) { return true; });
     return AnswerWithRow(poRow, poTiming, ConvertVidParam);
 }
 
-void CVidParamSmpte::ConvertVidParam(SSmpteVidParam const& oRow, CVidParamTiming& oTiming)
+void CVidParamSmpte::ConvertVidParam(const SSmpteVidParam& oRow, CVidParamTiming& oTiming)
 {
     ConvertRow(oRow, CVidParamTiming::eVidParamType_Smpte, oTiming);
 }

@@ -34,5 +34,5 @@ public:
 
     // Fills the timing from a row, line rate derived, source eVidParamType_Smpte. 4:2:0 and 3D are left as ClearData of
     // the timing leaves them.
-    static void ConvertVidParam(SSmpteVidParam const& oRow, CVidParamTiming& oTiming);
+    static void ConvertVidParam(const SSmpteVidParam& oRow, CVidParamTiming& oTiming);
 };

@@ -34,7 +34,7 @@ struct SFilter
     }
 
     template <class ROW>
-    constexpr bool Passes(ROW const& oRow) const
+    constexpr bool Passes(const ROW& oRow) const
     {
         return Passes(m_uiHorizontalActive, oRow.uiHorizontalActive) &&
                Passes(m_uiVerticalActive, oRow.uiVerticalActive) &&
@@ -45,11 +45,11 @@ struct SFilter
 // The row that is match number uiIndex, counted from 0 in table order, among those that pass oFilter and for whose
 // flags fnPassesFlags is true; null when there are not so many. The order of the rows alone settles ties.
 template <class ROW, unsigned int COUNT, class PASSES_FLAGS>
-constexpr ROW const* FindRow(ROW const (&aoRows)[COUNT], unsigned int uiIndex, SFilter const& oFilter,
+constexpr const ROW* FindRow(const ROW (&aoRows)[COUNT], unsigned int uiIndex, const SFilter& oFilter,
                              PASSES_FLAGS fnPassesFlags)
 {
     unsigned int uiMatch = 0;
-    for (ROW const& oRow : aoRows)
+    for (const ROW& oRow : aoRows)
     {
         if (oFilter.Passes(oRow) && fnPassesFlags(oRow.uiFlags) && uiMatch++ == uiIndex)
         {
@@ -61,7 +61,7 @@ constexpr ROW const* FindRow(ROW const (&aoRows)[COUNT], unsigned int uiIndex, S
 
 // Fills oTiming from a row. The line rate is in no table: it is derived, once sizes and clock stand.
 template <class ROW>
-void ConvertRow(ROW const& oRow, CVidParamTiming::EVidParamType eType, CVidParamTiming& oTiming)
+void ConvertRow(const ROW& oRow, CVidParamTiming::EVidParamType eType, CVidParamTiming& oTiming)
 {
     oTiming.ClearData();
     oTiming.SetHorizontalActive(oRow.uiHorizontalActive);
@@ -84,7 +84,7 @@ void ConvertRow(ROW const& oRow, CVidParamTiming::EVidParamType eType, CVidParam
 // What a look-up ends with: 0 without a row, else 1, and the row goes into the timing by way of fnConvert unless
 // poTiming is null.
 template <class ROW>
-int AnswerWithRow(ROW const* poRow, CVidParamTiming* poTiming, void (*fnConvert)(ROW const&, CVidParamTiming&))
+int AnswerWithRow(const ROW* poRow, CVidParamTiming* poTiming, void (*fnConvert)(const ROW&, CVidParamTiming&))
 {
     if (poRow == nullptr)
     {

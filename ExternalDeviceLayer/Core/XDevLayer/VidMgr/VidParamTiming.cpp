@@ -75,7 +75,7 @@ unsigned int CVidParamTiming::ComputeVerticalRateInHz() const
     return ComputeVerticalRateInHz(uiHorizontalTotal, uiVerticalTotal, GetPixelClockInHz());
 }
 
-CVidParamTiming& CVidParamTiming::operator=(CVidParamTiming const& oOther)
+CVidParamTiming& CVidParamTiming::operator=(const CVidParamTiming& oOther)
 {
     if (this == &oOther)
     {
@@ -135,7 +135,7 @@ int CVidParamTiming::IsPixelClockInKiloHzEquivalent(unsigned int uiPixelClockInK
     return IsPixelClockInHzEquivalent(uiPixelClockInKiloHz * msc_uiHzPerKiloHz);
 }
 
-int CVidParamTiming::operator==(CVidParamTiming const& oOther) const
+int CVidParamTiming::operator==(const CVidParamTiming& oOther) const
 {
     // clang-format off
     const bool bSame =
@@ -156,7 +156,7 @@ int CVidParamTiming::operator==(CVidParamTiming const& oOther) const
     return bSame ? IsPixelClockInHzEquivalent(oOther.GetPixelClockInHz()) : 0;
 }
 
-int CVidParamTiming::operator!=(CVidParamTiming const& oOther) const { return *this == oOther ? 0 : 1; }
+int CVidParamTiming::operator!=(const CVidParamTiming& oOther) const { return *this == oOther ? 0 : 1; }
 
 unsigned int CVidParamTiming::ComputeHorizontalTotalPixel(unsigned int uiActive, unsigned int uiSync,
                                                           unsigned int uiFrontPorch, unsigned int uiBackPorch,

@@ -94,7 +94,7 @@ public:
 
     // Copies field by field, through the getters of oOther and the setters of this object, clocks and line rate in
     // hertz: between the two storage classes their conversions apply. Assigning an object to itself changes nothing.
-    virtual CVidParamTiming& operator=(CVidParamTiming const& oOther);
+    virtual CVidParamTiming& operator=(const CVidParamTiming& oOther);
 
     // Totals, active plus blanking.
     unsigned int GetHorizontalTotal() const;
@@ -110,8 +110,8 @@ public:
     // Tolerant equality, 1 or 0: geometry, scan, vertical rate, 4:2:0 and 3D exactly, the line rate within 1 kHz, the
     // clock by the equivalence above asked of this object. Polarities, source, overscan and the line rate in hertz do
     // not count, so timings of different origin and storage are equal when their geometry agrees.
-    int operator==(CVidParamTiming const& oOther) const;
-    int operator!=(CVidParamTiming const& oOther) const;
+    int operator==(const CVidParamTiming& oOther) const;
+    int operator!=(const CVidParamTiming& oOther) const;
 
     // The one formula for each derived value. Mind the order of arguments: the horizontal total takes the sync before
     // the front porch, the vertical total the front porch before the sync.
@@ -130,7 +130,7 @@ public:
 
 protected:
     CVidParamTiming() = default;
-    CVidParamTiming(CVidParamTiming const&) = default;
+    CVidParamTiming(const CVidParamTiming&) = default;
 
     static constexpr unsigned int msc_uiHzPerKiloHz = 1000;
 

@@ -4,11 +4,11 @@
 
 CVidParamTimingGeneric::CVidParamTimingGeneric() : m_oData{} {}
 
-CVidParamTimingGeneric::CVidParamTimingGeneric(SVidParamGenericData const& oData) : m_oData(oData) {}
+CVidParamTimingGeneric::CVidParamTimingGeneric(const SVidParamGenericData& oData) : m_oData(oData) {}
 
 CVidParamTimingGeneric::~CVidParamTimingGeneric() { CVidParamTimingGeneric::ClearData(); }
 
-CVidParamTimingGeneric& CVidParamTimingGeneric::operator=(CVidParamTimingGeneric const& oOther)
+CVidParamTimingGeneric& CVidParamTimingGeneric::operator=(const CVidParamTimingGeneric& oOther)
 {
     // The record and nothing else, the bit without accessor too: what the field-wise base assignment would write first
     // is overwritten whole, and sorting a mode list consists of little but this.

@@ -40,17 +40,17 @@ public:
     };
 
     CVidParamTimingGeneric(); // an empty timing, all zero
-    explicit CVidParamTimingGeneric(SVidParamGenericData const& oData);
-    CVidParamTimingGeneric(CVidParamTimingGeneric const& oOther) = default;
+    explicit CVidParamTimingGeneric(const SVidParamGenericData& oData);
+    CVidParamTimingGeneric(const CVidParamTimingGeneric& oOther) = default;
     ~CVidParamTimingGeneric() override;
 
     // Copies the record exactly, the flag without accessor included.
-    CVidParamTimingGeneric& operator=(CVidParamTimingGeneric const& oOther);
+    CVidParamTimingGeneric& operator=(const CVidParamTimingGeneric& oOther);
     // From any timing, field by field.
     using CVidParamTiming::operator=;
 
     // The record itself.
-    SVidParamGenericData const& GetData() const { return m_oData; }
+    const SVidParamGenericData& GetData() const { return m_oData; }
     SVidParamGenericData& GetData() { return m_oData; }
 
     // Zeroes the whole record, source and flags included.

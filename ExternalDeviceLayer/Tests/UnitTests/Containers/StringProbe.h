@@ -8,8 +8,8 @@ class CStringProbe : public CMString
 {
 public:
     static int GetRefs(const CMString& oString) { return (oString.*&CStringProbe::GetMetaData)()->m_iRefs; }
-    static char const* GetNil() { return m_pszNil; }
-    static SMetaData const& GetNilMetaData() { return *m_poDataNil; }
+    static const char* GetNil() { return m_pszNil; }
+    static const SMetaData& GetNilMetaData() { return *m_poDataNil; }
 };
 
-inline char const* Text(const CMString& oString) { return oString; }
+inline const char* Text(const CMString& oString) { return oString; }

@@ -12,9 +12,9 @@
 
 namespace
 {
-using CByteArray = CMArray<unsigned char, unsigned char const&>;
-using CNumberArray = CMArray<unsigned int, unsigned int const&>;
-using CStringArray = CMArray<CMString, CMString const&>;
+using CByteArray = CMArray<unsigned char, const unsigned char&>;
+using CNumberArray = CMArray<unsigned int, const unsigned int&>;
+using CStringArray = CMArray<CMString, const CMString&>;
 
 // Counts what runs on it.
 class CTracked
@@ -52,7 +52,7 @@ std::vector<unsigned long> Capacities(const CCountingAllocator& oHeap, size_t ui
 }
 
 template <class TYPE>
-std::vector<TYPE> Elements(const CMArray<TYPE, TYPE const&>& oArray)
+std::vector<TYPE> Elements(const CMArray<TYPE, const TYPE&>& oArray)
 {
     return oArray.GetCount() == 0 ? std::vector<TYPE>()
                                   : std::vector<TYPE>(oArray.GetData(), oArray.GetData() + oArray.GetCount());
@@ -199,7 +199,7 @@ TEST(ArrayGrowth, MovesElementsWithoutRunningAnything)
 {
     CCountingAllocator oHeap;
     {
-        CMArray<CTracked, CTracked const&> oArray;
+        CMArray<CTracked, const CTracked&> oArray;
         oArray.SetSize(2, -1);
         oArray[1].m_uiValue = 5;
         CTracked::ResetCounts();
@@ -448,7 +448,7 @@ constexpr unsigned long gsc_ulContext = 0x123456789ABCDEF0;
 std::string* g_psCalls = nullptr;
 
 // Compares tens only and notes the pairs.
-int CompareTens(unsigned int const& uiFirst, unsigned int const& uiSecond, unsigned long ulContext)
+int CompareTens(const unsigned int& uiFirst, const unsigned int& uiSecond, unsigned long ulContext)
 {
     EXPECT_EQ(gsc_ulContext, ulContext);
     *g_psCalls += std::to_string(uiFirst) + ":" + std::to_string(uiSecond) + " ";
@@ -487,13 +487,13 @@ TEST(ArraySort, CallsStandInBubbleOrderAndEqualsStay)
 
 TEST(ArraySort, SwapsByThreeAssignments)
 {
-    CMArray<CTracked, CTracked const&> oArray;
+    CMArray<CTracked, const CTracked&> oArray;
     oArray.SetSize(2, -1);
     oArray[0].m_uiValue = 2;
     oArray[1].m_uiValue = 1;
     CTracked::ResetCounts();
     oArray.SortElements(
-        [](CTracked const& oFirst, CTracked const& oSecond, unsigned long) {
+        [](const CTracked& oFirst, const CTracked& oSecond, unsigned long) {
             return static_cast<int>(oFirst.m_uiValue) - static_cast<int>(oSecond.m_uiValue);
         },
         0);

@@ -9,7 +9,7 @@
 
 namespace
 {
-using CNumberMap = CMMap<unsigned int, unsigned int, unsigned int const&, unsigned int const&>;
+using CNumberMap = CMMap<unsigned int, unsigned int, const unsigned int&, const unsigned int&>;
 
 enum EKey : unsigned int
 {
@@ -17,7 +17,7 @@ enum EKey : unsigned int
     eKeySecond = 2
 };
 using CListMap =
-    CMMap<EKey, CMArray<CMString, CMString const&>, EKey const&, CMArray<CMString, CMString const&> const&>;
+    CMMap<EKey, CMArray<CMString, const CMString&>, const EKey&, const CMArray<CMString, const CMString&>&>;
 
 // Shows the parts of a node.
 class CMapProbe : public CNumberMap

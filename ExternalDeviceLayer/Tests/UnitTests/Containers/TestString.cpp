@@ -38,7 +38,7 @@ using StringParts = String;
 TEST_F(String, EmptyOnesShareAConstantWithoutMemory)
 {
     const CMString oDefault;
-    const CMString oNull(static_cast<char const*>(nullptr));
+    const CMString oNull(static_cast<const char*>(nullptr));
     const CMString oEmpty("");
     const CMString oNone('x', 0);
     const CMString oNegative('x', -3);
@@ -73,7 +73,7 @@ TEST_F(String, ComparesTextsNotBuffers)
     EXPECT_TRUE(oFirst == "abc");
     EXPECT_TRUE("abc" == oFirst);
     EXPECT_TRUE(oFirst != "abd");
-    EXPECT_TRUE(CMString() == static_cast<char const*>(nullptr));
+    EXPECT_TRUE(CMString() == static_cast<const char*>(nullptr));
 }
 
 TEST_F(String, LengthsThatCannotBeReport)
@@ -132,7 +132,7 @@ TEST_F(StringSharing, NoChangeReachesTheOtherHolder)
         { "AssignText", [](CMString& oText) { oText = "longer text"; }, "longer text" },
         { "AssignOwnTail", [](CMString& oText) { oText = Text(oText) + 2; }, "b " },
         { "AssignChar", [](CMString& oText) { oText = 'c'; }, "c" },
-        { "AssignNull", [](CMString& oText) { oText = static_cast<char const*>(nullptr); }, "" },
+        { "AssignNull", [](CMString& oText) { oText = static_cast<const char*>(nullptr); }, "" },
         { "AssignString", [](CMString& oText) { oText = CMString("other"); }, "other" },
         { "GetBuffer", [](CMString& oText) { oText.GetBuffer(0)[0] = 'x'; }, "xAb " },
         { "SetLength", [](CMString& oText) { oText.GetBufferSetLength(2); }, " A" },
@@ -157,7 +157,7 @@ TEST_F(StringSharing, NoChangeReachesTheOtherHolder)
         EXPECT_STREQ(" Ab ", oHolder);
         EXPECT_EQ(1, Refs(oHolder));
 
-        CMString oPrivate(static_cast<char const*>(oHolder)); // the same in place
+        CMString oPrivate(static_cast<const char*>(oHolder)); // the same in place
         oCase.m_pfnChange(oPrivate);
         EXPECT_STREQ(oCase.m_szExpected, oPrivate);
     }
@@ -175,7 +175,7 @@ TEST_F(StringSharing, AssignmentSharesOrKeepsTheBuffer)
     EXPECT_EQ(1U, m_oHeap.GetAllocCount());
 
     CMString oLarge("a long text");
-    char const* pszBuffer = oLarge;
+    const char* pszBuffer = oLarge;
     oLarge = "short"; // a buffer once large stays
     EXPECT_EQ(pszBuffer, Text(oLarge));
     EXPECT_EQ(11, oLarge.GetAllocLength());
@@ -240,7 +240,7 @@ TEST_F(StringBuffer, SumsAreNewStrings)
     EXPECT_STREQ("xab", "x" + oFirst);
     EXPECT_STREQ("ab!", oFirst + '!');
     EXPECT_STREQ("!ab", '!' + oFirst);
-    EXPECT_STREQ("ab", oFirst + static_cast<char const*>(nullptr));
+    EXPECT_STREQ("ab", oFirst + static_cast<const char*>(nullptr));
     EXPECT_EQ(CStringProbe::GetNil(), Text(CMString() + CMString()));
 }
 
@@ -316,7 +316,7 @@ TEST_F(StringLock, ALockedBufferIsCopiedNotShared)
 TEST_F(StringLock, AssigningToALockedStringCopiesIntoIt)
 {
     CMString oLocked("abcdef");
-    char const* pszBuffer = oLocked.LockBuffer();
+    const char* pszBuffer = oLocked.LockBuffer();
     const CMString oSource("xyz");
     oLocked = oSource;
     EXPECT_EQ(pszBuffer, Text(oLocked));
@@ -342,7 +342,7 @@ TEST_F(StringLock, AssigningAnEmptyTextEndsTheLock)
 TEST_F(StringLock, EmptyKeepsBufferAndLock)
 {
     CMString oLocked("abc");
-    char const* pszBuffer = oLocked.LockBuffer();
+    const char* pszBuffer = oLocked.LockBuffer();
     oLocked.Empty();
     EXPECT_EQ(pszBuffer, Text(oLocked));
     EXPECT_EQ(0, oLocked.GetLength());
@@ -522,10 +522,10 @@ TEST_F(StringSearch, NullReportsWhereCaseCounts)
 {
     const CMString oText("abc");
     CCapturedOutput oOutput;
-    EXPECT_EQ(-1, oText.Find(static_cast<char const*>(nullptr), 0));
+    EXPECT_EQ(-1, oText.Find(static_cast<const char*>(nullptr), 0));
     EXPECT_EQ(1U, oOutput.TakeAssertionCount());
     CCapturedOutput oNoCaseOutput;
-    EXPECT_EQ(2, oText.FindNoCase(static_cast<char const*>(nullptr), 2)); // counts as empty
+    EXPECT_EQ(2, oText.FindNoCase(static_cast<const char*>(nullptr), 2)); // counts as empty
     EXPECT_EQ(0U, oNoCaseOutput.TakeAssertionCount());
 }
 

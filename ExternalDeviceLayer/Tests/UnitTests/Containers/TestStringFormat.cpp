@@ -14,7 +14,7 @@
 namespace
 {
 // Without the attribute that checks formats, so that odd ones can be tried.
-int Estimate(char const* pszFormat, ...)
+int Estimate(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
@@ -23,7 +23,7 @@ int Estimate(char const* pszFormat, ...)
     return iLength;
 }
 
-void FormatUnchecked(CMString& oText, char const* pszFormat, ...)
+void FormatUnchecked(CMString& oText, const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
@@ -31,7 +31,7 @@ void FormatUnchecked(CMString& oText, char const* pszFormat, ...)
     va_end(oList);
 }
 
-void AppendUnchecked(CMString& oText, char const* pszFormat, ...)
+void AppendUnchecked(CMString& oText, const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
@@ -40,7 +40,7 @@ void AppendUnchecked(CMString& oText, char const* pszFormat, ...)
 }
 
 // The text by CMString and by the C library, with the estimate as the bound.
-void ExpectLikeLibrary(char const* pszFormat, ...)
+void ExpectLikeLibrary(const char* pszFormat, ...)
 {
     SCOPED_TRACE(pszFormat);
     va_list oList;
@@ -66,7 +66,7 @@ void ExpectLikeLibrary(char const* pszFormat, ...)
     EXPECT_EQ("1234" + std::string(szExpected), Text(oAppended));
 }
 
-char const* const gsc_pszNull = nullptr;
+const char* const gsc_pszNull = nullptr;
 }
 
 TEST(StringEstimate, FollowsTheTable)
@@ -110,7 +110,7 @@ TEST(StringEstimate, FollowsTheTable)
         { "NarrowCapitalText", Estimate("%hS", "abcd"), 4 },
         { "WideText", Estimate("%ls", L"abcde"), 5 },
         { "CapitalText", Estimate("%S", L"abcde"), 5 },
-        { "NullWideText", Estimate("%ls", static_cast<wchar_t const*>(nullptr)), 6 },
+        { "NullWideText", Estimate("%ls", static_cast<const wchar_t*>(nullptr)), 6 },
         { "Count", Estimate("%n", static_cast<int*>(nullptr)), 0 },
         { "SkippedSizes", Estimate("%Ld", 1), 32 },
         { "ArgumentsStayInPlace", Estimate("%lld%f%d%p%s", 1LL, 1.0, 1, nullptr, "abcde"), 32 + 312 + 32 + 32 + 5 },
@@ -219,7 +219,7 @@ TEST(StringFormat, BuffersKeepTheirEstimatedSize)
     oText.Format("%d", 5);
     EXPECT_EQ(1, oText.GetLength());
     EXPECT_EQ(33, oText.GetAllocLength());
-    char const* pszBuffer = oText;
+    const char* pszBuffer = oText;
     oText.Format("%d", 12345); // overwritten in place
     EXPECT_EQ(pszBuffer, Text(oText));
     EXPECT_STREQ("12345", oText);

@@ -9,7 +9,7 @@
 
 namespace
 {
-std::vector<std::string> Tokens(const CMString& oText, char const* pszSeparators)
+std::vector<std::string> Tokens(const CMString& oText, const char* pszSeparators)
 {
     std::vector<std::string> asTokens;
     for (CMString::CIterator oToken = oText.Begin(pszSeparators); oToken != oText.End(); ++oToken)

@@ -102,7 +102,7 @@ int LoadExact(CEdid& oEdid, const Bytes& aui8Data, unsigned int uiStripFlags = 0
 
 Bytes Serialise(const CEdid& oEdid)
 {
-    const CMArray<unsigned char, unsigned char const&> aui8Data = oEdid.GetEdidBuffer();
+    const CMArray<unsigned char, const unsigned char&> aui8Data = oEdid.GetEdidBuffer();
     return Bytes(aui8Data.GetData(), aui8Data.GetData() + aui8Data.GetCount());
 }
 

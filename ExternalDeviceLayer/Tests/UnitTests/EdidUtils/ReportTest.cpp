@@ -436,7 +436,7 @@ public:
     explicit CTaggedBlock(unsigned int uiTag) : m_uiTag(uiTag) {}
     unsigned int GetExtensionType() const override { return m_uiTag; }
     unsigned int GetSize() const override { return 0; }
-    unsigned char const* GetData() const override { return nullptr; }
+    const unsigned char* GetData() const override { return nullptr; }
     unsigned int GetEdidBuffer(unsigned int, unsigned char*) const override { return 0; }
     CByteArray GetEdidBuffer() const override { return CByteArray(); }
     unsigned int GetRevision() const override { return 0; }

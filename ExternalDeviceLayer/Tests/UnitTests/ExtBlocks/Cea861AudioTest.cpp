@@ -21,7 +21,7 @@ SBytes MakeAudioBlock(unsigned int uiCount)
     return aui8Bytes;
 }
 
-SBytes operator+(SBytes aui8First, SBytes const& aui8Second)
+SBytes operator+(SBytes aui8First, const SBytes& aui8Second)
 {
     aui8First.insert(aui8First.end(), aui8Second.begin(), aui8Second.end());
     return aui8First;
@@ -61,7 +61,7 @@ const SAudioListCase gsc_aoListCases[] = {
 
 TEST(Cea861Audio, Lists)
 {
-    for (SAudioListCase const& oCase : gsc_aoListCases)
+    for (const SAudioListCase& oCase : gsc_aoListCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes(oCase.m_aui8Blocks).Get());
@@ -203,7 +203,7 @@ const SEditCase gsc_aoEditCases[] = {
 
 TEST(Cea861Audio, EditsByByteImage)
 {
-    for (SEditCase const& oCase : gsc_aoEditCases)
+    for (const SEditCase& oCase : gsc_aoEditCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         const SCeaBlock aui8Before =
@@ -254,7 +254,7 @@ const SRefusalCase gsc_aoRefusalCases[] = {
 
 TEST(Cea861Audio, RefusalsChangeNoByte)
 {
-    for (SRefusalCase const& oCase : gsc_aoRefusalCases)
+    for (const SRefusalCase& oCase : gsc_aoRefusalCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         const SCeaBlock aui8Block = CCeaBlockBuilder().Bytes(oCase.m_aui8Blocks).Detailed({ 1 }).Get();
@@ -364,7 +364,7 @@ TEST(Cea861Audio, Names)
                                                              { 8, "88" },   { 16, "96" },      { 32, "176" },
                                                              { 64, "192" }, { 0, "" },         { 3, "" },
                                                              { 128, "" },   { 0x80000000, "" } };
-    for (auto const& [uiRate, pszName] : aoRates)
+    for (const auto& [uiRate, pszName] : aoRates)
     {
         EXPECT_STREQ(pszName, Block::GetAudioSamplingFreqStr(static_cast<Block::EAudioSamplingFreq>(uiRate))) << uiRate;
     }

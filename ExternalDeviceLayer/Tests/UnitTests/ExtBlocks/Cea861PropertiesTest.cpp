@@ -21,8 +21,8 @@ class CQuiet
 public:
     CQuiet() { OsServices::SetMsgLevel(0, 0, 0); }
     ~CQuiet() { OsServices::SetMsgLevel(1, 1, 0); }
-    CQuiet(CQuiet const&) = delete;
-    CQuiet& operator=(CQuiet const&) = delete;
+    CQuiet(const CQuiet&) = delete;
+    CQuiet& operator=(const CQuiet&) = delete;
 };
 
 // Everything that a block tells from its lists.
@@ -32,10 +32,10 @@ struct SLists
     std::vector<SDetailedEntry> m_aoDetaileds;
     std::vector<SAudioEntry> m_aoAudios;
     std::vector<unsigned int> m_auiSpeakers;
-    bool operator==(SLists const&) const = default;
+    bool operator==(const SLists&) const = default;
 };
 
-SLists GetLists(Block const& oBlock)
+SLists GetLists(const Block& oBlock)
 {
     return { GetStandards(oBlock), GetDetaileds(oBlock), GetAudios(oBlock), GetSpeakers(oBlock) };
 }
@@ -109,7 +109,7 @@ TEST(Cea861Properties, EveryByte2AndFirstHeader)
             SCeaBlock aui8Before = GetBytes(*poBlock);
             // Reading all lists back is slow; one header in sixteen, shifting with byte 2, still meets every tag.
             const bool bCompareLists = (uiByte2 + uiHeader) % 16 == 0;
-            for (SEdit const& oEdit : gsc_aoEdits)
+            for (const SEdit& oEdit : gsc_aoEdits)
             {
                 const int iResult = oEdit.m_pfnEdit(*poBlock);
                 const SCeaBlock aui8After = GetBytes(*poBlock);
@@ -143,15 +143,15 @@ class CCountingAllocator : public CMAllocator
 public:
     CCountingAllocator() { m_poGlobalAllocator = this; }
     ~CCountingAllocator() { m_poGlobalAllocator = nullptr; }
-    CCountingAllocator(CCountingAllocator const&) = delete;
-    CCountingAllocator& operator=(CCountingAllocator const&) = delete;
+    CCountingAllocator(const CCountingAllocator&) = delete;
+    CCountingAllocator& operator=(const CCountingAllocator&) = delete;
 
     void* Alloc(unsigned long uiSize) override
     {
         ++m_uiCount;
         return operator new[](uiSize);
     }
-    void Free(void const* p) override { operator delete[](const_cast<void*>(p)); }
+    void Free(const void* p) override { operator delete[](const_cast<void*>(p)); }
 
     unsigned int m_uiCount = 0;
 };
@@ -159,7 +159,7 @@ public:
 TEST(Cea861Properties, ListsAreAllocatedOnceEach)
 {
     // Video, audio, speakers, four HDMI codes, four descriptors.
-    unsigned char const* pui8Data = ExtStandard2::g_auiStandard2EdidData.data() + gsc_uiExt;
+    const unsigned char* pui8Data = ExtStandard2::g_auiStandard2EdidData.data() + gsc_uiExt;
     CCountingAllocator oAllocator;
     {
         Block oBlock(128, pui8Data, 0);
@@ -178,7 +178,7 @@ TEST(Cea861Properties, ListsAreAllocatedOnceEach)
 
 // Whether the data blocks end exactly at byte 2. Where one crosses it, descriptors and data blocks share bytes, and an
 // edit of the one changes the other.
-bool IsWellFormed(SCeaBlock const& aui8Block)
+bool IsWellFormed(const SCeaBlock& aui8Block)
 {
     unsigned int uiOffset = 4;
     while (uiOffset < aui8Block[2] && uiOffset < 127)
@@ -194,7 +194,7 @@ bool IsZero(unsigned char ui8Byte) { return ui8Byte == 0; }
 class CEditProperties
 {
 public:
-    explicit CEditProperties(SCeaBlock const& aui8Block)
+    explicit CEditProperties(const SCeaBlock& aui8Block)
         : m_aui8Block(aui8Block), m_oLists(GetLists(*LoadBlock(aui8Block))), m_bWellFormed(IsWellFormed(aui8Block))
     {
     }
@@ -369,7 +369,7 @@ public:
 private:
     // Whether the edit went through; then tag, revision, checksum and the zeros in front of it are still good. After a
     // refusal all bytes must be as they were.
-    bool Check(Block const& oBlock, int iResult) const
+    bool Check(const Block& oBlock, int iResult) const
     {
         const SCeaBlock aui8After = GetBytes(oBlock);
         if (iResult == 0)
@@ -386,13 +386,13 @@ private:
         return true;
     }
 
-    static bool IsTailZero(SCeaBlock const& aui8Block)
+    static bool IsTailZero(const SCeaBlock& aui8Block)
     {
         const unsigned int uiEnd = std::min(LoadBlock(aui8Block)->GetAvailableOffset(), 127U);
         return std::all_of(aui8Block.begin() + uiEnd, aui8Block.begin() + 127, IsZero);
     }
 
-    void ExpectLists(SLists const& oExpected, Block const& oBlock) const
+    void ExpectLists(const SLists& oExpected, const Block& oBlock) const
     {
         const SLists oLists = GetLists(oBlock);
         EXPECT_TRUE(GetLists(*LoadBlock(GetBytes(oBlock))) == oLists);
@@ -414,7 +414,7 @@ private:
             return;
         }
         std::vector<SStandardEntry> aoExpected;
-        for (SStandardEntry const& oEntry : m_oLists.m_aoStandards)
+        for (const SStandardEntry& oEntry : m_oLists.m_aoStandards)
         {
             if (oEntry.m_uiVic % 1000 != uiVic && !oEntry.m_b420)
             {
@@ -425,14 +425,14 @@ private:
         for (unsigned int uiTaken = 0; uiTaken < 8 && !bFound; ++uiTaken)
         {
             std::vector<SStandardEntry> aoEntries = GetStandards(*LoadBlock(WithChecksum(aui8After)));
-            std::erase_if(aoEntries, [](SStandardEntry const& oEntry) { return oEntry.m_b420 != 0; });
+            std::erase_if(aoEntries, [](const SStandardEntry& oEntry) { return oEntry.m_b420 != 0; });
             bFound = IsWellFormed(aui8After) && aoEntries == aoExpected;
             --aui8After[2];
         }
         EXPECT_TRUE(bFound) << "code " << uiVic;
     }
 
-    void ExpectBytesBack(Block const& oBlock) const
+    void ExpectBytesBack(const Block& oBlock) const
     {
         if (!IsTailZero(m_aui8Block))
         {
@@ -443,7 +443,7 @@ private:
         EXPECT_EQ(m_aui8Block, WithChecksum(aui8After));
     }
 
-    unsigned int FindAdded(std::vector<SAudioEntry> const& aoAudios) const
+    unsigned int FindAdded(const std::vector<SAudioEntry>& aoAudios) const
     {
         unsigned int i = 0;
         while (i < m_oLists.m_aoAudios.size() && aoAudios[i] == m_oLists.m_aoAudios[i])
@@ -474,7 +474,7 @@ private:
 };
 
 // Tries all CEA-861 blocks of an image; returns their number.
-unsigned int TryImage(std::string const& sName, unsigned char const* pui8Data, size_t uiSize)
+unsigned int TryImage(const std::string& sName, const unsigned char* pui8Data, size_t uiSize)
 {
     unsigned int uiBlocks = 0;
     for (size_t uiAt = 128; uiAt + 128 <= uiSize; uiAt += 128)
@@ -495,7 +495,7 @@ unsigned int TryImage(std::string const& sName, unsigned char const* pui8Data, s
 TEST(Cea861Properties, ImagesOfTheSelfCheck)
 {
     const CQuiet oQuiet;
-    const std::pair<const char*, SEdidImage const*> aoImages[] = {
+    const std::pair<const char*, const SEdidImage*> aoImages[] = {
         { "AsusHd", &AsusHd::g_auiAsusHdEdidData },
         { "LgUltraHd", &gsc_aui8LgUltraHd },
         { "ExtStandard", &ExtStandard::g_auiStandardEdidData },
@@ -508,7 +508,7 @@ TEST(Cea861Properties, ImagesOfTheSelfCheck)
         { "AudioFull", &Audio::g_auiAudioFullEdidData },
         { "AudioTwoDescriptors", &Audio::g_auiAudioTwoDescriptorsEdidData },
     };
-    for (auto const& [pszName, paui8Image] : aoImages)
+    for (const auto& [pszName, paui8Image] : aoImages)
     {
         EXPECT_EQ(1U, TryImage(pszName, paui8Image->data(), paui8Image->size())) << pszName;
     }
@@ -523,7 +523,7 @@ TEST(Cea861Properties, RealImages)
     }
     const CQuiet oQuiet;
     unsigned int uiBlocks = 0;
-    for (SCorpusImage const& oImage : aoImages)
+    for (const SCorpusImage& oImage : aoImages)
     {
         uiBlocks += TryImage(oImage.m_sName, oImage.m_aui8Data.data(), oImage.m_aui8Data.size());
     }

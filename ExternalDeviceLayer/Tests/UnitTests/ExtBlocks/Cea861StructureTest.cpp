@@ -163,7 +163,7 @@ const SWalkCase gsc_aoWalkCases[] = {
 
 TEST(Cea861Walk, FindsWholeBlocksOnly)
 {
-    for (SWalkCase const& oCase : gsc_aoWalkCases)
+    for (const SWalkCase& oCase : gsc_aoWalkCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         CCeaBlockBuilder oBuilder(oCase.m_ui8Revision);
@@ -206,7 +206,7 @@ TEST(Cea861Detailed, SlotsByByte2)
     const std::pair<unsigned int, unsigned int> aoCases[] = {
         { 0, 0 }, { 1, 7 }, { 4, 6 }, { 19, 6 }, { 20, 5 }, { 109, 1 }, { 110, 0 }, { 127, 0 }, { 128, 0 }, { 255, 0 }
     };
-    for (auto const& [uiByte2, uiSlots] : aoCases)
+    for (const auto& [uiByte2, uiSlots] : aoCases)
     {
         SCOPED_TRACE(uiByte2);
         SCeaBlock aui8Block;
@@ -304,7 +304,7 @@ TEST(Cea861Space, CountsFromBehindTheDescriptors)
         { "Byte2BehindTheBlock", CCeaBlockBuilder().At(2, 200).Get(), 200, 0 },
         { "Byte2Is0", CCeaBlockBuilder().At(2, 0).Get(), 0, 126 },
     };
-    for (auto const& oCase : aoCases)
+    for (const auto& oCase : aoCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         const auto poBlock = LoadBlock(oCase.m_aui8Block);
@@ -322,22 +322,22 @@ TEST(Cea861Space, AdditionsStopOneByteShort)
         const char* m_szName;
         unsigned int m_uiSize;
         std::vector<unsigned char> m_aui8Bytes;
-        int (*m_pfnAdd)(Block& oBlock, Block::SAudioDescriptor const& oAudio);
+        int (*m_pfnAdd)(Block& oBlock, const Block::SAudioDescriptor& oAudio);
     } const aoCases[] = {
         { "Vendor",
           7,
           { 0x66, 0x03, 0x0C, 0x00, 0x01, 0x00, 0x00 },
-          [](Block& oBlock, Block::SAudioDescriptor const&) { return oBlock.AddVendorSpecific(); } },
+          [](Block& oBlock, const Block::SAudioDescriptor&) { return oBlock.AddVendorSpecific(); } },
         { "Speaker",
           4,
           { 0x83, 0xFF, 0x07, 0x00 },
-          [](Block& oBlock, Block::SAudioDescriptor const&) { return oBlock.AddSpeakerDescriptor(0xFFFFFFFF); } },
+          [](Block& oBlock, const Block::SAudioDescriptor&) { return oBlock.AddSpeakerDescriptor(0xFFFFFFFF); } },
         { "Audio",
           4,
           { 0x23, 0x09, 0x07, 0x07 },
-          [](Block& oBlock, Block::SAudioDescriptor const& oValue) { return oBlock.AddAudioDescriptor(&oValue); } },
+          [](Block& oBlock, const Block::SAudioDescriptor& oValue) { return oBlock.AddAudioDescriptor(&oValue); } },
     };
-    for (auto const& oCase : aoCases)
+    for (const auto& oCase : aoCases)
     {
         for (unsigned int uiStart = 4; uiStart < 128; ++uiStart)
         {
@@ -413,7 +413,7 @@ TEST(Cea861RawSteps, RangesBeyondTheBlockReportAndChangeNothing)
                                                                { 0xFFFFFFFF, 0 },
                                                                { 0x80000000, 0x80000004 } };
     const auto poBlock = LoadBlock(aui8Block);
-    for (auto const& [uiStart, uiLength] : aoRanges)
+    for (const auto& [uiStart, uiLength] : aoRanges)
     {
         SCOPED_TRACE(testing::Message() << uiStart << ", " << uiLength);
         CCapturedOutput oOutput;
@@ -492,7 +492,7 @@ const SStripCase gsc_aoStripCases[] = {
 
 TEST(Cea861Strip, TakesOutWhatIsAskedForAtLoad)
 {
-    for (SStripCase const& oCase : gsc_aoStripCases)
+    for (const SStripCase& oCase : gsc_aoStripCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         const SCeaBlock aui8Block =

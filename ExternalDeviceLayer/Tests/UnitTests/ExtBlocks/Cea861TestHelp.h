@@ -57,7 +57,7 @@ public:
     }
 
     // Bytes of the data-block area; byte 2 follows their end.
-    CCeaBlockBuilder& Bytes(std::vector<unsigned char> const& aui8Bytes)
+    CCeaBlockBuilder& Bytes(const std::vector<unsigned char>& aui8Bytes)
     {
         Put(aui8Bytes.data(), aui8Bytes.size());
         m_aui8Block[2] = static_cast<unsigned char>(m_uiEnd);
@@ -83,7 +83,7 @@ public:
     SCeaBlock Get() const { return WithChecksum(m_aui8Block); }
 
 private:
-    void Put(unsigned char const* pui8Bytes, size_t uiCount)
+    void Put(const unsigned char* pui8Bytes, size_t uiCount)
     {
         for (size_t i = 0; i < uiCount; ++i)
         {
@@ -96,13 +96,13 @@ private:
 };
 
 // Loads from heap memory of exactly this size, so that the sanitizer sees a read behind it.
-inline std::unique_ptr<CEdidExtBlockCEA861> LoadBlock(SCeaBlock const& aui8Block, unsigned int uiStripFlags = 0)
+inline std::unique_ptr<CEdidExtBlockCEA861> LoadBlock(const SCeaBlock& aui8Block, unsigned int uiStripFlags = 0)
 {
     const std::vector<unsigned char> aui8Exact(aui8Block.begin(), aui8Block.end());
     return std::make_unique<CEdidExtBlockCEA861>(128U, aui8Exact.data(), uiStripFlags);
 }
 
-inline SCeaBlock GetBytes(CEdidExtBlockCEA861 const& oBlock)
+inline SCeaBlock GetBytes(const CEdidExtBlockCEA861& oBlock)
 {
     SCeaBlock aui8Block = {};
     oBlock.GetEdidBuffer(128, aui8Block.data());
@@ -115,16 +115,16 @@ struct SStandardEntry
     unsigned int m_uiVic;
     int m_bNative;
     int m_b420;
-    bool operator==(SStandardEntry const&) const = default;
+    bool operator==(const SStandardEntry&) const = default;
 };
 
-inline std::ostream& operator<<(std::ostream& oStream, SStandardEntry const& oEntry)
+inline std::ostream& operator<<(std::ostream& oStream, const SStandardEntry& oEntry)
 {
     return oStream << oEntry.m_uiVic << (oEntry.m_bNative ? " native" : "") << (oEntry.m_b420 ? " 4:2:0" : "");
 }
 
 // Codes that share their timing with a lower one come out as the lower one (3 as 2, 18 as 17).
-inline std::vector<SStandardEntry> GetStandards(CEdidExtBlockCEA861 const& oBlock)
+inline std::vector<SStandardEntry> GetStandards(const CEdidExtBlockCEA861& oBlock)
 {
     std::vector<SStandardEntry> aoEntries;
     for (unsigned int i = 0; i < oBlock.GetStandardCount(); ++i)
@@ -140,10 +140,10 @@ inline std::vector<SStandardEntry> GetStandards(CEdidExtBlockCEA861 const& oBloc
     return aoEntries;
 }
 
-inline std::vector<unsigned int> GetVics(CEdidExtBlockCEA861 const& oBlock)
+inline std::vector<unsigned int> GetVics(const CEdidExtBlockCEA861& oBlock)
 {
     std::vector<unsigned int> auiVics;
-    for (SStandardEntry const& oEntry : GetStandards(oBlock))
+    for (const SStandardEntry& oEntry : GetStandards(oBlock))
     {
         auiVics.push_back(oEntry.m_uiVic);
     }
@@ -152,7 +152,7 @@ inline std::vector<unsigned int> GetVics(CEdidExtBlockCEA861 const& oBlock)
 
 using SDetailedEntry = std::array<unsigned int, 9>;
 
-inline std::vector<SDetailedEntry> GetDetaileds(CEdidExtBlockCEA861 const& oBlock)
+inline std::vector<SDetailedEntry> GetDetaileds(const CEdidExtBlockCEA861& oBlock)
 {
     std::vector<SDetailedEntry> aoEntries;
     for (unsigned int i = 0; i < oBlock.GetDetailedCount(); ++i)
@@ -169,7 +169,7 @@ inline std::vector<SDetailedEntry> GetDetaileds(CEdidExtBlockCEA861 const& oBloc
 
 using SAudioEntry = std::array<unsigned int, 4>; // format, channels, rates, extra
 
-inline std::vector<SAudioEntry> GetAudios(CEdidExtBlockCEA861 const& oBlock)
+inline std::vector<SAudioEntry> GetAudios(const CEdidExtBlockCEA861& oBlock)
 {
     std::vector<SAudioEntry> aoEntries;
     for (unsigned int i = 0; i < oBlock.GetAudioDescriptorCount(); ++i)
@@ -181,7 +181,7 @@ inline std::vector<SAudioEntry> GetAudios(CEdidExtBlockCEA861 const& oBlock)
     return aoEntries;
 }
 
-inline std::vector<unsigned int> GetSpeakers(CEdidExtBlockCEA861 const& oBlock)
+inline std::vector<unsigned int> GetSpeakers(const CEdidExtBlockCEA861& oBlock)
 {
     std::vector<unsigned int> auiMasks;
     for (unsigned int i = 0; i < oBlock.GetSpeakerDescriptorCount(); ++i)

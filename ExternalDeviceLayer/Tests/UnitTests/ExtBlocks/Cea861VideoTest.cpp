@@ -11,7 +11,7 @@ using Block = CEdidExtBlockCEA861;
 using SBytes = std::vector<unsigned char>;
 
 // An HDMI vendor payload with these HDMI VICs, behind whatever header is given.
-SBytes MakeHdmi(SBytes aui8Bytes, SBytes const& aui8Vics)
+SBytes MakeHdmi(SBytes aui8Bytes, const SBytes& aui8Vics)
 {
     const SBytes aui8Fixed = { 0x03, 0x0C, 0x00, 0x10, 0x00, 0x80, 0x00, 0x20, 0x00 };
     aui8Bytes.insert(aui8Bytes.end(), aui8Fixed.begin(), aui8Fixed.end());
@@ -23,7 +23,7 @@ SBytes MakeHdmi(SBytes aui8Bytes, SBytes const& aui8Vics)
 SBytes Join(std::initializer_list<SBytes> aaui8Parts)
 {
     SBytes aui8Joined;
-    for (SBytes const& aui8Part : aaui8Parts)
+    for (const SBytes& aui8Part : aaui8Parts)
     {
         aui8Joined.insert(aui8Joined.end(), aui8Part.begin(), aui8Part.end());
     }
@@ -110,7 +110,7 @@ const SListCase gsc_aoListCases[] = {
 
 TEST(Cea861Standard, ListsInOrder)
 {
-    for (SListCase const& oCase : gsc_aoListCases)
+    for (const SListCase& oCase : gsc_aoListCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         CCapturedOutput oOutput;
@@ -230,7 +230,7 @@ const SRemoveCase gsc_aoRemoveCases[] = {
 
 TEST(Cea861RemoveStandard, TakesEveryOccurrenceFromItsTruePlace)
 {
-    for (SRemoveCase const& oCase : gsc_aoRemoveCases)
+    for (const SRemoveCase& oCase : gsc_aoRemoveCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         const SCeaBlock aui8Block = CCeaBlockBuilder().Bytes(oCase.m_aui8Blocks).Detailed({ 1, 2 }).Get();

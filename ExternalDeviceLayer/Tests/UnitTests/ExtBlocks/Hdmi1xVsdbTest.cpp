@@ -12,7 +12,7 @@ namespace
 {
 using SBytes = std::vector<unsigned char>;
 
-std::vector<unsigned int> GetCeaVics(CHdmi1xVsdb const& oVsdb)
+std::vector<unsigned int> GetCeaVics(const CHdmi1xVsdb& oVsdb)
 {
     std::vector<unsigned int> auiVics;
     for (unsigned int i = 0; oVsdb.EnumCea861Vic(i) != 0; ++i)
@@ -22,7 +22,7 @@ std::vector<unsigned int> GetCeaVics(CHdmi1xVsdb const& oVsdb)
     return auiVics;
 }
 
-unsigned int Length(SBytes const& aui8Bytes) { return static_cast<unsigned int>(aui8Bytes.size()); }
+unsigned int Length(const SBytes& aui8Bytes) { return static_cast<unsigned int>(aui8Bytes.size()); }
 
 struct SHdmiCase
 {
@@ -48,7 +48,7 @@ const SHdmiCase gsc_aoHdmiCases[] = {
 
 TEST(Hdmi1xVsdb, FindsItsVideoCodes)
 {
-    for (SHdmiCase const& oCase : gsc_aoHdmiCases)
+    for (const SHdmiCase& oCase : gsc_aoHdmiCases)
     {
         SCOPED_TRACE(oCase.m_szName);
         SBytes aui8Payload = { 0x03, 0x0C, 0x00 };
@@ -72,7 +72,7 @@ TEST(Hdmi1xVsdb, RemovalClosesTheGapAndLeavesThe3dData)
         { 1093, aui8Before },
         { 93 + 256, aui8Before },
     };
-    for (auto const& [uiVic, aui8After] : aoCases)
+    for (const auto& [uiVic, aui8After] : aoCases)
     {
         SCOPED_TRACE(uiVic);
         SBytes aui8Payload = aui8Before;

@@ -40,7 +40,7 @@ public:
         ++m_iHeld;
         return ::operator new(ulSize);
     }
-    void Free(void const* p) override
+    void Free(const void* p) override
     {
         if (p != nullptr)
         {
@@ -451,8 +451,8 @@ TEST_P(FailingMemory, Strings)
 
 // ---- Arrays and maps ----
 
-using CByteArray = CMArray<unsigned char, unsigned char const&>;
-using CTexts = CMArray<CMString, CMString const&>;
+using CByteArray = CMArray<unsigned char, const unsigned char&>;
+using CTexts = CMArray<CMString, const CMString&>;
 
 struct SArrays
 {
@@ -523,7 +523,7 @@ TEST_P(FailingMemory, Arrays)
           true },
         { "SortTexts",
           [](SArrays& o) {
-              o.m_aoLocked.SortElements([](CMString const& oFirst, CMString const& oSecond,
+              o.m_aoLocked.SortElements([](const CMString& oFirst, const CMString& oSecond,
                                            unsigned long) { return ZorTools_strcmp(oSecond, oFirst); },
                                         0);
           },
@@ -558,7 +558,7 @@ TEST_P(FailingMemory, Arrays)
 
 TEST_P(FailingMemory, Map)
 {
-    using CTextMap = CMMap<unsigned int, CMString, unsigned int const&, CMString const&>;
+    using CTextMap = CMMap<unsigned int, CMString, const unsigned int&, const CMString&>;
     const unsigned int uiAllocations = Run([] { return std::make_unique<CTextMap>(); },
                                            [](CTextMap& oMap) {
                                                for (unsigned int i = 0; i < 25; ++i)

@@ -47,7 +47,7 @@ struct SDamageCase
 // Bytes of an image replaced, with the checksums right again: what fails is the step that reads them.
 struct SPatch
 {
-    char const* m_pszName;
+    const char* m_pszName;
     unsigned int m_uiOffset;
     std::vector<unsigned char> m_aui8Bytes;
     unsigned int m_uiLines;
@@ -59,7 +59,7 @@ SEdidImage Flip(SEdidImage aui8Image, unsigned int uiOffset)
     return aui8Image;
 }
 
-SEdidImage Apply(SEdidImage aui8Image, SPatch const& oPatch)
+SEdidImage Apply(SEdidImage aui8Image, const SPatch& oPatch)
 {
     std::copy(oPatch.m_aui8Bytes.begin(), oPatch.m_aui8Bytes.end(), aui8Image.begin() + oPatch.m_uiOffset);
     return CEdidImageEdit(aui8Image).FixBaseChecksum().FixExtChecksum().Get();
@@ -86,14 +86,14 @@ class CDamage
 public:
     using DATA = decltype(GET());
 
-    CDamage(std::vector<SDamageCase>& aoCases, ESuite eSuite, char const* pszSuite)
+    CDamage(std::vector<SDamageCase>& aoCases, ESuite eSuite, const char* pszSuite)
         : m_aoCases(aoCases), m_eSuite(eSuite), m_sSuite(pszSuite)
     {
     }
 
     // oPick gives the image's place in a record.
     template <class PICK>
-    void AddImage(char const* pszName, unsigned int uiOffset, PICK oPick, unsigned int uiLines = gsc_uiAnyLines)
+    void AddImage(const char* pszName, unsigned int uiOffset, PICK oPick, unsigned int uiLines = gsc_uiAnyLines)
     {
         Add(std::string(pszName) + "_byte" + std::to_string(uiOffset), uiLines, [=](DATA& oData) {
             SEdidImage const aui8Damaged = Flip(*oPick(oData), uiOffset);
@@ -104,9 +104,9 @@ public:
 
     // A case for each patch of a loaded image.
     template <class PICK>
-    void AddPatches(char const* pszName, PICK oPick, std::vector<SPatch> const& aoPatches)
+    void AddPatches(const char* pszName, PICK oPick, const std::vector<SPatch>& aoPatches)
     {
-        for (SPatch const& oPatch : aoPatches)
+        for (const SPatch& oPatch : aoPatches)
         {
             Add(std::string(pszName) + "_" + oPatch.m_pszName, oPatch.m_uiLines, [=](DATA& oData) {
                 SEdidImage const aui8Damaged = Apply(*oPick(oData), oPatch);
@@ -117,7 +117,7 @@ public:
     }
 
     // oRun damages the record and runs the steps.
-    void Add(std::string const& sName, unsigned int uiLines, std::function<int(DATA&)> oRun)
+    void Add(const std::string& sName, unsigned int uiLines, std::function<int(DATA&)> oRun)
     {
         m_aoCases.push_back({ m_sSuite + "_" + sName, m_eSuite,
                               [oRun = std::move(oRun)] {
@@ -129,7 +129,7 @@ public:
 
     // A case for each byte: the image is only compared with.
     template <class PICK>
-    void AddExpectedImage(char const* pszName, PICK oPick, unsigned int uiLines)
+    void AddExpectedImage(const char* pszName, PICK oPick, unsigned int uiLines)
     {
         for (unsigned int uiOffset = 0; uiOffset < 256; ++uiOffset)
         {
@@ -139,7 +139,7 @@ public:
 
     // A case for each row. oPick gives the table's place in a record.
     template <class PICK>
-    void AddTable(char const* pszName, PICK oPick, unsigned int uiLines)
+    void AddTable(const char* pszName, PICK oPick, unsigned int uiLines)
     {
         DATA oGood = GET();
         for (size_t uiRow = 0; uiRow < oPick(oGood).size(); ++uiRow)
@@ -250,7 +250,7 @@ void AddBaseCases(std::vector<SDamageCase>& aoCases)
 }
 
 template <auto GET, auto RUN>
-void AddExtDetailedCases(std::vector<SDamageCase>& aoCases, ESuite eSuite, char const* pszSuite)
+void AddExtDetailedCases(std::vector<SDamageCase>& aoCases, ESuite eSuite, const char* pszSuite)
 {
     CDamage<GET, RUN> oDamage(aoCases, eSuite, pszSuite);
     oDamage.AddPatches("image0", [](auto& oData) -> auto& { return oData.m_apaui8Image.at(0); },
@@ -303,7 +303,7 @@ void AddPreferredTimingCases(std::vector<SDamageCase>& aoCases)
 
 // The first table is checked by the suite's step, the others by the shared removal, which writes a line more.
 template <auto GET, auto RUN>
-void AddExtStandardCases(std::vector<SDamageCase>& aoCases, ESuite eSuite, char const* pszSuite, unsigned int uiStates)
+void AddExtStandardCases(std::vector<SDamageCase>& aoCases, ESuite eSuite, const char* pszSuite, unsigned int uiStates)
 {
     CDamage<GET, RUN> oDamage(aoCases, eSuite, pszSuite);
     oDamage.AddImage(
@@ -341,7 +341,7 @@ void AddDepthAndCompareCases(std::vector<SDamageCase>& aoCases)
                       { { "Revision", 19, { 4 }, 1 } });
 
     CDamage<GetTimingsCompareData, RunTimingsCompare> oCompare(aoCases, eSuite_TimingsCompare, "TimingsCompare");
-    std::vector<SPatch> const aoPatches = { { "Header", gsc_uiHeaderByte, { 0x01 }, 1 },
+    const std::vector<SPatch> aoPatches = { { "Header", gsc_uiHeaderByte, { 0x01 }, 1 },
                                             { "AnotherStandard", 38, { 0x73 }, 1 },
                                             { "Width", gsc_uiWidthByte, { 0x81 }, 1 } };
     oCompare.AddPatches(
@@ -354,8 +354,8 @@ void AddAudioCases(std::vector<SDamageCase>& aoCases)
 {
     CDamage<GetAudioData, RunAudio> oAudio(aoCases, eSuite_Audio, "Audio");
     // What the image is loaded with, and what its sub-suite reads or writes. Bytes of the data blocks behind gsc_uiExt.
-    SPatch const oHeader = { "Header", gsc_uiHeaderByte, { 0x01 }, 2 };
-    SPatch const oTag = { "ExtensionTag", gsc_uiExt, { 0x40 }, 3 }; // the EDID drops the block with a line of its own
+    const SPatch oHeader = { "Header", gsc_uiHeaderByte, { 0x01 }, 2 };
+    const SPatch oTag = { "ExtensionTag", gsc_uiExt, { 0x40 }, 3 }; // the EDID drops the block with a line of its own
     oAudio.AddPatches("oneBlock", [](auto& oData) -> auto& { return oData.m_paui8OneBlock; },
                       { oHeader,
                         oTag,
@@ -435,7 +435,7 @@ std::string RunWithReplacement(ESuite eSuite, std::function<int()> oReplacement)
 }
 
 // What the run prints for these results, without assertion lines.
-std::string ExpectOutput(std::array<int, gsc_uiSuiteCount> const& aiResults, int iFailureCount)
+std::string ExpectOutput(const std::array<int, gsc_uiSuiteCount>& aiResults, int iFailureCount)
 {
     const std::array<const char*, gsc_uiSuiteCount> apszHeads = {
         "AsusHd Test           = ",  "BaseStandard Test     = ", "BaseDetailed Test     = ", "ExtDetailed Test      = ",
@@ -452,7 +452,7 @@ std::string ExpectOutput(std::array<int, gsc_uiSuiteCount> const& aiResults, int
 }
 
 // Splits the assertion lines off. uiCount receives their number, uiBefore the number of result lines that stand ahead of the first of them.
-std::string TakeAssertionLines(std::string const& sText, unsigned int& uiCount, unsigned int& uiBefore)
+std::string TakeAssertionLines(const std::string& sText, unsigned int& uiCount, unsigned int& uiBefore)
 {
     std::string sRest;
     uiCount = 0;
@@ -493,7 +493,7 @@ TEST(Suites, EachDamagedImageAndRowFailsItsSuite)
 {
     const std::vector<SDamageCase> aoCases = MakeDamageCases();
     std::set<ESuite> oSuites;
-    for (SDamageCase const& oCase : aoCases)
+    for (const SDamageCase& oCase : aoCases)
     {
         CCapturedOutput oOutput;
         EXPECT_EQ(0, oCase.m_oRun()) << oCase.m_sName;
@@ -511,7 +511,7 @@ TEST(Suites, OneFailureIsPrintedAndCounted)
 {
     const std::vector<SDamageCase> aoCases = MakeDamageCases();
     std::set<ESuite> oDone;
-    for (SDamageCase const& oCase : aoCases)
+    for (const SDamageCase& oCase : aoCases)
     {
         if (!oDone.insert(oCase.m_eSuite).second)
         {
@@ -557,7 +557,7 @@ TEST(Images, EachContentStandsOnceInTheList)
 {
     std::set<std::string> oNames;
     std::set<SEdidImage> oContents;
-    for (SNamedEdidImage const& oImage : gsc_aoEdidTestImages)
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         EXPECT_TRUE(oNames.insert(oImage.m_pszName).second) << oImage.m_pszName;
         EXPECT_TRUE(oContents.insert(*oImage.m_paui8Image).second) << oImage.m_pszName;

@@ -60,7 +60,7 @@ TEST(CompareRawData, NeverWritesALine)
         { "LastByteDiffers", 256, false, true, 0 },
     };
     CAsusHd oAsus;
-    for (SCompareCase const& oCase : aoCases)
+    for (const SCompareCase& oCase : aoCases)
     {
         SEdidImage aui8Expected = AsusHd::g_auiAsusHdEdidData;
         aui8Expected[255] = static_cast<unsigned char>(aui8Expected[255] ^ (oCase.m_bFlipLast ? 1 : 0));
@@ -111,7 +111,7 @@ TEST(GetVidParam, ResultTellsThatTheTypeIsKnown)
         { "ReducedBlankingIsNoTypeOfARow", oReduced, 0, 4321 },
         { "SmpteIsNoTypeOfARow", oOutside, 0, 4321 },
     };
-    for (SCase const& oCase : aoCases)
+    for (const SCase& oCase : aoCases)
     {
         CVidParamTimingGeneric oTiming = MakeMarkedTiming();
         EXPECT_EQ(oCase.m_iExpected, GetVidParam(oCase.m_oRow, oTiming)) << oCase.m_pszName;
@@ -131,15 +131,15 @@ TEST(GetVidParam, CeaBySizeTakesAnyScan)
 struct SValidator
 {
     const char* m_pszName;
-    std::function<int(CEdid const&, unsigned int)> m_oRun;        // with the given count
-    std::function<int(CEdid const&, unsigned int)> m_oRunDamaged; // the same, last row damaged
-    std::function<int(CEdid const&)> m_oRunNull;                  // count 0, null table
+    std::function<int(const CEdid&, unsigned int)> m_oRun;        // with the given count
+    std::function<int(const CEdid&, unsigned int)> m_oRunDamaged; // the same, last row damaged
+    std::function<int(const CEdid&)> m_oRunNull;                  // count 0, null table
     unsigned int m_uiCount;
     unsigned int m_uiLinesOnWrongCount;
 };
 
 template <class ROW>
-using TValidate = int (*)(CEdid const&, unsigned int, ROW const*);
+using TValidate = int (*)(const CEdid&, unsigned int, const ROW*);
 
 template <class ROW>
 SValidator MakeValidator(const char* pszName, TValidate<ROW> pfnValidate, std::vector<ROW> aoRows,
@@ -147,9 +147,9 @@ SValidator MakeValidator(const char* pszName, TValidate<ROW> pfnValidate, std::v
 {
     const unsigned int uiCount = static_cast<unsigned int>(aoRows.size());
     return { pszName,
-             [=](CEdid const& oEdid, unsigned int uiAsked) { return pfnValidate(oEdid, uiAsked, aoRows.data()); },
-             [=](CEdid const& oEdid, unsigned int uiAsked) { return pfnValidate(oEdid, uiAsked, aoDamaged.data()); },
-             [=](CEdid const& oEdid) { return pfnValidate(oEdid, 0, nullptr); },
+             [=](const CEdid& oEdid, unsigned int uiAsked) { return pfnValidate(oEdid, uiAsked, aoRows.data()); },
+             [=](const CEdid& oEdid, unsigned int uiAsked) { return pfnValidate(oEdid, uiAsked, aoDamaged.data()); },
+             [=](const CEdid& oEdid) { return pfnValidate(oEdid, 0, nullptr); },
              uiCount,
              uiLinesOnWrongCount };
 }
@@ -211,7 +211,7 @@ std::vector<SValidator> MakeValidators()
 TEST(Validators, AcceptTheTimingsThatTheImageDeclares)
 {
     CAsusHd oAsus;
-    for (SValidator const& oValidator : MakeValidators())
+    for (const SValidator& oValidator : MakeValidators())
     {
         CCapturedOutput oOutput;
         EXPECT_EQ(1, oValidator.m_oRun(oAsus.Get(), oValidator.m_uiCount)) << oValidator.m_pszName;
@@ -222,7 +222,7 @@ TEST(Validators, AcceptTheTimingsThatTheImageDeclares)
 TEST(Validators, WrongCountIsSilentInTwoOfThem)
 {
     CAsusHd oAsus;
-    for (SValidator const& oValidator : MakeValidators())
+    for (const SValidator& oValidator : MakeValidators())
     {
         CCapturedOutput oOutput;
         EXPECT_EQ(0, oValidator.m_oRun(oAsus.Get(), oValidator.m_uiCount - 1)) << oValidator.m_pszName;
@@ -233,7 +233,7 @@ TEST(Validators, WrongCountIsSilentInTwoOfThem)
 TEST(Validators, ADifferentRowWritesOneLine)
 {
     CAsusHd oAsus;
-    for (SValidator const& oValidator : MakeValidators())
+    for (const SValidator& oValidator : MakeValidators())
     {
         CCapturedOutput oOutput;
         EXPECT_EQ(0, oValidator.m_oRunDamaged(oAsus.Get(), oValidator.m_uiCount)) << oValidator.m_pszName;
@@ -244,7 +244,7 @@ TEST(Validators, ADifferentRowWritesOneLine)
 TEST(Validators, CountOf0NeedsNoTable)
 {
     CEdid oEmpty;
-    for (SValidator const& oValidator : MakeValidators())
+    for (const SValidator& oValidator : MakeValidators())
     {
         CCapturedOutput oOutput;
         EXPECT_EQ(1, oValidator.m_oRunNull(oEmpty)) << oValidator.m_pszName;
@@ -279,9 +279,9 @@ TEST(RemoveAndValidateStandard, EndsInTheSameBytesForEitherRowOfAPair)
     struct SCase
     {
         const char* m_pszName;
-        SEdidImage const& m_aui8Image;
+        const SEdidImage& m_aui8Image;
         unsigned int m_uiFirst;            // index of the code; its variant follows
-        SEdidImage const* m_paui8Expected; // null: the images for the two are compared with each other only
+        const SEdidImage* m_paui8Expected; // null: the images for the two are compared with each other only
     };
     const SCase aoCases[] = {
         { "Code16", ExtStandard::g_auiStandardEdidData, 6, &ExtStandard::g_auiStandardEdidData1 },
@@ -293,7 +293,7 @@ TEST(RemoveAndValidateStandard, EndsInTheSameBytesForEitherRowOfAPair)
         { "Code1Behind4", ExtStandard::g_auiStandardEdidData3, 6, &ExtStandard::g_auiStandardEdidData4 },
         { "HdmiCode93", ExtStandard2::g_auiStandard2EdidData, 25, &ExtStandard2::g_auiStandard2EdidData1 },
     };
-    for (SCase const& oCase : aoCases)
+    for (const SCase& oCase : aoCases)
     {
         CEdid oFirst;
         CEdid oVariant;
@@ -301,7 +301,7 @@ TEST(RemoveAndValidateStandard, EndsInTheSameBytesForEitherRowOfAPair)
         ASSERT_EQ(1, LoadCopy(oVariant, oCase.m_aui8Image)) << oCase.m_pszName;
         EXPECT_EQ(1, oFirst.RemoveStandard(oCase.m_uiFirst)) << oCase.m_pszName;
         EXPECT_EQ(1, oVariant.RemoveStandard(oCase.m_uiFirst + 1)) << oCase.m_pszName;
-        const CMArray<unsigned char, unsigned char const&> aui8First = oFirst.GetEdidBuffer();
+        const CMArray<unsigned char, const unsigned char&> aui8First = oFirst.GetEdidBuffer();
         EXPECT_EQ(1, CompareRawData(oVariant, 256, &aui8First[0])) << oCase.m_pszName;
         if (oCase.m_paui8Expected != nullptr)
         {
@@ -316,7 +316,7 @@ TEST(RemoveStandard, MovesTheTimingsOfTheBaseBlockOverItsEmptySlots)
     CEdid oEdid;
     ASSERT_EQ(1, LoadCopy(oEdid, BaseStandard::g_auiBaseStandardEdidData));
     EXPECT_EQ(1, oEdid.RemoveStandard(0));
-    SEdidImage const aui8Expected =
+    const SEdidImage aui8Expected =
         CEdidImageEdit(BaseStandard::g_auiBaseStandardEdidData)
             .Set(38, { 0x81, 0x40, 0x95, 0x00, 0xD1, 0xC0, 0x01, 0x00, 0x01, 0x01, 0x01, 0x00, 0x01, 0x01, 0x01, 0x01 })
             .FixBaseChecksum()

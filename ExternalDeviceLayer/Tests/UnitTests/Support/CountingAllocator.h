@@ -43,7 +43,7 @@ public:
         return p;
     }
 
-    void Free(void const* p) override
+    void Free(const void* p) override
     {
         if (p == nullptr)
         {
@@ -65,6 +65,6 @@ private:
     unsigned long m_ulLimit;
     unsigned int m_uiRefused = 0;
     unsigned int m_uiFreedNull = 0;
-    std::map<void const*, unsigned long> m_oLive;
+    std::map<const void*, unsigned long> m_oLive;
     std::vector<unsigned long> m_aulSizes;
 };

@@ -36,7 +36,7 @@ public:
 
     explicit CEditCheck(const CEdid& oEdid)
         : CEditCheck([&oEdid] {
-              const CMArray<unsigned char, unsigned char const&> aui8Data = oEdid.GetEdidBuffer();
+              const CMArray<unsigned char, const unsigned char&> aui8Data = oEdid.GetEdidBuffer();
               return Bytes(aui8Data.GetData(), aui8Data.GetData() + aui8Data.GetCount());
           })
     {

@@ -255,7 +255,7 @@ void ReadTimings(CDigest& oDigest, const SOURCE& oSource)
 template <class SOURCE>
 void ReadBytes(CDigest& oDigest, const SOURCE& oSource)
 {
-    const CMArray<unsigned char, unsigned char const&> aui8Bytes = oSource.GetEdidBuffer();
+    const CMArray<unsigned char, const unsigned char&> aui8Bytes = oSource.GetEdidBuffer();
     oDigest.AddBytes(aui8Bytes.GetData(), aui8Bytes.GetCount());
     const unsigned int uiSize = oSource.GetSize();
     oDigest.Add(uiSize);

@@ -66,7 +66,7 @@ class WorkedResult : public testing::TestWithParam<SWorkedCase>
 
 TEST_P(WorkedResult, IsComputedOnBothStorageClasses)
 {
-    SWorkedCase const& oCase = GetParam();
+    const SWorkedCase& oCase = GetParam();
     const SAllValues oExpected = {
         oCase.m_uiWidth,         oCase.m_uiHeight,    oCase.m_uiVerticalRateInHz, oCase.m_uiPixelClockInKiloHz,
         oCase.m_auiHorizontal,   oCase.m_auiVertical, FlagsOf(oCase.m_eFormula),  oCase.m_uiHorizontalRateInKiloHz,
@@ -109,7 +109,7 @@ TEST(CvtVerticalSync, TellsTheAspect)
         { 0, 0x40000000, 4 }, // 4 * height wraps to 0
         { 0x55555550, 0x80000000, 10 },
     };
-    for (auto const& oCase : aoCases)
+    for (const auto& oCase : aoCases)
     {
         EXPECT_EQ(oCase.m_uiLines, CVidParamCvt::GetVSyncLines(oCase.m_uiWidth, oCase.m_uiHeight))
             << oCase.m_uiWidth << "x" << oCase.m_uiHeight;
@@ -143,7 +143,7 @@ TEST(Cvt, ReducedBlankingOffTheCellGridKeepsWidthAndPorches)
 TEST(Refusals, LinePeriodsAbove100MicrosecondsWrapTheCvtDuty)
 {
     const unsigned int aauiModes[][3] = { { 200, 150, 60 }, { 176, 144, 60 }, { 320, 240, 30 }, { 640, 480, 20 } };
-    for (auto const& auiMode : aauiModes)
+    for (const auto& auiMode : aauiModes)
     {
         EXPECT_EQ(0, Compute(eCvt, auiMode[0], auiMode[1], auiMode[2], nullptr)) << auiMode[0];
         EXPECT_EQ(1, Compute(eCvtReduced, auiMode[0], auiMode[1], auiMode[2], nullptr)) << auiMode[0];
@@ -218,7 +218,7 @@ TEST_P(Formula, GeometryOfRealSizesAddsUp)
         { 640, 480 },   { 800, 600 },   { 1024, 768 },  { 1280, 1024 }, { 1366, 768 },
         { 1680, 1050 }, { 1920, 1080 }, { 2560, 1440 }, { 3440, 1440 }, { 4096, 2160 }
     };
-    for (auto const& auiSize : aauiSizes)
+    for (const auto& auiSize : aauiSizes)
     {
         for (const unsigned int uiRate : { 50U, 60U, 75U, 100U, 120U })
         {

@@ -23,10 +23,10 @@ namespace
 using Row = std::vector<unsigned int>;
 
 // A row as its numbers, in the order of the columns.
-Row NumbersOf(SAllValues const& oValues, unsigned int uiFlags)
+Row NumbersOf(const SAllValues& oValues, unsigned int uiFlags)
 {
-    auto const& auiH = oValues.m_auiHorizontal;
-    auto const& auiV = oValues.m_auiVertical;
+    const auto& auiH = oValues.m_auiHorizontal;
+    const auto& auiV = oValues.m_auiVertical;
     return { oValues.m_uiHorizontalActive,
              oValues.m_uiVerticalActive,
              oValues.m_uiVerticalRateInHz,
@@ -83,10 +83,10 @@ std::vector<Row> WalkSmpte()
 }
 
 // A multiplicative hash over the numbers of all rows, word by word.
-unsigned int ChecksumOf(std::vector<Row> const& aoRows)
+unsigned int ChecksumOf(const std::vector<Row>& aoRows)
 {
     unsigned int uiHash = 2166136261U;
-    for (Row const& oRow : aoRows)
+    for (const Row& oRow : aoRows)
     {
         for (const unsigned int uiNumber : oRow)
         {
@@ -179,7 +179,7 @@ TEST_P(TableRows, RateIsTheOneThatTheClockGives)
     }
 }
 
-std::string NameOf(testing::TestParamInfo<STableCase> const& oInfo) { return oInfo.param.m_szName; }
+std::string NameOf(const testing::TestParamInfo<STableCase>& oInfo) { return oInfo.param.m_szName; }
 
 INSTANTIATE_TEST_SUITE_P(Cases, TableRows, testing::ValuesIn(gsc_aoTables), NameOf);
 INSTANTIATE_TEST_SUITE_P(Cases, ReferenceRows, testing::Values(gsc_aoTables[0], gsc_aoTables[1]), NameOf);
@@ -222,7 +222,7 @@ std::vector<unsigned int> FindVics(unsigned int uiHorizontal, unsigned int uiVer
                                    CVidParamCea::EScanType eScanType)
 {
     std::vector<unsigned int> auiVics;
-    for (CVidParamCea::SCeaVidParam const& oRow : CVidParamCea::msc_aoCea861FTable)
+    for (const CVidParamCea::SCeaVidParam& oRow : CVidParamCea::msc_aoCea861FTable)
     {
         // The row that the search converts next is recognised by its values; twins count as the same.
         CRVidParamTiming oFound;
@@ -291,12 +291,12 @@ TEST(Search, DmtTwinsStandReducedFirstButForOne)
         { 1440, 900, 88750, 106500 },   { 1680, 1050, 119000, 146250 }, { 1920, 1200, 154000, 193250 },
         { 2560, 1600, 268500, 348500 }, { 1366, 768, 85500, 72000 }, // standard first
     };
-    const auto fnClock = [](unsigned int uiIndex, SDmtTieCase const& oCase, CVidParamDmt::EModeListType eList) {
+    const auto fnClock = [](unsigned int uiIndex, const SDmtTieCase& oCase, CVidParamDmt::EModeListType eList) {
         CRVidParamTiming oTiming;
         EXPECT_EQ(1, CVidParamDmt::GetVidParam(uiIndex, &oTiming, oCase.m_uiWidth, oCase.m_uiHeight, 60, eList));
         return oTiming.GetPixelClockInKiloHz();
     };
-    for (SDmtTieCase const& oCase : aoCases)
+    for (const SDmtTieCase& oCase : aoCases)
     {
         SCOPED_TRACE(oCase.m_uiWidth);
         const unsigned int uiHigh = std::max(oCase.m_uiFirstClock, oCase.m_uiSecondClock);
@@ -337,7 +337,7 @@ TEST(VicLookUp, KnowsExactlyTheCodesOfTheTable)
     };
     int iRow = 0;
     unsigned int uiVic = 0;
-    for (auto const& [uiFirst, uiLast] : aoRuns)
+    for (const auto& [uiFirst, uiLast] : aoRuns)
     {
         for (; uiVic <= uiLast; ++uiVic)
         {
@@ -371,7 +371,7 @@ TEST(VicLookUp, CodeOfATimingIsThatOfTheFirstTwin)
 {
     for (unsigned int i = 0; i < CVidParamCea::msc_uiCea861FRowCount; ++i)
     {
-        CVidParamCea::SCeaVidParam const& oRow = CVidParamCea::msc_aoCea861FTable[i];
+        const CVidParamCea::SCeaVidParam& oRow = CVidParamCea::msc_aoCea861FTable[i];
         unsigned int uiExpected = 0;
         for (unsigned int j = 0; j <= i && uiExpected == 0; ++j)
         {
@@ -417,7 +417,7 @@ TEST(VicLookUp, CodeNeedsEveryValueAndTheEffectiveClock)
     };
     CVidParamTimingGeneric oTiming;
     unsigned int uiVic = 0;
-    for (auto const& [pszName, fnChange] : aoChanges)
+    for (const auto& [pszName, fnChange] : aoChanges)
     {
         CVidParamCea::GetVidParamFromVic(16, &oTiming);
         fnChange(oTiming);

@@ -30,7 +30,7 @@ TEST(FrontDoor, EachTypeAsksItsOwnSource)
         { CVidParamTiming::eVidParamType_Cea, 1920, 1080, 60, 148500 },
         { CVidParamTiming::eVidParamType_Smpte, 2048, 1080, 48, 148500 },
     };
-    for (SSourceCase const& oCase : aoCases)
+    for (const SSourceCase& oCase : aoCases)
     {
         SCOPED_TRACE(oCase.m_eType);
         CVidParamTimingGeneric oTiming;
@@ -63,7 +63,7 @@ TEST(FrontDoor, NoSourceOrARefusalIsReportedOnceAndLeavesTheTiming)
         { CVidParamTiming::eVidParamType_Smpte, 1920, 1080, 60, 0 },
         { CVidParamTiming::eVidParamType_Cvt, 200, 150, 60, 0 },
     };
-    for (SSourceCase const& oCase : aoCases)
+    for (const SSourceCase& oCase : aoCases)
     {
         SCOPED_TRACE(oCase.m_eType);
         CVidParamTimingGeneric oTiming(gsc_oMarked);

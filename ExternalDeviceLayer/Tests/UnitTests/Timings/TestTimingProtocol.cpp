@@ -91,7 +91,7 @@ TEST(Overscan, IsPartOfTheTotalsAndOfTheRates)
 
     const CRecordingTiming oInterlaced(gsc_o1080i);
     EXPECT_EQ(1125U + 2 * 100, oInterlaced.ComputeVerticalTotalLine()); // that of one field counts twice
-    CVidParamTiming const& oBase = oInterlaced;
+    const CVidParamTiming& oBase = oInterlaced;
     EXPECT_EQ(1125U + 2 * 100, oBase.GetVerticalTotal());
     EXPECT_EQ(2200U + 1000, oBase.GetHorizontalTotal());
 }

@@ -65,14 +65,14 @@ TYPED_TEST(TimingStorage, FlagSettersTakeBitZeroAndKeepTheOtherFlags)
         { &CVidParamTiming::SetVerticalPolarityPositive, &CVidParamTiming::IsVerticalPolarityPositive },
     };
     TypeParam oTiming;
-    for (SFlag const& oFlag : aoFlags)
+    for (const SFlag& oFlag : aoFlags)
     {
         (oTiming.*oFlag.m_fnSet)(3);
     }
-    for (SFlag const& oFlag : aoFlags)
+    for (const SFlag& oFlag : aoFlags)
     {
         (oTiming.*oFlag.m_fnSet)(2); // bit 0 is clear
-        for (SFlag const& oEach : aoFlags)
+        for (const SFlag& oEach : aoFlags)
         {
             EXPECT_EQ(&oEach == &oFlag ? 0 : 1, (oTiming.*oEach.m_fnGet)());
         }
@@ -123,7 +123,7 @@ TEST(GenericStorage, ClearingTakesFlagsAndSourceToo)
 
 TEST(GenericStorage, TimingsOfAnArrayWorkOnAfterItsBufferMoved)
 {
-    CMArray<CVidParamTimingGeneric, CVidParamTimingGeneric const&> oList;
+    CMArray<CVidParamTimingGeneric, const CVidParamTimingGeneric&> oList;
     for (unsigned int i = 0; i < 100; ++i)
     {
         CVidParamTimingGeneric oTiming(gsc_o720p);
@@ -132,7 +132,7 @@ TEST(GenericStorage, TimingsOfAnArrayWorkOnAfterItsBufferMoved)
     }
     for (unsigned int i = 0; i < 100; ++i)
     {
-        CVidParamTiming const& oTiming = oList[static_cast<int>(i)];
+        const CVidParamTiming& oTiming = oList[static_cast<int>(i)];
         EXPECT_EQ(i, oTiming.GetVerticalRateInHz());
         EXPECT_EQ(1650U, oTiming.GetHorizontalTotal());
     }

@@ -43,7 +43,7 @@ TEST(DerivedValues, TotalsAreReachableThroughTheBaseAlike)
 {
     const CVidParamTimingGeneric oGeneric(gsc_o720p);
     const CRVidParamTiming oOther(gsc_oR720p, eRVideoFamily_None);
-    for (CVidParamTiming const* poTiming : std::initializer_list<CVidParamTiming const*>{ &oGeneric, &oOther })
+    for (const CVidParamTiming* poTiming : std::initializer_list<const CVidParamTiming*>{ &oGeneric, &oOther })
     {
         EXPECT_EQ(1650U, poTiming->GetHorizontalTotal());
         EXPECT_EQ(750U, poTiming->GetVerticalTotal());
@@ -90,7 +90,7 @@ TEST(DerivedValues, EffectiveClockOfEveryMixOf3DAnd420)
     };
     CVidParamTimingGeneric oTiming;
     oTiming.SetPixelClockInHz(74175825);
-    for (SEffectiveClockCase const& oCase : aoCases)
+    for (const SEffectiveClockCase& oCase : aoCases)
     {
         oTiming.Set3D(oCase.m_b3D);
         oTiming.Set420ColorSpace(oCase.m_b420);
@@ -138,7 +138,7 @@ class ClockEquivalence : public testing::TestWithParam<SClockCase>
 
 TEST_P(ClockEquivalence, AnswersAsTheTableSays)
 {
-    SClockCase const& oCase = GetParam();
+    const SClockCase& oCase = GetParam();
     EXPECT_EQ(oCase.m_iExpected, MakeClock(oCase.m_uiOwnInKiloHz).IsPixelClockInHzEquivalent(oCase.m_uiOtherInHz));
 }
 
@@ -202,7 +202,7 @@ TEST(Equality, WhatCountsAndWhatDoesNot)
         { "source", 1, [](CVidParamTiming& o) { o.SetVideoFamilyType(CVidParamTiming::eVidParamType_Detailed); } },
     };
     const CVidParamTimingGeneric oOriginal(gsc_o720p);
-    for (SEqualityCase const& oCase : aoCases)
+    for (const SEqualityCase& oCase : aoCases)
     {
         CVidParamTimingGeneric oGeneric(gsc_o720p);
         CRVidParamTiming oOther(gsc_oR720p, eRVideoFamily_None);

@@ -23,13 +23,13 @@ struct SAllValues
     unsigned int m_uiHorizontalRateInKiloHz;
     CVidParamTiming::EVidParamType m_eType;
 
-    bool operator==(SAllValues const&) const = default;
+    bool operator==(const SAllValues&) const = default;
 };
 
-inline std::ostream& operator<<(std::ostream& oStream, SAllValues const& oValues)
+inline std::ostream& operator<<(std::ostream& oStream, const SAllValues& oValues)
 {
-    auto const& auiH = oValues.m_auiHorizontal;
-    auto const& auiV = oValues.m_auiVertical;
+    const auto& auiH = oValues.m_auiHorizontal;
+    const auto& auiV = oValues.m_auiVertical;
     return oStream << oValues.m_uiHorizontalActive << "x" << oValues.m_uiVerticalActive << "@"
                    << oValues.m_uiVerticalRateInHz << " " << oValues.m_uiPixelClockInKiloHz << " kHz, h " << auiH[0]
                    << " " << auiH[1] << " " << auiH[2] << ", v " << auiV[0] << " " << auiV[1] << " " << auiV[2]
@@ -37,7 +37,7 @@ inline std::ostream& operator<<(std::ostream& oStream, SAllValues const& oValues
                    << " kHz, type " << static_cast<unsigned int>(oValues.m_eType);
 }
 
-inline SAllValues ReadAll(CVidParamTiming const& oTiming)
+inline SAllValues ReadAll(const CVidParamTiming& oTiming)
 {
     const unsigned int uiFlags = (oTiming.IsInterlaced() != 0 ? 1U : 0U) |
                                  (oTiming.IsHorizontalPolarityPositive() != 0 ? 4U : 0U) |
@@ -68,7 +68,7 @@ inline constexpr SVidParamGenericData gsc_o1080i = {
 inline constexpr SVidParamGenericData gsc_oMarked = {
     1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0xFFFFFFFF, CVidParamTiming::eVidParamType_Detailed
 };
-inline bool IsMarked(CVidParamTimingGeneric const& oTiming)
+inline bool IsMarked(const CVidParamTimingGeneric& oTiming)
 {
     return memcmp(&gsc_oMarked, &oTiming.GetData(), sizeof(gsc_oMarked)) == 0;
 }

@@ -12,7 +12,7 @@ public:
     virtual void* Alloc(unsigned long ulSize);
 
     // Gives back what Alloc gave; null is allowed.
-    virtual void Free(void const* p);
+    virtual void Free(const void* p);
 
     static CMAllocator* m_poGlobalAllocator; // null at start; not owned
 };

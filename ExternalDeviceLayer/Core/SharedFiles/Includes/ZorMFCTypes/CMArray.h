@@ -71,7 +71,7 @@ void MDestructElements(TYPE* poElements, int iCount)
 
 // Assigns element by element in rising order; a count below 1 does nothing.
 template <class TYPE>
-void CMArrayCopyElements(TYPE* poDestination, TYPE const* poSource, int iCount)
+void CMArrayCopyElements(TYPE* poDestination, const TYPE* poSource, int iCount)
 {
     for (int i = 0; i < iCount; ++i)
     {
@@ -80,7 +80,7 @@ void CMArrayCopyElements(TYPE* poDestination, TYPE const* poSource, int iCount)
 }
 
 template <>
-inline void CMArrayCopyElements<unsigned char>(unsigned char* poDestination, unsigned char const* poSource, int iCount)
+inline void CMArrayCopyElements<unsigned char>(unsigned char* poDestination, const unsigned char* poSource, int iCount)
 {
     if (iCount > 0)
     {
@@ -104,7 +104,7 @@ TYPE& MOutsideElement()
 // exceptions are operations that assign elements which take memory of their own, such as locked strings: copy
 // assignment, Append, SetAtGrow and SortElements then leave every element valid, but some assigned and some not (basic
 // guarantee).
-template <class TYPE, class ARG_TYPE = TYPE const&>
+template <class TYPE, class ARG_TYPE = const TYPE&>
 class CMArray
 {
 public:
@@ -149,14 +149,14 @@ public:
     unsigned int GetCount() const { return static_cast<unsigned int>(m_iSize); }
     // Null when the array holds no buffer. Valid until the count or the capacity changes.
     TYPE* GetData() { return m_pData; }
-    TYPE const* GetData() const { return m_pData; }
+    const TYPE* GetData() const { return m_pData; }
 
     // An index outside the array reports and gives a zeroed element that is no part of it.
-    TYPE const& GetAt(int iIndex) const { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
-    TYPE const& operator[](int iIndex) const { return GetAt(iIndex); }
+    const TYPE& GetAt(int iIndex) const { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
+    const TYPE& operator[](int iIndex) const { return GetAt(iIndex); }
     TYPE& operator[](int iIndex) { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
-    TYPE const& GetAt(unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
-    TYPE const& operator[](unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
+    const TYPE& GetAt(unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
+    const TYPE& operator[](unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
     TYPE& operator[](unsigned int uiIndex) { return (*this)[static_cast<int>(uiIndex)]; }
 
     // Assigns to an element that is there; an index outside the array reports and changes nothing.
@@ -180,7 +180,7 @@ public:
 
     // Sorts in place by exchanging neighbours for which pfnCompare gives a result above 0; stable where it gives 0 for
     // equals. ulContext is handed through. 1, or 0 with a report for a null function.
-    int SortElements(int (*pfnCompare)(TYPE const& oFirst, TYPE const& oSecond, unsigned long ulContext),
+    int SortElements(int (*pfnCompare)(const TYPE& oFirst, const TYPE& oSecond, unsigned long ulContext),
                      unsigned long ulContext);
 
 private:
@@ -197,11 +197,11 @@ private:
     }
 
     // Moves iCount elements to a buffer of their own as raw bytes.
-    static void RelocateElements(TYPE* poDestination, TYPE const* poSource, int iCount)
+    static void RelocateElements(TYPE* poDestination, const TYPE* poSource, int iCount)
     {
         if (iCount > 0)
         {
-            ZorTools_memcpy(static_cast<void*>(poDestination), static_cast<void const*>(poSource),
+            ZorTools_memcpy(static_cast<void*>(poDestination), static_cast<const void*>(poSource),
                             MElementBytes<TYPE>(iCount));
         }
     }
@@ -360,7 +360,7 @@ int CMArray<TYPE, ARG_TYPE>::Append(const CMArray& oSource)
 }
 
 template <class TYPE, class ARG_TYPE>
-int CMArray<TYPE, ARG_TYPE>::SortElements(int (*pfnCompare)(TYPE const&, TYPE const&, unsigned long),
+int CMArray<TYPE, ARG_TYPE>::SortElements(int (*pfnCompare)(const TYPE&, const TYPE&, unsigned long),
                                           unsigned long ulContext)
 {
     if (pfnCompare == nullptr)

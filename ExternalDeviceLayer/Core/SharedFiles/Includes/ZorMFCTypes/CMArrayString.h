@@ -7,7 +7,7 @@
 #include "ZorMFCTypes/CMArray.h"
 #include "ZorMFCTypes/CMString.h"
 
-class CMArrayString : public CMArray<CMString, CMString const&>
+class CMArrayString : public CMArray<CMString, const CMString&>
 {
 public:
     CMArrayString() = default;
@@ -16,9 +16,9 @@ public:
     ~CMArrayString() override = default;
 
     // All elements with pszSeparator between neighbours, also next to empty elements. Null means no separator.
-    CMString Join(char const* pszSeparator) const;
+    CMString Join(const char* pszSeparator) const;
 
     // Cuts pszText at runs of the characters in pszSeparators and appends the tokens; none of them is empty. A null
     // text counts as empty. Gives the count of the whole array.
-    int InitFromString(char const* pszText, char const* pszSeparators);
+    int InitFromString(const char* pszText, const char* pszSeparators);
 };

@@ -11,7 +11,7 @@
 // Keys are integers or enumerations; values need a default constructor that cannot fail. Neighbouring keys, those that
 // differ in their low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong
 // guarantee).
-template <class KEY, class VALUE, class ARG_KEY = KEY const&, class ARG_VALUE = VALUE const&>
+template <class KEY, class VALUE, class ARG_KEY = const KEY&, class ARG_VALUE = const VALUE&>
 class CMMap
 {
 public:

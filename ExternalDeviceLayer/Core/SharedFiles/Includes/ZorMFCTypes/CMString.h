@@ -32,12 +32,12 @@ public:
     // ---- Making and assigning ----
 
     constexpr CMString() noexcept : m_pszData(m_pszNil) {}
-    CMString(char const* pszText);
+    CMString(const char* pszText);
     // iCount copies of c; a count below 1 gives the empty string.
     CMString(char c, int iCount);
     CMString(char c, unsigned int uiCount);
     // Shares the buffer; a locked source is copied character by character.
-    CMString(CMString const& oSource);
+    CMString(const CMString& oSource);
     constexpr ~CMString()
     {
         if (m_pszData != m_pszNil)
@@ -49,8 +49,8 @@ public:
     // Shares the buffer unless one of the two is locked; a locked string receives the characters and stays locked where
     // they fit. An empty text gives the buffer back instead, which ends the lock. The text given may be a part of this
     // string.
-    CMString& operator=(CMString const& oSource);
-    CMString& operator=(char const* pszText);
+    CMString& operator=(const CMString& oSource);
+    CMString& operator=(const char* pszText);
     CMString& operator=(char c);
 
     // ---- Reading ----
@@ -69,11 +69,11 @@ public:
         return m_pszData[iIndex];
     }
     // Never null. Valid until the string changes. Write the cast out when the text goes into a variable argument list.
-    operator char const*() const { return m_pszData; }
+    operator const char*() const { return m_pszData; }
 
     // Compare texts, not buffers.
-    bool operator==(CMString const& oOther) const { return ZorTools_strcmp(m_pszData, oOther.m_pszData) == 0; }
-    bool operator==(char const* pszText) const
+    bool operator==(const CMString& oOther) const { return ZorTools_strcmp(m_pszData, oOther.m_pszData) == 0; }
+    bool operator==(const char* pszText) const
     {
         return ZorTools_strcmp(m_pszData, pszText != nullptr ? pszText : m_pszNil) == 0;
     }
@@ -82,16 +82,16 @@ public:
 
     // Appends iLength characters of pszText, which must have as many and may be a part of this string. Null appends
     // nothing.
-    void ConcatInPlace(int iLength, char const* pszText);
+    void ConcatInPlace(int iLength, const char* pszText);
     CMString& operator+=(char c);
-    CMString& operator+=(char const* pszText);
-    CMString& operator+=(CMString const& oText);
+    CMString& operator+=(const char* pszText);
+    CMString& operator+=(const CMString& oText);
 
-    friend CMString operator+(CMString const& oFirst, CMString const& oSecond);
-    friend CMString operator+(CMString const& oFirst, char const* pszSecond);
-    friend CMString operator+(char const* pszFirst, CMString const& oSecond);
-    friend CMString operator+(CMString const& oFirst, char cSecond);
-    friend CMString operator+(char cFirst, CMString const& oSecond);
+    friend CMString operator+(const CMString& oFirst, const CMString& oSecond);
+    friend CMString operator+(const CMString& oFirst, const char* pszSecond);
+    friend CMString operator+(const char* pszFirst, const CMString& oSecond);
+    friend CMString operator+(const CMString& oFirst, char cSecond);
+    friend CMString operator+(char cFirst, const CMString& oSecond);
 
     // ---- The buffer itself ----
 
@@ -120,11 +120,11 @@ public:
     // iStart must not be negative; c is not found at or behind the end, an empty text is found at the end.
     int Find(char c, int iStart) const;
     // A null text reports and gives -1.
-    int Find(char const* pszText, int iStart) const;
+    int Find(const char* pszText, int iStart) const;
     int ReverseFind(char c) const;
     // The same without regard to the case of ASCII letters; a null text counts as empty.
     int FindNoCase(char c, int iStart) const;
-    int FindNoCase(char const* pszText, int iStart) const;
+    int FindNoCase(const char* pszText, int iStart) const;
     int ReverseFindNoCase(char c) const;
     // How often c occurs.
     int CountOf(char c) const;
@@ -142,9 +142,9 @@ public:
     // Inserts in front of iIndex, which is taken as 0 when negative and as the length when beyond it. Gives the new
     // length. The text given may be a part of this string.
     int Insert(int iIndex, char c);
-    int Insert(int iIndex, char const* pszText);
+    int Insert(int iIndex, const char* pszText);
     int Insert(unsigned int uiIndex, char c) { return Insert(static_cast<int>(uiIndex), c); }
-    int Insert(unsigned int uiIndex, char const* pszText) { return Insert(static_cast<int>(uiIndex), pszText); }
+    int Insert(unsigned int uiIndex, const char* pszText) { return Insert(static_cast<int>(uiIndex), pszText); }
     // Takes out up to iCount characters from iIndex on. Gives the length before. A negative index counts as 0, but the
     // count is cut by its distance to the end first; a count that still passes the end then changes nothing.
     int Delete(int iIndex, int iCount);
@@ -155,9 +155,9 @@ public:
     // The empty string; a locked buffer stays in place and locked.
     void Empty();
     // Take the characters that stand in pszTargets off the ends; null and empty lists change nothing.
-    CMString& TrimLeft(char const* pszTargets);
-    CMString& TrimRight(char const* pszTargets);
-    CMString& Trim(char const* pszTargets);
+    CMString& TrimLeft(const char* pszTargets);
+    CMString& TrimRight(const char* pszTargets);
+    CMString& Trim(const char* pszTargets);
 
     // ---- Taking parts. Negative arguments count as 0, what lies beyond the end is left out. A part that is the whole
     // shares the buffer. ----
@@ -179,22 +179,22 @@ public:
     // this string.
 
     // Replace the text. A conversion that fails and a text that is cut by more than one character report.
-    void Format(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
-    void FormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
+    void Format(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
+    void FormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
     // Append, without a report for a text that is cut; a format that is estimated at nothing appends nothing.
-    void AppendFormat(char const* pszFormat, ...) __attribute__((format(printf, 2, 3)));
-    void AppendFormatV(char const* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
+    void AppendFormat(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
+    void AppendFormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
     // An estimate of the formatted length from above; oList stays usable. It leaves out the width of f and the sign in
     // front of a long precision. Known are the conversions c C s S d i u x X o p e E g G f n with the size prefixes h,
     // l and ll. Any other reports, counts nothing and takes no argument, so that formats with hh, z, j or t, and long
     // double, must not be used. A sum beyond INT_MAX reports and gives -1, a null format reports and gives 0.
-    static int GetFormattedLength(char const* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
+    static int GetFormattedLength(const char* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
 
     // ---- Tokens ----
 
     // An iterator over a copy of this text, on its first token. pszSeparators is not copied and must outlive it.
-    CIterator Begin(char const* pszSeparators) const;
+    CIterator Begin(const char* pszSeparators) const;
     CIterator End() const;
 
     // An empty string that is always there; not to be changed.
@@ -230,30 +230,30 @@ protected:
     // one. A negative length or INT_MAX reports, leaves the shared empty string and gives false.
     bool AllocData(int iLength);
     // Frees without a look at the count.
-    static void FreeData(SMetaData const* poData);
+    static void FreeData(const SMetaData* poData);
     // Gives up the share in the buffer; the string becomes the shared empty one.
     void Release();
     static void Release(SMetaData* poData);
     // Becomes one more holder of a buffer that is not locked; holds none itself.
-    void Share(CMString const& oSource);
+    void Share(const CMString& oSource);
     // Gives a string that shares its buffer an exact one of its own.
     void CopyBeforeWrite();
     // Makes room for iLength characters to be written; the text is lost where the buffer is replaced. False, with
     // nothing changed, for a length that no buffer can have.
     bool AllocBeforeWrite(int iLength);
     // iLength characters of pszText, which may lie in this string; 0 and null release the buffer.
-    void AssignCopy(int iLength, char const* pszText);
+    void AssignCopy(int iLength, const char* pszText);
     // iCopyLength characters from iCopyIndex, and room for iExtraLength more.
     void AllocCopy(CMString& oDestination, int iCopyLength, int iCopyIndex, int iExtraLength) const;
     // Fills a string that holds no buffer of its own. False when the sum is too long.
-    bool ConcatCopy(int iLength1, char const* pszText1, int iLength2, char const* pszText2);
+    bool ConcatCopy(int iLength1, const char* pszText1, int iLength2, const char* pszText2);
 
 private:
     // iLength characters at iIndex, which lies inside the text or at its end.
-    int InsertText(int iIndex, int iLength, char const* pszText);
+    int InsertText(int iIndex, int iLength, const char* pszText);
     // Formats to the end of the text that stays in front of pszAt. The result is the length that the whole formatted
     // text has, negative when a conversion failed.
-    int PrintInto(char* pszAt, unsigned int uiSize, char const* pszFormat, va_list oList)
+    int PrintInto(char* pszAt, unsigned int uiSize, const char* pszFormat, va_list oList)
         __attribute__((format(printf, 4, 0)));
     // Sets length and terminator; the buffer is private and long enough, or the shared empty string with length 0.
     void SetLength(int iLength);
@@ -273,10 +273,10 @@ public:
     CIterator() = default;
     // On the first token of pszText, which is copied; without a token the end state. pszSeparators is not copied and
     // must outlive the iterator; null reports and gives the end state.
-    CIterator(char const* pszSeparators, char const* pszText);
+    CIterator(const char* pszSeparators, const char* pszText);
     // The copy walks the same cut-up text: advancing both is advancing in one buffer.
-    CIterator(CIterator const& oSource);
-    CIterator& operator=(CIterator const& oSource);
+    CIterator(const CIterator& oSource);
+    CIterator& operator=(const CIterator& oSource);
     ~CIterator();
 
     // Frees the copy and goes to the end state.
@@ -288,13 +288,13 @@ public:
     CMString operator*() const;
 
     // Compare the texts of the four fields, not positions. Equal to End() exactly at the end.
-    bool operator==(CIterator const& oOther) const;
-    bool operator!=(CIterator const& oOther) const { return !(*this == oOther); }
+    bool operator==(const CIterator& oOther) const;
+    bool operator!=(const CIterator& oOther) const { return !(*this == oOther); }
 
 private:
-    void SetText(CMString const& oText);
+    void SetText(const CMString& oText);
 
-    char const* m_pszSeparators = nullptr;
+    const char* m_pszSeparators = nullptr;
     CMString* m_poText = nullptr; // the copy being cut up; owned
     char* m_pszContext = nullptr; // position of the cutting
     char* m_pszToken = nullptr;   // inside the copy

@@ -1,10 +1,9 @@
-// All that ExtractModeList gives as one value. Not installed.
+// All that ExtractModeList gives as one value, for the functions that extract modes for themselves: the comparison and
+// the short forms of the reports. Not installed.
 
 #pragma once
 
 #include "ZorEdidUtils.h"
-
-// For the functions that extract modes for themselves: the comparison and the short forms of the reports.
 
 struct SModes
 {

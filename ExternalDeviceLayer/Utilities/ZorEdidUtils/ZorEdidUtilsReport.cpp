@@ -8,7 +8,6 @@
 #include "EdidBaseLayout.h"
 #include "EdidUtils.h"
 #include "ZorAssert.h"
-#include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
 
 using namespace EdidBaseLayout;
@@ -33,11 +32,9 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArra
                                                       const char* pszLinePrefix)
 {
     const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
-    oLines.RemoveAll();
     SModes oModes;
-    if (!oModes.Extract(oEdid))
+    if (!ExtractReportedModes(oEdid, oModes, oLines))
     {
-        MASSERT_FAILED();
         return;
     }
     GetEdidFormatedAsZorEdidExtractor(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa, oModes.m_oEstablishedAll,
@@ -115,6 +112,17 @@ void CReportLines::EndSection()
 }
 
 // ---- The report ----
+
+int ExtractReportedModes(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
+{
+    oLines.RemoveAll();
+    const int bExtracted = oModes.Extract(oEdid);
+    if (!bExtracted)
+    {
+        MASSERT_FAILED();
+    }
+    return bExtracted;
+}
 
 void CMonitorReport::Write()
 {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ZorEdidUtils.h"
+#include "ZorEdidUtilsModes.h"
 
 // Unsigned values print through "%d": counts and sizes as they are, a serial number with the top bit set as negative.
 constexpr int AsSigned(unsigned int uiValue) { return static_cast<int>(uiValue); }
@@ -46,6 +47,10 @@ struct SReportedModes
     const CZorEdidUtils::CModeList& m_oExtStandard;
     const CZorEdidUtils::CModeList& m_oExtDetailed;
 };
+
+// What the short forms of both reports open with: empties the lines and extracts the modes. 0, with an assertion line,
+// where there are none to report.
+int ExtractReportedModes(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
 
 // The monitor report. Refers to its arguments, which must outlive it.
 class CMonitorReport

@@ -5,8 +5,6 @@
 
 #include "EdidBaseLayout.h"
 #include "EdidExtBlockCEA861.h"
-#include "ZorAssert.h"
-#include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
 
 using namespace EdidBaseLayout;
@@ -42,11 +40,9 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMA
                                                          const char* pszLinePrefix)
 {
     const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
-    oLines.RemoveAll();
     SModes oModes;
-    if (!oModes.Extract(oEdid))
+    if (!ExtractReportedModes(oEdid, oModes, oLines))
     {
-        MASSERT_FAILED();
         return;
     }
     GetEdidFormatedAsZorEdidExtractorExt(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa,

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include "CapturedOutput.h"
@@ -20,14 +21,6 @@ namespace
 {
 using Block = CEdidExtBlockDisplayID;
 
-// The bytes in heap memory of exactly their size, so that the sanitizer sees every read behind them.
-std::unique_ptr<unsigned char[]> CopyToHeap(const CBytes& aui8Bytes)
-{
-    std::unique_ptr<unsigned char[]> pui8Copy(new unsigned char[aui8Bytes.size()]);
-    std::copy(aui8Bytes.begin(), aui8Bytes.end(), pui8Copy.get());
-    return pui8Copy;
-}
-
 std::unique_ptr<Block> Load(const CBytes& aui8Bytes)
 {
     return std::make_unique<Block>(static_cast<unsigned int>(aui8Bytes.size()), CopyToHeap(aui8Bytes).get());
@@ -37,16 +30,6 @@ int IsSupported(const CBytes& aui8Bytes)
 {
     return Block::IsSupported(static_cast<unsigned int>(aui8Bytes.size()), CopyToHeap(aui8Bytes).get());
 }
-
-// Assertion lines are a normal answer to the bytes of a sweep, and there are many of them.
-class CQuietMessages
-{
-public:
-    CQuietMessages() { OsServices::SetMsgLevel(0, 0, 0); }
-    ~CQuietMessages() { OsServices::SetMsgLevel(1, 1, 0); }
-    CQuietMessages(const CQuietMessages&) = delete;
-    CQuietMessages& operator=(const CQuietMessages&) = delete;
-};
 
 // Every reading operation, into both storage classes.
 void ReadAll(Block& oBlock)
@@ -323,6 +306,9 @@ struct SRecordCase
     unsigned int m_uiTag;
     CBytes m_aui8Record;
     SExpectedTiming m_oExpected;
+
+    // Its bytes would show its padding.
+    friend void PrintTo(const SRecordCase& oCase, std::ostream* poStream) { *poStream << oCase.m_szName; }
 };
 
 // clang-format off

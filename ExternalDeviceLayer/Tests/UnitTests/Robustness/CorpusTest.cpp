@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "CapturedOutput.h"
 #include "EditRunner.h"
 #include "ReadEverything.h"
 #include "RobustnessImages.h"
@@ -68,7 +69,7 @@ bool UsesValue(unsigned int uiOperation)
 }
 
 // Each edit on a fresh copy of the image, then a removal and a reading on what it left.
-void RunAllEdits(const CImage& aui8Image, unsigned int& uiEdits)
+void RunAllEdits(const CBytes& aui8Image, unsigned int& uiEdits)
 {
     const unsigned int uiSize = static_cast<unsigned int>(aui8Image.size());
     CEditRunner oFirst;
@@ -103,7 +104,7 @@ void RunAllEdits(const CImage& aui8Image, unsigned int& uiEdits)
 
 // Edits one after the other, to the end: all table timings, all detailed timings, all audio; then additions until none
 // fits any more.
-void RunDown(const CImage& aui8Image)
+void RunDown(const CBytes& aui8Image)
 {
     CEditRunner oRunner;
     oRunner.Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
@@ -136,8 +137,8 @@ TEST(EditSweep, EveryEditOfTheSelfChecksImages)
     for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         SCOPED_TRACE(oImage.m_pszName);
-        ASSERT_NO_FATAL_FAILURE(RunAllEdits(ToImage(*oImage.m_paui8Image), uiEdits));
-        ASSERT_NO_FATAL_FAILURE(RunDown(ToImage(*oImage.m_paui8Image)));
+        ASSERT_NO_FATAL_FAILURE(RunAllEdits(ToBytes(*oImage.m_paui8Image), uiEdits));
+        ASSERT_NO_FATAL_FAILURE(RunDown(ToBytes(*oImage.m_paui8Image)));
     }
     ASSERT_NO_FATAL_FAILURE(RunAllEdits(MakeImageWithAllBlocks(), uiEdits));
     RecordProperty("edits", static_cast<int>(uiEdits));

@@ -13,6 +13,7 @@
 #include <new>
 #include <string>
 
+#include "CapturedOutput.h"
 #include "EditRunner.h"
 #include "FailingHeap.h"
 #include "ReadEverything.h"
@@ -131,13 +132,13 @@ private:
 INSTANTIATE_TEST_SUITE_P(Heaps, FailingMemory, testing::Values(eOperatorNew, eAllocator),
                          [](const auto& oInfo) { return oInfo.param == eOperatorNew ? "OperatorNew" : "Allocator"; });
 
-CImage GetBytes(const CEdid& oEdid)
+CBytes GetBytes(const CEdid& oEdid)
 {
     const auto aui8Bytes = oEdid.GetEdidBuffer();
-    return CImage(aui8Bytes.GetData(), aui8Bytes.GetData() + aui8Bytes.GetCount());
+    return CBytes(aui8Bytes.GetData(), aui8Bytes.GetData() + aui8Bytes.GetCount());
 }
 
-std::unique_ptr<CEditRunner> MakeLoaded(const CImage& aui8Image)
+std::unique_ptr<CEditRunner> MakeLoaded(const CBytes& aui8Image)
 {
     auto poRunner = std::make_unique<CEditRunner>();
     poRunner->Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
@@ -148,14 +149,14 @@ std::unique_ptr<CEditRunner> MakeLoaded(const CImage& aui8Image)
 
 TEST_P(FailingMemory, Load)
 {
-    const CImage aui8Image = MakeImageWithAllBlocks();
-    const CImage aui8Other = ToImage(AsusHd::g_auiAsusHdEdidData);
+    const CBytes aui8Image = MakeImageWithAllBlocks();
+    const CBytes aui8Other = ToBytes(AsusHd::g_auiAsusHdEdidData);
     const unsigned int uiSize = static_cast<unsigned int>(aui8Image.size());
     const unsigned int uiAllocations = Run(
         [&] { return MakeLoaded(aui8Other); }, [&](CEditRunner& oRunner) { oRunner.Load(aui8Image.data(), uiSize); },
         [&](CEditRunner& oRunner, bool bThrown) {
             // The blocks that came before the failure, whole; the old contents are gone.
-            const CImage aui8Held = GetBytes(oRunner.GetEdid());
+            const CBytes aui8Held = GetBytes(oRunner.GetEdid());
             ASSERT_EQ(bThrown, aui8Held.size() != aui8Image.size());
             ASSERT_TRUE(std::equal(aui8Held.begin(), aui8Held.end(), aui8Image.begin()));
             ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
@@ -167,10 +168,10 @@ TEST_P(FailingMemory, Load)
 }
 
 // A code that stands as a short video descriptor and as an HDMI code: its removal edits two data blocks.
-CImage MakeImageWithCodeInTwoBlocks()
+CBytes MakeImageWithCodeInTwoBlocks()
 {
-    CImage aui8Image = MakeImageWithAllBlocks();
-    const CImage aui8Codes = { 0x05, 0x07, 0x90 }; // in the video block; code 7 has no timing
+    CBytes aui8Image = MakeImageWithAllBlocks();
+    const CBytes aui8Codes = { 0x05, 0x07, 0x90 }; // in the video block; code 7 has no timing
     const auto itCodes = std::search(aui8Image.begin(), aui8Image.end(), aui8Codes.begin(), aui8Codes.end());
     EXPECT_NE(aui8Image.end(), itCodes);
     *(itCodes + 1) = 95; // HDMI code 1
@@ -183,15 +184,15 @@ CImage MakeImageWithCodeInTwoBlocks()
 class FailingEdits : public FailingMemory
 {
 protected:
-    void RunEdit(const CImage& aui8Image, const SEditStep& oStep)
+    void RunEdit(const CBytes& aui8Image, const SEditStep& oStep)
     {
         SCOPED_TRACE(testing::Message() << "operation " << oStep.m_uiOperation << ", index " << oStep.m_uiIndex);
         const auto poDone = MakeLoaded(aui8Image);
         poDone->Run(oStep);
-        const CImage aui8Done = GetBytes(poDone->GetEdid());
+        const CBytes aui8Done = GetBytes(poDone->GetEdid());
         Run([&] { return MakeLoaded(aui8Image); }, [&](CEditRunner& oRunner) { oRunner.Run(oStep); },
             [&](CEditRunner& oRunner, bool bThrown) {
-                const CImage aui8Held = GetBytes(oRunner.GetEdid());
+                const CBytes aui8Held = GetBytes(oRunner.GetEdid());
                 ASSERT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == aui8Image));
                 ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
                 ReadEverything(oRunner.GetEdid());
@@ -217,7 +218,7 @@ TEST_P(FailingEdits, EveryOperation)
 
 TEST_P(FailingEdits, EveryTableTiming)
 {
-    const CImage aui8Image = MakeImageWithCodeInTwoBlocks();
+    const CBytes aui8Image = MakeImageWithCodeInTwoBlocks();
     const unsigned int uiCount = MakeLoaded(aui8Image)->GetEdid().GetExtension(0)->GetStandardCount();
     EXPECT_GT(uiCount, 20U);
     for (unsigned int uiIndex = 0; uiIndex < uiCount && !HasFailure(); ++uiIndex)
@@ -240,7 +241,7 @@ struct SOutputs
 std::unique_ptr<SOutputs> MakeOutputs()
 {
     auto poOutputs = std::make_unique<SOutputs>();
-    const CImage aui8Image = MakeImageWithAllBlocks();
+    const CBytes aui8Image = MakeImageWithAllBlocks();
     poOutputs->m_oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
     poOutputs->m_oLines.Add("what stood there before");
     return poOutputs;
@@ -323,7 +324,7 @@ TEST_P(FailingMemory, Files)
     ASSERT_NE(nullptr, mkdtemp(sFolder.data()));
     const std::string sBin = sFolder + "/image.bin";
     const std::string sDat = sFolder + "/image.dat";
-    const CImage aui8Image = MakeImageWithAllBlocks();
+    const CBytes aui8Image = MakeImageWithAllBlocks();
     FILE* poFile = fopen(sBin.c_str(), "wb");
     fwrite(aui8Image.data(), 1, aui8Image.size(), poFile);
     fclose(poFile);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <stdio.h>
 
+#include <ostream>
 #include <string>
 
 #include "CapturedOutput.h"
@@ -17,6 +18,9 @@ struct SFormatCase
     double m_dArgument; // as an int where the format wants one
     bool m_bIsInteger;
     unsigned int m_uiReports; // none where a single character is lost
+
+    // Its bytes would show its padding.
+    friend void PrintTo(const SFormatCase& oCase, std::ostream* poStream) { *poStream << oCase.m_pszName; }
 };
 
 class FormatBeyondTheEstimate : public testing::TestWithParam<SFormatCase>

@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 
+#include "CapturedOutput.h"
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
 #include "ReadEverything.h"
@@ -16,12 +17,12 @@ namespace
 {
 // Blocks are read independently of each other. So damage goes through each block that occurs in the images, once:
 // base blocks alone, extension blocks behind a base block with little in it, which keeps the sweep short.
-std::set<CImage> GetBaseBlocks()
+std::set<CBytes> GetBaseBlocks()
 {
-    std::set<CImage> aaui8Blocks;
+    std::set<CBytes> aaui8Blocks;
     for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
-        CImage aui8Block = ToImage(*oImage.m_paui8Image);
+        CBytes aui8Block = ToBytes(*oImage.m_paui8Image);
         aui8Block.resize(gsc_uiBlockSize);
         aui8Block[126] = 0;
         FixBlockSum(aui8Block, 0);
@@ -30,18 +31,18 @@ std::set<CImage> GetBaseBlocks()
     return aaui8Blocks;
 }
 
-std::set<CImage> GetExtensionImages()
+std::set<CBytes> GetExtensionImages()
 {
     const CQuietMessages oQuiet;
-    CImage aui8Base = *GetBaseBlocks().begin();
+    CBytes aui8Base = *GetBaseBlocks().begin();
     std::fill(aui8Base.begin() + 35, aui8Base.begin() + 38, static_cast<unsigned char>(0));    // no established,
     std::fill(aui8Base.begin() + 38, aui8Base.begin() + 54, static_cast<unsigned char>(0x01)); // no standard timings
     aui8Base[126] = 1;
     FixBlockSum(aui8Base, 0);
 
-    std::set<CImage> aaui8Images;
+    std::set<CBytes> aaui8Images;
     const auto AddBlock = [&](auto itBlock) {
-        CImage aui8Image = aui8Base;
+        CBytes aui8Image = aui8Base;
         aui8Image.insert(aui8Image.end(), itBlock, itBlock + gsc_uiBlockSize);
         CEdid oEdid;
         oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
@@ -71,22 +72,22 @@ std::set<unsigned char> GetDamage(unsigned char ui8Byte)
 }
 
 // Loads from heap memory of exactly the image's size.
-int Load(CEdid& oEdid, const CImage& aui8Image, size_t uiSize, unsigned int uiStripFlags = 0)
+int Load(CEdid& oEdid, const CBytes& aui8Image, size_t uiSize, unsigned int uiStripFlags = 0)
 {
     const std::unique_ptr<unsigned char[]> pui8Exact(new unsigned char[uiSize]);
     std::copy_n(aui8Image.begin(), uiSize, pui8Exact.get());
     return oEdid.SetEdidBuffer(pui8Exact.get(), static_cast<unsigned int>(uiSize), uiStripFlags);
 }
 
-CImage GetBytes(const CEdid& oEdid)
+CBytes GetBytes(const CEdid& oEdid)
 {
     const auto aui8Bytes = oEdid.GetEdidBuffer();
-    return CImage(aui8Bytes.GetData(), aui8Bytes.GetData() + aui8Bytes.GetCount());
+    return CBytes(aui8Bytes.GetData(), aui8Bytes.GetData() + aui8Bytes.GetCount());
 }
 
 // The last block of the image with one byte damaged. Repaired, it is read in full. Not repaired, a base block loads and
 // is told of by its checksum, an extension block is dropped.
-void SweepLastBlock(const CImage& aui8Good, int& iLoads)
+void SweepLastBlock(const CBytes& aui8Good, int& iLoads)
 {
     const CQuietMessages oQuiet;
     const size_t uiBlock = aui8Good.size() / gsc_uiBlockSize - 1;
@@ -95,7 +96,7 @@ void SweepLastBlock(const CImage& aui8Good, int& iLoads)
         for (const unsigned char ui8Value : GetDamage(aui8Good[i]))
         {
             SCOPED_TRACE(testing::Message() << "byte " << i << " is " << static_cast<unsigned int>(ui8Value));
-            CImage aui8Damaged = aui8Good;
+            CBytes aui8Damaged = aui8Good;
             aui8Damaged[i] = ui8Value;
             const bool bHeader = uiBlock == 0 && i < 8;
 
@@ -115,7 +116,7 @@ void SweepLastBlock(const CImage& aui8Good, int& iLoads)
             ReadEverything(oEdid);
             if (!bHeader)
             {
-                const CImage aui8Written = GetBytes(oEdid);
+                const CBytes aui8Written = GetBytes(oEdid);
                 ASSERT_TRUE(std::equal(aui8Written.begin(), aui8Written.end(), aui8Damaged.begin()));
                 ASSERT_EQ(oEdid.GetExtensionCount() + 1, aui8Written.size() / gsc_uiBlockSize);
             }
@@ -126,7 +127,7 @@ void SweepLastBlock(const CImage& aui8Good, int& iLoads)
 TEST(DamageSweep, BaseBlocks)
 {
     int iLoads = 0;
-    for (const CImage& aui8Image : GetBaseBlocks())
+    for (const CBytes& aui8Image : GetBaseBlocks())
     {
         ASSERT_NO_FATAL_FAILURE(SweepLastBlock(aui8Image, iLoads));
     }
@@ -142,7 +143,7 @@ TEST_P(ExtensionDamageSweep, ExtensionBlocks)
 {
     int iLoads = 0;
     size_t uiImage = 0;
-    for (const CImage& aui8Image : GetExtensionImages())
+    for (const CBytes& aui8Image : GetExtensionImages())
     {
         if (uiImage++ % 4 == GetParam())
         {
@@ -158,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(Quarters, ExtensionDamageSweep, testing::Values(0, 1, 2
 TEST(DamageSweep, EveryNumberOfAnnouncedBlocks)
 {
     const CQuietMessages oQuiet;
-    CImage aui8Image = MakeImageWithAllBlocks();
+    CBytes aui8Image = MakeImageWithAllBlocks();
     for (unsigned int uiAnnounced = 0; uiAnnounced < 256; ++uiAnnounced)
     {
         aui8Image[126] = static_cast<unsigned char>(uiAnnounced);
@@ -173,7 +174,7 @@ TEST(DamageSweep, EveryNumberOfAnnouncedBlocks)
 TEST(DamageSweep, EveryStripFlag)
 {
     const CQuietMessages oQuiet;
-    for (const CImage& aui8Image : GetExtensionImages())
+    for (const CBytes& aui8Image : GetExtensionImages())
     {
         for (unsigned int uiFlags = 0; uiFlags < 256; ++uiFlags)
         {
@@ -193,9 +194,9 @@ TEST(DamageSweep, EveryStripFlag)
 TEST(TruncationSweep, EveryLength)
 {
     const CQuietMessages oQuiet;
-    std::set<CImage> aaui8Images = GetExtensionImages();
+    std::set<CBytes> aaui8Images = GetExtensionImages();
     aaui8Images.insert(MakeImageWithAllBlocks());
-    for (const CImage& aui8Image : aaui8Images)
+    for (const CBytes& aui8Image : aaui8Images)
     {
         CEdid oEdid;
         for (size_t uiSize = 0; uiSize <= aui8Image.size(); ++uiSize)
@@ -216,8 +217,8 @@ TEST(ReadEverythingTwice, GivesTheSameAnswers)
     {
         CEdid oFirst;
         CEdid oSecond;
-        Load(oFirst, ToImage(*oImage.m_paui8Image), oImage.m_paui8Image->size());
-        Load(oSecond, ToImage(*oImage.m_paui8Image), oImage.m_paui8Image->size());
+        Load(oFirst, ToBytes(*oImage.m_paui8Image), oImage.m_paui8Image->size());
+        Load(oSecond, ToBytes(*oImage.m_paui8Image), oImage.m_paui8Image->size());
         const unsigned long long ullDigest = ReadEverything(oFirst);
         EXPECT_EQ(ullDigest, ReadEverything(oFirst)) << oImage.m_pszName;
         EXPECT_EQ(ullDigest, ReadEverything(oSecond)) << oImage.m_pszName;

@@ -54,7 +54,7 @@ TEST(ThreadTest, ReadingWithObjectsOfOnesOwn)
             oEdid.SetEdidBuffer(oImage.m_paui8Image->data(), 256, 0);
             ullSum += ReadEverything(oEdid);
         }
-        const CImage aui8All = MakeImageWithAllBlocks();
+        const CBytes aui8All = MakeImageWithAllBlocks();
         CEdid oEdid;
         oEdid.SetEdidBuffer(aui8All.data(), static_cast<unsigned int>(aui8All.size()), 0);
         return ullSum + ReadEverything(oEdid);
@@ -64,7 +64,7 @@ TEST(ThreadTest, ReadingWithObjectsOfOnesOwn)
 TEST(ThreadTest, EditingWithObjectsOfOnesOwn)
 {
     const CQuietMessages oQuiet;
-    const CImage aui8All = MakeImageWithAllBlocks();
+    const CBytes aui8All = MakeImageWithAllBlocks();
     ExpectSameInAllThreads([&] {
         unsigned long long ullBroken = 0;
         CEditRunner oRunner;

@@ -1,4 +1,4 @@
-// Catches what is written to standard output while an object of this class lives, to count assertion lines.
+// What the library writes to standard output in a test: caught, to count assertion lines, or kept quiet.
 
 #pragma once
 
@@ -7,6 +7,9 @@
 
 #include <string>
 
+#include "OsServices.h"
+
+// Catches standard output while an object of this class lives.
 class CCapturedOutput
 {
 public:
@@ -47,4 +50,15 @@ public:
 
 private:
     bool m_bTaken = false;
+};
+
+// Assertion lines are a normal answer to the bytes of a sweep, and there are many of them: none is written while an object
+// of this class lives.
+class CQuietMessages
+{
+public:
+    CQuietMessages() { OsServices::SetMsgLevel(0, 0, 0); }
+    ~CQuietMessages() { OsServices::SetMsgLevel(1, 1, 0); }
+    CQuietMessages(const CQuietMessages&) = delete;
+    CQuietMessages& operator=(const CQuietMessages&) = delete;
 };

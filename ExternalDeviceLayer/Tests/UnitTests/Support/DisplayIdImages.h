@@ -2,27 +2,9 @@
 
 #pragma once
 
-#include <stddef.h>
-
 #include <vector>
 
-using CBytes = std::vector<unsigned char>;
-
-inline void Append(CBytes& aui8To, const CBytes& aui8Bytes)
-{
-    aui8To.insert(aui8To.end(), aui8Bytes.begin(), aui8Bytes.end());
-}
-
-// The byte at uiChecksum completes the sum from uiFirst on to 0.
-inline void FixSum(CBytes& aui8Bytes, size_t uiFirst, size_t uiChecksum)
-{
-    unsigned int uiSum = 0;
-    for (size_t i = uiFirst; i < uiChecksum; ++i)
-    {
-        uiSum += aui8Bytes[i];
-    }
-    aui8Bytes[uiChecksum] = static_cast<unsigned char>(0U - uiSum);
-}
+#include "TestBytes.h"
 
 // A block of 128 bytes around these data blocks. Both checksums are right where the section leaves room for its own.
 inline CBytes MakeDisplayIdBlock(const CBytes& aui8DataBlocks, unsigned int uiSectionLength,

@@ -1,0 +1,83 @@
+// Bytes of EDID images as the tests handle them: putting them together, checksums, loading from a heap buffer of exactly
+// their size, so that the sanitizers see every access outside it.
+
+#pragma once
+
+#include <stddef.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+#include "Edid.h"
+
+using CBytes = std::vector<unsigned char>;
+
+inline constexpr size_t gsc_uiBlockSize = 128;
+
+// Of an image of the self-check, or any other range of bytes.
+template <class RANGE>
+CBytes ToBytes(const RANGE& aui8Bytes)
+{
+    return CBytes(aui8Bytes.begin(), aui8Bytes.end());
+}
+
+inline void Append(CBytes& aui8To, const CBytes& aui8Bytes)
+{
+    aui8To.insert(aui8To.end(), aui8Bytes.begin(), aui8Bytes.end());
+}
+
+inline CBytes Join(std::initializer_list<CBytes> aaui8Parts)
+{
+    CBytes aui8Bytes;
+    for (const CBytes& aui8Part : aaui8Parts)
+    {
+        Append(aui8Bytes, aui8Part);
+    }
+    return aui8Bytes;
+}
+
+// The byte at uiChecksum completes the sum from uiFirst on to 0.
+inline void FixSum(CBytes& aui8Bytes, size_t uiFirst, size_t uiChecksum)
+{
+    unsigned int uiSum = 0;
+    for (size_t i = uiFirst; i < uiChecksum; ++i)
+    {
+        uiSum += aui8Bytes[i];
+    }
+    aui8Bytes[uiChecksum] = static_cast<unsigned char>(0U - uiSum);
+}
+
+inline void FixBlockSum(CBytes& aui8Image, size_t uiBlock)
+{
+    FixSum(aui8Image, uiBlock * gsc_uiBlockSize, (uiBlock + 1) * gsc_uiBlockSize - 1);
+}
+
+// Makes the last byte of each whole block right.
+inline CBytes FixChecksums(CBytes aui8Image)
+{
+    for (size_t uiBlock = 0; uiBlock < aui8Image.size() / gsc_uiBlockSize; ++uiBlock)
+    {
+        FixBlockSum(aui8Image, uiBlock);
+    }
+    return aui8Image;
+}
+
+inline std::unique_ptr<unsigned char[]> CopyToHeap(const CBytes& aui8Bytes)
+{
+    std::unique_ptr<unsigned char[]> pui8Copy(new unsigned char[aui8Bytes.size()]);
+    std::copy(aui8Bytes.begin(), aui8Bytes.end(), pui8Copy.get());
+    return pui8Copy;
+}
+
+inline int LoadExact(CEdid& oEdid, const CBytes& aui8Bytes, unsigned int uiStripFlags = 0)
+{
+    return oEdid.SetEdidBuffer(CopyToHeap(aui8Bytes).get(), static_cast<unsigned int>(aui8Bytes.size()), uiStripFlags);
+}
+
+inline CBytes Serialise(const CEdid& oEdid)
+{
+    const CMArray<unsigned char, const unsigned char&> aui8Data = oEdid.GetEdidBuffer();
+    return CBytes(aui8Data.GetData(), aui8Data.GetData() + aui8Data.GetCount());
+}

@@ -1,4 +1,5 @@
-# Installed package: find_package(ZorEdid) gives ZorEdid::ZorEdid and, where it was built, ZorEdid::OsServices.
+# Installed package: find_package(ZorEdid) gives ZorEdid::ZorEdid and, where it was built, ZorEdid::OsServices, which is
+# also the component OsServices.
 
 include(CMakePackageConfigHelpers)
 
@@ -44,6 +45,7 @@ if(TARGET zor_os_services)
   set_target_properties(zor_os_services PROPERTIES EXPORT_NAME OsServices)
   install(TARGETS zor_os_services EXPORT ZorEdidOsServicesTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
   install(EXPORT ZorEdidOsServicesTargets NAMESPACE ZorEdid:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZorEdid)
+  install(FILES ${CMAKE_CURRENT_LIST_DIR}/ZorEdidLibpci.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZorEdid)
 endif()
 
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/ZorEdidConfigVersion.cmake COMPATIBILITY SameMinorVersion)

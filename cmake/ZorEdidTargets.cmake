@@ -37,5 +37,7 @@ function(zor_add_library target)
   endforeach()
   target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZorEdid>)
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
+  # Archives that are installed say where a line stands in the project, not where the project stood.
+  target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()

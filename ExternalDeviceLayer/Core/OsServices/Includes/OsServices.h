@@ -14,7 +14,12 @@
 
 // An outside object that takes over the creating and triggering of events and signals, for a program in which other
 // parties wait for them too. Each operation replaces the one of the same name in OsServices, result included; waiting,
-// resetting, cancelling and activating stay with the client, so a created handle must hold what the client expects.
+// resetting, cancelling, activating and destroying do not ask the host. So a host that creates handles
+//   - takes the memory of an event from ::operator new[](OsServices_Event_GetHandleSize()),
+//   - makes the record in it with OsServices_Event_Create, or gives the memory back and stores null when that fails,
+//   - and leaves both to OsServices::Event_Destroy, which ends the record and frees the memory with operator delete[];
+// with signals and the OsServices_Signal_* functions likewise (OsServicesClient.h). Its triggers may add to
+// OsServices_Event_Trigger and OsServices_Signal_Trigger, which are what wakes the waiters.
 // The order of the operations is fixed. The host is not owned and must outlive the OsServices objects that use it.
 class OsServicesHost
 {
@@ -132,7 +137,9 @@ public:
     static void StackTrace_Dump();
 
     // ---- Handles. Create makes one and stores it, or gives 0 and stores null with no memory held. ----
-    // The caller owns a handle until Destroy, which frees it; no other thread may be inside an operation on it then.
+    // Only when there is no memory for the handle itself does Create throw std::bad_alloc; the caller's handle then
+    // stays as it was. The caller owns a handle until Destroy, which frees it; no other thread may be inside an
+    // operation on it then.
 
     // Starts a thread that runs pfnThreadFunction(pvContext); what that returns is dropped.
     int CpuThread_Create(unsigned int (*pfnThreadFunction)(void*), void* pvContext, SHCpuThread*& hCpuThread);

@@ -6,7 +6,7 @@
 #include <new>
 
 // Gives the handle its memory and lets the client's fnCreate make the record in it. On a result of 0 the memory is
-// given back and the handle is null.
+// given back and the handle is null. Throws std::bad_alloc, with the handle left alone, when there is no memory for it.
 template <class HANDLE, class CREATE>
 int CreateHandle(HANDLE*& hHandle, unsigned int uiHandleSize, CREATE fnCreate)
 {
@@ -20,7 +20,8 @@ int CreateHandle(HANDLE*& hHandle, unsigned int uiHandleSize, CREATE fnCreate)
     return iResult;
 }
 
-// Lets the client end the record; frees the memory when that went well.
+// Lets the client end the record; frees the memory when that went well. A handle that a host has made comes here, too,
+// so hosts allocate as CreateHandle does.
 template <class HANDLE>
 int DestroyHandle(HANDLE* hHandle, int (*pfnDestroy)(HANDLE*))
 {

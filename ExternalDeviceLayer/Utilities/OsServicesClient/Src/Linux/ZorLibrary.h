@@ -38,9 +38,8 @@ unsigned int tmCounter(unsigned long long* puiCounter);
 unsigned int tmFrequency(SZorFrequency* poFrequency);
 
 // Finds a PCI device through libpci, which ends the process with status 1 where it finds no way to the bus.
-//   uiHandle  bus in bits 15 to 8, device in bits 7 to 3, function in bits 2 to 0; higher bits do not count, and
-//   neither
-//             does the PCI domain: the first device that fits is taken.
+//   uiHandle  bus in bits 15 to 8, device in bits 7 to 3, function in bits 2 to 0. Higher bits do not count, and
+//             neither does the PCI domain: the first device that fits is taken.
 // The bus is scanned at the first look-up only. Null when there is no such device. The layer owns the device, which is
 // valid until ZorVxdPciLibCleanUp.
 pci_dev* ZorVxdPciLibConvertHandle(unsigned int uiHandle);

@@ -26,19 +26,25 @@ unsigned int Work(void* pvContext)
     return 0;
 }
 
-// An EOsServicesWait value. The event must outlive the thread, so the thread is joined whatever the wait gave.
-int RunAndWait(OsServices& oServices, SHEvent* hDone)
+// Whether the thread answered; says why not. The event must outlive the thread, so the thread is joined whatever the
+// wait gave.
+bool RunAndWait(OsServices& oServices, SHEvent* hDone)
 {
     SWork oWork = { oServices, hDone };
     SHCpuThread* hThread = nullptr;
     if (oServices.CpuThread_Create(Work, &oWork, hThread) == 0)
     {
-        return eOsServicesWaitCancelled;
+        printf("The thread could not be started.\n");
+        return false;
     }
-    const int iResult = oServices.Event_Wait(hDone, gsc_uiLimitMilliseconds);
+    const bool bAnswered = oServices.Event_Wait(hDone, gsc_uiLimitMilliseconds) == eOsServicesWaitReleased;
     oServices.CpuThread_Join(hThread);
     oServices.CpuThread_Destroy(hThread);
-    return iResult;
+    if (!bAnswered)
+    {
+        printf("The thread did not answer within %u ms.\n", gsc_uiLimitMilliseconds);
+    }
+    return bAnswered;
 }
 
 int TellWhetherPciDeviceExists(const char* pszHandle)
@@ -54,18 +60,18 @@ int TellHowLongAThreadTakes(OsServices& oServices)
     SHEvent* hDone = nullptr;
     if (oServices.Event_Create(hDone) == 0)
     {
+        printf("The event could not be made.\n");
         return 1;
     }
     unsigned long long uiBefore = 0;
     unsigned long long uiAfter = 0;
     tmCounter(&uiBefore);
-    const int iResult = RunAndWait(oServices, hDone);
+    const bool bAnswered = RunAndWait(oServices, hDone);
     tmCounter(&uiAfter);
     oServices.Event_Destroy(hDone);
 
-    if (iResult != eOsServicesWaitReleased)
+    if (!bAnswered)
     {
-        printf("The thread did not answer within %u ms.\n", gsc_uiLimitMilliseconds);
         return 1;
     }
     printf("The thread answered after %llu microseconds.\n", uiAfter - uiBefore);

@@ -19,13 +19,17 @@ namespace
 {
 using CCea = CEdidExtBlockCEA861;
 
+constexpr unsigned int gsc_uiSerialOffset = 12;   // in the base block: four bytes, little-endian
+constexpr unsigned int gsc_uiCeaExtensionTag = 2; // CEdidExtBlock::GetExtensionType of a CEA-861 block
+constexpr unsigned int gsc_uiVariantKey = 1000;   // added to a code: its row of 1000/1001 of the rate
+
 void PrintIdentity(const CEdid& oEdid)
 {
     char szName[64] = {};
     oEdid.GetMonitorName(szName, sizeof(szName));
     printf("name %s\n", szName);
 
-    const unsigned char* pui8Serial = oEdid.GetBaseBlock() + 12;
+    const unsigned char* pui8Serial = oEdid.GetBaseBlock() + gsc_uiSerialOffset;
     printf("serial %u\n", pui8Serial[0] | static_cast<unsigned int>(pui8Serial[1]) << 8 |
                               static_cast<unsigned int>(pui8Serial[2]) << 16 |
                               static_cast<unsigned int>(pui8Serial[3]) << 24);
@@ -60,7 +64,7 @@ void PrintDetailed(const CEdid& oEdid)
 // The row of a code and of its 1000/1001 variant, where the table has them.
 void PrintRows(unsigned int uiVic)
 {
-    const unsigned int auiKeys[] = { uiVic, uiVic + 1000 };
+    const unsigned int auiKeys[] = { uiVic, uiVic + gsc_uiVariantKey };
     for (unsigned int uiKey : auiKeys)
     {
         CVidParamTimingGeneric oTiming;
@@ -127,7 +131,7 @@ void PrintExtensions(const CEdid& oEdid)
     for (unsigned int i = 0; i < oEdid.GetExtensionCount(); ++i)
     {
         const CEdidExtBlock* poBlock = oEdid.GetExtension(i);
-        if (poBlock->GetExtensionType() == 2) // CEA-861
+        if (poBlock->GetExtensionType() == gsc_uiCeaExtensionTag)
         {
             PrintCodes(static_cast<const CCea&>(*poBlock));
             PrintAudio(static_cast<const CCea&>(*poBlock));

@@ -1,5 +1,5 @@
-// A DisplayID 1.x section carried in an EDID extension block (VESA DisplayID 1.2): its Type I and Type II detailed
-// timings and its tiled display topology. Read-only: every edit is refused.
+// A DisplayID section up to 1.2 carried in an EDID extension block (VESA DisplayID 1.2): its Type I and Type II
+// detailed timings and its tiled display topology. Read-only: every edit is refused.
 //
 // Layout of the block, offsets in bytes from its start:
 //     0      extension tag, 0x70

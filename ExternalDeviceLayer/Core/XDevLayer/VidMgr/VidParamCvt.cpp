@@ -14,12 +14,19 @@ namespace
 {
 constexpr unsigned int gsc_uiVerticalFrontPorch = 3;   // lines
 constexpr unsigned int gsc_uiMinVerticalBackPorch = 6; // lines
+
+// Clocks are worked in units of 10 kHz and come in steps of 250 kHz; line rates are worked in units of 10 Hz.
 constexpr unsigned int gsc_uiPixelPerNanosecondInTenKiloHz = 100000;
 constexpr unsigned int gsc_uiClockStepInTenKiloHz = 25;
 constexpr unsigned int gsc_uiClockStepInKiloHz = 250;
+constexpr unsigned int gsc_uiHzPerTenKiloHz = 10000;
+constexpr unsigned int gsc_uiHzPerTenHz = 10;
+constexpr unsigned int gsc_uiTenHzPerTenKiloHz = 1000;
+constexpr unsigned int gsc_uiTenHzPerKiloHz = 100;
 
 // Standard blanking. Its duty cycle in thousandths of a percent: 30 % less 300 times the line period, 20 % at least.
-constexpr unsigned int gsc_uiDutyOffset = 30000000; // a thousand times the unit
+constexpr unsigned int gsc_uiDutyScale = 1000;
+constexpr unsigned int gsc_uiDutyOffset = 30000 * gsc_uiDutyScale;
 constexpr unsigned int gsc_uiDutyGradient = 300;
 constexpr unsigned int gsc_uiMinDuty = 20000;
 constexpr unsigned int gsc_uiFullDuty = 100000;
@@ -59,55 +66,76 @@ struct SCvtTiming
     CVidParamTiming::EVidParamType m_eType;
 };
 
+// A line of standard blanking, in pixels; its active part is the width in whole cells.
+struct SStandardLine
+{
+    unsigned int m_uiTotal;
+    unsigned int m_uiBlank;
+    unsigned int m_uiSync;
+    unsigned int m_uiBackPorch;
+};
+
+SStandardLine ComputeStandardLine(unsigned int uiHorizontalActive, unsigned int uiLinePeriod)
+{
+    // The difference wraps for line periods above 100 us, and the floor does not catch that. The check of the finished
+    // line refuses every such mode of 100 lines or more, up to 1818 Hz; lower ones may pass, with a clock down to 0.
+    const unsigned int uiDuty =
+        std::max((gsc_uiDutyOffset - gsc_uiDutyGradient * uiLinePeriod) / gsc_uiDutyScale, gsc_uiMinDuty);
+    const unsigned int uiCellActive = RoundToCell(uiHorizontalActive);
+
+    SStandardLine oLine;
+    oLine.m_uiBlank = ZorTools_RoundedDownDivision(uiDuty * uiCellActive,
+                                                   gsc_uiBlankingUnit * gsc_uiFullDuty - gsc_uiBlankingUnit * uiDuty) *
+                      gsc_uiBlankingUnit;
+    oLine.m_uiTotal = uiCellActive + oLine.m_uiBlank;
+    oLine.m_uiSync = CutToCell(oLine.m_uiTotal * gsc_uiSyncPerMille / gsc_uiPerMille);
+    oLine.m_uiBackPorch = oLine.m_uiBlank / 2;
+    return oLine;
+}
+
+// A width off the cell grid is clocked as if the line were a cell longer.
+unsigned int CountStandardClockSteps(unsigned int uiHorizontalActive, unsigned int uiHorizontalTotal,
+                                     unsigned int uiLinePeriod)
+{
+    const bool bOnGrid = uiHorizontalActive % gsc_uiCellWidth == 0;
+    const unsigned int uiClockedTotal = bOnGrid ? uiHorizontalTotal : uiHorizontalTotal + gsc_uiCellWidth;
+    return ZorTools_RoundedDownDivision(
+        ZorTools_RoundedDownDivision(uiClockedTotal * gsc_uiPixelPerNanosecondInTenKiloHz, uiLinePeriod),
+        gsc_uiClockStepInTenKiloHz);
+}
+
 // False when nothing is computed: the parts of the line or the frame do not stand in their order.
 bool ComputeStandardBlanking(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                              unsigned int uiVerticalRateInHz, SCvtTiming& oResult)
 {
-    const unsigned int uiCellActive = RoundToCell(uiHorizontalActive);
     const unsigned int uiVSync = CVidParamCvt::GetVSyncLines(uiHorizontalActive, uiVerticalActive);
-
     const unsigned int uiFieldPeriod = ZorTools_RoundedDownDivision(gsc_uiNanosecondsPerSecond, uiVerticalRateInHz);
     const unsigned int uiLinePeriod = ZorTools_RoundedDivision(uiFieldPeriod - gsc_uiMinSyncAndBackTime,
                                                                uiVerticalActive + gsc_uiVerticalFrontPorch); // ns
     const unsigned int uiVSyncAndBack = std::max(
         ZorTools_RoundedDownDivision(gsc_uiMinSyncAndBackTime, uiLinePeriod) + 1, uiVSync + gsc_uiMinVerticalBackPorch);
     const unsigned int uiVerticalTotal = uiVerticalActive + gsc_uiVerticalFrontPorch + uiVSyncAndBack;
-
-    // The difference wraps for line periods above 100 us; the floor does not catch that, the check below refuses it for
-    // any real width.
-    const unsigned int uiDuty = std::max((gsc_uiDutyOffset - gsc_uiDutyGradient * uiLinePeriod) / 1000, gsc_uiMinDuty);
-    const unsigned int uiBlank =
-        ZorTools_RoundedDownDivision(uiDuty * uiCellActive,
-                                     gsc_uiBlankingUnit * gsc_uiFullDuty - gsc_uiBlankingUnit * uiDuty) *
-        gsc_uiBlankingUnit;
-    const unsigned int uiHorizontalTotal = uiCellActive + uiBlank;
-    const unsigned int uiHSync = CutToCell(uiHorizontalTotal * gsc_uiSyncPerMille / 1000);
-
-    // A width off the cell grid is clocked as if the line were a cell longer.
-    const bool bOnGrid = uiHorizontalActive % gsc_uiCellWidth == 0;
-    const unsigned int uiClockedTotal = bOnGrid ? uiHorizontalTotal : uiHorizontalTotal + gsc_uiCellWidth;
-    const unsigned int uiClockSteps = ZorTools_RoundedDownDivision(
-        ZorTools_RoundedDownDivision(uiClockedTotal * gsc_uiPixelPerNanosecondInTenKiloHz, uiLinePeriod),
-        gsc_uiClockStepInTenKiloHz);
-    const unsigned int uiLineRateInTenHz =
-        ZorTools_RoundedDivision(uiClockSteps * gsc_uiClockStepInTenKiloHz * 1000, uiHorizontalTotal);
-
-    const unsigned int uiHBack = uiBlank / 2;
     const unsigned int uiVBack = uiVSyncAndBack - uiVSync;
+    const SStandardLine oLine = ComputeStandardLine(uiHorizontalActive, uiLinePeriod);
 
-    const SExtent oLine = { uiHorizontalActive, uiHorizontalTotal - uiHSync - uiHBack, uiHorizontalTotal - uiHBack };
-    const SExtent oFrame = { uiVerticalActive, uiVerticalTotal - uiVSyncAndBack, uiVerticalTotal - uiVBack };
-    if (!oLine.IsInOrder() || !oFrame.IsInOrder())
+    const unsigned int uiHSyncEnd = oLine.m_uiTotal - oLine.m_uiBackPorch;
+    const SExtent oHorizontal = { uiHorizontalActive, uiHSyncEnd - oLine.m_uiSync, uiHSyncEnd };
+    const SExtent oVertical = { uiVerticalActive, uiVerticalTotal - uiVSyncAndBack, uiVerticalTotal - uiVBack };
+    if (!oHorizontal.IsInOrder() || !oVertical.IsInOrder())
     {
         return false;
     }
 
-    oResult.m_uiHorizontalRateInKiloHz = uiLineRateInTenHz / 100;
+    const unsigned int uiClockSteps = CountStandardClockSteps(uiHorizontalActive, oLine.m_uiTotal, uiLinePeriod);
+    const unsigned int uiLineRateInTenHz =
+        ZorTools_RoundedDivision(uiClockSteps * gsc_uiClockStepInTenKiloHz * gsc_uiTenHzPerTenKiloHz, oLine.m_uiTotal);
+    oResult.m_uiHorizontalRateInKiloHz = uiLineRateInTenHz / gsc_uiTenHzPerKiloHz;
     oResult.m_uiPixelClockInKiloHz = uiClockSteps * gsc_uiClockStepInKiloHz;
-    oResult.m_uiVerticalRateInHz = ZorTools_RoundedDivision(uiLineRateInTenHz * 10, uiVerticalTotal); // the one reached
-    oResult.m_uiHorizontalFrontPorch = uiBlank - uiHBack - uiHSync;
-    oResult.m_uiHorizontalSync = uiHSync;
-    oResult.m_uiHorizontalBackPorch = uiHBack;
+    oResult.m_uiVerticalRateInHz =
+        ZorTools_RoundedDivision(uiLineRateInTenHz * gsc_uiHzPerTenHz, uiVerticalTotal); // the one reached
+    oResult.m_uiHorizontalFrontPorch = oLine.m_uiBlank - oLine.m_uiBackPorch - oLine.m_uiSync;
+    oResult.m_uiHorizontalSync = oLine.m_uiSync;
+    oResult.m_uiHorizontalBackPorch = oLine.m_uiBackPorch;
     oResult.m_uiVerticalSync = uiVSync;
     oResult.m_uiVerticalBackPorch = uiVBack;
     oResult.m_bHorizontalPositive = 0;
@@ -132,7 +160,7 @@ SCvtTiming ComputeReducedBlanking(unsigned int uiHorizontalActive, unsigned int 
     const unsigned int uiHorizontalTotal = RoundToCell(uiHorizontalActive) + gsc_uiReducedBlank;
     const unsigned int uiVerticalTotal = uiVerticalActive + uiVerticalBlank;
     const unsigned int uiClockSteps = ZorTools_RoundedDownDivision(
-        ZorTools_RoundedDivision(uiVerticalRateInHz * uiHorizontalTotal * uiVerticalTotal, 10000),
+        ZorTools_RoundedDivision(uiVerticalRateInHz * uiHorizontalTotal * uiVerticalTotal, gsc_uiHzPerTenKiloHz),
         gsc_uiClockStepInTenKiloHz);
 
     SCvtTiming oResult;

@@ -15,76 +15,121 @@ constexpr unsigned int gsc_uiSecondInPeriods = 100000000;  // for rates in Hz
 constexpr unsigned int gsc_uiSecondForTenths = 1000000000; // for rates in tenths of a hertz
 constexpr unsigned int gsc_uiPeriodsPerMillisecond = 100000;
 constexpr unsigned int gsc_uiNanosecondsPerPeriod = 10;
+constexpr unsigned int gsc_uiTenthsPerHz = 10;
 
 constexpr unsigned int gsc_uiVerticalFrontPorch = 1; // lines
 constexpr unsigned int gsc_uiVerticalSync = 3;       // lines
+constexpr unsigned int gsc_uiTenthsPerLine = 10;     // the total is worked ten times over
 
 // Blanking duty cycle in hundredths of a percent: 30 % less 3 % for each 10 us of line period. It has no lower bound.
 constexpr unsigned int gsc_uiDutyOffset = 3000;
 constexpr unsigned int gsc_uiDutyGradient = 3000;
 constexpr unsigned int gsc_uiDutyScale = 10000;
 constexpr unsigned int gsc_uiFullDuty = 10000;
+
+// The frame, in lines.
+struct SGtfFrame
+{
+    unsigned int m_uiTotal;
+    unsigned int m_uiSyncAndBack;
+    unsigned int m_uiLinePeriod; // units of 10 ns
+    unsigned int m_uiRateInHz;   // the one reached
+};
+
+// The line, in pixels.
+struct SGtfLine
+{
+    unsigned int m_uiTotal;
+    unsigned int m_uiSync;
+    unsigned int m_uiBackPorch;
+};
+
+unsigned int ComputeRateInTenths(unsigned int uiTenVerticalTotals, unsigned int uiLinePeriod)
+{
+    return ZorTools_RoundedDivision(gsc_uiSecondForTenths,
+                                    ZorTools_RoundedDivision(uiTenVerticalTotals * uiLinePeriod, gsc_uiTenthsPerLine));
+}
+
+// The line period is estimated from the rate asked for, then corrected by the field rate that the whole lines give.
+SGtfFrame ComputeFrame(unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz)
+{
+    const unsigned int uiFieldTime = ZorTools_RoundedDivision(gsc_uiNanosecondsPerSecond, uiVerticalRateInHz); // ns
+    const unsigned int uiEstimatedPeriod =
+        ZorTools_RoundedDivision(uiFieldTime - gsc_uiMinSyncAndBackTime,
+                                 (uiVerticalActive + gsc_uiVerticalFrontPorch) * gsc_uiNanosecondsPerPeriod);
+
+    SGtfFrame oFrame;
+    oFrame.m_uiSyncAndBack =
+        ZorTools_RoundedDivision(gsc_uiMinSyncAndBackTime / gsc_uiNanosecondsPerPeriod, uiEstimatedPeriod);
+    const unsigned int uiTenVerticalTotals =
+        (uiVerticalActive + gsc_uiVerticalFrontPorch + oFrame.m_uiSyncAndBack) * gsc_uiTenthsPerLine;
+    const unsigned int uiEstimatedRateInTenths = ComputeRateInTenths(uiTenVerticalTotals, uiEstimatedPeriod);
+    oFrame.m_uiLinePeriod =
+        ZorTools_RoundedDivision(uiEstimatedPeriod * uiEstimatedRateInTenths, uiVerticalRateInHz * gsc_uiTenthsPerHz);
+    oFrame.m_uiRateInHz =
+        ZorTools_RoundedDivision(ComputeRateInTenths(uiTenVerticalTotals, oFrame.m_uiLinePeriod), gsc_uiTenthsPerHz);
+    oFrame.m_uiTotal = ZorTools_RoundedDivision(uiTenVerticalTotals, gsc_uiTenthsPerLine);
+    return oFrame;
+}
+
+SGtfLine ComputeLine(unsigned int uiHorizontalActive, unsigned int uiLinePeriod)
+{
+    const unsigned int uiCellActive = RoundToCell(uiHorizontalActive);
+    const unsigned int uiDuty =
+        gsc_uiDutyOffset - ZorTools_RoundedDivision(uiLinePeriod * gsc_uiDutyGradient, gsc_uiDutyScale);
+    const unsigned int uiBlank = ZorTools_RoundedDivision(uiDuty * uiCellActive, gsc_uiBlankingUnit * gsc_uiFullDuty -
+                                                                                     gsc_uiBlankingUnit * uiDuty) *
+                                 gsc_uiBlankingUnit;
+
+    SGtfLine oLine;
+    oLine.m_uiTotal = uiCellActive + uiBlank;
+    oLine.m_uiBackPorch = uiBlank / 2; // whole cells, as the blanking is a multiple of two
+    // Cut to whole cells, where the published formula rounds to the nearest.
+    oLine.m_uiSync = CutToCell(ZorTools_RoundedDivision(oLine.m_uiTotal * gsc_uiSyncPerMille, gsc_uiPerMille));
+    return oLine;
+}
+
+void WriteTiming(const SExtent& oHorizontal, const SExtent& oVertical, const SGtfLine& oLine, const SGtfFrame& oFrame,
+                 CVidParamTiming& oTiming)
+{
+    const unsigned int uiLineRateInHz = ZorTools_RoundedDivision(gsc_uiSecondInPeriods, oFrame.m_uiLinePeriod);
+    oTiming.ClearData();
+    oTiming.SetHorizontalActive(oHorizontal.m_uiActive);
+    oTiming.SetVerticalActive(oVertical.m_uiActive);
+    oTiming.SetVerticalRateInHz(oFrame.m_uiRateInHz);
+    oTiming.SetHorizontalRateInKiloHz(uiLineRateInHz / gsc_uiHzPerKiloHz);
+    oTiming.SetPixelClockInKiloHz(
+        ZorTools_RoundedDivision(oLine.m_uiTotal * gsc_uiPeriodsPerMillisecond, oFrame.m_uiLinePeriod));
+    oTiming.SetHorizontalFrontPorch(oHorizontal.m_uiSyncStart - oHorizontal.m_uiActive);
+    oTiming.SetHorizontalSync(oLine.m_uiSync);
+    oTiming.SetHorizontalBackPorch(oLine.m_uiBackPorch);
+    oTiming.SetVerticalFrontPorch(oVertical.m_uiSyncStart - oVertical.m_uiActive);
+    oTiming.SetVerticalSync(gsc_uiVerticalSync);
+    oTiming.SetVerticalBackPorch(oFrame.m_uiSyncAndBack - gsc_uiVerticalSync);
+    oTiming.SetVerticalPolarityPositive(1);
+    oTiming.SetHorizontalPolarityPositive(0);
+    oTiming.SetInterlaced(0);
+    oTiming.SetVideoFamilyType(CVidParamTiming::eVidParamType_Gtf);
+}
 }
 
 int CVidParamGtf::GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                               unsigned int uiVerticalRateInHz, CVidParamTiming* poTiming)
 {
-    // The line period is estimated from the rate asked for, then corrected by the field rate that the whole lines give.
-    const unsigned int uiFieldTime = ZorTools_RoundedDivision(gsc_uiNanosecondsPerSecond, uiVerticalRateInHz); // ns
-    const unsigned int uiEstimatedPeriod =
-        ZorTools_RoundedDivision(uiFieldTime - gsc_uiMinSyncAndBackTime,
-                                 (uiVerticalActive + gsc_uiVerticalFrontPorch) * gsc_uiNanosecondsPerPeriod);
-    const unsigned int uiVSyncAndBack =
-        ZorTools_RoundedDivision(gsc_uiMinSyncAndBackTime / gsc_uiNanosecondsPerPeriod, uiEstimatedPeriod);
-    const unsigned int uiTenVerticalTotals = (uiVerticalActive + gsc_uiVerticalFrontPorch + uiVSyncAndBack) * 10;
-    const unsigned int uiEstimatedRateInTenths = ZorTools_RoundedDivision(
-        gsc_uiSecondForTenths, ZorTools_RoundedDivision(uiEstimatedPeriod * uiTenVerticalTotals, 10));
-    const unsigned int uiPeriod =
-        ZorTools_RoundedDivision(uiEstimatedPeriod * uiEstimatedRateInTenths, uiVerticalRateInHz * 10);
-    const unsigned int uiRateInTenths =
-        ZorTools_RoundedDivision(gsc_uiSecondForTenths, ZorTools_RoundedDivision(uiTenVerticalTotals * uiPeriod, 10));
+    const SGtfFrame oFrame = ComputeFrame(uiVerticalActive, uiVerticalRateInHz);
+    const SGtfLine oLine = ComputeLine(uiHorizontalActive, oFrame.m_uiLinePeriod);
 
-    const unsigned int uiCellActive = RoundToCell(uiHorizontalActive);
-    const unsigned int uiDuty =
-        gsc_uiDutyOffset - ZorTools_RoundedDivision(uiPeriod * gsc_uiDutyGradient, gsc_uiDutyScale);
-    const unsigned int uiBlank = ZorTools_RoundedDivision(uiDuty * uiCellActive, gsc_uiBlankingUnit * gsc_uiFullDuty -
-                                                                                     gsc_uiBlankingUnit * uiDuty) *
-                                 gsc_uiBlankingUnit;
-    const unsigned int uiHorizontalTotal = uiCellActive + uiBlank;
-    const unsigned int uiHBack = uiBlank / 2; // whole cells, as the blanking is a multiple of two
-    // Cut to whole cells, where the published formula rounds to the nearest.
-    const unsigned int uiHSync = CutToCell(ZorTools_RoundedDivision(uiHorizontalTotal * gsc_uiSyncPerMille, 1000));
-    const unsigned int uiVerticalTotal = ZorTools_RoundedDivision(uiTenVerticalTotals, 10);
-    const unsigned int uiVBack = uiVSyncAndBack - gsc_uiVerticalSync;
-
-    const SExtent oLine = { uiHorizontalActive, uiHorizontalTotal - uiHBack - uiHSync, uiHorizontalTotal - uiHBack };
-    const SExtent oFrame = { uiVerticalActive, uiVerticalTotal - uiVSyncAndBack, uiVerticalTotal - uiVBack };
-    if (!oLine.IsInOrder() || !oFrame.IsInOrder())
+    const unsigned int uiHSyncEnd = oLine.m_uiTotal - oLine.m_uiBackPorch;
+    const unsigned int uiVSyncStart = oFrame.m_uiTotal - oFrame.m_uiSyncAndBack;
+    const SExtent oHorizontal = { uiHorizontalActive, uiHSyncEnd - oLine.m_uiSync, uiHSyncEnd };
+    const SExtent oVertical = { uiVerticalActive, uiVSyncStart, uiVSyncStart + gsc_uiVerticalSync };
+    if (!oHorizontal.IsInOrder() || !oVertical.IsInOrder())
     {
         return 0;
     }
-    if (poTiming == nullptr)
+    if (poTiming != nullptr)
     {
-        return 1;
+        WriteTiming(oHorizontal, oVertical, oLine, oFrame, *poTiming);
     }
-
-    const unsigned int uiLineRateInHz = ZorTools_RoundedDivision(gsc_uiSecondInPeriods, uiPeriod);
-    poTiming->ClearData();
-    poTiming->SetHorizontalActive(uiHorizontalActive);
-    poTiming->SetVerticalActive(uiVerticalActive);
-    poTiming->SetVerticalRateInHz(ZorTools_RoundedDivision(uiRateInTenths, 10));
-    poTiming->SetHorizontalRateInKiloHz(uiLineRateInHz / 1000);
-    poTiming->SetPixelClockInKiloHz(
-        ZorTools_RoundedDivision(uiHorizontalTotal * gsc_uiPeriodsPerMillisecond, uiPeriod));
-    poTiming->SetHorizontalFrontPorch(oLine.m_uiSyncStart - uiHorizontalActive);
-    poTiming->SetHorizontalSync(uiHSync);
-    poTiming->SetHorizontalBackPorch(uiHBack);
-    poTiming->SetVerticalFrontPorch(oFrame.m_uiSyncStart - uiVerticalActive);
-    poTiming->SetVerticalSync(gsc_uiVerticalSync);
-    poTiming->SetVerticalBackPorch(uiVBack);
-    poTiming->SetVerticalPolarityPositive(1);
-    poTiming->SetHorizontalPolarityPositive(0);
-    poTiming->SetInterlaced(0);
-    poTiming->SetVideoFamilyType(CVidParamTiming::eVidParamType_Gtf);
     return 1;
 }

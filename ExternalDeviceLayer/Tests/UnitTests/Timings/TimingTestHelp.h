@@ -53,6 +53,25 @@ inline SAllValues ReadAll(const CVidParamTiming& oTiming)
              oTiming.GetVideoFamilyType() };
 }
 
+// A change of each value that every comparison looks at.
+struct SChange
+{
+    const char* m_szName;
+    void (*m_fnApply)(CVidParamTiming&);
+};
+inline constexpr SChange gsc_aoGeometryChanges[] = {
+    { "horizontal active", [](CVidParamTiming& o) { o.SetHorizontalActive(o.GetHorizontalActive() + 1); } },
+    { "vertical active", [](CVidParamTiming& o) { o.SetVerticalActive(o.GetVerticalActive() + 1); } },
+    { "scan", [](CVidParamTiming& o) { o.SetInterlaced(1 - o.IsInterlaced()); } },
+    { "horizontal front", [](CVidParamTiming& o) { o.SetHorizontalFrontPorch(o.GetHorizontalFrontPorch() + 1); } },
+    { "horizontal sync", [](CVidParamTiming& o) { o.SetHorizontalSync(o.GetHorizontalSync() + 1); } },
+    { "horizontal back", [](CVidParamTiming& o) { o.SetHorizontalBackPorch(o.GetHorizontalBackPorch() + 1); } },
+    { "vertical rate", [](CVidParamTiming& o) { o.SetVerticalRateInHz(o.GetVerticalRateInHz() - 1); } },
+    { "vertical front", [](CVidParamTiming& o) { o.SetVerticalFrontPorch(o.GetVerticalFrontPorch() + 1); } },
+    { "vertical sync", [](CVidParamTiming& o) { o.SetVerticalSync(o.GetVerticalSync() + 1); } },
+    { "vertical back", [](CVidParamTiming& o) { o.SetVerticalBackPorch(o.GetVerticalBackPorch() + 1); } },
+};
+
 // 720p at 60 Hz, as the record of either storage class.
 inline constexpr SVidParamGenericData gsc_o720p = {
     1280, 720, 60, 45000, 74250000, 110, 40, 220, 5, 5, 20, 4 | 8, CVidParamTiming::eVidParamType_Cea

@@ -7,7 +7,8 @@
 // Results are 1 or non-zero for success and 0 for a refusal. An object belongs to one thread at a time.
 //
 // When memory runs out: reading changes nothing (strong guarantee). SetEdidBuffer leaves the base block and the
-// extension blocks that came before, each whole (basic guarantee). An edit has changed all of its bytes, checksum
+// extension blocks that came before, with all of their bytes; when it was the base block's turn, the list of usable
+// standard slots may be short until the next load (basic guarantee). An edit has changed all of its bytes, checksum
 // included, or none; where it has, the lists of that one block may be short until the bytes are loaded again (basic
 // guarantee). The edits of the base block other than RemoveStandard take no memory.
 
@@ -51,7 +52,7 @@ public:
     int IsChecksumValid() const;
 
     // The present bytes of all blocks, in order. Nothing is repaired: byte 126 stays as loaded, also when blocks were
-    // dropped. Always starts with the 128 bytes of the base block, zero for an empty object.
+    // dropped. Always starts with the 128 bytes that GetBaseBlock gives, also for an empty object.
     CMArray<unsigned char, const unsigned char&> GetEdidBuffer() const;
 
     // Copies as many of these bytes as fit into uiSize and returns their number; 0 for null and for an empty object.

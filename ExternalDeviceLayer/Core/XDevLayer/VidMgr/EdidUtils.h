@@ -99,8 +99,8 @@ public:
 
     // Makes the lines of a hex dump: three head lines, a line for each ten bytes with the decimal offset of its first,
     // an empty line, and a line with the size. Every line begins with pszLinePrefix; null counts as empty.
-    // oLines is emptied first. Returns 1; a size of 0 or null data writes an assertion line and gives 0, with oLines
-    // untouched.
+    // oLines is emptied first; when memory runs out, it holds a part of the dump (basic guarantee). Returns 1; a size
+    // of 0 or null data writes an assertion line and gives 0, with oLines untouched.
     static int GetFormatedEdidDataStrings(unsigned int uiSize, const unsigned char* pui8Data, CMArrayString& oLines,
                                           const char* pszLinePrefix);
 };

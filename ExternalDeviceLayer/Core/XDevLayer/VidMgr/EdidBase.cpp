@@ -35,127 +35,6 @@ struct SManufacturer
     const char* m_pszName;
 };
 
-// Letters as assigned to the makers, and the name to show for them. The first row with the letters counts, so that the
-// second one of "NEC" is never found; the row of nulls ends the walk.
-// clang-format off
-constexpr SManufacturer s_aoManufaturerTable[] = {
-    { "AAA", "Avolites Ltd" },
-    { "ACI", "ASUSTek Computer Inc." },
-    { "ACR", "Acer Technologies" },
-    { "ADI", "ADI" },
-    { "AOC", "AOC International (U.S.A.), Ltd." },
-    { "API", "Acer" },
-    { "APP", "Apple Computer, Inc." },
-    { "AST", "AST" },
-    { "BDS", "Barco" },
-    { "BNO", "Bang & Olufsen" },
-    { "BNQ", "BenQ Corporation" },
-    { "BRG", "Bridge Information Co., Ltd" },
-    { "CCP", "EPSON" },
-    { "CMN", "Chimei Innolux Corporation" },
-    { "CMO", "Chi Mei Optoelectronics corp." },
-    { "CPQ", "Compaq" },
-    { "CRO", "Extraordinary Technologies PTY Limited" },
-    { "CTL", "Chilin" },
-    { "CPC", "Daewoo" },
-    { "CTX", "CTX - Chuntex Electronic" },
-    { "DEC", "DEC" },
-    { "DEL", "Dell Computer Corp." },
-    { "DON", "DENON, Ltd." },
-    { "DPC", "Delta Electronics, Inc." },
-    { "DWE", "Daewoo" },
-    { "DYS", "Dooyang" },
-    { "ECS", "ELITEGROUP Computer Systems" },
-    { "EHJ", "EPSON" },
-    { "EIZ", "EIZO NANAO" },
-    { "ELS", "Elsa AG" },
-    { "ENC", "Eizo Nanao Corporation" },
-    { "EPH", "Epiphan Systems Inc." },
-    { "FCM", "Funai Electric Company of Taiwan" },
-    { "FIM", "FIMI" },
-    { "FPA", "FUJITSU" },
-    { "FUJ", "FUJITSU" },
-    { "FUS", "Fujitsu Siemens Computers GmbH" },
-    { "GSM", "LG" },
-    { "GWY", "Gateway" },
-    { "HEI", "Hyundai Electronics Industries Co., Ltd" },
-    { "HIQ", "Kaohsiung Opto Electronics Americas, Inc." },
-    { "HIT", "Hitachi" },
-    { "HSD", "HannStar Display Corp" },
-    { "HSL", "Hansol Electronics" },
-    { "HTC", "Hitachi" },
-    { "HWP", "Hewlett Packard" },
-    { "HYC", "Iheeyong" },
-    { "ICL", "Fujitsu ICL" },
-    { "IBM", "IBM" },
-    { "INT", "Interphase Corporation" },
-    { "IOD", "I-O DATA DEVICE, INC." },
-    { "IVM", "Iiyama North America" },
-    { "KDS", "Korea Data Systems" },
-    { "LEN", "Lenovo Group Limited" },
-    { "MAG", "MAG" },
-    { "MAX", "Maxdata Computer Gmbh" },
-    { "MDD", "MODIS" },
-    { "MEG", "Abeam Tech Ltd" },
-    { "MEI", "Panasonic Industry Company" },
-    { "MEL", "NEC-MITSUBISHI ELECTRIC VISUAL SYSTEMS" },
-    { "MIR", "Miro Computer Products AG" },
-    { "MTC", "MITAC" },
-    { "ZOR", "Zorvane Electronic Systems Ltd." },
-    { "NAN", "EIZO NANAO" },
-    { "NDI", "National Display" },
-    { "NEC", "NEC Corporation" },
-    { "NEC", "NEC-MITSUBISHI ELECTRIC VISUAL SYSTEMS" },
-    { "NOK", "NOKIA" },
-    { "OKI", "OKI" },
-    { "ONK", "ONKYO Corporation" },
-    { "OQI", "ViewSonic" },
-    { "ORN", "ORION ELECTRIC CO., LTD." },
-    { "OTM", "Optoma Corporation" },
-    { "OVR", "Oculus VR, Inc." },
-    { "PBN", "Packard Bell" },
-    { "PHL", "Philips Consumer Electronics Co." },
-    { "PIO", "Pioneer Electronic Corporation" },
-    { "PGS", "Princeton Graphic Systems" },
-    { "PHL", "Philips Consumer Electronics Co." },
-    { "PLB", "PLB Monitor, Inc." },
-    { "PNR", "Planar Systems, Inc." },
-    { "PPM", "Clinton" },
-    { "PTS", "Proview Technology Corp." },
-    { "QDS", "Quanta Display Inc." },
-    { "REL", "Relisys" },
-    { "SAM", "Samsung" },
-    { "SEC", "Seiko Epson Corporation" },
-    { "SDI", "Samsung" },
-    { "SGX", "Silicon Graphics" },
-    { "SHP", "Sharp Corporation" },
-    { "SIB", "SANYO" },
-    { "SII", "Silicon Image, Inc." },
-    { "SML", "Smile International Corp." },
-    { "SNY", "SONY Corporation" },
-    { "SPT", "Sceptre Corporation" },
-    { "STC", "Sampo" },
-    { "STN", "SAMTRON" },
-    { "TAT", "Tatung" },
-    { "TAX", "Taxan" },
-    { "TEA", "TEAC" },
-    { "TOS", "Toshiba" },
-    { "TOP", "Orion Communications Co., Ltd." },
-    { "TRL", "Royal Information Company" },
-    { "TSB", "Toshiba America Info Systems Inc" },
-    { "TST", "Transtream Inc" },
-    { "TTK", "TOTOKU" },
-    { "TVM", "TVM" },
-    { "UNM", "Unisys" },
-    { "VIZ", "VIZIO, Inc" },
-    { "VSC", "ViewSonic Corporation" },
-    { "WKC", "Wide/Image System" },
-    { "YMH", "Yamaha Corporation" },
-    { nullptr, nullptr },
-};
-// clang-format on
-static_assert(std::size(s_aoManufaturerTable) == 113, "112 makers and the row that ends the walk");
-
 bool IsZeroBlock(const unsigned char* pui8Block)
 {
     return std::all_of(pui8Block, pui8Block + CEdidUtils::msc_uiBlockSize,
@@ -208,7 +87,7 @@ unsigned int CEdidBase::GetEdidSizeFromData(unsigned int uiSize, const unsigned 
 
 void CEdidBase::UpdateChecksum()
 {
-    m_aui8Edid[CEdidUtils::msc_uiChecksumOffset] = 0; // also of an empty object, whose size is 0
+    m_aui8Edid[CEdidUtils::msc_uiChecksumOffset] = 0; // a derived class may have written it while the size is 0
     CEdidUtils::StoreChecksum(m_uiEdidSize, m_aui8Edid);
 }
 
@@ -232,6 +111,127 @@ int CEdidBase::GetMonitorID(char* pszId, unsigned int uiSize) const
 
 int CEdidBase::GetManufacturerName(char* pszName, unsigned int uiSize) const
 {
+    // Letters as assigned to the makers, and the name to show for them. The first row with the letters counts, so that
+    // the second one of "NEC" is never found; the row of nulls ends the walk.
+    // clang-format off
+    static constexpr SManufacturer s_aoManufaturerTable[] = {
+        { "AAA", "Avolites Ltd" },
+        { "ACI", "ASUSTek Computer Inc." },
+        { "ACR", "Acer Technologies" },
+        { "ADI", "ADI" },
+        { "AOC", "AOC International (U.S.A.), Ltd." },
+        { "API", "Acer" },
+        { "APP", "Apple Computer, Inc." },
+        { "AST", "AST" },
+        { "BDS", "Barco" },
+        { "BNO", "Bang & Olufsen" },
+        { "BNQ", "BenQ Corporation" },
+        { "BRG", "Bridge Information Co., Ltd" },
+        { "CCP", "EPSON" },
+        { "CMN", "Chimei Innolux Corporation" },
+        { "CMO", "Chi Mei Optoelectronics corp." },
+        { "CPQ", "Compaq" },
+        { "CRO", "Extraordinary Technologies PTY Limited" },
+        { "CTL", "Chilin" },
+        { "CPC", "Daewoo" },
+        { "CTX", "CTX - Chuntex Electronic" },
+        { "DEC", "DEC" },
+        { "DEL", "Dell Computer Corp." },
+        { "DON", "DENON, Ltd." },
+        { "DPC", "Delta Electronics, Inc." },
+        { "DWE", "Daewoo" },
+        { "DYS", "Dooyang" },
+        { "ECS", "ELITEGROUP Computer Systems" },
+        { "EHJ", "EPSON" },
+        { "EIZ", "EIZO NANAO" },
+        { "ELS", "Elsa AG" },
+        { "ENC", "Eizo Nanao Corporation" },
+        { "EPH", "Epiphan Systems Inc." },
+        { "FCM", "Funai Electric Company of Taiwan" },
+        { "FIM", "FIMI" },
+        { "FPA", "FUJITSU" },
+        { "FUJ", "FUJITSU" },
+        { "FUS", "Fujitsu Siemens Computers GmbH" },
+        { "GSM", "LG" },
+        { "GWY", "Gateway" },
+        { "HEI", "Hyundai Electronics Industries Co., Ltd" },
+        { "HIQ", "Kaohsiung Opto Electronics Americas, Inc." },
+        { "HIT", "Hitachi" },
+        { "HSD", "HannStar Display Corp" },
+        { "HSL", "Hansol Electronics" },
+        { "HTC", "Hitachi" },
+        { "HWP", "Hewlett Packard" },
+        { "HYC", "Iheeyong" },
+        { "ICL", "Fujitsu ICL" },
+        { "IBM", "IBM" },
+        { "INT", "Interphase Corporation" },
+        { "IOD", "I-O DATA DEVICE, INC." },
+        { "IVM", "Iiyama North America" },
+        { "KDS", "Korea Data Systems" },
+        { "LEN", "Lenovo Group Limited" },
+        { "MAG", "MAG" },
+        { "MAX", "Maxdata Computer Gmbh" },
+        { "MDD", "MODIS" },
+        { "MEG", "Abeam Tech Ltd" },
+        { "MEI", "Panasonic Industry Company" },
+        { "MEL", "NEC-MITSUBISHI ELECTRIC VISUAL SYSTEMS" },
+        { "MIR", "Miro Computer Products AG" },
+        { "MTC", "MITAC" },
+        { "ZOR", "Zorvane Electronic Systems Ltd." },
+        { "NAN", "EIZO NANAO" },
+        { "NDI", "National Display" },
+        { "NEC", "NEC Corporation" },
+        { "NEC", "NEC-MITSUBISHI ELECTRIC VISUAL SYSTEMS" },
+        { "NOK", "NOKIA" },
+        { "OKI", "OKI" },
+        { "ONK", "ONKYO Corporation" },
+        { "OQI", "ViewSonic" },
+        { "ORN", "ORION ELECTRIC CO., LTD." },
+        { "OTM", "Optoma Corporation" },
+        { "OVR", "Oculus VR, Inc." },
+        { "PBN", "Packard Bell" },
+        { "PHL", "Philips Consumer Electronics Co." },
+        { "PIO", "Pioneer Electronic Corporation" },
+        { "PGS", "Princeton Graphic Systems" },
+        { "PHL", "Philips Consumer Electronics Co." },
+        { "PLB", "PLB Monitor, Inc." },
+        { "PNR", "Planar Systems, Inc." },
+        { "PPM", "Clinton" },
+        { "PTS", "Proview Technology Corp." },
+        { "QDS", "Quanta Display Inc." },
+        { "REL", "Relisys" },
+        { "SAM", "Samsung" },
+        { "SEC", "Seiko Epson Corporation" },
+        { "SDI", "Samsung" },
+        { "SGX", "Silicon Graphics" },
+        { "SHP", "Sharp Corporation" },
+        { "SIB", "SANYO" },
+        { "SII", "Silicon Image, Inc." },
+        { "SML", "Smile International Corp." },
+        { "SNY", "SONY Corporation" },
+        { "SPT", "Sceptre Corporation" },
+        { "STC", "Sampo" },
+        { "STN", "SAMTRON" },
+        { "TAT", "Tatung" },
+        { "TAX", "Taxan" },
+        { "TEA", "TEAC" },
+        { "TOS", "Toshiba" },
+        { "TOP", "Orion Communications Co., Ltd." },
+        { "TRL", "Royal Information Company" },
+        { "TSB", "Toshiba America Info Systems Inc" },
+        { "TST", "Transtream Inc" },
+        { "TTK", "TOTOKU" },
+        { "TVM", "TVM" },
+        { "UNM", "Unisys" },
+        { "VIZ", "VIZIO, Inc" },
+        { "VSC", "ViewSonic Corporation" },
+        { "WKC", "Wide/Image System" },
+        { "YMH", "Yamaha Corporation" },
+        { nullptr, nullptr },
+    };
+    // clang-format on
+    static_assert(std::size(s_aoManufaturerTable) == 113, "112 makers and the row that ends the walk");
+
     if (pszName == nullptr || uiSize == 0)
     {
         return 0;
@@ -298,7 +298,7 @@ void CEdidBase::SetSerialNumber(unsigned int uiSerial)
 int CEdidBase::GetColorBitDepth(EColorBitDepth& eDepth) const
 {
     eDepth = eColorBitDepthReserved;
-    if (!IsDigital() || !IsAtLeast(gsc_uiVideoInputRevision))
+    if (!HasVideoInputFields())
     {
         return 0;
     }
@@ -309,7 +309,7 @@ int CEdidBase::GetColorBitDepth(EColorBitDepth& eDepth) const
 
 int CEdidBase::SetColorBitDepth(EColorBitDepth eDepth)
 {
-    if (!IsDigital() || !IsAtLeast(gsc_uiVideoInputRevision) || eDepth > eColorBitDepthReserved)
+    if (!HasVideoInputFields() || eDepth > eColorBitDepthReserved)
     {
         return 0;
     }
@@ -390,4 +390,7 @@ int CEdidBase::GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned i
 
 bool CEdidBase::IsDigital() const { return (m_aui8Edid[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0; }
 
-bool CEdidBase::IsAtLeast(unsigned int uiRevision) const { return IsAtLeastRevision(m_aui8Edid, uiRevision); }
+bool CEdidBase::HasVideoInputFields() const
+{
+    return IsDigital() && IsAtLeastRevision(m_aui8Edid, gsc_uiVideoInputRevision);
+}

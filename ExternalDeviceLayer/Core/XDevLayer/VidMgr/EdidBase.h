@@ -20,8 +20,9 @@
 //      127     1  checksum, the block sums to 0 modulo 256
 //
 // Results are 1 or non-zero for success and 0 for a refusal, which changes no byte; only a refused SetEdidBuffer
-// empties the object. Every operation that changes the block leaves its checksum right, except the two established
-// setters when they are told not to.
+// empties the object. Every operation that changes a loaded block leaves its checksum right, except the two established
+// setters when they are told not to. SetSerialNumber and the established setters also write into an empty object, whose
+// checksum byte stays 0.
 // An object belongs to one thread at a time. Outputs are the caller's.
 //
 // Only SetEdidBuffer, ExtractStandardTimings and RemoveStandard take memory. When it runs out, the bytes are those of a
@@ -151,7 +152,8 @@ public:
 
     // ---- Identity ----
 
-    // The 128 bytes, all 0 when the object is empty. Valid as long as the object.
+    // The 128 bytes. All 0 once the object is emptied, until a setter that works on an empty object writes into it.
+    // Valid as long as the object.
     const unsigned char* GetBaseBlock() const { return m_aui8Edid; }
 
     // The number of extension blocks that a version 1 block announces; 0 for other versions and other indexes than 0.
@@ -260,8 +262,7 @@ private:
     const unsigned char* FindDisplayDescriptor(unsigned char ui8Tag, unsigned int uiRank) const;
     int GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned int uiSize) const;
     bool IsDigital() const;
-    bool IsAtLeast(unsigned int uiRevision) const; // version 1 and this revision or a later one
-    bool IsPreferredTimingProtected() const;
+    bool HasVideoInputFields() const; // colour depth and interface
 
     SStandard ReadStandard(unsigned int uiSlot) const;
     void WriteStandard(unsigned int uiSlot, const SStandard& oStandard);

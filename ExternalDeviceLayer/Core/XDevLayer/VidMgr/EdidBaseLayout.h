@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "EdidBase.h"
 #include "EdidUtils.h"
 
 namespace EdidBaseLayout
@@ -19,7 +20,8 @@ constexpr unsigned int gsc_uiVideoInputOffset = 20;
 constexpr unsigned int gsc_uiImageWidthOffset = 21;  // centimetres
 constexpr unsigned int gsc_uiImageHeightOffset = 22; // centimetres
 constexpr unsigned int gsc_uiFeaturesOffset = 24;
-constexpr unsigned int gsc_uiEstablishedOffset = 35; // three bytes
+constexpr unsigned int gsc_uiEstablishedOffset = 35;
+constexpr unsigned int gsc_uiEstablishedBytes = 3;
 constexpr unsigned int gsc_uiStandardsOffset = 38;   // eight pairs
 constexpr unsigned int gsc_uiDescriptorsOffset = 54; // four descriptors
 constexpr unsigned int gsc_uiExtensionCountOffset = 126;
@@ -95,5 +97,6 @@ constexpr unsigned int DescriptorOffset(unsigned int uiDescriptor)
 {
     return gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiDescriptorSize;
 }
-static_assert(DescriptorOffset(4) == gsc_uiExtensionCountOffset, "four descriptors fill the block up to byte 126");
+static_assert(DescriptorOffset(CEdidBase::msc_uiDescriptorCount) == gsc_uiExtensionCountOffset,
+              "the descriptors fill the block up to byte 126");
 }

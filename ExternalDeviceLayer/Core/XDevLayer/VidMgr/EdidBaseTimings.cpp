@@ -201,7 +201,7 @@ int CEdidBase::SetEstablishedFromId(EEstablishedTiming eId, int bSet, int bUpdat
     {
         return 0;
     }
-    for (unsigned int ui = 0; ui < 3; ++ui)
+    for (unsigned int ui = 0; ui < gsc_uiEstablishedBytes; ++ui)
     {
         const unsigned int uiMask = static_cast<unsigned int>(eId) >> 8 * ui & 0xFF;
         unsigned char& ui8Bits = m_aui8Edid[gsc_uiEstablishedOffset + ui];
@@ -370,7 +370,7 @@ unsigned int CEdidBase::GetDetailedCount() const
 
 int CEdidBase::RemoveDetailed(unsigned int uiIndex)
 {
-    if (uiIndex == 0 && IsPreferredTimingProtected())
+    if (uiIndex == 0 && IsPreferredTimingDeclared(m_aui8Edid))
     {
         return 0;
     }
@@ -388,7 +388,7 @@ int CEdidBase::RemoveDetailed(unsigned int uiIndex)
 
 int CEdidBase::SetPreferredMode(const CVidParamTiming* poTiming)
 {
-    if (!IsPreferredTimingProtected())
+    if (!IsPreferredTimingDeclared(m_aui8Edid))
     {
         return 0;
     }
@@ -427,8 +427,6 @@ unsigned int CEdidBase::FindEstablished(unsigned int uiIndex, CVidParamTiming* p
     }
     return 0;
 }
-
-bool CEdidBase::IsPreferredTimingProtected() const { return IsPreferredTimingDeclared(m_aui8Edid); }
 
 CEdidBase::SStandard CEdidBase::ReadStandard(unsigned int uiSlot) const
 {

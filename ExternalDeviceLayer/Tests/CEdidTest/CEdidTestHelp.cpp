@@ -8,11 +8,7 @@
 
 namespace
 {
-// Positions in the base block.
-constexpr unsigned int gsc_uiVersionOffset = 18;
-constexpr unsigned int gsc_uiRevisionOffset = 19;
-constexpr unsigned int gsc_uiFeatureOffset = 24;
-constexpr unsigned int gsc_uiPreferredTimingBit = 0x02;
+constexpr unsigned int gsc_uiPreferredTimingBit = 0x02; // of the feature byte
 
 void FillTiming(const tagRVideo_VidParam& oRow, CVidParamTiming& oTiming)
 {
@@ -29,8 +25,8 @@ void FillTiming(const tagRVideo_VidParam& oRow, CVidParamTiming& oTiming)
     oTiming.SetVerticalBackPorch(oRow.uiVerticalBackPorch);
 }
 
-// The walk of all validators: runs oCheckRow for each row, up to the first that does not hold. oCheckRow writes the line,
-// so that it names the validator.
+// The walk of all validators: runs oCheckRow for each row, up to the first that does not hold. oCheckRow writes the
+// line, so that it names the validator.
 template <class CHECK>
 int ValidateRows(unsigned int uiCount, const CHECK& oCheckRow)
 {

@@ -28,7 +28,7 @@ class CEdid;
         }                                                                                                              \
     } while (false)
 
-// A step that has written its own line, as a group of steps in a function does: leaves with 0 and adds none.
+// A step that adds no line: one that has written its own, as a group of steps in a function does, or one that is silent.
 #define MTEST_PASS_ON(condition)                                                                                       \
     do                                                                                                                 \
     {                                                                                                                  \
@@ -37,6 +37,13 @@ class CEdid;
             return 0;                                                                                                  \
         }                                                                                                              \
     } while (false)
+
+// ---- Positions in the base block, in bytes. The self-check's own: with the library's it would not see a wrong one. ----
+
+constexpr unsigned int gsc_uiSerialOffset = 12; // four bytes, little-endian
+constexpr unsigned int gsc_uiVersionOffset = 18;
+constexpr unsigned int gsc_uiRevisionOffset = 19;
+constexpr unsigned int gsc_uiFeatureOffset = 24;
 
 // ---- Expected tables. They have no end row: a count always goes with the pointer. ----
 
@@ -93,8 +100,8 @@ constexpr std::array<TYPE, uiCount - sizeof...(auiRows)> WithoutRows(const std::
 
 // ---- Loading and comparing. ----
 
-// Loads the 256 bytes from a copy that is gone when the function returns: an EDID keeps its own bytes. Not 0 on success,
-// 0 without a line.
+// Loads the 256 bytes from a copy that is gone when the function returns: an EDID keeps its own bytes. Not 0 on
+// success, 0 without a line.
 int LoadCopy(CEdid& oEdid, const SEdidImage& aui8Image);
 
 // 1 when the serialised EDID is exactly these bytes. Null gives 0. Never writes a line.
@@ -109,7 +116,7 @@ unsigned int ReadLittleEndian(const unsigned char* pui8Data, unsigned int uiSize
 int GetVidParam(const STimingData& oRow, CVidParamTimingGeneric& oTiming);
 
 // Whether the first detailed timing of the base block can be replaced but not removed: version 1 from revision 3 on, or
-// the preferred-timing bit. Read from the bytes, not asked of the CEdid.
+// the preferred-timing bit. The rule is written out here again, as the expectation that the library's is held against.
 int IsPreferredTimingProtected(const CEdid& oEdid);
 
 // ---- Validators: 1 when the EDID lists exactly uiCount timings and they equal the rows in their order. ----
@@ -131,6 +138,6 @@ int ValidateStandard(const CEdid& oEdid, unsigned int uiCount, const STimingData
 int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, const STimingData* poRows,
                               unsigned int uiSize, const unsigned char* pui8Expected);
 
-// Behind an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the image.
-// Writes no line of its own, only the validator's.
+// Behind an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the
+// image. Writes no line of its own, only the validator's.
 int HasDetailedState(const CEdid& oEdid, CVidParamTable aoRows, const SEdidImage& aui8Expected);

@@ -29,7 +29,8 @@ int RunBaseDetailed(const SBaseDetailedData& oData)
     const CVidParamTable& aoTiming1 = oData.m_aaoTiming[1];
 
     CEdid oEdid;
-    MTEST_STEP(oEdid.SetEdidBuffer(oData.m_paui8Image->data(), 256, 0));
+    const SEdidImage& aui8Image = *oData.m_paui8Image;
+    MTEST_STEP(oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0));
     MTEST_STEP(ValidateBaseDetailed(oEdid, static_cast<unsigned int>(aoTiming.size()), aoTiming.data()));
     MTEST_STEP(oEdid.RemoveDetailed(1));
     MTEST_PASS_ON(CheckPreferredLeft(oEdid, aoTiming1));

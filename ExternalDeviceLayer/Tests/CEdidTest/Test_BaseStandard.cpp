@@ -14,7 +14,10 @@ constexpr std::array<STimingData, 4> g_auiBaseStandardTiming = { {
 constexpr std::array<STimingData, 3> g_auiBaseStandardTiming1 = WithoutRows<0>(g_auiBaseStandardTiming);
 constexpr std::array<STimingData, 2> g_auiBaseStandardTiming2 = WithoutRows<0, 1>(g_auiBaseStandardTiming);
 
-unsigned int ReadSerialNumber(const CEdid& oEdid) { return ReadLittleEndian(oEdid.GetBaseBlock() + 12, 4); }
+unsigned int ReadSerialNumber(const CEdid& oEdid)
+{
+    return ReadLittleEndian(oEdid.GetBaseBlock() + gsc_uiSerialOffset, sizeof(unsigned int));
+}
 
 bool HasSlotTiming(const CEdid& oEdid, unsigned int uiSlot)
 {
@@ -25,7 +28,7 @@ bool HasSlotTiming(const CEdid& oEdid, unsigned int uiSlot)
 // The first uiUsed slots hold a timing, the others none.
 bool AreSlotsInFront(const CEdid& oEdid, unsigned int uiUsed)
 {
-    for (unsigned int uiSlot = 0; uiSlot < 8; ++uiSlot)
+    for (unsigned int uiSlot = 0; uiSlot < CEdidBase::msc_uiStandardSlotCount; ++uiSlot)
     {
         if (HasSlotTiming(oEdid, uiSlot) != (uiSlot < uiUsed))
         {
@@ -63,7 +66,8 @@ int Test_BaseTimingStandard(const SBaseStandardData& oData)
     const CTimingTable& aoTiming = oData.m_aaoTiming[0];
 
     CEdid oEdid;
-    MTEST_STEP(oEdid.SetEdidBuffer(oData.m_paui8StandardImage->data(), 256, 0));
+    const SEdidImage& aui8Image = *oData.m_paui8StandardImage;
+    MTEST_STEP(oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0));
     MTEST_STEP(ValidateBaseStandard(oEdid, static_cast<unsigned int>(aoTiming.size()), aoTiming.data()));
     for (unsigned int uiEmptySlot : { 0U, 3U, 5U, 7U })
     {

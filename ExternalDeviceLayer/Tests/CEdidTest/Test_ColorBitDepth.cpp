@@ -11,7 +11,7 @@ constexpr unsigned int gsc_uiDeepColor36And30 = 3; // depth bits of a vendor blo
 bool HasRevision(const CEdid& oEdid, unsigned int uiRevision)
 {
     const unsigned char* const pui8Base = oEdid.GetBaseBlock();
-    return pui8Base[18] == 1 && pui8Base[19] == uiRevision;
+    return pui8Base[gsc_uiVersionOffset] == 1 && pui8Base[gsc_uiRevisionOffset] == uiRevision;
 }
 
 int CheckBaseDepth(const CEdid& oEdid, CEdidBase::EColorBitDepth eExpected)

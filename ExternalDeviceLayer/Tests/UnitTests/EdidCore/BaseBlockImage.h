@@ -1,13 +1,18 @@
-// A base block made by hand for the tests, with everything that is not named at a plain default.
+// A base block made by hand for the tests, with everything that is not named at a plain default; loading it, and a short
+// name for a timing.
 
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <initializer_list>
-#include <numeric>
+#include <string>
 
 #include "EdidBase.h"
+#include "TestBytes.h"
+#include "VidParamTiming.h"
 
 using DescriptorBytes = std::array<unsigned char, 18>;
 
@@ -24,9 +29,7 @@ inline constexpr DescriptorBytes gsc_aui8Name = { 0x00, 0x00, 0x00, 0xFC, 0x00, 
 class CBaseBlockImage
 {
 public:
-    using Bytes = std::array<unsigned char, 128>;
-
-    CBaseBlockImage() : m_aui8Data{}
+    CBaseBlockImage() : m_aui8Data(gsc_uiBlockSize)
     {
         Set(0, { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 });
         Set(8, { 0x04, 0x69, 0xF4, 0x27, 0x78, 0x56, 0x34, 0x12, 44, 21 });
@@ -65,21 +68,27 @@ public:
         return *this;
     }
 
-    Bytes Get() const
-    {
-        Bytes aui8Data = m_aui8Data;
-        aui8Data[127] = 0;
-        aui8Data[127] = static_cast<unsigned char>(0U - std::accumulate(aui8Data.begin(), aui8Data.end(), 0U));
-        return aui8Data;
-    }
+    CBytes Get() const { return FixChecksums(m_aui8Data); }
     // The same with a checksum that is off by one.
-    Bytes GetWithWrongChecksum() const
+    CBytes GetWithWrongChecksum() const
     {
-        Bytes aui8Data = Get();
+        CBytes aui8Data = Get();
         ++aui8Data[127];
         return aui8Data;
     }
 
 private:
-    Bytes m_aui8Data;
+    CBytes m_aui8Data;
 };
+
+inline void Load(CEdidBase& oBase, const CBytes& aui8Data)
+{
+    ASSERT_EQ(1, oBase.SetEdidBuffer(aui8Data.data(), static_cast<unsigned int>(aui8Data.size()), 0));
+}
+
+// "1920x1080@60": active pixels and lines, and the rate in whole Hz.
+inline std::string NameOf(const CVidParamTiming& oTiming)
+{
+    return std::to_string(oTiming.GetHorizontalActive()) + "x" + std::to_string(oTiming.GetVerticalActive()) + "@" +
+           std::to_string(oTiming.GetVerticalRateInHz());
+}

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <string>
 
 #include "EdidBase.h"
@@ -45,12 +44,9 @@ public:
         }
     }
 
-    CBaseBlockImage& Set(unsigned int uiOffset, std::initializer_list<unsigned char> aui8Bytes)
+    CBaseBlockImage& Set(unsigned int uiOffset, const CBytes& aui8Bytes)
     {
-        for (const unsigned char ui8Byte : aui8Bytes)
-        {
-            m_aui8Data.at(uiOffset++) = ui8Byte;
-        }
+        std::copy(aui8Bytes.begin(), aui8Bytes.end(), m_aui8Data.begin() + uiOffset);
         return *this;
     }
     CBaseBlockImage& Version(unsigned char ui8Version, unsigned char ui8Revision)
@@ -83,8 +79,16 @@ private:
 
 inline void Load(CEdidBase& oBase, const CBytes& aui8Data)
 {
-    ASSERT_EQ(1, oBase.SetEdidBuffer(aui8Data.data(), static_cast<unsigned int>(aui8Data.size()), 0));
+    EXPECT_EQ(1, oBase.SetEdidBuffer(aui8Data.data(), static_cast<unsigned int>(aui8Data.size()), 0));
 }
+
+// Loaded from the start.
+class CLoadedBase : public CEdidBase
+{
+public:
+    explicit CLoadedBase(const CBytes& aui8Data) { Load(*this, aui8Data); }
+    explicit CLoadedBase(const CBaseBlockImage& oImage) : CLoadedBase(oImage.Get()) {}
+};
 
 // "1920x1080@60": active pixels and lines, and the rate in whole Hz.
 inline std::string NameOf(const CVidParamTiming& oTiming)

@@ -41,14 +41,8 @@ CBytes WithChange(CBytes aui8Data, unsigned int uiOffset, unsigned char ui8Value
     return aui8Data;
 }
 
-// 1280x720; and a timing without a clock, which counts but is refused.
+// 1280x720
 CBytes DisplayIdBlock() { return MakeDisplayIdBlock(MakeDataBlock(4, 0, Type2Record720p())); }
-CBytes DisplayIdBlockWithoutClock()
-{
-    CBytes aui8Record = Type1Record1080p();
-    std::fill_n(aui8Record.begin(), 3, static_cast<unsigned char>(0));
-    return MakeDisplayIdBlock(MakeDataBlock(3, 0, aui8Record));
-}
 
 class CLoadedEdid : public CEdid
 {
@@ -89,7 +83,7 @@ TEST(EdidLoading, ResultLinesAndBlocks)
     } aoCases[] = {
         { "base and one block", Lg(), 1, 0, Lg() },
         { "size 0 empties", {}, 1, 0, {} },
-        { "odd size", CBytes(200), 0, 0, {} },
+        { "odd size", Join({ Lg(), CBytes(1) }), 0, 0, {} },
         { "wrong header", WithChange(Lg(), 0, 1), 0, 0, {} },
         { "none announced, one given", LgWith(0, { aui8Cea }), 1, 0, LgWith(0, {}) },
         { "one announced, none given", LgWith(1, {}), 1, 1, LgWith(1, {}) },
@@ -264,18 +258,20 @@ TEST(EdidNumbering, DetailedTimingsOfBaseThenBlocks)
     EXPECT_EQ("1920x1080@60", DetailedName(oEdid, 2)); // shifted by the removal in front of it
 }
 
-// A DisplayID block refuses every removal. The next block that is long enough is then asked for the same position, not
-// for the next one.
+// A record without a clock counts but is refused; a DisplayID block refuses every removal. The next block that is long
+// enough is then asked for the same position, not for the next one.
 TEST(EdidNumbering, RefusalOfABlockGoesOnWithTheSameRest)
 {
-    CLoadedEdid oEdid(LgWith(2, { DisplayIdBlockWithoutClock(), CeaBlock() }));
-    ASSERT_EQ(5U, oEdid.GetDetailedCount());
-    EXPECT_EQ("1920x1080@60", DetailedName(oEdid, 2));
-    EXPECT_EQ("1920x1080@60", DetailedName(oEdid, 3));
+    CBytes aui8NoClock = Type1Record1080p();
+    std::fill_n(aui8NoClock.begin(), 3, static_cast<unsigned char>(0));
+    const CBytes aui8Records = Join({ MakeDataBlock(3, 0, aui8NoClock), MakeDataBlock(4, 0, Type2Record720p()) });
+    CLoadedEdid oEdid(LgWith(2, { MakeDisplayIdBlock(aui8Records), CeaBlock() }));
+    ASSERT_EQ(2U + 2U + 2U, oEdid.GetDetailedCount());
+    EXPECT_EQ("1920x1080@60", DetailedName(oEdid, 2)); // the CEA-861 block's first
+    EXPECT_EQ("1280x720@60", DetailedName(oEdid, 3));
     CEditCheck oCheck(oEdid);
-    ASSERT_NE(0, oEdid.RemoveDetailed(2));
-    oCheck.ExpectEdited({ { 2 * 128 + 17, 36 } });
-    EXPECT_EQ("2560x1440@60", DetailedName(oEdid, 3));
+    ASSERT_NE(0, oEdid.RemoveDetailed(3)); // its second
+    oCheck.ExpectEdited({ { 2 * 128 + 35, 18 } });
 }
 
 TEST(EdidNumbering, EstablishedTimingsAreTheBaseBlocks)
@@ -305,7 +301,7 @@ TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
     {
         SCOPED_TRACE(bTile);
         CLoadedEdid oEdid(bTile ? LgWith(4, { CeaBlock(), aui8NoTile, aui8Tile, aui8OtherTile })
-                                : LgWith(2, { CeaBlock(), aui8NoTile }));
+                                : LgWith(1, { aui8NoTile }));
         const int iExpected = bTile ? 1 : 0;
         EXPECT_EQ(iExpected, oEdid.IsDisplayPartOfTiledTopology());
         std::array<int, 6> ai = { 7, 7, 7, 7, 7, 7 };
@@ -317,6 +313,11 @@ TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
         EXPECT_EQ(bTile ? (std::array<unsigned int, 6>{ 1, 0, 2, 2, 1920, 1080 }) : (std::array<unsigned int, 6>{}),
                   aui);
     }
+
+    CLoadedEdid oLg(Lg()); // a block that knows no tiles
+    std::array<unsigned int, 6> aui = { 7, 7, 7, 7, 7, 7 };
+    EXPECT_EQ(0, oLg.GetExtension(0)->GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]));
+    EXPECT_EQ((std::array<unsigned int, 6>{}), aui);
 }
 
 // ---- Factory ----

@@ -55,13 +55,6 @@ TEST(Loading, EveryWrongHeaderEmptiesTheObject)
     }
 }
 
-TEST(Loading, JudgesNothingButTheHeader)
-{
-    const CBytes aui8Data = CBaseBlockImage().Version(2, 0).Set(126, { 200 }).GetWithWrongChecksum();
-    CLoadedBase oBase(aui8Data);
-    EXPECT_EQ(aui8Data, BytesOf(oBase));
-}
-
 TEST(EmptyObject, ReadsZerosAndTakesTwoSetters)
 {
     CEdidBase oBase;

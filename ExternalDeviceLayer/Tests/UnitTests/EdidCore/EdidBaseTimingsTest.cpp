@@ -356,10 +356,6 @@ const SDetailedCase gsc_aoDetailedCases[] = {
       { gsc_aui8Timing1080p, gsc_aui8Tag1, gsc_aui8Timing720p, gsc_aui8NoWidth },
       1,
       { "1920x1080@60", nullptr, "1280x720@60", nullptr } },
-    { "byte 1 alone makes a candidate, although the tag is that of a name",
-      { gsc_aui8Timing1080p, { 0, 1, 0, 0xFC, 0, 'n', 'o' }, gsc_aui8Timing720p, gsc_aui8Name },
-      1,
-      { "1920x1080@60", nullptr, "1280x720@60", nullptr } },
     { "no timing in front", { gsc_aui8NoWidth, gsc_aui8Timing720p }, 0, { nullptr, "1280x720@60", nullptr, nullptr } },
 };
 

@@ -189,7 +189,7 @@ int CZorEdidUtils::ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& o
 
 namespace
 {
-// The modes that take part in a comparison, in the order of SortVidParam.
+// The modes that take part in a comparison.
 CModeList GetComparedModes(const SModes& oModes, int bCompareEstablished)
 {
     CModeList oCompared;
@@ -199,16 +199,18 @@ CModeList GetComparedModes(const SModes& oModes, int bCompareEstablished)
         oCompared.Append(oModes.m_oEstablishedAll);
     }
     oModes.AppendStandardAndDetailed(oCompared);
-    oCompared.SortElements(CZorEdidUtils::SortVidParam, 0);
     return oCompared;
 }
 
-int AreEqual(const CModeList& oFirst, const CModeList& oSecond)
+// Whether both lists hold the same modes, in whatever order. Sorts them.
+int HoldSameModes(CModeList& oFirst, CModeList& oSecond)
 {
     if (oFirst.GetCount() != oSecond.GetCount())
     {
         return 0;
     }
+    oFirst.SortElements(CZorEdidUtils::SortVidParam, 0);
+    oSecond.SortElements(CZorEdidUtils::SortVidParam, 0);
     for (unsigned int i = 0; i < oFirst.GetCount(); ++i)
     {
         if (!(oFirst[i] == oSecond[i]))
@@ -236,8 +238,9 @@ int CZorEdidUtils::CompareTimings(const CEdid& oFirst, const CEdid& oSecond, int
     {
         return 0;
     }
-    return AreEqual(GetComparedModes(oFirstModes, bCompareEstablished),
-                    GetComparedModes(oSecondModes, bCompareEstablished));
+    CModeList oFirstCompared = GetComparedModes(oFirstModes, bCompareEstablished);
+    CModeList oSecondCompared = GetComparedModes(oSecondModes, bCompareEstablished);
+    return HoldSameModes(oFirstCompared, oSecondCompared);
 }
 
 int CZorEdidUtils::CompareTimings(const CByteArray& oFirst, const CByteArray& oSecond, int bCompareEstablished,

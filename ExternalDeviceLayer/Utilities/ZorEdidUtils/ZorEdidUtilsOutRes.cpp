@@ -8,25 +8,24 @@
 
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayString& oLines, const char* pszLinePrefix)
 {
-    const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
-    oLines.RemoveAll();
     SModes oModes;
     if (!oModes.Extract(oEdid)) // has reported
     {
+        oLines.RemoveAll();
         return;
     }
     CModeList oJoined;
     oJoined.Append(oModes.m_oEstablishedAll);
     oModes.AppendStandardAndDetailed(oJoined);
     oJoined.SortElements(SortVidParam, 0);
-    GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, oLinePrefix);
+    GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, pszLinePrefix);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes the list by value
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CVidParamTimingGeneric& /*oPreferred*/, CModeList oModes,
                                                   CMArrayString& oLines, const char* pszLinePrefix)
 {
-    CReportLines oReport(oLines, pszLinePrefix);
+    CReportLines oReport(oLines, pszLinePrefix); // first: the prefix may be one of the lines
     oLines.RemoveAll();
     CMString oText;
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)

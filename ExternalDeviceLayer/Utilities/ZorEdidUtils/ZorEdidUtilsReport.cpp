@@ -31,15 +31,11 @@ protected:
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArrayString& oLines,
                                                       const char* pszLinePrefix)
 {
-    const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
     SModes oModes;
-    if (!ExtractReportedModes(oEdid, oModes, oLines))
+    if (ExtractOrEmpty(oEdid, oModes, oLines))
     {
-        return;
+        CPlainReport(oEdid, GetReportedModes(oModes), oLines, pszLinePrefix).Write();
     }
-    GetEdidFormatedAsZorEdidExtractor(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa, oModes.m_oEstablishedAll,
-                                      oModes.m_oBaseStandard, oModes.m_oBaseDetailed, oModes.m_oExtStandard,
-                                      oModes.m_oExtDetailed, oLines, oLinePrefix);
 }
 
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
@@ -54,29 +50,36 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, const 
     CPlainReport(oEdid, oModes, oLines, pszLinePrefix).Write();
 }
 
+namespace
+{
+struct SExtensionType
+{
+    unsigned int m_uiTag;
+    const char* m_pszName;
+};
+
+constexpr SExtensionType gsc_aoExtensionTypes[] = {
+    { gsc_uiCeaExtensionTag, "EIA/CEA 861" },
+    { 16, "Video timing block" },
+    { 64, "Display information" },
+    { 80, "Localized String" },
+    { 96, "Digital Packet Video Link" },
+    { 112, "DisplayID" },
+    { 240, "Map" },
+    { 255, "Defined by manufacturer" },
+};
+}
+
 CMString CZorEdidUtils::GetExtensionType(const CEdidExtBlock& oBlock)
 {
-    switch (oBlock.GetExtensionType())
+    for (const SExtensionType& oType : gsc_aoExtensionTypes)
     {
-    case 2:
-        return "EIA/CEA 861";
-    case 16:
-        return "Video timing block";
-    case 64:
-        return "Display information";
-    case 80:
-        return "Localized String";
-    case 96:
-        return "Digital Packet Video Link";
-    case 112:
-        return "DisplayID";
-    case 240:
-        return "Map";
-    case 255:
-        return "Defined by manufacturer";
-    default:
-        return "Unknown";
+        if (oType.m_uiTag == oBlock.GetExtensionType())
+        {
+            return oType.m_pszName;
+        }
     }
+    return "Unknown";
 }
 
 // ---- Elements ----
@@ -113,13 +116,13 @@ void CReportLines::EndSection()
 
 // ---- The report ----
 
-int ExtractReportedModes(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
+int ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
 {
-    oLines.RemoveAll();
     const int bExtracted = oModes.Extract(oEdid);
     if (!bExtracted)
     {
         MASSERT_FAILED();
+        oLines.RemoveAll();
     }
     return bExtracted;
 }

@@ -6,6 +6,8 @@
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
+inline constexpr unsigned int gsc_uiCeaExtensionTag = 2; // of an extension block after CEA-861
+
 // Unsigned values print through "%d": counts and sizes as they are, a serial number with the top bit set as negative.
 constexpr int AsSigned(unsigned int uiValue) { return static_cast<int>(uiValue); }
 
@@ -48,9 +50,15 @@ struct SReportedModes
     const CZorEdidUtils::CModeList& m_oExtDetailed;
 };
 
-// What the short forms of both reports open with: empties the lines and extracts the modes. 0, with an assertion line,
-// where there are none to report.
-int ExtractReportedModes(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
+inline SReportedModes GetReportedModes(const SModes& oModes)
+{
+    return { oModes.m_oPreferred,    oModes.m_oEstablishedVesa, oModes.m_oEstablishedAll, oModes.m_oBaseStandard,
+             oModes.m_oBaseDetailed, oModes.m_oExtStandard,     oModes.m_oExtDetailed };
+}
+
+// What the short forms of both reports open with. 0, with an assertion line and no lines, where there are no modes to
+// report; on success the lines are left alone, since the prefix may be one of them.
+int ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
 
 // The monitor report. Refers to its arguments, which must outlive it.
 class CMonitorReport

@@ -11,9 +11,9 @@ using namespace EdidBaseLayout;
 
 namespace
 {
-constexpr unsigned int gsc_uiCeaExtensionType = 2;
+constexpr unsigned int gsc_uiInterfaceRevision = 4; // exactly: the getter takes later ones too, the report does not
 
-void GetCeaExtensionData(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock);
+void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix);
 
 class CExtendedReport final : public CMonitorReport
 {
@@ -39,16 +39,11 @@ private:
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMArrayString& oLines,
                                                          const char* pszLinePrefix)
 {
-    const CMString oLinePrefix(pszLinePrefix); // may be one of the lines
     SModes oModes;
-    if (!ExtractReportedModes(oEdid, oModes, oLines))
+    if (ExtractOrEmpty(oEdid, oModes, oLines))
     {
-        return;
+        CExtendedReport(oEdid, GetReportedModes(oModes), oModes.m_oExtStandardNative, oLines, pszLinePrefix).Write();
     }
-    GetEdidFormatedAsZorEdidExtractorExt(oEdid, oModes.m_oPreferred, oModes.m_oEstablishedVesa,
-                                         oModes.m_oEstablishedAll, oModes.m_oBaseStandard, oModes.m_oBaseDetailed,
-                                         oModes.m_oExtStandardNative, oModes.m_oExtStandard, oModes.m_oExtDetailed,
-                                         oLines, oLinePrefix);
 }
 
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
@@ -91,12 +86,11 @@ const char* GetDigitalInterfaceText(CEdidBase::EDigitalInterface eInterface)
     }
 }
 
-// For revision 4 alone; the getter takes later ones too.
 void CExtendedReport::AddDigitalInterface()
 {
     const auto& aui8Base = m_oEdid.GetBaseBlock();
     if ((aui8Base[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) == 0 || aui8Base[gsc_uiVersionOffset] != gsc_uiVersion ||
-        aui8Base[gsc_uiRevisionOffset] != 4)
+        aui8Base[gsc_uiRevisionOffset] != gsc_uiInterfaceRevision)
     {
         return;
     }
@@ -109,11 +103,12 @@ void CExtendedReport::AddDigitalInterface()
 
 void CExtendedReport::AddBlockDigest(const CEdidExtBlock& oBlock)
 {
-    if (oBlock.GetExtensionType() != gsc_uiCeaExtensionType)
+    if (oBlock.GetExtensionType() != gsc_uiCeaExtensionTag)
     {
         return;
     }
-    GetCeaExtensionData(m_oReport, static_cast<const CEdidExtBlockCEA861&>(oBlock));
+    GetCeaExtensionData(static_cast<const CEdidExtBlockCEA861&>(oBlock), m_oReport.GetLines(),
+                        m_oReport.GetLinePrefix());
     m_oReport.AddSpacer();
 }
 
@@ -284,8 +279,10 @@ void AddWarnings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
     }
 }
 
-void GetCeaExtensionData(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
+// Appends the digest to oLines.
+void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix)
 {
+    CReportLines oReport(oLines, pszLinePrefix);
     AddDetailedTimings(oReport, oBlock);
     AddAudio(oReport, oBlock);
     AddSpeakers(oReport, oBlock);

@@ -124,7 +124,7 @@ public:
 
     // All Type I records in block order, then all Type II records.
     unsigned int GetDetailedCount() const override;
-    // 0 above the count, for a null timing, and for a record that the conversions below refuse, though it counts. The
+    // 0 at or above the count, for a null timing, and for a record that the conversions below refuse, though it counts. The
     // timing is not cleared first: what the conversions do not set keeps its value.
     int GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const override;
 

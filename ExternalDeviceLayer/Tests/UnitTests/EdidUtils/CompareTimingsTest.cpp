@@ -1,6 +1,7 @@
 // Comparison of two EDIDs by their modes, against a second computation that shares nothing with the library's lists.
 
 #include "CapturedOutput.h"
+#include "DisplayIdImages.h"
 #include "EdidUtilsTestHelp.h"
 
 namespace
@@ -19,18 +20,17 @@ CTimings CollectModes(const CEdid& oEdid, bool bEstablished)
             aoModes.push_back(oTiming);
         }
     }
-    for (unsigned int i = 0; i < oEdid.GetStandardCount(); ++i)
+    int bNative = 0;
+    for (unsigned int i = 0; oEdid.GetStandard(i, &oTiming, &bNative); ++i)
     {
-        int bNative = 0;
-        EXPECT_NE(0, oEdid.GetStandard(i, &oTiming, &bNative));
         if (!bNative)
         {
             aoModes.push_back(oTiming);
         }
+        bNative = 0;
     }
-    for (unsigned int i = 0; i < oEdid.GetDetailedCount(); ++i)
+    for (unsigned int i = 0; oEdid.GetDetailed(i, &oTiming); ++i)
     {
-        EXPECT_NE(0, oEdid.GetDetailed(i, &oTiming));
         aoModes.push_back(oTiming);
     }
     return aoModes;
@@ -39,10 +39,6 @@ CTimings CollectModes(const CEdid& oEdid, bool bEstablished)
 // Whether each mode of one finds a partner of its own in the other.
 bool AreSameModes(const CTimings& aoFirst, CTimings aoSecond)
 {
-    if (aoFirst.size() != aoSecond.size())
-    {
-        return false;
-    }
     for (const CVidParamTimingGeneric& oMode : aoFirst)
     {
         const auto oFound = std::find_if(aoSecond.begin(), aoSecond.end(),
@@ -53,26 +49,14 @@ bool AreSameModes(const CTimings& aoFirst, CTimings aoSecond)
         }
         aoSecond.erase(oFound);
     }
-    return true;
-}
-
-bool HaveSamePreferred(const CEdid& oFirst, const CEdid& oSecond)
-{
-    CVidParamTimingGeneric oFirstMode;
-    CVidParamTimingGeneric oSecondMode;
-    EXPECT_EQ(1, oFirst.GetDetailed(0, &oFirstMode));
-    EXPECT_EQ(1, oSecond.GetDetailed(0, &oSecondMode));
-    return oFirstMode == oSecondMode;
+    return aoSecond.empty();
 }
 
 CByteArray MakeArray(const CBytes& aui8Bytes)
 {
     CByteArray oArray;
     oArray.SetCount(static_cast<unsigned int>(aui8Bytes.size()), -1);
-    if (!aui8Bytes.empty())
-    {
-        memcpy(oArray.GetData(), aui8Bytes.data(), aui8Bytes.size());
-    }
+    std::copy(aui8Bytes.begin(), aui8Bytes.end(), oArray.GetData());
     return oArray;
 }
 
@@ -86,13 +70,17 @@ TEST(CompareTimings, EveryPairOfTheSuitesImagesAgreesWithASecondComputation)
         {
             SCOPED_TRACE(std::string(oFirst.m_pszName) + " with " + oSecond.m_pszName);
             const auto poSecond = Load(*oSecond.m_paui8Image);
-            const bool bSamePreferred = HaveSamePreferred(*poFirst, *poSecond);
+            CVidParamTimingGeneric oFirstMode;
+            CVidParamTimingGeneric oSecondMode;
+            poFirst->GetDetailed(0, &oFirstMode);
+            poSecond->GetDetailed(0, &oSecondMode);
             for (int bEstablished : { 0, 1 })
             {
                 const bool bSame =
                     AreSameModes(CollectModes(*poFirst, bEstablished != 0), CollectModes(*poSecond, bEstablished != 0));
                 EXPECT_EQ(bSame, CZorEdidUtils::CompareTimings(*poFirst, *poSecond, bEstablished, 0));
-                EXPECT_EQ(bSame && bSamePreferred, CZorEdidUtils::CompareTimings(*poFirst, *poSecond, bEstablished, 1));
+                EXPECT_EQ(bSame && oFirstMode == oSecondMode,
+                          CZorEdidUtils::CompareTimings(*poFirst, *poSecond, bEstablished, 1));
                 uiEqualPairs += bSame && &oFirst != &oSecond;
             }
         }
@@ -103,34 +91,44 @@ TEST(CompareTimings, EveryPairOfTheSuitesImagesAgreesWithASecondComputation)
 struct SChangeCase
 {
     const char* m_pszName;
-    std::vector<SByteChange>
-        m_aoChanges;         // of the image with a video block 4F 01 02 03 11 12 13 04 14 05 0E 0F 1D 1E 1F 10
+    CBytes m_aui8Base;
+    CBytes m_aui8Changed;
     int m_aabExpected[2][2]; // by bCompareEstablished, bComparePreferred
 };
 
+SChangeCase ChangeOfAsus(const char* pszName, const std::vector<SByteChange>& aoChanges, int bWithout, int bWith)
+{
+    return { pszName, AsusBytes(), ChangeBytes(AsusBytes(), aoChanges), { { bWithout, bWithout }, { bWith, bWith } } };
+}
+
 TEST(CompareTimings, WhatCountsAsAChange)
 {
-    constexpr unsigned int uiFirstCode = gsc_uiExt + 5;
+    const CBytes aui8Native = ToBytes(ExtStandard2::g_auiStandard2EdidData);
+    const unsigned int uiNativeCode = gsc_uiExt + 10;
+    ASSERT_EQ(0x90, aui8Native[uiNativeCode]);
+    CBytes aui8Swapped = ToBytes(gsc_aui8LgUltraHd); // the two detailed timings of the base block change places
+    std::swap_ranges(aui8Swapped.begin() + 54, aui8Swapped.begin() + 72, aui8Swapped.begin() + 72);
+    const CBytes aui8DisplayId = MakeEdid({ MakeFullDisplayIdBlock() });
+    const CBytes aui8Fewer = MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(3, 0, Type1Record1080p())) });
+
     const SChangeCase aoCases[] = {
-        { "Nothing", {}, { { 1, 1 }, { 1, 1 } } },
-        { "SerialNumber", { { gsc_uiSerialOffset, 0x11 } }, { { 1, 1 }, { 1, 1 } } },
-        { "EstablishedTimingOnRequest", { { 35, 0xB6 } }, { { 1, 1 }, { 0, 0 } } },
-        { "EstablishedTimingOfNoVesaTable", { { 35, 0x37 } }, { { 1, 1 }, { 0, 0 } } },
-        { "StandardTiming", { { 38, 0x01 } }, { { 0, 0 }, { 0, 0 } } },
-        { "StandardTimingsInOtherSlots",
-          { { 38, 0x81 }, { 39, 0x40 }, { 42, 0x71 }, { 43, 0x4F } }, // slots hold 71 4F, 81 C0, 81 40, ...
-          { { 1, 1 }, { 1, 1 } } },
-        { "CodesInOtherPlaces", { { uiFirstCode, 0x02 }, { uiFirstCode + 1, 0x01 } }, { { 1, 1 }, { 1, 1 } } },
-        { "CodeBecomesAnother", { { uiFirstCode, 0x20 } }, { { 0, 0 }, { 0, 0 } } },
-        { "CodeBecomesNativeAndTakesNoPartAnyMore", { { uiFirstCode, 0x81 } }, { { 0, 0 }, { 0, 0 } } },
-        { "ClockWithinTheTolerance", { { 54, 0x03 } }, { { 1, 1 }, { 1, 1 } } }, // 148510 kHz for 148500
+        // bCompareEstablished decides of the last two numbers. Standard slots hold 71 4F, 81 C0, 81 40, ...
+        ChangeOfAsus("SerialNumber", { { gsc_uiSerialOffset, 0x11 } }, 1, 1),
+        ChangeOfAsus("EstablishedTiming", { { 35, 0xB6 } }, 1, 0),
+        ChangeOfAsus("EstablishedTimingOfNoVesaTable", { { 35, 0x37 } }, 1, 0),
+        ChangeOfAsus("StandardTiming", { { 38, 0x01 } }, 0, 0),
+        ChangeOfAsus("OtherSlots", { { 38, 0x81 }, { 39, 0x40 }, { 42, 0x71 }, { 43, 0x4F } }, 1, 1),
+        ChangeOfAsus("CodeBecomesNative", { { gsc_uiExt + 5, 0x81 } }, 0, 0),
+        ChangeOfAsus("ClockWithinTheTolerance", { { 54, 0x03 } }, 1, 1), // 148510 kHz for 148500
+        { "NativeCode", aui8Native, ChangeBytes(aui8Native, { { uiNativeCode, 0x93 } }), { { 1, 1 }, { 1, 1 } } },
+        { "PreferredMode", ToBytes(gsc_aui8LgUltraHd), FixChecksums(aui8Swapped), { { 1, 0 }, { 1, 0 } } },
+        { "DisplayIdTiming", aui8DisplayId, aui8Fewer, { { 0, 0 }, { 0, 0 } } },
     };
-    const CBytes aui8Base = GetBytes(AsusHd::g_auiAsusHdEdidData);
     for (const SChangeCase& oCase : aoCases)
     {
         SCOPED_TRACE(oCase.m_pszName);
-        const CByteArray oBase = MakeArray(aui8Base);
-        const CByteArray oChanged = MakeArray(ChangeBytes(aui8Base, oCase.m_aoChanges));
+        const CByteArray oBase = MakeArray(oCase.m_aui8Base);
+        const CByteArray oChanged = MakeArray(oCase.m_aui8Changed);
         for (int bEstablished : { 0, 1 })
         {
             for (int bPreferred : { 0, 1 })
@@ -148,51 +146,28 @@ TEST(CompareTimings, ToleranceIsThatOfTheFirst)
 {
     const CByteArray oTolerant = MakeArray(MakeImageOfClock(7501));
     const CByteArray oStrict = MakeArray(MakeImageOfClock(7480));
-    EXPECT_EQ(1, CZorEdidUtils::CompareTimings(oTolerant, oStrict, 0, 0));
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oStrict, oTolerant, 0, 0));
+    for (int bPreferred : { 0, 1 })
+    {
+        EXPECT_EQ(1, CZorEdidUtils::CompareTimings(oTolerant, oStrict, 0, bPreferred));
+        EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oStrict, oTolerant, 0, bPreferred));
+    }
 }
 
-TEST(CompareTimings, NativeExtensionTimingsTakeNoPart)
+TEST(CompareTimings, WhatCannotBeCompared)
 {
-    // 1920 x 1080 at 60 and 50 Hz, native, become another native code and its like.
-    const CBytes aui8Base = GetBytes(ExtStandard2::g_auiStandard2EdidData);
-    ASSERT_EQ(0x90, aui8Base[gsc_uiExt + 10]);
-    const CBytes aui8Changed = ChangeBytes(aui8Base, { { gsc_uiExt + 10, 0x93 } });
-    EXPECT_EQ(1, CZorEdidUtils::CompareTimings(MakeArray(aui8Base), MakeArray(aui8Changed), 1, 1));
-}
-
-TEST(CompareTimings, PreferredIsTheFirstDetailedTimingOnly)
-{
-    // The two detailed timings of the base block change places: the same modes, another preferred one.
-    CBytes aui8Swapped = GetBytes(gsc_aui8LgUltraHd);
-    std::swap_ranges(aui8Swapped.begin() + 54, aui8Swapped.begin() + 72, aui8Swapped.begin() + 72);
-    const CByteArray oSwapped = MakeArray(FixChecksums(aui8Swapped));
-    const CByteArray oBase = MakeArray(GetBytes(gsc_aui8LgUltraHd));
-    EXPECT_EQ(1, CZorEdidUtils::CompareTimings(oBase, oSwapped, 1, 0));
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oBase, oSwapped, 1, 1));
-}
-
-TEST(CompareTimings, WithoutPreferredModeThereIsNoComparison)
-{
-    const CByteArray oGood = MakeArray(GetBytes(AsusHd::g_auiAsusHdEdidData));
-    const CByteArray oNone = MakeArray(ChangeBytes(GetBytes(AsusHd::g_auiAsusHdEdidData),
-                                                   { { gsc_uiRevisionOffset, 2 }, { gsc_uiFeaturesOffset, 0 } }));
-    CCapturedOutput oOutput;
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oGood, oNone, 0, 0));
-    EXPECT_EQ(2U, oOutput.TakeAssertionCount()); // of the lists and of the comparison
-    CCapturedOutput oSecondOutput;
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oNone, oGood, 0, 0));
-    EXPECT_EQ(2U, oSecondOutput.TakeAssertionCount());
-    CCapturedOutput oThirdOutput;
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oNone, oNone, 0, 0));
-    EXPECT_EQ(3U, oThirdOutput.TakeAssertionCount()); // both are asked before the comparison gives up
-}
-
-TEST(CompareTimings, ImageThatDoesNotLoadIsNoMatch)
-{
-    const CByteArray oGood = MakeArray(GetBytes(AsusHd::g_auiAsusHdEdidData));
-    const CByteArray oShort = MakeArray(CBytes(100, 0));
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oShort, oGood, 0, 0));
-    EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oGood, oShort, 0, 0));
+    const CByteArray oGood = MakeArray(AsusBytes());
+    const CByteArray oNone = MakeArray(MakeImageWithoutPreferred());
+    const CByteArray oShort = MakeArray(CBytes(100, 0)); // does not load
+    const std::tuple<const CByteArray&, const CByteArray&, unsigned int> aoCases[] = {
+        { oGood, oNone, 2 },                       // assertion lines of the lists and of the comparison
+        { oNone, oGood, 2 },  { oNone, oNone, 3 }, // both are asked before the comparison gives up
+        { oGood, oShort, 0 }, { oShort, oGood, 0 },
+    };
+    for (const auto& [oFirst, oSecond, uiAssertions] : aoCases)
+    {
+        CCapturedOutput oOutput;
+        EXPECT_EQ(0, CZorEdidUtils::CompareTimings(oFirst, oSecond, 0, 0));
+        EXPECT_EQ(uiAssertions, oOutput.TakeAssertionCount());
+    }
 }
 }

@@ -11,8 +11,8 @@
 
 #include "CEdidTestImages.h"
 #include "EdidBaseLayout.h"
-#include "EdidUtils.h"
 #include "SharedFiles.h"
+#include "TestBytes.h"
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
@@ -20,38 +20,23 @@ using namespace EdidBaseLayout;
 
 using CByteArray = CZorEdidUtils::CByteArray;
 using CModeList = CZorEdidUtils::CModeList;
-using CBytes = std::vector<unsigned char>;
-
-inline CBytes GetBytes(const SEdidImage& aui8Image) { return CBytes(aui8Image.begin(), aui8Image.end()); }
+using CTexts = std::vector<std::string>;
 
 inline CBytes GetBytes(const CByteArray& oArray)
 {
-    return oArray.GetCount() == 0 ? CBytes() : CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount());
+    return CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount());
 }
 
-// Makes the last byte of each block of 128 right.
-inline CBytes FixChecksums(CBytes aui8Image)
-{
-    constexpr size_t uiBlock = CEdidUtils::msc_uiBlockSize;
-    for (size_t uiStart = 0; uiStart + uiBlock <= aui8Image.size(); uiStart += uiBlock)
-    {
-        unsigned int uiSum = 0;
-        for (size_t i = uiStart; i + 1 < uiStart + uiBlock; ++i)
-        {
-            uiSum += aui8Image[i];
-        }
-        aui8Image[uiStart + uiBlock - 1] = static_cast<unsigned char>(0U - uiSum);
-    }
-    return aui8Image;
-}
+// AsusHd, the image that most cases start from: a base block and a CEA-861 block without native codes.
+inline CBytes AsusBytes() { return ToBytes(AsusHd::g_auiAsusHdEdidData); }
 
-// An image loaded, with one byte changed for each pair of offset and value, and the checksums made right.
 struct SByteChange
 {
     size_t m_uiOffset;
     unsigned char m_ui8Value;
 };
 
+// The image with these bytes changed and its checksums made right.
 inline CBytes ChangeBytes(CBytes aui8Image, const std::vector<SByteChange>& aoChanges)
 {
     for (const SByteChange& oChange : aoChanges)
@@ -61,31 +46,46 @@ inline CBytes ChangeBytes(CBytes aui8Image, const std::vector<SByteChange>& aoCh
     return FixChecksums(aui8Image);
 }
 
+// An image that announces no preferred mode.
+inline CBytes MakeImageWithoutPreferred()
+{
+    return ChangeBytes(AsusBytes(), { { gsc_uiRevisionOffset, 2 }, { gsc_uiFeaturesOffset, 0 } });
+}
+
 // AsusHd with 1280 x 720 of this clock, in units of 10 kHz, as its first detailed timing.
 inline CBytes MakeImageOfClock(unsigned int uiClock)
 {
     constexpr unsigned char aui8Timing[] = { 0x00, 0x7E, 0x51, 0xD0, 0x1E, 0x20, 0x6E, 0x28,
                                              0x55, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x1E };
-    CBytes aui8Image = GetBytes(AsusHd::g_auiAsusHdEdidData);
+    CBytes aui8Image = AsusBytes();
     aui8Image[54] = static_cast<unsigned char>(uiClock);
     aui8Image[55] = static_cast<unsigned char>(uiClock >> 8);
     std::copy(std::begin(aui8Timing), std::end(aui8Timing), aui8Image.begin() + 56);
     return FixChecksums(aui8Image);
 }
 
+// A CEA-861 block of revision 3 with these bytes behind its head; detailed timings begin behind the data blocks.
+inline CBytes MakeCeaBlockOf(const CBytes& aui8DataBlocks, const CBytes& aui8Detailed = {})
+{
+    const unsigned char ui8Detailed = static_cast<unsigned char>(4 + aui8DataBlocks.size());
+    CBytes aui8Block = Join({ { 0x02, 0x03, ui8Detailed, 0x00 }, aui8DataBlocks, aui8Detailed });
+    aui8Block.resize(gsc_uiBlockSize);
+    return FixChecksums(aui8Block);
+}
+
 inline std::unique_ptr<CEdid> Load(const CBytes& aui8Image)
 {
     auto poEdid = std::make_unique<CEdid>();
-    EXPECT_EQ(1, poEdid->SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0));
+    EXPECT_EQ(1, LoadExact(*poEdid, aui8Image));
     return poEdid;
 }
 
-inline std::unique_ptr<CEdid> Load(const SEdidImage& aui8Image) { return Load(GetBytes(aui8Image)); }
+inline std::unique_ptr<CEdid> Load(const SEdidImage& aui8Image) { return Load(ToBytes(aui8Image)); }
 
 // The short text of each timing.
-inline std::vector<std::string> GetTexts(const CModeList& oList)
+inline CTexts GetTexts(const CModeList& oList)
 {
-    std::vector<std::string> asTexts;
+    CTexts asTexts;
     for (unsigned int i = 0; i < oList.GetCount(); ++i)
     {
         CMString oText;
@@ -95,9 +95,9 @@ inline std::vector<std::string> GetTexts(const CModeList& oList)
     return asTexts;
 }
 
-inline std::vector<std::string> GetElements(const CMArrayString& oLines)
+inline CTexts GetElements(const CMArrayString& oLines)
 {
-    std::vector<std::string> asElements;
+    CTexts asElements;
     for (unsigned int i = 0; i < oLines.GetCount(); ++i)
     {
         asElements.emplace_back(static_cast<const char*>(oLines[i]));
@@ -105,8 +105,7 @@ inline std::vector<std::string> GetElements(const CMArrayString& oLines)
     return asElements;
 }
 
-inline std::vector<std::string> GetReport(CZorEdidUtils::EEdidFormatType eType, const CEdid& oEdid,
-                                          const char* pszLinePrefix)
+inline CTexts GetReport(CZorEdidUtils::EEdidFormatType eType, const CEdid& oEdid, const char* pszLinePrefix = "")
 {
     CMArrayString oLines;
     EXPECT_EQ(1, CZorEdidUtils::GetFormatedEdid(eType, oEdid, oLines, pszLinePrefix));

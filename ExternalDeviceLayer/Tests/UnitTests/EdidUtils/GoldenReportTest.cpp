@@ -26,7 +26,7 @@ const SGoldenVariant gsc_aoVariants[] = {
 };
 
 // Elements with a line feed between them.
-std::string Join(const std::vector<std::string>& asElements)
+std::string Join(const CTexts& asElements)
 {
     std::string sText;
     for (size_t i = 0; i < asElements.size(); ++i)
@@ -34,36 +34,6 @@ std::string Join(const std::vector<std::string>& asElements)
         sText += (i == 0 ? "" : "\n") + asElements[i];
     }
     return sText;
-}
-
-std::vector<std::string> SplitLines(const std::string& sText)
-{
-    std::vector<std::string> asLines;
-    size_t uiStart = 0;
-    for (size_t uiEnd = sText.find('\n'); uiEnd != std::string::npos; uiEnd = sText.find('\n', uiStart))
-    {
-        asLines.push_back(sText.substr(uiStart, uiEnd - uiStart));
-        uiStart = uiEnd + 1;
-    }
-    asLines.push_back(sText.substr(uiStart));
-    return asLines;
-}
-
-// Names the first line that differs.
-testing::AssertionResult AreSameTexts(const std::string& sStored, const std::string& sActual)
-{
-    const std::vector<std::string> asStored = SplitLines(sStored);
-    const std::vector<std::string> asActual = SplitLines(sActual);
-    for (size_t i = 0; i < std::max(asStored.size(), asActual.size()); ++i)
-    {
-        const std::string sOld = i < asStored.size() ? "\"" + asStored[i] + "\"" : "(end)";
-        const std::string sNew = i < asActual.size() ? "\"" + asActual[i] + "\"" : "(end)";
-        if (sOld != sNew)
-        {
-            return testing::AssertionFailure() << "line " << i + 1 << ": stored " << sOld << ", now " << sNew;
-        }
-    }
-    return testing::AssertionSuccess();
 }
 
 TEST(GoldenReport, EveryReportOfEveryImage)
@@ -87,7 +57,7 @@ TEST(GoldenReport, EveryReportOfEveryImage)
             }
             ASSERT_TRUE(std::filesystem::exists(oPath)) << sName;
             const CBytes aui8Stored = ReadBytes(oPath);
-            EXPECT_TRUE(AreSameTexts(std::string(aui8Stored.begin(), aui8Stored.end()), sText)) << sName;
+            EXPECT_EQ(std::string(aui8Stored.begin(), aui8Stored.end()), sText) << sName;
         }
     }
     for (const auto& oEntry : std::filesystem::directory_iterator(ZOREDID_GOLDEN_DIR))

@@ -42,7 +42,8 @@ public:
     static int ExtractEdidFromFile(CMString oPath, CByteArray& oData);
 
     // The whole file is the image. 0 for an empty path, a file that does not open, an empty one, one above INT_MAX
-    // bytes or one without a size (a folder). A read that ends early is a success with zeros in the place of the rest.
+    // bytes or one without a size (a folder); oData is then empty. A read that ends early is a success with zeros in the
+    // place of the rest; one that gives nothing at all is 0, and oData holds as many zeros as the file has bytes.
     static int ExtractEdidFromBinFile(CMString oPath, CByteArray& oData);
 
     // A text table. Leading lines are skipped up to the marker line, which begins with 8 blanks and 40 underscores.
@@ -53,7 +54,8 @@ public:
     //       0 |  00  FF  FF  FF  FF  FF  FF  00  10  AC
     //
     // The first line without a bar ends the table. A cell of blanks holds no byte, a cell without a digit the byte 0.
-    // Lines are read in pieces of at most 2047 characters, and each piece counts as a line.
+    // Lines are read in pieces of at most 2047 characters, and each piece counts as a line. A NUL ends its line: a bar
+    // or a cell behind it does not count.
     // 0 for an empty path, a file that does not open, has no marker line or ends with the marker and no line feed, and
     // a read error.
     // A table whose size is not a multiple of 128 bytes prints a message on standard output and gives 0; oData then

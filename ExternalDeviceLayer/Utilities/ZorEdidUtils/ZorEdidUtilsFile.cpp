@@ -7,6 +7,8 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <algorithm>
+
 #include "EdidUtils.h"
 #include "ZorAssert.h"
 
@@ -113,6 +115,19 @@ bool ReadLine(FILE* poFile, char (&szLine)[gsc_iLineBufferSize])
     return fgets(szLine, gsc_iLineBufferSize, poFile) != nullptr;
 }
 
+// Whether the line just read ends the file without a line feed. One that fills the buffer is read before the end of the
+// file shows, so the next character is looked at.
+bool EndsFileWithoutLineFeed(FILE* poFile, const char* pszLine)
+{
+    if (strchr(pszLine, '\n') != nullptr)
+    {
+        return false;
+    }
+    const int iNext = getc(poFile);
+    ungetc(iNext, poFile); // does nothing for EOF
+    return iNext == EOF;
+}
+
 // Reads up to and with the marker line. False when there is none, or it ends the file without a line feed.
 bool SkipToTable(FILE* poFile)
 {
@@ -121,9 +136,7 @@ bool SkipToTable(FILE* poFile)
     {
         if (strncmp(szLine, gsc_szMarker, gsc_uiMarkerLength) == 0)
         {
-            // The flag decides: a marker line of 2047 characters fills the buffer before the end of the file is seen
-            // and counts as one with an empty table behind it.
-            return feof(poFile) == 0;
+            return !EndsFileWithoutLineFeed(poFile, szLine);
         }
     }
     return false;
@@ -143,7 +156,7 @@ bool IsBlankCell(const char* pszCell)
 }
 
 // Appends the byte of the cell at pszText, which the line's end may cut short.
-void AppendCell(const char* pszText, CZorEdidUtils::CByteArray& oData)
+void AppendCell(const char* pszText, CZorEdidUtils::CByteArray& oBytes)
 {
     char szCell[gsc_uiCellLength + 1] = {};
     memcpy(szCell, pszText, strnlen(pszText, gsc_uiCellLength));
@@ -151,12 +164,12 @@ void AppendCell(const char* pszText, CZorEdidUtils::CByteArray& oData)
     ReplaceFirstByBlank(szCell, '\n');
     if (!IsBlankCell(szCell))
     {
-        oData.Add(static_cast<unsigned char>(strtol(szCell, nullptr, gsc_iCellBase)));
+        oBytes.Add(static_cast<unsigned char>(strtol(szCell, nullptr, gsc_iCellBase)));
     }
 }
 
 // Appends the bytes of a row. False for a line without a bar, which is no row.
-bool AppendRow(const char* pszLine, CZorEdidUtils::CByteArray& oData)
+bool AppendRow(const char* pszLine, CZorEdidUtils::CByteArray& oBytes)
 {
     const char* pcBar = strchr(pszLine, '|');
     if (pcBar == nullptr)
@@ -166,22 +179,32 @@ bool AppendRow(const char* pszLine, CZorEdidUtils::CByteArray& oData)
     const size_t uiLength = strlen(pcBar);
     for (size_t uiCell = gsc_uiFirstCellOffset; uiCell < uiLength; uiCell += gsc_uiCellDistance)
     {
-        AppendCell(pcBar + uiCell, oData);
+        AppendCell(pcBar + uiCell, oBytes);
     }
     return true;
 }
 
-// Appends the bytes of all rows. 0 when reading failed before the end of the table.
+// An array keeps the growth step of its first reallocation, which would copy a large table once every few bytes. With a
+// step as large as itself it doubles.
+void LetDouble(CZorEdidUtils::CByteArray& oBytes)
+{
+    const int iCount = static_cast<int>(oBytes.GetCount());
+    oBytes.SetSize(iCount, std::max(iCount, gsc_iLineBufferSize));
+}
+
+// Replaces oData by the bytes of all rows. 0 when reading failed before the end of the table; oData then holds the bytes
+// in front of it.
 int ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
 {
+    CZorEdidUtils::CByteArray oBytes; // the growth step of oData is the caller's
     char szLine[gsc_iLineBufferSize];
-    while (ReadLine(poFile, szLine))
+    bool bRow = true;
+    while (bRow && ReadLine(poFile, szLine))
     {
-        if (!AppendRow(szLine, oData))
-        {
-            return 1;
-        }
+        LetDouble(oBytes);
+        bRow = AppendRow(szLine, oBytes);
     }
+    oData = oBytes;
     return ferror(poFile) == 0;
 }
 }

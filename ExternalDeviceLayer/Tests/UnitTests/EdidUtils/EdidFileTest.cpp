@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "CapturedOutput.h"
+#include "CountingAllocator.h"
 #include "EdidUtilsTestHelp.h"
 
 namespace
@@ -219,6 +220,21 @@ TEST_F(EdidFile, TablesOfTheSuitesImagesLoadBackToTheSameBytes)
     }
 }
 
+TEST_F(EdidFile, LargeTableIsCopiedAFewTimesOnly)
+{
+    const CBytes aui8Bytes = MakeCountingBytes(1U << 18); // 1 MiB of text
+    const std::string sPath = Write("large.dat", MakeTable(aui8Bytes, 16, "\n"));
+    constexpr int iStep = 5000;
+    CCountingAllocator oHeap;
+    CByteArray oData;
+    oData.SetCount(0, iStep);
+    EXPECT_EQ(1, CZorEdidUtils::ExtractEdidFromDatFile(CMString(sPath.c_str()), oData));
+    EXPECT_EQ(aui8Bytes, GetBytes(oData));
+    EXPECT_GT(20U, oHeap.GetAllocCount());
+    oData.Add(0); // still grows by the caller's step
+    EXPECT_EQ(aui8Bytes.size() + iStep, oHeap.GetLastSize());
+}
+
 struct SRowCase
 {
     const char* m_pszName;
@@ -278,6 +294,7 @@ TEST_F(EdidFile, WhereTheTableBeginsAndEnds)
         { "MarkerWithTextBehind", gsc_sMarker + "______ 16 columns\n" + sRow, 1, 128 },
         { "RowsAheadOfTheMarkerAreSkipped", sRow + sMarked, 1, 128 },
         { "MarkerEndsTheFileWithoutLineFeed", "head\n" + gsc_sMarker, 0, 0 },
+        { "MarkerOfAWholePieceEndsTheFileWithoutLineFeed", sWholePiece, 0, 0 },
         { "MarkerOfAWholePiece", sWholePiece + sRow, 1, 128 },
         { "MarkerEndsTheFile", gsc_sMarker + "\n", 1, 0 },
         { "LineWithoutBarBehindTheMarker", gsc_sMarker + "\n\n" + sRow, 1, 0 },

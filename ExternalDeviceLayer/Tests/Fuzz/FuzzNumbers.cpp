@@ -121,7 +121,7 @@ void RunFormulas(unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRat
     for (const SFormula& oFormula : aoFormulas)
     {
         CRVidParamTiming oTiming;
-        const SAllValues oUntouched = ReadAll(oTiming);
+        const CAllValues oUntouched = ReadAll(oTiming);
         const int iResult = CVidParamTimingFunc::GetTiming(uiWidth, uiHeight, uiRate, oFormula.m_eType, oTiming);
         const Expected oExpected = oFormula.m_pfnSecond(uiWidth, uiHeight, uiRate);
         Require((iResult != 0) == oExpected.has_value(), "a formula accepts what it should");

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -329,21 +328,6 @@ TEST(DamagedData, FailsAudio)
     }
 }
 
-// From the inside out: the validator where there is one, the step, the suite; each line names its source.
-TEST(DamagedData, LeavesATrail)
-{
-    SBaseStandardData oData = GetBaseStandardData();
-    oData.m_aaoTiming[0] = oData.m_aaoTiming[1];
-    CCapturedOutput oOutput;
-    EXPECT_EQ(0, RunBaseStandard(oData));
-    const std::string sText = oOutput.Take();
-    const size_t uiValidator = sText.find("CEdidTestHelp.cpp(");
-    const size_t uiStep = sText.find("Test_BaseStandard.cpp(");
-    ASSERT_NE(std::string::npos, uiValidator) << sText;
-    EXPECT_LT(uiValidator, uiStep);
-    EXPECT_LT(uiStep, sText.rfind("Test_BaseStandard.cpp("));
-}
-
 // ---- The run ----
 
 // What the run prints when suite uiReplaced gives iResult; a failing one is told to print a line of its own first.
@@ -391,14 +375,4 @@ TEST(Run, AnotherResultThan0Passes)
     EXPECT_EQ(ExpectOutput(5, -3), oOutput.Take());
 }
 
-TEST(Images, EachContentStandsOnceInTheList)
-{
-    std::set<std::string> oNames;
-    std::set<SEdidImage> oContents;
-    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
-    {
-        EXPECT_TRUE(oNames.insert(oImage.m_pszName).second) << oImage.m_pszName;
-        EXPECT_TRUE(oContents.insert(*oImage.m_paui8Image).second) << oImage.m_pszName;
-    }
-}
 }

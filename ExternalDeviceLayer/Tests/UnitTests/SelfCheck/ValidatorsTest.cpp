@@ -241,9 +241,6 @@ TEST(RemoveStandard, EndsInTheSameBytesForEitherRowOfAPair)
         const SEdidImage& m_aui8Expected;
     } aoCases[] = {
         { "Code16", ExtStandard::g_auiStandardEdidData, 6, ExtStandard::g_auiStandardEdidData1 },
-        { "Code3", ExtStandard::g_auiStandardEdidData1, 8, ExtStandard::g_auiStandardEdidData2 },
-        { "Code4", ExtStandard::g_auiStandardEdidData2, 6, ExtStandard::g_auiStandardEdidData3 },
-        { "Code1", ExtStandard::g_auiStandardEdidData3, 6, ExtStandard::g_auiStandardEdidData4 },
         { "HdmiCode93", ExtStandard2::g_auiStandard2EdidData, 25, ExtStandard2::g_auiStandard2EdidData1 },
     };
     for (const auto& oCase : aoCases)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "TimingTestHelp.h"
@@ -18,15 +19,6 @@ enum EFormula
 inline constexpr unsigned int gsc_uiHPositive = 4;
 inline constexpr unsigned int gsc_uiVPositive = 8;
 
-inline CVidParamTiming::EVidParamType TypeOf(EFormula eFormula)
-{
-    return eFormula == eCvt          ? CVidParamTiming::eVidParamType_Cvt
-           : eFormula == eCvtReduced ? CVidParamTiming::eVidParamType_CvtReducedBlanking
-                                     : CVidParamTiming::eVidParamType_Gtf;
-}
-
-inline unsigned int FlagsOf(EFormula eFormula) { return eFormula == eCvtReduced ? gsc_uiHPositive : gsc_uiVPositive; }
-
 // 32-bit words in 128 bits: every step is cut back by hand.
 __extension__ typedef unsigned __int128 Wide;
 
@@ -38,7 +30,6 @@ constexpr Wide Nearest(Wide uiDividend, Wide uiDivisor)
     return uiDivisor == 0 ? 0 : (2 * uiDividend + uiDivisor) / (2 * uiDivisor);
 }
 constexpr Wide Down(Wide uiDividend, Wide uiDivisor) { return uiDivisor == 0 ? 0 : uiDividend / uiDivisor; }
-constexpr unsigned int Word(Wide uiValue) { return static_cast<unsigned int>(uiValue); }
 
 inline Wide SyncLines(Wide uiWidth, Wide uiHeight)
 {
@@ -46,23 +37,23 @@ inline Wide SyncLines(Wide uiWidth, Wide uiHeight)
     {
         return 0;
     }
-    if (uiWidth == Times(uiHeight, 4) / 24 * 8)
-    {
-        return 4;
-    }
-    if (uiWidth == Times(uiHeight, 16) / 72 * 8)
-    {
-        return 5;
-    }
-    if (uiWidth == Times(uiHeight, 16) / 80 * 8)
-    {
-        return 6;
-    }
     const bool bSeven = uiWidth == Times(uiHeight, 5) / 32 * 8 || uiWidth == Times(uiHeight, 15) / 72 * 8;
-    return bSeven ? 7 : 10;
+    return uiWidth == Times(uiHeight, 4) / 24 * 8    ? 4
+           : uiWidth == Times(uiHeight, 16) / 72 * 8 ? 5
+           : uiWidth == Times(uiHeight, 16) / 80 * 8 ? 6
+           : bSeven                                  ? 7
+                                                     : 10;
 }
 
-using Expected = std::optional<SAllValues>; // none: refused
+using Expected = std::optional<CAllValues>; // none: refused
+
+inline CAllValues Pack(const std::array<Wide, 13>& auiWide)
+{
+    CAllValues auiValues{};
+    std::transform(auiWide.begin(), auiWide.end(), auiValues.begin(),
+                   [](Wide uiValue) { return static_cast<unsigned int>(uiValue); });
+    return auiValues;
+}
 
 inline Expected SecondCvt(Wide h, Wide v, Wide rate)
 {
@@ -86,15 +77,8 @@ inline Expected SecondCvt(Wide h, Wide v, Wide rate)
     {
         return std::nullopt;
     }
-    return SAllValues{ Word(h),
-                       Word(v),
-                       Word(Nearest(Times(hz, 10), vTotal)),
-                       Word(Times(k, 250)),
-                       { Word(Minus(Minus(hBlank, hBack), hSync)), Word(hSync), Word(hBack) },
-                       { 3, Word(vs), Word(vBack) },
-                       FlagsOf(eCvt),
-                       Word(hz / 100),
-                       TypeOf(eCvt) };
+    return Pack({ h, v, Nearest(Times(hz, 10), vTotal), Times(k, 250), Minus(Minus(hBlank, hBack), hSync), hSync, hBack,
+                  3, vs, vBack, gsc_uiVPositive, hz / 100, CVidParamTiming::eVidParamType_Cvt });
 }
 
 inline Expected SecondCvtReduced(Wide h, Wide v, Wide rate)
@@ -104,15 +88,8 @@ inline Expected SecondCvtReduced(Wide h, Wide v, Wide rate)
     const Wide vbi = std::max(Down(460000, p) + 1, vs + 9);
     const Wide hTotal = Cut(Times(Nearest(h, 8), 8) + 160);
     const Wide k = Nearest(Times(Times(rate, hTotal), Cut(v + vbi)), 10000) / 25;
-    return SAllValues{ Word(h),
-                       Word(v),
-                       Word(rate),
-                       Word(Times(k, 250)),
-                       { 48, 32, 80 },
-                       { 3, Word(vs), Word(Minus(vbi, vs + 3)) },
-                       FlagsOf(eCvtReduced),
-                       Word(Nearest(Times(k, 250), hTotal)),
-                       TypeOf(eCvtReduced) };
+    return Pack({ h, v, rate, Times(k, 250), 48, 32, 80, 3, vs, Minus(vbi, vs + 3), gsc_uiHPositive,
+                  Nearest(Times(k, 250), hTotal), CVidParamTiming::eVidParamType_CvtReducedBlanking });
 }
 
 inline Expected SecondGtf(Wide h, Wide v, Wide rate)
@@ -137,15 +114,9 @@ inline Expected SecondGtf(Wide h, Wide v, Wide rate)
     {
         return std::nullopt;
     }
-    return SAllValues{ Word(h),
-                       Word(v),
-                       Word(Nearest(act, 10)),
-                       Word(Nearest(Times(hTotal, 100000), p2)),
-                       { Word(Minus(hSyncStart, h)), Word(hSync), Word(hBack) },
-                       { Word(Minus(vSyncStart, v)), 3, Word(Minus(vsbp, 3)) },
-                       FlagsOf(eGtf),
-                       Word(Nearest(100000000, p2) / 1000),
-                       TypeOf(eGtf) };
+    return Pack({ h, v, Nearest(act, 10), Nearest(Times(hTotal, 100000), p2), Minus(hSyncStart, h), hSync, hBack,
+                  Minus(vSyncStart, v), 3, Minus(vsbp, 3), gsc_uiVPositive, Nearest(100000000, p2) / 1000,
+                  CVidParamTiming::eVidParamType_Gtf });
 }
 
 inline Expected SecondCompute(EFormula eFormula, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)

@@ -19,20 +19,15 @@ using EType = CVidParamTiming::EVidParamType;
 
 // ---- Every value ----
 
-// The numbers of a row: the code of a CEA-861 row, sizes, rate, clock in kHz, horizontal front porch, sync, back porch,
-// the vertical ones, flags with bit 7 for a reduced mode.
+// The numbers of a row: the code of a CEA-861 row, then the values of the timing up to the flags, with bit 7 for a reduced
+// mode.
 std::vector<unsigned int> NumbersOf(const CVidParamTiming& oTiming, unsigned int uiIndex, EType eType)
 {
-    const SAllValues oValues = ReadAll(oTiming);
-    const bool bReduced = oValues.m_eType == CVidParamTiming::eVidParamType_DmtReducedBlanking;
-    EXPECT_EQ(eType, bReduced ? CVidParamTiming::eVidParamType_Dmt : oValues.m_eType) << "row " << uiIndex;
-    const auto& auiH = oValues.m_auiHorizontal;
-    const auto& auiV = oValues.m_auiVertical;
-    std::vector<unsigned int> auiNumbers = { oValues.m_uiHorizontalActive, oValues.m_uiVerticalActive,
-                                             oValues.m_uiVerticalRateInHz, oValues.m_uiPixelClockInKiloHz };
-    auiNumbers.insert(auiNumbers.end(), auiH.begin(), auiH.end());
-    auiNumbers.insert(auiNumbers.end(), auiV.begin(), auiV.end());
-    auiNumbers.push_back(oValues.m_uiFlags | (bReduced ? 128U : 0U));
+    CAllValues auiValues = ReadAll(oTiming);
+    const bool bReduced = auiValues[gsc_uiSource] == CVidParamTiming::eVidParamType_DmtReducedBlanking;
+    EXPECT_EQ(eType + (bReduced ? 1 : 0), auiValues[gsc_uiSource]) << "row " << uiIndex;
+    auiValues[gsc_uiFlags] |= bReduced ? 128 : 0;
+    std::vector<unsigned int> auiNumbers(auiValues.begin(), auiValues.begin() + gsc_uiFlags + 1);
     if (eType == CVidParamTiming::eVidParamType_Cea)
     {
         auiNumbers.insert(auiNumbers.begin(), CVidParamCea::msc_aoCea861FTable[uiIndex].uiVic);
@@ -158,7 +153,7 @@ TEST(VicLookUp, UnknownCodeClearsAndNullIsReported)
     CVidParamTimingGeneric oTiming(gsc_o720p);
     CCapturedOutput oOutput;
     EXPECT_EQ(0, CVidParamCea::GetVidParamFromVic(6, &oTiming));
-    EXPECT_EQ(SAllValues{}, ReadAll(oTiming));
+    EXPECT_EQ(CAllValues{}, ReadAll(oTiming));
     EXPECT_EQ(0, CVidParamCea::GetVidParamFromVic(1, nullptr));
     EXPECT_EQ(1U, oOutput.TakeAssertionCount()) << "the unknown code is no mistake, the null is";
 }

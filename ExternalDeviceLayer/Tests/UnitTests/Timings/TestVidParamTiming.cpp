@@ -258,21 +258,22 @@ TEST(Assignment, GoesThroughTheStoredHertzBetweenTheStorageClasses)
         CVidParamTimingGeneric oGeneric(gsc_o1080i);
         oGeneric.SetPixelClockInHz(74175824);
         oGeneric.SetHorizontalRateInHz(33716);
+        oGeneric.SetVerticalPolarityPositive(0);
         oGeneric.Set3D(b3D);
         oGeneric.Set420ColorSpace(b420);
-        SAllValues oExpected = ReadAll(oGeneric);
-        oExpected.m_uiPixelClockInKiloHz = 74176; // rounded, where oGeneric itself reads 74175
-        oExpected.m_uiHorizontalRateInKiloHz = 34;
+        CAllValues auiExpected = ReadAll(oGeneric);
+        auiExpected[gsc_uiClockInKiloHz] = 74176; // rounded, where oGeneric itself reads 74175
+        auiExpected[gsc_uiLineRateInKiloHz] = 34;
 
         CRVidParamTiming oOther;
         oOther = oGeneric;
-        EXPECT_EQ(oExpected, ReadAll(oOther));
+        EXPECT_EQ(auiExpected, ReadAll(oOther));
         EXPECT_EQ(b3D, oOther.Is3D());
         EXPECT_EQ(b420, oOther.Is420ColorSpace());
 
         CVidParamTimingGeneric oBack;
         oBack = oOther;
-        EXPECT_EQ(oExpected, ReadAll(oBack));
+        EXPECT_EQ(auiExpected, ReadAll(oBack));
         EXPECT_EQ(74176000U, oBack.GetPixelClockInHz());
     }
 }
@@ -284,7 +285,7 @@ TEST(Assignment, TakesFlagsBackThatStoodThere)
     CRVidParamTiming oOther;
     oOther = CVidParamTimingGeneric(gsc_o1080i);
     oOther = CVidParamTimingGeneric(oPlain);
-    EXPECT_EQ(0U, ReadAll(oOther).m_uiFlags);
+    EXPECT_EQ(0U, ReadAll(oOther)[gsc_uiFlags]);
 }
 
 TEST(Assignment, OfOneClassCopiesTheRecordThroughTheBaseOnlyItsFields)

@@ -1,56 +1,42 @@
-// What the timing tests share: a timing as a flat record that compares and prints whole, and ready-made timings.
+// What the timing tests share: a timing as its numbers, which compare and print whole, and ready-made timings.
 
 #pragma once
 
 #include <string.h>
 
 #include <array>
-#include <ostream>
 
 #include "RVidParamTiming.h"
 #include "VidParamTimingGeneric.h"
 
-// Every value that a timing stores. Clocks and line rates in kHz, so that both storage classes can be compared.
-struct SAllValues
-{
-    unsigned int m_uiHorizontalActive;
-    unsigned int m_uiVerticalActive;
-    unsigned int m_uiVerticalRateInHz;
-    unsigned int m_uiPixelClockInKiloHz;
-    std::array<unsigned int, 3> m_auiHorizontal; // front porch, sync, back porch
-    std::array<unsigned int, 3> m_auiVertical;
-    unsigned int m_uiFlags; // bit 0 interlaced, bit 2 horizontal, bit 3 vertical polarity positive
-    unsigned int m_uiHorizontalRateInKiloHz;
-    CVidParamTiming::EVidParamType m_eType;
+// Every value that a timing stores: active sizes, rate, clock, horizontal front porch, sync and back porch, the vertical
+// ones, flags (bit 0 interlaced, bit 2 horizontal, bit 3 vertical polarity positive), line rate, source. Clock and line
+// rate in kHz, so that both storage classes can be compared.
+using CAllValues = std::array<unsigned int, 13>;
 
-    bool operator==(const SAllValues&) const = default;
-};
+// Places in it.
+constexpr size_t gsc_uiClockInKiloHz = 3;
+constexpr size_t gsc_uiFlags = 10;
+constexpr size_t gsc_uiLineRateInKiloHz = 11;
+constexpr size_t gsc_uiSource = 12;
 
-inline std::ostream& operator<<(std::ostream& oStream, const SAllValues& oValues)
+inline CAllValues ReadAll(const CVidParamTiming& o)
 {
-    const auto& auiH = oValues.m_auiHorizontal;
-    const auto& auiV = oValues.m_auiVertical;
-    return oStream << oValues.m_uiHorizontalActive << "x" << oValues.m_uiVerticalActive << "@"
-                   << oValues.m_uiVerticalRateInHz << " " << oValues.m_uiPixelClockInKiloHz << " kHz, h " << auiH[0]
-                   << " " << auiH[1] << " " << auiH[2] << ", v " << auiV[0] << " " << auiV[1] << " " << auiV[2]
-                   << ", flags " << oValues.m_uiFlags << ", line rate " << oValues.m_uiHorizontalRateInKiloHz
-                   << " kHz, type " << static_cast<unsigned int>(oValues.m_eType);
-}
-
-inline SAllValues ReadAll(const CVidParamTiming& oTiming)
-{
-    const unsigned int uiFlags = (oTiming.IsInterlaced() != 0 ? 1U : 0U) |
-                                 (oTiming.IsHorizontalPolarityPositive() != 0 ? 4U : 0U) |
-                                 (oTiming.IsVerticalPolarityPositive() != 0 ? 8U : 0U);
-    return { oTiming.GetHorizontalActive(),
-             oTiming.GetVerticalActive(),
-             oTiming.GetVerticalRateInHz(),
-             oTiming.GetPixelClockInKiloHz(),
-             { oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(), oTiming.GetHorizontalBackPorch() },
-             { oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch() },
+    const unsigned int uiFlags = (o.IsInterlaced() != 0 ? 1U : 0U) | (o.IsHorizontalPolarityPositive() != 0 ? 4U : 0U) |
+                                 (o.IsVerticalPolarityPositive() != 0 ? 8U : 0U);
+    return { o.GetHorizontalActive(),
+             o.GetVerticalActive(),
+             o.GetVerticalRateInHz(),
+             o.GetPixelClockInKiloHz(),
+             o.GetHorizontalFrontPorch(),
+             o.GetHorizontalSync(),
+             o.GetHorizontalBackPorch(),
+             o.GetVerticalFrontPorch(),
+             o.GetVerticalSync(),
+             o.GetVerticalBackPorch(),
              uiFlags,
-             oTiming.GetHorizontalRateInKiloHz(),
-             oTiming.GetVideoFamilyType() };
+             o.GetHorizontalRateInKiloHz(),
+             o.GetVideoFamilyType() };
 }
 
 // A change of each value that every comparison looks at.

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "BaseBlockImage.h"
 #include "CapturedOutput.h"

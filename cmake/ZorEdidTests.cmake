@@ -1,7 +1,7 @@
 # Test executables: one for each subsystem, run case by case by ctest.
 
-# Where real EDID images lie when they are present; tests that want them skip otherwise.
-set(ZOREDID_SHARED_DIR "${PROJECT_SOURCE_DIR}/../shared" CACHE PATH "Folder with corpus/ (optional)")
+# Where the reference tables and real EDID images lie when they are present; tests that want them skip otherwise.
+set(ZOREDID_SHARED_DIR "${PROJECT_SOURCE_DIR}/../shared" CACHE PATH "Folder with reference/ and corpus/ (optional)")
 
 function(zor_add_test target)
   cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})

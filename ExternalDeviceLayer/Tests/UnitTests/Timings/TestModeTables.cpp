@@ -4,10 +4,14 @@
 
 #include <string.h>
 
+#include <fstream>
 #include <iterator>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "CapturedOutput.h"
+#include "SharedFiles.h"
 #include "TimingTestHelp.h"
 #include "VidParamCea.h"
 #include "VidParamDmt.h"
@@ -19,15 +23,17 @@ using EType = CVidParamTiming::EVidParamType;
 
 // ---- Every value ----
 
-// The numbers of a row: the code of a CEA-861 row, then the values of the timing up to the flags, with bit 7 for a reduced
-// mode.
-std::vector<unsigned int> NumbersOf(const CVidParamTiming& oTiming, unsigned int uiIndex, EType eType)
+using Row = std::vector<unsigned int>;
+
+// The numbers of a row: the code of a CEA-861 row, then the values of the timing up to the flags, with bit 7 for a
+// reduced mode.
+Row NumbersOf(const CVidParamTiming& oTiming, unsigned int uiIndex, EType eType)
 {
     CAllValues auiValues = ReadAll(oTiming);
     const bool bReduced = auiValues[gsc_uiSource] == CVidParamTiming::eVidParamType_DmtReducedBlanking;
     EXPECT_EQ(eType + (bReduced ? 1 : 0), auiValues[gsc_uiSource]) << "row " << uiIndex;
     auiValues[gsc_uiFlags] |= bReduced ? 128 : 0;
-    std::vector<unsigned int> auiNumbers(auiValues.begin(), auiValues.begin() + gsc_uiFlags + 1);
+    Row auiNumbers(auiValues.begin(), auiValues.begin() + gsc_uiFlags + 1);
     if (eType == CVidParamTiming::eVidParamType_Cea)
     {
         auiNumbers.insert(auiNumbers.begin(), CVidParamCea::msc_aoCea861FTable[uiIndex].uiVic);
@@ -35,41 +41,96 @@ std::vector<unsigned int> NumbersOf(const CVidParamTiming& oTiming, unsigned int
     return auiNumbers;
 }
 
+struct STableCase
+{
+    EType m_eType;
+    const char* m_pszReference; // null where there is none
+    size_t m_uiRows;
+    unsigned int m_uiChecksum; // worked by another program from the published tables
+    int (*m_fnSearch)(unsigned int uiIndex, CVidParamTiming* poTiming); // with all filters open
+};
+
+const STableCase gsc_aoTables[] = {
+    { CVidParamTiming::eVidParamType_Cea, "reference/cta861.csv", 129, 0x2B2971D8,
+      [](unsigned int i, CVidParamTiming* po) {
+          return CVidParamCea::GetVidParam(i, po, 0, 0, 0, CVidParamCea::eScanTypeAny);
+      } },
+    { CVidParamTiming::eVidParamType_Dmt, "reference/dmt.csv", 88, 0x618CADE7,
+      [](unsigned int i, CVidParamTiming* po) {
+          return CVidParamDmt::GetVidParam(i, po, 0, 0, 0, CVidParamDmt::eModeListAll);
+      } },
+    { CVidParamTiming::eVidParamType_Smpte, nullptr, 10, 0xD7CE9F66,
+      [](unsigned int i, CVidParamTiming* po) { return CVidParamSmpte::GetVidParam(i, po, 0, 0, 0); } },
+};
+
+std::vector<Row> ReadTable(const STableCase& oTable)
+{
+    std::vector<Row> aoRows;
+    CRVidParamTiming oTiming;
+    for (unsigned int i = 0; oTable.m_fnSearch(i, &oTiming) != 0; ++i)
+    {
+        aoRows.push_back(NumbersOf(oTiming, i, oTable.m_eType));
+    }
+    return aoRows;
+}
+
+// Behind a line of column heads, one row a line.
+std::vector<Row> ReadCsv(const std::filesystem::path& oPath)
+{
+    std::vector<Row> aoRows;
+    std::ifstream oFile(oPath);
+    std::string sLine;
+    std::getline(oFile, sLine);
+    while (std::getline(oFile, sLine))
+    {
+        aoRows.emplace_back();
+        std::istringstream oLine(sLine);
+        for (std::string sField; std::getline(oLine, sField, ',');)
+        {
+            aoRows.back().push_back(static_cast<unsigned int>(std::stoul(sField)));
+        }
+    }
+    return aoRows;
+}
+
 TEST(TableRows, HaveThePublishedValuesInTheirOrder)
 {
-    const struct
-    {
-        EType m_eType;
-        unsigned int m_uiRows;
-        unsigned int m_uiChecksum; // worked by another program from the published tables
-        int (*m_fnSearch)(unsigned int uiIndex, CVidParamTiming* poTiming); // with all filters open
-    } aoCases[] = {
-        { CVidParamTiming::eVidParamType_Cea, 129, 0x2B2971D8,
-          [](unsigned int i, CVidParamTiming* po) {
-              return CVidParamCea::GetVidParam(i, po, 0, 0, 0, CVidParamCea::eScanTypeAny);
-          } },
-        { CVidParamTiming::eVidParamType_Dmt, 88, 0x618CADE7,
-          [](unsigned int i, CVidParamTiming* po) {
-              return CVidParamDmt::GetVidParam(i, po, 0, 0, 0, CVidParamDmt::eModeListAll);
-          } },
-        { CVidParamTiming::eVidParamType_Smpte, 10, 0xD7CE9F66,
-          [](unsigned int i, CVidParamTiming* po) { return CVidParamSmpte::GetVidParam(i, po, 0, 0, 0); } },
-    };
-    for (const auto& oCase : aoCases)
+    for (const STableCase& oTable : gsc_aoTables)
     {
         // A multiplicative hash over the numbers of all rows, word by word.
         unsigned int uiHash = 2166136261U;
-        unsigned int uiRow = 0;
-        CRVidParamTiming oTiming;
-        for (; oCase.m_fnSearch(uiRow, &oTiming) != 0; ++uiRow)
+        const std::vector<Row> aoRows = ReadTable(oTable);
+        for (const Row& oRow : aoRows)
         {
-            for (const unsigned int uiNumber : NumbersOf(oTiming, uiRow, oCase.m_eType))
+            for (const unsigned int uiNumber : oRow)
             {
                 uiHash = (uiHash ^ uiNumber) * 16777619U;
             }
         }
-        EXPECT_EQ(oCase.m_uiRows, uiRow) << "type " << oCase.m_eType;
-        EXPECT_EQ(oCase.m_uiChecksum, uiHash) << "type " << oCase.m_eType;
+        EXPECT_EQ(oTable.m_uiRows, aoRows.size()) << "type " << oTable.m_eType;
+        EXPECT_EQ(oTable.m_uiChecksum, uiHash) << "type " << oTable.m_eType;
+    }
+}
+
+TEST(TableRows, EqualTheReference)
+{
+    if (!std::filesystem::exists(GetSharedPath("reference")))
+    {
+        GTEST_SKIP() << "the folder with reference tables is absent";
+    }
+    for (const STableCase& oTable : gsc_aoTables)
+    {
+        if (oTable.m_pszReference == nullptr)
+        {
+            continue;
+        }
+        const std::vector<Row> aoExpected = ReadCsv(GetSharedPath(oTable.m_pszReference));
+        const std::vector<Row> aoRows = ReadTable(oTable);
+        ASSERT_EQ(aoExpected.size(), aoRows.size()) << oTable.m_pszReference;
+        for (size_t i = 0; i < aoRows.size(); ++i)
+        {
+            EXPECT_EQ(aoExpected[i], aoRows[i]) << oTable.m_pszReference << ", row " << i;
+        }
     }
 }
 

@@ -9,8 +9,9 @@
 // When memory runs out: reading changes nothing (strong guarantee). SetEdidBuffer leaves the base block and the
 // extension blocks that came before, with all of their bytes; when it was the base block's turn, the list of usable
 // standard slots may be short until the next load (basic guarantee). An edit has changed all of its bytes, checksum
-// included, or none; where it has, the lists of that one block may be short until the bytes are loaded again (basic
-// guarantee). The edits of the base block other than RemoveStandard take no memory.
+// included, or none; where it has, the lists of that one block may be behind its bytes, and table timings may be
+// missing, until they are loaded again (basic guarantee). The edits of the base block other than RemoveStandard take no
+// memory.
 
 #pragma once
 

@@ -221,6 +221,11 @@ int CEdidExtBlockCEA861::RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp)
 
 unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
 {
+    // Empty before memory may run out: places that no longer hold would let a removal take out another code.
+    m_aoVicCode.RemoveAll();
+    m_aoVicLookUp.RemoveAll();
+    m_aoVicCode420.RemoveAll();
+
     SAllCodes oCodes;
     oCodes.m_uiCount = 0;
     unsigned char* pui8Raw = m_aui8Raw.GetData();

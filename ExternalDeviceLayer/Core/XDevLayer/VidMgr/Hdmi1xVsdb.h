@@ -4,6 +4,10 @@
 // not outlive them, and nothing else may move them meanwhile. It knows only the payload: the header of the data block,
 // byte 2 and the checksum are the caller's.
 //
+// The constructor, ExtractTimings and RemoveCea861Vic take memory. When it runs out, the constructor leaves nothing
+// behind and ExtractTimings the old list; RemoveCea861Vic has then changed the bytes or not begun, and the list may be
+// behind them: the caller puts the bytes back.
+//
 // Payload, as published in the HDMI 1.x standard (offsets from the first byte behind the data block header):
 //     0 to 2  IEEE identifier 0x000C03, least significant byte first
 //     5       bit 6: 48-bit, bit 5: 36-bit, bit 4: 30-bit colour

@@ -196,7 +196,9 @@ protected:
                 ASSERT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == aui8Image));
                 ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
                 ReadEverything(oRunner.GetEdid());
+                const unsigned int uiTableTimings = oRunner.GetEdid().GetStandardCount();
                 ASSERT_EQ(nullptr, oRunner.Apply({ CEditRunner::eEdit_Reload, 0, 0, 0 }));
+                ASSERT_LE(uiTableTimings, oRunner.GetEdid().GetStandardCount()) << "a timing that is gone is listed";
                 ASSERT_EQ(nullptr, oRunner.Apply(oStep));
             });
     }

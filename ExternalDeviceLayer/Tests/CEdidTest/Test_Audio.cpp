@@ -18,7 +18,8 @@ constexpr SAudioDescriptor MakeDescriptor(unsigned int uiFormat, unsigned int ui
              static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(uiFrequencies), uiExtra };
 }
 
-// Loads the image and gives its one block, with this many audio descriptors; null, and one line, when a step does not hold.
+// Loads the image and gives its one block, with this many audio descriptors; null, and one line, when a step does not
+// hold.
 CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, const SEdidImage& aui8Image, unsigned int uiCount)
 {
     if (!LoadCopy(oEdid, aui8Image))

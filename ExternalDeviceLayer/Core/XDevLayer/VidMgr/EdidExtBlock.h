@@ -63,8 +63,8 @@ public:
     // Makes the object for a block; the only way blocks come into being. The bytes alone decide the class.
     //   uiSize, pui8Data  128 bytes, which are copied
     //   uiStripFlags      what a CEA-861 block leaves out, CEdidExtBlockCEA861::EStripFlags; 0 for nothing
-    // The caller owns the object and deletes it through this interface. Null after an assertion line for a block of
-    // another kind, with a wrong checksum, or too short.
+    // The caller owns the object and deletes it through this interface. Null after one assertion line for a block of
+    // another kind or with a wrong checksum; after three for fewer than 128 bytes or null data.
     static CEdidExtBlock* CreateExtensionBlock(unsigned int uiSize, const unsigned char* pui8Data,
                                                unsigned int uiStripFlags);
 

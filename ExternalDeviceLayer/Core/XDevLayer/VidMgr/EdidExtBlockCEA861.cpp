@@ -252,7 +252,7 @@ int CEdidExtBlockCEA861::AddVendorSpecific()
 
 void CEdidExtBlockCEA861::RemoveDataRange(unsigned int uiStart, unsigned int uiLength)
 {
-    if (uiStart > m_aui8Raw.GetCount() || uiLength > m_aui8Raw.GetCount() - uiStart)
+    if (!IsRangeInside(uiStart, uiLength))
     {
         MASSERT_FAILED();
         return;
@@ -272,8 +272,7 @@ void CEdidExtBlockCEA861::RemoveDataRange(unsigned int uiStart, unsigned int uiL
 
 void CEdidExtBlockCEA861::PadDataRange(unsigned int uiStart, unsigned int uiLength)
 {
-    if (uiStart > m_aui8Raw.GetCount() ||
-        uiLength > m_aui8Raw.GetCount() - uiStart) // a sum could wrap, a difference cannot
+    if (!IsRangeInside(uiStart, uiLength))
     {
         MASSERT_FAILED();
         return;
@@ -282,6 +281,12 @@ void CEdidExtBlockCEA861::PadDataRange(unsigned int uiStart, unsigned int uiLeng
     {
         ZorTools_memset(m_aui8Raw.GetData() + uiStart, 0, uiLength);
     }
+}
+
+int CEdidExtBlockCEA861::IsRangeInside(unsigned int uiStart, unsigned int uiLength) const
+{
+    const unsigned int uiSize = m_aui8Raw.GetCount();
+    return uiStart <= uiSize && uiLength <= uiSize - uiStart; // a sum could wrap, a difference cannot
 }
 
 // The counterpart of RemoveDataRange: moves the content from uiStart on up and zeroes the gap. The last uiLength bytes

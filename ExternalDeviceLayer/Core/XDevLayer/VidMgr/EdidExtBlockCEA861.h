@@ -309,9 +309,11 @@ private:
     void ListTimings(const SAllCodes& oCodes);
     void List420Timings(const SAllCodes& oCodes);
     unsigned int GetMost420Timings() const;
+    unsigned char* GetHdmiPayload(const CDataBlockWalk& oWalk);
     int RemoveSvd(const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved);
     int RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp);
 
+    int IsRangeInside(unsigned int uiStart, unsigned int uiLength) const;
     void InsertDataRange(unsigned int uiStart, unsigned int uiLength);
     unsigned int OpenDataBlock(ECea861_DataBlockTags eTag, unsigned int uiLength);
     unsigned int GrowDataBlock(unsigned int uiOffset, unsigned int uiLength, unsigned int uiBy);

@@ -81,10 +81,10 @@ struct CEdidExtBlockCEA861::SAllCodes
         ++m_uiCount;
     }
 
-    // Appends the codes of one HDMI vendor block; any other vendor's block adds nothing.
+    // Appends the codes of one HDMI vendor block, given its payload; null adds nothing.
     void AddHdmiVics(unsigned int uiLength, unsigned char* pui8Payload, const SVicCodeEntryLookUp& oSource)
     {
-        if (!CHdmi1xVsdb::IsSupported(uiLength, pui8Payload))
+        if (pui8Payload == nullptr)
         {
             return;
         }
@@ -219,6 +219,13 @@ int CEdidExtBlockCEA861::RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp)
     return 1;
 }
 
+// The payload of the data block that the walk has reached, when that is an HDMI vendor block; else null.
+unsigned char* CEdidExtBlockCEA861::GetHdmiPayload(const CDataBlockWalk& oWalk)
+{
+    unsigned char* pui8Payload = m_aui8Raw.GetData() + oWalk.GetOffset();
+    return CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) ? pui8Payload : nullptr;
+}
+
 unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
 {
     // Empty before memory may run out: places that no longer hold would let a removal take out another code.
@@ -228,7 +235,6 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
 
     SAllCodes oCodes;
     oCodes.m_uiCount = 0;
-    unsigned char* pui8Raw = m_aui8Raw.GetData();
     unsigned int uiBlock = 0;
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_Video); ++uiBlock)
     {
@@ -240,14 +246,12 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
     uiBlock = 0;
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific); ++uiBlock)
     {
-        oCodes.AddHdmiVics(oWalk.GetLength(), pui8Raw + oWalk.GetOffset(),
-                           { 0, uiBlock, 0, eCea861Tag_VendorSpecific, 0 });
+        oCodes.AddHdmiVics(oWalk.GetLength(), GetHdmiPayload(oWalk), { 0, uiBlock, 0, eCea861Tag_VendorSpecific, 0 });
     }
     uiBlock = 0;
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_VendorVideo); ++uiBlock)
     {
-        oCodes.AddHdmiVics(oWalk.GetLength(), pui8Raw + oWalk.GetOffset(),
-                           { 0, uiBlock, 1, eCea861ExtTag_VendorVideo, 0 });
+        oCodes.AddHdmiVics(oWalk.GetLength(), GetHdmiPayload(oWalk), { 0, uiBlock, 1, eCea861ExtTag_VendorVideo, 0 });
     }
     ListTimings(oCodes);
     List420Timings(oCodes);
@@ -368,8 +372,8 @@ int CEdidExtBlockCEA861::GetColorBitDepthSupport(unsigned int& uiBits)
     uiBits = 0;
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific);)
     {
-        unsigned char* pui8Payload = m_aui8Raw.GetData() + oWalk.GetOffset();
-        if (!CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload))
+        unsigned char* pui8Payload = GetHdmiPayload(oWalk);
+        if (pui8Payload == nullptr)
         {
             continue;
         }
@@ -391,8 +395,8 @@ int CEdidExtBlockCEA861::SetColorBitDepthSupport(unsigned int uiBits)
     CCea861Undo oUndo(m_aui8Raw.GetData());
     for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific);)
     {
-        unsigned char* pui8Payload = m_aui8Raw.GetData() + oWalk.GetOffset();
-        if (!CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload))
+        unsigned char* pui8Payload = GetHdmiPayload(oWalk);
+        if (pui8Payload == nullptr)
         {
             continue;
         }

@@ -2,111 +2,77 @@
 
 #pragma once
 
-#include <string.h>
+#include <gtest/gtest.h>
 
 #include <array>
-#include <initializer_list>
 #include <memory>
 #include <ostream>
-#include <utility>
-#include <vector>
+#include <tuple>
 
 #include "EdidExtBlockCEA861.h"
+#include "TestBytes.h"
 #include "VidParamCea.h"
 #include "VidParamTimingGeneric.h"
-
-using SCeaBlock = std::array<unsigned char, 128>;
-
-inline SCeaBlock WithChecksum(SCeaBlock aui8Block)
-{
-    unsigned int uiSum = 0;
-    for (unsigned int i = 0; i < 127; ++i)
-    {
-        uiSum += aui8Block[i];
-    }
-    aui8Block[127] = static_cast<unsigned char>(0U - uiSum);
-    return aui8Block;
-}
-
-// 1920 x 1080 at 60, told apart by its horizontal size: 1920 + uiNumber.
-inline std::array<unsigned char, 18> MakeDescriptor(unsigned int uiNumber)
-{
-    return { 0x02, 0x3A, static_cast<unsigned char>(0x80 + uiNumber),
-             0x18, 0x71, 0x38,
-             0x2D, 0x40, 0x58,
-             0x2C, 0x45, 0x00,
-             0x3C, 0x22, 0x00,
-             0x00, 0x00, 0x1E };
-}
 
 // Puts a block together from front to back: data blocks, then descriptors.
 class CCeaBlockBuilder
 {
 public:
-    explicit CCeaBlockBuilder(unsigned char ui8Revision = 3)
-    {
-        m_aui8Block[0] = 2;
-        m_aui8Block[1] = ui8Revision;
-        m_aui8Block[2] = 4;
-    }
+    explicit CCeaBlockBuilder(unsigned char ui8Revision = 3) : m_aui8Block({ 2, ui8Revision, 4, 0 }) {}
 
-    CCeaBlockBuilder& Flags(unsigned char ui8Flags)
-    {
-        m_aui8Block[3] = ui8Flags;
-        return *this;
-    }
+    CCeaBlockBuilder& Flags(unsigned char ui8Flags) { return At(3, ui8Flags); }
 
     // Bytes of the data-block area; byte 2 follows their end.
-    CCeaBlockBuilder& Bytes(const std::vector<unsigned char>& aui8Bytes)
+    CCeaBlockBuilder& Bytes(const CBytes& aui8Bytes)
     {
-        Put(aui8Bytes.data(), aui8Bytes.size());
-        m_aui8Block[2] = static_cast<unsigned char>(m_uiEnd);
-        return *this;
+        Append(m_aui8Block, aui8Bytes);
+        return At(2, static_cast<unsigned int>(m_aui8Block.size()));
     }
 
+    // Descriptors told apart by their horizontal size, 1920 + the number: 1920 x 1080 at 60, 148.5 MHz.
     CCeaBlockBuilder& Detailed(std::initializer_list<unsigned int> auiNumbers)
     {
         for (unsigned int uiNumber : auiNumbers)
         {
-            Put(MakeDescriptor(uiNumber).data(), 18);
+            const unsigned char ui8Width = static_cast<unsigned char>(0x80 + uiNumber);
+            Append(m_aui8Block, { 0x02, 0x3A, ui8Width, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58, 0x2C, 0x45, 0x00, 0x3C,
+                                  0x22, 0x00, 0x00, 0x00, 0x1E });
         }
         return *this;
     }
 
-    // One byte as given; byte 2 for instance.
+    // One byte as given, byte 2 for instance; the last call ahead of Get.
     CCeaBlockBuilder& At(unsigned int uiOffset, unsigned int uiByte)
     {
-        m_aui8Block.at(uiOffset) = static_cast<unsigned char>(uiByte);
+        if (uiOffset >= m_aui8Block.size())
+        {
+            m_aui8Block.resize(uiOffset + 1);
+        }
+        m_aui8Block[uiOffset] = static_cast<unsigned char>(uiByte);
         return *this;
     }
 
-    SCeaBlock Get() const { return WithChecksum(m_aui8Block); }
-
-private:
-    void Put(const unsigned char* pui8Bytes, size_t uiCount)
+    CBytes Get() const
     {
-        for (size_t i = 0; i < uiCount; ++i)
-        {
-            m_aui8Block.at(m_uiEnd++) = pui8Bytes[i];
-        }
+        EXPECT_GE(127U, m_aui8Block.size());
+        CBytes aui8Block = m_aui8Block;
+        aui8Block.resize(gsc_uiBlockSize);
+        return FixChecksums(aui8Block);
     }
 
-    SCeaBlock m_aui8Block = {};
-    size_t m_uiEnd = 4;
+private:
+    CBytes m_aui8Block;
 };
 
-// Loads from heap memory of exactly this size, so that the sanitizer sees a read behind it.
-inline std::unique_ptr<CEdidExtBlockCEA861> LoadBlock(const SCeaBlock& aui8Block, unsigned int uiStripFlags = 0)
+inline std::unique_ptr<CEdidExtBlockCEA861> LoadBlock(const CBytes& aui8Block, unsigned int uiStripFlags = 0)
 {
-    const std::vector<unsigned char> aui8Exact(aui8Block.begin(), aui8Block.end());
-    return std::make_unique<CEdidExtBlockCEA861>(128U, aui8Exact.data(), uiStripFlags);
+    return std::make_unique<CEdidExtBlockCEA861>(static_cast<unsigned int>(aui8Block.size()),
+                                                 CopyToHeap(aui8Block).get(), uiStripFlags);
 }
 
-inline SCeaBlock GetBytes(const CEdidExtBlockCEA861& oBlock)
+inline CBytes GetBytes(const CEdidExtBlockCEA861& oBlock)
 {
-    SCeaBlock aui8Block = {};
-    oBlock.GetEdidBuffer(128, aui8Block.data());
-    return aui8Block;
+    return CBytes(oBlock.GetData(), oBlock.GetData() + oBlock.GetSize());
 }
 
 // What a block tells, as numbers. Each entry of the list of timings: key of the table row, native flag, 4:2:0 flag.
@@ -129,7 +95,7 @@ inline std::vector<SStandardEntry> GetStandards(const CEdidExtBlockCEA861& oBloc
     std::vector<SStandardEntry> aoEntries;
     for (unsigned int i = 0; i < oBlock.GetStandardCount(); ++i)
     {
-        SStandardEntry oEntry = {};
+        SStandardEntry oEntry = { 0, -1, 0 }; // the native flag is always written
         CVidParamTimingGeneric oTiming;
         oBlock.GetStandard(i, &oTiming, &oEntry.m_bNative);
         oEntry.m_b420 = oTiming.Is420ColorSpace();
@@ -191,6 +157,22 @@ inline std::vector<unsigned int> GetSpeakers(const CEdidExtBlockCEA861& oBlock)
         auiMasks.push_back(uiMask);
     }
     return auiMasks;
+}
+
+// Everything that a block tells from its lists; the numbers name the parts.
+using CLists = std::tuple<std::vector<SStandardEntry>, std::vector<SDetailedEntry>, std::vector<SAudioEntry>,
+                          std::vector<unsigned int>>;
+inline constexpr size_t gsc_uiDetaileds = 1, gsc_uiAudios = 2, gsc_uiSpeakers = 3;
+
+inline CLists GetLists(const CEdidExtBlockCEA861& oBlock)
+{
+    return { GetStandards(oBlock), GetDetaileds(oBlock), GetAudios(oBlock), GetSpeakers(oBlock) };
+}
+
+// The lists are those of a block loaded afresh from the same bytes.
+inline void ExpectListsOfBytes(const CEdidExtBlockCEA861& oBlock)
+{
+    EXPECT_EQ(GetLists(*LoadBlock(GetBytes(oBlock))), GetLists(oBlock));
 }
 
 inline CEdidExtBlockCEA861::SAudioDescriptor MakeAudio(unsigned int uiFormat, unsigned int uiChannels,

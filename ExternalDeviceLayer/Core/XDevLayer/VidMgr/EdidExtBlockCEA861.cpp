@@ -24,7 +24,7 @@ constexpr unsigned char gsc_aui8EmptyVendorPayload[] = { 0x03, 0x0C, 0x00, 0x01,
 }
 
 CEdidExtBlockCEA861::CEdidExtBlockCEA861(unsigned int uiSize, const unsigned char* pui8Data, unsigned int uiStripFlags)
-    : m_uiExtensionType(0), m_uiRevision(0), m_bStripped(0)
+    : m_uiExtensionType(0), m_uiRevision(0), m_bStripped(0), m_bListsBehind(0)
 {
     if (!IsSupported(uiSize, pui8Data))
     {
@@ -440,7 +440,10 @@ unsigned int CEdidExtBlockCEA861::GetTouchedLists(unsigned int uiLists) const
 void CEdidExtBlockCEA861::FinishEdit(unsigned int uiLists)
 {
     UpdateChecksum();
-    DeriveLists(uiLists);
+    const unsigned int uiBehind = m_bListsBehind ? static_cast<unsigned int>(eList_All) : uiLists;
+    m_bListsBehind = 1; // and stays so when the memory for a list runs out
+    DeriveLists(uiBehind);
+    m_bListsBehind = 0;
 }
 
 void CEdidExtBlockCEA861::DeriveLists(unsigned int uiLists)

@@ -160,7 +160,8 @@ public:
     // timing's 1000/1001 twin. An emptied video block loses its header; a vendor block keeps its length; YCbCr 4:2:0
     // blocks stay as they are, and a timing that only they name is refused with 0.
     // Byte 2 keeps its value although the bytes behind a removed descriptor move down, and the detailed, audio and
-    // speaker lists are not derived again: load the bytes afresh to see them in the new places.
+    // speaker lists stay as they were: until the next other edit of the block that succeeds, or a load, they are behind
+    // the bytes.
     int RemoveStandard(unsigned int uiIndex) override;
 
     // Derives the lists of table timings from the bytes; returns GetStandardCount.
@@ -334,6 +335,7 @@ private:
     CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode420; // timings in YCbCr 4:2:0
     int m_bStripped;
+    int m_bListsBehind; // 1 while lists may tell of older bytes; the next edit then derives them all
     CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
     CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
 };

@@ -167,7 +167,8 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
     if (bRemoved)
     {
         UpdateChecksum();
-        ExtractStandardTimings(); // the other lists and byte 2 stay, on purpose
+        m_bListsBehind = 1; // the other lists and byte 2 stay, on purpose
+        ExtractStandardTimings();
     }
     return bRemoved;
 }

@@ -254,4 +254,24 @@ TEST(Cea861RemoveStandard, LeavesTheOtherListsAsTheyWere)
     EXPECT_NE(1921U, oTiming.GetHorizontalActive()) << "the bytes have moved down by two";
     EXPECT_EQ(14U + 2 * 18, poBlock->GetAvailableOffset()) << "counted in the bytes";
 }
+
+// The walk over the data blocks runs into the descriptor, whose bytes decide whether it ends where the descriptors
+// begin: 0x80 is an empty speaker block that ends there, 0x81 one that does not.
+TEST(Cea861RemoveStandard, TheNextEditDerivesAllLists)
+{
+    for (const unsigned int uiByte : { 0x80U, 0x81U })
+    {
+        SCOPED_TRACE(uiByte);
+        CBytes aui8Block = { 2, 3, 10, 0x40, 0x41, 0x04, 0x23, 9, 7, 7, 0x80, 0, 0x80, 0x18, 0x71, 0x38 };
+        aui8Block[11] = static_cast<unsigned char>(uiByte);
+        aui8Block.resize(10 + 18, 0x11);
+        aui8Block.resize(128);
+        const auto poBlock = LoadBlock(FixChecksums(aui8Block));
+        EXPECT_EQ(1, poBlock->RemoveStandard(0));
+        EXPECT_EQ(0U, poBlock->GetSpeakerDescriptorCount());
+        EXPECT_EQ(1, poBlock->SetColorBitDepthSupport(0));
+        EXPECT_EQ(2U, poBlock->GetSpeakerDescriptorCount());
+        ExpectListsOfBytes(*poBlock);
+    }
+}
 }

@@ -180,7 +180,7 @@ bool IsBlockEdit(unsigned int uiOperation)
 
 int CEditRunner::Load(const unsigned char* pui8Data, unsigned int uiSize)
 {
-    m_bListsMayBeOld = false;
+    m_abListsMayBeOld.reset();
     return m_oEdid.SetEdidBuffer(pui8Data, uiSize, 0);
 }
 
@@ -201,9 +201,13 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     {
         return pszBroken;
     }
+    if (iResult != 0)
+    {
+        NoteOldLists(oStep, uiOperation, aaui8Before);
+    }
     // Where no byte changed the lists are hardly ever worth the time.
     const bool bIsLikelySame = iResult == 0 && oStep.m_uiValue % 16 != 0;
-    return bIsLikelySame ? nullptr : CheckLists(uiOperation, aaui8Before);
+    return bIsLikelySame ? nullptr : CheckLists();
 }
 
 int CEditRunner::Run(const SEditStep& oStep)
@@ -371,7 +375,20 @@ const char* CEditRunner::CheckBytes(const SEditStep& oStep, unsigned int uiOpera
     return uiChanged > 1 ? "an edit changed more than one block" : nullptr;
 }
 
-const char* CEditRunner::CheckLists(unsigned int uiOperation, const CBlocks& aaui8Before)
+// After an edit that succeeded. An edit of the EDID tells by the bytes which block it went to.
+void CEditRunner::NoteOldLists(const SEditStep& oStep, unsigned int uiOperation, const CBlocks& aaui8Before)
+{
+    const CBlocks aaui8After = CopyBlocks();
+    for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
+    {
+        if (IsBlockEdit(uiOperation) ? i == oStep.m_uiBlock : aaui8After[i + 1] != aaui8Before[i + 1])
+        {
+            m_abListsMayBeOld[i] = IsRemovalOfStandard(uiOperation);
+        }
+    }
+}
+
+const char* CEditRunner::CheckLists() const
 {
     if (m_oEdid.GetSize() == 0)
     {
@@ -402,22 +419,19 @@ const char* CEditRunner::CheckLists(unsigned int uiOperation, const CBlocks& aau
         return "the number of standard timings of the base block is not that of its bytes";
     }
 
-    const CBlocks aaui8After = CopyBlocks();
     for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
     {
         const CEdidExtBlock* poBlock = m_oEdid.GetExtension(i);
-        if (poBlock->GetExtensionType() != gsc_uiCeaTag || m_bListsMayBeOld)
+        if (poBlock->GetExtensionType() != gsc_uiCeaTag)
         {
             continue;
         }
-        const bool bOnlyStandard = IsRemovalOfStandard(uiOperation) && aaui8After[i + 1] != aaui8Before[i + 1];
         if (const char* pszBroken =
                 CompareCea(static_cast<const CEdidExtBlockCEA861&>(*poBlock),
-                           static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i)), bOnlyStandard))
+                           static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i)), m_abListsMayBeOld[i]))
         {
             return pszBroken;
         }
-        m_bListsMayBeOld = m_bListsMayBeOld || bOnlyStandard;
     }
     return nullptr;
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <bitset>
 #include <vector>
 
 #include "Edid.h"
@@ -63,15 +64,19 @@ public:
     unsigned int GetSuccessCount() const { return m_uiSuccessCount; }
 
 private:
+    static constexpr unsigned int msc_uiMostExtensions = 255; // their number is a byte
+
     using CBlocks = std::vector<std::vector<unsigned char>>;
 
     int RunOnBlock(const SEditStep& oStep, unsigned int uiOperation);
     const char* CheckAfterRawStep(const SEditStep& oStep, const CBlocks& aaui8Before);
     const char* CheckBytes(const SEditStep& oStep, unsigned int uiOperation, int iResult, const CBlocks& aaui8Before);
-    const char* CheckLists(unsigned int uiOperation, const CBlocks& aaui8Before);
+    void NoteOldLists(const SEditStep& oStep, unsigned int uiOperation, const CBlocks& aaui8Before);
+    const char* CheckLists() const;
     CBlocks CopyBlocks() const;
 
     CEdid m_oEdid;
-    bool m_bListsMayBeOld = false; // an edit left lists behind its bytes, as its documentation says
+    // For each extension block: 1 from the removal of a table timing to the next other edit of the block that succeeds.
+    std::bitset<msc_uiMostExtensions> m_abListsMayBeOld;
     unsigned int m_uiSuccessCount = 0;
 };

@@ -4,8 +4,6 @@
 
 #include "EdidExtBlockCEA861.h"
 
-#include <algorithm>
-
 #include "EdidExtBlockCEA861Private.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
@@ -322,12 +320,12 @@ unsigned int CEdidExtBlockCEA861::OpenDataBlock(ECea861_DataBlockTags eTag, unsi
 }
 
 // Makes room at the end of a data block, given its payload, and raises byte 2 and the length in its header. Returns the
-// offset of the new bytes, which are zero; 0 when there is no room and nothing has changed.
+// offset of the new bytes, which are zero; 0 when there is no room and nothing has changed. The last content byte stays
+// free, as for every addition; a block that ends behind the descriptors may take it all the same.
 unsigned int CEdidExtBlockCEA861::GrowDataBlock(unsigned int uiOffset, unsigned int uiLength, unsigned int uiBy)
 {
     const unsigned int uiBlockEnd = uiOffset + uiLength; // may lie behind byte 2 and even behind the descriptors
-    const unsigned int uiContentEnd = std::max(GetAvailableOffset(), uiBlockEnd);
-    if (uiContentEnd > gsc_uiCea861LastContentOffset - uiBy)
+    if (GetAvailableOffset() > gsc_uiCea861LastContentOffset - uiBy || uiBlockEnd + uiBy > gsc_uiCea861ChecksumOffset)
     {
         return 0;
     }

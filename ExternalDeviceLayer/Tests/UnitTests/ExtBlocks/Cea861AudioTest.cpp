@@ -229,6 +229,28 @@ TEST(Cea861Audio, GrowingStopsOneByteShort)
     }
 }
 
+// A block that crosses byte 2 and ends behind the content needs room for its own bytes alone: they may reach byte 126.
+TEST(Cea861Audio, ABlockBehindTheContentGrowsUpToTheChecksum)
+{
+    for (const unsigned int uiEnd : { 123U, 124U, 125U, 127U })
+    {
+        SCOPED_TRACE(uiEnd);
+        CCeaBlockBuilder oBuilder;
+        oBuilder.At(uiEnd - 28, 0x20 + 27).At(2, uiEnd - 24);
+        const CBytes aui8Before = oBuilder.Get();
+        const auto poBlock = LoadBlock(aui8Before);
+        const bool bFits = uiEnd + 3 <= 127;
+        EXPECT_EQ(bFits, Add(*poBlock, 1, 2, 7, 7) != 0);
+        if (bFits)
+        {
+            oBuilder.Flags(0x40).At(uiEnd - 28, 0x20 + 30).At(2, uiEnd - 24 + 3);
+            oBuilder.At(uiEnd, 0x09).At(uiEnd + 1, 7).At(uiEnd + 2, 7);
+        }
+        EXPECT_EQ(oBuilder.Get(), GetBytes(*poBlock));
+        ExpectListsOfBytes(*poBlock);
+    }
+}
+
 // Revisions below 3 have no data blocks to list, but an addition goes into the bytes.
 TEST(Cea861Audio, AdditionsToOldRevisionsDoNotShow)
 {

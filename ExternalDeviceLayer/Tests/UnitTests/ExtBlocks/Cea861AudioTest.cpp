@@ -63,19 +63,6 @@ TEST(Cea861Audio, Lists)
     }
 }
 
-TEST(Cea861Audio, RefusedReadsTouchNothing)
-{
-    const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes({ 0x23, 9, 7, 7, 0x83, 1, 0, 0 }).Get());
-    Block::SAudioDescriptor oAudio = MakeAudio(9, 9, 9, 9);
-    unsigned int uiMask = 9;
-    EXPECT_EQ(0, poBlock->GetAudioDescriptor(0, nullptr));
-    EXPECT_EQ(0, poBlock->GetAudioDescriptor(1, &oAudio));
-    EXPECT_EQ(0, poBlock->GetSpeakerDescriptor(0, nullptr));
-    EXPECT_EQ(0, poBlock->GetSpeakerDescriptor(1, &uiMask));
-    EXPECT_EQ(9U, oAudio.m_uiExtra);
-    EXPECT_EQ(9U, uiMask);
-}
-
 // ---- Edits ----
 
 int Add(Block& oBlock, unsigned int uiFormat, unsigned int uiChannels, unsigned int uiRates, unsigned int uiExtra)

@@ -106,16 +106,6 @@ inline std::vector<SStandardEntry> GetStandards(const CEdidExtBlockCEA861& oBloc
     return aoEntries;
 }
 
-inline std::vector<unsigned int> GetVics(const CEdidExtBlockCEA861& oBlock)
-{
-    std::vector<unsigned int> auiVics;
-    for (const SStandardEntry& oEntry : GetStandards(oBlock))
-    {
-        auiVics.push_back(oEntry.m_uiVic);
-    }
-    return auiVics;
-}
-
 using SDetailedEntry = std::array<unsigned int, 9>;
 
 inline std::vector<SDetailedEntry> GetDetaileds(const CEdidExtBlockCEA861& oBlock)

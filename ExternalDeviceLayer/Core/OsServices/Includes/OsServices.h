@@ -189,7 +189,7 @@ public:
     int Signal_Activate(SHSignal* hSignal);
 
 private:
-    friend class COsServicesTestAccess; // the unit tests set the random state and look at the instance count
+    friend class COsServicesTestAccess; // the unit tests set the random state and look at the host's byte
 
     // Head and text of one line, or nothing when bEnable is 0.
     static void WriteLine(int bEnable, const char* pszLevel, const char* pszFormat, va_list oList)

@@ -1,66 +1,42 @@
 // Each guard of the client layer stops the process with its own text.
 
-#include <errno.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 
 #include "OsServicesClient.h"
-#include "OsServicesClient_LinuxCalls.h"
-#include "OsServicesTestSupport.h"
+#include "SyncTestSupport.h"
 
 namespace
 {
-unsigned int DoNothing(void* /*pvContext*/) { return 0; }
-
-struct SGuardCase
+template <class OPERATION>
+void ExpectStop(const char* pszExpression, OPERATION fnOperation)
 {
-    const char* m_szExpression;
-    void (*m_pfnRun)();
-};
-
-// clang-format off
-const SGuardCase gsc_aoNullCases[] = {
-    { "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)", [] { OsServices_CpuThread_Create(DoNothing, nullptr, nullptr); } },
-    { "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)",
-      [] { unsigned long uiRecord = 0; OsServices_CpuThread_Create(nullptr, nullptr, reinterpret_cast<SHCpuThread*>(&uiRecord)); } },
-    { "hCpuThread != MNULL", [] { OsServices_CpuThread_Join(nullptr); } },
-    { "hCpuThread != MNULL", [] { OsServices_CpuThread_Destroy(nullptr); } },
-    { "hSpinLock != MNULL",  [] { OsServices_SpinLock_Create(nullptr, 0); } },
-    { "hSpinLock != MNULL",  [] { OsServices_SpinLock_Destroy(nullptr); } },
-    { "hSpinLock != MNULL",  [] { OsServices_SpinLock_Lock(nullptr, 1); } },
-    { "hSpinLock != MNULL",  [] { OsServices_SpinLock_Unlock(nullptr); } },
-    { "hMutex != MNULL",     [] { OsServices_Mutex_Create(nullptr); } },
-    { "hMutex != MNULL",     [] { OsServices_Mutex_Destroy(nullptr); } },
-    { "hMutex != MNULL",     [] { OsServices_Mutex_Acquire(nullptr, 0); } },
-    { "hMutex != MNULL",     [] { OsServices_Mutex_Release(nullptr); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Create(nullptr); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Destroy(nullptr); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Wait(nullptr, 0); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Trigger(nullptr); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Reset(nullptr); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Cancel(nullptr); } },
-    { "hEvent != MNULL",     [] { OsServices_Event_Activate(nullptr); } },
-    { "hSignal != MNULL",    [] { OsServices_Signal_Create(nullptr); } },
-    { "hSignal != MNULL",    [] { OsServices_Signal_Destroy(nullptr); } },
-    { "hSignal != MNULL",    [] { OsServices_Signal_Wait(nullptr, 0, 0); } },
-    { "hSignal != MNULL",    [] { OsServices_Signal_Trigger(nullptr); } },
-    { "hSignal != MNULL",    [] { OsServices_Signal_Cancel(nullptr); } },
-    { "hSignal != MNULL",    [] { OsServices_Signal_Activate(nullptr); } },
-};
-// clang-format on
-
-void ExpectStop(const SGuardCase& oCase)
-{
-    EXPECT_DEATH(oCase.m_pfnRun(), testing::HasSubstr(std::string("Assertion `") + oCase.m_szExpression + "' failed."));
+    EXPECT_DEATH(fnOperation(), testing::HasSubstr(std::string("Assertion `") + pszExpression + "' failed."));
 }
 
-// A failing call of the system, with the record that the operation works on.
-SHSpinLock* MakeSpinLock()
+// With a null handle and zeros behind it.
+template <class HANDLE, class... REST>
+void ExpectStopOnNull(const char* pszExpression, int (*pfnOperation)(HANDLE*, REST...))
 {
-    static pthread_spinlock_t iRecord;
-    SHSpinLock* const hSpinLock = reinterpret_cast<SHSpinLock*>(const_cast<int*>(&iRecord));
+    ExpectStop(pszExpression, [&] { pfnOperation(nullptr, REST{}...); });
+}
+
+template <class... OPERATIONS>
+void ExpectStopsOnNull(const char* pszExpression, OPERATIONS... apfnOperations)
+{
+    (ExpectStopOnNull(pszExpression, apfnOperations), ...);
+}
+
+// In a process that is about to stop: objects whose calls of the system fail.
+SHSpinLock* MakeBrokenSpinLock()
+{
+    static int iRecord;
+    SHSpinLock* const hSpinLock = reinterpret_cast<SHSpinLock*>(&iRecord);
     OsServices_SpinLock_Create(hSpinLock, 0);
+    Refuse<&SOsServicesCalls::pfnSpinDestroy>();
+    Refuse<&SOsServicesCalls::pfnSpinLock>();
+    Refuse<&SOsServicesCalls::pfnSpinUnlock>();
     return hSpinLock;
 }
 
@@ -71,50 +47,37 @@ SHMutex* MakeMutex()
     OsServices_Mutex_Create(hMutex);
     return hMutex;
 }
-
-int FailSpin(pthread_spinlock_t* /*piLock*/) { return EINVAL; }
-
-const SGuardCase gsc_aoSystemCases[] = {
-    { "MFALSE",
-      [] {
-          SHSpinLock* const hSpinLock = MakeSpinLock();
-          g_oOsServicesCalls.pfnSpinDestroy = FailSpin;
-          OsServices_SpinLock_Destroy(hSpinLock);
-      } },
-    { "MFALSE",
-      [] {
-          SHSpinLock* const hSpinLock = MakeSpinLock();
-          g_oOsServicesCalls.pfnSpinLock = FailSpin;
-          OsServices_SpinLock_Lock(hSpinLock, 1);
-      } },
-    { "MFALSE",
-      [] {
-          SHSpinLock* const hSpinLock = MakeSpinLock();
-          g_oOsServicesCalls.pfnSpinUnlock = FailSpin;
-          OsServices_SpinLock_Unlock(hSpinLock);
-      } },
-    { "MFALSE",
-      [] {
-          SHMutex* const hMutex = MakeMutex();
-          OsServices_Mutex_Acquire(hMutex, gsc_uiOsServicesNoLimit);
-          OsServices_Mutex_Destroy(hMutex); // still held
-      } },
-    { "MFALSE", [] { OsServices_Mutex_Release(MakeMutex()); } }, // not held
-};
 }
 
 TEST(ClientDeathTest, NullHandlesStopTheProcess)
 {
-    for (const SGuardCase& oCase : gsc_aoNullCases)
-    {
-        ExpectStop(oCase);
-    }
+    const char* const pszThreadText = "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)";
+    ExpectStop(pszThreadText, [] { OsServices_CpuThread_Create([](void*) { return 0U; }, nullptr, nullptr); });
+    ExpectStop(pszThreadText, [] {
+        unsigned long uiRecord = 0;
+        OsServices_CpuThread_Create(nullptr, nullptr, reinterpret_cast<SHCpuThread*>(&uiRecord));
+    });
+    ExpectStopsOnNull("hCpuThread != MNULL", OsServices_CpuThread_Join, OsServices_CpuThread_Destroy);
+    ExpectStopsOnNull("hSpinLock != MNULL", OsServices_SpinLock_Create, OsServices_SpinLock_Destroy,
+                      OsServices_SpinLock_Lock, OsServices_SpinLock_Unlock);
+    ExpectStopsOnNull("hMutex != MNULL", OsServices_Mutex_Create, OsServices_Mutex_Destroy, OsServices_Mutex_Acquire,
+                      OsServices_Mutex_Release);
+    ExpectStopsOnNull("hEvent != MNULL", OsServices_Event_Create, OsServices_Event_Destroy, OsServices_Event_Wait,
+                      OsServices_Event_Trigger, OsServices_Event_Reset, OsServices_Event_Cancel,
+                      OsServices_Event_Activate);
+    ExpectStopsOnNull("hSignal != MNULL", OsServices_Signal_Create, OsServices_Signal_Destroy, OsServices_Signal_Wait,
+                      OsServices_Signal_Trigger, OsServices_Signal_Cancel, OsServices_Signal_Activate);
 }
 
 TEST(ClientDeathTest, CallsThatMustNotFailStopTheProcess)
 {
-    for (const SGuardCase& oCase : gsc_aoSystemCases)
-    {
-        ExpectStop(oCase);
-    }
+    ExpectStop("MFALSE", [] { OsServices_SpinLock_Destroy(MakeBrokenSpinLock()); });
+    ExpectStop("MFALSE", [] { OsServices_SpinLock_Lock(MakeBrokenSpinLock(), 1); });
+    ExpectStop("MFALSE", [] { OsServices_SpinLock_Unlock(MakeBrokenSpinLock()); });
+    ExpectStop("MFALSE", [] { OsServices_Mutex_Release(MakeMutex()); }); // not held
+    ExpectStop("MFALSE", [] {
+        SHMutex* const hMutex = MakeMutex();
+        OsServices_Mutex_Acquire(hMutex, gsc_uiOsServicesNoLimit);
+        OsServices_Mutex_Destroy(hMutex);
+    });
 }

@@ -1,4 +1,4 @@
-// Counts what operator new gives and gets back in this test program.
+// Counts what operator new gives and gets back in this test program, and refuses on request.
 
 #include <atomic>
 #include <new>
@@ -10,24 +10,27 @@ namespace
 {
 constinit std::atomic<long> g_iLiveBlocks = 0;
 constinit std::atomic<const void*> g_pLastSingleByteBlock = nullptr;
+constinit std::atomic<bool> g_bNextNothrowFails = false;
+}
+
+bool IsHeapCounted()
+{
+    ::operator delete(::operator new(1));
+    return g_pLastSingleByteBlock != nullptr;
 }
 
 long GetLiveBlockCount() { return g_iLiveBlocks; }
 const void* GetLastSingleByteBlock() { return g_pLastSingleByteBlock; }
+void FailNextNothrowNew() { g_bNextNothrowFails = true; }
 
 // ThreadSanitizer's own operator new leaves no place for a counting one.
-#if defined(__SANITIZE_THREAD__)
-#define ZOR_TEST_HEAP_COUNT 0
-#elif defined(__has_feature)
+#if defined(__has_feature)
 #if __has_feature(thread_sanitizer)
-#define ZOR_TEST_HEAP_COUNT 0
+#define ZOR_TEST_HEAP_NOT_COUNTED
 #endif
-#endif
-#ifndef ZOR_TEST_HEAP_COUNT
-#define ZOR_TEST_HEAP_COUNT 1
 #endif
 
-#if ZOR_TEST_HEAP_COUNT
+#if !defined(__SANITIZE_THREAD__) && !defined(ZOR_TEST_HEAP_NOT_COUNTED)
 
 namespace
 {
@@ -56,9 +59,13 @@ void* operator new(size_t uiSize)
     return pBlock;
 }
 
+void* operator new(size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept
+{
+    return g_bNextNothrowFails.exchange(false) ? nullptr : operator new(uiSize);
+}
+
 void* operator new[](size_t uiSize) { return operator new(uiSize); }
-void* operator new(size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept { return operator new(uiSize); }
-void* operator new[](size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept { return operator new(uiSize); }
+void* operator new[](size_t uiSize, const std::nothrow_t& oTag) noexcept { return operator new(uiSize, oTag); }
 void operator delete(void* pBlock) noexcept { Free(pBlock); }
 void operator delete[](void* pBlock) noexcept { Free(pBlock); }
 void operator delete(void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }

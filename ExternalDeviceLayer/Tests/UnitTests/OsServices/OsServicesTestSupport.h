@@ -3,7 +3,7 @@
 #pragma once
 
 #include <chrono>
-#include <stddef.h>
+#include <gtest/gtest.h>
 
 #include "OsServices.h"
 
@@ -12,8 +12,6 @@ class COsServicesTestAccess
 {
 public:
     static void SetRandomState(unsigned int uiState) { OsServices::ms_uiOldRandomValue = uiState; }
-    static unsigned int GetInstanceCount() { return OsServices::ms_uiInstanceCount; }
-    static int IsInitialized(const OsServices& oServices) { return oServices.m_bIsInitialized; }
     static unsigned char GetHostProperty(const OsServices& oServices) { return oServices.m_ui8HostProperty; }
 };
 
@@ -32,24 +30,24 @@ private:
     const CALLS m_oSaved;
 };
 
-// Measures on the monotonic clock.
-class CStopwatch
+// The operation lasts at least so long on the monotonic clock; longer as a busy machine has it, but not for ever.
+template <class OPERATION>
+void ExpectLasting(long long iMicroseconds, OPERATION fnOperation)
 {
-public:
-    long long GetMicroseconds() const
-    {
-        return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - m_oStart)
-            .count();
-    }
+    constexpr long long iPatience = 20000000;
+    using std::chrono::steady_clock;
+    const steady_clock::time_point oStart = steady_clock::now();
+    fnOperation();
+    const auto oLasted = std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now() - oStart);
+    EXPECT_GE(oLasted.count(), iMicroseconds);
+    EXPECT_LT(oLasted.count(), iPatience);
+}
 
-private:
-    std::chrono::steady_clock::time_point m_oStart = std::chrono::steady_clock::now();
-};
-
-// How much longer than asked a wait may last on a busy machine.
-inline constexpr long long gsc_iPatienceMicroseconds = 20000000;
-
-// Blocks from operator new and new[] that are not freed yet, and the last one of a single byte. Always 0 and null where
-// a checker brings operator new itself.
+// Whether operator new is this program's own; not where a checker brings one.
+bool IsHeapCounted();
+// Blocks from operator new and new[] that are not freed yet; always 0 where the heap is not counted.
 long GetLiveBlockCount();
+// The last block of a single byte.
 const void* GetLastSingleByteBlock();
+// Lets the next operator new that does not throw give null, where the heap is counted.
+void FailNextNothrowNew();

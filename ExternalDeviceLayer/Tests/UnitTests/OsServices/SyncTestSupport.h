@@ -6,6 +6,7 @@
 #include <errno.h>
 #include <gtest/gtest.h>
 #include <sched.h>
+#include <thread>
 
 #include "OsServices.h"
 #include "OsServicesClient_LinuxCalls.h"
@@ -13,7 +14,7 @@
 
 inline constinit std::atomic<int> g_iBlockedWaiters = 0;
 
-// An OsServices object, and the calls of the client as they were, afterwards.
+// An OsServices object with an event, a signal and a mutex; afterwards the calls of the client as they were.
 class CSyncTest : public testing::Test
 {
 protected:
@@ -30,13 +31,39 @@ protected:
             ++g_iBlockedWaiters;
             return pthread_cond_timedwait(poCondition, poMutex, poDeadline);
         };
+        ASSERT_EQ(1, m_oServices.Event_Create(m_hEvent));
+        ASSERT_EQ(1, m_oServices.Signal_Create(m_hSignal));
+        ASSERT_EQ(1, m_oServices.Mutex_Create(m_hMutex));
+    }
+
+    void TearDown() override
+    {
+        EXPECT_EQ(1, m_oServices.Event_Destroy(m_hEvent));
+        EXPECT_EQ(1, m_oServices.Signal_Destroy(m_hSignal));
+        EXPECT_EQ(1, m_oServices.Mutex_Destroy(m_hMutex));
     }
 
     OsServices m_oServices{ nullptr };
+    SHEvent* m_hEvent = nullptr;
+    SHSignal* m_hSignal = nullptr;
+    SHMutex* m_hMutex = nullptr;
 
 private:
     const CRestored<SOsServicesCalls> m_oRestored{ g_oOsServicesCalls };
 };
+
+// Lets a call of the system fail from now on, as in Refuse<&SOsServicesCalls::pfnMutexInit>().
+template <class... ARGUMENTS>
+int Fail(ARGUMENTS... /*arguments*/)
+{
+    return EAGAIN;
+}
+
+template <auto CALL>
+void Refuse()
+{
+    g_oOsServicesCalls.*CALL = Fail;
+}
 
 inline void WaitUntilAtLeast(const std::atomic<int>& iCount, int iWanted)
 {
@@ -46,14 +73,13 @@ inline void WaitUntilAtLeast(const std::atomic<int>& iCount, int iWanted)
     }
 }
 
-// An operation that runs on a thread of its own; the result is there after Join.
-template <class OPERATION>
+// An operation that runs on a thread of its own; Join gives its result.
 class CBackground
 {
 public:
-    CBackground(OsServices& oServices, OPERATION fnOperation) : m_oServices(oServices), m_fnOperation(fnOperation)
+    template <class OPERATION>
+    explicit CBackground(OPERATION fnOperation) : m_oThread([this, fnOperation] { m_iResult = fnOperation(); })
     {
-        EXPECT_EQ(1, m_oServices.CpuThread_Create(&CBackground::Run, this, m_hCpuThread));
     }
     ~CBackground() { Join(); }
     CBackground(const CBackground&) = delete;
@@ -61,25 +87,14 @@ public:
 
     int Join()
     {
-        if (m_hCpuThread != nullptr)
+        if (m_oThread.joinable())
         {
-            EXPECT_EQ(1, m_oServices.CpuThread_Join(m_hCpuThread));
-            EXPECT_EQ(1, m_oServices.CpuThread_Destroy(m_hCpuThread));
-            m_hCpuThread = nullptr;
+            m_oThread.join();
         }
         return m_iResult;
     }
 
 private:
-    static unsigned int Run(void* pvContext)
-    {
-        CBackground* const poThis = static_cast<CBackground*>(pvContext);
-        poThis->m_iResult = poThis->m_fnOperation();
-        return 0;
-    }
-
-    OsServices& m_oServices;
-    OPERATION m_fnOperation;
     int m_iResult = -1000;
-    SHCpuThread* m_hCpuThread = nullptr;
+    std::thread m_oThread; // last: it starts when the rest is there
 };

@@ -28,7 +28,7 @@ class CEdid;
         }                                                                                                              \
     } while (false)
 
-// A step that adds no line: one that has written its own, as a group of steps in a function does, or one that is silent.
+// A step that adds no line: one that has written its own, as a group of steps in a function does, or a silent one.
 #define MTEST_PASS_ON(condition)                                                                                       \
     do                                                                                                                 \
     {                                                                                                                  \
@@ -38,7 +38,7 @@ class CEdid;
         }                                                                                                              \
     } while (false)
 
-// ---- Positions in the base block, in bytes. The self-check's own: with the library's it would not see a wrong one. ----
+// ---- Positions in the base block, in bytes. The self-check's own: by the library's it would see no wrong one. ----
 
 constexpr unsigned int gsc_uiSerialOffset = 12; // four bytes, little-endian
 constexpr unsigned int gsc_uiVersionOffset = 18;

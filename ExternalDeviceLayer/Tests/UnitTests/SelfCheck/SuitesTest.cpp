@@ -42,8 +42,8 @@ void DamageRow(STimingData& oRow)
 
 void DamageRow(tagRVideo_VidParam& oRow) { ++oRow.uiVerticalBackPorch; }
 
-// The steps RUN of one suite over damaged copies of its data record GET. A place is a pointer to a member of the record,
-// or At() for an element of one.
+// The steps RUN of one suite over damaged copies of its data record GET. A place is a pointer to a member of the
+// record, or At() for an element of one.
 template <auto GET, auto RUN>
 struct CDamage
 {

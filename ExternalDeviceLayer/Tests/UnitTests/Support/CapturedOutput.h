@@ -52,8 +52,8 @@ private:
     bool m_bTaken = false;
 };
 
-// Assertion lines are a normal answer to the bytes of a sweep, and there are many of them: none is written while an object
-// of this class lives.
+// Assertion lines are a normal answer to the bytes of a sweep, and there are many of them: none is written while an
+// object of this class lives.
 class CQuietMessages
 {
 public:

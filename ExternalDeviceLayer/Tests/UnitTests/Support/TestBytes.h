@@ -1,5 +1,5 @@
-// Bytes of EDID images as the tests handle them: putting them together, checksums, loading from a heap buffer of exactly
-// their size, so that the sanitizers see every access outside it.
+// Bytes of EDID images as the tests handle them: putting them together, checksums, loading from a heap buffer of
+// exactly their size, so that the sanitizers see every access outside it.
 
 #pragma once
 

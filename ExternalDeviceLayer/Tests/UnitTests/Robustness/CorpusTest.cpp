@@ -68,7 +68,24 @@ bool UsesValue(unsigned int uiOperation)
     }
 }
 
-// Each edit on a fresh copy of the image, then a removal and a reading on what it left.
+// Each edit of a block behind a removal of a table timing, which leaves lists behind the bytes, and both once more.
+void RunEditsBehindARemoval(const CBytes& aui8Image)
+{
+    CEditRunner oRunner;
+    for (unsigned int uiOperation = CEditRunner::eEdit_BlockRemoveStandard;
+         uiOperation <= CEditRunner::eEdit_AddVendorSpecific; ++uiOperation)
+    {
+        oRunner.Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
+        for (unsigned int i = 0; i < 4; ++i)
+        {
+            const unsigned int uiNext = i % 2 == 0 ? CEditRunner::eEdit_BlockRemoveStandard : uiOperation;
+            const char* pszBroken = oRunner.Apply({ uiNext, 0, 0, gsc_auiValues[0] });
+            ASSERT_EQ(nullptr, pszBroken) << pszBroken << ": operation " << uiOperation << ", step " << i;
+        }
+    }
+}
+
+// Each edit on a fresh copy of the image.
 void RunAllEdits(const CBytes& aui8Image, unsigned int& uiEdits)
 {
     const unsigned int uiSize = static_cast<unsigned int>(aui8Image.size());
@@ -137,10 +154,16 @@ TEST(EditSweep, EveryEditOfTheSelfChecksImages)
     for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         SCOPED_TRACE(oImage.m_pszName);
-        ASSERT_NO_FATAL_FAILURE(RunAllEdits(ToBytes(*oImage.m_paui8Image), uiEdits));
-        ASSERT_NO_FATAL_FAILURE(RunDown(ToBytes(*oImage.m_paui8Image)));
+        const CBytes aui8Image = ToBytes(*oImage.m_paui8Image);
+        ASSERT_NO_FATAL_FAILURE(RunAllEdits(aui8Image, uiEdits));
+        ASSERT_NO_FATAL_FAILURE(RunEditsBehindARemoval(aui8Image));
+        ASSERT_NO_FATAL_FAILURE(RunDown(aui8Image));
     }
     ASSERT_NO_FATAL_FAILURE(RunAllEdits(MakeImageWithAllBlocks(), uiEdits));
+    CBytes aui8Image = MakeImageWithDisplayDescriptor();
+    ASSERT_NO_FATAL_FAILURE(RunEditsBehindARemoval(aui8Image));
+    ++aui8Image[gsc_uiBlockSize - 1]; // a wrong checksum, which the edits of the base block mend
+    ASSERT_NO_FATAL_FAILURE(RunAllEdits(aui8Image, uiEdits));
     RecordProperty("edits", static_cast<int>(uiEdits));
 }
 
@@ -180,6 +203,7 @@ TEST(CorpusSweep, EveryEdit)
     {
         SCOPED_TRACE(oImage.m_sName);
         ASSERT_NO_FATAL_FAILURE(RunAllEdits(oImage.m_aui8Data, uiEdits));
+        ASSERT_NO_FATAL_FAILURE(RunEditsBehindARemoval(oImage.m_aui8Data));
         ASSERT_NO_FATAL_FAILURE(RunDown(oImage.m_aui8Data));
     }
     RecordProperty("edits", static_cast<int>(uiEdits));

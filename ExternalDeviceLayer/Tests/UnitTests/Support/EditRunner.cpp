@@ -4,6 +4,10 @@
 
 #include <stddef.h>
 
+#include <algorithm>
+#include <iterator>
+
+#include "CompareLists.h"
 #include "EdidExtBlockCEA861.h"
 #include "EdidUtils.h"
 #include "VidParamTimingGeneric.h"
@@ -25,33 +29,32 @@ bool IsSumZero(const CBlock& aui8Block)
     return uiSum % 256 == 0;
 }
 
-bool IsSameTiming(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond)
+// The bytes of the base block that an edit of it may change besides the checksum.
+struct SNamedBytes
 {
-    const SVidParamGenericData& oA = oFirst.GetData();
-    const SVidParamGenericData& oB = oSecond.GetData();
-    return oA.uiHorizontalActive == oB.uiHorizontalActive && oA.uiVerticalActive == oB.uiVerticalActive &&
-           oA.uiVerticalRateInHz == oB.uiVerticalRateInHz && oA.uiHorizontalRateInHz == oB.uiHorizontalRateInHz &&
-           oA.uiPixelClockInHz == oB.uiPixelClockInHz && oA.uiHorizontalFrontPorch == oB.uiHorizontalFrontPorch &&
-           oA.uiHorizontalSync == oB.uiHorizontalSync && oA.uiHorizontalBackPorch == oB.uiHorizontalBackPorch &&
-           oA.uiVerticalFrontPorch == oB.uiVerticalFrontPorch && oA.uiVerticalSync == oB.uiVerticalSync &&
-           oA.uiVerticalBackPorch == oB.uiVerticalBackPorch && oA.uiFlags == oB.uiFlags &&
-           oA.eVideoFamilyType == oB.eVideoFamilyType;
-}
+    size_t m_uiFirst;
+    size_t m_uiEnd;
+};
 
-// The lists of a CEdid or of a block, against those of another one.
-template <class SOURCE>
-bool HasSameStandards(const SOURCE& oFirst, const SOURCE& oSecond)
+constexpr SNamedBytes gsc_aoNamedBytes[] = {
+    { 38, 54 },  // eEdit_RemoveStandard
+    { 54, 126 }, // eEdit_RemoveDetailed
+    { 35, 38 },  // eEdit_SetEstablished
+    { 35, 38 },  // eEdit_SetEstablishedFromId
+    { 12, 16 },  // eEdit_SetSerialNumber
+    { 20, 21 },  // eEdit_SetColorBitDepth
+    { 54, 126 }, // eEdit_SetPreferredMode
+    { 38, 54 },  // eEdit_RePackStandards
+    { 0, 0 },    // eEdit_UpdateChecksum
+};
+static_assert(std::size(gsc_aoNamedBytes) == CEditRunner::eEdit_BlockRemoveStandard, "a row for each edit of CEdid");
+
+bool ChangesOnlyNamedBytes(unsigned int uiOperation, const CBlock& aui8Before, const CBlock& aui8After)
 {
-    if (oFirst.GetStandardCount() != oSecond.GetStandardCount())
+    const SNamedBytes& oNamed = gsc_aoNamedBytes[uiOperation];
+    for (size_t i = 0; i < CEdidUtils::msc_uiChecksumOffset; ++i)
     {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetStandardCount(); ++i)
-    {
-        CVidParamTimingGeneric aoTimings[2];
-        int aiNative[2] = {};
-        if (oFirst.GetStandard(i, &aoTimings[0], &aiNative[0]) != oSecond.GetStandard(i, &aoTimings[1], &aiNative[1]) ||
-            aiNative[0] != aiNative[1] || !IsSameTiming(aoTimings[0], aoTimings[1]))
+        if ((i < oNamed.m_uiFirst || i >= oNamed.m_uiEnd) && aui8Before[i] != aui8After[i])
         {
             return false;
         }
@@ -59,64 +62,20 @@ bool HasSameStandards(const SOURCE& oFirst, const SOURCE& oSecond)
     return true;
 }
 
-template <class SOURCE>
-bool HasSameDetailed(const SOURCE& oFirst, const SOURCE& oSecond)
+bool IsEstablished(unsigned int uiOperation)
 {
-    if (oFirst.GetDetailedCount() != oSecond.GetDetailedCount())
-    {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetDetailedCount(); ++i)
-    {
-        CVidParamTimingGeneric aoTimings[2];
-        if (oFirst.GetDetailed(i, &aoTimings[0]) != oSecond.GetDetailed(i, &aoTimings[1]) ||
-            !IsSameTiming(aoTimings[0], aoTimings[1]))
-        {
-            return false;
-        }
-    }
-    return true;
+    return uiOperation == CEditRunner::eEdit_SetEstablished || uiOperation == CEditRunner::eEdit_SetEstablishedFromId;
 }
 
-bool HasSameAudio(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
-{
-    if (oFirst.GetAudioDescriptorCount() != oSecond.GetAudioDescriptorCount())
-    {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetAudioDescriptorCount(); ++i)
-    {
-        CEdidExtBlockCEA861::SAudioDescriptor oA = {};
-        CEdidExtBlockCEA861::SAudioDescriptor oB = {};
-        oFirst.GetAudioDescriptor(i, &oA);
-        oSecond.GetAudioDescriptor(i, &oB);
-        if (oA.m_eFormat != oB.m_eFormat || oA.m_uiChannels != oB.m_uiChannels ||
-            oA.m_eSamplingFreq != oB.m_eSamplingFreq || oA.m_uiExtra != oB.m_uiExtra)
-        {
-            return false;
-        }
-    }
-    return true;
-}
+int GetFlag(const SEditStep& oStep) { return static_cast<int>(oStep.m_uiValue & 1); }
 
-bool HasSameSpeakers(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
+bool UpdatesChecksum(const SEditStep& oStep) { return (oStep.m_uiValue & 4) == 0; }
+
+// Edits that leave a wrong checksum when there is nothing to change.
+bool LooksFirst(unsigned int uiOperation)
 {
-    if (oFirst.GetSpeakerDescriptorCount() != oSecond.GetSpeakerDescriptorCount())
-    {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetSpeakerDescriptorCount(); ++i)
-    {
-        unsigned int uiFirst = 0;
-        unsigned int uiSecond = 0;
-        oFirst.GetSpeakerDescriptor(i, &uiFirst);
-        oSecond.GetSpeakerDescriptor(i, &uiSecond);
-        if (uiFirst != uiSecond)
-        {
-            return false;
-        }
-    }
-    return true;
+    return uiOperation == CEditRunner::eEdit_SetSerialNumber || uiOperation == CEditRunner::eEdit_SetColorBitDepth ||
+           uiOperation == CEditRunner::eEdit_RePackStandards;
 }
 
 // The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
@@ -125,25 +84,74 @@ bool IsRemovalOfStandard(unsigned int uiOperation)
     return uiOperation == CEditRunner::eEdit_BlockRemoveStandard || uiOperation == CEditRunner::eEdit_RemoveStandard;
 }
 
-const char* CompareCea(const CEdidExtBlockCEA861& oBlock, const CEdidExtBlockCEA861& oFresh, bool bOnlyStandard)
+bool IsRemovalOfDetailed(unsigned int uiOperation)
 {
-    if (!HasSameStandards(oBlock, oFresh))
+    return uiOperation == CEditRunner::eEdit_BlockRemoveDetailed || uiOperation == CEditRunner::eEdit_RemoveDetailed;
+}
+
+// Edits whose success takes something out of a list.
+bool IsRemoval(const SEditStep& oStep, unsigned int uiOperation)
+{
+    return IsRemovalOfStandard(uiOperation) || IsRemovalOfDetailed(uiOperation) ||
+           uiOperation == CEditRunner::eEdit_RemoveAudio || uiOperation == CEditRunner::eEdit_RemoveSpeaker ||
+           (uiOperation == CEditRunner::eEdit_SetEstablished && GetFlag(oStep) == 0);
+}
+
+bool IsAddition(unsigned int uiOperation)
+{
+    return uiOperation == CEditRunner::eEdit_AddAudio || uiOperation == CEditRunner::eEdit_AddSpeaker ||
+           uiOperation == CEditRunner::eEdit_AddVendorSpecific;
+}
+
+bool IsZeroFrom(const CBlock& aui8Block, size_t uiFirst)
+{
+    return std::all_of(aui8Block.begin() + static_cast<ptrdiff_t>(uiFirst), aui8Block.end() - 1,
+                       [](unsigned char ui8Byte) { return ui8Byte == 0; });
+}
+
+// Where the descriptors of a CEA-861 block begin, if its data blocks end there and only zeros stand behind the
+// descriptors; else 0. In other blocks a removal may uncover bytes that then read as something else.
+unsigned int GetTidyStart(const CBlock& aui8Block)
+{
+    const unsigned int uiStart = aui8Block[2];
+    if (aui8Block[0] != gsc_uiCeaTag || aui8Block[1] < 3 || uiStart < 4 || uiStart > CEdidUtils::msc_uiChecksumOffset)
     {
-        return "the standard timings of a block are not those of its bytes";
+        return 0;
     }
-    if (bOnlyStandard)
+    unsigned int uiAt = 4;
+    while (uiAt < uiStart)
     {
-        return nullptr;
+        uiAt += 1U + (aui8Block[uiAt] & 0x1F);
     }
-    if (!HasSameDetailed(oBlock, oFresh))
+    if (uiAt != uiStart)
     {
-        return "the detailed timings of a block are not those of its bytes";
+        return 0;
     }
-    if (!HasSameAudio(oBlock, oFresh))
+    while (uiAt + 18 <= CEdidUtils::msc_uiChecksumOffset && (aui8Block[uiAt] != 0 || aui8Block[uiAt + 1] != 0))
     {
-        return "the audio descriptors of a block are not those of its bytes";
+        uiAt += 18;
     }
-    return HasSameSpeakers(oBlock, oFresh) ? nullptr : "the speaker masks of a block are not those of its bytes";
+    return IsZeroFrom(aui8Block, uiAt) ? uiStart : 0;
+}
+
+// The same where no descriptor follows, whose bytes would move into the data blocks with a table timing's removal.
+bool IsTidyWithoutDescriptors(const CBlock& aui8Block)
+{
+    const unsigned int uiStart = GetTidyStart(aui8Block);
+    return uiStart != 0 && IsZeroFrom(aui8Block, uiStart);
+}
+
+// Timings of the block that are the same as this one; 0 for one in YCbCr 4:2:0, whose code may stand elsewhere.
+unsigned int CountOrdinary(const CEdidExtBlock& oBlock, const CVidParamTimingGeneric& oTiming)
+{
+    unsigned int uiCount = 0;
+    for (unsigned int i = 0; i < oBlock.GetStandardCount() && oTiming.Is420ColorSpace() == 0; ++i)
+    {
+        CVidParamTimingGeneric oOther;
+        oBlock.GetStandard(i, &oOther, nullptr);
+        uiCount += IsSameTiming(oOther, oTiming) ? 1U : 0U;
+    }
+    return uiCount;
 }
 
 CEdidExtBlockCEA861::SAudioDescriptor MakeAudio(unsigned int uiValue)
@@ -180,14 +188,14 @@ bool IsBlockEdit(unsigned int uiOperation)
 
 int CEditRunner::Load(const unsigned char* pui8Data, unsigned int uiSize)
 {
-    m_abListsMayBeOld.reset();
+    m_abBehind.clear();
     return m_oEdid.SetEdidBuffer(pui8Data, uiSize, 0);
 }
 
 const char* CEditRunner::Apply(const SEditStep& oStep)
 {
     const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const CBlocks aaui8Before = CopyBlocks();
+    const SBefore oBefore = { CopyBlocks(), FindPlaces(oStep, uiOperation) };
     const int iResult = Run(oStep);
     if (iResult != 0)
     {
@@ -195,15 +203,25 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     }
     if (IsRawStep(uiOperation))
     {
-        return CheckAfterRawStep(oStep, aaui8Before);
+        return CheckAfterRawStep(oStep, oBefore.m_aaui8Blocks);
     }
-    if (const char* pszBroken = CheckBytes(oStep, uiOperation, iResult, aaui8Before))
+    const SPlace* poPlace = nullptr;
+    if (const char* pszBroken = CheckBytes(oStep, iResult, oBefore, poPlace))
     {
         return pszBroken;
     }
-    if (iResult != 0)
+    if (poPlace != nullptr)
     {
-        NoteOldLists(oStep, uiOperation, aaui8Before);
+        const char* pszBroken = iResult != 0 ? CheckEffect(oStep, oBefore, *poPlace) : CheckRefusal(oStep, oBefore);
+        if (pszBroken != nullptr)
+        {
+            return pszBroken;
+        }
+    }
+    if (iResult != 0 && poPlace != nullptr)
+    {
+        m_abBehind.resize(std::max(m_abBehind.size(), poPlace->m_uiBlock + 1));
+        m_abBehind[poPlace->m_uiBlock] = poPlace->m_uiBlock != 0 && IsRemovalOfStandard(uiOperation);
     }
     // Where no byte changed the lists are hardly ever worth the time.
     const bool bIsLikelySame = iResult == 0 && oStep.m_uiValue % 16 != 0;
@@ -213,7 +231,7 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
 int CEditRunner::Run(const SEditStep& oStep)
 {
     const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const int iValue = static_cast<int>(oStep.m_uiValue & 1);
+    const int bChecksum = UpdatesChecksum(oStep) ? 1 : 0;
     switch (uiOperation)
     {
     case eEdit_RemoveStandard:
@@ -221,10 +239,10 @@ int CEditRunner::Run(const SEditStep& oStep)
     case eEdit_RemoveDetailed:
         return m_oEdid.RemoveDetailed(oStep.m_uiIndex);
     case eEdit_SetEstablished:
-        return m_oEdid.SetEstablished(oStep.m_uiIndex, iValue, 1);
+        return m_oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), bChecksum);
     case eEdit_SetEstablishedFromId:
         return m_oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32)),
-                                            iValue, 1);
+                                            GetFlag(oStep), bChecksum);
     case eEdit_SetSerialNumber:
         m_oEdid.SetSerialNumber(oStep.m_uiValue);
         return 1;
@@ -236,8 +254,7 @@ int CEditRunner::Run(const SEditStep& oStep)
     }
     case eEdit_RePackStandards:
         m_oEdid.RePackStandards();
-        m_oEdid.ExtractStandardTimings();
-        m_oEdid.UpdateChecksum();
+        m_oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
         return 1;
     case eEdit_UpdateChecksum:
         m_oEdid.UpdateChecksum();
@@ -339,54 +356,239 @@ const char* CEditRunner::CheckAfterRawStep(const SEditStep& oStep, const CBlocks
     return nullptr;
 }
 
-const char* CEditRunner::CheckBytes(const SEditStep& oStep, unsigned int uiOperation, int iResult,
-                                    const CBlocks& aaui8Before)
+// In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed on
+// to when that one refuses.
+CEditRunner::CPlaces CEditRunner::FindPlaces(const SEditStep& oStep, unsigned int uiOperation) const
 {
+    if (uiOperation == eEdit_Reload || (IsBlockEdit(uiOperation) && oStep.m_uiBlock >= m_oEdid.GetExtensionCount()))
+    {
+        return {};
+    }
+    if (IsBlockEdit(uiOperation))
+    {
+        return { MakePlace(uiOperation, oStep.m_uiBlock + 1U, oStep.m_uiIndex) };
+    }
+    if (uiOperation != eEdit_RemoveStandard && uiOperation != eEdit_RemoveDetailed)
+    {
+        return { MakePlace(uiOperation, 0, oStep.m_uiIndex) };
+    }
+    CPlaces aoPlaces;
+    unsigned int uiRest = oStep.m_uiIndex;
+    for (size_t uiBlock = 0; uiBlock <= m_oEdid.GetExtensionCount(); ++uiBlock)
+    {
+        const unsigned int uiCount = CountTimings(uiOperation, uiBlock);
+        if (uiRest >= uiCount)
+        {
+            uiRest -= uiCount;
+            continue;
+        }
+        aoPlaces.push_back(MakePlace(uiOperation, uiBlock, uiRest));
+        if (uiBlock == 0)
+        {
+            break; // the base block's answer is final
+        }
+    }
+    return aoPlaces;
+}
+
+unsigned int CEditRunner::CountTimings(unsigned int uiOperation, size_t uiBlock) const
+{
+    const bool bDetailed = IsRemovalOfDetailed(uiOperation);
+    if (uiBlock == 0)
+    {
+        return bDetailed ? m_oEdid.GetBaseDetailedCount() : m_oEdid.GetBaseStandardCount();
+    }
+    const CEdidExtBlock& oBlock = *m_oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1));
+    return bDetailed ? oBlock.GetDetailedCount() : oBlock.GetStandardCount();
+}
+
+CEditRunner::SPlace CEditRunner::MakePlace(unsigned int uiOperation, size_t uiBlock, unsigned int uiIndex) const
+{
+    SPlace oPlace = { uiBlock, uiIndex, {}, 0 };
+    if (uiBlock != 0 && IsRemovalOfStandard(uiOperation))
+    {
+        m_oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1))->GetStandard(uiIndex, &oPlace.m_oTiming, nullptr);
+    }
+    oPlace.m_uiCount = Count(uiOperation, oPlace);
+    return oPlace;
+}
+
+// How many there are of what the operation removes.
+unsigned int CEditRunner::Count(unsigned int uiOperation, const SPlace& oPlace) const
+{
+    if (uiOperation == eEdit_SetEstablished)
+    {
+        return m_oEdid.GetEstablishedCount(1);
+    }
+    if (IsRemovalOfDetailed(uiOperation) || (IsRemovalOfStandard(uiOperation) && oPlace.m_uiBlock == 0))
+    {
+        return CountTimings(uiOperation, oPlace.m_uiBlock);
+    }
+    if (oPlace.m_uiBlock == 0)
+    {
+        return 0;
+    }
+    const CEdidExtBlock& oBlock = *m_oEdid.GetExtension(static_cast<unsigned int>(oPlace.m_uiBlock - 1));
+    if (IsRemovalOfStandard(uiOperation))
+    {
+        return CountOrdinary(oBlock, oPlace.m_oTiming);
+    }
+    if (oBlock.GetExtensionType() != gsc_uiCeaTag)
+    {
+        return 0;
+    }
+    const CEdidExtBlockCEA861& oCea = static_cast<const CEdidExtBlockCEA861&>(oBlock);
+    return uiOperation == eEdit_RemoveAudio ? oCea.GetAudioDescriptorCount() : oCea.GetSpeakerDescriptorCount();
+}
+
+// poPlace receives the place that changed, or the first one where nothing did; null when the edit has none.
+const char* CEditRunner::CheckBytes(const SEditStep& oStep, int iResult, const SBefore& oBefore,
+                                    const SPlace*& poPlace) const
+{
+    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
     const CBlocks aaui8After = CopyBlocks();
-    if (aaui8After.size() != aaui8Before.size())
+    if (aaui8After.size() != oBefore.m_aaui8Blocks.size())
     {
         return "the number of blocks changed";
     }
+    poPlace = oBefore.m_aoPlaces.empty() ? nullptr : &oBefore.m_aoPlaces.front();
     unsigned int uiChanged = 0;
     for (size_t i = 0; i < aaui8After.size(); ++i)
     {
-        if (aaui8After[i].size() != aaui8Before[i].size())
+        if (aaui8After[i].size() != oBefore.m_aaui8Blocks[i].size())
         {
             return "the size of a block changed";
         }
-        if (aaui8After[i] == aaui8Before[i])
+        if (aaui8After[i] == oBefore.m_aaui8Blocks[i])
         {
             continue;
         }
         ++uiChanged;
-        if (IsBlockEdit(uiOperation) && i != oStep.m_uiBlock + 1U)
+        const auto itPlace = std::find_if(oBefore.m_aoPlaces.begin(), oBefore.m_aoPlaces.end(),
+                                          [&](const SPlace& oPlace) { return oPlace.m_uiBlock == i; });
+        if (itPlace == oBefore.m_aoPlaces.end())
         {
-            return "an edit of a block changed another block";
+            return "an edit changed a block that it does not name";
         }
-        if (!IsSumZero(aaui8After[i]))
-        {
-            return "the checksum of the changed block is wrong";
-        }
+        poPlace = &*itPlace;
     }
-    if (iResult == 0 && uiChanged != 0)
+    if (iResult == 0 || uiChanged > 1 || poPlace == nullptr)
     {
-        return "a refusal changed bytes";
+        return uiChanged == 0 ? nullptr
+               : iResult == 0 ? "a refusal changed bytes"
+                              : "an edit changed more than one block";
     }
-    return uiChanged > 1 ? "an edit changed more than one block" : nullptr;
+    const CBlock& aui8Before = oBefore.m_aaui8Blocks[poPlace->m_uiBlock];
+    const CBlock& aui8After = aaui8After[poPlace->m_uiBlock];
+    if (poPlace->m_uiBlock == 0 && !ChangesOnlyNamedBytes(uiOperation, aui8Before, aui8After))
+    {
+        return "an edit changed bytes of the base block that it does not name";
+    }
+    if (uiChanged == 0 && (IsRemoval(oStep, uiOperation) || IsAddition(uiOperation)))
+    {
+        return "a removal or an addition changed no byte";
+    }
+    if (IsEstablished(uiOperation) && !UpdatesChecksum(oStep))
+    {
+        return aui8Before.back() == aui8After.back() ? nullptr : "a checksum changed that was not to";
+    }
+    const bool bMayStayWrong = uiChanged == 0 && LooksFirst(uiOperation);
+    return bMayStayWrong || IsSumZero(aui8After) ? nullptr : "the checksum of the named block is wrong";
 }
 
-// After an edit that succeeded. An edit of the EDID tells by the bytes which block it went to.
-void CEditRunner::NoteOldLists(const SEditStep& oStep, unsigned int uiOperation, const CBlocks& aaui8Before)
+// What a success has left, where it is cheap to read.
+const char* CEditRunner::CheckEffect(const SEditStep& oStep, const SBefore& oBefore, const SPlace& oPlace)
 {
-    const CBlocks aaui8After = CopyBlocks();
-    for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
+    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
+    const CBlock& aui8Before = oBefore.m_aaui8Blocks[oPlace.m_uiBlock];
+    if (!IsRemoval(oStep, uiOperation))
     {
-        if (IsBlockEdit(uiOperation) ? i == oStep.m_uiBlock : aaui8After[i + 1] != aaui8Before[i + 1])
-        {
-            m_abListsMayBeOld[i] = IsRemovalOfStandard(uiOperation);
-        }
+        return oPlace.m_uiBlock == 0 ? CheckStoredInBase(oStep, aui8Before) : CheckStoredInBlock(oStep, oPlace);
     }
+    bool bSure = true;
+    if (oPlace.m_uiBlock != 0)
+    {
+        bSure = IsRemovalOfStandard(uiOperation) ? oPlace.m_uiCount != 0 && IsTidyWithoutDescriptors(aui8Before)
+                                                 : !IsBehind(oPlace.m_uiBlock) && GetTidyStart(aui8Before) != 0;
+    }
+    return !bSure || Count(uiOperation, oPlace) < oPlace.m_uiCount ? nullptr : "a removal left the count as it was";
 }
+
+// A timing that stands in a list can be removed, except for one that has no code of its own.
+const char* CEditRunner::CheckRefusal(const SEditStep& oStep, const SBefore& oBefore) const
+{
+    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
+    const SPlace& oPlace = oBefore.m_aoPlaces.front();
+    const bool bMustRemove = IsRemovalOfStandard(uiOperation) && oPlace.m_uiCount != 0 && oPlace.m_uiBlock != 0 &&
+                             IsTidyWithoutDescriptors(oBefore.m_aaui8Blocks[oPlace.m_uiBlock]);
+    return bMustRemove ? "a table timing was not removed" : nullptr;
+}
+
+const char* CEditRunner::CheckStoredInBase(const SEditStep& oStep, const CBlock& aui8Before) const
+{
+    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
+    bool bStored = true;
+    switch (oStep.m_uiOperation % msc_uiOperationCount)
+    {
+    case eEdit_SetEstablishedFromId: {
+        const unsigned int uiBit = oStep.m_uiIndex % 32;
+        bStored = (pui8Base[35 + uiBit / 8] >> uiBit % 8 & 1) == GetFlag(oStep);
+        break;
+    }
+    case eEdit_SetSerialNumber:
+        for (unsigned int i = 0; i < 4; ++i)
+        {
+            bStored = bStored && pui8Base[12 + i] == (oStep.m_uiValue >> 8 * i & 0xFF);
+        }
+        break;
+    case eEdit_SetColorBitDepth:
+        bStored = pui8Base[20] == ((aui8Before[20] & 0x8FU) | oStep.m_uiValue % 10 << 4);
+        break;
+    default:
+        break;
+    }
+    return bStored ? nullptr : "a value of the base block is not what was set";
+}
+
+const char* CEditRunner::CheckStoredInBlock(const SEditStep& oStep, const SPlace& oPlace)
+{
+    CEdidExtBlock& oBlock = *m_oEdid.GetExtension(static_cast<unsigned int>(oPlace.m_uiBlock - 1));
+    if (oBlock.GetExtensionType() != gsc_uiCeaTag || IsBehind(oPlace.m_uiBlock))
+    {
+        return nullptr;
+    }
+    const CEdidExtBlockCEA861& oCea = static_cast<const CEdidExtBlockCEA861&>(oBlock);
+    bool bStored = true;
+    switch (oStep.m_uiOperation % msc_uiOperationCount)
+    {
+    case eEdit_BlockSetColorBitDepthSupport: {
+        unsigned int uiBits = 0;
+        oBlock.GetColorBitDepthSupport(uiBits);
+        bStored = uiBits == (oStep.m_uiValue & 7) || uiBits == 0; // 0 without an HDMI block
+        break;
+    }
+    case eEdit_SetAudio: {
+        const CEdidExtBlockCEA861::SAudioDescriptor oSet = MakeAudio(oStep.m_uiValue);
+        CEdidExtBlockCEA861::SAudioDescriptor oRead = {};
+        oCea.GetAudioDescriptor(oPlace.m_uiIndex, &oRead);
+        bStored = oRead.m_eFormat == (oSet.m_eFormat & 0x0FU) &&
+                  oRead.m_uiChannels == ((oSet.m_uiChannels - 1) & 7) + 1 &&
+                  oRead.m_eSamplingFreq == (oSet.m_eSamplingFreq & 0x7FU) && oRead.m_uiExtra == (oSet.m_uiExtra & 0xFF);
+        break;
+    }
+    case eEdit_SetSpeaker: {
+        unsigned int uiMask = 0;
+        oCea.GetSpeakerDescriptor(oPlace.m_uiIndex, &uiMask);
+        bStored = uiMask == (oStep.m_uiValue & 0x7FF);
+        break;
+    }
+    default:
+        break;
+    }
+    return bStored ? nullptr : "a value of a block is not what was set";
+}
+
+bool CEditRunner::IsBehind(size_t uiBlock) const { return uiBlock < m_abBehind.size() && m_abBehind[uiBlock]; }
 
 const char* CEditRunner::CheckLists() const
 {
@@ -404,6 +606,10 @@ const char* CEditRunner::CheckLists() const
     {
         return "a block does not load again";
     }
+    if (oFresh.GetBaseStandardCount() != m_oEdid.GetBaseStandardCount())
+    {
+        return "the number of standard timings of the base block is not that of its bytes";
+    }
     for (unsigned int i = 0; i < m_oEdid.GetBaseStandardCount(); ++i)
     {
         CVidParamTimingGeneric aoTimings[2];
@@ -414,21 +620,20 @@ const char* CEditRunner::CheckLists() const
             return "the standard timings of the base block are not those of its bytes";
         }
     }
-    if (oFresh.GetBaseStandardCount() != m_oEdid.GetBaseStandardCount())
-    {
-        return "the number of standard timings of the base block is not that of its bytes";
-    }
-
     for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
     {
-        const CEdidExtBlock* poBlock = m_oEdid.GetExtension(i);
-        if (poBlock->GetExtensionType() != gsc_uiCeaTag)
+        if (m_oEdid.GetExtension(i)->GetExtensionType() != gsc_uiCeaTag)
         {
             continue;
         }
-        if (const char* pszBroken =
-                CompareCea(static_cast<const CEdidExtBlockCEA861&>(*poBlock),
-                           static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i)), m_abListsMayBeOld[i]))
+        const auto& oBlock = static_cast<const CEdidExtBlockCEA861&>(*m_oEdid.GetExtension(i));
+        const auto& oOfBytes = static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i));
+        const char* pszBroken = CompareTableTimings(oBlock, oOfBytes);
+        if (pszBroken == nullptr && !IsBehind(i + 1))
+        {
+            pszBroken = CompareOtherLists(oBlock, oOfBytes);
+        }
+        if (pszBroken != nullptr)
         {
             return pszBroken;
         }

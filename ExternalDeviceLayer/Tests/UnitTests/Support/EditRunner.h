@@ -3,10 +3,12 @@
 
 #pragma once
 
-#include <bitset>
+#include <stddef.h>
+
 #include <vector>
 
 #include "Edid.h"
+#include "VidParamTimingGeneric.h"
 
 // One edit, in numbers that anything may make up.
 struct SEditStep
@@ -53,8 +55,9 @@ public:
     int Load(const unsigned char* pui8Data, unsigned int uiSize);
 
     // Runs one edit. Null when all promises held: a refusal changed no byte; a success changed at most the one block
-    // that it names and left its checksum right; number and size of the blocks stayed; the bytes load again, and all
-    // lists are those of the bytes, as far as the edit promises it. Else a text that names the broken promise.
+    // that its index falls into, of the base block only the bytes that it names, took out what it was to remove, and
+    // left the checksum right; number and size of the blocks stayed; the bytes load again, and all lists are those of
+    // the bytes, as far as the edit promises it. Else a text that names the broken promise.
     const char* Apply(const SEditStep& oStep);
 
     // Runs one edit and looks at nothing; takes no memory of its own. Gives what the edit gives.
@@ -64,19 +67,44 @@ public:
     unsigned int GetSuccessCount() const { return m_uiSuccessCount; }
 
 private:
-    static constexpr unsigned int msc_uiMostExtensions = 255; // their number is a byte
+    using CBlock = std::vector<unsigned char>;
+    using CBlocks = std::vector<CBlock>;
 
-    using CBlocks = std::vector<std::vector<unsigned char>>;
+    // A block that an edit may change, counted from 0, the base block.
+    struct SPlace
+    {
+        size_t m_uiBlock;
+        unsigned int m_uiIndex;           // there
+        CVidParamTimingGeneric m_oTiming; // the table timing that is to be removed
+        unsigned int m_uiCount;           // how many there were of what is to be removed
+    };
+    using CPlaces = std::vector<SPlace>;
+
+    struct SBefore
+    {
+        CBlocks m_aaui8Blocks;
+        CPlaces m_aoPlaces;
+    };
 
     int RunOnBlock(const SEditStep& oStep, unsigned int uiOperation);
-    const char* CheckAfterRawStep(const SEditStep& oStep, const CBlocks& aaui8Before);
-    const char* CheckBytes(const SEditStep& oStep, unsigned int uiOperation, int iResult, const CBlocks& aaui8Before);
-    void NoteOldLists(const SEditStep& oStep, unsigned int uiOperation, const CBlocks& aaui8Before);
-    const char* CheckLists() const;
     CBlocks CopyBlocks() const;
+    CPlaces FindPlaces(const SEditStep& oStep, unsigned int uiOperation) const;
+    SPlace MakePlace(unsigned int uiOperation, size_t uiBlock, unsigned int uiIndex) const;
+    unsigned int CountTimings(unsigned int uiOperation, size_t uiBlock) const;
+    unsigned int Count(unsigned int uiOperation, const SPlace& oPlace) const;
+    bool IsBehind(size_t uiBlock) const;
+
+    const char* CheckAfterRawStep(const SEditStep& oStep, const CBlocks& aaui8Before);
+    const char* CheckBytes(const SEditStep& oStep, int iResult, const SBefore& oBefore, const SPlace*& poPlace) const;
+    const char* CheckEffect(const SEditStep& oStep, const SBefore& oBefore, const SPlace& oPlace);
+    const char* CheckRefusal(const SEditStep& oStep, const SBefore& oBefore) const;
+    const char* CheckStoredInBase(const SEditStep& oStep, const CBlock& aui8Before) const;
+    const char* CheckStoredInBlock(const SEditStep& oStep, const SPlace& oPlace);
+    const char* CheckLists() const;
 
     CEdid m_oEdid;
-    // For each extension block: 1 from the removal of a table timing to the next other edit of the block that succeeds.
-    std::bitset<msc_uiMostExtensions> m_abListsMayBeOld;
+    // Blocks whose lists, all but the table timings, are behind their bytes: from a removal of a table timing to the
+    // next edit of the block.
+    std::vector<bool> m_abBehind;
     unsigned int m_uiSuccessCount = 0;
 };

@@ -1,0 +1,14 @@
+// Compares the lists that blocks hold: those of an edited block with those of its bytes loaded afresh, or of blocks whose
+// bytes differ where no answer should look.
+
+#pragma once
+
+class CEdidExtBlockCEA861;
+class CVidParamTimingGeneric;
+
+// In everything that is stored.
+bool IsSameTiming(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond);
+
+// Null when the lists are the same, else a text that names the first one that is not.
+const char* CompareTableTimings(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond);
+const char* CompareOtherLists(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond); // all but those

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "CapturedOutput.h"
+#include "EdidExtBlockCEA861.h"
 #include "EditRunner.h"
 #include "FailingHeap.h"
 #include "ReadEverything.h"
@@ -132,12 +133,6 @@ private:
 INSTANTIATE_TEST_SUITE_P(Heaps, FailingMemory, testing::Values(eOperatorNew, eAllocator),
                          [](const auto& oInfo) { return oInfo.param == eOperatorNew ? "OperatorNew" : "Allocator"; });
 
-CBytes GetBytes(const CEdid& oEdid)
-{
-    const auto aui8Bytes = oEdid.GetEdidBuffer();
-    return CBytes(aui8Bytes.GetData(), aui8Bytes.GetData() + aui8Bytes.GetCount());
-}
-
 std::unique_ptr<CEditRunner> MakeLoaded(const CBytes& aui8Image)
 {
     auto poRunner = std::make_unique<CEditRunner>();
@@ -156,13 +151,13 @@ TEST_P(FailingMemory, Load)
         [&] { return MakeLoaded(aui8Other); }, [&](CEditRunner& oRunner) { oRunner.Load(aui8Image.data(), uiSize); },
         [&](CEditRunner& oRunner, bool bThrown) {
             // The blocks that came before the failure, whole; the old contents are gone.
-            const CBytes aui8Held = GetBytes(oRunner.GetEdid());
+            const CBytes aui8Held = Serialise(oRunner.GetEdid());
             ASSERT_EQ(bThrown, aui8Held.size() != aui8Image.size());
             ASSERT_TRUE(std::equal(aui8Held.begin(), aui8Held.end(), aui8Image.begin()));
             ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
             ReadEverything(oRunner.GetEdid());
             ASSERT_EQ(1, oRunner.Load(aui8Image.data(), uiSize));
-            ASSERT_EQ(aui8Image, GetBytes(oRunner.GetEdid()));
+            ASSERT_EQ(aui8Image, Serialise(oRunner.GetEdid()));
         });
     EXPECT_GT(uiAllocations, 5U);
 }
@@ -189,10 +184,10 @@ protected:
         SCOPED_TRACE(testing::Message() << "operation " << oStep.m_uiOperation << ", index " << oStep.m_uiIndex);
         const auto poDone = MakeLoaded(aui8Image);
         poDone->Run(oStep);
-        const CBytes aui8Done = GetBytes(poDone->GetEdid());
+        const CBytes aui8Done = Serialise(poDone->GetEdid());
         Run([&] { return MakeLoaded(aui8Image); }, [&](CEditRunner& oRunner) { oRunner.Run(oStep); },
             [&](CEditRunner& oRunner, bool bThrown) {
-                const CBytes aui8Held = GetBytes(oRunner.GetEdid());
+                const CBytes aui8Held = Serialise(oRunner.GetEdid());
                 ASSERT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == aui8Image));
                 ASSERT_TRUE(oRunner.GetEdid().IsChecksumValid());
                 ReadEverything(oRunner.GetEdid());
@@ -258,7 +253,7 @@ void ExtractModes(SOutputs& oOutputs)
 
 void CheckOutputs(SOutputs& oOutputs, bool /*bThrown*/)
 {
-    EXPECT_EQ(MakeImageWithAllBlocks(), GetBytes(oOutputs.m_oEdid));
+    EXPECT_EQ(MakeImageWithAllBlocks(), Serialise(oOutputs.m_oEdid));
     for (const CZorEdidUtils::CModeList& aoModes : oOutputs.m_aoModes)
     {
         for (unsigned int i = 0; i < aoModes.GetCount(); ++i)
@@ -317,6 +312,30 @@ TEST_P(FailingMemory, SerialisingAndComparing)
         });
     Run(
         MakeOutputs, [](SOutputs& oOutputs) { EXPECT_NE(0, oOutputs.m_oEdid == oOutputs.m_oEdid); }, CheckOutputs);
+}
+
+// Questions that take memory for their answer.
+TEST_P(FailingMemory, Questions)
+{
+    const std::function<void(CEdidExtBlockCEA861&)> aQuestions[] = {
+        [](CEdidExtBlockCEA861& oBlock) { CZorEdidUtils::GetExtensionType(oBlock); },
+        [](CEdidExtBlockCEA861&) { CEdidExtBlockCEA861::GetAudioFormatStr(CEdidExtBlockCEA861::eAudioFormat_Ac3); },
+        [](CEdidExtBlockCEA861&) {
+            CEdidExtBlockCEA861::GetAudioSamplingFreqStr(CEdidExtBlockCEA861::eAudioSamplingFreq_48KHz);
+        },
+        [](CEdidExtBlockCEA861& oBlock) {
+            unsigned int uiBits = 0;
+            EXPECT_EQ(1, oBlock.GetColorBitDepthSupport(uiBits)); // looks at an HDMI block with codes
+        },
+    };
+    for (const auto& Ask : aQuestions)
+    {
+        const unsigned int uiAllocations = Run(
+            MakeOutputs,
+            [&](SOutputs& oOutputs) { Ask(static_cast<CEdidExtBlockCEA861&>(*oOutputs.m_oEdid.GetExtension(0))); },
+            CheckOutputs);
+        EXPECT_GT(uiAllocations, 0U);
+    }
 }
 
 // Files are closed on the way out.
@@ -559,20 +578,37 @@ TEST_P(FailingMemory, Arrays)
     }
 }
 
+// What was inserted before is all there, and so is a key whose value got no memory, with an empty one.
 TEST_P(FailingMemory, Map)
 {
     using CTextMap = CMMap<unsigned int, CMString, const unsigned int&, const CMString&>;
-    const unsigned int uiAllocations = Run([] { return std::make_unique<CTextMap>(); },
-                                           [](CTextMap& oMap) {
-                                               for (unsigned int i = 0; i < 25; ++i)
-                                               {
-                                                   oMap[i] = "a value with memory of its own";
-                                               }
-                                           },
-                                           [](CTextMap& oMap, bool /*bThrown*/) {
-                                               oMap[3] = "usable";
-                                               EXPECT_EQ("usable", GetText(oMap[3]));
-                                           });
+    const std::string sValue = "a value with memory of its own";
+    unsigned int uiBegun = 0; // insertions
+    unsigned int uiDone = 0;  // insertions, and values assigned
+    const unsigned int uiAllocations = Run(
+        [&] {
+            uiBegun = 0;
+            uiDone = 0;
+            return std::make_unique<CTextMap>();
+        },
+        [&](CTextMap& oMap) {
+            for (; uiDone < 25; ++uiDone)
+            {
+                CMString& oValue = oMap[uiDone];
+                ++uiBegun;
+                oValue = sValue.c_str();
+            }
+        },
+        [&](CTextMap& oMap, bool /*bThrown*/) {
+            ASSERT_EQ(uiBegun, static_cast<unsigned int>(oMap.GetCount()));
+            for (unsigned int i = 0; i < uiBegun; ++i)
+            {
+                EXPECT_EQ(i < uiDone ? sValue : "", GetText(oMap[i]));
+            }
+            EXPECT_EQ(uiBegun, static_cast<unsigned int>(oMap.GetCount()));
+            oMap[99] = "usable";
+            EXPECT_EQ("usable", GetText(oMap[99]));
+        });
     EXPECT_EQ(1U + 3U + 25U, uiAllocations); // the table, three blocks of ten nodes, the values
 }
 }

@@ -119,6 +119,7 @@ void ReadTiming(CDigest& oDigest, const READ& Read)
     oDigest.Add(CEdidUtils::ConvertVidParamToDetailedDescriptor(&oGeneric, &oRaw, &oSize));
     oDigest.AddBytes(oRaw.m_aui8Data, sizeof(oRaw.m_aui8Data));
     oDigest.Add(CEdidUtils::ConvertDetailedDescriptorToVidParam(oRaw, &oRecord));
+    oDigest.Add(oRaw.GetImageWidth() + oRaw.GetImageHeight());
 }
 
 // A text getter into buffers of several sizes, each in heap memory of exactly its size.
@@ -267,6 +268,9 @@ void ReadBytes(CDigest& oDigest, const SOURCE& oSource)
         oDigest.AddBytes(pui8Room.get(), uiRoom);
     }
     oDigest.Add(oSource.GetEdidBuffer(128, nullptr));
+
+    oDigest.Add(CEdidUtils::Is8BitsChecksumValid(aui8Bytes.GetCount(), aui8Bytes.GetData()));
+    oDigest.Add(CEdidUtils::Compute8BitsChecksum(aui8Bytes.GetCount(), aui8Bytes.GetData()));
 }
 
 template <class SOURCE>
@@ -305,6 +309,16 @@ void ReadDataBlocks(CDigest& oDigest, const CEdidExtBlockCEA861& oBlock, unsigne
 
 void ReadCea(CDigest& oDigest, const CEdidExtBlockCEA861& oBlock)
 {
+    oDigest.Add(CEdidExtBlockCEA861::IsSupported(oBlock.GetSize(), oBlock.GetData()));
+    for (unsigned int i = 0; i < oBlock.GetSize(); ++i) // any byte is a question
+    {
+        unsigned int uiVic = 0;
+        int iNative = -1;
+        oDigest.Add(CEdidExtBlockCEA861::ExtractSvdCodeInfo(oBlock.GetData()[i], &uiVic, &iNative));
+        oDigest.Add(CEdidExtBlockCEA861::IsSupportedSvd(oBlock.GetData()[i]));
+        oDigest.Add(uiVic);
+        oDigest.Add(iNative);
+    }
     ReadDataBlocks<CEdidExtBlockCEA861::ECea861_DataBlockTags>(oDigest, oBlock, 8);
     ReadDataBlocks<CEdidExtBlockCEA861::ECea861_DataBlockExtTags>(oDigest, oBlock, 33);
     oDigest.Add(oBlock.GetVendorSpecificCount());
@@ -336,6 +350,28 @@ void ReadCea(CDigest& oDigest, const CEdidExtBlockCEA861& oBlock)
     }
 }
 
+// A record at every place of the block.
+template <class RAW>
+void ReadRecords(CDigest& oDigest, const CEdidExtBlockDisplayID& oBlock,
+                 int (*pfnConvert)(const RAW*, CVidParamTiming*))
+{
+    CVidParamTimingGeneric oTiming;
+    for (unsigned int uiOffset = 0; uiOffset + sizeof(RAW) <= oBlock.GetSize(); ++uiOffset)
+    {
+        oDigest.Add(pfnConvert(reinterpret_cast<const RAW*>(oBlock.GetData() + uiOffset), &oTiming));
+        AddTiming(oDigest, oTiming);
+    }
+    oDigest.Add(pfnConvert(reinterpret_cast<const RAW*>(oBlock.GetData()), nullptr));
+    oDigest.Add(pfnConvert(nullptr, &oTiming));
+}
+
+void ReadDisplayId(CDigest& oDigest, const CEdidExtBlockDisplayID& oBlock)
+{
+    oDigest.Add(CEdidExtBlockDisplayID::IsSupported(oBlock.GetSize(), oBlock.GetData()));
+    ReadRecords(oDigest, oBlock, CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam);
+    ReadRecords(oDigest, oBlock, CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam);
+}
+
 void ReadBlock(CDigest& oDigest, const CEdidExtBlock& oBlock)
 {
     oDigest.Add(oBlock.GetExtensionType());
@@ -358,9 +394,13 @@ void ReadBlock(CDigest& oDigest, const CEdidExtBlock& oBlock)
     }
     else if (oBlock.GetExtensionType() == gsc_uiDisplayIdTag)
     {
-        oDigest.Add(CEdidExtBlockDisplayID::IsSupported(oBlock.GetSize(), oBlock.GetData()));
+        ReadDisplayId(oDigest, static_cast<const CEdidExtBlockDisplayID&>(oBlock));
     }
     oDigest.AddText(CZorEdidUtils::GetExtensionType(oBlock));
+
+    const std::unique_ptr<CEdidExtBlock> poCopy(
+        CEdidExtBlock::CreateExtensionBlock(oBlock.GetSize(), oBlock.GetData(), 0));
+    oDigest.Add(poCopy != nullptr ? poCopy->GetStandardCount() : 0U);
 }
 
 void ReadModes(CDigest& oDigest, const CZorEdidUtils::CModeList& aoModes)
@@ -369,10 +409,11 @@ void ReadModes(CDigest& oDigest, const CZorEdidUtils::CModeList& aoModes)
     for (unsigned int i = 0; i < aoModes.GetCount(); ++i)
     {
         AddTiming(oDigest, aoModes[i]);
+        oDigest.Add(CZorEdidUtils::SortVidParam(aoModes[i], aoModes[0], 0));
     }
 }
 
-// The long forms of the reports, with lists that may be incomplete: an EDID without preferred mode ends the short ones.
+// The long forms of the reports, with the lists as they are: an EDID without preferred mode ends the short ones.
 void ReadLongReports(CDigest& oDigest, const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,
                      const CZorEdidUtils::CModeList (&aoModes)[7])
 {
@@ -402,7 +443,9 @@ void ReadTools(CDigest& oDigest, const CEdid& oEdid)
     {
         ReadModes(oDigest, aoList);
     }
-    if (iModes == 0)
+    const CZorEdidUtils::CByteArray aui8Bytes = oEdid.GetEdidBuffer();
+    const unsigned int uiChecksum = aui8Bytes[static_cast<int>(CEdidUtils::msc_uiChecksumOffset)];
+    if (iModes == 0 || uiChecksum % 8 == 0) // the short ones write the same else
     {
         ReadLongReports(oDigest, oEdid, oPreferred, aoModes);
     }
@@ -413,9 +456,10 @@ void ReadTools(CDigest& oDigest, const CEdid& oEdid)
                                                    uiType == 1 ? "" : "# "));
         oDigest.AddLines(oLines);
     }
+    oDigest.Add(CEdidUtils::GetFormatedEdidDataStrings(aui8Bytes.GetCount(), aui8Bytes.GetData(), oLines, nullptr));
+    oDigest.AddLines(oLines);
 
-    const CZorEdidUtils::CByteArray aui8Bytes = oEdid.GetEdidBuffer();
-    const bool bFirst = aui8Bytes[static_cast<int>(CEdidUtils::msc_uiChecksumOffset)] % 2 != 0;
+    const bool bFirst = uiChecksum % 2 != 0;
     oDigest.Add(CZorEdidUtils::CompareTimings(oEdid, oEdid, bFirst ? 1 : 0, 1));
     oDigest.Add(CZorEdidUtils::CompareTimings(aui8Bytes, aui8Bytes, bFirst ? 0 : 1, 0));
     oDigest.Add(CEdidBase::GetEdidSizeFromData(aui8Bytes.GetCount(), aui8Bytes.GetData()));
@@ -426,7 +470,11 @@ unsigned long long ReadEverything(const CEdid& oEdid)
 {
     CDigest oDigest;
     ReadBytes(oDigest, oEdid);
+    CEdid oOther;
+    oOther.SetEdidBuffer(oEdid.GetBaseBlock(), CEdidUtils::msc_uiBlockSize, 0);
     oDigest.Add(oEdid == oEdid);
+    oDigest.Add(oEdid == oOther);
+    oDigest.Add(oOther == oEdid);
     ReadIdentity(oDigest, oEdid);
     ReadBaseTimings(oDigest, oEdid);
     ReadTimings(oDigest, oEdid);

@@ -1,7 +1,8 @@
 // Fuzz target: the input chooses an image and a program of edits, each of which must keep its promises.
 //
 //   byte 0  number of the self-check's image; at their count and above: an image of the input's own, repaired, whose
-//           number of blocks (1 to 4) stands in the next byte and whose bytes follow
+//           number of blocks (1 to 4) stands in the next byte and whose bytes follow; bit 7 of that byte makes the
+//           checksum of the base block wrong
 //   then    edits of 8 bytes: operation, block, index (16 bits), value (32 bits)
 
 #include <iterator>
@@ -28,11 +29,13 @@ void LoadImage(CInput& oInput, CEditRunner& oRunner)
         return;
     }
     uint8_t aui8Own[gsc_uiLargestOwnImage] = {};
-    const size_t uiSize = (1 + oInput.TakeByte() % 4) * gsc_uiBlockSize;
+    const unsigned int uiHead = oInput.TakeByte();
+    const size_t uiSize = (1 + uiHead % 4) * gsc_uiBlockSize;
     size_t uiTaken = 0;
     const uint8_t* pui8Bytes = oInput.TakeBytes(uiSize, &uiTaken);
     std::copy(pui8Bytes, pui8Bytes + uiTaken, aui8Own);
     RepairImage(aui8Own, uiSize);
+    aui8Own[gsc_uiBlockSize - 1] = static_cast<uint8_t>(aui8Own[gsc_uiBlockSize - 1] + (uiHead >> 7));
     oRunner.Load(aui8Own, static_cast<unsigned int>(uiSize));
 }
 }

@@ -5,6 +5,7 @@
 
 #include "FormulaModel.h"
 #include "FuzzSupport.h"
+#include "VidParamCea.h"
 #include "VidParamCvt.h"
 #include "VidParamGtf.h"
 #include "VidParamTimingFunc.h"
@@ -130,7 +131,7 @@ void RunFormulas(unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRat
     Require(CVidParamCvt::GetVSyncLines(uiWidth, uiHeight) == SyncLines(uiWidth, uiHeight), "sync lines");
 }
 
-// The tables: the same answer with and without an output, and a row that passes its filters.
+// The tables: the same answer with and without an output, and a row that passes its filters. A filter of 0 is open.
 void RunTables(unsigned int uiIndex, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)
 {
     const auto apfnTables = { CVidParamTimingFunc::GetCeaTiming, CVidParamTimingFunc::GetDmtTiming,
@@ -140,7 +141,29 @@ void RunTables(unsigned int uiIndex, unsigned int uiWidth, unsigned int uiHeight
         CVidParamTimingGeneric oTiming;
         const int iResult = pfnTable(uiIndex, &oTiming, uiWidth, uiHeight, uiRate);
         Require(pfnTable(uiIndex, nullptr, uiWidth, uiHeight, uiRate) == iResult, "a test answers as the call");
-        Require(iResult == 0 || uiWidth == 0 || oTiming.GetHorizontalActive() == uiWidth, "a row passes its filter");
+        if (iResult != 0)
+        {
+            Require(uiWidth == 0 || oTiming.GetHorizontalActive() == uiWidth, "a row passes its filter of width");
+            Require(uiHeight == 0 || oTiming.GetVerticalActive() == uiHeight, "a row passes its filter of height");
+            Require(uiRate == 0 || oTiming.GetVerticalRateInHz() == uiRate, "a row passes its filter of rate");
+        }
+    }
+}
+
+// A code of the CEA-861 table to its timing and back; where codes share a timing, the lower one comes back.
+void RunCode(unsigned int uiCode)
+{
+    CVidParamTimingGeneric oTiming;
+    const int iResult = CVidParamCea::GetVidParamFromVic(uiCode, &oTiming);
+    Require(iResult == CVidParamCea::IsVicSupported(uiCode), "a code has a timing when it is supported");
+    Require((CVidParamCea::GetVicTableIndex(uiCode) >= 0) == (iResult != 0), "a supported code has a row");
+    if (iResult != 0)
+    {
+        unsigned int uiBack = 0;
+        CVidParamTimingGeneric oBack;
+        Require(CVidParamCea::GetVicFromVidParam(oTiming, uiBack) != 0 && uiBack <= uiCode, "a timing has a code");
+        Require(CVidParamCea::GetVidParamFromVic(uiBack, &oBack) != 0, "the code that comes back has a timing");
+        Require(ReadAll(oBack) == ReadAll(oTiming), "the code that comes back has the same timing");
     }
 }
 }
@@ -164,6 +187,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     RunDivisions(auiValues[0], auiValues[1]);
     RunTimings(auiValues);
     RunFormulas(auiValues[0], auiValues[4], auiValues[9]);
-    RunTables(auiValues[11] % 256, auiValues[0], auiValues[4], auiValues[9]);
+    const unsigned int uiChoice = auiValues[11];
+    RunTables(uiChoice % 256, (uiChoice & 0x100) != 0 ? auiValues[0] : 0, (uiChoice & 0x200) != 0 ? auiValues[4] : 0,
+              (uiChoice & 0x400) != 0 ? auiValues[9] : 0);
+    RunCode(uiChoice % 256 + ((uiChoice & 0x100) != 0 ? 1000 : 0)); // the 1000/1001 variant of a code
     return 0;
 }

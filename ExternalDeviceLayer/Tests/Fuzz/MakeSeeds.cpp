@@ -1,4 +1,5 @@
-// Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and as the head of edit programs.
+// Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and as the head of edit programs;
+// programs over strings that share a buffer; modes.
 //   MakeSeeds FOLDER    the folders FOLDER/FuzzReadEverything and so on must exist
 
 #include <stdio.h>
@@ -12,6 +13,16 @@
 
 namespace
 {
+constexpr unsigned int gsc_uiStringOperations = 26;
+
+// The last number chooses row, filters, scan, colour space and 3D; see FuzzNumbers.cpp.
+constexpr unsigned int gsc_aauiModes[][12] = {
+    { 1920, 88, 44, 148, 1080, 4, 5, 36, 67500, 60, 148500000, 0x700 }, // passes all filters of the tables
+    { 1920, 88, 44, 148, 540, 2, 5, 15, 33750, 30, 74250000, 0x105 },   // interlaced; a code of a variant
+    { 640, 16, 96, 48, 480, 10, 2, 33, 31469, 59, 25175000, 0x002 },    // 4:2:0
+    { 4096, 0, 0, 0, 2160, 0, 0, 0, 0, 24, 0, 0x062 },                  // no blanking, no clock
+};
+
 bool WriteFile(const std::string& sPath, const void* pBytes, size_t uiSize)
 {
     FILE* poFile = fopen(sPath.c_str(), "wb");
@@ -51,6 +62,31 @@ std::string MakeProgram(size_t uiImage)
     return sProgram;
 }
 
+// FuzzStrings: a text, a second string that shares its buffer, then this operation on the second one. Its arguments are
+// all the same number: 16 to 18 as a kind, an index within the text (less 16), a length. More operations than there are
+// begin anew.
+std::string MakeStringProgram(unsigned int uiOperation, unsigned int uiArgument)
+{
+    std::string sProgram = { 0, 0, 5, 'A', 'b', ' ', 'c', 'D' }; // operation 0 gives string 0 a text of 5 characters,
+    sProgram += { 2, 1 };                                        // operation 2 gives string 1 that of string 0
+    sProgram += { static_cast<char>(uiOperation), 1 };
+    return sProgram + std::string(24, static_cast<char>(uiArgument));
+}
+
+// FuzzNumbers: twelve numbers, each behind a shift by 0 bits. Sizes of the picture, porches, syncs; rates; the clock.
+std::string MakeNumbers(const unsigned int (&auiValues)[12])
+{
+    std::string sInput;
+    for (const unsigned int uiValue : auiValues)
+    {
+        sInput += '\0';
+        for (unsigned int uiByte = 0; uiByte < 4; ++uiByte)
+        {
+            sInput += static_cast<char>(uiValue >> 8 * uiByte & 0xFF);
+        }
+    }
+    return sInput;
+}
 }
 
 int main(int iCount, char** ppszArguments)
@@ -83,6 +119,21 @@ int main(int iCount, char** ppszArguments)
         sProgram = std::string(1, '\xFF') + static_cast<char>(sImage.size() / 128 - 1) + sImage + sProgram;
         bAll = WriteFile(sFolder + "/FuzzReadEverything/" + sName, sImage.data(), sImage.size()) && bAll;
         bAll = WriteFile(sFolder + "/FuzzEditSequence/" + sName, sProgram.data(), sProgram.size()) && bAll;
+    }
+
+    for (unsigned int uiOperation = 0; uiOperation < gsc_uiStringOperations; ++uiOperation)
+    {
+        for (unsigned int uiArgument = 16; uiArgument <= 18; ++uiArgument)
+        {
+            const std::string sProgram = MakeStringProgram(uiOperation, uiArgument);
+            const std::string sName = std::to_string(uiOperation) + "-" + std::to_string(uiArgument);
+            bAll = WriteFile(sFolder + "/FuzzStrings/" + sName, sProgram.data(), sProgram.size()) && bAll;
+        }
+    }
+    for (size_t i = 0; i < std::size(gsc_aauiModes); ++i)
+    {
+        const std::string sNumbers = MakeNumbers(gsc_aauiModes[i]);
+        bAll = WriteFile(sFolder + "/FuzzNumbers/" + std::to_string(i), sNumbers.data(), sNumbers.size()) && bAll;
     }
     return bAll ? 0 : 1;
 }

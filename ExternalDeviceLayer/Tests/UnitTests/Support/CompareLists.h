@@ -1,5 +1,4 @@
-// Compares the lists that blocks hold: those of an edited block with those of its bytes loaded afresh, or of blocks whose
-// bytes differ where no answer should look.
+// Compares the lists that an edited block holds with those of its bytes loaded afresh.
 
 #pragma once
 

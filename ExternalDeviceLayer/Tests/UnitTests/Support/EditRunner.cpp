@@ -356,8 +356,8 @@ const char* CEditRunner::CheckAfterRawStep(const SEditStep& oStep, const CBlocks
     return nullptr;
 }
 
-// In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed on
-// to when that one refuses.
+// In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed
+// on to when that one refuses.
 CEditRunner::CPlaces CEditRunner::FindPlaces(const SEditStep& oStep, unsigned int uiOperation) const
 {
     if (uiOperation == eEdit_Reload || (IsBlockEdit(uiOperation) && oStep.m_uiBlock >= m_oEdid.GetExtensionCount()))

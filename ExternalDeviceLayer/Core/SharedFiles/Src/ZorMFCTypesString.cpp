@@ -4,15 +4,18 @@
 #include "ZorMFCTypes/CMString.h"
 
 #include <limits.h>
+#include <string.h>
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace
 {
 constexpr CMString gsc_oEmptyString;
 
-int LengthOf(const char* pszText) { return pszText != nullptr ? static_cast<int>(ZorTools_strlen(pszText)) : 0; }
+// INT_MAX, which no buffer can have, where it is that or more; a count in 32 bits would wrap.
+int LengthOf(const char* pszText) { return pszText != nullptr ? static_cast<int>(strnlen(pszText, INT_MAX)) : 0; }
 
 // A source of no characters may be null.
 void CopyChars(char* pszDestination, const char* pszSource, int iCount)
@@ -35,9 +38,17 @@ int SumOfLengths(int iFirst, int iSecond)
     return static_cast<int>(std::min(static_cast<long long>(iFirst) + iSecond, static_cast<long long>(INT_MAX)));
 }
 
-char ToUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char ToUpper(char c)
+{
+    ZorTools_strupr_s(&c, 1);
+    return c;
+}
 
-char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char ToLower(char c)
+{
+    ZorTools_strlwr_s(&c, 1);
+    return c;
+}
 
 bool IsOneOf(char c, const char* pszTargets) { return c != '\0' && ZorTools_strchr(pszTargets, c) != nullptr; }
 }
@@ -117,7 +128,7 @@ void CMString::CopyBeforeWrite()
 
 bool CMString::AllocBeforeWrite(int iLength)
 {
-    if (GetMetaData()->m_iRefs < 2 && GetAllocLength() >= iLength)
+    if (GetMetaData()->m_iRefs < 2 && iLength >= 0 && iLength <= GetAllocLength())
     {
         return true;
     }

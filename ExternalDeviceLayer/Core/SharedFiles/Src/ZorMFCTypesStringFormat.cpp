@@ -1,10 +1,10 @@
 // CMString: formatting, and the estimate of the room that it needs.
 
+#include "ZorMFCTypes/CMString.h"
+
 #include <limits.h>
 
 #include <algorithm>
-
-#include "ZorMFCTypes/CMString.h"
 
 namespace
 {
@@ -146,11 +146,12 @@ long long FitText(const SItem& oItem, int iLength)
     return std::max(bIsWhole ? iLength : oItem.m_iPrecision, oItem.m_iWidth);
 }
 
-// ZorTools_strlen or ZorTools_wcslen, but at least 1; the stand-in for null.
+// ZorTools_strlen or ZorTools_wcslen, but at least 1 and at most what a length can be; the stand-in for null.
 template <class TYPE>
 int TextLength(const TYPE* pText, unsigned int (*pfnLength)(const TYPE*))
 {
-    return pText == nullptr ? gsc_iNullTextLength : std::max(static_cast<int>(pfnLength(pText)), 1);
+    constexpr unsigned int uiLongest = INT_MAX;
+    return pText == nullptr ? gsc_iNullTextLength : static_cast<int>(std::clamp(pfnLength(pText), 1U, uiLongest));
 }
 
 // Width and precision together, but at least iLeast.

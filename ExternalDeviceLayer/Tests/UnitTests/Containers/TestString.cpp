@@ -1,6 +1,10 @@
 // CMString: when buffers are shared, copied and given back; searching, changing and cutting.
 
 #include <limits.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <vector>
 
 #include "CapturedOutput.h"
 #include "CountingAllocator.h"
@@ -11,6 +15,58 @@ namespace
 int Refs(const CMString& oString) { return CStringProbe::GetRefs(oString); }
 
 bool IsShared(const CMString& oFirst, const CMString& oSecond) { return Text(oFirst) == Text(oSecond); }
+
+// A text longer than INT_MAX without the memory for it: one small file mapped again and again. Null where the system
+// does not map that much.
+class CHugeText
+{
+public:
+    CHugeText()
+    {
+        const std::vector<char> acPart(msc_uiPartSize, 'x');
+        const int iFile = memfd_create("text", 0);
+        if (iFile < 0)
+        {
+            return;
+        }
+        bool bIsMapped = write(iFile, acPart.data(), msc_uiPartSize) == static_cast<ssize_t>(msc_uiPartSize);
+        // Zero behind the last part, which ends the text.
+        void* pAll = mmap(nullptr, msc_uiSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        m_pszText = pAll != MAP_FAILED ? static_cast<char*>(pAll) : nullptr;
+        bIsMapped = bIsMapped && m_pszText != nullptr;
+        for (size_t i = 0; i < msc_uiParts && bIsMapped; ++i)
+        {
+            void* pPart = m_pszText + i * msc_uiPartSize;
+            bIsMapped = mmap(pPart, msc_uiPartSize, PROT_READ, MAP_SHARED | MAP_FIXED, iFile, 0) == pPart;
+        }
+        close(iFile);
+        if (!bIsMapped)
+        {
+            Unmap();
+        }
+    }
+    ~CHugeText() { Unmap(); }
+    CHugeText(const CHugeText&) = delete;
+    CHugeText& operator=(const CHugeText&) = delete;
+
+    const char* Get() const { return m_pszText; }
+
+private:
+    static constexpr size_t msc_uiPartSize = 1UL << 20;
+    static constexpr size_t msc_uiParts = 1UL << 11; // 2 GiB of characters
+    static constexpr size_t msc_uiSize = (msc_uiParts + 1) * msc_uiPartSize;
+
+    void Unmap()
+    {
+        if (m_pszText != nullptr)
+        {
+            munmap(m_pszText, msc_uiSize);
+            m_pszText = nullptr;
+        }
+    }
+
+    char* m_pszText = nullptr;
+};
 
 // The bytes of the shared empty string must stay as they are whatever a test does.
 class String : public testing::Test
@@ -87,6 +143,24 @@ TEST_F(String, LengthsThatCannotBeReport)
     oText.ReleaseBuffer(4);
     oText.ReleaseBuffer(-2);
     EXPECT_EQ(6U, oOutput.TakeAssertionCount());
+    EXPECT_STREQ("abc", oText);
+}
+
+TEST_F(String, TextsBeyondTheLongestLengthAreRefused)
+{
+    const CHugeText oHuge;
+    if (oHuge.Get() == nullptr)
+    {
+        GTEST_SKIP() << "the system does not map 2 GiB";
+    }
+    CMString oText("abc");
+    CCapturedOutput oOutput;
+    EXPECT_STREQ("", CMString(oHuge.Get()));
+    oText = oHuge.Get();
+    oText += oHuge.Get();
+    EXPECT_EQ(3, oText.Insert(1, oHuge.Get()));
+    oText.Format("%s", oHuge.Get());
+    EXPECT_EQ(5U, oOutput.TakeAssertionCount());
     EXPECT_STREQ("abc", oText);
 }
 

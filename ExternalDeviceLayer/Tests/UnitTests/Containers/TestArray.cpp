@@ -320,8 +320,12 @@ TEST(ArraySize, OtherOperationsGoThroughTheVirtualSetSize)
         EXPECT_EQ(3, oArray.Append(oMore));
         EXPECT_EQ(4, oArray.Append(CByteArray()));
         EXPECT_EQ(4U, uiCalls);
+        static_cast<CByteArray&>(oArray) = oMore;
+        EXPECT_EQ(5U, uiCalls);
+        oArray.RemoveAll();
+        EXPECT_EQ(6U, uiCalls);
     }
-    EXPECT_EQ(4U, uiCalls);
+    EXPECT_EQ(6U, uiCalls); // the destructor does without
 }
 
 TEST(ArraySize, AppendGivesTheFirstNewIndex)

@@ -20,11 +20,10 @@
 template <class T>
 inline constexpr bool gsc_bByteRelocatable = std::is_trivially_copyable_v<T>;
 
-// Bytes of iCount elements, for memory calls, whose sizes are 32 bits: a buffer is never larger.
 template <class TYPE>
-unsigned int MElementBytes(int iCount)
+unsigned long MElementBytes(int iCount)
 {
-    return static_cast<unsigned int>(static_cast<unsigned long>(iCount) * sizeof(TYPE));
+    return static_cast<unsigned long>(iCount) * sizeof(TYPE);
 }
 
 // Zeroes iCount elements and constructs them in place where the type has a constructor of its own. A count below 1 does
@@ -41,7 +40,7 @@ void MConstructElements(TYPE* poElements, int iCount)
     {
         return;
     }
-    ZorTools_memset(static_cast<void*>(poElements), 0, MElementBytes<TYPE>(iCount));
+    ZorTools_memset(static_cast<void*>(poElements), 0, static_cast<unsigned int>(MElementBytes<TYPE>(iCount)));
     if constexpr (!std::is_trivially_default_constructible_v<TYPE>)
     {
         for (int i = 0; i < iCount; ++i)
@@ -112,12 +111,17 @@ public:
 
     CMArray() noexcept = default;
     // Copies take the elements, not the growth step.
-    CMArray(const CMArray& oOther) : CMArray() { CopyFrom(oOther); }
+    CMArray(const CMArray& oOther) : CMArray()
+    {
+        CMArray::SetSize(oOther.m_iSize, -1); // qualified: the object is still being made
+        CopyElements(oOther);
+    }
     CMArray& operator=(const CMArray& oOther)
     {
         if (this != &oOther)
         {
-            CopyFrom(oOther);
+            SetSize(oOther.m_iSize, -1);
+            CopyElements(oOther);
         }
         return *this;
     }
@@ -192,7 +196,7 @@ private:
     // more than any heap has and refuses in its own way.
     static TYPE* AllocElements(int iCount)
     {
-        const unsigned long ulBytes = static_cast<unsigned long>(iCount) * sizeof(TYPE);
+        const unsigned long ulBytes = MElementBytes<TYPE>(iCount);
         return static_cast<TYPE*>(CMAllocator().Alloc(ulBytes > UINT_MAX ? LONG_MAX : ulBytes));
     }
 
@@ -202,13 +206,13 @@ private:
         if (iCount > 0)
         {
             ZorTools_memcpy(static_cast<void*>(poDestination), static_cast<const void*>(poSource),
-                            MElementBytes<TYPE>(iCount));
+                            static_cast<unsigned int>(MElementBytes<TYPE>(iCount)));
         }
     }
 
     bool IsInside(int iIndex) const
     {
-        if (m_pData == nullptr || iIndex < 0 || iIndex >= m_iSize)
+        if (iIndex < 0 || iIndex >= m_iSize)
         {
             MASSERT_FAILED();
             return false;
@@ -216,13 +220,10 @@ private:
         return true;
     }
 
-    void CopyFrom(const CMArray& oOther)
+    // As many as both have: the SetSize of a derived class may give another count than asked for.
+    void CopyElements(const CMArray& oOther)
     {
-        CMArray::SetSize(oOther.m_iSize, -1); // qualified: also runs while the object is being made
-        if (oOther.m_pData != nullptr)
-        {
-            CMArrayCopyElements(m_pData, oOther.m_pData, m_iSize);
-        }
+        CMArrayCopyElements(m_pData, oOther.m_pData, m_iSize < oOther.m_iSize ? m_iSize : oOther.m_iSize);
     }
 
     int NextCapacity(int iNewSize);

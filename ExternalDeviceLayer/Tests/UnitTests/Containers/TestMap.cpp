@@ -30,6 +30,13 @@ public:
         const CAssoc* poNext = GetNode(uiKey)->m_poNext;
         return poNext != nullptr ? poNext->m_oKey : UINT_MAX;
     }
+    // Whether a node taken off the free list still leads to the one that is taken next.
+    bool KeepsTheLink()
+    {
+        const CAssoc* poFirst = NewAssoc(1);
+        const CAssoc* poLink = poFirst->m_poNext;
+        return poLink != nullptr && poLink == NewAssoc(2);
+    }
 
 private:
     CAssoc* GetNode(unsigned int uiKey)
@@ -76,6 +83,8 @@ TEST(Map, NodesAreTakenInTheOrderOfTheirAddresses)
     char* pchSecond = reinterpret_cast<char*>(&oMap[3]);
     EXPECT_EQ(pchFirst + gsc_ulNodeSize, pchSecond);
 }
+
+TEST(Map, ANewNodeKeepsItsLink) { EXPECT_TRUE(CMapProbe().KeepsTheLink()); }
 
 TEST(Map, KeysFallIntoBucketsOfSixteen)
 {

@@ -198,6 +198,7 @@ typename CMMap<KEY, VALUE, ARG_KEY, ARG_VALUE>::CAssoc* CMMap<KEY, VALUE, ARG_KE
     CAssoc* poAssoc = m_poFreeList;
     m_poFreeList = poAssoc->m_poNext;
     ZorTools_memset(static_cast<void*>(poAssoc), 0, sizeof(CAssoc));
+    poAssoc->m_poNext = m_poFreeList; // the link stays
 
     m_iCount = static_cast<int>(static_cast<unsigned int>(m_iCount) + 1U);
     if (m_iCount < 1)

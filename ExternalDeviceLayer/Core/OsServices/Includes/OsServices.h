@@ -191,8 +191,8 @@ public:
 private:
     friend class COsServicesTestAccess; // the unit tests set the random state and look at the host's byte
 
-    // Head and text of one line, or nothing when bEnable is 0.
-    static void WriteLine(int bEnable, const char* pszLevel, const char* pszFormat, va_list oList)
+    // Head and text of one line, or nothing when bEnable is 0. The head's format takes prefix and reference id.
+    static void WriteLine(int bEnable, const char* pszHeadFormat, const char* pszFormat, va_list oList)
         __attribute__((format(printf, 3, 0)));
 
     int m_bIsInitialized; // 1 when this object counts as an instance

@@ -19,7 +19,7 @@ void OsServices::WriteErrorMsg(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
-    WriteLine(ms_bEnableErrorMsg, "Error", pszFormat, oList);
+    WriteLine(ms_bEnableErrorMsg, "%s[%llu]: (Error) ", pszFormat, oList);
     va_end(oList);
 }
 
@@ -27,7 +27,7 @@ void OsServices::WriteUserMsg(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
-    WriteLine(ms_bEnableUserMsg, "Info", pszFormat, oList);
+    WriteLine(ms_bEnableUserMsg, "%s[%llu]: (Info) ", pszFormat, oList);
     va_end(oList);
 }
 
@@ -35,7 +35,7 @@ void OsServices::WriteMsg(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
-    WriteLine(ms_bEnableInfo, "Debug", pszFormat, oList);
+    WriteLine(ms_bEnableInfo, "%s[%llu]: (Debug) ", pszFormat, oList);
     va_end(oList);
 }
 
@@ -93,7 +93,7 @@ const char* OsServices::GetFileNameOnlySubSring(const char* pszPath)
     return pszPath;
 }
 
-void OsServices::WriteLine(int bEnable, const char* pszLevel, const char* pszFormat, va_list oList)
+void OsServices::WriteLine(int bEnable, const char* pszHeadFormat, const char* pszFormat, va_list oList)
 {
     if (bEnable == 0)
     {
@@ -101,8 +101,7 @@ void OsServices::WriteLine(int bEnable, const char* pszLevel, const char* pszFor
     }
     if (ms_bIsMessagePrefixEnabled != 0)
     {
-        WriteMsgInternal("%s[%llu]: (%s) ", ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId),
-                         pszLevel);
+        WriteMsgInternal(pszHeadFormat, ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
     }
     OsServices_WriteMsg(pszFormat, oList);
 }

@@ -3,9 +3,22 @@
 #include <limits.h>
 
 #include <string>
+#include <vector>
 
 #include "CapturedOutput.h"
 #include "ZorAssert.h"
+
+namespace
+{
+std::vector<std::string> g_asFormats; // what came to the client's writer
+}
+
+// A program may bring a writer of its own in place of the client's.
+int OsServices_WriteMsg(const char* pszFormat, va_list oList)
+{
+    g_asFormats.emplace_back(pszFormat);
+    return vfprintf(stdout, pszFormat, oList);
+}
 
 namespace
 {
@@ -27,6 +40,7 @@ protected:
     // What the three writers give for one text each.
     static std::string WriteAll()
     {
+        g_asFormats.clear();
         CCapturedOutput oOutput;
         OsServices::WriteErrorMsg("e%d\n", 1);
         OsServices::WriteUserMsg("u%s\n", "2");
@@ -81,6 +95,15 @@ TEST_F(Messages, EachGateOpensOneWriter)
         EXPECT_EQ(oCase.m_bUser, bUser);
         EXPECT_EQ(oCase.m_bInfo, bInfo);
     }
+}
+
+TEST_F(Messages, HeadAndTextComeToTheWriterOneAfterTheOther)
+{
+    OsServices::SetMsgLevel(1, 1, 1);
+    WriteAll();
+    const std::vector<std::string> asExpected = { "%s[%llu]: (Error) ", "e%d\n", "%s[%llu]: (Info) ", "u%s\n",
+                                                  "%s[%llu]: (Debug) ", "d%c\n" };
+    EXPECT_EQ(asExpected, g_asFormats);
 }
 
 TEST_F(Messages, HeadCanBeLeftOut)

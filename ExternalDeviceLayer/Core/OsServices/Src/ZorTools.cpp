@@ -75,14 +75,19 @@ namespace
 {
 constexpr int gsc_iCaseDistance = 'a' - 'A';
 
+// Moves a letter from cFirst to cLast by iDistance.
+char ShiftLetter(char c, char cFirst, char cLast, int iDistance)
+{
+    return c >= cFirst && c <= cLast ? static_cast<char>(c + iDistance) : c;
+}
+
 int FoldToLower(char c)
 {
     // Characters above 127 count as negative, whatever the sign of char. NOLINTNEXTLINE(bugprone-signed-char-misuse)
-    const int iValue = static_cast<signed char>(c);
-    return iValue >= 'A' && iValue <= 'Z' ? iValue + gsc_iCaseDistance : iValue;
+    return static_cast<signed char>(ShiftLetter(c, 'A', 'Z', gsc_iCaseDistance));
 }
 
-// Moves each letter from cFirst to cLast by iDistance, in at most uiSize characters.
+// ShiftLetter in at most uiSize characters.
 char* ShiftLetters(char* pszText, unsigned int uiSize, char cFirst, char cLast, int iDistance)
 {
     if (pszText == nullptr)
@@ -91,10 +96,7 @@ char* ShiftLetters(char* pszText, unsigned int uiSize, char cFirst, char cLast, 
     }
     for (unsigned int i = 0; i < uiSize && pszText[i] != '\0'; ++i)
     {
-        if (pszText[i] >= cFirst && pszText[i] <= cLast)
-        {
-            pszText[i] = static_cast<char>(pszText[i] + iDistance);
-        }
+        pszText[i] = ShiftLetter(pszText[i], cFirst, cLast, iDistance);
     }
     return pszText;
 }

@@ -1,9 +1,8 @@
 // CMString::CIterator: the tokens of a text. The cutting is that of ZorTools_strtok_s, in a copy of the text.
 
-#include <new>
-#include <utility>
-
 #include "ZorMFCTypes/CMString.h"
+
+#include <new>
 
 namespace
 {

@@ -404,7 +404,7 @@ void CProgram::FormatBoth(bool bAppend, const char* pszFormat, ...)
 }
 
 // A format with one conversion between two literals. Width and precision stay below where the estimate is known to be
-// too short: a precision beyond 30 of a signed or prefixed number, a width of f, a precision beyond 100 of e and g.
+// too short (CMString::GetFormattedLength).
 void CProgram::Format()
 {
     const bool bAppend = m_oInput.TakeByte() % 2 != 0;

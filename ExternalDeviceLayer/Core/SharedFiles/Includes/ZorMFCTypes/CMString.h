@@ -6,8 +6,9 @@
 //
 // When memory runs out, every operation leaves all strings as they were before it (strong guarantee).
 //
-// Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise.
-// Each operation with an int index, length or count has a twin for unsigned int with the same meaning.
+// Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise; a text
+// of 2147483647 characters or more fits in no buffer: storing it reports and changes nothing. Where an operation stands
+// with int and with unsigned int, both mean the same.
 
 #pragma once
 
@@ -107,10 +108,10 @@ public:
     // Ends direct writing: sets the length, -1 takes it from the first NUL. A length that the buffer cannot hold
     // reports and changes nothing. The buffer keeps its size.
     void ReleaseBuffer(int iLength);
-    // Makes the buffer as long as the text.
+    // Makes the buffer as long as the text. A buffer that is replaced for that is not locked afterwards.
     void FreeExtra();
     // A locked buffer belongs to this string alone and takes part in no sharing. Locking does not nest. An operation
-    // that needs a longer buffer replaces it by one that is not locked.
+    // that needs another buffer, a longer one or in FreeExtra a shorter one, takes one that is not locked.
     char* LockBuffer();
     // Reports and changes nothing when the string is not locked.
     void UnlockBuffer();
@@ -185,10 +186,19 @@ public:
     void AppendFormat(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
     void AppendFormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
-    // An estimate of the formatted length from above; oList stays usable. It leaves out the width of f and the sign in
-    // front of a long precision. Known are the conversions c C s S d i u x X o p e E g G f n with the size prefixes h,
-    // l and ll. Any other reports, counts nothing and takes no argument, so that formats with hh, z, j or t, and long
-    // double, must not be used. A sum beyond INT_MAX reports and gives -1, a null format reports and gives 0.
+    // An estimate of the formatted length; oList stays usable. Known are the conversions c C s S d i u x X o p e E g G f
+    // n with the size prefixes h, l and ll. Any other reports, counts nothing and takes no argument, so that formats
+    // with hh, z, j or t, F as a conversion, and long double must not be used. A sum beyond INT_MAX reports and gives
+    // -1, a null format reports and gives 0.
+    //
+    // It is enough for every text but these:
+    // - an integer with a sign, and p, with a precision above 30 and a width below 2;
+    // - f with a width above 312 and its precision together, and f without a precision from magnitudes of 1e304 on;
+    // - e and g with a precision above 120;
+    // - a negative width or precision from an argument, which reports: the C library takes the width without its sign
+    //   and the precision as none;
+    // - wide characters in a locale that writes them as several bytes each. Where one byte is missing, such a character
+    //   is broken without a report.
     static int GetFormattedLength(const char* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
 
     // ---- Tokens ----

@@ -2,6 +2,7 @@
 
 #include <limits.h>
 #include <stddef.h>
+#include <stdlib.h>
 
 #include "CapturedOutput.h"
 #include "CountingAllocator.h"
@@ -10,14 +11,9 @@
 namespace
 {
 using CNumberMap = CMMap<unsigned int, unsigned int, const unsigned int&, const unsigned int&>;
+using CStringArray = CMArray<CMString, const CMString&>;
 
-enum EKey : unsigned int
-{
-    eKeyFirst = 1,
-    eKeySecond = 2
-};
-using CListMap =
-    CMMap<EKey, CMArray<CMString, const CMString&>, const EKey&, const CMArray<CMString, const CMString&>&>;
+using CListMap = CMMap<unsigned int, CStringArray, const unsigned int&, const CStringArray&>;
 
 // Shows the parts of a node.
 class CMapProbe : public CNumberMap
@@ -33,8 +29,7 @@ public:
     // Whether a node taken off the free list still leads to the one that is taken next.
     bool KeepsTheLink()
     {
-        const CAssoc* poFirst = NewAssoc(1);
-        const CAssoc* poLink = poFirst->m_poNext;
+        const CAssoc* poLink = NewAssoc(1)->m_poNext;
         return poLink != nullptr && poLink == NewAssoc(2);
     }
 
@@ -45,6 +40,16 @@ private:
     }
 };
 constexpr unsigned long gsc_ulNodeSize = 24; // key, value, link, bucket, rounded up to the link's alignment
+
+// Gives null instead of throwing once m_iBlocks are taken.
+class CNullAllocator : public CMAllocator
+{
+public:
+    void* Alloc(unsigned long ulSize) override { return m_iBlocks-- > 0 ? malloc(ulSize) : nullptr; }
+    void Free(const void* p) override { free(const_cast<void*>(p)); }
+
+    int m_iBlocks = 0;
+};
 }
 
 TEST(Map, AllocatesTableAndBlocksWhenNeeded)
@@ -52,20 +57,15 @@ TEST(Map, AllocatesTableAndBlocksWhenNeeded)
     CCountingAllocator oHeap;
     CNumberMap oMap;
     EXPECT_EQ(0U, oHeap.GetAllocCount());
-    for (unsigned int uiKey = 0; uiKey < 10; ++uiKey)
+    for (unsigned int uiKey = 0; uiKey <= 10; ++uiKey)
     {
         EXPECT_EQ(0U, oMap[uiKey]);
         oMap[uiKey] = uiKey + 100;
     }
-    const std::vector<unsigned long> aulFirst = { 17 * sizeof(void*), sizeof(CMPlex) + 10 * gsc_ulNodeSize };
-    EXPECT_EQ(aulFirst, oHeap.GetSizes());
-    oMap[10] = 110;
-    EXPECT_EQ(3U, oHeap.GetAllocCount());
-    EXPECT_EQ(11, oMap.GetCount());
-    for (unsigned int uiKey = 0; uiKey <= 10; ++uiKey)
-    {
-        EXPECT_EQ(uiKey + 100, oMap[uiKey]);
-    }
+    const unsigned long ulBlock = sizeof(CMPlex) + 10 * gsc_ulNodeSize;
+    EXPECT_EQ((std::vector<unsigned long>{ 17 * sizeof(void*), ulBlock, ulBlock }), oHeap.GetSizes());
+    EXPECT_EQ(100U, oMap[0]);
+    EXPECT_EQ(110U, oMap[10]);
     EXPECT_EQ(11, oMap.GetCount());
 
     oMap.RemoveAll();
@@ -75,51 +75,37 @@ TEST(Map, AllocatesTableAndBlocksWhenNeeded)
     EXPECT_EQ(5U, oHeap.GetAllocCount());
 }
 
-TEST(Map, NodesAreTakenInTheOrderOfTheirAddresses)
-{
-    CCountingAllocator oHeap;
-    CNumberMap oMap;
-    char* pchFirst = reinterpret_cast<char*>(&oMap[7]);
-    char* pchSecond = reinterpret_cast<char*>(&oMap[3]);
-    EXPECT_EQ(pchFirst + gsc_ulNodeSize, pchSecond);
-}
-
-TEST(Map, ANewNodeKeepsItsLink) { EXPECT_TRUE(CMapProbe().KeepsTheLink()); }
-
-TEST(Map, KeysFallIntoBucketsOfSixteen)
+TEST(Map, NodesStandInBucketsOfSixteenKeys)
 {
     CMapProbe oMap;
-    const unsigned int auiKeys[] = { 1, 2, 16, 272, 0xFFFFFFFF };
-    const unsigned int auiBuckets[] = { 0, 0, 1, 0, 0xFFFFFFF % 17 };
-    for (unsigned int i = 0; i < 5; ++i)
+    const unsigned int aauiKeysAndBuckets[][2] = { { 1, 0 }, { 2, 0 }, { 16, 1 }, { 272, 0 }, { UINT_MAX, 15 } };
+    for (const auto& auiPair : aauiKeysAndBuckets)
     {
-        oMap[auiKeys[i]] = i;
-    }
-    for (unsigned int i = 0; i < 5; ++i)
-    {
-        EXPECT_EQ(auiBuckets[i], oMap.GetBucket(auiKeys[i])) << auiKeys[i];
+        EXPECT_EQ(auiPair[1], oMap.GetBucket(auiPair[0])) << auiPair[0];
     }
     // The newest stands at the head.
     EXPECT_EQ(2U, oMap.GetNextKey(272));
     EXPECT_EQ(1U, oMap.GetNextKey(2));
     EXPECT_EQ(UINT_MAX, oMap.GetNextKey(1));
+    // Nodes are taken in the order of their addresses.
+    EXPECT_EQ(reinterpret_cast<char*>(&oMap[1]) + gsc_ulNodeSize, reinterpret_cast<char*>(&oMap[2]));
+    EXPECT_TRUE(CMapProbe().KeepsTheLink());
 }
 
 TEST(Map, ValuesThatOwnMemoryAreDestroyed)
 {
-    CCountingAllocator oHeap;
     const CMString oShared("shared");
     {
         CListMap oMap;
-        oMap[eKeyFirst].Add(oShared);
-        oMap[eKeySecond].Add(oShared);
-        oMap[eKeyFirst].Add(oShared);
-        EXPECT_EQ(2U, oMap[eKeyFirst].GetCount());
-        EXPECT_EQ(1U, oMap[eKeySecond].GetCount());
+        for (unsigned int uiKey : { 1U, 2U, 1U })
+        {
+            oMap[uiKey].Add(oShared);
+        }
+        EXPECT_EQ(2U, oMap[1].GetCount());
         EXPECT_EQ(4, CStringProbe::GetRefs(oShared));
         oMap.RemoveAll();
         EXPECT_EQ(1, CStringProbe::GetRefs(oShared));
-        oMap[eKeySecond].Add(oShared);
+        oMap[2].Add(oShared);
     }
     EXPECT_EQ(1, CStringProbe::GetRefs(oShared));
 }
@@ -137,46 +123,48 @@ TEST(Map, TableSizeIsTakenNowOrLater)
     EXPECT_EQ(31 * sizeof(void*), oHeap.GetLastSize());
     oMap[3] = 4;
     EXPECT_EQ(3U, oHeap.GetAllocCount()); // two tables and the block
+
+    CCapturedOutput oOutput;
+    EXPECT_EQ(0, oMap.InitHashTable(5, 1)); // there are entries
     oMap.RemoveAll();
+    EXPECT_EQ(0, oMap.InitHashTable(0, 1));
+    EXPECT_EQ(2U, oOutput.TakeAssertionCount());
     EXPECT_EQ(31U, oMap.GetHashTableSize());
 }
 
-TEST(Map, RefusesATableOnceThereAreEntriesAndOneWithoutBuckets)
+TEST(Map, WithoutMemoryReportsAndStaysUsable)
 {
-    CNumberMap oMap;
-    CCapturedOutput oOutput;
-    EXPECT_EQ(0, oMap.InitHashTable(0, 1));
-    oMap[3] = 4;
-    EXPECT_EQ(0, oMap.InitHashTable(31, 1));
-    EXPECT_EQ(2U, oOutput.TakeAssertionCount());
-    EXPECT_EQ(17U, oMap.GetHashTableSize());
-    EXPECT_EQ(4U, oMap[3]);
+    CNullAllocator oHeap;
+    CMAllocator::m_poGlobalAllocator = &oHeap;
+    for (int iBlocks : { 0, 1 }) // no table; a table, but no nodes
+    {
+        CNumberMap oMap;
+        oHeap.m_iBlocks = iBlocks;
+        CCapturedOutput oOutput;
+        oMap[3] = 9;
+        EXPECT_EQ(iBlocks == 0 ? 2U : 1U, oOutput.TakeAssertionCount());
+        EXPECT_EQ(0, oMap.GetCount());
+        oHeap.m_iBlocks = 2;
+        oMap[3] += 4;
+        EXPECT_EQ(4U, oMap[3]);
+    }
+    CMAllocator::m_poGlobalAllocator = nullptr;
 }
 
-TEST(Plex, ChainsBlocksAndFreesThemTogether)
+TEST(Plex, PutsBlocksAtTheHeadAndRefusesNothingAndTooMuch)
 {
     CCountingAllocator oHeap;
     CMPlex* poHead = nullptr;
-    CMPlex* poFirst = CMPlex::Create(poHead, 3, 5);
-    EXPECT_EQ(poFirst, poHead);
+    EXPECT_EQ(CMPlex::Create(poHead, 3, 5), poHead);
     EXPECT_EQ(sizeof(CMPlex) + 15, oHeap.GetLastSize());
-    CMPlex* poSecond = CMPlex::Create(poHead, 1, 1);
-    EXPECT_EQ(poSecond, poHead);
-    EXPECT_EQ(static_cast<void*>(reinterpret_cast<char*>(poSecond) + sizeof(CMPlex)), poSecond->GetData());
-    poHead->FreeDataChain();
-    EXPECT_EQ(0U, oHeap.GetLiveCount());
-    CMPlex::FreeDataChain(nullptr); // a chain without blocks
-    EXPECT_EQ(0U, oHeap.GetFreedNullCount());
-}
+    EXPECT_EQ(CMPlex::Create(poHead, 1, 1), poHead);
+    const CMPlex* poBefore = poHead;
 
-TEST(Plex, RefusesNothingAndTooMuch)
-{
-    CCountingAllocator oHeap;
-    CMPlex* poHead = nullptr;
     CCapturedOutput oOutput;
     EXPECT_EQ(nullptr, CMPlex::Create(poHead, 0, 5));
     EXPECT_EQ(nullptr, CMPlex::Create(poHead, 5, 0));
     EXPECT_EQ(2U, oOutput.TakeAssertionCount());
     EXPECT_THROW(CMPlex::Create(poHead, 1UL << 32, (1UL << 32) + 1), std::bad_alloc);
-    EXPECT_EQ(nullptr, poHead);
+    EXPECT_EQ(poBefore, poHead);
+    poHead->FreeDataChain();
 }

@@ -3,22 +3,21 @@
 #include <limits.h>
 
 #include <string>
-#include <vector>
 
 #include "CapturedOutput.h"
 #include "ZorAssert.h"
 
 namespace
 {
-constinit std::vector<std::string>* g_pasFormats = nullptr; // receives what comes to the client's writer
+constinit std::string* g_psFormats = nullptr; // receives the formats that come to the client's writer
 }
 
 // A program may bring a writer of its own in place of the client's.
 int OsServices_WriteMsg(const char* pszFormat, va_list oList)
 {
-    if (g_pasFormats != nullptr)
+    if (g_psFormats != nullptr)
     {
-        g_pasFormats->emplace_back(pszFormat);
+        *g_psFormats += std::string("|") + pszFormat;
     }
     return vfprintf(stdout, pszFormat, oList);
 }
@@ -95,25 +94,14 @@ TEST_F(Messages, EachGateOpensOneWriter)
 
 TEST_F(Messages, HeadAndTextAreTwoWrites)
 {
-    std::vector<std::string> asFormats;
-    g_pasFormats = &asFormats;
+    std::string sFormats;
+    g_psFormats = &sFormats;
     OsServices::SetMsgLevel(1, 1, 1);
     WriteAll();
     OsServices::SetMsgPrefixEnable(0);
-    WriteAll();
-    g_pasFormats = nullptr;
-    const std::vector<std::string> asExpected = {
-        "%s[%llu]: (Error) ",
-        "e%d\n",
-        "%s[%llu]: (Info) ",
-        "u%s\n",
-        "%s[%llu]: (Debug) ",
-        "d%c\n", //
-        "e%d\n",
-        "u%s\n",
-        "d%c\n",
-    };
-    EXPECT_EQ(asExpected, asFormats);
+    EXPECT_EQ("e1\nu2\nd3\n", WriteAll());
+    g_psFormats = nullptr;
+    EXPECT_EQ("|%s[%llu]: (Error) |e%d\n|%s[%llu]: (Info) |u%s\n|%s[%llu]: (Debug) |d%c\n|e%d\n|u%s\n|d%c\n", sFormats);
 }
 
 TEST_F(Messages, HeadCarriesPrefixAndReferenceId)

@@ -164,7 +164,7 @@ TEST(Plex, PutsBlocksAtTheHeadAndRefusesNothingAndTooMuch)
     EXPECT_EQ(nullptr, CMPlex::Create(poHead, 0, 5));
     EXPECT_EQ(nullptr, CMPlex::Create(poHead, 5, 0));
     EXPECT_EQ(2U, oOutput.TakeAssertionCount());
-    EXPECT_THROW(CMPlex::Create(poHead, 1UL << 32, (1UL << 32) + 1), std::bad_alloc);
+    EXPECT_THROW(CMPlex::Create(poHead, 1UL << 32, 1UL << 32), std::bad_alloc); // the product wraps to 0
     EXPECT_EQ(poBefore, poHead);
     poHead->FreeDataChain();
 }

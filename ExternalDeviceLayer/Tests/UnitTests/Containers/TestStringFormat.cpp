@@ -3,6 +3,8 @@
 
 #include <float.h>
 #include <limits.h>
+#include <stddef.h>
+#include <stdint.h>
 #include <stdio.h>
 
 #include <string>
@@ -104,6 +106,8 @@ TEST(StringEstimate, ReportsWhatItDoesNotKnow)
         { [] { return Estimate(nullptr); }, 0 },
         { [] { return Estimate("%zu", sizeof(int)); }, 1 }, // "u" then counts as a character
         { [] { return Estimate("%hhd", 1); }, 1 },
+        { [] { return Estimate("%jd", intmax_t{ 1 }); }, 1 },
+        { [] { return Estimate("%td", ptrdiff_t{ 1 }); }, 1 },
         { [] { return Estimate("%y"); }, 0 },
         { [] { return Estimate("%llc", 1); }, 0 },
         { [] { return Estimate("%lls", "abc"); }, 0 },

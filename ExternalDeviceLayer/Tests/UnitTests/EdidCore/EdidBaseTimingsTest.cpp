@@ -356,6 +356,14 @@ const SDetailedCase gsc_aoDetailedCases[] = {
       { gsc_aui8Timing1080p, gsc_aui8Tag1, gsc_aui8Timing720p, gsc_aui8NoWidth },
       1,
       { "1920x1080@60", nullptr, "1280x720@60", nullptr } },
+    { "each of the bytes 1, 2 and 4 alone makes a candidate",
+      { DescriptorBytes{ 0, 0, 0, 0xFC, 1 }, { 0, 0, 1, 0xFC }, { 0, 1, 0, 0xFC }, gsc_aui8Timing720p },
+      0,
+      { nullptr, nullptr, nullptr, "1280x720@60" } },
+    { "byte 0 alone makes a candidate",
+      { DescriptorBytes{ 1, 0, 0, 0xFC }, gsc_aui8Timing720p },
+      0,
+      { nullptr, "1280x720@60", nullptr, nullptr } },
     { "no timing in front", { gsc_aui8NoWidth, gsc_aui8Timing720p }, 0, { nullptr, "1280x720@60", nullptr, nullptr } },
 };
 

@@ -176,6 +176,9 @@ TEST(EdidWriting, EqualityComparesTheBytes)
     EXPECT_NE(0, oFirst == oSecond);
     ASSERT_NE(0, oSecond.GetExtension(0)->RemoveDetailed(0));
     EXPECT_EQ(0, oFirst == oSecond);
+    ASSERT_EQ(1, LoadExact(oFirst, LgWith(2, { CeaBlock(), DisplayIdBlock() })));
+    ASSERT_EQ(1, LoadExact(oSecond, LgWith(2, { CeaBlock(), MakeDisplayIdBlock({}) })));
+    EXPECT_EQ(0, oFirst == oSecond) << "the third block differs";
 }
 
 // ---- One numbering over all blocks ----

@@ -178,9 +178,14 @@ TEST(ExtendedReport, DigitalInterfaceOfRevision4Only)
 }
 
 // The digest of a block with these data blocks, from its element sFirst up to the space, without indents and spacers.
+CTexts GetExtendedReport(const CBytes& aui8DataBlocks)
+{
+    return GetReport(gsc_eExtended, *Load(MakeEdid({ MakeCeaBlockOf(aui8DataBlocks) })));
+}
+
 std::string GetDigest(const CBytes& aui8DataBlocks, const std::string& sFirst)
 {
-    const CTexts asReport = GetReport(gsc_eExtended, *Load(MakeEdid({ MakeCeaBlockOf(aui8DataBlocks) })));
+    const CTexts asReport = GetExtendedReport(aui8DataBlocks);
     const std::string sIndent(6, ' ');
     std::string sDigest;
     for (const std::string& sElement : Cut(asReport, sIndent + sFirst, gsc_sSeparator))
@@ -224,6 +229,11 @@ TEST(ExtendedReport, SpeakersAndTheirWarnings)
               GetDigest({ 0x83, 0xFF, 0x07, 0x00, 0x83, 0x00, 0x00, 0x00 }, "Speaker descriptor count :      2"));
     EXPECT_EQ("/Speaker descriptor count :      1/- Front left and right",
               GetDigest({ 0x23, 0x09, 0x07, 0x07, 0x83, 0x01, 0x00, 0x00 }, "Speaker descriptor count :      1"));
+    EXPECT_EQ((CTexts{ "      Speaker descriptor count :      2", "      - Front left and right", "\n", "\n" }),
+              Cut(GetExtendedReport({ 0x83, 0x01, 0x00, 0x00, 0x83, 0x00, 0x00, 0x00 }),
+                  "      Speaker descriptor count :      2",
+                  "      HDMI CTS warning : Speaker descriptor without audio descriptor"))
+        << "no spacer behind the count, one behind each entry";
 }
 
 // A descriptor with a clock and no size counts and has no element. It has no place in the lists, hence own ones.

@@ -311,6 +311,19 @@ TEST(Cea861Space, AdditionsStopOneByteShort)
     }
 }
 
+// Bytes behind the content move too, up to the last one in front of the checksum.
+TEST(Cea861Space, AdditionsMoveTheTail)
+{
+    const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes({ 0x41, 1 }).Detailed({ 1 }).At(119, 0xAA).Get());
+    ASSERT_NE(0, poBlock->AddVendorSpecific());
+    EXPECT_EQ(0xAA, poBlock->GetData()[126]) << "by seven bytes";
+    const auto poAudio = LoadBlock(CCeaBlockBuilder().Bytes({ 0x41, 1 }).Detailed({ 1 }).At(119, 0xAA).Get());
+    ASSERT_NE(0, poAudio->AddAudioDescriptor(&gsc_oAudio));
+    EXPECT_EQ(0xAA, poAudio->GetData()[123]) << "by four, with the header";
+    ASSERT_NE(0, poAudio->AddAudioDescriptor(&gsc_oAudio));
+    EXPECT_EQ(0xAA, poAudio->GetData()[126]) << "by three";
+}
+
 // ---- Raw steps ----
 
 TEST(Cea861RawSteps, RangesBeyondTheBlockReportAndChangeNothing)

@@ -51,11 +51,15 @@ TEST(Math, EndsOfTheDomainAndBeyond)
     EXPECT_EQ(Bits(0.0), Bits(OsServices::Ceil(-0.25)));
 }
 
-TEST(Math, FabsKeepsMinusZeroAndFlipsTheSignOfNaN)
+TEST(Math, OnlyFabsFlipsTheSignOfNaN)
 {
     EXPECT_EQ(Bits(-0.0), Bits(OsServices::Fabs(-0.0)));
     const double dNaN = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(Bits(-dNaN), Bits(OsServices::Fabs(dNaN)));
     EXPECT_EQ(Bits(dNaN), Bits(OsServices::Fabs(-dNaN)));
-    EXPECT_EQ(Bits(dNaN), Bits(OsServices::Floor(dNaN)));
+    for (const double dEither : { dNaN, -dNaN })
+    {
+        EXPECT_EQ(Bits(dEither), Bits(OsServices::Floor(dEither)));
+        EXPECT_EQ(Bits(dEither), Bits(OsServices::Ceil(dEither)));
+    }
 }

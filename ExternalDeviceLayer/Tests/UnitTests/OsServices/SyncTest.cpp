@@ -92,6 +92,22 @@ TEST_F(SyncEvent, FollowsItsStateTable)
     // clang-format on
 }
 
+// With time to spare they answer at once all the same.
+TEST_F(SyncEvent, PendingAndCancelledEventsBlockNoWaiter)
+{
+    m_oServices.Event_Trigger(m_hEvent);
+    EXPECT_EQ(eOsServicesWaitReleased, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
+    m_oServices.Event_Cancel(m_hEvent);
+    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
+    EXPECT_EQ(0, g_iBlockedWaiters);
+}
+
+TEST_F(SyncEvent, WaitLastsAsLongAsItsLimit)
+{
+    ExpectLasting(1000 * gsc_uiShortLimit,
+                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit)); });
+}
+
 TEST_F(SyncSignal, FollowsItsStateTable)
 {
     const Operation<SHSignal> fnWait = [](OsServices& oServices, SHSignal* hSignal) {
@@ -106,6 +122,13 @@ TEST_F(SyncSignal, FollowsItsStateTable)
         { "cancelled", { fnActivate, fnCancel }, { { -12, 0, 0 }, { 1, 1, 0 }, { 0, 0, 0 }, { 0, 0, 0 } } },
     });
     // clang-format on
+}
+
+TEST_F(SyncSignal, CancelledSignalBlocksNoWaiter)
+{
+    m_oServices.Signal_Cancel(m_hSignal);
+    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Signal_Wait(m_hSignal, gsc_uiShortLimit, 0));
+    EXPECT_EQ(0, g_iBlockedWaiters);
 }
 
 TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)

@@ -9,6 +9,7 @@
 #include "ReadEverything.h"
 #include "RobustnessImages.h"
 #include "SharedFiles.h"
+#include "ZorEdidUtils.h"
 
 namespace
 {
@@ -167,6 +168,22 @@ TEST(EditSweep, EveryEditOfTheSelfChecksImages)
     RecordProperty("edits", static_cast<int>(uiEdits));
 }
 
+// Where there are modes, each report has something to say.
+void ExpectReports(const CEdid& oEdid)
+{
+    CVidParamTimingGeneric oPreferred;
+    CZorEdidUtils::CModeList aoModes[7];
+    const int bModes = CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoModes[0], aoModes[1], aoModes[2], aoModes[3],
+                                                      aoModes[4], aoModes[5], aoModes[6]);
+    for (const auto eType : { CZorEdidUtils::eEdidFormatZorEdidExtractor, CZorEdidUtils::eEdidFormatRVideoOutRes,
+                              CZorEdidUtils::eEdidFormatZorEdidExtractorExt })
+    {
+        CMArrayString oLines;
+        CZorEdidUtils::GetFormatedEdid(eType, oEdid, oLines, "");
+        EXPECT_EQ(bModes != 0, oLines.GetCount() != 0) << "report " << eType;
+    }
+}
+
 TEST(CorpusSweep, EverythingIsRead)
 {
     const CQuietMessages oQuiet;
@@ -182,6 +199,7 @@ TEST(CorpusSweep, EverythingIsRead)
         CEdid oEdid;
         EXPECT_EQ(1, oEdid.SetEdidBuffer(oImage.m_aui8Data.data(), uiSize, 0));
         const unsigned long long ullDigest = ReadEverything(oEdid);
+        ExpectReports(oEdid);
 
         const auto aui8Written = oEdid.GetEdidBuffer();
         CEdid oAgain;

@@ -3,7 +3,6 @@
 // run prints when a suite fails.
 
 #include <gtest/gtest.h>
-#include <stdio.h>
 
 #include <algorithm>
 #include <functional>
@@ -12,6 +11,7 @@
 
 #include "CapturedOutput.h"
 #include "CEdidTestSuites.h"
+#include "ZorAssert.h"
 
 namespace
 {
@@ -330,7 +330,14 @@ TEST(DamagedData, FailsAudio)
 
 // ---- The run ----
 
-// What the run prints when suite uiReplaced gives iResult; a failing one is told to print a line of its own first.
+constexpr int gsc_iTrailLine = __LINE__ + 3;
+int FailWithATrail()
+{
+    MASSERT_FAILED();
+    return 0;
+}
+
+// What the run prints when suite uiReplaced gives iResult; one that gives 0 is FailWithATrail.
 std::string ExpectOutput(unsigned int uiReplaced, int iResult)
 {
     const std::array<const char*, gsc_uiSuiteCount> apszHeads = {
@@ -342,7 +349,10 @@ std::string ExpectOutput(unsigned int uiReplaced, int iResult)
     for (unsigned int i = 0; i < gsc_uiSuiteCount; ++i)
     {
         const int iPrinted = i == uiReplaced ? iResult : 1;
-        sText += iPrinted == 0 ? "trail\n" : "";
+        if (iPrinted == 0)
+        {
+            sText += "nr4[0]: (Error) SuitesTest.cpp(" + std::to_string(gsc_iTrailLine) + ") Assertion failed\n";
+        }
         sText += apszHeads.at(i) + std::to_string(iPrinted) + "\n";
     }
     return sText + "Tests failure count   = " + (iResult == 0 ? "1" : "0") +
@@ -355,10 +365,7 @@ TEST(Run, OneFailureIsPrintedAndCounted)
     for (unsigned int i = 0; i < gsc_uiSuiteCount; ++i)
     {
         std::array<SSuite, gsc_uiSuiteCount> aoSuites = GetSuites();
-        aoSuites.at(i).m_pfnRun = [] {
-            printf("trail\n");
-            return 0;
-        };
+        aoSuites.at(i).m_pfnRun = FailWithATrail;
         CCapturedOutput oOutput;
         RunSuites(aoSuites);
         EXPECT_EQ(ExpectOutput(i, 0), oOutput.Take());

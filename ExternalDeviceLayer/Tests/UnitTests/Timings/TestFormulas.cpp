@@ -62,6 +62,33 @@ TEST(WorkedResults, AreComputedOnBothStorageClasses)
     }
 }
 
+// What every monitor relies on: clock, totals and rate belong together, and the sync begins and ends on a cell.
+TEST(RealSizes, GeometryAddsUp)
+{
+    const unsigned int aauiSizes[][2] = { { 640, 480 }, { 1280, 1024 }, { 1920, 1080 }, { 2560, 1600 } };
+    for (const EFormula eFormula : { eCvt, eCvtReduced, eGtf })
+    {
+        for (const auto& auiSize : aauiSizes)
+        {
+            for (const unsigned int uiRate : { 50U, 60U, 120U })
+            {
+                SCOPED_TRACE(testing::Message() << "formula " << eFormula << ": " << auiSize[0] << "@" << uiRate);
+                CVidParamTimingGeneric oTiming;
+                ASSERT_EQ(1, Compute(eFormula, auiSize[0], auiSize[1], uiRate, &oTiming));
+                const unsigned int uiTotal = oTiming.GetHorizontalActive() + oTiming.GetHorizontalFrontPorch() +
+                                             oTiming.GetHorizontalSync() + oTiming.GetHorizontalBackPorch();
+                const unsigned int uiLines = oTiming.GetVerticalActive() + oTiming.GetVerticalFrontPorch() +
+                                             oTiming.GetVerticalSync() + oTiming.GetVerticalBackPorch();
+                const double dRate = 1000.0 * oTiming.GetPixelClockInKiloHz() / uiTotal / uiLines;
+                EXPECT_NEAR(uiRate, dRate, 1.0);
+                EXPECT_NEAR(oTiming.GetVerticalRateInHz(), dRate, 1.0);
+                EXPECT_EQ(0U, oTiming.GetHorizontalSync() % 8);
+                EXPECT_EQ(0U, oTiming.GetHorizontalBackPorch() % 8);
+            }
+        }
+    }
+}
+
 TEST(CvtVerticalSync, TellsTheAspect)
 {
     const struct

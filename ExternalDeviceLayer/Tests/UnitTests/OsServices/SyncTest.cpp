@@ -97,7 +97,8 @@ TEST_F(SyncEvent, PendingAndCancelledEventsBlockNoWaiter)
 {
     m_oServices.Event_Trigger(m_hEvent);
     EXPECT_EQ(eOsServicesWaitReleased, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
-    m_oServices.Event_Cancel(m_hEvent);
+    m_oServices.Event_Cancel(m_hEvent); // leaves it triggered, too, until the first wait
+    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
     EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
     EXPECT_EQ(0, g_iBlockedWaiters);
 }

@@ -116,10 +116,14 @@ bool ReadLine(FILE* poFile, char (&szLine)[gsc_iLineBufferSize])
 }
 
 // Whether the line just read ends the file without a line feed. One that fills the buffer is read before the end of the
-// file shows, so the next character is looked at.
-bool EndsFileWithoutLineFeed(FILE* poFile, const char* pszLine)
+// file shows, so the next character is looked at. A NUL may stand in front of the line feed.
+bool EndsFileWithoutLineFeed(FILE* poFile, const char (&szLine)[gsc_iLineBufferSize])
 {
-    if (strchr(pszLine, '\n') != nullptr)
+    if (feof(poFile) != 0)
+    {
+        return true;
+    }
+    if (strlen(szLine) + 1 < sizeof(szLine) || szLine[sizeof(szLine) - 2] == '\n')
     {
         return false;
     }
@@ -192,8 +196,8 @@ void LetDouble(CZorEdidUtils::CByteArray& oBytes)
     oBytes.SetSize(iCount, std::max(iCount, gsc_iLineBufferSize));
 }
 
-// Replaces oData by the bytes of all rows. 0 when reading failed before the end of the table; oData then holds the bytes
-// in front of it.
+// Replaces oData by the bytes of all rows. 0 when reading failed before the end of the table; oData then holds the
+// bytes in front of it.
 int ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
 {
     CZorEdidUtils::CByteArray oBytes; // the growth step of oData is the caller's

@@ -297,6 +297,7 @@ TEST_F(EdidFile, WhereTheTableBeginsAndEnds)
         { "MarkerOfAWholePieceEndsTheFileWithoutLineFeed", sWholePiece, 0, 0 },
         { "MarkerOfAWholePiece", sWholePiece + sRow, 1, 128 },
         { "MarkerEndsTheFile", gsc_sMarker + "\n", 1, 0 },
+        { "NulAheadOfTheLineFeedOfTheMarker", gsc_sMarker + std::string("\0\n", 2), 1, 0 },
         { "LineWithoutBarBehindTheMarker", gsc_sMarker + "\n\n" + sRow, 1, 0 },
         { "LineWithoutBarEndsTheTable", sMarked + "end\n" + sRow, 1, 128 },
         { "BarBehindANulDoesNotCount", sMarked + std::string("0 \0", 3) + sRow, 1, 128 },

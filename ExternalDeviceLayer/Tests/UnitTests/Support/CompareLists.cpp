@@ -20,82 +20,60 @@ bool IsSameTiming(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGen
 
 namespace
 {
-bool HasSameStandards(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
+// Whether both lists are as long, and IsSame holds at each index.
+template <class SAME>
+bool IsSameList(unsigned int uiFirstCount, unsigned int uiSecondCount, const SAME& IsSame)
 {
-    if (oFirst.GetStandardCount() != oSecond.GetStandardCount())
+    for (unsigned int i = 0; uiFirstCount == uiSecondCount && i < uiFirstCount; ++i)
     {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetStandardCount(); ++i)
-    {
-        CVidParamTimingGeneric aoTimings[2];
-        int aiNative[2] = {};
-        if (oFirst.GetStandard(i, &aoTimings[0], &aiNative[0]) != oSecond.GetStandard(i, &aoTimings[1], &aiNative[1]) ||
-            aiNative[0] != aiNative[1] || !IsSameTiming(aoTimings[0], aoTimings[1]))
+        if (!IsSame(i))
         {
             return false;
         }
     }
-    return true;
+    return uiFirstCount == uiSecondCount;
+}
+
+bool HasSameStandards(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
+{
+    return IsSameList(oFirst.GetStandardCount(), oSecond.GetStandardCount(), [&](unsigned int i) {
+        CVidParamTimingGeneric aoTimings[2];
+        int aiNative[2] = {};
+        return oFirst.GetStandard(i, &aoTimings[0], &aiNative[0]) ==
+                   oSecond.GetStandard(i, &aoTimings[1], &aiNative[1]) &&
+               aiNative[0] == aiNative[1] && IsSameTiming(aoTimings[0], aoTimings[1]);
+    });
 }
 
 bool HasSameDetailed(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
 {
-    if (oFirst.GetDetailedCount() != oSecond.GetDetailedCount())
-    {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetDetailedCount(); ++i)
-    {
+    return IsSameList(oFirst.GetDetailedCount(), oSecond.GetDetailedCount(), [&](unsigned int i) {
         CVidParamTimingGeneric aoTimings[2];
-        if (oFirst.GetDetailed(i, &aoTimings[0]) != oSecond.GetDetailed(i, &aoTimings[1]) ||
-            !IsSameTiming(aoTimings[0], aoTimings[1]))
-        {
-            return false;
-        }
-    }
-    return true;
+        return oFirst.GetDetailed(i, &aoTimings[0]) == oSecond.GetDetailed(i, &aoTimings[1]) &&
+               IsSameTiming(aoTimings[0], aoTimings[1]);
+    });
 }
 
 bool HasSameAudio(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
 {
-    if (oFirst.GetAudioDescriptorCount() != oSecond.GetAudioDescriptorCount())
-    {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetAudioDescriptorCount(); ++i)
-    {
+    return IsSameList(oFirst.GetAudioDescriptorCount(), oSecond.GetAudioDescriptorCount(), [&](unsigned int i) {
         CEdidExtBlockCEA861::SAudioDescriptor oA = {};
         CEdidExtBlockCEA861::SAudioDescriptor oB = {};
         oFirst.GetAudioDescriptor(i, &oA);
         oSecond.GetAudioDescriptor(i, &oB);
-        if (oA.m_eFormat != oB.m_eFormat || oA.m_uiChannels != oB.m_uiChannels ||
-            oA.m_eSamplingFreq != oB.m_eSamplingFreq || oA.m_uiExtra != oB.m_uiExtra)
-        {
-            return false;
-        }
-    }
-    return true;
+        return oA.m_eFormat == oB.m_eFormat && oA.m_uiChannels == oB.m_uiChannels &&
+               oA.m_eSamplingFreq == oB.m_eSamplingFreq && oA.m_uiExtra == oB.m_uiExtra;
+    });
 }
 
 bool HasSameSpeakers(const CEdidExtBlockCEA861& oFirst, const CEdidExtBlockCEA861& oSecond)
 {
-    if (oFirst.GetSpeakerDescriptorCount() != oSecond.GetSpeakerDescriptorCount())
-    {
-        return false;
-    }
-    for (unsigned int i = 0; i < oFirst.GetSpeakerDescriptorCount(); ++i)
-    {
-        unsigned int uiFirst = 0;
-        unsigned int uiSecond = 0;
-        oFirst.GetSpeakerDescriptor(i, &uiFirst);
-        oSecond.GetSpeakerDescriptor(i, &uiSecond);
-        if (uiFirst != uiSecond)
-        {
-            return false;
-        }
-    }
-    return true;
+    return IsSameList(oFirst.GetSpeakerDescriptorCount(), oSecond.GetSpeakerDescriptorCount(), [&](unsigned int i) {
+        unsigned int auiMasks[2] = {};
+        oFirst.GetSpeakerDescriptor(i, &auiMasks[0]);
+        oSecond.GetSpeakerDescriptor(i, &auiMasks[1]);
+        return auiMasks[0] == auiMasks[1];
+    });
 }
 }
 

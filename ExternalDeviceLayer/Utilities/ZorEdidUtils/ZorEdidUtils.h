@@ -42,8 +42,8 @@ public:
     static int ExtractEdidFromFile(CMString oPath, CByteArray& oData);
 
     // The whole file is the image. 0 for an empty path, a file that does not open, an empty one, one above INT_MAX
-    // bytes or one without a size (a folder); oData is then empty. A read that ends early is a success with zeros in the
-    // place of the rest; one that gives nothing at all is 0, and oData holds as many zeros as the file has bytes.
+    // bytes or one without a size (a folder); oData is then empty. A read that ends early is a success with zeros in
+    // the place of the rest; one that gives nothing at all is 0, and oData holds as many zeros as the file has bytes.
     static int ExtractEdidFromBinFile(CMString oPath, CByteArray& oData);
 
     // A text table. Leading lines are skipped up to the marker line, which begins with 8 blanks and 40 underscores.

@@ -4,8 +4,8 @@
 // for success and 0 for a refusal, which changes nothing. A block belongs to one thread at a time.
 //
 // When memory runs out, making a block leaves none, and reading changes nothing (strong guarantee). An edit has changed
-// all of its bytes, checksum included, or none; where it has, lists may be behind them until they are derived again, and
-// table timings may be missing (basic guarantee).
+// all of its bytes, checksum included, or none; where it has, lists may be behind them until they are derived again,
+// and table timings may be missing (basic guarantee).
 
 #pragma once
 

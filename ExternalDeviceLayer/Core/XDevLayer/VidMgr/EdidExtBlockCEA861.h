@@ -335,7 +335,7 @@ private:
     CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode420; // timings in YCbCr 4:2:0
     int m_bStripped;
-    int m_bListsBehind; // 1 while lists may tell of older bytes; the next edit then derives them all
     CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
     CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
+    int m_bListsBehind; // 1 while lists may tell of older bytes; the next edit then derives them all
 };

@@ -124,8 +124,8 @@ public:
 
     // All Type I records in block order, then all Type II records.
     unsigned int GetDetailedCount() const override;
-    // 0 at or above the count, for a null timing, and for a record that the conversions below refuse, though it counts. The
-    // timing is not cleared first: what the conversions do not set keeps its value.
+    // 0 at or above the count, for a null timing, and for a record that the conversions below refuse, though it counts.
+    // The timing is not cleared first: what the conversions do not set keeps its value.
     int GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const override;
 
     // Always 0; nothing changes.

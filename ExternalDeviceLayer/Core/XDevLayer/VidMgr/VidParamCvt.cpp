@@ -78,7 +78,8 @@ struct SStandardLine
 SStandardLine ComputeStandardLine(unsigned int uiHorizontalActive, unsigned int uiLinePeriod)
 {
     // The difference wraps for line periods above 100 us, and the floor does not catch that. The check of the finished
-    // line refuses every such mode of 100 lines or more, up to 1818 Hz; lower ones may pass, with a clock down to 0.
+    // line refuses every such mode of 100 lines or more at 1 to 1818 Hz; lower ones, and some at 0 Hz, may pass, with a
+    // clock down to 0.
     const unsigned int uiDuty =
         std::max((gsc_uiDutyOffset - gsc_uiDutyGradient * uiLinePeriod) / gsc_uiDutyScale, gsc_uiMinDuty);
     const unsigned int uiCellActive = RoundToCell(uiHorizontalActive);

@@ -20,7 +20,8 @@ public:
     // The width is worked in cells of 8 pixels, but the timing keeps the width as given with the porches of the whole
     // cells. Returns 1, or 0 when the numbers leave no room for a sync or an active area.
     // Standard blanking is made for line periods up to 100 us. Slower modes of real sizes are refused (320x240 at 30,
-    // 200x150 at 60); some below 100 lines are accepted with a clock that means nothing, 0 kHz among them (640x2 at 7).
+    // 200x150 at 60); some below 100 lines or at 0 Hz are accepted with a clock that means nothing, 0 kHz among them
+    // (640x2 at 7).
     static int GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                            unsigned int uiVerticalRateInHz, int bReducedBlanking, CVidParamTiming* poTiming);
 };

@@ -6,9 +6,9 @@
 //
 // When memory runs out, every operation leaves all strings as they were before it (strong guarantee).
 //
-// Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise; a text
-// of 2147483647 characters or more fits in no buffer: storing it reports and changes nothing. Where an operation stands
-// with int and with unsigned int, both mean the same.
+// Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise; a
+// text of 2147483647 characters or more fits in no buffer: storing it reports and changes nothing. Where an operation
+// stands with int and with unsigned int, both mean the same.
 
 #pragma once
 
@@ -186,8 +186,8 @@ public:
     void AppendFormat(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
     void AppendFormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
-    // An estimate of the formatted length; oList stays usable. Known are the conversions c C s S d i u x X o p e E g G f
-    // n with the size prefixes h, l and ll. Any other reports, counts nothing and takes no argument, so that formats
+    // An estimate of the formatted length; oList stays usable. Known are the conversions c C s S d i u x X o p e E g G
+    // f n with the size prefixes h, l and ll. Any other reports, counts nothing and takes no argument, so that formats
     // with hh, z, j or t, F as a conversion, and long double must not be used. A sum beyond INT_MAX reports and gives
     // -1, a null format reports and gives 0.
     //

@@ -3,64 +3,76 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <string.h>
 
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "CapturedOutput.h"
 #include "CEdidTestImages.h"
-#include "EdidBaseLayout.h"
+#include "DisplayIdImages.h"
 #include "SharedFiles.h"
 #include "TestBytes.h"
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
-using namespace EdidBaseLayout;
-
 using CByteArray = CZorEdidUtils::CByteArray;
 using CModeList = CZorEdidUtils::CModeList;
 using CTexts = std::vector<std::string>;
+
+constexpr auto gsc_ePlain = CZorEdidUtils::eEdidFormatZorEdidExtractor;
+constexpr auto gsc_eExtended = CZorEdidUtils::eEdidFormatZorEdidExtractorExt;
+constexpr auto gsc_eModes = CZorEdidUtils::eEdidFormatRVideoOutRes;
 
 inline CBytes GetBytes(const CByteArray& oArray)
 {
     return CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount());
 }
 
-// AsusHd, the image that most cases start from: a base block and a CEA-861 block without native codes.
-inline CBytes AsusBytes() { return ToBytes(AsusHd::g_auiAsusHdEdidData); }
+// AsusHd, the image that most cases start from: a base block and a CEA-861 block without native codes. These bytes of it
+// are changed, {offset, value}, and the checksums made right.
+using CByteChanges = std::vector<std::pair<size_t, unsigned char>>;
 
-struct SByteChange
+inline CBytes ChangeBytes(CBytes aui8Image, const CByteChanges& aoChanges)
 {
-    size_t m_uiOffset;
-    unsigned char m_ui8Value;
-};
-
-// The image with these bytes changed and its checksums made right.
-inline CBytes ChangeBytes(CBytes aui8Image, const std::vector<SByteChange>& aoChanges)
-{
-    for (const SByteChange& oChange : aoChanges)
+    for (const auto& [uiOffset, ui8Value] : aoChanges)
     {
-        aui8Image.at(oChange.m_uiOffset) = oChange.m_ui8Value;
+        aui8Image.at(uiOffset) = ui8Value;
     }
     return FixChecksums(aui8Image);
 }
 
-// An image that announces no preferred mode.
-inline CBytes MakeImageWithoutPreferred()
+inline CBytes AsusBytes(const CByteChanges& aoChanges = {})
 {
-    return ChangeBytes(AsusBytes(), { { gsc_uiRevisionOffset, 2 }, { gsc_uiFeaturesOffset, 0 } });
+    return ChangeBytes(ToBytes(AsusHd::g_auiAsusHdEdidData), aoChanges);
 }
+
+// An image that announces no preferred mode: revision 2 without the preferred-timing bit.
+inline CBytes MakeImageWithoutPreferred() { return AsusBytes({ { 19, 2 }, { 24, 0 } }); }
 
 // AsusHd with 1280 x 720 of this clock, in units of 10 kHz, as its first detailed timing.
 inline CBytes MakeImageOfClock(unsigned int uiClock)
 {
-    constexpr unsigned char aui8Timing[] = { 0x00, 0x7E, 0x51, 0xD0, 0x1E, 0x20, 0x6E, 0x28,
-                                             0x55, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x1E };
+    const CBytes aui8Timing = { static_cast<unsigned char>(uiClock),
+                                static_cast<unsigned char>(uiClock >> 8),
+                                0x00,
+                                0x7E,
+                                0x51,
+                                0xD0,
+                                0x1E,
+                                0x20,
+                                0x6E,
+                                0x28,
+                                0x55,
+                                0,
+                                0,
+                                0,
+                                0,
+                                0,
+                                0,
+                                0x1E };
     CBytes aui8Image = AsusBytes();
-    aui8Image[54] = static_cast<unsigned char>(uiClock);
-    aui8Image[55] = static_cast<unsigned char>(uiClock >> 8);
-    std::copy(std::begin(aui8Timing), std::end(aui8Timing), aui8Image.begin() + 56);
+    std::copy(aui8Timing.begin(), aui8Timing.end(), aui8Image.begin() + 54);
     return FixChecksums(aui8Image);
 }
 
@@ -69,7 +81,7 @@ inline CBytes MakeCeaBlockOf(const CBytes& aui8DataBlocks, const CBytes& aui8Det
 {
     const unsigned char ui8Detailed = static_cast<unsigned char>(4 + aui8DataBlocks.size());
     CBytes aui8Block = Join({ { 0x02, 0x03, ui8Detailed, 0x00 }, aui8DataBlocks, aui8Detailed });
-    aui8Block.resize(gsc_uiBlockSize);
+    aui8Block.resize(128);
     return FixChecksums(aui8Block);
 }
 
@@ -80,8 +92,6 @@ inline std::unique_ptr<CEdid> Load(const CBytes& aui8Image)
     return poEdid;
 }
 
-inline std::unique_ptr<CEdid> Load(const SEdidImage& aui8Image) { return Load(ToBytes(aui8Image)); }
-
 // The short text of each timing.
 inline CTexts GetTexts(const CModeList& oList)
 {
@@ -89,7 +99,7 @@ inline CTexts GetTexts(const CModeList& oList)
     for (unsigned int i = 0; i < oList.GetCount(); ++i)
     {
         CMString oText;
-        CZorEdidUtils::GetFormatedVideoParam(oList[i].GetData(), 0, oText, "");
+        CZorEdidUtils::GetFormatedVideoParam(oList[static_cast<int>(i)].GetData(), 0, oText, "");
         asTexts.emplace_back(static_cast<const char*>(oText));
     }
     return asTexts;
@@ -100,14 +110,14 @@ inline CTexts GetElements(const CMArrayString& oLines)
     CTexts asElements;
     for (unsigned int i = 0; i < oLines.GetCount(); ++i)
     {
-        asElements.emplace_back(static_cast<const char*>(oLines[i]));
+        asElements.emplace_back(static_cast<const char*>(oLines[static_cast<int>(i)]));
     }
     return asElements;
 }
 
-inline CTexts GetReport(CZorEdidUtils::EEdidFormatType eType, const CEdid& oEdid, const char* pszLinePrefix = "")
+inline CTexts GetReport(CZorEdidUtils::EEdidFormatType eType, const CBytes& aui8Image)
 {
     CMArrayString oLines;
-    EXPECT_EQ(1, CZorEdidUtils::GetFormatedEdid(eType, oEdid, oLines, pszLinePrefix));
+    EXPECT_EQ(1, CZorEdidUtils::GetFormatedEdid(eType, *Load(aui8Image), oLines, ""));
     return GetElements(oLines);
 }

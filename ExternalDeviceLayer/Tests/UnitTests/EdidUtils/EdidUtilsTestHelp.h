@@ -50,32 +50,6 @@ inline CBytes AsusBytes(const CByteChanges& aoChanges = {})
 // An image that announces no preferred mode: revision 2 without the preferred-timing bit.
 inline CBytes MakeImageWithoutPreferred() { return AsusBytes({ { 19, 2 }, { 24, 0 } }); }
 
-// AsusHd with 1280 x 720 of this clock, in units of 10 kHz, as its first detailed timing.
-inline CBytes MakeImageOfClock(unsigned int uiClock)
-{
-    const CBytes aui8Timing = { static_cast<unsigned char>(uiClock),
-                                static_cast<unsigned char>(uiClock >> 8),
-                                0x00,
-                                0x7E,
-                                0x51,
-                                0xD0,
-                                0x1E,
-                                0x20,
-                                0x6E,
-                                0x28,
-                                0x55,
-                                0,
-                                0,
-                                0,
-                                0,
-                                0,
-                                0,
-                                0x1E };
-    CBytes aui8Image = AsusBytes();
-    std::copy(aui8Timing.begin(), aui8Timing.end(), aui8Image.begin() + 54);
-    return FixChecksums(aui8Image);
-}
-
 // A CEA-861 block of revision 3 with these bytes behind its head; detailed timings begin behind the data blocks.
 inline CBytes MakeCeaBlockOf(const CBytes& aui8DataBlocks, const CBytes& aui8Detailed = {})
 {
@@ -92,25 +66,12 @@ inline std::unique_ptr<CEdid> Load(const CBytes& aui8Image)
     return poEdid;
 }
 
-// The short text of each timing.
-inline CTexts GetTexts(const CModeList& oList)
-{
-    CTexts asTexts;
-    for (unsigned int i = 0; i < oList.GetCount(); ++i)
-    {
-        CMString oText;
-        CZorEdidUtils::GetFormatedVideoParam(oList[static_cast<int>(i)].GetData(), 0, oText, "");
-        asTexts.emplace_back(static_cast<const char*>(oText));
-    }
-    return asTexts;
-}
-
 inline CTexts GetElements(const CMArrayString& oLines)
 {
     CTexts asElements;
-    for (unsigned int i = 0; i < oLines.GetCount(); ++i)
+    for (int i = 0; i < static_cast<int>(oLines.GetCount()); ++i)
     {
-        asElements.emplace_back(static_cast<const char*>(oLines[static_cast<int>(i)]));
+        asElements.emplace_back(static_cast<const char*>(oLines[i]));
     }
     return asElements;
 }

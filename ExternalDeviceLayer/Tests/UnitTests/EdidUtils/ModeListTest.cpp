@@ -17,6 +17,19 @@ CVidParamTimingGeneric MakeTiming(unsigned int uiWidth, unsigned int uiHeight, u
     return CVidParamTimingGeneric(oData);
 }
 
+// The short text of each timing.
+CTexts GetTexts(const CModeList& oList)
+{
+    CTexts asTexts;
+    for (int i = 0; i < static_cast<int>(oList.GetCount()); ++i)
+    {
+        CMString oText;
+        CZorEdidUtils::GetFormatedVideoParam(oList[i].GetData(), 0, oText, "");
+        asTexts.emplace_back(static_cast<const char*>(oText));
+    }
+    return asTexts;
+}
+
 struct SOrderCase
 {
     const char* m_pszName;
@@ -91,6 +104,9 @@ std::array<CModeList*, 6> GetOwnLists(SModes& oModes)
 TEST(ModeLists, AllListsButTheSixthAreEmptiedAndSorted)
 {
     const auto poEdid = Load(ToBytes(ExtStandard2::g_auiStandard2EdidData));
+    const auto IsAhead = [](auto& oFirst, auto& oSecond) {
+        return CZorEdidUtils::SortVidParam(oFirst, oSecond, 0) < 0;
+    };
     SModes oFresh;
     SModes oModes;
     oModes.m_oExtStandard.Add(MakeTiming(1, 2, 3, 4));
@@ -105,10 +121,7 @@ TEST(ModeLists, AllListsButTheSixthAreEmptiedAndSorted)
         const CModeList& oList = *GetOwnLists(oModes)[i];
         EXPECT_LT(1U, oList.GetCount());
         EXPECT_EQ(GetTexts(*GetOwnLists(oFresh)[i]), GetTexts(oList));
-        EXPECT_TRUE(std::is_sorted(oList.GetData(), oList.GetData() + oList.GetCount(),
-                                   [](const auto& oFirst, const auto& oSecond) {
-                                       return CZorEdidUtils::SortVidParam(oFirst, oSecond, 0) < 0;
-                                   }));
+        EXPECT_TRUE(std::is_sorted(oList.GetData(), oList.GetData() + oList.GetCount(), IsAhead));
     }
     CTexts asSixth = GetTexts(oFresh.m_oExtStandard);
     asSixth.insert(asSixth.begin(), "   1 x    2p @  3 Hz");

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <tuple>
 
 #include "CapturedOutput.h"
 #include "CEdidTestSuites.h"
@@ -62,7 +63,8 @@ const SSuiteCase gsc_aoSuiteCases[] = {
     { "Audio",
       Test_Audio,
       154,
-      { { "AddAudioDescriptor: result", 1 }, { "GetAudioDescriptor: extra", 5 } } }, // what follows tells; left out
+      { { "AddAudioDescriptor: result", 1 },    // judged by what follows
+        { "GetAudioDescriptor: extra", 5 } } }, // left out where the kind is checked
 };
 
 TEST(Suites, SeeEachWrongAnswer)
@@ -86,45 +88,37 @@ constexpr STimingData gsc_aoAsusDetailed[] = { CeaRow(1920, 1080, 60, 16), CeaRo
                                                CeaRow(1280, 720, 60, 4), CeaRow(1280, 720, 50, 19),
                                                CeaRow(720, 576, 50, 18) };
 
-struct SValidatorCase
-{
-    const char* m_pszName;
-    const SEdidImage* m_paui8Image;
-    std::function<int(const CEdid&)> m_oRun;
-    unsigned int m_uiPartCount; // a count, and for each timing two or, with the native flag, three
-    unsigned int m_uiLinesOnWrongCount;
-};
-
-// No suite calls those with "Rows" in their names.
-const SValidatorCase gsc_aoValidatorCases[] = {
-    { "BaseDetailed", GetBaseDetailedData().m_paui8Image,
-      [](auto& oEdid) { return ValidateBaseDetailed(oEdid, 2, GetBaseDetailedData().m_aaoTiming[0].data()); }, 5, 1 },
-    { "BaseDetailedRows", GetAsusHdData().m_paui8Image,
-      [](auto& oEdid) { return ValidateBaseDetailed(oEdid, 1, gsc_aoAsusDetailed); }, 3, 0 },
-    { "Detailed", GetExtDetailedData().m_apaui8Image[0],
-      [](auto& oEdid) { return ValidateDetailed(oEdid, 4, GetExtDetailedData().m_aaoTiming[0].data()); }, 9, 1 },
-    { "DetailedRows", GetAsusHdData().m_paui8Image,
-      [](auto& oEdid) { return ValidateDetailed(oEdid, 5, gsc_aoAsusDetailed); }, 11, 1 },
-    { "BaseStandard", GetBaseStandardData().m_paui8StandardImage,
-      [](auto& oEdid) { return ValidateBaseStandard(oEdid, 4, GetBaseStandardData().m_aaoTiming[0].data()); }, 13, 1 },
-    { "Standard", GetExtStandardData().m_apaui8Image[0],
-      [](auto& oEdid) { return ValidateStandard(oEdid, 14, GetExtStandardData().m_aaoTiming[0].data()); }, 29, 0 },
-};
-
+// One line each, but for a wrong count where told so. The forms over table rows are called by no suite.
 TEST(Validators, SeeEachWrongAnswerAndWriteOneLine)
 {
-    for (const SValidatorCase& oCase : gsc_aoValidatorCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
+    // uiPartCount: a count, and for each timing two or, with the native flag, three.
+    const auto Check = [](const SEdidImage* paui8Image, unsigned int uiPartCount, unsigned int uiLinesOnWrongCount,
+                          const auto& oRun) {
         CFault::Choose(CFault::msc_uiNone);
         CEdid oEdid;
-        ASSERT_EQ(1, LoadCopy(oEdid, *oCase.m_paui8Image));
-        Sweep([&] { return oCase.m_oRun(oEdid); }, oCase.m_uiPartCount,
+        ASSERT_EQ(1, LoadCopy(oEdid, *paui8Image));
+        Sweep([&] { return oRun(oEdid); }, uiPartCount,
               [&](const std::string& sName, int iResult, unsigned int uiLines) {
                   EXPECT_EQ(0, iResult) << sName;
-                  EXPECT_EQ(sName.ends_with("count") ? oCase.m_uiLinesOnWrongCount : 1, uiLines) << sName;
+                  EXPECT_EQ(sName.ends_with("count") ? uiLinesOnWrongCount : 1, uiLines) << sName << uiPartCount;
               });
-    }
+    };
+    const SBaseDetailedData oBaseDetailed = GetBaseDetailedData();
+    Check(oBaseDetailed.m_paui8Image, 5, 1,
+          [&](auto& oEdid) { return ValidateBaseDetailed(oEdid, 2, oBaseDetailed.m_aaoTiming[0].data()); });
+    const SExtDetailedData oDetailed = GetExtDetailedData();
+    Check(oDetailed.m_apaui8Image[0], 9, 1,
+          [&](auto& oEdid) { return ValidateDetailed(oEdid, 4, oDetailed.m_aaoTiming[0].data()); });
+    const SBaseStandardData oBaseStandard = GetBaseStandardData();
+    Check(oBaseStandard.m_paui8StandardImage, 13, 1,
+          [&](auto& oEdid) { return ValidateBaseStandard(oEdid, 4, oBaseStandard.m_aaoTiming[0].data()); });
+    const SExtStandardData oStandard = GetExtStandardData();
+    Check(oStandard.m_apaui8Image[0], 29, 0,
+          [&](auto& oEdid) { return ValidateStandard(oEdid, 14, oStandard.m_aaoTiming[0].data()); });
+    const SEdidImage* const paui8Asus = GetAsusHdData().m_paui8Image;
+    Check(paui8Asus, 3, 0, [](auto& oEdid) { return ValidateBaseDetailed(oEdid, 1, gsc_aoAsusDetailed); });
+    Check(paui8Asus, 11, 1, [](auto& oEdid) { return ValidateDetailed(oEdid, 5, gsc_aoAsusDetailed); });
+
     CFault::Choose(CFault::msc_uiNone);
     EXPECT_EQ(1, ValidateStandard(CEdid{}, 0, nullptr)); // no table for a count of 0
     EXPECT_EQ(0, CompareRawData(CEdid{}, 0, nullptr));
@@ -133,25 +127,20 @@ TEST(Validators, SeeEachWrongAnswerAndWriteOneLine)
 // The result says that the type of the row is known, not that a timing was found.
 TEST(GetVidParam, ByTypeOfTheRow)
 {
-    const struct
-    {
-        const char* m_pszName;
-        STimingData m_oRow;
-        int m_iExpected;
-        unsigned int m_uiHorizontalActive; // afterwards; 4321 is "as it was"
-    } aoCases[] = {
+    const std::tuple<const char*, STimingData, int, unsigned int> aoCases[] = {
+        // result, width where it was 4321
         { "DmtWithoutARow", DmtRow(1281, 1024, 75), 1, 4321 },
         { "GtfThatCannotBe", GtfRow(0, 0, 60), 1, 4321 },
         { "CeaByCodeAlone", CeaRow(1, 2, 3, 1016), 1, 1920 },
         { "CeaBySizeOfAnyScan", CeaRow(1920, 1080, 30, 0), 1, 1920 },
         { "AnotherType", { CVidParamTiming::eVidParamType_DmtReducedBlanking, 1920, 1200, 60, {}, 0 }, 0, 4321 },
     };
-    for (const auto& oCase : aoCases)
+    for (const auto& [pszName, oRow, iExpected, uiWidth] : aoCases)
     {
         CVidParamTimingGeneric oTiming;
         oTiming.SetHorizontalActive(4321);
-        EXPECT_EQ(oCase.m_iExpected, GetVidParam(oCase.m_oRow, oTiming)) << oCase.m_pszName;
-        EXPECT_EQ(oCase.m_uiHorizontalActive, oTiming.GetHorizontalActive()) << oCase.m_pszName;
+        EXPECT_EQ(iExpected, GetVidParam(oRow, oTiming)) << pszName;
+        EXPECT_EQ(uiWidth, oTiming.GetHorizontalActive()) << pszName;
     }
 }
 

@@ -208,7 +208,12 @@ TEST(EdidFile, LargeTableIsCopiedAFewTimesOnly)
 // A row ahead of 128 bytes less what the row gives: a table that is a success shows which bytes the row gave.
 TEST(EdidFile, CellsOfARow)
 {
-    const std::tuple<const char*, std::string, CBytes> aoCases[] = {
+    const struct
+    {
+        const char* m_pszName;
+        std::string m_sRow;
+        CBytes m_aui8Expected;
+    } aoCases[] = {
         { "UpperAndLowerCaseDigits", "0 |  fF  Ff\n", { 0xFF, 0xFF } },
         { "OneDigit", "0 |  7    B\n", { 0x07, 0x0B } },
         { "NoDigitIsTheByteZero", "0 |  zz  --  xF\n", { 0x00, 0x00, 0x00 } },
@@ -226,12 +231,12 @@ TEST(EdidFile, CellsOfARow)
         { "NulEndsTheLine", std::string("0 |  11  2\0  33\n", 16), { 0x11, 0x02 } },
         { "BarAlone", "|\n", {} },
     };
-    for (const auto& [pszName, sRow, aui8Expected] : aoCases)
+    for (const auto& oCase : aoCases)
     {
-        SCOPED_TRACE(pszName);
-        const CBytes aui8Rest(128 - aui8Expected.size(), 0xA5);
-        ExpectLoad(Write("row.dat", gsc_sMarker + "\n" + sRow + MakeRow(aui8Rest, 0, aui8Rest.size())), 1,
-                   Join({ aui8Expected, aui8Rest }));
+        SCOPED_TRACE(oCase.m_pszName);
+        const CBytes aui8Rest(128 - oCase.m_aui8Expected.size(), 0xA5);
+        const std::string sTable = gsc_sMarker + "\n" + oCase.m_sRow + MakeRow(aui8Rest, 0, aui8Rest.size());
+        ExpectLoad(Write("row.dat", sTable), 1, Join({ oCase.m_aui8Expected, aui8Rest }));
     }
 }
 
@@ -241,8 +246,13 @@ TEST(EdidFile, WhereTheTableBeginsAndEnds)
     const std::string sRow = MakeRow(aui8Bytes, 0, 128) + "\n";
     const std::string sMarked = gsc_sMarker + "\n" + sRow;
     const std::string sWholePiece = gsc_sMarker + std::string(2047 - 48, '_');
-    const std::tuple<const char*, std::string, int, size_t> aoCases[] = {
-        // content, result, bytes in the array
+    const struct
+    {
+        const char* m_pszName;
+        std::string m_sContent;
+        int m_bLoads;
+        size_t m_uiCount; // of the counting bytes in the array
+    } aoCases[] = {
         { "NoMarker", "head\n" + sRow, 0, 0 },
         { "MarkerOneBlankShort", sMarked.substr(1), 0, 0 },
         { "MarkerOneBlankRight", " " + sMarked, 0, 0 },
@@ -266,12 +276,12 @@ TEST(EdidFile, WhereTheTableBeginsAndEnds)
         // 2047 characters hold a bar, two separators and 511 cells; what is behind them has no bar.
         { "RowIsCutWhereItsFirstPieceEnds", gsc_sMarker + "\n" + MakeRow(aui8Bytes, 0, 640), 0, 511 },
     };
-    for (const auto& [pszName, sContent, bLoads, uiCount] : aoCases)
+    for (const auto& oCase : aoCases)
     {
-        SCOPED_TRACE(pszName);
-        const std::string sMessage = "Invalid EDID size (" + std::to_string(uiCount) + " bytes) !\n\n";
-        ExpectLoad(Write("table.dat", sContent), bLoads, MakeCountingBytes(uiCount),
-                   uiCount % 128 == 0 ? "" : sMessage);
+        SCOPED_TRACE(oCase.m_pszName);
+        const std::string sMessage = "Invalid EDID size (" + std::to_string(oCase.m_uiCount) + " bytes) !\n\n";
+        ExpectLoad(Write("table.dat", oCase.m_sContent), oCase.m_bLoads, MakeCountingBytes(oCase.m_uiCount),
+                   oCase.m_uiCount % 128 == 0 ? "" : sMessage);
     }
 }
 }

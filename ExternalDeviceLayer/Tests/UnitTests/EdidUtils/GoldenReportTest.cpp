@@ -34,25 +34,25 @@ void ExpectStored(const std::string& sName, const CTexts& asElements)
 }
 
 // Each has elements that no other of them has.
-const std::pair<const char*, const SEdidImage&> gsc_aoStored[] = {
-    { "AsusHd", AsusHd::g_auiAsusHdEdidData },                          // a maker with a full name
-    { "AudioEleven", Audio::g_auiAudioElevenEdidData },                 // eleven audio formats
-    { "AudioFull", Audio::g_auiAudioFullEdidData },                     // no audio descriptor and no warning
-    { "AudioNoBlock", Audio::g_auiAudioNoBlockEdidData },               // speakers without audio
-    { "AudioTwoDescriptors", Audio::g_auiAudioTwoDescriptorsEdidData }, // audio without speakers
-    { "ExtStandard2", ExtStandard2::g_auiStandard2EdidData },           // a maker without a full name
-    { "ExtStandard_3", ExtStandard::g_auiStandardEdidData3 }, // an interlaced timing, an audio format without a name
-    { "TimingsCompare", TimingsCompare::g_auiTimingsCompareEdidData }, // no extension block
+constexpr SNamedEdidImage gsc_aoStored[] = {
+    { "AsusHd", &AsusHd::g_auiAsusHdEdidData },                          // a maker with a full name
+    { "AudioEleven", &Audio::g_auiAudioElevenEdidData },                 // eleven audio formats
+    { "AudioFull", &Audio::g_auiAudioFullEdidData },                     // no audio descriptor and no warning
+    { "AudioNoBlock", &Audio::g_auiAudioNoBlockEdidData },               // speakers without audio
+    { "AudioTwoDescriptors", &Audio::g_auiAudioTwoDescriptorsEdidData }, // audio without speakers
+    { "ExtStandard2", &ExtStandard2::g_auiStandard2EdidData },           // a maker without a full name
+    { "ExtStandard_3", &ExtStandard::g_auiStandardEdidData3 },           // interlaced; an audio format without a name
+    { "TimingsCompare", &TimingsCompare::g_auiTimingsCompareEdidData },  // no extension block
 };
 
 TEST(GoldenReport, WholeReports)
 {
-    for (const auto& [pszName, aui8Image] : gsc_aoStored)
+    for (const SNamedEdidImage& oImage : gsc_aoStored)
     {
         for (const SFormat& oFormat : gsc_aoFormats)
         {
-            ExpectStored(std::string(pszName) + "." + oFormat.m_pszName,
-                         GetReport(oFormat.m_eType, ToBytes(aui8Image)));
+            ExpectStored(std::string(oImage.m_pszName) + "." + oFormat.m_pszName,
+                         GetReport(oFormat.m_eType, ToBytes(*oImage.m_paui8Image)));
         }
     }
 }

@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <map>
-#include <tuple>
 
 #include "CapturedOutput.h"
 #include "CEdidTestSuites.h"
@@ -127,20 +126,25 @@ TEST(Validators, SeeEachWrongAnswerAndWriteOneLine)
 // The result says that the type of the row is known, not that a timing was found.
 TEST(GetVidParam, ByTypeOfTheRow)
 {
-    const std::tuple<const char*, STimingData, int, unsigned int> aoCases[] = {
-        // result, width where it was 4321
+    const struct
+    {
+        const char* m_pszName;
+        STimingData m_oRow;
+        int m_iExpected;
+        unsigned int m_uiWidth; // afterwards; it was 4321
+    } aoCases[] = {
         { "DmtWithoutARow", DmtRow(1281, 1024, 75), 1, 4321 },
         { "GtfThatCannotBe", GtfRow(0, 0, 60), 1, 4321 },
         { "CeaByCodeAlone", CeaRow(1, 2, 3, 1016), 1, 1920 },
         { "CeaBySizeOfAnyScan", CeaRow(1920, 1080, 30, 0), 1, 1920 },
         { "AnotherType", { CVidParamTiming::eVidParamType_DmtReducedBlanking, 1920, 1200, 60, {}, 0 }, 0, 4321 },
     };
-    for (const auto& [pszName, oRow, iExpected, uiWidth] : aoCases)
+    for (const auto& oCase : aoCases)
     {
         CVidParamTimingGeneric oTiming;
         oTiming.SetHorizontalActive(4321);
-        EXPECT_EQ(iExpected, GetVidParam(oRow, oTiming)) << pszName;
-        EXPECT_EQ(uiWidth, oTiming.GetHorizontalActive()) << pszName;
+        EXPECT_EQ(oCase.m_iExpected, GetVidParam(oCase.m_oRow, oTiming)) << oCase.m_pszName;
+        EXPECT_EQ(oCase.m_uiWidth, oTiming.GetHorizontalActive()) << oCase.m_pszName;
     }
 }
 

@@ -24,7 +24,8 @@ struct SChangeCase
 
 TEST(CompareTimings, WhatCountsAsAChange)
 {
-    // Standard slots of AsusHd hold 71 4F, 81 C0, 81 40, ...; 45 40 is 800 x 600 at 60 Hz, as the lowest bit of byte 35.
+    // Standard slots of AsusHd hold 71 4F, 81 C0, 81 40, ...; 45 40 is 800 x 600 at 60 Hz, as is the lowest bit of
+    // byte 35.
     const CBytes aui8Asus = AsusBytes();
     const CBytes aui8Slots = AsusBytes({ { 38, 0x81 }, { 39, 0x40 }, { 42, 0x71 }, { 43, 0x4F } });
     const CBytes aui8Free = AsusBytes({ { 50, 1 }, { 51, 1 }, { 52, 1 }, { 53, 1 } });

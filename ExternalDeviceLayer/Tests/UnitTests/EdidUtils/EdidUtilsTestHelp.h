@@ -29,10 +29,9 @@ inline CBytes GetBytes(const CByteArray& oArray)
     return CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount());
 }
 
-// AsusHd, the image that most cases start from: a base block and a CEA-861 block without native codes. These bytes of it
-// are changed, {offset, value}, and the checksums made right.
-using CByteChanges = std::vector<std::pair<size_t, unsigned char>>;
+using CByteChanges = std::vector<std::pair<size_t, unsigned char>>; // offset and new value
 
+// The image with these changes and right checksums.
 inline CBytes ChangeBytes(CBytes aui8Image, const CByteChanges& aoChanges)
 {
     for (const auto& [uiOffset, ui8Value] : aoChanges)
@@ -42,6 +41,7 @@ inline CBytes ChangeBytes(CBytes aui8Image, const CByteChanges& aoChanges)
     return FixChecksums(aui8Image);
 }
 
+// AsusHd, the image that most cases start from: a base block and a CEA-861 block without native codes.
 inline CBytes AsusBytes(const CByteChanges& aoChanges = {})
 {
     return ChangeBytes(ToBytes(AsusHd::g_auiAsusHdEdidData), aoChanges);

@@ -39,8 +39,8 @@ struct SSuiteCase
 
 // A call has one part for its result, one for a timing, a native flag, a text or a depth that it gives, four for an
 // audio descriptor or the bytes of an EDID, and 255 for the base block. Of the last ones a suite sees the bits of the
-// bytes that it looks at, and all bits at once. Whether the preferred timing is protected is told by two bytes, of which
-// either would do.
+// bytes that it looks at, and all bits at once. Two bytes say that the preferred timing is protected, and either of
+// them would do.
 const SSuiteCase gsc_aoSuiteCases[] = {
     // Bytes 8 to 19 (the letters leave a bit out), two bits of byte 20 and one of byte 24; bytes 0 to 11 and 126.
     { "AsusHd", Test_AsusHd, 857, { { "GetBaseBlock: bit", 3 * 254 - (23 + 2 + 1) - (24 + 2) } } },

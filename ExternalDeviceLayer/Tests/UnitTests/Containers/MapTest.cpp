@@ -1,7 +1,6 @@
 // CMMap and CMPlex: what is allocated when, that values are built and destroyed, and what guards refuse.
 
 #include <limits.h>
-#include <stddef.h>
 #include <stdlib.h>
 
 #include "CapturedOutput.h"
@@ -13,31 +12,13 @@ namespace
 using CNumberMap = CMMap<unsigned int, unsigned int, const unsigned int&, const unsigned int&>;
 using CStringArray = CMArray<CMString, const CMString&>;
 
-using CListMap = CMMap<unsigned int, CStringArray, const unsigned int&, const CStringArray&>;
-
-// Shows the parts of a node.
+// Shows the nodes. A value stands four bytes behind the start of its node.
 class CMapProbe : public CNumberMap
 {
 public:
-    unsigned int GetBucket(unsigned int uiKey) { return GetNode(uiKey)->m_uiHashValue; }
-    // The key of the node that follows in the bucket; UINT_MAX at the end of the chain.
-    unsigned int GetNextKey(unsigned int uiKey)
-    {
-        const CAssoc* poNext = GetNode(uiKey)->m_poNext;
-        return poNext != nullptr ? poNext->m_oKey : UINT_MAX;
-    }
-    // Whether a node taken off the free list still leads to the one that is taken next.
-    bool KeepsTheLink()
-    {
-        const CAssoc* poLink = NewAssoc(1)->m_poNext;
-        return poLink != nullptr && poLink == NewAssoc(2);
-    }
-
-private:
-    CAssoc* GetNode(unsigned int uiKey)
-    {
-        return reinterpret_cast<CAssoc*>(reinterpret_cast<char*>(&(*this)[uiKey]) - offsetof(CAssoc, m_aui8Value));
-    }
+    CAssoc* GetNode(unsigned int uiKey) { return reinterpret_cast<CAssoc*>(&(*this)[uiKey] - 1); }
+    CAssoc* Take(unsigned int uiKey) { return NewAssoc(uiKey); }
+    using CNumberMap::CAssoc;
 };
 constexpr unsigned long gsc_ulNodeSize = 24; // key, value, link, bucket, rounded up to the link's alignment
 
@@ -75,28 +56,30 @@ TEST(Map, AllocatesTableAndBlocksWhenNeeded)
     EXPECT_EQ(5U, oHeap.GetAllocCount());
 }
 
-TEST(Map, NodesStandInBucketsOfSixteenKeys)
+TEST(Map, NodesStandInBucketsOfSixteenKeysNewestFirst)
 {
     CMapProbe oMap;
     const unsigned int aauiKeysAndBuckets[][2] = { { 1, 0 }, { 2, 0 }, { 16, 1 }, { 272, 0 }, { UINT_MAX, 15 } };
     for (const auto& auiPair : aauiKeysAndBuckets)
     {
-        EXPECT_EQ(auiPair[1], oMap.GetBucket(auiPair[0])) << auiPair[0];
+        EXPECT_EQ(auiPair[1], oMap.GetNode(auiPair[0])->m_uiHashValue) << auiPair[0];
     }
-    // The newest stands at the head.
-    EXPECT_EQ(2U, oMap.GetNextKey(272));
-    EXPECT_EQ(1U, oMap.GetNextKey(2));
-    EXPECT_EQ(UINT_MAX, oMap.GetNextKey(1));
+    EXPECT_EQ(oMap.GetNode(2), oMap.GetNode(272)->m_poNext);
+    EXPECT_EQ(oMap.GetNode(1), oMap.GetNode(2)->m_poNext);
+    EXPECT_EQ(nullptr, oMap.GetNode(1)->m_poNext);
     // Nodes are taken in the order of their addresses.
     EXPECT_EQ(reinterpret_cast<char*>(&oMap[1]) + gsc_ulNodeSize, reinterpret_cast<char*>(&oMap[2]));
-    EXPECT_TRUE(CMapProbe().KeepsTheLink());
+    // A node that is taken still leads to the next one of the free list.
+    const auto* poLink = oMap.Take(3)->m_poNext;
+    ASSERT_NE(nullptr, poLink);
+    EXPECT_EQ(poLink, oMap.Take(4));
 }
 
 TEST(Map, ValuesThatOwnMemoryAreDestroyed)
 {
     const CMString oShared("shared");
     {
-        CListMap oMap;
+        CMMap<unsigned int, CStringArray, const unsigned int&, const CStringArray&> oMap;
         for (unsigned int uiKey : { 1U, 2U, 1U })
         {
             oMap[uiKey].Add(oShared);

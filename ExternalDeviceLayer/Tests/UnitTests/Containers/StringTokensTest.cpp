@@ -45,8 +45,7 @@ TEST(StringIterator, AssignedOnesWalkOneBuffer)
 
     CMString::CIterator oSecond;
     oSecond = oFirst;
-    const CMString::CIterator& oSelf = oSecond;
-    oSecond = oSelf;
+    oSecond.operator=(oSecond);
     EXPECT_TRUE(oSecond == oFirst);
     EXPECT_STREQ("c", *++oSecond);
     oSecond.Reset();
@@ -68,56 +67,40 @@ TEST(StringIterator, ComparesTheTextsOfAllFields)
     EXPECT_TRUE(oEnd != At(0, "a"));
 }
 
-TEST(ArrayString, JoinPutsSeparatorsBetweenAllElements)
+TEST(ArrayString, TokensAreAppendedAndJoined)
 {
     struct SCase
     {
-        std::vector<const char*> m_apszElements;
-        const char* m_szSeparator;
-        const char* m_szExpected;
-    };
-    const SCase aoCases[] = {
-        { {}, ", ", "" },         { { "a" }, ", ", "a" },          { { "a", "", "b" }, ", ", "a, , b" },
-        { { "", "" }, "-", "-" }, { { "a", "b" }, nullptr, "ab" },
-    };
-    for (const SCase& oCase : aoCases)
-    {
-        CMArrayString oLines;
-        for (const char* pszElement : oCase.m_apszElements)
-        {
-            oLines.Add(pszElement);
-        }
-        EXPECT_STREQ(oCase.m_szExpected, oLines.Join(oCase.m_szSeparator));
-    }
-}
-
-TEST(ArrayString, InitFromStringAppendsTheTokens)
-{
-    struct SCase
-    {
-        const char* m_szText;
-        const char* m_szSeparators;
+        const char* m_pszText;
+        const char* m_pszSeparators;
         std::vector<std::string> m_asTokens;
+        const char* m_pszJoined; // with "first" and an empty element ahead
     };
     const SCase aoCases[] = {
-        { "a,b;;c", ",;", { "a", "b", "c" } },
-        { ",,one two,", ",", { "one two" } },
-        { "", ",", {} },
-        { ",;", ",;", {} },
-        { "abc", "", { "abc" } },
-        { nullptr, ",", {} },
+        { "a,b;;c", ",;", { "a", "b", "c" }, "first, , a, b, c" },
+        { ",,one two,", ",", { "one two" }, "first, , one two" },
+        { "", ",", {}, "first, " },
+        { ",;", ",;", {}, "first, " },
+        { "abc", "", { "abc" }, "first, , abc" },
+        { nullptr, ",", {}, "first, " },
     };
     for (const SCase& oCase : aoCases)
     {
         CCountingAllocator oHeap;
         CMArrayString oLines;
+        EXPECT_STREQ("", oLines.Join(", "));
         oLines.Add("first");
-        const int iCount = static_cast<int>(oCase.m_asTokens.size()) + 1;
-        EXPECT_EQ(iCount, oLines.InitFromString(oCase.m_szText, oCase.m_szSeparators));
-        for (int i = 1; i < iCount; ++i)
+        EXPECT_STREQ("first", oLines.Join(", "));
+        oLines.Add("");
+        const int iCount = static_cast<int>(oCase.m_asTokens.size()) + 2;
+        EXPECT_EQ(iCount, oLines.InitFromString(oCase.m_pszText, oCase.m_pszSeparators));
+        for (int i = 2; i < iCount; ++i)
         {
-            EXPECT_EQ(oCase.m_asTokens[static_cast<size_t>(i - 1)], Text(oLines[i]));
+            EXPECT_EQ(oCase.m_asTokens[static_cast<size_t>(i - 2)], Text(oLines[i]));
         }
-        EXPECT_STREQ("first", oLines[0]);
+        EXPECT_STREQ(oCase.m_pszJoined, oLines.Join(", "));
     }
+    CMArrayString oLines;
+    oLines.InitFromString("a b", " ");
+    EXPECT_STREQ("ab", oLines.Join(nullptr));
 }

@@ -38,36 +38,29 @@ protected:
         OsServices::SetMsgPrefixEnable(1);
         OsServices::SetMsgReferenceId(0);
     }
-
-    // What the three writers give for one text each.
-    static std::string WriteAll()
-    {
-        CCapturedOutput oOutput;
-        OsServices::WriteErrorMsg("e%d\n", 1);
-        OsServices::WriteUserMsg("u%s\n", "2");
-        OsServices::WriteMsg("d%c\n", '3');
-        return oOutput.Take();
-    }
 };
+
+// What the three writers give for one text each.
+std::string WriteAll()
+{
+    CCapturedOutput oOutput;
+    OsServices::WriteErrorMsg("e%d\n", 1);
+    OsServices::WriteUserMsg("u%s\n", "2");
+    OsServices::WriteMsg("d%c\n", '3');
+    return oOutput.Take();
+}
 }
 
 // Runs before anything has set a switch only when it is the first test of the process, which ctest's one process for
 // each test makes it.
-TEST(MessagesAtStart, DebugLinesAreOff)
-{
-    CCapturedOutput oOutput;
-    OsServices::WriteErrorMsg("text\n");
-    OsServices::WriteUserMsg("text\n");
-    OsServices::WriteMsg("text\n");
-    EXPECT_EQ("nr4[0]: (Error) text\nnr4[0]: (Info) text\n", oOutput.Take());
-}
+TEST(MessagesAtStart, DebugLinesAreOff) { EXPECT_EQ("nr4[0]: (Error) e1\nnr4[0]: (Info) u2\n", WriteAll()); }
 
 TEST_F(Messages, EachGateOpensOneWriter)
 {
     struct SCase
     {
         int m_bError, m_bUser, m_bInfo;
-        const char* m_szExpected;
+        const char* m_pszExpected;
     };
     const SCase aoCases[] = {
         { 0, 0, 0, "" },
@@ -79,16 +72,13 @@ TEST_F(Messages, EachGateOpensOneWriter)
     for (const SCase& oCase : aoCases)
     {
         OsServices::SetMsgLevel(oCase.m_bError, oCase.m_bUser, oCase.m_bInfo);
-        EXPECT_EQ(oCase.m_szExpected, WriteAll());
-        int bError = 9;
-        int bUser = 9;
-        int bInfo = 9;
-        OsServices::GetMsgLevel(&bError, nullptr, nullptr);
-        OsServices::GetMsgLevel(nullptr, &bUser, &bInfo);
-        OsServices::GetMsgLevel(nullptr, nullptr, nullptr);
-        EXPECT_EQ(oCase.m_bError, bError); // kept as given
-        EXPECT_EQ(oCase.m_bUser, bUser);
-        EXPECT_EQ(oCase.m_bInfo, bInfo);
+        EXPECT_EQ(oCase.m_pszExpected, WriteAll());
+        int abLevels[3] = { 9, 9, 9 };
+        OsServices::GetMsgLevel(abLevels, nullptr, nullptr);
+        OsServices::GetMsgLevel(nullptr, abLevels + 1, abLevels + 2);
+        EXPECT_EQ(oCase.m_bError, abLevels[0]); // kept as given
+        EXPECT_EQ(oCase.m_bUser, abLevels[1]);
+        EXPECT_EQ(oCase.m_bInfo, abLevels[2]);
     }
 }
 
@@ -102,37 +92,34 @@ TEST_F(Messages, HeadAndTextAreTwoWrites)
     EXPECT_EQ("e1\nu2\nd3\n", WriteAll());
     g_psFormats = nullptr;
     EXPECT_EQ("|%s[%llu]: (Error) |e%d\n|%s[%llu]: (Info) |u%s\n|%s[%llu]: (Debug) |d%c\n|e%d\n|u%s\n|d%c\n", sFormats);
+
+    OsServices::SetMsgLevel(0, 0, 0);
+    CCapturedOutput oOutput;
+    OsServices::WriteMsgInternal("%s-%d", "text", 3); // neither gate nor head
+    EXPECT_EQ("text-3", oOutput.Take());
 }
 
 TEST_F(Messages, HeadCarriesPrefixAndReferenceId)
 {
     OsServices::SetMsgReferenceId(ULONG_MAX);
-    OsServices::SetMsgPrefix("%d"); // text, not a format
     OsServices::SetMsgPrefixEnable(-2);
-    EXPECT_EQ("%d[18446744073709551615]: (Error) e1\n%d[18446744073709551615]: (Info) u2\n", WriteAll());
-    for (size_t uiLength : { 0U, 63U, 64U, 200U })
+    const std::string sLongest(63, 'p');
+    const std::string aasPrefixes[][2] = {
+        { "%d", "%d" }, { "", "" }, { sLongest, sLongest }, { sLongest + "p", sLongest } // text, not a format
+    };
+    for (const auto& asPrefix : aasPrefixes)
     {
-        OsServices::SetMsgPrefix(std::string(uiLength, 'p').c_str());
-        CCapturedOutput oOutput;
-        OsServices::WriteErrorMsg("x");
-        const std::string sPrefix(uiLength < 63 ? uiLength : 63, 'p');
-        EXPECT_EQ(sPrefix + "[18446744073709551615]: (Error) x", oOutput.Take());
+        OsServices::SetMsgPrefix(asPrefix[0].c_str());
+        const std::string sHead = asPrefix[1] + "[18446744073709551615]: ";
+        EXPECT_EQ(sHead + "(Error) e1\n" + sHead + "(Info) u2\n", WriteAll());
     }
-}
-
-TEST_F(Messages, InternalWriterHasNoGateAndNoHead)
-{
-    OsServices::SetMsgLevel(0, 0, 0);
-    CCapturedOutput oOutput;
-    OsServices::WriteMsgInternal("%s-%d", "text", 3);
-    EXPECT_EQ("text-3", oOutput.Take());
 }
 
 TEST_F(Messages, FileNameIsTheTailOfAPath)
 {
     struct SCase
     {
-        const char* m_szPath;
+        const char* m_pszPath;
         size_t m_uiTail; // where the name begins
     };
     const SCase aoCases[] = {
@@ -142,8 +129,7 @@ TEST_F(Messages, FileNameIsTheTailOfAPath)
     };
     for (const SCase& oCase : aoCases)
     {
-        EXPECT_EQ(oCase.m_szPath + oCase.m_uiTail, OsServices::GetFileNameOnlySubSring(oCase.m_szPath))
-            << oCase.m_szPath;
+        EXPECT_EQ(oCase.m_pszPath + oCase.m_uiTail, OsServices::GetFileNameOnlySubSring(oCase.m_pszPath));
     }
 }
 
@@ -152,10 +138,7 @@ TEST_F(Messages, AGuardWritesFileAndLineAndGoesOn)
     CCapturedOutput oOutput;
     const int iLine = __LINE__ + 1;
     MASSERT_FAILED();
-    EXPECT_EQ("nr4[0]: (Error) TestMessages.cpp(" + std::to_string(iLine) + ") Assertion failed\n", oOutput.Take());
-
     OsServices::SetMsgLevel(0, 1, 1);
-    CCapturedOutput oSilent;
-    MASSERT_FAILED();
-    EXPECT_EQ("", oSilent.Take());
+    MASSERT_FAILED(); // its gate is that of errors
+    EXPECT_EQ("nr4[0]: (Error) MessagesTest.cpp(" + std::to_string(iLine) + ") Assertion failed\n", oOutput.Take());
 }

@@ -3,30 +3,26 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "OsServicesClient.h"
 #include "SyncTestSupport.h"
 
 namespace
 {
-template <class OPERATION>
-void ExpectStop(const char* pszExpression, OPERATION fnOperation)
-{
-    EXPECT_DEATH(fnOperation(), testing::HasSubstr(std::string("Assertion `") + pszExpression + "' failed."));
-}
-
 // With a null handle and zeros behind it.
 template <class HANDLE, class... REST>
-void ExpectStopOnNull(const char* pszExpression, int (*pfnOperation)(HANDLE*, REST...))
+void CallWithNull(int (*pfnCall)(HANDLE*, REST...))
 {
-    ExpectStop(pszExpression, [&] { pfnOperation(nullptr, REST{}...); });
+    pfnCall(nullptr, REST{}...);
+}
+template <auto CALL>
+void OnNull()
+{
+    CallWithNull(CALL);
 }
 
-template <class... OPERATIONS>
-void ExpectStopsOnNull(const char* pszExpression, OPERATIONS... apfnOperations)
-{
-    (ExpectStopOnNull(pszExpression, apfnOperations), ...);
-}
+unsigned long g_uiThread = 0;
 
 // In a process that is about to stop: objects whose calls of the system fail.
 SHSpinLock* MakeBrokenSpinLock()
@@ -47,37 +43,56 @@ SHMutex* MakeMutex()
     OsServices_Mutex_Create(hMutex);
     return hMutex;
 }
+
+void DestroyHeldMutex()
+{
+    SHMutex* const hMutex = MakeMutex();
+    OsServices_Mutex_Acquire(hMutex, gsc_uiOsServicesNoLimit);
+    OsServices_Mutex_Destroy(hMutex);
 }
 
-TEST(ClientDeathTest, NullHandlesStopTheProcess)
+struct SGroup
 {
-    const char* const pszThreadText = "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)";
-    ExpectStop(pszThreadText, [] { OsServices_CpuThread_Create([](void*) { return 0U; }, nullptr, nullptr); });
-    ExpectStop(pszThreadText, [] {
-        unsigned long uiRecord = 0;
-        OsServices_CpuThread_Create(nullptr, nullptr, reinterpret_cast<SHCpuThread*>(&uiRecord));
-    });
-    ExpectStopsOnNull("hCpuThread != MNULL", OsServices_CpuThread_Join, OsServices_CpuThread_Destroy);
-    ExpectStopsOnNull("hSpinLock != MNULL", OsServices_SpinLock_Create, OsServices_SpinLock_Destroy,
-                      OsServices_SpinLock_Lock, OsServices_SpinLock_Unlock);
-    ExpectStopsOnNull("hMutex != MNULL", OsServices_Mutex_Create, OsServices_Mutex_Destroy, OsServices_Mutex_Acquire,
-                      OsServices_Mutex_Release);
-    ExpectStopsOnNull("hEvent != MNULL", OsServices_Event_Create, OsServices_Event_Destroy, OsServices_Event_Wait,
-                      OsServices_Event_Trigger, OsServices_Event_Reset, OsServices_Event_Cancel,
-                      OsServices_Event_Activate);
-    ExpectStopsOnNull("hSignal != MNULL", OsServices_Signal_Create, OsServices_Signal_Destroy, OsServices_Signal_Wait,
-                      OsServices_Signal_Trigger, OsServices_Signal_Cancel, OsServices_Signal_Activate);
+    const char* m_pszExpression;
+    std::vector<void (*)()> m_apfnCalls;
+};
+
+const SGroup gsc_aoGroups[] = {
+    { "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)",
+      { [] { OsServices_CpuThread_Create([](void*) { return 0U; }, nullptr, nullptr); },
+        [] { OsServices_CpuThread_Create(nullptr, nullptr, reinterpret_cast<SHCpuThread*>(&g_uiThread)); } } },
+    { "hCpuThread != MNULL", { OnNull<OsServices_CpuThread_Join>, OnNull<OsServices_CpuThread_Destroy> } },
+    { "hSpinLock != MNULL",
+      { OnNull<OsServices_SpinLock_Create>, OnNull<OsServices_SpinLock_Destroy>, OnNull<OsServices_SpinLock_Lock>,
+        OnNull<OsServices_SpinLock_Unlock> } },
+    { "hMutex != MNULL",
+      { OnNull<OsServices_Mutex_Create>, OnNull<OsServices_Mutex_Destroy>, OnNull<OsServices_Mutex_Acquire>,
+        OnNull<OsServices_Mutex_Release> } },
+    { "hEvent != MNULL",
+      { OnNull<OsServices_Event_Create>, OnNull<OsServices_Event_Destroy>, OnNull<OsServices_Event_Wait>,
+        OnNull<OsServices_Event_Trigger>, OnNull<OsServices_Event_Reset>, OnNull<OsServices_Event_Cancel>,
+        OnNull<OsServices_Event_Activate> } },
+    { "hSignal != MNULL",
+      { OnNull<OsServices_Signal_Create>, OnNull<OsServices_Signal_Destroy>, OnNull<OsServices_Signal_Wait>,
+        OnNull<OsServices_Signal_Trigger>, OnNull<OsServices_Signal_Cancel>, OnNull<OsServices_Signal_Activate> } },
+    // Calls of the system that must not fail.
+    { "MFALSE",
+      { [] { OsServices_SpinLock_Destroy(MakeBrokenSpinLock()); },
+        [] { OsServices_SpinLock_Lock(MakeBrokenSpinLock(), 1); },
+        [] { OsServices_SpinLock_Unlock(MakeBrokenSpinLock()); },
+        [] { OsServices_Mutex_Release(MakeMutex()); }, // not held
+        DestroyHeldMutex } },
+};
 }
 
-TEST(ClientDeathTest, CallsThatMustNotFailStopTheProcess)
+TEST(ClientDeathTest, EachGuardStopsTheProcess)
 {
-    ExpectStop("MFALSE", [] { OsServices_SpinLock_Destroy(MakeBrokenSpinLock()); });
-    ExpectStop("MFALSE", [] { OsServices_SpinLock_Lock(MakeBrokenSpinLock(), 1); });
-    ExpectStop("MFALSE", [] { OsServices_SpinLock_Unlock(MakeBrokenSpinLock()); });
-    ExpectStop("MFALSE", [] { OsServices_Mutex_Release(MakeMutex()); }); // not held
-    ExpectStop("MFALSE", [] {
-        SHMutex* const hMutex = MakeMutex();
-        OsServices_Mutex_Acquire(hMutex, gsc_uiOsServicesNoLimit);
-        OsServices_Mutex_Destroy(hMutex);
-    });
+    for (const SGroup& oGroup : gsc_aoGroups)
+    {
+        const std::string sText = std::string("Assertion `") + oGroup.m_pszExpression + "' failed.";
+        for (void (*const pfnCall)() : oGroup.m_apfnCalls)
+        {
+            EXPECT_DEATH(pfnCall(), testing::HasSubstr(sText)) << &pfnCall - oGroup.m_apfnCalls.data();
+        }
+    }
 }

@@ -32,18 +32,7 @@ void FailNextNothrowNew() { g_bNextNothrowFails = true; }
 
 #if !defined(__SANITIZE_THREAD__) && !defined(ZOR_TEST_HEAP_NOT_COUNTED)
 
-namespace
-{
-void Free(void* pBlock) noexcept
-{
-    if (pBlock != nullptr)
-    {
-        --g_iLiveBlocks;
-        free(pBlock);
-    }
-}
-}
-
+// The array forms of the C++ library call these.
 void* operator new(size_t uiSize)
 {
     void* const pBlock = malloc(uiSize != 0 ? uiSize : 1);
@@ -64,13 +53,13 @@ void* operator new(size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept
     return g_bNextNothrowFails.exchange(false) ? nullptr : operator new(uiSize);
 }
 
-void* operator new[](size_t uiSize) { return operator new(uiSize); }
-void* operator new[](size_t uiSize, const std::nothrow_t& oTag) noexcept { return operator new(uiSize, oTag); }
-void operator delete(void* pBlock) noexcept { Free(pBlock); }
-void operator delete[](void* pBlock) noexcept { Free(pBlock); }
-void operator delete(void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }
-void operator delete[](void* pBlock, size_t /*uiSize*/) noexcept { Free(pBlock); }
-void operator delete(void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { Free(pBlock); }
-void operator delete[](void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { Free(pBlock); }
+void operator delete(void* pBlock) noexcept
+{
+    g_iLiveBlocks -= pBlock != nullptr ? 1 : 0;
+    free(pBlock);
+}
+
+void operator delete(void* pBlock, size_t /*uiSize*/) noexcept { operator delete(pBlock); }
+void operator delete(void* pBlock, const std::nothrow_t& /*oTag*/) noexcept { operator delete(pBlock); }
 
 #endif

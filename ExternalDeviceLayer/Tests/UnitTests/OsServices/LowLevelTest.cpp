@@ -15,22 +15,16 @@
 
 namespace
 {
-constexpr size_t gsc_uiPage = 4096;
-constexpr size_t gsc_uiFileSize = 4 * gsc_uiPage;
-
 // What the layer asked of the system, and what the system shall answer.
 struct SDeviceLog
 {
-    int m_iFile;      // stands in for the device
-    int m_iLiveNodes; // list nodes allocated and not freed
-    int m_iOpenFiles; // opened and not closed
+    int m_iFile; // stands in for the device
+    int m_iHeld; // list nodes allocated and files opened, not given back
     unsigned int m_uiMaps;
-    size_t m_uiMapLength; // of the last mapping
-    unsigned long long m_uiMapAddress;
+    unsigned long long m_uiMapAddress; // of the last mapping
+    size_t m_uiMapLength;
     void* m_pUnmapAddress; // of the last unmapping
     size_t m_uiUnmapLength;
-    int m_iOpenError; // 0: it works
-    int m_iMapError;
 };
 
 constinit SDeviceLog g_oLog = {};
@@ -39,22 +33,15 @@ int OpenFileAsDevice(const char* szPath, int iFlags)
 {
     EXPECT_STREQ("/dev/mem", szPath);
     EXPECT_EQ(O_RDWR, iFlags);
-    errno = g_oLog.m_iOpenError;
-    if (g_oLog.m_iOpenError != 0)
-    {
-        return -1;
-    }
-    ++g_oLog.m_iOpenFiles;
+    ++g_oLog.m_iHeld;
     return dup(g_oLog.m_iFile);
 }
 
-void* LogAndMap(void* pHint, size_t uiLength, int iProtection, int iFlags, int iFile, off64_t iOffset)
+void LogMap(size_t uiLength, off64_t iOffset)
 {
     ++g_oLog.m_uiMaps;
     g_oLog.m_uiMapLength = uiLength;
     g_oLog.m_uiMapAddress = static_cast<unsigned long long>(iOffset);
-    errno = g_oLog.m_iMapError;
-    return g_oLog.m_iMapError != 0 ? MAP_FAILED : mmap64(pHint, uiLength, iProtection, iFlags, iFile, iOffset);
 }
 
 class MemoryMap : public testing::Test
@@ -62,50 +49,59 @@ class MemoryMap : public testing::Test
 protected:
     void SetUp() override
     {
-        m_poFile = tmpfile();
-        ASSERT_NE(nullptr, m_poFile);
-        ASSERT_EQ(0, ftruncate(fileno(m_poFile), gsc_uiFileSize));
+        ASSERT_EQ(0, ftruncate(fileno(m_poFile), 4 * 4096));
         g_oLog = {};
         g_oLog.m_iFile = fileno(m_poFile);
-
         g_oZorVxdSystemCalls.pfnAlloc = [](size_t uiSize) {
-            ++g_oLog.m_iLiveNodes;
+            ++g_oLog.m_iHeld;
             return malloc(uiSize);
         };
         g_oZorVxdSystemCalls.pfnFree = [](void* pMemory) {
-            --g_oLog.m_iLiveNodes;
+            --g_oLog.m_iHeld;
             free(pMemory);
         };
         g_oZorVxdSystemCalls.pfnOpen = OpenFileAsDevice;
-        g_oZorVxdSystemCalls.pfnMap = LogAndMap;
+        g_oZorVxdSystemCalls.pfnMap = [](void* pHint, size_t uiLength, int iProtection, int iFlags, int iFile,
+                                         off64_t iOffset) {
+            LogMap(uiLength, iOffset);
+            return mmap64(pHint, uiLength, iProtection, iFlags, iFile, iOffset);
+        };
         g_oZorVxdSystemCalls.pfnUnmap = [](void* pAddress, size_t uiLength) {
             g_oLog.m_pUnmapAddress = pAddress;
             g_oLog.m_uiUnmapLength = uiLength;
             return munmap(pAddress, uiLength);
         };
         g_oZorVxdSystemCalls.pfnClose = [](int iFile) {
-            --g_oLog.m_iOpenFiles;
+            --g_oLog.m_iHeld;
             return close(iFile);
         };
     }
 
     void TearDown() override
     {
-        EXPECT_EQ(0, g_oLog.m_iLiveNodes);
-        EXPECT_EQ(0, g_oLog.m_iOpenFiles);
+        EXPECT_EQ(0, g_oLog.m_iHeld);
         EXPECT_EQ(&g_oZorVxdMapList, g_oZorVxdMapList.poNext);
         EXPECT_EQ(&g_oZorVxdMapList, g_oZorVxdMapList.poPrev);
         fclose(m_poFile);
     }
 
+    static void RefuseMaps()
+    {
+        g_oZorVxdSystemCalls.pfnMap = [](void*, size_t uiLength, int, int, int, off64_t iOffset) {
+            LogMap(uiLength, iOffset);
+            errno = EPERM;
+            return MAP_FAILED;
+        };
+    }
+
 private:
     const CRestored<SZorVxdSystemCalls> m_oRestored{ g_oZorVxdSystemCalls };
-    FILE* m_poFile = nullptr;
+    FILE* const m_poFile = tmpfile();
 };
 
 struct SPageCase
 {
-    const char* m_szName;
+    const char* m_pszName;
     unsigned int m_uiAddress;
     unsigned int m_uiSize;
     unsigned int m_uiMapAddress;
@@ -126,10 +122,11 @@ const SPageCase gsc_aoPageCases[] = {
 
 TEST_F(MemoryMap, MapsWholePagesAndGivesTheExactByte)
 {
+    EXPECT_EQ(0U, memUnmap(nullptr)) << "the list is empty";
     unsigned char ui8Written = 0;
     for (const SPageCase& oCase : gsc_aoPageCases)
     {
-        SCOPED_TRACE(oCase.m_szName);
+        SCOPED_TRACE(oCase.m_pszName);
         unsigned char* const pui8Mapped = static_cast<unsigned char*>(memMapEx(oCase.m_uiAddress, oCase.m_uiSize, 0));
         ASSERT_NE(nullptr, pui8Mapped);
         EXPECT_EQ(oCase.m_uiMapAddress, g_oLog.m_uiMapAddress);
@@ -139,7 +136,12 @@ TEST_F(MemoryMap, MapsWholePagesAndGivesTheExactByte)
         EXPECT_EQ(1, pread(g_oLog.m_iFile, &ui8Stored, 1, oCase.m_uiAddress));
         EXPECT_EQ(ui8Written, ui8Stored) << "the device has it";
 
-        EXPECT_EQ(1U, memUnmap(pui8Mapped));
+        g_oLog.m_pUnmapAddress = nullptr;
+        EXPECT_EQ(0U, memUnmap(pui8Mapped - 0x10)) << "not the exact address";
+        EXPECT_EQ(0U, memUnmap(pui8Mapped + 1));
+        EXPECT_EQ(0U, memUnmap(nullptr));
+        EXPECT_EQ(nullptr, g_oLog.m_pUnmapAddress);
+        EXPECT_EQ(1U, OsServices::IoUnMap(pui8Mapped, 77)) << "the size does not count";
         EXPECT_EQ(pui8Mapped - (oCase.m_uiAddress - oCase.m_uiMapAddress), g_oLog.m_pUnmapAddress);
         EXPECT_EQ(oCase.m_uiMapLength, g_oLog.m_uiUnmapLength);
         EXPECT_EQ(0U, memUnmap(pui8Mapped)) << "it is gone";
@@ -165,67 +167,49 @@ TEST_F(MemoryMap, ListRunsFromNewestToOldestAndBack)
 
 TEST_F(MemoryMap, EqualAddressesAreUnmappedNewestFirst)
 {
-    alignas(gsc_uiPage) static unsigned char aui8Area[gsc_uiPage];
+    alignas(4096) static unsigned char aui8Area[4096];
     g_oZorVxdSystemCalls.pfnMap = [](void*, size_t, int, int, int, off64_t) -> void* { return aui8Area; };
     g_oZorVxdSystemCalls.pfnUnmap = [](void*, size_t uiLength) {
         g_oLog.m_uiUnmapLength = uiLength;
         return 0;
     };
     EXPECT_EQ(aui8Area, memMap64(0, 1, 0));
-    EXPECT_EQ(aui8Area, memMap64(0, 2 * gsc_uiPage, 0));
+    EXPECT_EQ(aui8Area, memMap64(0, 8192, 0));
     EXPECT_EQ(1U, memUnmap(aui8Area));
-    EXPECT_EQ(2 * gsc_uiPage, g_oLog.m_uiUnmapLength);
+    EXPECT_EQ(8192U, g_oLog.m_uiUnmapLength);
     EXPECT_EQ(1U, memUnmap(aui8Area));
-    EXPECT_EQ(gsc_uiPage, g_oLog.m_uiUnmapLength);
+    EXPECT_EQ(4096U, g_oLog.m_uiUnmapLength);
 }
 
-TEST_F(MemoryMap, UnmapWantsTheExactAddress)
-{
-    EXPECT_EQ(0U, memUnmap(nullptr)) << "the list is empty";
-    unsigned char* const pui8Mapped = static_cast<unsigned char*>(memMap64(0x1010, 16, 0));
-    EXPECT_EQ(0U, memUnmap(pui8Mapped - 0x10));
-    EXPECT_EQ(0U, memUnmap(pui8Mapped + 1));
-    EXPECT_EQ(0U, memUnmap(nullptr));
-    EXPECT_EQ(nullptr, g_oLog.m_pUnmapAddress) << "nothing was unmapped";
-    EXPECT_EQ(1U, OsServices::IoUnMap(pui8Mapped, 77)) << "the size does not count";
-}
-
-TEST_F(MemoryMap, FailuresGiveNullAndHoldNothing)
+TEST_F(MemoryMap, FailuresGiveNullAndHoldNothingAndAttemptsAreCounted)
 {
     EXPECT_EQ(nullptr, memMap64(0x1000, 0, 0)) << "no page to map";
-
-    g_oLog.m_iMapError = EPERM;
+    RefuseMaps();
     EXPECT_EQ(nullptr, OsServices::IoMap(0x123456789FFFUL, 0xFFFFFFFFU, 0));
     EXPECT_EQ(EPERM, errno);
     EXPECT_EQ(0x123456789000ULL, g_oLog.m_uiMapAddress) << "nothing wraps";
     EXPECT_EQ(0x100001000ULL, g_oLog.m_uiMapLength);
+    EXPECT_EQ(2U, g_oLog.m_uiMaps);
+    EXPECT_EQ(nullptr, OsServices::IoMap(0x1000, 1, -1));
+    EXPECT_EQ(4U, g_oLog.m_uiMaps) << "in two modes";
+    EXPECT_EQ(nullptr, memMap(0x1000, 1));
+    EXPECT_EQ(7U, g_oLog.m_uiMaps) << "in three modes";
 
-    g_oLog.m_iOpenError = EACCES;
+    g_oZorVxdSystemCalls.pfnOpen = [](const char*, int) {
+        errno = EACCES;
+        return -1;
+    };
     EXPECT_EQ(nullptr, memMap64(0x1000, 1, 0));
     EXPECT_EQ(EACCES, errno);
-
-    g_oLog.m_iOpenError = 0;
-    g_oLog.m_uiMaps = 0;
+    g_oZorVxdSystemCalls.pfnOpen = OpenFileAsDevice;
     g_oZorVxdSystemCalls.pfnAlloc = [](size_t) -> void* { return nullptr; };
     EXPECT_EQ(nullptr, memMap64(0x1000, 1, 0));
-    EXPECT_EQ(0U, g_oLog.m_uiMaps);
-}
-
-TEST_F(MemoryMap, AttemptsAreCounted)
-{
-    g_oLog.m_iMapError = EPERM;
-    EXPECT_EQ(nullptr, memMap(0x1000, 1));
-    EXPECT_EQ(3U, g_oLog.m_uiMaps);
-    EXPECT_EQ(nullptr, OsServices::IoMap(0x1000, 1, 0));
-    EXPECT_EQ(4U, g_oLog.m_uiMaps);
-    EXPECT_EQ(nullptr, OsServices::IoMap(0x1000, 1, -1));
-    EXPECT_EQ(6U, g_oLog.m_uiMaps);
+    EXPECT_EQ(7U, g_oLog.m_uiMaps);
 }
 
 TEST(MemoryMapMachine, MapsThePhysicalMemoryOfThisMachine)
 {
-    constexpr unsigned int uiFirmwareArea = 0xF0000; // readable wherever the kernel lets anything through
-    void* const pMapped = memMap(uiFirmwareArea, 16);
+    void* const pMapped = memMap(0xF0000, 16); // firmware: readable wherever the kernel lets anything through
     if (pMapped == nullptr)
     {
         GTEST_SKIP() << "this machine does not let its physical memory be mapped";
@@ -239,21 +223,20 @@ namespace
 constinit const timespec* g_poTimes = nullptr;
 constinit unsigned int g_uiReads = 0;
 
-int TellTime(clockid_t iClock, timespec* poTime)
+int GiveTime(clockid_t iClock, timespec* poTime)
 {
     EXPECT_EQ(CLOCK_MONOTONIC, iClock);
     const timespec& oTime = g_poTimes[g_uiReads++];
-    if (oTime.tv_sec == 0)
+    if (oTime.tv_sec != 0)
     {
-        return -1;
+        *poTime = oTime;
     }
-    *poTime = oTime;
-    return 0;
+    return oTime.tv_sec != 0 ? 0 : -1;
 }
 
 struct SDelayCase
 {
-    const char* m_szName;
+    const char* m_pszName;
     unsigned int m_uiDelay; // microseconds
     unsigned int m_uiReads;
     timespec m_aoTimes[4];
@@ -269,39 +252,26 @@ const SDelayCase gsc_aoDelayCases[] = {
     { "LaterReadFails",      1000000, 3, { { 5, 0 }, { 5, 1 } } },
 };
 // clang-format on
-
-class Timer : public testing::Test
-{
-protected:
-    void SetUp() override { g_oZorVxdSystemCalls.pfnGetClock = TellTime; }
-
-private:
-    const CRestored<SZorVxdSystemCalls> m_oRestored{ g_oZorVxdSystemCalls };
-};
 }
 
-TEST_F(Timer, DelayEndsWhenTheClockHasReachedTheEnd)
+TEST(Timer, DelayAndCounterGoByTheMonotonicClock)
 {
+    const CRestored<SZorVxdSystemCalls> oRestored(g_oZorVxdSystemCalls);
+    g_oZorVxdSystemCalls.pfnGetClock = GiveTime;
     for (const SDelayCase& oCase : gsc_aoDelayCases)
     {
         g_poTimes = oCase.m_aoTimes;
         g_uiReads = 0;
-        EXPECT_EQ(1U, tmDelay(oCase.m_uiDelay)) << oCase.m_szName;
-        EXPECT_EQ(oCase.m_uiReads, g_uiReads) << oCase.m_szName;
+        EXPECT_EQ(1U, tmDelay(oCase.m_uiDelay)) << oCase.m_pszName;
+        EXPECT_EQ(oCase.m_uiReads, g_uiReads) << oCase.m_pszName;
     }
-}
-
-TEST_F(Timer, CounterTellsMicroseconds)
-{
     const timespec aoTimes[] = { { 5000000, 1999 }, {} };
     g_poTimes = aoTimes;
     g_uiReads = 0;
-    unsigned long long uiCounter = 0;
-    EXPECT_EQ(1U, tmCounter(&uiCounter));
-    EXPECT_EQ(5000000000001ULL, uiCounter);
-    EXPECT_EQ(0U, tmCounter(&uiCounter));
-    EXPECT_EQ(5000000000001ULL, uiCounter) << "a failing clock leaves it alone";
-
+    unsigned long long ullCounter = 0;
+    EXPECT_EQ(1U, tmCounter(&ullCounter));
+    EXPECT_EQ(0U, tmCounter(&ullCounter));
+    EXPECT_EQ(5000000000001ULL, ullCounter) << "a failing clock leaves it alone";
     SZorFrequency oFrequency = { 1, 1 };
     EXPECT_EQ(1U, tmFrequency(&oFrequency));
     EXPECT_EQ(1000000U, oFrequency.m_uiLow);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdio.h>
+#include <string>
 
 extern "C"
 {
@@ -18,46 +19,36 @@ namespace
 {
 constinit pci_access g_oAccess = {};
 constinit pci_dev g_aoDevices[4] = {};
-constinit bool g_bInitialised = false;
-constinit unsigned int g_uiScans = 0;
-constinit unsigned int g_uiCleanUps = 0;
-
-void SetDevice(size_t uiIndex, unsigned char ui8Bus, unsigned char ui8Device, unsigned char ui8Function)
-{
-    pci_dev& oDevice = g_aoDevices[uiIndex];
-    oDevice.bus = ui8Bus;
-    oDevice.dev = ui8Device;
-    oDevice.func = ui8Function;
-    oDevice.next = uiIndex + 1 < std::size(g_aoDevices) ? &g_aoDevices[uiIndex + 1] : nullptr;
-}
-
-pci_access* GiveAccess() { return &g_oAccess; }
+constinit std::string* g_psCalls = nullptr; // what was asked of libpci
 
 class Pci : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        g_uiScans = 0;
-        g_uiCleanUps = 0;
-        SetDevice(0, 0, 0, 0);
-        SetDevice(1, 0, 0x1F, 3);
-        SetDevice(2, 1, 1, 0);
-        SetDevice(3, 0xFF, 0x1F, 7);
-        g_oZorVxdPciLibCalls.pfnAlloc = GiveAccess;
-        g_oZorVxdPciLibCalls.pfnInit = [](pci_access*) { g_bInitialised = true; };
+        g_psCalls = &m_sCalls;
+        const unsigned char aaui8Places[4][3] = { { 0, 0, 0 }, { 0, 0x1F, 3 }, { 1, 1, 0 }, { 0xFF, 0x1F, 7 } };
+        for (size_t i = 0; i < 4; ++i)
+        {
+            g_aoDevices[i].bus = aaui8Places[i][0];
+            g_aoDevices[i].dev = aaui8Places[i][1];
+            g_aoDevices[i].func = aaui8Places[i][2];
+            g_aoDevices[i].next = i < 3 ? &g_aoDevices[i + 1] : nullptr;
+        }
+        g_oZorVxdPciLibCalls.pfnAlloc = [] { return g_psCalls->empty() ? nullptr : &g_oAccess; };
+        g_oZorVxdPciLibCalls.pfnInit = [](pci_access*) { *g_psCalls += "init "; };
         g_oZorVxdPciLibCalls.pfnScanBus = [](pci_access* poAccess) {
-            EXPECT_TRUE(g_bInitialised);
-            ++g_uiScans;
+            *g_psCalls += "scan ";
             poAccess->devices = g_aoDevices;
         };
         g_oZorVxdPciLibCalls.pfnCleanup = [](pci_access* poAccess) {
-            ++g_uiCleanUps;
-            g_bInitialised = false;
+            *g_psCalls += "end ";
             *poAccess = {};
         };
     }
     void TearDown() override { ZorVxdPciLibCleanUp(); }
+
+    std::string m_sCalls = "- "; // empty: there is no access
 
 private:
     const CRestored<SZorVxdPciLibCalls> m_oRestored{ g_oZorVxdPciLibCalls };
@@ -65,7 +56,7 @@ private:
 
 struct SHandleCase
 {
-    const char* m_szName;
+    const char* m_pszName;
     unsigned int m_uiHandle;
     const pci_dev* m_poDevice;
 };
@@ -84,31 +75,20 @@ constexpr SHandleCase gsc_aoHandleCases[] = {
 // clang-format on
 }
 
-TEST_F(Pci, FindsByBusDeviceAndFunction)
+TEST_F(Pci, FindsByBusDeviceAndFunctionAfterOneScan)
 {
     for (const SHandleCase& oCase : gsc_aoHandleCases)
     {
-        EXPECT_EQ(oCase.m_poDevice, ZorVxdPciLibConvertHandle(oCase.m_uiHandle)) << oCase.m_szName;
+        EXPECT_EQ(oCase.m_poDevice, ZorVxdPciLibConvertHandle(oCase.m_uiHandle)) << oCase.m_pszName;
     }
-}
-
-TEST_F(Pci, ScansOnceAndAnewAfterCleanUp)
-{
+    EXPECT_EQ("- init scan ", m_sCalls);
     EXPECT_EQ(1U, ReleaseZORLibrary());
-    EXPECT_EQ(0U, g_uiCleanUps) << "there is nothing to clean up yet";
-    g_oZorVxdPciLibCalls.pfnAlloc = []() -> pci_access* { return nullptr; };
-    EXPECT_EQ(nullptr, ZorVxdPciLibConvertHandle(0x0108)) << "no access";
-    g_oZorVxdPciLibCalls.pfnAlloc = GiveAccess;
-    EXPECT_EQ(nullptr, ZorVxdPciLibConvertHandle(0x0200));
-    EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108));
-    EXPECT_EQ(1U, g_uiScans);
-
-    EXPECT_EQ(1U, ReleaseZORLibrary());
-    EXPECT_EQ(1U, g_uiCleanUps);
     EXPECT_EQ(nullptr, g_poZorVxdPciLibAccess);
-    SetDevice(3, 2, 0, 0);
-    EXPECT_EQ(&g_aoDevices[3], ZorVxdPciLibConvertHandle(0x0200));
-    EXPECT_EQ(2U, g_uiScans);
+    EXPECT_EQ(1U, ReleaseZORLibrary()); // there is nothing to end
+    EXPECT_EQ("- init scan end ", m_sCalls);
+    m_sCalls.clear();
+    EXPECT_EQ(nullptr, ZorVxdPciLibConvertHandle(0x0108));
+    EXPECT_EQ("", m_sCalls);
 }
 
 TEST_F(Pci, LastObjectEndsTheLookUp)
@@ -119,9 +99,12 @@ TEST_F(Pci, LastObjectEndsTheLookUp)
             const OsServices oSecond(nullptr);
             EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108));
         }
-        EXPECT_EQ(0U, g_uiCleanUps);
+        EXPECT_EQ("- init scan ", m_sCalls);
     }
-    EXPECT_EQ(1U, g_uiCleanUps);
+    EXPECT_EQ("- init scan end ", m_sCalls);
+    const OsServices oThird(nullptr);
+    EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108)); // scans anew
+    EXPECT_EQ("- init scan end init scan ", m_sCalls);
 }
 
 TEST(PciMachine, FindsADeviceOfThisMachine)
@@ -132,10 +115,8 @@ TEST(PciMachine, FindsADeviceOfThisMachine)
     {
         GTEST_SKIP() << "this machine shows no PCI bus";
     }
-    unsigned int uiBus = 0;
-    unsigned int uiDevice = 0;
-    unsigned int uiFunction = 0;
-    ASSERT_EQ(3, sscanf(oFirst->path().filename().c_str(), "%*x:%x:%x.%x", &uiBus, &uiDevice, &uiFunction));
-    EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(uiBus << 8 | uiDevice << 3 | uiFunction));
+    unsigned int auiPlace[3] = {};
+    ASSERT_EQ(3, sscanf(oFirst->path().filename().c_str(), "%*x:%x:%x.%x", auiPlace, auiPlace + 1, auiPlace + 2));
+    EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(auiPlace[0] << 8 | auiPlace[1] << 3 | auiPlace[2]));
     ZorVxdPciLibCleanUp();
 }

@@ -1,5 +1,6 @@
 // The object, its host, and the services that need no object.
 
+#include <array>
 #include <bit>
 #include <gtest/gtest.h>
 #include <stddef.h>
@@ -37,25 +38,16 @@ public:
         return 30 + MakeForClient(hSignal, OsServices_Signal_GetHandleSize(), OsServices_Signal_Create);
     }
     int Signal_Trigger(SHSignal* hSignal) override { return 40 + OsServices_Signal_Trigger(hSignal); }
-    unsigned char GetHostProperty() override
-    {
-        ++m_uiQueries;
-        return 0xA5;
-    }
+    unsigned char GetHostProperty() override { return ++m_ui8Property; }
 
-    unsigned int m_uiQueries = 0;
+    unsigned char m_ui8Property = 0xA4;
 };
 
-// The place of an operation among those of the host; a pointer to a virtual member holds it in bytes.
+// The place of an operation among those of the host; a pointer to a virtual member begins with it, in bytes.
 template <class MEMBER>
 ptrdiff_t SlotOf(MEMBER pfnMember)
 {
-    struct SPointerToMember
-    {
-        ptrdiff_t m_iOffset;
-        ptrdiff_t m_iAdjustment;
-    };
-    return std::bit_cast<SPointerToMember>(pfnMember).m_iOffset / static_cast<ptrdiff_t>(sizeof(void*));
+    return std::bit_cast<std::array<ptrdiff_t, 2>>(pfnMember)[0] / static_cast<ptrdiff_t>(sizeof(void*));
 }
 }
 
@@ -63,8 +55,8 @@ TEST(Host, CreatesAndTriggersWhatTheObjectWaitsForAndDestroys)
 {
     CHost oHost;
     OsServices oServices(static_cast<OsServicesHost*>(&oHost));
-    EXPECT_EQ(1U, oHost.m_uiQueries);
     EXPECT_EQ(0xA5, COsServicesTestAccess::GetHostProperty(oServices));
+    EXPECT_EQ(0xA5, oHost.m_ui8Property) << "it is asked for once";
     EXPECT_EQ(0, COsServicesTestAccess::GetHostProperty(OsServices(nullptr)));
 
     const long iBlocks = GetLiveBlockCount();
@@ -101,7 +93,7 @@ struct SWaitCase
     unsigned int m_uiDelay;      // microseconds
     unsigned int m_uiTimerReads; // of a busy wait
     useconds_t m_uiSlept;
-    const char* m_szMessage;
+    const char* m_pszMessage;
 };
 
 const SWaitCase gsc_aoWaitCases[] = {
@@ -114,12 +106,17 @@ const SWaitCase gsc_aoWaitCases[] = {
       "OsServices::WaitMicroSeconds(200999) with delay greater than 100000 us isn't reliable, "
       "using SleepMilliSeconds(200) command instead)\n" },
 };
+
+class Time : public testing::Test
+{
+private:
+    const CRestored<SOsServicesCalls> m_oRestored{ g_oOsServicesCalls };
+    const CRestored<SZorVxdSystemCalls> m_oTimerRestored{ g_oZorVxdSystemCalls };
+};
 }
 
-TEST(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
+TEST_F(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
 {
-    const CRestored<SOsServicesCalls> oRestored(g_oOsServicesCalls);
-    const CRestored<SZorVxdSystemCalls> oTimerRestored(g_oZorVxdSystemCalls);
     g_oOsServicesCalls.pfnSleep = [](useconds_t uiDelay) {
         g_uiSlept = uiDelay;
         return 0;
@@ -138,7 +135,7 @@ TEST(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
         g_uiTimerReads = 0;
         CCapturedOutput oOutput;
         EXPECT_EQ(1, OsServices::WaitMicroSeconds(oCase.m_uiDelay));
-        EXPECT_EQ(oCase.m_szMessage, oOutput.Take());
+        EXPECT_EQ(oCase.m_pszMessage, oOutput.Take());
         EXPECT_EQ(oCase.m_uiTimerReads, g_uiTimerReads);
         EXPECT_EQ(oCase.m_uiSlept, g_uiSlept);
     }
@@ -151,9 +148,8 @@ TEST(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
     EXPECT_EQ(0, OsServices::SleepMilliSeconds(1));
 }
 
-TEST(Time, WallClockIsToldInNanosecondsAndMilliseconds)
+TEST_F(Time, WallClockIsGivenInNanosecondsAndMilliseconds)
 {
-    const CRestored<SOsServicesCalls> oRestored(g_oOsServicesCalls);
     g_oOsServicesCalls.pfnGetClock = [](clockid_t iClock, timespec* poTime) {
         EXPECT_EQ(CLOCK_REALTIME, iClock);
         *poTime = { 1700000000, 999999999 };
@@ -161,7 +157,6 @@ TEST(Time, WallClockIsToldInNanosecondsAndMilliseconds)
     };
     EXPECT_EQ(1700000000999999999ULL, OsServices::GetRawTimeInNs());
     EXPECT_EQ(1700000000999ULL, OsServices::GetTimeInMs());
-
     g_oOsServicesCalls.pfnGetClock = [](clockid_t, timespec*) { return -1; };
     EXPECT_EQ(0U, OsServices::GetRawTimeInNs());
 }
@@ -180,15 +175,11 @@ TEST(Memory, BothCopiesGoFromTheFirstArgumentToTheSecond)
     EXPECT_EQ(0, OsServices::NonPagedMemory_Alloc(7, nullptr)) << "this platform has none";
 }
 
-TEST(Random, FollowsTheRuleFromAGivenState)
+TEST(Random, FollowsTheRuleFromTheAddressOfAByteThatIsFreedAgain)
 {
     COsServicesTestAccess::SetRandomState(1);
     EXPECT_EQ(2147483650U, OsServices::GetRandom());
     EXPECT_EQ(1073741829U, OsServices::GetRandom());
-}
-
-TEST(Random, IsSeededWithTheAddressOfAByteThatIsFreedAgain)
-{
     if (!IsHeapCounted())
     {
         GTEST_SKIP() << "a checker has replaced operator new";

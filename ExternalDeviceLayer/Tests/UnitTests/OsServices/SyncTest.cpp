@@ -2,11 +2,8 @@
 
 #include "SyncTestSupport.h"
 
-#include <functional>
 #include <pthread.h>
 #include <string.h>
-#include <string>
-#include <vector>
 
 namespace
 {
@@ -19,117 +16,66 @@ using SyncThread = CSyncTest;
 constexpr unsigned int gsc_uiLongLimit = 60000; // longer than any test lasts
 constexpr unsigned int gsc_uiShortLimit = 10;
 
-template <class HANDLE>
-using Operation = std::function<int(OsServices&, HANDLE*)>;
-
-// What an operation gives (a wait: 0 released, -3 timed out, -12 cancelled), and the flags behind it.
-struct SCell
+struct SChain
 {
-    int m_iResult;
-    bool m_bActive;
-    bool m_bTriggered;
+    const char* m_pszOperations;
+    const char* m_pszResults;
 };
-
-template <class HANDLE>
-struct SRow
-{
-    const char* m_szState;
-    std::vector<Operation<HANDLE>> m_afnWayThere; // from whichever state
-    std::vector<SCell> m_aoCells;                 // a column an operation
-};
-
-// Columns: wait with no time to spare, activate, and the rest. Blocked waiters stand further below.
-template <class HANDLE>
-void ExpectTable(OsServices& oServices, HANDLE* hHandle, const std::vector<Operation<HANDLE>>& afnColumns,
-                 const std::vector<SRow<HANDLE>>& aoRows)
-{
-    const Operation<HANDLE>& fnWait = afnColumns[0];
-    const Operation<HANDLE>& fnActivate = afnColumns[1];
-    for (const SRow<HANDLE>& oRow : aoRows)
-    {
-        for (size_t i = 0; i < afnColumns.size(); ++i)
-        {
-            SCOPED_TRACE(oRow.m_szState + std::string(", column ") + std::to_string(i));
-            const auto Run = [&] {
-                for (const Operation<HANDLE>& fnStep : oRow.m_afnWayThere)
-                {
-                    fnStep(oServices, hHandle);
-                }
-                return afnColumns[i](oServices, hHandle);
-            };
-            // Looking at a state destroys it, so each flag has a run of its own.
-            EXPECT_EQ(oRow.m_aoCells[i].m_iResult, Run());
-            EXPECT_EQ(oRow.m_aoCells[i].m_bActive, fnWait(oServices, hHandle) != eOsServicesWaitCancelled);
-            Run();
-            fnActivate(oServices, hHandle);
-            EXPECT_EQ(oRow.m_aoCells[i].m_bTriggered, fnWait(oServices, hHandle) == eOsServicesWaitReleased);
-        }
-    }
-}
 }
 
 TEST_F(SyncEvent, FollowsItsStateTable)
 {
-    using CEventOperation = Operation<SHEvent>;
-    const CEventOperation fnWait = [](OsServices& oServices, SHEvent* hEvent) {
-        return oServices.Event_Wait(hEvent, 0);
+    // From each state by each operation, and then how it waits and how it waits once active.
+    const SChain aoChains[] = {
+        // idle
+        { "w", "T" },
+        { "aw", "1T" },
+        { "rw", "1T" },
+        { "tWw", "1RT" },
+        { "cWWw", "1CCC" },
+        { "caww", "11RT" }, // cancelling leaves a trigger behind
+        // pending
+        { "tww", "1RT" },
+        { "taww", "11RT" },
+        { "trw", "11T" },
+        { "ttww", "11RT" },
+        { "tcw", "11C" },
+        { "tcaww", "111RT" },
+        // cancelled, with the trigger
+        { "cwaw", "1C1T" }, // a wait consumes it
+        { "craw", "111T" },
+        { "ctww", "10CC" },
+        { "ctaww", "101RT" },
+        { "ccww", "10CC" },
+        { "ccaww", "101RT" },
+        // cancelled, without it
+        { "crww", "11CC" },
+        { "crwaw", "11C1T" },
+        { "crraw", "1111T" },
+        { "crtw", "110C" },
+        { "crtaw", "1101T" },
+        { "crcw", "110C" },
+        { "crcaw", "1101T" },
     };
-    const CEventOperation fnActivate = &OsServices::Event_Activate;
-    const CEventOperation fnReset = &OsServices::Event_Reset;
-    const CEventOperation fnTrigger = &OsServices::Event_Trigger;
-    const CEventOperation fnCancel = &OsServices::Event_Cancel;
-    // clang-format off
-    ExpectTable<SHEvent>(m_oServices, m_hEvent, { fnWait, fnActivate, fnReset, fnTrigger, fnCancel }, {
-        { "idle", { fnActivate, fnReset },
-          { { -3, 1, 0 },  { 1, 1, 0 }, { 1, 1, 0 }, { 1, 1, 1 }, { 1, 0, 1 } } },
-        { "pending", { fnActivate, fnReset, fnTrigger },
-          { { 0, 1, 0 },   { 1, 1, 1 }, { 1, 1, 0 }, { 1, 1, 1 }, { 1, 0, 1 } } },
-        { "cancelled-pending", { fnActivate, fnReset, fnCancel },
-          { { -12, 0, 0 }, { 1, 1, 1 }, { 1, 0, 0 }, { 0, 0, 1 }, { 0, 0, 1 } } },
-        { "cancelled", { fnActivate, fnCancel, fnReset },
-          { { -12, 0, 0 }, { 1, 1, 0 }, { 1, 0, 0 }, { 0, 0, 0 }, { 0, 0, 0 } } },
-    });
-    // clang-format on
-}
-
-// With time to spare they answer at once all the same.
-TEST_F(SyncEvent, PendingAndCancelledEventsBlockNoWaiter)
-{
-    m_oServices.Event_Trigger(m_hEvent);
-    EXPECT_EQ(eOsServicesWaitReleased, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
-    m_oServices.Event_Cancel(m_hEvent); // leaves it triggered, too, until the first wait
-    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
-    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit));
-    EXPECT_EQ(0, g_iBlockedWaiters);
-}
-
-TEST_F(SyncEvent, WaitLastsAsLongAsItsLimit)
-{
-    ExpectLasting(1000 * gsc_uiShortLimit,
-                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit)); });
+    for (const SChain& oChain : aoChains)
+    {
+        EXPECT_EQ("11", RunOnEvent("ar"));
+        EXPECT_EQ(oChain.m_pszResults, RunOnEvent(oChain.m_pszOperations)) << oChain.m_pszOperations;
+    }
 }
 
 TEST_F(SyncSignal, FollowsItsStateTable)
 {
-    const Operation<SHSignal> fnWait = [](OsServices& oServices, SHSignal* hSignal) {
-        return oServices.Signal_Wait(hSignal, 0, 0);
+    const SChain aoChains[] = {
+        { "w", "T" },       { "tw", "1T" }, // a trigger that nobody waits for is lost
+        { "aw", "1T" },     { "cWWw", "1CCC" }, { "caw", "11T" },   { "ccw", "10C" },
+        { "ccaw", "101T" }, { "ctw", "10C" },   { "ctaw", "101T" }, { "cwaw", "1C1T" },
     };
-    const Operation<SHSignal> fnActivate = &OsServices::Signal_Activate;
-    const Operation<SHSignal> fnTrigger = &OsServices::Signal_Trigger;
-    const Operation<SHSignal> fnCancel = &OsServices::Signal_Cancel;
-    // clang-format off
-    ExpectTable<SHSignal>(m_oServices, m_hSignal, { fnWait, fnActivate, fnTrigger, fnCancel }, {
-        { "active",    { fnActivate },           { { -3, 1, 0 },  { 1, 1, 0 }, { 1, 1, 0 }, { 1, 0, 0 } } },
-        { "cancelled", { fnActivate, fnCancel }, { { -12, 0, 0 }, { 1, 1, 0 }, { 0, 0, 0 }, { 0, 0, 0 } } },
-    });
-    // clang-format on
-}
-
-TEST_F(SyncSignal, CancelledSignalBlocksNoWaiter)
-{
-    m_oServices.Signal_Cancel(m_hSignal);
-    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Signal_Wait(m_hSignal, gsc_uiShortLimit, 0));
-    EXPECT_EQ(0, g_iBlockedWaiters);
+    for (const SChain& oChain : aoChains)
+    {
+        EXPECT_EQ("1", RunOnSignal("a"));
+        EXPECT_EQ(oChain.m_pszResults, RunOnSignal(oChain.m_pszOperations)) << oChain.m_pszOperations;
+    }
 }
 
 TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)
@@ -155,44 +101,27 @@ TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)
         EXPECT_EQ(1, m_oServices.Event_Trigger(m_hEvent));
         EXPECT_EQ(eOsServicesWaitReleased, oFirst.Join());
         EXPECT_EQ(eOsServicesWaitReleased, oSecond.Join());
-        EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, 0)) << "both triggers are consumed";
+        EXPECT_EQ("T", RunOnEvent("w")) << "both triggers are consumed";
     }
 }
 
-namespace
+TEST_F(SyncSignal, TriggerOfASignalAndCancelOfBothWakeAllBlockedWaiters)
 {
-// One waits with a limit and one without.
-template <class WAIT, class WAKE>
-void ExpectBothWaitersWoken(int iExpected, WAIT fnWait, WAKE fnWake)
-{
-    g_iBlockedWaiters = 0;
-    CBackground oFirst([&] { return fnWait(gsc_uiLongLimit); });
-    CBackground oSecond([&] { return fnWait(gsc_uiOsServicesNoLimit); });
-    WaitUntilAtLeast(g_iBlockedWaiters, 2);
-    EXPECT_EQ(1, fnWake());
-    EXPECT_EQ(iExpected, oFirst.Join());
-    EXPECT_EQ(iExpected, oSecond.Join());
-}
-}
-
-TEST_F(SyncEvent, CancelWakesAllBlockedWaiters)
-{
-    const auto Wait = [&](unsigned int uiLimit) { return m_oServices.Event_Wait(m_hEvent, uiLimit); };
-    ExpectBothWaitersWoken(eOsServicesWaitCancelled, Wait, [&] { return m_oServices.Event_Cancel(m_hEvent); });
-}
-
-TEST_F(SyncSignal, TriggerAndCancelWakeAllBlockedWaiters)
-{
-    const auto Wait = [&](unsigned int uiLimit) { return m_oServices.Signal_Wait(m_hSignal, uiLimit, 2); };
-    ExpectBothWaitersWoken(eOsServicesWaitReleased, Wait, [&] { return m_oServices.Signal_Trigger(m_hSignal); });
-    ExpectBothWaitersWoken(eOsServicesWaitCancelled, Wait, [&] { return m_oServices.Signal_Cancel(m_hSignal); });
-}
-
-TEST_F(SyncSignal, TriggerThatNobodyWaitsForIsLostAndTheWaitLastsAsLongAsItsLimit)
-{
-    EXPECT_EQ(1, m_oServices.Signal_Trigger(m_hSignal));
-    ExpectLasting(1000 * gsc_uiShortLimit,
-                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Signal_Wait(m_hSignal, gsc_uiShortLimit, 0)); });
+    const auto WaitForEvent = [&](unsigned int uiLimit) { return m_oServices.Event_Wait(m_hEvent, uiLimit); };
+    const auto WaitForSignal = [&](unsigned int uiLimit) { return m_oServices.Signal_Wait(m_hSignal, uiLimit, 2); };
+    // One waits with a limit and one without.
+    const auto ExpectBothWoken = [](int iExpected, auto fnWait, auto fnWake) {
+        g_iBlockedWaiters = 0;
+        CBackground oFirst([&] { return fnWait(gsc_uiLongLimit); });
+        CBackground oSecond([&] { return fnWait(gsc_uiOsServicesNoLimit); });
+        WaitUntilAtLeast(g_iBlockedWaiters, 2);
+        EXPECT_EQ("1", fnWake());
+        EXPECT_EQ(iExpected, oFirst.Join());
+        EXPECT_EQ(iExpected, oSecond.Join());
+    };
+    ExpectBothWoken(eOsServicesWaitReleased, WaitForSignal, [&] { return RunOnSignal("t"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, WaitForSignal, [&] { return RunOnSignal("c"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, WaitForEvent, [&] { return RunOnEvent("c"); });
 }
 
 TEST_F(SyncMutex, OtherThreadsGetItAfterTheLastReleaseOfTheOwner)
@@ -212,6 +141,11 @@ TEST_F(SyncMutex, OtherThreadsGetItAfterTheLastReleaseOfTheOwner)
     EXPECT_EQ(1, m_oServices.Mutex_Release(m_hMutex));
     EXPECT_EQ(1, TryElsewhere(0)) << "usable after the acquire that expired";
     EXPECT_EQ(1, TryElsewhere(gsc_uiOsServicesNoLimit));
+    // Waits last as long, too.
+    ExpectLasting(1000 * gsc_uiShortLimit,
+                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit)); });
+    ExpectLasting(1000 * gsc_uiShortLimit,
+                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Signal_Wait(m_hSignal, gsc_uiShortLimit, 0)); });
 }
 
 TEST_F(SyncSpinLock, KeepsThreadsApart)
@@ -220,7 +154,7 @@ TEST_F(SyncSpinLock, KeepsThreadsApart)
     SHSpinLock* hSpinLock = nullptr;
     ASSERT_EQ(1, m_oServices.SpinLock_Create(hSpinLock));
     int iCount = 0; // plain: the lock alone keeps it whole
-    const auto Count = [&] {
+    const auto CountUp = [&] {
         for (int i = 0; i < iRounds; ++i)
         {
             m_oServices.SpinLock_Lock(hSpinLock);
@@ -229,8 +163,8 @@ TEST_F(SyncSpinLock, KeepsThreadsApart)
         }
         return 1;
     };
-    CBackground oOther(Count);
-    Count();
+    CBackground oOther(CountUp);
+    CountUp();
     oOther.Join();
     EXPECT_EQ(2 * iRounds, iCount);
     EXPECT_EQ(1, m_oServices.SpinLock_Destroy(hSpinLock));
@@ -251,10 +185,7 @@ pthread_t GetThread(const SHCpuThread* hCpuThread)
 TEST_F(SyncThread, JoinedThreadIsNotCancelled)
 {
     g_iCancels = 0;
-    g_oOsServicesCalls.pfnThreadCancel = [](pthread_t) {
-        ++g_iCancels;
-        return 0;
-    };
+    g_oOsServicesCalls.pfnThreadCancel = [](pthread_t) { return ++g_iCancels; };
     const auto StoreThreadId = [](void* pvContext) {
         *static_cast<unsigned long*>(pvContext) = OsServices::GetCurrentThreadId();
         return 5U;
@@ -288,5 +219,5 @@ TEST_F(SyncThread, DestroyCancelsAWaitingThreadWhichLetsGoOfItsLock)
     void* pvEnd = nullptr;
     EXPECT_EQ(0, pthread_join(oThread, &pvEnd));
     EXPECT_EQ(PTHREAD_CANCELED, pvEnd);
-    EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, 0)) << "the event still works";
+    EXPECT_EQ("T", RunOnEvent("w")) << "the event still works";
 }

@@ -6,6 +6,7 @@
 #include <errno.h>
 #include <gtest/gtest.h>
 #include <sched.h>
+#include <string>
 #include <thread>
 
 #include "OsServices.h"
@@ -43,12 +44,55 @@ protected:
         EXPECT_EQ(1, m_oServices.Mutex_Destroy(m_hMutex));
     }
 
+    // A chain of operations on the event or the signal, a letter each, and what each gives.
+    //   operations  w wait with no time to spare, W the same with 10 ms, t trigger, c cancel, a activate, r reset
+    //   results     R released, T timed out, C cancelled, B blocked without need; 0 and 1 of the other operations
+    std::string RunOnEvent(const char* pszOperations)
+    {
+        return Run(pszOperations, [this](char cOperation) {
+            return cOperation == 'w'   ? m_oServices.Event_Wait(m_hEvent, 0)
+                   : cOperation == 'W' ? m_oServices.Event_Wait(m_hEvent, 10)
+                   : cOperation == 't' ? m_oServices.Event_Trigger(m_hEvent)
+                   : cOperation == 'c' ? m_oServices.Event_Cancel(m_hEvent)
+                   : cOperation == 'a' ? m_oServices.Event_Activate(m_hEvent)
+                                       : m_oServices.Event_Reset(m_hEvent);
+        });
+    }
+    std::string RunOnSignal(const char* pszOperations)
+    {
+        return Run(pszOperations, [this](char cOperation) {
+            return cOperation == 'w'   ? m_oServices.Signal_Wait(m_hSignal, 0, 0)
+                   : cOperation == 'W' ? m_oServices.Signal_Wait(m_hSignal, 10, 0)
+                   : cOperation == 't' ? m_oServices.Signal_Trigger(m_hSignal)
+                   : cOperation == 'c' ? m_oServices.Signal_Cancel(m_hSignal)
+                                       : m_oServices.Signal_Activate(m_hSignal);
+        });
+    }
+
     OsServices m_oServices{ nullptr };
     SHEvent* m_hEvent = nullptr;
     SHSignal* m_hSignal = nullptr;
     SHMutex* m_hMutex = nullptr;
 
 private:
+    template <class OPERATION>
+    static std::string Run(const char* pszOperations, OPERATION fnOperation)
+    {
+        std::string sResults;
+        for (; *pszOperations != '\0'; ++pszOperations)
+        {
+            const int iBlocked = g_iBlockedWaiters;
+            const int iResult = fnOperation(*pszOperations);
+            const char cWaited = iResult == eOsServicesWaitReleased   ? 'R'
+                                 : iResult == eOsServicesWaitTimedOut ? 'T'
+                                                                      : 'C';
+            const bool bIsWait = *pszOperations == 'w' || *pszOperations == 'W';
+            const bool bBlocked = *pszOperations == 'W' && g_iBlockedWaiters != iBlocked;
+            sResults += bBlocked ? 'B' : bIsWait ? cWaited : static_cast<char>('0' + iResult);
+        }
+        return sResults;
+    }
+
     const CRestored<SOsServicesCalls> m_oRestored{ g_oOsServicesCalls };
 };
 
@@ -81,20 +125,14 @@ public:
     explicit CBackground(OPERATION fnOperation) : m_oThread([this, fnOperation] { m_iResult = fnOperation(); })
     {
     }
-    ~CBackground() { Join(); }
-    CBackground(const CBackground&) = delete;
-    CBackground& operator=(const CBackground&) = delete;
 
     int Join()
     {
-        if (m_oThread.joinable())
-        {
-            m_oThread.join();
-        }
+        m_oThread.join();
         return m_iResult;
     }
 
 private:
     int m_iResult = -1000;
-    std::thread m_oThread; // last: it starts when the rest is there
+    std::jthread m_oThread; // last: it starts when the rest is there
 };

@@ -15,87 +15,45 @@
 
 namespace
 {
-// What the layer asked of the system, and what the system shall answer.
-struct SDeviceLog
-{
-    int m_iFile; // stands in for the device
-    int m_iHeld; // list nodes allocated and files opened, not given back
-    unsigned int m_uiMaps;
-    unsigned long long m_uiMapAddress; // of the last mapping
-    size_t m_uiMapLength;
-    void* m_pUnmapAddress; // of the last unmapping
-    size_t m_uiUnmapLength;
-};
+using Calls = SZorVxdSystemCalls;
+using SMaps = SWatched<&Calls::pfnMap>;
+using SUnmaps = SWatched<&Calls::pfnUnmap>;
 
-constinit SDeviceLog g_oLog = {};
+constinit int g_iFile = -1; // stands in for the device
 
-int OpenFileAsDevice(const char* szPath, int iFlags)
-{
-    EXPECT_STREQ("/dev/mem", szPath);
-    EXPECT_EQ(O_RDWR, iFlags);
-    ++g_oLog.m_iHeld;
-    return dup(g_oLog.m_iFile);
-}
-
-void LogMap(size_t uiLength, off64_t iOffset)
-{
-    ++g_oLog.m_uiMaps;
-    g_oLog.m_uiMapLength = uiLength;
-    g_oLog.m_uiMapAddress = static_cast<unsigned long long>(iOffset);
-}
+unsigned long long GetMapAddress() { return static_cast<unsigned long long>(std::get<5>(SMaps::ms_oLast)); }
+size_t GetMapLength() { return std::get<1>(SMaps::ms_oLast); }
 
 class MemoryMap : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        ASSERT_EQ(0, ftruncate(fileno(m_poFile), 4 * 4096));
-        g_oLog = {};
-        g_oLog.m_iFile = fileno(m_poFile);
-        g_oZorVxdSystemCalls.pfnAlloc = [](size_t uiSize) {
-            ++g_oLog.m_iHeld;
-            return malloc(uiSize);
-        };
-        g_oZorVxdSystemCalls.pfnFree = [](void* pMemory) {
-            --g_oLog.m_iHeld;
-            free(pMemory);
-        };
-        g_oZorVxdSystemCalls.pfnOpen = OpenFileAsDevice;
-        g_oZorVxdSystemCalls.pfnMap = [](void* pHint, size_t uiLength, int iProtection, int iFlags, int iFile,
-                                         off64_t iOffset) {
-            LogMap(uiLength, iOffset);
-            return mmap64(pHint, uiLength, iProtection, iFlags, iFile, iOffset);
-        };
-        g_oZorVxdSystemCalls.pfnUnmap = [](void* pAddress, size_t uiLength) {
-            g_oLog.m_pUnmapAddress = pAddress;
-            g_oLog.m_uiUnmapLength = uiLength;
-            return munmap(pAddress, uiLength);
-        };
-        g_oZorVxdSystemCalls.pfnClose = [](int iFile) {
-            --g_oLog.m_iHeld;
-            return close(iFile);
-        };
+        g_iFile = fileno(m_poFile);
+        ASSERT_EQ(0, ftruncate(g_iFile, 4 * 4096));
+        SWatched<&Calls::pfnAlloc>::Start(g_oZorVxdSystemCalls);
+        SWatched<&Calls::pfnFree>::Start(g_oZorVxdSystemCalls);
+        SWatched<&Calls::pfnOpen>::Start(g_oZorVxdSystemCalls, [](const char* pszPath, int iFlags) {
+            EXPECT_STREQ("/dev/mem", pszPath);
+            EXPECT_EQ(O_RDWR, iFlags);
+            return dup(g_iFile);
+        });
+        SMaps::Start(g_oZorVxdSystemCalls);
+        SUnmaps::Start(g_oZorVxdSystemCalls);
+        SWatched<&Calls::pfnClose>::Start(g_oZorVxdSystemCalls);
     }
 
     void TearDown() override
     {
-        EXPECT_EQ(0, g_oLog.m_iHeld);
+        EXPECT_EQ(SWatched<&Calls::pfnAlloc>::ms_iCount, SWatched<&Calls::pfnFree>::ms_iCount);
+        EXPECT_EQ(SWatched<&Calls::pfnOpen>::ms_iCount, SWatched<&Calls::pfnClose>::ms_iCount);
         EXPECT_EQ(&g_oZorVxdMapList, g_oZorVxdMapList.poNext);
         EXPECT_EQ(&g_oZorVxdMapList, g_oZorVxdMapList.poPrev);
         fclose(m_poFile);
     }
 
-    static void RefuseMaps()
-    {
-        g_oZorVxdSystemCalls.pfnMap = [](void*, size_t uiLength, int, int, int, off64_t iOffset) {
-            LogMap(uiLength, iOffset);
-            errno = EPERM;
-            return MAP_FAILED;
-        };
-    }
-
 private:
-    const CRestored<SZorVxdSystemCalls> m_oRestored{ g_oZorVxdSystemCalls };
+    const CRestored<Calls> m_oRestored{ g_oZorVxdSystemCalls };
     FILE* const m_poFile = tmpfile();
 };
 
@@ -129,92 +87,67 @@ TEST_F(MemoryMap, MapsWholePagesAndGivesTheExactByte)
         SCOPED_TRACE(oCase.m_pszName);
         unsigned char* const pui8Mapped = static_cast<unsigned char*>(memMapEx(oCase.m_uiAddress, oCase.m_uiSize, 0));
         ASSERT_NE(nullptr, pui8Mapped);
-        EXPECT_EQ(oCase.m_uiMapAddress, g_oLog.m_uiMapAddress);
-        EXPECT_EQ(oCase.m_uiMapLength, g_oLog.m_uiMapLength);
+        EXPECT_EQ(oCase.m_uiMapAddress, GetMapAddress());
+        EXPECT_EQ(oCase.m_uiMapLength, GetMapLength());
         *pui8Mapped = ++ui8Written;
         unsigned char ui8Stored = 0;
-        EXPECT_EQ(1, pread(g_oLog.m_iFile, &ui8Stored, 1, oCase.m_uiAddress));
+        EXPECT_EQ(1, pread(g_iFile, &ui8Stored, 1, oCase.m_uiAddress));
         EXPECT_EQ(ui8Written, ui8Stored) << "the device has it";
 
-        g_oLog.m_pUnmapAddress = nullptr;
+        SUnmaps::ms_iCount = 0;
         EXPECT_EQ(0U, memUnmap(pui8Mapped - 0x10)) << "not the exact address";
         EXPECT_EQ(0U, memUnmap(pui8Mapped + 1));
         EXPECT_EQ(0U, memUnmap(nullptr));
-        EXPECT_EQ(nullptr, g_oLog.m_pUnmapAddress);
+        EXPECT_EQ(0, SUnmaps::ms_iCount);
         EXPECT_EQ(1U, OsServices::IoUnMap(pui8Mapped, 77)) << "the size does not count";
-        EXPECT_EQ(pui8Mapped - (oCase.m_uiAddress - oCase.m_uiMapAddress), g_oLog.m_pUnmapAddress);
-        EXPECT_EQ(oCase.m_uiMapLength, g_oLog.m_uiUnmapLength);
+        EXPECT_EQ(pui8Mapped - (oCase.m_uiAddress - oCase.m_uiMapAddress), std::get<0>(SUnmaps::ms_oLast));
+        EXPECT_EQ(oCase.m_uiMapLength, std::get<1>(SUnmaps::ms_oLast));
         EXPECT_EQ(0U, memUnmap(pui8Mapped)) << "it is gone";
     }
 }
 
-TEST_F(MemoryMap, ListRunsFromNewestToOldestAndBack)
-{
-    void* const pFirst = memMap64(0x1000, 1, 0);
-    void* const pSecond = memMap64(0x2010, 1, 0);
-    void* const pThird = memMap64(0x3000, 1, 0);
-    const SZorVxdMapNode& oList = g_oZorVxdMapList;
-    EXPECT_EQ(pThird, oList.poNext->pAddress);
-    EXPECT_EQ(pSecond, oList.poNext->poNext->pAddress);
-    EXPECT_EQ(pFirst, oList.poPrev->pAddress);
-    EXPECT_EQ(pSecond, oList.poPrev->poPrev->pAddress);
-    EXPECT_EQ(1U, memUnmap(pSecond));
-    EXPECT_EQ(pFirst, oList.poNext->poNext->pAddress);
-    EXPECT_EQ(pThird, oList.poPrev->poPrev->pAddress);
-    EXPECT_EQ(1U, memUnmap(pFirst));
-    EXPECT_EQ(1U, memUnmap(pThird));
-}
-
 TEST_F(MemoryMap, EqualAddressesAreUnmappedNewestFirst)
 {
-    alignas(4096) static unsigned char aui8Area[4096];
-    g_oZorVxdSystemCalls.pfnMap = [](void*, size_t, int, int, int, off64_t) -> void* { return aui8Area; };
-    g_oZorVxdSystemCalls.pfnUnmap = [](void*, size_t uiLength) {
-        g_oLog.m_uiUnmapLength = uiLength;
-        return 0;
+    alignas(4096) static unsigned char aui8Area[8192];
+    g_oZorVxdSystemCalls.pfnMap = [](void*, size_t, int, int, int, off64_t iOffset) -> void* {
+        return aui8Area + iOffset;
     };
+    SUnmaps::Start(g_oZorVxdSystemCalls, [](void*, size_t) { return 0; });
     EXPECT_EQ(aui8Area, memMap64(0, 1, 0));
+    EXPECT_EQ(aui8Area + 4096, memMap64(4096, 4096, 0));
     EXPECT_EQ(aui8Area, memMap64(0, 8192, 0));
-    EXPECT_EQ(1U, memUnmap(aui8Area));
-    EXPECT_EQ(8192U, g_oLog.m_uiUnmapLength);
-    EXPECT_EQ(1U, memUnmap(aui8Area));
-    EXPECT_EQ(4096U, g_oLog.m_uiUnmapLength);
+    EXPECT_EQ(1U, memUnmap(aui8Area + 4096)); // out of the middle
+    for (const size_t uiLength : { 8192U, 4096U })
+    {
+        EXPECT_EQ(1U, memUnmap(aui8Area));
+        EXPECT_EQ(uiLength, std::get<1>(SUnmaps::ms_oLast));
+    }
 }
 
 TEST_F(MemoryMap, FailuresGiveNullAndHoldNothingAndAttemptsAreCounted)
 {
     EXPECT_EQ(nullptr, memMap64(0x1000, 0, 0)) << "no page to map";
-    RefuseMaps();
+    SMaps::Start(g_oZorVxdSystemCalls, [](auto...) {
+        errno = EPERM;
+        return MAP_FAILED;
+    });
     EXPECT_EQ(nullptr, OsServices::IoMap(0x123456789FFFUL, 0xFFFFFFFFU, 0));
     EXPECT_EQ(EPERM, errno);
-    EXPECT_EQ(0x123456789000ULL, g_oLog.m_uiMapAddress) << "nothing wraps";
-    EXPECT_EQ(0x100001000ULL, g_oLog.m_uiMapLength);
-    EXPECT_EQ(2U, g_oLog.m_uiMaps);
+    EXPECT_EQ(0x123456789000ULL, GetMapAddress()) << "nothing wraps";
+    EXPECT_EQ(0x100001000ULL, GetMapLength());
+    EXPECT_EQ(1, SMaps::ms_iCount);
     EXPECT_EQ(nullptr, OsServices::IoMap(0x1000, 1, -1));
-    EXPECT_EQ(4U, g_oLog.m_uiMaps) << "in two modes";
+    EXPECT_EQ(3, SMaps::ms_iCount) << "in two modes";
     EXPECT_EQ(nullptr, memMap(0x1000, 1));
-    EXPECT_EQ(7U, g_oLog.m_uiMaps) << "in three modes";
+    EXPECT_EQ(6, SMaps::ms_iCount) << "in three modes";
 
-    g_oZorVxdSystemCalls.pfnOpen = [](const char*, int) {
-        errno = EACCES;
-        return -1;
-    };
+    const auto pfnOpen = g_oZorVxdSystemCalls.pfnOpen;
+    g_oZorVxdSystemCalls.pfnOpen = [](const char*, int) { return -1; };
     EXPECT_EQ(nullptr, memMap64(0x1000, 1, 0));
-    EXPECT_EQ(EACCES, errno);
-    g_oZorVxdSystemCalls.pfnOpen = OpenFileAsDevice;
+    g_oZorVxdSystemCalls.pfnOpen = pfnOpen;
     g_oZorVxdSystemCalls.pfnAlloc = [](size_t) -> void* { return nullptr; };
     EXPECT_EQ(nullptr, memMap64(0x1000, 1, 0));
-    EXPECT_EQ(7U, g_oLog.m_uiMaps);
-}
-
-TEST(MemoryMapMachine, MapsThePhysicalMemoryOfThisMachine)
-{
-    void* const pMapped = memMap(0xF0000, 16); // firmware: readable wherever the kernel lets anything through
-    if (pMapped == nullptr)
-    {
-        GTEST_SKIP() << "this machine does not let its physical memory be mapped";
-    }
-    EXPECT_EQ(1U, memUnmap(pMapped));
+    EXPECT_EQ(6, SMaps::ms_iCount);
 }
 
 namespace

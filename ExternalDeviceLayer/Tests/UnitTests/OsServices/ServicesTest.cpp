@@ -85,13 +85,13 @@ TEST(Host, SlotsStandInTheirOrder)
 
 namespace
 {
-constinit useconds_t g_uiSlept = 0;
-constinit unsigned int g_uiTimerReads = 0;
+using SSleep = SWatched<&SOsServicesCalls::pfnSleep>;
+using STimer = SWatched<&SZorVxdSystemCalls::pfnGetClock>;
 
 struct SWaitCase
 {
-    unsigned int m_uiDelay;      // microseconds
-    unsigned int m_uiTimerReads; // of a busy wait
+    unsigned int m_uiDelay; // microseconds
+    int m_iTimerReads;      // of a busy wait
     useconds_t m_uiSlept;
     const char* m_pszMessage;
 };
@@ -117,33 +117,28 @@ private:
 
 TEST_F(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
 {
-    g_oOsServicesCalls.pfnSleep = [](useconds_t uiDelay) {
-        g_uiSlept = uiDelay;
-        return 0;
-    };
-    // Each look at the timer is a second later than the one before.
-    g_oZorVxdSystemCalls.pfnGetClock = [](clockid_t, timespec* poTime) {
-        *poTime = { static_cast<time_t>(++g_uiTimerReads), 0 };
-        return 0;
-    };
     OsServices::SetMsgPrefixEnable(0);
     OsServices::SetMsgLevel(1, 1, 1);
     for (const SWaitCase& oCase : gsc_aoWaitCases)
     {
         SCOPED_TRACE(oCase.m_uiDelay);
-        g_uiSlept = 0;
-        g_uiTimerReads = 0;
+        SSleep::Start(g_oOsServicesCalls, [](useconds_t) { return 0; });
+        // Each look at the timer is a second later than the one before.
+        STimer::Start(g_oZorVxdSystemCalls, [](clockid_t, timespec* poTime) {
+            *poTime = { STimer::ms_iCount, 0 };
+            return 0;
+        });
         CCapturedOutput oOutput;
         EXPECT_EQ(1, OsServices::WaitMicroSeconds(oCase.m_uiDelay));
         EXPECT_EQ(oCase.m_pszMessage, oOutput.Take());
-        EXPECT_EQ(oCase.m_uiTimerReads, g_uiTimerReads);
-        EXPECT_EQ(oCase.m_uiSlept, g_uiSlept);
+        EXPECT_EQ(oCase.m_iTimerReads, STimer::ms_iCount);
+        EXPECT_EQ(oCase.m_uiSlept, std::get<0>(SSleep::ms_oLast));
     }
     OsServices::SetMsgPrefixEnable(1);
     OsServices::SetMsgLevel(1, 1, 0);
 
     EXPECT_EQ(1, OsServices::SleepMilliSeconds(4294968));
-    EXPECT_EQ(704U, g_uiSlept) << "microseconds in 32 bits";
+    EXPECT_EQ(704U, std::get<0>(SSleep::ms_oLast)) << "microseconds in 32 bits";
     g_oOsServicesCalls.pfnSleep = [](useconds_t) { return -1; };
     EXPECT_EQ(0, OsServices::SleepMilliSeconds(1));
 }

@@ -8,18 +8,10 @@ namespace
 {
 using SyncFailure = CSyncTest;
 using SyncDestroy = CSyncTest;
-using Calls = SOsServicesCalls;
+using SDestroyedMutexes = SWatched<&Calls::pfnMutexDestroy>;
+using SBroadcasts = SWatched<&Calls::pfnConditionBroadcast>;
 
-constinit int g_iMutexesDestroyed = 0;
-constinit int g_iBroadcasts = 0;
 constinit SHEvent* g_hLateEvent = nullptr;
-constinit timespec g_oSeenDeadline = {};
-
-int CountAndDestroyMutex(pthread_mutex_t* poMutex)
-{
-    ++g_iMutexesDestroyed;
-    return pthread_mutex_destroy(poMutex);
-}
 
 // Starts with a handle that is not null, so that the null is seen to be written.
 template <class HANDLE, auto CREATE>
@@ -70,43 +62,34 @@ TEST_F(SyncFailure, FailedCreationLeavesNullAndHoldsNoMemory)
         }
         SCOPED_TRACE(oCase.m_pszName);
         const CRestored<SOsServicesCalls> oRestored(g_oOsServicesCalls);
-        g_iMutexesDestroyed = 0;
-        g_oOsServicesCalls.pfnMutexDestroy = CountAndDestroyMutex;
+        SDestroyedMutexes::Start(g_oOsServicesCalls);
         oCase.m_pfnInject();
         const long iBlocks = GetLiveBlockCount();
         EXPECT_EQ(0, oCase.m_pfnCreate(m_oServices));
         EXPECT_EQ(iBlocks, GetLiveBlockCount());
-        EXPECT_EQ(oCase.m_iMutexesDestroyed, g_iMutexesDestroyed);
+        EXPECT_EQ(oCase.m_iMutexesDestroyed, SDestroyedMutexes::ms_iCount);
     }
 }
 
 TEST_F(SyncDestroy, CancelsOnceAndDestroysTheMutex)
 {
-    g_oOsServicesCalls.pfnMutexDestroy = CountAndDestroyMutex;
-    g_oOsServicesCalls.pfnConditionBroadcast = [](pthread_cond_t* poCondition) {
-        ++g_iBroadcasts;
-        return pthread_cond_broadcast(poCondition);
-    };
-    for (const bool bIsCancelled : { false, true }) // before
+    for (const char* pszBefore : { "", "c" }) // cancelled before, it is not cancelled again
     {
-        OsServices oServices(nullptr);
-        SHEvent* hEvent = nullptr;
-        SHSignal* hSignal = nullptr;
-        ASSERT_EQ(1, oServices.Event_Create(hEvent));
-        ASSERT_EQ(1, oServices.Signal_Create(hSignal));
-        if (bIsCancelled)
-        {
-            EXPECT_EQ(1, oServices.Event_Cancel(hEvent));
-            EXPECT_EQ(1, oServices.Signal_Cancel(hSignal));
-        }
-        g_iMutexesDestroyed = 0;
-        g_iBroadcasts = 0;
-        EXPECT_EQ(1, oServices.Event_Destroy(hEvent));
-        EXPECT_EQ(1, g_iMutexesDestroyed);
-        EXPECT_EQ(bIsCancelled ? 0 : 1, g_iBroadcasts);
-        EXPECT_EQ(1, oServices.Signal_Destroy(hSignal));
-        EXPECT_EQ(2, g_iMutexesDestroyed);
-        EXPECT_EQ(bIsCancelled ? 0 : 2, g_iBroadcasts);
+        const int iBroadcasts = *pszBefore == '\0' ? 1 : 0;
+        RunOnEvent(pszBefore);
+        RunOnSignal(pszBefore);
+        SDestroyedMutexes::Start(g_oOsServicesCalls);
+        SBroadcasts::Start(g_oOsServicesCalls);
+        EXPECT_EQ(1, m_oServices.Event_Destroy(m_hEvent));
+        EXPECT_EQ(1, SDestroyedMutexes::ms_iCount);
+        EXPECT_EQ(iBroadcasts, SBroadcasts::ms_iCount);
+        EXPECT_EQ(1, m_oServices.Signal_Destroy(m_hSignal));
+        EXPECT_EQ(2, SDestroyedMutexes::ms_iCount);
+        EXPECT_EQ(2 * iBroadcasts, SBroadcasts::ms_iCount);
+        g_oOsServicesCalls.pfnMutexDestroy = pthread_mutex_destroy;
+        g_oOsServicesCalls.pfnConditionBroadcast = pthread_cond_broadcast;
+        EXPECT_EQ(1, m_oServices.Event_Create(m_hEvent));
+        EXPECT_EQ(1, m_oServices.Signal_Create(m_hSignal));
     }
 }
 
@@ -114,21 +97,20 @@ TEST_F(SyncFailure, AFailedWakeUpLeavesNoTriggerButCancelsAllTheSame)
 {
     Refuse<&Calls::pfnConditionSignal>();
     Refuse<&Calls::pfnConditionBroadcast>();
-    EXPECT_EQ("0T0C1010C1T", RunOnEvent("twcwacacwaw").substr(0, 11));
+    EXPECT_EQ("0T0C1010C1T", RunOnEvent("twcwacacwaw"));
     EXPECT_EQ("00C", RunOnSignal("tcw"));
 }
 
 TEST_F(SyncFailure, OneWakeUpOrFailureOfTheSystemEndsAWait)
 {
     g_oOsServicesCalls.pfnConditionWait = [](pthread_cond_t*, pthread_mutex_t*) { return 0; };
-    EXPECT_EQ(eOsServicesWaitReleased, m_oServices.Event_Wait(m_hEvent, gsc_uiOsServicesNoLimit)) << "without cause";
-
+    EXPECT_EQ(eOsServicesWaitReleased, WaitForEvent(gsc_uiOsServicesNoLimit)) << "without cause";
     Refuse<&Calls::pfnConditionWait>();
     Refuse<&Calls::pfnConditionTimedWait>();
-    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Event_Wait(m_hEvent, gsc_uiOsServicesNoLimit));
-    EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, 60000));
-    EXPECT_EQ(eOsServicesWaitCancelled, m_oServices.Signal_Wait(m_hSignal, gsc_uiOsServicesNoLimit, 0));
-    EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Signal_Wait(m_hSignal, 60000, 0));
+    EXPECT_EQ(eOsServicesWaitCancelled, WaitForEvent(gsc_uiOsServicesNoLimit));
+    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForEvent(60000));
+    EXPECT_EQ(eOsServicesWaitCancelled, WaitForSignal(gsc_uiOsServicesNoLimit));
+    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForSignal(60000));
 }
 
 TEST_F(SyncFailure, TriggerBetweenTheEndOfTheTimeAndTheLockIsLost)
@@ -167,10 +149,9 @@ TEST_F(SyncFailure, TimedWaitsGoByTheWallClock)
         return 0;
     };
     g_oOsServicesCalls.pfnConditionTimedWait = [](pthread_cond_t*, pthread_mutex_t*, const timespec* poDeadline) {
-        g_oSeenDeadline = *poDeadline;
+        EXPECT_EQ(11, poDeadline->tv_sec);
+        EXPECT_EQ(499000000, poDeadline->tv_nsec);
         return ETIMEDOUT;
     };
-    EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Signal_Wait(m_hSignal, 999, 0));
-    EXPECT_EQ(11, g_oSeenDeadline.tv_sec);
-    EXPECT_EQ(499000000, g_oSeenDeadline.tv_nsec);
+    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForSignal(999));
 }

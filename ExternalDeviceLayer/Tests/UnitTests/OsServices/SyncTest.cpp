@@ -14,7 +14,6 @@ using SyncSpinLock = CSyncTest;
 using SyncThread = CSyncTest;
 
 constexpr unsigned int gsc_uiLongLimit = 60000; // longer than any test lasts
-constexpr unsigned int gsc_uiShortLimit = 10;
 
 struct SChain
 {
@@ -26,37 +25,20 @@ struct SChain
 TEST_F(SyncEvent, FollowsItsStateTable)
 {
     // From each state by each operation, and then how it waits and how it waits once active.
+    // clang-format off
     const SChain aoChains[] = {
         // idle
-        { "w", "T" },
-        { "aw", "1T" },
-        { "rw", "1T" },
-        { "tWw", "1RT" },
-        { "cWWw", "1CCC" },
-        { "caww", "11RT" }, // cancelling leaves a trigger behind
+        { "w", "T" }, { "aw", "1T" }, { "rw", "1T" }, { "tWw", "1RT" }, { "cWWw", "1CCC" }, { "caww", "11RT" },
         // pending
-        { "tww", "1RT" },
-        { "taww", "11RT" },
-        { "trw", "11T" },
-        { "ttww", "11RT" },
-        { "tcw", "11C" },
-        { "tcaww", "111RT" },
-        // cancelled, with the trigger
-        { "cwaw", "1C1T" }, // a wait consumes it
-        { "craw", "111T" },
-        { "ctww", "10CC" },
-        { "ctaww", "101RT" },
-        { "ccww", "10CC" },
+        { "tww", "1RT" }, { "taww", "11RT" }, { "trw", "11T" }, { "ttww", "11RT" }, { "tcw", "11C" }, { "tcaww", "111RT" },
+        // cancelled, with the trigger that the cancelling leaves behind; a wait consumes it
+        { "cwaw", "1C1T" }, { "craw", "111T" }, { "ctww", "10CC" }, { "ctaww", "101RT" }, { "ccww", "10CC" },
         { "ccaww", "101RT" },
         // cancelled, without it
-        { "crww", "11CC" },
-        { "crwaw", "11C1T" },
-        { "crraw", "1111T" },
-        { "crtw", "110C" },
-        { "crtaw", "1101T" },
-        { "crcw", "110C" },
-        { "crcaw", "1101T" },
+        { "crww", "11CC" }, { "crwaw", "11C1T" }, { "crraw", "1111T" }, { "crtw", "110C" }, { "crtaw", "1101T" },
+        { "crcw", "110C" }, { "crcaw", "1101T" },
     };
+    // clang-format on
     for (const SChain& oChain : aoChains)
     {
         EXPECT_EQ("11", RunOnEvent("ar"));
@@ -66,11 +48,13 @@ TEST_F(SyncEvent, FollowsItsStateTable)
 
 TEST_F(SyncSignal, FollowsItsStateTable)
 {
+    // A trigger that nobody waits for is lost.
+    // clang-format off
     const SChain aoChains[] = {
-        { "w", "T" },       { "tw", "1T" }, // a trigger that nobody waits for is lost
-        { "aw", "1T" },     { "cWWw", "1CCC" }, { "caw", "11T" },   { "ccw", "10C" },
-        { "ccaw", "101T" }, { "ctw", "10C" },   { "ctaw", "101T" }, { "cwaw", "1C1T" },
+        { "w", "T" }, { "tw", "1T" }, { "aw", "1T" }, { "cWWw", "1CCC" }, { "caw", "11T" },
+        { "ctw", "10C" }, { "ctaw", "101T" }, { "ccw", "10C" }, { "ccaw", "101T" }, { "cwaw", "1C1T" },
     };
+    // clang-format on
     for (const SChain& oChain : aoChains)
     {
         EXPECT_EQ("1", RunOnSignal("a"));
@@ -82,19 +66,22 @@ TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)
 {
     for (const unsigned int uiLimit : { gsc_uiLongLimit, gsc_uiOsServicesNoLimit })
     {
-        g_iBlockedWaiters = 0;
+        const int iWaits = CountWaits();
         std::atomic<int> iReturned = 0;
         const auto WaitAndCount = [&] {
-            const int iResult = m_oServices.Event_Wait(m_hEvent, uiLimit);
+            const int iResult = WaitForEvent(uiLimit);
             ++iReturned;
             return iResult;
         };
         CBackground oFirst(WaitAndCount);
         CBackground oSecond(WaitAndCount);
-        WaitUntilAtLeast(g_iBlockedWaiters, 2);
+        AwaitWaits(iWaits + 2);
 
         EXPECT_EQ(1, m_oServices.Event_Trigger(m_hEvent));
-        WaitUntilAtLeast(iReturned, 1);
+        while (iReturned < 1)
+        {
+            sched_yield();
+        }
         OsServices::SleepMilliSeconds(1);
         EXPECT_EQ(1, iReturned);
 
@@ -107,21 +94,21 @@ TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)
 
 TEST_F(SyncSignal, TriggerOfASignalAndCancelOfBothWakeAllBlockedWaiters)
 {
-    const auto WaitForEvent = [&](unsigned int uiLimit) { return m_oServices.Event_Wait(m_hEvent, uiLimit); };
-    const auto WaitForSignal = [&](unsigned int uiLimit) { return m_oServices.Signal_Wait(m_hSignal, uiLimit, 2); };
+    const auto OnEvent = [&](unsigned int uiLimit) { return WaitForEvent(uiLimit); };
+    const auto OnSignal = [&](unsigned int uiLimit) { return WaitForSignal(uiLimit); };
     // One waits with a limit and one without.
     const auto ExpectBothWoken = [](int iExpected, auto fnWait, auto fnWake) {
-        g_iBlockedWaiters = 0;
+        const int iWaits = CountWaits();
         CBackground oFirst([&] { return fnWait(gsc_uiLongLimit); });
         CBackground oSecond([&] { return fnWait(gsc_uiOsServicesNoLimit); });
-        WaitUntilAtLeast(g_iBlockedWaiters, 2);
+        AwaitWaits(iWaits + 2);
         EXPECT_EQ("1", fnWake());
         EXPECT_EQ(iExpected, oFirst.Join());
         EXPECT_EQ(iExpected, oSecond.Join());
     };
-    ExpectBothWoken(eOsServicesWaitReleased, WaitForSignal, [&] { return RunOnSignal("t"); });
-    ExpectBothWoken(eOsServicesWaitCancelled, WaitForSignal, [&] { return RunOnSignal("c"); });
-    ExpectBothWoken(eOsServicesWaitCancelled, WaitForEvent, [&] { return RunOnEvent("c"); });
+    ExpectBothWoken(eOsServicesWaitReleased, OnSignal, [&] { return RunOnSignal("t"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, OnSignal, [&] { return RunOnSignal("c"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, OnEvent, [&] { return RunOnEvent("c"); });
 }
 
 TEST_F(SyncMutex, OtherThreadsGetItAfterTheLastReleaseOfTheOwner)
@@ -137,15 +124,13 @@ TEST_F(SyncMutex, OtherThreadsGetItAfterTheLastReleaseOfTheOwner)
     EXPECT_EQ(1, m_oServices.Mutex_Acquire(m_hMutex, 0));
     EXPECT_EQ(0, TryElsewhere(0));
     EXPECT_EQ(1, m_oServices.Mutex_Release(m_hMutex));
-    ExpectLasting(1000 * gsc_uiShortLimit, [&] { EXPECT_EQ(0, TryElsewhere(gsc_uiShortLimit)); });
+    ExpectLasting(10000, [&] { EXPECT_EQ(0, TryElsewhere(10)); });
     EXPECT_EQ(1, m_oServices.Mutex_Release(m_hMutex));
     EXPECT_EQ(1, TryElsewhere(0)) << "usable after the acquire that expired";
     EXPECT_EQ(1, TryElsewhere(gsc_uiOsServicesNoLimit));
     // Waits last as long, too.
-    ExpectLasting(1000 * gsc_uiShortLimit,
-                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Event_Wait(m_hEvent, gsc_uiShortLimit)); });
-    ExpectLasting(1000 * gsc_uiShortLimit,
-                  [&] { EXPECT_EQ(eOsServicesWaitTimedOut, m_oServices.Signal_Wait(m_hSignal, gsc_uiShortLimit, 0)); });
+    ExpectLasting(10000, [&] { EXPECT_EQ(eOsServicesWaitTimedOut, WaitForEvent(10)); });
+    ExpectLasting(10000, [&] { EXPECT_EQ(eOsServicesWaitTimedOut, WaitForSignal(10)); });
 }
 
 TEST_F(SyncSpinLock, KeepsThreadsApart)
@@ -172,8 +157,6 @@ TEST_F(SyncSpinLock, KeepsThreadsApart)
 
 namespace
 {
-constinit int g_iCancels = 0;
-
 pthread_t GetThread(const SHCpuThread* hCpuThread)
 {
     pthread_t oThread = 0;
@@ -184,8 +167,7 @@ pthread_t GetThread(const SHCpuThread* hCpuThread)
 
 TEST_F(SyncThread, JoinedThreadIsNotCancelled)
 {
-    g_iCancels = 0;
-    g_oOsServicesCalls.pfnThreadCancel = [](pthread_t) { return ++g_iCancels; };
+    SWatched<&Calls::pfnThreadCancel>::Start(g_oOsServicesCalls);
     const auto StoreThreadId = [](void* pvContext) {
         *static_cast<unsigned long*>(pvContext) = OsServices::GetCurrentThreadId();
         return 5U;
@@ -200,7 +182,7 @@ TEST_F(SyncThread, JoinedThreadIsNotCancelled)
     EXPECT_EQ(0, OsServices::IsThreadIdEqual(OsServices::GetCurrentThreadId(), uiThreadId));
     EXPECT_EQ(0, m_oServices.CpuThread_Join(hCpuThread)) << "it was joined before";
     EXPECT_EQ(1, m_oServices.CpuThread_Destroy(hCpuThread));
-    EXPECT_EQ(0, g_iCancels);
+    EXPECT_EQ(0, SWatched<&Calls::pfnThreadCancel>::ms_iCount);
     EXPECT_EQ(iBlocks, GetLiveBlockCount());
 }
 
@@ -212,7 +194,7 @@ TEST_F(SyncThread, DestroyCancelsAWaitingThreadWhichLetsGoOfItsLock)
     };
     SHCpuThread* hCpuThread = nullptr;
     ASSERT_EQ(1, m_oServices.CpuThread_Create(WaitForTheEvent, m_hEvent, hCpuThread));
-    WaitUntilAtLeast(g_iBlockedWaiters, 1);
+    AwaitWaits(1);
     const pthread_t oThread = GetThread(hCpuThread);
     EXPECT_EQ(1, m_oServices.CpuThread_Destroy(hCpuThread));
 

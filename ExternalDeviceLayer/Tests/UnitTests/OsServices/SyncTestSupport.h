@@ -2,18 +2,15 @@
 
 #pragma once
 
-#include <atomic>
 #include <errno.h>
-#include <gtest/gtest.h>
 #include <sched.h>
 #include <string>
 #include <thread>
 
-#include "OsServices.h"
 #include "OsServicesClient_LinuxCalls.h"
 #include "OsServicesTestSupport.h"
 
-inline constinit std::atomic<int> g_iBlockedWaiters = 0;
+using Calls = SOsServicesCalls;
 
 // An OsServices object with an event, a signal and a mutex; afterwards the calls of the client as they were.
 class CSyncTest : public testing::Test
@@ -21,17 +18,8 @@ class CSyncTest : public testing::Test
 protected:
     void SetUp() override
     {
-        g_iBlockedWaiters = 0;
-        // Counts the waiters while they hold the lock: who sees the count and then gets the lock knows that they wait.
-        g_oOsServicesCalls.pfnConditionWait = [](pthread_cond_t* poCondition, pthread_mutex_t* poMutex) {
-            ++g_iBlockedWaiters;
-            return pthread_cond_wait(poCondition, poMutex);
-        };
-        g_oOsServicesCalls.pfnConditionTimedWait = [](pthread_cond_t* poCondition, pthread_mutex_t* poMutex,
-                                                      const timespec* poDeadline) {
-            ++g_iBlockedWaiters;
-            return pthread_cond_timedwait(poCondition, poMutex, poDeadline);
-        };
+        SWatched<&Calls::pfnConditionWait>::Start(g_oOsServicesCalls);
+        SWatched<&Calls::pfnConditionTimedWait>::Start(g_oOsServicesCalls);
         ASSERT_EQ(1, m_oServices.Event_Create(m_hEvent));
         ASSERT_EQ(1, m_oServices.Signal_Create(m_hSignal));
         ASSERT_EQ(1, m_oServices.Mutex_Create(m_hMutex));
@@ -44,28 +32,44 @@ protected:
         EXPECT_EQ(1, m_oServices.Mutex_Destroy(m_hMutex));
     }
 
+    // The waits so far. They are counted under the lock: who sees the count and then gets the lock knows that they wait.
+    static int CountWaits()
+    {
+        return SWatched<&Calls::pfnConditionWait>::ms_iCount + SWatched<&Calls::pfnConditionTimedWait>::ms_iCount;
+    }
+    static void AwaitWaits(int iCount)
+    {
+        while (CountWaits() < iCount)
+        {
+            sched_yield();
+        }
+    }
+
+    int WaitForEvent(unsigned int uiLimit) { return m_oServices.Event_Wait(m_hEvent, uiLimit); }
+    int WaitForSignal(unsigned int uiLimit) { return m_oServices.Signal_Wait(m_hSignal, uiLimit, 2); }
+
     // A chain of operations on the event or the signal, a letter each, and what each gives.
-    //   operations  w wait with no time to spare, W the same with 10 ms, t trigger, c cancel, a activate, r reset
-    //   results     R released, T timed out, C cancelled, B blocked without need; 0 and 1 of the other operations
+    //   operations  w wait with no time to spare, W wait that must not block, t trigger, c cancel, a activate, r reset
+    //   results     R released, T timed out, C cancelled; 0 and 1 of the other operations
     std::string RunOnEvent(const char* pszOperations)
     {
-        return Run(pszOperations, [this](char cOperation) {
-            return cOperation == 'w'   ? m_oServices.Event_Wait(m_hEvent, 0)
-                   : cOperation == 'W' ? m_oServices.Event_Wait(m_hEvent, 10)
-                   : cOperation == 't' ? m_oServices.Event_Trigger(m_hEvent)
-                   : cOperation == 'c' ? m_oServices.Event_Cancel(m_hEvent)
-                   : cOperation == 'a' ? m_oServices.Event_Activate(m_hEvent)
-                                       : m_oServices.Event_Reset(m_hEvent);
+        return Run(pszOperations, [this](char c) {
+            return c == 'w'   ? WaitForEvent(0)
+                   : c == 'W' ? WaitForEvent(10)
+                   : c == 't' ? m_oServices.Event_Trigger(m_hEvent)
+                   : c == 'c' ? m_oServices.Event_Cancel(m_hEvent)
+                   : c == 'a' ? m_oServices.Event_Activate(m_hEvent)
+                              : m_oServices.Event_Reset(m_hEvent);
         });
     }
     std::string RunOnSignal(const char* pszOperations)
     {
-        return Run(pszOperations, [this](char cOperation) {
-            return cOperation == 'w'   ? m_oServices.Signal_Wait(m_hSignal, 0, 0)
-                   : cOperation == 'W' ? m_oServices.Signal_Wait(m_hSignal, 10, 0)
-                   : cOperation == 't' ? m_oServices.Signal_Trigger(m_hSignal)
-                   : cOperation == 'c' ? m_oServices.Signal_Cancel(m_hSignal)
-                                       : m_oServices.Signal_Activate(m_hSignal);
+        return Run(pszOperations, [this](char c) {
+            return c == 'w'   ? WaitForSignal(0)
+                   : c == 'W' ? WaitForSignal(10)
+                   : c == 't' ? m_oServices.Signal_Trigger(m_hSignal)
+                   : c == 'c' ? m_oServices.Signal_Cancel(m_hSignal)
+                              : m_oServices.Signal_Activate(m_hSignal);
         });
     }
 
@@ -76,45 +80,32 @@ protected:
 
 private:
     template <class OPERATION>
-    static std::string Run(const char* pszOperations, OPERATION fnOperation)
+    std::string Run(const char* pszOperations, OPERATION fnOperation)
     {
         std::string sResults;
         for (; *pszOperations != '\0'; ++pszOperations)
         {
-            const int iBlocked = g_iBlockedWaiters;
+            const int iWaits = CountWaits();
             const int iResult = fnOperation(*pszOperations);
-            const char cWaited = iResult == eOsServicesWaitReleased   ? 'R'
-                                 : iResult == eOsServicesWaitTimedOut ? 'T'
-                                                                      : 'C';
             const bool bIsWait = *pszOperations == 'w' || *pszOperations == 'W';
-            const bool bBlocked = *pszOperations == 'W' && g_iBlockedWaiters != iBlocked;
-            sResults += bBlocked ? 'B' : bIsWait ? cWaited : static_cast<char>('0' + iResult);
+            sResults += !bIsWait                              ? static_cast<char>('0' + iResult)
+                        : iResult == eOsServicesWaitReleased  ? 'R'
+                        : iResult == eOsServicesWaitTimedOut  ? 'T'
+                        : iResult == eOsServicesWaitCancelled ? 'C'
+                                                              : '?';
+            EXPECT_TRUE(*pszOperations != 'W' || CountWaits() == iWaits) << "it blocked";
         }
         return sResults;
     }
 
-    const CRestored<SOsServicesCalls> m_oRestored{ g_oOsServicesCalls };
+    const CRestored<Calls> m_oRestored{ g_oOsServicesCalls };
 };
 
-// Lets a call of the system fail from now on, as in Refuse<&SOsServicesCalls::pfnMutexInit>().
-template <class... ARGUMENTS>
-int Fail(ARGUMENTS... /*arguments*/)
-{
-    return EAGAIN;
-}
-
+// Lets a call of the system fail from now on, as in Refuse<&Calls::pfnMutexInit>().
 template <auto CALL>
 void Refuse()
 {
-    g_oOsServicesCalls.*CALL = Fail;
-}
-
-inline void WaitUntilAtLeast(const std::atomic<int>& iCount, int iWanted)
-{
-    while (iCount < iWanted)
-    {
-        sched_yield();
-    }
+    g_oOsServicesCalls.*CALL = [](auto...) { return EAGAIN; };
 }
 
 // An operation that runs on a thread of its own; Join gives its result.
@@ -125,7 +116,6 @@ public:
     explicit CBackground(OPERATION fnOperation) : m_oThread([this, fnOperation] { m_iResult = fnOperation(); })
     {
     }
-
     int Join()
     {
         m_oThread.join();

@@ -11,44 +11,40 @@
 namespace
 {
 // With a null handle and zeros behind it.
-template <class HANDLE, class... REST>
-void CallWithNull(int (*pfnCall)(HANDLE*, REST...))
-{
-    pfnCall(nullptr, REST{}...);
-}
 template <auto CALL>
 void OnNull()
 {
-    CallWithNull(CALL);
+    []<class HANDLE, class... REST>(int (*pfnCall)(HANDLE*, REST...)) { pfnCall(nullptr, REST{}...); }(CALL);
 }
 
-unsigned long g_uiThread = 0;
-
-// In a process that is about to stop: objects whose calls of the system fail.
-SHSpinLock* MakeBrokenSpinLock()
+// In a process that is about to stop: records that nothing else uses, and calls of the system that fail.
+template <class HANDLE>
+HANDLE* GetRecord()
 {
-    static int iRecord;
-    SHSpinLock* const hSpinLock = reinterpret_cast<SHSpinLock*>(&iRecord);
-    OsServices_SpinLock_Create(hSpinLock, 0);
-    Refuse<&SOsServicesCalls::pfnSpinDestroy>();
-    Refuse<&SOsServicesCalls::pfnSpinLock>();
-    Refuse<&SOsServicesCalls::pfnSpinUnlock>();
-    return hSpinLock;
+    alignas(16) static unsigned char aui8Record[64];
+    return reinterpret_cast<HANDLE*>(aui8Record);
 }
 
-SHMutex* MakeMutex()
+template <auto CALL, auto REFUSED>
+void OnRefusal()
 {
-    static pthread_mutex_t oRecord;
-    SHMutex* const hMutex = reinterpret_cast<SHMutex*>(&oRecord);
-    OsServices_Mutex_Create(hMutex);
-    return hMutex;
+    g_oOsServicesCalls.*REFUSED = [](auto...) { return EINVAL; };
+    CALL(GetRecord<SHSpinLock>());
+}
+
+int Lock(SHSpinLock* hSpinLock) { return OsServices_SpinLock_Lock(hSpinLock, 1); }
+
+void ReleaseFreeMutex()
+{
+    OsServices_Mutex_Create(GetRecord<SHMutex>());
+    OsServices_Mutex_Release(GetRecord<SHMutex>());
 }
 
 void DestroyHeldMutex()
 {
-    SHMutex* const hMutex = MakeMutex();
-    OsServices_Mutex_Acquire(hMutex, gsc_uiOsServicesNoLimit);
-    OsServices_Mutex_Destroy(hMutex);
+    OsServices_Mutex_Create(GetRecord<SHMutex>());
+    OsServices_Mutex_Acquire(GetRecord<SHMutex>(), gsc_uiOsServicesNoLimit);
+    OsServices_Mutex_Destroy(GetRecord<SHMutex>());
 }
 
 struct SGroup
@@ -57,32 +53,30 @@ struct SGroup
     std::vector<void (*)()> m_apfnCalls;
 };
 
+// clang-format off
 const SGroup gsc_aoGroups[] = {
-    { "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)",
-      { [] { OsServices_CpuThread_Create([](void*) { return 0U; }, nullptr, nullptr); },
-        [] { OsServices_CpuThread_Create(nullptr, nullptr, reinterpret_cast<SHCpuThread*>(&g_uiThread)); } } },
+    { "(hCpuThread != MNULL) && (pfnThreadFunction != MNULL)", {
+        [] { OsServices_CpuThread_Create([](void*) { return 0U; }, nullptr, nullptr); },
+        [] { OsServices_CpuThread_Create(nullptr, nullptr, GetRecord<SHCpuThread>()); } } },
     { "hCpuThread != MNULL", { OnNull<OsServices_CpuThread_Join>, OnNull<OsServices_CpuThread_Destroy> } },
-    { "hSpinLock != MNULL",
-      { OnNull<OsServices_SpinLock_Create>, OnNull<OsServices_SpinLock_Destroy>, OnNull<OsServices_SpinLock_Lock>,
+    { "hSpinLock != MNULL", {
+        OnNull<OsServices_SpinLock_Create>, OnNull<OsServices_SpinLock_Destroy>, OnNull<OsServices_SpinLock_Lock>,
         OnNull<OsServices_SpinLock_Unlock> } },
-    { "hMutex != MNULL",
-      { OnNull<OsServices_Mutex_Create>, OnNull<OsServices_Mutex_Destroy>, OnNull<OsServices_Mutex_Acquire>,
+    { "hMutex != MNULL", {
+        OnNull<OsServices_Mutex_Create>, OnNull<OsServices_Mutex_Destroy>, OnNull<OsServices_Mutex_Acquire>,
         OnNull<OsServices_Mutex_Release> } },
-    { "hEvent != MNULL",
-      { OnNull<OsServices_Event_Create>, OnNull<OsServices_Event_Destroy>, OnNull<OsServices_Event_Wait>,
+    { "hEvent != MNULL", {
+        OnNull<OsServices_Event_Create>, OnNull<OsServices_Event_Destroy>, OnNull<OsServices_Event_Wait>,
         OnNull<OsServices_Event_Trigger>, OnNull<OsServices_Event_Reset>, OnNull<OsServices_Event_Cancel>,
         OnNull<OsServices_Event_Activate> } },
-    { "hSignal != MNULL",
-      { OnNull<OsServices_Signal_Create>, OnNull<OsServices_Signal_Destroy>, OnNull<OsServices_Signal_Wait>,
+    { "hSignal != MNULL", {
+        OnNull<OsServices_Signal_Create>, OnNull<OsServices_Signal_Destroy>, OnNull<OsServices_Signal_Wait>,
         OnNull<OsServices_Signal_Trigger>, OnNull<OsServices_Signal_Cancel>, OnNull<OsServices_Signal_Activate> } },
-    // Calls of the system that must not fail.
-    { "MFALSE",
-      { [] { OsServices_SpinLock_Destroy(MakeBrokenSpinLock()); },
-        [] { OsServices_SpinLock_Lock(MakeBrokenSpinLock(), 1); },
-        [] { OsServices_SpinLock_Unlock(MakeBrokenSpinLock()); },
-        [] { OsServices_Mutex_Release(MakeMutex()); }, // not held
-        DestroyHeldMutex } },
+    { "MFALSE", { // calls of the system that must not fail
+        OnRefusal<OsServices_SpinLock_Destroy, &Calls::pfnSpinDestroy>, OnRefusal<Lock, &Calls::pfnSpinLock>,
+        OnRefusal<OsServices_SpinLock_Unlock, &Calls::pfnSpinUnlock>, ReleaseFreeMutex, DestroyHeldMutex } },
 };
+// clang-format on
 }
 
 TEST(ClientDeathTest, EachGuardStopsTheProcess)
@@ -90,7 +84,7 @@ TEST(ClientDeathTest, EachGuardStopsTheProcess)
     for (const SGroup& oGroup : gsc_aoGroups)
     {
         const std::string sText = std::string("Assertion `") + oGroup.m_pszExpression + "' failed.";
-        for (void (*const pfnCall)() : oGroup.m_apfnCalls)
+        for (void (*const& pfnCall)() : oGroup.m_apfnCalls)
         {
             EXPECT_DEATH(pfnCall(), testing::HasSubstr(sText)) << &pfnCall - oGroup.m_apfnCalls.data();
         }

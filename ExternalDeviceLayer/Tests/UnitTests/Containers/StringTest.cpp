@@ -50,6 +50,9 @@ struct SChange
     unsigned int m_uiReports = 0;
 };
 
+// Not constant, so that compilers do not check them.
+constinit const char* g_apszRefused[] = { nullptr, "%2147483647d%2147483647d", "" };
+
 const SChange gsc_aoChanges[] = {
     { "InsertChar", eKept, [](CMString& o) { EXPECT_EQ(5, o.Insert(1, 'x')); }, " xAb " },
     { "InsertBeyondTheEnd", eKept, [](CMString& o) { EXPECT_EQ(5, o.Insert(99U, 'x')); }, " Ab x" },
@@ -107,6 +110,11 @@ const SChange gsc_aoChanges[] = {
     { "SetAtTheEnd", eKept, [](CMString& o) { o.SetAt(4, 'x'); }, " Ab ", 1 },
     { "SetAtNegative", eKept, [](CMString& o) { o.SetAt(-1, 'x'); }, " Ab ", 1 },
     { "FindNull", eKept, [](CMString& o) { EXPECT_EQ(-1, o.Find(gsc_pszNull, 0)); }, " Ab ", 1 },
+    { "FormatNull", eKept, [](CMString& o) { o.Format(g_apszRefused[0], 1); }, " Ab ", 1 },
+    { "FormatBeyondTheLongest", eKept, [](CMString& o) { o.Format(g_apszRefused[1], 1, 1); }, " Ab ", 1 },
+    { "AppendFormatNull", eKept, [](CMString& o) { o.AppendFormat(g_apszRefused[0], 1); }, " Ab ", 1 },
+    { "AppendFormatBeyond", eKept, [](CMString& o) { o.AppendFormat(g_apszRefused[1], 1, 1); }, " Ab ", 1 },
+    { "AppendEmptyFormat", eKept, [](CMString& o) { o.AppendFormat(g_apszRefused[2], 1); }, " Ab " },
     { "MakeLongest", eKept, [](CMString&) { EXPECT_TRUE(IsNil(CMString('x', INT_MAX))); }, " Ab ", 1 },
     { "SetAtOfAnEmptyOne", eKept, [](CMString&) { CMString().SetAt(0, 'x'); }, " Ab ", 1 },
 };

@@ -1,8 +1,5 @@
 // CMString::CIterator and CMArrayString: cutting a text into tokens and joining a list.
 
-#include <string>
-#include <vector>
-
 #include "CapturedOutput.h"
 #include "CountingAllocator.h"
 #include "StringProbe.h"
@@ -73,32 +70,27 @@ TEST(ArrayString, TokensAreAppendedAndJoined)
     {
         const char* m_pszText;
         const char* m_pszSeparators;
-        std::vector<std::string> m_asTokens;
-        const char* m_pszJoined; // with "first" and an empty element ahead
+        int m_iCount;            // with "first" and an empty element ahead
+        const char* m_pszJoined; // the same
     };
     const SCase aoCases[] = {
-        { "a,b;;c", ",;", { "a", "b", "c" }, "first, , a, b, c" },
-        { ",,one two,", ",", { "one two" }, "first, , one two" },
-        { "", ",", {}, "first, " },
-        { ",;", ",;", {}, "first, " },
-        { "abc", "", { "abc" }, "first, , abc" },
-        { nullptr, ",", {}, "first, " },
+        { "a,b;;c", ",;", 5, "first||a|b|c" },
+        { ",,one two,", ",", 3, "first||one two" },
+        { "", ",", 2, "first|" },
+        { ",;", ",;", 2, "first|" },
+        { "abc", "", 3, "first||abc" },
+        { nullptr, ",", 2, "first|" },
     };
     for (const SCase& oCase : aoCases)
     {
         CCountingAllocator oHeap;
         CMArrayString oLines;
-        EXPECT_STREQ("", oLines.Join(", "));
+        EXPECT_STREQ("", oLines.Join("| "));
         oLines.Add("first");
-        EXPECT_STREQ("first", oLines.Join(", "));
+        EXPECT_STREQ("first", oLines.Join("| "));
         oLines.Add("");
-        const int iCount = static_cast<int>(oCase.m_asTokens.size()) + 2;
-        EXPECT_EQ(iCount, oLines.InitFromString(oCase.m_pszText, oCase.m_pszSeparators));
-        for (int i = 2; i < iCount; ++i)
-        {
-            EXPECT_EQ(oCase.m_asTokens[static_cast<size_t>(i - 2)], Text(oLines[i]));
-        }
-        EXPECT_STREQ(oCase.m_pszJoined, oLines.Join(", "));
+        EXPECT_EQ(oCase.m_iCount, oLines.InitFromString(oCase.m_pszText, oCase.m_pszSeparators));
+        EXPECT_STREQ(oCase.m_pszJoined, oLines.Join("|"));
     }
     CMArrayString oLines;
     oLines.InitFromString("a b", " ");

@@ -40,19 +40,27 @@ struct SWatched<CALL>
 {
     static inline std::atomic<int> ms_iCount = 0;
     static inline std::tuple<ARGUMENTS...> ms_oLast;
-    static inline RESULT (*ms_pfnCall)(ARGUMENTS...) = nullptr;
 
     // From now on; the call does what pfnCall does, or else what it did.
     static void Start(CALLS& oCalls, RESULT (*pfnCall)(ARGUMENTS...) = nullptr)
     {
         ms_iCount = 0;
         ms_oLast = {};
-        ms_pfnCall = pfnCall != nullptr ? pfnCall : oCalls.*CALL;
-        oCalls.*CALL = [](ARGUMENTS... oArguments) {
-            ++ms_iCount;
-            ms_oLast = { oArguments... };
-            return ms_pfnCall(oArguments...);
-        };
+        if (pfnCall != nullptr || oCalls.*CALL != Run)
+        {
+            ms_pfnCall = pfnCall != nullptr ? pfnCall : oCalls.*CALL;
+        }
+        oCalls.*CALL = Run;
+    }
+
+private:
+    static inline RESULT (*ms_pfnCall)(ARGUMENTS...) = nullptr;
+
+    static RESULT Run(ARGUMENTS... oArguments)
+    {
+        ++ms_iCount;
+        ms_oLast = { oArguments... };
+        return ms_pfnCall(oArguments...);
     }
 };
 

@@ -43,8 +43,8 @@ TEST_F(SyncEvent, FollowsItsStateTable)
     // clang-format on
     for (const SChain& oChain : aoChains)
     {
-        EXPECT_EQ("11", RunOnEvent("ar"));
-        EXPECT_EQ(oChain.m_pszResults, RunOnEvent(oChain.m_pszOperations)) << oChain.m_pszOperations;
+        EXPECT_EQ("11", Run(m_oEvent, "ar"));
+        EXPECT_EQ(oChain.m_pszResults, Run(m_oEvent, oChain.m_pszOperations)) << oChain.m_pszOperations;
     }
 }
 
@@ -59,8 +59,8 @@ TEST_F(SyncSignal, FollowsItsStateTable)
     // clang-format on
     for (const SChain& oChain : aoChains)
     {
-        EXPECT_EQ("1", RunOnSignal("a"));
-        EXPECT_EQ(oChain.m_pszResults, RunOnSignal(oChain.m_pszOperations)) << oChain.m_pszOperations;
+        EXPECT_EQ("1", Run(m_oSignal, "a"));
+        EXPECT_EQ(oChain.m_pszResults, Run(m_oSignal, oChain.m_pszOperations)) << oChain.m_pszOperations;
     }
 }
 
@@ -90,7 +90,7 @@ TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)
         EXPECT_EQ(1, m_oServices.Event_Trigger(m_hEvent));
         EXPECT_EQ(eOsServicesWaitReleased, oFirst.Join());
         EXPECT_EQ(eOsServicesWaitReleased, oSecond.Join());
-        EXPECT_EQ("T", RunOnEvent("w")) << "both triggers are consumed";
+        EXPECT_EQ("T", Run(m_oEvent, "w")) << "both triggers are consumed";
     }
 }
 
@@ -108,9 +108,9 @@ TEST_F(SyncSignal, TriggerOfASignalAndCancelOfBothWakeAllBlockedWaiters)
         EXPECT_EQ(iExpected, oFirst.Join());
         EXPECT_EQ(iExpected, oSecond.Join());
     };
-    ExpectBothWoken(eOsServicesWaitReleased, OnSignal, [&] { return RunOnSignal("t"); });
-    ExpectBothWoken(eOsServicesWaitCancelled, OnSignal, [&] { return RunOnSignal("c"); });
-    ExpectBothWoken(eOsServicesWaitCancelled, OnEvent, [&] { return RunOnEvent("c"); });
+    ExpectBothWoken(eOsServicesWaitReleased, OnSignal, [&] { return Run(m_oSignal, "t"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, OnSignal, [&] { return Run(m_oSignal, "c"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, OnEvent, [&] { return Run(m_oEvent, "c"); });
 }
 
 TEST_F(SyncMutex, OtherThreadsGetItAfterTheLastReleaseOfTheOwner)
@@ -203,7 +203,7 @@ TEST_F(SyncThread, DestroyCancelsAWaitingThreadWhichLetsGoOfItsLock)
     void* pvEnd = nullptr;
     EXPECT_EQ(0, pthread_join(oThread, &pvEnd));
     EXPECT_EQ(PTHREAD_CANCELED, pvEnd);
-    EXPECT_EQ("T", RunOnEvent("w")) << "the event still works";
+    EXPECT_EQ("T", Run(m_oEvent, "w")) << "the event still works";
 }
 
 namespace
@@ -278,8 +278,8 @@ TEST_F(SyncDestroy, CancelsOnceAndDestroysTheMutex)
     for (const char* pszBefore : { "", "c" }) // cancelled before, it is not cancelled again
     {
         const int iBroadcasts = *pszBefore == '\0' ? 1 : 0;
-        RunOnEvent(pszBefore);
-        RunOnSignal(pszBefore);
+        Run(m_oEvent, pszBefore);
+        Run(m_oSignal, pszBefore);
         SDestroyedMutexes::Start(g_oOsServicesCalls);
         SBroadcasts::Start(g_oOsServicesCalls);
         EXPECT_EQ(1, m_oServices.Event_Destroy(m_hEvent));
@@ -288,8 +288,6 @@ TEST_F(SyncDestroy, CancelsOnceAndDestroysTheMutex)
         EXPECT_EQ(1, m_oServices.Signal_Destroy(m_hSignal));
         EXPECT_EQ(2, SDestroyedMutexes::ms_iCount);
         EXPECT_EQ(2 * iBroadcasts, SBroadcasts::ms_iCount);
-        g_oOsServicesCalls.pfnMutexDestroy = pthread_mutex_destroy;
-        g_oOsServicesCalls.pfnConditionBroadcast = pthread_cond_broadcast;
         EXPECT_EQ(1, m_oServices.Event_Create(m_hEvent));
         EXPECT_EQ(1, m_oServices.Signal_Create(m_hSignal));
     }
@@ -299,8 +297,8 @@ TEST_F(SyncFailure, AFailedWakeUpLeavesNoTriggerButCancelsAllTheSame)
 {
     Refuse<&Calls::pfnConditionSignal>();
     Refuse<&Calls::pfnConditionBroadcast>();
-    EXPECT_EQ("0T0C1010C1T", RunOnEvent("twcwacacwaw"));
-    EXPECT_EQ("00C", RunOnSignal("tcw"));
+    EXPECT_EQ("0T0C1010C1T", Run(m_oEvent, "twcwacacwaw"));
+    EXPECT_EQ("00C", Run(m_oSignal, "tcw"));
 }
 
 TEST_F(SyncFailure, OneWakeUpOrFailureOfTheSystemEndsAWait)
@@ -324,9 +322,9 @@ TEST_F(SyncFailure, TriggerBetweenTheEndOfTheTimeAndTheLockIsLost)
         pthread_mutex_lock(poMutex);
         return ETIMEDOUT;
     };
-    EXPECT_EQ("T", RunOnEvent("w"));
+    EXPECT_EQ("T", Run(m_oEvent, "w"));
     g_oOsServicesCalls.pfnConditionTimedWait = pthread_cond_timedwait;
-    EXPECT_EQ("T", RunOnEvent("w"));
+    EXPECT_EQ("T", Run(m_oEvent, "w"));
 }
 
 namespace

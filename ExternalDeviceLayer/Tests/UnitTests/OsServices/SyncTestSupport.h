@@ -2,7 +2,10 @@
 
 #pragma once
 
+#include <algorithm>
 #include <errno.h>
+#include <functional>
+#include <map>
 #include <sched.h>
 #include <string>
 #include <thread>
@@ -48,56 +51,44 @@ protected:
     int WaitForEvent(unsigned int uiLimit) { return m_oServices.Event_Wait(m_hEvent, uiLimit); }
     int WaitForSignal(unsigned int uiLimit) { return m_oServices.Signal_Wait(m_hSignal, uiLimit, 2); }
 
-    // A chain of operations on the event or the signal, a letter each, and what each gives.
-    //   operations  w wait with no time to spare, W wait that must not block, t trigger, c cancel, a activate, r reset
-    //   results     R released, T timed out, C cancelled; 0 and 1 of the other operations
-    std::string RunOnEvent(const char* pszOperations)
-    {
-        return Run(pszOperations, [this](char c) {
-            return c == 'w'   ? WaitForEvent(0)
-                   : c == 'W' ? WaitForEvent(10)
-                   : c == 't' ? m_oServices.Event_Trigger(m_hEvent)
-                   : c == 'c' ? m_oServices.Event_Cancel(m_hEvent)
-                   : c == 'a' ? m_oServices.Event_Activate(m_hEvent)
-                              : m_oServices.Event_Reset(m_hEvent);
-        });
-    }
-    std::string RunOnSignal(const char* pszOperations)
-    {
-        return Run(pszOperations, [this](char c) {
-            return c == 'w'   ? WaitForSignal(0)
-                   : c == 'W' ? WaitForSignal(10)
-                   : c == 't' ? m_oServices.Signal_Trigger(m_hSignal)
-                   : c == 'c' ? m_oServices.Signal_Cancel(m_hSignal)
-                              : m_oServices.Signal_Activate(m_hSignal);
-        });
-    }
-
     OsServices m_oServices{ nullptr };
     SHEvent* m_hEvent = nullptr;
     SHSignal* m_hSignal = nullptr;
     SHMutex* m_hMutex = nullptr;
 
-private:
-    template <class OPERATION>
-    std::string Run(const char* pszOperations, OPERATION fnOperation)
+    // Operations by letters. W is a wait that must not block.
+    using COperations = std::map<char, std::function<int()>>;
+    const COperations m_oEvent{ { 'w', [this] { return WaitForEvent(0); } },
+                                { 'W', [this] { return WaitForEvent(10); } },
+                                { 't', [this] { return m_oServices.Event_Trigger(m_hEvent); } },
+                                { 'c', [this] { return m_oServices.Event_Cancel(m_hEvent); } },
+                                { 'a', [this] { return m_oServices.Event_Activate(m_hEvent); } },
+                                { 'r', [this] { return m_oServices.Event_Reset(m_hEvent); } } };
+    const COperations m_oSignal{ { 'w', [this] { return WaitForSignal(0); } },
+                                 { 'W', [this] { return WaitForSignal(10); } },
+                                 { 't', [this] { return m_oServices.Signal_Trigger(m_hSignal); } },
+                                 { 'c', [this] { return m_oServices.Signal_Cancel(m_hSignal); } },
+                                 { 'a', [this] { return m_oServices.Signal_Activate(m_hSignal); } } };
+
+    // What each operation gives: R released, T timed out, C cancelled, or 0 and 1.
+    static std::string Run(const COperations& oOperations, const std::string& sLetters)
     {
         std::string sResults;
-        for (; *pszOperations != '\0'; ++pszOperations)
+        for (const char c : sLetters)
         {
             const int iWaits = CountWaits();
-            const int iResult = fnOperation(*pszOperations);
-            const bool bIsWait = *pszOperations == 'w' || *pszOperations == 'W';
-            sResults += !bIsWait                              ? static_cast<char>('0' + iResult)
+            const int iResult = oOperations.at(c)();
+            sResults += c != 'w' && c != 'W'                  ? "01?"[std::min(static_cast<unsigned int>(iResult), 2U)]
                         : iResult == eOsServicesWaitReleased  ? 'R'
                         : iResult == eOsServicesWaitTimedOut  ? 'T'
                         : iResult == eOsServicesWaitCancelled ? 'C'
                                                               : '?';
-            EXPECT_TRUE(*pszOperations != 'W' || CountWaits() == iWaits) << "it blocked";
+            EXPECT_TRUE(c != 'W' || CountWaits() == iWaits) << "it blocked";
         }
         return sResults;
     }
 
+private:
     const CRestored<Calls> m_oRestored{ g_oOsServicesCalls };
 };
 

@@ -288,7 +288,7 @@ TEST_F(String, EmptyOnesShareAConstantWithoutMemory)
 
 TEST_F(String, BuffersAreExactAndCanBeWritten)
 {
-    EXPECT_STREQ("zzz", CMString('z', 3));
+    EXPECT_STREQ("z", CMString('z', 1));
     CMString oText('z', 2U);
     EXPECT_EQ(sizeof(CMString::SMetaData) + 3, m_oHeap.GetLastSize());
     char* pszBuffer = oText.GetBuffer(8);
@@ -301,6 +301,8 @@ TEST_F(String, BuffersAreExactAndCanBeWritten)
     EXPECT_EQ(8, oText.GetLength());
     EXPECT_EQ(pszBuffer, oText.GetBufferSetLength(1U));
     EXPECT_STREQ("1", oText);
+    oText.Delete(0, 1); // an empty text in a buffer, which is shared and then left for the shared empty one
+    EXPECT_EQ(CStringProbe::GetNil(), CMString(oText).GetBuffer(0));
 }
 
 TEST_F(String, LocksAreSetAndTakenBack)

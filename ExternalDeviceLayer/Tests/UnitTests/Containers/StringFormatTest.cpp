@@ -26,8 +26,8 @@ void ExpectEstimate(int iExpected, unsigned int uiReports, const char* pszFormat
     va_end(oList);
 }
 
-// The text is that of the C library but for uiMissing characters at its end, which the estimate did not see. Format says
-// so where more than one is missing.
+// The text is that of the C library but for uiMissing characters at its end, which the estimate did not see. Format
+// reports where more than one is missing.
 void ExpectLikeLibrary(size_t uiMissing, const char* pszFormat, ...)
 {
     SCOPED_TRACE(pszFormat);

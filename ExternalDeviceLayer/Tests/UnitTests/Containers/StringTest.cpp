@@ -326,9 +326,8 @@ TEST_F(String, LocksAreSetAndTakenBack)
 
 namespace
 {
-// A text of 2 GiB without the memory for it: the same pages again and again. They are mapped at once, as taking them one
-// by one costs half a million faults. The text stays until the process ends. Null where the system does not map that
-// much.
+// A text of 2 GiB without the memory for it: the same pages again and again, all mapped ahead, since a page fault for
+// each takes long. The text stays until the process ends. Null where the system does not map that much.
 const char* MapHugeText()
 {
     constexpr size_t uiPart = 1U << 20;

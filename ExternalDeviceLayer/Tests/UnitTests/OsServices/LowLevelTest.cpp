@@ -152,7 +152,7 @@ TEST_F(MemoryMap, FailuresGiveNullAndHoldNothingAndAttemptsAreCounted)
 
 namespace
 {
-// A clock that tells the given times one after the other; a time of zero is a failing read.
+// A clock that gives these times one after the other; a time of zero is a failing read.
 constinit const timespec* g_poTimes = nullptr;
 constinit unsigned int g_uiReads = 0;
 

@@ -1,5 +1,5 @@
-// The object, its host, and the services that need no object. Fabs, Floor and Ceil agree with the C library but where the
-// layer departs from it.
+// The object, its host, and the services that need no object. Fabs, Floor and Ceil agree with the C library but where
+// the layer departs from it.
 
 #include <array>
 #include <bit>

@@ -1,5 +1,5 @@
-// Events, signals, mutexes, spin locks and threads: when the system does what it is asked, when it refuses, what Destroy
-// leaves to do, and the arithmetic of deadlines.
+// Events, signals, mutexes, spin locks and threads: when the system does what it is asked, when it refuses, what
+// Destroy leaves to do, and the arithmetic of deadlines.
 
 #include "SyncTestSupport.h"
 
@@ -32,7 +32,8 @@ TEST_F(SyncEvent, FollowsItsStateTable)
         // idle
         { "w", "T" }, { "aw", "1T" }, { "rw", "1T" }, { "tWw", "1RT" }, { "cWWw", "1CCC" }, { "caww", "11RT" },
         // pending
-        { "tww", "1RT" }, { "taww", "11RT" }, { "trw", "11T" }, { "ttww", "11RT" }, { "tcw", "11C" }, { "tcaww", "111RT" },
+        { "tww", "1RT" }, { "taww", "11RT" }, { "trw", "11T" }, { "ttww", "11RT" }, { "tcw", "11C" },
+        { "tcaww", "111RT" },
         // cancelled, with the trigger that the cancelling leaves behind; a wait consumes it
         { "cwaw", "1C1T" }, { "craw", "111T" }, { "ctww", "10CC" }, { "ctaww", "101RT" }, { "ccww", "10CC" },
         { "ccaww", "101RT" },

@@ -35,7 +35,7 @@ protected:
         EXPECT_EQ(1, m_oServices.Mutex_Destroy(m_hMutex));
     }
 
-    // The waits so far. They are counted under the lock: who sees the count and then gets the lock knows that they wait.
+    // The waits so far, counted under the lock: who sees the count and then gets the lock knows that they wait.
     static int CountWaits()
     {
         return SWatched<&Calls::pfnConditionWait>::ms_iCount + SWatched<&Calls::pfnConditionTimedWait>::ms_iCount;

@@ -7,15 +7,13 @@
 // measured is the work, not the way out.
 
 #include <benchmark/benchmark.h>
-#include <stdio.h>
 
 #include <chrono>
-#include <initializer_list>
 
-#include "AllocationCount.h"
 #include "CEdidTestImages.h"
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
+#include "FailingHeap.h"
 #include "VidParamCea.h"
 #include "VidParamTimingFunc.h"
 #include "VidParamTimingGeneric.h"
@@ -54,135 +52,98 @@ int Load(CEdid& oEdid, const SEdidImage& aui8Image)
 
 CEdidExtBlockCEA861& CeaBlockOf(CEdid& oEdid) { return *static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(0)); }
 
-// ---- Operations that can be repeated on the same objects ----
-
-// fnOperation gives 0 for a refusal.
-template <class OPERATION>
-void Measure(benchmark::State& oState, OPERATION fnOperation)
+// An operation on a loaded image; gives 0 for a refusal.
+struct SOperation
 {
-    int iResult = 1;
-    const unsigned long ulBefore = GetAllocationCount();
-    for (auto _ : oState)
-    {
-        iResult &= fnOperation() != 0 ? 1 : 0;
-        benchmark::ClobberMemory();
-    }
-    const unsigned long ulAllocations = GetAllocationCount() - ulBefore;
-    oState.counters["allocs"] = static_cast<double>(ulAllocations) / static_cast<double>(oState.iterations());
-    if (iResult == 0)
-    {
-        oState.SkipWithError("refused");
-    }
-}
+    const char* m_pszName;
+    int (*m_fnRun)(CEdid&);
+    const SEdidImage& m_aui8Image = gsc_aui8Ordinary;
+    bool m_bCountsTimings = false; // the result is a number of timings
+};
 
-void LoadImage(benchmark::State& oState, const SEdidImage& aui8Image)
-{
-    Measure(oState, [&] {
-        CEdid oEdid;
-        return Load(oEdid, aui8Image);
-    });
-}
+// ---- Operations that can be repeated on the same object ----
 
-void LoadBaseBlockAndWalk(benchmark::State& oState)
-{
-    Measure(oState, [&] {
-        CEdidBase oBase;
-        CVidParamTimingGeneric oTiming;
-        int iResult = oBase.SetEdidBuffer(gsc_aui8Ordinary.data(), gsc_uiImageBlockSize, 0);
-        for (unsigned int i = 0; oBase.GetEstablished(i, &oTiming, 0) != 0; ++i)
-        {
-        }
-        for (unsigned int i = 0; i < oBase.GetStandardCount(); ++i)
-        {
-            iResult &= oBase.GetStandard(i, &oTiming, nullptr);
-        }
-        for (unsigned int i = 0; i < oBase.GetDetailedCount(); ++i)
-        {
-            iResult &= oBase.GetDetailed(i, &oTiming);
-        }
-        return iResult;
-    });
-}
-
-void WalkAllTimings(benchmark::State& oState, const SEdidImage& aui8Image)
+template <const SEdidImage& IMAGE>
+int LoadImage(CEdid& /*oEdid*/)
 {
     CEdid oEdid;
-    Load(oEdid, aui8Image);
-    unsigned int uiTimings = 0;
-    Measure(oState, [&] {
-        CVidParamTimingGeneric oTiming;
-        const unsigned int uiEstablished = oEdid.GetEstablishedCount(0);
-        for (unsigned int i = 0; i < uiEstablished; ++i)
-        {
-            oEdid.GetEstablished(i, &oTiming, 0);
-        }
-        const unsigned int uiStandard = oEdid.GetStandardCount();
-        for (unsigned int i = 0; i < uiStandard; ++i)
-        {
-            oEdid.GetStandard(i, &oTiming, nullptr);
-        }
-        const unsigned int uiDetailed = oEdid.GetDetailedCount();
-        for (unsigned int i = 0; i < uiDetailed; ++i)
-        {
-            oEdid.GetDetailed(i, &oTiming);
-        }
-        uiTimings = uiEstablished + uiStandard + uiDetailed;
-        return 1;
-    });
-    oState.counters["timings"] = uiTimings;
+    return Load(oEdid, IMAGE);
 }
 
-void Serialise(benchmark::State& oState)
-{
-    CEdid oEdid;
-    Load(oEdid, gsc_aui8Ordinary);
-    Measure(oState, [&] { return oEdid.GetEdidBuffer().GetCount() == 256 ? 1 : 0; });
-}
-
-void SerialiseIntoCallersBuffer(benchmark::State& oState)
-{
-    CEdid oEdid;
-    Load(oEdid, gsc_aui8Ordinary);
-    unsigned char aui8Buffer[256];
-    Measure(oState, [&] { return oEdid.GetEdidBuffer(sizeof(aui8Buffer), aui8Buffer) == sizeof(aui8Buffer) ? 1 : 0; });
-}
-
-using TimingSource = int (*)(CVidParamTiming*);
-
-void ComputeTiming(benchmark::State& oState, TimingSource fnSource)
+template <class EDID>
+int WalkAllTimings(EDID& oEdid)
 {
     CVidParamTimingGeneric oTiming;
-    Measure(oState, [&] { return fnSource(&oTiming); });
+    const unsigned int uiEstablished = oEdid.GetEstablishedCount(0);
+    for (unsigned int i = 0; i < uiEstablished; ++i)
+    {
+        oEdid.GetEstablished(i, &oTiming, 0);
+    }
+    const unsigned int uiStandard = oEdid.GetStandardCount();
+    for (unsigned int i = 0; i < uiStandard; ++i)
+    {
+        oEdid.GetStandard(i, &oTiming, nullptr);
+    }
+    const unsigned int uiDetailed = oEdid.GetDetailedCount();
+    for (unsigned int i = 0; i < uiDetailed; ++i)
+    {
+        oEdid.GetDetailed(i, &oTiming);
+    }
+    return static_cast<int>(uiEstablished + uiStandard + uiDetailed);
 }
 
-void ExtractModes(benchmark::State& oState, const SEdidImage& aui8Image)
+int LoadBaseBlockAndWalk(CEdid& /*oEdid*/)
 {
-    CEdid oEdid;
-    Load(oEdid, aui8Image);
-    Measure(oState, [&] {
-        CVidParamTimingGeneric oPreferred;
-        CZorEdidUtils::CModeList aoLists[7];
-        return CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoLists[0], aoLists[1], aoLists[2], aoLists[3],
-                                              aoLists[4], aoLists[5], aoLists[6]);
-    });
+    CEdidBase oBase;
+    return oBase.SetEdidBuffer(gsc_aui8Ordinary.data(), gsc_uiImageBlockSize, 0) != 0 ? WalkAllTimings(oBase) : 0;
 }
 
-void CompareWithItself(benchmark::State& oState, const SEdidImage& aui8Image)
+int SerialiseIntoCallersBuffer(CEdid& oEdid)
 {
-    CEdid oFirst;
-    CEdid oSecond;
-    Load(oFirst, aui8Image);
-    Load(oSecond, aui8Image);
-    Measure(oState, [&] { return CZorEdidUtils::CompareTimings(oFirst, oSecond, 1, 1); });
+    unsigned char aui8Buffer[256];
+    return oEdid.GetEdidBuffer(sizeof(aui8Buffer), aui8Buffer) == sizeof(aui8Buffer) ? 1 : 0;
 }
+
+int ExtractModes(CEdid& oEdid)
+{
+    CVidParamTimingGeneric oPreferred;
+    CZorEdidUtils::CModeList aoLists[7];
+    return CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoLists[0], aoLists[1], aoLists[2], aoLists[3], aoLists[4],
+                                          aoLists[5], aoLists[6]);
+}
+
+int CompareWithItself(CEdid& oEdid) { return CZorEdidUtils::CompareTimings(oEdid, oEdid, 1, 1); }
+
+const SOperation gsc_aoOperations[] = {
+    { "Load_BaseBlockAndWalk", LoadBaseBlockAndWalk },
+    { "Load_256Bytes", LoadImage<gsc_aui8Ordinary> },
+    { "Load_FullCeaBlock", LoadImage<gsc_aui8FullBlock> },
+    { "Walk_AllTimings", WalkAllTimings, gsc_aui8Ordinary, true },
+    { "Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock, true },
+    { "Serialise_Array", [](CEdid& o) { return o.GetEdidBuffer().GetCount() == 256 ? 1 : 0; } },
+    { "Serialise_CallersBuffer", SerialiseIntoCallersBuffer },
+    { "Modes_Extract", ExtractModes },
+    { "Modes_ExtractFullCeaBlock", ExtractModes, gsc_aui8FullBlock },
+    { "Modes_Compare", CompareWithItself },
+    { "Modes_CompareFullCeaBlock", CompareWithItself, gsc_aui8FullBlock },
+};
+
+struct SSource
+{
+    const char* m_pszName;
+    int (*m_fnRun)(CVidParamTiming*);
+};
+
+const SSource gsc_aoSources[] = {
+    { "Compute_Cvt", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, p); } },
+    { "Compute_CvtReduced", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, p); } },
+    { "Compute_Gtf", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, p); } },
+    { "LookUp_DmtBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetDmtTiming(0, p, 1920, 1080, 60); } },
+    { "LookUp_CeaBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetCeaTiming(0, p, 3840, 2160, 60); } },
+    { "LookUp_CeaByVic", [](CVidParamTiming* p) { return CVidParamCea::GetVidParamFromVic(97, p); } },
+};
 
 // ---- Edits: each on a freshly loaded image ----
-
-struct SEdit
-{
-    const char* m_szName;
-    int (*m_fnEdit)(CEdid&);
-};
 
 constexpr CEdidExtBlockCEA861::SAudioDescriptor gsc_oPcm = { CEdidExtBlockCEA861::eAudioFormat_Pcm, 2,
                                                              CEdidExtBlockCEA861::eAudioSamplingFreq_48KHz, 1 };
@@ -200,7 +161,7 @@ int SetSerialNumber(CEdid& oEdid)
     return 1;
 }
 
-const SEdit gsc_aoEdits[] = {
+const SOperation gsc_aoEdits[] = {
     { "Base_SetSerialNumber", SetSerialNumber },
     { "Base_SetColorBitDepth", [](CEdid& o) { return o.SetColorBitDepth(CEdidBase::eColorBitDepth10); } },
     { "Base_SetEstablished", [](CEdid& o) { return o.SetEstablished(0, 0, 1); } },
@@ -221,54 +182,62 @@ const SEdit gsc_aoEdits[] = {
     { "Ext_AddVendorSpecific", [](CEdid& o) { return CeaBlockOf(o).AddVendorSpecific(); } },
 };
 
-constexpr unsigned int gsc_uiEditsPerIteration = 64; // enough that reading the clock does not count
-constexpr unsigned int gsc_uiEditIterations = 400;
+// ---- Measuring ----
 
-// The images are loaded outside the measured time and the counted allocations. One edit is one operation.
-void Edit(benchmark::State& oState, const SEdit& oEdit)
+void Report(benchmark::State& oState, bool bRefused, unsigned long ulAllocations, unsigned int uiOperationsPerIteration)
 {
-    using Clock = std::chrono::steady_clock;
-    CEdid aoEdids[gsc_uiEditsPerIteration];
-    unsigned long ulAllocations = 0;
-    int iResult = 1;
-    while (oState.KeepRunning())
-    {
-        for (CEdid& oEdid : aoEdids)
-        {
-            Load(oEdid, gsc_aui8Ordinary);
-        }
-        const unsigned long ulBefore = GetAllocationCount();
-        const Clock::time_point oStart = Clock::now();
-        for (CEdid& oEdid : aoEdids)
-        {
-            iResult &= oEdit.m_fnEdit(oEdid) != 0 ? 1 : 0;
-        }
-        const std::chrono::duration<double> oElapsed = Clock::now() - oStart;
-        ulAllocations += GetAllocationCount() - ulBefore;
-        oState.SetIterationTime(oElapsed.count() / gsc_uiEditsPerIteration);
-    }
-    oState.counters["allocs"] =
-        static_cast<double>(ulAllocations) / (static_cast<double>(oState.iterations()) * gsc_uiEditsPerIteration);
-    if (iResult == 0)
+    const double dOperations = static_cast<double>(oState.iterations()) * uiOperationsPerIteration;
+    oState.counters["allocs"] = static_cast<double>(ulAllocations) / dOperations;
+    if (bRefused)
     {
         oState.SkipWithError("refused");
     }
 }
 
-struct SSource
+template <class RUN>
+int Repeat(benchmark::State& oState, const RUN& fnRun)
 {
-    const char* m_szName;
-    TimingSource m_fnSource;
-};
+    bool bRefused = false;
+    int iResult = 0;
+    const unsigned long ulBefore = FailingHeap::GetTakenCount();
+    for (auto _ : oState)
+    {
+        iResult = fnRun();
+        bRefused |= iResult == 0;
+        benchmark::ClobberMemory();
+    }
+    Report(oState, bRefused, FailingHeap::GetTakenCount() - ulBefore, 1);
+    return iResult;
+}
 
-const SSource gsc_aoSources[] = {
-    { "Compute_Cvt", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, p); } },
-    { "Compute_CvtReduced", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, p); } },
-    { "Compute_Gtf", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, p); } },
-    { "LookUp_DmtBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetDmtTiming(0, p, 1920, 1080, 60); } },
-    { "LookUp_CeaBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetCeaTiming(0, p, 3840, 2160, 60); } },
-    { "LookUp_CeaByVic", [](CVidParamTiming* p) { return CVidParamCea::GetVidParamFromVic(97, p); } },
-};
+constexpr unsigned int gsc_uiEditsPerIteration = 64; // enough that reading the clock does not count
+constexpr unsigned int gsc_uiEditIterations = 400;
+
+// The images are loaded outside the measured time and the counted allocations. One edit is one operation.
+void Edit(benchmark::State& oState, const SOperation& oEdit)
+{
+    using Clock = std::chrono::steady_clock;
+    CEdid aoEdids[gsc_uiEditsPerIteration];
+    unsigned long ulAllocations = 0;
+    bool bRefused = false;
+    while (oState.KeepRunning())
+    {
+        for (CEdid& oEdid : aoEdids)
+        {
+            Load(oEdid, oEdit.m_aui8Image);
+        }
+        const unsigned long ulBefore = FailingHeap::GetTakenCount();
+        const Clock::time_point oStart = Clock::now();
+        for (CEdid& oEdid : aoEdids)
+        {
+            bRefused |= oEdit.m_fnRun(oEdid) == 0;
+        }
+        const std::chrono::duration<double> oElapsed = Clock::now() - oStart;
+        ulAllocations += FailingHeap::GetTakenCount() - ulBefore;
+        oState.SetIterationTime(oElapsed.count() / gsc_uiEditsPerIteration);
+    }
+    Report(oState, bRefused, ulAllocations, gsc_uiEditsPerIteration);
+}
 }
 
 int main(int iArguments, char** apszArguments)
@@ -278,38 +247,34 @@ int main(int iArguments, char** apszArguments)
     {
         return 1;
     }
-
-    // Numbers of an image whose extension block was dropped would look good and mean nothing.
-    for (const SEdidImage& aui8Image : { gsc_aui8Ordinary, gsc_aui8FullBlock })
+    for (const SOperation& oOperation : gsc_aoOperations)
     {
-        CEdid oEdid;
-        if (Load(oEdid, aui8Image) == 0 || oEdid.GetExtensionCount() != 1)
-        {
-            fprintf(stderr, "An image of the benchmarks does not load whole.\n");
-            return 1;
-        }
+        benchmark::RegisterBenchmark(oOperation.m_pszName, [&](benchmark::State& oState) {
+            CEdid oEdid;
+            // Numbers of an image whose extension block was dropped would look good and mean nothing.
+            if (Load(oEdid, oOperation.m_aui8Image) == 0 || oEdid.GetExtensionCount() != 1)
+            {
+                oState.SkipWithError("the image does not load whole");
+                return;
+            }
+            const int iResult = Repeat(oState, [&] { return oOperation.m_fnRun(oEdid); });
+            if (oOperation.m_bCountsTimings)
+            {
+                oState.counters["timings"] = iResult;
+            }
+        });
     }
-
-    benchmark::RegisterBenchmark("Load_BaseBlockAndWalk", LoadBaseBlockAndWalk);
-    benchmark::RegisterBenchmark("Load_256Bytes", LoadImage, gsc_aui8Ordinary);
-    benchmark::RegisterBenchmark("Load_FullCeaBlock", LoadImage, gsc_aui8FullBlock);
-    benchmark::RegisterBenchmark("Walk_AllTimings", WalkAllTimings, gsc_aui8Ordinary);
-    benchmark::RegisterBenchmark("Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock);
-    benchmark::RegisterBenchmark("Serialise_Array", Serialise);
-    benchmark::RegisterBenchmark("Serialise_CallersBuffer", SerialiseIntoCallersBuffer);
     for (const SSource& oSource : gsc_aoSources)
     {
-        benchmark::RegisterBenchmark(oSource.m_szName, ComputeTiming, oSource.m_fnSource);
+        benchmark::RegisterBenchmark(oSource.m_pszName, [&](benchmark::State& oState) {
+            CVidParamTimingGeneric oTiming;
+            Repeat(oState, [&] { return oSource.m_fnRun(&oTiming); });
+        });
     }
-    benchmark::RegisterBenchmark("Modes_Extract", ExtractModes, gsc_aui8Ordinary);
-    benchmark::RegisterBenchmark("Modes_ExtractFullCeaBlock", ExtractModes, gsc_aui8FullBlock);
-    benchmark::RegisterBenchmark("Modes_Compare", CompareWithItself, gsc_aui8Ordinary);
-    benchmark::RegisterBenchmark("Modes_CompareFullCeaBlock", CompareWithItself, gsc_aui8FullBlock);
-    for (const SEdit& oEdit : gsc_aoEdits)
+    for (const SOperation& oEdit : gsc_aoEdits)
     {
-        benchmark::RegisterBenchmark(oEdit.m_szName, Edit, oEdit)->UseManualTime()->Iterations(gsc_uiEditIterations);
+        benchmark::RegisterBenchmark(oEdit.m_pszName, Edit, oEdit)->UseManualTime()->Iterations(gsc_uiEditIterations);
     }
-
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

@@ -5,8 +5,6 @@
 //           checksum of the base block wrong
 //   then    edits of 8 bytes: operation, block, index (16 bits), value (32 bits)
 
-#include <iterator>
-
 #include "CEdidTestImages.h"
 #include "EditRunner.h"
 #include "FuzzSupport.h"
@@ -14,43 +12,33 @@
 
 namespace
 {
-constexpr size_t gsc_uiBlockSize = 128;
-constexpr size_t gsc_uiLargestOwnImage = 4 * gsc_uiBlockSize;
 constexpr unsigned int gsc_uiMostEdits = 64;
 
-void LoadImage(CInput& oInput, CEditRunner& oRunner)
+CBytes TakeImage(CInput& oInput)
 {
-    const size_t uiImages = std::size(gsc_aoEdidTestImages);
     const size_t uiChoice = oInput.TakeByte();
-    if (uiChoice < uiImages)
+    if (uiChoice < std::size(gsc_aoEdidTestImages))
     {
-        const SEdidImage& aui8Image = *gsc_aoEdidTestImages[uiChoice].m_paui8Image;
-        oRunner.Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
-        return;
+        return ToBytes(*gsc_aoEdidTestImages[uiChoice].m_paui8Image);
     }
-    uint8_t aui8Own[gsc_uiLargestOwnImage] = {};
     const unsigned int uiHead = oInput.TakeByte();
-    const size_t uiSize = (1 + uiHead % 4) * gsc_uiBlockSize;
-    size_t uiTaken = 0;
-    const uint8_t* pui8Bytes = oInput.TakeBytes(uiSize, &uiTaken);
-    std::copy(pui8Bytes, pui8Bytes + uiTaken, aui8Own);
-    RepairImage(aui8Own, uiSize);
-    aui8Own[gsc_uiBlockSize - 1] = static_cast<uint8_t>(aui8Own[gsc_uiBlockSize - 1] + (uiHead >> 7));
-    oRunner.Load(aui8Own, static_cast<unsigned int>(uiSize));
+    CBytes aui8Image((1 + uiHead % 4) * gsc_uiBlockSize);
+    for (unsigned char& ui8Byte : aui8Image)
+    {
+        ui8Byte = static_cast<unsigned char>(oInput.TakeByte());
+    }
+    aui8Image = RepairImage(aui8Image);
+    aui8Image[gsc_uiBlockSize - 1] = static_cast<unsigned char>(aui8Image[gsc_uiBlockSize - 1] + (uiHead >> 7));
+    return aui8Image;
 }
-}
-
-extern "C" int LLVMFuzzerInitialize(int* /*piCount*/, char*** /*pppszArguments*/)
-{
-    SilenceMessages();
-    return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
     CInput oInput(pui8Data, uiSize);
+    const CBytes aui8Image = TakeImage(oInput);
     CEditRunner oRunner;
-    LoadImage(oInput, oRunner);
+    oRunner.Load(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()));
     for (unsigned int i = 0; i < gsc_uiMostEdits && !oInput.IsEmpty(); ++i)
     {
         SEditStep oStep = {};

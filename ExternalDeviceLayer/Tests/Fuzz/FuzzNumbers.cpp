@@ -1,8 +1,6 @@
 // Fuzz target: sizes, clocks and rates; every result is compared with a second computation in 128 bits that wraps by
 // hand where the library's steps wrap.
 
-#include <iterator>
-
 #include "FormulaModel.h"
 #include "FuzzSupport.h"
 #include "VidParamCea.h"
@@ -13,44 +11,48 @@
 
 namespace
 {
+// What the setters below take, in their order, then a clock, then flags and choices.
+using CNumbers = std::array<unsigned int, 12>;
+
+constexpr void (CVidParamTiming::*gsc_apfnSetters[])(unsigned int) = {
+    &CVidParamTiming::SetHorizontalActive,   &CVidParamTiming::SetHorizontalFrontPorch,
+    &CVidParamTiming::SetHorizontalSync,     &CVidParamTiming::SetHorizontalBackPorch,
+    &CVidParamTiming::SetVerticalActive,     &CVidParamTiming::SetVerticalFrontPorch,
+    &CVidParamTiming::SetVerticalSync,       &CVidParamTiming::SetVerticalBackPorch,
+    &CVidParamTiming::SetHorizontalRateInHz, &CVidParamTiming::SetVerticalRateInHz,
+};
+
 void RunDivisions(unsigned int uiDividend, unsigned int uiDivisor)
 {
     const Wide uiUp = uiDivisor == 0 ? 0 : (Wide{ uiDividend } + uiDivisor - 1) / uiDivisor;
     Require(ZorTools_RoundedDivision(uiDividend, uiDivisor) == Nearest(uiDividend, uiDivisor), "nearest division");
     Require(ZorTools_RoundedDownDivision(uiDividend, uiDivisor) == Down(uiDividend, uiDivisor), "division down");
     Require(ZorTools_RoundedUpDivision(uiDividend, uiDivisor) == uiUp, "division up");
-
     const Wide uiRoot = ZorTools_SquareRoot(uiDividend);
     Require(uiDividend < 2 ? uiRoot == 0 : uiRoot * uiRoot <= uiDividend && (uiRoot + 1) * (uiRoot + 1) > uiDividend,
             "square root");
 }
 
-void FillTiming(CVidParamTiming& oTiming, const unsigned int (&auiValues)[12])
-{
-    oTiming.SetHorizontalActive(auiValues[0]);
-    oTiming.SetHorizontalFrontPorch(auiValues[1]);
-    oTiming.SetHorizontalSync(auiValues[2]);
-    oTiming.SetHorizontalBackPorch(auiValues[3]);
-    oTiming.SetVerticalActive(auiValues[4]);
-    oTiming.SetVerticalFrontPorch(auiValues[5]);
-    oTiming.SetVerticalSync(auiValues[6]);
-    oTiming.SetVerticalBackPorch(auiValues[7]);
-    oTiming.SetHorizontalRateInHz(auiValues[8]);
-    oTiming.SetVerticalRateInHz(auiValues[9]);
-    oTiming.SetInterlaced(static_cast<int>(auiValues[11] & 1));
-    oTiming.Set420ColorSpace(static_cast<int>(auiValues[11] >> 1 & 1));
-    oTiming.Set3D(static_cast<int>(auiValues[11] >> 2 & 1));
-}
-
 // Totals, rates and clocks of one timing object, whose clock the caller has set.
-void CheckDerived(const CVidParamTiming& oTiming, const unsigned int (&auiValues)[12])
+void FillAndCheck(CVidParamTiming& oTiming, const CNumbers& aui)
 {
-    const bool bInterlaced = (auiValues[11] & 1) != 0;
-    const Wide uiHTotal = Cut(Wide{ auiValues[0] } + auiValues[1] + auiValues[2] + auiValues[3]);
-    const Wide uiVBlank = Wide{ auiValues[5] } + auiValues[6] + auiValues[7];
-    const Wide uiVTotal = Cut(auiValues[4] + (bInterlaced ? 2 * uiVBlank + 1 : uiVBlank));
+    const bool bInterlaced = (aui[11] & 1) != 0;
+    const bool b420 = (aui[11] & 2) != 0;
+    const bool b3D = (aui[11] & 4) != 0;
+    for (size_t i = 0; i < std::size(gsc_apfnSetters); ++i)
+    {
+        (oTiming.*gsc_apfnSetters[i])(aui[i]);
+    }
+    oTiming.SetInterlaced(bInterlaced ? 1 : 0);
+    oTiming.Set420ColorSpace(b420 ? 1 : 0);
+    oTiming.Set3D(b3D ? 1 : 0);
+
+    const Wide uiHTotal = Cut(Wide{ aui[0] } + aui[1] + aui[2] + aui[3]);
+    const Wide uiVBlank = Wide{ aui[5] } + aui[6] + aui[7];
+    const Wide uiVTotal = Cut(aui[4] + (bInterlaced ? 2 * uiVBlank + 1 : uiVBlank));
     const Wide uiHz = oTiming.GetPixelClockInHz();
     const Wide uiKiloHz = oTiming.GetPixelClockInKiloHz();
+    const auto Effective = [&](Wide uiClock) { return b420 == b3D ? uiClock : b420 ? uiClock / 2 : Cut(uiClock * 2); };
     Require(oTiming.GetHorizontalTotal() == uiHTotal, "horizontal total");
     Require(oTiming.ComputeHorizontalTotalPixel() == uiHTotal, "computed horizontal total");
     Require(oTiming.GetVerticalTotal() == uiVTotal, "vertical total");
@@ -58,73 +60,53 @@ void CheckDerived(const CVidParamTiming& oTiming, const unsigned int (&auiValues
     Require(oTiming.ComputeHorizontalRateInHz() == Nearest(uiHz, uiHTotal), "line rate in hertz");
     Require(oTiming.ComputeHorizontalRateInKiloHz() == Nearest(uiKiloHz, uiHTotal), "line rate in kilohertz");
     Require(oTiming.ComputeVerticalRateInHz() == Nearest(uiHz, Times(uiHTotal, uiVTotal)), "vertical rate");
-
-    const bool b420 = (auiValues[11] & 2) != 0;
-    const bool b3D = (auiValues[11] & 4) != 0;
-    const auto Effective = [&](Wide uiClock) { return b420 == b3D ? uiClock : b420 ? uiClock / 2 : Cut(uiClock * 2); };
     Require(oTiming.GetEffectivePixelClockInHz() == Effective(uiHz), "effective clock in hertz");
     Require(oTiming.GetEffectivePixelClockInKiloHz() == Effective(uiKiloHz), "effective clock in kilohertz");
+
+    // Clocks from 2^31 on are outside what the comparison is for; they must be safe all the same.
+    const Wide uiOther = aui[9];
+    const bool bEquivalent = oTiming.IsPixelClockInHzEquivalent(aui[9]) != 0;
+    const Wide uiLarger = std::max(uiKiloHz, uiOther / 1000);
+    const Wide uiDifference = uiLarger - std::min(uiKiloHz, uiOther / 1000);
+    const Wide uiSpread = uiKiloHz < 75001 ? 10 : 50; // in 1/10,000
+    const bool bNear = uiKiloHz != 0 && uiOther != 0 && Down(uiDifference * 10000, uiLarger) <= uiSpread;
+    Require(uiKiloHz > 0x7FFFFFFF / 1000 || uiOther > 0x7FFFFFFF || bEquivalent == (uiHz == uiOther || bNear),
+            "equivalence of clocks");
 }
 
-// Clocks from 2^31 on are outside what the comparison is for; they must be safe all the same.
-void CheckEquivalence(const CVidParamTiming& oTiming, unsigned int uiHz)
-{
-    constexpr unsigned int uiHighestHz = 0x7FFFFFFF;
-    const bool bEquivalent = oTiming.IsPixelClockInHzEquivalent(uiHz) != 0;
-    if (uiHz > uiHighestHz || oTiming.GetPixelClockInKiloHz() > uiHighestHz / 1000)
-    {
-        return;
-    }
-    const Wide uiOwn = oTiming.GetPixelClockInKiloHz();
-    const Wide uiOther = uiHz / 1000;
-    bool bExpected = oTiming.GetPixelClockInHz() == uiHz;
-    if (!bExpected && uiOwn != 0 && uiHz != 0)
-    {
-        const Wide uiDifference = uiOwn > uiOther ? uiOwn - uiOther : uiOther - uiOwn;
-        bExpected =
-            uiDifference == 0 || uiDifference * 10000 / std::max(uiOwn, uiOther) <= Wide{ uiOwn < 75001 ? 10U : 50U };
-    }
-    Require(bEquivalent == bExpected, "equivalence of clocks");
-}
-
-void RunTimings(const unsigned int (&auiValues)[12])
+void RunTimings(const CNumbers& aui)
 {
     CVidParamTimingGeneric oGeneric;
-    FillTiming(oGeneric, auiValues);
-    oGeneric.SetPixelClockInHz(auiValues[10]);
-    Require(oGeneric.GetPixelClockInKiloHz() == auiValues[10] / 1000, "clock in kilohertz");
-    CheckDerived(oGeneric, auiValues);
+    oGeneric.SetPixelClockInHz(aui[10]);
+    Require(oGeneric.GetPixelClockInKiloHz() == aui[10] / 1000, "clock in kilohertz");
+    FillAndCheck(oGeneric, aui);
 
     CRVidParamTiming oRecord;
-    FillTiming(oRecord, auiValues);
-    oRecord.SetPixelClockInKiloHz(auiValues[10]);
-    Require(oRecord.GetPixelClockInHz() == Times(auiValues[10], 1000), "clock in hertz");
-    CheckDerived(oRecord, auiValues);
+    oRecord.SetPixelClockInKiloHz(aui[10]);
+    Require(oRecord.GetPixelClockInHz() == Times(aui[10], 1000), "clock in hertz");
+    FillAndCheck(oRecord, aui);
 
-    CheckEquivalence(oGeneric, auiValues[9]);
-    CheckEquivalence(oRecord, auiValues[9]);
     Require((oGeneric == oRecord) != (oGeneric != oRecord), "equal or not");
     oRecord = static_cast<const CVidParamTiming&>(oGeneric);
-    Require(oRecord.GetPixelClockInKiloHz() == Nearest(auiValues[10], 1000), "assignment rounds the clock");
-    Require(oRecord.GetVerticalBackPorch() == auiValues[7], "assignment copies");
+    Require(oRecord.GetPixelClockInKiloHz() == Nearest(aui[10], 1000), "assignment rounds the clock");
+    Require(oRecord.GetVerticalBackPorch() == aui[7], "assignment copies");
 }
 
 void RunFormulas(unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)
 {
-    struct SFormula
+    const struct
     {
         Expected (*m_pfnSecond)(Wide, Wide, Wide);
         CVidParamTiming::EVidParamType m_eType;
-    };
-    const SFormula aoFormulas[] = { { SecondCvt, CVidParamTiming::eVidParamType_Cvt },
-                                    { SecondCvtReduced, CVidParamTiming::eVidParamType_CvtReducedBlanking },
-                                    { SecondGtf, CVidParamTiming::eVidParamType_Gtf } };
-    for (const SFormula& oFormula : aoFormulas)
+    } aoFormulas[] = { { SecondCvt, CVidParamTiming::eVidParamType_Cvt },
+                       { SecondCvtReduced, CVidParamTiming::eVidParamType_CvtReducedBlanking },
+                       { SecondGtf, CVidParamTiming::eVidParamType_Gtf } };
+    for (const auto& [pfnSecond, eType] : aoFormulas)
     {
         CRVidParamTiming oTiming;
         const CAllValues oUntouched = ReadAll(oTiming);
-        const int iResult = CVidParamTimingFunc::GetTiming(uiWidth, uiHeight, uiRate, oFormula.m_eType, oTiming);
-        const Expected oExpected = oFormula.m_pfnSecond(uiWidth, uiHeight, uiRate);
+        const int iResult = CVidParamTimingFunc::GetTiming(uiWidth, uiHeight, uiRate, eType, oTiming);
+        const Expected oExpected = pfnSecond(uiWidth, uiHeight, uiRate);
         Require((iResult != 0) == oExpected.has_value(), "a formula accepts what it should");
         Require(ReadAll(oTiming) == oExpected.value_or(oUntouched), "a formula gives what it should");
     }
@@ -134,19 +116,18 @@ void RunFormulas(unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRat
 // The tables: the same answer with and without an output, and a row that passes its filters. A filter of 0 is open.
 void RunTables(unsigned int uiIndex, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)
 {
-    const auto apfnTables = { CVidParamTimingFunc::GetCeaTiming, CVidParamTimingFunc::GetDmtTiming,
-                              CVidParamTimingFunc::GetSmpteTiming };
-    for (const auto pfnTable : apfnTables)
+    for (const auto pfnTable :
+         { CVidParamTimingFunc::GetCeaTiming, CVidParamTimingFunc::GetDmtTiming, CVidParamTimingFunc::GetSmpteTiming })
     {
         CVidParamTimingGeneric oTiming;
         const int iResult = pfnTable(uiIndex, &oTiming, uiWidth, uiHeight, uiRate);
+        const auto Passes = [&](unsigned int uiFilter, unsigned int uiValue) {
+            return iResult == 0 || uiFilter == 0 || uiValue == uiFilter;
+        };
         Require(pfnTable(uiIndex, nullptr, uiWidth, uiHeight, uiRate) == iResult, "a test answers as the call");
-        if (iResult != 0)
-        {
-            Require(uiWidth == 0 || oTiming.GetHorizontalActive() == uiWidth, "a row passes its filter of width");
-            Require(uiHeight == 0 || oTiming.GetVerticalActive() == uiHeight, "a row passes its filter of height");
-            Require(uiRate == 0 || oTiming.GetVerticalRateInHz() == uiRate, "a row passes its filter of rate");
-        }
+        Require(Passes(uiWidth, oTiming.GetHorizontalActive()), "a row passes its filter of width");
+        Require(Passes(uiHeight, oTiming.GetVerticalActive()), "a row passes its filter of height");
+        Require(Passes(uiRate, oTiming.GetVerticalRateInHz()), "a row passes its filter of rate");
     }
 }
 
@@ -168,28 +149,22 @@ void RunCode(unsigned int uiCode)
 }
 }
 
-extern "C" int LLVMFuzzerInitialize(int* /*piCount*/, char*** /*pppszArguments*/)
-{
-    SilenceMessages();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
     CInput oInput(pui8Data, uiSize);
-    unsigned int auiValues[12];
-    for (unsigned int& uiValue : auiValues)
+    CNumbers aui;
+    for (unsigned int& uiNumber : aui)
     {
         // Any magnitude is as likely as any other.
         const unsigned int uiShift = oInput.TakeByte() % 32;
-        uiValue = oInput.Take32() >> uiShift;
+        uiNumber = oInput.Take32() >> uiShift;
     }
-    RunDivisions(auiValues[0], auiValues[1]);
-    RunTimings(auiValues);
-    RunFormulas(auiValues[0], auiValues[4], auiValues[9]);
-    const unsigned int uiChoice = auiValues[11];
-    RunTables(uiChoice % 256, (uiChoice & 0x100) != 0 ? auiValues[0] : 0, (uiChoice & 0x200) != 0 ? auiValues[4] : 0,
-              (uiChoice & 0x400) != 0 ? auiValues[9] : 0);
+    const unsigned int uiChoice = aui[11];
+    RunDivisions(aui[0], aui[1]);
+    RunTimings(aui);
+    RunFormulas(aui[0], aui[4], aui[9]);
+    RunTables(uiChoice % 256, (uiChoice & 0x100) != 0 ? aui[0] : 0, (uiChoice & 0x200) != 0 ? aui[4] : 0,
+              (uiChoice & 0x400) != 0 ? aui[9] : 0);
     RunCode(uiChoice % 256 + ((uiChoice & 0x100) != 0 ? 1000 : 0)); // the 1000/1001 variant of a code
     return 0;
 }

@@ -1,386 +1,145 @@
-// Fuzz target: the input is a program over several strings, run on CMString and on std::string side by side. Contents
-// and lengths stay equal; a write to one string never shows in another; a text never outgrows its estimate.
+// Fuzz target: the input is a program over several strings, run on CMString and on std::string side by side. Contents,
+// lengths and answers stay equal; a write to one string never shows in another; a text never outgrows its estimate.
+//
+//   a step  operation, strings (own: bits 0 and 1, other: bits 2 and 3), character, two numbers, length of the text,
+//           the text; Format takes ten bytes more
 
-#include <ctype.h>
 #include <limits.h>
+#include <math.h>
 #include <stdarg.h>
 #include <string.h>
 
-#include <array>
 #include <string>
-#include <vector>
 
 #include "FuzzSupport.h"
 #include "ZorMFCTypes.h"
 
 namespace
 {
-constexpr size_t gsc_uiStrings = 4;
-constexpr size_t gsc_uiLongest = 600; // longer strings are cut back, so that doubling ends
+constexpr size_t gsc_uiLongest = 600; // longer strings are emptied, so that doubling ends
 constexpr unsigned int gsc_uiMostSteps = 200;
 
-class CProgram
+// One step of the program: the strings that it works on, and its arguments in the order of the input.
+struct SStep
 {
-public:
-    CProgram(const uint8_t* pui8Data, size_t uiSize) : m_oInput(pui8Data, uiSize) {}
-
-    void Run()
-    {
-        for (unsigned int i = 0; i < gsc_uiMostSteps && !m_oInput.IsEmpty(); ++i)
-        {
-            Step();
-            CheckAll();
-        }
-    }
-
-private:
-    using Operation = void (CProgram::*)();
-
-    static const Operation msc_apfnOperations[];
-
-    void Step();
-
-    CMString& Own() { return m_aoStrings[m_uiOwn]; }
-    std::string& Model() { return m_asModels[m_uiOwn]; }
-    CMString& Other() { return m_aoStrings[m_uiOther]; }
-    std::string& OtherModel() { return m_asModels[m_uiOther]; }
-    int Length() const { return static_cast<int>(m_asModels[m_uiOwn].size()); }
-
-    char TakeChar()
+    char TakeChar() const
     {
         const unsigned int uiByte = m_oInput.TakeByte();
         return uiByte == 0 ? 'a' : static_cast<char>(uiByte);
     }
-
-    std::string TakeText()
-    {
-        std::string sText(m_oInput.TakeByte() % 24, ' ');
-        for (char& c : sText)
-        {
-            c = TakeChar();
-        }
-        return sText;
-    }
-
     // Indexes and counts around the ends, and beyond all reason.
-    int TakeNumber()
+    int TakeNumber() const
     {
         const unsigned int uiByte = m_oInput.TakeByte();
-        const int aiEnds[] = { 0, 1, -1, Length(), Length() - 1, Length() + 1, INT_MAX, INT_MIN, INT_MIN + 1 };
+        const int iLength = static_cast<int>(m_s.size());
+        const int aiEnds[] = { 0, 1, -1, iLength, iLength - 1, iLength + 1, INT_MAX, INT_MIN, INT_MIN + 1 };
         return uiByte < 128 ? static_cast<int>(uiByte) - 16 : aiEnds[uiByte % 9];
     }
-
-    void CheckAll();
-
-    // ---- Operations ----
-
-    void AssignText()
+    std::string TakeText() const
     {
-        Model() = TakeText();
-        Own() = Model().c_str();
-    }
-    void AssignChar()
-    {
-        const char c = TakeChar();
-        Own() = c;
-        Model() = c;
-    }
-    void AssignOther()
-    {
-        Own() = Other();
-        Model() = OtherModel();
-    }
-    void AssignPartOfItself()
-    {
-        const size_t uiFrom = Model().empty() ? 0 : m_oInput.TakeByte() % Model().size();
-        Own() = static_cast<const char*>(Own()) + uiFrom;
-        Model() = Model().substr(uiFrom);
-    }
-    void CopyAndChangeTheCopy()
-    {
-        CMString oCopy(Own());
-        oCopy += TakeChar();
-        CMString oFilled(TakeChar(), TakeNumber() % 64);
-        oFilled = oCopy;
-        oFilled.MakeUpper();
-    }
-    void AppendChar()
-    {
-        const char c = TakeChar();
-        Own() += c;
-        Model() += c;
-    }
-    void AppendOther()
-    {
-        const std::string sOther = OtherModel();
-        Own() += Other();
-        Model() += sOther;
-    }
-    void AppendText()
-    {
-        const std::string sText = TakeText();
-        Own() += sText.c_str();
-        Model() += sText;
-    }
-    void Sum()
-    {
-        const std::string sText = TakeText();
-        const char c = TakeChar();
-        const std::string sSum = Model() + OtherModel() + sText + c;
-        Own() = Own() + Other() + sText.c_str() + c;
-        Model() = sSum;
-        Own() = c + Own();
-        Model() = c + Model();
-        Own() = sText.c_str() + Own();
-        Model() = sText + Model();
-    }
-    void InsertChar()
-    {
-        const int iIndex = TakeNumber();
-        const char c = TakeChar();
-        Require(Own().Insert(iIndex, c) == Length() + 1, "Insert gives the new length");
-        Model().insert(Clamp(iIndex), 1, c);
-    }
-    void InsertText()
-    {
-        const int iIndex = TakeNumber();
-        const std::string sText = TakeText();
-        Require(Own().Insert(iIndex, sText.c_str()) == Length() + static_cast<int>(sText.size()),
-                "Insert gives the new length");
-        Model().insert(Clamp(iIndex), sText);
-    }
-    void InsertItself()
-    {
-        const int iIndex = TakeNumber();
-        const std::string sItself = Model();
-        Own().Insert(iIndex, Own());
-        Model().insert(Clamp(iIndex), sItself);
-    }
-    void Delete()
-    {
-        const int iIndex = TakeNumber();
-        const int iCount = TakeNumber();
-        Require(Own().Delete(iIndex, iCount) == Length(), "Delete gives the length before");
-        const long long llCut = std::min<long long>(iCount, static_cast<long long>(Length()) - iIndex);
-        const long long llFrom = std::max(iIndex, 0);
-        if (llCut >= 1 && llFrom < Length() && llFrom + llCut <= Length())
-        {
-            Model().erase(static_cast<size_t>(llFrom), static_cast<size_t>(llCut));
-        }
-    }
-    void SetChar()
-    {
-        const int iIndex = TakeNumber();
-        const char c = TakeChar();
-        Own().SetAt(iIndex, c);
-        if (iIndex >= 0 && iIndex < Length())
-        {
-            Model()[static_cast<size_t>(iIndex)] = c;
-        }
-        Require(Own().GetAt(iIndex) == (iIndex >= 0 && iIndex < Length() ? c : '\0'), "GetAt gives what SetAt stored");
-    }
-    void ChangeCase()
-    {
-        const unsigned int uiKind = m_oInput.TakeByte() % 3;
-        if (uiKind == 2)
-        {
-            Own().MakeReverse();
-            std::reverse(Model().begin(), Model().end());
-            return;
-        }
-        uiKind == 0 ? Own().MakeUpper() : Own().MakeLower();
-        for (char& c : Model())
-        {
-            c = FoldCase(c, uiKind == 0);
-        }
-    }
-    void Trim()
-    {
-        const std::string sTargets = TakeText();
-        const unsigned int uiKind = m_oInput.TakeByte() % 3;
-        uiKind == 0   ? Own().TrimLeft(sTargets.c_str())
-        : uiKind == 1 ? Own().TrimRight(sTargets.c_str())
-                      : Own().Trim(sTargets.c_str());
-        if (sTargets.empty())
-        {
-            return;
-        }
-        if (uiKind != 1)
-        {
-            Model().erase(0, std::min(Model().find_first_not_of(sTargets), Model().size()));
-        }
-        if (uiKind != 0)
-        {
-            Model().erase(Model().find_last_not_of(sTargets) + 1);
-        }
-    }
-    void TakePart()
-    {
-        const int iFirst = TakeNumber();
-        const int iCount = TakeNumber();
-        const size_t uiFirst = std::min(Clamp(iFirst), Model().size());
-        const size_t uiCount = static_cast<size_t>(std::max(iCount, 0));
-        const std::string sOwn = Model();
-        switch (m_oInput.TakeByte() % 4)
-        {
-        case 0:
-            Own() = Own().Mid(iFirst, iCount);
-            Model() = iFirst > Length() ? "" : sOwn.substr(uiFirst, uiCount);
-            break;
-        case 1:
-            Own() = Own().Mid(iFirst);
-            Model() = iFirst > Length() ? "" : sOwn.substr(uiFirst);
-            break;
-        case 2:
-            Own() = Own().Left(iCount);
-            Model() = sOwn.substr(0, uiCount);
-            break;
-        default:
-            Own() = Own().Right(iCount);
-            Model() = uiCount >= sOwn.size() ? sOwn : sOwn.substr(sOwn.size() - uiCount);
-            break;
-        }
-    }
-    void Search()
-    {
-        const char c = TakeChar();
-        const std::string sText = TakeText();
-        const int iStart = std::max(TakeNumber(), 0);
-        const size_t uiStart = static_cast<size_t>(iStart);
-        Require(Own().Find(c, iStart) == IndexOf(Model().find(c, uiStart)), "Find a character");
-        Require(Own().Find(sText.c_str(), iStart) == IndexOf(Model().find(sText, uiStart)), "Find a text");
-        Require(Own().ReverseFind(c) == IndexOf(Model().rfind(c)), "ReverseFind");
-        Require(Own().CountOf(c) == static_cast<int>(std::count(Model().begin(), Model().end(), c)), "CountOf");
-
-        const std::string sUpper = Upper(Model());
-        const char cUpper = FoldCase(c, true);
-        Require(Own().FindNoCase(c, iStart) == IndexOf(sUpper.find(cUpper, uiStart)), "FindNoCase a character");
-        Require(Own().FindNoCase(sText.c_str(), iStart) == IndexOf(sUpper.find(Upper(sText), uiStart)),
-                "FindNoCase a text");
-        Require(Own().ReverseFindNoCase(c) == IndexOf(sUpper.rfind(cUpper)), "ReverseFindNoCase");
-        Require(Own().CountOfNoCase(c) == static_cast<int>(std::count(sUpper.begin(), sUpper.end(), cUpper)),
-                "CountOfNoCase");
-    }
-    void Empty()
-    {
-        Own().Empty();
-        Model().clear();
-    }
-    void WriteBuffer()
-    {
-        const std::string sText = TakeText();
-        char* pszBuffer = Own().GetBuffer(static_cast<int>(sText.size()));
-        if (sText.empty())
-        {
-            return; // perhaps the shared empty string, which must not be written
-        }
-        memcpy(pszBuffer, sText.c_str(), sText.size());
-        Own().ReleaseBuffer(static_cast<int>(sText.size()));
-        Model() = sText;
-    }
-    void SetBufferLength()
-    {
-        const std::string sText = TakeText();
-        char* pszBuffer = Own().GetBufferSetLength(static_cast<int>(sText.size()));
-        memcpy(pszBuffer, sText.c_str(), sText.size());
-        Model() = sText;
-    }
-    void FreeExtra() { Own().FreeExtra(); }
-    void Lock() { Own().LockBuffer(); }
-    void Unlock() { Own().UnlockBuffer(); }
-    void Format();
-    void Tokens()
-    {
-        const std::string sSeparators = TakeText();
-        std::vector<std::string> asExpected;
-        for (size_t uiAt = Model().find_first_not_of(sSeparators); uiAt != std::string::npos;)
-        {
-            const size_t uiEnd = std::min(Model().find_first_of(sSeparators, uiAt), Model().size());
-            asExpected.push_back(Model().substr(uiAt, uiEnd - uiAt));
-            uiAt = Model().find_first_not_of(sSeparators, uiEnd);
-        }
-        size_t uiToken = 0;
-        for (CMString::CIterator oToken = Own().Begin(sSeparators.c_str()); oToken != Own().End(); ++oToken)
-        {
-            Require(uiToken < asExpected.size() && asExpected[uiToken] == static_cast<const char*>(*oToken), "a token");
-            ++uiToken;
-        }
-        Require(uiToken == asExpected.size(), "all tokens");
-
-        CMArrayString oList;
-        Require(oList.InitFromString(Own(), sSeparators.c_str()) == static_cast<int>(uiToken), "a list of tokens");
-        std::string sJoined;
-        for (size_t i = 0; i < asExpected.size(); ++i)
-        {
-            sJoined += (i == 0 ? "" : ", ") + asExpected[i];
-        }
-        Own() = oList.Join(", ");
-        Model() = sJoined;
-    }
-
-    // ---- Helpers of the model ----
-
-    size_t Clamp(int iIndex) const { return static_cast<size_t>(std::clamp(iIndex, 0, Length())); }
-    static int IndexOf(size_t uiFound) { return uiFound == std::string::npos ? -1 : static_cast<int>(uiFound); }
-    static char FoldCase(char c, bool bUp)
-    {
-        const char cFirst = bUp ? 'a' : 'A';
-        return c >= cFirst && c < cFirst + 26 ? static_cast<char>(c ^ 0x20) : c;
-    }
-    static std::string Upper(std::string sText)
-    {
-        for (char& c : sText)
-        {
-            c = FoldCase(c, true);
-        }
+        std::string sText(m_oInput.TakeByte() % 24, ' ');
+        std::generate(sText.begin(), sText.end(), [&] { return TakeChar(); });
         return sText;
     }
-    void FormatBoth(bool bAppend, const char* pszFormat, ...) __attribute__((format(printf, 3, 4)));
 
-    CInput m_oInput;
-    size_t m_uiOwn = 0;
-    size_t m_uiOther = 0;
-    std::array<CMString, gsc_uiStrings> m_aoStrings;
-    std::array<std::string, gsc_uiStrings> m_asModels;
+    CInput& m_oInput;
+    CMString& m_o;
+    std::string& m_s; // the model of m_o
+    CMString& m_oOther;
+    std::string& m_sOther;
+    const char m_c = TakeChar();
+    const int m_iIndex = TakeNumber();
+    const int m_iCount = TakeNumber();
+    const std::string m_sText = TakeText();
+    const char* const m_pszText = m_sText.c_str();
+
+    // The same for the model.
+    const int m_iStart = std::max(m_iIndex, 0);
+    const size_t m_uiStart = static_cast<size_t>(m_iStart);
+    const size_t m_uiAt = std::min(m_uiStart, m_s.size());
+    const size_t m_uiInside = m_iIndex >= 0 && m_uiAt < m_s.size() ? 1 : 0; // characters at the index
+    const size_t m_uiCount = static_cast<size_t>(std::max(m_iCount, 0));
+
+    int m_iAnswer = 0; // of an operation that gives one
 };
 
-const CProgram::Operation CProgram::msc_apfnOperations[] = {
-    &CProgram::AssignText, &CProgram::AssignChar,  &CProgram::AssignOther,     &CProgram::AssignPartOfItself,
-    &CProgram::AppendChar, &CProgram::AppendOther, &CProgram::AppendText,      &CProgram::CopyAndChangeTheCopy,
-    &CProgram::Sum,        &CProgram::InsertChar,  &CProgram::InsertText,      &CProgram::InsertItself,
-    &CProgram::Delete,     &CProgram::SetChar,     &CProgram::ChangeCase,      &CProgram::Trim,
-    &CProgram::TakePart,   &CProgram::Search,      &CProgram::Empty,           &CProgram::WriteBuffer,
-    &CProgram::FreeExtra,  &CProgram::Lock,        &CProgram::SetBufferLength, &CProgram::Unlock,
-    &CProgram::Format,     &CProgram::Tokens,
-};
-
-void CProgram::Step()
+// An index or a length; npos gives -1.
+template <class NUMBER>
+int Int(NUMBER xNumber)
 {
-    const unsigned int uiOperation = m_oInput.TakeByte();
-    const unsigned int uiStrings = m_oInput.TakeByte();
-    m_uiOwn = uiStrings % gsc_uiStrings;
-    m_uiOther = uiStrings / gsc_uiStrings % gsc_uiStrings;
-    if (Model().size() + OtherModel().size() > gsc_uiLongest)
-    {
-        Empty();
-        return;
-    }
-    (this->*msc_apfnOperations[uiOperation % std::size(msc_apfnOperations)])();
+    return static_cast<int>(xNumber);
 }
 
-void CProgram::CheckAll()
+// The 26 letters from cFirst on change their case.
+std::string Fold(std::string sText, char cFirst)
 {
-    for (size_t i = 0; i < gsc_uiStrings; ++i)
+    for (char& c : sText)
     {
-        const char* pszText = m_aoStrings[i];
-        const std::string& sModel = m_asModels[i];
-        Require(m_aoStrings[i].GetLength() == static_cast<int>(sModel.size()), "a length");
-        Require(memcmp(pszText, sModel.c_str(), sModel.size() + 1) == 0, "contents");
-        Require(m_aoStrings[i].GetAllocLength() >= m_aoStrings[i].GetLength(), "capacity holds the text");
+        c = c >= cFirst && c < cFirst + 26 ? static_cast<char>(c ^ 0x20) : c;
+    }
+    return sText;
+}
+std::string Upper(const std::string& sText) { return Fold(sText, 'a'); }
+
+int Count(const std::string& sText, char c) { return Int(std::count(sText.begin(), sText.end(), c)); }
+
+void DeleteInModel(SStep& o)
+{
+    o.m_iAnswer = Int(o.m_s.size());
+    const long long llLength = o.m_iAnswer;
+    const long long llCut = std::min<long long>(o.m_iCount, llLength - o.m_iIndex);
+    if (llCut >= 1 && o.m_iStart + llCut <= llLength)
+    {
+        o.m_s.erase(o.m_uiAt, static_cast<size_t>(llCut));
     }
 }
 
-void CProgram::FormatBoth(bool bAppend, const char* pszFormat, ...)
+// ---- Operations on both ----
+
+void CopyAndChangeTheCopy(SStep& o)
+{
+    CMString oCopy(o.m_o);
+    oCopy += o.m_c;
+    CMString oFilled(o.m_c, o.m_iCount % 64);
+    oFilled = oCopy;
+    oFilled.MakeUpper();
+}
+
+void WriteBuffer(SStep& o)
+{
+    char* pszBuffer = o.m_o.GetBuffer(Int(o.m_sText.size()));
+    if (!o.m_sText.empty()) // else it is perhaps the shared empty string, which must not be written
+    {
+        memcpy(pszBuffer, o.m_pszText, o.m_sText.size());
+        o.m_o.ReleaseBuffer(Int(o.m_sText.size()));
+        o.m_s = o.m_sText;
+    }
+}
+
+// Ends with the tokens joined.
+void Tokens(SStep& o)
+{
+    CMArrayString oList;
+    const int iTokens = oList.InitFromString(o.m_o, o.m_pszText);
+    CMString::CIterator oToken = o.m_o.Begin(o.m_pszText);
+    std::string sJoined;
+    int i = 0;
+    for (size_t uiAt = o.m_s.find_first_not_of(o.m_sText); uiAt != std::string::npos; ++i)
+    {
+        const size_t uiEnd = std::min(o.m_s.find_first_of(o.m_sText, uiAt), o.m_s.size());
+        const std::string sToken = o.m_s.substr(uiAt, uiEnd - uiAt);
+        Require(oToken != o.m_o.End() && sToken == static_cast<const char*>(*oToken), "a token");
+        ++oToken;
+        sJoined += (i == 0 ? "" : ", ") + sToken;
+        uiAt = o.m_s.find_first_not_of(o.m_sText, uiEnd);
+    }
+    Require(oToken == o.m_o.End() && iTokens == i, "all tokens");
+    o.m_o = oList.Join(", ");
+    o.m_s = sJoined;
+}
+
+// One string gets the text, the other one is extended by it.
+void __attribute__((format(printf, 2, 3))) FormatBoth(SStep& o, const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
@@ -390,81 +149,170 @@ void CProgram::FormatBoth(bool bAppend, const char* pszFormat, ...)
     const int iLength = vsnprintf(szExpected, sizeof(szExpected), pszFormat, oCopy);
     va_end(oCopy);
     Require(CMString::GetFormattedLength(pszFormat, oList) >= iLength, "the estimate is enough");
-    if (bAppend)
-    {
-        Own().AppendFormatV(pszFormat, oList);
-        Model() += szExpected;
-    }
-    else
-    {
-        Own().FormatV(pszFormat, oList);
-        Model() = szExpected;
-    }
+    va_copy(oCopy, oList);
+    o.m_o.FormatV(pszFormat, oList);
+    o.m_s = szExpected;
+    o.m_oOther.AppendFormatV(pszFormat, oCopy);
+    o.m_sOther += szExpected;
+    va_end(oCopy);
     va_end(oList);
 }
 
 // A format with one conversion between two literals. Width and precision stay below where the estimate is known to be
 // too short (CMString::GetFormattedLength).
-void CProgram::Format()
+void Format(SStep& o)
 {
-    const bool bAppend = m_oInput.TakeByte() % 2 != 0;
-    std::string sFormat = TakeText();
+    const struct
+    {
+        const char* m_pszSize;
+        std::string m_sConversions;
+        unsigned int m_uiPrecisions; // 0: none is given
+    } aoKinds[] = {
+        { "", "diuxXo", 30 }, { "ll", "diuxXo", 30 }, { "", "s", 40 }, { "", "c", 0 }, { "", "eEgGf", 100 }
+    };
+    const unsigned int uiFlags = o.m_oInput.TakeByte();
+    const unsigned int uiWidth = o.m_oInput.TakeByte() % 96;
+    const unsigned int uiPrecision = o.m_oInput.TakeByte();
+    const unsigned int uiConversion = o.m_oInput.TakeByte();
+    const unsigned int uiArgument = o.m_oInput.Take32();
+    const unsigned int uiKind = uiConversion % 5;
+    const auto& [pszSize, sConversions, uiPrecisions] = aoKinds[uiKind];
+
+    std::string sFormat = o.m_sText;
     std::erase(sFormat, '%');
-    sFormat += m_oInput.TakeByte() % 8 == 0 ? "%%%" : "%";
-    const unsigned int uiFlags = m_oInput.TakeByte();
-    const char szFlags[] = "+- 0#";
+    sFormat += uiFlags / 32 == 0 ? "%%%" : "%";
     for (unsigned int i = 0; i < 5; ++i)
     {
-        sFormat += (uiFlags >> i & 1) != 0 ? std::string(1, szFlags[i]) : "";
+        sFormat.append(uiFlags >> i & 1, "+- 0#"[i]);
     }
-    const unsigned int uiWidth = m_oInput.TakeByte() % 96;
-    const unsigned int uiPrecision = m_oInput.TakeByte();
-    const std::string sWidth = uiWidth != 0 ? std::to_string(uiWidth) : "";
-    const auto Precision = [&](unsigned int uiLimit) {
-        return uiPrecision % 4 == 0 ? "" : "." + std::to_string(uiPrecision % uiLimit);
-    };
-    const unsigned int uiConversion = m_oInput.TakeByte();
-    const unsigned int uiArgument = m_oInput.Take32();
-    const std::string sTail = "|";
-    switch (uiConversion % 5)
-    {
-    case 0:
-        FormatBoth(bAppend,
-                   (sFormat + sWidth + Precision(30) + std::string(1, "diuxXo"[uiConversion / 5 % 6]) + sTail).c_str(),
-                   uiArgument);
-        break;
-    case 1:
-        FormatBoth(bAppend, (sFormat + sWidth + Precision(30) + "ll" + "diuxXo"[uiConversion / 5 % 6] + sTail).c_str(),
-                   static_cast<unsigned long long>(uiArgument) << uiPrecision % 32);
-        break;
-    case 2:
-        FormatBoth(bAppend, (sFormat + sWidth + Precision(40) + "s" + sTail).c_str(), OtherModel().c_str());
-        break;
-    case 3:
-        FormatBoth(bAppend, (sFormat + sWidth + "c" + sTail).c_str(), static_cast<int>(uiArgument % 255 + 1));
-        break;
-    default: {
-        double dArgument = static_cast<int>(uiArgument);
-        for (unsigned int i = 0; i < uiWidth; ++i)
-        {
-            dArgument *= uiPrecision % 2 != 0 ? 1000.5 : 0.001;
-        }
-        FormatBoth(bAppend, (sFormat + sWidth + Precision(100) + "eEgGf"[uiConversion / 5 % 5] + sTail).c_str(),
-                   dArgument);
-        break;
-    }
-    }
-}
+    sFormat += uiWidth != 0 ? std::to_string(uiWidth) : "";
+    sFormat += uiPrecisions != 0 && uiPrecision % 4 != 0 ? "." + std::to_string(uiPrecision % uiPrecisions) : "";
+    sFormat += pszSize + std::string(1, sConversions[uiConversion / 5 % sConversions.size()]) + "|";
+    const std::string sArgument = o.m_sOther;
+    const double dArgument = static_cast<int>(uiArgument) * pow(uiPrecision % 2 != 0 ? 1000.5 : 0.001, uiWidth);
+    const char* pszFormat = sFormat.c_str();
+    uiKind == 0   ? FormatBoth(o, pszFormat, uiArgument)
+    : uiKind == 1 ? FormatBoth(o, pszFormat, static_cast<unsigned long long>(uiArgument) << uiPrecision % 32)
+    : uiKind == 2 ? FormatBoth(o, pszFormat, sArgument.c_str())
+    : uiKind == 3 ? FormatBoth(o, pszFormat, static_cast<int>(uiArgument % 255 + 1))
+                  : FormatBoth(o, pszFormat, dArgument);
 }
 
-extern "C" int LLVMFuzzerInitialize(int* /*piCount*/, char*** /*pppszArguments*/)
+// ---- The table ----
+
+struct SOperation
 {
-    SilenceMessages();
-    return 0;
+    const char* m_pszName;
+    void (*m_fnLibrary)(SStep&);
+    void (*m_fnModel)(SStep&); // null: nothing changes, or the other one has changed both
+};
+
+const SOperation gsc_aoOperations[] = {
+    { "assign a text", [](SStep& o) { o.m_o = o.m_pszText; }, [](SStep& o) { o.m_s = o.m_sText; } },
+    { "assign a character", [](SStep& o) { o.m_o = o.m_c; }, [](SStep& o) { o.m_s = o.m_c; } },
+    { "assign a string", [](SStep& o) { o.m_o = o.m_oOther; }, [](SStep& o) { o.m_s = o.m_sOther; } },
+    { "assign a part of itself", [](SStep& o) { o.m_o = static_cast<const char*>(o.m_o) + o.m_uiAt; },
+      [](SStep& o) { o.m_s.erase(0, o.m_uiAt); } },
+    { "append a character", [](SStep& o) { o.m_o += o.m_c; }, [](SStep& o) { o.m_s += o.m_c; } },
+    { "append a string", [](SStep& o) { o.m_o += o.m_oOther; }, [](SStep& o) { o.m_s += std::string(o.m_sOther); } },
+    { "append a text", [](SStep& o) { o.m_o += o.m_pszText; }, [](SStep& o) { o.m_s += o.m_sText; } },
+    { "a copy changes", CopyAndChangeTheCopy, nullptr },
+    { "sum", [](SStep& o) { o.m_o = o.m_pszText + (o.m_c + (o.m_o + o.m_oOther + o.m_pszText + o.m_c)); },
+      [](SStep& o) { o.m_s = o.m_sText + o.m_c + o.m_s + o.m_sOther + o.m_sText + o.m_c; } },
+    { "insert a character", [](SStep& o) { o.m_iAnswer = o.m_o.Insert(o.m_iIndex, o.m_c); },
+      [](SStep& o) { o.m_iAnswer = Int(o.m_s.insert(o.m_uiAt, 1, o.m_c).size()); } },
+    { "insert a text", [](SStep& o) { o.m_iAnswer = o.m_o.Insert(o.m_iIndex, o.m_pszText); },
+      [](SStep& o) { o.m_iAnswer = Int(o.m_s.insert(o.m_uiAt, o.m_sText).size()); } },
+    { "insert itself", [](SStep& o) { o.m_iAnswer = o.m_o.Insert(o.m_iIndex, o.m_o); },
+      [](SStep& o) { o.m_iAnswer = Int(o.m_s.insert(o.m_uiAt, std::string(o.m_s)).size()); } },
+    { "delete", [](SStep& o) { o.m_iAnswer = o.m_o.Delete(o.m_iIndex, o.m_iCount); }, DeleteInModel },
+    { "set a character", [](SStep& o) { o.m_o.SetAt(o.m_iIndex, o.m_c); },
+      [](SStep& o) { o.m_s.replace(o.m_uiAt, o.m_uiInside, o.m_uiInside, o.m_c); } },
+    { "get a character", [](SStep& o) { o.m_iAnswer = o.m_o.GetAt(o.m_iIndex); },
+      [](SStep& o) { o.m_iAnswer = o.m_iIndex < 0 ? '\0' : o.m_s.c_str()[o.m_uiAt]; } },
+    { "upper case", [](SStep& o) { o.m_o.MakeUpper(); }, [](SStep& o) { o.m_s = Upper(o.m_s); } },
+    { "lower case", [](SStep& o) { o.m_o.MakeLower(); }, [](SStep& o) { o.m_s = Fold(o.m_s, 'A'); } },
+    { "reverse", [](SStep& o) { o.m_o.MakeReverse(); }, [](SStep& o) { std::reverse(o.m_s.begin(), o.m_s.end()); } },
+    { "trim left", [](SStep& o) { o.m_o.TrimLeft(o.m_pszText); },
+      [](SStep& o) { o.m_s.erase(0, o.m_s.find_first_not_of(o.m_sText)); } },
+    { "trim right", [](SStep& o) { o.m_o.TrimRight(o.m_pszText); },
+      [](SStep& o) { o.m_s.erase(o.m_s.find_last_not_of(o.m_sText) + 1); } },
+    { "trim both", [](SStep& o) { o.m_o.Trim(o.m_pszText); },
+      [](SStep& o) {
+          o.m_s.erase(o.m_s.find_last_not_of(o.m_sText) + 1).erase(0, o.m_s.find_first_not_of(o.m_sText));
+      } },
+    { "middle", [](SStep& o) { o.m_o = o.m_o.Mid(o.m_iIndex, o.m_iCount); },
+      [](SStep& o) { o.m_s = o.m_s.substr(o.m_uiAt, o.m_uiCount); } },
+    { "rest", [](SStep& o) { o.m_o = o.m_o.Mid(o.m_iIndex); }, [](SStep& o) { o.m_s.erase(0, o.m_uiAt); } },
+    { "left", [](SStep& o) { o.m_o = o.m_o.Left(o.m_iCount); },
+      [](SStep& o) { o.m_s = o.m_s.substr(0, o.m_uiCount); } },
+    { "right", [](SStep& o) { o.m_o = o.m_o.Right(o.m_iCount); },
+      [](SStep& o) { o.m_s.erase(0, o.m_s.size() - std::min(o.m_s.size(), o.m_uiCount)); } },
+    { "find a character", [](SStep& o) { o.m_iAnswer = o.m_o.Find(o.m_c, o.m_iStart); },
+      [](SStep& o) { o.m_iAnswer = Int(o.m_s.find(o.m_c, o.m_uiStart)); } },
+    { "find a text", [](SStep& o) { o.m_iAnswer = o.m_o.Find(o.m_pszText, o.m_iStart); },
+      [](SStep& o) { o.m_iAnswer = Int(o.m_s.find(o.m_sText, o.m_uiStart)); } },
+    { "find backwards", [](SStep& o) { o.m_iAnswer = o.m_o.ReverseFind(o.m_c); },
+      [](SStep& o) { o.m_iAnswer = Int(o.m_s.rfind(o.m_c)); } },
+    { "count", [](SStep& o) { o.m_iAnswer = o.m_o.CountOf(o.m_c); },
+      [](SStep& o) { o.m_iAnswer = Count(o.m_s, o.m_c); } },
+    { "find a character of any case", [](SStep& o) { o.m_iAnswer = o.m_o.FindNoCase(o.m_c, o.m_iStart); },
+      [](SStep& o) { o.m_iAnswer = Int(Upper(o.m_s).find(Upper({ o.m_c }), o.m_uiStart)); } },
+    { "find a text of any case", [](SStep& o) { o.m_iAnswer = o.m_o.FindNoCase(o.m_pszText, o.m_iStart); },
+      [](SStep& o) { o.m_iAnswer = Int(Upper(o.m_s).find(Upper(o.m_sText), o.m_uiStart)); } },
+    { "find backwards in any case", [](SStep& o) { o.m_iAnswer = o.m_o.ReverseFindNoCase(o.m_c); },
+      [](SStep& o) { o.m_iAnswer = Int(Upper(o.m_s).rfind(Upper({ o.m_c }))); } },
+    { "count in any case", [](SStep& o) { o.m_iAnswer = o.m_o.CountOfNoCase(o.m_c); },
+      [](SStep& o) { o.m_iAnswer = Count(Upper(o.m_s), Upper({ o.m_c })[0]); } },
+    { "empty", [](SStep& o) { o.m_o.Empty(); }, [](SStep& o) { o.m_s.clear(); } },
+    { "write the buffer", WriteBuffer, nullptr },
+    { "set the buffer's length",
+      [](SStep& o) { memcpy(o.m_o.GetBufferSetLength(Int(o.m_sText.size())), o.m_pszText, o.m_sText.size()); },
+      [](SStep& o) { o.m_s = o.m_sText; } },
+    { "free extra", [](SStep& o) { o.m_o.FreeExtra(); }, nullptr },
+    { "lock", [](SStep& o) { o.m_o.LockBuffer(); }, nullptr },
+    { "unlock", [](SStep& o) { o.m_o.UnlockBuffer(); }, nullptr },
+    { "format", Format, nullptr },
+    { "tokens", Tokens, nullptr },
+};
+
+void Run(const SOperation& oOperation, SStep oStep)
+{
+    if (oStep.m_s.size() + oStep.m_sOther.size() > gsc_uiLongest)
+    {
+        oStep.m_o.Empty();
+        oStep.m_s.clear();
+        return;
+    }
+    oOperation.m_fnLibrary(oStep);
+    if (oOperation.m_fnModel != nullptr)
+    {
+        const int iAnswer = oStep.m_iAnswer;
+        oOperation.m_fnModel(oStep);
+        Require(iAnswer == oStep.m_iAnswer, oOperation.m_pszName);
+    }
+}
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
-    CProgram(pui8Data, uiSize).Run();
+    CInput oInput(pui8Data, uiSize);
+    CMString aoStrings[4];
+    std::string asModels[4];
+    for (unsigned int i = 0; i < gsc_uiMostSteps && !oInput.IsEmpty(); ++i)
+    {
+        const SOperation& oOperation = gsc_aoOperations[oInput.TakeByte() % std::size(gsc_aoOperations)];
+        const unsigned int uiOwn = oInput.TakeByte();
+        const unsigned int uiOther = uiOwn / 4 % 4;
+        Run(oOperation, { oInput, aoStrings[uiOwn % 4], asModels[uiOwn % 4], aoStrings[uiOther], asModels[uiOther] });
+        for (size_t j = 0; j < std::size(aoStrings); ++j)
+        {
+            const std::string& sModel = asModels[j];
+            Require(aoStrings[j].GetLength() == Int(sModel.size()), oOperation.m_pszName);
+            Require(aoStrings[j].GetAllocLength() >= Int(sModel.size()), "capacity holds the text");
+            Require(memcmp(static_cast<const char*>(aoStrings[j]), sModel.c_str(), sModel.size() + 1) == 0,
+                    oOperation.m_pszName);
+        }
+    }
     return 0;
 }

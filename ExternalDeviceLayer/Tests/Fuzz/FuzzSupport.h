@@ -7,11 +7,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include <algorithm>
-
-#include "OsServices.h"
-
-extern "C" size_t LLVMFuzzerMutate(uint8_t* pui8Data, size_t uiSize, size_t uiMaxSize);
+#include "TestBytes.h"
 
 // A finding that no sanitizer would see.
 inline void Require(bool bHolds, const char* pszPromise)
@@ -23,26 +19,14 @@ inline void Require(bool bHolds, const char* pszPromise)
     }
 }
 
-// Assertion lines are the normal answer to hostile bytes; they would drown the findings.
-inline void SilenceMessages() { OsServices::SetMsgLevel(0, 0, 0); }
-
 // Reads the input from front to end; behind the end it gives zeros.
 class CInput
 {
 public:
-    CInput(const uint8_t* pui8Data, size_t uiSize) : m_pui8Data(pui8Data), m_uiLeft(uiSize) {}
+    CInput(const uint8_t* pui8Data, size_t uiSize) : m_pui8Next(pui8Data), m_pui8End(pui8Data + uiSize) {}
 
-    bool IsEmpty() const { return m_uiLeft == 0; }
-
-    unsigned int TakeByte()
-    {
-        if (m_uiLeft == 0)
-        {
-            return 0;
-        }
-        --m_uiLeft;
-        return *m_pui8Data++;
-    }
+    bool IsEmpty() const { return m_pui8Next == m_pui8End; }
+    unsigned int TakeByte() { return IsEmpty() ? 0 : *m_pui8Next++; }
 
     // Little-endian.
     unsigned int Take16()
@@ -56,48 +40,28 @@ public:
         return uiLow | Take16() << 16;
     }
 
-    // Up to uiSize bytes where they lie; *puiTaken receives how many there were.
-    const uint8_t* TakeBytes(size_t uiSize, size_t* puiTaken)
-    {
-        *puiTaken = std::min(uiSize, m_uiLeft);
-        const uint8_t* pui8Bytes = m_pui8Data;
-        m_pui8Data += *puiTaken;
-        m_uiLeft -= *puiTaken;
-        return pui8Bytes;
-    }
-
 private:
-    const uint8_t* m_pui8Data;
-    size_t m_uiLeft;
+    const uint8_t* m_pui8Next;
+    const uint8_t* m_pui8End;
 };
 
 // Makes an image load as far as it can: the header, the section checksums of DisplayID blocks, the block checksums.
 // Mutations alone would hardly ever get past those.
-inline void RepairImage(uint8_t* pui8Image, size_t uiSize)
+inline CBytes RepairImage(CBytes aui8Image)
 {
-    constexpr size_t uiBlockSize = 128;
     constexpr uint8_t aui8Header[8] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
     constexpr uint8_t ui8DisplayIdTag = 0x70;
-
-    const auto Repair = [](uint8_t* pui8First, size_t uiChecksum) {
-        unsigned int uiSum = 0;
-        for (size_t i = 0; i < uiChecksum; ++i)
-        {
-            uiSum += pui8First[i];
-        }
-        pui8First[uiChecksum] = static_cast<uint8_t>(0U - uiSum);
-    };
-    for (size_t uiOffset = 0; uiOffset + uiBlockSize <= uiSize; uiOffset += uiBlockSize)
+    if (aui8Image.size() >= gsc_uiBlockSize)
     {
-        uint8_t* pui8Block = pui8Image + uiOffset;
-        if (uiOffset == 0)
-        {
-            std::copy(aui8Header, aui8Header + sizeof(aui8Header), pui8Block);
-        }
-        else if (pui8Block[0] == ui8DisplayIdTag && pui8Block[2] <= 121)
-        {
-            Repair(pui8Block + 1, 4U + pui8Block[2]);
-        }
-        Repair(pui8Block, uiBlockSize - 1);
+        std::copy(std::begin(aui8Header), std::end(aui8Header), aui8Image.begin());
     }
+    for (size_t uiOffset = gsc_uiBlockSize; uiOffset + gsc_uiBlockSize <= aui8Image.size(); uiOffset += gsc_uiBlockSize)
+    {
+        const size_t uiSectionLength = aui8Image[uiOffset + 2];
+        if (aui8Image[uiOffset] == ui8DisplayIdTag && uiSectionLength <= 121)
+        {
+            FixSum(aui8Image, uiOffset + 1, uiOffset + 5 + uiSectionLength);
+        }
+    }
+    return FixChecksums(aui8Image);
 }

@@ -2,20 +2,20 @@
 // programs over strings that share a buffer; modes.
 //   MakeSeeds FOLDER    the folders FOLDER/FuzzReadEverything and so on must exist
 
-#include <stdio.h>
-
-#include <iterator>
-#include <string>
+#include <fstream>
+#include <iostream>
 
 #include "CEdidTestImages.h"
 #include "DisplayIdImages.h"
 #include "EditRunner.h"
+#include "TemporaryFile.h"
 
 namespace
 {
-constexpr unsigned int gsc_uiStringOperations = 26;
+constexpr unsigned int gsc_uiStringOperations = 42;
 
-// The last number chooses row, filters, scan, colour space and 3D; see FuzzNumbers.cpp.
+// Sizes of the picture, porches, syncs; rates; the clock. The last number chooses row, filters, scan, colour space and
+// 3D; see FuzzNumbers.cpp.
 constexpr unsigned int gsc_aauiModes[][12] = {
     { 1920, 88, 44, 148, 1080, 4, 5, 36, 67500, 60, 148500000, 0x700 }, // passes all filters of the tables
     { 1920, 88, 44, 148, 540, 2, 5, 15, 33750, 30, 74250000, 0x105 },   // interlaced; a code of a variant
@@ -23,67 +23,45 @@ constexpr unsigned int gsc_aauiModes[][12] = {
     { 4096, 0, 0, 0, 2160, 0, 0, 0, 0, 24, 0, 0x062 },                  // no blanking, no clock
 };
 
-bool WriteFile(const std::string& sPath, const void* pBytes, size_t uiSize)
+void WriteSeed(const std::string& sPath, const std::string& sSeed)
 {
-    FILE* poFile = fopen(sPath.c_str(), "wb");
-    if (poFile == nullptr)
+    std::ofstream oFile(sPath, std::ios::binary);
+    if (!(oFile << sSeed << std::flush))
     {
-        perror(sPath.c_str());
-        return false;
+        std::cerr << sPath << ": cannot be written\n";
+        exit(1);
     }
-    const bool bWritten = fwrite(pBytes, 1, uiSize, poFile) == uiSize;
-    return fclose(poFile) == 0 && bWritten;
 }
 
-// The text form of an image: a marker line, then rows of ten bytes.
-std::string MakeTable(const SEdidImage& aui8Image)
+// Every edit once.
+std::string MakeProgram()
 {
-    std::string sTable = "        ________________________________________\n";
-    for (size_t i = 0; i < aui8Image.size(); ++i)
-    {
-        char szCell[16];
-        snprintf(szCell, sizeof(szCell), i % 10 == 0 ? "%3u |  %02X" : "  %02X",
-                 i % 10 == 0 ? static_cast<unsigned int>(i) : aui8Image[i], aui8Image[i]);
-        sTable += szCell;
-        sTable += i % 10 == 9 || i + 1 == aui8Image.size() ? "\n" : "";
-    }
-    return sTable + "\n";
-}
-
-// Every edit once, on this image.
-std::string MakeProgram(size_t uiImage)
-{
-    std::string sProgram(1, static_cast<char>(uiImage));
+    std::string sProgram;
     for (unsigned int i = 0; i < CEditRunner::msc_uiOperationCount; ++i)
     {
-        const unsigned char aui8Step[8] = { static_cast<unsigned char>(i), 0, 1, 0, 0x22, 0x0E, 0x04, 0x00 };
-        sProgram.append(std::begin(aui8Step), std::end(aui8Step));
+        sProgram += { static_cast<char>(i), 0, 1, 0, 0x22, 0x0E, 0x04, 0x00 };
     }
     return sProgram;
 }
 
-// FuzzStrings: a text, a second string that shares its buffer, then this operation on the second one. Its arguments are
-// all the same number: 16 to 18 as a kind, an index within the text (less 16), a length. More operations than there are
-// begin anew.
-std::string MakeStringProgram(unsigned int uiOperation, unsigned int uiArgument)
+// FuzzStrings: string 0 gets a text of 5 characters, string 1 shares its buffer, then this operation on string 1 and 0.
+// Its index lies within the text (less 16), its count and its text are short.
+std::string MakeStringProgram(unsigned int uiOperation, unsigned int uiIndex)
 {
-    std::string sProgram = { 0, 0, 5, 'A', 'b', ' ', 'c', 'D' }; // operation 0 gives string 0 a text of 5 characters,
-    sProgram += { 2, 1 };                                        // operation 2 gives string 1 that of string 0
-    sProgram += { static_cast<char>(uiOperation), 1 };
-    return sProgram + std::string(24, static_cast<char>(uiArgument));
+    std::string sProgram = { 0, 0, 'x', 16, 16, 5, 'A', 'b', ' ', 'c', 'D' };
+    sProgram += { 2, 1, 'x', 16, 16, 0 };
+    sProgram += { static_cast<char>(uiOperation), 1, 'b', static_cast<char>(uiIndex), 18, 2, ' ', 'B' };
+    return sProgram + std::string(10, static_cast<char>(uiIndex));
 }
 
-// FuzzNumbers: twelve numbers, each behind a shift by 0 bits. Sizes of the picture, porches, syncs; rates; the clock.
-std::string MakeNumbers(const unsigned int (&auiValues)[12])
+// FuzzNumbers: each number behind a shift by 0 bits.
+std::string MakeNumbers(const unsigned int (&auiNumbers)[12])
 {
     std::string sInput;
-    for (const unsigned int uiValue : auiValues)
+    for (const unsigned int uiNumber : auiNumbers)
     {
-        sInput += '\0';
-        for (unsigned int uiByte = 0; uiByte < 4; ++uiByte)
-        {
-            sInput += static_cast<char>(uiValue >> 8 * uiByte & 0xFF);
-        }
+        sInput += { 0, static_cast<char>(uiNumber), static_cast<char>(uiNumber >> 8), static_cast<char>(uiNumber >> 16),
+                    static_cast<char>(uiNumber >> 24) };
     }
     return sInput;
 }
@@ -93,20 +71,17 @@ int main(int iCount, char** ppszArguments)
 {
     if (iCount != 2)
     {
-        fputs("usage: MakeSeeds FOLDER\n", stderr);
+        std::cerr << "usage: MakeSeeds FOLDER\n";
         return 1;
     }
     const std::string sFolder = ppszArguments[1];
-    bool bAll = true;
     for (size_t i = 0; i < std::size(gsc_aoEdidTestImages); ++i)
     {
-        const SEdidImage& aui8Image = *gsc_aoEdidTestImages[i].m_paui8Image;
+        const CBytes aui8Image = ToBytes(*gsc_aoEdidTestImages[i].m_paui8Image);
         const std::string sName = gsc_aoEdidTestImages[i].m_pszName;
-        const std::string sTable = MakeTable(aui8Image);
-        const std::string sProgram = MakeProgram(i);
-        bAll = WriteFile(sFolder + "/FuzzReadEverything/" + sName, aui8Image.data(), aui8Image.size()) && bAll;
-        bAll = WriteFile(sFolder + "/FuzzFiles/" + sName, sTable.data(), sTable.size()) && bAll;
-        bAll = WriteFile(sFolder + "/FuzzEditSequence/" + sName, sProgram.data(), sProgram.size()) && bAll;
+        WriteSeed(sFolder + "/FuzzReadEverything/" + sName, std::string(aui8Image.begin(), aui8Image.end()));
+        WriteSeed(sFolder + "/FuzzFiles/" + sName, MakeTextTable(aui8Image));
+        WriteSeed(sFolder + "/FuzzEditSequence/" + sName, static_cast<char>(i) + MakeProgram());
     }
 
     // None of the images has a DisplayID block: one with that alone, one with a CEA-861 block in front of it.
@@ -115,25 +90,22 @@ int main(int iCount, char** ppszArguments)
     {
         const std::string sImage(aui8Image.begin(), aui8Image.end());
         const std::string sName = "DisplayId" + std::to_string(sImage.size());
-        std::string sProgram = MakeProgram(std::size(gsc_aoEdidTestImages)).substr(1);
-        sProgram = std::string(1, '\xFF') + static_cast<char>(sImage.size() / 128 - 1) + sImage + sProgram;
-        bAll = WriteFile(sFolder + "/FuzzReadEverything/" + sName, sImage.data(), sImage.size()) && bAll;
-        bAll = WriteFile(sFolder + "/FuzzEditSequence/" + sName, sProgram.data(), sProgram.size()) && bAll;
+        const std::string sHead = { '\xFF', static_cast<char>(sImage.size() / 128 - 1) };
+        WriteSeed(sFolder + "/FuzzReadEverything/" + sName, sImage);
+        WriteSeed(sFolder + "/FuzzEditSequence/" + sName, sHead + sImage + MakeProgram());
     }
 
-    for (unsigned int uiOperation = 0; uiOperation < gsc_uiStringOperations; ++uiOperation)
+    for (unsigned int i = 0; i < gsc_uiStringOperations; ++i)
     {
-        for (unsigned int uiArgument = 16; uiArgument <= 18; ++uiArgument)
+        for (unsigned int uiIndex = 16; uiIndex <= 18; ++uiIndex)
         {
-            const std::string sProgram = MakeStringProgram(uiOperation, uiArgument);
-            const std::string sName = std::to_string(uiOperation) + "-" + std::to_string(uiArgument);
-            bAll = WriteFile(sFolder + "/FuzzStrings/" + sName, sProgram.data(), sProgram.size()) && bAll;
+            const std::string sName = std::to_string(i) + "-" + std::to_string(uiIndex);
+            WriteSeed(sFolder + "/FuzzStrings/" + sName, MakeStringProgram(i, uiIndex));
         }
     }
     for (size_t i = 0; i < std::size(gsc_aauiModes); ++i)
     {
-        const std::string sNumbers = MakeNumbers(gsc_aauiModes[i]);
-        bAll = WriteFile(sFolder + "/FuzzNumbers/" + std::to_string(i), sNumbers.data(), sNumbers.size()) && bAll;
+        WriteSeed(sFolder + "/FuzzNumbers/" + std::to_string(i), MakeNumbers(gsc_aauiModes[i]));
     }
-    return bAll ? 0 : 1;
+    return 0;
 }

@@ -1,4 +1,5 @@
-// Replaces operator new and delete of the test program.
+// Replaces operator new and delete. In a source of its own, so that no caller sees through it and takes malloc and
+// delete for a mismatch.
 
 #include "FailingHeap.h"
 
@@ -10,32 +11,8 @@ namespace
 {
 thread_local unsigned int g_uiLeft = 0; // allocations until the one that fails; 0: none fails
 thread_local bool g_bFailed = false;
-thread_local long g_iHeld = 0;
-
-void* Take(size_t uiSize)
-{
-    if (g_uiLeft != 0 && --g_uiLeft == 0)
-    {
-        g_bFailed = true;
-        throw std::bad_alloc();
-    }
-    void* p = malloc(uiSize != 0 ? uiSize : 1);
-    if (p == nullptr)
-    {
-        throw std::bad_alloc();
-    }
-    ++g_iHeld;
-    return p;
-}
-
-void GiveBack(void* p)
-{
-    if (p != nullptr)
-    {
-        --g_iHeld;
-        free(p);
-    }
-}
+thread_local unsigned long g_ulTaken = 0;
+thread_local unsigned long g_ulGivenBack = 0;
 }
 
 void FailingHeap::FailAt(unsigned int uiNumber)
@@ -45,12 +22,27 @@ void FailingHeap::FailAt(unsigned int uiNumber)
 }
 
 bool FailingHeap::HasFailed() { return g_bFailed; }
+unsigned long FailingHeap::GetTakenCount() { return g_ulTaken; }
+unsigned long FailingHeap::GetHeldCount() { return g_ulTaken - g_ulGivenBack; }
 
-long FailingHeap::GetHeldCount() { return g_iHeld; }
-
-void* operator new(size_t uiSize) { return Take(uiSize); }
-void* operator new[](size_t uiSize) { return Take(uiSize); }
-void operator delete(void* p) noexcept { GiveBack(p); }
-void operator delete[](void* p) noexcept { GiveBack(p); }
-void operator delete(void* p, size_t) noexcept { GiveBack(p); }
-void operator delete[](void* p, size_t) noexcept { GiveBack(p); }
+void* operator new(size_t uiSize)
+{
+    const bool bFails = g_uiLeft != 0 && --g_uiLeft == 0;
+    void* p = bFails ? nullptr : malloc(uiSize != 0 ? uiSize : 1);
+    if (p == nullptr)
+    {
+        g_bFailed = bFails;
+        throw std::bad_alloc();
+    }
+    ++g_ulTaken;
+    return p;
+}
+void operator delete(void* p) noexcept
+{
+    g_ulGivenBack += p != nullptr ? 1 : 0;
+    free(p);
+}
+void* operator new[](size_t uiSize) { return operator new(uiSize); }
+void operator delete[](void* p) noexcept { operator delete(p); }
+void operator delete(void* p, size_t) noexcept { operator delete(p); }
+void operator delete[](void* p, size_t) noexcept { operator delete(p); }

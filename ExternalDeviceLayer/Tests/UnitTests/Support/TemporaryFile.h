@@ -1,0 +1,60 @@
+// EDID files for tests and fuzz targets: a file that goes with its object, the text form of an image, and the check that
+// none was left open.
+
+#pragma once
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "TestBytes.h"
+
+class CTemporaryFile
+{
+public:
+    // The name ends in pszEnding, which says the kind of the file.
+    CTemporaryFile(const char* pszEnding, const void* pBytes, size_t uiSize)
+        : m_sPath((std::filesystem::temp_directory_path() / "zoredid-XXXXXX").string() + pszEnding)
+    {
+        const int iFile = mkstemps(m_sPath.data(), static_cast<int>(strlen(pszEnding)));
+        if (iFile < 0 || write(iFile, pBytes, uiSize) != static_cast<ssize_t>(uiSize))
+        {
+            perror(m_sPath.c_str());
+            abort();
+        }
+        close(iFile);
+    }
+    ~CTemporaryFile() { unlink(m_sPath.c_str()); }
+    CTemporaryFile(const CTemporaryFile&) = delete;
+    CTemporaryFile& operator=(const CTemporaryFile&) = delete;
+
+    const char* GetPath() const { return m_sPath.c_str(); }
+
+private:
+    std::string m_sPath;
+};
+
+// The lowest free descriptor: the same before and after when none was left open.
+inline int GetNextDescriptor()
+{
+    const int iDescriptor = dup(STDERR_FILENO);
+    close(iDescriptor);
+    return iDescriptor;
+}
+
+// A marker line, then rows of ten bytes.
+inline std::string MakeTextTable(const CBytes& aui8Image)
+{
+    std::string sTable = "        ________________________________________";
+    for (size_t i = 0; i < aui8Image.size(); ++i)
+    {
+        char szCell[16];
+        snprintf(szCell, sizeof(szCell), "  %02X", static_cast<unsigned int>(aui8Image[i]));
+        sTable += (i % 10 == 0 ? "\n" + std::to_string(i) + " |" : "") + szCell;
+    }
+    return sTable + "\n\n";
+}

@@ -52,13 +52,12 @@ int Load(CEdid& oEdid, const SEdidImage& aui8Image)
 
 CEdidExtBlockCEA861& CeaBlockOf(CEdid& oEdid) { return *static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(0)); }
 
-// An operation on a loaded image; gives 0 for a refusal.
+// An operation on a loaded image; gives 0 for a refusal, the number of timings when it walks them, else 1.
 struct SOperation
 {
     const char* m_pszName;
     int (*m_fnRun)(CEdid&);
     const SEdidImage& m_aui8Image = gsc_aui8Ordinary;
-    bool m_bCountsTimings = false; // the result is a number of timings
 };
 
 // ---- Operations that can be repeated on the same object ----
@@ -114,33 +113,30 @@ int ExtractModes(CEdid& oEdid)
 
 int CompareWithItself(CEdid& oEdid) { return CZorEdidUtils::CompareTimings(oEdid, oEdid, 1, 1); }
 
+CVidParamTiming* Output()
+{
+    static CVidParamTimingGeneric s_oTiming;
+    return &s_oTiming;
+}
+
 const SOperation gsc_aoOperations[] = {
     { "Load_BaseBlockAndWalk", LoadBaseBlockAndWalk },
     { "Load_256Bytes", LoadImage<gsc_aui8Ordinary> },
     { "Load_FullCeaBlock", LoadImage<gsc_aui8FullBlock> },
-    { "Walk_AllTimings", WalkAllTimings, gsc_aui8Ordinary, true },
-    { "Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock, true },
+    { "Walk_AllTimings", WalkAllTimings },
+    { "Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock },
     { "Serialise_Array", [](CEdid& o) { return o.GetEdidBuffer().GetCount() == 256 ? 1 : 0; } },
     { "Serialise_CallersBuffer", SerialiseIntoCallersBuffer },
+    { "Compute_Cvt", [](CEdid&) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, Output()); } },
+    { "Compute_CvtReduced", [](CEdid&) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, Output()); } },
+    { "Compute_Gtf", [](CEdid&) { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, Output()); } },
+    { "LookUp_DmtBySize", [](CEdid&) { return CVidParamTimingFunc::GetDmtTiming(0, Output(), 1920, 1080, 60); } },
+    { "LookUp_CeaBySize", [](CEdid&) { return CVidParamTimingFunc::GetCeaTiming(0, Output(), 3840, 2160, 60); } },
+    { "LookUp_CeaByVic", [](CEdid&) { return CVidParamCea::GetVidParamFromVic(97, Output()); } },
     { "Modes_Extract", ExtractModes },
     { "Modes_ExtractFullCeaBlock", ExtractModes, gsc_aui8FullBlock },
     { "Modes_Compare", CompareWithItself },
     { "Modes_CompareFullCeaBlock", CompareWithItself, gsc_aui8FullBlock },
-};
-
-struct SSource
-{
-    const char* m_pszName;
-    int (*m_fnRun)(CVidParamTiming*);
-};
-
-const SSource gsc_aoSources[] = {
-    { "Compute_Cvt", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, p); } },
-    { "Compute_CvtReduced", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, p); } },
-    { "Compute_Gtf", [](CVidParamTiming* p) { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, p); } },
-    { "LookUp_DmtBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetDmtTiming(0, p, 1920, 1080, 60); } },
-    { "LookUp_CeaBySize", [](CVidParamTiming* p) { return CVidParamTimingFunc::GetCeaTiming(0, p, 3840, 2160, 60); } },
-    { "LookUp_CeaByVic", [](CVidParamTiming* p) { return CVidParamCea::GetVidParamFromVic(97, p); } },
 };
 
 // ---- Edits: each on a freshly loaded image ----
@@ -194,20 +190,24 @@ void Report(benchmark::State& oState, bool bRefused, unsigned long ulAllocations
     }
 }
 
-template <class RUN>
-int Repeat(benchmark::State& oState, const RUN& fnRun)
+void Repeat(benchmark::State& oState, const SOperation& oOperation)
 {
-    bool bRefused = false;
+    CEdid oEdid;
+    // Numbers of an image whose extension block was dropped would look good and mean nothing.
+    bool bRefused = Load(oEdid, oOperation.m_aui8Image) == 0 || oEdid.GetExtensionCount() != 1;
     int iResult = 0;
     const unsigned long ulBefore = FailingHeap::GetTakenCount();
     for (auto _ : oState)
     {
-        iResult = fnRun();
+        iResult = oOperation.m_fnRun(oEdid);
         bRefused |= iResult == 0;
         benchmark::ClobberMemory();
     }
     Report(oState, bRefused, FailingHeap::GetTakenCount() - ulBefore, 1);
-    return iResult;
+    if (iResult > 1)
+    {
+        oState.counters["timings"] = iResult;
+    }
 }
 
 constexpr unsigned int gsc_uiEditsPerIteration = 64; // enough that reading the clock does not count
@@ -249,27 +249,7 @@ int main(int iArguments, char** apszArguments)
     }
     for (const SOperation& oOperation : gsc_aoOperations)
     {
-        benchmark::RegisterBenchmark(oOperation.m_pszName, [&](benchmark::State& oState) {
-            CEdid oEdid;
-            // Numbers of an image whose extension block was dropped would look good and mean nothing.
-            if (Load(oEdid, oOperation.m_aui8Image) == 0 || oEdid.GetExtensionCount() != 1)
-            {
-                oState.SkipWithError("the image does not load whole");
-                return;
-            }
-            const int iResult = Repeat(oState, [&] { return oOperation.m_fnRun(oEdid); });
-            if (oOperation.m_bCountsTimings)
-            {
-                oState.counters["timings"] = iResult;
-            }
-        });
-    }
-    for (const SSource& oSource : gsc_aoSources)
-    {
-        benchmark::RegisterBenchmark(oSource.m_pszName, [&](benchmark::State& oState) {
-            CVidParamTimingGeneric oTiming;
-            Repeat(oState, [&] { return oSource.m_fnRun(&oTiming); });
-        });
+        benchmark::RegisterBenchmark(oOperation.m_pszName, Repeat, oOperation);
     }
     for (const SOperation& oEdit : gsc_aoEdits)
     {

@@ -1,5 +1,5 @@
 // Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and as the head of edit programs;
-// programs over strings that share a buffer; modes.
+// modes. Programs over strings are found as fast without.
 //   MakeSeeds FOLDER    the folders FOLDER/FuzzReadEverything and so on must exist
 
 #include <fstream>
@@ -12,15 +12,13 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiStringOperations = 42;
-
 // Sizes of the picture, porches, syncs; rates; the clock. The last number chooses row, filters, scan, colour space and
 // 3D; see FuzzNumbers.cpp.
 constexpr unsigned int gsc_aauiModes[][12] = {
     { 1920, 88, 44, 148, 1080, 4, 5, 36, 67500, 60, 148500000, 0x700 }, // passes all filters of the tables
     { 1920, 88, 44, 148, 540, 2, 5, 15, 33750, 30, 74250000, 0x105 },   // interlaced; a code of a variant
-    { 640, 16, 96, 48, 480, 10, 2, 33, 31469, 59, 25175000, 0x002 },    // 4:2:0
-    { 4096, 0, 0, 0, 2160, 0, 0, 0, 0, 24, 0, 0x062 },                  // no blanking, no clock
+    { 640, 16, 96, 48, 480, 10, 2, 33, 31469, 59, 25175000, 0x010 },    // 4:2:0
+    { 4096, 0, 0, 0, 2160, 0, 0, 0, 0, 24, 0, 0x062 },                  // no blanking, no clock; 3D
 };
 
 void WriteSeed(const std::string& sPath, const std::string& sSeed)
@@ -42,16 +40,6 @@ std::string MakeProgram()
         sProgram += { static_cast<char>(i), 0, 1, 0, 0x22, 0x0E, 0x04, 0x00 };
     }
     return sProgram;
-}
-
-// FuzzStrings: string 0 gets a text of 5 characters, string 1 shares its buffer, then this operation on string 1 and 0.
-// Its index lies within the text (less 16), its count and its text are short.
-std::string MakeStringProgram(unsigned int uiOperation, unsigned int uiIndex)
-{
-    std::string sProgram = { 0, 0, 'x', 16, 16, 5, 'A', 'b', ' ', 'c', 'D' };
-    sProgram += { 2, 1, 'x', 16, 16, 0 };
-    sProgram += { static_cast<char>(uiOperation), 1, 'b', static_cast<char>(uiIndex), 18, 2, ' ', 'B' };
-    return sProgram + std::string(10, static_cast<char>(uiIndex));
 }
 
 // FuzzNumbers: each number behind a shift by 0 bits.
@@ -95,14 +83,6 @@ int main(int iCount, char** ppszArguments)
         WriteSeed(sFolder + "/FuzzEditSequence/" + sName, sHead + sImage + MakeProgram());
     }
 
-    for (unsigned int i = 0; i < gsc_uiStringOperations; ++i)
-    {
-        for (unsigned int uiIndex = 16; uiIndex <= 18; ++uiIndex)
-        {
-            const std::string sName = std::to_string(i) + "-" + std::to_string(uiIndex);
-            WriteSeed(sFolder + "/FuzzStrings/" + sName, MakeStringProgram(i, uiIndex));
-        }
-    }
     for (size_t i = 0; i < std::size(gsc_aauiModes); ++i)
     {
         WriteSeed(sFolder + "/FuzzNumbers/" + std::to_string(i), MakeNumbers(gsc_aauiModes[i]));

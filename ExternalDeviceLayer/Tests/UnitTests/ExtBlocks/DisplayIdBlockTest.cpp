@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <memory>
@@ -12,54 +11,35 @@
 #include "DisplayIdImages.h"
 #include "EdidExtBlockDisplayID.h"
 #include "RecordingTiming.h"
-#include "RVidParamTiming.h"
-#include "VidParamTimingGeneric.h"
 
 namespace
 {
-using Block = CEdidExtBlockDisplayID;
-using CNumbers = std::array<unsigned int, 6>;
+using CBlock = CEdidExtBlockDisplayID;
 
-std::unique_ptr<Block> Load(const CBytes& aui8Bytes)
+std::unique_ptr<CBlock> Load(const CBytes& aui8Bytes)
 {
-    return std::make_unique<Block>(static_cast<unsigned int>(aui8Bytes.size()), CopyToHeap(aui8Bytes).get());
-}
-
-// Location, count and size of a tile, each across and down; zeros without one.
-CNumbers GetTile(Block& oBlock)
-{
-    CNumbers aui = {};
-    oBlock.GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]);
-    return aui;
+    return std::make_unique<CBlock>(static_cast<unsigned int>(aui8Bytes.size()), CopyToHeap(aui8Bytes).get());
 }
 
 // ---- What is accepted ----
-
-TEST(DisplayIdBlock, ShortOrMissingBytesAreTheCallersMistake)
-{
-    const CBytes aui8Block = MakeDisplayIdBlock({});
-    CCapturedOutput oOutput;
-    EXPECT_EQ(0, Block::IsSupported(127, aui8Block.data()));
-    EXPECT_EQ(0, Block::IsSupported(128, nullptr));
-    EXPECT_EQ(2U, oOutput.TakeAssertionCount());
-}
 
 TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
 {
     CBytes aui8Tag = MakeDisplayIdBlock({});
     aui8Tag[0] = 0x02;
-    FixBlockSum(aui8Tag, 0);
     CBytes aui8BlockSum = MakeDisplayIdBlock({});
     aui8BlockSum[127] ^= 1;
     CBytes aui8SectionSum = MakeDisplayIdBlock({});
     aui8SectionSum[5] ^= 1;
-    FixBlockSum(aui8SectionSum, 0);
+    const CBytes aaui8Cases[] = { FixChecksums(aui8Tag),        aui8BlockSum,
+                                  FixChecksums(aui8SectionSum), MakeDisplayIdBlock({}, 0, 0x13),
+                                  MakeDisplayIdBlock({}, 122),  MakeDisplayIdBlock({}, 255) };
 
     CCountingAllocator oHeap;
     CCapturedOutput oOutput;
-    for (const CBytes& aui8Bytes : { aui8Tag, aui8BlockSum, aui8SectionSum, MakeDisplayIdBlock({}, 0, 0x13) })
+    for (const CBytes& aui8Bytes : aaui8Cases)
     {
-        EXPECT_EQ(0, Block::IsSupported(128, aui8Bytes.data()));
+        EXPECT_EQ(0, CBlock::IsSupported(128, CopyToHeap(aui8Bytes).get()));
         const auto poBlock = Load(aui8Bytes);
         EXPECT_EQ(0U, poBlock->GetExtensionType());
         EXPECT_EQ(nullptr, poBlock->GetData());
@@ -70,186 +50,106 @@ TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
     EXPECT_EQ(0U, oOutput.TakeAssertionCount());
 }
 
-// ---- How far the walk goes: sweeps, against a walk of the test's own ----
-
-struct SWalk
+// All bytes are kept, more than 128 too. Here 7 records, the last of which ends at byte 148.
+TEST(DisplayIdBlock, KeepsItsBytesAndCopiesAsManyAsFit)
 {
-    unsigned int m_uiTimings = 0;
-    bool m_bTile = false;
-};
-
-SWalk WalkBlock(const CBytes& aui8Block)
-{
-    SWalk oWalk;
-    for (size_t i = 5; i < 5U + aui8Block[2] && aui8Block[i] != 0; i += 3U + aui8Block[i + 2])
-    {
-        const unsigned int uiTag = aui8Block[i];
-        const unsigned int uiRevision = aui8Block[i + 1] % 8;
-        const unsigned int uiLength = aui8Block[i + 2];
-        if (uiTag != 3 && uiTag != 4 && uiTag != 18)
-        {
-            continue;
-        }
-        const unsigned int uiRecord = uiTag == 3 ? 20 : uiTag == 4 ? 11 : 22;
-        if (uiRevision > (uiTag == 3 ? 1U : 0U) || uiLength == 0 || uiLength % uiRecord != 0 ||
-            (uiTag == 18 && uiLength != 22) || i + 3 + uiLength > aui8Block.size())
-        {
-            oWalk.m_uiTimings = 0; // a bad block takes all timings with it
-            break;
-        }
-        oWalk.m_bTile |= uiTag == 18;
-        oWalk.m_uiTimings += uiTag == 18 ? 0 : uiLength / uiRecord;
-    }
-    return oWalk;
-}
-
-// Reads everything too, for the sanitizers.
-void CheckWalk(const CBytes& aui8Bytes)
-{
-    SCOPED_TRACE(testing::PrintToString(aui8Bytes));
-    const bool bSupported = aui8Bytes[1] <= 0x12 && aui8Bytes[2] <= 121;
-    const auto poBlock = Load(aui8Bytes);
-    ASSERT_EQ(bSupported ? 128U : 0U, poBlock->GetSize());
-    const SWalk oWalk = bSupported ? WalkBlock(aui8Bytes) : SWalk();
-    ASSERT_EQ(oWalk.m_uiTimings, poBlock->GetDetailedCount());
-    ASSERT_EQ(oWalk.m_bTile, poBlock->IsDisplayPartOfTiledTopology() != 0);
-    CRVidParamTiming oTiming;
-    for (unsigned int i = 0; i < poBlock->GetDetailedCount(); ++i)
-    {
-        poBlock->GetDetailed(i, &oTiming);
-    }
-    GetTile(*poBlock);
-}
-
-constexpr unsigned int gsc_auiTags[] = { 0, 3, 4, 5, 18 };
-
-TEST(DisplayIdSweep, SectionLengthRevisionAndDataBlockLength)
-{
-    const CQuietMessages oQuiet;
-    for (unsigned int uiValue = 0; uiValue < 256; ++uiValue)
-    {
-        const unsigned char ui8Value = static_cast<unsigned char>(uiValue);
-        ASSERT_NO_FATAL_FAILURE(CheckWalk(MakeDisplayIdBlock({}, 0, uiValue)));
-        for (unsigned int uiTag : gsc_auiTags)
-        {
-            const unsigned char ui8Tag = static_cast<unsigned char>(uiTag);
-            for (unsigned char ui8Length : CBytes{ 0, 11, 20, 22, 40, 110, 120, 121, 240, 255 })
-            {
-                ASSERT_NO_FATAL_FAILURE(CheckWalk(MakeDisplayIdBlock({ ui8Tag, 0, ui8Length }, uiValue)));
-            }
-            for (unsigned int uiSection : { 3U, 60U, 121U })
-            {
-                ASSERT_NO_FATAL_FAILURE(CheckWalk(MakeDisplayIdBlock({ ui8Tag, 0, ui8Value }, uiSection)));
-            }
-        }
-    }
-}
-
-// The second block counts unless the first is an end mark or bad.
-TEST(DisplayIdSweep, TagAndRevisionOfTheFirstDataBlock)
-{
-    const CQuietMessages oQuiet;
-    const CBytes aui8Second = MakeDataBlock(3, 0, Type1Record1080p());
-    const auto CheckFirst = [&](unsigned int uiTag, unsigned int uiRevision, unsigned int uiLength) {
-        CheckWalk(MakeDisplayIdBlock(Join({ MakeDataBlock(uiTag, uiRevision, CBytes(uiLength)), aui8Second })));
-    };
-    for (unsigned int uiValue = 0; uiValue < 256; ++uiValue)
-    {
-        for (unsigned int uiLength : { 20U, 22U })
-        {
-            for (unsigned int uiTag : gsc_auiTags)
-            {
-                ASSERT_NO_FATAL_FAILURE(CheckFirst(uiTag, uiValue, uiLength));
-            }
-            for (unsigned int uiRevision : { 0U, 2U, 8U })
-            {
-                ASSERT_NO_FATAL_FAILURE(CheckFirst(uiValue, uiRevision, uiLength));
-            }
-        }
-    }
-}
-
-// A header at every place, its payload one byte too long for the block, exactly at its end, and short of it.
-TEST(DisplayIdSweep, PayloadAtTheEndOfTheBlock)
-{
-    const CQuietMessages oQuiet;
-    for (unsigned int uiFiller = 0; uiFiller <= 118; ++uiFiller)
-    {
-        for (unsigned char ui8Length : CBytes{ 11, 20, 22, 40, 44, 60, 80, 100, 110, 120, 240 })
-        {
-            for (unsigned char ui8Tag : CBytes{ 3, 4, 18 })
-            {
-                CBytes aui8Blocks = Join({ MakeDataBlock(0x7F, 0, CBytes(uiFiller)), { ui8Tag, 0, ui8Length } });
-                aui8Blocks.resize(std::min<size_t>(aui8Blocks.size(), 121)); // the last places hold no whole header
-                ASSERT_NO_FATAL_FAILURE(CheckWalk(MakeDisplayIdBlock(aui8Blocks, 121)));
-            }
-        }
-    }
-}
-
-TEST(DisplayIdBlock, PayloadMayEndBehindTheSectionButNotBehindTheBytes)
-{
-    EXPECT_EQ(2U, Load(MakeDisplayIdBlock(MakeDataBlock(4, 0, CBytes(22, 0x11)), 10))->GetDetailedCount());
-
-    // More than one block's worth of bytes may be offered; they are all kept. 7 records, the last ends at byte 148.
     CBytes aui8Longer = MakeDisplayIdBlock({ 3, 0, 140 }, 121);
     aui8Longer.resize(256);
     FixSum(aui8Longer, 0, 255);
-    EXPECT_EQ(256U, Load(aui8Longer)->GetSize());
-    EXPECT_EQ(7U, Load(aui8Longer)->GetDetailedCount());
+    const auto poBlock = Load(aui8Longer);
+    EXPECT_EQ(7U, poBlock->GetDetailedCount());
+    CBytes aui8Copy(300, 0xCC);
+    EXPECT_EQ(0U, poBlock->GetEdidBuffer(128, nullptr));
+    EXPECT_EQ(4U, poBlock->GetEdidBuffer(4, aui8Copy.data()));
+    EXPECT_EQ(0xCC, aui8Copy[4]);
+    EXPECT_EQ(256U, poBlock->GetEdidBuffer(300, aui8Copy.data()));
+    EXPECT_EQ(Join({ aui8Longer, CBytes(44, 0xCC) }), aui8Copy);
 }
 
-// ---- Order, bad blocks ----
-
-TEST(DisplayIdBlock, Type1ComesFirstWhateverTheOrderOfTheBlocks)
+TEST(DisplayIdBlock, EveryEditIsRefused)
 {
-    CBytes aui8Second = Type1Record1080p();
-    aui8Second[4] = 0xFF; // 2048 pixels wide
-    const auto poBlock = Load(MakeDisplayIdBlock(Join({
-        MakeDataBlock(4, 0, Type2Record720p()),
-        MakeDataBlock(0x0C, 3, CBytes(5, 0xAA)), // not understood
-        MakeDataBlock(3, 1, Join({ Type1Record1080p(), aui8Second })),
-    })));
-    ASSERT_EQ(3U, poBlock->GetDetailedCount());
-    const unsigned int auiWidths[] = { 1920, 2048, 1280 };
+    const CBytes aui8Bytes = MakeFullDisplayIdBlock();
+    const auto poBlock = Load(aui8Bytes);
+    unsigned int uiDepth = 7;
     CVidParamTimingGeneric oTiming;
-    for (unsigned int i = 0; i < 3; ++i)
-    {
-        EXPECT_EQ(1, poBlock->GetDetailed(i, &oTiming));
-        EXPECT_EQ(auiWidths[i], oTiming.GetHorizontalActive());
-    }
-    EXPECT_EQ(0, poBlock->GetDetailed(3, &oTiming));
-    EXPECT_EQ(0, poBlock->GetDetailed(0xFFFFFFFFU, &oTiming));
-    EXPECT_EQ(3U, poBlock->ExtractDetailedTimings()); // anew, not once more
+    EXPECT_EQ(0, poBlock->RemoveDetailed(0));
+    EXPECT_EQ(0, poBlock->RemoveStandard(0));
+    EXPECT_EQ(0, poBlock->SetColorBitDepthSupport(1));
+    EXPECT_EQ(0, poBlock->GetColorBitDepthSupport(uiDepth));
+    EXPECT_EQ(7U, uiDepth);
+    EXPECT_EQ(0, poBlock->IsStripped());
+    EXPECT_EQ(0U, poBlock->GetStandardCount());
+    EXPECT_EQ(0, poBlock->GetStandard(0, &oTiming, nullptr));
+    EXPECT_EQ(2U, poBlock->GetDetailedCount());
+    EXPECT_EQ(aui8Bytes, CBytes(poBlock->GetData(), poBlock->GetData() + 128));
 }
 
-struct SBadBlockCase
+// ---- How far the walk goes ----
+
+struct SWalkCase
 {
     const char* m_pszName;
-    CBytes m_aui8Block;
+    CBytes m_aui8Blocks;
+    unsigned int m_uiSection;              // bytes of the section; 0: as many as there are
+    std::vector<unsigned int> m_auiWidths; // of the timings in front of a bad block; 0 where a record gives none
+    bool m_bTile = false;
+    bool m_bBad = false; // a bad data block ends the reading, reports, and takes the list of timings with it
 };
 
-TEST(DisplayIdBlock, BadDataBlockEndsTheReadingAndLeavesNoTimings)
+const CBytes gsc_aui8Type1 = MakeDataBlock(3, 0, Type1Record1080p());
+const CBytes gsc_aui8Type2 = MakeDataBlock(4, 0, Type2Record720p());
+const CBytes gsc_aui8Tile = MakeDataBlock(18, 0, TilePayload());
+
+SWalkCase BadBehindGood(const char* pszName, const CBytes& aui8Bad)
 {
-    const SBadBlockCase aoCases[] = {
-        { "Type1Revision2", MakeDataBlock(3, 2, Type1Record1080p()) },
-        { "Type2Revision1", MakeDataBlock(4, 1, Type2Record720p()) },
-        { "TileRevision1", MakeDataBlock(18, 1, TilePayload()) },
-        { "Type1WithoutRecord", MakeDataBlock(3, 0, {}) },
-        { "Type2WithHalfARecord", MakeDataBlock(4, 0, CBytes(20)) },
-        { "TileTwiceAsLong", MakeDataBlock(18, 0, CBytes(44)) },
-        { "Type1OutsideTheBlock", { 3, 0, 240 } },
-    };
-    const CBytes aui8Good = Join({ MakeDataBlock(18, 0, TilePayload()), MakeDataBlock(3, 0, Type1Record1080p()) });
-    for (const SBadBlockCase& oCase : aoCases)
+    return { pszName, Join({ gsc_aui8Tile, gsc_aui8Type1, aui8Bad }), 0, { 1920 }, true, true };
+}
+
+const SWalkCase gsc_aoWalkCases[] = {
+    { "Type1FirstAndUnknownTagsArePassedOver",
+      Join({ gsc_aui8Type2, MakeDataBlock(12, 3, CBytes(5, 0xAA)), gsc_aui8Type1,
+             MakeDataBlock(3, 1, Join({ CBytes(20), Type1Record1080p() })) }),
+      0,
+      { 1920, 0, 1920, 1280 } },
+    { "HighBitsOfARevisionAreNotRead", MakeDataBlock(3, 0xF9, Type1Record1080p()), 0, { 1920 } },
+    { "Tag0EndsTheWalk", Join({ gsc_aui8Type1, { 0, 0, 0 }, gsc_aui8Type2 }), 0, { 1920 } },
+    // 0x6F makes the checksum of the section 4: where it ends, a Type II block seems to begin.
+    { "BlockBehindTheSection", Join({ gsc_aui8Type1, { 127, 0, 1, 0x6F }, gsc_aui8Type2 }), 27, { 1920 } },
+    // 0x6E makes it 0, the revision of the Type II block.
+    { "OneByteOfTheHeader", Join({ gsc_aui8Type1, { 127, 0, 1, 0x6E }, gsc_aui8Type2 }), 28, { 1920, 1280 } },
+    { "PayloadEndsBehindTheSection", MakeDataBlock(4, 0, CBytes(22, 0x11)), 10, { 2192, 2192 } },
+    { "PayloadEndsWithTheBlock", Join({ MakeDataBlock(127, 0, CBytes(7)), { 4, 0, 110 } }), 121,
+      std::vector<unsigned int>(10) },
+    { "PayloadEndsBehindTheBlock", Join({ MakeDataBlock(127, 0, CBytes(8)), { 4, 0, 110 } }), 121, {}, false, true },
+    BadBehindGood("Type1Revision2", MakeDataBlock(3, 2, Type1Record1080p())),
+    BadBehindGood("Type2Revision1", MakeDataBlock(4, 1, Type2Record720p())),
+    BadBehindGood("TileRevision1", MakeDataBlock(18, 1, TilePayload())),
+    BadBehindGood("Type1WithoutRecord", MakeDataBlock(3, 0, {})),
+    BadBehindGood("Type2WithHalfARecord", MakeDataBlock(4, 0, CBytes(20))),
+    BadBehindGood("TileTwiceAsLong", MakeDataBlock(18, 0, CBytes(44))),
+};
+
+TEST(DisplayIdBlock, WalksToTheEndOrToABadBlock)
+{
+    for (const SWalkCase& oCase : gsc_aoWalkCases)
     {
         SCOPED_TRACE(oCase.m_pszName);
+        const unsigned int uiBytes = static_cast<unsigned int>(oCase.m_aui8Blocks.size());
         CCapturedOutput oOutput;
-        const auto poBlock = Load(MakeDisplayIdBlock(Join({ aui8Good, oCase.m_aui8Block })));
-        EXPECT_EQ(1U, oOutput.TakeAssertionCount());
-        EXPECT_EQ(0U, poBlock->GetDetailedCount());
-        EXPECT_EQ(1, poBlock->IsDisplayPartOfTiledTopology()); // declared before the bad block
-        EXPECT_EQ(1U, poBlock->ExtractDetailedTimings());      // by hand: what stands in front of the bad block
+        const auto poBlock =
+            Load(MakeDisplayIdBlock(oCase.m_aui8Blocks, oCase.m_uiSection != 0 ? oCase.m_uiSection : uiBytes));
+        EXPECT_EQ(oCase.m_bBad ? 1U : 0U, oOutput.TakeAssertionCount());
+        EXPECT_EQ(oCase.m_bBad ? 0U : oCase.m_auiWidths.size(), poBlock->GetDetailedCount());
+        EXPECT_EQ(oCase.m_bTile ? 1 : 0, poBlock->IsDisplayPartOfTiledTopology());
+        EXPECT_EQ(oCase.m_auiWidths.size(), poBlock->ExtractDetailedTimings()); // by hand: anew, not once more
+        CVidParamTimingGeneric oTiming;
+        for (unsigned int i = 0; i < oCase.m_auiWidths.size(); ++i)
+        {
+            const unsigned int uiWidth = oCase.m_auiWidths[i];
+            EXPECT_EQ(uiWidth != 0 ? 1 : 0, poBlock->GetDetailed(i, &oTiming)) << i;
+            EXPECT_TRUE(uiWidth == 0 || uiWidth == oTiming.GetHorizontalActive()) << i;
+        }
+        EXPECT_EQ(0, poBlock->GetDetailed(poBlock->GetDetailedCount(), &oTiming));
     }
 }
 
@@ -261,54 +161,54 @@ using CFields = std::array<unsigned int, 13>;
 struct SRecordCase
 {
     const char* m_pszName;
-    unsigned int m_uiTag;
-    CBytes m_aui8Record;
+    CBytes m_aui8Record; // of 20 bytes: Type I; of 11: Type II
     CFields m_auiExpected;
 };
 
-constexpr unsigned int gsc_uiKept = 0x30; // 3D and 4:2:0, of which a record tells nothing
+constexpr unsigned int gsc_uiKept = 0x30; // 3D and 4:2:0, which a record leaves alone
 constexpr unsigned int gsc_uiDetailed = CVidParamTiming::eVidParamType_Detailed;
 
-// clang-format off
 const SRecordCase gsc_aoRecordCases[] = {
-    { "Type1Progressive", 3, Type1Record1080p(),
+    { "Type1Progressive",
+      Type1Record1080p(),
       { 1920, 1080, 60, 67500, 148500000, 88, 44, 148, 4, 5, 36, gsc_uiKept | 0x0C, gsc_uiDetailed } },
     // The height stays what the record says; the total is 540 + 2 * 22 + 1 = 585, so 74250000 / (2200 * 585) = 57.7.
-    { "Type1InterlacedHeightIsNotDoubled", 3,
-      { 0x00, 0x1D, 0x00, 0x10, 0x7F, 0x07, 0x17, 0x01, 0x57, 0x00, 0x2B, 0x00, 0x1B, 0x02, 0x15, 0x00, 0x01, 0x00, 0x04, 0x00 },
-      { 1920, 540, 58, 33750, 74250000, 88, 44, 148, 2, 5, 15, gsc_uiKept | 0x01, gsc_uiDetailed } },
-    // Other flag bits mean aspect, stereo, preference: none of them is interlace.
-    { "Type1OtherFlagsAreNotRead", 3,
-      { 0x01, 0x3A, 0x00, 0xEF, 0x7F, 0x07, 0x17, 0x01, 0x57, 0x80, 0x2B, 0x00, 0x37, 0x04, 0x2C, 0x00, 0x03, 0x00, 0x04, 0x00 },
-      { 1920, 1080, 60, 67500, 148500000, 88, 44, 148, 4, 5, 36, gsc_uiKept | 0x04, gsc_uiDetailed } },
-    // 655.37 MHz / (2200 * 1125): the clock field has its one bit in the third byte.
-    { "Type1ClockHasThreeBytes", 3,
-      { 0x00, 0x00, 0x01, 0x00, 0x7F, 0x07, 0x17, 0x01, 0x57, 0x00, 0x2B, 0x00, 0x37, 0x04, 0x2C, 0x00, 0x03, 0x80, 0x04, 0x00 },
-      { 1920, 1080, 265, 297895, 655370000, 88, 44, 148, 4, 5, 36, gsc_uiKept | 0x08, gsc_uiDetailed } },
+    { "Type1InterlacedHeightIsNotDoubled",
+      { 0, 0x1D, 0, 0x10, 0x7F, 7, 0x17, 1, 0x57, 0, 0x2B, 0, 0x1B, 2, 0x15, 0, 1, 0, 4, 0 },
+      { 1920, 540, 58, 33750, 74250000, 88, 44, 148, 2, 5, 15, gsc_uiKept | 1, gsc_uiDetailed } },
+    // 655.37 MHz / (2200 * 1125): the clock field has its one bit in the third byte. The flag bits mean aspect, stereo,
+    // preference: none of them is interlace.
+    { "Type1ClockHasThreeBytesAndOtherFlagsAreNotRead",
+      { 0, 0, 1, 0xEF, 0x7F, 7, 0x17, 1, 0x57, 0, 0x2B, 0, 0x37, 4, 0x2C, 0, 3, 0x80, 4, 0 },
+      { 1920, 1080, 265, 297895, 655370000, 88, 44, 148, 4, 5, 36, gsc_uiKept | 8, gsc_uiDetailed } },
     // 65536 x 65536, porches of 32768, syncs of 1; the product of the totals, 98305 * 98305, is 1073938433 at 32 bits.
-    { "Type1LargestFields", 3,
-      { 0xFF, 0xFF, 0x00, 0x00, 0xFF, 0xFF, 0x00, 0x80, 0xFF, 0x7F, 0x00, 0x00, 0xFF, 0xFF, 0x00, 0x80, 0xFF, 0x7F, 0x00, 0x00 },
+    { "Type1LargestFields",
+      { 0xFF, 0xFF, 0, 0, 0xFF, 0xFF, 0, 0x80, 0xFF, 0x7F, 0, 0, 0xFF, 0xFF, 0, 0x80, 0xFF, 0x7F, 0, 0 },
       { 65536, 65536, 1, 6667, 655360000, 32768, 1, 0, 32768, 1, 0, gsc_uiKept, gsc_uiDetailed } },
     // Blanking of 8 with porch 8 and sync 8: the back porch wraps below zero, the totals come out right again.
-    { "Type1BlankingTooShort", 3,
-      { 0x01, 0x3A, 0x00, 0x00, 0x7F, 0x07, 0x07, 0x00, 0x07, 0x00, 0x07, 0x00, 0x37, 0x04, 0x2C, 0x00, 0x03, 0x00, 0x04, 0x00 },
+    { "Type1BlankingTooShort",
+      { 1, 0x3A, 0, 0, 0x7F, 7, 7, 0, 7, 0, 7, 0, 0x37, 4, 0x2C, 0, 3, 0, 4, 0 },
       { 1920, 1080, 68, 77023, 148500000, 8, 8, 0xFFFFFFF8U, 4, 5, 36, gsc_uiKept, gsc_uiDetailed } },
-    { "Type2Progressive", 4, Type2Record720p(),
-      { 1280, 720, 60, 45055, 74250000, 112, 40, 216, 5, 5, 20, gsc_uiKept | 0x04, gsc_uiDetailed } },
-    // Units of 8 pixels: 512 + 128, of these 9 and 16. Lines: 2048 + 225, of these 16 and 9. 163.84 MHz / 5120 = 32 kHz.
-    { "Type2HighBits", 4, { 0xFF, 0x3F, 0x00, 0xE7, 0xFF, 0xFF, 0x8F, 0xFF, 0xF7, 0xE0, 0xF8 },
-      { 4096, 2048, 14, 32000, 163840000, 72, 128, 824, 16, 9, 200, gsc_uiKept | 0x08, gsc_uiDetailed } },
-    { "Type2ClockFieldOfZeroIs10KiloHz", 4, { 0x00, 0x00, 0x00, 0x18, 0x9F, 0x5A, 0xD4, 0xCF, 0x02, 0x1D, 0x44 },
-      { 1280, 720, 0, 6, 10000, 112, 40, 216, 5, 5, 20, gsc_uiKept | 0x05, gsc_uiDetailed } },
+    { "Type2Progressive",
+      Type2Record720p(),
+      { 1280, 720, 60, 45055, 74250000, 112, 40, 216, 5, 5, 20, gsc_uiKept | 4, gsc_uiDetailed } },
+    // Units of 8 pixels: 512 + 128, of these 9 and 16. Lines: 2048 + 225, of these 16 and 9. 163.84 MHz / 5120 is
+    // 32 kHz.
+    { "Type2HighBits",
+      { 0xFF, 0x3F, 0, 0xE7, 0xFF, 0xFF, 0x8F, 0xFF, 0xF7, 0xE0, 0xF8 },
+      { 4096, 2048, 14, 32000, 163840000, 72, 128, 824, 16, 9, 200, gsc_uiKept | 8, gsc_uiDetailed } },
+    { "Type2ClockFieldOfZeroIs10KiloHz",
+      { 0, 0, 0, 0x18, 0x9F, 0x5A, 0xD4, 0xCF, 2, 0x1D, 0x44 },
+      { 1280, 720, 0, 6, 10000, 112, 40, 216, 5, 5, 20, gsc_uiKept | 5, gsc_uiDetailed } },
 };
-// clang-format on
 
-TEST(DisplayIdRecords, GiveTheTimingAndKeepWhatTheyDoNotTell)
+TEST(DisplayIdRecords, GiveTheTimingAndKeepTheRest)
 {
     for (const SRecordCase& oCase : gsc_aoRecordCases)
     {
         SCOPED_TRACE(oCase.m_pszName);
-        const auto poBlock = Load(MakeDisplayIdBlock(MakeDataBlock(oCase.m_uiTag, 0, oCase.m_aui8Record)));
+        const unsigned int uiTag = oCase.m_aui8Record.size() == 20 ? 3 : 4;
+        const auto poBlock = Load(MakeDisplayIdBlock(MakeDataBlock(uiTag, 0, oCase.m_aui8Record)));
         CVidParamTimingGeneric oTiming;
         oTiming.Set420ColorSpace(1);
         oTiming.Set3D(1);
@@ -354,14 +254,14 @@ TEST(DisplayIdRecords, WriteEachValueOnceAndTheRatesLast)
 
 TEST(DisplayIdRecords, NullIsTheCallersMistake)
 {
-    const Block::SDisplayIdType1DetailedRaw oType1 = {};
-    const Block::SDisplayIdType2DetailedRaw oType2 = {};
+    const CBlock::SDisplayIdType1DetailedRaw oType1 = {};
+    const CBlock::SDisplayIdType2DetailedRaw oType2 = {};
     CVidParamTimingGeneric oTiming;
     CCapturedOutput oOutput;
-    EXPECT_EQ(0, Block::ConvertDetailedType1ToVidParam(nullptr, &oTiming));
-    EXPECT_EQ(0, Block::ConvertDetailedType1ToVidParam(&oType1, nullptr));
-    EXPECT_EQ(0, Block::ConvertDetailedType2ToVidParam(nullptr, &oTiming));
-    EXPECT_EQ(0, Block::ConvertDetailedType2ToVidParam(&oType2, nullptr));
+    EXPECT_EQ(0, CBlock::ConvertDetailedType1ToVidParam(nullptr, &oTiming));
+    EXPECT_EQ(0, CBlock::ConvertDetailedType1ToVidParam(&oType1, nullptr));
+    EXPECT_EQ(0, CBlock::ConvertDetailedType2ToVidParam(nullptr, &oTiming));
+    EXPECT_EQ(0, CBlock::ConvertDetailedType2ToVidParam(&oType2, nullptr));
     EXPECT_EQ(4U, oOutput.TakeAssertionCount());
 }
 
@@ -370,23 +270,24 @@ TEST(DisplayIdRecords, NullIsTheCallersMistake)
 struct STileCase
 {
     const char* m_pszName;
-    CBytes m_aui8Payload; // the first 8 bytes
-    CNumbers m_auiTile;
-    std::array<int, 6> m_aiCapabilities;
+    CBytes m_aui8Payload;                  // the first 8 bytes
+    std::array<unsigned int, 6> m_auiTile; // location, count and size, each across and down
+    std::array<int, 6> m_aiCapabilities;   // one box, bezel, several tiles; a tile alone: there, scaled, cloned
 };
 
-// clang-format off
 const STileCase gsc_aoTileCases[] = {
-    //                                                                                 location  count     size              one box, bezel, several, one: there, scaled, cloned
-    { "TwoByTwo",           { 0x88, 0x11, 0x10, 0x00, 0x7F, 0x07, 0x37, 0x04 },      { 1, 0,     2, 2,   1920, 1080 },     { 1, 0, 1, 0, 0, 0 } },
-    { "Scaled",             { 0x42, 0x10, 0x00, 0x00, 0xFF, 0x09, 0x3F, 0x0B },      { 0, 0,     2, 1,   2560, 2880 },     { 0, 1, 0, 0, 1, 0 } },
-    { "AtLocation",         { 0x11, 0x01, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00 },      { 0, 1,     1, 2,   1, 1 },           { 0, 0, 0, 1, 0, 0 } },
-    { "Cloned",             { 0x1B, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00 },      { 0, 0,     1, 1,   1, 1 },           { 0, 0, 0, 0, 0, 1 } },
-    { "UnknownBehaviours",  { 0x27, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00 },      { 0, 0,     1, 1,   1, 1 },           { 0, 0, 0, 0, 0, 0 } },
+    { "TwoByTwo", { 0x88, 0x11, 0x10, 0, 0x7F, 7, 0x37, 4 }, { 1, 0, 2, 2, 1920, 1080 }, { 1, 0, 1, 0, 0, 0 } },
+    { "Scaled", { 0x42, 0x10, 0, 0, 0xFF, 9, 0x3F, 0x0B }, { 0, 0, 2, 1, 2560, 2880 }, { 0, 1, 0, 0, 1, 0 } },
+    { "AtLocation", { 0x11, 1, 1, 0, 0, 0, 0, 0 }, { 0, 1, 1, 2, 1, 1 }, { 0, 0, 0, 1, 0, 0 } },
+    { "Cloned", { 0x1B, 0, 0, 0, 0, 0, 0, 0 }, { 0, 0, 1, 1, 1, 1 }, { 0, 0, 0, 0, 0, 1 } },
+    { "UnknownBehaviours", { 0x27, 0, 0, 0, 0, 0, 0, 0 }, { 0, 0, 1, 1, 1, 1 }, { 0, 0, 0, 0, 0, 0 } },
     // High bits: count across 1 -> 16, down 2 -> 32, location across 3 -> 48, down 1 -> 16.
-    { "HighBits",           { 0x00, 0xF0, 0x0F, 0x6D, 0xFF, 0xFF, 0xFF, 0xFF },      { 48, 31,   32, 33, 65536, 65536 },   { 0, 0, 0, 0, 0, 0 } },
+    { "HighBits",
+      { 0, 0xF0, 0x0F, 0x6D, 0xFF, 0xFF, 0xFF, 0xFF },
+      { 48, 31, 32, 33, 65536, 65536 },
+      { 0, 0, 0, 0, 0, 0 } },
+    { "NoTile", {}, { 7, 7, 7, 7, 7, 7 }, { 7, 7, 7, 7, 7, 7 } }, // nothing is written
 };
-// clang-format on
 
 // A second declaration does not matter.
 TEST(DisplayIdTiles, TheFirstDeclarationIsDecoded)
@@ -394,59 +295,22 @@ TEST(DisplayIdTiles, TheFirstDeclarationIsDecoded)
     for (const STileCase& oCase : gsc_aoTileCases)
     {
         SCOPED_TRACE(oCase.m_pszName);
-        CBytes aui8Payload = oCase.m_aui8Payload;
-        aui8Payload.resize(22, 0xEE);
-        const CBytes aui8Other = MakeDataBlock(18, 0, CBytes(22, 0x35));
-        const auto poBlock = Load(MakeDisplayIdBlock(Join({ MakeDataBlock(18, 0, aui8Payload), aui8Other })));
-        EXPECT_EQ(oCase.m_auiTile, GetTile(*poBlock));
-        std::array<int, 6> ai;
-        ai.fill(-1);
-        EXPECT_EQ(1, poBlock->GetTiledDisplayCapabilities(&ai[0], &ai[1], &ai[2], &ai[3], &ai[4], &ai[5]));
+        CBytes aui8Blocks;
+        if (!oCase.m_aui8Payload.empty())
+        {
+            const CBytes aui8NotRead(14, 0xEE);
+            aui8Blocks = Join({ MakeDataBlock(18, 0, Join({ oCase.m_aui8Payload, aui8NotRead })), gsc_aui8Tile });
+        }
+        const auto poBlock = Load(MakeDisplayIdBlock(aui8Blocks));
+        const int iExpected = aui8Blocks.empty() ? 0 : 1;
+        std::array<unsigned int, 6> aui = { 7, 7, 7, 7, 7, 7 };
+        EXPECT_EQ(iExpected, poBlock->GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]));
+        EXPECT_EQ(oCase.m_auiTile, aui);
+        std::array<int, 6> ai = { 7, 7, 7, 7, 7, 7 };
+        EXPECT_EQ(iExpected, poBlock->GetTiledDisplayCapabilities(&ai[0], &ai[1], &ai[2], &ai[3], &ai[4], &ai[5]));
         EXPECT_EQ(oCase.m_aiCapabilities, ai);
-        EXPECT_EQ(1, poBlock->GetTiledDisplayCapabilities(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
+        EXPECT_EQ(iExpected,
+                  poBlock->GetTiledDisplayCapabilities(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
     }
-}
-
-TEST(DisplayIdTiles, WithoutADeclarationNothingIsWritten)
-{
-    const auto poBlock = Load(MakeDisplayIdBlock({}));
-    int iFlag = 5;
-    unsigned int uiTile = 6;
-    EXPECT_EQ(0, poBlock->GetTiledDisplayCapabilities(&iFlag, &iFlag, &iFlag, &iFlag, &iFlag, &iFlag));
-    EXPECT_EQ(0, poBlock->GetTopologyDescription(uiTile, uiTile, uiTile, uiTile, uiTile, uiTile));
-    EXPECT_EQ(5, iFlag);
-    EXPECT_EQ(6U, uiTile);
-}
-
-// ---- Read-only ----
-
-TEST(DisplayIdBlock, EveryEditIsRefused)
-{
-    const CBytes aui8Bytes = MakeDisplayIdBlock(MakeDataBlock(3, 0, Type1Record1080p()));
-    const auto poBlock = Load(aui8Bytes);
-    unsigned int uiDepth = 7;
-    EXPECT_EQ(0, poBlock->RemoveDetailed(0));
-    EXPECT_EQ(0, poBlock->RemoveStandard(0));
-    EXPECT_EQ(0, poBlock->SetColorBitDepthSupport(1));
-    EXPECT_EQ(0, poBlock->GetColorBitDepthSupport(uiDepth));
-    EXPECT_EQ(7U, uiDepth);
-    EXPECT_EQ(0, poBlock->IsStripped());
-    EXPECT_EQ(0U, poBlock->GetStandardCount());
-    CVidParamTimingGeneric oTiming;
-    EXPECT_EQ(0, poBlock->GetStandard(0, &oTiming, nullptr));
-    EXPECT_EQ(1U, poBlock->GetDetailedCount());
-    EXPECT_TRUE(std::equal(aui8Bytes.begin(), aui8Bytes.end(), poBlock->GetData()));
-}
-
-TEST(DisplayIdBlock, CopiesAsMuchAsFits)
-{
-    const CBytes aui8Bytes = MakeDisplayIdBlock({});
-    const auto poBlock = Load(aui8Bytes);
-    CBytes aui8Copy(200, 0xCC);
-    EXPECT_EQ(0U, poBlock->GetEdidBuffer(128, nullptr));
-    EXPECT_EQ(4U, poBlock->GetEdidBuffer(4, aui8Copy.data()));
-    EXPECT_EQ(0xCC, aui8Copy[4]);
-    EXPECT_EQ(128U, poBlock->GetEdidBuffer(200, aui8Copy.data()));
-    EXPECT_EQ(Join({ aui8Bytes, CBytes(72, 0xCC) }), aui8Copy);
 }
 }

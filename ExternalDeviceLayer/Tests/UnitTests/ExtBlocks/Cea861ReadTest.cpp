@@ -1,0 +1,365 @@
+// Reading a CEA-861 block: which bytes it takes, where its data blocks and descriptors lie, what its lists hold.
+
+#include <gtest/gtest.h>
+
+#include "CapturedOutput.h"
+#include "Cea861TestHelp.h"
+#include "RVidParamTiming.h"
+
+namespace
+{
+using CBlock = CEdidExtBlockCEA861;
+
+// ---- The block as a whole ----
+
+TEST(Cea861Block, TagRevisionAndChecksumDecide)
+{
+    for (unsigned int i = 0; i < 256; ++i)
+    {
+        const CBytes aui8Block = CCeaBlockBuilder(static_cast<unsigned char>(i)).Get();
+        EXPECT_EQ(i <= 3, CBlock::IsSupported(128, aui8Block.data()) != 0) << i;
+    }
+    EXPECT_EQ(0, CBlock::IsSupported(128, CCeaBlockBuilder().At(0, 0x70).Get().data()));
+    CBytes aui8Longer = CCeaBlockBuilder().Get();
+    aui8Longer.push_back(1);
+    EXPECT_NE(0, CBlock::IsSupported(128, aui8Longer.data()));
+    EXPECT_EQ(0, CBlock::IsSupported(129, aui8Longer.data())) << "the checksum runs over the offered size";
+}
+
+TEST(Cea861Block, RefusedBytesLeaveAnEmptyObjectThatRefusesEdits)
+{
+    CBytes aui8Damaged = CCeaBlockBuilder().Bytes({ 0x23, 0x09, 0x07, 0x07, 0x41, 0x10 }).Detailed({ 1 }).Get();
+    aui8Damaged[127] ^= 1;
+    const auto poBlock = LoadBlock(aui8Damaged, CBlock::eStrip_Audio);
+    const CBlock::SAudioDescriptor oAudio = MakeAudio(1, 2, 7, 7);
+    unsigned int uiBits = 1;
+    unsigned char ui8Byte = 0x55;
+
+    EXPECT_EQ(0U, poBlock->GetExtensionType() + poBlock->GetSize() + poBlock->GetEdidBuffer().GetCount());
+    EXPECT_EQ(0U, poBlock->GetEdidBuffer(1, &ui8Byte) + poBlock->GetAvailableOffset());
+    EXPECT_EQ(0x55, ui8Byte);
+    EXPECT_EQ(0, poBlock->IsChecksumValid() | poBlock->IsStripped() | poBlock->IsYuvSupported());
+    EXPECT_EQ(CLists(), GetLists(*poBlock));
+    EXPECT_EQ(0,
+              poBlock->AddAudioDescriptor(&oAudio) | poBlock->AddSpeakerDescriptor(1) | poBlock->AddVendorSpecific());
+    EXPECT_EQ(0, poBlock->StripDataBlocks(CBlock::eStrip_Audio | CBlock::eStrip_Speaker));
+    poBlock->RemoveDataRange(0, 0);
+    EXPECT_EQ(1, poBlock->GetColorBitDepthSupport(uiBits));
+    EXPECT_EQ(0U, uiBits);
+    EXPECT_EQ(1, poBlock->SetColorBitDepthSupport(7));
+}
+
+TEST(Cea861Block, BytesComeOutAsTheyWentIn)
+{
+    const CBytes aui8Block = CCeaBlockBuilder(1).Flags(0x30).Detailed({ 1, 2 }).Get();
+    const auto poBlock = LoadBlock(aui8Block);
+    EXPECT_EQ(2U, poBlock->GetExtensionType());
+    EXPECT_EQ(1U, poBlock->GetRevision());
+    EXPECT_EQ(128U, poBlock->GetEdidBuffer().GetCount());
+    EXPECT_NE(0, poBlock->IsChecksumValid());
+
+    CBytes aui8Copy(200, 0xEE);
+    EXPECT_EQ(0U, poBlock->GetEdidBuffer(3, nullptr));
+    EXPECT_EQ(3U, poBlock->GetEdidBuffer(3, aui8Copy.data()));
+    EXPECT_EQ(0xEE, aui8Copy[3]);
+    EXPECT_EQ(128U, poBlock->GetEdidBuffer(200, aui8Copy.data()));
+    EXPECT_EQ(Join({ aui8Block, CBytes(72, 0xEE) }), aui8Copy);
+}
+
+TEST(Cea861Block, RefusedReadsTouchNothing)
+{
+    const auto poBlock =
+        LoadBlock(CCeaBlockBuilder().Bytes({ 0x41, 0x93, 0x23, 9, 7, 7, 0x83, 1, 0, 0 }).Detailed({ 1 }).Get());
+    CVidParamTimingGeneric oTiming;
+    oTiming.SetHorizontalActive(77);
+    int iNative = 5;
+    CBlock::SAudioDescriptor oAudio = MakeAudio(9, 9, 9, 9);
+    unsigned int uiMask = 9;
+    EXPECT_EQ(0, poBlock->GetStandard(1, &oTiming, &iNative) | poBlock->GetStandard(0, nullptr, &iNative));
+    EXPECT_EQ(0, poBlock->GetDetailed(1, &oTiming) | poBlock->GetDetailed(0, nullptr));
+    EXPECT_EQ(0, poBlock->GetAudioDescriptor(1, &oAudio) | poBlock->GetAudioDescriptor(0, nullptr));
+    EXPECT_EQ(0, poBlock->GetSpeakerDescriptor(1, &uiMask) | poBlock->GetSpeakerDescriptor(0, nullptr));
+    EXPECT_EQ(77U, oTiming.GetHorizontalActive());
+    EXPECT_EQ(5, iNative);
+    EXPECT_EQ(9U, oAudio.m_uiChannels);
+    EXPECT_EQ(9U, uiMask);
+    EXPECT_EQ(1, poBlock->GetStandard(0, &oTiming, nullptr));
+    EXPECT_EQ(1280U, oTiming.GetHorizontalActive());
+}
+
+TEST(Cea861Block, YuvLooksAtTwoFlagsAlone)
+{
+    for (unsigned int i = 0; i < 8; ++i)
+    {
+        const auto poBlock = LoadBlock(CCeaBlockBuilder().Flags(static_cast<unsigned char>(1U << i)).Get());
+        EXPECT_EQ(i == 4 || i == 5, poBlock->IsYuvSupported() != 0) << i;
+    }
+}
+
+// ---- Data blocks ----
+
+constexpr unsigned int gsc_uiExtended = 0x100; // marks an extended tag
+
+struct SWalkCase
+{
+    const char* m_pszName;
+    unsigned char m_ui8Revision;
+    unsigned int m_uiByte2;
+    unsigned int m_uiFirstOffset; // where the bytes stand; zeros (blocks of tag 0) before and behind
+    CBytes m_aui8Bytes;
+    unsigned int m_uiTag;
+    unsigned int m_uiIndex;
+    unsigned int m_uiOffset, m_uiLength; // expected
+};
+
+const SWalkCase gsc_aoWalkCases[] = {
+    { "OtherTagsArePassed", 3, 12, 4, { 0x42, 1, 2, 0xA0, 0x83, 1, 0, 0 }, 4, 0, 9, 3 },
+    { "SecondOfATag", 3, 9, 4, { 0x41, 1, 0, 0x41, 2 }, 2, 1, 8, 1 },
+    { "NoSuchIndex", 3, 9, 4, { 0x41, 1, 0, 0x41, 2 }, 2, 2, 0, 0 },
+    { "EmptyBlockIsFound", 3, 6, 4, { 0x40, 0x20 }, 1, 0, 6, 0 },
+    { "BeginsAtByte2", 3, 6, 4, { 0x41, 1, 0x41, 2 }, 2, 1, 0, 0 },
+    { "HeaderAloneInFrontOfByte2", 3, 5, 4, { 0x43, 1, 2, 3 }, 2, 0, 5, 3 },
+    { "Byte2Is4", 3, 4, 4, { 0x41, 1 }, 2, 0, 0, 0 },
+    { "Byte2Is0", 3, 0, 4, { 0x41, 1 }, 2, 0, 0, 0 },
+    { "Revision2", 2, 6, 4, { 0x41, 1 }, 2, 0, 0, 0 },
+    { "EndsAtByte126", 3, 127, 95, { 0x5F }, 2, 0, 96, 31 },
+    { "RunsPastByte126", 3, 127, 96, { 0x5F }, 2, 0, 0, 0 },
+    { "OverrunOfAnotherTagEndsTheWalk", 3, 127, 100, { 0x7F, 0x41, 1 }, 2, 0, 0, 0 },
+    { "EmptyBlockAtByte126", 3, 255, 126, { 0x40 }, 2, 0, 127, 0 },
+    { "HeaderInThePlaceOfTheChecksum", 3, 255, 126, { 0x40 }, 5, 0, 0, 0 }, // which is 0xBC
+    { "Byte2BehindTheBlock", 3, 255, 120, { 0x42, 1, 2 }, 2, 0, 121, 2 },
+    { "ExtendedCountsBehindItsTag", 3, 9, 4, { 0xE4, 15, 1, 2, 3 }, gsc_uiExtended + 15, 0, 6, 3 },
+    { "ExtendedWithoutMore", 3, 6, 4, { 0xE1, 15 }, gsc_uiExtended + 15, 0, 6, 0 },
+    { "ExtendedSecond", 3, 12, 4, { 0xE1, 14, 0xE2, 15, 7, 0xE2, 14, 9 }, gsc_uiExtended + 14, 1, 11, 1 },
+    { "ExtendedOfLength0EndsTheSearch", 3, 7, 4, { 0xE0, 0xE1, 14 }, gsc_uiExtended + 14, 0, 0, 0 },
+    { "ExtendedOfLength0IsFoundByItsTag", 3, 7, 4, { 0xE0, 0xE1, 14 }, 7, 1, 6, 1 },
+    { "ExtendedRunsPastByte126", 3, 127, 126, { 0xE1 }, gsc_uiExtended + 0, 0, 0, 0 },
+};
+
+unsigned int Find(const CBlock& oBlock, const SWalkCase& oCase, unsigned int* puiLength)
+{
+    return oCase.m_uiTag < gsc_uiExtended
+               ? oBlock.GetDataBlockOffset(static_cast<CBlock::ECea861_DataBlockTags>(oCase.m_uiTag), oCase.m_uiIndex,
+                                           puiLength)
+               : oBlock.GetDataBlockOffset(
+                     static_cast<CBlock::ECea861_DataBlockExtTags>(oCase.m_uiTag - gsc_uiExtended), oCase.m_uiIndex,
+                     puiLength);
+}
+
+TEST(Cea861DataBlocks, WholeOnesAreFound)
+{
+    for (const SWalkCase& oCase : gsc_aoWalkCases)
+    {
+        SCOPED_TRACE(oCase.m_pszName);
+        CCeaBlockBuilder oBuilder(oCase.m_ui8Revision);
+        for (unsigned int i = 0; i < oCase.m_aui8Bytes.size(); ++i)
+        {
+            oBuilder.At(oCase.m_uiFirstOffset + i, oCase.m_aui8Bytes[i]);
+        }
+        const auto poBlock = LoadBlock(oBuilder.At(2, oCase.m_uiByte2).Get());
+        unsigned int uiLength = 77;
+        EXPECT_EQ(oCase.m_uiOffset, Find(*poBlock, oCase, &uiLength));
+        EXPECT_EQ(oCase.m_uiLength, uiLength);
+        CCapturedOutput oOutput;
+        EXPECT_EQ(0U, Find(*poBlock, oCase, nullptr));
+        EXPECT_EQ(1U, oOutput.TakeAssertionCount());
+    }
+}
+
+TEST(Cea861DataBlocks, VendorBlocksOfAllVendorsCount)
+{
+    const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes({ 0x60, 0x63, 1, 2, 3, 0x41, 1, 0x61, 9 }).Get());
+    EXPECT_EQ(3U, poBlock->GetVendorSpecificCount());
+}
+
+// ---- Detailed timings ----
+
+TEST(Cea861Detailed, SlotsAndSpaceByByte2)
+{
+    const struct
+    {
+        unsigned int m_uiByte2, m_uiSlots, m_uiLastSlot, m_uiAvailableOffset, m_uiSpace;
+    } aoCases[] = {
+        { 0, 0, 0, 0, 126 },    { 1, 7, 109, 127, 0 },  { 4, 6, 94, 112, 14 },   { 19, 6, 109, 127, 0 },
+        { 20, 5, 92, 110, 16 }, { 35, 5, 107, 125, 1 }, { 109, 1, 109, 127, 0 }, { 110, 0, 0, 110, 16 },
+        { 127, 0, 0, 127, 0 },  { 128, 0, 0, 128, 0 },  { 255, 0, 0, 255, 0 },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_uiByte2);
+        CBytes aui8Block(128, 1); // a pixel clock in every slot, wherever it begins
+        aui8Block[0] = 2;
+        aui8Block[1] = 2; // no data blocks
+        aui8Block[2] = static_cast<unsigned char>(oCase.m_uiByte2);
+        const auto poBlock = LoadBlock(FixChecksums(aui8Block));
+        EXPECT_EQ(oCase.m_uiSlots, poBlock->GetDetailedCount());
+        EXPECT_EQ(oCase.m_uiLastSlot, poBlock->GetDetailedTimingsOffset(oCase.m_uiSlots - (oCase.m_uiSlots != 0)));
+        EXPECT_EQ(0U, poBlock->GetDetailedTimingsOffset(oCase.m_uiSlots));
+        EXPECT_EQ(0U, poBlock->GetDetailedTimingsOffset(0xFFFFFFFF));
+        EXPECT_EQ(oCase.m_uiAvailableOffset, poBlock->GetAvailableOffset());
+        EXPECT_EQ(oCase.m_uiSpace, poBlock->GetAvailableSpace());
+    }
+}
+
+TEST(Cea861Detailed, NoClockEndsTheListAndNoSizeClearsTheTiming)
+{
+    CCeaBlockBuilder oBuilder;
+    oBuilder.Detailed({ 1, 2, 3 }).At(23, 0);
+    EXPECT_EQ(3U, LoadBlock(oBuilder.Get())->GetDetailedCount()) << "one byte of the clock is enough";
+    const CBytes aui8NoSize = CCeaBlockBuilder(oBuilder).At(24, 0).At(26, 0).Get();
+    EXPECT_EQ(1U, LoadBlock(oBuilder.At(22, 0).Get())->GetDetailedCount());
+
+    const auto poBlock = LoadBlock(aui8NoSize);
+    CVidParamTimingGeneric oTiming;
+    EXPECT_EQ(1, poBlock->GetDetailed(0, &oTiming));
+    EXPECT_EQ(1921U, oTiming.GetHorizontalActive());
+    EXPECT_EQ(0, poBlock->GetDetailed(1, &oTiming));
+    EXPECT_EQ(0U, oTiming.GetHorizontalActive());
+}
+
+// ---- Lists ----
+
+TEST(Cea861Svd, CodesAndTheirRowsInTheTable)
+{
+    for (unsigned int uiCode = 0; uiCode < 300; ++uiCode)
+    {
+        SCOPED_TRACE(uiCode);
+        const bool bPlain = uiCode >= 1 && uiCode <= 127;
+        const bool bNative = uiCode >= 129 && uiCode <= 253;
+        unsigned int uiVic = 999;
+        int iNative = 999;
+        EXPECT_EQ(bPlain || bNative ? 1 : 0, CBlock::ExtractSvdCodeInfo(uiCode, &uiVic, &iNative));
+        EXPECT_EQ(bPlain ? uiCode : bNative ? uiCode - 128 : 0, uiVic);
+        EXPECT_EQ(bNative ? 1 : 0, iNative);
+    }
+    const std::pair<unsigned int, int> aoCases[] = { { 1, 1 },    { 16, 1 },  { 0x90, 1 }, { 107, 1 }, { 0x81, 1 },
+                                                     { 0, 0 },    { 6, 0 },   { 7, 0 },    { 108, 0 }, { 128, 0 },
+                                                     { 0x87, 0 }, { 254, 0 }, { 255, 0 },  { 1001, 0 } };
+    for (const auto& [uiCode, iSupported] : aoCases)
+    {
+        EXPECT_EQ(iSupported, CBlock::IsSupportedSvd(uiCode)) << uiCode;
+    }
+}
+
+struct SListCase
+{
+    const char* m_pszName;
+    CBytes m_aui8Blocks;
+    std::vector<SStandardEntry> m_aoStandards; // key, native, 4:2:0
+    std::vector<SAudioEntry> m_aoAudios = {};
+    std::vector<unsigned int> m_auiSpeakers = {};
+    unsigned int m_uiReports = 0;
+};
+
+const SListCase gsc_aoListCases[] = {
+    { "EachCodeIsFollowedByItsVariant",
+      { 0x43, 0x90, 0x11, 0x01 },
+      { { 16, 1, 0 }, { 1016, 1, 0 }, { 17, 0, 0 }, { 1, 0, 0 }, { 1001, 0, 0 } } },
+    { "UnusableBytesGiveNothing", { 0x46, 0x00, 0x80, 0xFE, 0xFF, 0x07, 0x11 }, { { 17, 0, 0 } } },
+    { "RepeatsAppearOnce", { 0x42, 0x11, 0x13, 0x42, 0x13, 0x11 }, { { 17, 0, 0 }, { 19, 0, 0 } } },
+    { "NativeAndNotAreTwo", { 0x42, 0x90, 0x10 }, { { 16, 1, 0 }, { 1016, 1, 0 }, { 16, 0, 0 }, { 1016, 0, 0 } } },
+    { "HdmiFollowsAllVideoBlocks",
+      Join({ MakeHdmi({ 0x6C }, { 2, 3 }), { 0x41, 0x13 } }),
+      { { 19, 0, 0 }, { 94, 0, 0 }, { 93, 0, 0 }, { 1093, 0, 0 } } },
+    { "ExtendedVendorFollowsVendor",
+      Join({ MakeHdmi({ 0xEC, 0x01 }, { 2 }), MakeHdmi({ 0x6B }, { 4 }) }),
+      { { 98, 0, 0 }, { 1098, 0, 0 }, { 94, 0, 0 } } },
+    { "SvdAndHdmiAreOneTiming", Join({ { 0x41, 0x5E }, MakeHdmi({ 0x6B }, { 2 }) }), { { 94, 0, 0 } } },
+    { "ForeignVendorGivesNothing", { 0x69, 0xD8, 0x5D, 0xC4, 0x01, 0x78, 0x80, 0x03, 0x00, 0x20 }, {} },
+    { "EachEmptyMapCopiesAll",
+      { 0xE1, 0x0F, 0x42, 0x91, 0x13, 0xE1, 0x0F },
+      { { 17, 1, 0 }, { 19, 0, 0 }, { 17, 1, 1 }, { 19, 0, 1 }, { 17, 1, 1 }, { 19, 0, 1 } } },
+    { "MapCountsUnusableBytesAndReachesBit8",
+      { 0x49, 0, 7, 255, 0, 0, 0, 0, 0x11, 0x13, 0xE3, 0x0F, 0x83, 0x01 },
+      { { 17, 0, 0 }, { 19, 0, 0 }, { 17, 0, 1 }, { 19, 0, 1 } } },
+    { "MapReachesHdmiCodes",
+      Join({ { 0x41, 0x13, 0xE2, 0x0F, 0x02 }, MakeHdmi({ 0x6B }, { 2 }) }),
+      { { 19, 0, 0 }, { 94, 0, 0 }, { 94, 0, 1 } } },
+    { "MapBitsBehindTheCodesReportEach",
+      { 0x41, 0x13, 0xE3, 0x0F, 0x07, 0x80 },
+      { { 19, 0, 0 }, { 19, 0, 1 } },
+      {},
+      {},
+      3 },
+    { "MapRepeatsAppearOnce", { 0x42, 0x13, 0x13, 0xE2, 0x0F, 0x03 }, { { 19, 0, 0 }, { 19, 0, 1 } } },
+    { "VideoBlock420FollowsTheMapsThatDoNotCountIt",
+      { 0xE3, 0x0E, 0x90, 0x13, 0x42, 0x14, 0x11, 0xE2, 0x0F, 0x01 },
+      { { 20, 0, 0 }, { 17, 0, 0 }, { 20, 0, 1 }, { 16, 1, 1 }, { 1016, 1, 1 }, { 19, 0, 1 } } },
+    { "AudioAllFields", { 0x23, 0xFF, 0xFF, 0xA5, 0x83, 0xFF, 0xFF, 0xFF }, {}, { { 15, 8, 0x7F, 0xA5 } }, { 0x7FF } },
+    { "AudioLowestFields", { 0x23, 0x80, 0x80, 0x00, 0x83, 0x00, 0xF8, 0xFF }, {}, { { 0, 1, 0, 0 } }, { 0 } },
+    { "AudioOverBlocks",
+      { 0x26, 0x09, 1, 1, 0x11, 2, 2, 0x83, 1, 0, 0, 0x23, 0x19, 4, 3 },
+      {},
+      { { 1, 2, 1, 1 }, { 2, 2, 2, 2 }, { 3, 2, 4, 3 } },
+      { 1 } },
+    { "OddFirstAudioBlockEmptiesTheList", { 0x24, 0x09, 7, 7, 0, 0x23, 0x09, 7, 7 }, {} },
+    { "OddLaterAudioBlockGivesWholeGroups",
+      { 0x23, 0x09, 1, 1, 0x25, 0x11, 2, 2, 0, 0, 0x22, 0, 0, 0x23, 0x19, 4, 3 },
+      {},
+      { { 1, 2, 1, 1 }, { 2, 2, 2, 2 }, { 3, 2, 4, 3 } } },
+    { "EmptyFirstAudioBlockIsEven", { 0x20, 0x23, 0x09, 1, 1 }, {}, { { 1, 2, 1, 1 } } },
+    { "ShortSpeakerBlocksReadNoNeighbour",
+      { 0x80, 0x81, 0x0F, 0x82, 0x01, 0x02, 0x67, 1, 1, 1, 1, 1, 1, 1, 0x84, 1, 1, 1, 1 },
+      {},
+      {},
+      { 0, 0x0F, 0x201, 0x101 } },
+};
+
+TEST(Cea861Lists, HoldWhatTheDataBlocksSay)
+{
+    for (const SListCase& oCase : gsc_aoListCases)
+    {
+        SCOPED_TRACE(oCase.m_pszName);
+        CCapturedOutput oOutput;
+        const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes(oCase.m_aui8Blocks).Get());
+        EXPECT_EQ(oCase.m_uiReports, oOutput.TakeAssertionCount());
+        EXPECT_EQ(oCase.m_aoStandards, GetStandards(*poBlock));
+        EXPECT_EQ(oCase.m_aoAudios, GetAudios(*poBlock));
+        EXPECT_EQ(oCase.m_auiSpeakers, GetSpeakers(*poBlock));
+    }
+}
+
+// A timing of this class keeps its 4:2:0 flag when it is cleared.
+TEST(Cea861Lists, TheFlagOfTheLastTimingDoesNotStay)
+{
+    const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes({ 0x41, 0x13, 0xE2, 0x0E, 0x14 }).Get());
+    CRVidParamTiming oTiming;
+    for (const unsigned int uiIndex : { 1U, 0U })
+    {
+        EXPECT_EQ(1, poBlock->GetStandard(uiIndex, &oTiming, nullptr));
+        EXPECT_EQ(uiIndex, static_cast<unsigned int>(oTiming.Is420ColorSpace()));
+    }
+}
+
+TEST(Cea861Audio, NamesStandAtTheirValues)
+{
+    const auto Format = [](unsigned int ui) {
+        return CBlock::GetAudioFormatStr(static_cast<CBlock::EAudioFormat>(ui));
+    };
+    const auto Rate = [](unsigned int ui) {
+        return CBlock::GetAudioSamplingFreqStr(static_cast<CBlock::EAudioSamplingFreq>(ui));
+    };
+    const std::pair<CMString, const char*> aoCases[] = {
+        { Format(0), "" },
+        { Format(7), "DTS" },
+        { Format(15), "MPEG4 HE AAC" },
+        { Format(20), "MPEG4 ACC LC Surround" },
+        { Format(21), "" },
+        { Format(~0U), "" },
+        { Rate(1), "32" },
+        { Rate(2), "44" },
+        { Rate(4), "48" },
+        { Rate(8), "88" },
+        { Rate(16), "96" },
+        { Rate(32), "176" },
+        { Rate(64), "192" },
+        { Rate(0), "" },
+        { Rate(3), "" },
+        { Rate(0x80000000), "" },
+    };
+    for (const auto& [sName, pszExpected] : aoCases)
+    {
+        EXPECT_STREQ(pszExpected, sName);
+    }
+}
+}

@@ -172,14 +172,9 @@ inline CEdidExtBlockCEA861::SAudioDescriptor MakeAudio(unsigned int uiFormat, un
              static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(uiRates), uiExtra };
 }
 
-// An HDMI vendor block with these HDMI codes, behind whatever header is given, and one that has lost its last code,
-// which leaves a 0.
+// An HDMI vendor block with these HDMI codes, behind whatever header is given.
 inline CBytes MakeHdmi(const CBytes& aui8Header, const CBytes& aui8Vics)
 {
     const unsigned char ui8Lengths = static_cast<unsigned char>(aui8Vics.size() << 5);
     return Join({ aui8Header, { 0x03, 0x0C, 0x00, 0x10, 0x00, 0x80, 0x00, 0x20, 0x00, ui8Lengths }, aui8Vics });
-}
-inline CBytes MakeHdmiAfter(const CBytes& aui8Header, const CBytes& aui8Vics)
-{
-    return Join({ MakeHdmi(aui8Header, aui8Vics), { 0 } });
 }

@@ -157,6 +157,10 @@ const SEditCase gsc_aoEditCases[] = {
     Refused("SetAudioBehindTheList", SetAudio(1, gsc_oPcm), { 0x23, 9, 7, 7 }),
     Refused("RemoveAudioOfAnOddFirstBlock", Call(&CBlock::RemoveAudioDescriptor, 0), { 0x24, 9, 7, 7, 7 }),
     Refused("AddNoSpeaker", Call(&CBlock::AddSpeakerDescriptor, 0), {}),
+    Refused("SetSpeakerBehindTheList", Call(&CBlock::SetSpeakerDescriptor, 1, 5), { 0x83, 1, 0, 0 }),
+    Refused("RemoveSpeakerBehindTheList", Call(&CBlock::RemoveSpeakerDescriptor, 1), { 0x83, 1, 0, 0 }),
+    Refused("RemoveDetailedBehindTheList", Call(&CBlock::RemoveDetailed, 2), {}),
+    Refused("RemoveStandardBehindTheList", Call(&CBlock::RemoveStandard, 2), { 0x41, 4 }),
     Refused("SetSpeakerOfAShortBlock", Call(&CBlock::SetSpeakerDescriptor, 0, 5), { 0x82, 1, 0, 0x41, 16 }),
     // An addition goes up to byte 125 and no further. Behind the data blocks stand 36 bytes of descriptors, or none.
     Edited("RoomForAudio", AddAudio(gsc_oPcm), 0, CBytes(82), 0x40, Join({ CBytes(82), { 0x23, 9, 7, 7 } })),

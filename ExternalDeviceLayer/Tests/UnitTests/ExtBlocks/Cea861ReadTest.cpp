@@ -104,9 +104,9 @@ const SWalkCase gsc_aoWalkCases[] = {
     { "EmptyBlockAtByte126", Blocks(CBytes(122)).At(126, 0x40).At(2, 255), 2, 0, 127, 0 },
     { "HeaderInThePlaceOfTheChecksum", Blocks(CBytes(122)).At(126, 0x40).At(2, 255), 5, 0, 0, 0 }, // which is 0xBC
     { "Byte2BehindTheBlock", Blocks(CBytes(116)).Bytes({ 0x42, 1, 2 }).At(2, 255), 2, 0, 121, 2 },
-    { "ExtendedCountsBehindItsTag", Blocks({ 0xE4, 15, 1, 2, 3 }), gsc_uiExtended + 15, 0, 6, 3 },
+    { "ExtendedCountsBehindItsTag", Blocks({ 0xE4, 15, 0, 0, 0 }), gsc_uiExtended + 15, 0, 6, 3 },
     { "ExtendedWithoutMore", Blocks({ 0xE1, 15 }), gsc_uiExtended + 15, 0, 6, 0 },
-    { "ExtendedSecond", Blocks({ 0xE1, 14, 0xE2, 15, 7, 0xE2, 14, 9 }), gsc_uiExtended + 14, 1, 11, 1 },
+    { "ExtendedSecond", Blocks({ 0xE1, 14, 0xE2, 15, 0, 0xE2, 14, 9 }), gsc_uiExtended + 14, 1, 11, 1 },
     { "ExtendedOfLength0EndsTheSearch", Blocks({ 0xE0, 0xE1, 14 }), gsc_uiExtended + 14, 0, 0, 0 },
     { "ExtendedOfLength0IsFoundByItsTag", Blocks({ 0xE0, 0xE1, 14 }), 7, 1, 6, 1 },
     { "ExtendedRunsPastByte126", Blocks(CBytes(122)).At(126, 0xE1).At(2, 127), gsc_uiExtended + 0, 0, 0, 0 },

@@ -64,6 +64,7 @@ TEST(Cea861Block, RefusedReadsTouchNothing)
     EXPECT_EQ(0U, poBlock->GetEdidBuffer(128, nullptr));
     EXPECT_EQ(5, iNative);
     EXPECT_EQ(77U + 9 + 9, oTiming.GetHorizontalActive() + oAudio.m_uiChannels + uiMask);
+    EXPECT_EQ(1, poBlock->GetAudioDescriptor(0, &oAudio) & poBlock->GetSpeakerDescriptor(0, &uiMask));
 
     // A timing of this class keeps its 4:2:0 flag when it is cleared.
     EXPECT_EQ(1, poBlock->GetStandard(1, &oTiming, nullptr));
@@ -271,9 +272,12 @@ TEST(Cea861Lists, HoldWhatTheDataBlocksSay)
 TEST(Cea861Audio, NamesStandAtTheirValues)
 {
     std::string sFormats;
-    for (const unsigned int uiFormat : { 0U, 1U, 7U, 15U, 20U, 21U, ~0U })
+    for (const CBlock::EAudioFormat eFormat :
+         { CBlock::eAudioFormat_None, CBlock::eAudioFormat_Pcm, CBlock::eAudioFormat_Dts,
+           CBlock::eAudioFormat_Mpeg4HeAac, CBlock::eAudioFormat_Mpeg4AacLcSurround, CBlock::EAudioFormat(21),
+           CBlock::EAudioFormat(0xFFFFFFFF) })
     {
-        sFormats += std::string(CBlock::GetAudioFormatStr(static_cast<CBlock::EAudioFormat>(uiFormat))) + "|";
+        sFormats += std::string(CBlock::GetAudioFormatStr(eFormat)) + "|";
     }
     EXPECT_EQ("|Linear Pulse Code Modulation (PCM)|DTS|MPEG4 HE AAC|MPEG4 ACC LC Surround|||", sFormats);
     std::string sRates;

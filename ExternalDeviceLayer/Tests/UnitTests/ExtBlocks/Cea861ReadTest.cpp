@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+#include <tuple>
+
 #include "CapturedOutput.h"
 #include "Cea861TestHelp.h"
 #include "RVidParamTiming.h"
@@ -274,8 +279,8 @@ TEST(Cea861Audio, NamesStandAtTheirValues)
     std::string sFormats;
     for (const CBlock::EAudioFormat eFormat :
          { CBlock::eAudioFormat_None, CBlock::eAudioFormat_Pcm, CBlock::eAudioFormat_Dts,
-           CBlock::eAudioFormat_Mpeg4HeAac, CBlock::eAudioFormat_Mpeg4AacLcSurround, CBlock::EAudioFormat(21),
-           CBlock::EAudioFormat(0xFFFFFFFF) })
+           CBlock::eAudioFormat_Mpeg4HeAac, CBlock::eAudioFormat_Mpeg4AacLcSurround,
+           static_cast<CBlock::EAudioFormat>(21), static_cast<CBlock::EAudioFormat>(0xFFFFFFFF) })
     {
         sFormats += std::string(CBlock::GetAudioFormatStr(eFormat)) + "|";
     }

@@ -143,7 +143,7 @@ const SEditCase gsc_aoEditCases[] = {
     Edited("AddSpeakerOpensASecondBlock", Call(&CBlock::AddSpeakerDescriptor, 0xFFFFFDAA), 0,
            { 0x83, 1, 0, 0, 0x41, 16 }, 0x40, { 0x83, 1, 0, 0, 0x41, 16, 0x83, 0xAA, 5, 0 }),
     Edited("SetSpeakerZeroesTheRest", Call(&CBlock::SetSpeakerDescriptor, 1, 0xFFFFFA01), 0,
-           { 0x80, 0x84, 0xFF, 0xFF, 0xFF, 0xFF }, 0, { 0x80, 0x84, 1, 2, 0, 0xFF }),
+           { 0x80, 0x83, 0xFF, 0xFF, 0xFF, 0x41, 16 }, 0, { 0x80, 0x83, 1, 2, 0, 0x41, 16 }),
     Edited("RemoveSpeakerTakesTheWholeBlock", Call(&CBlock::RemoveSpeakerDescriptor, 0), 0x70,
            { 0x85, 1, 2, 3, 4, 5, 0x41, 16 }, 0x30, { 0x41, 16 }),
     Edited("AudioKeepsTheAudioFlag", Call(&CBlock::RemoveSpeakerDescriptor, 0), 0x40, { 0x83, 1, 0, 0, 0x23, 9, 7, 7 },

@@ -9,16 +9,6 @@
 
 #include "TimingTestHelp.h"
 
-enum EFormula
-{
-    eCvt,
-    eCvtReduced,
-    eGtf,
-};
-
-inline constexpr unsigned int gsc_uiHPositive = 4;
-inline constexpr unsigned int gsc_uiVPositive = 8;
-
 // 32-bit words in 128 bits: every step is cut back by hand.
 __extension__ typedef unsigned __int128 Wide;
 
@@ -31,6 +21,7 @@ constexpr Wide Nearest(Wide uiDividend, Wide uiDivisor)
 }
 constexpr Wide Down(Wide uiDividend, Wide uiDivisor) { return uiDivisor == 0 ? 0 : uiDividend / uiDivisor; }
 
+// Vertical sync of CVT: the first aspect whose width in whole cells is this one counts.
 inline Wide SyncLines(Wide uiWidth, Wide uiHeight)
 {
     if (uiHeight == 0)
@@ -78,7 +69,7 @@ inline Expected SecondCvt(Wide h, Wide v, Wide rate)
         return std::nullopt;
     }
     return Pack({ h, v, Nearest(Times(hz, 10), vTotal), Times(k, 250), Minus(Minus(hBlank, hBack), hSync), hSync, hBack,
-                  3, vs, vBack, gsc_uiVPositive, hz / 100, CVidParamTiming::eVidParamType_Cvt });
+                  3, vs, vBack, hz / 100, 8, CVidParamTiming::eVidParamType_Cvt });
 }
 
 inline Expected SecondCvtReduced(Wide h, Wide v, Wide rate)
@@ -88,8 +79,8 @@ inline Expected SecondCvtReduced(Wide h, Wide v, Wide rate)
     const Wide vbi = std::max(Down(460000, p) + 1, vs + 9);
     const Wide hTotal = Cut(Times(Nearest(h, 8), 8) + 160);
     const Wide k = Nearest(Times(Times(rate, hTotal), Cut(v + vbi)), 10000) / 25;
-    return Pack({ h, v, rate, Times(k, 250), 48, 32, 80, 3, vs, Minus(vbi, vs + 3), gsc_uiHPositive,
-                  Nearest(Times(k, 250), hTotal), CVidParamTiming::eVidParamType_CvtReducedBlanking });
+    return Pack({ h, v, rate, Times(k, 250), 48, 32, 80, 3, vs, Minus(vbi, vs + 3), Nearest(Times(k, 250), hTotal), 4,
+                  CVidParamTiming::eVidParamType_CvtReducedBlanking });
 }
 
 inline Expected SecondGtf(Wide h, Wide v, Wide rate)
@@ -115,13 +106,6 @@ inline Expected SecondGtf(Wide h, Wide v, Wide rate)
         return std::nullopt;
     }
     return Pack({ h, v, Nearest(act, 10), Nearest(Times(hTotal, 100000), p2), Minus(hSyncStart, h), hSync, hBack,
-                  Minus(vSyncStart, v), 3, Minus(vsbp, 3), gsc_uiVPositive, Nearest(100000000, p2) / 1000,
+                  Minus(vSyncStart, v), 3, Minus(vsbp, 3), Nearest(100000000, p2) / 1000, 8,
                   CVidParamTiming::eVidParamType_Gtf });
-}
-
-inline Expected SecondCompute(EFormula eFormula, unsigned int uiWidth, unsigned int uiHeight, unsigned int uiRate)
-{
-    return eFormula == eCvt          ? SecondCvt(uiWidth, uiHeight, uiRate)
-           : eFormula == eCvtReduced ? SecondCvtReduced(uiWidth, uiHeight, uiRate)
-                                     : SecondGtf(uiWidth, uiHeight, uiRate);
 }

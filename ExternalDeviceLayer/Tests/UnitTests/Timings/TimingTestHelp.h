@@ -4,59 +4,54 @@
 
 #include <string.h>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "RVidParamTiming.h"
 #include "VidParamTimingGeneric.h"
 
-// Every value that a timing stores: active sizes, rate, clock, horizontal front porch, sync and back porch, the vertical
-// ones, flags (bit 0 interlaced, bit 2 horizontal, bit 3 vertical polarity positive), line rate, source. Clock and line
-// rate in kHz, so that both storage classes can be compared.
-using CAllValues = std::array<unsigned int, 13>;
-
-// Places in it.
+// The numbers of a timing. Clock and line rate in kHz, so that both storage classes can be compared.
+struct STimingField
+{
+    const char* m_pszName;
+    unsigned int (CVidParamTiming::*m_pfnGet)() const;
+    void (CVidParamTiming::*m_pfnSet)(unsigned int);
+};
+inline constexpr STimingField gsc_aoTimingFields[] = {
+    { "horizontal active", &CVidParamTiming::GetHorizontalActive, &CVidParamTiming::SetHorizontalActive },
+    { "vertical active", &CVidParamTiming::GetVerticalActive, &CVidParamTiming::SetVerticalActive },
+    { "vertical rate", &CVidParamTiming::GetVerticalRateInHz, &CVidParamTiming::SetVerticalRateInHz },
+    { "clock", &CVidParamTiming::GetPixelClockInKiloHz, &CVidParamTiming::SetPixelClockInKiloHz },
+    { "horizontal front", &CVidParamTiming::GetHorizontalFrontPorch, &CVidParamTiming::SetHorizontalFrontPorch },
+    { "horizontal sync", &CVidParamTiming::GetHorizontalSync, &CVidParamTiming::SetHorizontalSync },
+    { "horizontal back", &CVidParamTiming::GetHorizontalBackPorch, &CVidParamTiming::SetHorizontalBackPorch },
+    { "vertical front", &CVidParamTiming::GetVerticalFrontPorch, &CVidParamTiming::SetVerticalFrontPorch },
+    { "vertical sync", &CVidParamTiming::GetVerticalSync, &CVidParamTiming::SetVerticalSync },
+    { "vertical back", &CVidParamTiming::GetVerticalBackPorch, &CVidParamTiming::SetVerticalBackPorch },
+    { "line rate", &CVidParamTiming::GetHorizontalRateInKiloHz, &CVidParamTiming::SetHorizontalRateInKiloHz },
+};
 constexpr size_t gsc_uiClockInKiloHz = 3;
-constexpr size_t gsc_uiFlags = 10;
-constexpr size_t gsc_uiLineRateInKiloHz = 11;
+constexpr size_t gsc_uiLineRateInKiloHz = 10;
+
+// All of them, then flags and source. Flags: bit 0 interlaced, bits 2 and 3 horizontal and vertical polarity positive,
+// bit 4 4:2:0, bit 5 3D.
+using CAllValues = std::array<unsigned int, 13>;
+constexpr size_t gsc_uiFlags = 11;
 constexpr size_t gsc_uiSource = 12;
 
-inline CAllValues ReadAll(const CVidParamTiming& o)
+inline CAllValues ReadAll(const CVidParamTiming& oTiming)
 {
-    const unsigned int uiFlags = (o.IsInterlaced() != 0 ? 1U : 0U) | (o.IsHorizontalPolarityPositive() != 0 ? 4U : 0U) |
-                                 (o.IsVerticalPolarityPositive() != 0 ? 8U : 0U);
-    return { o.GetHorizontalActive(),
-             o.GetVerticalActive(),
-             o.GetVerticalRateInHz(),
-             o.GetPixelClockInKiloHz(),
-             o.GetHorizontalFrontPorch(),
-             o.GetHorizontalSync(),
-             o.GetHorizontalBackPorch(),
-             o.GetVerticalFrontPorch(),
-             o.GetVerticalSync(),
-             o.GetVerticalBackPorch(),
-             uiFlags,
-             o.GetHorizontalRateInKiloHz(),
-             o.GetVideoFamilyType() };
+    CAllValues auiValues{};
+    std::transform(std::begin(gsc_aoTimingFields), std::end(gsc_aoTimingFields), auiValues.begin(),
+                   [&](const STimingField& oField) { return (oTiming.*oField.m_pfnGet)(); });
+    auiValues[gsc_uiFlags] = (oTiming.IsInterlaced() != 0 ? 1U : 0U) |
+                             (oTiming.IsHorizontalPolarityPositive() != 0 ? 4U : 0U) |
+                             (oTiming.IsVerticalPolarityPositive() != 0 ? 8U : 0U) |
+                             (oTiming.Is420ColorSpace() != 0 ? 16U : 0U) | (oTiming.Is3D() != 0 ? 32U : 0U);
+    auiValues[gsc_uiSource] = oTiming.GetVideoFamilyType();
+    return auiValues;
 }
-
-// A change of each value that every comparison looks at.
-struct SChange
-{
-    const char* m_szName;
-    void (*m_fnApply)(CVidParamTiming&);
-};
-inline constexpr SChange gsc_aoGeometryChanges[] = {
-    { "horizontal active", [](CVidParamTiming& o) { o.SetHorizontalActive(o.GetHorizontalActive() + 1); } },
-    { "vertical active", [](CVidParamTiming& o) { o.SetVerticalActive(o.GetVerticalActive() + 1); } },
-    { "scan", [](CVidParamTiming& o) { o.SetInterlaced(1 - o.IsInterlaced()); } },
-    { "horizontal front", [](CVidParamTiming& o) { o.SetHorizontalFrontPorch(o.GetHorizontalFrontPorch() + 1); } },
-    { "horizontal sync", [](CVidParamTiming& o) { o.SetHorizontalSync(o.GetHorizontalSync() + 1); } },
-    { "horizontal back", [](CVidParamTiming& o) { o.SetHorizontalBackPorch(o.GetHorizontalBackPorch() + 1); } },
-    { "vertical rate", [](CVidParamTiming& o) { o.SetVerticalRateInHz(o.GetVerticalRateInHz() - 1); } },
-    { "vertical front", [](CVidParamTiming& o) { o.SetVerticalFrontPorch(o.GetVerticalFrontPorch() + 1); } },
-    { "vertical sync", [](CVidParamTiming& o) { o.SetVerticalSync(o.GetVerticalSync() + 1); } },
-    { "vertical back", [](CVidParamTiming& o) { o.SetVerticalBackPorch(o.GetVerticalBackPorch() + 1); } },
-};
 
 // 720p at 60 Hz, as the record of either storage class.
 inline constexpr SVidParamGenericData gsc_o720p = {

@@ -1,0 +1,376 @@
+// The timing and its two storage classes: slots, stored and derived values, clock equivalence, equality, assignment.
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <vector>
+
+#include "RecordingTiming.h"
+#include "TimingTestHelp.h"
+#include "VidParamCea.h"
+
+namespace
+{
+CVidParamTimingGeneric MakeTiming(unsigned int uiPixels, unsigned int uiLines, unsigned int uiClockInHz)
+{
+    return CVidParamTimingGeneric({ uiPixels, uiLines, 0, 0, uiClockInHz, 0, 0, 0, 0, 0, 0, 0, {} });
+}
+CVidParamTimingGeneric MakeClock(unsigned int uiHz) { return MakeTiming(0, 0, uiHz); }
+
+// ---- Slots ----
+
+// A member pointer to a virtual operation holds its offset in the table of its class, in bytes and plus one. The
+// destructor has the first two places.
+#if defined(__x86_64__)
+template <class... MEMBERS>
+std::vector<size_t> SlotsOf(MEMBERS... pfnMembers)
+{
+    return { (std::bit_cast<std::array<size_t, 2>>(pfnMembers)[0] - 1) / sizeof(void*)... };
+}
+
+TEST(Slots, StandInTheirOrder)
+{
+    using T = CVidParamTiming;
+    using FnCompute = unsigned int (T::*)() const; // not the static form
+    const std::vector<size_t> auiSlots = SlotsOf(
+        &T::ClearData, &T::GetHorizontalActive, &T::GetVerticalActive, &T::IsInterlaced, &T::Is420ColorSpace, &T::Is3D,
+        &T::GetPixelClockInHz, &T::GetPixelClockInKiloHz, &T::GetEffectivePixelClockInHz,
+        &T::GetEffectivePixelClockInKiloHz, &T::GetHorizontalRateInHz, &T::GetHorizontalRateInKiloHz,
+        &T::GetHorizontalFrontPorch, &T::GetHorizontalSync, &T::GetHorizontalBackPorch, &T::GetHorizontalOverscan,
+        &T::IsHorizontalPolarityPositive, &T::GetVerticalRateInHz, &T::GetVerticalFrontPorch, &T::GetVerticalSync,
+        &T::GetVerticalBackPorch, &T::IsVerticalPolarityPositive, &T::GetVerticalOverscan, &T::GetVideoFamilyType,
+        FnCompute{ &T::ComputeHorizontalTotalPixel }, FnCompute{ &T::ComputeVerticalTotalLine },
+        FnCompute{ &T::ComputeHorizontalRateInHz }, FnCompute{ &T::ComputeHorizontalRateInKiloHz },
+        FnCompute{ &T::ComputeVerticalRateInHz }, &T::SetHorizontalActive, &T::SetVerticalActive, &T::SetPixelClockInHz,
+        &T::SetPixelClockInKiloHz, &T::SetHorizontalRateInHz, &T::SetHorizontalRateInKiloHz,
+        &T::SetHorizontalFrontPorch, &T::SetHorizontalSync, &T::SetHorizontalBackPorch,
+        &T::SetHorizontalPolarityPositive, &T::SetVerticalRateInHz, &T::SetVerticalFrontPorch, &T::SetVerticalSync,
+        &T::SetVerticalBackPorch, &T::SetVerticalPolarityPositive, &T::SetInterlaced, &T::Set420ColorSpace, &T::Set3D,
+        &T::SetVideoFamilyType, &T::operator=);
+    ASSERT_EQ(49U, auiSlots.size());
+    for (size_t i = 0; i < auiSlots.size(); ++i)
+    {
+        EXPECT_EQ(i + 2, auiSlots[i]);
+    }
+    using G = CVidParamTimingGeneric;
+    EXPECT_EQ((std::vector<size_t>{ 51, 52, 53 }),
+              SlotsOf(&G::GetHorizontalTotal, &G::GetVerticalTotal, &G::IsOverscan));
+    EXPECT_EQ(std::vector<size_t>{ 51 }, SlotsOf(&CRVidParamTiming::IsOverscan));
+}
+#endif
+
+// ---- Storage ----
+
+TEST(Storage, EverySetterHasItsOwnFieldAndClearingEmptiesThem)
+{
+    CVidParamTimingGeneric oGeneric;
+    CRVidParamTiming oOther;
+    EXPECT_EQ(0, oGeneric.IsOverscan() | oOther.IsOverscan());
+    for (CVidParamTiming* poTiming : std::initializer_list<CVidParamTiming*>{ &oGeneric, &oOther })
+    {
+        CAllValues auiExpected{};
+        EXPECT_EQ(auiExpected, ReadAll(*poTiming));
+        for (unsigned int i = 0; i < std::size(gsc_aoTimingFields); ++i)
+        {
+            auiExpected[i] = i + 1;
+            (poTiming->*gsc_aoTimingFields[i].m_pfnSet)(i + 1);
+            EXPECT_EQ(auiExpected, ReadAll(*poTiming)) << gsc_aoTimingFields[i].m_pszName;
+        }
+        for (const int iValue : { 3, 2, -1 }) // bit 0 counts
+        {
+            poTiming->SetInterlaced(iValue);
+            poTiming->SetHorizontalPolarityPositive(iValue);
+            poTiming->SetVerticalPolarityPositive(iValue);
+            auiExpected[gsc_uiFlags] = iValue != 2 ? 1 | 4 | 8 : 0;
+            EXPECT_EQ(auiExpected, ReadAll(*poTiming)) << iValue;
+        }
+        EXPECT_EQ(3, poTiming->IsInterlaced() + poTiming->IsHorizontalPolarityPositive() +
+                         poTiming->IsVerticalPolarityPositive());
+        poTiming->SetVideoFamilyType(CVidParamTiming::eVidParamType_Smpte);
+        auiExpected[gsc_uiSource] = 16;
+        EXPECT_EQ(auiExpected, ReadAll(*poTiming));
+        poTiming->ClearData();
+        EXPECT_EQ(CAllValues{}, ReadAll(*poTiming));
+    }
+}
+
+TEST(Storage, InHertzTruncatesKiloHertzAndTakesBitZeroOfEachFlag)
+{
+    CVidParamTimingGeneric oTiming = MakeClock(148351999);
+    oTiming.SetHorizontalRateInHz(67999);
+    EXPECT_EQ(148351U, oTiming.GetPixelClockInKiloHz());
+    EXPECT_EQ(67U, oTiming.GetHorizontalRateInKiloHz());
+    oTiming.SetPixelClockInKiloHz(148500);
+    oTiming.SetHorizontalRateInKiloHz(4294968); // wraps
+    EXPECT_EQ(148500000U, oTiming.GetPixelClockInHz());
+    EXPECT_EQ(704U, oTiming.GetHorizontalRateInHz());
+    oTiming.Set420ColorSpace(3);
+    oTiming.Set3D(2);
+    EXPECT_EQ(1, oTiming.Is420ColorSpace());
+    EXPECT_EQ(0, oTiming.Is3D());
+}
+
+TEST(Storage, InKiloHertzRoundsHertzAndKeepsWhatIsNoPartOfItsRecord)
+{
+    CRVidParamTiming oTiming(gsc_oR720p, eRVideoFamily_Cea);
+    oTiming.SetPixelClockInHz(148351500);
+    oTiming.SetHorizontalRateInHz(67499);
+    EXPECT_EQ(148352U, oTiming.GetPixelClockInKiloHz());
+    EXPECT_EQ(67000U, oTiming.GetHorizontalRateInHz());
+    oTiming.SetPixelClockInKiloHz(4294968); // wraps on reading
+    oTiming.SetHorizontalRateInHz(67500);
+    EXPECT_EQ(704U, oTiming.GetPixelClockInHz());
+    EXPECT_EQ(68U, oTiming.GetHorizontalRateInKiloHz());
+    oTiming.SetBottomFieldFirst(3);
+    EXPECT_EQ(4U | 8U | 2U, oTiming.GetRVideoVidParam().uiFlags);
+    EXPECT_EQ(1, oTiming.GetBottomFieldFirst());
+    oTiming.SetBottomFieldFirst(2);
+    EXPECT_EQ(0, oTiming.GetBottomFieldFirst());
+    oTiming.Set3D(1);
+    oTiming.Set420ColorSpace(2);
+    oTiming.ClearData();
+    EXPECT_EQ(1, oTiming.Is3D());
+    EXPECT_EQ(2, oTiming.Is420ColorSpace());
+}
+
+TEST(Storage, InKiloHertzKnowsTheSourcesThatHaveANumberThere)
+{
+    for (unsigned int uiNumber = 0; uiNumber <= 256; ++uiNumber)
+    {
+        CRVidParamTiming oTiming;
+        oTiming.SetVideoFamilyType(static_cast<CVidParamTiming::EVidParamType>(uiNumber));
+        const CRVidParamTiming oOfRecord(gsc_oR720p, static_cast<RVideo_VidParamFamily>(uiNumber));
+        const unsigned int uiExpected = uiNumber <= 6 || uiNumber == 16 ? uiNumber : 255;
+        EXPECT_EQ(uiExpected, static_cast<unsigned int>(oTiming.GetVideoFamilyType())) << uiNumber;
+        EXPECT_EQ(uiExpected, static_cast<unsigned int>(oOfRecord.GetVideoFamilyType())) << uiNumber;
+    }
+}
+
+// ---- Derived values ----
+
+using Derived = std::array<unsigned int, 5>; // totals, line rate in Hz and kHz, vertical rate
+
+Derived DerivedOf(const CVidParamTiming& o)
+{
+    return { o.ComputeHorizontalTotalPixel(), o.ComputeVerticalTotalLine(), o.ComputeHorizontalRateInHz(),
+             o.ComputeHorizontalRateInKiloHz(), o.ComputeVerticalRateInHz() };
+}
+
+TEST(DerivedValues, TotalsAndRates)
+{
+    const struct
+    {
+        const char* m_pszName;
+        CVidParamTimingGeneric m_oTiming;
+        Derived m_auiExpected;
+    } aoCases[] = {
+        { "progressive", CVidParamTimingGeneric(gsc_o720p), { 1650, 750, 45000, 45, 60 } },
+        // 33.75 kHz from the clock in kHz, where the 33,750 Hz would be cut to 33; the rate of a frame
+        { "interlaced: blanking twice", CVidParamTimingGeneric(gsc_o1080i), { 2200, 1125, 33750, 34, 30 } },
+        { "hertz from hertz, not from kHz", MakeTiming(8, 1, 25175999), { 8, 1, 3147000, 3147, 3147000 } },
+        { "half goes up", MakeTiming(1600, 1, 108000000), { 1600, 1, 67500, 68, 67500 } },
+        { "empty", MakeTiming(0, 0, 1000), { 0, 0, 0, 0, 0 } },
+        { "product wraps to 0", MakeTiming(65536, 65536, 0xFFFFFFFF), { 65536, 65536, 65536, 66, 0 } },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_pszName);
+        EXPECT_EQ(oCase.m_auiExpected, DerivedOf(oCase.m_oTiming));
+        EXPECT_EQ(oCase.m_auiExpected[0], oCase.m_oTiming.GetHorizontalTotal());
+        EXPECT_EQ(oCase.m_auiExpected[1], oCase.m_oTiming.GetVerticalTotal());
+    }
+    // Overscan is a part of all, twice where it is that of a field, but not of equality.
+    const CRecordingTiming oOverscan(gsc_o720p);
+    EXPECT_EQ((Derived{ 1650 + 1000, 750 + 100, 28019, 28, 33 }), DerivedOf(oOverscan));
+    EXPECT_EQ((Derived{ 2200 + 1000, 1125 + 200, 23203, 23, 18 }), DerivedOf(CRecordingTiming(gsc_o1080i)));
+    const CVidParamTiming& oBase = oOverscan;
+    EXPECT_EQ(1650U + 1000, oBase.GetHorizontalTotal());
+    EXPECT_EQ(750U + 100, oBase.GetVerticalTotal());
+    EXPECT_EQ(1, oOverscan == CVidParamTimingGeneric(gsc_o720p));
+}
+
+TEST(DerivedValues, EffectiveClockOfEveryMixOf3DAnd420)
+{
+    const unsigned int aauiExpected[][2] = { { 74175825, 74175 },
+                                             { 37087912, 37087 },   // 4:2:0: odd halves go down
+                                             { 148351650, 148350 }, // 3D
+                                             { 74175825, 74175 } };
+    for (int i = 0; i < 4; ++i)
+    {
+        CVidParamTimingGeneric oTiming = MakeClock(74175825);
+        oTiming.Set420ColorSpace(i & 1);
+        oTiming.Set3D(i >> 1);
+        EXPECT_EQ(aauiExpected[i][0], oTiming.GetEffectivePixelClockInHz()) << i;
+        EXPECT_EQ(aauiExpected[i][1], oTiming.GetEffectivePixelClockInKiloHz()) << i;
+    }
+}
+
+// ---- Clock equivalence and equality ----
+
+TEST(ClockEquivalence, WithinTheToleranceOfTheOwnClock)
+{
+    const struct
+    {
+        const char* m_pszName;
+        unsigned int m_uiOwnInHz;
+        unsigned int m_uiOtherInHz;
+        int m_iExpected;
+    } aoCases[] = {
+        { "1000/1001 variant", 25175000, 25200000, 1 },
+        { "low beyond a tenth", 25175000, 25210000, 0 },
+        { "high within a half", 148500000, 147800000, 1 },
+        { "high beyond a half", 148500000, 147700000, 0 },      // 53 ten-thousandths
+        { "75,000 kHz is still tight", 75000000, 74850000, 0 }, // 20 ten-thousandths
+        { "75,001 kHz is loose", 75001000, 74850000, 1 },
+        { "the ratio is truncated", 75000000, 75082000, 1 },        // 10.9 ten-thousandths
+        { "the ratio is of the larger", 100000000, 100512000, 1 },  // 50.9 ten-thousandths, of the smaller 51.2
+        { "the product needs 64 bits", 1000000000, 1429497000, 0 }, // difference times 10000 just above 32 bits
+        { "below one kilohertz is no difference", 1000000, 1000999, 1 },
+        { "own zero", 0, 1000, 0 },
+        { "other zero", 74250000, 0, 0 },
+        { "both zero", 0, 0, 1 },
+        { "other under one kilohertz", 1000, 999, 0 },
+        { "both under one kilohertz", 999, 500, 0 },
+        { "the same hertz under one kilohertz", 999, 999, 1 },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        EXPECT_EQ(oCase.m_iExpected, MakeClock(oCase.m_uiOwnInHz).IsPixelClockInHzEquivalent(oCase.m_uiOtherInHz))
+            << oCase.m_pszName;
+    }
+    EXPECT_EQ(1, MakeClock(75200000).IsPixelClockInKiloHzEquivalent(75000));
+    EXPECT_EQ(1, MakeClock(704).IsPixelClockInKiloHzEquivalent(4294968)) << "704 Hz beyond 32 bits";
+}
+
+// A change of 720p, and whether the timing is still equal to it and still has its code, 4.
+template <class CHANGE>
+void ExpectAfterChange(const char* pszName, int iEqual, int iHasCode, CHANGE fnChange)
+{
+    SCOPED_TRACE(pszName);
+    const CVidParamTimingGeneric oOriginal(gsc_o720p);
+    CVidParamTimingGeneric oGeneric(gsc_o720p);
+    CRVidParamTiming oOther(gsc_oR720p, eRVideoFamily_None);
+    for (CVidParamTiming* poChanged : std::initializer_list<CVidParamTiming*>{ &oGeneric, &oOther })
+    {
+        fnChange(*poChanged);
+        EXPECT_EQ(iEqual, oOriginal == *poChanged);
+        EXPECT_EQ(1 - iEqual, oOriginal != *poChanged);
+        unsigned int uiVic = 99;
+        EXPECT_EQ(iHasCode, CVidParamCea::GetVicFromVidParam(*poChanged, uiVic));
+        EXPECT_EQ(iHasCode != 0 ? 4U : 0U, uiVic);
+    }
+}
+
+TEST(Equality, WhatCountsForItAndForTheCode)
+{
+    for (size_t i = 0; i < std::size(gsc_aoTimingFields); ++i)
+    {
+        const STimingField& oField = gsc_aoTimingFields[i];
+        const bool bTolerant = i == gsc_uiClockInKiloHz || i == gsc_uiLineRateInKiloHz;
+        ExpectAfterChange(oField.m_pszName, bTolerant ? 1 : 0, i == gsc_uiLineRateInKiloHz ? 1 : 0,
+                          [&](CVidParamTiming& o) { (o.*oField.m_pfnSet)((o.*oField.m_pfnGet)() + 1); });
+    }
+    const struct
+    {
+        const char* m_pszName;
+        int m_iEqual;
+        int m_iHasCode;
+        void (*m_pfnChange)(CVidParamTiming&);
+    } aoCases[] = {
+        { "none", 1, 1, [](CVidParamTiming&) {} },
+        { "scan", 0, 0, [](CVidParamTiming& o) { o.SetInterlaced(1); } },
+        { "horizontal polarity", 1, 0, [](CVidParamTiming& o) { o.SetHorizontalPolarityPositive(0); } },
+        { "vertical polarity", 1, 0, [](CVidParamTiming& o) { o.SetVerticalPolarityPositive(0); } },
+        { "3D", 0, 0, [](CVidParamTiming& o) { o.Set3D(1); } },
+        { "4:2:0", 0, 0, [](CVidParamTiming& o) { o.Set420ColorSpace(1); } },
+        { "4:2:0 and its clock", 0, 1,
+          [](CVidParamTiming& o) { o.Set420ColorSpace(1), o.SetPixelClockInHz(148500000); } },
+        { "line rate 1 kHz down", 1, 1, [](CVidParamTiming& o) { o.SetHorizontalRateInKiloHz(44); } },
+        { "line rate 2 kHz up", 0, 1, [](CVidParamTiming& o) { o.SetHorizontalRateInKiloHz(47); } },
+        { "line rate 2 kHz down", 0, 1, [](CVidParamTiming& o) { o.SetHorizontalRateInKiloHz(43); } },
+        { "another clock", 0, 0, [](CVidParamTiming& o) { o.SetPixelClockInKiloHz(73900); } },
+        { "source", 1, 1, [](CVidParamTiming& o) { o.SetVideoFamilyType(CVidParamTiming::eVidParamType_Smpte); } },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        ExpectAfterChange(oCase.m_pszName, oCase.m_iEqual, oCase.m_iHasCode, oCase.m_pfnChange);
+    }
+}
+
+TEST(Equality, AsksTheClockOfTheLeftSideAndComparesFlagsAsStored)
+{
+    CVidParamTimingGeneric oLow(gsc_o720p);
+    CVidParamTimingGeneric oHigh(gsc_o720p);
+    oLow.SetPixelClockInKiloHz(75000);  // 0.10 %
+    oHigh.SetPixelClockInKiloHz(75200); // 0.50 %; they are 0.26 % apart
+    EXPECT_EQ(0, oLow == oHigh);
+    EXPECT_EQ(1, oHigh == oLow);
+
+    CRVidParamTiming oOne(gsc_oR720p, eRVideoFamily_None);
+    CRVidParamTiming oTwo(gsc_oR720p, eRVideoFamily_None);
+    oOne.Set3D(1);
+    oTwo.Set3D(2);
+    EXPECT_EQ(0, oOne == oTwo);
+    EXPECT_EQ(2 * 74250U, oTwo.GetEffectivePixelClockInKiloHz()) << "any value but 0";
+}
+
+// ---- Assignment ----
+
+TEST(Assignment, GoesThroughTheStoredHertzBetweenTheStorageClasses)
+{
+    CRVidParamTiming oOther;
+    CVidParamTimingGeneric oBack;
+    for (const unsigned int uiFlags : { 1U | 4 | 8 | 16 | 32, 0U, 1U, 4U, 8U, 16U, 32U }) // none of before stays
+    {
+        CVidParamTimingGeneric oGeneric(gsc_o1080i);
+        oGeneric.GetData().uiFlags = uiFlags;
+        oGeneric.SetPixelClockInHz(74175824);
+        oGeneric.SetHorizontalRateInHz(33716);
+        CAllValues auiExpected = ReadAll(oGeneric);
+        auiExpected[gsc_uiClockInKiloHz] = 74176; // rounded, where oGeneric itself reads 74175
+        auiExpected[gsc_uiLineRateInKiloHz] = 34;
+        oOther = oGeneric;
+        EXPECT_EQ(auiExpected, ReadAll(oOther));
+        oBack = oOther;
+        EXPECT_EQ(auiExpected, ReadAll(oBack));
+        EXPECT_EQ(uiFlags, oBack.GetData().uiFlags);
+        EXPECT_EQ(74176000U, oBack.GetPixelClockInHz());
+    }
+    const CCallNames asExpected = { "HActive", "VActive", "Interlaced", "420",       "3D",        "ClockHz",
+                                    "HRateHz", "HFront",  "HSync",      "HBack",     "HPolarity", "VRate",
+                                    "VFront",  "VSync",   "VBack",      "VPolarity", "Type" };
+    CRecordingTiming oRecording;
+    oRecording = oOther;
+    EXPECT_EQ(asExpected, oRecording.m_asCalls);
+}
+
+TEST(Assignment, OfOneClassCopiesTheRecordThroughTheBaseOnlyItsFields)
+{
+    const CVidParamTimingGeneric oSource(gsc_oMarked);
+    CVidParamTimingGeneric oTarget;
+    oTarget = oSource;
+    EXPECT_TRUE(IsMarked(oTarget));
+    CVidParamTimingGeneric oThroughBase;
+    static_cast<CVidParamTiming&>(oThroughBase) = oSource;
+    EXPECT_EQ(0x3DU, oThroughBase.GetData().uiFlags);
+}
+
+TEST(Assignment, OfTheKiloHertzClassCopiesWhatHertzCannotCarry)
+{
+    tagRVideo_VidParam oRecord = gsc_oR720p;
+    oRecord.uiPixelClockInKiloHz = 4294968; // wraps in hertz
+    oRecord.auiReserved[1] = 7;
+    oRecord.uiFlags = 2; // bottom field first
+    CRVidParamTiming oSource(oRecord, static_cast<RVideo_VidParamFamily>(9));
+    oSource.Set3D(2);
+    oSource.Set420ColorSpace(4);
+    CRVidParamTiming oTarget(tagRVideo_VidParam{}, eRVideoFamily_Cea);
+    oTarget = oSource;
+    CVidParamTiming& oSelf = oTarget;
+    oSelf = oTarget; // to itself, field by field: would wrap the clock if it did anything
+    EXPECT_EQ(0, memcmp(&oRecord, &oTarget.GetRVideoVidParam(), sizeof(oRecord)));
+    EXPECT_EQ(2, oTarget.Is3D());
+    EXPECT_EQ(4, oTarget.Is420ColorSpace());
+    EXPECT_EQ(CVidParamTiming::eVidParamType_Unknown, oTarget.GetVideoFamilyType());
+}
+}

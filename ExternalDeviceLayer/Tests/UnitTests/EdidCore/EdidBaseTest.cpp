@@ -56,34 +56,22 @@ TEST(EmptyObject, TakesTwoSettersAndKeepsTheChecksumByte)
 
 TEST(EdidSize, EndsAtTheFirstZeroBlock)
 {
-    const struct
-    {
-        const char* m_pszName;
-        unsigned int m_uiSize;
-        std::vector<size_t> m_auiUsed; // offsets of the bytes that are not zero
-        unsigned int m_uiExpected;
-        unsigned int m_uiLines; // assertion lines
-    } aoCases[] = {
-        { "two blocks", 256, { 0, 128 }, 256, 0 },
-        { "last byte alone counts", 128, { 127 }, 128, 0 },
-        { "second block is zero", 256, { 5 }, 128, 0 },
-        { "zero block hides the next", 256, { 130, 255 }, 0, 0 },
-        { "part of a block at the end", 200, { 0, 199 }, 128, 1 },
-        { "less than a block", 100, { 0, 99 }, 0, 1 },
-        { "empty", 0, {}, 0, 0 },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        CBytes aui8Data(oCase.m_uiSize);
-        for (const size_t uiUsed : oCase.m_auiUsed)
-        {
-            aui8Data[uiUsed] = 1;
-        }
+    // The bytes at these offsets are not zero.
+    const auto Expect = [](const char* pszName, unsigned int uiSize, const std::vector<size_t>& auiUsed,
+                           unsigned int uiExpected, unsigned int uiLines) {
+        CBytes aui8Data(uiSize);
+        std::for_each(auiUsed.begin(), auiUsed.end(), [&](size_t uiUsed) { aui8Data[uiUsed] = 1; });
         CCapturedOutput oOutput;
-        EXPECT_EQ(oCase.m_uiExpected, CEdidBase::GetEdidSizeFromData(oCase.m_uiSize, CopyToHeap(aui8Data).get()));
-        EXPECT_EQ(oCase.m_uiLines, oOutput.TakeAssertionCount());
-    }
+        EXPECT_EQ(uiExpected, CEdidBase::GetEdidSizeFromData(uiSize, CopyToHeap(aui8Data).get())) << pszName;
+        EXPECT_EQ(uiLines, oOutput.TakeAssertionCount()) << pszName;
+    };
+    Expect("two blocks", 256, { 0, 128 }, 256, 0);
+    Expect("last byte alone counts", 128, { 127 }, 128, 0);
+    Expect("second block is zero", 256, { 5 }, 128, 0);
+    Expect("zero block hides the next", 256, { 130, 255 }, 0, 0);
+    Expect("part of a block at the end", 200, { 0, 199 }, 128, 1);
+    Expect("less than a block", 100, { 0, 99 }, 0, 1);
+    Expect("empty", 0, {}, 0, 0);
     EXPECT_EQ(0U, CEdidBase::GetEdidSizeFromData(128, nullptr));
 }
 
@@ -169,27 +157,19 @@ TEST(Identity, TextsFillTheGivenSizeAndNoMore)
 // Only bytes 0, 1, 2 and 4 of zero make a display descriptor; of several with a tag the first counts.
 TEST(Identity, TextComesFromTheFirstDisplayDescriptorOfItsTag)
 {
-    const struct
-    {
-        const char* m_pszName;
-        CBytes m_aui8First; // "yes" stands behind it
-        const char* m_pszExpected;
-    } aoCases[] = {
-        { "the first of two", { 0, 0, 0, 0xFC, 0, 'n', 'o', 0x0A }, "no" },
-        { "a text that ends at once", { 0, 0, 0, 0xFC, 0, 0x0A, 'n', 'o' }, "" },
-        { "another tag", { 0, 0, 0, 0xFE, 0, 'n', 'o' }, "yes" },
-        { "byte 0", { 1, 0, 0, 0xFC, 0, 'n', 'o' }, "yes" },
-        { "byte 1", { 0, 1, 0, 0xFC, 0, 'n', 'o' }, "yes" },
-        { "byte 2", { 0, 0, 1, 0xFC, 0, 'n', 'o' }, "yes" },
-        { "byte 4", { 0, 0, 0, 0xFC, 1, 'n', 'o' }, "yes" },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        const CLoadedBase oBase({ { 90, oCase.m_aui8First }, { 108, { 0, 0, 0, 0xFC, 0, 'y', 'e', 's', 0x0A } } });
+    const auto Expect = [](const char* pszExpected, const CBytes& aui8First) {
+        const CLoadedBase oBase({ { 90, aui8First }, { 108, { 0, 0, 0, 0xFC, 0, 'y', 'e', 's', 0x0A } } });
         char szText[14] = "old";
-        EXPECT_EQ(oCase.m_pszExpected[0] != '\0' ? 1 : 0, oBase.GetMonitorName(szText, 14)) << oCase.m_pszName;
-        EXPECT_STREQ(oCase.m_pszExpected, szText) << oCase.m_pszName;
-    }
+        EXPECT_EQ(pszExpected[0] != '\0' ? 1 : 0, oBase.GetMonitorName(szText, sizeof(szText)));
+        EXPECT_STREQ(pszExpected, szText);
+    };
+    Expect("no", { 0, 0, 0, 0xFC, 0, 'n', 'o', 0x0A });
+    Expect("", { 0, 0, 0, 0xFC, 0, 0x0A, 'n', 'o' }); // ends at once
+    Expect("yes", { 0, 0, 0, 0xFE, 0, 'n', 'o' });    // another tag
+    Expect("yes", { 1, 0, 0, 0xFC, 0, 'n', 'o' });
+    Expect("yes", { 0, 1, 0, 0xFC, 0, 'n', 'o' });
+    Expect("yes", { 0, 0, 1, 0xFC, 0, 'n', 'o' });
+    Expect("yes", { 0, 0, 0, 0xFC, 1, 'n', 'o' });
 }
 
 TEST(Identity, RangeLimits)
@@ -219,55 +199,33 @@ TEST(Setters, ChangeNothingWhereTheValueStandsAlready)
     EXPECT_EQ((CBytes{ 0x79, 0x56, 0x34, 0x92 }), BytesOf(oBase, 12, 4));
 }
 
-TEST(VideoInput, OtherInputsAndOlderBlocksAreRefused)
+// Digital, version 1, revision 4 or later; else refused, with a line for each condition that fails and one more.
+TEST(VideoInput, DepthAndInterfaceOfEveryKindOfBlock)
 {
-    const struct
+    for (const CBytes& aui8Version : { CBytes{ 1, 3 }, { 1, 4 }, { 1, 5 }, { 2, 0 }, { 2, 4 } })
     {
-        const char* m_pszName;
-        CBytes m_aui8FromVersion; // version, revision, video input
-        unsigned int m_uiLines;   // one for each condition that fails, and one for the refusal
-    } aoCases[] = { { "1.3 digital", { 1, 3, 0xA5 }, 2 },
-                    { "1.4 analog", { 1, 4, 0x25 }, 2 },
-                    { "2.4 digital", { 2, 4, 0xA5 }, 2 },
-                    { "2.0 analog", { 2, 0, 0x25 }, 4 } };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        CLoadedBase oBase({ { 18, oCase.m_aui8FromVersion } });
-        CEditCheck oCheck(oBase);
-        CEdidBase::EColorBitDepth eDepth = CEdidBase::eColorBitDepth12;
-        EXPECT_EQ(0, oBase.GetColorBitDepth(eDepth));
-        EXPECT_EQ(CEdidBase::eColorBitDepthReserved, eDepth);
-        EXPECT_EQ(0, oBase.SetColorBitDepth(CEdidBase::eColorBitDepth10));
-        oCheck.ExpectUnchanged();
+        for (unsigned int uiInput = 0; uiInput <= 0xFF; uiInput += 0x0F) // every value of both nibbles
+        {
+            SCOPED_TRACE(testing::Message() << +aui8Version[0] << "." << +aui8Version[1] << " " << uiInput);
+            CLoadedBase oBase({ { 18, aui8Version }, { 20, { static_cast<unsigned char>(uiInput) } } });
+            const unsigned int uiFailed =
+                (uiInput < 0x80 ? 1U : 0U) + (aui8Version[0] != 1 ? 1U : 0U) + (aui8Version[1] < 4 ? 1U : 0U);
+            const int iExpected = uiFailed == 0 ? 1 : 0;
+            CCapturedOutput oOutput;
+            CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceMddi;
+            EXPECT_EQ(iExpected, oBase.GetDigitalVideoInterface(eInterface));
+            EXPECT_EQ(iExpected != 0 ? std::min(uiInput % 16, 6U) : 0U, static_cast<unsigned int>(eInterface));
+            EXPECT_EQ(iExpected != 0 ? 0 : uiFailed + 1, oOutput.TakeAssertionCount());
 
-        CCapturedOutput oOutput;
-        CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceMddi;
-        EXPECT_EQ(0, oBase.GetDigitalVideoInterface(eInterface));
-        EXPECT_EQ(CEdidBase::eDigitalInterfaceNotDefined, eInterface);
-        EXPECT_EQ(oCase.m_uiLines, oOutput.TakeAssertionCount());
-    }
-}
-
-TEST(VideoInput, EveryDigitalByte)
-{
-    for (unsigned int uiByte = 0x80; uiByte < 0x100; ++uiByte)
-    {
-        SCOPED_TRACE(uiByte);
-        const unsigned char ui8Revision = uiByte % 2 == 0 ? 4 : 5;
-        CLoadedBase oBase({ { 18, { 1, ui8Revision, static_cast<unsigned char>(uiByte) } } });
-        CEdidBase::EColorBitDepth eDepth = CEdidBase::eColorBitDepthUndefined;
-        EXPECT_EQ(1, oBase.GetColorBitDepth(eDepth));
-        EXPECT_EQ((uiByte - 0x80) / 16, static_cast<unsigned int>(eDepth));
-        CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceNotDefined;
-        EXPECT_EQ(1, oBase.GetDigitalVideoInterface(eInterface));
-        EXPECT_EQ(std::min(uiByte % 16, 6U), static_cast<unsigned int>(eInterface));
-
-        const unsigned int uiOther = 7U - eDepth;
-        CEditCheck oCheck(oBase);
-        EXPECT_EQ(1, oBase.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(uiOther)));
-        oCheck.ExpectEdited({ { 20, 1 } });
-        EXPECT_EQ(0x80 + uiOther * 16 + uiByte % 16, oBase.GetBaseBlock()[20]);
+            CEdidBase::EColorBitDepth eDepth = CEdidBase::eColorBitDepth12;
+            EXPECT_EQ(iExpected, oBase.GetColorBitDepth(eDepth));
+            EXPECT_EQ(iExpected != 0 ? uiInput / 16 % 8 : 7U, static_cast<unsigned int>(eDepth));
+            const unsigned int uiOther = 7 - uiInput / 16 % 8;
+            CEditCheck oCheck(oBase);
+            EXPECT_EQ(iExpected, oBase.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(uiOther)));
+            iExpected != 0 ? oCheck.ExpectEdited({ { 20, 1 } }) : oCheck.ExpectUnchanged();
+            EXPECT_EQ(iExpected != 0 ? 0x80 + uiOther * 16 + uiInput % 16 : uiInput, oBase.GetBaseBlock()[20]);
+        }
     }
 }
 }

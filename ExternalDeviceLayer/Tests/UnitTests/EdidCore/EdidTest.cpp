@@ -8,7 +8,6 @@
 #include <array>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "BaseBlockImage.h"
 #include "CapturedOutput.h"
@@ -55,15 +54,22 @@ public:
 std::string StandardName(const CEdid& oEdid, unsigned int uiIndex)
 {
     CVidParamTimingGeneric oTiming;
-    int bNative = 7;
-    const bool bFound = oEdid.GetStandard(uiIndex, &oTiming, &bNative) != 0;
-    return bFound ? NameOf(oTiming) + (bNative == 0 ? "" : bNative == 1 ? "*" : "?") : "none";
+    int iNative = 7;
+    const bool bFound = oEdid.GetStandard(uiIndex, &oTiming, &iNative) != 0;
+    return bFound ? NameOf(oTiming) + (iNative == 0 ? "" : "*") : "none";
 }
 
-std::string DetailedName(const CEdid& oEdid, unsigned int uiIndex)
+// All of them, and that there are no more.
+std::string DetailedNames(const CEdid& oEdid)
 {
+    std::string sNames;
     CVidParamTimingGeneric oTiming;
-    return oEdid.GetDetailed(uiIndex, &oTiming) != 0 ? NameOf(oTiming) : "none";
+    for (unsigned int i = 0; i < oEdid.GetDetailedCount(); ++i)
+    {
+        sNames += oEdid.GetDetailed(i, &oTiming) != 0 ? NameOf(oTiming) + " " : "none ";
+    }
+    EXPECT_EQ(0, oEdid.GetDetailed(oEdid.GetDetailedCount(), &oTiming));
+    return sNames;
 }
 
 // ---- Loading ----
@@ -196,85 +202,54 @@ TEST(EdidNumbering, StandardTimingsOfBaseThenBlocks)
     EXPECT_EQ(1, oEdid.GetBaseStandard(CEdidBase::eStandardSlot5, nullptr, nullptr));
 }
 
+// A record without a clock counts but is refused, and a DisplayID block refuses each removal: the next block that is
+// long enough is then asked for the same position, not for the next one.
 TEST(EdidNumbering, DetailedTimingsOfBaseThenBlocks)
 {
-    // A record without a clock counts but is refused, and the next block that is long enough is then asked for the same
-    // position, not for the next one.
     CBytes aui8NoClock = Type1Record1080p();
     std::fill_n(aui8NoClock.begin(), 3, static_cast<unsigned char>(0));
     const CBytes aui8TwoRecords =
         MakeDisplayIdBlock(Join({ MakeDataBlock(3, 0, aui8NoClock), MakeDataBlock(4, 0, Type2Record720p()) }));
-    const struct
-    {
-        const char* m_pszName;
-        CBytes m_aui8DisplayId; // the CEA-861 block stands behind it
-        std::vector<std::string> m_asExpected;
-    } aoCases[] = {
-        { "all", gsc_aui8DisplayId, { "3840x2160@60", "3840x2160@30", "1280x720@60", "1920x1080@60", "2560x1440@60" } },
-        { "a refusal goes on with the same rest",
-          aui8TwoRecords,
-          { "3840x2160@60", "3840x2160@30", "1920x1080@60", "1280x720@60", "1920x1080@60", "2560x1440@60" } },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        const CLoadedEdid oEdid(LgWith(2, { oCase.m_aui8DisplayId, gsc_aui8Cea }));
-        EXPECT_EQ(2U, oEdid.GetBaseDetailedCount());
-        ASSERT_EQ(oCase.m_asExpected.size(), oEdid.GetDetailedCount());
-        for (unsigned int i = 0; i < oCase.m_asExpected.size(); ++i)
-        {
-            EXPECT_EQ(oCase.m_asExpected[i], DetailedName(oEdid, i)) << i;
-        }
-        EXPECT_EQ("none", DetailedName(oEdid, oEdid.GetDetailedCount()));
-        EXPECT_EQ(1, oEdid.GetBaseDetailed(1, nullptr));
-        EXPECT_EQ(0, oEdid.GetBaseDetailed(2, nullptr));
-    }
+    CLoadedEdid oOne(LgWith(2, { gsc_aui8DisplayId, gsc_aui8Cea }));
+    CLoadedEdid oTwo(LgWith(2, { aui8TwoRecords, gsc_aui8Cea }));
+    EXPECT_EQ("3840x2160@60 3840x2160@30 1280x720@60 1920x1080@60 2560x1440@60 ", DetailedNames(oOne));
+    EXPECT_EQ("3840x2160@60 3840x2160@30 1920x1080@60 1280x720@60 1920x1080@60 2560x1440@60 ", DetailedNames(oTwo));
+    EXPECT_EQ(2U, oOne.GetBaseDetailedCount());
+    EXPECT_EQ(1, oOne.GetBaseDetailed(1, nullptr));
+    EXPECT_EQ(0, oOne.GetBaseDetailed(2, nullptr));
+
+    CEditCheck oBase(oOne);
+    ASSERT_NE(0, oOne.RemoveDetailed(1));
+    oBase.ExpectEdited({ { 72, 18 } });
+    EXPECT_EQ("3840x2160@60 1280x720@60 1920x1080@60 2560x1440@60 ", DetailedNames(oOne));
+    CEditCheck oBlock(oTwo);
+    ASSERT_NE(0, oTwo.RemoveDetailed(3));
+    oBlock.ExpectEdited({ { 256 + 35, 18 } });
+    EXPECT_EQ("3840x2160@60 3840x2160@30 1920x1080@60 1280x720@60 1920x1080@60 ", DetailedNames(oTwo));
+    CEditCheck oRefused(oOne);
+    EXPECT_EQ(0, oOne.RemoveDetailed(0)); // preferred: the base block's refusal is final, no block is asked instead
+    EXPECT_EQ(0, oOne.RemoveDetailed(4));
+    oRefused.ExpectUnchanged();
 }
 
-// From an LG with a DisplayID block of two records, which refuses removals, ahead of its own block.
-TEST(EdidNumbering, RemovalStaysInItsBlock)
+TEST(EdidNumbering, StandardRemovalStaysInItsBlock)
 {
-    const CBytes aui8TwoRecords =
-        MakeDisplayIdBlock(Join({ MakeDataBlock(3, 0, Type1Record1080p()), MakeDataBlock(4, 0, Type2Record720p()) }));
-    const struct
-    {
-        const char* m_pszName;
-        int (CEdid::*m_pfnRemove)(unsigned int);
-        unsigned int m_uiIndex;
-        SEditedBytes m_oEdited; // none: refused
-        const char* m_pszNext;  // the timing that has this index now
-    } aoCases[] = {
-        { "standard, base block", &CEdid::RemoveStandard, 5, { 38, 16 }, "1920x1080@60*" },
-        { "standard, block: its code stands for two", &CEdid::RemoveStandard, 7, { 256 + 4, 123 }, "1280x720@59" },
-        { "standard, beyond", &CEdid::RemoveStandard, 14, { 0, 0 }, "none" },
-        { "detailed, preferred: no block is asked instead", &CEdid::RemoveDetailed, 0, { 0, 0 }, "3840x2160@60" },
-        { "detailed, base block", &CEdid::RemoveDetailed, 1, { 72, 18 }, "1920x1080@60" },
-        { "detailed, refused by one block, the same rest of the next",
-          &CEdid::RemoveDetailed,
-          3,
-          { 256 + 35, 18 },
-          "1280x720@60" },
-        { "detailed, block", &CEdid::RemoveDetailed, 4, { 256 + 17, 36 }, "2560x1440@60" },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        CLoadedEdid oEdid(LgWith(2, { aui8TwoRecords, gsc_aui8Cea }));
-        CEditCheck oCheck(oEdid);
-        const int iResult = (oEdid.*oCase.m_pfnRemove)(oCase.m_uiIndex);
-        EXPECT_EQ(oCase.m_oEdited.m_uiCount != 0, iResult != 0);
-        iResult != 0 ? oCheck.ExpectEdited({ oCase.m_oEdited }) : oCheck.ExpectUnchanged();
-        EXPECT_EQ(oCase.m_pszNext, oCase.m_pfnRemove == &CEdid::RemoveStandard ? StandardName(oEdid, oCase.m_uiIndex)
-                                                                               : DetailedName(oEdid, oCase.m_uiIndex));
-    }
+    CLoadedEdid oEdid(gsc_aui8Lg);
+    CEditCheck oBase(oEdid);
+    ASSERT_EQ(1, oEdid.RemoveStandard(1));
+    oBase.ExpectEdited({ { 38, 16 } });
+    EXPECT_EQ("1920x1080@60*", StandardName(oEdid, 5)); // the block's first
+    CEditCheck oBlock(oEdid);
+    ASSERT_NE(0, oEdid.RemoveStandard(6)); // its 1000/1001 twin; the code stands for both
+    oBlock.ExpectEdited({ { 128 + 4, 123 } });
+    EXPECT_EQ(5U + 6U, oEdid.GetStandardCount());
+    EXPECT_EQ("1280x720@60", StandardName(oEdid, 5));
+    EXPECT_EQ(0, oEdid.RemoveStandard(11));
 }
 
 TEST(EdidNumbering, EstablishedTimingsAreTheBaseBlocks)
 {
     CLoadedEdid oEdid(gsc_aui8Lg);
-    CVidParamTimingGeneric oTiming;
-    EXPECT_EQ(1, oEdid.GetEstablished(2, &oTiming, 1));
-    EXPECT_EQ("1024x768@60", NameOf(oTiming));
     EXPECT_EQ(1, oEdid.SetEstablished(2, 0, 0));
     EXPECT_EQ(0, oEdid.IsChecksumValid());
     EXPECT_EQ(1, oEdid.SetEstablished(1, 1, 1)); // is set already
@@ -314,35 +289,22 @@ TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
 
 TEST(ExtBlockFactory, BytesDecideTheClass)
 {
-    const struct
-    {
-        const char* m_pszName;
-        CBytes m_aui8Data;
-        unsigned int m_uiType;  // 0: no object
-        unsigned int m_uiLines; // the factory's, behind one of each class for data that is too short
-    } aoCases[] = {
-        { "CEA-861", gsc_aui8Cea, 2, 0 },
-        { "DisplayID", gsc_aui8DisplayId, 112, 0 },
-        { "CEA-861 with a wrong checksum", WithChange(gsc_aui8Cea, 127, 0), 0, 1 },
-        { "CEA-861 of an unknown revision", FixChecksums(WithChange(gsc_aui8Cea, 1, 4)), 0, 1 },
-        { "zeros", CBytes(128), 0, 1 },
-        { "too short", CBytes(gsc_aui8Cea.begin(), gsc_aui8Cea.end() - 1), 0, 3 },
-        { "null", {}, 0, 3 },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        const bool bNull = oCase.m_aui8Data.empty();
+    // Type 0: no object. Lines: the factory's, behind one of each class for data that is too short.
+    const auto Expect = [](const char* pszName, unsigned int uiType, unsigned int uiLines,
+                           const unsigned char* pui8Data, size_t uiSize) {
         CCapturedOutput oOutput;
         const std::unique_ptr<CEdidExtBlock> poBlock(
-            CEdidExtBlock::CreateExtensionBlock(bNull ? 128 : static_cast<unsigned int>(oCase.m_aui8Data.size()),
-                                                bNull ? nullptr : CopyToHeap(oCase.m_aui8Data).get(), 0));
-        EXPECT_EQ(oCase.m_uiLines, oOutput.TakeAssertionCount());
-        ASSERT_EQ(oCase.m_uiType, poBlock != nullptr ? poBlock->GetExtensionType() : 0);
-        if (poBlock != nullptr)
-        {
-            EXPECT_EQ(oCase.m_aui8Data, CBytes(poBlock->GetData(), poBlock->GetData() + 128)); // a copy of its own
-        }
-    }
+            CEdidExtBlock::CreateExtensionBlock(static_cast<unsigned int>(uiSize), pui8Data, 0));
+        EXPECT_EQ(uiLines, oOutput.TakeAssertionCount()) << pszName;
+        EXPECT_EQ(uiType, poBlock != nullptr ? poBlock->GetExtensionType() : 0) << pszName;
+        EXPECT_TRUE(poBlock == nullptr || poBlock->GetData() != pui8Data) << pszName << ": a copy of its own";
+    };
+    Expect("CEA-861", 2, 0, gsc_aui8Cea.data(), 128);
+    Expect("DisplayID", 112, 0, gsc_aui8DisplayId.data(), 128);
+    Expect("CEA-861 with a wrong checksum", 0, 1, WithChange(gsc_aui8Cea, 127, 0).data(), 128);
+    Expect("CEA-861 of an unknown revision", 0, 1, FixChecksums(WithChange(gsc_aui8Cea, 1, 4)).data(), 128);
+    Expect("zeros", 0, 1, CBytes(128).data(), 128);
+    Expect("too short", 0, 3, CopyToHeap(CBytes(gsc_aui8Cea.begin(), gsc_aui8Cea.end() - 1)).get(), 127);
+    Expect("null", 0, 3, nullptr, 128);
 }
 }

@@ -107,29 +107,21 @@ TEST(Search, NumbersTheRowsThatPassInTableOrder)
 
 TEST(Search, KindsSplitTheTables)
 {
-    const auto Count = [](auto fnFind) {
-        unsigned int uiCount = 0;
-        while (fnFind(uiCount) != 0)
-        {
-            ++uiCount;
-        }
-        return uiCount;
-    };
     const unsigned int auiCea[] = { 0, 122, 7 };        // by scan: none, progressive, interlaced
     const unsigned int auiDmt[] = { 0, 88, 60, 28, 0 }; // by list: none, all, standard, reduced, none
-    for (int iScan = 0; iScan < 3; ++iScan)
+    const auto IsInCea = [](unsigned int uiIndex, unsigned int uiScan) {
+        return CVidParamCea::GetVidParam(uiIndex, nullptr, 0, 0, 0, static_cast<CVidParamCea::EScanType>(uiScan)) != 0;
+    };
+    const auto IsInDmt = [](unsigned int uiIndex, unsigned int uiList) {
+        return CVidParamDmt::GetVidParam(uiIndex, nullptr, 0, 0, 0, CVidParamDmt::EModeListType{ uiList }) != 0;
+    };
+    for (unsigned int i = 0; i < 130; ++i)
     {
-        EXPECT_EQ(auiCea[iScan], Count([&](unsigned int i) {
-                      return CVidParamCea::GetVidParam(i, nullptr, 0, 0, 0,
-                                                       static_cast<CVidParamCea::EScanType>(iScan));
-                  }));
-    }
-    for (unsigned int uiList = 0; uiList < 5; ++uiList)
-    {
-        EXPECT_EQ(auiDmt[uiList], Count([&](unsigned int i) {
-                      return CVidParamDmt::GetVidParam(i, nullptr, 0, 0, 0,
-                                                       static_cast<CVidParamDmt::EModeListType>(uiList));
-                  }));
+        for (unsigned int uiKind = 0; uiKind < 5; ++uiKind)
+        {
+            EXPECT_TRUE(uiKind > 2 || IsInCea(i, uiKind) == (i < auiCea[uiKind])) << i << ", scan " << uiKind;
+            EXPECT_EQ(i < auiDmt[uiKind], IsInDmt(i, uiKind)) << i << ", list " << uiKind;
+        }
     }
 }
 

@@ -73,30 +73,21 @@ TEST(FrontDoor, EachTypeAsksItsOwnSource)
 
 TEST(FrontDoor, NoSourceOrARefusalIsReportedOnceAndLeavesTheTiming)
 {
-    const struct
-    {
-        EType m_eType;
-        unsigned int m_uiWidth;
-        unsigned int m_uiHeight;
-    } aoCases[] = {
-        { CVidParamTiming::eVidParamType_None, 1920, 1080 },
-        { CVidParamTiming::eVidParamType_Detailed, 1920, 1080 },
-        { CVidParamTiming::eVidParamType_Unknown, 1920, 1080 },
-        { static_cast<EType>(7), 1920, 1080 },
-        { CVidParamTiming::eVidParamType_Dmt, 3440, 1440 }, // no such row, and no formula instead
-        { CVidParamTiming::eVidParamType_DmtReducedBlanking, 640, 480 },
-        { CVidParamTiming::eVidParamType_Cea, 1024, 768 },
-        { CVidParamTiming::eVidParamType_Smpte, 1920, 1080 },
-        { CVidParamTiming::eVidParamType_Cvt, 200, 150 }, // its line period is above 100 us
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_eType);
+    const auto Expect = [](unsigned int uiType, unsigned int uiWidth, unsigned int uiHeight) {
         CVidParamTimingGeneric oTiming(gsc_oMarked);
         CCapturedOutput oOutput;
-        EXPECT_EQ(0, CVidParamTimingFunc::GetTiming(oCase.m_uiWidth, oCase.m_uiHeight, 60, oCase.m_eType, oTiming));
-        EXPECT_EQ(1U, oOutput.TakeAssertionCount());
-        EXPECT_TRUE(IsMarked(oTiming));
+        EXPECT_EQ(0, CVidParamTimingFunc::GetTiming(uiWidth, uiHeight, 60, static_cast<EType>(uiType), oTiming));
+        EXPECT_EQ(1U, oOutput.TakeAssertionCount()) << uiType;
+        EXPECT_TRUE(IsMarked(oTiming)) << uiType;
+    };
+    for (const unsigned int uiTypeWithoutSource : { 0U, 7U, 32U, 255U })
+    {
+        Expect(uiTypeWithoutSource, 1920, 1080);
     }
+    Expect(CVidParamTiming::eVidParamType_Dmt, 3440, 1440); // no such row, and no formula instead
+    Expect(CVidParamTiming::eVidParamType_DmtReducedBlanking, 640, 480);
+    Expect(CVidParamTiming::eVidParamType_Cea, 1024, 768);
+    Expect(CVidParamTiming::eVidParamType_Smpte, 1920, 1080);
+    Expect(CVidParamTiming::eVidParamType_Cvt, 200, 150); // its line period is above 100 us
 }
 }

@@ -46,15 +46,13 @@ TEST(Slots, StandInTheirOrder)
         &T::SetHorizontalFrontPorch, &T::SetHorizontalSync, &T::SetHorizontalBackPorch,
         &T::SetHorizontalPolarityPositive, &T::SetVerticalRateInHz, &T::SetVerticalFrontPorch, &T::SetVerticalSync,
         &T::SetVerticalBackPorch, &T::SetVerticalPolarityPositive, &T::SetInterlaced, &T::Set420ColorSpace, &T::Set3D,
-        &T::SetVideoFamilyType, &T::operator=);
-    ASSERT_EQ(49U, auiSlots.size());
+        &T::SetVideoFamilyType, &T::operator=, &CVidParamTimingGeneric::GetHorizontalTotal,
+        &CVidParamTimingGeneric::GetVerticalTotal, &CVidParamTimingGeneric::IsOverscan);
+    ASSERT_EQ(52U, auiSlots.size());
     for (size_t i = 0; i < auiSlots.size(); ++i)
     {
         EXPECT_EQ(i + 2, auiSlots[i]);
     }
-    using G = CVidParamTimingGeneric;
-    EXPECT_EQ((std::vector<size_t>{ 51, 52, 53 }),
-              SlotsOf(&G::GetHorizontalTotal, &G::GetVerticalTotal, &G::IsOverscan));
     EXPECT_EQ(std::vector<size_t>{ 51 }, SlotsOf(&CRVidParamTiming::IsOverscan));
 }
 #endif
@@ -148,45 +146,33 @@ TEST(Storage, InKiloHertzKnowsTheSourcesThatHaveANumberThere)
 
 // ---- Derived values ----
 
-using Derived = std::array<unsigned int, 5>; // totals, line rate in Hz and kHz, vertical rate
-
-Derived DerivedOf(const CVidParamTiming& o)
+// Totals, line rate in Hz and in kHz, vertical rate.
+void ExpectDerived(const CVidParamTiming& o, const std::array<unsigned int, 5>& auiExpected)
 {
-    return { o.ComputeHorizontalTotalPixel(), o.ComputeVerticalTotalLine(), o.ComputeHorizontalRateInHz(),
-             o.ComputeHorizontalRateInKiloHz(), o.ComputeVerticalRateInHz() };
+    const std::array<unsigned int, 5> auiValues = { o.ComputeHorizontalTotalPixel(), o.ComputeVerticalTotalLine(),
+                                                    o.ComputeHorizontalRateInHz(), o.ComputeHorizontalRateInKiloHz(),
+                                                    o.ComputeVerticalRateInHz() };
+    EXPECT_EQ(auiExpected, auiValues);
+    EXPECT_EQ(auiExpected[0], o.GetHorizontalTotal());
+    EXPECT_EQ(auiExpected[1], o.GetVerticalTotal());
 }
 
 TEST(DerivedValues, TotalsAndRates)
 {
-    const struct
-    {
-        const char* m_pszName;
-        CVidParamTimingGeneric m_oTiming;
-        Derived m_auiExpected;
-    } aoCases[] = {
-        { "progressive", CVidParamTimingGeneric(gsc_o720p), { 1650, 750, 45000, 45, 60 } },
-        // 33.75 kHz from the clock in kHz, where the 33,750 Hz would be cut to 33; the rate of a frame
-        { "interlaced: blanking twice", CVidParamTimingGeneric(gsc_o1080i), { 2200, 1125, 33750, 34, 30 } },
-        { "hertz from hertz, not from kHz", MakeTiming(8, 1, 25175999), { 8, 1, 3147000, 3147, 3147000 } },
-        { "half goes up", MakeTiming(1600, 1, 108000000), { 1600, 1, 67500, 68, 67500 } },
-        { "empty", MakeTiming(0, 0, 1000), { 0, 0, 0, 0, 0 } },
-        { "product wraps to 0", MakeTiming(65536, 65536, 0xFFFFFFFF), { 65536, 65536, 65536, 66, 0 } },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        EXPECT_EQ(oCase.m_auiExpected, DerivedOf(oCase.m_oTiming));
-        EXPECT_EQ(oCase.m_auiExpected[0], oCase.m_oTiming.GetHorizontalTotal());
-        EXPECT_EQ(oCase.m_auiExpected[1], oCase.m_oTiming.GetVerticalTotal());
-    }
+    ExpectDerived(CVidParamTimingGeneric(gsc_o720p), { 1650, 750, 45000, 45, 60 });
+    // Interlaced: the blanking counts twice, the vertical rate is that of frames, and 33.75 kHz come from the clock in
+    // kHz, where the 33,750 Hz would be cut to 33.
+    ExpectDerived(CVidParamTimingGeneric(gsc_o1080i), { 2200, 1125, 33750, 34, 30 });
+    ExpectDerived(MakeTiming(8, 1, 25175999), { 8, 1, 3147000, 3147, 3147000 }); // hertz from hertz, not from kHz
+    ExpectDerived(MakeTiming(1600, 1, 108000000), { 1600, 1, 67500, 68, 67500 });
+    ExpectDerived(MakeTiming(0, 0, 1000), { 0, 0, 0, 0, 0 });
+    ExpectDerived(MakeTiming(65536, 65536, 0xFFFFFFFF), { 65536, 65536, 65536, 66, 0 }); // the product wraps to 0
     // Overscan is a part of all, twice where it is that of a field, but not of equality.
-    const CRecordingTiming oOverscan(gsc_o720p);
-    EXPECT_EQ((Derived{ 1650 + 1000, 750 + 100, 28019, 28, 33 }), DerivedOf(oOverscan));
-    EXPECT_EQ((Derived{ 2200 + 1000, 1125 + 200, 23203, 23, 18 }), DerivedOf(CRecordingTiming(gsc_o1080i)));
-    const CVidParamTiming& oBase = oOverscan;
-    EXPECT_EQ(1650U + 1000, oBase.GetHorizontalTotal());
-    EXPECT_EQ(750U + 100, oBase.GetVerticalTotal());
-    EXPECT_EQ(1, oOverscan == CVidParamTimingGeneric(gsc_o720p));
+    ExpectDerived(CRecordingTiming(gsc_o720p), { 1650 + 1000, 750 + 100, 28019, 28, 33 });
+    ExpectDerived(CRecordingTiming(gsc_o1080i), { 2200 + 1000, 1125 + 200, 23203, 23, 18 });
+    EXPECT_EQ(1, CRecordingTiming(gsc_o720p) == CVidParamTimingGeneric(gsc_o720p));
+    EXPECT_EQ(1650U, CVidParamTimingGeneric(gsc_o720p).GetHorizontalTotal()) << "the virtual forms of this class";
+    EXPECT_EQ(750U, CVidParamTimingGeneric(gsc_o720p).GetVerticalTotal());
 }
 
 TEST(DerivedValues, EffectiveClockOfEveryMixOf3DAnd420)
@@ -209,35 +195,25 @@ TEST(DerivedValues, EffectiveClockOfEveryMixOf3DAnd420)
 
 TEST(ClockEquivalence, WithinTheToleranceOfTheOwnClock)
 {
-    const struct
-    {
-        const char* m_pszName;
-        unsigned int m_uiOwnInHz;
-        unsigned int m_uiOtherInHz;
-        int m_iExpected;
-    } aoCases[] = {
-        { "1000/1001 variant", 25175000, 25200000, 1 },
-        { "low beyond a tenth", 25175000, 25210000, 0 },
-        { "high within a half", 148500000, 147800000, 1 },
-        { "high beyond a half", 148500000, 147700000, 0 },      // 53 ten-thousandths
-        { "75,000 kHz is still tight", 75000000, 74850000, 0 }, // 20 ten-thousandths
-        { "75,001 kHz is loose", 75001000, 74850000, 1 },
-        { "the ratio is truncated", 75000000, 75082000, 1 },        // 10.9 ten-thousandths
-        { "the ratio is of the larger", 100000000, 100512000, 1 },  // 50.9 ten-thousandths, of the smaller 51.2
-        { "the product needs 64 bits", 1000000000, 1429497000, 0 }, // difference times 10000 just above 32 bits
-        { "below one kilohertz is no difference", 1000000, 1000999, 1 },
-        { "own zero", 0, 1000, 0 },
-        { "other zero", 74250000, 0, 0 },
-        { "both zero", 0, 0, 1 },
-        { "other under one kilohertz", 1000, 999, 0 },
-        { "both under one kilohertz", 999, 500, 0 },
-        { "the same hertz under one kilohertz", 999, 999, 1 },
+    const auto Expect = [](const char* pszName, int iExpected, unsigned int uiOwnInHz, unsigned int uiOtherInHz) {
+        EXPECT_EQ(iExpected, MakeClock(uiOwnInHz).IsPixelClockInHzEquivalent(uiOtherInHz)) << pszName;
     };
-    for (const auto& oCase : aoCases)
-    {
-        EXPECT_EQ(oCase.m_iExpected, MakeClock(oCase.m_uiOwnInHz).IsPixelClockInHzEquivalent(oCase.m_uiOtherInHz))
-            << oCase.m_pszName;
-    }
+    Expect("1000/1001 variant", 1, 25175000, 25200000);
+    Expect("low beyond a tenth", 0, 25175000, 25210000);
+    Expect("high within a half", 1, 148500000, 147800000);
+    Expect("high beyond a half", 0, 148500000, 147700000);      // 53 ten-thousandths
+    Expect("75,000 kHz is still tight", 0, 75000000, 74850000); // 20 ten-thousandths
+    Expect("75,001 kHz is loose", 1, 75001000, 74850000);
+    Expect("the ratio is truncated", 1, 75000000, 75082000);        // 10.9 ten-thousandths
+    Expect("the ratio is of the larger", 1, 100000000, 100512000);  // 50.9 ten-thousandths, of the smaller 51.2
+    Expect("the product needs 64 bits", 0, 1000000000, 1429497000); // difference times 10000 just above 32 bits
+    Expect("below one kilohertz is no difference", 1, 1000000, 1000999);
+    Expect("own zero", 0, 0, 1000);
+    Expect("other zero", 0, 74250000, 0);
+    Expect("both zero", 1, 0, 0);
+    Expect("other under one kilohertz", 0, 1000, 999);
+    Expect("both under one kilohertz", 0, 999, 500);
+    Expect("the same hertz under one kilohertz", 1, 999, 999);
     EXPECT_EQ(1, MakeClock(75200000).IsPixelClockInKiloHzEquivalent(75000));
     EXPECT_EQ(1, MakeClock(704).IsPixelClockInKiloHzEquivalent(4294968)) << "704 Hz beyond 32 bits";
 }
@@ -270,31 +246,19 @@ TEST(Equality, WhatCountsForItAndForTheCode)
         ExpectAfterChange(oField.m_pszName, bTolerant ? 1 : 0, i == gsc_uiLineRateInKiloHz ? 1 : 0,
                           [&](CVidParamTiming& o) { (o.*oField.m_pfnSet)((o.*oField.m_pfnGet)() + 1); });
     }
-    const struct
-    {
-        const char* m_pszName;
-        int m_iEqual;
-        int m_iHasCode;
-        void (*m_pfnChange)(CVidParamTiming&);
-    } aoCases[] = {
-        { "none", 1, 1, [](CVidParamTiming&) {} },
-        { "scan", 0, 0, [](CVidParamTiming& o) { o.SetInterlaced(1); } },
-        { "horizontal polarity", 1, 0, [](CVidParamTiming& o) { o.SetHorizontalPolarityPositive(0); } },
-        { "vertical polarity", 1, 0, [](CVidParamTiming& o) { o.SetVerticalPolarityPositive(0); } },
-        { "3D", 0, 0, [](CVidParamTiming& o) { o.Set3D(1); } },
-        { "4:2:0", 0, 0, [](CVidParamTiming& o) { o.Set420ColorSpace(1); } },
-        { "4:2:0 and its clock", 0, 1,
-          [](CVidParamTiming& o) { o.Set420ColorSpace(1), o.SetPixelClockInHz(148500000); } },
-        { "line rate 1 kHz down", 1, 1, [](CVidParamTiming& o) { o.SetHorizontalRateInKiloHz(44); } },
-        { "line rate 2 kHz up", 0, 1, [](CVidParamTiming& o) { o.SetHorizontalRateInKiloHz(47); } },
-        { "line rate 2 kHz down", 0, 1, [](CVidParamTiming& o) { o.SetHorizontalRateInKiloHz(43); } },
-        { "another clock", 0, 0, [](CVidParamTiming& o) { o.SetPixelClockInKiloHz(73900); } },
-        { "source", 1, 1, [](CVidParamTiming& o) { o.SetVideoFamilyType(CVidParamTiming::eVidParamType_Smpte); } },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        ExpectAfterChange(oCase.m_pszName, oCase.m_iEqual, oCase.m_iHasCode, oCase.m_pfnChange);
-    }
+    using T = CVidParamTiming;
+    ExpectAfterChange("none", 1, 1, [](T&) {});
+    ExpectAfterChange("scan", 0, 0, [](T& o) { o.SetInterlaced(1); });
+    ExpectAfterChange("horizontal polarity", 1, 0, [](T& o) { o.SetHorizontalPolarityPositive(0); });
+    ExpectAfterChange("vertical polarity", 1, 0, [](T& o) { o.SetVerticalPolarityPositive(0); });
+    ExpectAfterChange("3D", 0, 0, [](T& o) { o.Set3D(1); });
+    ExpectAfterChange("4:2:0", 0, 0, [](T& o) { o.Set420ColorSpace(1); });
+    ExpectAfterChange("4:2:0 at its clock", 0, 1, [](T& o) { o.Set420ColorSpace(1), o.SetPixelClockInHz(148500000); });
+    ExpectAfterChange("line rate 1 kHz down", 1, 1, [](T& o) { o.SetHorizontalRateInKiloHz(44); });
+    ExpectAfterChange("line rate 2 kHz up", 0, 1, [](T& o) { o.SetHorizontalRateInKiloHz(47); });
+    ExpectAfterChange("line rate 2 kHz down", 0, 1, [](T& o) { o.SetHorizontalRateInKiloHz(43); });
+    ExpectAfterChange("another clock", 0, 0, [](T& o) { o.SetPixelClockInKiloHz(73900); });
+    ExpectAfterChange("source", 1, 1, [](T& o) { o.SetVideoFamilyType(T::eVidParamType_Smpte); });
 }
 
 TEST(Equality, AsksTheClockOfTheLeftSideAndComparesFlagsAsStored)

@@ -11,11 +11,10 @@
 
 namespace
 {
-CVidParamTimingGeneric MakeTiming(unsigned int uiPixels, unsigned int uiLines, unsigned int uiClockInHz)
+CVidParamTimingGeneric MakeClock(unsigned int uiHz)
 {
-    return CVidParamTimingGeneric({ uiPixels, uiLines, 0, 0, uiClockInHz, 0, 0, 0, 0, 0, 0, 0, {} });
+    return CVidParamTimingGeneric({ 0, 0, 0, 0, uiHz, 0, 0, 0, 0, 0, 0, 0, {} });
 }
-CVidParamTimingGeneric MakeClock(unsigned int uiHz) { return MakeTiming(0, 0, uiHz); }
 
 // ---- Slots ----
 
@@ -68,12 +67,12 @@ TEST(Storage, EverySetterHasItsOwnFieldAndClearingEmptiesThem)
     {
         CAllValues auiExpected{};
         EXPECT_EQ(auiExpected, ReadAll(*poTiming));
-        for (unsigned int i = 0; i < std::size(gsc_aoTimingFields); ++i)
+        for (const STimingField& oField : gsc_aoTimingFields)
         {
-            auiExpected[i] = i + 1;
-            (poTiming->*gsc_aoTimingFields[i].m_pfnSet)(i + 1);
-            EXPECT_EQ(auiExpected, ReadAll(*poTiming)) << gsc_aoTimingFields[i].m_pszName;
+            (poTiming->*oField.m_pfnSet)(static_cast<unsigned int>(&oField - gsc_aoTimingFields) + 1);
         }
+        auiExpected = { 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0, 0 };
+        EXPECT_EQ(auiExpected, ReadAll(*poTiming));
         for (const int iValue : { 3, 2, -1 }) // bit 0 counts
         {
             poTiming->SetInterlaced(iValue);
@@ -144,51 +143,30 @@ TEST(Storage, InKiloHertzKnowsTheSourcesThatHaveANumberThere)
     }
 }
 
-// ---- Derived values ----
-
-// Totals, line rate in Hz and in kHz, vertical rate.
-void ExpectDerived(const CVidParamTiming& o, const std::array<unsigned int, 5>& auiExpected)
-{
-    const std::array<unsigned int, 5> auiValues = { o.ComputeHorizontalTotalPixel(), o.ComputeVerticalTotalLine(),
-                                                    o.ComputeHorizontalRateInHz(), o.ComputeHorizontalRateInKiloHz(),
-                                                    o.ComputeVerticalRateInHz() };
-    EXPECT_EQ(auiExpected, auiValues);
-    EXPECT_EQ(auiExpected[0], o.GetHorizontalTotal());
-    EXPECT_EQ(auiExpected[1], o.GetVerticalTotal());
-}
+// ---- Derived values; NumbersCheck.h computes them a second time, without overscan ----
 
 TEST(DerivedValues, TotalsAndRates)
 {
-    ExpectDerived(CVidParamTimingGeneric(gsc_o720p), { 1650, 750, 45000, 45, 60 });
+    // Totals, line rate in Hz and in kHz, vertical rate.
+    const auto Expect = [](const CVidParamTiming& o, const std::array<unsigned int, 5>& auiExpected) {
+        const std::array<unsigned int, 5> auiValues = { o.ComputeHorizontalTotalPixel(), o.ComputeVerticalTotalLine(),
+                                                        o.ComputeHorizontalRateInHz(),
+                                                        o.ComputeHorizontalRateInKiloHz(),
+                                                        o.ComputeVerticalRateInHz() };
+        EXPECT_EQ(auiExpected, auiValues);
+        EXPECT_EQ(auiExpected[0], o.GetHorizontalTotal());
+        EXPECT_EQ(auiExpected[1], o.GetVerticalTotal());
+    };
+    Expect(CVidParamTimingGeneric(gsc_o720p), { 1650, 750, 45000, 45, 60 });
     // Interlaced: the blanking counts twice, the vertical rate is that of frames, and 33.75 kHz come from the clock in
     // kHz, where the 33,750 Hz would be cut to 33.
-    ExpectDerived(CVidParamTimingGeneric(gsc_o1080i), { 2200, 1125, 33750, 34, 30 });
-    ExpectDerived(MakeTiming(8, 1, 25175999), { 8, 1, 3147000, 3147, 3147000 }); // hertz from hertz, not from kHz
-    ExpectDerived(MakeTiming(1600, 1, 108000000), { 1600, 1, 67500, 68, 67500 });
-    ExpectDerived(MakeTiming(0, 0, 1000), { 0, 0, 0, 0, 0 });
-    ExpectDerived(MakeTiming(65536, 65536, 0xFFFFFFFF), { 65536, 65536, 65536, 66, 0 }); // the product wraps to 0
+    Expect(CVidParamTimingGeneric(gsc_o1080i), { 2200, 1125, 33750, 34, 30 });
     // Overscan is a part of all, twice where it is that of a field, but not of equality.
-    ExpectDerived(CRecordingTiming(gsc_o720p), { 1650 + 1000, 750 + 100, 28019, 28, 33 });
-    ExpectDerived(CRecordingTiming(gsc_o1080i), { 2200 + 1000, 1125 + 200, 23203, 23, 18 });
+    Expect(CRecordingTiming(gsc_o720p), { 1650 + 1000, 750 + 100, 28019, 28, 33 });
+    Expect(CRecordingTiming(gsc_o1080i), { 2200 + 1000, 1125 + 200, 23203, 23, 18 });
     EXPECT_EQ(1, CRecordingTiming(gsc_o720p) == CVidParamTimingGeneric(gsc_o720p));
     EXPECT_EQ(1650U, CVidParamTimingGeneric(gsc_o720p).GetHorizontalTotal()) << "the virtual forms of this class";
     EXPECT_EQ(750U, CVidParamTimingGeneric(gsc_o720p).GetVerticalTotal());
-}
-
-TEST(DerivedValues, EffectiveClockOfEveryMixOf3DAnd420)
-{
-    const unsigned int aauiExpected[][2] = { { 74175825, 74175 },
-                                             { 37087912, 37087 },   // 4:2:0: odd halves go down
-                                             { 148351650, 148350 }, // 3D
-                                             { 74175825, 74175 } };
-    for (int i = 0; i < 4; ++i)
-    {
-        CVidParamTimingGeneric oTiming = MakeClock(74175825);
-        oTiming.Set420ColorSpace(i & 1);
-        oTiming.Set3D(i >> 1);
-        EXPECT_EQ(aauiExpected[i][0], oTiming.GetEffectivePixelClockInHz()) << i;
-        EXPECT_EQ(aauiExpected[i][1], oTiming.GetEffectivePixelClockInKiloHz()) << i;
-    }
 }
 
 // ---- Clock equivalence and equality ----
@@ -208,9 +186,6 @@ TEST(ClockEquivalence, WithinTheToleranceOfTheOwnClock)
     Expect("the ratio is of the larger", 1, 100000000, 100512000);  // 50.9 ten-thousandths, of the smaller 51.2
     Expect("the product needs 64 bits", 0, 1000000000, 1429497000); // difference times 10000 just above 32 bits
     Expect("below one kilohertz is no difference", 1, 1000000, 1000999);
-    Expect("own zero", 0, 0, 1000);
-    Expect("other zero", 0, 74250000, 0);
-    Expect("both zero", 1, 0, 0);
     Expect("other under one kilohertz", 0, 1000, 999);
     Expect("both under one kilohertz", 0, 999, 500);
     Expect("the same hertz under one kilohertz", 1, 999, 999);

@@ -111,47 +111,38 @@ TEST(Identity, EveryMakersName)
     EXPECT_EQ(0x5026B9BAU, uiDigest);
 }
 
+// A text of a descriptor: result 1, the rest of the buffer zeroed. Another one: the length, and a terminator. Below the
+// smallest size nothing is written.
 TEST(Identity, TextsFillTheGivenSizeAndNoMore)
 {
-    const struct
-    {
-        const char* m_pszName;
-        int (CEdidBase::*m_pfnGet)(char*, unsigned int) const;
-        std::string m_sFull;       // what a large buffer receives
-        unsigned int m_uiSmallest; // below this size nothing is written
-        bool m_bDescriptor;        // result 1, the rest of the buffer zeroed; else the length, and a terminator
-    } aoCases[] = {
-        { "monitor id", &CEdidBase::GetMonitorID, "ACI27F4", 8, false },
-        { "manufacturer name", &CEdidBase::GetManufacturerName, "ASUSTek Computer Inc.", 1, false },
-        { "monitor name", &CEdidBase::GetMonitorName, "ASUS VE276", 1, true },
-        { "free text of all 13 characters", &CEdidBase::GetMonitorString, "thirteen char", 1, true },
-        { "serial number that ends at a tab", &CEdidBase::GetMonitorSerialNumber, "S N\x01", 1, true },
-    };
     const CLoadedBase oBase(
         { { 72, gsc_aui8Name },
           { 90, { 0, 0, 0, 0xFE, 0, 't', 'h', 'i', 'r', 't', 'e', 'e', 'n', ' ', 'c', 'h', 'a', 'r' } },
           { 108, { 0, 0, 0, 0xFF, 0, 'S', ' ', 'N', 1, 0x09, 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x' } } });
-    for (const auto& oCase : aoCases)
-    {
-        EXPECT_EQ(0, (oBase.*oCase.m_pfnGet)(nullptr, 128)) << oCase.m_pszName;
+    const auto Expect = [&](int (CEdidBase::*pfnGet)(char*, unsigned int) const, const std::string& sFull,
+                            bool bDescriptor, unsigned int uiSmallest) {
+        EXPECT_EQ(0, (oBase.*pfnGet)(nullptr, 128)) << sFull;
         for (unsigned int uiSize = 0; uiSize <= 32; ++uiSize)
         {
-            SCOPED_TRACE(testing::Message() << oCase.m_pszName << ", " << uiSize);
-            int iExpected = 0;
-            std::string sExpected(uiSize, 'Z');
-            if (uiSize >= oCase.m_uiSmallest)
+            std::string sExpected;
+            if (uiSize >= uiSmallest)
             {
-                const std::string sText = oCase.m_sFull.substr(0, oCase.m_bDescriptor ? uiSize : uiSize - 1);
-                iExpected = oCase.m_bDescriptor ? 1 : static_cast<int>(sText.size());
-                const size_t uiZeros = oCase.m_bDescriptor ? uiSize - sText.size() : 1;
-                sExpected.replace(0, sText.size() + uiZeros, sText + std::string(uiZeros, '\0'));
+                sExpected = sFull.substr(0, bDescriptor ? uiSize : uiSize - 1);
+                sExpected.resize(bDescriptor ? uiSize : sExpected.size() + 1, '\0');
             }
-            const std::unique_ptr<char[]> pcExact(new char[uiSize]);
-            std::fill_n(pcExact.get(), uiSize, 'Z');
-            EXPECT_EQ(iExpected, (oBase.*oCase.m_pfnGet)(pcExact.get(), uiSize));
-            EXPECT_EQ(sExpected, std::string(pcExact.get(), uiSize));
+            const int iLength = static_cast<int>(sExpected.size()) - 1;
+            sExpected.resize(uiSize, 'Z');
+            const std::unique_ptr<unsigned char[]> pui8Exact = CopyToHeap(CBytes(uiSize, 'Z'));
+            char* const pszText = reinterpret_cast<char*>(pui8Exact.get());
+            EXPECT_EQ(uiSize < uiSmallest ? 0 : bDescriptor ? 1 : iLength, (oBase.*pfnGet)(pszText, uiSize)) << sFull;
+            EXPECT_EQ(sExpected, std::string(pszText, uiSize));
         }
-    }
+    };
+    Expect(&CEdidBase::GetMonitorID, "ACI27F4", false, 8);
+    Expect(&CEdidBase::GetManufacturerName, "ASUSTek Computer Inc.", false, 1);
+    Expect(&CEdidBase::GetMonitorName, "ASUS VE276", true, 1);
+    Expect(&CEdidBase::GetMonitorString, "thirteen char", true, 1); // all 13 characters
+    Expect(&CEdidBase::GetMonitorSerialNumber, "S N\x01", true, 1); // ends at a tab
 }
 
 // Only bytes 0, 1, 2 and 4 of zero make a display descriptor; of several with a tag the first counts.

@@ -82,44 +82,37 @@ TEST(EdidLoading, ResultLinesAndBlocks)
     const CBytes aui8BadBase = WithChange(gsc_aui8Lg, 127, 0x55);
     const CBytes aui8Both = LgWith(2, { gsc_aui8Cea, gsc_aui8DisplayId });
     const CBytes aui8Twice = LgWith(255, { gsc_aui8Cea, gsc_aui8Cea });
-    const struct
-    {
-        const char* m_pszName;
-        CBytes m_aui8Data;
-        int m_iResult;
-        unsigned int m_uiLines; // assertion lines
-        CBytes m_aui8Kept;
-    } aoCases[] = {
-        { "base and one block", gsc_aui8Lg, 1, 0, gsc_aui8Lg },
-        { "both kinds", aui8Both, 1, 0, aui8Both },
-        { "size 0 empties", {}, 1, 0, {} },
-        { "odd size", Join({ gsc_aui8Lg, CBytes(1) }), 0, 0, {} },
-        { "wrong header", WithChange(gsc_aui8Lg, 0, 1), 0, 0, {} },
-        { "none announced, one given", LgWith(0, { gsc_aui8Cea }), 1, 0, LgWith(0, {}) },
-        { "one announced, none given", LgWith(1, {}), 1, 1, LgWith(1, {}) },
-        { "one announced, two given", LgWith(1, { gsc_aui8Cea, gsc_aui8Cea }), 1, 0, gsc_aui8Lg },
-        { "255 announced, two given", aui8Twice, 1, 1, aui8Twice },
-        { "blocks of any version count", aui8Version2, 1, 0, aui8Version2 },
-        { "block with a wrong checksum is dropped", LgWith(1, { aui8BadCea }), 1, 1, LgWith(1, {}) },
-        { "block of another kind is dropped", LgWith(2, { aui8Other, gsc_aui8Cea }), 1, 1, LgWith(2, { gsc_aui8Cea }) },
-        { "wrong checksum of the base block loads", aui8BadBase, 1, 0, aui8BadBase },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
+    // The lines are assertion lines, the last bytes what is kept.
+    const auto Expect = [](const char* pszName, int iResult, unsigned int uiLines, const CBytes& aui8Data,
+                           const CBytes& aui8Kept) {
+        SCOPED_TRACE(pszName);
         CLoadedEdid oEdid(gsc_aui8Lg); // whatever follows, this is gone
         const CEdid& oConst = oEdid;
         CCapturedOutput oOutput;
-        EXPECT_EQ(oCase.m_iResult, LoadExact(oEdid, oCase.m_aui8Data));
-        EXPECT_EQ(oCase.m_uiLines, oOutput.TakeAssertionCount());
-        EXPECT_EQ(oCase.m_aui8Kept.size(), oEdid.GetSize());
-        EXPECT_EQ(oCase.m_aui8Kept.empty() ? CBytes(128) : oCase.m_aui8Kept, Serialise(oEdid));
+        EXPECT_EQ(iResult, LoadExact(oEdid, aui8Data));
+        EXPECT_EQ(uiLines, oOutput.TakeAssertionCount());
+        EXPECT_EQ(aui8Kept.size(), oEdid.GetSize());
+        EXPECT_EQ(aui8Kept.empty() ? CBytes(128) : aui8Kept, Serialise(oEdid));
         const unsigned int uiBlocks = std::max(oEdid.GetSize() / 128, 1U) - 1;
         EXPECT_EQ(uiBlocks, oEdid.GetExtensionCount());
         EXPECT_EQ(nullptr, oEdid.GetExtension(uiBlocks));
         EXPECT_EQ(nullptr, oConst.GetExtension(uiBlocks));
         EXPECT_EQ(oConst.GetExtension(0), oEdid.GetExtension(0));
-    }
+    };
+    Expect("base and one block", 1, 0, gsc_aui8Lg, gsc_aui8Lg);
+    Expect("both kinds", 1, 0, aui8Both, aui8Both);
+    Expect("size 0 empties", 1, 0, {}, {});
+    Expect("odd size", 0, 0, Join({ gsc_aui8Lg, CBytes(1) }), {});
+    Expect("wrong header", 0, 0, WithChange(gsc_aui8Lg, 0, 1), {});
+    Expect("none announced, one given", 1, 0, LgWith(0, { gsc_aui8Cea }), LgWith(0, {}));
+    Expect("one announced, none given", 1, 1, LgWith(1, {}), LgWith(1, {}));
+    Expect("one announced, two given", 1, 0, LgWith(1, { gsc_aui8Cea, gsc_aui8Cea }), gsc_aui8Lg);
+    Expect("255 announced, two given", 1, 1, aui8Twice, aui8Twice);
+    Expect("blocks of any version count", 1, 0, aui8Version2, aui8Version2);
+    Expect("block with a wrong checksum is dropped", 1, 1, LgWith(1, { aui8BadCea }), LgWith(1, {}));
+    Expect("block of another kind is dropped", 1, 1, LgWith(2, { aui8Other, gsc_aui8Cea }), LgWith(2, { gsc_aui8Cea }));
+    Expect("wrong checksum of the base block loads", 1, 0, aui8BadBase, aui8BadBase);
+
     CLoadedEdid oEdid(ToBytes(gsc_aui8Philips288P6), CEdidExtBlockCEA861::eStrip_Audio);
     EXPECT_NE(0, oEdid.GetExtension(0)->IsStripped()) << "the flags reach the block";
     EXPECT_EQ(1, oEdid.SetEdidBuffer(nullptr, 256, 0)); // empties as well
@@ -135,6 +128,11 @@ TEST(EdidChecksum, EachBlockCounts)
     EXPECT_EQ(0, oEdid.IsChecksumValid());
     oEdid.UpdateChecksum();
     EXPECT_NE(0, oEdid.IsChecksumValid());
+    ASSERT_EQ(1, oEdid.SetEstablished(1, 0, 0));
+    EXPECT_EQ(0, oEdid.IsChecksumValid());
+    ASSERT_EQ(1, oEdid.SetEstablished(0, 1, 1)); // is set already
+    EXPECT_NE(0, oEdid.IsChecksumValid());
+    EXPECT_EQ(1U, oEdid.GetEstablishedCount(0));
 
     auto* poCea = static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(1));
     poCea->PadDataRange(1, 1); // a raw step, which leaves the checksum alone
@@ -184,16 +182,14 @@ TEST(EdidNumbering, StandardTimingsOfBaseThenBlocks)
     const CLoadedEdid oEdid(LgWith(2, { gsc_aui8Cea, gsc_aui8Cea }));
     ASSERT_EQ(6U, oEdid.GetBaseStandardCount());
     EXPECT_EQ(6U + 8U + 8U, oEdid.GetStandardCount());
-    const struct
-    {
-        unsigned int m_uiIndex;
-        const char* m_pszTiming;
-    } aoCases[] = { { 0, "1152x864@60" },    { 5, "1280x800@60" },  { 6, "1920x1080@60*" }, { 8, "1280x720@60" },
-                    { 14, "1920x1080@60*" }, { 16, "1280x720@60" }, { 22, "none" },         { 0xFFFFFFFF, "none" } };
-    for (const auto& oCase : aoCases)
-    {
-        EXPECT_EQ(oCase.m_pszTiming, StandardName(oEdid, oCase.m_uiIndex)) << oCase.m_uiIndex;
-    }
+    EXPECT_EQ("1152x864@60", StandardName(oEdid, 0));
+    EXPECT_EQ("1280x800@60", StandardName(oEdid, 5));
+    EXPECT_EQ("1920x1080@60*", StandardName(oEdid, 6));
+    EXPECT_EQ("1280x720@60", StandardName(oEdid, 8));
+    EXPECT_EQ("1920x1080@60*", StandardName(oEdid, 14));
+    EXPECT_EQ("1280x720@60", StandardName(oEdid, 16));
+    EXPECT_EQ("none", StandardName(oEdid, 22));
+    EXPECT_EQ("none", StandardName(oEdid, 0xFFFFFFFF));
     // A null timing is a test in the base block alone.
     EXPECT_EQ(1, oEdid.GetStandard(5, nullptr, nullptr));
     EXPECT_EQ(0, oEdid.GetStandard(6, nullptr, nullptr));
@@ -245,16 +241,6 @@ TEST(EdidNumbering, StandardRemovalStaysInItsBlock)
     EXPECT_EQ(5U + 6U, oEdid.GetStandardCount());
     EXPECT_EQ("1280x720@60", StandardName(oEdid, 5));
     EXPECT_EQ(0, oEdid.RemoveStandard(11));
-}
-
-TEST(EdidNumbering, EstablishedTimingsAreTheBaseBlocks)
-{
-    CLoadedEdid oEdid(gsc_aui8Lg);
-    EXPECT_EQ(1, oEdid.SetEstablished(2, 0, 0));
-    EXPECT_EQ(0, oEdid.IsChecksumValid());
-    EXPECT_EQ(1, oEdid.SetEstablished(1, 1, 1)); // is set already
-    EXPECT_NE(0, oEdid.IsChecksumValid());
-    EXPECT_EQ(2U, oEdid.GetEstablishedCount(0));
 }
 
 // ---- Tiling ----

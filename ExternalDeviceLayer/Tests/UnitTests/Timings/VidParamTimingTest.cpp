@@ -91,43 +91,44 @@ TEST(Storage, EverySetterHasItsOwnFieldAndClearingEmptiesThem)
     }
 }
 
-TEST(Storage, InHertzTruncatesKiloHertzAndTakesBitZeroOfEachFlag)
+// Reading a clock in the other unit is in NumbersCheck.h.
+TEST(Storage, ConvertsBetweenTheUnits)
 {
-    CVidParamTimingGeneric oTiming = MakeClock(148351999);
-    oTiming.SetHorizontalRateInHz(67999);
-    EXPECT_EQ(148351U, oTiming.GetPixelClockInKiloHz());
-    EXPECT_EQ(67U, oTiming.GetHorizontalRateInKiloHz());
-    oTiming.SetPixelClockInKiloHz(148500);
-    oTiming.SetHorizontalRateInKiloHz(4294968); // wraps
-    EXPECT_EQ(148500000U, oTiming.GetPixelClockInHz());
-    EXPECT_EQ(704U, oTiming.GetHorizontalRateInHz());
-    oTiming.Set420ColorSpace(3);
-    oTiming.Set3D(2);
-    EXPECT_EQ(1, oTiming.Is420ColorSpace());
-    EXPECT_EQ(0, oTiming.Is3D());
+    CVidParamTimingGeneric oInHz;
+    CRVidParamTiming oInKiloHz;
+    oInHz.SetHorizontalRateInHz(67999);
+    oInKiloHz.SetHorizontalRateInHz(67499);
+    EXPECT_EQ(67U, oInHz.GetHorizontalRateInKiloHz()) << "truncates";
+    EXPECT_EQ(67000U, oInKiloHz.GetHorizontalRateInHz()) << "rounds";
+    oInHz.SetHorizontalRateInKiloHz(4294968);
+    oInHz.SetPixelClockInKiloHz(4294968);
+    oInKiloHz.SetHorizontalRateInKiloHz(4294968);
+    EXPECT_EQ(704U, oInHz.GetHorizontalRateInHz()) << "wraps";
+    EXPECT_EQ(704U, oInHz.GetPixelClockInHz());
+    EXPECT_EQ(704U, oInKiloHz.GetHorizontalRateInHz());
+    oInKiloHz.SetHorizontalRateInHz(67500);
+    EXPECT_EQ(68U, oInKiloHz.GetHorizontalRateInKiloHz());
 }
 
-TEST(Storage, InKiloHertzRoundsHertzAndKeepsWhatIsNoPartOfItsRecord)
+TEST(Storage, KeepsEachFlagInItsWay)
 {
-    CRVidParamTiming oTiming(gsc_oR720p, eRVideoFamily_Cea);
-    oTiming.SetPixelClockInHz(148351500);
-    oTiming.SetHorizontalRateInHz(67499);
-    EXPECT_EQ(148352U, oTiming.GetPixelClockInKiloHz());
-    EXPECT_EQ(67000U, oTiming.GetHorizontalRateInHz());
-    oTiming.SetPixelClockInKiloHz(4294968); // wraps on reading
-    oTiming.SetHorizontalRateInHz(67500);
-    EXPECT_EQ(704U, oTiming.GetPixelClockInHz());
-    EXPECT_EQ(68U, oTiming.GetHorizontalRateInKiloHz());
-    oTiming.SetBottomFieldFirst(3);
-    EXPECT_EQ(4U | 8U | 2U, oTiming.GetRVideoVidParam().uiFlags);
-    EXPECT_EQ(1, oTiming.GetBottomFieldFirst());
-    oTiming.SetBottomFieldFirst(2);
-    EXPECT_EQ(0, oTiming.GetBottomFieldFirst());
-    oTiming.Set3D(1);
-    oTiming.Set420ColorSpace(2);
-    oTiming.ClearData();
-    EXPECT_EQ(1, oTiming.Is3D());
-    EXPECT_EQ(2, oTiming.Is420ColorSpace());
+    CVidParamTimingGeneric oInHz; // bit 0 counts
+    oInHz.Set420ColorSpace(3);
+    oInHz.Set3D(2);
+    EXPECT_EQ(16U, oInHz.GetData().uiFlags);
+    EXPECT_EQ(1, oInHz.Is420ColorSpace());
+
+    CRVidParamTiming oInKiloHz(gsc_oR720p, eRVideoFamily_Cea);
+    oInKiloHz.SetBottomFieldFirst(3);
+    EXPECT_EQ(4U | 8U | 2U, oInKiloHz.GetRVideoVidParam().uiFlags);
+    EXPECT_EQ(1, oInKiloHz.GetBottomFieldFirst());
+    oInKiloHz.SetBottomFieldFirst(2);
+    EXPECT_EQ(0, oInKiloHz.GetBottomFieldFirst());
+    oInKiloHz.Set3D(1); // not in the record: as given, and not cleared
+    oInKiloHz.Set420ColorSpace(2);
+    oInKiloHz.ClearData();
+    EXPECT_EQ(1, oInKiloHz.Is3D());
+    EXPECT_EQ(2, oInKiloHz.Is420ColorSpace());
 }
 
 TEST(Storage, InKiloHertzKnowsTheSourcesThatHaveANumberThere)

@@ -269,6 +269,15 @@ TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
         EXPECT_EQ(bTile ? (std::array<unsigned int, 6>{ 1, 0, 2, 2, 1920, 1080 }) : (std::array<unsigned int, 6>{}),
                   aui);
     }
+    // The block itself answers with zeros, too.
+    CLoadedEdid oLg(gsc_aui8Lg);
+    std::array<int, 6> ai = { 7, 7, 7, 7, 7, 7 };
+    std::array<unsigned int, 6> aui = { 7, 7, 7, 7, 7, 7 };
+    CEdidExtBlock& oBlock = *oLg.GetExtension(0);
+    EXPECT_EQ(0, oBlock.GetTiledDisplayCapabilities(&ai[0], &ai[1], &ai[2], &ai[3], &ai[4], &ai[5]));
+    EXPECT_EQ(0, oBlock.GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]));
+    EXPECT_EQ((std::array<int, 6>{}), ai);
+    EXPECT_EQ((std::array<unsigned int, 6>{}), aui);
 }
 
 // ---- Factory ----

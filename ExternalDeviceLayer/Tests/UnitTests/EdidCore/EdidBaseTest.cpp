@@ -214,8 +214,13 @@ TEST(VideoInput, DepthAndInterfaceOfEveryKindOfBlock)
             const unsigned int uiOther = 7 - uiInput / 16 % 8;
             CEditCheck oCheck(oBase);
             EXPECT_EQ(iExpected, oBase.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(uiOther)));
-            iExpected != 0 ? oCheck.ExpectEdited({ { 20, 1 } }) : oCheck.ExpectUnchanged();
-            EXPECT_EQ(iExpected != 0 ? 0x80 + uiOther * 16 + uiInput % 16 : uiInput, oBase.GetBaseBlock()[20]);
+            if (iExpected == 0)
+            {
+                oCheck.ExpectUnchanged();
+                continue;
+            }
+            oCheck.ExpectEdited({ { 20, 1 } });
+            EXPECT_EQ(0x80 + uiOther * 16 + uiInput % 16, oBase.GetBaseBlock()[20]);
         }
     }
 }

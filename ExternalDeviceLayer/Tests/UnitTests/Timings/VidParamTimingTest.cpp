@@ -229,7 +229,10 @@ TEST(Equality, WhatCountsForItAndForTheCode)
     ExpectAfterChange("vertical polarity", 1, 0, [](T& o) { o.SetVerticalPolarityPositive(0); });
     ExpectAfterChange("3D", 0, 0, [](T& o) { o.Set3D(1); });
     ExpectAfterChange("4:2:0", 0, 0, [](T& o) { o.Set420ColorSpace(1); });
-    ExpectAfterChange("4:2:0 at its clock", 0, 1, [](T& o) { o.Set420ColorSpace(1), o.SetPixelClockInHz(148500000); });
+    ExpectAfterChange("4:2:0 at its clock", 0, 1, [](T& o) {
+        o.Set420ColorSpace(1);
+        o.SetPixelClockInHz(148500000);
+    });
     ExpectAfterChange("line rate 1 kHz down", 1, 1, [](T& o) { o.SetHorizontalRateInKiloHz(44); });
     ExpectAfterChange("line rate 2 kHz up", 0, 1, [](T& o) { o.SetHorizontalRateInKiloHz(47); });
     ExpectAfterChange("line rate 2 kHz down", 0, 1, [](T& o) { o.SetHorizontalRateInKiloHz(43); });

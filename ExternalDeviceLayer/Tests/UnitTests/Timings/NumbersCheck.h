@@ -59,6 +59,8 @@ private:
         oTiming.SetVerticalBackPorch(aui[7]);
         oTiming.SetHorizontalRateInHz(aui[8]);
         oTiming.SetVerticalRateInHz(aui[9]);
+        oTiming.SetHorizontalPolarityPositive(static_cast<int>(aui[11] >> 3 & 1));
+        oTiming.SetVerticalPolarityPositive(static_cast<int>(aui[11] >> 4 & 1));
         oTiming.SetInterlaced(bInterlaced ? 1 : 0);
         oTiming.Set420ColorSpace(b420 ? 1 : 0);
         oTiming.Set3D(b3D ? 1 : 0);
@@ -92,22 +94,36 @@ private:
                 "equivalence of clocks");
     }
 
+    // The class in hertz truncates kilohertz, that in kilohertz rounds hertz; what is multiplied wraps. Assignment between
+    // them goes through hertz, and nothing stays of what stood there.
     void CheckTimings(const CNumbers& aui)
     {
         CVidParamTimingGeneric oGeneric;
+        oGeneric.SetPixelClockInKiloHz(aui[10]);
+        oGeneric.SetHorizontalRateInKiloHz(aui[10]);
+        Require(oGeneric.GetPixelClockInHz() == Times(aui[10], 1000), "clock into hertz");
+        Require(oGeneric.GetHorizontalRateInHz() == Times(aui[10], 1000), "line rate into hertz");
         oGeneric.SetPixelClockInHz(aui[10]);
-        Require(oGeneric.GetPixelClockInKiloHz() == aui[10] / 1000, "clock in kilohertz");
         FillAndCheck(oGeneric, aui);
+        Require(oGeneric.GetPixelClockInKiloHz() == aui[10] / 1000, "clock in kilohertz");
+        Require(oGeneric.GetHorizontalRateInKiloHz() == aui[8] / 1000, "line rate in kilohertz");
 
         CRVidParamTiming oRecord;
         oRecord.SetPixelClockInKiloHz(aui[10]);
-        Require(oRecord.GetPixelClockInHz() == Times(aui[10], 1000), "clock in hertz");
         FillAndCheck(oRecord, aui);
-
+        Require(oRecord.GetPixelClockInHz() == Times(aui[10], 1000), "clock in hertz");
+        Require(oRecord.GetHorizontalRateInHz() == Times(Nearest(aui[8], 1000), 1000), "line rate in hertz");
         Require((oGeneric == oRecord) != (oGeneric != oRecord), "equal or not");
-        oRecord = static_cast<const CVidParamTiming&>(oGeneric);
-        Require(oRecord.GetPixelClockInKiloHz() == Nearest(aui[10], 1000), "assignment rounds the clock");
-        Require(oRecord.GetVerticalBackPorch() == aui[7], "assignment copies");
+
+        CAllValues auiExpected = ReadAll(oGeneric);
+        auiExpected[gsc_uiClockInKiloHz] = static_cast<unsigned int>(Nearest(aui[10], 1000));
+        auiExpected[gsc_uiLineRateInKiloHz] = static_cast<unsigned int>(Nearest(aui[8], 1000));
+        CRVidParamTiming oTarget({ 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 1 | 4 | 8, { 0, 0 } }, eRVideoFamily_Gtf);
+        oTarget = static_cast<const CVidParamTiming&>(oGeneric);
+        CVidParamTimingGeneric oBack(gsc_oMarked);
+        oBack = static_cast<const CVidParamTiming&>(oTarget);
+        Require(ReadAll(oTarget) == auiExpected, "assignment to the class in kilohertz");
+        Require(ReadAll(oBack) == auiExpected && oBack.GetPixelClockInHz() % 1000 == 0, "and back");
     }
 
     // The class in kilohertz keeps clocks as they are set; the other one would wrap the extremes once more.

@@ -1,5 +1,5 @@
-// A base block made by hand for the tests, with everything that is not named at a plain default; loading it, and a short
-// name for a timing.
+// A base block made by hand for the tests, with everything that is not named at a plain default; loading it, and a
+// short name for a timing.
 
 #pragma once
 

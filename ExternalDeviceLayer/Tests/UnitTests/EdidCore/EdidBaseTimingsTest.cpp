@@ -191,8 +191,8 @@ TEST(Standard, NullAndIndexesOutOfRange)
 
 const CBytes gsc_aui8FourPairs = { 1, 1, 0x81, 0xC0, 0xD1, 0xC0, 1, 1, 0x61, 0x40, 1, 1, 0x81, 0x80, 1, 1 };
 
-// Bytes decide, not modes: 02 00 has none and moves all the same; 00 40 and 01 00 are empty and stay where nothing moves
-// over them.
+// Bytes decide, not modes: 02 00 has none and moves all the same; 00 40 and 01 00 are empty and stay where nothing
+// moves over them.
 TEST(Standard, RepackingClosesGapsInOrder)
 {
     const CBytes aui8Before = { 0, 0x40, 2, 0, 1, 0, 0, 0x99, 0x81, 0xC0, 0, 0x77, 1, 0x55, 0, 0 };

@@ -58,34 +58,35 @@ CValues ValuesOf(const CVidParamTiming& o)
              o.GetVerticalRateInHz(),   Flag(o.IsVerticalPolarityPositive()) };
 }
 
+const struct
+{
+    const char* m_pszName;
+    CBytes m_aui8Data;
+    CValues m_auiValues;
+    CEdidUtils::SImageSize m_oSize;
+} gsc_aoDescriptorCases[] = {
+    // clang-format off
+    // The bytes hold the lines of one field, the timing those of the frame; the blanking is that of one field in both.
+    { "interlaced stores one field",
+      { 0x01, 0x1D, 0x80, 0x18, 0x71, 0x1C, 0x16, 0x20, 0x58, 0x2C, 0x25, 0x00, 0x3C, 0x22, 0x00, 0x00, 0x00, 0x9E },
+      { 74250, 1, 1920, 88, 44, 148, 33750, 1, 1080, 2, 5, 15, 30, 1 }, { 60, 34 } },
+    // 12, 10 and 6 bits used: 4095 active, 1023 porches, 63 lines.
+    { "widest fields",
+      { 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0x18 },
+      { 655350, 0, 4095, 1023, 1023, 2049, 80018, 0, 4095, 63, 63, 3969, 10, 0 }, { 4095, 4095 } },
+    // So that swapped nibbles and pairs show. The horizontal blanking is too small for its parts and wraps.
+    { "each high part differs",
+      { 0x10, 0x27, 0x00, 0x00, 0x63, 0x00, 0x00, 0x41, 0x01, 0x02, 0x34, 0x6D, 0x00, 0x00, 0x12, 0x00, 0x00, 0x1A },
+      { 100000, 0, 1536, 257, 514, 0xFFFFFFFD, 43403, 1, 1024, 51, 20, 185, 34, 0 }, { 256, 512 } },
+    { "vertical positive alone",
+      { 0x02, 0x3A, 0x80, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58, 0x2C, 0x45, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x1C },
+      { 148500, 0, 1920, 88, 44, 148, 67500, 0, 1080, 4, 5, 36, 60, 1 }, { 0, 0 } },
+    // clang-format on
+};
+
 TEST(Descriptor, EachFieldIsReadAndWrittenBack)
 {
-    const struct
-    {
-        const char* m_pszName;
-        CBytes m_aui8Data;
-        CValues m_auiValues;
-        CEdidUtils::SImageSize m_oSize;
-    } aoCases[] = {
-        // clang-format off
-        // The bytes hold the lines of one field, the timing those of the frame; the blanking is that of one field in both.
-        { "interlaced stores one field",
-          { 0x01, 0x1D, 0x80, 0x18, 0x71, 0x1C, 0x16, 0x20, 0x58, 0x2C, 0x25, 0x00, 0x3C, 0x22, 0x00, 0x00, 0x00, 0x9E },
-          { 74250, 1, 1920, 88, 44, 148, 33750, 1, 1080, 2, 5, 15, 30, 1 }, { 60, 34 } },
-        // 12, 10 and 6 bits used: 4095 active, 1023 porches, 63 lines.
-        { "widest fields",
-          { 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0x18 },
-          { 655350, 0, 4095, 1023, 1023, 2049, 80018, 0, 4095, 63, 63, 3969, 10, 0 }, { 4095, 4095 } },
-        // So that swapped nibbles and pairs show. The horizontal blanking is too small for its parts and wraps.
-        { "each high part differs",
-          { 0x10, 0x27, 0x00, 0x00, 0x63, 0x00, 0x00, 0x41, 0x01, 0x02, 0x34, 0x6D, 0x00, 0x00, 0x12, 0x00, 0x00, 0x1A },
-          { 100000, 0, 1536, 257, 514, 0xFFFFFFFD, 43403, 1, 1024, 51, 20, 185, 34, 0 }, { 256, 512 } },
-        { "vertical positive alone",
-          { 0x02, 0x3A, 0x80, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58, 0x2C, 0x45, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x1C },
-          { 148500, 0, 1920, 88, 44, 148, 67500, 0, 1080, 4, 5, 36, 60, 1 }, { 0, 0 } },
-        // clang-format on
-    };
-    for (const auto& oCase : aoCases)
+    for (const auto& oCase : gsc_aoDescriptorCases)
     {
         SCOPED_TRACE(oCase.m_pszName);
         CVidParamTimingGeneric oTiming;

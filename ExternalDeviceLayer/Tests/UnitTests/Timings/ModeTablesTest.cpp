@@ -72,7 +72,8 @@ TEST(TableRows, HaveThePublishedValuesInTheirOrder)
     }
 }
 
-// Each row by each choice of its three filters, an open one being 0: of the rows that pass, the order of the table counts.
+// Each row by each choice of its three filters, an open one being 0: of the rows that pass, the order of the table
+// counts.
 TEST(Search, NumbersTheRowsThatPassInTableOrder)
 {
     for (const STableCase& oTable : gsc_aoTables)

@@ -94,8 +94,8 @@ private:
                 "equivalence of clocks");
     }
 
-    // The class in hertz truncates kilohertz, that in kilohertz rounds hertz; what is multiplied wraps. Assignment between
-    // them goes through hertz, and nothing stays of what stood there.
+    // The class in hertz truncates kilohertz, that in kilohertz rounds hertz; what is multiplied wraps. Assignment
+    // between them goes through hertz, and nothing stays of what stood there.
     void CheckTimings(const CNumbers& aui)
     {
         CVidParamTimingGeneric oGeneric;

@@ -4,15 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
 #include <ostream>
-#include <tuple>
 
-#include "EdidExtBlockCEA861.h"
-#include "TestBytes.h"
+#include "BlockLists.h"
 #include "VidParamCea.h"
-#include "VidParamTimingGeneric.h"
 
 // Puts a block together from front to back: data blocks, then descriptors.
 class CCeaBlockBuilder
@@ -70,12 +66,7 @@ inline std::unique_ptr<CEdidExtBlockCEA861> LoadBlock(const CBytes& aui8Block, u
                                                  CopyToHeap(aui8Block).get(), uiStripFlags);
 }
 
-inline CBytes GetBytes(const CEdidExtBlockCEA861& oBlock)
-{
-    return CBytes(oBlock.GetData(), oBlock.GetData() + oBlock.GetSize());
-}
-
-// What a block tells, as numbers. Each entry of the list of timings: key of the table row, native flag, 4:2:0 flag.
+// One table timing of a block: key of the table row, native flag, 4:2:0 flag.
 struct SStandardEntry
 {
     unsigned int m_uiVic;
@@ -86,7 +77,8 @@ struct SStandardEntry
 
 inline std::ostream& operator<<(std::ostream& oStream, const SStandardEntry& oEntry)
 {
-    return oStream << oEntry.m_uiVic << (oEntry.m_bNative ? " native" : "") << (oEntry.m_b420 ? " 4:2:0" : "");
+    return oStream << oEntry.m_uiVic << (oEntry.m_bNative != 0 ? " native" : "")
+                   << (oEntry.m_b420 != 0 ? " 4:2:0" : "");
 }
 
 // Codes that share their timing with a lower one come out as the lower one (3 as 2, 18 as 17).
@@ -106,57 +98,19 @@ inline std::vector<SStandardEntry> GetStandards(const CEdidExtBlockCEA861& oBloc
     return aoEntries;
 }
 
-using SDetailedEntry = std::array<unsigned int, 9>;
+using SAudioEntry = CListEntry; // format, channels, rates, extra
 
-inline std::vector<SDetailedEntry> GetDetaileds(const CEdidExtBlockCEA861& oBlock)
-{
-    std::vector<SDetailedEntry> aoEntries;
-    for (unsigned int i = 0; i < oBlock.GetDetailedCount(); ++i)
-    {
-        CVidParamTimingGeneric oTiming;
-        const int iResult = oBlock.GetDetailed(i, &oTiming);
-        aoEntries.push_back(
-            { static_cast<unsigned int>(iResult), oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-              oTiming.GetPixelClockInKiloHz(), oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
-              oTiming.GetHorizontalBackPorch(), oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync() });
-    }
-    return aoEntries;
-}
-
-using SAudioEntry = std::array<unsigned int, 4>; // format, channels, rates, extra
-
-inline std::vector<SAudioEntry> GetAudios(const CEdidExtBlockCEA861& oBlock)
-{
-    std::vector<SAudioEntry> aoEntries;
-    for (unsigned int i = 0; i < oBlock.GetAudioDescriptorCount(); ++i)
-    {
-        CEdidExtBlockCEA861::SAudioDescriptor oEntry = {};
-        oBlock.GetAudioDescriptor(i, &oEntry);
-        aoEntries.push_back({ oEntry.m_eFormat, oEntry.m_uiChannels, oEntry.m_eSamplingFreq, oEntry.m_uiExtra });
-    }
-    return aoEntries;
-}
+inline std::vector<SAudioEntry> GetAudios(const CEdidExtBlockCEA861& oBlock) { return GetLists(oBlock)[eList_Audio]; }
 
 inline std::vector<unsigned int> GetSpeakers(const CEdidExtBlockCEA861& oBlock)
 {
     std::vector<unsigned int> auiMasks;
-    for (unsigned int i = 0; i < oBlock.GetSpeakerDescriptorCount(); ++i)
+    const CLists aoLists = GetLists(oBlock);
+    for (const CListEntry& auiEntry : aoLists[eList_Speaker])
     {
-        unsigned int uiMask = 0;
-        oBlock.GetSpeakerDescriptor(i, &uiMask);
-        auiMasks.push_back(uiMask);
+        auiMasks.push_back(auiEntry[0]);
     }
     return auiMasks;
-}
-
-// Everything that a block tells from its lists; the numbers name the parts.
-using CLists = std::tuple<std::vector<SStandardEntry>, std::vector<SDetailedEntry>, std::vector<SAudioEntry>,
-                          std::vector<unsigned int>>;
-inline constexpr size_t gsc_uiDetaileds = 1, gsc_uiAudios = 2, gsc_uiSpeakers = 3;
-
-inline CLists GetLists(const CEdidExtBlockCEA861& oBlock)
-{
-    return { GetStandards(oBlock), GetDetaileds(oBlock), GetAudios(oBlock), GetSpeakers(oBlock) };
 }
 
 // The lists are those of a block loaded afresh from the same bytes.

@@ -2,162 +2,64 @@
 
 #include "EditRunner.h"
 
-#include <stddef.h>
-
-#include <algorithm>
 #include <iterator>
 
-#include "CompareLists.h"
-#include "EdidExtBlockCEA861.h"
-#include "EdidUtils.h"
-#include "VidParamTimingGeneric.h"
+#include "EditedBytes.h"
 
 namespace
 {
-constexpr unsigned int gsc_uiCeaTag = 2;
-constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+using CCea = CEdidExtBlockCEA861;
 
-using CBlock = std::vector<unsigned char>;
-
-bool IsSumZero(const CBlock& aui8Block)
+// Where an edit looks for what it changes: in the base block, in the block whose number it is given, or in the block
+// that its index falls into.
+enum class EWhere
 {
-    unsigned int uiSum = 0;
-    for (unsigned char ui8Byte : aui8Block)
-    {
-        uiSum += ui8Byte;
-    }
-    return uiSum % 256 == 0;
-}
-
-// The bytes of the base block that an edit of it may change besides the checksum.
-struct SNamedBytes
-{
-    size_t m_uiFirst;
-    size_t m_uiEnd;
+    eBase,
+    eBlock,
+    eMerged
 };
 
-constexpr SNamedBytes gsc_aoNamedBytes[] = {
-    { 38, 54 },  // eEdit_RemoveStandard
-    { 54, 126 }, // eEdit_RemoveDetailed
-    { 35, 38 },  // eEdit_SetEstablished
-    { 35, 38 },  // eEdit_SetEstablishedFromId
-    { 12, 16 },  // eEdit_SetSerialNumber
-    { 20, 21 },  // eEdit_SetColorBitDepth
-    { 54, 126 }, // eEdit_SetPreferredMode
-    { 38, 54 },  // eEdit_RePackStandards
-    { 0, 0 },    // eEdit_UpdateChecksum
+enum class EKind
+{
+    eOther,
+    eRemove, // takes the entry at the index out of the list
+    eSet,    // writes the entry at the index
+    eAdd,    // puts an entry in
+    eFree,   // what the lists hold afterwards depends on too much
+    eRaw,    // may do anything to its block
 };
-static_assert(std::size(gsc_aoNamedBytes) == CEditRunner::eEdit_BlockRemoveStandard, "a row for each edit of CEdid");
 
-bool ChangesOnlyNamedBytes(unsigned int uiOperation, const CBlock& aui8Before, const CBlock& aui8After)
+struct SRow
 {
-    const SNamedBytes& oNamed = gsc_aoNamedBytes[uiOperation];
-    for (size_t i = 0; i < CEdidUtils::msc_uiChecksumOffset; ++i)
-    {
-        if ((i < oNamed.m_uiFirst || i >= oNamed.m_uiEnd) && aui8Before[i] != aui8After[i])
-        {
-            return false;
-        }
-    }
-    return true;
-}
-
-bool IsEstablished(unsigned int uiOperation)
-{
-    return uiOperation == CEditRunner::eEdit_SetEstablished || uiOperation == CEditRunner::eEdit_SetEstablishedFromId;
-}
+    EWhere m_eWhere;
+    EKind m_eKind;
+    EList m_eList;               // that it removes from, sets in, adds to
+    SEditedBytes m_oNamed;       // of the base block
+    bool m_bLooksFirst;          // leaves a wrong checksum when there is nothing to change
+    bool m_bUsesValue;           // else the value is looked at by nobody
+    unsigned int m_uiIndexCount; // how many are worth trying; 0 for the length of the list and two more
+    int (*m_pfnRun)(CEdid& oEdid, const SEditStep& oStep);
+    // Writes into the base block what must stand there afterwards; may be null. False when the edit must refuse.
+    bool (*m_pfnStore)(CBytes& aui8Base, const SEditStep& oStep) = nullptr;
+};
 
 int GetFlag(const SEditStep& oStep) { return static_cast<int>(oStep.m_uiValue & 1); }
 
-bool UpdatesChecksum(const SEditStep& oStep) { return (oStep.m_uiValue & 4) == 0; }
+int UpdatesChecksum(const SEditStep& oStep) { return (oStep.m_uiValue & 4) == 0 ? 1 : 0; }
 
-// Edits that leave a wrong checksum when there is nothing to change.
-bool LooksFirst(unsigned int uiOperation)
+CCea::SAudioDescriptor MakeAudio(unsigned int uiValue)
 {
-    return uiOperation == CEditRunner::eEdit_SetSerialNumber || uiOperation == CEditRunner::eEdit_SetColorBitDepth ||
-           uiOperation == CEditRunner::eEdit_RePackStandards;
+    return { static_cast<CCea::EAudioFormat>(uiValue & 0x1F), (uiValue >> 5) & 0x0F,
+             static_cast<CCea::EAudioSamplingFreq>((uiValue >> 9) & 0xFF), uiValue >> 17 };
 }
 
-// The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
-bool IsRemovalOfStandard(unsigned int uiOperation)
+// What the list holds for a stored value.
+CListEntry MakeStored(EList eList, unsigned int uiValue)
 {
-    return uiOperation == CEditRunner::eEdit_BlockRemoveStandard || uiOperation == CEditRunner::eEdit_RemoveStandard;
-}
-
-bool IsRemovalOfDetailed(unsigned int uiOperation)
-{
-    return uiOperation == CEditRunner::eEdit_BlockRemoveDetailed || uiOperation == CEditRunner::eEdit_RemoveDetailed;
-}
-
-// Edits whose success takes something out of a list.
-bool IsRemoval(const SEditStep& oStep, unsigned int uiOperation)
-{
-    return IsRemovalOfStandard(uiOperation) || IsRemovalOfDetailed(uiOperation) ||
-           uiOperation == CEditRunner::eEdit_RemoveAudio || uiOperation == CEditRunner::eEdit_RemoveSpeaker ||
-           (uiOperation == CEditRunner::eEdit_SetEstablished && GetFlag(oStep) == 0);
-}
-
-bool IsAddition(unsigned int uiOperation)
-{
-    return uiOperation == CEditRunner::eEdit_AddAudio || uiOperation == CEditRunner::eEdit_AddSpeaker ||
-           uiOperation == CEditRunner::eEdit_AddVendorSpecific;
-}
-
-bool IsZeroFrom(const CBlock& aui8Block, size_t uiFirst)
-{
-    return std::all_of(aui8Block.begin() + static_cast<ptrdiff_t>(uiFirst), aui8Block.end() - 1,
-                       [](unsigned char ui8Byte) { return ui8Byte == 0; });
-}
-
-// Where the descriptors of a CEA-861 block begin, if its data blocks end there and only zeros stand behind the
-// descriptors; else 0. In other blocks a removal may uncover bytes that then read as something else.
-unsigned int GetTidyStart(const CBlock& aui8Block)
-{
-    const unsigned int uiStart = aui8Block[2];
-    if (aui8Block[0] != gsc_uiCeaTag || aui8Block[1] < 3 || uiStart < 4 || uiStart > CEdidUtils::msc_uiChecksumOffset)
-    {
-        return 0;
-    }
-    unsigned int uiAt = 4;
-    while (uiAt < uiStart)
-    {
-        uiAt += 1U + (aui8Block[uiAt] & 0x1F);
-    }
-    if (uiAt != uiStart)
-    {
-        return 0;
-    }
-    while (uiAt + 18 <= CEdidUtils::msc_uiChecksumOffset && (aui8Block[uiAt] != 0 || aui8Block[uiAt + 1] != 0))
-    {
-        uiAt += 18;
-    }
-    return IsZeroFrom(aui8Block, uiAt) ? uiStart : 0;
-}
-
-// The same where no descriptor follows, whose bytes would move into the data blocks with a table timing's removal.
-bool IsTidyWithoutDescriptors(const CBlock& aui8Block)
-{
-    const unsigned int uiStart = GetTidyStart(aui8Block);
-    return uiStart != 0 && IsZeroFrom(aui8Block, uiStart);
-}
-
-// Timings of the block that are the same as this one; 0 for one in YCbCr 4:2:0, whose code may stand elsewhere.
-unsigned int CountOrdinary(const CEdidExtBlock& oBlock, const CVidParamTimingGeneric& oTiming)
-{
-    unsigned int uiCount = 0;
-    for (unsigned int i = 0; i < oBlock.GetStandardCount() && oTiming.Is420ColorSpace() == 0; ++i)
-    {
-        CVidParamTimingGeneric oOther;
-        oBlock.GetStandard(i, &oOther, nullptr);
-        uiCount += IsSameTiming(oOther, oTiming) ? 1U : 0U;
-    }
-    return uiCount;
-}
-
-CEdidExtBlockCEA861::SAudioDescriptor MakeAudio(unsigned int uiValue)
-{
-    return { static_cast<CEdidExtBlockCEA861::EAudioFormat>(uiValue & 0x1F), uiValue >> 5 & 0x0F,
-             static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(uiValue >> 9 & 0xFF), uiValue >> 17 };
+    const CCea::SAudioDescriptor oAudio = MakeAudio(uiValue);
+    return eList == eList_Speaker ? CListEntry{ uiValue & 0x7FF }
+                                  : CListEntry{ oAudio.m_eFormat & 0x0FU, ((oAudio.m_uiChannels - 1) & 7) + 1,
+                                                oAudio.m_eSamplingFreq & 0x7FU, oAudio.m_uiExtra & 0xFF };
 }
 
 CVidParamTimingGeneric MakeTiming(const CEdid& oEdid, const SEditStep& oStep)
@@ -170,220 +72,246 @@ CVidParamTimingGeneric MakeTiming(const CEdid& oEdid, const SEditStep& oStep)
         oTiming.SetPixelClockInHz(oStep.m_uiValue);
         oTiming.SetHorizontalSync(oStep.m_uiValue & 0xFFF);
         oTiming.SetVerticalSync(oStep.m_uiValue & 0xFF);
-        oTiming.SetInterlaced(static_cast<int>(oStep.m_uiValue & 1));
+        oTiming.SetInterlaced(GetFlag(oStep));
     }
     return oTiming;
 }
 
-bool IsRawStep(unsigned int uiOperation)
+// EDIT(block) where the step's block is there; 0 else.
+template <class EDIT>
+int OnBlock(CEdid& oEdid, const SEditStep& oStep, const EDIT& Edit)
 {
-    return uiOperation == CEditRunner::eEdit_RemoveDataRange || uiOperation == CEditRunner::eEdit_PadDataRange;
+    CEdidExtBlock* poBlock = oEdid.GetExtension(oStep.m_uiBlock);
+    return poBlock != nullptr ? Edit(*poBlock) : 0;
 }
 
-bool IsBlockEdit(unsigned int uiOperation)
+template <class EDIT>
+int OnCea(CEdid& oEdid, const SEditStep& oStep, const EDIT& Edit)
 {
-    return uiOperation >= CEditRunner::eEdit_BlockRemoveStandard && uiOperation < CEditRunner::eEdit_Reload;
-}
-}
-
-int CEditRunner::Load(const unsigned char* pui8Data, unsigned int uiSize)
-{
-    m_abBehind.clear();
-    return m_oEdid.SetEdidBuffer(pui8Data, uiSize, 0);
+    return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
+        return oBlock.GetExtensionType() == 2 ? Edit(static_cast<CCea&>(oBlock)) : 0;
+    });
 }
 
-const char* CEditRunner::Apply(const SEditStep& oStep)
+// A raw step may take anything out of its block, the tag included; the lists are derived all the same.
+int RunRaw(CEdid& oEdid, const SEditStep& oStep, void (CCea::*pfnStep)(unsigned int, unsigned int))
 {
-    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const SBefore oBefore = { CopyBlocks(), FindPlaces(oStep, uiOperation) };
-    const int iResult = Run(oStep);
-    if (iResult != 0)
-    {
-        ++m_uiSuccessCount;
-    }
-    if (IsRawStep(uiOperation))
-    {
-        return CheckAfterRawStep(oStep, oBefore.m_aaui8Blocks);
-    }
-    const SPlace* poPlace = nullptr;
-    if (const char* pszBroken = CheckBytes(oStep, iResult, oBefore, poPlace))
-    {
-        return pszBroken;
-    }
-    if (poPlace != nullptr)
-    {
-        const char* pszBroken = iResult != 0 ? CheckEffect(oStep, oBefore, *poPlace) : CheckRefusal(oStep, oBefore);
-        if (pszBroken != nullptr)
-        {
-            return pszBroken;
-        }
-    }
-    if (iResult != 0 && poPlace != nullptr)
-    {
-        m_abBehind.resize(std::max(m_abBehind.size(), poPlace->m_uiBlock + 1));
-        m_abBehind[poPlace->m_uiBlock] = poPlace->m_uiBlock != 0 && IsRemovalOfStandard(uiOperation);
-    }
-    // Where no byte changed the lists are hardly ever worth the time.
-    const bool bIsLikelySame = iResult == 0 && oStep.m_uiValue % 16 != 0;
-    return bIsLikelySame ? nullptr : CheckLists();
-}
-
-int CEditRunner::Run(const SEditStep& oStep)
-{
-    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const int bChecksum = UpdatesChecksum(oStep) ? 1 : 0;
-    switch (uiOperation)
-    {
-    case eEdit_RemoveStandard:
-        return m_oEdid.RemoveStandard(oStep.m_uiIndex);
-    case eEdit_RemoveDetailed:
-        return m_oEdid.RemoveDetailed(oStep.m_uiIndex);
-    case eEdit_SetEstablished:
-        return m_oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), bChecksum);
-    case eEdit_SetEstablishedFromId:
-        return m_oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32)),
-                                            GetFlag(oStep), bChecksum);
-    case eEdit_SetSerialNumber:
-        m_oEdid.SetSerialNumber(oStep.m_uiValue);
-        return 1;
-    case eEdit_SetColorBitDepth:
-        return m_oEdid.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(oStep.m_uiValue % 10));
-    case eEdit_SetPreferredMode: {
-        const CVidParamTimingGeneric oTiming = MakeTiming(m_oEdid, oStep);
-        return m_oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming);
-    }
-    case eEdit_RePackStandards:
-        m_oEdid.RePackStandards();
-        m_oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
-        return 1;
-    case eEdit_UpdateChecksum:
-        m_oEdid.UpdateChecksum();
-        return 1;
-    case eEdit_Reload: {
-        const auto aui8Bytes = m_oEdid.GetEdidBuffer();
-        return m_oEdid.GetSize() != 0 ? Load(aui8Bytes.GetData(), aui8Bytes.GetCount()) : 0;
-    }
-    default:
-        return RunOnBlock(oStep, uiOperation);
-    }
-}
-
-int CEditRunner::RunOnBlock(const SEditStep& oStep, unsigned int uiOperation)
-{
-    CEdidExtBlock* poBlock = m_oEdid.GetExtension(oStep.m_uiBlock);
-    if (poBlock == nullptr)
-    {
-        return 0;
-    }
-    switch (uiOperation)
-    {
-    case eEdit_BlockRemoveStandard:
-        return poBlock->RemoveStandard(oStep.m_uiIndex);
-    case eEdit_BlockRemoveDetailed:
-        return poBlock->RemoveDetailed(oStep.m_uiIndex);
-    case eEdit_BlockSetColorBitDepthSupport:
-        return poBlock->SetColorBitDepthSupport(oStep.m_uiValue);
-    default:
-        break;
-    }
-    if (poBlock->GetExtensionType() != gsc_uiCeaTag)
-    {
-        return 0;
-    }
-
-    CEdidExtBlockCEA861& oCea = static_cast<CEdidExtBlockCEA861&>(*poBlock);
-    const CEdidExtBlockCEA861::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
-    switch (uiOperation)
-    {
-    case eEdit_AddAudio:
-        return oCea.AddAudioDescriptor(oStep.m_uiValue == 0 ? nullptr : &oAudio);
-    case eEdit_SetAudio:
-        return oCea.SetAudioDescriptor(oStep.m_uiIndex, oStep.m_uiValue == 0 ? nullptr : &oAudio);
-    case eEdit_RemoveAudio:
-        return oCea.RemoveAudioDescriptor(oStep.m_uiIndex);
-    case eEdit_AddSpeaker:
-        return oCea.AddSpeakerDescriptor(oStep.m_uiValue);
-    case eEdit_SetSpeaker:
-        return oCea.SetSpeakerDescriptor(oStep.m_uiIndex, oStep.m_uiValue);
-    case eEdit_RemoveSpeaker:
-        return oCea.RemoveSpeakerDescriptor(oStep.m_uiIndex);
-    case eEdit_AddVendorSpecific:
-        return oCea.AddVendorSpecific();
-    case eEdit_RemoveDataRange:
-        oCea.RemoveDataRange(oStep.m_uiIndex, oStep.m_uiValue);
-        return 1;
-    default:
-        oCea.PadDataRange(oStep.m_uiIndex, oStep.m_uiValue);
-        return 1;
-    }
-}
-
-// A raw step may take anything out of its block, the tag included: the lists are derived, then what is left is loaded.
-const char* CEditRunner::CheckAfterRawStep(const SEditStep& oStep, const CBlocks& aaui8Before)
-{
-    CEdidExtBlock* poBlock = m_oEdid.GetExtension(oStep.m_uiBlock);
-    if (poBlock != nullptr && poBlock->GetExtensionType() == gsc_uiCeaTag)
-    {
-        CEdidExtBlockCEA861& oCea = static_cast<CEdidExtBlockCEA861&>(*poBlock);
+    return OnCea(oEdid, oStep, [&](CCea& oCea) {
+        (oCea.*pfnStep)(oStep.m_uiIndex, oStep.m_uiValue);
         oCea.ExtractStandardTimings();
         oCea.ExtractDetailedTimings();
         oCea.ExtractAudioInfo();
         oCea.ExtractSpeakerInfo();
         oCea.UpdateChecksum();
-        if (oCea.IsChecksumValid() == 0)
+        return 1;
+    });
+}
+
+bool StoreEstablished(CBytes& aui8Base, unsigned int uiId, const SEditStep& oStep)
+{
+    for (size_t i = 0; i < 3; ++i)
+    {
+        const unsigned int uiBits = (uiId >> 8 * i) & 0xFF;
+        aui8Base[35 + i] =
+            static_cast<unsigned char>(GetFlag(oStep) != 0 ? aui8Base[35 + i] | uiBits : aui8Base[35 + i] & ~uiBits);
+    }
+    return uiId != 0;
+}
+
+// By position among VESA's own timings that are set.
+bool StoreEstablishedAt(CBytes& aui8Base, const SEditStep& oStep)
+{
+    const unsigned int uiSet = aui8Base[35] + 256U * aui8Base[36];
+    unsigned int uiLeft = oStep.m_uiIndex;
+    for (const unsigned int uiId : { 0x20U, 8U, 4U, 2U, 1U, 0x8000U, 0x4000U, 0x800U, 0x400U, 0x200U, 0x100U })
+    {
+        if ((uiSet & uiId) != 0 && uiLeft-- == 0)
         {
-            return "the checksum is wrong after UpdateChecksum";
+            return StoreEstablished(aui8Base, uiId, oStep);
         }
     }
-    const CBlocks aaui8After = CopyBlocks();
-    if (aaui8After.size() != aaui8Before.size())
+    return false;
+}
+
+bool StoreSerial(CBytes& aui8Base, const SEditStep& oStep)
+{
+    for (unsigned int i = 0; i < 4; ++i)
     {
-        return "a raw step changed the size";
+        aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> 8 * i);
     }
-    for (size_t i = 0; i < aaui8After.size(); ++i)
+    return true;
+}
+
+// clang-format off
+constexpr SRow gsc_aoRows[] = {
+    // where, kind, list, named bytes of the base block, looks first, uses the value, number of indexes
+    { EWhere::eMerged, EKind::eRemove, eList_Table, { 38, 16 }, false, false, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveStandard(oStep.m_uiIndex); } },
+    { EWhere::eMerged, EKind::eRemove, eList_Detailed, { 54, 72 }, false, false, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveDetailed(oStep.m_uiIndex); } },
+    { EWhere::eBase, EKind::eOther, eList_Count, { 35, 3 }, false, true, 19,
+      [](CEdid& oEdid, const SEditStep& oStep) {
+          return oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), UpdatesChecksum(oStep)); },
+      StoreEstablishedAt },
+    { EWhere::eBase, EKind::eOther, eList_Count, { 35, 3 }, false, true, 26,
+      [](CEdid& oEdid, const SEditStep& oStep) {
+          return oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32)),
+                                            GetFlag(oStep), UpdatesChecksum(oStep)); },
+      [](CBytes& aui8Base, const SEditStep& oStep) {
+          const unsigned int uiId = 1U << (oStep.m_uiIndex % 32);
+          return StoreEstablished(aui8Base, uiId <= 0x8000 || uiId == 0x800000 ? uiId : 0, oStep); } },
+    { EWhere::eBase, EKind::eOther, eList_Count, { 12, 4 }, true, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { oEdid.SetSerialNumber(oStep.m_uiValue); return 1; },
+      StoreSerial },
+    { EWhere::eBase, EKind::eOther, eList_Count, { 20, 1 }, true, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) {
+          return oEdid.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(oStep.m_uiValue % 10)); },
+      [](CBytes& aui8Base, const SEditStep& oStep) {
+          aui8Base[20] = static_cast<unsigned char>((aui8Base[20] & 0x8FU) | (oStep.m_uiValue % 10) << 4);
+          return oStep.m_uiValue % 10 < 8; } },
+    { EWhere::eBase, EKind::eFree, eList_Detailed, { 54, 72 }, false, true, 4,
+      [](CEdid& oEdid, const SEditStep& oStep) {
+          const CVidParamTimingGeneric oTiming = MakeTiming(oEdid, oStep);
+          return oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming); } },
+    { EWhere::eBase, EKind::eOther, eList_Table, { 38, 16 }, true, false, 1,
+      [](CEdid& oEdid, const SEditStep&) {
+          oEdid.RePackStandards();
+          oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
+          return 1; } },
+    { EWhere::eBase, EKind::eOther, eList_Count, { 0, 0 }, false, false, 1,
+      [](CEdid& oEdid, const SEditStep&) { oEdid.UpdateChecksum(); return 1; } },
+    { EWhere::eBlock, EKind::eRemove, eList_Table, {}, false, false, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
+          return oBlock.RemoveStandard(oStep.m_uiIndex); }); } },
+    { EWhere::eBlock, EKind::eRemove, eList_Detailed, {}, false, false, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
+          return oBlock.RemoveDetailed(oStep.m_uiIndex); }); } },
+    { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
+          return oBlock.SetColorBitDepthSupport(oStep.m_uiValue); }); } },
+    { EWhere::eBlock, EKind::eAdd, eList_Audio, {}, false, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          const CCea::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
+          return oCea.AddAudioDescriptor(oStep.m_uiValue == 0 ? nullptr : &oAudio); }); } },
+    { EWhere::eBlock, EKind::eSet, eList_Audio, {}, false, true, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          const CCea::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
+          return oCea.SetAudioDescriptor(oStep.m_uiIndex, oStep.m_uiValue == 0 ? nullptr : &oAudio); }); } },
+    { EWhere::eBlock, EKind::eRemove, eList_Audio, {}, false, false, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          return oCea.RemoveAudioDescriptor(oStep.m_uiIndex); }); } },
+    { EWhere::eBlock, EKind::eAdd, eList_Speaker, {}, false, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          return oCea.AddSpeakerDescriptor(oStep.m_uiValue); }); } },
+    { EWhere::eBlock, EKind::eSet, eList_Speaker, {}, false, true, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          return oCea.SetSpeakerDescriptor(oStep.m_uiIndex, oStep.m_uiValue); }); } },
+    { EWhere::eBlock, EKind::eRemove, eList_Speaker, {}, false, false, 0,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          return oCea.RemoveSpeakerDescriptor(oStep.m_uiIndex); }); } },
+    { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, false, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
+          return oCea.AddVendorSpecific(); }); } },
+    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { return RunRaw(oEdid, oStep, &CCea::RemoveDataRange); } },
+    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1,
+      [](CEdid& oEdid, const SEditStep& oStep) { return RunRaw(oEdid, oStep, &CCea::PadDataRange); } },
+    { EWhere::eBase, EKind::eFree, eList_Count, { 0, 0 }, true, false, 1,
+      [](CEdid& oEdid, const SEditStep&) {
+          const auto aui8Bytes = oEdid.GetEdidBuffer();
+          return oEdid.GetSize() != 0 ? oEdid.SetEdidBuffer(aui8Bytes.GetData(), aui8Bytes.GetCount(), 0) : 0; } },
+};
+// clang-format on
+static_assert(std::size(gsc_aoRows) == CEditRunner::msc_uiOperationCount, "a row for each edit, in their order");
+
+const SRow& GetRow(unsigned int uiOperation) { return gsc_aoRows[uiOperation % CEditRunner::msc_uiOperationCount]; }
+
+// A removed table timing takes its 1000/1001 twin with it, native or not, out of the list of ordinary timings.
+bool IsWithoutCode(const CList& aoBefore, const CList& aoAfter, const CListEntry& auiNamed)
+{
+    bool bRemoved = Is420(auiNamed); // its code may stand elsewhere or not
+    auto itAfter = aoAfter.begin();
+    for (const CListEntry& auiTiming : aoBefore)
     {
-        const bool bIsNamed = oStep.m_uiBlock < aaui8After.size() - 1 && i == oStep.m_uiBlock + 1U;
-        if (!bIsNamed && aaui8After[i] != aaui8Before[i])
+        if (Is420(auiTiming))
         {
-            return "a raw step changed another block";
+            break;
         }
+        if (itAfter != aoAfter.end() && *itAfter == auiTiming)
+        {
+            ++itAfter;
+            continue;
+        }
+        if (auiTiming[0] != auiNamed[0] || auiTiming[1] != auiNamed[1]) // width and height
+        {
+            return false;
+        }
+        bRemoved = true;
     }
-    const auto aui8Bytes = m_oEdid.GetEdidBuffer();
-    if (m_oEdid.GetSize() != 0)
+    return bRemoved && (itAfter == aoAfter.end() || Is420(*itAfter));
+}
+}
+
+int CEditRunner::Load(const unsigned char* pui8Data, unsigned int uiSize)
+{
+    m_oBehind.reset();
+    return m_oEdid.SetEdidBuffer(pui8Data, uiSize, 0);
+}
+
+int CEditRunner::Run(const SEditStep& oStep)
+{
+    if (oStep.m_uiOperation % msc_uiOperationCount == eEdit_Reload)
     {
-        Load(aui8Bytes.GetData(), aui8Bytes.GetCount());
+        m_oBehind.reset();
     }
-    return nullptr;
+    return GetRow(oStep.m_uiOperation).m_pfnRun(m_oEdid, oStep);
+}
+
+const char* CEditRunner::Apply(const SEditStep& oStep)
+{
+    const CBytes aui8Before = Serialise(m_oEdid);
+    const CPlaces aoPlaces = FindPlaces(oStep);
+    const bool bDone = Run(oStep) != 0;
+    m_uiSuccessCount += bDone ? 1U : 0U;
+    m_sBroken = Check(oStep, bDone, aui8Before, aoPlaces);
+    return m_sBroken.empty() ? nullptr : m_sBroken.c_str();
+}
+
+bool CEditRunner::UsesValue(unsigned int uiOperation) { return GetRow(uiOperation).m_bUsesValue; }
+
+unsigned int CEditRunner::GetIndexCount(const SEditStep& oStep) const
+{
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
+    size_t uiCount = oRow.m_uiIndexCount != 0 ? oRow.m_uiIndexCount : 2;
+    for (size_t i = 0; i <= m_oEdid.GetExtensionCount() && oRow.m_uiIndexCount == 0; ++i)
+    {
+        const bool bIsNamed = oRow.m_eWhere == EWhere::eMerged || i == oStep.m_uiBlock + 1U;
+        uiCount += bIsNamed ? GetLists(m_oEdid, i)[oRow.m_eList].size() : 0;
+    }
+    return static_cast<unsigned int>(uiCount);
 }
 
 // In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed
 // on to when that one refuses.
-CEditRunner::CPlaces CEditRunner::FindPlaces(const SEditStep& oStep, unsigned int uiOperation) const
+CEditRunner::CPlaces CEditRunner::FindPlaces(const SEditStep& oStep) const
 {
-    if (uiOperation == eEdit_Reload || (IsBlockEdit(uiOperation) && oStep.m_uiBlock >= m_oEdid.GetExtensionCount()))
-    {
-        return {};
-    }
-    if (IsBlockEdit(uiOperation))
-    {
-        return { MakePlace(uiOperation, oStep.m_uiBlock + 1U, oStep.m_uiIndex) };
-    }
-    if (uiOperation != eEdit_RemoveStandard && uiOperation != eEdit_RemoveDetailed)
-    {
-        return { MakePlace(uiOperation, 0, oStep.m_uiIndex) };
-    }
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
     CPlaces aoPlaces;
     unsigned int uiRest = oStep.m_uiIndex;
-    for (size_t uiBlock = 0; uiBlock <= m_oEdid.GetExtensionCount(); ++uiBlock)
+    for (size_t i = 0; i <= m_oEdid.GetExtensionCount(); ++i)
     {
-        const unsigned int uiCount = CountTimings(uiOperation, uiBlock);
-        if (uiRest >= uiCount)
+        if (oRow.m_eWhere != EWhere::eMerged && i != (oRow.m_eWhere == EWhere::eBase ? 0 : oStep.m_uiBlock + 1U))
         {
-            uiRest -= uiCount;
             continue;
         }
-        aoPlaces.push_back(MakePlace(uiOperation, uiBlock, uiRest));
-        if (uiBlock == 0)
+        SPlace oPlace = { i, uiRest, GetLists(m_oEdid, i) };
+        if (oRow.m_eWhere == EWhere::eMerged && uiRest >= oPlace.m_aoLists[oRow.m_eList].size())
+        {
+            uiRest -= static_cast<unsigned int>(oPlace.m_aoLists[oRow.m_eList].size());
+            continue;
+        }
+        aoPlaces.push_back(std::move(oPlace));
+        if (i == 0)
         {
             break; // the base block's answer is final
         }
@@ -391,264 +319,183 @@ CEditRunner::CPlaces CEditRunner::FindPlaces(const SEditStep& oStep, unsigned in
     return aoPlaces;
 }
 
-unsigned int CEditRunner::CountTimings(unsigned int uiOperation, size_t uiBlock) const
+// Whether an edit does to the lists of the block what it says, and to nothing else.
+bool CEditRunner::IsSure(const SPlace& oPlace, const CBytes& aui8Before) const
 {
-    const bool bDetailed = IsRemovalOfDetailed(uiOperation);
-    if (uiBlock == 0)
-    {
-        return bDetailed ? m_oEdid.GetBaseDetailedCount() : m_oEdid.GetBaseStandardCount();
-    }
-    const CEdidExtBlock& oBlock = *m_oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1));
-    return bDetailed ? oBlock.GetDetailedCount() : oBlock.GetStandardCount();
+    return oPlace.m_uiBlock == 0 ||
+           (!m_oBehind[oPlace.m_uiBlock] && IsTidy(&aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock]));
 }
 
-CEditRunner::SPlace CEditRunner::MakePlace(unsigned int uiOperation, size_t uiBlock, unsigned int uiIndex) const
+std::string CEditRunner::Check(const SEditStep& oStep, bool bDone, const CBytes& aui8Before, const CPlaces& aoPlaces)
 {
-    SPlace oPlace = { uiBlock, uiIndex, {}, 0 };
-    if (uiBlock != 0 && IsRemovalOfStandard(uiOperation))
+    const CBytes aui8After = Serialise(m_oEdid);
+    std::string sBroken = bDone || aui8After == aui8Before ? "" : "a refusal changed bytes";
+    for (size_t i = 0; i < aoPlaces.size() && !bDone && sBroken.empty(); ++i)
     {
-        m_oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1))->GetStandard(uiIndex, &oPlace.m_oTiming, nullptr);
+        sBroken = CheckRefusal(oStep, aoPlaces[i], aui8Before);
     }
-    oPlace.m_uiCount = Count(uiOperation, oPlace);
-    return oPlace;
+    if (!bDone || !sBroken.empty())
+    {
+        return sBroken;
+    }
+    if (aoPlaces.empty())
+    {
+        return "an edit succeeded where there is nothing to edit";
+    }
+    const SPlace* poPlace = &aoPlaces.front();
+    for (const SPlace& oPlace : aoPlaces)
+    {
+        const auto itBlock = aui8Before.begin() + static_cast<ptrdiff_t>(gsc_uiBlockSize * oPlace.m_uiBlock);
+        const bool bSame =
+            std::equal(itBlock, itBlock + gsc_uiBlockSize, &aui8After[gsc_uiBlockSize * oPlace.m_uiBlock]);
+        poPlace = bSame ? poPlace : &oPlace; // of two that changed CheckBytes sees the other
+    }
+    sBroken = CheckBytes(oStep, *poPlace, aui8Before, aui8After);
+    if (GetRow(oStep.m_uiOperation).m_eKind == EKind::eRaw)
+    {
+        Load(aui8After.data(), static_cast<unsigned int>(aui8After.size()));
+        return sBroken;
+    }
+    return sBroken.empty() ? CheckLists(oStep, *poPlace, aui8Before, aui8After) : sBroken;
 }
 
-// How many there are of what the operation removes.
-unsigned int CEditRunner::Count(unsigned int uiOperation, const SPlace& oPlace) const
+// What stands in a list can be removed, except for a timing that has no code of its own and a preferred one.
+std::string CEditRunner::CheckRefusal(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before) const
 {
-    if (uiOperation == eEdit_SetEstablished)
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
+    if (oPlace.m_aoLists != GetLists(m_oEdid, oPlace.m_uiBlock))
     {
-        return m_oEdid.GetEstablishedCount(1);
+        return "a refusal changed a list";
     }
-    if (IsRemovalOfDetailed(uiOperation) || (IsRemovalOfStandard(uiOperation) && oPlace.m_uiBlock == 0))
+    if (oRow.m_eKind != EKind::eRemove || oPlace.m_uiIndex >= oPlace.m_aoLists[oRow.m_eList].size())
     {
-        return CountTimings(uiOperation, oPlace.m_uiBlock);
+        return "";
     }
-    if (oPlace.m_uiBlock == 0)
-    {
-        return 0;
-    }
-    const CEdidExtBlock& oBlock = *m_oEdid.GetExtension(static_cast<unsigned int>(oPlace.m_uiBlock - 1));
-    if (IsRemovalOfStandard(uiOperation))
-    {
-        return CountOrdinary(oBlock, oPlace.m_oTiming);
-    }
-    if (oBlock.GetExtensionType() != gsc_uiCeaTag)
-    {
-        return 0;
-    }
-    const CEdidExtBlockCEA861& oCea = static_cast<const CEdidExtBlockCEA861&>(oBlock);
-    return uiOperation == eEdit_RemoveAudio ? oCea.GetAudioDescriptorCount() : oCea.GetSpeakerDescriptorCount();
+    const bool bMust = oRow.m_eList == eList_Table ? !Is420(oPlace.m_aoLists[eList_Table][oPlace.m_uiIndex])
+                       : oPlace.m_uiBlock == 0     ? oPlace.m_uiIndex != 0
+                                                   : IsSure(oPlace, aui8Before);
+    return bMust ? "what stands in a list was not removed" : "";
 }
 
-// poPlace receives the place that changed, or the first one where nothing did; null when the edit has none.
-const char* CEditRunner::CheckBytes(const SEditStep& oStep, int iResult, const SBefore& oBefore,
-                                    const SPlace*& poPlace) const
+std::string CEditRunner::CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
+                                    CBytes aui8After) const
 {
-    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const CBlocks aaui8After = CopyBlocks();
-    if (aaui8After.size() != oBefore.m_aaui8Blocks.size())
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
+    if (aui8After == aui8Before && oRow.m_bLooksFirst)
     {
-        return "the number of blocks changed";
+        return "";
     }
-    poPlace = oBefore.m_aoPlaces.empty() ? nullptr : &oBefore.m_aoPlaces.front();
-    unsigned int uiChanged = 0;
-    for (size_t i = 0; i < aaui8After.size(); ++i)
-    {
-        if (aaui8After[i].size() != oBefore.m_aaui8Blocks[i].size())
-        {
-            return "the size of a block changed";
-        }
-        if (aaui8After[i] == oBefore.m_aaui8Blocks[i])
-        {
-            continue;
-        }
-        ++uiChanged;
-        const auto itPlace = std::find_if(oBefore.m_aoPlaces.begin(), oBefore.m_aoPlaces.end(),
-                                          [&](const SPlace& oPlace) { return oPlace.m_uiBlock == i; });
-        if (itPlace == oBefore.m_aoPlaces.end())
-        {
-            return "an edit changed a block that it does not name";
-        }
-        poPlace = &*itPlace;
-    }
-    if (iResult == 0 || uiChanged > 1 || poPlace == nullptr)
-    {
-        return uiChanged == 0 ? nullptr
-               : iResult == 0 ? "a refusal changed bytes"
-                              : "an edit changed more than one block";
-    }
-    const CBlock& aui8Before = oBefore.m_aaui8Blocks[poPlace->m_uiBlock];
-    const CBlock& aui8After = aaui8After[poPlace->m_uiBlock];
-    if (poPlace->m_uiBlock == 0 && !ChangesOnlyNamedBytes(uiOperation, aui8Before, aui8After))
-    {
-        return "an edit changed bytes of the base block that it does not name";
-    }
-    if (uiChanged == 0 && (IsRemoval(oStep, uiOperation) || IsAddition(uiOperation)))
+    if (aui8After == aui8Before && (oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eAdd))
     {
         return "a removal or an addition changed no byte";
     }
-    if (IsEstablished(uiOperation) && !UpdatesChecksum(oStep))
-    {
-        return aui8Before.back() == aui8After.back() ? nullptr : "a checksum changed that was not to";
-    }
-    const bool bMayStayWrong = uiChanged == 0 && LooksFirst(uiOperation);
-    return bMayStayWrong || IsSumZero(aui8After) ? nullptr : "the checksum of the named block is wrong";
-}
-
-// What a success has left, where it is cheap to read.
-const char* CEditRunner::CheckEffect(const SEditStep& oStep, const SBefore& oBefore, const SPlace& oPlace)
-{
-    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const CBlock& aui8Before = oBefore.m_aaui8Blocks[oPlace.m_uiBlock];
-    if (!IsRemoval(oStep, uiOperation))
-    {
-        return oPlace.m_uiBlock == 0 ? CheckStoredInBase(oStep, aui8Before) : CheckStoredInBlock(oStep, oPlace);
-    }
-    bool bSure = true;
     if (oPlace.m_uiBlock != 0)
     {
-        bSure = IsRemovalOfStandard(uiOperation) ? oPlace.m_uiCount != 0 && IsTidyWithoutDescriptors(aui8Before)
-                                                 : !IsBehind(oPlace.m_uiBlock) && GetTidyStart(aui8Before) != 0;
+        const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * oPlace.m_uiBlock);
+        return CheckEditedBytes(aui8Before, aui8After, { { uiStart, gsc_uiBlockSize } });
     }
-    return !bSure || Count(uiOperation, oPlace) < oPlace.m_uiCount ? nullptr : "a removal left the count as it was";
-}
-
-// A timing that stands in a list can be removed, except for one that has no code of its own.
-const char* CEditRunner::CheckRefusal(const SEditStep& oStep, const SBefore& oBefore) const
-{
-    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const SPlace& oPlace = oBefore.m_aoPlaces.front();
-    const bool bMustRemove = IsRemovalOfStandard(uiOperation) && oPlace.m_uiCount != 0 && oPlace.m_uiBlock != 0 &&
-                             IsTidyWithoutDescriptors(oBefore.m_aaui8Blocks[oPlace.m_uiBlock]);
-    return bMustRemove ? "a table timing was not removed" : nullptr;
-}
-
-const char* CEditRunner::CheckStoredInBase(const SEditStep& oStep, const CBlock& aui8Before) const
-{
-    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
-    bool bStored = true;
-    switch (oStep.m_uiOperation % msc_uiOperationCount)
+    CBytes aui8Stored = aui8Before;
+    if (oRow.m_pfnStore != nullptr && !oRow.m_pfnStore(aui8Stored, oStep))
     {
-    case eEdit_SetEstablishedFromId: {
-        const unsigned int uiBit = oStep.m_uiIndex % 32;
-        bStored = (pui8Base[35 + uiBit / 8] >> uiBit % 8 & 1) == GetFlag(oStep);
-        break;
+        return "an edit succeeded that was to be refused";
     }
-    case eEdit_SetSerialNumber:
-        for (unsigned int i = 0; i < 4; ++i)
+    if (oRow.m_pfnStore != nullptr && !std::equal(aui8Stored.begin(), aui8Stored.begin() + 127, aui8After.begin()))
+    {
+        return "a value of the base block is not what was set";
+    }
+    if (oRow.m_oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
+    {
+        return aui8After == aui8Stored ? "" : "a checksum changed that was not to";
+    }
+    return CheckEditedBytes(aui8Before, aui8After, { oRow.m_oNamed });
+}
+
+std::string CEditRunner::CheckLists(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
+                                    const CBytes& aui8After)
+{
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
+    const size_t uiStart = gsc_uiBlockSize * oPlace.m_uiBlock;
+    const unsigned int uiIndex = oPlace.m_uiIndex;
+    const bool bSure = IsSure(oPlace, aui8Before);
+    const bool bWasBehind = m_oBehind[oPlace.m_uiBlock];
+    const CLists aoNow = GetLists(m_oEdid, oPlace.m_uiBlock);
+    CLists aoExpected = oPlace.m_aoLists;
+    CList* paoList = oRow.m_eList < eList_Count ? &aoExpected[oRow.m_eList] : nullptr;
+    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && uiIndex >= paoList->size())
+    {
+        return "an edit succeeded at an index that is not there";
+    }
+
+    // The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
+    const bool bMoves = oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
+    m_oBehind[oPlace.m_uiBlock] = bMoves;
+    if (bMoves)
+    {
+        const bool bCodeGone = !IsTidy(&aui8Before[uiStart], true) ||
+                               IsWithoutCode(aoExpected[eList_Table], aoNow[eList_Table], (*paoList)[uiIndex]);
+        if (!bCodeGone || aoExpected[eList_Audio] != aoNow[eList_Audio] ||
+            aoExpected[eList_Speaker] != aoNow[eList_Speaker])
         {
-            bStored = bStored && pui8Base[12 + i] == (oStep.m_uiValue >> 8 * i & 0xFF);
+            return "a table timing was not removed, or something else was";
         }
-        break;
-    case eEdit_SetColorBitDepth:
-        bStored = pui8Base[20] == ((aui8Before[20] & 0x8FU) | oStep.m_uiValue % 10 << 4);
-        break;
-    default:
-        break;
+        return CompareWithFreshLoad(aui8After);
     }
-    return bStored ? nullptr : "a value of the base block is not what was set";
-}
 
-const char* CEditRunner::CheckStoredInBlock(const SEditStep& oStep, const SPlace& oPlace)
-{
-    CEdidExtBlock& oBlock = *m_oEdid.GetExtension(static_cast<unsigned int>(oPlace.m_uiBlock - 1));
-    if (oBlock.GetExtensionType() != gsc_uiCeaTag || IsBehind(oPlace.m_uiBlock))
+    const CListEntry auiStored = MakeStored(oRow.m_eList, oStep.m_uiValue);
+    if (oRow.m_eKind == EKind::eRemove)
     {
-        return nullptr;
+        paoList->erase(paoList->begin() + uiIndex);
     }
-    const CEdidExtBlockCEA861& oCea = static_cast<const CEdidExtBlockCEA861&>(oBlock);
-    bool bStored = true;
-    switch (oStep.m_uiOperation % msc_uiOperationCount)
+    else if (oRow.m_eKind == EKind::eSet)
     {
-    case eEdit_BlockSetColorBitDepthSupport: {
+        (*paoList)[uiIndex] = auiStored;
+    }
+    else if (oRow.m_eKind == EKind::eAdd && aui8Before[uiStart + 1] == 3) // others list no data blocks
+    {
+        // At the end of the first data block or of the last.
+        const CList& aoNowList = aoNow[oRow.m_eList];
+        const auto itNew = std::mismatch(paoList->begin(), paoList->end(), aoNowList.begin(), aoNowList.end()).first;
+        paoList->insert(itNew, auiStored);
+    }
+    const bool bReadsBack = oRow.m_eKind != EKind::eSet || bWasBehind ||
+                            (uiIndex < aoNow[oRow.m_eList].size() && aoNow[oRow.m_eList][uiIndex] == auiStored);
+    if (!bReadsBack || (bSure && oRow.m_eKind != EKind::eFree && aoNow != aoExpected))
+    {
+        return "the lists are not what they were to become";
+    }
+    if (bSure && oPlace.m_uiBlock != 0 && !IsTidy(&aui8After[uiStart]))
+    {
+        return "an edit left a block whose data blocks do not end where they say, or bytes behind its content";
+    }
+    if (oStep.m_uiOperation % msc_uiOperationCount == eEdit_BlockSetColorBitDepthSupport)
+    {
         unsigned int uiBits = 0;
-        oBlock.GetColorBitDepthSupport(uiBits);
-        bStored = uiBits == (oStep.m_uiValue & 7) || uiBits == 0; // 0 without an HDMI block
-        break;
+        m_oEdid.GetExtension(oStep.m_uiBlock)->GetColorBitDepthSupport(uiBits);
+        if (uiBits != 0 && uiBits != (oStep.m_uiValue & 7)) // 0 without an HDMI block
+        {
+            return "the colour depths are not those that were set";
+        }
     }
-    case eEdit_SetAudio: {
-        const CEdidExtBlockCEA861::SAudioDescriptor oSet = MakeAudio(oStep.m_uiValue);
-        CEdidExtBlockCEA861::SAudioDescriptor oRead = {};
-        oCea.GetAudioDescriptor(oPlace.m_uiIndex, &oRead);
-        bStored = oRead.m_eFormat == (oSet.m_eFormat & 0x0FU) &&
-                  oRead.m_uiChannels == ((oSet.m_uiChannels - 1) & 7) + 1 &&
-                  oRead.m_eSamplingFreq == (oSet.m_eSamplingFreq & 0x7FU) && oRead.m_uiExtra == (oSet.m_uiExtra & 0xFF);
-        break;
-    }
-    case eEdit_SetSpeaker: {
-        unsigned int uiMask = 0;
-        oCea.GetSpeakerDescriptor(oPlace.m_uiIndex, &uiMask);
-        bStored = uiMask == (oStep.m_uiValue & 0x7FF);
-        break;
-    }
-    default:
-        break;
-    }
-    return bStored ? nullptr : "a value of a block is not what was set";
+    return CompareWithFreshLoad(aui8After);
 }
 
-bool CEditRunner::IsBehind(size_t uiBlock) const { return uiBlock < m_abBehind.size() && m_abBehind[uiBlock]; }
-
-const char* CEditRunner::CheckLists() const
+std::string CEditRunner::CompareWithFreshLoad(const CBytes& aui8Bytes) const
 {
-    if (m_oEdid.GetSize() == 0)
-    {
-        return nullptr;
-    }
-    const auto aui8Bytes = m_oEdid.GetEdidBuffer();
     CEdid oFresh;
-    if (oFresh.SetEdidBuffer(aui8Bytes.GetData(), aui8Bytes.GetCount(), 0) == 0)
+    if (oFresh.SetEdidBuffer(aui8Bytes.data(), static_cast<unsigned int>(aui8Bytes.size()), 0) == 0 ||
+        Serialise(oFresh) != aui8Bytes)
     {
         return "the bytes do not load again";
     }
-    if (oFresh.GetExtensionCount() != m_oEdid.GetExtensionCount() || (oFresh == m_oEdid) == 0)
+    for (size_t i = 0; i <= m_oEdid.GetExtensionCount(); ++i)
     {
-        return "a block does not load again";
-    }
-    if (oFresh.GetBaseStandardCount() != m_oEdid.GetBaseStandardCount())
-    {
-        return "the number of standard timings of the base block is not that of its bytes";
-    }
-    for (unsigned int i = 0; i < m_oEdid.GetBaseStandardCount(); ++i)
-    {
-        CVidParamTimingGeneric aoTimings[2];
-        m_oEdid.GetBaseStandard(i, &aoTimings[0], nullptr);
-        oFresh.GetBaseStandard(i, &aoTimings[1], nullptr);
-        if (!IsSameTiming(aoTimings[0], aoTimings[1]))
+        const CLists aoHeld = GetLists(m_oEdid, i);
+        const CLists aoOfBytes = GetLists(oFresh, i);
+        const unsigned int uiLists = m_oBehind[i] ? eList_Table + 1 : eList_Count;
+        if (!std::equal(aoHeld.begin(), aoHeld.begin() + uiLists, aoOfBytes.begin()))
         {
-            return "the standard timings of the base block are not those of its bytes";
+            return "the lists of block " + std::to_string(i) + " are not those of its bytes";
         }
     }
-    for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
-    {
-        if (m_oEdid.GetExtension(i)->GetExtensionType() != gsc_uiCeaTag)
-        {
-            continue;
-        }
-        const auto& oBlock = static_cast<const CEdidExtBlockCEA861&>(*m_oEdid.GetExtension(i));
-        const auto& oOfBytes = static_cast<const CEdidExtBlockCEA861&>(*oFresh.GetExtension(i));
-        const char* pszBroken = CompareTableTimings(oBlock, oOfBytes);
-        if (pszBroken == nullptr && !IsBehind(i + 1))
-        {
-            pszBroken = CompareOtherLists(oBlock, oOfBytes);
-        }
-        if (pszBroken != nullptr)
-        {
-            return pszBroken;
-        }
-    }
-    return nullptr;
-}
-
-CEditRunner::CBlocks CEditRunner::CopyBlocks() const
-{
-    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
-    CBlocks aaui8Blocks = { CBlock(pui8Base, pui8Base + gsc_uiBlockSize) };
-    for (unsigned int i = 0; i < m_oEdid.GetExtensionCount(); ++i)
-    {
-        const CEdidExtBlock* poBlock = m_oEdid.GetExtension(i);
-        aaui8Blocks.emplace_back(poBlock->GetData(), poBlock->GetData() + poBlock->GetSize());
-    }
-    return aaui8Blocks;
+    return "";
 }

@@ -3,12 +3,10 @@
 
 #pragma once
 
-#include <stddef.h>
+#include <bitset>
+#include <string>
 
-#include <vector>
-
-#include "Edid.h"
-#include "VidParamTimingGeneric.h"
+#include "BlockLists.h"
 
 // One edit, in numbers that anything may make up.
 struct SEditStep
@@ -54,57 +52,47 @@ public:
     // As CEdid::SetEdidBuffer without strip flags.
     int Load(const unsigned char* pui8Data, unsigned int uiSize);
 
-    // Runs one edit. Null when all promises held: a refusal changed no byte; a success changed at most the one block
-    // that its index falls into, of the base block only the bytes that it names, took out what it was to remove, and
-    // left the checksum right; number and size of the blocks stayed; the bytes load again, and all lists are those of
-    // the bytes, as far as the edit promises it. Else a text that names the broken promise.
+    // Runs one edit. Null when all promises held: a refusal changed no byte and no list; a success changed at most the
+    // one block that its index falls into, of the base block only the bytes that it names, took out what it was to
+    // remove and nothing else, stored what it was given, and left the checksum right; number and size of the blocks
+    // stayed; the bytes load again, and all lists are those of the bytes, as far as the edit promises it. Else a text
+    // that names the broken promise, valid until the next call.
     const char* Apply(const SEditStep& oStep);
 
     // Runs one edit and looks at nothing; takes no memory of its own. Gives what the edit gives.
     int Run(const SEditStep& oStep);
 
+    // How many indexes the edit tells apart, and two more; whether what it does depends on the value.
+    unsigned int GetIndexCount(const SEditStep& oStep) const;
+    static bool UsesValue(unsigned int uiOperation);
+
     const CEdid& GetEdid() const { return m_oEdid; }
     unsigned int GetSuccessCount() const { return m_uiSuccessCount; }
 
 private:
-    using CBlock = std::vector<unsigned char>;
-    using CBlocks = std::vector<CBlock>;
-
-    // A block that an edit may change, counted from 0, the base block.
+    // A block that an edit may change, counted from 0, the base block: the index there, and the lists before.
     struct SPlace
     {
         size_t m_uiBlock;
-        unsigned int m_uiIndex;           // there
-        CVidParamTimingGeneric m_oTiming; // the table timing that is to be removed
-        unsigned int m_uiCount;           // how many there were of what is to be removed
+        unsigned int m_uiIndex;
+        CLists m_aoLists;
     };
     using CPlaces = std::vector<SPlace>;
 
-    struct SBefore
-    {
-        CBlocks m_aaui8Blocks;
-        CPlaces m_aoPlaces;
-    };
-
-    int RunOnBlock(const SEditStep& oStep, unsigned int uiOperation);
-    CBlocks CopyBlocks() const;
-    CPlaces FindPlaces(const SEditStep& oStep, unsigned int uiOperation) const;
-    SPlace MakePlace(unsigned int uiOperation, size_t uiBlock, unsigned int uiIndex) const;
-    unsigned int CountTimings(unsigned int uiOperation, size_t uiBlock) const;
-    unsigned int Count(unsigned int uiOperation, const SPlace& oPlace) const;
-    bool IsBehind(size_t uiBlock) const;
-
-    const char* CheckAfterRawStep(const SEditStep& oStep, const CBlocks& aaui8Before);
-    const char* CheckBytes(const SEditStep& oStep, int iResult, const SBefore& oBefore, const SPlace*& poPlace) const;
-    const char* CheckEffect(const SEditStep& oStep, const SBefore& oBefore, const SPlace& oPlace);
-    const char* CheckRefusal(const SEditStep& oStep, const SBefore& oBefore) const;
-    const char* CheckStoredInBase(const SEditStep& oStep, const CBlock& aui8Before) const;
-    const char* CheckStoredInBlock(const SEditStep& oStep, const SPlace& oPlace);
-    const char* CheckLists() const;
+    CPlaces FindPlaces(const SEditStep& oStep) const;
+    bool IsSure(const SPlace& oPlace, const CBytes& aui8Before) const;
+    std::string Check(const SEditStep& oStep, bool bDone, const CBytes& aui8Before, const CPlaces& aoPlaces);
+    std::string CheckRefusal(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before) const;
+    std::string CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
+                           CBytes aui8After) const;
+    std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
+                           const CBytes& aui8After);
+    std::string CompareWithFreshLoad(const CBytes& aui8Bytes) const;
 
     CEdid m_oEdid;
     // Blocks whose lists, all but the table timings, are behind their bytes: from a removal of a table timing to the
     // next edit of the block.
-    std::vector<bool> m_abBehind;
+    std::bitset<256> m_oBehind;
     unsigned int m_uiSuccessCount = 0;
+    std::string m_sBroken;
 };

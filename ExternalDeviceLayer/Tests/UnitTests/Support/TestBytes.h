@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 #include "Edid.h"
@@ -41,11 +42,7 @@ inline CBytes Join(std::initializer_list<CBytes> aaui8Parts)
 // The byte at uiChecksum completes the sum from uiFirst on to 0.
 inline void FixSum(CBytes& aui8Bytes, size_t uiFirst, size_t uiChecksum)
 {
-    unsigned int uiSum = 0;
-    for (size_t i = uiFirst; i < uiChecksum; ++i)
-    {
-        uiSum += aui8Bytes[i];
-    }
+    const unsigned int uiSum = std::accumulate(aui8Bytes.data() + uiFirst, aui8Bytes.data() + uiChecksum, 0U);
     aui8Bytes[uiChecksum] = static_cast<unsigned char>(0U - uiSum);
 }
 
@@ -57,9 +54,9 @@ inline void FixBlockSum(CBytes& aui8Image, size_t uiBlock)
 // Makes the last byte of each whole block right.
 inline CBytes FixChecksums(CBytes aui8Image)
 {
-    for (size_t uiBlock = 0; uiBlock < aui8Image.size() / gsc_uiBlockSize; ++uiBlock)
+    for (size_t i = 0; i < aui8Image.size() / gsc_uiBlockSize; ++i)
     {
-        FixBlockSum(aui8Image, uiBlock);
+        FixBlockSum(aui8Image, i);
     }
     return aui8Image;
 }
@@ -74,6 +71,16 @@ inline std::unique_ptr<unsigned char[]> CopyToHeap(const CBytes& aui8Bytes)
 inline int LoadExact(CEdid& oEdid, const CBytes& aui8Bytes, unsigned int uiStripFlags = 0)
 {
     return oEdid.SetEdidBuffer(CopyToHeap(aui8Bytes).get(), static_cast<unsigned int>(aui8Bytes.size()), uiStripFlags);
+}
+
+inline CBytes GetBytes(const CEdidBase& oBase)
+{
+    return CBytes(oBase.GetBaseBlock(), oBase.GetBaseBlock() + gsc_uiBlockSize);
+}
+
+inline CBytes GetBytes(const CEdidExtBlock& oBlock)
+{
+    return CBytes(oBlock.GetData(), oBlock.GetData() + oBlock.GetSize());
 }
 
 inline CBytes Serialise(const CEdid& oEdid)

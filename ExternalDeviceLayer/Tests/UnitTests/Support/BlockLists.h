@@ -1,0 +1,125 @@
+// The lists that blocks hold, as numbers that compare.
+
+#pragma once
+
+#include <array>
+#include <bit>
+
+#include "EdidExtBlockCEA861.h"
+#include "TestBytes.h"
+#include "VidParamTimingGeneric.h"
+
+// A timing: the thirteen numbers of its record, then the result of reading it, or for a table timing 2 for the result
+// and 1 for native. An audio descriptor: format, channels, rates, extra. A speaker mask: itself.
+using CListEntry = std::array<unsigned int, 14>;
+using CList = std::vector<CListEntry>;
+
+enum EList : unsigned int
+{
+    eList_Table,
+    eList_Detailed,
+    eList_Audio,
+    eList_Speaker,
+    eList_Count
+};
+using CLists = std::array<CList, eList_Count>;
+
+inline bool Is420(const CListEntry& auiTiming) { return (auiTiming[11] & 0x10) != 0; }
+
+inline CListEntry MakeEntry(const CVidParamTimingGeneric& oTiming, int iLast)
+{
+    CListEntry auiEntry = {};
+    const auto auiRecord = std::bit_cast<std::array<unsigned int, 13>>(oTiming.GetData());
+    std::copy(auiRecord.begin(), auiRecord.end(), auiEntry.begin());
+    auiEntry[13] = static_cast<unsigned int>(iLast);
+    return auiEntry;
+}
+
+// READTABLE(i, CVidParamTiming*, int* native) and READDETAILED(i, CVidParamTiming*) read one timing each.
+template <class READTABLE, class READDETAILED>
+CLists GetTimingLists(unsigned int uiTable, unsigned int uiDetailed, READTABLE ReadTable, READDETAILED ReadDetailed)
+{
+    CLists aoLists;
+    for (unsigned int i = 0; i < uiTable; ++i)
+    {
+        CVidParamTimingGeneric oTiming;
+        int iNative = -1;
+        const int iResult = ReadTable(i, &oTiming, &iNative);
+        aoLists[eList_Table].push_back(MakeEntry(oTiming, 2 * iResult + iNative));
+    }
+    for (unsigned int i = 0; i < uiDetailed; ++i)
+    {
+        CVidParamTimingGeneric oTiming;
+        const int iResult = ReadDetailed(i, &oTiming);
+        aoLists[eList_Detailed].push_back(MakeEntry(oTiming, iResult));
+    }
+    return aoLists;
+}
+
+inline CLists GetLists(const CEdidExtBlock& oBlock)
+{
+    CLists aoLists = GetTimingLists(
+        oBlock.GetStandardCount(), oBlock.GetDetailedCount(),
+        [&](auto... aArguments) { return oBlock.GetStandard(aArguments...); },
+        [&](auto... aArguments) { return oBlock.GetDetailed(aArguments...); });
+    if (oBlock.GetExtensionType() != 2)
+    {
+        return aoLists;
+    }
+    const CEdidExtBlockCEA861& oCea = static_cast<const CEdidExtBlockCEA861&>(oBlock);
+    for (unsigned int i = 0; i < oCea.GetAudioDescriptorCount(); ++i)
+    {
+        CEdidExtBlockCEA861::SAudioDescriptor oAudio = {};
+        oCea.GetAudioDescriptor(i, &oAudio);
+        aoLists[eList_Audio].push_back(
+            { oAudio.m_eFormat, oAudio.m_uiChannels, oAudio.m_eSamplingFreq, oAudio.m_uiExtra });
+    }
+    for (unsigned int i = 0; i < oCea.GetSpeakerDescriptorCount(); ++i)
+    {
+        unsigned int uiMask = 0;
+        oCea.GetSpeakerDescriptor(i, &uiMask);
+        aoLists[eList_Speaker].push_back({ uiMask });
+    }
+    return aoLists;
+}
+
+// Of a block of the EDID: 0 is the base block, which has the lists of timings alone.
+inline CLists GetLists(const CEdid& oEdid, size_t uiBlock)
+{
+    return uiBlock != 0 ? GetLists(*oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1)))
+                        : GetTimingLists(
+                              oEdid.GetBaseStandardCount(), oEdid.GetBaseDetailedCount(),
+                              [&](auto... aArguments) { return oEdid.GetBaseStandard(aArguments...); },
+                              [&](auto... aArguments) { return oEdid.GetBaseDetailed(aArguments...); });
+}
+
+// Whether the data blocks of a CEA-861 block end where its descriptors begin, its audio blocks hold whole descriptors,
+// and only zeros stand behind the descriptors, or behind the data blocks if there are to be no descriptors. In other
+// blocks an edit may cut or uncover bytes that then read as something else.
+inline bool IsTidy(const unsigned char* pui8Block, bool bWithoutDescriptors = false)
+{
+    const size_t uiStart = pui8Block[2];
+    if (pui8Block[0] != 2 || uiStart < 4 || uiStart > 127)
+    {
+        return false;
+    }
+    size_t uiAt = pui8Block[1] < 3 ? uiStart : 4; // older blocks have no data blocks
+    while (uiAt < uiStart)
+    {
+        const size_t uiLength = pui8Block[uiAt] & 0x1F;
+        if (pui8Block[uiAt] >> 5 == 1 && uiLength % 3 != 0)
+        {
+            return false;
+        }
+        uiAt += 1 + uiLength;
+    }
+    if (uiAt != uiStart)
+    {
+        return false;
+    }
+    while (!bWithoutDescriptors && uiAt + 18 <= 127 && (pui8Block[uiAt] != 0 || pui8Block[uiAt + 1] != 0))
+    {
+        uiAt += 18;
+    }
+    return std::count(pui8Block + uiAt, pui8Block + 127, 0) == static_cast<ptrdiff_t>(127 - uiAt);
+}

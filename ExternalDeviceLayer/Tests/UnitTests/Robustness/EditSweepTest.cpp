@@ -44,7 +44,7 @@ void RunAllEdits(const CBytes& aui8Image)
         const size_t uiValues = Runner::UsesValue(oStep.m_uiOperation) ? std::size(gsc_auiValues) : 1;
         for (oStep.m_uiBlock = 0; oStep.m_uiBlock < (bOfBlock ? uiBlocks : 1); ++oStep.m_uiBlock)
         {
-            const unsigned int uiIndexes = oFirst.GetIndexCount(oStep);
+            const unsigned int uiIndexes = oFirst.GetIndexCount(oStep.m_uiOperation);
             for (size_t i = 0; i < uiIndexes * uiValues; ++i)
             {
                 oStep.m_uiIndex = static_cast<unsigned int>(i / uiValues);

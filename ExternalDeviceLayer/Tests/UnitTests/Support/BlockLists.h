@@ -35,22 +35,22 @@ inline CListEntry MakeEntry(const CVidParamTimingGeneric& oTiming, int iLast)
     return auiEntry;
 }
 
-// READTABLE(i, CVidParamTiming*, int* native) and READDETAILED(i, CVidParamTiming*) read one timing each.
-template <class READTABLE, class READDETAILED>
-CLists GetTimingLists(unsigned int uiTable, unsigned int uiDetailed, READTABLE ReadTable, READDETAILED ReadDetailed)
+// Of a block, or of the base block as a CEdidBase.
+template <class SOURCE>
+CLists GetTimingLists(const SOURCE& oSource)
 {
     CLists aoLists;
-    for (unsigned int i = 0; i < uiTable; ++i)
+    for (unsigned int i = 0; i < oSource.GetStandardCount(); ++i)
     {
         CVidParamTimingGeneric oTiming;
         int iNative = -1;
-        const int iResult = ReadTable(i, &oTiming, &iNative);
+        const int iResult = oSource.GetStandard(i, &oTiming, &iNative);
         aoLists[eList_Table].push_back(MakeEntry(oTiming, 2 * iResult + iNative));
     }
-    for (unsigned int i = 0; i < uiDetailed; ++i)
+    for (unsigned int i = 0; i < oSource.GetDetailedCount(); ++i)
     {
         CVidParamTimingGeneric oTiming;
-        const int iResult = ReadDetailed(i, &oTiming);
+        const int iResult = oSource.GetDetailed(i, &oTiming);
         aoLists[eList_Detailed].push_back(MakeEntry(oTiming, iResult));
     }
     return aoLists;
@@ -58,26 +58,19 @@ CLists GetTimingLists(unsigned int uiTable, unsigned int uiDetailed, READTABLE R
 
 inline CLists GetLists(const CEdidExtBlock& oBlock)
 {
-    CLists aoLists = GetTimingLists(
-        oBlock.GetStandardCount(), oBlock.GetDetailedCount(),
-        [&](auto... aArguments) { return oBlock.GetStandard(aArguments...); },
-        [&](auto... aArguments) { return oBlock.GetDetailed(aArguments...); });
-    if (oBlock.GetExtensionType() != 2)
-    {
-        return aoLists;
-    }
-    const CEdidExtBlockCEA861& oCea = static_cast<const CEdidExtBlockCEA861&>(oBlock);
-    for (unsigned int i = 0; i < oCea.GetAudioDescriptorCount(); ++i)
+    CLists aoLists = GetTimingLists(oBlock);
+    const auto* poCea = dynamic_cast<const CEdidExtBlockCEA861*>(&oBlock);
+    for (unsigned int i = 0; poCea != nullptr && i < poCea->GetAudioDescriptorCount(); ++i)
     {
         CEdidExtBlockCEA861::SAudioDescriptor oAudio = {};
-        oCea.GetAudioDescriptor(i, &oAudio);
+        poCea->GetAudioDescriptor(i, &oAudio);
         aoLists[eList_Audio].push_back(
             { oAudio.m_eFormat, oAudio.m_uiChannels, oAudio.m_eSamplingFreq, oAudio.m_uiExtra });
     }
-    for (unsigned int i = 0; i < oCea.GetSpeakerDescriptorCount(); ++i)
+    for (unsigned int i = 0; poCea != nullptr && i < poCea->GetSpeakerDescriptorCount(); ++i)
     {
         unsigned int uiMask = 0;
-        oCea.GetSpeakerDescriptor(i, &uiMask);
+        poCea->GetSpeakerDescriptor(i, &uiMask);
         aoLists[eList_Speaker].push_back({ uiMask });
     }
     return aoLists;
@@ -86,11 +79,8 @@ inline CLists GetLists(const CEdidExtBlock& oBlock)
 // Of a block of the EDID: 0 is the base block, which has the lists of timings alone.
 inline CLists GetLists(const CEdid& oEdid, size_t uiBlock)
 {
-    return uiBlock != 0 ? GetLists(*oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1)))
-                        : GetTimingLists(
-                              oEdid.GetBaseStandardCount(), oEdid.GetBaseDetailedCount(),
-                              [&](auto... aArguments) { return oEdid.GetBaseStandard(aArguments...); },
-                              [&](auto... aArguments) { return oEdid.GetBaseDetailed(aArguments...); });
+    return uiBlock == 0 ? GetTimingLists<CEdidBase>(oEdid)
+                        : GetLists(*oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1)));
 }
 
 // Whether the data blocks of a CEA-861 block end where its descriptors begin, its audio blocks hold whole descriptors,

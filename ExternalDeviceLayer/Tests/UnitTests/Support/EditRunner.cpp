@@ -77,34 +77,37 @@ CVidParamTimingGeneric MakeTiming(const CEdid& oEdid, const SEditStep& oStep)
     return oTiming;
 }
 
-// EDIT(block) where the step's block is there; 0 else.
-template <class EDIT>
-int OnBlock(CEdid& oEdid, const SEditStep& oStep, const EDIT& Edit)
+// Calls EDIT of the step's block with these members of the step; 0 where the block is not there or of another kind.
+template <class BLOCK, auto EDIT, auto... ARGUMENTS>
+int OnBlock(CEdid& oEdid, const SEditStep& oStep)
 {
-    CEdidExtBlock* poBlock = oEdid.GetExtension(oStep.m_uiBlock);
-    return poBlock != nullptr ? Edit(*poBlock) : 0;
+    auto* poBlock = dynamic_cast<BLOCK*>(oEdid.GetExtension(oStep.m_uiBlock));
+    return poBlock != nullptr ? (poBlock->*EDIT)((oStep.*ARGUMENTS)...) : 0;
 }
 
-template <class EDIT>
-int OnCea(CEdid& oEdid, const SEditStep& oStep, const EDIT& Edit)
+template <auto EDIT, auto... ARGUMENTS>
+int WithAudio(CEdid& oEdid, const SEditStep& oStep)
 {
-    return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
-        return oBlock.GetExtensionType() == 2 ? Edit(static_cast<CCea&>(oBlock)) : 0;
-    });
+    auto* poBlock = dynamic_cast<CCea*>(oEdid.GetExtension(oStep.m_uiBlock));
+    const CCea::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
+    return poBlock != nullptr ? (poBlock->*EDIT)((oStep.*ARGUMENTS)..., oStep.m_uiValue == 0 ? nullptr : &oAudio) : 0;
 }
 
 // A raw step may take anything out of its block, the tag included; the lists are derived all the same.
-int RunRaw(CEdid& oEdid, const SEditStep& oStep, void (CCea::*pfnStep)(unsigned int, unsigned int))
+template <auto EDIT>
+int RunRaw(CEdid& oEdid, const SEditStep& oStep)
 {
-    return OnCea(oEdid, oStep, [&](CCea& oCea) {
-        (oCea.*pfnStep)(oStep.m_uiIndex, oStep.m_uiValue);
-        oCea.ExtractStandardTimings();
-        oCea.ExtractDetailedTimings();
-        oCea.ExtractAudioInfo();
-        oCea.ExtractSpeakerInfo();
-        oCea.UpdateChecksum();
-        return 1;
-    });
+    auto* poBlock = dynamic_cast<CCea*>(oEdid.GetExtension(oStep.m_uiBlock));
+    if (poBlock != nullptr)
+    {
+        (poBlock->*EDIT)(oStep.m_uiIndex, oStep.m_uiValue);
+        poBlock->ExtractStandardTimings();
+        poBlock->ExtractDetailedTimings();
+        poBlock->ExtractAudioInfo();
+        poBlock->ExtractSpeakerInfo();
+        poBlock->UpdateChecksum();
+    }
+    return poBlock != nullptr ? 1 : 0;
 }
 
 bool StoreEstablished(CBytes& aui8Base, unsigned int uiId, const SEditStep& oStep)
@@ -142,9 +145,12 @@ bool StoreSerial(CBytes& aui8Base, const SEditStep& oStep)
     return true;
 }
 
+constexpr auto gsc_puiIndex = &SEditStep::m_uiIndex;
+constexpr auto gsc_puiValue = &SEditStep::m_uiValue;
+
 // clang-format off
 constexpr SRow gsc_aoRows[] = {
-    // where, kind, list, named bytes of the base block, looks first, uses the value, number of indexes
+    // where, kind, list, named bytes of the base block, looks first, uses the value, indexes, what runs it, what it stores
     { EWhere::eMerged, EKind::eRemove, eList_Table, { 38, 16 }, false, false, 0,
       [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveStandard(oStep.m_uiIndex); } },
     { EWhere::eMerged, EKind::eRemove, eList_Detailed, { 54, 72 }, false, false, 0,
@@ -181,41 +187,24 @@ constexpr SRow gsc_aoRows[] = {
     { EWhere::eBase, EKind::eOther, eList_Count, { 0, 0 }, false, false, 1,
       [](CEdid& oEdid, const SEditStep&) { oEdid.UpdateChecksum(); return 1; } },
     { EWhere::eBlock, EKind::eRemove, eList_Table, {}, false, false, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
-          return oBlock.RemoveStandard(oStep.m_uiIndex); }); } },
+      OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
     { EWhere::eBlock, EKind::eRemove, eList_Detailed, {}, false, false, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
-          return oBlock.RemoveDetailed(oStep.m_uiIndex); }); } },
+      OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
     { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnBlock(oEdid, oStep, [&](CEdidExtBlock& oBlock) {
-          return oBlock.SetColorBitDepthSupport(oStep.m_uiValue); }); } },
-    { EWhere::eBlock, EKind::eAdd, eList_Audio, {}, false, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          const CCea::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
-          return oCea.AddAudioDescriptor(oStep.m_uiValue == 0 ? nullptr : &oAudio); }); } },
-    { EWhere::eBlock, EKind::eSet, eList_Audio, {}, false, true, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          const CCea::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
-          return oCea.SetAudioDescriptor(oStep.m_uiIndex, oStep.m_uiValue == 0 ? nullptr : &oAudio); }); } },
+      OnBlock<CEdidExtBlock, &CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
+    { EWhere::eBlock, EKind::eAdd, eList_Audio, {}, false, true, 1, WithAudio<&CCea::AddAudioDescriptor> },
+    { EWhere::eBlock, EKind::eSet, eList_Audio, {}, false, true, 0, WithAudio<&CCea::SetAudioDescriptor, gsc_puiIndex> },
     { EWhere::eBlock, EKind::eRemove, eList_Audio, {}, false, false, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          return oCea.RemoveAudioDescriptor(oStep.m_uiIndex); }); } },
+      OnBlock<CCea, &CCea::RemoveAudioDescriptor, gsc_puiIndex> },
     { EWhere::eBlock, EKind::eAdd, eList_Speaker, {}, false, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          return oCea.AddSpeakerDescriptor(oStep.m_uiValue); }); } },
+      OnBlock<CCea, &CCea::AddSpeakerDescriptor, gsc_puiValue> },
     { EWhere::eBlock, EKind::eSet, eList_Speaker, {}, false, true, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          return oCea.SetSpeakerDescriptor(oStep.m_uiIndex, oStep.m_uiValue); }); } },
+      OnBlock<CCea, &CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
     { EWhere::eBlock, EKind::eRemove, eList_Speaker, {}, false, false, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          return oCea.RemoveSpeakerDescriptor(oStep.m_uiIndex); }); } },
-    { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, false, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { return OnCea(oEdid, oStep, [&](CCea& oCea) {
-          return oCea.AddVendorSpecific(); }); } },
-    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { return RunRaw(oEdid, oStep, &CCea::RemoveDataRange); } },
-    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { return RunRaw(oEdid, oStep, &CCea::PadDataRange); } },
+      OnBlock<CCea, &CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
+    { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, false, 1, OnBlock<CCea, &CCea::AddVendorSpecific> },
+    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1, RunRaw<&CCea::RemoveDataRange> },
+    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1, RunRaw<&CCea::PadDataRange> },
     { EWhere::eBase, EKind::eFree, eList_Count, { 0, 0 }, true, false, 1,
       [](CEdid& oEdid, const SEditStep&) {
           const auto aui8Bytes = oEdid.GetEdidBuffer();
@@ -270,232 +259,194 @@ int CEditRunner::Run(const SEditStep& oStep)
 const char* CEditRunner::Apply(const SEditStep& oStep)
 {
     const CBytes aui8Before = Serialise(m_oEdid);
-    const CPlaces aoPlaces = FindPlaces(oStep);
+    const std::vector<SPlace> aoPlaces = FindPlaces(oStep, aui8Before);
     const bool bDone = Run(oStep) != 0;
     m_uiSuccessCount += bDone ? 1U : 0U;
-    m_sBroken = Check(oStep, bDone, aui8Before, aoPlaces);
+    m_sBroken.clear();
+    const CBytes aui8After = Serialise(m_oEdid);
+    const SPlace* poPlace = aoPlaces.empty() ? nullptr : &aoPlaces.front();
+    for (const SPlace& oPlace : aoPlaces)
+    {
+        const size_t uiStart = gsc_uiBlockSize * oPlace.m_uiBlock;
+        const bool bSame =
+            std::equal(&aui8Before[uiStart], &aui8Before[uiStart] + gsc_uiBlockSize, &aui8After[uiStart]);
+        poPlace = bSame ? poPlace : &oPlace; // of two that changed CheckBytes sees the other
+        if (!bDone)
+        {
+            CheckRefusal(oStep, oPlace);
+        }
+    }
+    Require(bDone || aui8After == aui8Before, "a refusal changed bytes");
+    Require(!bDone || poPlace != nullptr, "an edit succeeded where there is nothing to edit");
+    if (bDone && poPlace != nullptr)
+    {
+        CheckBytes(oStep, *poPlace, aui8Before, aui8After);
+        if (GetRow(oStep.m_uiOperation).m_eKind == EKind::eRaw)
+        {
+            Load(aui8After.data(), static_cast<unsigned int>(aui8After.size()));
+        }
+        else
+        {
+            CheckEffect(oStep, *poPlace, aui8Before, aui8After);
+            CompareWithFreshLoad(aui8After);
+        }
+    }
     return m_sBroken.empty() ? nullptr : m_sBroken.c_str();
 }
 
 bool CEditRunner::UsesValue(unsigned int uiOperation) { return GetRow(uiOperation).m_bUsesValue; }
 
-unsigned int CEditRunner::GetIndexCount(const SEditStep& oStep) const
+unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
 {
-    const SRow& oRow = GetRow(oStep.m_uiOperation);
-    size_t uiCount = oRow.m_uiIndexCount != 0 ? oRow.m_uiIndexCount : 2;
-    for (size_t i = 0; i <= m_oEdid.GetExtensionCount() && oRow.m_uiIndexCount == 0; ++i)
-    {
-        const bool bIsNamed = oRow.m_eWhere == EWhere::eMerged || i == oStep.m_uiBlock + 1U;
-        uiCount += bIsNamed ? GetLists(m_oEdid, i)[oRow.m_eList].size() : 0;
-    }
-    return static_cast<unsigned int>(uiCount);
+    const SRow& oRow = GetRow(uiOperation);
+    return oRow.m_uiIndexCount != 0         ? oRow.m_uiIndexCount
+           : oRow.m_eList == eList_Table    ? m_oEdid.GetStandardCount() + 2
+           : oRow.m_eList == eList_Detailed ? m_oEdid.GetDetailedCount() + 2
+                                            : 12;
 }
 
 // In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed
 // on to when that one refuses.
-CEditRunner::CPlaces CEditRunner::FindPlaces(const SEditStep& oStep) const
+std::vector<CEditRunner::SPlace> CEditRunner::FindPlaces(const SEditStep& oStep, const CBytes& aui8Bytes) const
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
-    CPlaces aoPlaces;
+    const size_t uiOnly = oRow.m_eWhere == EWhere::eBase ? 0 : oStep.m_uiBlock + 1U;
+    std::vector<SPlace> aoPlaces;
     unsigned int uiRest = oStep.m_uiIndex;
-    for (size_t i = 0; i <= m_oEdid.GetExtensionCount(); ++i)
+    for (size_t i = 0; i <= m_oEdid.GetExtensionCount() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
     {
-        if (oRow.m_eWhere != EWhere::eMerged && i != (oRow.m_eWhere == EWhere::eBase ? 0 : oStep.m_uiBlock + 1U))
+        if (oRow.m_eWhere != EWhere::eMerged && i != uiOnly)
         {
             continue;
         }
-        SPlace oPlace = { i, uiRest, GetLists(m_oEdid, i) };
-        if (oRow.m_eWhere == EWhere::eMerged && uiRest >= oPlace.m_aoLists[oRow.m_eList].size())
+        const bool bIsSure = i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
+        SPlace oPlace = { i, uiRest, GetLists(m_oEdid, i), bIsSure };
+        const size_t uiCount = oRow.m_eWhere == EWhere::eMerged ? oPlace.m_aoLists[oRow.m_eList].size() : 0;
+        if (oRow.m_eWhere == EWhere::eMerged && uiRest >= uiCount)
         {
-            uiRest -= static_cast<unsigned int>(oPlace.m_aoLists[oRow.m_eList].size());
+            uiRest -= static_cast<unsigned int>(uiCount);
             continue;
         }
         aoPlaces.push_back(std::move(oPlace));
-        if (i == 0)
-        {
-            break; // the base block's answer is final
-        }
     }
     return aoPlaces;
 }
 
-// Whether an edit does to the lists of the block what it says, and to nothing else.
-bool CEditRunner::IsSure(const SPlace& oPlace, const CBytes& aui8Before) const
+void CEditRunner::Require(bool bHolds, const char* pszPromise)
 {
-    return oPlace.m_uiBlock == 0 ||
-           (!m_oBehind[oPlace.m_uiBlock] && IsTidy(&aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock]));
-}
-
-std::string CEditRunner::Check(const SEditStep& oStep, bool bDone, const CBytes& aui8Before, const CPlaces& aoPlaces)
-{
-    const CBytes aui8After = Serialise(m_oEdid);
-    std::string sBroken = bDone || aui8After == aui8Before ? "" : "a refusal changed bytes";
-    for (size_t i = 0; i < aoPlaces.size() && !bDone && sBroken.empty(); ++i)
+    if (!bHolds && m_sBroken.empty())
     {
-        sBroken = CheckRefusal(oStep, aoPlaces[i], aui8Before);
+        m_sBroken = pszPromise;
     }
-    if (!bDone || !sBroken.empty())
-    {
-        return sBroken;
-    }
-    if (aoPlaces.empty())
-    {
-        return "an edit succeeded where there is nothing to edit";
-    }
-    const SPlace* poPlace = &aoPlaces.front();
-    for (const SPlace& oPlace : aoPlaces)
-    {
-        const auto itBlock = aui8Before.begin() + static_cast<ptrdiff_t>(gsc_uiBlockSize * oPlace.m_uiBlock);
-        const bool bSame =
-            std::equal(itBlock, itBlock + gsc_uiBlockSize, &aui8After[gsc_uiBlockSize * oPlace.m_uiBlock]);
-        poPlace = bSame ? poPlace : &oPlace; // of two that changed CheckBytes sees the other
-    }
-    sBroken = CheckBytes(oStep, *poPlace, aui8Before, aui8After);
-    if (GetRow(oStep.m_uiOperation).m_eKind == EKind::eRaw)
-    {
-        Load(aui8After.data(), static_cast<unsigned int>(aui8After.size()));
-        return sBroken;
-    }
-    return sBroken.empty() ? CheckLists(oStep, *poPlace, aui8Before, aui8After) : sBroken;
 }
 
 // What stands in a list can be removed, except for a timing that has no code of its own and a preferred one.
-std::string CEditRunner::CheckRefusal(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before) const
+void CEditRunner::CheckRefusal(const SEditStep& oStep, const SPlace& oPlace)
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
-    if (oPlace.m_aoLists != GetLists(m_oEdid, oPlace.m_uiBlock))
+    Require(oPlace.m_aoLists == GetLists(m_oEdid, oPlace.m_uiBlock), "a refusal changed a list");
+    if (oRow.m_eKind == EKind::eRemove && oPlace.m_uiIndex < oPlace.m_aoLists[oRow.m_eList].size())
     {
-        return "a refusal changed a list";
+        const bool bMust = oRow.m_eList == eList_Table ? !Is420(oPlace.m_aoLists[eList_Table][oPlace.m_uiIndex])
+                                                       : oPlace.m_bIsSure && oPlace.m_uiBlock + oPlace.m_uiIndex != 0;
+        Require(!bMust, "what stands in a list was not removed");
     }
-    if (oRow.m_eKind != EKind::eRemove || oPlace.m_uiIndex >= oPlace.m_aoLists[oRow.m_eList].size())
-    {
-        return "";
-    }
-    const bool bMust = oRow.m_eList == eList_Table ? !Is420(oPlace.m_aoLists[eList_Table][oPlace.m_uiIndex])
-                       : oPlace.m_uiBlock == 0     ? oPlace.m_uiIndex != 0
-                                                   : IsSure(oPlace, aui8Before);
-    return bMust ? "what stands in a list was not removed" : "";
 }
 
-std::string CEditRunner::CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
-                                    CBytes aui8After) const
+void CEditRunner::CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
+                             const CBytes& aui8After)
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
-    if (aui8After == aui8Before && oRow.m_bLooksFirst)
-    {
-        return "";
-    }
-    if (aui8After == aui8Before && (oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eAdd))
-    {
-        return "a removal or an addition changed no byte";
-    }
-    if (oPlace.m_uiBlock != 0)
-    {
-        const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * oPlace.m_uiBlock);
-        return CheckEditedBytes(aui8Before, aui8After, { { uiStart, gsc_uiBlockSize } });
-    }
+    const bool bSame = aui8After == aui8Before;
+    Require(!bSame || (oRow.m_eKind != EKind::eRemove && oRow.m_eKind != EKind::eAdd),
+            "a removal or an addition changed no byte");
     CBytes aui8Stored = aui8Before;
-    if (oRow.m_pfnStore != nullptr && !oRow.m_pfnStore(aui8Stored, oStep))
+    Require(oRow.m_pfnStore == nullptr || (oRow.m_pfnStore(aui8Stored, oStep) &&
+                                           std::equal(aui8Stored.begin(), aui8Stored.begin() + 127, aui8After.begin())),
+            "a value of the base block is not what was to be set, or was to be refused");
+    const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * oPlace.m_uiBlock);
+    const SEditedBytes oNamed = uiStart == 0 ? oRow.m_oNamed : SEditedBytes{ uiStart, gsc_uiBlockSize };
+    if (oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
     {
-        return "an edit succeeded that was to be refused";
+        Require(aui8After == aui8Stored, "a checksum changed that was not to");
     }
-    if (oRow.m_pfnStore != nullptr && !std::equal(aui8Stored.begin(), aui8Stored.begin() + 127, aui8After.begin()))
+    else if (!bSame || !oRow.m_bLooksFirst)
     {
-        return "a value of the base block is not what was set";
+        const std::string sBroken = CheckEditedBytes(aui8Before, aui8After, { oNamed });
+        Require(sBroken.empty(), sBroken.c_str());
     }
-    if (oRow.m_oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
-    {
-        return aui8After == aui8Stored ? "" : "a checksum changed that was not to";
-    }
-    return CheckEditedBytes(aui8Before, aui8After, { oRow.m_oNamed });
 }
 
-std::string CEditRunner::CheckLists(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
-                                    const CBytes& aui8After)
+void CEditRunner::CheckEffect(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
+                              const CBytes& aui8After)
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
-    const size_t uiStart = gsc_uiBlockSize * oPlace.m_uiBlock;
+    const unsigned char* pui8Before = &aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock];
     const unsigned int uiIndex = oPlace.m_uiIndex;
-    const bool bSure = IsSure(oPlace, aui8Before);
-    const bool bWasBehind = m_oBehind[oPlace.m_uiBlock];
     const CLists aoNow = GetLists(m_oEdid, oPlace.m_uiBlock);
     CLists aoExpected = oPlace.m_aoLists;
-    CList* paoList = oRow.m_eList < eList_Count ? &aoExpected[oRow.m_eList] : nullptr;
-    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && uiIndex >= paoList->size())
+    CList& aoList = aoExpected[oRow.m_eList % eList_Count];
+    const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
+    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && uiIndex >= aoList.size())
     {
-        return "an edit succeeded at an index that is not there";
+        return Require(false, "an edit succeeded at an index that is not there");
     }
 
     // The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
+    const bool bWasBehind = m_oBehind[oPlace.m_uiBlock];
     const bool bMoves = oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
     m_oBehind[oPlace.m_uiBlock] = bMoves;
     if (bMoves)
     {
-        const bool bCodeGone = !IsTidy(&aui8Before[uiStart], true) ||
-                               IsWithoutCode(aoExpected[eList_Table], aoNow[eList_Table], (*paoList)[uiIndex]);
-        if (!bCodeGone || aoExpected[eList_Audio] != aoNow[eList_Audio] ||
-            aoExpected[eList_Speaker] != aoNow[eList_Speaker])
-        {
-            return "a table timing was not removed, or something else was";
-        }
-        return CompareWithFreshLoad(aui8After);
+        Require(!IsTidy(pui8Before, true) || IsWithoutCode(aoList, aoNowList, aoList[uiIndex]),
+                "a table timing was not removed, or another one was");
+        return Require(aoExpected[eList_Audio] == aoNow[eList_Audio] &&
+                           aoExpected[eList_Speaker] == aoNow[eList_Speaker],
+                       "the removal of a table timing changed another list");
     }
 
     const CListEntry auiStored = MakeStored(oRow.m_eList, oStep.m_uiValue);
     if (oRow.m_eKind == EKind::eRemove)
     {
-        paoList->erase(paoList->begin() + uiIndex);
+        aoList.erase(aoList.begin() + uiIndex);
     }
     else if (oRow.m_eKind == EKind::eSet)
     {
-        (*paoList)[uiIndex] = auiStored;
+        aoList[uiIndex] = auiStored;
+        Require(bWasBehind || (uiIndex < aoNowList.size() && aoNowList[uiIndex] == auiStored),
+                "a value was not stored");
     }
-    else if (oRow.m_eKind == EKind::eAdd && aui8Before[uiStart + 1] == 3) // others list no data blocks
+    else if (oRow.m_eKind == EKind::eAdd && pui8Before[1] == 3) // others list no data blocks
     {
         // At the end of the first data block or of the last.
-        const CList& aoNowList = aoNow[oRow.m_eList];
-        const auto itNew = std::mismatch(paoList->begin(), paoList->end(), aoNowList.begin(), aoNowList.end()).first;
-        paoList->insert(itNew, auiStored);
+        const auto itNew = std::mismatch(aoList.begin(), aoList.end(), aoNowList.begin(), aoNowList.end()).first;
+        aoList.insert(itNew, auiStored);
     }
-    const bool bReadsBack = oRow.m_eKind != EKind::eSet || bWasBehind ||
-                            (uiIndex < aoNow[oRow.m_eList].size() && aoNow[oRow.m_eList][uiIndex] == auiStored);
-    if (!bReadsBack || (bSure && oRow.m_eKind != EKind::eFree && aoNow != aoExpected))
-    {
-        return "the lists are not what they were to become";
-    }
-    if (bSure && oPlace.m_uiBlock != 0 && !IsTidy(&aui8After[uiStart]))
-    {
-        return "an edit left a block whose data blocks do not end where they say, or bytes behind its content";
-    }
+    Require(!oPlace.m_bIsSure || oRow.m_eKind == EKind::eFree || aoNow == aoExpected,
+            "the lists are not what they were to become");
+    Require(!oPlace.m_bIsSure || oPlace.m_uiBlock == 0 || IsTidy(&aui8After[gsc_uiBlockSize * oPlace.m_uiBlock]),
+            "data blocks do not end where they say, or bytes stand behind the content");
     if (oStep.m_uiOperation % msc_uiOperationCount == eEdit_BlockSetColorBitDepthSupport)
     {
         unsigned int uiBits = 0;
         m_oEdid.GetExtension(oStep.m_uiBlock)->GetColorBitDepthSupport(uiBits);
-        if (uiBits != 0 && uiBits != (oStep.m_uiValue & 7)) // 0 without an HDMI block
-        {
-            return "the colour depths are not those that were set";
-        }
+        Require(uiBits == 0 || uiBits == (oStep.m_uiValue & 7), "the depths are not those that were set"); // 0: no HDMI
     }
-    return CompareWithFreshLoad(aui8After);
 }
 
-std::string CEditRunner::CompareWithFreshLoad(const CBytes& aui8Bytes) const
+void CEditRunner::CompareWithFreshLoad(const CBytes& aui8Bytes)
 {
     CEdid oFresh;
-    if (oFresh.SetEdidBuffer(aui8Bytes.data(), static_cast<unsigned int>(aui8Bytes.size()), 0) == 0 ||
-        Serialise(oFresh) != aui8Bytes)
+    oFresh.SetEdidBuffer(aui8Bytes.data(), static_cast<unsigned int>(aui8Bytes.size()), 0);
+    if (Serialise(oFresh) != aui8Bytes)
     {
-        return "the bytes do not load again";
+        return Require(false, "the bytes do not load again");
     }
     for (size_t i = 0; i <= m_oEdid.GetExtensionCount(); ++i)
     {
         const CLists aoHeld = GetLists(m_oEdid, i);
         const CLists aoOfBytes = GetLists(oFresh, i);
-        const unsigned int uiLists = m_oBehind[i] ? eList_Table + 1 : eList_Count;
-        if (!std::equal(aoHeld.begin(), aoHeld.begin() + uiLists, aoOfBytes.begin()))
-        {
-            return "the lists of block " + std::to_string(i) + " are not those of its bytes";
-        }
+        Require(std::equal(aoHeld.begin(), aoHeld.begin() + (m_oBehind[i] ? 1 : eList_Count), aoOfBytes.begin()),
+                "the lists of a block are not those of its bytes");
     }
-    return "";
 }

@@ -62,32 +62,30 @@ public:
     // Runs one edit and looks at nothing; takes no memory of its own. Gives what the edit gives.
     int Run(const SEditStep& oStep);
 
-    // How many indexes the edit tells apart, and two more; whether what it does depends on the value.
-    unsigned int GetIndexCount(const SEditStep& oStep) const;
+    // How many indexes are worth trying: those that the edit tells apart, and two more. Whether it looks at the value.
+    unsigned int GetIndexCount(unsigned int uiOperation) const;
     static bool UsesValue(unsigned int uiOperation);
 
     const CEdid& GetEdid() const { return m_oEdid; }
     unsigned int GetSuccessCount() const { return m_uiSuccessCount; }
 
 private:
-    // A block that an edit may change, counted from 0, the base block: the index there, and the lists before.
+    // A block that an edit may change, counted from 0, the base block: the index there, the lists before, and whether
+    // an edit does to its lists what it says and to nothing else.
     struct SPlace
     {
         size_t m_uiBlock;
         unsigned int m_uiIndex;
         CLists m_aoLists;
+        bool m_bIsSure;
     };
-    using CPlaces = std::vector<SPlace>;
 
-    CPlaces FindPlaces(const SEditStep& oStep) const;
-    bool IsSure(const SPlace& oPlace, const CBytes& aui8Before) const;
-    std::string Check(const SEditStep& oStep, bool bDone, const CBytes& aui8Before, const CPlaces& aoPlaces);
-    std::string CheckRefusal(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before) const;
-    std::string CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
-                           CBytes aui8After) const;
-    std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
-                           const CBytes& aui8After);
-    std::string CompareWithFreshLoad(const CBytes& aui8Bytes) const;
+    std::vector<SPlace> FindPlaces(const SEditStep& oStep, const CBytes& aui8Bytes) const;
+    void Require(bool bHolds, const char* pszPromise);
+    void CheckRefusal(const SEditStep& oStep, const SPlace& oPlace);
+    void CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before, const CBytes& aui8After);
+    void CheckEffect(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before, const CBytes& aui8After);
+    void CompareWithFreshLoad(const CBytes& aui8Bytes);
 
     CEdid m_oEdid;
     // Blocks whose lists, all but the table timings, are behind their bytes: from a removal of a table timing to the

@@ -63,28 +63,30 @@ inline CBytes MakeFullDisplayIdBlock()
     return MakeDisplayIdBlock(aui8Blocks, 121);
 }
 
+// A detailed timing of 1920 x 1080 at 148.5 MHz.
+inline CBytes Detailed1080p()
+{
+    return {
+        0x02, 0x3A, 0x80, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58, 0x2C, 0x45, 0x00, 0x09, 0x25, 0x21, 0x00, 0x00, 0x1E
+    };
+}
+
 // A base block of version 1.4 with one detailed timing, 1920 x 1080 at 148.5 MHz, and these extension blocks.
 inline CBytes MakeEdid(const std::vector<CBytes>& aoBlocks)
 {
     CBytes aui8Edid = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x06, 0x10, 0x01, 0x00, 0x01,
                         0x00, 0x00, 0x00, 0x01, 0x1E, 0x01, 0x04, 0xB5, 0x34, 0x1D, 0x78, 0x02 };
-    aui8Edid.resize(128);
-    for (size_t i = 38; i < 54; ++i)
+    aui8Edid.resize(38);
+    aui8Edid.resize(54, 0x01); // no standard timings
+    Append(aui8Edid, Detailed1080p());
+    for (size_t i = 0; i < 3; ++i)
     {
-        aui8Edid[i] = 0x01;
+        Append(aui8Edid, { 0x00, 0x00, 0x00, 0x10 }); // an empty display descriptor
+        aui8Edid.resize(aui8Edid.size() + 14);
     }
-    const CBytes aui8Detailed = { 0x02, 0x3A, 0x80, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58,
-                                  0x2C, 0x45, 0x00, 0x09, 0x25, 0x21, 0x00, 0x00, 0x1E };
-    for (size_t i = 0; i < aui8Detailed.size(); ++i)
-    {
-        aui8Edid[54 + i] = aui8Detailed[i];
-    }
-    for (size_t uiOffset = 72; uiOffset < 126; uiOffset += 18)
-    {
-        aui8Edid[uiOffset + 3] = 0x10; // an empty display descriptor
-    }
+    aui8Edid.resize(gsc_uiBlockSize);
     aui8Edid[126] = static_cast<unsigned char>(aoBlocks.size());
-    FixSum(aui8Edid, 0, 127);
+    FixBlockSum(aui8Edid, 0);
     for (const CBytes& aui8Block : aoBlocks)
     {
         Append(aui8Edid, aui8Block);
@@ -95,9 +97,7 @@ inline CBytes MakeEdid(const std::vector<CBytes>& aoBlocks)
 // A CEA-861 block of revision 3 with two codes, 16 (native) and 4, and one detailed timing, 1920 x 1080 at 148.5 MHz.
 inline CBytes MakeCeaBlock()
 {
-    CBytes aui8Block = { 0x02, 0x03, 0x07, 0x00, 0x42, 0x90, 0x04, 0x02, 0x3A, 0x80, 0x18, 0x71, 0x38,
-                         0x2D, 0x40, 0x58, 0x2C, 0x45, 0x00, 0x09, 0x25, 0x21, 0x00, 0x00, 0x1E };
-    aui8Block.resize(128);
-    FixSum(aui8Block, 0, 127);
-    return aui8Block;
+    CBytes aui8Block = Join({ { 0x02, 0x03, 0x07, 0x00, 0x42, 0x90, 0x04 }, Detailed1080p() });
+    aui8Block.resize(gsc_uiBlockSize);
+    return FixChecksums(aui8Block);
 }

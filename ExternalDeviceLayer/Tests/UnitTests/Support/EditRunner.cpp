@@ -110,41 +110,6 @@ int RunRaw(CEdid& oEdid, const SEditStep& oStep)
     return poBlock != nullptr ? 1 : 0;
 }
 
-bool StoreEstablished(CBytes& aui8Base, unsigned int uiId, const SEditStep& oStep)
-{
-    for (size_t i = 0; i < 3; ++i)
-    {
-        const unsigned int uiBits = (uiId >> 8 * i) & 0xFF;
-        aui8Base[35 + i] =
-            static_cast<unsigned char>(GetFlag(oStep) != 0 ? aui8Base[35 + i] | uiBits : aui8Base[35 + i] & ~uiBits);
-    }
-    return uiId != 0;
-}
-
-// By position among VESA's own timings that are set.
-bool StoreEstablishedAt(CBytes& aui8Base, const SEditStep& oStep)
-{
-    const unsigned int uiSet = aui8Base[35] + 256U * aui8Base[36];
-    unsigned int uiLeft = oStep.m_uiIndex;
-    for (const unsigned int uiId : { 0x20U, 8U, 4U, 2U, 1U, 0x8000U, 0x4000U, 0x800U, 0x400U, 0x200U, 0x100U })
-    {
-        if ((uiSet & uiId) != 0 && uiLeft-- == 0)
-        {
-            return StoreEstablished(aui8Base, uiId, oStep);
-        }
-    }
-    return false;
-}
-
-bool StoreSerial(CBytes& aui8Base, const SEditStep& oStep)
-{
-    for (unsigned int i = 0; i < 4; ++i)
-    {
-        aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> 8 * i);
-    }
-    return true;
-}
-
 constexpr auto gsc_puiIndex = &SEditStep::m_uiIndex;
 constexpr auto gsc_puiValue = &SEditStep::m_uiValue;
 
@@ -157,18 +122,22 @@ constexpr SRow gsc_aoRows[] = {
       [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveDetailed(oStep.m_uiIndex); } },
     { EWhere::eBase, EKind::eOther, eList_Count, { 35, 3 }, false, true, 19,
       [](CEdid& oEdid, const SEditStep& oStep) {
-          return oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), UpdatesChecksum(oStep)); },
-      StoreEstablishedAt },
+          return oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), UpdatesChecksum(oStep)); } },
     { EWhere::eBase, EKind::eOther, eList_Count, { 35, 3 }, false, true, 26,
       [](CEdid& oEdid, const SEditStep& oStep) {
           return oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32)),
                                             GetFlag(oStep), UpdatesChecksum(oStep)); },
       [](CBytes& aui8Base, const SEditStep& oStep) {
-          const unsigned int uiId = 1U << (oStep.m_uiIndex % 32);
-          return StoreEstablished(aui8Base, uiId <= 0x8000 || uiId == 0x800000 ? uiId : 0, oStep); } },
+          const unsigned int uiBit = oStep.m_uiIndex % 32; // 16 to 22 and 24 on name no timing
+          unsigned char& ui8Byte = aui8Base[35 + uiBit / 8];
+          const unsigned int uiMask = 1U << uiBit % 8;
+          ui8Byte = static_cast<unsigned char>(GetFlag(oStep) != 0 ? ui8Byte | uiMask : ui8Byte & ~uiMask);
+          return uiBit < 16 || uiBit == 23; } },
     { EWhere::eBase, EKind::eOther, eList_Count, { 12, 4 }, true, true, 1,
       [](CEdid& oEdid, const SEditStep& oStep) { oEdid.SetSerialNumber(oStep.m_uiValue); return 1; },
-      StoreSerial },
+      [](CBytes& aui8Base, const SEditStep& oStep) {
+          for (unsigned int i = 0; i < 4; ++i) { aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> (8 * i)); }
+          return true; } },
     { EWhere::eBase, EKind::eOther, eList_Count, { 20, 1 }, true, true, 1,
       [](CEdid& oEdid, const SEditStep& oStep) {
           return oEdid.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(oStep.m_uiValue % 10)); },
@@ -264,13 +233,14 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     m_uiSuccessCount += bDone ? 1U : 0U;
     m_sBroken.clear();
     const CBytes aui8After = Serialise(m_oEdid);
+    // Of two blocks that changed CheckBytes sees the other.
+    const auto itChanged =
+        std::mismatch(aui8Before.begin(), aui8Before.end(), aui8After.begin(), aui8After.end()).first;
     const SPlace* poPlace = aoPlaces.empty() ? nullptr : &aoPlaces.front();
     for (const SPlace& oPlace : aoPlaces)
     {
-        const size_t uiStart = gsc_uiBlockSize * oPlace.m_uiBlock;
-        const bool bSame =
-            std::equal(&aui8Before[uiStart], &aui8Before[uiStart] + gsc_uiBlockSize, &aui8After[uiStart]);
-        poPlace = bSame ? poPlace : &oPlace; // of two that changed CheckBytes sees the other
+        const bool bChanged = static_cast<size_t>(itChanged - aui8Before.begin()) / gsc_uiBlockSize == oPlace.m_uiBlock;
+        poPlace = bChanged ? &oPlace : poPlace;
         if (!bDone)
         {
             CheckRefusal(oStep, oPlace);
@@ -368,7 +338,9 @@ void CEditRunner::CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const
     const SEditedBytes oNamed = uiStart == 0 ? oRow.m_oNamed : SEditedBytes{ uiStart, gsc_uiBlockSize };
     if (oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
     {
-        Require(aui8After == aui8Stored, "a checksum changed that was not to");
+        const bool bOnlyNamed = std::equal(aui8Before.begin(), aui8Before.begin() + 35, aui8After.begin()) &&
+                                std::equal(aui8Before.begin() + 38, aui8Before.end(), aui8After.begin() + 38);
+        Require(bOnlyNamed, "a checksum changed that was not to, or another byte");
     }
     else if (!bSame || !oRow.m_bLooksFirst)
     {
@@ -446,7 +418,9 @@ void CEditRunner::CompareWithFreshLoad(const CBytes& aui8Bytes)
     {
         const CLists aoHeld = GetLists(m_oEdid, i);
         const CLists aoOfBytes = GetLists(oFresh, i);
-        Require(std::equal(aoHeld.begin(), aoHeld.begin() + (m_oBehind[i] ? 1 : eList_Count), aoOfBytes.begin()),
+        // Up to the detailed timings where the others are behind.
+        Require(std::equal(aoHeld.begin(), aoHeld.begin() + (m_oBehind[i] ? eList_Detailed : eList_Count),
+                           aoOfBytes.begin()),
                 "the lists of a block are not those of its bytes");
     }
 }

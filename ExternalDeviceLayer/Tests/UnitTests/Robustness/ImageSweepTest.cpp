@@ -186,7 +186,7 @@ void RunEditsOfDamage(Runner& oRunner, bool bApply)
 }
 
 // Byte 2 and the first header take every value, in front of the bytes of a real block.
-TEST(DamagedBlock, EveryByte2AndFirstHeader)
+TEST(DamagedBlockSweep, EveryByte2AndFirstHeader)
 {
     const CQuietMessages oQuiet;
     CBytes aui8Image = MakeEdid({ CBytes(gsc_aui8Philips288P6.begin() + gsc_uiExt, gsc_aui8Philips288P6.end()) });

@@ -80,14 +80,13 @@ public:
 TEST(FifthDescriptor, IsNoTimingAndNoText)
 {
     CBytes aui8Block = MakeEdid({});
-    std::fill(aui8Block.begin() + 54, aui8Block.end(), static_cast<unsigned char>(0));
+    std::fill(aui8Block.begin() + 18, aui8Block.end(), static_cast<unsigned char>(0)); // no preferred timing
     for (size_t i = 54; i < 126; i += 18)
     {
-        aui8Block[i + 3] = 0x10; // an empty display descriptor
+        aui8Block[i + 3] = 0x10; // an empty display descriptor, as which bytes 126 and 127 begin
     }
     for (const unsigned int uiTag : { 0xFAU, 0xFCU, 0xFDU, 0xFEU, 0xFFU })
     {
-        // Bytes 126 and 127 are 0, as in a display descriptor.
         const CBaseWithMemoryBehind oText(aui8Block, uiTag << 8 | 'A' << 24);
         char szText[14] = {};
         CEdidBase::SRangeLimits oLimits = {};

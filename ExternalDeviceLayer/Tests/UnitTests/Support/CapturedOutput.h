@@ -13,8 +13,6 @@
 class CCapturedOutput
 {
 public:
-    static constexpr const char* msc_pszAssertion = "Assertion failed\n"; // ends each assertion line
-
     CCapturedOutput() { testing::internal::CaptureStdout(); }
     ~CCapturedOutput()
     {
@@ -39,9 +37,9 @@ public:
 
     static unsigned int CountAssertions(const std::string& sText)
     {
-        const std::string sMark = msc_pszAssertion;
+        const std::string sMark = "Assertion failed\n"; // ends each of them
         unsigned int uiCount = 0;
-        for (size_t uiAt = sText.find(sMark); uiAt != std::string::npos; uiAt = sText.find(sMark, uiAt + 1))
+        for (size_t i = sText.find(sMark); i != std::string::npos; i = sText.find(sMark, i + 1))
         {
             ++uiCount;
         }

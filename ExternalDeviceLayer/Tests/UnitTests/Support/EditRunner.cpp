@@ -10,15 +10,6 @@ namespace
 {
 using CCea = CEdidExtBlockCEA861;
 
-// Where an edit looks for what it changes: in the base block, in the block whose number it is given, or in the block
-// that its index falls into.
-enum class EWhere
-{
-    eBase,
-    eBlock,
-    eMerged
-};
-
 enum class EKind
 {
     eOther,
@@ -31,17 +22,23 @@ enum class EKind
 
 struct SRow
 {
-    EWhere m_eWhere;
     EKind m_eKind;
     EList m_eList;               // that it removes from, sets in, adds to
     SEditedBytes m_oNamed;       // of the base block
     bool m_bLooksFirst;          // leaves a wrong checksum when there is nothing to change
-    bool m_bUsesValue;           // else the value is looked at by nobody
     unsigned int m_uiIndexCount; // how many are worth trying; 0 for the length of the list and two more
     int (*m_pfnRun)(CEdid& oEdid, const SEditStep& oStep);
     // Writes into the base block what must stand there afterwards; may be null. False when the edit must refuse.
     bool (*m_pfnStore)(CBytes& aui8Base, const SEditStep& oStep) = nullptr;
 };
+
+// The block that an index falls into changes, or the block whose number the step gives; else the base block.
+bool IsMerged(unsigned int uiOperation) { return uiOperation <= CEditRunner::eEdit_RemoveDetailed; }
+
+bool IsOfBlock(unsigned int uiOperation)
+{
+    return uiOperation >= CEditRunner::eEdit_BlockRemoveStandard && uiOperation != CEditRunner::eEdit_Reload;
+}
 
 int GetFlag(const SEditStep& oStep) { return static_cast<int>(oStep.m_uiValue & 1); }
 
@@ -115,15 +112,15 @@ constexpr auto gsc_puiValue = &SEditStep::m_uiValue;
 
 // clang-format off
 constexpr SRow gsc_aoRows[] = {
-    // where, kind, list, named bytes of the base block, looks first, uses the value, indexes, what runs it, what it stores
-    { EWhere::eMerged, EKind::eRemove, eList_Table, { 38, 16 }, false, false, 0,
+    // kind, list, named bytes of the base block, looks first, indexes, what runs it, what it stores
+    { EKind::eRemove, eList_Table, { 38, 16 }, false, 0,
       [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveStandard(oStep.m_uiIndex); } },
-    { EWhere::eMerged, EKind::eRemove, eList_Detailed, { 54, 72 }, false, false, 0,
+    { EKind::eRemove, eList_Detailed, { 54, 72 }, false, 0,
       [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveDetailed(oStep.m_uiIndex); } },
-    { EWhere::eBase, EKind::eOther, eList_Count, { 35, 3 }, false, true, 19,
+    { EKind::eOther, eList_Count, { 35, 3 }, false, 19,
       [](CEdid& oEdid, const SEditStep& oStep) {
           return oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), UpdatesChecksum(oStep)); } },
-    { EWhere::eBase, EKind::eOther, eList_Count, { 35, 3 }, false, true, 26,
+    { EKind::eOther, eList_Count, { 35, 3 }, false, 26,
       [](CEdid& oEdid, const SEditStep& oStep) {
           return oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32)),
                                             GetFlag(oStep), UpdatesChecksum(oStep)); },
@@ -133,48 +130,41 @@ constexpr SRow gsc_aoRows[] = {
           const unsigned int uiMask = 1U << uiBit % 8;
           ui8Byte = static_cast<unsigned char>(GetFlag(oStep) != 0 ? ui8Byte | uiMask : ui8Byte & ~uiMask);
           return uiBit < 16 || uiBit == 23; } },
-    { EWhere::eBase, EKind::eOther, eList_Count, { 12, 4 }, true, true, 1,
+    { EKind::eOther, eList_Count, { 12, 4 }, true, 1,
       [](CEdid& oEdid, const SEditStep& oStep) { oEdid.SetSerialNumber(oStep.m_uiValue); return 1; },
       [](CBytes& aui8Base, const SEditStep& oStep) {
           for (unsigned int i = 0; i < 4; ++i) { aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> (8 * i)); }
           return true; } },
-    { EWhere::eBase, EKind::eOther, eList_Count, { 20, 1 }, true, true, 1,
+    { EKind::eOther, eList_Count, { 20, 1 }, true, 1,
       [](CEdid& oEdid, const SEditStep& oStep) {
           return oEdid.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(oStep.m_uiValue % 10)); },
       [](CBytes& aui8Base, const SEditStep& oStep) {
           aui8Base[20] = static_cast<unsigned char>((aui8Base[20] & 0x8FU) | (oStep.m_uiValue % 10) << 4);
           return oStep.m_uiValue % 10 < 8; } },
-    { EWhere::eBase, EKind::eFree, eList_Detailed, { 54, 72 }, false, true, 4,
+    { EKind::eFree, eList_Detailed, { 54, 72 }, false, 4,
       [](CEdid& oEdid, const SEditStep& oStep) {
           const CVidParamTimingGeneric oTiming = MakeTiming(oEdid, oStep);
           return oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming); } },
-    { EWhere::eBase, EKind::eOther, eList_Table, { 38, 16 }, true, false, 1,
+    { EKind::eOther, eList_Table, { 38, 16 }, true, 1,
       [](CEdid& oEdid, const SEditStep&) {
           oEdid.RePackStandards();
           oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
           return 1; } },
-    { EWhere::eBase, EKind::eOther, eList_Count, { 0, 0 }, false, false, 1,
+    { EKind::eOther, eList_Count, { 0, 0 }, false, 1,
       [](CEdid& oEdid, const SEditStep&) { oEdid.UpdateChecksum(); return 1; } },
-    { EWhere::eBlock, EKind::eRemove, eList_Table, {}, false, false, 0,
-      OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
-    { EWhere::eBlock, EKind::eRemove, eList_Detailed, {}, false, false, 0,
-      OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
-    { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, true, 1,
-      OnBlock<CEdidExtBlock, &CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
-    { EWhere::eBlock, EKind::eAdd, eList_Audio, {}, false, true, 1, WithAudio<&CCea::AddAudioDescriptor> },
-    { EWhere::eBlock, EKind::eSet, eList_Audio, {}, false, true, 0, WithAudio<&CCea::SetAudioDescriptor, gsc_puiIndex> },
-    { EWhere::eBlock, EKind::eRemove, eList_Audio, {}, false, false, 0,
-      OnBlock<CCea, &CCea::RemoveAudioDescriptor, gsc_puiIndex> },
-    { EWhere::eBlock, EKind::eAdd, eList_Speaker, {}, false, true, 1,
-      OnBlock<CCea, &CCea::AddSpeakerDescriptor, gsc_puiValue> },
-    { EWhere::eBlock, EKind::eSet, eList_Speaker, {}, false, true, 0,
-      OnBlock<CCea, &CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
-    { EWhere::eBlock, EKind::eRemove, eList_Speaker, {}, false, false, 0,
-      OnBlock<CCea, &CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
-    { EWhere::eBlock, EKind::eOther, eList_Count, {}, false, false, 1, OnBlock<CCea, &CCea::AddVendorSpecific> },
-    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1, RunRaw<&CCea::RemoveDataRange> },
-    { EWhere::eBlock, EKind::eRaw, eList_Count, {}, false, true, 1, RunRaw<&CCea::PadDataRange> },
-    { EWhere::eBase, EKind::eFree, eList_Count, { 0, 0 }, true, false, 1,
+    { EKind::eRemove, eList_Table, {}, false, 0, OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eList_Detailed, {}, false, 0, OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CEdidExtBlock, &CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
+    { EKind::eAdd, eList_Audio, {}, false, 1, WithAudio<&CCea::AddAudioDescriptor> },
+    { EKind::eSet, eList_Audio, {}, false, 0, WithAudio<&CCea::SetAudioDescriptor, gsc_puiIndex> },
+    { EKind::eRemove, eList_Audio, {}, false, 0, OnBlock<CCea, &CCea::RemoveAudioDescriptor, gsc_puiIndex> },
+    { EKind::eAdd, eList_Speaker, {}, false, 1, OnBlock<CCea, &CCea::AddSpeakerDescriptor, gsc_puiValue> },
+    { EKind::eSet, eList_Speaker, {}, false, 0, OnBlock<CCea, &CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
+    { EKind::eRemove, eList_Speaker, {}, false, 0, OnBlock<CCea, &CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
+    { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CCea, &CCea::AddVendorSpecific> },
+    { EKind::eRaw, eList_Count, {}, false, 1, RunRaw<&CCea::RemoveDataRange> },
+    { EKind::eRaw, eList_Count, {}, false, 1, RunRaw<&CCea::PadDataRange> },
+    { EKind::eFree, eList_Count, { 0, 0 }, true, 1,
       [](CEdid& oEdid, const SEditStep&) {
           const auto aui8Bytes = oEdid.GetEdidBuffer();
           return oEdid.GetSize() != 0 ? oEdid.SetEdidBuffer(aui8Bytes.GetData(), aui8Bytes.GetCount(), 0) : 0; } },
@@ -248,7 +238,8 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     }
     Require(bDone || aui8After == aui8Before, "a refusal changed bytes");
     Require(!bDone || poPlace != nullptr, "an edit succeeded where there is nothing to edit");
-    if (bDone && poPlace != nullptr)
+    Require(aui8After.size() == aui8Before.size(), "the size changed");
+    if (bDone && m_sBroken.empty())
     {
         CheckBytes(oStep, *poPlace, aui8Before, aui8After);
         if (GetRow(oStep.m_uiOperation).m_eKind == EKind::eRaw)
@@ -264,7 +255,7 @@ const char* CEditRunner::Apply(const SEditStep& oStep)
     return m_sBroken.empty() ? nullptr : m_sBroken.c_str();
 }
 
-bool CEditRunner::UsesValue(unsigned int uiOperation) { return GetRow(uiOperation).m_bUsesValue; }
+bool CEditRunner::UsesValue(unsigned int uiOperation) { return GetRow(uiOperation).m_eKind != EKind::eRemove; }
 
 unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
 {
@@ -279,20 +270,21 @@ unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
 // on to when that one refuses.
 std::vector<CEditRunner::SPlace> CEditRunner::FindPlaces(const SEditStep& oStep, const CBytes& aui8Bytes) const
 {
-    const SRow& oRow = GetRow(oStep.m_uiOperation);
-    const size_t uiOnly = oRow.m_eWhere == EWhere::eBase ? 0 : oStep.m_uiBlock + 1U;
+    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
+    const bool bMerged = IsMerged(uiOperation);
+    const size_t uiOnly = IsOfBlock(uiOperation) ? oStep.m_uiBlock + 1U : 0;
     std::vector<SPlace> aoPlaces;
     unsigned int uiRest = oStep.m_uiIndex;
     for (size_t i = 0; i <= m_oEdid.GetExtensionCount() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
     {
-        if (oRow.m_eWhere != EWhere::eMerged && i != uiOnly)
+        if (!bMerged && i != uiOnly)
         {
             continue;
         }
         const bool bIsSure = i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
         SPlace oPlace = { i, uiRest, GetLists(m_oEdid, i), bIsSure };
-        const size_t uiCount = oRow.m_eWhere == EWhere::eMerged ? oPlace.m_aoLists[oRow.m_eList].size() : 0;
-        if (oRow.m_eWhere == EWhere::eMerged && uiRest >= uiCount)
+        const size_t uiCount = bMerged ? oPlace.m_aoLists[GetRow(uiOperation).m_eList].size() : 0;
+        if (bMerged && uiRest >= uiCount)
         {
             uiRest -= static_cast<unsigned int>(uiCount);
             continue;

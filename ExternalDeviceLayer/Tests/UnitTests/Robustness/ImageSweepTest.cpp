@@ -167,20 +167,22 @@ TEST_P(ImageSweep, EveryEdit)
     }
 }
 
-// The edits of a damaged block by itself, one after the other. All promises where bApply says so, which is slow; else
-// that a refusal changes no byte and that a success leaves a block that loads.
-void RunEditsOfDamage(Runner& oRunner, bool bApply)
+// The edits of a damaged block by itself, one after the other, beginning anywhere. All promises where bApply says so,
+// which is slow; else that a refusal changes no byte and that a success leaves a block that loads.
+void RunEditsOfDamage(Runner& oRunner, unsigned int uiFirst, bool bApply)
 {
-    for (unsigned int i = Runner::eEdit_BlockRemoveDetailed; i < Runner::eEdit_RemoveDataRange; ++i)
+    constexpr unsigned int uiCount = Runner::eEdit_RemoveDataRange - Runner::eEdit_BlockRemoveDetailed;
+    for (unsigned int i = 0; i < uiCount; ++i)
     {
+        const SEditStep oStep = { Runner::eEdit_BlockRemoveDetailed + (uiFirst + i) % uiCount, 0, 0, gsc_auiValues[0] };
         if (bApply)
         {
-            ASSERT_NO_FATAL_FAILURE(Apply(oRunner, { i, 0, 0, gsc_auiValues[0] }));
+            ASSERT_NO_FATAL_FAILURE(Apply(oRunner, oStep));
             continue;
         }
         const CEdidExtBlock& oBlock = *oRunner.GetEdid().GetExtension(0);
         const CBytes aui8Before = GetBytes(oBlock);
-        ASSERT_TRUE(oRunner.Run({ i, 0, 0, gsc_auiValues[0] }) != 0 || GetBytes(oBlock) == aui8Before) << i;
+        ASSERT_TRUE(oRunner.Run(oStep) != 0 || GetBytes(oBlock) == aui8Before) << i;
         ASSERT_TRUE(CEdidExtBlockCEA861::IsSupported(128, oBlock.GetData()) != 0) << i;
     }
 }
@@ -207,12 +209,12 @@ TEST(DamagedBlockSweep, EveryByte2AndFirstHeader)
         const CEdidExtBlock& oBlock = *oRunner.GetEdid().GetExtension(0);
         // Reading all lists back is slow; one header in sixteen, shifting with byte 2, still meets every tag.
         const bool bApply = (uiByte2 + uiHeader) % 16 == 0;
-        ASSERT_NO_FATAL_FAILURE(RunEditsOfDamage(oRunner, bApply));
+        ASSERT_NO_FATAL_FAILURE(RunEditsOfDamage(oRunner, 0, bApply));
         while (oRunner.Run({ Runner::eEdit_BlockRemoveStandard, 0, oBlock.GetStandardCount() / 2, 0 }) != 0)
         {
             ASSERT_TRUE(oBlock.IsChecksumValid() != 0);
         }
-        ASSERT_NO_FATAL_FAILURE(RunEditsOfDamage(oRunner, false)); // the first of them over lists that are behind
+        ASSERT_NO_FATAL_FAILURE(RunEditsOfDamage(oRunner, i, false)); // the first over lists that are behind
         oRunner.Run({ Runner::eEdit_RemoveDataRange, 0, uiByte2, uiHeader });
         oRunner.Run({ Runner::eEdit_PadDataRange, 0, uiHeader, uiByte2 });
     }

@@ -205,7 +205,7 @@ void ReadBaseTimings(CDigest& oDigest, const CEdid& oEdid)
     ReadTimingList(oDigest, 8, [&](unsigned int i, CVidParamTiming* poTiming) {
         return oEdid.GetBaseStandard(static_cast<CEdidBase::EStandardSlotIndex>(i), poTiming, nullptr);
     });
-    ReadTimingList(oDigest, 4 + oEdid.GetBaseDetailedCount(),
+    ReadTimingList(oDigest, 4,
                    [&](unsigned int i, CVidParamTiming* poTiming) { return oEdid.GetBaseDetailed(i, poTiming); });
     CVidParamTimingGeneric oTiming;
     ReadAll(oDigest, 4 * 6, [&](unsigned int i) { oDigest.Add(oEdid.GetExtraStdTiming(i, oTiming), oTiming); });

@@ -8,6 +8,7 @@
 
 namespace
 {
+using CBlock = CEdidExtBlock;
 using CCea = CEdidExtBlockCEA861;
 
 enum class EKind
@@ -133,7 +134,10 @@ constexpr SRow gsc_aoRows[] = {
     { EKind::eOther, eList_Count, { 12, 4 }, true, 1,
       [](CEdid& oEdid, const SEditStep& oStep) { oEdid.SetSerialNumber(oStep.m_uiValue); return 1; },
       [](CBytes& aui8Base, const SEditStep& oStep) {
-          for (unsigned int i = 0; i < 4; ++i) { aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> (8 * i)); }
+          for (unsigned int i = 0; i < 4; ++i)
+          {
+              aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> (8 * i));
+          }
           return true; } },
     { EKind::eOther, eList_Count, { 20, 1 }, true, 1,
       [](CEdid& oEdid, const SEditStep& oStep) {
@@ -152,14 +156,15 @@ constexpr SRow gsc_aoRows[] = {
           return 1; } },
     { EKind::eOther, eList_Count, { 0, 0 }, false, 1,
       [](CEdid& oEdid, const SEditStep&) { oEdid.UpdateChecksum(); return 1; } },
-    { EKind::eRemove, eList_Table, {}, false, 0, OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
-    { EKind::eRemove, eList_Detailed, {}, false, 0, OnBlock<CEdidExtBlock, &CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
-    { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CEdidExtBlock, &CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
+    { EKind::eRemove, eList_Table, {}, false, 0, OnBlock<CBlock, &CBlock::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eList_Detailed, {}, false, 0, OnBlock<CBlock, &CBlock::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CBlock, &CBlock::SetColorBitDepthSupport, gsc_puiValue> },
     { EKind::eAdd, eList_Audio, {}, false, 1, WithAudio<&CCea::AddAudioDescriptor> },
     { EKind::eSet, eList_Audio, {}, false, 0, WithAudio<&CCea::SetAudioDescriptor, gsc_puiIndex> },
     { EKind::eRemove, eList_Audio, {}, false, 0, OnBlock<CCea, &CCea::RemoveAudioDescriptor, gsc_puiIndex> },
     { EKind::eAdd, eList_Speaker, {}, false, 1, OnBlock<CCea, &CCea::AddSpeakerDescriptor, gsc_puiValue> },
-    { EKind::eSet, eList_Speaker, {}, false, 0, OnBlock<CCea, &CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
+    { EKind::eSet, eList_Speaker, {}, false, 0,
+      OnBlock<CCea, &CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
     { EKind::eRemove, eList_Speaker, {}, false, 0, OnBlock<CCea, &CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
     { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CCea, &CCea::AddVendorSpecific> },
     { EKind::eRaw, eList_Count, {}, false, 1, RunRaw<&CCea::RemoveDataRange> },

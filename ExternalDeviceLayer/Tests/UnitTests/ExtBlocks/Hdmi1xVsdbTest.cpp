@@ -1,11 +1,9 @@
-// The view of an HDMI vendor block: where its video codes stand, taking one out, deep colour; alone and through a
-// block.
+// The view of an HDMI vendor block: where its video codes stand, taking one out, deep colour.
 
 #include <gtest/gtest.h>
 
 #include "CapturedOutput.h"
-#include "Cea861TestHelp.h"
-#include "EditCheck.h"
+#include "CaseFile.h"
 #include "Hdmi1xVsdb.h"
 
 namespace
@@ -20,63 +18,24 @@ std::vector<unsigned int> GetCeaVics(const CHdmi1xVsdb& oVsdb)
     return auiVics;
 }
 
-unsigned int Length(const CBytes& aui8Bytes) { return static_cast<unsigned int>(aui8Bytes.size()); }
-
 const CBytes gsc_aui8Start = { 0x03, 0x0C, 0x00, 0x10, 0x00, 0x80, 0x00 }; // up to the presence byte
 
-TEST(Hdmi1xVsdb, FindsItsVideoCodes)
+TEST(Hdmi1xVsdb, FindsItsVideoCodesAndRemovesOne)
 {
-    const struct
+    for (const SCaseRow& oRow : ReadCases("ExtBlocks/golden/hdmi.txt", 5))
     {
-        const char* m_pszName;
-        CBytes m_aui8Payload; // from the presence byte on
-        std::vector<unsigned int> m_auiVics;
-    } aoCases[] = {
-        { "NoLatency", { 0x20, 0x00, 0x80, 1, 2, 3, 4 }, { 95, 94, 93, 98 } },
-        { "Latency", { 0xA0, 9, 9, 0x00, 0x20, 2 }, { 94 } },
-        { "InterlacedLatencyAlone", { 0x60, 9, 9, 0x00, 0x20, 2 }, { 94 } },
-        { "BothLatencies", { 0xE0, 9, 9, 9, 9, 0x00, 0x20, 2 }, { 94 } },
-        { "NoVideoFields", { 0x00, 0x00, 0x20, 1 }, {} },
-        { "CountOf0", { 0x20, 0x00, 0x1F, 1 }, {} },
-        { "CountRunsPastThePayload", { 0x20, 0x00, 0x60, 1, 2 }, {} },
-        { "CountEndsWithThePayload", { 0x20, 0x00, 0x40, 1, 2 }, { 95, 94 } },
-        { "UnknownCodesArePassedOver", { 0x20, 0x00, 0xA0, 5, 1, 0, 255, 4 }, { 95, 98 } },
-        { "NoRoomForTheLengths", { 0x20, 0x00 }, {} },
-        { "NoRoomForVideoFields", { 0x20 }, {} },
-        { "LatencyRunsPastThePayload", { 0xE0, 9 }, {} },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        const CBytes aui8Payload = Join({ gsc_aui8Start, oCase.m_aui8Payload });
+        SCOPED_TRACE(oRow.GetName());
+        const bool bRefused = oRow.GetText(4) == "=";
+        const CBytes aui8Payload = Join({ gsc_aui8Start, oRow.GetBytes(1) });
+        const unsigned int uiLength = static_cast<unsigned int>(aui8Payload.size());
         const auto pui8Exact = CopyToHeap(aui8Payload);
-        CHdmi1xVsdb oVsdb(Length(aui8Payload), pui8Exact.get());
-        EXPECT_EQ(oCase.m_auiVics, GetCeaVics(oVsdb));
-        EXPECT_EQ(oCase.m_auiVics.size(), oVsdb.ExtractTimings());
-    }
-}
-
-TEST(Hdmi1xVsdb, RemovalClosesTheGapAndLeavesThe3dData)
-{
-    // Codes with lengths byte and 3D data; 9 is no code, and not that of 0.
-    const CBytes aui8Before = { 0xA2, 1, 9, 2, 3, 4, 0x01, 0x41 };
-    const std::pair<unsigned int, CBytes> aoCases[] = {
-        { 95, { 0x82, 9, 2, 3, 4, 0, 0x01, 0x41 } },
-        { 93, { 0x82, 1, 9, 2, 4, 0, 0x01, 0x41 } },
-        { 98, { 0x82, 1, 9, 2, 3, 0, 0x01, 0x41 } },
-        { 0, aui8Before },
-        { 1093, aui8Before },
-        { 93 + 256, aui8Before },
-    };
-    const CBytes aui8Front = Join({ gsc_aui8Start, { 0x20, 0xA0 } });
-    for (const auto& [uiVic, aui8After] : aoCases)
-    {
-        SCOPED_TRACE(uiVic);
-        CBytes aui8Payload = Join({ aui8Front, aui8Before });
-        CHdmi1xVsdb oVsdb(Length(aui8Payload), aui8Payload.data());
-        EXPECT_EQ(aui8After != aui8Before ? 1 : 0, oVsdb.RemoveCea861Vic(uiVic));
-        EXPECT_EQ(Join({ aui8Front, aui8After }), aui8Payload);
-        EXPECT_EQ(GetCeaVics(CHdmi1xVsdb(Length(aui8Payload), aui8Payload.data())), GetCeaVics(oVsdb));
+        CHdmi1xVsdb oVsdb(uiLength, pui8Exact.get());
+        EXPECT_EQ(oRow.GetNumbers(2), GetCeaVics(oVsdb));
+        EXPECT_EQ(oRow.GetNumbers(2).size(), oVsdb.ExtractTimings());
+        EXPECT_EQ(bRefused ? 0 : 1, oVsdb.RemoveCea861Vic(oRow.GetNumber(3)));
+        EXPECT_EQ(Join({ gsc_aui8Start, oRow.GetBytes(bRefused ? 1 : 4) }),
+                  CBytes(pui8Exact.get(), pui8Exact.get() + uiLength));
+        EXPECT_EQ(GetCeaVics(CHdmi1xVsdb(uiLength, pui8Exact.get())), GetCeaVics(oVsdb));
     }
 }
 
@@ -114,31 +73,6 @@ TEST(Hdmi1xVsdb, ViewsOfNothingReportAndRefuse)
         EXPECT_EQ(2U, oOutput.TakeAssertionCount());
         EXPECT_EQ(0, oVsdb.RemoveCea861Vic(95));
         EXPECT_EQ(0U, oVsdb.ExtractTimings());
-    }
-}
-
-// ---- Through the block ----
-
-TEST(Cea861ColourDepth, JoinsAndWritesAllHdmiVendorBlocks)
-{
-    const CBytes aui8Blocks = { 0x68, 3, 0x0C, 0,    0, 0, 0x10, 0,    0,      //
-                                0x65, 3, 0x0C, 0,    0, 0,                     // too short to be one
-                                0x68, 1, 2,    3,    0, 0, 0x70, 0,    0,      // another vendor
-                                0x69, 3, 0x0C, 0,    0, 0, 0xC8, 0,    0, 0,   //
-                                0xE9, 1, 3,    0x0C, 0, 0, 0,    0x20, 0, 0 }; // extended: not for depth
-    const auto poBlock = LoadBlock(CCeaBlockBuilder().Bytes(aui8Blocks).Detailed({ 1 }).Get());
-    unsigned int uiBits = 0;
-    EXPECT_EQ(1, poBlock->GetColorBitDepthSupport(uiBits));
-    EXPECT_EQ(5U, uiBits);
-    for (const unsigned int uiNew : { 3U, 0U, 6U })
-    {
-        const CEditCheck oCheck(*poBlock);
-        EXPECT_EQ(1, poBlock->SetColorBitDepthSupport(uiNew | 0xFFFFFFF8));
-        oCheck.ExpectEdited({ { 10, 1 }, { 34, 1 } });
-        EXPECT_EQ(uiNew * 16, poBlock->GetData()[10]);
-        EXPECT_EQ(0x88 + uiNew * 16, poBlock->GetData()[34]) << "the other bits stay";
-        EXPECT_EQ(1, poBlock->GetColorBitDepthSupport(uiBits));
-        EXPECT_EQ(uiNew, uiBits);
     }
 }
 }

@@ -28,6 +28,17 @@ struct SCaseRow
         return static_cast<unsigned int>(std::stoul(GetText(uiField), nullptr, 0)); // "0x" for hexadecimal
     }
 
+    std::vector<unsigned int> GetNumbers(size_t uiField) const // separated by blanks
+    {
+        std::vector<unsigned int> auiNumbers;
+        std::istringstream oStream(GetText(uiField));
+        for (std::string sToken; oStream >> sToken;)
+        {
+            auiNumbers.push_back(static_cast<unsigned int>(std::stoul(sToken, nullptr, 0)));
+        }
+        return auiNumbers;
+    }
+
     CBytes GetBytes(size_t uiField) const
     {
         CBytes aui8Bytes;

@@ -13,42 +13,31 @@ namespace
 const std::string gsc_sMarker = std::string(8, ' ') + std::string(40, '_');
 constexpr unsigned char gsc_ui8Old = 0x5A; // what the array holds before the call
 
+CBytes GetBytes(const CByteArray& oArray) { return CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount()); }
+
 long CountOpenDescriptors()
 {
     const std::filesystem::directory_iterator oDescriptors("/proc/self/fd");
     return std::distance(begin(oDescriptors), end(oDescriptors));
 }
 
-// Text of a table row by the rules of the format, without a label.
-std::string MakeRow(const CBytes& aui8Data, size_t uiStart, size_t uiCount)
+// By the rules of the format, without labels.
+std::string MakeTable(const CBytes& aui8Data, size_t uiColumns, const std::string& sLineEnd)
 {
-    std::string sRow = "|";
-    for (size_t i = uiStart; i < uiStart + uiCount; ++i)
+    std::string sText = "128 BYTES OF EDID CODE:" + sLineEnd + gsc_sMarker;
+    for (size_t i = 0; i < aui8Data.size(); ++i)
     {
         char szCell[8];
         snprintf(szCell, sizeof(szCell), "  %02X", aui8Data[i]);
-        sRow += szCell;
+        sText += (i % uiColumns == 0 ? sLineEnd + "  0 |" : "") + szCell;
     }
-    return sRow;
-}
-
-std::string MakeTable(const CBytes& aui8Data, size_t uiColumns, const std::string& sLineEnd)
-{
-    std::string sText = "128 BYTES OF EDID CODE:" + sLineEnd + gsc_sMarker + sLineEnd;
-    for (size_t i = 0; i < aui8Data.size(); i += uiColumns)
-    {
-        sText += "  0 " + MakeRow(aui8Data, i, std::min(uiColumns, aui8Data.size() - i)) + sLineEnd;
-    }
-    return sText;
+    return sText + sLineEnd;
 }
 
 CBytes MakeCountingBytes(size_t uiCount)
 {
     CBytes aui8Bytes(uiCount);
-    for (size_t i = 0; i < uiCount; ++i)
-    {
-        aui8Bytes[i] = static_cast<unsigned char>(i);
-    }
+    std::iota(aui8Bytes.begin(), aui8Bytes.end(), static_cast<unsigned char>(0));
     return aui8Bytes;
 }
 
@@ -205,83 +194,39 @@ TEST(EdidFile, LargeTableIsCopiedAFewTimesOnly)
     EXPECT_EQ(aui8Bytes.size() + iStep, oHeap.GetLastSize());
 }
 
-// A row ahead of 128 bytes less what the row gives: a table that is a success shows which bytes the row gave.
-TEST(EdidFile, CellsOfARow)
+// The text of a case, whose pieces stand between blanks.
+std::string MakeContent(const std::string& sPieces)
 {
-    const struct
-    {
-        const char* m_pszName;
-        std::string m_sRow;
-        CBytes m_aui8Expected;
-    } aoCases[] = {
-        { "UpperAndLowerCaseDigits", "0 |  fF  Ff\n", { 0xFF, 0xFF } },
-        { "OneDigit", "0 |  7    B\n", { 0x07, 0x0B } },
-        { "NoDigitIsTheByteZero", "0 |  zz  --  xF\n", { 0x00, 0x00, 0x00 } },
-        { "DigitAheadOfALetterOutsideTheBase", "0 |  Ag\n", { 0x0A } },
-        { "SignCounts", "0 |  -1  +5\n", { 0xFF, 0x05 } },
-        { "PrefixOfTheBaseHasNoDigitBehindIt", "0 |  0x  11\n", { 0x00, 0x11 } },
-        { "BlankCellHoldsNoByte", "0 |  11      22\n", { 0x11, 0x22 } },
-        { "WhatSeparatesCellsIsNotRead", "0 |xx11yy22zz33\n", { 0x11, 0x22, 0x33 } },
-        { "LabelIsNotRead", "row 99  77  |  11\n", { 0x11 } },
-        { "FirstBarCounts", "0 |  11  | 33\n", { 0x11, 0x00 } },
-        { "LineEndsInsideACell", "0 |  11  2\n", { 0x11, 0x02 } },
-        { "LineEndsInsideACellWithCrLf", "0 |  11  2\r\n", { 0x11, 0x02 } },
-        { "CrLfWhereACellBegins", "0 |  11  \r\n", { 0x11 } },
-        { "SecondCarriageReturnIsNoBlank", "0 |  11  \r\r\n", { 0x11, 0x00 } },
-        { "NulEndsTheLine", std::string("0 |  11  2\0  33\n", 16), { 0x11, 0x02 } },
-        { "BarAlone", "|\n", {} },
+    const std::map<std::string, std::string> oWords = {
+        { "MARK", gsc_sMarker }, { "CR", "\r" }, { "LF", "\n" }, { "NUL", std::string(1, '\0') }
     };
-    for (const auto& oCase : aoCases)
+    std::string sContent;
+    std::istringstream oPieces(sPieces);
+    for (std::string sPiece; oPieces >> sPiece;)
     {
-        SCOPED_TRACE(oCase.m_pszName);
-        const CBytes aui8Rest(128 - oCase.m_aui8Expected.size(), 0xA5);
-        const std::string sTable = gsc_sMarker + "\n" + oCase.m_sRow + MakeRow(aui8Rest, 0, aui8Rest.size());
-        ExpectLoad(Write("row.dat", sTable), 1, Join({ oCase.m_aui8Expected, aui8Rest }));
+        const size_t uiStar = sPiece.find('*');
+        const size_t uiTimes = uiStar != std::string::npos ? std::stoul(sPiece.substr(uiStar + 1)) : 1;
+        const auto itWord = oWords.find(sPiece.substr(0, uiStar));
+        std::string sText = itWord != oWords.end() ? itWord->second : sPiece.substr(0, uiStar);
+        std::replace(sText.begin(), sText.end(), '.', ' ');
+        std::replace(sText.begin(), sText.end(), '!', '|');
+        for (size_t i = 0; i < uiTimes; ++i)
+        {
+            sContent += sText;
+        }
     }
+    return sContent;
 }
 
-TEST(EdidFile, WhereTheTableBeginsAndEnds)
+TEST(EdidFile, TablesAndTheirCells)
 {
-    const CBytes aui8Bytes = MakeCountingBytes(640);
-    const std::string sRow = MakeRow(aui8Bytes, 0, 128) + "\n";
-    const std::string sMarked = gsc_sMarker + "\n" + sRow;
-    const std::string sWholePiece = gsc_sMarker + std::string(2047 - 48, '_');
-    const struct
+    for (const SCaseRow& oRow : ReadCases("EdidUtils/golden/cases/files.txt", 4))
     {
-        const char* m_pszName;
-        std::string m_sContent;
-        int m_bLoads;
-        size_t m_uiCount; // of the counting bytes in the array
-    } aoCases[] = {
-        { "NoMarker", "head\n" + sRow, 0, 0 },
-        { "MarkerOneBlankShort", sMarked.substr(1), 0, 0 },
-        { "MarkerOneBlankRight", " " + sMarked, 0, 0 },
-        { "MarkerOneUnderscoreShort", gsc_sMarker.substr(0, 47) + "\n" + sRow, 0, 0 },
-        { "MarkerWithTextBehind", gsc_sMarker + "______ 16 columns\n" + sRow, 1, 128 },
-        { "RowsAheadOfTheMarkerAreSkipped", sRow + sMarked, 1, 128 },
-        { "MarkerEndsTheFileWithoutLineFeed", "head\n" + gsc_sMarker, 0, 0 },
-        { "MarkerOfAWholePieceEndsTheFileWithoutLineFeed", sWholePiece, 0, 0 },
-        { "MarkerOfAWholePiece", sWholePiece + sRow, 1, 128 },
-        { "MarkerEndsTheFile", gsc_sMarker + "\n", 1, 0 },
-        { "NulAheadOfTheLineFeedOfTheMarker", gsc_sMarker + std::string("\0\n", 2), 1, 0 },
-        { "LineWithoutBarBehindTheMarker", gsc_sMarker + "\n\n" + sRow, 1, 0 },
-        { "LineWithoutBarEndsTheTable", sMarked + "end\n" + sRow, 1, 128 },
-        { "BarBehindANulDoesNotCount", sMarked + std::string("0 \0", 3) + sRow, 1, 128 },
-        { "LastRowWithoutLineFeed", sMarked.substr(0, sMarked.size() - 1), 1, 128 },
-        { "TwoBlocks", sMarked + MakeRow(aui8Bytes, 128, 128), 1, 256 },
-        { "NoMultipleOfABlock", sMarked + MakeRow(aui8Bytes, 128, 2), 0, 130 },
-        { "LongLineAheadOfTheMarker", std::string(5000, '|') + "\n" + sMarked, 1, 128 },
-        { "PieceOfALongLineIsTheMarker", std::string(2047, 'x') + sMarked, 1, 128 },
-        { "MarkerAcrossTwoPieces", std::string(2040, 'x') + sMarked, 0, 0 },
-        // 2047 characters hold a bar, two separators and 511 cells; what is behind them has no bar.
-        { "RowIsCutWhereItsFirstPieceEnds", gsc_sMarker + "\n" + MakeRow(aui8Bytes, 0, 640), 0, 511 },
-    };
-    for (const auto& oCase : aoCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        const std::string sMessage = "Invalid EDID size (" + std::to_string(oCase.m_uiCount) + " bytes) !\n\n";
-        ExpectLoad(Write("table.dat", oCase.m_sContent), oCase.m_bLoads, MakeCountingBytes(oCase.m_uiCount),
-                   oCase.m_uiCount % 128 == 0 ? "" : sMessage);
+        SCOPED_TRACE(oRow.GetName());
+        const CBytes aui8Expected = oRow.GetBytes(2);
+        const std::string sMessage = "Invalid EDID size (" + std::to_string(aui8Expected.size()) + " bytes) !\n\n";
+        ExpectLoad(Write("table.dat", MakeContent(oRow.GetText(1))), static_cast<int>(oRow.GetNumber(3)), aui8Expected,
+                   aui8Expected.size() % 128 == 0 ? "" : sMessage);
     }
 }
 }

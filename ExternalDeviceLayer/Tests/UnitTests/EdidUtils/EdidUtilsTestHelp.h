@@ -1,18 +1,15 @@
-// What the tests of the EDID tools share: images in and out of the library's types, lists and reports as text.
+// What the tests of the EDID tools share: images by name, lists and reports as text.
 
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <vector>
+#include <bit>
+#include <map>
 
 #include "CapturedOutput.h"
+#include "CaseFile.h"
 #include "CEdidTestImages.h"
 #include "DisplayIdImages.h"
 #include "SharedFiles.h"
-#include "TestBytes.h"
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
@@ -24,39 +21,41 @@ constexpr auto gsc_ePlain = CZorEdidUtils::eEdidFormatZorEdidExtractor;
 constexpr auto gsc_eExtended = CZorEdidUtils::eEdidFormatZorEdidExtractorExt;
 constexpr auto gsc_eModes = CZorEdidUtils::eEdidFormatRVideoOutRes;
 
-inline CBytes GetBytes(const CByteArray& oArray)
+// The image of a name with changes behind it: "asus 19=02 03" has 02 at byte 19 and 03 at byte 20. Checksums are right,
+// but for one that is named last.
+inline CBytes MakeImage(const std::string& sText)
 {
-    return CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount());
-}
-
-using CByteChanges = std::vector<std::pair<size_t, unsigned char>>; // offset and new value
-
-// The image with these changes and right checksums.
-inline CBytes ChangeBytes(CBytes aui8Image, const CByteChanges& aoChanges)
-{
-    for (const auto& [uiOffset, ui8Value] : aoChanges)
+    CBytes aui8Cea = { 0x02, 0x03, 0x04, 0x00 }; // without data blocks and detailed timings
+    aui8Cea.resize(gsc_uiBlockSize);
+    aui8Cea = FixChecksums(aui8Cea);
+    const CBytes aui8Record = MakeDataBlock(3, 0, Type1Record1080p());
+    const std::map<std::string, CBytes> oImages = {
+        { "asus", ToBytes(AsusHd::g_auiAsusHdEdidData) }, // a base block and a CEA-861 block without native codes
+        { "standard2", ToBytes(ExtStandard2::g_auiStandard2EdidData) },
+        { "lg", ToBytes(gsc_aui8LgUltraHd) },
+        { "cea", MakeEdid({ aui8Cea }) },
+        { "tiles", MakeEdid({ MakeFullDisplayIdBlock() }) },
+        { "record", MakeEdid({ MakeDisplayIdBlock(aui8Record) }) },
+        { "badrecord",
+          MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(3, 0, Join({ Type1Record1080p(), CBytes(20) }))) }) },
+        { "blocks", MakeEdid({ aui8Cea, MakeFullDisplayIdBlock(), aui8Cea }) },
+        { "short", CBytes(100) }, // not a whole block
+    };
+    std::istringstream oText(sText);
+    std::string sToken;
+    oText >> sToken;
+    CBytes aui8Image = oImages.at(sToken);
+    for (size_t uiAt = 0; oText >> sToken; ++uiAt)
     {
-        aui8Image.at(uiOffset) = ui8Value;
+        const size_t uiSign = sToken.find('=');
+        if (uiSign != std::string::npos)
+        {
+            uiAt = std::stoul(sToken);
+        }
+        aui8Image.at(uiAt) = static_cast<unsigned char>(std::stoul(sToken.substr(uiSign + 1), nullptr, 16));
+        aui8Image = uiAt % gsc_uiBlockSize == 127 ? aui8Image : FixChecksums(aui8Image);
     }
-    return FixChecksums(aui8Image);
-}
-
-// AsusHd, the image that most cases start from: a base block and a CEA-861 block without native codes.
-inline CBytes AsusBytes(const CByteChanges& aoChanges = {})
-{
-    return ChangeBytes(ToBytes(AsusHd::g_auiAsusHdEdidData), aoChanges);
-}
-
-// An image that announces no preferred mode: revision 2 without the preferred-timing bit.
-inline CBytes MakeImageWithoutPreferred() { return AsusBytes({ { 19, 2 }, { 24, 0 } }); }
-
-// A CEA-861 block of revision 3 with these bytes behind its head; detailed timings begin behind the data blocks.
-inline CBytes MakeCeaBlockOf(const CBytes& aui8DataBlocks, const CBytes& aui8Detailed = {})
-{
-    const unsigned char ui8Detailed = static_cast<unsigned char>(4 + aui8DataBlocks.size());
-    CBytes aui8Block = Join({ { 0x02, 0x03, ui8Detailed, 0x00 }, aui8DataBlocks, aui8Detailed });
-    aui8Block.resize(128);
-    return FixChecksums(aui8Block);
+    return aui8Image;
 }
 
 inline std::unique_ptr<CEdid> Load(const CBytes& aui8Image)
@@ -65,6 +64,8 @@ inline std::unique_ptr<CEdid> Load(const CBytes& aui8Image)
     EXPECT_EQ(1, LoadExact(*poEdid, aui8Image));
     return poEdid;
 }
+
+inline std::unique_ptr<CEdid> Load(const char* pszImage) { return Load(MakeImage(pszImage)); }
 
 inline CTexts GetElements(const CMArrayString& oLines)
 {

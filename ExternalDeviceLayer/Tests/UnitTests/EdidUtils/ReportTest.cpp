@@ -42,7 +42,7 @@ TEST(Report, WhatThereIsNoReportOf)
     for (unsigned int i = 0; i < 5; ++i)
     {
         const bool bReport = i >= 1 && i <= 3;
-        const auto poEdid = Load(MakeImageWithoutPreferred());
+        const auto poEdid = Load("asus 19=02 24=00");
         CMArrayString oLines;
         oLines.Add(CMString("old"));
         CCapturedOutput oOutput;
@@ -61,13 +61,13 @@ TEST(Report, MarkOfAnEstablishedTimingAsksTheVesaTiming)
     CModeList oStrict;
     oTolerant.SetCount(1, -1);
     oStrict.SetCount(1, -1);
-    ASSERT_EQ(1, Load(AsusBytes({ { 54, 0x4D }, { 55, 0x1D } }))->GetBaseDetailed(0, &oTolerant[0]));
-    ASSERT_EQ(1, Load(AsusBytes({ { 54, 0x38 }, { 55, 0x1D } }))->GetBaseDetailed(0, &oStrict[0]));
+    ASSERT_EQ(1, Load("asus 54=4D 1D")->GetBaseDetailed(0, &oTolerant[0]));
+    ASSERT_EQ(1, Load("asus 54=38 1D")->GetBaseDetailed(0, &oStrict[0]));
     const auto Report = [&](const CModeList& oVesa, const CModeList& oAll) {
         const CModeList oNone;
         CMArrayString oLines;
-        CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(*Load(AsusBytes()), oStrict[0], oVesa, oAll, oNone, oNone,
-                                                         oNone, oNone, oLines, "");
+        CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(*Load("asus"), oStrict[0], oVesa, oAll, oNone, oNone, oNone,
+                                                         oNone, oLines, "");
         return GetElements(oLines);
     };
     EXPECT_TRUE(Contains(Report(oTolerant, oStrict), "        1920 x 1080 @ 30.00 Hz"));
@@ -77,9 +77,7 @@ TEST(Report, MarkOfAnEstablishedTimingAsksTheVesaTiming)
 // A descriptor with a clock and no size counts and has no element. It has no place in the lists, hence own ones.
 TEST(ExtendedReport, DetailedTimingThatDoesNotReadHasNoElement)
 {
-    const CBytes aui8Asus = AsusBytes();
-    const CBytes aui8Detailed = Join({ { 0x02, 0x3A }, CBytes(16), CBytes(&aui8Asus[54], &aui8Asus[72]) });
-    const auto poEdid = Load(MakeEdid({ MakeCeaBlockOf({}, aui8Detailed) }));
+    const auto poEdid = Load("cea 132=02 3A 150=02 3A 80 18 71 38 2D 40 58 2C 45 00 09 25 21 00 00 1E");
     const CModeList oNone;
     CMArrayString oLines;
     CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(*poEdid, CVidParamTimingGeneric(), oNone, oNone, oNone, oNone,

@@ -4,89 +4,73 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <memory>
-#include <string>
+#include <map>
 
-#include "BaseBlockImage.h"
 #include "CapturedOutput.h"
 #include "CEdidTestImages.h"
 #include "DisplayIdImages.h"
 #include "EdidExtBlockCEA861.h"
 #include "EditCheck.h"
-#include "VidParamTimingGeneric.h"
+#include "TimingValues.h"
 
 namespace
 {
+CBytes WithChange(CBytes aui8Data, size_t uiOffset, unsigned char ui8Value)
+{
+    aui8Data.at(uiOffset) = ui8Value;
+    return aui8Data;
+}
+
 // An LG Ultra HD. Base block: 6 standard timings, 3840x2160 at 60 and 30. Extension: VICs 16 (native), 4, 3 and 1,
 // each with its 1000/1001 variant, and two detailed timings, 1920x1080 and 2560x1440.
 const CBytes gsc_aui8Cea(gsc_aui8LgUltraHd.begin() + 128, gsc_aui8LgUltraHd.end());
 // 1280x720
 const CBytes gsc_aui8DisplayId = MakeDisplayIdBlock(MakeDataBlock(4, 0, Type2Record720p()));
 
-// The LG's base block with this number of announced blocks, and these blocks behind it.
-CBytes LgWith(unsigned char ui8Announced, std::initializer_list<CBytes> aaui8Blocks)
+// The LG's base block, in which a number of blocks is announced, and a block for each letter: "2CD".
+CBytes Lg(const std::string& sBlocks)
 {
-    CBytes aui8Base(gsc_aui8LgUltraHd.begin(), gsc_aui8LgUltraHd.begin() + 128);
-    aui8Base[126] = ui8Announced;
-    return Join({ FixChecksums(aui8Base), Join(aaui8Blocks) });
-}
-
-const CBytes gsc_aui8Lg = LgWith(1, { gsc_aui8Cea });
-
-CBytes WithChange(CBytes aui8Data, unsigned int uiOffset, unsigned char ui8Value)
-{
-    aui8Data.at(uiOffset) = ui8Value;
-    return aui8Data;
+    CBytes aui8NoClock = Type1Record1080p();
+    std::fill_n(aui8NoClock.begin(), 3, static_cast<unsigned char>(0));
+    const std::map<char, CBytes> oBlocks = {
+        { 'C', gsc_aui8Cea },
+        { 'W', WithChange(gsc_aui8Cea, 127, static_cast<unsigned char>(gsc_aui8Cea[127] + 1)) }, // wrong checksum
+        { 'X', FixChecksums(WithChange(gsc_aui8Cea, 0, 0x40)) },                                 // of another kind
+        { 'D', gsc_aui8DisplayId },
+        { 'N', MakeDisplayIdBlock({}) },
+        // Two records, of which the first has no clock.
+        { '2', MakeDisplayIdBlock(Join({ MakeDataBlock(3, 0, aui8NoClock), MakeDataBlock(4, 0, Type2Record720p()) })) },
+        { 'T', MakeDisplayIdBlock(MakeDataBlock(18, 0, TilePayload())) },
+        { 'U', MakeDisplayIdBlock(MakeDataBlock(18, 0, WithChange(TilePayload(), 2, 1))) }, // another tile
+    };
+    const size_t uiLetters = sBlocks.find(' ') + 1;
+    CBytes aui8Image(gsc_aui8LgUltraHd.begin(), gsc_aui8LgUltraHd.begin() + 128);
+    aui8Image[126] = static_cast<unsigned char>(std::stoul(sBlocks));
+    for (const char c : sBlocks.substr(uiLetters))
+    {
+        Append(aui8Image, oBlocks.at(c));
+    }
+    FixBlockSum(aui8Image, 0);
+    return aui8Image;
 }
 
 class CLoadedEdid : public CEdid
 {
 public:
-    explicit CLoadedEdid(const CBytes& aui8Data, unsigned int uiStripFlags = 0)
-    {
-        EXPECT_EQ(1, LoadExact(*this, aui8Data, uiStripFlags));
-    }
+    explicit CLoadedEdid(const CBytes& aui8Data) { EXPECT_EQ(1, LoadExact(*this, aui8Data)); }
+    explicit CLoadedEdid(const std::string& sBlocks) : CLoadedEdid(Lg(sBlocks)) {}
 };
-
-// "1920x1080@60", with a star for a native one.
-std::string StandardName(const CEdid& oEdid, unsigned int uiIndex)
-{
-    CVidParamTimingGeneric oTiming;
-    int iNative = 7;
-    const bool bFound = oEdid.GetStandard(uiIndex, &oTiming, &iNative) != 0;
-    return bFound ? NameOf(oTiming) + (iNative == 0 ? "" : "*") : "none";
-}
-
-// All of them, and that there are no more.
-std::string DetailedNames(const CEdid& oEdid)
-{
-    std::string sNames;
-    CVidParamTimingGeneric oTiming;
-    for (unsigned int i = 0; i < oEdid.GetDetailedCount(); ++i)
-    {
-        sNames += oEdid.GetDetailed(i, &oTiming) != 0 ? NameOf(oTiming) + " " : "none ";
-    }
-    EXPECT_EQ(0, oEdid.GetDetailed(oEdid.GetDetailedCount(), &oTiming));
-    return sNames;
-}
 
 // ---- Loading ----
 
 TEST(EdidLoading, ResultLinesAndBlocks)
 {
-    const CBytes aui8BadCea = WithChange(gsc_aui8Cea, 127, static_cast<unsigned char>(gsc_aui8Cea[127] + 1));
-    const CBytes aui8Other = FixChecksums(WithChange(gsc_aui8Cea, 0, 0x40));
-    const CBytes aui8Version2 = FixChecksums(WithChange(gsc_aui8Lg, 18, 2));
-    const CBytes aui8BadBase = WithChange(gsc_aui8Lg, 127, 0x55);
-    const CBytes aui8Both = LgWith(2, { gsc_aui8Cea, gsc_aui8DisplayId });
-    const CBytes aui8Twice = LgWith(255, { gsc_aui8Cea, gsc_aui8Cea });
     // The lines are assertion lines, the last bytes what is kept.
     const auto Expect = [](const char* pszName, int iResult, unsigned int uiLines, const CBytes& aui8Data,
                            const CBytes& aui8Kept) {
         SCOPED_TRACE(pszName);
-        CLoadedEdid oEdid(gsc_aui8Lg); // whatever follows, this is gone
+        CLoadedEdid oEdid("1 C"); // whatever follows, this is gone
         const CEdid& oConst = oEdid;
         CCapturedOutput oOutput;
         EXPECT_EQ(iResult, LoadExact(oEdid, aui8Data));
@@ -98,21 +82,23 @@ TEST(EdidLoading, ResultLinesAndBlocks)
         EXPECT_EQ(std::max<size_t>(aui8Kept.size() / 128, 1) - 1, oEdid.GetExtensionCount());
         EXPECT_EQ(oConst.GetExtension(0), oEdid.GetExtension(0));
     };
-    Expect("base and one block", 1, 0, gsc_aui8Lg, gsc_aui8Lg);
-    Expect("both kinds", 1, 0, aui8Both, aui8Both);
+    Expect("base and one block", 1, 0, Lg("1 C"), Lg("1 C"));
+    Expect("both kinds", 1, 0, Lg("2 CD"), Lg("2 CD"));
     Expect("size 0 empties", 1, 0, {}, {});
-    Expect("odd size", 0, 0, Join({ gsc_aui8Lg, CBytes(1) }), {});
-    Expect("wrong header", 0, 0, WithChange(gsc_aui8Lg, 0, 1), {});
-    Expect("none announced, one given", 1, 0, LgWith(0, { gsc_aui8Cea }), LgWith(0, {}));
-    Expect("one announced, none given", 1, 1, LgWith(1, {}), LgWith(1, {}));
-    Expect("one announced, two given", 1, 0, LgWith(1, { gsc_aui8Cea, gsc_aui8Cea }), gsc_aui8Lg);
-    Expect("255 announced, two given", 1, 1, aui8Twice, aui8Twice);
-    Expect("blocks of any version count", 1, 0, aui8Version2, aui8Version2);
-    Expect("block with a wrong checksum is dropped", 1, 1, LgWith(1, { aui8BadCea }), LgWith(1, {}));
-    Expect("block of another kind is dropped", 1, 1, LgWith(2, { aui8Other, gsc_aui8Cea }), LgWith(2, { gsc_aui8Cea }));
-    Expect("wrong checksum of the base block loads", 1, 0, aui8BadBase, aui8BadBase);
+    Expect("odd size", 0, 0, Join({ Lg("1 C"), CBytes(1) }), {});
+    Expect("wrong header", 0, 0, WithChange(Lg("1 C"), 0, 1), {});
+    Expect("none announced, one given", 1, 0, Lg("0 C"), Lg("0 "));
+    Expect("one announced, none given", 1, 1, Lg("1 "), Lg("1 "));
+    Expect("one announced, two given", 1, 0, Lg("1 CC"), Lg("1 C"));
+    Expect("255 announced, two given", 1, 1, Lg("255 CC"), Lg("255 CC"));
+    Expect("blocks of any version count", 1, 0, WithChange(Lg("1 C"), 18, 2), WithChange(Lg("1 C"), 18, 2));
+    Expect("block with a wrong checksum is dropped", 1, 1, Lg("1 W"), Lg("1 "));
+    Expect("block of another kind is dropped", 1, 1, Lg("2 XC"), Lg("2 C"));
+    Expect("wrong checksum of the base block loads", 1, 0, WithChange(Lg("1 C"), 127, 0),
+           WithChange(Lg("1 C"), 127, 0));
 
-    CLoadedEdid oEdid(ToBytes(gsc_aui8Philips288P6), CEdidExtBlockCEA861::eStrip_Audio);
+    CEdid oEdid;
+    EXPECT_EQ(1, LoadExact(oEdid, ToBytes(gsc_aui8Philips288P6), CEdidExtBlockCEA861::eStrip_Audio));
     EXPECT_NE(0, oEdid.GetExtension(0)->IsStripped()) << "the flags reach the block";
     EXPECT_EQ(1, oEdid.SetEdidBuffer(nullptr, 256, 0)); // empties as well
     EXPECT_EQ(0U, oEdid.GetSize());
@@ -121,7 +107,7 @@ TEST(EdidLoading, ResultLinesAndBlocks)
 
 TEST(EdidChecksum, EachBlockCounts)
 {
-    CLoadedEdid oEdid(LgWith(2, { gsc_aui8DisplayId, gsc_aui8Cea }));
+    CLoadedEdid oEdid("2 DC");
     EXPECT_NE(0, oEdid.IsChecksumValid());
     ASSERT_EQ(1, oEdid.SetEstablishedFromId(CEdidBase::eEstablished640x480At60, 0, 0));
     EXPECT_EQ(0, oEdid.IsChecksumValid());
@@ -145,14 +131,14 @@ TEST(EdidChecksum, EachBlockCounts)
 
 TEST(EdidWriting, CopiesWhatFits)
 {
-    const CBytes aui8Data = LgWith(2, { gsc_aui8Cea, gsc_aui8DisplayId });
-    CLoadedEdid oEdid(aui8Data);
+    CLoadedEdid oEdid("2 CD");
     for (unsigned int uiSize = 0; uiSize <= 400; ++uiSize)
     {
         const std::unique_ptr<unsigned char[]> pui8Exact = CopyToHeap(CBytes(uiSize));
-        const unsigned int uiExpected = std::min(uiSize, 384U);
-        ASSERT_EQ(uiExpected, oEdid.GetEdidBuffer(uiSize, pui8Exact.get()));
-        ASSERT_TRUE(std::equal(pui8Exact.get(), pui8Exact.get() + uiExpected, aui8Data.begin())) << uiSize;
+        CBytes aui8Expected = Lg("2 CD");
+        aui8Expected.resize(std::min(uiSize, 384U));
+        ASSERT_EQ(aui8Expected.size(), oEdid.GetEdidBuffer(uiSize, pui8Exact.get()));
+        ASSERT_EQ(aui8Expected, CBytes(pui8Exact.get(), pui8Exact.get() + aui8Expected.size()));
     }
     EXPECT_EQ(0U, oEdid.GetEdidBuffer(256, nullptr));
     oEdid.CEdidBase::ClearEdidBuffer(); // without a base block the others are not copied either
@@ -163,8 +149,7 @@ TEST(EdidWriting, CopiesWhatFits)
 
 TEST(EdidWriting, EqualityComparesTheBytes)
 {
-    const CBytes aui8NoRecord = LgWith(2, { gsc_aui8Cea, MakeDisplayIdBlock({}) });
-    const CBytes aaui8Images[] = { {}, gsc_aui8Lg, LgWith(2, { gsc_aui8Cea, gsc_aui8DisplayId }), aui8NoRecord };
+    const CBytes aaui8Images[] = { {}, Lg("1 C"), Lg("2 CD"), Lg("2 CN") };
     for (const CBytes& aui8First : aaui8Images)
     {
         for (const CBytes& aui8Second : aaui8Images)
@@ -176,17 +161,30 @@ TEST(EdidWriting, EqualityComparesTheBytes)
 
 // ---- One numbering over all blocks ----
 
+// All standard or all detailed timings, with a star for a native one, and that there are no more.
+std::string NamesOf(const CEdid& oEdid, bool bStandard)
+{
+    std::string sNames;
+    CVidParamTimingGeneric oTiming;
+    const unsigned int uiCount = bStandard ? oEdid.GetStandardCount() : oEdid.GetDetailedCount();
+    for (unsigned int i = 0; i <= uiCount; ++i)
+    {
+        int iNative = bStandard ? 7 : 0;
+        const int iFound = bStandard ? oEdid.GetStandard(i, &oTiming, &iNative) : oEdid.GetDetailed(i, &oTiming);
+        sNames += (iFound != 0 ? NameOf(oTiming) + (iNative != 0 ? "*" : "") : "-") + " ";
+    }
+    return sNames;
+}
+
 // The self-check numbers and removes the standard timings of one block; here are two.
 TEST(EdidNumbering, StandardTimingsOfBaseThenBlocks)
 {
-    CLoadedEdid oEdid(LgWith(2, { gsc_aui8Cea, gsc_aui8Cea }));
+    const std::string sBase = "1152x864@60g 1280x1024@60 1280x720@60 1600x900@60r 1920x1080@60 1280x800@60 ";
+    const std::string sBlock =
+        "1920x1080@60* 1920x1080@59* 1280x720@60 1280x720@59 720x480@60 720x480@59 640x480@60 640x480@59 ";
+    CLoadedEdid oEdid("2 CC");
+    EXPECT_EQ(sBase + sBlock + sBlock + "- ", NamesOf(oEdid, true));
     EXPECT_EQ(6U, oEdid.GetBaseStandardCount());
-    EXPECT_EQ(6U + 8U + 8U, oEdid.GetStandardCount());
-    EXPECT_EQ("1280x800@60", StandardName(oEdid, 5));
-    EXPECT_EQ("1920x1080@60*", StandardName(oEdid, 6));
-    EXPECT_EQ("1920x1080@60*", StandardName(oEdid, 14));
-    EXPECT_EQ("1280x720@60", StandardName(oEdid, 16));
-    EXPECT_EQ("none", StandardName(oEdid, 22));
     // A null timing is a test in the base block alone.
     EXPECT_EQ(1, oEdid.GetStandard(5, nullptr, nullptr));
     EXPECT_EQ(0, oEdid.GetStandard(6, nullptr, nullptr));
@@ -205,14 +203,10 @@ TEST(EdidNumbering, StandardTimingsOfBaseThenBlocks)
 // long enough is then asked for the same position, not for the next one.
 TEST(EdidNumbering, DetailedTimingsOfBaseThenBlocks)
 {
-    CBytes aui8NoClock = Type1Record1080p();
-    std::fill_n(aui8NoClock.begin(), 3, static_cast<unsigned char>(0));
-    const CBytes aui8TwoRecords =
-        MakeDisplayIdBlock(Join({ MakeDataBlock(3, 0, aui8NoClock), MakeDataBlock(4, 0, Type2Record720p()) }));
-    CLoadedEdid oOne(LgWith(2, { gsc_aui8DisplayId, gsc_aui8Cea }));
-    CLoadedEdid oTwo(LgWith(2, { aui8TwoRecords, gsc_aui8Cea }));
-    EXPECT_EQ("3840x2160@60 3840x2160@30 1280x720@60 1920x1080@60 2560x1440@60 ", DetailedNames(oOne));
-    EXPECT_EQ("3840x2160@60 3840x2160@30 1920x1080@60 1280x720@60 1920x1080@60 2560x1440@60 ", DetailedNames(oTwo));
+    CLoadedEdid oOne("2 DC");
+    CLoadedEdid oTwo("2 2C");
+    EXPECT_EQ("3840x2160@60 3840x2160@30 1280x720@60 1920x1080@60 2560x1440@60 - ", NamesOf(oOne, false));
+    EXPECT_EQ("3840x2160@60 3840x2160@30 1920x1080@60 1280x720@60 1920x1080@60 2560x1440@60 - ", NamesOf(oTwo, false));
     EXPECT_EQ(2U, oOne.GetBaseDetailedCount());
     EXPECT_EQ(1, oOne.GetBaseDetailed(1, nullptr));
     EXPECT_EQ(0, oOne.GetBaseDetailed(2, nullptr));
@@ -220,11 +214,11 @@ TEST(EdidNumbering, DetailedTimingsOfBaseThenBlocks)
     CEditCheck oBase(oOne);
     ASSERT_NE(0, oOne.RemoveDetailed(1));
     oBase.ExpectEdited({ { 72, 18 } });
-    EXPECT_EQ("3840x2160@60 1280x720@60 1920x1080@60 2560x1440@60 ", DetailedNames(oOne));
+    EXPECT_EQ("3840x2160@60 1280x720@60 1920x1080@60 2560x1440@60 - ", NamesOf(oOne, false));
     CEditCheck oBlock(oTwo);
     ASSERT_NE(0, oTwo.RemoveDetailed(3));
     oBlock.ExpectEdited({ { 256 + 35, 18 } });
-    EXPECT_EQ("3840x2160@60 3840x2160@30 1920x1080@60 1280x720@60 1920x1080@60 ", DetailedNames(oTwo));
+    EXPECT_EQ("3840x2160@60 3840x2160@30 1920x1080@60 1280x720@60 1920x1080@60 - ", NamesOf(oTwo, false));
     CEditCheck oRefused(oOne);
     EXPECT_EQ(0, oOne.RemoveDetailed(0)); // preferred: the base block's refusal is final, no block is asked instead
     EXPECT_EQ(0, oOne.RemoveDetailed(4));
@@ -233,39 +227,33 @@ TEST(EdidNumbering, DetailedTimingsOfBaseThenBlocks)
 
 // ---- Tiling ----
 
-// Blocks that know no tiles, or hold none, are passed by.
-TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
+// The results of the three questions, then their outputs, which begin at 7.
+template <class TILED>
+std::vector<unsigned int> TilesOf(TILED& oTiled)
 {
-    CBytes aui8Other = TilePayload();
-    aui8Other[0] = 0;
-    aui8Other[2] = 0x01;
-    const CBytes aui8NoTile = MakeDisplayIdBlock({});
-    const CBytes aui8Tile = MakeDisplayIdBlock(MakeDataBlock(18, 0, TilePayload()));
-    const CBytes aui8OtherTile = MakeDisplayIdBlock(MakeDataBlock(18, 0, aui8Other));
-    for (const bool bTile : { true, false })
-    {
-        CLoadedEdid oEdid(bTile ? LgWith(4, { gsc_aui8Cea, aui8NoTile, aui8Tile, aui8OtherTile })
-                                : LgWith(2, { gsc_aui8Cea, aui8NoTile }));
-        const int iExpected = bTile ? 1 : 0;
-        std::array<int, 6> ai = { 7, 7, 7, 7, 7, 7 };
-        std::array<unsigned int, 6> aui = { 7, 7, 7, 7, 7, 7 };
-        EXPECT_EQ(iExpected, oEdid.IsDisplayPartOfTiledTopology());
-        EXPECT_EQ(iExpected, oEdid.GetTiledDisplayCapabilities(&ai[0], &ai[1], &ai[2], &ai[3], &ai[4], &ai[5]));
-        EXPECT_EQ(bTile ? (std::array<int, 6>{ 1, 0, 0, 0, 1, 0 }) : (std::array<int, 6>{}), ai);
-        EXPECT_EQ(iExpected, oEdid.GetTiledDisplayCapabilities(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
-        EXPECT_EQ(iExpected, oEdid.GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]));
-        EXPECT_EQ(bTile ? (std::array<unsigned int, 6>{ 1, 0, 2, 2, 1920, 1080 }) : (std::array<unsigned int, 6>{}),
-                  aui);
-    }
-    // The block itself answers with zeros, too.
-    CLoadedEdid oLg(gsc_aui8Lg);
     std::array<int, 6> ai = { 7, 7, 7, 7, 7, 7 };
     std::array<unsigned int, 6> aui = { 7, 7, 7, 7, 7, 7 };
-    CEdidExtBlock& oBlock = *oLg.GetExtension(0);
-    EXPECT_EQ(0, oBlock.GetTiledDisplayCapabilities(&ai[0], &ai[1], &ai[2], &ai[3], &ai[4], &ai[5]));
-    EXPECT_EQ(0, oBlock.GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]));
-    EXPECT_EQ((std::array<int, 6>{}), ai);
-    EXPECT_EQ((std::array<unsigned int, 6>{}), aui);
+    const std::array<int, 3> aiResults = {
+        oTiled.IsDisplayPartOfTiledTopology(),
+        oTiled.GetTiledDisplayCapabilities(&ai[0], &ai[1], &ai[2], &ai[3], &ai[4], &ai[5]),
+        oTiled.GetTopologyDescription(aui[0], aui[1], aui[2], aui[3], aui[4], aui[5]),
+    };
+    std::vector<unsigned int> auiAll(aiResults.begin(), aiResults.end());
+    auiAll.insert(auiAll.end(), ai.begin(), ai.end());
+    auiAll.insert(auiAll.end(), aui.begin(), aui.end());
+    return auiAll;
+}
+
+// Blocks that know no tiles, or hold none, are passed by. Every output may be null.
+TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
+{
+    CLoadedEdid oTiled("4 CNTU");
+    CLoadedEdid oPlain("2 CN");
+    EXPECT_EQ((std::vector<unsigned int>{ 1, 1, 1, 1, 0, 0, 0, 1, 0, 1, 0, 2, 2, 1920, 1080 }), TilesOf(oTiled));
+    EXPECT_EQ(std::vector<unsigned int>(15), TilesOf(oPlain));
+    EXPECT_EQ(std::vector<unsigned int>(15), TilesOf(*oPlain.GetExtension(0))) << "a block that knows none, by itself";
+    EXPECT_EQ(1, oTiled.GetTiledDisplayCapabilities(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(0, oPlain.GetTiledDisplayCapabilities(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
 }
 
 // ---- Factory ----
@@ -273,21 +261,22 @@ TEST(EdidTiling, FirstBlockWithATileAnswersElseZeros)
 TEST(ExtBlockFactory, BytesDecideTheClass)
 {
     // Type 0: no object. Lines: the factory's, behind one of each class for data that is too short.
-    const auto Expect = [](const char* pszName, unsigned int uiType, unsigned int uiLines,
-                           const unsigned char* pui8Data, size_t uiSize) {
+    const auto Expect = [](const char* pszName, unsigned int uiType, unsigned int uiLines, const CBytes& aui8Data) {
+        const std::unique_ptr<unsigned char[]> pui8Exact = CopyToHeap(aui8Data);
+        const unsigned char* pui8Data = aui8Data.empty() ? nullptr : pui8Exact.get();
+        const unsigned int uiSize = aui8Data.empty() ? 128 : static_cast<unsigned int>(aui8Data.size());
         CCapturedOutput oOutput;
-        const std::unique_ptr<CEdidExtBlock> poBlock(
-            CEdidExtBlock::CreateExtensionBlock(static_cast<unsigned int>(uiSize), pui8Data, 0));
+        const std::unique_ptr<CEdidExtBlock> poBlock(CEdidExtBlock::CreateExtensionBlock(uiSize, pui8Data, 0));
         EXPECT_EQ(uiLines, oOutput.TakeAssertionCount()) << pszName;
         EXPECT_EQ(uiType, poBlock != nullptr ? poBlock->GetExtensionType() : 0) << pszName;
         EXPECT_TRUE(poBlock == nullptr || poBlock->GetData() != pui8Data) << pszName << ": a copy of its own";
     };
-    Expect("CEA-861", 2, 0, gsc_aui8Cea.data(), 128);
-    Expect("DisplayID", 112, 0, gsc_aui8DisplayId.data(), 128);
-    Expect("CEA-861 with a wrong checksum", 0, 1, WithChange(gsc_aui8Cea, 127, 0).data(), 128);
-    Expect("CEA-861 of an unknown revision", 0, 1, FixChecksums(WithChange(gsc_aui8Cea, 1, 4)).data(), 128);
-    Expect("zeros", 0, 1, CBytes(128).data(), 128);
-    Expect("too short", 0, 3, CopyToHeap(CBytes(gsc_aui8Cea.begin(), gsc_aui8Cea.end() - 1)).get(), 127);
-    Expect("null", 0, 3, nullptr, 128);
+    Expect("CEA-861", 2, 0, gsc_aui8Cea);
+    Expect("DisplayID", 112, 0, gsc_aui8DisplayId);
+    Expect("CEA-861 with a wrong checksum", 0, 1, WithChange(gsc_aui8Cea, 127, 0));
+    Expect("CEA-861 of an unknown revision", 0, 1, FixChecksums(WithChange(gsc_aui8Cea, 1, 4)));
+    Expect("zeros", 0, 1, CBytes(128));
+    Expect("too short", 0, 3, CBytes(gsc_aui8Cea.begin(), gsc_aui8Cea.end() - 1));
+    Expect("null", 0, 3, {});
 }
 }

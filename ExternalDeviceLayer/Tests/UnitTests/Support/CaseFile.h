@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -28,13 +29,18 @@ struct SCaseRow
         return static_cast<unsigned int>(std::stoul(GetText(uiField), nullptr, 0)); // "0x" for hexadecimal
     }
 
-    std::vector<unsigned int> GetNumbers(size_t uiField) const // separated by blanks
+    // Split at blanks.
+    std::vector<std::string> GetWords(size_t uiField) const
+    {
+        std::istringstream oStream(GetText(uiField));
+        return { std::istream_iterator<std::string>(oStream), std::istream_iterator<std::string>() };
+    }
+    std::vector<unsigned int> GetNumbers(size_t uiField) const
     {
         std::vector<unsigned int> auiNumbers;
-        std::istringstream oStream(GetText(uiField));
-        for (std::string sToken; oStream >> sToken;)
+        for (const std::string& sWord : GetWords(uiField))
         {
-            auiNumbers.push_back(static_cast<unsigned int>(std::stoul(sToken, nullptr, 0)));
+            auiNumbers.push_back(static_cast<unsigned int>(std::stoul(sWord, nullptr, 0)));
         }
         return auiNumbers;
     }

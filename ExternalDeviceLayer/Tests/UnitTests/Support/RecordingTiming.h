@@ -14,40 +14,47 @@ using CCallNames = std::vector<std::string>;
 class CRecordingTiming : public CVidParamTimingGeneric
 {
 public:
-    static constexpr unsigned int msc_uiHorizontalOverscan = 1000;
-    static constexpr unsigned int msc_uiVerticalOverscan = 100;
-
-    using CVidParamTimingGeneric::CVidParamTimingGeneric;
+    using Base = CVidParamTimingGeneric;
     using CVidParamTiming::operator=;
 
     CCallNames m_asCalls;
 
-    unsigned int GetHorizontalOverscan() const override { return msc_uiHorizontalOverscan; }
-    unsigned int GetVerticalOverscan() const override { return msc_uiVerticalOverscan; }
+    unsigned int GetHorizontalOverscan() const override { return 1000; }
+    unsigned int GetVerticalOverscan() const override { return 100; }
 
-    // clang-format off
-    void ClearData() override { Note("ClearData"); CVidParamTimingGeneric::ClearData(); }
-    void SetHorizontalActive(unsigned int ui) override { Note("HActive"); CVidParamTimingGeneric::SetHorizontalActive(ui); }
-    void SetVerticalActive(unsigned int ui) override { Note("VActive"); CVidParamTimingGeneric::SetVerticalActive(ui); }
-    void SetPixelClockInHz(unsigned int ui) override { Note("ClockHz"); CVidParamTimingGeneric::SetPixelClockInHz(ui); }
-    void SetPixelClockInKiloHz(unsigned int ui) override { Note("ClockKiloHz"); CVidParamTimingGeneric::SetPixelClockInKiloHz(ui); }
-    void SetHorizontalRateInHz(unsigned int ui) override { Note("HRateHz"); CVidParamTimingGeneric::SetHorizontalRateInHz(ui); }
-    void SetHorizontalRateInKiloHz(unsigned int ui) override { Note("HRateKiloHz"); CVidParamTimingGeneric::SetHorizontalRateInKiloHz(ui); }
-    void SetHorizontalFrontPorch(unsigned int ui) override { Note("HFront"); CVidParamTimingGeneric::SetHorizontalFrontPorch(ui); }
-    void SetHorizontalSync(unsigned int ui) override { Note("HSync"); CVidParamTimingGeneric::SetHorizontalSync(ui); }
-    void SetHorizontalBackPorch(unsigned int ui) override { Note("HBack"); CVidParamTimingGeneric::SetHorizontalBackPorch(ui); }
-    void SetHorizontalPolarityPositive(int b) override { Note("HPolarity"); CVidParamTimingGeneric::SetHorizontalPolarityPositive(b); }
-    void SetVerticalRateInHz(unsigned int ui) override { Note("VRate"); CVidParamTimingGeneric::SetVerticalRateInHz(ui); }
-    void SetVerticalFrontPorch(unsigned int ui) override { Note("VFront"); CVidParamTimingGeneric::SetVerticalFrontPorch(ui); }
-    void SetVerticalSync(unsigned int ui) override { Note("VSync"); CVidParamTimingGeneric::SetVerticalSync(ui); }
-    void SetVerticalBackPorch(unsigned int ui) override { Note("VBack"); CVidParamTimingGeneric::SetVerticalBackPorch(ui); }
-    void SetVerticalPolarityPositive(int b) override { Note("VPolarity"); CVidParamTimingGeneric::SetVerticalPolarityPositive(b); }
-    void SetInterlaced(int b) override { Note("Interlaced"); CVidParamTimingGeneric::SetInterlaced(b); }
-    void Set420ColorSpace(int b) override { Note("420"); CVidParamTimingGeneric::Set420ColorSpace(b); }
-    void Set3D(int b) override { Note("3D"); CVidParamTimingGeneric::Set3D(b); }
-    void SetVideoFamilyType(EVidParamType e) override { Note("Type"); CVidParamTimingGeneric::SetVideoFamilyType(e); }
-    // clang-format on
+    void ClearData() override
+    {
+        Note("ClearData", 0);
+        Base::ClearData();
+    }
+    void SetHorizontalActive(unsigned int ui) override { Base::SetHorizontalActive(Note("HActive", ui)); }
+    void SetVerticalActive(unsigned int ui) override { Base::SetVerticalActive(Note("VActive", ui)); }
+    void SetPixelClockInHz(unsigned int ui) override { Base::SetPixelClockInHz(Note("ClockHz", ui)); }
+    void SetPixelClockInKiloHz(unsigned int ui) override { Base::SetPixelClockInKiloHz(Note("ClockKiloHz", ui)); }
+    void SetHorizontalRateInHz(unsigned int ui) override { Base::SetHorizontalRateInHz(Note("HRateHz", ui)); }
+    void SetHorizontalRateInKiloHz(unsigned int ui) override
+    {
+        Base::SetHorizontalRateInKiloHz(Note("HRateKiloHz", ui));
+    }
+    void SetHorizontalFrontPorch(unsigned int ui) override { Base::SetHorizontalFrontPorch(Note("HFront", ui)); }
+    void SetHorizontalSync(unsigned int ui) override { Base::SetHorizontalSync(Note("HSync", ui)); }
+    void SetHorizontalBackPorch(unsigned int ui) override { Base::SetHorizontalBackPorch(Note("HBack", ui)); }
+    void SetHorizontalPolarityPositive(int b) override { Base::SetHorizontalPolarityPositive(Note("HPolarity", b)); }
+    void SetVerticalRateInHz(unsigned int ui) override { Base::SetVerticalRateInHz(Note("VRate", ui)); }
+    void SetVerticalFrontPorch(unsigned int ui) override { Base::SetVerticalFrontPorch(Note("VFront", ui)); }
+    void SetVerticalSync(unsigned int ui) override { Base::SetVerticalSync(Note("VSync", ui)); }
+    void SetVerticalBackPorch(unsigned int ui) override { Base::SetVerticalBackPorch(Note("VBack", ui)); }
+    void SetVerticalPolarityPositive(int b) override { Base::SetVerticalPolarityPositive(Note("VPolarity", b)); }
+    void SetInterlaced(int b) override { Base::SetInterlaced(Note("Interlaced", b)); }
+    void Set420ColorSpace(int b) override { Base::Set420ColorSpace(Note("420", b)); }
+    void Set3D(int b) override { Base::Set3D(Note("3D", b)); }
+    void SetVideoFamilyType(EVidParamType e) override { Base::SetVideoFamilyType(Note("Type", e)); }
 
 private:
-    void Note(const char* pszName) { m_asCalls.emplace_back(pszName); }
+    template <class VALUE>
+    VALUE Note(const char* pszName, VALUE value)
+    {
+        m_asCalls.emplace_back(pszName);
+        return value;
+    }
 };

@@ -7,7 +7,7 @@
 #include <array>
 #include <optional>
 
-#include "TimingTestHelp.h"
+#include "TimingValues.h"
 
 // 32-bit words in 128 bits: every step is cut back by hand.
 __extension__ typedef unsigned __int128 Wide;
@@ -38,13 +38,7 @@ inline Wide SyncLines(Wide uiWidth, Wide uiHeight)
 
 using Expected = std::optional<CAllValues>; // none: refused
 
-inline CAllValues Pack(const std::array<Wide, 13>& auiWide)
-{
-    CAllValues auiValues{};
-    std::transform(auiWide.begin(), auiWide.end(), auiValues.begin(),
-                   [](Wide uiValue) { return static_cast<unsigned int>(uiValue); });
-    return auiValues;
-}
+inline CAllValues Pack(const std::array<Wide, 13>& auiWide) { return CAllValues(auiWide.begin(), auiWide.end()); }
 
 inline Expected SecondCvt(Wide h, Wide v, Wide rate)
 {

@@ -189,21 +189,15 @@ TEST(Identity, TextsFillTheGivenSizeAndNoMore)
         EXPECT_EQ(0, (oBase.*pfnGet)(nullptr, 128));
         for (unsigned int uiSize = 0; uiSize <= 32; ++uiSize)
         {
+            const bool bFits = uiSize >= uiSmallest;
             CBytes aui8Expected = aui8Full;
-            int iExpected = 0;
-            if (uiSize >= uiSmallest)
-            {
-                aui8Expected.resize(std::min<size_t>(aui8Full.size(), bDescriptor ? uiSize : uiSize - 1));
-                iExpected = static_cast<int>(bDescriptor ? std::min<size_t>(aui8Full.size(), 1) : aui8Expected.size());
-                aui8Expected.resize(bDescriptor ? uiSize : aui8Expected.size() + 1);
-            }
-            else
-            {
-                aui8Expected.clear();
-            }
+            aui8Expected.resize(bFits ? std::min<size_t>(aui8Full.size(), bDescriptor ? uiSize : uiSize - 1) : 0);
+            const size_t uiExpected = bDescriptor && !aui8Expected.empty() ? 1 : aui8Expected.size();
+            aui8Expected.resize(!bFits ? 0 : bDescriptor ? uiSize : aui8Expected.size() + 1);
             aui8Expected.resize(uiSize, 'Z');
             const std::unique_ptr<unsigned char[]> pui8Exact = CopyToHeap(CBytes(uiSize, 'Z'));
-            EXPECT_EQ(iExpected, (oBase.*pfnGet)(reinterpret_cast<char*>(pui8Exact.get()), uiSize)) << uiSize;
+            char* const pszText = reinterpret_cast<char*>(pui8Exact.get());
+            EXPECT_EQ(static_cast<int>(uiExpected), (oBase.*pfnGet)(pszText, uiSize)) << uiSize;
             EXPECT_EQ(aui8Expected, CBytes(pui8Exact.get(), pui8Exact.get() + uiSize));
         }
     }
@@ -330,6 +324,7 @@ TEST(Edits, ChangeTheirBytesAndTheChecksumElseNothing)
         CLoadedBase oBase(oRow.GetText(1));
         EXPECT_EQ(oRow.GetText(5), std::to_string(Edit(oBase, oRow.GetText(3), oRow.GetNumber(4))));
         EXPECT_EQ(MakeBase(oRow.GetText(1) + " " + oRow.GetText(2)), GetBytes(oBase));
+        EXPECT_EQ(CLoadedBase(GetBytes(oBase)).GetStandardCount(), oBase.GetStandardCount());
     }
 }
 

@@ -24,23 +24,23 @@ struct SCaseRow
 
     const std::string& GetName() const { return m_asFields[0]; }
     const std::string& GetText(size_t uiField) const { return m_asFields.at(uiField); }
+    std::vector<std::string> GetWords(size_t uiField) const // separated by blanks
+    {
+        std::istringstream oStream(GetText(uiField));
+        return { std::istream_iterator<std::string>(oStream), std::istream_iterator<std::string>() };
+    }
     unsigned int GetNumber(size_t uiField) const
     {
         return static_cast<unsigned int>(std::stoul(GetText(uiField), nullptr, 0)); // "0x" for hexadecimal
     }
 
-    // Split at blanks.
-    std::vector<std::string> GetWords(size_t uiField) const
-    {
-        std::istringstream oStream(GetText(uiField));
-        return { std::istream_iterator<std::string>(oStream), std::istream_iterator<std::string>() };
-    }
-    std::vector<unsigned int> GetNumbers(size_t uiField) const
+    std::vector<unsigned int> GetNumbers(size_t uiField) const // separated by blanks
     {
         std::vector<unsigned int> auiNumbers;
-        for (const std::string& sWord : GetWords(uiField))
+        std::istringstream oStream(GetText(uiField));
+        for (std::string sToken; oStream >> sToken;)
         {
-            auiNumbers.push_back(static_cast<unsigned int>(std::stoul(sWord, nullptr, 0)));
+            auiNumbers.push_back(static_cast<unsigned int>(std::stoul(sToken, nullptr, 0)));
         }
         return auiNumbers;
     }

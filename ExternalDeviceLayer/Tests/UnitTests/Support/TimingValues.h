@@ -71,12 +71,13 @@ inline void WriteAll(CVidParamTiming& oTiming, const CAllValues& auiValues)
 // "g" for one computed by GTF.
 inline std::string NameOf(const CVidParamTiming& o)
 {
-    const CVidParamTiming::EVidParamType eType = o.GetVideoFamilyType();
+    using T = CVidParamTiming;
+    const T::EVidParamType e = o.GetVideoFamilyType();
     return std::to_string(o.GetHorizontalActive()) + "x" + std::to_string(o.GetVerticalActive()) + "@" +
            std::to_string(o.GetVerticalRateInHz()) +
-           (eType == CVidParamTiming::eVidParamType_DmtReducedBlanking ? "r"
-            : eType == CVidParamTiming::eVidParamType_Gtf              ? "g"
-                                                                       : "");
+           (e == T::eVidParamType_Gtf                  ? "g"
+            : e == T::eVidParamType_DmtReducedBlanking ? "r"
+                                                       : "");
 }
 
 // A record with something in every field and every flag.

@@ -1,4 +1,4 @@
-// Divisions, derived values, clocks, assignment and formulas against second computations: one check of twelve numbers,
+// Stored and derived values, clocks, assignment and formulas against second computations: one check of twelve numbers,
 // which the unit tests run over a grid and the fuzz target over whatever it finds.
 
 #pragma once
@@ -6,10 +6,8 @@
 #include "FormulaModel.h"
 #include "VidParamCvt.h"
 #include "VidParamTimingFunc.h"
-#include "ZorTools.h"
 
-// Horizontal active, front porch, sync, back porch; the same vertically; line rate in Hz, vertical rate; clock, in Hz or
-// kHz; bit 0 interlaced, bit 1 4:2:0, bit 2 3D, bits 3 and 4 horizontal and vertical polarity.
+// As in TimingValues.h, clock and line rate in kHz or in Hz; the last one is flags, and the source from bit 8 on.
 using CNumbers = std::array<unsigned int, 12>;
 
 class CNumbersCheck
@@ -18,22 +16,13 @@ public:
     // Null, or which promise is broken for these numbers.
     const char* Run(const CNumbers& aui)
     {
-        CheckDivisions(aui[0], aui[1]);
         CheckTimings(aui);
-        CheckFormulas(aui[0], aui[4], aui[9]);
+        CheckFormulas(aui[0], aui[1], aui[2]);
         return m_pszBroken;
     }
 
 private:
     void Require(bool bHolds, const char* pszPromise) { m_pszBroken = bHolds ? m_pszBroken : pszPromise; }
-
-    void CheckDivisions(unsigned int uiDividend, unsigned int uiDivisor)
-    {
-        const Wide uiUp = uiDivisor == 0 ? 0 : (Wide{ uiDividend } + uiDivisor - 1) / uiDivisor;
-        Require(ZorTools_RoundedDivision(uiDividend, uiDivisor) == Nearest(uiDividend, uiDivisor), "nearest division");
-        Require(ZorTools_RoundedDownDivision(uiDividend, uiDivisor) == Down(uiDividend, uiDivisor), "division down");
-        Require(ZorTools_RoundedUpDivision(uiDividend, uiDivisor) == uiUp, "division up");
-    }
 
     // Totals, rates and clocks of a timing that holds these values.
     void CheckDerived(const CVidParamTiming& oTiming, const CAllValues& aui)
@@ -69,19 +58,19 @@ private:
                 "equivalence of clocks");
     }
 
-    // The class in hertz truncates kilohertz, that in kilohertz rounds hertz; what is multiplied wraps. Assignment
-    // between them goes through hertz, and nothing stays of what stood there.
+    // The class in hertz truncates kilohertz; that in kilohertz rounds hertz and has no number for some sources. What
+    // is multiplied wraps. Assignment between them goes through hertz, and nothing stays of what stood there.
     void CheckTimings(const CNumbers& aui)
     {
-        const unsigned int uiFlags = (aui[11] & 1) | (aui[11] & 6) << 3 | (aui[11] & 24) >> 1;
-        const CAllValues auiSet = { aui[0], aui[4], aui[9], aui[10], aui[1],  aui[2], aui[3],
-                                    aui[5], aui[6], aui[7], aui[8],  uiFlags, 6 };
+        CAllValues auiSet(aui.begin(), aui.end());
+        auiSet[gsc_uiFlags] &= 1 | 4 | 8 | 16 | 32;
+        auiSet.push_back(aui[gsc_uiFlags] >> 8 & 0xFF);
         CVidParamTimingGeneric oGeneric;
         WriteAll(oGeneric, auiSet);
-        Require(oGeneric.GetPixelClockInHz() == Times(aui[10], 1000), "clock into hertz");
-        Require(oGeneric.GetHorizontalRateInHz() == Times(aui[8], 1000), "line rate into hertz");
-        oGeneric.SetPixelClockInHz(aui[10]);
-        oGeneric.SetHorizontalRateInHz(aui[8]);
+        Require(oGeneric.GetPixelClockInHz() == Times(aui[gsc_uiClockInKiloHz], 1000), "clock into hertz");
+        Require(oGeneric.GetHorizontalRateInHz() == Times(aui[gsc_uiLineRateInKiloHz], 1000), "line rate into hertz");
+        oGeneric.SetPixelClockInHz(aui[gsc_uiClockInKiloHz]);
+        oGeneric.SetHorizontalRateInHz(aui[gsc_uiLineRateInKiloHz]);
         CAllValues auiExpected = auiSet;
         auiExpected[gsc_uiClockInKiloHz] /= 1000;
         auiExpected[gsc_uiLineRateInKiloHz] /= 1000;
@@ -93,14 +82,16 @@ private:
 
         CRVidParamTiming oRecord;
         WriteAll(oRecord, auiSet);
+        auiSet[gsc_uiSource] = auiSet[gsc_uiSource] <= 6 || auiSet[gsc_uiSource] == 16 ? auiSet[gsc_uiSource] : 255;
         Require(ReadAll(oRecord) == auiSet, "a timing in kilohertz holds what is set");
         CheckDerived(oRecord, auiSet);
-        Require(oRecord.GetPixelClockInHz() == Times(aui[10], 1000), "clock in hertz");
-        Require(oRecord.GetHorizontalRateInHz() == Times(aui[8], 1000), "line rate in hertz");
+        Require(oRecord.GetPixelClockInHz() == Times(aui[gsc_uiClockInKiloHz], 1000), "clock in hertz");
+        Require(oRecord.GetHorizontalRateInHz() == Times(aui[gsc_uiLineRateInKiloHz], 1000), "line rate in hertz");
         Require((oGeneric == oRecord) != (oGeneric != oRecord), "equal or not");
 
-        auiExpected[gsc_uiClockInKiloHz] = static_cast<unsigned int>(Nearest(aui[10], 1000));
-        auiExpected[gsc_uiLineRateInKiloHz] = static_cast<unsigned int>(Nearest(aui[8], 1000));
+        auiExpected[gsc_uiSource] = auiSet[gsc_uiSource];
+        auiExpected[gsc_uiClockInKiloHz] = static_cast<unsigned int>(Nearest(aui[gsc_uiClockInKiloHz], 1000));
+        auiExpected[gsc_uiLineRateInKiloHz] = static_cast<unsigned int>(Nearest(aui[gsc_uiLineRateInKiloHz], 1000));
         CRVidParamTiming oTarget({ 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 1 | 4 | 8, { 0, 0 } }, eRVideoFamily_Gtf);
         oTarget = static_cast<const CVidParamTiming&>(oGeneric);
         CVidParamTimingGeneric oBack(gsc_oMarked);

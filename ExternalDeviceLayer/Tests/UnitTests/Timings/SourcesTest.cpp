@@ -1,17 +1,16 @@
-// Where timings come from: every value of the mode tables, their search, codes, and the front door.
+// Where timings come from: every value of the mode tables, their search, codes, the front door, and the formulas.
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <map>
+#include <random>
 
 #include "CapturedOutput.h"
 #include "CaseFile.h"
+#include "NumbersCheck.h"
 #include "RecordingTiming.h"
-#include "TimingValues.h"
 #include "VidParamCea.h"
 #include "VidParamDmt.h"
-#include "VidParamTimingFunc.h"
 
 namespace
 {
@@ -155,41 +154,46 @@ TEST(FrontDoor, EachTypeAsksItsOwnSource)
     for (const SCaseRow& oRow : ReadCases("Timings/golden/worked.txt", 3))
     {
         SCOPED_TRACE(oRow.GetName());
-        const CAllValues auiExpected = oRow.GetNumbers(2);
-        const EType eType = static_cast<EType>(auiExpected[gsc_uiSource]);
-        CVidParamTimingGeneric oTiming(gsc_oMarked); // what stood there before is cleared
+        const CAllValues auiRow = oRow.GetNumbers(2);
+        const EType eType = static_cast<EType>(auiRow.back());
+        const bool bRefused = auiRow.size() < gsc_auiCleared.size();
+        CVidParamTimingGeneric oTiming(gsc_oMarked); // what stood there before is cleared, or stays
         CRecordingTiming oRecording;
-        CCapturedOutput oOutput;
         for (CVidParamTiming* poTiming : std::initializer_list<CVidParamTiming*>{ &oTiming, &oRecording })
         {
-            EXPECT_EQ(
-                1, CVidParamTimingFunc::GetTiming(auiExpected[0], auiExpected[1], oRow.GetNumber(1), eType, *poTiming));
+            CCapturedOutput oOutput;
+            EXPECT_EQ(bRefused ? 0 : 1,
+                      CVidParamTimingFunc::GetTiming(auiRow[0], auiRow[1], oRow.GetNumber(1), eType, *poTiming));
+            EXPECT_EQ(bRefused ? 1U : 0U, oOutput.TakeAssertionCount());
         }
-        EXPECT_EQ("", oOutput.Take());
-        EXPECT_EQ(auiExpected, ReadAll(oTiming));
-        EXPECT_EQ(auiExpected[gsc_uiFlags], oTiming.GetData().uiFlags);
-        EXPECT_EQ(oOrders[eType], oRecording.m_asCalls);
+        EXPECT_EQ(bRefused ? ReadAll(CVidParamTimingGeneric(gsc_oMarked)) : auiRow, ReadAll(oTiming));
+        EXPECT_EQ(bRefused ? gsc_oMarked.uiFlags : auiRow[gsc_uiFlags], oTiming.GetData().uiFlags);
+        EXPECT_EQ(bRefused ? CCallNames() : oOrders[eType], oRecording.m_asCalls);
     }
 }
 
-TEST(FrontDoor, NoSourceOrARefusalIsReportedOnceAndLeavesTheTiming)
+// The check of NumbersCheck.h over sizes and rates that reach both ends of the range, with random numbers beside them.
+TEST(Numbers, AgreeWithTheSecondComputations)
 {
-    for (const auto& [uiType, uiWidth, uiHeight] : std::initializer_list<std::array<unsigned int, 3>>{
-             { 0, 1920, 1080 }, // types without a source
-             { 7, 1920, 1080 },
-             { 32, 1920, 1080 },
-             { 255, 1920, 1080 },
-             { CVidParamTiming::eVidParamType_Dmt, 3440, 1440 }, // no such row, and no formula instead
-             { CVidParamTiming::eVidParamType_DmtReducedBlanking, 640, 480 },
-             { CVidParamTiming::eVidParamType_Cea, 1024, 768 },
-             { CVidParamTiming::eVidParamType_Smpte, 1920, 1080 },
-             { CVidParamTiming::eVidParamType_Cvt, 200, 150 } }) // its line period is above 100 us
+    // Small sizes, real ones, and those that make a sum or 4, 5, 15 or 16 times a height wrap.
+    const std::vector<unsigned int> auiSizes = { 0,          1,          3,          4,          7,          8,
+                                                 9,          144,        176,        480,        640,        768,
+                                                 1024,       1280,       1360,       1366,       1920,       16384,
+                                                 65535,      65536,      0x15555556, 0x40000000, 0x55555550, 0x7FFFFFFF,
+                                                 0x80000000, 0xFFFFFFF4, 0xFFFFFFFD, 0xFFFFFFFF };
+    const std::vector<unsigned int> auiRates = { 0,   1,    20,   24,   30,   50,   60,     75,         120,
+                                                 240, 1000, 1818, 1819, 2173, 2174, 100000, 0x7FFFFFFF, 0xFFFFFFFF };
+    std::mt19937 oRandom(20240229);
+    const auto AnyMagnitude = [&] { return static_cast<unsigned int>(oRandom()) >> oRandom() % 32; };
+    for (size_t i = 0; i < auiSizes.size() * auiSizes.size() * auiRates.size(); ++i)
     {
-        CVidParamTimingGeneric oTiming(gsc_oMarked);
-        CCapturedOutput oOutput;
-        EXPECT_EQ(0, CVidParamTimingFunc::GetTiming(uiWidth, uiHeight, 60, EType{ uiType }, oTiming));
-        EXPECT_EQ(1U, oOutput.TakeAssertionCount()) << uiType;
-        EXPECT_EQ(ReadAll(CVidParamTimingGeneric(gsc_oMarked)), ReadAll(oTiming)) << uiType;
+        CNumbers aui;
+        std::generate(aui.begin(), aui.end(), AnyMagnitude);
+        ASSERT_STREQ(nullptr, CNumbersCheck().Run(aui)) << testing::PrintToString(aui);
+        aui[0] = auiSizes[i % auiSizes.size()];
+        aui[1] = auiSizes[i / auiSizes.size() % auiSizes.size()];
+        aui[2] = auiRates[i / auiSizes.size() / auiSizes.size()];
+        ASSERT_STREQ(nullptr, CNumbersCheck().Run(aui)) << testing::PrintToString(aui);
     }
 }
 }

@@ -2,6 +2,7 @@
 
 #include <limits.h>
 
+#include <array>
 #include <string>
 
 #include "CapturedOutput.h"
@@ -9,29 +10,23 @@
 
 namespace
 {
-constinit std::string* g_psFormats = nullptr; // receives the formats that come to the client's writer
+std::string g_sFormats; // those that came to the client's writer
 }
 
 // A program may bring a writer of its own in place of the client's.
 int OsServices_WriteMsg(const char* pszFormat, va_list oList)
 {
-    if (g_psFormats != nullptr)
-    {
-        *g_psFormats += std::string("|") + pszFormat;
-    }
+    g_sFormats += std::string("|") + pszFormat;
     return vfprintf(stdout, pszFormat, oList);
 }
 
 namespace
 {
-// Each test starts from the values at program start and leaves them behind.
+// Each test leaves the values at program start behind.
 class Messages : public testing::Test
 {
 protected:
-    Messages() { Reset(); }
-    ~Messages() override { Reset(); }
-
-    static void Reset()
+    ~Messages() override
     {
         OsServices::SetMsgLevel(1, 1, 0);
         OsServices::SetMsgPrefix("nr4");
@@ -51,48 +46,35 @@ std::string WriteAll()
 }
 }
 
-// Runs before anything has set a switch only when it is the first test of the process, which ctest's one process for
-// each test makes it.
+// Nothing has set a switch before: it is the first test here, and ctest gives each test a process.
 TEST(MessagesAtStart, DebugLinesAreOff) { EXPECT_EQ("nr4[0]: (Error) e1\nnr4[0]: (Info) u2\n", WriteAll()); }
 
 TEST_F(Messages, EachGateOpensOneWriter)
 {
-    struct SCase
+    for (unsigned int uiGates = 0; uiGates < 8; ++uiGates)
     {
-        int m_bError, m_bUser, m_bInfo;
-        const char* m_pszExpected;
-    };
-    const SCase aoCases[] = {
-        { 0, 0, 0, "" },
-        { 1, 0, 0, "nr4[0]: (Error) e1\n" },
-        { 0, 1, 0, "nr4[0]: (Info) u2\n" },
-        { 0, 0, 1, "nr4[0]: (Debug) d3\n" },
-        { -1, 2, INT_MIN, "nr4[0]: (Error) e1\nnr4[0]: (Info) u2\nnr4[0]: (Debug) d3\n" },
-    };
-    for (const SCase& oCase : aoCases)
-    {
-        OsServices::SetMsgLevel(oCase.m_bError, oCase.m_bUser, oCase.m_bInfo);
-        EXPECT_EQ(oCase.m_pszExpected, WriteAll());
-        int abLevels[3] = { 9, 9, 9 };
-        OsServices::GetMsgLevel(abLevels, nullptr, nullptr);
-        OsServices::GetMsgLevel(nullptr, abLevels + 1, abLevels + 2);
-        EXPECT_EQ(oCase.m_bError, abLevels[0]); // kept as given
-        EXPECT_EQ(oCase.m_bUser, abLevels[1]);
-        EXPECT_EQ(oCase.m_bInfo, abLevels[2]);
+        const bool bError = (uiGates & 1) != 0, bUser = (uiGates & 2) != 0, bInfo = (uiGates & 4) != 0;
+        const std::array<int, 3> abLevels = { bError ? -1 : 0, bUser ? 2 : 0, bInfo ? INT_MIN : 0 };
+        OsServices::SetMsgLevel(abLevels[0], abLevels[1], abLevels[2]);
+        EXPECT_EQ(std::string(bError ? "nr4[0]: (Error) e1\n" : "") + (bUser ? "nr4[0]: (Info) u2\n" : "") +
+                      (bInfo ? "nr4[0]: (Debug) d3\n" : ""),
+                  WriteAll());
+        std::array<int, 3> abRead = { 9, 9, 9 };
+        OsServices::GetMsgLevel(&abRead[0], nullptr, nullptr);
+        OsServices::GetMsgLevel(nullptr, &abRead[1], &abRead[2]);
+        EXPECT_EQ(abLevels, abRead) << "kept as given";
     }
 }
 
 TEST_F(Messages, HeadAndTextAreTwoWrites)
 {
-    std::string sFormats;
-    g_psFormats = &sFormats;
     OsServices::SetMsgLevel(1, 1, 1);
+    g_sFormats.clear();
     WriteAll();
     OsServices::SetMsgPrefixEnable(0);
     EXPECT_EQ("e1\nu2\nd3\n", WriteAll());
-    g_psFormats = nullptr;
-    EXPECT_EQ("|%s[%llu]: (Error) |e%d\n|%s[%llu]: (Info) |u%s\n|%s[%llu]: (Debug) |d%c\n|e%d\n|u%s\n|d%c\n", sFormats);
-
+    EXPECT_EQ("|%s[%llu]: (Error) |e%d\n|%s[%llu]: (Info) |u%s\n|%s[%llu]: (Debug) |d%c\n|e%d\n|u%s\n|d%c\n",
+              g_sFormats);
     OsServices::SetMsgLevel(0, 0, 0);
     CCapturedOutput oOutput;
     OsServices::WriteMsgInternal("%s-%d", "text", 3); // neither gate nor head
@@ -104,32 +86,24 @@ TEST_F(Messages, HeadCarriesPrefixAndReferenceId)
     OsServices::SetMsgReferenceId(ULONG_MAX);
     OsServices::SetMsgPrefixEnable(-2);
     const std::string sLongest(63, 'p');
-    const std::string aasPrefixes[][2] = {
-        { "%d", "%d" }, { "", "" }, { sLongest, sLongest }, { sLongest + "p", sLongest } // text, not a format
-    };
-    for (const auto& asPrefix : aasPrefixes)
+    for (const std::string& sPrefix : { std::string("%d"), std::string(), sLongest, sLongest + "q" }) // never a format
     {
-        OsServices::SetMsgPrefix(asPrefix[0].c_str());
-        const std::string sHead = asPrefix[1] + "[18446744073709551615]: ";
+        OsServices::SetMsgPrefix(sPrefix.c_str());
+        const std::string sHead = sPrefix.substr(0, 63) + "[18446744073709551615]: ";
         EXPECT_EQ(sHead + "(Error) e1\n" + sHead + "(Info) u2\n", WriteAll());
     }
 }
 
 TEST_F(Messages, FileNameIsTheTailOfAPath)
 {
-    struct SCase
-    {
-        const char* m_pszPath;
-        size_t m_uiTail; // where the name begins
+    // Where the name begins. A separator in front only does not count.
+    const std::pair<const char*, size_t> aoCases[] = {
+        { "", 0 },      { "abc", 0 },   { "/", 0 },      { "a\\b/c", 4 }, { "a/b\\c", 4 },  { "dir/", 4 },
+        { "dir\\", 4 }, { "/file", 0 }, { "\\file", 0 }, { "//file", 2 }, { "/a/file", 3 },
     };
-    const SCase aoCases[] = {
-        { "", 0 },       { "abc", 0 },     { "/", 0 },     { "a\\b/c", 4 }, { "a/b\\c", 4 },
-        { "dir/", 4 },   { "dir\\", 4 },   { "/file", 0 }, { "\\file", 0 }, // a separator in front only
-        { "//file", 2 }, { "/a/file", 3 },
-    };
-    for (const SCase& oCase : aoCases)
+    for (const auto& [pszPath, uiTail] : aoCases)
     {
-        EXPECT_EQ(oCase.m_pszPath + oCase.m_uiTail, OsServices::GetFileNameOnlySubSring(oCase.m_pszPath));
+        EXPECT_EQ(pszPath + uiTail, OsServices::GetFileNameOnlySubSring(pszPath));
     }
 }
 

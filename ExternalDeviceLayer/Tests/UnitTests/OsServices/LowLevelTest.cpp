@@ -1,126 +1,91 @@
-// Physical memory with an ordinary file in the place of the device, and the timer on a made-up clock.
+// Physical memory with an ordinary file in the place of the device, the timer on a made-up clock, and PCI look-up over a
+// bus of the test's own, so that it is the same on every machine.
 
 #include <errno.h>
 #include <fcntl.h>
-#include <gtest/gtest.h>
-#include <stdio.h>
-#include <stdlib.h>
+#include <filesystem>
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "OsServices.h"
+extern "C"
+{
+#include <pci/pci.h> // does not declare its own linkage
+}
+
 #include "OsServicesTestSupport.h"
 #include "ZorLibrary.h"
-#include "ZorVxd_Linux.h"
 
 namespace
 {
 using Calls = SZorVxdSystemCalls;
+using SAllocs = SWatched<&Calls::pfnAlloc>;
+using SFrees = SWatched<&Calls::pfnFree>;
+using SOpens = SWatched<&Calls::pfnOpen>;
+using SCloses = SWatched<&Calls::pfnClose>;
 using SMaps = SWatched<&Calls::pfnMap>;
 using SUnmaps = SWatched<&Calls::pfnUnmap>;
+using SScans = SWatched<&SZorVxdPciLibCalls::pfnScanBus>;
+using SCleanUps = SWatched<&SZorVxdPciLibCalls::pfnCleanup>;
 
 constinit int g_iFile = -1; // stands in for the device
 
-unsigned long long GetMapAddress() { return static_cast<unsigned long long>(std::get<5>(SMaps::ms_oLast)); }
-size_t GetMapLength() { return std::get<1>(SMaps::ms_oLast); }
-
-class MemoryMap : public testing::Test
+class MemoryMap : public COsTest
 {
 protected:
     void SetUp() override
     {
-        g_iFile = fileno(m_poFile);
+        g_iFile = memfd_create("device", 0);
         ASSERT_EQ(0, ftruncate(g_iFile, 4 * 4096));
-        SWatched<&Calls::pfnAlloc>::Start(g_oZorVxdSystemCalls);
-        SWatched<&Calls::pfnFree>::Start(g_oZorVxdSystemCalls);
-        SWatched<&Calls::pfnOpen>::Start(g_oZorVxdSystemCalls, [](const char* pszPath, int iFlags) {
+        SAllocs::Start(g_oZorVxdSystemCalls);
+        SFrees::Start(g_oZorVxdSystemCalls);
+        SOpens::Start(g_oZorVxdSystemCalls, [](const char* pszPath, int iFlags) {
             EXPECT_STREQ("/dev/mem", pszPath);
             EXPECT_EQ(O_RDWR, iFlags);
             return dup(g_iFile);
         });
+        SCloses::Start(g_oZorVxdSystemCalls);
         SMaps::Start(g_oZorVxdSystemCalls);
         SUnmaps::Start(g_oZorVxdSystemCalls);
-        SWatched<&Calls::pfnClose>::Start(g_oZorVxdSystemCalls);
     }
-
     void TearDown() override
     {
-        EXPECT_EQ(SWatched<&Calls::pfnAlloc>::ms_iCount, SWatched<&Calls::pfnFree>::ms_iCount);
-        EXPECT_EQ(SWatched<&Calls::pfnOpen>::ms_iCount, SWatched<&Calls::pfnClose>::ms_iCount);
-        EXPECT_EQ(&g_oZorVxdMapList, g_oZorVxdMapList.poNext);
-        EXPECT_EQ(&g_oZorVxdMapList, g_oZorVxdMapList.poPrev);
-        fclose(m_poFile);
+        EXPECT_EQ(SAllocs::ms_uiCount, SFrees::ms_uiCount);
+        EXPECT_EQ(SOpens::ms_uiCount, SCloses::ms_uiCount);
+        EXPECT_TRUE(g_oZorVxdMapList.poNext == &g_oZorVxdMapList && g_oZorVxdMapList.poPrev == &g_oZorVxdMapList);
+        close(g_iFile);
     }
-
-private:
-    const CRestored<Calls> m_oRestored{ g_oZorVxdSystemCalls };
-    FILE* const m_poFile = tmpfile();
 };
-
-struct SPageCase
-{
-    const char* m_pszName;
-    unsigned int m_uiAddress;
-    unsigned int m_uiSize;
-    unsigned int m_uiMapAddress;
-    size_t m_uiMapLength;
-};
-
-// clang-format off
-const SPageCase gsc_aoPageCases[] = {
-    { "WholePage",             0x2000, 4096, 0x2000, 0x1000 },
-    { "OneByteMoreThanAPage",  0x2000, 4097, 0x2000, 0x2000 },
-    { "InsideAPage",           0x1010,   16, 0x1000, 0x1000 },
-    { "OneByteOverTheBorder",  0x1FFF,    2, 0x1000, 0x2000 },
-    { "UpToTheBorder",         0x3010, 4080, 0x3000, 0x1000 },
-    { "SizeZeroInsideAPage",   0x3010,    0, 0x3000, 0x1000 },
-};
-// clang-format on
 }
 
 TEST_F(MemoryMap, MapsWholePagesAndGivesTheExactByte)
 {
-    EXPECT_EQ(0U, memUnmap(nullptr)) << "the list is empty";
     unsigned char ui8Written = 0;
-    for (const SPageCase& oCase : gsc_aoPageCases)
+    for (const SCaseRow& oCase : ReadCases("OsServices/golden/maps.txt", 5))
     {
-        SCOPED_TRACE(oCase.m_pszName);
-        unsigned char* const pui8Mapped = static_cast<unsigned char*>(memMapEx(oCase.m_uiAddress, oCase.m_uiSize, 0));
+        SCOPED_TRACE(oCase.GetName());
+        const unsigned int uiAddress = oCase.GetNumber(1);
+        unsigned char* const pui8Mapped = static_cast<unsigned char*>(memMapEx(uiAddress, oCase.GetNumber(2), 0));
         ASSERT_NE(nullptr, pui8Mapped);
-        EXPECT_EQ(oCase.m_uiMapAddress, GetMapAddress());
-        EXPECT_EQ(oCase.m_uiMapLength, GetMapLength());
+        EXPECT_EQ(oCase.GetNumber(3), std::get<5>(SMaps::ms_oLast));
+        EXPECT_EQ(oCase.GetNumber(4), std::get<1>(SMaps::ms_oLast));
         *pui8Mapped = ++ui8Written;
         unsigned char ui8Stored = 0;
-        EXPECT_EQ(1, pread(g_iFile, &ui8Stored, 1, oCase.m_uiAddress));
+        EXPECT_EQ(1, pread(g_iFile, &ui8Stored, 1, uiAddress));
         EXPECT_EQ(ui8Written, ui8Stored) << "the device has it";
 
-        SUnmaps::ms_iCount = 0;
+        SUnmaps::ms_uiCount = 0;
         EXPECT_EQ(0U, memUnmap(pui8Mapped - 0x10)) << "not the exact address";
-        EXPECT_EQ(0U, memUnmap(pui8Mapped + 1));
         EXPECT_EQ(0U, memUnmap(nullptr));
-        EXPECT_EQ(0, SUnmaps::ms_iCount);
+        EXPECT_EQ(0U, SUnmaps::ms_uiCount);
         EXPECT_EQ(1U, OsServices::IoUnMap(pui8Mapped, 77)) << "the size does not count";
-        EXPECT_EQ(pui8Mapped - (oCase.m_uiAddress - oCase.m_uiMapAddress), std::get<0>(SUnmaps::ms_oLast));
-        EXPECT_EQ(oCase.m_uiMapLength, std::get<1>(SUnmaps::ms_oLast));
+        EXPECT_EQ(pui8Mapped - (uiAddress - oCase.GetNumber(3)), std::get<0>(SUnmaps::ms_oLast));
+        EXPECT_EQ(oCase.GetNumber(4), std::get<1>(SUnmaps::ms_oLast));
         EXPECT_EQ(0U, memUnmap(pui8Mapped)) << "it is gone";
     }
-}
-
-TEST_F(MemoryMap, EqualAddressesAreUnmappedNewestFirst)
-{
-    alignas(4096) static unsigned char aui8Area[8192];
-    g_oZorVxdSystemCalls.pfnMap = [](void*, size_t, int, int, int, off64_t iOffset) -> void* {
-        return aui8Area + iOffset;
-    };
-    SUnmaps::Start(g_oZorVxdSystemCalls, [](void*, size_t) { return 0; });
-    EXPECT_EQ(aui8Area, memMap64(0, 1, 0));
-    EXPECT_EQ(aui8Area + 4096, memMap64(4096, 4096, 0));
-    EXPECT_EQ(aui8Area, memMap64(0, 8192, 0));
-    EXPECT_EQ(1U, memUnmap(aui8Area + 4096)); // out of the middle
-    for (const size_t uiLength : { 8192U, 4096U })
+    void* const apMapped[] = { memMap64(0, 1, 0), memMap64(0, 1, 0), memMap64(0, 1, 0) };
+    for (const size_t i : { 1U, 0U, 2U }) // out of the middle, then the oldest
     {
-        EXPECT_EQ(1U, memUnmap(aui8Area));
-        EXPECT_EQ(uiLength, std::get<1>(SUnmaps::ms_oLast));
+        EXPECT_EQ(1U, memUnmap(apMapped[i]));
     }
 }
 
@@ -133,13 +98,13 @@ TEST_F(MemoryMap, FailuresGiveNullAndHoldNothingAndAttemptsAreCounted)
     });
     EXPECT_EQ(nullptr, OsServices::IoMap(0x123456789FFFUL, 0xFFFFFFFFU, 0));
     EXPECT_EQ(EPERM, errno);
-    EXPECT_EQ(0x123456789000ULL, GetMapAddress()) << "nothing wraps";
-    EXPECT_EQ(0x100001000ULL, GetMapLength());
-    EXPECT_EQ(1, SMaps::ms_iCount);
+    EXPECT_EQ(0x123456789000, std::get<5>(SMaps::ms_oLast)) << "nothing wraps";
+    EXPECT_EQ(0x100001000U, std::get<1>(SMaps::ms_oLast));
+    EXPECT_EQ(1U, SMaps::ms_uiCount);
     EXPECT_EQ(nullptr, OsServices::IoMap(0x1000, 1, -1));
-    EXPECT_EQ(3, SMaps::ms_iCount) << "in two modes";
+    EXPECT_EQ(3U, SMaps::ms_uiCount) << "in two modes";
     EXPECT_EQ(nullptr, memMap(0x1000, 1));
-    EXPECT_EQ(6, SMaps::ms_iCount) << "in three modes";
+    EXPECT_EQ(6U, SMaps::ms_uiCount) << "in three modes";
 
     const auto pfnOpen = g_oZorVxdSystemCalls.pfnOpen;
     g_oZorVxdSystemCalls.pfnOpen = [](const char*, int) { return -1; };
@@ -147,71 +112,106 @@ TEST_F(MemoryMap, FailuresGiveNullAndHoldNothingAndAttemptsAreCounted)
     g_oZorVxdSystemCalls.pfnOpen = pfnOpen;
     g_oZorVxdSystemCalls.pfnAlloc = [](size_t) -> void* { return nullptr; };
     EXPECT_EQ(nullptr, memMap64(0x1000, 1, 0));
-    EXPECT_EQ(6, SMaps::ms_iCount);
+    EXPECT_EQ(6U, SMaps::ms_uiCount);
 }
 
 namespace
 {
-// A clock that gives these times one after the other; a time of zero is a failing read.
-constinit const timespec* g_poTimes = nullptr;
-constinit unsigned int g_uiReads = 0;
+using Timer = COsTest;
+std::istringstream g_oTimes; // nanoseconds; 0 is a read that fails
 
 int GiveTime(clockid_t iClock, timespec* poTime)
 {
     EXPECT_EQ(CLOCK_MONOTONIC, iClock);
-    const timespec& oTime = g_poTimes[g_uiReads++];
-    if (oTime.tv_sec != 0)
-    {
-        *poTime = oTime;
-    }
-    return oTime.tv_sec != 0 ? 0 : -1;
+    long long llTime = 0;
+    g_oTimes >> llTime;
+    *poTime = llTime != 0 ? timespec{ llTime / 1000000000, llTime % 1000000000 } : *poTime;
+    return llTime != 0 ? 0 : -1;
+}
 }
 
-struct SDelayCase
+TEST_F(Timer, DelayAndCounterGoByTheMonotonicClock)
 {
-    const char* m_pszName;
-    unsigned int m_uiDelay; // microseconds
-    unsigned int m_uiReads;
-    timespec m_aoTimes[4];
-};
-
-// clang-format off
-const SDelayCase gsc_aoDelayCases[] = {
-    { "NoDelayLooksTwice",   0,       2, { { 5, 0 }, { 5, 0 } } },
-    { "EndIsReachedExactly", 1,       3, { { 5, 0 }, { 5, 999 }, { 5, 1000 } } },
-    { "NanosecondsCarry",    1500000, 3, { { 5, 800000000 }, { 7, 299999999 }, { 7, 300000000 } } },
-    { "LaterSecondIsEnough", 1500000, 2, { { 5, 0 }, { 7, 0 } } },
-    { "FirstReadFails",      1000000, 1, {} },
-    { "LaterReadFails",      1000000, 3, { { 5, 0 }, { 5, 1 } } },
-};
-// clang-format on
-}
-
-TEST(Timer, DelayAndCounterGoByTheMonotonicClock)
-{
-    const CRestored<SZorVxdSystemCalls> oRestored(g_oZorVxdSystemCalls);
     g_oZorVxdSystemCalls.pfnGetClock = GiveTime;
-    for (const SDelayCase& oCase : gsc_aoDelayCases)
+    for (const SCaseRow& oCase : ReadCases("OsServices/golden/delays.txt", 3))
     {
-        g_poTimes = oCase.m_aoTimes;
-        g_uiReads = 0;
-        EXPECT_EQ(1U, tmDelay(oCase.m_uiDelay)) << oCase.m_pszName;
-        EXPECT_EQ(oCase.m_uiReads, g_uiReads) << oCase.m_pszName;
+        g_oTimes = std::istringstream(oCase.GetText(2));
+        EXPECT_EQ(1U, tmDelay(oCase.GetNumber(1))) << oCase.GetName();
+        EXPECT_TRUE(g_oTimes.eof() && !g_oTimes.fail()) << oCase.GetName() << ": all times are read and no more";
     }
-    const timespec aoTimes[] = { { 5000000, 1999 }, {} };
-    g_poTimes = aoTimes;
-    g_uiReads = 0;
+    g_oTimes = std::istringstream("5000000000001999 0");
     unsigned long long ullCounter = 0;
     EXPECT_EQ(1U, tmCounter(&ullCounter));
     EXPECT_EQ(0U, tmCounter(&ullCounter));
     EXPECT_EQ(5000000000001ULL, ullCounter) << "a failing clock leaves it alone";
     SZorFrequency oFrequency = { 1, 1 };
-    EXPECT_EQ(1U, tmFrequency(&oFrequency));
-    EXPECT_EQ(1000000U, oFrequency.m_uiLow);
-    EXPECT_EQ(0U, oFrequency.m_uiHigh);
+    EXPECT_TRUE(tmFrequency(&oFrequency) == 1 && oFrequency.m_uiLow == 1000000 && oFrequency.m_uiHigh == 0);
 }
 
-TEST(TimerMachine, DelayIsNeverShort)
+namespace
 {
-    ExpectLasting(999, [] { EXPECT_EQ(1, OsServices::WaitMicroSeconds(999)); });
+constinit pci_access g_oAccess = {};
+constinit pci_dev g_aoDevices[4] = {};
+
+class Pci : public COsTest
+{
+protected:
+    void SetUp() override
+    {
+        const unsigned char aaui8Places[4][3] = { { 0, 0, 0 }, { 0, 0x1F, 3 }, { 1, 1, 0 }, { 0xFF, 0x1F, 7 } };
+        for (size_t i = 0; i < 4; ++i)
+        {
+            g_aoDevices[i].bus = aaui8Places[i][0];
+            g_aoDevices[i].dev = aaui8Places[i][1];
+            g_aoDevices[i].func = aaui8Places[i][2];
+            g_aoDevices[i].next = i < 3 ? &g_aoDevices[i + 1] : nullptr;
+        }
+        g_oZorVxdPciLibCalls.pfnAlloc = [] { return &g_oAccess; };
+        g_oZorVxdPciLibCalls.pfnInit = [](pci_access* poAccess) { poAccess->numeric_ids = 7; };
+        SScans::Start(g_oZorVxdPciLibCalls, [](pci_access* poAccess) {
+            EXPECT_EQ(7, poAccess->numeric_ids) << "it was initialised";
+            poAccess->devices = g_aoDevices;
+        });
+        SCleanUps::Start(g_oZorVxdPciLibCalls, [](pci_access* poAccess) { *poAccess = {}; });
+    }
+    void TearDown() override { ZorVxdPciLibCleanUp(); }
+};
+}
+
+TEST_F(Pci, FindsByBusDeviceAndFunctionAfterOneScan)
+{
+    EXPECT_EQ(1U, ReleaseZORLibrary());
+    EXPECT_EQ(0U, SCleanUps::ms_uiCount) << "there is nothing to clean up yet";
+    for (const SCaseRow& oCase : ReadCases("OsServices/golden/pci.txt", 3))
+    {
+        const pci_dev* const poExpected = oCase.GetText(2) != "none" ? &g_aoDevices[oCase.GetNumber(2)] : nullptr;
+        EXPECT_EQ(poExpected, ZorVxdPciLibConvertHandle(oCase.GetNumber(1))) << oCase.GetName();
+    }
+    EXPECT_EQ(1U, SScans::ms_uiCount);
+    EXPECT_EQ(1U, ReleaseZORLibrary());
+    EXPECT_EQ(1U, SCleanUps::ms_uiCount);
+    EXPECT_EQ(nullptr, g_poZorVxdPciLibAccess);
+    {
+        const OsServices oFirst(nullptr);
+        {
+            const OsServices oSecond(nullptr);
+            EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(0x0108)) << "it scans anew";
+        }
+        EXPECT_EQ(1U, SCleanUps::ms_uiCount);
+    }
+    EXPECT_EQ(2U, SCleanUps::ms_uiCount) << "the last object ends the look-up";
+    g_oZorVxdPciLibCalls.pfnAlloc = []() -> pci_access* { return nullptr; };
+    EXPECT_EQ(nullptr, ZorVxdPciLibConvertHandle(0x0108)) << "no access";
+}
+
+TEST(PciMachine, FindsTheDevicesOfThisMachine)
+{
+    std::error_code oNoBus;
+    for (const auto& oDevice : std::filesystem::directory_iterator("/sys/bus/pci/devices", oNoBus))
+    {
+        unsigned int auiPlace[3] = {};
+        ASSERT_EQ(3, sscanf(oDevice.path().filename().c_str(), "%*x:%x:%x.%x", auiPlace, auiPlace + 1, auiPlace + 2));
+        EXPECT_NE(nullptr, ZorVxdPciLibConvertHandle(auiPlace[0] << 8 | auiPlace[1] << 3 | auiPlace[2]));
+    }
+    ZorVxdPciLibCleanUp();
 }

@@ -1,35 +1,34 @@
-// What the tests of the operating-system layer share.
+// What the tests of the operating-system layer share: calls of the system replaced and watched, and leaks found.
 
 #pragma once
 
 #include <atomic>
-#include <chrono>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <tuple>
 
+#include "CaseFile.h"
 #include "OsServices.h"
+#include "OsServicesClient_LinuxCalls.h"
+#include "ZorVxdPciLib_Linux.h"
 
-// Reaches what only tests may set or see.
-class COsServicesTestAccess
+// Each test may replace calls; afterwards they are as they were.
+class COsTest : public testing::Test
 {
-public:
-    static void SetRandomState(unsigned int uiState) { OsServices::ms_uiOldRandomValue = uiState; }
-    static unsigned char GetHostProperty(const OsServices& oServices) { return oServices.m_ui8HostProperty; }
-};
+protected:
+    ~COsTest() override { RestoreCalls(); }
 
-// Puts a record of calls back to what it was.
-template <class CALLS>
-class CRestored
-{
-public:
-    explicit CRestored(CALLS& oCalls) : m_oCalls(oCalls), m_oSaved(oCalls) {}
-    ~CRestored() { m_oCalls = m_oSaved; }
-    CRestored(const CRestored&) = delete;
-    CRestored& operator=(const CRestored&) = delete;
+    void RestoreCalls() const
+    {
+        g_oOsServicesCalls = m_oServicesCalls;
+        g_oZorVxdSystemCalls = m_oSystemCalls;
+        g_oZorVxdPciLibCalls = m_oPciLibCalls;
+    }
 
 private:
-    CALLS& m_oCalls;
-    const CALLS m_oSaved;
+    const SOsServicesCalls m_oServicesCalls = g_oOsServicesCalls;
+    const SZorVxdSystemCalls m_oSystemCalls = g_oZorVxdSystemCalls;
+    const SZorVxdPciLibCalls m_oPciLibCalls = g_oZorVxdPciLibCalls;
 };
 
 // A call of a record, as in SWatched<&SOsServicesCalls::pfnSleep>: how often it was made and with what the last time.
@@ -38,48 +37,35 @@ struct SWatched;
 template <class CALLS, class RESULT, class... ARGUMENTS, RESULT (*CALLS::*CALL)(ARGUMENTS...)>
 struct SWatched<CALL>
 {
-    static inline std::atomic<int> ms_iCount = 0;
+    static inline std::atomic<unsigned int> ms_uiCount = 0;
     static inline std::tuple<ARGUMENTS...> ms_oLast;
-
-    // From now on; the call does what pfnCall does, or else what it did.
-    static void Start(CALLS& oCalls, RESULT (*pfnCall)(ARGUMENTS...) = nullptr)
-    {
-        ms_iCount = 0;
-        ms_oLast = {};
-        if (pfnCall != nullptr || oCalls.*CALL != Run)
-        {
-            ms_pfnCall = pfnCall != nullptr ? pfnCall : oCalls.*CALL;
-        }
-        oCalls.*CALL = Run;
-    }
-
-private:
     static inline RESULT (*ms_pfnCall)(ARGUMENTS...) = nullptr;
 
-    static RESULT Run(ARGUMENTS... oArguments)
+    // From now on. The call does what pfnCall does.
+    static void Start(CALLS& oCalls, RESULT (*pfnCall)(ARGUMENTS...))
     {
-        ++ms_iCount;
-        ms_oLast = { oArguments... };
-        return ms_pfnCall(oArguments...);
+        ms_uiCount = 0;
+        ms_oLast = {};
+        ms_pfnCall = pfnCall;
+        oCalls.*CALL = [](ARGUMENTS... oArguments) {
+            ++ms_uiCount;
+            ms_oLast = { oArguments... };
+            return ms_pfnCall(oArguments...);
+        };
     }
+    static void Start(CALLS& oCalls) { Start(oCalls, oCalls.*CALL); }
 };
 
-// The operation lasts at least so long on the monotonic clock; longer as a busy machine has it, but not for ever.
+// Many times over, the operation leaves no block behind; the smallest takes 32 bytes of the heap. Under a sanitizer,
+// which has a heap of its own, only its search for leaks sees such blocks.
 template <class OPERATION>
-void ExpectLasting(long long iMicroseconds, OPERATION fnOperation)
+void ExpectNoLeak(OPERATION fnOperation)
 {
-    const std::chrono::steady_clock::time_point oStart = std::chrono::steady_clock::now();
-    fnOperation();
-    const std::chrono::steady_clock::duration oLasted = std::chrono::steady_clock::now() - oStart;
-    EXPECT_GE(oLasted, std::chrono::microseconds(iMicroseconds));
-    EXPECT_LT(oLasted, std::chrono::seconds(20));
+    size_t uiHeld = 0; // once the heap has what it keeps ready
+    for (int i = 0; i < 64; ++i)
+    {
+        uiHeld = i == 32 ? mallinfo2().uordblks : uiHeld;
+        fnOperation();
+    }
+    EXPECT_LT(mallinfo2().uordblks, uiHeld + 32 * 16);
 }
-
-// Whether operator new is this program's own; not where a checker brings one.
-bool IsHeapCounted();
-// Blocks from operator new and new[] that are not freed yet; always 0 where the heap is not counted.
-long GetLiveBlockCount();
-// The last block of a single byte.
-const void* GetLastSingleByteBlock();
-// Lets the next operator new that does not throw give null, where the heap is counted.
-void FailNextNothrowNew();

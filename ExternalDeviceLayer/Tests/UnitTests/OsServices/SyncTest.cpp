@@ -1,195 +1,223 @@
-// Events, signals, mutexes, spin locks and threads: when the system does what it is asked, when it refuses, what
-// Destroy leaves to do, and the arithmetic of deadlines.
+// Events, signals, locks and threads: work done, work refused, deadlines, and the guards that stop the process.
 
-#include "SyncTestSupport.h"
-
+#include <array>
+#include <chrono>
+#include <errno.h>
 #include <functional>
+#include <map>
+#include <new>
 #include <pthread.h>
-#include <string.h>
+#include <sched.h>
+#include <thread>
+
+#include "OsServicesTestSupport.h"
 
 namespace
 {
-using SyncEvent = CSyncTest;
-using SyncSignal = CSyncTest;
-using SyncMutex = CSyncTest;
-using SyncSpinLock = CSyncTest;
-using SyncThread = CSyncTest;
+using Calls = SOsServicesCalls;
+using SWaits = SWatched<&Calls::pfnConditionWait>;
+using STimedWaits = SWatched<&Calls::pfnConditionTimedWait>;
+using SBroadcasts = SWatched<&Calls::pfnConditionBroadcast>;
+using SDestroyedMutexes = SWatched<&Calls::pfnMutexDestroy>;
+using SCancels = SWatched<&Calls::pfnThreadCancel>;
 
 constexpr unsigned int gsc_uiLongLimit = 60000; // longer than any test lasts
 
-struct SChain
-{
-    const char* m_pszOperations;
-    const char* m_pszResults;
+// Lets calls of the system give RESULT, and do nothing else, from now on.
+template <int RESULT, auto... CALLS>
+constexpr auto Answer = [] {
+    ((g_oOsServicesCalls.*CALLS = [](auto...) { return RESULT; }), ...);
+    return 1;
 };
-}
 
-TEST_F(SyncEvent, FollowsItsStateTable)
+class Sync : public COsTest
 {
-    // From each state by each operation, and then how it waits and how it waits once active.
-    // clang-format off
-    const SChain aoChains[] = {
-        // idle
-        { "w", "T" }, { "aw", "1T" }, { "rw", "1T" }, { "tWw", "1RT" }, { "cWWw", "1CCC" }, { "caww", "11RT" },
-        // pending
-        { "tww", "1RT" }, { "taww", "11RT" }, { "trw", "11T" }, { "ttww", "11RT" }, { "tcw", "11C" },
-        { "tcaww", "111RT" },
-        // cancelled, with the trigger that the cancelling leaves behind; a wait consumes it
-        { "cwaw", "1C1T" }, { "craw", "111T" }, { "ctww", "10CC" }, { "ctaww", "101RT" }, { "ccww", "10CC" },
-        { "ccaww", "101RT" },
-        // cancelled, without it
-        { "crww", "11CC" }, { "crwaw", "11C1T" }, { "crraw", "1111T" }, { "crtw", "110C" }, { "crtaw", "1101T" },
-        { "crcw", "110C" }, { "crcaw", "1101T" },
-    };
-    // clang-format on
-    for (const SChain& oChain : aoChains)
+protected:
+    void SetUp() override
     {
-        EXPECT_EQ("11", Run(m_oEvent, "ar"));
-        EXPECT_EQ(oChain.m_pszResults, Run(m_oEvent, oChain.m_pszOperations)) << oChain.m_pszOperations;
+        SWaits::Start(g_oOsServicesCalls);
+        STimedWaits::Start(g_oOsServicesCalls);
+        SBroadcasts::Start(g_oOsServicesCalls);
+        SDestroyedMutexes::Start(g_oOsServicesCalls);
+        SCancels::Start(g_oOsServicesCalls);
+        ASSERT_EQ(1, m_oServices.Event_Create(m_hEvent));
+        ASSERT_EQ(1, m_oServices.Signal_Create(m_hSignal));
+        ASSERT_EQ(1, m_oServices.Mutex_Create(m_hMutex));
+        ASSERT_EQ(1, m_oServices.SpinLock_Create(m_hSpinLock));
     }
-}
-
-TEST_F(SyncSignal, FollowsItsStateTable)
-{
-    // A trigger that nobody waits for is lost.
-    // clang-format off
-    const SChain aoChains[] = {
-        { "w", "T" }, { "tw", "1T" }, { "aw", "1T" }, { "cWWw", "1CCC" }, { "caw", "11T" },
-        { "ctw", "10C" }, { "ctaw", "101T" }, { "ccw", "10C" }, { "ccaw", "101T" }, { "cwaw", "1C1T" },
-    };
-    // clang-format on
-    for (const SChain& oChain : aoChains)
+    void TearDown() override
     {
-        EXPECT_EQ("1", Run(m_oSignal, "a"));
-        EXPECT_EQ(oChain.m_pszResults, Run(m_oSignal, oChain.m_pszOperations)) << oChain.m_pszOperations;
+        RestoreCalls();
+        EXPECT_EQ(1, m_oServices.Event_Destroy(m_hEvent));
+        EXPECT_EQ(1, m_oServices.Signal_Destroy(m_hSignal));
+        EXPECT_EQ(1, m_oServices.Mutex_Destroy(m_hMutex));
+        EXPECT_EQ(1, m_oServices.SpinLock_Destroy(m_hSpinLock));
     }
-}
 
-TEST_F(SyncEvent, OneTriggerReleasesOneBlockedWaiter)
-{
-    for (const unsigned int uiLimit : { gsc_uiLongLimit, gsc_uiOsServicesNoLimit })
+    // Counted under the lock: who sees the count and then gets the lock knows that they wait.
+    static unsigned int CountWaits() { return SWaits::ms_uiCount + STimedWaits::ms_uiCount; }
+    template <class CONDITION>
+    static void Await(CONDITION fnCondition)
     {
-        const int iWaits = CountWaits();
-        std::atomic<int> iReturned = 0;
-        const auto WaitAndCount = [&] {
-            const int iResult = WaitForEvent(uiLimit);
-            ++iReturned;
-            return iResult;
-        };
-        CBackground oFirst(WaitAndCount);
-        CBackground oSecond(WaitAndCount);
-        AwaitWaits(iWaits + 2);
-
-        EXPECT_EQ(1, m_oServices.Event_Trigger(m_hEvent));
-        while (iReturned < 1)
+        while (!fnCondition())
         {
             sched_yield();
         }
-        OsServices::SleepMilliSeconds(1);
-        EXPECT_EQ(1, iReturned);
+    }
 
-        EXPECT_EQ(1, m_oServices.Event_Trigger(m_hEvent));
-        EXPECT_EQ(eOsServicesWaitReleased, oFirst.Join());
-        EXPECT_EQ(eOsServicesWaitReleased, oSecond.Join());
-        EXPECT_EQ("T", Run(m_oEvent, "w")) << "both triggers are consumed";
+    int WaitForEvent(unsigned int uiLimit) { return m_oServices.Event_Wait(m_hEvent, uiLimit); }
+    int WaitForSignal(unsigned int uiLimit) { return m_oServices.Signal_Wait(m_hSignal, uiLimit, 2); }
+
+    OsServices m_oServices{ nullptr };
+    SHEvent* m_hEvent = nullptr;
+    SHSignal* m_hSignal = nullptr;
+    SHMutex* m_hMutex = nullptr;
+    SHSpinLock* m_hSpinLock = nullptr;
+
+    // By the letters of chains.txt.
+    const std::map<char, std::function<int()>> m_oOperations{
+        { 'w', [this] { return WaitForEvent(0); } },
+        { 'n', [this] { return WaitForEvent(gsc_uiOsServicesNoLimit); } },
+        { 't', [this] { return m_oServices.Event_Trigger(m_hEvent); } },
+        { 'c', [this] { return m_oServices.Event_Cancel(m_hEvent); } },
+        { 'a', [this] { return m_oServices.Event_Activate(m_hEvent); } },
+        { 'r', [this] { return m_oServices.Event_Reset(m_hEvent); } },
+        { 'W', [this] { return WaitForSignal(0); } },
+        { 'N', [this] { return WaitForSignal(gsc_uiOsServicesNoLimit); } },
+        { 'T', [this] { return m_oServices.Signal_Trigger(m_hSignal); } },
+        { 'C', [this] { return m_oServices.Signal_Cancel(m_hSignal); } },
+        { 'A', [this] { return m_oServices.Signal_Activate(m_hSignal); } },
+        { '!', Answer<EAGAIN, &Calls::pfnConditionSignal, &Calls::pfnConditionBroadcast> },
+        { 'x', Answer<EAGAIN, &Calls::pfnConditionWait, &Calls::pfnConditionTimedWait> },
+        { 's', Answer<0, &Calls::pfnConditionWait> },
+    };
+    std::string Run(const std::string& sChain) const
+    {
+        const std::map<int, char> oLetters{
+            { 0, '0' }, { 1, '1' }, { eOsServicesWaitTimedOut, 'T' }, { eOsServicesWaitCancelled, 'C' }
+        };
+        std::string sResults;
+        for (const char c : sChain)
+        {
+            sResults += oLetters.at(m_oOperations.at(c)());
+        }
+        return sResults;
+    }
+
+    // Two threads wait, one with a limit and one without, until fnWake has woken both.
+    template <class WAIT, class WAKE>
+    static void ExpectBothWoken(int iExpected, WAIT fnWait, WAKE fnWake)
+    {
+        const unsigned int uiWaits = CountWaits();
+        std::array aiResults = { -1, -1 };
+        {
+            const std::jthread oFirst([&] { aiResults[0] = fnWait(gsc_uiLongLimit); });
+            const std::jthread oSecond([&] { aiResults[1] = fnWait(gsc_uiOsServicesNoLimit); });
+            Await([&] { return CountWaits() == uiWaits + 2; });
+            EXPECT_EQ("1", fnWake());
+        }
+        EXPECT_EQ((std::array{ iExpected, iExpected }), aiResults);
+    }
+};
+
+using SyncDeathTest = Sync;
+}
+
+TEST_F(Sync, ChainsOfOperations)
+{
+    const SOsServicesCalls oCalls = g_oOsServicesCalls;
+    for (const SCaseRow& oCase : ReadCases("OsServices/golden/chains.txt", 3))
+    {
+        Run("arA");
+        const unsigned int uiWaits = CountWaits();
+        EXPECT_EQ(oCase.GetText(1), Run(oCase.GetName())) << oCase.GetName();
+        EXPECT_EQ(oCase.GetNumber(2), CountWaits() - uiWaits) << oCase.GetName();
+        g_oOsServicesCalls = oCalls;
     }
 }
 
-TEST_F(SyncSignal, TriggerOfASignalAndCancelOfBothWakeAllBlockedWaiters)
+TEST_F(Sync, WakeUpsReachBlockedWaiters)
 {
-    const auto OnEvent = [&](unsigned int uiLimit) { return WaitForEvent(uiLimit); };
+    std::atomic<int> iReturned = 0;
     const auto OnSignal = [&](unsigned int uiLimit) { return WaitForSignal(uiLimit); };
-    // One waits with a limit and one without.
-    const auto ExpectBothWoken = [](int iExpected, auto fnWait, auto fnWake) {
-        const int iWaits = CountWaits();
-        CBackground oFirst([&] { return fnWait(gsc_uiLongLimit); });
-        CBackground oSecond([&] { return fnWait(gsc_uiOsServicesNoLimit); });
-        AwaitWaits(iWaits + 2);
-        EXPECT_EQ("1", fnWake());
-        EXPECT_EQ(iExpected, oFirst.Join());
-        EXPECT_EQ(iExpected, oSecond.Join());
+    const auto OnEvent = [&](unsigned int uiLimit) {
+        const int iResult = WaitForEvent(uiLimit);
+        ++iReturned;
+        return iResult;
     };
-    ExpectBothWoken(eOsServicesWaitReleased, OnSignal, [&] { return Run(m_oSignal, "t"); });
-    ExpectBothWoken(eOsServicesWaitCancelled, OnSignal, [&] { return Run(m_oSignal, "c"); });
-    ExpectBothWoken(eOsServicesWaitCancelled, OnEvent, [&] { return Run(m_oEvent, "c"); });
+    ExpectBothWoken(eOsServicesWaitReleased, OnEvent, [&] {
+        EXPECT_EQ("1", Run("t"));
+        Await([&] { return iReturned > 0; });
+        OsServices::SleepMilliSeconds(1);
+        EXPECT_EQ(1, iReturned) << "one trigger releases one";
+        return Run("t");
+    });
+    EXPECT_EQ("T", Run("w")) << "both triggers are consumed";
+    ExpectBothWoken(eOsServicesWaitCancelled, OnEvent, [&] { return Run("c"); });
+    ExpectBothWoken(eOsServicesWaitReleased, OnSignal, [&] { return Run("T"); });
+    ExpectBothWoken(eOsServicesWaitCancelled, OnSignal, [&] { return Run("C"); });
 }
 
-TEST_F(SyncMutex, OtherThreadsGetItAfterTheLastReleaseOfTheOwner)
+TEST_F(Sync, OtherThreadsGetAMutexAfterTheLastReleaseOfTheOwner)
 {
     // Whether another thread gets the mutex within the limit; it gives it back.
-    const auto TryElsewhere = [this](unsigned int uiTimeout) {
-        return CBackground([this, uiTimeout] {
-                   return m_oServices.Mutex_Acquire(m_hMutex, uiTimeout) ? m_oServices.Mutex_Release(m_hMutex) : 0;
-               })
-            .Join();
+    const auto TryElsewhere = [this](unsigned int uiLimit) {
+        int iResult = -1;
+        std::jthread([&] {
+            iResult = m_oServices.Mutex_Acquire(m_hMutex, uiLimit) != 0 ? m_oServices.Mutex_Release(m_hMutex) : 0;
+        }).join();
+        return iResult;
     };
     EXPECT_EQ(1, m_oServices.Mutex_Acquire(m_hMutex, gsc_uiOsServicesNoLimit));
     EXPECT_EQ(1, m_oServices.Mutex_Acquire(m_hMutex, 0));
     EXPECT_EQ(0, TryElsewhere(0));
     EXPECT_EQ(1, m_oServices.Mutex_Release(m_hMutex));
-    ExpectLasting(10000, [&] { EXPECT_EQ(0, TryElsewhere(10)); });
+    const std::chrono::steady_clock::time_point oStart = std::chrono::steady_clock::now();
+    EXPECT_EQ(0, TryElsewhere(10));
+    EXPECT_GE(std::chrono::steady_clock::now() - oStart, std::chrono::milliseconds(10));
     EXPECT_EQ(1, m_oServices.Mutex_Release(m_hMutex));
     EXPECT_EQ(1, TryElsewhere(0)) << "usable after the acquire that expired";
     EXPECT_EQ(1, TryElsewhere(gsc_uiOsServicesNoLimit));
-    // Waits last as long, too.
-    ExpectLasting(10000, [&] { EXPECT_EQ(eOsServicesWaitTimedOut, WaitForEvent(10)); });
-    ExpectLasting(10000, [&] { EXPECT_EQ(eOsServicesWaitTimedOut, WaitForSignal(10)); });
 }
 
-TEST_F(SyncSpinLock, KeepsThreadsApart)
+TEST_F(Sync, SpinLockKeepsThreadsApart)
 {
-    constexpr int iRounds = 500;
-    SHSpinLock* hSpinLock = nullptr;
-    ASSERT_EQ(1, m_oServices.SpinLock_Create(hSpinLock));
     int iCount = 0; // plain: the lock alone keeps it whole
     const auto CountUp = [&] {
-        for (int i = 0; i < iRounds; ++i)
+        for (int i = 0; i < 500; ++i)
         {
-            m_oServices.SpinLock_Lock(hSpinLock);
+            EXPECT_EQ(1, m_oServices.SpinLock_Lock(m_hSpinLock));
             ++iCount;
-            m_oServices.SpinLock_Unlock(hSpinLock);
+            EXPECT_EQ(1, m_oServices.SpinLock_Unlock(m_hSpinLock));
         }
-        return 1;
     };
-    CBackground oOther(CountUp);
+    std::jthread oOther(CountUp);
     CountUp();
-    oOther.Join();
-    EXPECT_EQ(2 * iRounds, iCount);
-    EXPECT_EQ(1, m_oServices.SpinLock_Destroy(hSpinLock));
+    oOther.join();
+    EXPECT_EQ(1000, iCount);
 }
 
-namespace
+TEST_F(Sync, JoinedThreadIsNotCancelledAndLeavesNothingBehind)
 {
-pthread_t GetThread(const SHCpuThread* hCpuThread)
-{
-    pthread_t oThread = 0;
-    memcpy(&oThread, hCpuThread, sizeof(oThread));
-    return oThread;
-}
-}
-
-TEST_F(SyncThread, JoinedThreadIsNotCancelled)
-{
-    SWatched<&Calls::pfnThreadCancel>::Start(g_oOsServicesCalls);
-    const auto StoreThreadId = [](void* pvContext) {
-        *static_cast<unsigned long*>(pvContext) = OsServices::GetCurrentThreadId();
-        return 5U;
-    };
-    const long iBlocks = GetLiveBlockCount();
-    unsigned long uiThreadId = 0;
-    SHCpuThread* hCpuThread = nullptr;
-    ASSERT_EQ(1, m_oServices.CpuThread_Create(StoreThreadId, &uiThreadId, hCpuThread));
-    const unsigned long uiExpectedId = GetThread(hCpuThread);
-    EXPECT_EQ(1, m_oServices.CpuThread_Join(hCpuThread));
-    EXPECT_EQ(1, OsServices::IsThreadIdEqual(uiExpectedId, uiThreadId));
-    EXPECT_EQ(0, OsServices::IsThreadIdEqual(OsServices::GetCurrentThreadId(), uiThreadId));
-    EXPECT_EQ(0, m_oServices.CpuThread_Join(hCpuThread)) << "it was joined before";
-    EXPECT_EQ(1, m_oServices.CpuThread_Destroy(hCpuThread));
-    EXPECT_EQ(0, SWatched<&Calls::pfnThreadCancel>::ms_iCount);
-    EXPECT_EQ(iBlocks, GetLiveBlockCount());
+    ExpectNoLeak([this] {
+        const auto StoreThreadId = [](void* pvContext) {
+            *static_cast<unsigned long*>(pvContext) = OsServices::GetCurrentThreadId();
+            return 5U;
+        };
+        unsigned long uiThreadId = 0;
+        SHCpuThread* hCpuThread = nullptr;
+        ASSERT_EQ(1, m_oServices.CpuThread_Create(StoreThreadId, &uiThreadId, hCpuThread));
+        EXPECT_EQ(1, m_oServices.CpuThread_Join(hCpuThread));
+        EXPECT_NE(0U, uiThreadId) << "it ran";
+        EXPECT_EQ(0, OsServices::IsThreadIdEqual(OsServices::GetCurrentThreadId(), uiThreadId));
+        EXPECT_EQ(1, OsServices::IsThreadIdEqual(uiThreadId, uiThreadId));
+        EXPECT_EQ(0, m_oServices.CpuThread_Join(hCpuThread)) << "it was joined before";
+        EXPECT_EQ(1, m_oServices.CpuThread_Destroy(hCpuThread));
+    });
+    EXPECT_EQ(0U, SCancels::ms_uiCount);
 }
 
-TEST_F(SyncThread, DestroyCancelsAWaitingThreadWhichLetsGoOfItsLock)
+TEST_F(Sync, DestroyCancelsAWaitingThreadWhichLetsGoOfItsLock)
 {
     const auto WaitForTheEvent = [](void* hEvent) {
         OsServices_Event_Wait(static_cast<SHEvent*>(hEvent), gsc_uiOsServicesNoLimit);
@@ -197,162 +225,121 @@ TEST_F(SyncThread, DestroyCancelsAWaitingThreadWhichLetsGoOfItsLock)
     };
     SHCpuThread* hCpuThread = nullptr;
     ASSERT_EQ(1, m_oServices.CpuThread_Create(WaitForTheEvent, m_hEvent, hCpuThread));
-    AwaitWaits(1);
-    const pthread_t oThread = GetThread(hCpuThread);
+    Await([] { return CountWaits() == 1; });
     EXPECT_EQ(1, m_oServices.CpuThread_Destroy(hCpuThread));
-
+    ASSERT_EQ(1U, SCancels::ms_uiCount);
     void* pvEnd = nullptr;
-    EXPECT_EQ(0, pthread_join(oThread, &pvEnd));
+    EXPECT_EQ(0, pthread_join(std::get<0>(SCancels::ms_oLast), &pvEnd));
     EXPECT_EQ(PTHREAD_CANCELED, pvEnd);
-    EXPECT_EQ("T", Run(m_oEvent, "w")) << "the event still works";
+    EXPECT_EQ("T", Run("w")) << "the event still works";
 }
 
-namespace
+static constinit bool g_bNextNewFails = false;
+// Weak: a sanitizer may bring its own.
+__attribute__((weak)) void* operator new(size_t uiSize, const std::nothrow_t& /*oTag*/) noexcept
 {
-using SyncFailure = CSyncTest;
-using SyncDestroy = CSyncTest;
-using SDestroyedMutexes = SWatched<&Calls::pfnMutexDestroy>;
-using SBroadcasts = SWatched<&Calls::pfnConditionBroadcast>;
-
-constinit SHEvent* g_hLateEvent = nullptr;
-
-// Starts with a handle that is not null, so that the null is seen to be written.
-template <class HANDLE, auto CREATE>
-int Create(OsServices& oServices)
-{
-    int iMark = 0;
-    HANDLE* hHandle = reinterpret_cast<HANDLE*>(&iMark);
-    const int iResult = std::invoke(CREATE, oServices, hHandle);
-    EXPECT_EQ(nullptr, hHandle);
-    return iResult;
+    return std::exchange(g_bNextNewFails, false) ? nullptr : operator new(uiSize);
 }
 
-int StartThread(OsServices& oServices, SHCpuThread*& hCpuThread)
+TEST_F(Sync, FailedCreationLeavesNullAndHoldsNothing)
 {
-    return oServices.CpuThread_Create([](void*) { return 0U; }, nullptr, hCpuThread);
-}
-
-struct SCreationCase
-{
-    const char* m_pszName;
-    void (*m_pfnInject)();
-    int (*m_pfnCreate)(OsServices& oServices);
-    int m_iMutexesDestroyed; // mutexes that were made and had to go again
-};
-
-// clang-format off
-const SCreationCase gsc_aoCreationCases[] = {
-    { "MemoryOfThread",    FailNextNothrowNew,                    Create<SHCpuThread, StartThread>,                 0 },
-    { "Thread",            Refuse<&Calls::pfnThreadCreate>,       Create<SHCpuThread, StartThread>,                 0 },
-    { "SpinLock",          Refuse<&Calls::pfnSpinInit>,           Create<SHSpinLock, &OsServices::SpinLock_Create>, 0 },
-    { "MutexAttribute",    Refuse<&Calls::pfnMutexAttributeInit>, Create<SHMutex, &OsServices::Mutex_Create>,       0 },
-    { "Mutex",             Refuse<&Calls::pfnMutexInit>,          Create<SHMutex, &OsServices::Mutex_Create>,       0 },
-    { "MutexOfEvent",      Refuse<&Calls::pfnMutexInit>,          Create<SHEvent, &OsServices::Event_Create>,       0 },
-    { "ConditionOfEvent",  Refuse<&Calls::pfnConditionInit>,      Create<SHEvent, &OsServices::Event_Create>,       1 },
-    { "MutexOfSignal",     Refuse<&Calls::pfnMutexInit>,          Create<SHSignal, &OsServices::Signal_Create>,     0 },
-    { "ConditionOfSignal", Refuse<&Calls::pfnConditionInit>,      Create<SHSignal, &OsServices::Signal_Create>,     1 },
-};
-// clang-format on
-}
-
-TEST_F(SyncFailure, FailedCreationLeavesNullAndHoldsNoMemory)
-{
-    for (const SCreationCase& oCase : gsc_aoCreationCases)
+    const auto ExpectRefused = [this]<class HANDLE>(HANDLE*, auto fnCreate, auto fnRefuse, unsigned int uiMutexesGone) {
+        SDestroyedMutexes::Start(g_oOsServicesCalls, pthread_mutex_destroy);
+        ExpectNoLeak([&] {
+            HANDLE* hHandle = reinterpret_cast<HANDLE*>(this); // so that the null is seen to be written
+            fnRefuse();
+            EXPECT_EQ(0, std::invoke(fnCreate, m_oServices, hHandle));
+            EXPECT_EQ(nullptr, hHandle);
+        });
+        EXPECT_EQ(64 * uiMutexesGone, SDestroyedMutexes::ms_uiCount); // those that were made and had to go again
+        RestoreCalls();
+    };
+    SHCpuThread* const hNoThread = nullptr;
+    const auto CreateThread = [](OsServices& oServices, SHCpuThread*& hCpuThread) {
+        return oServices.CpuThread_Create([](void*) { return 0U; }, nullptr, hCpuThread);
+    };
+    ExpectRefused(hNoThread, CreateThread, Answer<EAGAIN, &Calls::pfnThreadCreate>, 0);
+    ExpectRefused(m_hSpinLock, &OsServices::SpinLock_Create, Answer<EAGAIN, &Calls::pfnSpinInit>, 0);
+    ExpectRefused(m_hMutex, &OsServices::Mutex_Create, Answer<EAGAIN, &Calls::pfnMutexAttributeInit>, 0);
+    ExpectRefused(m_hMutex, &OsServices::Mutex_Create, Answer<EAGAIN, &Calls::pfnMutexInit>, 0);
+    ExpectRefused(m_hEvent, &OsServices::Event_Create, Answer<EAGAIN, &Calls::pfnMutexInit>, 0);
+    ExpectRefused(m_hEvent, &OsServices::Event_Create, Answer<EAGAIN, &Calls::pfnConditionInit>, 1);
+    ExpectRefused(m_hSignal, &OsServices::Signal_Create, Answer<EAGAIN, &Calls::pfnMutexInit>, 0);
+    ExpectRefused(m_hSignal, &OsServices::Signal_Create, Answer<EAGAIN, &Calls::pfnConditionInit>, 1);
+    g_bNextNewFails = true;
+    void* const pByte = ::operator new(1, std::nothrow);
+    if (pByte == nullptr) // ours
     {
-        if (oCase.m_pfnInject == FailNextNothrowNew && !IsHeapCounted())
-        {
-            continue;
-        }
-        SCOPED_TRACE(oCase.m_pszName);
-        const CRestored<SOsServicesCalls> oRestored(g_oOsServicesCalls);
-        SDestroyedMutexes::Start(g_oOsServicesCalls);
-        oCase.m_pfnInject();
-        const long iBlocks = GetLiveBlockCount();
-        EXPECT_EQ(0, oCase.m_pfnCreate(m_oServices));
-        EXPECT_EQ(iBlocks, GetLiveBlockCount());
-        EXPECT_EQ(oCase.m_iMutexesDestroyed, SDestroyedMutexes::ms_iCount);
+        ExpectRefused(
+            hNoThread, CreateThread, [] { g_bNextNewFails = true; }, 0);
     }
+    ::operator delete(pByte);
 }
 
-TEST_F(SyncDestroy, CancelsOnceAndDestroysTheMutex)
+TEST_F(Sync, DestroyCancelsOnceAndDestroysTheMutex)
 {
-    for (const char* pszBefore : { "", "c" }) // cancelled before, it is not cancelled again
+    for (const char* pszBefore : { "", "cC" }) // cancelled before, they are not cancelled again
     {
-        const int iBroadcasts = *pszBefore == '\0' ? 1 : 0;
-        Run(m_oEvent, pszBefore);
-        Run(m_oSignal, pszBefore);
-        SDestroyedMutexes::Start(g_oOsServicesCalls);
-        SBroadcasts::Start(g_oOsServicesCalls);
+        Run(pszBefore);
+        SDestroyedMutexes::ms_uiCount = 0;
+        SBroadcasts::ms_uiCount = 0;
         EXPECT_EQ(1, m_oServices.Event_Destroy(m_hEvent));
-        EXPECT_EQ(1, SDestroyedMutexes::ms_iCount);
-        EXPECT_EQ(iBroadcasts, SBroadcasts::ms_iCount);
         EXPECT_EQ(1, m_oServices.Signal_Destroy(m_hSignal));
-        EXPECT_EQ(2, SDestroyedMutexes::ms_iCount);
-        EXPECT_EQ(2 * iBroadcasts, SBroadcasts::ms_iCount);
+        EXPECT_EQ(2U, SDestroyedMutexes::ms_uiCount);
+        EXPECT_EQ(*pszBefore == '\0' ? 2U : 0U, SBroadcasts::ms_uiCount);
         EXPECT_EQ(1, m_oServices.Event_Create(m_hEvent));
         EXPECT_EQ(1, m_oServices.Signal_Create(m_hSignal));
     }
 }
 
-TEST_F(SyncFailure, AFailedWakeUpLeavesNoTriggerButCancelsAllTheSame)
-{
-    Refuse<&Calls::pfnConditionSignal>();
-    Refuse<&Calls::pfnConditionBroadcast>();
-    EXPECT_EQ("0T0C1010C1T", Run(m_oEvent, "twcwacacwaw"));
-    EXPECT_EQ("00C", Run(m_oSignal, "tcw"));
-}
+static_assert(OsServices_GetDeadline({ 10, 1000000 }, 999).tv_sec == 11, "carry to a whole second");
+static_assert(OsServices_GetDeadline({ 10, 999999999 }, 0xFFFFFFFE).tv_sec == 4294978, "longest limit");
 
-TEST_F(SyncFailure, OneWakeUpOrFailureOfTheSystemEndsAWait)
+TEST_F(Sync, TimedWaitsGoByTheWallClockAndLoseATriggerBetweenTheEndOfTheTimeAndTheLock)
 {
-    g_oOsServicesCalls.pfnConditionWait = [](pthread_cond_t*, pthread_mutex_t*) { return 0; };
-    EXPECT_EQ(eOsServicesWaitReleased, WaitForEvent(gsc_uiOsServicesNoLimit)) << "without cause";
-    Refuse<&Calls::pfnConditionWait>();
-    Refuse<&Calls::pfnConditionTimedWait>();
-    EXPECT_EQ(eOsServicesWaitCancelled, WaitForEvent(gsc_uiOsServicesNoLimit));
-    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForEvent(60000));
-    EXPECT_EQ(eOsServicesWaitCancelled, WaitForSignal(gsc_uiOsServicesNoLimit));
-    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForSignal(60000));
-}
-
-TEST_F(SyncFailure, TriggerBetweenTheEndOfTheTimeAndTheLockIsLost)
-{
-    g_hLateEvent = m_hEvent;
-    g_oOsServicesCalls.pfnConditionTimedWait = [](pthread_cond_t*, pthread_mutex_t* poMutex, const timespec*) {
-        pthread_mutex_unlock(poMutex);
-        EXPECT_EQ(1, OsServices_Event_Trigger(g_hLateEvent));
-        pthread_mutex_lock(poMutex);
-        return ETIMEDOUT;
-    };
-    EXPECT_EQ("T", Run(m_oEvent, "w"));
-    g_oOsServicesCalls.pfnConditionTimedWait = pthread_cond_timedwait;
-    EXPECT_EQ("T", Run(m_oEvent, "w"));
-}
-
-namespace
-{
-constexpr bool IsDeadline(const timespec& oDeadline, const timespec& oNow, unsigned int uiMilliseconds)
-{
-    const timespec oActual = OsServices_GetDeadline(oNow, uiMilliseconds);
-    return oActual.tv_sec == oDeadline.tv_sec && oActual.tv_nsec == oDeadline.tv_nsec;
-}
-static_assert(IsDeadline({ 10, 999999999 }, { 10, 999999999 }, 0), "no time left");
-static_assert(IsDeadline({ 12, 5 }, { 10, 5 }, 2000), "whole seconds");
-static_assert(IsDeadline({ 11, 499000000 }, { 10, 500000000 }, 999), "nanoseconds carry");
-static_assert(IsDeadline({ 11, 0 }, { 10, 1000000 }, 999), "carry to a whole second");
-static_assert(IsDeadline({ 4294978, 293999999 }, { 10, 999999999 }, 0xFFFFFFFE), "longest limit");
-}
-
-TEST_F(SyncFailure, TimedWaitsGoByTheWallClock)
-{
+    static SHEvent* hLateEvent = nullptr;
+    hLateEvent = m_hEvent;
     g_oOsServicesCalls.pfnGetClock = [](clockid_t iClock, timespec* poTime) {
         EXPECT_EQ(CLOCK_REALTIME, iClock);
         *poTime = { 10, 500000000 };
         return 0;
     };
-    g_oOsServicesCalls.pfnConditionTimedWait = [](pthread_cond_t*, pthread_mutex_t*, const timespec* poDeadline) {
-        EXPECT_EQ(11, poDeadline->tv_sec);
-        EXPECT_EQ(499000000, poDeadline->tv_nsec);
+    g_oOsServicesCalls.pfnConditionTimedWait = [](pthread_cond_t*, pthread_mutex_t* poMutex, const timespec* poEnd) {
+        EXPECT_EQ(11, poEnd->tv_sec);
+        EXPECT_EQ(499000000, poEnd->tv_nsec);
+        pthread_mutex_unlock(poMutex);
+        EXPECT_EQ(1, OsServices_Event_Trigger(hLateEvent));
+        pthread_mutex_lock(poMutex);
         return ETIMEDOUT;
     };
-    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForSignal(999));
+    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForEvent(999));
+    RestoreCalls();
+    EXPECT_EQ(eOsServicesWaitTimedOut, WaitForEvent(0));
+}
+
+TEST_F(SyncDeathTest, MistakesOfTheCallerAndRefusalsThatMustNotBeStopTheProcess)
+{
+    // With a null handle and zeros behind it.
+    const auto OnNull = []<class HANDLE, class... REST>(int (*pfnCall)(HANDLE*, REST...)) {
+        EXPECT_DEATH(pfnCall(nullptr, REST{}...), "MNULL");
+    };
+    const auto OnNullEach = [&](auto... pfnCalls) { (OnNull(pfnCalls), ...); };
+    OnNullEach(OsServices_CpuThread_Join, OsServices_CpuThread_Destroy, OsServices_SpinLock_Create,
+               OsServices_SpinLock_Destroy, OsServices_SpinLock_Lock, OsServices_SpinLock_Unlock,
+               OsServices_Mutex_Create, OsServices_Mutex_Destroy, OsServices_Mutex_Acquire, OsServices_Mutex_Release,
+               OsServices_Event_Create, OsServices_Event_Destroy, OsServices_Event_Wait, OsServices_Event_Trigger,
+               OsServices_Event_Reset, OsServices_Event_Cancel, OsServices_Event_Activate, OsServices_Signal_Create,
+               OsServices_Signal_Destroy, OsServices_Signal_Wait, OsServices_Signal_Trigger, OsServices_Signal_Cancel,
+               OsServices_Signal_Activate);
+    EXPECT_DEATH(OsServices_CpuThread_Create([](void*) { return 0U; }, nullptr, nullptr), "MNULL");
+    EXPECT_DEATH(OsServices_CpuThread_Create(nullptr, nullptr, reinterpret_cast<SHCpuThread*>(m_hMutex)), "MNULL");
+
+    EXPECT_DEATH(m_oServices.Mutex_Release(m_hMutex), "MFALSE"); // nobody holds it
+    EXPECT_EQ(1, m_oServices.Mutex_Acquire(m_hMutex, 0));
+    EXPECT_DEATH(m_oServices.Mutex_Destroy(m_hMutex), "MFALSE"); // somebody holds it
+    EXPECT_EQ(1, m_oServices.Mutex_Release(m_hMutex));
+    Answer<EAGAIN, &Calls::pfnSpinDestroy, &Calls::pfnSpinLock, &Calls::pfnSpinUnlock>();
+    EXPECT_DEATH(m_oServices.SpinLock_Destroy(m_hSpinLock), "MFALSE");
+    EXPECT_DEATH(m_oServices.SpinLock_Lock(m_hSpinLock), "MFALSE");
+    EXPECT_DEATH(m_oServices.SpinLock_Unlock(m_hSpinLock), "MFALSE");
 }

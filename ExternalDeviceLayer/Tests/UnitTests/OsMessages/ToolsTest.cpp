@@ -1,5 +1,4 @@
-// The tools that have behaviour of their own. Those that only pass on are seen through
-// their callers; the square root beside the timings' other numbers.
+// The tools that have behaviour of their own. The tests of their callers see those that only pass on.
 
 #include <gtest/gtest.h>
 #include <limits.h>
@@ -7,6 +6,7 @@
 #include <string.h>
 
 #include <string>
+#include <vector>
 
 #include "ZorTools.h"
 

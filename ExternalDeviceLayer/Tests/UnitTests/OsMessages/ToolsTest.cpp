@@ -28,6 +28,19 @@ TEST(Division, AgreesWith64BitArithmetic)
     }
 }
 
+// The largest root whose square is not above the value, but 0 for 1.
+TEST(SquareRoot, IsRoundedDown)
+{
+    EXPECT_EQ(0U, ZorTools_SquareRoot(0));
+    EXPECT_EQ(0U, ZorTools_SquareRoot(1));
+    for (const unsigned long long i :
+         { 2ULL, 3ULL, 4ULL, 8ULL, 9ULL, 65535ULL * 65535 - 1, 65535ULL * 65535, 0xFFFFFFFFULL })
+    {
+        const unsigned long long ullRoot = ZorTools_SquareRoot(static_cast<unsigned int>(i));
+        EXPECT_TRUE(ullRoot * ullRoot <= i && i < (ullRoot + 1) * (ullRoot + 1)) << i;
+    }
+}
+
 TEST(Text, CompareWithoutCaseGivesTheDifferenceOfFoldedCharacters)
 {
     EXPECT_EQ(0, ZorTools_stricmp("", ""));

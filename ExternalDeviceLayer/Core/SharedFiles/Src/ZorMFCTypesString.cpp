@@ -258,7 +258,7 @@ void CMString::ConcatInPlace(int iLength, const char* pszText)
     const int iOldLength = poOld->m_iDataLength;
     if (poOld->m_iRefs < 2 && iLength <= poOld->m_iAllocLength - iOldLength)
     {
-        CopyChars(m_pszData + iOldLength, pszText, iLength);
+        MoveChars(m_pszData + iOldLength, pszText, iLength); // pszText may lie behind the end, in this very buffer
         SetLength(iOldLength + iLength);
         return;
     }
@@ -526,8 +526,9 @@ int CMString::Insert(int iIndex, const char* pszText)
     {
         return GetLength();
     }
+    // Behind the end, too: what a longer text left there moves as well.
     const bool bIsOwnText = std::greater_equal<const char*>()(pszText, m_pszData) &&
-                            std::less_equal<const char*>()(pszText, m_pszData + GetLength());
+                            std::less_equal<const char*>()(pszText, m_pszData + GetAllocLength());
     if (bIsOwnText)
     {
         const CMString oText(pszText); // the characters move while they are inserted

@@ -2,7 +2,7 @@
 
 #include "VidParamTimingGeneric.h"
 
-CVidParamTimingGeneric::CVidParamTimingGeneric() : m_oData{} {}
+CVidParamTimingGeneric::CVidParamTimingGeneric() noexcept : m_oData{} {}
 
 CVidParamTimingGeneric::CVidParamTimingGeneric(const SVidParamGenericData& oData) : m_oData(oData) {}
 

@@ -39,7 +39,7 @@ public:
         eFlag_3D = 1U << 5,
     };
 
-    CVidParamTimingGeneric(); // an empty timing, all zero
+    CVidParamTimingGeneric() noexcept; // an empty timing, all zero
     explicit CVidParamTimingGeneric(const SVidParamGenericData& oData);
     CVidParamTimingGeneric(const CVidParamTimingGeneric& oOther) = default;
     ~CVidParamTimingGeneric() override;

@@ -4,11 +4,13 @@
 
 // Stateless: any instance serves, a local one is as good as a shared one. To replace the heap, derive from this class,
 // override both operations and set m_poGlobalAllocator before any container is used; no lock guards the pointer.
+// An override must not call CMAllocator::Alloc or CMAllocator::Free: they forward to the replacement, without end.
 class CMAllocator
 {
 public:
-    // ulSize bytes, aligned for every ordinary type. When memory is exhausted the exception of operator new[] passes
-    // through; nothing in the library catches it.
+    // ulSize bytes, aligned for every ordinary type. The result is never null. When memory is exhausted, operator new[]
+    // throws and nothing in the library catches it; an override throws, too, or does not return. CMMap and CMPlex
+    // refuse a null block; CMArray and CMString write through it.
     virtual void* Alloc(unsigned long ulSize);
 
     // Gives back what Alloc gave; null is allowed.

@@ -108,6 +108,7 @@ class CMArray
 {
 public:
     static_assert(gsc_bByteRelocatable<TYPE>, "elements move as raw bytes when the buffer grows");
+    static_assert(std::is_nothrow_default_constructible_v<TYPE>, "elements are counted before each one is there");
 
     CMArray() noexcept = default;
     // Copies take the elements, not the growth step.

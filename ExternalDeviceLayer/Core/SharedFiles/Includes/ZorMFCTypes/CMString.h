@@ -8,7 +8,8 @@
 //
 // Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise; a
 // text of 2147483647 characters or more fits in no buffer: storing it reports and changes nothing. Where an operation
-// stands with int and with unsigned int, both mean the same.
+// stands with int and with unsigned int, the unsigned form forwards to the other one: an index or a count above
+// 2147483647 is negative there, and is treated as the operation treats negative ones.
 
 #pragma once
 
@@ -176,8 +177,8 @@ public:
     CMString Right(unsigned int uiCount) const { return Right(static_cast<int>(uiCount)); }
 
     // ---- Formatting. A null format reports and changes nothing. ----
-    // The room is estimated by GetFormattedLength. A text that turns out longer is cut. Arguments must not point into
-    // this string.
+    // The room is estimated by GetFormattedLength. A text that turns out longer is cut. Neither the format nor an
+    // argument may point into this string: its buffer may go before they are read.
 
     // Replace the text. A conversion that fails and a text that is cut by more than one character report.
     void Format(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
@@ -187,12 +188,17 @@ public:
     void AppendFormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
     // An estimate of the formatted length; oList stays usable. Known are the conversions c C s S d i u x X o p e E g G
-    // f n with the size prefixes h, l and ll. Any other reports, counts nothing and takes no argument, so that formats
-    // with hh, z, j or t, F as a conversion, and long double must not be used. A sum beyond INT_MAX reports and gives
-    // -1, a null format reports and gives 0.
+    // f n with the size prefixes h, l and ll. Any other reports, counts nothing and takes no argument. A sum beyond
+    // INT_MAX reports and gives -1, a null format reports and gives 0.
+    //
+    // Must not be used, as this estimate and the C library read different arguments:
+    // - hh, z, j and t, and F as a conversion;
+    // - L, and ll with e, E, f, g and G: the estimate takes a double, the C library a long double;
+    // - hS: the estimate takes a narrow text, the C library a wide one and reads beyond the narrow one's end.
     //
     // It is enough for every text but these:
-    // - an integer with a sign, and p, with a precision above 30 and a width below 2;
+    // - an integer with a sign and a precision above 31, without a width;
+    // - p with a precision above 30 and a width below 2; with a sign, above 29 and below 3;
     // - f with a width above 312 and its precision together, and f without a precision from magnitudes of 1e304 on;
     // - e and g with a precision above 120;
     // - a negative width or precision from an argument, which reports: the C library takes the width without its sign

@@ -56,8 +56,8 @@ public:
     // The first line without a bar ends the table. A cell of blanks holds no byte, a cell without a digit the byte 0.
     // Lines are read in pieces of at most 2047 characters, and each piece counts as a line. A NUL ends its line: a bar
     // or a cell behind it does not count.
-    // 0 for an empty path, a file that does not open, has no marker line or ends with the marker and no line feed, and
-    // a read error.
+    // 0 for an empty path, a folder, a device, a file that does not open, has no marker line or ends with the marker
+    // and no line feed, and a read error. A pipe is read to its end.
     // A table whose size is not a multiple of 128 bytes prints a message on standard output and gives 0; oData then
     // keeps the bytes. An empty table is a success.
     static int ExtractEdidFromDatFile(CMString oPath, CByteArray& oData);

@@ -6,6 +6,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 
@@ -57,7 +58,7 @@ int CZorEdidUtils::ExtractEdidFromFile(CMString oPath, CByteArray& oData)
     {
         bLoaded = ExtractEdidFromDatFile(oPath, oData);
     }
-    if (!bLoaded)
+    if (bLoaded == 0)
     {
         MASSERT_FAILED();
         return 0;
@@ -93,7 +94,7 @@ int CZorEdidUtils::ExtractEdidFromBinFile(CMString oPath, CByteArray& oData)
         return 0;
     }
     oData.SetCount(uiSize, -1);
-    return fread(oData.GetData(), 1, uiSize, oFile.Get()) != 0;
+    return fread(oData.GetData(), 1, uiSize, oFile.Get()) != 0 ? 1 : 0;
 }
 
 namespace
@@ -196,9 +197,9 @@ void LetDouble(CZorEdidUtils::CByteArray& oBytes)
     oBytes.SetSize(iCount, std::max(iCount, gsc_iLineBufferSize));
 }
 
-// Replaces oData by the bytes of all rows. 0 when reading failed before the end of the table; oData then holds the
+// Replaces oData by the bytes of all rows. False when reading failed before the end of the table; oData then holds the
 // bytes in front of it.
-int ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
+bool ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
 {
     CZorEdidUtils::CByteArray oBytes; // the growth step of oData is the caller's
     char szLine[gsc_iLineBufferSize];
@@ -211,12 +212,25 @@ int ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
     oData = oBytes;
     return ferror(poFile) == 0;
 }
+
+// What has no lines and perhaps no end: a folder, or a device such as /dev/zero. A pipe is read to its end like a file.
+// Asked ahead of opening, which may already act on a device.
+bool IsFolderOrDevice(const CMString& oPath)
+{
+    struct stat oStatus;
+    return stat(static_cast<const char*>(oPath), &oStatus) == 0 &&
+           (S_ISDIR(oStatus.st_mode) || S_ISCHR(oStatus.st_mode) || S_ISBLK(oStatus.st_mode));
+}
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromDatFile(CMString oPath, CByteArray& oData)
 {
     oData.RemoveAll();
+    if (IsFolderOrDevice(oPath))
+    {
+        return 0;
+    }
     const CInputFile oFile(oPath, "rt");
     if (!oFile.IsOpen() || !SkipToTable(oFile.Get()) || !ReadTable(oFile.Get(), oData))
     {

@@ -22,7 +22,7 @@ constexpr SAudioDescriptor MakeDescriptor(unsigned int uiFormat, unsigned int ui
 // hold.
 CEdidExtBlockCEA861* LoadAudioBlock(CEdid& oEdid, const SEdidImage& aui8Image, unsigned int uiCount)
 {
-    if (!LoadCopy(oEdid, aui8Image))
+    if (LoadCopy(oEdid, aui8Image) == 0)
     {
         MASSERT_FAILED();
         return nullptr;

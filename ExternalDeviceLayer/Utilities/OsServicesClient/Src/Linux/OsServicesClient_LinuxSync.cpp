@@ -70,18 +70,18 @@ timespec GetDeadlineFromNow(unsigned int uiTimeout)
 
 // ---- What events and signals share: a mutex, a condition, and an active state ----
 
-int CreateWaitObject(pthread_mutex_t& oMutex, pthread_cond_t& oCondition)
+bool CreateWaitObject(pthread_mutex_t& oMutex, pthread_cond_t& oCondition)
 {
     if (g_oOsServicesCalls.pfnMutexInit(&oMutex, nullptr) != 0)
     {
-        return 0;
+        return false;
     }
     if (g_oOsServicesCalls.pfnConditionInit(&oCondition, nullptr) != 0)
     {
         g_oOsServicesCalls.pfnMutexDestroy(&oMutex);
-        return 0;
+        return false;
     }
-    return 1;
+    return true;
 }
 
 void DestroyWaitObject(pthread_mutex_t& oMutex, pthread_cond_t& oCondition)
@@ -103,7 +103,7 @@ EOsServicesWait WaitOnce(pthread_mutex_t& oMutex, pthread_cond_t& oCondition, un
                                                                                            : eOsServicesWaitTimedOut;
 }
 
-int WakeAll(pthread_cond_t& oCondition) { return g_oOsServicesCalls.pfnConditionBroadcast(&oCondition) == 0 ? 1 : 0; }
+bool WakeAll(pthread_cond_t& oCondition) { return g_oOsServicesCalls.pfnConditionBroadcast(&oCondition) == 0; }
 
 // ---- What a new thread is told. The thread itself takes it off the heap. ----
 
@@ -123,17 +123,17 @@ void* RunThread(void* pvStart)
     return nullptr;
 }
 
-int InitRecursive(pthread_mutex_t& oMutex)
+bool InitRecursive(pthread_mutex_t& oMutex)
 {
     pthread_mutexattr_t oAttribute;
     if (g_oOsServicesCalls.pfnMutexAttributeInit(&oAttribute) != 0)
     {
-        return 0;
+        return false;
     }
     pthread_mutexattr_settype(&oAttribute, PTHREAD_MUTEX_RECURSIVE);
     const int iError = g_oOsServicesCalls.pfnMutexInit(&oMutex, &oAttribute);
     pthread_mutexattr_destroy(&oAttribute);
-    return iError == 0 ? 1 : 0;
+    return iError == 0;
 }
 }
 
@@ -216,7 +216,7 @@ int OsServices_Mutex_Create(SHMutex* hMutex)
 {
     OS_CLIENT_ASSERT(hMutex != MNULL);
     *hMutex = {};
-    return InitRecursive(hMutex->m_oMutex);
+    return InitRecursive(hMutex->m_oMutex) ? 1 : 0;
 }
 
 int OsServices_Mutex_Destroy(SHMutex* hMutex)
@@ -252,7 +252,7 @@ int OsServices_Event_Create(SHEvent* hEvent)
 {
     OS_CLIENT_ASSERT(hEvent != MNULL);
     hEvent->m_bTriggered = 0;
-    if (CreateWaitObject(hEvent->m_oMutex, hEvent->m_oCondition) == 0)
+    if (!CreateWaitObject(hEvent->m_oMutex, hEvent->m_oCondition))
     {
         return 0;
     }
@@ -315,7 +315,7 @@ int OsServices_Event_Cancel(SHEvent* hEvent)
         return 0;
     }
     hEvent->m_bActive = 0;
-    hEvent->m_bTriggered = WakeAll(hEvent->m_oCondition);
+    hEvent->m_bTriggered = WakeAll(hEvent->m_oCondition) ? 1 : 0;
     return hEvent->m_bTriggered;
 }
 
@@ -332,7 +332,7 @@ unsigned int OsServices_Signal_GetHandleSize() { return sizeof(SHSignal); }
 int OsServices_Signal_Create(SHSignal* hSignal)
 {
     OS_CLIENT_ASSERT(hSignal != MNULL);
-    if (CreateWaitObject(hSignal->m_oMutex, hSignal->m_oCondition) == 0)
+    if (!CreateWaitObject(hSignal->m_oMutex, hSignal->m_oCondition))
     {
         return 0;
     }
@@ -364,7 +364,7 @@ int OsServices_Signal_Trigger(SHSignal* hSignal)
 {
     OS_CLIENT_ASSERT(hSignal != MNULL);
     const CLock oLock(hSignal->m_oMutex);
-    return hSignal->m_bActive != 0 ? WakeAll(hSignal->m_oCondition) : 0;
+    return hSignal->m_bActive != 0 && WakeAll(hSignal->m_oCondition) ? 1 : 0;
 }
 
 int OsServices_Signal_Cancel(SHSignal* hSignal)
@@ -376,7 +376,7 @@ int OsServices_Signal_Cancel(SHSignal* hSignal)
         return 0;
     }
     hSignal->m_bActive = 0;
-    return WakeAll(hSignal->m_oCondition);
+    return WakeAll(hSignal->m_oCondition) ? 1 : 0;
 }
 
 int OsServices_Signal_Activate(SHSignal* hSignal)

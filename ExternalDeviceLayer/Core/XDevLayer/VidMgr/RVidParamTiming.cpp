@@ -11,7 +11,7 @@ constexpr bool IsKnownFamily(unsigned int uiNumber)
 {
     return uiNumber <= eRVideoFamily_Cea || uiNumber == eRVideoFamily_Smpte;
 }
-}
+} // namespace
 
 CRVidParamTiming::CRVidParamTiming() : m_bIs420ColorSpace(0), m_bIs3D(0), m_oVidParam{}, m_eFamily(eRVideoFamily_None)
 {

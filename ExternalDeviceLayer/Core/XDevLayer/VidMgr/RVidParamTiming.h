@@ -65,7 +65,7 @@ public:
     tagRVideo_VidParam& GetRVideoVidParam() { return m_oVidParam; }
 
     // Which field of an interlaced mode comes first. The setter looks at bit 0 of its argument alone.
-    int GetBottomFieldFirst() const { return IsFlagSet(eFlag_BottomFieldFirst); }
+    int GetBottomFieldFirst() const { return IsFlagSet(eFlag_BottomFieldFirst) ? 1 : 0; }
     void SetBottomFieldFirst(int bBottomFieldFirst) { SetFlag(eFlag_BottomFieldFirst, bBottomFieldFirst); }
 
     // Zeroes the record and the family. 4:2:0 and 3D are no part of the record and stay until they are set again.
@@ -73,7 +73,7 @@ public:
 
     unsigned int GetHorizontalActive() const override { return m_oVidParam.uiHorizontalActive; }
     unsigned int GetVerticalActive() const override { return m_oVidParam.uiVerticalActive; }
-    int IsInterlaced() const override { return IsFlagSet(eFlag_Interlaced); }
+    int IsInterlaced() const override { return IsFlagSet(eFlag_Interlaced) ? 1 : 0; }
     int Is420ColorSpace() const override { return m_bIs420ColorSpace; } // the value set, not only 0 or 1
     int Is3D() const override { return m_bIs3D; }                       // the value set, not only 0 or 1
     unsigned int GetPixelClockInHz() const override;                    // wraps to 32 bits
@@ -84,12 +84,12 @@ public:
     unsigned int GetHorizontalSync() const override { return m_oVidParam.uiHorizontalSync; }
     unsigned int GetHorizontalBackPorch() const override { return m_oVidParam.uiHorizontalBackPorch; }
     unsigned int GetHorizontalOverscan() const override { return 0; }
-    int IsHorizontalPolarityPositive() const override { return IsFlagSet(eFlag_HorizontalPositive); }
+    int IsHorizontalPolarityPositive() const override { return IsFlagSet(eFlag_HorizontalPositive) ? 1 : 0; }
     unsigned int GetVerticalRateInHz() const override { return m_oVidParam.uiVerticalRateInHz; }
     unsigned int GetVerticalFrontPorch() const override { return m_oVidParam.uiVerticalFrontPorch; }
     unsigned int GetVerticalSync() const override { return m_oVidParam.uiVerticalSync; }
     unsigned int GetVerticalBackPorch() const override { return m_oVidParam.uiVerticalBackPorch; }
-    int IsVerticalPolarityPositive() const override { return IsFlagSet(eFlag_VerticalPositive); }
+    int IsVerticalPolarityPositive() const override { return IsFlagSet(eFlag_VerticalPositive) ? 1 : 0; }
     unsigned int GetVerticalOverscan() const override { return 0; }
     // eVidParamType_Unknown for a family without a number here, eVidParamType_Detailed among them.
     EVidParamType GetVideoFamilyType() const override;
@@ -119,7 +119,7 @@ public:
     virtual int IsOverscan() const; // 0
 
 private:
-    int IsFlagSet(EFlag eFlag) const { return (m_oVidParam.uiFlags & eFlag) != 0 ? 1 : 0; }
+    bool IsFlagSet(EFlag eFlag) const { return (m_oVidParam.uiFlags & eFlag) != 0; }
     void SetFlag(EFlag eFlag, int bSet) { m_oVidParam.uiFlags = WithFlag(m_oVidParam.uiFlags, eFlag, bSet); }
 
     int m_bIs420ColorSpace;

@@ -216,7 +216,7 @@ bool IsSameTiming(const SRow& oRow, const CVidParamTiming& oTiming)
            HasFlag(oTiming.IsVerticalPolarityPositive(), oRow, gsc_uiVerticalPositive) &&
            HasFlag(oTiming.IsInterlaced(), oRow, gsc_uiInterlaced);
 }
-}
+} // namespace
 
 int CVidParamCea::IsVicSupported(unsigned int uiVic) { return FindVic(uiVic) != nullptr ? 1 : 0; }
 

@@ -61,8 +61,8 @@ struct SCvtTiming
     unsigned int m_uiHorizontalBackPorch;
     unsigned int m_uiVerticalSync;
     unsigned int m_uiVerticalBackPorch;
-    int m_bHorizontalPositive;
-    int m_bVerticalPositive;
+    bool m_bHorizontalPositive;
+    bool m_bVerticalPositive;
     CVidParamTiming::EVidParamType m_eType;
 };
 
@@ -139,8 +139,8 @@ bool ComputeStandardBlanking(unsigned int uiHorizontalActive, unsigned int uiVer
     oResult.m_uiHorizontalBackPorch = oLine.m_uiBackPorch;
     oResult.m_uiVerticalSync = uiVSync;
     oResult.m_uiVerticalBackPorch = uiVBack;
-    oResult.m_bHorizontalPositive = 0;
-    oResult.m_bVerticalPositive = 1;
+    oResult.m_bHorizontalPositive = false;
+    oResult.m_bVerticalPositive = true;
     oResult.m_eType = CVidParamTiming::eVidParamType_Cvt;
     return true;
 }
@@ -173,8 +173,8 @@ SCvtTiming ComputeReducedBlanking(unsigned int uiHorizontalActive, unsigned int 
     oResult.m_uiHorizontalBackPorch = gsc_uiReducedBackPorch;
     oResult.m_uiVerticalSync = uiVSync;
     oResult.m_uiVerticalBackPorch = uiVerticalBlank - gsc_uiVerticalFrontPorch - uiVSync;
-    oResult.m_bHorizontalPositive = 1;
-    oResult.m_bVerticalPositive = 0;
+    oResult.m_bHorizontalPositive = true;
+    oResult.m_bVerticalPositive = false;
     oResult.m_eType = CVidParamTiming::eVidParamType_CvtReducedBlanking;
     return oResult;
 }
@@ -194,12 +194,12 @@ void WriteTiming(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
     oTiming.SetVerticalSync(oResult.m_uiVerticalSync);
     oTiming.SetVerticalBackPorch(oResult.m_uiVerticalBackPorch);
     oTiming.SetVerticalActive(uiVerticalActive);
-    oTiming.SetVerticalPolarityPositive(oResult.m_bVerticalPositive);
-    oTiming.SetHorizontalPolarityPositive(oResult.m_bHorizontalPositive);
+    oTiming.SetVerticalPolarityPositive(oResult.m_bVerticalPositive ? 1 : 0);
+    oTiming.SetHorizontalPolarityPositive(oResult.m_bHorizontalPositive ? 1 : 0);
     oTiming.SetInterlaced(0);
     oTiming.SetVideoFamilyType(oResult.m_eType);
 }
-}
+} // namespace
 
 unsigned int CVidParamCvt::GetVSyncLines(unsigned int uiHorizontalActive, unsigned int uiVerticalActive)
 {

@@ -123,7 +123,7 @@ constexpr bool PassesList(unsigned int uiFlags, CVidParamDmt::EModeListType eLis
     }
     return false;
 }
-}
+} // namespace
 
 int CVidParamDmt::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                               unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz, EModeListType eListType)
@@ -137,7 +137,7 @@ int CVidParamDmt::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
 void CVidParamDmt::ConvertVidParam(const SDmtVidParam& oRow, CVidParamTiming& oTiming)
 {
     ConvertRow(oRow,
-               IsFlagSet(oRow.uiFlags, gsc_uiReduced) != 0 ? CVidParamTiming::eVidParamType_DmtReducedBlanking
-                                                           : CVidParamTiming::eVidParamType_Dmt,
+               IsFlagSet(oRow.uiFlags, gsc_uiReduced) ? CVidParamTiming::eVidParamType_DmtReducedBlanking
+                                                      : CVidParamTiming::eVidParamType_Dmt,
                oTiming);
 }

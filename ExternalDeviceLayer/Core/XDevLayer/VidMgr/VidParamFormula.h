@@ -35,4 +35,4 @@ struct SExtent
     // A value that wrapped on the way here is too large or too small for this order.
     constexpr bool IsInOrder() const { return m_uiActive <= m_uiSyncStart && m_uiSyncStart < m_uiSyncEnd; }
 };
-}
+} // namespace VidParamFormula

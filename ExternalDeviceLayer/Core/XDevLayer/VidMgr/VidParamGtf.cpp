@@ -111,7 +111,7 @@ void WriteTiming(const SExtent& oHorizontal, const SExtent& oVertical, const SGt
     oTiming.SetInterlaced(0);
     oTiming.SetVideoFamilyType(CVidParamTiming::eVidParamType_Gtf);
 }
-}
+} // namespace
 
 int CVidParamGtf::GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                               unsigned int uiVerticalRateInHz, CVidParamTiming* poTiming)

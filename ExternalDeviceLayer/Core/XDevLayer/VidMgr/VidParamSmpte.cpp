@@ -42,7 +42,7 @@ constexpr bool AreNumberedFromOne()
     return true;
 }
 static_assert(std::size(g_aoSmpteTable) == 10 && AreNumberedFromOne());
-}
+} // namespace
 
 int CVidParamSmpte::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                                 unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz)

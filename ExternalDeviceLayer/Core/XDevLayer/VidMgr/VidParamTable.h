@@ -19,7 +19,7 @@ constexpr unsigned int gsc_uiSyncPN = gsc_uiHorizontalPositive;
 constexpr unsigned int gsc_uiSyncNP = gsc_uiVerticalPositive;
 constexpr unsigned int gsc_uiSyncPP = gsc_uiHorizontalPositive | gsc_uiVerticalPositive;
 
-constexpr int IsFlagSet(unsigned int uiFlags, unsigned int uiMask) { return (uiFlags & uiMask) != 0 ? 1 : 0; }
+constexpr bool IsFlagSet(unsigned int uiFlags, unsigned int uiMask) { return (uiFlags & uiMask) != 0; }
 
 // What a caller asks for; 0 passes every row.
 struct SFilter
@@ -75,9 +75,9 @@ void ConvertRow(const ROW& oRow, CVidParamTiming::EVidParamType eType, CVidParam
     oTiming.SetPixelClockInKiloHz(oRow.uiPixelClockInKiloHz);
     oTiming.SetVerticalRateInHz(oRow.uiVerticalRateInHz);
     oTiming.SetHorizontalRateInHz(oTiming.ComputeHorizontalRateInHz());
-    oTiming.SetHorizontalPolarityPositive(IsFlagSet(oRow.uiFlags, gsc_uiHorizontalPositive));
-    oTiming.SetVerticalPolarityPositive(IsFlagSet(oRow.uiFlags, gsc_uiVerticalPositive));
-    oTiming.SetInterlaced(IsFlagSet(oRow.uiFlags, gsc_uiInterlaced));
+    oTiming.SetHorizontalPolarityPositive(IsFlagSet(oRow.uiFlags, gsc_uiHorizontalPositive) ? 1 : 0);
+    oTiming.SetVerticalPolarityPositive(IsFlagSet(oRow.uiFlags, gsc_uiVerticalPositive) ? 1 : 0);
+    oTiming.SetInterlaced(IsFlagSet(oRow.uiFlags, gsc_uiInterlaced) ? 1 : 0);
     oTiming.SetVideoFamilyType(eType);
 }
 
@@ -96,4 +96,4 @@ int AnswerWithRow(const ROW* poRow, CVidParamTiming* poTiming, void (*fnConvert)
     }
     return 1;
 }
-}
+} // namespace VidParamTable

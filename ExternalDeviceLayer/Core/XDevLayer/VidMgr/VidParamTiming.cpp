@@ -34,7 +34,7 @@ constexpr unsigned int GetDistance(unsigned int uiFirst, unsigned int uiSecond)
 {
     return uiFirst > uiSecond ? uiFirst - uiSecond : uiSecond - uiFirst;
 }
-}
+} // namespace
 
 unsigned int CVidParamTiming::GetEffectivePixelClockInHz() const
 {
@@ -156,7 +156,7 @@ int CVidParamTiming::operator==(const CVidParamTiming& oOther) const
     return bSame ? IsPixelClockInHzEquivalent(oOther.GetPixelClockInHz()) : 0;
 }
 
-int CVidParamTiming::operator!=(const CVidParamTiming& oOther) const { return *this == oOther ? 0 : 1; }
+int CVidParamTiming::operator!=(const CVidParamTiming& oOther) const { return (*this == oOther) != 0 ? 0 : 1; }
 
 unsigned int CVidParamTiming::ComputeHorizontalTotalPixel(unsigned int uiActive, unsigned int uiSync,
                                                           unsigned int uiFrontPorch, unsigned int uiBackPorch,

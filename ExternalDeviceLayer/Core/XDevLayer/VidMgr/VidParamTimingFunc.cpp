@@ -74,7 +74,7 @@ int AskSource(unsigned int uiHorizontalActive, unsigned int uiVerticalActive, un
     }
     return 0; // a number without a name
 }
-}
+} // namespace
 
 int CVidParamTimingFunc::GetTiming(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                                    unsigned int uiVerticalRateInHz, CVidParamTiming::EVidParamType eType,

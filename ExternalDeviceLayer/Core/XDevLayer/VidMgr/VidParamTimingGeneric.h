@@ -59,9 +59,9 @@ public:
     unsigned int GetHorizontalActive() const override { return m_oData.uiHorizontalActive; }
     unsigned int GetVerticalActive() const override { return m_oData.uiVerticalActive; }
     // Flag getters give 0 or 1.
-    int IsInterlaced() const override { return IsFlagSet(eFlag_Interlaced); }
-    int Is420ColorSpace() const override { return IsFlagSet(eFlag_420ColorSpace); }
-    int Is3D() const override { return IsFlagSet(eFlag_3D); }
+    int IsInterlaced() const override { return IsFlagSet(eFlag_Interlaced) ? 1 : 0; }
+    int Is420ColorSpace() const override { return IsFlagSet(eFlag_420ColorSpace) ? 1 : 0; }
+    int Is3D() const override { return IsFlagSet(eFlag_3D) ? 1 : 0; }
     unsigned int GetPixelClockInHz() const override { return m_oData.uiPixelClockInHz; }
     unsigned int GetPixelClockInKiloHz() const override; // truncates
     unsigned int GetHorizontalRateInHz() const override { return m_oData.uiHorizontalRateInHz; }
@@ -70,12 +70,12 @@ public:
     unsigned int GetHorizontalSync() const override { return m_oData.uiHorizontalSync; }
     unsigned int GetHorizontalBackPorch() const override { return m_oData.uiHorizontalBackPorch; }
     unsigned int GetHorizontalOverscan() const override { return 0; }
-    int IsHorizontalPolarityPositive() const override { return IsFlagSet(eFlag_HorizontalPositive); }
+    int IsHorizontalPolarityPositive() const override { return IsFlagSet(eFlag_HorizontalPositive) ? 1 : 0; }
     unsigned int GetVerticalRateInHz() const override { return m_oData.uiVerticalRateInHz; }
     unsigned int GetVerticalFrontPorch() const override { return m_oData.uiVerticalFrontPorch; }
     unsigned int GetVerticalSync() const override { return m_oData.uiVerticalSync; }
     unsigned int GetVerticalBackPorch() const override { return m_oData.uiVerticalBackPorch; }
-    int IsVerticalPolarityPositive() const override { return IsFlagSet(eFlag_VerticalPositive); }
+    int IsVerticalPolarityPositive() const override { return IsFlagSet(eFlag_VerticalPositive) ? 1 : 0; }
     unsigned int GetVerticalOverscan() const override { return 0; }
     EVidParamType GetVideoFamilyType() const override { return m_oData.eVideoFamilyType; }
 
@@ -106,7 +106,7 @@ public:
     virtual int IsOverscan() const; // 0
 
 private:
-    int IsFlagSet(EFlag eFlag) const { return (m_oData.uiFlags & eFlag) != 0 ? 1 : 0; }
+    bool IsFlagSet(EFlag eFlag) const { return (m_oData.uiFlags & eFlag) != 0; }
     void SetFlag(EFlag eFlag, int bSet) { m_oData.uiFlags = WithFlag(m_oData.uiFlags, eFlag, bSet); }
 
     SVidParamGenericData m_oData;

@@ -168,17 +168,14 @@ void CMonitorReport::AddIdentity()
     char szMonitor[gsc_uiNameBufferSize] = {};
     m_oEdid.GetManufacturerName(szManufacturer, sizeof(szManufacturer)); // without a name the text stays empty
     m_oEdid.GetMonitorName(szMonitor, sizeof(szMonitor));
-    const unsigned int uiProduct = GetBaseByte(gsc_uiProductOffset) | GetBaseByte(gsc_uiProductOffset + 1) << 8;
-    const unsigned int uiSerial = GetBaseByte(gsc_uiSerialOffset) | GetBaseByte(gsc_uiSerialOffset + 1) << 8 |
-                                  GetBaseByte(gsc_uiSerialOffset + 2) << 16 | GetBaseByte(gsc_uiSerialOffset + 3) << 24;
 
     m_oReport.AddFormat("  EDID version:                %d.%d", AsSigned(GetBaseByte(gsc_uiVersionOffset)),
                         AsSigned(GetBaseByte(gsc_uiRevisionOffset)));
     m_oReport.AddSpacer();
     m_oReport.AddFormat("  Manufacturer name:           %s (%s)", oCode.m_szCode, szManufacturer);
-    m_oReport.AddFormat("  Product code:                %04X", uiProduct);
+    m_oReport.AddFormat("  Product code:                %04X", ReadProductCode(m_oEdid.GetBaseBlock()));
     m_oReport.AddFormat("  Monitor name:                %s", szMonitor);
-    m_oReport.AddFormat("  Serial number:               %d", AsSigned(uiSerial));
+    m_oReport.AddFormat("  Serial number:               %d", AsSigned(ReadSerialNumber(m_oEdid.GetBaseBlock())));
     m_oReport.AddSpacer();
     m_oReport.AddFormat("  Week of manufacture:         %d", AsSigned(GetBaseByte(gsc_uiWeekOffset)));
     m_oReport.AddFormat("  Year of manufacture:         %d", AsSigned(GetBaseByte(gsc_uiYearOffset) + gsc_uiFirstYear));

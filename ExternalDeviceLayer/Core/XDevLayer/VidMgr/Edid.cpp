@@ -23,9 +23,9 @@ using ExtensionList = CMArray<CEdidExtBlock*, CEdidExtBlock* const&>;
 template <class COUNT, class ASK>
 int AskBlockAt(const ExtensionList& aoExtensions, unsigned int uiRest, COUNT fnCount, ASK fnAsk)
 {
-    for (unsigned int ui = 0; ui < aoExtensions.GetCount(); ++ui)
+    for (unsigned int i = 0; i < aoExtensions.GetCount(); ++i)
     {
-        CEdidExtBlock* poBlock = aoExtensions[ui];
+        CEdidExtBlock* poBlock = aoExtensions[i];
         const unsigned int uiCount = fnCount(*poBlock);
         if (uiRest >= uiCount)
         {
@@ -45,9 +45,9 @@ int AskBlockAt(const ExtensionList& aoExtensions, unsigned int uiRest, COUNT fnC
 template <class ASK>
 int AskFirst(const ExtensionList& aoExtensions, ASK fnAsk)
 {
-    for (unsigned int ui = 0; ui < aoExtensions.GetCount(); ++ui)
+    for (unsigned int i = 0; i < aoExtensions.GetCount(); ++i)
     {
-        const int iResult = fnAsk(*aoExtensions[ui]);
+        const int iResult = fnAsk(*aoExtensions[i]);
         if (iResult != 0)
         {
             return iResult;
@@ -60,9 +60,9 @@ template <class COUNT>
 unsigned int SumOver(const ExtensionList& aoExtensions, COUNT fnCount)
 {
     unsigned int uiSum = 0;
-    for (unsigned int ui = 0; ui < aoExtensions.GetCount(); ++ui)
+    for (unsigned int i = 0; i < aoExtensions.GetCount(); ++i)
     {
-        uiSum += fnCount(*aoExtensions[ui]);
+        uiSum += fnCount(*aoExtensions[i]);
     }
     return uiSum;
 }
@@ -70,7 +70,7 @@ unsigned int SumOver(const ExtensionList& aoExtensions, COUNT fnCount)
 unsigned int SizeOf(const CEdidExtBlock& oBlock) { return oBlock.GetSize(); }
 unsigned int StandardCountOf(const CEdidExtBlock& oBlock) { return oBlock.GetStandardCount(); }
 unsigned int DetailedCountOf(const CEdidExtBlock& oBlock) { return oBlock.GetDetailedCount(); }
-}
+} // namespace
 
 CEdid::CEdid() { CEdid::ClearEdidBuffer(); }
 
@@ -79,10 +79,10 @@ CEdid::~CEdid() { CEdid::ClearEdidBuffer(); }
 int CEdid::ClearEdidBuffer()
 {
     CEdidBase::ClearEdidBuffer();
-    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
+    for (unsigned int i = 0; i < m_aoExtensions.GetCount(); ++i)
     {
-        delete m_aoExtensions[ui];
-        m_aoExtensions[ui] = nullptr;
+        delete m_aoExtensions[i];
+        m_aoExtensions[i] = nullptr;
     }
     m_aoExtensions.RemoveAll();
     return 1;
@@ -133,9 +133,9 @@ int CEdid::IsChecksumValid() const
     {
         return 0;
     }
-    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
+    for (unsigned int i = 0; i < m_aoExtensions.GetCount(); ++i)
     {
-        if (m_aoExtensions[ui]->IsChecksumValid() == 0)
+        if (m_aoExtensions[i]->IsChecksumValid() == 0)
         {
             return 0;
         }
@@ -148,9 +148,9 @@ CMArray<unsigned char, const unsigned char&> CEdid::GetEdidBuffer() const
     CMArray<unsigned char, const unsigned char&> aui8Buffer;
     aui8Buffer.SetCount(CEdidUtils::msc_uiBlockSize, -1);
     ZorTools_memcpy(aui8Buffer.GetData(), m_aui8Edid, CEdidUtils::msc_uiBlockSize);
-    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount(); ++ui)
+    for (unsigned int i = 0; i < m_aoExtensions.GetCount(); ++i)
     {
-        aui8Buffer.Append(m_aoExtensions[ui]->GetEdidBuffer());
+        aui8Buffer.Append(m_aoExtensions[i]->GetEdidBuffer());
     }
     return aui8Buffer;
 }
@@ -163,9 +163,9 @@ unsigned int CEdid::GetEdidBuffer(unsigned int uiSize, unsigned char* pui8Buffer
     }
     unsigned int uiCopied = std::min(uiSize, m_uiEdidSize);
     ZorTools_memcpy(pui8Buffer, m_aui8Edid, uiCopied);
-    for (unsigned int ui = 0; ui < m_aoExtensions.GetCount() && uiCopied < uiSize; ++ui)
+    for (unsigned int i = 0; i < m_aoExtensions.GetCount() && uiCopied < uiSize; ++i)
     {
-        const CEdidExtBlock& oBlock = *m_aoExtensions[ui];
+        const CEdidExtBlock& oBlock = *m_aoExtensions[i];
         const unsigned int uiPart = std::min(uiSize - uiCopied, oBlock.GetSize());
         if (oBlock.GetEdidBuffer(uiPart, pui8Buffer + uiCopied) == 0)
         {

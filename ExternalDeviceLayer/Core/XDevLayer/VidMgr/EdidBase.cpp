@@ -1,11 +1,11 @@
-// Loading, identity and video input of the base block. Its timings stand in EdidBaseTimings.cpp.
+// Loading, identity and video input of the base block. Its timings stand in EdidBaseTimings.cpp, the names of makers in
+// EdidBaseManufacturers.cpp.
 
 #include "EdidBase.h"
 
 #include <stdio.h>
 
 #include <algorithm>
-#include <iterator>
 
 #include "EdidBaseLayout.h"
 #include "ZorAssert.h"
@@ -15,6 +15,9 @@ using namespace EdidBaseLayout;
 
 namespace
 {
+static_assert(DescriptorOffset(CEdidBase::msc_uiDescriptorCount) == gsc_uiExtensionCountOffset,
+              "the descriptors fill the block up to byte 126");
+
 constexpr unsigned int gsc_uiTextCharacters = gsc_uiDescriptorSize - gsc_uiContentsOffset; // at most
 constexpr char gsc_cLineFeed = 0x0A;
 constexpr char gsc_cTab = 0x09;
@@ -29,18 +32,12 @@ constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
 
 constexpr unsigned int gsc_uiMonitorIdLength = 7; // three letters, four digits
 
-struct SManufacturer
-{
-    const char* m_pszCode;
-    const char* m_pszName;
-};
-
 bool IsZeroBlock(const unsigned char* pui8Block)
 {
     return std::all_of(pui8Block, pui8Block + CEdidUtils::msc_uiBlockSize,
                        [](unsigned char ui8Byte) { return ui8Byte == 0; });
 }
-}
+} // namespace
 
 CEdidBase::CEdidBase() : m_aui8Edid{}, m_auiEstablishedMask{}, m_uiEdidSize(0) { FillEstablishedMask(); }
 
@@ -104,164 +101,22 @@ int CEdidBase::GetMonitorID(char* pszId, unsigned int uiSize) const
         return 0;
     }
     const SManufacturerCode oCode = ReadManufacturerCode(m_aui8Edid);
-    const unsigned int uiProduct =
-        static_cast<unsigned int>(m_aui8Edid[gsc_uiProductOffset + 1]) << 8 | m_aui8Edid[gsc_uiProductOffset];
-    return snprintf(pszId, gsc_uiMonitorIdLength + 1, "%s%04X", oCode.m_szCode, uiProduct);
-}
-
-int CEdidBase::GetManufacturerName(char* pszName, unsigned int uiSize) const
-{
-    // Letters as assigned to the makers, and the name to show for them. The first row with the letters counts, so that
-    // the second one of "NEC" is never found; the row of nulls ends the walk.
-    // clang-format off
-    static constexpr SManufacturer s_aoManufaturerTable[] = {
-        { "AAA", "Avolites Ltd" },
-        { "ACI", "ASUSTek Computer Inc." },
-        { "ACR", "Acer Technologies" },
-        { "ADI", "ADI" },
-        { "AOC", "AOC International (U.S.A.), Ltd." },
-        { "API", "Acer" },
-        { "APP", "Apple Computer, Inc." },
-        { "AST", "AST" },
-        { "BDS", "Barco" },
-        { "BNO", "Bang & Olufsen" },
-        { "BNQ", "BenQ Corporation" },
-        { "BRG", "Bridge Information Co., Ltd" },
-        { "CCP", "EPSON" },
-        { "CMN", "Chimei Innolux Corporation" },
-        { "CMO", "Chi Mei Optoelectronics corp." },
-        { "CPQ", "Compaq" },
-        { "CRO", "Extraordinary Technologies PTY Limited" },
-        { "CTL", "Chilin" },
-        { "CPC", "Daewoo" },
-        { "CTX", "CTX - Chuntex Electronic" },
-        { "DEC", "DEC" },
-        { "DEL", "Dell Computer Corp." },
-        { "DON", "DENON, Ltd." },
-        { "DPC", "Delta Electronics, Inc." },
-        { "DWE", "Daewoo" },
-        { "DYS", "Dooyang" },
-        { "ECS", "ELITEGROUP Computer Systems" },
-        { "EHJ", "EPSON" },
-        { "EIZ", "EIZO NANAO" },
-        { "ELS", "Elsa AG" },
-        { "ENC", "Eizo Nanao Corporation" },
-        { "EPH", "Epiphan Systems Inc." },
-        { "FCM", "Funai Electric Company of Taiwan" },
-        { "FIM", "FIMI" },
-        { "FPA", "FUJITSU" },
-        { "FUJ", "FUJITSU" },
-        { "FUS", "Fujitsu Siemens Computers GmbH" },
-        { "GSM", "LG" },
-        { "GWY", "Gateway" },
-        { "HEI", "Hyundai Electronics Industries Co., Ltd" },
-        { "HIQ", "Kaohsiung Opto Electronics Americas, Inc." },
-        { "HIT", "Hitachi" },
-        { "HSD", "HannStar Display Corp" },
-        { "HSL", "Hansol Electronics" },
-        { "HTC", "Hitachi" },
-        { "HWP", "Hewlett Packard" },
-        { "HYC", "Iheeyong" },
-        { "ICL", "Fujitsu ICL" },
-        { "IBM", "IBM" },
-        { "INT", "Interphase Corporation" },
-        { "IOD", "I-O DATA DEVICE, INC." },
-        { "IVM", "Iiyama North America" },
-        { "KDS", "Korea Data Systems" },
-        { "LEN", "Lenovo Group Limited" },
-        { "MAG", "MAG" },
-        { "MAX", "Maxdata Computer Gmbh" },
-        { "MDD", "MODIS" },
-        { "MEG", "Abeam Tech Ltd" },
-        { "MEI", "Panasonic Industry Company" },
-        { "MEL", "NEC-MITSUBISHI ELECTRIC VISUAL SYSTEMS" },
-        { "MIR", "Miro Computer Products AG" },
-        { "MTC", "MITAC" },
-        { "ZOR", "Zorvane Electronic Systems Ltd." },
-        { "NAN", "EIZO NANAO" },
-        { "NDI", "National Display" },
-        { "NEC", "NEC Corporation" },
-        { "NEC", "NEC-MITSUBISHI ELECTRIC VISUAL SYSTEMS" },
-        { "NOK", "NOKIA" },
-        { "OKI", "OKI" },
-        { "ONK", "ONKYO Corporation" },
-        { "OQI", "ViewSonic" },
-        { "ORN", "ORION ELECTRIC CO., LTD." },
-        { "OTM", "Optoma Corporation" },
-        { "OVR", "Oculus VR, Inc." },
-        { "PBN", "Packard Bell" },
-        { "PHL", "Philips Consumer Electronics Co." },
-        { "PIO", "Pioneer Electronic Corporation" },
-        { "PGS", "Princeton Graphic Systems" },
-        { "PHL", "Philips Consumer Electronics Co." },
-        { "PLB", "PLB Monitor, Inc." },
-        { "PNR", "Planar Systems, Inc." },
-        { "PPM", "Clinton" },
-        { "PTS", "Proview Technology Corp." },
-        { "QDS", "Quanta Display Inc." },
-        { "REL", "Relisys" },
-        { "SAM", "Samsung" },
-        { "SEC", "Seiko Epson Corporation" },
-        { "SDI", "Samsung" },
-        { "SGX", "Silicon Graphics" },
-        { "SHP", "Sharp Corporation" },
-        { "SIB", "SANYO" },
-        { "SII", "Silicon Image, Inc." },
-        { "SML", "Smile International Corp." },
-        { "SNY", "SONY Corporation" },
-        { "SPT", "Sceptre Corporation" },
-        { "STC", "Sampo" },
-        { "STN", "SAMTRON" },
-        { "TAT", "Tatung" },
-        { "TAX", "Taxan" },
-        { "TEA", "TEAC" },
-        { "TOS", "Toshiba" },
-        { "TOP", "Orion Communications Co., Ltd." },
-        { "TRL", "Royal Information Company" },
-        { "TSB", "Toshiba America Info Systems Inc" },
-        { "TST", "Transtream Inc" },
-        { "TTK", "TOTOKU" },
-        { "TVM", "TVM" },
-        { "UNM", "Unisys" },
-        { "VIZ", "VIZIO, Inc" },
-        { "VSC", "ViewSonic Corporation" },
-        { "WKC", "Wide/Image System" },
-        { "YMH", "Yamaha Corporation" },
-        { nullptr, nullptr },
-    };
-    // clang-format on
-    static_assert(std::size(s_aoManufaturerTable) == 113, "112 makers and the row that ends the walk");
-
-    if (pszName == nullptr || uiSize == 0)
-    {
-        return 0;
-    }
-    pszName[0] = '\0';
-    const SManufacturerCode oCode = ReadManufacturerCode(m_aui8Edid);
-    for (const SManufacturer* poRow = s_aoManufaturerTable; poRow->m_pszCode != nullptr; ++poRow)
-    {
-        if (ZorTools_strncmp(poRow->m_pszCode, oCode.m_szCode, gsc_uiManufacturerLetters) == 0)
-        {
-            ZorTools_strcpy_s(pszName, uiSize, poRow->m_pszName);
-            return static_cast<int>(ZorTools_strlen(pszName));
-        }
-    }
-    return 0;
+    return snprintf(pszId, gsc_uiMonitorIdLength + 1, "%s%04X", oCode.m_szCode, ReadProductCode(m_aui8Edid));
 }
 
 int CEdidBase::GetMonitorName(char* pszText, unsigned int uiSize) const
 {
-    return GetDescriptorText(gsc_ui8TagName, pszText, uiSize);
+    return GetDescriptorText(gsc_ui8TagName, pszText, uiSize) ? 1 : 0;
 }
 
 int CEdidBase::GetMonitorString(char* pszText, unsigned int uiSize) const
 {
-    return GetDescriptorText(gsc_ui8TagString, pszText, uiSize);
+    return GetDescriptorText(gsc_ui8TagString, pszText, uiSize) ? 1 : 0;
 }
 
 int CEdidBase::GetMonitorSerialNumber(char* pszText, unsigned int uiSize) const
 {
-    return GetDescriptorText(gsc_ui8TagSerialNumber, pszText, uiSize);
+    return GetDescriptorText(gsc_ui8TagSerialNumber, pszText, uiSize) ? 1 : 0;
 }
 
 int CEdidBase::GetMonitorRangeLimits(SRangeLimits& oLimits) const
@@ -282,16 +137,11 @@ int CEdidBase::GetMonitorRangeLimits(SRangeLimits& oLimits) const
 
 void CEdidBase::SetSerialNumber(unsigned int uiSerial)
 {
-    unsigned char aui8Serial[4];
-    for (unsigned int ui = 0; ui < sizeof(aui8Serial); ++ui)
-    {
-        aui8Serial[ui] = static_cast<unsigned char>(uiSerial >> 8 * ui & 0xFF);
-    }
-    if (ZorTools_memcmp(m_aui8Edid + gsc_uiSerialOffset, aui8Serial, sizeof(aui8Serial)) == 0)
+    if (ReadSerialNumber(m_aui8Edid) == uiSerial)
     {
         return;
     }
-    ZorTools_memcpy(m_aui8Edid + gsc_uiSerialOffset, aui8Serial, sizeof(aui8Serial));
+    ByteFields::WriteLittle32(m_aui8Edid + gsc_uiSerialOffset, uiSerial);
     UpdateChecksum();
 }
 
@@ -302,8 +152,7 @@ int CEdidBase::GetColorBitDepth(EColorBitDepth& eDepth) const
     {
         return 0;
     }
-    eDepth = static_cast<EColorBitDepth>((m_aui8Edid[gsc_uiVideoInputOffset] & gsc_uiColorDepthMask) >>
-                                         gsc_uiColorDepthShift);
+    eDepth = static_cast<EColorBitDepth>(gsc_oColorDepth.Read(m_aui8Edid));
     return 1;
 }
 
@@ -313,12 +162,9 @@ int CEdidBase::SetColorBitDepth(EColorBitDepth eDepth)
     {
         return 0;
     }
-    unsigned char& ui8VideoInput = m_aui8Edid[gsc_uiVideoInputOffset];
-    const unsigned char ui8Changed =
-        static_cast<unsigned char>((ui8VideoInput & ~gsc_uiColorDepthMask) | eDepth << gsc_uiColorDepthShift);
-    if (ui8Changed != ui8VideoInput)
+    if (gsc_oColorDepth.Read(m_aui8Edid) != eDepth)
     {
-        ui8VideoInput = ui8Changed;
+        gsc_oColorDepth.Write(m_aui8Edid, eDepth);
         UpdateChecksum();
     }
     return 1;
@@ -348,7 +194,7 @@ int CEdidBase::GetDigitalVideoInterface(EDigitalInterface& eInterface) const
         MASSERT_FAILED();
         return 0;
     }
-    const unsigned int uiInterface = m_aui8Edid[gsc_uiVideoInputOffset] & gsc_uiInterfaceMask;
+    const unsigned int uiInterface = gsc_oInterface.Read(m_aui8Edid);
     eInterface = uiInterface < eDigitalInterfaceReserved ? static_cast<EDigitalInterface>(uiInterface)
                                                          : eDigitalInterfaceReserved;
     return 1;
@@ -356,9 +202,9 @@ int CEdidBase::GetDigitalVideoInterface(EDigitalInterface& eInterface) const
 
 const unsigned char* CEdidBase::FindDisplayDescriptor(unsigned char ui8Tag, unsigned int uiRank) const
 {
-    for (unsigned int ui = 0; ui < msc_uiDescriptorCount; ++ui)
+    for (unsigned int i = 0; i < msc_uiDescriptorCount; ++i)
     {
-        const unsigned char* pui8Descriptor = m_aui8Edid + DescriptorOffset(ui);
+        const unsigned char* pui8Descriptor = m_aui8Edid + DescriptorOffset(i);
         if (IsDisplayDescriptor(pui8Descriptor) && pui8Descriptor[gsc_uiTagOffset] == ui8Tag && uiRank-- == 0)
         {
             return pui8Descriptor;
@@ -367,25 +213,25 @@ const unsigned char* CEdidBase::FindDisplayDescriptor(unsigned char ui8Tag, unsi
     return nullptr;
 }
 
-int CEdidBase::GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned int uiSize) const
+bool CEdidBase::GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned int uiSize) const
 {
     const unsigned char* pui8Descriptor = FindDisplayDescriptor(ui8Tag, 0);
     if (pui8Descriptor == nullptr || pszText == nullptr)
     {
-        return 0;
+        return false;
     }
     ZorTools_memset(pszText, 0, uiSize);
     const unsigned int uiLimit = std::min(uiSize, gsc_uiTextCharacters);
-    for (unsigned int ui = 0; ui < uiLimit; ++ui)
+    for (unsigned int i = 0; i < uiLimit; ++i)
     {
-        const char cNext = static_cast<char>(pui8Descriptor[gsc_uiContentsOffset + ui]);
+        const char cNext = static_cast<char>(pui8Descriptor[gsc_uiContentsOffset + i]);
         if (cNext == gsc_cLineFeed || cNext == gsc_cTab)
         {
-            return ui > 0 ? 1 : 0;
+            return i > 0;
         }
-        pszText[ui] = cNext;
+        pszText[i] = cNext;
     }
-    return uiLimit > 0 ? 1 : 0;
+    return uiLimit > 0;
 }
 
 bool CEdidBase::IsDigital() const { return (m_aui8Edid[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0; }

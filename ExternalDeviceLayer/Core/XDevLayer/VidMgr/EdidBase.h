@@ -260,7 +260,7 @@ private:
 
     // Display descriptor number uiRank, from 0, with this tag; null when there are not so many. Points into the block.
     const unsigned char* FindDisplayDescriptor(unsigned char ui8Tag, unsigned int uiRank) const;
-    int GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned int uiSize) const;
+    bool GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned int uiSize) const;
     bool IsDigital() const;
     bool HasVideoInputFields() const; // colour depth and interface
 

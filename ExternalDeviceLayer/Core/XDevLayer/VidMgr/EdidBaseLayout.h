@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "EdidBase.h"
+#include "ByteFields.h"
 #include "EdidUtils.h"
 
 namespace EdidBaseLayout
@@ -20,8 +20,7 @@ constexpr unsigned int gsc_uiVideoInputOffset = 20;
 constexpr unsigned int gsc_uiImageWidthOffset = 21;  // centimetres
 constexpr unsigned int gsc_uiImageHeightOffset = 22; // centimetres
 constexpr unsigned int gsc_uiFeaturesOffset = 24;
-constexpr unsigned int gsc_uiEstablishedOffset = 35;
-constexpr unsigned int gsc_uiEstablishedBytes = 3;
+constexpr unsigned int gsc_uiEstablishedOffset = 35; // three bytes, little-endian
 constexpr unsigned int gsc_uiStandardsOffset = 38;   // eight pairs
 constexpr unsigned int gsc_uiDescriptorsOffset = 54; // four descriptors
 constexpr unsigned int gsc_uiExtensionCountOffset = 126;
@@ -30,9 +29,8 @@ constexpr unsigned int gsc_uiVersion = 1; // the only one with this layout
 
 // Video input byte. Colour depth and interface exist for digital inputs from revision 4 on.
 constexpr unsigned int gsc_uiDigitalMask = 0x80;
-constexpr unsigned int gsc_uiColorDepthMask = 0x70;
-constexpr unsigned int gsc_uiColorDepthShift = 4;
-constexpr unsigned int gsc_uiInterfaceMask = 0x0F;
+constexpr ByteFields::SBits gsc_oColorDepth = { gsc_uiVideoInputOffset, 4, 3 };
+constexpr ByteFields::SBits gsc_oInterface = { gsc_uiVideoInputOffset, 0, 4 };
 constexpr unsigned int gsc_uiVideoInputRevision = 4;
 
 // Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
@@ -65,15 +63,24 @@ constexpr SManufacturerCode ReadManufacturerCode(const unsigned char* pui8Block)
     constexpr unsigned int uiLetterBits = 5;
     constexpr unsigned int uiLetterMask = 0x1F;
     constexpr unsigned int uiBeforeA = 0x40;
-    const unsigned int uiBits =
-        static_cast<unsigned int>(pui8Block[gsc_uiManufacturerOffset]) << 8 | pui8Block[gsc_uiManufacturerOffset + 1];
+    const unsigned int uiBits = ByteFields::ReadBig16(pui8Block + gsc_uiManufacturerOffset);
     SManufacturerCode oCode = {};
-    for (unsigned int ui = 0; ui < gsc_uiManufacturerLetters; ++ui)
+    for (unsigned int i = 0; i < gsc_uiManufacturerLetters; ++i)
     {
-        const unsigned int uiShift = uiLetterBits * (gsc_uiManufacturerLetters - 1 - ui);
-        oCode.m_szCode[ui] = static_cast<char>((uiBits >> uiShift & uiLetterMask) + uiBeforeA);
+        const unsigned int uiShift = uiLetterBits * (gsc_uiManufacturerLetters - 1 - i);
+        oCode.m_szCode[i] = static_cast<char>(((uiBits >> uiShift) & uiLetterMask) + uiBeforeA);
     }
     return oCode;
+}
+
+constexpr unsigned int ReadProductCode(const unsigned char* pui8Block)
+{
+    return ByteFields::ReadLittle16(pui8Block + gsc_uiProductOffset);
+}
+
+constexpr unsigned int ReadSerialNumber(const unsigned char* pui8Block)
+{
+    return ByteFields::ReadLittle32(pui8Block + gsc_uiSerialOffset);
 }
 
 // Display descriptors, from the first byte of the descriptor: bytes 0, 1, 2 and 4 are zero.
@@ -97,6 +104,4 @@ constexpr unsigned int DescriptorOffset(unsigned int uiDescriptor)
 {
     return gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiDescriptorSize;
 }
-static_assert(DescriptorOffset(CEdidBase::msc_uiDescriptorCount) == gsc_uiExtensionCountOffset,
-              "the descriptors fill the block up to byte 126");
-}
+} // namespace EdidBaseLayout

@@ -4,12 +4,14 @@
 
 #include <iterator>
 
+#include "ByteFields.h"
 #include "EdidBaseLayout.h"
 #include "VidParamDmt.h"
 #include "VidParamGtf.h"
 #include "VidParamTiming.h"
 #include "ZorTools.h"
 
+using namespace ByteFields;
 using namespace EdidBaseLayout;
 
 namespace
@@ -134,13 +136,13 @@ constexpr unsigned int LinesByAspect(unsigned int uiAspect, unsigned int uiPixel
     switch (uiAspect)
     {
     case 0:
-        return uiRevision >= gsc_ui16To10Revision ? uiPixels * 5 >> 3 : uiPixels;
+        return uiRevision >= gsc_ui16To10Revision ? (uiPixels * 5) >> 3 : uiPixels;
     case 1: // 4:3
-        return uiPixels * 3 >> 2;
+        return (uiPixels * 3) >> 2;
     case 2: // 5:4
         return uiPixels * 4 / 5;
     default: // 16:9
-        return uiPixels * 9 >> 4;
+        return (uiPixels * 9) >> 4;
     }
 }
 
@@ -151,21 +153,19 @@ void SetNotNative(int* piNative)
         *piNative = 0;
     }
 }
-}
+} // namespace
 
 void CEdidBase::FillEstablishedMask()
 {
-    for (unsigned int ui = 0; ui < msc_uiEstablishedCount; ++ui)
+    for (unsigned int i = 0; i < msc_uiEstablishedCount; ++i)
     {
-        m_auiEstablishedMask[ui] = gsc_aoEstablishedModes[ui].m_eId;
+        m_auiEstablishedMask[i] = gsc_aoEstablishedModes[i].m_eId;
     }
 }
 
 int CEdidBase::GetEstablishedFromId(EEstablishedTiming eId, CVidParamTiming* poTiming, int bVesaOnly) const
 {
-    const unsigned char* pui8Bits = m_aui8Edid + gsc_uiEstablishedOffset;
-    const unsigned int uiDeclared =
-        static_cast<unsigned int>(pui8Bits[2]) << 16 | static_cast<unsigned int>(pui8Bits[1]) << 8 | pui8Bits[0];
+    const unsigned int uiDeclared = ReadLittle24(m_aui8Edid + gsc_uiEstablishedOffset);
     const SEstablishedMode* poMode = FindEstablishedMode(eId);
     if (poMode == nullptr || (uiDeclared & poMode->m_eId) == 0 || (bVesaOnly != 0 && !poMode->m_bVesa))
     {
@@ -201,12 +201,9 @@ int CEdidBase::SetEstablishedFromId(EEstablishedTiming eId, int bSet, int bUpdat
     {
         return 0;
     }
-    for (unsigned int ui = 0; ui < gsc_uiEstablishedBytes; ++ui)
-    {
-        const unsigned int uiMask = static_cast<unsigned int>(eId) >> 8 * ui & 0xFF;
-        unsigned char& ui8Bits = m_aui8Edid[gsc_uiEstablishedOffset + ui];
-        ui8Bits = static_cast<unsigned char>(bSet != 0 ? ui8Bits | uiMask : ui8Bits & ~uiMask);
-    }
+    unsigned char* pui8Bits = m_aui8Edid + gsc_uiEstablishedOffset;
+    const unsigned int uiDeclared = ReadLittle24(pui8Bits);
+    WriteLittle24(pui8Bits, bSet != 0 ? uiDeclared | eId : uiDeclared & ~eId);
     if (bUpdateChecksum != 0)
     {
         UpdateChecksum();
@@ -443,14 +440,14 @@ void CEdidBase::WriteStandard(unsigned int uiSlot, const SStandard& oStandard)
 
 unsigned int CEdidBase::FindDetailed(unsigned int uiRank) const
 {
-    for (unsigned int ui = 0; ui < msc_uiDescriptorCount; ++ui)
+    for (unsigned int i = 0; i < msc_uiDescriptorCount; ++i)
     {
-        const unsigned char* pui8Descriptor = m_aui8Edid + DescriptorOffset(ui);
+        const unsigned char* pui8Descriptor = m_aui8Edid + DescriptorOffset(i);
         const bool bCandidate =
             !IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagDetailed;
         if (bCandidate && uiRank-- == 0)
         {
-            return DescriptorOffset(ui);
+            return DescriptorOffset(i);
         }
     }
     return 0;

@@ -3,56 +3,19 @@
 
 #include "EdidUtils.h"
 
+#include "ByteFields.h"
+#include "EdidDetailedTiming.h"
 #include "VidParamTiming.h"
+
+using namespace ByteFields;
 
 namespace
 {
-// The eight low bits of a field.
-constexpr unsigned char LowByte(unsigned int uiValue) { return static_cast<unsigned char>(uiValue & 0xFF); }
-
-// Part of a descriptor byte: uiWidth bits from bit uiShift on.
-struct SBits
-{
-    unsigned int m_uiByte;
-    unsigned int m_uiShift;
-    unsigned int m_uiWidth;
-
-    constexpr unsigned int Mask() const { return (1U << m_uiWidth) - 1; }
-
-    constexpr unsigned int Read(const unsigned char* pui8Data) const
-    {
-        return pui8Data[m_uiByte] >> m_uiShift & Mask();
-    }
-
-    constexpr void Write(unsigned char* pui8Data, unsigned int uiValue) const
-    {
-        const unsigned int uiKept = pui8Data[m_uiByte] & ~(Mask() << m_uiShift);
-        pui8Data[m_uiByte] = LowByte(uiKept | (uiValue & Mask()) << m_uiShift);
-    }
-};
-
-// A number whose low bits and high bits stand in different bytes.
-struct SSplitField
-{
-    SBits m_oLow;
-    SBits m_oHigh;
-
-    constexpr unsigned int Read(const unsigned char* pui8Data) const
-    {
-        return m_oHigh.Read(pui8Data) << m_oLow.m_uiWidth | m_oLow.Read(pui8Data);
-    }
-
-    constexpr void Write(unsigned char* pui8Data, unsigned int uiValue) const
-    {
-        m_oLow.Write(pui8Data, uiValue);
-        m_oHigh.Write(pui8Data, uiValue >> m_oLow.m_uiWidth);
-    }
-};
+constexpr unsigned int gsc_uiPixelClockOffset = 0; // two bytes, little-endian
 
 // clang-format off
 //                                                  low bits         high bits
 //                                                byte shift width   byte shift width
-constexpr SSplitField gsc_oPixelClock           {{  0, 0, 8 },     {  1, 0, 8 }};
 constexpr SSplitField gsc_oHorizontalActive     {{  2, 0, 8 },     {  4, 4, 4 }};
 constexpr SSplitField gsc_oHorizontalBlanking   {{  3, 0, 8 },     {  4, 0, 4 }};
 constexpr SSplitField gsc_oVerticalActive       {{  5, 0, 8 },     {  7, 4, 4 }};
@@ -77,17 +40,20 @@ constexpr unsigned int gsc_uiFieldsPerFrame = 2;
 constexpr unsigned char SumOf(unsigned int uiSize, const unsigned char* pui8Data)
 {
     unsigned int uiSum = 0;
-    for (unsigned int ui = 0; ui < uiSize; ++ui)
+    for (unsigned int i = 0; i < uiSize; ++i)
     {
-        uiSum += pui8Data[ui];
+        uiSum += pui8Data[i];
     }
     return LowByte(uiSum);
 }
 
 constexpr unsigned int FlagOf(int bFlag) { return bFlag != 0 ? 1 : 0; }
-}
+} // namespace
 
-unsigned int CEdidUtils::SEdidDetailedRaw::GetPixelClockIn10KiloHz() const { return gsc_oPixelClock.Read(m_aui8Data); }
+unsigned int CEdidUtils::SEdidDetailedRaw::GetPixelClockIn10KiloHz() const
+{
+    return ReadLittle16(m_aui8Data + gsc_uiPixelClockOffset);
+}
 
 unsigned int CEdidUtils::SEdidDetailedRaw::GetHorizontalActive() const
 {
@@ -143,7 +109,7 @@ int CEdidUtils::SEdidDetailedRaw::IsVerticalPolarityPositive() const
 
 void CEdidUtils::SEdidDetailedRaw::SetPixelClockIn10KiloHz(unsigned int uiClock)
 {
-    gsc_oPixelClock.Write(m_aui8Data, uiClock);
+    WriteLittle16(m_aui8Data + gsc_uiPixelClockOffset, uiClock);
 }
 
 void CEdidUtils::SEdidDetailedRaw::SetHorizontalActive(unsigned int uiPixels)
@@ -238,36 +204,18 @@ int CEdidUtils::ConvertDetailedDescriptorToVidParam(const SEdidDetailedRaw& oRaw
         return 1;
     }
 
-    poTiming->ClearData();
-    poTiming->SetPixelClockInKiloHz(oRaw.GetPixelClockIn10KiloHz() * gsc_uiKiloHzPerClockUnit);
-    poTiming->SetInterlaced(oRaw.IsInterlaced());
-
-    // The back porch is what the blanking leaves; a blanking too small for its parts wraps.
-    poTiming->SetHorizontalActive(oRaw.GetHorizontalActive());
-    poTiming->SetHorizontalFrontPorch(oRaw.GetHorizontalFrontPorch());
-    poTiming->SetHorizontalSync(oRaw.GetHorizontalSync());
-    poTiming->SetHorizontalBackPorch(oRaw.GetHorizontalBlanking() - poTiming->GetHorizontalSync() -
-                                     poTiming->GetHorizontalFrontPorch());
-    if (oRaw.IsDigitalSeparateSync() != 0)
-    {
-        poTiming->SetHorizontalPolarityPositive(oRaw.IsHorizontalPolarityPositive());
-    }
-
     // The blanking is that of one field, as in the timing: only the active lines count twice.
-    poTiming->SetVerticalActive(uiVerticalActive);
-    poTiming->SetVerticalFrontPorch(oRaw.GetVerticalFrontPorch());
-    poTiming->SetVerticalSync(oRaw.GetVerticalSync());
-    poTiming->SetVerticalBackPorch(oRaw.GetVerticalBlanking() - poTiming->GetVerticalSync() -
-                                   poTiming->GetVerticalFrontPorch());
-    if (oRaw.IsDigitalSeparateSync() != 0)
-    {
-        poTiming->SetVerticalPolarityPositive(oRaw.IsVerticalPolarityPositive());
-    }
-
-    // A descriptor stores no rates.
-    poTiming->SetHorizontalRateInHz(poTiming->ComputeHorizontalRateInHz());
-    poTiming->SetVerticalRateInHz(poTiming->ComputeVerticalRateInHz());
-    poTiming->SetVideoFamilyType(CVidParamTiming::eVidParamType_Detailed);
+    const SDetailedTiming oDetailed = {
+        oRaw.GetPixelClockIn10KiloHz() * gsc_uiKiloHzPerClockUnit,
+        oRaw.IsInterlaced() != 0,
+        oRaw.IsDigitalSeparateSync() != 0,
+        { oRaw.GetHorizontalActive(), oRaw.GetHorizontalBlanking(), oRaw.GetHorizontalFrontPorch(),
+          oRaw.GetHorizontalSync(), oRaw.IsHorizontalPolarityPositive() != 0 },
+        { uiVerticalActive, oRaw.GetVerticalBlanking(), oRaw.GetVerticalFrontPorch(), oRaw.GetVerticalSync(),
+          oRaw.IsVerticalPolarityPositive() != 0 },
+    };
+    poTiming->ClearData();
+    StoreDetailedTiming(oDetailed, *poTiming);
     return 1;
 }
 

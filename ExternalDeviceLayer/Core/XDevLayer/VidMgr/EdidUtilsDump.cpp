@@ -24,13 +24,13 @@ CMString MakeDataLine(const CMString& sPrefix, unsigned int uiOffset, unsigned i
 {
     CMString sLine = sPrefix;
     sLine.AppendFormat("%03d |", static_cast<int>(uiOffset));
-    for (unsigned int ui = 0; ui < uiCount; ++ui)
+    for (unsigned int i = 0; i < uiCount; ++i)
     {
-        sLine.AppendFormat(" %02X", static_cast<unsigned int>(pui8Data[uiOffset + ui]));
+        sLine.AppendFormat(" %02X", static_cast<unsigned int>(pui8Data[uiOffset + i]));
     }
     return sLine;
 }
-}
+} // namespace
 
 int CEdidUtils::GetFormatedEdidDataStrings(unsigned int uiSize, const unsigned char* pui8Data, CMArrayString& oLines,
                                            const char* pszLinePrefix)

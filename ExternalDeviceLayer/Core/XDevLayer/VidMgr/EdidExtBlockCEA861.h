@@ -24,6 +24,9 @@
 #include "VidParamTiming.h"
 #include "ZorMFCTypes.h"
 
+class CCea861Bytes;
+class CCea861Editor;
+
 class CEdidExtBlockCEA861 : public CEdidExtBlock
 {
 public:
@@ -271,7 +274,10 @@ public:
     unsigned int ExtractSpeakerInfo();
 
 private:
-    class CDataBlockWalk; // over all data blocks; every reader of them goes through it
+    friend class CEdidExtBlock; // its factory has tested the bytes
+    struct SSupported
+    {
+    };
 
     // Lists that an edit makes out of date.
     enum EList : unsigned int
@@ -283,59 +289,29 @@ private:
         eList_All = 0xF
     };
 
-    // Offsets of an audio block's payload and of one descriptor in it; 0 when not found.
-    struct SAudioPlace
-    {
-        unsigned int m_uiBlockOffset;
-        unsigned int m_uiBlockLength;
-        unsigned int m_uiOffset;
-    };
+    // For bytes that IsSupported has taken.
+    CEdidExtBlockCEA861(SSupported, const unsigned char* pui8Data, unsigned int uiStripFlags);
+    void Load(const unsigned char* pui8Data, unsigned int uiStripFlags);
 
-    struct SAllCodes;
-    struct SRemovedSvds;
+    CCea861Bytes GetBytes() const;
+    CCea861Editor EditBytes();
 
     unsigned int GetTouchedLists(unsigned int uiLists) const;
     void FinishEdit(unsigned int uiLists);
     void DeriveLists(unsigned int uiLists);
-
-    unsigned int GetHeaderByte(unsigned int uiOffset) const;
-    unsigned int GetDetailedStart() const;
-    unsigned int GetDataBlocksEnd() const;
-    unsigned int CountDetailedTimings() const;
-    unsigned int CountDataBlocks(ECea861_DataBlockTags eTag) const;
-    template <class TAG>
-    unsigned int FindDataBlock(TAG eTag, unsigned int uiIndex, unsigned int* puiLength) const;
-    SAudioPlace FindAudioDescriptor(unsigned int uiIndex) const;
-    SVicCodeEntry GetVicCodeEntry(unsigned int uiIndex) const;
-    void ListTimings(const SAllCodes& oCodes);
-    void List420Timings(const SAllCodes& oCodes);
-    unsigned int GetMost420Timings() const;
-    unsigned char* GetHdmiPayload(const CDataBlockWalk& oWalk);
-    int RemoveSvd(const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved);
-    int RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp);
-
-    int IsRangeInside(unsigned int uiStart, unsigned int uiLength) const;
-    void InsertDataRange(unsigned int uiStart, unsigned int uiLength);
-    unsigned int OpenDataBlock(ECea861_DataBlockTags eTag, unsigned int uiLength);
-    unsigned int GrowDataBlock(unsigned int uiOffset, unsigned int uiLength, unsigned int uiBy);
-    void ShrinkDataBlock(unsigned int uiOffset, unsigned int uiStart, unsigned int uiBy);
-    void RemoveDataBlock(unsigned int uiOffset, unsigned int uiLength);
-    int RemoveDataBlocks(ECea861_DataBlockTags eTag);
-    void LowerDetailedStart(unsigned int uiLength);
-    void SetBasicAudio();
-    int ClearBasicAudio();
+    const SVicCodeEntry& GetVicCodeEntry(unsigned int uiIndex) const;
 
     CMArray<unsigned char, const unsigned char&> m_aui8Raw;
-    unsigned int m_uiExtensionType;
-    unsigned int m_uiRevision;
+    unsigned int m_uiExtensionType = 0;
+    unsigned int m_uiRevision = 0;
     // Pointers into m_aui8Raw, in block order; not owned. Safe because m_aui8Raw is sized once, in the constructor, and
     // every descriptor found lies within it. After RemoveStandard they still point at the old places.
     CMArray<CEdidUtils::SEdidDetailedRaw*, CEdidUtils::SEdidDetailedRaw* const&> m_apoDetailed;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode; // ordinary timings
     CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode420; // timings in YCbCr 4:2:0
-    int m_bStripped;
+    int m_bStripped = 0;
     CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
     CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
-    int m_bListsBehind; // 1 while lists may tell of older bytes; the next edit then derives them all
+    int m_bListsBehind = 0; // 1 while lists may tell of older bytes; the next edit then derives them all
 };

@@ -1,33 +1,33 @@
 // Audio and speaker allocation data blocks of a CEA-861 block: the lists of descriptors and masks, and their editing.
-// Making room and closing gaps is left to EdidExtBlockCEA861.cpp.
+// Making room and closing gaps is left to Cea861Bytes.cpp.
 
 #include "EdidExtBlockCEA861.h"
 
 #include <bit>
 #include <iterator>
 
-#include "EdidExtBlockCEA861Private.h"
+#include "Cea861Bytes.h"
+#include "ListFill.h"
 #include "ZorTools.h"
+
+using namespace Cea861Layout;
 
 namespace
 {
-// A short audio descriptor:
-//     byte 0  bits 6 to 3 format, bits 2 to 0 channels minus 1
-//     byte 1  bits 6 to 0 sampling rates
-//     byte 2  depends on the format
-// Bit 7 of the first two is reserved and kept as found.
+constexpr SDataBlockKind gsc_oAudioBlocks = { CEdidExtBlockCEA861::eCea861Tag_Audio, false };
+constexpr SDataBlockKind gsc_oSpeakerBlocks = { CEdidExtBlockCEA861::eCea861Tag_Speaker, false };
+
+// A short audio descriptor. Bit 7 of the first two bytes is reserved and kept as found; the third depends on the format.
 constexpr unsigned int gsc_uiAudioSize = 3;
-constexpr unsigned int gsc_uiReservedBit = 0x80;
-constexpr unsigned int gsc_uiFormatShift = 3;
-constexpr unsigned int gsc_uiFormatBits = 0x0F;
-constexpr unsigned int gsc_uiChannelBits = 0x07;
-constexpr unsigned int gsc_uiRateBits = 0x7F;
+constexpr ByteFields::SBits gsc_oFormat = { 0, 3, 4 };
+constexpr ByteFields::SBits gsc_oChannelsMinus1 = { 0, 0, 3 };
+constexpr ByteFields::SBits gsc_oRates = { 1, 0, 7 };
+constexpr unsigned int gsc_uiExtraOffset = 2;
 constexpr unsigned int gsc_uiLeastChannels = 2;
 
-// A speaker allocation: bits 7 to 0 of the mask in byte 0, bits 10 to 8 in bits 2 to 0 of byte 1, byte 2 reserved.
+// A speaker allocation: a mask of 11 bits. The rest of byte 1 and byte 2 are reserved.
 constexpr unsigned int gsc_uiSpeakerSize = 3;
-constexpr unsigned int gsc_uiSpeakerHighShift = 8;
-constexpr unsigned int gsc_uiSpeakerHighBits = 0x07;
+constexpr ByteFields::SSplitField gsc_oSpeakers = { { 0, 0, 8 }, { 1, 0, 3 } };
 
 constexpr const char* gsc_apszFormatNames[] = {
     "",
@@ -57,37 +57,64 @@ static_assert(std::size(gsc_apszFormatNames) == CEdidExtBlockCEA861::eAudioForma
 
 // In kHz, by bit number.
 constexpr const char* gsc_apszRateNames[] = { "32", "44", "48", "88", "96", "176", "192" };
-static_assert(1U << std::size(gsc_apszRateNames) == gsc_uiRateBits + 1, "a name for each rate bit");
+static_assert(std::size(gsc_apszRateNames) == gsc_oRates.m_uiWidth, "a name for each rate bit");
 
 CEdidExtBlockCEA861::SAudioDescriptor ReadAudioDescriptor(const unsigned char* pui8Raw)
 {
-    const unsigned int uiFirst = pui8Raw[0];
-    CEdidExtBlockCEA861::SAudioDescriptor oDescriptor;
-    oDescriptor.m_eFormat =
-        static_cast<CEdidExtBlockCEA861::EAudioFormat>(uiFirst >> gsc_uiFormatShift & gsc_uiFormatBits);
-    oDescriptor.m_uiChannels = (uiFirst & gsc_uiChannelBits) + 1;
-    oDescriptor.m_eSamplingFreq = static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(pui8Raw[1] & gsc_uiRateBits);
-    oDescriptor.m_uiExtra = pui8Raw[2];
-    return oDescriptor;
+    return { static_cast<CEdidExtBlockCEA861::EAudioFormat>(gsc_oFormat.Read(pui8Raw)),
+             gsc_oChannelsMinus1.Read(pui8Raw) + 1,
+             static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(gsc_oRates.Read(pui8Raw)),
+             pui8Raw[gsc_uiExtraOffset] };
 }
 
 void WriteAudioDescriptor(const CEdidExtBlockCEA861::SAudioDescriptor& oDescriptor, unsigned char* pui8Raw)
 {
-    pui8Raw[0] = static_cast<unsigned char>((pui8Raw[0] & gsc_uiReservedBit) |
-                                            (oDescriptor.m_eFormat & gsc_uiFormatBits) << gsc_uiFormatShift |
-                                            ((oDescriptor.m_uiChannels - 1) & gsc_uiChannelBits));
-    pui8Raw[1] =
-        static_cast<unsigned char>((pui8Raw[1] & gsc_uiReservedBit) | (oDescriptor.m_eSamplingFreq & gsc_uiRateBits));
-    pui8Raw[2] = static_cast<unsigned char>(oDescriptor.m_uiExtra);
+    gsc_oFormat.Write(pui8Raw, oDescriptor.m_eFormat);
+    gsc_oChannelsMinus1.Write(pui8Raw, oDescriptor.m_uiChannels - 1);
+    gsc_oRates.Write(pui8Raw, oDescriptor.m_eSamplingFreq);
+    pui8Raw[gsc_uiExtraOffset] = ByteFields::LowByte(oDescriptor.m_uiExtra);
+}
+
+// A payload too short for a byte has 0 there.
+unsigned int ReadSpeakerMask(const CCea861Walk& oWalk)
+{
+    unsigned char aui8Raw[gsc_uiSpeakerSize] = {};
+    for (unsigned int i = 0; i < gsc_uiSpeakerSize && i < oWalk.GetLength(); ++i)
+    {
+        aui8Raw[i] = oWalk.GetByte(i);
+    }
+    return gsc_oSpeakers.Read(aui8Raw);
 }
 
 void WriteSpeakerMask(unsigned int uiMask, unsigned char* pui8Raw)
 {
-    pui8Raw[0] = static_cast<unsigned char>(uiMask);
-    pui8Raw[1] = static_cast<unsigned char>(uiMask >> gsc_uiSpeakerHighShift & gsc_uiSpeakerHighBits);
-    pui8Raw[2] = 0;
+    ZorTools_memset(pui8Raw, 0, gsc_uiSpeakerSize);
+    gsc_oSpeakers.Write(pui8Raw, uiMask);
 }
+
+// Where a descriptor stands, and in which block; offsets of 0 when it is not there.
+struct SAudioPlace
+{
+    SDataBlock m_oBlock;
+    unsigned int m_uiOffset;
+};
+
+// The place of a descriptor by its index in the list; none when the bytes do not hold it (any more).
+SAudioPlace FindAudioDescriptor(const CCea861Bytes& oBytes, unsigned int uiIndex)
+{
+    unsigned int uiBase = 0;
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oAudioBlocks);)
+    {
+        const unsigned int uiCount = oWalk.GetLength() / gsc_uiAudioSize;
+        if (uiIndex - uiBase < uiCount)
+        {
+            return { oWalk.GetBlock(), oWalk.GetBlock().m_uiOffset + gsc_uiAudioSize * (uiIndex - uiBase) };
+        }
+        uiBase += uiCount;
+    }
+    return {};
 }
+} // namespace
 
 // ---- Audio ----
 
@@ -99,7 +126,7 @@ int CEdidExtBlockCEA861::GetAudioDescriptor(unsigned int uiIndex, SAudioDescript
     {
         return 0;
     }
-    *poDescriptor = m_aoAudio.GetData()[uiIndex];
+    *poDescriptor = m_aoAudio[uiIndex];
     return 1;
 }
 
@@ -110,13 +137,13 @@ int CEdidExtBlockCEA861::SetAudioDescriptor(unsigned int uiIndex, const SAudioDe
     {
         return 0;
     }
-    const SAudioPlace oPlace = FindAudioDescriptor(uiIndex);
+    const SAudioPlace oPlace = FindAudioDescriptor(GetBytes(), uiIndex);
     if (oPlace.m_uiOffset == 0)
     {
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Audio);
-    WriteAudioDescriptor(*poDescriptor, m_aui8Raw.GetData() + oPlace.m_uiOffset);
+    WriteAudioDescriptor(*poDescriptor, EditBytes().GetAt(oPlace.m_uiOffset));
     FinishEdit(uiLists);
     return 1;
 }
@@ -128,17 +155,17 @@ int CEdidExtBlockCEA861::AddAudioDescriptor(const SAudioDescriptor* poDescriptor
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Audio | eList_Detailed);
-    unsigned int uiLength = 0;
-    const unsigned int uiFirstBlock = GetDataBlockOffset(eCea861Tag_Audio, 0, &uiLength);
-    const bool bGrow = uiFirstBlock != 0 && uiLength + gsc_uiAudioSize <= gsc_uiCea861MostPayload;
-    const unsigned int uiOffset = bGrow ? GrowDataBlock(uiFirstBlock, uiLength, gsc_uiAudioSize)
-                                        : OpenDataBlock(eCea861Tag_Audio, gsc_uiAudioSize);
+    CCea861Editor oEditor = EditBytes();
+    const SDataBlock oFirst = oEditor.FindDataBlock(gsc_oAudioBlocks, 0);
+    const bool bGrow = oFirst.m_uiOffset != 0 && oFirst.m_uiLength + gsc_uiAudioSize <= gsc_uiMostPayload;
+    const unsigned int uiOffset = bGrow ? oEditor.GrowDataBlock(oFirst, gsc_uiAudioSize)
+                                        : oEditor.OpenDataBlock(eCea861Tag_Audio, gsc_uiAudioSize);
     if (uiOffset == 0)
     {
         return 0;
     }
-    WriteAudioDescriptor(*poDescriptor, m_aui8Raw.GetData() + uiOffset);
-    SetBasicAudio();
+    WriteAudioDescriptor(*poDescriptor, oEditor.GetAt(uiOffset));
+    oEditor.SetBasicAudio();
     FinishEdit(uiLists);
     return 1;
 }
@@ -149,24 +176,25 @@ int CEdidExtBlockCEA861::RemoveAudioDescriptor(unsigned int uiIndex)
     {
         return 0;
     }
-    const SAudioPlace oPlace = FindAudioDescriptor(uiIndex);
+    CCea861Editor oEditor = EditBytes();
+    const SAudioPlace oPlace = FindAudioDescriptor(oEditor, uiIndex);
     if (oPlace.m_uiOffset == 0)
     {
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Audio | eList_Detailed);
-    if (oPlace.m_uiBlockLength / gsc_uiAudioSize < 2)
+    if (oPlace.m_oBlock.m_uiLength / gsc_uiAudioSize < 2)
     {
-        RemoveDataBlock(oPlace.m_uiBlockOffset, oPlace.m_uiBlockLength);
+        oEditor.RemoveDataBlock(oPlace.m_oBlock);
     }
     else
     {
-        ShrinkDataBlock(oPlace.m_uiBlockOffset, oPlace.m_uiOffset, gsc_uiAudioSize);
-        LowerDetailedStart(gsc_uiAudioSize);
+        oEditor.ShrinkDataBlock(oPlace.m_oBlock, oPlace.m_uiOffset, gsc_uiAudioSize);
+        oEditor.LowerDetailedStart(gsc_uiAudioSize);
     }
     if (GetAudioDescriptorCount() == 1 && GetSpeakerDescriptorCount() == 0)
     {
-        ClearBasicAudio();
+        oEditor.ClearBasicAudio();
     }
     FinishEdit(uiLists);
     return 1;
@@ -174,41 +202,27 @@ int CEdidExtBlockCEA861::RemoveAudioDescriptor(unsigned int uiIndex)
 
 unsigned int CEdidExtBlockCEA861::ExtractAudioInfo()
 {
+    const CCea861Editor oEditor = EditBytes();
     unsigned int uiMost = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_Audio);)
+    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oAudioBlocks);)
     {
         uiMost += oWalk.GetLength() / gsc_uiAudioSize;
     }
     CListFill<SAudioDescriptor> oFill(m_aoAudio, uiMost);
-    CDataBlockWalk oWalk(*this);
-    if (!oWalk.Next(eCea861Tag_Audio) || oWalk.GetLength() % gsc_uiAudioSize != 0)
+    CCea861Walk oWalk = oEditor.Walk();
+    if (!oWalk.Next(gsc_oAudioBlocks) || oWalk.GetLength() % gsc_uiAudioSize != 0)
     {
         return 0; // a first block of odd length makes all of them suspect
     }
     do
     {
+        const unsigned char* pui8Payload = oEditor.GetAt(oWalk.GetBlock().m_uiOffset);
         for (unsigned int i = 0; i < oWalk.GetLength() / gsc_uiAudioSize; ++i)
         {
-            oFill.Add(ReadAudioDescriptor(m_aui8Raw.GetData() + oWalk.GetOffset() + gsc_uiAudioSize * i));
+            oFill.Add(ReadAudioDescriptor(pui8Payload + gsc_uiAudioSize * i));
         }
-    } while (oWalk.Next(eCea861Tag_Audio));
+    } while (oWalk.Next(gsc_oAudioBlocks));
     return oFill.GetCount();
-}
-
-// Where the descriptor at this index of the list stands; all 0 when the bytes do not hold it (any more).
-CEdidExtBlockCEA861::SAudioPlace CEdidExtBlockCEA861::FindAudioDescriptor(unsigned int uiIndex) const
-{
-    unsigned int uiBase = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_Audio);)
-    {
-        const unsigned int uiCount = oWalk.GetLength() / gsc_uiAudioSize;
-        if (uiIndex - uiBase < uiCount)
-        {
-            return { oWalk.GetOffset(), oWalk.GetLength(), oWalk.GetOffset() + gsc_uiAudioSize * (uiIndex - uiBase) };
-        }
-        uiBase += uiCount;
-    }
-    return { 0, 0, 0 };
 }
 
 CMString CEdidExtBlockCEA861::GetAudioFormatStr(const EAudioFormat& eFormat)
@@ -220,7 +234,7 @@ CMString CEdidExtBlockCEA861::GetAudioFormatStr(const EAudioFormat& eFormat)
 CMString CEdidExtBlockCEA861::GetAudioSamplingFreqStr(const EAudioSamplingFreq& eFreq)
 {
     const unsigned int uiFreq = eFreq;
-    const bool bOneRate = uiFreq <= gsc_uiRateBits && std::has_single_bit(uiFreq);
+    const bool bOneRate = uiFreq <= gsc_oRates.GetMask() && std::has_single_bit(uiFreq);
     return CMString(bOneRate ? gsc_apszRateNames[std::countr_zero(uiFreq)] : "");
 }
 
@@ -234,7 +248,7 @@ int CEdidExtBlockCEA861::GetSpeakerDescriptor(unsigned int uiIndex, unsigned int
     {
         return 0;
     }
-    *puiMask = m_auiSpeaker.GetData()[uiIndex];
+    *puiMask = m_auiSpeaker[uiIndex];
     return 1;
 }
 
@@ -244,14 +258,13 @@ int CEdidExtBlockCEA861::SetSpeakerDescriptor(unsigned int uiIndex, unsigned int
     {
         return 0;
     }
-    unsigned int uiLength = 0;
-    const unsigned int uiOffset = GetDataBlockOffset(eCea861Tag_Speaker, uiIndex, &uiLength);
-    if (uiOffset == 0 || uiLength < gsc_uiSpeakerSize) // writing past a short block would damage its neighbour
+    const SDataBlock oBlock = GetBytes().FindDataBlock(gsc_oSpeakerBlocks, uiIndex);
+    if (oBlock.m_uiOffset == 0 || oBlock.m_uiLength < gsc_uiSpeakerSize) // writing past it would damage its neighbour
     {
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Speaker);
-    WriteSpeakerMask(uiMask, m_aui8Raw.GetData() + uiOffset);
+    WriteSpeakerMask(uiMask, EditBytes().GetAt(oBlock.m_uiOffset));
     FinishEdit(uiLists);
     return 1;
 }
@@ -263,13 +276,14 @@ int CEdidExtBlockCEA861::AddSpeakerDescriptor(unsigned int uiMask)
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Speaker | eList_Detailed);
-    const unsigned int uiOffset = OpenDataBlock(eCea861Tag_Speaker, gsc_uiSpeakerSize);
+    CCea861Editor oEditor = EditBytes();
+    const unsigned int uiOffset = oEditor.OpenDataBlock(eCea861Tag_Speaker, gsc_uiSpeakerSize);
     if (uiOffset == 0)
     {
         return 0;
     }
-    WriteSpeakerMask(uiMask, m_aui8Raw.GetData() + uiOffset);
-    SetBasicAudio();
+    WriteSpeakerMask(uiMask, oEditor.GetAt(uiOffset));
+    oEditor.SetBasicAudio();
     FinishEdit(uiLists);
     return 1;
 }
@@ -280,17 +294,17 @@ int CEdidExtBlockCEA861::RemoveSpeakerDescriptor(unsigned int uiIndex)
     {
         return 0;
     }
-    unsigned int uiLength = 0;
-    const unsigned int uiOffset = GetDataBlockOffset(eCea861Tag_Speaker, uiIndex, &uiLength);
-    if (uiOffset == 0)
+    CCea861Editor oEditor = EditBytes();
+    const SDataBlock oBlock = oEditor.FindDataBlock(gsc_oSpeakerBlocks, uiIndex);
+    if (oBlock.m_uiOffset == 0)
     {
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Speaker | eList_Detailed);
-    RemoveDataBlock(uiOffset, uiLength);
+    oEditor.RemoveDataBlock(oBlock);
     if (GetSpeakerDescriptorCount() == 1 && GetAudioDescriptorCount() == 0)
     {
-        ClearBasicAudio();
+        oEditor.ClearBasicAudio();
     }
     FinishEdit(uiLists);
     return 1;
@@ -298,13 +312,11 @@ int CEdidExtBlockCEA861::RemoveSpeakerDescriptor(unsigned int uiIndex)
 
 unsigned int CEdidExtBlockCEA861::ExtractSpeakerInfo()
 {
-    CListFill<unsigned int> oFill(m_auiSpeaker, CountDataBlocks(eCea861Tag_Speaker));
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_Speaker);)
+    const CCea861Bytes oBytes = GetBytes();
+    CListFill<unsigned int> oFill(m_auiSpeaker, oBytes.CountDataBlocks(gsc_oSpeakerBlocks));
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oSpeakerBlocks);)
     {
-        // A block too short for a byte has 0 there.
-        const unsigned int uiLow = oWalk.GetLength() > 0 ? oWalk.GetByte(0) : 0U;
-        const unsigned int uiHigh = oWalk.GetLength() > 1 ? oWalk.GetByte(1) : 0U;
-        oFill.Add((uiHigh & gsc_uiSpeakerHighBits) << gsc_uiSpeakerHighShift | uiLow);
+        oFill.Add(ReadSpeakerMask(oWalk));
     }
     return oFill.GetCount();
 }

@@ -6,13 +6,24 @@
 
 #include <bit>
 
-#include "EdidExtBlockCEA861Private.h"
+#include "Cea861Bytes.h"
 #include "Hdmi1xVsdb.h"
+#include "ListFill.h"
 #include "VidParamCea.h"
 #include "ZorAssert.h"
 
+using namespace Cea861Layout;
+
 namespace
 {
+constexpr SDataBlockKind gsc_oVideoBlocks = { CEdidExtBlockCEA861::eCea861Tag_Video, false };
+constexpr SDataBlockKind gsc_oVendorBlocks = { CEdidExtBlockCEA861::eCea861Tag_VendorSpecific, false };
+constexpr SDataBlockKind gsc_oVendorVideoBlocks = { CEdidExtBlockCEA861::eCea861ExtTag_VendorVideo, true };
+constexpr SDataBlockKind gsc_oVideo420Blocks = { CEdidExtBlockCEA861::eCea861ExtTag_Yuv420Video, true };
+constexpr SDataBlockKind gsc_oCapabilityMaps = { CEdidExtBlockCEA861::eCea861ExtTag_Yuv420CapabilityMap, true };
+
+constexpr unsigned int gsc_uiBitsPerByte = 8;
+
 // The key of the 1000/1001 variant of a code, in the table and in the lists; it never stands in a block.
 constexpr unsigned int gsc_uiVariantOffset = 1000;
 
@@ -33,14 +44,14 @@ struct SCodeTimings
 SCodeTimings GetCodeTimings(unsigned int uiCode)
 {
     SCodeTimings oTimings = {};
-    if (!CEdidExtBlockCEA861::IsSupportedSvd(uiCode))
+    if (CEdidExtBlockCEA861::IsSupportedSvd(uiCode) == 0)
     {
         return oTimings;
     }
     SVicCodeEntry& oEntry = oTimings.m_aoEntry[0];
     CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiCode, &oEntry.m_uiVic, &oEntry.m_bNative);
     oTimings.m_aoEntry[1] = { oEntry.m_uiVic + gsc_uiVariantOffset, oEntry.m_bNative };
-    oTimings.m_uiCount = CVidParamCea::IsVicSupported(oTimings.m_aoEntry[1].m_uiVic) ? 2 : 1;
+    oTimings.m_uiCount = CVidParamCea::IsVicSupported(oTimings.m_aoEntry[1].m_uiVic) != 0 ? 2 : 1;
     return oTimings;
 }
 
@@ -64,46 +75,223 @@ void AddCode(CListFill<SVicCodeEntry>& oFill, unsigned int uiCode)
         AddOnce(oFill, oTimings.m_aoEntry[i]);
     }
 }
+
+// The bit of a capability map that stands for code number uiIndex.
+bool IsMapped(const CCea861Walk& oMap, unsigned int uiIndex)
+{
+    return ((oMap.GetByte(uiIndex / gsc_uiBitsPerByte) >> (uiIndex % gsc_uiBitsPerByte)) & 1U) != 0;
 }
 
-// Every code of the block in the order that the capability map counts them, unusable ones included. Each comes from a
-// byte of its own behind a header, so they all fit.
-struct CEdidExtBlockCEA861::SAllCodes
+// ---- Gathering the codes ----
+
+// A code, usable or not, and where it stands; see SVicCodeEntryLookUp.
+struct SCode
 {
-    unsigned int m_auiCode[gsc_uiCea861Size];
-    SVicCodeEntryLookUp m_aoSource[gsc_uiCea861Size]; // m_uiVic is not used
+    unsigned int m_uiCode;
+    SDataBlockKind m_oKind;
+    unsigned int m_uiBlockIndex;
+    unsigned int m_uiPosition;
+};
+
+// Every code of the block in the order that the capability map counts them. Each comes from a byte of its own behind a
+// header, so they all fit.
+struct SAllCodes
+{
+    SCode m_aoCode[gsc_uiBlockSize];
     unsigned int m_uiCount;
 
-    void Add(unsigned int uiCode, const SVicCodeEntryLookUp& oSource)
-    {
-        m_auiCode[m_uiCount] = uiCode;
-        m_aoSource[m_uiCount] = oSource;
-        ++m_uiCount;
-    }
+    void Add(const SCode& oCode) { m_aoCode[m_uiCount++] = oCode; }
+};
 
-    // Appends the codes of one HDMI vendor block, given its payload; null adds nothing.
-    void AddHdmiVics(unsigned int uiLength, unsigned char* pui8Payload, const SVicCodeEntryLookUp& oSource)
+void AddVideoCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
+{
+    unsigned int uiBlock = 0;
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideoBlocks); ++uiBlock)
     {
+        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
+        {
+            oCodes.Add({ oWalk.GetByte(i), gsc_oVideoBlocks, uiBlock, i });
+        }
+    }
+}
+
+// The payload of the data block that the walk has reached, when that is an HDMI vendor block; else null.
+unsigned char* GetHdmiPayload(const CCea861Editor& oEditor, const CCea861Walk& oWalk)
+{
+    unsigned char* pui8Payload = oEditor.GetAt(oWalk.GetBlock().m_uiOffset);
+    return CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) != 0 ? pui8Payload : nullptr;
+}
+
+// The codes of all HDMI vendor blocks of one kind.
+void AddHdmiCodes(const CCea861Editor& oEditor, const SDataBlockKind& oKind, SAllCodes& oCodes)
+{
+    unsigned int uiBlock = 0;
+    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(oKind); ++uiBlock)
+    {
+        unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
         if (pui8Payload == nullptr)
         {
-            return;
+            continue;
         }
-        const CHdmi1xVsdb oVsdb(uiLength, pui8Payload);
+        const CHdmi1xVsdb oVsdb(oWalk.GetLength(), pui8Payload);
         unsigned int uiVic = 0;
         for (unsigned int i = 0; (uiVic = oVsdb.EnumCea861Vic(i)) != 0; ++i)
         {
-            Add(uiVic, oSource);
+            oCodes.Add({ uiVic, oKind, uiBlock, 0 });
         }
     }
-};
+}
+
+// ---- Listing the timings ----
+
+// The ordinary timings, each once, and a look-up entry for each occurrence.
+void ListTimings(const SAllCodes& oCodes, CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings,
+                 CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&>& aoLookUp)
+{
+    unsigned int uiMost = 0;
+    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
+    {
+        uiMost += GetCodeTimings(oCodes.m_aoCode[i].m_uiCode).m_uiCount;
+    }
+    CListFill<SVicCodeEntry> oFill(aoTimings, uiMost);
+    CListFill<SVicCodeEntryLookUp> oFillLookUp(aoLookUp, uiMost);
+    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
+    {
+        const SCode& oCode = oCodes.m_aoCode[i];
+        const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
+        for (unsigned int j = 0; j < oTimings.m_uiCount; ++j)
+        {
+            AddOnce(oFill, oTimings.m_aoEntry[j]);
+            oFillLookUp.Add({ oTimings.m_aoEntry[j].m_uiVic, oCode.m_uiBlockIndex, oCode.m_oKind.m_bExtended ? 1U : 0U,
+                              oCode.m_oKind.m_uiTag, oCode.m_uiPosition });
+        }
+    }
+}
+
+// As many timings in YCbCr 4:2:0 as there can be: two for each bit set and for each short video descriptor, and the
+// ordinary ones, uiOrdinary of them, for each empty map.
+unsigned int GetMost420Timings(const CCea861Bytes& oBytes, unsigned int uiOrdinary)
+{
+    unsigned int uiCodes = 0;
+    unsigned int uiCopies = 0;
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    {
+        uiCopies += oWalk.GetLength() == 0 ? 1U : 0U;
+        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
+        {
+            uiCodes += static_cast<unsigned int>(std::popcount(oWalk.GetByte(i)));
+        }
+    }
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
+    {
+        uiCodes += oWalk.GetLength();
+    }
+    return uiCopies * uiOrdinary + 2 * uiCodes;
+}
+
+// The timings of the codes that a capability map selects.
+void AddMappedTimings(const CCea861Walk& oMap, const SAllCodes& oCodes, CListFill<SVicCodeEntry>& oFill)
+{
+    for (unsigned int i = 0; i < gsc_uiBitsPerByte * oMap.GetLength(); ++i)
+    {
+        if (!IsMapped(oMap, i))
+        {
+            continue;
+        }
+        if (i >= oCodes.m_uiCount)
+        {
+            MASSERT_FAILED();
+            continue;
+        }
+        AddCode(oFill, oCodes.m_aoCode[i].m_uiCode);
+    }
+}
+
+// The timings in YCbCr 4:2:0: capability maps first, then the 4:2:0 video blocks.
+void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
+                    const CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoOrdinary,
+                    CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings)
+{
+    CListFill<SVicCodeEntry> oFill(aoTimings, GetMost420Timings(oBytes, aoOrdinary.GetCount()));
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    {
+        if (oWalk.GetLength() != 0)
+        {
+            AddMappedTimings(oWalk, oCodes, oFill);
+            continue;
+        }
+        for (unsigned int i = 0; i < aoOrdinary.GetCount(); ++i) // all of them, uncompared
+        {
+            oFill.Add(aoOrdinary[i]);
+        }
+    }
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
+    {
+        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
+        {
+            AddCode(oFill, oWalk.GetByte(i));
+        }
+    }
+}
+
+// ---- Removing a timing ----
+
+SDataBlockKind KindOf(const SVicCodeEntryLookUp& oLookUp) { return { oLookUp.m_uiTag, oLookUp.m_bExtended != 0 }; }
 
 // What one RemoveStandard has taken out of the video blocks so far.
-struct CEdidExtBlockCEA861::SRemovedSvds
+struct SRemovedSvds
 {
     unsigned int m_uiBlockIndex; // the block that the last one came from, as it was numbered before anything moved
     unsigned int m_uiInBlock;    // taken from that block
     unsigned int m_uiBlocks;     // emptied blocks, which have lost their header
 };
+
+// Takes one short video descriptor out of its block, and the header of a block that empties. oRemoved holds what
+// earlier calls of the same removal took out, and is brought up to date. False when the block is not there.
+bool RemoveSvd(CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved)
+{
+    if (oLookUp.m_uiBlockIndex != oRemoved.m_uiBlockIndex)
+    {
+        oRemoved.m_uiBlockIndex = oLookUp.m_uiBlockIndex;
+        oRemoved.m_uiInBlock = 0;
+    }
+    const SDataBlock oBlock = oEditor.FindDataBlock(gsc_oVideoBlocks, oLookUp.m_uiBlockIndex - oRemoved.m_uiBlocks);
+    const unsigned int uiPosition = oLookUp.m_uiPosition - oRemoved.m_uiInBlock;
+    if (oBlock.m_uiOffset == 0 || uiPosition >= oBlock.m_uiLength)
+    {
+        return false;
+    }
+    oEditor.ShrinkDataBlock(oBlock, oBlock.m_uiOffset + uiPosition, 1);
+    ++oRemoved.m_uiInBlock;
+    if (oBlock.m_uiLength == 1)
+    {
+        oEditor.RemoveRange(oBlock.m_uiOffset - gsc_uiHeaderSize, gsc_uiHeaderSize);
+        ++oRemoved.m_uiBlocks;
+    }
+    return true;
+}
+
+// Takes one HDMI code out of its vendor block, which keeps its length. False when the block is not there.
+bool RemoveHdmiVic(const CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp)
+{
+    const SDataBlock oBlock = oEditor.FindDataBlock(KindOf(oLookUp), oLookUp.m_uiBlockIndex);
+    if (oBlock.m_uiOffset == 0)
+    {
+        return false;
+    }
+    CHdmi1xVsdb oVsdb(oBlock.m_uiLength, oEditor.GetAt(oBlock.m_uiOffset));
+    // The block holds the code itself, whichever timing of the pair is removed.
+    oVsdb.RemoveCea861Vic(oLookUp.m_uiVic > gsc_uiVariantOffset ? oLookUp.m_uiVic - gsc_uiVariantOffset
+                                                                : oLookUp.m_uiVic);
+    return true;
+}
+
+bool RemoveOccurrence(CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved)
+{
+    const bool bSvd = oLookUp.m_bExtended == 0 && oLookUp.m_uiTag == gsc_oVideoBlocks.m_uiTag;
+    return bSvd ? RemoveSvd(oEditor, oLookUp, oRemoved) : RemoveHdmiVic(oEditor, oLookUp);
+}
+} // namespace
 
 unsigned int CEdidExtBlockCEA861::GetStandardCount() const
 {
@@ -117,7 +305,7 @@ int CEdidExtBlockCEA861::GetStandard(unsigned int uiIndex, CVidParamTiming* poTi
         return 0;
     }
     poTiming->ClearData();
-    const SVicCodeEntry oEntry = GetVicCodeEntry(uiIndex);
+    const SVicCodeEntry& oEntry = GetVicCodeEntry(uiIndex);
     if (piNative != nullptr)
     {
         *piNative = oEntry.m_bNative;
@@ -128,7 +316,7 @@ int CEdidExtBlockCEA861::GetStandard(unsigned int uiIndex, CVidParamTiming* poTi
         return 0;
     }
     const int iResult = CVidParamCea::GetVidParamFromVic(oEntry.m_uiVic, poTiming);
-    poTiming->Set420ColorSpace(uiIndex >= m_aoVicCode.GetCount());
+    poTiming->Set420ColorSpace(uiIndex >= m_aoVicCode.GetCount() ? 1 : 0);
     return iResult;
 }
 
@@ -144,87 +332,35 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
         MASSERT_FAILED();
         return 0;
     }
-    // The entries tell the places before anything moved; they come in block order, and in a block in rising position.
-    int bRemoved = 0;
+    // The entries hold the places before anything moved; they come in block order, and in a block in rising position.
+    // From the last one back no place would have to be corrected, and it would be wrong: a removal ends at the first
+    // block that is gone and keeps what it took out before, so that the order decides which bytes go.
+    bool bRemoved = false;
     SRemovedSvds oRemoved = {};
+    CCea861Editor oEditor = EditBytes();
     CCea861Undo oUndo(m_aui8Raw.GetData());
     for (unsigned int i = 0; i < m_aoVicLookUp.GetCount(); ++i)
     {
-        const SVicCodeEntryLookUp& oLookUp = m_aoVicLookUp.GetData()[i];
-        if (oLookUp.m_uiVic != uiVic)
+        if (m_aoVicLookUp[i].m_uiVic != uiVic)
         {
             continue;
         }
-        const bool bSvd = !oLookUp.m_bExtended && oLookUp.m_uiTag == eCea861Tag_Video;
-        if (!(bSvd ? RemoveSvd(oLookUp, oRemoved) : RemoveHdmiVic(oLookUp)))
+        if (!RemoveOccurrence(oEditor, m_aoVicLookUp[i], oRemoved))
         {
             MASSERT_FAILED();
             break;
         }
-        bRemoved = 1;
+        bRemoved = true;
     }
     oUndo.Complete();
-    if (bRemoved)
-    {
-        UpdateChecksum();
-        m_bListsBehind = 1; // the other lists and byte 2 stay, on purpose
-        ExtractStandardTimings();
-    }
-    return bRemoved;
-}
-
-// Takes one short video descriptor out of its block, and the header of a block that empties. oRemoved tells what
-// earlier calls of the same removal took out, and is brought up to date. 0 when the block is not there.
-int CEdidExtBlockCEA861::RemoveSvd(const SVicCodeEntryLookUp& oLookUp, SRemovedSvds& oRemoved)
-{
-    if (oLookUp.m_uiBlockIndex != oRemoved.m_uiBlockIndex)
-    {
-        oRemoved.m_uiBlockIndex = oLookUp.m_uiBlockIndex;
-        oRemoved.m_uiInBlock = 0;
-    }
-    unsigned int uiLength = 0;
-    const unsigned int uiOffset =
-        GetDataBlockOffset(eCea861Tag_Video, oLookUp.m_uiBlockIndex - oRemoved.m_uiBlocks, &uiLength);
-    const unsigned int uiPosition = oLookUp.m_uiPosition - oRemoved.m_uiInBlock;
-    if (uiOffset == 0 || uiPosition >= uiLength)
+    if (!bRemoved)
     {
         return 0;
     }
-    ShrinkDataBlock(uiOffset, uiOffset + uiPosition, 1);
-    ++oRemoved.m_uiInBlock;
-    if (uiLength == 1)
-    {
-        RemoveDataRange(uiOffset - 1, 1);
-        ++oRemoved.m_uiBlocks;
-    }
+    oEditor.UpdateChecksum();
+    m_bListsBehind = 1; // the other lists and byte 2 stay, on purpose
+    ExtractStandardTimings();
     return 1;
-}
-
-// Takes one HDMI code out of its vendor block, which keeps its length. 0 when the block is not there.
-int CEdidExtBlockCEA861::RemoveHdmiVic(const SVicCodeEntryLookUp& oLookUp)
-{
-    unsigned int uiLength = 0;
-    const unsigned int uiOffset = oLookUp.m_bExtended
-                                      ? GetDataBlockOffset(static_cast<ECea861_DataBlockExtTags>(oLookUp.m_uiTag),
-                                                           oLookUp.m_uiBlockIndex, &uiLength)
-                                      : GetDataBlockOffset(static_cast<ECea861_DataBlockTags>(oLookUp.m_uiTag),
-                                                           oLookUp.m_uiBlockIndex, &uiLength);
-    if (uiOffset == 0)
-    {
-        return 0;
-    }
-    CHdmi1xVsdb oVsdb(uiLength, m_aui8Raw.GetData() + uiOffset);
-    // The block holds the code itself, whichever timing of the pair is removed.
-    oVsdb.RemoveCea861Vic(oLookUp.m_uiVic > gsc_uiVariantOffset ? oLookUp.m_uiVic - gsc_uiVariantOffset
-                                                                : oLookUp.m_uiVic);
-    return 1;
-}
-
-// The payload of the data block that the walk has reached, when that is an HDMI vendor block; else null.
-unsigned char* CEdidExtBlockCEA861::GetHdmiPayload(const CDataBlockWalk& oWalk)
-{
-    unsigned char* pui8Payload = m_aui8Raw.GetData() + oWalk.GetOffset();
-    return CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) ? pui8Payload : nullptr;
 }
 
 unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
@@ -234,115 +370,22 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
     m_aoVicLookUp.RemoveAll();
     m_aoVicCode420.RemoveAll();
 
+    const CCea861Editor oEditor = EditBytes();
     SAllCodes oCodes;
     oCodes.m_uiCount = 0;
-    unsigned int uiBlock = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_Video); ++uiBlock)
-    {
-        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
-        {
-            oCodes.Add(oWalk.GetByte(i), { 0, uiBlock, 0, eCea861Tag_Video, i });
-        }
-    }
-    uiBlock = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific); ++uiBlock)
-    {
-        oCodes.AddHdmiVics(oWalk.GetLength(), GetHdmiPayload(oWalk), { 0, uiBlock, 0, eCea861Tag_VendorSpecific, 0 });
-    }
-    uiBlock = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_VendorVideo); ++uiBlock)
-    {
-        oCodes.AddHdmiVics(oWalk.GetLength(), GetHdmiPayload(oWalk), { 0, uiBlock, 1, eCea861ExtTag_VendorVideo, 0 });
-    }
-    ListTimings(oCodes);
-    List420Timings(oCodes);
+    AddVideoCodes(oEditor, oCodes);
+    AddHdmiCodes(oEditor, gsc_oVendorBlocks, oCodes);
+    AddHdmiCodes(oEditor, gsc_oVendorVideoBlocks, oCodes);
+    ListTimings(oCodes, m_aoVicCode, m_aoVicLookUp);
+    List420Timings(oEditor, oCodes, m_aoVicCode, m_aoVicCode420);
     return CEdidExtBlockCEA861::GetStandardCount(); // qualified: also runs while the object is being made
 }
 
-// The ordinary timings, each once, and a look-up entry for each occurrence.
-void CEdidExtBlockCEA861::ListTimings(const SAllCodes& oCodes)
-{
-    unsigned int uiMost = 0;
-    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
-    {
-        uiMost += GetCodeTimings(oCodes.m_auiCode[i]).m_uiCount;
-    }
-    CListFill<SVicCodeEntry> oFill(m_aoVicCode, uiMost);
-    CListFill<SVicCodeEntryLookUp> oFillLookUp(m_aoVicLookUp, uiMost);
-    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
-    {
-        const SCodeTimings oTimings = GetCodeTimings(oCodes.m_auiCode[i]);
-        SVicCodeEntryLookUp oLookUp = oCodes.m_aoSource[i];
-        for (unsigned int j = 0; j < oTimings.m_uiCount; ++j)
-        {
-            AddOnce(oFill, oTimings.m_aoEntry[j]);
-            oLookUp.m_uiVic = oTimings.m_aoEntry[j].m_uiVic;
-            oFillLookUp.Add(oLookUp);
-        }
-    }
-}
-
-// The timings in YCbCr 4:2:0: capability maps first, then the 4:2:0 video blocks.
-void CEdidExtBlockCEA861::List420Timings(const SAllCodes& oCodes)
-{
-    CListFill<SVicCodeEntry> oFill(m_aoVicCode420, GetMost420Timings());
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_Yuv420CapabilityMap);)
-    {
-        if (oWalk.GetLength() == 0) // all ordinary timings, uncompared
-        {
-            for (unsigned int i = 0; i < m_aoVicCode.GetCount(); ++i)
-            {
-                oFill.Add(m_aoVicCode.GetData()[i]);
-            }
-        }
-        for (unsigned int uiBit = 0; uiBit < 8 * oWalk.GetLength(); ++uiBit)
-        {
-            if ((oWalk.GetByte(uiBit / 8) >> uiBit % 8 & 1) == 0)
-            {
-                continue;
-            }
-            if (uiBit >= oCodes.m_uiCount)
-            {
-                MASSERT_FAILED();
-                continue;
-            }
-            AddCode(oFill, oCodes.m_auiCode[uiBit]);
-        }
-    }
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_Yuv420Video);)
-    {
-        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
-        {
-            AddCode(oFill, oWalk.GetByte(i));
-        }
-    }
-}
-
-// As many as there can be: two for each bit set and for each short video descriptor.
-unsigned int CEdidExtBlockCEA861::GetMost420Timings() const
-{
-    unsigned int uiCodes = 0;
-    unsigned int uiCopies = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_Yuv420CapabilityMap);)
-    {
-        uiCopies += oWalk.GetLength() == 0 ? 1U : 0U;
-        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
-        {
-            uiCodes += static_cast<unsigned int>(std::popcount(oWalk.GetByte(i)));
-        }
-    }
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861ExtTag_Yuv420Video);)
-    {
-        uiCodes += oWalk.GetLength();
-    }
-    return uiCopies * m_aoVicCode.GetCount() + 2 * uiCodes;
-}
-
 // An entry of GetStandard's numbering; the caller has tested the index.
-CEdidExtBlockCEA861::SVicCodeEntry CEdidExtBlockCEA861::GetVicCodeEntry(unsigned int uiIndex) const
+const CEdidExtBlockCEA861::SVicCodeEntry& CEdidExtBlockCEA861::GetVicCodeEntry(unsigned int uiIndex) const
 {
     const unsigned int uiOrdinary = m_aoVicCode.GetCount();
-    return uiIndex < uiOrdinary ? m_aoVicCode.GetData()[uiIndex] : m_aoVicCode420.GetData()[uiIndex - uiOrdinary];
+    return uiIndex < uiOrdinary ? m_aoVicCode[uiIndex] : m_aoVicCode420[uiIndex - uiOrdinary];
 }
 
 int CEdidExtBlockCEA861::ExtractSvdCodeInfo(unsigned int uiCode, unsigned int* puiVic, int* piNative)
@@ -355,15 +398,15 @@ int CEdidExtBlockCEA861::ExtractSvdCodeInfo(unsigned int uiCode, unsigned int* p
     }
     if (piNative != nullptr)
     {
-        *piNative = bValid && uiCode >= gsc_uiNativeBit;
+        *piNative = bValid && uiCode >= gsc_uiNativeBit ? 1 : 0;
     }
-    return bValid;
+    return bValid ? 1 : 0;
 }
 
 int CEdidExtBlockCEA861::IsSupportedSvd(unsigned int uiCode)
 {
     unsigned int uiVic = 0;
-    return ExtractSvdCodeInfo(uiCode, &uiVic, nullptr) && CVidParamCea::IsVicSupported(uiVic);
+    return ExtractSvdCodeInfo(uiCode, &uiVic, nullptr) != 0 ? CVidParamCea::IsVicSupported(uiVic) : 0;
 }
 
 // ---- Colour depth ----
@@ -371,16 +414,17 @@ int CEdidExtBlockCEA861::IsSupportedSvd(unsigned int uiCode)
 int CEdidExtBlockCEA861::GetColorBitDepthSupport(unsigned int& uiBits)
 {
     uiBits = 0;
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific);)
+    const CCea861Editor oEditor = EditBytes();
+    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
     {
-        unsigned char* pui8Payload = GetHdmiPayload(oWalk);
+        unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
         if (pui8Payload == nullptr)
         {
             continue;
         }
         CHdmi1xVsdb oVsdb(oWalk.GetLength(), pui8Payload);
         unsigned int uiBlockBits = 0;
-        if (!oVsdb.GetColorBitDepthSupport(uiBlockBits))
+        if (oVsdb.GetColorBitDepthSupport(uiBlockBits) == 0)
         {
             MASSERT_FAILED();
             return 0;
@@ -393,16 +437,17 @@ int CEdidExtBlockCEA861::GetColorBitDepthSupport(unsigned int& uiBits)
 int CEdidExtBlockCEA861::SetColorBitDepthSupport(unsigned int uiBits)
 {
     const unsigned int uiLists = GetTouchedLists(0);
+    const CCea861Editor oEditor = EditBytes();
     CCea861Undo oUndo(m_aui8Raw.GetData());
-    for (CDataBlockWalk oWalk(*this); oWalk.Next(eCea861Tag_VendorSpecific);)
+    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
     {
-        unsigned char* pui8Payload = GetHdmiPayload(oWalk);
+        unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
         if (pui8Payload == nullptr)
         {
             continue;
         }
         CHdmi1xVsdb oVsdb(oWalk.GetLength(), pui8Payload);
-        if (!oVsdb.SetColorBitDepthSupport(uiBits))
+        if (oVsdb.SetColorBitDepthSupport(uiBits) == 0)
         {
             MASSERT_FAILED();
             return 0;

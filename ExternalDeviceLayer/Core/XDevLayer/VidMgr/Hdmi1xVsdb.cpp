@@ -3,6 +3,7 @@
 
 #include "Hdmi1xVsdb.h"
 
+#include "ByteFields.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
@@ -10,6 +11,7 @@ namespace
 {
 // Offsets in the payload.
 constexpr unsigned int gsc_uiCapabilityOffset = 5;
+constexpr ByteFields::SBits gsc_oDepth = { gsc_uiCapabilityOffset, 4, 3 };
 constexpr unsigned int gsc_uiPresenceOffset = 7;
 constexpr unsigned int gsc_uiLatencyOffset = 8;
 
@@ -22,25 +24,18 @@ constexpr unsigned int gsc_uiInterlacedLatencyPresent = 0x40;
 constexpr unsigned int gsc_uiVideoPresent = 0x20;
 constexpr unsigned int gsc_uiLatencySize = 2; // bytes, for each kind
 
-// Offsets from the video fields.
-constexpr unsigned int gsc_uiLengthsOffset = 1;
+// From the video fields on.
+constexpr ByteFields::SBits gsc_oVicCount = { 1, 5, 3 }; // the bits below are the length of the 3D data
 constexpr unsigned int gsc_uiVicsOffset = 2;
-constexpr unsigned int gsc_uiVicCountShift = 5; // in the lengths byte; the bits below are the length of the 3D data
-constexpr unsigned int gsc_uiVicCountUnit = 1U << gsc_uiVicCountShift;
-
-// Depth bits 2 to 0 stand for bits 6 to 4 of the capability byte.
-constexpr unsigned int gsc_uiDepthShift = 4;
-constexpr unsigned int gsc_uiDepthBits = 0x7;
-constexpr unsigned int gsc_uiDepthMask = gsc_uiDepthBits << gsc_uiDepthShift;
 
 // CEA VIC of HDMI VIC 1, 2, 3, 4.
 constexpr unsigned char gsc_aui8CeaVics[] = { 95, 94, 93, 98 };
-}
+} // namespace
 
 CHdmi1xVsdb::CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload)
     : m_pui8Fixed(nullptr), m_pui8Video(nullptr), m_pui8Payload(pui8Payload), m_uiPayloadLength(uiLength)
 {
-    if (IsSupported(uiLength, pui8Payload))
+    if (IsSupported(uiLength, pui8Payload) != 0)
     {
         ExtractTimings();
     }
@@ -59,7 +54,7 @@ int CHdmi1xVsdb::IsSupported(unsigned int uiLength, const unsigned char* pui8Pay
         MASSERT_FAILED();
         return 0;
     }
-    return ZorTools_memcmp(pui8Payload, msc_aui8IeeOuiHdmi1x, sizeof(msc_aui8IeeOuiHdmi1x)) == 0;
+    return ZorTools_memcmp(pui8Payload, msc_aui8IeeOuiHdmi1x, sizeof(msc_aui8IeeOuiHdmi1x)) == 0 ? 1 : 0;
 }
 
 // Points m_pui8Video at the video fields and returns the number of HDMI VICs behind them; 0 when the fields are absent
@@ -82,7 +77,7 @@ unsigned int CHdmi1xVsdb::FindVics()
         return 0;
     }
     m_pui8Video = m_pui8Payload + uiVideoOffset;
-    const unsigned int uiCount = static_cast<unsigned int>(m_pui8Video[gsc_uiLengthsOffset]) >> gsc_uiVicCountShift;
+    const unsigned int uiCount = gsc_oVicCount.Read(m_pui8Video);
     return uiCount <= m_uiPayloadLength - uiVicsOffset ? uiCount : 0;
 }
 
@@ -94,9 +89,9 @@ unsigned int CHdmi1xVsdb::ExtractTimings()
     for (unsigned int i = 0; i < uiCount; ++i)
     {
         unsigned char ui8CeaVic = 0;
-        if (ConvertHdmiVicToCeaVic(m_pui8Video[gsc_uiVicsOffset + i], ui8CeaVic))
+        if (ConvertHdmiVicToCeaVic(m_pui8Video[gsc_uiVicsOffset + i], ui8CeaVic) != 0)
         {
-            m_aui8CeaVic.GetData()[uiKnown++] = ui8CeaVic;
+            m_aui8CeaVic.SetAt(static_cast<int>(uiKnown++), ui8CeaVic);
         }
     }
     m_aui8CeaVic.SetCount(uiKnown, -1);
@@ -105,7 +100,7 @@ unsigned int CHdmi1xVsdb::ExtractTimings()
 
 unsigned int CHdmi1xVsdb::EnumCea861Vic(unsigned int uiIndex) const
 {
-    return uiIndex < m_aui8CeaVic.GetCount() ? m_aui8CeaVic.GetData()[uiIndex] : 0;
+    return uiIndex < m_aui8CeaVic.GetCount() ? m_aui8CeaVic[uiIndex] : 0;
 }
 
 int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
@@ -127,8 +122,7 @@ int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
         const unsigned int uiBehind = uiCount - i - 1;
         ZorTools_memmove(pui8Vic, pui8Vic + 1, uiBehind);
         pui8Vic[uiBehind] = 0;
-        unsigned char& ui8Lengths = m_pui8Video[gsc_uiLengthsOffset];
-        ui8Lengths = static_cast<unsigned char>(ui8Lengths - gsc_uiVicCountUnit);
+        gsc_oVicCount.Write(m_pui8Video, uiCount - 1);
         ExtractTimings();
         return 1;
     }
@@ -154,7 +148,7 @@ int CHdmi1xVsdb::GetColorBitDepthSupport(unsigned int& uiBits)
         return 0;
     }
     m_pui8Fixed = m_pui8Payload;
-    uiBits = (static_cast<unsigned int>(m_pui8Fixed[gsc_uiCapabilityOffset]) >> gsc_uiDepthShift) & gsc_uiDepthBits;
+    uiBits = gsc_oDepth.Read(m_pui8Fixed);
     return 1;
 }
 
@@ -166,8 +160,6 @@ int CHdmi1xVsdb::SetColorBitDepthSupport(unsigned int uiBits)
         return 0;
     }
     m_pui8Fixed = m_pui8Payload;
-    unsigned char& ui8Capability = m_pui8Fixed[gsc_uiCapabilityOffset];
-    const unsigned int uiDepth = (uiBits & gsc_uiDepthBits) << gsc_uiDepthShift;
-    ui8Capability = static_cast<unsigned char>((ui8Capability & ~gsc_uiDepthMask) | uiDepth);
+    gsc_oDepth.Write(m_pui8Fixed, uiBits);
     return 1;
 }

@@ -1,28 +1,19 @@
 // The DisplayID section of an extension block: walking its data blocks, its detailed timings, its tile declaration.
-// Whether an extension block comes here at all is decided in EdidExtBlock.cpp.
+// Whether an extension block comes here at all is decided in EdidExtBlockFactory.cpp.
 
 #include "EdidExtBlockDisplayID.h"
 
+#include "ByteFields.h"
+#include "EdidDetailedTiming.h"
 #include "EdidUtils.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
-// Payload of a tile declaration.
-struct CEdidExtBlockDisplayID::STiledTopologyRaw
-{
-    unsigned char m_ui8Capabilities;
-    unsigned char m_ui8CountLow;     // across in bits 7 to 4, down in bits 3 to 0: bits 3 to 0 of the count minus 1
-    unsigned char m_ui8LocationLow;  // the same of the location, which counts from 0
-    unsigned char m_ui8High;         // bits 5 to 4 of: count across, count down, location across, location down
-    unsigned char m_aui8Width[2];    // pixels minus 1
-    unsigned char m_aui8Height[2];   // lines minus 1
-    unsigned char m_aui8NotRead[14]; // bezel, serial number of the display
-};
+using namespace ByteFields;
 
 namespace
 {
-constexpr unsigned int gsc_uiSmallestBlockSize = 128;
 constexpr unsigned int gsc_uiExtensionTag = 0x70;
 constexpr unsigned int gsc_uiHighestRevision = 0x12;
 
@@ -41,40 +32,50 @@ constexpr unsigned int gsc_uiEndTag = 0; // ends the data blocks
 constexpr unsigned int gsc_uiDataBlockRevisionMask = 0x07;
 constexpr unsigned int gsc_uiDataBlockHeaderSize = sizeof(CEdidExtBlockDisplayID::SDataBlockHeader);
 
+// A tile declaration, from the first byte of its payload. Counts, width and height are stored minus 1; what is not named
+// here (bezel, identity of the display) is not read.
 constexpr unsigned int gsc_uiTiledTopologySize = 22;
+constexpr SBits gsc_oSingleEnclosure = { 0, 7, 1 };
+constexpr SBits gsc_oBezelInfo = { 0, 6, 1 };
+constexpr SBits gsc_oMultiTileBehaviour = { 0, 3, 2 };
+constexpr SBits gsc_oSingleTileBehaviour = { 0, 0, 3 };
+// clang-format off
+//                                          low bits         high bits
+//                                        byte shift width   byte shift width
+constexpr SSplitField gsc_oTileCountX    {{  1, 4, 4 },      { 3, 6, 2 }};
+constexpr SSplitField gsc_oTileCountY    {{  1, 0, 4 },      { 3, 4, 2 }};
+constexpr SSplitField gsc_oTileLocationX {{  2, 4, 4 },      { 3, 2, 2 }};
+constexpr SSplitField gsc_oTileLocationY {{  2, 0, 4 },      { 3, 0, 2 }};
+// clang-format on
+constexpr unsigned int gsc_uiTileWidthOffset = 4;  // two bytes, pixels
+constexpr unsigned int gsc_uiTileHeightOffset = 6; // two bytes, lines
 
-constexpr unsigned int gsc_uiSingleEnclosureMask = 0x80;
-constexpr unsigned int gsc_uiBezelInfoMask = 0x40;
-constexpr unsigned int gsc_uiMultiTileAtLocation = 1;  // bits 4 to 3
-constexpr unsigned int gsc_uiSingleTileAtLocation = 1; // bits 2 to 0, these three
+// Values of the two behaviours.
+constexpr unsigned int gsc_uiMultiTileAtLocation = 1;
+constexpr unsigned int gsc_uiSingleTileAtLocation = 1;
 constexpr unsigned int gsc_uiSingleTileScaled = 2;
 constexpr unsigned int gsc_uiSingleTileCloned = 3;
 
-constexpr unsigned int MultiTileBehaviour(unsigned int uiCapabilities) { return uiCapabilities >> 3 & 0x03; }
-constexpr unsigned int SingleTileBehaviour(unsigned int uiCapabilities) { return uiCapabilities & 0x07; }
+// Timing records.
+constexpr unsigned int gsc_uiClockUnitInKiloHz = 10;
+constexpr unsigned int gsc_uiInterlacedMask = 0x10; // of the flags of both types
 
-// Flags of the timing records.
-constexpr unsigned int gsc_uiInterlacedMask = 0x10;
-constexpr unsigned int gsc_uiType2HorizontalPositiveMask = 0x08;
-constexpr unsigned int gsc_uiType2VerticalPositiveMask = 0x04;
-constexpr unsigned int gsc_uiType1PositiveMask = 0x8000; // in the two front porch fields
+// Type I: the two front porch fields.
+constexpr unsigned int gsc_uiType1PositiveMask = 0x8000;
 constexpr unsigned int gsc_uiType1PorchMask = 0x7FFF;
 
-constexpr unsigned int gsc_uiClockUnitInKiloHz = 10;
+// Type II, from the first byte of the record.
 constexpr unsigned int gsc_uiType2PixelUnit = 8;
-
-constexpr unsigned int HighNibble(unsigned int uiByte) { return uiByte >> 4; }
-constexpr unsigned int LowNibble(unsigned int uiByte) { return uiByte & 0x0F; }
-
-unsigned int ReadTwoBytes(const unsigned char (&aui8Field)[2])
-{
-    return aui8Field[0] | static_cast<unsigned int>(aui8Field[1]) << 8;
-}
-
-unsigned int ReadThreeBytes(const unsigned char (&aui8Field)[3])
-{
-    return aui8Field[0] | static_cast<unsigned int>(aui8Field[1]) << 8 | static_cast<unsigned int>(aui8Field[2]) << 16;
-}
+constexpr SBits gsc_oType2HorizontalPositive = { 3, 3, 1 };
+constexpr SBits gsc_oType2VerticalPositive = { 3, 2, 1 };
+constexpr SSplitField gsc_oType2HorizontalActive = { { 4, 0, 8 }, { 5, 0, 1 } };
+constexpr SBits gsc_oType2HorizontalBlank = { 5, 1, 7 };
+constexpr SBits gsc_oType2HorizontalFrontPorch = { 6, 4, 4 };
+constexpr SBits gsc_oType2HorizontalSync = { 6, 0, 4 };
+constexpr SSplitField gsc_oType2VerticalActive = { { 7, 0, 8 }, { 8, 0, 4 } };
+constexpr SBits gsc_oType2VerticalBlank = { 9, 0, 8 };
+constexpr SBits gsc_oType2VerticalFrontPorch = { 10, 4, 4 };
+constexpr SBits gsc_oType2VerticalSync = { 10, 0, 4 };
 
 const unsigned char* PayloadOf(const CEdidExtBlockDisplayID::SDataBlockHeader* poBlock)
 {
@@ -147,38 +148,25 @@ bool AppendRecords(const BLOCKS& apoBlocks, CMArray<const RECORD*, const RECORD*
     return true;
 }
 
-// A decoded record: values, not values minus 1, in pixels and lines.
-struct SAxis
+// Of both types; the clock as stored.
+void StoreTiming(unsigned int uiClockField, unsigned int uiFlags, const SDetailedAxis& oHorizontal,
+                 const SDetailedAxis& oVertical, CVidParamTiming& oTiming)
 {
-    unsigned int m_uiActive;
-    unsigned int m_uiBlank;
-    unsigned int m_uiFrontPorch;
-    unsigned int m_uiSync;
-    int m_bPositive;
-};
-
-void StoreTiming(unsigned int uiClockField, int bInterlaced, const SAxis& oHorizontal, const SAxis& oVertical,
-                 CVidParamTiming* poTiming)
-{
-    poTiming->SetPixelClockInKiloHz((uiClockField + 1) * gsc_uiClockUnitInKiloHz);
-    poTiming->SetInterlaced(bInterlaced);
-    // A sync or porch beyond the blanking leaves a back porch that has wrapped.
-    poTiming->SetHorizontalActive(oHorizontal.m_uiActive);
-    poTiming->SetHorizontalFrontPorch(oHorizontal.m_uiFrontPorch);
-    poTiming->SetHorizontalSync(oHorizontal.m_uiSync);
-    poTiming->SetHorizontalBackPorch(oHorizontal.m_uiBlank - poTiming->GetHorizontalSync() -
-                                     poTiming->GetHorizontalFrontPorch());
-    poTiming->SetHorizontalPolarityPositive(oHorizontal.m_bPositive);
-    poTiming->SetVerticalActive(oVertical.m_uiActive);
-    poTiming->SetVerticalFrontPorch(oVertical.m_uiFrontPorch);
-    poTiming->SetVerticalSync(oVertical.m_uiSync);
-    poTiming->SetVerticalBackPorch(oVertical.m_uiBlank - poTiming->GetVerticalSync() -
-                                   poTiming->GetVerticalFrontPorch());
-    poTiming->SetVerticalPolarityPositive(oVertical.m_bPositive);
-    poTiming->SetHorizontalRateInHz(poTiming->ComputeHorizontalRateInHz());
-    poTiming->SetVerticalRateInHz(poTiming->ComputeVerticalRateInHz());
-    poTiming->SetVideoFamilyType(CVidParamTiming::eVidParamType_Detailed);
+    StoreDetailedTiming({ (uiClockField + 1) * gsc_uiClockUnitInKiloHz, (uiFlags & gsc_uiInterlacedMask) != 0, true,
+                          oHorizontal, oVertical },
+                        oTiming);
 }
+
+// The axis of a Type I record, its active size as stored. The front porch shares its field with the polarity.
+SDetailedAxis ReadType1Axis(unsigned int uiActive, const unsigned char (&aui8Blank)[2],
+                            const unsigned char (&aui8FrontPorch)[2], const unsigned char (&aui8Sync)[2])
+{
+    const unsigned int uiFrontPorch = ReadLittle16(aui8FrontPorch);
+    return { uiActive + 1, ReadLittle16(aui8Blank) + 1, (uiFrontPorch & gsc_uiType1PorchMask) + 1,
+             ReadLittle16(aui8Sync) + 1, (uiFrontPorch & gsc_uiType1PositiveMask) != 0 };
+}
+
+constexpr unsigned int Type2Pixels(unsigned int uiField) { return (uiField + 1) * gsc_uiType2PixelUnit; }
 
 void StoreFlag(int* piDestination, bool bValue)
 {
@@ -187,17 +175,11 @@ void StoreFlag(int* piDestination, bool bValue)
         *piDestination = bValue ? 1 : 0;
     }
 }
-
-// Bits 5 to 0 of a tile number: the low nibble, and two bits of the shared byte.
-constexpr unsigned int JoinTileBits(unsigned int uiLow, unsigned int uiHigh, unsigned int uiShift)
-{
-    return uiLow | (uiHigh >> uiShift & 0x03) << 4;
-}
-}
+} // namespace
 
 int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, const unsigned char* pui8Data)
 {
-    if (uiSize < gsc_uiSmallestBlockSize || pui8Data == nullptr)
+    if (uiSize < CEdidUtils::msc_uiBlockSize || pui8Data == nullptr)
     {
         MASSERT_FAILED();
         return 0;
@@ -218,16 +200,25 @@ int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, const unsigned char
 
 CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(unsigned int uiSize, const unsigned char* pui8Data)
 {
-    if (IsSupported(uiSize, pui8Data) == 0)
+    if (IsSupported(uiSize, pui8Data) != 0)
     {
-        return;
+        Load(uiSize, pui8Data);
     }
+}
+
+CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(SSupported, unsigned int uiSize, const unsigned char* pui8Data)
+{
+    Load(uiSize, pui8Data);
+}
+
+void CEdidExtBlockDisplayID::Load(unsigned int uiSize, const unsigned char* pui8Data)
+{
     m_uiExtensionType = gsc_uiExtensionTag;
     m_uiRevision = pui8Data[gsc_uiRevisionOffset];
     m_aui8Raw.SetCount(uiSize, -1);
     ZorTools_memcpy(m_aui8Raw.GetData(), pui8Data, uiSize);
 
-    if (ReadDataBlocks() != 0)
+    if (ReadDataBlocks())
     {
         ExtractDetailedTimings();
     }
@@ -266,18 +257,19 @@ int CEdidExtBlockDisplayID::GetTiledDisplayCapabilities(int* piSingleEnclosure, 
                                                         int* piMultiTileAtLocation, int* piSingleTileAtLocation,
                                                         int* piSingleTileScaled, int* piSingleTileCloned)
 {
-    const STiledTopologyRaw* poTile = GetTiledTopology();
-    if (poTile == nullptr)
+    const unsigned char* pui8Tile = GetTiledTopology();
+    if (pui8Tile == nullptr)
     {
         return 0;
     }
-    const unsigned int uiCapabilities = poTile->m_ui8Capabilities;
-    StoreFlag(piSingleEnclosure, (uiCapabilities & gsc_uiSingleEnclosureMask) != 0);
-    StoreFlag(piBezelInfoPresent, (uiCapabilities & gsc_uiBezelInfoMask) != 0);
-    StoreFlag(piMultiTileAtLocation, MultiTileBehaviour(uiCapabilities) == gsc_uiMultiTileAtLocation);
-    StoreFlag(piSingleTileAtLocation, SingleTileBehaviour(uiCapabilities) == gsc_uiSingleTileAtLocation);
-    StoreFlag(piSingleTileScaled, SingleTileBehaviour(uiCapabilities) == gsc_uiSingleTileScaled);
-    StoreFlag(piSingleTileCloned, SingleTileBehaviour(uiCapabilities) == gsc_uiSingleTileCloned);
+    const unsigned int uiMultiTile = gsc_oMultiTileBehaviour.Read(pui8Tile);
+    const unsigned int uiSingleTile = gsc_oSingleTileBehaviour.Read(pui8Tile);
+    StoreFlag(piSingleEnclosure, gsc_oSingleEnclosure.IsSet(pui8Tile));
+    StoreFlag(piBezelInfoPresent, gsc_oBezelInfo.IsSet(pui8Tile));
+    StoreFlag(piMultiTileAtLocation, uiMultiTile == gsc_uiMultiTileAtLocation);
+    StoreFlag(piSingleTileAtLocation, uiSingleTile == gsc_uiSingleTileAtLocation);
+    StoreFlag(piSingleTileScaled, uiSingleTile == gsc_uiSingleTileScaled);
+    StoreFlag(piSingleTileCloned, uiSingleTile == gsc_uiSingleTileCloned);
     return 1;
 }
 
@@ -285,17 +277,17 @@ int CEdidExtBlockDisplayID::GetTopologyDescription(unsigned int& uiTileLocationX
                                                    unsigned int& uiTileCountX, unsigned int& uiTileCountY,
                                                    unsigned int& uiTileWidth, unsigned int& uiTileHeight)
 {
-    const STiledTopologyRaw* poTile = GetTiledTopology();
-    if (poTile == nullptr)
+    const unsigned char* pui8Tile = GetTiledTopology();
+    if (pui8Tile == nullptr)
     {
         return 0;
     }
-    uiTileLocationX = JoinTileBits(HighNibble(poTile->m_ui8LocationLow), poTile->m_ui8High, 2);
-    uiTileLocationY = JoinTileBits(LowNibble(poTile->m_ui8LocationLow), poTile->m_ui8High, 0);
-    uiTileCountX = JoinTileBits(HighNibble(poTile->m_ui8CountLow), poTile->m_ui8High, 6) + 1;
-    uiTileCountY = JoinTileBits(LowNibble(poTile->m_ui8CountLow), poTile->m_ui8High, 4) + 1;
-    uiTileWidth = ReadTwoBytes(poTile->m_aui8Width) + 1;
-    uiTileHeight = ReadTwoBytes(poTile->m_aui8Height) + 1;
+    uiTileLocationX = gsc_oTileLocationX.Read(pui8Tile);
+    uiTileLocationY = gsc_oTileLocationY.Read(pui8Tile);
+    uiTileCountX = gsc_oTileCountX.Read(pui8Tile) + 1;
+    uiTileCountY = gsc_oTileCountY.Read(pui8Tile) + 1;
+    uiTileWidth = ReadLittle16(pui8Tile + gsc_uiTileWidthOffset) + 1;
+    uiTileHeight = ReadLittle16(pui8Tile + gsc_uiTileHeightOffset) + 1;
     return 1;
 }
 
@@ -338,26 +330,19 @@ int CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam(const SDisplayIdType1
         MASSERT_FAILED();
         return 0;
     }
-    const unsigned int uiClock = ReadThreeBytes(poRaw->m_aui8PixelClock);
-    const unsigned int uiHorizontalActive = ReadTwoBytes(poRaw->m_aui8HorizontalActive);
-    const unsigned int uiVerticalActive = ReadTwoBytes(poRaw->m_aui8VerticalActive);
+    const unsigned int uiClock = ReadLittle24(poRaw->m_aui8PixelClock);
+    const unsigned int uiHorizontalActive = ReadLittle16(poRaw->m_aui8HorizontalActive);
+    const unsigned int uiVerticalActive = ReadLittle16(poRaw->m_aui8VerticalActive);
     if (uiHorizontalActive == 0 || uiVerticalActive == 0 || uiClock == 0)
     {
         return 0;
     }
-
-    const auto ReadAxis = [](unsigned int uiActive, const unsigned char(&aui8Blank)[2],
-                             const unsigned char(&aui8FrontPorch)[2], const unsigned char(&aui8Sync)[2]) {
-        const unsigned int uiFrontPorch = ReadTwoBytes(aui8FrontPorch);
-        return SAxis{ uiActive + 1, ReadTwoBytes(aui8Blank) + 1, (uiFrontPorch & gsc_uiType1PorchMask) + 1,
-                      ReadTwoBytes(aui8Sync) + 1, (uiFrontPorch & gsc_uiType1PositiveMask) != 0 };
-    };
-    StoreTiming(uiClock, (poRaw->m_ui8Flags & gsc_uiInterlacedMask) != 0,
-                ReadAxis(uiHorizontalActive, poRaw->m_aui8HorizontalBlank, poRaw->m_aui8HorizontalFrontPorch,
-                         poRaw->m_aui8HorizontalSync),
-                ReadAxis(uiVerticalActive, poRaw->m_aui8VerticalBlank, poRaw->m_aui8VerticalFrontPorch,
-                         poRaw->m_aui8VerticalSync),
-                poTiming);
+    StoreTiming(uiClock, poRaw->m_ui8Flags,
+                ReadType1Axis(uiHorizontalActive, poRaw->m_aui8HorizontalBlank, poRaw->m_aui8HorizontalFrontPorch,
+                              poRaw->m_aui8HorizontalSync),
+                ReadType1Axis(uiVerticalActive, poRaw->m_aui8VerticalBlank, poRaw->m_aui8VerticalFrontPorch,
+                              poRaw->m_aui8VerticalSync),
+                *poTiming);
     return 1;
 }
 
@@ -369,31 +354,28 @@ int CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam(const SDisplayIdType2
         MASSERT_FAILED();
         return 0;
     }
-    const unsigned int uiHorizontalActive = poRaw->m_ui8HorizontalActiveLow | (poRaw->m_ui8HorizontalBlank & 0x01U)
-                                                                                  << 8;
-    const unsigned int uiVerticalActive = poRaw->m_ui8VerticalActiveLow | LowNibble(poRaw->m_ui8VerticalActiveHigh)
-                                                                              << 8;
+    const unsigned char* pui8Raw = reinterpret_cast<const unsigned char*>(poRaw); // the record holds bytes only
+    const unsigned int uiHorizontalActive = gsc_oType2HorizontalActive.Read(pui8Raw);
+    const unsigned int uiVerticalActive = gsc_oType2VerticalActive.Read(pui8Raw);
     if (uiHorizontalActive == 0 || uiVerticalActive == 0)
     {
         return 0;
     }
-
-    const auto Pixels = [](unsigned int uiField) { return (uiField + 1) * gsc_uiType2PixelUnit; };
-    const SAxis oHorizontal = { Pixels(uiHorizontalActive), Pixels(poRaw->m_ui8HorizontalBlank >> 1),
-                                Pixels(HighNibble(poRaw->m_ui8HorizontalFrontPorchSync)),
-                                Pixels(LowNibble(poRaw->m_ui8HorizontalFrontPorchSync)),
-                                (poRaw->m_ui8Flags & gsc_uiType2HorizontalPositiveMask) != 0 };
-    const SAxis oVertical = { uiVerticalActive + 1, poRaw->m_ui8VerticalBlank + 1U,
-                              HighNibble(poRaw->m_ui8VerticalFrontPorchSync) + 1,
-                              LowNibble(poRaw->m_ui8VerticalFrontPorchSync) + 1,
-                              (poRaw->m_ui8Flags & gsc_uiType2VerticalPositiveMask) != 0 };
-    StoreTiming(ReadThreeBytes(poRaw->m_aui8PixelClock), (poRaw->m_ui8Flags & gsc_uiInterlacedMask) != 0, oHorizontal,
-                oVertical, poTiming);
+    const SDetailedAxis oHorizontal = { Type2Pixels(uiHorizontalActive),
+                                        Type2Pixels(gsc_oType2HorizontalBlank.Read(pui8Raw)),
+                                        Type2Pixels(gsc_oType2HorizontalFrontPorch.Read(pui8Raw)),
+                                        Type2Pixels(gsc_oType2HorizontalSync.Read(pui8Raw)),
+                                        gsc_oType2HorizontalPositive.IsSet(pui8Raw) };
+    const SDetailedAxis oVertical = { uiVerticalActive + 1, gsc_oType2VerticalBlank.Read(pui8Raw) + 1,
+                                      gsc_oType2VerticalFrontPorch.Read(pui8Raw) + 1,
+                                      gsc_oType2VerticalSync.Read(pui8Raw) + 1,
+                                      gsc_oType2VerticalPositive.IsSet(pui8Raw) };
+    StoreTiming(ReadLittle24(poRaw->m_aui8PixelClock), poRaw->m_ui8Flags, oHorizontal, oVertical, *poTiming);
     return 1;
 }
 
-// Collects the understood data blocks; 0 when a bad one ended the walk.
-int CEdidExtBlockDisplayID::ReadDataBlocks()
+// Collects the understood data blocks; false when a bad one ended the walk.
+bool CEdidExtBlockDisplayID::ReadDataBlocks()
 {
     // The map makes an entry for every tag that is asked for. Made here, later questions need no memory.
     for (const SDataBlockRule& oRule : gsc_aoDataBlockRules)
@@ -413,13 +395,13 @@ int CEdidExtBlockDisplayID::ReadDataBlocks()
             if (!IsDataBlockGood(*poRule, *poBlock, m_aui8Raw.GetCount() - uiOffset))
             {
                 MASSERT_FAILED();
-                return 0;
+                return false;
             }
             GetDataBlocks(poRule->m_eTag).Add(poBlock);
         }
         uiOffset += poBlock->m_ui8PayloadLength;
     }
-    return 1;
+    return true;
 }
 
 // Lists the records of all timing blocks; the result is their number.
@@ -439,14 +421,13 @@ CEdidExtBlockDisplayID::DataBlockList& CEdidExtBlockDisplayID::GetDataBlocks(EDi
     return m_oDataBlocks[eTag];
 }
 
-// The first tile declaration; null without one.
-const CEdidExtBlockDisplayID::STiledTopologyRaw* CEdidExtBlockDisplayID::GetTiledTopology()
+// The payload of the first tile declaration; null without one.
+const unsigned char* CEdidExtBlockDisplayID::GetTiledTopology()
 {
-    static_assert(sizeof(STiledTopologyRaw) == gsc_uiTiledTopologySize);
     if (m_aui8Raw.GetCount() == 0)
     {
         return nullptr; // nothing was read, and the map would take memory for the question
     }
     const DataBlockList& apoBlocks = GetDataBlocks(eDisplayIdTag_TiledTopology);
-    return apoBlocks.GetCount() != 0 ? reinterpret_cast<const STiledTopologyRaw*>(PayloadOf(apoBlocks[0U])) : nullptr;
+    return apoBlocks.GetCount() != 0 ? PayloadOf(apoBlocks[0U]) : nullptr;
 }

@@ -141,12 +141,19 @@ public:
     static int ConvertDetailedType2ToVidParam(const SDisplayIdType2DetailedRaw* poRaw, CVidParamTiming* poTiming);
 
 private:
-    struct STiledTopologyRaw; // payload of a tile declaration
+    friend class CEdidExtBlock; // its factory has tested the bytes
+    struct SSupported
+    {
+    };
     using DataBlockList = CMArray<const SDataBlockHeader*, const SDataBlockHeader* const&>;
 
-    int ReadDataBlocks();
+    // For bytes that IsSupported has taken.
+    CEdidExtBlockDisplayID(SSupported, unsigned int uiSize, const unsigned char* pui8Data);
+    void Load(unsigned int uiSize, const unsigned char* pui8Data);
+
+    bool ReadDataBlocks();
     DataBlockList& GetDataBlocks(EDisplayID_DataBlockTags eTag);
-    const STiledTopologyRaw* GetTiledTopology();
+    const unsigned char* GetTiledTopology();
 
     CMArray<unsigned char, const unsigned char&> m_aui8Raw; // never changes after the constructor
     unsigned int m_uiExtensionType = 0;

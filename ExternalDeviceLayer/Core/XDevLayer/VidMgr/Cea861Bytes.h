@@ -1,5 +1,5 @@
-// The bytes of a CEA-861 block without its lists: where things stand, finding data blocks and descriptors, and the edits
-// that make room and close gaps. Private to the sources of CEdidExtBlockCEA861, which keeps the lists in step.
+// The bytes of a CEA-861 block without its lists: where things stand, finding data blocks and descriptors, and the
+// edits that make room and close gaps. Private to the sources of CEdidExtBlockCEA861, which keeps the lists in step.
 //
 // All offsets count from the first byte of the block; 0 means "not found". No byte outside the 128 is read or written,
 // whatever byte 2 and the headers of data blocks claim. Nothing here reports, throws or takes memory.
@@ -146,7 +146,7 @@ private:
 class CCea861Bytes
 {
 public:
-    // The revision is the one that the block was loaded with, so that the raw edits of byte 1 don't change the rules.
+    // The revision is the one that the block was loaded with: a raw edit of byte 1 does not change the rules.
     CCea861Bytes(const unsigned char* pui8Block, unsigned int uiRevision)
         : m_pui8Block(pui8Block), m_uiRevision(uiRevision)
     {
@@ -199,9 +199,9 @@ public:
     bool ZeroRange(unsigned int uiStart, unsigned int uiLength);
 
     // Makes room behind the last data block, writes the header there and raises byte 2. The result is the offset of the
-    // payload, whose bytes are the caller's to write: zero, unless there are no descriptors. 0 when there is no room, or
-    // when byte 2 would put the new block over tag, revision or flags; nothing has then changed. Like every addition it
-    // leaves the last content byte free.
+    // payload. Its bytes are the caller's to write: zero, or what stood there where there are no descriptors. 0, with
+    // nothing changed, when there is no room or byte 2 would put the new block over tag, revision or flags. Like every
+    // addition it leaves the last content byte free.
     unsigned int OpenDataBlock(unsigned int uiTag, unsigned int uiLength);
 
     // Makes room at the end of a data block, raises byte 2 and the length in the block's header, which must be able to

@@ -1,4 +1,4 @@
-// Loading, writing back and numbering over all blocks. What a block means is told in EdidBase.cpp,
+// Loading, writing back and numbering over all blocks. What a block means stands in EdidBase.cpp,
 // EdidBaseTimings.cpp and the classes behind CEdidExtBlock.
 
 #include "Edid.h"

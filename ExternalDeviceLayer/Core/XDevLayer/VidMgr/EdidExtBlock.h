@@ -35,8 +35,8 @@ public:
     virtual int IsStripped() const = 0;      // non-zero when data blocks were removed while loading
 
     // Tiling: a monitor that shows one picture out of several tiles, each with an EDID of its own. Non-zero when the
-    // block declares a tile. A block that knows nothing of tiles answers as here: 0, with every output 0. What each
-    // output means is told at CEdidExtBlockDisplayID. Pointers may be null.
+    // block declares a tile. A block that knows nothing of tiles answers as here: 0, with every output 0.
+    // CEdidExtBlockDisplayID describes the outputs. Pointers may be null.
     virtual int IsDisplayPartOfTiledTopology();
     virtual int GetTiledDisplayCapabilities(int* piSingleEnclosure, int* piBezelInfoPresent, int* piMultiTileAtLocation,
                                             int* piSingleTileAtLocation, int* piSingleTileScaled,

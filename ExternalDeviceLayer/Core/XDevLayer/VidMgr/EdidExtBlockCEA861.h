@@ -313,5 +313,5 @@ private:
     int m_bStripped = 0;
     CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
     CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
-    int m_bListsBehind = 0; // 1 while lists may tell of older bytes; the next edit then derives them all
+    int m_bListsBehind = 0; // 1 while lists may describe older bytes; the next edit then derives them all
 };

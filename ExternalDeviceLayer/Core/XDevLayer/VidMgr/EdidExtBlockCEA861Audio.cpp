@@ -17,7 +17,8 @@ namespace
 constexpr SDataBlockKind gsc_oAudioBlocks = { CEdidExtBlockCEA861::eCea861Tag_Audio, false };
 constexpr SDataBlockKind gsc_oSpeakerBlocks = { CEdidExtBlockCEA861::eCea861Tag_Speaker, false };
 
-// A short audio descriptor. Bit 7 of the first two bytes is reserved and kept as found; the third depends on the format.
+// A short audio descriptor. Bit 7 of the first two bytes is reserved and kept as found; the third depends on the
+// format.
 constexpr unsigned int gsc_uiAudioSize = 3;
 constexpr ByteFields::SBits gsc_oFormat = { 0, 3, 4 };
 constexpr ByteFields::SBits gsc_oChannelsMinus1 = { 0, 0, 3 };

@@ -32,8 +32,8 @@ constexpr unsigned int gsc_uiEndTag = 0; // ends the data blocks
 constexpr unsigned int gsc_uiDataBlockRevisionMask = 0x07;
 constexpr unsigned int gsc_uiDataBlockHeaderSize = sizeof(CEdidExtBlockDisplayID::SDataBlockHeader);
 
-// A tile declaration, from the first byte of its payload. Counts, width and height are stored minus 1; what is not named
-// here (bezel, identity of the display) is not read.
+// A tile declaration, from the first byte of its payload. Counts, width and height are stored minus 1. Bezel and
+// identity of the display are not read.
 constexpr unsigned int gsc_uiTiledTopologySize = 22;
 constexpr SBits gsc_oSingleEnclosure = { 0, 7, 1 };
 constexpr SBits gsc_oBezelInfo = { 0, 6, 1 };
@@ -93,12 +93,14 @@ struct SDataBlockRule
 
 constexpr unsigned int gsc_uiAnyNumber = 255;
 
+using CBlock = CEdidExtBlockDisplayID;
+
 // clang-format off
-//   tag                                                  revision  record size                                                     most
+//    tag                                revision  record size                                 most
 constexpr SDataBlockRule gsc_aoDataBlockRules[] = {
-    { CEdidExtBlockDisplayID::eDisplayIdTag_Type1Detailed,   1, sizeof(CEdidExtBlockDisplayID::SDisplayIdType1DetailedRaw), gsc_uiAnyNumber },
-    { CEdidExtBlockDisplayID::eDisplayIdTag_Type2Detailed,   0, sizeof(CEdidExtBlockDisplayID::SDisplayIdType2DetailedRaw), gsc_uiAnyNumber },
-    { CEdidExtBlockDisplayID::eDisplayIdTag_TiledTopology,   0, gsc_uiTiledTopologySize, 1 },
+    { CBlock::eDisplayIdTag_Type1Detailed,   1,    sizeof(CBlock::SDisplayIdType1DetailedRaw), gsc_uiAnyNumber },
+    { CBlock::eDisplayIdTag_Type2Detailed,   0,    sizeof(CBlock::SDisplayIdType2DetailedRaw), gsc_uiAnyNumber },
+    { CBlock::eDisplayIdTag_TiledTopology,   0,    gsc_uiTiledTopologySize,                    1 },
 };
 // clang-format on
 

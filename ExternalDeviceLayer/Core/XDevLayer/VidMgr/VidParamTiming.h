@@ -34,7 +34,7 @@ public:
 
     virtual ~CVidParamTiming() = 0;
 
-    // Resets the record to zero; what a storage class keeps beyond its record is told there.
+    // Resets the record to zero; each storage class says what it keeps beyond its record.
     virtual void ClearData() = 0;
 
     virtual unsigned int GetHorizontalActive() const = 0;

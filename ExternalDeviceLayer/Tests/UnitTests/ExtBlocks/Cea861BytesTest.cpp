@@ -1,0 +1,120 @@
+// The bytes of a CEA-861 block without its lists: finding data blocks, and the edits that move bytes.
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "Cea861Bytes.h"
+#include "TestBytes.h"
+
+namespace
+{
+// A whole block from its bytes from byte 2 on, then zeros; in place of the checksum a byte that no edit may touch.
+CBytes MakeBlock(const CBytes& aui8FromByte2)
+{
+    CBytes aui8Block = Join({ { 2, 3 }, aui8FromByte2 });
+    aui8Block.resize(127);
+    aui8Block.push_back(0xEE);
+    return aui8Block;
+}
+
+struct SFindCase
+{
+    const char* m_pszName;
+    unsigned char m_ui8Start; // byte 2
+    unsigned int m_uiRevision;
+    SDataBlockKind m_oKind;
+    unsigned int m_uiIndex;
+    SDataBlock m_oFound;
+};
+
+const SFindCase gsc_aoFindCases[] = {
+    { "first of its tag", 18, 3, { 1, false }, 0, { 5, 3 } },
+    { "an empty block is found", 18, 3, { 1, false }, 1, { 14, 0 } },
+    { "no third", 18, 3, { 1, false }, 2, { 0, 0 } },
+    { "behind the extended tag", 18, 3, { 14, true }, 0, { 12, 1 } },
+    { "a block without room for its extended tag ends the search", 18, 3, { 14, true }, 1, { 0, 0 } },
+    { "but is found by its tag", 18, 3, { 7, false }, 1, { 15, 0 } },
+    { "none below revision 3", 18, 2, { 1, false }, 0, { 0, 0 } },
+    { "a block may begin in front of byte 2's offset", 9, 3, { 2, false }, 0, { 9, 1 } },
+    { "and not at it", 8, 3, { 2, false }, 0, { 0, 0 } },
+    { "none over the header", 3, 3, { 1, false }, 0, { 0, 0 } },
+    { "a block up to byte 126", 255, 3, { 5, false }, 0, { 122, 5 } },
+    { "and none past it", 255, 3, { 6, false }, 0, { 0, 0 } },
+};
+
+TEST(Cea861Bytes, FindDataBlocks)
+{
+    CBytes aui8Block = MakeBlock({ 0, 0, 0x23, 7, 7, 7, 0x41, 16, 0xE2, 14, 95, 0x20, 0xE0, 0xE2, 14, 1 });
+    for (const SFindCase& oCase : gsc_aoFindCases)
+    {
+        SCOPED_TRACE(oCase.m_pszName);
+        aui8Block[2] = oCase.m_ui8Start;
+        aui8Block[121] = oCase.m_oKind.m_uiTag == 6 ? 0xC6 : 0xA5; // tag and length, the same number
+        const auto pui8Exact = CopyToHeap(aui8Block);
+        const CCea861Bytes oBytes(pui8Exact.get(), oCase.m_uiRevision);
+        const SDataBlock oFound = oBytes.FindDataBlock(oCase.m_oKind, oCase.m_uiIndex);
+        EXPECT_EQ(oCase.m_oFound.m_uiOffset, oFound.m_uiOffset);
+        EXPECT_EQ(oCase.m_oFound.m_uiLength, oFound.m_uiLength);
+    }
+}
+
+using CEdit = std::function<unsigned int(CCea861Editor&, unsigned int, unsigned int)>;
+const CEdit gsc_fnRemove = [](auto& o, unsigned int uiAt, unsigned int uiBy) { return o.RemoveRange(uiAt, uiBy); };
+const CEdit gsc_fnOpen = [](auto& o, unsigned int uiTag, unsigned int uiBy) { return o.OpenDataBlock(uiTag, uiBy); };
+const CEdit gsc_fnGrow = [](auto& o, unsigned int uiAt, unsigned int uiLength) {
+    return o.GrowDataBlock({ uiAt, uiLength }, 3);
+};
+const CEdit gsc_fnRemoveTag = [](auto& o, unsigned int uiTag, unsigned int) { return o.RemoveDataBlocks(uiTag); };
+
+struct SEditCase
+{
+    const char* m_pszName;
+    CBytes m_aui8Before; // from byte 2 on
+    CEdit m_fnEdit;
+    unsigned int m_uiFirst; // the edit's two arguments
+    unsigned int m_uiSecond;
+    unsigned int m_uiResult = 0;
+    CBytes m_aui8After = {}; // empty: nothing changes
+};
+
+const SEditCase gsc_aoEditCases[] = {
+    { "removal closes the gap", { 8, 0, 1, 2, 3, 4, 5 }, gsc_fnRemove, 5, 2, 1, { 8, 0, 1, 4, 5 } },
+    { "up to byte 126", { 8, 0, 1, 2 }, gsc_fnRemove, 5, 122, 1, { 8, 0, 1 } },
+    { "not past the block", { 4, 0, 1 }, gsc_fnRemove, 5, 124 },
+    { "nor around it", { 4, 0, 1 }, gsc_fnRemove, 5, ~0U },
+    { "nor the checksum", { 4, 0, 1 }, gsc_fnRemove, 0, 128 },
+    { "descriptors make room", { 6, 0, 0x41, 1, 7, 8 }, gsc_fnOpen, 3, 2, 7, { 9, 0, 0x41, 1, 0x62, 0, 0, 7, 8 } },
+    { "nothing else moves", { 6, 0, 0x41, 1, 0, 0, 9 }, gsc_fnOpen, 3, 2, 7, { 9, 0, 0x41, 1, 0x62, 0, 9 } },
+    { "byte 126 stays free", { 125, 0 }, gsc_fnOpen, 0, 0, 126, { 126, 0 } },
+    { "no room", { 126, 0 }, gsc_fnOpen, 0, 0 },
+    { "not over the header", { 3, 0 }, gsc_fnOpen, 3, 2 },
+    { "growing inserts zeros", { 8, 0, 0x23, 1, 2, 3, 7 }, gsc_fnGrow, 5, 3, 8, { 11, 0, 0x26, 1, 2, 3, 0, 0, 0, 7 } },
+    { "no room to grow", { 124, 0, 0x23 }, gsc_fnGrow, 5, 3 },
+    { "not over the checksum", Join({ { 101, 0 }, CBytes(96), { 0x38 } }), gsc_fnGrow, 101, 24 },
+    { "all of a tag", { 10, 0, 0x21, 1, 0x41, 2, 0x21, 3, 7 }, gsc_fnRemoveTag, 1, 0, 1, { 6, 0, 0x41, 2, 7 } },
+    { "none of it", { 6, 0, 0x41, 2, 7 }, gsc_fnRemoveTag, 1, 0 },
+};
+
+TEST(Cea861Bytes, EditsMoveBytesOrChangeNothing)
+{
+    for (const SEditCase& oCase : gsc_aoEditCases)
+    {
+        SCOPED_TRACE(oCase.m_pszName);
+        CBytes aui8Block = MakeBlock(oCase.m_aui8Before);
+        CCea861Editor oEditor(aui8Block.data(), 3);
+        EXPECT_EQ(oCase.m_uiResult, oCase.m_fnEdit(oEditor, oCase.m_uiFirst, oCase.m_uiSecond));
+        EXPECT_EQ(MakeBlock(oCase.m_aui8After.empty() ? oCase.m_aui8Before : oCase.m_aui8After), aui8Block);
+    }
+}
+
+TEST(Cea861Bytes, UndoPutsBackWhatDidNotComplete)
+{
+    CBytes aui8Block = MakeBlock({ 6, 0, 0x41, 16 });
+    {
+        const CCea861Undo oUndo(aui8Block.data());
+        CCea861Editor(aui8Block.data(), 3).RemoveDataBlocks(2);
+    }
+    EXPECT_EQ(MakeBlock({ 6, 0, 0x41, 16 }), aui8Block);
+}
+} // namespace

@@ -27,17 +27,19 @@ function(zor_target_defaults target)
   endif()
 endfunction()
 
-# A static library of one layer. PUBLIC_INCLUDES are the folders whose headers callers may include.
+# A static library of one layer.
+#   HEADERS          the public headers, which are installed; the target all_verify_interface_header_sets compiles each
+#                    of them alone
+#   PUBLIC_INCLUDES  the folders that callers may include from; each public header stands below one of them
 function(zor_add_library target)
-  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_INCLUDES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;PUBLIC_INCLUDES;LINKS" ${ARGN})
   add_library(${target} STATIC ${ARG_SOURCES})
   zor_target_defaults(${target})
-  foreach(folder IN LISTS ARG_PUBLIC_INCLUDES)
-    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
-  endforeach()
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${ARG_PUBLIC_INCLUDES} FILES ${ARG_HEADERS})
+  # For the CMake of a user that is older than file sets (3.23).
   target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZorEdid>)
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
   # Archives that are installed say where a line stands in the project, not where the project stood.
   target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
-  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON VERIFY_INTERFACE_HEADER_SETS ON)
 endfunction()

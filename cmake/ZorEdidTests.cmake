@@ -1,21 +1,31 @@
-# Test executables: one for each subsystem, run case by case by ctest.
+# Tests: one executable for each subsystem, run case by case by ctest, and programs whose output is compared.
 
-# Where the reference tables and real EDID images lie when they are present; tests that want them skip otherwise.
-set(ZOREDID_SHARED_DIR "${PROJECT_SOURCE_DIR}/../shared" CACHE PATH "Folder with reference/ and corpus/ (optional)")
+set(ZOREDID_SHARED_DIR "" CACHE PATH "Folder with reference/ and corpus/ for further tests (see docs/test-data.md)")
+if(ZOREDID_SHARED_DIR AND NOT IS_DIRECTORY "${ZOREDID_SHARED_DIR}")
+  message(FATAL_ERROR "ZOREDID_SHARED_DIR names no folder: ${ZOREDID_SHARED_DIR}")
+endif()
 
 function(zor_add_test target)
-  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})
-  if(NOT ARG_TIMEOUT)
-    set(ARG_TIMEOUT 300)
-  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
   zor_target_defaults(${target})
-  # g++ 12 takes the memory moves inside std::vector::insert for accesses out of bounds; the sanitizer build watches them.
-  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
+  # g++ 12 takes the memory moves inside std::vector::insert for accesses out of bounds. The sanitizer build watches them.
+  target_compile_options(${target} PRIVATE
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/ExternalDeviceLayer/Tests/UnitTests/Support")
   target_compile_definitions(${target} PRIVATE ZOREDID_SHARED_DIR="${ZOREDID_SHARED_DIR}"
                                                ZOREDID_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${target} TEST_PREFIX "${target}." DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}")
+  gtest_discover_tests(${target} TEST_PREFIX "${target}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()
+
+# A test that runs a program without input. It passes when the program exits with 0 and its standard output is the
+# stored file EXPECTED of the present folder, byte for byte. The output stays in the build folder as NAME.actual.
+#   zor_add_output_test(NAME PROGRAM TARGET EXPECTED FILE [ARGUMENTS ARGUMENT...])
+function(zor_add_output_test name)
+  cmake_parse_arguments(ARG "" "PROGRAM;EXPECTED" "ARGUMENTS" ${ARGN})
+  add_test(NAME ${name}
+    COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${ARG_PROGRAM}> "-DARGUMENTS=${ARG_ARGUMENTS}"
+            -DEXPECTED=${CMAKE_CURRENT_SOURCE_DIR}/${ARG_EXPECTED} -DACTUAL=${CMAKE_CURRENT_BINARY_DIR}/${name}.actual
+            -P ${PROJECT_SOURCE_DIR}/cmake/ZorEdidCheckOutput.cmake)
 endfunction()

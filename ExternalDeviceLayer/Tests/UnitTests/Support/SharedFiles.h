@@ -1,4 +1,5 @@
-// Access to the optional folder with reference tables and real EDID images. Tests that need it skip where it is absent.
+// Access to the optional folder with reference tables and real EDID images (docs/test-data.md). Tests that need it skip
+// where it is absent.
 
 #pragma once
 
@@ -9,9 +10,11 @@
 #include <string>
 #include <vector>
 
+// An empty path where the build knows of no such folder.
 inline std::filesystem::path GetSharedPath(const char* pszRelative)
 {
-    return std::filesystem::path(ZOREDID_SHARED_DIR) / pszRelative;
+    const std::filesystem::path oFolder(ZOREDID_SHARED_DIR);
+    return oFolder.empty() ? oFolder : oFolder / pszRelative;
 }
 
 inline std::vector<unsigned char> ReadBytes(const std::filesystem::path& oPath)

@@ -19,15 +19,28 @@ step() {
   say "$name: done in $((SECONDS - begin)) s"
 }
 
-# build PRESET FOLDER [CMAKE ARGUMENTS...]: configures and builds one preset in build/FOLDER; what the compiler says is
-# shown on failure only. All targets, unless build_targets names some.
+# build PRESET FOLDER [CMAKE ARGUMENTS...]: configures and builds one preset in build/FOLDER. What the compiler says is
+# shown on failure only. From the environment:
+#   build_targets       what to build: all when it is not set
+#   ZOREDID_SHARED_DIR  the folder of further tests; none when it is not set
+#   ZOREDID_WERROR      ON makes warnings errors: OFF when it is not set, since a newer compiler may warn of something new
 build() {
   local preset=$1 folder=build/$2
   shift 2
   mkdir -p build
-  [ -z "${ZOREDID_SHARED_DIR:-}" ] || set -- "$@" "-DZOREDID_SHARED_DIR=$ZOREDID_SHARED_DIR"
-  if ! { cmake --preset "$preset" -B "$folder" "$@" && cmake --build "$folder" ${build_targets:+--target $build_targets}; } > "$folder.log" 2>&1; then
+  # shellcheck disable=SC2086 # one word for each target
+  if ! {
+    cmake --preset "$preset" -B "$folder" "-DZOREDID_SHARED_DIR=${ZOREDID_SHARED_DIR:-}" \
+      "-DZOREDID_WERROR=${ZOREDID_WERROR:-OFF}" "$@" &&
+      cmake --build "$folder" --target ${build_targets:-all}
+  } > "$folder.log" 2>&1; then
     tail -n 60 "$folder.log" >&2
     return 1
   fi
 }
+
+# build_all PRESET FOLDER [CMAKE ARGUMENTS...]: builds all targets, and compiles each public header alone.
+build_all() { build_targets="all all_verify_interface_header_sets" build "$@"; }
+
+# run_tests PRESET: runs the tests of build/PRESET, as many at a time as there are processors.
+run_tests() { ctest --preset "$1" --parallel "$(nproc)"; }

@@ -1,5 +1,5 @@
-# The installed package. find_package(ZorEdid) gives ZorEdid::ZorEdid and, where it was built, ZorEdid::OsServices, which
-# is also the component OsServices. Each target brings its public headers.
+# The installed package. find_package(ZorEdid) gives ZorEdid::ZorEdid and, where the operating-system layer was built,
+# ZorEdid::OsServices, which is also the component OsServices. Each target brings its public headers.
 
 include(CMakePackageConfigHelpers)
 

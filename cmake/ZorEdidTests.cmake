@@ -9,7 +9,8 @@ function(zor_add_test target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
   zor_target_defaults(${target})
-  # g++ 12 takes the memory moves inside std::vector::insert for accesses out of bounds. The sanitizer build watches them.
+  # g++ 12 takes the memory moves inside std::vector::insert for accesses out of bounds. The sanitizer build watches
+  # them.
   target_compile_options(${target} PRIVATE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/ExternalDeviceLayer/Tests/UnitTests/Support")

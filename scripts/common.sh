@@ -23,7 +23,7 @@ step() {
 # shown on failure only. From the environment:
 #   build_targets       what to build: all when it is not set
 #   ZOREDID_SHARED_DIR  the folder of further tests; none when it is not set
-#   ZOREDID_WERROR      ON makes warnings errors: OFF when it is not set, since a newer compiler may warn of something new
+#   ZOREDID_WERROR      ON makes warnings errors; OFF when it is not set, since a newer compiler may warn of new things
 build() {
   local preset=$1 folder=build/$2
   shift 2

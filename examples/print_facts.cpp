@@ -152,7 +152,7 @@ void PrintTile(const CEdid& oEdid)
         printf("tile %ux%u at %u,%u size %ux%u\n", uiColumns, uiRows, uiX, uiY, uiWidth, uiHeight);
     }
 }
-}
+} // namespace
 
 int main(int iCount, char** ppszArguments)
 {

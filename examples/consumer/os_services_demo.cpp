@@ -77,7 +77,7 @@ int TellHowLongAThreadTakes(OsServices& oServices)
     printf("The thread answered after %llu microseconds.\n", uiAfter - uiBefore);
     return 0;
 }
-}
+} // namespace
 
 int main(int iCount, char** ppszArguments)
 {

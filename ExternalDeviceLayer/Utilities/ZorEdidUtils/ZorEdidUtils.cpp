@@ -24,7 +24,7 @@ constexpr int CompareDescending(unsigned int uiFirst, unsigned int uiSecond)
 const char* YesOrNo(unsigned int uiFlag) { return uiFlag != 0 ? "yes" : " no"; }
 
 const char* PlusOrMinus(unsigned int uiFlag) { return uiFlag != 0 ? "+" : "-"; }
-}
+} // namespace
 
 int CZorEdidUtils::SortVidParam(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond,
                                 unsigned long /*ulContext*/)
@@ -153,7 +153,7 @@ int AppendExtensions(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeL
     }
     return 1;
 }
-}
+} // namespace
 
 int CZorEdidUtils::ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
                                    CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,
@@ -220,7 +220,7 @@ int HoldSameModes(CModeList& oFirst, CModeList& oSecond)
     }
     return 1;
 }
-}
+} // namespace
 
 int CZorEdidUtils::CompareTimings(const CEdid& oFirst, const CEdid& oSecond, int bCompareEstablished,
                                   int bComparePreferred)

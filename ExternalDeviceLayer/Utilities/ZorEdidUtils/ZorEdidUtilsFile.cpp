@@ -44,7 +44,7 @@ private:
 };
 
 bool IsNameOfKind(const CMString& oPath, const char* pszKind) { return oPath.FindNoCase(pszKind, 0) != -1; }
-}
+} // namespace
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromFile(CMString oPath, CByteArray& oData)
@@ -77,7 +77,7 @@ unsigned int GetFileSize(FILE* poFile)
     rewind(poFile);
     return lSize > 0 && lSize <= INT_MAX ? static_cast<unsigned int>(lSize) : 0;
 }
-}
+} // namespace
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromBinFile(CMString oPath, CByteArray& oData)
@@ -221,7 +221,7 @@ bool IsFolderOrDevice(const CMString& oPath)
     return stat(static_cast<const char*>(oPath), &oStatus) == 0 &&
            (S_ISDIR(oStatus.st_mode) || S_ISCHR(oStatus.st_mode) || S_ISBLK(oStatus.st_mode));
 }
-}
+} // namespace
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes paths by value
 int CZorEdidUtils::ExtractEdidFromDatFile(CMString oPath, CByteArray& oData)

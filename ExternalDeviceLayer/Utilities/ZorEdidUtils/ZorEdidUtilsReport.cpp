@@ -26,7 +26,7 @@ protected:
     void AddBlockDigest(const CEdidExtBlock& /*oBlock*/) override {}
     void AddExtStandardNative() override {}
 };
-}
+} // namespace
 
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArrayString& oLines,
                                                       const char* pszLinePrefix)
@@ -68,7 +68,7 @@ constexpr SExtensionType gsc_aoExtensionTypes[] = {
     { 240, "Map" },
     { 255, "Defined by manufacturer" },
 };
-}
+} // namespace
 
 CMString CZorEdidUtils::GetExtensionType(const CEdidExtBlock& oBlock)
 {
@@ -142,7 +142,7 @@ constexpr unsigned int gsc_uiFirstYear = 1990;
 constexpr unsigned int gsc_uiNameBufferSize = 64;
 
 const char* ValidOrNot(int bValid) { return bValid ? "Valid" : "Not valid"; }
-}
+} // namespace
 
 void CMonitorReport::AddGenericInformation()
 {
@@ -248,7 +248,7 @@ bool IsListed(const CZorEdidUtils::CModeList& oList, const CVidParamTimingGeneri
     }
     return false;
 }
-}
+} // namespace
 
 void CMonitorReport::AddEstablishedTimings()
 {

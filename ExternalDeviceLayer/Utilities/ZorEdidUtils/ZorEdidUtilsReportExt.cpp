@@ -34,7 +34,7 @@ protected:
 private:
     const CZorEdidUtils::CModeList& m_oExtStandardNative;
 };
-}
+} // namespace
 
 void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMArrayString& oLines,
                                                          const char* pszLinePrefix)
@@ -290,4 +290,4 @@ void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLine
     oReport.AddFormat("      Available space :        %d byte(s)", AsSigned(oBlock.GetAvailableSpace()));
     oReport.AddSpacer();
 }
-}
+} // namespace

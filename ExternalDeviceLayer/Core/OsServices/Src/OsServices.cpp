@@ -46,7 +46,7 @@ namespace
 {
 constexpr unsigned int gsc_uiLongestBusyWait = 100000; // microseconds
 constexpr unsigned int gsc_uiMicrosecondsPerMillisecond = 1000;
-}
+} // namespace
 
 int OsServices::WaitMicroSeconds(unsigned int uiDelay)
 {
@@ -144,7 +144,7 @@ constexpr double FloorInDomain(double dValue)
     const double dTruncated = Truncate(dMagnitude);
     return dMagnitude - dTruncated > 0.0 ? -(dTruncated + 1.0) : -dTruncated;
 }
-}
+} // namespace
 
 double OsServices::Fabs(double dValue)
 {
@@ -175,7 +175,7 @@ unsigned int GetRandomSeed()
     ::operator delete(pByte);
     return uiSeed; // NOLINT(clang-analyzer-cplusplus.NewDelete): a number by now
 }
-}
+} // namespace
 
 unsigned int OsServices::GetRandom()
 {

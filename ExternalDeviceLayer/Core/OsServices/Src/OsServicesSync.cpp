@@ -10,7 +10,7 @@ namespace
 {
 constexpr int gsc_iSpinLockMode = 1; // the client ignores it
 OsServicesHost& HostOf(void* poHost) { return *static_cast<OsServicesHost*>(poHost); }
-}
+} // namespace
 
 int OsServices::CpuThread_Create(unsigned int (*pfnThreadFunction)(void*), void* pvContext, SHCpuThread*& hCpuThread)
 {

@@ -100,7 +100,7 @@ char* ShiftLetters(char* pszText, unsigned int uiSize, char cFirst, char cLast, 
     }
     return pszText;
 }
-}
+} // namespace
 
 int ZorTools_stricmp(const char* pszFirst, const char* pszSecond)
 {

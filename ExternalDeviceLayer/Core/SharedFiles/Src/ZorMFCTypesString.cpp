@@ -51,7 +51,7 @@ char ToLower(char c)
 }
 
 bool IsOneOf(char c, const char* pszTargets) { return c != '\0' && ZorTools_strchr(pszTargets, c) != nullptr; }
-}
+} // namespace
 
 constinit CMString* const CMString::m_poEmptyString = const_cast<CMString*>(&gsc_oEmptyString);
 

@@ -237,7 +237,7 @@ long long ItemLength(const SItem& oItem, CArguments& oArguments)
         return UnknownLength();
     }
 }
-}
+} // namespace
 
 void CMString::Format(const char* pszFormat, ...)
 {

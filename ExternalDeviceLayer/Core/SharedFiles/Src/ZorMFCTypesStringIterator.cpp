@@ -15,7 +15,7 @@ bool IsSameText(const char* pszFirst, const char* pszSecond)
     }
     return ZorTools_strcmp(pszFirst, pszSecond) == 0;
 }
-}
+} // namespace
 
 CMString::CIterator CMString::Begin(const char* pszSeparators) const { return CIterator(pszSeparators, m_pszData); }
 

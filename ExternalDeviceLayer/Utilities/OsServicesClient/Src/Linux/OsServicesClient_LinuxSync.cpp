@@ -135,7 +135,7 @@ bool InitRecursive(pthread_mutex_t& oMutex)
     pthread_mutexattr_destroy(&oAttribute);
     return iError == 0;
 }
-}
+} // namespace
 
 unsigned int OsServices_CpuThread_GetHandleSize() { return sizeof(SHCpuThread); }
 

@@ -35,7 +35,7 @@ pci_access* GetAccess()
     }
     return g_poZorVxdPciLibAccess;
 }
-}
+} // namespace
 
 pci_dev* ZorVxdPciLibConvertHandle(unsigned int uiHandle)
 {

@@ -18,7 +18,7 @@ constexpr unsigned int gsc_uiMicrosecondsPerSecond = 1000000;
 constexpr unsigned int gsc_uiNanosecondsPerMicrosecond = 1000;
 
 int Open(const char* pszPath, int iFlags) { return open64(pszPath, iFlags); }
-}
+} // namespace
 
 constinit SZorVxdMapNode g_oZorVxdMapList = { &g_oZorVxdMapList, &g_oZorVxdMapList, nullptr, 0 };
 constinit SZorVxdSystemCalls g_oZorVxdSystemCalls = { malloc, free, Open, mmap64, munmap, close, clock_gettime };
@@ -81,7 +81,7 @@ constexpr bool IsReached(const timespec& oNow, const timespec& oEnd)
 }
 
 bool ReadTimer(timespec* poNow) { return g_oZorVxdSystemCalls.pfnGetClock(CLOCK_MONOTONIC, poNow) == 0; }
-}
+} // namespace
 
 void* ZorVxdMapMemoryLinux(unsigned int uiAddressLow, unsigned int uiAddressHigh, unsigned int uiSize,
                            unsigned int /*uiMode*/)

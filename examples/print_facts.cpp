@@ -35,29 +35,45 @@ void PrintIdentity(const CEdid& oEdid)
                               static_cast<unsigned int>(pui8Serial[3]) << 24);
 }
 
-char PolarityOf(int bPositive) { return bPositive ? 'P' : 'N'; }
+char PolarityOf(int bPositive) { return bPositive != 0 ? 'P' : 'N'; }
 
 void PrintSizeAndClock(const CVidParamTiming& oTiming)
 {
-    printf("%ux%u%s %u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(), oTiming.IsInterlaced() ? "i" : "",
-           oTiming.GetPixelClockInKiloHz());
+    printf("%ux%u%s %u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+           oTiming.IsInterlaced() != 0 ? "i" : "", oTiming.GetPixelClockInKiloHz());
 }
 
-void PrintDetailed(const CEdid& oEdid)
+void PrintDetailed(const CVidParamTiming& oTiming)
 {
-    for (unsigned int i = 0; i < oEdid.GetDetailedCount(); ++i)
+    printf("detailed ");
+    PrintSizeAndClock(oTiming);
+    printf(" h %u %u %u %c v %u %u %u %c\n", oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
+           oTiming.GetHorizontalBackPorch(), PolarityOf(oTiming.IsHorizontalPolarityPositive()),
+           oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
+           PolarityOf(oTiming.IsVerticalPolarityPositive()));
+}
+
+// Block by block: where a block refuses an index, the numbering over all blocks would go on to the next block.
+void PrintAllDetailed(const CEdid& oEdid)
+{
+    CVidParamTimingGeneric oTiming;
+    for (unsigned int i = 0; i < oEdid.GetBaseDetailedCount(); ++i)
     {
-        CVidParamTimingGeneric oTiming;
-        if (!oEdid.GetDetailed(i, &oTiming))
+        if (oEdid.GetBaseDetailed(i, &oTiming) != 0)
         {
-            continue;
+            PrintDetailed(oTiming);
         }
-        printf("detailed ");
-        PrintSizeAndClock(oTiming);
-        printf(" h %u %u %u %c v %u %u %u %c\n", oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
-               oTiming.GetHorizontalBackPorch(), PolarityOf(oTiming.IsHorizontalPolarityPositive()),
-               oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
-               PolarityOf(oTiming.IsVerticalPolarityPositive()));
+    }
+    for (unsigned int i = 0; i < oEdid.GetExtensionCount(); ++i)
+    {
+        const CEdidExtBlock* poBlock = oEdid.GetExtension(i);
+        for (unsigned int j = 0; j < poBlock->GetDetailedCount(); ++j)
+        {
+            if (poBlock->GetDetailed(j, &oTiming) != 0)
+            {
+                PrintDetailed(oTiming);
+            }
+        }
     }
 }
 
@@ -68,7 +84,7 @@ void PrintRows(unsigned int uiVic)
     for (unsigned int uiKey : auiKeys)
     {
         CVidParamTimingGeneric oTiming;
-        if (CVidParamCea::IsVicSupported(uiKey) && CVidParamCea::GetVidParamFromVic(uiKey, &oTiming))
+        if (CVidParamCea::IsVicSupported(uiKey) != 0 && CVidParamCea::GetVidParamFromVic(uiKey, &oTiming) != 0)
         {
             printf("vic-row %u ", uiVic);
             PrintSizeAndClock(oTiming);
@@ -81,9 +97,9 @@ void PrintCode(unsigned char ui8Descriptor)
 {
     unsigned int uiVic = 0;
     int bNative = 0;
-    if (CCea::ExtractSvdCodeInfo(ui8Descriptor, &uiVic, &bNative))
+    if (CCea::ExtractSvdCodeInfo(ui8Descriptor, &uiVic, &bNative) != 0)
     {
-        printf("vic %u%s\n", uiVic, bNative ? " native" : "");
+        printf("vic %u%s\n", uiVic, bNative != 0 ? " native" : "");
         PrintRows(uiVic);
     }
 }
@@ -115,7 +131,7 @@ void PrintAudio(const CCea& oBlock)
         const char* pszSeparator = "";
         for (unsigned int uiBit = CCea::eAudioSamplingFreq_32KHz; uiBit <= CCea::eAudioSamplingFreq_192KHz; uiBit <<= 1)
         {
-            if (oDescriptor.m_eSamplingFreq & uiBit)
+            if ((oDescriptor.m_eSamplingFreq & uiBit) != 0)
             {
                 const CMString oRate = CCea::GetAudioSamplingFreqStr(static_cast<CCea::EAudioSamplingFreq>(uiBit));
                 printf("%s%s", pszSeparator, static_cast<const char*>(oRate));
@@ -147,7 +163,7 @@ void PrintTile(const CEdid& oEdid)
     unsigned int uiRows = 0;
     unsigned int uiWidth = 0;
     unsigned int uiHeight = 0;
-    if (oEdid.GetTopologyDescription(uiX, uiY, uiColumns, uiRows, uiWidth, uiHeight))
+    if (oEdid.GetTopologyDescription(uiX, uiY, uiColumns, uiRows, uiWidth, uiHeight) != 0)
     {
         printf("tile %ux%u at %u,%u size %ux%u\n", uiColumns, uiRows, uiX, uiY, uiWidth, uiHeight);
     }
@@ -158,13 +174,13 @@ int main(int iCount, char** ppszArguments)
 {
     CZorEdidUtils::CByteArray aui8Image;
     CEdid oEdid;
-    if (iCount != 2 || !CZorEdidUtils::ExtractEdidFromFile(CMString(ppszArguments[1]), aui8Image) ||
-        !oEdid.SetEdidBuffer(aui8Image.GetData(), aui8Image.GetCount(), 0))
+    if (iCount != 2 || CZorEdidUtils::ExtractEdidFromFile(CMString(ppszArguments[1]), aui8Image) == 0 ||
+        oEdid.SetEdidBuffer(aui8Image.GetData(), aui8Image.GetCount(), 0) == 0)
     {
         return 1;
     }
     PrintIdentity(oEdid);
-    PrintDetailed(oEdid);
+    PrintAllDetailed(oEdid);
     PrintExtensions(oEdid);
     PrintTile(oEdid);
     return 0;

@@ -225,7 +225,8 @@ public:
     // Derives the list of usable slots from the bytes; returns its length.
     unsigned int ExtractStandardTimings();
     // Moves the pairs in use to the front, in their order, and writes 01 01 where one was taken away. Empty pairs
-    // behind them keep their bytes, and the list of usable slots is not derived again.
+    // behind them keep their bytes, and the list of usable slots is not derived again. Where nothing moves, nothing
+    // changes, not even a wrong checksum.
     void RePackStandards();
     static int IsInvalidStandard(const SStandard& oStandard); // non-zero for an empty pair
     static void InvalidateStandard(SStandard& oStandard);     // writes 01 01

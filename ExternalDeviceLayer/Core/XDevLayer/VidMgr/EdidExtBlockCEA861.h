@@ -162,9 +162,11 @@ public:
     // Takes every occurrence of the timing's code out of the video blocks and HDMI vendor blocks, and with it the
     // timing's 1000/1001 twin. An emptied video block loses its header; a vendor block keeps its length; YCbCr 4:2:0
     // blocks stay as they are, and a timing that only they name is refused with 0.
-    // Byte 2 keeps its value although the bytes behind a removed descriptor move down, and the detailed, audio and
-    // speaker lists stay as they were: until the next other edit of the block that succeeds, or a load, they are behind
-    // the bytes.
+    // Byte 2 keeps its value, although everything behind a removed descriptor moves down, the detailed descriptors too:
+    // by one byte, by two where the video block empties, and removals add up. A data block that is added afterwards
+    // stands as many bytes behind the last one, so that a fresh walk may not reach it.
+    // The detailed, audio and speaker lists stay as they were: until the next other edit of the block that succeeds, or
+    // a load, they are behind the bytes.
     int RemoveStandard(unsigned int uiIndex) override;
 
     // Derives the lists of table timings from the bytes; returns GetStandardCount.
@@ -218,7 +220,8 @@ public:
     unsigned int GetAvailableSpace() const;
 
     // Appends an empty HDMI vendor block (7 bytes) behind the data blocks. 0 when there is no room; like every addition
-    // also when byte 2 is below 4, as the block's header stands there.
+    // also when byte 2 is below 4, as the block's header stands there. A revision below 3 takes every addition, but
+    // exposes no data block, so that the counts stay at 0.
     int AddVendorSpecific();
 
     // Raw steps. They leave byte 2, the checksum and all lists alone: the caller sets byte 2, calls UpdateChecksum and
@@ -235,7 +238,7 @@ public:
     // ---- Audio ----
 
     // The index runs over the descriptors of all audio blocks in block order. The list is empty when the length of the
-    // first audio block is not a multiple of 3. Revisions below 3 have no lists, although additions succeed in bytes.
+    // first audio block is not a multiple of 3.
     unsigned int GetAudioDescriptorCount() const;
     // 0 when poDescriptor is null or the index is at or above the count.
     int GetAudioDescriptor(unsigned int uiIndex, SAudioDescriptor* poDescriptor) const;
@@ -259,7 +262,7 @@ public:
     // ---- Speakers ----
 
     // One entry for each speaker allocation block: a mask of 11 bits, payload byte 0 in bits 7 to 0 and bits 2 to 0 of
-    // payload byte 1 in bits 10 to 8.
+    // payload byte 1 in bits 10 to 8. A block of fewer than three bytes is read as far as it goes.
     unsigned int GetSpeakerDescriptorCount() const;
     // 0 when puiMask is null or the index is at or above the count.
     int GetSpeakerDescriptor(unsigned int uiIndex, unsigned int* puiMask) const;

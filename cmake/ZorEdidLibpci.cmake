@@ -1,5 +1,5 @@
-# libpci as the target ZorEdid::libpci, or no such target where it is not installed. Both the build and the installed
-# package look for it here, so that the package names no path of the machine that built it.
+# Makes the target ZorEdid::libpci where libpci is installed. Both the build and the installed package look for libpci
+# here, so that the package names no path of the machine that built it.
 
 find_library(LIBPCI_LIBRARY pci)
 mark_as_advanced(LIBPCI_LIBRARY)

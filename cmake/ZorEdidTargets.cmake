@@ -12,7 +12,7 @@ function(zor_target_defaults target)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
   if(ZOREDID_SANITIZE)
-    # No recovery: the first finding ends the process, so that a test cannot pass over it.
+    # Without recovery the first finding ends the process, so that no test can pass over it.
     target_compile_options(${target} PRIVATE -fsanitize=${ZOREDID_SANITIZE} -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=${ZOREDID_SANITIZE})
@@ -21,7 +21,7 @@ function(zor_target_defaults target)
     endif()
   endif()
   if(ZOREDID_FUZZ)
-    # Coverage by edges alone: tracing each comparison as well takes half of the time, and the dictionary finds more.
+    # Coverage counts edges only. Tracing each comparison as well takes half of the time, and the dictionary finds more.
     target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link
                                              -fno-sanitize-coverage=trace-cmp,indirect-calls)
   endif()

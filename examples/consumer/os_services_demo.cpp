@@ -1,4 +1,4 @@
-// Starts a thread, waits for its event with a limit, and tells how long that took. With an argument it looks for a PCI
+// Starts a thread, waits for its event with a limit, and says how long that took. With an argument it looks for a PCI
 // device instead: 0x0108 is bus 1, device 1, function 0.
 
 #include <stdio.h>

@@ -280,6 +280,7 @@ private:
     friend class CEdidExtBlock; // its factory has tested the bytes
     struct SSupported
     {
+        explicit SSupported() = default; // not by {}
     };
 
     // Lists that an edit makes out of date.

@@ -392,7 +392,8 @@ bool CEdidExtBlockDisplayID::ReadDataBlocks()
     {
         const SDataBlockHeader* poBlock = reinterpret_cast<const SDataBlockHeader*>(m_aui8Raw.GetData() + uiOffset);
         uiOffset += gsc_uiDataBlockHeaderSize;
-        if (const SDataBlockRule* poRule = FindRule(poBlock->m_ui8Tag))
+        const SDataBlockRule* poRule = FindRule(poBlock->m_ui8Tag);
+        if (poRule != nullptr)
         {
             if (!IsDataBlockGood(*poRule, *poBlock, m_aui8Raw.GetCount() - uiOffset))
             {

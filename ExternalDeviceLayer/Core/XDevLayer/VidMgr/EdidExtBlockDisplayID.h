@@ -144,6 +144,7 @@ private:
     friend class CEdidExtBlock; // its factory has tested the bytes
     struct SSupported
     {
+        explicit SSupported() = default; // not by {}
     };
     using DataBlockList = CMArray<const SDataBlockHeader*, const SDataBlockHeader* const&>;
 

@@ -232,7 +232,7 @@ int CVidParamCea::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
     const SRow* const poRow =
         FindRow(msc_aoCea861FTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eScanType](unsigned int uiFlags) { return PassesScan(uiFlags, eScanType); });
-    return AnswerWithRow(poRow, poTiming, ConvertVidParam);
+    return AnswerWithRow(poRow, poTiming, ConvertVidParam) ? 1 : 0;
 }
 
 int CVidParamCea::GetVidParamFromVic(unsigned int uiVic, CVidParamTiming* poTiming)
@@ -243,7 +243,7 @@ int CVidParamCea::GetVidParamFromVic(unsigned int uiVic, CVidParamTiming* poTimi
         return 0;
     }
     poTiming->ClearData(); // also for a code without a row
-    return AnswerWithRow(FindVic(uiVic), poTiming, ConvertVidParam);
+    return AnswerWithRow(FindVic(uiVic), poTiming, ConvertVidParam) ? 1 : 0;
 }
 
 int CVidParamCea::GetVicFromVidParam(const CVidParamTiming& oTiming, unsigned int& uiVic)

@@ -131,7 +131,7 @@ int CVidParamDmt::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
     const SRow* const poRow =
         FindRow(g_aoDmtTableV10Rev11, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eListType](unsigned int uiFlags) { return PassesList(uiFlags, eListType); });
-    return AnswerWithRow(poRow, poTiming, ConvertVidParam);
+    return AnswerWithRow(poRow, poTiming, ConvertVidParam) ? 1 : 0;
 }
 
 void CVidParamDmt::ConvertVidParam(const SDmtVidParam& oRow, CVidParamTiming& oTiming)

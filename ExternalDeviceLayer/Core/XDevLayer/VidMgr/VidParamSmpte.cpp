@@ -50,7 +50,7 @@ int CVidParamSmpte::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming,
     const SRow* const poRow =
         FindRow(g_aoSmpteTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [](unsigned int /*uiFlags*/) { return true; });
-    return AnswerWithRow(poRow, poTiming, ConvertVidParam);
+    return AnswerWithRow(poRow, poTiming, ConvertVidParam) ? 1 : 0;
 }
 
 void CVidParamSmpte::ConvertVidParam(const SSmpteVidParam& oRow, CVidParamTiming& oTiming)

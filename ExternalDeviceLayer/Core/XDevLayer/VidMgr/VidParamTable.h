@@ -81,19 +81,19 @@ void ConvertRow(const ROW& oRow, CVidParamTiming::EVidParamType eType, CVidParam
     oTiming.SetVideoFamilyType(eType);
 }
 
-// What a look-up ends with: 0 without a row, else 1, and the row goes into the timing by way of fnConvert unless
+// What a look-up ends with: false without a row, else true, and the row goes into the timing by way of fnConvert unless
 // poTiming is null.
 template <class ROW>
-int AnswerWithRow(const ROW* poRow, CVidParamTiming* poTiming, void (*fnConvert)(const ROW&, CVidParamTiming&))
+bool AnswerWithRow(const ROW* poRow, CVidParamTiming* poTiming, void (*fnConvert)(const ROW&, CVidParamTiming&))
 {
     if (poRow == nullptr)
     {
-        return 0;
+        return false;
     }
     if (poTiming != nullptr)
     {
         fnConvert(*poRow, *poTiming);
     }
-    return 1;
+    return true;
 }
 } // namespace VidParamTable

@@ -62,7 +62,7 @@ public:
     // pui8Block may be null when uiEnd leaves no room for a data block.
     CCea861Walk(const unsigned char* pui8Block, unsigned int uiEnd) : m_pui8Block(pui8Block), m_uiEnd(uiEnd) {}
 
-    // Each goes to the next block, of any tag or of the kind given; false at the end of the walk.
+    // Each goes to the next block, of any tag or of the kind given. After false the walk is over.
     bool Next()
     {
         if (m_uiNext >= m_uiEnd || m_uiNext > Cea861Layout::gsc_uiLastContentOffset)
@@ -73,7 +73,7 @@ public:
         const unsigned int uiLength = Cea861Layout::gsc_oHeaderLength.Read(pui8Header);
         if (uiLength > Cea861Layout::gsc_uiLastContentOffset - m_uiNext)
         {
-            return Stop();
+            return false;
         }
         m_uiTag = Cea861Layout::gsc_oHeaderTag.Read(pui8Header);
         m_oBlock = { m_uiNext + Cea861Layout::gsc_uiHeaderSize, uiLength };
@@ -114,7 +114,7 @@ private:
         {
             if (m_oBlock.m_uiLength == 0)
             {
-                return Stop();
+                return false;
             }
             if (GetByte(0) == uiExtendedTag)
             {
@@ -125,14 +125,6 @@ private:
         }
         return false;
     }
-
-    bool Stop()
-    {
-        m_uiNext = msc_uiStopped;
-        return false;
-    }
-
-    static constexpr unsigned int msc_uiStopped = ~0U; // above whatever byte 2 can hold
 
     const unsigned char* m_pui8Block;
     unsigned int m_uiEnd;

@@ -81,6 +81,7 @@ struct SEditCase
 const SEditCase gsc_aoEditCases[] = {
     { "removal closes the gap", { 8, 0, 1, 2, 3, 4, 5 }, gsc_fnRemove, 5, 2, 1, { 8, 0, 1, 4, 5 } },
     { "up to byte 126", { 8, 0, 1, 2 }, gsc_fnRemove, 5, 122, 1, { 8, 0, 1 } },
+    { "no bytes at all", { 4, 0, 1 }, gsc_fnRemove, 128, 0, 1 },
     { "not past the block", { 4, 0, 1 }, gsc_fnRemove, 5, 124 },
     { "nor around it", { 4, 0, 1 }, gsc_fnRemove, 5, ~0U },
     { "nor the checksum", { 4, 0, 1 }, gsc_fnRemove, 0, 128 },

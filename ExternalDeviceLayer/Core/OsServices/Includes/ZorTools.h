@@ -61,9 +61,21 @@ char* ZorTools_strlwr_s(char* pszText, unsigned int uiSize);
 char* ZorTools_strrev(char* pszText);
 
 // Unsigned division; 0 when uiDivisor is 0, over the whole 32-bit range.
-unsigned int ZorTools_RoundedDivision(unsigned int uiDividend, unsigned int uiDivisor);     // nearest, half goes up
 unsigned int ZorTools_RoundedDownDivision(unsigned int uiDividend, unsigned int uiDivisor); // truncating
 unsigned int ZorTools_RoundedUpDivision(unsigned int uiDividend, unsigned int uiDivisor);   // any rest goes up
+// To the nearest, half goes up. Inline, since each timing that is produced divides at least once.
+constexpr unsigned int ZorTools_RoundedDivision(unsigned int uiDividend, unsigned int uiDivisor)
+{
+    if (uiDivisor == 0)
+    {
+        return 0;
+    }
+    // (dividend + divisor / 2) / divisor would wrap near the top of the range; quotient and rest do not.
+    const unsigned int uiQuotient = uiDividend / uiDivisor;
+    const unsigned int uiRest = uiDividend % uiDivisor;
+    const unsigned int uiHalf = uiDivisor / 2 + uiDivisor % 2; // smallest rest that rounds up
+    return uiRest >= uiHalf ? uiQuotient + 1 : uiQuotient;
+}
 
 // Integer square root, rounded down, for 2 and above. Gives 0 for 0 and for 1.
 unsigned int ZorTools_SquareRoot(unsigned int uiValue);

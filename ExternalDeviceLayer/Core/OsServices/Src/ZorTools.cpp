@@ -142,19 +142,6 @@ char* ZorTools_strrev(char* pszText)
     return pszText;
 }
 
-unsigned int ZorTools_RoundedDivision(unsigned int uiDividend, unsigned int uiDivisor)
-{
-    if (uiDivisor == 0)
-    {
-        return 0;
-    }
-    // (dividend + divisor / 2) / divisor would wrap near the top of the range; quotient and rest do not.
-    const unsigned int uiQuotient = uiDividend / uiDivisor;
-    const unsigned int uiRest = uiDividend % uiDivisor;
-    const unsigned int uiHalf = uiDivisor / 2 + uiDivisor % 2; // smallest rest that rounds up
-    return uiRest >= uiHalf ? uiQuotient + 1 : uiQuotient;
-}
-
 unsigned int ZorTools_RoundedDownDivision(unsigned int uiDividend, unsigned int uiDivisor)
 {
     return uiDivisor == 0 ? 0 : uiDividend / uiDivisor;

@@ -2,9 +2,12 @@
 
 #include "EdidDetailedTiming.h"
 
-#include "VidParamTiming.h"
+#include "VidParamFill.h"
 
-void StoreDetailedTiming(const SDetailedTiming& oDetailed, CVidParamTiming& oTiming)
+namespace
+{
+template <class TIMING>
+void Fill(const SDetailedTiming& oDetailed, TIMING& oTiming)
 {
     oTiming.SetPixelClockInKiloHz(oDetailed.m_uiPixelClockInKiloHz);
     oTiming.SetInterlaced(oDetailed.m_bInterlaced ? 1 : 0);
@@ -34,4 +37,10 @@ void StoreDetailedTiming(const SDetailedTiming& oDetailed, CVidParamTiming& oTim
     oTiming.SetHorizontalRateInHz(oTiming.ComputeHorizontalRateInHz());
     oTiming.SetVerticalRateInHz(oTiming.ComputeVerticalRateInHz());
     oTiming.SetVideoFamilyType(CVidParamTiming::eVidParamType_Detailed);
+}
+} // namespace
+
+void StoreDetailedTiming(const SDetailedTiming& oDetailed, CVidParamTiming& oTiming)
+{
+    VidParamFill::FillTiming(oTiming, [&oDetailed](auto& oFilled) { Fill(oDetailed, oFilled); });
 }

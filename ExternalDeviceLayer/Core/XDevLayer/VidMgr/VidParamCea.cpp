@@ -167,18 +167,71 @@ constexpr bool IsRisingByVic()
 static_assert(std::size(CVidParamCea::msc_aoCea861FTable) == 129, "83 codes and 46 variants of them");
 static_assert(IsRisingByVic(), "rows stand in rising key order, so that no key has a second row");
 
-// The row of a code, or null.
-const SRow* FindVic(unsigned int uiVic)
+constexpr CRowIndex gsc_oIndex(CVidParamCea::msc_aoCea861FTable);
+static_assert(gsc_oIndex.LongestChain() <= 5, "a search looks at few rows");
+
+// Number of the row of each code, then of each 1000/1001 variant. Derived by the compiler: a block's codes are looked
+// up at every load and every read (a search over the rows took a third of a load).
+constexpr unsigned int gsc_uiVariantKey = 1000; // added to a code
+constexpr unsigned int gsc_uiCodeCount = 128;
+constexpr unsigned char gsc_ui8NoRow = 0xFF;
+static_assert(CVidParamCea::msc_uiCea861FRowCount < gsc_ui8NoRow);
+
+// Where the row number of a key stands; the last place, which no code has, for a key that the table cannot hold.
+constexpr unsigned int PlaceOfVic(unsigned int uiVic)
 {
-    for (const SRow& oRow : CVidParamCea::msc_aoCea861FTable)
+    if (uiVic < gsc_uiCodeCount)
     {
-        if (oRow.uiVic == uiVic)
-        {
-            return &oRow;
-        }
+        return uiVic;
     }
-    return nullptr;
+    const unsigned int uiCode = uiVic - gsc_uiVariantKey;             // wraps to a large number below the variants
+    return gsc_uiCodeCount + (uiCode < gsc_uiCodeCount ? uiCode : 0); // code 0 has no variant
 }
+
+struct SRowsOfVics
+{
+    unsigned char m_aui8Row[2 * gsc_uiCodeCount];
+};
+
+constexpr SRowsOfVics ListRowsOfVics()
+{
+    SRowsOfVics oRows = {};
+    for (unsigned char& ui8Row : oRows.m_aui8Row)
+    {
+        ui8Row = gsc_ui8NoRow;
+    }
+    for (unsigned int i = 0; i < CVidParamCea::msc_uiCea861FRowCount; ++i)
+    {
+        oRows.m_aui8Row[PlaceOfVic(CVidParamCea::msc_aoCea861FTable[i].uiVic)] = static_cast<unsigned char>(i);
+    }
+    return oRows;
+}
+
+constexpr SRowsOfVics gsc_oRowsOfVics = ListRowsOfVics();
+
+// The row of a code, or null.
+constexpr const SRow* FindVic(unsigned int uiVic)
+{
+    const unsigned char ui8Row = gsc_oRowsOfVics.m_aui8Row[PlaceOfVic(uiVic)];
+    return ui8Row != gsc_ui8NoRow ? &CVidParamCea::msc_aoCea861FTable[ui8Row] : nullptr;
+}
+
+// Each row is found by its own key, and by no other key that a byte and a variant can make.
+constexpr bool IsFoundByItsVicAlone()
+{
+    unsigned int uiFound = 0;
+    for (unsigned int uiVic = 0; uiVic <= gsc_uiVariantKey + gsc_uiCodeCount; ++uiVic)
+    {
+        const SRow* const poRow = FindVic(uiVic);
+        if (poRow != nullptr && poRow->uiVic != uiVic)
+        {
+            return false;
+        }
+        uiFound += poRow != nullptr ? 1U : 0U;
+    }
+    return uiFound == CVidParamCea::msc_uiCea861FRowCount;
+}
+static_assert(IsFoundByItsVicAlone());
 
 constexpr bool PassesScan(unsigned int uiFlags, CVidParamCea::EScanType eScanType)
 {
@@ -230,7 +283,7 @@ int CVidParamCea::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
                               unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz, EScanType eScanType)
 {
     const SRow* const poRow =
-        FindRow(msc_aoCea861FTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
+        FindRow(msc_aoCea861FTable, gsc_oIndex, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eScanType](unsigned int uiFlags) { return PassesScan(uiFlags, eScanType); });
     return AnswerWithRow(poRow, poTiming, ConvertVidParam) ? 1 : 0;
 }
@@ -249,11 +302,13 @@ int CVidParamCea::GetVidParamFromVic(unsigned int uiVic, CVidParamTiming* poTimi
 int CVidParamCea::GetVicFromVidParam(const CVidParamTiming& oTiming, unsigned int& uiVic)
 {
     uiVic = 0;
-    for (const SRow& oRow : msc_aoCea861FTable)
+    for (unsigned int uiRow = gsc_oIndex.First(oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                                               oTiming.GetVerticalRateInHz());
+         uiRow != gsc_oIndex.msc_uiNone; uiRow = gsc_oIndex.Next(uiRow))
     {
-        if (IsSameTiming(oRow, oTiming))
+        if (IsSameTiming(msc_aoCea861FTable[uiRow], oTiming))
         {
-            uiVic = oRow.uiVic;
+            uiVic = msc_aoCea861FTable[uiRow].uiVic;
             return 1;
         }
     }

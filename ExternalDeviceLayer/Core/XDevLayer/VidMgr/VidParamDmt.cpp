@@ -110,6 +110,9 @@ constexpr SRow g_aoDmtTableV10Rev11[] = {
 // clang-format on
 static_assert(std::size(g_aoDmtTableV10Rev11) == 88, "80 modes of revision 11 and 8 later ones");
 
+constexpr CRowIndex gsc_oIndex(g_aoDmtTableV10Rev11);
+static_assert(gsc_oIndex.LongestChain() <= 4, "a search looks at few rows");
+
 constexpr bool PassesList(unsigned int uiFlags, CVidParamDmt::EModeListType eListType)
 {
     switch (eListType)
@@ -129,7 +132,7 @@ int CVidParamDmt::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, u
                               unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz, EModeListType eListType)
 {
     const SRow* const poRow =
-        FindRow(g_aoDmtTableV10Rev11, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
+        FindRow(g_aoDmtTableV10Rev11, gsc_oIndex, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [eListType](unsigned int uiFlags) { return PassesList(uiFlags, eListType); });
     return AnswerWithRow(poRow, poTiming, ConvertVidParam) ? 1 : 0;
 }

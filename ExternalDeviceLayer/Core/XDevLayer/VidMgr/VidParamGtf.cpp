@@ -3,6 +3,7 @@
 
 #include "VidParamGtf.h"
 
+#include "VidParamFill.h"
 #include "VidParamFormula.h"
 #include "VidParamTiming.h"
 
@@ -93,23 +94,25 @@ void WriteTiming(const SExtent& oHorizontal, const SExtent& oVertical, const SGt
                  CVidParamTiming& oTiming)
 {
     const unsigned int uiLineRateInHz = ZorTools_RoundedDivision(gsc_uiSecondInPeriods, oFrame.m_uiLinePeriod);
-    oTiming.ClearData();
-    oTiming.SetHorizontalActive(oHorizontal.m_uiActive);
-    oTiming.SetVerticalActive(oVertical.m_uiActive);
-    oTiming.SetVerticalRateInHz(oFrame.m_uiRateInHz);
-    oTiming.SetHorizontalRateInKiloHz(uiLineRateInHz / gsc_uiHzPerKiloHz);
-    oTiming.SetPixelClockInKiloHz(
-        ZorTools_RoundedDivision(oLine.m_uiTotal * gsc_uiPeriodsPerMillisecond, oFrame.m_uiLinePeriod));
-    oTiming.SetHorizontalFrontPorch(oHorizontal.m_uiSyncStart - oHorizontal.m_uiActive);
-    oTiming.SetHorizontalSync(oLine.m_uiSync);
-    oTiming.SetHorizontalBackPorch(oLine.m_uiBackPorch);
-    oTiming.SetVerticalFrontPorch(oVertical.m_uiSyncStart - oVertical.m_uiActive);
-    oTiming.SetVerticalSync(gsc_uiVerticalSync);
-    oTiming.SetVerticalBackPorch(oFrame.m_uiSyncAndBack - gsc_uiVerticalSync);
-    oTiming.SetVerticalPolarityPositive(1);
-    oTiming.SetHorizontalPolarityPositive(0);
-    oTiming.SetInterlaced(0);
-    oTiming.SetVideoFamilyType(CVidParamTiming::eVidParamType_Gtf);
+    VidParamFill::FillTiming(oTiming, [&](auto& oFilled) {
+        oFilled.ClearData();
+        oFilled.SetHorizontalActive(oHorizontal.m_uiActive);
+        oFilled.SetVerticalActive(oVertical.m_uiActive);
+        oFilled.SetVerticalRateInHz(oFrame.m_uiRateInHz);
+        oFilled.SetHorizontalRateInKiloHz(uiLineRateInHz / gsc_uiHzPerKiloHz);
+        oFilled.SetPixelClockInKiloHz(
+            ZorTools_RoundedDivision(oLine.m_uiTotal * gsc_uiPeriodsPerMillisecond, oFrame.m_uiLinePeriod));
+        oFilled.SetHorizontalFrontPorch(oHorizontal.m_uiSyncStart - oHorizontal.m_uiActive);
+        oFilled.SetHorizontalSync(oLine.m_uiSync);
+        oFilled.SetHorizontalBackPorch(oLine.m_uiBackPorch);
+        oFilled.SetVerticalFrontPorch(oVertical.m_uiSyncStart - oVertical.m_uiActive);
+        oFilled.SetVerticalSync(gsc_uiVerticalSync);
+        oFilled.SetVerticalBackPorch(oFrame.m_uiSyncAndBack - gsc_uiVerticalSync);
+        oFilled.SetVerticalPolarityPositive(1);
+        oFilled.SetHorizontalPolarityPositive(0);
+        oFilled.SetInterlaced(0);
+        oFilled.SetVideoFamilyType(CVidParamTiming::eVidParamType_Gtf);
+    });
 }
 } // namespace
 

@@ -42,13 +42,15 @@ constexpr bool AreNumberedFromOne()
     return true;
 }
 static_assert(std::size(g_aoSmpteTable) == 10 && AreNumberedFromOne());
+
+constexpr CRowIndex gsc_oIndex(g_aoSmpteTable);
 } // namespace
 
 int CVidParamSmpte::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                                 unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz)
 {
     const SRow* const poRow =
-        FindRow(g_aoSmpteTable, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
+        FindRow(g_aoSmpteTable, gsc_oIndex, uiIndex, { uiHorizontalActive, uiVerticalActive, uiVerticalRateInHz },
                 [](unsigned int /*uiFlags*/) { return true; });
     return AnswerWithRow(poRow, poTiming, ConvertVidParam) ? 1 : 0;
 }

@@ -8,8 +8,6 @@
 
 #include "ZorTools.h"
 
-CVidParamTiming::~CVidParamTiming() = default;
-
 namespace
 {
 // Which clock the link needs for a stored clock: 4:2:0 carries two pixels in one period, 3D two pictures in one frame.
@@ -44,35 +42,6 @@ unsigned int CVidParamTiming::GetEffectivePixelClockInHz() const
 unsigned int CVidParamTiming::GetEffectivePixelClockInKiloHz() const
 {
     return GetEffectiveClock(GetPixelClockInKiloHz(), Is3D(), Is420ColorSpace());
-}
-
-unsigned int CVidParamTiming::ComputeHorizontalTotalPixel() const
-{
-    return ComputeHorizontalTotalPixel(GetHorizontalActive(), GetHorizontalSync(), GetHorizontalFrontPorch(),
-                                       GetHorizontalBackPorch(), GetHorizontalOverscan());
-}
-
-unsigned int CVidParamTiming::ComputeVerticalTotalLine() const
-{
-    return ComputeVerticalTotalLine(GetVerticalActive(), GetVerticalFrontPorch(), GetVerticalSync(),
-                                    GetVerticalBackPorch(), GetVerticalOverscan(), IsInterlaced());
-}
-
-unsigned int CVidParamTiming::ComputeHorizontalRateInHz() const
-{
-    return ComputeHorizontalRateInHz(ComputeHorizontalTotalPixel(), GetPixelClockInHz());
-}
-
-unsigned int CVidParamTiming::ComputeHorizontalRateInKiloHz() const
-{
-    return ComputeHorizontalRateInKiloHz(ComputeHorizontalTotalPixel(), GetPixelClockInKiloHz());
-}
-
-unsigned int CVidParamTiming::ComputeVerticalRateInHz() const
-{
-    const unsigned int uiVerticalTotal = ComputeVerticalTotalLine();
-    const unsigned int uiHorizontalTotal = ComputeHorizontalTotalPixel();
-    return ComputeVerticalRateInHz(uiHorizontalTotal, uiVerticalTotal, GetPixelClockInHz());
 }
 
 CVidParamTiming& CVidParamTiming::operator=(const CVidParamTiming& oOther)
@@ -157,35 +126,3 @@ int CVidParamTiming::operator==(const CVidParamTiming& oOther) const
 }
 
 int CVidParamTiming::operator!=(const CVidParamTiming& oOther) const { return (*this == oOther) != 0 ? 0 : 1; }
-
-unsigned int CVidParamTiming::ComputeHorizontalTotalPixel(unsigned int uiActive, unsigned int uiSync,
-                                                          unsigned int uiFrontPorch, unsigned int uiBackPorch,
-                                                          unsigned int uiOverscan)
-{
-    return uiActive + uiSync + uiFrontPorch + uiBackPorch + uiOverscan;
-}
-
-unsigned int CVidParamTiming::ComputeVerticalTotalLine(unsigned int uiActive, unsigned int uiFrontPorch,
-                                                       unsigned int uiSync, unsigned int uiBackPorch,
-                                                       unsigned int uiOverscan, int bInterlaced)
-{
-    const unsigned int uiBlanking = uiFrontPorch + uiSync + uiBackPorch + uiOverscan;
-    return bInterlaced != 0 ? uiActive + 2 * uiBlanking + 1 : uiActive + uiBlanking;
-}
-
-unsigned int CVidParamTiming::ComputeHorizontalRateInHz(unsigned int uiHorizontalTotal, unsigned int uiPixelClockInHz)
-{
-    return ZorTools_RoundedDivision(uiPixelClockInHz, uiHorizontalTotal);
-}
-
-unsigned int CVidParamTiming::ComputeHorizontalRateInKiloHz(unsigned int uiHorizontalTotal,
-                                                            unsigned int uiPixelClockInKiloHz)
-{
-    return ZorTools_RoundedDivision(uiPixelClockInKiloHz, uiHorizontalTotal);
-}
-
-unsigned int CVidParamTiming::ComputeVerticalRateInHz(unsigned int uiHorizontalTotal, unsigned int uiVerticalTotal,
-                                                      unsigned int uiPixelClockInHz)
-{
-    return ZorTools_RoundedDivision(uiPixelClockInHz, uiHorizontalTotal * uiVerticalTotal);
-}

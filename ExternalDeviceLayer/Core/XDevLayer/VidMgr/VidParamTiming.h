@@ -12,6 +12,8 @@
 
 #pragma once
 
+#include "ZorTools.h"
+
 class CVidParamTiming
 {
 public:
@@ -140,3 +142,71 @@ protected:
         return (iValue & 1) != 0 ? uiFlags | uiMask : uiFlags & ~uiMask;
     }
 };
+
+// ---- Inline: each timing that is produced goes through these, and a producer that knows the storage sees through
+// them. ----
+
+inline CVidParamTiming::~CVidParamTiming() = default;
+
+inline unsigned int CVidParamTiming::ComputeHorizontalTotalPixel() const
+{
+    return ComputeHorizontalTotalPixel(GetHorizontalActive(), GetHorizontalSync(), GetHorizontalFrontPorch(),
+                                       GetHorizontalBackPorch(), GetHorizontalOverscan());
+}
+
+inline unsigned int CVidParamTiming::ComputeVerticalTotalLine() const
+{
+    return ComputeVerticalTotalLine(GetVerticalActive(), GetVerticalFrontPorch(), GetVerticalSync(),
+                                    GetVerticalBackPorch(), GetVerticalOverscan(), IsInterlaced());
+}
+
+inline unsigned int CVidParamTiming::ComputeHorizontalRateInHz() const
+{
+    return ComputeHorizontalRateInHz(ComputeHorizontalTotalPixel(), GetPixelClockInHz());
+}
+
+inline unsigned int CVidParamTiming::ComputeHorizontalRateInKiloHz() const
+{
+    return ComputeHorizontalRateInKiloHz(ComputeHorizontalTotalPixel(), GetPixelClockInKiloHz());
+}
+
+inline unsigned int CVidParamTiming::ComputeVerticalRateInHz() const
+{
+    const unsigned int uiVerticalTotal = ComputeVerticalTotalLine();
+    const unsigned int uiHorizontalTotal = ComputeHorizontalTotalPixel();
+    return ComputeVerticalRateInHz(uiHorizontalTotal, uiVerticalTotal, GetPixelClockInHz());
+}
+
+inline unsigned int CVidParamTiming::ComputeHorizontalTotalPixel(unsigned int uiActive, unsigned int uiSync,
+                                                                 unsigned int uiFrontPorch, unsigned int uiBackPorch,
+                                                                 unsigned int uiOverscan)
+{
+    return uiActive + uiSync + uiFrontPorch + uiBackPorch + uiOverscan;
+}
+
+inline unsigned int CVidParamTiming::ComputeVerticalTotalLine(unsigned int uiActive, unsigned int uiFrontPorch,
+                                                              unsigned int uiSync, unsigned int uiBackPorch,
+                                                              unsigned int uiOverscan, int bInterlaced)
+{
+    const unsigned int uiBlanking = uiFrontPorch + uiSync + uiBackPorch + uiOverscan;
+    return bInterlaced != 0 ? uiActive + 2 * uiBlanking + 1 : uiActive + uiBlanking;
+}
+
+inline unsigned int CVidParamTiming::ComputeHorizontalRateInHz(unsigned int uiHorizontalTotal,
+                                                               unsigned int uiPixelClockInHz)
+{
+    return ZorTools_RoundedDivision(uiPixelClockInHz, uiHorizontalTotal);
+}
+
+inline unsigned int CVidParamTiming::ComputeHorizontalRateInKiloHz(unsigned int uiHorizontalTotal,
+                                                                   unsigned int uiPixelClockInKiloHz)
+{
+    return ZorTools_RoundedDivision(uiPixelClockInKiloHz, uiHorizontalTotal);
+}
+
+inline unsigned int CVidParamTiming::ComputeVerticalRateInHz(unsigned int uiHorizontalTotal,
+                                                             unsigned int uiVerticalTotal,
+                                                             unsigned int uiPixelClockInHz)
+{
+    return ZorTools_RoundedDivision(uiPixelClockInHz, uiHorizontalTotal * uiVerticalTotal);
+}

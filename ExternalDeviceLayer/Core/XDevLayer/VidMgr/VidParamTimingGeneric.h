@@ -39,13 +39,19 @@ public:
         eFlag_3D = 1U << 5,
     };
 
-    CVidParamTimingGeneric() noexcept; // an empty timing, all zero
-    explicit CVidParamTimingGeneric(const SVidParamGenericData& oData);
+    CVidParamTimingGeneric() noexcept : m_oData{} {} // an empty timing, all zero
+    explicit CVidParamTimingGeneric(const SVidParamGenericData& oData) : m_oData(oData) {}
     CVidParamTimingGeneric(const CVidParamTimingGeneric& oOther) = default;
-    ~CVidParamTimingGeneric() override;
+    ~CVidParamTimingGeneric() override { CVidParamTimingGeneric::ClearData(); }
 
     // Copies the record exactly, the flag without accessor included.
-    CVidParamTimingGeneric& operator=(const CVidParamTimingGeneric& oOther);
+    CVidParamTimingGeneric& operator=(const CVidParamTimingGeneric& oOther)
+    {
+        // The record and nothing else, the bit without accessor too: what the field-wise base assignment would write
+        // first is overwritten whole, and sorting a mode list consists of little but this.
+        m_oData = oOther.m_oData;
+        return *this;
+    }
     // From any timing, field by field.
     using CVidParamTiming::operator=;
 
@@ -54,7 +60,7 @@ public:
     SVidParamGenericData& GetData() { return m_oData; }
 
     // Zeroes the whole record, source and flags included.
-    void ClearData() override;
+    void ClearData() override { m_oData = SVidParamGenericData{}; }
 
     unsigned int GetHorizontalActive() const override { return m_oData.uiHorizontalActive; }
     unsigned int GetVerticalActive() const override { return m_oData.uiVerticalActive; }
@@ -63,9 +69,9 @@ public:
     int Is420ColorSpace() const override { return IsFlagSet(eFlag_420ColorSpace) ? 1 : 0; }
     int Is3D() const override { return IsFlagSet(eFlag_3D) ? 1 : 0; }
     unsigned int GetPixelClockInHz() const override { return m_oData.uiPixelClockInHz; }
-    unsigned int GetPixelClockInKiloHz() const override; // truncates
+    unsigned int GetPixelClockInKiloHz() const override { return m_oData.uiPixelClockInHz / msc_uiHzPerKiloHz; }
     unsigned int GetHorizontalRateInHz() const override { return m_oData.uiHorizontalRateInHz; }
-    unsigned int GetHorizontalRateInKiloHz() const override; // truncates
+    unsigned int GetHorizontalRateInKiloHz() const override { return m_oData.uiHorizontalRateInHz / msc_uiHzPerKiloHz; }
     unsigned int GetHorizontalFrontPorch() const override { return m_oData.uiHorizontalFrontPorch; }
     unsigned int GetHorizontalSync() const override { return m_oData.uiHorizontalSync; }
     unsigned int GetHorizontalBackPorch() const override { return m_oData.uiHorizontalBackPorch; }
@@ -82,9 +88,17 @@ public:
     void SetHorizontalActive(unsigned int uiPixels) override { m_oData.uiHorizontalActive = uiPixels; }
     void SetVerticalActive(unsigned int uiLines) override { m_oData.uiVerticalActive = uiLines; }
     void SetPixelClockInHz(unsigned int uiHz) override { m_oData.uiPixelClockInHz = uiHz; }
-    void SetPixelClockInKiloHz(unsigned int uiKiloHz) override; // stores the product with 1000, wrapped to 32 bits
+    // Stores the product with 1000, wrapped to 32 bits.
+    void SetPixelClockInKiloHz(unsigned int uiKiloHz) override
+    {
+        m_oData.uiPixelClockInHz = uiKiloHz * msc_uiHzPerKiloHz;
+    }
     void SetHorizontalRateInHz(unsigned int uiHz) override { m_oData.uiHorizontalRateInHz = uiHz; }
-    void SetHorizontalRateInKiloHz(unsigned int uiKiloHz) override; // as the clock
+    // As the clock.
+    void SetHorizontalRateInKiloHz(unsigned int uiKiloHz) override
+    {
+        m_oData.uiHorizontalRateInHz = uiKiloHz * msc_uiHzPerKiloHz;
+    }
     void SetHorizontalFrontPorch(unsigned int uiPixels) override { m_oData.uiHorizontalFrontPorch = uiPixels; }
     void SetHorizontalSync(unsigned int uiPixels) override { m_oData.uiHorizontalSync = uiPixels; }
     void SetHorizontalBackPorch(unsigned int uiPixels) override { m_oData.uiHorizontalBackPorch = uiPixels; }

@@ -9,6 +9,7 @@
 #include "EdidBaseLayout.h"
 #include "EdidTileOutputs.h"
 #include "EdidUtils.h"
+#include "ListFill.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
@@ -111,6 +112,7 @@ int CEdid::SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, uns
         MASSERT_FAILED();
     }
     const unsigned int uiUsed = std::min(uiAnnounced, uiSize);
+    CListFill<CEdidExtBlock*> oFill(m_aoExtensions, uiUsed / CEdidUtils::msc_uiBlockSize - 1);
     for (unsigned int uiOffset = CEdidUtils::msc_uiBlockSize; uiOffset < uiUsed;
          uiOffset += CEdidUtils::msc_uiBlockSize)
     {
@@ -118,8 +120,7 @@ int CEdid::SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, uns
             CEdidExtBlock::CreateExtensionBlock(CEdidUtils::msc_uiBlockSize, pui8Data + uiOffset, uiStripFlags));
         if (poBlock != nullptr)
         {
-            m_aoExtensions.Add(poBlock.get());
-            static_cast<void>(poBlock.release()); // the list owns it once it is there
+            oFill.Add(poBlock.release());
         }
     }
     return 1;

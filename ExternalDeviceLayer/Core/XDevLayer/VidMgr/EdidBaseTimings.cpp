@@ -2,6 +2,7 @@
 
 #include "EdidBase.h"
 
+#include <bit>
 #include <iterator>
 
 #include "ByteFields.h"
@@ -60,16 +61,57 @@ constexpr SEstablishedMode gsc_aoEstablishedModes[] = {
 static_assert(std::size(gsc_aoEstablishedModes) == CEdidBase::msc_uiEstablishedCount,
               "one row for each established timing");
 
-const SEstablishedMode* FindEstablishedMode(CEdidBase::EEstablishedTiming eId)
+// Number of the row of each bit, for a look-up without a search; derived by the compiler.
+struct SRowsOfBits
 {
-    for (const SEstablishedMode& oMode : gsc_aoEstablishedModes)
+    unsigned char m_aui8Row[24]; // bits of the three bytes
+};
+
+constexpr SRowsOfBits ListRowsOfBits()
+{
+    SRowsOfBits oRows = {};
+    for (unsigned char& ui8Row : oRows.m_aui8Row)
     {
-        if (oMode.m_eId == eId)
-        {
-            return &oMode;
-        }
+        ui8Row = CEdidBase::msc_uiEstablishedCount; // bits without a mode
     }
-    return nullptr;
+    for (unsigned int i = 0; i < CEdidBase::msc_uiEstablishedCount; ++i)
+    {
+        oRows.m_aui8Row[std::countr_zero(static_cast<unsigned int>(gsc_aoEstablishedModes[i].m_eId))] =
+            static_cast<unsigned char>(i);
+    }
+    return oRows;
+}
+
+constexpr SRowsOfBits gsc_oRowsOfBits = ListRowsOfBits();
+
+// Null for what is not exactly one bit with a mode.
+const SEstablishedMode* FindEstablishedMode(unsigned int uiMask)
+{
+    if (!std::has_single_bit(uiMask) || uiMask >> std::size(gsc_oRowsOfBits.m_aui8Row) != 0)
+    {
+        return nullptr;
+    }
+    const unsigned int uiRow = gsc_oRowsOfBits.m_aui8Row[std::countr_zero(uiMask)];
+    return uiRow < CEdidBase::msc_uiEstablishedCount ? &gsc_aoEstablishedModes[uiRow] : nullptr;
+}
+
+// The mode of a bit, where the bits declare it and the list has it; else null. Counting and listing both ask here: a
+// row of the table always gives a timing, so that none need be computed to count.
+const SEstablishedMode* FindListedMode(unsigned int uiDeclared, unsigned int uiMask, int bVesaOnly)
+{
+    const SEstablishedMode* poMode = (uiDeclared & uiMask) != 0 ? FindEstablishedMode(uiMask) : nullptr;
+    return poMode != nullptr && (bVesaOnly == 0 || poMode->m_bVesa) ? poMode : nullptr;
+}
+
+int GetEstablishedTiming(const SEstablishedMode& oMode, CVidParamTiming* poTiming)
+{
+    if (oMode.m_eSource == EEstablishedSource::eGtf)
+    {
+        return CVidParamGtf::GetVidParam(oMode.m_uiHorizontalActive, oMode.m_uiVerticalActive,
+                                         oMode.m_uiVerticalRateInHz, poTiming);
+    }
+    return CVidParamDmt::GetVidParam(0, poTiming, oMode.m_uiHorizontalActive, oMode.m_uiVerticalActive,
+                                     oMode.m_uiVerticalRateInHz, CVidParamDmt::eModeListAll);
 }
 
 // ---- Standard timings ----
@@ -166,18 +208,8 @@ void CEdidBase::FillEstablishedMask()
 int CEdidBase::GetEstablishedFromId(EEstablishedTiming eId, CVidParamTiming* poTiming, int bVesaOnly) const
 {
     const unsigned int uiDeclared = ReadLittle24(m_aui8Edid + gsc_uiEstablishedOffset);
-    const SEstablishedMode* poMode = FindEstablishedMode(eId);
-    if (poMode == nullptr || (uiDeclared & poMode->m_eId) == 0 || (bVesaOnly != 0 && !poMode->m_bVesa))
-    {
-        return 0;
-    }
-    if (poMode->m_eSource == EEstablishedSource::eGtf)
-    {
-        return CVidParamGtf::GetVidParam(poMode->m_uiHorizontalActive, poMode->m_uiVerticalActive,
-                                         poMode->m_uiVerticalRateInHz, poTiming);
-    }
-    return CVidParamDmt::GetVidParam(0, poTiming, poMode->m_uiHorizontalActive, poMode->m_uiVerticalActive,
-                                     poMode->m_uiVerticalRateInHz, CVidParamDmt::eModeListAll);
+    const SEstablishedMode* poMode = FindListedMode(uiDeclared, eId, bVesaOnly);
+    return poMode != nullptr ? GetEstablishedTiming(*poMode, poTiming) : 0;
 }
 
 int CEdidBase::GetEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, int bVesaOnly) const
@@ -187,10 +219,11 @@ int CEdidBase::GetEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, i
 
 unsigned int CEdidBase::GetEstablishedCount(int bVesaOnly) const
 {
+    const unsigned int uiDeclared = ReadLittle24(m_aui8Edid + gsc_uiEstablishedOffset);
     unsigned int uiCount = 0;
-    while (uiCount < msc_uiEstablishedCount && GetEstablished(uiCount, nullptr, bVesaOnly) != 0)
+    for (const unsigned int uiMask : m_auiEstablishedMask)
     {
-        ++uiCount;
+        uiCount += FindListedMode(uiDeclared, uiMask, bVesaOnly) != nullptr ? 1U : 0U;
     }
     return uiCount;
 }
@@ -280,16 +313,23 @@ int CEdidBase::GetExtraStdTiming(unsigned int uiIndex, CVidParamTiming& oTiming)
 
 unsigned int CEdidBase::ExtractStandardTimings()
 {
-    m_aoStandardSlots.RemoveAll();
+    unsigned int auiSlots[msc_uiStandardSlotCount];
+    unsigned int uiCount = 0;
     for (unsigned int uiSlot = 0; uiSlot < msc_uiStandardSlotCount; ++uiSlot)
     {
         const SStandard oStandard = ReadStandard(uiSlot);
         if (GetStandardTiming(&oStandard, nullptr) != 0)
         {
-            m_aoStandardSlots.Add(uiSlot);
+            auiSlots[uiCount++] = uiSlot;
         }
     }
-    return m_aoStandardSlots.GetCount();
+    m_aoStandardSlots.RemoveAll();
+    m_aoStandardSlots.SetCount(uiCount, -1); // memory once, and no more than needed
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        m_aoStandardSlots[i] = auiSlots[i];
+    }
+    return uiCount;
 }
 
 void CEdidBase::RePackStandards()
@@ -413,14 +453,25 @@ unsigned int CEdidBase::FindEstablished(unsigned int uiIndex, CVidParamTiming* p
     {
         return 0;
     }
+    const unsigned int uiDeclared = ReadLittle24(m_aui8Edid + gsc_uiEstablishedOffset);
+    const SEstablishedMode* poLast = nullptr;
     unsigned int uiListed = 0;
     for (const unsigned int uiMask : m_auiEstablishedMask)
     {
-        if (GetEstablishedFromId(static_cast<EEstablishedTiming>(uiMask), poTiming, bVesaOnly) != 0 &&
-            uiListed++ == uiIndex)
+        const SEstablishedMode* poMode = FindListedMode(uiDeclared, uiMask, bVesaOnly);
+        if (poMode == nullptr)
         {
-            return uiMask;
+            continue;
         }
+        if (uiListed++ == uiIndex)
+        {
+            return GetEstablishedTiming(*poMode, poTiming) != 0 ? uiMask : 0;
+        }
+        poLast = poMode;
+    }
+    if (poLast != nullptr)
+    {
+        GetEstablishedTiming(*poLast, poTiming); // an index beyond the list leaves the last timing listed
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-// Filling a list that is derived from bytes. Private to the sources of the extension blocks.
+// Filling a list that is derived from bytes. Private to the sources of the EDID and its extension blocks.
 
 #pragma once
 
@@ -18,12 +18,21 @@ public:
     CListFill(const CListFill&) = delete;
     CListFill& operator=(const CListFill&) = delete;
 
-    void Add(const TYPE& oEntry) { m_aoList.SetAt(static_cast<int>(m_uiCount++), oEntry); }
+    void Add(const TYPE& oEntry) { m_aoList[m_uiCount++] = oEntry; }
     unsigned int GetCount() const { return m_uiCount; }
-    // An entry below GetCount. Not by [], whose test the search for repeats, the hot loop of loading, would pay for.
-    const TYPE& GetAt(unsigned int uiIndex) const { return m_aoList.GetData()[uiIndex]; }
 
 private:
     CMArray<TYPE, const TYPE&>& m_aoList;
     unsigned int m_uiCount = 0;
 };
+
+// Replaces the content of a list by uiCount entries, with one allocation at most and of exactly their size.
+template <class TYPE>
+void CopyList(const TYPE* poEntries, unsigned int uiCount, CMArray<TYPE, const TYPE&>& aoList)
+{
+    aoList.SetCount(uiCount, -1);
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        aoList[i] = poEntries[i];
+    }
+}

@@ -61,7 +61,7 @@ void CEdidExtBlockCEA861::Load(const unsigned char* pui8Data, unsigned int uiStr
     m_uiRevision = pui8Data[gsc_uiRevisionOffset];
     m_aui8Raw.SetCount(gsc_uiBlockSize, -1);
     ZorTools_memcpy(m_aui8Raw.GetData(), pui8Data, gsc_uiBlockSize);
-    m_bStripped = StripDataBlocks(uiStripFlags);
+    m_bStripped = Strip(uiStripFlags) ? 1 : 0;
     DeriveLists(eList_All);
 }
 
@@ -109,7 +109,7 @@ int CEdidExtBlockCEA861::IsStripped() const { return m_bStripped; }
 
 // ---- Detailed timings ----
 
-unsigned int CEdidExtBlockCEA861::GetDetailedCount() const { return m_apoDetailed.GetCount(); }
+unsigned int CEdidExtBlockCEA861::GetDetailedCount() const { return m_uiDetailedCount; }
 
 int CEdidExtBlockCEA861::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const
 {
@@ -118,13 +118,13 @@ int CEdidExtBlockCEA861::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTi
         return 0;
     }
     poTiming->ClearData();
-    const CEdidUtils::SEdidDetailedRaw* poRaw = m_apoDetailed[uiIndex];
-    if (poRaw == nullptr)
+    if (m_apoDetailed.GetCount() != 0)
     {
-        MASSERT_FAILED();
-        return 0;
+        return CEdidUtils::ConvertDetailedDescriptorToVidParam(*m_apoDetailed[uiIndex], poTiming);
     }
-    return CEdidUtils::ConvertDetailedDescriptorToVidParam(*poRaw, poTiming);
+    const unsigned char* pui8Slot = m_aui8Raw.GetData() + GetBytes().GetDetailedOffset(uiIndex);
+    return CEdidUtils::ConvertDetailedDescriptorToVidParam(
+        *reinterpret_cast<const CEdidUtils::SEdidDetailedRaw*>(pui8Slot), poTiming);
 }
 
 int CEdidExtBlockCEA861::RemoveDetailed(unsigned int uiIndex)
@@ -146,15 +146,9 @@ int CEdidExtBlockCEA861::RemoveDetailed(unsigned int uiIndex)
 
 unsigned int CEdidExtBlockCEA861::ExtractDetailedTimings()
 {
-    const CCea861Editor oEditor = EditBytes();
-    const unsigned int uiCount = oEditor.CountDetailed();
-    CListFill<CEdidUtils::SEdidDetailedRaw*> oFill(m_apoDetailed, uiCount);
-    for (unsigned int i = 0; i < uiCount; ++i)
-    {
-        unsigned char* pui8Slot = oEditor.GetAt(oEditor.GetDetailedOffset(i));
-        oFill.Add(reinterpret_cast<CEdidUtils::SEdidDetailedRaw*>(pui8Slot));
-    }
-    return uiCount;
+    m_apoDetailed.RemoveAll();
+    m_uiDetailedCount = GetBytes().CountDetailed();
+    return m_uiDetailedCount;
 }
 
 unsigned int CEdidExtBlockCEA861::GetDetailedTimingsOffset(unsigned int uiIndex) const
@@ -208,8 +202,11 @@ int CEdidExtBlockCEA861::AddVendorSpecific()
 
 // ---- Raw steps ----
 
+// A raw step leaves all lists as they are.
+
 void CEdidExtBlockCEA861::RemoveDataRange(unsigned int uiStart, unsigned int uiLength)
 {
+    KeepPlaces();
     if (!EditBytes().RemoveRange(uiStart, uiLength))
     {
         MASSERT_FAILED();
@@ -218,6 +215,7 @@ void CEdidExtBlockCEA861::RemoveDataRange(unsigned int uiStart, unsigned int uiL
 
 void CEdidExtBlockCEA861::PadDataRange(unsigned int uiStart, unsigned int uiLength)
 {
+    KeepPlaces();
     if (!EditBytes().ZeroRange(uiStart, uiLength))
     {
         MASSERT_FAILED();
@@ -227,6 +225,12 @@ void CEdidExtBlockCEA861::PadDataRange(unsigned int uiStart, unsigned int uiLeng
 void CEdidExtBlockCEA861::UpdateChecksum() { EditBytes().UpdateChecksum(); }
 
 int CEdidExtBlockCEA861::StripDataBlocks(unsigned int uiStripFlags)
+{
+    KeepPlaces();
+    return Strip(uiStripFlags) ? 1 : 0;
+}
+
+bool CEdidExtBlockCEA861::Strip(unsigned int uiStripFlags)
 {
     CCea861Editor oEditor = EditBytes();
     bool bChanged = false;
@@ -255,7 +259,7 @@ int CEdidExtBlockCEA861::StripDataBlocks(unsigned int uiStripFlags)
     {
         oEditor.UpdateChecksum();
     }
-    return bChanged ? 1 : 0;
+    return bChanged;
 }
 
 // ---- Bytes and lists ----
@@ -263,6 +267,25 @@ int CEdidExtBlockCEA861::StripDataBlocks(unsigned int uiStripFlags)
 CCea861Bytes CEdidExtBlockCEA861::GetBytes() const { return { m_aui8Raw.GetData(), m_uiRevision }; }
 
 CCea861Editor CEdidExtBlockCEA861::EditBytes() { return { m_aui8Raw.GetData(), m_uiRevision }; }
+
+// Lists that a walk over the bytes gives as fast are not held: where the descriptors stand, and where each code came
+// from (a third of a block's memory). They are derived here, ahead of the steps that move bytes and leave lists as they
+// were.
+void CEdidExtBlockCEA861::KeepPlaces()
+{
+    ListOccurrences();
+    if (m_apoDetailed.GetCount() != 0)
+    {
+        return;
+    }
+    const CCea861Editor oEditor = EditBytes();
+    CListFill<CEdidUtils::SEdidDetailedRaw*> oFill(m_apoDetailed, m_uiDetailedCount);
+    for (unsigned int i = 0; i < m_uiDetailedCount; ++i)
+    {
+        unsigned char* pui8Slot = oEditor.GetAt(oEditor.GetDetailedOffset(i));
+        oFill.Add(reinterpret_cast<CEdidUtils::SEdidDetailedRaw*>(pui8Slot));
+    }
+}
 
 // Asked before the bytes of an edit move: the lists that it makes out of date. In a block whose data blocks end where
 // the descriptors begin these are the lists named. Where a data block crosses that point, or runs past byte 126, an

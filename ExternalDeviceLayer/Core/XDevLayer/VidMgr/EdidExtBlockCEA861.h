@@ -296,6 +296,7 @@ private:
     // For bytes that IsSupported has taken.
     CEdidExtBlockCEA861(SSupported, const unsigned char* pui8Data, unsigned int uiStripFlags);
     void Load(const unsigned char* pui8Data, unsigned int uiStripFlags);
+    bool Strip(unsigned int uiStripFlags); // whether a byte changed
 
     CCea861Bytes GetBytes() const;
     CCea861Editor EditBytes();
@@ -304,18 +305,23 @@ private:
     void FinishEdit(unsigned int uiLists);
     void DeriveLists(unsigned int uiLists);
     const SVicCodeEntry& GetVicCodeEntry(unsigned int uiIndex) const;
+    void KeepPlaces();
+    void ListOccurrences();
 
     CMArray<unsigned char, const unsigned char&> m_aui8Raw;
     unsigned int m_uiExtensionType = 0;
     unsigned int m_uiRevision = 0;
     // Pointers into m_aui8Raw, in block order; not owned. Safe because m_aui8Raw is sized once, in the constructor, and
-    // every descriptor found lies within it. After RemoveStandard they still point at the old places.
+    // every descriptor found lies within it. Empty while the bytes tell the places; after RemoveStandard they point at
+    // the old ones.
     CMArray<CEdidUtils::SEdidDetailedRaw*, CEdidUtils::SEdidDetailedRaw* const&> m_apoDetailed;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode; // ordinary timings
     CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode420; // timings in YCbCr 4:2:0
+    unsigned int m_uiDetailedCount = 0;
     int m_bStripped = 0;
     CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
     CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
-    int m_bListsBehind = 0; // 1 while lists may describe older bytes; the next edit then derives them all
+    int m_bOccurrencesListed = 0; // 1 once m_aoVicLookUp is derived; it holds the places of that moment
+    int m_bListsBehind = 0;       // 1 while lists may describe older bytes; the next edit then derives them all
 };

@@ -55,24 +55,41 @@ SCodeTimings GetCodeTimings(unsigned int uiCode)
     return oTimings;
 }
 
-void AddOnce(CListFill<SVicCodeEntry>& oFill, const SVicCodeEntry& oEntry)
+// Which timings a list holds: a bit for each code and each 1000/1001 variant, native or not. A search through the list
+// for repeats would make loading quadratic in the codes.
+class CHeldTimings
 {
-    for (unsigned int i = 0; i < oFill.GetCount(); ++i)
+public:
+    // False when the list holds the timing already.
+    bool Add(const SVicCodeEntry& oEntry)
     {
-        if (oFill.GetAt(i).m_uiVic == oEntry.m_uiVic && oFill.GetAt(i).m_bNative == oEntry.m_bNative)
-        {
-            return;
-        }
+        const bool bVariant = oEntry.m_uiVic >= gsc_uiVariantOffset;
+        const unsigned int uiCode = oEntry.m_uiVic - (bVariant ? gsc_uiVariantOffset : 0);
+        const unsigned int uiBit = 4 * uiCode + (bVariant ? 2U : 0U) + (oEntry.m_bNative != 0 ? 1U : 0U);
+        const unsigned long long ullMask = 1ULL << (uiBit % 64);
+        const bool bNew = (m_aullBits[uiBit / 64] & ullMask) == 0;
+        m_aullBits[uiBit / 64] |= ullMask;
+        return bNew;
     }
-    oFill.Add(oEntry);
+
+private:
+    unsigned long long m_aullBits[4 * gsc_uiNativeBit / 64] = {}; // codes lie below the native bit
+};
+
+void AddOnce(CListFill<SVicCodeEntry>& oFill, CHeldTimings& oHeld, const SVicCodeEntry& oEntry)
+{
+    if (oHeld.Add(oEntry))
+    {
+        oFill.Add(oEntry);
+    }
 }
 
-void AddCode(CListFill<SVicCodeEntry>& oFill, unsigned int uiCode)
+void AddCode(CListFill<SVicCodeEntry>& oFill, CHeldTimings& oHeld, unsigned int uiCode)
 {
     const SCodeTimings oTimings = GetCodeTimings(uiCode);
     for (unsigned int i = 0; i < oTimings.m_uiCount; ++i)
     {
-        AddOnce(oFill, oTimings.m_aoEntry[i]);
+        AddOnce(oFill, oHeld, oTimings.m_aoEntry[i]);
     }
 }
 
@@ -128,44 +145,67 @@ void AddHdmiCodes(const CCea861Editor& oEditor, const SDataBlockKind& oKind, SAl
     unsigned int uiBlock = 0;
     for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(oKind); ++uiBlock)
     {
-        unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
-        if (pui8Payload == nullptr)
+        const unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
+        const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(oWalk.GetLength(), pui8Payload);
+        for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
         {
-            continue;
-        }
-        const CHdmi1xVsdb oVsdb(oWalk.GetLength(), pui8Payload);
-        unsigned int uiVic = 0;
-        for (unsigned int i = 0; (uiVic = oVsdb.EnumCea861Vic(i)) != 0; ++i)
-        {
-            oCodes.Add({ uiVic, oKind, uiBlock, 0 });
+            unsigned char ui8CeaVic = 0;
+            if (CHdmi1xVsdb::ConvertHdmiVicToCeaVic(pui8Payload[oVics.m_uiVicsOffset + i], ui8CeaVic) != 0)
+            {
+                oCodes.Add({ ui8CeaVic, oKind, uiBlock, 0 });
+            }
         }
     }
 }
 
 // ---- Listing the timings ----
 
-// The ordinary timings, each once, and a look-up entry for each occurrence.
-void ListTimings(const SAllCodes& oCodes, CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings,
-                 CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&>& aoLookUp)
+// All codes of the block, in the order that the capability map counts them.
+void GatherCodes(const CCea861Editor& oEditor, SAllCodes& oCodes)
 {
-    unsigned int uiMost = 0;
+    oCodes.m_uiCount = 0;
+    AddVideoCodes(oEditor, oCodes);
+    AddHdmiCodes(oEditor, gsc_oVendorBlocks, oCodes);
+    AddHdmiCodes(oEditor, gsc_oVendorVideoBlocks, oCodes);
+}
+
+// The ordinary timings, each once. They are put together on the stack, so that the list takes memory once and no more
+// than it needs.
+void ListTimings(const SAllCodes& oCodes, CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings)
+{
+    SVicCodeEntry aoOnce[2 * gsc_uiBlockSize];
+    unsigned int uiCount = 0;
+    CHeldTimings oHeld;
     for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
     {
-        uiMost += GetCodeTimings(oCodes.m_aoCode[i].m_uiCode).m_uiCount;
+        const SCodeTimings oTimings = GetCodeTimings(oCodes.m_aoCode[i].m_uiCode);
+        for (unsigned int j = 0; j < oTimings.m_uiCount; ++j)
+        {
+            if (oHeld.Add(oTimings.m_aoEntry[j]))
+            {
+                aoOnce[uiCount++] = oTimings.m_aoEntry[j];
+            }
+        }
     }
-    CListFill<SVicCodeEntry> oFill(aoTimings, uiMost);
-    CListFill<SVicCodeEntryLookUp> oFillLookUp(aoLookUp, uiMost);
+    CopyList(aoOnce, uiCount, aoTimings);
+}
+
+// An entry for each occurrence of a timing.
+void ListPlaces(const SAllCodes& oCodes, CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&>& aoLookUp)
+{
+    SVicCodeEntryLookUp aoAll[2 * gsc_uiBlockSize];
+    unsigned int uiCount = 0;
     for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
     {
         const SCode& oCode = oCodes.m_aoCode[i];
         const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
         for (unsigned int j = 0; j < oTimings.m_uiCount; ++j)
         {
-            AddOnce(oFill, oTimings.m_aoEntry[j]);
-            oFillLookUp.Add({ oTimings.m_aoEntry[j].m_uiVic, oCode.m_uiBlockIndex, oCode.m_oKind.m_bExtended ? 1U : 0U,
-                              oCode.m_oKind.m_uiTag, oCode.m_uiPosition });
+            aoAll[uiCount++] = { oTimings.m_aoEntry[j].m_uiVic, oCode.m_uiBlockIndex,
+                                 oCode.m_oKind.m_bExtended ? 1U : 0U, oCode.m_oKind.m_uiTag, oCode.m_uiPosition };
         }
     }
+    CopyList(aoAll, uiCount, aoLookUp);
 }
 
 // As many timings in YCbCr 4:2:0 as there can be: two for each bit set and for each short video descriptor, and the
@@ -190,7 +230,8 @@ unsigned int GetMost420Timings(const CCea861Bytes& oBytes, unsigned int uiOrdina
 }
 
 // The timings of the codes that a capability map selects.
-void AddMappedTimings(const CCea861Walk& oMap, const SAllCodes& oCodes, CListFill<SVicCodeEntry>& oFill)
+void AddMappedTimings(const CCea861Walk& oMap, const SAllCodes& oCodes, CListFill<SVicCodeEntry>& oFill,
+                      CHeldTimings& oHeld)
 {
     for (unsigned int i = 0; i < gsc_uiBitsPerByte * oMap.GetLength(); ++i)
     {
@@ -203,7 +244,7 @@ void AddMappedTimings(const CCea861Walk& oMap, const SAllCodes& oCodes, CListFil
             MASSERT_FAILED();
             continue;
         }
-        AddCode(oFill, oCodes.m_aoCode[i].m_uiCode);
+        AddCode(oFill, oHeld, oCodes.m_aoCode[i].m_uiCode);
     }
 }
 
@@ -213,15 +254,17 @@ void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
                     CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings)
 {
     CListFill<SVicCodeEntry> oFill(aoTimings, GetMost420Timings(oBytes, aoOrdinary.GetCount()));
+    CHeldTimings oHeld;
     for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
     {
         if (oWalk.GetLength() != 0)
         {
-            AddMappedTimings(oWalk, oCodes, oFill);
+            AddMappedTimings(oWalk, oCodes, oFill, oHeld);
             continue;
         }
         for (unsigned int i = 0; i < aoOrdinary.GetCount(); ++i) // all of them, uncompared
         {
+            oHeld.Add(aoOrdinary[i]);
             oFill.Add(aoOrdinary[i]);
         }
     }
@@ -229,7 +272,7 @@ void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
     {
         for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
         {
-            AddCode(oFill, oWalk.GetByte(i));
+            AddCode(oFill, oHeld, oWalk.GetByte(i));
         }
     }
 }
@@ -335,6 +378,7 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
     // The entries hold the places before anything moved; they come in block order, and in a block in rising position.
     // From the last one back no place would have to be corrected, and it would be wrong: a removal ends at the first
     // block that is gone and keeps what it took out before, so that the order decides which bytes go.
+    KeepPlaces();
     bool bRemoved = false;
     SRemovedSvds oRemoved = {};
     CCea861Editor oEditor = EditBytes();
@@ -363,6 +407,19 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
     return 1;
 }
 
+// Derives m_aoVicLookUp unless it is there.
+void CEdidExtBlockCEA861::ListOccurrences()
+{
+    if (m_bOccurrencesListed != 0)
+    {
+        return;
+    }
+    SAllCodes oCodes;
+    GatherCodes(EditBytes(), oCodes);
+    ListPlaces(oCodes, m_aoVicLookUp);
+    m_bOccurrencesListed = 1;
+}
+
 unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
 {
     // Empty before memory may run out: places that no longer hold would let a removal take out another code.
@@ -370,13 +427,11 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
     m_aoVicLookUp.RemoveAll();
     m_aoVicCode420.RemoveAll();
 
+    m_bOccurrencesListed = 0;
     const CCea861Editor oEditor = EditBytes();
     SAllCodes oCodes;
-    oCodes.m_uiCount = 0;
-    AddVideoCodes(oEditor, oCodes);
-    AddHdmiCodes(oEditor, gsc_oVendorBlocks, oCodes);
-    AddHdmiCodes(oEditor, gsc_oVendorVideoBlocks, oCodes);
-    ListTimings(oCodes, m_aoVicCode, m_aoVicLookUp);
+    GatherCodes(oEditor, oCodes);
+    ListTimings(oCodes, m_aoVicCode);
     List420Timings(oEditor, oCodes, m_aoVicCode, m_aoVicCode420);
     return CEdidExtBlockCEA861::GetStandardCount(); // qualified: also runs while the object is being made
 }

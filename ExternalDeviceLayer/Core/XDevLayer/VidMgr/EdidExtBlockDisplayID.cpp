@@ -6,6 +6,7 @@
 #include "ByteFields.h"
 #include "EdidDetailedTiming.h"
 #include "EdidUtils.h"
+#include "ListFill.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
@@ -127,10 +128,22 @@ bool IsDataBlockGood(const SDataBlockRule& oRule, const CEdidExtBlockDisplayID::
            uiLength <= uiBytesBehind;
 }
 
-// Appends the records of the data blocks to a list; false when a block is missing.
-template <class RECORD, class BLOCKS>
-bool AppendRecords(const BLOCKS& apoBlocks, CMArray<const RECORD*, const RECORD* const&>& apoRecords)
+template <class RECORD>
+unsigned int CountRecords(const CEdidExtBlockDisplayID::SDataBlockHeader* poBlock)
 {
+    return poBlock != nullptr ? poBlock->m_ui8PayloadLength / static_cast<unsigned int>(sizeof(RECORD)) : 0;
+}
+
+// Lists the records of the data blocks; false when a block is missing.
+template <class RECORD, class BLOCKS>
+bool ListRecords(const BLOCKS& apoBlocks, CMArray<const RECORD*, const RECORD* const&>& apoRecords)
+{
+    unsigned int uiMost = 0;
+    for (unsigned int i = 0; i < apoBlocks.GetCount(); ++i)
+    {
+        uiMost += CountRecords<RECORD>(apoBlocks[i]);
+    }
+    CListFill<const RECORD*> oFill(apoRecords, uiMost);
     for (unsigned int i = 0; i < apoBlocks.GetCount(); ++i)
     {
         const CEdidExtBlockDisplayID::SDataBlockHeader* poBlock = apoBlocks[i];
@@ -141,10 +154,9 @@ bool AppendRecords(const BLOCKS& apoBlocks, CMArray<const RECORD*, const RECORD*
         }
         // Byte records have no alignment, so they may lie anywhere in the block.
         const RECORD* poFirst = reinterpret_cast<const RECORD*>(PayloadOf(poBlock));
-        const unsigned int uiCount = poBlock->m_ui8PayloadLength / static_cast<unsigned int>(sizeof(RECORD));
-        for (unsigned int j = 0; j < uiCount; ++j)
+        for (unsigned int j = 0; j < CountRecords<RECORD>(poBlock); ++j)
         {
-            apoRecords.Add(poFirst + j);
+            oFill.Add(poFirst + j);
         }
     }
     return true;
@@ -412,9 +424,9 @@ unsigned int CEdidExtBlockDisplayID::ExtractDetailedTimings()
 {
     m_apoType1.RemoveAll();
     m_apoType2.RemoveAll();
-    if (AppendRecords(GetDataBlocks(eDisplayIdTag_Type1Detailed), m_apoType1))
+    if (ListRecords(GetDataBlocks(eDisplayIdTag_Type1Detailed), m_apoType1))
     {
-        AppendRecords(GetDataBlocks(eDisplayIdTag_Type2Detailed), m_apoType2);
+        ListRecords(GetDataBlocks(eDisplayIdTag_Type2Detailed), m_apoType2);
     }
     return CEdidExtBlockDisplayID::GetDetailedCount(); // qualified: also runs while the object is being made
 }

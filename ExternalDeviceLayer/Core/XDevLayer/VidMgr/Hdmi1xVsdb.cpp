@@ -57,39 +57,43 @@ int CHdmi1xVsdb::IsSupported(unsigned int uiLength, const unsigned char* pui8Pay
     return ZorTools_memcmp(pui8Payload, msc_aui8IeeOuiHdmi1x, sizeof(msc_aui8IeeOuiHdmi1x)) == 0 ? 1 : 0;
 }
 
-// Points m_pui8Video at the video fields and returns the number of HDMI VICs behind them; 0 when the fields are absent
-// or do not lie whole in the payload.
-unsigned int CHdmi1xVsdb::FindVics()
+CHdmi1xVsdb::SVics CHdmi1xVsdb::FindVics(unsigned int uiLength, const unsigned char* pui8Payload)
 {
-    m_pui8Video = nullptr;
-    if (m_pui8Payload == nullptr || m_uiPayloadLength < gsc_uiShortestPayload)
+    if (pui8Payload == nullptr || uiLength < gsc_uiShortestPayload)
     {
-        return 0;
+        return {};
     }
-    m_pui8Fixed = m_pui8Payload;
-    const unsigned int uiPresence = m_pui8Fixed[gsc_uiPresenceOffset];
+    const unsigned int uiPresence = pui8Payload[gsc_uiPresenceOffset];
     unsigned int uiVideoOffset = gsc_uiLatencyOffset;
     uiVideoOffset += (uiPresence & gsc_uiLatencyPresent) != 0 ? gsc_uiLatencySize : 0;
     uiVideoOffset += (uiPresence & gsc_uiInterlacedLatencyPresent) != 0 ? gsc_uiLatencySize : 0;
     const unsigned int uiVicsOffset = uiVideoOffset + gsc_uiVicsOffset;
-    if ((uiPresence & gsc_uiVideoPresent) == 0 || uiVicsOffset > m_uiPayloadLength)
+    if ((uiPresence & gsc_uiVideoPresent) == 0 || uiVicsOffset > uiLength)
     {
-        return 0;
+        return {};
     }
-    m_pui8Video = m_pui8Payload + uiVideoOffset;
-    const unsigned int uiCount = gsc_oVicCount.Read(m_pui8Video);
-    return uiCount <= m_uiPayloadLength - uiVicsOffset ? uiCount : 0;
+    const unsigned int uiCount = gsc_oVicCount.Read(pui8Payload + uiVideoOffset);
+    return { uiVideoOffset, uiVicsOffset, uiCount <= uiLength - uiVicsOffset ? uiCount : 0 };
+}
+
+// The same for the payload of this view, whose pointers it sets.
+CHdmi1xVsdb::SVics CHdmi1xVsdb::FindVics()
+{
+    const SVics oVics = FindVics(m_uiPayloadLength, m_pui8Payload);
+    m_pui8Fixed = m_pui8Payload;
+    m_pui8Video = oVics.m_uiVideoOffset != 0 ? m_pui8Payload + oVics.m_uiVideoOffset : nullptr;
+    return oVics;
 }
 
 unsigned int CHdmi1xVsdb::ExtractTimings()
 {
-    const unsigned int uiCount = FindVics();
-    m_aui8CeaVic.SetCount(uiCount, -1); // room for all, cut below to the known ones
+    const SVics oVics = FindVics();
+    m_aui8CeaVic.SetCount(oVics.m_uiCount, -1); // room for all, cut below to the known ones
     unsigned int uiKnown = 0;
-    for (unsigned int i = 0; i < uiCount; ++i)
+    for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
     {
         unsigned char ui8CeaVic = 0;
-        if (ConvertHdmiVicToCeaVic(m_pui8Video[gsc_uiVicsOffset + i], ui8CeaVic) != 0)
+        if (ConvertHdmiVicToCeaVic(m_pui8Payload[oVics.m_uiVicsOffset + i], ui8CeaVic) != 0)
         {
             m_aui8CeaVic.SetAt(static_cast<int>(uiKnown++), ui8CeaVic);
         }
@@ -109,20 +113,20 @@ int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
     {
         return 0;
     }
-    const unsigned int uiCount = FindVics();
-    for (unsigned int i = 0; i < uiCount; ++i)
+    const SVics oVics = FindVics();
+    for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
     {
-        unsigned char* pui8Vic = m_pui8Video + gsc_uiVicsOffset + i;
+        unsigned char* pui8Vic = m_pui8Payload + oVics.m_uiVicsOffset + i;
         unsigned char ui8CeaVic = 0;
         ConvertHdmiVicToCeaVic(*pui8Vic, ui8CeaVic);
         if (ui8CeaVic != uiVic)
         {
             continue;
         }
-        const unsigned int uiBehind = uiCount - i - 1;
+        const unsigned int uiBehind = oVics.m_uiCount - i - 1;
         ZorTools_memmove(pui8Vic, pui8Vic + 1, uiBehind);
         pui8Vic[uiBehind] = 0;
-        gsc_oVicCount.Write(m_pui8Video, uiCount - 1);
+        gsc_oVicCount.Write(m_pui8Video, oVics.m_uiCount - 1);
         ExtractTimings();
         return 1;
     }

@@ -49,6 +49,16 @@ public:
     // data stays in its place. 1 when one was removed, else 0 with no byte changed.
     int RemoveCea861Vic(unsigned int uiVic);
 
+    // Where the HDMI VICs of a payload stand, for a reader that wants no list of them; offsets from its first byte. All
+    // 0 when the video fields are absent or do not lie whole in the payload, and a count of 0 when the VICs do not.
+    struct SVics
+    {
+        unsigned int m_uiVideoOffset; // of the byte at offset o
+        unsigned int m_uiVicsOffset;
+        unsigned int m_uiCount;
+    };
+    static SVics FindVics(unsigned int uiLength, const unsigned char* pui8Payload);
+
     // HDMI VIC 1 to 4 to CEA VIC. Other values give 0 and leave ui8CeaVic.
     static int ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic);
 
@@ -58,7 +68,7 @@ public:
     int SetColorBitDepthSupport(unsigned int uiBits);
 
 private:
-    unsigned int FindVics();
+    SVics FindVics();
 
     unsigned char* m_pui8Fixed; // fixed fields; null until they are read
     unsigned char* m_pui8Video; // the byte at offset o; null until ExtractTimings finds video fields

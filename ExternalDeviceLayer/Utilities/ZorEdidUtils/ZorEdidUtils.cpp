@@ -3,9 +3,14 @@
 
 #include "ZorEdidUtils.h"
 
+#include <algorithm>
+#include <span>
+#include <tuple>
+
 #include "EdidBaseLayout.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
+#include "ZorEdidUtilsReport.h"
 
 namespace
 {
@@ -20,77 +25,106 @@ constexpr int CompareDescending(unsigned int uiFirst, unsigned int uiSecond)
     }
     return uiFirst < uiSecond ? 1 : -1;
 }
-
-const char* YesOrNo(unsigned int uiFlag) { return uiFlag != 0 ? "yes" : " no"; }
-
-const char* PlusOrMinus(unsigned int uiFlag) { return uiFlag != 0 ? "+" : "-"; }
 } // namespace
 
 int CZorEdidUtils::SortVidParam(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond,
                                 unsigned long /*ulContext*/)
 {
-    if (int iOrder = CompareDescending(oFirst.GetHorizontalActive(), oSecond.GetHorizontalActive()))
+    if (int iOrder = CompareDescending(oFirst.GetHorizontalActive(), oSecond.GetHorizontalActive()); iOrder != 0)
     {
         return iOrder;
     }
-    if (int iOrder = CompareDescending(oFirst.GetVerticalActive(), oSecond.GetVerticalActive()))
+    if (int iOrder = CompareDescending(oFirst.GetVerticalActive(), oSecond.GetVerticalActive()); iOrder != 0)
     {
         return iOrder;
     }
-    if (int iOrder = CompareDescending(oFirst.GetVerticalRateInHz(), oSecond.GetVerticalRateInHz()))
+    if (int iOrder = CompareDescending(oFirst.GetVerticalRateInHz(), oSecond.GetVerticalRateInHz()); iOrder != 0)
     {
         return iOrder;
     }
     return CompareDescending(oFirst.GetPixelClockInKiloHz(), oSecond.GetPixelClockInKiloHz());
 }
 
+CTextLine& AppendAllFields(CTextLine& oLine, const SVidParamGenericData& oData)
+{
+    const unsigned int uiFlags = oData.uiFlags;
+    return oLine.Decimal(oData.uiHorizontalActive, 4)
+        .Text(" ")
+        .Decimal(oData.uiVerticalActive, 4)
+        .Text(" ")
+        .Decimal(oData.uiVerticalRateInHz, 3)
+        .Text(" ")
+        .Decimal(oData.uiHorizontalRateInHz, 3)
+        .Text(" ")
+        .Decimal(oData.uiPixelClockInHz, 6)
+        .Text(" ")
+        .Decimal(oData.uiHorizontalFrontPorch, 4)
+        .Text(" ")
+        .Decimal(oData.uiHorizontalSync, 3)
+        .Text(" ")
+        .Decimal(oData.uiHorizontalBackPorch, 3)
+        .Text(" ")
+        .Decimal(oData.uiVerticalFrontPorch, 3)
+        .Text(" ")
+        .Decimal(oData.uiVerticalSync, 3)
+        .Text(" ")
+        .Decimal(oData.uiVerticalBackPorch, 3)
+        .Text((uiFlags & CVidParamTimingGeneric::eFlag_Interlaced) != 0 ? " yes" : "  no")
+        .Text((uiFlags & CVidParamTimingGeneric::eFlag_BottomFieldFirst) != 0 ? " yes" : "  no")
+        .Text((uiFlags & CVidParamTimingGeneric::eFlag_HorizontalPositive) != 0 ? " +" : " -")
+        .Text((uiFlags & CVidParamTimingGeneric::eFlag_VerticalPositive) != 0 ? " +" : " -");
+}
+
 void CZorEdidUtils::GetFormatedVideoParam(const SVidParamGenericData& oData, int bFullFormat, CMString& oText,
                                           const char* /*pszLinePrefix*/)
 {
-    const unsigned int uiFlags = oData.uiFlags;
-    const unsigned int uiInterlaced = uiFlags & CVidParamTimingGeneric::eFlag_Interlaced;
-    oText.Empty();
-    if (!bFullFormat)
+    CTextLine oLine("");
+    if (bFullFormat != 0)
     {
-        oText.Format("%4d x %4d%s @%3d Hz", static_cast<int>(oData.uiHorizontalActive),
-                     static_cast<int>(oData.uiVerticalActive), uiInterlaced != 0 ? "i" : "p",
-                     static_cast<int>(oData.uiVerticalRateInHz));
-        return;
+        AppendAllFields(oLine, oData);
     }
-    oText.Format("%4d %4d %3d %3d %6d %4d %3d %3d %3d %3d %3d %s %s %s %s", static_cast<int>(oData.uiHorizontalActive),
-                 static_cast<int>(oData.uiVerticalActive), static_cast<int>(oData.uiVerticalRateInHz),
-                 static_cast<int>(oData.uiHorizontalRateInHz), static_cast<int>(oData.uiPixelClockInHz),
-                 static_cast<int>(oData.uiHorizontalFrontPorch), static_cast<int>(oData.uiHorizontalSync),
-                 static_cast<int>(oData.uiHorizontalBackPorch), static_cast<int>(oData.uiVerticalFrontPorch),
-                 static_cast<int>(oData.uiVerticalSync), static_cast<int>(oData.uiVerticalBackPorch),
-                 YesOrNo(uiInterlaced), YesOrNo(uiFlags & CVidParamTimingGeneric::eFlag_BottomFieldFirst),
-                 PlusOrMinus(uiFlags & CVidParamTimingGeneric::eFlag_HorizontalPositive),
-                 PlusOrMinus(uiFlags & CVidParamTimingGeneric::eFlag_VerticalPositive));
+    else
+    {
+        oLine.Decimal(oData.uiHorizontalActive, 4)
+            .Text(" x ")
+            .Decimal(oData.uiVerticalActive, 4)
+            .Text((oData.uiFlags & CVidParamTimingGeneric::eFlag_Interlaced) != 0 ? "i @" : "p @")
+            .Decimal(oData.uiVerticalRateInHz, 3)
+            .Text(" Hz");
+    }
+    oText = oLine.Get();
 }
+
+// ---- Lists ----
 
 namespace
 {
-int ExtractPreferred(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred)
+bool ExtractPreferred(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred)
 {
-    return EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) && oEdid.GetBaseDetailed(0, &oPreferred);
+    return EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) &&
+           oEdid.GetBaseDetailed(0, &oPreferred) != 0;
 }
 
-// Appends a copy of oTiming for each index, as filled by oGet(index, &oTiming); 0 as soon as oGet gives 0.
+// Appends a copy of oTiming for each index, as filled by oGet(index, &oTiming); false as soon as oGet gives 0. The list
+// takes memory once.
 template <class GETTER>
-int AppendTimings(CModeList& oList, CVidParamTimingGeneric& oTiming, unsigned int uiCount, GETTER oGet)
+bool AppendTimings(CModeList& oList, CVidParamTimingGeneric& oTiming, unsigned int uiCount, GETTER oGet)
 {
+    const unsigned int uiBefore = oList.GetCount();
+    oList.SetCount(uiBefore + uiCount, -1);
     for (unsigned int i = 0; i < uiCount; ++i)
     {
-        if (!oGet(i, &oTiming))
+        if (oGet(i, &oTiming) == 0)
         {
-            return 0;
+            oList.SetCount(uiBefore + i, -1);
+            return false;
         }
-        oList.Add(oTiming);
+        oList[uiBefore + i] = oTiming;
     }
-    return 1;
+    return true;
 }
 
-int AppendEstablished(const CEdid& oEdid, int bVesaOnly, CVidParamTimingGeneric& oTiming, CModeList& oList)
+bool AppendEstablished(const CEdid& oEdid, int bVesaOnly, CVidParamTimingGeneric& oTiming, CModeList& oList)
 {
     return AppendTimings(oList, oTiming, oEdid.GetEstablishedCount(bVesaOnly),
                          [&](unsigned int uiIndex, CVidParamTiming* poTiming) {
@@ -98,7 +132,7 @@ int AppendEstablished(const CEdid& oEdid, int bVesaOnly, CVidParamTimingGeneric&
                          });
 }
 
-int AppendBaseStandard(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeList& oList)
+bool AppendBaseStandard(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeList& oList)
 {
     return AppendTimings(oList, oTiming, oEdid.GetBaseStandardCount(),
                          [&](unsigned int uiIndex, CVidParamTiming* poTiming) {
@@ -106,37 +140,53 @@ int AppendBaseStandard(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CMod
                          });
 }
 
-int AppendBaseDetailed(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeList& oList)
+bool AppendBaseDetailed(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeList& oList)
 {
     return AppendTimings(
         oList, oTiming, oEdid.GetBaseDetailedCount(),
         [&](unsigned int uiIndex, CVidParamTiming* poTiming) { return oEdid.GetBaseDetailed(uiIndex, poTiming); });
 }
 
-int AppendExtStandard(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oNative,
-                      CModeList& oOther)
+// Both lists get room for all timings of the block, and give back what the other one took.
+bool AppendExtStandard(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oNative,
+                       CModeList& oOther)
 {
-    for (unsigned int i = 0; i < oBlock.GetStandardCount(); ++i)
+    unsigned int uiNative = oNative.GetCount();
+    unsigned int uiOther = oOther.GetCount();
+    const unsigned int uiCount = oBlock.GetStandardCount();
+    oNative.SetCount(uiNative + uiCount, -1);
+    oOther.SetCount(uiOther + uiCount, -1);
+    unsigned int i = 0;
+    for (; i < uiCount; ++i)
     {
         int bNative = 1; // a block without the notion leaves it, and its timings count as native
-        if (!oBlock.GetStandard(i, &oTiming, &bNative))
+        if (oBlock.GetStandard(i, &oTiming, &bNative) == 0)
         {
-            return 0;
+            break;
         }
-        (bNative ? oNative : oOther).Add(oTiming);
+        if (bNative != 0)
+        {
+            oNative[uiNative++] = oTiming;
+        }
+        else
+        {
+            oOther[uiOther++] = oTiming;
+        }
     }
-    return 1;
+    oNative.SetCount(uiNative, -1);
+    oOther.SetCount(uiOther, -1);
+    return i == uiCount;
 }
 
-int AppendExtDetailed(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oList)
+bool AppendExtDetailed(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oList)
 {
     return AppendTimings(
         oList, oTiming, oBlock.GetDetailedCount(),
         [&](unsigned int uiIndex, CVidParamTiming* poTiming) { return oBlock.GetDetailed(uiIndex, poTiming); });
 }
 
-int AppendExtensions(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeList& oStandardNative,
-                     CModeList& oStandard, CModeList& oDetailed)
+bool AppendExtensions(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeList& oStandardNative,
+                      CModeList& oStandard, CModeList& oDetailed)
 {
     for (unsigned int i = 0; i < oEdid.GetExtensionCount(); ++i)
     {
@@ -148,27 +198,24 @@ int AppendExtensions(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CModeL
         if (!AppendExtStandard(*poBlock, oTiming, oStandardNative, oStandard) ||
             !AppendExtDetailed(*poBlock, oTiming, oDetailed))
         {
-            return 0;
+            return false;
         }
     }
-    return 1;
+    return true;
 }
-} // namespace
 
-int CZorEdidUtils::ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
-                                   CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,
-                                   CModeList& oExtStandardNative, CModeList& oExtStandard, CModeList& oExtDetailed)
+// What ExtractModeList does ahead of sorting.
+bool CollectModes(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
+                  CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,
+                  CModeList& oExtStandardNative, CModeList& oExtStandard, CModeList& oExtDetailed)
 {
-    // All lists but oExtStandard, which keeps what the caller put in and the order of the blocks.
-    CModeList* const apoOwnLists[] = { &oEstablishedVesa, &oEstablishedAll,    &oBaseStandard,
-                                       &oBaseDetailed,    &oExtStandardNative, &oExtDetailed };
-
     oPreferred.ClearData();
-    for (CModeList* poList : apoOwnLists)
+    // All lists but oExtStandard, which keeps what the caller put in and the order of the blocks.
+    for (CModeList* poList :
+         { &oEstablishedVesa, &oEstablishedAll, &oBaseStandard, &oBaseDetailed, &oExtStandardNative, &oExtDetailed })
     {
         poList->RemoveAll();
     }
-
     // One object for all lists: a DisplayID block writes the fields that its records hold and leaves the others.
     CVidParamTimingGeneric oTiming;
     if (!ExtractPreferred(oEdid, oPreferred) || !AppendEstablished(oEdid, 1, oTiming, oEstablishedVesa) ||
@@ -177,48 +224,150 @@ int CZorEdidUtils::ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& o
         !AppendExtensions(oEdid, oTiming, oExtStandardNative, oExtStandard, oExtDetailed))
     {
         MASSERT_FAILED();
+        return false;
+    }
+    return true;
+}
+
+// ---- Order ----
+
+// Where a mode stands in sorted order: by the keys of SortVidParam, larger values first, and equals as they stood.
+struct SPlace
+{
+    unsigned long long m_ullSize;         // width and height, inverted
+    unsigned long long m_ullRateAndClock; // hertz and kilohertz, inverted
+    unsigned int m_uiBefore;              // place ahead of sorting
+    const CVidParamTimingGeneric* m_poTiming;
+
+    bool operator<(const SPlace& oOther) const
+    {
+        return std::tie(m_ullSize, m_ullRateAndClock, m_uiBefore) <
+               std::tie(oOther.m_ullSize, oOther.m_ullRateAndClock, oOther.m_uiBefore);
+    }
+};
+
+constexpr unsigned long long JoinInverted(unsigned int uiHigh, unsigned int uiLow)
+{
+    return ~(static_cast<unsigned long long>(uiHigh) << 32 | uiLow);
+}
+
+// Modes in sorted order, as places that point to them: nothing is moved while they are sorted. The timings must stay
+// where they are.
+class CSortedModes
+{
+public:
+    explicit CSortedModes(unsigned int uiMostModes) { m_aoPlaces.SetCount(uiMostModes, -1); }
+
+    void Add(const CModeList& oList)
+    {
+        for (unsigned int i = 0; i < oList.GetCount(); ++i)
+        {
+            const SVidParamGenericData& oData = oList[i].GetData();
+            m_aoPlaces[m_uiCount] = { JoinInverted(oData.uiHorizontalActive, oData.uiVerticalActive),
+                                      JoinInverted(oData.uiVerticalRateInHz, oList[i].GetPixelClockInKiloHz()),
+                                      m_uiCount, &oList[i] };
+            ++m_uiCount;
+        }
+    }
+    void Sort() { std::sort(m_aoPlaces.GetData(), m_aoPlaces.GetData() + m_uiCount); }
+
+    unsigned int GetCount() const { return m_uiCount; }
+    const CVidParamTimingGeneric& operator[](unsigned int uiIndex) const { return *m_aoPlaces[uiIndex].m_poTiming; }
+
+private:
+    CMArray<SPlace, const SPlace&> m_aoPlaces;
+    unsigned int m_uiCount = 0;
+};
+
+// What CMArray::SortElements does with SortVidParam, which moves neighbours only: n squared steps through virtual
+// getters. Equals keep their order here as there.
+void SortModes(CModeList& oList)
+{
+    if (oList.GetCount() < 2)
+    {
+        return;
+    }
+    CSortedModes oSorted(oList.GetCount());
+    oSorted.Add(oList);
+    oSorted.Sort();
+    CModeList oCopy;
+    oCopy.SetCount(oList.GetCount(), -1);
+    for (unsigned int i = 0; i < oList.GetCount(); ++i)
+    {
+        oCopy[i] = oSorted[i];
+    }
+    oList = oCopy;
+}
+} // namespace
+
+int CZorEdidUtils::ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
+                                   CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,
+                                   CModeList& oExtStandardNative, CModeList& oExtStandard, CModeList& oExtDetailed)
+{
+    if (!CollectModes(oEdid, oPreferred, oEstablishedVesa, oEstablishedAll, oBaseStandard, oBaseDetailed,
+                      oExtStandardNative, oExtStandard, oExtDetailed))
+    {
         return 0;
     }
-
-    for (CModeList* poList : apoOwnLists)
+    for (CModeList* poList :
+         { &oEstablishedVesa, &oEstablishedAll, &oBaseStandard, &oBaseDetailed, &oExtStandardNative, &oExtDetailed })
     {
-        poList->SortElements(SortVidParam, 0);
+        SortModes(*poList);
     }
     return 1;
+}
+
+// ---- Comparison ----
+
+bool SModes::Extract(const CEdid& oEdid)
+{
+    return CZorEdidUtils::ExtractModeList(oEdid, m_oPreferred, m_oEstablishedVesa, m_oEstablishedAll, m_oBaseStandard,
+                                          m_oBaseDetailed, m_oExtStandardNative, m_oExtStandard, m_oExtDetailed) != 0;
+}
+
+bool SModes::Collect(const CEdid& oEdid)
+{
+    return CollectModes(oEdid, m_oPreferred, m_oEstablishedVesa, m_oEstablishedAll, m_oBaseStandard, m_oBaseDetailed,
+                        m_oExtStandardNative, m_oExtStandard, m_oExtDetailed);
 }
 
 namespace
 {
-// The modes that take part in a comparison.
-CModeList GetComparedModes(const SModes& oModes, int bCompareEstablished)
+// The modes that take part in a comparison, in sorted order. They need not be sorted list by list before.
+CSortedModes GetComparedModes(const SModes& oModes, int bCompareEstablished)
 {
-    CModeList oCompared;
-    if (bCompareEstablished)
+    const CModeList* const apoLists[] = { &oModes.m_oEstablishedVesa, &oModes.m_oEstablishedAll,
+                                          &oModes.m_oBaseStandard,    &oModes.m_oBaseDetailed,
+                                          &oModes.m_oExtStandard,     &oModes.m_oExtDetailed };
+    const std::span aoLists = std::span(apoLists).subspan(bCompareEstablished != 0 ? 0 : 2);
+    unsigned int uiCount = 0;
+    for (const CModeList* poList : aoLists)
     {
-        oCompared.Append(oModes.m_oEstablishedVesa);
-        oCompared.Append(oModes.m_oEstablishedAll);
+        uiCount += poList->GetCount();
     }
-    oModes.AppendStandardAndDetailed(oCompared);
+    CSortedModes oCompared(uiCount);
+    for (const CModeList* poList : aoLists)
+    {
+        oCompared.Add(*poList);
+    }
+    oCompared.Sort();
     return oCompared;
 }
 
-// Whether both lists hold the same modes, in whatever order. Sorts them.
-int HoldSameModes(CModeList& oFirst, CModeList& oSecond)
+bool HoldSameModes(const CSortedModes& oFirst, const CSortedModes& oSecond)
 {
     if (oFirst.GetCount() != oSecond.GetCount())
     {
-        return 0;
+        return false;
     }
-    oFirst.SortElements(CZorEdidUtils::SortVidParam, 0);
-    oSecond.SortElements(CZorEdidUtils::SortVidParam, 0);
     for (unsigned int i = 0; i < oFirst.GetCount(); ++i)
     {
-        if (!(oFirst[i] == oSecond[i]))
+        if ((oFirst[i] == oSecond[i]) == 0)
         {
-            return 0;
+            return false;
         }
     }
-    return 1;
+    return true;
 }
 } // namespace
 
@@ -227,20 +376,21 @@ int CZorEdidUtils::CompareTimings(const CEdid& oFirst, const CEdid& oSecond, int
 {
     SModes oFirstModes;
     SModes oSecondModes;
-    const int bFirstHasModes = oFirstModes.Extract(oFirst);
-    const int bSecondHasModes = oSecondModes.Extract(oSecond);
+    const bool bFirstHasModes = oFirstModes.Collect(oFirst); // both, so that each one without modes reports
+    const bool bSecondHasModes = oSecondModes.Collect(oSecond);
     if (!bFirstHasModes || !bSecondHasModes)
     {
         MASSERT_FAILED();
         return 0;
     }
-    if (bComparePreferred && oFirstModes.m_oPreferred != oSecondModes.m_oPreferred)
+    if (bComparePreferred != 0 && (oFirstModes.m_oPreferred != oSecondModes.m_oPreferred) != 0)
     {
         return 0;
     }
-    CModeList oFirstCompared = GetComparedModes(oFirstModes, bCompareEstablished);
-    CModeList oSecondCompared = GetComparedModes(oSecondModes, bCompareEstablished);
-    return HoldSameModes(oFirstCompared, oSecondCompared);
+    return HoldSameModes(GetComparedModes(oFirstModes, bCompareEstablished),
+                         GetComparedModes(oSecondModes, bCompareEstablished))
+               ? 1
+               : 0;
 }
 
 int CZorEdidUtils::CompareTimings(const CByteArray& oFirst, const CByteArray& oSecond, int bCompareEstablished,
@@ -248,8 +398,8 @@ int CZorEdidUtils::CompareTimings(const CByteArray& oFirst, const CByteArray& oS
 {
     CEdid oFirstEdid;
     CEdid oSecondEdid;
-    if (!oFirstEdid.SetEdidBuffer(oFirst.GetData(), oFirst.GetCount(), 0) ||
-        !oSecondEdid.SetEdidBuffer(oSecond.GetData(), oSecond.GetCount(), 0))
+    if (oFirstEdid.SetEdidBuffer(oFirst.GetData(), oFirst.GetCount(), 0) == 0 ||
+        oSecondEdid.SetEdidBuffer(oSecond.GetData(), oSecond.GetCount(), 0) == 0)
     {
         return 0;
     }

@@ -16,12 +16,10 @@ struct SModes
     CZorEdidUtils::CModeList m_oExtStandard;
     CZorEdidUtils::CModeList m_oExtDetailed;
 
-    int Extract(const CEdid& oEdid)
-    {
-        return CZorEdidUtils::ExtractModeList(oEdid, m_oPreferred, m_oEstablishedVesa, m_oEstablishedAll,
-                                              m_oBaseStandard, m_oBaseDetailed, m_oExtStandardNative, m_oExtStandard,
-                                              m_oExtDetailed);
-    }
+    // ExtractModeList; false where it gives 0.
+    bool Extract(const CEdid& oEdid);
+    // The same with each list in the order in which the EDID names its timings.
+    bool Collect(const CEdid& oEdid);
 
     // Appends what both the comparison and the output-resolution report look at in any case: all standard and detailed
     // timings, but for the native ones of the extension blocks.

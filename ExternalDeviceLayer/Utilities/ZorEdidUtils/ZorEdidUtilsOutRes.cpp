@@ -25,14 +25,15 @@ void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayStr
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CVidParamTimingGeneric& /*oPreferred*/, CModeList oModes,
                                                   CMArrayString& oLines, const char* pszLinePrefix)
 {
-    CReportLines oReport(oLines, pszLinePrefix); // first: the prefix may be one of the lines
+    CReportLines oReport(pszLinePrefix); // copies the prefix, which may be one of the lines
     oLines.RemoveAll();
-    CMString oText;
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
-        GetFormatedVideoParam(oModes[i].GetData(), 1, oText, oReport.GetLinePrefix());
-        oReport.AddFormat("#%02d - %s", AsSigned(i + 1), static_cast<const char*>(oText));
+        CTextLine oLine("#");
+        AppendAllFields(oLine.Decimal(i + 1, 2, '0').Text(" - "), oModes[i].GetData());
+        oReport.Add(oLine);
     }
+    oLines = oReport.GetLines();
 }
 
 int CZorEdidUtils::GetFormatedEdid(EEdidFormatType eType, const CEdid& oEdid, CMArrayString& oLines,

@@ -3,8 +3,6 @@
 
 #include "ZorEdidUtils.h"
 
-#include <stdarg.h>
-
 #include "EdidBaseLayout.h"
 #include "EdidUtils.h"
 #include "ZorAssert.h"
@@ -34,7 +32,7 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, CMArra
     SModes oModes;
     if (ExtractOrEmpty(oEdid, oModes, oLines))
     {
-        CPlainReport(oEdid, GetReportedModes(oModes), oLines, pszLinePrefix).Write();
+        CPlainReport(oEdid, GetReportedModes(oModes), pszLinePrefix).Write(oLines);
     }
 }
 
@@ -47,7 +45,7 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(const CEdid& oEdid, const 
 {
     const SReportedModes oModes = { oPreferred,    oEstablishedVesa, oEstablishedAll, oBaseStandard,
                                     oBaseDetailed, oExtStandard,     oExtDetailed };
-    CPlainReport(oEdid, oModes, oLines, pszLinePrefix).Write();
+    CPlainReport(oEdid, oModes, pszLinePrefix).Write(oLines);
 }
 
 namespace
@@ -84,21 +82,18 @@ CMString CZorEdidUtils::GetExtensionType(const CEdidExtBlock& oBlock)
 
 // ---- Elements ----
 
-void CReportLines::Add(const char* pszText) { m_oLines.Add(m_oLinePrefix + pszText); }
-
-void CReportLines::AddFormat(const char* pszFormat, ...)
+namespace
 {
-    CMString oText;
-    va_list oArguments;
-    va_start(oArguments, pszFormat);
-    oText.FormatV(pszFormat, oArguments);
-    va_end(oArguments);
-    Add(oText);
-}
+constexpr char gsc_szSpacer[] = "\n";
+constexpr char gsc_szSeparator[] = "------------------------------------------------------------------------------";
+static_assert(sizeof(gsc_szSeparator) - 1 == 78);
+} // namespace
 
-void CReportLines::AddSeparator()
+CReportLines::CReportLines(const char* pszLinePrefix)
+    : m_oLinePrefix(pszLinePrefix), m_oSpacer(m_oLinePrefix + gsc_szSpacer),
+      m_oSeparator(m_oLinePrefix + gsc_szSeparator)
 {
-    Add("------------------------------------------------------------------------------"); // 78 hyphens
+    m_oLines.SetSize(0, msc_iGrowth);
 }
 
 void CReportLines::BeginSection(const char* pszTitle)
@@ -116,24 +111,25 @@ void CReportLines::EndSection()
 
 // ---- The report ----
 
-int ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
+bool ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
 {
-    const int bExtracted = oModes.Extract(oEdid);
-    if (!bExtracted)
+    if (!oModes.Extract(oEdid))
     {
         MASSERT_FAILED();
         oLines.RemoveAll();
+        return false;
     }
-    return bExtracted;
+    return true;
 }
 
-void CMonitorReport::Write()
+void CMonitorReport::Write(CMArrayString& oLines)
 {
-    m_oReport.GetLines().RemoveAll();
+    oLines.RemoveAll();
     AddGenericInformation();
     AddExtensions();
     AddSupportedTimings();
     AddRawData();
+    oLines = m_oReport.GetLines();
 }
 
 namespace
@@ -141,22 +137,26 @@ namespace
 constexpr unsigned int gsc_uiFirstYear = 1990;
 constexpr unsigned int gsc_uiNameBufferSize = 64;
 
-const char* ValidOrNot(int bValid) { return bValid ? "Valid" : "Not valid"; }
+const char* ValidOrNot(int bValid) { return bValid != 0 ? "Valid" : "Not valid"; }
 } // namespace
 
 void CMonitorReport::AddGenericInformation()
 {
     m_oReport.BeginSection("                           Generic Monitor Information\n");
     AddIdentity();
-    m_oReport.AddFormat(
-        "  Preferred mode:              %d x %d @ %d.00 Hz", AsSigned(m_oModes.m_oPreferred.GetHorizontalActive()),
-        AsSigned(m_oModes.m_oPreferred.GetVerticalActive()), AsSigned(m_oModes.m_oPreferred.GetVerticalRateInHz()));
+    m_oReport.Add(CTextLine("  Preferred mode:              ")
+                      .Decimal(m_oModes.m_oPreferred.GetHorizontalActive())
+                      .Text(" x ")
+                      .Decimal(m_oModes.m_oPreferred.GetVerticalActive())
+                      .Text(" @ ")
+                      .Decimal(m_oModes.m_oPreferred.GetVerticalRateInHz())
+                      .Text(".00 Hz"));
     m_oReport.AddSpacer();
-    m_oReport.AddFormat("  Monitor signal type:         %s",
-                        GetBaseByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask ? "Digital" : "Analog");
+    const bool bDigital = (GetBaseByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask) != 0;
+    m_oReport.Add(CTextLine("  Monitor signal type:         ").Text(bDigital ? "Digital" : "Analog"));
     AddDigitalInterface();
     m_oReport.AddSpacer();
-    m_oReport.AddFormat("  Extension(s):                %d", AsSigned(m_oEdid.GetExtensionCount()));
+    m_oReport.Add(CTextLine("  Extension(s):                ").Decimal(m_oEdid.GetExtensionCount()));
     m_oReport.AddSpacer();
     m_oReport.EndSection();
 }
@@ -169,16 +169,20 @@ void CMonitorReport::AddIdentity()
     m_oEdid.GetManufacturerName(szManufacturer, sizeof(szManufacturer)); // without a name the text stays empty
     m_oEdid.GetMonitorName(szMonitor, sizeof(szMonitor));
 
-    m_oReport.AddFormat("  EDID version:                %d.%d", AsSigned(GetBaseByte(gsc_uiVersionOffset)),
-                        AsSigned(GetBaseByte(gsc_uiRevisionOffset)));
+    m_oReport.Add(CTextLine("  EDID version:                ")
+                      .Decimal(GetBaseByte(gsc_uiVersionOffset))
+                      .Text(".")
+                      .Decimal(GetBaseByte(gsc_uiRevisionOffset)));
     m_oReport.AddSpacer();
-    m_oReport.AddFormat("  Manufacturer name:           %s (%s)", oCode.m_szCode, szManufacturer);
-    m_oReport.AddFormat("  Product code:                %04X", ReadProductCode(m_oEdid.GetBaseBlock()));
-    m_oReport.AddFormat("  Monitor name:                %s", szMonitor);
-    m_oReport.AddFormat("  Serial number:               %d", AsSigned(ReadSerialNumber(m_oEdid.GetBaseBlock())));
+    m_oReport.Add(
+        CTextLine("  Manufacturer name:           ").Text(oCode.m_szCode).Text(" (").Text(szManufacturer).Text(")"));
+    m_oReport.Add(CTextLine("  Product code:                ").Hex(ReadProductCode(m_oEdid.GetBaseBlock()), 4));
+    m_oReport.Add(CTextLine("  Monitor name:                ").Text(szMonitor));
+    m_oReport.Add(CTextLine("  Serial number:               ").Decimal(ReadSerialNumber(m_oEdid.GetBaseBlock())));
     m_oReport.AddSpacer();
-    m_oReport.AddFormat("  Week of manufacture:         %d", AsSigned(GetBaseByte(gsc_uiWeekOffset)));
-    m_oReport.AddFormat("  Year of manufacture:         %d", AsSigned(GetBaseByte(gsc_uiYearOffset) + gsc_uiFirstYear));
+    m_oReport.Add(CTextLine("  Week of manufacture:         ").Decimal(GetBaseByte(gsc_uiWeekOffset)));
+    m_oReport.Add(
+        CTextLine("  Year of manufacture:         ").Decimal(GetBaseByte(gsc_uiYearOffset) + gsc_uiFirstYear));
     m_oReport.AddSpacer();
 }
 
@@ -200,11 +204,11 @@ void CMonitorReport::AddExtensions()
 
 void CMonitorReport::AddExtension(unsigned int uiIndex, const CEdidExtBlock& oBlock)
 {
-    m_oReport.AddFormat("  Extension #%d", AsSigned(uiIndex + 1));
+    m_oReport.Add(CTextLine("  Extension #").Decimal(uiIndex + 1));
     m_oReport.AddSpacer();
-    m_oReport.AddFormat("      Type:                    %s", static_cast<const char*>(GetTypeText(oBlock)));
-    m_oReport.AddFormat("      Revision:                %d", AsSigned(oBlock.GetRevision()));
-    m_oReport.AddFormat("      Checksum:                %s", ValidOrNot(oBlock.IsChecksumValid()));
+    m_oReport.Add(CTextLine("      Type:                    ").Text(GetTypeText(oBlock)));
+    m_oReport.Add(CTextLine("      Revision:                ").Decimal(oBlock.GetRevision()));
+    m_oReport.Add(CTextLine("      Checksum:                ").Text(ValidOrNot(oBlock.IsChecksumValid())));
     m_oReport.AddSpacer();
     AddBlockDigest(oBlock);
     m_oReport.EndSection();
@@ -241,7 +245,7 @@ bool IsListed(const CZorEdidUtils::CModeList& oList, const CVidParamTimingGeneri
 {
     for (unsigned int i = 0; i < oList.GetCount(); ++i)
     {
-        if (oList[i] == oTiming)
+        if ((oList[i] == oTiming) != 0)
         {
             return true;
         }
@@ -269,8 +273,14 @@ void CMonitorReport::AddTimings(const CZorEdidUtils::CModeList& oTimings, const 
 
 void CMonitorReport::AddTiming(const CVidParamTimingGeneric& oTiming, const char* pszMark)
 {
-    m_oReport.AddFormat("        %4d x %4d @ %d.00 Hz%s", AsSigned(oTiming.GetHorizontalActive()),
-                        AsSigned(oTiming.GetVerticalActive()), AsSigned(oTiming.GetVerticalRateInHz()), pszMark);
+    m_oReport.Add(CTextLine("        ")
+                      .Decimal(oTiming.GetHorizontalActive(), 4)
+                      .Text(" x ")
+                      .Decimal(oTiming.GetVerticalActive(), 4)
+                      .Text(" @ ")
+                      .Decimal(oTiming.GetVerticalRateInHz())
+                      .Text(".00 Hz")
+                      .Text(pszMark));
 }
 
 void CMonitorReport::AddRawData()
@@ -280,8 +290,8 @@ void CMonitorReport::AddRawData()
     CEdidUtils::GetFormatedEdidDataStrings(oImage.GetCount(), oImage.GetData(), oDump, m_oReport.GetLinePrefix());
 
     m_oReport.BeginSection("                            Monitor EDID Raw Data");
-    m_oReport.GetLines().Append(oDump);
-    m_oReport.AddFormat("  Checksum is %s", ValidOrNot(m_oEdid.IsChecksumValid()));
+    m_oReport.Append(oDump);
+    m_oReport.Add(CTextLine("  Checksum is ").Text(ValidOrNot(m_oEdid.IsChecksumValid())));
     m_oReport.AddSpacer();
     m_oReport.AddSeparator();
 }

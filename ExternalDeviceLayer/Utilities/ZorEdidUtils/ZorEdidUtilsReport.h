@@ -3,39 +3,46 @@
 
 #pragma once
 
+#include "EdidTextLine.h"
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
 inline constexpr unsigned int gsc_uiCeaExtensionTag = 2; // of an extension block after CEA-861
 
-// Unsigned values print through "%d": counts and sizes as they are, a serial number with the top bit set as negative.
-constexpr int AsSigned(unsigned int uiValue) { return static_cast<int>(uiValue); }
+// Appends all fields of a timing as the full form of CZorEdidUtils::GetFormatedVideoParam has them.
+CTextLine& AppendAllFields(CTextLine& oLine, const SVidParamGenericData& oData);
 
-// Adds elements to a report, each behind the line prefix. Refers to the lines; owns a copy of the prefix, which may be
-// one of the lines that the report replaces.
+// Collects the elements of a report, each behind the line prefix.
 class CReportLines
 {
 public:
-    CReportLines(CMArrayString& oLines, const char* pszLinePrefix) : m_oLines(oLines), m_oLinePrefix(pszLinePrefix) {}
+    explicit CReportLines(const char* pszLinePrefix);
 
-    void Add(const char* pszText);
-    // Text by CMString::Format.
-    void AddFormat(const char* pszFormat, ...) __attribute__((format(printf, 2, 3)));
+    void Add(const char* pszText) { m_oLines.Add(m_oLinePrefix + pszText); }
+    void Add(CTextLine& oLine) { Add(oLine.Get()); }
 
-    void AddSpacer() { Add("\n"); }
-    void AddSeparator();
+    // The elements that come again and again share one text each.
+    void AddSpacer() { m_oLines.Add(m_oSpacer); }
+    void AddSeparator() { m_oLines.Add(m_oSeparator); }
 
     // What each section opens with: separator, title, spacer.
     void BeginSection(const char* pszTitle);
     // What all sections but the last close with, and each extension block too: separator, spacer of two line feeds.
     void EndSection();
 
-    CMArrayString& GetLines() { return m_oLines; }
+    // Elements that bear the prefix already.
+    void Append(const CMArrayString& oLines) { m_oLines.Append(oLines); }
+
+    const CMArrayString& GetLines() const { return m_oLines; }
     const char* GetLinePrefix() const { return m_oLinePrefix; }
 
 private:
-    CMArrayString& m_oLines;
+    static constexpr int msc_iGrowth = 128; // elements; a report has about a hundred
+
+    CMArrayString m_oLines;
     const CMString m_oLinePrefix;
+    const CMString m_oSpacer;
+    const CMString m_oSeparator;
 };
 
 // The lists that the monitor report prints, with the meaning that ExtractModeList gives them. The caller's.
@@ -56,23 +63,24 @@ inline SReportedModes GetReportedModes(const SModes& oModes)
              oModes.m_oBaseDetailed, oModes.m_oExtStandard,     oModes.m_oExtDetailed };
 }
 
-// What the short forms of both reports open with. 0, with an assertion line and no lines, where there are no modes to
+// What the short forms of both reports open with. False, with an assertion line and no lines, where there are no modes to
 // report; on success the lines are left alone, since the prefix may be one of them.
-int ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
+bool ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
 
 // The monitor report. Refers to its arguments, which must outlive it.
 class CMonitorReport
 {
 public:
-    CMonitorReport(const CEdid& oEdid, const SReportedModes& oModes, CMArrayString& oLines, const char* pszLinePrefix)
-        : m_oEdid(oEdid), m_oModes(oModes), m_oReport(oLines, pszLinePrefix)
+    // The prefix is copied: it may be one of the lines that the report replaces.
+    CMonitorReport(const CEdid& oEdid, const SReportedModes& oModes, const char* pszLinePrefix)
+        : m_oEdid(oEdid), m_oModes(oModes), m_oReport(pszLinePrefix)
     {
     }
     CMonitorReport(const CMonitorReport&) = delete;
     CMonitorReport& operator=(const CMonitorReport&) = delete;
 
-    // Replaces the lines by the report.
-    void Write();
+    // Replaces oLines by the report.
+    void Write(CMArrayString& oLines);
 
 protected:
     ~CMonitorReport() = default;

@@ -13,15 +13,14 @@ namespace
 {
 constexpr unsigned int gsc_uiInterfaceRevision = 4; // exactly: the getter takes later ones too, the report does not
 
-void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix);
+void AddCeaDigest(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock);
 
 class CExtendedReport final : public CMonitorReport
 {
 public:
     CExtendedReport(const CEdid& oEdid, const SReportedModes& oModes,
-                    const CZorEdidUtils::CModeList& oExtStandardNative, CMArrayString& oLines,
-                    const char* pszLinePrefix)
-        : CMonitorReport(oEdid, oModes, oLines, pszLinePrefix), m_oExtStandardNative(oExtStandardNative)
+                    const CZorEdidUtils::CModeList& oExtStandardNative, const char* pszLinePrefix)
+        : CMonitorReport(oEdid, oModes, pszLinePrefix), m_oExtStandardNative(oExtStandardNative)
     {
     }
 
@@ -42,7 +41,7 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMA
     SModes oModes;
     if (ExtractOrEmpty(oEdid, oModes, oLines))
     {
-        CExtendedReport(oEdid, GetReportedModes(oModes), oModes.m_oExtStandardNative, oLines, pszLinePrefix).Write();
+        CExtendedReport(oEdid, GetReportedModes(oModes), oModes.m_oExtStandardNative, pszLinePrefix).Write(oLines);
     }
 }
 
@@ -56,7 +55,7 @@ void CZorEdidUtils::GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, con
 {
     const SReportedModes oModes = { oPreferred,    oEstablishedVesa, oEstablishedAll, oBaseStandard,
                                     oBaseDetailed, oExtStandard,     oExtDetailed };
-    CExtendedReport(oEdid, oModes, oExtStandardNative, oLines, pszLinePrefix).Write();
+    CExtendedReport(oEdid, oModes, oExtStandardNative, pszLinePrefix).Write(oLines);
 }
 
 namespace
@@ -96,7 +95,7 @@ void CExtendedReport::AddDigitalInterface()
     }
     CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceNotDefined;
     m_oEdid.GetDigitalVideoInterface(eInterface);
-    m_oReport.AddFormat("  Digital interface type:      %s", GetDigitalInterfaceText(eInterface));
+    m_oReport.Add(CTextLine("  Digital interface type:      ").Text(GetDigitalInterfaceText(eInterface)));
 }
 
 // ---- Digest of a CEA-861 block ----
@@ -107,8 +106,7 @@ void CExtendedReport::AddBlockDigest(const CEdidExtBlock& oBlock)
     {
         return;
     }
-    GetCeaExtensionData(static_cast<const CEdidExtBlockCEA861&>(oBlock), m_oReport.GetLines(),
-                        m_oReport.GetLinePrefix());
+    AddCeaDigest(m_oReport, static_cast<const CEdidExtBlockCEA861&>(oBlock));
     m_oReport.AddSpacer();
 }
 
@@ -117,22 +115,30 @@ using SAudioDescriptor = CEdidExtBlockCEA861::SAudioDescriptor;
 
 void AddDetailedTimings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
-    oReport.AddFormat("      Detailed count :         %d", AsSigned(oBlock.GetDetailedCount()));
+    oReport.Add(CTextLine("      Detailed count :         ").Decimal(oBlock.GetDetailedCount()));
     oReport.AddSpacer();
     for (unsigned int i = 0; i < oBlock.GetDetailedCount(); ++i)
     {
         CVidParamTimingGeneric oTiming;
-        if (oBlock.GetDetailed(i, &oTiming))
+        if (oBlock.GetDetailed(i, &oTiming) != 0)
         {
-            oReport.AddFormat("      Detailed #%d : %4d x %4d @ %3d Hz Pix clock = %6d KHz", AsSigned(i + 1),
-                              AsSigned(oTiming.GetHorizontalActive()), AsSigned(oTiming.GetVerticalActive()),
-                              AsSigned(oTiming.GetVerticalRateInHz()), AsSigned(oTiming.GetPixelClockInKiloHz()));
+            oReport.Add(CTextLine("      Detailed #")
+                            .Decimal(i + 1)
+                            .Text(" : ")
+                            .Decimal(oTiming.GetHorizontalActive(), 4)
+                            .Text(" x ")
+                            .Decimal(oTiming.GetVerticalActive(), 4)
+                            .Text(" @ ")
+                            .Decimal(oTiming.GetVerticalRateInHz(), 3)
+                            .Text(" Hz Pix clock = ")
+                            .Decimal(oTiming.GetPixelClockInKiloHz(), 6)
+                            .Text(" KHz"));
         }
     }
     oReport.AddSpacer();
 }
 
-void AddSamplingFrequencies(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+void AddSamplingFrequencies(CReportLines& oReport, unsigned int uiNumber, const SAudioDescriptor& oDescriptor)
 {
     static constexpr EAudioSamplingFreq s_aeRates[] = {
         CEdidExtBlockCEA861::eAudioSamplingFreq_32KHz,  CEdidExtBlockCEA861::eAudioSamplingFreq_44KHz,
@@ -141,13 +147,12 @@ void AddSamplingFrequencies(CReportLines& oReport, int iNumber, const SAudioDesc
         CEdidExtBlockCEA861::eAudioSamplingFreq_192KHz,
     };
 
-    oReport.AddFormat("      Audio descriptor #%d supported frequencies :", iNumber);
+    oReport.Add(CTextLine("      Audio descriptor #").Decimal(uiNumber).Text(" supported frequencies :"));
     for (EAudioSamplingFreq eRate : s_aeRates)
     {
-        if (oDescriptor.m_eSamplingFreq & eRate)
+        if ((oDescriptor.m_eSamplingFreq & eRate) != 0)
         {
-            oReport.AddFormat("      - %s KHz",
-                              static_cast<const char*>(CEdidExtBlockCEA861::GetAudioSamplingFreqStr(eRate)));
+            oReport.Add(CTextLine("      - ").Text(CEdidExtBlockCEA861::GetAudioSamplingFreqStr(eRate)).Text(" KHz"));
         }
     }
     oReport.AddSpacer();
@@ -165,7 +170,7 @@ void AddNamedBits(CReportLines& oReport, const SNamedBit (&aoBits)[uiCount], uns
 {
     for (const SNamedBit& oBit : aoBits)
     {
-        if (uiValue & oBit.m_uiMask)
+        if ((uiValue & oBit.m_uiMask) != 0)
         {
             oReport.Add(oBit.m_pszText);
         }
@@ -173,53 +178,58 @@ void AddNamedBits(CReportLines& oReport, const SNamedBit (&aoBits)[uiCount], uns
 }
 
 // The low byte of m_uiExtra, for linear PCM.
-void AddBitDepths(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+void AddBitDepths(CReportLines& oReport, unsigned int uiNumber, const SAudioDescriptor& oDescriptor)
 {
     static constexpr SNamedBit s_aoDepths[] = {
         { 0x01, "      - 16 bit" },
         { 0x02, "      - 20 bit" },
         { 0x04, "      - 24 bit" },
     };
-    oReport.AddFormat("      Audio descriptor #%d supported bit depth :", iNumber);
+    oReport.Add(CTextLine("      Audio descriptor #").Decimal(uiNumber).Text(" supported bit depth :"));
     AddNamedBits(oReport, s_aoDepths, oDescriptor.m_uiExtra);
     oReport.AddSpacer();
 }
 
 // The low byte of m_uiExtra, in units of 8 kHz, for the compressed formats from AC3 to ATRAC.
-void AddBitRate(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+void AddBitRate(CReportLines& oReport, unsigned int uiNumber, const SAudioDescriptor& oDescriptor)
 {
-    oReport.AddFormat("      Audio descriptor #%d maximum bit rate : %d KHz", iNumber,
-                      AsSigned((oDescriptor.m_uiExtra & 0xFF) * 8));
+    oReport.Add(CTextLine("      Audio descriptor #")
+                    .Decimal(uiNumber)
+                    .Text(" maximum bit rate : ")
+                    .Decimal((oDescriptor.m_uiExtra & 0xFF) * 8)
+                    .Text(" KHz"));
     oReport.AddSpacer();
 }
 
-void AddAudioDescriptor(CReportLines& oReport, int iNumber, const SAudioDescriptor& oDescriptor)
+void AddAudioDescriptor(CReportLines& oReport, unsigned int uiNumber, const SAudioDescriptor& oDescriptor)
 {
     const unsigned int uiFormat = oDescriptor.m_eFormat;
-    oReport.AddFormat("      Audio descriptor #%d format : %s", iNumber,
-                      static_cast<const char*>(CEdidExtBlockCEA861::GetAudioFormatStr(oDescriptor.m_eFormat)));
+    oReport.Add(CTextLine("      Audio descriptor #")
+                    .Decimal(uiNumber)
+                    .Text(" format : ")
+                    .Text(CEdidExtBlockCEA861::GetAudioFormatStr(oDescriptor.m_eFormat)));
     oReport.AddSpacer();
-    AddSamplingFrequencies(oReport, iNumber, oDescriptor);
+    AddSamplingFrequencies(oReport, uiNumber, oDescriptor);
     if (uiFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
     {
-        AddBitDepths(oReport, iNumber, oDescriptor);
+        AddBitDepths(oReport, uiNumber, oDescriptor);
     }
     if (uiFormat >= CEdidExtBlockCEA861::eAudioFormat_Ac3 && uiFormat <= CEdidExtBlockCEA861::eAudioFormat_Atrac)
     {
-        AddBitRate(oReport, iNumber, oDescriptor);
+        AddBitRate(oReport, uiNumber, oDescriptor);
     }
 }
 
 void AddAudio(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
-    oReport.AddFormat("      Audio descriptor count :      %d", AsSigned(oBlock.GetAudioDescriptorCount()));
+    oReport.Add(CTextLine("      Audio descriptor count :      ").Decimal(oBlock.GetAudioDescriptorCount()));
     oReport.AddSpacer();
     for (unsigned int i = 0; i < oBlock.GetAudioDescriptorCount(); ++i)
     {
         SAudioDescriptor oDescriptor = {};
-        if (oBlock.GetAudioDescriptor(i, &oDescriptor))
+        if (oBlock.GetAudioDescriptor(i, &oDescriptor) != 0)
         {
-            AddAudioDescriptor(oReport, AsSigned(i + 1), oDescriptor);
+            AddAudioDescriptor(oReport, i + 1, oDescriptor);
         }
     }
 }
@@ -242,11 +252,11 @@ constexpr SNamedBit gsc_aoSpeakers[] = {
 // The count has no spacer behind it; each entry has one, with or without positions.
 void AddSpeakers(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
-    oReport.AddFormat("      Speaker descriptor count :      %d", AsSigned(oBlock.GetSpeakerDescriptorCount()));
+    oReport.Add(CTextLine("      Speaker descriptor count :      ").Decimal(oBlock.GetSpeakerDescriptorCount()));
     for (unsigned int i = 0; i < oBlock.GetSpeakerDescriptorCount(); ++i)
     {
         unsigned int uiSpeakers = 0;
-        if (oBlock.GetSpeakerDescriptor(i, &uiSpeakers))
+        if (oBlock.GetSpeakerDescriptor(i, &uiSpeakers) != 0)
         {
             AddNamedBits(oReport, gsc_aoSpeakers, uiSpeakers);
         }
@@ -279,15 +289,13 @@ void AddWarnings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
     }
 }
 
-// Appends the digest to oLines.
-void GetCeaExtensionData(const CEdidExtBlockCEA861& oBlock, CMArrayString& oLines, const char* pszLinePrefix)
+void AddCeaDigest(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
-    CReportLines oReport(oLines, pszLinePrefix);
     AddDetailedTimings(oReport, oBlock);
     AddAudio(oReport, oBlock);
     AddSpeakers(oReport, oBlock);
     AddWarnings(oReport, oBlock);
-    oReport.AddFormat("      Available space :        %d byte(s)", AsSigned(oBlock.GetAvailableSpace()));
+    oReport.Add(CTextLine("      Available space :        ").Decimal(oBlock.GetAvailableSpace()).Text(" byte(s)"));
     oReport.AddSpacer();
 }
 } // namespace

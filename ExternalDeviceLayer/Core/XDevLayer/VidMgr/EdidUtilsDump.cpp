@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "EdidTextLine.h"
 #include "ZorAssert.h"
 #include "ZorMFCTypes.h"
 
@@ -22,13 +23,13 @@ constexpr const char* gsc_apszHeadLines[] = {
 CMString MakeDataLine(const CMString& sPrefix, unsigned int uiOffset, unsigned int uiCount,
                       const unsigned char* pui8Data)
 {
-    CMString sLine = sPrefix;
-    sLine.AppendFormat("%03d |", static_cast<int>(uiOffset));
+    CTextLine oLine("");
+    oLine.Decimal(uiOffset, 3, '0').Text(" |");
     for (unsigned int i = 0; i < uiCount; ++i)
     {
-        sLine.AppendFormat(" %02X", static_cast<unsigned int>(pui8Data[uiOffset + i]));
+        oLine.Text(" ").Hex(pui8Data[uiOffset + i], 2);
     }
-    return sLine;
+    return sPrefix + oLine.Get();
 }
 } // namespace
 
@@ -60,8 +61,6 @@ int CEdidUtils::GetFormatedEdidDataStrings(unsigned int uiSize, const unsigned c
     }
     oLines.Add(sPrefix);
 
-    CMString sSize = sPrefix;
-    sSize.AppendFormat("Real Buffer Size: %d Bytes", static_cast<int>(uiSize));
-    oLines.Add(sSize);
+    oLines.Add(sPrefix + CTextLine("Real Buffer Size: ").Decimal(uiSize).Text(" Bytes").Get());
     return 1;
 }

@@ -39,6 +39,9 @@ function(zor_add_library target)
   # For the CMake of a user that is older than file sets (3.23).
   target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZorEdid>)
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
+  # Position-independent code of g++ leaves its own functions open to replacement, and so inlines none of them: 8 % of a
+  # load. clang inlines them anyway.
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
   # Archives that are installed say where a line stands in the project, not where the project stood.
   target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON VERIFY_INTERFACE_HEADER_SETS ON)

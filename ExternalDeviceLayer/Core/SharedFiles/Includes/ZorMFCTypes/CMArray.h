@@ -63,7 +63,7 @@ void MDestructElements(TYPE* poElements, int iCount)
     {
         for (int i = 0; i < iCount; ++i)
         {
-            poElements[i].~TYPE();
+            poElements[i].TYPE::~TYPE(); // elements are exactly of this type: no virtual call
         }
     }
 }

@@ -238,7 +238,7 @@ void Edit(benchmark::State& oState, const SOperation& oEdit)
     }
     Report(oState, bRefused, ulAllocations, gsc_uiEditsPerIteration);
 }
-}
+} // namespace
 
 int main(int iArguments, char** apszArguments)
 {

@@ -45,7 +45,7 @@ bool IsDetailedEqual(const CEdid& oEdid, unsigned int uiIndex, const STimingData
     return GetVidParam(oRow, oExpected) != 0 && oEdid.GetDetailed(uiIndex, &oTiming) != 0 &&
            (oExpected != oTiming) == 0;
 }
-}
+} // namespace
 
 int LoadCopy(CEdid& oEdid, const SEdidImage& aui8Image)
 {

@@ -186,7 +186,7 @@ constexpr SEdidImage g_auiAsusHdEdidData =
                  "09252100001E011D00BC52D01E20B828554009252100001E8C0AD09020403120"
                  "0C40550009252100001800000000000000000000000000000000000000000073");
 static_assert(HasValidChecksums(g_auiAsusHdEdidData));
-}
+} // namespace AsusHd
 
 namespace BaseStandard
 {
@@ -198,7 +198,7 @@ constexpr SEdidImage g_auiBaseStandardEdidData =
         .FixBaseChecksum()
         .Get();
 static_assert(g_auiBaseStandardEdidData[gsc_uiBaseChecksum] == 0x03);
-}
+} // namespace BaseStandard
 
 namespace BaseDetailed
 {
@@ -227,7 +227,7 @@ constexpr SEdidImage g_auiDetailedEdidData3 = CEdidImageEdit(g_auiDetailedEdidDa
                                                   .FixBaseChecksum()
                                                   .Get();
 static_assert(g_auiDetailedEdidData3[gsc_uiBaseChecksum] == 0xE5);
-}
+} // namespace ExtDetailed
 
 namespace ExtDetailed2
 {
@@ -249,7 +249,7 @@ static_assert(g_auiDetailedEdidData2[gsc_uiExtChecksum] == 0x66);
 constexpr SEdidImage g_auiDetailedEdidData3 =
     CEdidImageEdit(g_auiDetailedEdidData2).SetZero(gsc_uiExt + 17, gsc_uiDescriptorSize).FixExtChecksum().Get();
 static_assert(g_auiDetailedEdidData3[gsc_uiExtChecksum] == 0xDF);
-}
+} // namespace ExtDetailed2
 
 namespace ExtStandard
 {
@@ -280,7 +280,7 @@ static_assert(g_auiStandardEdidData3[gsc_uiExtChecksum] == 0x62);
 constexpr SEdidImage g_auiStandardEdidData4 =
     CEdidImageEdit(g_auiStandardEdidData3).TakeOut(gsc_uiExt + 4, 2).FixExtChecksum().Get();
 static_assert(g_auiStandardEdidData4[gsc_uiExtChecksum] == 0xA4);
-}
+} // namespace ExtStandard
 
 namespace ExtStandard2
 {
@@ -303,7 +303,7 @@ constexpr SEdidImage g_auiStandard2EdidData1 = CEdidImageEdit(g_auiStandard2Edid
                                                    .FixExtChecksum()
                                                    .Get();
 static_assert(g_auiStandard2EdidData1[gsc_uiExtChecksum] == 0x88);
-}
+} // namespace ExtStandard2
 
 namespace ColorBitDepth
 {
@@ -315,7 +315,7 @@ static_assert(g_auiColorBitDepthEdidData[20] == 0xA5);
 constexpr SEdidImage g_auiColorBitDepthEdidData1 =
     CEdidImageEdit(g_auiColorBitDepthEdidData).Set(19, { 3 }).SetZero(118, 8).FixBaseChecksum().Get();
 static_assert(g_auiColorBitDepthEdidData1[gsc_uiBaseChecksum] == 0xA2);
-}
+} // namespace ColorBitDepth
 
 namespace TimingsCompare
 {
@@ -337,7 +337,7 @@ constexpr SEdidImage g_auiTimingsCompareEdidData1 = CEdidImageEdit(g_auiTimingsC
                                                         .RepeatBase()
                                                         .Get();
 static_assert(g_auiTimingsCompareEdidData1[gsc_uiBaseChecksum] == 0x2E);
-}
+} // namespace TimingsCompare
 
 namespace Audio
 {
@@ -445,7 +445,7 @@ constexpr SEdidImage g_auiAudioTwoDescriptorsEdidData =
                  "40803500A05A0000001E023A801871382D40582C4500A05A0000001E662150B0"
                  "51001B3040703600A05A0000001E000000000000000000000000000000000039");
 static_assert(HasValidChecksums(g_auiAudioTwoDescriptorsEdidData));
-}
+} // namespace Audio
 
 // ---- All of them, each content once: for sweeps and seeds. ----
 

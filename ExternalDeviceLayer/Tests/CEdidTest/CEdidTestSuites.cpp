@@ -19,7 +19,7 @@ constexpr std::array<SSuite, gsc_uiSuiteCount> gsc_aoSuites = { {
     { Test_TimingsCompare, "TimingsCompare Test   = %d\n" },
     { Test_Audio, "Audio Test            = %d\n" },
 } };
-}
+} // namespace
 
 std::array<SSuite, gsc_uiSuiteCount> GetSuites() { return gsc_aoSuites; }
 

@@ -142,7 +142,7 @@ int CheckTextsAndSizes(const CEdid& oEdid, const SEdidImage& aui8Image)
     MTEST_STEP(strcmp(szManufacturer, "ASUSTek Computer Inc.") == 0);
     return 1;
 }
-}
+} // namespace
 
 SAsusHdData GetAsusHdData()
 {

@@ -188,7 +188,7 @@ int Test_Audio_Set(const SAudioData& oData)
     MTEST_STEP(CompareRawData(oEdid, 256, oData.m_paui8Set->data()));
     return 1;
 }
-}
+} // namespace
 
 SAudioData GetAudioData()
 {

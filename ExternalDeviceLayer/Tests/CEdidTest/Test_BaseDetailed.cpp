@@ -16,7 +16,7 @@ int CheckPreferredLeft(const CEdid& oEdid, CVidParamTable aoTable)
     MTEST_STEP(ValidateBaseDetailed(oEdid, static_cast<unsigned int>(aoTable.size()), aoTable.data()));
     return 1;
 }
-}
+} // namespace
 
 SBaseDetailedData GetBaseDetailedData()
 {

@@ -81,7 +81,7 @@ int Test_BaseTimingStandard(const SBaseStandardData& oData)
     MTEST_PASS_ON(RemoveFirstStandard(oEdid, oData.m_aaoTiming[2]));
     return 1;
 }
-}
+} // namespace
 
 SBaseStandardData GetBaseStandardData()
 {

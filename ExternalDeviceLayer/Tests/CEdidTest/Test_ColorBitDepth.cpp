@@ -29,7 +29,7 @@ int CheckBlockDepth(CEdidExtBlock& oBlock, unsigned int uiExpected)
     MTEST_STEP(uiBits == uiExpected);
     return 1;
 }
-}
+} // namespace
 
 SColorBitDepthData GetColorBitDepthData()
 {

@@ -25,7 +25,7 @@ int ReplacePreferredTiming(CEdid& oEdid, const CRVidParamTiming& oPreferred)
     MTEST_STEP(oTiming == oPreferred);
     return 1;
 }
-}
+} // namespace
 
 SExtDetailedData GetExtDetailedData()
 {

@@ -30,7 +30,7 @@ CVidParamTimingGeneric MakePreferredTiming()
     oTiming.SetVerticalBackPorch(36);
     return oTiming;
 }
-}
+} // namespace
 
 SExtDetailedData GetExtDetailed2Data()
 {

@@ -31,7 +31,7 @@ constexpr auto g_auiStandardTiming4 = WithoutRows<6, 7, 8, 9, 10, 11, 12, 13>(g_
 
 // Codes 1016, 3, 4 and 1, in this order.
 constexpr std::array<unsigned int, 4> gsc_auiRemovedIndex = { 7, 8, 6, 6 };
-}
+} // namespace
 
 SExtStandardData GetExtStandardData()
 {

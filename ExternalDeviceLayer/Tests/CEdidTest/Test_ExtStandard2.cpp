@@ -43,7 +43,7 @@ constexpr std::array<STimingData, 29> g_auiStandard2Timing = { {
 constexpr std::array<STimingData, 27> g_auiStandard2Timing1 = WithoutRows<25, 26>(g_auiStandard2Timing);
 
 constexpr unsigned int gsc_uiRemovedIndex = 25; // code 93
-}
+} // namespace
 
 SExtStandard2Data GetExtStandard2Data()
 {

@@ -31,7 +31,7 @@ CBytes TakeImage(CInput& oInput)
     aui8Image[gsc_uiBlockSize - 1] = static_cast<unsigned char>(aui8Image[gsc_uiBlockSize - 1] + (uiHead >> 7));
     return aui8Image;
 }
-}
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {

@@ -292,7 +292,7 @@ void Run(const SOperation& oOperation, SStep oStep)
         Require(iAnswer == oStep.m_iAnswer, oOperation.m_pszName);
     }
 }
-}
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {

@@ -53,7 +53,7 @@ std::string MakeNumbers(const unsigned int (&auiNumbers)[12])
     }
     return sInput;
 }
-}
+} // namespace
 
 int main(int iCount, char** ppszArguments)
 {

@@ -50,7 +50,7 @@ CNumberArray Numbers(const CNumbers& auiValues)
     oArray.FreeExtra();
     return oArray;
 }
-}
+} // namespace
 
 template <>
 inline constexpr bool gsc_bByteRelocatable<CTracked> = true;
@@ -245,7 +245,7 @@ int CompareTens(const unsigned int& uiFirst, const unsigned int& uiSecond, unsig
     *g_psCalls += std::to_string(uiFirst) + ":" + std::to_string(uiSecond) + " ";
     return static_cast<int>(uiFirst / 10) - static_cast<int>(uiSecond / 10);
 }
-}
+} // namespace
 
 TEST(ArraySort, CallsStandInBubbleOrderAndEqualsStay)
 {

@@ -31,7 +31,7 @@ public:
 
     int m_iBlocks = 0;
 };
-}
+} // namespace
 
 TEST(Map, AllocatesTableAndBlocksWhenNeeded)
 {

@@ -60,7 +60,7 @@ void ExpectLikeLibrary(size_t uiMissing, const char* pszFormat, ...)
 }
 
 const char* const gsc_pszNull = nullptr;
-}
+} // namespace
 
 TEST(StringEstimate, FollowsTheTable)
 {

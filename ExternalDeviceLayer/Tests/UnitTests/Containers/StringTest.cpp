@@ -129,7 +129,7 @@ const SState gsc_aoStates[] = { { "Exact", 4, false, false },
                                 { "Roomy", 7, false, false },
                                 { "Shared", 7, true, false },
                                 { "Locked", 7, false, true } };
-}
+} // namespace
 
 TEST_F(String, ChangesInEveryStateOfTheBuffer)
 {
@@ -190,7 +190,7 @@ std::string Upper(std::string sText)
     std::transform(sText.begin(), sText.end(), sText.begin(), [](char c) { return static_cast<char>(toupper(c)); });
     return sText;
 }
-}
+} // namespace
 
 TEST_F(String, PartsSumsAndSearchesAgreeWithStdString)
 {
@@ -345,7 +345,7 @@ const char* MapHugeText()
     close(iFile);
     return bIsMapped ? static_cast<const char*>(pText) : nullptr;
 }
-}
+} // namespace
 
 TEST_F(String, TextsBeyondTheLongestLengthAreRefused)
 {

@@ -15,7 +15,7 @@ CMString::CIterator At(int iToken, const char* pszText, const char* pszSeparator
     }
     return oIterator;
 }
-}
+} // namespace
 
 TEST(StringIterator, StaysAtTheEnd)
 {

@@ -337,4 +337,4 @@ TEST(Edits, KeepAWrongChecksumWhereTheValueStandsAlready)
     EXPECT_EQ(1, oBase.SetColorBitDepth(CEdidBase::eColorBitDepth8));
     EXPECT_EQ(aui8Data, GetBytes(oBase));
 }
-}
+} // namespace

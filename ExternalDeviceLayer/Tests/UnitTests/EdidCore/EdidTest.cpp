@@ -269,4 +269,4 @@ TEST(ExtBlockFactory, BytesDecideTheClass)
     Expect("too short", 0, 3, CBytes(gsc_aui8Cea.begin(), gsc_aui8Cea.end() - 1));
     Expect("null", 0, 3, {});
 }
-}
+} // namespace

@@ -116,4 +116,4 @@ TEST(HexDump, PrefixOfEachLineAndARefusalThatKeepsTheLines)
     EXPECT_STREQ("> ", oLines[5]);
     EXPECT_STREQ("> Real Buffer Size: 20 Bytes", oLines[6]);
 }
-}
+} // namespace

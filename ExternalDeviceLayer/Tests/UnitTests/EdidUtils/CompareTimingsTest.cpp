@@ -33,4 +33,4 @@ TEST(CompareTimings, WhatCountsAsAChange)
         EXPECT_EQ(8 * oRow.GetNumber(5), oOutput.TakeAssertionCount());
     }
 }
-}
+} // namespace

@@ -229,4 +229,4 @@ TEST(EdidFile, TablesAndTheirCells)
                    aui8Expected.size() % 128 == 0 ? "" : sMessage);
     }
 }
-}
+} // namespace

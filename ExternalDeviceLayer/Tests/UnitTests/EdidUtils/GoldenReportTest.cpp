@@ -78,4 +78,4 @@ TEST(GoldenReport, WhatOddBytesChange)
     const std::filesystem::directory_iterator oFiles(ZOREDID_GOLDEN_DIR);
     EXPECT_EQ(26, std::distance(begin(oFiles), end(oFiles))) << "a file that belongs to no image";
 }
-}
+} // namespace

@@ -125,4 +125,4 @@ TEST(ModeLists, GetterThatFailsBelowItsCountLeavesWhatWasFoundUnsorted)
     EXPECT_EQ(1U, oModes.m_oExtDetailed.GetCount());
     EXPECT_EQ(2U, oOutput.TakeAssertionCount());
 }
-}
+} // namespace

@@ -137,4 +137,4 @@ TEST(ModesReport, NumbersGrowFromTwoDigits)
     EXPECT_EQ("> #01 - " + sTiming, GetElements(oLines)[0]);
     EXPECT_EQ("> #100 - " + sTiming, GetElements(oLines)[99]);
 }
-}
+} // namespace

@@ -107,4 +107,4 @@ TEST(Cea861Edit, RemovedTableTimingLeavesTheOtherListsToTheNextEdit)
     EXPECT_EQ(2U, poBlock->GetSpeakerDescriptorCount());
     EXPECT_EQ(GetLists(*LoadBlock(GetBytes(*poBlock))), GetLists(*poBlock));
 }
-}
+} // namespace

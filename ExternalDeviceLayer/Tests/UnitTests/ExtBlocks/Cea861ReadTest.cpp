@@ -233,4 +233,4 @@ TEST(Cea861Audio, NamesStandAtTheirValues)
     }
     EXPECT_EQ("32|44|48|88|96|176|192|||||", sRates);
 }
-}
+} // namespace

@@ -163,4 +163,4 @@ TEST(DisplayIdTiles, TheFirstDeclarationIsDecoded)
         EXPECT_EQ(oRow.GetNumbers(3), std::vector<unsigned int>(ai.begin(), ai.end()));
     }
 }
-}
+} // namespace

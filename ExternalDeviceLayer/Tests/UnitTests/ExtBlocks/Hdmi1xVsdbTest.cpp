@@ -75,4 +75,4 @@ TEST(Hdmi1xVsdb, ViewsOfNothingReportAndRefuse)
         EXPECT_EQ(0U, oVsdb.ExtractTimings());
     }
 }
-}
+} // namespace

@@ -44,7 +44,7 @@ std::string WriteAll()
     OsServices::WriteMsg("d%c\n", '3');
     return oOutput.Take();
 }
-}
+} // namespace
 
 // Nothing has set a switch before: it is the first test here, and ctest gives each test a process.
 TEST(MessagesAtStart, DebugLinesAreOff) { EXPECT_EQ("nr4[0]: (Error) e1\nnr4[0]: (Info) u2\n", WriteAll()); }

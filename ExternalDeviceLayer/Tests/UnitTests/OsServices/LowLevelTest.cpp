@@ -55,7 +55,7 @@ protected:
         close(g_iFile);
     }
 };
-}
+} // namespace
 
 TEST_F(MemoryMap, MapsWholePagesAndGivesTheExactByte)
 {
@@ -128,7 +128,7 @@ int GiveTime(clockid_t iClock, timespec* poTime)
     *poTime = llTime != 0 ? timespec{ llTime / 1000000000, llTime % 1000000000 } : *poTime;
     return llTime != 0 ? 0 : -1;
 }
-}
+} // namespace
 
 TEST_F(Timer, DelayAndCounterGoByTheMonotonicClock)
 {
@@ -176,7 +176,7 @@ protected:
     }
     void TearDown() override { ZorVxdPciLibCleanUp(); }
 };
-}
+} // namespace
 
 TEST_F(Pci, FindsByBusDeviceAndFunctionAfterOneScan)
 {

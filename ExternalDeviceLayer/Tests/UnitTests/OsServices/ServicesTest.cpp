@@ -43,7 +43,7 @@ using SSleep = SWatched<&SOsServicesCalls::pfnSleep>;
 using STimer = SWatched<&SZorVxdSystemCalls::pfnGetClock>;
 
 uint64_t Bits(double dValue) { return std::bit_cast<uint64_t>(dValue); }
-}
+} // namespace
 
 TEST(Host, CreatesAndTriggersWhatTheObjectWaitsForAndDestroys)
 {

@@ -121,7 +121,7 @@ protected:
 };
 
 using SyncDeathTest = Sync;
-}
+} // namespace
 
 TEST_F(Sync, ChainsOfOperations)
 {

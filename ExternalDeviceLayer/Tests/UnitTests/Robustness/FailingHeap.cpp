@@ -13,7 +13,7 @@ thread_local unsigned int g_uiLeft = 0; // allocations until the one that fails;
 thread_local bool g_bFailed = false;
 thread_local unsigned long g_ulTaken = 0;
 thread_local unsigned long g_ulGivenBack = 0;
-}
+} // namespace
 
 void FailingHeap::FailAt(unsigned int uiNumber)
 {

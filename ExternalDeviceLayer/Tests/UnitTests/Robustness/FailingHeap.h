@@ -14,4 +14,4 @@ bool HasFailed();
 // Blocks taken since the start, and those of them that are not given back. Only differences mean something.
 unsigned long GetTakenCount();
 unsigned long GetHeldCount();
-}
+} // namespace FailingHeap

@@ -438,4 +438,4 @@ TEST_F(FailingMemory, RemovalOfEveryTableTiming)
         RunEdit({ CEditRunner::eEdit_BlockRemoveStandard, 0, i, 0 });
     }
 }
-}
+} // namespace

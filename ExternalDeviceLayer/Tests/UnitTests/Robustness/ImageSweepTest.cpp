@@ -235,4 +235,4 @@ TEST(EditedBlock, ListsAreAllocatedOnceEach)
     EXPECT_EQ(1, oBlock.AddAudioDescriptor(&oAudio));
     EXPECT_EQ(8U, oAllocator.GetAllocCount());
 }
-}
+} // namespace

@@ -104,4 +104,4 @@ TEST(FifthDescriptor, IsNoTimingAndNoText)
     EXPECT_EQ(0, oTimed.GetDetailed(0, nullptr));
     EXPECT_EQ(0, oTimed.RemoveDetailed(0));
 }
-}
+} // namespace

@@ -145,4 +145,4 @@ TEST(TruncationSweep, EveryLength)
         }
     }
 }
-}
+} // namespace

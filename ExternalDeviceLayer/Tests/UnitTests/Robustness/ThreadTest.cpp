@@ -103,4 +103,4 @@ TEST(ThreadTest, AssertionLines)
     });
     EXPECT_EQ((1 + gsc_uiThreads) * 20, oOutput.TakeAssertionCount());
 }
-}
+} // namespace

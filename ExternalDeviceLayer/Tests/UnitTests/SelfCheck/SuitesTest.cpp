@@ -160,4 +160,4 @@ TEST(Run, PrintsEachResultAndCountsTheZeros)
               "Press any key to close the application...",
               oOutput.Take());
 }
-}
+} // namespace

@@ -203,7 +203,7 @@ bool IsWithoutCode(const CList& aoBefore, const CList& aoAfter, const CListEntry
     }
     return bRemoved && (itAfter == aoAfter.end() || Is420(*itAfter));
 }
-}
+} // namespace
 
 int CEditRunner::Load(const unsigned char* pui8Data, unsigned int uiSize)
 {

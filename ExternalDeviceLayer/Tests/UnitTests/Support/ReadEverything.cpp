@@ -340,7 +340,7 @@ void ReadTools(CDigest& oDigest, const CEdid& oEdid)
                 CZorEdidUtils::CompareTimings(aui8Bytes, aui8Bytes, 1 - iFirst, 0),
                 CEdidBase::GetEdidSizeFromData(aui8Bytes.GetCount(), aui8Bytes.GetData()));
 }
-}
+} // namespace
 
 unsigned long long ReadEverything(const CEdid& oEdid)
 {

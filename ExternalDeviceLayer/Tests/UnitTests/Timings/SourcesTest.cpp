@@ -196,4 +196,4 @@ TEST(Numbers, AgreeWithTheSecondComputations)
         ASSERT_STREQ(nullptr, CNumbersCheck().Run(aui)) << testing::PrintToString(aui);
     }
 }
-}
+} // namespace

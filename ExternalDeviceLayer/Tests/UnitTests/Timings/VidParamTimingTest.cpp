@@ -188,4 +188,4 @@ TEST(Assignment, OfOneClassCopiesTheRecord)
     EXPECT_EQ(4, oTarget.Is420ColorSpace());
     EXPECT_EQ(CVidParamTiming::eVidParamType_Unknown, oTarget.GetVideoFamilyType());
 }
-}
+} // namespace

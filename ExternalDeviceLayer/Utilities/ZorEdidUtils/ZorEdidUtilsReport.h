@@ -63,8 +63,8 @@ inline SReportedModes GetReportedModes(const SModes& oModes)
              oModes.m_oBaseDetailed, oModes.m_oExtStandard,     oModes.m_oExtDetailed };
 }
 
-// What the short forms of both reports open with. False, with an assertion line and no lines, where there are no modes to
-// report; on success the lines are left alone, since the prefix may be one of them.
+// What the short forms of both reports open with. False, with an assertion line and no lines, where there are no modes
+// to report; on success the lines are left alone, since the prefix may be one of them.
 bool ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
 
 // The monitor report. Refers to its arguments, which must outlive it.

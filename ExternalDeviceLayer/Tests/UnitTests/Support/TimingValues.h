@@ -67,8 +67,8 @@ inline void WriteAll(CVidParamTiming& oTiming, const CAllValues& auiValues)
     oTiming.SetVideoFamilyType(static_cast<CVidParamTiming::EVidParamType>(auiValues[gsc_uiSource]));
 }
 
-// "1920x1080@60": active pixels and lines, and the rate in whole Hz. Behind it "r" for a DMT mode with reduced blanking,
-// "g" for one computed by GTF.
+// "1920x1080@60": active pixels and lines, and the rate in whole Hz. Behind it "r" for a DMT mode with reduced
+// blanking, "g" for one computed by GTF.
 inline std::string NameOf(const CVidParamTiming& o)
 {
     using T = CVidParamTiming;

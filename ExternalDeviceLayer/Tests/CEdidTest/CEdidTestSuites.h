@@ -2,8 +2,8 @@
 //
 // A suite is a list of steps over a data record: the images and expected tables that it works with. Test_X() runs the
 // steps of suite X over the suite's own record. A test compiles the suites against a library with wrong answers, to see
-// that each step can fail. Records hold views: the data stays where it is and must outlive the run. A suite builds its own CEdid objects and
-// shares nothing with another one, so that the order of the suites changes no result.
+// that each step can fail. Records hold views: the data stays where it is and must outlive the run. A suite builds its
+// own CEdid objects and shares nothing with another one, so that the order of the suites changes no result.
 
 #pragma once
 

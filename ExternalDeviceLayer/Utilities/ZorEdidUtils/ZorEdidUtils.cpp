@@ -8,6 +8,7 @@
 #include <tuple>
 
 #include "EdidBaseLayout.h"
+#include "ListFill.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
@@ -110,16 +111,14 @@ bool ExtractPreferred(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred)
 template <class GETTER>
 bool AppendTimings(CModeList& oList, CVidParamTimingGeneric& oTiming, unsigned int uiCount, GETTER oGet)
 {
-    const unsigned int uiBefore = oList.GetCount();
-    oList.SetCount(uiBefore + uiCount, -1);
+    CListFill<CVidParamTimingGeneric> oFill(oList, uiCount, oList.GetCount());
     for (unsigned int i = 0; i < uiCount; ++i)
     {
         if (oGet(i, &oTiming) == 0)
         {
-            oList.SetCount(uiBefore + i, -1);
             return false;
         }
-        oList[uiBefore + i] = oTiming;
+        oFill.Add(oTiming);
     }
     return true;
 }
@@ -151,31 +150,19 @@ bool AppendBaseDetailed(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CMo
 bool AppendExtStandard(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oNative,
                        CModeList& oOther)
 {
-    unsigned int uiNative = oNative.GetCount();
-    unsigned int uiOther = oOther.GetCount();
     const unsigned int uiCount = oBlock.GetStandardCount();
-    oNative.SetCount(uiNative + uiCount, -1);
-    oOther.SetCount(uiOther + uiCount, -1);
-    unsigned int i = 0;
-    for (; i < uiCount; ++i)
+    CListFill<CVidParamTimingGeneric> oNativeFill(oNative, uiCount, oNative.GetCount());
+    CListFill<CVidParamTimingGeneric> oOtherFill(oOther, uiCount, oOther.GetCount());
+    for (unsigned int i = 0; i < uiCount; ++i)
     {
         int bNative = 1; // a block without the notion leaves it, and its timings count as native
         if (oBlock.GetStandard(i, &oTiming, &bNative) == 0)
         {
-            break;
+            return false;
         }
-        if (bNative != 0)
-        {
-            oNative[uiNative++] = oTiming;
-        }
-        else
-        {
-            oOther[uiOther++] = oTiming;
-        }
+        (bNative != 0 ? oNativeFill : oOtherFill).Add(oTiming);
     }
-    oNative.SetCount(uiNative, -1);
-    oOther.SetCount(uiOther, -1);
-    return i == uiCount;
+    return true;
 }
 
 bool AppendExtDetailed(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oList)
@@ -263,9 +250,10 @@ public:
         for (unsigned int i = 0; i < oList.GetCount(); ++i)
         {
             const SVidParamGenericData& oData = oList[i].GetData();
-            m_aoPlaces[m_uiCount] = { JoinInverted(oData.uiHorizontalActive, oData.uiVerticalActive),
-                                      JoinInverted(oData.uiVerticalRateInHz, oList[i].GetPixelClockInKiloHz()),
-                                      m_uiCount, &oList[i] };
+            m_aoPlaces.SetAt(static_cast<int>(m_uiCount),
+                             { JoinInverted(oData.uiHorizontalActive, oData.uiVerticalActive),
+                               JoinInverted(oData.uiVerticalRateInHz, oList[i].GetPixelClockInKiloHz()), m_uiCount,
+                               &oList[i] });
             ++m_uiCount;
         }
     }
@@ -273,6 +261,7 @@ public:
 
     unsigned int GetCount() const { return m_uiCount; }
     const CVidParamTimingGeneric& operator[](unsigned int uiIndex) const { return *m_aoPlaces[uiIndex].m_poTiming; }
+    unsigned int GetPlaceBefore(unsigned int uiIndex) const { return m_aoPlaces[uiIndex].m_uiBefore; }
 
 private:
     CMArray<SPlace, const SPlace&> m_aoPlaces;
@@ -290,13 +279,11 @@ void SortModes(CModeList& oList)
     CSortedModes oSorted(oList.GetCount());
     oSorted.Add(oList);
     oSorted.Sort();
-    CModeList oCopy;
-    oCopy.SetCount(oList.GetCount(), -1);
+    const CModeList oUnsorted(oList); // the places point into the list itself
     for (unsigned int i = 0; i < oList.GetCount(); ++i)
     {
-        oCopy[i] = oSorted[i];
+        oList.SetAt(static_cast<int>(i), oUnsorted[oSorted.GetPlaceBefore(i)]);
     }
-    oList = oCopy;
 }
 } // namespace
 

@@ -7,6 +7,7 @@
 
 #include "ByteFields.h"
 #include "EdidBaseLayout.h"
+#include "ListFill.h"
 #include "VidParamDmt.h"
 #include "VidParamGtf.h"
 #include "VidParamTiming.h"
@@ -324,11 +325,7 @@ unsigned int CEdidBase::ExtractStandardTimings()
         }
     }
     m_aoStandardSlots.RemoveAll();
-    m_aoStandardSlots.SetCount(uiCount, -1); // memory once, and no more than needed
-    for (unsigned int i = 0; i < uiCount; ++i)
-    {
-        m_aoStandardSlots[i] = auiSlots[i];
-    }
+    CopyList(auiSlots, uiCount, m_aoStandardSlots);
     return uiCount;
 }
 

@@ -1,38 +1,39 @@
-// Filling a list that is derived from bytes. Private to the sources of the EDID and its extension blocks.
+// Filling a list whose size is known to be at most so much. Private to the library's own sources.
 
 #pragma once
 
 #include "ZorMFCTypes/CMArray.h"
 
-// Fills a list anew with one allocation at most: sizes it once for as many entries as there can be, and cuts it to
-// those that came when the object goes.
+// Fills a list with one allocation at most: sizes it once for as many entries as there can be, and cuts it to those that
+// came when the object goes. The first uiKept entries stay.
 template <class TYPE>
 class CListFill
 {
 public:
-    CListFill(CMArray<TYPE, const TYPE&>& aoList, unsigned int uiMost) : m_aoList(aoList)
+    CListFill(CMArray<TYPE, const TYPE&>& aoList, unsigned int uiMost, unsigned int uiKept = 0)
+        : m_aoList(aoList), m_uiCount(uiKept)
     {
-        m_aoList.SetCount(uiMost, -1);
+        m_aoList.SetCount(uiKept + uiMost, -1);
     }
     ~CListFill() { m_aoList.SetCount(m_uiCount, -1); }
     CListFill(const CListFill&) = delete;
     CListFill& operator=(const CListFill&) = delete;
 
-    void Add(const TYPE& oEntry) { m_aoList[m_uiCount++] = oEntry; }
+    void Add(const TYPE& oEntry) { m_aoList.SetAt(static_cast<int>(m_uiCount++), oEntry); }
     unsigned int GetCount() const { return m_uiCount; }
 
 private:
     CMArray<TYPE, const TYPE&>& m_aoList;
-    unsigned int m_uiCount = 0;
+    unsigned int m_uiCount;
 };
 
 // Replaces the content of a list by uiCount entries, with one allocation at most and of exactly their size.
 template <class TYPE>
 void CopyList(const TYPE* poEntries, unsigned int uiCount, CMArray<TYPE, const TYPE&>& aoList)
 {
-    aoList.SetCount(uiCount, -1);
+    CListFill<TYPE> oFill(aoList, uiCount);
     for (unsigned int i = 0; i < uiCount; ++i)
     {
-        aoList[i] = poEntries[i];
+        oFill.Add(poEntries[i]);
     }
 }

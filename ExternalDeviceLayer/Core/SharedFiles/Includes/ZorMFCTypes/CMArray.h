@@ -213,7 +213,8 @@ private:
 
     bool IsInside(int iIndex) const
     {
-        if (iIndex < 0 || iIndex >= m_iSize)
+        // An array without a buffer has size 0; the analyser wants it said.
+        if (iIndex < 0 || iIndex >= m_iSize || m_pData == nullptr)
         {
             MASSERT_FAILED();
             return false;

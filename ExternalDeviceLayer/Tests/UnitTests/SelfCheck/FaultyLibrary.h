@@ -1,4 +1,4 @@
-// The library as the suites of the self-check see it in this test: each answer passes through CFault, which can make
+// The library as the suites of the self-check see it in this test: each answer passes through SFault, which can make
 // one of them wrong. This header goes ahead of each source (see CMakeLists.txt), and its last lines put the classes
 // below in the place of the library's.
 
@@ -12,53 +12,47 @@
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
 #include "EdidUtils.h"
+#include "TestBytes.h" // works on the library
 #include "VidParamCea.h"
 #include "ZorEdidUtils.h"
 
-// Counts the parts of all answers: a result, and what a call that succeeds writes for its caller.
-class CFault
+// Counts the parts of all answers: a result, and what a call that succeeds writes for its caller. One can be wrong.
+struct SFault
 {
-public:
-    static constexpr unsigned int msc_uiNone = ~0U;
+    inline static constinit unsigned int ms_uiChosen = 0, ms_uiCount = 0;
+    inline static std::string ms_sName; // of the part that was wrong
 
-    // The part of this number will be wrong.
-    static void Choose(unsigned int uiPart)
-    {
-        ms_uiChosen = uiPart;
-        ms_uiCount = 0;
-    }
-    static unsigned int GetCount() { return ms_uiCount; }
-    static std::string GetName() { return ms_sName; } // of the last part that was wrong
-
-    // Whether the part that is about to be given is the chosen one.
     static bool IsNext(const char* pszCall, const char* pszPart)
     {
-        const bool bChosen = ms_uiCount++ == ms_uiChosen;
-        ms_sName = bChosen ? std::string(pszCall) + ": " + pszPart : ms_sName;
-        return bChosen;
+        const bool bIsChosen = ms_uiCount++ == ms_uiChosen;
+        ms_sName = bIsChosen ? std::string(pszCall) + ": " + pszPart : ms_sName;
+        return bIsChosen;
     }
 
-    template <class VALUE>
-    static VALUE Change(const char* pszCall, const char* pszPart, VALUE& oValue, int iMask = 1)
+    static void Change(const char* pszCall, const char* pszPart, auto& oValue, int iMask = 1)
     {
-        return oValue = static_cast<VALUE>(oValue ^ (IsNext(pszCall, pszPart) ? iMask : 0));
+        oValue = static_cast<std::decay_t<decltype(oValue)>>(oValue ^ (IsNext(pszCall, pszPart) ? iMask : 0));
     }
 
-    static int Result(const char* pszCall, int iResult)
+    static auto Give(const char* pszCall, auto oResult, auto&&... oArguments)
     {
-        return IsNext(pszCall, "result") ? static_cast<int>(iResult == 0) : iResult;
+        if (oResult != 0)
+        {
+            (Output(pszCall, std::forward<decltype(oArguments)>(oArguments)), ...);
+        }
+        return IsNext(pszCall, "result") ? static_cast<decltype(oResult)>(oResult == 0) : oResult;
     }
-    static unsigned int Result(const char* pszCall, unsigned int uiCount) { return Change(pszCall, "count", uiCount); }
 
     // What stands behind an argument: nothing behind those that only lead into the call.
-    template <class ARGUMENT, class = std::enable_if_t<!std::is_convertible_v<ARGUMENT, CVidParamTiming*> ||
-                                                       std::is_null_pointer_v<ARGUMENT>>>
-    static void Output(const char* /*pszCall*/, const ARGUMENT& /*oArgument*/)
+    template <class ARGUMENT, class = std::enable_if_t<!std::is_convertible_v<ARGUMENT, CVidParamTiming*>>>
+    static void Output(const char*, const ARGUMENT&)
     {
     }
+    static void Output(const char*, std::nullptr_t) {}
     static void Output(const char* pszCall, int* piNative) { Change(pszCall, "native", *piNative); }
     static void Output(const char* pszCall, char* pszText) { Change(pszCall, "text", *pszText); }
-    static void Output(const char* pszCall, CEdidBase::EColorBitDepth& eDepth) { Change(pszCall, "depth", eDepth); }
+    static void Output(const char* pszCall, unsigned int* puiBits) { Change(pszCall, "bits", *puiBits); }
+    static void Output(const char* pszCall, CEdid::EColorBitDepth& eDepth) { Change(pszCall, "depth", eDepth); }
     static void Output(const char* pszCall, CVidParamTiming* poTiming)
     {
         poTiming->SetHorizontalActive(poTiming->GetHorizontalActive() + (IsNext(pszCall, "timing") ? 8 : 0));
@@ -70,85 +64,64 @@ public:
         Change(pszCall, "frequencies", poDescriptor->m_eSamplingFreq);
         Change(pszCall, "extra", poDescriptor->m_uiExtra);
     }
-
-private:
-    inline static constinit unsigned int ms_uiChosen = msc_uiNone;
-    inline static constinit unsigned int ms_uiCount = 0;
-    inline static std::string ms_sName;
 };
 
-// A member that asks the library by REAL and gives its answer through CFault. The assertion takes the semicolon.
+// A member that asks the library by REAL and gives its answer through SFault.
 #define ZOR_FAULTY(BEFORE, REAL, NAME, BEHIND)                                                                         \
-    template <class... ARGUMENTS>                                                                                      \
-    BEFORE auto NAME(ARGUMENTS&&... oArguments) BEHIND                                                                 \
+    BEFORE auto NAME(auto&&... oArguments) BEHIND                                                                      \
     {                                                                                                                  \
-        const auto oResult = REAL NAME(std::forward<ARGUMENTS>(oArguments)...);                                        \
-        if (oResult != 0)                                                                                              \
-        {                                                                                                              \
-            (CFault::Output(#NAME, std::forward<ARGUMENTS>(oArguments)), ...);                                         \
-        }                                                                                                              \
-        return CFault::Result(#NAME, oResult);                                                                         \
-    }                                                                                                                  \
-    static_assert(true)
+        return SFault::Give(#NAME, REAL NAME(oArguments...), std::forward<decltype(oArguments)>(oArguments)...);       \
+    }
 #define ZOR_STATIC(CLASS, NAME) ZOR_FAULTY(static, CLASS::, NAME, )
-#define ZOR_ASK(NAME) ZOR_FAULTY(, CEdid::, NAME, const)
-#define ZOR_EDIT(NAME) ZOR_FAULTY(, CEdid::, NAME, )
-#define ZOR_BLOCK(NAME) ZOR_FAULTY(, m_poReal->, NAME, const)
+// The same for a list of members: each scan expands one more of them.
+#define ZOR_MEMBER(NAME, ...) ZOR_FAULTY(, Real()., NAME, const) __VA_OPT__(ZOR_NEXT ZOR_EMPTY()()(__VA_ARGS__))
+#define ZOR_NEXT() ZOR_MEMBER
+#define ZOR_EMPTY()
+#define ZOR_SCAN(...) __VA_ARGS__
+#define ZOR_SCAN5(...) ZOR_SCAN(ZOR_SCAN(ZOR_SCAN(ZOR_SCAN(ZOR_SCAN(__VA_ARGS__)))))
+#define ZOR_MEMBERS(...) ZOR_SCAN5(ZOR_SCAN5(ZOR_SCAN5(ZOR_SCAN5(ZOR_SCAN5(ZOR_MEMBER(__VA_ARGS__))))))
 
-// clang-format off
-class CFaultyBlock
+struct SFaultyBlock
 {
-public:
     using EAudioFormat = CEdidExtBlockCEA861::EAudioFormat;
     using EAudioSamplingFreq = CEdidExtBlockCEA861::EAudioSamplingFreq;
     using SAudioDescriptor = CEdidExtBlockCEA861::SAudioDescriptor;
 
-    ZOR_BLOCK(GetExtensionType); ZOR_BLOCK(GetDetailedCount); ZOR_BLOCK(RemoveDetailed); ZOR_BLOCK(GetAvailableSpace);
-    ZOR_BLOCK(GetAudioDescriptorCount); ZOR_BLOCK(GetAudioDescriptor); ZOR_BLOCK(SetAudioDescriptor);
-    ZOR_BLOCK(AddAudioDescriptor); ZOR_BLOCK(RemoveAudioDescriptor); ZOR_BLOCK(SetColorBitDepthSupport);
+    ZOR_MEMBERS(GetExtensionType, GetDetailedCount, RemoveDetailed, GetAvailableSpace, GetAudioDescriptorCount,
+                GetAudioDescriptor, SetAudioDescriptor, AddAudioDescriptor, RemoveAudioDescriptor,
+                SetColorBitDepthSupport)
     int GetColorBitDepthSupport(unsigned int& uiBits) const
     {
-        const int bResult = m_poReal->GetColorBitDepthSupport(uiBits);
-        CFault::Change("GetColorBitDepthSupport", "bits", uiBits);
-        return CFault::Result("GetColorBitDepthSupport", bResult);
+        return SFault::Give("GetColorBitDepthSupport", Real().GetColorBitDepthSupport(uiBits), &uiBits);
     }
+    CEdidExtBlockCEA861& Real() const { return *m_poReal; }
 
     CEdidExtBlockCEA861* m_poReal = nullptr;
 };
 
-// The members of the base block that are called by its name.
-class CFaultyBase : public CEdid
+class CFaultyEdid : public CEdid
 {
 public:
-    ZOR_STATIC(CEdidBase, GetEdidSizeFromData);
-    ZOR_FAULTY(, CEdidBase::, GetDetailed, const); ZOR_FAULTY(, CEdidBase::, SetPreferredMode, );
-};
-
-class CFaultyEdid : public CFaultyBase
-{
-public:
-    ZOR_EDIT(ClearEdidBuffer); ZOR_EDIT(SetEdidBuffer); ZOR_ASK(GetSize); ZOR_ASK(IsChecksumValid);
-    ZOR_ASK(GetMonitorID); ZOR_ASK(GetManufacturerName); ZOR_ASK(GetMonitorName); ZOR_ASK(GetMonitorString);
-    ZOR_ASK(GetMonitorSerialNumber); ZOR_ASK(GetColorBitDepth); ZOR_EDIT(SetColorBitDepth);
-    ZOR_ASK(GetEstablishedCount); ZOR_ASK(GetEstablished); ZOR_ASK(GetExtraStdTiming); ZOR_ASK(GetExtensionCount);
-    ZOR_ASK(GetBaseStandardCount); ZOR_ASK(GetBaseStandard); ZOR_ASK(GetBaseDetailedCount);
-    ZOR_ASK(GetStandardCount); ZOR_ASK(GetStandard); ZOR_EDIT(RemoveStandard);
-    ZOR_ASK(GetDetailedCount); ZOR_ASK(GetDetailed); ZOR_EDIT(RemoveDetailed);
-    // clang-format on
+    ZOR_MEMBERS(ClearEdidBuffer, SetEdidBuffer, GetSize, IsChecksumValid, GetMonitorID, GetManufacturerName,
+                GetMonitorName, GetMonitorString, GetMonitorSerialNumber, GetColorBitDepth, SetColorBitDepth,
+                GetEstablishedCount, GetEstablished, GetExtraStdTiming, GetExtensionCount, GetBaseStandardCount,
+                GetBaseStandard, GetBaseDetailedCount, GetStandardCount, GetStandard, RemoveStandard, GetDetailedCount,
+                GetDetailed, RemoveDetailed, SetPreferredMode)
+    ZOR_STATIC(CEdid, GetEdidSizeFromData)
+    CEdid& Real() const { return const_cast<CFaultyEdid&>(*this); }
 
     // Parts: the lowest and the highest bit of each byte, with the checksum right, and all bits at once.
     const unsigned char* GetBaseBlock() const
     {
-        std::copy_n(CEdid::GetBaseBlock(), 128, m_aui8Base);
+        m_aui8Base.assign(CEdid::GetBaseBlock(), CEdid::GetBaseBlock() + 128);
         for (unsigned int i = 0; i < 2 * 127; ++i)
         {
-            const unsigned char ui8Old = m_aui8Base[i / 2];
-            CFault::Change("GetBaseBlock", "bit", m_aui8Base[i / 2], i % 2 == 0 ? 0x01 : 0x80);
-            m_aui8Base[127] = static_cast<unsigned char>(m_aui8Base[127] + ui8Old - m_aui8Base[i / 2]);
+            SFault::Change("GetBaseBlock", "bit", m_aui8Base[i / 2], i % 2 == 0 ? 0x01 : 0x80);
         }
-        const unsigned char ui8Mask = CFault::IsNext("GetBaseBlock", "all bits") ? 0xFF : 0;
-        std::for_each(m_aui8Base, m_aui8Base + 128, [&](unsigned char& ui8Byte) { ui8Byte ^= ui8Mask; });
-        return m_aui8Base;
+        FixBlockSum(m_aui8Base, 0);
+        const unsigned char ui8Mask = SFault::IsNext("GetBaseBlock", "all bits") ? 0xFF : 0;
+        std::ranges::for_each(m_aui8Base, [=](unsigned char& ui8Byte) { ui8Byte ^= ui8Mask; });
+        return m_aui8Base.data();
     }
 
     // Parts: the bytes at both ends of both blocks.
@@ -157,49 +130,41 @@ public:
         CMArray<unsigned char, const unsigned char&> aui8Data = CEdid::GetEdidBuffer();
         for (int iOffset : { 0, 127, 128, 255 })
         {
-            CFault::Change("GetEdidBuffer", "byte", aui8Data[iOffset]);
+            SFault::Change("GetEdidBuffer", "byte", aui8Data[iOffset]);
         }
         return aui8Data;
     }
 
     // A block that is missing stays so.
-    CFaultyBlock* GetExtension(unsigned int uiIndex)
+    SFaultyBlock* GetExtension(unsigned int uiIndex)
     {
-        m_bMissing = m_bMissing || (m_oBlock.m_poReal == nullptr && CFault::IsNext("GetExtension", "result"));
+        m_bIsMissing = m_bIsMissing || (m_oBlock.m_poReal == nullptr && SFault::IsNext("GetExtension", "result"));
         m_oBlock.m_poReal = static_cast<CEdidExtBlockCEA861*>(CEdid::GetExtension(uiIndex));
-        return m_bMissing ? nullptr : &m_oBlock;
+        return m_bIsMissing ? nullptr : &m_oBlock;
     }
 
 private:
-    mutable unsigned char m_aui8Base[128] = {};
-    CFaultyBlock m_oBlock = {};
-    bool m_bMissing = false;
+    mutable CBytes m_aui8Base;
+    SFaultyBlock m_oBlock = {};
+    bool m_bIsMissing = false;
 };
 
-struct SFaultyEdidUtils
+struct SFaultyTools : CVidParamCea
 {
-    ZOR_STATIC(CEdidUtils, Is8BitsChecksumValid);
-};
-
-struct SFaultyCea : CVidParamCea
-{
-    ZOR_STATIC(CVidParamCea, GetVidParam);
-};
-
-struct SFaultyTools
-{
+    ZOR_STATIC(CEdidUtils, Is8BitsChecksumValid)
+    ZOR_STATIC(CVidParamCea, GetVidParam)
     // The suite compares the preferred modes and leaves the established timings out.
     static int CompareTimings(const CEdid& oFirst, const CEdid& oSecond, int bEstablished, int bPreferred)
     {
         const int bSame = CZorEdidUtils::CompareTimings(oFirst, oSecond, bEstablished, bPreferred);
-        return CFault::Result("CompareTimings", bSame != 0 && bEstablished == 0 && bPreferred != 0);
+        return SFault::Give("CompareTimings", static_cast<int>(bSame != 0 && bEstablished == 0 && bPreferred != 0));
     }
 };
 
 #define CEdid CFaultyEdid
-#define CEdidBase CFaultyBase
-#define CEdidExtBlock CFaultyBlock
-#define CEdidExtBlockCEA861 CFaultyBlock
-#define CEdidUtils SFaultyEdidUtils
-#define CVidParamCea SFaultyCea
+#define CEdidBase CFaultyEdid
+#define CEdidExtBlock SFaultyBlock
+#define CEdidExtBlockCEA861 SFaultyBlock
+#define CEdidUtils SFaultyTools
+#define CVidParamCea SFaultyTools
 #define CZorEdidUtils SFaultyTools

@@ -9,7 +9,6 @@ class CStringProbe : public CMString
 public:
     static int GetRefs(const CMString& oString) { return (oString.*&CStringProbe::GetMetaData)()->m_iRefs; }
     static const char* GetNil() { return m_pszNil; }
-    static const SMetaData& GetNilMetaData() { return *m_poDataNil; }
 };
 
 inline const char* Text(const CMString& oString) { return oString; }

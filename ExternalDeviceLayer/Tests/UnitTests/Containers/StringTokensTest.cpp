@@ -1,34 +1,9 @@
 // CMString::CIterator and CMArrayString: cutting a text into tokens and joining a list.
 
 #include "CapturedOutput.h"
+#include "CaseFile.h"
 #include "CountingAllocator.h"
 #include "StringProbe.h"
-
-namespace
-{
-CMString::CIterator At(int iToken, const char* pszText, const char* pszSeparators = " ")
-{
-    CMString::CIterator oIterator(pszSeparators, pszText);
-    for (int i = 0; i < iToken; ++i)
-    {
-        ++oIterator;
-    }
-    return oIterator;
-}
-} // namespace
-
-TEST(StringIterator, StaysAtTheEnd)
-{
-    const CMString::CIterator oEnd;
-    CMString::CIterator oIterator;
-    EXPECT_TRUE(++oIterator == oEnd);
-    EXPECT_EQ(0, (*oIterator).GetLength());
-    EXPECT_TRUE(CMString::CIterator(",", nullptr) == oEnd);
-
-    CCapturedOutput oOutput;
-    EXPECT_TRUE(CMString::CIterator(nullptr, "abc") == oEnd);
-    EXPECT_EQ(1U, oOutput.TakeAssertionCount());
-}
 
 TEST(StringIterator, AssignedOnesWalkOneBuffer)
 {
@@ -49,11 +24,17 @@ TEST(StringIterator, AssignedOnesWalkOneBuffer)
     EXPECT_STREQ("b", *oFirst); // the buffer lives on
     EXPECT_STREQ("c", *++oFirst);
     EXPECT_TRUE(++oFirst == oText.End());
+    EXPECT_TRUE(++oFirst == oText.End()); // stays there
+    EXPECT_EQ(0, (*oFirst).GetLength());
     EXPECT_STREQ("a b c", oText); // only a copy is cut up
 }
 
 TEST(StringIterator, ComparesTheTextsOfAllFields)
 {
+    const auto At = [](int iToken, const char* pszText, const char* pszSeparators = " ") {
+        CMString::CIterator oIterator(pszSeparators, pszText);
+        return iToken == 0 ? oIterator : ++oIterator;
+    };
     const CMString::CIterator oEnd;
     EXPECT_TRUE(At(0, "a a") == At(0, "a a")); // in other places
     EXPECT_TRUE(At(0, "a a") != At(0, "a a", " ,"));
@@ -62,37 +43,26 @@ TEST(StringIterator, ComparesTheTextsOfAllFields)
     EXPECT_TRUE(At(1, "a x c") != At(1, "a y c")); // the token
     EXPECT_TRUE(At(0, "a") != oEnd);
     EXPECT_TRUE(oEnd != At(0, "a"));
+    CCapturedOutput oOutput;
+    EXPECT_TRUE(At(0, "abc", nullptr) == oEnd);
+    EXPECT_EQ(1U, oOutput.TakeAssertionCount());
 }
 
 TEST(ArrayString, TokensAreAppendedAndJoined)
 {
-    struct SCase
+    for (const SCaseRow& oRow : ReadCases("Containers/golden/tokens.txt", 5))
     {
-        const char* m_pszText;
-        const char* m_pszSeparators;
-        int m_iCount;            // with "first" and an empty element ahead
-        const char* m_pszJoined; // the same
-    };
-    const SCase aoCases[] = {
-        { "a,b;;c", ",;", 5, "first||a|b|c" },
-        { ",,one two,", ",", 3, "first||one two" },
-        { "", ",", 2, "first|" },
-        { ",;", ",;", 2, "first|" },
-        { "abc", "", 3, "first||abc" },
-        { nullptr, ",", 2, "first|" },
-    };
-    for (const SCase& oCase : aoCases)
-    {
+        SCOPED_TRACE(oRow.GetName());
         CCountingAllocator oHeap;
         CMArrayString oLines;
-        EXPECT_STREQ("", oLines.Join("| "));
+        EXPECT_STREQ("", oLines.Join("/"));
         oLines.Add("first");
-        EXPECT_STREQ("first", oLines.Join("| "));
+        EXPECT_STREQ("first", oLines.Join("/"));
         oLines.Add("");
-        EXPECT_EQ(oCase.m_iCount, oLines.InitFromString(oCase.m_pszText, oCase.m_pszSeparators));
-        EXPECT_STREQ(oCase.m_pszJoined, oLines.Join("|"));
+        EXPECT_STREQ("first", oLines.Join(nullptr)); // no separator
+        const char* pszText = oRow.GetText(1) == "null" ? nullptr : oRow.GetText(1).c_str();
+        EXPECT_EQ(oRow.GetNumber(3),
+                  static_cast<unsigned int>(oLines.InitFromString(pszText, oRow.GetText(2).c_str())));
+        EXPECT_EQ(oRow.GetText(4), Text(oLines.Join("/")));
     }
-    CMArrayString oLines;
-    oLines.InitFromString("a b", " ");
-    EXPECT_STREQ("ab", oLines.Join(nullptr));
 }

@@ -51,7 +51,7 @@ CNumberArray Numbers(const CNumbers& auiValues)
     oArray.FreeExtra();
     return oArray;
 }
-}
+} // namespace
 
 template <>
 inline constexpr bool gsc_bByteRelocatable<CTracked> = true;

@@ -18,7 +18,7 @@ public:
     CAssoc* Take(unsigned int uiKey) { return NewAssoc(uiKey); }
 };
 constexpr unsigned long gsc_ulNodeSize = 24; // key, value, link, bucket, rounded up to the link's alignment
-}
+} // namespace
 
 TEST(Map, AllocatesTableAndBlocksWhenNeeded)
 {

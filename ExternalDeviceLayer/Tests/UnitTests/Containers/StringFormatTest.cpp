@@ -74,7 +74,7 @@ const std::map<std::string, void (*)(CRow, const char*)> gsc_oArguments = {
     { "minus text", [](CRow oRow, const char* psz) { Check(oRow, psz, -5, "abc"); } },
     { "minus double", [](CRow oRow, const char* psz) { Check(oRow, psz, -200, 1.0); } },
 };
-}
+} // namespace
 
 TEST(StringFormat, GivesTheLibrarysTexts)
 {

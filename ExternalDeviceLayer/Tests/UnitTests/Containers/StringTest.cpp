@@ -126,7 +126,7 @@ void CheckChange(const SCaseRow& oRow, const char* pszState, int iCapacity, bool
     EXPECT_STREQ(" Ab ", oHolder); // no change reaches another holder
     EXPECT_EQ(bIsShared ? 7 : 4, oHolder.GetAllocLength());
 }
-}
+} // namespace
 
 TEST_F(String, ChangesInEveryStateOfTheBuffer)
 {
@@ -258,7 +258,7 @@ const char* MapHugeText()
     close(iFile);
     return bIsMapped ? static_cast<const char*>(pText) : nullptr;
 }
-}
+} // namespace
 
 TEST_F(String, TextsBeyondTheLongestLengthAreRefused)
 {

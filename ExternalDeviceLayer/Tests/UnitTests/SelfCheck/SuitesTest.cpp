@@ -45,7 +45,7 @@ int Test_Validators()
     MTEST_STEP(oTiming.GetHorizontalActive() == 720);
     return 1;
 }
-}
+} // namespace
 
 TEST(Suites, SeeEachWrongAnswer)
 {

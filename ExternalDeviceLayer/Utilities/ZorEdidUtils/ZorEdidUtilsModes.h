@@ -20,14 +20,7 @@ struct SModes
     bool Extract(const CEdid& oEdid);
     // The same with each list in the order in which the EDID names its timings.
     bool Collect(const CEdid& oEdid);
-
-    // Appends what both the comparison and the output-resolution report look at in any case: all standard and detailed
-    // timings, but for the native ones of the extension blocks.
-    void AppendStandardAndDetailed(CZorEdidUtils::CModeList& oJoined) const
-    {
-        oJoined.Append(m_oBaseStandard);
-        oJoined.Append(m_oBaseDetailed);
-        oJoined.Append(m_oExtStandard);
-        oJoined.Append(m_oExtDetailed);
-    }
 };
+
+// Sorts as CMArray::SortElements does with CZorEdidUtils::SortVidParam, in less than the square of the steps.
+void SortModes(CZorEdidUtils::CModeList& oList);

@@ -2,6 +2,8 @@
 
 #include "ZorEdidUtils.h"
 
+#include <initializer_list>
+
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
@@ -9,15 +11,18 @@
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayString& oLines, const char* pszLinePrefix)
 {
     SModes oModes;
-    if (!oModes.Extract(oEdid)) // has reported
+    if (!oModes.Collect(oEdid)) // has reported
     {
         oLines.RemoveAll();
         return;
     }
-    CModeList oJoined;
-    oJoined.Append(oModes.m_oEstablishedAll);
-    oModes.AppendStandardAndDetailed(oJoined);
-    oJoined.SortElements(SortVidParam, 0);
+    CModeList oJoined; // all but the native table timings of the extension blocks
+    for (const CModeList* poList : { &oModes.m_oEstablishedAll, &oModes.m_oBaseStandard, &oModes.m_oBaseDetailed,
+                                     &oModes.m_oExtStandard, &oModes.m_oExtDetailed })
+    {
+        oJoined.Append(*poList);
+    }
+    SortModes(oJoined);
     GetEdidFormatedAsRVideoOutRes(oModes.m_oPreferred, oJoined, oLines, pszLinePrefix);
 }
 

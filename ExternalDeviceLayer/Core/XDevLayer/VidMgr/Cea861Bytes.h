@@ -144,6 +144,9 @@ public:
     {
     }
 
+    // The bytes from an offset on that a search has given.
+    const unsigned char* GetAt(unsigned int uiOffset) const { return m_pui8Block + uiOffset; }
+
     unsigned int GetSize() const { return m_pui8Block != nullptr ? Cea861Layout::gsc_uiBlockSize : 0U; }
     unsigned int GetFlags() const { return GetByte(Cea861Layout::gsc_uiFlagsOffset); }
     // Byte 2 as it stands, 0 to 255.
@@ -181,7 +184,7 @@ public:
     {
     }
 
-    // The bytes from an offset on that a search or an edit has given.
+    // The same, to be written.
     unsigned char* GetAt(unsigned int uiOffset) const { return m_pui8Writable + uiOffset; }
 
     // Closes the gap with the bytes behind, up to byte 126, and fills the tail with zeros. Byte 2 stays. False, with

@@ -122,9 +122,13 @@ int CEdidExtBlockCEA861::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTi
     {
         return CEdidUtils::ConvertDetailedDescriptorToVidParam(*m_apoDetailed[uiIndex], poTiming);
     }
-    const unsigned char* pui8Slot = m_aui8Raw.GetData() + GetBytes().GetDetailedOffset(uiIndex);
+    const unsigned int uiOffset = GetBytes().GetDetailedOffset(uiIndex);
+    if (uiOffset == 0) // the count is behind the bytes, as after memory ran out in an edit
+    {
+        return 0;
+    }
     return CEdidUtils::ConvertDetailedDescriptorToVidParam(
-        *reinterpret_cast<const CEdidUtils::SEdidDetailedRaw*>(pui8Slot), poTiming);
+        *reinterpret_cast<const CEdidUtils::SEdidDetailedRaw*>(GetBytes().GetAt(uiOffset)), poTiming);
 }
 
 int CEdidExtBlockCEA861::RemoveDetailed(unsigned int uiIndex)

@@ -1,6 +1,7 @@
 // CEdidExtBlockCEA861: one 128-byte CEA-861 extension block (EDID extension tag 2, revisions 0 to 3).
 //
-// The block holds its own copy of the bytes and lists derived from them. Reading goes through the lists; an edit
+// The block holds its own copy of the bytes and lists derived from them. Reading goes through the lists, and to the
+// bytes for detailed timings while they tell the places; an edit
 // changes the bytes first, makes the checksum right and derives the touched lists again. So the bytes are always the
 // truth, and what GetEdidBuffer gives needs no serialising step.
 //

@@ -203,21 +203,21 @@ int CEdidExtBlockCEA861::RemoveAudioDescriptor(unsigned int uiIndex)
 
 unsigned int CEdidExtBlockCEA861::ExtractAudioInfo()
 {
-    const CCea861Editor oEditor = EditBytes();
+    const CCea861Bytes oBytes = GetBytes();
     unsigned int uiMost = 0;
-    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oAudioBlocks);)
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oAudioBlocks);)
     {
         uiMost += oWalk.GetLength() / gsc_uiAudioSize;
     }
     CListFill<SAudioDescriptor> oFill(m_aoAudio, uiMost);
-    CCea861Walk oWalk = oEditor.Walk();
+    CCea861Walk oWalk = oBytes.Walk();
     if (!oWalk.Next(gsc_oAudioBlocks) || oWalk.GetLength() % gsc_uiAudioSize != 0)
     {
         return 0; // a first block of odd length makes all of them suspect
     }
     do
     {
-        const unsigned char* pui8Payload = oEditor.GetAt(oWalk.GetBlock().m_uiOffset);
+        const unsigned char* pui8Payload = oBytes.GetAt(oWalk.GetBlock().m_uiOffset);
         for (unsigned int i = 0; i < oWalk.GetLength() / gsc_uiAudioSize; ++i)
         {
             oFill.Add(ReadAudioDescriptor(pui8Payload + gsc_uiAudioSize * i));

@@ -25,7 +25,7 @@ constexpr SDataBlockKind gsc_oCapabilityMaps = { CEdidExtBlockCEA861::eCea861Ext
 constexpr unsigned int gsc_uiBitsPerByte = 8;
 
 // The key of the 1000/1001 variant of a code, in the table and in the lists; it never stands in a block.
-constexpr unsigned int gsc_uiVariantOffset = 1000;
+constexpr unsigned int gsc_uiVariantOffset = CVidParamCea::msc_uiVariantKey;
 
 // A short video descriptor: 1 to 127 are codes; with bit 7 set, bits 6 to 0 of 129 to 253 are a native code.
 constexpr unsigned int gsc_uiNativeBit = 0x80;
@@ -76,22 +76,29 @@ private:
     unsigned long long m_aullBits[4 * gsc_uiNativeBit / 64] = {}; // codes lie below the native bit
 };
 
-void AddOnce(CListFill<SVicCodeEntry>& oFill, CHeldTimings& oHeld, const SVicCodeEntry& oEntry)
-{
-    if (oHeld.Add(oEntry))
-    {
-        oFill.Add(oEntry);
-    }
-}
-
-void AddCode(CListFill<SVicCodeEntry>& oFill, CHeldTimings& oHeld, unsigned int uiCode)
+// Adds the timings of a code that the list does not hold.
+template <class LIST>
+void AddCode(LIST& oList, CHeldTimings& oHeld, unsigned int uiCode)
 {
     const SCodeTimings oTimings = GetCodeTimings(uiCode);
     for (unsigned int i = 0; i < oTimings.m_uiCount; ++i)
     {
-        AddOnce(oFill, oHeld, oTimings.m_aoEntry[i]);
+        if (oHeld.Add(oTimings.m_aoEntry[i]))
+        {
+            oList.Add(oTimings.m_aoEntry[i]);
+        }
     }
 }
+
+// Two timings for each code at most: what is put together here takes no memory.
+template <class ENTRY>
+struct SDraft
+{
+    ENTRY m_aoEntry[2 * gsc_uiBlockSize];
+    unsigned int m_uiCount = 0;
+
+    void Add(const ENTRY& oEntry) { m_aoEntry[m_uiCount++] = oEntry; }
+};
 
 // The bit of a capability map that stands for code number uiIndex.
 bool IsMapped(const CCea861Walk& oMap, unsigned int uiIndex)
@@ -140,12 +147,16 @@ unsigned char* GetHdmiPayload(const CCea861Editor& oEditor, const CCea861Walk& o
 }
 
 // The codes of all HDMI vendor blocks of one kind.
-void AddHdmiCodes(const CCea861Editor& oEditor, const SDataBlockKind& oKind, SAllCodes& oCodes)
+void AddHdmiCodes(const CCea861Bytes& oBytes, const SDataBlockKind& oKind, SAllCodes& oCodes)
 {
     unsigned int uiBlock = 0;
-    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(oKind); ++uiBlock)
+    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(oKind); ++uiBlock)
     {
-        const unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
+        const unsigned char* pui8Payload = oBytes.GetAt(oWalk.GetBlock().m_uiOffset);
+        if (CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) == 0)
+        {
+            continue;
+        }
         const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(oWalk.GetLength(), pui8Payload);
         for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
         {
@@ -161,51 +172,41 @@ void AddHdmiCodes(const CCea861Editor& oEditor, const SDataBlockKind& oKind, SAl
 // ---- Listing the timings ----
 
 // All codes of the block, in the order that the capability map counts them.
-void GatherCodes(const CCea861Editor& oEditor, SAllCodes& oCodes)
+void GatherCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
 {
     oCodes.m_uiCount = 0;
-    AddVideoCodes(oEditor, oCodes);
-    AddHdmiCodes(oEditor, gsc_oVendorBlocks, oCodes);
-    AddHdmiCodes(oEditor, gsc_oVendorVideoBlocks, oCodes);
+    AddVideoCodes(oBytes, oCodes);
+    AddHdmiCodes(oBytes, gsc_oVendorBlocks, oCodes);
+    AddHdmiCodes(oBytes, gsc_oVendorVideoBlocks, oCodes);
 }
 
-// The ordinary timings, each once. They are put together on the stack, so that the list takes memory once and no more
-// than it needs.
+// The ordinary timings, each once. They are drafted first, so that the list takes memory once and no more than it needs.
 void ListTimings(const SAllCodes& oCodes, CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings)
 {
-    SVicCodeEntry aoOnce[2 * gsc_uiBlockSize];
-    unsigned int uiCount = 0;
+    SDraft<SVicCodeEntry> oDraft;
     CHeldTimings oHeld;
     for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
     {
-        const SCodeTimings oTimings = GetCodeTimings(oCodes.m_aoCode[i].m_uiCode);
-        for (unsigned int j = 0; j < oTimings.m_uiCount; ++j)
-        {
-            if (oHeld.Add(oTimings.m_aoEntry[j]))
-            {
-                aoOnce[uiCount++] = oTimings.m_aoEntry[j];
-            }
-        }
+        AddCode(oDraft, oHeld, oCodes.m_aoCode[i].m_uiCode);
     }
-    CopyList(aoOnce, uiCount, aoTimings);
+    CopyList(oDraft.m_aoEntry, oDraft.m_uiCount, aoTimings);
 }
 
 // An entry for each occurrence of a timing.
 void ListPlaces(const SAllCodes& oCodes, CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&>& aoLookUp)
 {
-    SVicCodeEntryLookUp aoAll[2 * gsc_uiBlockSize];
-    unsigned int uiCount = 0;
+    SDraft<SVicCodeEntryLookUp> oDraft;
     for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
     {
         const SCode& oCode = oCodes.m_aoCode[i];
         const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
         for (unsigned int j = 0; j < oTimings.m_uiCount; ++j)
         {
-            aoAll[uiCount++] = { oTimings.m_aoEntry[j].m_uiVic, oCode.m_uiBlockIndex,
-                                 oCode.m_oKind.m_bExtended ? 1U : 0U, oCode.m_oKind.m_uiTag, oCode.m_uiPosition };
+            oDraft.Add({ oTimings.m_aoEntry[j].m_uiVic, oCode.m_uiBlockIndex, oCode.m_oKind.m_bExtended ? 1U : 0U,
+                         oCode.m_oKind.m_uiTag, oCode.m_uiPosition });
         }
     }
-    CopyList(aoAll, uiCount, aoLookUp);
+    CopyList(oDraft.m_aoEntry, oDraft.m_uiCount, aoLookUp);
 }
 
 // As many timings in YCbCr 4:2:0 as there can be: two for each bit set and for each short video descriptor, and the
@@ -415,7 +416,7 @@ void CEdidExtBlockCEA861::ListOccurrences()
         return;
     }
     SAllCodes oCodes;
-    GatherCodes(EditBytes(), oCodes);
+    GatherCodes(GetBytes(), oCodes);
     ListPlaces(oCodes, m_aoVicLookUp);
     m_bOccurrencesListed = 1;
 }
@@ -428,11 +429,10 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
     m_aoVicCode420.RemoveAll();
 
     m_bOccurrencesListed = 0;
-    const CCea861Editor oEditor = EditBytes();
     SAllCodes oCodes;
-    GatherCodes(oEditor, oCodes);
+    GatherCodes(GetBytes(), oCodes);
     ListTimings(oCodes, m_aoVicCode);
-    List420Timings(oEditor, oCodes, m_aoVicCode, m_aoVicCode420);
+    List420Timings(GetBytes(), oCodes, m_aoVicCode, m_aoVicCode420);
     return CEdidExtBlockCEA861::GetStandardCount(); // qualified: also runs while the object is being made
 }
 

@@ -55,12 +55,12 @@ public:
         return Decimal(static_cast<int>(uiValue), uiWidth, cFill);
     }
 
-    // Appends the low uiDigits hexadecimal digits in upper case, leading zeros included.
+    // Appends the low uiDigits hexadecimal digits, 8 at most, in upper case, leading zeros included.
     CTextLine& Hex(unsigned int uiValue, unsigned int uiDigits)
     {
         while (uiDigits != 0)
         {
-            Put("0123456789ABCDEF"[uiValue >> (4 * --uiDigits) & 0xF]);
+            Put("0123456789ABCDEF"[(uiValue >> (4 * --uiDigits)) & 0xF]);
         }
         return *this;
     }

@@ -4,8 +4,8 @@
 
 #include "ZorMFCTypes/CMArray.h"
 
-// Fills a list with one allocation at most: sizes it once for as many entries as there can be, and cuts it to those that
-// came when the object goes. The first uiKept entries stay.
+// Fills a list with one allocation at most: sizes it once for as many entries as there can be, and cuts it to those
+// that came when the object goes. The first uiKept entries stay. An entry beyond the size is dropped.
 template <class TYPE>
 class CListFill
 {
@@ -19,7 +19,13 @@ public:
     CListFill(const CListFill&) = delete;
     CListFill& operator=(const CListFill&) = delete;
 
-    void Add(const TYPE& oEntry) { m_aoList.SetAt(static_cast<int>(m_uiCount++), oEntry); }
+    void Add(const TYPE& oEntry)
+    {
+        if (m_uiCount < m_aoList.GetCount())
+        {
+            m_aoList.SetAt(static_cast<int>(m_uiCount++), oEntry);
+        }
+    }
     unsigned int GetCount() const { return m_uiCount; }
 
 private:
@@ -31,6 +37,7 @@ private:
 template <class TYPE>
 void CopyList(const TYPE* poEntries, unsigned int uiCount, CMArray<TYPE, const TYPE&>& aoList)
 {
+    aoList.RemoveAll(); // what holds more would keep it
     CListFill<TYPE> oFill(aoList, uiCount);
     for (unsigned int i = 0; i < uiCount; ++i)
     {

@@ -172,7 +172,6 @@ static_assert(gsc_oIndex.LongestChain() <= 5, "a search looks at few rows");
 
 // Number of the row of each code, then of each 1000/1001 variant. Derived by the compiler: a block's codes are looked
 // up at every load and every read (a search over the rows took a third of a load).
-constexpr unsigned int gsc_uiVariantKey = 1000; // added to a code
 constexpr unsigned int gsc_uiCodeCount = 128;
 constexpr unsigned char gsc_ui8NoRow = 0xFF;
 static_assert(CVidParamCea::msc_uiCea861FRowCount < gsc_ui8NoRow);
@@ -184,8 +183,8 @@ constexpr unsigned int PlaceOfVic(unsigned int uiVic)
     {
         return uiVic;
     }
-    const unsigned int uiCode = uiVic - gsc_uiVariantKey;             // wraps to a large number below the variants
-    return gsc_uiCodeCount + (uiCode < gsc_uiCodeCount ? uiCode : 0); // code 0 has no variant
+    const unsigned int uiCode = uiVic - CVidParamCea::msc_uiVariantKey; // wraps to a large number below the variants
+    return gsc_uiCodeCount + (uiCode < gsc_uiCodeCount ? uiCode : 0);   // code 0 has no variant
 }
 
 struct SRowsOfVics
@@ -220,7 +219,7 @@ constexpr const SRow* FindVic(unsigned int uiVic)
 constexpr bool IsFoundByItsVicAlone()
 {
     unsigned int uiFound = 0;
-    for (unsigned int uiVic = 0; uiVic <= gsc_uiVariantKey + gsc_uiCodeCount; ++uiVic)
+    for (unsigned int uiVic = 0; uiVic <= CVidParamCea::msc_uiVariantKey + gsc_uiCodeCount; ++uiVic)
     {
         const SRow* const poRow = FindVic(uiVic);
         if (poRow != nullptr && poRow->uiVic != uiVic)

@@ -41,6 +41,9 @@ public:
     static constexpr unsigned int msc_uiCea861FRowCount = 129;
     static const SCeaVidParam msc_aoCea861FTable[msc_uiCea861FRowCount];
 
+    // Added to a code, it gives the key of the 1000/1001 variant.
+    static constexpr unsigned int msc_uiVariantKey = 1000;
+
     // 1 when a row has this key, keys above 1000 included, else 0.
     static int IsVicSupported(unsigned int uiVic);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "VidParamFill.h"
 #include "VidParamFormula.h"
 #include "VidParamTiming.h"
 
@@ -182,22 +183,24 @@ SCvtTiming ComputeReducedBlanking(unsigned int uiHorizontalActive, unsigned int 
 void WriteTiming(unsigned int uiHorizontalActive, unsigned int uiVerticalActive, const SCvtTiming& oResult,
                  CVidParamTiming& oTiming)
 {
-    oTiming.ClearData();
-    oTiming.SetHorizontalRateInKiloHz(oResult.m_uiHorizontalRateInKiloHz);
-    oTiming.SetPixelClockInKiloHz(oResult.m_uiPixelClockInKiloHz);
-    oTiming.SetVerticalRateInHz(oResult.m_uiVerticalRateInHz);
-    oTiming.SetHorizontalFrontPorch(oResult.m_uiHorizontalFrontPorch);
-    oTiming.SetHorizontalSync(oResult.m_uiHorizontalSync);
-    oTiming.SetHorizontalBackPorch(oResult.m_uiHorizontalBackPorch);
-    oTiming.SetHorizontalActive(uiHorizontalActive); // as given; the porches stay those of whole cells
-    oTiming.SetVerticalFrontPorch(gsc_uiVerticalFrontPorch);
-    oTiming.SetVerticalSync(oResult.m_uiVerticalSync);
-    oTiming.SetVerticalBackPorch(oResult.m_uiVerticalBackPorch);
-    oTiming.SetVerticalActive(uiVerticalActive);
-    oTiming.SetVerticalPolarityPositive(oResult.m_bVerticalPositive ? 1 : 0);
-    oTiming.SetHorizontalPolarityPositive(oResult.m_bHorizontalPositive ? 1 : 0);
-    oTiming.SetInterlaced(0);
-    oTiming.SetVideoFamilyType(oResult.m_eType);
+    VidParamFill::FillTiming(oTiming, [&](auto& oFilled) {
+        oFilled.ClearData();
+        oFilled.SetHorizontalRateInKiloHz(oResult.m_uiHorizontalRateInKiloHz);
+        oFilled.SetPixelClockInKiloHz(oResult.m_uiPixelClockInKiloHz);
+        oFilled.SetVerticalRateInHz(oResult.m_uiVerticalRateInHz);
+        oFilled.SetHorizontalFrontPorch(oResult.m_uiHorizontalFrontPorch);
+        oFilled.SetHorizontalSync(oResult.m_uiHorizontalSync);
+        oFilled.SetHorizontalBackPorch(oResult.m_uiHorizontalBackPorch);
+        oFilled.SetHorizontalActive(uiHorizontalActive); // as given; the porches stay those of whole cells
+        oFilled.SetVerticalFrontPorch(gsc_uiVerticalFrontPorch);
+        oFilled.SetVerticalSync(oResult.m_uiVerticalSync);
+        oFilled.SetVerticalBackPorch(oResult.m_uiVerticalBackPorch);
+        oFilled.SetVerticalActive(uiVerticalActive);
+        oFilled.SetVerticalPolarityPositive(oResult.m_bVerticalPositive ? 1 : 0);
+        oFilled.SetHorizontalPolarityPositive(oResult.m_bHorizontalPositive ? 1 : 0);
+        oFilled.SetInterlaced(0);
+        oFilled.SetVideoFamilyType(oResult.m_eType);
+    });
 }
 } // namespace
 

@@ -196,14 +196,14 @@ void Repeat(benchmark::State& oState, const SOperation& oOperation)
     // Numbers of an image whose extension block was dropped would look good and mean nothing.
     bool bRefused = Load(oEdid, oOperation.m_aui8Image) == 0 || oEdid.GetExtensionCount() != 1;
     int iResult = 0;
-    const unsigned long ulBefore = FailingHeap::GetTakenCount();
+    const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
     for (auto _ : oState)
     {
         iResult = oOperation.m_fnRun(oEdid);
         bRefused |= iResult == 0;
         benchmark::ClobberMemory();
     }
-    Report(oState, bRefused, FailingHeap::GetTakenCount() - ulBefore, 1);
+    Report(oState, bRefused, g_oFailingHeap.m_ulTaken - ulBefore, 1);
     if (iResult > 1)
     {
         oState.counters["timings"] = iResult;
@@ -226,14 +226,14 @@ void Edit(benchmark::State& oState, const SOperation& oEdit)
         {
             Load(oEdid, oEdit.m_aui8Image);
         }
-        const unsigned long ulBefore = FailingHeap::GetTakenCount();
+        const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
         const Clock::time_point oStart = Clock::now();
         for (CEdid& oEdid : aoEdids)
         {
             bRefused |= oEdit.m_fnRun(oEdid) == 0;
         }
         const std::chrono::duration<double> oElapsed = Clock::now() - oStart;
-        ulAllocations += FailingHeap::GetTakenCount() - ulBefore;
+        ulAllocations += g_oFailingHeap.m_ulTaken - ulBefore;
         oState.SetIterationTime(oElapsed.count() / gsc_uiEditsPerIteration);
     }
     Report(oState, bRefused, ulAllocations, gsc_uiEditsPerIteration);

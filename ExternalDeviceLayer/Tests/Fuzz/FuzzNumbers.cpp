@@ -11,8 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     for (unsigned int& uiNumber : aui)
     {
         // Any magnitude is as likely as any other.
-        const unsigned int uiShift = oInput.TakeByte() % 32;
-        uiNumber = oInput.Take32() >> uiShift;
+        const unsigned int uiShift = oInput.Take(1) % 32;
+        uiNumber = oInput.Take(4) >> uiShift;
     }
     const char* pszBroken = CNumbersCheck().Run(aui);
     Require(pszBroken == nullptr, pszBroken);

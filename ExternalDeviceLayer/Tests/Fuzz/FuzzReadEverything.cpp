@@ -3,28 +3,14 @@
 #include "FuzzSupport.h"
 #include "ReadEverything.h"
 
-extern "C" size_t LLVMFuzzerMutate(uint8_t* pui8Data, size_t uiSize, size_t uiMaxSize);
-
-// All but one mutation in eight get their checksums repaired.
-extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* pui8Data, size_t uiSize, size_t uiMaxSize, unsigned int uiSeed)
-{
-    size_t uiNewSize = LLVMFuzzerMutate(pui8Data, uiSize, uiMaxSize);
-    if (uiSeed % 8 != 0)
-    {
-        uiNewSize -= uiNewSize >= gsc_uiBlockSize ? uiNewSize % gsc_uiBlockSize : 0;
-        const CBytes aui8Repaired = RepairImage(CBytes(pui8Data, pui8Data + uiNewSize));
-        std::copy(aui8Repaired.begin(), aui8Repaired.end(), pui8Data);
-    }
-    return uiNewSize;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
-    // Where the last checksum asks for it, data blocks are stripped.
-    const unsigned int uiLast = uiSize != 0 ? pui8Data[uiSize - 1] : 0;
+    // All but one input in eight get their checksums repaired. Where the last byte asks for it, data blocks are stripped.
+    const CBytes aui8Input(pui8Data, pui8Data + uiSize);
+    const unsigned int uiLast = uiSize != 0 ? aui8Input.back() : 0;
     const unsigned int uiStripFlags = uiLast % 8 == 1 ? uiLast : 0;
     CEdid oEdid;
-    const int iLoaded = oEdid.SetEdidBuffer(pui8Data, static_cast<unsigned int>(uiSize), uiStripFlags);
+    const int iLoaded = LoadExact(oEdid, uiLast % 8 == 0 ? aui8Input : RepairImage(aui8Input), uiStripFlags);
     Require(iLoaded != 0 || oEdid.GetSize() == 0, "a refused image leaves an empty object");
     const unsigned long long ullDigest = ReadEverything(oEdid);
 

@@ -7,6 +7,8 @@
 #include <stdio.h>
 #include <stdlib.h>
 
+#include <utility>
+
 #include "TestBytes.h"
 
 // A finding that no sanitizer would see.
@@ -26,35 +28,32 @@ public:
     CInput(const uint8_t* pui8Data, size_t uiSize) : m_pui8Next(pui8Data), m_pui8End(pui8Data + uiSize) {}
 
     bool IsEmpty() const { return m_pui8Next == m_pui8End; }
-    unsigned int TakeByte() { return IsEmpty() ? 0 : *m_pui8Next++; }
+    // A number of that many bytes, little-endian.
+    unsigned int Take(unsigned int uiBytes)
+    {
+        unsigned int uiNumber = 0;
+        for (unsigned int i = 0; i < uiBytes && !IsEmpty(); ++i)
+        {
+            uiNumber |= static_cast<unsigned int>(*m_pui8Next++) << (8 * i);
+        }
+        return uiNumber;
+    }
 
-    // Little-endian.
-    unsigned int Take16()
-    {
-        const unsigned int uiLow = TakeByte();
-        return uiLow | TakeByte() << 8;
-    }
-    unsigned int Take32()
-    {
-        const unsigned int uiLow = Take16();
-        return uiLow | Take16() << 16;
-    }
+    CBytes TakeRest() { return CBytes(std::exchange(m_pui8Next, m_pui8End), m_pui8End); }
 
 private:
     const uint8_t* m_pui8Next;
     const uint8_t* m_pui8End;
 };
 
-// Makes an image load as far as it can: the header, the section checksums of DisplayID blocks, the block checksums.
-// Mutations alone would hardly ever get past those.
+// Makes an image load as far as it can: whole blocks, the header, the section checksums of DisplayID blocks, the block
+// checksums. Mutations alone would hardly ever get past those.
 inline CBytes RepairImage(CBytes aui8Image)
 {
-    constexpr uint8_t aui8Header[8] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
     constexpr uint8_t ui8DisplayIdTag = 0x70;
-    if (aui8Image.size() >= gsc_uiBlockSize)
-    {
-        std::copy(std::begin(aui8Header), std::end(aui8Header), aui8Image.begin());
-    }
+    aui8Image.resize(std::max(aui8Image.size(), gsc_uiBlockSize) / gsc_uiBlockSize * gsc_uiBlockSize);
+    const CBytes aui8Header = ParseBytes("00 FF*6 00");
+    std::copy(aui8Header.begin(), aui8Header.end(), aui8Image.begin());
     for (size_t uiOffset = gsc_uiBlockSize; uiOffset + gsc_uiBlockSize <= aui8Image.size(); uiOffset += gsc_uiBlockSize)
     {
         const size_t uiSectionLength = aui8Image[uiOffset + 2];

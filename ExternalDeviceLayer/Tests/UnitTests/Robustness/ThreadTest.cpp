@@ -9,98 +9,51 @@
 #include "EditRunner.h"
 #include "ReadEverything.h"
 #include "RobustnessImages.h"
+#include "StringOperations.h"
 
 namespace
 {
-constexpr unsigned int gsc_uiThreads = 4;
-
-// The same work in all threads at once gives what it gives in one.
-template <class WORK>
-void ExpectSameInAllThreads(const WORK& Work)
+// Reads and edits, with strings that begin as the shared empty one.
+unsigned long long Work(const std::map<std::string, CBytes>& oImages)
 {
-    const unsigned long long ullExpected = Work();
-    unsigned long long aullResults[gsc_uiThreads] = {};
-    std::vector<std::thread> aoThreads;
-    for (unsigned long long& ullResult : aullResults)
+    CMString oText;
+    unsigned long long ullSum = 0;
+    for (const auto& [sName, aui8Image] : oImages)
     {
-        aoThreads.emplace_back([&] { ullResult = Work(); });
-    }
-    for (unsigned int i = 0; i < gsc_uiThreads; ++i)
-    {
-        aoThreads[i].join();
-        EXPECT_EQ(ullExpected, aullResults[i]);
-    }
-}
-
-TEST(ThreadTest, ReadingWithObjectsOfOnesOwn)
-{
-    const CQuietMessages oQuiet;
-    ExpectSameInAllThreads([] {
-        unsigned long long ullSum = 0;
-        CEdid oEdid;
-        for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
-        {
-            LoadExact(oEdid, ToBytes(*oImage.m_paui8Image));
-            ullSum += ReadEverything(oEdid);
-        }
-        LoadExact(oEdid, MakeImageWithAllBlocks());
-        return ullSum + ReadEverything(oEdid);
-    });
-}
-
-TEST(ThreadTest, EditingWithObjectsOfOnesOwn)
-{
-    const CQuietMessages oQuiet;
-    const CBytes aui8All = MakeImageWithAllBlocks();
-    ExpectSameInAllThreads([&] {
         CEditRunner oRunner;
-        for (unsigned int i = 0; i < 40 * CEditRunner::msc_uiOperationCount; ++i)
+        oRunner.Load(aui8Image);
+        for (unsigned int i = 0; i < 2 * CEditRunner::msc_uiOperationCount; ++i)
         {
-            if (i % CEditRunner::msc_uiOperationCount == 0)
-            {
-                oRunner.Load(aui8All.data(), static_cast<unsigned int>(aui8All.size()));
-            }
-            EXPECT_EQ(nullptr, oRunner.Apply({ i, i / 40 % 2, i / 7 % 5, 0x00020E42 + i }));
+            EXPECT_EQ("", oRunner.Apply({ i, i % 2, i / 7 % 5, 0x00020E42 + i }));
         }
-        return ReadEverything(oRunner.GetEdid());
-    });
+        for (const SStringOperation& oOperation : gsc_aoStringOperations)
+        {
+            CMString oOther = *CMString::m_poEmptyString;
+            SStringStep<CMString> oStep = { oText, oOther, 'e', 1, 5, sName, 0x20E45 };
+            oOperation.m_pfnLibrary(oStep);
+        }
+        ullSum += ReadEverything(oRunner.GetEdid()) + static_cast<unsigned int>(oText.CountOf('e'));
+    }
+    return ullSum;
 }
 
-TEST(ThreadTest, StringsThatBeginAsTheSharedEmptyOne)
+// The same work in all threads at once gives what it gives in one, and as many assertion lines, all whole.
+TEST(ThreadTest, WorkWithObjectsOfOnesOwn)
 {
-    ExpectSameInAllThreads([] {
-        int iSum = 0;
-        for (int i = 0; i < 2000; ++i)
-        {
-            CMString oText;
-            CMString oCopy(oText);
-            oCopy = *CMString::m_poEmptyString;
-            oCopy.Empty();
-            oCopy.ReleaseBuffer(0);
-            oCopy.MakeUpper();
-            oText.Format("%d, %s", i, "text");
-            oCopy = oText;
-            oCopy += 'x';
-            CMArrayString oLines;
-            oLines.SetSize(4, -1);
-            iSum += oLines.InitFromString(oCopy, ", ") + oLines.Join(";").GetLength();
-        }
-        return static_cast<unsigned long long>(iSum);
-    });
-}
-
-// Guards write whole lines from every thread; the switches were set before.
-TEST(ThreadTest, AssertionLines)
-{
-    OsServices::SetMsgLevel(1, 1, 0);
+    const std::map<std::string, CBytes> oImages = GetImages();
     CCapturedOutput oOutput;
-    ExpectSameInAllThreads([] {
-        for (unsigned int i = 0; i < 20; ++i)
+    const unsigned long long ullExpected = Work(oImages);
+    const unsigned int uiLines = oOutput.TakeAssertionCount();
+    CCapturedOutput oThreadsOutput;
+    unsigned long long aullResults[4] = {};
+    {
+        std::vector<std::jthread> aoThreads;
+        for (unsigned long long& ullResult : aullResults)
         {
-            CEdidBase::GetEdidSizeFromData(1, reinterpret_cast<const unsigned char*>("x"));
+            aoThreads.emplace_back([&] { ullResult = Work(oImages); });
         }
-        return 0ULL;
-    });
-    EXPECT_EQ((1 + gsc_uiThreads) * 20, oOutput.TakeAssertionCount());
+    }
+    EXPECT_EQ(std::vector<unsigned long long>(4, ullExpected), std::vector(aullResults, aullResults + 4));
+    EXPECT_EQ(4 * uiLines, oThreadsOutput.TakeAssertionCount());
 }
 } // namespace

@@ -76,11 +76,15 @@ inline CLists GetLists(const CEdidExtBlock& oBlock)
     return aoLists;
 }
 
-// Of a block of the EDID: 0 is the base block, which has the lists of timings alone.
-inline CLists GetLists(const CEdid& oEdid, size_t uiBlock)
+// Of each block of the EDID: first the base block, which has the lists of timings alone.
+inline std::vector<CLists> GetLists(const CEdid& oEdid)
 {
-    return uiBlock == 0 ? GetTimingLists<CEdidBase>(oEdid)
-                        : GetLists(*oEdid.GetExtension(static_cast<unsigned int>(uiBlock - 1)));
+    std::vector<CLists> aoLists = { GetTimingLists<CEdidBase>(oEdid) };
+    for (unsigned int i = 0; i < oEdid.GetExtensionCount(); ++i)
+    {
+        aoLists.push_back(GetLists(*oEdid.GetExtension(i)));
+    }
+    return aoLists;
 }
 
 // Whether the data blocks of a CEA-861 block end where its descriptors begin, its audio blocks hold whole descriptors,
@@ -94,22 +98,15 @@ inline bool IsTidy(const unsigned char* pui8Block, bool bWithoutDescriptors = fa
         return false;
     }
     size_t uiAt = pui8Block[1] < 3 ? uiStart : 4; // older blocks have no data blocks
-    while (uiAt < uiStart)
+    bool bIsTidy = true;
+    for (; uiAt < uiStart; uiAt += 1 + (pui8Block[uiAt] & 0x1FU))
     {
-        const size_t uiLength = pui8Block[uiAt] & 0x1F;
-        if (pui8Block[uiAt] >> 5 == 1 && uiLength % 3 != 0)
-        {
-            return false;
-        }
-        uiAt += 1 + uiLength;
+        bIsTidy = bIsTidy && (pui8Block[uiAt] >> 5 != 1 || (pui8Block[uiAt] & 0x1F) % 3 == 0);
     }
-    if (uiAt != uiStart)
-    {
-        return false;
-    }
-    while (!bWithoutDescriptors && uiAt + 18 <= 127 && (pui8Block[uiAt] != 0 || pui8Block[uiAt + 1] != 0))
+    bIsTidy = bIsTidy && uiAt == uiStart;
+    while (bIsTidy && !bWithoutDescriptors && uiAt + 18 <= 127 && (pui8Block[uiAt] != 0 || pui8Block[uiAt + 1] != 0))
     {
         uiAt += 18;
     }
-    return std::count(pui8Block + uiAt, pui8Block + 127, 0) == static_cast<ptrdiff_t>(127 - uiAt);
+    return bIsTidy && std::count(pui8Block + uiAt, pui8Block + 127, 0) == static_cast<ptrdiff_t>(127 - uiAt);
 }

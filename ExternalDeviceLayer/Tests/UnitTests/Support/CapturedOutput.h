@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <stdio.h>
 
+#include <regex>
 #include <string>
 
 #include "OsServices.h"
@@ -37,13 +38,9 @@ public:
 
     static unsigned int CountAssertions(const std::string& sText)
     {
-        const std::string sMark = "Assertion failed\n"; // ends each of them
-        unsigned int uiCount = 0;
-        for (size_t i = sText.find(sMark); i != std::string::npos; i = sText.find(sMark, i + 1))
-        {
-            ++uiCount;
-        }
-        return uiCount;
+        const std::regex oMark("Assertion failed\n"); // ends each of them
+        return static_cast<unsigned int>(
+            std::distance(std::sregex_iterator(sText.begin(), sText.end(), oMark), std::sregex_iterator()));
     }
 
 private:

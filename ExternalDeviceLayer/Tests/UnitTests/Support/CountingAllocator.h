@@ -4,9 +4,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <map>
 #include <new>
 #include <vector>
 
@@ -15,20 +13,13 @@
 class CCountingAllocator final : public CMAllocator
 {
 public:
-    static constexpr unsigned long msc_ulDefaultLimit = 1UL << 24;
-
     // Requests above ulLimit bytes fail as those of an exhausted heap do.
-    explicit CCountingAllocator(unsigned long ulLimit = msc_ulDefaultLimit) : m_ulLimit(ulLimit)
-    {
-        m_poGlobalAllocator = this;
-    }
+    explicit CCountingAllocator(unsigned long ulLimit = 1UL << 24) : m_ulLimit(ulLimit) { m_poGlobalAllocator = this; }
     ~CCountingAllocator()
     {
         m_poGlobalAllocator = nullptr;
-        EXPECT_TRUE(m_oLive.empty()) << m_oLive.size() << " blocks were not given back";
+        EXPECT_EQ(0U, m_uiLive) << "blocks that were not given back, or given back twice";
     }
-    CCountingAllocator(const CCountingAllocator&) = delete;
-    CCountingAllocator& operator=(const CCountingAllocator&) = delete;
 
     void* Alloc(unsigned long ulSize) override
     {
@@ -37,34 +28,27 @@ public:
             ++m_uiRefused;
             throw std::bad_alloc();
         }
-        void* p = malloc(ulSize); // the exact size, so that the sanitizers see each byte beyond it
-        m_oLive[p] = ulSize;
         m_aulSizes.push_back(ulSize);
+        void* p = ::operator new(ulSize); // the exact size, so that the sanitizers see each byte beyond it
+        ++m_uiLive;
         return p;
     }
 
     void Free(const void* p) override
     {
-        if (p == nullptr)
-        {
-            ++m_uiFreedNull;
-            return;
-        }
-        EXPECT_EQ(1U, m_oLive.erase(p)) << "a block that is not live was given back";
-        free(const_cast<void*>(p));
+        m_uiLive -= p != nullptr ? 1 : 0;
+        ::operator delete(const_cast<void*>(p));
     }
 
     size_t GetAllocCount() const { return m_aulSizes.size(); }
-    size_t GetLiveCount() const { return m_oLive.size(); }
+    size_t GetLiveCount() const { return m_uiLive; }
     unsigned long GetLastSize() const { return m_aulSizes.back(); }
     const std::vector<unsigned long>& GetSizes() const { return m_aulSizes; }
     unsigned int GetRefusedCount() const { return m_uiRefused; }
-    unsigned int GetFreedNullCount() const { return m_uiFreedNull; }
 
 private:
     unsigned long m_ulLimit;
     unsigned int m_uiRefused = 0;
-    unsigned int m_uiFreedNull = 0;
-    std::map<const void*, unsigned long> m_oLive;
+    size_t m_uiLive = 0;
     std::vector<unsigned long> m_aulSizes;
 };

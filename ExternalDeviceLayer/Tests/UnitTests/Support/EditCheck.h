@@ -12,7 +12,7 @@
 
 #include <functional>
 
-#include "EditedBytes.h"
+#include "TestBytes.h"
 
 class CEditCheck
 {

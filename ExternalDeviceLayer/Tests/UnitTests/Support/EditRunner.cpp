@@ -2,9 +2,8 @@
 
 #include "EditRunner.h"
 
+#include <functional>
 #include <iterator>
-
-#include "EditedBytes.h"
 
 namespace
 {
@@ -29,8 +28,6 @@ struct SRow
     bool m_bLooksFirst;          // leaves a wrong checksum when there is nothing to change
     unsigned int m_uiIndexCount; // how many are worth trying; 0 for the length of the list and two more
     int (*m_pfnRun)(CEdid& oEdid, const SEditStep& oStep);
-    // Writes into the base block what must stand there afterwards; may be null. False when the edit must refuse.
-    bool (*m_pfnStore)(CBytes& aui8Base, const SEditStep& oStep) = nullptr;
 };
 
 // The block that an index falls into changes, or the block whose number the step gives; else the base block.
@@ -38,62 +35,93 @@ bool IsMerged(unsigned int uiOperation) { return uiOperation <= CEditRunner::eEd
 
 bool IsOfBlock(unsigned int uiOperation)
 {
-    return uiOperation >= CEditRunner::eEdit_BlockRemoveStandard && uiOperation != CEditRunner::eEdit_Reload;
+    return uiOperation >= CEditRunner::eEdit_FirstOfBlock && uiOperation != CEditRunner::eEdit_Reload;
 }
+
+// ---- Arguments of the edits, made of the step ----
+
+constexpr auto gsc_puiIndex = &SEditStep::m_uiIndex;
+constexpr auto gsc_puiValue = &SEditStep::m_uiValue;
 
 int GetFlag(const SEditStep& oStep) { return static_cast<int>(oStep.m_uiValue & 1); }
 
 int UpdatesChecksum(const SEditStep& oStep) { return (oStep.m_uiValue & 4) == 0 ? 1 : 0; }
 
-CCea::SAudioDescriptor MakeAudio(unsigned int uiValue)
+// Indexes 16 to 22 and 24 on name no timing.
+CEdidBase::EEstablishedTiming GetId(const SEditStep& oStep)
 {
-    return { static_cast<CCea::EAudioFormat>(uiValue & 0x1F), (uiValue >> 5) & 0x0F,
-             static_cast<CCea::EAudioSamplingFreq>((uiValue >> 9) & 0xFF), uiValue >> 17 };
+    return static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32));
+}
+
+// Those from 8 on are refused.
+CEdidBase::EColorBitDepth GetDepth(const SEditStep& oStep)
+{
+    return static_cast<CEdidBase::EColorBitDepth>(oStep.m_uiValue % 10);
+}
+
+const CCea::SAudioDescriptor* GetAudio(const SEditStep& oStep)
+{
+    static thread_local CCea::SAudioDescriptor s_oAudio;
+    const unsigned int uiValue = oStep.m_uiValue;
+    s_oAudio = { static_cast<CCea::EAudioFormat>(uiValue & 0x1F), (uiValue >> 5) & 0x0F,
+                 static_cast<CCea::EAudioSamplingFreq>((uiValue >> 9) & 0xFF), uiValue >> 17 };
+    return uiValue != 0 ? &s_oAudio : nullptr;
 }
 
 // What the list holds for a stored value.
-CListEntry MakeStored(EList eList, unsigned int uiValue)
+CListEntry MakeStored(EList eList, const SEditStep& oStep)
 {
-    const CCea::SAudioDescriptor oAudio = MakeAudio(uiValue);
-    return eList == eList_Speaker ? CListEntry{ uiValue & 0x7FF }
-                                  : CListEntry{ oAudio.m_eFormat & 0x0FU, ((oAudio.m_uiChannels - 1) & 7) + 1,
-                                                oAudio.m_eSamplingFreq & 0x7FU, oAudio.m_uiExtra & 0xFF };
+    const CCea::SAudioDescriptor* poAudio = eList == eList_Audio ? GetAudio(oStep) : nullptr;
+    return poAudio == nullptr ? CListEntry{ oStep.m_uiValue & 0x7FF }
+                              : CListEntry{ poAudio->m_eFormat & 0x0FU, ((poAudio->m_uiChannels - 1) & 7) + 1,
+                                            poAudio->m_eSamplingFreq & 0x7FU, poAudio->m_uiExtra & 0xFF };
 }
 
-CVidParamTimingGeneric MakeTiming(const CEdid& oEdid, const SEditStep& oStep)
+// ---- Calls ----
+
+// On the EDID or on the step's block; 0 where the block is not there or of another kind.
+template <class TARGET, class... PARAMETERS, class... VALUES>
+int CallOn(int (TARGET::*pfnEdit)(PARAMETERS...), CEdid& oEdid, const SEditStep& oStep, const VALUES&... aValues)
+{
+    if constexpr (std::is_base_of_v<TARGET, CEdid>)
+    {
+        return (oEdid.*pfnEdit)(aValues...);
+    }
+    else
+    {
+        auto* poBlock = dynamic_cast<TARGET*>(oEdid.GetExtension(oStep.m_uiBlock));
+        return poBlock != nullptr ? (poBlock->*pfnEdit)(aValues...) : 0;
+    }
+}
+
+template <auto EDIT, auto... ARGUMENTS>
+int Call(CEdid& oEdid, const SEditStep& oStep)
+{
+    return CallOn(EDIT, oEdid, oStep, std::invoke(ARGUMENTS, oStep)...);
+}
+
+int SetPreferredMode(CEdid& oEdid, const SEditStep& oStep)
 {
     CVidParamTimingGeneric oTiming;
-    if (oEdid.GetStandard(oStep.m_uiIndex, &oTiming, nullptr) == 0 && oEdid.GetDetailed(oStep.m_uiIndex, &oTiming) == 0)
+    if (oEdid.GetDetailed(oStep.m_uiIndex, &oTiming) == 0)
     {
         oTiming.SetHorizontalActive(oStep.m_uiIndex);
         oTiming.SetVerticalActive(oStep.m_uiValue >> 8);
         oTiming.SetPixelClockInHz(oStep.m_uiValue);
-        oTiming.SetHorizontalSync(oStep.m_uiValue & 0xFFF);
-        oTiming.SetVerticalSync(oStep.m_uiValue & 0xFF);
-        oTiming.SetInterlaced(GetFlag(oStep));
     }
-    return oTiming;
+    return oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming);
 }
 
-// Calls EDIT of the step's block with these members of the step; 0 where the block is not there or of another kind.
-template <class BLOCK, auto EDIT, auto... ARGUMENTS>
-int OnBlock(CEdid& oEdid, const SEditStep& oStep)
+int RePackStandards(CEdid& oEdid, const SEditStep& /*oStep*/)
 {
-    auto* poBlock = dynamic_cast<BLOCK*>(oEdid.GetExtension(oStep.m_uiBlock));
-    return poBlock != nullptr ? (poBlock->*EDIT)((oStep.*ARGUMENTS)...) : 0;
-}
-
-template <auto EDIT, auto... ARGUMENTS>
-int WithAudio(CEdid& oEdid, const SEditStep& oStep)
-{
-    auto* poBlock = dynamic_cast<CCea*>(oEdid.GetExtension(oStep.m_uiBlock));
-    const CCea::SAudioDescriptor oAudio = MakeAudio(oStep.m_uiValue);
-    return poBlock != nullptr ? (poBlock->*EDIT)((oStep.*ARGUMENTS)..., oStep.m_uiValue == 0 ? nullptr : &oAudio) : 0;
+    oEdid.RePackStandards();
+    oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
+    return 1;
 }
 
 // A raw step may take anything out of its block, the tag included; the lists are derived all the same.
 template <auto EDIT>
-int RunRaw(CEdid& oEdid, const SEditStep& oStep)
+int CallRaw(CEdid& oEdid, const SEditStep& oStep)
 {
     auto* poBlock = dynamic_cast<CCea*>(oEdid.GetExtension(oStep.m_uiBlock));
     if (poBlock != nullptr)
@@ -108,107 +136,63 @@ int RunRaw(CEdid& oEdid, const SEditStep& oStep)
     return poBlock != nullptr ? 1 : 0;
 }
 
-constexpr auto gsc_puiIndex = &SEditStep::m_uiIndex;
-constexpr auto gsc_puiValue = &SEditStep::m_uiValue;
+int Reload(CEdid& oEdid, const SEditStep& /*oStep*/)
+{
+    const auto aui8Bytes = oEdid.GetEdidBuffer();
+    return oEdid.GetSize() != 0 ? oEdid.SetEdidBuffer(aui8Bytes.GetData(), aui8Bytes.GetCount(), 0) : 0;
+}
 
 // clang-format off
 constexpr SRow gsc_aoRows[] = {
-    // kind, list, named bytes of the base block, looks first, indexes, what runs it, what it stores
-    { EKind::eRemove, eList_Table, { 38, 16 }, false, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveStandard(oStep.m_uiIndex); } },
-    { EKind::eRemove, eList_Detailed, { 54, 72 }, false, 0,
-      [](CEdid& oEdid, const SEditStep& oStep) { return oEdid.RemoveDetailed(oStep.m_uiIndex); } },
-    { EKind::eOther, eList_Count, { 35, 3 }, false, 19,
-      [](CEdid& oEdid, const SEditStep& oStep) {
-          return oEdid.SetEstablished(oStep.m_uiIndex, GetFlag(oStep), UpdatesChecksum(oStep)); } },
-    { EKind::eOther, eList_Count, { 35, 3 }, false, 26,
-      [](CEdid& oEdid, const SEditStep& oStep) {
-          return oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(1U << (oStep.m_uiIndex % 32)),
-                                            GetFlag(oStep), UpdatesChecksum(oStep)); },
-      [](CBytes& aui8Base, const SEditStep& oStep) {
-          const unsigned int uiBit = oStep.m_uiIndex % 32; // 16 to 22 and 24 on name no timing
-          unsigned char& ui8Byte = aui8Base[35 + uiBit / 8];
-          const unsigned int uiMask = 1U << uiBit % 8;
-          ui8Byte = static_cast<unsigned char>(GetFlag(oStep) != 0 ? ui8Byte | uiMask : ui8Byte & ~uiMask);
-          return uiBit < 16 || uiBit == 23; } },
-    { EKind::eOther, eList_Count, { 12, 4 }, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) { oEdid.SetSerialNumber(oStep.m_uiValue); return 1; },
-      [](CBytes& aui8Base, const SEditStep& oStep) {
-          for (unsigned int i = 0; i < 4; ++i)
-          {
-              aui8Base[12 + i] = static_cast<unsigned char>(oStep.m_uiValue >> (8 * i));
-          }
-          return true; } },
-    { EKind::eOther, eList_Count, { 20, 1 }, true, 1,
-      [](CEdid& oEdid, const SEditStep& oStep) {
-          return oEdid.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(oStep.m_uiValue % 10)); },
-      [](CBytes& aui8Base, const SEditStep& oStep) {
-          aui8Base[20] = static_cast<unsigned char>((aui8Base[20] & 0x8FU) | (oStep.m_uiValue % 10) << 4);
-          return oStep.m_uiValue % 10 < 8; } },
-    { EKind::eFree, eList_Detailed, { 54, 72 }, false, 4,
-      [](CEdid& oEdid, const SEditStep& oStep) {
-          const CVidParamTimingGeneric oTiming = MakeTiming(oEdid, oStep);
-          return oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming); } },
-    { EKind::eOther, eList_Table, { 38, 16 }, true, 1,
-      [](CEdid& oEdid, const SEditStep&) {
-          oEdid.RePackStandards();
-          oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
-          return 1; } },
-    { EKind::eOther, eList_Count, { 0, 0 }, false, 1,
-      [](CEdid& oEdid, const SEditStep&) { oEdid.UpdateChecksum(); return 1; } },
-    { EKind::eRemove, eList_Table, {}, false, 0, OnBlock<CBlock, &CBlock::RemoveStandard, gsc_puiIndex> },
-    { EKind::eRemove, eList_Detailed, {}, false, 0, OnBlock<CBlock, &CBlock::RemoveDetailed, gsc_puiIndex> },
-    { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CBlock, &CBlock::SetColorBitDepthSupport, gsc_puiValue> },
-    { EKind::eAdd, eList_Audio, {}, false, 1, WithAudio<&CCea::AddAudioDescriptor> },
-    { EKind::eSet, eList_Audio, {}, false, 0, WithAudio<&CCea::SetAudioDescriptor, gsc_puiIndex> },
-    { EKind::eRemove, eList_Audio, {}, false, 0, OnBlock<CCea, &CCea::RemoveAudioDescriptor, gsc_puiIndex> },
-    { EKind::eAdd, eList_Speaker, {}, false, 1, OnBlock<CCea, &CCea::AddSpeakerDescriptor, gsc_puiValue> },
-    { EKind::eSet, eList_Speaker, {}, false, 0,
-      OnBlock<CCea, &CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
-    { EKind::eRemove, eList_Speaker, {}, false, 0, OnBlock<CCea, &CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
-    { EKind::eOther, eList_Count, {}, false, 1, OnBlock<CCea, &CCea::AddVendorSpecific> },
-    { EKind::eRaw, eList_Count, {}, false, 1, RunRaw<&CCea::RemoveDataRange> },
-    { EKind::eRaw, eList_Count, {}, false, 1, RunRaw<&CCea::PadDataRange> },
-    { EKind::eFree, eList_Count, { 0, 0 }, true, 1,
-      [](CEdid& oEdid, const SEditStep&) {
-          const auto aui8Bytes = oEdid.GetEdidBuffer();
-          return oEdid.GetSize() != 0 ? oEdid.SetEdidBuffer(aui8Bytes.GetData(), aui8Bytes.GetCount(), 0) : 0; } },
+    // kind, list, named bytes of the base block, looks first, indexes, what runs it
+    { EKind::eRemove, eList_Table,    { 38, 16 }, false, 0,  Call<&CEdid::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eList_Detailed, { 54, 72 }, false, 0,  Call<&CEdid::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eOther,  eList_Count,    { 35, 3 },  false, 19, Call<&CEdid::SetEstablished, gsc_puiIndex, GetFlag, UpdatesChecksum> },
+    { EKind::eOther,  eList_Count,    { 35, 3 },  false, 26, Call<&CEdid::SetEstablishedFromId, GetId, GetFlag, UpdatesChecksum> },
+    { EKind::eOther,  eList_Count,    { 12, 4 },  true,  1,  [](CEdid& o, const SEditStep& oStep) { o.SetSerialNumber(oStep.m_uiValue); return 1; } },
+    { EKind::eOther,  eList_Count,    { 20, 1 },  true,  1,  Call<&CEdid::SetColorBitDepth, GetDepth> },
+    { EKind::eFree,   eList_Detailed, { 54, 72 }, false, 4,  SetPreferredMode },
+    { EKind::eOther,  eList_Table,    { 38, 16 }, true,  1,  RePackStandards },
+    { EKind::eOther,  eList_Count,    { 0, 0 },   false, 1,  [](CEdid& o, const SEditStep&) { o.UpdateChecksum(); return 1; } },
+    { EKind::eRemove, eList_Table,    {},         false, 0,  Call<&CBlock::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eList_Detailed, {},         false, 0,  Call<&CBlock::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CBlock::SetColorBitDepthSupport, gsc_puiValue> },
+    { EKind::eAdd,    eList_Audio,    {},         false, 1,  Call<&CCea::AddAudioDescriptor, GetAudio> },
+    { EKind::eSet,    eList_Audio,    {},         false, 0,  Call<&CCea::SetAudioDescriptor, gsc_puiIndex, GetAudio> },
+    { EKind::eRemove, eList_Audio,    {},         false, 0,  Call<&CCea::RemoveAudioDescriptor, gsc_puiIndex> },
+    { EKind::eAdd,    eList_Speaker,  {},         false, 1,  Call<&CCea::AddSpeakerDescriptor, gsc_puiValue> },
+    { EKind::eSet,    eList_Speaker,  {},         false, 0,  Call<&CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
+    { EKind::eRemove, eList_Speaker,  {},         false, 0,  Call<&CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
+    { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CCea::AddVendorSpecific> },
+    { EKind::eRaw,    eList_Count,    {},         false, 1,  CallRaw<&CCea::RemoveDataRange> },
+    { EKind::eRaw,    eList_Count,    {},         false, 1,  CallRaw<&CCea::PadDataRange> },
+    { EKind::eFree,   eList_Count,    { 0, 0 },   true,  1,  Reload },
 };
 // clang-format on
 static_assert(std::size(gsc_aoRows) == CEditRunner::msc_uiOperationCount, "a row for each edit, in their order");
 
 const SRow& GetRow(unsigned int uiOperation) { return gsc_aoRows[uiOperation % CEditRunner::msc_uiOperationCount]; }
 
-// A removed table timing takes its 1000/1001 twin with it, native or not, out of the list of ordinary timings.
-bool IsWithoutCode(const CList& aoBefore, const CList& aoAfter, const CListEntry& auiNamed)
+// A removed table timing takes its 1000/1001 twin with it, native or not: some of those of its size are gone, and no
+// other one. 4:2:0 timings have no part in it, as their codes may stand elsewhere or not.
+bool IsWithoutCode(CList aoBefore, CList aoAfter, const CListEntry& auiNamed)
 {
-    bool bRemoved = Is420(auiNamed); // its code may stand elsewhere or not
-    auto itAfter = aoAfter.begin();
-    for (const CListEntry& auiTiming : aoBefore)
-    {
-        if (Is420(auiTiming))
-        {
-            break;
-        }
-        if (itAfter != aoAfter.end() && *itAfter == auiTiming)
-        {
-            ++itAfter;
-            continue;
-        }
-        if (auiTiming[0] != auiNamed[0] || auiTiming[1] != auiNamed[1]) // width and height
-        {
-            return false;
-        }
-        bRemoved = true;
-    }
-    return bRemoved && (itAfter == aoAfter.end() || Is420(*itAfter));
+    const auto HasNoPart = [](const CListEntry& auiTiming) { return Is420(auiTiming); };
+    const auto IsOfSize = [&](const CListEntry& auiTiming) {
+        return std::equal(auiTiming.begin(), auiTiming.begin() + 2, auiNamed.begin()); // width and height
+    };
+    std::erase_if(aoBefore, HasNoPart);
+    std::erase_if(aoAfter, HasNoPart);
+    const size_t uiGone = std::erase_if(aoBefore, IsOfSize);
+    const size_t uiLeft = std::erase_if(aoAfter, IsOfSize);
+    return aoBefore == aoAfter && (uiLeft < uiGone || (Is420(auiNamed) && uiLeft == uiGone));
 }
 } // namespace
 
-int CEditRunner::Load(const unsigned char* pui8Data, unsigned int uiSize)
+int CEditRunner::Load(const CBytes& aui8Image)
 {
     m_oBehind.reset();
-    return m_oEdid.SetEdidBuffer(pui8Data, uiSize, 0);
+    return m_oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
 }
 
 int CEditRunner::Run(const SEditStep& oStep)
@@ -220,44 +204,57 @@ int CEditRunner::Run(const SEditStep& oStep)
     return GetRow(oStep.m_uiOperation).m_pfnRun(m_oEdid, oStep);
 }
 
-const char* CEditRunner::Apply(const SEditStep& oStep)
+std::string CEditRunner::Apply(const SEditStep& oStep)
 {
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
     const CBytes aui8Before = Serialise(m_oEdid);
-    const std::vector<SPlace> aoPlaces = FindPlaces(oStep, aui8Before);
+    const std::vector<CLists> aoBefore = GetLists(m_oEdid);
+    const std::vector<SPlace> aoPlaces = FindPlaces(oStep, aoBefore, aui8Before);
     const bool bDone = Run(oStep) != 0;
-    m_uiSuccessCount += bDone ? 1U : 0U;
-    m_sBroken.clear();
     const CBytes aui8After = Serialise(m_oEdid);
+    if (!bDone)
+    {
+        // What stands in a list can be removed, except for a timing that has no code of its own and a preferred one.
+        const bool bRefuses = std::all_of(aoPlaces.begin(), aoPlaces.end(), [&](const SPlace& oPlace) {
+            const CList& aoList = aoBefore[oPlace.m_uiBlock][oRow.m_eList % eList_Count];
+            return oRow.m_eKind != EKind::eRemove || oPlace.m_uiIndex >= aoList.size() ||
+                   (oRow.m_eList == eList_Table ? Is420(aoList[oPlace.m_uiIndex])
+                                                : !oPlace.m_bIsSure || oPlace.m_uiBlock + oPlace.m_uiIndex == 0);
+        });
+        return !bRefuses                                                  ? "what stands in a list was not removed"
+               : aui8After == aui8Before && GetLists(m_oEdid) == aoBefore ? ""
+                                                                          : "a refusal changed bytes or lists";
+    }
+    m_uiChangeCount += aui8After != aui8Before ? 1 : 0;
+    if (aoPlaces.empty() || aui8After.size() != aui8Before.size())
+    {
+        return "an edit succeeded where there is nothing to edit, or changed the size";
+    }
     // Of two blocks that changed CheckBytes sees the other.
-    const auto itChanged =
-        std::mismatch(aui8Before.begin(), aui8Before.end(), aui8After.begin(), aui8After.end()).first;
-    const SPlace* poPlace = aoPlaces.empty() ? nullptr : &aoPlaces.front();
-    for (const SPlace& oPlace : aoPlaces)
+    const auto itChanged = std::mismatch(aui8Before.begin(), aui8Before.end(), aui8After.begin()).first;
+    const auto itPlace = std::find_if(aoPlaces.begin(), aoPlaces.end(), [&](const SPlace& oPlace) {
+        return oPlace.m_uiBlock == static_cast<size_t>(itChanged - aui8Before.begin()) / gsc_uiBlockSize;
+    });
+    const SPlace& oPlace = itPlace != aoPlaces.end() ? *itPlace : aoPlaces.front();
+    std::string sBroken = CheckBytes(oStep, oPlace.m_uiBlock, aui8Before, aui8After);
+    if (oRow.m_eKind == EKind::eRaw)
     {
-        const bool bChanged = static_cast<size_t>(itChanged - aui8Before.begin()) / gsc_uiBlockSize == oPlace.m_uiBlock;
-        poPlace = bChanged ? &oPlace : poPlace;
-        if (!bDone)
-        {
-            CheckRefusal(oStep, oPlace);
-        }
+        Load(aui8After);
+        return sBroken;
     }
-    Require(bDone || aui8After == aui8Before, "a refusal changed bytes");
-    Require(!bDone || poPlace != nullptr, "an edit succeeded where there is nothing to edit");
-    Require(aui8After.size() == aui8Before.size(), "the size changed");
-    if (bDone && m_sBroken.empty())
+    sBroken += CheckLists(oStep, oPlace, aoBefore[oPlace.m_uiBlock], &aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock]);
+    CEdid oFresh;
+    LoadExact(oFresh, aui8After);
+    const std::vector<CLists> aoHeld = GetLists(m_oEdid);
+    const std::vector<CLists> aoOfBytes = GetLists(oFresh);
+    bool bSame = Serialise(oFresh) == aui8After;
+    for (size_t i = 0; bSame && i < aoHeld.size(); ++i)
     {
-        CheckBytes(oStep, *poPlace, aui8Before, aui8After);
-        if (GetRow(oStep.m_uiOperation).m_eKind == EKind::eRaw)
-        {
-            Load(aui8After.data(), static_cast<unsigned int>(aui8After.size()));
-        }
-        else
-        {
-            CheckEffect(oStep, *poPlace, aui8Before, aui8After);
-            CompareWithFreshLoad(aui8After);
-        }
+        // Up to the detailed timings where the others are behind.
+        const auto itEnd = aoHeld[i].begin() + (m_oBehind[i] ? eList_Detailed : eList_Count);
+        bSame = std::equal(aoHeld[i].begin(), itEnd, aoOfBytes[i].begin());
     }
-    return m_sBroken.empty() ? nullptr : m_sBroken.c_str();
+    return sBroken + (bSame ? "" : "the bytes do not load again, or the lists are not theirs");
 }
 
 bool CEditRunner::UsesValue(unsigned int uiOperation) { return GetRow(uiOperation).m_eKind != EKind::eRemove; }
@@ -273,151 +270,90 @@ unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
 
 // In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed
 // on to when that one refuses.
-std::vector<CEditRunner::SPlace> CEditRunner::FindPlaces(const SEditStep& oStep, const CBytes& aui8Bytes) const
+std::vector<CEditRunner::SPlace> CEditRunner::FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists,
+                                                         const CBytes& aui8Bytes) const
 {
     const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const bool bMerged = IsMerged(uiOperation);
-    const size_t uiOnly = IsOfBlock(uiOperation) ? oStep.m_uiBlock + 1U : 0;
+    const size_t uiOnly = IsOfBlock(uiOperation) ? oStep.m_uiBlock + size_t{ 1 } : 0;
     std::vector<SPlace> aoPlaces;
     unsigned int uiRest = oStep.m_uiIndex;
-    for (size_t i = 0; i <= m_oEdid.GetExtensionCount() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
+    for (size_t i = 0; i < aoLists.size() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
     {
-        if (!bMerged && i != uiOnly)
+        const size_t uiCount = aoLists[i][GetRow(uiOperation).m_eList % eList_Count].size();
+        if (IsMerged(uiOperation) ? uiRest < uiCount : i == uiOnly)
         {
-            continue;
+            aoPlaces.push_back({ i, uiRest, i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i])) });
         }
-        const bool bIsSure = i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
-        SPlace oPlace = { i, uiRest, GetLists(m_oEdid, i), bIsSure };
-        const size_t uiCount = bMerged ? oPlace.m_aoLists[GetRow(uiOperation).m_eList].size() : 0;
-        if (bMerged && uiRest >= uiCount)
+        else if (IsMerged(uiOperation))
         {
             uiRest -= static_cast<unsigned int>(uiCount);
-            continue;
         }
-        aoPlaces.push_back(std::move(oPlace));
     }
     return aoPlaces;
 }
 
-void CEditRunner::Require(bool bHolds, const char* pszPromise)
-{
-    if (!bHolds && m_sBroken.empty())
-    {
-        m_sBroken = pszPromise;
-    }
-}
-
-// What stands in a list can be removed, except for a timing that has no code of its own and a preferred one.
-void CEditRunner::CheckRefusal(const SEditStep& oStep, const SPlace& oPlace)
-{
-    const SRow& oRow = GetRow(oStep.m_uiOperation);
-    Require(oPlace.m_aoLists == GetLists(m_oEdid, oPlace.m_uiBlock), "a refusal changed a list");
-    if (oRow.m_eKind == EKind::eRemove && oPlace.m_uiIndex < oPlace.m_aoLists[oRow.m_eList].size())
-    {
-        const bool bMust = oRow.m_eList == eList_Table ? !Is420(oPlace.m_aoLists[eList_Table][oPlace.m_uiIndex])
-                                                       : oPlace.m_bIsSure && oPlace.m_uiBlock + oPlace.m_uiIndex != 0;
-        Require(!bMust, "what stands in a list was not removed");
-    }
-}
-
-void CEditRunner::CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
-                             const CBytes& aui8After)
+std::string CEditRunner::CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before,
+                                    const CBytes& aui8After) const
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
     const bool bSame = aui8After == aui8Before;
-    Require(!bSame || (oRow.m_eKind != EKind::eRemove && oRow.m_eKind != EKind::eAdd),
-            "a removal or an addition changed no byte");
-    CBytes aui8Stored = aui8Before;
-    Require(oRow.m_pfnStore == nullptr || (oRow.m_pfnStore(aui8Stored, oStep) &&
-                                           std::equal(aui8Stored.begin(), aui8Stored.begin() + 127, aui8After.begin())),
-            "a value of the base block is not what was to be set, or was to be refused");
-    const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * oPlace.m_uiBlock);
+    if (bSame && (oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eAdd))
+    {
+        return "a removal or an addition changed no byte; ";
+    }
+    const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * uiBlock);
     const SEditedBytes oNamed = uiStart == 0 ? oRow.m_oNamed : SEditedBytes{ uiStart, gsc_uiBlockSize };
     if (oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
     {
-        const bool bOnlyNamed = std::equal(aui8Before.begin(), aui8Before.begin() + 35, aui8After.begin()) &&
-                                std::equal(aui8Before.begin() + 38, aui8Before.end(), aui8After.begin() + 38);
-        Require(bOnlyNamed, "a checksum changed that was not to, or another byte");
+        CBytes aui8Expected = aui8Before;
+        std::copy_n(&aui8After[35], 3, &aui8Expected[35]);
+        return aui8Expected == aui8After ? "" : "a checksum changed that was not to, or another byte; ";
     }
-    else if (!bSame || !oRow.m_bLooksFirst)
-    {
-        const std::string sBroken = CheckEditedBytes(aui8Before, aui8After, { oNamed });
-        Require(sBroken.empty(), sBroken.c_str());
-    }
+    return bSame && oRow.m_bLooksFirst ? "" : CheckEditedBytes(aui8Before, aui8After, { oNamed });
 }
 
-void CEditRunner::CheckEffect(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before,
-                              const CBytes& aui8After)
+std::string CEditRunner::CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected,
+                                    const unsigned char* pui8Before)
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
-    const unsigned char* pui8Before = &aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock];
-    const unsigned int uiIndex = oPlace.m_uiIndex;
-    const CLists aoNow = GetLists(m_oEdid, oPlace.m_uiBlock);
-    CLists aoExpected = oPlace.m_aoLists;
+    const CLists aoNow = GetLists(m_oEdid)[oPlace.m_uiBlock];
     CList& aoList = aoExpected[oRow.m_eList % eList_Count];
     const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
-    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && uiIndex >= aoList.size())
+    const auto itEntry = aoList.begin() + std::min<ptrdiff_t>(oPlace.m_uiIndex, std::ssize(aoList));
+    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
     {
-        return Require(false, "an edit succeeded at an index that is not there");
+        return "an edit succeeded at an index that is not there; ";
     }
 
     // The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
-    const bool bWasBehind = m_oBehind[oPlace.m_uiBlock];
     const bool bMoves = oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
     m_oBehind[oPlace.m_uiBlock] = bMoves;
     if (bMoves)
     {
-        Require(!IsTidy(pui8Before, true) || IsWithoutCode(aoList, aoNowList, aoList[uiIndex]),
-                "a table timing was not removed, or another one was");
-        return Require(aoExpected[eList_Audio] == aoNow[eList_Audio] &&
-                           aoExpected[eList_Speaker] == aoNow[eList_Speaker],
-                       "the removal of a table timing changed another list");
+        return (!IsTidy(pui8Before, true) || IsWithoutCode(aoList, aoNowList, *itEntry)) &&
+                       std::equal(aoNow.begin() + eList_Audio, aoNow.end(), aoExpected.begin() + eList_Audio)
+                   ? ""
+                   : "a table timing was not removed, or another one was, or another list changed; ";
     }
 
-    const CListEntry auiStored = MakeStored(oRow.m_eList, oStep.m_uiValue);
     if (oRow.m_eKind == EKind::eRemove)
     {
-        aoList.erase(aoList.begin() + uiIndex);
+        aoList.erase(itEntry);
     }
     else if (oRow.m_eKind == EKind::eSet)
     {
-        aoList[uiIndex] = auiStored;
-        Require(bWasBehind || (uiIndex < aoNowList.size() && aoNowList[uiIndex] == auiStored),
-                "a value was not stored");
+        *itEntry = MakeStored(oRow.m_eList, oStep);
     }
     else if (oRow.m_eKind == EKind::eAdd && pui8Before[1] == 3) // others list no data blocks
     {
         // At the end of the first data block or of the last.
         const auto itNew = std::mismatch(aoList.begin(), aoList.end(), aoNowList.begin(), aoNowList.end()).first;
-        aoList.insert(itNew, auiStored);
+        aoList.insert(itNew, MakeStored(oRow.m_eList, oStep));
     }
-    Require(!oPlace.m_bIsSure || oRow.m_eKind == EKind::eFree || aoNow == aoExpected,
-            "the lists are not what they were to become");
-    Require(!oPlace.m_bIsSure || oPlace.m_uiBlock == 0 || IsTidy(&aui8After[gsc_uiBlockSize * oPlace.m_uiBlock]),
-            "data blocks do not end where they say, or bytes stand behind the content");
-    if (oStep.m_uiOperation % msc_uiOperationCount == eEdit_BlockSetColorBitDepthSupport)
-    {
-        unsigned int uiBits = 0;
-        m_oEdid.GetExtension(oStep.m_uiBlock)->GetColorBitDepthSupport(uiBits);
-        Require(uiBits == 0 || uiBits == (oStep.m_uiValue & 7), "the depths are not those that were set"); // 0: no HDMI
-    }
-}
-
-void CEditRunner::CompareWithFreshLoad(const CBytes& aui8Bytes)
-{
-    CEdid oFresh;
-    oFresh.SetEdidBuffer(aui8Bytes.data(), static_cast<unsigned int>(aui8Bytes.size()), 0);
-    if (Serialise(oFresh) != aui8Bytes)
-    {
-        return Require(false, "the bytes do not load again");
-    }
-    for (size_t i = 0; i <= m_oEdid.GetExtensionCount(); ++i)
-    {
-        const CLists aoHeld = GetLists(m_oEdid, i);
-        const CLists aoOfBytes = GetLists(oFresh, i);
-        // Up to the detailed timings where the others are behind.
-        Require(std::equal(aoHeld.begin(), aoHeld.begin() + (m_oBehind[i] ? eList_Detailed : eList_Count),
-                           aoOfBytes.begin()),
-                "the lists of a block are not those of its bytes");
-    }
+    const auto uiNumber = static_cast<unsigned int>(oPlace.m_uiBlock - 1);
+    return oPlace.m_bIsSure && oRow.m_eKind != EKind::eFree && aoNow != aoExpected
+               ? "the lists are not what they were to become; "
+           : oPlace.m_bIsSure && oPlace.m_uiBlock != 0 && !IsTidy(m_oEdid.GetExtension(uiNumber)->GetData())
+               ? "data blocks do not end where they say, or bytes stand behind the content; "
+               : "";
 }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <bitset>
-#include <string>
 
 #include "BlockLists.h"
 
@@ -20,44 +19,27 @@ struct SEditStep
 class CEditRunner
 {
 public:
-    // Every edit of CEdid, then every edit of a block by itself.
+    // The edits, in the order of the table in EditRunner.cpp: those of CEdid, those of a block by itself, raw steps on
+    // the bytes of a block, behind which its lists are derived and the object is loaded again, and the loading alone.
     enum EOperation : unsigned int
     {
-        eEdit_RemoveStandard,
-        eEdit_RemoveDetailed,
-        eEdit_SetEstablished,
-        eEdit_SetEstablishedFromId,
-        eEdit_SetSerialNumber,
-        eEdit_SetColorBitDepth,
-        eEdit_SetPreferredMode,
-        eEdit_RePackStandards,
-        eEdit_UpdateChecksum,
-        eEdit_BlockRemoveStandard,
-        eEdit_BlockRemoveDetailed,
-        eEdit_BlockSetColorBitDepthSupport,
-        eEdit_AddAudio,
-        eEdit_SetAudio,
-        eEdit_RemoveAudio,
-        eEdit_AddSpeaker,
-        eEdit_SetSpeaker,
-        eEdit_RemoveSpeaker,
-        eEdit_AddVendorSpecific,
-        eEdit_RemoveDataRange, // raw step: the lists are derived afterwards, and the object is loaded again
-        eEdit_PadDataRange,    // the same
-        eEdit_Reload,          // from its own bytes
+        eEdit_RemoveDetailed = 1, // and ahead of it RemoveStandard: the index goes through all blocks
+        eEdit_FirstOfBlock = 9,   // RemoveStandard
+        eEdit_RemoveDataRange = 19,
+        eEdit_PadDataRange,
+        eEdit_Reload,
         eEdit_End
     };
     static constexpr unsigned int msc_uiOperationCount = eEdit_End;
 
-    // As CEdid::SetEdidBuffer without strip flags.
-    int Load(const unsigned char* pui8Data, unsigned int uiSize);
+    int Load(const CBytes& aui8Image);
 
-    // Runs one edit. Null when all promises held: a refusal changed no byte and no list; a success changed at most the
+    // Runs one edit. Empty when all promises held: a refusal changed no byte and no list; a success changed at most the
     // one block that its index falls into, of the base block only the bytes that it names, took out what it was to
     // remove and nothing else, stored what it was given, and left the checksum right; number and size of the blocks
     // stayed; the bytes load again, and all lists are those of the bytes, as far as the edit promises it. Else a text
-    // that names the broken promise, valid until the next call.
-    const char* Apply(const SEditStep& oStep);
+    // that names the broken promise.
+    std::string Apply(const SEditStep& oStep);
 
     // Runs one edit and looks at nothing; takes no memory of its own. Gives what the edit gives.
     int Run(const SEditStep& oStep);
@@ -67,30 +49,28 @@ public:
     static bool UsesValue(unsigned int uiOperation);
 
     const CEdid& GetEdid() const { return m_oEdid; }
-    unsigned int GetSuccessCount() const { return m_uiSuccessCount; }
+    unsigned int GetChangeCount() const { return m_uiChangeCount; } // edits that changed bytes
 
 private:
-    // A block that an edit may change, counted from 0, the base block: the index there, the lists before, and whether
-    // an edit does to its lists what it says and to nothing else.
+    // A block that an edit may change, counted from 0, the base block; the index there; whether an edit does to its
+    // lists what it says and to nothing else.
     struct SPlace
     {
         size_t m_uiBlock;
         unsigned int m_uiIndex;
-        CLists m_aoLists;
         bool m_bIsSure;
     };
 
-    std::vector<SPlace> FindPlaces(const SEditStep& oStep, const CBytes& aui8Bytes) const;
-    void Require(bool bHolds, const char* pszPromise);
-    void CheckRefusal(const SEditStep& oStep, const SPlace& oPlace);
-    void CheckBytes(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before, const CBytes& aui8After);
-    void CheckEffect(const SEditStep& oStep, const SPlace& oPlace, const CBytes& aui8Before, const CBytes& aui8After);
-    void CompareWithFreshLoad(const CBytes& aui8Bytes);
+    std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists,
+                                   const CBytes& aui8Bytes) const;
+    std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before,
+                           const CBytes& aui8After) const;
+    std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected,
+                           const unsigned char* pui8Before);
 
     CEdid m_oEdid;
     // Blocks whose lists, all but the table timings, are behind their bytes: from a removal of a table timing to the
     // next edit of the block.
     std::bitset<256> m_oBehind;
-    unsigned int m_uiSuccessCount = 0;
-    std::string m_sBroken;
+    unsigned int m_uiChangeCount = 0;
 };

@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,25 +23,17 @@ inline std::vector<unsigned char> ReadBytes(const std::filesystem::path& oPath)
     return { std::istreambuf_iterator<char>(oFile), std::istreambuf_iterator<char>() };
 }
 
-struct SCorpusImage
+// All real images by name; empty where the folder is absent.
+inline std::map<std::string, std::vector<unsigned char>> ReadCorpus()
 {
-    std::string m_sName;
-    std::vector<unsigned char> m_aui8Data;
-};
-
-// All real images, sorted by name; empty where the folder is absent.
-inline std::vector<SCorpusImage> ReadCorpus()
-{
-    std::vector<SCorpusImage> aoImages;
+    std::map<std::string, std::vector<unsigned char>> oImages;
     std::error_code oError;
     for (const auto& oEntry : std::filesystem::directory_iterator(GetSharedPath("corpus"), oError))
     {
         if (oEntry.path().extension() == ".bin")
         {
-            aoImages.push_back({ oEntry.path().filename().string(), ReadBytes(oEntry.path()) });
+            oImages[oEntry.path().filename().string()] = ReadBytes(oEntry.path());
         }
     }
-    std::sort(aoImages.begin(), aoImages.end(),
-              [](const SCorpusImage& oFirst, const SCorpusImage& oSecond) { return oFirst.m_sName < oSecond.m_sName; });
-    return aoImages;
+    return oImages;
 }

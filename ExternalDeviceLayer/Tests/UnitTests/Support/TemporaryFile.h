@@ -4,11 +4,10 @@
 #pragma once
 
 #include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "TestBytes.h"
@@ -18,15 +17,12 @@ class CTemporaryFile
 public:
     // The name ends in pszEnding, which says the kind of the file.
     CTemporaryFile(const char* pszEnding, const void* pBytes, size_t uiSize)
-        : m_sPath((std::filesystem::temp_directory_path() / "zoredid-XXXXXX").string() + pszEnding)
+        : m_sPath(
+              (std::filesystem::temp_directory_path() / ("zoredid-" + std::to_string(getpid()) + pszEnding)).string())
     {
-        const int iFile = mkstemps(m_sPath.data(), static_cast<int>(strlen(pszEnding)));
-        if (iFile < 0 || write(iFile, pBytes, uiSize) != static_cast<ssize_t>(uiSize))
-        {
-            perror(m_sPath.c_str());
-            abort();
-        }
-        close(iFile);
+        std::ofstream oFile(m_sPath, std::ios::binary);
+        oFile.exceptions(std::ios::failbit | std::ios::badbit);
+        oFile.write(static_cast<const char*>(pBytes), static_cast<std::streamsize>(uiSize)).flush();
     }
     ~CTemporaryFile() { unlink(m_sPath.c_str()); }
     CTemporaryFile(const CTemporaryFile&) = delete;

@@ -9,6 +9,8 @@
 #include <initializer_list>
 #include <memory>
 #include <numeric>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "Edid.h"
@@ -61,6 +63,34 @@ inline CBytes FixChecksums(CBytes aui8Image)
     return aui8Image;
 }
 
+// Hexadecimal pairs, with short forms: "00*5" repeats a pair, "..127" fills with zeros up to that many bytes, and "sum"
+// is the byte that makes all of them sum up to 0 modulo 256.
+inline CBytes ParseBytes(const std::string& sText)
+{
+    CBytes aui8Bytes;
+    std::istringstream oStream(sText);
+    for (std::string sToken; oStream >> sToken;)
+    {
+        if (sToken == "sum")
+        {
+            aui8Bytes.push_back(0);
+            FixSum(aui8Bytes, 0, aui8Bytes.size() - 1);
+        }
+        else if (sToken.starts_with(".."))
+        {
+            aui8Bytes.resize(std::stoul(sToken.substr(2)));
+        }
+        else
+        {
+            const size_t uiStar = sToken.find('*');
+            const size_t uiTimes = uiStar != std::string::npos ? std::stoul(sToken.substr(uiStar + 1)) : 1;
+            aui8Bytes.insert(aui8Bytes.end(), uiTimes,
+                             static_cast<unsigned char>(std::stoul(sToken.substr(0, uiStar), nullptr, 16)));
+        }
+    }
+    return aui8Bytes;
+}
+
 inline std::unique_ptr<unsigned char[]> CopyToHeap(const CBytes& aui8Bytes)
 {
     std::unique_ptr<unsigned char[]> pui8Copy(new unsigned char[aui8Bytes.size()]);
@@ -87,4 +117,37 @@ inline CBytes Serialise(const CEdid& oEdid)
 {
     const CMArray<unsigned char, const unsigned char&> aui8Data = oEdid.GetEdidBuffer();
     return CBytes(aui8Data.GetData(), aui8Data.GetData() + aui8Data.GetCount());
+}
+
+// Bytes that an operation may change, from the first byte of what is checked: the whole EDID or one block.
+struct SEditedBytes
+{
+    unsigned int m_uiOffset;
+    unsigned int m_uiCount;
+};
+
+// Empty when only bytes named here differ, apart from the last byte of the blocks that they lie in, whose sums are 0;
+// else a text that names what is wrong. A range of no bytes names the checksum of its block.
+inline std::string CheckEditedBytes(const CBytes& aui8Before, const CBytes& aui8After,
+                                    const std::vector<SEditedBytes>& aoEdited)
+{
+    CBytes aui8Expected = aui8Before;
+    for (const auto& [uiOffset, uiCount] : aoEdited)
+    {
+        const size_t uiBlock = uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
+        const size_t uiSum = uiBlock + gsc_uiBlockSize - 1;
+        if (aui8After.size() != aui8Before.size() || uiSum >= aui8After.size() || uiOffset + uiCount > uiSum + 1)
+        {
+            return "the size changed, or the bytes named do not lie in one block";
+        }
+        std::copy_n(&aui8After[uiOffset], uiCount, &aui8Expected[uiOffset]);
+        aui8Expected[uiSum] = aui8After[uiSum];
+        if (std::accumulate(&aui8After[uiBlock], &aui8After[uiSum] + 1, 0U) % 256 != 0)
+        {
+            return "the checksum of block " + std::to_string(uiOffset / gsc_uiBlockSize) + " is wrong";
+        }
+    }
+    const auto itWrong = std::mismatch(aui8Expected.begin(), aui8Expected.end(), aui8After.begin()).first;
+    const auto iWrong = itWrong - aui8Expected.begin();
+    return itWrong == aui8Expected.end() ? "" : "byte " + std::to_string(iWrong) + " is none of the edit's";
 }

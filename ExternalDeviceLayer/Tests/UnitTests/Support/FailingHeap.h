@@ -1,0 +1,12 @@
+// The heap of a test program, which fails on demand and counts: operator new is replaced for all of it.
+
+#pragma once
+
+struct SFailingHeap
+{
+    unsigned int m_uiLeft = 0;       // allocations until the one that throws std::bad_alloc, once; 0: none does
+    unsigned long m_ulTaken = 0;     // blocks taken since the start,
+    unsigned long m_ulGivenBack = 0; // and those of them that were given back
+};
+
+extern constinit thread_local SFailingHeap g_oFailingHeap;

@@ -1,6 +1,8 @@
 // Fuzz target: the input as a raw and as a text EDID file, through real files; descriptors come back. Memory that does
 // not is a finding of the leak check.
 
+#include <string.h>
+
 #include "FuzzSupport.h"
 #include "TemporaryFile.h"
 #include "ZorEdidUtils.h"

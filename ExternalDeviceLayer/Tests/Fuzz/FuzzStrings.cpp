@@ -60,9 +60,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
         for (size_t j = 0; j < std::size(aoStrings); ++j)
         {
             const std::string& sModel = aoModels[j].Get();
-            Require(aoStrings[j].GetLength() == static_cast<int>(sModel.size()), oOperation.m_pszName);
-            Require(aoStrings[j].GetAllocLength() >= aoStrings[j].GetLength(), "capacity holds the text");
-            Require(memcmp(GetText(aoStrings[j]), sModel.c_str(), sModel.size() + 1) == 0, oOperation.m_pszName);
+            const int iLength = aoStrings[j].GetLength();
+            Require(GetText(aoStrings[j]) == sModel && sModel.size() == static_cast<size_t>(iLength),
+                    oOperation.m_pszName);
+            Require(aoStrings[j].GetAllocLength() >= iLength, "capacity holds the text");
         }
     }
     return 0;

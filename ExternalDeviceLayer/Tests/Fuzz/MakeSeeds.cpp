@@ -10,29 +10,14 @@
 #include "EditRunner.h"
 #include "TemporaryFile.h"
 
-namespace
+int main(int /*iCount*/, char** ppszArguments)
 {
-void WriteSeed(const std::string& sPath, const std::string& sSeed)
-{
-    std::ofstream oFile(sPath, std::ios::binary);
-    oFile.exceptions(std::ios::failbit | std::ios::badbit); // ends the program
-    oFile << sSeed << std::flush;
-}
-
-// Every edit once.
-std::string MakeProgram()
-{
-    std::string sProgram = { static_cast<char>(CEditRunner::msc_uiOperationCount) };
+    // Every edit once.
+    std::string sProgram(1, CEditRunner::msc_uiOperationCount);
     for (unsigned int i = 0; i < CEditRunner::msc_uiOperationCount; ++i)
     {
         sProgram += { static_cast<char>(i), 0, 1, 0, 0x22, 0x0E, 0x04, 0x00 };
     }
-    return sProgram;
-}
-}
-
-int main(int /*iCount*/, char** ppszArguments)
-{
     // None of the images of the self-check has a DisplayID block: one with that alone, one with another in front of it.
     std::map<std::string, CBytes> oImages = { { "DisplayId", MakeEdid({ MakeFullDisplayIdBlock() }) },
                                               { "Both", MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() }) } };
@@ -40,13 +25,17 @@ int main(int /*iCount*/, char** ppszArguments)
     {
         oImages[oImage.m_pszName] = ToBytes(*oImage.m_paui8Image);
     }
-    const std::string sFolder = ppszArguments[1];
     for (const auto& [sName, aui8Image] : oImages)
     {
         const std::string sImage(aui8Image.begin(), aui8Image.end());
-        WriteSeed(sFolder + "/FuzzReadEverything/" + sName, sImage);
-        WriteSeed(sFolder + "/FuzzFiles/" + sName, MakeTextTable(aui8Image));
-        WriteSeed(sFolder + "/FuzzEditSequence/" + sName, MakeProgram() + sImage);
+        for (const auto& [pszTarget, sSeed] : { std::pair{ "FuzzReadEverything", sImage },
+                                                { "FuzzFiles", MakeTextTable(aui8Image) },
+                                                { "FuzzEditSequence", sProgram + sImage } })
+        {
+            std::ofstream oFile(std::filesystem::path(ppszArguments[1]) / pszTarget / sName, std::ios::binary);
+            oFile.exceptions(std::ios::failbit | std::ios::badbit); // ends the program
+            oFile << sSeed << std::flush;
+        }
     }
     return 0;
 }

@@ -8,11 +8,13 @@
 #include "DisplayIdImages.h"
 #include "SharedFiles.h"
 
-// An image of the self-check with a CEA-861 block (audio, speakers, HDMI codes), and a DisplayID block behind it.
+// An image of the self-check with a CEA-861 block (audio, speakers, HDMI codes), and a DisplayID block behind it. One
+// code stands as a short video descriptor and as an HDMI code, so that its removal edits two data blocks.
 inline CBytes MakeImageWithAllBlocks()
 {
     CBytes aui8Image = Join({ ToBytes(ExtStandard2::g_auiStandard2EdidData), MakeFullDisplayIdBlock() });
     aui8Image[126] = 2;
+    aui8Image[gsc_uiBlockSize + 9] = 95; // HDMI code 1, in place of code 7, which has no timing
     return FixChecksums(aui8Image);
 }
 

@@ -1,4 +1,5 @@
-// Damage and truncation of every image of the self-check, everything read. Meant for the sanitizer build.
+// Damage and truncation of every image of the self-check, everything read, and edited; every edit of these and of real
+// images at every index, and stripping. Each keeps its promises. Meant for the sanitizer build.
 
 #include <gtest/gtest.h>
 
@@ -8,44 +9,57 @@
 #include "CapturedOutput.h"
 #include "EdidExtBlockCEA861.h"
 #include "EdidExtBlockDisplayID.h"
+#include "EditRunner.h"
 #include "ReadEverything.h"
 #include "RobustnessImages.h"
-#include "VidParamTimingGeneric.h"
 
 namespace
 {
+using Runner = CEditRunner;
+
 // Loads what may be damaged. Whole blocks load behind a right header, the base block with any checksum; an extension
 // block that is not announced, not understood or wrong in its sum is dropped, the others stay as they are, in order.
-// Everything is read where the damaged block stayed.
-void LoadAndRead(const CBytes& aui8Image, size_t uiDamagedBlock)
+void LoadAndRead(const CBytes& aui8Image, bool bRead)
 {
     CBytes aui8Expected;
-    bool bRead = aui8Image.size() < gsc_uiBlockSize;
     const CBytes aui8Header = ParseBytes("00 FF*6 00");
     const bool bLoads = aui8Image.size() % gsc_uiBlockSize == 0 &&
                         (aui8Image.empty() || std::equal(aui8Header.begin(), aui8Header.end(), aui8Image.begin()));
     for (size_t i = 0; bLoads && i < aui8Image.size() / gsc_uiBlockSize; ++i)
     {
-        const unsigned char* pui8Block = &aui8Image[i * gsc_uiBlockSize];
-        const bool bSum = std::accumulate(pui8Block, pui8Block + gsc_uiBlockSize, 0U) % 256 == 0;
-        if (i == 0 || (i <= aui8Image[126] && bSum &&
-                       (CEdidExtBlockCEA861::IsSupported(gsc_uiBlockSize, pui8Block) != 0 ||
-                        CEdidExtBlockDisplayID::IsSupported(gsc_uiBlockSize, pui8Block) != 0)))
+        const CBytes aui8Block(&aui8Image[i * gsc_uiBlockSize], &aui8Image[i * gsc_uiBlockSize] + gsc_uiBlockSize);
+        const bool bIsKnown = CEdidExtBlockCEA861::IsSupported(gsc_uiBlockSize, aui8Block.data()) != 0 ||
+                              CEdidExtBlockDisplayID::IsSupported(gsc_uiBlockSize, aui8Block.data()) != 0;
+        if (i == 0 || (i <= aui8Image[126] && bIsKnown && FixChecksums(aui8Block) == aui8Block))
         {
-            aui8Expected.insert(aui8Expected.end(), pui8Block, pui8Block + gsc_uiBlockSize);
-            bRead = bRead || i == uiDamagedBlock;
+            Append(aui8Expected, aui8Block);
         }
     }
     CEdid oEdid;
     ASSERT_EQ(bLoads ? 1 : 0, LoadExact(oEdid, aui8Image));
     ASSERT_EQ(aui8Expected.size(), oEdid.GetSize());
     ASSERT_TRUE(aui8Expected.empty() || aui8Expected == Serialise(oEdid));
-    const auto uiSum = std::accumulate(aui8Expected.begin(), aui8Expected.end(), 0U);
-    ASSERT_EQ(uiSum % 256 == 0, oEdid.IsChecksumValid() != 0);
+    ASSERT_EQ(FixChecksums(aui8Expected) == aui8Expected, oEdid.IsChecksumValid() != 0);
     if (bRead)
     {
         ReadEverything(oEdid);
     }
+}
+
+// Strips all, then four edits of the first extension block, beginning with any; the fourth is a raw one.
+void StripAndEdit(const CBytes& aui8Image, unsigned int uiFirst)
+{
+    CEdid oEdid;
+    LoadExact(oEdid, aui8Image, 0x3F);
+    ASSERT_TRUE(oEdid.GetSize() <= gsc_uiBlockSize || oEdid.IsChecksumValid() != 0);
+    Runner oRunner;
+    oRunner.Load(aui8Image);
+    constexpr unsigned int uiEdits = Runner::eEdit_RemoveDataRange - Runner::eEdit_FirstOfBlock;
+    for (unsigned int i = 0; i < 3; ++i)
+    {
+        ASSERT_EQ("", oRunner.Apply({ Runner::eEdit_FirstOfBlock + (uiFirst + i) % uiEdits, 0, i, 0x00020E42 }));
+    }
+    ASSERT_EQ("", oRunner.Apply({ Runner::eEdit_RemoveDataRange + uiFirst % 2, 0, uiFirst % 131, uiFirst % 17 }));
 }
 
 // Blocks are read independently of each other. So damage goes through the last block of these images, which has each
@@ -88,9 +102,10 @@ TEST_P(DamageSweep, EveryByteOfEveryBlock)
                 SCOPED_TRACE(testing::Message() << "byte " << i << " is " << uiValue);
                 CBytes aui8Damaged = aui8Image;
                 aui8Damaged[i] = static_cast<unsigned char>(uiValue);
-                ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Damaged, uiBlock));
+                ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Damaged, uiBlock == 0));
                 FixBlockSum(aui8Damaged, uiBlock);
-                ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Damaged, uiBlock));
+                ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Damaged, true));
+                ASSERT_NO_FATAL_FAILURE(StripAndEdit(aui8Damaged, static_cast<unsigned int>(i) + j));
             }
         }
         ++uiImage;
@@ -99,20 +114,8 @@ TEST_P(DamageSweep, EveryByteOfEveryBlock)
 
 INSTANTIATE_TEST_SUITE_P(Quarters, DamageSweep, testing::Values(0, 1, 2, 3));
 
-// Byte 126 announces blocks that are not there, or fewer than there are.
-TEST(AnnouncedBlocksSweep, EveryNumber)
-{
-    const CQuietMessages oQuiet;
-    CBytes aui8Image = MakeImageWithAllBlocks();
-    for (unsigned int i = 0; i < 256; ++i)
-    {
-        aui8Image[126] = static_cast<unsigned char>(i);
-        FixBlockSum(aui8Image, 0);
-        ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Image, 0)) << i;
-    }
-}
-
-TEST(TruncationSweep, EveryLength)
+// Cut anywhere; and byte 126 announces blocks that are not there, or fewer than there are.
+TEST(LengthSweep, EveryLengthAndEveryAnnouncedNumber)
 {
     const CQuietMessages oQuiet;
     for (const auto& [sName, aui8Image] : GetImages())
@@ -120,41 +123,129 @@ TEST(TruncationSweep, EveryLength)
         for (size_t i = 0; i <= aui8Image.size(); ++i)
         {
             const CBytes aui8Cut(aui8Image.begin(), aui8Image.begin() + static_cast<ptrdiff_t>(i));
-            ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Cut, 0)) << sName << " cut to " << i;
+            ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Cut, i % gsc_uiBlockSize < 2)) << sName << " cut to " << i;
+            CBytes aui8Announced = aui8Image;
+            aui8Announced[126] = static_cast<unsigned char>(i);
+            ASSERT_NO_FATAL_FAILURE(LoadAndRead(aui8Announced, i < 4)) << sName << " announces " << i;
         }
     }
 }
 
-// A base block whose last two bytes and what lies behind them in the object look like a fifth descriptor, which no
-// sanitizer tells from the object's own.
-class CBaseWithMemoryBehind : public CEdidBase
-{
-public:
-    // uiBehind: bytes 128 to 131 of a block that had them, little-endian.
-    CBaseWithMemoryBehind(const CBytes& aui8Block, unsigned int uiBehind)
-    {
-        SetEdidBuffer(aui8Block.data(), static_cast<unsigned int>(aui8Block.size()), 0);
-        std::fill(std::begin(m_auiEstablishedMask), std::end(m_auiEstablishedMask), uiBehind);
-    }
-};
+// ---- Every edit at every index, and stripping ----
 
-TEST(FifthDescriptor, IsNoTimingAndNoText)
+constexpr unsigned int gsc_uiMostBlocks = 3; // edits go to that many extension blocks
+
+// Each serves as an audio descriptor, a speaker mask, a depth, a serial number; the last is refused as a descriptor.
+constexpr unsigned int gsc_auiValues[] = { 0x00020E42, 0xFFFFFFFF, 0x3 };
+
+void Apply(Runner& oRunner, const SEditStep& oStep)
 {
-    // No preferred timing; four empty display descriptors, as which bytes 126 and 127 begin.
-    CBytes aui8Block = ParseBytes("00 FF*6 00 06 10 01 00 01 00*3 01 1E ..57 10 ..75 10 ..93 10 ..111 10 ..128");
-    for (const unsigned int uiTag : { 0xFAU, 0xFCU, 0xFDU, 0xFEU, 0xFFU })
+    ASSERT_EQ("", oRunner.Apply(oStep)) << "operation " << oStep.m_uiOperation << ", block " << oStep.m_uiBlock
+                                        << ", index " << oStep.m_uiIndex << ", value " << oStep.m_uiValue;
+}
+
+// Each edit on a fresh copy of the image.
+void RunAllEdits(const CBytes& aui8Image)
+{
+    Runner oFirst;
+    oFirst.Load(aui8Image);
+    const unsigned int uiBlocks = std::clamp(oFirst.GetEdid().GetExtensionCount(), 1U, gsc_uiMostBlocks);
+    for (unsigned int i = 0; i < Runner::eEdit_RemoveDataRange; ++i)
     {
-        const CBaseWithMemoryBehind oText(aui8Block, uiTag << 8 | 'A' << 24);
-        char szText[14] = {};
-        CEdidBase::SRangeLimits oLimits = {};
-        CVidParamTimingGeneric oTiming;
-        EXPECT_EQ(0, oText.GetMonitorName(szText, sizeof(szText)) + oText.GetMonitorString(szText, sizeof(szText)) +
-                         oText.GetMonitorSerialNumber(szText, sizeof(szText)) + oText.GetMonitorRangeLimits(oLimits) +
-                         oText.GetExtraStdTiming(0, oTiming));
+        const unsigned int uiPlaces = i >= Runner::eEdit_FirstOfBlock ? uiBlocks : 1;
+        const unsigned int uiValues = Runner::UsesValue(i) ? 3 : 1;
+        for (unsigned int j = 0; j < uiPlaces * oFirst.GetIndexCount(i) * uiValues; ++j)
+        {
+            Runner oRunner;
+            oRunner.Load(aui8Image);
+            ASSERT_NO_FATAL_FAILURE(
+                Apply(oRunner, { i, j % uiPlaces, j / uiPlaces / uiValues, gsc_auiValues[j / uiPlaces % uiValues] }));
+        }
     }
-    aui8Block[126] = 0x3A; // the pixel clock of a detailed timing
-    CBaseWithMemoryBehind oTimed(FixChecksums(aui8Block), 0x38711880);
-    EXPECT_EQ(0U, oTimed.GetDetailedCount());
-    EXPECT_EQ(0, oTimed.GetDetailed(0, nullptr) + oTimed.RemoveDetailed(0));
+}
+
+// Edits one after the other, each until it changes nothing, but at most so often.
+void RunProgram(const CBytes& aui8Image, const std::vector<unsigned int>& auiOperations, unsigned int uiMost)
+{
+    Runner oRunner;
+    oRunner.Load(aui8Image);
+    for (const unsigned int uiOperation : auiOperations)
+    {
+        unsigned int uiBefore = oRunner.GetChangeCount() - 1;
+        for (unsigned int i = 0; i < uiMost && oRunner.GetChangeCount() != uiBefore; ++i)
+        {
+            uiBefore = oRunner.GetChangeCount();
+            ASSERT_NO_FATAL_FAILURE(Apply(oRunner, { uiOperation, 0, 0, gsc_auiValues[0] }));
+        }
+    }
+    ReadEverything(oRunner.GetEdid());
+}
+
+// Each edit of a block behind a removal of a table timing, which leaves lists behind the bytes, and both once more;
+// removals until nothing is left, and additions until none fits, the last first and the other way round.
+void RunPrograms(const CBytes& aui8Image)
+{
+    std::vector<unsigned int> auiAll(Runner::eEdit_RemoveDataRange);
+    std::iota(auiAll.begin(), auiAll.end(), 0U);
+    constexpr unsigned int uiRemoval = Runner::eEdit_FirstOfBlock;
+    for (unsigned int i = uiRemoval; i < auiAll.size(); ++i)
+    {
+        ASSERT_NO_FATAL_FAILURE(RunProgram(aui8Image, { uiRemoval, i, uiRemoval, i }, 1));
+    }
+    ASSERT_NO_FATAL_FAILURE(RunProgram(aui8Image, { auiAll.rbegin(), auiAll.rend() }, 64));
+    auiAll.push_back(Runner::eEdit_Reload);
+    RunProgram(aui8Image, auiAll, 64);
+}
+
+// Audio blocks go with bit 0, speaker blocks with bit 4; the other lists stay. What is written reads the same.
+void RunStrips(const CBytes& aui8Image)
+{
+    CEdid oWhole;
+    LoadExact(oWhole, aui8Image);
+    for (unsigned int uiFlags = 0; uiFlags < 64; ++uiFlags)
+    {
+        SCOPED_TRACE(testing::Message() << "strip flags " << uiFlags);
+        CEdid oStripped;
+        CEdid oAgain;
+        ASSERT_EQ(1, LoadExact(oStripped, aui8Image, uiFlags));
+        ASSERT_EQ(1, LoadExact(oAgain, Serialise(oStripped)));
+        std::vector<CLists> aoExpected = GetLists(oWhole);
+        const std::vector<CLists> aoStripped = GetLists(oStripped);
+        ASSERT_EQ(GetLists(oAgain), aoStripped);
+        const unsigned long long ullDigest = uiFlags == 0 ? ReadEverything(oStripped) : 0;
+        ASSERT_TRUE(uiFlags != 0 || (ReadEverything(oStripped) == ullDigest && ReadEverything(oAgain) == ullDigest));
+        for (unsigned int i = 1; i < aoExpected.size(); ++i)
+        {
+            aoExpected[i][eList_Audio].resize((uiFlags & 0x01) != 0 ? 0 : aoExpected[i][eList_Audio].size());
+            aoExpected[i][eList_Speaker].resize((uiFlags & 0x10) != 0 ? 0 : aoExpected[i][eList_Speaker].size());
+            ASSERT_TRUE(!IsTidy(oWhole.GetExtension(i - 1)->GetData()) ||
+                        (aoExpected[i] == aoStripped[i] && IsTidy(oStripped.GetExtension(i - 1)->GetData())));
+        }
+    }
+}
+
+void Sweep(const std::map<std::string, CBytes>& oImages)
+{
+    const CQuietMessages oQuiet;
+    for (const auto& [sName, aui8Image] : oImages)
+    {
+        SCOPED_TRACE(sName);
+        for (auto* pfnRun : { RunAllEdits, RunPrograms, RunStrips })
+        {
+            ASSERT_NO_FATAL_FAILURE(pfnRun(aui8Image));
+        }
+    }
+}
+
+TEST(ImageSweep, OfTheSelfCheck) { Sweep(GetImages()); }
+
+TEST(ImageSweep, RealOnes)
+{
+    const auto oImages = ReadCorpus();
+    if (oImages.empty())
+    {
+        GTEST_SKIP() << "no folder with real images";
+    }
+    Sweep(oImages);
 }
 }

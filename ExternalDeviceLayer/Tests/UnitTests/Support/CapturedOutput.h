@@ -22,8 +22,6 @@ public:
             testing::internal::GetCapturedStdout();
         }
     }
-    CCapturedOutput(const CCapturedOutput&) = delete;
-    CCapturedOutput& operator=(const CCapturedOutput&) = delete;
 
     // Ends the capture and gives the text.
     std::string Take()
@@ -54,6 +52,4 @@ class CQuietMessages
 public:
     CQuietMessages() { OsServices::SetMsgLevel(0, 0, 0); }
     ~CQuietMessages() { OsServices::SetMsgLevel(1, 1, 0); }
-    CQuietMessages(const CQuietMessages&) = delete;
-    CQuietMessages& operator=(const CQuietMessages&) = delete;
 };

@@ -69,7 +69,5 @@ inline CBytes MakeEdid(const std::vector<CBytes>& aoBlocks)
 // A CEA-861 block of revision 3 with two codes, 16 (native) and 4, and one detailed timing, 1920 x 1080 at 148.5 MHz.
 inline CBytes MakeCeaBlock()
 {
-    CBytes aui8Block = Join({ ParseBytes("02 03 07 00 42 90 04"), Detailed1080p() });
-    aui8Block.resize(gsc_uiBlockSize);
-    return FixChecksums(aui8Block);
+    return FixChecksums(Join({ ParseBytes("02 03 07 00 42 90 04"), Detailed1080p(), CBytes(103) }));
 }

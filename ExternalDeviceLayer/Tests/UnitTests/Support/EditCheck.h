@@ -1,6 +1,4 @@
-// The one check for operations that edit EDID bytes. Make the object before the operation, then say how it ended:
-// an edit leaves the checksum of each block it touched right and every byte that it does not name as it was; a refusal
-// leaves all bytes as they were.
+// The one check for operations that edit EDID bytes. Make the object before the operation, then say how it ended.
 //
 //     CEditCheck oCheck(oEdid);
 //     ASSERT_EQ(1, oEdid.RemoveDetailed(1));

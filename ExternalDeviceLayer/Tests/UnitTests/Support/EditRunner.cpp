@@ -30,14 +30,6 @@ struct SRow
     int (*m_pfnRun)(CEdid& oEdid, const SEditStep& oStep);
 };
 
-// The block that an index falls into changes, or the block whose number the step gives; else the base block.
-bool IsMerged(unsigned int uiOperation) { return uiOperation <= CEditRunner::eEdit_RemoveDetailed; }
-
-bool IsOfBlock(unsigned int uiOperation)
-{
-    return uiOperation >= CEditRunner::eEdit_FirstOfBlock && uiOperation != CEditRunner::eEdit_Reload;
-}
-
 // ---- Arguments of the edits, made of the step ----
 
 constexpr auto gsc_puiIndex = &SEditStep::m_uiIndex;
@@ -119,7 +111,7 @@ int RePackStandards(CEdid& oEdid, const SEditStep& /*oStep*/)
     return 1;
 }
 
-// A raw step may take anything out of its block, the tag included; the lists are derived all the same.
+// A raw step may take anything out of its block, the tag included.
 template <auto EDIT>
 int CallRaw(CEdid& oEdid, const SEditStep& oStep)
 {
@@ -127,10 +119,6 @@ int CallRaw(CEdid& oEdid, const SEditStep& oStep)
     if (poBlock != nullptr)
     {
         (poBlock->*EDIT)(oStep.m_uiIndex, oStep.m_uiValue);
-        poBlock->ExtractStandardTimings();
-        poBlock->ExtractDetailedTimings();
-        poBlock->ExtractAudioInfo();
-        poBlock->ExtractSpeakerInfo();
         poBlock->UpdateChecksum();
     }
     return poBlock != nullptr ? 1 : 0;
@@ -173,16 +161,34 @@ static_assert(std::size(gsc_aoRows) == CEditRunner::msc_uiOperationCount, "a row
 
 const SRow& GetRow(unsigned int uiOperation) { return gsc_aoRows[uiOperation % CEditRunner::msc_uiOperationCount]; }
 
+std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before, const CBytes& aui8After)
+{
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
+    const bool bSame = aui8After == aui8Before;
+    if (bSame && (oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eAdd))
+    {
+        return "a removal or an addition changed no byte; ";
+    }
+    const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * uiBlock);
+    const SEditedBytes oNamed = uiStart == 0 ? oRow.m_oNamed : SEditedBytes{ uiStart, gsc_uiBlockSize };
+    if (oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
+    {
+        CBytes aui8Expected = aui8Before;
+        std::copy_n(&aui8After[35], 3, &aui8Expected[35]);
+        return aui8Expected == aui8After ? "" : "a checksum changed that was not to, or another byte; ";
+    }
+    return bSame && oRow.m_bLooksFirst ? "" : CheckEditedBytes(aui8Before, aui8After, { oNamed });
+}
+
 // A removed table timing takes its 1000/1001 twin with it, native or not: some of those of its size are gone, and no
 // other one. 4:2:0 timings have no part in it, as their codes may stand elsewhere or not.
 bool IsWithoutCode(CList aoBefore, CList aoAfter, const CListEntry& auiNamed)
 {
-    const auto HasNoPart = [](const CListEntry& auiTiming) { return Is420(auiTiming); };
     const auto IsOfSize = [&](const CListEntry& auiTiming) {
         return std::equal(auiTiming.begin(), auiTiming.begin() + 2, auiNamed.begin()); // width and height
     };
-    std::erase_if(aoBefore, HasNoPart);
-    std::erase_if(aoAfter, HasNoPart);
+    std::erase_if(aoBefore, Is420);
+    std::erase_if(aoAfter, Is420);
     const size_t uiGone = std::erase_if(aoBefore, IsOfSize);
     const size_t uiLeft = std::erase_if(aoAfter, IsOfSize);
     return aoBefore == aoAfter && (uiLeft < uiGone || (Is420(auiNamed) && uiLeft == uiGone));
@@ -225,7 +231,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
                : aui8After == aui8Before && GetLists(m_oEdid) == aoBefore ? ""
                                                                           : "a refusal changed bytes or lists";
     }
-    m_uiChangeCount += aui8After != aui8Before ? 1 : 0;
+    m_uiChangeCount += aui8After != aui8Before ? 1U : 0U;
     if (aoPlaces.empty() || aui8After.size() != aui8Before.size())
     {
         return "an edit succeeded where there is nothing to edit, or changed the size";
@@ -274,42 +280,22 @@ std::vector<CEditRunner::SPlace> CEditRunner::FindPlaces(const SEditStep& oStep,
                                                          const CBytes& aui8Bytes) const
 {
     const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const size_t uiOnly = IsOfBlock(uiOperation) ? oStep.m_uiBlock + size_t{ 1 } : 0;
+    const bool bMerged = uiOperation <= eEdit_RemoveDetailed;
+    const bool bOfBlock = uiOperation >= eEdit_FirstOfBlock && uiOperation != eEdit_Reload;
     std::vector<SPlace> aoPlaces;
-    unsigned int uiRest = oStep.m_uiIndex;
+    size_t uiIndex = oStep.m_uiIndex;
     for (size_t i = 0; i < aoLists.size() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
     {
-        const size_t uiCount = aoLists[i][GetRow(uiOperation).m_eList % eList_Count].size();
-        if (IsMerged(uiOperation) ? uiRest < uiCount : i == uiOnly)
+        const size_t uiCount = bMerged ? aoLists[i][GetRow(uiOperation).m_eList].size() : 0;
+        if (bMerged ? uiIndex < uiCount : i == (bOfBlock ? oStep.m_uiBlock + size_t{ 1 } : 0))
         {
-            aoPlaces.push_back({ i, uiRest, i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i])) });
+            const bool bIsSure = i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
+            aoPlaces.push_back({ i, uiIndex, bIsSure });
+            continue;
         }
-        else if (IsMerged(uiOperation))
-        {
-            uiRest -= static_cast<unsigned int>(uiCount);
-        }
+        uiIndex -= uiCount;
     }
     return aoPlaces;
-}
-
-std::string CEditRunner::CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before,
-                                    const CBytes& aui8After) const
-{
-    const SRow& oRow = GetRow(oStep.m_uiOperation);
-    const bool bSame = aui8After == aui8Before;
-    if (bSame && (oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eAdd))
-    {
-        return "a removal or an addition changed no byte; ";
-    }
-    const unsigned int uiStart = static_cast<unsigned int>(gsc_uiBlockSize * uiBlock);
-    const SEditedBytes oNamed = uiStart == 0 ? oRow.m_oNamed : SEditedBytes{ uiStart, gsc_uiBlockSize };
-    if (oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
-    {
-        CBytes aui8Expected = aui8Before;
-        std::copy_n(&aui8After[35], 3, &aui8Expected[35]);
-        return aui8Expected == aui8After ? "" : "a checksum changed that was not to, or another byte; ";
-    }
-    return bSame && oRow.m_bLooksFirst ? "" : CheckEditedBytes(aui8Before, aui8After, { oNamed });
 }
 
 std::string CEditRunner::CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected,
@@ -319,7 +305,7 @@ std::string CEditRunner::CheckLists(const SEditStep& oStep, const SPlace& oPlace
     const CLists aoNow = GetLists(m_oEdid)[oPlace.m_uiBlock];
     CList& aoList = aoExpected[oRow.m_eList % eList_Count];
     const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
-    const auto itEntry = aoList.begin() + std::min<ptrdiff_t>(oPlace.m_uiIndex, std::ssize(aoList));
+    const auto itEntry = aoList.begin() + static_cast<ptrdiff_t>(std::min(oPlace.m_uiIndex, aoList.size()));
     if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
     {
         return "an edit succeeded at an index that is not there; ";

@@ -20,7 +20,7 @@ class CEditRunner
 {
 public:
     // The edits, in the order of the table in EditRunner.cpp: those of CEdid, those of a block by itself, raw steps on
-    // the bytes of a block, behind which its lists are derived and the object is loaded again, and the loading alone.
+    // the bytes of a block, behind which the object is loaded again, and the loading alone.
     enum EOperation : unsigned int
     {
         eEdit_RemoveDetailed = 1, // and ahead of it RemoveStandard: the index goes through all blocks
@@ -57,14 +57,12 @@ private:
     struct SPlace
     {
         size_t m_uiBlock;
-        unsigned int m_uiIndex;
+        size_t m_uiIndex;
         bool m_bIsSure;
     };
 
     std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists,
                                    const CBytes& aui8Bytes) const;
-    std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before,
-                           const CBytes& aui8After) const;
     std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected,
                            const unsigned char* pui8Before);
 

@@ -10,13 +10,6 @@
 #include <string>
 #include <vector>
 
-// An empty path where the build knows of no such folder.
-inline std::filesystem::path GetSharedPath(const char* pszRelative)
-{
-    const std::filesystem::path oFolder(ZOREDID_SHARED_DIR);
-    return oFolder.empty() ? oFolder : oFolder / pszRelative;
-}
-
 inline std::vector<unsigned char> ReadBytes(const std::filesystem::path& oPath)
 {
     std::ifstream oFile(oPath, std::ios::binary);
@@ -27,8 +20,9 @@ inline std::vector<unsigned char> ReadBytes(const std::filesystem::path& oPath)
 inline std::map<std::string, std::vector<unsigned char>> ReadCorpus()
 {
     std::map<std::string, std::vector<unsigned char>> oImages;
+    const std::filesystem::path oShared(ZOREDID_SHARED_DIR);
     std::error_code oError;
-    for (const auto& oEntry : std::filesystem::directory_iterator(GetSharedPath("corpus"), oError))
+    for (const auto& oEntry : std::filesystem::directory_iterator(oShared.empty() ? oShared : oShared / "corpus", oError))
     {
         if (oEntry.path().extension() == ".bin")
         {

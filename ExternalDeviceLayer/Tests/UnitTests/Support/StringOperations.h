@@ -63,18 +63,18 @@ public:
     void FreeExtra() {}
     void LockBuffer() {}
     void UnlockBuffer() {}
-    template <class ARGUMENT>
-    void Format(const char* pszFormat, ARGUMENT Argument)
+    template <class... ARGUMENTS>
+    void Format(const char* pszFormat, ARGUMENTS... aArguments)
     {
         char szText[2048];
-        snprintf(szText, sizeof(szText), pszFormat, Argument);
+        snprintf(szText, sizeof(szText), pszFormat, aArguments...);
         m_s = szText;
     }
-    template <class ARGUMENT>
-    void AppendFormat(const char* pszFormat, ARGUMENT Argument)
+    template <class... ARGUMENTS>
+    void AppendFormat(const char* pszFormat, ARGUMENTS... aArguments)
     {
         const std::string sBefore = m_s;
-        Format(pszFormat, Argument);
+        Format(pszFormat, aArguments...);
         m_s.insert(0, sBefore);
     }
 
@@ -137,12 +137,11 @@ inline CMString JoinTokens(const CMString& oText, const char* pszSeparators, int
 {
     CMArrayString oList;
     oList.InitFromString(oText, pszSeparators);
-    CMString::CIterator oToken = oText.Begin(pszSeparators);
-    for (; oToken != oText.End() && *oToken == oList[iTokens]; oToken++)
+    for (CMString::CIterator oToken = oText.Begin(pszSeparators); oToken != oText.End(); oToken++)
     {
-        ++iTokens;
+        iTokens += *oToken == oList[iTokens] ? 1 : 1000;
     }
-    return oToken == oText.End() && static_cast<int>(oList.GetCount()) == iTokens ? oList.Join(", ") : "other tokens";
+    return oList.Join(", ");
 }
 
 template <class STRING>
@@ -156,31 +155,23 @@ void WriteBuffer(SStringStep<STRING>& o)
     }
 }
 
-// A format with one conversion between two literals. Width and precision stay below where the estimate is known to be
-// too short (CMString::GetFormattedLength).
+// One conversion. Width and precision stay below where the estimate is known to be too short
+// (CMString::GetFormattedLength).
 template <bool APPEND, class STRING>
 void Format(SStringStep<STRING>& o)
 {
-    const char cConversion = "diuxXodiuxXosceEgGf"[o.m_uiNumber % 19];
-    const bool bIsLong = o.m_uiNumber % 19 / 6 == 1;
-    std::string sFormat = o.m_sText;
-    std::erase(sFormat, '%');
-    sFormat += o.m_iCount % 8 == 0 ? "%%%" : "%";
-    for (unsigned int i = 0; i < 5; ++i)
-    {
-        sFormat.append(static_cast<unsigned int>(o.m_c) >> i & 1, "+- 0#"[i]);
-    }
-    sFormat += o.m_iIndex > 0 ? std::to_string(o.m_iIndex % 96) : "";
-    sFormat += cConversion != 'c' && o.m_iCount >= 0 ? "." + std::to_string(o.m_iCount % 30) : "";
-    sFormat += std::string(bIsLong ? "ll" : "") + cConversion + "|";
-    const auto Write = [&](auto Argument) {
-        APPEND ? o.m_o.AppendFormat(sFormat.c_str(), Argument) : o.m_o.Format(sFormat.c_str(), Argument);
+    const char* const apszIntegers[] = { "%*.*d|", "%+-*.*i", "%#*.*x", "%0*.*u%%", "% *.*X", "%#-*.*o" };
+    const char* const apszReals[] = { "%*.*f|", "%+-*.*e", "%#*.*g", "%0*.*G%%", "% *.*E", "%#-*.*f" };
+    const auto Write = [&](const char* pszFormat, auto Argument) {
+        const int iWidth = o.m_iStart % 96;
+        const int iPrecision = std::max(o.m_iCount, 0) % 30;
+        APPEND ? o.m_o.AppendFormat(pszFormat, iWidth, iPrecision, Argument)
+               : o.m_o.Format(pszFormat, iWidth, iPrecision, Argument);
     };
-    bIsLong                 ? Write(o.m_uiNumber * 0x100000001ULL)
-    : o.m_uiNumber % 19 < 6 ? Write(o.m_uiNumber)
-    : cConversion == 's'    ? Write(o.m_pszText)
-    : cConversion == 'c'    ? Write(static_cast<int>(o.m_c))
-                            : Write(ldexp(static_cast<int>(o.m_uiNumber), o.m_iIndex % 900));
+    const unsigned int uiKind = o.m_uiNumber % 13;
+    uiKind == 12 ? Write("%-*.*s<", o.m_pszText)
+    : uiKind < 6 ? Write(apszIntegers[uiKind], o.m_uiNumber)
+                 : Write(apszReals[uiKind - 6], ldexp(static_cast<int>(o.m_uiNumber), o.m_iIndex % 900));
 }
 
 struct SStringOperation

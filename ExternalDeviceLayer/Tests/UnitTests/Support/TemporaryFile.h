@@ -25,8 +25,6 @@ public:
         oFile.write(static_cast<const char*>(pBytes), static_cast<std::streamsize>(uiSize)).flush();
     }
     ~CTemporaryFile() { unlink(m_sPath.c_str()); }
-    CTemporaryFile(const CTemporaryFile&) = delete;
-    CTemporaryFile& operator=(const CTemporaryFile&) = delete;
 
     const char* GetPath() const { return m_sPath.c_str(); }
 
@@ -48,9 +46,10 @@ inline std::string MakeTextTable(const CBytes& aui8Image)
     std::string sTable = "        ________________________________________";
     for (size_t i = 0; i < aui8Image.size(); ++i)
     {
-        char szCell[16];
-        snprintf(szCell, sizeof(szCell), "  %02X", static_cast<unsigned int>(aui8Image[i]));
-        sTable += (i % 10 == 0 ? "\n" + std::to_string(i) + " |" : "") + szCell;
+        char szCell[32];
+        snprintf(szCell, sizeof(szCell), i % 10 == 0 ? "\n0 |  %02X" : "  %02X",
+                 static_cast<unsigned int>(aui8Image[i]));
+        sTable += szCell;
     }
     return sTable + "\n\n";
 }

@@ -127,27 +127,24 @@ struct SEditedBytes
 };
 
 // Empty when only bytes named here differ, apart from the last byte of the blocks that they lie in, whose sums are 0;
-// else a text that names what is wrong. A range of no bytes names the checksum of its block.
+// else a text that names what is wrong. Each range lies in one block; one of no bytes names the checksum of its block.
 inline std::string CheckEditedBytes(const CBytes& aui8Before, const CBytes& aui8After,
                                     const std::vector<SEditedBytes>& aoEdited)
 {
     CBytes aui8Expected = aui8Before;
-    for (const auto& [uiOffset, uiCount] : aoEdited)
+    bool bSums = aui8After.size() == aui8Before.size();
+    for (size_t i = 0; bSums && i < aoEdited.size(); ++i)
     {
-        const size_t uiBlock = uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
-        const size_t uiSum = uiBlock + gsc_uiBlockSize - 1;
-        if (aui8After.size() != aui8Before.size() || uiSum >= aui8After.size() || uiOffset + uiCount > uiSum + 1)
-        {
-            return "the size changed, or the bytes named do not lie in one block";
-        }
-        std::copy_n(&aui8After[uiOffset], uiCount, &aui8Expected[uiOffset]);
-        aui8Expected[uiSum] = aui8After[uiSum];
-        if (std::accumulate(&aui8After[uiBlock], &aui8After[uiSum] + 1, 0U) % 256 != 0)
-        {
-            return "the checksum of block " + std::to_string(uiOffset / gsc_uiBlockSize) + " is wrong";
-        }
+        const auto [uiOffset, uiCount] = aoEdited[i];
+        const size_t uiSum = uiOffset / gsc_uiBlockSize * gsc_uiBlockSize + gsc_uiBlockSize - 1;
+        std::copy_n(&aui8After.at(uiOffset), uiCount, &aui8Expected[uiOffset]);
+        aui8Expected[uiSum] = aui8After.at(uiSum);
+        bSums = std::accumulate(&aui8After[uiSum + 1 - gsc_uiBlockSize], &aui8After[uiSum] + 1, 0U) % 256 == 0;
     }
-    const auto itWrong = std::mismatch(aui8Expected.begin(), aui8Expected.end(), aui8After.begin()).first;
-    const auto iWrong = itWrong - aui8Expected.begin();
-    return itWrong == aui8Expected.end() ? "" : "byte " + std::to_string(iWrong) + " is none of the edit's";
+    const auto itWrong =
+        std::mismatch(aui8Expected.begin(), aui8Expected.end(), aui8After.begin(), aui8After.end()).first;
+    return !bSums ? "the size changed, or the checksum of a block is wrong"
+           : itWrong == aui8Expected.end()
+               ? ""
+               : "byte " + std::to_string(itWrong - aui8Expected.begin()) + " is none of the edit's";
 }

@@ -1,4 +1,4 @@
-// What the fuzz targets, which are one source each, share: a quiet start, taking numbers out of the input, repairing images, stopping at a broken promise.
+// What the fuzz targets, which are one source each, share: a quiet start, repairing images, stopping at a broken promise.
 
 #pragma once
 
@@ -7,8 +7,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include <utility>
-
+#include "InputReader.h"
 #include "OsServices.h"
 #include "TestBytes.h"
 
@@ -29,31 +28,6 @@ inline void Require(bool bHolds, const char* pszPromise)
         abort();
     }
 }
-
-// Reads the input from front to end; behind the end it gives zeros.
-class CInput
-{
-public:
-    CInput(const uint8_t* pui8Data, size_t uiSize) : m_pui8Next(pui8Data), m_pui8End(pui8Data + uiSize) {}
-
-    bool IsEmpty() const { return m_pui8Next == m_pui8End; }
-    // A number of that many bytes, little-endian.
-    unsigned int Take(unsigned int uiBytes)
-    {
-        unsigned int uiNumber = 0;
-        for (unsigned int i = 0; i < uiBytes && !IsEmpty(); ++i)
-        {
-            uiNumber |= static_cast<unsigned int>(*m_pui8Next++) << (8 * i);
-        }
-        return uiNumber;
-    }
-
-    CBytes TakeRest() { return CBytes(std::exchange(m_pui8Next, m_pui8End), m_pui8End); }
-
-private:
-    const uint8_t* m_pui8Next;
-    const uint8_t* m_pui8End;
-};
 
 // Makes an image load as far as it can: whole blocks, the header, the section checksums of DisplayID blocks, the block
 // checksums. Mutations alone would hardly ever get past those.

@@ -248,4 +248,4 @@ TEST(ImageSweep, RealOnes)
     }
     Sweep(oImages);
 }
-}
+} // namespace

@@ -250,7 +250,7 @@ void ReadTools(const CEdid& oEdid)
         CZorEdidUtils::CompareTimings(aui8Bytes, aui8Bytes, 1 - iFirst, 0),
         CEdidBase::GetEdidSizeFromData(aui8Bytes.GetCount(), pui8Data));
 }
-}
+} // namespace
 
 unsigned long long ReadEverything(const CEdid& oEdid)
 {

@@ -22,7 +22,8 @@ inline std::map<std::string, std::vector<unsigned char>> ReadCorpus()
     std::map<std::string, std::vector<unsigned char>> oImages;
     const std::filesystem::path oShared(ZOREDID_SHARED_DIR);
     std::error_code oError;
-    for (const auto& oEntry : std::filesystem::directory_iterator(oShared.empty() ? oShared : oShared / "corpus", oError))
+    for (const auto& oEntry :
+         std::filesystem::directory_iterator(oShared.empty() ? oShared : oShared / "corpus", oError))
     {
         if (oEntry.path().extension() == ".bin")
         {

@@ -33,14 +33,13 @@ inline void Require(bool bHolds, const char* pszPromise)
 // checksums. Mutations alone would hardly ever get past those.
 inline CBytes RepairImage(CBytes aui8Image)
 {
-    constexpr uint8_t ui8DisplayIdTag = 0x70;
     aui8Image.resize(std::max(aui8Image.size(), gsc_uiBlockSize) / gsc_uiBlockSize * gsc_uiBlockSize);
     const CBytes aui8Header = ParseBytes("00 FF*6 00");
     std::copy(aui8Header.begin(), aui8Header.end(), aui8Image.begin());
     for (size_t uiOffset = gsc_uiBlockSize; uiOffset + gsc_uiBlockSize <= aui8Image.size(); uiOffset += gsc_uiBlockSize)
     {
         const size_t uiSectionLength = aui8Image[uiOffset + 2];
-        if (aui8Image[uiOffset] == ui8DisplayIdTag && uiSectionLength <= 121)
+        if (aui8Image[uiOffset] == 0x70 && uiSectionLength <= 121)
         {
             FixSum(aui8Image, uiOffset + 1, uiOffset + 5 + uiSectionLength);
         }

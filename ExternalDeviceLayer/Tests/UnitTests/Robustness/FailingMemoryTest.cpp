@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <new>
-#include <optional>
 
 #include "CapturedOutput.h"
 #include "CountingAllocator.h"
@@ -47,7 +46,6 @@ struct SObjects
         for (const CMString* poText : { &m_oText, &m_oSharer, &m_oAlone, &m_oLocked })
         {
             sState += std::string(GetText(*poText)) + '\n';
-            EXPECT_EQ(strlen(GetText(*poText)), static_cast<size_t>(poText->GetLength()));
         }
         sState += GetText(m_asLocked.Join("\n"));
         sState.append(m_aui8Bytes.GetData(), m_aui8Bytes.GetData() + m_aui8Bytes.GetCount());
@@ -73,16 +71,12 @@ void FillMap(SObjects& /*o*/)
     EXPECT_EQ(25, oMap.GetCount());
 }
 
-int CompareTexts(const CMString& oFirst, const CMString& oSecond, unsigned long /*ulContext*/)
-{
-    return ZorTools_strcmp(oFirst, oSecond);
-}
-
 void SortCopy(SObjects& o)
 {
     CMArrayString asCopy(o.m_asLocked);
     asCopy[9].LockBuffer(); // the first in order, which goes through all places
-    asCopy.SortElements(CompareTexts, 0);
+    asCopy.SortElements([](const CMString& o1, const CMString& o2, unsigned long) { return ZorTools_strcmp(o1, o2); },
+                        0);
     EXPECT_STREQ("locked text 1", asCopy[0]);
 }
 
@@ -115,22 +109,20 @@ class FailingMemory : public testing::Test
 {
 protected:
     // Acts on fresh objects with allocation 1, 2, 3... failing, until it succeeds. CHECK looks at the objects each time
-    // and is told whether the action failed. Gives the number of allocations.
+    // and is told whether the action failed.
     template <class ACT, class CHECK>
-    unsigned int Run(const ACT& fnAct, const CHECK& fnCheck)
+    void Run(const ACT& fnAct, const CHECK& fnCheck)
     {
-        unsigned int uiNumber = 0;
         for (const bool bReplaced : { false, true })
         {
-            uiNumber = 0;
+            unsigned int uiNumber = 0;
             for (bool bThrown = true; bThrown && !HasFailure();)
             {
                 SCOPED_TRACE(testing::Message() << "allocation " << ++uiNumber << ", replaced: " << bReplaced);
                 const unsigned long ulHeld = g_oFailingHeap.m_ulTaken - g_oFailingHeap.m_ulGivenBack;
                 const int iDescriptor = GetNextDescriptor();
                 {
-                    std::optional<CCountingAllocator> oAllocator;
-                    bReplaced ? void(oAllocator.emplace()) : void();
+                    const std::unique_ptr<CCountingAllocator> poAllocator(bReplaced ? new CCountingAllocator : nullptr);
                     SObjects oObjects(m_aui8Image);
                     bThrown = false;
                     g_oFailingHeap.m_uiLeft = uiNumber;
@@ -141,6 +133,7 @@ protected:
                     catch (const std::bad_alloc&)
                     {
                         bThrown = true;
+                        ++m_uiFailures;
                     }
                     EXPECT_EQ(g_oFailingHeap.m_uiLeft == 0, bThrown) << "somebody has swallowed the exception";
                     g_oFailingHeap.m_uiLeft = 0;
@@ -150,8 +143,9 @@ protected:
                 EXPECT_EQ(iDescriptor, GetNextDescriptor()) << "a file is open";
             }
         }
-        return uiNumber - 1;
     }
+
+    void TearDown() override { EXPECT_GT(m_uiFailures, 4U); }
 
     // What failed leaves all as it was, and done again it gives what it gives otherwise.
     void RunScenario(const char* pszName, const CAct& fnAct)
@@ -161,7 +155,7 @@ protected:
         const std::string sBefore = oObjects.GetState();
         fnAct(oObjects);
         const std::string sDone = oObjects.GetState();
-        m_uiAllocations += Run(fnAct, [&](SObjects& o, bool bThrown) {
+        Run(fnAct, [&](SObjects& o, bool bThrown) {
             if (bThrown)
             {
                 EXPECT_EQ(sBefore, o.GetState());
@@ -180,7 +174,7 @@ protected:
         SObjects oDone(m_aui8Image);
         Act(oDone);
         const CBytes aui8Done = Serialise(oDone.m_oRunner.GetEdid());
-        m_uiAllocations += Run(Act, [&](SObjects& o, bool bThrown) {
+        Run(Act, [&](SObjects& o, bool bThrown) {
             const CEdid& oEdid = o.m_oRunner.GetEdid();
             const CBytes aui8Held = Serialise(oEdid);
             EXPECT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == m_aui8Image));
@@ -195,22 +189,16 @@ protected:
 
     const CQuietMessages m_oQuiet;
     CBytes m_aui8Image = MakeImageWithAllBlocks();
-    unsigned int m_uiAllocations = 0;
+    unsigned int m_uiFailures = 0;
 };
 
 TEST_F(FailingMemory, Scenarios)
 {
     for (const auto& [pszName, fnAct] : gsc_aoScenarios)
     {
-        m_uiAllocations = 0;
         RunScenario(pszName, fnAct);
-        EXPECT_GT(m_uiAllocations, 0U) << pszName;
     }
-}
-
-// Of a string that shares its buffer, so that each change takes memory, and of one whose buffer is longer than it.
-TEST_F(FailingMemory, Strings)
-{
+    // A string that shares its buffer, so that each change takes memory, and one whose buffer is longer than it.
     for (const SStringOperation& oOperation : gsc_aoStringOperations)
     {
         for (CMString SObjects::*poOwn : { &SObjects::m_oText, &SObjects::m_oAlone })
@@ -221,7 +209,6 @@ TEST_F(FailingMemory, Strings)
             });
         }
     }
-    EXPECT_GT(m_uiAllocations, 100U);
 }
 
 TEST_F(FailingMemory, Files)
@@ -236,14 +223,13 @@ TEST_F(FailingMemory, Files)
             EXPECT_EQ(1, CZorEdidUtils::ExtractEdidFromFile(CMString(pszPath), aui8Loaded));
         });
     }
-    EXPECT_GT(m_uiAllocations, 1U);
 }
 
 TEST_F(FailingMemory, Load)
 {
     const CBytes aui8New = std::exchange(m_aui8Image, ToBytes(AsusHd::g_auiAsusHdEdidData));
     const auto Act = [&](SObjects& o) { EXPECT_EQ(1, o.m_oRunner.Load(aui8New)); };
-    const unsigned int uiAllocations = Run(Act, [&](SObjects& o, bool bThrown) {
+    Run(Act, [&](SObjects& o, bool bThrown) {
         // The blocks that came before the failure, whole; the old contents are gone.
         CBytes aui8Held = Serialise(o.m_oRunner.GetEdid());
         EXPECT_EQ(bThrown, aui8Held.size() < aui8New.size());
@@ -252,7 +238,6 @@ TEST_F(FailingMemory, Load)
         Act(o);
         EXPECT_EQ(aui8New, Serialise(o.m_oRunner.GetEdid()));
     });
-    EXPECT_GT(uiAllocations, 5U);
 }
 
 TEST_F(FailingMemory, Edits)
@@ -267,6 +252,5 @@ TEST_F(FailingMemory, Edits)
             RunEdit({ i, 0, uiIndex, 0x00020E42 });
         }
     }
-    EXPECT_GT(m_uiAllocations, uiTimings);
 }
 } // namespace

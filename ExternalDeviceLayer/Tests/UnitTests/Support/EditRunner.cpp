@@ -7,7 +7,6 @@
 
 namespace
 {
-using CBlock = CEdidExtBlock;
 using CCea = CEdidExtBlockCEA861;
 
 enum class EKind
@@ -30,8 +29,15 @@ struct SRow
     int (*m_pfnRun)(CEdid& oEdid, const SEditStep& oStep);
 };
 
-// ---- Arguments of the edits, made of the step ----
+// A block that an edit may change, counted from 0, the base block.
+struct SPlace
+{
+    size_t m_uiBlock;
+    size_t m_uiIndex; // there
+    bool m_bIsSure;   // whether the edit does to the lists what it says and to nothing else
+};
 
+// Arguments of the edits, made of the step.
 constexpr auto gsc_puiIndex = &SEditStep::m_uiIndex;
 constexpr auto gsc_puiValue = &SEditStep::m_uiValue;
 
@@ -69,8 +75,6 @@ CListEntry MakeStored(EList eList, const SEditStep& oStep)
                                             poAudio->m_eSamplingFreq & 0x7FU, poAudio->m_uiExtra & 0xFF };
 }
 
-// ---- Calls ----
-
 // On the EDID or on the step's block; 0 where the block is not there or of another kind.
 template <class TARGET, class... PARAMETERS, class... VALUES>
 int CallOn(int (TARGET::*pfnEdit)(PARAMETERS...), CEdid& oEdid, const SEditStep& oStep, const VALUES&... aValues)
@@ -95,12 +99,8 @@ int Call(CEdid& oEdid, const SEditStep& oStep)
 int SetPreferredMode(CEdid& oEdid, const SEditStep& oStep)
 {
     CVidParamTimingGeneric oTiming;
-    if (oEdid.GetDetailed(oStep.m_uiIndex, &oTiming) == 0)
-    {
-        oTiming.SetHorizontalActive(oStep.m_uiIndex);
-        oTiming.SetVerticalActive(oStep.m_uiValue >> 8);
-        oTiming.SetPixelClockInHz(oStep.m_uiValue);
-    }
+    oTiming.SetPixelClockInHz(oStep.m_uiValue); // one that does not fit, unless there is one to take
+    oEdid.GetDetailed(oStep.m_uiIndex, &oTiming);
     return oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming);
 }
 
@@ -142,9 +142,9 @@ constexpr SRow gsc_aoRows[] = {
     { EKind::eFree,   eList_Detailed, { 54, 72 }, false, 4,  SetPreferredMode },
     { EKind::eOther,  eList_Table,    { 38, 16 }, true,  1,  RePackStandards },
     { EKind::eOther,  eList_Count,    { 0, 0 },   false, 1,  [](CEdid& o, const SEditStep&) { o.UpdateChecksum(); return 1; } },
-    { EKind::eRemove, eList_Table,    {},         false, 0,  Call<&CBlock::RemoveStandard, gsc_puiIndex> },
-    { EKind::eRemove, eList_Detailed, {},         false, 0,  Call<&CBlock::RemoveDetailed, gsc_puiIndex> },
-    { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CBlock::SetColorBitDepthSupport, gsc_puiValue> },
+    { EKind::eRemove, eList_Table,    {},         false, 0,  Call<&CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eList_Detailed, {},         false, 0,  Call<&CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
     { EKind::eAdd,    eList_Audio,    {},         false, 1,  Call<&CCea::AddAudioDescriptor, GetAudio> },
     { EKind::eSet,    eList_Audio,    {},         false, 0,  Call<&CCea::SetAudioDescriptor, gsc_puiIndex, GetAudio> },
     { EKind::eRemove, eList_Audio,    {},         false, 0,  Call<&CCea::RemoveAudioDescriptor, gsc_puiIndex> },
@@ -193,6 +193,78 @@ bool IsWithoutCode(CList aoBefore, CList aoAfter, const CListEntry& auiNamed)
     const size_t uiLeft = std::erase_if(aoAfter, IsOfSize);
     return aoBefore == aoAfter && (uiLeft < uiGone || (Is420(auiNamed) && uiLeft == uiGone));
 }
+
+// The blocks that an edit may change, in the order in which it asks: for a timing the block that its number falls into,
+// and those that it is handed on to when that one refuses.
+std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists, const CBytes& aui8Bytes,
+                               const std::bitset<256>& oBehind)
+{
+    const unsigned int uiOperation = oStep.m_uiOperation % CEditRunner::msc_uiOperationCount;
+    const bool bMerged = uiOperation <= CEditRunner::eEdit_RemoveDetailed;
+    const bool bOfBlock = uiOperation >= CEditRunner::eEdit_FirstOfBlock && uiOperation != CEditRunner::eEdit_Reload;
+    std::vector<SPlace> aoPlaces;
+    size_t uiIndex = oStep.m_uiIndex;
+    for (size_t i = 0; i < aoLists.size() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
+    {
+        const size_t uiCount = bMerged ? aoLists[i][GetRow(uiOperation).m_eList].size() : 0;
+        if (bMerged ? uiIndex < uiCount : i == (bOfBlock ? oStep.m_uiBlock + size_t{ 1 } : 0))
+        {
+            const bool bIsSure = i == 0 || (!oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
+            aoPlaces.push_back({ i, uiIndex, bIsSure });
+            continue;
+        }
+        uiIndex -= uiCount;
+    }
+    return aoPlaces;
+}
+
+// The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
+bool Moves(const SRow& oRow, const SPlace& oPlace)
+{
+    return oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
+}
+
+std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected, const CLists& aoNow,
+                       const CBytes& aui8Before, const CBytes& aui8After)
+{
+    const SRow& oRow = GetRow(oStep.m_uiOperation);
+    const size_t uiStart = gsc_uiBlockSize * oPlace.m_uiBlock;
+    CList& aoList = aoExpected[oRow.m_eList % eList_Count];
+    const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
+    const auto itEntry = aoList.begin() + static_cast<ptrdiff_t>(std::min(oPlace.m_uiIndex, aoList.size()));
+    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
+    {
+        return "an edit succeeded at an index that is not there; ";
+    }
+
+    if (Moves(oRow, oPlace))
+    {
+        return (!IsTidy(&aui8Before[uiStart], true) || IsWithoutCode(aoList, aoNowList, *itEntry)) &&
+                       std::equal(aoNow.begin() + eList_Audio, aoNow.end(), aoExpected.begin() + eList_Audio)
+                   ? ""
+                   : "a table timing was not removed, or another one was, or another list changed; ";
+    }
+
+    if (oRow.m_eKind == EKind::eRemove)
+    {
+        aoList.erase(itEntry);
+    }
+    else if (oRow.m_eKind == EKind::eSet)
+    {
+        *itEntry = MakeStored(oRow.m_eList, oStep);
+    }
+    else if (oRow.m_eKind == EKind::eAdd && aui8Before[uiStart + 1] == 3) // others list no data blocks
+    {
+        // At the end of the first data block or of the last.
+        const auto itNew = std::mismatch(aoList.begin(), aoList.end(), aoNowList.begin(), aoNowList.end()).first;
+        aoList.insert(itNew, MakeStored(oRow.m_eList, oStep));
+    }
+    return oPlace.m_bIsSure && oRow.m_eKind != EKind::eFree && aoNow != aoExpected
+               ? "the lists are not what they were to become; "
+           : oPlace.m_bIsSure && oPlace.m_uiBlock != 0 && !IsTidy(&aui8After[uiStart])
+               ? "data blocks do not end where they say, or bytes stand behind the content; "
+               : "";
+}
 } // namespace
 
 int CEditRunner::Load(const CBytes& aui8Image)
@@ -215,7 +287,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
     const SRow& oRow = GetRow(oStep.m_uiOperation);
     const CBytes aui8Before = Serialise(m_oEdid);
     const std::vector<CLists> aoBefore = GetLists(m_oEdid);
-    const std::vector<SPlace> aoPlaces = FindPlaces(oStep, aoBefore, aui8Before);
+    const std::vector<SPlace> aoPlaces = FindPlaces(oStep, aoBefore, aui8Before, m_oBehind);
     const bool bDone = Run(oStep) != 0;
     const CBytes aui8After = Serialise(m_oEdid);
     if (!bDone)
@@ -248,10 +320,12 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
         Load(aui8After);
         return sBroken;
     }
-    sBroken += CheckLists(oStep, oPlace, aoBefore[oPlace.m_uiBlock], &aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock]);
+    m_oBehind[oPlace.m_uiBlock] = Moves(oRow, oPlace);
+    const std::vector<CLists> aoHeld = GetLists(m_oEdid);
+    const size_t uiBlock = oPlace.m_uiBlock;
+    sBroken += CheckLists(oStep, oPlace, aoBefore[uiBlock], aoHeld[uiBlock], aui8Before, aui8After);
     CEdid oFresh;
     LoadExact(oFresh, aui8After);
-    const std::vector<CLists> aoHeld = GetLists(m_oEdid);
     const std::vector<CLists> aoOfBytes = GetLists(oFresh);
     bool bSame = Serialise(oFresh) == aui8After;
     for (size_t i = 0; bSame && i < aoHeld.size(); ++i)
@@ -272,74 +346,4 @@ unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
            : oRow.m_eList == eList_Table    ? m_oEdid.GetStandardCount() + 2
            : oRow.m_eList == eList_Detailed ? m_oEdid.GetDetailedCount() + 2
                                             : 12;
-}
-
-// In the order in which the edit asks: for a timing the block that its number falls into, and those that it is handed
-// on to when that one refuses.
-std::vector<CEditRunner::SPlace> CEditRunner::FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists,
-                                                         const CBytes& aui8Bytes) const
-{
-    const unsigned int uiOperation = oStep.m_uiOperation % msc_uiOperationCount;
-    const bool bMerged = uiOperation <= eEdit_RemoveDetailed;
-    const bool bOfBlock = uiOperation >= eEdit_FirstOfBlock && uiOperation != eEdit_Reload;
-    std::vector<SPlace> aoPlaces;
-    size_t uiIndex = oStep.m_uiIndex;
-    for (size_t i = 0; i < aoLists.size() && (aoPlaces.empty() || aoPlaces[0].m_uiBlock != 0); ++i)
-    {
-        const size_t uiCount = bMerged ? aoLists[i][GetRow(uiOperation).m_eList].size() : 0;
-        if (bMerged ? uiIndex < uiCount : i == (bOfBlock ? oStep.m_uiBlock + size_t{ 1 } : 0))
-        {
-            const bool bIsSure = i == 0 || (!m_oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
-            aoPlaces.push_back({ i, uiIndex, bIsSure });
-            continue;
-        }
-        uiIndex -= uiCount;
-    }
-    return aoPlaces;
-}
-
-std::string CEditRunner::CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected,
-                                    const unsigned char* pui8Before)
-{
-    const SRow& oRow = GetRow(oStep.m_uiOperation);
-    const CLists aoNow = GetLists(m_oEdid)[oPlace.m_uiBlock];
-    CList& aoList = aoExpected[oRow.m_eList % eList_Count];
-    const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
-    const auto itEntry = aoList.begin() + static_cast<ptrdiff_t>(std::min(oPlace.m_uiIndex, aoList.size()));
-    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
-    {
-        return "an edit succeeded at an index that is not there; ";
-    }
-
-    // The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
-    const bool bMoves = oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
-    m_oBehind[oPlace.m_uiBlock] = bMoves;
-    if (bMoves)
-    {
-        return (!IsTidy(pui8Before, true) || IsWithoutCode(aoList, aoNowList, *itEntry)) &&
-                       std::equal(aoNow.begin() + eList_Audio, aoNow.end(), aoExpected.begin() + eList_Audio)
-                   ? ""
-                   : "a table timing was not removed, or another one was, or another list changed; ";
-    }
-
-    if (oRow.m_eKind == EKind::eRemove)
-    {
-        aoList.erase(itEntry);
-    }
-    else if (oRow.m_eKind == EKind::eSet)
-    {
-        *itEntry = MakeStored(oRow.m_eList, oStep);
-    }
-    else if (oRow.m_eKind == EKind::eAdd && pui8Before[1] == 3) // others list no data blocks
-    {
-        // At the end of the first data block or of the last.
-        const auto itNew = std::mismatch(aoList.begin(), aoList.end(), aoNowList.begin(), aoNowList.end()).first;
-        aoList.insert(itNew, MakeStored(oRow.m_eList, oStep));
-    }
-    const auto uiNumber = static_cast<unsigned int>(oPlace.m_uiBlock - 1);
-    return oPlace.m_bIsSure && oRow.m_eKind != EKind::eFree && aoNow != aoExpected
-               ? "the lists are not what they were to become; "
-           : oPlace.m_bIsSure && oPlace.m_uiBlock != 0 && !IsTidy(m_oEdid.GetExtension(uiNumber)->GetData())
-               ? "data blocks do not end where they say, or bytes stand behind the content; "
-               : "";
 }

@@ -52,20 +52,6 @@ public:
     unsigned int GetChangeCount() const { return m_uiChangeCount; } // edits that changed bytes
 
 private:
-    // A block that an edit may change, counted from 0, the base block; the index there; whether an edit does to its
-    // lists what it says and to nothing else.
-    struct SPlace
-    {
-        size_t m_uiBlock;
-        size_t m_uiIndex;
-        bool m_bIsSure;
-    };
-
-    std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists,
-                                   const CBytes& aui8Bytes) const;
-    std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected,
-                           const unsigned char* pui8Before);
-
     CEdid m_oEdid;
     // Blocks whose lists, all but the table timings, are behind their bytes: from a removal of a table timing to the
     // next edit of the block.

@@ -221,7 +221,6 @@ void ReadBlock(const CEdidExtBlock& oBlock)
     Add(oBlock.GetExtensionType(), oBlock.GetRevision(), oBlock.IsStripped(),
         CMString(CZorEdidUtils::GetExtensionType(oBlock)),
         const_cast<CEdidExtBlock&>(oBlock).GetColorBitDepthSupport(uiBits), uiBits); // changes nothing
-    AddAll(oBlock.GetData(), oBlock.GetSize());
     ReadSource(oBlock);
     if (oBlock.GetExtensionType() == 2)
     {

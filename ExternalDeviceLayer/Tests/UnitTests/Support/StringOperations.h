@@ -25,10 +25,7 @@ public:
     CModelString& operator+=(const CModelString& oText) { return *this = *this + oText; }
     friend CModelString operator+(const CModelString& o, const CModelString& oText) { return o.m_s + oText.m_s; }
 
-    int Insert(int iIndex, const CModelString& oText)
-    {
-        return Int((m_s = Left(iIndex).m_s + oText.m_s + Mid(iIndex).m_s).size());
-    }
+    int Insert(int iIndex, CModelString oText) { return Int(m_s.insert(At(iIndex), oText.m_s).size()); }
     int Delete(int iIndex, int iCount)
     {
         const long long llLength = Int(m_s.size());
@@ -177,7 +174,7 @@ void Format(SStringStep<STRING>& o)
 struct SStringOperation
 {
     template <class ACT>
-    SStringOperation(const char* pszName, ACT fnAct) : m_pszName(pszName), m_pfnLibrary(fnAct), m_pfnModel(fnAct)
+    constexpr SStringOperation(const char* psz, ACT fnAct) : m_pszName(psz), m_pfnLibrary(fnAct), m_pfnModel(fnAct)
     {
     }
 
@@ -186,7 +183,7 @@ struct SStringOperation
     void (*m_pfnModel)(SStringStep<CModelString>&);
 };
 
-inline const SStringOperation gsc_aoStringOperations[] = {
+inline constexpr SStringOperation gsc_aoStringOperations[] = {
     { "assign a text", [](auto& o) { o.m_o = o.m_pszText; } },
     { "assign a character", [](auto& o) { o.m_o = o.m_c; } },
     { "assign a string", [](auto& o) { o.m_o = o.m_oOther; } },

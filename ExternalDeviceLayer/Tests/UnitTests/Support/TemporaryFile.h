@@ -17,19 +17,18 @@ class CTemporaryFile
 public:
     // The name ends in pszEnding, which says the kind of the file.
     CTemporaryFile(const char* pszEnding, const void* pBytes, size_t uiSize)
-        : m_sPath(
-              (std::filesystem::temp_directory_path() / ("zoredid-" + std::to_string(getpid()) + pszEnding)).string())
+        : m_oPath(std::filesystem::temp_directory_path() / ("zoredid-" + std::to_string(getpid()) + pszEnding))
     {
-        std::ofstream oFile(m_sPath, std::ios::binary);
+        std::ofstream oFile(m_oPath, std::ios::binary);
         oFile.exceptions(std::ios::failbit | std::ios::badbit);
         oFile.write(static_cast<const char*>(pBytes), static_cast<std::streamsize>(uiSize)).flush();
     }
-    ~CTemporaryFile() { unlink(m_sPath.c_str()); }
+    ~CTemporaryFile() { unlink(m_oPath.c_str()); }
 
-    const char* GetPath() const { return m_sPath.c_str(); }
+    const char* GetPath() const { return m_oPath.c_str(); }
 
 private:
-    std::string m_sPath;
+    std::filesystem::path m_oPath;
 };
 
 // The lowest free descriptor: the same before and after when none was left open.

@@ -1,19 +1,28 @@
-// What the library costs: time and allocations of loading, walking, computing, editing, comparing and writing.
+// What the library costs: time and allocations of loading, walking, computing, comparing, reporting and editing, and how
+// they grow with an image.
 //
 //     cmake --preset benchmark && cmake --build --preset benchmark --target zor_benchmarks
-//     build/benchmark/ExternalDeviceLayer/Tests/Benchmarks/zor_benchmarks
+//     build/benchmark/ExternalDeviceLayer/Tests/Benchmarks/zor_benchmarks [OPTIONS] [FOLDER]
 //
-// The column "allocs" counts the calls of operator new in one operation. An operation that refuses is an error: what is
-// measured is the work, not the way out.
+// FOLDER holds .bin images; without it the self-check's are taken. "Image_" rows run over all images, and their columns
+// are an image's: time, calls of operator new, timings or lines. An operation that refuses is an error: what is measured
+// is the work, not the way out.
 
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <memory>
+#include <numeric>
+#include <string>
 
 #include "CEdidTestImages.h"
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
 #include "FailingHeap.h"
+#include "OsServices.h"
+#include "SharedFiles.h"
+#include "TemporaryFile.h"
+#include "TestBytes.h"
 #include "VidParamCea.h"
 #include "VidParamTimingFunc.h"
 #include "VidParamTimingGeneric.h"
@@ -23,95 +32,156 @@ namespace
 {
 // ---- Images ----
 
-constexpr SEdidImage gsc_aui8Ordinary = gsc_aui8Philips288P6;
+std::vector<CBytes> g_aaui8Images; // what the "Image_" rows run over
 
-// The same monitor with a CEA-861 block that is full to its last descriptor: 31 short video descriptors, two audio
-// descriptors, speakers, an HDMI block with deep colour and two HDMI modes, three detailed timings from offset 59 on.
-// clang-format off
-constexpr SEdidImage gsc_aui8FullBlock =
-    CEdidImageEdit(gsc_aui8Philips288P6)
-        .SetZero(gsc_uiExt + 4, 123)
-        .Set(gsc_uiExt + 2, { 59, 0xF3 })
-        .Set(gsc_uiExt + 4, { 0x5F, 0x90,    1,    2,    3,    4,    5,   14,   15,   17,   18,   19,   20,   29,   30,   31,
-                                      32,   33,   34,   35,   36,   37,   38,   39,   40,   41,   46,   47,   93,   94,   95,   97 })
-        .Set(gsc_uiExt + 36, { 0x26, 0x09, 0x07, 0x07, 0x15, 0x07, 0x50 })
-        .Set(gsc_uiExt + 43, { 0x83, 0x0F, 0x00, 0x00 })
-        .Set(gsc_uiExt + 47, { 0x6B, 0x03, 0x0C, 0x00, 0x10, 0x00, 0x78, 0x3C, 0x20, 0x00, 0x40, 0x01 })
-        .Set(gsc_uiExt + 59, { 0x02, 0x3A, 0x80, 0xD0, 0x72, 0x38, 0x2D, 0x40, 0x10, 0x2C, 0x96, 0x80, 0x6D, 0x55, 0x21, 0x00, 0x00, 0x18 })
-        .Set(gsc_uiExt + 77, { 0x02, 0x3A, 0x80, 0x18, 0x71, 0x38, 0x2D, 0x40, 0x58, 0x2C, 0x96, 0x00, 0x6D, 0x55, 0x21, 0x00, 0x00, 0x18 })
-        .Set(gsc_uiExt + 95, { 0x01, 0x1D, 0x00, 0xBC, 0x52, 0xD0, 0x1E, 0x20, 0xB8, 0x28, 0x55, 0x40, 0x6D, 0x55, 0x21, 0x00, 0x00, 0x1E })
-        .FixExtChecksum()
-        .Get();
-// clang-format on
-static_assert(HasValidChecksums(gsc_aui8FullBlock));
-
-int Load(CEdid& oEdid, const SEdidImage& aui8Image)
+int Load(CEdid& oEdid, const CBytes& aui8Image)
 {
     return oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
 }
 
-CEdidExtBlockCEA861& CeaBlockOf(CEdid& oEdid) { return *static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(0)); }
-
-// An operation on a loaded image; gives 0 for a refusal, the number of timings when it walks them, else 1.
-struct SOperation
+// A CEA-861 block with codes 1 to uiCodes, and audio, speakers, an HDMI block with deep colour and a detailed timing when
+// bRich is set.
+CBytes MakeCeaBlock(unsigned int uiCodes, bool bRich)
 {
-    const char* m_pszName;
-    int (*m_fnRun)(CEdid&);
-    const SEdidImage& m_aui8Image = gsc_aui8Ordinary;
-};
-
-// ---- Operations that can be repeated on the same object ----
-
-template <const SEdidImage& IMAGE>
-int LoadImage(CEdid& /*oEdid*/)
-{
-    CEdid oEdid;
-    return Load(oEdid, IMAGE);
+    CBytes aui8Block = ParseBytes("02 03 00 F0");
+    for (unsigned int uiCode = 1; uiCode <= uiCodes; ++uiCode)
+    {
+        if (uiCode % 31 == 1)
+        {
+            aui8Block.push_back(static_cast<unsigned char>(0x40 + std::min(uiCodes - uiCode + 1, 31U)));
+        }
+        aui8Block.push_back(static_cast<unsigned char>(uiCode));
+    }
+    Append(aui8Block, ParseBytes(bRich ? "26 09 07 07 15 07 50 83 0F 00 00 6B 03 0C 00 10 00 78 3C 20 00 40 01" : ""));
+    aui8Block[2] = static_cast<unsigned char>(aui8Block.size());
+    Append(aui8Block, ParseBytes(bRich ? "02 3A 80 18 71 38 2D 40 58 2C 96 00 6D 55 21 00 00 1E" : ""));
+    aui8Block.resize(gsc_uiBlockSize);
+    return aui8Block;
 }
 
-template <class EDID>
-int WalkAllTimings(EDID& oEdid)
+// The base block of a real monitor and uiBlocks equal extension blocks.
+CBytes MakeImage(unsigned int uiBlocks, const CBytes& aui8Block)
+{
+    CBytes aui8Image = ToBytes(gsc_aui8Philips288P6);
+    aui8Image.resize(gsc_uiBlockSize);
+    aui8Image[126] = static_cast<unsigned char>(uiBlocks);
+    for (unsigned int i = 0; i < uiBlocks; ++i)
+    {
+        Append(aui8Image, aui8Block);
+    }
+    return FixChecksums(aui8Image);
+}
+
+// ---- Operations on one image; each gives 0 for a refusal, else a number of timings or lines ----
+
+unsigned int Walk(const CEdid& oEdid)
 {
     CVidParamTimingGeneric oTiming;
-    const unsigned int uiEstablished = oEdid.GetEstablishedCount(0);
-    for (unsigned int i = 0; i < uiEstablished; ++i)
+    const unsigned int auiCounts[] = { oEdid.GetEstablishedCount(0), oEdid.GetStandardCount(),
+                                       oEdid.GetDetailedCount() };
+    for (unsigned int i = 0; i < auiCounts[0]; ++i)
     {
         oEdid.GetEstablished(i, &oTiming, 0);
     }
-    const unsigned int uiStandard = oEdid.GetStandardCount();
-    for (unsigned int i = 0; i < uiStandard; ++i)
+    for (unsigned int i = 0; i < auiCounts[1]; ++i)
     {
         oEdid.GetStandard(i, &oTiming, nullptr);
     }
-    const unsigned int uiDetailed = oEdid.GetDetailedCount();
-    for (unsigned int i = 0; i < uiDetailed; ++i)
+    for (unsigned int i = 0; i < auiCounts[2]; ++i)
     {
         oEdid.GetDetailed(i, &oTiming);
     }
-    return static_cast<int>(uiEstablished + uiStandard + uiDetailed);
+    benchmark::DoNotOptimize(oTiming.GetData());
+    return auiCounts[0] + auiCounts[1] + auiCounts[2];
 }
 
-int LoadBaseBlockAndWalk(CEdid& /*oEdid*/)
-{
-    CEdidBase oBase;
-    return oBase.SetEdidBuffer(gsc_aui8Ordinary.data(), gsc_uiImageBlockSize, 0) != 0 ? WalkAllTimings(oBase) : 0;
-}
-
-int SerialiseIntoCallersBuffer(CEdid& oEdid)
-{
-    unsigned char aui8Buffer[256];
-    return oEdid.GetEdidBuffer(sizeof(aui8Buffer), aui8Buffer) == sizeof(aui8Buffer) ? 1 : 0;
-}
-
-int ExtractModes(CEdid& oEdid)
+unsigned int ExtractModes(const CEdid& oEdid)
 {
     CVidParamTimingGeneric oPreferred;
-    CZorEdidUtils::CModeList aoLists[7];
-    return CZorEdidUtils::ExtractModeList(oEdid, oPreferred, aoLists[0], aoLists[1], aoLists[2], aoLists[3], aoLists[4],
-                                          aoLists[5], aoLists[6]);
+    CZorEdidUtils::CModeList ao[7];
+    CZorEdidUtils::ExtractModeList(oEdid, oPreferred, ao[0], ao[1], ao[2], ao[3], ao[4], ao[5], ao[6]);
+    return std::accumulate(std::begin(ao), std::end(ao), 0U,
+                           [](unsigned int uiSum, const auto& oList) { return uiSum + oList.GetCount(); });
 }
 
-int CompareWithItself(CEdid& oEdid) { return CZorEdidUtils::CompareTimings(oEdid, oEdid, 1, 1); }
+template <CZorEdidUtils::EEdidFormatType FORMAT>
+unsigned int Report(const CEdid& oEdid)
+{
+    CMArrayString oLines;
+    CZorEdidUtils::GetFormatedEdid(FORMAT, oEdid, oLines, "");
+    return oLines.GetCount();
+}
+
+// Loads the image and runs the operation on it.
+template <unsigned int (*OPERATION)(const CEdid&)>
+unsigned int LoadAnd(size_t uiImage)
+{
+    CEdid oEdid;
+    return Load(oEdid, g_aaui8Images[uiImage]) != 0 ? OPERATION(oEdid) : 0;
+}
+
+struct SImageRow
+{
+    const char* m_pszName;
+    unsigned int (*m_fnRun)(size_t uiImage);
+};
+
+std::vector<std::unique_ptr<CEdid>> g_apoLoaded; // the images, loaded once
+
+const CEdid& LoadedImage(size_t uiImage) { return *g_apoLoaded[uiImage % g_apoLoaded.size()]; }
+
+CZorEdidUtils::CByteArray BytesOf(size_t uiImage)
+{
+    CZorEdidUtils::CByteArray oBytes;
+    for (unsigned char ui8Byte : g_aaui8Images[uiImage % g_aaui8Images.size()])
+    {
+        oBytes.Add(ui8Byte);
+    }
+    return oBytes;
+}
+
+unsigned int Compare(const CEdid& oFirst, const CEdid& oSecond)
+{
+    return static_cast<unsigned int>(CZorEdidUtils::CompareTimings(oFirst, oSecond, 1, 1));
+}
+
+const SImageRow gsc_aoImageRows[] = {
+    { "Image_A_Load", LoadAnd<[](const CEdid&) { return 1U; }> },
+    { "Image_B_LoadAndWalk", LoadAnd<Walk> },
+    { "Image_b_Walk", [](size_t i) { return Walk(LoadedImage(i)); } },
+    { "Image_C_LoadAndExtractModes", LoadAnd<ExtractModes> },
+    { "Image_D1_LoadAndReport", LoadAnd<Report<CZorEdidUtils::eEdidFormatZorEdidExtractor>> },
+    { "Image_D2_LoadAndReportModes", LoadAnd<Report<CZorEdidUtils::eEdidFormatRVideoOutRes>> },
+    { "Image_D3_LoadAndReportExtended", LoadAnd<Report<CZorEdidUtils::eEdidFormatZorEdidExtractorExt>> },
+    { "Image_E_CompareWithNext", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i + 1)); } },
+    { "Image_F_CompareBytesWithNext",
+      [](size_t i) {
+          return static_cast<unsigned int>(CZorEdidUtils::CompareTimings(BytesOf(i), BytesOf(i + 1), 1, 1));
+      } },
+    { "Image_G_CompareWithItself", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i)); } },
+    { "Image_Serialise", [](size_t i) { return LoadedImage(i).GetEdidBuffer().GetCount(); } },
+};
+
+void RunImages(benchmark::State& oState, const SImageRow& oRow)
+{
+    const double dImages = static_cast<double>(g_aaui8Images.size());
+    const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
+    unsigned long ulFound = 0;
+    for (auto _ : oState)
+    {
+        for (size_t i = 0; i < g_aaui8Images.size(); ++i)
+        {
+            ulFound += oRow.m_fnRun(i);
+        }
+    }
+    const double dRuns = static_cast<double>(oState.iterations()) * dImages;
+    oState.counters["image"] =
+        benchmark::Counter(dImages, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    oState.counters["allocs"] = static_cast<double>(g_oFailingHeap.m_ulTaken - ulBefore) / dRuns;
+    oState.counters["found"] = static_cast<double>(ulFound) / dRuns;
+}
+
+// ---- Single questions ----
 
 CVidParamTiming* Output()
 {
@@ -119,46 +189,67 @@ CVidParamTiming* Output()
     return &s_oTiming;
 }
 
-const SOperation gsc_aoOperations[] = {
-    { "Load_BaseBlockAndWalk", LoadBaseBlockAndWalk },
-    { "Load_256Bytes", LoadImage<gsc_aui8Ordinary> },
-    { "Load_FullCeaBlock", LoadImage<gsc_aui8FullBlock> },
-    { "Walk_AllTimings", WalkAllTimings },
-    { "Walk_AllTimingsFullCeaBlock", WalkAllTimings, gsc_aui8FullBlock },
-    { "Serialise_Array", [](CEdid& o) { return o.GetEdidBuffer().GetCount() == 256 ? 1 : 0; } },
-    { "Serialise_CallersBuffer", SerialiseIntoCallersBuffer },
-    { "Compute_Cvt", [](CEdid&) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, Output()); } },
-    { "Compute_CvtReduced", [](CEdid&) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, Output()); } },
-    { "Compute_Gtf", [](CEdid&) { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, Output()); } },
-    { "LookUp_DmtBySize", [](CEdid&) { return CVidParamTimingFunc::GetDmtTiming(0, Output(), 1920, 1080, 60); } },
-    { "LookUp_CeaBySize", [](CEdid&) { return CVidParamTimingFunc::GetCeaTiming(0, Output(), 3840, 2160, 60); } },
-    { "LookUp_CeaByVic", [](CEdid&) { return CVidParamCea::GetVidParamFromVic(97, Output()); } },
-    { "Modes_Extract", ExtractModes },
-    { "Modes_ExtractFullCeaBlock", ExtractModes, gsc_aui8FullBlock },
-    { "Modes_Compare", CompareWithItself },
-    { "Modes_CompareFullCeaBlock", CompareWithItself, gsc_aui8FullBlock },
+struct SQuestion
+{
+    const char* m_pszName;
+    int (*m_fnRun)();
 };
+
+const SQuestion gsc_aoQuestions[] = {
+    { "Compute_Cvt", [] { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, Output()); } },
+    { "Compute_CvtReduced", [] { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, Output()); } },
+    { "Compute_Gtf", [] { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, Output()); } },
+    { "LookUp_DmtBySize", [] { return CVidParamTimingFunc::GetDmtTiming(0, Output(), 1920, 1080, 60); } },
+    { "LookUp_CeaBySize", [] { return CVidParamTimingFunc::GetCeaTiming(0, Output(), 3840, 2160, 60); } },
+    { "LookUp_CeaByVic", [] { return CVidParamCea::GetVidParamFromVic(97, Output()); } },
+};
+
+void Ask(benchmark::State& oState, const SQuestion& oQuestion)
+{
+    for (auto _ : oState)
+    {
+        if (oQuestion.m_fnRun() == 0)
+        {
+            oState.SkipWithError("refused");
+        }
+    }
+}
+
+// A file of the first image, as raw image or as text table.
+void ReadFile(benchmark::State& oState, const char* pszEnding, const std::string& sContent)
+{
+    const CTemporaryFile oFile(pszEnding, sContent.data(), sContent.size());
+    for (auto _ : oState)
+    {
+        CZorEdidUtils::CByteArray oBytes;
+        if (CZorEdidUtils::ExtractEdidFromFile(CMString(oFile.GetPath()), oBytes) == 0)
+        {
+            oState.SkipWithError("refused");
+        }
+    }
+}
 
 // ---- Edits: each on a freshly loaded image ----
 
 constexpr CEdidExtBlockCEA861::SAudioDescriptor gsc_oPcm = { CEdidExtBlockCEA861::eAudioFormat_Pcm, 2,
                                                              CEdidExtBlockCEA861::eAudioSamplingFreq_48KHz, 1 };
 
+CEdidExtBlockCEA861& CeaBlockOf(CEdid& oEdid) { return *static_cast<CEdidExtBlockCEA861*>(oEdid.GetExtension(0)); }
+
 int SetPreferredMode(CEdid& oEdid)
 {
     CVidParamTimingGeneric oTiming;
-    CVidParamCea::GetVidParamFromVic(16, &oTiming);
-    return oEdid.SetPreferredMode(&oTiming);
+    return CVidParamCea::GetVidParamFromVic(16, &oTiming) != 0 ? oEdid.SetPreferredMode(&oTiming) : 0;
 }
 
-int SetSerialNumber(CEdid& oEdid)
+struct SEdit
 {
-    oEdid.SetSerialNumber(0x12345678);
-    return 1;
-}
+    const char* m_pszName;
+    int (*m_fnRun)(CEdid&);
+};
 
-const SOperation gsc_aoEdits[] = {
-    { "Base_SetSerialNumber", SetSerialNumber },
+const SEdit gsc_aoEdits[] = {
+    { "Base_SetSerialNumber", [](CEdid& o) { return o.SetSerialNumber(0x12345678), 1; } },
     { "Base_SetColorBitDepth", [](CEdid& o) { return o.SetColorBitDepth(CEdidBase::eColorBitDepth10); } },
     { "Base_SetEstablished", [](CEdid& o) { return o.SetEstablished(0, 0, 1); } },
     { "Base_SetEstablishedFromId",
@@ -178,83 +269,112 @@ const SOperation gsc_aoEdits[] = {
     { "Ext_AddVendorSpecific", [](CEdid& o) { return CeaBlockOf(o).AddVendorSpecific(); } },
 };
 
-// ---- Measuring ----
-
-void Report(benchmark::State& oState, bool bRefused, unsigned long ulAllocations, unsigned int uiOperationsPerIteration)
-{
-    const double dOperations = static_cast<double>(oState.iterations()) * uiOperationsPerIteration;
-    oState.counters["allocs"] = static_cast<double>(ulAllocations) / dOperations;
-    if (bRefused)
-    {
-        oState.SkipWithError("refused");
-    }
-}
-
-void Repeat(benchmark::State& oState, const SOperation& oOperation)
-{
-    CEdid oEdid;
-    // Numbers of an image whose extension block was dropped would look good and mean nothing.
-    bool bRefused = Load(oEdid, oOperation.m_aui8Image) == 0 || oEdid.GetExtensionCount() != 1;
-    int iResult = 0;
-    const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
-    for (auto _ : oState)
-    {
-        iResult = oOperation.m_fnRun(oEdid);
-        bRefused |= iResult == 0;
-        benchmark::ClobberMemory();
-    }
-    Report(oState, bRefused, g_oFailingHeap.m_ulTaken - ulBefore, 1);
-    if (iResult > 1)
-    {
-        oState.counters["timings"] = iResult;
-    }
-}
-
 constexpr unsigned int gsc_uiEditsPerIteration = 64; // enough that reading the clock does not count
 constexpr unsigned int gsc_uiEditIterations = 400;
 
 // The images are loaded outside the measured time and the counted allocations. One edit is one operation.
-void Edit(benchmark::State& oState, const SOperation& oEdit)
+void Edit(benchmark::State& oState, const SEdit& oEdit)
 {
-    using Clock = std::chrono::steady_clock;
+    const CBytes aui8Image = MakeImage(1, MakeCeaBlock(25, true));
     CEdid aoEdids[gsc_uiEditsPerIteration];
     unsigned long ulAllocations = 0;
-    bool bRefused = false;
     while (oState.KeepRunning())
     {
         for (CEdid& oEdid : aoEdids)
         {
-            Load(oEdid, oEdit.m_aui8Image);
+            Load(oEdid, aui8Image);
         }
         const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
-        const Clock::time_point oStart = Clock::now();
+        const auto oStart = std::chrono::steady_clock::now();
         for (CEdid& oEdid : aoEdids)
         {
-            bRefused |= oEdit.m_fnRun(oEdid) == 0;
+            oEdit.m_fnRun(oEdid) == 0 ? oState.SkipWithError("refused") : void();
         }
-        const std::chrono::duration<double> oElapsed = Clock::now() - oStart;
+        const std::chrono::duration<double> oElapsed = std::chrono::steady_clock::now() - oStart;
         ulAllocations += g_oFailingHeap.m_ulTaken - ulBefore;
         oState.SetIterationTime(oElapsed.count() / gsc_uiEditsPerIteration);
     }
-    Report(oState, bRefused, ulAllocations, gsc_uiEditsPerIteration);
+    oState.counters["allocs"] =
+        static_cast<double>(ulAllocations) / (static_cast<double>(oState.iterations()) * gsc_uiEditsPerIteration);
 }
+
+// ---- Growth: the cost of one image against its size. The last rows of each group name the fitted exponent. ----
+
+void GrowBlocks(benchmark::State& oState, unsigned int (*fnRun)(const CEdid&))
+{
+    const CBytes aui8Image = MakeImage(static_cast<unsigned int>(oState.range(0)), MakeCeaBlock(20, true));
+    CEdid oLoaded;
+    Load(oLoaded, aui8Image);
+    for (auto _ : oState)
+    {
+        CEdid oEdid;
+        benchmark::DoNotOptimize(fnRun != nullptr ? fnRun(oLoaded) : static_cast<unsigned int>(Load(oEdid, aui8Image)));
+    }
+    oState.SetComplexityN(oState.range(0));
+}
+
+void GrowTimings(benchmark::State& oState)
+{
+    CEdid oEdid;
+    Load(oEdid, MakeImage(1, MakeCeaBlock(static_cast<unsigned int>(oState.range(0)), false)));
+    for (auto _ : oState)
+    {
+        benchmark::DoNotOptimize(Walk(oEdid));
+    }
+    oState.counters["timings"] = Walk(oEdid);
+    oState.SetComplexityN(oState.range(0));
+}
+
 } // namespace
 
 int main(int iArguments, char** apszArguments)
 {
     benchmark::Initialize(&iArguments, apszArguments);
-    if (benchmark::ReportUnrecognizedArguments(iArguments, apszArguments))
+    if (iArguments > 2)
     {
+        benchmark::ReportUnrecognizedArguments(iArguments, apszArguments);
         return 1;
     }
-    for (const SOperation& oOperation : gsc_aoOperations)
+    OsServices::SetMsgLevel(0, 0, 0); // odd images write assertion lines
+    for (const auto& [sName, aui8Image] : ReadImages(iArguments == 2 ? apszArguments[1] : ""))
     {
-        benchmark::RegisterBenchmark(oOperation.m_pszName, Repeat, oOperation);
+        g_aaui8Images.push_back(aui8Image);
     }
-    for (const SOperation& oEdit : gsc_aoEdits)
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
+    {
+        iArguments == 1 ? g_aaui8Images.push_back(ToBytes(*oImage.m_paui8Image)) : void();
+    }
+    if (g_aaui8Images.empty())
+    {
+        fprintf(stderr, "no .bin images in %s\n", apszArguments[1]);
+        return 1;
+    }
+    for (const CBytes& aui8Image : g_aaui8Images)
+    {
+        g_apoLoaded.push_back(std::make_unique<CEdid>());
+        Load(*g_apoLoaded.back(), aui8Image);
+    }
+    for (const SImageRow& oRow : gsc_aoImageRows)
+    {
+        benchmark::RegisterBenchmark(oRow.m_pszName, RunImages, oRow);
+    }
+    for (const SQuestion& oQuestion : gsc_aoQuestions)
+    {
+        benchmark::RegisterBenchmark(oQuestion.m_pszName, Ask, oQuestion);
+    }
+    const CBytes& aui8First = g_aaui8Images[0];
+    benchmark::RegisterBenchmark("File_Bin", ReadFile, ".bin", std::string(aui8First.begin(), aui8First.end()));
+    benchmark::RegisterBenchmark("File_Dat", ReadFile, ".dat", MakeTextTable(aui8First));
+    for (const SEdit& oEdit : gsc_aoEdits)
     {
         benchmark::RegisterBenchmark(oEdit.m_pszName, Edit, oEdit)->UseManualTime()->Iterations(gsc_uiEditIterations);
     }
+    constexpr unsigned int (*pfnLoad)(const CEdid&) = nullptr;
+    for (const auto& [pszName, fnRun] : { std::pair("Grow_LoadBlocks", pfnLoad), std::pair("Grow_WalkBlocks", &Walk) })
+    {
+        benchmark::RegisterBenchmark(pszName, GrowBlocks, fnRun)->RangeMultiplier(2)->Range(1, 255)->Complexity();
+    }
+    benchmark::RegisterBenchmark("Grow_WalkTimings", GrowTimings)->DenseRange(0, 50, 10)->Complexity();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

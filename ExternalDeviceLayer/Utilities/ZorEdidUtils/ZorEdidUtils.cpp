@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <tuple>
 
@@ -147,13 +148,18 @@ bool AppendBaseDetailed(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CMo
         [&](unsigned int uiIndex, CVidParamTiming* poTiming) { return oEdid.GetBaseDetailed(uiIndex, poTiming); });
 }
 
-// Both lists get room for all timings of the block, and give back what the other one took.
+// Both lists, which may be one, get room for all timings of the block, and give back what the other one took.
 bool AppendExtStandard(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTiming, CModeList& oNative,
                        CModeList& oOther)
 {
     const unsigned int uiCount = oBlock.GetStandardCount();
     CListFill<CVidParamTimingGeneric> oNativeFill(oNative, uiCount, oNative.GetCount());
-    CListFill<CVidParamTimingGeneric> oOtherFill(oOther, uiCount, oOther.GetCount());
+    std::optional<CListFill<CVidParamTimingGeneric>> oOwnFill;
+    if (&oOther != &oNative)
+    {
+        oOwnFill.emplace(oOther, uiCount, oOther.GetCount());
+    }
+    CListFill<CVidParamTimingGeneric>& oOtherFill = oOwnFill ? *oOwnFill : oNativeFill;
     for (unsigned int i = 0; i < uiCount; ++i)
     {
         int bNative = 1; // a block without the notion leaves it, and its timings count as native

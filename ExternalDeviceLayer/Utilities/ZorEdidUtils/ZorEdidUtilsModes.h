@@ -18,7 +18,7 @@ struct SModes
 
     // ExtractModeList; false where it gives 0.
     bool Extract(const CEdid& oEdid);
-    // The same with each list in the order in which the EDID names its timings.
+    // The same with each list in the order in which the EDID names its timings, for callers that sort them all at once.
     bool Collect(const CEdid& oEdid);
 };
 

@@ -2,6 +2,7 @@
 
 #include "EdidBase.h"
 
+#include <algorithm>
 #include <bit>
 #include <iterator>
 
@@ -62,10 +63,13 @@ constexpr SEstablishedMode gsc_aoEstablishedModes[] = {
 static_assert(std::size(gsc_aoEstablishedModes) == CEdidBase::msc_uiEstablishedCount,
               "one row for each established timing");
 
-// Number of the row of each bit, for a look-up without a search; derived by the compiler.
+// Number of the row of each bit, derived by the compiler: a look-up without a search, which took half of a walk over an
+// EDID's timings.
 struct SRowsOfBits
 {
-    unsigned char m_aui8Row[24]; // bits of the three bytes
+    static constexpr unsigned int msc_uiBits = 24; // of the three bytes
+
+    unsigned char m_aui8Row[msc_uiBits];
 };
 
 constexpr SRowsOfBits ListRowsOfBits()
@@ -86,15 +90,18 @@ constexpr SRowsOfBits ListRowsOfBits()
 constexpr SRowsOfBits gsc_oRowsOfBits = ListRowsOfBits();
 
 // Null for what is not exactly one bit with a mode.
-const SEstablishedMode* FindEstablishedMode(unsigned int uiMask)
+constexpr const SEstablishedMode* FindEstablishedMode(unsigned int uiMask)
 {
-    if (!std::has_single_bit(uiMask) || uiMask >> std::size(gsc_oRowsOfBits.m_aui8Row) != 0)
+    if (!std::has_single_bit(uiMask) || uiMask >> SRowsOfBits::msc_uiBits != 0)
     {
         return nullptr;
     }
     const unsigned int uiRow = gsc_oRowsOfBits.m_aui8Row[std::countr_zero(uiMask)];
     return uiRow < CEdidBase::msc_uiEstablishedCount ? &gsc_aoEstablishedModes[uiRow] : nullptr;
 }
+static_assert(std::ranges::all_of(gsc_aoEstablishedModes, [](const SEstablishedMode& oMode) {
+    return FindEstablishedMode(static_cast<unsigned int>(oMode.m_eId)) == &oMode;
+}));
 
 // The mode of a bit, where the bits declare it and the list has it; else null. Counting and listing both ask here: a
 // row of the table always gives a timing, so that none need be computed to count.

@@ -286,7 +286,12 @@ void CEdidExtBlockCEA861::KeepPlaces()
     CListFill<CEdidUtils::SEdidDetailedRaw*> oFill(m_apoDetailed, m_uiDetailedCount);
     for (unsigned int i = 0; i < m_uiDetailedCount; ++i)
     {
-        unsigned char* pui8Slot = oEditor.GetAt(oEditor.GetDetailedOffset(i));
+        const unsigned int uiOffset = oEditor.GetDetailedOffset(i);
+        if (uiOffset == 0) // fewer than counted: a caller moved them
+        {
+            return;
+        }
+        unsigned char* pui8Slot = oEditor.GetAt(uiOffset);
         oFill.Add(reinterpret_cast<CEdidUtils::SEdidDetailedRaw*>(pui8Slot));
     }
 }
@@ -310,13 +315,14 @@ void CEdidExtBlockCEA861::FinishEdit(unsigned int uiLists)
 
 void CEdidExtBlockCEA861::DeriveLists(unsigned int uiLists)
 {
-    if ((uiLists & eList_Standard) != 0)
-    {
-        ExtractStandardTimings();
-    }
+    // First: it takes no memory, so that the count of descriptors never lies behind the bytes.
     if ((uiLists & eList_Detailed) != 0)
     {
         ExtractDetailedTimings();
+    }
+    if ((uiLists & eList_Standard) != 0)
+    {
+        ExtractStandardTimings();
     }
     if ((uiLists & eList_Audio) != 0)
     {

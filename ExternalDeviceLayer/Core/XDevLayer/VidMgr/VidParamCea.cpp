@@ -168,6 +168,7 @@ static_assert(std::size(CVidParamCea::msc_aoCea861FTable) == 129, "83 codes and 
 static_assert(IsRisingByVic(), "rows stand in rising key order, so that no key has a second row");
 
 constexpr CRowIndex gsc_oIndex(CVidParamCea::msc_aoCea861FTable);
+static_assert(gsc_oIndex.FindsEachRow(CVidParamCea::msc_aoCea861FTable));
 static_assert(gsc_oIndex.LongestChain() <= 5, "a search looks at few rows");
 
 // Number of the row of each code, then of each 1000/1001 variant. Derived by the compiler: a block's codes are looked

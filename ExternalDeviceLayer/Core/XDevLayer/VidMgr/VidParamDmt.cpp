@@ -111,6 +111,7 @@ constexpr SRow g_aoDmtTableV10Rev11[] = {
 static_assert(std::size(g_aoDmtTableV10Rev11) == 88, "80 modes of revision 11 and 8 later ones");
 
 constexpr CRowIndex gsc_oIndex(g_aoDmtTableV10Rev11);
+static_assert(gsc_oIndex.FindsEachRow(g_aoDmtTableV10Rev11));
 static_assert(gsc_oIndex.LongestChain() <= 4, "a search looks at few rows");
 
 constexpr bool PassesList(unsigned int uiFlags, CVidParamDmt::EModeListType eListType)

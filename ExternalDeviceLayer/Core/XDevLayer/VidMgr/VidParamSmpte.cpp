@@ -44,6 +44,7 @@ constexpr bool AreNumberedFromOne()
 static_assert(std::size(g_aoSmpteTable) == 10 && AreNumberedFromOne());
 
 constexpr CRowIndex gsc_oIndex(g_aoSmpteTable);
+static_assert(gsc_oIndex.FindsEachRow(g_aoSmpteTable));
 } // namespace
 
 int CVidParamSmpte::GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,

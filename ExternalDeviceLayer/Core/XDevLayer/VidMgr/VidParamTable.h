@@ -94,6 +94,26 @@ public:
         return uiLongest;
     }
 
+    // Each row is in the chain of its own size and rate, behind the rows ahead of it in the table.
+    template <class ROW>
+    constexpr bool FindsEachRow(const ROW (&aoRows)[COUNT]) const
+    {
+        for (unsigned int i = 0; i < COUNT; ++i)
+        {
+            unsigned int uiRow =
+                First(aoRows[i].uiHorizontalActive, aoRows[i].uiVerticalActive, aoRows[i].uiVerticalRateInHz);
+            while (uiRow < i)
+            {
+                uiRow = Next(uiRow);
+            }
+            if (uiRow != i)
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+
     static constexpr unsigned int msc_uiNone = 0xFF;
 
 private:

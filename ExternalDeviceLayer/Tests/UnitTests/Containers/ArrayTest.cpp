@@ -19,7 +19,7 @@ using CNumbers = std::vector<unsigned int>;
 class CTracked
 {
 public:
-    CTracked() { ms_sCalls += '+'; }
+    CTracked() noexcept { ms_sCalls += '+'; }
     CTracked(const CTracked& oOther) : m_uiValue(oOther.m_uiValue) { ms_sCalls += 'c'; }
     CTracked& operator=(const CTracked&) = default;
     ~CTracked() { ms_sCalls += '-'; }
@@ -173,7 +173,8 @@ TEST(ArraySort, CallsStandInBubbleOrderAndEqualsStay)
     static std::string s_sCalls;
     const auto CompareTens = [](const unsigned int& uiFirst, const unsigned int& uiSecond, unsigned long ulContext) {
         EXPECT_EQ(0x123456789ABCDEF0UL, ulContext);
-        s_sCalls += (s_sCalls.empty() ? "" : " ") + std::to_string(uiFirst) + ":" + std::to_string(uiSecond);
+        s_sCalls += s_sCalls.empty() ? "" : " ";
+        s_sCalls += std::to_string(uiFirst) + ":" + std::to_string(uiSecond);
         return static_cast<int>(uiFirst / 10) - static_cast<int>(uiSecond / 10);
     };
     for (const SCaseRow& oRow : ReadCases("Containers/golden/sorts.txt", 4))

@@ -237,7 +237,7 @@ TEST(ImageSweep, OfTheSelfCheck) { Sweep(GetImages()); }
 
 TEST(ImageSweep, RealOnes)
 {
-    const auto oImages = ReadCorpus();
+    const auto oImages = ReadImages(std::string(ZOREDID_SHARED_DIR).empty() ? "" : ZOREDID_SHARED_DIR "/corpus");
     if (oImages.empty())
     {
         GTEST_SKIP() << "no folder with real images";

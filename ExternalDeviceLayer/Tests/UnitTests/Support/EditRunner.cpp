@@ -173,9 +173,9 @@ std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui
     const SEditedBytes oNamed = uiStart == 0 ? oRow.m_oNamed : SEditedBytes{ uiStart, gsc_uiBlockSize };
     if (oNamed.m_uiOffset == 35 && UpdatesChecksum(oStep) == 0)
     {
-        CBytes aui8Expected = aui8Before;
-        std::copy_n(&aui8After[35], 3, &aui8Expected[35]);
-        return aui8Expected == aui8After ? "" : "a checksum changed that was not to, or another byte; ";
+        const bool bOthersSame = std::equal(aui8Before.begin(), aui8Before.begin() + 35, aui8After.begin()) &&
+                                 std::equal(aui8Before.begin() + 38, aui8Before.end(), aui8After.begin() + 38);
+        return bOthersSame ? "" : "a checksum changed that was not to, or another byte; ";
     }
     return bSame && oRow.m_bLooksFirst ? "" : CheckEditedBytes(aui8Before, aui8After, { oNamed });
 }

@@ -16,14 +16,12 @@ inline std::vector<unsigned char> ReadBytes(const std::filesystem::path& oPath)
     return { std::istreambuf_iterator<char>(oFile), std::istreambuf_iterator<char>() };
 }
 
-// All real images by name; empty where the folder is absent.
-inline std::map<std::string, std::vector<unsigned char>> ReadCorpus()
+// The images of a folder by name; none where it is absent.
+inline std::map<std::string, std::vector<unsigned char>> ReadImages(const std::filesystem::path& oFolder)
 {
     std::map<std::string, std::vector<unsigned char>> oImages;
-    const std::filesystem::path oShared(ZOREDID_SHARED_DIR);
     std::error_code oError;
-    for (const auto& oEntry :
-         std::filesystem::directory_iterator(oShared.empty() ? oShared : oShared / "corpus", oError))
+    for (const auto& oEntry : std::filesystem::directory_iterator(oFolder, oError))
     {
         if (oEntry.path().extension() == ".bin")
         {

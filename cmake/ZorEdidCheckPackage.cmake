@@ -16,7 +16,7 @@ file(REMOVE_RECURSE ${WORK})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/package
                 OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 
-# No path of this machine travels with the package, save in what debuggers read.
+# No path of this machine travels with the package, except in what debuggers read.
 get_filename_component(project ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 file(GLOB_RECURSE installed "${WORK}/package/*.cmake")
 if(TYPE STREQUAL "Release")

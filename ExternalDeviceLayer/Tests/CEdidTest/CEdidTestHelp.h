@@ -120,7 +120,7 @@ int GetVidParam(const STimingData& oRow, CVidParamTimingGeneric& oTiming);
 int IsPreferredTimingProtected(const CEdid& oEdid);
 
 // ---- Validators: 1 when the EDID lists exactly uiCount timings and they equal the rows in their order. ----
-// With a count of 0 the table may be null. A failure writes one line, but a wrong count none where told so.
+// With a count of 0 the table may be null. A failure writes one line; a wrong count writes none where that is stated.
 
 int ValidateBaseDetailed(const CEdid& oEdid, unsigned int uiCount, const tagRVideo_VidParam* poRows);
 int ValidateBaseDetailed(const CEdid& oEdid, unsigned int uiCount, const STimingData* poRows); // wrong count: no line

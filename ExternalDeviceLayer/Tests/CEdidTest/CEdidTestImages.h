@@ -1,7 +1,7 @@
 // The EDID images of the self-check, one namespace for each suite. Tests, benchmarks and fuzz seeds use them too.
 //
 // Images of real monitors stand here in full. Every other image is derived from one of them at compile time by the
-// edits told beside it, so that a reader sees the change and not the bytes again. Offsets count from the first byte of
+// edits named beside it, so that a reader sees the change and not the bytes again. Offsets count from the first byte of
 // the image; those in the extension block are written gsc_uiExt + OFFSET IN THE BLOCK.
 
 #pragma once

@@ -3,7 +3,7 @@
 // The message members are static: they need no object, and they are all that the EDID side uses (target
 // zor_os_messages). The other members come from the target zor_os_services, which also links threads and libpci.
 //
-// Results: 1 for success and 0 for failure unless told otherwise. Timeouts are milliseconds, gsc_uiOsServicesNoLimit
+// Results: 1 for success and 0 for failure unless stated otherwise. Timeouts are milliseconds, gsc_uiOsServicesNoLimit
 // stands for no limit. Null handles and system calls that must not fail stop the process (OsServicesClient.h).
 
 #pragma once

@@ -164,7 +164,7 @@ public:
     unsigned int GetDetailedOffset(unsigned int uiIndex) const;
     unsigned int CountDetailed() const;
 
-    // First offset behind the last descriptor, or byte 2 when there is none; may lie behind the block.
+    // First offset behind the last descriptor, else the offset in byte 2; may lie behind the block.
     unsigned int GetContentEnd() const;
 
 private:

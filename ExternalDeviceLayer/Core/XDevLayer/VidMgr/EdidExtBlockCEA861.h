@@ -215,7 +215,7 @@ public:
     unsigned int GetDataBlockOffset(ECea861_DataBlockExtTags eTag, unsigned int uiIndex, unsigned int* puiLength) const;
     unsigned int GetVendorSpecificCount() const;
 
-    // First offset behind the last detailed descriptor, or byte 2 when there is none.
+    // First offset behind the last detailed descriptor, else the offset in byte 2.
     unsigned int GetAvailableOffset() const;
     // Free bytes behind the content; counts one byte less than fits.
     unsigned int GetAvailableSpace() const;
@@ -313,8 +313,8 @@ private:
     unsigned int m_uiExtensionType = 0;
     unsigned int m_uiRevision = 0;
     // Pointers into m_aui8Raw, in block order; not owned. Safe because m_aui8Raw is sized once, in the constructor, and
-    // every descriptor found lies within it. Empty while the bytes tell the places; after RemoveStandard they point at
-    // the old ones.
+    // every descriptor found lies within it. Empty while a walk over the bytes gives the places; after RemoveStandard
+    // they point at the old ones.
     CMArray<CEdidUtils::SEdidDetailedRaw*, CEdidUtils::SEdidDetailedRaw* const&> m_apoDetailed;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode; // ordinary timings
     CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;

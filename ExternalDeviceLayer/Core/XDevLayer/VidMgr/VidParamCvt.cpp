@@ -39,7 +39,7 @@ constexpr unsigned int gsc_uiReducedSync = 32;
 constexpr unsigned int gsc_uiReducedBackPorch = 80;
 constexpr unsigned int gsc_uiReducedBlank = gsc_uiReducedFrontPorch + gsc_uiReducedSync + gsc_uiReducedBackPorch;
 
-// Widths by which the vertical sync tells the aspect: lines * num / den, down to a cell. First match counts.
+// Widths by which the vertical sync follows the aspect ratio: lines * num / den, down to a cell. First match counts.
 struct SAspect
 {
     unsigned int m_uiNumerator;

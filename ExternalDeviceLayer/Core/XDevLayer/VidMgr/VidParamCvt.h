@@ -8,7 +8,7 @@ class CVidParamTiming;
 class CVidParamCvt
 {
 public:
-    // Width of the vertical sync in lines, by which a CVT timing tells its aspect ratio: 4 for 4:3, 5 for 16:9, 6 for
+    // Width of the vertical sync in lines, by which a CVT timing names its aspect ratio: 4 for 4:3, 5 for 16:9, 6 for
     // 16:10, 7 for 5:4 and 15:9, 10 for any other, 0 for no lines at all. Sizes in pixels and lines.
     static unsigned int GetVSyncLines(unsigned int uiHorizontalActive, unsigned int uiVerticalActive);
 

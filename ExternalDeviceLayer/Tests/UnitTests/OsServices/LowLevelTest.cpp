@@ -1,4 +1,4 @@
-// Physical memory with an ordinary file in the place of the device, the timer on a made-up clock, and PCI look-up over
+// Physical memory with an ordinary file instead of the device, the timer on a made-up clock, and PCI look-up over
 // a bus of the test's own, so that it is the same on every machine.
 
 #include <errno.h>

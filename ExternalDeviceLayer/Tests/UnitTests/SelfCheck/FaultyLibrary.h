@@ -1,6 +1,6 @@
 // The library as the suites of the self-check see it in this test: each answer passes through SFault, which can make
-// one of them wrong. This header goes ahead of each source (see CMakeLists.txt), and its last lines put the classes
-// below in the place of the library's.
+// one of them wrong. This header goes ahead of each source (see CMakeLists.txt), and its last lines let the classes
+// below stand instead of the library's.
 
 #pragma once
 

@@ -6,7 +6,7 @@
 //
 // When memory runs out, every operation leaves all strings as they were before it (strong guarantee).
 //
-// Indexes and lengths count characters without the terminator. A null text counts as empty unless told otherwise; a
+// Indexes and lengths count characters without the terminator. A null text counts as empty unless stated otherwise; a
 // text of 2147483647 characters or more fits in no buffer: storing it reports and changes nothing. Where an operation
 // stands with int and with unsigned int, the unsigned form forwards to the other one: an index or a count above
 // 2147483647 is negative there, and is treated as the operation treats negative ones.

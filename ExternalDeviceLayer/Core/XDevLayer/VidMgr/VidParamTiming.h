@@ -1,7 +1,9 @@
 // One video timing as everybody sees it: geometry, rates, clock, polarities, source.
 //
 // Producers (tables, formulas, EDID descriptors) write through this interface and consumers read through it; how the
-// values are stored is the business of CVidParamTimingGeneric (hertz) and CRVidParamTiming (kilohertz).
+// values are stored is the business of CVidParamTimingGeneric (hertz) and CRVidParamTiming (kilohertz). A producer
+// writes the record of a plain CVidParamTimingGeneric directly, and asks `typeid` for the exact class; a class derived
+// from a timing is therefore compiled with RTTI.
 //
 // Units, for every accessor: active sizes, porches, syncs and totals in pixels (horizontal) or lines (vertical); clocks
 // and rates in hertz or kilohertz as the name says, whole numbers over the whole unsigned 32-bit range; flags 0 or not

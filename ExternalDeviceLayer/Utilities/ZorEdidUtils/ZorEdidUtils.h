@@ -5,6 +5,7 @@
 // Results are 1 for success and 0 for failure. A report is a CMArrayString: each element is the caller's line prefix
 // followed by one element of the report. Elements do not always end in a line feed, and some are nothing but one; the
 // caller decides what stands between them when it prints (the tools of this project print one element a line).
+// Elements of a report may share buffers; all of them belong to one thread.
 // A line prefix must not be null; it may be an element of the lines that the report replaces.
 //
 // When memory runs out, outputs hold what they held, a part of the result or nothing and may be used again; open files
@@ -42,8 +43,8 @@ public:
     static int ExtractEdidFromFile(CMString oPath, CByteArray& oData);
 
     // The whole file is the image. 0 for an empty path, a file that does not open, an empty one, one above INT_MAX
-    // bytes or one without a size (a folder); oData is then empty. A read that ends early is a success with zeros in
-    // the place of the rest; one that gives nothing at all is 0, and oData holds as many zeros as the file has bytes.
+    // bytes or one without a size (a folder); oData is then empty. A read that ends early is a success with zeros
+    // instead of the rest; one that gives nothing at all is 0, and oData holds as many zeros as the file has bytes.
     static int ExtractEdidFromBinFile(CMString oPath, CByteArray& oData);
 
     // A text table. Leading lines are skipped up to the marker line, which begins with 8 blanks and 40 underscores.

@@ -1,7 +1,7 @@
 // CEdidExtBlockCEA861: one 128-byte CEA-861 extension block (EDID extension tag 2, revisions 0 to 3).
 //
-// The block holds its own copy of the bytes and lists derived from them. Reading goes through the lists, and to the
-// bytes for detailed timings while they tell the places; an edit
+// The block holds its own copy of the bytes and lists derived from them. Table timings, audio and speakers are read
+// from the lists, detailed timings from the bytes, except where a step has moved bytes and left the lists. An edit
 // changes the bytes first, makes the checksum right and derives the touched lists again. So the bytes are always the
 // truth, and what GetEdidBuffer gives needs no serialising step.
 //
@@ -225,8 +225,10 @@ public:
     // exposes no data block, so that the counts stay at 0.
     int AddVendorSpecific();
 
-    // Raw steps. They leave byte 2, the checksum and all lists alone: the caller sets byte 2, calls UpdateChecksum and
-    // derives the lists again.
+    // Raw steps. They leave byte 2, the checksum and all lists alone: the caller sets byte 2 afterwards, not ahead of
+    // the step, calls UpdateChecksum and derives the lists again. RemoveDataRange, PadDataRange and StripDataBlocks
+    // list the places of codes and descriptors first, by byte 2 as it stands: they can run out of memory, ahead of any
+    // change.
     // RemoveDataRange closes the gap with the bytes behind, up to byte 126, and fills the tail with zeros; PadDataRange
     // writes zeros. A range that ends beyond the block reports an assertion failure and changes nothing.
     void RemoveDataRange(unsigned int uiStart, unsigned int uiLength);

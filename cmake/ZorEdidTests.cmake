@@ -1,6 +1,6 @@
 # Tests: one executable for each subsystem, run case by case by ctest, and programs whose output is compared.
 
-set(ZOREDID_SHARED_DIR "" CACHE PATH "Folder with reference/ and corpus/ for further tests (see docs/test-data.md)")
+set(ZOREDID_SHARED_DIR "" CACHE PATH "Folder with corpus/ for further tests (see docs/test-data.md)")
 if(ZOREDID_SHARED_DIR AND NOT IS_DIRECTORY "${ZOREDID_SHARED_DIR}")
   message(FATAL_ERROR "ZOREDID_SHARED_DIR names no folder: ${ZOREDID_SHARED_DIR}")
 endif()

@@ -1,5 +1,4 @@
-// Access to the optional folder with reference tables and real EDID images (docs/test-data.md). Tests that need it skip
-// where it is absent.
+// Access to the optional folder with real EDID images (docs/test-data.md). Tests that need it skip where it is absent.
 
 #pragma once
 

@@ -2,7 +2,8 @@
 // memory of the handles and is what programs normally use; there the operations are explained.
 //
 // The functions work in place on a record that the caller provides (OsServices_..._GetHandleSize bytes, aligned as
-// operator new[] aligns) and never allocate or free it. Results: 1 for success and 0 for failure unless stated otherwise.
+// operator new[] aligns) and never allocate or free it. Results: 1 for success and 0 for failure unless stated
+// otherwise.
 //
 // A null handle, and a failing system call where the text below says so, stop the process through the platform's
 // assertion, in every build type: they are faults of the calling code.

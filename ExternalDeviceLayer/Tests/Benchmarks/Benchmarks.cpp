@@ -1,12 +1,12 @@
-// What the library costs: time and allocations of loading, walking, computing, comparing, reporting and editing, and how
-// they grow with an image.
+// What the library costs: time and allocations of loading, walking, computing, comparing, reporting and editing, and
+// how they grow with an image.
 //
 //     cmake --preset benchmark && cmake --build --preset benchmark --target zor_benchmarks
 //     build/benchmark/ExternalDeviceLayer/Tests/Benchmarks/zor_benchmarks [OPTIONS] [FOLDER]
 //
 // FOLDER holds .bin images; without it the self-check's are taken. "Image_" rows run over all images, and their columns
-// are an image's: time, calls of operator new, timings or lines. An operation that refuses is an error: what is measured
-// is the work, not the way out.
+// are an image's: time, calls of operator new, timings or lines. A question or an edit that refuses is an error: what
+// is measured is the work, not the way out.
 
 #include <benchmark/benchmark.h>
 
@@ -39,8 +39,8 @@ int Load(CEdid& oEdid, const CBytes& aui8Image)
     return oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
 }
 
-// A CEA-861 block with codes 1 to uiCodes, and audio, speakers, an HDMI block with deep colour and a detailed timing when
-// bRich is set.
+// A CEA-861 block with codes 1 to uiCodes, and audio, speakers, an HDMI block with deep colour and a detailed timing
+// when bRich is set.
 CBytes MakeCeaBlock(unsigned int uiCodes, bool bRich)
 {
     CBytes aui8Block = ParseBytes("02 03 00 F0");

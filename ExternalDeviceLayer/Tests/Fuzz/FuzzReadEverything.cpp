@@ -5,7 +5,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
-    // All but one input in eight get their checksums repaired. Where the last byte asks for it, data blocks are stripped.
+    // All but one input in eight get their checksums repaired. Where the last byte asks for it, data blocks are
+    // stripped.
     const CBytes aui8Input(pui8Data, pui8Data + uiSize);
     const unsigned int uiLast = uiSize != 0 ? aui8Input.back() : 0;
     const unsigned int uiStripFlags = uiLast % 8 == 1 ? uiLast : 0;

@@ -1,4 +1,5 @@
-// What the fuzz targets, which are one source each, share: a quiet start, repairing images, stopping at a broken promise.
+// What the fuzz targets, which are one source each, share: a quiet start, repairing images, stopping at a broken
+// promise.
 
 #pragma once
 

@@ -242,7 +242,7 @@ struct SPlace
 
 constexpr unsigned long long JoinInverted(unsigned int uiHigh, unsigned int uiLow)
 {
-    return ~(static_cast<unsigned long long>(uiHigh) << 32 | uiLow);
+    return ~((static_cast<unsigned long long>(uiHigh) << 32) | uiLow);
 }
 
 // Modes in sorted order, as places that point to them: nothing is moved while they are sorted. The timings must stay

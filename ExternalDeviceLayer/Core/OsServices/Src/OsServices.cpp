@@ -126,7 +126,7 @@ constexpr double ToDouble(uint64_t uiValue)
         return static_cast<double>(static_cast<int64_t>(uiValue));
     }
     // Halved, with the lost bit kept in the lowest one so that rounding sees it.
-    return 2.0 * static_cast<double>(static_cast<int64_t>(uiValue >> 1 | (uiValue & 1)));
+    return 2.0 * static_cast<double>(static_cast<int64_t>((uiValue >> 1) | (uiValue & 1)));
 }
 
 constexpr double Truncate(double dValue) { return ToDouble(ToInteger(dValue)); }

@@ -134,7 +134,7 @@ private:
 };
 
 // Reading. A view, passed by value; the bytes are the block's and must outlive it. Null stands for a block that holds
-// nothing: every answer is then 0.
+// nothing: every offset, count and size is then 0.
 class CCea861Bytes
 {
 public:

@@ -230,7 +230,9 @@ public:
     // list the places of codes and descriptors first, by byte 2 as it stands: they can run out of memory, ahead of any
     // change.
     // RemoveDataRange closes the gap with the bytes behind, up to byte 126, and fills the tail with zeros; PadDataRange
-    // writes zeros. A range that ends beyond the block reports an assertion failure and changes nothing.
+    // writes zeros. A range that holds the checksum byte leaves it, and RemoveDataRange then zeroes the byte in front of
+    // the range instead. A range that ends beyond the block, or is removed whole, reports an assertion failure and
+    // changes nothing.
     void RemoveDataRange(unsigned int uiStart, unsigned int uiLength);
     void PadDataRange(unsigned int uiStart, unsigned int uiLength);
     void UpdateChecksum();
@@ -321,10 +323,10 @@ private:
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode; // ordinary timings
     CMArray<SVicCodeEntryLookUp, const SVicCodeEntryLookUp&> m_aoVicLookUp;
     CMArray<SVicCodeEntry, const SVicCodeEntry&> m_aoVicCode420; // timings in YCbCr 4:2:0
-    unsigned int m_uiDetailedCount = 0;
     int m_bStripped = 0;
     CMArray<SAudioDescriptor, const SAudioDescriptor&> m_aoAudio;
     CMArray<unsigned int, const unsigned int&> m_auiSpeaker;
+    unsigned int m_uiDetailedCount = 0;
     int m_bOccurrencesListed = 0; // 1 once m_aoVicLookUp is derived; it holds the places of that moment
     int m_bListsBehind = 0;       // 1 while lists may describe older bytes; the next edit then derives them all
 };

@@ -180,7 +180,8 @@ void GatherCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
     AddHdmiCodes(oBytes, gsc_oVendorVideoBlocks, oCodes);
 }
 
-// The ordinary timings, each once. They are drafted first, so that the list takes memory once and no more than it needs.
+// The ordinary timings, each once. They are drafted first, so that the list takes memory once and no more than it
+// needs.
 void ListTimings(const SAllCodes& oCodes, CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings)
 {
     SDraft<SVicCodeEntry> oDraft;

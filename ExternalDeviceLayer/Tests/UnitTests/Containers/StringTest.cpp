@@ -138,8 +138,27 @@ TEST_F(String, ChangesInEveryStateOfTheBuffer)
     }
 }
 
-// Random programs over strings and their model. Half of the bytes
-// are letters, so that searches find something.
+// Characters of the own buffer that a cut text left behind its end.
+TEST_F(String, OwnCharactersBehindTheEnd)
+{
+    const auto Make = [](int iLength) {
+        CMString oText("abcdefghij");
+        oText.GetBuffer(0);
+        oText.ReleaseBuffer(iLength);
+        return oText;
+    };
+    CMString oText = Make(2);
+    EXPECT_EQ(8, oText.Insert(0, Text(oText) + 4));
+    EXPECT_STREQ("efghijab", oText);
+    oText = Make(3);
+    oText += Text(oText) + 4;
+    EXPECT_STREQ("abcefghij", oText);
+    oText = Make(3);
+    oText.ConcatInPlace(5, Text(oText) + 4);
+    EXPECT_STREQ("abcefghi", oText);
+}
+
+// Random programs over strings and their model. Half of the bytes are letters, so that searches find something.
 TEST_F(String, OperationsAgreeWithStdString)
 {
     const CQuietMessages oQuiet;

@@ -102,6 +102,10 @@ TEST(EdidFile, RefusedFilesLeaveTheArrayEmpty)
             ExpectLoad(sPath, 0, {});
         }
     }
+    for (const char* pszDevice : { "/dev/null", "/dev/zero" }) // the second one never ends
+    {
+        ExpectLoad(Link("device.dat", pszDevice), 0, {});
+    }
     ExpectLoad(Link("readerror.dat", "/proc/self/mem"), 0, {}); // the first page of a process is never mapped
 }
 

@@ -92,6 +92,29 @@ TEST(Cea861Edit, LeavesTheBytesAndTheirLists)
     }
 }
 
+// The lists stand as they were, and are derived by the next edit alone.
+TEST(Cea861Edit, RawStepsLeaveTheLists)
+{
+    const CBytes aui8Block =
+        CompleteBlock(ParseBytes("02 03 11 00 42 90 04 23 09 07 07 83 0F 00 00 00 00 01 1D ..127 sum"));
+    void (*const apfnSteps[])(CEdidExtBlockCEA861&) = {
+        [](CEdidExtBlockCEA861& o) { o.RemoveDataRange(4, 3); },
+        [](CEdidExtBlockCEA861& o) { o.PadDataRange(4, 3); },
+        [](CEdidExtBlockCEA861& o) { o.StripDataBlocks(CEdidExtBlockCEA861::eStrip_Audio); },
+    };
+    for (auto* pfnStep : apfnSteps)
+    {
+        const CBlock poBlock = LoadBlock(aui8Block);
+        const CLists aoBefore = GetLists(*poBlock);
+        EXPECT_EQ(1U, aoBefore[eList_Detailed].size());
+        pfnStep(*poBlock);
+        EXPECT_NE(aui8Block, GetBytes(*poBlock));
+        EXPECT_EQ(aoBefore[eList_Table], GetLists(*poBlock)[eList_Table]);
+        EXPECT_EQ(aoBefore[eList_Audio], GetLists(*poBlock)[eList_Audio]);
+        EXPECT_EQ(1U, GetLists(*poBlock)[eList_Detailed].size());
+    }
+}
+
 // Here the removal uncovers an empty speaker block, which ends where the descriptors begin, and a second descriptor.
 TEST(Cea861Edit, RemovedTableTimingLeavesTheOtherListsToTheNextEdit)
 {

@@ -18,6 +18,7 @@ void* operator new(size_t uiSize)
         throw std::bad_alloc();
     }
     ++g_oFailingHeap.m_ulTaken;
+    g_oFailingHeap.m_ulBytes += uiSize;
     return p;
 }
 void operator delete(void* p) noexcept

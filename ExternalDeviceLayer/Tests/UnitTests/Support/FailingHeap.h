@@ -6,7 +6,8 @@ struct SFailingHeap
 {
     unsigned int m_uiLeft = 0;       // allocations until the one that throws std::bad_alloc, once; 0: none does
     unsigned long m_ulTaken = 0;     // blocks taken since the start,
-    unsigned long m_ulGivenBack = 0; // and those of them that were given back
+    unsigned long m_ulBytes = 0;     // the bytes asked for,
+    unsigned long m_ulGivenBack = 0; // and the blocks that were given back
 };
 
 extern constinit thread_local SFailingHeap g_oFailingHeap;

@@ -1,5 +1,6 @@
-// Programs over four strings, run on CMString and on its model side by side. Contents, lengths and answers stay equal; a
-// write to one string never shows in another. The fuzz target looks for programs, the test of strings takes random ones.
+// Programs over four strings, run on CMString and on its model side by side. Contents, lengths and answers stay equal;
+// a write to one string never shows in another. The fuzz target looks for programs, the test of strings takes random
+// ones.
 //
 //   a step  operation, strings (own: bits 0 and 1, other: bits 2 and 3), character, two numbers, a number of 32 bits,
 //           length of the text, the text

@@ -1,5 +1,5 @@
-// EDID files for tests and fuzz targets: a file that goes with its object, the text form of an image, and the check that
-// none was left open.
+// EDID files for tests and fuzz targets: a file that goes with its object, the text form of an image, and the check
+// that none was left open.
 
 #pragma once
 

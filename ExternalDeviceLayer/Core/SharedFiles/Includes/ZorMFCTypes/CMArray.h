@@ -97,7 +97,8 @@ TYPE& MOutsideElement()
     return s_oOutside;
 }
 
-// The array owns its buffer and its elements; elements that are pointers do not own what they point to.
+// The array owns its buffer and its elements; elements that are pointers do not own what they point to. Elements need a
+// default constructor that cannot fail.
 //
 // When memory runs out, the array is as it was before the call, but for the stored growth step (strong guarantee). The
 // exceptions are operations that assign elements which take memory of their own, such as locked strings: copy

@@ -99,7 +99,8 @@ public:
 
     // A buffer of this string alone with room for at least iMinLength characters; the text stays. Up to iMinLength
     // characters may be written, then ReleaseBuffer must be called. GetBuffer(0) may give the shared empty string,
-    // which must not be written. A length of INT_MAX reports, changes nothing and gives null.
+    // which must not be written. A negative length counts as 0. A length of INT_MAX reports, changes nothing and gives
+    // null.
     char* GetBuffer(int iMinLength);
     char* GetBuffer(unsigned int uiMinLength) { return GetBuffer(static_cast<int>(uiMinLength)); }
     // GetBuffer, then the length is iLength; new characters have no defined value. The shared empty string stays as it
@@ -188,13 +189,15 @@ public:
     void AppendFormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
     // An estimate of the formatted length; oList stays usable. Known are the conversions c C s S d i u x X o p e E g G
-    // f n with the size prefixes h, l and ll. Any other reports, counts nothing and takes no argument. A sum beyond
+    // f n with the size prefixes h, l and (but for c C s S) ll. Any other reports, counts nothing and takes no argument. A sum beyond
     // INT_MAX reports and gives -1, a null format reports and gives 0.
     //
     // Must not be used, as this estimate and the C library read different arguments:
-    // - hh, z, j and t, and F as a conversion;
+    // - hh, z, j and t, a, A and F as conversions, the flag ', numbered arguments, and ll with c, C, s and S: the
+    //   estimate takes no argument for what it does not know;
     // - L, and ll with e, E, f, g and G: the estimate takes a double, the C library a long double;
-    // - hS: the estimate takes a narrow text, the C library a wide one and reads beyond the narrow one's end.
+    // - hS: the estimate takes a narrow text, the C library a wide one and reads beyond the narrow one's end;
+    // - a text without a NUL, whatever the precision: the estimate looks for the NUL.
     //
     // It is enough for every text but these:
     // - an integer with a sign and a precision above 31, without a width;

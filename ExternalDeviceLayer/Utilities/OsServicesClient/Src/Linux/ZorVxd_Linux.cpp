@@ -98,7 +98,7 @@ void* ZorVxdMapMemoryLinux(unsigned int uiAddressLow, unsigned int uiAddressHigh
         g_oZorVxdSystemCalls.pfnFree(poNode);
         return nullptr;
     }
-    const unsigned long long uiAddress = static_cast<unsigned long long>(uiAddressHigh) << 32 | uiAddressLow;
+    const unsigned long long uiAddress = (static_cast<unsigned long long>(uiAddressHigh) << 32) | uiAddressLow;
     void* const pAddress = MapAndList(poNode, iFile, uiAddress, uiSize);
     g_oZorVxdSystemCalls.pfnClose(iFile); // the mapping stays
     if (pAddress == nullptr)

@@ -230,8 +230,8 @@ public:
     // list the places of codes and descriptors first, by byte 2 as it stands: they can run out of memory, ahead of any
     // change.
     // RemoveDataRange closes the gap with the bytes behind, up to byte 126, and fills the tail with zeros; PadDataRange
-    // writes zeros. A range that holds the checksum byte leaves it, and RemoveDataRange then zeroes the byte in front of
-    // the range instead. A range that ends beyond the block, or is removed whole, reports an assertion failure and
+    // writes zeros. A range that holds the checksum byte leaves it, and RemoveDataRange then zeroes the byte in front
+    // of the range instead. A range that ends beyond the block, or is removed whole, reports an assertion failure and
     // changes nothing.
     void RemoveDataRange(unsigned int uiStart, unsigned int uiLength);
     void PadDataRange(unsigned int uiStart, unsigned int uiLength);

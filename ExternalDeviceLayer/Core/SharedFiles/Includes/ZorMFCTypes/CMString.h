@@ -189,7 +189,7 @@ public:
     void AppendFormatV(const char* pszFormat, va_list oList) __attribute__((format(printf, 2, 0)));
 
     // An estimate of the formatted length; oList stays usable. Known are the conversions c C s S d i u x X o p e E g G
-    // f n with the size prefixes h, l and (but for c C s S) ll. Any other reports, counts nothing and takes no argument.
+    // f n with the size prefixes h, l and (but for c C s S) ll. Others report, count nothing and take no argument.
     // A sum beyond INT_MAX reports and gives -1, a null format reports and gives 0.
     //
     // Must not be used, as this estimate and the C library read different arguments:

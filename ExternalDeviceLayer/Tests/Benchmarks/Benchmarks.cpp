@@ -374,7 +374,7 @@ int main(int iArguments, char** apszArguments)
     {
         benchmark::RegisterBenchmark(pszName, GrowBlocks, fnRun)->RangeMultiplier(2)->Range(1, 255)->Complexity();
     }
-    benchmark::RegisterBenchmark("Grow_WalkTimings", GrowTimings)->DenseRange(10, 50, 10)->Complexity();
+    benchmark::RegisterBenchmark("Grow_WalkTimings", GrowTimings)->DenseRange(10, 100, 10)->Complexity();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

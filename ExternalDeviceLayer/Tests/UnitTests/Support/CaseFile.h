@@ -45,31 +45,7 @@ struct SCaseRow
         return auiNumbers;
     }
 
-    CBytes GetBytes(size_t uiField) const
-    {
-        CBytes aui8Bytes;
-        std::istringstream oStream(GetText(uiField));
-        for (std::string sToken; oStream >> sToken;)
-        {
-            if (sToken == "sum")
-            {
-                aui8Bytes.push_back(0);
-                FixSum(aui8Bytes, 0, aui8Bytes.size() - 1);
-            }
-            else if (sToken.starts_with(".."))
-            {
-                aui8Bytes.resize(std::stoul(sToken.substr(2)));
-            }
-            else
-            {
-                const size_t uiStar = sToken.find('*');
-                const size_t uiTimes = uiStar != std::string::npos ? std::stoul(sToken.substr(uiStar + 1)) : 1;
-                aui8Bytes.insert(aui8Bytes.end(), uiTimes,
-                                 static_cast<unsigned char>(std::stoul(sToken.substr(0, uiStar), nullptr, 16)));
-            }
-        }
-        return aui8Bytes;
-    }
+    CBytes GetBytes(size_t uiField) const { return ParseBytes(GetText(uiField)); }
 };
 
 // pszFile  path below Tests/UnitTests. Fails the test when the file has no row or a row has another number of fields.

@@ -157,10 +157,10 @@ public:
     TYPE* GetData() { return m_pData; }
     const TYPE* GetData() const { return m_pData; }
 
-    // An index outside the array reports and gives a zeroed element that is no part of it.
+    // An index outside the array reports and gives a zeroed element of no array. NOLINT: a counted one has a buffer.
     const TYPE& GetAt(int iIndex) const { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
     const TYPE& operator[](int iIndex) const { return GetAt(iIndex); }
-    TYPE& operator[](int iIndex) { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); }
+    TYPE& operator[](int iIndex) { return IsInside(iIndex) ? m_pData[iIndex] : MOutsideElement<TYPE>(); } // NOLINT
     const TYPE& GetAt(unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
     const TYPE& operator[](unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
     TYPE& operator[](unsigned int uiIndex) { return (*this)[static_cast<int>(uiIndex)]; }

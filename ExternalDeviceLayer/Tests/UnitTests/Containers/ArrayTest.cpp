@@ -74,7 +74,7 @@ TEST(ArrayGrowth, AllocatesByAStepThatIsDerivedOnceOrGiven)
             aui8Model.resize(iSize >= 0 ? static_cast<size_t>(iSize) : aui8Model.size());
             ASSERT_EQ(aui8Model, Elements(oArray)); // new ones are 0
             aui8Model.assign(aui8Model.size(), 7);
-            ZorTools_memset(oArray.GetData(), 7, oArray.GetCount());
+            std::fill_n(oArray.GetData(), oArray.GetCount(), static_cast<unsigned char>(7));
         }
         oArray.FreeExtra();
         oArray.FreeExtra(); // there is none any more

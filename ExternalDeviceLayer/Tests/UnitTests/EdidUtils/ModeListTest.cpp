@@ -43,6 +43,21 @@ TEST(ModeListOrder, KeysInTheirOrder)
     }
 }
 
+// More than the library's sort keeps in order by itself. The line rate is no key.
+TEST(ModeListOrder, ManyEqualsStayAsTheyStood)
+{
+    CModeList oModes;
+    for (unsigned int i = 0; i < 40; ++i)
+    {
+        oModes.Add(MakeTiming({ 1920, 1080, 60, i }));
+    }
+    SortModes(oModes);
+    for (unsigned int i = 0; i < 40; ++i)
+    {
+        EXPECT_EQ(i, oModes[i].GetHorizontalRateInHz());
+    }
+}
+
 TEST(ModeText, BothForms)
 {
     for (const SCaseRow& oRow : ReadCases("EdidUtils/golden/cases/texts.txt", 4))

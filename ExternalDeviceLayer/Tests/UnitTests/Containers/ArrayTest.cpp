@@ -2,7 +2,6 @@
 
 #include <limits.h>
 
-#include <iterator>
 #include <utility>
 
 #include "CapturedOutput.h"
@@ -27,13 +26,6 @@ public:
     unsigned int m_uiValue; // left to the zero fill
     static inline std::string ms_sCalls;
 };
-
-template <class NUMBER = unsigned int>
-std::vector<NUMBER> ToNumbers(const std::string& sText)
-{
-    std::istringstream oStream(sText);
-    return { std::istream_iterator<NUMBER>(oStream), std::istream_iterator<NUMBER>() };
-}
 
 template <class NUMBER>
 std::vector<NUMBER> Elements(const CMArray<NUMBER, const NUMBER&>& oArray)
@@ -65,8 +57,7 @@ TEST(ArrayGrowth, AllocatesByAStepThatIsDerivedOnceOrGiven)
         CCountingAllocator oHeap;
         CMArray<unsigned char, const unsigned char&> oArray;
         CBytes aui8Model;
-        std::istringstream oSizes(oRow.GetText(1));
-        for (std::string sSize; oSizes >> sSize;)
+        for (const std::string& sSize : oRow.GetWords(1))
         {
             const size_t uiSlash = sSize.find('/');
             const int iSize = std::stoi(sSize);
@@ -78,7 +69,7 @@ TEST(ArrayGrowth, AllocatesByAStepThatIsDerivedOnceOrGiven)
         }
         oArray.FreeExtra();
         oArray.FreeExtra(); // there is none any more
-        EXPECT_EQ(ToNumbers<unsigned long>(oRow.GetText(2)), oHeap.GetSizes());
+        EXPECT_EQ(oRow.GetNumbers(2), CNumbers(oHeap.GetSizes().begin(), oHeap.GetSizes().end()));
         EXPECT_EQ(aui8Model, Elements(oArray));
     }
     CMArrayString oStrings;
@@ -180,9 +171,9 @@ TEST(ArraySort, CallsStandInBubbleOrderAndEqualsStay)
     for (const SCaseRow& oRow : ReadCases("Containers/golden/sorts.txt", 4))
     {
         s_sCalls.clear();
-        CNumberArray oArray = Numbers(ToNumbers(oRow.GetText(1)));
+        CNumberArray oArray = Numbers(oRow.GetNumbers(1));
         EXPECT_EQ(1, oArray.SortElements(CompareTens, 0x123456789ABCDEF0));
         EXPECT_EQ(oRow.GetText(2), s_sCalls);
-        EXPECT_EQ(ToNumbers(oRow.GetText(3)), Elements(oArray));
+        EXPECT_EQ(oRow.GetNumbers(3), Elements(oArray));
     }
 }

@@ -18,9 +18,15 @@
 
 #include "TestBytes.h"
 
+inline unsigned int ParseNumber(const std::string& sText) // "0x" for hexadecimal
+{
+    return static_cast<unsigned int>(std::stoul(sText, nullptr, 0));
+}
+
 struct SCaseRow
 {
     std::vector<std::string> m_asFields; // the name first
+    std::string m_sPlace;                // file and line
 
     const std::string& GetName() const { return m_asFields[0]; }
     const std::string& GetText(size_t uiField) const { return m_asFields.at(uiField); }
@@ -29,23 +35,30 @@ struct SCaseRow
         std::istringstream oStream(GetText(uiField));
         return { std::istream_iterator<std::string>(oStream), std::istream_iterator<std::string>() };
     }
-    unsigned int GetNumber(size_t uiField) const
+    // What does not read ends the test with the place of the row.
+    template <class READ>
+    auto Read(READ fnRead, const std::string& sText) const
     {
-        return static_cast<unsigned int>(std::stoul(GetText(uiField), nullptr, 0)); // "0x" for hexadecimal
+        try
+        {
+            return fnRead(sText);
+        }
+        catch (const std::logic_error&)
+        {
+            throw std::runtime_error(m_sPlace + ": \"" + sText + "\" does not read");
+        }
     }
-
+    unsigned int GetNumber(size_t uiField) const { return Read(ParseNumber, GetText(uiField)); }
     std::vector<unsigned int> GetNumbers(size_t uiField) const // separated by blanks
     {
         std::vector<unsigned int> auiNumbers;
-        std::istringstream oStream(GetText(uiField));
-        for (std::string sToken; oStream >> sToken;)
+        for (const std::string& sWord : GetWords(uiField))
         {
-            auiNumbers.push_back(static_cast<unsigned int>(std::stoul(sToken, nullptr, 0)));
+            auiNumbers.push_back(Read(ParseNumber, sWord));
         }
         return auiNumbers;
     }
-
-    CBytes GetBytes(size_t uiField) const { return ParseBytes(GetText(uiField)); }
+    CBytes GetBytes(size_t uiField) const { return Read(ParseBytes, GetText(uiField)); }
 };
 
 // pszFile  path below Tests/UnitTests. Fails the test when the file has no row or a row has another number of fields.
@@ -53,9 +66,11 @@ inline std::vector<SCaseRow> ReadCases(const char* pszFile, size_t uiFields)
 {
     std::vector<SCaseRow> aoRows;
     std::ifstream oFile(std::string(ZOREDID_SOURCE_DIR "/ExternalDeviceLayer/Tests/UnitTests/") + pszFile);
+    unsigned int uiLine = 0;
     for (std::string sLine; std::getline(oFile, sLine);)
     {
         SCaseRow oRow;
+        oRow.m_sPlace = pszFile + (":" + std::to_string(++uiLine));
         std::istringstream oStream(sLine.substr(0, sLine.find('#')));
         for (std::string sField; std::getline(oStream, sField, '|');)
         {
@@ -67,7 +82,7 @@ inline std::vector<SCaseRow> ReadCases(const char* pszFile, size_t uiFields)
         {
             continue;
         }
-        EXPECT_EQ(uiFields, oRow.m_asFields.size()) << pszFile << ": " << sLine;
+        EXPECT_EQ(uiFields, oRow.m_asFields.size()) << oRow.m_sPlace;
         oRow.m_asFields.resize(uiFields);
         aoRows.push_back(oRow);
     }

@@ -11,7 +11,6 @@
 #include "CapturedOutput.h"
 #include "CaseFile.h"
 #include "CountingAllocator.h"
-#include "EditCheck.h"
 #include "TimingValues.h"
 
 namespace

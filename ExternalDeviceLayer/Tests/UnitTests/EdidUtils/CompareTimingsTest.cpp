@@ -4,22 +4,13 @@
 
 namespace
 {
-CByteArray MakeArray(const std::string& sImage)
-{
-    const CBytes aui8Bytes = MakeImage(sImage);
-    CByteArray oArray;
-    oArray.SetCount(static_cast<unsigned int>(aui8Bytes.size()), -1);
-    std::copy(aui8Bytes.begin(), aui8Bytes.end(), oArray.GetData());
-    return oArray;
-}
-
 TEST(CompareTimings, WhatCountsAsAChange)
 {
     for (const SCaseRow& oRow : ReadCases("EdidUtils/golden/cases/compare.txt", 6))
     {
         SCOPED_TRACE(oRow.GetName());
-        const CByteArray oFirst = MakeArray(oRow.GetText(1));
-        const CByteArray oSecond = MakeArray(oRow.GetText(2));
+        const CByteArray oFirst = ToArray(MakeImage(oRow.GetText(1)));
+        const CByteArray oSecond = ToArray(MakeImage(oRow.GetText(2)));
         CCapturedOutput oOutput;
         std::string sResults;
         std::string sReverse;

@@ -7,32 +7,11 @@
 
 #include "CountingAllocator.h"
 #include "EdidUtilsTestHelp.h"
+#include "TemporaryFile.h"
 
 namespace
 {
-const std::string gsc_sMarker = std::string(8, ' ') + std::string(40, '_');
 constexpr unsigned char gsc_ui8Old = 0x5A; // what the array holds before the call
-
-CBytes GetBytes(const CByteArray& oArray) { return CBytes(oArray.GetData(), oArray.GetData() + oArray.GetCount()); }
-
-long CountOpenDescriptors()
-{
-    const std::filesystem::directory_iterator oDescriptors("/proc/self/fd");
-    return std::distance(begin(oDescriptors), end(oDescriptors));
-}
-
-// By the rules of the format, without labels.
-std::string MakeTable(const CBytes& aui8Data, size_t uiColumns, const std::string& sLineEnd)
-{
-    std::string sText = "128 BYTES OF EDID CODE:" + sLineEnd + gsc_sMarker;
-    for (size_t i = 0; i < aui8Data.size(); ++i)
-    {
-        char szCell[8];
-        snprintf(szCell, sizeof(szCell), "  %02X", aui8Data[i]);
-        sText += (i % uiColumns == 0 ? sLineEnd + "  0 |" : "") + szCell;
-    }
-    return sText + sLineEnd;
-}
 
 CBytes MakeCountingBytes(size_t uiCount)
 {
@@ -62,12 +41,13 @@ void ExpectLoad(const std::string& sPath, int bExpected, const CBytes& aui8Expec
 {
     CByteArray oData;
     oData.Add(gsc_ui8Old);
-    const long lDescriptors = CountOpenDescriptors();
-    CCapturedOutput oOutput;
+    CCapturedOutput oOutput; // ahead of the descriptor: it opens some, too
+    const int iDescriptor = GetNextDescriptor();
     const int bLoaded = CZorEdidUtils::ExtractEdidFromFile(CMString(sPath.c_str()), oData);
+    const int iDescriptorBehind = GetNextDescriptor();
     const std::string sOutput = oOutput.Take();
     std::filesystem::remove(sPath);
-    EXPECT_EQ(lDescriptors, CountOpenDescriptors());
+    EXPECT_EQ(iDescriptor, iDescriptorBehind);
     EXPECT_EQ(bExpected, bLoaded) << sPath;
     EXPECT_EQ(aui8Expected, GetBytes(oData)) << sPath;
     EXPECT_EQ(bExpected != 0 ? 0U : 1U, CCapturedOutput::CountAssertions(sOutput)) << sPath;
@@ -77,7 +57,7 @@ void ExpectLoad(const std::string& sPath, int bExpected, const CBytes& aui8Expec
 TEST(EdidFile, KindIsToldByThePath)
 {
     const CBytes aui8Bytes = MakeCountingBytes(128);
-    const std::string sTable = MakeTable(aui8Bytes, 16, "\n");
+    const std::string sTable = MakeTextTable(aui8Bytes, 16, "\n");
     const CBytes aui8Raw = ToBytes(sTable);
     ExpectLoad(Write("of.no.kind", sTable), 0, { gsc_ui8Old }); // the array is left alone
     ExpectLoad(Write("CASE.BIN", sTable), 1, aui8Raw);
@@ -97,7 +77,7 @@ TEST(EdidFile, RefusedFilesLeaveTheArrayEmpty)
         ExpectLoad(Link("folder" + sKind, "/proc"), 0, {});
         if (geteuid() != 0) // root reads every file
         {
-            const std::string sPath = Write("locked" + sKind, MakeTable(MakeCountingBytes(128), 16, "\n"));
+            const std::string sPath = Write("locked" + sKind, MakeTextTable(MakeCountingBytes(128), 16, "\n"));
             std::filesystem::permissions(sPath, std::filesystem::perms::none);
             ExpectLoad(sPath, 0, {});
         }
@@ -115,7 +95,7 @@ TEST(EdidFile, ReadErrorInsideTheTableIsRefused)
     const std::string sPath = GetPath("pipe.dat");
     ASSERT_EQ(0, mkfifo(sPath.c_str(), 0600));
     const int iPipe = open(sPath.c_str(), O_RDWR);
-    const std::string sTable = MakeTable(MakeCountingBytes(128), 16, "\n");
+    const std::string sTable = MakeTextTable(MakeCountingBytes(128), 16, "\n");
     ASSERT_EQ(static_cast<ssize_t>(sTable.size()), write(iPipe, sTable.data(), sTable.size()));
     struct sigaction oAction = {};
     oAction.sa_handler = [](int) {};
@@ -153,7 +133,7 @@ TEST(EdidFile, NoLimitButThatOfTheArray)
         {
             GTEST_SKIP() << "no sparse files of this size here";
         }
-        const long lDescriptors = CountOpenDescriptors();
+        const int iDescriptor = GetNextDescriptor();
         CCountingAllocator oHeap(lLargest - 1);
         CByteArray oData;
         try
@@ -164,7 +144,7 @@ TEST(EdidFile, NoLimitButThatOfTheArray)
         {
         }
         EXPECT_EQ(lSize == lLargest ? 1U : 0U, oHeap.GetRefusedCount()) << lSize;
-        EXPECT_EQ(lDescriptors, CountOpenDescriptors());
+        EXPECT_EQ(iDescriptor, GetNextDescriptor());
         std::filesystem::remove(sPath);
     }
 }
@@ -178,7 +158,7 @@ TEST(EdidFile, TablesLoadBackToTheSameBytes)
     {
         for (const char* pszLineEnd : { "\n", "\r\n" })
         {
-            ExpectLoad(Write("table.dat", MakeTable(aui8Bytes, uiColumns, pszLineEnd)), 1, aui8Bytes);
+            ExpectLoad(Write("table.dat", MakeTextTable(aui8Bytes, uiColumns, pszLineEnd)), 1, aui8Bytes);
         }
     }
 }
@@ -186,7 +166,7 @@ TEST(EdidFile, TablesLoadBackToTheSameBytes)
 TEST(EdidFile, LargeTableIsCopiedAFewTimesOnly)
 {
     const CBytes aui8Bytes = MakeCountingBytes(1U << 18); // 1 MiB of text
-    const std::string sPath = Write("large.dat", MakeTable(aui8Bytes, 16, "\n"));
+    const std::string sPath = Write("large.dat", MakeTextTable(aui8Bytes, 16, "\n"));
     constexpr int iStep = 5000;
     CCountingAllocator oHeap;
     CByteArray oData;
@@ -202,7 +182,7 @@ TEST(EdidFile, LargeTableIsCopiedAFewTimesOnly)
 std::string MakeContent(const std::string& sPieces)
 {
     const std::map<std::string, std::string> oWords = {
-        { "MARK", gsc_sMarker }, { "CR", "\r" }, { "LF", "\n" }, { "NUL", std::string(1, '\0') }
+        { "MARK", gsc_sTableMarker }, { "CR", "\r" }, { "LF", "\n" }, { "NUL", std::string(1, '\0') }
     };
     std::string sContent;
     std::istringstream oPieces(sPieces);

@@ -13,7 +13,6 @@
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
-using CByteArray = CZorEdidUtils::CByteArray;
 using CModeList = CZorEdidUtils::CModeList;
 using CTexts = std::vector<std::string>;
 

@@ -24,18 +24,12 @@ std::unique_ptr<CBlock> Load(const CBytes& aui8Bytes)
 
 // ---- The block as a whole ----
 
-CBytes WithChange(size_t uiOffset, unsigned char ui8Value)
-{
-    CBytes aui8Block = MakeDisplayIdBlock({});
-    aui8Block[uiOffset] = ui8Value;
-    return aui8Block;
-}
-
 TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
 {
-    const CBytes aaui8Cases[] = { FixChecksums(WithChange(0, 0x02)), // tag
-                                  FixChecksums(WithChange(5, 1)),    // sum of the section
-                                  WithChange(127, 1),                // sum of the block
+    const CBytes aui8Good = MakeDisplayIdBlock({});
+    const CBytes aaui8Cases[] = { FixChecksums(WithChange(aui8Good, 0, 0x02)), // tag
+                                  FixChecksums(WithChange(aui8Good, 5, 1)),    // sum of the section
+                                  WithChange(aui8Good, 127, 1),                // sum of the block
                                   MakeDisplayIdBlock({}, 0, 0x13), MakeDisplayIdBlock({}, 255) };
     CCountingAllocator oHeap;
     CCapturedOutput oOutput;

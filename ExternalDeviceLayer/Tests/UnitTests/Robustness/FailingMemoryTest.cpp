@@ -18,8 +18,6 @@
 
 namespace
 {
-using CByteArray = CZorEdidUtils::CByteArray;
-
 // Everything that is worked on.
 struct SObjects
 {

@@ -18,15 +18,19 @@ inline CBytes MakeImageWithAllBlocks()
     return FixChecksums(aui8Image);
 }
 
-// Those of the self-check and two more.
+// Those of the self-check and three more.
 inline std::map<std::string, CBytes> GetImages()
 {
     // A base block of version 1.4, digital, with a wrong checksum, which its edits mend; a CEA-861 block with an empty
     // display descriptor in place of a timing: removals of table timings move its tag to where a pixel clock would be.
     CBytes aui8WrongSum = MakeEdid({ ParseBytes("02 03 09 00 44 90 04 03 02 00 00 00 10 ..127 sum") });
     ++aui8WrongSum[gsc_uiBlockSize - 1];
-    std::map<std::string, CBytes> oImages = { { "all blocks", MakeImageWithAllBlocks() },
-                                              { "wrong sum", aui8WrongSum } };
+    std::map<std::string, CBytes> oImages = {
+        { "all blocks", MakeImageWithAllBlocks() },
+        { "wrong sum", aui8WrongSum },
+        // A DisplayID block refuses each removal, which then falls to the block behind it.
+        { "DisplayID first", MakeEdid({ MakeFullDisplayIdBlock(), MakeCeaBlock() }) },
+    };
     for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
     {
         oImages[oImage.m_pszName] = ToBytes(*oImage.m_paui8Image);

@@ -39,16 +39,17 @@ inline int GetNextDescriptor()
     return iDescriptor;
 }
 
-// A marker line, then rows of ten bytes.
-inline std::string MakeTextTable(const CBytes& aui8Image)
+inline const std::string gsc_sTableMarker = std::string(8, ' ') + std::string(40, '_');
+
+// A title, the marker line, then rows of that many bytes.
+inline std::string MakeTextTable(const CBytes& aui8Image, size_t uiColumns = 10, const std::string& sLineEnd = "\n")
 {
-    std::string sTable = "        ________________________________________";
+    std::string sTable = "128 BYTES OF EDID CODE:" + sLineEnd + gsc_sTableMarker;
     for (size_t i = 0; i < aui8Image.size(); ++i)
     {
-        char szCell[32];
-        snprintf(szCell, sizeof(szCell), i % 10 == 0 ? "\n0 |  %02X" : "  %02X",
-                 static_cast<unsigned int>(aui8Image[i]));
-        sTable += szCell;
+        char szCell[8];
+        snprintf(szCell, sizeof(szCell), "  %02X", static_cast<unsigned int>(aui8Image[i]));
+        sTable += (i % uiColumns == 0 ? sLineEnd + "  0 |" : "") + szCell;
     }
-    return sTable + "\n\n";
+    return sTable + sLineEnd;
 }

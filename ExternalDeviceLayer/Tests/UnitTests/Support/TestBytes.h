@@ -26,6 +26,12 @@ CBytes ToBytes(const RANGE& aui8Bytes)
     return CBytes(aui8Bytes.begin(), aui8Bytes.end());
 }
 
+inline CBytes WithChange(CBytes aui8Bytes, size_t uiOffset, unsigned char ui8Value)
+{
+    aui8Bytes.at(uiOffset) = ui8Value;
+    return aui8Bytes;
+}
+
 inline void Append(CBytes& aui8To, const CBytes& aui8Bytes)
 {
     aui8To.insert(aui8To.end(), aui8Bytes.begin(), aui8Bytes.end());
@@ -113,38 +119,19 @@ inline CBytes GetBytes(const CEdidExtBlock& oBlock)
     return CBytes(oBlock.GetData(), oBlock.GetData() + oBlock.GetSize());
 }
 
-inline CBytes Serialise(const CEdid& oEdid)
+using CByteArray = CMArray<unsigned char, const unsigned char&>;
+
+inline CBytes GetBytes(const CByteArray& aui8Bytes)
 {
-    const CMArray<unsigned char, const unsigned char&> aui8Data = oEdid.GetEdidBuffer();
-    return CBytes(aui8Data.GetData(), aui8Data.GetData() + aui8Data.GetCount());
+    return CBytes(aui8Bytes.GetData(), aui8Bytes.GetData() + aui8Bytes.GetCount());
 }
 
-// Bytes that an operation may change, from the first byte of what is checked: the whole EDID or one block.
-struct SEditedBytes
+inline CByteArray ToArray(const CBytes& aui8Bytes)
 {
-    unsigned int m_uiOffset;
-    unsigned int m_uiCount;
-};
-
-// Empty when only bytes named here differ, apart from the last byte of the blocks that they lie in, whose sums are 0;
-// else a text that names what is wrong. Each range lies in one block; one of no bytes names the checksum of its block.
-inline std::string CheckEditedBytes(const CBytes& aui8Before, const CBytes& aui8After,
-                                    const std::vector<SEditedBytes>& aoEdited)
-{
-    CBytes aui8Expected = aui8Before;
-    bool bSums = aui8After.size() == aui8Before.size();
-    for (size_t i = 0; bSums && i < aoEdited.size(); ++i)
-    {
-        const auto [uiOffset, uiCount] = aoEdited[i];
-        const size_t uiSum = uiOffset / gsc_uiBlockSize * gsc_uiBlockSize + gsc_uiBlockSize - 1;
-        std::copy_n(&aui8After.at(uiOffset), uiCount, &aui8Expected[uiOffset]);
-        aui8Expected[uiSum] = aui8After.at(uiSum);
-        bSums = std::accumulate(&aui8After[uiSum + 1 - gsc_uiBlockSize], &aui8After[uiSum] + 1, 0U) % 256 == 0;
-    }
-    const auto itWrong =
-        std::mismatch(aui8Expected.begin(), aui8Expected.end(), aui8After.begin(), aui8After.end()).first;
-    return !bSums ? "the size changed, or the checksum of a block is wrong"
-           : itWrong == aui8Expected.end()
-               ? ""
-               : "byte " + std::to_string(itWrong - aui8Expected.begin()) + " is none of the edit's";
+    CByteArray oArray;
+    oArray.SetCount(static_cast<unsigned int>(aui8Bytes.size()), -1);
+    std::copy(aui8Bytes.begin(), aui8Bytes.end(), oArray.GetData());
+    return oArray;
 }
+
+inline CBytes Serialise(const CEdid& oEdid) { return GetBytes(oEdid.GetEdidBuffer()); }

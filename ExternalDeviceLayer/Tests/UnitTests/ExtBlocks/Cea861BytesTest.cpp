@@ -1,4 +1,4 @@
-// The bytes of a CEA-861 block without its lists: finding data blocks, and the edits that move bytes.
+// The edits that move bytes of a CEA-861 block, without its lists.
 
 #include <gtest/gtest.h>
 
@@ -16,47 +16,6 @@ CBytes MakeBlock(const CBytes& aui8FromByte2)
     aui8Block.resize(127);
     aui8Block.push_back(0xEE);
     return aui8Block;
-}
-
-struct SFindCase
-{
-    const char* m_pszName;
-    unsigned char m_ui8Start; // byte 2
-    unsigned int m_uiRevision;
-    SDataBlockKind m_oKind;
-    unsigned int m_uiIndex;
-    SDataBlock m_oFound;
-};
-
-const SFindCase gsc_aoFindCases[] = {
-    { "first of its tag", 18, 3, { 1, false }, 0, { 5, 3 } },
-    { "an empty block is found", 18, 3, { 1, false }, 1, { 14, 0 } },
-    { "no third", 18, 3, { 1, false }, 2, { 0, 0 } },
-    { "behind the extended tag", 18, 3, { 14, true }, 0, { 12, 1 } },
-    { "a block without room for its extended tag ends the search", 18, 3, { 14, true }, 1, { 0, 0 } },
-    { "but is found by its tag", 18, 3, { 7, false }, 1, { 15, 0 } },
-    { "none below revision 3", 18, 2, { 1, false }, 0, { 0, 0 } },
-    { "a block may begin in front of byte 2's offset", 9, 3, { 2, false }, 0, { 9, 1 } },
-    { "and not at it", 8, 3, { 2, false }, 0, { 0, 0 } },
-    { "none over the header", 3, 3, { 1, false }, 0, { 0, 0 } },
-    { "a block up to byte 126", 255, 3, { 5, false }, 0, { 122, 5 } },
-    { "and none past it", 255, 3, { 6, false }, 0, { 0, 0 } },
-};
-
-TEST(Cea861Bytes, FindDataBlocks)
-{
-    CBytes aui8Block = MakeBlock({ 0, 0, 0x23, 7, 7, 7, 0x41, 16, 0xE2, 14, 95, 0x20, 0xE0, 0xE2, 14, 1 });
-    for (const SFindCase& oCase : gsc_aoFindCases)
-    {
-        SCOPED_TRACE(oCase.m_pszName);
-        aui8Block[2] = oCase.m_ui8Start;
-        aui8Block[121] = oCase.m_oKind.m_uiTag == 6 ? 0xC6 : 0xA5; // tag and length, the same number
-        const auto pui8Exact = CopyToHeap(aui8Block);
-        const CCea861Bytes oBytes(pui8Exact.get(), oCase.m_uiRevision);
-        const SDataBlock oFound = oBytes.FindDataBlock(oCase.m_oKind, oCase.m_uiIndex);
-        EXPECT_EQ(oCase.m_oFound.m_uiOffset, oFound.m_uiOffset);
-        EXPECT_EQ(oCase.m_oFound.m_uiLength, oFound.m_uiLength);
-    }
 }
 
 using CEdit = std::function<unsigned int(CCea861Editor&, unsigned int, unsigned int)>;
@@ -107,15 +66,5 @@ TEST(Cea861Bytes, EditsMoveBytesOrChangeNothing)
         EXPECT_EQ(oCase.m_uiResult, oCase.m_fnEdit(oEditor, oCase.m_uiFirst, oCase.m_uiSecond));
         EXPECT_EQ(MakeBlock(oCase.m_aui8After.empty() ? oCase.m_aui8Before : oCase.m_aui8After), aui8Block);
     }
-}
-
-TEST(Cea861Bytes, UndoPutsBackWhatDidNotComplete)
-{
-    CBytes aui8Block = MakeBlock({ 6, 0, 0x41, 16 });
-    {
-        const CCea861Undo oUndo(aui8Block.data());
-        CCea861Editor(aui8Block.data(), 3).RemoveDataBlocks(2);
-    }
-    EXPECT_EQ(MakeBlock({ 6, 0, 0x41, 16 }), aui8Block);
 }
 } // namespace

@@ -1,6 +1,5 @@
 // What all reports share, and what no stored report shows: lists of the caller's, refusals, numbering.
 
-#include "EdidExtBlockDisplayID.h"
 #include "EdidUtilsTestHelp.h"
 
 namespace
@@ -87,39 +86,6 @@ TEST(ExtendedReport, DetailedTimingThatDoesNotReadHasNoElement)
     ASSERT_LT(3, asElements.end() - oCount);
     EXPECT_EQ("      Detailed #2 : 1920 x 1080 @  60 Hz Pix clock = 148500 KHz", oCount[2]);
     EXPECT_EQ("\n", oCount[3]);
-}
-
-// A block of any tag.
-class CTaggedBlock : public CEdidExtBlockDisplayID
-{
-public:
-    explicit CTaggedBlock(unsigned int uiTag)
-        : CEdidExtBlockDisplayID(128, MakeDisplayIdBlock({}).data()), m_uiTag(uiTag)
-    {
-    }
-    unsigned int GetExtensionType() const override { return m_uiTag; }
-
-private:
-    unsigned int m_uiTag;
-};
-
-TEST(Report, NamesOfBlockTypes)
-{
-    const std::pair<unsigned int, const char*> aoCases[] = {
-        { 2, "EIA/CEA 861" },
-        { 16, "Video timing block" },
-        { 64, "Display information" },
-        { 80, "Localized String" },
-        { 96, "Digital Packet Video Link" },
-        { 112, "DisplayID" },
-        { 240, "Map" },
-        { 255, "Defined by manufacturer" },
-        { 258, "Unknown" },
-    };
-    for (const auto& [uiTag, pszName] : aoCases)
-    {
-        EXPECT_STREQ(pszName, static_cast<const char*>(CZorEdidUtils::GetExtensionType(CTaggedBlock(uiTag))));
-    }
 }
 
 TEST(ModesReport, NumbersGrowFromTwoDigits)

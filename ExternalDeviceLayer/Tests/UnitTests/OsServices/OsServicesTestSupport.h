@@ -56,6 +56,12 @@ struct SWatched<CALL>
     static void Start(CALLS& oCalls) { Start(oCalls, oCalls.*CALL); }
 };
 
+template <class... WATCHED>
+void Watch(auto& oCalls)
+{
+    (WATCHED::Start(oCalls), ...);
+}
+
 // Many times over, the operation leaves no block behind; the smallest takes 32 bytes of the heap. Under a sanitizer,
 // which has a heap of its own, only its search for leaks sees such blocks.
 template <class OPERATION>

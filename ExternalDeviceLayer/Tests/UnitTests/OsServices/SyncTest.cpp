@@ -35,11 +35,7 @@ class Sync : public COsTest
 protected:
     void SetUp() override
     {
-        SWaits::Start(g_oOsServicesCalls);
-        STimedWaits::Start(g_oOsServicesCalls);
-        SBroadcasts::Start(g_oOsServicesCalls);
-        SDestroyedMutexes::Start(g_oOsServicesCalls);
-        SCancels::Start(g_oOsServicesCalls);
+        Watch<SWaits, STimedWaits, SBroadcasts, SDestroyedMutexes, SCancels>(g_oOsServicesCalls);
         ASSERT_EQ(1, m_oServices.Event_Create(m_hEvent));
         ASSERT_EQ(1, m_oServices.Signal_Create(m_hSignal));
         ASSERT_EQ(1, m_oServices.Mutex_Create(m_hMutex));

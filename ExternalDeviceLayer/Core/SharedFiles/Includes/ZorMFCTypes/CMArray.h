@@ -63,7 +63,8 @@ void MDestructElements(TYPE* poElements, int iCount)
     {
         for (int i = 0; i < iCount; ++i)
         {
-            poElements[i].TYPE::~TYPE(); // elements are exactly of this type: no virtual call
+            // Elements are exactly of this type. A virtual call took 3 % of the instructions of extracting modes.
+            poElements[i].TYPE::~TYPE();
         }
     }
 }

@@ -1,0 +1,23 @@
+// An EDID image from wherever the user has it: a raw file, a text table, a hex dump of another tool, base64, standard
+// input, a pipe or a connector of this machine.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct SInput
+{
+    std::string m_sName;                    // as the user gave it
+    std::vector<unsigned char> m_aui8Bytes; // the image
+    std::string m_sForm;                    // what it was taken for, such as "raw image" or "xxd dump"
+    std::string m_sProblem;                 // why there is no image; empty when there is one
+
+    bool IsGood() const { return m_sProblem.empty(); }
+};
+
+// Reads one input. "-" is standard input. A name that is no file is looked for among the connectors. Throws nothing.
+SInput ReadInput(const std::string& sName);
+
+// The image in bytes of any known form; sName names it in messages.
+SInput DecodeInput(const std::string& sName, const std::string& sContent);

@@ -1,0 +1,27 @@
+// One turn for each of many inputs, in several threads, with the output in the order of the inputs. Memory does not
+// grow with their number.
+
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Input.h"
+#include "Tool.h"
+
+struct SFiles
+{
+    std::vector<std::string> m_asNames;
+    std::string m_sListFile; // names, one a line; "-" is standard input
+    bool m_bNulSeparated = false;
+    unsigned int m_uiJobs = 1;
+};
+
+// Declares FILE..., --files-from, -0 and -j.
+void AddFileOptions(CLI::App& oCommand, SFiles& oFiles);
+
+// Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes an
+// error line and eExit_Input. What the library writes during a turn goes to the turn's error text with --verbose, and
+// nowhere otherwise.
+void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);

@@ -1,0 +1,49 @@
+// What the subcommands of zoredid share: exit statuses, what one image's turn gives, and how a subcommand joins the
+// command line. Each subcommand is a file of its own: it declares its options, calls the library and prints.
+
+#pragma once
+
+#include <string>
+
+namespace CLI
+{
+class App;
+}
+
+enum EExit : int
+{
+    eExit_Good = 0,
+    eExit_Finding = 1,     // files that differ, findings of weight
+    eExit_CommandLine = 2, // the command line is wrong
+    eExit_Input = 3        // an input cannot be read or loaded; all others are still done
+};
+
+// What one image's turn gives. It is printed whole, in the order of the inputs, whichever thread made it.
+struct SOutcome
+{
+    std::string m_sOut;   // standard output
+    std::string m_sError; // standard error: whole lines
+    EExit m_eExit = eExit_Good;
+};
+
+// The state of one run, set by the options that stand ahead of the subcommand.
+struct STool
+{
+    bool m_bVerbose = false; // the library's messages, and what an input was taken for, on standard error
+    EExit m_eExit = eExit_Good;
+
+    // The worst of all turns decides.
+    void Note(EExit eExit) { m_eExit = eExit > m_eExit ? eExit : m_eExit; }
+};
+
+// One line on standard error, "zoredid: TEXT".
+void PrintError(const std::string& sText);
+
+void AddReportCommand(CLI::App& oApp, STool& oTool);
+void AddModesCommand(CLI::App& oApp, STool& oTool);
+void AddCompareCommand(CLI::App& oApp, STool& oTool);
+void AddCheckCommand(CLI::App& oApp, STool& oTool);
+void AddEditCommand(CLI::App& oApp, STool& oTool);
+void AddTimingCommand(CLI::App& oApp, STool& oTool);
+void AddListCommand(CLI::App& oApp, STool& oTool);
+void AddConvertCommand(CLI::App& oApp, STool& oTool);

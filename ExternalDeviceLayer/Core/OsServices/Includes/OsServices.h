@@ -52,7 +52,14 @@ public:
 
     // ---- Messages. One line on standard output: head "PREFIX[ID]: (Level) ", then the caller's text. ----
     // The caller's format carries its own line end. Head and text are two writes; nothing is flushed.
-    // The switches are plain unlocked words: set them from one thread, before others write.
+    // The switches and the writer are plain unlocked words: set them from one thread, before others write.
+
+    // Takes over all writing of messages from the client, which writes to standard output: head and text come to
+    // pfnWriter one after the other, each with its format and arguments, in the thread that has the message. The writer
+    // must be safe to call from every thread that uses the library, and must not call the message members.
+    //   pfnWriter  null, as at start, is the client's writer
+    using CMsgWriter = void (*)(const char* pszFormat, va_list oList);
+    static void SetMsgWriter(CMsgWriter pfnWriter);
 
     static void WriteErrorMsg(const char* pszFormat, ...) __attribute__((format(printf, 1, 2))); // "(Error)"
     static void WriteUserMsg(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));  // "(Info)"
@@ -191,6 +198,7 @@ public:
 private:
     friend class COsServicesTestAccess; // the unit tests set the random state and look at the host's byte
 
+    static void WriteText(const char* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
     // Head and text of one line, or nothing when bEnable is 0. The head's format takes prefix and reference id.
     static void WriteLine(int bEnable, const char* pszHeadFormat, const char* pszFormat, va_list oList)
         __attribute__((format(printf, 3, 0)));
@@ -210,4 +218,5 @@ private:
     static int ms_bIsMessagePrefixEnabled;
     static char ms_szMsgPrefix[msc_uiMsgPrefixSize];
     static unsigned long ms_uiReferenceId;
+    static CMsgWriter ms_pfnMsgWriter; // null: the client's writer
 };

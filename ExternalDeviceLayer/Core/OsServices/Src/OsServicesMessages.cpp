@@ -1,4 +1,4 @@
-// The message members of OsServices: gates, line head, and the hand-over to the client's writer.
+// The message members of OsServices: gates, line head, and the hand-over to the writer.
 // The members that need an object stand in OsServices.cpp.
 
 #include "OsServices.h"
@@ -14,6 +14,7 @@ constinit int OsServices::ms_bEnableInfo = 0;
 constinit int OsServices::ms_bIsMessagePrefixEnabled = 1;
 constinit char OsServices::ms_szMsgPrefix[OsServices::msc_uiMsgPrefixSize] = "nr4";
 constinit unsigned long OsServices::ms_uiReferenceId = 0;
+constinit OsServices::CMsgWriter OsServices::ms_pfnMsgWriter = nullptr;
 
 void OsServices::WriteErrorMsg(const char* pszFormat, ...)
 {
@@ -43,9 +44,11 @@ void OsServices::WriteMsgInternal(const char* pszFormat, ...)
 {
     va_list oList;
     va_start(oList, pszFormat);
-    OsServices_WriteMsg(pszFormat, oList);
+    WriteText(pszFormat, oList);
     va_end(oList);
 }
+
+void OsServices::SetMsgWriter(CMsgWriter pfnWriter) { ms_pfnMsgWriter = pfnWriter; }
 
 void OsServices::SetMsgLevel(int bError, int bUser, int bInfo)
 {
@@ -93,6 +96,16 @@ const char* OsServices::GetFileNameOnlySubSring(const char* pszPath)
     return pszPath;
 }
 
+void OsServices::WriteText(const char* pszFormat, va_list oList)
+{
+    if (ms_pfnMsgWriter != nullptr)
+    {
+        ms_pfnMsgWriter(pszFormat, oList);
+        return;
+    }
+    OsServices_WriteMsg(pszFormat, oList);
+}
+
 void OsServices::WriteLine(int bEnable, const char* pszHeadFormat, const char* pszFormat, va_list oList)
 {
     if (bEnable == 0)
@@ -103,5 +116,5 @@ void OsServices::WriteLine(int bEnable, const char* pszHeadFormat, const char* p
     {
         WriteMsgInternal(pszHeadFormat, ms_szMsgPrefix, static_cast<unsigned long long>(ms_uiReferenceId));
     }
-    OsServices_WriteMsg(pszFormat, oList);
+    WriteText(pszFormat, oList);
 }

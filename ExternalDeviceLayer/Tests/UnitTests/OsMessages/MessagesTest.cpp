@@ -81,6 +81,22 @@ TEST_F(Messages, HeadAndTextAreTwoWrites)
     EXPECT_EQ("text-3", oOutput.Take());
 }
 
+TEST_F(Messages, AWriterTakesOverHeadAndText)
+{
+    static std::string s_sWritten;
+    s_sWritten.clear();
+    OsServices::SetMsgWriter([](const char* pszFormat, va_list oList) {
+        char szText[64];
+        vsnprintf(szText, sizeof(szText), pszFormat, oList);
+        s_sWritten += std::string("|") + szText;
+    });
+    EXPECT_EQ("", WriteAll());
+    OsServices::WriteMsgInternal("i%d", 4);
+    EXPECT_EQ("|nr4[0]: (Error) |e1\n|nr4[0]: (Info) |u2\n|i4", s_sWritten);
+    OsServices::SetMsgWriter(nullptr);
+    EXPECT_EQ("nr4[0]: (Error) e1\nnr4[0]: (Info) u2\n", WriteAll());
+}
+
 TEST_F(Messages, HeadCarriesPrefixAndReferenceId)
 {
     OsServices::SetMsgReferenceId(ULONG_MAX);

@@ -1,0 +1,13 @@
+// The reader of text tables without the file around it: it opens nothing and prints nothing. The form is told in
+// ZorEdidUtils.h, at ExtractEdidFromDatFile. Private to the project, which reads tables from memory with it, too.
+
+#pragma once
+
+#include <stdio.h>
+
+#include "ZorEdidUtils.h"
+
+// Reads from where poFile stands to the line behind the table and replaces oData by the bytes, of whatever number.
+// False when there is no marker line, or it ends the file without a line feed; oData is then left alone. False also
+// when reading failed; oData then holds the bytes in front of that place.
+bool ReadEdidTable(FILE* poFile, CZorEdidUtils::CByteArray& oData);

@@ -1,5 +1,5 @@
-// Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and behind programs of edits.
-// Numbers and programs over strings are found as fast without.
+// Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and behind programs of edits;
+// dumps of other tools. Numbers and programs over strings are found as fast without.
 //   MakeSeeds FOLDER    the folders FOLDER/FuzzReadEverything and so on must exist
 
 #include <fstream>
@@ -9,6 +9,29 @@
 #include "DisplayIdImages.h"
 #include "EditRunner.h"
 #include "TemporaryFile.h"
+
+namespace
+{
+// An image's first bytes in the forms of FuzzInput that no image is written in. The fuzzer does the rest.
+constexpr const char* gsc_apszInputs[] = {
+    "\tEDID:\n\t\t00ffffffffffff00\n\t\t0469\n",
+    "REGEDIT4\n\"EDID\"=hex:00,ff,ff,\\\n  ff,ff\n\"0\"=hex:00,ff\n",
+    "0000000 177400 177777 177777 000377\n*\n0000040 062004\n0000042\n",
+    "00000000  00 ff ff ff ff ff ff 00  04 69 |.........i|\n0000000a\n",
+    "00000000: 00ff ffff ffff ff00 0469  .........i\n*\n00000014: 00\n",
+    "// head\nx[] = { 0x00, 255, /* n */ 0377u };",
+    "data:;base64,AP///////wAEaQ==",
+    "00-FF-FF\n*\n",
+};
+
+void WriteSeed(const std::filesystem::path& oFolder, const char* pszTarget, const std::string& sName,
+               const std::string& sSeed)
+{
+    std::ofstream oFile(oFolder / pszTarget / sName, std::ios::binary);
+    oFile.exceptions(std::ios::failbit | std::ios::badbit); // ends the program
+    oFile << sSeed << std::flush;
+}
+} // namespace
 
 int main(int /*iCount*/, char** ppszArguments)
 {
@@ -28,14 +51,14 @@ int main(int /*iCount*/, char** ppszArguments)
     for (const auto& [sName, aui8Image] : oImages)
     {
         const std::string sImage(aui8Image.begin(), aui8Image.end());
-        for (const auto& [pszTarget, sSeed] : { std::pair{ "FuzzReadEverything", sImage },
-                                                { "FuzzFiles", MakeTextTable(aui8Image) },
-                                                { "FuzzEditSequence", sProgram + sImage } })
-        {
-            std::ofstream oFile(std::filesystem::path(ppszArguments[1]) / pszTarget / sName, std::ios::binary);
-            oFile.exceptions(std::ios::failbit | std::ios::badbit); // ends the program
-            oFile << sSeed << std::flush;
-        }
+        WriteSeed(ppszArguments[1], "FuzzReadEverything", sName, sImage);
+        WriteSeed(ppszArguments[1], "FuzzFiles", sName, MakeTextTable(aui8Image));
+        WriteSeed(ppszArguments[1], "FuzzInput", sName, MakeTextTable(aui8Image));
+        WriteSeed(ppszArguments[1], "FuzzEditSequence", sName, sProgram + sImage);
+    }
+    for (size_t i = 0; i < std::size(gsc_apszInputs); ++i)
+    {
+        WriteSeed(ppszArguments[1], "FuzzInput", std::to_string(i), gsc_apszInputs[i]);
     }
     return 0;
 }

@@ -1,21 +1,123 @@
-// Reading an input and telling its form.
+// Reading an input from a file, standard input or a connector. Its forms are told in InputForms.cpp.
 
 #include "Input.h"
 
-#include <fstream>
-#include <iterator>
+#include <errno.h>
+#include <fcntl.h>
+#include <string.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-SInput DecodeInput(const std::string& sName, const std::string& sContent)
+#include "Connectors.h"
+
+namespace
 {
-    return { sName, { sContent.begin(), sContent.end() }, "raw image", "" };
+constexpr size_t gsc_uiLongest = size_t{ 4 } << 20; // bytes; a registry export of many monitors has its place
+constexpr size_t gsc_uiPiece = size_t{ 1 } << 14;
+
+SInput MakeProblem(const std::string& sName, const std::string& sProblem) { return { sName, {}, "", sProblem }; }
+
+// Why what lies behind a name is not read; empty when it is. A terminal is a device that one can type at.
+std::string GetProblemOfKind(const struct stat& oStatus, bool bTerminal)
+{
+    if (S_ISDIR(oStatus.st_mode))
+    {
+        return "is a folder";
+    }
+    if (S_ISBLK(oStatus.st_mode) || (S_ISCHR(oStatus.st_mode) && !bTerminal))
+    {
+        return "is a device";
+    }
+    return "";
 }
+
+// Reads to the end, whatever size the system tells: files below /sys tell none.
+SInput ReadOpenFile(const std::string& sName, int iFile)
+{
+    std::string sContent;
+    for (;;)
+    {
+        const size_t uiSize = sContent.size();
+        sContent.resize(uiSize + gsc_uiPiece);
+        const ssize_t iRead = read(iFile, sContent.data() + uiSize, gsc_uiPiece);
+        const int iError = errno;
+        sContent.resize(uiSize + static_cast<size_t>(iRead > 0 ? iRead : 0));
+        if (iRead == 0)
+        {
+            return DecodeInput(sName, sContent);
+        }
+        if (iRead < 0 && iError != EINTR)
+        {
+            return MakeProblem(sName, std::string("cannot be read: ") + strerror(iError));
+        }
+        if (sContent.size() > gsc_uiLongest)
+        {
+            return MakeProblem(sName, "is longer than 4 MiB");
+        }
+    }
+}
+
+SInput ReadStandardInput(const std::string& sName)
+{
+    struct stat oStatus;
+    if (fstat(STDIN_FILENO, &oStatus) != 0)
+    {
+        return MakeProblem(sName, std::string("cannot be read: ") + strerror(errno));
+    }
+    const std::string sProblem = GetProblemOfKind(oStatus, isatty(STDIN_FILENO) != 0);
+    return sProblem.empty() ? ReadOpenFile(sName, STDIN_FILENO) : MakeProblem(sName, sProblem);
+}
+
+SInput ReadFile(const std::string& sName, const std::string& sPath)
+{
+    const int iFile = open(sPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    if (iFile < 0)
+    {
+        return MakeProblem(sName, std::string("cannot be opened: ") + strerror(errno));
+    }
+    SInput oInput = ReadOpenFile(sName, iFile);
+    close(iFile);
+    return oInput;
+}
+
+SInput ReadConnector(const std::string& sName)
+{
+    const std::vector<SConnector> aoFound = FindConnectors(sName);
+    if (aoFound.empty())
+    {
+        return MakeProblem(sName, "neither a file nor a connector of this machine");
+    }
+    if (aoFound.size() > 1)
+    {
+        return MakeProblem(sName,
+                           "several connectors have this name: " + aoFound[0].m_sName + ", " + aoFound[1].m_sName);
+    }
+    SInput oInput = ReadFile(sName, aoFound[0].m_sEdidPath);
+    if (oInput.IsGood())
+    {
+        oInput.m_sForm = "connector " + aoFound[0].m_sName;
+    }
+    else
+    {
+        oInput.m_sProblem = "connector " + aoFound[0].m_sName + " (" + aoFound[0].m_sState + ") has no EDID";
+    }
+    return oInput;
+}
+} // namespace
 
 SInput ReadInput(const std::string& sName)
 {
-    std::ifstream oFile(sName, std::ios::binary);
-    if (!oFile)
+    if (sName == "-")
     {
-        return { sName, {}, "", "cannot be opened" };
+        return ReadStandardInput(sName);
     }
-    return DecodeInput(sName, { std::istreambuf_iterator<char>(oFile), {} });
+    struct stat oStatus;
+    if (stat(sName.c_str(), &oStatus) != 0)
+    {
+        return errno == ENOENT ? ReadConnector(sName)
+                               : MakeProblem(sName, std::string("cannot be opened: ") + strerror(errno));
+    }
+    // Asked ahead of opening, which may already act on a device.
+    const std::string sProblem = GetProblemOfKind(oStatus, false);
+    return sProblem.empty() ? ReadFile(sName, sName) : MakeProblem(sName, sProblem);
 }

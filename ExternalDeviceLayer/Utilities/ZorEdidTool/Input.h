@@ -9,14 +9,15 @@
 struct SInput
 {
     std::string m_sName;                    // as the user gave it
-    std::vector<unsigned char> m_aui8Bytes; // the image
+    std::vector<unsigned char> m_aui8Bytes; // the image: 1 byte to 256 blocks; whether it is one is the caller's to see
     std::string m_sForm;                    // what it was taken for, such as "raw image" or "xxd dump"
-    std::string m_sProblem;                 // why there is no image; empty when there is one
+    std::string m_sProblem;                 // why there is no image, one line; empty when there is one
 
     bool IsGood() const { return m_sProblem.empty(); }
 };
 
-// Reads one input. "-" is standard input. A name that is no file is looked for among the connectors. Throws nothing.
+// Reads one input. "-" is standard input. A name that is no file is looked for among the connectors. Folders and
+// devices are not read, and nothing is read beyond 4 MiB. Throws nothing but for want of memory.
 SInput ReadInput(const std::string& sName);
 
 // The image in bytes of any known form; sName names it in messages.

@@ -2,25 +2,388 @@
 
 #include "ManyFiles.h"
 
-#include <CLI/CLI.hpp>
+#include <errno.h>
 #include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <CLI/CLI.hpp>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "Messages.h"
 
 void PrintError(const std::string& sText) { fprintf(stderr, "zoredid: %s\n", sText.c_str()); }
 
-void AddFileOptions(CLI::App& oCommand, SFiles& oFiles) { oCommand.add_option("FILE", oFiles.m_asNames, "Images"); }
+std::string MakeErrorLine(const std::string& sName, const std::string& sReason)
+{
+    std::string sLine = "zoredid: " + sName + ": ";
+    for (char& c : sLine)
+    {
+        const unsigned char ui8Value = static_cast<unsigned char>(c);
+        c = ui8Value < ' ' || ui8Value == 0x7F ? '?' : c;
+    }
+    return sLine + sReason + "\n";
+}
+
+void FinishOutput(STool& oTool)
+{
+    const bool bFailed = ferror(stdout) != 0;
+    if (fflush(stdout) != 0 || bFailed)
+    {
+        PrintError(std::string("standard output: ") + (errno != 0 ? strerror(errno) : "cannot be written"));
+        oTool.Note(eExit_Input);
+    }
+}
+
+void AddFileOptions(CLI::App& oCommand, SFiles& oFiles)
+{
+    oCommand.add_option("FILE", oFiles.m_asNames, "Images in any form, \"-\" for standard input, or connectors");
+    oCommand
+        .add_option("--files-from", oFiles.m_sListFile,
+                    "Read more names from this file, one a line; \"-\" is standard input")
+        ->type_name("FILE");
+    oCommand.add_flag("-0,--null", oFiles.m_bNulSeparated, "The names of --files-from end with a NUL each");
+    oCommand.add_option("-j,--jobs", oFiles.m_uiJobs, "Images that are processed at the same time")
+        ->type_name("N")
+        ->check(CLI::Range(1U, 256U));
+}
+
+namespace
+{
+// The names of a run, one after the other. They are never all in memory.
+class CNames
+{
+public:
+    explicit CNames(const SFiles& oFiles) : m_oFiles(oFiles) {}
+    ~CNames()
+    {
+        if (m_poList != nullptr && m_poList != stdin)
+        {
+            fclose(m_poList);
+        }
+        free(m_pcLine);
+    }
+    CNames(const CNames&) = delete;
+    CNames& operator=(const CNames&) = delete;
+
+    // False with errno set when there is a list that cannot be opened.
+    bool Open()
+    {
+        if (!m_oFiles.m_sListFile.empty())
+        {
+            m_poList = m_oFiles.m_sListFile == "-" ? stdin : fopen(m_oFiles.m_sListFile.c_str(), "re");
+            return m_poList != nullptr;
+        }
+        return true;
+    }
+
+    // Empty lines are no names.
+    bool Next(std::string& sName)
+    {
+        if (m_uiNext < m_oFiles.m_asNames.size())
+        {
+            sName = m_oFiles.m_asNames[m_uiNext++];
+            return true;
+        }
+        const char cEnd = m_oFiles.m_bNulSeparated ? '\0' : '\n';
+        ssize_t iLength = 0;
+        while (m_poList != nullptr && (iLength = getdelim(&m_pcLine, &m_uiLineSize, cEnd, m_poList)) > 0)
+        {
+            sName.assign(m_pcLine, static_cast<size_t>(iLength));
+            if (sName.back() == cEnd)
+            {
+                sName.pop_back();
+            }
+            if (!sName.empty())
+            {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // Whether the list broke off.
+    bool HasFailed() const { return m_poList != nullptr && ferror(m_poList) != 0; }
+
+    // 0 when it shows at the end only.
+    size_t GetCount() const { return m_poList == nullptr ? m_oFiles.m_asNames.size() : 0; }
+
+private:
+    const SFiles& m_oFiles;
+    size_t m_uiNext = 0;
+    FILE* m_poList = nullptr;
+    char* m_pcLine = nullptr; // of getdelim
+    size_t m_uiLineSize = 0;
+};
+
+// A line on standard error that is written over and over, and only on a terminal.
+class CProgress
+{
+public:
+    CProgress(bool bWanted, size_t uiCount) : m_uiCount(uiCount), m_bShown(bWanted && isatty(STDERR_FILENO) != 0) {}
+
+    void Step()
+    {
+        ++m_uiDone;
+        const auto oNow = std::chrono::steady_clock::now();
+        if (!m_bShown || oNow < m_oNext)
+        {
+            return;
+        }
+        m_oNext = oNow + std::chrono::milliseconds(100);
+        constexpr size_t uiWidth = 40; // characters
+        const size_t uiFilled = m_uiCount != 0 ? uiWidth * m_uiDone / m_uiCount : 0;
+        const std::string sBar = std::string(uiFilled, '#') + std::string(uiWidth - uiFilled, '.');
+        m_uiCount != 0 ? fprintf(stderr, "\r[%s] %zu/%zu", sBar.c_str(), m_uiDone, m_uiCount)
+                       : fprintf(stderr, "\r%zu images", m_uiDone);
+        m_bVisible = true;
+    }
+
+    // Before anything else is written to a terminal.
+    void Clear()
+    {
+        if (m_bVisible)
+        {
+            fputs("\r\x1B[K", stderr);
+            m_bVisible = false;
+        }
+    }
+
+private:
+    size_t m_uiCount;
+    size_t m_uiDone = 0;
+    bool m_bShown;
+    bool m_bVisible = false;
+    std::chrono::steady_clock::time_point m_oNext;
+};
+
+std::string DescribeForm(const SInput& oInput)
+{
+    return oInput.m_sForm.empty() ? "" : MakeErrorLine(oInput.m_sName, "taken for " + oInput.m_sForm);
+}
+
+SOutcome RunTurn(const std::string& sName, bool bVerbose, const std::function<SOutcome(const SInput&)>& fnTurn)
+{
+    SOutcome oOutcome;
+    std::string sForm;
+    TakeMessages(); // of whatever came before
+    try
+    {
+        const SInput oInput = ReadInput(sName);
+        sForm = DescribeForm(oInput);
+        oOutcome =
+            oInput.IsGood() ? fnTurn(oInput) : SOutcome{ "", MakeErrorLine(sName, oInput.m_sProblem), eExit_Input };
+    }
+    catch (const std::exception& oFault)
+    {
+        oOutcome = { "", MakeErrorLine(sName, oFault.what()), eExit_Input };
+    }
+    if (bVerbose)
+    {
+        oOutcome.m_sError = sForm + TakeMessages() + oOutcome.m_sError;
+    }
+    return oOutcome;
+}
+
+void Print(const SOutcome& oOutcome, CProgress& oProgress, STool& oTool)
+{
+    if (!oOutcome.m_sOut.empty() || !oOutcome.m_sError.empty())
+    {
+        oProgress.Clear();
+    }
+    fwrite(oOutcome.m_sOut.data(), 1, oOutcome.m_sOut.size(), stdout);
+    if (!oOutcome.m_sError.empty())
+    {
+        fflush(stdout); // so that both are in order where they go to one place
+        fwrite(oOutcome.m_sError.data(), 1, oOutcome.m_sError.size(), stderr);
+    }
+    oTool.Note(oOutcome.m_eExit);
+    oProgress.Step();
+}
+
+// The turns between the one that is printed next and the one that was begun last.
+class CWindow
+{
+public:
+    CWindow(CNames& oNames, size_t uiSize) : m_oNames(oNames), m_uiSize(uiSize) {}
+
+    // Run by each thread: takes names and does their turns until there are none.
+    template <class TURN>
+    void Work(const TURN& fnTurn)
+    {
+        std::string sName;
+        for (STurn* poTurn = Begin(sName); poTurn != nullptr; poTurn = Begin(sName))
+        {
+            SOutcome oOutcome = fnTurn(sName);
+            const std::lock_guard<std::mutex> oLock(m_oMutex);
+            poTurn->m_oOutcome = std::move(oOutcome);
+            poTurn->m_bDone = true;
+            m_oDone.notify_one();
+        }
+    }
+
+    // The next outcome in the order of the names. False at the end.
+    bool Take(SOutcome& oOutcome)
+    {
+        std::unique_lock<std::mutex> oLock(m_oMutex);
+        m_oDone.wait(oLock, [&] { return m_apoTurns.empty() ? m_bEnded : m_apoTurns.front()->m_bDone; });
+        if (m_apoTurns.empty())
+        {
+            return false;
+        }
+        oOutcome = std::move(m_apoTurns.front()->m_oOutcome);
+        m_apoTurns.pop_front();
+        m_oSpace.notify_one();
+        return true;
+    }
+
+    // No turn is begun any more.
+    void End()
+    {
+        const std::lock_guard<std::mutex> oLock(m_oMutex);
+        m_bEnded = true;
+        m_oSpace.notify_all();
+        m_oDone.notify_one();
+    }
+
+private:
+    struct STurn
+    {
+        SOutcome m_oOutcome;
+        bool m_bDone = false;
+    };
+
+    // One thread at a time waits for space and for the name, so that turns stand in the order of the names. Reading a
+    // name may take long; what is done by then can be printed all the same. Null at the end.
+    STurn* Begin(std::string& sName)
+    {
+        const std::lock_guard<std::mutex> oNamesLock(m_oNamesMutex);
+        {
+            std::unique_lock<std::mutex> oLock(m_oMutex);
+            m_oSpace.wait(oLock, [&] { return m_bEnded || m_apoTurns.size() < m_uiSize; });
+            if (m_bEnded)
+            {
+                return nullptr;
+            }
+        }
+        if (!m_oNames.Next(sName))
+        {
+            End();
+            return nullptr;
+        }
+        const std::lock_guard<std::mutex> oLock(m_oMutex);
+        m_apoTurns.push_back(std::make_unique<STurn>());
+        return m_apoTurns.back().get();
+    }
+
+    CNames& m_oNames;
+    const size_t m_uiSize;
+    std::mutex m_oNamesMutex; // held while the next name is read; taken ahead of the other one
+    std::mutex m_oMutex;      // guards what follows
+    std::condition_variable m_oDone;
+    std::condition_variable m_oSpace;
+    std::deque<std::unique_ptr<STurn>> m_apoTurns;
+    bool m_bEnded = false; // there are no more names
+};
+
+// All threads of a run; they are joined whatever happens.
+class CThreads
+{
+public:
+    explicit CThreads(CWindow& oWindow) : m_oWindow(oWindow) {}
+    ~CThreads()
+    {
+        m_oWindow.End();
+        for (std::thread& oThread : m_aoThreads)
+        {
+            oThread.join();
+        }
+    }
+    CThreads(const CThreads&) = delete;
+    CThreads& operator=(const CThreads&) = delete;
+
+    template <class WORK>
+    void Start(const WORK& fnWork)
+    {
+        m_aoThreads.emplace_back(fnWork);
+    }
+
+private:
+    CWindow& m_oWindow;
+    std::vector<std::thread> m_aoThreads;
+};
+
+// Output that cannot be written ends the run: no later turn could be printed.
+bool CanPrint() { return ferror(stdout) == 0; }
+} // namespace
 
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn)
 {
-    for (const std::string& sName : oFiles.m_asNames)
+    if (oFiles.m_asNames.empty() && oFiles.m_sListFile.empty())
     {
-        const SInput oInput = ReadInput(sName);
-        SOutcome oOutcome = { "", "zoredid: " + sName + ": " + oInput.m_sProblem + "\n", eExit_Input };
-        if (oInput.IsGood())
-        {
-            oOutcome = fnTurn(oInput);
-        }
-        fwrite(oOutcome.m_sOut.data(), 1, oOutcome.m_sOut.size(), stdout);
-        fwrite(oOutcome.m_sError.data(), 1, oOutcome.m_sError.size(), stderr);
-        oTool.Note(oOutcome.m_eExit);
+        PrintError("FILE or --files-from is required (see --help)");
+        oTool.Note(eExit_CommandLine);
+        return;
     }
+    CNames oNames(oFiles);
+    if (!oNames.Open())
+    {
+        fputs(MakeErrorLine(oFiles.m_sListFile, std::string("cannot be opened: ") + strerror(errno)).c_str(), stderr);
+        oTool.Note(eExit_Input);
+        return;
+    }
+    CProgress oProgress(oFiles.m_bProgress, oNames.GetCount());
+    const bool bVerbose = oTool.m_bVerbose;
+    if (oFiles.m_uiJobs <= 1)
+    {
+        std::string sName;
+        while (CanPrint() && oNames.Next(sName))
+        {
+            Print(RunTurn(sName, bVerbose, fnTurn), oProgress, oTool);
+        }
+    }
+    else
+    {
+        constexpr size_t uiTurnsOfAThread = 8; // so that one long turn does not stop the others at once
+        CWindow oWindow(oNames, uiTurnsOfAThread * oFiles.m_uiJobs);
+        CThreads oThreads(oWindow);
+        for (unsigned int i = 0; i < oFiles.m_uiJobs; ++i)
+        {
+            oThreads.Start([&oWindow, &fnTurn, bVerbose] {
+                oWindow.Work([&](const std::string& sName) { return RunTurn(sName, bVerbose, fnTurn); });
+            });
+        }
+        SOutcome oOutcome;
+        while (CanPrint() && oWindow.Take(oOutcome))
+        {
+            Print(oOutcome, oProgress, oTool);
+        }
+    }
+    oProgress.Clear();
+    if (oNames.HasFailed())
+    {
+        fputs(MakeErrorLine(oFiles.m_sListFile, "cannot be read").c_str(), stderr);
+        oTool.Note(eExit_Input);
+    }
+}
+
+SInput ReadOneInput(const std::string& sName, STool& oTool)
+{
+    SInput oInput = ReadInput(sName);
+    if (oTool.m_bVerbose)
+    {
+        fputs(DescribeForm(oInput).c_str(), stderr);
+    }
+    if (!oInput.IsGood())
+    {
+        fputs(MakeErrorLine(sName, oInput.m_sProblem).c_str(), stderr);
+        oTool.Note(eExit_Input);
+    }
+    return oInput;
 }

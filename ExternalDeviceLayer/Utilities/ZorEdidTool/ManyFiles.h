@@ -13,9 +13,10 @@
 struct SFiles
 {
     std::vector<std::string> m_asNames;
-    std::string m_sListFile; // names, one a line; "-" is standard input
+    std::string m_sListFile; // names, one a line; "-" is standard input. They come behind m_asNames
     bool m_bNulSeparated = false;
     unsigned int m_uiJobs = 1;
+    bool m_bProgress = false; // set by a subcommand that wants a progress bar, which only a terminal shows
 };
 
 // Declares FILE..., --files-from, -0 and -j.
@@ -25,3 +26,7 @@ void AddFileOptions(CLI::App& oCommand, SFiles& oFiles);
 // error line and eExit_Input. What the library writes during a turn goes to the turn's error text with --verbose, and
 // nowhere otherwise.
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);
+
+// Reads one input of a subcommand that has few of them. One that cannot be read is told on standard error and noted;
+// with --verbose, what it was taken for is told there, too.
+SInput ReadOneInput(const std::string& sName, STool& oTool);

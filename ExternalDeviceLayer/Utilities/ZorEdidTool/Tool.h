@@ -15,7 +15,7 @@ enum EExit : int
     eExit_Good = 0,
     eExit_Finding = 1,     // files that differ, findings of weight
     eExit_CommandLine = 2, // the command line is wrong
-    eExit_Input = 3        // an input cannot be read or loaded; all others are still done
+    eExit_Input = 3        // an input cannot be read or loaded, or a result not be written; all others are still done
 };
 
 // What one image's turn gives. It is printed whole, in the order of the inputs, whichever thread made it.
@@ -36,8 +36,14 @@ struct STool
     void Note(EExit eExit) { m_eExit = eExit > m_eExit ? eExit : m_eExit; }
 };
 
+// One line "zoredid: NAME: REASON", with control characters of the name as "?".
+std::string MakeErrorLine(const std::string& sName, const std::string& sReason);
+
 // One line on standard error, "zoredid: TEXT".
 void PrintError(const std::string& sText);
+
+// Writes all that has been printed; what cannot be written becomes an error line and eExit_Input. The last act of a run.
+void FinishOutput(STool& oTool);
 
 void AddReportCommand(CLI::App& oApp, STool& oTool);
 void AddModesCommand(CLI::App& oApp, STool& oTool);

@@ -1,20 +1,93 @@
 // zoredid: the command line of the library. Options that all subcommands share, and the exit status.
 
-#include <CLI/CLI.hpp>
+#include <signal.h>
 #include <stdio.h>
 
+#include <CLI/CLI.hpp>
+
+#include "Connectors.h"
+#include "Messages.h"
 #include "Tool.h"
 
-int main(int iCount, char** ppszArguments)
+namespace
 {
-    CLI::App oApp{ "Reads, checks, compares, edits and converts the EDID data of monitors." };
+constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = { AddReportCommand, AddListCommand, AddConvertCommand };
+
+// A pipe that closes early ends the command quietly, also when the caller has left the signal ignored. A limit on the
+// size of files makes writing fail instead of ending it.
+void SetSignals()
+{
+    signal(SIGPIPE, SIG_DFL);
+    signal(SIGXFSZ, SIG_IGN);
+}
+
+// The text as one line.
+int PrintCommandLineError(const CLI::App& oApp, const CLI::ParseError& oError)
+{
+    std::string sText = oError.what();
+    for (char& c : sText)
+    {
+        c = c == '\n' ? ' ' : c;
+    }
+    const auto apoUsed = oApp.get_subcommands();
+    const std::string sHelp = apoUsed.empty() ? "zoredid --help" : "zoredid " + apoUsed[0]->get_name() + " --help";
+    PrintError(sText + " (see " + sHelp + ")");
+    return eExit_CommandLine;
+}
+
+void DeclareOptions(CLI::App& oApp, STool& oTool)
+{
     oApp.require_subcommand(1);
-    STool oTool;
-    oApp.add_flag("-v,--verbose", oTool.m_bVerbose, "Say on standard error what inputs were taken for");
-    for (void (*pfnAdd)(CLI::App&, STool&) : { AddReportCommand })
+    oApp.set_version_flag("--version", "zoredid " ZOREDID_VERSION, "Print the version and end");
+    oApp.add_flag("-v,--verbose", oTool.m_bVerbose,
+                  "Say on standard error what inputs were taken for, and what the library says about them");
+    oApp.add_option_function<std::string>("--sysfs", SetConnectorFolder, "The folder of the connectors")->group("");
+    oApp.footer("Exit status: 0 good, 1 differences or findings, 2 wrong command line, 3 an input that cannot be read\n"
+                "Example: zoredid report monitor.bin");
+    for (void (*pfnAdd)(CLI::App&, STool&) : gsc_apfnAddCommand)
     {
         pfnAdd(oApp, oTool);
     }
-    CLI11_PARSE(oApp, iCount, ppszArguments);
+    for (CLI::App* poCommand : oApp.get_subcommands({}))
+    {
+        poCommand->fallthrough(); // the options above may stand behind the subcommand
+    }
+    oApp.parse_complete_callback([&oTool] { CatchMessages(oTool.m_bVerbose); }); // ahead of the subcommand
+}
+
+int Run(int iCount, char** ppszArguments)
+{
+    CLI::App oApp{ "Reads, checks, compares, edits and converts the EDID data of monitors.", "zoredid" };
+    STool oTool;
+    DeclareOptions(oApp, oTool);
+    try
+    {
+        oApp.parse(iCount, ppszArguments);
+    }
+    catch (const CLI::Success& oHelp)
+    {
+        oApp.exit(oHelp);
+    }
+    catch (const CLI::ParseError& oError)
+    {
+        return PrintCommandLineError(oApp, oError);
+    }
+    fputs(TakeMessages().c_str(), stderr); // of subcommands without turns
+    FinishOutput(oTool);
     return oTool.m_eExit;
+}
+} // namespace
+
+int main(int iCount, char** ppszArguments)
+{
+    SetSignals();
+    try
+    {
+        return Run(iCount, ppszArguments);
+    }
+    catch (const std::exception& oFault)
+    {
+        PrintError(oFault.what());
+        return eExit_Input;
+    }
 }

@@ -1,0 +1,33 @@
+// Fuzz target: the input as a file that the command is given. What is taken for an image is written in each form and
+// read back; what is not has a reason of one line.
+
+#include <string>
+
+#include "FuzzSupport.h"
+#include "Input.h"
+#include "OutputForms.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
+{
+    constexpr size_t uiBlockSize = 128;
+    constexpr size_t uiMaxSize = 256 * uiBlockSize;
+    const std::string sContent(pui8Data, pui8Data + uiSize);
+    const SInput oInput = DecodeInput("name", sContent);
+    const size_t uiBytes = oInput.m_aui8Bytes.size();
+    Require(oInput.IsGood() == (uiBytes != 0) && uiBytes <= uiMaxSize, "there is an image or a problem");
+    Require(oInput.m_sProblem.find('\n') == std::string::npos, "a problem is one line");
+    if (uiBytes == 0 || uiBytes % uiBlockSize != 0)
+    {
+        return 0;
+    }
+    for (const SOutputForm& oForm : GetOutputForms())
+    {
+        // A raw image is known by its zeros.
+        if (oForm.m_bText || oForm.m_pfnMake(oInput.m_aui8Bytes).find('\0') != std::string::npos)
+        {
+            const SInput oAgain = DecodeInput("name", oForm.m_pfnMake(oInput.m_aui8Bytes));
+            Require(oAgain.m_aui8Bytes == oInput.m_aui8Bytes, oForm.m_pszName);
+        }
+    }
+    return 0;
+}

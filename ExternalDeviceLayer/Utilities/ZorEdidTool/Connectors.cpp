@@ -1,0 +1,58 @@
+// The connectors of this machine's graphics cards.
+
+#include "Connectors.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+namespace
+{
+std::string& GetFolder()
+{
+    static std::string s_sFolder = "/sys/class/drm";
+    return s_sFolder;
+}
+
+bool HasName(const SConnector& oConnector, const std::string& sName)
+{
+    const std::string& sFull = oConnector.m_sName;
+    const size_t uiCardEnd = sFull.find('-');
+    return sFull == sName ||
+           (uiCardEnd != std::string::npos && sFull.compare(uiCardEnd + 1, std::string::npos, sName) == 0);
+}
+} // namespace
+
+const std::string& GetConnectorFolder() { return GetFolder(); }
+
+void SetConnectorFolder(const std::string& sFolder) { GetFolder() = sFolder; }
+
+bool ListConnectors(std::vector<SConnector>& aoConnectors, std::string& sProblem)
+{
+    std::error_code oError;
+    std::filesystem::directory_iterator oEntry(GetFolder(), oError);
+    for (; !oError && oEntry != std::filesystem::directory_iterator(); oEntry.increment(oError))
+    {
+        // Cards and their render nodes have no such file.
+        std::ifstream oStatus(oEntry->path() / "status");
+        SConnector oConnector = { oEntry->path().filename(), "", oEntry->path() / "edid" };
+        if (std::getline(oStatus, oConnector.m_sState))
+        {
+            aoConnectors.push_back(oConnector);
+        }
+    }
+    std::sort(aoConnectors.begin(), aoConnectors.end(),
+              [](const SConnector& oFirst, const SConnector& oSecond) { return oFirst.m_sName < oSecond.m_sName; });
+    sProblem = oError ? oError.message() : "";
+    return !oError;
+}
+
+std::vector<SConnector> FindConnectors(const std::string& sName)
+{
+    std::vector<SConnector> aoConnectors;
+    std::string sProblem;
+    ListConnectors(aoConnectors, sProblem);
+    const auto HasOtherName = [&](const SConnector& oConnector) { return !HasName(oConnector, sName); };
+    aoConnectors.erase(std::remove_if(aoConnectors.begin(), aoConnectors.end(), HasOtherName), aoConnectors.end());
+    return aoConnectors;
+}

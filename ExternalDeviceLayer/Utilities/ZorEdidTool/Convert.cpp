@@ -1,0 +1,90 @@
+// zoredid convert: an image from one form into another.
+
+#include <stdio.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "ManyFiles.h"
+#include "Output.h"
+#include "OutputForms.h"
+#include "Tool.h"
+
+namespace
+{
+struct SConvertOptions
+{
+    std::string m_sFile;
+    std::string m_sOut;
+    std::string m_sForm;
+    bool m_bForce = false;
+};
+
+bool EndsWith(const std::string& sText, const std::string& sEnding)
+{
+    return sText.size() >= sEnding.size() && sText.compare(sText.size() - sEnding.size(), sEnding.size(), sEnding) == 0;
+}
+
+// The form that was asked for, else the one of the name's ending, else the raw image.
+const SOutputForm& ChooseForm(const SConvertOptions& oOptions)
+{
+    for (const SOutputForm& oForm : GetOutputForms())
+    {
+        if (oOptions.m_sForm.empty() ? EndsWith(oOptions.m_sOut, oForm.m_pszEnding)
+                                     : oOptions.m_sForm == oForm.m_pszName)
+        {
+            return oForm;
+        }
+    }
+    return GetOutputForms()[0];
+}
+
+void Convert(const SConvertOptions& oOptions, STool& oTool)
+{
+    constexpr size_t uiBlockSize = 128;
+    const SInput oInput = ReadOneInput(oOptions.m_sFile, oTool);
+    if (!oInput.IsGood())
+    {
+        return;
+    }
+    std::string sName = oOptions.m_sFile;
+    std::string sProblem;
+    if (oInput.m_aui8Bytes.size() % uiBlockSize != 0)
+    {
+        sProblem = std::to_string(oInput.m_aui8Bytes.size()) + " bytes are no whole blocks of 128";
+    }
+    else
+    {
+        const SOutputForm& oForm = ChooseForm(oOptions);
+        sName = oOptions.m_sOut == "-" ? "standard output" : oOptions.m_sOut;
+        WriteOutput(oOptions.m_sOut, oForm.m_pfnMake(oInput.m_aui8Bytes), oOptions.m_bForce, oForm.m_bText, sProblem);
+    }
+    if (!sProblem.empty())
+    {
+        fputs(MakeErrorLine(sName, sProblem).c_str(), stderr);
+        oTool.Note(eExit_Input);
+    }
+}
+} // namespace
+
+void AddConvertCommand(CLI::App& oApp, STool& oTool)
+{
+    CLI::App* poCommand = oApp.add_subcommand("convert", "Write an image in another form");
+    const auto poOptions = std::make_shared<SConvertOptions>();
+    std::vector<std::string> asForms;
+    for (const SOutputForm& oForm : GetOutputForms())
+    {
+        asForms.push_back(oForm.m_pszName);
+    }
+    poCommand->add_option("FILE", poOptions->m_sFile, "An image in any form, \"-\" for standard input, or a connector")
+        ->required();
+    poCommand->add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
+        ->required()
+        ->type_name("OUT");
+    poCommand
+        ->add_option("--form", poOptions->m_sForm, "Without it, the ending of OUT tells: .bin .xxd .hex .c .b64 .dat")
+        ->check(CLI::IsMember(asForms));
+    poCommand->add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    poCommand->footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
+    poCommand->callback([poOptions, &oTool] { Convert(*poOptions, oTool); });
+}

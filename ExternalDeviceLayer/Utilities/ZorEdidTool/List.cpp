@@ -1,0 +1,113 @@
+// zoredid list: the connectors of this machine and the monitors at them.
+
+#include <stdio.h>
+
+#include <algorithm>
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "Connectors.h"
+#include "ManyFiles.h"
+#include "Tool.h"
+#include "ZorEdidUtils.h"
+
+namespace
+{
+using CRow = std::vector<std::string>; // connector, state, monitor, maker, size, preferred mode
+
+std::string GetSize(const CEdid& oEdid)
+{
+    const unsigned int uiWidth = oEdid.GetBaseBlock()[21]; // centimetres; 0 in one of them is no size
+    const unsigned int uiHeight = oEdid.GetBaseBlock()[22];
+    return uiWidth != 0 && uiHeight != 0 ? std::to_string(uiWidth) + " x " + std::to_string(uiHeight) + " cm" : "";
+}
+
+std::string GetPreferredMode(const CEdid& oEdid)
+{
+    CVidParamTimingGeneric oTiming;
+    if (oEdid.GetBaseDetailed(0, &oTiming) == 0)
+    {
+        return "";
+    }
+    CMString oText;
+    CZorEdidUtils::GetFormatedVideoParam(oTiming.GetData(), 0, oText, "");
+    return static_cast<const char*>(oText);
+}
+
+// Without a monitor, or with one that says nothing, the row ends with the state.
+CRow MakeRow(const SConnector& oConnector, STool& oTool)
+{
+    CRow asRow = { oConnector.m_sName, oConnector.m_sState };
+    const SInput oInput = ReadInput(oConnector.m_sEdidPath);
+    if (!oInput.IsGood())
+    {
+        return asRow;
+    }
+    CEdid oEdid;
+    if (oEdid.SetEdidBuffer(oInput.m_aui8Bytes.data(), static_cast<unsigned int>(oInput.m_aui8Bytes.size()), 0) == 0)
+    {
+        fputs(MakeErrorLine(oConnector.m_sName, "no EDID").c_str(), stderr);
+        oTool.Note(eExit_Input);
+        return asRow;
+    }
+    char szMonitor[14] = {}; // longest text of a descriptor, and the terminator
+    if (oEdid.GetMonitorName(szMonitor, sizeof(szMonitor)) == 0)
+    {
+        oEdid.GetMonitorID(szMonitor, sizeof(szMonitor));
+    }
+    char szMaker[64] = {};
+    oEdid.GetManufacturerName(szMaker, sizeof(szMaker));
+    asRow.insert(asRow.end(), { szMonitor, szMaker, GetSize(oEdid), GetPreferredMode(oEdid) });
+    return asRow;
+}
+
+void PrintRows(const std::vector<CRow>& aasRows)
+{
+    std::vector<size_t> auiWidths;
+    for (const CRow& asRow : aasRows)
+    {
+        auiWidths.resize(std::max(auiWidths.size(), asRow.size()));
+        for (size_t i = 0; i < asRow.size(); ++i)
+        {
+            auiWidths[i] = std::max(auiWidths[i], asRow[i].size());
+        }
+    }
+    for (const CRow& asRow : aasRows)
+    {
+        std::string sLine;
+        for (size_t i = 0; i < asRow.size(); ++i)
+        {
+            sLine += asRow[i] + std::string(auiWidths[i] - asRow[i].size() + 2, ' ');
+        }
+        sLine.resize(sLine.find_last_not_of(' ') + 1);
+        printf("%s\n", sLine.c_str());
+    }
+}
+
+void List(STool& oTool)
+{
+    std::vector<SConnector> aoConnectors;
+    std::string sProblem;
+    if (!ListConnectors(aoConnectors, sProblem))
+    {
+        fputs(MakeErrorLine(GetConnectorFolder(), "cannot be read: " + sProblem).c_str(), stderr);
+        oTool.Note(eExit_Input);
+        return;
+    }
+    std::vector<CRow> aasRows;
+    for (const SConnector& oConnector : aoConnectors)
+    {
+        aasRows.push_back(MakeRow(oConnector, oTool));
+    }
+    PrintRows(aasRows);
+}
+} // namespace
+
+void AddListCommand(CLI::App& oApp, STool& oTool)
+{
+    CLI::App* poCommand = oApp.add_subcommand("list", "List the connectors of this machine and their monitors");
+    poCommand->add_option_function<std::string>("--sysfs", SetConnectorFolder, "The folder of the connectors")
+        ->type_name("FOLDER");
+    poCommand->footer("Example: zoredid list, then: zoredid report HDMI-A-1");
+    poCommand->callback([&oTool] { List(oTool); });
+}

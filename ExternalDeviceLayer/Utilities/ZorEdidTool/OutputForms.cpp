@@ -1,0 +1,112 @@
+// The forms in which an image is written.
+
+#include "OutputForms.h"
+
+#include <stdio.h>
+
+namespace
+{
+using CBytes = std::vector<unsigned char>;
+
+constexpr size_t gsc_uiLine = 16; // bytes a line
+
+void AddNumber(std::string& sText, const char* pszFormat, size_t uiNumber)
+{
+    char szText[64];
+    snprintf(szText, sizeof(szText), pszFormat, uiNumber);
+    sText += szText;
+}
+
+std::string MakeRaw(const CBytes& aui8Bytes) { return { aui8Bytes.begin(), aui8Bytes.end() }; }
+
+// "00000000: 00ff ffff ffff ff00 4c2d 6f79 5744 3031  ........L-oyWD01"
+std::string MakeXxd(const CBytes& aui8Bytes)
+{
+    constexpr size_t uiTextColumn = 51; // behind the address and eight groups
+    std::string sText;
+    for (size_t uiOffset = 0; uiOffset < aui8Bytes.size(); uiOffset += gsc_uiLine)
+    {
+        std::string sLine;
+        std::string sReadable;
+        AddNumber(sLine, "%08zx:", uiOffset);
+        for (size_t i = uiOffset; i < aui8Bytes.size() && i < uiOffset + gsc_uiLine; ++i)
+        {
+            AddNumber(sLine, i % 2 == 0 ? " %02zx" : "%02zx", aui8Bytes[i]);
+            sReadable += aui8Bytes[i] >= 0x20 && aui8Bytes[i] < 0x7F ? static_cast<char>(aui8Bytes[i]) : '.';
+        }
+        sLine.resize(uiTextColumn, ' ');
+        sText += sLine + sReadable + "\n";
+    }
+    return sText;
+}
+
+std::string MakeHex(const CBytes& aui8Bytes)
+{
+    std::string sText;
+    for (size_t i = 0; i < aui8Bytes.size(); ++i)
+    {
+        const bool bLineEnds = i % gsc_uiLine == gsc_uiLine - 1 || i + 1 == aui8Bytes.size();
+        AddNumber(sText, bLineEnds ? "%02zx\n" : "%02zx ", aui8Bytes[i]);
+    }
+    return sText;
+}
+
+std::string MakeCArray(const CBytes& aui8Bytes)
+{
+    std::string sText;
+    AddNumber(sText, "const unsigned char edid[%zu] = {", aui8Bytes.size());
+    for (size_t i = 0; i < aui8Bytes.size(); ++i)
+    {
+        AddNumber(sText, i % gsc_uiLine == 0 ? "\n    0x%02zx," : " 0x%02zx,", aui8Bytes[i]);
+    }
+    return sText + "\n};\n";
+}
+
+std::string MakeBase64(const CBytes& aui8Bytes)
+{
+    constexpr char szDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    constexpr size_t uiLineLength = 76 + 1; // with the line feed
+    std::string sText;
+    for (size_t i = 0; i < aui8Bytes.size(); i += 3)
+    {
+        const auto Get = [&](size_t uiByte) { return uiByte < aui8Bytes.size() ? aui8Bytes[uiByte] : 0U; };
+        const unsigned int uiBits = Get(i) << 16 | Get(i + 1) << 8 | Get(i + 2);
+        sText += szDigits[uiBits >> 18];
+        sText += szDigits[uiBits >> 12 & 63];
+        sText += i + 1 < aui8Bytes.size() ? szDigits[uiBits >> 6 & 63] : '=';
+        sText += i + 2 < aui8Bytes.size() ? szDigits[uiBits & 63] : '=';
+        if (sText.size() % uiLineLength == uiLineLength - 1 || i + 3 >= aui8Bytes.size())
+        {
+            sText += '\n';
+        }
+    }
+    return sText;
+}
+
+// The table that CZorEdidUtils::ExtractEdidFromDatFile reads: rows of ten bytes behind the marker line.
+std::string MakeTextTable(const CBytes& aui8Bytes)
+{
+    constexpr size_t uiRow = 10;
+    std::string sText = std::string(8, ' ') + std::string(40, '_') + "\n";
+    for (size_t i = 0; i < aui8Bytes.size(); ++i)
+    {
+        if (i % uiRow == 0)
+        {
+            AddNumber(sText, "%6zu |", i);
+        }
+        AddNumber(sText, "  %02zX", aui8Bytes[i]);
+        sText += i % uiRow == uiRow - 1 || i + 1 == aui8Bytes.size() ? "\n" : "";
+    }
+    return sText;
+}
+} // namespace
+
+const std::vector<SOutputForm>& GetOutputForms()
+{
+    static const std::vector<SOutputForm> s_aoForms = {
+        { "bin", ".bin", false, MakeRaw },      { "xxd", ".xxd", true, MakeXxd },
+        { "hex", ".hex", true, MakeHex },       { "c", ".c", true, MakeCArray },
+        { "base64", ".b64", true, MakeBase64 }, { "dat", ".dat", true, MakeTextTable },
+    };
+    return s_aoForms;
+}

@@ -1,0 +1,17 @@
+// The forms in which an image is written. All of them are read, too (InputForms.cpp).
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct SOutputForm
+{
+    const char* m_pszName;   // as --form takes it
+    const char* m_pszEnding; // of a file's name that asks for this form, such as ".hex"
+    bool m_bText;
+    // The image in this form. A text table takes whole blocks only.
+    std::string (*m_pfnMake)(const std::vector<unsigned char>& aui8Bytes);
+};
+
+const std::vector<SOutputForm>& GetOutputForms();

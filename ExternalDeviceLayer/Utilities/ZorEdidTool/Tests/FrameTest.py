@@ -1,0 +1,355 @@
+"""Tests of what all subcommands of zoredid share: forms of input, files of output, many files, exit statuses.
+FrameTest.py COMMAND FOLDER [FOLDER_WITH_A_CORPUS]"""
+
+import base64
+import os
+import pty
+import resource
+import subprocess
+import sys
+import tempfile
+import threading
+import unittest
+
+COMMAND, IMAGES, SHARED = sys.argv[1], sys.argv[2], (sys.argv[3:] or [""])[0]
+MONITOR = os.path.join(IMAGES, "monitor.bin")
+with open(MONITOR, "rb") as image_file:
+    IMAGE = image_file.read()
+MARKER = " " * 8 + "_" * 40 + "\n"
+
+
+def run(*arguments, data=b"", env=None, **more):
+    """Exit status, standard output and standard error (as text) of one run."""
+    done = subprocess.run([COMMAND, *arguments], input=data, capture_output=True, timeout=120,
+                          env=dict(os.environ, **env) if env else None, **more)
+    return done.returncode, done.stdout, done.stderr.decode(errors="replace")
+
+
+def od(*options):
+    return subprocess.run(["od", *options], input=IMAGE, capture_output=True, check=True).stdout
+
+
+def lines(width, form, first="", last="\n", join=" "):
+    """The image, so many bytes a line, each as form says; first and last take the offset and the bytes."""
+    def edge(text, offset):
+        part = IMAGE[offset:offset + width]
+        readable = "".join(chr(byte) if 32 <= byte < 127 else "." for byte in part)
+        return text.format(offset=offset, text=readable)
+    return "".join(edge(first, at) + join.join(form % byte for byte in IMAGE[at:at + width]) + edge(last, at)
+                   for at in range(0, len(IMAGE), width))
+
+
+def registry(name="EDID", image=IMAGE):
+    text = ",".join("%02x" % byte for byte in image)
+    parts = [text[at:at + 75] for at in range(0, len(text), 75)]
+    return '[HKEY_LOCAL_MACHINE\\X]\r\n"Other"=hex:01,02\r\n"%s"=hex:' % name + "\\\r\n  ".join(parts) + "\r\n"
+
+
+XRANDR = "Screen 0: minimum 320 x 200\nHDMI-1 connected primary\n\tEDID: \n" + \
+    lines(16, "%02x", "\t\t", join="") + "\tBroadcast RGB: Automatic\n\t\tsupported: 00, 01\n"
+XXD = lines(16, "%02x", "{offset:08x}: ", "  {text}\n")
+C_ARRAY = "/* { 1, 2 } */ static const uint8_t x[] = {\n// 0x11\n" + lines(8, "0x%02X", "\t", ", /* {text} */\n", ", ") + "};"
+
+FORMS = {  # every form of the image, and what it is taken for
+    "raw": (IMAGE, "raw image"),
+    "table": ("head\n" + MARKER + lines(10, "%02X", "{offset:5d} |  ", "\n", "  ") + "\nnotes\n", "text table"),
+    "xxd": (XXD, "xxd dump"),
+    "xxd of a shell's transcript": ("$ xxd x.bin\n" + XXD + "$ exit\n", "xxd dump"),
+    "hexdump -C": (lines(16, "%02x", "{offset:08x}  ", "  |{text}|\n") + "%08x\n" % len(IMAGE), "od dump"),
+    "od -A x -t x1": (od("-A", "x", "-t", "x1"), "od dump"),
+    "od -t x1z": (od("-t", "x1z"), "od dump"),
+    "od -A d -t x4": (od("-A", "d", "-t", "x4"), "od dump"),
+    "od -A x": (od("-A", "x"), "od dump"),
+    "od": (od(), "od dump"),
+    "od -An -v -t x1": (od("-An", "-v", "-t", "x1"), "hexadecimal digits"),
+    "xxd -p": (lines(30, "%02x", join=""), "hexadecimal digits"),
+    "one byte a line": (lines(1, "%02x"), "hexadecimal digits"),
+    "edid-decode": ("edid-decode (hex):\n\n" + lines(16, "%02x") + "\n----------------\n\nBlock 0, Base EDID:\n",
+                    "hexadecimal digits"),
+    "bytes with dashes": (lines(999, "%02X", join="-"), "hexadecimal digits"),
+    "xrandr --verbose": (XRANDR, "xrandr --verbose"),
+    "xrandr, two monitors": (XRANDR + XRANDR, "xrandr --verbose, the first EDID of 2"),
+    "registry": ("Windows Registry Editor Version 5.00\r\n" + registry(), "Windows registry export"),
+    "registry, an override and two EDIDs": (registry("0") + registry("EDID") + registry("edid", b"x"),
+                                            "Windows registry export, the first EDID of 2"),
+    "registry, as exported": (("\ufeffWindows Registry Editor Version 5.00\r\n" + registry()).encode("utf-16-le"),
+                              "Windows registry export"),
+    "registry, an override": ("REGEDIT4\r\n" + registry("0", IMAGE[:128]) + registry("1", IMAGE[128:]),
+                              "Windows registry export"),
+    "C array": (C_ARRAY, "C array"),
+    "C array, decimal": ("int a[2] = {" + lines(20, "%d", "\n", ",", ",") + "}", "C array"),
+    "C numbers": (lines(16, "0x%02x"), "C array"),
+    "base64": (base64.encodebytes(IMAGE), "base64"),
+    "base64, one line, of addresses": (base64.urlsafe_b64encode(IMAGE).rstrip(b"="), "base64"),
+    "data address": (b"data:application/octet-stream;base64," + base64.b64encode(IMAGE), "base64"),
+    "CR LF and a byte order mark": ("\ufeff" + XXD.replace("\n", "\r\n"), "xxd dump"),
+}
+
+XXD_LINES = XXD.splitlines(keepends=True)
+BAD = {  # what cannot be taken, and why
+    "empty": (b"", "is empty"),
+    "blank": (b" \n\n", "is empty"),
+    "words": (b"no such monitor\n", "in no known form"),
+    "256 blocks and a byte": (bytes(256 * 128 + 1), "of more than 256 blocks"),
+    "a star for too much": (XXD_LINES[0] + "*\nfffffff0: 00\n", "of more than 256 blocks"),
+    "a line of the dump is missing": ("".join(XXD_LINES[:3] + XXD_LINES[4:]), "line 4: its address does not follow"),
+    "a dump with a letter": (XXD_LINES[0] + XXD_LINES[1].replace(" ", " 0g", 1), "line 2: not hexadecimal"),
+    "half a byte": ("00 ff ff ff ff ff ff 00\n00 1\n", "line 2: an odd number of digits"),
+    "a letter among digits": ("00 ff ff ff ff ff ff 00\n00 1x\n", "line 2: not hexadecimal bytes"),
+    "a star without addresses": ("00 ff ff ff ff ff ff 00\n*\n", "line 2: a star stands for lines left out"),
+    "a table of 10 bytes": (MARKER + "0 |  00  FF  FF  FF  FF  FF  FF  00  10  AC\n", "10 bytes, not a multiple of 128"),
+    "xrandr without digits": ("\tEDID:\n\tnone\n", "without a digit"),
+    "xrandr, half a byte": ("\tEDID:\n\t\t00fff\n", "line 2: an odd number of digits"),
+    "registry without EDID": ('REGEDIT4\n"Other"=hex:01,02\n', "without a value EDID"),
+    "registry, a byte of three digits": ('REGEDIT4\n"EDID"=hex:00,\\\n  0ff\n', "line 3: a byte has two"),
+    "a number above 255": ("{ 0x00,\n 256 }", "line 2: a number from 0 to 255"),
+    "an open array": ("{ 0x00, 0xff\n", "line 2: a number from 0 to 255"),
+    "base64, cut": (base64.b64encode(IMAGE)[:-3], "ends in the middle of a byte"),
+}
+
+
+class Forms(unittest.TestCase):
+    def test_each_form_gives_the_image(self):
+        for name, (text, form) in FORMS.items():
+            with self.subTest(name):
+                data = text if isinstance(text, bytes) else text.encode()
+                result = run("convert", "-", "-o", "-", "--form", "bin", "--verbose", data=data)
+                self.assertEqual((0, IMAGE, "zoredid: -: taken for %s\n" % form), result)
+
+    def test_what_cannot_be_taken_gets_one_line(self):
+        for name, (text, reason) in BAD.items():
+            with self.subTest(name):
+                data = text if isinstance(text, bytes) else text.encode()
+                status, out, error = run("report", "-", data=data)
+                self.assertEqual((3, b"", 1), (status, out, error.count("\n")))
+                self.assertTrue(error.startswith("zoredid: -: "), error)
+                self.assertIn(reason, error)
+
+    def test_converting_there_and_back(self):
+        images = [IMAGE]
+        corpus = os.path.join(SHARED, "corpus")
+        for name in sorted(os.listdir(corpus))[::10] if SHARED else []:
+            with open(os.path.join(corpus, name), "rb") as file:
+                images += [file.read()] if name.endswith(".bin") else []
+        for image in images:
+            for form in ("bin", "xxd", "hex", "c", "base64", "dat"):
+                status, text, _ = run("convert", "-", "-o", "-", "--form", form, data=image)
+                self.assertEqual((0, image), (status, run("convert", "-", "-o", "-", data=text)[1]), form)
+
+    def test_written_forms_are_those_of_other_tools(self):
+        expected = {"xxd": lines(16, "%02x", "{offset:08x}: ", "  {text}\n", "").encode(), "hex": lines(16, "%02x").encode(),
+                    "base64": base64.encodebytes(IMAGE)}
+        for form, text in expected.items():
+            status, out, _ = run("convert", MONITOR, "-o", "-", "--form", form)
+            out = out.replace(b" ", b"") if form == "xxd" else out
+            text = text.replace(b" ", b"") if form == "xxd" else text
+            self.assertEqual((0, text), (status, out), form)
+
+
+class FolderCase(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def write(self, name, data=IMAGE):
+        with open(self.path(name), "wb") as file:
+            file.write(data)
+        return self.path(name)
+
+    def read(self, name):
+        with open(self.path(name), "rb") as file:
+            return file.read()
+
+
+class Files(FolderCase):
+    def test_the_name_decides_nothing_about_reading(self):
+        for name in ("x.dat", "x.hex", "x", "two words", "line\nfeed"):
+            self.assertEqual(0, run("report", self.write(name))[0], name)
+        os.mkfifo(self.path("pipe.dat"))
+        writer = threading.Thread(target=self.write, args=("pipe.dat",))
+        writer.start()
+        self.assertEqual(0, run("report", self.path("pipe.dat"))[0])
+        writer.join()
+
+    def test_what_is_no_input(self):
+        self.write("small", IMAGE[:100])
+        self.write("long", b"x" * (5 << 20))
+        cases = {self.folder: "is a folder", "/dev/zero": "is a device", self.path("none"): "neither a file nor",
+                 self.path("a\nb"): "neither a file nor", self.path("long"): "is longer than 4 MiB"}
+        for name, reason in cases.items():
+            status, out, error = run("report", name, MONITOR)
+            self.assertEqual((3, 1), (status, error.count("\n")), error)
+            self.assertIn("%s: %s" % (name.replace("\n", "?"), reason), error)
+            self.assertEqual(run("report", MONITOR)[1], out)  # the others are still done
+        with open("/dev/null", "rb") as device:
+            done = subprocess.run([COMMAND, "report", "-"], stdin=device, capture_output=True, timeout=60, check=False)
+        self.assertEqual((3, b"zoredid: -: is a device\n"), (done.returncode, done.stderr))
+        status, _, error = run("convert", self.path("small"), "-o", "-")
+        self.assertEqual((3, True), (status, "100 bytes are no whole blocks" in error))
+
+    def test_the_ending_chooses_the_form(self):
+        for ending, head in ((".bin", b"\0\xff"), (".xxd", b"00000000: 00ff"), (".hex", b"00 ff"), (".c", b"const"),
+                             (".b64", b"AP//"), (".dat", MARKER.encode()), ("", b"\0\xff")):
+            self.assertEqual((0, b"", ""), run("convert", MONITOR, "-o", self.path("out" + ending)))
+            self.assertTrue(self.read("out" + ending).startswith(head), ending)
+
+    def test_a_file_is_replaced_whole_or_not_at_all(self):
+        target = self.write("out", b"old")
+        os.chmod(target, 0o640)
+        os.symlink("out", self.path("link"))
+        status, _, error = run("convert", MONITOR, "-o", target)
+        self.assertEqual((3, "zoredid: %s: exists already (use --force)\n" % target), (status, error))
+
+        limit = (len(IMAGE) // 2,) * 2  # a full disk
+        status, _, error = run("convert", MONITOR, "-o", target, "--force",
+                               preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, limit))
+        self.assertEqual((3, 1, b"old"), (status, error.count("\n"), self.read("out")))
+        self.assertIn("cannot be written", error)
+
+        self.assertEqual(0, run("convert", MONITOR, "-o", self.path("link"), "--force")[0])
+        self.assertEqual((IMAGE, 0o640), (self.read("out"), os.stat(target).st_mode & 0o7777))
+        self.assertTrue(os.path.islink(self.path("link")))
+        self.assertEqual(["link", "out"], sorted(os.listdir(self.folder)))  # nothing left behind
+
+        self.assertEqual(0, run("convert", MONITOR, "-o", self.path("new"), preexec_fn=lambda: os.umask(0o027))[0])
+        self.assertEqual(0o640, os.stat(self.path("new")).st_mode & 0o7777)
+        self.assertEqual(0, run("convert", MONITOR, "-o", "/dev/null")[0])
+        self.assertEqual(3, run("convert", MONITOR, "-o", self.path("none/out"))[0])
+        self.assertEqual(3, run("convert", MONITOR, "-o", self.folder, "--force")[0])
+        if os.geteuid() != 0:
+            os.chmod(self.folder, 0o555)
+            self.assertEqual(3, run("convert", MONITOR, "-o", self.path("other"))[0])
+            os.chmod(self.folder, 0o755)
+
+    def test_no_raw_bytes_on_a_terminal(self):
+        for form, expected in (("bin", 3), ("hex", 0)):
+            ours, theirs = pty.openpty()
+            done = subprocess.run([COMMAND, "convert", MONITOR, "-o", "-", "--form", form], stdout=theirs,
+                                  stderr=subprocess.PIPE, timeout=60, check=False)
+            os.close(theirs)
+            os.close(ours)
+            self.assertEqual((expected, expected != 0), (done.returncode, b"terminal" in done.stderr))
+
+
+class ManyFiles(FolderCase):
+    def test_lists_of_names(self):
+        one, two = self.write("one"), self.write("two words\n")
+        expected = run("report", one)[1]
+        for arguments, data in (((one, "--files-from", "-"), one + "\n\n"),
+                                (("-0", "--files-from", "-"), one + "\0" + two),
+                                (("--files-from", self.write("list", (one + "\n" + one).encode())), "")):
+            self.assertEqual((0, 2 * expected, ""), run("report", *arguments, data=data.encode()))
+        status, out, error = run("report", "--files-from", self.path("none"))
+        self.assertEqual((3, b"", "zoredid: %s: cannot be opened: No such file or directory\n" % self.path("none")),
+                         (status, out, error))
+
+    def test_a_thousand_files_in_order(self):
+        names = []
+        for i in range(1000):
+            serial = IMAGE[:12] + i.to_bytes(4, "little") + IMAGE[16:]
+            data = b"" if i % 100 == 50 else serial[:127] + bytes([-sum(serial[:127]) % 256]) + serial[128:]
+            names.append(self.write("%04d" % i, data))
+        results = []
+        for arguments in (("-j", "1"), ("-j", "4"), ("-j", "4", "--verbose"), ("-j", "1", "--verbose")):
+            results.append(run("report", *arguments, "--files-from", "-", data="\n".join(names).encode()))
+        self.assertEqual(results[0], results[1])
+        self.assertEqual(results[2], results[3])
+        self.assertEqual((3, 10), (results[0][0], results[0][2].count("is empty\n")))
+        self.assertEqual(results[0], run("report", "-j", "3", *names))
+
+    def test_memory_does_not_grow_with_the_number_of_files(self):
+        def peak(count):
+            process = subprocess.Popen([COMMAND, "report", "-j", "2", "--files-from", "-"], stdin=subprocess.PIPE,
+                                       stdout=subprocess.DEVNULL,
+                                       env=dict(os.environ, ASAN_OPTIONS="quarantine_size_mb=1"))
+            process.stdin.write((MONITOR + "\n").encode() * count)
+            process.stdin.close()
+            _, status, usage = os.wait4(process.pid, 0)
+            process.returncode = os.waitstatus_to_exitcode(status)
+            self.assertEqual(0, process.returncode)
+            return usage.ru_maxrss
+        self.assertLess(peak(4000), peak(100) + 8192)  # kilobytes; a report is about 8 of them
+
+    def test_a_pipe_that_closes_early_ends_it_quietly(self):
+        for jobs in ("1", "4"):
+            done = subprocess.run(
+                ["bash", "-c", 'yes "$1" | "$0" report -j %s --files-from - | head -n 1' % jobs, COMMAND, MONITOR],
+                capture_output=True, timeout=60, check=False)
+            self.assertEqual((0, 1, b""), (done.returncode, done.stdout.count(b"\n"), done.stderr))
+
+    def test_output_that_cannot_be_written(self):
+        if os.path.exists("/dev/full"):
+            for jobs in ("1", "4"):
+                with open("/dev/full", "wb") as full:
+                    done = subprocess.run([COMMAND, "report", "-j", jobs, *[MONITOR] * 2000], stdout=full,
+                                          stderr=subprocess.PIPE, timeout=60, check=False)
+                self.assertEqual((3, b"zoredid: standard output: No space left on device\n"),
+                                 (done.returncode, done.stderr))
+
+    def test_messages_of_the_library(self):
+        broken = self.write("broken", IMAGE[:126] + b"\x01" + bytes([(IMAGE[127] + IMAGE[126] - 1) % 256]) + bytes(128))
+        self.assertEqual("", run("report", broken)[2])
+        status, out, error = run("report", broken, "--verbose")
+        self.assertEqual((0, run("report", broken)[1]), (status, out))
+        self.assertEqual("zoredid: %s: taken for raw image" % broken, error.splitlines()[0])
+        self.assertIn("Assertion failed\n", error)
+        text = MARKER + "0 |  00  FF\n"  # the library's loader would print its size
+        self.assertEqual((3, b""), run("report", "-", data=text.encode())[:2])
+
+
+class CommandLine(unittest.TestCase):
+    def test_what_is_wrong_is_told_in_one_line(self):
+        for arguments in ((), ("nonsense",), ("report", "--nonsense", "x"), ("report",), ("report", "-j", "0", "x"),
+                          ("convert", MONITOR), ("convert", MONITOR, "-o", "-", "--form", "gif")):
+            status, out, error = run(*arguments)
+            self.assertEqual((2, b"", 1), (status, out, error.count("\n")), arguments)
+            self.assertTrue(error.startswith("zoredid: "), error)
+
+    def test_help_and_version(self):
+        self.assertRegex(run("--version")[1].decode(), r"^zoredid \d+\.\d+\.\d+\n$")
+        for command in ((), ("report",), ("list",), ("convert",)):
+            status, out, error = run(*command, "--help")
+            self.assertEqual((0, ""), (status, error))
+            self.assertIn(b"--help", out)
+            if command != ("report",):
+                self.assertIn(b"Example: ", out)
+
+
+class Connectors(FolderCase):
+    def setUp(self):
+        super().setUp()
+        for name, state, edid in (("card0", None, None), ("card0-HDMI-A-1", "connected", IMAGE), ("version", None, None),
+                                  ("card0-DP-1", "disconnected", b""), ("card1-DP-1", "disconnected", b"")):
+            os.mkdir(self.path(name))
+            if state is not None:
+                self.write(name + "/status", state.encode() + b"\n")
+                self.write(name + "/edid", edid)
+
+    def test_list(self):
+        status, out, error = run("list", "--sysfs", self.folder)
+        rows = [row.split("  ") for row in out.decode().splitlines()]
+        rows = [[cell.strip() for cell in row if cell.strip()] for row in rows]
+        self.assertEqual((0, ""), (status, error))
+        self.assertEqual([["card0-DP-1", "disconnected"],
+                          ["card0-HDMI-A-1", "connected", "ASUS VE276", "ASUSTek Computer Inc.", "60 x 34 cm",
+                           "1920 x 1080p @ 60 Hz"], ["card1-DP-1", "disconnected"]], rows)
+        self.assertEqual(3, run("list", "--sysfs", self.path("none"))[0])
+
+    def test_a_name_stands_for_a_file(self):
+        for name in ("HDMI-A-1", "card0-HDMI-A-1"):
+            status, out, error = run("convert", name, "-o", "-", "-v", "--sysfs", self.folder)
+            self.assertEqual((0, IMAGE, "zoredid: %s: taken for connector card0-HDMI-A-1\n" % name),
+                             (status, out, error))
+        for name, reason in (("card0-DP-1", "connector card0-DP-1 (disconnected) has no EDID"),
+                             ("DP-1", "several connectors have this name: card0-DP-1, card1-DP-1"),
+                             ("VGA-1", "neither a file nor a connector of this machine")):
+            self.assertEqual((3, b"", "zoredid: %s: %s\n" % (name, reason)),
+                             run("report", name, "--sysfs", self.folder))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

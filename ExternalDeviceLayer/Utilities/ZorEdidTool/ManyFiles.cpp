@@ -31,12 +31,18 @@ std::string MakeErrorLine(const std::string& sName, const std::string& sReason)
     return sLine + sReason + "\n";
 }
 
+namespace
+{
+int g_iOutputError = 0; // errno of the turn whose output could not be written
+} // namespace
+
 void FinishOutput(STool& oTool)
 {
     const bool bFailed = ferror(stdout) != 0;
-    if (fflush(stdout) != 0 || bFailed)
+    const int iError = fflush(stdout) != 0 ? errno : g_iOutputError;
+    if (bFailed || iError != 0)
     {
-        PrintError(std::string("standard output: ") + (errno != 0 ? strerror(errno) : "cannot be written"));
+        PrintError(std::string("standard output: ") + (iError != 0 ? strerror(iError) : "cannot be written"));
         oTool.Note(eExit_Input);
     }
 }
@@ -197,10 +203,16 @@ void Print(const SOutcome& oOutcome, CProgress& oProgress, STool& oTool)
     {
         oProgress.Clear();
     }
-    fwrite(oOutcome.m_sOut.data(), 1, oOutcome.m_sOut.size(), stdout);
+    if (fwrite(oOutcome.m_sOut.data(), 1, oOutcome.m_sOut.size(), stdout) != oOutcome.m_sOut.size())
+    {
+        g_iOutputError = errno;
+    }
     if (!oOutcome.m_sError.empty())
     {
-        fflush(stdout); // so that both are in order where they go to one place
+        if (fflush(stdout) != 0) // so that both are in order where they go to one place
+        {
+            g_iOutputError = errno;
+        }
         fwrite(oOutcome.m_sError.data(), 1, oOutcome.m_sError.size(), stderr);
     }
     oTool.Note(oOutcome.m_eExit);

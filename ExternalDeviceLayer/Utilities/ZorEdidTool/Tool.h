@@ -42,7 +42,8 @@ std::string MakeErrorLine(const std::string& sName, const std::string& sReason);
 // One line on standard error, "zoredid: TEXT".
 void PrintError(const std::string& sText);
 
-// Writes all that has been printed; what cannot be written becomes an error line and eExit_Input. The last act of a run.
+// Writes all that has been printed; what cannot be written becomes an error line and eExit_Input.
+// The last act of a run.
 void FinishOutput(STool& oTool);
 
 void AddReportCommand(CLI::App& oApp, STool& oTool);

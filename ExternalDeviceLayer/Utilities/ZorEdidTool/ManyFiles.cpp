@@ -17,18 +17,13 @@
 #include <thread>
 
 #include "Messages.h"
+#include "TextFormat.h"
 
 void PrintError(const std::string& sText) { fprintf(stderr, "zoredid: %s\n", sText.c_str()); }
 
 std::string MakeErrorLine(const std::string& sName, const std::string& sReason)
 {
-    std::string sLine = "zoredid: " + sName + ": ";
-    for (char& c : sLine)
-    {
-        const unsigned char ui8Value = static_cast<unsigned char>(c);
-        c = ui8Value < ' ' || ui8Value == 0x7F ? '?' : c;
-    }
-    return sLine + sReason + "\n";
+    return "zoredid: " + ShowName(sName) + ": " + sReason + "\n";
 }
 
 namespace
@@ -174,7 +169,14 @@ std::string DescribeForm(const SInput& oInput)
     return oInput.m_sForm.empty() ? "" : MakeErrorLine(oInput.m_sName, "taken for " + oInput.m_sForm);
 }
 
-SOutcome RunTurn(const std::string& sName, bool bVerbose, const std::function<SOutcome(const SInput&)>& fnTurn)
+struct STurnRules
+{
+    bool m_bVerbose;
+    bool m_bTurnsForBadOnes;
+    const std::function<SOutcome(const SInput&)>& m_fnTurn;
+};
+
+SOutcome RunTurn(const std::string& sName, const STurnRules& oRules)
 {
     SOutcome oOutcome;
     std::string sForm;
@@ -183,41 +185,65 @@ SOutcome RunTurn(const std::string& sName, bool bVerbose, const std::function<SO
     {
         const SInput oInput = ReadInput(sName);
         sForm = DescribeForm(oInput);
-        oOutcome =
-            oInput.IsGood() ? fnTurn(oInput) : SOutcome{ "", MakeErrorLine(sName, oInput.m_sProblem), eExit_Input };
+        oOutcome = oInput.IsGood() || oRules.m_bTurnsForBadOnes ? oRules.m_fnTurn(oInput)
+                                                                : RefuseInput(oInput, oInput.m_sProblem);
     }
     catch (const std::exception& oFault)
     {
         oOutcome = { "", MakeErrorLine(sName, oFault.what()), eExit_Input };
     }
-    if (bVerbose)
+    if (oRules.m_bVerbose)
     {
         oOutcome.m_sError = sForm + TakeMessages() + oOutcome.m_sError;
     }
     return oOutcome;
 }
 
-void Print(const SOutcome& oOutcome, CProgress& oProgress, STool& oTool)
+void Write(const std::string& sText)
 {
-    if (!oOutcome.m_sOut.empty() || !oOutcome.m_sError.empty())
-    {
-        oProgress.Clear();
-    }
-    if (fwrite(oOutcome.m_sOut.data(), 1, oOutcome.m_sOut.size(), stdout) != oOutcome.m_sOut.size())
+    if (fwrite(sText.data(), 1, sText.size(), stdout) != sText.size())
     {
         g_iOutputError = errno;
     }
-    if (!oOutcome.m_sError.empty())
-    {
-        if (fflush(stdout) != 0) // so that both are in order where they go to one place
-        {
-            g_iOutputError = errno;
-        }
-        fwrite(oOutcome.m_sError.data(), 1, oOutcome.m_sError.size(), stderr);
-    }
-    oTool.Note(oOutcome.m_eExit);
-    oProgress.Step();
 }
+
+// All that a run writes, in the order of the inputs.
+class CPrinter
+{
+public:
+    CPrinter(const SFiles& oFiles, size_t uiCount, STool& oTool)
+        : m_oFiles(oFiles), m_oTool(oTool), m_oProgress(oFiles.m_bProgress, uiCount)
+    {
+        Write(m_oFiles.m_sHead);
+    }
+
+    void Print(const SOutcome& oOutcome)
+    {
+        if (!oOutcome.m_sOut.empty() || !oOutcome.m_sError.empty())
+        {
+            m_oProgress.Clear();
+        }
+        if (!oOutcome.m_sOut.empty())
+        {
+            Write(m_bFirst ? "" : m_oFiles.m_sBetween);
+            m_bFirst = false;
+        }
+        PrintOutcome(oOutcome, m_oTool);
+        m_oProgress.Step();
+    }
+
+    void Finish()
+    {
+        m_oProgress.Clear();
+        Write(m_oFiles.m_sTail);
+    }
+
+private:
+    const SFiles& m_oFiles;
+    STool& m_oTool;
+    CProgress m_oProgress;
+    bool m_bFirst = true; // nothing stands on standard output but the head
+};
 
 // The turns between the one that is printed next and the one that was begun last.
 class CWindow
@@ -335,6 +361,20 @@ private:
 bool CanPrint() { return ferror(stdout) == 0; }
 } // namespace
 
+void PrintOutcome(const SOutcome& oOutcome, STool& oTool)
+{
+    Write(oOutcome.m_sOut);
+    if (!oOutcome.m_sError.empty())
+    {
+        if (fflush(stdout) != 0) // so that both are in order where they go to one place
+        {
+            g_iOutputError = errno;
+        }
+        fwrite(oOutcome.m_sError.data(), 1, oOutcome.m_sError.size(), stderr);
+    }
+    oTool.Note(oOutcome.m_eExit);
+}
+
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn)
 {
     if (oFiles.m_asNames.empty() && oFiles.m_sListFile.empty())
@@ -350,14 +390,14 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
         oTool.Note(eExit_Input);
         return;
     }
-    CProgress oProgress(oFiles.m_bProgress, oNames.GetCount());
-    const bool bVerbose = oTool.m_bVerbose;
+    CPrinter oPrinter(oFiles, oNames.GetCount(), oTool);
+    const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, fnTurn };
     if (oFiles.m_uiJobs <= 1)
     {
         std::string sName;
         while (CanPrint() && oNames.Next(sName))
         {
-            Print(RunTurn(sName, bVerbose, fnTurn), oProgress, oTool);
+            oPrinter.Print(RunTurn(sName, oRules));
         }
     }
     else
@@ -367,17 +407,17 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
         CThreads oThreads(oWindow);
         for (unsigned int i = 0; i < oFiles.m_uiJobs; ++i)
         {
-            oThreads.Start([&oWindow, &fnTurn, bVerbose] {
-                oWindow.Work([&](const std::string& sName) { return RunTurn(sName, bVerbose, fnTurn); });
+            oThreads.Start([&oWindow, &oRules] {
+                oWindow.Work([&](const std::string& sName) { return RunTurn(sName, oRules); });
             });
         }
         SOutcome oOutcome;
         while (CanPrint() && oWindow.Take(oOutcome))
         {
-            Print(oOutcome, oProgress, oTool);
+            oPrinter.Print(oOutcome);
         }
     }
-    oProgress.Clear();
+    oPrinter.Finish();
     if (oNames.HasFailed())
     {
         fputs(MakeErrorLine(oFiles.m_sListFile, "cannot be read").c_str(), stderr);

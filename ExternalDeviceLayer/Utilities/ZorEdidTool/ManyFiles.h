@@ -16,17 +16,26 @@ struct SFiles
     std::string m_sListFile; // names, one a line; "-" is standard input. They come behind m_asNames
     bool m_bNulSeparated = false;
     unsigned int m_uiJobs = 1;
-    bool m_bProgress = false; // set by a subcommand that wants a progress bar, which only a terminal shows
+
+    // Set by subcommands, not by the command line.
+    bool m_bProgress = false;        // a progress bar, which only a terminal shows
+    bool m_bTurnsForBadOnes = false; // an input that cannot be read has a turn, too, which then answers for it
+    std::string m_sHead;             // standard output ahead of all turns, unless the run itself is refused
+    std::string m_sBetween;          // between the standard outputs of two turns, such as a comma
+    std::string m_sTail;             // behind all turns
 };
 
 // Declares FILE..., --files-from, -0 and -j.
 void AddFileOptions(CLI::App& oCommand, SFiles& oFiles);
 
 // Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes an
-// error line and eExit_Input. What the library writes during a turn goes to the turn's error text with --verbose, and
+// error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's error text with --verbose, and
 // nowhere otherwise.
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);
 
 // Reads one input of a subcommand that has few of them. One that cannot be read is told on standard error and noted;
 // with --verbose, what it was taken for is told there, too.
 SInput ReadOneInput(const std::string& sName, STool& oTool);
+
+// Prints and notes the outcome of a subcommand without turns.
+void PrintOutcome(const SOutcome& oOutcome, STool& oTool);

@@ -1,35 +1,135 @@
-// zoredid report: the three text reports of an image.
+// zoredid report: the three text reports of images, and the same facts as JSON.
 
 #include <CLI/CLI.hpp>
+#include <stdio.h>
 
+#include "Json.h"
 #include "ManyFiles.h"
+#include "TextFormat.h"
 #include "Tool.h"
 #include "ZorEdidUtils.h"
+
+namespace
+{
+struct SFormat
+{
+    const char* m_pszName;
+    CZorEdidUtils::EEdidFormatType m_eType;
+};
+
+constexpr SFormat gsc_aoFormats[] = {
+    { "plain", CZorEdidUtils::eEdidFormatZorEdidExtractor },
+    { "extended", CZorEdidUtils::eEdidFormatZorEdidExtractorExt },
+    { "modes", CZorEdidUtils::eEdidFormatRVideoOutRes },
+};
+
+struct SReportOptions
+{
+    SFiles m_oFiles;
+    std::string m_sFormat = "plain";
+    std::string m_sPrefix;
+    bool m_bJson = false;
+    bool m_bJsonLines = false;
+
+    bool HasManyFiles() const { return m_oFiles.m_asNames.size() > 1 || !m_oFiles.m_sListFile.empty(); }
+};
+
+SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
+{
+    CLoadedImage oImage;
+    if (!oImage.Load(oInput))
+    {
+        return RefuseInput(oInput, oImage.GetProblem());
+    }
+    CMArrayString oLines;
+    for (const SFormat& oFormat : gsc_aoFormats)
+    {
+        if (oOptions.m_sFormat == oFormat.m_pszName)
+        {
+            CZorEdidUtils::GetFormatedEdid(oFormat.m_eType, oImage.GetEdid(), oLines, oOptions.m_sPrefix.c_str());
+        }
+    }
+    if (oLines.GetCount() == 0)
+    {
+        return RefuseInput(oInput,
+                           "names no preferred mode, without which there is no text report; --json has the rest");
+    }
+    SOutcome oOutcome;
+    if (oOptions.HasManyFiles())
+    {
+        oOutcome.m_sOut = oOptions.m_sPrefix + oInput.m_sName + ":\n";
+    }
+    for (unsigned int i = 0; i < oLines.GetCount(); ++i)
+    {
+        oOutcome.m_sOut += oLines[i];
+        oOutcome.m_sOut += "\n";
+    }
+    return oOutcome;
+}
+
+SOutcome ReportAsJson(const SReportOptions& oOptions, const SInput& oInput)
+{
+    const auto fnWrite = oOptions.m_bJsonLines ? WriteLine : WriteIndented;
+    CLoadedImage oImage;
+    SOutcome oOutcome;
+    if (oImage.Load(oInput))
+    {
+        oOutcome.m_sOut = fnWrite(MakeImage(oInput, oImage));
+    }
+    else
+    {
+        oOutcome = RefuseInput(oInput, oImage.GetProblem());
+        oOutcome.m_sOut = fnWrite(MakeFailure(oInput, oImage.GetProblem()));
+    }
+    return oOutcome;
+}
+
+void Report(SReportOptions& oOptions, STool& oTool)
+{
+    if (!oOptions.m_bJson && !oOptions.m_bJsonLines)
+    {
+        ForEachInput(oOptions.m_oFiles, oTool,
+                     [&oOptions](const SInput& oInput) { return ReportAsText(oOptions, oInput); });
+        return;
+    }
+    // The document is written as it comes, so that memory does not grow with the number of images.
+    oOptions.m_oFiles.m_bTurnsForBadOnes = true;
+    if (oOptions.m_bJson)
+    {
+        oOptions.m_oFiles.m_sBetween = ",\n";
+        fputs(OpenDocument("images").c_str(), stdout);
+    }
+    ForEachInput(oOptions.m_oFiles, oTool,
+                 [&oOptions](const SInput& oInput) { return ReportAsJson(oOptions, oInput); });
+    if (oOptions.m_bJson)
+    {
+        fputs(gsc_pszCloseDocument, stdout);
+    }
+}
+} // namespace
 
 void AddReportCommand(CLI::App& oApp, STool& oTool)
 {
     CLI::App* poCommand = oApp.add_subcommand("report", "Print what a monitor says about itself");
-    const auto poFiles = std::make_shared<SFiles>();
-    AddFileOptions(*poCommand, *poFiles);
-    poCommand->callback([poFiles, &oTool] {
-        ForEachInput(*poFiles, oTool, [](const SInput& oInput) {
-            SOutcome oOutcome;
-            CEdid oEdid;
-            if (oEdid.SetEdidBuffer(oInput.m_aui8Bytes.data(), static_cast<unsigned int>(oInput.m_aui8Bytes.size()),
-                                    0) == 0)
-            {
-                oOutcome.m_sError = "zoredid: " + oInput.m_sName + ": no EDID\n";
-                oOutcome.m_eExit = eExit_Input;
-                return oOutcome;
-            }
-            CMArrayString oLines;
-            CZorEdidUtils::GetEdidFormatedAsZorEdidExtractor(oEdid, oLines, "");
-            for (unsigned int i = 0; i < oLines.GetCount(); ++i)
-            {
-                oOutcome.m_sOut += oLines[i];
-                oOutcome.m_sOut += "\n";
-            }
-            return oOutcome;
-        });
-    });
+    const auto poOptions = std::make_shared<SReportOptions>();
+    AddFileOptions(*poCommand, poOptions->m_oFiles);
+    std::vector<std::string> asFormats;
+    for (const SFormat& oFormat : gsc_aoFormats)
+    {
+        asFormats.push_back(oFormat.m_pszName);
+    }
+    CLI::Option* poFormat = poCommand->add_option("--format", poOptions->m_sFormat, "Which report; plain by default")
+                                ->check(CLI::IsMember(asFormats))
+                                ->type_name("NAME");
+    CLI::Option* poPrefix =
+        poCommand->add_option("--prefix", poOptions->m_sPrefix, "Text in front of each line")->type_name("TEXT");
+    CLI::Option* poJson = poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with all images");
+    CLI::Option* poLines = poCommand->add_flag("--jsonl", poOptions->m_bJsonLines,
+                                               "One line of JSON an image, also for one that cannot be loaded");
+    poJson->excludes(poLines)->excludes(poFormat)->excludes(poPrefix);
+    poLines->excludes(poFormat)->excludes(poPrefix);
+    poCommand->footer("Examples:\n"
+                      "  zoredid report --format extended monitor.bin\n"
+                      "  zoredid report --jsonl *.bin | jq -r '[.file, .name] | @tsv'");
+    poCommand->callback([poOptions, &oTool] { Report(*poOptions, oTool); });
 }

@@ -36,7 +36,7 @@ struct STool
     void Note(EExit eExit) { m_eExit = eExit > m_eExit ? eExit : m_eExit; }
 };
 
-// One line "zoredid: NAME: REASON", with control characters of the name as "?".
+// One line "zoredid: NAME: REASON", with the name as ShowName writes it.
 std::string MakeErrorLine(const std::string& sName, const std::string& sReason);
 
 // One line on standard error, "zoredid: TEXT".

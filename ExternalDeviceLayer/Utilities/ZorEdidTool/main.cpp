@@ -11,7 +11,10 @@
 
 namespace
 {
-constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = { AddReportCommand, AddListCommand, AddConvertCommand };
+constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = {
+    AddReportCommand, AddModesCommand, AddCompareCommand, AddCheckCommand,
+    AddTimingCommand, AddListCommand,  AddConvertCommand,
+};
 
 // A pipe that closes early ends the command quietly, also when the caller has left the signal ignored. A limit on the
 // size of files makes writing fail instead of ending it.

@@ -183,7 +183,7 @@ class Files(FolderCase):
         for name, reason in cases.items():
             status, out, error = run("report", name, MONITOR)
             self.assertEqual((3, 1), (status, error.count("\n")), error)
-            self.assertIn("%s: %s" % (name.replace("\n", "?"), reason), error)
+            self.assertIn("%s: %s" % (name.replace("\n", "\\n"), reason), error)
             self.assertEqual(run("report", MONITOR)[1], out)  # the others are still done
         with open("/dev/null", "rb") as device:
             done = subprocess.run([COMMAND, "report", "-"], stdin=device, capture_output=True, timeout=60, check=False)

@@ -1,0 +1,179 @@
+// zoredid check: findings about images, one a line, and a summary.
+
+#include <CLI/CLI.hpp>
+#include <stdio.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+
+#include "CheckRules.h"
+#include "Json.h"
+#include "ManyFiles.h"
+#include "TextFormat.h"
+#include "Tool.h"
+
+namespace
+{
+struct SCheckOptions
+{
+    SFiles m_oFiles;
+    bool m_bJson = false;
+};
+
+// Counted by all threads; read when they are done.
+struct SCounts
+{
+    std::atomic<unsigned long long> m_ullImages = 0;
+    std::atomic<unsigned long long> m_ullUnreadable = 0;
+    std::atomic<unsigned long long> m_ullWeighty = 0;       // images with a finding of weight
+    std::atomic<unsigned long long> m_aullFindings[3] = {}; // by severity
+};
+
+// How far the run is, on standard error when that is a terminal and the findings go elsewhere.
+class CProgress
+{
+public:
+    explicit CProgress(const SFiles& oFiles)
+        : m_bShown(isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0),
+          m_szTotal(oFiles.m_sListFile.empty() ? oFiles.m_asNames.size() : 0)
+    {
+    }
+    ~CProgress()
+    {
+        if (m_bShown)
+        {
+            fputs("\r\033[K", stderr);
+        }
+    }
+    CProgress(const CProgress&) = delete;
+    CProgress& operator=(const CProgress&) = delete;
+
+    void Show(unsigned long long ullDone) const
+    {
+        if (!m_bShown)
+        {
+            return;
+        }
+        if (m_szTotal == 0)
+        {
+            fprintf(stderr, "\r%llu images", ullDone);
+            return;
+        }
+        constexpr int iWidth = 40;
+        const int iFull = static_cast<int>(ullDone * iWidth / m_szTotal);
+        fprintf(stderr, "\r[%.*s%*s] %llu of %zu", iFull, "########################################", iWidth - iFull,
+                "", ullDone, m_szTotal);
+    }
+
+private:
+    const bool m_bShown;
+    const size_t m_szTotal; // 0 when unknown
+};
+
+unsigned int GetThisYear()
+{
+    const std::chrono::year_month_day oToday(std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()));
+    return static_cast<unsigned int>(static_cast<int>(oToday.year()));
+}
+
+std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
+{
+    return sName + FormatText(": block %u offset 0x%02x: %s: %s: found %s, expected %s\n", oFinding.m_uiBlock,
+                              oFinding.m_uiOffset, GetSeverityName(oFinding.m_eSeverity), oFinding.m_sWhat.c_str(),
+                              oFinding.m_sFound.c_str(), oFinding.m_sExpected.c_str());
+}
+
+nlohmann::ordered_json MakeChecked(const std::string& sName, const std::vector<SFinding>& aoFindings)
+{
+    nlohmann::ordered_json oJson = { { "file", sName }, { "findings", nlohmann::ordered_json::array() } };
+    for (const SFinding& oFinding : aoFindings)
+    {
+        oJson["findings"].push_back({ { "block", oFinding.m_uiBlock },
+                                      { "offset", oFinding.m_uiOffset },
+                                      { "severity", GetSeverityName(oFinding.m_eSeverity) },
+                                      { "what", oFinding.m_sWhat },
+                                      { "found", oFinding.m_sFound },
+                                      { "expected", oFinding.m_sExpected } });
+    }
+    return oJson;
+}
+
+SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
+{
+    if (!oInput.IsGood())
+    {
+        ++oCounts.m_ullUnreadable;
+        SOutcome oOutcome = RefuseInput(oInput, oInput.m_sProblem);
+        if (bJson)
+        {
+            oOutcome.m_sOut = WriteIndented({ { "file", oInput.m_sName }, { "error", oInput.m_sProblem } });
+        }
+        return oOutcome;
+    }
+    SOutcome oOutcome;
+    const std::vector<SFinding> aoFindings = CheckImage(oInput.m_aui8Bytes, GetThisYear());
+    for (const SFinding& oFinding : aoFindings)
+    {
+        ++oCounts.m_aullFindings[static_cast<unsigned int>(oFinding.m_eSeverity)];
+        oOutcome.m_eExit = oFinding.HasWeight() ? eExit_Finding : oOutcome.m_eExit;
+        oOutcome.m_sOut += bJson ? "" : DescribeFinding(oInput.m_sName, oFinding);
+    }
+    if (bJson)
+    {
+        oOutcome.m_sOut = WriteIndented(MakeChecked(oInput.m_sName, aoFindings));
+    }
+    oCounts.m_ullWeighty += oOutcome.m_eExit == eExit_Finding ? 1 : 0;
+    return oOutcome;
+}
+
+std::string Summarise(const SCounts& oCounts)
+{
+    return FormatText("%llu images: %llu clean, %llu with findings of weight, %llu unreadable; %llu errors, %llu "
+                      "warnings, %llu notes\n",
+                      oCounts.m_ullImages.load(), oCounts.m_ullImages - oCounts.m_ullWeighty - oCounts.m_ullUnreadable,
+                      oCounts.m_ullWeighty.load(), oCounts.m_ullUnreadable.load(), oCounts.m_aullFindings[0].load(),
+                      oCounts.m_aullFindings[1].load(), oCounts.m_aullFindings[2].load());
+}
+
+void Check(SCheckOptions& oOptions, STool& oTool)
+{
+    SCounts oCounts;
+    oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
+    if (oOptions.m_bJson)
+    {
+        oOptions.m_oFiles.m_sBetween = ",\n";
+        fputs(OpenDocument("checks").c_str(), stdout);
+    }
+    {
+        const CProgress oProgress(oOptions.m_oFiles);
+        ForEachInput(oOptions.m_oFiles, oTool, [&](const SInput& oInput) {
+            const SOutcome oOutcome = CheckInput(oInput, oOptions.m_bJson, oCounts);
+            oProgress.Show(++oCounts.m_ullImages);
+            return oOutcome;
+        });
+    }
+    if (oOptions.m_bJson)
+    {
+        fputs(gsc_pszCloseDocument, stdout);
+    }
+    else if (oCounts.m_ullImages > 1)
+    {
+        fputs(Summarise(oCounts).c_str(), stdout);
+    }
+}
+} // namespace
+
+void AddCheckCommand(CLI::App& oApp, STool& oTool)
+{
+    CLI::App* poCommand = oApp.add_subcommand("check", "Name what is wrong with images");
+    const auto poOptions = std::make_shared<SCheckOptions>();
+    AddFileOptions(*poCommand, poOptions->m_oFiles);
+    poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with the findings");
+    poCommand->footer("A line for each finding, none for a clean image, and a summary of several:\n"
+                      "  FILE: block B offset 0xNN: error|warning|note: what: found X, expected Y\n"
+                      "Exit status: 0 clean or notes only, 1 errors or warnings, 3 an image that cannot be read.\n\n"
+                      "Example:\n"
+                      "  zoredid check *.bin");
+    poCommand->callback([poOptions, &oTool] { Check(*poOptions, oTool); });
+}

@@ -1,0 +1,558 @@
+// The rules of zoredid check, from the whole image down to a descriptor.
+
+#include "CheckRules.h"
+
+#include <string.h>
+
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
+#include "Cea861Bytes.h"
+#include "EdidBase.h"
+#include "EdidBaseLayout.h"
+#include "EdidExtBlockCEA861.h"
+#include "EdidExtBlockDisplayID.h"
+#include "LoadedImage.h"
+#include "TextFormat.h"
+
+using namespace EdidBaseLayout;
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+constexpr unsigned int gsc_uiChecksumOffset = CEdidUtils::msc_uiChecksumOffset;
+constexpr unsigned int gsc_uiExtensionRevisionOffset = 1; // of CEA-861 and DisplayID blocks
+constexpr unsigned int gsc_uiCeaTag = 0x02;
+constexpr unsigned int gsc_uiDisplayIdTag = 0x70;
+
+std::string Byte(unsigned int uiValue) { return FormatText("0x%02x", uiValue); }
+
+// The findings of one block.
+class CBlockFindings
+{
+public:
+    CBlockFindings(std::vector<SFinding>& aoFindings, unsigned int uiBlock, const unsigned char* pui8Bytes)
+        : m_aoFindings(aoFindings), m_uiBlock(uiBlock), m_pui8Bytes(pui8Bytes)
+    {
+    }
+
+    void Add(ESeverity eSeverity, unsigned int uiOffset, const char* pszWhat, const std::string& sFound,
+             const std::string& sExpected)
+    {
+        m_aoFindings.push_back({ m_uiBlock, uiOffset, eSeverity, pszWhat, sFound, sExpected });
+    }
+    void Error(unsigned int uiOffset, const char* pszWhat, const std::string& sFound, const std::string& sExpected)
+    {
+        Add(ESeverity::eError, uiOffset, pszWhat, sFound, sExpected);
+    }
+    void Warning(unsigned int uiOffset, const char* pszWhat, const std::string& sFound, const std::string& sExpected)
+    {
+        Add(ESeverity::eWarning, uiOffset, pszWhat, sFound, sExpected);
+    }
+    void Note(unsigned int uiOffset, const char* pszWhat, const std::string& sFound, const std::string& sExpected)
+    {
+        Add(ESeverity::eNote, uiOffset, pszWhat, sFound, sExpected);
+    }
+
+    unsigned int GetByte(unsigned int uiOffset) const { return m_pui8Bytes[uiOffset]; }
+    const unsigned char* GetAt(unsigned int uiOffset) const { return m_pui8Bytes + uiOffset; }
+
+    // uiSize bytes from uiStart on, the last one their checksum.
+    void CheckSum(unsigned int uiStart, unsigned int uiSize, const char* pszWhat)
+    {
+        if (CEdidUtils::Is8BitsChecksumValid(uiSize, GetAt(uiStart)) == 0)
+        {
+            const unsigned int uiOffset = uiStart + uiSize - 1;
+            const unsigned int uiRight =
+                static_cast<unsigned int>(CEdidUtils::Compute8BitsChecksum(uiSize - 1, GetAt(uiStart))) & 0xFF;
+            Error(uiOffset, pszWhat, Byte(GetByte(uiOffset)), Byte(uiRight));
+        }
+    }
+
+private:
+    std::vector<SFinding>& m_aoFindings;
+    const unsigned int m_uiBlock;
+    const unsigned char* const m_pui8Bytes;
+};
+
+// ---- Detailed timings ----
+
+bool HasPixelClock(const unsigned char* pui8Descriptor) { return ByteFields::ReadLittle16(pui8Descriptor) != 0; }
+
+void CheckBlanking(CBlockFindings& oFindings, unsigned int uiOffset, const char* pszWhat, unsigned int uiBlanking,
+                   unsigned int uiNeeded)
+{
+    if (uiBlanking < uiNeeded)
+    {
+        oFindings.Warning(uiOffset, pszWhat, std::to_string(uiBlanking),
+                          FormatText("at least %u for front porch and sync", uiNeeded));
+    }
+}
+
+// A descriptor with a pixel clock.
+void CheckDetailed(CBlockFindings& oFindings, unsigned int uiOffset)
+{
+    CEdidUtils::SEdidDetailedRaw oRaw;
+    memcpy(oRaw.m_aui8Data, oFindings.GetAt(uiOffset), sizeof(oRaw.m_aui8Data));
+    if (oRaw.GetHorizontalActive() == 0 || oRaw.GetVerticalActive() == 0)
+    {
+        oFindings.Warning(uiOffset, "active size",
+                          FormatText("%u x %u", oRaw.GetHorizontalActive(), oRaw.GetVerticalActive()),
+                          "pixels and lines");
+    }
+    CheckBlanking(oFindings, uiOffset, "horizontal blanking", oRaw.GetHorizontalBlanking(),
+                  oRaw.GetHorizontalFrontPorch() + oRaw.GetHorizontalSync());
+    CheckBlanking(oFindings, uiOffset, "vertical blanking", oRaw.GetVerticalBlanking(),
+                  oRaw.GetVerticalFrontPorch() + oRaw.GetVerticalSync());
+}
+
+// ---- Base block ----
+
+void CheckIdentity(CBlockFindings& oFindings, unsigned int uiThisYear)
+{
+    const SManufacturerCode oCode = ReadManufacturerCode(oFindings.GetAt(0));
+    const bool bReserved = oFindings.GetByte(gsc_uiManufacturerOffset) >> 7 != 0;
+    const auto fnIsLetter = [](char cLetter) { return cLetter >= 'A' && cLetter <= 'Z'; };
+    if (bReserved || !std::all_of(oCode.m_szCode, oCode.m_szCode + gsc_uiManufacturerLetters, fnIsLetter))
+    {
+        oFindings.Warning(gsc_uiManufacturerOffset, "manufacturer",
+                          FormatHex(oFindings.GetAt(gsc_uiManufacturerOffset), 2), "three letters A to Z");
+    }
+
+    constexpr unsigned int uiLastWeek = 54;
+    constexpr unsigned int uiModelYearWeek = 255;
+    constexpr unsigned int uiFirstYear = 1990;
+    const unsigned int uiWeek = oFindings.GetByte(gsc_uiWeekOffset);
+    if (uiWeek > uiLastWeek && uiWeek != uiModelYearWeek)
+    {
+        oFindings.Warning(gsc_uiWeekOffset, "week", std::to_string(uiWeek), "0 to 54, or 255 for a model year");
+    }
+    const unsigned int uiYear = uiFirstYear + oFindings.GetByte(gsc_uiYearOffset);
+    const unsigned int uiLatest = uiThisYear + (uiWeek == uiModelYearWeek ? 1 : 0); // models are named ahead
+    if (uiYear > uiLatest)
+    {
+        oFindings.Warning(gsc_uiYearOffset, "year", std::to_string(uiYear), FormatText("at most %u", uiLatest));
+    }
+
+    if (oFindings.GetByte(gsc_uiVersionOffset) != gsc_uiVersion)
+    {
+        oFindings.Warning(
+            gsc_uiVersionOffset, "version",
+            FormatText("%u.%u", oFindings.GetByte(gsc_uiVersionOffset), oFindings.GetByte(gsc_uiRevisionOffset)),
+            "1.0 to 1.4");
+    }
+}
+
+void CheckPreferred(CBlockFindings& oFindings)
+{
+    CEdidBase oBase;
+    oBase.SetEdidBuffer(oFindings.GetAt(0), gsc_uiBlockSize, 0);
+    if (!IsPreferredTimingDeclared(oFindings.GetAt(0)))
+    {
+        oFindings.Note(gsc_uiFeaturesOffset, "preferred mode", "none declared",
+                       "one, which reports and comparisons need");
+    }
+    else if (oBase.GetDetailed(0, nullptr) == 0)
+    {
+        oFindings.Error(gsc_uiDescriptorsOffset, "preferred mode", "no detailed timing", "one in the first descriptor");
+    }
+}
+
+// A descriptor of the base block that is no display descriptor in the library's eyes and has no pixel clock. From
+// revision 4 on byte 4 of range limits holds flags.
+void CheckWithoutClock(CBlockFindings& oFindings, unsigned int uiOffset)
+{
+    constexpr unsigned int uiSecondReservedOffset = 4;
+    const unsigned int uiFlags = oFindings.GetByte(uiOffset + uiSecondReservedOffset);
+    if (oFindings.GetByte(uiOffset + 2) == 0 &&
+        oFindings.GetByte(uiOffset + gsc_uiTagOffset) == gsc_ui8TagRangeLimits &&
+        IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision))
+    {
+        oFindings.Note(uiOffset + uiSecondReservedOffset, "range limits", "flags " + Byte(uiFlags),
+                       "0x00: the library reads no others");
+        return;
+    }
+    oFindings.Warning(uiOffset, "descriptor without clock",
+                      FormatHex(oFindings.GetAt(uiOffset), uiSecondReservedOffset + 1),
+                      "a pixel clock, or 00 in bytes 2 and 4");
+}
+
+void CheckBaseDescriptors(CBlockFindings& oFindings)
+{
+    constexpr unsigned int uiLastMakersTag = 0x0F; // tags up to here are the manufacturer's
+    constexpr unsigned int uiFirstStandardTag = 0xF7;
+    for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount; ++i)
+    {
+        const unsigned int uiOffset = DescriptorOffset(i);
+        const unsigned int uiTag = oFindings.GetByte(uiOffset + gsc_uiTagOffset);
+        if (HasPixelClock(oFindings.GetAt(uiOffset)))
+        {
+            CheckDetailed(oFindings, uiOffset);
+        }
+        else if (!IsDisplayDescriptor(oFindings.GetAt(uiOffset)))
+        {
+            CheckWithoutClock(oFindings, uiOffset);
+        }
+        else if (uiTag > uiLastMakersTag && uiTag != gsc_ui8TagEmpty && uiTag < uiFirstStandardTag)
+        {
+            oFindings.Note(uiOffset + gsc_uiTagOffset, "descriptor tag", Byte(uiTag), "a tag of the standard");
+        }
+    }
+}
+
+// The timing's millimetres against the block's centimetres, for the first descriptor.
+void CheckImageSize(CBlockFindings& oFindings)
+{
+    constexpr unsigned int uiMillimetresPerCentimetre = 10;
+    CEdidUtils::SEdidDetailedRaw oRaw;
+    memcpy(oRaw.m_aui8Data, oFindings.GetAt(gsc_uiDescriptorsOffset), sizeof(oRaw.m_aui8Data));
+    const unsigned int uiWidth = uiMillimetresPerCentimetre * oFindings.GetByte(gsc_uiImageWidthOffset);
+    const unsigned int uiHeight = uiMillimetresPerCentimetre * oFindings.GetByte(gsc_uiImageHeightOffset);
+    const auto fnDiffer = [](unsigned int uiFirst, unsigned int uiSecond) {
+        return std::max(uiFirst, uiSecond) - std::min(uiFirst, uiSecond) > uiMillimetresPerCentimetre;
+    };
+    if (HasPixelClock(oRaw.m_aui8Data) && uiWidth != 0 && uiHeight != 0 && oRaw.GetImageWidth() != 0 &&
+        oRaw.GetImageHeight() != 0 &&
+        (fnDiffer(uiWidth, oRaw.GetImageWidth()) || fnDiffer(uiHeight, oRaw.GetImageHeight())))
+    {
+        constexpr unsigned int uiSizeOffset = 12; // in the descriptor
+        oFindings.Note(gsc_uiDescriptorsOffset + uiSizeOffset, "image size",
+                       FormatText("%u x %u mm", oRaw.GetImageWidth(), oRaw.GetImageHeight()),
+                       FormatText("about %u x %u mm, from bytes 0x15 and 0x16", uiWidth, uiHeight));
+    }
+}
+
+void CheckBase(CBlockFindings& oFindings, unsigned int uiThisYear)
+{
+    if (memcmp(oFindings.GetAt(0), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) != 0)
+    {
+        oFindings.Error(0, "header", FormatHex(oFindings.GetAt(0), sizeof(EDID_V1_HEADER)),
+                        FormatHex(EDID_V1_HEADER, sizeof(EDID_V1_HEADER)));
+    }
+    else
+    {
+        CheckIdentity(oFindings, uiThisYear);
+        CheckPreferred(oFindings);
+        CheckBaseDescriptors(oFindings);
+        CheckImageSize(oFindings);
+    }
+    oFindings.CheckSum(0, gsc_uiBlockSize, "checksum");
+}
+
+// ---- CEA-861 ----
+
+// A descriptor area ends at the first descriptor without a pixel clock; zeros follow up to the checksum.
+void CheckCeaDescriptors(CBlockFindings& oFindings, unsigned int uiStart)
+{
+    unsigned int uiOffset = uiStart;
+    while (uiOffset + gsc_uiDescriptorSize <= gsc_uiChecksumOffset && HasPixelClock(oFindings.GetAt(uiOffset)))
+    {
+        CheckDetailed(oFindings, uiOffset);
+        uiOffset += gsc_uiDescriptorSize;
+    }
+    const unsigned char* pui8End = oFindings.GetAt(gsc_uiChecksumOffset);
+    const unsigned char* pui8Used = std::find_if(oFindings.GetAt(std::min(uiOffset, gsc_uiChecksumOffset)), pui8End,
+                                                 [](unsigned char ui8Byte) { return ui8Byte != 0; });
+    if (pui8Used == pui8End)
+    {
+        return;
+    }
+    const unsigned int uiUsed = static_cast<unsigned int>(pui8Used - oFindings.GetAt(0));
+    if (uiOffset + gsc_uiDescriptorSize > gsc_uiChecksumOffset || uiUsed >= uiOffset + gsc_uiDescriptorSize)
+    {
+        oFindings.Warning(uiUsed, "padding", Byte(*pui8Used), "0x00 behind the last descriptor");
+    }
+    else if (IsDisplayDescriptor(oFindings.GetAt(uiOffset)))
+    {
+        oFindings.Note(uiOffset, "display descriptor", "tag " + Byte(oFindings.GetByte(uiOffset + gsc_uiTagOffset)),
+                       "a timing or zeros: the library reads no more of the block");
+    }
+    else
+    {
+        oFindings.Warning(uiOffset, "descriptor without clock", FormatHex(oFindings.GetAt(uiOffset), 5),
+                          "a pixel clock, or zeros to the end");
+    }
+}
+
+// Inside one data block, whose header stands in front of its payload.
+void CheckDataBlock(CBlockFindings& oFindings, const SDataBlock& oBlock)
+{
+    constexpr unsigned int uiAudioSize = 3;
+    constexpr unsigned int uiSpeakerSize = 3;
+    const unsigned int uiHeader = oBlock.m_uiOffset - Cea861Layout::gsc_uiHeaderSize;
+    const std::string sLength = FormatText("%u bytes", oBlock.m_uiLength);
+    switch (Cea861Layout::gsc_oHeaderTag.Read(oFindings.GetAt(uiHeader)))
+    {
+    case CEdidExtBlockCEA861::eCea861Tag_Audio:
+        if (oBlock.m_uiLength % uiAudioSize != 0)
+        {
+            oFindings.Error(uiHeader, "audio data block", sLength, "a multiple of 3");
+        }
+        break;
+    case CEdidExtBlockCEA861::eCea861Tag_Video:
+        for (unsigned int i = 0; i < oBlock.m_uiLength; ++i)
+        {
+            const unsigned int uiCode = oFindings.GetByte(oBlock.m_uiOffset + i);
+            if (CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiCode, nullptr, nullptr) == 0)
+            {
+                oFindings.Warning(oBlock.m_uiOffset + i, "video code", Byte(uiCode), "1 to 127 or 129 to 253");
+            }
+        }
+        break;
+    case CEdidExtBlockCEA861::eCea861Tag_Speaker:
+        if (oBlock.m_uiLength < uiSpeakerSize)
+        {
+            oFindings.Warning(uiHeader, "speaker data block", sLength, "3 bytes");
+        }
+        break;
+    case CEdidExtBlockCEA861::eCea861Tag_Extended:
+        if (oBlock.m_uiLength == 0)
+        {
+            oFindings.Error(uiHeader, "data block", "no extended tag", "a byte for it");
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+// The walk is the library's. It ends where byte 2 says, behind that point when a block crosses it, or in front of a
+// block that would run past byte 126.
+void CheckDataBlocks(CBlockFindings& oFindings, unsigned int uiEnd)
+{
+    CCea861Walk oWalk(oFindings.GetAt(0), uiEnd);
+    unsigned int uiHeader = Cea861Layout::gsc_uiDataBlocksOffset;
+    unsigned int uiNext = uiHeader;
+    while (oWalk.Next())
+    {
+        CheckDataBlock(oFindings, oWalk.GetBlock());
+        uiHeader = uiNext;
+        uiNext = oWalk.GetBlock().m_uiOffset + oWalk.GetLength();
+    }
+    if (!oWalk.IsEndExact())
+    {
+        const unsigned int uiBad = uiNext < uiEnd ? uiNext : uiHeader;
+        const unsigned int uiBadEnd =
+            uiBad + Cea861Layout::gsc_uiHeaderSize + Cea861Layout::gsc_oHeaderLength.Read(oFindings.GetAt(uiBad));
+        oFindings.Error(uiBad, "data block", FormatText("its end at 0x%02x", uiBadEnd),
+                        FormatText("at most 0x%02x, where the descriptors begin", uiEnd));
+    }
+}
+
+void CheckCea(CBlockFindings& oFindings)
+{
+    const unsigned int uiRevision = oFindings.GetByte(gsc_uiExtensionRevisionOffset);
+    const unsigned int uiStart = oFindings.GetByte(Cea861Layout::gsc_uiDetailedStartOffset);
+    if (uiRevision > Cea861Layout::gsc_uiHighestRevision)
+    {
+        oFindings.Warning(gsc_uiExtensionRevisionOffset, "revision", std::to_string(uiRevision),
+                          "0 to 3: the library drops the block");
+    }
+    if (uiStart == 0)
+    {
+        return; // neither data blocks nor descriptors
+    }
+    if (uiStart < Cea861Layout::gsc_uiDataBlocksOffset || uiStart > gsc_uiChecksumOffset)
+    {
+        oFindings.Error(Cea861Layout::gsc_uiDetailedStartOffset, "offset of the descriptors", Byte(uiStart),
+                        "0x00 or 0x04 to 0x7f");
+        return;
+    }
+    if (uiRevision >= Cea861Layout::gsc_uiDataBlocksRevision)
+    {
+        CheckDataBlocks(oFindings, uiStart);
+    }
+    CheckCeaDescriptors(oFindings, uiStart);
+}
+
+// ---- DisplayID ----
+
+namespace DisplayIdLayout
+{
+constexpr unsigned int gsc_uiSectionLengthOffset = 2; // bytes of data blocks
+constexpr unsigned int gsc_uiDataBlocksOffset = 5;    // the section checksum stands behind them
+constexpr unsigned int gsc_uiLongestSection = 121;
+constexpr unsigned int gsc_uiHighestRevision = 0x12;
+constexpr unsigned int gsc_auiLaterRevisions[] = { 0x13, 0x20, 0x21 }; // of the standard; the library reads none
+constexpr unsigned int gsc_uiHeaderSize = sizeof(CEdidExtBlockDisplayID::SDataBlockHeader);
+constexpr unsigned int gsc_uiLengthOffset = 2; // in the header of a data block
+} // namespace DisplayIdLayout
+
+using namespace DisplayIdLayout;
+
+struct SRecordSize
+{
+    unsigned int m_uiTag;
+    unsigned int m_uiSize; // of a record; the payload is one or more of them
+};
+
+constexpr SRecordSize gsc_aoRecordSizes[] = {
+    { CEdidExtBlockDisplayID::eDisplayIdTag_Type1Detailed, sizeof(CEdidExtBlockDisplayID::SDisplayIdType1DetailedRaw) },
+    { CEdidExtBlockDisplayID::eDisplayIdTag_Type2Detailed, sizeof(CEdidExtBlockDisplayID::SDisplayIdType2DetailedRaw) },
+    { CEdidExtBlockDisplayID::eDisplayIdTag_TiledTopology, 22 },
+};
+
+void CheckRecords(CBlockFindings& oFindings, unsigned int uiHeader, unsigned int uiLength)
+{
+    for (const SRecordSize& oRecord : gsc_aoRecordSizes)
+    {
+        if (oFindings.GetByte(uiHeader) == oRecord.m_uiTag && (uiLength == 0 || uiLength % oRecord.m_uiSize != 0))
+        {
+            oFindings.Error(uiHeader, "data block", FormatText("%u bytes", uiLength),
+                            FormatText("a multiple of %u: the library reads no timing of the block", oRecord.m_uiSize));
+        }
+    }
+}
+
+void CheckDisplayIdBlocks(CBlockFindings& oFindings, unsigned int uiEnd)
+{
+    for (unsigned int uiHeader = gsc_uiDataBlocksOffset; uiHeader < uiEnd;)
+    {
+        if (oFindings.GetByte(uiHeader) == 0 && std::all_of(oFindings.GetAt(uiHeader), oFindings.GetAt(uiEnd),
+                                                            [](unsigned char ui8Byte) { return ui8Byte == 0; }))
+        {
+            return; // padding
+        }
+        const bool bHasHeader = uiEnd - uiHeader >= gsc_uiHeaderSize;
+        const unsigned int uiLength = bHasHeader ? oFindings.GetByte(uiHeader + gsc_uiLengthOffset) : 0;
+        const unsigned int uiNext = uiHeader + gsc_uiHeaderSize + uiLength;
+        if (uiNext > uiEnd)
+        {
+            oFindings.Error(uiHeader, "data block", FormatText("its end at 0x%02x", uiNext),
+                            FormatText("at most 0x%02x, the section's end", uiEnd));
+            return;
+        }
+        CheckRecords(oFindings, uiHeader, uiLength);
+        uiHeader = uiNext;
+    }
+}
+
+void CheckDisplayId(CBlockFindings& oFindings)
+{
+    const unsigned int uiRevision = oFindings.GetByte(gsc_uiExtensionRevisionOffset);
+    const unsigned int uiLength = oFindings.GetByte(gsc_uiSectionLengthOffset);
+    if (uiRevision > gsc_uiHighestRevision)
+    {
+        const bool bLater = std::find(std::begin(gsc_auiLaterRevisions), std::end(gsc_auiLaterRevisions), uiRevision) !=
+                            std::end(gsc_auiLaterRevisions);
+        const std::string sFound = FormatText("%u.%u", uiRevision >> 4, uiRevision & 0x0F);
+        oFindings.Add(bLater ? ESeverity::eNote : ESeverity::eWarning, gsc_uiExtensionRevisionOffset,
+                      "DisplayID version", sFound, "1.2 at most: the library drops the block");
+    }
+    if (uiLength > gsc_uiLongestSection)
+    {
+        oFindings.Error(gsc_uiSectionLengthOffset, "section length", std::to_string(uiLength), "at most 121");
+        return;
+    }
+    const unsigned int uiEnd = gsc_uiDataBlocksOffset + uiLength; // of the data blocks: the section checksum
+    oFindings.CheckSum(gsc_uiExtensionRevisionOffset, uiEnd, "section checksum");
+    if (uiRevision <= gsc_uiHighestRevision)
+    {
+        CheckDisplayIdBlocks(oFindings, uiEnd);
+    }
+}
+
+// ---- Image ----
+
+void CheckExtension(CBlockFindings& oFindings)
+{
+    const unsigned int uiTag = oFindings.GetByte(0);
+    if (uiTag == gsc_uiCeaTag)
+    {
+        CheckCea(oFindings);
+    }
+    else if (uiTag == gsc_uiDisplayIdTag)
+    {
+        CheckDisplayId(oFindings);
+    }
+    else
+    {
+        const bool bKnown = strcmp(GetBlockKind(uiTag), "unknown") != 0;
+        oFindings.Add(bKnown ? ESeverity::eNote : ESeverity::eWarning, 0, "block kind",
+                      Byte(uiTag) + " (" + GetBlockKind(uiTag) + ")",
+                      "0x02 (cea-861) or 0x70 (displayid): the library drops the block");
+    }
+    oFindings.CheckSum(0, gsc_uiBlockSize, "checksum");
+}
+
+// The number of extension blocks by the override data block of the HDMI Forum, which stands first in the first block of
+// images with more of them than older readers may see; 0 without one.
+unsigned int ReadOverriddenCount(const unsigned char* pui8Extension)
+{
+    constexpr unsigned int uiOverrideTag = 0x78; // extended tag; the count follows
+    CCea861Walk oWalk(pui8Extension, pui8Extension[Cea861Layout::gsc_uiDetailedStartOffset]);
+    const bool bOverridden = pui8Extension[0] == gsc_uiCeaTag &&
+                             pui8Extension[gsc_uiExtensionRevisionOffset] >= Cea861Layout::gsc_uiDataBlocksRevision &&
+                             oWalk.Next({ uiOverrideTag, true }) && oWalk.GetLength() != 0;
+    return bOverridden ? oWalk.GetByte(0) : 0U;
+}
+
+// Returns how many blocks are announced, in one way or the other.
+unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
+{
+    const unsigned int uiAnnounced = oFindings.GetByte(gsc_uiExtensionCountOffset);
+    if (uiAnnounced > uiPresent)
+    {
+        oFindings.Error(gsc_uiExtensionCountOffset, "extension count", std::to_string(uiAnnounced),
+                        FormatText("%u, the blocks present", uiPresent));
+    }
+    if (uiAnnounced >= uiPresent)
+    {
+        return uiPresent;
+    }
+    const unsigned int uiOverridden =
+        uiAnnounced != 0 ? ReadOverriddenCount(oFindings.GetAt(gsc_uiBlockSize)) : 0U; // the first block follows
+    const std::string sExpected = FormatText("%u, the blocks present: the library reads no others", uiPresent);
+    if (uiOverridden == uiPresent)
+    {
+        oFindings.Note(gsc_uiExtensionCountOffset, "extension count",
+                       FormatText("%u, and %u in an override data block", uiAnnounced, uiOverridden), sExpected);
+        return uiOverridden;
+    }
+    oFindings.Warning(gsc_uiExtensionCountOffset, "extension count", std::to_string(uiAnnounced), sExpected);
+    return uiAnnounced;
+}
+} // namespace
+
+const char* GetSeverityName(ESeverity eSeverity)
+{
+    switch (eSeverity)
+    {
+    case ESeverity::eError:
+        return "error";
+    case ESeverity::eWarning:
+        return "warning";
+    case ESeverity::eNote:
+        return "note";
+    }
+    return "";
+}
+
+std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, unsigned int uiThisYear)
+{
+    std::vector<SFinding> aoFindings;
+    unsigned int uiChecked = 1; // blocks behind those that are announced are nobody's
+    const unsigned int uiBlocks = static_cast<unsigned int>(aui8Bytes.size() / gsc_uiBlockSize);
+    for (unsigned int i = 0; i < std::min(uiBlocks, uiChecked); ++i)
+    {
+        CBlockFindings oFindings(aoFindings, i, aui8Bytes.data() + i * size_t{ gsc_uiBlockSize });
+        if (i != 0)
+        {
+            CheckExtension(oFindings);
+            continue;
+        }
+        CheckBase(oFindings, uiThisYear);
+        uiChecked += CheckCount(oFindings, uiBlocks - 1);
+    }
+    std::stable_sort(aoFindings.begin(), aoFindings.end(), [](const SFinding& oFirst, const SFinding& oSecond) {
+        return std::tie(oFirst.m_uiBlock, oFirst.m_uiOffset) < std::tie(oSecond.m_uiBlock, oSecond.m_uiOffset);
+    });
+    const unsigned int uiRest = static_cast<unsigned int>(aui8Bytes.size() % gsc_uiBlockSize);
+    if (uiRest != 0 || uiBlocks == 0)
+    {
+        CBlockFindings(aoFindings, uiBlocks, nullptr)
+            .Error(uiRest, "size", FormatText("%zu bytes", aui8Bytes.size()), "a multiple of 128");
+    }
+    return aoFindings;
+}

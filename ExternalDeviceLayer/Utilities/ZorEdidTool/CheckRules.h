@@ -1,0 +1,30 @@
+// What is wrong with an image: rules over its bytes, whether the library loads them or not.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+enum class ESeverity
+{
+    eError,   // against the standard, and something is lost or refused
+    eWarning, // odd enough to look at
+    eNote     // allowed, but the library does not read it
+};
+
+const char* GetSeverityName(ESeverity eSeverity);
+
+struct SFinding
+{
+    unsigned int m_uiBlock;  // of the image; the base block is 0
+    unsigned int m_uiOffset; // in the block
+    ESeverity m_eSeverity;
+    std::string m_sWhat;
+    std::string m_sFound;
+    std::string m_sExpected;
+
+    bool HasWeight() const { return m_eSeverity != ESeverity::eNote; }
+};
+
+// Findings in the order of the blocks. uiThisYear is what no year of manufacture may exceed.
+std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, unsigned int uiThisYear);

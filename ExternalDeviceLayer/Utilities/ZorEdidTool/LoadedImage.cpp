@@ -1,0 +1,94 @@
+// Loading an input, and telling the blocks that the library kept from those that it dropped.
+
+#include "LoadedImage.h"
+
+#include <string.h>
+
+#include "EdidBaseLayout.h"
+#include "TextFormat.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+
+struct SBlockKind
+{
+    unsigned int m_uiTag;
+    const char* m_pszName;
+};
+
+// Extension tags of the E-EDID standard.
+constexpr SBlockKind gsc_aoBlockKinds[] = {
+    { 0x02, "cea-861" }, { 0x10, "video-timing" }, { 0x40, "display-information" }, { 0x50, "localized-string" },
+    { 0x60, "dpvl" },    { 0x70, "displayid" },    { 0xF0, "block-map" },           { 0xFF, "manufacturer" },
+};
+
+// Why CEdid::SetEdidBuffer refuses an image; empty for one that it takes.
+std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
+{
+    if (aui8Bytes.empty())
+    {
+        return "is empty";
+    }
+    if (aui8Bytes.size() % gsc_uiBlockSize != 0)
+    {
+        return FormatText("no EDID: %zu bytes, which is no multiple of %u", aui8Bytes.size(), gsc_uiBlockSize);
+    }
+    if (memcmp(aui8Bytes.data(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) != 0)
+    {
+        return "no EDID: it does not begin with 00 ff ff ff ff ff ff 00";
+    }
+    return "";
+}
+} // namespace
+
+const char* GetBlockKind(unsigned int uiTag)
+{
+    for (const SBlockKind& oKind : gsc_aoBlockKinds)
+    {
+        if (oKind.m_uiTag == uiTag)
+        {
+            return oKind.m_pszName;
+        }
+    }
+    return "unknown";
+}
+
+bool CLoadedImage::Load(const SInput& oInput)
+{
+    m_sProblem = oInput.IsGood() ? FindProblem(oInput.m_aui8Bytes) : oInput.m_sProblem;
+    if (!m_sProblem.empty())
+    {
+        return false;
+    }
+    const unsigned int uiSize = static_cast<unsigned int>(oInput.m_aui8Bytes.size());
+    if (m_oEdid.SetEdidBuffer(oInput.m_aui8Bytes.data(), uiSize, 0) == 0)
+    {
+        m_sProblem = "no EDID";
+        return false;
+    }
+    FindBlocks(oInput);
+    return true;
+}
+
+unsigned int CLoadedImage::GetAnnouncedCount() const
+{
+    return m_oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiExtensionCountOffset];
+}
+
+// The library keeps the order and the bytes of the blocks, and blocks of the same bytes are all kept or all dropped: a
+// block is the next kept one exactly when it has its bytes.
+void CLoadedImage::FindBlocks(const SInput& oInput)
+{
+    m_aoBlocks.clear();
+    unsigned int uiKept = 0;
+    const size_t szPresent = oInput.m_aui8Bytes.size() / gsc_uiBlockSize;
+    for (unsigned int i = 1; i <= GetAnnouncedCount() && i < szPresent; ++i)
+    {
+        const unsigned char* pui8Bytes = oInput.m_aui8Bytes.data() + i * gsc_uiBlockSize;
+        CEdidExtBlock* poKept = m_oEdid.GetExtension(uiKept);
+        const bool bKept = poKept != nullptr && memcmp(poKept->GetData(), pui8Bytes, gsc_uiBlockSize) == 0;
+        uiKept += bKept ? 1 : 0;
+        m_aoBlocks.push_back({ i, pui8Bytes, bKept ? poKept : nullptr });
+    }
+}

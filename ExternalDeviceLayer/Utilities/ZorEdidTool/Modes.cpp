@@ -1,0 +1,84 @@
+// zoredid modes: all timings of an image under the numbers that edits take.
+
+#include <CLI/CLI.hpp>
+
+#include "Json.h"
+#include "ManyFiles.h"
+#include "TextFormat.h"
+#include "Tool.h"
+
+namespace
+{
+struct SModesOptions
+{
+    std::string m_sFile;
+    bool m_bJson = false;
+    bool m_bModeline = false;
+};
+
+std::string GetMarks(const SListedTiming& oListed)
+{
+    std::string sMarks;
+    const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) { sMarks += bHolds ? "  " + sMark : ""; };
+    fnAdd(oListed.m_bPreferred, "preferred");
+    fnAdd(oListed.m_bNative, "native");
+    fnAdd(oListed.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
+    fnAdd(oListed.m_bVesa, "VESA");
+    fnAdd(!oListed.m_oVics.m_auiCodes.empty(), GetVicsText(oListed.m_oVics));
+    fnAdd(!oListed.m_sStandardCode.empty(), "code " + oListed.m_sStandardCode);
+    return sMarks;
+}
+
+std::string GetLine(const SListedTiming& oListed)
+{
+    const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
+    const std::string sPlace = oListed.m_uiBlock == 0 ? std::string(oListed.m_pszKind)
+                                                      : FormatText("block %u %s", oListed.m_uiBlock, oListed.m_pszKind);
+    std::string sLine =
+        FormatText("%-11s %3u  %-17s %s  %-8s", GetListName(oListed.m_eList), oListed.m_uiIndex, sPlace.c_str(),
+                   GetTimingText(oListed.m_oTiming).c_str(), pszType != nullptr ? pszType : "") +
+        GetMarks(oListed);
+    sLine.erase(sLine.find_last_not_of(' ') + 1);
+    return sLine + "\n";
+}
+
+SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
+{
+    CLoadedImage oImage;
+    if (!oImage.Load(oInput))
+    {
+        return RefuseInput(oInput, oImage.GetProblem());
+    }
+    SOutcome oOutcome;
+    if (oOptions.m_bJson)
+    {
+        oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, oImage)) + "\n";
+        return oOutcome;
+    }
+    for (const SListedTiming& oListed : ListTimings(oImage))
+    {
+        oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oListed.m_oTiming) + "\n" : GetLine(oListed);
+    }
+    return oOutcome;
+}
+} // namespace
+
+void AddModesCommand(CLI::App& oApp, STool& oTool)
+{
+    CLI::App* poCommand = oApp.add_subcommand("modes", "List all timings with the numbers that edits take");
+    const auto poOptions = std::make_shared<SModesOptions>();
+    poCommand->add_option("FILE", poOptions->m_sFile, "Image")->required()->type_name("");
+    CLI::Option* poJson =
+        poCommand->add_flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
+    poCommand->add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
+    poCommand->footer(
+        "Each list counts from 0: established, standard and detailed timings. Established timings with the mark VESA\n"
+        "are those that VESA's own tables define. Blocks count from 0, which is the base block.\n\n"
+        "Example:\n"
+        "  zoredid modes --modeline monitor.bin");
+    poCommand->callback([poOptions, &oTool] {
+        SFiles oFiles;
+        oFiles.m_asNames = { poOptions->m_sFile };
+        ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return ListModes(*poOptions, oInput); });
+    });
+}

@@ -1,0 +1,38 @@
+// Text for people and for messages.
+
+#include "TextFormat.h"
+
+#include <stdarg.h>
+#include <stdio.h>
+
+std::string FormatText(const char* pszFormat, ...)
+{
+    va_list oList;
+    va_start(oList, pszFormat);
+    va_list oCopy;
+    va_copy(oCopy, oList);
+    const int iLength = vsnprintf(nullptr, 0, pszFormat, oCopy);
+    va_end(oCopy);
+    std::string sText(iLength > 0 ? static_cast<size_t>(iLength) : 0, '\0');
+    vsnprintf(sText.data(), sText.size() + 1, pszFormat, oList); // the terminator falls on the string's own
+    va_end(oList);
+    return sText;
+}
+
+std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount)
+{
+    constexpr char szDigits[] = "0123456789abcdef";
+    std::string sText;
+    sText.reserve(2 * szCount);
+    for (size_t i = 0; i < szCount; ++i)
+    {
+        sText += szDigits[pui8Bytes[i] >> 4];
+        sText += szDigits[pui8Bytes[i] & 0x0F];
+    }
+    return sText;
+}
+
+SOutcome RefuseInput(const SInput& oInput, const std::string& sReason)
+{
+    return { "", "zoredid: " + oInput.m_sName + ": " + sReason + "\n", eExit_Input };
+}

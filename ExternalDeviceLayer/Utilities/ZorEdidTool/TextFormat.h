@@ -1,0 +1,18 @@
+// Text by a printf format as a std::string, hexadecimal bytes, and the outcome of an input that is refused.
+
+#pragma once
+
+#include <stddef.h>
+
+#include <string>
+
+#include "Input.h"
+#include "Tool.h"
+
+std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));
+
+// Two lower-case digits a byte, without separators.
+std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount);
+
+// One error line and the status of an input that cannot be loaded.
+SOutcome RefuseInput(const SInput& oInput, const std::string& sReason);

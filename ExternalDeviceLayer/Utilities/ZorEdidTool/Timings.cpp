@@ -1,0 +1,312 @@
+// Walking the three numberings block by block, and timings as text.
+
+#include "Timings.h"
+
+#include <string.h>
+
+#include <map>
+#include <set>
+
+#include "EdidBaseLayout.h"
+#include "EdidExtBlockCEA861.h"
+#include "TextFormat.h"
+#include "VidParamCea.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiVariantKey = 1000; // a key of the library's table above it is a 1000/1001 variant
+constexpr unsigned int gsc_uiCeaTag = 2;
+constexpr char gsc_szBaseKind[] = "base";
+
+// ---- Codes ----
+
+using CKeysByFirst = std::map<unsigned int, std::vector<unsigned int>>;
+
+// All keys of the table, by the lowest one with the same timing, which is the one that the library finds.
+CKeysByFirst ListKeys()
+{
+    CKeysByFirst aoKeys;
+    for (const CVidParamCea::SCeaVidParam& oRow : CVidParamCea::msc_aoCea861FTable)
+    {
+        CVidParamTimingGeneric oTiming;
+        unsigned int uiFirst = 0;
+        CVidParamCea::ConvertVidParam(oRow, oTiming);
+        CVidParamCea::GetVicFromVidParam(oTiming, uiFirst);
+        aoKeys[uiFirst].push_back(oRow.uiVic);
+    }
+    return aoKeys;
+}
+
+// The codes that stand in the video data blocks of a block, ordinary and 4:2:0 ones.
+std::set<unsigned int> ListNamedCodes(const CEdidExtBlockCEA861& oBlock)
+{
+    std::set<unsigned int> auiCodes;
+    const auto fnAdd = [&](auto eTag) {
+        unsigned int uiLength = 0;
+        for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength); ++i)
+        {
+            for (unsigned int j = 0; j < uiLength; ++j)
+            {
+                unsigned int uiVic = 0;
+                if (CEdidExtBlockCEA861::ExtractSvdCodeInfo(oBlock.GetData()[uiOffset + j], &uiVic, nullptr) != 0)
+                {
+                    auiCodes.insert(uiVic);
+                }
+            }
+        }
+    };
+    fnAdd(CEdidExtBlockCEA861::eCea861Tag_Video);
+    fnAdd(CEdidExtBlockCEA861::eCea861ExtTag_Yuv420Video);
+    return auiCodes;
+}
+
+// Leaves the codes that the block names, unless it names none of them (an HDMI code stands elsewhere).
+void KeepNamed(const std::set<unsigned int>& auiNamed, SVics& oVics)
+{
+    std::vector<unsigned int> auiKept;
+    for (const unsigned int uiCode : oVics.m_auiCodes)
+    {
+        if (auiNamed.contains(uiCode))
+        {
+            auiKept.push_back(uiCode);
+        }
+    }
+    if (!auiKept.empty())
+    {
+        oVics.m_auiCodes = auiKept;
+    }
+}
+
+// ---- Lists ----
+
+bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond)
+{
+    return memcmp(&oFirst.GetData(), &oSecond.GetData(), sizeof(SVidParamGenericData)) == 0;
+}
+
+// The list of VESA's own established timings is a part of the list of all, in the same order.
+void ListEstablished(const CEdid& oEdid, std::vector<SListedTiming>& aoTimings)
+{
+    unsigned int uiVesa = 0;
+    for (unsigned int i = 0; i < oEdid.GetEstablishedCount(0); ++i)
+    {
+        SListedTiming oListed = { eTimingList_Established, i, 0, gsc_szBaseKind, {} };
+        CVidParamTimingGeneric oVesa;
+        if (oEdid.GetEstablished(i, &oListed.m_oTiming, 0) == 0)
+        {
+            continue;
+        }
+        oListed.m_bVesa = oEdid.GetEstablished(uiVesa, &oVesa, 1) != 0 && IsSameRecord(oVesa, oListed.m_oTiming);
+        uiVesa += oListed.m_bVesa ? 1 : 0;
+        aoTimings.push_back(oListed);
+    }
+}
+
+// The two bytes of the standard timing at this index: the index runs over the slots that give a timing.
+std::string GetStandardCode(const CEdid& oEdid, unsigned int uiIndex)
+{
+    for (unsigned int uiSlot = 0; uiSlot < CEdidBase::msc_uiStandardSlotCount; ++uiSlot)
+    {
+        const auto eSlot = static_cast<CEdidBase::EStandardSlotIndex>(uiSlot);
+        if (oEdid.GetBaseStandard(eSlot, nullptr, nullptr) != 0 && uiIndex-- == 0)
+        {
+            constexpr unsigned int uiPairSize = sizeof(CEdidBase::SStandard);
+            const unsigned int uiOffset = EdidBaseLayout::gsc_uiStandardsOffset + uiPairSize * uiSlot;
+            return FormatHex(oEdid.GetBaseBlock() + uiOffset, uiPairSize);
+        }
+    }
+    return "";
+}
+
+void ListStandard(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
+{
+    const CEdid& oEdid = oImage.GetEdid();
+    unsigned int uiIndex = 0;
+    for (; uiIndex < oEdid.GetBaseStandardCount(); ++uiIndex)
+    {
+        SListedTiming oListed = { eTimingList_Standard, uiIndex, 0, gsc_szBaseKind, {} };
+        if (oEdid.GetBaseStandard(uiIndex, &oListed.m_oTiming, nullptr) != 0)
+        {
+            oListed.m_sStandardCode = GetStandardCode(oEdid, uiIndex);
+            aoTimings.push_back(oListed);
+        }
+    }
+    // The blocks are asked themselves: CEdid would hand the index of a place without a timing on to the next block.
+    for (const SImageBlock& oBlock : oImage.GetBlocks())
+    {
+        const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetStandardCount() : 0;
+        std::set<unsigned int> auiNamed;
+        if (uiCount != 0 && oBlock.m_poLoaded->GetExtensionType() == gsc_uiCeaTag)
+        {
+            auiNamed = ListNamedCodes(static_cast<const CEdidExtBlockCEA861&>(*oBlock.m_poLoaded));
+        }
+        for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
+        {
+            SListedTiming oListed = {
+                eTimingList_Standard, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
+            };
+            int iNative = 0;
+            if (oBlock.m_poLoaded->GetStandard(i, &oListed.m_oTiming, &iNative) != 0)
+            {
+                oListed.m_bNative = iNative != 0;
+                oListed.m_oVics = FindVics(oListed.m_oTiming);
+                KeepNamed(auiNamed, oListed.m_oVics);
+                aoTimings.push_back(oListed);
+            }
+        }
+    }
+}
+
+void ListDetailed(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
+{
+    const CEdid& oEdid = oImage.GetEdid();
+    const auto fnAdd = [&](SListedTiming& oListed) {
+        oListed.m_oVics = FindVics(oListed.m_oTiming);
+        aoTimings.push_back(oListed);
+    };
+    unsigned int uiIndex = 0;
+    for (; uiIndex < oEdid.GetBaseDetailedCount(); ++uiIndex)
+    {
+        SListedTiming oListed = { eTimingList_Detailed, uiIndex, 0, gsc_szBaseKind, {} };
+        if (oEdid.GetBaseDetailed(uiIndex, &oListed.m_oTiming) != 0)
+        {
+            oListed.m_bPreferred = uiIndex == 0 && EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock());
+            fnAdd(oListed);
+        }
+    }
+    for (const SImageBlock& oBlock : oImage.GetBlocks())
+    {
+        const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetDetailedCount() : 0;
+        for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
+        {
+            SListedTiming oListed = {
+                eTimingList_Detailed, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
+            };
+            if (oBlock.m_poLoaded->GetDetailed(i, &oListed.m_oTiming) != 0)
+            {
+                fnAdd(oListed);
+            }
+        }
+    }
+}
+
+// MHz with as many of six decimals as the hertz need, but no fewer than szLeast.
+std::string GetMegaHertzText(unsigned int uiHz, size_t szLeast)
+{
+    constexpr unsigned int uiHzPerMegaHz = 1000000;
+    std::string sText = FormatText("%u.%06u", uiHz / uiHzPerMegaHz, uiHz % uiHzPerMegaHz);
+    for (size_t i = 6; i > szLeast && sText.back() == '0'; --i)
+    {
+        sText.pop_back();
+    }
+    return sText;
+}
+} // namespace
+
+SVics FindVics(const CVidParamTimingGeneric& oTiming)
+{
+    static const CKeysByFirst s_aoKeys = ListKeys();
+    CVidParamTimingGeneric oPlain = oTiming;
+    oPlain.Set420ColorSpace(0);
+    unsigned int uiFirst = 0;
+    SVics oVics;
+    if (CVidParamCea::GetVicFromVidParam(oPlain, uiFirst) == 0)
+    {
+        return oVics;
+    }
+    oVics.m_bVariant = uiFirst > gsc_uiVariantKey;
+    for (const unsigned int uiKey : s_aoKeys.at(uiFirst))
+    {
+        oVics.m_auiCodes.push_back(uiKey % gsc_uiVariantKey);
+    }
+    return oVics;
+}
+
+std::vector<SListedTiming> ListTimings(CLoadedImage& oImage)
+{
+    std::vector<SListedTiming> aoTimings;
+    ListEstablished(oImage.GetEdid(), aoTimings);
+    ListStandard(oImage, aoTimings);
+    ListDetailed(oImage, aoTimings);
+    return aoTimings;
+}
+
+const char* GetListName(ETimingList eList)
+{
+    switch (eList)
+    {
+    case eTimingList_Established:
+        return "established";
+    case eTimingList_Standard:
+        return "standard";
+    case eTimingList_Detailed:
+        return "detailed";
+    }
+    return "";
+}
+
+const char* GetTypeName(CVidParamTiming::EVidParamType eType)
+{
+    switch (eType)
+    {
+    case CVidParamTiming::eVidParamType_Dmt:
+        return "dmt";
+    case CVidParamTiming::eVidParamType_DmtReducedBlanking:
+        return "dmt-rb";
+    case CVidParamTiming::eVidParamType_Cvt:
+        return "cvt";
+    case CVidParamTiming::eVidParamType_CvtReducedBlanking:
+        return "cvt-rb";
+    case CVidParamTiming::eVidParamType_Gtf:
+        return "gtf";
+    case CVidParamTiming::eVidParamType_Cea:
+        return "cea";
+    case CVidParamTiming::eVidParamType_Smpte:
+        return "smpte";
+    case CVidParamTiming::eVidParamType_Detailed:
+        return "detailed";
+    default:
+        return nullptr;
+    }
+}
+
+std::string GetTimingText(const CVidParamTimingGeneric& oTiming)
+{
+    return FormatText("%4u x %4u%c @ %3u Hz %10s MHz", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                      oTiming.IsInterlaced() != 0 ? 'i' : 'p', oTiming.GetVerticalRateInHz(),
+                      GetMegaHertzText(oTiming.GetPixelClockInHz(), 3).c_str());
+}
+
+std::string GetVicsText(const SVics& oVics)
+{
+    std::string sText;
+    for (const unsigned int uiCode : oVics.m_auiCodes)
+    {
+        sText += (sText.empty() ? "VIC " : "/") + std::to_string(uiCode);
+    }
+    return sText + (oVics.m_bVariant ? " at 1000/1001" : "");
+}
+
+std::string GetModeline(const CVidParamTimingGeneric& oTiming)
+{
+    const bool bInterlaced = oTiming.IsInterlaced() != 0;
+    const unsigned int uiFields = bInterlaced ? 2 : 1;
+    const std::string sName = FormatText("%ux%u%s_%u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                                         bInterlaced ? "i" : "", oTiming.GetVerticalRateInHz());
+    const unsigned int uiHorizontalStart = oTiming.GetHorizontalActive() + oTiming.GetHorizontalFrontPorch();
+    const unsigned int uiHorizontalEnd = uiHorizontalStart + oTiming.GetHorizontalSync();
+    const unsigned int uiHorizontalTotal = oTiming.ComputeHorizontalTotalPixel();
+    const unsigned int uiVerticalStart = oTiming.GetVerticalActive() + uiFields * oTiming.GetVerticalFrontPorch();
+    const unsigned int uiVerticalEnd = uiVerticalStart + uiFields * oTiming.GetVerticalSync();
+    const unsigned int uiVerticalTotal = oTiming.ComputeVerticalTotalLine();
+    if (uiHorizontalEnd > uiHorizontalTotal || uiVerticalEnd > uiVerticalTotal)
+    {
+        return "# " + sName + ": its sync ends behind its total";
+    }
+    return FormatText("Modeline \"%s\" %s %u %u %u %u %u %u %u %u %chsync %cvsync%s", sName.c_str(),
+                      GetMegaHertzText(oTiming.GetPixelClockInHz(), 2).c_str(), oTiming.GetHorizontalActive(),
+                      uiHorizontalStart, uiHorizontalEnd, uiHorizontalTotal, oTiming.GetVerticalActive(),
+                      uiVerticalStart, uiVerticalEnd, uiVerticalTotal,
+                      oTiming.IsHorizontalPolarityPositive() != 0 ? '+' : '-',
+                      oTiming.IsVerticalPolarityPositive() != 0 ? '+' : '-', bInterlaced ? " Interlace" : "");
+}

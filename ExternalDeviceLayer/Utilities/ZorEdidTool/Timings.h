@@ -1,0 +1,64 @@
+// All timings of an image under the library's numbers, and a timing as text.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "LoadedImage.h"
+#include "VidParamTimingGeneric.h"
+
+// The three numberings of the library.
+enum ETimingList : unsigned int
+{
+    eTimingList_Established, // CEdid::GetEstablished with bVesaOnly 0
+    eTimingList_Standard,    // CEdid::GetStandard
+    eTimingList_Detailed     // CEdid::GetDetailed
+};
+
+// Codes of CTA-861 with exactly the same timing, in rising order. They differ in picture aspect only.
+struct SVics
+{
+    std::vector<unsigned int> m_auiCodes;
+    bool m_bVariant = false; // the timing is their 1000/1001 variant
+};
+
+// Looked up without the 4:2:0 flag, which halves the clock that the look-up compares.
+SVics FindVics(const CVidParamTimingGeneric& oTiming);
+
+struct SListedTiming
+{
+    ETimingList m_eList;
+    unsigned int m_uiIndex; // from 0, the number that edits take
+    unsigned int m_uiBlock; // of the image; the base block is 0
+    const char* m_pszKind;  // "base" or GetBlockKind
+    CVidParamTimingGeneric m_oTiming;
+    bool m_bPreferred = false;
+    bool m_bNative = false;           // standard timings only
+    bool m_bVesa = false;             // established timings only: counted with bVesaOnly 1, too
+    std::string m_sStandardCode = {}; // standard timings of the base block only: its two bytes in hexadecimal digits
+    SVics m_oVics = {}; // of a CEA-861 block's standard timing those that its video data blocks name, if any
+};
+
+// Established, standard, detailed, each in the order of its numbers. A place that counts but holds no timing is left
+// out, and its number with it.
+std::vector<SListedTiming> ListTimings(CLoadedImage& oImage);
+
+const char* GetListName(ETimingList eList);
+
+// Name of the source: "dmt", "dmt-rb", "cvt", "cvt-rb", "gtf", "cea", "smpte", "detailed"; null for none.
+const char* GetTypeName(CVidParamTiming::EVidParamType eType);
+
+// "1920 x 1080p @  60 Hz    148.500 MHz"; the numbers stand in columns.
+std::string GetTimingText(const CVidParamTimingGeneric& oTiming);
+
+// "VIC 16", "VIC 16/76", "VIC 16 at 1000/1001"; empty without codes.
+std::string GetVicsText(const SVics& oVics);
+
+// A line as xorg.conf and its relatives take it, such as
+//   Modeline "1920x1080_60" 148.50 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync
+// The clock in MHz keeps every hertz. The name holds the vertical rate of the library, of an interlaced mode the frame
+// rate. The vertical numbers of an interlaced mode are those of the frame: the field's porches and sync count twice,
+// and the total is CVidParamTiming::ComputeVerticalTotalLine, with the half line of each field.
+// A comment line for a timing whose sync does not end within its total.
+std::string GetModeline(const CVidParamTimingGeneric& oTiming);

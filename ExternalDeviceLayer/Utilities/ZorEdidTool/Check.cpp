@@ -79,9 +79,10 @@ unsigned int GetThisYear()
 
 std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
 {
-    return sName + FormatText(": block %u offset 0x%02x: %s: %s: found %s, expected %s\n", oFinding.m_uiBlock,
-                              oFinding.m_uiOffset, GetSeverityName(oFinding.m_eSeverity), oFinding.m_sWhat.c_str(),
-                              oFinding.m_sFound.c_str(), oFinding.m_sExpected.c_str());
+    return ShowName(sName) + FormatText(": block %u offset 0x%02x: %s: %s: found %s, expected %s\n", oFinding.m_uiBlock,
+                                        oFinding.m_uiOffset, GetSeverityName(oFinding.m_eSeverity),
+                                        oFinding.m_sWhat.c_str(), oFinding.m_sFound.c_str(),
+                                        oFinding.m_sExpected.c_str());
 }
 
 nlohmann::ordered_json MakeChecked(const std::string& sName, const std::vector<SFinding>& aoFindings)
@@ -129,8 +130,8 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
 
 std::string Summarise(const SCounts& oCounts)
 {
-    return FormatText("%llu images: %llu clean, %llu with findings of weight, %llu unreadable; %llu errors, %llu "
-                      "warnings, %llu notes\n",
+    return FormatText("%llu images: %llu clean, %llu with findings of weight, %llu unreadable; errors %llu, "
+                      "warnings %llu, notes %llu\n",
                       oCounts.m_ullImages.load(), oCounts.m_ullImages - oCounts.m_ullWeighty - oCounts.m_ullUnreadable,
                       oCounts.m_ullWeighty.load(), oCounts.m_ullUnreadable.load(), oCounts.m_aullFindings[0].load(),
                       oCounts.m_aullFindings[1].load(), oCounts.m_aullFindings[2].load());

@@ -259,7 +259,8 @@ void CheckCeaDescriptors(CBlockFindings& oFindings, unsigned int uiStart)
         return;
     }
     const unsigned int uiUsed = static_cast<unsigned int>(pui8Used - oFindings.GetAt(0));
-    if (uiOffset + gsc_uiDescriptorSize > gsc_uiChecksumOffset || uiUsed >= uiOffset + gsc_uiDescriptorSize)
+    constexpr unsigned int uiHeadSize = 5; // of a descriptor: what tells its kind
+    if (uiOffset + gsc_uiDescriptorSize > gsc_uiChecksumOffset || uiUsed >= uiOffset + uiHeadSize)
     {
         oFindings.Warning(uiUsed, "padding", Byte(*pui8Used), "0x00 behind the last descriptor");
     }
@@ -270,7 +271,7 @@ void CheckCeaDescriptors(CBlockFindings& oFindings, unsigned int uiStart)
     }
     else
     {
-        oFindings.Warning(uiOffset, "descriptor without clock", FormatHex(oFindings.GetAt(uiOffset), 5),
+        oFindings.Warning(uiOffset, "descriptor without clock", FormatHex(oFindings.GetAt(uiOffset), uiHeadSize),
                           "a pixel clock, or zeros to the end");
     }
 }
@@ -281,7 +282,7 @@ void CheckDataBlock(CBlockFindings& oFindings, const SDataBlock& oBlock)
     constexpr unsigned int uiAudioSize = 3;
     constexpr unsigned int uiSpeakerSize = 3;
     const unsigned int uiHeader = oBlock.m_uiOffset - Cea861Layout::gsc_uiHeaderSize;
-    const std::string sLength = FormatText("%u bytes", oBlock.m_uiLength);
+    const std::string sLength = FormatText("length %u", oBlock.m_uiLength);
     switch (Cea861Layout::gsc_oHeaderTag.Read(oFindings.GetAt(uiHeader)))
     {
     case CEdidExtBlockCEA861::eCea861Tag_Audio:
@@ -303,7 +304,7 @@ void CheckDataBlock(CBlockFindings& oFindings, const SDataBlock& oBlock)
     case CEdidExtBlockCEA861::eCea861Tag_Speaker:
         if (oBlock.m_uiLength < uiSpeakerSize)
         {
-            oFindings.Warning(uiHeader, "speaker data block", sLength, "3 bytes");
+            oFindings.Warning(uiHeader, "speaker data block", sLength, "3");
         }
         break;
     case CEdidExtBlockCEA861::eCea861Tag_Extended:
@@ -399,7 +400,7 @@ void CheckRecords(CBlockFindings& oFindings, unsigned int uiHeader, unsigned int
     {
         if (oFindings.GetByte(uiHeader) == oRecord.m_uiTag && (uiLength == 0 || uiLength % oRecord.m_uiSize != 0))
         {
-            oFindings.Error(uiHeader, "data block", FormatText("%u bytes", uiLength),
+            oFindings.Error(uiHeader, "data block", FormatText("length %u", uiLength),
                             FormatText("a multiple of %u: the library reads no timing of the block", oRecord.m_uiSize));
         }
     }

@@ -88,7 +88,7 @@ std::string DescribeOnly(const std::string& sName, const std::vector<CVidParamTi
     std::string sText;
     for (const CVidParamTimingGeneric& oMode : aoModes)
     {
-        sText += "only in " + sName + ": " + DescribeMode(oMode);
+        sText += "only in " + ShowName(sName) + ": " + DescribeMode(oMode);
     }
     return sText;
 }
@@ -132,7 +132,8 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
     {
         for (unsigned int i = 0; i < 2; ++i)
         {
-            oOutcome.m_sOut += "preferred by " + apoInputs[i]->m_sName + ": " + DescribeMode(aoModes[i].m_oPreferred);
+            oOutcome.m_sOut +=
+                "preferred by " + ShowName(apoInputs[i]->m_sName) + ": " + DescribeMode(aoModes[i].m_oPreferred);
         }
     }
     RemoveShared(aoModes[0].m_aoModes, aoModes[1].m_aoModes);

@@ -3,7 +3,6 @@
 #include "Json.h"
 
 #include "EdidBaseLayout.h"
-#include "EdidExtBlockCEA861.h"
 #include "TextFormat.h"
 
 using nlohmann::ordered_json;
@@ -14,7 +13,6 @@ namespace
 constexpr unsigned int gsc_uiFormatVersion = 1; // rises when a member goes or changes its meaning
 constexpr unsigned int gsc_uiFirstYear = 1990;
 constexpr unsigned int gsc_uiModelYearWeek = 255; // in the place of a week: the year is a model year
-constexpr unsigned int gsc_uiCeaTag = 2;
 constexpr unsigned int gsc_uiHzPerKiloHz = 1000;
 constexpr unsigned int gsc_uiTextSize = 14; // 13 characters and a terminator
 
@@ -290,9 +288,9 @@ ordered_json MakeBlock(const SImageBlock& oBlock)
                            { "checksum_valid",
                              CEdidUtils::Is8BitsChecksumValid(CEdidUtils::msc_uiBlockSize, oBlock.m_pui8Bytes) != 0 },
                            { "loaded", oBlock.m_poLoaded != nullptr } };
-    if (oBlock.m_poLoaded != nullptr && oBlock.m_poLoaded->GetExtensionType() == gsc_uiCeaTag)
+    if (CEdidExtBlockCEA861* poCea = oBlock.GetCea(); poCea != nullptr)
     {
-        AddCea(static_cast<CEdidExtBlockCEA861&>(*oBlock.m_poLoaded), oJson);
+        AddCea(*poCea, oJson);
     }
     return oJson;
 }

@@ -54,6 +54,14 @@ const char* GetBlockKind(unsigned int uiTag)
     return "unknown";
 }
 
+CEdidExtBlockCEA861* SImageBlock::GetCea() const
+{
+    constexpr unsigned int uiCeaType = 2;
+    return m_poLoaded != nullptr && m_poLoaded->GetExtensionType() == uiCeaType
+               ? static_cast<CEdidExtBlockCEA861*>(m_poLoaded)
+               : nullptr;
+}
+
 bool CLoadedImage::Load(const SInput& oInput)
 {
     m_sProblem = oInput.IsGood() ? FindProblem(oInput.m_aui8Bytes) : oInput.m_sProblem;

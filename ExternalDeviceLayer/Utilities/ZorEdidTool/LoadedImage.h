@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Edid.h"
+#include "EdidExtBlockCEA861.h"
 #include "Input.h"
 
 // An extension block of the image, loaded or not.
@@ -16,6 +17,8 @@ struct SImageBlock
     CEdidExtBlock* m_poLoaded; // null for a block that the library does not read
 
     unsigned int GetTag() const { return m_pui8Bytes[0]; }
+    // Null unless the block is loaded and after CEA-861.
+    CEdidExtBlockCEA861* GetCea() const;
 };
 
 // Short name of a block's kind by its tag: "cea-861", "displayid" and those that the library does not read; "unknown".

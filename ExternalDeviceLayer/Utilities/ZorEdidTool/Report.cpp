@@ -57,7 +57,7 @@ SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
     SOutcome oOutcome;
     if (oOptions.HasManyFiles())
     {
-        oOutcome.m_sOut = oOptions.m_sPrefix + oInput.m_sName + ":\n";
+        oOutcome.m_sOut = oOptions.m_sPrefix + ShowName(oInput.m_sName) + ":\n";
     }
     for (unsigned int i = 0; i < oLines.GetCount(); ++i)
     {

@@ -32,7 +32,31 @@ std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount)
     return sText;
 }
 
+std::string ShowName(const std::string& sName)
+{
+    constexpr unsigned char ui8FirstPrintable = 0x20;
+    constexpr unsigned char ui8Delete = 0x7F;
+    std::string sText;
+    for (const char cNext : sName)
+    {
+        const unsigned char ui8Byte = static_cast<unsigned char>(cNext);
+        if (ui8Byte >= ui8FirstPrintable && ui8Byte != ui8Delete)
+        {
+            sText += cNext;
+        }
+        else if (cNext == '\n' || cNext == '\t')
+        {
+            sText += cNext == '\n' ? "\\n" : "\\t";
+        }
+        else
+        {
+            sText += "\\x" + FormatHex(&ui8Byte, 1);
+        }
+    }
+    return sText;
+}
+
 SOutcome RefuseInput(const SInput& oInput, const std::string& sReason)
 {
-    return { "", "zoredid: " + oInput.m_sName + ": " + sReason + "\n", eExit_Input };
+    return { "", "zoredid: " + ShowName(oInput.m_sName) + ": " + sReason + "\n", eExit_Input };
 }

@@ -1,4 +1,4 @@
-// Text by a printf format as a std::string, hexadecimal bytes, and the outcome of an input that is refused.
+// Text by a printf format as a std::string, hexadecimal bytes, names of files, and the outcome of a refused input.
 
 #pragma once
 
@@ -13,6 +13,9 @@ std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf,
 
 // Two lower-case digits a byte, without separators.
 std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount);
+
+// A file's name in one line: control characters become \n, \t or \xNN.
+std::string ShowName(const std::string& sName);
 
 // One error line and the status of an input that cannot be loaded.
 SOutcome RefuseInput(const SInput& oInput, const std::string& sReason);

@@ -8,14 +8,12 @@
 #include <set>
 
 #include "EdidBaseLayout.h"
-#include "EdidExtBlockCEA861.h"
 #include "TextFormat.h"
 #include "VidParamCea.h"
 
 namespace
 {
 constexpr unsigned int gsc_uiVariantKey = 1000; // a key of the library's table above it is a 1000/1001 variant
-constexpr unsigned int gsc_uiCeaTag = 2;
 constexpr char gsc_szBaseKind[] = "base";
 
 // ---- Codes ----
@@ -135,11 +133,8 @@ void ListStandard(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
     for (const SImageBlock& oBlock : oImage.GetBlocks())
     {
         const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetStandardCount() : 0;
-        std::set<unsigned int> auiNamed;
-        if (uiCount != 0 && oBlock.m_poLoaded->GetExtensionType() == gsc_uiCeaTag)
-        {
-            auiNamed = ListNamedCodes(static_cast<const CEdidExtBlockCEA861&>(*oBlock.m_poLoaded));
-        }
+        const CEdidExtBlockCEA861* poCea = oBlock.GetCea();
+        const std::set<unsigned int> auiNamed = poCea != nullptr ? ListNamedCodes(*poCea) : std::set<unsigned int>();
         for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
         {
             SListedTiming oListed = {

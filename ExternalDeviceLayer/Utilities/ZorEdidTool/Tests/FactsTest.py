@@ -1,0 +1,559 @@
+# What zoredid says about images: report, modes, compare, check, timing, and the shape of the JSON.
+#   FactsTest.py COMMAND PROJECT [CORPUS]
+# Expected values are written out by hand from the bytes and from the published modes. The images are the example's and
+# changed copies of it.
+
+import datetime
+import json
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+try:
+    import jsonschema
+except ImportError:
+    jsonschema = None
+
+COMMAND, PROJECT, CORPUS = (sys.argv[1:] + [""])[:3]
+GOLDEN = os.path.join(PROJECT, "ExternalDeviceLayer/Tests/UnitTests/EdidUtils/golden")
+with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
+    MONITOR = file.read()
+with open(os.path.join(PROJECT, "docs/zoredid.schema.json"), encoding="utf-8") as file:
+    SCHEMA = json.load(file)
+THIS_YEAR = datetime.date.today().year
+
+
+# ---- Images ----
+
+def fix_sums(image):
+    """All blocks with the right checksum."""
+    blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
+    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
+
+
+def change(edits, image=MONITOR, fix=True):
+    """A copy with bytes written at offsets; the checksums are mended unless the damage is one of them."""
+    changed = bytearray(image)
+    for offset, text in edits.items():
+        new = bytes.fromhex(text)
+        changed[offset:offset + len(new)] = new
+    return fix_sums(bytes(changed)) if fix else bytes(changed)
+
+
+def with_blocks(*blocks, announced=None):
+    """The example's base block and other extension blocks, given without padding and checksum."""
+    base = change({0x7E: "%02x" % (len(blocks) if announced is None else announced)}, MONITOR[:128])
+    return base + b"".join(fix_sums(block.ljust(128, b"\0")) for block in blocks)
+
+
+def display_id(data, version=0x12, length=None):
+    """A DisplayID block with a section around the data blocks."""
+    section = bytes([version, len(data) if length is None else length, 0, 0]) + data
+    return b"\x70" + section + bytes([-sum(section) % 256])
+
+
+# A DisplayID Type I timing: 1920 x 1080, totals 2200 x 1125, 148.5 MHz, all fields minus 1.
+TYPE1 = bytes.fromhex("013a00007f0717015700 2b00 3704 2c00 0300 0400".replace(" ", ""))
+TILE = bytes.fromhex("120016" "82" "10" "00" "00" "7f07" "3704" + "00" * 14)
+SECOND_TIMING = MONITOR[0xB4:0xC6].hex()  # 1280 x 720 at 60
+
+
+def run(*arguments, status=None):
+    """Standard output and standard error; fails when the exit status is not the one given."""
+    done = subprocess.run([COMMAND, *arguments], stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=120)
+    out, err = done.stdout.decode(), done.stderr.decode()
+    if status is not None and done.returncode != status:
+        raise AssertionError(f"{arguments}: exit {done.returncode}, not {status}\n{out}{err}")
+    return out, err
+
+
+def known_members(schema):
+    """Names of all members that the schema describes, anywhere."""
+    names = set()
+    if isinstance(schema, dict):
+        names |= set(schema.get("properties", {}))
+        schema = list(schema.values())
+    if isinstance(schema, list):
+        for part in schema:
+            names |= known_members(part)
+    return names
+
+
+def used_members(value):
+    names = set()
+    if isinstance(value, dict):
+        names |= set(value)
+        value = list(value.values())
+    if isinstance(value, list):
+        for part in value:
+            names |= used_members(part)
+    return names
+
+
+class ToolTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def save(self, image, name="image.bin"):
+        path = os.path.join(self.folder, name)
+        with open(path, "wb") as file:
+            file.write(image)
+        return path
+
+    def load(self, text):
+        """JSON that the schema describes, every member of it."""
+        value = json.loads(text)
+        if jsonschema is not None:
+            jsonschema.Draft7Validator(SCHEMA).validate(value)
+        self.assertEqual(used_members(value) - known_members(SCHEMA), set())
+        return value
+
+    def image(self, image):
+        return self.load(run("report", "--jsonl", self.save(image), status=0)[0])
+
+
+class ReportTest(ToolTest):
+    def test_text_reports_are_those_of_the_library(self):
+        for name, arguments in {
+            "plain": [], "plain.indented": ["--prefix", "  "], "extended": ["--format", "extended"],
+            "extended.indented": ["--format", "extended", "--prefix", "  "], "modes": ["--format", "modes"],
+        }.items():
+            with open(os.path.join(GOLDEN, f"AsusHd.{name}.txt"), encoding="utf-8") as file:
+                self.assertEqual(run("report", *arguments, self.save(MONITOR), status=0)[0], file.read() + "\n", name)
+
+    def test_facts_of_the_example(self):
+        image = self.image(MONITOR)
+        for member, expected in {
+            "form": "raw image", "manufacturer": "ACI", "product_code": 0x27F4, "serial_number": 0x2397F,
+            "name": "ASUS VE276", "serial_text": "A8LMTF145791", "week": 34, "year": 2010,
+            "edid_version": 1, "edid_revision": 3, "digital": True, "width_cm": 60, "height_cm": 34,
+            "range_limits": {"min_vertical_rate_hz": 50, "max_vertical_rate_hz": 85, "min_horizontal_rate_hz": 24000,
+                             "max_horizontal_rate_hz": 92000, "max_pixel_clock_hz": 170000000},
+            "checksum": "12", "checksum_valid": True, "extensions_announced": 1, "bytes": MONITOR.hex(),
+        }.items():
+            self.assertEqual(image[member], expected, member)
+        for member in ["text", "model_year", "bits_per_color", "interface", "tile"]:
+            self.assertNotIn(member, image)
+        self.assertEqual(image["preferred"], {
+            "width": 1920, "height": 1080, "interlaced": False, "vertical_rate_hz": 60, "horizontal_rate_hz": 67500,
+            "pixel_clock_hz": 148500000,
+            "horizontal": {"front_porch": 88, "sync": 44, "back_porch": 148, "total": 2200, "positive": True},
+            "vertical": {"front_porch": 4, "sync": 5, "back_porch": 36, "total": 1125, "positive": True},
+            "type": "detailed", "vics": [16, 76]})
+        self.assertEqual(image["extensions"], [{
+            "block": 1, "tag": 2, "kind": "cea-861", "revision": 3, "checksum": "73", "checksum_valid": True,
+            "loaded": True, "ycbcr": True,
+            "audio": [{"format_code": 1, "format_name": "Linear Pulse Code Modulation (PCM)", "channels": 2,
+                       "sampling_rates_hz": [32000, 44100, 48000], "sample_bits": [16], "extra": "01"}],
+            "speakers": [{"mask": 1, "positions": ["FL/FR"]}], "free_bytes": 20}])
+
+    def test_facts_of_changed_images(self):
+        deep = bytes.fromhex("02031700" "29" "090707 150750 3e1e00" "68" "030c001000782d00".replace(" ", ""))
+        for name, image, expected in [
+            ("revision 4: depth and interface", change({0x13: "04b5"}), {"bits_per_color": 10,
+                                                                        "interface": "displayport"}),
+            ("depth and interface not defined", change({0x13: "0480"}), {"bits_per_color": None, "interface": None}),
+            ("an analog input", change({0x14: "0e"}), {"digital": False}),
+            ("week 255 makes a model year", change({0x10: "ff1e"}), {"week": None, "year": None, "model_year": 2020}),
+            ("no week", change({0x10: "00"}), {"week": None, "year": 2010}),
+            ("a size of one number is none", change({0x15: "3c00"}), {"width_cm": None, "height_cm": None}),
+            ("no UTF-8", change({0x71: "e9"}), {"name": "\ufffdSUS VE276"}),
+            ("free text", change({0x4B: "fe"}), {"text": "A8LMTF145791", "serial_text": None}),
+            ("no clock limit", change({0x63: "00"}), {"range_limits": {
+                "min_vertical_rate_hz": 50, "max_vertical_rate_hz": 85, "min_horizontal_rate_hz": 24000,
+                "max_horizontal_rate_hz": 92000}}),
+            ("a tile", with_blocks(display_id(TILE)), {"tile": {
+                "column": 0, "row": 0, "columns": 2, "rows": 1, "width": 1920, "height": 1080,
+                "single_enclosure": True, "bezel_information": False, "several_at_location": False,
+                "single_at_location": False, "single_scaled": True, "single_cloned": False}}),
+            ("blocks that the library drops", with_blocks(b"\xf0\x02", b"\x02\x03", display_id(b"", 0x20)), {
+                "extensions_announced": 3, "extensions": [
+                    {"block": 1, "tag": 240, "kind": "block-map", "revision": 2, "checksum": "0e",
+                     "checksum_valid": True, "loaded": False},
+                    {"block": 2, "tag": 2, "kind": "cea-861", "revision": 3, "checksum": "fb", "checksum_valid": True,
+                     "loaded": True, "ycbcr": False, "audio": [], "speakers": [], "free_bytes": 126},
+                    {"block": 3, "tag": 112, "kind": "displayid", "revision": 32, "checksum": "90",
+                     "checksum_valid": True, "loaded": False}]}),
+            ("no preferred mode", change({0x13: "02", 0x18: "28"}), {"preferred": None}),
+        ]:
+            with self.subTest(name):
+                found = self.image(image)
+                self.assertEqual({member: found.get(member) for member in expected}, expected)
+        with self.subTest("audio formats and deep colour"):
+            block = self.image(with_blocks(deep))["extensions"][0]
+            self.assertEqual(block["deep_color_bits"], [30, 36, 48])
+            self.assertEqual(block["audio"], [
+                {"format_code": 1, "format_name": "Linear Pulse Code Modulation (PCM)", "channels": 2,
+                 "sampling_rates_hz": [32000, 44100, 48000], "sample_bits": [16, 20, 24], "extra": "07"},
+                {"format_code": 2, "format_name": "AC3", "channels": 6, "sampling_rates_hz": [32000, 44100, 48000],
+                 "max_bit_rate_bps": 640000, "extra": "50"},
+                {"format_code": 7, "format_name": "DTS", "channels": 7,
+                 "sampling_rates_hz": [44100, 48000, 88200, 96000], "max_bit_rate_bps": 0, "extra": "00"}])
+
+    def test_many_images_and_failures(self):
+        good, bad, missing = self.save(MONITOR), self.save(b"\0" * 128, "bad.bin"), self.folder + "/missing"
+        out, err = run("report", "--json", missing, good, bad, status=3)
+        images = self.load(out)["images"]
+        self.assertEqual([image["file"] for image in images], [missing, good, bad])
+        self.assertEqual(["error" in image for image in images], [True, False, True])
+        self.assertEqual([line.split(": ")[:2] for line in err.splitlines()], [["zoredid", missing], ["zoredid", bad]])
+        lines = run("report", "--jsonl", missing, good, bad, status=3)[0].splitlines()
+        self.assertEqual([self.load(line) for line in lines], images)
+        self.assertEqual(self.load(run("report", "--json", missing, status=3)[0])["images"][0]["file"], missing)
+        text = run("report", good, good, status=0)[0]
+        self.assertEqual(text.count(f"{good}:\n"), 2)
+
+    def test_text_needs_a_preferred_mode(self):
+        out, err = run("report", self.save(change({0x13: "02", 0x18: "28"})), status=3)
+        self.assertEqual(out, "")
+        self.assertIn("names no preferred mode", err)
+
+
+class ModesTest(ToolTest):
+    def test_numbers_places_and_marks(self):
+        lines = run("modes", self.save(MONITOR), status=0)[0].splitlines()
+        self.assertEqual(len(lines), 13 + 30 + 5)
+        for line in [
+            "established   1  base               640 x  480p @  60 Hz     25.175 MHz  dmt       VESA",
+            "established   2  base               640 x  480p @  67 Hz     27.300 MHz  gtf",
+            "standard      0  base              1152 x  864p @  75 Hz    108.000 MHz  dmt       code 714f",
+            "standard      7  block 1 cea-861    640 x  480p @  60 Hz     25.200 MHz  cea       VIC 1",
+            "standard     20  block 1 cea-861   1920 x 1080i @  29 Hz     74.175 MHz  cea       VIC 5 at 1000/1001",
+            "detailed      0  base              1920 x 1080p @  60 Hz    148.500 MHz  detailed  preferred  VIC 16/76",
+            "detailed      4  block 1 cea-861    720 x  576p @  50 Hz     27.000 MHz  detailed  VIC 17/18",
+        ]:
+            self.assertIn(line, lines)
+        image = self.load(run("modes", "--json", self.save(MONITOR), status=0)[0])
+        full = self.image(MONITOR)
+        for name in ["established", "standard", "detailed"]:
+            self.assertEqual(image[name], full[name])
+            self.assertEqual([timing["index"] for timing in image[name]], list(range(len(image[name]))))
+        self.assertEqual([timing["index"] for timing in image["established"] if timing["vesa"]],
+                         [1, 3, 4, 5, 6, 7, 9, 10, 11, 12])
+
+    def test_marks_of_made_images(self):
+        cea = bytes.fromhex("02030e00" "42" "9003" "42" "0f01" "e3" "0e6107")
+        for name, image, expected in [
+            ("native, and codes in YCbCr 4:2:0 of their own or by a map", with_blocks(cea), [
+                "standard      7  block 1 cea-861   1920 x 1080p @  60 Hz    148.500 MHz  cea       native  VIC 16",
+                "standard     10  block 1 cea-861    720 x  480p @  59 Hz     27.000 MHz  cea       VIC 3 at 1000/1001",
+                "standard     15  block 1 cea-861   3840 x 2160p @  60 Hz    594.000 MHz  cea       4:2:0  VIC 97",
+            ]),
+            ("numbers run on behind a dropped block", with_blocks(b"\xf0", display_id(b"\x03\x00\x14" + TYPE1)), [
+                "detailed      1  block 2 displayid 1920 x 1080p @  60 Hz    148.500 MHz  detailed",
+            ]),
+        ]:
+            with self.subTest(name):
+                out = run("modes", self.save(image), status=0)[0]
+                for line in expected:
+                    self.assertIn(line, out)
+
+    MODELINE = re.compile(r'Modeline "(\d+)x(\d+)(i?)_(\d+)" (\d+\.\d{2,6})((?: \d+){8}) ([+-])hsync ([+-])vsync'
+                          r"( Interlace)?")
+
+    def test_modelines_say_the_same_as_the_numbers(self):
+        files = [self.save(MONITOR)]
+        if CORPUS:
+            files += [os.path.join(CORPUS, name) for name in sorted(os.listdir(CORPUS)) if name.endswith(".bin")][:40]
+        for path in files:
+            image = json.loads(run("modes", "--json", path, status=0)[0])
+            timings = image["established"] + image["standard"] + image["detailed"]
+            lines = run("modes", "--modeline", path, status=0)[0].splitlines()
+            self.assertEqual(len(lines), len(timings), path)
+            for line, timing in zip(lines, timings):
+                with self.subTest(path=path, line=line):
+                    self.check_modeline(line, timing)
+
+    def check_modeline(self, line, timing):
+        if timing["horizontal"]["back_porch"] < 0 or timing["vertical"]["back_porch"] < 0:
+            self.assertTrue(line.startswith("# "))
+            return
+        match = self.MODELINE.fullmatch(line)
+        self.assertIsNotNone(match)
+        numbers = [int(text) for text in match[6].split()]
+        fields = 2 if timing["interlaced"] else 1
+        for axis, active, factor, polarity, (first, start, end, total) in [
+            ("horizontal", "width", 1, match[7], numbers[:4]), ("vertical", "height", fields, match[8], numbers[4:])]:
+            self.assertEqual(first, timing[active])
+            self.assertEqual(start - first, factor * timing[axis]["front_porch"])
+            self.assertEqual(end - start, factor * timing[axis]["sync"])
+            self.assertEqual(total - end, factor * timing[axis]["back_porch"] + factor - 1)
+            self.assertEqual(total, timing[axis]["total"])
+            self.assertEqual(polarity == "+", timing[axis]["positive"])
+        self.assertEqual(bool(match[9]), timing["interlaced"])
+        self.assertEqual(round(float(match[5]) * 1e6), timing["pixel_clock_hz"])
+        # The tables cut rates to whole hertz, the rest rounds; some clocks of the table belong to the other variant.
+        rate = timing["pixel_clock_hz"] / (numbers[3] * numbers[7])
+        self.assertLess(abs(rate - timing["vertical_rate_hz"]), 1.01)
+
+
+class CompareTest(ToolTest):
+    def test_pairs(self):
+        two = change({0x48: SECOND_TIMING})
+        swapped = change({0x36: SECOND_TIMING, 0x48: MONITOR[0x36:0x48].hex()})
+        other_code = change({0x8A: "22"})  # 1280 x 720 at 50 becomes 1920 x 1080 at 30
+        fewer = change({0x23: "b4"})       # without 800 x 600 at 56 and 800 x 600 at 60
+        wide = 'Modeline "1280x720_50" 74.25 1280 1720 1760 1980 720 725 730 750 +hsync +vsync'
+        for name, second, options, status, expected in [
+            ("itself", MONITOR, [], 0, "same\n"),
+            ("another serial number", change({0x0C: "01"}), ["--established"], 0, "same\n"),
+            ("established timings are left out", fewer, [], 0, "same\n"),
+            ("established timings take part", fewer, ["--established"], 1,
+             "different\n"
+             'only in A:  800 x  600p @  60 Hz     40.000 MHz  Modeline "800x600_60" 40.00 800 840 968 1056 600 601 '
+             "605 628 +hsync +vsync\n"
+             'only in A:  800 x  600p @  56 Hz     36.000 MHz  Modeline "800x600_56" 36.00 800 824 896 1024 600 601 '
+             "603 625 +hsync +vsync\n"),
+            ("another code", other_code, [], 1,
+             f"different\nonly in A: 1280 x  720p @  50 Hz     74.250 MHz  {wide}\n"
+             "only in B: 1920 x 1080p @  30 Hz     74.250 MHz  "
+             'Modeline "1920x1080_30" 74.25 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync\n'
+             "only in B: 1920 x 1080p @  29 Hz     74.175 MHz  "
+             'Modeline "1920x1080_29" 74.175 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync\n'),
+            ("each mode as often", two, [], 1,
+             "different\nonly in B: 1280 x  720p @  60 Hz     74.250 MHz  "
+             'Modeline "1280x720_60" 74.25 1280 1390 1430 1650 720 725 730 750 +hsync +vsync\n'),
+        ]:
+            with self.subTest(name):
+                first, other = self.save(MONITOR, "A.bin"), self.save(second, "B.bin")
+                out = run("compare", *options, first, other, status=status)[0]
+                self.assertEqual(out.replace(first, "A").replace(other, "B"), expected)
+        first, other = self.save(two, "A.bin"), self.save(swapped, "B.bin")
+        self.assertEqual(run("compare", "--ignore-preferred", first, other, status=0)[0], "same\n")
+        out = run("compare", first, other, status=1)[0]
+        self.assertIn(f"preferred by {first}: 1920 x 1080p", out)
+        self.assertIn(f"preferred by {other}: 1280 x  720p", out)
+        self.assertNotIn("only in", out)
+
+    def test_what_cannot_be_compared(self):
+        good, plain = self.save(MONITOR), self.save(change({0x13: "02", 0x18: "28"}), "plain.bin")
+        for first, second, reasons in [
+            (good, self.folder + "/missing", 1), (self.folder + "/a", self.folder + "/b", 2), (plain, good, 1),
+            (good, self.save(b"\0" * 128, "bad.bin"), 1),
+        ]:
+            out, err = run("compare", "--ignore-preferred", first, second, status=3)
+            self.assertEqual((out, len(err.splitlines())), ("", reasons))
+
+
+class CheckTest(ToolTest):
+    def test_each_damage_has_its_line(self):
+        present = "the blocks present: the library reads no others"
+        dropped = "0x02 (cea-861) or 0x70 (displayid): the library drops the block"
+        fresh = display_id(b"\x03\x00\x14" + TYPE1)
+        bad_sum = bytes([*fresh[:-1], fresh[-1] ^ 1])
+        override = bytes.fromhex("02030700" "e2" "7802")
+        for name, image, lines in [
+            ("nothing", MONITOR, []),
+            ("header", change({0: "01"}), [
+                "block 0 offset 0x00: error: header: found 01ffffffffffff00, expected 00ffffffffffff00"]),
+            ("checksum of the base block", change({0x7F: "13"}, fix=False), [
+                "block 0 offset 0x7f: error: checksum: found 0x13, expected 0x12"]),
+            ("checksum of an extension block", change({0xFF: "74"}, fix=False), [
+                "block 1 offset 0x7f: error: checksum: found 0x74, expected 0x73"]),
+            ("more blocks announced", change({0x7E: "02"}), [
+                "block 0 offset 0x7e: error: extension count: found 2, expected 1, the blocks present"]),
+            ("fewer blocks announced", change({0x7E: "00"}), [
+                f"block 0 offset 0x7e: warning: extension count: found 0, expected 1, {present}"]),
+            ("the number in an override block", with_blocks(override, b"\x02", announced=1), [
+                "block 0 offset 0x7e: note: extension count: found 1, and 2 in an override data block, expected 2, "
+                + present]),
+            ("a part of a block", MONITOR[:200], [
+                "block 0 offset 0x7e: error: extension count: found 1, expected 0, the blocks present",
+                "block 1 offset 0x48: error: size: found 200 bytes, expected a multiple of 128"]),
+            ("no letters", change({0x08: "0000"}), [
+                "block 0 offset 0x08: warning: manufacturer: found 0000, expected three letters A to Z"]),
+            ("week and year", change({0x10: "3cff"}), [
+                "block 0 offset 0x10: warning: week: found 60, expected 0 to 54, or 255 for a model year",
+                f"block 0 offset 0x11: warning: year: found 2245, expected at most {THIS_YEAR}"]),
+            ("next year's model", change({0x10: "ff%02x" % (THIS_YEAR + 1 - 1990)}), []),
+            ("the model after that", change({0x10: "ff%02x" % (THIS_YEAR + 2 - 1990)}), [
+                f"block 0 offset 0x11: warning: year: found {THIS_YEAR + 2}, expected at most {THIS_YEAR + 1}"]),
+            ("version", change({0x12: "0200"}), [
+                "block 0 offset 0x12: warning: version: found 2.0, expected 1.0 to 1.4"]),
+            ("no preferred mode declared", change({0x13: "02", 0x18: "28"}), [
+                "block 0 offset 0x18: note: preferred mode: found none declared, expected one, which reports and "
+                "comparisons need"]),
+            ("no clock", change({0x36: "0000"}), [
+                "block 0 offset 0x36: error: preferred mode: found no detailed timing, expected one in the first "
+                "descriptor",
+                "block 0 offset 0x36: warning: descriptor without clock: found 0000801871, expected a pixel clock, or "
+                "00 in bytes 2 and 4"]),
+            ("no width", change({0x38: "00", 0x3A: "01"}), [
+                "block 0 offset 0x36: error: preferred mode: found no detailed timing, expected one in the first "
+                "descriptor",
+                "block 0 offset 0x36: warning: active size: found 0 x 1080, expected pixels and lines"]),
+            ("too little blanking", change({0x39: "00", 0x3A: "70", 0x3C: "04"}), [
+                "block 0 offset 0x36: warning: horizontal blanking: found 0, expected at least 132 for front porch and "
+                "sync",
+                "block 0 offset 0x36: warning: vertical blanking: found 4, expected at least 9 for front porch and "
+                "sync"]),
+            ("centimetres for millimetres", change({0x42: "3c2200"}), [
+                "block 0 offset 0x42: note: image size: found 60 x 34 mm, expected about 600 x 340 mm, from bytes 0x15 "
+                "and 0x16"]),
+            ("flags of range limits", change({0x13: "04", 0x5E: "02"}), [
+                "block 0 offset 0x5e: note: range limits: found flags 0x02, expected 0x00: the library reads no "
+                "others"]),
+            ("a reserved descriptor", change({0x4B: "42"}), [
+                "block 0 offset 0x4b: note: descriptor tag: found 0x42, expected a tag of the standard"]),
+            ("a block of no kind", change({0x80: "99"}), [
+                f"block 1 offset 0x00: warning: block kind: found 0x99 (unknown), expected {dropped}"]),
+            ("a block of another kind", with_blocks(b"\xf0"), [
+                f"block 1 offset 0x00: note: block kind: found 0xf0 (block-map), expected {dropped}"]),
+            ("a later revision", change({0x81: "04"}), [
+                "block 1 offset 0x01: warning: revision: found 4, expected 0 to 3: the library drops the block"]),
+            ("no place for descriptors", change({0x82: "03"}), [
+                "block 1 offset 0x02: error: offset of the descriptors: found 0x03, expected 0x00 or 0x04 to 0x7f"]),
+            ("no descriptors and no data blocks", with_blocks(b"\x02\x03"), []),
+            ("a data block over the descriptors", change({0x9C: "6f"}), [
+                "block 1 offset 0x1c: error: data block: found its end at 0x2c, expected at most 0x22, where the "
+                "descriptors begin"]),
+            ("a data block over the end", with_blocks(b"\x02\x03\x7e\x00" + (b"\x1f" + bytes(31)) * 3 + b"\x1f"), [
+                "block 1 offset 0x64: error: data block: found its end at 0x84, expected at most 0x7e, where the "
+                "descriptors begin"]),
+            ("a code of no mode", change({0x85: "80"}), [
+                "block 1 offset 0x05: warning: video code: found 0x80, expected 1 to 127 or 129 to 253"]),
+            ("a part of an audio descriptor", change({0x94: "22"}), [
+                "block 1 offset 0x14: error: audio data block: found length 2, expected a multiple of 3"]),
+            ("too few speaker bytes", with_blocks(bytes.fromhex("02030600" "8101")), [
+                "block 1 offset 0x04: warning: speaker data block: found length 1, expected 3"]),
+            ("no extended tag", with_blocks(bytes.fromhex("02030500" "e0")), [
+                "block 1 offset 0x04: error: data block: found no extended tag, expected a byte for it"]),
+            ("a timing without clock among others", change({0xB4: "0000"}), [
+                "block 1 offset 0x34: warning: descriptor without clock: found 0000007251, expected a pixel clock, or "
+                "zeros to the end"]),
+            ("a name among the timings", change({0xEA: "000000fc00"}), [
+                "block 1 offset 0x6a: note: display descriptor: found tag 0xfc, expected a timing or zeros: the "
+                "library reads no more of the block"]),
+            ("bytes behind the timings", change({0xFE: "01"}), [
+                "block 1 offset 0x7e: warning: padding: found 0x01, expected 0x00 behind the last descriptor"]),
+            ("a good section", with_blocks(fresh, display_id(TILE)), []),
+            ("a section's own sum", with_blocks(bad_sum), [
+                "block 1 offset 0x1c: error: section checksum: found 0x%02x, expected 0x%02x" % (bad_sum[-1],
+                                                                                                  fresh[-1])]),
+            ("too long a section", with_blocks(display_id(b"", length=122)), [
+                "block 1 offset 0x02: error: section length: found 122, expected at most 121"]),
+            ("a data block over the section", with_blocks(display_id(b"\x03\x00\x15" + TYPE1)), [
+                "block 1 offset 0x05: error: data block: found its end at 0x1d, expected at most 0x1c, the section's "
+                "end"]),
+            ("a part of a record", with_blocks(display_id(b"\x03\x00\x15" + TYPE1 + b"\0")), [
+                "block 1 offset 0x05: error: data block: found length 21, expected a multiple of 20: the library "
+                "reads no timing of the block"]),
+            ("a later DisplayID", with_blocks(display_id(b"", 0x20)), [
+                "block 1 offset 0x01: note: DisplayID version: found 2.0, expected 1.2 at most: the library drops the "
+                "block"]),
+            ("no DisplayID ever", with_blocks(display_id(b"", 0xF3)), [
+                "block 1 offset 0x01: warning: DisplayID version: found 15.3, expected 1.2 at most: the library drops "
+                "the block"]),
+        ]:
+            with self.subTest(name):
+                path = self.save(image)
+                weighty = any(": note: " not in line for line in lines)
+                out, err = run("check", path, status=1 if weighty else 0)
+                self.assertEqual(out.splitlines(), [f"{path}: {line}" for line in lines])
+                self.assertEqual(err, "")
+
+    def test_many(self):
+        clean, noted = self.save(MONITOR), self.save(with_blocks(b"\xf0"), "noted.bin")
+        bad, missing = self.save(change({0x7F: "13"}, fix=False), "bad.bin"), self.folder + "/missing"
+        out, err = run("check", clean, noted, bad, missing, status=3)
+        self.assertEqual(out.splitlines()[-1], "4 images: 2 clean, 1 with findings of weight, 1 unreadable; errors 1, "
+                         "warnings 0, notes 1")
+        self.assertTrue(err.startswith(f"zoredid: {missing}: "))
+        run("check", clean, bad, status=1)
+        odd = self.save(change({0x7F: "13"}, fix=False), "a b\n\x01.bin")
+        self.assertIn("/a b\\n\\x01.bin: block 0 offset 0x7f", run("check", odd, status=1)[0])
+        checks = self.load(run("check", "--json", clean, bad, missing, status=3)[0])["checks"]
+        self.assertEqual(checks[:2], [{"file": clean, "findings": []}, {"file": bad, "findings": [
+            {"block": 0, "offset": 127, "severity": "error", "what": "checksum", "found": "0x13",
+             "expected": "0x12"}]}])
+        self.assertEqual(checks[2]["file"], missing)
+
+
+class TimingTest(ToolTest):
+    # Published modelines: CVT of VESA's spreadsheet, DMT and CTA-861 of their tables.
+    def test_published_modes(self):
+        for arguments, expected in [
+            ("1920x1080@60 --type cvt", ["173.00 1920 2048 2248 2576 1080 1083 1088 1120 -hsync +vsync"]),
+            ("1920x1080@60 --type cvt-rb", ["138.50 1920 1968 2000 2080 1080 1083 1088 1111 +hsync -vsync"]),
+            ("1024x768@60 --type dmt", ["65.00 1024 1048 1184 1344 768 771 777 806 -hsync -vsync"]),
+            ("1280x768@60 --type dmt-rb", ["68.25 1280 1328 1360 1440 768 771 778 790 +hsync -vsync"]),
+            ("1920x1080@30 --type cea", ["74.25 1920 2008 2052 2200 1080 1084 1094 1125 +hsync +vsync Interlace",
+                                         "74.25 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync"]),
+            ("--vic 4", ["74.25 1280 1390 1430 1650 720 725 730 750 +hsync +vsync",
+                         "74.175 1280 1390 1430 1650 720 725 730 750 +hsync +vsync"]),
+            ("--vic 19", ["74.25 1280 1720 1760 1980 720 725 730 750 +hsync +vsync"]),
+        ]:
+            with self.subTest(arguments):
+                lines = run("timing", "--modeline", *arguments.split(), status=0)[0].splitlines()
+                self.assertEqual([line.split('" ')[1] for line in lines], expected)
+
+    def test_all_sources(self):
+        lines = run("timing", "1280x720@60", status=0)[0].splitlines()
+        self.assertEqual([line.split()[0] for line in lines], ["dmt", "cvt", "cvt-rb", "gtf", "cea"])
+        self.assertEqual(lines[4], "cea     1280 x  720p @  60 Hz     74.250 MHz  horizontal 110+40+220 +  vertical "
+                         "5+5+20 +  VIC 4/69")
+        timings = self.load(run("timing", "--json", "1280x720@60", status=0)[0])["timings"]
+        self.assertEqual([timing["type"] for timing in timings], ["dmt", "cvt", "cvt-rb", "gtf", "cea"])
+        self.assertEqual((timings[4]["vics"], timings[4]["pixel_clock_hz"]), ([4, 69], 74250000))
+        for arguments, horizontal, vertical in [("640x480@60 --type gtf", 800, 497), ("2048x1080@24 --type smpte", 2750,
+                                                                                      1125)]:
+            timing = self.load(run("timing", "--json", *arguments.split(), status=0)[0])["timings"][0]
+            self.assertEqual((timing["horizontal"]["total"], timing["vertical"]["total"]), (horizontal, vertical))
+
+    def test_what_there_is_not(self):
+        for arguments in ["--vic 6", "1234x567@89 --type dmt", "1920x1080@61 --type cea"]:
+            out, err = run("timing", *arguments.split(), status=1)
+            self.assertEqual(out, "")
+            self.assertRegex(err, "^zoredid: .*: no .*timing\n$")
+        self.assertEqual(self.load(run("timing", "--json", "--vic", "6", status=1)[0])["timings"], [])
+
+
+class CommandLineTest(ToolTest):
+    def test_wrong_ones(self):
+        path = self.save(MONITOR)
+        for arguments in [
+            ["report", "--format", "nice", path], ["report", "--json", "--jsonl", path],
+            ["report", "--json", "--format", "plain", path], ["modes"], ["modes", "--json", "--modeline", path],
+            ["compare", path], ["timing"], ["timing", "1920x1080"], ["timing", "0x1080@60"],
+            ["timing", "1920x1080@60x"], ["timing", "-1x2@3"], ["timing", "99999999999x1@1"],
+            ["timing", "1x1@1", "--type", "vesa"], ["timing", "1x1@1", "--vic", "1"], ["timing", "--vic", "0"],
+            ["timing", "--vic", "256"],
+        ]:
+            with self.subTest(arguments):
+                out, err = run(*arguments, status=2)
+                self.assertEqual(out, "")
+                self.assertNotEqual(err, "")
+
+    def test_help_ends_with_an_example(self):
+        for name in ["report", "modes", "compare", "check", "timing"]:
+            self.assertRegex(run(name, "--help", status=0)[0], rf"\nExamples?:\n(  .*\n)*  zoredid {name} .*\n$")
+
+
+@unittest.skipUnless(CORPUS, "no folder of further images")
+class CorpusTest(ToolTest):
+    def test_every_image_has_its_line_and_its_findings(self):
+        files = [os.path.join(CORPUS, name) for name in sorted(os.listdir(CORPUS)) if name.endswith(".bin")]
+        lines = run("report", "--jsonl", *files)[0].splitlines()
+        self.assertEqual(len(lines), len(files))
+        checks = self.load(run("check", "--json", *files, status=1)[0])["checks"]
+        for path, line, check in zip(files, lines, checks):
+            with self.subTest(path):
+                image = self.load(line)
+                self.assertEqual((image["file"], check["file"]), (path, path))
+                # Each block that the library drops has a finding that says why.
+                found = {finding["block"] for finding in check["findings"]}
+                if "error" in image:
+                    self.assertIn(0, found)
+                self.assertLessEqual({block["block"] for block in image.get("extensions", []) if not block["loaded"]},
+                                     found)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

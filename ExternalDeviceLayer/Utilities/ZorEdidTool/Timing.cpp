@@ -51,50 +51,15 @@ bool ParseMode(const std::string& sText, SMode& oMode)
            oMode.m_uiRateInHz != 0;
 }
 
-// All answers of a source that counts its matches. Rows that say the same, as codes for two picture aspects do, give
-// one timing.
-template <class ASK>
-void AppendMatches(ASK fnAsk, CTimings& aoTimings)
-{
-    const size_t szOthers = aoTimings.size();
-    CVidParamTimingGeneric oTiming;
-    for (unsigned int i = 0; fnAsk(i, &oTiming) != 0; ++i)
-    {
-        const auto fnIsSame = [&](const CVidParamTimingGeneric& oOther) {
-            return memcmp(&oOther.GetData(), &oTiming.GetData(), sizeof(SVidParamGenericData)) == 0;
-        };
-        if (std::none_of(aoTimings.begin() + static_cast<ptrdiff_t>(szOthers), aoTimings.end(), fnIsSame))
-        {
-            aoTimings.push_back(oTiming);
-        }
-    }
-}
-
-struct SSource
-{
-    const char* m_pszName; // as GetTypeName has it
-    void (*m_pfnAppend)(const SMode&, CTimings&);
-};
+// Match number uiIndex, from 0, of a size and rate. A formula has one answer.
+using FGet = int(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth, unsigned int uiHeight,
+                 unsigned int uiRateInHz);
 
 template <CVidParamDmt::EModeListType eRows>
-void AppendDmt(const SMode& oMode, CTimings& aoTimings)
+int GetDmt(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth, unsigned int uiHeight,
+           unsigned int uiRateInHz)
 {
-    AppendMatches(
-        [&](unsigned int i, CVidParamTiming* poTiming) {
-            return CVidParamDmt::GetVidParam(i, poTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, eRows);
-        },
-        aoTimings);
-}
-
-// A formula or table of the front door; a formula has one answer.
-template <int (*pfnGet)(unsigned int, CVidParamTiming*, unsigned int, unsigned int, unsigned int)>
-void AppendTable(const SMode& oMode, CTimings& aoTimings)
-{
-    AppendMatches(
-        [&](unsigned int i, CVidParamTiming* poTiming) {
-            return pfnGet(i, poTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz);
-        },
-        aoTimings);
+    return CVidParamDmt::GetVidParam(uiIndex, poTiming, uiWidth, uiHeight, uiRateInHz, eRows);
 }
 
 template <int iReducedBlanking>
@@ -111,15 +76,38 @@ int GetGtf(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth
     return uiIndex == 0 ? CVidParamTimingFunc::ComputeGft(uiWidth, uiHeight, uiRateInHz, poTiming) : 0;
 }
 
-constexpr SSource gsc_aoSources[] = {
-    { "dmt", AppendDmt<CVidParamDmt::eModeListStandard> },
-    { "dmt-rb", AppendDmt<CVidParamDmt::eModeListReducedBlanking> },
-    { "cvt", AppendTable<GetCvt<0>> },
-    { "cvt-rb", AppendTable<GetCvt<1>> },
-    { "gtf", AppendTable<GetGtf> },
-    { "cea", AppendTable<CVidParamTimingFunc::GetCeaTiming> },
-    { "smpte", AppendTable<CVidParamTimingFunc::GetSmpteTiming> },
+struct SSource
+{
+    const char* m_pszName; // as GetTypeName has it
+    FGet* m_pfnGet;
 };
+
+constexpr SSource gsc_aoSources[] = {
+    { "dmt", GetDmt<CVidParamDmt::eModeListStandard> },
+    { "dmt-rb", GetDmt<CVidParamDmt::eModeListReducedBlanking> },
+    { "cvt", GetCvt<0> },
+    { "cvt-rb", GetCvt<1> },
+    { "gtf", GetGtf },
+    { "cea", CVidParamTimingFunc::GetCeaTiming },
+    { "smpte", CVidParamTimingFunc::GetSmpteTiming },
+};
+
+// All answers of a source. Rows that say the same, as codes for two picture aspects do, give one timing.
+CTimings AskSource(FGet* pfnGet, const SMode& oMode)
+{
+    CTimings aoTimings;
+    CVidParamTimingGeneric oTiming;
+    for (unsigned int i = 0; pfnGet(i, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz) != 0; ++i)
+    {
+        if (std::none_of(aoTimings.begin(), aoTimings.end(), [&](const CVidParamTimingGeneric& oOther) {
+                return memcmp(&oOther.GetData(), &oTiming.GetData(), sizeof(SVidParamGenericData)) == 0;
+            }))
+        {
+            aoTimings.push_back(oTiming);
+        }
+    }
+    return aoTimings;
+}
 
 // The code's timing, and its 1000/1001 variant where the table has one.
 CTimings FindByVic(unsigned int uiVic)
@@ -144,7 +132,8 @@ CTimings FindByMode(const SMode& oMode, const std::string& sType)
     {
         if (sType == "all" || sType == oSource.m_pszName)
         {
-            oSource.m_pfnAppend(oMode, aoTimings);
+            const CTimings aoAnswers = AskSource(oSource.m_pfnGet, oMode);
+            aoTimings.insert(aoTimings.end(), aoAnswers.begin(), aoAnswers.end());
         }
     }
     return aoTimings;

@@ -40,8 +40,8 @@ struct SComparedModes
         {
             Append(aoLists[1]);
         }
-        for (const unsigned int uiList :
-             { 2U, 3U, 5U, 6U }) // base standard and detailed, extension standard and detailed
+        // Standard and detailed timings of the base block, then those of the extension blocks; 4 are the native ones.
+        for (const unsigned int uiList : { 2U, 3U, 5U, 6U })
         {
             Append(aoLists[uiList]);
         }
@@ -153,12 +153,11 @@ void AddCompareCommand(CLI::App& oApp, STool& oTool)
     poCommand->add_option("B", poOptions->m_sSecond, "Image")->required()->type_name("");
     poCommand->add_flag("--established", poOptions->m_bEstablished, "Established timings take part");
     poCommand->add_flag("--ignore-preferred", poOptions->m_bIgnorePreferred, "The preferred modes may differ");
-    poCommand->footer(
-        "Modes are compared wherever they stand, each as often as it is named, and with the tolerance\n"
-        "between clocks that differ by 1000/1001. Native table timings of extension blocks take no part.\n"
-        "Exit status: 0 same, 1 different, 3 when an image cannot be read or names no preferred mode.\n\n"
-        "Example:\n"
-        "  zoredid compare old.bin new.bin");
+    poCommand->footer("Modes are compared wherever they stand, each as often as it is named; their clocks may differ\n"
+                      "as those of 1000/1001 variants do. Native table timings of extension blocks take no part.\n"
+                      "Exit status: 0 same, 1 different, 3 when an image cannot be read or names no preferred mode.\n\n"
+                      "Example:\n"
+                      "  zoredid compare old.bin new.bin");
     poCommand->callback([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFirst };

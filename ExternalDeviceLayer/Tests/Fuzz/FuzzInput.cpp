@@ -22,8 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
         return 0;
     }
     // Without the header, bytes may look like another form: base64 that is all hexadecimal digits, raw bytes without zero.
-    std::vector<unsigned char> aui8Image = oInput.m_aui8Bytes;
-    RepairImage(aui8Image.data(), uiBlockSize);
+    const CBytes aui8Image = RepairImage(oInput.m_aui8Bytes);
     for (const SOutputForm& oForm : GetOutputForms())
     {
         Require(DecodeInput("name", oForm.m_pfnMake(aui8Image)).m_aui8Bytes == aui8Image, oForm.m_pszName);

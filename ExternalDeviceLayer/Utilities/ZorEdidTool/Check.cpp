@@ -1,8 +1,6 @@
 // zoredid check: findings about images, one a line, and a summary.
 
 #include <CLI/CLI.hpp>
-#include <stdio.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <chrono>
@@ -28,47 +26,6 @@ struct SCounts
     std::atomic<unsigned long long> m_ullUnreadable = 0;
     std::atomic<unsigned long long> m_ullWeighty = 0;       // images with a finding of weight
     std::atomic<unsigned long long> m_aullFindings[3] = {}; // by severity
-};
-
-// How far the run is, on standard error when that is a terminal and the findings go elsewhere.
-class CProgress
-{
-public:
-    explicit CProgress(const SFiles& oFiles)
-        : m_bShown(isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0),
-          m_szTotal(oFiles.m_sListFile.empty() ? oFiles.m_asNames.size() : 0)
-    {
-    }
-    ~CProgress()
-    {
-        if (m_bShown)
-        {
-            fputs("\r\033[K", stderr);
-        }
-    }
-    CProgress(const CProgress&) = delete;
-    CProgress& operator=(const CProgress&) = delete;
-
-    void Show(unsigned long long ullDone) const
-    {
-        if (!m_bShown)
-        {
-            return;
-        }
-        if (m_szTotal == 0)
-        {
-            fprintf(stderr, "\r%llu images", ullDone);
-            return;
-        }
-        constexpr int iWidth = 40;
-        const int iFull = static_cast<int>(ullDone * iWidth / m_szTotal);
-        fprintf(stderr, "\r[%.*s%*s] %llu of %zu", iFull, "########################################", iWidth - iFull,
-                "", ullDone, m_szTotal);
-    }
-
-private:
-    const bool m_bShown;
-    const size_t m_szTotal; // 0 when unknown
 };
 
 unsigned int GetThisYear()
@@ -141,26 +98,20 @@ void Check(SCheckOptions& oOptions, STool& oTool)
 {
     SCounts oCounts;
     oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
+    oOptions.m_oFiles.m_bProgress = true;
     if (oOptions.m_bJson)
     {
         oOptions.m_oFiles.m_sBetween = ",\n";
-        fputs(OpenDocument("checks").c_str(), stdout);
+        oOptions.m_oFiles.m_sHead = OpenDocument("checks");
+        oOptions.m_oFiles.m_sTail = gsc_pszCloseDocument;
     }
+    ForEachInput(oOptions.m_oFiles, oTool, [&](const SInput& oInput) {
+        ++oCounts.m_ullImages;
+        return CheckInput(oInput, oOptions.m_bJson, oCounts);
+    });
+    if (!oOptions.m_bJson && oCounts.m_ullImages > 1)
     {
-        const CProgress oProgress(oOptions.m_oFiles);
-        ForEachInput(oOptions.m_oFiles, oTool, [&](const SInput& oInput) {
-            const SOutcome oOutcome = CheckInput(oInput, oOptions.m_bJson, oCounts);
-            oProgress.Show(++oCounts.m_ullImages);
-            return oOutcome;
-        });
-    }
-    if (oOptions.m_bJson)
-    {
-        fputs(gsc_pszCloseDocument, stdout);
-    }
-    else if (oCounts.m_ullImages > 1)
-    {
-        fputs(Summarise(oCounts).c_str(), stdout);
+        PrintOutcome({ Summarise(oCounts), "", eExit_Good }, oTool);
     }
 }
 } // namespace

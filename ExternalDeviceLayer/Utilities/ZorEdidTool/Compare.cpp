@@ -159,11 +159,12 @@ void AddCompareCommand(CLI::App& oApp, STool& oTool)
                       "Example:\n"
                       "  zoredid compare old.bin new.bin");
     poCommand->callback([poOptions, &oTool] {
-        SFiles oFiles;
-        oFiles.m_asNames = { poOptions->m_sFirst };
-        oFiles.m_bTurnsForBadOnes = true; // so that a second bad name is told, too
-        ForEachInput(oFiles, oTool, [&](const SInput& oFirst) {
-            return CompareImages(*poOptions, oFirst, ReadInput(poOptions->m_sSecond));
-        });
+        // Both are read first, so that a second bad name is told, too.
+        const SInput oFirst = ReadOneInput(poOptions->m_sFirst, oTool);
+        const SInput oSecond = ReadOneInput(poOptions->m_sSecond, oTool);
+        if (oFirst.IsGood() && oSecond.IsGood())
+        {
+            PrintOutcome(CompareImages(*poOptions, oFirst, oSecond), oTool);
+        }
     });
 }

@@ -1,7 +1,6 @@
 // zoredid report: the three text reports of images, and the same facts as JSON.
 
 #include <CLI/CLI.hpp>
-#include <stdio.h>
 
 #include "Json.h"
 #include "ManyFiles.h"
@@ -97,14 +96,11 @@ void Report(SReportOptions& oOptions, STool& oTool)
     if (oOptions.m_bJson)
     {
         oOptions.m_oFiles.m_sBetween = ",\n";
-        fputs(OpenDocument("images").c_str(), stdout);
+        oOptions.m_oFiles.m_sHead = OpenDocument("images");
+        oOptions.m_oFiles.m_sTail = gsc_pszCloseDocument;
     }
     ForEachInput(oOptions.m_oFiles, oTool,
                  [&oOptions](const SInput& oInput) { return ReportAsJson(oOptions, oInput); });
-    if (oOptions.m_bJson)
-    {
-        fputs(gsc_pszCloseDocument, stdout);
-    }
 }
 } // namespace
 

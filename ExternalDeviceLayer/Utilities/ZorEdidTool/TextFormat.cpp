@@ -58,5 +58,5 @@ std::string ShowName(const std::string& sName)
 
 SOutcome RefuseInput(const SInput& oInput, const std::string& sReason)
 {
-    return { "", "zoredid: " + ShowName(oInput.m_sName) + ": " + sReason + "\n", eExit_Input };
+    return { "", MakeErrorLine(oInput.m_sName, sReason), eExit_Input };
 }

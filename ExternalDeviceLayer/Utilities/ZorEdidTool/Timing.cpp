@@ -1,13 +1,13 @@
 // zoredid timing: the timing of a size and rate from tables and formulas, or of a code.
 
 #include <CLI/CLI.hpp>
-#include <stdio.h>
 #include <string.h>
 
 #include <algorithm>
 #include <charconv>
 
 #include "Json.h"
+#include "ManyFiles.h"
 #include "TextFormat.h"
 #include "Timings.h"
 #include "Tool.h"
@@ -185,7 +185,7 @@ void PrintTimings(const STimingOptions& oOptions, STool& oTool)
             sText += oOptions.m_bModeline ? GetModeline(oTiming) + "\n" : GetLine(oTiming);
         }
     }
-    fwrite(sText.data(), 1, sText.size(), stdout);
+    PrintOutcome({ sText, "", eExit_Good }, oTool);
 }
 } // namespace
 

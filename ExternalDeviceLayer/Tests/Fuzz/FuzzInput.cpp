@@ -2,7 +2,6 @@
 // read back; what is not has a reason of one line.
 
 #include <string>
-#include <vector>
 
 #include "FuzzSupport.h"
 #include "Input.h"

@@ -229,6 +229,18 @@ int CEdid::RemoveStandard(unsigned int uiIndex)
                       [](CEdidExtBlock& oBlock, unsigned int uiRest) { return oBlock.RemoveStandard(uiRest); });
 }
 
+int CEdid::RemoveStandardKeepingDescriptors(unsigned int uiIndex)
+{
+    const unsigned int uiBaseCount = GetBaseStandardCount();
+    if (uiIndex < uiBaseCount)
+    {
+        return CEdidBase::RemoveStandard(uiIndex); // nothing stands behind a pair
+    }
+    return AskBlockAt(
+        m_aoExtensions, uiIndex - uiBaseCount, StandardCountOf,
+        [](CEdidExtBlock& oBlock, unsigned int uiRest) { return oBlock.RemoveStandardKeepingDescriptors(uiRest); });
+}
+
 unsigned int CEdid::GetDetailedCount() const
 {
     return GetBaseDetailedCount() + SumOver(m_aoExtensions, DetailedCountOf);

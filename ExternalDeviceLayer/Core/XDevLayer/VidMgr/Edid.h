@@ -80,6 +80,8 @@ public:
     // A slot is no index: use GetBaseStandard.
     int GetStandard(CEdidBase::EStandardSlotIndex eSlot, CVidParamTiming* poTiming, int* piNative) const = delete;
     int RemoveStandard(unsigned int uiIndex);
+    // The same with CEdidExtBlock::RemoveStandardKeepingDescriptors: descriptors and data blocks behind read as before.
+    int RemoveStandardKeepingDescriptors(unsigned int uiIndex);
 
     unsigned int GetDetailedCount() const;
     int GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const;

@@ -1,4 +1,4 @@
-// The answers of a block that knows nothing of tiles.
+// The answers of a block that knows nothing of tiles, and of one whose RemoveStandard leaves nothing out of step.
 
 #include "EdidExtBlock.h"
 
@@ -24,3 +24,5 @@ int CEdidExtBlock::GetTopologyDescription(unsigned int& uiTileLocationX, unsigne
     ZeroTileOutputs({ &uiTileLocationX, &uiTileLocationY, &uiTileCountX, &uiTileCountY, &uiTileWidth, &uiTileHeight });
     return 0;
 }
+
+int CEdidExtBlock::RemoveStandardKeepingDescriptors(unsigned int uiIndex) { return RemoveStandard(uiIndex); }

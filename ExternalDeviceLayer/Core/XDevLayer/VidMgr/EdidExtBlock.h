@@ -60,6 +60,10 @@ public:
     virtual int GetColorBitDepthSupport(unsigned int& uiBits) = 0;
     virtual int SetColorBitDepthSupport(unsigned int uiBits) = 0;
 
+    // RemoveStandard for an image that goes on to other readers: everything but the timing reads as before. Here it is
+    // RemoveStandard itself; a block where that one leaves something out of step has its own.
+    virtual int RemoveStandardKeepingDescriptors(unsigned int uiIndex);
+
     // Makes the object for a block; the only way blocks come into being. The bytes alone decide the class.
     //   uiSize, pui8Data  128 bytes, which are copied
     //   uiStripFlags      what a CEA-861 block leaves out, CEdidExtBlockCEA861::EStripFlags; 0 for nothing

@@ -169,6 +169,15 @@ public:
     // The detailed, audio and speaker lists stay as they were: until the next other edit of the block that succeeds, or
     // a load, they are behind the bytes.
     int RemoveStandard(unsigned int uiIndex) override;
+    // Takes the same codes out of the bytes and keeps the rest in step, so that everything else reads as before, here
+    // and by any other reader. Byte 2 is lowered by what went, so that the detailed descriptors and data blocks behind
+    // are found in their new places. An HDMI vendor block gets shorter by each code that it loses: the 3D data behind
+    // the codes follow. The bits of a YCbCr 4:2:0 capability map go with their codes, those behind move down, and the
+    // map keeps its length. A timing that a 4:2:0 video block names stays in that block. All lists are derived again.
+    // Refused are what RemoveStandard refuses, a block whose data blocks do not end where its descriptors begin, and
+    // one whose bytes behind the last descriptor would become another descriptor.
+    // HDMI 3D masks, which count video codes by their place, are not adapted.
+    int RemoveStandardKeepingDescriptors(unsigned int uiIndex) override;
 
     // Derives the lists of table timings from the bytes; returns GetStandardCount.
     unsigned int ExtractStandardTimings();

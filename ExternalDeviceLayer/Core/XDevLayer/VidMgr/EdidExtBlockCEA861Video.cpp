@@ -281,6 +281,9 @@ void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
 
 // ---- Removing a timing ----
 
+// A block holds the code itself, whichever timing of the pair is meant.
+unsigned int CodeOf(unsigned int uiVic) { return uiVic > gsc_uiVariantOffset ? uiVic - gsc_uiVariantOffset : uiVic; }
+
 SDataBlockKind KindOf(const SVicCodeEntryLookUp& oLookUp) { return { oLookUp.m_uiTag, oLookUp.m_bExtended != 0 }; }
 
 // What one RemoveStandard has taken out of the video blocks so far.
@@ -325,9 +328,7 @@ bool RemoveHdmiVic(const CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLoo
         return false;
     }
     CHdmi1xVsdb oVsdb(oBlock.m_uiLength, oEditor.GetAt(oBlock.m_uiOffset));
-    // The block holds the code itself, whichever timing of the pair is removed.
-    oVsdb.RemoveCea861Vic(oLookUp.m_uiVic > gsc_uiVariantOffset ? oLookUp.m_uiVic - gsc_uiVariantOffset
-                                                                : oLookUp.m_uiVic);
+    oVsdb.RemoveCea861Vic(CodeOf(oLookUp.m_uiVic));
     return true;
 }
 
@@ -335,6 +336,50 @@ bool RemoveOccurrence(CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp
 {
     const bool bSvd = oLookUp.m_bExtended == 0 && oLookUp.m_uiTag == gsc_oVideoBlocks.m_uiTag;
     return bSvd ? RemoveSvd(oEditor, oLookUp, oRemoved) : RemoveHdmiVic(oEditor, oLookUp);
+}
+
+// ---- Removing a timing and keeping the rest in step ----
+
+// The byte of a code: a short video descriptor, or the zero that an HDMI code leaves behind the last one.
+unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SDataBlock& oBlock)
+{
+    if (!oCode.m_oKind.m_bExtended && oCode.m_oKind.m_uiTag == gsc_oVideoBlocks.m_uiTag)
+    {
+        return oBlock.m_uiOffset + oCode.m_uiPosition;
+    }
+    unsigned char* pui8Payload = oEditor.GetAt(oBlock.m_uiOffset);
+    CHdmi1xVsdb(oBlock.m_uiLength, pui8Payload).RemoveCea861Vic(oCode.m_uiCode);
+    const CHdmi1xVsdb::SVics oLeft = CHdmi1xVsdb::FindVics(oBlock.m_uiLength, pui8Payload);
+    return oBlock.m_uiOffset + oLeft.m_uiVicsOffset + oLeft.m_uiCount;
+}
+
+// Takes a code out, its block with it when that is left empty, and lowers byte 2 by as much. The places of codes in
+// front, in its own block and in others, stay as they were.
+void TakeOut(CCea861Editor& oEditor, const SCode& oCode)
+{
+    const SDataBlock oBlock = oEditor.FindDataBlock(oCode.m_oKind, oCode.m_uiBlockIndex);
+    const unsigned int uiTagSize = oCode.m_oKind.m_bExtended ? 1 : 0;
+    const SDataBlock oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
+    oEditor.ShrinkDataBlock(oWhole, FreeCode(oEditor, oCode, oBlock), 1);
+    oEditor.LowerDetailedStart(1);
+    if (oWhole.m_uiLength == 1)
+    {
+        oEditor.RemoveDataBlock({ oWhole.m_uiOffset, 0 });
+    }
+}
+
+// Takes the bit of a code out of all capability maps; the bits behind move down.
+void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
+{
+    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    {
+        const unsigned int uiBits = gsc_uiBitsPerByte * oWalk.GetLength();
+        for (unsigned int i = uiIndex; i < uiBits; ++i)
+        {
+            const ByteFields::SBits oBit = { i / gsc_uiBitsPerByte, i % gsc_uiBitsPerByte, 1 };
+            oBit.Write(oEditor.GetAt(oWalk.GetBlock().m_uiOffset), i + 1 < uiBits && IsMapped(oWalk, i + 1) ? 1 : 0);
+        }
+    }
 }
 } // namespace
 
@@ -406,6 +451,39 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
     oEditor.UpdateChecksum();
     m_bListsBehind = 1; // the other lists and byte 2 stay, on purpose
     ExtractStandardTimings();
+    return 1;
+}
+
+int CEdidExtBlockCEA861::RemoveStandardKeepingDescriptors(unsigned int uiIndex)
+{
+    CCea861Editor oEditor = EditBytes();
+    if (uiIndex >= GetStandardCount() || !oEditor.AreDataBlocksExact())
+    {
+        return 0;
+    }
+    const unsigned int uiVic = CodeOf(GetVicCodeEntry(uiIndex).m_uiVic);
+    const unsigned int uiDetailed = oEditor.CountDetailed();
+    SAllCodes oCodes;
+    GatherCodes(oEditor, oCodes);
+    CCea861Undo oUndo(m_aui8Raw.GetData());
+    bool bTaken = false;
+    for (unsigned int i = oCodes.m_uiCount; i > 0; --i) // from the last one back, so that no place has to be corrected
+    {
+        const SCode& oCode = oCodes.m_aoCode[i - 1];
+        const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
+        if (oTimings.m_uiCount != 0 && oTimings.m_aoEntry[0].m_uiVic == uiVic)
+        {
+            TakeOut(oEditor, oCode);
+            TakeOutOfMaps(oEditor, i - 1);
+            bTaken = true;
+        }
+    }
+    if (!bTaken || oEditor.CountDetailed() != uiDetailed)
+    {
+        return 0;
+    }
+    oUndo.Complete();
+    FinishEdit(eList_All);
     return 1;
 }
 

@@ -6,6 +6,7 @@
 
 #include "CapturedOutput.h"
 #include "Cea861TestHelp.h"
+#include "DisplayIdImages.h"
 
 namespace
 {
@@ -37,6 +38,7 @@ const std::map<std::string, int (*)(CBlock& o, const CNumbers& aui)> gsc_oEdits 
     { "AddVendor", [](auto& o, auto&) { return o->AddVendorSpecific(); } },
     { "RemoveDetailed", [](auto& o, auto& aui) { return o->RemoveDetailed(aui[0]); } },
     { "RemoveStandard", [](auto& o, auto& aui) { return o->RemoveStandard(aui[0]); } },
+    { "RemoveKeeping", [](auto& o, auto& aui) { return o->RemoveStandardKeepingDescriptors(aui[0]); } },
     { "GetDepth", [](auto& o, auto&) { return GetDepth(o); } },
     { "SetDepth", [](auto& o, auto& aui) { return o->SetColorBitDepthSupport(aui[0]); } },
     { "RemoveRange", [](auto& o, auto& aui) { return o->RemoveDataRange(aui[0], aui[1]), 0; } },
@@ -107,5 +109,17 @@ TEST(Cea861Edit, RemovedTableTimingLeavesTheOtherListsToTheNextEdit)
     EXPECT_EQ(1, poBlock->SetColorBitDepthSupport(0));
     EXPECT_EQ(2U, poBlock->GetSpeakerDescriptorCount());
     EXPECT_EQ(GetLists(*LoadBlock(GetBytes(*poBlock))), GetLists(*poBlock));
+}
+
+// Two codes with their variants stand behind a block that refuses every removal.
+TEST(Cea861Edit, TidyRemovalCountsOverTheBlocksOfAnImage)
+{
+    const auto fnMakeImage = [](const CBytes& aui8Cea) {
+        return MakeEdid({ MakeFullDisplayIdBlock(), CompleteBlock(aui8Cea) });
+    };
+    CEdid oEdid;
+    LoadExact(oEdid, fnMakeImage({ 2, 3, 7, 0, 0x42, 16, 4 }));
+    EXPECT_EQ(1, oEdid.RemoveStandardKeepingDescriptors(3));
+    EXPECT_EQ(fnMakeImage({ 2, 3, 6, 0, 0x41, 16 }), Serialise(oEdid));
 }
 } // namespace

@@ -12,8 +12,8 @@
 namespace
 {
 constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = {
-    AddReportCommand, AddModesCommand, AddCompareCommand, AddCheckCommand,
-    AddTimingCommand, AddListCommand,  AddConvertCommand,
+    AddReportCommand, AddModesCommand,  AddCompareCommand, AddCheckCommand,
+    AddEditCommand,   AddTimingCommand, AddListCommand,    AddConvertCommand,
 };
 
 // A pipe that closes early ends the command quietly, also when the caller has left the signal ignored. A limit on the

@@ -1,0 +1,166 @@
+// zoredid edit: edits of an image in the order given, verified and then written whole or not at all.
+
+#include <stdio.h>
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <memory>
+
+#include "EditDiff.h"
+#include "EditImage.h"
+#include "EditPlan.h"
+#include "EditVerify.h"
+#include "ManyFiles.h"
+#include "Output.h"
+#include "Tool.h"
+
+namespace
+{
+struct SEditCommand
+{
+    std::string m_sFile;
+    std::string m_sOutput;
+    bool m_bForce = false;
+    bool m_bDiff = false;
+    bool m_bDryRun = false;
+    std::map<const CLI::Option*, const SEditOption*> m_oOptions;
+};
+
+// The edits in the order of the command line: the n-th occurrence of an option has its n-th value.
+std::vector<SEdit> ListEdits(const CLI::App& oCommand, const SEditCommand& oArguments)
+{
+    std::vector<SEdit> aoEdits;
+    std::map<const CLI::Option*, size_t> oSeen;
+    for (const CLI::Option* poOption : oCommand.parse_order())
+    {
+        const auto oFound = oArguments.m_oOptions.find(poOption);
+        if (oFound == oArguments.m_oOptions.end())
+        {
+            continue;
+        }
+        const size_t uiOccurrence = oSeen[poOption]++;
+        SEdit oEdit = {};
+        ParseEdit(*oFound->second, poOption->results()[uiOccurrence], oEdit); // checked by the option
+        aoEdits.push_back(oEdit);
+    }
+    return aoEdits;
+}
+
+// Edits the image. Empty, or the reason why not, with its exit status.
+std::string EditBytes(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited, EExit& eExit)
+{
+    CEditImage oImage;
+    eExit = eExit_Input;
+    if (!oImage.Load(aui8Image))
+    {
+        return "no EDID";
+    }
+    eExit = eExit_Finding;
+    for (const SEdit& oEdit : aoEdits)
+    {
+        const std::string sReason = oImage.Apply(oEdit);
+        if (!sReason.empty())
+        {
+            return oEdit.m_sText + ": " + sReason;
+        }
+    }
+    aui8Edited = oImage.GetBytes();
+    const std::string sFault = VerifyEdits(aui8Image, aui8Edited, oImage.GetBlocks());
+    return sFault.empty() ? "" : "internal fault: " + sFault;
+}
+
+// Empty, or what is missing or does not go together.
+std::string CheckCommand(const SEditCommand& oArguments, const std::vector<SEdit>& aoEdits)
+{
+    if (aoEdits.empty())
+    {
+        return "no edit is given";
+    }
+    if (oArguments.m_sOutput.empty() && !oArguments.m_bDryRun)
+    {
+        return "-o OUT is needed, or --dry-run";
+    }
+    return oArguments.m_sOutput == "-" && oArguments.m_bDiff && !oArguments.m_bDryRun
+               ? "-o - and --diff both write to standard output"
+               : "";
+}
+
+void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
+{
+    const std::vector<SEdit> aoEdits = ListEdits(oCommand, oArguments);
+    const std::string sMistake = CheckCommand(oArguments, aoEdits);
+    if (!sMistake.empty())
+    {
+        PrintError("edit: " + sMistake);
+        oTool.Note(eExit_CommandLine);
+        return;
+    }
+    const SInput oInput = ReadOneInput(oArguments.m_sFile, oTool);
+    if (!oInput.IsGood())
+    {
+        return;
+    }
+    CBytes aui8Edited;
+    EExit eExit = eExit_Good;
+    std::string sName = oArguments.m_sFile;
+    std::string sProblem = EditBytes(oInput.m_aui8Bytes, aoEdits, aui8Edited, eExit);
+    if (sProblem.empty() && !oArguments.m_bDryRun)
+    {
+        eExit = eExit_Input;
+        sName = oArguments.m_sOutput == "-" ? "standard output" : oArguments.m_sOutput;
+        WriteOutput(oArguments.m_sOutput, std::string(aui8Edited.begin(), aui8Edited.end()), oArguments.m_bForce, false,
+                    sProblem);
+    }
+    if (!sProblem.empty())
+    {
+        fputs(MakeErrorLine(sName, sProblem).c_str(), stderr);
+        oTool.Note(eExit);
+    }
+    else if (oArguments.m_bDiff)
+    {
+        fputs(DescribeChanges(oInput.m_aui8Bytes, aui8Edited).c_str(), stdout);
+    }
+}
+} // namespace
+
+void AddEditCommand(CLI::App& oApp, STool& oTool)
+{
+    CLI::App* poCommand = oApp.add_subcommand(
+        "edit", "Edit an image. Edits are done in the order given; all numbers mean the image as it was read, as "
+                "'zoredid modes' prints them. A removal that an earlier edit has done already is good. When one edit "
+                "is refused, nothing is written. An edit changes nothing that it does not name: the result is read "
+                "again and compared before it is written.");
+    const auto poArguments = std::make_shared<SEditCommand>();
+    poCommand->add_option("FILE", poArguments->m_sFile, "Image")->required();
+    poCommand->add_option("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
+        ->type_name("OUT");
+    poCommand->add_flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
+    poCommand->add_flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
+    poCommand->add_flag("--dry-run", poArguments->m_bDryRun, "Do everything but write");
+    for (const SEditOption& oOption : GetEditOptions())
+    {
+        if (*oOption.m_pszValue == '\0')
+        {
+            CLI::Option* poOption = poCommand->add_flag(oOption.m_pszName, oOption.m_pszHelp);
+            poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group("Edits");
+            poArguments->m_oOptions[poOption] = &oOption;
+            continue;
+        }
+        CLI::Option* poOption = poCommand->add_option(
+            oOption.m_pszName, [](const CLI::results_t&) { return true; }, oOption.m_pszHelp);
+        poOption->type_name(oOption.m_pszValue)
+            ->type_size(1)
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+            ->group("Edits")
+            ->check([&oOption](const std::string& sValue) {
+                SEdit oEdit = {};
+                return ParseEdit(oOption, sValue, oEdit);
+            });
+        poArguments->m_oOptions[poOption] = &oOption;
+    }
+    poCommand->footer(
+        "Example:\n"
+        "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps --diff -o new.bin");
+    poCommand->callback([poCommand, poArguments, &oTool] { Run(*poCommand, *poArguments, oTool); });
+}

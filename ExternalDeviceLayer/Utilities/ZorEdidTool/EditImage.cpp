@@ -1,0 +1,689 @@
+// Each edit: the number at reading turned into the present one, a trial where an edit of the library could move bytes
+// that are not named, the edit itself, and the reason when it is refused.
+
+#include "EditImage.h"
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+#include "EdidUtils.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+constexpr unsigned int gsc_uiDisplayIdTag = 0x70;
+
+constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
+constexpr const char* gsc_pszInUse = "has bytes behind its detailed timings that would read differently";
+
+CPresent MakeNumbers(unsigned int uiCount)
+{
+    CPresent aiNumbers(uiCount);
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        aiNumbers[i] = static_cast<int>(i);
+    }
+    return aiNumbers;
+}
+
+// Place of a number at reading; false when it is gone.
+bool FindPresent(const CPresent& aiPresent, int iNumber, unsigned int& uiPlace)
+{
+    const auto oFound = std::find(aiPresent.begin(), aiPresent.end(), iNumber);
+    uiPlace = static_cast<unsigned int>(oFound - aiPresent.begin());
+    return oFound != aiPresent.end();
+}
+
+void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
+
+bool Is420(const CEdidExtBlockCEA861& oCea, unsigned int uiIndex)
+{
+    CVidParamTimingGeneric oTiming;
+    return oCea.GetStandard(uiIndex, &oTiming, nullptr) != 0 && oTiming.Is420ColorSpace() != 0;
+}
+
+std::unique_ptr<CEdidExtBlockCEA861> CopyCea(const unsigned char* pui8Bytes)
+{
+    return std::make_unique<CEdidExtBlockCEA861>(gsc_uiBlockSize, pui8Bytes, 0);
+}
+
+// How many timings of the block equal number uiIndex of oOther, 4:2:0 included.
+unsigned int CountEqual(const CEdidExtBlockCEA861& oCea, const CEdidExtBlockCEA861& oOther, unsigned int uiIndex)
+{
+    CVidParamTimingGeneric oWanted;
+    oOther.GetStandard(uiIndex, &oWanted, nullptr);
+    unsigned int uiCount = 0;
+    for (unsigned int i = 0; i < oCea.GetStandardCount(); ++i)
+    {
+        CVidParamTimingGeneric oTiming;
+        oCea.GetStandard(i, &oTiming, nullptr);
+        uiCount += oTiming == oWanted && oTiming.Is420ColorSpace() == oWanted.Is420ColorSpace() ? 1U : 0U;
+    }
+    return uiCount;
+}
+
+bool HasHdmiBlock(const CEdidExtBlockCEA861& oCea)
+{
+    constexpr unsigned int uiAllDepths = 7;
+    const auto poCopy = CopyCea(oCea.GetData());
+    unsigned int uiBits = 0;
+    return poCopy->SetColorBitDepthSupport(uiAllDepths) != 0 && poCopy->GetColorBitDepthSupport(uiBits) != 0 &&
+           uiBits == uiAllDepths;
+}
+
+// The bits of the established timings in the order of their list: bytes 35 and 36 from bit 7 down, then bit 7 of 37.
+std::vector<unsigned int> ListEstablishedBits()
+{
+    std::vector<unsigned int> auiBits;
+    for (const unsigned int uiByte : { 0U, 1U })
+    {
+        for (unsigned int uiBit = 0x80; uiBit != 0; uiBit >>= 1)
+        {
+            auiBits.push_back(uiBit << (8 * uiByte));
+        }
+    }
+    auiBits.push_back(CEdidBase::eEstablished1152x870At75);
+    return auiBits;
+}
+
+// Whether the descriptor holds all of the timing; its clock counts in 10 kHz.
+bool IsSameMode(const CVidParamTiming& oRead, const CVidParamTiming& oWanted)
+{
+    constexpr unsigned int uiClockUnit = 10;
+    return oRead.GetHorizontalActive() == oWanted.GetHorizontalActive() &&
+           oRead.GetVerticalActive() == oWanted.GetVerticalActive() &&
+           oRead.GetHorizontalFrontPorch() == oWanted.GetHorizontalFrontPorch() &&
+           oRead.GetHorizontalSync() == oWanted.GetHorizontalSync() &&
+           oRead.GetHorizontalBackPorch() == oWanted.GetHorizontalBackPorch() &&
+           oRead.GetVerticalFrontPorch() == oWanted.GetVerticalFrontPorch() &&
+           oRead.GetVerticalSync() == oWanted.GetVerticalSync() &&
+           oRead.GetVerticalBackPorch() == oWanted.GetVerticalBackPorch() &&
+           (oRead.IsInterlaced() != 0) == (oWanted.IsInterlaced() != 0) &&
+           (oRead.IsHorizontalPolarityPositive() != 0) == (oWanted.IsHorizontalPolarityPositive() != 0) &&
+           (oRead.IsVerticalPolarityPositive() != 0) == (oWanted.IsVerticalPolarityPositive() != 0) &&
+           oRead.GetPixelClockInKiloHz() / uiClockUnit == oWanted.GetPixelClockInKiloHz() / uiClockUnit;
+}
+} // namespace
+
+// ---- Loading and writing back ----
+
+bool CEditImage::Load(const CBytes& aui8Image)
+{
+    m_aoBlocks.clear();
+    m_auiEstablished.clear();
+    if (aui8Image.empty() ||
+        m_oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0) == 0)
+    {
+        return false;
+    }
+    unsigned int uiExtension = 0;
+    for (size_t uiOffset = 0; uiOffset < aui8Image.size(); uiOffset += gsc_uiBlockSize)
+    {
+        SImageBlock oBlock;
+        oBlock.m_aui8Bytes.assign(aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset),
+                                  aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset + gsc_uiBlockSize));
+        // The bytes alone decide whether the library takes a block, and it holds the same bytes: the next of its blocks
+        // is the first one of the image that equals it.
+        const CEdidExtBlock* poNext = m_oEdid.GetExtension(uiExtension);
+        if (uiOffset != 0 && poNext != nullptr &&
+            std::equal(oBlock.m_aui8Bytes.begin(), oBlock.m_aui8Bytes.end(), poNext->GetData()))
+        {
+            oBlock.m_iExtension = static_cast<int>(uiExtension++);
+            oBlock.m_uiStandards = poNext->GetStandardCount();
+            oBlock.m_uiDetaileds = poNext->GetDetailedCount();
+        }
+        m_aoBlocks.push_back(oBlock);
+    }
+    CountBase();
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        if (const CEdidExtBlockCEA861* poCea = GetCea(oBlock); poCea != nullptr)
+        {
+            CountCea(oBlock, *poCea);
+        }
+        oBlock.m_aiDetaileds = MakeNumbers(oBlock.m_uiDetaileds);
+    }
+    return true;
+}
+
+void CEditImage::CountBase()
+{
+    SImageBlock& oBase = m_aoBlocks.front();
+    oBase.m_uiStandards = m_oEdid.GetBaseStandardCount();
+    oBase.m_uiDetaileds = m_oEdid.GetBaseDetailedCount();
+    oBase.m_aiStandards = MakeNumbers(oBase.m_uiStandards);
+    for (const unsigned int uiBit : ListEstablishedBits())
+    {
+        if (m_oEdid.GetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(uiBit), nullptr, 0) != 0)
+        {
+            m_auiEstablished.push_back(uiBit);
+        }
+    }
+}
+
+// What one removal takes away together is found by trying: timings whose removal leaves the same bytes share a code.
+void CEditImage::CountCea(SImageBlock& oBlock, const CEdidExtBlockCEA861& oCea)
+{
+    oBlock.m_uiAudios = oCea.GetAudioDescriptorCount();
+    oBlock.m_aiAudios = MakeNumbers(oBlock.m_uiAudios);
+    std::map<CBytes, int> oFirstOf; // by the bytes left
+    unsigned int uiOrdinary = 0;
+    for (unsigned int i = 0; i < oBlock.m_uiStandards; ++i)
+    {
+        uiOrdinary += Is420(oCea, i) ? 0U : 1U;
+        const auto poCopy = CopyCea(oCea.GetData());
+        const bool bRemoved = poCopy->RemoveStandardKeepingDescriptors(i) != 0;
+        const CBytes aui8Left(poCopy->GetData(), poCopy->GetData() + gsc_uiBlockSize);
+        oBlock.m_aiGroups.push_back(bRemoved ? oFirstOf.try_emplace(aui8Left, i).first->second : -1);
+    }
+    oBlock.m_aiStandards = MakeNumbers(uiOrdinary); // they come first
+}
+
+CBytes CEditImage::GetBytes() const
+{
+    CBytes aui8Image(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
+    for (size_t i = 1; i < m_aoBlocks.size(); ++i)
+    {
+        const SImageBlock& oBlock = m_aoBlocks[i];
+        const unsigned char* pui8Bytes =
+            oBlock.m_iExtension < 0 ? oBlock.m_aui8Bytes.data()
+                                    : m_oEdid.GetExtension(static_cast<unsigned int>(oBlock.m_iExtension))->GetData();
+        aui8Image.insert(aui8Image.end(), pui8Bytes, pui8Bytes + gsc_uiBlockSize);
+    }
+    return aui8Image;
+}
+
+// ---- Numbers ----
+
+CEditImage::SPlace CEditImage::Find(unsigned int SImageBlock::*puiCount, unsigned int uiNumber)
+{
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        if (uiNumber < oBlock.*puiCount)
+        {
+            return { &oBlock, uiNumber };
+        }
+        uiNumber -= oBlock.*puiCount;
+    }
+    return { nullptr, 0 };
+}
+
+std::string CEditImage::NameRange(unsigned int SImageBlock::*puiCount, const char* pszWhat) const
+{
+    unsigned int uiCount = 0;
+    for (const SImageBlock& oBlock : m_aoBlocks)
+    {
+        uiCount += oBlock.*puiCount;
+    }
+    const std::string sWhat = pszWhat;
+    return uiCount == 0 ? "the image has no " + sWhat
+                        : "the image has " + sWhat + " 0 to " + std::to_string(uiCount - 1);
+}
+
+std::string CEditImage::NameBlock(const SImageBlock& oBlock) const
+{
+    return "block " + std::to_string(&oBlock - m_aoBlocks.data());
+}
+
+CEdidExtBlockCEA861* CEditImage::GetCea(const SImageBlock& oBlock)
+{
+    return oBlock.m_iExtension < 0 ? nullptr
+                                   : AsCea(m_oEdid.GetExtension(static_cast<unsigned int>(oBlock.m_iExtension)));
+}
+
+// ---- CEA-861 blocks ----
+
+// Lets fnEdit change the block, which it does on a copy first: there it must leave the descriptors as they are and give
+// an empty result; else its result is the reason of the refusal.
+template <class EDIT>
+std::string CEditImage::EditCea(SImageBlock& oBlock, EDIT fnEdit)
+{
+    CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+    if (!AreDataBlocksExact(*poCea))
+    {
+        return NameBlock(oBlock) + " " + gsc_pszDamaged;
+    }
+    const auto poCopy = CopyCea(poCea->GetData());
+    std::string sReason = fnEdit(*poCopy);
+    if (sReason.empty() && (GetDescriptorArea(*poCopy) != GetDescriptorArea(*poCea) ||
+                            poCopy->GetDetailedCount() != poCea->GetDetailedCount()))
+    {
+        sReason = NameBlock(oBlock) + " " + gsc_pszInUse;
+    }
+    return sReason.empty() ? fnEdit(*poCea) : sReason;
+}
+
+// Tries the CEA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
+template <class EDIT>
+std::string CEditImage::EditFirst(EDIT fnEdit)
+{
+    constexpr unsigned int uiDataBlocksRevision = 3;
+    std::string sReason = "the image has no CEA-861 block that can hold data blocks";
+    bool bFirst = true;
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        if (poCea == nullptr || poCea->GetRevision() < uiDataBlocksRevision)
+        {
+            continue;
+        }
+        const std::string sProblem = fnEdit(oBlock);
+        if (sProblem.empty())
+        {
+            return "";
+        }
+        sReason = bFirst ? sProblem : sReason;
+        bFirst = false;
+    }
+    return sReason;
+}
+
+// ---- Timings ----
+
+std::string CEditImage::RemoveStandard(unsigned int uiNumber)
+{
+    const SPlace oPlace = Find(&SImageBlock::m_uiStandards, uiNumber);
+    if (oPlace.m_poBlock == nullptr)
+    {
+        return NameRange(&SImageBlock::m_uiStandards, "standard timings");
+    }
+    SImageBlock& oBlock = *oPlace.m_poBlock;
+    if (oBlock.m_iExtension >= 0)
+    {
+        return RemoveCode(oBlock, oPlace.m_uiNumber);
+    }
+    unsigned int uiPlace = 0;
+    if (FindPresent(oBlock.m_aiStandards, static_cast<int>(oPlace.m_uiNumber), uiPlace))
+    {
+        if (m_oEdid.RemoveStandardKeepingDescriptors(uiPlace) == 0)
+        {
+            return "the library refuses it";
+        }
+        Erase(oBlock.m_aiStandards, uiPlace);
+        oBlock.m_oEdits.m_oStandard.insert(oPlace.m_uiNumber);
+    }
+    return "";
+}
+
+// Goes through the first timing of the code, which is an ordinary one: 4:2:0 maps only repeat those.
+std::string CEditImage::RemoveCode(SImageBlock& oBlock, unsigned int uiNumber)
+{
+    CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+    const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
+    const int iGroup = oBlock.m_aiGroups[uiNumber];
+    unsigned int uiPlace = 0;
+    if (iGroup < 0)
+    {
+        return !AreDataBlocksExact(*poRead) ? NameBlock(oBlock) + " " + gsc_pszDamaged
+               : Is420(*poRead, uiNumber)   ? "only a YCbCr 4:2:0 data block names it, which cannot be edited"
+                                            : NameBlock(oBlock) + " " + gsc_pszInUse;
+    }
+    if (FindPresent(oBlock.m_aiStandards, iGroup, uiPlace))
+    {
+        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+            return oCea.RemoveStandardKeepingDescriptors(uiPlace) != 0 ? "" : NameBlock(oBlock) + " " + gsc_pszInUse;
+        });
+        if (!sReason.empty())
+        {
+            return sReason;
+        }
+        for (unsigned int i = 0; i < oBlock.m_uiStandards; ++i)
+        {
+            if (oBlock.m_aiGroups[i] == iGroup)
+            {
+                std::erase(oBlock.m_aiStandards, static_cast<int>(i));
+                oBlock.m_oEdits.m_oStandard.insert(i);
+            }
+        }
+    }
+    return Is420(*poRead, uiNumber) && CountEqual(*poCea, *poRead, uiNumber) == CountEqual(*poRead, *poRead, uiNumber)
+               ? "a YCbCr 4:2:0 data block names it too, which cannot be edited"
+               : "";
+}
+
+std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
+{
+    const SPlace oPlace = Find(&SImageBlock::m_uiDetaileds, uiNumber);
+    if (oPlace.m_poBlock == nullptr)
+    {
+        return NameRange(&SImageBlock::m_uiDetaileds, "detailed timings");
+    }
+    SImageBlock& oBlock = *oPlace.m_poBlock;
+    unsigned int uiPlace = 0;
+    if (!FindPresent(oBlock.m_aiDetaileds, static_cast<int>(oPlace.m_uiNumber), uiPlace))
+    {
+        return "";
+    }
+    CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+    if (oBlock.m_iExtension >= 0 && poCea == nullptr)
+    {
+        return NameBlock(oBlock) + " is a DisplayID block, which cannot be edited";
+    }
+    if (poCea != nullptr && !AreDataBlocksExact(*poCea))
+    {
+        return NameBlock(oBlock) + " " + gsc_pszDamaged;
+    }
+    const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
+    if (!bRemoved && poCea == nullptr && uiPlace == 0)
+    {
+        return "the preferred timing can only be replaced";
+    }
+    if (!bRemoved)
+    {
+        return "the library refuses it";
+    }
+    Erase(oBlock.m_aiDetaileds, uiPlace);
+    oBlock.m_oEdits.m_oDetailed.insert(oPlace.m_uiNumber);
+    const size_t uiLeft = poCea != nullptr ? poCea->GetDetailedCount() : m_oEdid.GetBaseDetailedCount();
+    return uiLeft == oBlock.m_aiDetaileds.size() ? "" : NameBlock(oBlock) + " " + gsc_pszInUse;
+}
+
+std::string CEditImage::RemoveEstablished(unsigned int uiNumber)
+{
+    if (uiNumber >= m_auiEstablished.size())
+    {
+        return m_auiEstablished.empty()
+                   ? "the image has no established timings"
+                   : "the image has established timings 0 to " + std::to_string(m_auiEstablished.size() - 1);
+    }
+    m_oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(m_auiEstablished[uiNumber]), 0, 1);
+    m_aoBlocks.front().m_oEdits.m_uiEstablished |= m_auiEstablished[uiNumber];
+    return "";
+}
+
+// The image size in the descriptor is no part of the timing: the library fills it anew, in centimetres, so what stood
+// there is put back.
+std::string CEditImage::SetPreferred(const CVidParamTimingGeneric& oTiming)
+{
+    constexpr unsigned int uiDescriptors = 54;
+    constexpr unsigned int uiDescriptorsEnd = 126;
+    constexpr unsigned int uiImageSize = 12; // in the descriptor, three bytes
+    constexpr unsigned int uiImageSizeEnd = 15;
+    CBytes aui8Base(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
+    const unsigned int uiCount = m_oEdid.GetBaseDetailedCount();
+    if (uiCount == 0 || m_oEdid.SetPreferredMode(&oTiming) == 0)
+    {
+        return "the image has no preferred timing that could be replaced";
+    }
+    const unsigned char* pui8Edited = m_oEdid.GetBaseBlock();
+    for (unsigned int uiSlot = uiDescriptors; uiSlot < uiDescriptorsEnd; uiSlot += gsc_uiDetailedSize)
+    {
+        for (unsigned int i = 0; i < gsc_uiDetailedSize; ++i)
+        {
+            const bool bKept = i >= uiImageSize && i < uiImageSizeEnd;
+            aui8Base[uiSlot + i] = bKept ? aui8Base[uiSlot + i] : pui8Edited[uiSlot + i];
+        }
+    }
+    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Base.data());
+    static_cast<CEdidBase&>(m_oEdid).SetEdidBuffer(aui8Base.data(), gsc_uiBlockSize, 0); // the extension blocks stay
+
+    CVidParamTimingGeneric oRead;
+    if (m_oEdid.GetBaseDetailed(0, &oRead) == 0 || m_oEdid.GetBaseDetailedCount() != uiCount ||
+        !IsSameMode(oRead, oTiming))
+    {
+        return "the timing does not fit into a detailed descriptor";
+    }
+    SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
+    oEdits.m_bPreferred = true;
+    oEdits.m_oPreferred = oTiming;
+    return "";
+}
+
+// ---- Colours ----
+
+std::string CEditImage::SetColorDepth(unsigned int uiDepth)
+{
+    if (m_oEdid.SetColorBitDepth(static_cast<CEdidBase::EColorBitDepth>(uiDepth)) == 0)
+    {
+        return "only a digital input of EDID 1.4 or later has a colour depth";
+    }
+    SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
+    oEdits.m_bColorDepth = true;
+    oEdits.m_uiColorDepth = uiDepth;
+    return "";
+}
+
+std::string CEditImage::SetDeepColor(unsigned int uiBits)
+{
+    bool bFound = false;
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        if (poCea == nullptr || !HasHdmiBlock(*poCea))
+        {
+            continue;
+        }
+        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+            return std::string(oCea.SetColorBitDepthSupport(uiBits) != 0 ? "" : "the library refuses it");
+        });
+        if (!sReason.empty())
+        {
+            return sReason;
+        }
+        oBlock.m_oEdits.m_bDeepColor = true;
+        oBlock.m_oEdits.m_uiDeepColor = uiBits;
+        bFound = true;
+    }
+    return bFound || uiBits == 0 ? "" : "the image has no HDMI data block for deep colours";
+}
+
+// ---- Audio ----
+
+std::string CEditImage::AddAudio(const CAudio& oAudio)
+{
+    if (oAudio.m_uiChannels < 2)
+    {
+        return "the library takes 2 to 8 channels";
+    }
+    return EditFirst([&](SImageBlock& oBlock) {
+        CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        const auto poBefore = CopyCea(poCea->GetData());
+        const unsigned int uiCount = poBefore->GetAudioDescriptorCount();
+        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+            return oCea.AddAudioDescriptor(&oAudio) == 0 ? NameBlock(oBlock) + " has no room"
+                   : oCea.GetAudioDescriptorCount() == uiCount + 1
+                       ? ""
+                       : NameBlock(oBlock) + " is damaged: an audio data block is cut within a descriptor";
+        });
+        if (!sReason.empty())
+        {
+            return sReason;
+        }
+        // It stands behind the descriptors of the first audio data block, which may not be the last.
+        const auto fnGet = [](const CEdidExtBlockCEA861& oCea, unsigned int uiIndex) {
+            CAudio oFound = {};
+            oCea.GetAudioDescriptor(uiIndex, &oFound);
+            return std::tuple(oFound.m_eFormat, oFound.m_uiChannels, oFound.m_eSamplingFreq, oFound.m_uiExtra);
+        };
+        unsigned int uiPlace = uiCount;
+        while (uiPlace > 0 && fnGet(*poCea, uiPlace) == fnGet(*poBefore, uiPlace - 1))
+        {
+            --uiPlace;
+        }
+        oBlock.m_aiAudios.insert(oBlock.m_aiAudios.begin() + uiPlace, -1);
+        oBlock.m_oEdits.m_aoAudioAdded.push_back(oAudio);
+        return std::string();
+    });
+}
+
+std::string CEditImage::SetAudio(unsigned int uiNumber, const CAudio& oAudio)
+{
+    const SPlace oPlace = Find(&SImageBlock::m_uiAudios, uiNumber);
+    if (oPlace.m_poBlock == nullptr)
+    {
+        return NameRange(&SImageBlock::m_uiAudios, "audio descriptors");
+    }
+    if (oAudio.m_uiChannels < 2)
+    {
+        return "the library takes 2 to 8 channels";
+    }
+    SImageBlock& oBlock = *oPlace.m_poBlock;
+    unsigned int uiPlace = 0;
+    if (!FindPresent(oBlock.m_aiAudios, static_cast<int>(oPlace.m_uiNumber), uiPlace))
+    {
+        return "an earlier edit has removed it";
+    }
+    const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+        return std::string(oCea.SetAudioDescriptor(uiPlace, &oAudio) != 0 ? "" : "the library refuses it");
+    });
+    if (sReason.empty())
+    {
+        oBlock.m_oEdits.m_oAudioSet[oPlace.m_uiNumber] = oAudio;
+    }
+    return sReason;
+}
+
+std::string CEditImage::RemoveAudio(unsigned int uiNumber)
+{
+    const SPlace oPlace = Find(&SImageBlock::m_uiAudios, uiNumber);
+    if (oPlace.m_poBlock == nullptr)
+    {
+        return NameRange(&SImageBlock::m_uiAudios, "audio descriptors");
+    }
+    SImageBlock& oBlock = *oPlace.m_poBlock;
+    unsigned int uiPlace = 0;
+    if (!FindPresent(oBlock.m_aiAudios, static_cast<int>(oPlace.m_uiNumber), uiPlace))
+    {
+        return "";
+    }
+    const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+        return std::string(oCea.RemoveAudioDescriptor(uiPlace) != 0 ? "" : "the library refuses it");
+    });
+    if (sReason.empty())
+    {
+        Erase(oBlock.m_aiAudios, uiPlace);
+        oBlock.m_oEdits.m_oAudioSet.erase(oPlace.m_uiNumber);
+        oBlock.m_oEdits.m_oAudioRemoved.insert(oPlace.m_uiNumber);
+    }
+    return sReason;
+}
+
+// ---- Speakers ----
+
+std::string CEditImage::SetSpeakers(unsigned int uiMask)
+{
+    if (uiMask == 0)
+    {
+        return RemoveSpeakers();
+    }
+    const auto fnSet = [&](SImageBlock& oBlock) {
+        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+            const bool bHasOne = oCea.GetSpeakerDescriptorCount() != 0;
+            const int iDone = bHasOne ? oCea.SetSpeakerDescriptor(0, uiMask) : oCea.AddSpeakerDescriptor(uiMask);
+            return iDone != 0
+                       ? ""
+                       : NameBlock(oBlock) + (bHasOne ? " has a speaker data block that is too short" : " has no room");
+        });
+        if (sReason.empty())
+        {
+            std::vector<unsigned int>& auiMasks = oBlock.m_oEdits.m_auiSpeakers;
+            const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+            auiMasks.assign(poCea->GetSpeakerDescriptorCount(), 0);
+            for (unsigned int i = 0; i < auiMasks.size(); ++i)
+            {
+                poCea->GetSpeakerDescriptor(i, &auiMasks[i]);
+            }
+            oBlock.m_oEdits.m_bSpeakers = true;
+        }
+        return sReason;
+    };
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        if (poCea != nullptr && poCea->GetSpeakerDescriptorCount() != 0)
+        {
+            return fnSet(oBlock);
+        }
+    }
+    return EditFirst(fnSet);
+}
+
+std::string CEditImage::RemoveSpeakers()
+{
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        if (poCea == nullptr || poCea->GetSpeakerDescriptorCount() == 0)
+        {
+            continue;
+        }
+        const std::string sReason = EditCea(oBlock, [](CEdidExtBlockCEA861& oCea) {
+            while (oCea.GetSpeakerDescriptorCount() != 0)
+            {
+                if (oCea.RemoveSpeakerDescriptor(0) == 0)
+                {
+                    return std::string("the library refuses it");
+                }
+            }
+            return std::string();
+        });
+        if (!sReason.empty())
+        {
+            return sReason;
+        }
+        oBlock.m_oEdits.m_bSpeakers = true;
+        oBlock.m_oEdits.m_auiSpeakers.clear();
+    }
+    return "";
+}
+
+// ---- Checksums ----
+
+// Blocks that the library reads have right ones already, except for the base block.
+void CEditImage::RepairChecksums()
+{
+    constexpr unsigned int uiSectionLength = 2; // offset; a DisplayID section begins at offset 1
+    constexpr unsigned int uiSectionOverhead = 5;
+    m_oEdid.UpdateChecksum();
+    for (SImageBlock& oBlock : m_aoBlocks)
+    {
+        oBlock.m_oEdits.m_bChecksum = true;
+        if (oBlock.m_iExtension >= 0 || &oBlock == m_aoBlocks.data())
+        {
+            continue;
+        }
+        const unsigned int uiSection = oBlock.m_aui8Bytes[uiSectionLength] + uiSectionOverhead;
+        if (oBlock.m_aui8Bytes[0] == gsc_uiDisplayIdTag && uiSection < CEdidUtils::msc_uiChecksumOffset)
+        {
+            CEdidUtils::StoreChecksum(uiSection, oBlock.m_aui8Bytes.data() + 1);
+        }
+        CEdidUtils::StoreChecksum(gsc_uiBlockSize, oBlock.m_aui8Bytes.data());
+    }
+}
+
+std::string CEditImage::Apply(const SEdit& oEdit)
+{
+    switch (oEdit.m_eKind)
+    {
+    case eEdit_Serial:
+        m_oEdid.SetSerialNumber(oEdit.m_uiNumber);
+        m_aoBlocks.front().m_oEdits.m_bSerial = true;
+        m_aoBlocks.front().m_oEdits.m_uiSerial = oEdit.m_uiNumber;
+        return "";
+    case eEdit_RemoveStandard:
+        return RemoveStandard(oEdit.m_uiNumber);
+    case eEdit_RemoveDetailed:
+        return RemoveDetailed(oEdit.m_uiNumber);
+    case eEdit_RemoveEstablished:
+        return RemoveEstablished(oEdit.m_uiNumber);
+    case eEdit_Preferred:
+        return SetPreferred(oEdit.m_oTiming);
+    case eEdit_ColorDepth:
+        return SetColorDepth(oEdit.m_uiNumber);
+    case eEdit_DeepColor:
+        return SetDeepColor(oEdit.m_uiNumber);
+    case eEdit_AudioAdd:
+        return AddAudio(oEdit.m_oAudio);
+    case eEdit_AudioSet:
+        return SetAudio(oEdit.m_uiNumber, oEdit.m_oAudio);
+    case eEdit_AudioRemove:
+        return RemoveAudio(oEdit.m_uiNumber);
+    case eEdit_Speakers:
+        return SetSpeakers(oEdit.m_uiNumber);
+    case eEdit_RepairChecksums:
+        RepairChecksums();
+        return "";
+    }
+    return "";
+}

@@ -1,0 +1,122 @@
+// An image under edit: finds what a number means, lets the library edit it, and keeps the blocks that the library does
+// not read byte for byte.
+//
+// All numbers mean the image as it was read, whatever earlier edits took away. For that, each block keeps which of its
+// timings and descriptors, by their numbers at reading, are still there and in which order; a number that is gone
+// already needs no second removal.
+
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "CeaBlocks.h"
+#include "Edid.h"
+#include "EditPlan.h"
+
+using CNumbers = std::set<unsigned int>;
+
+// What edits have changed in one block, for the verification. Numbers are the block's own, in the image as it was read.
+struct SBlockEdits
+{
+    bool m_bChecksum = false; // repaired
+    // Any block.
+    CNumbers m_oStandard; // removed, with those that share the code
+    CNumbers m_oDetailed; // removed
+    // The base block.
+    unsigned int m_uiEstablished = 0; // bits removed, CEdidBase::EEstablishedTiming
+    bool m_bSerial = false;
+    unsigned int m_uiSerial = 0;
+    bool m_bColorDepth = false;
+    unsigned int m_uiColorDepth = 0;
+    bool m_bPreferred = false;
+    CVidParamTimingGeneric m_oPreferred;
+    // CEA-861 blocks.
+    bool m_bDeepColor = false;
+    unsigned int m_uiDeepColor = 0;
+    CNumbers m_oAudioRemoved;
+    std::map<unsigned int, CAudio> m_oAudioSet;
+    std::vector<CAudio> m_aoAudioAdded;
+    bool m_bSpeakers = false;
+    std::vector<unsigned int> m_auiSpeakers; // all masks that the block then has
+
+    bool IsAudioNamed() const { return !m_oAudioRemoved.empty() || !m_oAudioSet.empty() || !m_aoAudioAdded.empty(); }
+    // Whether anything but the checksum is named.
+    bool IsNamed() const
+    {
+        return !m_oStandard.empty() || !m_oDetailed.empty() || m_uiEstablished != 0 || m_bSerial || m_bColorDepth ||
+               m_bPreferred || m_bDeepColor || IsAudioNamed() || m_bSpeakers;
+    }
+};
+
+// Numbers at reading in their present order; -1 for what an edit has added.
+using CPresent = std::vector<int>;
+
+struct SImageBlock
+{
+    int m_iExtension = -1; // number among the CEdid's blocks; -1 for the base block and for blocks it does not read
+    CBytes m_aui8Bytes;    // as read; of a block that the library does not read the present ones
+    SBlockEdits m_oEdits;
+    unsigned int m_uiStandards = 0; // counts at reading
+    unsigned int m_uiDetaileds = 0;
+    unsigned int m_uiAudios = 0;
+    CPresent m_aiStandards; // of a CEA-861 block its ordinary timings, without those in YCbCr 4:2:0
+    CPresent m_aiDetaileds;
+    CPresent m_aiAudios;
+    // Of each standard timing of a CEA-861 block, the first one that a removal takes away with it: equal for all
+    // timings of a code. -1 for a timing that cannot be removed.
+    CPresent m_aiGroups;
+};
+
+class CEditImage
+{
+public:
+    // False when the library does not load the bytes.
+    bool Load(const CBytes& aui8Image);
+
+    // Empty, or the reason of a refusal; the image must then be given up.
+    std::string Apply(const SEdit& oEdit);
+
+    CBytes GetBytes() const;
+    const std::vector<SImageBlock>& GetBlocks() const { return m_aoBlocks; }
+
+private:
+    // A number found: the block, and the number there.
+    struct SPlace
+    {
+        SImageBlock* m_poBlock;
+        unsigned int m_uiNumber;
+    };
+    SPlace Find(unsigned int SImageBlock::*puiCount, unsigned int uiNumber);
+    std::string NameRange(unsigned int SImageBlock::*puiCount, const char* pszWhat) const;
+    std::string NameBlock(const SImageBlock& oBlock) const;
+    CEdidExtBlockCEA861* GetCea(const SImageBlock& oBlock);
+
+    void CountBase();
+    void CountCea(SImageBlock& oBlock, const CEdidExtBlockCEA861& oCea);
+
+    std::string RemoveStandard(unsigned int uiNumber);
+    std::string RemoveCode(SImageBlock& oBlock, unsigned int uiNumber);
+    std::string RemoveDetailed(unsigned int uiNumber);
+    std::string RemoveEstablished(unsigned int uiNumber);
+    std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
+    std::string SetColorDepth(unsigned int uiDepth);
+    std::string SetDeepColor(unsigned int uiBits);
+    std::string AddAudio(const CAudio& oAudio);
+    std::string SetAudio(unsigned int uiNumber, const CAudio& oAudio);
+    std::string RemoveAudio(unsigned int uiNumber);
+    std::string SetSpeakers(unsigned int uiMask);
+    std::string RemoveSpeakers();
+    void RepairChecksums();
+
+    template <class EDIT>
+    std::string EditCea(SImageBlock& oBlock, EDIT fnEdit);
+    template <class EDIT>
+    std::string EditFirst(EDIT fnEdit);
+
+    CEdid m_oEdid;
+    std::vector<SImageBlock> m_aoBlocks;        // all blocks of the image, the base block first
+    std::vector<unsigned int> m_auiEstablished; // bit of each established timing at reading
+};

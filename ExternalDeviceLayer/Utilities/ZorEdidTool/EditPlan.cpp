@@ -1,0 +1,369 @@
+// The values of the edit options: numbers, audio descriptors, speakers, colour depths and modes.
+
+#include "EditPlan.h"
+
+#include <strings.h>
+
+#include <charconv>
+#include <iterator>
+
+#include "EdidBase.h"
+#include "VidParamCea.h"
+#include "VidParamDmt.h"
+#include "VidParamTimingFunc.h"
+
+namespace
+{
+using CTexts = std::vector<std::string>;
+
+struct SNamedValue
+{
+    const char* m_pszName; // any case
+    unsigned int m_uiValue;
+};
+
+constexpr SNamedValue gsc_aoColorDepths[] = {
+    { "undefined", CEdidBase::eColorBitDepthUndefined },
+    { "6", CEdidBase::eColorBitDepth6 },
+    { "8", CEdidBase::eColorBitDepth8 },
+    { "10", CEdidBase::eColorBitDepth10 },
+    { "12", CEdidBase::eColorBitDepth12 },
+    { "14", CEdidBase::eColorBitDepth14 },
+    { "16", CEdidBase::eColorBitDepth16 },
+};
+
+constexpr SNamedValue gsc_aoDeepColors[] = { { "30", 0x1 }, { "36", 0x2 }, { "48", 0x4 } };
+
+constexpr SNamedValue gsc_aoAudioFormats[] = {
+    { "pcm", CEdidExtBlockCEA861::eAudioFormat_Pcm },      { "ac3", CEdidExtBlockCEA861::eAudioFormat_Ac3 },
+    { "mpeg1", CEdidExtBlockCEA861::eAudioFormat_Mpeg1 },  { "mp3", CEdidExtBlockCEA861::eAudioFormat_Mp3 },
+    { "mpeg2", CEdidExtBlockCEA861::eAudioFormat_Mpeg2 },  { "aac", CEdidExtBlockCEA861::eAudioFormat_Aac },
+    { "dts", CEdidExtBlockCEA861::eAudioFormat_Dts },      { "atrac", CEdidExtBlockCEA861::eAudioFormat_Atrac },
+    { "1bit", CEdidExtBlockCEA861::eAudioFormat_OneBit },  { "eac3", CEdidExtBlockCEA861::eAudioFormat_EnhancedAc3 },
+    { "dts-hd", CEdidExtBlockCEA861::eAudioFormat_DtsHd }, { "mat", CEdidExtBlockCEA861::eAudioFormat_Mat },
+    { "dst", CEdidExtBlockCEA861::eAudioFormat_Dst },      { "wma-pro", CEdidExtBlockCEA861::eAudioFormat_WmaPro },
+};
+
+// In kHz; the cut form is that of the reports.
+constexpr SNamedValue gsc_aoAudioRates[] = {
+    { "32", 0x01 }, { "44.1", 0x02 }, { "44", 0x02 },    { "48", 0x04 },  { "88.2", 0x08 },
+    { "88", 0x08 }, { "96", 0x10 },   { "176.4", 0x20 }, { "176", 0x20 }, { "192", 0x40 },
+};
+
+constexpr SNamedValue gsc_aoPcmDepths[] = { { "16", 0x1 }, { "20", 0x2 }, { "24", 0x4 } };
+
+// The second name of a pair is the one of later editions of the standard.
+constexpr SNamedValue gsc_aoSpeakers[] = {
+    { "FL/FR", 0x001 },   { "LFE", 0x002 },     { "FC", 0x004 },      { "RL/RR", 0x008 },
+    { "BL/BR", 0x008 },   { "RC", 0x010 },      { "BC", 0x010 },      { "FLC/FRC", 0x020 },
+    { "RLC/RRC", 0x040 }, { "FLW/FRW", 0x080 }, { "FLH/FRH", 0x100 }, { "TpFL/TpFR", 0x100 },
+    { "TC", 0x200 },      { "TpC", 0x200 },     { "FCH", 0x400 },     { "TpFC", 0x400 },
+};
+
+constexpr const char* gsc_pszNone = "none";
+
+template <size_t uiCount>
+bool FindValue(const SNamedValue (&aoValues)[uiCount], const std::string& sName, unsigned int& uiValue)
+{
+    for (const SNamedValue& oValue : aoValues)
+    {
+        if (strcasecmp(oValue.m_pszName, sName.c_str()) == 0)
+        {
+            uiValue = oValue.m_uiValue;
+            return true;
+        }
+    }
+    return false;
+}
+
+template <size_t uiCount>
+std::string ListNames(const SNamedValue (&aoValues)[uiCount])
+{
+    std::string sNames;
+    for (const SNamedValue& oValue : aoValues)
+    {
+        sNames += (sNames.empty() ? "" : " ") + std::string(oValue.m_pszName);
+    }
+    return sNames;
+}
+
+CTexts Split(const std::string& sText, const char* pszSeparators)
+{
+    CTexts asParts;
+    size_t uiStart = 0;
+    for (size_t uiEnd = 0; uiEnd != std::string::npos; uiStart = uiEnd + 1)
+    {
+        uiEnd = sText.find_first_of(pszSeparators, uiStart);
+        asParts.push_back(sText.substr(uiStart, uiEnd == std::string::npos ? uiEnd : uiEnd - uiStart));
+    }
+    return asParts;
+}
+
+// Joins the bits of all names.
+template <size_t uiCount>
+std::string ParseBits(const SNamedValue (&aoValues)[uiCount], const std::string& sText, const char* pszSeparators,
+                      unsigned int& uiBits)
+{
+    uiBits = 0;
+    for (const std::string& sName : Split(sText, pszSeparators))
+    {
+        unsigned int uiBit = 0;
+        if (!FindValue(aoValues, sName, uiBit))
+        {
+            return "'" + sName + "' is none of " + ListNames(aoValues);
+        }
+        uiBits |= uiBit;
+    }
+    return "";
+}
+
+// Decimal, or hexadecimal behind 0x.
+bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
+{
+    const bool bHex = sText.starts_with("0x") || sText.starts_with("0X");
+    const char* pszStart = sText.data() + (bHex ? 2 : 0);
+    const char* pszEnd = sText.data() + sText.size();
+    const std::from_chars_result oResult = std::from_chars(pszStart, pszEnd, uiNumber, bHex ? 16 : 10);
+    return oResult.ec == std::errc() && oResult.ptr == pszEnd && pszStart != pszEnd;
+}
+
+bool ParseNumberBefore(const std::string& sText, const std::string& sUnit, unsigned int& uiNumber)
+{
+    return sText.ends_with(sUnit) && ParseNumber(sText.substr(0, sText.size() - sUnit.size()), uiNumber);
+}
+
+// ---- Audio ----
+
+// The third byte: bit depths of PCM, bit rate in units of 8 kbit/s, or a byte that the format defines.
+std::string ParseAudioExtra(const std::string& sText, CAudio& oAudio)
+{
+    constexpr unsigned int uiKiloBitsPerUnit = 8;
+    constexpr unsigned int uiMost = 0xFF;
+    if (sText.starts_with("0x"))
+    {
+        return ParseNumber(sText, oAudio.m_uiExtra) && oAudio.m_uiExtra <= uiMost ? "" : "'" + sText + "' is no byte";
+    }
+    if (oAudio.m_eFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
+    {
+        return ParseBits(gsc_aoPcmDepths, sText, "+", oAudio.m_uiExtra);
+    }
+    if (oAudio.m_eFormat > CEdidExtBlockCEA861::eAudioFormat_Atrac)
+    {
+        return "this format takes a byte such as 0x01 in its last field";
+    }
+    unsigned int uiRate = 0;
+    if (!ParseNumberBefore(sText, "kbps", uiRate) || uiRate % uiKiloBitsPerUnit != 0 ||
+        uiRate / uiKiloBitsPerUnit > uiMost)
+    {
+        return "'" + sText + "' is no bit rate such as 640kbps, a multiple of 8 up to 2040";
+    }
+    oAudio.m_uiExtra = uiRate / uiKiloBitsPerUnit;
+    return "";
+}
+
+// FORMAT,CHANNELS,RATES[,EXTRA]: "pcm,2ch,32+44.1+48,16+20+24", "ac3,6ch,48,640kbps".
+std::string ParseAudio(const std::string& sText, CAudio& oAudio)
+{
+    constexpr unsigned int uiMostChannels = 8;
+    const CTexts asFields = Split(sText, ",");
+    if (asFields.size() < 3 || asFields.size() > 4)
+    {
+        return "it is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
+               "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";
+    }
+    unsigned int uiFormat = 0;
+    if (!FindValue(gsc_aoAudioFormats, asFields[0], uiFormat))
+    {
+        return "'" + asFields[0] + "' is none of " + ListNames(gsc_aoAudioFormats);
+    }
+    oAudio = {};
+    oAudio.m_eFormat = static_cast<CEdidExtBlockCEA861::EAudioFormat>(uiFormat);
+    if (!ParseNumberBefore(asFields[1], "ch", oAudio.m_uiChannels) || oAudio.m_uiChannels == 0 ||
+        oAudio.m_uiChannels > uiMostChannels)
+    {
+        return "'" + asFields[1] + "' is no number of channels such as 2ch, up to 8ch";
+    }
+    unsigned int uiRates = 0;
+    const std::string sProblem = ParseBits(gsc_aoAudioRates, asFields[2], "+", uiRates);
+    oAudio.m_eSamplingFreq = static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(uiRates);
+    if (!sProblem.empty())
+    {
+        return sProblem;
+    }
+    if (asFields.size() == 4)
+    {
+        return ParseAudioExtra(asFields[3], oAudio);
+    }
+    return uiFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm ? "pcm needs its bit depths, such as 16+20+24" : "";
+}
+
+std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
+{
+    const size_t uiEquals = sText.find('=');
+    if (uiEquals == std::string::npos || !ParseNumber(sText.substr(0, uiEquals), oEdit.m_uiNumber))
+    {
+        return "it is not NUMBER=SPEC";
+    }
+    return ParseAudio(sText.substr(uiEquals + 1), oEdit.m_oAudio);
+}
+
+// ---- Modes ----
+
+struct SMode
+{
+    unsigned int m_uiWidth = 0;
+    unsigned int m_uiHeight = 0;
+    unsigned int m_uiRateInHz = 0;
+};
+
+struct SModeSource
+{
+    const char* m_pszName;
+    int (*m_pfnFind)(const SMode& oMode, CVidParamTiming& oTiming);
+};
+
+// Progressive rows go first, as a size and rate without further words is meant.
+int FindCea(const SMode& oMode, CVidParamTiming& oTiming)
+{
+    const int iFound = CVidParamCea::GetVidParam(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz,
+                                                 CVidParamCea::eScanTypeProgressive);
+    return iFound != 0 ? iFound
+                       : CVidParamCea::GetVidParam(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz,
+                                                   CVidParamCea::eScanTypeInterlaced);
+}
+
+template <CVidParamDmt::EModeListType eRows>
+int FindDmt(const SMode& oMode, CVidParamTiming& oTiming)
+{
+    return CVidParamDmt::GetVidParam(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, eRows);
+}
+
+template <int iReducedBlanking>
+int FindCvt(const SMode& oMode, CVidParamTiming& oTiming)
+{
+    return CVidParamTimingFunc::ComputeCvt(oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, iReducedBlanking,
+                                           &oTiming);
+}
+
+int FindGtf(const SMode& oMode, CVidParamTiming& oTiming)
+{
+    return CVidParamTimingFunc::ComputeGft(oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, &oTiming);
+}
+
+int FindSmpte(const SMode& oMode, CVidParamTiming& oTiming)
+{
+    return CVidParamTimingFunc::GetSmpteTiming(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz);
+}
+
+constexpr SModeSource gsc_aoModeSources[] = {
+    { "cea", FindCea },
+    { "dmt", FindDmt<CVidParamDmt::eModeListStandard> },
+    { "dmt-rb", FindDmt<CVidParamDmt::eModeListReducedBlanking> },
+    { "cvt-rb", FindCvt<1> },
+    { "cvt", FindCvt<0> },
+    { "gtf", FindGtf },
+    { "smpte", FindSmpte },
+};
+// Without a type, the first of these that knows the mode: what televisions and monitors use, else computed.
+constexpr size_t gsc_uiDefaultSources = 4;
+
+bool ParseMode(const std::string& sText, SMode& oMode)
+{
+    const CTexts asNumbers = Split(sText, "x@");
+    return asNumbers.size() == 3 && sText.find('x') < sText.find('@') && ParseNumber(asNumbers[0], oMode.m_uiWidth) &&
+           ParseNumber(asNumbers[1], oMode.m_uiHeight) && ParseNumber(asNumbers[2], oMode.m_uiRateInHz) &&
+           oMode.m_uiWidth != 0 && oMode.m_uiHeight != 0 && oMode.m_uiRateInHz != 0;
+}
+
+// WxH@R[,TYPE]
+std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTiming)
+{
+    const CTexts asFields = Split(sText, ",");
+    SMode oMode;
+    if (asFields.size() > 2 || !ParseMode(asFields[0], oMode))
+    {
+        return "it is no mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+    }
+    std::string sTypes;
+    for (size_t i = 0; i < std::size(gsc_aoModeSources); ++i)
+    {
+        const SModeSource& oSource = gsc_aoModeSources[i];
+        const bool bAsked = asFields.size() == 1 ? i < gsc_uiDefaultSources : asFields[1] == oSource.m_pszName;
+        if (bAsked && oSource.m_pfnFind(oMode, oTiming) != 0)
+        {
+            return "";
+        }
+        if (bAsked && asFields.size() == 2)
+        {
+            return asFields[1] + " has no such mode";
+        }
+        sTypes += (sTypes.empty() ? "" : " ") + std::string(oSource.m_pszName);
+    }
+    return asFields.size() == 1 ? "no table and no formula has such a mode"
+                                : "'" + asFields[1] + "' is none of " + sTypes;
+}
+
+std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
+{
+    return ParseNumber(sText, uiNumber) ? "" : "it is no number from 0 to 4294967295";
+}
+} // namespace
+
+const std::vector<SEditOption>& GetEditOptions()
+{
+    static const std::vector<SEditOption> s_aoOptions = {
+        { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or behind 0x" },
+        { eEdit_RemoveStandard, "--remove-standard", "I",
+          "Remove a standard timing; of a video code every mention of the code and of its 1000/1001 variant" },
+        { eEdit_RemoveDetailed, "--remove-detailed", "I", "Remove a detailed timing" },
+        { eEdit_RemoveEstablished, "--remove-established", "I", "Remove an established timing" },
+        { eEdit_Preferred, "--preferred", "WxH@R[,TYPE]",
+          "Replace the preferred timing; TYPE is cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte, without it the first of "
+          "the first four that has the mode" },
+        { eEdit_ColorDepth, "--color-depth", "BITS",
+          "Set the bits per colour of a digital input: 6, 8, 10, 12, 14, 16 or undefined" },
+        { eEdit_DeepColor, "--deep-color", "LIST",
+          "Set the HDMI deep colours: some of 30,36,48, or none; in every HDMI data block" },
+        { eEdit_AudioAdd, "--audio-add", "SPEC",
+          "Add an audio descriptor such as pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps" },
+        { eEdit_AudioSet, "--audio-set", "I=SPEC", "Replace an audio descriptor" },
+        { eEdit_AudioRemove, "--audio-remove", "I", "Remove an audio descriptor" },
+        { eEdit_Speakers, "--speakers", "LIST",
+          "Set the speakers, such as FL/FR+LFE+FC+RL/RR, in the first speaker data block or a new one; none removes "
+          "the data blocks" },
+        { eEdit_RepairChecksums, "--repair-checksums", "",
+          "Make the checksum of every block right, and a DisplayID section's own" },
+    };
+    return s_aoOptions;
+}
+
+std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit)
+{
+    oEdit = { oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {} };
+    switch (oOption.m_eKind)
+    {
+    case eEdit_Serial:
+    case eEdit_RemoveStandard:
+    case eEdit_RemoveDetailed:
+    case eEdit_RemoveEstablished:
+    case eEdit_AudioRemove:
+        return ParsePlainNumber(sValue, oEdit.m_uiNumber);
+    case eEdit_Preferred:
+        return ParseTiming(sValue, oEdit.m_oTiming);
+    case eEdit_ColorDepth:
+        return FindValue(gsc_aoColorDepths, sValue, oEdit.m_uiNumber)
+                   ? ""
+                   : "'" + sValue + "' is none of " + ListNames(gsc_aoColorDepths);
+    case eEdit_DeepColor:
+        return sValue == gsc_pszNone ? "" : ParseBits(gsc_aoDeepColors, sValue, ",+", oEdit.m_uiNumber);
+    case eEdit_AudioAdd:
+        return ParseAudio(sValue, oEdit.m_oAudio);
+    case eEdit_AudioSet:
+        return ParseAudioSet(sValue, oEdit);
+    case eEdit_Speakers:
+        return sValue == gsc_pszNone ? "" : ParseBits(gsc_aoSpeakers, sValue, "+,", oEdit.m_uiNumber);
+    case eEdit_RepairChecksums:
+        return "";
+    }
+    return "";
+}

@@ -1,0 +1,52 @@
+// The edits of one call of `zoredid edit`, from the texts of the command line.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "EdidExtBlockCEA861.h"
+#include "VidParamTimingGeneric.h"
+
+using CAudio = CEdidExtBlockCEA861::SAudioDescriptor;
+
+enum EEditKind : unsigned int
+{
+    eEdit_Serial,
+    eEdit_RemoveStandard,
+    eEdit_RemoveDetailed,
+    eEdit_RemoveEstablished,
+    eEdit_Preferred,
+    eEdit_ColorDepth,
+    eEdit_DeepColor,
+    eEdit_AudioAdd,
+    eEdit_AudioSet,
+    eEdit_AudioRemove,
+    eEdit_Speakers,
+    eEdit_RepairChecksums
+};
+
+struct SEdit
+{
+    EEditKind m_eKind;
+    std::string m_sText; // "--remove-detailed 0", for messages
+    // The number of a timing or an audio descriptor in the image as it was read, the serial number, a
+    // CEdidBase::EColorBitDepth, the bits of CEdidExtBlock::SetColorBitDepthSupport, or the mask of
+    // CEdidExtBlockCEA861::SetSpeakerDescriptor.
+    unsigned int m_uiNumber = 0;
+    CAudio m_oAudio = {};
+    CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred
+};
+
+// One option of the command line that is an edit.
+struct SEditOption
+{
+    EEditKind m_eKind;
+    const char* m_pszName;  // "--serial"
+    const char* m_pszValue; // placeholder in the help; empty for an option without a value
+    const char* m_pszHelp;
+};
+const std::vector<SEditOption>& GetEditOptions();
+
+// Fills oEdit from the option's value. The result is empty, or says what is wrong with the value.
+std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit);

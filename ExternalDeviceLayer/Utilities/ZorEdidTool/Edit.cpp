@@ -160,7 +160,6 @@ void AddEditCommand(CLI::App& oApp, STool& oTool)
         poArguments->m_oOptions[poOption] = &oOption;
     }
     poCommand->footer(
-        "Example:\n"
-        "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps --diff -o new.bin");
+        "Example: zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
     poCommand->callback([poCommand, poArguments, &oTool] { Run(*poCommand, *poArguments, oTool); });
 }

@@ -1,0 +1,181 @@
+"""Tests of zoredid edit from outside. EditTest.py COMMAND FOLDER. EditEveryTest.cpp does every edit at every number."""
+
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+
+COMMAND, IMAGES = sys.argv[1], sys.argv[2]
+MONITOR = os.path.join(IMAGES, "monitor.bin")
+with open(MONITOR, "rb") as image_file:
+    IMAGE = image_file.read()
+
+
+def run(*arguments, data=b""):
+    done = subprocess.run([COMMAND, "edit", *arguments], input=data, capture_output=True, timeout=60)
+    return done.returncode, done.stdout, done.stderr.decode()
+
+
+def edit(image, *arguments):
+    return run("-", "-o", "-", *arguments, data=image)
+
+
+def repaired(image):
+    """With right checksums of all blocks."""
+    blocks = [image[at:at + 127] for at in range(0, len(image), 128)]
+    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
+
+
+def changed(offset, new, image=IMAGE):
+    new = bytes.fromhex(new)
+    return repaired(image[:offset] + new + image[offset + len(new):])
+
+
+def cea(data_blocks, flags=0x71):
+    """The image with these data blocks in place of its own."""
+    area = bytes.fromhex(data_blocks)
+    block = bytes([2, 3, 4 + len(area), flags]) + area + IMAGE[128 + 34:128 + 34 + 4 * 18]
+    return repaired(IMAGE[:128] + block.ljust(128, b"\0"))
+
+
+VIDEO = "4f0102031112130414050e0f1d1e1f10"
+AUDIO, SPEAKER, HDMI = "23090701", "83010000", "65030c001000"
+
+
+def extended(*blocks):
+    return repaired(IMAGE[:126] + bytes([1 + len(blocks)]) + IMAGE[127:]) + b"".join(blocks)
+
+
+class Edits(unittest.TestCase):
+    def test_the_image_is_what_the_tests_take_it_for(self):
+        self.assertEqual(IMAGE, cea(VIDEO + AUDIO + SPEAKER + HDMI))
+
+    def test_each_edit(self):
+        for arguments, expected in (
+                ("--serial 0x01020304", changed(12, "04030201")),
+                ("--serial=7", changed(12, "07000000")),
+                ("--remove-established 1", changed(35, "%02x" % (IMAGE[35] & ~0x20))),
+                ("--remove-standard 7", cea("4e" + VIDEO[4:] + AUDIO + SPEAKER + HDMI)),
+                ("--audio-set 0=dts,6ch,44.1+96,1536kbps", changed(128 + 21, "3d12c0")),
+                ("--audio-add ac3,6ch,48,640kbps",
+                 cea(VIDEO + "26090701150450" + SPEAKER + HDMI)),
+                ("--audio-remove 0", cea(VIDEO + SPEAKER + HDMI)),
+                ("--speakers FL/FR+lfe+FC+RL/RR+FLH/FRH", changed(128 + 25, "0f0100")),
+                ("--speakers none", cea(VIDEO + AUDIO + HDMI)),
+                ("--audio-remove 0 --speakers none", cea(VIDEO + HDMI, 0x31)),
+                # The order decides where the new descriptor stands.
+                ("--audio-add ac3,6ch,48,640kbps --audio-remove 0",
+                 cea(VIDEO + "23150450" + SPEAKER + HDMI)),
+                ("--audio-remove 0 --audio-add ac3,6ch,48,640kbps",
+                 cea(VIDEO + SPEAKER + HDMI + "23150450")),
+                # Numbers mean the image as it was read; 8 is the 1000/1001 variant of 7 and goes with it.
+                ("--remove-standard 7 --remove-standard 8 --remove-standard 9",
+                 cea("4d" + VIDEO[6:] + AUDIO + SPEAKER + HDMI)),
+                ("--remove-standard 9 --remove-standard 7",
+                 cea("4d" + VIDEO[6:] + AUDIO + SPEAKER + HDMI))):
+            with self.subTest(arguments):
+                status, out, error = edit(IMAGE, *arguments.split())
+                self.assertEqual((0, ""), (status, error))
+                self.assertEqual(expected.hex(), out.hex())
+
+    def test_preferred(self):
+        status, out, error = edit(IMAGE, "--preferred", "1280x720@60")
+        self.assertEqual((0, changed(54, "011d007251d01e206e285500" + IMAGE[66:69].hex() + "00001e"), ""),
+                         (status, out, error))
+        for mode in ("1280x720@60,cea", "1280x720@60,dmt"):
+            self.assertEqual((0, out, ""), edit(IMAGE, "--preferred", mode))
+
+    def test_refusals_have_a_reason_and_write_nothing(self):
+        with tempfile.TemporaryDirectory() as folder:
+            out = os.path.join(folder, "out.bin")
+            for arguments, reason in (
+                    ("--remove-detailed 0", "the preferred timing can only be replaced"),
+                    ("--remove-detailed 9", "the image has detailed timings 0 to "),
+                    ("--remove-standard 99", "the image has standard timings 0 to "),
+                    ("--remove-established 17", "the image has established timings 0 to "),
+                    ("--audio-remove 1", "the image has audio descriptors 0 to 0"),
+                    ("--audio-set 1=ac3,2ch,48", "the image has audio descriptors 0 to 0"),
+                    ("--audio-add pcm,1ch,48,16", "the library takes 2 to 8 channels"),
+                    ("--color-depth 10", "only a digital input of EDID 1.4 or later has a colour depth"),
+                    ("--deep-color 30", "the image has no HDMI data block for deep colours"),
+                    ("--preferred 8192x4320@60", "the timing does not fit into a detailed descriptor")):
+                for order in ("--serial 5 " + arguments, arguments + " --serial 5"):
+                    status, text, error = run(MONITOR, "-o", out, "--diff", *order.split())
+                    self.assertEqual((1, b""), (status, text), order)
+                    self.assertTrue(error.startswith("zoredid: %s: %s: %s" % (MONITOR, arguments, reason)), error)
+            status, _, error = run(MONITOR, "-o", out, "--audio-remove", "0", "--audio-set", "0=ac3,2ch,48")
+            self.assertEqual((1, True), (status, error.endswith(": an earlier edit has removed it\n")))
+            self.assertEqual([], os.listdir(folder))
+
+    def test_wrong_command_lines(self):
+        for arguments in ("", "--serial 4294967296", "--serial 1x", "--remove-standard -1", "--preferred 1920x1080",
+                          "--preferred 1920x1080@59.94", "--preferred 1921x1080@60,cea", "--preferred 1x1@60,vesa",
+                          "--color-depth 9", "--deep-color 24", "--audio-add pcm,2ch,48", "--audio-add pcm,9ch,48,16",
+                          "--audio-add ac3,6ch,48,641kbps", "--audio-add ac4,6ch,48", "--audio-add mat,6ch,48,640kbps",
+                          "--audio-set ac3,6ch,48", "--speakers FL", "--remove-standard 1 2", "--serial 5 --diff"):
+            status, out, error = edit(IMAGE, *arguments.split())
+            self.assertEqual((2, b"", 1), (status, out, error.count("\n")), arguments)
+        self.assertEqual(2, run(MONITOR, "--serial", "5")[0])  # no -o
+
+    def test_blocks_that_the_library_does_not_read(self):
+        unread = bytes([0x10]) + bytes(range(1, 128))
+        displayid = bytes([0x70, 0x12, 0, 0, 0, 0x55]).ljust(128, b"\1")
+        image = extended(unread, displayid, IMAGE[128:])
+        status, out, error = edit(image, "--remove-standard", "7", "--audio-remove", "0", "--serial", "1")
+        self.assertEqual((0, image[256:512], ""), (status, out[256:512], error))
+        self.assertEqual(image[512:], out[512:])
+        self.assertNotEqual(image[128:256], out[128:256])
+        section = bytes([0x70, 0x12, 0, 0, 0, 0xEE]).ljust(128, b"\1")
+        self.assertEqual((0, repaired(extended(unread, section, IMAGE[128:])), ""),
+                         edit(image[:127] + b"\0" + image[128:], "--repair-checksums"))
+
+    def test_a_repaired_block_gets_no_numbers(self):
+        image = IMAGE[:255] + bytes([IMAGE[255] ^ 1])
+        self.assertEqual((0, IMAGE, ""), edit(image, "--repair-checksums"))
+        status, _, error = edit(image, "--repair-checksums", "--remove-standard", "7")
+        self.assertEqual((1, True), (status, error.endswith("the image has standard timings 0 to 6\n")))
+
+
+class Files(unittest.TestCase):
+    def test_what_is_written_where(self):
+        with tempfile.TemporaryDirectory() as folder:
+            out = os.path.join(folder, "out.bin")
+            serial = changed(12, "05000000")
+
+            def read():
+                with open(out, "rb") as file:
+                    return file.read()
+
+            self.assertEqual(0, run(MONITOR, "-o", out, "--serial", "5", "--dry-run")[0])
+            self.assertEqual([], os.listdir(folder))
+            status, text, error = run(MONITOR, "-o", out, "--serial", "5", "--diff")
+            self.assertEqual((0, "", serial), (status, error, read()))
+            self.assertEqual(["block 0, offset  12: 7F -> 05  serial number",
+                              "block 0, offset  13: 39 -> 00  serial number",
+                              "block 0, offset  14: 02 -> 00  serial number",
+                              "block 0, offset 127: 12 -> C7  checksum"], text.decode().splitlines())
+            self.assertEqual((3, b"", "zoredid: %s: exists already (use --force)\n" % out),
+                             run(MONITOR, "-o", out, "--serial", "6", "--diff"))
+            self.assertEqual(serial, read())
+            self.assertEqual((0, b"", ""), run(out, "-o", out, "--serial", "6", "--force"))
+            self.assertEqual(changed(12, "06000000"), read())
+            self.assertEqual(["out.bin"], os.listdir(folder))
+            for target in (folder, os.path.join(folder, "none", "x"), "/proc/x"):
+                status, text, error = run(MONITOR, "-o", target, "--serial", "5", "--force")
+                self.assertEqual((3, b"", 1), (status, text, error.count("\n")), target)
+
+    def test_moved_bytes_have_both_names(self):
+        lines = run(MONITOR, "--dry-run", "--audio-remove", "0", "--diff")[1].decode().splitlines()
+        self.assertIn("block 1, offset   2: 22 -> 1E  CEA-861 start of the descriptors", lines)
+        self.assertIn("block 1, offset  20: 23 -> 83  speaker data block (1), header; was audio data block (1), header",
+                      lines)
+
+    def test_input_that_is_none(self):
+        self.assertEqual(3, edit(b"\0" * 128, "--serial", "1")[0])
+        self.assertEqual(3, run("/nonexistent", "-o", "-", "--serial", "1")[0])
+        self.assertEqual((0, changed(12, "01000000")), edit(IMAGE.hex().encode(), "--serial", "1")[:2])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

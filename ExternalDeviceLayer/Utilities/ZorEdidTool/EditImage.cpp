@@ -4,8 +4,8 @@
 #include "EditImage.h"
 
 #include <algorithm>
-#include <functional>
 #include <memory>
+#include <tuple>
 
 #include "EdidUtils.h"
 
@@ -168,16 +168,14 @@ void CEditImage::CountCea(SImageBlock& oBlock, const CEdidExtBlockCEA861& oCea)
     oBlock.m_uiAudios = oCea.GetAudioDescriptorCount();
     oBlock.m_aiAudios = MakeNumbers(oBlock.m_uiAudios);
     std::map<CBytes, int> oFirstOf; // by the bytes left
-    unsigned int uiOrdinary = 0;
     for (unsigned int i = 0; i < oBlock.m_uiStandards; ++i)
     {
-        uiOrdinary += Is420(oCea, i) ? 0U : 1U;
         const auto poCopy = CopyCea(oCea.GetData());
         const bool bRemoved = poCopy->RemoveStandardKeepingDescriptors(i) != 0;
         const CBytes aui8Left(poCopy->GetData(), poCopy->GetData() + gsc_uiBlockSize);
         oBlock.m_aiGroups.push_back(bRemoved ? oFirstOf.try_emplace(aui8Left, i).first->second : -1);
     }
-    oBlock.m_aiStandards = MakeNumbers(uiOrdinary); // they come first
+    oBlock.m_aiStandards = MakeNumbers(oBlock.m_uiStandards);
 }
 
 CBytes CEditImage::GetBytes() const

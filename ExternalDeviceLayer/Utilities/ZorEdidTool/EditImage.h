@@ -62,7 +62,7 @@ struct SImageBlock
     unsigned int m_uiStandards = 0; // counts at reading
     unsigned int m_uiDetaileds = 0;
     unsigned int m_uiAudios = 0;
-    CPresent m_aiStandards; // of a CEA-861 block its ordinary timings, without those in YCbCr 4:2:0
+    CPresent m_aiStandards; // good for the ordinary timings, which stand ahead of those in YCbCr 4:2:0
     CPresent m_aiDetaileds;
     CPresent m_aiAudios;
     // Of each standard timing of a CEA-861 block, the first one that a removal takes away with it: equal for all

@@ -416,9 +416,15 @@ int main(int iCount, char** ppszArguments)
         std::ifstream oFile(ppszArguments[i], std::ios::binary);
         TestImage(ppszArguments[i], CBytes(std::istreambuf_iterator<char>(oFile), {}));
     }
+    unsigned int uiRefused = 0;
     for (const auto& [sReason, uiCount] : g_oRefusals)
     {
         printf("%5u refused: %s\n", uiCount, sReason.c_str());
+        uiRefused += uiCount;
+    }
+    if (3 * uiRefused > g_uiEdits)
+    {
+        Fail("all images", "all edits", "most of them must be done");
     }
     printf("%u edits, %u failures\n", g_uiEdits, g_uiFailures);
     return g_uiFailures == 0 ? 0 : 1;

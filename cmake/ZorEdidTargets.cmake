@@ -27,7 +27,7 @@ function(zor_target_defaults target)
   endif()
 endfunction()
 
-# A static library of one layer.
+# A static library of one layer. cmake/ZorEdidInstall.cmake makes the installed libraries of the same objects.
 #   HEADERS          the public headers, which are installed; the target all_verify_interface_header_sets compiles each
 #                    of them alone
 #   PUBLIC_INCLUDES  the folders that callers may include from; each public header stands below one of them
@@ -39,6 +39,8 @@ function(zor_add_library target)
   # For the CMake of a user that is older than file sets (3.23).
   target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZorEdid>)
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
+  # Only what the public headers declare leaves a shared library: each stands between visibility push and pop.
+  set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   # Position-independent code of g++ leaves its own functions open to replacement, and so inlines none of them: 8 % of a
   # load. clang inlines them anyway.
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)

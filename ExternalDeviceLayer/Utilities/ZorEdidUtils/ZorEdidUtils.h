@@ -18,6 +18,8 @@
 #include "VidParamTimingGeneric.h"
 #include "ZorMFCTypes.h"
 
+#pragma GCC visibility push(default)
+
 class CZorEdidUtils
 {
 public:
@@ -146,3 +148,5 @@ public:
     // Name of a block's type by its tag (2: "EIA/CEA 861", 112: "DisplayID", ...); "Unknown" for tags without a name.
     static CMString GetExtensionType(const CEdidExtBlock& oBlock);
 };
+
+#pragma GCC visibility pop

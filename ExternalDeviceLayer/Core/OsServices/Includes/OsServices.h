@@ -12,6 +12,8 @@
 
 #include "OsServicesClient.h" // handle types, wait results
 
+#pragma GCC visibility push(default)
+
 // An outside object that takes over the creating and triggering of events and signals, for a program in which other
 // parties wait for them too. Each operation replaces the one of the same name in OsServices, result included; waiting,
 // resetting, cancelling, activating and destroying do not ask the host. So a host that creates handles
@@ -220,3 +222,5 @@ private:
     static unsigned long ms_uiReferenceId;
     static CMsgWriter ms_pfnMsgWriter; // null: the client's writer
 };
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 
 #include <stdarg.h>
 
+#pragma GCC visibility push(default)
+
 // ---- Forwarders to the platform function of the same job; results are the platform's. ----
 
 int ZorTools_memcmp(const void* pFirst, const void* pSecond, unsigned int uiSize);
@@ -80,3 +82,5 @@ constexpr unsigned int ZorTools_RoundedDivision(unsigned int uiDividend, unsigne
 
 // Integer square root, rounded down, for 2 and above. Gives 0 for 0 and for 1.
 unsigned int ZorTools_SquareRoot(unsigned int uiValue);
+
+#pragma GCC visibility pop

@@ -19,6 +19,8 @@
 #include "EdidExtBlock.h"
 #include "ZorMFCTypes.h"
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 // Operations with the name of one of the base hide it; GetBase... reaches the base block alone.
@@ -113,3 +115,5 @@ public:
 private:
     CMArray<CEdidExtBlock*, CEdidExtBlock* const&> m_aoExtensions; // in block order; owned
 };
+
+#pragma GCC visibility pop

@@ -33,6 +33,8 @@
 #include "EdidUtils.h"
 #include "ZorMFCTypes.h"
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 inline constexpr unsigned char EDID_V1_HEADER[8] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
@@ -273,3 +275,5 @@ private:
     CEdidUtils::SEdidDetailedRaw ReadDescriptor(unsigned int uiOffset) const;
     void WriteDescriptor(unsigned int uiOffset, const CEdidUtils::SEdidDetailedRaw& oRaw);
 };
+
+#pragma GCC visibility pop

@@ -11,6 +11,8 @@
 
 #include "ZorMFCTypes.h"
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CEdidExtBlock
@@ -75,3 +77,5 @@ public:
 protected:
     CEdidExtBlock() = default;
 };
+
+#pragma GCC visibility pop

@@ -25,6 +25,8 @@
 #include "VidParamTiming.h"
 #include "ZorMFCTypes.h"
 
+#pragma GCC visibility push(default)
+
 class CCea861Bytes;
 class CCea861Editor;
 
@@ -339,3 +341,5 @@ private:
     int m_bOccurrencesListed = 0; // 1 once m_aoVicLookUp is derived; it holds the places of that moment
     int m_bListsBehind = 0;       // 1 while lists may describe older bytes; the next edit then derives them all
 };
+
+#pragma GCC visibility pop

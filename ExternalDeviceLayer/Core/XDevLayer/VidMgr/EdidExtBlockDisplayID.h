@@ -18,6 +18,8 @@
 #include "EdidExtBlock.h"
 #include "ZorMFCTypes.h"
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CEdidExtBlockDisplayID : public CEdidExtBlock
@@ -168,3 +170,5 @@ private:
 static_assert(sizeof(CEdidExtBlockDisplayID::SDataBlockHeader) == 3);
 static_assert(sizeof(CEdidExtBlockDisplayID::SDisplayIdType1DetailedRaw) == 20);
 static_assert(sizeof(CEdidExtBlockDisplayID::SDisplayIdType2DetailedRaw) == 11);
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 class CMArrayString;
 class CVidParamTiming;
 
@@ -104,3 +106,5 @@ public:
     static int GetFormatedEdidDataStrings(unsigned int uiSize, const unsigned char* pui8Data, CMArrayString& oLines,
                                           const char* pszLinePrefix);
 };
+
+#pragma GCC visibility pop

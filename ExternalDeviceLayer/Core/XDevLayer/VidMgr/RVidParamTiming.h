@@ -5,6 +5,8 @@
 
 #include "VidParamTiming.h"
 
+#pragma GCC visibility push(default)
+
 // A stored format of fourteen 32-bit words.
 struct tagRVideo_VidParam
 {
@@ -127,3 +129,5 @@ private:
     tagRVideo_VidParam m_oVidParam;
     RVideo_VidParamFamily m_eFamily;
 };
+
+#pragma GCC visibility pop

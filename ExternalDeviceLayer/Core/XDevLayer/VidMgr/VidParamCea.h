@@ -6,6 +6,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CVidParamCea
@@ -70,3 +72,5 @@ public:
     // the timing leaves them.
     static void ConvertVidParam(const SCeaVidParam& oRow, CVidParamTiming& oTiming);
 };
+
+#pragma GCC visibility pop

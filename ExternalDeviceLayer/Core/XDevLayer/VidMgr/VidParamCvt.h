@@ -3,6 +3,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CVidParamCvt
@@ -25,3 +27,5 @@ public:
     static int GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                            unsigned int uiVerticalRateInHz, int bReducedBlanking, CVidParamTiming* poTiming);
 };
+
+#pragma GCC visibility pop

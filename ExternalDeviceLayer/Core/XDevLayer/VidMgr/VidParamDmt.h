@@ -3,6 +3,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CVidParamDmt
@@ -43,3 +45,5 @@ public:
     // 4:2:0 and 3D are left as ClearData of the timing leaves them.
     static void ConvertVidParam(const SDmtVidParam& oRow, CVidParamTiming& oTiming);
 };
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CVidParamGtf
@@ -15,3 +17,5 @@ public:
     static int GetVidParam(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                            unsigned int uiVerticalRateInHz, CVidParamTiming* poTiming);
 };
+
+#pragma GCC visibility pop

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming;
 
 class CVidParamSmpte
@@ -36,3 +38,5 @@ public:
     // the timing leaves them.
     static void ConvertVidParam(const SSmpteVidParam& oRow, CVidParamTiming& oTiming);
 };
+
+#pragma GCC visibility pop

@@ -16,6 +16,8 @@
 
 #include "ZorTools.h"
 
+#pragma GCC visibility push(default)
+
 class CVidParamTiming
 {
 public:
@@ -212,3 +214,5 @@ inline unsigned int CVidParamTiming::ComputeVerticalRateInHz(unsigned int uiHori
 {
     return ZorTools_RoundedDivision(uiPixelClockInHz, uiHorizontalTotal * uiVerticalTotal);
 }
+
+#pragma GCC visibility pop

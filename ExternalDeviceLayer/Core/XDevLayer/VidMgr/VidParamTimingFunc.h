@@ -5,6 +5,8 @@
 
 #include "VidParamTiming.h"
 
+#pragma GCC visibility push(default)
+
 class CVidParamTimingFunc
 {
 public:
@@ -31,3 +33,5 @@ public:
                          unsigned int uiVerticalRateInHz, CVidParamTiming::EVidParamType eType,
                          CVidParamTiming& oTiming);
 };
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include "VidParamTiming.h"
 #include "ZorMFCTypes/CMArray.h"
 
+#pragma GCC visibility push(default)
+
 // The record behind CVidParamTimingGeneric. Plain data: all zero is the empty timing.
 struct SVidParamGenericData
 {
@@ -130,3 +132,5 @@ private:
 // Numbers only, beside the pointer to the virtual operations: the bytes are as good in another place.
 template <>
 inline constexpr bool gsc_bByteRelocatable<CVidParamTimingGeneric> = true;
+
+#pragma GCC visibility pop

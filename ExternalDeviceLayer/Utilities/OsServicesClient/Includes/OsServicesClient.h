@@ -14,6 +14,8 @@
 
 #include <stdarg.h>
 
+#pragma GCC visibility push(default)
+
 // Opaque records. Sizes on x86-64 Linux: thread 8, spin lock 4, mutex 40, event 96, signal 96, stack trace 4 bytes.
 struct SHCpuThread;
 struct SHSpinLock;
@@ -117,3 +119,5 @@ int OsServices_Signal_Wait(SHSignal* hSignal, unsigned int uiTimeout, unsigned l
 int OsServices_Signal_Trigger(SHSignal* hSignal);
 int OsServices_Signal_Cancel(SHSignal* hSignal);
 int OsServices_Signal_Activate(SHSignal* hSignal);
+
+#pragma GCC visibility pop

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 // Stateless: any instance serves, a local one is as good as a shared one. To replace the heap, derive from this class,
 // override both operations and set m_poGlobalAllocator before any container is used; no lock guards the pointer.
 // An override must not call CMAllocator::Alloc or CMAllocator::Free: they forward to the replacement, without end.
@@ -18,3 +20,5 @@ public:
 
     static CMAllocator* m_poGlobalAllocator; // null at start; not owned
 };
+
+#pragma GCC visibility pop

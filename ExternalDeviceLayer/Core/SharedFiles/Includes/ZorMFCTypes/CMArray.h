@@ -15,6 +15,8 @@
 #include "ZorMFCTypes/CMAllocator.h"
 #include "ZorTools.h"
 
+#pragma GCC visibility push(default)
+
 // Whether an object of T stays good when its bytes are copied elsewhere and the old place is forgotten. True for plain
 // records and numbers; a class that manages memory specialises it beside its definition once it is known to hold.
 template <class T>
@@ -390,3 +392,5 @@ int CMArray<TYPE, ARG_TYPE>::SortElements(int (*pfnCompare)(const TYPE&, const T
     }
     return 1;
 }
+
+#pragma GCC visibility pop

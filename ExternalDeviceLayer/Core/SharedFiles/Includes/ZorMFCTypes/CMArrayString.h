@@ -7,6 +7,8 @@
 #include "ZorMFCTypes/CMArray.h"
 #include "ZorMFCTypes/CMString.h"
 
+#pragma GCC visibility push(default)
+
 class CMArrayString : public CMArray<CMString, const CMString&>
 {
 public:
@@ -22,3 +24,5 @@ public:
     // text counts as empty. Gives the count of the whole array.
     int InitFromString(const char* pszText, const char* pszSeparators);
 };
+
+#pragma GCC visibility pop

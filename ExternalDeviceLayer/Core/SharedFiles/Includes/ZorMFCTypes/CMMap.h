@@ -8,6 +8,8 @@
 #include "ZorMFCTypes/CMArray.h"
 #include "ZorMFCTypes/CMPlex.h"
 
+#pragma GCC visibility push(default)
+
 // Keys are integers or enumerations; values need a default constructor that cannot fail. Neighbouring keys, those that
 // differ in their low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong
 // guarantee).
@@ -209,3 +211,5 @@ typename CMMap<KEY, VALUE, ARG_KEY, ARG_VALUE>::CAssoc* CMMap<KEY, VALUE, ARG_KE
     MConstructElements(reinterpret_cast<VALUE*>(poAssoc->m_aui8Value), 1);
     return poAssoc;
 }
+
+#pragma GCC visibility pop

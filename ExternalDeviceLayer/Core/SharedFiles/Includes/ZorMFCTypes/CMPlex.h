@@ -2,6 +2,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 // The head of a block; the payload follows it in the same allocation.
 class CMPlex
 {
@@ -21,3 +23,5 @@ public:
 private:
     CMPlex* m_poNext;
 };
+
+#pragma GCC visibility pop

@@ -17,6 +17,8 @@
 
 #include "ZorMFCTypes/CMArray.h"
 
+#pragma GCC visibility push(default)
+
 class CMString
 {
 public:
@@ -318,3 +320,5 @@ private:
     char* m_pszContext = nullptr; // position of the cutting
     char* m_pszToken = nullptr;   // inside the copy
 };
+
+#pragma GCC visibility pop

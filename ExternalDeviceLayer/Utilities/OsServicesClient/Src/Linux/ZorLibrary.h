@@ -6,6 +6,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 struct pci_dev; // libpci's; a program that wants its members includes libpci's own header
 
 // A 64-bit number in two halves.
@@ -51,3 +53,5 @@ void ZorVxdPciLibCleanUp();
 unsigned int InitZORLibrary();
 // Ends the PCI look-up and invalidates the device pointers it gave. Mappings stay. Always 1.
 unsigned int ReleaseZORLibrary();
+
+#pragma GCC visibility pop

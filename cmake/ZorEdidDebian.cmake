@@ -1,0 +1,66 @@
+# Debian packages: "cpack -G DEB" in a build folder makes zoredid (the command) and libzoredid-dev (what programs are
+# built with). A shared build adds the package of the library itself, which is named by its soname.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_CONTACT "ZorEdid maintainers <maintainers@zoredid.invalid>" CACHE STRING "Who makes the packages")
+mark_as_advanced(CPACK_PACKAGE_CONTACT)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(debian_version ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
+find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
+mark_as_advanced(DPKG_SHLIBDEPS)
+
+# What the packages say of themselves beside their content. The changelog of the project is Markdown, which a packager's
+# changelog must not be.
+set(documents ${CMAKE_CURRENT_BINARY_DIR}/debian)
+string(TIMESTAMP debian_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in ${documents}/changelog.Debian @ONLY)
+configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${documents}/changelog COPYONLY)
+foreach(document IN ITEMS changelog changelog.Debian)
+  execute_process(COMMAND gzip -9n INPUT_FILE ${documents}/${document} OUTPUT_FILE ${documents}/${document}.gz
+                  COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+
+# zor_debian_package(COMPONENT NAME SECTION SUMMARY DESCRIPTION): one install component as a package.
+macro(zor_debian_package component name section summary description)
+  list(APPEND CPACK_COMPONENTS_ALL ${component})
+  string(TOUPPER ${component} upper)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
+  set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section})
+  set(CPACK_DEBIAN_${upper}_DESCRIPTION "${summary}\n${description}")
+  if(DPKG_SHLIBDEPS)
+    set(CPACK_DEBIAN_${upper}_PACKAGE_SHLIBDEPS ON)
+  endif()
+  install(FILES ${CMAKE_CURRENT_LIST_DIR}/debian/copyright ${documents}/changelog.gz ${documents}/changelog.Debian.gz
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component} EXCLUDE_FROM_ALL)
+endmacro()
+
+if(TARGET zoredid)
+  zor_debian_package(command zoredid utils "reports, checks, edits and converts EDID data of monitors"
+    "EDID is the data in which a monitor says what it is and what it can show. This command prints reports (text and\
+ JSON), lists and compares timings, checks data for faults, edits it and converts it between the forms that other tools\
+ read and write.")
+endif()
+
+zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID data of monitors (development files)"
+  "Loads, lists, edits and writes base blocks and extension blocks (CEA-861, DisplayID up to 1.2), and computes timings.\
+ This package has the headers, the library, and what CMake and pkg-config need to find them.")
+if(TARGET zor_os_services)
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libpci-dev)
+endif()
+
+if(BUILD_SHARED_LIBS)
+  set(library libzoredid${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  zor_debian_package(library ${library} libs "C++20 library for EDID data of monitors"
+    "Loads, lists, edits and writes base blocks and extension blocks (CEA-861, DisplayID up to 1.2), and computes timings.")
+  set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS ON)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}) # the libraries need each other
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${debian_version})")
+endif()
+
+include(CPack)

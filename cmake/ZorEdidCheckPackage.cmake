@@ -1,28 +1,65 @@
-# Installs a build into a folder of its own and looks at what is installed. Builds the project in examples/consumer
-# against the package and runs its programs. Configures the project in cmake/PackageCheck. Fails unless the output of
-# list_timings is the expected file.
-#   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE
-#         -DSERVICES=0|1 -DTYPE=Release|Debug|... [-DFLAGS=...] -P ZorEdidCheckPackage.cmake
-# SERVICES says whether the package has the operating-system layer.
+# Installs a build into a folder of its own and uses what is installed there: the command, and the library through
+# find_package and through pkg-config. Where dpkg is installed, the Debian packages are made and unpacked; elsewhere, and
+# with sanitizers, the build is installed. Fails unless the programs of examples/consumer say what they should.
+#   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE -DVERSION=A.B.C
+#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DFLAGS=...] [-DSHARED=1 -DGENERATOR=NAME -DLAUNCHER=FILE]
+#         -P ZorEdidCheckPackage.cmake
+#   SERVICES  whether the package has the operating-system layer
+#   TOOL      whether it has the command
+#   FLAGS     of the sanitizers
+#   SHARED    makes a shared build of the library first, and takes that
 
-function(configure_against_package source folder)
-  execute_process(COMMAND ${CMAKE_COMMAND} -S ${source} -B ${folder} -DCMAKE_PREFIX_PATH=${WORK}/package
-                          -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS} -DSERVICES=${SERVICES}
-                          --no-warn-unused-cli
-                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-endfunction()
-
+get_filename_component(project ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 file(REMOVE_RECURSE ${WORK})
-execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/package
-                OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+file(MAKE_DIRECTORY ${WORK})
+
+if(SHARED)
+  set(BUILD ${WORK}/shared)
+  set(TOOL 0)
+  set(TYPE Release)
+  # Not optimised, which takes a fifth of the time.
+  execute_process(COMMAND ${CMAKE_COMMAND} -S ${project} -B ${BUILD} -G ${GENERATOR} -DBUILD_SHARED_LIBS=ON
+                          -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O0 -DCMAKE_CXX_COMPILER=${COMPILER}
+                          -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DZOREDID_OS_SERVICES=${SERVICES}
+                          -DZOREDID_TESTS=OFF -DZOREDID_EXAMPLES=OFF -DZOREDID_TOOL=OFF
+                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+  set(targets ZorEdid)
+  if(SERVICES)
+    list(APPEND targets ZorEdidOsServices)
+  endif()
+  execute_process(COMMAND ${CMAKE_COMMAND} --build ${BUILD} --target ${targets} --parallel 2
+                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endif()
+
+find_program(dpkg dpkg-deb)
+if(dpkg AND NOT FLAGS)
+  set(package ${WORK}/root/usr)
+  execute_process(COMMAND ${CMAKE_CPACK_COMMAND} -G DEB --config ${BUILD}/CPackConfig.cmake -B ${WORK}/debian
+                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+  file(GLOB debian "${WORK}/debian/*.deb")
+  foreach(file IN LISTS debian)
+    execute_process(COMMAND ${dpkg} -x ${file} ${WORK}/root COMMAND_ERROR_IS_FATAL ANY)
+  endforeach()
+  find_program(lintian lintian)
+  if(lintian)
+    execute_process(COMMAND ${lintian} --allow-root --fail-on error ${debian} RESULT_VARIABLE status OUTPUT_VARIABLE text
+                    ERROR_VARIABLE text)
+    if(NOT status STREQUAL "0")
+      message(FATAL_ERROR "lintian has found errors:\n${text}")
+    endif()
+  endif()
+else()
+  set(package ${WORK}/package)
+  execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${package}
+                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endif()
 
 # No path of this machine travels with the package, except in what debuggers read.
-get_filename_component(project ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
-file(GLOB_RECURSE installed "${WORK}/package/*.cmake")
+file(GLOB_RECURSE installed "${package}/*.cmake" "${package}/*.pc")
 if(TYPE STREQUAL "Release")
-  file(GLOB_RECURSE archives "${WORK}/package/*.a")
+  file(GLOB_RECURSE binaries "${package}/bin/*" "${package}/*.a" "${package}/*.so")
 endif()
-foreach(file IN LISTS installed archives)
+foreach(file IN LISTS installed binaries)
   file(STRINGS ${file} lines)
   string(FIND "${lines}" "${project}/" source_path)
   string(REGEX MATCH "/[^;\"]*libpci\\.(so|a)" libpci_path "${lines}")
@@ -31,9 +68,9 @@ foreach(file IN LISTS installed archives)
   endif()
 endforeach()
 
-# Installed headers include installed headers only. That each stands alone, all_verify_interface_header_sets shows in
-# the build tree, where private headers are in reach.
-set(headers ${WORK}/package/include/ZorEdid)
+# Installed headers include installed headers only, and what they declare can be called in a shared library. That each
+# stands alone, all_verify_interface_header_sets shows in the build tree, where private headers are in reach.
+set(headers ${package}/include/ZorEdid)
 file(GLOB_RECURSE installed "${headers}/*.h")
 if(NOT installed)
   message(FATAL_ERROR "the package has no headers in ${headers}")
@@ -47,16 +84,86 @@ foreach(file IN LISTS installed)
       message(FATAL_ERROR "${file} includes ${name}, which is not installed")
     endif()
   endforeach()
+  file(STRINGS ${file} declarations REGEX "^(class|struct|[a-z].*\\))")
+  file(STRINGS ${file} visible REGEX "^#pragma GCC visibility (push\\(default\\)|pop)")
+  list(LENGTH visible count)
+  if(declarations AND NOT count EQUAL 2)
+    message(FATAL_ERROR "${file} does not stand between #pragma GCC visibility push(default) and pop")
+  endif()
 endforeach()
 
+# A shared library has its soname, and of the private classes nothing.
+if(SHARED)
+  set(library ${package}/lib/libzoredid.so)
+  string(REGEX REPLACE "\\.[0-9]+$" "" soname libzoredid.so.${VERSION})
+  execute_process(COMMAND readelf -d ${library} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT text MATCHES "SONAME.*\\[${soname}\\]")
+    message(FATAL_ERROR "${library} is not ${soname}:\n${text}")
+  endif()
+  execute_process(COMMAND nm -DC --defined-only ${library} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT text MATCHES " CEdid::" OR text MATCHES " (CCea861|CHdmi1x|CTextLine|CMonitorReport)")
+    message(FATAL_ERROR "${library} has other symbols than those of the public headers:\n${text}")
+  endif()
+endif()
+
+# The command, its page and its completion.
+if(TOOL)
+  set(ENV{PATH} "${package}/bin:$ENV{PATH}")
+  execute_process(COMMAND zoredid report ${IMAGE} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  if(text STREQUAL "")
+    message(FATAL_ERROR "zoredid report ${IMAGE} says nothing")
+  endif()
+  find_program(help2man help2man)
+  if(help2man)
+    execute_process(COMMAND gzip -dc ${package}/share/man/man1/zoredid.1.gz OUTPUT_VARIABLE text
+                    COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT text MATCHES "\n\\.SH \"ZOREDID REPORT\"\n")
+      message(FATAL_ERROR "the man page does not describe zoredid report:\n${text}")
+    endif()
+  endif()
+  # Line, a blank, what it is completed to.
+  foreach(line IN ITEMS "rep report" "report --hel --help" "report ${project}/READ ${project}/README.md")
+    execute_process(COMMAND bash -c "words=($0) && . $1 && COMP_WORDS=(zoredid \"\${words[@]::\${#words[@]}-1}\") &&
+                                     COMP_CWORD=$((\${#words[@]} - 1)) && _zoredid &&
+                                     [ \"\${COMPREPLY[*]}\" = \"\${words[-1]}\" ] || { echo \"\${COMPREPLY[*]}\"; exit 1; }"
+                            ${line} ${package}/share/bash-completion/completions/zoredid
+                    RESULT_VARIABLE status OUTPUT_VARIABLE text)
+    if(NOT status STREQUAL "0")
+      message(FATAL_ERROR "completion in the place of \"${line}\": ${text}")
+    endif()
+  endforeach()
+endif()
+
+function(configure_against_package source folder)
+  execute_process(COMMAND ${CMAKE_COMMAND} -S ${source} -B ${folder} -DCMAKE_PREFIX_PATH=${package}
+                          -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS} -DSERVICES=${SERVICES}
+                          --no-warn-unused-cli
+                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# The consumer through find_package.
 configure_against_package(${CMAKE_CURRENT_LIST_DIR}/PackageCheck ${WORK}/check)
 configure_against_package(${CONSUMER} ${WORK}/build)
-execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK}/build COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK}/build OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 if(SERVICES)
   execute_process(COMMAND ${WORK}/build/os_services_demo OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endif()
-
-set(PROGRAM ${WORK}/build/list_timings)
 set(ARGUMENTS ${IMAGE})
+set(PROGRAM ${WORK}/build/list_timings)
 set(ACTUAL ${WORK}/list_timings.actual)
 include(${CMAKE_CURRENT_LIST_DIR}/ZorEdidCheckOutput.cmake)
+
+# And through pkg-config.
+find_program(pkg_config pkg-config)
+if(pkg_config)
+  file(GLOB_RECURSE file "${package}/zoredid.pc")
+  get_filename_component(folder ${file} DIRECTORY)
+  set(ENV{PKG_CONFIG_PATH} ${folder})
+  set(ENV{LD_LIBRARY_PATH} ${package}/lib)
+  execute_process(COMMAND ${pkg_config} --cflags --libs "zoredid = ${VERSION}" OUTPUT_VARIABLE flags
+                  COMMAND_ERROR_IS_FATAL ANY)
+  separate_arguments(flags UNIX_COMMAND "${FLAGS} ${CONSUMER}/list_timings.cpp ${flags}")
+  set(PROGRAM ${WORK}/list_timings)
+  execute_process(COMMAND ${COMPILER} -std=c++20 ${flags} -o ${PROGRAM} COMMAND_ERROR_IS_FATAL ANY)
+  include(${CMAKE_CURRENT_LIST_DIR}/ZorEdidCheckOutput.cmake)
+endif()

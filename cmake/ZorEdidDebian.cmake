@@ -4,6 +4,7 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "ZorEdid maintainers <maintainers@zoredid.invalid>" CACHE STRING "Who makes the packages")
 mark_as_advanced(CPACK_PACKAGE_CONTACT)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -42,24 +43,29 @@ endmacro()
 
 if(TARGET zoredid)
   zor_debian_package(command zoredid utils "reports, checks, edits and converts EDID data of monitors"
-    "EDID is the data in which a monitor says what it is and what it can show. This command prints reports (text and\
- JSON), lists and compares timings, checks data for faults, edits it and converts it between the forms that other tools\
- read and write.")
+"EDID is the data in which a monitor says what it is and what it can show.
+This command prints reports (text and JSON), lists and compares timings,
+checks data for faults, edits it, and converts it between the forms that
+other tools read and write.")
 endif()
 
+set(about "The library loads, lists, edits and writes EDID data: base blocks and
+extension blocks (CEA-861, DisplayID up to 1.2). It computes timings, too.")
 zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID data of monitors (development files)"
-  "Loads, lists, edits and writes base blocks and extension blocks (CEA-861, DisplayID up to 1.2), and computes timings.\
- This package has the headers, the library, and what CMake and pkg-config need to find them.")
-if(TARGET zor_os_services)
+"${about}
+This package has the headers, the library, and what CMake and pkg-config
+need to find them.")
+if(TARGET zor_os_services AND NOT BUILD_SHARED_LIBS)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libpci-dev)
 endif()
 
 if(BUILD_SHARED_LIBS)
   set(library libzoredid${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-  zor_debian_package(library ${library} libs "C++20 library for EDID data of monitors"
-    "Loads, lists, edits and writes base blocks and extension blocks (CEA-861, DisplayID up to 1.2), and computes timings.")
-  set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS ON)
-  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}) # the libraries need each other
+  zor_debian_package(library ${library} libs "C++20 library for EDID data of monitors" "${about}")
+  file(WRITE ${documents}/triggers "activate-noawait ldconfig\n")
+  set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${documents}/triggers)
+  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}) # one library needs the other
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${debian_version})")
 endif()
 

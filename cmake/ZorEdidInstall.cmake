@@ -47,7 +47,8 @@ if(TARGET zor_os_services)
   zor_install_library(ZorEdidOsServices NAME zoredid-os-services EXPORT ZorEdidOsServicesTargets
                       LAYERS zor_os_services LINKS ZorEdid Threads::Threads PRIVATE_LINKS ZorEdid::libpci)
   add_library(ZorEdid::OsServices ALIAS ZorEdidOsServices)
-  set_target_properties(ZorEdidOsServices PROPERTIES EXPORT_NAME OsServices)
+  # Below a prefix of its own, the shared library finds the other one beside it.
+  set_target_properties(ZorEdidOsServices PROPERTIES EXPORT_NAME OsServices INSTALL_RPATH "$ORIGIN")
   install(FILES ${CMAKE_CURRENT_LIST_DIR}/ZorEdidLibpci.cmake DESTINATION ${package} COMPONENT development)
 endif()
 

@@ -1,6 +1,6 @@
 # Installs a build into a folder of its own and uses what is installed there: the command, and the library through
-# find_package and through pkg-config. Where dpkg is installed, the Debian packages are made and unpacked; elsewhere, and
-# with sanitizers, the build is installed. Fails unless the programs of examples/consumer say what they should.
+# find_package and through pkg-config. Where dpkg is installed, the Debian packages are made and unpacked. Elsewhere,
+# and with sanitizers, the build is installed. Fails unless the programs of examples/consumer say what they should.
 #   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE -DVERSION=A.B.C
 #         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DFLAGS=...] [-DSHARED=1 -DGENERATOR=NAME -DLAUNCHER=FILE]
 #         -P ZorEdidCheckPackage.cmake
@@ -42,8 +42,8 @@ if(dpkg AND NOT FLAGS)
   endforeach()
   find_program(lintian lintian)
   if(lintian)
-    execute_process(COMMAND ${lintian} --allow-root --fail-on error ${debian} RESULT_VARIABLE status OUTPUT_VARIABLE text
-                    ERROR_VARIABLE text)
+    execute_process(COMMAND ${lintian} --allow-root --fail-on error ${debian}
+                    RESULT_VARIABLE status OUTPUT_VARIABLE text ERROR_VARIABLE text)
     if(NOT status STREQUAL "0")
       message(FATAL_ERROR "lintian has found errors:\n${text}")
     endif()
@@ -121,17 +121,9 @@ if(TOOL)
       message(FATAL_ERROR "the man page does not describe zoredid report:\n${text}")
     endif()
   endif()
-  # Line, a blank, what it is completed to.
-  foreach(line IN ITEMS "rep report" "report --hel --help" "report ${project}/READ ${project}/README.md")
-    execute_process(COMMAND bash -c "words=($0) && . $1 && COMP_WORDS=(zoredid \"\${words[@]::\${#words[@]}-1}\") &&
-                                     COMP_CWORD=$((\${#words[@]} - 1)) && _zoredid &&
-                                     [ \"\${COMPREPLY[*]}\" = \"\${words[-1]}\" ] || { echo \"\${COMPREPLY[*]}\"; exit 1; }"
-                            ${line} ${package}/share/bash-completion/completions/zoredid
-                    RESULT_VARIABLE status OUTPUT_VARIABLE text)
-    if(NOT status STREQUAL "0")
-      message(FATAL_ERROR "completion in the place of \"${line}\": ${text}")
-    endif()
-  endforeach()
+  execute_process(COMMAND ${project}/ExternalDeviceLayer/Utilities/ZorEdidTool/Package/check-completion
+                          ${package}/share/bash-completion/completions/zoredid
+                  COMMAND_ERROR_IS_FATAL ANY)
 endif()
 
 function(configure_against_package source folder)
@@ -162,8 +154,9 @@ if(pkg_config)
   set(ENV{LD_LIBRARY_PATH} ${package}/lib)
   execute_process(COMMAND ${pkg_config} --cflags --libs "zoredid = ${VERSION}" OUTPUT_VARIABLE flags
                   COMMAND_ERROR_IS_FATAL ANY)
-  separate_arguments(flags UNIX_COMMAND "${FLAGS} ${CONSUMER}/list_timings.cpp ${flags}")
+  separate_arguments(flags UNIX_COMMAND "${FLAGS} list_timings.cpp ${flags}")
   set(PROGRAM ${WORK}/list_timings)
-  execute_process(COMMAND ${COMPILER} -std=c++20 ${flags} -o ${PROGRAM} COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND ${COMPILER} -std=c++20 ${flags} -o ${PROGRAM} WORKING_DIRECTORY ${CONSUMER}
+                  COMMAND_ERROR_IS_FATAL ANY)
   include(${CMAKE_CURRENT_LIST_DIR}/ZorEdidCheckOutput.cmake)
 endif()

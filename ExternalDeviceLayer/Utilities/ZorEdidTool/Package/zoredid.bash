@@ -4,11 +4,10 @@
 
 _zoredid()
 {
-  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand=() words i
+  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand=() words='' help i
   for ((i = 1; i < COMP_CWORD; ++i)); do
     [[ ${COMP_WORDS[i]} == -* ]] || { subcommand=("${COMP_WORDS[i]}"); break; }
   done
-  local help
   help=$("${COMP_WORDS[0]}" "${subcommand[@]}" --help 2> /dev/null < /dev/null)
 
   COMPREPLY=()

@@ -20,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     {
         return 0;
     }
-    // Without the header, bytes may look like another form: base64 that is all hexadecimal digits, raw bytes without zero.
+    // Without the header, bytes may look like another form: base64 that is all hexadecimal digits, raw bytes without
+    // zero.
     const CBytes aui8Image = RepairImage(oInput.m_aui8Bytes);
     for (const SOutputForm& oForm : GetOutputForms())
     {

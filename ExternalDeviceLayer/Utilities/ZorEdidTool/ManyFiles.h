@@ -28,9 +28,9 @@ struct SFiles
 // Declares FILE..., --files-from, -0 and -j.
 void AddFileOptions(CLI::App& oCommand, SFiles& oFiles);
 
-// Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes an
-// error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's error text with --verbose, and
-// nowhere otherwise.
+// Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes
+// an error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's error
+// text with --verbose, and nowhere otherwise.
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);
 
 // Reads one input of a subcommand that has few of them. One that cannot be read is told on standard error and noted;

@@ -24,7 +24,6 @@ constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr unsigned int gsc_uiChecksumOffset = CEdidUtils::msc_uiChecksumOffset;
 constexpr unsigned int gsc_uiExtensionRevisionOffset = 1; // of CEA-861 and DisplayID blocks
 constexpr unsigned int gsc_uiCeaTag = 0x02;
-constexpr unsigned int gsc_uiDisplayIdTag = 0x70;
 
 std::string Byte(unsigned int uiValue) { return FormatText("0x%02x", uiValue); }
 

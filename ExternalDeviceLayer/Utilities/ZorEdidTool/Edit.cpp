@@ -10,6 +10,7 @@
 #include "EditImage.h"
 #include "EditPlan.h"
 #include "EditVerify.h"
+#include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "Output.h"
 #include "Tool.h"
@@ -47,13 +48,14 @@ std::vector<SEdit> ListEdits(const CLI::App& oCommand, const SEditCommand& oArgu
 }
 
 // Edits the image. Empty, or the reason why not, with its exit status.
-std::string EditBytes(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited, EExit& eExit)
+std::string EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited, EExit& eExit)
 {
+    CLoadedImage oLoaded;
     CEditImage oImage;
     eExit = eExit_Input;
-    if (!oImage.Load(aui8Image))
+    if (!oLoaded.Load(oInput) || !oImage.Load(oInput.m_aui8Bytes))
     {
-        return "no EDID";
+        return oLoaded.GetProblem();
     }
     eExit = eExit_Finding;
     for (const SEdit& oEdit : aoEdits)
@@ -65,7 +67,7 @@ std::string EditBytes(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits
         }
     }
     aui8Edited = oImage.GetBytes();
-    const std::string sFault = VerifyEdits(aui8Image, aui8Edited, oImage.GetBlocks());
+    const std::string sFault = VerifyEdits(oInput.m_aui8Bytes, aui8Edited, oImage.GetBlocks());
     return sFault.empty() ? "" : "internal fault: " + sFault;
 }
 
@@ -103,7 +105,7 @@ void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
     CBytes aui8Edited;
     EExit eExit = eExit_Good;
     std::string sName = oArguments.m_sFile;
-    std::string sProblem = EditBytes(oInput.m_aui8Bytes, aoEdits, aui8Edited, eExit);
+    std::string sProblem = EditBytes(oInput, aoEdits, aui8Edited, eExit);
     if (sProblem.empty() && !oArguments.m_bDryRun)
     {
         eExit = eExit_Input;

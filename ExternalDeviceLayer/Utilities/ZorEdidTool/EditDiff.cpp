@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "EdidUtils.h"
+#include "LoadedImage.h"
 
 namespace
 {
@@ -111,7 +112,6 @@ void NameCea(const CEdidExtBlockCEA861& oCea, CNames& asNames)
 CNames NameBytes(const CBytes& aui8Image, size_t uiBlock)
 {
     constexpr unsigned char ui8CeaTag = 2;
-    constexpr unsigned char ui8DisplayIdTag = 0x70;
     constexpr unsigned int uiSectionOverhead = 5;
     const unsigned char* pui8Block = aui8Image.data() + uiBlock * gsc_uiBlockSize;
     CNames asNames;
@@ -124,7 +124,7 @@ CNames NameBytes(const CBytes& aui8Image, size_t uiBlock)
         NameAreas(gsc_aoCeaAreas, asNames);
         NameCea(CEdidExtBlockCEA861(gsc_uiBlockSize, pui8Block, 0), asNames);
     }
-    else if (pui8Block[0] == ui8DisplayIdTag)
+    else if (pui8Block[0] == gsc_uiDisplayIdTag)
     {
         NameAreas(gsc_aoDisplayIdAreas, asNames);
         if (pui8Block[2] + uiSectionOverhead < CEdidUtils::msc_uiChecksumOffset)

@@ -8,11 +8,11 @@
 #include <tuple>
 
 #include "EdidUtils.h"
+#include "LoadedImage.h"
 
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-constexpr unsigned int gsc_uiDisplayIdTag = 0x70;
 
 constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
 constexpr const char* gsc_pszInUse = "has bytes behind its detailed timings that would read differently";
@@ -120,7 +120,7 @@ bool CEditImage::Load(const CBytes& aui8Image)
     unsigned int uiExtension = 0;
     for (size_t uiOffset = 0; uiOffset < aui8Image.size(); uiOffset += gsc_uiBlockSize)
     {
-        SImageBlock oBlock;
+        SEditedBlock oBlock;
         oBlock.m_aui8Bytes.assign(aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset),
                                   aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset + gsc_uiBlockSize));
         // The bytes alone decide whether the library takes a block, and it holds the same bytes: the next of its blocks
@@ -136,7 +136,7 @@ bool CEditImage::Load(const CBytes& aui8Image)
         m_aoBlocks.push_back(oBlock);
     }
     CountBase();
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         if (const CEdidExtBlockCEA861* poCea = GetCea(oBlock); poCea != nullptr)
         {
@@ -149,7 +149,7 @@ bool CEditImage::Load(const CBytes& aui8Image)
 
 void CEditImage::CountBase()
 {
-    SImageBlock& oBase = m_aoBlocks.front();
+    SEditedBlock& oBase = m_aoBlocks.front();
     oBase.m_uiStandards = m_oEdid.GetBaseStandardCount();
     oBase.m_uiDetaileds = m_oEdid.GetBaseDetailedCount();
     oBase.m_aiStandards = MakeNumbers(oBase.m_uiStandards);
@@ -163,7 +163,7 @@ void CEditImage::CountBase()
 }
 
 // What one removal takes away together is found by trying: timings whose removal leaves the same bytes share a code.
-void CEditImage::CountCea(SImageBlock& oBlock, const CEdidExtBlockCEA861& oCea)
+void CEditImage::CountCea(SEditedBlock& oBlock, const CEdidExtBlockCEA861& oCea)
 {
     oBlock.m_uiAudios = oCea.GetAudioDescriptorCount();
     oBlock.m_aiAudios = MakeNumbers(oBlock.m_uiAudios);
@@ -183,7 +183,7 @@ CBytes CEditImage::GetBytes() const
     CBytes aui8Image(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
     for (size_t i = 1; i < m_aoBlocks.size(); ++i)
     {
-        const SImageBlock& oBlock = m_aoBlocks[i];
+        const SEditedBlock& oBlock = m_aoBlocks[i];
         const unsigned char* pui8Bytes =
             oBlock.m_iExtension < 0 ? oBlock.m_aui8Bytes.data()
                                     : m_oEdid.GetExtension(static_cast<unsigned int>(oBlock.m_iExtension))->GetData();
@@ -194,9 +194,9 @@ CBytes CEditImage::GetBytes() const
 
 // ---- Numbers ----
 
-CEditImage::SPlace CEditImage::Find(unsigned int SImageBlock::*puiCount, unsigned int uiNumber)
+CEditImage::SPlace CEditImage::Find(unsigned int SEditedBlock::*puiCount, unsigned int uiNumber)
 {
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         if (uiNumber < oBlock.*puiCount)
         {
@@ -207,10 +207,10 @@ CEditImage::SPlace CEditImage::Find(unsigned int SImageBlock::*puiCount, unsigne
     return { nullptr, 0 };
 }
 
-std::string CEditImage::NameRange(unsigned int SImageBlock::*puiCount, const char* pszWhat) const
+std::string CEditImage::NameRange(unsigned int SEditedBlock::*puiCount, const char* pszWhat) const
 {
     unsigned int uiCount = 0;
-    for (const SImageBlock& oBlock : m_aoBlocks)
+    for (const SEditedBlock& oBlock : m_aoBlocks)
     {
         uiCount += oBlock.*puiCount;
     }
@@ -219,12 +219,12 @@ std::string CEditImage::NameRange(unsigned int SImageBlock::*puiCount, const cha
                         : "the image has " + sWhat + " 0 to " + std::to_string(uiCount - 1);
 }
 
-std::string CEditImage::NameBlock(const SImageBlock& oBlock) const
+std::string CEditImage::NameBlock(const SEditedBlock& oBlock) const
 {
     return "block " + std::to_string(&oBlock - m_aoBlocks.data());
 }
 
-CEdidExtBlockCEA861* CEditImage::GetCea(const SImageBlock& oBlock)
+CEdidExtBlockCEA861* CEditImage::GetCea(const SEditedBlock& oBlock)
 {
     return oBlock.m_iExtension < 0 ? nullptr
                                    : AsCea(m_oEdid.GetExtension(static_cast<unsigned int>(oBlock.m_iExtension)));
@@ -235,7 +235,7 @@ CEdidExtBlockCEA861* CEditImage::GetCea(const SImageBlock& oBlock)
 // Lets fnEdit change the block, which it does on a copy first: there it must leave the descriptors as they are and give
 // an empty result; else its result is the reason of the refusal.
 template <class EDIT>
-std::string CEditImage::EditCea(SImageBlock& oBlock, EDIT fnEdit)
+std::string CEditImage::EditCea(SEditedBlock& oBlock, EDIT fnEdit)
 {
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     if (!AreDataBlocksExact(*poCea))
@@ -259,7 +259,7 @@ std::string CEditImage::EditFirst(EDIT fnEdit)
     constexpr unsigned int uiDataBlocksRevision = 3;
     std::string sReason = "the image has no CEA-861 block that can hold data blocks";
     bool bFirst = true;
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
         if (poCea == nullptr || poCea->GetRevision() < uiDataBlocksRevision)
@@ -281,12 +281,12 @@ std::string CEditImage::EditFirst(EDIT fnEdit)
 
 std::string CEditImage::RemoveStandard(unsigned int uiNumber)
 {
-    const SPlace oPlace = Find(&SImageBlock::m_uiStandards, uiNumber);
+    const SPlace oPlace = Find(&SEditedBlock::m_uiStandards, uiNumber);
     if (oPlace.m_poBlock == nullptr)
     {
-        return NameRange(&SImageBlock::m_uiStandards, "standard timings");
+        return NameRange(&SEditedBlock::m_uiStandards, "standard timings");
     }
-    SImageBlock& oBlock = *oPlace.m_poBlock;
+    SEditedBlock& oBlock = *oPlace.m_poBlock;
     if (oBlock.m_iExtension >= 0)
     {
         return RemoveCode(oBlock, oPlace.m_uiNumber);
@@ -305,7 +305,7 @@ std::string CEditImage::RemoveStandard(unsigned int uiNumber)
 }
 
 // Goes through the first timing of the code, which is an ordinary one: 4:2:0 maps only repeat those.
-std::string CEditImage::RemoveCode(SImageBlock& oBlock, unsigned int uiNumber)
+std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
 {
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
@@ -342,12 +342,12 @@ std::string CEditImage::RemoveCode(SImageBlock& oBlock, unsigned int uiNumber)
 
 std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
 {
-    const SPlace oPlace = Find(&SImageBlock::m_uiDetaileds, uiNumber);
+    const SPlace oPlace = Find(&SEditedBlock::m_uiDetaileds, uiNumber);
     if (oPlace.m_poBlock == nullptr)
     {
-        return NameRange(&SImageBlock::m_uiDetaileds, "detailed timings");
+        return NameRange(&SEditedBlock::m_uiDetaileds, "detailed timings");
     }
-    SImageBlock& oBlock = *oPlace.m_poBlock;
+    SEditedBlock& oBlock = *oPlace.m_poBlock;
     unsigned int uiPlace = 0;
     if (!FindPresent(oBlock.m_aiDetaileds, static_cast<int>(oPlace.m_uiNumber), uiPlace))
     {
@@ -445,7 +445,7 @@ std::string CEditImage::SetColorDepth(unsigned int uiDepth)
 std::string CEditImage::SetDeepColor(unsigned int uiBits)
 {
     bool bFound = false;
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
         if (poCea == nullptr || !HasHdmiBlock(*poCea))
@@ -474,7 +474,7 @@ std::string CEditImage::AddAudio(const CAudio& oAudio)
     {
         return "the library takes 2 to 8 channels";
     }
-    return EditFirst([&](SImageBlock& oBlock) {
+    return EditFirst([&](SEditedBlock& oBlock) {
         CEdidExtBlockCEA861* poCea = GetCea(oBlock);
         const auto poBefore = CopyCea(poCea->GetData());
         const unsigned int uiCount = poBefore->GetAudioDescriptorCount();
@@ -507,16 +507,16 @@ std::string CEditImage::AddAudio(const CAudio& oAudio)
 
 std::string CEditImage::SetAudio(unsigned int uiNumber, const CAudio& oAudio)
 {
-    const SPlace oPlace = Find(&SImageBlock::m_uiAudios, uiNumber);
+    const SPlace oPlace = Find(&SEditedBlock::m_uiAudios, uiNumber);
     if (oPlace.m_poBlock == nullptr)
     {
-        return NameRange(&SImageBlock::m_uiAudios, "audio descriptors");
+        return NameRange(&SEditedBlock::m_uiAudios, "audio descriptors");
     }
     if (oAudio.m_uiChannels < 2)
     {
         return "the library takes 2 to 8 channels";
     }
-    SImageBlock& oBlock = *oPlace.m_poBlock;
+    SEditedBlock& oBlock = *oPlace.m_poBlock;
     unsigned int uiPlace = 0;
     if (!FindPresent(oBlock.m_aiAudios, static_cast<int>(oPlace.m_uiNumber), uiPlace))
     {
@@ -534,12 +534,12 @@ std::string CEditImage::SetAudio(unsigned int uiNumber, const CAudio& oAudio)
 
 std::string CEditImage::RemoveAudio(unsigned int uiNumber)
 {
-    const SPlace oPlace = Find(&SImageBlock::m_uiAudios, uiNumber);
+    const SPlace oPlace = Find(&SEditedBlock::m_uiAudios, uiNumber);
     if (oPlace.m_poBlock == nullptr)
     {
-        return NameRange(&SImageBlock::m_uiAudios, "audio descriptors");
+        return NameRange(&SEditedBlock::m_uiAudios, "audio descriptors");
     }
-    SImageBlock& oBlock = *oPlace.m_poBlock;
+    SEditedBlock& oBlock = *oPlace.m_poBlock;
     unsigned int uiPlace = 0;
     if (!FindPresent(oBlock.m_aiAudios, static_cast<int>(oPlace.m_uiNumber), uiPlace))
     {
@@ -565,7 +565,7 @@ std::string CEditImage::SetSpeakers(unsigned int uiMask)
     {
         return RemoveSpeakers();
     }
-    const auto fnSet = [&](SImageBlock& oBlock) {
+    const auto fnSet = [&](SEditedBlock& oBlock) {
         const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
             const bool bHasOne = oCea.GetSpeakerDescriptorCount() != 0;
             const int iDone = bHasOne ? oCea.SetSpeakerDescriptor(0, uiMask) : oCea.AddSpeakerDescriptor(uiMask);
@@ -586,7 +586,7 @@ std::string CEditImage::SetSpeakers(unsigned int uiMask)
         }
         return sReason;
     };
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
         if (poCea != nullptr && poCea->GetSpeakerDescriptorCount() != 0)
@@ -599,7 +599,7 @@ std::string CEditImage::SetSpeakers(unsigned int uiMask)
 
 std::string CEditImage::RemoveSpeakers()
 {
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
         if (poCea == nullptr || poCea->GetSpeakerDescriptorCount() == 0)
@@ -634,7 +634,7 @@ void CEditImage::RepairChecksums()
     constexpr unsigned int uiSectionLength = 2; // offset; a DisplayID section begins at offset 1
     constexpr unsigned int uiSectionOverhead = 5;
     m_oEdid.UpdateChecksum();
-    for (SImageBlock& oBlock : m_aoBlocks)
+    for (SEditedBlock& oBlock : m_aoBlocks)
     {
         oBlock.m_oEdits.m_bChecksum = true;
         if (oBlock.m_iExtension >= 0 || &oBlock == m_aoBlocks.data())

@@ -54,7 +54,7 @@ struct SBlockEdits
 // Numbers at reading in their present order; -1 for what an edit has added.
 using CPresent = std::vector<int>;
 
-struct SImageBlock
+struct SEditedBlock
 {
     int m_iExtension = -1; // number among the CEdid's blocks; -1 for the base block and for blocks it does not read
     CBytes m_aui8Bytes;    // as read; of a block that the library does not read the present ones
@@ -80,25 +80,25 @@ public:
     std::string Apply(const SEdit& oEdit);
 
     CBytes GetBytes() const;
-    const std::vector<SImageBlock>& GetBlocks() const { return m_aoBlocks; }
+    const std::vector<SEditedBlock>& GetBlocks() const { return m_aoBlocks; }
 
 private:
     // A number found: the block, and the number there.
     struct SPlace
     {
-        SImageBlock* m_poBlock;
+        SEditedBlock* m_poBlock;
         unsigned int m_uiNumber;
     };
-    SPlace Find(unsigned int SImageBlock::*puiCount, unsigned int uiNumber);
-    std::string NameRange(unsigned int SImageBlock::*puiCount, const char* pszWhat) const;
-    std::string NameBlock(const SImageBlock& oBlock) const;
-    CEdidExtBlockCEA861* GetCea(const SImageBlock& oBlock);
+    SPlace Find(unsigned int SEditedBlock::*puiCount, unsigned int uiNumber);
+    std::string NameRange(unsigned int SEditedBlock::*puiCount, const char* pszWhat) const;
+    std::string NameBlock(const SEditedBlock& oBlock) const;
+    CEdidExtBlockCEA861* GetCea(const SEditedBlock& oBlock);
 
     void CountBase();
-    void CountCea(SImageBlock& oBlock, const CEdidExtBlockCEA861& oCea);
+    void CountCea(SEditedBlock& oBlock, const CEdidExtBlockCEA861& oCea);
 
     std::string RemoveStandard(unsigned int uiNumber);
-    std::string RemoveCode(SImageBlock& oBlock, unsigned int uiNumber);
+    std::string RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber);
     std::string RemoveDetailed(unsigned int uiNumber);
     std::string RemoveEstablished(unsigned int uiNumber);
     std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
@@ -112,11 +112,11 @@ private:
     void RepairChecksums();
 
     template <class EDIT>
-    std::string EditCea(SImageBlock& oBlock, EDIT fnEdit);
+    std::string EditCea(SEditedBlock& oBlock, EDIT fnEdit);
     template <class EDIT>
     std::string EditFirst(EDIT fnEdit);
 
     CEdid m_oEdid;
-    std::vector<SImageBlock> m_aoBlocks;        // all blocks of the image, the base block first
+    std::vector<SEditedBlock> m_aoBlocks;       // all blocks of the image, the base block first
     std::vector<unsigned int> m_auiEstablished; // bit of each established timing at reading
 };

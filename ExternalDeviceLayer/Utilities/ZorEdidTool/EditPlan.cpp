@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "EdidBase.h"
+#include "SpeakerNames.h"
 #include "VidParamCea.h"
 #include "VidParamDmt.h"
 #include "VidParamTimingFunc.h"
@@ -15,12 +16,6 @@
 namespace
 {
 using CTexts = std::vector<std::string>;
-
-struct SNamedValue
-{
-    const char* m_pszName; // any case
-    unsigned int m_uiValue;
-};
 
 constexpr SNamedValue gsc_aoColorDepths[] = {
     { "undefined", CEdidBase::eColorBitDepthUndefined },
@@ -51,14 +46,6 @@ constexpr SNamedValue gsc_aoAudioRates[] = {
 };
 
 constexpr SNamedValue gsc_aoPcmDepths[] = { { "16", 0x1 }, { "20", 0x2 }, { "24", 0x4 } };
-
-// The second name of a pair is the one of later editions of the standard.
-constexpr SNamedValue gsc_aoSpeakers[] = {
-    { "FL/FR", 0x001 },   { "LFE", 0x002 },     { "FC", 0x004 },      { "RL/RR", 0x008 },
-    { "BL/BR", 0x008 },   { "RC", 0x010 },      { "BC", 0x010 },      { "FLC/FRC", 0x020 },
-    { "RLC/RRC", 0x040 }, { "FLW/FRW", 0x080 }, { "FLH/FRH", 0x100 }, { "TpFL/TpFR", 0x100 },
-    { "TC", 0x200 },      { "TpC", 0x200 },     { "FCH", 0x400 },     { "TpFC", 0x400 },
-};
 
 constexpr const char* gsc_pszNone = "none";
 

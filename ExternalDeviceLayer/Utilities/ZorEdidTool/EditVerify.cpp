@@ -228,7 +228,7 @@ SStandards ListStandards(const CEdidExtBlockCEA861& oCea, const CNumbers& oWitho
 }
 
 // Timings that go together are one code: the same picture, with at most its 1000/1001 variant.
-bool AreNamedGroupsAlike(const CEdidExtBlockCEA861& oRead, const SImageBlock& oBlock)
+bool AreNamedGroupsAlike(const CEdidExtBlockCEA861& oRead, const SEditedBlock& oBlock)
 {
     for (const unsigned int uiNumber : oBlock.m_oEdits.m_oStandard)
     {
@@ -247,7 +247,7 @@ bool AreNamedGroupsAlike(const CEdidExtBlockCEA861& oRead, const SImageBlock& oB
 }
 
 // A timing in 4:2:0 that was named may stay, where a 4:2:0 data block names it, and stand elsewhere.
-bool AreStandardsKept(const CEdidExtBlockCEA861& oRead, const CEdidExtBlockCEA861& oEdited, const SImageBlock& oBlock)
+bool AreStandardsKept(const CEdidExtBlockCEA861& oRead, const CEdidExtBlockCEA861& oEdited, const SEditedBlock& oBlock)
 {
     const SStandards oAll = ListStandards(oRead, {});
     const SStandards oKept = ListStandards(oRead, oBlock.m_oEdits.m_oStandard);
@@ -259,7 +259,7 @@ bool AreStandardsKept(const CEdidExtBlockCEA861& oRead, const CEdidExtBlockCEA86
 
 // The short video descriptors, those that no timing comes from included: only bytes of the removed codes are gone, and
 // all of these.
-bool AreVideoCodesKept(const CBytes& aui8Read, const CBytes& aui8Edited, const SImageBlock& oBlock)
+bool AreVideoCodesKept(const CBytes& aui8Read, const CBytes& aui8Edited, const SEditedBlock& oBlock)
 {
     CNumbers oGroups;
     for (const unsigned int uiNumber : oBlock.m_oEdits.m_oStandard)
@@ -423,7 +423,7 @@ bool AreDescriptorsKept(const CEdidExtBlockCEA861& oRead, const CEdidExtBlockCEA
            oEdited.GetDetailedCount() + oRemoved.size() == oRead.GetDetailedCount();
 }
 
-std::string VerifyCea(const CBytes& aui8Read, const CBytes& aui8Edited, const SImageBlock& oBlock)
+std::string VerifyCea(const CBytes& aui8Read, const CBytes& aui8Edited, const SEditedBlock& oBlock)
 {
     constexpr unsigned int uiBasicAudio = 0x40;
     const SBlockEdits& oEdits = oBlock.m_oEdits;
@@ -492,7 +492,7 @@ std::string VerifyBytes(const CBytes& aui8Read, const CBytes& aui8Edited, bool b
 }
 } // namespace
 
-std::string VerifyEdits(const CBytes& aui8Read, const CBytes& aui8Edited, const std::vector<SImageBlock>& aoBlocks)
+std::string VerifyEdits(const CBytes& aui8Read, const CBytes& aui8Edited, const std::vector<SEditedBlock>& aoBlocks)
 {
     CEdid oRead;
     CEdid oEdited;

@@ -11,4 +11,4 @@
 //   aui8Read    the image as it was read
 //   aui8Edited  what would be written
 //   aoBlocks    the blocks with what was edited in them; of their bytes nothing is used
-std::string VerifyEdits(const CBytes& aui8Read, const CBytes& aui8Edited, const std::vector<SImageBlock>& aoBlocks);
+std::string VerifyEdits(const CBytes& aui8Read, const CBytes& aui8Edited, const std::vector<SEditedBlock>& aoBlocks);

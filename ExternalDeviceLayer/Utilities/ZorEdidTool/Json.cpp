@@ -3,6 +3,7 @@
 #include "Json.h"
 
 #include "EdidBaseLayout.h"
+#include "SpeakerNames.h"
 #include "TextFormat.h"
 
 using nlohmann::ordered_json;
@@ -220,9 +221,20 @@ constexpr unsigned int gsc_auiPcmBits[] = { 16, 20, 24 };
 constexpr unsigned int gsc_auiDeepColorBits[] = { 30, 36, 48 };
 constexpr unsigned int gsc_uiBitRateUnit = 8000; // of the third byte of the compressed formats up to ATRAC
 
-// Positions of the speaker allocation, by bit, in the abbreviations of CTA-861.
-constexpr const char* gsc_apszSpeakers[] = { "FL/FR",   "LFE",     "FC",      "RL/RR", "RC", "FLC/FRC",
-                                             "RLC/RRC", "FLW/FRW", "FLH/FRH", "TC",    "FCH" };
+ordered_json ListSpeakers(unsigned int uiMask)
+{
+    ordered_json oList = ordered_json::array();
+    unsigned int uiLast = 0;
+    for (const SNamedValue& oSpeaker : gsc_aoSpeakers)
+    {
+        if (oSpeaker.m_uiValue != uiLast && (uiMask & oSpeaker.m_uiValue) != 0)
+        {
+            oList.push_back(oSpeaker.m_pszName);
+        }
+        uiLast = oSpeaker.m_uiValue;
+    }
+    return oList;
+}
 
 ordered_json MakeAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio)
 {
@@ -266,7 +278,7 @@ void AddCea(CEdidExtBlockCEA861& oBlock, ordered_json& oJson)
         unsigned int uiMask = 0;
         if (oBlock.GetSpeakerDescriptor(i, &uiMask) != 0)
         {
-            oJson["speakers"].push_back({ { "mask", uiMask }, { "positions", ListBits(gsc_apszSpeakers, uiMask) } });
+            oJson["speakers"].push_back({ { "mask", uiMask }, { "positions", ListSpeakers(uiMask) } });
         }
     }
     unsigned int uiBits = 0;

@@ -4,6 +4,7 @@
 
 #include <string.h>
 
+#include "CeaBlocks.h"
 #include "EdidBaseLayout.h"
 #include "TextFormat.h"
 
@@ -19,8 +20,9 @@ struct SBlockKind
 
 // Extension tags of the E-EDID standard.
 constexpr SBlockKind gsc_aoBlockKinds[] = {
-    { 0x02, "cea-861" }, { 0x10, "video-timing" }, { 0x40, "display-information" }, { 0x50, "localized-string" },
-    { 0x60, "dpvl" },    { 0x70, "displayid" },    { 0xF0, "block-map" },           { 0xFF, "manufacturer" },
+    { 0x02, "cea-861" },          { 0x10, "video-timing" }, { 0x40, "display-information" },
+    { 0x50, "localized-string" }, { 0x60, "dpvl" },         { gsc_uiDisplayIdTag, "displayid" },
+    { 0xF0, "block-map" },        { 0xFF, "manufacturer" },
 };
 
 // Why CEdid::SetEdidBuffer refuses an image; empty for one that it takes.
@@ -54,13 +56,7 @@ const char* GetBlockKind(unsigned int uiTag)
     return "unknown";
 }
 
-CEdidExtBlockCEA861* SImageBlock::GetCea() const
-{
-    constexpr unsigned int uiCeaType = 2;
-    return m_poLoaded != nullptr && m_poLoaded->GetExtensionType() == uiCeaType
-               ? static_cast<CEdidExtBlockCEA861*>(m_poLoaded)
-               : nullptr;
-}
+CEdidExtBlockCEA861* SImageBlock::GetCea() const { return AsCea(m_poLoaded); }
 
 bool CLoadedImage::Load(const SInput& oInput)
 {

@@ -21,6 +21,8 @@ struct SImageBlock
     CEdidExtBlockCEA861* GetCea() const;
 };
 
+inline constexpr unsigned int gsc_uiDisplayIdTag = 0x70; // byte 0 of such a block
+
 // Short name of a block's kind by its tag: "cea-861", "displayid" and those that the library does not read; "unknown".
 const char* GetBlockKind(unsigned int uiTag);
 

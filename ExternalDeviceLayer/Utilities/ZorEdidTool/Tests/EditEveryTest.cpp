@@ -336,7 +336,7 @@ void TestImage(const std::string& sImage, const CBytes& aui8Image)
     CNamed oDeep;
     CNamed oAudioAdd;
     CNamed oSpeakers;
-    const std::vector<SImageBlock>& aoBlocks = oImage.GetBlocks();
+    const std::vector<SEditedBlock>& aoBlocks = oImage.GetBlocks();
     for (size_t i = 0; i < aoBlocks.size(); ++i)
     {
         const std::string sBlock = std::to_string(i);

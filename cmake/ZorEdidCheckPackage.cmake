@@ -94,7 +94,7 @@ endforeach()
 
 # A shared library has its soname, and of the private classes nothing.
 if(SHARED)
-  set(library ${package}/lib/libzoredid.so)
+  file(GLOB_RECURSE library "${package}/libzoredid.so")
   string(REGEX REPLACE "\\.[0-9]+$" "" soname libzoredid.so.${VERSION})
   execute_process(COMMAND readelf -d ${library} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
   if(NOT text MATCHES "SONAME.*\\[${soname}\\]")
@@ -151,7 +151,8 @@ if(pkg_config)
   file(GLOB_RECURSE file "${package}/zoredid.pc")
   get_filename_component(folder ${file} DIRECTORY)
   set(ENV{PKG_CONFIG_PATH} ${folder})
-  set(ENV{LD_LIBRARY_PATH} ${package}/lib)
+  get_filename_component(folder ${folder} DIRECTORY)
+  set(ENV{LD_LIBRARY_PATH} ${folder})
   execute_process(COMMAND ${pkg_config} --cflags --libs "zoredid = ${VERSION}" OUTPUT_VARIABLE flags
                   COMMAND_ERROR_IS_FATAL ANY)
   separate_arguments(flags UNIX_COMMAND "${FLAGS} list_timings.cpp ${flags}")

@@ -64,3 +64,10 @@ string(REGEX REPLACE "/$" "" prefix_from_pc ${prefix_from_pc})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/zoredid.pc.in ${CMAKE_CURRENT_BINARY_DIR}/zoredid.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zoredid.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         COMPONENT development)
+
+# For scripts/docs: the installed headers, a line each.
+set(headers $<TARGET_PROPERTY:ZorEdid,HEADER_SET>)
+if(TARGET ZorEdidOsServices)
+  list(APPEND headers $<TARGET_PROPERTY:ZorEdidOsServices,HEADER_SET>)
+endif()
+file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/public-headers.txt CONTENT "$<JOIN:${headers},\n>\n")

@@ -118,7 +118,10 @@ void AddReportCommand(CLI::App& oApp, STool& oTool)
                                 ->check(CLI::IsMember(asFormats))
                                 ->type_name("NAME");
     CLI::Option* poPrefix =
-        poCommand->add_option("--prefix", poOptions->m_sPrefix, "Text in front of each line")->type_name("TEXT");
+        poCommand
+            ->add_option("--prefix", poOptions->m_sPrefix,
+                         "Text in front of each line; of two empty lines in a row only the first has it")
+            ->type_name("TEXT");
     CLI::Option* poJson = poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with all images");
     CLI::Option* poLines = poCommand->add_flag("--jsonl", poOptions->m_bJsonLines,
                                                "One line of JSON an image, also for one that cannot be loaded");

@@ -7,6 +7,7 @@
 
 #include "Connectors.h"
 #include "Messages.h"
+#include "TextFormat.h"
 #include "Tool.h"
 
 namespace
@@ -24,15 +25,33 @@ void SetSignals()
     signal(SIGXFSZ, SIG_IGN);
 }
 
+// What stands where a subcommand should, and which there are.
+std::string DescribeMissingCommand(const CLI::App& oApp)
+{
+    const std::vector<std::string> asUnknown = oApp.remaining();
+    std::string sText = "no subcommand is given";
+    if (!asUnknown.empty())
+    {
+        const bool bOption = asUnknown[0].starts_with('-');
+        sText = "'" + ShowName(asUnknown[0]) + (bOption ? "' is no option" : "' is no subcommand");
+    }
+    sText += "; the subcommands are";
+    for (const CLI::App* poCommand : oApp.get_subcommands({}))
+    {
+        sText += " " + poCommand->get_name();
+    }
+    return sText;
+}
+
 // The text as one line.
 int PrintCommandLineError(const CLI::App& oApp, const CLI::ParseError& oError)
 {
-    std::string sText = oError.what();
+    const auto apoUsed = oApp.get_subcommands();
+    std::string sText = apoUsed.empty() ? DescribeMissingCommand(oApp) : oError.what();
     for (char& c : sText)
     {
         c = c == '\n' ? ' ' : c;
     }
-    const auto apoUsed = oApp.get_subcommands();
     const std::string sHelp = apoUsed.empty() ? "zoredid --help" : "zoredid " + apoUsed[0]->get_name() + " --help";
     PrintError(sText + " (see " + sHelp + ")");
     return eExit_CommandLine;

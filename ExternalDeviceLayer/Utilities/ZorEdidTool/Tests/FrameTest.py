@@ -4,6 +4,7 @@ FrameTest.py COMMAND FOLDER [FOLDER_WITH_A_CORPUS]"""
 import base64
 import os
 import pty
+import re
 import resource
 import subprocess
 import sys
@@ -314,6 +315,10 @@ class CommandLine(unittest.TestCase):
             status, out, error = run(*arguments)
             self.assertEqual((2, b"", 1), (status, out, error.count("\n")), arguments)
             self.assertTrue(error.startswith("zoredid: "), error)
+        for arguments, what in (((), "no subcommand is given"), (("reprt", MONITOR), "'reprt' is no subcommand"),
+                                (("-v", "a\nb"), "'a\\nb' is no subcommand"), (("--json",), "'--json' is no option")):
+            self.assertRegex(run(*arguments)[2],
+                             "^zoredid: " + re.escape(what) + "; the subcommands are report .*convert")
 
     def test_help_and_version(self):
         self.assertRegex(run("--version")[1].decode(), r"^zoredid \d+\.\d+\.\d+\n$")

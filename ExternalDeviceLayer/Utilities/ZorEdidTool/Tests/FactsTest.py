@@ -7,7 +7,6 @@ import datetime
 import json
 import os
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -516,23 +515,6 @@ class TimingTest(ToolTest):
             self.assertEqual(out, "")
             self.assertRegex(err, "^zoredid: .*: no .*timing\n$")
         self.assertEqual(self.load(run("timing", "--json", "--vic", "6", status=1)[0])["timings"], [])
-
-
-class PagesTest(unittest.TestCase):
-    def test_the_transcript_of_the_readme(self):
-        with open(os.path.join(PROJECT, "README.md"), encoding="utf-8") as file:
-            transcript = re.search(r"```console\n(.*?)```", file.read(), re.DOTALL).group(1)
-        with tempfile.TemporaryDirectory() as folder:
-            with open(os.path.join(folder, "monitor.bin"), "wb") as file:
-                file.write(MONITOR)
-            path = os.path.dirname(COMMAND) + os.pathsep + os.environ["PATH"]
-            for step in re.split(r"^\$ ", transcript, flags=re.MULTILINE)[1:]:
-                command, expected = step.split("\n", 1)
-                if "jq " in command and shutil.which("jq") is None:
-                    continue
-                done = subprocess.run(command, shell=True, cwd=folder, env={**os.environ, "PATH": path},
-                                      capture_output=True, text=True, timeout=60, check=False)
-                self.assertEqual((expected, ""), (done.stdout, done.stderr), command)
 
 
 class CommandLineTest(ToolTest):

@@ -1,0 +1,63 @@
+"""The transcripts of the README and of docs/, run as a user would. PagesTest.py COMMAND PROJECT
+
+The console blocks of a page are one session in a folder of its own that holds monitor.bin. A line behind "$ " is a
+command, those behind "> " go on with it, and all others are what the command prints, on either output. A page is left
+at the first command that needs a tool which is not installed.
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+COMMAND, PROJECT = sys.argv[1:]
+TOOLS = "jq", "sqlite3", "xxd"
+
+
+def read(path):
+    with open(os.path.join(PROJECT, path), encoding="utf-8") as file:
+        return file.read()
+
+
+def list_steps(page):
+    """Commands and what they print."""
+    text = "".join(re.findall(r"^```console\n(.*?)^```$", page, re.DOTALL | re.MULTILINE))
+    for step in re.split(r"^\$ ", text, flags=re.MULTILINE)[1:]:
+        lines = step.splitlines(keepends=True)
+        end = next((i for i in range(1, len(lines)) if not lines[i].startswith("> ")), len(lines))
+        yield lines[0] + "".join(line[2:] for line in lines[1:end]), "".join(lines[end:])
+
+
+class PagesTest(unittest.TestCase):
+    def check(self, path):
+        environment = {**os.environ, "LC_ALL": "C.UTF-8",
+                       "PATH": os.path.dirname(COMMAND) + os.pathsep + os.environ["PATH"]}
+        with tempfile.TemporaryDirectory() as folder:
+            shutil.copy(os.path.join(PROJECT, "examples/monitor.bin"), folder)
+            for command, expected in list_steps(read(path)):
+                missing = [tool for tool in TOOLS if re.search(rf"\b{tool} ", command) and shutil.which(tool) is None]
+                if missing:
+                    self.skipTest("%s is not installed" % missing[0])
+                done = subprocess.run(command, shell=True, cwd=folder, env=environment, stdout=subprocess.PIPE,
+                                      stderr=subprocess.STDOUT, text=True, timeout=60, check=False)
+                self.assertEqual(expected, done.stdout, command)
+
+    def test_pages_have_transcripts(self):
+        for path in "README.md", "docs/edits.md", "docs/many.md", "docs/numbering.md":
+            self.assertNotEqual([], list(list_steps(read(path))), path)
+
+
+def add_test(path):
+    name = "test_" + re.sub(r"\W", "_", path)
+    setattr(PagesTest, name, lambda self: self.check(path))
+
+
+for document in ["README.md"] + ["docs/" + name for name in sorted(os.listdir(os.path.join(PROJECT, "docs")))]:
+    if document.endswith(".md"):
+        add_test(document)
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -62,18 +62,35 @@ int GetDmt(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth
     return CVidParamDmt::GetVidParam(uiIndex, poTiming, uiWidth, uiHeight, uiRateInHz, eRows);
 }
 
+// The library's numbers have 32 bits, clocks in hertz among them: beyond that a formula's numbers wrap, and then the
+// clock is far from what the totals and the rate make of it.
+bool HasWrapped(const CVidParamTiming& oTiming, const SMode& oMode)
+{
+    const double dPixels = static_cast<double>(oMode.m_uiWidth) + oTiming.GetHorizontalFrontPorch() +
+                           oTiming.GetHorizontalSync() + oTiming.GetHorizontalBackPorch();
+    const double dLines = static_cast<double>(oMode.m_uiHeight) + oTiming.GetVerticalFrontPorch() +
+                          oTiming.GetVerticalSync() + oTiming.GetVerticalBackPorch();
+    return oTiming.GetPixelClockInHz() < 0.5 * dPixels * dLines * oMode.m_uiRateInHz;
+}
+
 template <int iReducedBlanking>
 int GetCvt(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth, unsigned int uiHeight,
            unsigned int uiRateInHz)
 {
-    return uiIndex == 0 ? CVidParamTimingFunc::ComputeCvt(uiWidth, uiHeight, uiRateInHz, iReducedBlanking, poTiming)
-                        : 0;
+    return uiIndex == 0 &&
+                   CVidParamTimingFunc::ComputeCvt(uiWidth, uiHeight, uiRateInHz, iReducedBlanking, poTiming) != 0 &&
+                   !HasWrapped(*poTiming, { uiWidth, uiHeight, uiRateInHz })
+               ? 1
+               : 0;
 }
 
 int GetGtf(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth, unsigned int uiHeight,
            unsigned int uiRateInHz)
 {
-    return uiIndex == 0 ? CVidParamTimingFunc::ComputeGft(uiWidth, uiHeight, uiRateInHz, poTiming) : 0;
+    return uiIndex == 0 && CVidParamTimingFunc::ComputeGft(uiWidth, uiHeight, uiRateInHz, poTiming) != 0 &&
+                   !HasWrapped(*poTiming, { uiWidth, uiHeight, uiRateInHz })
+               ? 1
+               : 0;
 }
 
 struct SSource

@@ -510,7 +510,8 @@ class TimingTest(ToolTest):
             self.assertEqual((timing["horizontal"]["total"], timing["vertical"]["total"]), (horizontal, vertical))
 
     def test_what_there_is_not(self):
-        for arguments in ["--vic 6", "1234x567@89 --type dmt", "1920x1080@61 --type cea"]:
+        # 8000x5000@500 has a clock beyond 32 bits of hertz, by each formula.
+        for arguments in ["--vic 6", "1234x567@89 --type dmt", "1920x1080@61 --type cea", "8000x5000@500"]:
             out, err = run("timing", *arguments.split(), status=1)
             self.assertEqual(out, "")
             self.assertRegex(err, "^zoredid: .*: no .*timing\n$")

@@ -1,0 +1,224 @@
+// The rows that describe a structure of fixed places: one row a field. Tables of rows are data, to be checked against a
+// standard line by line; MapWriter.h puts them over bytes. Private to this folder.
+//
+//     constexpr SRow gsc_aoRows[] = {
+//         { Byte(0x15), "Horizontal screen size", Number("cm") },
+//         { Bits(0x18, 4, 3), "Display colour type", Names(gsc_aoColourTypes), IsAnalog },
+//         { Split({ 0x04, 7, 4 }, { 0x02, 7, 0 }), "Horizontal active pixels", Number("pixels") },
+//         { Bits(0x05, 3, 0), "Reserved", Reserved() },
+//     };
+
+#pragma once
+
+#include <initializer_list>
+#include <span>
+
+#include "ZorEdidMap.h"
+
+class CRecord;
+
+// A value and what it means. A table of them ends nowhere special: it goes as a span.
+struct SMeaning
+{
+    unsigned int m_uiFirst;
+    unsigned int m_uiLast;
+    const char* m_pszName;
+};
+
+// ---- Where ----
+
+// Bits m_ui8High to m_ui8Low of the byte m_ui8Offset of a record.
+struct SBitsPlace
+{
+    unsigned char m_ui8Offset;
+    unsigned char m_ui8High;
+    unsigned char m_ui8Low;
+};
+
+inline constexpr unsigned int gsc_uiMostPieces = 4;
+inline constexpr unsigned char gsc_ui8ToTheEnd = 0xFF; // length of a run: up to the end of the record
+
+// Up to four pieces of bytes, most significant first; or a run of whole bytes, when m_ui8Run is not 0.
+struct SPlace
+{
+    SBitsPlace m_aoPieces[gsc_uiMostPieces] = {};
+    unsigned char m_ui8Pieces = 0;
+    unsigned char m_ui8Run = 0; // bytes from m_aoPieces[0].m_ui8Offset on
+};
+
+constexpr SPlace Split(std::initializer_list<SBitsPlace> aoPieces)
+{
+    SPlace oPlace;
+    for (const SBitsPlace& oPiece : aoPieces)
+    {
+        oPlace.m_aoPieces[oPlace.m_ui8Pieces++] = oPiece;
+    }
+    return oPlace;
+}
+
+constexpr unsigned char PlaceByte(unsigned int uiOffset) { return static_cast<unsigned char>(uiOffset); }
+
+constexpr SPlace Bits(unsigned int uiOffset, unsigned int uiHigh, unsigned int uiLow)
+{
+    return Split({ { PlaceByte(uiOffset), PlaceByte(uiHigh), PlaceByte(uiLow) } });
+}
+
+constexpr SPlace Bit(unsigned int uiOffset, unsigned int uiBit) { return Bits(uiOffset, uiBit, uiBit); }
+
+constexpr SPlace Byte(unsigned int uiOffset) { return Bits(uiOffset, 7, 0); }
+
+constexpr SPlace Little16(unsigned int uiOffset)
+{
+    return Split({ { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset), 7, 0 } });
+}
+
+constexpr SPlace Big16(unsigned int uiOffset)
+{
+    return Split({ { PlaceByte(uiOffset), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 } });
+}
+
+constexpr SPlace Little24(unsigned int uiOffset)
+{
+    return Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset), 7, 0 } });
+}
+
+constexpr SPlace Little32(unsigned int uiOffset)
+{
+    return Split({ { PlaceByte(uiOffset + 3), 7, 0 },
+                   { PlaceByte(uiOffset + 2), 7, 0 },
+                   { PlaceByte(uiOffset + 1), 7, 0 },
+                   { PlaceByte(uiOffset), 7, 0 } });
+}
+
+constexpr SPlace Run(unsigned int uiOffset, unsigned int uiLength)
+{
+    SPlace oPlace = Byte(uiOffset);
+    oPlace.m_ui8Run = PlaceByte(uiLength);
+    return oPlace;
+}
+
+constexpr SPlace RunToEnd(unsigned int uiOffset) { return Run(uiOffset, gsc_ui8ToTheEnd); }
+
+// ---- What it says ----
+
+// value = (raw * m_iMultiply + m_iAdd) / 10 ^ m_uiDecimals, m_iMultiply and m_iAdd counted in the last decimal.
+// m_uiDivide divides the product first, rounded half up: for binary fractions.
+struct SForm
+{
+    CZorEdidMap::EKind m_eKind = CZorEdidMap::eKind_Number;
+    const char* m_pszUnit = nullptr;
+    long long m_llMultiply = 1;
+    long long m_llAdd = 0;
+    unsigned int m_uiDivide = 1;
+    unsigned int m_uiDecimals = 0;
+    bool m_bSigned = false; // two's complement over the width of the place
+    std::span<const SMeaning> m_aoMeanings = {};
+    // The value as text, when a number, a meaning or the bytes are not it.
+    CMString (*m_pfnText)(const CRecord&, unsigned int uiValue) = nullptr;
+    unsigned int m_uiExpected = msc_uiAny; // another raw value gets the note "reserved bits are set" or m_pszUnexpected
+    const char* m_pszUnexpected = nullptr;
+
+    static constexpr unsigned int msc_uiAny = 0xFFFFFFFF;
+
+    // Changed copies, so that a row says in place what is special about it.
+    constexpr SForm With(std::span<const SMeaning> aoMeanings) const
+    {
+        SForm oForm = *this;
+        oForm.m_aoMeanings = aoMeanings;
+        return oForm;
+    }
+    constexpr SForm Times(long long llMultiply, long long llAdd = 0) const
+    {
+        SForm oForm = *this;
+        oForm.m_llMultiply = llMultiply;
+        oForm.m_llAdd = llAdd;
+        return oForm;
+    }
+    constexpr SForm Over(unsigned int uiDivide) const
+    {
+        SForm oForm = *this;
+        oForm.m_uiDivide = uiDivide;
+        return oForm;
+    }
+    constexpr SForm Decimals(unsigned int uiDecimals) const
+    {
+        SForm oForm = *this;
+        oForm.m_uiDecimals = uiDecimals;
+        return oForm;
+    }
+    constexpr SForm Signed() const
+    {
+        SForm oForm = *this;
+        oForm.m_bSigned = true;
+        return oForm;
+    }
+    constexpr SForm Text(CMString (*pfnText)(const CRecord&, unsigned int)) const
+    {
+        SForm oForm = *this;
+        oForm.m_pfnText = pfnText;
+        return oForm;
+    }
+    constexpr SForm Expect(unsigned int uiValue, const char* pszUnexpected) const
+    {
+        SForm oForm = *this;
+        oForm.m_uiExpected = uiValue;
+        oForm.m_pszUnexpected = pszUnexpected;
+        return oForm;
+    }
+};
+
+constexpr SForm MakeForm(CZorEdidMap::EKind eKind)
+{
+    SForm oForm;
+    oForm.m_eKind = eKind;
+    return oForm;
+}
+
+constexpr SForm Number(const char* pszUnit = nullptr)
+{
+    SForm oForm;
+    oForm.m_pszUnit = pszUnit;
+    return oForm;
+}
+
+inline constexpr SMeaning gsc_aoNoYes[] = { { 0, 0, "no" }, { 1, 1, "yes" } };
+
+constexpr SForm Flag(std::span<const SMeaning> aoMeanings = gsc_aoNoYes)
+{
+    return MakeForm(CZorEdidMap::eKind_Flag).With(aoMeanings);
+}
+
+constexpr SForm Names(std::span<const SMeaning> aoMeanings)
+{
+    return MakeForm(CZorEdidMap::eKind_Name).With(aoMeanings);
+}
+
+constexpr SForm Text() { return MakeForm(CZorEdidMap::eKind_Text); }
+constexpr SForm Bytes() { return MakeForm(CZorEdidMap::eKind_Bytes); }
+constexpr SForm Unknown() { return MakeForm(CZorEdidMap::eKind_Unknown); }
+constexpr SForm Reserved(unsigned int uiExpected = 0)
+{
+    return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, "reserved bits are set");
+}
+
+// ---- Rows and tables ----
+
+struct SRow
+{
+    SPlace m_oPlace;
+    const char* m_pszName;
+    SForm m_oForm;
+    bool (*m_pfnApplies)(const CRecord&) = nullptr; // null: always
+    // What is off about the value, as a static text; null for nothing.
+    const char* (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
+};
+
+// A structure: its rows, and the area that all of its fields are of. Bits that no row takes become "Reserved", with a
+// note when they are set. Rows never overlap: of two rows for a bit, exactly one must apply.
+struct STable
+{
+    const char* m_pszName; // in the standard's term
+    CZorEdidMap::EArea m_eArea;
+    std::span<const SRow> m_aoRows;
+    CMString (*m_pfnSummary)(const CRecord&) = nullptr; // the value of the group; null for none
+};

@@ -1,0 +1,139 @@
+// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is off about them.
+// A reader beside the EDID classes: it takes images in any state, also those that CEdid refuses, and blocks that no class
+// models.
+
+#pragma once
+
+#include "ZorMFCTypes.h"
+
+#pragma GCC visibility push(default)
+
+/// The map of one image. Read makes it, everything else asks it. At the leaves every bit of the image belongs to exactly
+/// one field: reserved, unused and unknown bits are fields, too.
+///
+/// Fields stand in one list, depth first: a group, then what is in it. Names, units and meanings are the terms of the
+/// standards (E-EDID 1.3 and 1.4, CTA-861-H, HDMI 1.4 and 2.1, DisplayID 1.3 and 2.0); they are static texts, never null
+/// unless said, and outlive the map.
+class CZorEdidMap
+{
+public:
+    enum EKind : unsigned char
+    {
+        eKind_Group,    // holds the fields that follow it with a greater depth; the only kind that is no leaf
+        eKind_Number,   // m_llNumber / 10 ^ m_uiDecimals, in m_pszUnit
+        eKind_Flag,     // one bit; m_llNumber is 0 or 1, m_pszMeaning says what that means
+        eKind_Name,     // one of a list; m_pszMeaning is null for a value that the list lacks
+        eKind_Text,     // characters: GetValue gives them
+        eKind_Bytes,    // bytes without a finer meaning: GetValue gives hexadecimal digits
+        eKind_Reserved, // reserved by the standard, or filler: unused bytes between or behind what is used
+        eKind_Checksum, // m_llNumber is the byte
+        eKind_Unknown   // bytes that this reader knows no meaning of
+    };
+
+    /// What a field is about: a reader colours by it.
+    enum EArea : unsigned char
+    {
+        eArea_Structure, // tags, lengths, counts, versions, checksums
+        eArea_Identity,  // maker, product, serial number, date, names
+        eArea_Display,   // size, interface, features, power, tiles
+        eArea_Colour,    // gamma, chromaticities, colorimetry, HDR
+        eArea_Timing,    // timings and what limits them
+        eArea_Audio,     // audio formats, speakers, rooms
+        eArea_Vendor,    // what a maker defines
+        eArea_Unused     // reserved, filler, unknown
+    };
+
+    /// The library's three numberings of timings.
+    enum EList : unsigned char
+    {
+        eList_None,
+        eList_Established, // CEdid::GetEstablished with bVesaOnly 0
+        eList_Standard,    // CEdid::GetStandard
+        eList_Detailed     // CEdid::GetDetailed
+    };
+
+    enum ESeverity : unsigned char
+    {
+        eSeverity_Note,    // allowed, but worth a word
+        eSeverity_Warning, // odd: a reserved bit that is set, a value out of range, a contradiction
+        eSeverity_Error    // against the standard, and something is lost: a wrong sum, bytes that run past their end
+    };
+
+    static constexpr unsigned int msc_uiNone = 0xFFFFFFFF;
+
+    /// Bits of a field: ui8Mask of each of m_uiLength bytes. The mask of more than one byte is 0xFF.
+    struct SPiece
+    {
+        unsigned int m_uiOffset; // in the image
+        unsigned int m_uiLength; // bytes
+        unsigned char m_ui8Mask;
+    };
+
+    struct SField
+    {
+        const char* m_pszName;
+        const char* m_pszUnit;    // null without one
+        const char* m_pszMeaning; // null without one
+        long long m_llNumber;     // numbers, flags, names (the raw code) and checksums
+        unsigned int m_uiDecimals;
+        unsigned int m_uiIndex; // which of several of the same name, from 0; msc_uiNone for the only one
+        unsigned int m_uiOffset; // of its first byte in the image
+        unsigned int m_uiLength; // bytes from the first one to the last one, whole or not
+        unsigned int m_uiDepth;  // 0 for a block
+        unsigned int m_uiEnd;    // of a group the index behind its last field; of a leaf its own index + 1
+        unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
+        unsigned int m_uiPieces;     // 0 for a group
+        unsigned int m_uiTiming;     // number in m_eList; msc_uiNone for no timing, or one that the library does not list
+        EKind m_eKind;
+        EArea m_eArea;
+        EList m_eList;
+    };
+
+    struct SNote
+    {
+        unsigned int m_uiField;
+        ESeverity m_eSeverity;
+        const char* m_pszText; // a static text
+    };
+
+    CZorEdidMap();
+    ~CZorEdidMap();
+
+    CZorEdidMap(const CZorEdidMap&) = delete;
+    CZorEdidMap& operator=(const CZorEdidMap&) = delete;
+
+    /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken; the
+    /// map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0 when
+    /// there are no bytes or pui8Data is null, and then the map is empty. Nothing in the bytes decides how much memory is
+    /// asked for but their number.
+    int Read(unsigned int uiSize, const unsigned char* pui8Data);
+
+    /// The bytes that were read, GetSize of them; null when there are none.
+    const unsigned char* GetData() const;
+    unsigned int GetSize() const;
+
+    /// The index of a list must be below its count.
+    unsigned int GetFieldCount() const;
+    const SField& GetField(unsigned int uiIndex) const;
+    const SPiece& GetPiece(unsigned int uiIndex) const;
+    unsigned int GetNoteCount() const;
+    const SNote& GetNote(unsigned int uiIndex) const; // in rising order of their fields
+
+    /// The leaf that a bit (7 to 0) of a byte belongs to, as an index of GetField; msc_uiNone behind the image.
+    unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const;
+
+    /// The value as text: "60 Hz", "2.20", "DisplayPort", "DEL", "00 0c 03". Of a group a summary, such as
+    /// "1920 x 1080 @ 60 Hz"; empty where there is nothing to say. Control characters and bytes above 126 of a text
+    /// become '.'. uiField must be below GetFieldCount.
+    CMString GetValue(unsigned int uiField) const;
+
+private:
+    friend class CMapWriter;
+
+    CMArray<unsigned char, const unsigned char&> m_aui8Data;
+    CMArray<SField, const SField&> m_aoFields;
+    CMArray<SPiece, const SPiece&> m_aoPieces;
+    CMArray<SNote, const SNote&> m_aoNotes;
+};
+
+#pragma GCC visibility pop

@@ -39,7 +39,7 @@ function(zor_install_library target)
 endfunction()
 
 zor_install_library(ZorEdid NAME zoredid EXPORT ZorEdidTargets
-                    LAYERS zor_edid_utils zor_edid zor_timings zor_containers zor_os_messages)
+                    LAYERS zor_edid_map zor_edid_utils zor_edid zor_timings zor_containers zor_os_messages)
 add_library(ZorEdid::ZorEdid ALIAS ZorEdid)
 
 if(TARGET zor_os_services)

@@ -79,7 +79,8 @@ constexpr SPlace Big16(unsigned int uiOffset)
 
 constexpr SPlace Little24(unsigned int uiOffset)
 {
-    return Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset), 7, 0 } });
+    return Split(
+        { { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset), 7, 0 } });
 }
 
 constexpr SPlace Little32(unsigned int uiOffset)
@@ -101,8 +102,9 @@ constexpr SPlace RunToEnd(unsigned int uiOffset) { return Run(uiOffset, gsc_ui8T
 
 // ---- What it says ----
 
-// value = (raw * m_iMultiply + m_iAdd) / 10 ^ m_uiDecimals, m_iMultiply and m_iAdd counted in the last decimal.
-// m_uiDivide divides the product first, rounded half up: for binary fractions.
+// value = (raw * m_llMultiply + m_llAdd) / 10 ^ m_uiDecimals, m_llMultiply and m_llAdd counted in the last decimal.
+// m_uiDivide divides the product first, rounded half up: for binary fractions. A meaning of the raw value takes the
+// place of the number in the text; one that begins with "reserved" gives the note "reserved value".
 struct SForm
 {
     CZorEdidMap::EKind m_eKind = CZorEdidMap::eKind_Number;
@@ -115,7 +117,8 @@ struct SForm
     std::span<const SMeaning> m_aoMeanings = {};
     // The value as text, when a number, a meaning or the bytes are not it.
     CMString (*m_pfnText)(const CRecord&, unsigned int uiValue) = nullptr;
-    unsigned int m_uiExpected = msc_uiAny; // another raw value gets the note "reserved bits are set" or m_pszUnexpected
+    // Another raw value gets the note m_pszUnexpected, a warning. Of a run it is what each byte must be.
+    unsigned int m_uiExpected = msc_uiAny;
     const char* m_pszUnexpected = nullptr;
 
     static constexpr unsigned int msc_uiAny = 0xFFFFFFFF;
@@ -201,7 +204,7 @@ constexpr SForm Reserved(unsigned int uiExpected = 0)
     return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, "reserved bits are set");
 }
 
-// ---- Rows and tables ----
+// ---- Rows and tables: the map keeps their addresses, so that they must be static ----
 
 struct SRow
 {

@@ -1,5 +1,11 @@
 // Puts tables of rows over the bytes of an image, and keeps the promise of the map: every bit in exactly one leaf.
-// Private to this folder. MapBase.cpp, MapCta.cpp and MapDisplayId.cpp walk the bytes with it.
+// Private to this folder. MapBase.cpp, MapCta.cpp, MapDisplayId.cpp and MapOther.cpp walk the bytes with it.
+//
+//     oWriter.BeginBlock("CTA-861 extension block", uiOffset, uiLength);
+//     oWriter.AddRows(gsc_oHeadTable, uiOffset, 4);
+//     const unsigned int uiField = oWriter.AddRecord(gsc_oAudioTable, uiBlock, uiBlockLength);
+//     oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of the block");
+//     oWriter.EndBlock();
 
 #pragma once
 
@@ -23,6 +29,7 @@ public:
     }
 
     unsigned int GetSize() const { return m_uiSize; }
+    const unsigned char* GetData() const { return m_pui8Bytes; } // GetSize bytes
     const SImageFacts& GetFacts() const { return m_oFacts; }
 
     unsigned int GetByte(unsigned int uiOffset) const { return uiOffset < m_uiSize ? m_pui8Bytes[uiOffset] : 0U; }
@@ -39,46 +46,111 @@ private:
     unsigned int m_uiSize;
 };
 
-// Writes the fields of one image in the order of a walk. Groups nest; EndGroup fills what no leaf of the group has
-// taken as one field a run of bytes, "Reserved" inside a table's record and the given name elsewhere.
+// Writes the fields of one image in the order of a walk. Groups nest, at most msc_uiMostDepth deep. Offsets are those of
+// the image unless said. A range that leaves the open group, or the image, is cut; who walks says so in a note.
 class CMapWriter
 {
 public:
+    static constexpr unsigned int msc_uiBlockSize = 128;
+    static constexpr unsigned int msc_uiMostBlocks = 256;
+    static constexpr unsigned int msc_uiMostDepth = 16;
+
+    // Empties the map and fills it: the walk over all blocks. False when there are no bytes.
+    static bool Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned char* pui8Data);
+    // The name of the first row of the map's tables that was left out because another leaf had its bits: a fault of a
+    // table. Null for none.
+    static const char* GetOverlap(const CZorEdidMap& oMap) { return oMap.m_pszOverlap; }
+
     CMapWriter(CZorEdidMap& oMap, const SImageFacts& oFacts);
 
+    // What the rows are asked with.
+    static SImageFacts GetFacts(const CZorEdidMap& oMap);
     const SImageFacts& GetFacts() const { return m_oFacts; }
 
+    // The bytes: a byte behind the image reads as 0, a record is cut at the end of the image.
+    unsigned int GetByte(unsigned int uiOffset) const;
+    CRecord GetRecord(unsigned int uiOffset, unsigned int uiLength) const;
+
     // A group over uiLength bytes from uiOffset of the image on. What is left of them at EndGroup becomes one field for
-    // each run, of this name and kind: eKind_Reserved (with a note when it is not 0) or eKind_Unknown.
-    void BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
-                    unsigned int uiIndex = CZorEdidMap::msc_uiNone);
+    // each run of bytes, and for what is left of each byte, of this name and kind: eKind_Reserved (with a note when it
+    // is not 0) or eKind_Unknown. Returns the index of the group's field.
+    unsigned int BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
+                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
     void EndGroup(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
+
+    // The group of a whole block. EndBlock adds the checksum in the last byte and closes the group. Of a block that is
+    // cut short, a note says so, and its rest is unknown.
+    unsigned int BeginBlock(const char* pszName, unsigned int uiOffset, unsigned int uiLength);
+    void EndBlock(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
 
     // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes do not all
     // lie in them is left out. Returns the index of the group's field.
     unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
+    // AddRecord in two steps: what is added between them stands in the group behind the leaves of the table. Ended by
+    // EndGroup.
+    unsigned int BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+                             unsigned int uiIndex = CZorEdidMap::msc_uiNone);
     // As AddRecord, in the open group instead of one of its own.
     void AddRows(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
     // Items of the same size, one record after the other, as many as fit; numbered from 0.
     void AddItems(const STable& oTable, unsigned int uiOffset, unsigned int uiLength, unsigned int uiItemSize);
 
-    // One leaf by itself. Offsets of the place count from uiOffset of the image.
+    // One leaf by itself. The place counts from uiOffset.
     void AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int uiIndex = CZorEdidMap::msc_uiNone);
+    void AddLeaf(const SRow&& oRow, CZorEdidMap::EArea, unsigned int, unsigned int, unsigned int = 0) = delete;
 
-    // To the last field that was begun or added; to an earlier one by its index.
+    // The byte at uiOffset, which must bring the sum of the bytes from uiFirst up to itself to 0; an error note when it
+    // does not.
+    void AddChecksum(unsigned int uiFirst, unsigned int uiOffset);
+
+    // To the last field that was begun, added or ended; to an earlier one by its index.
     void AddNote(CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber);
 
+    // The outermost field that holds exactly these bytes; msc_uiNone for none. For what is found once all fields stand.
+    unsigned int FindField(unsigned int uiOffset, unsigned int uiLength) const;
+
 private:
+    struct SRange
+    {
+        unsigned int m_uiOffset;
+        unsigned int m_uiLength;
+    };
+    struct SPieces
+    {
+        CZorEdidMap::SPiece m_aoPieces[gsc_uiMostPieces];
+        unsigned int m_uiCount;
+    };
+
+    SRange GetOpenRange() const;
+    SRange Clip(unsigned int uiOffset, unsigned int uiLength) const;
+    void WriteBlocks();
+    void WriteBlock(unsigned int uiOffset, unsigned int uiLength);
+    void WriteTail();
+    void NoteBlockCount();
+
+    unsigned int AppendField(const CZorEdidMap::SField& oField, const CZorEdidMap::SOrigin& oOrigin);
+    unsigned int AppendLeaf(CZorEdidMap::SField oField, const CZorEdidMap::SOrigin& oOrigin, const SPieces& oPieces);
+    unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange, unsigned int uiIndex);
+    void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
+                 unsigned char ui8Mask);
+    void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);
+
+    bool IsFree(const SPieces& oPieces) const;
+    unsigned char GetFreeMask(unsigned int uiOffset) const;
+
     CZorEdidMap& m_oMap;
     SImageFacts m_oFacts;
+    unsigned int m_auiOpen[msc_uiMostDepth]; // fields of the open groups
+    unsigned int m_uiDepth;                  // how many are open
+    unsigned int m_uiLast;                   // field that a note without an index goes to
 };
 
 // The walks, one a kind of block. uiOffset is that of the block in the image; uiLength is 128, or less for a block that
-// is cut short.
+// is cut short. Each opens its block by BeginBlock and closes it by EndBlock, which adds the checksum.
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
 void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
 void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
@@ -86,9 +158,13 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 
 // Shared between the kinds of blocks.
 extern const STable g_oDetailedTimingTable; // 18 bytes, E-EDID 3.10.2
-void MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex); // 18 bytes: a timing or a display descriptor
+// 18 bytes: a timing or a display descriptor. A shorter rest of the open group is left to the group.
+void MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex);
 // A data block collection of CTA-861: of an extension block, or carried in a DisplayID block.
 void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
 // A timing of DisplayID Types I to X, which CTA-861 data blocks carry as well; ui8Tag is the DisplayID tag.
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,
                         unsigned int uiLength, unsigned int uiIndex);
+
+// What the form makes of uiBits bits, SForm.
+long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);

@@ -6,6 +6,9 @@
 
 #include "ZorMFCTypes.h"
 
+struct SRow;
+struct STable;
+
 #pragma GCC visibility push(default)
 
 /// The map of one image. Read makes it, everything else asks it. At the leaves every bit of the image belongs to exactly
@@ -76,14 +79,14 @@ public:
         const char* m_pszMeaning; // null without one
         long long m_llNumber;     // numbers, flags, names (the raw code) and checksums
         unsigned int m_uiDecimals;
-        unsigned int m_uiIndex; // which of several of the same name, from 0; msc_uiNone for the only one
-        unsigned int m_uiOffset; // of its first byte in the image
-        unsigned int m_uiLength; // bytes from the first one to the last one, whole or not
-        unsigned int m_uiDepth;  // 0 for a block
-        unsigned int m_uiEnd;    // of a group the index behind its last field; of a leaf its own index + 1
+        unsigned int m_uiIndex;      // which of several of the same name, from 0; msc_uiNone for the only one
+        unsigned int m_uiOffset;     // of its first byte in the image
+        unsigned int m_uiLength;     // bytes from the first one to the last one, whole or not
+        unsigned int m_uiDepth;      // 0 for a block
+        unsigned int m_uiEnd;        // of a group the index behind its last field; of a leaf its own index + 1
         unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
         unsigned int m_uiPieces;     // 0 for a group
-        unsigned int m_uiTiming;     // number in m_eList; msc_uiNone for no timing, or one that the library does not list
+        unsigned int m_uiTiming; // number in m_eList; msc_uiNone for no timing, or one that the library does not list
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;
@@ -104,8 +107,8 @@ public:
 
     /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken; the
     /// map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0 when
-    /// there are no bytes or pui8Data is null, and then the map is empty. Nothing in the bytes decides how much memory is
-    /// asked for but their number.
+    /// there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. Nothing in the bytes
+    /// decides how much memory is asked for but their number.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// The bytes that were read, GetSize of them; null when there are none.
@@ -123,17 +126,32 @@ public:
     unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const;
 
     /// The value as text: "60 Hz", "2.20", "DisplayPort", "DEL", "00 0c 03". Of a group a summary, such as
-    /// "1920 x 1080 @ 60 Hz"; empty where there is nothing to say. Control characters and bytes above 126 of a text
-    /// become '.'. uiField must be below GetFieldCount.
+    /// "1920 x 1080 @ 60 Hz"; empty where there is nothing to say. A number with a meaning gives the meaning, a code
+    /// without one "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are no whole bytes their number
+    /// "0x3". Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
     CMString GetValue(unsigned int uiField) const;
 
 private:
     friend class CMapWriter;
 
+    // What GetValue makes the text from: the row of a leaf or the table of a group, and the bytes that it lay over.
+    struct SOrigin
+    {
+        const SRow* m_poRow;     // null for a group and for a leaf that no row describes
+        const STable* m_poTable; // null for a leaf and for a group without a table
+        unsigned int m_uiOffset;
+        unsigned int m_uiLength;
+    };
+
     CMArray<unsigned char, const unsigned char&> m_aui8Data;
     CMArray<SField, const SField&> m_aoFields;
     CMArray<SPiece, const SPiece&> m_aoPieces;
     CMArray<SNote, const SNote&> m_aoNotes;
+    CMArray<SOrigin, const SOrigin&> m_aoOrigins;           // one a field
+    CMArray<unsigned int, const unsigned int&> m_auiLeaves; // of each bit of the blocks, bit 0 of a byte first
+    unsigned int m_uiRevision;                              // of E-EDID, as SImageFacts has it
+    bool m_bDigital;
+    const char* m_pszOverlap; // name of the first row that was left out because another one had its bits
 };
 
 #pragma GCC visibility pop

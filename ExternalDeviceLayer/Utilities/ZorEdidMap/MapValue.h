@@ -1,0 +1,18 @@
+// Values as text. Private to this folder: CZorEdidMap::GetValue asks FormatValue, summaries may use FormatNumber.
+
+#pragma once
+
+#include "MapWriter.h"
+
+// What describes a field: the row of a leaf or the table of a group, either may be null, and the bytes under it.
+struct SValueSource
+{
+    const SRow* m_poRow;
+    const STable* m_poTable;
+    const CRecord& m_oRecord;
+};
+
+CMString FormatValue(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource);
+
+// llNumber / 10 ^ uiDecimals, then a blank and the unit; a null unit is none: "2.20", "60 Hz".
+CMString FormatNumber(long long llNumber, unsigned int uiDecimals, const char* pszUnit);

@@ -1,0 +1,188 @@
+// CZorEdidMap: reading an image block by block, and asking the map.
+
+#include "ZorEdidMap.h"
+
+#include "MapValue.h"
+#include "ZorTools.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBits = 8; // of a byte
+
+constexpr unsigned int gsc_uiRevisionOffset = 0x13;
+constexpr unsigned int gsc_uiVideoInputOffset = 0x14;
+constexpr unsigned int gsc_uiDigitalMask = 0x80;
+constexpr unsigned int gsc_uiExtensionCountOffset = 0x7E;
+
+constexpr unsigned int gsc_uiTagCta = 0x02;
+constexpr unsigned int gsc_uiTagDisplayId = 0x70;
+
+// HDMI 2.1: the data block with the true number of extension blocks stands first in block 1.
+constexpr unsigned int gsc_uiCountBlockOffset = 128 + 4;
+constexpr unsigned int gsc_uiCountBlockHead = 0xE2;
+constexpr unsigned int gsc_uiCountBlockTag = 0x78;
+} // namespace
+
+CZorEdidMap::CZorEdidMap() : m_uiRevision(0), m_bDigital(false), m_pszOverlap(nullptr) {}
+CZorEdidMap::~CZorEdidMap() = default;
+
+int CZorEdidMap::Read(unsigned int uiSize, const unsigned char* pui8Data)
+{
+    return CMapWriter::Write(*this, uiSize, pui8Data) ? 1 : 0;
+}
+
+const unsigned char* CZorEdidMap::GetData() const { return m_aui8Data.GetData(); }
+unsigned int CZorEdidMap::GetSize() const { return m_aui8Data.GetCount(); }
+unsigned int CZorEdidMap::GetFieldCount() const { return m_aoFields.GetCount(); }
+const CZorEdidMap::SField& CZorEdidMap::GetField(unsigned int uiIndex) const { return m_aoFields[uiIndex]; }
+const CZorEdidMap::SPiece& CZorEdidMap::GetPiece(unsigned int uiIndex) const { return m_aoPieces[uiIndex]; }
+unsigned int CZorEdidMap::GetNoteCount() const { return m_aoNotes.GetCount(); }
+const CZorEdidMap::SNote& CZorEdidMap::GetNote(unsigned int uiIndex) const { return m_aoNotes[uiIndex]; }
+
+unsigned int CZorEdidMap::FindLeaf(unsigned int uiOffset, unsigned int uiBit) const
+{
+    if (uiOffset >= GetSize() || uiBit >= gsc_uiBits)
+    {
+        return msc_uiNone;
+    }
+    // Behind the blocks there is one leaf, the last field.
+    const unsigned int uiBlockBytes = m_auiLeaves.GetCount() / gsc_uiBits;
+    return uiOffset < uiBlockBytes ? m_auiLeaves[uiOffset * gsc_uiBits + uiBit] : GetFieldCount() - 1;
+}
+
+CMString CZorEdidMap::GetValue(unsigned int uiField) const
+{
+    if (uiField >= GetFieldCount())
+    {
+        MASSERT_FAILED();
+        return {};
+    }
+    const SField& oField = m_aoFields[uiField];
+    const SOrigin& oOrigin = m_aoOrigins[uiField];
+    const SImageFacts oFacts = CMapWriter::GetFacts(*this);
+    const CRecord oRecord(oFacts, GetData() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
+    return FormatValue(*this, oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
+}
+
+bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned char* pui8Data)
+{
+    oMap.m_aoFields.RemoveAll();
+    oMap.m_aoPieces.RemoveAll();
+    oMap.m_aoNotes.RemoveAll();
+    oMap.m_aoOrigins.RemoveAll();
+    oMap.m_auiLeaves.RemoveAll();
+    oMap.m_aui8Data.RemoveAll();
+    oMap.m_pszOverlap = nullptr;
+    if (uiSize == 0 || uiSize > INT_MAX || pui8Data == nullptr)
+    {
+        return false;
+    }
+    oMap.m_aui8Data.SetCount(uiSize, -1);
+    ZorTools_memcpy(oMap.m_aui8Data.GetData(), pui8Data, uiSize);
+
+    // The lists grow by a step that the size gives: an image has two to three fields a byte.
+    const unsigned int uiMost = msc_uiBlockSize * msc_uiMostBlocks;
+    const unsigned int uiBlockBytes = uiSize < uiMost ? uiSize : uiMost;
+    const int iStep = static_cast<int>(uiBlockBytes + msc_uiBlockSize);
+    oMap.m_aoFields.SetSize(0, iStep);
+    oMap.m_aoPieces.SetSize(0, iStep);
+    oMap.m_aoOrigins.SetSize(0, iStep);
+    oMap.m_auiLeaves.SetCount(uiBlockBytes * gsc_uiBits, -1);
+    ZorTools_memset(oMap.m_auiLeaves.GetData(), 0xFF,
+                    static_cast<unsigned int>(uiBlockBytes * gsc_uiBits * sizeof(unsigned int)));
+    static_assert(CZorEdidMap::msc_uiNone == 0xFFFFFFFF, "free bits are filled byte by byte");
+
+    oMap.m_uiRevision = uiSize > gsc_uiRevisionOffset ? pui8Data[gsc_uiRevisionOffset] : 0;
+    oMap.m_bDigital = uiSize > gsc_uiVideoInputOffset && (pui8Data[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
+    CMapWriter oWriter(oMap, GetFacts(oMap));
+    oWriter.WriteBlocks();
+    return true;
+}
+
+void CMapWriter::WriteBlocks()
+{
+    const unsigned int uiBlockBytes = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits;
+    for (unsigned int uiOffset = 0; uiOffset < uiBlockBytes; uiOffset += msc_uiBlockSize)
+    {
+        const unsigned int uiLeft = uiBlockBytes - uiOffset;
+        WriteBlock(uiOffset, uiLeft < msc_uiBlockSize ? uiLeft : msc_uiBlockSize);
+    }
+    WriteTail();
+    NoteBlockCount();
+}
+
+void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
+{
+    if (uiOffset == 0)
+    {
+        MapBaseBlock(*this, uiOffset, uiLength);
+        return;
+    }
+    switch (GetByte(uiOffset))
+    {
+    case gsc_uiTagCta:
+        MapCtaBlock(*this, uiOffset, uiLength);
+        break;
+    case gsc_uiTagDisplayId:
+        MapDisplayIdBlock(*this, uiOffset, uiLength);
+        break;
+    default:
+        MapOtherBlock(*this, uiOffset, uiLength);
+        break;
+    }
+}
+
+// What lies behind the blocks has no place in the list of bits.
+void CMapWriter::WriteTail()
+{
+    const unsigned int uiFirst = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits;
+    const unsigned int uiLength = m_oMap.GetSize() - uiFirst;
+    if (uiLength == 0)
+    {
+        return;
+    }
+    CZorEdidMap::SField oField = {};
+    oField.m_pszName = "Bytes behind the blocks";
+    oField.m_uiIndex = CZorEdidMap::msc_uiNone;
+    oField.m_uiOffset = uiFirst;
+    oField.m_uiLength = uiLength;
+    oField.m_uiEnd = m_oMap.GetFieldCount() + 1;
+    oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
+    oField.m_uiPieces = 1;
+    oField.m_uiTiming = CZorEdidMap::msc_uiNone;
+    oField.m_eKind = CZorEdidMap::eKind_Unknown;
+    oField.m_eArea = CZorEdidMap::eArea_Unused;
+    m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
+    AppendField(oField, { nullptr, nullptr, uiFirst, uiLength });
+    AddNote(CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");
+}
+
+// The blocks that are there against those that byte 126 announces, or the data block of HDMI 2.1 that overrides it.
+void CMapWriter::NoteBlockCount()
+{
+    if (m_oMap.GetSize() < msc_uiBlockSize)
+    {
+        return;
+    }
+    unsigned int uiAnnounced = GetByte(gsc_uiExtensionCountOffset);
+    unsigned int uiPlace = gsc_uiExtensionCountOffset;
+    if (uiAnnounced != 0 && GetByte(msc_uiBlockSize) == gsc_uiTagCta &&
+        GetByte(gsc_uiCountBlockOffset) == gsc_uiCountBlockHead &&
+        GetByte(gsc_uiCountBlockOffset + 1) == gsc_uiCountBlockTag)
+    {
+        uiPlace = gsc_uiCountBlockOffset + 2;
+        uiAnnounced = GetByte(uiPlace);
+    }
+    const unsigned int uiThere = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits / msc_uiBlockSize - 1;
+    if (uiThere < uiAnnounced)
+    {
+        AddNote(m_oMap.FindLeaf(uiPlace, 0), CZorEdidMap::eSeverity_Error, "fewer extension blocks follow");
+    }
+    for (unsigned int i = 0; i < m_oMap.GetFieldCount(); i = m_oMap.GetField(i).m_uiEnd)
+    {
+        if (m_oMap.GetField(i).m_uiOffset / msc_uiBlockSize > uiAnnounced)
+        {
+            AddNote(i, CZorEdidMap::eSeverity_Warning, "not counted by the number of extension blocks");
+        }
+    }
+}

@@ -46,8 +46,8 @@ private:
     unsigned int m_uiSize;
 };
 
-// Writes the fields of one image in the order of a walk. Groups nest, at most msc_uiMostDepth deep. Offsets are those of
-// the image unless said. A range that leaves the open group, or the image, is cut; who walks says so in a note.
+// Writes the fields of one image in the order of a walk. Groups nest, at most msc_uiMostDepth deep. Offsets are those
+// of the image unless said. A range that leaves the open group, or the image, is cut; who walks says so in a note.
 class CMapWriter
 {
 public:
@@ -83,8 +83,8 @@ public:
     unsigned int BeginBlock(const char* pszName, unsigned int uiOffset, unsigned int uiLength);
     void EndBlock(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
 
-    // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes do not all
-    // lie in them is left out. Returns the index of the group's field.
+    // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes do not
+    // all lie in them is left out. Returns the index of the group's field.
     unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
     // AddRecord in two steps: what is added between them stands in the group behind the leaves of the table. Ended by

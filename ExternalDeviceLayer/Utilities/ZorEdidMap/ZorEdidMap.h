@@ -1,6 +1,6 @@
-// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is off about them.
-// A reader beside the EDID classes: it takes images in any state, also those that CEdid refuses, and blocks that no class
-// models.
+// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is off about
+// them. A reader beside the EDID classes: it takes images in any state, also those that CEdid refuses, and blocks that
+// no class models.
 
 #pragma once
 
@@ -11,12 +11,12 @@ struct STable;
 
 #pragma GCC visibility push(default)
 
-/// The map of one image. Read makes it, everything else asks it. At the leaves every bit of the image belongs to exactly
-/// one field: reserved, unused and unknown bits are fields, too.
+/// The map of one image. Read makes it, everything else asks it. At the leaves every bit of the image belongs to
+/// exactly one field: reserved, unused and unknown bits are fields, too.
 ///
 /// Fields stand in one list, depth first: a group, then what is in it. Names, units and meanings are the terms of the
-/// standards (E-EDID 1.3 and 1.4, CTA-861-H, HDMI 1.4 and 2.1, DisplayID 1.3 and 2.0); they are static texts, never null
-/// unless said, and outlive the map.
+/// standards (E-EDID 1.3 and 1.4, CTA-861-H, HDMI 1.4 and 2.1, DisplayID 1.3 and 2.0); they are static texts, never
+/// null unless said, and outlive the map.
 class CZorEdidMap
 {
 public:
@@ -105,10 +105,10 @@ public:
     CZorEdidMap(const CZorEdidMap&) = delete;
     CZorEdidMap& operator=(const CZorEdidMap&) = delete;
 
-    /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken; the
-    /// map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0 when
-    /// there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. Nothing in the bytes
-    /// decides how much memory is asked for but their number.
+    /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken;
+    /// the map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0
+    /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. Nothing in
+    /// the bytes decides how much memory is asked for but their number.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// The bytes that were read, GetSize of them; null when there are none.
@@ -127,8 +127,8 @@ public:
 
     /// The value as text: "60 Hz", "2.20", "DisplayPort", "DEL", "00 0c 03". Of a group a summary, such as
     /// "1920 x 1080 @ 60 Hz"; empty where there is nothing to say. A number with a meaning gives the meaning, a code
-    /// without one "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are no whole bytes their number
-    /// "0x3". Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
+    /// without one "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are no whole bytes their
+    /// number "0x3". Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
     CMString GetValue(unsigned int uiField) const;
 
 private:

@@ -117,6 +117,8 @@ struct SForm
     std::span<const SMeaning> m_aoMeanings = {};
     // The value as text, when a number, a meaning or the bytes are not it.
     CMString (*m_pfnText)(const CRecord&, unsigned int uiValue) = nullptr;
+    // The number, when no product is it; counted in the last decimal.
+    long long (*m_pfnNumber)(const CRecord&, unsigned int uiValue) = nullptr;
     // Another raw value gets the note m_pszUnexpected, a warning. Of a run it is what each byte must be.
     unsigned int m_uiExpected = msc_uiAny;
     const char* m_pszUnexpected = nullptr;
@@ -161,6 +163,12 @@ struct SForm
         oForm.m_pfnText = pfnText;
         return oForm;
     }
+    constexpr SForm Computed(long long (*pfnNumber)(const CRecord&, unsigned int)) const
+    {
+        SForm oForm = *this;
+        oForm.m_pfnNumber = pfnNumber;
+        return oForm;
+    }
     constexpr SForm Expect(unsigned int uiValue, const char* pszUnexpected) const
     {
         SForm oForm = *this;
@@ -186,6 +194,8 @@ constexpr SForm Number(const char* pszUnit = nullptr)
 
 inline constexpr SMeaning gsc_aoNoYes[] = { { 0, 0, "no" }, { 1, 1, "yes" } };
 
+inline constexpr SMeaning gsc_aoSupported[] = { { 0, 0, "not supported" }, { 1, 1, "supported" } };
+
 constexpr SForm Flag(std::span<const SMeaning> aoMeanings = gsc_aoNoYes)
 {
     return MakeForm(CZorEdidMap::eKind_Flag).With(aoMeanings);
@@ -202,6 +212,11 @@ constexpr SForm Unknown() { return MakeForm(CZorEdidMap::eKind_Unknown); }
 constexpr SForm Reserved(unsigned int uiExpected = 0)
 {
     return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, "reserved bits are set");
+}
+// A byte, or a run of bytes, that says nothing but must have this value.
+constexpr SForm Filler(unsigned int uiExpected, const char* pszUnexpected)
+{
+    return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, pszUnexpected);
 }
 
 // ---- Rows and tables: the map keeps their addresses, so that they must be static ----

@@ -223,12 +223,20 @@ void CMapWriter::EndBlock(const char* pszRest, CZorEdidMap::EKind eRest)
     EndGroup(pszRest, eRest);
 }
 
-unsigned int CMapWriter::BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                                     unsigned int uiIndex)
+unsigned int CMapWriter::BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+                                    unsigned int uiIndex)
 {
     const unsigned int uiField = BeginGroup(oTable.m_pszName, oTable.m_eArea, uiOffset, uiLength, uiIndex);
     m_oMap.m_aoOrigins[uiField].m_poTable = &oTable;
-    AddRows(oTable, uiOffset, uiLength);
+    return uiField;
+}
+
+unsigned int CMapWriter::BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+                                     unsigned int uiIndex)
+{
+    const unsigned int uiField = BeginGroup(oTable, uiOffset, uiLength, uiIndex);
+    const SRange oRange = GetOpenRange();
+    AddRows(oTable, oRange.m_uiOffset, oRange.m_uiLength);
     return uiField;
 }
 
@@ -242,10 +250,9 @@ unsigned int CMapWriter::AddRecord(const STable& oTable, unsigned int uiOffset, 
 
 void CMapWriter::AddRows(const STable& oTable, unsigned int uiOffset, unsigned int uiLength)
 {
-    const SRange oRange = Clip(uiOffset, uiLength);
     for (const SRow& oRow : oTable.m_aoRows)
     {
-        AddRow(oRow, oTable.m_eArea, oRange, CZorEdidMap::msc_uiNone);
+        AddRow(oRow, oTable.m_eArea, { uiOffset, uiLength }, CZorEdidMap::msc_uiNone);
     }
 }
 
@@ -268,7 +275,7 @@ void CMapWriter::AddItems(const STable& oTable, unsigned int uiOffset, unsigned 
 void CMapWriter::AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
                          unsigned int uiIndex)
 {
-    AddRow(oRow, eArea, Clip(uiOffset, uiLength), uiIndex);
+    AddRow(oRow, eArea, { uiOffset, uiLength }, uiIndex);
 }
 
 bool CMapWriter::IsFree(const SPieces& oPieces) const
@@ -331,31 +338,46 @@ unsigned int CMapWriter::AppendLeaf(CZorEdidMap::SField oField, const CZorEdidMa
     return AppendField(oField, oOrigin);
 }
 
+// None when they do not all lie in the record and in the open group. A run to the end ends with both.
+CMapWriter::SPieces CMapWriter::FindPieces(const SPlace& oPlace, const SRange& oRecord) const
+{
+    const SRange oOpen = GetOpenRange();
+    const unsigned int uiOpenEnd = oOpen.m_uiOffset + oOpen.m_uiLength;
+    const unsigned int uiRecordEnd = oRecord.m_uiOffset + oRecord.m_uiLength;
+    const unsigned int uiEnd = uiOpenEnd < uiRecordEnd ? uiOpenEnd : uiRecordEnd;
+    SPieces oPieces = {};
+    for (unsigned int i = 0; i < oPlace.m_ui8Pieces; ++i)
+    {
+        const SBitsPlace& oPart = oPlace.m_aoPieces[i];
+        const unsigned int uiFirst = oRecord.m_uiOffset + oPart.m_ui8Offset;
+        if (uiFirst < oOpen.m_uiOffset || uiFirst >= uiEnd)
+        {
+            return {};
+        }
+        const unsigned int uiLength = oPlace.m_ui8Run == 0                 ? 1U
+                                      : oPlace.m_ui8Run != gsc_ui8ToTheEnd ? oPlace.m_ui8Run
+                                                                           : uiEnd - uiFirst;
+        if (uiLength > uiEnd - uiFirst)
+        {
+            return {};
+        }
+        oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiFirst, uiLength, GetMask(oPart) };
+    }
+    return oPieces;
+}
+
 unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange, unsigned int uiIndex)
 {
     const CRecord oRecord = GetRecord(oRange.m_uiOffset, oRange.m_uiLength);
-    SPieces oPieces = {};
     if (oRow.m_pfnApplies != nullptr && !oRow.m_pfnApplies(oRecord))
     {
         return CZorEdidMap::msc_uiNone;
     }
     const SPlace& oPlace = oRow.m_oPlace;
-    for (unsigned int i = 0; i < oPlace.m_ui8Pieces; ++i)
-    {
-        const SBitsPlace& oPart = oPlace.m_aoPieces[i];
-        const unsigned int uiLength = oPlace.m_ui8Run == 0                    ? 1U
-                                      : oPlace.m_ui8Run != gsc_ui8ToTheEnd    ? oPlace.m_ui8Run
-                                      : oRange.m_uiLength > oPart.m_ui8Offset ? oRange.m_uiLength - oPart.m_ui8Offset
-                                                                              : 0U;
-        if (uiLength == 0 || oPart.m_ui8Offset + uiLength > oRange.m_uiLength)
-        {
-            return CZorEdidMap::msc_uiNone; // not all there
-        }
-        oPieces.m_aoPieces[oPieces.m_uiCount++] = { oRange.m_uiOffset + oPart.m_ui8Offset, uiLength, GetMask(oPart) };
-    }
+    const SPieces oPieces = FindPieces(oPlace, { oRange.m_uiOffset, oRecord.GetSize() });
     if (oPieces.m_uiCount == 0)
     {
-        return CZorEdidMap::msc_uiNone;
+        return CZorEdidMap::msc_uiNone; // not all there
     }
     if (!IsFree(oPieces))
     {
@@ -369,14 +391,15 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
     oField.m_pszMeaning = FindMeaning(oForm, uiRaw);
-    oField.m_llNumber = ComputeNumber(oForm, uiRaw, CountBits(oPlace));
+    oField.m_llNumber = oForm.m_pfnNumber != nullptr ? oForm.m_pfnNumber(oRecord, uiRaw)
+                                                     : ComputeNumber(oForm, uiRaw, CountBits(oPlace));
     oField.m_uiDecimals = oForm.m_uiDecimals;
     oField.m_uiIndex = uiIndex;
     oField.m_eKind = oForm.m_eKind;
     oField.m_eArea = oForm.m_eKind == CZorEdidMap::eKind_Reserved || oForm.m_eKind == CZorEdidMap::eKind_Unknown
                          ? CZorEdidMap::eArea_Unused
                          : eArea;
-    const unsigned int uiField = AppendLeaf(oField, { &oRow, nullptr, oRange.m_uiOffset, oRange.m_uiLength }, oPieces);
+    const unsigned int uiField = AppendLeaf(oField, { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize() }, oPieces);
     if (oPlace.m_ui8Run != 0 && oForm.m_uiExpected != SForm::msc_uiAny &&
         !IsEveryByte(oRecord, oPieces.m_aoPieces[0], oRange.m_uiOffset, oForm.m_uiExpected))
     {
@@ -486,6 +509,22 @@ void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsig
     {
         m_oMap.m_aoFields[uiField].m_eList = eList;
         m_oMap.m_aoFields[uiField].m_uiTiming = uiNumber;
+    }
+}
+
+void CMapWriter::SetName(const char* pszName)
+{
+    if (m_uiLast < m_oMap.m_aoFields.GetCount())
+    {
+        m_oMap.m_aoFields[m_uiLast].m_pszName = pszName;
+    }
+}
+
+void CMapWriter::SetMeaning(const char* pszMeaning)
+{
+    if (m_uiLast < m_oMap.m_aoFields.GetCount())
+    {
+        m_oMap.m_aoFields[m_uiLast].m_pszMeaning = pszMeaning;
     }
 }
 

@@ -87,16 +87,19 @@ public:
     // all lie in them is left out. Returns the index of the group's field.
     unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
-    // AddRecord in two steps: what is added between them stands in the group behind the leaves of the table. Ended by
-    // EndGroup.
+    // AddRecord in steps. BeginGroup of a table has its name, area and summary, but adds none of its rows; BeginRecord
+    // adds them. What is added then stands in the group, too. Ended by EndGroup.
+    unsigned int BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
     unsigned int BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                              unsigned int uiIndex = CZorEdidMap::msc_uiNone);
-    // As AddRecord, in the open group instead of one of its own.
+    // As AddRecord, in the open group instead of one of its own. The bytes may reach beyond the group: a row that takes
+    // bits outside of it is left out.
     void AddRows(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
     // Items of the same size, one record after the other, as many as fit; numbered from 0.
     void AddItems(const STable& oTable, unsigned int uiOffset, unsigned int uiLength, unsigned int uiItemSize);
 
-    // One leaf by itself. The place counts from uiOffset.
+    // One leaf by itself. The place counts from uiOffset. As with AddRows, the bytes may reach beyond the open group.
     void AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int uiIndex = CZorEdidMap::msc_uiNone);
     void AddLeaf(const SRow&& oRow, CZorEdidMap::EArea, unsigned int, unsigned int, unsigned int = 0) = delete;
@@ -109,6 +112,10 @@ public:
     void AddNote(CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber);
+
+    // The last field under a name, or with a meaning, that depends on bytes beyond its record. Static texts.
+    void SetName(const char* pszName);
+    void SetMeaning(const char* pszMeaning);
 
     // The outermost field that holds exactly these bytes; msc_uiNone for none. For what is found once all fields stand.
     unsigned int FindField(unsigned int uiOffset, unsigned int uiLength) const;
@@ -134,6 +141,7 @@ private:
 
     unsigned int AppendField(const CZorEdidMap::SField& oField, const CZorEdidMap::SOrigin& oOrigin);
     unsigned int AppendLeaf(CZorEdidMap::SField oField, const CZorEdidMap::SOrigin& oOrigin, const SPieces& oPieces);
+    SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange, unsigned int uiIndex);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                  unsigned char ui8Mask);
@@ -158,6 +166,8 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 
 // Shared between the kinds of blocks.
 extern const STable g_oDetailedTimingTable; // 18 bytes, E-EDID 3.10.2
+extern const STable g_oStandardTimingTable; // 2 bytes, E-EDID 3.9
+extern const STable g_oCvtCodeTable;        // 3 bytes, E-EDID 3.10.3.8
 // 18 bytes: a timing or a display descriptor. A shorter rest of the open group is left to the group.
 void MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex);
 // A data block collection of CTA-861: of an extension block, or carried in a DisplayID block.

@@ -1,9 +1,468 @@
-// The base block of E-EDID 1.3 and 1.4.
+// The base block, VESA E-EDID standard, Release A Revision 2 (1.4), and 1.3 with its predecessors where they differ.
+// Offsets are those of the block. The 18-byte descriptors stand in MapDescriptors.cpp.
 
-#include "MapWriter.h"
+#include "MapValue.h"
+
+#include <string.h>
+
+namespace
+{
+constexpr unsigned int gsc_uiDescriptorsOffset = 0x36;
+constexpr unsigned int gsc_uiDescriptorCount = 4;
+constexpr unsigned int gsc_uiDescriptorTagOffset = 3;
+constexpr unsigned int gsc_uiTagName = 0xFC;
+constexpr unsigned int gsc_uiTagRangeLimits = 0xFD;
+
+bool IsRevision4(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision >= 4; }
+bool IsBefore4(const CRecord& oRecord) { return !IsRevision4(oRecord); }
+bool IsRevision3(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision == 3; }
+
+// ---- Header, E-EDID 3.3 ----
+
+const char* CheckHeader(const CRecord& oRecord, unsigned int)
+{
+    constexpr unsigned char aui8Header[] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
+    for (unsigned int i = 0; i < sizeof(aui8Header); ++i)
+    {
+        if (oRecord.GetByte(i) != aui8Header[i])
+        {
+            return "not the header of a base block";
+        }
+    }
+    return nullptr;
+}
+
+constexpr SRow gsc_oHeaderRow = { Run(0x00, 8), "Header", Bytes(), nullptr, CheckHeader };
+
+// ---- Vendor and product identification, E-EDID 3.4 ----
+
+constexpr unsigned int gsc_uiLetters = 3;
+constexpr unsigned int gsc_uiLetterBits = 5;
+
+unsigned int GetLetter(unsigned int uiValue, unsigned int uiLetter)
+{
+    return (uiValue >> (gsc_uiLetterBits * (gsc_uiLetters - 1 - uiLetter))) & ((1U << gsc_uiLetterBits) - 1);
+}
+
+CMString FormatMaker(const CRecord&, unsigned int uiValue)
+{
+    CMString oText;
+    for (unsigned int i = 0; i < gsc_uiLetters; ++i)
+    {
+        oText += static_cast<char>('A' - 1 + static_cast<int>(GetLetter(uiValue, i)));
+    }
+    return oText;
+}
+
+const char* CheckMaker(const CRecord&, unsigned int uiValue)
+{
+    constexpr unsigned int uiZ = 'Z' - 'A' + 1;
+    for (unsigned int i = 0; i < gsc_uiLetters; ++i)
+    {
+        if (GetLetter(uiValue, i) < 1 || GetLetter(uiValue, i) > uiZ)
+        {
+            return "not three letters";
+        }
+    }
+    return nullptr;
+}
+
+constexpr unsigned int gsc_uiWeekOffset = 0x10;
+constexpr unsigned int gsc_uiModelYearWeek = 0xFF;
+
+bool IsModelYear(const CRecord& oRecord)
+{
+    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWeekOffset) == gsc_uiModelYearWeek;
+}
+bool IsManufactureYear(const CRecord& oRecord) { return !IsModelYear(oRecord); }
+
+const char* CheckYear(const CRecord& oRecord, unsigned int uiValue)
+{
+    constexpr unsigned int uiFirstYear = 0x10; // 2006
+    return IsRevision4(oRecord) && uiValue < uiFirstYear ? "before 2006, which 1.4 reserves" : nullptr;
+}
+
+constexpr SMeaning gsc_aoNotGiven[] = { { 0, 0, "not given" } };
+constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 54, 255, "reserved" } };
+constexpr SMeaning gsc_aoWeeks14[] = { { 0, 0, "not given" },
+                                       { 0x37, 0xFE, "reserved" },
+                                       { gsc_uiModelYearWeek, gsc_uiModelYearWeek, "the year is the model year" } };
+
+constexpr SRow gsc_aoIdentityRows[] = {
+    { Bit(0x08, 7), "Reserved", Reserved() },
+    { Split({ { 0x08, 6, 0 }, { 0x09, 7, 0 } }), "ID manufacturer name", Text().Text(FormatMaker), nullptr,
+      CheckMaker },
+    { Little16(0x0A), "ID product code", Number() },
+    { Little32(0x0C), "ID serial number", Number().With(gsc_aoNotGiven) },
+    { Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
+    { Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
+    { Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsManufactureYear, CheckYear },
+    { Byte(0x11), "Model year", Number().Times(1, 1990), IsModelYear, CheckYear },
+};
+constexpr STable gsc_oIdentityTable = { "Vendor and product identification", CZorEdidMap::eArea_Identity,
+                                        gsc_aoIdentityRows };
+
+// ---- EDID structure version and revision, E-EDID 3.5 ----
+
+const char* CheckRevision(const CRecord&, unsigned int uiValue)
+{
+    return uiValue > 4 ? "later than 1.4, read as 1.4" : nullptr;
+}
+
+constexpr SRow gsc_aoVersionRows[] = {
+    { Byte(0x12), "Version number", Number().Expect(1, "only version 1 has this layout") },
+    { Byte(0x13), "Revision number", Number(), nullptr, CheckRevision },
+};
+constexpr STable gsc_oVersionTable = { "EDID structure version and revision", CZorEdidMap::eArea_Structure,
+                                       gsc_aoVersionRows };
+
+// ---- Basic display parameters and features, E-EDID 3.6 ----
+
+bool IsDigital(const CRecord& oRecord) { return oRecord.GetFacts().m_bDigital; }
+bool IsAnalog(const CRecord& oRecord) { return !IsDigital(oRecord); }
+bool IsDigital4(const CRecord& oRecord) { return IsDigital(oRecord) && IsRevision4(oRecord); }
+bool IsDigital2To3(const CRecord& oRecord)
+{
+    return IsDigital(oRecord) && IsBefore4(oRecord) && oRecord.GetFacts().m_uiRevision >= 2;
+}
+bool IsDigitalBefore2(const CRecord& oRecord) { return IsDigital(oRecord) && oRecord.GetFacts().m_uiRevision < 2; }
+bool IsAnalogOrBefore4(const CRecord& oRecord) { return !IsDigital4(oRecord); }
+
+// E-EDID table 3.10 to 3.12
+constexpr SMeaning gsc_aoSignal[] = { { 0, 0, "analog" }, { 1, 1, "digital" } };
+constexpr SMeaning gsc_aoLevels[] = {
+    { 0, 0, "0.700 : 0.300 : 1.000 V p-p" }, // video : sync : total
+    { 1, 1, "0.714 : 0.286 : 1.000 V p-p" },
+    { 2, 2, "1.000 : 0.400 : 1.400 V p-p" },
+    { 3, 3, "0.700 : 0.000 : 0.700 V p-p" },
+};
+constexpr SMeaning gsc_aoSetup[] = { { 0, 0, "blank level = black level" },
+                                     { 1, 1, "blank-to-black setup or pedestal" } };
+constexpr SMeaning gsc_aoDepths[] = {
+    { 0, 0, "undefined" }, { 1, 1, "6 bits" },  { 2, 2, "8 bits" },  { 3, 3, "10 bits" },
+    { 4, 4, "12 bits" },   { 5, 5, "14 bits" }, { 6, 6, "16 bits" }, { 7, 7, "reserved" },
+};
+constexpr SMeaning gsc_aoInterfaces[] = {
+    { 0, 0, "undefined" }, { 1, 1, "DVI" },         { 2, 2, "HDMI-a" },    { 3, 3, "HDMI-b" },
+    { 4, 4, "MDDI" },      { 5, 5, "DisplayPort" }, { 6, 15, "reserved" },
+};
+
+// Sizes: both given, an aspect ratio (1.4), or neither.
+constexpr unsigned int gsc_uiWidthOffset = 0x15;
+constexpr unsigned int gsc_uiHeightOffset = 0x16;
+
+bool IsLandscape(const CRecord& oRecord)
+{
+    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWidthOffset) != 0 && oRecord.GetByte(gsc_uiHeightOffset) == 0;
+}
+bool IsPortrait(const CRecord& oRecord)
+{
+    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWidthOffset) == 0 && oRecord.GetByte(gsc_uiHeightOffset) != 0;
+}
+bool IsNotLandscape(const CRecord& oRecord) { return !IsLandscape(oRecord); }
+bool IsNotPortrait(const CRecord& oRecord) { return !IsPortrait(oRecord); }
+
+CMString FormatPortrait(const CRecord&, unsigned int uiValue)
+{
+    return "1 : " + FormatNumber(uiValue + 99LL, 2, nullptr);
+}
+
+constexpr SMeaning gsc_aoSizes[] = { { 0, 0, "not known or variable" } };
+constexpr SMeaning gsc_aoGamma[] = { { 0xFF, 0xFF, "not given here" } };
+
+constexpr SMeaning gsc_aoColorTypes[] = {
+    { 0, 0, "monochrome or grayscale" },
+    { 1, 1, "RGB color" },
+    { 2, 2, "non-RGB color" },
+    { 3, 3, "undefined" },
+};
+constexpr SMeaning gsc_aoEncodings[] = {
+    { 0, 0, "RGB 4:4:4" },
+    { 1, 1, "RGB 4:4:4 and YCrCb 4:4:4" },
+    { 2, 2, "RGB 4:4:4 and YCrCb 4:2:2" },
+    { 3, 3, "RGB 4:4:4, YCrCb 4:4:4 and YCrCb 4:2:2" },
+};
+
+// The primaries, the white point and the gamma of sRGB as this block stores them.
+const char* CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
+{
+    constexpr unsigned char aui8Colors[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
+    constexpr unsigned int uiColorsOffset = 0x19;
+    if (uiValue != 0 && oRecord.GetSize() >= uiColorsOffset + sizeof(aui8Colors) &&
+        memcmp(oRecord.GetData() + uiColorsOffset, aui8Colors, sizeof(aui8Colors)) != 0)
+    {
+        return "the chromaticities are not those of sRGB";
+    }
+    return nullptr;
+}
+
+const char* CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
+{
+    return IsRevision3(oRecord) && uiValue == 0 ? "1.3 requires it" : nullptr;
+}
+
+constexpr SRow gsc_aoDisplayRows[] = {
+    { Bit(0x14, 7), "Video signal interface", Flag(gsc_aoSignal) },
+    { Bits(0x14, 6, 5), "Signal level standard", Names(gsc_aoLevels), IsAnalog },
+    { Bit(0x14, 4), "Video setup", Flag(gsc_aoSetup), IsAnalog },
+    { Bit(0x14, 3), "Separate sync H and V signals", Flag(gsc_aoSupported), IsAnalog },
+    { Bit(0x14, 2), "Composite sync signal on horizontal", Flag(gsc_aoSupported), IsAnalog },
+    { Bit(0x14, 1), "Composite sync signal on green video", Flag(gsc_aoSupported), IsAnalog },
+    { Bit(0x14, 0), "Serration on the vertical sync", Flag(gsc_aoSupported), IsAnalog },
+    { Bits(0x14, 6, 0), "Reserved", Reserved(), IsDigitalBefore2 },
+    { Bits(0x14, 6, 1), "Reserved", Reserved(), IsDigital2To3 },
+    { Bit(0x14, 0), "DFP 1.x compatible", Flag(), IsDigital2To3 },
+    { Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths), IsDigital4 }, // per primary color
+    { Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces), IsDigital4 },
+    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), IsNotLandscape },
+    { Byte(0x15), "Aspect ratio, landscape", Number(": 1").Times(1, 99).Decimals(2), IsLandscape },
+    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), IsNotPortrait },
+    // The number is height / width.
+    { Byte(0x16), "Aspect ratio, portrait", Number().Times(1, 99).Decimals(2).Text(FormatPortrait), IsPortrait },
+    { Byte(0x17), "Display transfer characteristic (gamma)", Number().Times(1, 100).Decimals(2).With(gsc_aoGamma) },
+    { Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
+    { Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
+    { Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
+    { Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsAnalogOrBefore4 },
+    { Bits(0x18, 4, 3), "Supported color encoding formats", Names(gsc_aoEncodings), IsDigital4 },
+    { Bit(0x18, 2), "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
+    { Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4, CheckPreferred }, // the first detailed timing is it
+    { Bit(0x18, 1), "Preferred timing mode is native", Flag(), IsRevision4 },
+    { Bit(0x18, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
+    { Bit(0x18, 0), "Continuous frequency", Flag(), IsRevision4 },
+};
+constexpr STable gsc_oDisplayTable = { "Basic display parameters and features", CZorEdidMap::eArea_Display,
+                                       gsc_aoDisplayRows };
+
+// ---- Display x, y chromaticity coordinates, E-EDID 3.7: n / 1024 ----
+
+constexpr SForm Chromaticity() { return Number().Times(10000).Over(1024).Decimals(4); }
+
+constexpr SRow gsc_aoColorRows[] = {
+    { Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } }), "Red x", Chromaticity() },
+    { Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } }), "Red y", Chromaticity() },
+    { Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } }), "Green x", Chromaticity() },
+    { Split({ { 0x1E, 7, 0 }, { 0x19, 1, 0 } }), "Green y", Chromaticity() },
+    { Split({ { 0x1F, 7, 0 }, { 0x1A, 7, 6 } }), "Blue x", Chromaticity() },
+    { Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } }), "Blue y", Chromaticity() },
+    { Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } }), "White x", Chromaticity() },
+    { Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } }), "White y", Chromaticity() },
+};
+constexpr STable gsc_oColorTable = { "Display x, y chromaticity coordinates", CZorEdidMap::eArea_Colour,
+                                     gsc_aoColorRows };
+
+// ---- Established timings I and II, E-EDID 3.8 ----
+
+constexpr SRow Mode(unsigned int uiOffset, unsigned int uiBit, const char* pszName)
+{
+    return { Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
+}
+
+constexpr SRow gsc_aoEstablishedRows[] = {
+    Mode(0x23, 7, "720 x 400 @ 70 Hz"),
+    Mode(0x23, 6, "720 x 400 @ 88 Hz"),
+    Mode(0x23, 5, "640 x 480 @ 60 Hz"),
+    Mode(0x23, 4, "640 x 480 @ 67 Hz"),
+    Mode(0x23, 3, "640 x 480 @ 72 Hz"),
+    Mode(0x23, 2, "640 x 480 @ 75 Hz"),
+    Mode(0x23, 1, "800 x 600 @ 56 Hz"),
+    Mode(0x23, 0, "800 x 600 @ 60 Hz"),
+    Mode(0x24, 7, "800 x 600 @ 72 Hz"),
+    Mode(0x24, 6, "800 x 600 @ 75 Hz"),
+    Mode(0x24, 5, "832 x 624 @ 75 Hz"),
+    Mode(0x24, 4, "1024 x 768i @ 87 Hz"),
+    Mode(0x24, 3, "1024 x 768 @ 60 Hz"),
+    Mode(0x24, 2, "1024 x 768 @ 70 Hz"),
+    Mode(0x24, 1, "1024 x 768 @ 75 Hz"),
+    Mode(0x24, 0, "1280 x 1024 @ 75 Hz"),
+    Mode(0x25, 7, "1152 x 870 @ 75 Hz"),
+    Mode(0x25, 6, "Manufacturer's timing, bit 6"),
+    Mode(0x25, 5, "Manufacturer's timing, bit 5"),
+    Mode(0x25, 4, "Manufacturer's timing, bit 4"),
+    Mode(0x25, 3, "Manufacturer's timing, bit 3"),
+    Mode(0x25, 2, "Manufacturer's timing, bit 2"),
+    Mode(0x25, 1, "Manufacturer's timing, bit 1"),
+    Mode(0x25, 0, "Manufacturer's timing, bit 0"),
+};
+constexpr STable gsc_oEstablishedTable = { "Established timings", CZorEdidMap::eArea_Timing, gsc_aoEstablishedRows };
+
+// ---- Standard timings, E-EDID 3.9 ----
+
+constexpr unsigned int gsc_uiUnusedCode = 0x01;
+
+bool IsUnusedPair(const CRecord& oRecord)
+{
+    return oRecord.GetByte(0) == gsc_uiUnusedCode && oRecord.GetByte(1) == gsc_uiUnusedCode;
+}
+bool IsUsedPair(const CRecord& oRecord) { return !IsUnusedPair(oRecord); }
+bool IsSquarePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision < 3; }
+bool IsWidePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision >= 3; }
+
+struct SRatio
+{
+    unsigned int m_uiWidth;
+    unsigned int m_uiHeight;
+};
+
+constexpr SRatio gsc_aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } }; // by the code; 0 was 1:1 before 1.3
+constexpr SMeaning gsc_aoAspects[] = { { 0, 0, "16:10" }, { 1, 1, "4:3" }, { 2, 2, "5:4" }, { 3, 3, "16:9" } };
+constexpr SMeaning gsc_aoOldAspects[] = { { 0, 0, "1:1" }, { 1, 1, "4:3" }, { 2, 2, "5:4" }, { 3, 3, "16:9" } };
+
+CMString FormatPair(const CRecord& oRecord)
+{
+    constexpr unsigned int uiPixelsPerCode = 8;
+    constexpr unsigned int uiFirstPixels = 248;
+    constexpr unsigned int uiFirstRate = 60;
+    if (IsUnusedPair(oRecord))
+    {
+        return "unused";
+    }
+    if (oRecord.GetByte(0) == 0)
+    {
+        return "reserved";
+    }
+    const unsigned int uiPixels = oRecord.GetByte(0) * uiPixelsPerCode + uiFirstPixels;
+    const unsigned int uiAspect = oRecord.GetBits(1, 7, 6);
+    const SRatio& oRatio = gsc_aoRatios[uiAspect];
+    const bool bSquare = uiAspect == 0 && IsSquarePair(oRecord);
+    const unsigned int uiLines = bSquare ? uiPixels : uiPixels * oRatio.m_uiHeight / oRatio.m_uiWidth;
+    CMString oText;
+    oText.Format("%u x %u @ %u Hz", uiPixels, uiLines, oRecord.GetBits(1, 5, 0) + uiFirstRate);
+    return oText;
+}
+
+const char* CheckPixelCode(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "00h is reserved" : nullptr; }
+
+constexpr SRow gsc_aoPairRows[] = {
+    { Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
+    { Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248), IsUsedPair, CheckPixelCode },
+    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair },
+    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair },
+    { Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
+};
+
+// ---- The end of the block, E-EDID 3.11 ----
+
+constexpr SRow gsc_oExtensionCountRow = { Byte(0x7E), "Extension block count", Number() };
+
+// ---- What the descriptors must be, E-EDID 3.10 ----
+
+bool IsDetailed(const CRecord& oBlock, unsigned int uiDescriptor)
+{
+    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
+    return oBlock.GetByte(uiOffset) != 0 || oBlock.GetByte(uiOffset + 1) != 0;
+}
+
+bool HasDescriptor(const CRecord& oBlock, unsigned int uiTag)
+{
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
+    {
+        const unsigned int uiOffset = gsc_uiDescriptorsOffset + i * gsc_uiMapDescriptorSize;
+        if (!IsDetailed(oBlock, i) && oBlock.GetByte(uiOffset + gsc_uiDescriptorTagOffset) == uiTag)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// What its group is called by.
+unsigned int GetDescriptorKind(const CRecord& oBlock, unsigned int uiDescriptor)
+{
+    constexpr unsigned int uiDetailed = 0x100; // no tag
+    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
+    return IsDetailed(oBlock, uiDescriptor) ? uiDetailed : oBlock.GetByte(uiOffset + gsc_uiDescriptorTagOffset);
+}
+
+// Which of several of its kind.
+unsigned int GetDescriptorIndex(const CRecord& oBlock, unsigned int uiDescriptor)
+{
+    unsigned int uiEarlier = 0;
+    unsigned int uiCount = 0;
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
+    {
+        const bool bSame = GetDescriptorKind(oBlock, i) == GetDescriptorKind(oBlock, uiDescriptor);
+        uiCount += bSame ? 1 : 0;
+        uiEarlier += bSame && i < uiDescriptor ? 1 : 0;
+    }
+    return uiCount > 1 ? uiEarlier : CZorEdidMap::msc_uiNone;
+}
+
+void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
+{
+    if (!IsDetailed(oBlock, 0) && oBlock.GetFacts().m_uiRevision >= 3)
+    {
+        oWriter.AddNote(puiFields[0], CZorEdidMap::eSeverity_Warning, "the first descriptor must be a detailed timing");
+    }
+    for (unsigned int i = 1; i < gsc_uiDescriptorCount; ++i)
+    {
+        if (IsDetailed(oBlock, i) && !IsDetailed(oBlock, i - 1))
+        {
+            oWriter.AddNote(puiFields[i], CZorEdidMap::eSeverity_Warning,
+                            "detailed timings must stand ahead of display descriptors");
+        }
+    }
+}
+
+void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBlockField)
+{
+    constexpr unsigned int uiFeaturesOffset = 0x18;
+    const bool bRange = HasDescriptor(oBlock, gsc_uiTagRangeLimits);
+    if (IsRevision3(oBlock) && !bRange)
+    {
+        oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning, "1.3 requires display range limits");
+    }
+    if (IsRevision3(oBlock) && !HasDescriptor(oBlock, gsc_uiTagName))
+    {
+        oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning, "1.3 requires a display product name");
+    }
+    if (IsRevision4(oBlock) && oBlock.IsSet(uiFeaturesOffset, 0) && !bRange)
+    {
+        oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning,
+                        "a continuous frequency display requires display range limits");
+    }
+}
+
+// A group of the block whose rows count from the start of the block.
+void AddPart(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+             unsigned int uiPart, unsigned int uiPartLength)
+{
+    if (uiPart < uiLength)
+    {
+        oWriter.BeginGroup(oTable, uiOffset + uiPart, uiPartLength);
+        oWriter.AddRows(oTable, uiOffset, uiLength);
+        oWriter.EndGroup();
+    }
+}
+} // namespace
+
+constexpr STable g_oStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows, FormatPair };
 
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    oWriter.BeginBlock("Base block", uiOffset, uiLength);
-    oWriter.EndBlock("Unknown", CZorEdidMap::eKind_Unknown);
+    constexpr unsigned int uiPairsOffset = 0x26;
+    constexpr unsigned int uiPairSize = 2;
+    const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
+    const unsigned int uiField = oWriter.BeginBlock("Base block", uiOffset, uiLength);
+    oWriter.AddLeaf(gsc_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    AddPart(oWriter, gsc_oIdentityTable, uiOffset, uiLength, 0x08, 10);
+    AddPart(oWriter, gsc_oVersionTable, uiOffset, uiLength, 0x12, 2);
+    AddPart(oWriter, gsc_oDisplayTable, uiOffset, uiLength, 0x14, 5);
+    AddPart(oWriter, gsc_oColorTable, uiOffset, uiLength, 0x19, 10);
+    AddPart(oWriter, gsc_oEstablishedTable, uiOffset, uiLength, 0x23, 3);
+    oWriter.AddItems(g_oStandardTimingTable, uiOffset + uiPairsOffset, gsc_uiDescriptorsOffset - uiPairsOffset,
+                     uiPairSize);
+    unsigned int auiFields[gsc_uiDescriptorCount] = {};
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
+    {
+        auiFields[i] = MapDescriptor(oWriter, uiOffset + gsc_uiDescriptorsOffset + i * gsc_uiMapDescriptorSize,
+                                     GetDescriptorIndex(oBlock, i));
+    }
+    if (uiLength == CMapWriter::msc_uiBlockSize)
+    {
+        NoteDescriptors(oWriter, oBlock, auiFields);
+        NoteMissing(oWriter, oBlock, uiField);
+    }
+    oWriter.AddLeaf(gsc_oExtensionCountRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    oWriter.EndBlock();
 }

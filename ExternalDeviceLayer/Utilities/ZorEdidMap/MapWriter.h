@@ -168,8 +168,10 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 extern const STable g_oDetailedTimingTable; // 18 bytes, E-EDID 3.10.2
 extern const STable g_oStandardTimingTable; // 2 bytes, E-EDID 3.9
 extern const STable g_oCvtCodeTable;        // 3 bytes, E-EDID 3.10.3.8
-// 18 bytes: a timing or a display descriptor. A shorter rest of the open group is left to the group.
-void MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex);
+// 18 bytes: a timing or a display descriptor. Returns the index of its group; msc_uiNone, with nothing added, when the
+// image ends before its end.
+inline constexpr unsigned int gsc_uiMapDescriptorSize = 18;
+unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex);
 // A data block collection of CTA-861: of an extension block, or carried in a DisplayID block.
 void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
 // A timing of DisplayID Types I to X, which CTA-861 data blocks carry as well; ui8Tag is the DisplayID tag.

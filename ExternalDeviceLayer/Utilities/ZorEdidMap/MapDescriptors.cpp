@@ -1,0 +1,620 @@
+// The 18-byte descriptors, VESA E-EDID standard, Release A Revision 2 (1.4), 3.10: detailed timings, which CTA-861 and
+// VTB blocks hold as well, and display descriptors by their tag. Offsets are those of the descriptor.
+
+#include "MapValue.h"
+
+namespace
+{
+bool IsRevision4(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision >= 4; }
+bool IsBefore4(const CRecord& oRecord) { return !IsRevision4(oRecord); }
+
+// ---- Detailed timings, E-EDID 3.10.2 ----
+
+constexpr SPlace gsc_oClock = Little16(0x00);
+constexpr SPlace gsc_oWidth = Split({ { 0x04, 7, 4 }, { 0x02, 7, 0 } });
+constexpr SPlace gsc_oHorizontalBlanking = Split({ { 0x04, 3, 0 }, { 0x03, 7, 0 } });
+constexpr SPlace gsc_oHeight = Split({ { 0x07, 7, 4 }, { 0x05, 7, 0 } });
+constexpr SPlace gsc_oVerticalBlanking = Split({ { 0x07, 3, 0 }, { 0x06, 7, 0 } });
+constexpr SPlace gsc_oHorizontalPorch = Split({ { 0x0B, 7, 6 }, { 0x08, 7, 0 } });
+constexpr SPlace gsc_oHorizontalSync = Split({ { 0x0B, 5, 4 }, { 0x09, 7, 0 } });
+constexpr SPlace gsc_oVerticalPorch = Split({ { 0x0B, 3, 2 }, { 0x0A, 7, 4 } });
+constexpr SPlace gsc_oVerticalSync = Split({ { 0x0B, 1, 0 }, { 0x0A, 3, 0 } });
+constexpr unsigned int gsc_uiFlagsOffset = 0x11;
+constexpr unsigned int gsc_uiInterlacedBit = 7;
+
+bool IsAnalogSync(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) < 2; }
+bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 2; }
+bool IsDigitalSeparate(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 3; }
+
+const char* CheckNotZero(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is no size" : nullptr; }
+const char* CheckClock(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is no clock" : nullptr; }
+
+const char* CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
+{
+    return oRecord.Get(gsc_oHorizontalPorch) + oRecord.Get(gsc_oHorizontalSync) > uiValue
+               ? "shorter than front porch and sync pulse"
+               : nullptr;
+}
+
+const char* CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
+{
+    return oRecord.Get(gsc_oVerticalPorch) + oRecord.Get(gsc_oVerticalSync) > uiValue
+               ? "shorter than front porch and sync pulse"
+               : nullptr;
+}
+
+const char* CheckSync(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "no sync pulse" : nullptr; }
+
+// "1920 x 1080i @ 59.94 Hz": lines of the frame, fields per second.
+CMString FormatDetailed(const CRecord& oRecord)
+{
+    constexpr unsigned long long ullHzPerClock = 10000;
+    const bool bInterlaced = oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit);
+    const unsigned int uiFields = bInterlaced ? 2 : 1;
+    const unsigned int uiWidth = oRecord.Get(gsc_oWidth);
+    const unsigned int uiHeight = oRecord.Get(gsc_oHeight);
+    // Half lines, as a field of an interlaced timing ends with one.
+    const unsigned long long ullHalfLines =
+        2ULL * (uiHeight + oRecord.Get(gsc_oVerticalBlanking)) + (bInterlaced ? 1U : 0U);
+    const unsigned long long ullTotal = (uiWidth + oRecord.Get(gsc_oHorizontalBlanking)) * ullHalfLines;
+    CMString oText;
+    oText.Format("%u x %u%s", uiWidth, uiHeight * uiFields, bInterlaced ? "i" : "");
+    if (ullTotal == 0)
+    {
+        return oText;
+    }
+    const unsigned long long ullHundreds =
+        (oRecord.Get(gsc_oClock) * ullHzPerClock * 200 + ullTotal / 2) / ullTotal; // of a hertz
+    oText.AppendFormat(" @ %llu", ullHundreds / 100);
+    if (ullHundreds % 100 != 0)
+    {
+        oText.AppendFormat(".%02llu", ullHundreds % 100);
+    }
+    oText += " Hz";
+    return oText;
+}
+
+constexpr SMeaning gsc_aoScan[] = { { 0, 0, "non-interlaced" }, { 1, 1, "interlaced" } };
+// E-EDID table 3.22. Bit 0 says nothing when bits 6 and 5 are 0.
+constexpr SMeaning gsc_aoStereo[] = {
+    { 0, 1, "normal display, no stereo" },
+    { 2, 2, "field sequential, right image when stereo sync = 1" },
+    { 3, 3, "2-way interleaved, right image on even lines" },
+    { 4, 4, "field sequential, left image when stereo sync = 1" },
+    { 5, 5, "2-way interleaved, left image on even lines" },
+    { 6, 6, "4-way interleaved" },
+    { 7, 7, "side-by-side interleaved" },
+};
+constexpr SMeaning gsc_aoSyncTypes[] = {
+    { 0, 0, "analog composite" },
+    { 1, 1, "bipolar analog composite" },
+    { 2, 2, "digital composite" },
+    { 3, 3, "digital separate" },
+};
+constexpr SMeaning gsc_aoSerrations[] = { { 0, 0, "without" }, { 1, 1, "with (H-sync during V-sync)" } };
+constexpr SMeaning gsc_aoSyncOn[] = { { 0, 0, "green only" }, { 1, 1, "all three (RGB)" } };
+constexpr SMeaning gsc_aoPolarity[] = { { 0, 0, "negative" }, { 1, 1, "positive" } };
+constexpr SMeaning gsc_aoSizeNotGiven[] = { { 0, 0, "not given" } };
+
+constexpr SRow gsc_aoDetailedRows[] = {
+    { gsc_oClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
+    { gsc_oWidth, "Horizontal addressable video", Number("pixels"), nullptr, CheckNotZero },
+    { gsc_oHorizontalBlanking, "Horizontal blanking", Number("pixels"), nullptr, CheckHorizontalBlanking },
+    { gsc_oHeight, "Vertical addressable video", Number("lines"), nullptr, CheckNotZero },
+    { gsc_oVerticalBlanking, "Vertical blanking", Number("lines"), nullptr, CheckVerticalBlanking },
+    { gsc_oHorizontalPorch, "Horizontal front porch", Number("pixels") },
+    { gsc_oHorizontalSync, "Horizontal sync pulse width", Number("pixels"), nullptr, CheckSync },
+    { gsc_oVerticalPorch, "Vertical front porch", Number("lines") },
+    { gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr, CheckSync },
+    { Split({ { 0x0E, 7, 4 }, { 0x0C, 7, 0 } }), "Horizontal addressable video image size",
+      Number("mm").With(gsc_aoSizeNotGiven) },
+    { Split({ { 0x0E, 3, 0 }, { 0x0D, 7, 0 } }), "Vertical addressable video image size",
+      Number("mm").With(gsc_aoSizeNotGiven) },
+    { Byte(0x0F), "Horizontal border", Number("pixels") }, // each side
+    { Byte(0x10), "Vertical border", Number("lines") },    // top and bottom each
+    { Bit(0x11, gsc_uiInterlacedBit), "Signal interface type", Flag(gsc_aoScan) },
+    { Split({ { 0x11, 6, 5 }, { 0x11, 0, 0 } }), "Stereo viewing support", Names(gsc_aoStereo) },
+    { Bits(0x11, 4, 3), "Sync signal type", Names(gsc_aoSyncTypes) },
+    { Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsAnalogSync },
+    { Bit(0x11, 1), "Sync on", Flag(gsc_aoSyncOn), IsAnalogSync },
+    { Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsDigitalComposite },
+    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoPolarity), IsDigitalComposite }, // outside of V-sync
+    { Bit(0x11, 2), "Vertical sync polarity", Flag(gsc_aoPolarity), IsDigitalSeparate },
+    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoPolarity), IsDigitalSeparate },
+};
+
+// ---- Display descriptors, E-EDID 3.10.3: what all have ----
+
+constexpr unsigned int gsc_uiTagOffset = 0x03;
+constexpr unsigned int gsc_uiTextOffset = 0x05;
+constexpr unsigned int gsc_uiTextLength = gsc_uiMapDescriptorSize - gsc_uiTextOffset;
+constexpr unsigned char gsc_ui8LineFeed = 0x0A;
+constexpr char gsc_szLineFeed[] = "a line feed (0Ah) must end the text";
+constexpr char gsc_szBlanks[] = "blanks (20h) must fill the rest";
+
+// E-EDID table 3.23
+constexpr SMeaning gsc_aoTags[] = {
+    { 0x00, 0x0F, "manufacturer specified" },
+    { 0x10, 0x10, "dummy" },
+    { 0x11, 0xF6, "reserved" },
+    { 0xF7, 0xF7, "established timings III" },
+    { 0xF8, 0xF8, "CVT 3 byte timing codes" },
+    { 0xF9, 0xF9, "display color management data" },
+    { 0xFA, 0xFA, "standard timing identifications" },
+    { 0xFB, 0xFB, "color point data" },
+    { 0xFC, 0xFC, "display product name" },
+    { 0xFD, 0xFD, "display range limits" },
+    { 0xFE, 0xFE, "alphanumeric data string" },
+    { 0xFF, 0xFF, "display product serial number" },
+};
+
+// Range limits have flags in byte 4 from 1.4 on.
+bool HasReservedByte4(const CRecord& oRecord)
+{
+    constexpr unsigned int uiRangeLimits = 0xFD;
+    return oRecord.GetByte(gsc_uiTagOffset) != uiRangeLimits || IsBefore4(oRecord);
+}
+
+constexpr SRow gsc_aoHeadRows[] = {
+    { Run(0x00, 2), "Display descriptor indicator", Bytes() },
+    { Byte(0x02), "Reserved", Reserved() },
+    { Byte(0x03), "Display descriptor tag", Names(gsc_aoTags) },
+    { Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
+};
+constexpr STable gsc_oHeadTable = { "Display descriptor", CZorEdidMap::eArea_Structure, gsc_aoHeadRows };
+
+// ---- Texts: E-EDID 3.10.3.1, 3.10.3.2, 3.10.3.4 ----
+
+// Up to the line feed, or all 13.
+unsigned int GetTextLength(const CRecord& oRecord)
+{
+    unsigned int uiLength = 0;
+    while (uiLength < gsc_uiTextLength && oRecord.GetByte(gsc_uiTextOffset + uiLength) != gsc_ui8LineFeed)
+    {
+        ++uiLength;
+    }
+    return uiLength;
+}
+
+CMString FormatText(const CRecord& oRecord)
+{
+    CMString oText;
+    for (unsigned int i = 0; i < GetTextLength(oRecord); ++i)
+    {
+        const unsigned int uiCharacter = oRecord.GetByte(gsc_uiTextOffset + i);
+        oText += uiCharacter != 0 ? static_cast<char>(uiCharacter) : '.';
+    }
+    return oText;
+}
+
+constexpr STable gsc_oSerialTable = { "Display product serial number", CZorEdidMap::eArea_Identity, {}, FormatText };
+constexpr STable gsc_oStringTable = { "Alphanumeric data string", CZorEdidMap::eArea_Identity, {}, FormatText };
+constexpr STable gsc_oNameTable = { "Display product name", CZorEdidMap::eArea_Identity, {}, FormatText };
+
+// Of the text alone. One that fills its 13 bytes needs no line feed.
+const char* CheckText(const CRecord& oRecord, unsigned int)
+{
+    for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
+    {
+        if (oRecord.GetByte(i) < ' ')
+        {
+            return "control characters in the text";
+        }
+    }
+    const bool bPadded = oRecord.GetByte(oRecord.GetSize() - 1) == ' ';
+    return bPadded && oRecord.GetSize() == gsc_uiTextLength ? gsc_szLineFeed : nullptr;
+}
+
+constexpr SRow gsc_oTextRow = { RunToEnd(0), "Text", Text(), nullptr, CheckText };
+constexpr SRow gsc_oLineFeedRow = { Byte(0), "Line feed", Filler(gsc_ui8LineFeed, gsc_szLineFeed) };
+constexpr SRow gsc_oBlanksRow = { RunToEnd(0), "Padding", Filler(' ', gsc_szBlanks) };
+
+void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
+{
+    const unsigned int uiText = uiOffset + gsc_uiTextOffset;
+    const unsigned int uiLength = GetTextLength(oRecord);
+    const unsigned int uiEnd = uiOffset + gsc_uiMapDescriptorSize;
+    oWriter.AddLeaf(gsc_oTextRow, CZorEdidMap::eArea_Identity, uiText, uiLength);
+    if (uiLength < gsc_uiTextLength)
+    {
+        oWriter.AddLeaf(gsc_oLineFeedRow, CZorEdidMap::eArea_Unused, uiText + uiLength, 1);
+        oWriter.AddLeaf(gsc_oBlanksRow, CZorEdidMap::eArea_Unused, uiText + uiLength + 1,
+                        uiEnd - uiText - uiLength - 1);
+    }
+}
+
+// ---- Display range limits, E-EDID 3.10.3.3 ----
+
+constexpr unsigned int gsc_uiFormulaOffset = 0x0A;
+
+// Byte 4, from 1.4 on: two bits for each direction. 2 puts 255 on the maximum, 3 on both.
+unsigned int GetVerticalOffsets(const CRecord& oRecord)
+{
+    return IsRevision4(oRecord) ? oRecord.GetBits(0x04, 1, 0) : 0;
+}
+unsigned int GetHorizontalOffsets(const CRecord& oRecord)
+{
+    return IsRevision4(oRecord) ? oRecord.GetBits(0x04, 3, 2) : 0;
+}
+bool IsVerticalMinimumOffset(const CRecord& oRecord) { return GetVerticalOffsets(oRecord) == 3; }
+bool IsVerticalMinimumPlain(const CRecord& oRecord) { return !IsVerticalMinimumOffset(oRecord); }
+bool IsVerticalMaximumOffset(const CRecord& oRecord) { return GetVerticalOffsets(oRecord) >= 2; }
+bool IsVerticalMaximumPlain(const CRecord& oRecord) { return !IsVerticalMaximumOffset(oRecord); }
+bool IsHorizontalMinimumOffset(const CRecord& oRecord) { return GetHorizontalOffsets(oRecord) == 3; }
+bool IsHorizontalMinimumPlain(const CRecord& oRecord) { return !IsHorizontalMinimumOffset(oRecord); }
+bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return GetHorizontalOffsets(oRecord) >= 2; }
+bool IsHorizontalMaximumPlain(const CRecord& oRecord) { return !IsHorizontalMaximumOffset(oRecord); }
+
+constexpr unsigned int gsc_uiRateOffset = 255;
+
+const char* CheckMaximumRate(unsigned int uiMinimum, unsigned int uiMaximum, unsigned int uiOffsets)
+{
+    const unsigned int uiLow = uiMinimum + (uiOffsets == 3 ? gsc_uiRateOffset : 0);
+    const unsigned int uiHigh = uiMaximum + (uiOffsets >= 2 ? gsc_uiRateOffset : 0);
+    return uiMaximum == 0 ? "0 is reserved" : uiHigh < uiLow ? "below the minimum" : nullptr;
+}
+
+const char* CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
+{
+    return CheckMaximumRate(oRecord.GetByte(0x05), uiValue, GetVerticalOffsets(oRecord));
+}
+
+const char* CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
+{
+    return CheckMaximumRate(oRecord.GetByte(0x07), uiValue, GetHorizontalOffsets(oRecord));
+}
+
+const char* CheckRate(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is reserved" : nullptr; }
+
+const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
+{
+    return uiValue == 0 && IsRevision4(oRecord) ? "1.4 requires it" : nullptr;
+}
+
+constexpr SMeaning gsc_aoVerticalOffsets[] = {
+    { 0, 0, "none" }, { 1, 1, "reserved" }, { 2, 2, "maximum + 255 Hz" }, { 3, 3, "maximum and minimum + 255 Hz" }
+};
+constexpr SMeaning gsc_aoHorizontalOffsets[] = {
+    { 0, 0, "none" }, { 1, 1, "reserved" }, { 2, 2, "maximum + 255 kHz" }, { 3, 3, "maximum and minimum + 255 kHz" }
+};
+constexpr SMeaning gsc_aoClockNotGiven[] = { { 0, 0, "not given" } };
+constexpr SMeaning gsc_aoOldFormulas[] = {
+    { 0, 0, "no secondary timing formula" }, { 1, 1, "reserved" }, { 2, 2, "secondary GTF" }, { 3, 255, "reserved" }
+};
+constexpr SMeaning gsc_aoFormulas[] = {
+    { 0, 0, "default GTF" }, { 1, 1, "range limits only" }, { 2, 2, "secondary GTF" }, { 3, 3, "reserved" },
+    { 4, 4, "CVT" },         { 5, 255, "reserved" },
+};
+
+bool IsPlainFormula(const CRecord& oRecord) { return oRecord.GetByte(gsc_uiFormulaOffset) < 2; }
+bool IsSecondaryGtf(const CRecord& oRecord) { return oRecord.GetByte(gsc_uiFormulaOffset) == 2; }
+bool IsCvt(const CRecord& oRecord) { return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiFormulaOffset) == 4; }
+bool IsOtherFormula(const CRecord& oRecord)
+{
+    return !IsPlainFormula(oRecord) && !IsSecondaryGtf(oRecord) && !IsCvt(oRecord);
+}
+
+constexpr SMeaning gsc_aoNoPixelLimit[] = { { 0, 0, "no limit" } };
+constexpr SMeaning gsc_aoCvtAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" },
+                                          { 3, 3, "5:4" }, { 4, 4, "15:9" }, { 5, 7, "reserved" } };
+constexpr SMeaning gsc_aoReservedRate[] = { { 0, 0, "reserved" } };
+
+CMString FormatRange(const CRecord& oRecord)
+{
+    const unsigned int uiVertical = GetVerticalOffsets(oRecord);
+    const unsigned int uiHorizontal = GetHorizontalOffsets(oRecord);
+    CMString oText;
+    oText.Format("%u to %u Hz, %u to %u kHz", oRecord.GetByte(0x05) + (uiVertical == 3 ? gsc_uiRateOffset : 0),
+                 oRecord.GetByte(0x06) + (uiVertical >= 2 ? gsc_uiRateOffset : 0),
+                 oRecord.GetByte(0x07) + (uiHorizontal == 3 ? gsc_uiRateOffset : 0),
+                 oRecord.GetByte(0x08) + (uiHorizontal >= 2 ? gsc_uiRateOffset : 0));
+    return oText;
+}
+
+// E-EDID tables 3.26 to 3.29
+constexpr SRow gsc_aoRangeRows[] = {
+    { Bits(0x04, 7, 4), "Reserved", Reserved(), IsRevision4 },
+    { Bits(0x04, 3, 2), "Horizontal rate offsets", Names(gsc_aoHorizontalOffsets), IsRevision4 },
+    { Bits(0x04, 1, 0), "Vertical rate offsets", Names(gsc_aoVerticalOffsets), IsRevision4 },
+    { Byte(0x05), "Minimum vertical rate", Number("Hz"), IsVerticalMinimumPlain, CheckRate },
+    { Byte(0x05), "Minimum vertical rate", Number("Hz").Times(1, 255), IsVerticalMinimumOffset, CheckRate },
+    { Byte(0x06), "Maximum vertical rate", Number("Hz"), IsVerticalMaximumPlain, CheckVerticalMaximum },
+    { Byte(0x06), "Maximum vertical rate", Number("Hz").Times(1, 255), IsVerticalMaximumOffset, CheckVerticalMaximum },
+    { Byte(0x07), "Minimum horizontal rate", Number("kHz"), IsHorizontalMinimumPlain, CheckRate },
+    { Byte(0x07), "Minimum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMinimumOffset, CheckRate },
+    { Byte(0x08), "Maximum horizontal rate", Number("kHz"), IsHorizontalMaximumPlain, CheckHorizontalMaximum },
+    { Byte(0x08), "Maximum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMaximumOffset,
+      CheckHorizontalMaximum },
+    { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoClockNotGiven), nullptr,
+      CheckMaximumClock },
+    { Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas), IsBefore4 },
+    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas), IsRevision4 },
+    { Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
+    { Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
+    // Secondary GTF: the curve above the start frequency
+    { Byte(0x0B), "Reserved", Reserved(), IsSecondaryGtf },
+    { Byte(0x0C), "Start break frequency", Number("kHz").Times(2), IsSecondaryGtf },
+    { Byte(0x0D), "C", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
+    { Little16(0x0E), "M", Number("%/kHz"), IsSecondaryGtf },
+    { Byte(0x10), "K", Number(), IsSecondaryGtf },
+    { Byte(0x11), "J", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
+    // CVT
+    { Bits(0x0B, 7, 4), "CVT standard version", Number(), IsCvt },
+    { Bits(0x0B, 3, 0), "CVT standard revision", Number(), IsCvt },
+    // To be taken off the maximum pixel clock above.
+    { Bits(0x0C, 7, 2), "Additional pixel clock precision", Number("MHz").Times(25).Decimals(2), IsCvt },
+    { Split({ { 0x0C, 1, 0 }, { 0x0D, 7, 0 } }), "Maximum active pixels per line",
+      Number("pixels").Times(8).With(gsc_aoNoPixelLimit), IsCvt },
+    { Bit(0x0E, 7), "4:3 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x0E, 6), "16:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x0E, 5), "16:10 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x0E, 4), "5:4 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x0E, 3), "15:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { Bits(0x0E, 2, 0), "Reserved", Reserved(), IsCvt },
+    { Bits(0x0F, 7, 5), "Preferred aspect ratio", Names(gsc_aoCvtAspects), IsCvt },
+    { Bit(0x0F, 4), "CVT reduced blanking", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x0F, 3), "CVT standard blanking", Flag(gsc_aoSupported), IsCvt },
+    { Bits(0x0F, 2, 0), "Reserved", Reserved(), IsCvt },
+    { Bit(0x10, 7), "Horizontal shrink", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x10, 6), "Horizontal stretch", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x10, 5), "Vertical shrink", Flag(gsc_aoSupported), IsCvt },
+    { Bit(0x10, 4), "Vertical stretch", Flag(gsc_aoSupported), IsCvt },
+    { Bits(0x10, 3, 0), "Reserved", Reserved(), IsCvt },
+    { Byte(0x11), "Preferred vertical refresh rate", Number("Hz").With(gsc_aoReservedRate), IsCvt },
+    { Run(0x0B, 7), "Unknown", Unknown(), IsOtherFormula },
+};
+constexpr STable gsc_oRangeTable = { "Display range limits", CZorEdidMap::eArea_Timing, gsc_aoRangeRows, FormatRange };
+
+// ---- Color point data, E-EDID 3.10.3.5: two white points of five bytes, the second one with index 0 when unused ----
+
+constexpr unsigned int gsc_uiPointOffset = 0x05;
+constexpr unsigned int gsc_uiPointSize = 5;
+constexpr unsigned int gsc_uiPointCount = 2;
+
+bool IsPointUsed(const CRecord& oRecord) { return oRecord.GetByte(0) != 0; }
+bool IsPointUnused(const CRecord& oRecord) { return !IsPointUsed(oRecord); }
+
+constexpr SMeaning gsc_aoPointUnused[] = { { 0, 0, "unused" } };
+constexpr SMeaning gsc_aoPointGamma[] = { { 0xFF, 0xFF, "not given here" } };
+constexpr SForm Chromaticity() { return Number().Times(10000).Over(1024).Decimals(4); }
+
+constexpr SRow gsc_aoPointRows[] = {
+    { Byte(0), "White point index number", Number().With(gsc_aoPointUnused) },
+    { Bits(1, 7, 4), "Reserved", Reserved(), IsPointUsed },
+    { Split({ { 2, 7, 0 }, { 1, 3, 2 } }), "White x", Chromaticity(), IsPointUsed },
+    { Split({ { 3, 7, 0 }, { 1, 1, 0 } }), "White y", Chromaticity(), IsPointUsed },
+    { Byte(4), "White gamma", Number().Times(1, 100).Decimals(2).With(gsc_aoPointGamma), IsPointUsed },
+    { Run(1, 4), "Unused", Reserved(), IsPointUnused },
+};
+constexpr STable gsc_oPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoPointRows };
+
+constexpr SRow gsc_aoColorPointRows[] = {
+    { Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+    { Run(0x10, 2), "Padding", Filler(' ', gsc_szBlanks) },
+};
+constexpr STable gsc_oColorPointTable = { "Color point data", CZorEdidMap::eArea_Colour, gsc_aoColorPointRows };
+
+// ---- Standard timing identifications 9 to 14, E-EDID 3.10.3.6 ----
+
+constexpr unsigned int gsc_uiPairsOffset = 0x05;
+constexpr unsigned int gsc_uiPairSize = 2;
+constexpr unsigned int gsc_uiPairCount = 6;
+
+constexpr SRow gsc_aoPairsRows[] = {
+    { Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+};
+constexpr STable gsc_oPairsTable = { "Standard timing identifications", CZorEdidMap::eArea_Timing, gsc_aoPairsRows };
+
+// ---- Display color management data, E-EDID 3.10.3.7: coefficients of two bytes, least significant first ----
+
+constexpr SRow gsc_aoManagementRows[] = {
+    { Byte(0x05), "Version number", Number().Expect(3, "only version 3 has this layout") },
+    { Run(0x06, 2), "Red a3", Bytes() },
+    { Run(0x08, 2), "Red a2", Bytes() },
+    { Run(0x0A, 2), "Green a3", Bytes() },
+    { Run(0x0C, 2), "Green a2", Bytes() },
+    { Run(0x0E, 2), "Blue a3", Bytes() },
+    { Run(0x10, 2), "Blue a2", Bytes() },
+};
+constexpr STable gsc_oManagementTable = { "Display color management data", CZorEdidMap::eArea_Colour,
+                                          gsc_aoManagementRows };
+
+// ---- CVT 3 byte timing codes, E-EDID 3.10.3.8 ----
+
+constexpr unsigned int gsc_uiCodesOffset = 0x06;
+constexpr unsigned int gsc_uiCodeSize = 3;
+constexpr unsigned int gsc_uiCodeCount = 4;
+
+bool IsCodeUnused(const CRecord& oRecord)
+{
+    return oRecord.GetByte(0) == 0 && oRecord.GetByte(1) == 0 && oRecord.GetByte(2) == 0;
+}
+bool IsCodeUsed(const CRecord& oRecord) { return !IsCodeUnused(oRecord); }
+
+constexpr SPlace gsc_oCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } });
+constexpr SMeaning gsc_aoCodeAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" }, { 3, 3, "15:9" } };
+constexpr SMeaning gsc_aoCodeRates[] = { { 0, 0, "50 Hz" }, { 1, 1, "60 Hz" }, { 2, 2, "75 Hz" }, { 3, 3, "85 Hz" } };
+
+CMString FormatCvtCode(const CRecord& oRecord)
+{
+    struct SRatio
+    {
+        unsigned int m_uiWidth;
+        unsigned int m_uiHeight;
+    };
+    constexpr SRatio aoRatios[] = { { 4, 3 }, { 16, 9 }, { 16, 10 }, { 15, 9 } };
+    constexpr unsigned int auiRates[] = { 50, 60, 75, 85 };
+    constexpr unsigned int uiCell = 8; // pixels
+    if (IsCodeUnused(oRecord))
+    {
+        return "unused";
+    }
+    const unsigned int uiLines = (oRecord.Get(gsc_oCodeLines) + 1) * 2;
+    const SRatio& oRatio = aoRatios[oRecord.GetBits(1, 3, 2)];
+    CMString oText;
+    oText.Format("%u x %u @ %u Hz", uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines,
+                 auiRates[oRecord.GetBits(2, 6, 5)]);
+    return oText;
+}
+
+constexpr SRow gsc_aoCodeRows[] = {
+    { Run(0, 3), "Unused", Reserved(), IsCodeUnused },
+    { gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed },
+    { Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
+    { Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
+    { Bit(2, 7), "Reserved", Reserved(), IsCodeUsed },
+    { Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoCodeRates), IsCodeUsed },
+    { Bit(2, 4), "50 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { Bit(2, 3), "60 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { Bit(2, 2), "75 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { Bit(2, 1), "85 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { Bit(2, 0), "60 Hz with reduced blanking", Flag(gsc_aoSupported), IsCodeUsed },
+};
+
+constexpr SRow gsc_aoCodesRows[] = {
+    { Byte(0x05), "Version number", Number().Expect(1, "only version 1 has this layout") },
+};
+constexpr STable gsc_oCodesTable = { "CVT 3 byte timing codes", CZorEdidMap::eArea_Timing, gsc_aoCodesRows };
+
+// ---- Established timings III, E-EDID 3.10.3.9 ----
+
+constexpr SRow Mode(unsigned int uiOffset, unsigned int uiBit, const char* pszName)
+{
+    return { Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
+}
+
+constexpr SRow gsc_aoModesRows[] = {
+    { Byte(0x05), "Revision number", Number().Expect(0x0A, "only revision 10 has this layout") },
+    Mode(0x06, 7, "640 x 350 @ 85 Hz"),
+    Mode(0x06, 6, "640 x 400 @ 85 Hz"),
+    Mode(0x06, 5, "720 x 400 @ 85 Hz"),
+    Mode(0x06, 4, "640 x 480 @ 85 Hz"),
+    Mode(0x06, 3, "848 x 480 @ 60 Hz"),
+    Mode(0x06, 2, "800 x 600 @ 85 Hz"),
+    Mode(0x06, 1, "1024 x 768 @ 85 Hz"),
+    Mode(0x06, 0, "1152 x 864 @ 75 Hz"),
+    Mode(0x07, 7, "1280 x 768 @ 60 Hz, reduced blanking"),
+    Mode(0x07, 6, "1280 x 768 @ 60 Hz"),
+    Mode(0x07, 5, "1280 x 768 @ 75 Hz"),
+    Mode(0x07, 4, "1280 x 768 @ 85 Hz"),
+    Mode(0x07, 3, "1280 x 960 @ 60 Hz"),
+    Mode(0x07, 2, "1280 x 960 @ 85 Hz"),
+    Mode(0x07, 1, "1280 x 1024 @ 60 Hz"),
+    Mode(0x07, 0, "1280 x 1024 @ 85 Hz"),
+    Mode(0x08, 7, "1360 x 768 @ 60 Hz"),
+    Mode(0x08, 6, "1440 x 900 @ 60 Hz, reduced blanking"),
+    Mode(0x08, 5, "1440 x 900 @ 60 Hz"),
+    Mode(0x08, 4, "1440 x 900 @ 75 Hz"),
+    Mode(0x08, 3, "1440 x 900 @ 85 Hz"),
+    Mode(0x08, 2, "1400 x 1050 @ 60 Hz, reduced blanking"),
+    Mode(0x08, 1, "1400 x 1050 @ 60 Hz"),
+    Mode(0x08, 0, "1400 x 1050 @ 75 Hz"),
+    Mode(0x09, 7, "1400 x 1050 @ 85 Hz"),
+    Mode(0x09, 6, "1680 x 1050 @ 60 Hz, reduced blanking"),
+    Mode(0x09, 5, "1680 x 1050 @ 60 Hz"),
+    Mode(0x09, 4, "1680 x 1050 @ 75 Hz"),
+    Mode(0x09, 3, "1680 x 1050 @ 85 Hz"),
+    Mode(0x09, 2, "1600 x 1200 @ 60 Hz"),
+    Mode(0x09, 1, "1600 x 1200 @ 65 Hz"),
+    Mode(0x09, 0, "1600 x 1200 @ 70 Hz"),
+    Mode(0x0A, 7, "1600 x 1200 @ 75 Hz"),
+    Mode(0x0A, 6, "1600 x 1200 @ 85 Hz"),
+    Mode(0x0A, 5, "1792 x 1344 @ 60 Hz"),
+    Mode(0x0A, 4, "1792 x 1344 @ 75 Hz"),
+    Mode(0x0A, 3, "1856 x 1392 @ 60 Hz"),
+    Mode(0x0A, 2, "1856 x 1392 @ 75 Hz"),
+    Mode(0x0A, 1, "1920 x 1200 @ 60 Hz, reduced blanking"),
+    Mode(0x0A, 0, "1920 x 1200 @ 60 Hz"),
+    Mode(0x0B, 7, "1920 x 1200 @ 75 Hz"),
+    Mode(0x0B, 6, "1920 x 1200 @ 85 Hz"),
+    Mode(0x0B, 5, "1920 x 1440 @ 60 Hz"),
+    Mode(0x0B, 4, "1920 x 1440 @ 75 Hz"),
+    { Bits(0x0B, 3, 0), "Reserved", Reserved() },
+    { Run(0x0C, 6), "Reserved", Reserved() },
+};
+constexpr STable gsc_oModesTable = { "Established timings III", CZorEdidMap::eArea_Timing, gsc_aoModesRows };
+
+// ---- Dummy, makers' own and reserved descriptors, E-EDID 3.10.3.10 to 3.10.3.12 ----
+
+constexpr SRow gsc_aoDummyRows[] = { { Run(0x05, 13), "Unused", Reserved() } };
+constexpr STable gsc_oDummyTable = { "Dummy descriptor", CZorEdidMap::eArea_Unused, gsc_aoDummyRows };
+constexpr SRow gsc_aoMakerRows[] = { { Run(0x05, 13), "Manufacturer's data", Bytes() } };
+constexpr STable gsc_oMakerTable = { "Manufacturer specified descriptor", CZorEdidMap::eArea_Vendor, gsc_aoMakerRows };
+constexpr SRow gsc_aoUnknownRows[] = { { Run(0x05, 13), "Unknown", Unknown() } };
+constexpr STable gsc_oUnknownTable = { "Reserved descriptor", CZorEdidMap::eArea_Unused, gsc_aoUnknownRows };
+
+// ---- By tag ----
+
+// A descriptor with records of one kind has their table, place and number; one with a text, neither.
+struct SDescriptor
+{
+    unsigned char m_ui8First; // tags
+    unsigned char m_ui8Last;
+    const STable* m_poTable;
+    const STable* m_poItems = nullptr;
+    unsigned int m_uiItemsOffset = 0;
+    unsigned int m_uiItemSize = 0;
+    unsigned int m_uiItems = 0;
+    bool m_bText = false;
+};
+
+constexpr SDescriptor gsc_aoDescriptors[] = {
+    { 0x00, 0x0F, &gsc_oMakerTable },
+    { 0x10, 0x10, &gsc_oDummyTable },
+    { 0x11, 0xF6, &gsc_oUnknownTable },
+    { 0xF7, 0xF7, &gsc_oModesTable },
+    { 0xF8, 0xF8, &gsc_oCodesTable, &g_oCvtCodeTable, gsc_uiCodesOffset, gsc_uiCodeSize, gsc_uiCodeCount },
+    { 0xF9, 0xF9, &gsc_oManagementTable },
+    { 0xFA, 0xFA, &gsc_oPairsTable, &g_oStandardTimingTable, gsc_uiPairsOffset, gsc_uiPairSize, gsc_uiPairCount },
+    { 0xFB, 0xFB, &gsc_oColorPointTable, &gsc_oPointTable, gsc_uiPointOffset, gsc_uiPointSize, gsc_uiPointCount },
+    { 0xFC, 0xFC, &gsc_oNameTable, nullptr, 0, 0, 0, true },
+    { 0xFD, 0xFD, &gsc_oRangeTable },
+    { 0xFE, 0xFE, &gsc_oStringTable, nullptr, 0, 0, 0, true },
+    { 0xFF, 0xFF, &gsc_oSerialTable, nullptr, 0, 0, 0, true },
+};
+
+const SDescriptor& FindDescriptor(unsigned int uiTag)
+{
+    for (const SDescriptor& oDescriptor : gsc_aoDescriptors)
+    {
+        if (uiTag <= oDescriptor.m_ui8Last)
+        {
+            return oDescriptor;
+        }
+    }
+    return gsc_aoDescriptors[0];
+}
+} // namespace
+
+constexpr STable g_oDetailedTimingTable = { "Detailed timing", CZorEdidMap::eArea_Timing, gsc_aoDetailedRows,
+                                            FormatDetailed };
+constexpr STable g_oCvtCodeTable = { "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows,
+                                     FormatCvtCode };
+
+unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex)
+{
+    const CRecord oRecord = oWriter.GetRecord(uiOffset, gsc_uiMapDescriptorSize);
+    if (oRecord.GetSize() < gsc_uiMapDescriptorSize)
+    {
+        return CZorEdidMap::msc_uiNone;
+    }
+    if (oRecord.Get(gsc_oClock) != 0)
+    {
+        return oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);
+    }
+    const SDescriptor& oDescriptor = FindDescriptor(oRecord.GetByte(gsc_uiTagOffset));
+    const unsigned int uiField = oWriter.BeginGroup(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);
+    oWriter.AddRows(gsc_oHeadTable, uiOffset, gsc_uiMapDescriptorSize);
+    if (oDescriptor.m_bText)
+    {
+        AddText(oWriter, oRecord, uiOffset);
+    }
+    oWriter.AddRows(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize);
+    if (oDescriptor.m_poItems != nullptr)
+    {
+        oWriter.AddItems(*oDescriptor.m_poItems, uiOffset + oDescriptor.m_uiItemsOffset,
+                         oDescriptor.m_uiItemSize * oDescriptor.m_uiItems, oDescriptor.m_uiItemSize);
+    }
+    oWriter.EndGroup();
+    return uiField;
+}

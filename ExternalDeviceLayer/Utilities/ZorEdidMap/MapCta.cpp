@@ -1,9 +1,574 @@
-// CTA-861 extension block: still one field.
+// The walk of a CTA-861 extension block, and of a data block collection wherever it lies. Which table or walk a data
+// block has stands in one list here; the tables stand in MapCtaVideo.cpp, MapCtaAudio.cpp, MapCtaColour.cpp,
+// MapCtaHdmi.cpp and MapCtaVendor.cpp. Called by the walk of an image, and by that of a DisplayID block.
 
-#include "MapWriter.h"
+#include <algorithm>
+
+#include "MapCtaBlocks.h"
+
+namespace
+{
+using EArea = CZorEdidMap::EArea;
+
+// ---- The list of data blocks: CTA-861-H 7.5, tables 53 and 55; HDMI 2.1 10.3 ----
+
+// What lies in the payload of a data block.
+struct SContent
+{
+    const STable* m_poTable = nullptr;
+    unsigned int m_uiItemSize = 0; // the table lies over the payload once; else over each item of this size
+    CtaWalk m_pfnWalk = nullptr;
+};
+
+constexpr SContent Rows(const STable& oTable) { return { &oTable, 0, nullptr }; }
+constexpr SContent Items(const STable& oTable, unsigned int uiSize) { return { &oTable, uiSize, nullptr }; }
+constexpr SContent Walk(CtaWalk pfnWalk) { return { nullptr, 0, pfnWalk }; }
+constexpr SContent gsc_oUnknown = {};
+
+enum ERule : unsigned char
+{
+    eRule_Any,
+    eRule_Once,  // a second one in a collection is against the standard
+    eRule_First, // the first data block of its collection, and only once
+};
+
+constexpr unsigned int gsc_uiVendorTag = 3;
+constexpr unsigned int gsc_uiExtendedTag = 7;
+constexpr unsigned int gsc_uiAudioTag = 1;
+constexpr unsigned int gsc_uiVideoTag = 2;
+constexpr unsigned int gsc_uiVendorVideo = 1; // extended tags whose payload begins with an OUI
+constexpr unsigned int gsc_uiVendorAudio = 17;
+constexpr unsigned int gsc_uiAnyOui = 0;
+constexpr unsigned int gsc_uiMost = 31;
+
+struct SDataBlock
+{
+    unsigned char m_ui8Tag;
+    unsigned char m_ui8FirstExtended; // 0 to 0 for the other tags
+    unsigned char m_ui8LastExtended;
+    unsigned int m_uiOui;
+    const char* m_pszName;
+    EArea m_eArea;
+    unsigned int m_uiLeast; // bytes of the payload that the standard asks for
+    unsigned int m_uiMost;
+    ERule m_eRule;
+    SContent m_oContent;
+};
+
+constexpr EArea eUnused = CZorEdidMap::eArea_Unused;
+constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
+constexpr EArea eAudio = CZorEdidMap::eArea_Audio;
+constexpr EArea eColour = CZorEdidMap::eArea_Colour;
+constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
+constexpr EArea eVendor = CZorEdidMap::eArea_Vendor;
+constexpr EArea eIdentity = CZorEdidMap::eArea_Identity;
+constexpr EArea eStructure = CZorEdidMap::eArea_Structure;
+
+// A row with an OUI stands ahead of the row for any.
+// clang-format off
+constexpr SDataBlock gsc_aoDataBlocks[] = {
+    { 0, 0, 0, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 1, 0, 0, gsc_uiAnyOui, "Audio data block", eAudio, 3, gsc_uiMost, eRule_Any, Items(g_oCtaAudioTable, 3) },
+    { 2, 0, 0, gsc_uiAnyOui, "Video data block", eTiming, 1, gsc_uiMost, eRule_Any, Items(g_oCtaVideoTable, 1) },
+    { 3, 0, 0, 0x000C03, "HDMI vendor-specific data block", eDisplay, 2, gsc_uiMost, eRule_Once, Walk(MapCtaHdmi) },
+    { 3, 0, 0, 0xC45DD8, "HDMI Forum vendor-specific data block", eDisplay, 4, gsc_uiMost, eRule_Once, Walk(MapCtaHdmiForum) },
+    { 3, 0, 0, 0x00001A, "AMD vendor-specific data block", eVendor, 5, gsc_uiMost, eRule_Once, Rows(g_oCtaAmdTable) },
+    { 3, 0, 0, 0xCA125C, "Microsoft vendor-specific data block", eVendor, 18, 18, eRule_Once, Rows(g_oCtaMicrosoftTable) },
+    { 3, 0, 0, 0x1ABBFB, "UHD Alliance vendor-specific data block", eVendor, 2, gsc_uiMost, eRule_Once, Rows(g_oCtaUhdTable) },
+    { 3, 0, 0, gsc_uiAnyOui, "Vendor-specific data block", eVendor, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 4, 0, 0, gsc_uiAnyOui, "Speaker allocation data block", eAudio, 3, 3, eRule_Once, Rows(g_oCtaSpeakerTable) },
+    { 5, 0, 0, gsc_uiAnyOui, "VESA display transfer characteristic data block", eColour, 7, gsc_uiMost, eRule_Any, Walk(MapCtaTransfer) },
+    { 6, 0, 0, gsc_uiAnyOui, "Video format data block", eTiming, 2, gsc_uiMost, eRule_Any, Walk(MapCtaVideoFormats) },
+    { 7, 0, 0, gsc_uiAnyOui, "Video capability data block", eDisplay, 1, 1, eRule_Once, Rows(g_oCtaVideoCapabilityTable) },
+    { 7, 1, 1, 0x90848B, "HDR10+ vendor-specific video data block", eColour, 1, gsc_uiMost, eRule_Once, Rows(g_oCtaHdr10PlusTable) },
+    { 7, 1, 1, 0x00D046, "Dolby Vision vendor-specific video data block", eColour, 7, gsc_uiMost, eRule_Once, Rows(g_oCtaDolbyVisionTable) },
+    { 7, 1, 1, gsc_uiAnyOui, "Vendor-specific video data block", eVendor, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 2, 2, gsc_uiAnyOui, "VESA video display device data block", eDisplay, 30, 30, eRule_Once, Rows(g_oCtaDisplayDeviceTable) },
+    { 7, 3, 3, gsc_uiAnyOui, "VESA video timing block extension", eTiming, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 4, 4, gsc_uiAnyOui, "Reserved for HDMI video data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 5, 5, gsc_uiAnyOui, "Colorimetry data block", eColour, 2, 2, eRule_Once, Rows(g_oCtaColorimetryTable) },
+    { 7, 6, 6, gsc_uiAnyOui, "HDR static metadata data block", eColour, 2, gsc_uiMost, eRule_Once, Rows(g_oCtaStaticHdrTable) },
+    { 7, 7, 7, gsc_uiAnyOui, "HDR dynamic metadata data block", eColour, 3, gsc_uiMost, eRule_Once, Walk(MapCtaDynamicHdr) },
+    { 7, 8, 8, gsc_uiAnyOui, "Native video resolution data block", eTiming, 1, gsc_uiMost, eRule_Once, Walk(MapCtaNative) },
+    { 7, 9, 12, gsc_uiAnyOui, "Reserved for video-related blocks", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 13, 13, gsc_uiAnyOui, "Video format preference data block", eTiming, 1, gsc_uiMost, eRule_Once, Items(g_oCtaPreferenceTable, 1) },
+    { 7, 14, 14, gsc_uiAnyOui, "YCbCr 4:2:0 video data block", eTiming, 1, gsc_uiMost, eRule_Any, Items(g_oCtaVideoTable, 1) },
+    { 7, 15, 15, gsc_uiAnyOui, "YCbCr 4:2:0 capability map data block", eTiming, 0, gsc_uiMost, eRule_Once, Walk(MapCtaCapabilityMap) },
+    { 7, 16, 16, gsc_uiAnyOui, "Reserved for CTA miscellaneous audio fields", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 17, 17, 0x00D046, "Dolby vendor-specific audio data block", eAudio, 2, gsc_uiMost, eRule_Any, Rows(g_oCtaDolbyAudioTable) },
+    { 7, 17, 17, gsc_uiAnyOui, "Vendor-specific audio data block", eVendor, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 18, 18, gsc_uiAnyOui, "HDMI audio data block", eAudio, 2, gsc_uiMost, eRule_Once, Walk(MapCtaHdmiAudio) },
+    { 7, 19, 19, gsc_uiAnyOui, "Room configuration data block", eAudio, 4, gsc_uiMost, eRule_Once, Walk(MapCtaRoom) },
+    { 7, 20, 20, gsc_uiAnyOui, "Speaker location data block", eAudio, 2, gsc_uiMost, eRule_Any, Walk(MapCtaSpeakerLocations) },
+    { 7, 21, 31, gsc_uiAnyOui, "Reserved for audio-related blocks", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 32, 32, gsc_uiAnyOui, "InfoFrame data block", eDisplay, 2, gsc_uiMost, eRule_Once, Walk(MapCtaInfoFrames) },
+    { 7, 33, 33, gsc_uiAnyOui, "Product information data block", eIdentity, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 34, 34, gsc_uiAnyOui, "DisplayID Type VII video timing data block", eTiming, 21, gsc_uiMost, eRule_Any, Walk(MapCtaTypeVii) },
+    { 7, 35, 35, gsc_uiAnyOui, "DisplayID Type VIII video timing data block", eTiming, 2, gsc_uiMost, eRule_Any, Walk(MapCtaTypeViii) },
+    { 7, 36, 41, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 42, 42, gsc_uiAnyOui, "DisplayID Type X video timing data block", eTiming, 7, gsc_uiMost, eRule_Any, Walk(MapCtaTypeX) },
+    { 7, 43, 119, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 120, 120, gsc_uiAnyOui, "HDMI Forum EDID extension override data block", eStructure, 1, gsc_uiMost, eRule_First, Rows(g_oCtaExtensionOverrideTable) },
+    { 7, 121, 121, gsc_uiAnyOui, "HDMI Forum sink capability data block", eDisplay, 6, gsc_uiMost, eRule_Once, Walk(MapCtaHdmiSink) },
+    { 7, 122, 122, gsc_uiAnyOui, "HDMI Forum source-based tone mapping data block", eColour, 1, gsc_uiMost, eRule_Once, Walk(MapCtaToneMapping) },
+    { 7, 123, 127, gsc_uiAnyOui, "Reserved for HDMI", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { 7, 128, 255, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+};
+// clang-format on
+constexpr unsigned int gsc_uiKinds = std::size(gsc_aoDataBlocks);
+
+// What a block of tag 7 without an extended tag is.
+constexpr SDataBlock gsc_oNoExtendedTag = { 7,       0, 255,        gsc_uiAnyOui, "Extended data block without a tag",
+                                            eUnused, 0, gsc_uiMost, eRule_Any,    gsc_oUnknown };
+
+// ---- The header of a data block: CTA-861-H 7.4 ----
+
+constexpr unsigned int gsc_uiHeaderSize = 1;
+constexpr unsigned int gsc_uiExtendedSize = 2; // with the extended tag
+constexpr unsigned int gsc_uiOuiSize = 3;
+constexpr unsigned int gsc_uiMostHeader = gsc_uiExtendedSize + gsc_uiOuiSize;
+
+constexpr SMeaning gsc_aoTags[] = {
+    { 0, 0, "reserved" },
+    { 1, 1, "audio" },
+    { 2, 2, "video" },
+    { 3, 3, "vendor-specific" },
+    { 4, 4, "speaker allocation" },
+    { 5, 5, "VESA display transfer characteristic" },
+    { 6, 6, "video format" },
+    { 7, 7, "use extended tag" },
+};
+
+// As IEEE assigns them; CTA-861 stores the least significant byte first.
+constexpr SMeaning gsc_aoOuis[] = {
+    { 0x00001A, 0x00001A, "AMD" },
+    { 0x00044B, 0x00044B, "NVIDIA" },
+    { 0x000C03, 0x000C03, "HDMI Licensing" },
+    { 0x000C6E, 0x000C6E, "ASUSTek" },
+    { 0x0010FA, 0x0010FA, "Apple" },
+    { 0x0012FA, 0x0012FA, "THX" },
+    { 0x0014B9, 0x0014B9, "MStar" },
+    { 0x00D046, 0x00D046, "Dolby Laboratories" },
+    { 0x00E047, 0x00E047, "InFocus" },
+    { 0x1ABBFB, 0x1ABBFB, "UHD Alliance" },
+    { 0x90848B, 0x90848B, "HDR10+ Technologies" },
+    { 0xC45DD8, 0xC45DD8, "HDMI Forum" },
+    { 0xCA125C, 0xCA125C, "Microsoft" },
+};
+
+constexpr bool HasOui(unsigned int uiTag, unsigned int uiExtended)
+{
+    return uiTag == gsc_uiVendorTag ||
+           (uiTag == gsc_uiExtendedTag && (uiExtended == gsc_uiVendorVideo || uiExtended == gsc_uiVendorAudio));
+}
+
+// The names of extended tags, from the list of data blocks: of each range the row for any OUI.
+struct SExtendedTags
+{
+    SMeaning m_aoMeanings[gsc_uiKinds] = {};
+    unsigned int m_uiCount = 0;
+};
+
+constexpr SExtendedTags MakeExtendedTags()
+{
+    SExtendedTags oTags;
+    for (const SDataBlock& oBlock : gsc_aoDataBlocks)
+    {
+        if (oBlock.m_ui8Tag == gsc_uiExtendedTag && oBlock.m_uiOui == gsc_uiAnyOui)
+        {
+            oTags.m_aoMeanings[oTags.m_uiCount++] = { oBlock.m_ui8FirstExtended, oBlock.m_ui8LastExtended,
+                                                      oBlock.m_pszName };
+        }
+    }
+    return oTags;
+}
+
+constexpr SExtendedTags gsc_oExtendedTags = MakeExtendedTags();
+
+bool IsVendor(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_uiVendorTag; }
+bool IsExtended(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_uiExtendedTag; }
+bool IsExtendedVendor(const CRecord& oHeader)
+{
+    return IsExtended(oHeader) && HasOui(gsc_uiExtendedTag, oHeader.GetByte(1));
+}
+
+constexpr SForm gsc_oOui = Names(gsc_aoOuis).Text(CtaOuiText);
+
+constexpr SRow gsc_aoHeaderRows[] = {
+    { Bits(0, 7, 5), "Tag code", Names(gsc_aoTags) },
+    { Bits(0, 4, 0), "Length", Number("bytes") },
+    { Byte(1), "Extended tag code", Names({ gsc_oExtendedTags.m_aoMeanings, gsc_oExtendedTags.m_uiCount }),
+      IsExtended },
+    { Little24(1), "IEEE OUI", gsc_oOui, IsVendor },
+    { Little24(2), "IEEE OUI", gsc_oOui, IsExtendedVendor },
+};
+constexpr STable gsc_oHeaderTable = { "Data block header", eStructure, gsc_aoHeaderRows };
+
+// A data block of a collection: its kind, where it lies, and where its payload begins. Nothing of it reaches beyond the
+// collection's end.
+struct SFound
+{
+    const SDataBlock* m_poKind;
+    unsigned int m_uiOffset; // in the image
+    unsigned int m_uiSize;   // with its header
+    unsigned int m_uiHeader;
+    bool m_bCut;
+
+    unsigned int GetPayload() const { return m_uiOffset + m_uiHeader; }
+    unsigned int GetPayloadSize() const { return m_uiSize - m_uiHeader; }
+};
+
+const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned int uiOui)
+{
+    for (const SDataBlock& oKind : gsc_aoDataBlocks)
+    {
+        if (oKind.m_ui8Tag == uiTag && oKind.m_ui8FirstExtended <= uiExtended &&
+            uiExtended <= oKind.m_ui8LastExtended && (oKind.m_uiOui == gsc_uiAnyOui || oKind.m_uiOui == uiOui))
+        {
+            return &oKind;
+        }
+    }
+    return &gsc_oNoExtendedTag; // never reached: the list has a row for every tag
+}
+
+SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
+{
+    const CRecord oRecord = oWriter.GetRecord(uiOffset, uiEnd - uiOffset);
+    const unsigned int uiTag = oRecord.GetBits(0, 7, 5);
+    const unsigned int uiTold = gsc_uiHeaderSize + oRecord.GetBits(0, 4, 0);
+    SFound oFound = { &gsc_oNoExtendedTag, uiOffset, std::min(uiTold, uiEnd - uiOffset), gsc_uiHeaderSize, false };
+    oFound.m_bCut = oFound.m_uiSize < uiTold;
+    if (uiTag == gsc_uiExtendedTag)
+    {
+        if (oFound.m_uiSize < gsc_uiExtendedSize)
+        {
+            return oFound;
+        }
+        oFound.m_uiHeader = gsc_uiExtendedSize;
+    }
+    const unsigned int uiExtended = uiTag == gsc_uiExtendedTag ? oRecord.GetByte(1) : 0;
+    unsigned int uiOui = gsc_uiAnyOui;
+    if (HasOui(uiTag, uiExtended) && oFound.m_uiSize >= oFound.m_uiHeader + gsc_uiOuiSize)
+    {
+        uiOui = oRecord.Get(Little24(oFound.m_uiHeader));
+        oFound.m_uiHeader += gsc_uiOuiSize;
+    }
+    oFound.m_poKind = FindKind(uiTag, uiExtended, uiOui);
+    return oFound;
+}
+
+// ---- What is off about a data block ----
+
+void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, unsigned int uiIndex, bool bFirst)
+{
+    const SDataBlock& oKind = *oFound.m_poKind;
+    const unsigned int uiTag = oKind.m_ui8Tag;
+    if (oFound.m_bCut)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block collection");
+        return;
+    }
+    if (&oKind == &gsc_oNoExtendedTag)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its extended tag");
+    }
+    else if (HasOui(uiTag, oKind.m_ui8FirstExtended) && oFound.m_uiHeader < gsc_uiOuiSize)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its OUI");
+    }
+    else if (oFound.GetPayloadSize() < oKind.m_uiLeast)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is shorter than the standard has it");
+    }
+    else if (oFound.GetPayloadSize() > oKind.m_uiMost)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is longer than the standard has it");
+    }
+    else if (oKind.m_oContent.m_uiItemSize > 1 && oFound.GetPayloadSize() % oKind.m_oContent.m_uiItemSize != 0)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is no whole number of descriptors long");
+    }
+    if (oKind.m_eRule != eRule_Any && uiIndex > 0)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "the standard allows only one of this kind");
+    }
+    if (oKind.m_eRule == eRule_First && !bFirst)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is not the first data block");
+    }
+}
+
+// ---- The walk over a collection ----
+
+// Calls fnVisit for each data block up to uiEnd; runs of zero bytes are left out.
+template <class VISIT>
+void ForEachDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, VISIT fnVisit)
+{
+    while (uiOffset < uiEnd)
+    {
+        if (oWriter.GetRecord(uiOffset, 1).GetByte(0) == 0)
+        {
+            ++uiOffset;
+            continue;
+        }
+        const SFound oFound = FindDataBlock(oWriter, uiOffset, uiEnd);
+        fnVisit(oFound);
+        uiOffset += oFound.m_uiSize;
+    }
+}
+
+// What is to be known of a collection before the first block is written.
+struct SCollection
+{
+    SCtaVideoCodes m_oVideoCodes;
+    unsigned char m_aui8Count[gsc_uiKinds] = {}; // of each kind; at most 256 blocks are looked at
+    bool m_bAudio = false;
+};
+
+unsigned int IndexOf(const SDataBlock& oKind)
+{
+    return &oKind == &gsc_oNoExtendedTag ? 0 : static_cast<unsigned int>(&oKind - gsc_aoDataBlocks);
+}
+
+void CollectCodes(const CMapWriter& oWriter, const SFound& oFound, SCtaVideoCodes& oCodes)
+{
+    const CRecord oRecord = oWriter.GetRecord(oFound.GetPayload(), oFound.GetPayloadSize());
+    for (unsigned int i = 0; i < oRecord.GetSize() && oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost; ++i)
+    {
+        oCodes.m_aui8Codes[oCodes.m_uiCount++] = static_cast<unsigned char>(oRecord.GetByte(i));
+    }
+}
+
+SCollection LookThrough(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
+{
+    SCollection oCollection;
+    ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
+        unsigned char& ui8Count = oCollection.m_aui8Count[IndexOf(*oFound.m_poKind)];
+        ui8Count = ui8Count == 0xFF ? ui8Count : static_cast<unsigned char>(ui8Count + 1);
+        oCollection.m_bAudio = oCollection.m_bAudio || oFound.m_poKind->m_ui8Tag == gsc_uiAudioTag;
+        if (oFound.m_poKind->m_ui8Tag == gsc_uiVideoTag)
+        {
+            CollectCodes(oWriter, oFound, oCollection.m_oVideoCodes);
+        }
+    });
+    return oCollection;
+}
+
+void AddContent(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes)
+{
+    const SContent& oContent = oFound.m_poKind->m_oContent;
+    const SCtaPayload oPayload = { oFound.GetPayload(), oFound.GetPayloadSize(), oCodes };
+    if (oContent.m_pfnWalk != nullptr)
+    {
+        oContent.m_pfnWalk(oWriter, oPayload);
+    }
+    else if (oContent.m_uiItemSize != 0)
+    {
+        oWriter.AddItems(*oContent.m_poTable, oPayload.m_uiOffset, oPayload.m_uiLength, oContent.m_uiItemSize);
+    }
+    else if (oContent.m_poTable != nullptr)
+    {
+        oWriter.AddRows(*oContent.m_poTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+    }
+}
+
+bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr || oContent.m_pfnWalk != nullptr; }
+
+void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCollection& oCollection, unsigned int uiIndex,
+                  bool bFirst)
+{
+    const SDataBlock& oKind = *oFound.m_poKind;
+    const bool bSeveral = oCollection.m_aui8Count[IndexOf(oKind)] > 1;
+    const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize,
+                                                    bSeveral ? uiIndex : CZorEdidMap::msc_uiNone);
+    NoteDataBlock(oWriter, uiField, oFound, uiIndex, bFirst);
+    oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
+    AddContent(oWriter, oFound, oCollection.m_oVideoCodes);
+    if (IsKnown(oKind.m_oContent))
+    {
+        oWriter.EndGroup();
+    }
+    else
+    {
+        oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
+    }
+}
+} // namespace
+
+void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    const unsigned int uiEnd = uiOffset + uiLength;
+    const SCollection oCollection = LookThrough(oWriter, uiOffset, uiEnd);
+    unsigned int auiIndex[gsc_uiKinds] = {};
+    ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
+        AddDataBlock(oWriter, oFound, oCollection, auiIndex[IndexOf(*oFound.m_poKind)]++,
+                     oFound.m_uiOffset == uiOffset);
+    });
+}
+
+// ---- The block: CTA-861-H 7.3 ----
+
+namespace
+{
+constexpr unsigned int gsc_uiRevisionOffset = 1;
+constexpr unsigned int gsc_uiDetailedStartOffset = 2; // this byte holds where the detailed timings begin
+constexpr unsigned int gsc_uiFlagsOffset = 3;
+constexpr unsigned int gsc_uiBasicAudioBit = 6;
+constexpr unsigned int gsc_uiDataBlocksOffset = 4;
+constexpr unsigned int gsc_uiDescriptorSize = 18;
+constexpr unsigned int gsc_uiChecksumOffset = 127;
+constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiRevisionWithFlags = 2;
+constexpr unsigned int gsc_uiRevisionWithDataBlocks = 3;
+
+constexpr SMeaning gsc_aoExtensionTags[] = { { 2, 2, "CTA-861 extension" } };
+constexpr SMeaning gsc_aoRevisions[] = {
+    { 1, 1, "EIA/CEA-861" },
+    { 2, 2, "CEA-861-A" },
+    { 3, 3, "CEA-861-B and later" },
+};
+constexpr SMeaning gsc_aoStarts[] = { { 0, 0, "no data blocks, no detailed timings" }, { 4, 4, "no data blocks" } };
+
+bool HasFlags(const CRecord& oBlock) { return oBlock.GetByte(gsc_uiRevisionOffset) >= gsc_uiRevisionWithFlags; }
+
+constexpr bool IsStart(unsigned int uiStart) { return uiStart >= gsc_uiDataBlocksOffset && uiStart < gsc_uiBlockSize; }
+
+const char* CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
+{
+    return uiRevision == 0 || uiRevision > gsc_uiRevisionWithDataBlocks ? "revision is not published" : nullptr;
+}
+
+const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
+{
+    return uiStart != 0 && !IsStart(uiStart) ? "lies outside of the block: nothing behind it can be found" : nullptr;
+}
+
+constexpr SRow gsc_aoBlockRows[] = {
+    { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
+    { Byte(1), "Revision number", Number().With(gsc_aoRevisions), nullptr, CheckRevision },
+    { Byte(2), "Offset of the detailed timing descriptors", Number("bytes").With(gsc_aoStarts), nullptr, CheckStart },
+    { Bit(3, 7), "Underscan", Flag(), HasFlags },
+    { Bit(3, 6), "Basic audio", Flag(), HasFlags },
+    { Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },
+    { Bit(3, 4), "YCbCr 4:2:2", Flag(), HasFlags },
+    { Bits(3, 3, 0), "Total number of native formats in the detailed timing descriptors", Number(), HasFlags },
+};
+constexpr STable gsc_oBlockTable = { "CTA-861 extension block", eStructure, gsc_aoBlockRows };
+
+constexpr SRow gsc_oPaddingRow = { RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
+
+bool IsZero(const CRecord& oRecord)
+{
+    unsigned int uiBits = 0;
+    for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
+    {
+        uiBits |= oRecord.GetByte(i);
+    }
+    return uiBits == 0;
+}
+
+// Bytes 4 to uiStart - 1. Before revision 3 nothing was ever defined for them.
+void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiStart)
+{
+    if (uiStart <= gsc_uiDataBlocksOffset)
+    {
+        return;
+    }
+    const unsigned int uiFirst = uiOffset + gsc_uiDataBlocksOffset;
+    const unsigned int uiLength = uiStart - gsc_uiDataBlocksOffset;
+    const unsigned int uiField = oWriter.BeginGroup("Data block collection", eStructure, uiFirst, uiLength);
+    if (oBlock.GetByte(gsc_uiRevisionOffset) < gsc_uiRevisionWithDataBlocks)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "this revision of the block has no data blocks");
+        oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
+        return;
+    }
+    const bool bAudio = LookThrough(oWriter, uiFirst, uiFirst + uiLength).m_bAudio;
+    if (bAudio && !oBlock.IsSet(gsc_uiFlagsOffset, gsc_uiBasicAudioBit))
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "has audio, but the block's flags lack basic audio");
+    }
+    MapCtaDataBlocks(oWriter, uiFirst, uiLength);
+    oWriter.EndGroup("Padding");
+}
+
+// From uiStart on: descriptors up to the first of 18 zero bytes, then padding up to the checksum.
+void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
+{
+    for (unsigned int i = 0; uiEnd - uiStart >= gsc_uiDescriptorSize; ++i, uiStart += gsc_uiDescriptorSize)
+    {
+        if (IsZero(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDescriptorSize)))
+        {
+            break;
+        }
+        MapDescriptor(oWriter, uiOffset + uiStart, i);
+    }
+    if (uiStart < uiEnd)
+    {
+        oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + uiStart, uiEnd - uiStart);
+    }
+}
+} // namespace
 
 void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    oWriter.BeginBlock("CTA-861 extension block", uiOffset, uiLength);
+    const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
+    const unsigned int uiStart = oBlock.GetByte(gsc_uiDetailedStartOffset);
+    const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
+    oWriter.BeginBlock(gsc_oBlockTable.m_pszName, uiOffset, uiLength);
+    oWriter.AddRows(gsc_oBlockTable, uiOffset, std::min(uiLength, gsc_uiDataBlocksOffset));
+    if (IsStart(uiStart) && uiEnd > gsc_uiDataBlocksOffset)
+    {
+        const unsigned int uiBehind = std::min(uiStart, uiEnd);
+        AddCollection(oWriter, oBlock, uiOffset, uiBehind);
+        AddDetailedTimings(oWriter, uiOffset, uiBehind, uiEnd);
+    }
+    else if (uiStart == 0 && uiEnd > gsc_uiDataBlocksOffset)
+    {
+        oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + gsc_uiDataBlocksOffset, uiEnd - gsc_uiDataBlocksOffset);
+    }
     oWriter.EndBlock("Unknown", CZorEdidMap::eKind_Unknown);
+}
+
+// ---- Helpers of the other files ----
+
+const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue)
+{
+    for (const SMeaning& oMeaning : aoMeanings)
+    {
+        if (oMeaning.m_uiFirst <= uiValue && uiValue <= oMeaning.m_uiLast)
+        {
+            return oMeaning.m_pszName;
+        }
+    }
+    return nullptr;
+}
+
+CMString CtaOuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
+{
+    CMString sText;
+    sText.Format("%02X-%02X-%02X", uiOui >> 16, (uiOui >> 8) & 0xFF, uiOui & 0xFF);
+    const char* pszName = FindMeaning(gsc_aoOuis, uiOui);
+    if (pszName != nullptr)
+    {
+        sText.AppendFormat(" %s", pszName);
+    }
+    return sText;
+}
+
+void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+                 unsigned int (*pfnLength)(unsigned int uiFirstByte))
+{
+    for (unsigned int i = 0; uiLength > 0; ++i)
+    {
+        const unsigned int uiTold = pfnLength(oWriter.GetRecord(uiOffset, uiLength).GetByte(0));
+        const unsigned int uiSize = std::min(uiTold, uiLength);
+        const unsigned int uiField = oWriter.AddRecord(oTable, uiOffset, uiSize, i);
+        if (uiSize < uiTold)
+        {
+            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block");
+        }
+        uiOffset += uiSize;
+        uiLength -= uiSize;
+    }
 }

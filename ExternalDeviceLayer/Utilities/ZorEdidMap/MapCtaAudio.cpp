@@ -1,0 +1,366 @@
+// Tables of CTA-861 data blocks about audio formats, speakers and rooms. MapCta.cpp dispatches here.
+
+#include <algorithm>
+
+#include "MapCtaBlocks.h"
+
+namespace
+{
+constexpr CZorEdidMap::EArea eAudio = CZorEdidMap::eArea_Audio;
+
+// ---- Short audio descriptors: CTA-861-H 7.5.2, tables 34 to 40 ----
+
+enum EFormat : unsigned int
+{
+    eFormat_Reserved = 0,
+    eFormat_Pcm = 1,
+    eFormat_FirstWithBitRate = 2,
+    eFormat_LastWithBitRate = 8,
+    eFormat_OneBit = 9,
+    eFormat_EnhancedAc3 = 10,
+    eFormat_DtsHd = 11,
+    eFormat_Mat = 12,
+    eFormat_Dst = 13,
+    eFormat_WmaPro = 14,
+    eFormat_Extended = 15
+};
+
+enum EExtended : unsigned int
+{
+    eExtended_HeAac = 4,
+    eExtended_HeAacV2 = 5,
+    eExtended_AacLc = 6,
+    eExtended_HeAacSurround = 8,
+    eExtended_AacLcSurround = 10,
+    eExtended_MpegH = 11,
+    eExtended_Ac4 = 12,
+    eExtended_Pcm3d = 13,
+};
+
+constexpr SMeaning gsc_aoFormats[] = {
+    { 0, 0, "reserved" },
+    { 1, 1, "L-PCM" },
+    { 2, 2, "AC-3" },
+    { 3, 3, "MPEG-1 (Layers 1 & 2)" },
+    { 4, 4, "MP3 (MPEG-1 Layer 3)" },
+    { 5, 5, "MPEG-2 (multichannel)" },
+    { 6, 6, "AAC LC" },
+    { 7, 7, "DTS" },
+    { 8, 8, "ATRAC" },
+    { 9, 9, "One Bit Audio" },
+    { 10, 10, "Enhanced AC-3 (DD+)" },
+    { 11, 11, "DTS-HD" },
+    { 12, 12, "MAT (Dolby TrueHD)" },
+    { 13, 13, "DST" },
+    { 14, 14, "WMA Pro" },
+    { 15, 15, "extended" },
+};
+
+// 1 to 3 were withdrawn.
+constexpr SMeaning gsc_aoExtended[] = {
+    { 0, 0, "reserved" },
+    { 1, 1, "HE AAC" },
+    { 2, 2, "HE AAC v2" },
+    { 3, 3, "MPEG Surround" },
+    { 4, 4, "MPEG-4 HE AAC" },
+    { 5, 5, "MPEG-4 HE AAC v2" },
+    { 6, 6, "MPEG-4 AAC LC" },
+    { 7, 7, "DRA" },
+    { 8, 8, "MPEG-4 HE AAC + MPEG Surround" },
+    { 9, 9, "reserved" },
+    { 10, 10, "MPEG-4 AAC LC + MPEG Surround" },
+    { 11, 11, "MPEG-H 3D Audio" },
+    { 12, 12, "AC-4" },
+    { 13, 13, "L-PCM 3D Audio" },
+    { 16, 31, "reserved" },
+};
+
+unsigned int GetFormat(const CRecord& oAudio) { return oAudio.GetBits(0, 6, 3); }
+unsigned int GetExtended(const CRecord& oAudio) { return oAudio.GetBits(2, 7, 3); }
+
+template <unsigned int FORMAT>
+bool WhereFormat(const CRecord& oAudio)
+{
+    return GetFormat(oAudio) == FORMAT;
+}
+
+template <unsigned int EXTENDED>
+bool WhereExtended(const CRecord& oAudio)
+{
+    return WhereFormat<eFormat_Extended>(oAudio) && GetExtended(oAudio) == EXTENDED;
+}
+
+bool IsFormat(const CRecord& oAudio) { return !WhereFormat<eFormat_Reserved>(oAudio); }
+bool IsMat4OrLater(const CRecord& oAudio) { return WhereFormat<eFormat_Mat>(oAudio) && oAudio.IsSet(2, 0); }
+
+bool HasBitRate(const CRecord& oAudio)
+{
+    return GetFormat(oAudio) >= eFormat_FirstWithBitRate && GetFormat(oAudio) <= eFormat_LastWithBitRate;
+}
+
+bool HasOwnValue(const CRecord& oAudio)
+{
+    return WhereFormat<eFormat_OneBit>(oAudio) || WhereFormat<eFormat_DtsHd>(oAudio) ||
+           WhereFormat<eFormat_Dst>(oAudio);
+}
+
+bool HasSampleSizes(const CRecord& oAudio)
+{
+    return WhereFormat<eFormat_Pcm>(oAudio) || WhereExtended<eExtended_Pcm3d>(oAudio);
+}
+
+bool IsMpegSurround(const CRecord& oAudio)
+{
+    return WhereExtended<eExtended_HeAacSurround>(oAudio) || WhereExtended<eExtended_AacLcSurround>(oAudio);
+}
+
+bool HasFrameLengths(const CRecord& oAudio)
+{
+    return WhereExtended<eExtended_HeAac>(oAudio) || WhereExtended<eExtended_HeAacV2>(oAudio) ||
+           WhereExtended<eExtended_AacLc>(oAudio) || IsMpegSurround(oAudio);
+}
+
+// Of the formats without a count of 8 channels the published ones are left out, and those that are not.
+bool HasChannels(const CRecord& oAudio)
+{
+    return IsFormat(oAudio) && (!WhereFormat<eFormat_Extended>(oAudio) || GetExtended(oAudio) < eExtended_MpegH);
+}
+
+constexpr SMeaning gsc_aoMpegHLevels[] = {
+    { 0, 0, "unspecified" }, { 1, 1, "level 1" }, { 2, 2, "level 2" },  { 3, 3, "level 3" },
+    { 4, 4, "level 4" },     { 5, 5, "level 5" }, { 6, 7, "reserved" },
+};
+constexpr SMeaning gsc_aoMatKinds[] = {
+    { 0, 0, "Dolby TrueHD only" },
+    { 1, 1, "Dolby TrueHD, object audio PCM and channel-based PCM" },
+};
+constexpr SMeaning gsc_aoMatHash[] = { { 0, 0, "required" }, { 1, 1, "not required" } };
+constexpr SMeaning gsc_aoSurroundSignals[] = { { 0, 0, "implicit" }, { 1, 1, "implicit and explicit" } };
+
+constexpr SRow gsc_aoAudioRows[] = {
+    { Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },
+    { Bits(2, 7, 3), "Audio format extended code", Names(gsc_aoExtended), WhereFormat<eFormat_Extended> },
+    { Bits(0, 2, 0), "Maximum number of channels", Number("channels").Times(1, 1), HasChannels },
+    { Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } }), "Maximum number of channels", Number("channels").Times(1, 1),
+      WhereExtended<eExtended_Pcm3d> },
+    { Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels), WhereExtended<eExtended_MpegH> },
+    { Bit(1, 6), "192 kHz", Flag(), IsFormat },
+    { Bit(1, 5), "176.4 kHz", Flag(), IsFormat },
+    { Bit(1, 4), "96 kHz", Flag(), IsFormat },
+    { Bit(1, 3), "88.2 kHz", Flag(), IsFormat },
+    { Bit(1, 2), "48 kHz", Flag(), IsFormat },
+    { Bit(1, 1), "44.1 kHz", Flag(), IsFormat },
+    { Bit(1, 0), "32 kHz", Flag(), IsFormat },
+    { Bit(2, 2), "24 bit", Flag(), HasSampleSizes },
+    { Bit(2, 1), "20 bit", Flag(), HasSampleSizes },
+    { Bit(2, 0), "16 bit", Flag(), HasSampleSizes },
+    { Byte(2), "Maximum bit rate", Number("kbit/s").Times(8), HasBitRate },
+    { Byte(2), "Audio format code dependent value", Number(), HasOwnValue },
+    { Bit(2, 1), "Joint object coding with ACMOD28", Flag(), WhereFormat<eFormat_EnhancedAc3> },
+    { Bit(2, 0), "Joint object coding", Flag(), WhereFormat<eFormat_EnhancedAc3> },
+    { Bit(2, 1), "Hash calculation for PCM", Flag(gsc_aoMatHash), IsMat4OrLater },
+    { Bit(2, 0), "MAT content", Flag(gsc_aoMatKinds), WhereFormat<eFormat_Mat> },
+    { Bits(2, 2, 0), "Profile", Number(), WhereFormat<eFormat_WmaPro> },
+    { Bit(2, 2), "1024_TL", Flag(), HasFrameLengths },
+    { Bit(2, 1), "960_TL", Flag(), HasFrameLengths },
+    { Bit(2, 0), "22.2 multichannel", Flag(), WhereExtended<eExtended_AacLc> },
+    { Bit(2, 0), "MPEG Surround signaling", Flag(gsc_aoSurroundSignals), IsMpegSurround },
+    { Bit(2, 1), "Baseline profile", Flag(), WhereExtended<eExtended_MpegH> },
+    { Bit(2, 0), "Low complexity profile", Flag(), WhereExtended<eExtended_MpegH> },
+    { Bits(2, 2, 0), "Audio format code dependent value", Number(), WhereExtended<eExtended_Ac4> },
+};
+
+CMString AudioSummary(const CRecord& oAudio)
+{
+    const bool bExtended = WhereFormat<eFormat_Extended>(oAudio);
+    const char* pszName =
+        bExtended ? FindMeaning(gsc_aoExtended, GetExtended(oAudio)) : FindMeaning(gsc_aoFormats, GetFormat(oAudio));
+    CMString sText(pszName != nullptr ? pszName : "");
+    if (HasChannels(oAudio))
+    {
+        sText.AppendFormat(", %u channels", oAudio.GetBits(0, 2, 0) + 1);
+    }
+    return sText;
+}
+
+// ---- Speakers: CTA-861-H 7.5.3, HDMI 2.0 table 10-6 ----
+
+// The four bytes of HDMI end with the audio channel allocation type; the three of CTA-861 are their beginning.
+constexpr unsigned int gsc_uiSpeakerSize = 3;
+constexpr unsigned int gsc_uiHdmiSpeakerSize = 4;
+
+bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmiSpeakerSize; }
+bool IsOfHdmi(const CRecord& oSpeakers) { return !IsOfCta(oSpeakers); }
+
+constexpr SMeaning gsc_aoAllocations[] = {
+    { 0, 0, "reserved" },      { 1, 1, "10.2 channels" }, { 2, 2, "22.2 channels" },
+    { 3, 3, "30.2 channels" }, { 4, 15, "reserved" },
+};
+
+constexpr SRow gsc_aoSpeakerRows[] = {
+    { Bit(0, 7), "FLw/FRw Front left/right wide", Flag() },
+    { Bit(0, 6), "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
+    { Bit(0, 5), "FLc/FRc Front left/right of center", Flag() },
+    { Bit(0, 4), "BC Back center", Flag() },
+    { Bit(0, 3), "BL/BR Back left/right", Flag() },
+    { Bit(0, 2), "FC Front center", Flag() },
+    { Bit(0, 1), "LFE1 Low frequency effects 1", Flag() },
+    { Bit(0, 0), "FL/FR Front left/right", Flag() },
+    { Bit(1, 7), "TpSiL/TpSiR Top side left/right", Flag() },
+    { Bit(1, 6), "SiL/SiR Side left/right", Flag() },
+    { Bit(1, 5), "TpBC Top back center", Flag() },
+    { Bit(1, 4), "LFE2 Low frequency effects 2", Flag() },
+    { Bit(1, 3), "LS/RS Left/right surround", Flag() },
+    { Bit(1, 2), "TpFC Top front center", Flag() },
+    { Bit(1, 1), "TpC Top center", Flag() },
+    { Bit(1, 0), "TpFL/TpFR Top front left/right", Flag() },
+    { Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsOfHdmi },
+    { Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag() },
+    { Bit(2, 2), "BtFL/BtFR Bottom front left/right", Flag() },
+    { Bit(2, 1), "BtFC Bottom front center", Flag() },
+    { Bit(2, 0), "TpBL/TpBR Top back left/right", Flag() },
+    { Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
+};
+
+// ---- HDMI Audio Data Block: HDMI 2.0 10.3.3 ----
+
+constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
+
+constexpr SRow gsc_aoHdmiHeadRows[] = {
+    { Bit(0, 2), "Supports_MS_NonMixed", Flag() },
+    { Bits(0, 1, 0), "Max_Stream_Count", Number("streams").Times(1, 1).With(gsc_aoNoStreams) },
+    { Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
+};
+constexpr STable gsc_oHdmiHeadTable = { "HDMI audio data block", eAudio, gsc_aoHdmiHeadRows };
+constexpr unsigned int gsc_uiHdmiHeadSize = 2;
+constexpr unsigned int gsc_uiHdmiAudioSize = 4;
+
+template <unsigned int FORMAT>
+bool WhereHdmiFormat(const CRecord& oAudio)
+{
+    return oAudio.GetBits(0, 3, 0) == FORMAT;
+}
+
+constexpr SRow gsc_aoHdmiAudioRows[] = {
+    { Bits(0, 3, 0), "3D audio format", Names(gsc_aoFormats) },
+    { Bits(1, 4, 0), "Maximum number of channels", Number("channels").Times(1, 1) },
+    { Bit(2, 6), "192 kHz", Flag() },
+    { Bit(2, 5), "176.4 kHz", Flag() },
+    { Bit(2, 4), "96 kHz", Flag() },
+    { Bit(2, 3), "88.2 kHz", Flag() },
+    { Bit(2, 2), "48 kHz", Flag() },
+    { Bit(2, 1), "44.1 kHz", Flag() },
+    { Bit(2, 0), "32 kHz", Flag() },
+    { Bit(3, 2), "24 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { Bit(3, 1), "20 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { Bit(3, 0), "16 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { Byte(3), "Audio format code dependent value", Number(), WhereHdmiFormat<eFormat_OneBit> },
+};
+constexpr STable gsc_oHdmiAudioTable = { "HDMI 3D audio descriptor", eAudio, gsc_aoHdmiAudioRows };
+
+// ---- Room Configuration Data Block: CTA-861-H 7.5.15 ----
+
+// Of a maximum; two's complement in 1/64.
+constexpr SForm Part(const char* pszOf) { return Number(pszOf).Signed().Times(15625).Decimals(6); }
+
+constexpr SRow gsc_aoRoomRows[] = {
+    { Bit(0, 7), "Display", Flag() },
+    { Bit(0, 6), "Speaker", Flag() },
+    { Bit(0, 5), "SLD", Flag() },
+    { Bits(0, 4, 0), "Speaker count", Number("L-PCM channels").Times(1, 1), WhereSet<0, 6> },
+    { Byte(4), "Xmax", Number("dm") },
+    { Byte(5), "Ymax", Number("dm") },
+    { Byte(6), "Zmax", Number("dm") },
+    { Byte(7), "DisplayX", Part("Xmax"), WhereSet<0, 7> },
+    { Byte(8), "DisplayY", Part("Ymax"), WhereSet<0, 7> },
+    { Byte(9), "DisplayZ", Part("Zmax"), WhereSet<0, 7> },
+};
+constexpr STable gsc_oRoomTable = { "Room configuration", eAudio, gsc_aoRoomRows };
+
+// ---- Speaker Location Data Block: CTA-861-H 7.5.16 ----
+
+constexpr unsigned int gsc_uiCoordinatesBit = 6;
+constexpr unsigned int gsc_uiLocationSize = 2;
+constexpr unsigned int gsc_uiLocationWithCoordinates = 5;
+
+constexpr SMeaning gsc_aoSpeakerIds[] = {
+    { 0, 0, "FL" },     { 1, 1, "FR" },     { 2, 2, "FC" },     { 3, 3, "LFE1" },       { 4, 4, "BL" },
+    { 5, 5, "BR" },     { 6, 6, "FLc" },    { 7, 7, "FRc" },    { 8, 8, "BC" },         { 9, 9, "LFE2" },
+    { 10, 10, "SiL" },  { 11, 11, "SiR" },  { 12, 12, "TpFL" }, { 13, 13, "TpFR" },     { 14, 14, "TpFC" },
+    { 15, 15, "TpC" },  { 16, 16, "TpBL" }, { 17, 17, "TpBR" }, { 18, 18, "TpSiL" },    { 19, 19, "TpSiR" },
+    { 20, 20, "TpBC" }, { 21, 21, "BtFC" }, { 22, 22, "BtFL" }, { 23, 23, "BtFR" },     { 24, 24, "FLw" },
+    { 25, 25, "FRw" },  { 26, 26, "LS" },   { 27, 27, "RS" },   { 28, 30, "reserved" },
+};
+
+constexpr SRow gsc_aoLocationRows[] = {
+    { Bit(0, gsc_uiCoordinatesBit), "COORD", Flag() },
+    { Bit(0, 5), "ACTIVE", Flag() },
+    { Bits(0, 4, 0), "Channel_Index", Number() },
+    { Bits(1, 4, 0), "Speaker_ID", Names(gsc_aoSpeakerIds) },
+    { Byte(2), "X", Part("Xmax"), WhereSet<0, gsc_uiCoordinatesBit> },
+    { Byte(3), "Y", Part("Ymax"), WhereSet<0, gsc_uiCoordinatesBit> },
+    { Byte(4), "Z", Part("Zmax"), WhereSet<0, gsc_uiCoordinatesBit> },
+};
+
+CMString LocationSummary(const CRecord& oLocation)
+{
+    const char* pszName = FindMeaning(gsc_aoSpeakerIds, oLocation.GetBits(1, 4, 0));
+    return pszName != nullptr ? CMString(pszName) : CMString();
+}
+constexpr STable gsc_oLocationTable = { "Speaker location descriptor", eAudio, gsc_aoLocationRows, LocationSummary };
+
+unsigned int GetLocationSize(unsigned int uiFirstByte)
+{
+    return ((uiFirstByte >> gsc_uiCoordinatesBit) & 1U) != 0 ? gsc_uiLocationWithCoordinates : gsc_uiLocationSize;
+}
+
+// ---- Vendor-Specific Audio Data Block of Dolby ----
+
+constexpr SRow gsc_aoDolbyRows[] = {
+    { Bit(0, 7), "Headphone only", Flag() },
+    { Bit(0, 6), "Height speaker zone", Flag() },
+    { Bit(0, 5), "Surround speaker zone", Flag() },
+    { Bit(0, 4), "Center speaker zone", Flag() },
+    { Bit(0, 3), "Unknown", Unknown() },
+    { Bits(0, 2, 0), "Version", Number().Times(1, 1) },
+    { Bit(1, 0), "MAT PCM at 48 kHz only", Flag() },
+    { Bits(1, 7, 1), "Unknown", Unknown() },
+    { RunToEnd(2), "Unknown", Unknown() },
+};
+} // namespace
+
+constinit const STable g_oCtaAudioTable = { "Short audio descriptor", eAudio, gsc_aoAudioRows, AudioSummary };
+constinit const STable g_oCtaSpeakerTable = { "Speaker allocation", eAudio, gsc_aoSpeakerRows };
+constinit const STable g_oCtaDolbyAudioTable = { "Dolby audio", eAudio, gsc_aoDolbyRows };
+
+void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oHdmiHeadTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, gsc_uiHdmiHeadSize));
+    const unsigned int uiCount = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(1, 2, 0);
+    if (uiCount == 0 || oPayload.m_uiLength <= gsc_uiHdmiHeadSize)
+    {
+        return;
+    }
+    const unsigned int uiSize = std::min(uiCount * gsc_uiHdmiAudioSize, oPayload.m_uiLength - gsc_uiHdmiHeadSize);
+    const unsigned int uiSpeakers = gsc_uiHdmiHeadSize + uiSize;
+    oWriter.AddItems(gsc_oHdmiAudioTable, oPayload.m_uiOffset + gsc_uiHdmiHeadSize, uiSize, gsc_uiHdmiAudioSize);
+    if (oPayload.m_uiLength - uiSpeakers >= gsc_uiHdmiSpeakerSize)
+    {
+        oWriter.AddRecord(g_oCtaSpeakerTable, oPayload.m_uiOffset + uiSpeakers, gsc_uiHdmiSpeakerSize);
+    }
+}
+
+void MapCtaRoom(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    constexpr unsigned int uiSpeakersOffset = 1;
+    if (oPayload.m_uiLength >= uiSpeakersOffset + gsc_uiSpeakerSize)
+    {
+        oWriter.AddRows(g_oCtaSpeakerTable, oPayload.m_uiOffset + uiSpeakersOffset, gsc_uiSpeakerSize);
+    }
+    oWriter.AddRows(gsc_oRoomTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+}
+
+void MapCtaSpeakerLocations(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    AddCtaItems(oWriter, gsc_oLocationTable, oPayload.m_uiOffset, oPayload.m_uiLength, GetLocationSize);
+}

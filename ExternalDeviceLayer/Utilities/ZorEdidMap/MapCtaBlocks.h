@@ -1,0 +1,112 @@
+// What the CTA-861 files of the map share: the payload that a data block's walk is given, the tables and walks that
+// MapCta.cpp dispatches to, and helpers for conditions. For MapCta*.cpp only.
+//
+// Rows of data blocks count from the payload: the first byte behind the header, the extended tag and the OUI.
+
+#pragma once
+
+#include "MapWriter.h"
+
+// ---- What walks are given ----
+
+// The short video descriptors of a collection, in the order that bit maps and indexes of other data blocks count them:
+// over all Video Data Blocks, reserved codes counted.
+struct SCtaVideoCodes
+{
+    static constexpr unsigned int msc_uiMost = 256; // more than a collection can hold
+    unsigned char m_aui8Codes[msc_uiMost];
+    unsigned int m_uiCount = 0;
+};
+
+struct SCtaPayload
+{
+    unsigned int m_uiOffset; // in the image
+    unsigned int m_uiLength;
+    const SCtaVideoCodes& m_oVideoCodes;
+};
+
+using CtaWalk = void (*)(CMapWriter& oWriter, const SCtaPayload& oPayload);
+
+// ---- Helpers of tables and walks ----
+
+// Conditions of rows.
+template <unsigned int OFFSET, unsigned int BIT>
+bool WhereSet(const CRecord& oRecord)
+{
+    return oRecord.IsSet(OFFSET, BIT);
+}
+
+template <unsigned int OFFSET, unsigned int BIT>
+bool WhereClear(const CRecord& oRecord)
+{
+    return !oRecord.IsSet(OFFSET, BIT);
+}
+
+// The meaning of a value; null for one that the list lacks.
+const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue);
+
+// Records that tell their length in their first byte: up to the end, the last one cut there and noted. pfnLength gives
+// 1 or more.
+void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
+                 unsigned int (*pfnLength)(unsigned int uiFirstByte));
+
+inline constexpr unsigned int gsc_uiBitsOfByte = 8;
+
+// The bits of a byte that stand for the video codes of a collection, bit 0 for the one at uiFirst: fields of the names of
+// these codes. aoRows has a row for each bit, from bit 0 on. Bits without a code are left.
+void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
+                      std::span<const SRow, gsc_uiBitsOfByte> aoRows);
+
+// "00-0C-03 HDMI Licensing".
+CMString CtaOuiText(const CRecord& oRecord, unsigned int uiOui);
+
+// The name of the format of a short video descriptor; null for a code that is not published.
+const char* GetVideoCodeName(unsigned int uiSvd);
+
+// The luminance of an 8-bit code, in 10^-6 cd/m2: 50 * 2 ^ (code / 32), and of a minimum: maximum * (code / 255) ^ 2 /
+// 100. CTA-861-H 7.5.13.
+long long GetCtaLuminance(unsigned int uiCode);
+long long GetCtaMinimumLuminance(unsigned int uiMaximumCode, unsigned int uiCode);
+
+// ---- Data blocks ----
+
+// MapCtaVideo.cpp
+extern const STable g_oCtaVideoTable;      // an item of the Video and YCbCr 4:2:0 Video Data Blocks
+extern const STable g_oCtaPreferenceTable; // an item of the Video Format Preference Data Block
+extern const STable g_oCtaVideoCapabilityTable;
+void MapCtaNative(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaVideoFormats(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaTypeVii(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaTypeViii(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload);
+
+// MapCtaAudio.cpp
+extern const STable g_oCtaAudioTable; // an item of the Audio Data Block
+extern const STable g_oCtaSpeakerTable;
+extern const STable g_oCtaDolbyAudioTable;
+void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaRoom(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaSpeakerLocations(CMapWriter& oWriter, const SCtaPayload& oPayload);
+
+// MapCtaColour.cpp
+extern const STable g_oCtaColorimetryTable;
+extern const STable g_oCtaStaticHdrTable;
+extern const STable g_oCtaHdr10PlusTable;
+extern const STable g_oCtaDolbyVisionTable;
+void MapCtaDynamicHdr(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload);
+
+// MapCtaHdmi.cpp
+extern const STable g_oCtaExtensionOverrideTable;
+void MapCtaHdmi(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaHdmiForum(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaHdmiSink(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCtaToneMapping(CMapWriter& oWriter, const SCtaPayload& oPayload);
+
+// MapCtaVendor.cpp
+extern const STable g_oCtaAmdTable;
+extern const STable g_oCtaMicrosoftTable;
+extern const STable g_oCtaUhdTable;
+extern const STable g_oCtaDisplayDeviceTable;
+void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload);

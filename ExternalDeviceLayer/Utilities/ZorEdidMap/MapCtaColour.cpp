@@ -1,0 +1,288 @@
+// Tables of CTA-861 data blocks about colorimetry and dynamic range, those of makers too. MapCta.cpp dispatches here.
+
+#include <algorithm>
+
+#include "MapCtaBlocks.h"
+
+namespace
+{
+constexpr CZorEdidMap::EArea eColour = CZorEdidMap::eArea_Colour;
+
+// ---- VESA Display Transfer Characteristic Data Block: CTA-861-H 7.5.5 ----
+
+constexpr SMeaning gsc_aoCurves[] = { { 0, 0, "white" }, { 1, 1, "red" }, { 2, 2, "green" }, { 3, 3, "blue" } };
+
+// In 1/1023 of the full luminance. The points divide the input evenly; the last one, of full luminance, is not stored.
+constexpr SRow gsc_aoTransferRows[] = {
+    { Bits(0, 7, 6), "Curve", Names(gsc_aoCurves) },
+    { Bits(0, 5, 0), "Luminance of the first point", Number("/1023") },
+};
+constexpr STable gsc_oTransferTable = { "Display transfer characteristic", eColour, gsc_aoTransferRows };
+constexpr SRow gsc_oIncrementRow = { Byte(0), "Luminance increment", Number("/1023") };
+
+// ---- Colorimetry Data Block: CTA-861-H 7.5.5, table 64; bits 5 and 4 of the second byte by CTA-861.6 ----
+
+constexpr SRow gsc_aoColorimetryRows[] = {
+    { Bit(0, 7), "BT2020RGB", Flag() },
+    { Bit(0, 6), "BT2020YCC", Flag() },
+    { Bit(0, 5), "BT2020cYCC", Flag() },
+    { Bit(0, 4), "opRGB", Flag() },
+    { Bit(0, 3), "opYCC601", Flag() },
+    { Bit(0, 2), "sYCC601", Flag() },
+    { Bit(0, 1), "xvYCC709", Flag() },
+    { Bit(0, 0), "xvYCC601", Flag() },
+    { Bit(1, 7), "ST2113RGB", Flag() },
+    { Bit(1, 6), "ICtCp", Flag() },
+    { Bit(1, 5), "sRGB", Flag() },
+    { Bit(1, 4), "defaultRGB", Flag() },
+    { Bit(1, 0), "MD0 gamut boundary metadata profile P0", Flag() },
+};
+
+// ---- HDR Static Metadata Data Block: CTA-861-H 7.5.13 ----
+
+// 2 ^ (n / 32) in 10^-9.
+constexpr long long gsc_allPowers[] = {
+    1000000000, 1021897149, 1044273782, 1067140401, 1090507733, 1114386743, 1138788635, 1163724859,
+    1189207115, 1215247360, 1241857812, 1269050957, 1296839555, 1325236643, 1354255547, 1383909882,
+    1414213562, 1445180807, 1476826146, 1509164428, 1542210825, 1575980845, 1610490332, 1645755478,
+    1681792831, 1718619298, 1756252160, 1794709075, 1834008086, 1874167634, 1915206561, 1957144124,
+};
+constexpr unsigned int gsc_uiPowers = std::size(gsc_allPowers);
+constexpr long long gsc_llPerMilli = 1000; // of 10^-6
+constexpr unsigned int gsc_uiDecimals = 3;
+constexpr unsigned int gsc_uiMinimumDecimals = 5;
+constexpr long long gsc_llPerMinimum = 10;
+
+constexpr long long DivideRounded(long long llNumber, long long llBy) { return (llNumber + llBy / 2) / llBy; }
+
+long long Luminance(const CRecord& /*oRecord*/, unsigned int uiCode)
+{
+    return uiCode == 0 ? 0 : DivideRounded(GetCtaLuminance(uiCode), gsc_llPerMilli);
+}
+
+constexpr unsigned int gsc_uiMaximumOffset = 2; // of the HDR Static Metadata Data Block
+
+long long StaticMinimum(const CRecord& oHdr, unsigned int uiCode)
+{
+    const unsigned int uiMaximum = oHdr.GetByte(gsc_uiMaximumOffset);
+    return uiMaximum == 0 ? 0 : DivideRounded(GetCtaMinimumLuminance(uiMaximum, uiCode), gsc_llPerMinimum);
+}
+
+const char* CheckStaticMinimum(const CRecord& oHdr, unsigned int uiCode)
+{
+    return uiCode != 0 && oHdr.GetByte(gsc_uiMaximumOffset) == 0 ? "means nothing without a maximum" : nullptr;
+}
+
+const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
+{
+    const unsigned int uiMaximum = oHdr.GetByte(gsc_uiMaximumOffset);
+    return uiMaximum != 0 && uiCode > uiMaximum ? "is above the maximum luminance" : nullptr;
+}
+
+constexpr SMeaning gsc_aoNotIndicated[] = { { 0, 0, "not indicated" } };
+
+constexpr SRow gsc_aoStaticRows[] = {
+    { Bit(0, 3), "Hybrid Log-Gamma (ITU-R BT.2100)", Flag() },
+    { Bit(0, 2), "SMPTE ST 2084", Flag() },
+    { Bit(0, 1), "Traditional gamma, HDR luminance range", Flag() },
+    { Bit(0, 0), "Traditional gamma, SDR luminance range", Flag() },
+    { Bit(1, 0), "Static metadata type 1", Flag() },
+    { Byte(2), "Desired content max luminance",
+      Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoNotIndicated) },
+    { Byte(3), "Desired content max frame-average luminance",
+      Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoNotIndicated), nullptr,
+      CheckFrameAverage },
+    { Byte(4), "Desired content min luminance",
+      Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoNotIndicated), nullptr,
+      CheckStaticMinimum },
+};
+
+// ---- HDR Dynamic Metadata Data Block: CTA-861-H 7.5.14 ----
+
+enum EDynamicType : unsigned int
+{
+    eDynamic_1 = 1,
+    eDynamic_2 = 2,
+    eDynamic_4 = 4,
+    eDynamic_256 = 256
+};
+
+unsigned int GetDynamicType(const CRecord& oType) { return oType.Get(Little16(1)); }
+
+bool HasVersion(const CRecord& oType)
+{
+    const unsigned int uiType = GetDynamicType(oType);
+    return uiType == eDynamic_1 || uiType == eDynamic_2 || uiType == eDynamic_4 || uiType == eDynamic_256;
+}
+
+bool IsSlHdr(const CRecord& oType) { return GetDynamicType(oType) == eDynamic_2 && oType.GetBits(3, 3, 0) != 0; }
+
+constexpr SMeaning gsc_aoDynamicTypes[] = {
+    { 1, 1, "Type 1 (SMPTE ST 2094-10)" },
+    { 2, 2, "Type 2 (ETSI TS 103 433)" },
+    { 3, 3, "Type 3 (ITU-T H.265, colour remapping information)" },
+    { 4, 4, "Type 4 (SMPTE ST 2094-40)" },
+    { 256, 256, "Type 256 (graphics overlay)" },
+};
+
+constexpr SRow gsc_aoDynamicRows[] = {
+    { Byte(0), "Length", Number("bytes") },
+    { Little16(1), "HDR dynamic metadata type", Names(gsc_aoDynamicTypes) },
+    { Bit(3, 6), "SL-HDR3", Flag(), IsSlHdr },
+    { Bit(3, 5), "SL-HDR2", Flag(), IsSlHdr },
+    { Bit(3, 4), "SL-HDR1", Flag(), IsSlHdr },
+    { Bits(3, 3, 0), "Version", Number(), HasVersion },
+    { RunToEnd(4), "Optional fields", Bytes() },
+};
+
+CMString DynamicSummary(const CRecord& oType)
+{
+    const char* pszName = FindMeaning(gsc_aoDynamicTypes, GetDynamicType(oType));
+    return pszName != nullptr ? CMString(pszName) : CMString();
+}
+constexpr STable gsc_oDynamicTable = { "Supported HDR dynamic metadata", eColour, gsc_aoDynamicRows, DynamicSummary };
+
+unsigned int GetDynamicSize(unsigned int uiFirstByte) { return 1 + uiFirstByte; }
+
+// ---- Vendor-Specific Video Data Block of HDR10+ ----
+
+constexpr SRow gsc_aoHdr10PlusRows[] = {
+    { Bits(0, 7, 4), "Peak luminance index", Number() },
+    { Bits(0, 3, 2), "Full frame peak luminance index", Number() },
+    { Bits(0, 1, 0), "Application version", Number() },
+};
+
+// ---- Vendor-Specific Video Data Block of Dolby Vision, versions 0 to 2 ----
+
+constexpr unsigned int gsc_uiDolbySize0 = 17;
+constexpr unsigned int gsc_uiDolbySize = 7;
+constexpr unsigned int gsc_uiDolbyLongSize = 10; // of version 1, with full primaries
+
+template <unsigned int VERSION, unsigned int LEAST>
+bool WhereDolby(const CRecord& oDolby)
+{
+    return oDolby.GetBits(0, 7, 5) == VERSION && oDolby.GetSize() >= LEAST;
+}
+
+constexpr auto Is0 = WhereDolby<0, gsc_uiDolbySize0>;
+constexpr auto Is1 = WhereDolby<1, gsc_uiDolbySize>;
+constexpr auto Is1Long = WhereDolby<1, gsc_uiDolbyLongSize>;
+constexpr auto Is2 = WhereDolby<2, gsc_uiDolbySize>;
+bool Is1Short(const CRecord& oDolby) { return Is1(oDolby) && !Is1Long(oDolby); }
+bool Is0To2(const CRecord& oDolby) { return Is0(oDolby) || Is1(oDolby) || Is2(oDolby); }
+bool IsOther(const CRecord& oDolby) { return !Is0To2(oDolby); }
+bool HasBacklight(const CRecord& oDolby) { return Is2(oDolby) && oDolby.IsSet(0, 1); }
+
+// Of the 12-bit code of SMPTE ST 2084.
+constexpr SForm gsc_oPq = Number("of 4095 (PQ)");
+// A chromaticity in 1/4096, and in 1/256 above a least value that is given in 10^-5.
+constexpr SForm gsc_oIn4096 = Number().Times(100000).Over(4096).Decimals(5);
+constexpr SForm In256(unsigned int uiLeast) { return Number().Times(100000, uiLeast).Over(256).Decimals(5); }
+
+// (code / 127) ^ 2, in 10^-5 cd/m2.
+long long DolbyMinimum(const CRecord& /*oDolby*/, unsigned int uiCode)
+{
+    return DivideRounded(100000LL * uiCode * uiCode, 127LL * 127);
+}
+
+constexpr SMeaning gsc_aoDolbyVersions[] = { { 0, 0, "version 0" }, { 1, 1, "version 1" }, { 2, 2, "version 2" } };
+constexpr SMeaning gsc_aoDolbyColorimetry[] = { { 0, 0, "ITU-R BT.709" }, { 1, 1, "P3-D65" } };
+constexpr SMeaning gsc_aoLatencies[] = { { 0, 0, "standard" }, { 1, 1, "standard and low latency" } };
+constexpr SMeaning gsc_aoInterfaces[] = {
+    { 0, 0, "low latency" },
+    { 1, 1, "low latency, low latency HDMI" },
+    { 2, 2, "standard, low latency" },
+    { 3, 3, "standard, low latency, low latency HDMI" },
+};
+constexpr SMeaning gsc_ao444Depths[] = { { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, "reserved" } };
+
+// Low bits of chromaticities lie apart from their bytes.
+constexpr SRow gsc_aoDolbyRows[] = {
+    { Bits(0, 7, 5), "VSVDB version", Number().With(gsc_aoDolbyVersions) },
+    { Bits(0, 4, 0), "Unknown", Unknown(), IsOther },
+    { RunToEnd(1), "Unknown", Unknown(), IsOther },
+    { Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
+
+    { Bit(0, 1), "2160p60", Flag(), Is0 },
+    { Bit(0, 2), "Global dimming", Flag(), Is0 },
+    { Split({ { 2, 7, 0 }, { 1, 7, 4 } }), "Red x", gsc_oIn4096, Is0 },
+    { Split({ { 3, 7, 0 }, { 1, 3, 0 } }), "Red y", gsc_oIn4096, Is0 },
+    { Split({ { 5, 7, 0 }, { 4, 7, 4 } }), "Green x", gsc_oIn4096, Is0 },
+    { Split({ { 6, 7, 0 }, { 4, 3, 0 } }), "Green y", gsc_oIn4096, Is0 },
+    { Split({ { 8, 7, 0 }, { 7, 7, 4 } }), "Blue x", gsc_oIn4096, Is0 },
+    { Split({ { 9, 7, 0 }, { 7, 3, 0 } }), "Blue y", gsc_oIn4096, Is0 },
+    { Split({ { 11, 7, 0 }, { 10, 7, 4 } }), "White x", gsc_oIn4096, Is0 },
+    { Split({ { 12, 7, 0 }, { 10, 3, 0 } }), "White y", gsc_oIn4096, Is0 },
+    { Split({ { 14, 7, 0 }, { 13, 7, 4 } }), "Target minimum luminance", gsc_oPq, Is0 },
+    { Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance", gsc_oPq, Is0 },
+    { Bits(16, 7, 4), "Display management major version", Number(), Is0 },
+    { Bits(16, 3, 0), "Display management minor version", Number(), Is0 },
+
+    { Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is1 },
+    { Bit(0, 1), "2160p60", Flag(), Is1 },
+    { Bits(1, 7, 1), "Target maximum luminance", Number("cd/m2").Times(50, 100), Is1 },
+    { Bit(1, 0), "Global dimming", Flag(), Is1 },
+    { Bits(2, 7, 1), "Target minimum luminance", Number("cd/m2").Computed(DolbyMinimum).Decimals(5), Is1 },
+    { Bit(2, 0), "Colorimetry", Flag(gsc_aoDolbyColorimetry), Is1 },
+    { Bit(3, 0), "Latency", Flag(gsc_aoLatencies), Is1 },
+    { Byte(4), "Red x", In256(0), Is1Long },
+    { Byte(5), "Red y", In256(0), Is1Long },
+    { Byte(6), "Green x", In256(0), Is1Long },
+    { Byte(7), "Green y", In256(0), Is1Long },
+    { Byte(8), "Blue x", In256(0), Is1Long },
+    { Byte(9), "Blue y", In256(0), Is1Long },
+    { Bits(6, 7, 3), "Red x", In256(62500), Is1Short },
+    { Split({ { 6, 2, 0 }, { 5, 0, 0 }, { 4, 0, 0 } }), "Red y", In256(25000), Is1Short },
+    { Bits(4, 7, 1), "Green x", In256(0), Is1Short },
+    { Bits(5, 7, 1), "Green y", In256(50000), Is1Short },
+    { Bits(3, 7, 5), "Blue x", In256(12500), Is1Short },
+    { Bits(3, 4, 2), "Blue y", In256(3125), Is1Short },
+
+    { Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is2 },
+    { Bit(0, 1), "Backlight control", Flag(), Is2 },
+    { Bits(1, 7, 3), "Target minimum luminance", Number("of 4095 (PQ)").Times(20), Is2 },
+    { Bit(1, 2), "Global dimming", Flag(), Is2 },
+    { Bits(1, 1, 0), "Backlight minimum luminance", Number("cd/m2").Times(25, 25), HasBacklight },
+    { Bits(2, 7, 3), "Target maximum luminance", Number("of 4095 (PQ)").Times(65, 2055), Is2 },
+    { Bits(2, 1, 0), "Interface", Names(gsc_aoInterfaces), Is2 },
+    { Split({ { 3, 0, 0 }, { 4, 0, 0 } }), "10b_12b_444", Names(gsc_ao444Depths), Is2 },
+    { Bits(3, 7, 1), "Green x", In256(0), Is2 },
+    { Bits(4, 7, 1), "Green y", In256(50000), Is2 },
+    { Bits(5, 7, 3), "Red x", In256(62500), Is2 },
+    { Bits(5, 2, 0), "Blue x", In256(12500), Is2 },
+    { Bits(6, 7, 3), "Red y", In256(25000), Is2 },
+    { Bits(6, 2, 0), "Blue y", In256(3125), Is2 },
+};
+} // namespace
+
+constinit const STable g_oCtaColorimetryTable = { "Colorimetry", eColour, gsc_aoColorimetryRows };
+constinit const STable g_oCtaStaticHdrTable = { "HDR static metadata", eColour, gsc_aoStaticRows };
+constinit const STable g_oCtaHdr10PlusTable = { "HDR10+", eColour, gsc_aoHdr10PlusRows };
+constinit const STable g_oCtaDolbyVisionTable = { "Dolby Vision", eColour, gsc_aoDolbyRows };
+
+long long GetCtaLuminance(unsigned int uiCode)
+{
+    constexpr long long llTimes = 50;
+    constexpr long long llPerMicro = 1000; // the powers are in 10^-9
+    return DivideRounded((llTimes * gsc_allPowers[uiCode % gsc_uiPowers]) << (uiCode / gsc_uiPowers), llPerMicro);
+}
+
+long long GetCtaMinimumLuminance(unsigned int uiMaximumCode, unsigned int uiCode)
+{
+    constexpr long long llMost = 255;
+    return DivideRounded(GetCtaLuminance(uiMaximumCode) * uiCode * uiCode, llMost * llMost * 100);
+}
+
+void MapCtaDynamicHdr(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    AddCtaItems(oWriter, gsc_oDynamicTable, oPayload.m_uiOffset, oPayload.m_uiLength, GetDynamicSize);
+}
+
+void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oTransferTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
+    for (unsigned int i = 1; i < oPayload.m_uiLength; ++i)
+    {
+        oWriter.AddLeaf(gsc_oIncrementRow, eColour, oPayload.m_uiOffset + i, 1, i - 1);
+    }
+}

@@ -1,0 +1,443 @@
+// Tables of the data blocks that HDMI adds to CTA-861. MapCta.cpp dispatches here.
+
+#include <algorithm>
+
+#include "MapCtaBlocks.h"
+
+namespace
+{
+using EArea = CZorEdidMap::EArea;
+constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
+constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
+constexpr EArea eColour = CZorEdidMap::eArea_Colour;
+constexpr EArea eStructure = CZorEdidMap::eArea_Structure;
+
+// ---- HDMI Vendor-Specific Data Block: HDMI 1.4b 8.3.2 ----
+
+constexpr unsigned int gsc_uiPresentOffset = 4; // this byte says which fields follow
+constexpr unsigned int gsc_uiLatencyBit = 7;
+constexpr unsigned int gsc_uiInterlacedLatencyBit = 6;
+constexpr unsigned int gsc_uiVideoBit = 5;
+
+constexpr auto HasLatency = WhereSet<gsc_uiPresentOffset, gsc_uiLatencyBit>;
+bool HasInterlacedLatency(const CRecord& oHdmi)
+{
+    return HasLatency(oHdmi) && oHdmi.IsSet(gsc_uiPresentOffset, gsc_uiInterlacedLatencyBit);
+}
+
+CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
+{
+    CMString sText;
+    sText.Format("%u.%u.%u.%u", uiAddress >> 12, (uiAddress >> 8) & 0xF, (uiAddress >> 4) & 0xF, uiAddress & 0xF);
+    return sText;
+}
+
+const char* CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
+{
+    return uiClock > 340 / 5 ? "is above 340 MHz" : nullptr;
+}
+
+const char* CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
+{
+    return uiPresent != 0 && !HasLatency(oHdmi) ? "is set without Latency_Fields_Present" : nullptr;
+}
+
+constexpr SMeaning gsc_aoNotIndicated[] = { { 0, 0, "not indicated" } };
+constexpr SMeaning gsc_aoLatencies[] = {
+    { 0, 0, "not indicated" },
+    { 252, 254, "reserved" },
+    { 255, 255, "not supported" },
+};
+constexpr SForm gsc_oLatency = Number("ms").Times(2, -2).With(gsc_aoLatencies);
+
+constexpr SRow gsc_aoHdmiRows[] = {
+    { Big16(0), "Source physical address", Number().Text(AddressText) },
+    { Bit(2, 7), "Supports_AI", Flag() },
+    { Bit(2, 6), "DC_48bit", Flag() },
+    { Bit(2, 5), "DC_36bit", Flag() },
+    { Bit(2, 4), "DC_30bit", Flag() },
+    { Bit(2, 3), "DC_Y444", Flag() },
+    { Bit(2, 0), "DVI_Dual", Flag() },
+    { Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoNotIndicated), nullptr, CheckTmdsClock },
+    { Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag() },
+    { Bit(4, gsc_uiInterlacedLatencyBit), "I_Latency_Fields_Present", Flag(), nullptr, CheckInterlaced },
+    { Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag() },
+    { Bit(4, 3), "CNC3 (game)", Flag() },
+    { Bit(4, 2), "CNC2 (cinema)", Flag() },
+    { Bit(4, 1), "CNC1 (photo)", Flag() },
+    { Bit(4, 0), "CNC0 (graphics)", Flag() },
+    { Byte(5), "Video_Latency", gsc_oLatency, HasLatency },
+    { Byte(6), "Audio_Latency", gsc_oLatency, HasLatency },
+    { Byte(7), "Interlaced_Video_Latency", gsc_oLatency, HasInterlacedLatency },
+    { Byte(8), "Interlaced_Audio_Latency", gsc_oLatency, HasInterlacedLatency },
+};
+constexpr STable gsc_oHdmiTable = { "HDMI", eDisplay, gsc_aoHdmiRows };
+
+// What follows the latencies, where HDMI_Video_present is set.
+enum EMulti : unsigned int
+{
+    eMulti_All = 1,       // 3D_Structure_ALL follows the HDMI_VICs
+    eMulti_AllAndMask = 2 // and 3D_MASK follows that
+};
+constexpr SMeaning gsc_aoMulti[] = {
+    { 0, 0, "no 3D_Structure_ALL, no 3D_MASK" },
+    { 1, 1, "3D_Structure_ALL" },
+    { 2, 2, "3D_Structure_ALL and 3D_MASK" },
+    { 3, 3, "reserved" },
+};
+constexpr SMeaning gsc_aoImageSizes[] = {
+    { 0, 0, "no additional information" },
+    { 1, 1, "the base block's size has the right aspect ratio only" },
+    { 2, 2, "the base block's size is right, in cm" },
+    { 3, 3, "the base block's size is in 5 cm" },
+};
+constexpr SRow gsc_aoHdmiVideoRows[] = {
+    { Bit(0, 7), "3D_present", Flag() },
+    { Bits(0, 6, 5), "3D_Multi_present", Names(gsc_aoMulti) },
+    { Bits(0, 4, 3), "Image_Size", Names(gsc_aoImageSizes) },
+    { Bits(1, 7, 5), "HDMI_VIC_LEN", Number("bytes") },
+    { Bits(1, 4, 0), "HDMI_3D_LEN", Number("bytes") },
+};
+constexpr STable gsc_oHdmiVideoTable = { "HDMI video", eDisplay, gsc_aoHdmiVideoRows };
+constexpr unsigned int gsc_uiVideoSize = 2;
+
+constexpr SMeaning gsc_aoHdmiVics[] = {
+    { 0, 0, "reserved" },
+    { 1, 1, "3840x2160p 29.97/30 Hz 16:9" },
+    { 2, 2, "3840x2160p 25 Hz 16:9" },
+    { 3, 3, "3840x2160p 23.98/24 Hz 16:9" },
+    { 4, 4, "4096x2160p 24 Hz 256:135" },
+    { 5, 255, "reserved" },
+};
+constexpr SRow gsc_oHdmiVicRow = { Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics) };
+
+// Most significant byte first.
+constexpr SRow gsc_aoStructureAllRows[] = {
+    { Bit(0, 7), "Side-by-side (half), all quincunx combinations", Flag() },
+    { Bit(0, 0), "Side-by-side (half), horizontal sub-sampling", Flag() },
+    { Bit(1, 6), "Top-and-bottom", Flag() },
+    { Bit(1, 5), "L + depth + graphics + graphics-depth", Flag() },
+    { Bit(1, 4), "L + depth", Flag() },
+    { Bit(1, 3), "Side-by-side (full)", Flag() },
+    { Bit(1, 2), "Line alternative", Flag() },
+    { Bit(1, 1), "Field alternative", Flag() },
+    { Bit(1, 0), "Frame packing", Flag() },
+};
+constexpr STable gsc_oStructureAllTable = { "3D_Structure_ALL", eTiming, gsc_aoStructureAllRows };
+constexpr unsigned int gsc_uiStructureAllSize = 2;
+constexpr unsigned int gsc_uiMaskSize = 2;
+
+constexpr SMeaning gsc_aoInMask[] = { { 0, 0, "not in 3D" }, { 1, 1, "in 3D" } };
+constexpr SRow gsc_aoMaskRows[] = {
+    { Bit(0, 0), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 1), "Video code", Flag(gsc_aoInMask) },
+    { Bit(0, 2), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 3), "Video code", Flag(gsc_aoInMask) },
+    { Bit(0, 4), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 5), "Video code", Flag(gsc_aoInMask) },
+    { Bit(0, 6), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 7), "Video code", Flag(gsc_aoInMask) },
+};
+
+constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
+
+bool HasDetail(const CRecord& oItem) { return oItem.GetBits(0, 3, 0) >= gsc_uiFirstWithDetail; }
+
+constexpr SMeaning gsc_aoStructures[] = {
+    { 0, 0, "frame packing" },       { 1, 1, "field alternative" }, { 2, 2, "line alternative" },
+    { 3, 3, "side-by-side (full)" }, { 4, 4, "L + depth" },         { 5, 5, "L + depth + graphics + graphics-depth" },
+    { 6, 6, "top-and-bottom" },      { 7, 7, "reserved" },          { 8, 8, "side-by-side (half)" },
+    { 9, 15, "reserved" },
+};
+constexpr SMeaning gsc_aoDetails[] = {
+    { 0, 0, "all of horizontal sub-sampling and quincunx" },
+    { 1, 1, "horizontal sub-sampling" },
+    { 2, 5, "reserved" },
+    { 6, 6, "all quincunx combinations" },
+    { 7, 7, "quincunx, odd left, odd right" },
+    { 8, 8, "quincunx, odd left, even right" },
+    { 9, 9, "quincunx, even left, odd right" },
+    { 10, 10, "quincunx, even left, even right" },
+    { 11, 15, "reserved" },
+};
+constexpr SRow gsc_oOrderRow = { Bits(0, 7, 4), "2D_VIC_order", Number() };
+constexpr SRow gsc_aoItemRows[] = {
+    { Bits(0, 3, 0), "3D_Structure", Names(gsc_aoStructures) },
+    { Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },
+};
+constexpr STable gsc_oItemTable = { "3D format", eTiming, gsc_aoItemRows };
+
+constexpr unsigned int gsc_uiItemSize = 1;
+constexpr unsigned int gsc_uiItemSizeWithDetail = 2;
+
+// ---- HDMI Forum: sink capability data structure, HDMI 2.1 10.3.2 ----
+
+const char* CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
+{
+    constexpr unsigned int uiFrlWithFourLanes = 2;
+    const unsigned int uiFrl = oSink.GetBits(3, 7, 4);
+    if (uiRate != 0 && uiRate * 5 <= 340)
+    {
+        return "must be 0 or above 340 MHz";
+    }
+    if (uiRate * 5 < (uiFrl >= uiFrlWithFourLanes ? 600U : uiFrl == 1 ? 300U : 0U))
+    {
+        return "is too low for Max_FRL_Rate";
+    }
+    return nullptr;
+}
+
+const char* CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
+{
+    return uiRate > 48 ? "is above 48 Hz" : nullptr;
+}
+
+const char* CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
+{
+    if (uiRate != 0 && uiRate < oSink.GetBits(5, 5, 0))
+    {
+        return "is below VRR_MIN";
+    }
+    return uiRate != 0 && uiRate < 100 ? "is below 100 Hz" : nullptr;
+}
+
+constexpr SMeaning gsc_aoTmdsRates[] = { { 0, 0, "not above 340 MHz" } };
+constexpr SMeaning gsc_aoFrlRates[] = {
+    { 0, 0, "not supported" },
+    { 1, 1, "3 Gbps on 3 lanes" },
+    { 2, 2, "3 Gbps on 3 lanes, 6 Gbps on 3 lanes" },
+    { 3, 3, "up to 6 Gbps on 4 lanes" },
+    { 4, 4, "up to 8 Gbps on 4 lanes" },
+    { 5, 5, "up to 10 Gbps on 4 lanes" },
+    { 6, 6, "up to 12 Gbps on 4 lanes" },
+};
+constexpr SMeaning gsc_aoNoVrr[] = { { 0, 0, "no VRR" } };
+constexpr SMeaning gsc_aoNoVrrMax[] = { { 0, 0, "limited by the video format" } };
+constexpr SMeaning gsc_aoSlices[] = {
+    { 0, 0, "not supported" },
+    { 1, 1, "1 slice of up to 340 MHz" },
+    { 2, 2, "2 slices of up to 340 MHz" },
+    { 3, 3, "4 slices of up to 340 MHz" },
+    { 4, 4, "8 slices of up to 340 MHz" },
+    { 5, 5, "8 slices of up to 400 MHz" },
+    { 6, 6, "12 slices of up to 400 MHz" },
+    { 7, 7, "16 slices of up to 400 MHz" },
+    { 8, 15, "reserved" },
+};
+
+constexpr SRow gsc_aoSinkRows[] = {
+    { Byte(0), "Version", Number().Expect(1, "is no published version") },
+    { Byte(1), "Max_TMDS_Character_Rate", Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
+    { Bit(2, 7), "SCDC_Present", Flag() },
+    { Bit(2, 6), "RR_Capable", Flag() },
+    { Bit(2, 5), "CABLE_STATUS", Flag() },
+    { Bit(2, 4), "CCBPCI", Flag() },
+    { Bit(2, 3), "LTE_340Mcsc_scramble", Flag() },
+    { Bit(2, 2), "Independent_view", Flag() },
+    { Bit(2, 1), "Dual_View", Flag() },
+    { Bit(2, 0), "3D_OSD_Disparity", Flag() },
+    { Bits(3, 7, 4), "Max_FRL_Rate", Names(gsc_aoFrlRates) },
+    { Bit(3, 3), "UHD_VIC", Flag() },
+    { Bit(3, 2), "DC_48bit_420", Flag() },
+    { Bit(3, 1), "DC_36bit_420", Flag() },
+    { Bit(3, 0), "DC_30bit_420", Flag() },
+    { Bit(4, 7), "FAPA_End_Extended", Flag() },
+    { Bit(4, 6), "QMS", Flag() },
+    { Bit(4, 5), "M_Delta", Flag() },
+    { Bit(4, 4), "CinemaVRR", Flag() },
+    { Bit(4, 3), "CNMVRR", Flag() },
+    { Bit(4, 2), "FVA", Flag() },
+    { Bit(4, 1), "ALLM", Flag() },
+    { Bit(4, 0), "FAPA_start_location", Flag() },
+    { Split({ { 5, 7, 6 }, { 6, 7, 0 } }), "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax), nullptr, CheckVrrMax },
+    { Bits(5, 5, 0), "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
+    { Bit(7, 7), "DSC_1p2", Flag() },
+    { Bit(7, 6), "DSC_Native_420", Flag() },
+    { Bit(7, 5), "QMS_TFR_max", Flag() },
+    { Bit(7, 4), "QMS_TFR_min", Flag() },
+    { Bit(7, 3), "DSC_All_bpp", Flag() },
+    { Bit(7, 2), "DSC_16bpc", Flag() },
+    { Bit(7, 1), "DSC_12bpc", Flag() },
+    { Bit(7, 0), "DSC_10bpc", Flag() },
+    { Bits(8, 7, 4), "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates) },
+    { Bits(8, 3, 0), "DSC_MaxSlices", Names(gsc_aoSlices) },
+    { Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024) },
+};
+constexpr STable gsc_oSinkTable = { "Sink capability data structure", eDisplay, gsc_aoSinkRows };
+constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, behind two reserved bytes
+
+// ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 10.3.6 ----
+
+const char* CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
+{
+    return uiCount < 2 ? "is needed for more than one extension block only" : nullptr;
+}
+
+constexpr SRow gsc_aoOverrideRows[] = {
+    { Byte(0), "EDID extension block count", Number("blocks"), nullptr, CheckExtensionCount },
+};
+
+// ---- HDMI Forum Source-Based Tone Mapping Data Block: HDMI 2.1b ----
+
+enum EGamut : unsigned int
+{
+    eGamut_Explicit = 0
+};
+constexpr SMeaning gsc_aoGrdm[] = {
+    { 0, 0, "not supported" },
+    { 1, 1, "SDR range" },
+    { 2, 2, "HDR range" },
+    { 3, 3, "reserved" },
+};
+constexpr SMeaning gsc_aoGamuts[] = {
+    { 0, 0, "explicit chromaticities" },
+    { 1, 1, "ITU-R BT.709" },
+    { 2, 2, "SMPTE ST 2113" },
+    { 3, 3, "ITU-R BT.2020" },
+};
+
+bool HasDrdm(const CRecord& oTone) { return oTone.IsSet(0, 7); }
+bool HasPrimaries(const CRecord& oTone) { return HasDrdm(oTone) && oTone.GetBits(1, 7, 6) == eGamut_Explicit; }
+
+constexpr SForm gsc_oChromaticity = Number().Times(2).Decimals(5);
+
+constexpr SRow gsc_aoToneRows[] = {
+    { Bit(0, 7), "DRDM support", Flag() },
+    { Bits(0, 6, 5), "GRDM support", Names(gsc_aoGrdm) },
+    { Bits(0, 3, 0), "Version", Number() },
+    { Bits(1, 7, 6), "Gamut", Names(gsc_aoGamuts), HasDrdm },
+    { Bit(1, 5), "MaxRGB", Flag(), HasDrdm },
+    { Bit(1, 4), "Use HGIG DRDM", Flag(), HasDrdm },
+    { Bits(1, 2, 0), "HGIG DRDM index", Number(), HasDrdm },
+    { Little16(2), "Red x", gsc_oChromaticity, HasPrimaries },
+    { Little16(4), "Red y", gsc_oChromaticity, HasPrimaries },
+    { Little16(6), "Green x", gsc_oChromaticity, HasPrimaries },
+    { Little16(8), "Green y", gsc_oChromaticity, HasPrimaries },
+    { Little16(10), "Blue x", gsc_oChromaticity, HasPrimaries },
+    { Little16(12), "Blue y", gsc_oChromaticity, HasPrimaries },
+    { Little16(14), "White x", gsc_oChromaticity, HasPrimaries },
+    { Little16(16), "White y", gsc_oChromaticity, HasPrimaries },
+};
+constexpr STable gsc_oToneTable = { "Source-based tone mapping", eColour, gsc_aoToneRows };
+constexpr SRow gsc_oToneRestRow = { RunToEnd(0), "Unknown", Unknown() };
+constexpr unsigned int gsc_uiToneHead = 2;
+constexpr unsigned int gsc_uiTonePrimaries = 16;
+
+// ---- The 3D fields of HDMI 1.4 ----
+
+// Where a walk stands in a payload, in the image.
+struct SRange
+{
+    unsigned int m_uiOffset;
+    unsigned int m_uiEnd;
+
+    bool Has(unsigned int uiSize) const { return m_uiEnd - m_uiOffset >= uiSize; }
+};
+
+void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset)
+{
+    oWriter.BeginGroup("3D_MASK", eTiming, uiOffset, gsc_uiMaskSize);
+    AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBitsOfByte, gsc_aoMaskRows); // the high byte first
+    AddVideoCodeBits(oWriter, oCodes, uiOffset + 1, 0, gsc_aoMaskRows);
+    oWriter.EndGroup();
+}
+
+// A 3D format of one video code, which stands in a collection by its index.
+void AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize,
+             unsigned int uiIndex)
+{
+    oWriter.BeginGroup(gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize, uiIndex);
+    oWriter.AddLeaf(gsc_oOrderRow, eTiming, uiOffset, uiSize);
+    const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
+    if (uiOrder < oCodes.m_uiCount)
+    {
+        oWriter.SetMeaning(GetVideoCodeName(oCodes.m_aui8Codes[uiOrder]));
+    }
+    else
+    {
+        oWriter.AddNote(CZorEdidMap::eSeverity_Warning, "no video code has this place");
+    }
+    oWriter.AddRows(gsc_oItemTable, uiOffset, uiSize);
+    oWriter.EndGroup();
+}
+
+void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, unsigned int uiMulti)
+{
+    const bool bAll = uiMulti == eMulti_All || uiMulti == eMulti_AllAndMask;
+    if (bAll && oRange.Has(gsc_uiStructureAllSize))
+    {
+        oWriter.AddRecord(gsc_oStructureAllTable, oRange.m_uiOffset, gsc_uiStructureAllSize);
+        oRange.m_uiOffset += gsc_uiStructureAllSize;
+    }
+    if (uiMulti == eMulti_AllAndMask && oRange.Has(gsc_uiMaskSize))
+    {
+        AddMask(oWriter, oCodes, oRange.m_uiOffset);
+        oRange.m_uiOffset += gsc_uiMaskSize;
+    }
+    for (unsigned int i = 0; oRange.Has(gsc_uiItemSize); ++i)
+    {
+        const unsigned int uiTold =
+            HasDetail(oWriter.GetRecord(oRange.m_uiOffset, 1)) ? gsc_uiItemSizeWithDetail : gsc_uiItemSize;
+        const unsigned int uiSize = std::min(uiTold, oRange.m_uiEnd - oRange.m_uiOffset);
+        AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize, i);
+        oRange.m_uiOffset += uiSize;
+    }
+}
+
+// The fields from 3D_present on.
+void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiOffset)
+{
+    const unsigned int uiEnd = oPayload.m_uiOffset + oPayload.m_uiLength;
+    const CRecord oVideo = oWriter.GetRecord(uiOffset, gsc_uiVideoSize);
+    oWriter.AddRows(gsc_oHdmiVideoTable, uiOffset, gsc_uiVideoSize);
+    uiOffset += gsc_uiVideoSize;
+    const unsigned int uiVics = std::min(oVideo.GetBits(1, 7, 5), uiEnd - uiOffset);
+    for (unsigned int i = 0; i < uiVics; ++i)
+    {
+        oWriter.AddLeaf(gsc_oHdmiVicRow, eTiming, uiOffset + i, 1, i);
+    }
+    uiOffset += uiVics;
+    const unsigned int ui3d = oVideo.GetBits(1, 4, 0);
+    if (ui3d > uiEnd - uiOffset || oVideo.GetBits(1, 7, 5) > uiVics)
+    {
+        oWriter.AddNote(CZorEdidMap::eSeverity_Error, "the fields behind run past the end of the data block");
+    }
+    Add3d(oWriter, oPayload.m_oVideoCodes, { uiOffset, uiOffset + std::min(ui3d, uiEnd - uiOffset) },
+          oVideo.GetBits(0, 6, 5));
+}
+} // namespace
+
+constinit const STable g_oCtaExtensionOverrideTable = { "EDID extension override", eStructure, gsc_aoOverrideRows };
+
+void MapCtaHdmi(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    constexpr unsigned int uiLatencySize = 2;
+    const CRecord oHdmi = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength);
+    oWriter.AddRows(gsc_oHdmiTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+    const unsigned int uiVideo = gsc_uiPresentOffset + 1 + (HasLatency(oHdmi) ? uiLatencySize : 0) +
+                                 (HasInterlacedLatency(oHdmi) ? uiLatencySize : 0);
+    if (oHdmi.IsSet(gsc_uiPresentOffset, gsc_uiVideoBit) && uiVideo + gsc_uiVideoSize <= oPayload.m_uiLength)
+    {
+        AddHdmiVideo(oWriter, oPayload, oPayload.m_uiOffset + uiVideo);
+    }
+}
+
+void MapCtaHdmiForum(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oSinkTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+}
+
+void MapCtaHdmiSink(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    if (oPayload.m_uiLength > gsc_uiSinkOffset)
+    {
+        oWriter.AddRows(gsc_oSinkTable, oPayload.m_uiOffset + gsc_uiSinkOffset, oPayload.m_uiLength - gsc_uiSinkOffset);
+    }
+}
+
+void MapCtaToneMapping(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oToneTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+    const CRecord oTone = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength);
+    const unsigned int uiKnown = HasPrimaries(oTone) ? gsc_uiToneHead + gsc_uiTonePrimaries : gsc_uiToneHead;
+    if (HasDrdm(oTone) && oPayload.m_uiLength > uiKnown)
+    {
+        oWriter.AddLeaf(gsc_oToneRestRow, eColour, oPayload.m_uiOffset + uiKnown, oPayload.m_uiLength - uiKnown);
+    }
+}

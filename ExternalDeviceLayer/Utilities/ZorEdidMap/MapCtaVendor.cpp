@@ -1,0 +1,326 @@
+// Tables of CTA-861 data blocks of makers, and of those about a display as a whole. MapCta.cpp dispatches here.
+
+#include <algorithm>
+
+#include "MapCtaBlocks.h"
+
+namespace
+{
+using EArea = CZorEdidMap::EArea;
+constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
+constexpr EArea eVendor = CZorEdidMap::eArea_Vendor;
+
+// ---- AMD: variable refresh rate. Not published; what is known comes from drivers ----
+
+constexpr unsigned int gsc_uiAmdVersionWithHdr = 2;
+constexpr unsigned int gsc_uiAmdHdrSize = 10;
+constexpr unsigned int gsc_uiAmdVersionWithWideRate = 3;
+constexpr unsigned int gsc_uiAmdWideSize = 12;
+constexpr unsigned int gsc_uiAmdMinimumRateOffset = 2;
+constexpr unsigned int gsc_uiAmdMaximumOffset = 6;
+constexpr unsigned int gsc_uiAmdSecondMaximumOffset = 8;
+
+bool HasAmdWideRate(const CRecord& oAmd)
+{
+    return oAmd.GetByte(0) >= gsc_uiAmdVersionWithWideRate && oAmd.GetSize() >= gsc_uiAmdWideSize;
+}
+bool HasAmdRate(const CRecord& oAmd) { return !HasAmdWideRate(oAmd); }
+
+bool HasAmdHdr(const CRecord& oAmd)
+{
+    return oAmd.GetByte(0) >= gsc_uiAmdVersionWithHdr && oAmd.GetSize() >= gsc_uiAmdHdrSize && oAmd.IsSet(1, 1);
+}
+bool HasNoAmdHdr(const CRecord& oAmd) { return !HasAmdHdr(oAmd); }
+
+constexpr unsigned int gsc_uiDecimals = 3;
+constexpr unsigned int gsc_uiMinimumDecimals = 6; // GetCtaMinimumLuminance is in 10^-6
+
+long long AmdMaximum(const CRecord& /*oAmd*/, unsigned int uiCode) { return (GetCtaLuminance(uiCode) + 500) / 1000; }
+
+template <unsigned int MAXIMUM>
+long long AmdMinimum(const CRecord& oAmd, unsigned int uiCode)
+{
+    return GetCtaMinimumLuminance(oAmd.GetByte(MAXIMUM), uiCode);
+}
+
+const char* CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
+{
+    return uiRate < oAmd.GetByte(gsc_uiAmdMinimumRateOffset) ? "is below the minimum refresh rate" : nullptr;
+}
+
+constexpr SForm gsc_oAmdMaximum = Number("cd/m2").Computed(AmdMaximum).Decimals(gsc_uiDecimals);
+constexpr SForm AmdMinimumForm(long long (*pfnNumber)(const CRecord&, unsigned int))
+{
+    return Number("cd/m2").Computed(pfnNumber).Decimals(gsc_uiMinimumDecimals);
+}
+
+constexpr SRow gsc_aoAmdRows[] = {
+    { Byte(0), "Version", Number() },
+    { Bits(1, 7, 2), "Unknown", Unknown() },
+    { Bit(1, 1), "Luminances are valid", Flag() },
+    { Bit(1, 0), "Unknown", Unknown() },
+    { Byte(2), "Minimum refresh rate", Number("Hz") },
+    { Byte(3), "Maximum refresh rate", Number("Hz"), HasAmdRate, CheckAmdRate },
+    { Byte(3), "Unknown", Unknown(), HasAmdWideRate },
+    { Byte(4), "Unknown", Unknown() },
+    { Byte(5), "Unknown", Unknown() },
+    { Byte(6), "Maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
+    { Byte(7), "Minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>), HasAmdHdr },
+    { Byte(8), "Second maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
+    { Byte(9), "Second minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
+    { Run(6, 4), "Unknown", Unknown(), HasNoAmdHdr },
+    { Split({ { 11, 1, 0 }, { 10, 7, 0 } }), "Maximum refresh rate", Number("Hz"), HasAmdWideRate, CheckAmdRate },
+    { Bits(11, 7, 2), "Unknown", Unknown(), HasAmdWideRate },
+    { RunToEnd(10), "Unknown", Unknown(), HasAmdRate },
+    { RunToEnd(12), "Unknown", Unknown(), HasAmdWideRate },
+};
+
+// ---- Microsoft: head-mounted and specialised displays ----
+
+constexpr unsigned int gsc_uiMicrosoftVersionWithUsage = 3;
+
+bool HasUsage(const CRecord& oMicrosoft) { return oMicrosoft.GetByte(0) >= gsc_uiMicrosoftVersionWithUsage; }
+
+// A GUID, whose first three parts are stored with the least significant byte first.
+CMString ContainerText(const CRecord& oMicrosoft, unsigned int /*uiValue*/)
+{
+    constexpr unsigned int auiBytes[] = { 3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15 };
+    constexpr unsigned int uiContainerOffset = 2;
+    CMString sText;
+    for (unsigned int i = 0; i < std::size(auiBytes); ++i)
+    {
+        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
+        sText.AppendFormat("%s%02x", bDash ? "-" : "", oMicrosoft.GetByte(uiContainerOffset + auiBytes[i]));
+    }
+    return sText;
+}
+
+constexpr SMeaning gsc_aoUseCases[] = {
+    { 0, 0, "unknown" },
+    { 1, 1, "test equipment" },
+    { 2, 2, "generic display" },
+    { 3, 3, "television display" },
+    { 4, 4, "desktop productivity display" },
+    { 5, 5, "desktop gaming display" },
+    { 6, 6, "presentation display" },
+    { 7, 7, "virtual reality headset" },
+    { 8, 8, "augmented reality" },
+    { 9, 15, "reserved" },
+    { 16, 16, "video wall display" },
+    { 17, 17, "medical imaging display" },
+    { 18, 18, "dedicated gaming display" },
+    { 19, 19, "dedicated video monitor display" },
+    { 20, 20, "accessory display" },
+    { 21, 31, "reserved" },
+};
+
+constexpr SRow gsc_aoMicrosoftRows[] = {
+    { Byte(0), "Version", Number() },
+    { Bit(1, 6), "Desktop usage", Flag(), HasUsage },
+    { Bit(1, 5), "Third-party usage", Flag(), HasUsage },
+    { Bits(1, 4, 0), "Display product primary use case", Names(gsc_aoUseCases) },
+    { Run(2, 16), "Container ID", Bytes().Text(ContainerText) },
+};
+
+// ---- UHD Alliance: Filmmaker Mode ----
+
+constexpr SRow gsc_aoUhdRows[] = {
+    { Byte(0), "Filmmaker Mode content type", Number() },
+    { Byte(1), "Filmmaker Mode content subtype", Number() },
+    { RunToEnd(2), "Unknown", Unknown() },
+};
+
+// ---- VESA Video Display Device Data Block: VESA DDDB standard 1, CTA-861-H 7.5.9 ----
+
+bool IsAnalogInterface(const CRecord& oDevice) { return oDevice.GetBits(0, 7, 4) == 0; }
+bool IsOtherInterface(const CRecord& oDevice) { return !IsAnalogInterface(oDevice); }
+
+template <unsigned int COUNT>
+bool HasPrimaries(const CRecord& oDevice)
+{
+    return oDevice.GetBits(21, 1, 0) >= COUNT;
+}
+
+const char* CheckClock(const CRecord& oDevice, unsigned int uiClock)
+{
+    return uiClock != 0 && uiClock < oDevice.GetBits(3, 7, 2) ? "is below the minimum clock frequency" : nullptr;
+}
+
+constexpr SMeaning gsc_aoInterfaces[] = {
+    { 0, 0, "analog" },       { 1, 1, "LVDS" },          { 2, 2, "RSDS" },        { 3, 3, "DVI-D" },
+    { 4, 4, "DVI-I analog" }, { 5, 5, "DVI-I digital" }, { 6, 6, "HDMI-A" },      { 7, 7, "HDMI-B" },
+    { 8, 8, "MDDI" },         { 9, 9, "DisplayPort" },   { 10, 10, "IEEE-1394" }, { 11, 11, "M1 analog" },
+    { 12, 12, "M1 digital" }, { 13, 15, "reserved" },
+};
+constexpr SMeaning gsc_aoAnalogTypes[] = {
+    { 0, 0, "15HD/VGA" },
+    { 1, 1, "VESA NAVI-V (15HD)" },
+    { 2, 2, "VESA NAVI-D" },
+    { 3, 15, "reserved" },
+};
+constexpr SMeaning gsc_aoProtections[] = {
+    { 0, 0, "none" }, { 1, 1, "HDCP" }, { 2, 2, "DTCP" }, { 3, 3, "DPCP" }, { 4, 255, "reserved" },
+};
+constexpr SMeaning gsc_aoNotTold[] = { { 0, 0, "not specified" } };
+constexpr SMeaning gsc_aoOrientations[] = {
+    { 0, 0, "landscape" },
+    { 1, 1, "portrait" },
+    { 2, 2, "not fixed" },
+    { 3, 3, "undefined" },
+};
+constexpr SMeaning gsc_aoRotations[] = {
+    { 0, 0, "none" },
+    { 1, 1, "90 degrees clockwise" },
+    { 2, 2, "90 degrees counterclockwise" },
+    { 3, 3, "90 degrees either way" },
+};
+constexpr SMeaning gsc_aoZeroPixels[] = {
+    { 0, 0, "upper left" },
+    { 1, 1, "upper right" },
+    { 2, 2, "lower left" },
+    { 3, 3, "lower right" },
+};
+constexpr SMeaning gsc_aoScanDirections[] = {
+    { 0, 0, "not defined" },
+    { 1, 1, "fast scan on the long axis" },
+    { 2, 2, "fast scan on the short axis" },
+    { 3, 3, "reserved" },
+};
+constexpr SMeaning gsc_aoSubpixels[] = {
+    { 0, 0, "not defined" },
+    { 1, 1, "RGB vertical stripes" },
+    { 2, 2, "RGB horizontal stripes" },
+    { 3, 3, "vertical stripes in the order of the base block's primaries" },
+    { 4, 4, "horizontal stripes in the order of the base block's primaries" },
+    { 5, 5, "quad, red at the top left" },
+    { 6, 6, "quad, red at the bottom left" },
+    { 7, 7, "delta RGB" },
+    { 8, 8, "mosaic" },
+    { 9, 9, "quad, RGB and 1 more colour" },
+    { 10, 10, "five, RGB and 2 more colours" },
+    { 11, 11, "six, RGB and 3 more colours" },
+    { 12, 12, "Clairvoyante PenTile Matrix" },
+    { 13, 255, "reserved" },
+};
+constexpr SMeaning gsc_aoDithering[] = {
+    { 0, 0, "none" },
+    { 1, 1, "spatial" },
+    { 2, 2, "temporal" },
+    { 3, 3, "spatial and temporal" },
+};
+constexpr SMeaning gsc_aoDelaySigns[] = { { 0, 0, "negative" }, { 1, 1, "positive" } };
+constexpr SMeaning gsc_aoRateConversions[] = {
+    { 0, 0, "none" },
+    { 1, 1, "single buffering" },
+    { 2, 2, "double buffering" },
+    { 3, 3, "advanced" },
+};
+constexpr SMeaning gsc_aoTransitions[] = { { 0, 0, "black to white" }, { 1, 1, "white to black" } };
+
+constexpr SForm gsc_oPrimary = Number().Times(100000).Over(1024).Decimals(5);
+
+constexpr SRow gsc_aoDeviceRows[] = {
+    { Bits(0, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
+    { Bits(0, 3, 0), "Analog interface subtype", Names(gsc_aoAnalogTypes), IsAnalogInterface },
+    { Bits(0, 3, 0), "Number of lanes or channels", Number(), IsOtherInterface },
+    { Bits(1, 7, 4), "Interface version", Number() },
+    { Bits(1, 3, 0), "Interface release", Number() },
+    { Byte(2), "Content protection support", Names(gsc_aoProtections) },
+    { Bits(3, 7, 2), "Minimum clock frequency", Number("MHz").With(gsc_aoNotTold) },
+    { Split({ { 3, 1, 0 }, { 4, 7, 0 } }), "Maximum clock frequency", Number("MHz").With(gsc_aoNotTold), nullptr,
+      CheckClock },
+    { Little16(5), "Native horizontal pixels", Number("pixels").With(gsc_aoNotTold) },
+    { Little16(7), "Native vertical pixels", Number("pixels").With(gsc_aoNotTold) },
+    { Byte(9), "Aspect ratio", Number().Times(1, 100).Decimals(2) },
+    { Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
+    { Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
+    { Bits(10, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
+    { Bits(10, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
+    { Byte(11), "Subpixel layout", Names(gsc_aoSubpixels) },
+    { Byte(12), "Horizontal pixel pitch", Number("mm").Decimals(2) },
+    { Byte(13), "Vertical pixel pitch", Number("mm").Decimals(2) },
+    { Bits(14, 7, 6), "Dithering", Names(gsc_aoDithering) },
+    { Bit(14, 5), "Direct drive", Flag() },
+    { Bit(14, 4), "Overdrive not recommended", Flag() },
+    { Bit(14, 3), "Deinterlacing", Flag() },
+    { Bit(15, 7), "Audio support", Flag() },
+    { Bit(15, 6), "Separate audio inputs", Flag() },
+    { Bit(15, 5), "Audio input override", Flag() },
+    { Bit(16, 7), "Audio delay sign", Flag(gsc_aoDelaySigns) },
+    { Bits(16, 6, 0), "Audio delay", Number("ms").Times(2) },
+    { Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
+    { Bits(17, 5, 0), "Frame rate range", Number("Hz") },
+    { Byte(18), "Native or nominal frame rate", Number("Hz") },
+    { Bits(19, 7, 4), "Color bit depth of the interface", Number("bits").Times(1, 1) },
+    { Bits(19, 3, 0), "Color bit depth of the display", Number("bits").Times(1, 1) },
+    { Split({ { 22, 7, 0 }, { 20, 7, 6 } }), "Primary 4 x", gsc_oPrimary, HasPrimaries<1> },
+    { Split({ { 23, 7, 0 }, { 20, 5, 4 } }), "Primary 4 y", gsc_oPrimary, HasPrimaries<1> },
+    { Split({ { 24, 7, 0 }, { 20, 3, 2 } }), "Primary 5 x", gsc_oPrimary, HasPrimaries<2> },
+    { Split({ { 25, 7, 0 }, { 20, 1, 0 } }), "Primary 5 y", gsc_oPrimary, HasPrimaries<2> },
+    { Split({ { 26, 7, 0 }, { 21, 7, 6 } }), "Primary 6 x", gsc_oPrimary, HasPrimaries<3> },
+    { Split({ { 27, 7, 0 }, { 21, 5, 4 } }), "Primary 6 y", gsc_oPrimary, HasPrimaries<3> },
+    { Bits(21, 1, 0), "Number of additional primaries", Number() },
+    { Bit(28, 7), "Response time transition", Flag(gsc_aoTransitions) },
+    { Bits(28, 6, 0), "Response time", Number("ms") },
+    { Bits(29, 7, 4), "Horizontal overscan", Number("%") },
+    { Bits(29, 3, 0), "Vertical overscan", Number("%") },
+};
+
+// ---- InfoFrame Data Block: CTA-861-H 7.5.9 ----
+
+constexpr unsigned int gsc_uiVendorInfoFrame = 1;
+constexpr unsigned int gsc_uiOuiSize = 3;
+
+bool IsVendorInfoFrame(const CRecord& oFrame) { return oFrame.GetBits(0, 4, 0) == gsc_uiVendorInfoFrame; }
+
+constexpr SMeaning gsc_aoInfoFrames[] = {
+    { 0, 0, "reserved" },
+    { 1, 1, "Vendor-Specific" },
+    { 2, 2, "Auxiliary Video Information" },
+    { 3, 3, "Source Product Description" },
+    { 4, 4, "Audio" },
+    { 5, 5, "MPEG Source" },
+    { 6, 6, "NTSC VBI" },
+    { 7, 7, "Dynamic Range and Mastering" },
+    { 8, 31, "reserved" },
+};
+
+constexpr SRow gsc_aoFrameHeadRows[] = {
+    { Bits(0, 7, 5), "Length of the InfoFrame processing descriptor's payload", Number("bytes") },
+    { Byte(1), "Vendor-Specific InfoFrames at once", Number().Times(1, 1) },
+};
+constexpr STable gsc_oFrameHeadTable = { "InfoFrame processing descriptor", eDisplay, gsc_aoFrameHeadRows };
+constexpr unsigned int gsc_uiFrameHead = 2;
+
+constexpr SRow gsc_aoFrameRows[] = {
+    { Bits(0, 7, 5), "Payload length", Number("bytes") },
+    { Bits(0, 4, 0), "InfoFrame type code", Names(gsc_aoInfoFrames) },
+    { Little24(1), "IEEE OUI", Number().Text(CtaOuiText), IsVendorInfoFrame },
+};
+
+CMString FrameSummary(const CRecord& oFrame)
+{
+    const char* pszName = FindMeaning(gsc_aoInfoFrames, oFrame.GetBits(0, 4, 0));
+    return pszName != nullptr ? CMString(pszName) : CMString();
+}
+constexpr STable gsc_oFrameTable = { "Short InfoFrame descriptor", eDisplay, gsc_aoFrameRows, FrameSummary };
+
+unsigned int GetFrameSize(unsigned int uiFirstByte)
+{
+    const bool bVendor = (uiFirstByte & 0x1F) == gsc_uiVendorInfoFrame;
+    return 1 + (uiFirstByte >> 5) + (bVendor ? gsc_uiOuiSize : 0);
+}
+} // namespace
+
+constinit const STable g_oCtaAmdTable = { "AMD", eVendor, gsc_aoAmdRows };
+constinit const STable g_oCtaMicrosoftTable = { "Microsoft", eVendor, gsc_aoMicrosoftRows };
+constinit const STable g_oCtaUhdTable = { "UHD Alliance", eVendor, gsc_aoUhdRows };
+constinit const STable g_oCtaDisplayDeviceTable = { "VESA video display device", eDisplay, gsc_aoDeviceRows };
+
+void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oFrameHeadTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, gsc_uiFrameHead));
+    const unsigned int uiMore = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 7, 5);
+    const unsigned int uiFirst = std::min(gsc_uiFrameHead + uiMore, oPayload.m_uiLength);
+    AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);
+}

@@ -1,0 +1,489 @@
+// Tables of CTA-861 data blocks about video formats, and the names of the formats' codes. MapCta.cpp dispatches here.
+
+#include <algorithm>
+
+#include "MapCtaBlocks.h"
+
+namespace
+{
+using EArea = CZorEdidMap::EArea;
+constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
+constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
+
+// Where the byte 0 of a record lies between two values.
+template <unsigned int FIRST, unsigned int LAST>
+bool WhereIn(const CRecord& oRecord)
+{
+    return oRecord.GetByte(0) >= FIRST && oRecord.GetByte(0) <= LAST;
+}
+
+// ---- Video identification codes: CTA-861-H table 3 ----
+
+// Active pixels and lines, scan, rate in Hz (frames, of interlaced formats fields), picture aspect ratio. Where pixels
+// are sent twice the sent width stands in brackets. Two rates are one code: the clock may be divided by 1.001.
+constexpr SMeaning gsc_aoVideoFormats[] = {
+    { 1, 1, "640x480p 59.94/60 Hz 4:3" },
+    { 2, 2, "720x480p 59.94/60 Hz 4:3" },
+    { 3, 3, "720x480p 59.94/60 Hz 16:9" },
+    { 4, 4, "1280x720p 59.94/60 Hz 16:9" },
+    { 5, 5, "1920x1080i 59.94/60 Hz 16:9" },
+    { 6, 6, "720(1440)x480i 59.94/60 Hz 4:3" },
+    { 7, 7, "720(1440)x480i 59.94/60 Hz 16:9" },
+    { 8, 8, "720(1440)x240p 59.94/60 Hz 4:3" },
+    { 9, 9, "720(1440)x240p 59.94/60 Hz 16:9" },
+    { 10, 10, "2880x480i 59.94/60 Hz 4:3" },
+    { 11, 11, "2880x480i 59.94/60 Hz 16:9" },
+    { 12, 12, "2880x240p 59.94/60 Hz 4:3" },
+    { 13, 13, "2880x240p 59.94/60 Hz 16:9" },
+    { 14, 14, "1440x480p 59.94/60 Hz 4:3" },
+    { 15, 15, "1440x480p 59.94/60 Hz 16:9" },
+    { 16, 16, "1920x1080p 59.94/60 Hz 16:9" },
+    { 17, 17, "720x576p 50 Hz 4:3" },
+    { 18, 18, "720x576p 50 Hz 16:9" },
+    { 19, 19, "1280x720p 50 Hz 16:9" },
+    { 20, 20, "1920x1080i 50 Hz 16:9" },
+    { 21, 21, "720(1440)x576i 50 Hz 4:3" },
+    { 22, 22, "720(1440)x576i 50 Hz 16:9" },
+    { 23, 23, "720(1440)x288p 50 Hz 4:3" },
+    { 24, 24, "720(1440)x288p 50 Hz 16:9" },
+    { 25, 25, "2880x576i 50 Hz 4:3" },
+    { 26, 26, "2880x576i 50 Hz 16:9" },
+    { 27, 27, "2880x288p 50 Hz 4:3" },
+    { 28, 28, "2880x288p 50 Hz 16:9" },
+    { 29, 29, "1440x576p 50 Hz 4:3" },
+    { 30, 30, "1440x576p 50 Hz 16:9" },
+    { 31, 31, "1920x1080p 50 Hz 16:9" },
+    { 32, 32, "1920x1080p 23.98/24 Hz 16:9" },
+    { 33, 33, "1920x1080p 25 Hz 16:9" },
+    { 34, 34, "1920x1080p 29.97/30 Hz 16:9" },
+    { 35, 35, "2880x480p 59.94/60 Hz 4:3" },
+    { 36, 36, "2880x480p 59.94/60 Hz 16:9" },
+    { 37, 37, "2880x576p 50 Hz 4:3" },
+    { 38, 38, "2880x576p 50 Hz 16:9" },
+    { 39, 39, "1920x1080i 50 Hz 16:9" },
+    { 40, 40, "1920x1080i 100 Hz 16:9" },
+    { 41, 41, "1280x720p 100 Hz 16:9" },
+    { 42, 42, "720x576p 100 Hz 4:3" },
+    { 43, 43, "720x576p 100 Hz 16:9" },
+    { 44, 44, "720(1440)x576i 100 Hz 4:3" },
+    { 45, 45, "720(1440)x576i 100 Hz 16:9" },
+    { 46, 46, "1920x1080i 119.88/120 Hz 16:9" },
+    { 47, 47, "1280x720p 119.88/120 Hz 16:9" },
+    { 48, 48, "720x480p 119.88/120 Hz 4:3" },
+    { 49, 49, "720x480p 119.88/120 Hz 16:9" },
+    { 50, 50, "720(1440)x480i 119.88/120 Hz 4:3" },
+    { 51, 51, "720(1440)x480i 119.88/120 Hz 16:9" },
+    { 52, 52, "720x576p 200 Hz 4:3" },
+    { 53, 53, "720x576p 200 Hz 16:9" },
+    { 54, 54, "720(1440)x576i 200 Hz 4:3" },
+    { 55, 55, "720(1440)x576i 200 Hz 16:9" },
+    { 56, 56, "720x480p 239.76/240 Hz 4:3" },
+    { 57, 57, "720x480p 239.76/240 Hz 16:9" },
+    { 58, 58, "720(1440)x480i 239.76/240 Hz 4:3" },
+    { 59, 59, "720(1440)x480i 239.76/240 Hz 16:9" },
+    { 60, 60, "1280x720p 23.98/24 Hz 16:9" },
+    { 61, 61, "1280x720p 25 Hz 16:9" },
+    { 62, 62, "1280x720p 29.97/30 Hz 16:9" },
+    { 63, 63, "1920x1080p 119.88/120 Hz 16:9" },
+    { 64, 64, "1920x1080p 100 Hz 16:9" },
+    { 65, 65, "1280x720p 23.98/24 Hz 64:27" },
+    { 66, 66, "1280x720p 25 Hz 64:27" },
+    { 67, 67, "1280x720p 29.97/30 Hz 64:27" },
+    { 68, 68, "1280x720p 50 Hz 64:27" },
+    { 69, 69, "1280x720p 59.94/60 Hz 64:27" },
+    { 70, 70, "1280x720p 100 Hz 64:27" },
+    { 71, 71, "1280x720p 119.88/120 Hz 64:27" },
+    { 72, 72, "1920x1080p 23.98/24 Hz 64:27" },
+    { 73, 73, "1920x1080p 25 Hz 64:27" },
+    { 74, 74, "1920x1080p 29.97/30 Hz 64:27" },
+    { 75, 75, "1920x1080p 50 Hz 64:27" },
+    { 76, 76, "1920x1080p 59.94/60 Hz 64:27" },
+    { 77, 77, "1920x1080p 100 Hz 64:27" },
+    { 78, 78, "1920x1080p 119.88/120 Hz 64:27" },
+    { 79, 79, "1680x720p 23.98/24 Hz 64:27" },
+    { 80, 80, "1680x720p 25 Hz 64:27" },
+    { 81, 81, "1680x720p 29.97/30 Hz 64:27" },
+    { 82, 82, "1680x720p 50 Hz 64:27" },
+    { 83, 83, "1680x720p 59.94/60 Hz 64:27" },
+    { 84, 84, "1680x720p 100 Hz 64:27" },
+    { 85, 85, "1680x720p 119.88/120 Hz 64:27" },
+    { 86, 86, "2560x1080p 23.98/24 Hz 64:27" },
+    { 87, 87, "2560x1080p 25 Hz 64:27" },
+    { 88, 88, "2560x1080p 29.97/30 Hz 64:27" },
+    { 89, 89, "2560x1080p 50 Hz 64:27" },
+    { 90, 90, "2560x1080p 59.94/60 Hz 64:27" },
+    { 91, 91, "2560x1080p 100 Hz 64:27" },
+    { 92, 92, "2560x1080p 119.88/120 Hz 64:27" },
+    { 93, 93, "3840x2160p 23.98/24 Hz 16:9" },
+    { 94, 94, "3840x2160p 25 Hz 16:9" },
+    { 95, 95, "3840x2160p 29.97/30 Hz 16:9" },
+    { 96, 96, "3840x2160p 50 Hz 16:9" },
+    { 97, 97, "3840x2160p 59.94/60 Hz 16:9" },
+    { 98, 98, "4096x2160p 23.98/24 Hz 256:135" },
+    { 99, 99, "4096x2160p 25 Hz 256:135" },
+    { 100, 100, "4096x2160p 29.97/30 Hz 256:135" },
+    { 101, 101, "4096x2160p 50 Hz 256:135" },
+    { 102, 102, "4096x2160p 59.94/60 Hz 256:135" },
+    { 103, 103, "3840x2160p 23.98/24 Hz 64:27" },
+    { 104, 104, "3840x2160p 25 Hz 64:27" },
+    { 105, 105, "3840x2160p 29.97/30 Hz 64:27" },
+    { 106, 106, "3840x2160p 50 Hz 64:27" },
+    { 107, 107, "3840x2160p 59.94/60 Hz 64:27" },
+    { 108, 108, "1280x720p 47.95/48 Hz 16:9" },
+    { 109, 109, "1280x720p 47.95/48 Hz 64:27" },
+    { 110, 110, "1680x720p 47.95/48 Hz 64:27" },
+    { 111, 111, "1920x1080p 47.95/48 Hz 16:9" },
+    { 112, 112, "1920x1080p 47.95/48 Hz 64:27" },
+    { 113, 113, "2560x1080p 47.95/48 Hz 64:27" },
+    { 114, 114, "3840x2160p 47.95/48 Hz 16:9" },
+    { 115, 115, "4096x2160p 47.95/48 Hz 256:135" },
+    { 116, 116, "3840x2160p 47.95/48 Hz 64:27" },
+    { 117, 117, "3840x2160p 100 Hz 16:9" },
+    { 118, 118, "3840x2160p 119.88/120 Hz 16:9" },
+    { 119, 119, "3840x2160p 100 Hz 64:27" },
+    { 120, 120, "3840x2160p 119.88/120 Hz 64:27" },
+    { 121, 121, "5120x2160p 23.98/24 Hz 64:27" },
+    { 122, 122, "5120x2160p 25 Hz 64:27" },
+    { 123, 123, "5120x2160p 29.97/30 Hz 64:27" },
+    { 124, 124, "5120x2160p 47.95/48 Hz 64:27" },
+    { 125, 125, "5120x2160p 50 Hz 64:27" },
+    { 126, 126, "5120x2160p 59.94/60 Hz 64:27" },
+    { 127, 127, "5120x2160p 100 Hz 64:27" },
+    { 193, 193, "5120x2160p 119.88/120 Hz 64:27" },
+    { 194, 194, "7680x4320p 23.98/24 Hz 16:9" },
+    { 195, 195, "7680x4320p 25 Hz 16:9" },
+    { 196, 196, "7680x4320p 29.97/30 Hz 16:9" },
+    { 197, 197, "7680x4320p 47.95/48 Hz 16:9" },
+    { 198, 198, "7680x4320p 50 Hz 16:9" },
+    { 199, 199, "7680x4320p 59.94/60 Hz 16:9" },
+    { 200, 200, "7680x4320p 100 Hz 16:9" },
+    { 201, 201, "7680x4320p 119.88/120 Hz 16:9" },
+    { 202, 202, "7680x4320p 23.98/24 Hz 64:27" },
+    { 203, 203, "7680x4320p 25 Hz 64:27" },
+    { 204, 204, "7680x4320p 29.97/30 Hz 64:27" },
+    { 205, 205, "7680x4320p 47.95/48 Hz 64:27" },
+    { 206, 206, "7680x4320p 50 Hz 64:27" },
+    { 207, 207, "7680x4320p 59.94/60 Hz 64:27" },
+    { 208, 208, "7680x4320p 100 Hz 64:27" },
+    { 209, 209, "7680x4320p 119.88/120 Hz 64:27" },
+    { 210, 210, "10240x4320p 23.98/24 Hz 64:27" },
+    { 211, 211, "10240x4320p 25 Hz 64:27" },
+    { 212, 212, "10240x4320p 29.97/30 Hz 64:27" },
+    { 213, 213, "10240x4320p 47.95/48 Hz 64:27" },
+    { 214, 214, "10240x4320p 50 Hz 64:27" },
+    { 215, 215, "10240x4320p 59.94/60 Hz 64:27" },
+    { 216, 216, "10240x4320p 100 Hz 64:27" },
+    { 217, 217, "10240x4320p 119.88/120 Hz 64:27" },
+    { 218, 218, "4096x2160p 100 Hz 256:135" },
+    { 219, 219, "4096x2160p 119.88/120 Hz 256:135" },
+};
+
+// ---- Short video descriptors: CTA-861-H 7.5.1 ----
+
+constexpr unsigned int gsc_uiNativeBit = 0x80;
+constexpr unsigned int gsc_uiLastNative = 192; // behind it all 8 bits are the code
+
+constexpr bool IsReservedSvd(unsigned int uiSvd) { return (uiSvd & 0x7F) == 0 || uiSvd > 253; }
+constexpr bool HasNativeBit(unsigned int uiSvd) { return !IsReservedSvd(uiSvd) && uiSvd <= gsc_uiLastNative; }
+constexpr unsigned int GetVideoCode(unsigned int uiSvd)
+{
+    return HasNativeBit(uiSvd) ? uiSvd & ~gsc_uiNativeBit : uiSvd;
+}
+
+bool IsSvdWithNative(const CRecord& oSvd) { return HasNativeBit(oSvd.GetByte(0)); }
+bool IsSvdReserved(const CRecord& oSvd) { return IsReservedSvd(oSvd.GetByte(0)); }
+
+constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, "reserved" } };
+
+constexpr SRow gsc_aoVideoRows[] = {
+    { Bit(0, 7), "Native", Flag(), IsSvdWithNative },
+    { Bits(0, 6, 0), "Video identification code", Names(gsc_aoVideoFormats), IsSvdWithNative },
+    { Byte(0), "Video identification code", Names(gsc_aoVideoFormats), WhereIn<193, 253> },
+    { Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsSvdReserved },
+};
+
+CMString SvdSummary(const CRecord& oSvd)
+{
+    const unsigned int uiSvd = oSvd.GetByte(0);
+    const char* pszName = GetVideoCodeName(uiSvd);
+    CMString sText(pszName != nullptr ? pszName : "");
+    if (HasNativeBit(uiSvd) && (uiSvd & gsc_uiNativeBit) != 0)
+    {
+        sText += ", native";
+    }
+    return sText;
+}
+
+// ---- Short video references: CTA-861-H 7.5.12; 161 to 175 by CTA-861.6 ----
+
+constexpr SMeaning gsc_aoRateIndexes[] = {
+    { 161, 161, "24 Hz" },  { 162, 162, "25 Hz" },  { 163, 163, "30 Hz" },  { 164, 164, "48 Hz" },
+    { 165, 165, "50 Hz" },  { 166, 166, "60 Hz" },  { 167, 167, "100 Hz" }, { 168, 168, "120 Hz" },
+    { 169, 169, "144 Hz" }, { 170, 170, "200 Hz" }, { 171, 171, "240 Hz" }, { 172, 172, "300 Hz" },
+    { 173, 173, "360 Hz" }, { 174, 174, "400 Hz" }, { 175, 175, "480 Hz" },
+};
+constexpr SMeaning gsc_aoTypeViiiCode[] = { { 254, 254, "first code of the Type VIII data block" } };
+
+bool IsReservedReference(const CRecord& oRecord)
+{
+    return WhereIn<0, 0>(oRecord) || WhereIn<128, 128>(oRecord) || WhereIn<176, 192>(oRecord) ||
+           WhereIn<255, 255>(oRecord);
+}
+
+// Timings are counted from 1: the detailed ones over the base block and all CTA-861 blocks.
+constexpr SRow gsc_aoReferenceRows[] = {
+    { Byte(0), "Video identification code", Names(gsc_aoVideoFormats), WhereIn<1, 127> },
+    { Byte(0), "Detailed timing descriptor", Number().Times(1, -128), WhereIn<129, 144> },
+    { Byte(0), "Type VII or X timing", Number().Times(1, -144), WhereIn<145, 160> },
+    { Byte(0), "First video format descriptor, refresh rate", Names(gsc_aoRateIndexes), WhereIn<161, 175> },
+    { Byte(0), "Video identification code", Names(gsc_aoVideoFormats), WhereIn<193, 253> },
+    { Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode), WhereIn<254, 254> },
+    { Byte(0), "Short video reference", Names(gsc_aoReservedCode), IsReservedReference },
+};
+
+CMString ReferenceSummary(const CRecord& oReference)
+{
+    const unsigned int uiCode = oReference.GetByte(0);
+    const bool bVideoCode = WhereIn<1, 127>(oReference) || WhereIn<193, 253>(oReference);
+    const char* pszName = bVideoCode ? FindMeaning(gsc_aoVideoFormats, uiCode) : nullptr;
+    CMString sText(pszName != nullptr ? pszName : "");
+    if (WhereIn<129, 144>(oReference))
+    {
+        sText.Format("detailed timing %u", uiCode - 128);
+    }
+    return sText;
+}
+
+// ---- Native Video Resolution Data Block: CTA-861.6 ----
+
+bool IsSizeInTenths(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && !oRecord.IsSet(1, 7); }
+bool IsSizeInWhole(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && oRecord.IsSet(1, 7); }
+
+constexpr SMeaning gsc_aoSizePrecision[] = { { 0, 0, "0.1 mm" }, { 1, 1, "1 mm" } };
+
+constexpr SRow gsc_aoNativeRows[] = {
+    { Bit(1, 7), "Image size precision", Flag(gsc_aoSizePrecision) },
+    { Bit(1, 0), "Image size present", Flag() },
+    { Little16(2), "Image width", Number("mm").Decimals(1), IsSizeInTenths },
+    { Little16(4), "Image height", Number("mm").Decimals(1), IsSizeInTenths },
+    { Little16(2), "Image width", Number("mm"), IsSizeInWhole },
+    { Little16(4), "Image height", Number("mm"), IsSizeInWhole },
+};
+constexpr STable gsc_oNativeTable = { "Native video resolution", eTiming, gsc_aoNativeRows };
+
+// ---- Video Format Data Block: CTA-861.6 ----
+
+constexpr SMeaning gsc_aoResolutions[] = {
+    { 0, 0, "none" },
+    { 1, 1, "1280x720 16:9" },
+    { 2, 2, "1280x720 64:27" },
+    { 3, 3, "1680x720 64:27" },
+    { 4, 4, "1920x1080 16:9" },
+    { 5, 5, "1920x1080 64:27" },
+    { 6, 6, "2560x1080 64:27" },
+    { 7, 7, "3840x1080 32:9" },
+    { 8, 8, "2560x1440 16:9" },
+    { 9, 9, "3440x1440 64:27" },
+    { 10, 10, "5120x1440 32:9" },
+    { 11, 11, "3840x2160 16:9" },
+    { 12, 12, "3840x2160 64:27" },
+    { 13, 13, "5120x2160 64:27" },
+    { 14, 14, "7680x2160 32:9" },
+    { 15, 15, "5120x2880 16:9" },
+    { 16, 16, "5120x2880 64:27" },
+    { 17, 17, "6880x2880 64:27" },
+    { 18, 18, "10240x2880 32:9" },
+    { 19, 19, "7680x4320 16:9" },
+    { 20, 20, "7680x4320 64:27" },
+    { 21, 21, "10240x4320 64:27" },
+    { 22, 22, "15360x4320 32:9" },
+    { 23, 23, "11520x6480 16:9" },
+    { 24, 24, "11520x6480 64:27" },
+    { 25, 25, "15360x6480 64:27" },
+    { 26, 26, "15360x8640 16:9" },
+    { 27, 27, "15360x8640 64:27" },
+    { 28, 28, "20480x8640 64:27" },
+    { 29, 63, "reserved" },
+};
+
+constexpr SRow gsc_aoFormatHeadRows[] = {
+    { Bit(0, 7), "Y420", Flag() },
+    { Bit(0, 6), "NTSC", Flag() },
+    { Bits(0, 1, 0), "Length of a video format descriptor", Number("bytes").Times(1, 1) },
+};
+constexpr STable gsc_oFormatHeadTable = { "Video format data block", eTiming, gsc_aoFormatHeadRows };
+
+// A factor multiplies 25 Hz with BFR50, and 30 Hz with BFR60. Without byte 1 BFR60 and the factors 1 and 2 are meant.
+constexpr SRow gsc_aoFormatRows[] = {
+    { Bit(0, 7), "BFR50", Flag() },
+    { Bit(0, 6), "FR24", Flag() },
+    { Bits(0, 5, 0), "Resolution identifier", Names(gsc_aoResolutions) },
+    { Bit(1, 7), "BFR60", Flag() },
+    { Bit(1, 6), "FR144", Flag() },
+    { Bit(1, 5), "Frame rate factor 16", Flag() },
+    { Bit(1, 4), "Frame rate factor 12", Flag() },
+    { Bit(1, 3), "Frame rate factor 8", Flag() },
+    { Bit(1, 2), "Frame rate factor 4", Flag() },
+    { Bit(1, 1), "Frame rate factor 2", Flag() },
+    { Bit(1, 0), "Frame rate factor 1", Flag() },
+    { Bit(2, 0), "FR48", Flag() },
+};
+
+CMString FormatSummary(const CRecord& oFormat)
+{
+    const char* pszName = FindMeaning(gsc_aoResolutions, oFormat.GetBits(0, 5, 0));
+    return pszName != nullptr ? CMString(pszName) : CMString();
+}
+constexpr STable gsc_oFormatTable = { "Video format descriptor", eTiming, gsc_aoFormatRows, FormatSummary };
+
+// ---- YCbCr 4:2:0 Capability Map Data Block: CTA-861-H 7.5.11 ----
+
+constexpr SMeaning gsc_aoAlso420[] = { { 0, 0, "not in YCbCr 4:2:0" }, { 1, 1, "also in YCbCr 4:2:0" } };
+constexpr SForm gsc_oAlso420 = Flag(gsc_aoAlso420);
+
+// Bit 0 stands for the first code.
+constexpr SRow gsc_aoMapRows[] = {
+    { Bit(0, 0), "Video code", gsc_oAlso420 }, { Bit(0, 1), "Video code", gsc_oAlso420 },
+    { Bit(0, 2), "Video code", gsc_oAlso420 }, { Bit(0, 3), "Video code", gsc_oAlso420 },
+    { Bit(0, 4), "Video code", gsc_oAlso420 }, { Bit(0, 5), "Video code", gsc_oAlso420 },
+    { Bit(0, 6), "Video code", gsc_oAlso420 }, { Bit(0, 7), "Video code", gsc_oAlso420 },
+};
+
+// ---- Video Capability Data Block: CTA-861-H 7.5.6 ----
+
+constexpr SMeaning gsc_aoPreferredScan[] = {
+    { 0, 0, "no data" },
+    { 1, 1, "always overscanned" },
+    { 2, 2, "always underscanned" },
+    { 3, 3, "both over- and underscan" },
+};
+constexpr SMeaning gsc_aoItScan[] = {
+    { 0, 0, "IT video formats not supported" },
+    { 1, 1, "always overscanned" },
+    { 2, 2, "always underscanned" },
+    { 3, 3, "both over- and underscan" },
+};
+constexpr SMeaning gsc_aoCeScan[] = {
+    { 0, 0, "CE video formats not supported" },
+    { 1, 1, "always overscanned" },
+    { 2, 2, "always underscanned" },
+    { 3, 3, "both over- and underscan" },
+};
+
+constexpr SRow gsc_aoCapabilityRows[] = {
+    { Bit(0, 7), "Selectable YCC quantization range", Flag() },
+    { Bit(0, 6), "Selectable RGB quantization range", Flag() },
+    { Bits(0, 5, 4), "Scan of the preferred video format", Names(gsc_aoPreferredScan) },
+    { Bits(0, 3, 2), "Scan of IT video formats", Names(gsc_aoItScan) },
+    { Bits(0, 1, 0), "Scan of CE video formats", Names(gsc_aoCeScan) },
+};
+
+// ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 to 7.5.19 ----
+
+// The first byte of the payload is the second one of a DisplayID data block: revision and what the type adds to it.
+constexpr unsigned int gsc_uiTypeVii = 0x22;
+constexpr unsigned int gsc_uiTypeViii = 0x23;
+constexpr unsigned int gsc_uiTypeX = 0x2A;
+constexpr unsigned int gsc_uiTypeViiSize = 20;
+constexpr unsigned int gsc_uiTypeXSize = 6;
+
+constexpr SRow gsc_aoTypeViiRows[] = {
+    { Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, "the standard has 0 here") },
+    { Bits(0, 2, 0), "Block revision", Number().Expect(2, "the standard has 2 here") },
+};
+constexpr STable gsc_oTypeViiTable = { "Type VII", eTiming, gsc_aoTypeViiRows };
+
+constexpr SMeaning gsc_aoCodeTypes[] = {
+    { 0, 0, "DMT" },
+    { 1, 1, "CTA-861" },
+    { 2, 2, "HDMI" },
+    { 3, 3, "reserved" },
+};
+constexpr SMeaning gsc_aoCodeSizes[] = { { 0, 0, "1 byte" }, { 1, 1, "2 bytes" } };
+constexpr SRow gsc_aoTypeViiiRows[] = {
+    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
+    { Bit(0, 5), "T8Y420", Flag() },
+    { Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
+    { Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
+};
+constexpr STable gsc_oTypeViiiTable = { "Type VIII", eTiming, gsc_aoTypeViiiRows };
+
+constexpr SRow gsc_aoTypeXRows[] = {
+    { Bits(0, 6, 4), "T10_M", Number("bytes") },
+    { Bits(0, 2, 0), "Block revision", Number().Expect(0, "the standard has 0 here") },
+};
+constexpr STable gsc_oTypeXTable = { "Type X", eTiming, gsc_aoTypeXRows };
+
+// Timings of uiSize bytes behind the first byte of the payload, as many as fit.
+void AddTimings(CMapWriter& oWriter, const SCtaPayload& oPayload, const STable& oHead, unsigned int uiTag,
+                unsigned int uiSize)
+{
+    oWriter.AddRows(oHead, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
+    const unsigned int uiRevision = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetByte(0);
+    for (unsigned int i = 0; 1 + (i + 1) * uiSize <= oPayload.m_uiLength; ++i)
+    {
+        MapDisplayIdTiming(oWriter, uiTag, uiRevision, oPayload.m_uiOffset + 1 + i * uiSize, uiSize, i);
+    }
+}
+} // namespace
+
+constinit const STable g_oCtaVideoTable = { "Short video descriptor", eTiming, gsc_aoVideoRows, SvdSummary };
+constinit const STable g_oCtaPreferenceTable = { "Short video reference", eTiming, gsc_aoReferenceRows,
+                                                 ReferenceSummary };
+constinit const STable g_oCtaVideoCapabilityTable = { "Video capability", eDisplay, gsc_aoCapabilityRows };
+
+const char* GetVideoCodeName(unsigned int uiSvd) { return FindMeaning(gsc_aoVideoFormats, GetVideoCode(uiSvd)); }
+
+void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
+                      std::span<const SRow, gsc_uiBitsOfByte> aoRows)
+{
+    for (unsigned int i = 0; i < gsc_uiBitsOfByte && uiFirst + i < oCodes.m_uiCount; ++i)
+    {
+        oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1, uiFirst + i);
+        const char* pszName = GetVideoCodeName(oCodes.m_aui8Codes[uiFirst + i]);
+        oWriter.SetName(pszName != nullptr ? pszName : "Reserved video code");
+    }
+}
+
+void MapCtaNative(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRecord(g_oCtaPreferenceTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
+    oWriter.AddRows(gsc_oNativeTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+}
+
+void MapCtaVideoFormats(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    if (oPayload.m_uiLength == 0)
+    {
+        return;
+    }
+    oWriter.AddRows(gsc_oFormatHeadTable, oPayload.m_uiOffset, 1);
+    const unsigned int uiSize = 1 + oWriter.GetRecord(oPayload.m_uiOffset, 1).GetBits(0, 1, 0);
+    oWriter.AddItems(gsc_oFormatTable, oPayload.m_uiOffset + 1, oPayload.m_uiLength - 1, uiSize);
+}
+
+// Without a map all codes are meant. Bits behind those of the last code are left as reserved.
+void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
+    {
+        AddVideoCodeBits(oWriter, oPayload.m_oVideoCodes, oPayload.m_uiOffset + i, i * gsc_uiBitsOfByte, gsc_aoMapRows);
+    }
+}
+
+void MapCtaTypeVii(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    AddTimings(oWriter, oPayload, gsc_oTypeViiTable, gsc_uiTypeVii, gsc_uiTypeViiSize);
+}
+
+void MapCtaTypeViii(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    const bool bTwoBytes = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).IsSet(0, 3);
+    AddTimings(oWriter, oPayload, gsc_oTypeViiiTable, gsc_uiTypeViii, bTwoBytes ? 2 : 1);
+}
+
+void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    const unsigned int uiMore = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 6, 4);
+    AddTimings(oWriter, oPayload, gsc_oTypeXTable, gsc_uiTypeX, gsc_uiTypeXSize + uiMore);
+}

@@ -10,9 +10,60 @@ namespace
 {
 using EArea = CZorEdidMap::EArea;
 
-// ---- The list of data blocks: CTA-861-H 7.5, tables 53 and 55; HDMI 2.1 10.3 ----
+// ---- The list of data blocks: CTA-861-H 7.5, HDMI 1.4b, HDMI 2.1 ----
 
-// What lies in the payload of a data block.
+// Which data blocks a row is of.
+struct SKey
+{
+    unsigned char m_ui8Tag;
+    unsigned char m_ui8FirstExtended; // both 0 for the tags that have no extended one
+    unsigned char m_ui8LastExtended;
+    unsigned int m_uiOui; // as IEEE writes it
+};
+
+constexpr unsigned int gsc_uiAnyOui = 0;
+constexpr unsigned char gsc_ui8AudioTag = 1;
+constexpr unsigned char gsc_ui8VideoTag = 2;
+constexpr unsigned char gsc_ui8VendorTag = 3;
+constexpr unsigned char gsc_ui8ExtendedTag = 7;
+constexpr unsigned char gsc_ui8VendorVideo = 1; // extended tags whose payload begins with an OUI
+constexpr unsigned char gsc_ui8VendorAudio = 17;
+
+constexpr SKey Tag(unsigned char ui8Tag) { return { ui8Tag, 0, 0, gsc_uiAnyOui }; }
+constexpr SKey Extended(unsigned char ui8First, unsigned char ui8Last)
+{
+    return { gsc_ui8ExtendedTag, ui8First, ui8Last, gsc_uiAnyOui };
+}
+constexpr SKey Extended(unsigned char ui8Tag) { return Extended(ui8Tag, ui8Tag); }
+constexpr SKey Vendor(unsigned int uiOui) { return { gsc_ui8VendorTag, 0, 0, uiOui }; }
+constexpr SKey VideoVendor(unsigned int uiOui)
+{
+    return { gsc_ui8ExtendedTag, gsc_ui8VendorVideo, gsc_ui8VendorVideo, uiOui };
+}
+constexpr SKey AudioVendor(unsigned int uiOui)
+{
+    return { gsc_ui8ExtendedTag, gsc_ui8VendorAudio, gsc_ui8VendorAudio, uiOui };
+}
+
+// Bytes of the payload that the standard asks for.
+struct SSize
+{
+    unsigned int m_uiLeast;
+    unsigned int m_uiMost;
+};
+
+constexpr SSize AtLeast(unsigned int uiSize) { return { uiSize, 31 }; }
+constexpr SSize Exactly(unsigned int uiSize) { return { uiSize, uiSize }; }
+constexpr SSize gsc_oAnySize = AtLeast(0);
+
+enum ERule : unsigned char
+{
+    eAny,
+    eOnce,  // a second one in a collection is against the standard
+    eFirst, // the first data block of its collection, and only once
+};
+
+// What lies in the payload.
 struct SContent
 {
     const STable* m_poTable = nullptr;
@@ -23,39 +74,7 @@ struct SContent
 constexpr SContent Rows(const STable& oTable) { return { &oTable, 0, nullptr }; }
 constexpr SContent Items(const STable& oTable, unsigned int uiSize) { return { &oTable, uiSize, nullptr }; }
 constexpr SContent Walk(CtaWalk pfnWalk) { return { nullptr, 0, pfnWalk }; }
-constexpr SContent gsc_oUnknown = {};
 
-enum ERule : unsigned char
-{
-    eRule_Any,
-    eRule_Once,  // a second one in a collection is against the standard
-    eRule_First, // the first data block of its collection, and only once
-};
-
-constexpr unsigned int gsc_uiVendorTag = 3;
-constexpr unsigned int gsc_uiExtendedTag = 7;
-constexpr unsigned int gsc_uiAudioTag = 1;
-constexpr unsigned int gsc_uiVideoTag = 2;
-constexpr unsigned int gsc_uiVendorVideo = 1; // extended tags whose payload begins with an OUI
-constexpr unsigned int gsc_uiVendorAudio = 17;
-constexpr unsigned int gsc_uiAnyOui = 0;
-constexpr unsigned int gsc_uiMost = 31;
-
-struct SDataBlock
-{
-    unsigned char m_ui8Tag;
-    unsigned char m_ui8FirstExtended; // 0 to 0 for the other tags
-    unsigned char m_ui8LastExtended;
-    unsigned int m_uiOui;
-    const char* m_pszName;
-    EArea m_eArea;
-    unsigned int m_uiLeast; // bytes of the payload that the standard asks for
-    unsigned int m_uiMost;
-    ERule m_eRule;
-    SContent m_oContent;
-};
-
-constexpr EArea eUnused = CZorEdidMap::eArea_Unused;
 constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
 constexpr EArea eAudio = CZorEdidMap::eArea_Audio;
 constexpr EArea eColour = CZorEdidMap::eArea_Colour;
@@ -63,65 +82,80 @@ constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
 constexpr EArea eVendor = CZorEdidMap::eArea_Vendor;
 constexpr EArea eIdentity = CZorEdidMap::eArea_Identity;
 constexpr EArea eStructure = CZorEdidMap::eArea_Structure;
+constexpr EArea eUnused = CZorEdidMap::eArea_Unused;
+
+struct SDataBlock
+{
+    SKey m_oKey;
+    const char* m_pszName;
+    EArea m_eArea = eUnused;
+    SSize m_oSize = gsc_oAnySize;
+    ERule m_eRule = eAny;
+    SContent m_oContent = {}; // the payload of a row without one is unknown
+};
 
 // A row with an OUI stands ahead of the row for any.
-// clang-format off
 constexpr SDataBlock gsc_aoDataBlocks[] = {
-    { 0, 0, 0, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 1, 0, 0, gsc_uiAnyOui, "Audio data block", eAudio, 3, gsc_uiMost, eRule_Any, Items(g_oCtaAudioTable, 3) },
-    { 2, 0, 0, gsc_uiAnyOui, "Video data block", eTiming, 1, gsc_uiMost, eRule_Any, Items(g_oCtaVideoTable, 1) },
-    { 3, 0, 0, 0x000C03, "HDMI vendor-specific data block", eDisplay, 2, gsc_uiMost, eRule_Once, Walk(MapCtaHdmi) },
-    { 3, 0, 0, 0xC45DD8, "HDMI Forum vendor-specific data block", eDisplay, 4, gsc_uiMost, eRule_Once, Walk(MapCtaHdmiForum) },
-    { 3, 0, 0, 0x00001A, "AMD vendor-specific data block", eVendor, 5, gsc_uiMost, eRule_Once, Rows(g_oCtaAmdTable) },
-    { 3, 0, 0, 0xCA125C, "Microsoft vendor-specific data block", eVendor, 18, 18, eRule_Once, Rows(g_oCtaMicrosoftTable) },
-    { 3, 0, 0, 0x1ABBFB, "UHD Alliance vendor-specific data block", eVendor, 2, gsc_uiMost, eRule_Once, Rows(g_oCtaUhdTable) },
-    { 3, 0, 0, gsc_uiAnyOui, "Vendor-specific data block", eVendor, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 4, 0, 0, gsc_uiAnyOui, "Speaker allocation data block", eAudio, 3, 3, eRule_Once, Rows(g_oCtaSpeakerTable) },
-    { 5, 0, 0, gsc_uiAnyOui, "VESA display transfer characteristic data block", eColour, 7, gsc_uiMost, eRule_Any, Walk(MapCtaTransfer) },
-    { 6, 0, 0, gsc_uiAnyOui, "Video format data block", eTiming, 2, gsc_uiMost, eRule_Any, Walk(MapCtaVideoFormats) },
-    { 7, 0, 0, gsc_uiAnyOui, "Video capability data block", eDisplay, 1, 1, eRule_Once, Rows(g_oCtaVideoCapabilityTable) },
-    { 7, 1, 1, 0x90848B, "HDR10+ vendor-specific video data block", eColour, 1, gsc_uiMost, eRule_Once, Rows(g_oCtaHdr10PlusTable) },
-    { 7, 1, 1, 0x00D046, "Dolby Vision vendor-specific video data block", eColour, 7, gsc_uiMost, eRule_Once, Rows(g_oCtaDolbyVisionTable) },
-    { 7, 1, 1, gsc_uiAnyOui, "Vendor-specific video data block", eVendor, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 2, 2, gsc_uiAnyOui, "VESA video display device data block", eDisplay, 30, 30, eRule_Once, Rows(g_oCtaDisplayDeviceTable) },
-    { 7, 3, 3, gsc_uiAnyOui, "VESA video timing block extension", eTiming, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 4, 4, gsc_uiAnyOui, "Reserved for HDMI video data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 5, 5, gsc_uiAnyOui, "Colorimetry data block", eColour, 2, 2, eRule_Once, Rows(g_oCtaColorimetryTable) },
-    { 7, 6, 6, gsc_uiAnyOui, "HDR static metadata data block", eColour, 2, gsc_uiMost, eRule_Once, Rows(g_oCtaStaticHdrTable) },
-    { 7, 7, 7, gsc_uiAnyOui, "HDR dynamic metadata data block", eColour, 3, gsc_uiMost, eRule_Once, Walk(MapCtaDynamicHdr) },
-    { 7, 8, 8, gsc_uiAnyOui, "Native video resolution data block", eTiming, 1, gsc_uiMost, eRule_Once, Walk(MapCtaNative) },
-    { 7, 9, 12, gsc_uiAnyOui, "Reserved for video-related blocks", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 13, 13, gsc_uiAnyOui, "Video format preference data block", eTiming, 1, gsc_uiMost, eRule_Once, Items(g_oCtaPreferenceTable, 1) },
-    { 7, 14, 14, gsc_uiAnyOui, "YCbCr 4:2:0 video data block", eTiming, 1, gsc_uiMost, eRule_Any, Items(g_oCtaVideoTable, 1) },
-    { 7, 15, 15, gsc_uiAnyOui, "YCbCr 4:2:0 capability map data block", eTiming, 0, gsc_uiMost, eRule_Once, Walk(MapCtaCapabilityMap) },
-    { 7, 16, 16, gsc_uiAnyOui, "Reserved for CTA miscellaneous audio fields", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 17, 17, 0x00D046, "Dolby vendor-specific audio data block", eAudio, 2, gsc_uiMost, eRule_Any, Rows(g_oCtaDolbyAudioTable) },
-    { 7, 17, 17, gsc_uiAnyOui, "Vendor-specific audio data block", eVendor, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 18, 18, gsc_uiAnyOui, "HDMI audio data block", eAudio, 2, gsc_uiMost, eRule_Once, Walk(MapCtaHdmiAudio) },
-    { 7, 19, 19, gsc_uiAnyOui, "Room configuration data block", eAudio, 4, gsc_uiMost, eRule_Once, Walk(MapCtaRoom) },
-    { 7, 20, 20, gsc_uiAnyOui, "Speaker location data block", eAudio, 2, gsc_uiMost, eRule_Any, Walk(MapCtaSpeakerLocations) },
-    { 7, 21, 31, gsc_uiAnyOui, "Reserved for audio-related blocks", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 32, 32, gsc_uiAnyOui, "InfoFrame data block", eDisplay, 2, gsc_uiMost, eRule_Once, Walk(MapCtaInfoFrames) },
-    { 7, 33, 33, gsc_uiAnyOui, "Product information data block", eIdentity, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 34, 34, gsc_uiAnyOui, "DisplayID Type VII video timing data block", eTiming, 21, gsc_uiMost, eRule_Any, Walk(MapCtaTypeVii) },
-    { 7, 35, 35, gsc_uiAnyOui, "DisplayID Type VIII video timing data block", eTiming, 2, gsc_uiMost, eRule_Any, Walk(MapCtaTypeViii) },
-    { 7, 36, 41, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 42, 42, gsc_uiAnyOui, "DisplayID Type X video timing data block", eTiming, 7, gsc_uiMost, eRule_Any, Walk(MapCtaTypeX) },
-    { 7, 43, 119, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 120, 120, gsc_uiAnyOui, "HDMI Forum EDID extension override data block", eStructure, 1, gsc_uiMost, eRule_First, Rows(g_oCtaExtensionOverrideTable) },
-    { 7, 121, 121, gsc_uiAnyOui, "HDMI Forum sink capability data block", eDisplay, 6, gsc_uiMost, eRule_Once, Walk(MapCtaHdmiSink) },
-    { 7, 122, 122, gsc_uiAnyOui, "HDMI Forum source-based tone mapping data block", eColour, 1, gsc_uiMost, eRule_Once, Walk(MapCtaToneMapping) },
-    { 7, 123, 127, gsc_uiAnyOui, "Reserved for HDMI", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
-    { 7, 128, 255, gsc_uiAnyOui, "Reserved data block", eUnused, 0, gsc_uiMost, eRule_Any, gsc_oUnknown },
+    { Tag(0), "Reserved data block" },
+    { Tag(1), "Audio data block", eAudio, AtLeast(3), eAny, Items(g_oCtaAudioTable, 3) },
+    { Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
+    { Vendor(0x000C03), "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
+    { Vendor(0xC45DD8), "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce, Walk(MapCtaHdmiForum) },
+    { Vendor(0x00001A), "AMD vendor-specific data block", eVendor, AtLeast(5), eOnce, Rows(g_oCtaAmdTable) },
+    { Vendor(0xCA125C), "Microsoft vendor-specific data block", eVendor, Exactly(18), eOnce,
+      Rows(g_oCtaMicrosoftTable) },
+    { Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eVendor, AtLeast(2), eOnce, Rows(g_oCtaUhdTable) },
+    { Tag(3), "Vendor-specific data block", eVendor },
+    { Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Rows(g_oCtaSpeakerTable) },
+    { Tag(5), "VESA display transfer characteristic data block", eColour, AtLeast(7), eAny, Walk(MapCtaTransfer) },
+    { Tag(6), "Video format data block", eTiming, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
+    { Extended(0), "Video capability data block", eDisplay, Exactly(1), eOnce, Rows(g_oCtaVideoCapabilityTable) },
+    { VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eColour, AtLeast(1), eOnce,
+      Rows(g_oCtaHdr10PlusTable) },
+    { VideoVendor(0x00D046), "Dolby Vision vendor-specific video data block", eColour, AtLeast(7), eOnce,
+      Rows(g_oCtaDolbyVisionTable) },
+    { Extended(1), "Vendor-specific video data block", eVendor },
+    { Extended(2), "VESA video display device data block", eDisplay, Exactly(30), eOnce,
+      Rows(g_oCtaDisplayDeviceTable) },
+    { Extended(3), "VESA video timing block extension", eTiming },
+    { Extended(4), "Reserved for HDMI video data block" },
+    { Extended(5), "Colorimetry data block", eColour, Exactly(2), eOnce, Rows(g_oCtaColorimetryTable) },
+    { Extended(6), "HDR static metadata data block", eColour, AtLeast(2), eOnce, Rows(g_oCtaStaticHdrTable) },
+    { Extended(7), "HDR dynamic metadata data block", eColour, AtLeast(3), eOnce, Walk(MapCtaDynamicHdr) },
+    { Extended(8), "Native video resolution data block", eTiming, AtLeast(1), eOnce, Walk(MapCtaNative) },
+    { Extended(9, 12), "Reserved for video-related blocks" },
+    { Extended(13), "Video format preference data block", eTiming, AtLeast(1), eOnce, Items(g_oCtaPreferenceTable, 1) },
+    { Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
+    { Extended(15), "YCbCr 4:2:0 capability map data block", eTiming, gsc_oAnySize, eOnce, Walk(MapCtaCapabilityMap) },
+    { Extended(16), "Reserved for CTA miscellaneous audio fields" },
+    { AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eAudio, AtLeast(2), eAny,
+      Rows(g_oCtaDolbyAudioTable) },
+    { Extended(17), "Vendor-specific audio data block", eVendor },
+    { Extended(18), "HDMI audio data block", eAudio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
+    { Extended(19), "Room configuration data block", eAudio, AtLeast(4), eOnce, Walk(MapCtaRoom) },
+    { Extended(20), "Speaker location data block", eAudio, AtLeast(2), eAny, Walk(MapCtaSpeakerLocations) },
+    { Extended(21, 31), "Reserved for audio-related blocks" },
+    { Extended(32), "InfoFrame data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaInfoFrames) },
+    { Extended(33), "Product information data block", eIdentity },
+    { Extended(34), "DisplayID Type VII video timing data block", eTiming, AtLeast(21), eAny, Walk(MapCtaTypeVii) },
+    { Extended(35), "DisplayID Type VIII video timing data block", eTiming, AtLeast(2), eAny, Walk(MapCtaTypeViii) },
+    { Extended(36, 41), "Reserved data block" },
+    { Extended(42), "DisplayID Type X video timing data block", eTiming, AtLeast(7), eAny, Walk(MapCtaTypeX) },
+    { Extended(43, 119), "Reserved data block" },
+    { Extended(120), "HDMI Forum EDID extension override data block", eStructure, AtLeast(1), eFirst,
+      Rows(g_oCtaExtensionOverrideTable) },
+    { Extended(121), "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce, Walk(MapCtaHdmiSink) },
+    { Extended(122), "HDMI Forum source-based tone mapping data block", eColour, AtLeast(1), eOnce,
+      Walk(MapCtaToneMapping) },
+    { Extended(123, 127), "Reserved for HDMI" },
+    { Extended(128, 255), "Reserved data block" },
 };
-// clang-format on
 constexpr unsigned int gsc_uiKinds = std::size(gsc_aoDataBlocks);
 
 // What a block of tag 7 without an extended tag is.
-constexpr SDataBlock gsc_oNoExtendedTag = { 7,       0, 255,        gsc_uiAnyOui, "Extended data block without a tag",
-                                            eUnused, 0, gsc_uiMost, eRule_Any,    gsc_oUnknown };
+constexpr SDataBlock gsc_oNoExtendedTag = { Extended(0, 255), "Extended data block without a tag" };
 
-// ---- The header of a data block: CTA-861-H 7.4 ----
+// ---- The header of a data block: CTA-861-H 7.5 ----
 
 constexpr unsigned int gsc_uiHeaderSize = 1;
 constexpr unsigned int gsc_uiExtendedSize = 2; // with the extended tag
@@ -158,8 +192,8 @@ constexpr SMeaning gsc_aoOuis[] = {
 
 constexpr bool HasOui(unsigned int uiTag, unsigned int uiExtended)
 {
-    return uiTag == gsc_uiVendorTag ||
-           (uiTag == gsc_uiExtendedTag && (uiExtended == gsc_uiVendorVideo || uiExtended == gsc_uiVendorAudio));
+    return uiTag == gsc_ui8VendorTag ||
+           (uiTag == gsc_ui8ExtendedTag && (uiExtended == gsc_ui8VendorVideo || uiExtended == gsc_ui8VendorAudio));
 }
 
 // The names of extended tags, from the list of data blocks: of each range the row for any OUI.
@@ -174,9 +208,9 @@ constexpr SExtendedTags MakeExtendedTags()
     SExtendedTags oTags;
     for (const SDataBlock& oBlock : gsc_aoDataBlocks)
     {
-        if (oBlock.m_ui8Tag == gsc_uiExtendedTag && oBlock.m_uiOui == gsc_uiAnyOui)
+        if (oBlock.m_oKey.m_ui8Tag == gsc_ui8ExtendedTag && oBlock.m_oKey.m_uiOui == gsc_uiAnyOui)
         {
-            oTags.m_aoMeanings[oTags.m_uiCount++] = { oBlock.m_ui8FirstExtended, oBlock.m_ui8LastExtended,
+            oTags.m_aoMeanings[oTags.m_uiCount++] = { oBlock.m_oKey.m_ui8FirstExtended, oBlock.m_oKey.m_ui8LastExtended,
                                                       oBlock.m_pszName };
         }
     }
@@ -185,11 +219,11 @@ constexpr SExtendedTags MakeExtendedTags()
 
 constexpr SExtendedTags gsc_oExtendedTags = MakeExtendedTags();
 
-bool IsVendor(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_uiVendorTag; }
-bool IsExtended(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_uiExtendedTag; }
+bool IsVendor(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_ui8VendorTag; }
+bool IsExtended(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_ui8ExtendedTag; }
 bool IsExtendedVendor(const CRecord& oHeader)
 {
-    return IsExtended(oHeader) && HasOui(gsc_uiExtendedTag, oHeader.GetByte(1));
+    return IsExtended(oHeader) && HasOui(gsc_ui8ExtendedTag, oHeader.GetByte(1));
 }
 
 constexpr SForm gsc_oOui = Names(gsc_aoOuis).Text(CtaOuiText);
@@ -222,8 +256,9 @@ const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned
 {
     for (const SDataBlock& oKind : gsc_aoDataBlocks)
     {
-        if (oKind.m_ui8Tag == uiTag && oKind.m_ui8FirstExtended <= uiExtended &&
-            uiExtended <= oKind.m_ui8LastExtended && (oKind.m_uiOui == gsc_uiAnyOui || oKind.m_uiOui == uiOui))
+        if (oKind.m_oKey.m_ui8Tag == uiTag && oKind.m_oKey.m_ui8FirstExtended <= uiExtended &&
+            uiExtended <= oKind.m_oKey.m_ui8LastExtended &&
+            (oKind.m_oKey.m_uiOui == gsc_uiAnyOui || oKind.m_oKey.m_uiOui == uiOui))
         {
             return &oKind;
         }
@@ -238,7 +273,7 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
     const unsigned int uiTold = gsc_uiHeaderSize + oRecord.GetBits(0, 4, 0);
     SFound oFound = { &gsc_oNoExtendedTag, uiOffset, std::min(uiTold, uiEnd - uiOffset), gsc_uiHeaderSize, false };
     oFound.m_bCut = oFound.m_uiSize < uiTold;
-    if (uiTag == gsc_uiExtendedTag)
+    if (uiTag == gsc_ui8ExtendedTag)
     {
         if (oFound.m_uiSize < gsc_uiExtendedSize)
         {
@@ -246,7 +281,7 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
         }
         oFound.m_uiHeader = gsc_uiExtendedSize;
     }
-    const unsigned int uiExtended = uiTag == gsc_uiExtendedTag ? oRecord.GetByte(1) : 0;
+    const unsigned int uiExtended = uiTag == gsc_ui8ExtendedTag ? oRecord.GetByte(1) : 0;
     unsigned int uiOui = gsc_uiAnyOui;
     if (HasOui(uiTag, uiExtended) && oFound.m_uiSize >= oFound.m_uiHeader + gsc_uiOuiSize)
     {
@@ -262,7 +297,7 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, unsigned int uiIndex, bool bFirst)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
-    const unsigned int uiTag = oKind.m_ui8Tag;
+    const unsigned int uiTag = oKind.m_oKey.m_ui8Tag;
     if (oFound.m_bCut)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block collection");
@@ -272,15 +307,15 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its extended tag");
     }
-    else if (HasOui(uiTag, oKind.m_ui8FirstExtended) && oFound.m_uiHeader < gsc_uiOuiSize)
+    else if (HasOui(uiTag, oKind.m_oKey.m_ui8FirstExtended) && oFound.m_uiHeader < gsc_uiOuiSize)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its OUI");
     }
-    else if (oFound.GetPayloadSize() < oKind.m_uiLeast)
+    else if (oFound.GetPayloadSize() < oKind.m_oSize.m_uiLeast)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is shorter than the standard has it");
     }
-    else if (oFound.GetPayloadSize() > oKind.m_uiMost)
+    else if (oFound.GetPayloadSize() > oKind.m_oSize.m_uiMost)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is longer than the standard has it");
     }
@@ -288,11 +323,11 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is no whole number of descriptors long");
     }
-    if (oKind.m_eRule != eRule_Any && uiIndex > 0)
+    if (oKind.m_eRule != eAny && uiIndex > 0)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "the standard allows only one of this kind");
     }
-    if (oKind.m_eRule == eRule_First && !bFirst)
+    if (oKind.m_eRule == eFirst && !bFirst)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is not the first data block");
     }
@@ -345,8 +380,8 @@ SCollection LookThrough(const CMapWriter& oWriter, unsigned int uiOffset, unsign
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
         unsigned char& ui8Count = oCollection.m_aui8Count[IndexOf(*oFound.m_poKind)];
         ui8Count = ui8Count == 0xFF ? ui8Count : static_cast<unsigned char>(ui8Count + 1);
-        oCollection.m_bAudio = oCollection.m_bAudio || oFound.m_poKind->m_ui8Tag == gsc_uiAudioTag;
-        if (oFound.m_poKind->m_ui8Tag == gsc_uiVideoTag)
+        oCollection.m_bAudio = oCollection.m_bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8AudioTag;
+        if (oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8VideoTag)
         {
             CollectCodes(oWriter, oFound, oCollection.m_oVideoCodes);
         }
@@ -406,7 +441,7 @@ void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int u
     });
 }
 
-// ---- The block: CTA-861-H 7.3 ----
+// ---- The extension block: CTA-861-H 7.5 ----
 
 namespace
 {

@@ -8,7 +8,7 @@ namespace
 {
 constexpr CZorEdidMap::EArea eAudio = CZorEdidMap::eArea_Audio;
 
-// ---- Short audio descriptors: CTA-861-H 7.5.2, tables 34 to 40 ----
+// ---- Short audio descriptors: CTA-861-H 7.5.2 ----
 
 enum EFormat : unsigned int
 {
@@ -183,7 +183,7 @@ CMString AudioSummary(const CRecord& oAudio)
     return sText;
 }
 
-// ---- Speakers: CTA-861-H 7.5.3, HDMI 2.0 table 10-6 ----
+// ---- Speakers: CTA-861-H 7.5.3, HDMI 2.0 ----
 
 // The four bytes of HDMI end with the audio channel allocation type; the three of CTA-861 are their beginning.
 constexpr unsigned int gsc_uiSpeakerSize = 3;
@@ -222,7 +222,7 @@ constexpr SRow gsc_aoSpeakerRows[] = {
     { Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
 };
 
-// ---- HDMI Audio Data Block: HDMI 2.0 10.3.3 ----
+// ---- HDMI Audio Data Block: HDMI 2.0 ----
 
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
 

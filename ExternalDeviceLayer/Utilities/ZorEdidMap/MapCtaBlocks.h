@@ -52,8 +52,8 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
 
 inline constexpr unsigned int gsc_uiBitsOfByte = 8;
 
-// The bits of a byte that stand for the video codes of a collection, bit 0 for the one at uiFirst: fields of the names of
-// these codes. aoRows has a row for each bit, from bit 0 on. Bits without a code are left.
+// The bits of a byte that stand for the video codes of a collection, bit 0 for the one at uiFirst: fields of the names
+// of these codes. aoRows has a row for each bit, from bit 0 on. Bits without a code are left.
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
                       std::span<const SRow, gsc_uiBitsOfByte> aoRows);
 

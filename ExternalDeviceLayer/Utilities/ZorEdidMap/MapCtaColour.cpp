@@ -8,7 +8,7 @@ namespace
 {
 constexpr CZorEdidMap::EArea eColour = CZorEdidMap::eArea_Colour;
 
-// ---- VESA Display Transfer Characteristic Data Block: CTA-861-H 7.5.5 ----
+// ---- VESA Display Transfer Characteristic Data Block: VESA DTCDB 1.0 ----
 
 constexpr SMeaning gsc_aoCurves[] = { { 0, 0, "white" }, { 1, 1, "red" }, { 2, 2, "green" }, { 3, 3, "blue" } };
 
@@ -20,7 +20,7 @@ constexpr SRow gsc_aoTransferRows[] = {
 constexpr STable gsc_oTransferTable = { "Display transfer characteristic", eColour, gsc_aoTransferRows };
 constexpr SRow gsc_oIncrementRow = { Byte(0), "Luminance increment", Number("/1023") };
 
-// ---- Colorimetry Data Block: CTA-861-H 7.5.5, table 64; bits 5 and 4 of the second byte by CTA-861.6 ----
+// ---- Colorimetry Data Block: CTA-861-H 7.5.5; bits 5 and 4 of the second byte by CTA-861.6 ----
 
 constexpr SRow gsc_aoColorimetryRows[] = {
     { Bit(0, 7), "BT2020RGB", Flag() },

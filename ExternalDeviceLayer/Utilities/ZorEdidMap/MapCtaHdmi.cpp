@@ -262,7 +262,7 @@ constexpr SRow gsc_aoSinkRows[] = {
 constexpr STable gsc_oSinkTable = { "Sink capability data structure", eDisplay, gsc_aoSinkRows };
 constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, behind two reserved bytes
 
-// ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 10.3.6 ----
+// ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
 
 const char* CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
 {

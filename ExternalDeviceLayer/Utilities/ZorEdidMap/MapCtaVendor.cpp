@@ -130,7 +130,7 @@ constexpr SRow gsc_aoUhdRows[] = {
     { RunToEnd(2), "Unknown", Unknown() },
 };
 
-// ---- VESA Video Display Device Data Block: VESA DDDB standard 1, CTA-861-H 7.5.9 ----
+// ---- VESA Video Display Device Data Block: VESA DDDB 1.0 ----
 
 bool IsAnalogInterface(const CRecord& oDevice) { return oDevice.GetBits(0, 7, 4) == 0; }
 bool IsOtherInterface(const CRecord& oDevice) { return !IsAnalogInterface(oDevice); }

@@ -10,14 +10,14 @@ using EArea = CZorEdidMap::EArea;
 constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
 constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
 
-// Where the byte 0 of a record lies between two values.
+// Where byte 0 of a record lies between two values.
 template <unsigned int FIRST, unsigned int LAST>
 bool WhereIn(const CRecord& oRecord)
 {
     return oRecord.GetByte(0) >= FIRST && oRecord.GetByte(0) <= LAST;
 }
 
-// ---- Video identification codes: CTA-861-H table 3 ----
+// ---- Video identification codes: CTA-861-H 4 ----
 
 // Active pixels and lines, scan, rate in Hz (frames, of interlaced formats fields), picture aspect ratio. Where pixels
 // are sent twice the sent width stands in brackets. Two rates are one code: the clock may be divided by 1.001.
@@ -378,7 +378,7 @@ constexpr SRow gsc_aoCapabilityRows[] = {
     { Bits(0, 1, 0), "Scan of CE video formats", Names(gsc_aoCeScan) },
 };
 
-// ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 to 7.5.19 ----
+// ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 ----
 
 // The first byte of the payload is the second one of a DisplayID data block: revision and what the type adds to it.
 constexpr unsigned int gsc_uiTypeVii = 0x22;

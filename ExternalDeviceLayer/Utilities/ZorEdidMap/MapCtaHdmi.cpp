@@ -148,7 +148,7 @@ constexpr SMeaning gsc_aoStructures[] = {
 constexpr SMeaning gsc_aoDetails[] = {
     { 0, 0, "all of horizontal sub-sampling and quincunx" },
     { 1, 1, "horizontal sub-sampling" },
-    { 2, 5, "reserved" },
+    { 2, 5, "not in use" },
     { 6, 6, "all quincunx combinations" },
     { 7, 7, "quincunx, odd left, odd right" },
     { 8, 8, "quincunx, odd left, even right" },
@@ -199,13 +199,9 @@ const char* CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
 
 constexpr SMeaning gsc_aoTmdsRates[] = { { 0, 0, "not above 340 MHz" } };
 constexpr SMeaning gsc_aoFrlRates[] = {
-    { 0, 0, "not supported" },
-    { 1, 1, "3 Gbps on 3 lanes" },
-    { 2, 2, "3 Gbps on 3 lanes, 6 Gbps on 3 lanes" },
-    { 3, 3, "up to 6 Gbps on 4 lanes" },
-    { 4, 4, "up to 8 Gbps on 4 lanes" },
-    { 5, 5, "up to 10 Gbps on 4 lanes" },
-    { 6, 6, "up to 12 Gbps on 4 lanes" },
+    { 0, 0, "not supported" },      { 1, 1, "3 Gbps on 3 lanes" }, { 2, 2, "6 Gbps on 3 lanes" },
+    { 3, 3, "6 Gbps on 4 lanes" },  { 4, 4, "8 Gbps on 4 lanes" }, { 5, 5, "10 Gbps on 4 lanes" },
+    { 6, 6, "12 Gbps on 4 lanes" },
 };
 constexpr SMeaning gsc_aoNoVrr[] = { { 0, 0, "no VRR" } };
 constexpr SMeaning gsc_aoNoVrrMax[] = { { 0, 0, "limited by the video format" } };

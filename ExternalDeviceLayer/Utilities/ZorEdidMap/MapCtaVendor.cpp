@@ -81,16 +81,16 @@ constexpr unsigned int gsc_uiMicrosoftVersionWithUsage = 3;
 
 bool HasUsage(const CRecord& oMicrosoft) { return oMicrosoft.GetByte(0) >= gsc_uiMicrosoftVersionWithUsage; }
 
-// A GUID, whose first three parts are stored with the least significant byte first.
+// In the order of the bytes.
 CMString ContainerText(const CRecord& oMicrosoft, unsigned int /*uiValue*/)
 {
-    constexpr unsigned int auiBytes[] = { 3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15 };
     constexpr unsigned int uiContainerOffset = 2;
+    constexpr unsigned int uiContainerSize = 16;
     CMString sText;
-    for (unsigned int i = 0; i < std::size(auiBytes); ++i)
+    for (unsigned int i = 0; i < uiContainerSize; ++i)
     {
         const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
-        sText.AppendFormat("%s%02x", bDash ? "-" : "", oMicrosoft.GetByte(uiContainerOffset + auiBytes[i]));
+        sText.AppendFormat("%s%02x", bDash ? "-" : "", oMicrosoft.GetByte(uiContainerOffset + i));
     }
     return sText;
 }

@@ -401,7 +401,7 @@ constexpr SMeaning gsc_aoCodeTypes[] = {
 };
 constexpr SMeaning gsc_aoCodeSizes[] = { { 0, 0, "1 byte" }, { 1, 1, "2 bytes" } };
 constexpr SRow gsc_aoTypeViiiRows[] = {
-    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
+    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes).Expect(0, "the standard has DMT here") },
     { Bit(0, 5), "T8Y420", Flag() },
     { Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
     { Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
@@ -419,7 +419,7 @@ void AddTimings(CMapWriter& oWriter, const SCtaPayload& oPayload, const STable& 
                 unsigned int uiSize)
 {
     oWriter.AddRows(oHead, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
-    const unsigned int uiRevision = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetByte(0);
+    const unsigned int uiRevision = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 2, 0);
     for (unsigned int i = 0; 1 + (i + 1) * uiSize <= oPayload.m_uiLength; ++i)
     {
         MapDisplayIdTiming(oWriter, uiTag, uiRevision, oPayload.m_uiOffset + 1 + i * uiSize, uiSize, i);
@@ -462,9 +462,13 @@ void MapCtaVideoFormats(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddItems(gsc_oFormatTable, oPayload.m_uiOffset + 1, oPayload.m_uiLength - 1, uiSize);
 }
 
-// Without a map all codes are meant. Bits behind those of the last code are left as reserved.
+// Bits behind those of the last code are left as reserved.
 void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
+    if (oPayload.m_uiLength == 0)
+    {
+        oWriter.AddNote(CZorEdidMap::eSeverity_Note, "without a map all video codes are also in YCbCr 4:2:0");
+    }
     for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
     {
         AddVideoCodeBits(oWriter, oPayload.m_oVideoCodes, oPayload.m_uiOffset + i, i * gsc_uiBitsOfByte, gsc_aoMapRows);

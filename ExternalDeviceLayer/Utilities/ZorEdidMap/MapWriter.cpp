@@ -116,7 +116,7 @@ CMapWriter::SRange CMapWriter::GetOpenRange() const
 {
     if (m_uiDepth == 0)
     {
-        return { 0, m_oMap.GetSize() };
+        return { 0, m_oMap.m_auiLeaves.GetCount() / gsc_uiBits }; // the blocks
     }
     const CZorEdidMap::SField& oGroup = m_oMap.m_aoFields[m_auiOpen[m_uiDepth - 1]];
     return { oGroup.m_uiOffset, oGroup.m_uiLength };
@@ -505,7 +505,7 @@ void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity,
 
 void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber)
 {
-    if (uiField < m_oMap.m_aoFields.GetCount())
+    if (uiField < m_oMap.m_aoFields.GetCount() && uiNumber != CZorEdidMap::msc_uiNone)
     {
         m_oMap.m_aoFields[uiField].m_eList = eList;
         m_oMap.m_aoFields[uiField].m_uiTiming = uiNumber;

@@ -117,7 +117,9 @@ public:
     void SetName(const char* pszName);
     void SetMeaning(const char* pszMeaning);
 
-    // The outermost field that holds exactly these bytes; msc_uiNone for none. For what is found once all fields stand.
+    // The leaf that a bit belongs to, and the outermost field that holds exactly these bytes; msc_uiNone for none. For
+    // what is found once all fields stand.
+    unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const { return m_oMap.FindLeaf(uiOffset, uiBit); }
     unsigned int FindField(unsigned int uiOffset, unsigned int uiLength) const;
 
 private:
@@ -180,3 +182,6 @@ void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int ui
 
 // What the form makes of uiBits bits, SForm.
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);
+
+// Gives the timings of all fields that stand the numbers of the EDID classes; none in an image that they refuse.
+void NumberTimings(CMapWriter& oWriter, unsigned int uiSize);

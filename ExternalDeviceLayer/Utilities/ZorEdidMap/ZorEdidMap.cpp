@@ -109,6 +109,7 @@ void CMapWriter::WriteBlocks()
     }
     WriteTail();
     NoteBlockCount();
+    NumberTimings(*this, m_oMap.GetSize());
 }
 
 void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)

@@ -86,7 +86,9 @@ public:
         unsigned int m_uiEnd;        // of a group the index behind its last field; of a leaf its own index + 1
         unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
         unsigned int m_uiPieces;     // 0 for a group
-        unsigned int m_uiTiming; // number in m_eList; msc_uiNone for no timing, or one that the library does not list
+        // Number in m_eList; msc_uiNone for no timing, or one that the library does not list. A video code of CTA-861
+        // with a partner at 1000/1001 has two, of which this is the first one.
+        unsigned int m_uiTiming;
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;
@@ -108,7 +110,8 @@ public:
     /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken;
     /// the map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0
     /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. Nothing in
-    /// the bytes decides how much memory is asked for but their number.
+    /// the bytes decides how much memory is asked for but their number. The numbers of timings come from the classes of
+    /// the blocks, which may write an assertion line about a damaged one, as when a CEdid loads it.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// The bytes that were read, GetSize of them; null when there are none.

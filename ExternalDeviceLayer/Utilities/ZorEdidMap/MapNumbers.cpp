@@ -1,0 +1,313 @@
+// The numbers that the EDID classes give the timings of an image, put to the fields that the timings stand in. The last
+// step of CMapWriter. The classes say what they list and how many; where each one stands is found here by their rules.
+// Where the two do not fit together, no number is given.
+
+#include "EdidBase.h"
+#include "EdidBaseLayout.h"
+#include "EdidExtBlockCEA861.h"
+#include "EdidExtBlockDisplayID.h"
+#include "Hdmi1xVsdb.h"
+#include "MapWriter.h"
+#include "VidParamCea.h"
+#include "VidParamTimingGeneric.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBits = 8; // of a byte
+constexpr unsigned int gsc_uiDisplayIdTag = 0x70;
+constexpr unsigned int gsc_uiCtaTag = 0x02;
+
+class CNumbers
+{
+public:
+    explicit CNumbers(CMapWriter& oWriter) : m_oWriter(oWriter) {}
+
+    void Add(const CEdidBase& oBase);
+    void Add(const CEdidExtBlockCEA861& oBlock, unsigned int uiOffset);
+    void Add(const CEdidExtBlockDisplayID& oBlock, unsigned int uiOffset);
+
+private:
+    void SetStandard(unsigned int uiOffset, unsigned int uiNumber)
+    {
+        m_oWriter.SetTiming(m_oWriter.FindField(uiOffset, 1), CZorEdidMap::eList_Standard, uiNumber);
+    }
+    // Detailed timing number uiIndex of a block. One that counts but holds no timing gets no number.
+    template <class BLOCK>
+    void SetDetailed(const BLOCK& oBlock, unsigned int uiIndex, unsigned int uiOffset, unsigned int uiLength)
+    {
+        CVidParamTimingGeneric oTiming;
+        if (oBlock.GetDetailed(uiIndex, &oTiming) != 0)
+        {
+            m_oWriter.SetTiming(m_oWriter.FindField(uiOffset, uiLength), CZorEdidMap::eList_Detailed,
+                                m_uiDetailed + uiIndex);
+        }
+    }
+
+    CMapWriter& m_oWriter;
+    unsigned int m_uiStandard = 0; // number of the next block's first timing
+    unsigned int m_uiDetailed = 0;
+};
+
+// ---- Base block ----
+
+void CNumbers::Add(const CEdidBase& oBase)
+{
+    unsigned int uiNumber = 0;
+    for (unsigned int i = 0; i < 3 * gsc_uiBits; ++i) // bytes in order, bits from 7 down
+    {
+        const unsigned int uiByte = i / gsc_uiBits;
+        const unsigned int uiBit = gsc_uiBits - 1 - i % gsc_uiBits;
+        const auto eId = static_cast<CEdidBase::EEstablishedTiming>(1U << (uiByte * gsc_uiBits + uiBit));
+        if (oBase.GetEstablishedFromId(eId, nullptr, 0) != 0)
+        {
+            m_oWriter.SetTiming(m_oWriter.FindLeaf(EdidBaseLayout::gsc_uiEstablishedOffset + uiByte, uiBit),
+                                CZorEdidMap::eList_Established, uiNumber++);
+        }
+    }
+    constexpr unsigned int uiPairSize = sizeof(CEdidBase::SStandard);
+    for (unsigned int i = 0; i < CEdidBase::msc_uiStandardSlotCount; ++i)
+    {
+        if (oBase.GetStandard(static_cast<CEdidBase::EStandardSlotIndex>(i), nullptr, nullptr) != 0)
+        {
+            const unsigned int uiOffset = EdidBaseLayout::gsc_uiStandardsOffset + i * uiPairSize;
+            m_oWriter.SetTiming(m_oWriter.FindField(uiOffset, uiPairSize), CZorEdidMap::eList_Standard, m_uiStandard++);
+        }
+    }
+    const unsigned int uiCount = oBase.GetDetailedCount();
+    unsigned int uiRank = 0;
+    for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount && uiRank < uiCount; ++i)
+    {
+        const unsigned int uiOffset = EdidBaseLayout::DescriptorOffset(i);
+        const unsigned char* pui8Descriptor = oBase.GetBaseBlock() + uiOffset;
+        if (!EdidBaseLayout::IsDisplayDescriptor(pui8Descriptor) ||
+            pui8Descriptor[EdidBaseLayout::gsc_uiTagOffset] == EdidBaseLayout::gsc_ui8TagDetailed)
+        {
+            SetDetailed(oBase, uiRank++, uiOffset, EdidBaseLayout::gsc_uiDescriptorSize);
+        }
+    }
+    m_uiDetailed = uiCount;
+}
+
+// ---- CEA-861 ----
+
+// The numbers that a list gives to codes: one for a code, native or not, and one for its 1000/1001 variant directly
+// behind. A code that comes again has the number that it has.
+class CCodeNumbers
+{
+public:
+    explicit CCodeNumbers(unsigned int uiFirst) : m_uiNext(uiFirst) {}
+
+    // msc_uiNone for a code that is not listed.
+    unsigned int Add(unsigned int uiSvd)
+    {
+        unsigned int uiVic = 0;
+        int iNative = 0;
+        if (CEdidExtBlockCEA861::IsSupportedSvd(uiSvd) == 0 ||
+            CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiSvd, &uiVic, &iNative) == 0 || uiVic >= msc_uiCodes)
+        {
+            return CZorEdidMap::msc_uiNone;
+        }
+        unsigned int& uiNumber = m_auiNumbers[uiVic][iNative != 0 ? 1 : 0]; // plus 1: 0 is none yet
+        if (uiNumber == 0)
+        {
+            const bool bVariant = CVidParamCea::IsVicSupported(uiVic + CVidParamCea::msc_uiVariantKey) != 0;
+            uiNumber = m_uiNext + 1;
+            m_uiNext += bVariant ? 2 : 1;
+        }
+        return uiNumber - 1;
+    }
+    unsigned int GetNext() const { return m_uiNext; }
+
+private:
+    static constexpr unsigned int msc_uiCodes = 128;
+
+    unsigned int m_auiNumbers[msc_uiCodes][2] = {};
+    unsigned int m_uiNext;
+};
+
+// A code as a short video descriptor has it, and its byte in the block.
+struct SCode
+{
+    unsigned int m_uiSvd;
+    unsigned int m_uiOffset;
+};
+
+// In the order of the block's list. Each code has a byte of its own.
+struct SCodes
+{
+    SCode m_aoCode[CMapWriter::msc_uiBlockSize];
+    unsigned int m_uiCount = 0;
+
+    void Add(unsigned int uiSvd, unsigned int uiOffset)
+    {
+        if (m_uiCount < CMapWriter::msc_uiBlockSize)
+        {
+            m_aoCode[m_uiCount++] = { uiSvd, uiOffset };
+        }
+    }
+};
+
+template <class TAG>
+void AddVideoCodes(const CEdidExtBlockCEA861& oBlock, TAG eTag, SCodes& oCodes)
+{
+    unsigned int uiLength = 0;
+    for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength); ++i)
+    {
+        for (unsigned int j = 0; j < uiLength; ++j)
+        {
+            oCodes.Add(oBlock.GetData()[uiOffset + j], uiOffset + j);
+        }
+    }
+}
+
+template <class TAG>
+void AddHdmiCodes(const CEdidExtBlockCEA861& oBlock, TAG eTag, SCodes& oCodes)
+{
+    unsigned int uiLength = 0;
+    for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength); ++i)
+    {
+        const unsigned char* pui8Payload = oBlock.GetData() + uiOffset;
+        if (CHdmi1xVsdb::IsSupported(uiLength, pui8Payload) == 0)
+        {
+            continue;
+        }
+        const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(uiLength, pui8Payload);
+        for (unsigned int j = 0; j < oVics.m_uiCount; ++j)
+        {
+            unsigned char ui8Vic = 0;
+            if (CHdmi1xVsdb::ConvertHdmiVicToCeaVic(pui8Payload[oVics.m_uiVicsOffset + j], ui8Vic) != 0)
+            {
+                oCodes.Add(ui8Vic, uiOffset + oVics.m_uiVicsOffset + j);
+            }
+        }
+    }
+}
+
+// The codes that a 4:2:0 capability map selects come first in the list of 4:2:0 timings; they stand in no byte of their
+// own. False for a map without bits, which stands for all codes: what is behind it is left without numbers.
+bool AddMappedCodes(const CEdidExtBlockCEA861& oBlock, const SCodes& oCodes, CCodeNumbers& oNumbers)
+{
+    unsigned int uiLength = 0;
+    for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(
+                                 CEdidExtBlockCEA861::eCea861ExtTag_Yuv420CapabilityMap, i, &uiLength);
+         ++i)
+    {
+        if (uiLength == 0)
+        {
+            return false;
+        }
+        for (unsigned int j = 0; j < uiLength * gsc_uiBits && j < oCodes.m_uiCount; ++j)
+        {
+            if (((oBlock.GetData()[uiOffset + j / gsc_uiBits] >> (j % gsc_uiBits)) & 1U) != 0)
+            {
+                oNumbers.Add(oCodes.m_aoCode[j].m_uiSvd);
+            }
+        }
+    }
+    return true;
+}
+
+void CNumbers::Add(const CEdidExtBlockCEA861& oBlock, unsigned int uiOffset)
+{
+    SCodes oCodes;
+    AddVideoCodes(oBlock, CEdidExtBlockCEA861::eCea861Tag_Video, oCodes);
+    AddHdmiCodes(oBlock, CEdidExtBlockCEA861::eCea861Tag_VendorSpecific, oCodes);
+    AddHdmiCodes(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_VendorVideo, oCodes);
+    CCodeNumbers oNumbers(m_uiStandard);
+    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
+    {
+        SetStandard(uiOffset + oCodes.m_aoCode[i].m_uiOffset, oNumbers.Add(oCodes.m_aoCode[i].m_uiSvd));
+    }
+    CCodeNumbers oNumbers420(oNumbers.GetNext());
+    if (AddMappedCodes(oBlock, oCodes, oNumbers420))
+    {
+        SCodes oCodes420;
+        AddVideoCodes(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_Yuv420Video, oCodes420);
+        for (unsigned int i = 0; i < oCodes420.m_uiCount; ++i)
+        {
+            SetStandard(uiOffset + oCodes420.m_aoCode[i].m_uiOffset, oNumbers420.Add(oCodes420.m_aoCode[i].m_uiSvd));
+        }
+    }
+    m_uiStandard += oBlock.GetStandardCount();
+
+    for (unsigned int i = 0; i < oBlock.GetDetailedCount(); ++i)
+    {
+        SetDetailed(oBlock, i, uiOffset + oBlock.GetDetailedTimingsOffset(i), gsc_uiMapDescriptorSize);
+    }
+    m_uiDetailed += oBlock.GetDetailedCount();
+}
+
+// ---- DisplayID ----
+
+// All Type I records in block order, then all Type II records. A block that lists none has a bad data block.
+void CNumbers::Add(const CEdidExtBlockDisplayID& oBlock, unsigned int uiOffset)
+{
+    constexpr unsigned int uiLengthOffset = 2; // of the section
+    constexpr unsigned int uiDataBlocksOffset = 5;
+    constexpr unsigned int uiHeaderSize = 3;
+    struct SType
+    {
+        unsigned int m_uiTag;
+        unsigned int m_uiSize;
+    };
+    constexpr SType aoTypes[] = {
+        { CEdidExtBlockDisplayID::eDisplayIdTag_Type1Detailed,
+          sizeof(CEdidExtBlockDisplayID::SDisplayIdType1DetailedRaw) },
+        { CEdidExtBlockDisplayID::eDisplayIdTag_Type2Detailed,
+          sizeof(CEdidExtBlockDisplayID::SDisplayIdType2DetailedRaw) },
+    };
+    const unsigned char* pui8Block = oBlock.GetData();
+    const unsigned int uiEnd = pui8Block[uiLengthOffset] + uiDataBlocksOffset; // at most 126, as IsSupported says
+    unsigned int uiRank = 0;
+    for (const SType& oType : aoTypes)
+    {
+        unsigned int uiAt = uiDataBlocksOffset;
+        while (uiAt < uiEnd && pui8Block[uiAt] != 0)
+        {
+            const unsigned int uiTag = pui8Block[uiAt];
+            const unsigned int uiLength = pui8Block[uiAt + 2];
+            uiAt += uiHeaderSize;
+            for (unsigned int i = 0; uiTag == oType.m_uiTag && i < uiLength / oType.m_uiSize; ++i)
+            {
+                if (uiRank < oBlock.GetDetailedCount())
+                {
+                    SetDetailed(oBlock, uiRank++, uiOffset + uiAt + i * oType.m_uiSize, oType.m_uiSize);
+                }
+            }
+            uiAt += uiLength;
+        }
+    }
+    m_uiDetailed += oBlock.GetDetailedCount();
+}
+} // namespace
+
+void NumberTimings(CMapWriter& oWriter, unsigned int uiSize)
+{
+    const CRecord oImage = oWriter.GetRecord(0, uiSize);
+    const unsigned char* pui8Data = oImage.GetData();
+    CEdidBase oBase;
+    if (uiSize % CMapWriter::msc_uiBlockSize != 0 || oBase.SetEdidBuffer(pui8Data, uiSize, 0) == 0)
+    {
+        return; // CEdid refuses it, too
+    }
+    CNumbers oNumbers(oWriter);
+    oNumbers.Add(oBase);
+    const unsigned int uiAnnounced =
+        (oImage.GetByte(EdidBaseLayout::gsc_uiExtensionCountOffset) + 1U) * CMapWriter::msc_uiBlockSize;
+    const unsigned int uiEnd = uiAnnounced < uiSize ? uiAnnounced : uiSize;
+    for (unsigned int uiOffset = CMapWriter::msc_uiBlockSize; uiOffset < uiEnd; uiOffset += CMapWriter::msc_uiBlockSize)
+    {
+        // Asked first, as a block that is refused would write a line.
+        const unsigned char* pui8Block = pui8Data + uiOffset;
+        if (pui8Block[0] == gsc_uiCtaTag &&
+            CEdidExtBlockCEA861::IsSupported(CMapWriter::msc_uiBlockSize, pui8Block) != 0)
+        {
+            oNumbers.Add(CEdidExtBlockCEA861(CMapWriter::msc_uiBlockSize, pui8Block, 0), uiOffset);
+        }
+        else if (pui8Block[0] == gsc_uiDisplayIdTag &&
+                 CEdidExtBlockDisplayID::IsSupported(CMapWriter::msc_uiBlockSize, pui8Block) != 0)
+        {
+            oNumbers.Add(CEdidExtBlockDisplayID(CMapWriter::msc_uiBlockSize, pui8Block), uiOffset);
+        }
+    }
+}

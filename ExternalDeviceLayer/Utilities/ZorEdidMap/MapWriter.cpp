@@ -4,6 +4,9 @@
 
 #include <string.h>
 
+#include <algorithm>
+#include <bit>
+
 namespace
 {
 constexpr unsigned int gsc_uiBits = 8; // of a byte
@@ -95,6 +98,8 @@ long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiB
 CMapWriter::CMapWriter(CZorEdidMap& oMap, const SImageFacts& oFacts)
     : m_oMap(oMap), m_oFacts(oFacts), m_auiOpen(), m_uiDepth(0), m_uiLast(0)
 {
+    m_aui8Free.SetCount(oMap.m_auiLeaves.GetCount() / gsc_uiBits, -1);
+    ZorTools_memset(m_aui8Free.GetData(), gsc_ui8WholeByte, m_aui8Free.GetCount());
 }
 
 SImageFacts CMapWriter::GetFacts(const CZorEdidMap& oMap) { return { oMap.m_uiRevision, oMap.m_bDigital }; }
@@ -116,9 +121,9 @@ CMapWriter::SRange CMapWriter::GetOpenRange() const
 {
     if (m_uiDepth == 0)
     {
-        return { 0, m_oMap.m_auiLeaves.GetCount() / gsc_uiBits }; // the blocks
+        return { 0, m_aui8Free.GetCount() }; // the blocks
     }
-    const CZorEdidMap::SField& oGroup = m_oMap.m_aoFields[m_auiOpen[m_uiDepth - 1]];
+    const CZorEdidMap::SField& oGroup = m_oMap.GetField(m_auiOpen[m_uiDepth - 1]);
     return { oGroup.m_uiOffset, oGroup.m_uiLength };
 }
 
@@ -134,11 +139,10 @@ CMapWriter::SRange CMapWriter::Clip(unsigned int uiOffset, unsigned int uiLength
 
 // ---- Groups ----
 
-unsigned int CMapWriter::AppendField(const CZorEdidMap::SField& oField, const CZorEdidMap::SOrigin& oOrigin)
+unsigned int CMapWriter::AppendEntry(const CZorEdidMap::SEntry& oEntry)
 {
-    m_uiLast = m_oMap.m_aoFields.GetCount();
-    m_oMap.m_aoFields.Add(oField);
-    m_oMap.m_aoOrigins.Add(oOrigin);
+    m_uiLast = m_oMap.m_aoEntries.GetCount();
+    m_oMap.m_aoEntries.Add(oEntry);
     return m_uiLast;
 }
 
@@ -152,7 +156,8 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
         return m_uiLast;
     }
     const SRange oRange = Clip(uiOffset, uiLength);
-    CZorEdidMap::SField oField = {};
+    CZorEdidMap::SEntry oEntry = {};
+    CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = pszName;
     oField.m_eKind = CZorEdidMap::eKind_Group;
     oField.m_eArea = eArea;
@@ -162,7 +167,8 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
     oField.m_uiDepth = m_uiDepth;
     oField.m_uiTiming = CZorEdidMap::msc_uiNone;
     oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
-    const unsigned int uiField = AppendField(oField, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength });
+    oEntry.m_oOrigin = { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength };
+    const unsigned int uiField = AppendEntry(oEntry);
     m_auiOpen[m_uiDepth++] = uiField;
     return uiField;
 }
@@ -181,12 +187,13 @@ void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
     }
     const SRange oRange = GetOpenRange();
     const unsigned int uiEnd = oRange.m_uiOffset + oRange.m_uiLength;
+    const unsigned char* pui8Free = m_aui8Free.GetData(); // the range lies in the blocks
     for (unsigned int uiOffset = oRange.m_uiOffset; uiOffset < uiEnd;)
     {
         unsigned int uiLength = 1;
-        const unsigned char ui8Mask = GetFreeMask(uiOffset);
+        const unsigned char ui8Mask = pui8Free[uiOffset];
         while (ui8Mask == gsc_ui8WholeByte && uiOffset + uiLength < uiEnd &&
-               GetFreeMask(uiOffset + uiLength) == gsc_ui8WholeByte)
+               pui8Free[uiOffset + uiLength] == gsc_ui8WholeByte)
         {
             ++uiLength;
         }
@@ -197,7 +204,7 @@ void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
         uiOffset += uiLength;
     }
     const unsigned int uiGroup = m_auiOpen[--m_uiDepth];
-    m_oMap.m_aoFields[uiGroup].m_uiEnd = m_oMap.m_aoFields.GetCount();
+    GetField(uiGroup).m_uiEnd = m_oMap.GetFieldCount();
     m_uiLast = uiGroup;
 }
 
@@ -227,7 +234,7 @@ unsigned int CMapWriter::BeginGroup(const STable& oTable, unsigned int uiOffset,
                                     unsigned int uiIndex)
 {
     const unsigned int uiField = BeginGroup(oTable.m_pszName, oTable.m_eArea, uiOffset, uiLength, uiIndex);
-    m_oMap.m_aoOrigins[uiField].m_poTable = &oTable;
+    m_oMap.m_aoEntries[uiField].m_oOrigin.m_poTable = &oTable;
     return uiField;
 }
 
@@ -278,14 +285,16 @@ void CMapWriter::AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned in
     AddRow(oRow, eArea, { uiOffset, uiLength }, uiIndex);
 }
 
+// The pieces lie in the open group, and so in the blocks.
 bool CMapWriter::IsFree(const SPieces& oPieces) const
 {
+    const unsigned char* pui8Free = m_aui8Free.GetData();
     for (unsigned int i = 0; i < oPieces.m_uiCount; ++i)
     {
         const CZorEdidMap::SPiece& oPiece = oPieces.m_aoPieces[i];
         for (unsigned int j = 0; j < oPiece.m_uiLength; ++j)
         {
-            if ((oPiece.m_ui8Mask & ~GetFreeMask(oPiece.m_uiOffset + j)) != 0)
+            if ((oPiece.m_ui8Mask & ~pui8Free[oPiece.m_uiOffset + j]) != 0)
             {
                 return false;
             }
@@ -294,24 +303,12 @@ bool CMapWriter::IsFree(const SPieces& oPieces) const
     return true;
 }
 
-unsigned char CMapWriter::GetFreeMask(unsigned int uiOffset) const
-{
-    unsigned int uiMask = 0;
-    const unsigned int* puiLeaves = m_oMap.m_auiLeaves.GetData() + static_cast<size_t>(uiOffset) * gsc_uiBits;
-    for (unsigned int i = 0; i < gsc_uiBits; ++i)
-    {
-        uiMask |= puiLeaves[i] == CZorEdidMap::msc_uiNone ? 1U << i : 0U;
-    }
-    return static_cast<unsigned char>(uiMask);
-}
-
-// The pieces are free, and those of blocks.
-unsigned int CMapWriter::AppendLeaf(CZorEdidMap::SField oField, const CZorEdidMap::SOrigin& oOrigin,
-                                    const SPieces& oPieces)
+// The pieces are free.
+unsigned int CMapWriter::AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces)
 {
     unsigned int uiFirst = oPieces.m_aoPieces[0].m_uiOffset;
     unsigned int uiEnd = uiFirst;
-    const unsigned int uiField = m_oMap.m_aoFields.GetCount();
+    CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
     oField.m_uiPieces = oPieces.m_uiCount;
     for (unsigned int i = 0; i < oPieces.m_uiCount; ++i)
@@ -321,21 +318,31 @@ unsigned int CMapWriter::AppendLeaf(CZorEdidMap::SField oField, const CZorEdidMa
         uiFirst = oPiece.m_uiOffset < uiFirst ? oPiece.m_uiOffset : uiFirst;
         uiEnd = uiPieceEnd > uiEnd ? uiPieceEnd : uiEnd;
         m_oMap.m_aoPieces.Add(oPiece);
-        unsigned int* puiLeaves = m_oMap.m_auiLeaves.GetData();
-        for (unsigned int uiBit = oPiece.m_uiOffset * gsc_uiBits; uiBit < uiPieceEnd * gsc_uiBits; ++uiBit)
-        {
-            if (((oPiece.m_ui8Mask >> (uiBit % gsc_uiBits)) & 1U) != 0)
-            {
-                puiLeaves[uiBit] = uiField;
-            }
-        }
+        TakeBits(oPiece, m_oMap.GetFieldCount());
     }
     oField.m_uiOffset = uiFirst;
     oField.m_uiLength = uiEnd - uiFirst;
     oField.m_uiDepth = m_uiDepth < msc_uiMostDepth ? m_uiDepth : msc_uiMostDepth;
-    oField.m_uiEnd = uiField + 1;
+    oField.m_uiEnd = m_oMap.GetFieldCount() + 1;
     oField.m_uiTiming = CZorEdidMap::msc_uiNone;
-    return AppendField(oField, oOrigin);
+    return AppendEntry(oEntry);
+}
+
+void CMapWriter::TakeBits(const CZorEdidMap::SPiece& oPiece, unsigned int uiField)
+{
+    for (unsigned int i = oPiece.m_uiOffset; i < oPiece.m_uiOffset + oPiece.m_uiLength; ++i)
+    {
+        unsigned int* puiLeaves = m_oMap.m_auiLeaves.GetData() + static_cast<size_t>(i) * gsc_uiBits;
+        if (oPiece.m_ui8Mask == gsc_ui8WholeByte)
+        {
+            std::fill_n(puiLeaves, gsc_uiBits, uiField);
+        }
+        for (unsigned int uiMask = oPiece.m_ui8Mask; uiMask != 0 && uiMask != gsc_ui8WholeByte; uiMask &= uiMask - 1)
+        {
+            puiLeaves[std::countr_zero(uiMask)] = uiField;
+        }
+        m_aui8Free.GetData()[i] &= static_cast<unsigned char>(~oPiece.m_ui8Mask);
+    }
 }
 
 // None when they do not all lie in the record and in the open group. A run to the end ends with both.
@@ -387,7 +394,8 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
 
     const unsigned int uiRaw = oRecord.Get(oPlace);
     const SForm& oForm = oRow.m_oForm;
-    CZorEdidMap::SField oField = {};
+    CZorEdidMap::SEntry oEntry = { {}, { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize() } };
+    CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
     oField.m_pszMeaning = FindMeaning(oForm, uiRaw);
@@ -399,7 +407,7 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     oField.m_eArea = oForm.m_eKind == CZorEdidMap::eKind_Reserved || oForm.m_eKind == CZorEdidMap::eKind_Unknown
                          ? CZorEdidMap::eArea_Unused
                          : eArea;
-    const unsigned int uiField = AppendLeaf(oField, { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize() }, oPieces);
+    const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     if (oPlace.m_ui8Run != 0 && oForm.m_uiExpected != SForm::msc_uiAny &&
         !IsEveryByte(oRecord, oPieces.m_aoPieces[0], oRange.m_uiOffset, oForm.m_uiExpected))
     {
@@ -413,7 +421,7 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
 {
     constexpr char szReserved[] = "reserved";
     const SForm& oForm = oRow.m_oForm;
-    const char* pszMeaning = m_oMap.m_aoFields[uiField].m_pszMeaning;
+    const char* pszMeaning = m_oMap.GetField(uiField).m_pszMeaning;
     if (pszMeaning != nullptr && strncmp(pszMeaning, szReserved, sizeof(szReserved) - 1) == 0)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved value");
@@ -432,14 +440,15 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
 void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                          unsigned char ui8Mask)
 {
-    CZorEdidMap::SField oField = {};
+    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength } };
+    CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = pszName;
     oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_eKind = eKind;
     oField.m_eArea = CZorEdidMap::eArea_Unused;
     SPieces oPieces = {};
     oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiOffset, uiLength, ui8Mask };
-    const unsigned int uiField = AppendLeaf(oField, { nullptr, nullptr, uiOffset, uiLength }, oPieces);
+    const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     unsigned int uiSet = 0;
     for (unsigned int i = 0; i < uiLength; ++i)
     {
@@ -460,14 +469,15 @@ void CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset)
     {
         return;
     }
-    CZorEdidMap::SField oField = {};
+    const unsigned int uiLength = uiOffset - uiFirst + 1;
+    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength } };
+    CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = gsc_oChecksumRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
     oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_eKind = CZorEdidMap::eKind_Checksum;
     oField.m_eArea = CZorEdidMap::eArea_Structure;
-    const unsigned int uiLength = uiOffset - uiFirst + 1;
-    const unsigned int uiField = AppendLeaf(oField, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength }, oPieces);
+    const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     unsigned int uiSum = 0;
     for (unsigned int i = 0; i < uiLength; ++i)
     {
@@ -488,7 +498,7 @@ void CMapWriter::AddNote(CZorEdidMap::ESeverity eSeverity, const char* pszText)
 
 void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText)
 {
-    if (uiField >= m_oMap.m_aoFields.GetCount())
+    if (uiField >= m_oMap.GetFieldCount())
     {
         return;
     }
@@ -505,26 +515,26 @@ void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity,
 
 void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber)
 {
-    if (uiField < m_oMap.m_aoFields.GetCount() && uiNumber != CZorEdidMap::msc_uiNone)
+    if (uiField < m_oMap.GetFieldCount() && uiNumber != CZorEdidMap::msc_uiNone)
     {
-        m_oMap.m_aoFields[uiField].m_eList = eList;
-        m_oMap.m_aoFields[uiField].m_uiTiming = uiNumber;
+        GetField(uiField).m_eList = eList;
+        GetField(uiField).m_uiTiming = uiNumber;
     }
 }
 
 void CMapWriter::SetName(const char* pszName)
 {
-    if (m_uiLast < m_oMap.m_aoFields.GetCount())
+    if (m_uiLast < m_oMap.GetFieldCount())
     {
-        m_oMap.m_aoFields[m_uiLast].m_pszName = pszName;
+        GetField(m_uiLast).m_pszName = pszName;
     }
 }
 
 void CMapWriter::SetMeaning(const char* pszMeaning)
 {
-    if (m_uiLast < m_oMap.m_aoFields.GetCount())
+    if (m_uiLast < m_oMap.GetFieldCount())
     {
-        m_oMap.m_aoFields[m_uiLast].m_pszMeaning = pszMeaning;
+        GetField(m_uiLast).m_pszMeaning = pszMeaning;
     }
 }
 
@@ -539,11 +549,11 @@ unsigned int CMapWriter::FindField(unsigned int uiOffset, unsigned int uiLength)
     {
         return uiFound;
     }
-    unsigned int uiDepth = m_oMap.m_aoFields[uiField].m_uiDepth + 1;
+    unsigned int uiDepth = m_oMap.GetField(uiField).m_uiDepth + 1;
     // Backwards, each field of a smaller depth is the next one outside.
     for (unsigned int i = uiField + 1; i-- > 0 && uiDepth > 0;)
     {
-        const CZorEdidMap::SField& oField = m_oMap.m_aoFields[i];
+        const CZorEdidMap::SField& oField = m_oMap.GetField(i);
         if (oField.m_uiDepth >= uiDepth)
         {
             continue;

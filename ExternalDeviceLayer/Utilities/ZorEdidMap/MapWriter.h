@@ -141,8 +141,10 @@ private:
     void WriteTail();
     void NoteBlockCount();
 
-    unsigned int AppendField(const CZorEdidMap::SField& oField, const CZorEdidMap::SOrigin& oOrigin);
-    unsigned int AppendLeaf(CZorEdidMap::SField oField, const CZorEdidMap::SOrigin& oOrigin, const SPieces& oPieces);
+    CZorEdidMap::SField& GetField(unsigned int uiField) { return m_oMap.m_aoEntries[uiField].m_oField; }
+    unsigned int AppendEntry(const CZorEdidMap::SEntry& oEntry);
+    void TakeBits(const CZorEdidMap::SPiece& oPiece, unsigned int uiField);
+    unsigned int AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces);
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange, unsigned int uiIndex);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
@@ -150,13 +152,13 @@ private:
     void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);
 
     bool IsFree(const SPieces& oPieces) const;
-    unsigned char GetFreeMask(unsigned int uiOffset) const;
 
     CZorEdidMap& m_oMap;
     SImageFacts m_oFacts;
-    unsigned int m_auiOpen[msc_uiMostDepth]; // fields of the open groups
-    unsigned int m_uiDepth;                  // how many are open
-    unsigned int m_uiLast;                   // field that a note without an index goes to
+    CMArray<unsigned char, const unsigned char&> m_aui8Free; // the bits of each byte that no leaf has yet
+    unsigned int m_auiOpen[msc_uiMostDepth];                 // fields of the open groups
+    unsigned int m_uiDepth;                                  // how many are open
+    unsigned int m_uiLast;                                   // field that a note without an index goes to
 };
 
 // The walks, one a kind of block. uiOffset is that of the block in the image; uiLength is 128, or less for a block that

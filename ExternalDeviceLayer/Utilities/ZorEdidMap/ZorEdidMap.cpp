@@ -33,8 +33,8 @@ int CZorEdidMap::Read(unsigned int uiSize, const unsigned char* pui8Data)
 
 const unsigned char* CZorEdidMap::GetData() const { return m_aui8Data.GetData(); }
 unsigned int CZorEdidMap::GetSize() const { return m_aui8Data.GetCount(); }
-unsigned int CZorEdidMap::GetFieldCount() const { return m_aoFields.GetCount(); }
-const CZorEdidMap::SField& CZorEdidMap::GetField(unsigned int uiIndex) const { return m_aoFields[uiIndex]; }
+unsigned int CZorEdidMap::GetFieldCount() const { return m_aoEntries.GetCount(); }
+const CZorEdidMap::SField& CZorEdidMap::GetField(unsigned int uiIndex) const { return m_aoEntries[uiIndex].m_oField; }
 const CZorEdidMap::SPiece& CZorEdidMap::GetPiece(unsigned int uiIndex) const { return m_aoPieces[uiIndex]; }
 unsigned int CZorEdidMap::GetNoteCount() const { return m_aoNotes.GetCount(); }
 const CZorEdidMap::SNote& CZorEdidMap::GetNote(unsigned int uiIndex) const { return m_aoNotes[uiIndex]; }
@@ -57,19 +57,17 @@ CMString CZorEdidMap::GetValue(unsigned int uiField) const
         MASSERT_FAILED();
         return {};
     }
-    const SField& oField = m_aoFields[uiField];
-    const SOrigin& oOrigin = m_aoOrigins[uiField];
+    const SOrigin& oOrigin = m_aoEntries[uiField].m_oOrigin;
     const SImageFacts oFacts = CMapWriter::GetFacts(*this);
     const CRecord oRecord(oFacts, GetData() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
-    return FormatValue(*this, oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
+    return FormatValue(*this, m_aoEntries[uiField].m_oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
 }
 
 bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned char* pui8Data)
 {
-    oMap.m_aoFields.RemoveAll();
+    oMap.m_aoEntries.RemoveAll();
     oMap.m_aoPieces.RemoveAll();
     oMap.m_aoNotes.RemoveAll();
-    oMap.m_aoOrigins.RemoveAll();
     oMap.m_auiLeaves.RemoveAll();
     oMap.m_aui8Data.RemoveAll();
     oMap.m_pszOverlap = nullptr;
@@ -84,13 +82,9 @@ bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned ch
     const unsigned int uiMost = msc_uiBlockSize * msc_uiMostBlocks;
     const unsigned int uiBlockBytes = uiSize < uiMost ? uiSize : uiMost;
     const int iStep = static_cast<int>(uiBlockBytes + msc_uiBlockSize);
-    oMap.m_aoFields.SetSize(0, iStep);
+    oMap.m_aoEntries.SetSize(0, iStep);
     oMap.m_aoPieces.SetSize(0, iStep);
-    oMap.m_aoOrigins.SetSize(0, iStep);
     oMap.m_auiLeaves.SetCount(uiBlockBytes * gsc_uiBits, -1);
-    ZorTools_memset(oMap.m_auiLeaves.GetData(), 0xFF,
-                    static_cast<unsigned int>(uiBlockBytes * gsc_uiBits * sizeof(unsigned int)));
-    static_assert(CZorEdidMap::msc_uiNone == 0xFFFFFFFF, "free bits are filled byte by byte");
 
     oMap.m_uiRevision = uiSize > gsc_uiRevisionOffset ? pui8Data[gsc_uiRevisionOffset] : 0;
     oMap.m_bDigital = uiSize > gsc_uiVideoInputOffset && (pui8Data[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
@@ -142,7 +136,8 @@ void CMapWriter::WriteTail()
     {
         return;
     }
-    CZorEdidMap::SField oField = {};
+    CZorEdidMap::SEntry oEntry = {};
+    CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = "Bytes behind the blocks";
     oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_uiOffset = uiFirst;
@@ -153,8 +148,9 @@ void CMapWriter::WriteTail()
     oField.m_uiTiming = CZorEdidMap::msc_uiNone;
     oField.m_eKind = CZorEdidMap::eKind_Unknown;
     oField.m_eArea = CZorEdidMap::eArea_Unused;
+    oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength };
     m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
-    AppendField(oField, { nullptr, nullptr, uiFirst, uiLength });
+    AppendEntry(oEntry);
     AddNote(CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");
 }
 

@@ -145,12 +145,16 @@ private:
         unsigned int m_uiOffset;
         unsigned int m_uiLength;
     };
+    struct SEntry
+    {
+        SField m_oField;
+        SOrigin m_oOrigin;
+    };
 
     CMArray<unsigned char, const unsigned char&> m_aui8Data;
-    CMArray<SField, const SField&> m_aoFields;
+    CMArray<SEntry, const SEntry&> m_aoEntries;
     CMArray<SPiece, const SPiece&> m_aoPieces;
     CMArray<SNote, const SNote&> m_aoNotes;
-    CMArray<SOrigin, const SOrigin&> m_aoOrigins;           // one a field
     CMArray<unsigned int, const unsigned int&> m_auiLeaves; // of each bit of the blocks, bit 0 of a byte first
     unsigned int m_uiRevision;                              // of E-EDID, as SImageFacts has it
     bool m_bDigital;

@@ -4,11 +4,11 @@
 
 #include <strings.h>
 
-#include <charconv>
 #include <iterator>
 
 #include "EdidBase.h"
 #include "SpeakerNames.h"
+#include "TextFormat.h"
 #include "VidParamCea.h"
 #include "VidParamDmt.h"
 #include "VidParamTimingFunc.h"
@@ -102,16 +102,6 @@ std::string ParseBits(const SNamedValue (&aoValues)[uiCount], const std::string&
         uiBits |= uiBit;
     }
     return "";
-}
-
-// Decimal, or hexadecimal behind 0x.
-bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
-{
-    const bool bHex = sText.starts_with("0x") || sText.starts_with("0X");
-    const char* pszStart = sText.data() + (bHex ? 2 : 0);
-    const char* pszEnd = sText.data() + sText.size();
-    const std::from_chars_result oResult = std::from_chars(pszStart, pszEnd, uiNumber, bHex ? 16 : 10);
-    return oResult.ec == std::errc() && oResult.ptr == pszEnd && pszStart != pszEnd;
 }
 
 bool ParseNumberBefore(const std::string& sText, const std::string& sUnit, unsigned int& uiNumber)

@@ -5,6 +5,8 @@
 #include <stdarg.h>
 #include <stdio.h>
 
+#include <charconv>
+
 std::string FormatText(const char* pszFormat, ...)
 {
     va_list oList;
@@ -54,6 +56,15 @@ std::string ShowName(const std::string& sName)
         }
     }
     return sText;
+}
+
+bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
+{
+    const bool bHex = sText.starts_with("0x") || sText.starts_with("0X");
+    const char* pszStart = sText.data() + (bHex ? 2 : 0);
+    const char* pszEnd = sText.data() + sText.size();
+    const std::from_chars_result oResult = std::from_chars(pszStart, pszEnd, uiNumber, bHex ? 16 : 10);
+    return oResult.ec == std::errc() && oResult.ptr == pszEnd && pszStart != pszEnd;
 }
 
 SOutcome RefuseInput(const SInput& oInput, const std::string& sReason)

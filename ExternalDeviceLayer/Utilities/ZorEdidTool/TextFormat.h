@@ -1,4 +1,5 @@
-// Text by a printf format as a std::string, hexadecimal bytes, names of files, and the outcome of a refused input.
+// Text by a printf format as a std::string, hexadecimal bytes, names of files, numbers, and the outcome of a refused
+// input.
 
 #pragma once
 
@@ -16,6 +17,9 @@ std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount);
 
 // A file's name in one line: control characters become \n, \t or \xNN.
 std::string ShowName(const std::string& sName);
+
+// A number, decimal, or hexadecimal behind 0x; false for anything else.
+bool ParseNumber(const std::string& sText, unsigned int& uiNumber);
 
 // One error line and the status of an input that cannot be loaded.
 SOutcome RefuseInput(const SInput& oInput, const std::string& sReason);

@@ -50,6 +50,7 @@ void AddReportCommand(CLI::App& oApp, STool& oTool);
 void AddModesCommand(CLI::App& oApp, STool& oTool);
 void AddCompareCommand(CLI::App& oApp, STool& oTool);
 void AddCheckCommand(CLI::App& oApp, STool& oTool);
+void AddExplainCommand(CLI::App& oApp, STool& oTool);
 void AddEditCommand(CLI::App& oApp, STool& oTool);
 void AddTimingCommand(CLI::App& oApp, STool& oTool);
 void AddListCommand(CLI::App& oApp, STool& oTool);

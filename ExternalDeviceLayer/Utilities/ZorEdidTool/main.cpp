@@ -13,7 +13,7 @@
 namespace
 {
 constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = {
-    AddReportCommand, AddModesCommand,  AddCompareCommand, AddCheckCommand,
+    AddReportCommand, AddModesCommand,  AddCompareCommand, AddCheckCommand,   AddExplainCommand,
     AddEditCommand,   AddTimingCommand, AddListCommand,    AddConvertCommand,
 };
 
@@ -79,7 +79,7 @@ void DeclareOptions(CLI::App& oApp, STool& oTool)
 
 int Run(int iCount, char** ppszArguments)
 {
-    CLI::App oApp{ "Reads, checks, compares, edits and converts the EDID data of monitors.", "zoredid" };
+    CLI::App oApp{ "Reads, explains, checks, compares, edits and converts the EDID data of monitors.", "zoredid" };
     STool oTool;
     DeclareOptions(oApp, oTool);
     try

@@ -1,0 +1,387 @@
+// zoredid explain: what each byte of an image says, what one byte says, and where something is said.
+
+#include <stdlib.h>
+#include <string.h>
+#include <strings.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <CLI/CLI.hpp>
+
+#include "Json.h"
+#include "ManyFiles.h"
+#include "MapJson.h"
+#include "MapText.h"
+#include "TextFormat.h"
+#include "Tool.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
+
+struct SExplainOptions
+{
+    std::string m_sFile;
+    unsigned int m_uiBlock = gsc_uiNone;
+    unsigned int m_uiAt = gsc_uiNone; // in the block where there is one, else in the image
+    std::string m_sFind;
+    bool m_bJson = false;
+};
+
+// ---- Colours ----
+
+constexpr const char* gsc_pszPlain = "\x1B[0m";
+constexpr const char* gsc_pszBold = "\x1B[1m";
+constexpr const char* gsc_apszAreaColours[] = {
+    "\x1B[90m", // structure: grey
+    "\x1B[36m", // identity: cyan
+    "\x1B[94m", // display: light blue
+    "\x1B[35m", // colour: magenta
+    "\x1B[32m", // timing: green
+    "\x1B[33m", // audio: yellow
+    "\x1B[95m", // vendor: light magenta
+    "\x1B[2m",  // unused: faint
+};
+constexpr const char* gsc_apszNoteColours[] = { "\x1B[1m", "\x1B[1;33m", "\x1B[1;31m" }; // bold; yellow; red
+
+// On a terminal that has colours, unless the user wants none.
+bool HasColours()
+{
+    const char* pszNoColour = getenv("NO_COLOR");
+    const char* pszTerminal = getenv("TERM");
+    return isatty(STDOUT_FILENO) != 0 && (pszNoColour == nullptr || *pszNoColour == '\0') &&
+           (pszTerminal == nullptr || strcmp(pszTerminal, "dumb") != 0);
+}
+
+// ---- What is asked for ----
+
+bool HasText(const std::string& sText, const std::string& sPart)
+{
+    return strcasestr(sText.c_str(), sPart.c_str()) != nullptr;
+}
+
+bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    return HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
+           (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
+}
+
+struct SAsked
+{
+    std::vector<unsigned int> m_auiFields; // in the order of the map
+    std::string m_sProblem;                // why there is none
+};
+
+// The field whose bytes are the block's. Depth 0 is that of blocks.
+SAsked FindBlock(const CZorEdidMap& oMap, unsigned int uiBlock)
+{
+    SAsked oAsked;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); i = oMap.GetField(i).m_uiEnd)
+    {
+        if (oMap.GetField(i).m_uiOffset == uiBlock * gsc_uiBlockSize)
+        {
+            for (unsigned int j = i; j < oMap.GetField(i).m_uiEnd; ++j)
+            {
+                oAsked.m_auiFields.push_back(j);
+            }
+            return oAsked;
+        }
+    }
+    oAsked.m_sProblem =
+        FormatText("has no block %u: its last one is %u", uiBlock, (oMap.GetSize() - 1) / gsc_uiBlockSize);
+    return oAsked;
+}
+
+SAsked FindByte(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
+{
+    const bool bInBlock = oOptions.m_uiBlock != gsc_uiNone;
+    const unsigned int uiStart = bInBlock ? oOptions.m_uiBlock * gsc_uiBlockSize : 0;
+    const unsigned int uiSize = bInBlock ? std::min(oMap.GetSize() - uiStart, gsc_uiBlockSize) : oMap.GetSize();
+    if (oOptions.m_uiAt >= uiSize)
+    {
+        return { {},
+                 FormatText("has no byte at 0x%02x: %s ends at 0x%02x", oOptions.m_uiAt,
+                            bInBlock ? "the block" : "the image", uiSize - 1) };
+    }
+    return { FindLeaves(oMap, uiStart + oOptions.m_uiAt, 0xFF), "" };
+}
+
+SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
+{
+    SAsked oAsked = FindBlock(oMap, oOptions.m_uiBlock == gsc_uiNone ? 0 : oOptions.m_uiBlock);
+    if (!oAsked.m_sProblem.empty())
+    {
+        return oAsked;
+    }
+    if (oOptions.m_uiAt != gsc_uiNone)
+    {
+        return FindByte(oMap, oOptions);
+    }
+    if (oOptions.m_uiBlock == gsc_uiNone)
+    {
+        oAsked.m_auiFields.clear();
+        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+        {
+            oAsked.m_auiFields.push_back(i);
+        }
+    }
+    if (!oOptions.m_sFind.empty())
+    {
+        std::erase_if(oAsked.m_auiFields,
+                      [&](unsigned int uiField) { return !Matches(oMap, uiField, oOptions.m_sFind); });
+        oAsked.m_sProblem =
+            oAsked.m_auiFields.empty() ? "has no field with this name or value: " + oOptions.m_sFind : "";
+    }
+    return oAsked;
+}
+
+// Which fields are asked for or are groups of those.
+std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsigned int>& auiFields)
+{
+    std::vector<bool> abShown(oMap.GetFieldCount(), false);
+    for (const unsigned int uiField : auiFields)
+    {
+        for (const unsigned int uiInChain : GetChain(oMap, uiField))
+        {
+            abShown[uiInChain] = true;
+        }
+    }
+    return abShown;
+}
+
+// ---- Lines ----
+
+constexpr size_t gsc_uiPlaceWidth = 12;
+constexpr size_t gsc_uiBytesOfLine = 8;
+constexpr size_t gsc_uiBytesWidth = 3 * gsc_uiBytesOfLine + 1;
+
+std::string Pad(std::string sText, size_t uiWidth)
+{
+    sText.resize(std::max(sText.size() + 1, uiWidth), ' ');
+    return sText;
+}
+
+// Writes fields as lines: place, bytes, and what they say.
+class CLines
+{
+public:
+    CLines(const CZorEdidMap& oMap, bool bColours) : m_oMap(oMap), m_bColours(bColours) {}
+
+    // Shown in the tree, indented by its depth.
+    void AddToTree(unsigned int uiField)
+    {
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        const bool bBlock = oField.m_uiDepth == 0;
+        m_sText += bBlock && !m_sText.empty() ? "\n" : "";
+        Add(uiField, bBlock ? FormatText("block %u", oField.m_uiOffset / gsc_uiBlockSize) : GetPlace(uiField),
+            std::string(size_t{ 2 } * oField.m_uiDepth, ' '), GetFieldName(oField));
+    }
+
+    // Shown by itself, with its block and its groups.
+    void AddAlone(unsigned int uiField)
+    {
+        const unsigned int uiBlock = m_oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize;
+        Add(uiField, FormatText("block %u ", uiBlock) + GetPlace(uiField), "", GetPath(m_oMap, uiField));
+    }
+
+    const std::string& GetText() const { return m_sText; }
+
+private:
+    // The block of a field in which offsets count.
+    static unsigned int GetStart(const CZorEdidMap::SField& oField)
+    {
+        return oField.m_uiOffset - oField.m_uiOffset % gsc_uiBlockSize;
+    }
+
+    std::string GetPlace(unsigned int uiField) const
+    {
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        const unsigned int uiFirst = oField.m_uiOffset - GetStart(oField);
+        return oField.m_eKind != CZorEdidMap::eKind_Group
+                   ? GetPlaceText(GetFieldBytes(m_oMap, uiField), GetStart(oField))
+                   : FormatText(oField.m_uiLength > 1 ? "%02x-%02x" : "%02x", uiFirst,
+                                uiFirst + (oField.m_uiLength > 1 ? oField.m_uiLength - 1 : 0));
+    }
+
+    std::string Paint(const char* pszColour, const std::string& sText) const
+    {
+        return m_bColours && !sText.empty() ? pszColour + sText + gsc_pszPlain : sText;
+    }
+
+    // The bytes in lines. Many of the same value are counted instead.
+    std::vector<std::string> GetBytes(unsigned int uiField) const
+    {
+        const std::vector<SFieldByte> aoBytes = GetFieldBytes(m_oMap, uiField);
+        const auto fnByte = [this](const SFieldByte& oByte) { return m_oMap.GetData()[oByte.m_uiOffset]; };
+        if (aoBytes.size() > gsc_uiBytesOfLine && std::all_of(aoBytes.begin(), aoBytes.end(), [&](const auto& oByte) {
+                return fnByte(oByte) == fnByte(aoBytes[0]);
+            }))
+        {
+            return { FormatText("%02x %zu times", fnByte(aoBytes[0]), aoBytes.size()) };
+        }
+        std::vector<std::string> asLines = { "" };
+        for (size_t i = 0; i < aoBytes.size(); ++i)
+        {
+            if (i != 0 && i % gsc_uiBytesOfLine == 0)
+            {
+                asLines.emplace_back();
+            }
+            asLines.back() += FormatText(i % gsc_uiBytesOfLine != 0 ? " %02x" : "%02x", fnByte(aoBytes[i]));
+        }
+        return asLines;
+    }
+
+    void Add(unsigned int uiField, const std::string& sPlace, const std::string& sIndentation, const std::string& sName)
+    {
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        const char* pszColour = gsc_apszAreaColours[oField.m_eArea];
+        const std::vector<std::string> asBytes = GetBytes(uiField);
+        const size_t uiPlaceWidth = gsc_uiPlaceWidth + (sPlace.starts_with("block ") && oField.m_uiDepth != 0 ? 8 : 0);
+        const std::string sValue = GetFieldValue(m_oMap, uiField);
+        std::string sLine =
+            Pad(sPlace, uiPlaceWidth) + Paint(pszColour, Pad(asBytes[0], gsc_uiBytesWidth)) + sIndentation;
+        sLine += oField.m_eKind == CZorEdidMap::eKind_Group ? Paint(gsc_pszBold, sName) : Paint(pszColour, sName);
+        sLine += sValue.empty() ? "" : ": " + sValue;
+        sLine += oField.m_uiTiming == gsc_uiNone
+                     ? ""
+                     : FormatText("  (%s %u)", GetTimingListName(oField.m_eList), oField.m_uiTiming);
+        AddLine(sLine + GetNotes(uiField));
+        for (size_t i = 1; i < asBytes.size(); ++i)
+        {
+            AddLine(std::string(uiPlaceWidth, ' ') + Paint(pszColour, asBytes[i]));
+        }
+    }
+
+    // Notes stand in the order of their fields, and lines do so, too.
+    std::string GetNotes(unsigned int uiField)
+    {
+        std::string sNotes;
+        for (; m_uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(m_uiNote).m_uiField <= uiField; ++m_uiNote)
+        {
+            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(m_uiNote);
+            if (oNote.m_uiField == uiField)
+            {
+                sNotes += "  " + Paint(gsc_apszNoteColours[oNote.m_eSeverity],
+                                       std::string("! ") + GetNoteName(oNote.m_eSeverity) + ": " + oNote.m_pszText);
+            }
+        }
+        return sNotes;
+    }
+
+    void AddLine(std::string sLine)
+    {
+        sLine.erase(sLine.find_last_not_of(' ') + 1);
+        m_sText += sLine + "\n";
+    }
+
+    const CZorEdidMap& m_oMap;
+    const bool m_bColours;
+    unsigned int m_uiNote = 0;
+    std::string m_sText;
+};
+
+std::string DescribeFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions,
+                           const std::vector<unsigned int>& auiFields)
+{
+    CLines oLines(oMap, HasColours());
+    if (!oOptions.m_sFind.empty())
+    {
+        for (const unsigned int uiField : auiFields)
+        {
+            oLines.AddAlone(uiField);
+        }
+        return oLines.GetText();
+    }
+    const std::vector<bool> abShown = MarkWithGroups(oMap, auiFields);
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        if (abShown[i])
+        {
+            oLines.AddToTree(i);
+        }
+    }
+    return oLines.GetText();
+}
+
+SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
+{
+    SOutcome oOutcome;
+    if (!oInput.IsGood())
+    {
+        oOutcome = RefuseInput(oInput, oInput.m_sProblem);
+        oOutcome.m_sOut = oOptions.m_bJson ? WriteIndented(MakeFailure(oInput, oInput.m_sProblem)) + "\n" : "";
+        return oOutcome;
+    }
+    CZorEdidMap oMap;
+    if (oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data()) == 0)
+    {
+        return RefuseInput(oInput, "is empty");
+    }
+    const SAsked oAsked = FindFields(oMap, oOptions);
+    if (!oAsked.m_sProblem.empty())
+    {
+        oOutcome.m_sError = MakeErrorLine(oInput.m_sName, oAsked.m_sProblem);
+        oOutcome.m_eExit = eExit_Finding;
+    }
+    oOutcome.m_sOut =
+        oOptions.m_bJson ? WriteIndented(MakeExplanation(oInput, oMap, MarkWithGroups(oMap, oAsked.m_auiFields))) + "\n"
+                         : DescribeFields(oMap, oOptions, oAsked.m_auiFields);
+    return oOutcome;
+}
+
+// A number for CLI11: decimal, or hexadecimal behind 0x.
+CLI::Option* AddNumber(CLI::App& oCommand, const char* pszName, unsigned int& uiNumber, unsigned int uiMost,
+                       const char* pszHelp)
+{
+    return oCommand
+        .add_option_function<std::string>(
+            pszName, [&uiNumber](const std::string& sText) { ParseNumber(sText, uiNumber); }, pszHelp)
+        ->check([uiMost](const std::string& sText) {
+            unsigned int uiParsed = 0;
+            return ParseNumber(sText, uiParsed) && uiParsed <= uiMost
+                       ? std::string()
+                       : FormatText("%s is no number from 0 to %u", ShowName(sText).c_str(), uiMost);
+        });
+}
+} // namespace
+
+void AddExplainCommand(CLI::App& oApp, STool& oTool)
+{
+    constexpr unsigned int uiMostBlocks = 256; // of an image
+    CLI::App* poCommand = oApp.add_subcommand("explain", "Say what each byte of an image means");
+    const auto poOptions = std::make_shared<SExplainOptions>();
+    poCommand->add_option("FILE", poOptions->m_sFile, "Image, also one that is damaged or cut short")
+        ->required()
+        ->type_name("");
+    AddNumber(*poCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
+        ->type_name("N");
+    CLI::Option* poAt = AddNumber(*poCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
+                                  "What this byte says; counted from the image's begin, or with --block from that of "
+                                  "the block")
+                            ->type_name("OFFSET");
+    CLI::Option* poFind =
+        poCommand->add_option("--find", poOptions->m_sFind, "Where a name or a value has this text, in either case")
+            ->type_name("TEXT")
+            ->check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
+    poAt->excludes(poFind);
+    poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
+    poCommand->footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
+                      "by its groups.\n"
+                      "Offsets are hexadecimal. Bits stand behind a point: 14.7 is the highest bit of byte 0x14, \"38 "
+                      "3a.7-4\" is byte\n"
+                      "0x38 with four more bits in byte 0x3a. Behind a timing stand its list and its number, which "
+                      "edits take. A note\n"
+                      "about what is off stands behind an exclamation mark. Exit status: 1 when there is no such byte, "
+                      "block or text.\n\n"
+                      "Examples:\n"
+                      "  zoredid explain --at 0x36 monitor.bin\n"
+                      "  zoredid explain --find gamma monitor.bin");
+    poCommand->callback([poOptions, &oTool] {
+        SFiles oFiles;
+        oFiles.m_asNames = { poOptions->m_sFile };
+        oFiles.m_bTurnsForBadOnes = true; // JSON tells of them, too
+        ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return Explain(*poOptions, oInput); });
+    });
+}

@@ -1,0 +1,13 @@
+// The map of an image as JSON, for zoredid explain.
+
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "Input.h"
+#include "ZorEdidMap.h"
+
+// The document with a tree of those fields whose place in abShown is true. A field that is shown has all of its groups
+// shown.
+nlohmann::ordered_json MakeExplanation(const SInput& oInput, const CZorEdidMap& oMap, const std::vector<bool>& abShown);

@@ -1,0 +1,194 @@
+// Names, places and chains of the fields of a map.
+
+#include "MapText.h"
+
+#include <algorithm>
+
+#include "TextFormat.h"
+#include "Timings.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiWholeByte = 0xFF;
+
+// The bits of a mask, such as ".7-4" or ".7,3"; nothing for a whole byte.
+std::string GetBitsText(unsigned int uiMask)
+{
+    if (uiMask == gsc_uiWholeByte)
+    {
+        return "";
+    }
+    std::string sText;
+    for (int iHigh = 7; iHigh >= 0; --iHigh)
+    {
+        if (((uiMask >> iHigh) & 1U) == 0)
+        {
+            continue;
+        }
+        int iLow = iHigh;
+        while (iLow > 0 && ((uiMask >> (iLow - 1)) & 1U) != 0)
+        {
+            --iLow;
+        }
+        sText += (sText.empty() ? "." : ",") + std::to_string(iHigh);
+        sText += iLow < iHigh ? "-" + std::to_string(iLow) : "";
+        iHigh = iLow;
+    }
+    return sText;
+}
+} // namespace
+
+std::string GetFieldName(const CZorEdidMap::SField& oField)
+{
+    const std::string sName = oField.m_pszName;
+    return oField.m_uiIndex == CZorEdidMap::msc_uiNone ? sName : sName + " " + std::to_string(oField.m_uiIndex);
+}
+
+std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::EKind eKind = oMap.GetField(uiField).m_eKind;
+    const bool bBytesOnly = eKind == CZorEdidMap::eKind_Reserved || eKind == CZorEdidMap::eKind_Unknown ||
+                            eKind == CZorEdidMap::eKind_Bytes;
+    return bBytesOnly && oMap.GetField(uiField).m_pszMeaning == nullptr
+               ? ""
+               : static_cast<const char*>(oMap.GetValue(uiField));
+}
+
+std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    std::vector<unsigned int> auiChain = { uiField };
+    for (unsigned int i = uiField; oMap.GetField(auiChain.back()).m_uiDepth != 0 && i-- > 0;)
+    {
+        if (oMap.GetField(i).m_uiDepth < oMap.GetField(auiChain.back()).m_uiDepth)
+        {
+            auiChain.push_back(i);
+        }
+    }
+    std::reverse(auiChain.begin(), auiChain.end());
+    return auiChain;
+}
+
+std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    std::string sPath;
+    const std::vector<unsigned int> auiChain = GetChain(oMap, uiField);
+    for (size_t i = auiChain.size() > 1 ? 1 : 0; i < auiChain.size(); ++i)
+    {
+        sPath += (sPath.empty() ? "" : " > ") + GetFieldName(oMap.GetField(auiChain[i]));
+    }
+    return sPath;
+}
+
+std::vector<unsigned int> FindLeaves(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned int uiMask)
+{
+    std::vector<unsigned int> auiLeaves;
+    for (unsigned int uiBit = 8; uiBit-- > 0;)
+    {
+        const unsigned int uiLeaf = oMap.FindLeaf(uiOffset, uiBit);
+        if (((uiMask >> uiBit) & 1U) != 0 && uiLeaf != CZorEdidMap::msc_uiNone &&
+            std::find(auiLeaves.begin(), auiLeaves.end(), uiLeaf) == auiLeaves.end())
+        {
+            auiLeaves.push_back(uiLeaf);
+        }
+    }
+    return auiLeaves;
+}
+
+std::string GetPathOfByte(const CZorEdidMap& oMap, unsigned int uiOffset)
+{
+    std::vector<unsigned int> auiCommon;
+    for (const unsigned int uiLeaf : FindLeaves(oMap, uiOffset, gsc_uiWholeByte))
+    {
+        const std::vector<unsigned int> auiChain = GetChain(oMap, uiLeaf);
+        const auto itFirst =
+            auiCommon.empty()
+                ? auiChain.end()
+                : std::mismatch(auiChain.begin(), auiChain.end(), auiCommon.begin(), auiCommon.end()).first;
+        auiCommon.assign(auiChain.begin(), itFirst);
+    }
+    return auiCommon.empty() ? "" : GetPath(oMap, auiCommon.back());
+}
+
+std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    std::vector<SFieldByte> aoBytes;
+    for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        for (unsigned int j = 0; j < oPiece.m_uiLength; ++j)
+        {
+            aoBytes.push_back({ oPiece.m_uiOffset + j, oPiece.m_ui8Mask });
+        }
+    }
+    std::stable_sort(aoBytes.begin(), aoBytes.end(), [](const SFieldByte& oFirst, const SFieldByte& oSecond) {
+        return oFirst.m_uiOffset < oSecond.m_uiOffset;
+    });
+    size_t uiKept = 0; // several pieces of one byte become one
+    for (const SFieldByte& oByte : aoBytes)
+    {
+        if (uiKept != 0 && aoBytes[uiKept - 1].m_uiOffset == oByte.m_uiOffset)
+        {
+            aoBytes[uiKept - 1].m_uiMask |= oByte.m_uiMask;
+        }
+        else
+        {
+            aoBytes[uiKept++] = oByte;
+        }
+    }
+    aoBytes.resize(uiKept);
+    return aoBytes;
+}
+
+std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int uiStart)
+{
+    std::string sText;
+    for (size_t i = 0; i < aoBytes.size();)
+    {
+        size_t uiNext = i + 1;
+        while (aoBytes[i].m_uiMask == gsc_uiWholeByte && uiNext < aoBytes.size() &&
+               aoBytes[uiNext].m_uiMask == gsc_uiWholeByte &&
+               aoBytes[uiNext].m_uiOffset == aoBytes[uiNext - 1].m_uiOffset + 1)
+        {
+            ++uiNext;
+        }
+        sText += (sText.empty() ? "" : " ") + FormatText("%02x", aoBytes[i].m_uiOffset - uiStart);
+        sText += uiNext > i + 1 ? FormatText("-%02x", aoBytes[uiNext - 1].m_uiOffset - uiStart)
+                                : GetBitsText(aoBytes[i].m_uiMask);
+        i = uiNext;
+    }
+    return sText;
+}
+
+const char* GetKindName(CZorEdidMap::EKind eKind)
+{
+    constexpr const char* apszNames[] = { "group", "number",   "flag",     "name",   "text",
+                                          "bytes", "reserved", "checksum", "unknown" };
+    return apszNames[eKind];
+}
+
+const char* GetAreaName(CZorEdidMap::EArea eArea)
+{
+    constexpr const char* apszNames[] = { "structure", "identity", "display", "colour",
+                                          "timing",    "audio",    "vendor",  "unused" };
+    return apszNames[eArea];
+}
+
+const char* GetNoteName(CZorEdidMap::ESeverity eSeverity)
+{
+    constexpr const char* apszNames[] = { "note", "warning", "error" };
+    return apszNames[eSeverity];
+}
+
+const char* GetTimingListName(CZorEdidMap::EList eList)
+{
+    switch (eList)
+    {
+    case CZorEdidMap::eList_Established:
+        return GetListName(eTimingList_Established);
+    case CZorEdidMap::eList_Standard:
+        return GetListName(eTimingList_Standard);
+    default:
+        return GetListName(eTimingList_Detailed);
+    }
+}

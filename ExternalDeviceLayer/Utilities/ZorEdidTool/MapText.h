@@ -1,0 +1,44 @@
+// The map of an image in words: names, places and chains of its fields. explain, check and edit --diff name bytes with
+// it.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ZorEdidMap.h"
+
+// The name with its number where there are several: "Standard timing 3".
+std::string GetFieldName(const CZorEdidMap::SField& oField);
+
+// The value, or the summary of a group; empty where the bytes themselves say all.
+std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField);
+
+// The groups that a field lies in, from its block down, and the field itself.
+std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField);
+
+// The chain without the block: "Descriptor 1 > Detailed timing > Pixel clock". Of a block its own name.
+std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField);
+
+// The path of what a whole byte belongs to: a leaf, or the group of several. Empty behind the image.
+std::string GetPathOfByte(const CZorEdidMap& oMap, unsigned int uiOffset);
+
+// The leaves with any of these bits of a byte, the most significant first.
+std::vector<unsigned int> FindLeaves(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned int uiMask);
+
+// The bytes of a field in the order of the image.
+struct SFieldByte
+{
+    unsigned int m_uiOffset; // in the image
+    unsigned int m_uiMask;   // the bits that are the field's
+};
+std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiField);
+
+// Offsets in hexadecimal digits from uiStart of the image on, bits behind a point: "36-37", "14.7", "38 3a.7-4".
+std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int uiStart);
+
+// Lower-case words.
+const char* GetKindName(CZorEdidMap::EKind eKind);
+const char* GetAreaName(CZorEdidMap::EArea eArea);
+const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
+const char* GetTimingListName(CZorEdidMap::EList eList); // as zoredid modes has them

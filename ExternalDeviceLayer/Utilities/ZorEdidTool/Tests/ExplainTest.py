@@ -1,0 +1,148 @@
+# What zoredid explain says: lines, single bytes, searches, and the tree as JSON.
+#   ExplainTest.py COMMAND PROJECT [CORPUS]
+# Expected lines are written out by hand from the bytes of the example.
+
+import json
+import os
+import pty
+import statistics
+import subprocess
+import sys
+import time
+import unittest
+
+from FactsTest import COMMAND, CORPUS, MONITOR, change, display_id, fix_sums, run, ToolTest, TYPE1, with_blocks
+
+# Everything that reads differently when it is damaged.
+IMAGES = {
+    "the example": MONITOR,
+    "one byte": MONITOR[:1],
+    "a cut base block": MONITOR[:100],
+    "a cut extension block": MONITOR[:200],
+    "a bad header": change({0: "01"}),
+    "wrong sums": change({0x7F: "13", 0xFF: "00"}, fix=False),
+    "ones": b"\xff" * 255 + b"\0",
+    "zeros": bytes(384),
+    "a data block over the end": with_blocks(b"\x02\x03\x7e\x00" + (b"\x1f" + bytes(31)) * 3 + b"\x1f"),
+    "DisplayID and unknown blocks": with_blocks(display_id(b"\x03\x00\x14" + TYPE1), b"\x99", b"\xf0\x02\x70"),
+    "counting bytes": fix_sums(MONITOR[:126] + b"\x03\0" + bytes(range(256)) + b"\x70\x20" + bytes(range(126))),
+}
+
+
+def walk(fields, groups=()):
+    """Each field with its groups."""
+    for field in fields:
+        yield field, groups
+        yield from walk(field.get("fields", []), (*groups, field))
+
+
+class ExplainTest(ToolTest):
+    def lines(self, *arguments, image=MONITOR, status=0):
+        return run("explain", *arguments, self.save(image), status=status)[0].splitlines()
+
+    def tree(self, path, *arguments, status=0):
+        return self.load(run("explain", "--json", *arguments, path, status=status)[0])
+
+    def test_every_bit_has_one_leaf_whatever_the_image(self):
+        images = dict(IMAGES)
+        for name in sorted(os.listdir(CORPUS))[::7] if CORPUS else []:
+            if name.endswith(".bin"):
+                with open(os.path.join(CORPUS, name), "rb") as file:
+                    images[name] = file.read()
+        for name, image in images.items():
+            with self.subTest(name):
+                path = self.save(image)
+                document = self.tree(path)
+                self.assertEqual((document["file"], document["form"], document["size"]),
+                                 (path, "raw image", len(image)))
+                self.check_tree(image, document["fields"])
+                text = run("explain", path, status=0)[0]
+                self.assertNotRegex(text, r"[^\n -~]")
+                blocks = [line.split()[1] for line in text.splitlines() if line.startswith("block ")]
+                self.assertEqual(blocks, [str(i) for i in range((len(image) + 127) // 128)])
+
+    def check_tree(self, image, fields):
+        bits = [0] * len(image)
+        for field, groups in walk(fields):
+            end = field["offset"] + field["length"]
+            for group in groups:
+                self.assertLessEqual(group["offset"], field["offset"])
+                self.assertLessEqual(end, group["offset"] + group["length"])
+            touched = set()
+            for piece in field.get("pieces", []):
+                for offset in range(piece["offset"], piece["offset"] + piece["length"]):
+                    self.assertEqual(bits[offset] & piece["mask"], 0, (offset, field))
+                    bits[offset] |= piece["mask"]
+                    touched.add(offset)
+            if touched:
+                self.assertEqual((min(touched), max(touched) + 1), (field["offset"], end))
+                self.assertEqual(field["raw"], bytes(image[offset] for offset in sorted(touched)).hex())
+        self.assertEqual(bits, [0xFF] * len(image))
+
+    def test_timings_have_the_numbers_that_edits_take(self):
+        path = self.save(MONITOR)
+        modes = json.loads(run("modes", "--json", path, status=0)[0])
+        listed = {(name, timing["index"]) for name in ["established", "standard", "detailed"] for timing in modes[name]}
+        timings = [field["timing"] for field, _ in walk(self.tree(path)["fields"]) if "timing" in field]
+        self.assertEqual({(timing["list"], timing["index"]) for timing in timings} - listed, set())
+        self.assertIn({"list": "detailed", "index": 1}, timings)
+
+    def test_what_there_is_not(self):
+        for arguments, reason in [
+            (["--at", "256"], "has no byte at 0x100: the image ends at 0xff"),
+            (["--block", "1", "--at", "0x80"], "has no byte at 0x80: the block ends at 0x7f"),
+            (["--block", "2"], "has no block 2: its last one is 1"),
+            (["--block", "2", "--at", "0"], "has no block 2: its last one is 1"),
+            (["--find", "no such words"], "has no field with this name or value: no such words"),
+        ]:
+            with self.subTest(arguments):
+                path = self.save(MONITOR)
+                self.assertEqual(run("explain", *arguments, path, status=1), ("", f"zoredid: {path}: {reason}\n"))
+                self.assertEqual(self.tree(path, *arguments, status=1)["fields"], [])
+        for arguments in [["--at", "-1"], ["--at", "1f"], ["--at", "0x"], ["--at", "0x8000"], ["--block", "256"],
+                          ["--find", ""], ["--at", "1", "--find", "x"], []]:
+            with self.subTest(arguments):
+                path = [self.save(MONITOR)] if arguments else []
+                out, err = run("explain", *arguments, *path, status=2)
+                self.assertEqual((out, err.count("\n")), ("", 1))
+        out, err = run("explain", "--json", self.folder + "/missing", status=3)
+        self.assertEqual((self.load(out)["error"], err.count("\n")), ("neither a file nor a connector of this machine", 1))
+
+    def test_colours_on_a_terminal_only(self):
+        path = self.save(MONITOR)
+        plain = run("explain", path, status=0)[0]
+        for variables, coloured in [({}, True), ({"NO_COLOR": "1"}, False), ({"TERM": "dumb"}, False)]:
+            with self.subTest(variables):
+                out = self.run_on_terminal([COMMAND, "explain", path], variables)
+                self.assertEqual("\x1b[" in out, coloured)
+                if not coloured:
+                    self.assertEqual(out, plain)
+
+    @staticmethod
+    def run_on_terminal(command, variables):
+        environment = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+        near, far = pty.openpty()
+        with subprocess.Popen(command, stdout=far, env={**environment, "TERM": "xterm", **variables}) as process:
+            os.close(far)
+            out = b""
+            try:
+                while piece := os.read(near, 65536):
+                    out += piece
+            except OSError:  # the far side is closed
+                pass
+            os.close(near)
+            process.wait(60)
+        return out.decode().replace("\r\n", "\n")
+
+    def test_time(self):
+        path = self.save(MONITOR)
+        times = []
+        for _ in range(50):
+            start = time.perf_counter()
+            run("explain", path, status=0)
+            times.append(time.perf_counter() - start)
+        print(f"explain of {len(MONITOR)} bytes: {1000 * statistics.median(times):.2f} ms a process, with its start")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -36,10 +36,13 @@ unsigned int GetThisYear()
 
 std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
 {
-    return ShowName(sName) + FormatText(": block %u offset 0x%02x: %s: %s: found %s, expected %s\n", oFinding.m_uiBlock,
-                                        oFinding.m_uiOffset, GetSeverityName(oFinding.m_eSeverity),
-                                        oFinding.m_sWhat.c_str(), oFinding.m_sFound.c_str(),
-                                        oFinding.m_sExpected.c_str());
+    std::string sText =
+        ShowName(sName) + FormatText(": block %u offset 0x%02x", oFinding.m_uiBlock, oFinding.m_uiOffset);
+    sText += oFinding.m_sField.empty() ? "" : " (" + oFinding.m_sField + ")";
+    sText += FormatText(": %s: ", GetSeverityName(oFinding.m_eSeverity)) + oFinding.m_sWhat;
+    sText += oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound;
+    sText += oFinding.m_sExpected.empty() ? "" : ", expected " + oFinding.m_sExpected;
+    return sText + "\n";
 }
 
 nlohmann::ordered_json MakeChecked(const std::string& sName, const std::vector<SFinding>& aoFindings)
@@ -47,12 +50,16 @@ nlohmann::ordered_json MakeChecked(const std::string& sName, const std::vector<S
     nlohmann::ordered_json oJson = { { "file", sName }, { "findings", nlohmann::ordered_json::array() } };
     for (const SFinding& oFinding : aoFindings)
     {
-        oJson["findings"].push_back({ { "block", oFinding.m_uiBlock },
-                                      { "offset", oFinding.m_uiOffset },
-                                      { "severity", GetSeverityName(oFinding.m_eSeverity) },
-                                      { "what", oFinding.m_sWhat },
-                                      { "found", oFinding.m_sFound },
-                                      { "expected", oFinding.m_sExpected } });
+        nlohmann::ordered_json oMember = { { "block", oFinding.m_uiBlock }, { "offset", oFinding.m_uiOffset } };
+        if (!oFinding.m_sField.empty())
+        {
+            oMember["field"] = oFinding.m_sField;
+        }
+        oMember["severity"] = GetSeverityName(oFinding.m_eSeverity);
+        oMember["what"] = oFinding.m_sWhat;
+        oMember["found"] = oFinding.m_sFound;
+        oMember["expected"] = oFinding.m_sExpected;
+        oJson["findings"].push_back(std::move(oMember));
     }
     return oJson;
 }
@@ -123,7 +130,7 @@ void AddCheckCommand(CLI::App& oApp, STool& oTool)
     AddFileOptions(*poCommand, poOptions->m_oFiles);
     poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with the findings");
     poCommand->footer("A line for each finding, none for a clean image, and a summary of several:\n"
-                      "  FILE: block B offset 0xNN: error|warning|note: what: found X, expected Y\n"
+                      "  FILE: block B offset 0xNN (field): error|warning|note: what: found X, expected Y\n"
                       "Exit status: 0 clean or notes only, 1 errors or warnings, 3 an image that cannot be read.\n\n"
                       "Example:\n"
                       "  zoredid check *.bin");

@@ -14,6 +14,7 @@
 #include "EdidExtBlockCEA861.h"
 #include "EdidExtBlockDisplayID.h"
 #include "LoadedImage.h"
+#include "MapText.h"
 #include "TextFormat.h"
 
 using namespace EdidBaseLayout;
@@ -513,6 +514,44 @@ unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
     oFindings.Warning(gsc_uiExtensionCountOffset, "extension count", std::to_string(uiAnnounced), sExpected);
     return uiAnnounced;
 }
+
+// ---- Notes of the map ----
+
+ESeverity GetSeverity(CZorEdidMap::ESeverity eSeverity)
+{
+    return eSeverity == CZorEdidMap::eSeverity_Error     ? ESeverity::eError
+           : eSeverity == CZorEdidMap::eSeverity_Warning ? ESeverity::eWarning
+                                                         : ESeverity::eNote;
+}
+
+// Whether a rule speaks of this field already. What a rule says of a whole structure stands at its first byte.
+bool IsTold(const std::vector<SFinding>& aoFindings, const CZorEdidMap::SField& oField)
+{
+    return std::any_of(aoFindings.begin(), aoFindings.end(), [&oField](const SFinding& oFinding) {
+        const unsigned int uiOffset = oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset;
+        const unsigned int uiLength = oField.m_eKind == CZorEdidMap::eKind_Group ? 1 : oField.m_uiLength;
+        return uiOffset >= oField.m_uiOffset && uiOffset - oField.m_uiOffset < uiLength;
+    });
+}
+
+// Of the blocks that are checked. A header that is none makes all fields of its block doubtful.
+void AddNotes(const CZorEdidMap& oMap, unsigned int uiBlocks, std::vector<SFinding>& aoFindings)
+{
+    const bool bDoubtful = uiBlocks != 0 && memcmp(oMap.GetData(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) != 0;
+    const std::vector<SFinding> aoRules = aoFindings;
+    for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+    {
+        const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
+        const CZorEdidMap::SField& oField = oMap.GetField(oNote.m_uiField);
+        const unsigned int uiBlock = oField.m_uiOffset / gsc_uiBlockSize;
+        if (oField.m_uiDepth != 0 && uiBlock < uiBlocks && (uiBlock != 0 || !bDoubtful) && !IsTold(aoRules, oField))
+        {
+            aoFindings.push_back({ uiBlock, oField.m_uiOffset % gsc_uiBlockSize, GetSeverity(oNote.m_eSeverity),
+                                   oNote.m_pszText, static_cast<const char*>(oMap.GetValue(oNote.m_uiField)), "",
+                                   GetPath(oMap, oNote.m_uiField) });
+        }
+    }
+}
 } // namespace
 
 const char* GetSeverityName(ESeverity eSeverity)
@@ -532,6 +571,8 @@ const char* GetSeverityName(ESeverity eSeverity)
 std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, unsigned int uiThisYear)
 {
     std::vector<SFinding> aoFindings;
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data());
     unsigned int uiChecked = 1; // blocks behind those that are announced are nobody's
     const unsigned int uiBlocks = static_cast<unsigned int>(aui8Bytes.size() / gsc_uiBlockSize);
     for (unsigned int i = 0; i < std::min(uiBlocks, uiChecked); ++i)
@@ -545,6 +586,7 @@ std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, un
         CheckBase(oFindings, uiThisYear);
         uiChecked += CheckCount(oFindings, uiBlocks - 1);
     }
+    AddNotes(oMap, std::min(uiBlocks, uiChecked), aoFindings);
     std::stable_sort(aoFindings.begin(), aoFindings.end(), [](const SFinding& oFirst, const SFinding& oSecond) {
         return std::tie(oFirst.m_uiBlock, oFirst.m_uiOffset) < std::tie(oSecond.m_uiBlock, oSecond.m_uiOffset);
     });
@@ -553,6 +595,11 @@ std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, un
     {
         CBlockFindings(aoFindings, uiBlocks, nullptr)
             .Error(uiRest, "size", FormatText("%zu bytes", aui8Bytes.size()), "a multiple of 128");
+    }
+    for (SFinding& oFinding : aoFindings)
+    {
+        const unsigned int uiOffset = oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset;
+        oFinding.m_sField = oFinding.m_sField.empty() ? GetPathOfByte(oMap, uiOffset) : oFinding.m_sField;
     }
     return aoFindings;
 }

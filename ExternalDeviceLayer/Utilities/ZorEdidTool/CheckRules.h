@@ -1,4 +1,4 @@
-// What is wrong with an image: rules over its bytes, whether the library loads them or not.
+// What is wrong with an image, whether the library loads it or not: rules over its bytes, and the notes of its map.
 
 #pragma once
 
@@ -20,8 +20,9 @@ struct SFinding
     unsigned int m_uiOffset; // in the block
     ESeverity m_eSeverity;
     std::string m_sWhat;
-    std::string m_sFound;
-    std::string m_sExpected;
+    std::string m_sFound;      // empty where the bytes are many
+    std::string m_sExpected;   // empty where m_sWhat says it
+    std::string m_sField = {}; // what stands there, as GetPath of MapText.h; empty behind the image
 
     bool HasWeight() const { return m_eSeverity != ESeverity::eNote; }
 };

@@ -80,67 +80,18 @@ private:
 
 bool HasPixelClock(const unsigned char* pui8Descriptor) { return ByteFields::ReadLittle16(pui8Descriptor) != 0; }
 
-void CheckBlanking(CBlockFindings& oFindings, unsigned int uiOffset, const char* pszWhat, unsigned int uiBlanking,
-                   unsigned int uiNeeded)
-{
-    if (uiBlanking < uiNeeded)
-    {
-        oFindings.Warning(uiOffset, pszWhat, std::to_string(uiBlanking),
-                          FormatText("at least %u for front porch and sync", uiNeeded));
-    }
-}
-
-// A descriptor with a pixel clock.
-void CheckDetailed(CBlockFindings& oFindings, unsigned int uiOffset)
-{
-    CEdidUtils::SEdidDetailedRaw oRaw;
-    memcpy(oRaw.m_aui8Data, oFindings.GetAt(uiOffset), sizeof(oRaw.m_aui8Data));
-    if (oRaw.GetHorizontalActive() == 0 || oRaw.GetVerticalActive() == 0)
-    {
-        oFindings.Warning(uiOffset, "active size",
-                          FormatText("%u x %u", oRaw.GetHorizontalActive(), oRaw.GetVerticalActive()),
-                          "pixels and lines");
-    }
-    CheckBlanking(oFindings, uiOffset, "horizontal blanking", oRaw.GetHorizontalBlanking(),
-                  oRaw.GetHorizontalFrontPorch() + oRaw.GetHorizontalSync());
-    CheckBlanking(oFindings, uiOffset, "vertical blanking", oRaw.GetVerticalBlanking(),
-                  oRaw.GetVerticalFrontPorch() + oRaw.GetVerticalSync());
-}
-
 // ---- Base block ----
 
-void CheckIdentity(CBlockFindings& oFindings, unsigned int uiThisYear)
+void CheckYear(CBlockFindings& oFindings, unsigned int uiThisYear)
 {
-    const SManufacturerCode oCode = ReadManufacturerCode(oFindings.GetAt(0));
-    const bool bReserved = oFindings.GetByte(gsc_uiManufacturerOffset) >> 7 != 0;
-    const auto fnIsLetter = [](char cLetter) { return cLetter >= 'A' && cLetter <= 'Z'; };
-    if (bReserved || !std::all_of(oCode.m_szCode, oCode.m_szCode + gsc_uiManufacturerLetters, fnIsLetter))
-    {
-        oFindings.Warning(gsc_uiManufacturerOffset, "manufacturer",
-                          FormatHex(oFindings.GetAt(gsc_uiManufacturerOffset), 2), "three letters A to Z");
-    }
-
-    constexpr unsigned int uiLastWeek = 54;
     constexpr unsigned int uiModelYearWeek = 255;
     constexpr unsigned int uiFirstYear = 1990;
-    const unsigned int uiWeek = oFindings.GetByte(gsc_uiWeekOffset);
-    if (uiWeek > uiLastWeek && uiWeek != uiModelYearWeek)
-    {
-        oFindings.Warning(gsc_uiWeekOffset, "week", std::to_string(uiWeek), "0 to 54, or 255 for a model year");
-    }
     const unsigned int uiYear = uiFirstYear + oFindings.GetByte(gsc_uiYearOffset);
-    const unsigned int uiLatest = uiThisYear + (uiWeek == uiModelYearWeek ? 1 : 0); // models are named ahead
+    const bool bModelYear = oFindings.GetByte(gsc_uiWeekOffset) == uiModelYearWeek;
+    const unsigned int uiLatest = uiThisYear + (bModelYear ? 1 : 0); // models are named ahead
     if (uiYear > uiLatest)
     {
         oFindings.Warning(gsc_uiYearOffset, "year", std::to_string(uiYear), FormatText("at most %u", uiLatest));
-    }
-
-    if (oFindings.GetByte(gsc_uiVersionOffset) != gsc_uiVersion)
-    {
-        oFindings.Warning(
-            gsc_uiVersionOffset, "version",
-            FormatText("%u.%u", oFindings.GetByte(gsc_uiVersionOffset), oFindings.GetByte(gsc_uiRevisionOffset)),
-            "1.0 to 1.4");
     }
 }
 
@@ -159,44 +110,20 @@ void CheckPreferred(CBlockFindings& oFindings)
     }
 }
 
-// A descriptor of the base block that is no display descriptor in the library's eyes and has no pixel clock. From
-// revision 4 on byte 4 of range limits holds flags.
-void CheckWithoutClock(CBlockFindings& oFindings, unsigned int uiOffset)
+// From revision 4 on byte 4 of range limits holds flags, which make it no display descriptor in the library's eyes.
+void CheckRangeLimits(CBlockFindings& oFindings)
 {
-    constexpr unsigned int uiSecondReservedOffset = 4;
-    const unsigned int uiFlags = oFindings.GetByte(uiOffset + uiSecondReservedOffset);
-    if (oFindings.GetByte(uiOffset + 2) == 0 &&
-        oFindings.GetByte(uiOffset + gsc_uiTagOffset) == gsc_ui8TagRangeLimits &&
-        IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision))
-    {
-        oFindings.Note(uiOffset + uiSecondReservedOffset, "range limits", "flags " + Byte(uiFlags),
-                       "0x00: the library reads no others");
-        return;
-    }
-    oFindings.Warning(uiOffset, "descriptor without clock",
-                      FormatHex(oFindings.GetAt(uiOffset), uiSecondReservedOffset + 1),
-                      "a pixel clock, or 00 in bytes 2 and 4");
-}
-
-void CheckBaseDescriptors(CBlockFindings& oFindings)
-{
-    constexpr unsigned int uiLastMakersTag = 0x0F; // tags up to here are the manufacturer's
-    constexpr unsigned int uiFirstStandardTag = 0xF7;
+    constexpr unsigned int uiFlagsOffset = 4;
     for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount; ++i)
     {
         const unsigned int uiOffset = DescriptorOffset(i);
-        const unsigned int uiTag = oFindings.GetByte(uiOffset + gsc_uiTagOffset);
-        if (HasPixelClock(oFindings.GetAt(uiOffset)))
+        const unsigned int uiFlags = oFindings.GetByte(uiOffset + uiFlagsOffset);
+        if (!HasPixelClock(oFindings.GetAt(uiOffset)) && uiFlags != 0 && oFindings.GetByte(uiOffset + 2) == 0 &&
+            oFindings.GetByte(uiOffset + gsc_uiTagOffset) == gsc_ui8TagRangeLimits &&
+            IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision))
         {
-            CheckDetailed(oFindings, uiOffset);
-        }
-        else if (!IsDisplayDescriptor(oFindings.GetAt(uiOffset)))
-        {
-            CheckWithoutClock(oFindings, uiOffset);
-        }
-        else if (uiTag > uiLastMakersTag && uiTag != gsc_ui8TagEmpty && uiTag < uiFirstStandardTag)
-        {
-            oFindings.Note(uiOffset + gsc_uiTagOffset, "descriptor tag", Byte(uiTag), "a tag of the standard");
+            oFindings.Note(uiOffset + uiFlagsOffset, "range limits", "flags " + Byte(uiFlags),
+                           "0x00: the library reads no others");
         }
     }
 }
@@ -232,9 +159,9 @@ void CheckBase(CBlockFindings& oFindings, unsigned int uiThisYear)
     }
     else
     {
-        CheckIdentity(oFindings, uiThisYear);
+        CheckYear(oFindings, uiThisYear);
         CheckPreferred(oFindings);
-        CheckBaseDescriptors(oFindings);
+        CheckRangeLimits(oFindings);
         CheckImageSize(oFindings);
     }
     oFindings.CheckSum(0, gsc_uiBlockSize, "checksum");
@@ -242,102 +169,36 @@ void CheckBase(CBlockFindings& oFindings, unsigned int uiThisYear)
 
 // ---- CEA-861 ----
 
-// A descriptor area ends at the first descriptor without a pixel clock; zeros follow up to the checksum.
+// The library reads descriptors up to the first one without a pixel clock.
 void CheckCeaDescriptors(CBlockFindings& oFindings, unsigned int uiStart)
 {
     unsigned int uiOffset = uiStart;
     while (uiOffset + gsc_uiDescriptorSize <= gsc_uiChecksumOffset && HasPixelClock(oFindings.GetAt(uiOffset)))
     {
-        CheckDetailed(oFindings, uiOffset);
         uiOffset += gsc_uiDescriptorSize;
     }
-    const unsigned char* pui8End = oFindings.GetAt(gsc_uiChecksumOffset);
-    const unsigned char* pui8Used = std::find_if(oFindings.GetAt(std::min(uiOffset, gsc_uiChecksumOffset)), pui8End,
-                                                 [](unsigned char ui8Byte) { return ui8Byte != 0; });
-    if (pui8Used == pui8End)
-    {
-        return;
-    }
-    const unsigned int uiUsed = static_cast<unsigned int>(pui8Used - oFindings.GetAt(0));
-    constexpr unsigned int uiHeadSize = 5; // of a descriptor: what tells its kind
-    if (uiOffset + gsc_uiDescriptorSize > gsc_uiChecksumOffset || uiUsed >= uiOffset + uiHeadSize)
-    {
-        oFindings.Warning(uiUsed, "padding", Byte(*pui8Used), "0x00 behind the last descriptor");
-    }
-    else if (IsDisplayDescriptor(oFindings.GetAt(uiOffset)))
+    if (uiOffset + gsc_uiDescriptorSize <= gsc_uiChecksumOffset && IsDisplayDescriptor(oFindings.GetAt(uiOffset)) &&
+        oFindings.GetByte(uiOffset + gsc_uiTagOffset) != 0)
     {
         oFindings.Note(uiOffset, "display descriptor", "tag " + Byte(oFindings.GetByte(uiOffset + gsc_uiTagOffset)),
                        "a timing or zeros: the library reads no more of the block");
     }
-    else
-    {
-        oFindings.Warning(uiOffset, "descriptor without clock", FormatHex(oFindings.GetAt(uiOffset), uiHeadSize),
-                          "a pixel clock, or zeros to the end");
-    }
 }
 
-// Inside one data block, whose header stands in front of its payload.
-void CheckDataBlock(CBlockFindings& oFindings, const SDataBlock& oBlock)
+// The walk is the library's.
+void CheckAudio(CBlockFindings& oFindings, unsigned int uiEnd)
 {
     constexpr unsigned int uiAudioSize = 3;
-    constexpr unsigned int uiSpeakerSize = 3;
-    const unsigned int uiHeader = oBlock.m_uiOffset - Cea861Layout::gsc_uiHeaderSize;
-    const std::string sLength = FormatText("length %u", oBlock.m_uiLength);
-    switch (Cea861Layout::gsc_oHeaderTag.Read(oFindings.GetAt(uiHeader)))
-    {
-    case CEdidExtBlockCEA861::eCea861Tag_Audio:
-        if (oBlock.m_uiLength % uiAudioSize != 0)
-        {
-            oFindings.Error(uiHeader, "audio data block", sLength, "a multiple of 3");
-        }
-        break;
-    case CEdidExtBlockCEA861::eCea861Tag_Video:
-        for (unsigned int i = 0; i < oBlock.m_uiLength; ++i)
-        {
-            const unsigned int uiCode = oFindings.GetByte(oBlock.m_uiOffset + i);
-            if (CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiCode, nullptr, nullptr) == 0)
-            {
-                oFindings.Warning(oBlock.m_uiOffset + i, "video code", Byte(uiCode), "1 to 127 or 129 to 253");
-            }
-        }
-        break;
-    case CEdidExtBlockCEA861::eCea861Tag_Speaker:
-        if (oBlock.m_uiLength < uiSpeakerSize)
-        {
-            oFindings.Warning(uiHeader, "speaker data block", sLength, "3");
-        }
-        break;
-    case CEdidExtBlockCEA861::eCea861Tag_Extended:
-        if (oBlock.m_uiLength == 0)
-        {
-            oFindings.Error(uiHeader, "data block", "no extended tag", "a byte for it");
-        }
-        break;
-    default:
-        break;
-    }
-}
-
-// The walk is the library's. It ends where byte 2 says, behind that point when a block crosses it, or in front of a
-// block that would run past byte 126.
-void CheckDataBlocks(CBlockFindings& oFindings, unsigned int uiEnd)
-{
     CCea861Walk oWalk(oFindings.GetAt(0), uiEnd);
-    unsigned int uiHeader = Cea861Layout::gsc_uiDataBlocksOffset;
-    unsigned int uiNext = uiHeader;
     while (oWalk.Next())
     {
-        CheckDataBlock(oFindings, oWalk.GetBlock());
-        uiHeader = uiNext;
-        uiNext = oWalk.GetBlock().m_uiOffset + oWalk.GetLength();
-    }
-    if (!oWalk.IsEndExact())
-    {
-        const unsigned int uiBad = uiNext < uiEnd ? uiNext : uiHeader;
-        const unsigned int uiBadEnd =
-            uiBad + Cea861Layout::gsc_uiHeaderSize + Cea861Layout::gsc_oHeaderLength.Read(oFindings.GetAt(uiBad));
-        oFindings.Error(uiBad, "data block", FormatText("its end at 0x%02x", uiBadEnd),
-                        FormatText("at most 0x%02x, where the descriptors begin", uiEnd));
+        const unsigned int uiHeader = oWalk.GetBlock().m_uiOffset - Cea861Layout::gsc_uiHeaderSize;
+        if (Cea861Layout::gsc_oHeaderTag.Read(oFindings.GetAt(uiHeader)) == CEdidExtBlockCEA861::eCea861Tag_Audio &&
+            oWalk.GetBlock().m_uiLength % uiAudioSize != 0)
+        {
+            oFindings.Error(uiHeader, "audio data block", FormatText("length %u", oWalk.GetBlock().m_uiLength),
+                            "a multiple of 3");
+        }
     }
 }
 
@@ -362,7 +223,7 @@ void CheckCea(CBlockFindings& oFindings)
     }
     if (uiRevision >= Cea861Layout::gsc_uiDataBlocksRevision)
     {
-        CheckDataBlocks(oFindings, uiStart);
+        CheckAudio(oFindings, uiStart);
     }
     CheckCeaDescriptors(oFindings, uiStart);
 }
@@ -524,14 +385,32 @@ ESeverity GetSeverity(CZorEdidMap::ESeverity eSeverity)
                                                          : ESeverity::eNote;
 }
 
-// Whether a rule speaks of this field already. What a rule says of a whole structure stands at its first byte.
-bool IsTold(const std::vector<SFinding>& aoFindings, const CZorEdidMap::SField& oField)
+// Whether a rule says of this field that at least as much is wrong. What a rule says of a whole structure stands at its
+// first byte.
+bool IsTold(const std::vector<SFinding>& aoFindings, const CZorEdidMap::SField& oField, ESeverity eSeverity)
 {
-    return std::any_of(aoFindings.begin(), aoFindings.end(), [&oField](const SFinding& oFinding) {
+    return std::any_of(aoFindings.begin(), aoFindings.end(), [&](const SFinding& oFinding) {
         const unsigned int uiOffset = oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset;
         const unsigned int uiLength = oField.m_eKind == CZorEdidMap::eKind_Group ? 1 : oField.m_uiLength;
-        return uiOffset >= oField.m_uiOffset && uiOffset - oField.m_uiOffset < uiLength;
+        return oFinding.m_eSeverity <= eSeverity && uiOffset >= oField.m_uiOffset &&
+               uiOffset - oField.m_uiOffset < uiLength;
     });
+}
+
+// The value as the bytes have it: a note on a reserved value needs its number, one on characters their codes.
+std::string GetFound(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    if (oField.m_eKind == CZorEdidMap::eKind_Text)
+    {
+        return FormatHex(oMap.GetData() + oField.m_uiOffset, oField.m_uiLength);
+    }
+    if (oField.m_eKind == CZorEdidMap::eKind_Name ||
+        (oField.m_eKind == CZorEdidMap::eKind_Number && oField.m_pszMeaning != nullptr))
+    {
+        return std::to_string(oField.m_llNumber);
+    }
+    return static_cast<const char*>(oMap.GetValue(uiField));
 }
 
 // Of the blocks that are checked. A header that is none makes all fields of its block doubtful.
@@ -543,12 +422,12 @@ void AddNotes(const CZorEdidMap& oMap, unsigned int uiBlocks, std::vector<SFindi
     {
         const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
         const CZorEdidMap::SField& oField = oMap.GetField(oNote.m_uiField);
+        const ESeverity eSeverity = GetSeverity(oNote.m_eSeverity);
         const unsigned int uiBlock = oField.m_uiOffset / gsc_uiBlockSize;
-        if (oField.m_uiDepth != 0 && uiBlock < uiBlocks && (uiBlock != 0 || !bDoubtful) && !IsTold(aoRules, oField))
+        if (uiBlock < uiBlocks && (uiBlock != 0 || !bDoubtful) && !IsTold(aoRules, oField, eSeverity))
         {
-            aoFindings.push_back({ uiBlock, oField.m_uiOffset % gsc_uiBlockSize, GetSeverity(oNote.m_eSeverity),
-                                   oNote.m_pszText, static_cast<const char*>(oMap.GetValue(oNote.m_uiField)), "",
-                                   GetPath(oMap, oNote.m_uiField) });
+            aoFindings.push_back({ uiBlock, oField.m_uiOffset % gsc_uiBlockSize, eSeverity, oNote.m_pszText,
+                                   GetFound(oMap, oNote.m_uiField), "", GetPath(oMap, oNote.m_uiField) });
         }
     }
 }

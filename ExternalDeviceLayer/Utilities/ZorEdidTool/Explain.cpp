@@ -153,7 +153,7 @@ std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsi
 
 // ---- Lines ----
 
-constexpr size_t gsc_uiPlaceWidth = 12;
+constexpr size_t gsc_uiPlaceWidth = 14;
 constexpr size_t gsc_uiBytesOfLine = 8;
 constexpr size_t gsc_uiBytesWidth = 3 * gsc_uiBytesOfLine + 1;
 

@@ -68,11 +68,15 @@ std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField
     return auiChain;
 }
 
+// A container between a block and its groups, such as the data block collection, names nothing by itself.
 std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    std::string sPath;
     const std::vector<unsigned int> auiChain = GetChain(oMap, uiField);
-    for (size_t i = auiChain.size() > 1 ? 1 : 0; i < auiChain.size(); ++i)
+    const bool bContainer = auiChain.size() > 2 &&
+                            oMap.GetField(auiChain[1]).m_eArea == CZorEdidMap::eArea_Structure &&
+                            oMap.GetField(auiChain[2]).m_eKind == CZorEdidMap::eKind_Group;
+    std::string sPath;
+    for (size_t i = auiChain.size() == 1 ? 0 : bContainer ? 2 : 1; i < auiChain.size(); ++i)
     {
         sPath += (sPath.empty() ? "" : " > ") + GetFieldName(oMap.GetField(auiChain[i]));
     }

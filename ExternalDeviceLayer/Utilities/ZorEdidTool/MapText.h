@@ -17,7 +17,7 @@ std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField);
 // The groups that a field lies in, from its block down, and the field itself.
 std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField);
 
-// The chain without the block: "Descriptor 1 > Detailed timing > Pixel clock". Of a block its own name.
+// The chain without the block: "Video data block > Short video descriptor 3 > Native". Of a block its own name.
 std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField);
 
 // The path of what a whole byte belongs to: a leaf, or the group of several. Empty behind the image.

@@ -1,9 +1,325 @@
-// DisplayID extension block: still one field.
+// The walk of a DisplayID extension block: section, data blocks, filler, checksums. What a data block says stands in
+// MapDisplayIdProduct.cpp, MapDisplayIdTimings.cpp, MapDisplayIdInterface.cpp and MapDisplayIdHeadMounted.cpp. Called
+// by the walk of an image.
 
-#include "MapWriter.h"
+#include "MapDisplayId.h"
+
+#include <algorithm>
+
+namespace
+{
+using CMap = CZorEdidMap;
+using enum CZorEdidMap::EArea;
+
+// ---- The section: DisplayID 1.3 and 2.0. It stands behind the extension tag ----
+
+constexpr unsigned int gsc_uiSectionOffset = 1;
+constexpr unsigned int gsc_uiSectionLengthOffset = 1; // from the section's first byte, as all below
+constexpr unsigned int gsc_uiProductTypeOffset = 2;
+constexpr unsigned int gsc_uiExtensionCountOffset = 3;
+constexpr unsigned int gsc_uiSectionHeaderSize = 4;
+constexpr unsigned int gsc_uiChecksumSize = 1;
+constexpr unsigned int gsc_uiMostSectionBytes = 121; // in a block of 128
+constexpr unsigned int gsc_uiLargestSection = gsc_uiSectionHeaderSize + gsc_uiMostSectionBytes + gsc_uiChecksumSize;
+
+constexpr unsigned int gsc_uiExtensionTag = 0x70;
+constexpr unsigned int gsc_uiBaseBlockTag = 0x00;
+
+constexpr SMeaning gsc_aoExtensionTags[] = { { gsc_uiExtensionTag, gsc_uiExtensionTag, "DisplayID extension" } };
+constexpr SRow gsc_oTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
+
+constexpr auto gsc_aoProductTypes =
+    Listed({ "extension section", "test structure", "display panel or other transducer", "standalone display device",
+             "television receiver", "repeater or translator", "direct drive monitor" });
+constexpr auto gsc_aoUseCases =
+    Listed({ "same as the base section", "test structure", "none of the listed, generic display", "television",
+             "desktop productivity", "desktop gaming", "presentation", "head-mounted virtual reality",
+             "head-mounted augmented reality" });
+
+unsigned int GetVersion(const CRecord& oSection) { return oSection.GetBits(0, 7, 4); }
+bool IsVersion1(const CRecord& oSection) { return GetVersion(oSection) < 2; }
+bool IsVersion2(const CRecord& oSection) { return !IsVersion1(oSection); }
+
+const char* CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
+{
+    return uiVersion == 1 || uiVersion == 2 ? nullptr : "neither version 1 nor version 2";
+}
+
+const char* CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLength)
+{
+    return uiLength > gsc_uiMostSectionBytes ? "a section in an extension block has at most 121 bytes" : nullptr;
+}
+
+constexpr SRow gsc_aoSectionRows[] = {
+    { Bits(0, 7, 4), "Structure version", Number(), nullptr, CheckVersion },
+    { Bits(0, 3, 0), "Structure revision", Number() },
+    { Byte(1), "Bytes in section", Number("bytes"), nullptr, CheckSectionLength },
+    { Byte(2), "Display product type identifier", Names(gsc_aoProductTypes), IsVersion1 },
+    { Byte(2), "Display product primary use case", Names(gsc_aoUseCases), IsVersion2 },
+    { Byte(3), "Extension count", Number() },
+};
+
+// "DisplayID 1.2"
+CMString SectionText(const CRecord& oSection)
+{
+    CMString sText;
+    sText.Format("DisplayID %u.%u", GetVersion(oSection), oSection.GetBits(0, 3, 0));
+    return sText;
+}
+constexpr STable gsc_oSection = { "DisplayID section", eArea_Structure, gsc_aoSectionRows, SectionText };
+
+constexpr SRow gsc_oFiller = { RunToEnd(0), "Filler", Filler(0, "filler is not 0") };
+
+// ---- Which data blocks there are ----
+
+struct SVersionedBlocks
+{
+    unsigned int m_uiVersion; // 0: both
+    const std::span<const SDisplayIdBlock>& m_aoBlocks;
+};
+
+constexpr SVersionedBlocks gsc_aoAllBlocks[] = {
+    { 1, g_aoDisplayId1ProductBlocks },     { 1, g_aoDisplayId1TimingBlocks }, { 1, g_aoDisplayId1InterfaceBlocks },
+    { 2, g_aoDisplayId2ProductBlocks },     { 2, g_aoDisplayId2TimingBlocks }, { 2, g_aoDisplayId2InterfaceBlocks },
+    { 2, g_aoDisplayId2HeadMountedBlocks }, { 0, g_aoDisplayIdCtaBlocks },
+};
+
+constexpr SDisplayIdBlock gsc_oUnknownBlock = { 0, Group("Unknown data block", eArea_Unused), AtLeast(0) };
+
+struct SKind
+{
+    const SDisplayIdBlock& m_oBlock;
+    unsigned int m_uiVersion;
+};
+
+SKind FindKind(unsigned int uiTag)
+{
+    for (const SVersionedBlocks& oBlocks : gsc_aoAllBlocks)
+    {
+        for (const SDisplayIdBlock& oBlock : oBlocks.m_aoBlocks)
+        {
+            if (oBlock.m_uiTag == uiTag)
+            {
+                return { oBlock, oBlocks.m_uiVersion };
+            }
+        }
+    }
+    return { gsc_oUnknownBlock, 0 };
+}
+
+// ---- A data block ----
+
+constexpr unsigned int gsc_uiDataBlockLengthOffset = 2;
+
+constexpr SRow gsc_oDataBlockTag = { Byte(0), "Data block tag", MakeForm(CMap::eKind_Name) };
+constexpr SRow gsc_aoReservedFlagRows[] = { { Bits(1, 7, 3), "Reserved", Reserved() } };
+constexpr STable gsc_oReservedFlags = { "Flags", eArea_Structure, gsc_aoReservedFlagRows };
+constexpr SRow gsc_aoDataBlockRows[] = {
+    { Bits(1, 2, 0), "Block revision", Number() },
+    { Byte(2), "Number of payload bytes", Number("bytes") },
+};
+constexpr STable gsc_oDataBlock = { "Data block", eArea_Structure, gsc_aoDataBlockRows };
+
+const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
+{
+    const unsigned int uiLength = oBlock.GetByte(gsc_uiDataBlockLengthOffset);
+    const unsigned int uiExtra = oRule.m_bExtraBytes ? oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 6, 4) : 0;
+    oRule.m_uiLeast += uiExtra;
+    oRule.m_uiStep += uiExtra;
+    if (uiLength < oRule.m_uiLeast)
+    {
+        return "payload is shorter than the standard says";
+    }
+    if (uiLength > oRule.m_uiMost)
+    {
+        return "payload is longer than the standard says";
+    }
+    return oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0
+               ? "payload is no whole number of items"
+               : nullptr;
+}
+
+// All bytes of the data block that there are, from its tag on.
+void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiVersion,
+                  unsigned int uiIndex)
+{
+    const SKind oKind = FindKind(oBlock.GetByte(0));
+    const SDisplayIdBlock& oKnown = oKind.m_oBlock;
+    const unsigned int uiSize = oBlock.GetSize();
+    const unsigned int uiGroup = oWriter.BeginGroup(oKnown.m_oGroup, uiOffset, uiSize, uiIndex);
+    if (uiSize < gsc_uiPayloadOffset + oBlock.GetByte(gsc_uiDataBlockLengthOffset))
+    {
+        oWriter.AddNote(uiGroup, CMap::eSeverity_Error, "runs past the end of its section");
+    }
+    if (const char* pszText = CheckPayload(oBlock, oKnown.m_oPayload))
+    {
+        oWriter.AddNote(uiGroup, CMap::eSeverity_Warning, pszText);
+    }
+    if (oKind.m_uiVersion != 0 && oKind.m_uiVersion != uiVersion)
+    {
+        oWriter.AddNote(uiGroup, CMap::eSeverity_Note, "defined for the other version of DisplayID");
+    }
+
+    oWriter.AddLeaf(gsc_oDataBlockTag, eArea_Structure, uiOffset, uiSize);
+    oWriter.SetMeaning(&oKnown != &gsc_oUnknownBlock ? oKnown.m_oGroup.m_pszName : nullptr);
+    oWriter.AddRows(oKnown.m_poFlags != nullptr ? *oKnown.m_poFlags : gsc_oReservedFlags, uiOffset, uiSize);
+    oWriter.AddRows(gsc_oDataBlock, uiOffset, uiSize);
+    for (const STable* poTable : oKnown.m_apoTables)
+    {
+        if (poTable != nullptr)
+        {
+            oWriter.AddRows(*poTable, uiOffset, uiSize);
+        }
+    }
+    if (oKnown.m_pfnWalk != nullptr)
+    {
+        oKnown.m_pfnWalk(oWriter, oBlock, uiOffset);
+    }
+    oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+}
+
+// ---- The data blocks of a section ----
+
+// Up to the first header of three zeros; a rest that is too short for a header is filler, too.
+bool IsDataBlock(const CRecord& oBytes, unsigned int uiAt)
+{
+    return oBytes.GetSize() - uiAt >= gsc_uiPayloadOffset &&
+           (oBytes.GetByte(uiAt) | oBytes.GetByte(uiAt + 1) | oBytes.GetByte(uiAt + 2)) != 0;
+}
+
+unsigned int GetDataBlockSize(const CRecord& oBytes, unsigned int uiAt)
+{
+    return std::min(gsc_uiPayloadOffset + oBytes.GetByte(uiAt + gsc_uiDataBlockLengthOffset), oBytes.GetSize() - uiAt);
+}
+
+// How many of the data blocks ahead of uiEnd have the tag.
+unsigned int CountTag(const CRecord& oBytes, unsigned int uiEnd, unsigned int uiTag)
+{
+    unsigned int uiCount = 0;
+    for (unsigned int uiAt = 0; uiAt < uiEnd && IsDataBlock(oBytes, uiAt); uiAt += GetDataBlockSize(oBytes, uiAt))
+    {
+        uiCount += oBytes.GetByte(uiAt) == uiTag ? 1U : 0U;
+    }
+    return uiCount;
+}
+
+void AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength, unsigned int uiVersion)
+{
+    const CRecord oBytes = oWriter.GetRecord(uiOffset, uiLength);
+    unsigned int uiAt = 0;
+    while (IsDataBlock(oBytes, uiAt))
+    {
+        const unsigned int uiSize = GetDataBlockSize(oBytes, uiAt);
+        const unsigned int uiTag = oBytes.GetByte(uiAt);
+        const bool bSeveral = CountTag(oBytes, oBytes.GetSize(), uiTag) > 1;
+        AddDataBlock(oWriter, oWriter.GetRecord(uiOffset + uiAt, uiSize), uiOffset + uiAt, uiVersion,
+                     bSeveral ? CountTag(oBytes, uiAt, uiTag) : CMap::msc_uiNone);
+        uiAt += uiSize;
+    }
+    if (uiAt < oBytes.GetSize())
+    {
+        oWriter.AddLeaf(gsc_oFiller, eArea_Unused, uiOffset + uiAt, oBytes.GetSize() - uiAt);
+    }
+}
+
+// ---- The section among its neighbours ----
+
+// DisplayID blocks ahead of the one at uiOffset, or behind it, of the same EDID: a file may hold several.
+bool IsFirstSection(const CMapWriter& oWriter, unsigned int uiOffset)
+{
+    for (unsigned int uiAt = uiOffset; uiAt >= CMapWriter::msc_uiBlockSize;)
+    {
+        uiAt -= CMapWriter::msc_uiBlockSize;
+        if (oWriter.GetByte(uiAt) == gsc_uiExtensionTag)
+        {
+            return false;
+        }
+        if (oWriter.GetByte(uiAt) == gsc_uiBaseBlockTag)
+        {
+            return true;
+        }
+    }
+    return true;
+}
+
+unsigned int CountSectionsBehind(const CMapWriter& oWriter, unsigned int uiOffset)
+{
+    unsigned int uiCount = 0;
+    for (unsigned int uiAt = uiOffset + CMapWriter::msc_uiBlockSize; oWriter.GetByte(uiAt) != gsc_uiBaseBlockTag;
+         uiAt += CMapWriter::msc_uiBlockSize)
+    {
+        uiCount += oWriter.GetByte(uiAt) == gsc_uiExtensionTag ? 1U : 0U; // a byte behind the image is 0
+    }
+    return uiCount;
+}
+
+void NoteSection(CMapWriter& oWriter, unsigned int uiField, const CRecord& oSection, unsigned int uiBlock)
+{
+    const bool bFirst = IsFirstSection(oWriter, uiBlock);
+    const bool bHasType = oSection.GetByte(gsc_uiProductTypeOffset) != 0;
+    if (oSection.GetSize() < gsc_uiSectionHeaderSize)
+    {
+        return;
+    }
+    if (bFirst != bHasType)
+    {
+        oWriter.AddNote(uiField, CMap::eSeverity_Warning,
+                        bFirst ? "the first section names no product type or use case"
+                               : "a section behind the first one names a product type or use case");
+    }
+    const unsigned int uiSections = bFirst ? CountSectionsBehind(oWriter, uiBlock) : 0;
+    if (oSection.GetByte(gsc_uiExtensionCountOffset) != uiSections)
+    {
+        oWriter.AddNote(uiField, CMap::eSeverity_Note,
+                        "the extension count is not that of the sections behind the first");
+    }
+}
+
+// uiLength: what the block has for the section.
+void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    const unsigned int uiTold = oWriter.GetByte(uiOffset + gsc_uiSectionLengthOffset);
+    const unsigned int uiSize = gsc_uiSectionHeaderSize + uiTold + gsc_uiChecksumSize;
+    const bool bWhole = uiSize <= uiLength;
+    const unsigned int uiEnd = bWhole ? uiSize - gsc_uiChecksumSize : uiLength;
+    const CRecord oSection = oWriter.GetRecord(uiOffset, uiLength);
+
+    const unsigned int uiField = oWriter.BeginGroup(gsc_oSection, uiOffset, std::min(uiSize, uiLength));
+    if (!bWhole)
+    {
+        oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");
+    }
+    NoteSection(oWriter, uiField, oSection, uiOffset - gsc_uiSectionOffset);
+    oWriter.AddRows(gsc_oSection, uiOffset, gsc_uiSectionHeaderSize);
+    if (uiEnd > gsc_uiSectionHeaderSize)
+    {
+        AddDataBlocks(oWriter, uiOffset + gsc_uiSectionHeaderSize, uiEnd - gsc_uiSectionHeaderSize,
+                      GetVersion(oSection));
+    }
+    if (bWhole)
+    {
+        oWriter.AddChecksum(uiOffset, uiOffset + uiEnd);
+        oWriter.SetName("Section checksum");
+    }
+    oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+}
+} // namespace
+
+CMString OuiText(const CRecord& /*oRecord*/, unsigned int uiValue)
+{
+    CMString sText;
+    sText.Format("%02X-%02X-%02X", uiValue >> 16, (uiValue >> 8) & 0xFF, uiValue & 0xFF);
+    return sText;
+}
 
 void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     oWriter.BeginBlock("DisplayID extension block", uiOffset, uiLength);
-    oWriter.EndBlock("Unknown", CZorEdidMap::eKind_Unknown);
+    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
+    if (uiLength > gsc_uiSectionOffset)
+    {
+        MapSection(oWriter, uiOffset + gsc_uiSectionOffset,
+                   std::min(uiLength - gsc_uiSectionOffset, gsc_uiLargestSection));
+    }
+    oWriter.EndBlock("Filler");
 }

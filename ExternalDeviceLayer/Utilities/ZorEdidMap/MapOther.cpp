@@ -1,9 +1,295 @@
-// Extension block: still one field.
+// Extension blocks beside CTA-861 and DisplayID: VTB, block map, DI-EXT, LS-EXT, and by name the rest. Called by the
+// walk of an image.
 
-#include "MapWriter.h"
+#include "MapOther.h"
+
+#include <algorithm>
+
+#include "MapDisplayId.h"
+
+namespace
+{
+using CMap = CZorEdidMap;
+using enum CZorEdidMap::EArea;
+
+constexpr unsigned int gsc_uiChecksumOffset = CMapWriter::msc_uiBlockSize - 1;
+
+// ---- Names of extension blocks, E-EDID 1.4; 01h and 30h of its early lists ----
+
+constexpr SMeaning gsc_aoExtensionTags[] = {
+    { 0x01, 0x01, "LCD timings" },
+    { 0x02, 0x02, "CTA-861 extension" },
+    { 0x10, 0x10, "video timing block extension (VTB-EXT)" },
+    { 0x20, 0x20, "EDID 2.0 extension" },
+    { 0x30, 0x30, "color information" },
+    { 0x40, 0x40, "display information extension (DI-EXT)" },
+    { 0x50, 0x50, "localized string extension (LS-EXT)" },
+    { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" },
+    { 0x70, 0x70, "DisplayID extension" },
+    { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" },
+    { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" },
+    { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" },
+    { 0xF0, 0xF0, "block map" },
+    { 0xFF, 0xFF, "extension of the manufacturer" },
+};
+constexpr SRow gsc_oTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
+
+// ---- Video timing block extension, VESA VTB-EXT, release A: three lists, one behind the other ----
+
+constexpr unsigned int gsc_uiVtbListsOffset = 5;
+constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - gsc_uiVtbListsOffset;
+constexpr unsigned int gsc_uiCvtCodeSize = 3;
+constexpr unsigned int gsc_uiStandardTimingSize = 2;
+
+constexpr SPlace gsc_oVtbDetailed = Byte(2);
+constexpr SPlace gsc_oVtbCvt = Byte(3);
+constexpr SPlace gsc_oVtbStandard = Byte(4);
+
+const char* CheckVtbLists(const CRecord& oBlock, unsigned int uiStandard)
+{
+    return oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize + oBlock.Get(gsc_oVtbCvt) * gsc_uiCvtCodeSize +
+                       uiStandard * gsc_uiStandardTimingSize >
+                   gsc_uiVtbListsSize
+               ? "the timings take more than the block has"
+               : nullptr;
+}
+
+constexpr SRow gsc_aoVtbRows[] = {
+    { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
+    { Byte(1), "Version", Number() },
+    { gsc_oVtbDetailed, "Number of detailed timings", Number() },
+    { gsc_oVtbCvt, "Number of CVT timing codes", Number() },
+    { gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbLists },
+};
+constexpr STable gsc_oVtbTable = { "Video timing block", eArea_Structure, gsc_aoVtbRows };
+
+void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
+    oWriter.AddRows(gsc_oVtbTable, uiOffset, uiLength);
+    unsigned int uiAt = gsc_uiVtbListsOffset;
+    const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
+    const auto fnAddList = [&](const STable& oTable, const SPlace& oCount, unsigned int uiSize) {
+        const unsigned int uiFit = uiAt < uiEnd ? (uiEnd - uiAt) / uiSize : 0;
+        const unsigned int uiBytes = std::min(oBlock.Get(oCount), uiFit) * uiSize;
+        oWriter.AddItems(oTable, uiOffset + uiAt, uiBytes, uiSize);
+        uiAt += oBlock.Get(oCount) * uiSize;
+    };
+    fnAddList(g_oDetailedTimingTable, gsc_oVtbDetailed, gsc_uiMapDescriptorSize);
+    fnAddList(g_oCvtCodeTable, gsc_oVtbCvt, gsc_uiCvtCodeSize);
+    fnAddList(g_oStandardTimingTable, gsc_oVtbStandard, gsc_uiStandardTimingSize);
+}
+
+// ---- Block map, E-EDID 1.4: the tags of the blocks behind it. Block 1 has those of blocks 2 to 127, block 128
+//      those of blocks 129 to 254 ----
+
+constexpr SMeaning gsc_aoUnusedTag[] = { { 0x00, 0x00, "no block" } };
+constexpr SRow gsc_oMapTagRow = { Byte(0), "Tag of block", MakeForm(CMap::eKind_Name) };
+
+const char* GetTagName(unsigned int uiTag)
+{
+    for (const SMeaning& oMeaning : gsc_aoExtensionTags)
+    {
+        if (oMeaning.m_uiFirst == uiTag)
+        {
+            return oMeaning.m_pszName;
+        }
+    }
+    return uiTag == 0 ? gsc_aoUnusedTag[0].m_pszName : nullptr;
+}
+
+void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
+    const unsigned int uiBlock = uiOffset / CMapWriter::msc_uiBlockSize;
+    for (unsigned int i = 1; i < std::min(uiLength, gsc_uiChecksumOffset); ++i)
+    {
+        const unsigned int uiTag = oWriter.GetByte(uiOffset + i);
+        oWriter.AddLeaf(gsc_oMapTagRow, eArea_Structure, uiOffset + i, 1, uiBlock + i);
+        oWriter.SetMeaning(GetTagName(uiTag));
+        // A block that is not there reads as 0.
+        if (uiTag != oWriter.GetByte(uiOffset + i * CMapWriter::msc_uiBlockSize))
+        {
+            oWriter.AddNote(CMap::eSeverity_Warning, "the block has another tag");
+        }
+    }
+}
+
+// ---- Localized string extension, VESA LS-EXT, release A: string tables in several languages ----
+
+constexpr unsigned int gsc_uiStringTablesOffset = 5;
+constexpr unsigned int gsc_uiStringsOffset = 6; // in a string table
+
+constexpr SRow gsc_aoLocalizedRows[] = {
+    { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
+    { Byte(1), "Version", Number() },
+    { Byte(2), "Revision", Number() },
+    { Bits(3, 7, 4), "Unicode version, major", Number() },
+    { Bits(3, 3, 0), "Unicode version, minor", Number() },
+    { Byte(4), "Unicode version, update", Number() },
+};
+constexpr STable gsc_oLocalizedTable = { "Localized strings", eArea_Structure, gsc_aoLocalizedRows };
+
+constexpr SMeaning gsc_aoEncodings[] = {
+    { 0, 0, "UTF-8" }, { 1, 1, "UTF-16BE" }, { 2, 2, "UTF-32BE" }, { 3, 7, "reserved" }
+};
+constexpr SPlace gsc_oLanguage = Split({ { 4, 6, 0 }, { 5, 7, 0 } });
+
+bool IsUtf8(const CRecord& oStringTable) { return oStringTable.GetBits(1, 2, 0) == 0; }
+
+// Three letters of five bits, 1 is A.
+CMString LanguageText(const CRecord& /*oStringTable*/, unsigned int uiLetters)
+{
+    constexpr char cBefore = 'A' - 1;
+    CMString sText;
+    for (unsigned int uiShift = 15; uiShift != 0; uiShift -= 5)
+    {
+        const unsigned int uiLetter = (uiLetters >> (uiShift - 5)) & 0x1F;
+        sText += uiLetter == 0 ? ' ' : static_cast<char>(cBefore + uiLetter);
+    }
+    return sText;
+}
+
+constexpr SRow gsc_aoStringTableRows[] = {
+    { Byte(0), "Table length", Number("bytes") }, // counts itself
+    { Bits(1, 7, 3), "Reserved", Reserved() },
+    { Bits(1, 2, 0), "Encoding", Names(gsc_aoEncodings) },
+    { Bits(2, 7, 6), "Reserved", Reserved() },
+    { Split({ { 2, 5, 0 }, { 3, 7, 0 } }), "Country code, ISO 3166", Number() },
+    { Bit(4, 7), "Reserved", Reserved() },
+    { gsc_oLanguage, "Language code", Number().Text(LanguageText) },
+};
+
+// "ENG"
+CMString StringTableText(const CRecord& oStringTable)
+{
+    return LanguageText(oStringTable, oStringTable.Get(gsc_oLanguage));
+}
+constexpr STable gsc_oStringTable = { "String table", eArea_Identity, gsc_aoStringTableRows, StringTableText };
+
+// Each string has its length in bytes ahead of it.
+struct SLocalizedString
+{
+    SRow m_oLength;
+    SRow m_oText;
+    SRow m_oBytes; // of encodings whose characters are no bytes
+};
+constexpr SLocalizedString gsc_aoStrings[] = {
+    { { Byte(0), "Manufacturer name length", Number("bytes") },
+      { RunToEnd(0), "Manufacturer name", Text() },
+      { RunToEnd(0), "Manufacturer name", Bytes() } },
+    { { Byte(0), "Model name length", Number("bytes") },
+      { RunToEnd(0), "Model name", Text() },
+      { RunToEnd(0), "Model name", Bytes() } },
+    { { Byte(0), "Serial number length", Number("bytes") },
+      { RunToEnd(0), "Serial number", Text() },
+      { RunToEnd(0), "Serial number", Bytes() } },
+};
+
+void MapStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    const CRecord oTable = oWriter.GetRecord(uiOffset, uiLength);
+    unsigned int uiAt = gsc_uiStringsOffset;
+    for (const SLocalizedString& oString : gsc_aoStrings)
+    {
+        if (uiAt >= uiLength)
+        {
+            return;
+        }
+        oWriter.AddLeaf(oString.m_oLength, eArea_Structure, uiOffset + uiAt, 1);
+        const unsigned int uiTold = oTable.GetByte(uiAt++);
+        const unsigned int uiThere = std::min(uiTold, uiLength - uiAt);
+        if (uiThere < uiTold)
+        {
+            oWriter.AddNote(CMap::eSeverity_Error, "the string runs past the end of its table");
+        }
+        oWriter.AddLeaf(IsUtf8(oTable) ? oString.m_oText : oString.m_oBytes, eArea_Identity, uiOffset + uiAt, uiThere);
+        uiAt += uiThere;
+    }
+}
+
+void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    oWriter.AddRows(gsc_oLocalizedTable, uiOffset, uiLength);
+    const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
+    unsigned int uiSize = 0;
+    unsigned int uiIndex = 0;
+    for (unsigned int uiAt = gsc_uiStringTablesOffset; uiAt < uiEnd; uiAt += uiSize)
+    {
+        const unsigned int uiTold = oWriter.GetByte(uiOffset + uiAt);
+        if (uiTold == 0)
+        {
+            return;
+        }
+        uiSize = std::min(uiTold, uiEnd - uiAt);
+        const unsigned int uiField = oWriter.BeginRecord(gsc_oStringTable, uiOffset + uiAt, uiSize, uiIndex++);
+        if (uiSize < uiTold)
+        {
+            oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");
+        }
+        MapStrings(oWriter, uiOffset + uiAt, uiSize);
+        oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+    }
+}
+
+// ---- Blocks that are known by name only ----
+
+constexpr SRow gsc_oVendorRow = { Run(1, gsc_uiChecksumOffset - 1), "Manufacturer's data", Bytes() };
+
+void MapVendorBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
+    oWriter.AddLeaf(gsc_oVendorRow, eArea_Vendor, uiOffset, uiLength);
+}
+
+void MapTagOnly(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
+}
+
+// ---- Which block is walked by what ----
+
+struct SExtension
+{
+    unsigned int m_uiTag;
+    const char* m_pszName;
+    void (*m_pfnWalk)(CMapWriter&, unsigned int uiOffset, unsigned int uiLength);
+    CMap::EKind m_eRest; // what the walk leaves over
+};
+
+constexpr SExtension gsc_aoExtensions[] = {
+    { 0x01, "LCD timings extension block", MapTagOnly, CMap::eKind_Unknown },
+    { 0x10, "Video timing block extension", MapVtb, CMap::eKind_Reserved },
+    { 0x20, "EDID 2.0 extension block", MapTagOnly, CMap::eKind_Unknown },
+    { 0x30, "Color information extension block", MapTagOnly, CMap::eKind_Unknown },
+    { 0x40, "Display information extension block", MapDisplayInformation, CMap::eKind_Reserved },
+    { 0x50, "Localized string extension block", MapLocalizedStrings, CMap::eKind_Reserved },
+    { 0x60, "Digital packet video link extension block", MapTagOnly, CMap::eKind_Unknown },
+    { 0xA7, "Display transfer characteristics block", MapTagOnly, CMap::eKind_Unknown },
+    { 0xAF, "Display transfer characteristics block", MapTagOnly, CMap::eKind_Unknown },
+    { 0xBF, "Display transfer characteristics block", MapTagOnly, CMap::eKind_Unknown },
+    { 0xF0, "Block map", MapBlockMap, CMap::eKind_Reserved },
+    { 0xFF, "Extension block of the manufacturer", MapVendorBlock, CMap::eKind_Unknown },
+};
+constexpr SExtension gsc_oUnknownExtension = { 0, "Unknown extension block", MapTagOnly, CMap::eKind_Unknown };
+
+const SExtension& FindExtension(unsigned int uiTag)
+{
+    for (const SExtension& oExtension : gsc_aoExtensions)
+    {
+        if (oExtension.m_uiTag == uiTag)
+        {
+            return oExtension;
+        }
+    }
+    return gsc_oUnknownExtension;
+}
+} // namespace
 
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    oWriter.BeginBlock("Extension block", uiOffset, uiLength);
-    oWriter.EndBlock("Unknown", CZorEdidMap::eKind_Unknown);
+    const SExtension& oExtension = FindExtension(oWriter.GetByte(uiOffset));
+    oWriter.BeginBlock(oExtension.m_pszName, uiOffset, uiLength);
+    oExtension.m_pfnWalk(oWriter, uiOffset, uiLength);
+    oWriter.EndBlock(oExtension.m_eRest == CMap::eKind_Reserved ? "Filler" : "Unknown", oExtension.m_eRest);
 }

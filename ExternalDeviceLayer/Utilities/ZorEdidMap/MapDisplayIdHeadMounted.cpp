@@ -1,0 +1,204 @@
+// What a DisplayID 2.1 section says about head-mounted displays: the display and its layers.
+
+#include "MapDisplayId.h"
+
+namespace
+{
+using CMap = CZorEdidMap;
+using enum CZorEdidMap::EArea;
+
+// ---- Projections: IEEE 754 single precision ----
+
+constexpr unsigned int gsc_uiFractionBits = 23;
+constexpr unsigned int gsc_uiExponentMask = 0xFF;
+constexpr unsigned int gsc_uiBias = 127;
+
+// Six decimals where the number is below 2^31, a power of 2 elsewhere.
+CMString SingleText(const CRecord& /*oBlock*/, unsigned int uiSingle)
+{
+    const char* pszSign = (uiSingle >> 31) != 0 ? "-" : "";
+    const unsigned int uiExponent = (uiSingle >> gsc_uiFractionBits) & gsc_uiExponentMask;
+    const unsigned int uiFraction = uiSingle & ((1U << gsc_uiFractionBits) - 1);
+    const unsigned long long ullSteps = uiFraction | (uiExponent != 0 ? 1U << gsc_uiFractionBits : 0U);
+    // The value is ullSteps * 2 ^ iPower.
+    const int iPower =
+        static_cast<int>(uiExponent != 0 ? uiExponent : 1) - static_cast<int>(gsc_uiBias + gsc_uiFractionBits);
+    CMString sText;
+    if (uiExponent == gsc_uiExponentMask)
+    {
+        sText.Format("%s%s", pszSign, uiFraction == 0 ? "infinite" : "no number");
+    }
+    else if (iPower >= 8)
+    {
+        sText.Format("%s%llu * 2^%d", pszSign, ullSteps, iPower);
+    }
+    else
+    {
+        // At most 2^31 * 10^6; what is shifted out of 64 bits is less than half of a millionth.
+        const unsigned long long ullMillions = ullSteps * 1000000;
+        const unsigned long long ullMicro = iPower >= 0    ? ullMillions << iPower
+                                            : iPower > -60 ? (ullMillions + (1ULL << (-iPower - 1))) >> -iPower
+                                                           : 0;
+        sText.Format("%s%llu.%06llu", pszSign, ullMicro / 1000000, ullMicro % 1000000);
+    }
+    return sText;
+}
+constexpr SForm gsc_oSingleForm = MakeForm(CMap::eKind_Bytes).Text(SingleText);
+
+// ---- ARVR HMD, DisplayID 2.1 (tag 2Ch): 79 bytes ----
+
+constexpr auto gsc_aoDualLayers = Listed({ "not supported", "interleaving", "extended frame", "both" });
+constexpr auto gsc_aoInterleavings = Listed({ "left then right side by side, layers interleaved on frames",
+                                              "left then right stacked, layers interleaved on frames" });
+constexpr auto gsc_aoExtendedFrames =
+    Listed({ "left then right side by side, layers side by side", "left then right stacked, layers side by side",
+             "left then right side by side, layers stacked", "reserved" });
+constexpr auto gsc_aoLayerMetadatas = Listed({ "none", "first line of layer 0", "AR/VR SDP", "both" });
+constexpr auto gsc_aoReplications = Listed({ "1, no replication", "4", "8", "16" });
+constexpr SMeaning gsc_aoNoRotation[] = { { 0, 0, "standard, no rotation" } };
+constexpr auto gsc_aoLensAdjustments = Listed({ "fixed", "adjustable" });
+constexpr auto gsc_aoLensMotions = Listed({ "not in a straight line", "lenses and displays together in a straight line",
+                                            "lenses in a straight line, displays fixed", "reserved" });
+constexpr auto gsc_aoFoveations =
+    Listed({ "not supported", "single stream", "dual streams", "single or dual streams" });
+constexpr auto gsc_aoLayerStreams = Listed({ "not supported", "one", "two only", "one or two" });
+
+bool HasInterleaving(const CRecord& oBlock) { return oBlock.IsSet(0x03, 0); }
+bool HasNoInterleaving(const CRecord& oBlock) { return !HasInterleaving(oBlock); }
+bool HasExtendedFrame(const CRecord& oBlock) { return oBlock.IsSet(0x03, 1); }
+bool HasNoExtendedFrame(const CRecord& oBlock) { return !HasExtendedFrame(oBlock); }
+bool HasLineMetadata(const CRecord& oBlock) { return oBlock.IsSet(0x05, 4); }
+bool HasNoLineMetadata(const CRecord& oBlock) { return !HasLineMetadata(oBlock); }
+
+constexpr SRow gsc_aoDisplayRows[] = {
+    { Bits(0x03, 1, 0), "Dual layer on a single stream", Names(gsc_aoDualLayers) },
+    { Bits(0x03, 3, 2), "Reserved", Reserved() },
+    { Bit(0x03, 4), "Interleaving mode", Flag(gsc_aoInterleavings), HasInterleaving },
+    { Bit(0x03, 4), "Reserved", Reserved(), HasNoInterleaving },
+    { Bits(0x03, 6, 5), "Extended frame mode", Names(gsc_aoExtendedFrames), HasExtendedFrame },
+    { Bits(0x03, 6, 5), "Reserved", Reserved(), HasNoExtendedFrame },
+    { Bit(0x03, 7), "Reserved", Reserved() },
+    { Bits(0x04, 3, 0), "Number of displays", NumberFrom1() },
+    { Bits(0x04, 7, 4), "Number of streams", NumberFrom1() },
+    { Bits(0x05, 3, 0), "Number of layers", NumberFrom1() },
+    { Bits(0x05, 5, 4), "Layer metadata", Names(gsc_aoLayerMetadatas) },
+    { Bits(0x05, 7, 6), "Replication factor", Names(gsc_aoReplications), HasLineMetadata },
+    { Bits(0x05, 7, 6), "Reserved", Reserved(), HasNoLineMetadata },
+    { Little16(0x06), "Right low distortion area X", Number("pixels") },
+    { Little16(0x08), "Right low distortion area Y", Number("lines") },
+    { Little16(0x0A), "Left low distortion area X", Number("pixels") },
+    { Little16(0x0C), "Left low distortion area Y", Number("lines") },
+    { Little16(0x0E), "Low distortion area width", Number("pixels") },
+    { Little16(0x10), "Low distortion area height", Number("lines") },
+    { Bits(0x12, 2, 0), "Right eye rotation orientation", Number().With(gsc_aoNoRotation) },
+    { Bit(0x12, 3), "Reserved", Reserved() },
+    { Bits(0x12, 6, 4), "Left eye rotation orientation", Number().With(gsc_aoNoRotation) },
+    { Bit(0x12, 7), "Reserved", Reserved() },
+    { Little16(0x13), "Right lens diameter", Fraction("cm", 8192) },
+    { Little16(0x15), "Left lens diameter", Fraction("cm", 8192) },
+    { Little16(0x17), "Interocular angle", Fraction("rad", 8192) },
+    { Bit(0x19, 0), "Lens adjustment", Flag(gsc_aoLensAdjustments) },
+    { Bits(0x19, 2, 1), "Lens adjust motion", Names(gsc_aoLensMotions) },
+    { Bit(0x19, 3), "Lens distance available", Flag() },
+    { Bit(0x19, 4), "IPD useful to the HMD", Flag() },
+    { Bits(0x19, 7, 5), "Reserved", Reserved() },
+    { Little16(0x1A), "Lens adjust minimum", Fraction("cm", 8192) },
+    { Little16(0x1C), "Lens adjustment range", Fraction("cm", 8192) },
+    { Little16(0x1E), "IPD center offset", Fraction("cm", 8192).Signed() },
+    { Little16(0x20), "IPD measurement minimum", Fraction("cm", 8192) },
+    { Little16(0x22), "IPD measurement range", Fraction("cm", 8192) },
+    { Bit(0x24, 0), "Distance to right display available", Flag() },
+    { Bit(0x24, 1), "Distance to left display available", Flag() },
+    { Bit(0x24, 2), "Distance to right eye available", Flag() },
+    { Bit(0x24, 3), "Distance to left eye available", Flag() },
+    { Bits(0x24, 7, 4), "Reserved", Reserved() },
+    { Bits(0x25, 1, 0), "Foveated rendering", Names(gsc_aoFoveations) },
+    { Bits(0x25, 7, 2), "Reserved", Reserved() },
+    { Little16(0x26), "Horizontal field of view", Fraction("rad", 8192) },
+    { Little16(0x28), "Right field of view, right", Fraction("rad", 8192) },
+    { Little16(0x2A), "Right field of view, left", Fraction("rad", 8192) },
+    { Little16(0x2C), "Right field of view, up", Fraction("rad", 8192) },
+    { Little16(0x2E), "Right field of view, down", Fraction("rad", 8192) },
+    { Little16(0x30), "Left field of view, right", Fraction("rad", 8192) },
+    { Little16(0x32), "Left field of view, left", Fraction("rad", 8192) },
+    { Little16(0x34), "Left field of view, up", Fraction("rad", 8192) },
+    { Little16(0x36), "Left field of view, down", Fraction("rad", 8192) },
+    { Little32(0x38), "Right focal length", Fraction("pixels/rad", 65536) },
+    { Little32(0x3C), "Left focal length", Fraction("pixels/rad", 65536) },
+    { Little32(0x40), "Right center of projection Y", gsc_oSingleForm },
+    { Little32(0x44), "Right center of projection X", gsc_oSingleForm },
+    { Little32(0x48), "Left center of projection Y", gsc_oSingleForm },
+    { Little32(0x4C), "Left center of projection X", gsc_oSingleForm },
+    { Bits(0x50, 1, 0), "Layer 0 streams", Names(gsc_aoLayerStreams) },
+    { Bits(0x50, 3, 2), "Layer 1 streams", Names(gsc_aoLayerStreams) },
+    { Bits(0x50, 7, 4), "Reserved", Reserved() },
+    { Byte(0x51), "Reserved", Reserved() },
+};
+constexpr STable gsc_oDisplay = { "ARVR HMD", eArea_Display, gsc_aoDisplayRows };
+
+// ---- ARVR layer, DisplayID 2.1 (tag 2Dh): 20 bytes ----
+
+constexpr SMeaning gsc_aoNone[] = { { 0, 0, "none" } };
+constexpr auto gsc_aoLensDistortions = Listed(
+    { "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction", "reserved" });
+constexpr auto gsc_aoLensDistortionChoices = Listed({ "no", "chromatic aberration only", "both", "reserved" });
+constexpr auto gsc_aoReprojections = Listed({ "none", "3DoF only", "3DoF and 6DoF", "reserved" });
+constexpr auto gsc_aoReprojectionChoices =
+    Listed({ "neither", "3DoF can be disabled", "6DoF can be disabled", "both can be disabled" });
+
+bool HasUnlistedScaling(const CRecord& oBlock) { return oBlock.IsSet(0x11, 6); }
+bool HasNoUnlistedScaling(const CRecord& oBlock) { return !HasUnlistedScaling(oBlock); }
+
+constexpr SRow gsc_aoLayerRows[] = {
+    { Big24(0x03), "HMD manufacturer/vendor ID", Oui() },
+    { Little16(0x06), "HMD product ID code", Number() },
+    { Little32(0x08), "HMD serial number", Number().With(gsc_aoZeroNotGiven) },
+    { Bits(0x0C, 3, 0), "Layer number", Number() },
+    { Bit(0x0C, 4), "Layer configurable", Flag() },
+    { Bit(0x0C, 5), "Cropping supported", Flag() },
+    { Bits(0x0C, 7, 6), "Reserved", Reserved() },
+    { Byte(0x0D), "Reserved", Reserved() },
+    { Bits(0x0E, 1, 0), "Lens distortion support", Names(gsc_aoLensDistortions) },
+    { Bits(0x0E, 3, 2), "Lens distortion configurable", Names(gsc_aoLensDistortionChoices) },
+    { Bits(0x0E, 7, 4), "Reserved", Reserved() },
+    { Bit(0x0F, 0), "Gamma", Flag() },
+    { Bit(0x0F, 1), "Gamma configurable", Flag() },
+    { Bit(0x0F, 2), "Degamma", Flag() },
+    { Bit(0x0F, 3), "Degamma configurable", Flag() },
+    { Bit(0x0F, 4), "Mura compensation", Flag() },
+    { Bit(0x0F, 5), "Mura compensation configurable", Flag() },
+    { Bit(0x0F, 6), "VBI", Flag() },
+    { Bit(0x0F, 7), "VBI configurable", Flag() },
+    { Bits(0x10, 1, 0), "Asynchronous reprojection support", Names(gsc_aoReprojections) },
+    { Bits(0x10, 3, 2), "Asynchronous reprojection configurable", Names(gsc_aoReprojectionChoices) },
+    { Bits(0x10, 7, 4), "Reserved", Reserved() },
+    { Bit(0x11, 0), "Scaling 2x", Flag() },
+    { Bit(0x11, 1), "Scaling 3x", Flag() },
+    { Bit(0x11, 2), "Scaling 4x", Flag() },
+    { Bit(0x11, 3), "Scaling 5x", Flag() },
+    { Bit(0x11, 4), "Scaling 6x", Flag() },
+    { Bit(0x11, 5), "Scaling 8x", Flag() },
+    { Bit(0x11, 6), "Scaling by other factors", Flag() },
+    { Bit(0x11, 7), "Scaling configurable", Flag() },
+    { Run(0x12, 4), "Reserved", Reserved(), HasNoUnlistedScaling },
+    { Byte(0x12), "Unlisted scaling 0", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
+    { Byte(0x13), "Unlisted scaling 1", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
+    { Byte(0x14), "Unlisted scaling 2", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
+    { Byte(0x15), "Unlisted scaling 3", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
+    { Bit(0x16, 0), "Left then right side by side, layers on separate streams", Flag() },
+    { Bit(0x16, 1), "Left then right stacked, layers on separate streams", Flag() },
+    { Bits(0x16, 7, 2), "Reserved", Reserved() },
+};
+constexpr STable gsc_oLayer = { "ARVR layer", eArea_Display, gsc_aoLayerRows };
+
+// ---- Data blocks ----
+
+// clang-format off
+constexpr SDisplayIdBlock gsc_aoBlocks[] = {
+    { 0x2C, Group("ARVR HMD data block", eArea_Display), Exactly(79), nullptr, { &gsc_oDisplay } },
+    { 0x2D, Group("ARVR layer data block", eArea_Display), Exactly(20), nullptr, { &gsc_oLayer } },
+};
+// clang-format on
+} // namespace
+
+const std::span<const SDisplayIdBlock> g_aoDisplayId2HeadMountedBlocks = gsc_aoBlocks;

@@ -1,0 +1,563 @@
+// What a DisplayID section says about ranges of timings, interfaces, stereo, tiles and power, and what makers define.
+// The blocks of both versions.
+
+#include "MapDisplayId.h"
+
+namespace
+{
+using CMap = CZorEdidMap;
+using enum CZorEdidMap::EArea;
+
+bool IsRevision0(const CRecord& oBlock) { return GetRevision(oBlock) == 0; }
+bool IsRevision1Plus(const CRecord& oBlock) { return GetRevision(oBlock) >= 1; }
+
+const char* CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
+{
+    return uiValue < uiLeast ? "maximum is below the minimum" : nullptr;
+}
+
+// ---- Video timing range limits, DisplayID 1.3 (tag 9): 15 bytes ----
+
+constexpr auto gsc_aoDiscrete = Listed({ "continuous within the limits", "discrete" });
+
+const char* CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
+{
+    return CheckAtLeast(oBlock.Get(Little24(0x03)), uiClock);
+}
+template <unsigned int OFFSET>
+const char* CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
+{
+    return CheckAtLeast(oBlock.GetByte(OFFSET), uiValue);
+}
+
+constexpr SRow gsc_aoRangeRows[] = {
+    { Little24(0x03), "Minimum pixel clock", Number("kHz").Times(10, 10) },
+    { Little24(0x06), "Maximum pixel clock", Number("kHz").Times(10, 10), nullptr, CheckMaximumClock },
+    { Byte(0x09), "Minimum horizontal frequency", Number("kHz") },
+    { Byte(0x0A), "Maximum horizontal frequency", Number("kHz"), nullptr, CheckMaximum<0x09> },
+    { Little16(0x0B), "Minimum horizontal blanking", Number("pixels") },
+    { Byte(0x0D), "Minimum vertical refresh rate", Number("Hz") },
+    { Byte(0x0E), "Maximum vertical refresh rate", Number("Hz"), nullptr, CheckMaximum<0x0D> },
+    { Little16(0x0F), "Minimum vertical blanking", Number("lines") },
+    { Bit(0x11, 7), "Interlaced timings", Flag(gsc_aoSupported) },
+    { Bit(0x11, 6), "CVT timings", Flag(gsc_aoSupported) },
+    { Bit(0x11, 5), "CVT reduced blanking timings", Flag(gsc_aoSupported) },
+    { Bit(0x11, 4), "Discrete frequency display", Flag(gsc_aoDiscrete) },
+    { Bits(0x11, 3, 0), "Reserved", Reserved() },
+};
+// "48 to 144 Hz"
+CMString RatesText(unsigned int uiLeast, unsigned int uiMost)
+{
+    CMString sText;
+    sText.Format("%u to %u Hz", uiLeast, uiMost);
+    return sText;
+}
+CMString RangeText(const CRecord& oBlock) { return RatesText(oBlock.GetByte(0x0D), oBlock.GetByte(0x0E)); }
+constexpr STable gsc_oRange = { "Video timing range limits", eArea_Timing, gsc_aoRangeRows };
+
+// ---- Dynamic video timing range limits, DisplayID 2.0 (tag 25h): 9 bytes ----
+
+constexpr SPlace gsc_oWideMaximumRate = Split({ { 0x0B, 1, 0 }, { 0x0A, 7, 0 } });
+
+constexpr SRow gsc_aoDynamicRangeRows[] = {
+    { Little24(0x03), "Minimum pixel clock", NumberFrom1("kHz") },
+    { Little24(0x06), "Maximum pixel clock", NumberFrom1("kHz"), nullptr, CheckMaximumClock },
+    { Byte(0x09), "Minimum vertical refresh rate", Number("Hz") },
+    { Byte(0x0A), "Maximum vertical refresh rate", Number("Hz"), IsRevision0, CheckMaximum<0x09> },
+    { gsc_oWideMaximumRate, "Maximum vertical refresh rate", Number("Hz"), IsRevision1Plus, CheckMaximum<0x09> },
+    { Bit(0x0B, 7), "Seamless dynamic video timing", Flag(gsc_aoSupported) },
+    { Bits(0x0B, 6, 0), "Reserved", Reserved(), IsRevision0 },
+    { Bits(0x0B, 6, 2), "Reserved", Reserved(), IsRevision1Plus },
+};
+CMString DynamicRangeText(const CRecord& oBlock)
+{
+    const unsigned int uiMost = IsRevision0(oBlock) ? oBlock.GetByte(0x0A) : oBlock.Get(gsc_oWideMaximumRate);
+    return RatesText(oBlock.GetByte(0x09), uiMost);
+}
+constexpr STable gsc_oDynamicRange = { "Dynamic video timing range limits", eArea_Timing, gsc_aoDynamicRangeRows };
+
+// ---- Interface power sequencing, DisplayID 1.3 (tag 0Dh): 6 bytes ----
+
+constexpr SRow gsc_aoPowerRows[] = {
+    { Bits(0x03, 7, 4), "T1 minimum", Number("ms").Decimals(1) },
+    { Bits(0x03, 3, 0), "T1 maximum", Number("ms").Times(2) },
+    { Bits(0x04, 7, 6), "Reserved", Reserved() },
+    { Bits(0x04, 5, 0), "T2 maximum", Number("ms").Times(2) },
+    { Bits(0x05, 7, 6), "Reserved", Reserved() },
+    { Bits(0x05, 5, 0), "T3 maximum", Number("ms").Times(2) },
+    { Bit(0x06, 7), "Reserved", Reserved() },
+    { Bits(0x06, 6, 0), "T4 minimum", Number("ms").Times(10) },
+    { Bits(0x07, 7, 6), "Reserved", Reserved() },
+    { Bits(0x07, 5, 0), "T5 minimum", Number("ms").Times(10) },
+    { Bits(0x08, 7, 6), "Reserved", Reserved() },
+    { Bits(0x08, 5, 0), "T6 minimum", Number("ms").Times(10) },
+};
+constexpr STable gsc_oPower = { "Interface power sequencing", eArea_Display, gsc_aoPowerRows };
+
+// ---- Display interface, DisplayID 1.3 (tag 0Fh): 10 bytes ----
+
+constexpr auto gsc_aoInterfaces = Listed({ "analog", "LVDS", "TMDS", "RSDS", "DVI-D", "DVI-I analog", "DVI-I digital",
+                                           "HDMI-a", "HDMI-b", "MDDI", "DisplayPort", "proprietary digital" });
+constexpr auto gsc_aoAnalogInterfaces = Listed({ "15HD/VGA", "VESA NAVI-V (15HD)", "VESA NAVI-D" });
+constexpr auto gsc_aoProtections = Listed({ "none", "HDCP", "DTCP", "DPCP" });
+constexpr auto gsc_aoSpreads = Listed({ "none", "down spread", "center spread", "reserved" });
+constexpr auto gsc_aoColourMappings = Listed({ "normal", "6-bit compatible" });
+constexpr auto gsc_aoModes = Listed({ "DE", "fixed" });
+constexpr auto gsc_aoLevels = Listed({ "high", "low" });
+constexpr auto gsc_aoStrobes = Listed({ "falling edge", "rising edge" });
+
+constexpr unsigned int gsc_uiAnalog = 0;
+constexpr unsigned int gsc_uiLvds = 1;
+constexpr unsigned int gsc_uiProprietary = 11;
+unsigned int GetInterface(const CRecord& oBlock) { return oBlock.GetBits(0x03, 7, 4); }
+bool IsAnalog(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_uiAnalog; }
+bool IsDigital(const CRecord& oBlock) { return GetInterface(oBlock) != gsc_uiAnalog; }
+bool IsLvds(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_uiLvds; }
+bool IsProprietary(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_uiProprietary; }
+bool IsNeither(const CRecord& oBlock) { return !IsLvds(oBlock) && !IsProprietary(oBlock); }
+
+constexpr SRow gsc_aoInterfaceRows[] = {
+    { Bits(0x03, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
+    { Bits(0x03, 3, 0), "Analog interface", Names(gsc_aoAnalogInterfaces), IsAnalog },
+    { Bits(0x03, 3, 0), "Number of links", Number(), IsDigital },
+    { Bits(0x04, 7, 4), "Interface standard version", Number() },
+    { Bits(0x04, 3, 0), "Interface standard revision", Number() },
+    { Bits(0x05, 7, 6), "Reserved", Reserved() },
+    { Bit(0x05, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+    { Bits(0x06, 7, 6), "Reserved", Reserved() },
+    { Bit(0x06, 5), "YCbCr 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 4), "YCbCr 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 3), "YCbCr 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 2), "YCbCr 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 1), "YCbCr 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 0), "YCbCr 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+    { Bits(0x07, 7, 5), "Reserved", Reserved() },
+    { Bit(0x07, 4), "YCbCr 4:2:2, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x07, 3), "YCbCr 4:2:2, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x07, 2), "YCbCr 4:2:2, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x07, 1), "YCbCr 4:2:2, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x07, 0), "YCbCr 4:2:2, 8 bits per color", Flag(gsc_aoSupported) },
+    { Bits(0x08, 7, 4), "Reserved", Reserved() },
+    { Bits(0x08, 3, 0), "Content protection", Names(gsc_aoProtections) },
+    { Bits(0x09, 7, 4), "Content protection version", Number() },
+    { Bits(0x09, 3, 0), "Content protection revision", Number() },
+    { Bits(0x0A, 7, 6), "Spread spectrum", Names(gsc_aoSpreads) },
+    { Bits(0x0A, 5, 4), "Reserved", Reserved() },
+    { Bits(0x0A, 3, 0), "Spread", Number("%").Decimals(1) },
+    { Bits(0x0B, 7, 5), "Reserved", Reserved(), IsLvds },
+    { Bit(0x0B, 4), "Color mapping", Flag(gsc_aoColourMappings), IsLvds },
+    { Bit(0x0B, 3), "2.8 V", Flag(gsc_aoSupported), IsLvds },
+    { Bit(0x0B, 2), "12 V", Flag(gsc_aoSupported), IsLvds },
+    { Bit(0x0B, 1), "5 V", Flag(gsc_aoSupported), IsLvds },
+    { Bit(0x0B, 0), "3.3 V", Flag(gsc_aoSupported), IsLvds },
+    { Bits(0x0C, 7, 3), "Reserved", Reserved(), IsLvds },
+    { Bit(0x0C, 2), "Mode", Flag(gsc_aoModes), IsLvds },
+    { Bit(0x0C, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels), IsLvds },
+    { Bit(0x0C, 0), "Shift clock data strobe", Flag(gsc_aoStrobes), IsLvds },
+    { Bits(0x0B, 7, 3), "Reserved", Reserved(), IsProprietary },
+    { Bit(0x0B, 2), "Mode", Flag(gsc_aoModes), IsProprietary },
+    { Bit(0x0B, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels), IsProprietary },
+    { Bit(0x0B, 0), "Shift clock data strobe", Flag(gsc_aoStrobes), IsProprietary },
+    { Byte(0x0C), "Reserved", Reserved(), IsProprietary },
+    { Run(0x0B, 2), "Reserved", Reserved(), IsNeither },
+};
+
+CMString InterfaceText(const CRecord& oBlock)
+{
+    const unsigned int uiInterface = GetInterface(oBlock);
+    return CMString(uiInterface < gsc_aoInterfaces.size() ? gsc_aoInterfaces[uiInterface].m_pszName : "");
+}
+constexpr STable gsc_oInterface = { "Display interface", eArea_Display, gsc_aoInterfaceRows };
+
+// ---- Display interface features, DisplayID 2.0 (tag 26h): 9 bytes and up to 7 more ----
+
+constexpr SMeaning gsc_aoAnyRate[] = { { 0, 0, "any" } };
+
+constexpr SRow gsc_aoDepthFeatureRows[] = {
+    { Bits(0x03, 7, 6), "Reserved", Reserved() },
+    { Bit(0x03, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x03, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x03, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x03, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x03, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x03, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+    { Bits(0x04, 7, 6), "Reserved", Reserved() },
+    { Bit(0x04, 5), "YCbCr 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x04, 4), "YCbCr 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x04, 3), "YCbCr 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x04, 2), "YCbCr 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x04, 1), "YCbCr 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x04, 0), "YCbCr 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+    { Bits(0x05, 7, 5), "Reserved", Reserved() },
+    { Bit(0x05, 4), "YCbCr 4:2:2, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 3), "YCbCr 4:2:2, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 2), "YCbCr 4:2:2, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 1), "YCbCr 4:2:2, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x05, 0), "YCbCr 4:2:2, 8 bits per color", Flag(gsc_aoSupported) },
+    { Bits(0x06, 7, 5), "Reserved", Reserved() },
+    { Bit(0x06, 4), "YCbCr 4:2:0, 16 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 3), "YCbCr 4:2:0, 14 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 2), "YCbCr 4:2:0, 12 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 1), "YCbCr 4:2:0, 10 bits per color", Flag(gsc_aoSupported) },
+    { Bit(0x06, 0), "YCbCr 4:2:0, 8 bits per color", Flag(gsc_aoSupported) },
+    { Byte(0x07), "Minimum pixel rate for YCbCr 4:2:0", Number("MP/s").Times(7425).Decimals(2).With(gsc_aoAnyRate) },
+    { Bit(0x08, 7), "Audio at 32 kHz", Flag(gsc_aoSupported) },
+    { Bit(0x08, 6), "Audio at 44.1 kHz", Flag(gsc_aoSupported) },
+    { Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
+    { Bits(0x08, 4, 0), "Reserved", Reserved() },
+};
+constexpr STable gsc_oDepthFeatures = { "Display interface features", eArea_Display, gsc_aoDepthFeatureRows };
+
+constexpr SRow gsc_aoColourFeatureRows[] = {
+    { Bit(0x09, 7), "Reserved", Reserved() },
+    { Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
+    { Bit(0x09, 5), "BT.2020", Flag(gsc_aoSupported) },
+    { Bit(0x09, 4), "DCI-P3", Flag(gsc_aoSupported) },
+    { Bit(0x09, 3), "Adobe RGB", Flag(gsc_aoSupported) },
+    { Bit(0x09, 2), "BT.709 with BT.1886", Flag(gsc_aoSupported) },
+    { Bit(0x09, 1), "BT.601", Flag(gsc_aoSupported) },
+    { Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
+    { Byte(0x0A), "Reserved", Reserved() },
+    { Bits(0x0B, 7, 3), "Reserved", Reserved() },
+    { Bits(0x0B, 2, 0), "Number of additional color space and EOTF combinations", Number() },
+};
+constexpr STable gsc_oColourFeatures = { "Display interface features", eArea_Colour, gsc_aoColourFeatureRows };
+
+constexpr auto gsc_aoColourSpaces =
+    Listed({ "undefined", "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "BT.2020", "custom" });
+constexpr auto gsc_aoEotfs = Listed({ "undefined", "sRGB", "BT.601", "BT.1886", "Adobe RGB", "DCI-P3", "BT.2020",
+                                      "gamma function", "SMPTE ST 2084", "hybrid log", "custom" });
+constexpr SRow gsc_aoCombinationRows[] = {
+    { Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
+    { Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },
+};
+constexpr STable gsc_oCombination = { "Color space and EOTF", eArea_Colour, gsc_aoCombinationRows };
+
+void MapCombinations(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    oWriter.AddItems(gsc_oCombination, uiOffset + 0x0C, oBlock.GetBits(0x0B, 2, 0), 1);
+}
+
+// ---- Stereo display interface, DisplayID 1.3 (tag 10h) and 2.0 (tag 27h) ----
+
+constexpr auto gsc_aoStereoTimings =
+    Listed({ "timings that declare 3D support", "timings that declare 3D support, and the codes of this block",
+             "all listed timings", "only the codes of this block" });
+constexpr SMeaning gsc_aoStereoMethods[] = {
+    { 0, 0, "field sequential" }, { 1, 1, "side by side" },  { 2, 2, "pixel interleaved" }, { 3, 3, "dual interface" },
+    { 4, 4, "multi-view" },       { 5, 5, "stacked frame" }, { 6, 254, "reserved" },        { 255, 255, "proprietary" },
+};
+constexpr auto gsc_aoStereoPolarities = Listed({ "left is 1, right is 0", "left is 0, right is 1" });
+constexpr auto gsc_aoViews = Listed({ "left eye view", "right eye view" });
+constexpr auto gsc_aoMirrorings = Listed({ "none", "left/right", "top/bottom", "reserved" });
+constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", "reserved" });
+
+constexpr unsigned int gsc_uiStereoLengthOffset = 3; // of the method code and its parameters
+constexpr unsigned int gsc_uiStereoMethodOffset = 4;
+template <unsigned int METHOD>
+bool IsMethod(const CRecord& oMethod)
+{
+    return oMethod.GetByte(0) == METHOD;
+}
+
+constexpr SRow gsc_aoStereoFlagRows[] = {
+    { Bits(1, 7, 6), "Timings with stereo support", Names(gsc_aoStereoTimings) },
+    { Bits(1, 5, 3), "Reserved", Reserved() },
+};
+constexpr STable gsc_oStereoFlags = { "Flags", eArea_Display, gsc_aoStereoFlagRows };
+
+constexpr SRow gsc_aoStereoRows[] = { { Byte(3), "Length of the stereo method", Number("bytes") } };
+constexpr STable gsc_oStereo = { "Stereo display interface", eArea_Structure, gsc_aoStereoRows };
+
+// The method code and its parameters, counted from the code.
+constexpr SRow gsc_aoMethodRows[] = {
+    { Byte(0), "Stereo method", Names(gsc_aoStereoMethods) },
+    { Bit(1, 0), "Stereo polarity", Flag(gsc_aoStereoPolarities), IsMethod<0> },
+    { Bit(1, 0), "Left half", Flag(gsc_aoViews), IsMethod<1> },
+    { Run(1, 8), "Interleaving pattern, 8 rows", Bytes(), IsMethod<2> }, // bit 7 leftmost; 1 is left
+    { Bits(1, 2, 1), "Mirroring", Names(gsc_aoMirrorings), IsMethod<3> },
+    { Bit(1, 0), "View of this interface", Flag(gsc_aoViews), IsMethod<3> },
+    { Byte(1), "Number of views", Number(), IsMethod<4> },
+    { Byte(2), "Interleaving method code", Number(), IsMethod<4> },
+    { Bit(1, 0), "Top half", Flag(gsc_aoViews), IsMethod<5> },
+    { RunToEnd(1), "Proprietary parameters", Bytes(), IsMethod<255> },
+};
+constexpr STable gsc_oMethod = { "Stereo method", eArea_Display, gsc_aoMethodRows };
+
+constexpr SRow gsc_aoCodeGroupRows[] = {
+    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
+    { Bit(0, 5), "Reserved", Reserved() },
+    { Bits(0, 4, 0), "Number of timing codes", Number() },
+};
+constexpr STable gsc_oCodeGroup = { "Timing codes", eArea_Timing, gsc_aoCodeGroupRows };
+
+// Groups of codes from byte uiAt of the block on; one that runs past the block ends them.
+void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiAt)
+{
+    unsigned int uiIndex = 0;
+    while (uiAt < oBlock.GetSize())
+    {
+        const unsigned int uiCodes = oBlock.GetBits(uiAt, 4, 0);
+        if (uiCodes >= oBlock.GetSize() - uiAt)
+        {
+            return;
+        }
+        oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes, uiIndex++);
+        for (unsigned int i = 0; i < uiCodes; ++i)
+        {
+            MapTimingCode(oWriter, oBlock.GetBits(uiAt, 7, 6), uiOffset + uiAt + 1 + i, 1, i);
+        }
+        oWriter.EndGroup();
+        uiAt += 1 + uiCodes;
+    }
+}
+
+void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    const unsigned int uiLength = oBlock.GetByte(gsc_uiStereoLengthOffset);
+    if (uiLength != 0)
+    {
+        oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
+    }
+    if (oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 6))
+    {
+        MapCodeGroups(oWriter, oBlock, uiOffset, gsc_uiStereoMethodOffset + uiLength);
+    }
+}
+
+// ---- Tiled display topology, DisplayID 1.3 (tag 12h) and 2.0 (tag 28h): 22 bytes ----
+
+constexpr auto gsc_aoEnclosures = Listed({ "multiple", "single" });
+constexpr auto gsc_aoBezels = Listed({ "not given", "given" });
+constexpr auto gsc_aoSomeTiles = Listed({ "undefined", "image at the tile's location", "reserved", "reserved" });
+constexpr SMeaning gsc_aoOneTile[] = { { 0, 0, "undefined" },
+                                       { 1, 1, "image at the tile's location" },
+                                       { 2, 2, "image scaled to the entire tiled display" },
+                                       { 3, 3, "image cloned to all other tiles" },
+                                       { 4, 7, "reserved" } };
+
+bool HasBezels(const CRecord& oBlock) { return oBlock.IsSet(0x03, 6); }
+bool HasNoBezels(const CRecord& oBlock) { return !HasBezels(oBlock); }
+
+// In tenths of a pixel.
+long long GetBezel(const CRecord& oBlock, unsigned int uiSize)
+{
+    return static_cast<long long>(uiSize) * oBlock.GetByte(0x0B);
+}
+
+constexpr SPlace gsc_oTilesX = Split({ { 0x06, 7, 6 }, { 0x04, 7, 4 } });
+constexpr SPlace gsc_oTilesY = Split({ { 0x06, 5, 4 }, { 0x04, 3, 0 } });
+constexpr SPlace gsc_oTileX = Split({ { 0x06, 3, 2 }, { 0x05, 7, 4 } });
+constexpr SPlace gsc_oTileY = Split({ { 0x06, 1, 0 }, { 0x05, 3, 0 } });
+
+template <const SPlace& COUNT>
+const char* CheckLocation(const CRecord& oBlock, unsigned int uiLocation)
+{
+    return uiLocation > oBlock.Get(COUNT) ? "lies outside of the tiled display" : nullptr;
+}
+
+constexpr SForm gsc_oBezelForm = Number("pixels").Decimals(1).Computed(GetBezel);
+
+constexpr auto TileRows(const SRow& oVendor)
+{
+    return std::to_array<SRow>({
+        { Bit(0x03, 7), "Physical enclosures", Flag(gsc_aoEnclosures) },
+        { Bit(0x03, 6), "Bezel information", Flag(gsc_aoBezels) },
+        { Bit(0x03, 5), "Reserved", Reserved() },
+        { Bits(0x03, 4, 3), "Behavior when more than one tile is driven, but not all", Names(gsc_aoSomeTiles) },
+        { Bits(0x03, 2, 0), "Behavior when it is the only tile driven", Names(gsc_aoOneTile) },
+        { gsc_oTilesX, "Number of horizontal tiles", NumberFrom1() },
+        { gsc_oTilesY, "Number of vertical tiles", NumberFrom1() },
+        { gsc_oTileX, "Horizontal tile location", Number(), nullptr, CheckLocation<gsc_oTilesX> },
+        { gsc_oTileY, "Vertical tile location", Number(), nullptr, CheckLocation<gsc_oTilesY> },
+        { Little16(0x07), "Horizontal tile size", NumberFrom1("pixels") },
+        { Little16(0x09), "Vertical tile size", NumberFrom1("lines") },
+        { Byte(0x0B), "Pixel multiplier", Number() },
+        { Byte(0x0C), "Top bezel size", gsc_oBezelForm, HasBezels },
+        { Byte(0x0D), "Bottom bezel size", gsc_oBezelForm, HasBezels },
+        { Byte(0x0E), "Right bezel size", gsc_oBezelForm, HasBezels },
+        { Byte(0x0F), "Left bezel size", gsc_oBezelForm, HasBezels },
+        { Run(0x0C, 4), "Bezel sizes, not used", Reserved(), HasNoBezels },
+        oVendor,
+        { Little16(0x13), "Tiled display product ID code", Number() },
+        { Little32(0x15), "Tiled display serial number", Number() },
+    });
+}
+constexpr auto gsc_aoTile1Rows = TileRows({ Run(0x10, 3), "Tiled display manufacturer/vendor ID", Text() });
+constexpr auto gsc_aoTile2Rows = TileRows({ Big24(0x10), "Tiled display manufacturer/vendor ID", Oui() });
+
+// "column 1, row 0 of 2 x 1"
+CMString TileText(const CRecord& oBlock)
+{
+    CMString sText;
+    sText.Format("column %u, row %u of %u x %u", oBlock.Get(gsc_oTileX), oBlock.Get(gsc_oTileY),
+                 oBlock.Get(gsc_oTilesX) + 1, oBlock.Get(gsc_oTilesY) + 1);
+    return sText;
+}
+constexpr STable gsc_oTile1 = { "Tiled display topology", eArea_Display, gsc_aoTile1Rows };
+constexpr STable gsc_oTile2 = { "Tiled display topology", eArea_Display, gsc_aoTile2Rows };
+
+// ---- Adaptive sync, DisplayID 2.1 (tag 2Bh): descriptors of 6 bytes and more ----
+
+constexpr auto gsc_aoPanelRanges = Listed({ "not the native panel range", "native panel range" });
+constexpr SMeaning gsc_aoAdaptiveModes[] = { { 0, 0, "fixed average V-total" },
+                                             { 1, 1, "fixed average V-total and adaptive V-total" },
+                                             { 2, 3, "reserved" } };
+constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
+constexpr SPlace gsc_oAdaptiveMaximum = Split({ { 4, 1, 0 }, { 3, 7, 0 } });
+
+const char* CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
+{
+    return CheckAtLeast(oDescriptor.GetByte(2), uiRate + 1);
+}
+
+constexpr SRow gsc_aoAdaptiveRows[] = {
+    { Bits(0, 7, 6), "Reserved", Reserved() },
+    { Bit(0, 5), "Maximum single frame duration decrease without jitter impact", Flag() },
+    { Bit(0, 4), "Seamless transition", Flag(gsc_aoSeamless) },
+    { Bits(0, 3, 2), "Adaptive sync mode", Names(gsc_aoAdaptiveModes) },
+    { Bit(0, 1), "Maximum single frame duration increase without jitter impact", Flag() },
+    { Bit(0, 0), "Adaptive sync range", Flag(gsc_aoPanelRanges) },
+    { Byte(1), "Maximum single frame duration increase", Number("ms").Times(25).Decimals(2) },
+    { Byte(2), "Minimum refresh rate", Number("Hz") },
+    { gsc_oAdaptiveMaximum, "Maximum refresh rate", NumberFrom1("Hz"), nullptr, CheckAdaptiveMaximum },
+    { Bits(4, 7, 2), "Reserved", Reserved() },
+    { Byte(5), "Maximum single frame duration decrease", Number("ms").Times(25).Decimals(2) },
+};
+
+CMString AdaptiveText(const CRecord& oDescriptor)
+{
+    return RatesText(oDescriptor.GetByte(2), oDescriptor.Get(gsc_oAdaptiveMaximum) + 1);
+}
+constexpr STable gsc_oAdaptive = { "Adaptive sync descriptor", eArea_Timing, gsc_aoAdaptiveRows, AdaptiveText };
+constexpr unsigned int gsc_uiAdaptiveSize = 6;
+
+constexpr SRow gsc_aoAdaptiveFlagRows[] = {
+    { Bit(1, 7), "Reserved", Reserved() },
+    { Bits(1, 6, 4), "Extra bytes of each descriptor", Number("bytes") },
+    { Bit(1, 3), "Reserved", Reserved() },
+};
+constexpr STable gsc_oAdaptiveFlags = { "Flags", eArea_Structure, gsc_aoAdaptiveFlagRows };
+
+void MapAdaptive(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    oWriter.AddItems(gsc_oAdaptive, uiOffset + gsc_uiPayloadOffset, GetPayloadLength(oBlock),
+                     gsc_uiAdaptiveSize + oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 6, 4));
+}
+
+// ---- Vendor-specific, DisplayID 1.3 (tag 7Fh) and 2.0 (tag 7Eh); that of VESA, DisplayID 2.1 ----
+
+constexpr unsigned int gsc_uiVesaOui = 0x3A0292;
+constexpr unsigned int gsc_uiVesaSize = 5;
+constexpr unsigned int gsc_uiVesaDscSize = 7;
+
+bool IsVesa(const CRecord& oBlock)
+{
+    return oBlock.Get(Big24(gsc_uiPayloadOffset)) == gsc_uiVesaOui && GetPayloadLength(oBlock) >= gsc_uiVesaSize;
+}
+bool IsNotVesa(const CRecord& oBlock) { return !IsVesa(oBlock); }
+bool HasDsc(const CRecord& oBlock) { return IsVesa(oBlock) && GetPayloadLength(oBlock) >= gsc_uiVesaDscSize; }
+
+constexpr SMeaning gsc_aoStructures[] = { { 0, 0, "eDP" }, { 1, 1, "DP" }, { 2, 7, "reserved" } };
+constexpr auto gsc_aoDefaultColours = Listed({ "sRGB", "native, as in the display parameters data block" });
+constexpr auto gsc_aoStreams = Listed({ "not supported", "two streams", "four streams", "reserved" });
+
+// The fraction is in sixteenths.
+constexpr SPlace gsc_oDscDepth = Split({ { 0x08, 5, 0 }, { 0x09, 3, 0 } });
+
+constexpr SRow gsc_aoVendor2Rows[] = {
+    { Big24(0x03), "Manufacturer/vendor ID", Oui() },
+    { Bit(0x06, 7), "Default color space and EOTF", Flag(gsc_aoDefaultColours), IsVesa },
+    { Bits(0x06, 6, 3), "Reserved", Reserved(), IsVesa },
+    { Bits(0x06, 2, 0), "Data structure type", Names(gsc_aoStructures), IsVesa },
+    { Bit(0x07, 7), "Reserved", Reserved(), IsVesa },
+    { Bits(0x07, 6, 5), "Multi-SST operation", Names(gsc_aoStreams), IsVesa },
+    { Bit(0x07, 4), "Reserved", Reserved(), IsVesa },
+    { Bits(0x07, 3, 0), "Pixels that overlap an adjacent panel", Number("pixels"), IsVesa },
+    { Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
+    { gsc_oDscDepth, "Pass-through timing's DSC bits per pixel", Fraction("bits per pixel", 16), HasDsc },
+    { Bits(0x09, 7, 4), "Reserved", Reserved(), HasDsc },
+    { RunToEnd(0x06), "Vendor data", Bytes(), IsNotVesa },
+};
+constexpr STable gsc_oVendor2 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor2Rows };
+
+// Three letters as of EISA; but monitors are about that hold an OUI.
+bool HasLetters(const CRecord& oBlock)
+{
+    for (unsigned int i = 0; i < 3; ++i)
+    {
+        const unsigned int uiLetter = oBlock.GetByte(gsc_uiPayloadOffset + i);
+        if (uiLetter < 'A' || uiLetter > 'Z')
+        {
+            return false;
+        }
+    }
+    return true;
+}
+bool HasNoLetters(const CRecord& oBlock) { return !HasLetters(oBlock); }
+
+constexpr SRow gsc_aoVendor1Rows[] = {
+    { Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters },
+    { Big24(0x03), "Manufacturer/vendor ID", Oui(), HasNoLetters },
+    { RunToEnd(0x06), "Vendor data", Bytes() },
+};
+constexpr STable gsc_oVendor1 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor1Rows };
+
+// The meaning of the flags is the maker's.
+constexpr SRow gsc_aoVendorFlagRows[] = { { Bits(1, 7, 3), "Vendor flags", Bytes() } };
+constexpr STable gsc_oVendorFlags = { "Flags", eArea_Vendor, gsc_aoVendorFlagRows };
+
+// ---- CTA-861 data blocks, DisplayID 1.3 and 2.0 (tag 81h) ----
+
+constexpr SRow gsc_aoCtaFlagRows[] = { { Bits(1, 7, 3), "Reserved", Reserved() } };
+constexpr STable gsc_oCtaFlags = { "Flags", eArea_Structure, gsc_aoCtaFlagRows };
+
+void MapCtaInDisplayId(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    MapCtaDataBlocks(oWriter, uiOffset + gsc_uiPayloadOffset, GetPayloadLength(oBlock));
+}
+
+// ---- Data blocks ----
+
+// clang-format off
+constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
+    { 0x09, Group("Video timing range limits data block", eArea_Timing, RangeText),
+      Exactly(15), nullptr, { &gsc_oRange } },
+    { 0x0D, Group("Interface power sequencing data block", eArea_Display), Exactly(6), nullptr, { &gsc_oPower } },
+    { 0x0F, Group("Display interface data block", eArea_Display, InterfaceText),
+      Exactly(10), nullptr, { &gsc_oInterface } },
+    { 0x10, Group("Stereo display interface data block", eArea_Display),
+      AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
+    { 0x12, Group("Tiled display topology data block", eArea_Display, TileText),
+      Exactly(22), nullptr, { &gsc_oTile1 } },
+    { 0x7F, Group("Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor1 } },
+};
+
+constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
+    { 0x25, Group("Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
+      Exactly(9), nullptr, { &gsc_oDynamicRange } },
+    { 0x26, Group("Display interface features data block", eArea_Display),
+      { 9, 16 }, nullptr, { &gsc_oDepthFeatures, &gsc_oColourFeatures }, MapCombinations },
+    { 0x27, Group("Stereo display interface data block", eArea_Display),
+      AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
+    { 0x28, Group("Tiled display topology data block", eArea_Display, TileText),
+      Exactly(22), nullptr, { &gsc_oTile2 } },
+    { 0x2B, Group("Adaptive sync data block", eArea_Timing),
+      ItemsWithExtraBytes(gsc_uiAdaptiveSize), &gsc_oAdaptiveFlags, {}, MapAdaptive },
+    { 0x7E, Group("Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor2 } },
+};
+
+constexpr SDisplayIdBlock gsc_aoBlocksOfBoth[] = {
+    { 0x81, Group("CTA-861 data block", eArea_Structure), AtLeast(1), &gsc_oCtaFlags, {}, MapCtaInDisplayId },
+};
+// clang-format on
+} // namespace
+
+const std::span<const SDisplayIdBlock> g_aoDisplayId1InterfaceBlocks = gsc_aoBlocks1;
+const std::span<const SDisplayIdBlock> g_aoDisplayId2InterfaceBlocks = gsc_aoBlocks2;
+const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks = gsc_aoBlocksOfBoth;

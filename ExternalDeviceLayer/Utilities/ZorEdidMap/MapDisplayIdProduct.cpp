@@ -1,0 +1,458 @@
+// What a DisplayID section says about the product: identity, size, colours, device. The blocks of both versions.
+
+#include "MapDisplayId.h"
+#include "MapValue.h"
+
+namespace
+{
+using CMap = CZorEdidMap;
+using enum CZorEdidMap::EArea;
+
+// ---- Product identification, DisplayID 1.3 (tag 0) and 2.0 (tag 20h): 12 bytes and a text ----
+
+constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 0xFF, 0xFF, "the year is the model year" } };
+constexpr unsigned int gsc_uiProductSize = 12;
+constexpr unsigned int gsc_uiProductTextOffset = gsc_uiPayloadOffset + gsc_uiProductSize;
+constexpr unsigned int gsc_uiProductTextLengthOffset = gsc_uiProductTextOffset - 1;
+constexpr unsigned int gsc_uiModelYear = 0xFF;
+
+const char* CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
+{
+    return uiWeek > 53 && uiWeek != gsc_uiModelYear ? "no week of a year" : nullptr;
+}
+
+const char* CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
+{
+    return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? "contradicts the payload length" : nullptr;
+}
+
+constexpr SRow gsc_oVendorPnp = { Run(3, 3), "Manufacturer/vendor ID", Text() };
+constexpr SRow gsc_oVendorOui = { Big24(3), "Manufacturer/vendor ID", Oui() };
+
+constexpr auto ProductRows(const SRow& oVendor)
+{
+    return std::to_array<SRow>({
+        oVendor,
+        { Little16(0x06), "Product ID code", Number() },
+        { Little32(0x08), "Serial number", Number().With(gsc_aoZeroNotGiven) },
+        { Byte(0x0C), "Week of manufacture", Number().With(gsc_aoWeeks), nullptr, CheckWeek },
+        { Byte(0x0D), "Year of manufacture or model year", Number().Times(1, 2000) },
+        { Byte(gsc_uiProductTextLengthOffset), "Product ID string size", Number("bytes"), nullptr, CheckTextLength },
+    });
+}
+constexpr auto gsc_aoProduct1Rows = ProductRows(gsc_oVendorPnp);
+constexpr auto gsc_aoProduct2Rows = ProductRows(gsc_oVendorOui);
+constexpr STable gsc_oProduct1 = { "Product identification", eArea_Identity, gsc_aoProduct1Rows };
+constexpr STable gsc_oProduct2 = { "Product identification", eArea_Identity, gsc_aoProduct2Rows };
+
+constexpr SRow gsc_oProductText = { RunToEnd(0), "Product ID string", Text() };
+
+void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    oWriter.AddLeaf(gsc_oProductText, eArea_Identity, uiOffset + gsc_uiProductTextOffset,
+                    oBlock.GetByte(gsc_uiProductTextLengthOffset));
+}
+
+// ---- Texts, DisplayID 1.3 (tags 0Ah and 0Bh); container ID, DisplayID 2.0 (tag 29h) ----
+
+constexpr SRow gsc_aoSerialRows[] = { { RunToEnd(3), "Serial number", Text() } };
+constexpr STable gsc_oSerial = { "Serial number", eArea_Identity, gsc_aoSerialRows };
+
+constexpr SRow gsc_aoStringRows[] = { { RunToEnd(3), "String", Text() } };
+constexpr STable gsc_oString = { "String", eArea_Identity, gsc_aoStringRows };
+
+constexpr unsigned int gsc_uiContainerIdSize = 16;
+
+// "041e0a63-f0b6-4dee-97a1-0123456789ab": bytes in stored order.
+CMString ContainerIdText(const CRecord& oBlock, unsigned int /*uiValue*/)
+{
+    CMString sText;
+    for (unsigned int i = 0; i < gsc_uiContainerIdSize; ++i)
+    {
+        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
+        sText.AppendFormat("%s%02x", bDash ? "-" : "", oBlock.GetByte(gsc_uiPayloadOffset + i));
+    }
+    return sText;
+}
+
+constexpr SRow gsc_aoContainerIdRows[] = {
+    { Run(3, gsc_uiContainerIdSize), "Container ID", MakeForm(CMap::eKind_Bytes).Text(ContainerIdText) },
+};
+constexpr STable gsc_oContainerId = { "ContainerID", eArea_Identity, gsc_aoContainerIdRows };
+
+// ---- Luminances: IEEE 754 half precision, in cd/m2 ----
+
+constexpr unsigned int gsc_uiLuminanceDecimals = 6;
+constexpr unsigned int gsc_uiHalfSign = 0x8000;
+constexpr unsigned int gsc_uiHalfInfinite = 0x7C00; // from here on no number
+
+// In 10^-6 cd/m2. 1 is stored as 0x3C00; the step of the smallest exponents is 2^-24.
+long long GetLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
+{
+    if (uiHalf >= gsc_uiHalfInfinite)
+    {
+        return 0;
+    }
+    const unsigned int uiExponent = uiHalf >> 10;
+    const unsigned long long ullFraction = uiHalf & 0x3FF;
+    const unsigned long long ullSteps = uiExponent == 0 ? ullFraction : (ullFraction + 0x400) << (uiExponent - 1);
+    return static_cast<long long>((ullSteps * 1000000 + (1ULL << 23)) >> 24);
+}
+
+// Without zeros at the end: "400 cd/m2".
+CMString LuminanceText(const CRecord& oBlock, unsigned int uiHalf)
+{
+    if (uiHalf >= gsc_uiHalfInfinite)
+    {
+        return uiHalf == gsc_uiHalfSign ? "not given" : "no number";
+    }
+    long long llLuminance = GetLuminance(oBlock, uiHalf);
+    unsigned int uiDecimals = gsc_uiLuminanceDecimals;
+    for (; uiDecimals != 0 && llLuminance % 10 == 0; llLuminance /= 10)
+    {
+        --uiDecimals;
+    }
+    return FormatNumber(llLuminance, uiDecimals, "cd/m2");
+}
+
+const char* CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
+{
+    return uiHalf >= gsc_uiHalfInfinite && uiHalf != gsc_uiHalfSign ? "no positive number" : nullptr;
+}
+
+constexpr SMeaning gsc_aoLuminances[] = { { gsc_uiHalfSign, gsc_uiHalfSign, "not given" } };
+
+constexpr SRow LuminanceRow(unsigned int uiOffset, const char* pszName)
+{
+    return { Little16(uiOffset), pszName,
+             Number("cd/m2")
+                 .Decimals(gsc_uiLuminanceDecimals)
+                 .Computed(GetLuminance)
+                 .With(gsc_aoLuminances)
+                 .Text(LuminanceText),
+             nullptr, CheckLuminance };
+}
+
+// ---- Brightness luminance range, DisplayID 2.1 (tag 2Eh): 6 bytes ----
+
+constexpr SRow gsc_aoBrightnessRows[] = {
+    LuminanceRow(0x03, "Minimum SDR luminance, full coverage"),
+    LuminanceRow(0x05, "Maximum suggested SDR luminance, full coverage"),
+    LuminanceRow(0x07, "Maximum boost SDR luminance"),
+};
+constexpr STable gsc_oBrightness = { "Brightness luminance range", eArea_Colour, gsc_aoBrightnessRows };
+
+// ---- Display parameters, DisplayID 1.3 (tag 1): 12 bytes ----
+
+constexpr SRow gsc_aoParameters1Rows[] = {
+    { Little16(0x03), "Horizontal image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven) },
+    { Little16(0x05), "Vertical image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven) },
+    { Little16(0x07), "Horizontal pixel count", Number("pixels").With(gsc_aoZeroNotGiven) },
+    { Little16(0x09), "Vertical pixel count", Number("lines").With(gsc_aoZeroNotGiven) },
+    { Bit(0x0B, 7), "Audio support on video interface", Flag() },
+    { Bit(0x0B, 6), "Separate audio inputs", Flag() },
+    { Bit(0x0B, 5), "Audio input override", Flag() },
+    { Bit(0x0B, 4), "Power management", Flag() },
+    { Bit(0x0B, 3), "Fixed timing", Flag() },
+    { Bit(0x0B, 2), "Fixed pixel format", Flag() },
+    { Bit(0x0B, 1), "ACP, ISRC1 or ISRC2 packets supported", Flag() },
+    { Bit(0x0B, 0), "De-interlacing", Flag() },
+};
+constexpr unsigned int gsc_uiWidthOffset = 0x03; // of both versions; the height is the next word
+
+// "699.4 x 393.4 mm"
+CMString SizeText(const CRecord& oBlock, unsigned int uiDecimals)
+{
+    const unsigned int uiWidth = oBlock.Get(Little16(gsc_uiWidthOffset));
+    const unsigned int uiHeight = oBlock.Get(Little16(gsc_uiWidthOffset + 2));
+    return FormatNumber(uiWidth, uiDecimals, "x ") + FormatNumber(uiHeight, uiDecimals, "mm");
+}
+CMString Parameters1Text(const CRecord& oBlock) { return SizeText(oBlock, 1); }
+constexpr STable gsc_oParameters1 = { "Display parameters", eArea_Display, gsc_aoParameters1Rows };
+
+constexpr SRow gsc_aoParameters1ColourRows[] = {
+    { Byte(0x0C), "Transfer characteristic gamma", HundredthsFrom1().With(gsc_aoFFNotGiven) },
+    { Byte(0x0D), "Aspect ratio", HundredthsFrom1() },
+    { Bits(0x0E, 7, 4), "Color bit depth, overall", NumberFrom1("bits per color") },
+    { Bits(0x0E, 3, 0), "Color bit depth, native", NumberFrom1("bits per color") },
+};
+constexpr STable gsc_oParameters1Colour = { "Display parameters", eArea_Colour, gsc_aoParameters1ColourRows };
+
+// ---- Display parameters, DisplayID 2.0 (tag 21h): 29 bytes ----
+
+constexpr auto gsc_aoSizePrecisions = Listed({ "0.1 mm", "1 mm" });
+constexpr auto gsc_aoScanOrientations =
+    Listed({ "left to right, top to bottom", "right to left, top to bottom", "top to bottom, right to left",
+             "bottom to top, right to left", "right to left, bottom to top", "left to right, bottom to top",
+             "bottom to top, left to right", "top to bottom, left to right" });
+constexpr auto gsc_aoLuminanceKinds =
+    Listed({ "minimum guaranteed value", "guidance for the source device", "reserved", "reserved" });
+constexpr auto gsc_aoChromaticityKinds = Listed({ "CIE 1931 (x, y)", "CIE 1976 (u', v')" });
+constexpr auto gsc_aoSpeakers = Listed({ "integrated", "not integrated" });
+constexpr auto gsc_aoDepths = Listed({ "not defined", "6 bits per color", "8 bits per color", "10 bits per color",
+                                       "12 bits per color", "16 bits per color", "reserved", "reserved" });
+constexpr SMeaning gsc_aoTechnologies2[] = {
+    { 0, 0, "not specified" }, { 1, 1, "active matrix LCD" }, { 2, 2, "organic LED" }, { 3, 7, "reserved" }
+};
+constexpr auto gsc_aoThemes = Listed({ "no preference", "dark theme preferred" });
+
+bool HasTenths(const CRecord& oBlock) { return !oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 7); }
+bool HasMillimetres(const CRecord& oBlock) { return !HasTenths(oBlock); }
+bool HasTheme(const CRecord& oBlock) { return GetRevision(oBlock) >= 1; }
+bool HasNoTheme(const CRecord& oBlock) { return !HasTheme(oBlock); }
+
+constexpr SRow gsc_aoParameters2FlagRows[] = {
+    { Bit(1, 7), "Image size precision", Flag(gsc_aoSizePrecisions) },
+    { Bits(1, 6, 3), "Reserved", Reserved() },
+};
+constexpr STable gsc_oParameters2Flags = { "Flags", eArea_Display, gsc_aoParameters2FlagRows };
+
+constexpr SRow gsc_aoParameters2Rows[] = {
+    { Little16(0x03), "Horizontal image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven), HasTenths },
+    { Little16(0x03), "Horizontal image size", Number("mm").With(gsc_aoZeroNotGiven), HasMillimetres },
+    { Little16(0x05), "Vertical image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven), HasTenths },
+    { Little16(0x05), "Vertical image size", Number("mm").With(gsc_aoZeroNotGiven), HasMillimetres },
+    { Little16(0x07), "Horizontal pixel count", Number("pixels").With(gsc_aoZeroNotGiven) },
+    { Little16(0x09), "Vertical pixel count", Number("lines").With(gsc_aoZeroNotGiven) },
+    { Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
+    { Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
+    { Bit(0x0B, 5), "Reserved", Reserved() },
+    { Bits(0x0B, 4, 3), "Luminance information", Names(gsc_aoLuminanceKinds) },
+    { Bits(0x0B, 2, 0), "Scan orientation", Names(gsc_aoScanOrientations) },
+};
+CMString Parameters2Text(const CRecord& oBlock) { return SizeText(oBlock, HasTenths(oBlock) ? 1 : 0); }
+constexpr STable gsc_oParameters2 = { "Display parameters", eArea_Display, gsc_aoParameters2Rows };
+
+// Coordinates of 12 bits, two in three bytes.
+constexpr SRow FirstCoordinateRow(unsigned int uiOffset, const char* pszName)
+{
+    return { Split({ { PlaceByte(uiOffset + 1), 3, 0 }, { PlaceByte(uiOffset), 7, 0 } }), pszName, Chromaticity() };
+}
+constexpr SRow SecondCoordinateRow(unsigned int uiOffset, const char* pszName)
+{
+    return { Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } }), pszName, Chromaticity() };
+}
+
+constexpr SRow gsc_aoParameters2ColourRows[] = {
+    FirstCoordinateRow(0x0C, "Primary color 1 x"),
+    SecondCoordinateRow(0x0C, "Primary color 1 y"),
+    FirstCoordinateRow(0x0F, "Primary color 2 x"),
+    SecondCoordinateRow(0x0F, "Primary color 2 y"),
+    FirstCoordinateRow(0x12, "Primary color 3 x"),
+    SecondCoordinateRow(0x12, "Primary color 3 y"),
+    FirstCoordinateRow(0x15, "White point x"),
+    SecondCoordinateRow(0x15, "White point y"),
+    LuminanceRow(0x18, "Maximum luminance, full coverage"),
+    LuminanceRow(0x1A, "Maximum luminance, 10% rectangular coverage"),
+    LuminanceRow(0x1C, "Minimum luminance"),
+    { Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), HasTheme },
+    { Bit(0x1E, 7), "Reserved", Reserved(), HasNoTheme },
+    { Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
+    { Bit(0x1E, 3), "Reserved", Reserved() },
+    { Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
+    { Byte(0x1F), "Gamma EOTF, native", HundredthsFrom1().With(gsc_aoFFNotGiven) },
+};
+constexpr STable gsc_oParameters2Colour = { "Display parameters", eArea_Colour, gsc_aoParameters2ColourRows };
+
+// ---- Color characteristics, DisplayID 1.3 (tag 2) ----
+
+constexpr auto gsc_aoMixings = Listed({ "spatial", "temporal" });
+constexpr SMeaning gsc_aoNone[] = { { 0, 0, "none" } };
+constexpr SMeaning gsc_aoNoPrimaries[] = { { 0, 0, "none, a standard color space" } };
+constexpr auto gsc_aoColourSpaces =
+    Listed({ "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "NTSC", "EBU", "Adobe wide gamut RGB", "DICOM" });
+
+constexpr SRow gsc_aoColourFlagRows[] = {
+    { Bit(1, 7), "Chromaticity coordinates", Flag(gsc_aoChromaticityKinds) },
+    { Bits(1, 6, 3), "Transfer characteristics data block", Number().With(gsc_aoNone) },
+};
+constexpr STable gsc_oColourFlags = { "Flags", eArea_Colour, gsc_aoColourFlagRows };
+
+bool HasStandardColourSpace(const CRecord& oBlock) { return oBlock.GetBits(3, 6, 4) == 0; }
+
+constexpr SRow gsc_aoColourRows[] = {
+    { Bit(3, 7), "Color mixing", Flag(gsc_aoMixings) },
+    { Bits(3, 6, 4), "Number of primaries", Number().With(gsc_aoNoPrimaries) },
+    { Bits(3, 3, 0), "Number of white points", Number() },
+    { Byte(4), "Standard color space", Names(gsc_aoColourSpaces), HasStandardColourSpace },
+};
+constexpr STable gsc_oColour = { "Color characteristics", eArea_Colour, gsc_aoColourRows };
+
+constexpr SRow gsc_aoCoordinateRows[] = { FirstCoordinateRow(0, "x"), SecondCoordinateRow(0, "y") };
+constexpr unsigned int gsc_uiCoordinatesSize = 3;
+
+// "0.6396, 0.3300"
+CMString CoordinatesText(const CRecord& oRecord)
+{
+    const auto fnText = [&](const SRow& oRow) {
+        return FormatNumber(ComputeNumber(oRow.m_oForm, oRecord.Get(oRow.m_oPlace), 0), oRow.m_oForm.m_uiDecimals,
+                            nullptr);
+    };
+    return fnText(gsc_aoCoordinateRows[0]) + ", " + fnText(gsc_aoCoordinateRows[1]);
+}
+constexpr STable gsc_oPrimary = { "Primary", eArea_Colour, gsc_aoCoordinateRows, CoordinatesText };
+constexpr STable gsc_oWhitePoint = { "White point", eArea_Colour, gsc_aoCoordinateRows, CoordinatesText };
+
+void MapCoordinates(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    const unsigned int uiPrimaries = oBlock.GetBits(3, 6, 4) * gsc_uiCoordinatesSize;
+    const unsigned int uiWhitePoints = oBlock.GetBits(3, 3, 0) * gsc_uiCoordinatesSize;
+    const unsigned int uiFirst = uiOffset + (HasStandardColourSpace(oBlock) ? 5 : 4);
+    oWriter.AddItems(gsc_oPrimary, uiFirst, uiPrimaries, gsc_uiCoordinatesSize);
+    oWriter.AddItems(gsc_oWhitePoint, uiFirst + uiPrimaries, uiWhitePoints, gsc_uiCoordinatesSize);
+}
+
+// ---- Display device data, DisplayID 1.3 (tag 0Ch): 13 bytes ----
+
+constexpr SMeaning gsc_aoTechnologies1[] = {
+    { 0x00, 0x00, "monochrome CRT" },
+    { 0x01, 0x01, "standard tricolor CRT" },
+    { 0x02, 0x02, "other CRT" },
+    { 0x10, 0x10, "passive matrix TN" },
+    { 0x11, 0x11, "passive matrix cholesteric LC" },
+    { 0x12, 0x12, "passive matrix ferroelectric LC" },
+    { 0x13, 0x13, "other passive matrix LC" },
+    { 0x14, 0x14, "active matrix TN" },
+    { 0x15, 0x15, "active matrix IPS" },
+    { 0x16, 0x16, "active matrix VA" },
+    { 0x17, 0x17, "active matrix OCB" },
+    { 0x18, 0x18, "active matrix ferroelectric" },
+    { 0x1F, 0x1F, "other LC" },
+    { 0x20, 0x20, "DC plasma" },
+    { 0x21, 0x21, "AC plasma" },
+    { 0x30, 0x3F, "electroluminescent, not OLED" },
+    { 0x40, 0x4F, "inorganic LED" },
+    { 0x50, 0x5F, "organic LED" },
+    { 0x60, 0x6F, "FED or like, cold cathode with phosphor" },
+    { 0x70, 0x7F, "electrophoretic" },
+    { 0x80, 0x8F, "electrochromic" },
+    { 0x90, 0x9F, "electromechanical" },
+    { 0xA0, 0xAF, "electrowetting" },
+    { 0xF0, 0xFF, "other" },
+};
+constexpr auto gsc_aoOperatingModes =
+    Listed({ "direct-view reflective, ambient light", "direct-view reflective, ambient light and light source",
+             "direct-view reflective, light source", "direct-view transmissive, ambient light",
+             "direct-view transmissive, ambient light and light source", "direct-view transmissive, light source",
+             "direct-view emissive", "direct-view transflective, backlight off by default",
+             "direct-view transflective, backlight on by default", "transparent, ambient light", "transparent emissive",
+             "projection, reflective light modulator", "projection, transmissive light modulator",
+             "projection, emissive transducer" });
+constexpr auto gsc_aoOrientations = Listed({ "landscape", "portrait", "not fixed", "undefined" });
+constexpr auto gsc_aoRotations =
+    Listed({ "none", "90 degrees clockwise", "90 degrees counterclockwise", "90 degrees either way" });
+constexpr auto gsc_aoZeroPixels = Listed({ "upper left", "upper right", "lower left", "lower right" });
+constexpr auto gsc_aoScanDirections =
+    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", "reserved" });
+constexpr auto gsc_aoSubPixels =
+    Listed({ "not defined", "RGB vertical stripes", "RGB horizontal stripes", "vertical stripes in primary order",
+             "horizontal stripes in primary order", "quad, red top left", "quad, red bottom left", "delta (triad) RGB",
+             "mosaic", "quad, RGB and 1 more color", "five sub-pixels, RGB and 2 more colors",
+             "six sub-pixels, RGB and 3 more colors", "PenTile matrix" });
+constexpr auto gsc_aoTransitions = Listed({ "black to white", "white to black" });
+
+constexpr SRow gsc_aoDeviceRows[] = {
+    { Byte(0x03), "Display device technology", Names(gsc_aoTechnologies1) },
+    { Bits(0x04, 7, 4), "Operating mode", Names(gsc_aoOperatingModes) },
+    { Bit(0x04, 3), "Backlight switchable", Flag() },
+    { Bit(0x04, 2), "Backlight intensity controllable", Flag() },
+    { Bits(0x04, 1, 0), "Reserved", Reserved() },
+    { Little16(0x05), "Horizontal pixel count", NumberFrom1("pixels") },
+    { Little16(0x07), "Vertical pixel count", NumberFrom1("lines") },
+    { Byte(0x09), "Aspect ratio", HundredthsFrom1() },
+    { Bits(0x0A, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
+    { Bits(0x0A, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
+    { Bits(0x0A, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
+    { Bits(0x0A, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
+    { Byte(0x0B), "Sub-pixel layout", Names(gsc_aoSubPixels) },
+    { Byte(0x0C), "Horizontal dot or pixel pitch", Number("mm").Decimals(2) },
+    { Byte(0x0D), "Vertical dot or pixel pitch", Number("mm").Decimals(2) },
+    { Bits(0x0E, 7, 4), "Reserved", Reserved() },
+    { Bits(0x0E, 3, 0), "Color bit depth", Unknown() }, // as stored; whether the depth is one more is not certain
+    { Bit(0x0F, 7), "Response time transition", Flag(gsc_aoTransitions) },
+    { Bits(0x0F, 6, 0), "Response time", Number("ms") },
+};
+constexpr STable gsc_oDevice = { "Display device data", eArea_Display, gsc_aoDeviceRows };
+
+// ---- Transfer characteristics, DisplayID 1.3 (tag 0Eh): curves, each with its length first ----
+
+constexpr auto gsc_aoCurveForms = Listed({ "sample list", "four parameters" });
+
+constexpr SRow gsc_aoTransferFlagRows[] = {
+    { Bits(1, 7, 4), "Identifier", Number().With(gsc_aoNone) },
+    { Bit(1, 3), "Reserved", Reserved() },
+};
+constexpr STable gsc_oTransferFlags = { "Flags", eArea_Colour, gsc_aoTransferFlagRows };
+
+constexpr SRow gsc_aoTransferRows[] = {
+    { Bit(3, 7), "First curve is white", Flag() },
+    { Bit(3, 6), "Individual response curves", Flag() },
+    { Bit(3, 5), "Curve form", Flag(gsc_aoCurveForms) },
+    { Bits(3, 4, 0), "Reserved", Reserved() },
+};
+constexpr STable gsc_oTransfer = { "Transfer characteristics", eArea_Colour, gsc_aoTransferRows };
+constexpr unsigned int gsc_uiFirstCurve = 4;
+
+// The steps from each sample to the next, in 1/1023 of full scale. The last sample is 1023, and not stored.
+constexpr SRow gsc_aoSampleRows[] = { { Byte(0), "Number of samples", Number() },
+                                      { RunToEnd(1), "Steps of 1/1023", Bytes() } };
+constexpr STable gsc_oSamples = { "Curve", eArea_Colour, gsc_aoSampleRows };
+
+constexpr SRow gsc_aoParameterRows[] = {
+    { Byte(0), "Number of parameters", Number() },
+    { Byte(1), "A0", Number() },
+    { Byte(2), "A1", Number() },
+    { Byte(3), "A2", Number() },
+    { Byte(4), "A3", Number() },
+    { Byte(5), "Gamma", HundredthsFrom1() },
+};
+constexpr STable gsc_oParameters = { "Curve", eArea_Colour, gsc_aoParameterRows };
+
+void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    const bool bParameters = oBlock.IsSet(3, 5);
+    unsigned int uiSize = 0;
+    unsigned int uiIndex = 0;
+    for (unsigned int uiAt = gsc_uiFirstCurve; uiAt < oBlock.GetSize(); uiAt += uiSize)
+    {
+        const unsigned int uiCount = oBlock.GetByte(uiAt);
+        uiSize = uiCount + (bParameters ? 1 : 0); // the last sample of a list is not stored
+        if (uiCount == 0 || uiSize > oBlock.GetSize() - uiAt)
+        {
+            return;
+        }
+        oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize, uiIndex++);
+    }
+}
+
+// ---- Data blocks ----
+
+// clang-format off
+constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
+    { 0x00, Group("Product identification data block", eArea_Identity),
+      AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct1 }, MapProductText },
+    { 0x01, Group("Display parameters data block", eArea_Display, Parameters1Text),
+      Exactly(12), nullptr, { &gsc_oParameters1, &gsc_oParameters1Colour } },
+    { 0x02, Group("Color characteristics data block", eArea_Colour),
+      AtLeast(1), &gsc_oColourFlags, { &gsc_oColour }, MapCoordinates },
+    { 0x0A, Group("Product serial number data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oSerial } },
+    { 0x0B, Group("General-purpose ASCII string data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oString } },
+    { 0x0C, Group("Display device data data block", eArea_Display), Exactly(13), nullptr, { &gsc_oDevice } },
+    { 0x0E, Group("Transfer characteristics data block", eArea_Colour),
+      AtLeast(1), &gsc_oTransferFlags, { &gsc_oTransfer }, MapCurves },
+};
+
+constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
+    { 0x20, Group("Product identification data block", eArea_Identity),
+      AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct2 }, MapProductText },
+    { 0x21, Group("Display parameters data block", eArea_Display, Parameters2Text),
+      Exactly(29), &gsc_oParameters2Flags, { &gsc_oParameters2, &gsc_oParameters2Colour } },
+    { 0x29, Group("ContainerID data block", eArea_Identity),
+      Exactly(gsc_uiContainerIdSize), nullptr, { &gsc_oContainerId } },
+    { 0x2E, Group("Brightness luminance range data block", eArea_Colour), Exactly(6), nullptr, { &gsc_oBrightness } },
+};
+// clang-format on
+} // namespace
+
+const std::span<const SDisplayIdBlock> g_aoDisplayId1ProductBlocks = gsc_aoBlocks1;
+const std::span<const SDisplayIdBlock> g_aoDisplayId2ProductBlocks = gsc_aoBlocks2;

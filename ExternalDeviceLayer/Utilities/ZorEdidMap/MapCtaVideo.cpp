@@ -238,7 +238,7 @@ constexpr SRow gsc_aoReferenceRows[] = {
     { Byte(0), "First video format descriptor, refresh rate", Names(gsc_aoRateIndexes), WhereIn<161, 175> },
     { Byte(0), "Video identification code", Names(gsc_aoVideoFormats), WhereIn<193, 253> },
     { Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode), WhereIn<254, 254> },
-    { Byte(0), "Short video reference", Names(gsc_aoReservedCode), IsReservedReference },
+    { Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsReservedReference },
 };
 
 CMString ReferenceSummary(const CRecord& oReference)

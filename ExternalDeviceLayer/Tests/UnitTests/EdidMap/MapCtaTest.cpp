@@ -74,32 +74,37 @@ void ExpectValue(const CZorEdidMap& oMap, unsigned int uiField, const std::strin
         << oMap.GetField(uiField).m_pszName;
 }
 
+void CheckRow(const SCaseRow& oRow)
+{
+    const CBytes aui8Image = MakeImage(oRow);
+    CZorEdidMap oMap;
+    ASSERT_EQ(1, oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
+    unsigned int uiNext = 0;
+    std::vector<std::string> asNotes;
+    for (const std::string& sPart : SplitAtSemicolons(oRow.GetText(3)))
+    {
+        if (sPart[0] == '!')
+        {
+            asNotes.push_back(sPart.substr(1));
+            const std::vector<std::string> asOfField = GetNotes(oMap, uiNext - 1);
+            EXPECT_NE(asOfField.end(), std::find(asOfField.begin(), asOfField.end(), asNotes.back())) << sPart;
+            continue;
+        }
+        const std::string sName = sPart.substr(0, sPart.find('='));
+        const unsigned int uiField = FindNext(oMap, uiNext, sName);
+        ASSERT_LT(uiField, oMap.GetFieldCount()) << sName;
+        ExpectValue(oMap, uiField, sPart.substr(sPart.find('=') + 1));
+        uiNext = uiField + 1;
+    }
+    EXPECT_EQ(asNotes, GetNotes(oMap));
+}
+
 TEST(MapCta, FieldsAndNotesOfEachDataBlock)
 {
     for (const SCaseRow& oRow : ReadCases("EdidMap/golden/cta-blocks.txt", 4))
     {
         SCOPED_TRACE(oRow.GetName());
-        const CBytes aui8Image = MakeImage(oRow);
-        CZorEdidMap oMap;
-        ASSERT_EQ(1, oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
-        unsigned int uiNext = 0;
-        std::vector<std::string> asNotes;
-        for (const std::string& sPart : SplitAtSemicolons(oRow.GetText(3)))
-        {
-            if (sPart[0] == '!')
-            {
-                asNotes.push_back(sPart.substr(1));
-                const std::vector<std::string> asOfField = GetNotes(oMap, uiNext - 1);
-                EXPECT_NE(asOfField.end(), std::find(asOfField.begin(), asOfField.end(), asNotes.back())) << sPart;
-                continue;
-            }
-            const std::string sName = sPart.substr(0, sPart.find('='));
-            const unsigned int uiField = FindNext(oMap, uiNext, sName);
-            ASSERT_LT(uiField, oMap.GetFieldCount()) << sName;
-            ExpectValue(oMap, uiField, sPart.substr(sPart.find('=') + 1));
-            uiNext = uiField + 1;
-        }
-        EXPECT_EQ(asNotes, GetNotes(oMap));
+        CheckRow(oRow);
     }
 }
 } // namespace

@@ -106,7 +106,7 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
       Rows(g_oCtaMicrosoftTable) },
     { Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eVendor, AtLeast(2), eOnce, Rows(g_oCtaUhdTable) },
     { Tag(3), "Vendor-specific data block", eVendor },
-    { Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Rows(g_oCtaSpeakerTable) },
+    { Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
     { Tag(5), "VESA display transfer characteristic data block", eColour, AtLeast(7), eAny, Walk(MapCtaTransfer) },
     { Tag(6), "Video format data block", eTiming, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
     { Extended(0), "Video capability data block", eDisplay, Exactly(1), eOnce, Rows(g_oCtaVideoCapabilityTable) },

@@ -222,6 +222,8 @@ constexpr SRow gsc_aoSpeakerRows[] = {
     { Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
 };
 
+constexpr STable gsc_oSpeakerTable = { "Speaker allocation", eAudio, gsc_aoSpeakerRows };
+
 // ---- HDMI Audio Data Block: HDMI 2.0 ----
 
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
@@ -330,8 +332,12 @@ constexpr SRow gsc_aoDolbyRows[] = {
 } // namespace
 
 constinit const STable g_oCtaAudioTable = { "Short audio descriptor", eAudio, gsc_aoAudioRows, AudioSummary };
-constinit const STable g_oCtaSpeakerTable = { "Speaker allocation", eAudio, gsc_aoSpeakerRows };
 constinit const STable g_oCtaDolbyAudioTable = { "Dolby audio", eAudio, gsc_aoDolbyRows };
+
+void MapCtaSpeakers(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oSpeakerTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, gsc_uiSpeakerSize));
+}
 
 void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
@@ -346,7 +352,7 @@ void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddItems(gsc_oHdmiAudioTable, oPayload.m_uiOffset + gsc_uiHdmiHeadSize, uiSize, gsc_uiHdmiAudioSize);
     if (oPayload.m_uiLength - uiSpeakers >= gsc_uiHdmiSpeakerSize)
     {
-        oWriter.AddRecord(g_oCtaSpeakerTable, oPayload.m_uiOffset + uiSpeakers, gsc_uiHdmiSpeakerSize);
+        oWriter.AddRecord(gsc_oSpeakerTable, oPayload.m_uiOffset + uiSpeakers, gsc_uiHdmiSpeakerSize);
     }
 }
 
@@ -355,7 +361,7 @@ void MapCtaRoom(CMapWriter& oWriter, const SCtaPayload& oPayload)
     constexpr unsigned int uiSpeakersOffset = 1;
     if (oPayload.m_uiLength >= uiSpeakersOffset + gsc_uiSpeakerSize)
     {
-        oWriter.AddRows(g_oCtaSpeakerTable, oPayload.m_uiOffset + uiSpeakersOffset, gsc_uiSpeakerSize);
+        oWriter.AddRows(gsc_oSpeakerTable, oPayload.m_uiOffset + uiSpeakersOffset, gsc_uiSpeakerSize);
     }
     oWriter.AddRows(gsc_oRoomTable, oPayload.m_uiOffset, oPayload.m_uiLength);
 }

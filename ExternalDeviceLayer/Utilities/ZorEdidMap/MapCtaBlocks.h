@@ -83,8 +83,8 @@ void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload);
 
 // MapCtaAudio.cpp
 extern const STable g_oCtaAudioTable; // an item of the Audio Data Block
-extern const STable g_oCtaSpeakerTable;
 extern const STable g_oCtaDolbyAudioTable;
+void MapCtaSpeakers(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaRoom(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaSpeakerLocations(CMapWriter& oWriter, const SCtaPayload& oPayload);

@@ -276,7 +276,7 @@ constexpr STable gsc_oStereo = { "Stereo display interface", eArea_Structure, gs
 
 // The method code and its parameters, counted from the code.
 constexpr SRow gsc_aoMethodRows[] = {
-    { Byte(0), "Stereo method", Names(gsc_aoStereoMethods) },
+    { Byte(0), "Stereo method code", Names(gsc_aoStereoMethods) },
     { Bit(1, 0), "Stereo polarity", Flag(gsc_aoStereoPolarities), IsMethod<0> },
     { Bit(1, 0), "Left half", Flag(gsc_aoViews), IsMethod<1> },
     { Run(1, 8), "Interleaving pattern, 8 rows", Bytes(), IsMethod<2> }, // bit 7 leftmost; 1 is left

@@ -49,8 +49,11 @@ constexpr SRow gsc_oProductText = { RunToEnd(0), "Product ID string", Text() };
 
 void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
+    const unsigned int uiLeft =
+        oBlock.GetSize() > gsc_uiProductTextOffset ? oBlock.GetSize() - gsc_uiProductTextOffset : 0;
+    const unsigned int uiTold = oBlock.GetByte(gsc_uiProductTextLengthOffset);
     oWriter.AddLeaf(gsc_oProductText, eArea_Identity, uiOffset + gsc_uiProductTextOffset,
-                    oBlock.GetByte(gsc_uiProductTextLengthOffset));
+                    uiTold < uiLeft ? uiTold : uiLeft);
 }
 
 // ---- Texts, DisplayID 1.3 (tags 0Ah and 0Bh); container ID, DisplayID 2.0 (tag 29h) ----

@@ -97,7 +97,8 @@ class CCodeNumbers
 public:
     explicit CCodeNumbers(unsigned int uiFirst) : m_uiNext(uiFirst) {}
 
-    // msc_uiNone for a code that is not listed.
+    // msc_uiNone for a code that is not listed. The classes list 193 to 253 as the native forms of 65 to 125. CTA-861-F
+    // made them codes of their own, so that the number would lead to another timing than the byte says.
     unsigned int Add(unsigned int uiSvd)
     {
         unsigned int uiVic = 0;
@@ -114,12 +115,13 @@ public:
             uiNumber = m_uiNext + 1;
             m_uiNext += bVariant ? 2 : 1;
         }
-        return uiNumber - 1;
+        return uiSvd <= msc_uiLastNativeSvd ? uiNumber - 1 : CZorEdidMap::msc_uiNone;
     }
     unsigned int GetNext() const { return m_uiNext; }
 
 private:
     static constexpr unsigned int msc_uiCodes = 128;
+    static constexpr unsigned int msc_uiLastNativeSvd = 192;
 
     unsigned int m_auiNumbers[msc_uiCodes][2] = {};
     unsigned int m_uiNext;

@@ -1,0 +1,261 @@
+// The map of an image: what each byte says, and the promise that every bit is said once.
+
+#include <gtest/gtest.h>
+
+#include "CaseFile.h"
+#include "CEdidTestImages.h"
+#include "DisplayIdImages.h"
+#include "MapCheck.h"
+#include "OsServices.h"
+#include "SharedFiles.h"
+#include "VidParamTimingGeneric.h"
+
+namespace
+{
+// Without the lines of the classes about bad blocks.
+class Map : public testing::Test
+{
+protected:
+    Map() { OsServices::SetMsgLevel(0, 0, 0); }
+};
+
+using CImages = std::map<std::string, CBytes>;
+
+CImages GetOwnImages()
+{
+    CImages oImages = { { "both blocks", MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() }) } };
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
+    {
+        oImages[oImage.m_pszName] = ToBytes(*oImage.m_paui8Image);
+    }
+    return oImages;
+}
+
+CImages GetAllImages()
+{
+    CImages oImages = GetOwnImages();
+    oImages.merge(ReadImages(ZOREDID_SHARED_DIR "/corpus"));
+    return oImages;
+}
+
+// From a buffer of exactly that size, which is gone when the map is asked.
+void ReadExact(CZorEdidMap& oMap, const CBytes& aui8Image)
+{
+    EXPECT_EQ(aui8Image.empty() ? 0 : 1,
+              oMap.Read(static_cast<unsigned int>(aui8Image.size()), CopyToHeap(aui8Image).get()));
+}
+
+std::string CheckImage(const CBytes& aui8Image)
+{
+    CZorEdidMap oMap;
+    ReadExact(oMap, aui8Image);
+    return CheckMap(oMap);
+}
+
+// ---- The promise ----
+
+TEST_F(Map, EveryBitIsInOneLeaf)
+{
+    for (const auto& [sName, aui8Image] : GetAllImages())
+    {
+        EXPECT_EQ("", CheckImage(aui8Image)) << sName;
+        CBytes aui8Late = aui8Image; // as 1.3, and as the revision to come
+        aui8Late[0x13] = aui8Image[0x13] == 3 ? 5 : 3;
+        EXPECT_EQ("", CheckImage(aui8Late)) << sName << ", another revision";
+    }
+}
+
+TEST_F(Map, EveryBitOfDamagedAndCutImagesIsInOneLeaf)
+{
+    unsigned int uiRandom = 1;
+    for (const auto& [sName, aui8Image] : GetOwnImages())
+    {
+        for (size_t i = 0; i < aui8Image.size(); i += 1 + uiRandom % 3)
+        {
+            uiRandom = uiRandom * 1664525 + 1013904223;
+            CBytes aui8Damaged = aui8Image;
+            aui8Damaged[i] = static_cast<unsigned char>(uiRandom >> 24);
+            aui8Damaged[(uiRandom >> 8) % aui8Image.size()] ^= 0x55;
+            aui8Damaged.resize(uiRandom % 4 == 0 ? i + 1 : aui8Image.size());
+            EXPECT_EQ("", CheckImage(aui8Damaged)) << sName << ", byte " << i;
+        }
+    }
+}
+
+TEST_F(Map, TakesAnySize)
+{
+    CZorEdidMap oMap;
+    EXPECT_EQ(1, oMap.Read(3, CopyToHeap({ 1, 2, 3 }).get()));
+    EXPECT_NE(0U, oMap.GetFieldCount());
+    EXPECT_EQ(0, oMap.Read(3, nullptr));
+    EXPECT_EQ(0U, oMap.GetFieldCount() + oMap.GetSize() + oMap.GetNoteCount());
+    EXPECT_EQ(CZorEdidMap::msc_uiNone, oMap.FindLeaf(0, 0));
+
+    // 256 blocks and three bytes that are none.
+    CBytes aui8Image = MakeEdid({});
+    aui8Image[0x7E] = 255;
+    aui8Image.resize(256 * gsc_uiBlockSize + 3, 0xF0);
+    EXPECT_EQ("", CheckImage(aui8Image));
+    ReadExact(oMap, aui8Image);
+    const CZorEdidMap::SField& oTail = oMap.GetField(oMap.FindLeaf(256 * gsc_uiBlockSize + 1, 0));
+    EXPECT_EQ(std::make_pair(256U * 128U, 3U), std::make_pair(oTail.m_uiOffset, oTail.m_uiLength));
+}
+
+// ---- What bytes say: an image with bytes changed, a place, and the field there ----
+
+// "@14 B5 @36 00 00": bytes from 14h on, and from 36h on.
+CBytes Change(CBytes aui8Image, const std::string& sChanges)
+{
+    std::istringstream oStream(sChanges);
+    size_t uiOffset = 0;
+    for (std::string sToken; oStream >> sToken;)
+    {
+        if (sToken[0] == '@')
+        {
+            uiOffset = std::stoul(sToken.substr(1), nullptr, 16);
+            continue;
+        }
+        for (const unsigned char ui8Byte : ParseBytes(sToken))
+        {
+            aui8Image.at(uiOffset++) = ui8Byte;
+        }
+    }
+    return aui8Image;
+}
+
+// "14.7" is the leaf of bit 7 of byte 14h; each '^' in front goes out by one group.
+unsigned int FindPlace(const CZorEdidMap& oMap, const std::string& sPlace)
+{
+    const size_t uiLevels = sPlace.find_first_not_of('^');
+    const size_t uiPoint = sPlace.find('.');
+    unsigned int uiField =
+        oMap.FindLeaf(static_cast<unsigned int>(std::stoul(sPlace.substr(uiLevels, uiPoint - uiLevels), nullptr, 16)),
+                      static_cast<unsigned int>(std::stoul(sPlace.substr(uiPoint + 1))));
+    for (size_t i = 0; i < uiLevels; ++i)
+    {
+        const unsigned int uiDepth = oMap.GetField(uiField).m_uiDepth;
+        while (uiField > 0 && oMap.GetField(uiField).m_uiDepth >= uiDepth)
+        {
+            --uiField;
+        }
+    }
+    return uiField;
+}
+
+std::string GetNotes(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    std::string sNotes;
+    for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+    {
+        const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
+        sNotes += oNote.m_uiField != uiField ? "" : (sNotes.empty() ? "" : "; ") + std::string(oNote.m_pszText);
+    }
+    return sNotes;
+}
+
+std::string TrimEnd(const std::string& sText) { return sText.substr(0, sText.find_last_not_of(' ') + 1); }
+
+// Columns: reason, changes, place, name, value, notes or "-".
+void RunCases(const char* pszFile, const CBytes& aui8Image)
+{
+    for (const SCaseRow& oRow : ReadCases(pszFile, 6))
+    {
+        CZorEdidMap oMap;
+        ReadExact(oMap, FixChecksums(Change(aui8Image, oRow.GetText(1))));
+        const unsigned int uiField = FindPlace(oMap, oRow.GetText(2));
+        EXPECT_EQ(oRow.GetText(3), oMap.GetField(uiField).m_pszName) << oRow.GetName();
+        EXPECT_EQ(oRow.GetText(4), TrimEnd(static_cast<const char*>(oMap.GetValue(uiField)))) << oRow.GetName();
+        EXPECT_EQ(oRow.GetText(5) == "-" ? "" : oRow.GetText(5), GetNotes(oMap, uiField)) << oRow.GetName();
+        EXPECT_EQ("", CheckMap(oMap)) << oRow.GetName();
+    }
+}
+
+TEST_F(Map, BaseBlock) { RunCases("EdidMap/golden/base.txt", MakeEdid({})); }
+
+TEST_F(Map, BlocksAsCounted)
+{
+    CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    ++aui8Image[0x7F];
+    aui8Image[0x80 + 0x7F] = 0;
+    CZorEdidMap oMap;
+    ReadExact(oMap, aui8Image);
+    const unsigned int uiChecksum = oMap.FindLeaf(0x7F, 0);
+    CMString sExpected;
+    sExpected.Format("0x%02x, should be 0x%02x", aui8Image[0x7F], aui8Image[0x7F] - 1);
+    EXPECT_STREQ(sExpected, oMap.GetValue(uiChecksum));
+    EXPECT_EQ("the checksum is wrong", GetNotes(oMap, uiChecksum));
+
+    const CBytes aui8Block = MakeCeaBlock();
+    const CBytes aui8More = Join({ MakeEdid({ aui8Block }), aui8Block, CBytes(gsc_uiBlockSize / 2) });
+    ReadExact(oMap, aui8More);
+    EXPECT_EQ("", GetNotes(oMap, FindPlace(oMap, "^80.0")));
+    EXPECT_EQ("not counted by the number of extension blocks", GetNotes(oMap, FindPlace(oMap, "^100.0")));
+    EXPECT_EQ("cut short: a block has 128 bytes; not counted by the number of extension blocks",
+              GetNotes(oMap, FindPlace(oMap, "^180.0")));
+    // HDMI's own count, of 2, stands first in block 1.
+    CBytes aui8Counted = aui8More;
+    Append(aui8Counted, CBytes(gsc_uiBlockSize / 2));
+    const CBytes aui8Count = ParseBytes("02 03 07 00 E2 78 02");
+    std::copy(aui8Count.begin(), aui8Count.end(), aui8Counted.begin() + gsc_uiBlockSize);
+    ReadExact(oMap, aui8Counted);
+    EXPECT_EQ("", GetNotes(oMap, FindPlace(oMap, "^100.0")));
+}
+
+// ---- Numbers ----
+
+// "1920 x 1080i @ 60 Hz" and "1920x1080i 59.94/60 Hz 16:9" begin with the size of the timing.
+bool HasSize(std::string sText, const CVidParamTimingGeneric& oTiming)
+{
+    std::erase(sText, ' ');
+    const std::string sSize =
+        std::to_string(oTiming.GetHorizontalActive()) + "x" + std::to_string(oTiming.GetVerticalActive());
+    return sText.starts_with(sSize) && (sText.size() == sSize.size() || !isdigit(sText[sSize.size()]));
+}
+
+TEST_F(Map, NumbersAreThoseOfTheLibrary)
+{
+    for (const auto& [sName, aui8Image] : GetAllImages())
+    {
+        CEdid oEdid;
+        CZorEdidMap oMap;
+        if (LoadExact(oEdid, aui8Image) == 0)
+        {
+            continue;
+        }
+        ReadExact(oMap, aui8Image);
+        unsigned int auiFound[CZorEdidMap::eList_Detailed + 1] = {};
+        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+        {
+            const CZorEdidMap::SField& oField = oMap.GetField(i);
+            const unsigned int uiNumber = oField.m_uiTiming;
+            const std::string sValue = static_cast<const char*>(oMap.GetValue(i));
+            CVidParamTimingGeneric oTiming;
+            switch (oField.m_eList)
+            {
+            case CZorEdidMap::eList_Established:
+                EXPECT_NE(0, oEdid.GetEstablished(uiNumber, &oTiming, 0)) << sName;
+                EXPECT_TRUE(HasSize(oField.m_pszName, oTiming)) << sName << ": " << oField.m_pszName;
+                break;
+            case CZorEdidMap::eList_Standard:
+                EXPECT_NE(0, oEdid.GetStandard(uiNumber, &oTiming, nullptr)) << sName;
+                // The library takes these pairs as the modes of 768 and 480 lines.
+                EXPECT_TRUE(HasSize(sValue, oTiming) || sValue.starts_with("1360 x 765") ||
+                            sValue.starts_with("848 x 477"))
+                    << sName << ": " << sValue;
+                break;
+            case CZorEdidMap::eList_Detailed:
+                EXPECT_NE(0, oEdid.GetDetailed(uiNumber, &oTiming)) << sName;
+                EXPECT_TRUE(HasSize(sValue, oTiming)) << sName << ": " << sValue;
+                break;
+            case CZorEdidMap::eList_None:
+                EXPECT_EQ(CZorEdidMap::msc_uiNone, uiNumber) << sName;
+                continue;
+            }
+            ++auiFound[oField.m_eList];
+        }
+        EXPECT_EQ(oEdid.GetEstablishedCount(0), auiFound[CZorEdidMap::eList_Established]) << sName;
+        EXPECT_LE(oEdid.GetBaseStandardCount(), auiFound[CZorEdidMap::eList_Standard]) << sName;
+        EXPECT_LE(oEdid.GetBaseDetailedCount(), auiFound[CZorEdidMap::eList_Detailed]) << sName;
+    }
+}
+} // namespace

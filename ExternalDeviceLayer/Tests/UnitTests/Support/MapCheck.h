@@ -1,0 +1,106 @@
+// The promise of a map, for tests and fuzz targets that link zor_edid_map: every bit belongs to exactly one leaf, and
+// the list of fields is a tree over the bytes.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "MapWriter.h"
+
+// Takes the pieces of a leaf; false for one that is malformed or takes a bit again.
+inline bool TakePieces(const CZorEdidMap& oMap, unsigned int uiField, std::vector<unsigned char>& aui8Taken)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    unsigned int uiFirst = oMap.GetSize();
+    unsigned int uiEnd = 0;
+    for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        uiFirst = std::min(uiFirst, oPiece.m_uiOffset);
+        uiEnd = std::max(uiEnd, oPiece.m_uiOffset + oPiece.m_uiLength);
+        if (oPiece.m_uiLength == 0 || uiEnd > oMap.GetSize() || oPiece.m_ui8Mask == 0 ||
+            (oPiece.m_uiLength > 1 && oPiece.m_ui8Mask != 0xFF))
+        {
+            return false;
+        }
+        for (unsigned int uiByte = oPiece.m_uiOffset; uiByte < oPiece.m_uiOffset + oPiece.m_uiLength; ++uiByte)
+        {
+            if ((aui8Taken[uiByte] & oPiece.m_ui8Mask) != 0)
+            {
+                return false;
+            }
+            aui8Taken[uiByte] |= oPiece.m_ui8Mask;
+            for (unsigned int uiBit = 0; uiBit < 8; ++uiBit)
+            {
+                if (((oPiece.m_ui8Mask >> uiBit) & 1) != 0 && oMap.FindLeaf(uiByte, uiBit) != uiField)
+                {
+                    return false;
+                }
+            }
+        }
+    }
+    return oField.m_uiPieces != 0 && oField.m_uiOffset == uiFirst && oField.m_uiLength == uiEnd - uiFirst;
+}
+
+inline bool IsPrintable(const CMString& sText)
+{
+    const std::string sCharacters = static_cast<const char*>(sText);
+    return static_cast<int>(sCharacters.size()) == sText.GetLength() &&
+           std::ranges::all_of(sCharacters, [](char cOne) { return cOne >= ' ' && cOne <= '~'; });
+}
+
+// Empty, or what is broken and where. Asks everything that can be asked.
+inline std::string CheckMap(const CZorEdidMap& oMap)
+{
+    std::vector<unsigned char> aui8Taken(oMap.GetSize());
+    std::vector<unsigned int> auiOpen; // groups around the field at hand
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        while (!auiOpen.empty() && i >= oMap.GetField(auiOpen.back()).m_uiEnd)
+        {
+            auiOpen.pop_back();
+        }
+        const std::string sWhere = " of field " + std::to_string(i) + ", " + oField.m_pszName;
+        if (oField.m_uiDepth != auiOpen.size())
+        {
+            return "the depth" + sWhere;
+        }
+        if (!auiOpen.empty())
+        {
+            const CZorEdidMap::SField& oGroup = oMap.GetField(auiOpen.back());
+            if (oField.m_uiOffset < oGroup.m_uiOffset || oField.m_uiEnd > oGroup.m_uiEnd ||
+                oField.m_uiOffset + oField.m_uiLength > oGroup.m_uiOffset + oGroup.m_uiLength)
+            {
+                return "the group" + sWhere;
+            }
+        }
+        if (oField.m_eKind == CZorEdidMap::eKind_Group)
+        {
+            auiOpen.push_back(i);
+        }
+        else if (oField.m_uiEnd != i + 1 || !TakePieces(oMap, i, aui8Taken))
+        {
+            return "the place" + sWhere;
+        }
+        if (!IsPrintable(oMap.GetValue(i)))
+        {
+            return "the value" + sWhere;
+        }
+    }
+    for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+    {
+        const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
+        if (oNote.m_pszText == nullptr || oNote.m_uiField >= oMap.GetFieldCount() ||
+            (i != 0 && oNote.m_uiField < oMap.GetNote(i - 1).m_uiField))
+        {
+            return "note " + std::to_string(i);
+        }
+    }
+    const auto itFree = std::ranges::find_if(aui8Taken, [](unsigned char ui8Bits) { return ui8Bits != 0xFF; });
+    const char* pszOverlap = CMapWriter::GetOverlap(oMap);
+    return itFree != aui8Taken.end() ? "byte " + std::to_string(itFree - aui8Taken.begin()) + " is in no leaf"
+           : pszOverlap != nullptr   ? std::string("another row has the bits of ") + pszOverlap
+                                     : "";
+}

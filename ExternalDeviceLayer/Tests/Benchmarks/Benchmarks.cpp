@@ -5,8 +5,8 @@
 //     build/benchmark/ExternalDeviceLayer/Tests/Benchmarks/zor_benchmarks [OPTIONS] [FOLDER]
 //
 // FOLDER holds .bin images; without it the self-check's are taken. "Image_" rows run over all images, and their columns
-// are an image's: time, calls of operator new, timings or lines. A question or an edit that refuses is an error: what
-// is measured is the work, not the way out.
+// are an image's: time, calls of operator new, timings, lines or fields. A question or an edit that refuses is an
+// error: what is measured is the work, not the way out.
 
 #include <benchmark/benchmark.h>
 
@@ -26,6 +26,7 @@
 #include "VidParamCea.h"
 #include "VidParamTimingFunc.h"
 #include "VidParamTimingGeneric.h"
+#include "ZorEdidMap.h"
 #include "ZorEdidUtils.h"
 
 namespace
@@ -139,6 +140,20 @@ struct SRow
     std::function<unsigned int(size_t uiImage)> m_fnRun; // gives 0 for a refusal
 };
 
+// The map of an image, and the text of each field where asked for; gives the number of fields.
+template <int VALUES>
+unsigned int ReadMap(size_t uiImage)
+{
+    const CBytes& aui8Image = g_aaui8Images[uiImage];
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    for (unsigned int i = 0; VALUES != 0 && i < oMap.GetFieldCount(); ++i)
+    {
+        benchmark::DoNotOptimize(oMap.GetValue(i).GetLength());
+    }
+    return oMap.GetFieldCount();
+}
+
 const SRow gsc_aoImageRows[] = {
     { "Image_A_Load", LoadAnd<[](const CEdid&) { return 1U; }> },
     { "Image_B_LoadAndWalk", LoadAnd<Walk> },
@@ -150,6 +165,8 @@ const SRow gsc_aoImageRows[] = {
     { "Image_E_CompareWithNext", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i + 1)); } },
     { "Image_F_CompareBytesWithNext", [](size_t i) { return Compare(BytesOf(i), BytesOf(i + 1)); } },
     { "Image_G_CompareWithItself", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i)); } },
+    { "Image_H_Map", ReadMap<0> },
+    { "Image_I_MapAndValues", ReadMap<1> },
     { "Image_Serialise", [](size_t i) { return LoadedImage(i).GetEdidBuffer().GetCount(); } },
 };
 

@@ -15,10 +15,10 @@ constexpr SMeaning gsc_aoCurves[] = { { 0, 0, "white" }, { 1, 1, "red" }, { 2, 2
 // In 1/1023 of the full luminance. The points divide the input evenly; the last one, of full luminance, is not stored.
 constexpr SRow gsc_aoTransferRows[] = {
     { Bits(0, 7, 6), "Curve", Names(gsc_aoCurves) },
-    { Bits(0, 5, 0), "Luminance of the first point", Number("/1023") },
+    { Bits(0, 5, 0), "Luminance of the first point", Number("of 1023") },
 };
 constexpr STable gsc_oTransferTable = { "Display transfer characteristic", eColour, gsc_aoTransferRows };
-constexpr SRow gsc_oIncrementRow = { Byte(0), "Luminance increment", Number("/1023") };
+constexpr SRow gsc_oIncrementRow = { Byte(0), "Luminance increment", Number("of 1023") };
 
 // ---- Colorimetry Data Block: CTA-861-H 7.5.5; bits 5 and 4 of the second byte by CTA-861.6 ----
 
@@ -171,7 +171,6 @@ constexpr auto Is2 = WhereDolby<2, gsc_uiDolbySize>;
 bool Is1Short(const CRecord& oDolby) { return Is1(oDolby) && !Is1Long(oDolby); }
 bool Is0To2(const CRecord& oDolby) { return Is0(oDolby) || Is1(oDolby) || Is2(oDolby); }
 bool IsOther(const CRecord& oDolby) { return !Is0To2(oDolby); }
-bool HasBacklight(const CRecord& oDolby) { return Is2(oDolby) && oDolby.IsSet(0, 1); }
 
 // Of the 12-bit code of SMPTE ST 2084.
 constexpr SForm gsc_oPq = Number("of 4095 (PQ)");
@@ -242,7 +241,7 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { Bit(0, 1), "Backlight control", Flag(), Is2 },
     { Bits(1, 7, 3), "Target minimum luminance", Number("of 4095 (PQ)").Times(20), Is2 },
     { Bit(1, 2), "Global dimming", Flag(), Is2 },
-    { Bits(1, 1, 0), "Backlight minimum luminance", Number("cd/m2").Times(25, 25), HasBacklight },
+    { Bits(1, 1, 0), "Backlight minimum luminance", Number("cd/m2").Times(25, 25), Is2 },
     { Bits(2, 7, 3), "Target maximum luminance", Number("of 4095 (PQ)").Times(65, 2055), Is2 },
     { Bits(2, 1, 0), "Interface", Names(gsc_aoInterfaces), Is2 },
     { Split({ { 3, 0, 0 }, { 4, 0, 0 } }), "10b_12b_444", Names(gsc_ao444Depths), Is2 },

@@ -273,6 +273,8 @@ constexpr unsigned int gsc_uiOuiSize = 3;
 
 bool IsVendorInfoFrame(const CRecord& oFrame) { return oFrame.GetBits(0, 4, 0) == gsc_uiVendorInfoFrame; }
 
+bool IsOtherInfoFrame(const CRecord& oFrame) { return !IsVendorInfoFrame(oFrame); }
+
 constexpr SMeaning gsc_aoInfoFrames[] = {
     { 0, 0, "reserved" },
     { 1, 1, "Vendor-Specific" },
@@ -290,12 +292,15 @@ constexpr SRow gsc_aoFrameHeadRows[] = {
     { Byte(1), "Vendor-Specific InfoFrames at once", Number().Times(1, 1) },
 };
 constexpr STable gsc_oFrameHeadTable = { "InfoFrame processing descriptor", eDisplay, gsc_aoFrameHeadRows };
+constexpr SRow gsc_oFramePayloadRow = { RunToEnd(0), "Payload", Bytes() };
 constexpr unsigned int gsc_uiFrameHead = 2;
 
 constexpr SRow gsc_aoFrameRows[] = {
     { Bits(0, 7, 5), "Payload length", Number("bytes") },
     { Bits(0, 4, 0), "InfoFrame type code", Names(gsc_aoInfoFrames) },
     { Little24(1), "IEEE OUI", Number().Text(CtaOuiText), IsVendorInfoFrame },
+    { RunToEnd(4), "Payload", Bytes(), IsVendorInfoFrame },
+    { RunToEnd(1), "Payload", Bytes(), IsOtherInfoFrame },
 };
 
 CMString FrameSummary(const CRecord& oFrame)
@@ -320,7 +325,13 @@ constinit const STable g_oCtaDisplayDeviceTable = { "VESA video display device",
 void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     oWriter.AddRows(gsc_oFrameHeadTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, gsc_uiFrameHead));
-    const unsigned int uiMore = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 7, 5);
-    const unsigned int uiFirst = std::min(gsc_uiFrameHead + uiMore, oPayload.m_uiLength);
+    if (oPayload.m_uiLength <= gsc_uiFrameHead)
+    {
+        return;
+    }
+    const unsigned int uiTold = oWriter.GetRecord(oPayload.m_uiOffset, 1).GetBits(0, 7, 5);
+    const unsigned int uiPayload = std::min(uiTold, oPayload.m_uiLength - gsc_uiFrameHead);
+    const unsigned int uiFirst = gsc_uiFrameHead + uiPayload;
+    oWriter.AddLeaf(gsc_oFramePayloadRow, eDisplay, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);
 }

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "CaseFile.h"
-#include "ZorEdidMap.h"
+#include "MapCheck.h"
 
 // A base block of zeros that counts one extension block, and that block.
 inline CBytes BehindBaseBlock(CBytes aui8Block)
@@ -71,6 +71,7 @@ inline void ExpectFields(const CBytes& aui8Image, const std::string& sExpected)
 {
     CZorEdidMap oMap;
     ASSERT_EQ(1, oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
+    EXPECT_EQ("", CheckMap(oMap));
     unsigned int uiNext = 0;
     std::vector<std::string> asNotes;
     for (const std::string& sPart : SplitAtSemicolons(sExpected))

@@ -1,6 +1,8 @@
 // CZorEdidMap over CTA-861 extension blocks: each kind of data block, and what is off about one.
 
 #include "MapCases.h"
+#include "VidParamCea.h"
+#include "VidParamTimingGeneric.h"
 
 namespace
 {
@@ -25,5 +27,31 @@ TEST(MapCta, FieldsAndNotesOfEachDataBlock)
         SCOPED_TRACE(oRow.GetName());
         ExpectFields(MakeImage(oRow), oRow.GetText(3));
     }
+}
+
+// The names of codes against the library's own table of their timings.
+TEST(MapCta, NamesOfVideoCodesAreThoseOfTheirTimings)
+{
+    unsigned int uiCompared = 0;
+    for (unsigned int uiVic = 1; uiVic < 128; ++uiVic)
+    {
+        CVidParamTimingGeneric oTiming;
+        if (CVidParamCea::GetVidParamFromVic(uiVic, &oTiming) == 0)
+        {
+            continue;
+        }
+        const bool bInterlaced = oTiming.IsInterlaced() != 0;
+        CZorEdidMap oMap;
+        const CBytes aui8Image = BehindBaseBlock({ 2, 3, 6, 0, 0x41, static_cast<unsigned char>(uiVic) });
+        oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+        const std::string sName = static_cast<const char*>(oMap.GetValue(oMap.FindLeaf(gsc_uiBlockSize + 5, 0)));
+        const std::string sSize = std::to_string(oTiming.GetHorizontalActive()) + "x" +
+                                  std::to_string(oTiming.GetVerticalActive()) + (bInterlaced ? "i " : "p ");
+        const unsigned int uiRate = oTiming.GetVerticalRateInHz() * (bInterlaced ? 2 : 1);
+        EXPECT_EQ(0U, sName.find(sSize)) << uiVic << ": " << sName;
+        EXPECT_NE(std::string::npos, sName.find(std::to_string(uiRate) + " Hz ")) << uiVic << ": " << sName;
+        ++uiCompared;
+    }
+    EXPECT_LT(80U, uiCompared);
 }
 } // namespace

@@ -111,4 +111,4 @@ constexpr SPlace Big24(unsigned int uiOffset)
         { { PlaceByte(uiOffset), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset + 2), 7, 0 } });
 }
 CMString OuiText(const CRecord& oRecord, unsigned int uiValue);
-constexpr SForm Oui() { return MakeForm(CZorEdidMap::eKind_Bytes).Text(OuiText); }
+constexpr SForm Oui() { return MakeForm(CZorEdidMap::eKind_Name).Text(OuiText); }

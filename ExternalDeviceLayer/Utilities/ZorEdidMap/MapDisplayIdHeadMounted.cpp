@@ -43,7 +43,7 @@ CMString SingleText(const CRecord& /*oBlock*/, unsigned int uiSingle)
     }
     return sText;
 }
-constexpr SForm gsc_oSingleForm = MakeForm(CMap::eKind_Bytes).Text(SingleText);
+constexpr SForm gsc_oSingleForm = Text().Text(SingleText);
 
 // ---- ARVR HMD, DisplayID 2.1 (tag 2Ch): 79 bytes ----
 

@@ -79,7 +79,7 @@ CMString ContainerIdText(const CRecord& oBlock, unsigned int /*uiValue*/)
 }
 
 constexpr SRow gsc_aoContainerIdRows[] = {
-    { Run(3, gsc_uiContainerIdSize), "Container ID", MakeForm(CMap::eKind_Bytes).Text(ContainerIdText) },
+    { Run(3, gsc_uiContainerIdSize), "Container ID", Text().Text(ContainerIdText) },
 };
 constexpr STable gsc_oContainerId = { "ContainerID", eArea_Identity, gsc_aoContainerIdRows };
 

@@ -117,13 +117,20 @@ CRecord CMapWriter::GetRecord(unsigned int uiOffset, unsigned int uiLength) cons
     return { m_oFacts, m_oMap.GetData() + uiFirst, uiLength < uiLeft ? uiLength : uiLeft };
 }
 
+unsigned int CMapWriter::GetOpenGroup() const
+{
+    const unsigned int uiDepth = m_uiDepth < msc_uiMostDepth ? m_uiDepth : msc_uiMostDepth;
+    return uiDepth != 0 ? m_auiOpen[uiDepth - 1] : CZorEdidMap::msc_uiNone;
+}
+
 CMapWriter::SRange CMapWriter::GetOpenRange() const
 {
-    if (m_uiDepth == 0)
+    const unsigned int uiGroup = GetOpenGroup();
+    if (uiGroup == CZorEdidMap::msc_uiNone)
     {
         return { 0, m_aui8Free.GetCount() }; // the blocks
     }
-    const CZorEdidMap::SField& oGroup = m_oMap.GetField(m_auiOpen[m_uiDepth - 1]);
+    const CZorEdidMap::SField& oGroup = m_oMap.GetField(uiGroup);
     return { oGroup.m_uiOffset, oGroup.m_uiLength };
 }
 
@@ -139,8 +146,9 @@ CMapWriter::SRange CMapWriter::Clip(unsigned int uiOffset, unsigned int uiLength
 
 // ---- Groups ----
 
-unsigned int CMapWriter::AppendEntry(const CZorEdidMap::SEntry& oEntry)
+unsigned int CMapWriter::AppendEntry(CZorEdidMap::SEntry& oEntry)
 {
+    oEntry.m_oOrigin.m_uiGroup = GetOpenGroup();
     m_uiLast = m_oMap.m_aoEntries.GetCount();
     m_oMap.m_aoEntries.Add(oEntry);
     return m_uiLast;
@@ -167,7 +175,7 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
     oField.m_uiDepth = m_uiDepth;
     oField.m_uiTiming = CZorEdidMap::msc_uiNone;
     oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
-    oEntry.m_oOrigin = { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength };
+    oEntry.m_oOrigin = { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength, CZorEdidMap::msc_uiNone };
     const unsigned int uiField = AppendEntry(oEntry);
     m_auiOpen[m_uiDepth++] = uiField;
     return uiField;
@@ -394,7 +402,8 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
 
     const unsigned int uiRaw = oRecord.Get(oPlace);
     const SForm& oForm = oRow.m_oForm;
-    CZorEdidMap::SEntry oEntry = { {}, { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize() } };
+    CZorEdidMap::SEntry oEntry = { {},
+                                   { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize(), CZorEdidMap::msc_uiNone } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
@@ -440,7 +449,7 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
 void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                          unsigned char ui8Mask)
 {
-    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength } };
+    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength, CZorEdidMap::msc_uiNone } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = pszName;
     oField.m_uiIndex = CZorEdidMap::msc_uiNone;
@@ -470,7 +479,7 @@ void CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset)
         return;
     }
     const unsigned int uiLength = uiOffset - uiFirst + 1;
-    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength } };
+    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength, CZorEdidMap::msc_uiNone } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = gsc_oChecksumRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
@@ -540,30 +549,16 @@ void CMapWriter::SetMeaning(const char* pszMeaning)
 
 unsigned int CMapWriter::FindField(unsigned int uiOffset, unsigned int uiLength) const
 {
-    const auto fnIsWanted = [&](const CZorEdidMap::SField& oField) {
-        return oField.m_uiOffset == uiOffset && oField.m_uiLength == uiLength;
-    };
     unsigned int uiFound = CZorEdidMap::msc_uiNone;
     unsigned int uiField = m_oMap.FindLeaf(uiOffset, gsc_uiBits - 1);
-    if (uiField == CZorEdidMap::msc_uiNone)
+    while (uiField != CZorEdidMap::msc_uiNone)
     {
-        return uiFound;
-    }
-    unsigned int uiDepth = m_oMap.GetField(uiField).m_uiDepth + 1;
-    // Backwards, each field of a smaller depth is the next one outside.
-    for (unsigned int i = uiField + 1; i-- > 0 && uiDepth > 0;)
-    {
-        const CZorEdidMap::SField& oField = m_oMap.GetField(i);
-        if (oField.m_uiDepth >= uiDepth)
+        const CZorEdidMap::SEntry& oEntry = m_oMap.m_aoEntries[uiField];
+        if (oEntry.m_oField.m_uiOffset == uiOffset && oEntry.m_oField.m_uiLength == uiLength)
         {
-            continue;
+            uiFound = uiField;
         }
-        uiDepth = oField.m_uiDepth;
-        if (oField.m_uiLength > uiLength)
-        {
-            break;
-        }
-        uiFound = fnIsWanted(oField) ? i : uiFound;
+        uiField = oEntry.m_oOrigin.m_uiGroup;
     }
     return uiFound;
 }

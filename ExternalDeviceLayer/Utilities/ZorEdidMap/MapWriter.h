@@ -134,6 +134,7 @@ private:
         unsigned int m_uiCount;
     };
 
+    unsigned int GetOpenGroup() const;
     SRange GetOpenRange() const;
     SRange Clip(unsigned int uiOffset, unsigned int uiLength) const;
     void WriteBlocks();
@@ -142,7 +143,7 @@ private:
     void NoteBlockCount();
 
     CZorEdidMap::SField& GetField(unsigned int uiField) { return m_oMap.m_aoEntries[uiField].m_oField; }
-    unsigned int AppendEntry(const CZorEdidMap::SEntry& oEntry);
+    unsigned int AppendEntry(CZorEdidMap::SEntry& oEntry);
     void TakeBits(const CZorEdidMap::SPiece& oPiece, unsigned int uiField);
     unsigned int AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces);
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;

@@ -148,7 +148,7 @@ void CMapWriter::WriteTail()
     oField.m_uiTiming = CZorEdidMap::msc_uiNone;
     oField.m_eKind = CZorEdidMap::eKind_Unknown;
     oField.m_eArea = CZorEdidMap::eArea_Unused;
-    oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength };
+    oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength, CZorEdidMap::msc_uiNone };
     m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
     AppendEntry(oEntry);
     AddNote(CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");

@@ -111,7 +111,8 @@ public:
     /// the map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0
     /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. Nothing in
     /// the bytes decides how much memory is asked for but their number. The numbers of timings come from the classes of
-    /// the blocks, which may write an assertion line about a damaged one, as when a CEdid loads it.
+    /// the blocks, which may write an assertion line about a damaged one, as when a CEdid loads it. When memory runs
+    /// out, what the map holds means nothing until the next Read.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// The bytes that were read, GetSize of them; null when there are none.
@@ -144,6 +145,7 @@ private:
         const STable* m_poTable; // null for a leaf and for a group without a table
         unsigned int m_uiOffset;
         unsigned int m_uiLength;
+        unsigned int m_uiGroup; // the field's group; msc_uiNone for a block
     };
     struct SEntry
     {

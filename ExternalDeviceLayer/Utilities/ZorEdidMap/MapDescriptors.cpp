@@ -548,8 +548,8 @@ constexpr STable gsc_oUnknownTable = { "Reserved descriptor", CZorEdidMap::eArea
 // A descriptor with records of one kind has their table, place and number; one with a text, neither.
 struct SDescriptor
 {
-    unsigned char m_ui8First; // tags
-    unsigned char m_ui8Last;
+    unsigned int m_uiFirst; // tags
+    unsigned int m_uiLast;
     const STable* m_poTable;
     const STable* m_poItems = nullptr;
     unsigned int m_uiItemsOffset = 0;
@@ -577,7 +577,7 @@ const SDescriptor& FindDescriptor(unsigned int uiTag)
 {
     for (const SDescriptor& oDescriptor : gsc_aoDescriptors)
     {
-        if (uiTag <= oDescriptor.m_ui8Last)
+        if (uiTag <= oDescriptor.m_uiLast)
         {
             return oDescriptor;
         }

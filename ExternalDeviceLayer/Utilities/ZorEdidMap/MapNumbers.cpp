@@ -149,64 +149,72 @@ struct SCodes
     }
 };
 
+// Calls fnVisit with offset and length of the payload of each data block of a kind, until it gives false.
+template <class TAG, class VISIT>
+bool VisitDataBlocks(const CEdidExtBlockCEA861& oBlock, TAG eTag, VISIT fnVisit)
+{
+    unsigned int uiLength = 0;
+    unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, 0, &uiLength);
+    for (unsigned int i = 1; uiOffset != 0; ++i)
+    {
+        if (!fnVisit(uiOffset, uiLength))
+        {
+            return false;
+        }
+        uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength);
+    }
+    return true;
+}
+
 template <class TAG>
 void AddVideoCodes(const CEdidExtBlockCEA861& oBlock, TAG eTag, SCodes& oCodes)
 {
-    unsigned int uiLength = 0;
-    for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength); ++i)
-    {
-        for (unsigned int j = 0; j < uiLength; ++j)
+    VisitDataBlocks(oBlock, eTag, [&](unsigned int uiOffset, unsigned int uiLength) {
+        for (unsigned int i = 0; i < uiLength; ++i)
         {
-            oCodes.Add(oBlock.GetData()[uiOffset + j], uiOffset + j);
+            oCodes.Add(oBlock.GetData()[uiOffset + i], uiOffset + i);
         }
-    }
+        return true;
+    });
 }
 
 template <class TAG>
 void AddHdmiCodes(const CEdidExtBlockCEA861& oBlock, TAG eTag, SCodes& oCodes)
 {
-    unsigned int uiLength = 0;
-    for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength); ++i)
-    {
+    VisitDataBlocks(oBlock, eTag, [&](unsigned int uiOffset, unsigned int uiLength) {
         const unsigned char* pui8Payload = oBlock.GetData() + uiOffset;
         if (CHdmi1xVsdb::IsSupported(uiLength, pui8Payload) == 0)
         {
-            continue;
+            return true;
         }
         const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(uiLength, pui8Payload);
-        for (unsigned int j = 0; j < oVics.m_uiCount; ++j)
+        for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
         {
             unsigned char ui8Vic = 0;
-            if (CHdmi1xVsdb::ConvertHdmiVicToCeaVic(pui8Payload[oVics.m_uiVicsOffset + j], ui8Vic) != 0)
+            if (CHdmi1xVsdb::ConvertHdmiVicToCeaVic(pui8Payload[oVics.m_uiVicsOffset + i], ui8Vic) != 0)
             {
-                oCodes.Add(ui8Vic, uiOffset + oVics.m_uiVicsOffset + j);
+                oCodes.Add(ui8Vic, uiOffset + oVics.m_uiVicsOffset + i);
             }
         }
-    }
+        return true;
+    });
 }
 
 // The codes that a 4:2:0 capability map selects come first in the list of 4:2:0 timings; they stand in no byte of their
 // own. False for a map without bits, which stands for all codes: what is behind it is left without numbers.
 bool AddMappedCodes(const CEdidExtBlockCEA861& oBlock, const SCodes& oCodes, CCodeNumbers& oNumbers)
 {
-    unsigned int uiLength = 0;
-    for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(
-                                 CEdidExtBlockCEA861::eCea861ExtTag_Yuv420CapabilityMap, i, &uiLength);
-         ++i)
-    {
-        if (uiLength == 0)
+    const auto fnVisit = [&](unsigned int uiOffset, unsigned int uiLength) {
+        for (unsigned int i = 0; i < uiLength * gsc_uiBits && i < oCodes.m_uiCount; ++i)
         {
-            return false;
-        }
-        for (unsigned int j = 0; j < uiLength * gsc_uiBits && j < oCodes.m_uiCount; ++j)
-        {
-            if (((oBlock.GetData()[uiOffset + j / gsc_uiBits] >> (j % gsc_uiBits)) & 1U) != 0)
+            if (((oBlock.GetData()[uiOffset + i / gsc_uiBits] >> (i % gsc_uiBits)) & 1U) != 0)
             {
-                oNumbers.Add(oCodes.m_aoCode[j].m_uiSvd);
+                oNumbers.Add(oCodes.m_aoCode[i].m_uiSvd);
             }
         }
-    }
-    return true;
+        return uiLength != 0;
+    };
+    return VisitDataBlocks(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_Yuv420CapabilityMap, fnVisit);
 }
 
 void CNumbers::Add(const CEdidExtBlockCEA861& oBlock, unsigned int uiOffset)

@@ -281,8 +281,6 @@ void CheckDisplayIdBlocks(CBlockFindings& oFindings, unsigned int uiEnd)
         const unsigned int uiNext = uiHeader + gsc_uiHeaderSize + uiLength;
         if (uiNext > uiEnd)
         {
-            oFindings.Error(uiHeader, "data block", FormatText("its end at 0x%02x", uiNext),
-                            FormatText("at most 0x%02x, the section's end", uiEnd));
             return;
         }
         CheckRecords(oFindings, uiHeader, uiLength);
@@ -304,7 +302,6 @@ void CheckDisplayId(CBlockFindings& oFindings)
     }
     if (uiLength > gsc_uiLongestSection)
     {
-        oFindings.Error(gsc_uiSectionLengthOffset, "section length", std::to_string(uiLength), "at most 121");
         return;
     }
     const unsigned int uiEnd = gsc_uiDataBlocksOffset + uiLength; // of the data blocks: the section checksum
@@ -397,10 +394,16 @@ bool IsTold(const std::vector<SFinding>& aoFindings, const CZorEdidMap::SField& 
     });
 }
 
-// The value as the bytes have it: a note on a reserved value needs its number, one on characters their codes.
+// The value as the bytes have it: a note on a reserved value needs its number, one on characters their codes. One on a
+// structure, or on many bytes, needs none.
 std::string GetFound(const CZorEdidMap& oMap, unsigned int uiField)
 {
+    constexpr unsigned int uiMost = 18; // bytes
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    if (oField.m_eKind == CZorEdidMap::eKind_Group || oField.m_uiLength > uiMost)
+    {
+        return "";
+    }
     if (oField.m_eKind == CZorEdidMap::eKind_Text)
     {
         return FormatHex(oMap.GetData() + oField.m_uiOffset, oField.m_uiLength);

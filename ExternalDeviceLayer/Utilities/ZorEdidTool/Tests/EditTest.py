@@ -151,10 +151,11 @@ class Files(unittest.TestCase):
             self.assertEqual([], os.listdir(folder))
             status, text, error = run(MONITOR, "-o", out, "--serial", "5", "--diff")
             self.assertEqual((0, "", serial), (status, error, read()))
-            self.assertEqual(["block 0, offset  12: 7F -> 05  serial number",
-                              "block 0, offset  13: 39 -> 00  serial number",
-                              "block 0, offset  14: 02 -> 00  serial number",
-                              "block 0, offset 127: 12 -> C7  checksum"], text.decode().splitlines())
+            serial_name = "Vendor and product identification > ID serial number"
+            self.assertEqual(["block 0 offset 0x0c: 7f -> 05  " + serial_name,
+                              "block 0 offset 0x0d: 39 -> 00  " + serial_name,
+                              "block 0 offset 0x0e: 02 -> 00  " + serial_name,
+                              "block 0 offset 0x7f: 12 -> c7  Checksum"], text.decode().splitlines())
             self.assertEqual((3, b"", "zoredid: %s: exists already (use --force)\n" % out),
                              run(MONITOR, "-o", out, "--serial", "6", "--diff"))
             self.assertEqual(serial, read())
@@ -167,9 +168,12 @@ class Files(unittest.TestCase):
 
     def test_moved_bytes_have_both_names(self):
         lines = run(MONITOR, "--dry-run", "--audio-remove", "0", "--diff")[1].decode().splitlines()
-        self.assertIn("block 1, offset   2: 22 -> 1E  CEA-861 start of the descriptors", lines)
-        self.assertIn("block 1, offset  20: 23 -> 83  speaker data block (1), header; was audio data block (1), header",
-                      lines)
+        self.assertIn("block 1 offset 0x02: 22 -> 1e  Offset of the detailed timing descriptors", lines)
+        # The tag stands in the upper bits, in the lower ones the length, which is 3 again.
+        self.assertIn("block 1 offset 0x14: 23 -> 83  Speaker allocation data block > Tag code; was Audio data block > "
+                      "Tag code", lines)
+        self.assertIn("block 1 offset 0x18: 83 -> 65  HDMI vendor-specific data block > Tag code, Length; was Speaker "
+                      "allocation data block > Tag code, Length", lines)
 
     def test_input_that_is_none(self):
         self.assertEqual(3, edit(b"\0" * 128, "--serial", "1")[0])

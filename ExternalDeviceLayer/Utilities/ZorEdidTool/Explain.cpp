@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <bit>
 #include <CLI/CLI.hpp>
 
 #include "Json.h"
@@ -151,6 +152,48 @@ std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsi
     return abShown;
 }
 
+// ---- Order ----
+
+// Fields stand in the order of their first bits; the map has what is left of a structure behind its other fields.
+bool StandsAhead(const CZorEdidMap& oMap, unsigned int uiFirst, unsigned int uiSecond)
+{
+    const CZorEdidMap::SField& oFirst = oMap.GetField(uiFirst);
+    const CZorEdidMap::SField& oSecond = oMap.GetField(uiSecond);
+    const auto fnMask = [&oMap](const CZorEdidMap::SField& oField, unsigned int uiField) {
+        return oField.m_uiPieces == 0 ? 0xFFU : GetFieldBytes(oMap, uiField)[0].m_uiMask;
+    };
+    return oFirst.m_uiOffset != oSecond.m_uiOffset
+               ? oFirst.m_uiOffset < oSecond.m_uiOffset
+               : std::bit_width(fnMask(oFirst, uiFirst)) > std::bit_width(fnMask(oSecond, uiSecond));
+}
+
+// All fields, groups ahead of what is in them.
+std::vector<unsigned int> OrderByPlace(const CZorEdidMap& oMap)
+{
+    std::vector<unsigned int> auiOrder;
+    std::vector<unsigned int> auiLeft; // the next one last
+    const auto fnAdd = [&](unsigned int uiStart, unsigned int uiEnd) {
+        const size_t uiFirst = auiLeft.size();
+        for (unsigned int i = uiStart; i < uiEnd; i = oMap.GetField(i).m_uiEnd)
+        {
+            auiLeft.push_back(i);
+        }
+        std::stable_sort(
+            auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end(),
+            [&oMap](unsigned int uiOne, unsigned int uiOther) { return StandsAhead(oMap, uiOne, uiOther); });
+        std::reverse(auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end());
+    };
+    fnAdd(0, oMap.GetFieldCount());
+    while (!auiLeft.empty())
+    {
+        const unsigned int uiField = auiLeft.back();
+        auiLeft.pop_back();
+        auiOrder.push_back(uiField);
+        fnAdd(uiField + 1, oMap.GetField(uiField).m_uiEnd);
+    }
+    return auiOrder;
+}
+
 // ---- Lines ----
 
 constexpr size_t gsc_uiPlaceWidth = 14;
@@ -254,18 +297,22 @@ private:
         }
     }
 
-    // Notes stand in the order of their fields, and lines do so, too.
-    std::string GetNotes(unsigned int uiField)
+    // Notes stand in the order of their fields.
+    std::string GetNotes(unsigned int uiField) const
     {
-        std::string sNotes;
-        for (; m_uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(m_uiNote).m_uiField <= uiField; ++m_uiNote)
+        unsigned int uiNote = 0;
+        for (unsigned int uiEnd = m_oMap.GetNoteCount(); uiNote < uiEnd;)
         {
-            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(m_uiNote);
-            if (oNote.m_uiField == uiField)
-            {
-                sNotes += "  " + Paint(gsc_apszNoteColours[oNote.m_eSeverity],
-                                       std::string("! ") + GetNoteName(oNote.m_eSeverity) + ": " + oNote.m_pszText);
-            }
+            const unsigned int uiMiddle = uiNote + (uiEnd - uiNote) / 2;
+            const bool bAhead = m_oMap.GetNote(uiMiddle).m_uiField < uiField;
+            (bAhead ? uiNote : uiEnd) = uiMiddle + (bAhead ? 1 : 0);
+        }
+        std::string sNotes;
+        for (; uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(uiNote).m_uiField == uiField; ++uiNote)
+        {
+            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(uiNote);
+            sNotes += "  " + Paint(gsc_apszNoteColours[oNote.m_eSeverity],
+                                   std::string("! ") + GetNoteName(oNote.m_eSeverity) + ": " + oNote.m_pszText);
         }
         return sNotes;
     }
@@ -278,7 +325,6 @@ private:
 
     const CZorEdidMap& m_oMap;
     const bool m_bColours;
-    unsigned int m_uiNote = 0;
     std::string m_sText;
 };
 
@@ -295,11 +341,11 @@ std::string DescribeFields(const CZorEdidMap& oMap, const SExplainOptions& oOpti
         return oLines.GetText();
     }
     const std::vector<bool> abShown = MarkWithGroups(oMap, auiFields);
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    for (const unsigned int uiField : OrderByPlace(oMap))
     {
-        if (abShown[i])
+        if (abShown[uiField])
         {
-            oLines.AddToTree(i);
+            oLines.AddToTree(uiField);
         }
     }
     return oLines.GetText();

@@ -72,8 +72,7 @@ std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField
 std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const std::vector<unsigned int> auiChain = GetChain(oMap, uiField);
-    const bool bContainer = auiChain.size() > 2 &&
-                            oMap.GetField(auiChain[1]).m_eArea == CZorEdidMap::eArea_Structure &&
+    const bool bContainer = auiChain.size() > 2 && oMap.GetField(auiChain[1]).m_eArea == CZorEdidMap::eArea_Structure &&
                             oMap.GetField(auiChain[2]).m_eKind == CZorEdidMap::eKind_Group;
     std::string sPath;
     for (size_t i = auiChain.size() == 1 ? 0 : bContainer ? 2 : 1; i < auiChain.size(); ++i)

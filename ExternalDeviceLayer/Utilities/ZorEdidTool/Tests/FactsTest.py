@@ -379,17 +379,17 @@ class CheckTest(ToolTest):
                 f"{THIS_YEAR}"]),
             ("next year's model", change({0x10: "ff%02x" % (THIS_YEAR + 1 - 1990), 0x13: "04"}), []),
             ("the model after that", change({0x10: "ff%02x" % (THIS_YEAR + 2 - 1990), 0x13: "04"}), [
-                f"block 0 offset 0x11 ({identity} > Model year): warning: year: found {THIS_YEAR + 2}, expected at most "
-                f"{THIS_YEAR + 1}"]),
+                f"block 0 offset 0x11 ({identity} > Model year): warning: year: found {THIS_YEAR + 2}, expected at "
+                f"most {THIS_YEAR + 1}"]),
             ("version", change({0x12: "0200"}), [
-                "block 0 offset 0x12 (EDID structure version and revision > Version number): warning: only version 1 has "
-                "this layout: found 2"]),
+                "block 0 offset 0x12 (EDID structure version and revision > Version number): warning: only version 1 "
+                "has this layout: found 2"]),
             ("no preferred mode declared", change({0x13: "02", 0x18: "28"}), [
-                "block 0 offset 0x18 (Basic display parameters and features): note: preferred mode: found none declared, "
-                "expected one, which reports and comparisons need"]),
+                "block 0 offset 0x18 (Basic display parameters and features): note: preferred mode: found none "
+                "declared, expected one, which reports and comparisons need"]),
             ("no clock", change({0x36: "0000"}), [
-                "block 0 offset 0x36 (Reserved descriptor > Display descriptor indicator): error: preferred mode: found "
-                "no detailed timing, expected one in the first descriptor",
+                "block 0 offset 0x36 (Reserved descriptor > Display descriptor indicator): error: preferred mode: "
+                "found no detailed timing, expected one in the first descriptor",
                 "block 0 offset 0x38 (Reserved descriptor > Reserved): warning: reserved bits are set: found 80",
                 "block 0 offset 0x39 (Reserved descriptor > Display descriptor tag): warning: reserved value: found 24",
                 "block 0 offset 0x3a (Reserved descriptor > Reserved): warning: reserved bits are set: found 71"]),
@@ -399,8 +399,8 @@ class CheckTest(ToolTest):
                 "block 0 offset 0x38 (Detailed timing > Horizontal addressable video): warning: 0 is no size: found 0 "
                 "pixels"]),
             ("too little blanking", change({0x39: "00", 0x3A: "70", 0x3C: "04"}), [
-                "block 0 offset 0x39 (Detailed timing > Horizontal blanking): warning: shorter than front porch and sync "
-                "pulse: found 0 pixels",
+                "block 0 offset 0x39 (Detailed timing > Horizontal blanking): warning: shorter than front porch and "
+                "sync pulse: found 0 pixels",
                 "block 0 offset 0x3c (Detailed timing > Vertical blanking): warning: shorter than front porch and sync "
                 "pulse: found 4 lines"]),
             ("centimetres for millimetres", change({0x42: "3c2200"}), [
@@ -426,12 +426,12 @@ class CheckTest(ToolTest):
             ("a data block over the descriptors", change({0x9C: "6f"}), [
                 "block 1 offset 0x1c (HDMI vendor-specific data block): error: runs past the end of its data block "
                 "collection"]),
-            ("a data block over the end", with_blocks(b"\x02\x03\x7e\x00" + (b"\x7f\1\1\1" + bytes(28)) * 3 + b"\x7f"), [
+            ("a data block over the end", with_blocks(b"\x02\x03\x7e\0" + (b"\x7f\1\1\1" + bytes(28)) * 3 + b"\x7f"), [
                 "block 1 offset 0x64 (Vendor-specific data block 3): error: runs past the end of its data block "
                 "collection"]),
             ("a code of no mode", change({0x85: "80"}), [
-                "block 1 offset 0x05 (Video data block > Short video descriptor 0 > Video identification code): warning: "
-                "reserved value: found 128"]),
+                "block 1 offset 0x05 (Video data block > Short video descriptor 0 > Video identification code): "
+                "warning: reserved value: found 128"]),
             ("a part of an audio descriptor", with_blocks(bytes.fromhex("02030740" "22" "0907")), [
                 "block 1 offset 0x04 (Audio data block): error: audio data block: found length 2, expected a multiple "
                 "of 3",
@@ -445,8 +445,8 @@ class CheckTest(ToolTest):
                 "114",
                 "block 1 offset 0x38 (Reserved descriptor 1 > Reserved): warning: reserved bits are set: found 51"]),
             ("a name among the timings", change({0xEA: "000000fc00" + "41" * 12 + "0a"}), [
-                "block 1 offset 0x6a (Display product name 4 > Display descriptor indicator): note: display descriptor: "
-                "found tag 0xfc, expected a timing or zeros: the library reads no more of the block"]),
+                "block 1 offset 0x6a (Display product name 4 > Display descriptor indicator): note: display "
+                "descriptor: found tag 0xfc, expected a timing or zeros: the library reads no more of the block"]),
             ("bytes behind the timings", change({0xFE: "01"}), [
                 "block 1 offset 0x6a (Padding): warning: padding is not 0"]),
             ("a good section", with_blocks(display_id(b"\x03\x00\x14" + TYPE1, product=standalone, extensions=1),
@@ -466,11 +466,11 @@ class CheckTest(ToolTest):
                 "block 1 offset 0x05 (Type I timing - detailed data block > Data block tag): error: data block: found "
                 "length 21, expected a multiple of 20: the library reads no timing of the block"]),
             ("a later DisplayID", with_blocks(display_id(b"", 0x20, product=standalone)), [
-                "block 1 offset 0x01 (DisplayID section): note: DisplayID version: found 2.0, expected 1.2 at most: the "
-                "library drops the block"]),
-            ("no DisplayID ever", with_blocks(display_id(b"", 0xF3, product=standalone)), [
-                "block 1 offset 0x01 (DisplayID section): warning: DisplayID version: found 15.3, expected 1.2 at most: "
+                "block 1 offset 0x01 (DisplayID section): note: DisplayID version: found 2.0, expected 1.2 at most: "
                 "the library drops the block"]),
+            ("no DisplayID ever", with_blocks(display_id(b"", 0xF3, product=standalone)), [
+                "block 1 offset 0x01 (DisplayID section): warning: DisplayID version: found 15.3, expected 1.2 at "
+                "most: the library drops the block"]),
         ]:
             with self.subTest(name):
                 path = self.save(image)

@@ -43,7 +43,9 @@ std::string DescribeChanges(const CBytes& aui8Read, const CBytes& aui8Edited)
             const std::string sNew = NameBits(oEdited, i, uiMask);
             sText += FormatText("block %u offset 0x%02x: %02x -> %02x  ", i / gsc_uiBlockSize, i % gsc_uiBlockSize,
                                 aui8Read[i], aui8Edited[i]);
-            sText += sNew + (sOld != sNew ? "; was " + sOld : "") + "\n";
+            sText += sNew;
+            sText += sOld != sNew ? "; was " + sOld : "";
+            sText += "\n";
         }
     }
     return sText;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <bit>
 #include <CLI/CLI.hpp>
+#include <tuple>
 
 #include "Json.h"
 #include "ManyFiles.h"
@@ -138,16 +139,20 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
     return oAsked;
 }
 
-// Which fields are asked for or are groups of those.
+// Which fields are asked for or are groups of those. Backwards, the next field of a smaller depth is the group.
 std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsigned int>& auiFields)
 {
     std::vector<bool> abShown(oMap.GetFieldCount(), false);
     for (const unsigned int uiField : auiFields)
     {
-        for (const unsigned int uiInChain : GetChain(oMap, uiField))
-        {
-            abShown[uiInChain] = true;
-        }
+        abShown[uiField] = true;
+    }
+    unsigned int uiInside = 0; // depth of what is shown of the group that comes next
+    for (unsigned int i = oMap.GetFieldCount(); i-- > 0;)
+    {
+        const unsigned int uiDepth = oMap.GetField(i).m_uiDepth;
+        abShown[i] = abShown[i] || uiDepth < uiInside;
+        uiInside = abShown[i] ? uiDepth : uiInside;
     }
     return abShown;
 }
@@ -159,12 +164,19 @@ bool StandsAhead(const CZorEdidMap& oMap, unsigned int uiFirst, unsigned int uiS
 {
     const CZorEdidMap::SField& oFirst = oMap.GetField(uiFirst);
     const CZorEdidMap::SField& oSecond = oMap.GetField(uiSecond);
-    const auto fnMask = [&oMap](const CZorEdidMap::SField& oField, unsigned int uiField) {
-        return oField.m_uiPieces == 0 ? 0xFFU : GetFieldBytes(oMap, uiField)[0].m_uiMask;
+    const auto fnMask = [&oMap](const CZorEdidMap::SField& oField) {
+        unsigned int uiMask = oField.m_uiPieces == 0 ? 0xFF : 0; // bits of the first byte
+        for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
+        {
+            const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+            uiMask |= oPiece.m_uiOffset == oField.m_uiOffset ? oPiece.m_ui8Mask : 0U;
+        }
+        return uiMask;
     };
-    return oFirst.m_uiOffset != oSecond.m_uiOffset
-               ? oFirst.m_uiOffset < oSecond.m_uiOffset
-               : std::bit_width(fnMask(oFirst, uiFirst)) > std::bit_width(fnMask(oSecond, uiSecond));
+    const auto fnKey = [&](const CZorEdidMap::SField& oField, unsigned int uiField) {
+        return std::make_tuple(oField.m_uiOffset, 8 - std::bit_width(fnMask(oField)), uiField);
+    };
+    return fnKey(oFirst, uiFirst) < fnKey(oSecond, uiSecond);
 }
 
 // All fields, groups ahead of what is in them.
@@ -178,9 +190,8 @@ std::vector<unsigned int> OrderByPlace(const CZorEdidMap& oMap)
         {
             auiLeft.push_back(i);
         }
-        std::stable_sort(
-            auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end(),
-            [&oMap](unsigned int uiOne, unsigned int uiOther) { return StandsAhead(oMap, uiOne, uiOther); });
+        std::sort(auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end(),
+                  [&oMap](unsigned int uiOne, unsigned int uiOther) { return StandsAhead(oMap, uiOne, uiOther); });
         std::reverse(auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end());
     };
     fnAdd(0, oMap.GetFieldCount());
@@ -200,11 +211,8 @@ constexpr size_t gsc_uiPlaceWidth = 14;
 constexpr size_t gsc_uiBytesOfLine = 8;
 constexpr size_t gsc_uiBytesWidth = 3 * gsc_uiBytesOfLine + 1;
 
-std::string Pad(std::string sText, size_t uiWidth)
-{
-    sText.resize(std::max(sText.size() + 1, uiWidth), ' ');
-    return sText;
-}
+// Up to this width, and by one blank at least.
+void Pad(std::string& sText, size_t uiWidth) { sText.resize(std::max(sText.size() + 1, uiWidth), ' '); }
 
 // Writes fields as lines: place, bytes, and what they say.
 class CLines
@@ -216,89 +224,110 @@ public:
     void AddToTree(unsigned int uiField)
     {
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
-        const bool bBlock = oField.m_uiDepth == 0;
-        m_sText += bBlock && !m_sText.empty() ? "\n" : "";
-        Add(uiField, bBlock ? FormatText("block %u", oField.m_uiOffset / gsc_uiBlockSize) : GetPlace(uiField),
-            std::string(size_t{ 2 } * oField.m_uiDepth, ' '), GetFieldName(oField));
+        m_sText += oField.m_uiDepth == 0 && !m_sText.empty() ? "\n" : "";
+        Add(uiField, "", gsc_uiPlaceWidth, std::string(size_t{ 2 } * oField.m_uiDepth, ' '), GetFieldName(oField));
     }
 
     // Shown by itself, with its block and its groups.
     void AddAlone(unsigned int uiField)
     {
-        const unsigned int uiBlock = m_oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize;
-        Add(uiField, FormatText("block %u ", uiBlock) + GetPlace(uiField), "", GetPath(m_oMap, uiField));
+        const bool bBlock = m_oMap.GetField(uiField).m_uiDepth == 0;
+        Add(uiField, bBlock ? "" : GetBlockText(uiField) + " ", gsc_uiPlaceWidth + 8, "", GetPath(m_oMap, uiField));
     }
 
     const std::string& GetText() const { return m_sText; }
 
 private:
-    // The block of a field in which offsets count.
-    static unsigned int GetStart(const CZorEdidMap::SField& oField)
+    using CFieldBytes = std::vector<SFieldByte>;
+
+    std::string GetBlockText(unsigned int uiField) const
     {
-        return oField.m_uiOffset - oField.m_uiOffset % gsc_uiBlockSize;
+        return "block " + std::to_string(m_oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize);
     }
 
-    std::string GetPlace(unsigned int uiField) const
+    // Offsets count in the block; of a block its number.
+    std::string GetPlace(unsigned int uiField, const CFieldBytes& aoBytes) const
     {
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
-        const unsigned int uiFirst = oField.m_uiOffset - GetStart(oField);
-        return oField.m_eKind != CZorEdidMap::eKind_Group
-                   ? GetPlaceText(GetFieldBytes(m_oMap, uiField), GetStart(oField))
-                   : FormatText(oField.m_uiLength > 1 ? "%02x-%02x" : "%02x", uiFirst,
-                                uiFirst + (oField.m_uiLength > 1 ? oField.m_uiLength - 1 : 0));
-    }
-
-    std::string Paint(const char* pszColour, const std::string& sText) const
-    {
-        return m_bColours && !sText.empty() ? pszColour + sText + gsc_pszPlain : sText;
-    }
-
-    // The bytes in lines. Many of the same value are counted instead.
-    std::vector<std::string> GetBytes(unsigned int uiField) const
-    {
-        const std::vector<SFieldByte> aoBytes = GetFieldBytes(m_oMap, uiField);
-        const auto fnByte = [this](const SFieldByte& oByte) { return m_oMap.GetData()[oByte.m_uiOffset]; };
-        if (aoBytes.size() > gsc_uiBytesOfLine && std::all_of(aoBytes.begin(), aoBytes.end(), [&](const auto& oByte) {
-                return fnByte(oByte) == fnByte(aoBytes[0]);
-            }))
+        const unsigned int uiFirst = oField.m_uiOffset % gsc_uiBlockSize;
+        if (oField.m_uiDepth == 0)
         {
-            return { FormatText("%02x %zu times", fnByte(aoBytes[0]), aoBytes.size()) };
+            return GetBlockText(uiField);
         }
-        std::vector<std::string> asLines = { "" };
-        for (size_t i = 0; i < aoBytes.size(); ++i)
+        if (oField.m_eKind != CZorEdidMap::eKind_Group)
         {
-            if (i != 0 && i % gsc_uiBytesOfLine == 0)
-            {
-                asLines.emplace_back();
-            }
-            asLines.back() += FormatText(i % gsc_uiBytesOfLine != 0 ? " %02x" : "%02x", fnByte(aoBytes[i]));
+            return GetPlaceText(aoBytes, oField.m_uiOffset - uiFirst);
         }
-        return asLines;
+        return GetOffsetText(uiFirst) +
+               (oField.m_uiLength > 1 ? "-" + GetOffsetText(uiFirst + oField.m_uiLength - 1) : "");
     }
 
-    void Add(unsigned int uiField, const std::string& sPlace, const std::string& sIndentation, const std::string& sName)
+    void AppendPainted(std::string& sLine, const char* pszColour, const std::string& sText) const
+    {
+        sLine += m_bColours ? pszColour : "";
+        sLine += sText;
+        sLine += m_bColours ? gsc_pszPlain : "";
+    }
+
+    bool AreOneValue(const CFieldBytes& aoBytes) const
+    {
+        const unsigned char* pui8Data = m_oMap.GetData();
+        return std::all_of(aoBytes.begin(), aoBytes.end(), [&](const SFieldByte& oByte) {
+            return pui8Data[oByte.m_uiOffset] == pui8Data[aoBytes[0].m_uiOffset];
+        });
+    }
+
+    // As many bytes as fit into a line.
+    std::string GetBytes(const CFieldBytes& aoBytes, size_t uiFirst) const
+    {
+        std::string sBytes;
+        for (size_t i = uiFirst; i < std::min(aoBytes.size(), uiFirst + gsc_uiBytesOfLine); ++i)
+        {
+            sBytes += FormatHex(m_oMap.GetData() + aoBytes[i].m_uiOffset, 1);
+            sBytes += ' ';
+        }
+        return sBytes;
+    }
+
+    // Many bytes of the same value are counted; other ones that do not fit have lines of their own.
+    void Add(unsigned int uiField, const std::string& sHead, size_t uiPlaceWidth, const std::string& sIndentation,
+             const std::string& sName)
     {
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
         const char* pszColour = gsc_apszAreaColours[oField.m_eArea];
-        const std::vector<std::string> asBytes = GetBytes(uiField);
-        const size_t uiPlaceWidth = gsc_uiPlaceWidth + (sPlace.starts_with("block ") && oField.m_uiDepth != 0 ? 8 : 0);
-        const std::string sValue = GetFieldValue(m_oMap, uiField);
-        std::string sLine =
-            Pad(sPlace, uiPlaceWidth) + Paint(pszColour, Pad(asBytes[0], gsc_uiBytesWidth)) + sIndentation;
-        sLine += oField.m_eKind == CZorEdidMap::eKind_Group ? Paint(gsc_pszBold, sName) : Paint(pszColour, sName);
-        sLine += sValue.empty() ? "" : ": " + sValue;
-        sLine += oField.m_uiTiming == gsc_uiNone
-                     ? ""
-                     : FormatText("  (%s %u)", GetTimingListName(oField.m_eList), oField.m_uiTiming);
-        AddLine(sLine + GetNotes(uiField));
-        for (size_t i = 1; i < asBytes.size(); ++i)
+        const CFieldBytes aoBytes = GetFieldBytes(m_oMap, uiField);
+        const bool bCounted = aoBytes.size() > gsc_uiBytesOfLine && AreOneValue(aoBytes);
+        std::string sBytes = bCounted ? FormatHex(m_oMap.GetData() + aoBytes[0].m_uiOffset, 1) + " " +
+                                            std::to_string(aoBytes.size()) + " times"
+                                      : GetBytes(aoBytes, 0);
+        Pad(sBytes, gsc_uiBytesWidth);
+        std::string sLine = sHead;
+        sLine += GetPlace(uiField, aoBytes);
+        Pad(sLine, uiPlaceWidth);
+        AppendPainted(sLine, pszColour, sBytes);
+        sLine += sIndentation;
+        AppendPainted(sLine, oField.m_eKind == CZorEdidMap::eKind_Group ? gsc_pszBold : pszColour, sName);
+        if (const std::string sValue = GetFieldValue(m_oMap, uiField); !sValue.empty())
         {
-            AddLine(std::string(uiPlaceWidth, ' ') + Paint(pszColour, asBytes[i]));
+            sLine += ": ";
+            sLine += sValue;
+        }
+        if (oField.m_uiTiming != gsc_uiNone)
+        {
+            sLine += FormatText("  (%s %u)", GetTimingListName(oField.m_eList), oField.m_uiTiming);
+        }
+        AppendNotes(sLine, uiField);
+        AddLine(sLine);
+        for (size_t i = gsc_uiBytesOfLine; i < aoBytes.size() && !bCounted; i += gsc_uiBytesOfLine)
+        {
+            sLine.assign(uiPlaceWidth, ' ');
+            AppendPainted(sLine, pszColour, GetBytes(aoBytes, i));
+            AddLine(sLine);
         }
     }
 
     // Notes stand in the order of their fields.
-    std::string GetNotes(unsigned int uiField) const
+    void AppendNotes(std::string& sLine, unsigned int uiField) const
     {
         unsigned int uiNote = 0;
         for (unsigned int uiEnd = m_oMap.GetNoteCount(); uiNote < uiEnd;)
@@ -307,20 +336,19 @@ private:
             const bool bAhead = m_oMap.GetNote(uiMiddle).m_uiField < uiField;
             (bAhead ? uiNote : uiEnd) = uiMiddle + (bAhead ? 1 : 0);
         }
-        std::string sNotes;
         for (; uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(uiNote).m_uiField == uiField; ++uiNote)
         {
             const CZorEdidMap::SNote& oNote = m_oMap.GetNote(uiNote);
-            sNotes += "  " + Paint(gsc_apszNoteColours[oNote.m_eSeverity],
-                                   std::string("! ") + GetNoteName(oNote.m_eSeverity) + ": " + oNote.m_pszText);
+            sLine += "  ";
+            AppendPainted(sLine, gsc_apszNoteColours[oNote.m_eSeverity],
+                          std::string("! ") + GetNoteName(oNote.m_eSeverity) + ": " + oNote.m_pszText);
         }
-        return sNotes;
     }
 
-    void AddLine(std::string sLine)
+    void AddLine(const std::string& sLine)
     {
-        sLine.erase(sLine.find_last_not_of(' ') + 1);
-        m_sText += sLine + "\n";
+        m_sText.append(sLine, 0, sLine.find_last_not_of(' ') + 1);
+        m_sText += '\n';
     }
 
     const CZorEdidMap& m_oMap;

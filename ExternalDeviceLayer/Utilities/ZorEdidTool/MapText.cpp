@@ -3,8 +3,8 @@
 #include "MapText.h"
 
 #include <algorithm>
+#include <charconv>
 
-#include "TextFormat.h"
 #include "Timings.h"
 
 namespace
@@ -116,6 +116,7 @@ std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiFi
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
     std::vector<SFieldByte> aoBytes;
+    aoBytes.reserve(oField.m_uiPieces != 0 ? oField.m_uiLength : 0);
     for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
     {
         const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
@@ -124,7 +125,7 @@ std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiFi
             aoBytes.push_back({ oPiece.m_uiOffset + j, oPiece.m_ui8Mask });
         }
     }
-    std::stable_sort(aoBytes.begin(), aoBytes.end(), [](const SFieldByte& oFirst, const SFieldByte& oSecond) {
+    std::sort(aoBytes.begin(), aoBytes.end(), [](const SFieldByte& oFirst, const SFieldByte& oSecond) {
         return oFirst.m_uiOffset < oSecond.m_uiOffset;
     });
     size_t uiKept = 0; // several pieces of one byte become one
@@ -143,6 +144,13 @@ std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiFi
     return aoBytes;
 }
 
+std::string GetOffsetText(unsigned int uiOffset)
+{
+    char szDigits[8] = {};
+    const std::to_chars_result oResult = std::to_chars(szDigits, szDigits + sizeof(szDigits), uiOffset, 16);
+    return std::string(uiOffset < 0x10 ? "0" : "").append(szDigits, oResult.ptr);
+}
+
 std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int uiStart)
 {
     std::string sText;
@@ -155,8 +163,9 @@ std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int ui
         {
             ++uiNext;
         }
-        sText += (sText.empty() ? "" : " ") + FormatText("%02x", aoBytes[i].m_uiOffset - uiStart);
-        sText += uiNext > i + 1 ? FormatText("-%02x", aoBytes[uiNext - 1].m_uiOffset - uiStart)
+        sText += sText.empty() ? "" : " ";
+        sText += GetOffsetText(aoBytes[i].m_uiOffset - uiStart);
+        sText += uiNext > i + 1 ? "-" + GetOffsetText(aoBytes[uiNext - 1].m_uiOffset - uiStart)
                                 : GetBitsText(aoBytes[i].m_uiMask);
         i = uiNext;
     }

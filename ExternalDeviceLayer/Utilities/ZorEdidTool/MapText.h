@@ -34,6 +34,9 @@ struct SFieldByte
 };
 std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiField);
 
+// At least two hexadecimal digits.
+std::string GetOffsetText(unsigned int uiOffset);
+
 // Offsets in hexadecimal digits from uiStart of the image on, bits behind a point: "36-37", "14.7", "38 3a.7-4".
 std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int uiStart);
 

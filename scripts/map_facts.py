@@ -15,6 +15,7 @@ import subprocess
 Fact = collections.namedtuple("Fact", "kind value block")
 
 BLOCK_SIZE = 128
+TEXTS = ("name", "serial-text", "string")  # kinds of facts that may be empty
 
 
 def number(value):
@@ -241,11 +242,17 @@ def own_section(group):
     yield "extension-count", str(group.value("Extension count"))
     for name in ("Display product type identifier", "Display product primary use case"):
         if group.has(name):
-            yield "product-type", PRODUCT_TYPES.get(plain(group.said(name)), plain(group.said(name)))
+            text = plain(group.said(name))
+            yield "product-type", "unknown" if text.startswith("unknown") else PRODUCT_TYPES.get(text, text)
 
 
-PRODUCT_TYPES = {"noneofthelistedgenericdisplay": "noneofthelistedprimaryusecasesgenericdisplay",
-                 "desktopgaming": "desktopgamingdisplay", "desktopproductivity": "desktopproductivitydisplay"}
+PRODUCT_TYPES = {  # by the map's words
+    "sameasthebasesection": "sameprimaryusecaseasthebasesection", "television": "televisiontvdisplay",
+    "noneofthelistedgenericdisplay": "noneofthelistedprimaryusecasesgenericdisplay",
+    "desktopproductivity": "desktopproductivitydisplay", "desktopgaming": "desktopgamingdisplay",
+    "presentation": "presentationdisplay", "headmountedvirtualreality": "headmountedvirtualrealityvrdisplay",
+    "headmountedaugmentedreality": "headmountedaugmentedrealityardisplay",
+}
 
 
 def own_parameters(group):
@@ -413,7 +420,7 @@ def walk(fields, facts):
             continue
         try:
             facts.extend(Fact(kind, value, block) for kind, value in GROUPS.get(field["name"], no_facts)(Group(field))
-                         if value)
+                         if value or kind in TEXTS)
         except KeyError:  # a group that is cut lacks fields, and so do facts behind them
             pass
         walk(field["fields"], facts)
@@ -442,6 +449,10 @@ def constant(text):
 def joined(form):
     return lambda *parts: form.format(*(part.strip() if part else "" for part in parts))
 
+
+# The peer's names of bits that were reserved when it was written; empty for those that still are.
+COLORIMETRY = {"Reserved MD0": "md0gamutboundarymetadataprofilep0", "Reserved MD1": "", "Reserved MD2": "",
+               "Reserved MD3": "", "Default": "defaultrgb"}
 
 # Heading (a part of it), line, kind, value of the line's groups. All rows that match give facts.
 LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, kind, take in (
@@ -494,7 +505,7 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
     (r"\(HDMI Forum\)", r"    VRR(min|max): (\d+) Hz", "forum-vrr", joined("{} {}")),
     (r"\(HDMI Forum\)", "    (" + "|".join(map(re.escape, FORUM_FLAGS)) + ")$", "forum-flag", FORUM_FLAGS.get),
     ("Colorimetry Data Block", r"    (\w.*)", "colorimetry",
-     lambda text: "md0gamutboundarymetadataprofilep0" if text == "Reserved MD0" else plain(text)),
+     lambda text: COLORIMETRY.get(text, plain(text))),
     ("Video Capability", r"    (\w\w) scan behavior: (.*)", "scan",
      lambda name, text: name + " " + plain(text.replace("Supports both", "both"))),
     ("Video Capability", r"    (YCb|RGB)(?:Cr)? quantization: (\w+)", "quantization",
@@ -505,7 +516,8 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
     # DisplayID
     ("^DisplayID", r"  Version: (\d+\.\d+)", "displayid-version", str),
     ("", r"  Extension Count: (\d+)", "extension-count", str),
-    ("", r"  Display Product (?:Type|Primary Use Case): (.*)", "product-type", plain),
+    ("", r"  Display Product (?:Type|Primary Use Case): (.*)", "product-type",
+     lambda text: "unknown" if text.startswith("Unknown") else plain(text)),
     ("/Display Parameters", r"    Image size: ([\d.]+) mm x ([\d.]+) mm", "parameters", joined("{} x {}")),
     ("/Display Parameters", r"    Display native pixel format: (\d+x\d+)", "parameters", str),
     ("/Display Parameters", r"    (?:Native )?Gamma(?: EOTF)?: ([\d.]+)", "gamma", str),
@@ -526,7 +538,8 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
     ("Display Interface", r"    Interface Type: (.*)", "interface", plain),
     ("Display Interface", r"    Number of Links: (\d+)", "links", str),
     ("Display Interface", r"    Interface Standard Version: (.*)", "interface-version", str),
-    ("Display Interface", r"    Supported bpc for (.*) encoding: (.*)", "interface-depths", joined("{} {}")),
+    ("Display Interface", r"    Supported bpc for (.*) encoding: (.*)", "interface-depths",
+     lambda name, depths: f"{name} {re.sub(', Undefined .*', '', depths)}"),
     ("Color Characteristics Data", r"    (Primary|White)[ point]* #\d+: \(([\d.]+), ([\d.]+)\)", "chromaticity",
      lambda name, x, y: f"{name.lower()} {x} {y}"),
     ("Dynamic Video Timing", r"    (M\w+) (Pixel Clock|Vertical Refresh Rate): (\d+)", "dynamic-range",
@@ -598,7 +611,7 @@ def peer_facts(lines):
         for where, pattern, kind, take in LINES:
             if where.search(heading) and (match := pattern.match(line)):
                 facts.append(Fact(kind, take(*match.groups()), block))
-    return [fact for fact in facts if fact.value]
+    return [fact for fact in facts if fact.value or fact.kind in TEXTS]
 
 
 # ---- What is the same, and what a difference is called ----
@@ -612,7 +625,7 @@ def same(kind, own, peer):
     own_words, peer_words = own.split(" "), peer.split(" ")
     if kind in ("mode", "vic", "hdmi-vic", "listed-mode", "formula-timing"):
         return own_words[0] == peer_words[0] and abs(float(own_words[1]) - float(peer_words[1])) <= RATE_TOLERANCE
-    if kind in ("name", "serial-text", "string"):  # the map prints other characters than ASCII as dots
+    if kind in TEXTS:  # the map prints other characters than ASCII as dots
         return own.startswith(peer) and own[len(peer):].lstrip(" ")[:1] == "."
     if kind in ROUNDING and len(own_words) == len(peer_words):
         return all(first == second or is_near(first, second, ROUNDING[kind])
@@ -643,7 +656,7 @@ def alone(own, peer):
     return own_alone, [fact for others in rest.values() for fact in others]
 
 
-SIZE_WORD, H_BACK, H_POLARITY, V_BACK, V_POLARITY = 0, 5, 6, 10, 11  # words of a timing
+SIZE_WORD, H_BACK, H_POLARITY, V_FRONT, V_SYNC, V_BACK, V_POLARITY = 0, 5, 6, 8, 9, 10, 11  # words of a timing
 
 
 def explain_timing(own, peer):
@@ -653,6 +666,8 @@ def explain_timing(own, peer):
     missing = {i for i in (H_POLARITY, V_POLARITY) if "-" in pairs[i]}
     if not differing - missing:
         return "polarity"
+    if pairs[SIZE_WORD][0].endswith("i") and differing <= {V_FRONT, V_SYNC, V_BACK}:
+        return "interlaced-field"
     return "back-porch" if differing - missing <= {H_BACK, V_BACK} else None
 
 
@@ -670,6 +685,8 @@ def explain(is_own, fact, others, has_raw, is_first_section):
             return names[0]
         if "0" in fact.value.split(" ")[SIZE_WORD].rstrip("i").split("x"):
             return "no-active"
+        if is_own and has_raw:
+            return "detailed-as-bytes"
     rules = {
         "image-size": is_own and ("aspect-as-size" if fact.value in ("160 x 90", "16 x 9", "40 x 30", "4 x 3")
                                   else "detailed-as-bytes" if has_raw else ""),
@@ -681,6 +698,8 @@ def explain(is_own, fact, others, has_raw, is_first_section):
         "native-depth": bool(others) and "native-depth",
         "refresh-rate": bool(others) and fact.value.startswith("Maximum") and "amd-rate",
         "maker": is_own and not fact.value.isalpha() and "no-letters",
+        "tile-identity": any("." in text.value for text in (fact, *others)) and "no-letters",
+        "mode": is_own and fact.value.startswith("256x") and "standard-of-256",
         "string": is_own and "panel-texts",
         "speaker": not is_own and fact.value == "LSd/RSd" and "speaker-of-hdmi",
         "audio-channels": not is_own and fact.value == "1" and "audio-without-channels",

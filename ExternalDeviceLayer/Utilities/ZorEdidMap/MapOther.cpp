@@ -247,34 +247,58 @@ void MapTagOnly(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
 }
 
+// ---- The base block of another EDID: a file may hold several, one behind the other ----
+
+constexpr unsigned char gsc_aui8BaseHeader[] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
+constexpr SRow gsc_oBaseHeaderRow = { Run(0, sizeof(gsc_aui8BaseHeader)), "Header", Bytes() };
+
+bool IsBaseBlock(const CMapWriter& oWriter, unsigned int uiOffset)
+{
+    for (const unsigned char ui8Byte : gsc_aui8BaseHeader)
+    {
+        if (oWriter.GetByte(uiOffset++) != ui8Byte)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+void MapOtherBase(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    oWriter.AddLeaf(gsc_oBaseHeaderRow, eArea_Structure, uiOffset, uiLength);
+}
+
 // ---- Which block is walked by what ----
 
 struct SExtension
 {
     unsigned int m_uiTag;
+    CMap::EKind m_eRest; // what the walk leaves over
     const char* m_pszName;
     void (*m_pfnWalk)(CMapWriter&, unsigned int uiOffset, unsigned int uiLength);
-    CMap::EKind m_eRest; // what the walk leaves over
 };
 
 constexpr SExtension gsc_aoExtensions[] = {
-    { 0x01, "LCD timings extension block", MapTagOnly, CMap::eKind_Unknown },
-    { 0x10, "Video timing block extension", MapVtb, CMap::eKind_Reserved },
-    { 0x20, "EDID 2.0 extension block", MapTagOnly, CMap::eKind_Unknown },
-    { 0x30, "Color information extension block", MapTagOnly, CMap::eKind_Unknown },
-    { 0x40, "Display information extension block", MapDisplayInformation, CMap::eKind_Reserved },
-    { 0x50, "Localized string extension block", MapLocalizedStrings, CMap::eKind_Reserved },
-    { 0x60, "Digital packet video link extension block", MapTagOnly, CMap::eKind_Unknown },
-    { 0xA7, "Display transfer characteristics block", MapTagOnly, CMap::eKind_Unknown },
-    { 0xAF, "Display transfer characteristics block", MapTagOnly, CMap::eKind_Unknown },
-    { 0xBF, "Display transfer characteristics block", MapTagOnly, CMap::eKind_Unknown },
-    { 0xF0, "Block map", MapBlockMap, CMap::eKind_Reserved },
-    { 0xFF, "Extension block of the manufacturer", MapVendorBlock, CMap::eKind_Unknown },
+    { 0x01, CMap::eKind_Unknown, "LCD timings extension block", MapTagOnly },
+    { 0x10, CMap::eKind_Reserved, "Video timing block extension", MapVtb },
+    { 0x20, CMap::eKind_Unknown, "EDID 2.0 extension block", MapTagOnly },
+    { 0x30, CMap::eKind_Unknown, "Color information extension block", MapTagOnly },
+    { 0x40, CMap::eKind_Reserved, "Display information extension block", MapDisplayInformation },
+    { 0x50, CMap::eKind_Reserved, "Localized string extension block", MapLocalizedStrings },
+    { 0x60, CMap::eKind_Unknown, "Digital packet video link extension block", MapTagOnly },
+    { 0xA7, CMap::eKind_Unknown, "Display transfer characteristics block", MapTagOnly },
+    { 0xAF, CMap::eKind_Unknown, "Display transfer characteristics block", MapTagOnly },
+    { 0xBF, CMap::eKind_Unknown, "Display transfer characteristics block", MapTagOnly },
+    { 0xF0, CMap::eKind_Reserved, "Block map", MapBlockMap },
+    { 0xFF, CMap::eKind_Unknown, "Extension block of the manufacturer", MapVendorBlock },
 };
-constexpr SExtension gsc_oUnknownExtension = { 0, "Unknown extension block", MapTagOnly, CMap::eKind_Unknown };
+constexpr SExtension gsc_oOtherBase = { 0, CMap::eKind_Unknown, "Base block of another EDID", MapOtherBase };
+constexpr SExtension gsc_oUnknownExtension = { 0, CMap::eKind_Unknown, "Unknown extension block", MapTagOnly };
 
-const SExtension& FindExtension(unsigned int uiTag)
+const SExtension& FindExtension(const CMapWriter& oWriter, unsigned int uiOffset)
 {
+    const unsigned int uiTag = oWriter.GetByte(uiOffset);
     for (const SExtension& oExtension : gsc_aoExtensions)
     {
         if (oExtension.m_uiTag == uiTag)
@@ -282,13 +306,13 @@ const SExtension& FindExtension(unsigned int uiTag)
             return oExtension;
         }
     }
-    return gsc_oUnknownExtension;
+    return IsBaseBlock(oWriter, uiOffset) ? gsc_oOtherBase : gsc_oUnknownExtension;
 }
 } // namespace
 
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    const SExtension& oExtension = FindExtension(oWriter.GetByte(uiOffset));
+    const SExtension& oExtension = FindExtension(oWriter, uiOffset);
     oWriter.BeginBlock(oExtension.m_pszName, uiOffset, uiLength);
     oExtension.m_pfnWalk(oWriter, uiOffset, uiLength);
     oWriter.EndBlock(oExtension.m_eRest == CMap::eKind_Reserved ? "Filler" : "Unknown", oExtension.m_eRest);

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 
 #include <atomic>
-#include <chrono>
 
 #include "CheckRules.h"
 #include "Json.h"
@@ -27,12 +26,6 @@ struct SCounts
     std::atomic<unsigned long long> m_ullWeighty = 0;       // images with a finding of weight
     std::atomic<unsigned long long> m_aullFindings[3] = {}; // by severity
 };
-
-unsigned int GetThisYear()
-{
-    const std::chrono::year_month_day oToday(std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()));
-    return static_cast<unsigned int>(static_cast<int>(oToday.year()));
-}
 
 std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
 {

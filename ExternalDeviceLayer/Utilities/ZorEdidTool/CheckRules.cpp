@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 #include <tuple>
 
@@ -484,4 +485,10 @@ std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, un
         oFinding.m_sField = oFinding.m_sField.empty() ? GetPathOfByte(oMap, uiOffset) : oFinding.m_sField;
     }
     return aoFindings;
+}
+
+unsigned int GetThisYear()
+{
+    const std::chrono::year_month_day oToday(std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()));
+    return static_cast<unsigned int>(static_cast<int>(oToday.year()));
 }

@@ -29,3 +29,6 @@ struct SFinding
 
 // Findings in the order of the blocks. uiThisYear is what no year of manufacture may exceed.
 std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, unsigned int uiThisYear);
+
+// By the clock of this machine.
+unsigned int GetThisYear();

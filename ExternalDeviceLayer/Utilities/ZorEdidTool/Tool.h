@@ -51,6 +51,7 @@ void AddModesCommand(CLI::App& oApp, STool& oTool);
 void AddCompareCommand(CLI::App& oApp, STool& oTool);
 void AddCheckCommand(CLI::App& oApp, STool& oTool);
 void AddExplainCommand(CLI::App& oApp, STool& oTool);
+void AddPageCommand(CLI::App& oApp, STool& oTool);
 void AddEditCommand(CLI::App& oApp, STool& oTool);
 void AddTimingCommand(CLI::App& oApp, STool& oTool);
 void AddListCommand(CLI::App& oApp, STool& oTool);

@@ -13,8 +13,8 @@
 namespace
 {
 constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = {
-    AddReportCommand, AddModesCommand,  AddCompareCommand, AddCheckCommand,   AddExplainCommand,
-    AddEditCommand,   AddTimingCommand, AddListCommand,    AddConvertCommand,
+    AddReportCommand, AddModesCommand, AddCompareCommand, AddCheckCommand, AddExplainCommand,
+    AddPageCommand,   AddEditCommand,  AddTimingCommand,  AddListCommand,  AddConvertCommand,
 };
 
 // A pipe that closes early ends the command quietly, also when the caller has left the signal ignored. A limit on the

@@ -1,0 +1,119 @@
+// zoredid page: one or two images as a page for a browser, in a single file.
+
+#include <stdio.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <utility>
+
+#include "ManyFiles.h"
+#include "Output.h"
+#include "PageParts.h"
+#include "TextFormat.h"
+#include "Tool.h"
+
+namespace
+{
+struct SPageOptions
+{
+    std::string m_sFirst;
+    std::string m_sSecond;
+    std::string m_sOut;
+    bool m_bForce = false;
+};
+
+struct SPart
+{
+    const char* m_pszId;
+    const char* m_pszName;
+};
+
+// The sections in their order, for the list of links at the top.
+constexpr SPart gsc_aoParts[] = {
+    { "monitor", "What it is" }, { "findings", "Findings" }, { "differences", "What differs" },
+    { "bytes", "Bytes" },        { "timings", "Timings" },   { "modes", "Modes" },
+    { "colour", "Colour" },
+};
+
+CHtml MakeLinks(const CHtml& oContent)
+{
+    CHtml oHtml;
+    oHtml << "<nav aria-label=\"Sections\"><ul>";
+    for (const SPart& oPart : gsc_aoParts)
+    {
+        if (oContent.Get().find(std::string("<section id=\"") + oPart.m_pszId) != std::string::npos)
+        {
+            oHtml << "<li><a href=\"#" << SText{ oPart.m_pszId } << "\">" << SText{ oPart.m_pszName } << "</a></li>";
+        }
+    }
+    return oHtml << "</ul></nav>\n";
+}
+
+std::string GetTitle(const SPage& oPage)
+{
+    const std::string& sFirst = oPage.m_apoImages[0]->m_sTitle;
+    return oPage.IsPair() ? sFirst + " and " + oPage.m_apoImages[1]->m_sTitle : sFirst;
+}
+
+CHtml MakeBody(SPage& oPage)
+{
+    CHtml oContent;
+    oContent << MakeHead(oPage) << MakeFindings(oPage) << MakeBytes(oPage) << MakeTimings(oPage) << MakeModePlots(oPage)
+             << MakeColours(oPage);
+    CHtml oHtml;
+    oHtml << "<a class=\"skip\" href=\"#content\">Skip to the content</a>\n<header>\n<div>\n<h1>"
+          << SText{ GetTitle(oPage) } << "</h1>\n<p class=\"file\">";
+    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+    {
+        oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ ShowName(oPage.m_apoImages[i]->m_oInput.m_sName) }
+              << "</span>";
+    }
+    return oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\" hidden>Dark</button>\n</header>\n"
+                 << MakeLinks(oContent) << "<main id=\"content\">\n"
+                 << oContent << "</main>\n<footer><p>Made by zoredid page.</p></footer>\n";
+}
+
+void WritePage(const SPageOptions& oOptions, STool& oTool)
+{
+    SPage oPage;
+    for (const std::string& sName : { oOptions.m_sFirst, oOptions.m_sSecond })
+    {
+        SInput oInput = sName.empty() ? SInput() : ReadOneInput(sName, oTool);
+        if (!sName.empty() && oInput.IsGood())
+        {
+            oPage.m_apoImages.push_back(std::make_unique<SPageImage>(std::move(oInput), GetThisYear()));
+        }
+    }
+    if (oTool.m_eExit != eExit_Good)
+    {
+        return;
+    }
+    if (oPage.IsPair())
+    {
+        CompareImages(oPage);
+    }
+    std::string sProblem;
+    if (!WriteOutput(oOptions.m_sOut, MakePage(GetTitle(oPage), MakeBody(oPage)), oOptions.m_bForce, true, sProblem))
+    {
+        const std::string sName = oOptions.m_sOut == "-" ? "standard output" : oOptions.m_sOut;
+        fputs(MakeErrorLine(sName, sProblem).c_str(), stderr);
+        oTool.Note(eExit_Input);
+    }
+}
+} // namespace
+
+void AddPageCommand(CLI::App& oApp, STool& oTool)
+{
+    CLI::App* poCommand = oApp.add_subcommand("page", "Write a page for a browser: bytes, fields, timings, colours");
+    const auto poOptions = std::make_shared<SPageOptions>();
+    poCommand->add_option("FILE", poOptions->m_sFirst, "Image")->required()->type_name("");
+    poCommand->add_option("FILE2", poOptions->m_sSecond, "A second image: what differs is marked")->type_name("");
+    poCommand->add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
+        ->required()
+        ->type_name("OUT");
+    poCommand->add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    poCommand->footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
+                      "Example:\n"
+                      "  zoredid page monitor.bin -o monitor.html");
+    poCommand->callback([poOptions, &oTool] { WritePage(*poOptions, oTool); });
+}

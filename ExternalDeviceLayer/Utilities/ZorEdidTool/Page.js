@@ -1,0 +1,228 @@
+// What moves on the page of zoredid: marks between bytes and fields, keys, the table of timings, light and dark.
+// Without it, everything can still be read. Texts of the image are only ever copied as text.
+"use strict";
+(() => {
+  const all = (selector, root = document) => [...root.querySelectorAll(selector)];
+  const one = (selector, root = document) => root.querySelector(selector);
+
+  // ---- Light and dark ----
+
+  const theme = one("#theme");
+  const root = document.documentElement;
+  const isDark = () => getComputedStyle(root).colorScheme === "dark";
+  const nameTheme = () => { theme.textContent = isDark() ? "Light" : "Dark"; };
+  theme.hidden = false;
+  nameTheme();
+  theme.addEventListener("click", () => {
+    root.dataset.theme = isDark() ? "light" : "dark";
+    nameTheme();
+  });
+  matchMedia("(prefers-color-scheme: dark)").addEventListener("change", nameTheme);
+  let before; // paper is white
+  addEventListener("beforeprint", () => { before = root.dataset.theme; root.dataset.theme = "light"; });
+  addEventListener("afterprint", () => {
+    if (before) root.dataset.theme = before; else delete root.dataset.theme;
+  });
+
+  // The one of a group that the tab key reaches.
+  const rove = (group, item) => {
+    for (const other of group) if (other.tabIndex === 0) other.tabIndex = -1;
+    item.tabIndex = 0;
+  };
+
+  // Scrolls a box only, never the page.
+  const show = (box, item) => {
+    const outer = box.getBoundingClientRect(), inner = item.getBoundingClientRect();
+    if (box.scrollHeight <= box.clientHeight) return;
+    if (inner.top < outer.top) box.scrollTop -= outer.top - inner.top + 8;
+    else if (inner.bottom > outer.bottom) box.scrollTop += Math.min(inner.bottom - outer.bottom + 8, inner.top - outer.top);
+  };
+
+  // ---- Bytes and fields ----
+
+  for (const view of all(".view")) {
+    const key = view.dataset.key;
+    const cells = all("[role=gridcell]", view), items = all("[role=treeitem]", view);
+    const said = one(".said", view), tree = one("[role=tree]", view), grids = one(".grids", view);
+    const isGroup = item => item.hasAttribute("aria-expanded");
+    const row = item => item.firstElementChild;
+    const runs = new Map(), leaves = cells.map(() => []);
+    for (const item of items) {
+      runs.set(item, item.dataset.p.split(" ").map(run => run.split("+").map(Number)));
+      if (isGroup(item)) continue;
+      for (const [start, length] of runs.get(item))
+        for (let i = start; i < start + length; ++i)
+          if (leaves[i] && !leaves[i].includes(item)) leaves[i].push(item);
+    }
+    const offset = cell => Number(cell.id.slice(key.length));
+
+    let marked = [];
+    const mark = next => {
+      for (const element of marked) {
+        element.classList.remove("on");
+        (element.closest("[role=treeitem]") || element).removeAttribute("aria-selected");
+      }
+      marked = next;
+      for (const element of marked) {
+        element.classList.add("on");
+        (element.closest("[role=treeitem]") || element).setAttribute("aria-selected", "true");
+      }
+    };
+    const line = (parts) => {
+      const p = document.createElement("p");
+      for (const [name, text] of parts) {
+        if (!text) continue;
+        const span = document.createElement("span");
+        span.className = name;
+        span.textContent = text + " ";
+        p.append(span);
+      }
+      return p;
+    };
+    const describe = item => {
+      const part = name => one(":scope > ." + name, row(item))?.textContent || "";
+      const up = item.parentElement.closest("[role=treeitem]");
+      const above = up ? one(".name", row(up)).textContent + ": " : "";
+      return [["name", above + part("name")], ["value", part("value")], ["place", part("place")],
+              ["other", part("other")], ["remark", part("remark")]];
+    };
+    const open = item => {
+      for (let up = item.parentElement.closest("[role=treeitem]"); up; up = up.parentElement.closest("[role=treeitem]"))
+        up.setAttribute("aria-expanded", "true");
+    };
+    const markByte = cell => {
+      const own = leaves[offset(cell)];
+      const others = own.flatMap(item => runs.get(item)).flatMap(([start, length]) => cells.slice(start, start + length));
+      mark([...new Set([cell, ...others]), ...own.map(row)]);
+      const value = parseInt(cell.textContent, 16);
+      said.replaceChildren(line([["name", "Byte 0x" + offset(cell).toString(16).padStart(2, "0") + ":"],
+                                 ["value", cell.textContent],
+                                 ["place", value.toString(2).padStart(8, "0")]]), ...own.map(item => line(describe(item))));
+      own.forEach(open);
+      if (own.length) show(tree, row(own[0]));
+    };
+    const markField = item => {
+      const bytes = runs.get(item).flatMap(([start, length]) => cells.slice(start, start + length));
+      mark([row(item), ...new Set(bytes)]);
+      said.replaceChildren(line(describe(item)));
+      if (bytes.length) show(grids, bytes[0]);
+    };
+    const follow = target => {
+      const cell = target.closest("[role=gridcell]"), item = target.closest("[role=treeitem]");
+      if (cell) markByte(cell);
+      else if (item && target !== tree) markField(item);
+      return cell || item;
+    };
+    let held = null; // what the focus is on; pointing elsewhere is for the moment
+    view.addEventListener("focusin", event => {
+      const target = event.target;
+      if (!target.matches("[role=gridcell], [role=treeitem]")) return;
+      held = target;
+      rove(target.matches("[role=gridcell]") ? cells : items, target);
+      follow(target);
+    });
+    view.addEventListener("pointerover", event => {
+      if (event.pointerType === "mouse" && event.target.closest("[role=gridcell], .field")) follow(event.target);
+    });
+    one(".panes", view).addEventListener("pointerleave", () => { if (held) follow(held); });
+    view.addEventListener("click", event => {
+      const name = event.target.closest(".field.group .name"), item = event.target.closest("[role=treeitem]");
+      if (name) toggle(item);
+      (event.target.closest("[role=gridcell]") || item)?.focus({ preventScroll: true });
+    });
+
+    const toggle = (item, value = item.getAttribute("aria-expanded") !== "true") =>
+      item.setAttribute("aria-expanded", String(value));
+    const go = item => {
+      if (!item) return;
+      item.focus({ preventScroll: true });
+      show(item.matches("[role=gridcell]") ? grids : tree, item.matches("[role=gridcell]") ? item : row(item));
+      (item.matches("[role=gridcell]") ? item : row(item)).scrollIntoView({ block: "nearest" });
+    };
+    const gridKeys = (cell, event) => {
+      const at = offset(cell), first = at - at % 16;
+      const steps = { ArrowLeft: at - 1, ArrowRight: at + 1, ArrowUp: at - 16, ArrowDown: at + 16,
+                      Home: event.ctrlKey ? 0 : first, End: event.ctrlKey ? cells.length - 1 : first + 15,
+                      PageUp: at - 128, PageDown: at + 128 };
+      if (!(event.key in steps)) return;
+      event.preventDefault();
+      go(cells[Math.min(steps[event.key], event.key === "End" ? cells.length - 1 : Infinity)]);
+    };
+    const treeKeys = (item, event) => {
+      const shown = items.filter(other => other.offsetParent !== null);
+      const at = shown.indexOf(item), expanded = item.getAttribute("aria-expanded");
+      const inner = one("[role=treeitem]", item), outer = item.parentElement.closest("[role=treeitem]");
+      const steps = {
+        ArrowUp: () => go(shown[at - 1]), ArrowDown: () => go(shown[at + 1]),
+        Home: () => go(shown[0]), End: () => go(shown[shown.length - 1]),
+        ArrowRight: () => (expanded === "false" ? toggle(item, true) : go(inner)),
+        ArrowLeft: () => (expanded === "true" ? toggle(item, false) : go(outer)),
+        Enter: () => { if (expanded) toggle(item); },
+      };
+      if (!(event.key in steps)) return;
+      event.preventDefault();
+      steps[event.key]();
+    };
+    view.addEventListener("keydown", event => {
+      if (event.target.matches("[role=gridcell]")) gridKeys(event.target, event);
+      else if (event.target.matches("[role=treeitem]")) treeKeys(event.target, event);
+    });
+
+    // A field that is found shows with the groups that it lies in, and a group with all that it holds.
+    one(".find input", view).addEventListener("input", event => {
+      const wanted = event.target.value.trim().toLowerCase();
+      for (const item of items) item.hidden = wanted !== "";
+      for (const item of items) {
+        if (!row(item).textContent.toLowerCase().includes(wanted)) continue;
+        for (const inner of [item, ...all("[role=treeitem]", item)]) inner.hidden = false;
+        for (let up = item.parentElement.closest("[role=treeitem]"); up; up = up.parentElement.closest("[role=treeitem]"))
+          up.hidden = false;
+        open(item);
+      }
+      const first = items.find(item => !item.hidden);
+      if (first) rove(items, first);
+    });
+  }
+
+  // ---- Timings ----
+
+  const table = one("#table");
+  if (!table) return;
+  const body = one("tbody", table), rows = all("tr", body), heads = all("thead th", table);
+  const choose = radio => {
+    for (const row of rows) row.classList.toggle("chosen", row.contains(radio));
+    for (const picture of all(".picture")) picture.hidden = picture.id !== "p" + radio.value;
+  };
+  const filter = one("#filter"), list = one("#list"), count = one("#count");
+  const sift = () => {
+    const words = filter.value.toLowerCase().replaceAll("x", "\u00d7").split(/\s+/).filter(Boolean);
+    let shown = 0;
+    for (const row of rows) {
+      const text = row.textContent.toLowerCase().replaceAll("x", "\u00d7");
+      const packed = text.replace(/\s*\u00d7\s*/g, "\u00d7");
+      const fits = words.every(word => text.includes(word) || packed.includes(word));
+      row.hidden = !fits || (list.value !== "" && row.dataset.list !== list.value);
+      shown += row.hidden ? 0 : 1;
+    }
+    count.textContent = shown + " of " + rows.length;
+  };
+  const value = (row, column) => {
+    const cell = row.cells[column];
+    return "v" in cell.dataset ? Number(cell.dataset.v) : cell.textContent;
+  };
+  heads.forEach((head, column) => one("button", head).addEventListener("click", () => {
+    const way = head.getAttribute("aria-sort") === "ascending" ? -1 : 1;
+    for (const other of heads) other.setAttribute("aria-sort", "none");
+    head.setAttribute("aria-sort", way > 0 ? "ascending" : "descending");
+    const compare = (a, b) => (typeof a === "number" ? a - b : a.localeCompare(b));
+    rows.sort((a, b) => way * compare(value(a, column), value(b, column)));
+    body.append(...rows);
+  }));
+  table.addEventListener("change", event => choose(event.target));
+  filter.addEventListener("input", sift);
+  list.addEventListener("change", sift);
+  const start = rows.find(row => row.textContent.includes("preferred")) || rows[0];
+  one("input", start).checked = true;
+  choose(one("input", start));
+  sift();
+})();

@@ -1,0 +1,247 @@
+// The bytes as a grid and the fields as a tree beside it. Byte and field are tied by attributes, which Page.js reads:
+// data-p of a field lists its runs of bytes as OFFSET+LENGTH.
+
+#include <algorithm>
+
+#include "MapText.h"
+#include "PageParts.h"
+#include "TextFormat.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+constexpr unsigned int gsc_uiLine = 16; // bytes
+
+const char* GetAreaClass(const CZorEdidMap::SField& oField) { return GetAreaName(oField.m_eArea); }
+
+CHtml MakeLegend()
+{
+    CHtml oHtml;
+    oHtml << "<ul class=\"legend\" aria-label=\"Colours\">";
+    for (unsigned int i = 0; i <= CZorEdidMap::eArea_Unused; ++i)
+    {
+        const SText oName = { GetAreaName(static_cast<CZorEdidMap::EArea>(i)) };
+        oHtml << "<li><span class=\"swatch " << oName << "\"></span>" << oName << "</li>";
+    }
+    return oHtml << "</ul>\n";
+}
+
+// The bytes and the fields of one image.
+class CByteView
+{
+public:
+    CByteView(const SPage& oPage, size_t uiImage)
+        : m_oPage(oPage), m_uiImage(uiImage), m_oImage(*oPage.m_apoImages[uiImage]), m_oMap(m_oImage.m_oMap),
+          m_pszKey(uiImage == 0 ? "a" : "b")
+    {
+    }
+
+    CHtml Make()
+    {
+        CHtml oHtml;
+        oHtml << "<div class=\"view\" data-key=\"" << SText{ m_pszKey } << "\">\n";
+        if (m_oPage.IsPair())
+        {
+            oHtml << "<h3>" << SText{ m_oPage.GetMark(m_uiImage) } << ": " << SText{ m_oImage.m_sTitle } << "</h3>\n";
+        }
+        oHtml << "<div class=\"said\" aria-live=\"polite\"><p>Point at a byte or a field, or move to one with the keys."
+              << "</p></div>\n<div class=\"panes\">\n<div class=\"grids\">\n";
+        for (unsigned int uiStart = 0; uiStart < m_oMap.GetSize(); uiStart += gsc_uiBlockSize)
+        {
+            AddGrid(uiStart, oHtml);
+        }
+        oHtml << "</div>\n<div class=\"fields\">\n<label class=\"find\">Find a field <input type=\"search\" "
+              << "autocomplete=\"off\" spellcheck=\"false\"></label>\n<ul role=\"tree\" aria-label=\"Fields"
+              << SText{ m_oPage.IsPair() ? " of " : "" } << SText{ m_oPage.GetMark(m_uiImage) } << "\">\n";
+        AddFields(oHtml);
+        return oHtml << "</ul>\n</div>\n</div>\n</div>\n";
+    }
+
+private:
+    // ---- Grid ----
+
+    void AddGrid(unsigned int uiStart, CHtml& oHtml) const
+    {
+        const unsigned int uiEnd = std::min(m_oMap.GetSize(), uiStart + gsc_uiBlockSize);
+        const std::string sName = FormatText("Block %u", uiStart / gsc_uiBlockSize);
+        oHtml << "<table role=\"grid\" class=\"grid\" aria-label=\"Bytes of " << SText{ sName } << "\"><caption>"
+              << SText{ sName } << "</caption>\n<thead><tr><td></td>";
+        for (unsigned int i = 0; i < gsc_uiLine; ++i)
+        {
+            oHtml << "<th scope=\"col\">" << SText{ FormatText("%x", i) } << "</th>";
+        }
+        oHtml << "</tr></thead>\n<tbody>\n";
+        for (unsigned int uiLine = uiStart; uiLine < uiEnd; uiLine += gsc_uiLine)
+        {
+            oHtml << "<tr><th scope=\"row\">" << SText{ FormatText("%02x", uiLine) } << "</th>";
+            for (unsigned int i = uiLine; i < uiEnd && i < uiLine + gsc_uiLine; ++i)
+            {
+                AddCell(i, oHtml);
+            }
+            oHtml << "</tr>\n";
+        }
+        oHtml << "</tbody></table>\n";
+    }
+
+    // The area of the byte's first field that is in use.
+    const char* FindAreaClass(unsigned int uiOffset) const
+    {
+        for (unsigned int i = 8; i-- > 0;)
+        {
+            const CZorEdidMap::SField* poField = m_oImage.FindField(uiOffset, i);
+            if (poField != nullptr && poField->m_eArea != CZorEdidMap::eArea_Unused)
+            {
+                return GetAreaClass(*poField);
+            }
+        }
+        return GetAreaName(CZorEdidMap::eArea_Unused);
+    }
+
+    // What the other image has at the place; -1 behind its end.
+    int GetOther(unsigned int uiOffset) const
+    {
+        const std::vector<unsigned char>& aui8Other = m_oPage.m_apoImages[1 - m_uiImage]->m_oInput.m_aui8Bytes;
+        return uiOffset < aui8Other.size() ? aui8Other[uiOffset] : -1;
+    }
+
+    void AddCell(unsigned int uiOffset, CHtml& oHtml) const
+    {
+        const unsigned int uiByte = m_oMap.GetData()[uiOffset];
+        const int iOther = m_oPage.IsPair() ? GetOther(uiOffset) : static_cast<int>(uiByte);
+        const std::string sByte = FormatText("%02x", uiByte);
+        oHtml << "<td role=\"gridcell\" tabindex=\"" << SText{ uiOffset == 0 ? "0" : "-1" } << "\" id=\""
+              << SText{ m_pszKey } << uiOffset << "\" class=\"" << SText{ FindAreaClass(uiOffset) };
+        if (iOther != static_cast<int>(uiByte))
+        {
+            oHtml << " differs\" aria-label=\"" << SText{ sByte } << ", "
+                  << SText{ iOther < 0 ? "not in the other image" : FormatText("other image %02x", iOther) };
+        }
+        oHtml << "\">" << SText{ sByte } << "</td>";
+    }
+
+    // ---- Tree ----
+
+    void AddFields(CHtml& oHtml)
+    {
+        std::vector<unsigned int> auiEnds; // of the open groups
+        for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
+        {
+            for (; !auiEnds.empty() && auiEnds.back() <= i; auiEnds.pop_back())
+            {
+                oHtml << "</ul></li>\n";
+            }
+            AddItem(i, oHtml);
+            if (m_oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
+            {
+                auiEnds.push_back(m_oMap.GetField(i).m_uiEnd);
+            }
+        }
+        for (size_t i = 0; i < auiEnds.size(); ++i)
+        {
+            oHtml << "</ul></li>\n";
+        }
+    }
+
+    void AddRuns(const CZorEdidMap::SField& oField, CHtml& oHtml) const
+    {
+        if (oField.m_uiPieces == 0)
+        {
+            oHtml << oField.m_uiOffset << "+" << oField.m_uiLength;
+        }
+        for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
+        {
+            const CZorEdidMap::SPiece& oPiece = m_oMap.GetPiece(oField.m_uiFirstPiece + i);
+            oHtml << SText{ i == 0 ? "" : " " } << oPiece.m_uiOffset << "+" << oPiece.m_uiLength;
+        }
+    }
+
+    std::string GetPlace(unsigned int uiField) const
+    {
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        return oField.m_eKind == CZorEdidMap::eKind_Group
+                   ? FormatText("%02x-%02x", oField.m_uiOffset, oField.m_uiOffset + oField.m_uiLength - 1)
+                   : GetPlaceText(GetFieldBytes(m_oMap, uiField), 0);
+    }
+
+    // A group stays open for the items in it.
+    void AddItem(unsigned int uiField, CHtml& oHtml)
+    {
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        const SPageField& oPlace = m_oImage.m_aoFields[uiField];
+        const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
+        oHtml << "<li role=\"treeitem\" aria-level=\"" << oField.m_uiDepth + 1 << "\" tabindex=\""
+              << SText{ uiField == 0 ? "0" : "-1" } << "\" data-p=\"";
+        AddRuns(oField, oHtml);
+        oHtml << "\"";
+        if (bGroup)
+        {
+            oHtml << " aria-expanded=\"true\" aria-labelledby=\"" << SText{ m_pszKey } << "f" << uiField << "\"";
+        }
+        oHtml << "><div class=\"field " << SText{ bGroup ? "group" : GetAreaClass(oField) }
+              << SText{ oPlace.m_bDiffers ? " differs" : "" } << "\"";
+        if (bGroup)
+        {
+            oHtml << " id=\"" << SText{ m_pszKey } << "f" << uiField << "\"";
+        }
+        oHtml << "><span class=\"name\">" << SText{ GetFieldName(oField) } << "</span> <span class=\"value\">"
+              << SText{ static_cast<const char*>(m_oMap.GetValue(uiField)) } << "</span> <span class=\"place\">"
+              << SText{ GetPlace(uiField) } << "</span>";
+        AddOther(oPlace, bGroup, oHtml);
+        AddNotes(uiField, oHtml);
+        oHtml << "</div>";
+        if (bGroup)
+        {
+            oHtml << "<ul role=\"group\">\n";
+        }
+        else
+        {
+            oHtml << "</li>\n";
+        }
+    }
+
+    void AddOther(const SPageField& oPlace, bool bGroup, CHtml& oHtml) const
+    {
+        if (!oPlace.m_bDiffers || (bGroup && !oPlace.m_bOnlyHere))
+        {
+            return;
+        }
+        oHtml << " <span class=\"other\">";
+        if (oPlace.m_bOnlyHere)
+        {
+            oHtml << "only in " << SText{ m_oPage.GetMark(m_uiImage) } << "</span>";
+            return;
+        }
+        oHtml << SText{ m_oPage.GetMark(1 - m_uiImage) } << " has " << SText{ oPlace.m_sOther } << "</span>";
+    }
+
+    void AddNotes(unsigned int uiField, CHtml& oHtml)
+    {
+        while (m_uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(m_uiNote).m_uiField <= uiField)
+        {
+            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(m_uiNote++);
+            const SText oWeight = { GetNoteName(oNote.m_eSeverity) };
+            oHtml << " <span class=\"remark " << oWeight << "\">" << oWeight << ": " << SText{ oNote.m_pszText }
+                  << "</span>";
+        }
+    }
+
+    const SPage& m_oPage;
+    const size_t m_uiImage;
+    const SPageImage& m_oImage;
+    const CZorEdidMap& m_oMap;
+    const char* const m_pszKey; // ahead of each identifier of this image
+    unsigned int m_uiNote = 0;  // the next note to write; they stand in the order of the fields
+};
+} // namespace
+
+CHtml MakeBytes(const SPage& oPage)
+{
+    CHtml oHtml;
+    oHtml << "<section id=\"bytes\" aria-labelledby=\"h-bytes\">\n<h2 id=\"h-bytes\">Bytes and fields</h2>\n"
+          << MakeLegend();
+    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+    {
+        oHtml << CByteView(oPage, i).Make();
+    }
+    return oHtml << "</section>\n";
+}

@@ -1,0 +1,367 @@
+// The head of the page: what the monitor is, in words, and how large it is beside a sheet of paper.
+
+#include <algorithm>
+#include <math.h>
+#include <string_view>
+
+#include "EdidBaseLayout.h"
+#include "PageParts.h"
+#include "TextFormat.h"
+
+using namespace EdidBaseLayout;
+
+namespace
+{
+constexpr double gsc_dMmPerInch = 25.4;
+constexpr double gsc_dMmPerCm = 10;
+constexpr double gsc_dPaperWidth = 210; // ISO 216 A4, millimetres
+constexpr double gsc_dPaperHeight = 297;
+
+// Places in the base block that EdidBaseLayout.h leaves out.
+constexpr unsigned int gsc_uiGammaOffset = 23;
+constexpr unsigned int gsc_uiTimingWidthOffset = gsc_uiDescriptorsOffset + 12; // of the image, in the first timing
+constexpr unsigned int gsc_uiTimingHeightOffset = gsc_uiDescriptorsOffset + 13;
+constexpr unsigned int gsc_uiHighBit = 7;
+
+struct SSize
+{
+    double m_dWidth = 0; // millimetres; 0 when the image says none
+    double m_dHeight = 0;
+
+    bool IsKnown() const { return m_dWidth > 0 && m_dHeight > 0; }
+    double GetDiagonal() const { return sqrt(m_dWidth * m_dWidth + m_dHeight * m_dHeight); }
+};
+
+double GetMeasureAt(const SPageImage& oImage, unsigned int uiOffset, std::string_view sUnit)
+{
+    const CZorEdidMap::SField* poField = oImage.FindField(uiOffset, gsc_uiHighBit);
+    const bool bMeasure = poField != nullptr && poField->m_pszUnit != nullptr && sUnit == poField->m_pszUnit;
+    return bMeasure ? GetFieldNumber(*poField) : 0;
+}
+
+// The whole centimetres of the base block, or the millimetres of the first timing where they say the same.
+SSize FindSize(const SPageImage& oImage)
+{
+    SSize oSize = { GetMeasureAt(oImage, gsc_uiImageWidthOffset, "cm") * gsc_dMmPerCm,
+                    GetMeasureAt(oImage, gsc_uiImageHeightOffset, "cm") * gsc_dMmPerCm };
+    const SSize oFine = { GetMeasureAt(oImage, gsc_uiTimingWidthOffset, "mm"),
+                          GetMeasureAt(oImage, gsc_uiTimingHeightOffset, "mm") };
+    const bool bClose = fabs(oFine.m_dWidth - oSize.m_dWidth) <= gsc_dMmPerCm &&
+                        fabs(oFine.m_dHeight - oSize.m_dHeight) <= gsc_dMmPerCm;
+    return oFine.IsKnown() && (bClose || !oSize.IsKnown()) ? oFine : oSize;
+}
+
+std::string DescribeSize(const SPageImage& oImage)
+{
+    const SSize oSize = FindSize(oImage);
+    if (!oSize.IsKnown())
+    {
+        return "not given";
+    }
+    return FormatText("%.1f \u00D7 %.1f cm, diagonal %.1f cm (%.1f in)", oSize.m_dWidth / gsc_dMmPerCm,
+                      oSize.m_dHeight / gsc_dMmPerCm, oSize.GetDiagonal() / gsc_dMmPerCm,
+                      oSize.GetDiagonal() / gsc_dMmPerInch);
+}
+
+// ---- Words ----
+
+void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
+{
+    if (!sNext.empty())
+    {
+        sList += (sList.empty() ? "" : pszBetween) + sNext;
+    }
+}
+
+std::string DescribeMaker(const SPageImage& oImage)
+{
+    const std::string sMaker = oImage.GetValueAt(gsc_uiManufacturerOffset, gsc_uiHighBit - 1);
+    return oImage.m_sMaker.empty() ? sMaker : oImage.m_sMaker + " (" + sMaker + ")";
+}
+
+std::string DescribeProduct(const SPageImage& oImage)
+{
+    return "product " + oImage.GetValueAt(gsc_uiProductOffset, gsc_uiHighBit) + ", serial " +
+           oImage.GetValueAt(gsc_uiSerialOffset, gsc_uiHighBit);
+}
+
+std::string DescribeDate(const SPageImage& oImage)
+{
+    constexpr double dModelYear = 255; // in the place of a week
+    const double dWeek = oImage.GetNumberAt(gsc_uiWeekOffset, gsc_uiHighBit);
+    std::string sText = oImage.GetValueAt(gsc_uiYearOffset, gsc_uiHighBit);
+    if (dWeek == dModelYear)
+    {
+        return sText + " (model year)";
+    }
+    return dWeek == 0 ? sText : sText + FormatText(", week %.0f", dWeek);
+}
+
+std::string DescribeNativeMode(const SPageImage& oImage)
+{
+    for (const SPageTiming& oTiming : oImage.m_aoTimings)
+    {
+        if (oTiming.m_oListed.m_bPreferred)
+        {
+            return DescribeMode(oTiming.m_oListed.m_oTiming);
+        }
+    }
+    return "";
+}
+
+bool HasName(const CZorEdidMap::SField& oField, std::string_view sPart)
+{
+    return std::string_view(oField.m_pszName).find(sPart) != std::string_view::npos;
+}
+
+// Digital or analogue, then the standard and the depth where revision 1.4 names them, then what extensions tell.
+std::string DescribeInterface(const SPageImage& oImage)
+{
+    std::string sText;
+    const bool bDigital = oImage.GetNumberAt(gsc_uiVideoInputOffset, gsc_uiHighBit) != 0;
+    sText = bDigital ? "digital" : "analogue";
+    for (const ByteFields::SBits& oBits : { gsc_oColorDepth, gsc_oInterface })
+    {
+        const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_uiByte, oBits.m_uiShift);
+        const bool bNamed = poField != nullptr && poField->m_eKind == CZorEdidMap::eKind_Name &&
+                            poField->m_pszMeaning != nullptr && poField->m_llNumber != 0;
+        Append(sText, bDigital && bNamed ? poField->m_pszMeaning : "");
+    }
+    std::string sHdmi;
+    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "HDMI") && HasName(oField, "ata block"))
+        {
+            sHdmi = sHdmi.empty() && !HasName(oField, "Forum") ? "HDMI 1.4" : "HDMI 2.0 or later";
+        }
+    }
+    Append(sText, sText.find("HDMI") == std::string::npos ? sHdmi : "");
+    return sText;
+}
+
+// What a group says that is on: its flags that are set, its names and its numbers.
+std::string DescribeGroup(const CZorEdidMap& oMap, unsigned int uiGroup)
+{
+    std::string sText;
+    for (unsigned int i = uiGroup + 1; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        if (oField.m_eArea == CZorEdidMap::eArea_Structure)
+        {
+            continue;
+        }
+        if (oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0)
+        {
+            Append(sText, oField.m_pszName);
+        }
+        else if (oField.m_eKind == CZorEdidMap::eKind_Number && oField.m_llNumber != 0 && oField.m_pszUnit != nullptr)
+        {
+            Append(sText, std::string(oField.m_pszName) + " " + static_cast<const char*>(oMap.GetValue(i)));
+        }
+    }
+    return sText;
+}
+
+std::string DescribeGroups(const SPageImage& oImage, std::initializer_list<std::string_view> asNames)
+{
+    const CZorEdidMap& oMap = oImage.m_oMap;
+    std::string sText;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        const bool bMeant = oField.m_eKind == CZorEdidMap::eKind_Group &&
+                            std::any_of(asNames.begin(), asNames.end(),
+                                        [&oField](std::string_view sName) { return HasName(oField, sName); });
+        if (bMeant)
+        {
+            Append(sText, DescribeGroup(oMap, i), "; ");
+            i = oField.m_uiEnd - 1;
+        }
+    }
+    return sText;
+}
+
+std::string DescribeBlocks(const SPageImage& oImage)
+{
+    std::string sText;
+    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); i = oImage.m_oMap.GetField(i).m_uiEnd)
+    {
+        Append(sText, oImage.m_oMap.GetField(i).m_pszName);
+    }
+    return FormatText("%u bytes: ", oImage.m_oMap.GetSize()) + sText;
+}
+
+std::string DescribeHdr(const SPageImage& oImage)
+{
+    const std::string sText = DescribeGroups(oImage, { "HDR", "Dolby Vision" });
+    return sText.empty() ? "none announced" : sText;
+}
+
+std::string DescribeColourWords(const SPageImage& oImage)
+{
+    std::string sText = DescribeColours(oImage);
+    const double dGamma = oImage.GetNumberAt(gsc_uiGammaOffset, gsc_uiHighBit);
+    Append(sText, dGamma > 0 ? FormatText("gamma %.2f", dGamma) : "");
+    Append(sText, DescribeGroups(oImage, { "Colorimetry data", "Colorimetry Data" }));
+    return sText;
+}
+
+struct SFact
+{
+    const char* m_pszName;
+    std::string (*m_pfnDescribe)(const SPageImage&);
+};
+
+constexpr SFact gsc_aoFacts[] = {
+    { "Maker", DescribeMaker },
+    { "Product", DescribeProduct },
+    { "Made in", DescribeDate },
+    { "Size", DescribeSize },
+    { "Native mode", DescribeNativeMode },
+    { "Interface", DescribeInterface },
+    { "Colour", DescribeColourWords },
+    { "HDR", DescribeHdr },
+    { "Image", DescribeBlocks },
+};
+
+CHtml MakeFacts(const SPageImage& oImage)
+{
+    CHtml oHtml;
+    oHtml << "<dl class=\"facts\">\n";
+    for (const SFact& oFact : gsc_aoFacts)
+    {
+        const std::string sValue = oFact.m_pfnDescribe(oImage);
+        if (!sValue.empty())
+        {
+            oHtml << "<div><dt>" << SText{ oFact.m_pszName } << "</dt><dd>" << SText{ sValue } << "</dd></div>\n";
+        }
+    }
+    if (!oImage.m_sProblem.empty())
+    {
+        oHtml << "<div><dt>Library</dt><dd>refuses the image: " << SText{ oImage.m_sProblem } << "</dd></div>\n";
+    }
+    return oHtml << "</dl>\n";
+}
+
+// ---- Size to scale ----
+
+// The picture is in millimetres. Texts keep their size on the page, whatever the monitor's.
+class CSizePicture
+{
+public:
+    explicit CSizePicture(const SPage& oPage)
+    {
+        for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+        {
+            const SSize oSize = FindSize(*oPage.m_apoImages[i]);
+            if (oSize.IsKnown())
+            {
+                m_aoSizes.push_back({ oSize, oPage.GetMark(i) });
+                m_dWidth = std::max(m_dWidth, oSize.m_dWidth);
+                m_dHeight = std::max(m_dHeight, oSize.m_dHeight);
+            }
+        }
+        m_dText = (m_dWidth + gsc_dPaperWidth) / 26;
+    }
+
+    CHtml Make() const
+    {
+        CHtml oHtml;
+        if (m_aoSizes.empty())
+        {
+            return oHtml;
+        }
+        const double dPaperLeft = m_dWidth + 2 * m_dText;
+        oHtml << "<figure class=\"size\">\n<svg role=\"img\" aria-labelledby=\"size-title size-desc\" viewBox=\"-2 -2 "
+              << SDecimal{ dPaperLeft + gsc_dPaperWidth + 4, 1 } << " " << SDecimal{ m_dHeight + 4, 1 }
+              << "\"><title id=\"size-title\">Size to scale</title><desc id=\"size-desc\">";
+        Describe(oHtml);
+        oHtml << "</desc>\n";
+        for (const SMarkedSize& oSize : m_aoSizes)
+        {
+            Draw(oHtml, oSize);
+        }
+        DrawBox(oHtml << "<g class=\"paper\">", dPaperLeft, gsc_dPaperWidth, gsc_dPaperHeight);
+        DrawText(oHtml, dPaperLeft + gsc_dPaperWidth / 2, m_dHeight - gsc_dPaperHeight / 2, "A4");
+        return oHtml << "</g>\n</svg>\n<figcaption>To scale, beside a sheet of A4 paper.</figcaption>\n</figure>\n";
+    }
+
+private:
+    struct SMarkedSize
+    {
+        SSize m_oSize;
+        const char* m_pszMark;
+    };
+
+    void Describe(CHtml& oHtml) const
+    {
+        for (const SMarkedSize& oMarked : m_aoSizes)
+        {
+            oHtml << "Monitor " << SText{ oMarked.m_pszMark } << " " << SDecimal{ oMarked.m_oSize.m_dWidth, 0 }
+                  << " by " << SDecimal{ oMarked.m_oSize.m_dHeight, 0 } << " mm. ";
+        }
+        oHtml << "Paper 210 by 297 mm.";
+    }
+
+    // Both stand on the bottom line.
+    void DrawBox(CHtml& oHtml, double dLeft, double dWidth, double dHeight) const
+    {
+        oHtml << "<rect x=\"" << SDecimal{ dLeft, 1 } << "\" y=\"" << SDecimal{ m_dHeight - dHeight, 1 }
+              << "\" width=\"" << SDecimal{ dWidth, 1 } << "\" height=\"" << SDecimal{ dHeight, 1 } << "\" rx=\"3\"/>";
+    }
+
+    void DrawText(CHtml& oHtml, double dX, double dY, const std::string& sText) const
+    {
+        oHtml << "<text x=\"" << SDecimal{ dX, 1 } << "\" y=\"" << SDecimal{ dY, 1 } << "\" font-size=\""
+              << SDecimal{ m_dText, 1 } << "\" text-anchor=\"middle\" dominant-baseline=\"middle\">" << SText{ sText }
+              << "</text>";
+    }
+
+    void Draw(CHtml& oHtml, const SMarkedSize& oMarked) const
+    {
+        const SSize& oSize = oMarked.m_oSize;
+        const double dTop = m_dHeight - oSize.m_dHeight;
+        const bool bSecond = *oMarked.m_pszMark == 'B';
+        oHtml << "<g class=\"screen" << SText{ bSecond ? " second" : "" } << "\">";
+        DrawBox(oHtml, 0, oSize.m_dWidth, oSize.m_dHeight);
+        oHtml << "<path d=\"M0 " << SDecimal{ m_dHeight, 1 } << "L" << SDecimal{ oSize.m_dWidth, 1 } << " "
+              << SDecimal{ dTop, 1 } << "\"/>";
+        const std::string sMark = *oMarked.m_pszMark == '\0' ? "" : std::string(oMarked.m_pszMark) + ": ";
+        const double dLine = bSecond ? m_dHeight - 1.2 * m_dText : dTop + 1.4 * m_dText;
+        DrawText(oHtml, oSize.m_dWidth / 2, dLine,
+                 sMark + FormatText("%.0f \u00D7 %.0f mm, %.1f in", oSize.m_dWidth, oSize.m_dHeight,
+                                    oSize.GetDiagonal() / gsc_dMmPerInch));
+        oHtml << "</g>\n";
+    }
+
+    std::vector<SMarkedSize> m_aoSizes;
+    double m_dWidth = 0;
+    double m_dHeight = gsc_dPaperHeight;
+    double m_dText = 0;
+};
+} // namespace
+
+CHtml MakeHead(const SPage& oPage)
+{
+    CHtml oHtml;
+    oHtml << "<section id=\"monitor\" aria-labelledby=\"h-monitor\">\n<h2 id=\"h-monitor\">What it is</h2>\n"
+          << "<div class=\"head\">\n";
+    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+    {
+        oHtml << "<div class=\"monitor\">\n";
+        if (oPage.IsPair())
+        {
+            oHtml << "<h3>" << SText{ oPage.GetMark(i) } << ": " << SText{ oPage.m_apoImages[i]->m_sTitle }
+                  << "</h3>\n";
+        }
+        oHtml << MakeFacts(*oPage.m_apoImages[i]) << "</div>\n";
+    }
+    return oHtml << CSizePicture(oPage).Make() << "</div>\n</section>\n";
+}
+
+std::string DescribeMode(const CVidParamTimingGeneric& oTiming)
+{
+    return FormatText("%u \u00D7 %u%s at %u Hz", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                      oTiming.IsInterlaced() != 0 ? " interlaced" : "", oTiming.GetVerticalRateInHz());
+}

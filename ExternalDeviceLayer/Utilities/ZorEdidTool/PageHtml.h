@@ -1,0 +1,64 @@
+// HTML under construction. Markup is what this program's own sources spell out; everything else is text and is escaped
+// on its way in, so that no text of an image or a file's name can become markup. For the sources of zoredid page.
+
+#pragma once
+
+#include <concepts>
+#include <string>
+#include <string_view>
+
+// A literal of the sources: only a constant expression makes one.
+struct SMarkup
+{
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal stands for itself
+    consteval SMarkup(const char* pszMarkup) : m_pszMarkup(pszMarkup) {}
+
+    const char* m_pszMarkup;
+};
+
+// Anything that is no literal.
+struct SText
+{
+    std::string_view m_sText;
+};
+
+// A number with at most so many decimals; zeros at the end are left out.
+struct SDecimal
+{
+    double m_dValue;
+    unsigned int m_uiDecimals;
+};
+
+class CHtml
+{
+public:
+    CHtml& operator<<(SMarkup oMarkup)
+    {
+        m_sHtml += oMarkup.m_pszMarkup;
+        return *this;
+    }
+    // Safe between tags and in a quoted attribute. What is no UTF-8, and control characters, become U+FFFD.
+    CHtml& operator<<(SText oText);
+    CHtml& operator<<(SDecimal oNumber);
+    CHtml& operator<<(std::integral auto iNumber)
+    {
+        m_sHtml += std::to_string(iNumber);
+        return *this;
+    }
+    CHtml& operator<<(char cNext) = delete; // as a number it would be a trap
+    CHtml& operator<<(const CHtml& oPart)
+    {
+        m_sHtml += oPart.m_sHtml;
+        return *this;
+    }
+
+    bool IsEmpty() const { return m_sHtml.empty(); }
+    const std::string& Get() const { return m_sHtml; }
+
+private:
+    std::string m_sHtml;
+};
+
+// A whole page around the content of its body: style, script, and a policy that lets nothing be fetched and no other
+// script run.
+std::string MakePage(const std::string& sTitle, const CHtml& oBody);

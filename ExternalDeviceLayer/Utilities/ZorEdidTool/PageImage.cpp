@@ -1,0 +1,208 @@
+// Reading one image for the page, and comparing two.
+
+#include "PageImage.h"
+
+#include <algorithm>
+#include <map>
+#include <string_view>
+#include <utility>
+
+#include "EdidBaseLayout.h"
+#include "MapText.h"
+#include "TextFormat.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
+
+using CField = CZorEdidMap::SField;
+
+std::string FindTitle(const SPageImage& oImage)
+{
+    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+    {
+        const CField& oField = oImage.m_oMap.GetField(i);
+        const unsigned int uiParent = oImage.m_aoFields[i].m_uiParent;
+        if (oField.m_eKind == CZorEdidMap::eKind_Text && uiParent != gsc_uiNone &&
+            oField.m_uiOffset >= EdidBaseLayout::gsc_uiContentsOffset &&
+            oField.m_uiOffset < CEdidUtils::msc_uiBlockSize)
+        {
+            const unsigned int uiTag =
+                oField.m_uiOffset - EdidBaseLayout::gsc_uiContentsOffset + EdidBaseLayout::gsc_uiTagOffset;
+            const std::string sText = static_cast<const char*>(oImage.m_oMap.GetValue(i));
+            if (oImage.m_oMap.GetData()[uiTag] == EdidBaseLayout::gsc_ui8TagName && !sText.empty())
+            {
+                return sText;
+            }
+        }
+    }
+    const std::string sFile = ShowName(oImage.m_oInput.m_sName);
+    return sFile.substr(sFile.find_last_of('/') + 1);
+}
+
+void FindParents(const CZorEdidMap& oMap, std::vector<SPageField>& aoFields)
+{
+    std::vector<unsigned int> auiOpen;
+    aoFields.resize(oMap.GetFieldCount());
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        while (!auiOpen.empty() && oMap.GetField(auiOpen.back()).m_uiEnd <= i)
+        {
+            auiOpen.pop_back();
+        }
+        aoFields[i].m_uiParent = auiOpen.empty() ? gsc_uiNone : auiOpen.back();
+        if (oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
+        {
+            auiOpen.push_back(i);
+        }
+    }
+}
+
+// The library leaves borders out; the map has them beside the timing that carries its number.
+void FindBorders(const SPageImage& oImage, SPageTiming& oTiming)
+{
+    const CZorEdidMap& oMap = oImage.m_oMap;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CField& oGroup = oMap.GetField(i);
+        if (oGroup.m_eList != CZorEdidMap::eList_Detailed || oGroup.m_uiTiming != oTiming.m_oListed.m_uiIndex)
+        {
+            continue;
+        }
+        for (unsigned int j = i; j < oGroup.m_uiEnd; ++j)
+        {
+            const CField& oField = oMap.GetField(j);
+            const std::string_view sName = oField.m_pszName;
+            if (oField.m_eKind == CZorEdidMap::eKind_Number && sName.find("border") != std::string_view::npos)
+            {
+                unsigned int& uiBorder = sName.front() == 'H' ? oTiming.m_uiBorderWidth : oTiming.m_uiBorderHeight;
+                uiBorder = static_cast<unsigned int>(oField.m_llNumber);
+            }
+        }
+    }
+}
+
+// The names on the way to each field. Of fields with the same way, each one carries its number.
+std::map<std::string, unsigned int> MakePaths(const SPageImage& oImage, std::vector<std::string>& asPaths)
+{
+    std::map<std::string, unsigned int> aoFound;
+    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+    {
+        const unsigned int uiParent = oImage.m_aoFields[i].m_uiParent;
+        const std::string sOpen = uiParent == gsc_uiNone ? "" : asPaths[uiParent] + "\n";
+        std::string sPath = sOpen + GetFieldName(oImage.m_oMap.GetField(i));
+        if (aoFound.contains(sPath))
+        {
+            sPath += FormatText("\t%u", oImage.m_oMap.GetField(i).m_uiOffset);
+        }
+        aoFound.emplace(sPath, i);
+        asPaths.push_back(sPath);
+    }
+    return aoFound;
+}
+
+void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, const SPageImage& oOther,
+                   const std::map<std::string, unsigned int>& aoOthers)
+{
+    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+    {
+        SPageField& oPlace = oImage.m_aoFields[i];
+        const auto itOther = aoOthers.find(asPaths[i]);
+        oPlace.m_bOnlyHere = itOther == aoOthers.end();
+        if (oImage.m_oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
+        {
+            continue;
+        }
+        if (!oPlace.m_bOnlyHere)
+        {
+            oPlace.m_sOther = static_cast<const char*>(oOther.m_oMap.GetValue(itOther->second));
+        }
+        oPlace.m_bDiffers =
+            oPlace.m_bOnlyHere || oPlace.m_sOther != static_cast<const char*>(oImage.m_oMap.GetValue(i));
+        for (unsigned int uiUp = oPlace.m_uiParent; oPlace.m_bDiffers && uiUp != gsc_uiNone;
+             uiUp = oImage.m_aoFields[uiUp].m_uiParent)
+        {
+            oImage.m_aoFields[uiUp].m_bDiffers = true;
+        }
+    }
+}
+
+void CompareTimings(SPageImage& oImage, const SPageImage& oOther)
+{
+    for (SPageTiming& oTiming : oImage.m_aoTimings)
+    {
+        oTiming.m_bOnlyHere =
+            std::none_of(oOther.m_aoTimings.begin(), oOther.m_aoTimings.end(), [&oTiming](const SPageTiming& oNext) {
+                return (oNext.m_oListed.m_oTiming == oTiming.m_oListed.m_oTiming) != 0;
+            });
+    }
+}
+} // namespace
+
+SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::move(oInput))
+{
+    m_oMap.Read(static_cast<unsigned int>(m_oInput.m_aui8Bytes.size()), m_oInput.m_aui8Bytes.data());
+    FindParents(m_oMap, m_aoFields);
+    m_aoFindings = CheckImage(m_oInput.m_aui8Bytes, uiThisYear);
+    m_sTitle = FindTitle(*this);
+    if (!m_oLoaded.Load(m_oInput))
+    {
+        m_sProblem = m_oLoaded.GetProblem();
+        return;
+    }
+    char szMaker[64] = {};
+    m_sMaker = m_oLoaded.GetEdid().GetManufacturerName(szMaker, sizeof(szMaker)) != 0 ? szMaker : "";
+    for (const SListedTiming& oListed : ListTimings(m_oLoaded))
+    {
+        m_aoTimings.push_back({ oListed });
+        if (oListed.m_eList == eTimingList_Detailed)
+        {
+            FindBorders(*this, m_aoTimings.back());
+        }
+    }
+}
+
+const CZorEdidMap::SField* SPageImage::FindField(unsigned int uiOffset, unsigned int uiBit) const
+{
+    const unsigned int uiLeaf = m_oMap.FindLeaf(uiOffset, uiBit);
+    return uiLeaf == gsc_uiNone ? nullptr : &m_oMap.GetField(uiLeaf);
+}
+
+std::string SPageImage::GetValueAt(unsigned int uiOffset, unsigned int uiBit) const
+{
+    const unsigned int uiLeaf = m_oMap.FindLeaf(uiOffset, uiBit);
+    return uiLeaf == gsc_uiNone ? "" : static_cast<const char*>(m_oMap.GetValue(uiLeaf));
+}
+
+double SPageImage::GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const
+{
+    const CField* poField = FindField(uiOffset, uiBit);
+    return poField == nullptr ? 0 : GetFieldNumber(*poField);
+}
+
+void CompareImages(SPage& oPage)
+{
+    std::vector<std::string> aasPaths[2];
+    std::map<std::string, unsigned int> aaoFound[2];
+    for (size_t i = 0; i < 2; ++i)
+    {
+        aaoFound[i] = MakePaths(*oPage.m_apoImages[i], aasPaths[i]);
+    }
+    for (size_t i = 0; i < 2; ++i)
+    {
+        SPageImage& oImage = *oPage.m_apoImages[i];
+        const SPageImage& oOther = *oPage.m_apoImages[1 - i];
+        CompareFields(oImage, aasPaths[i], oOther, aaoFound[1 - i]);
+        CompareTimings(oImage, oOther);
+    }
+}
+
+double GetFieldNumber(const CZorEdidMap::SField& oField)
+{
+    double dNumber = static_cast<double>(oField.m_llNumber);
+    for (unsigned int i = 0; i < oField.m_uiDecimals; ++i)
+    {
+        dNumber /= 10;
+    }
+    return dNumber;
+}

@@ -1,0 +1,69 @@
+// One image, or two beside each other, as the page shows them: the map, what the library lists, findings, and what
+// differs. For the sources of zoredid page.
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "CheckRules.h"
+#include "Input.h"
+#include "LoadedImage.h"
+#include "Timings.h"
+#include "ZorEdidMap.h"
+
+// A field and what the other image has in its place.
+struct SPageField
+{
+    bool m_bDiffers = false;   // a leaf with another value, or one that only this image has; a group with such a leaf
+    bool m_bOnlyHere = false;  // of a leaf or a group
+    std::string m_sOther = {}; // the other value of a leaf
+    unsigned int m_uiParent = CZorEdidMap::msc_uiNone;
+};
+
+struct SPageTiming
+{
+    SListedTiming m_oListed;
+    unsigned int m_uiBorderWidth = 0;  // pixels, each side
+    unsigned int m_uiBorderHeight = 0; // lines, each side
+    bool m_bOnlyHere = false;          // no timing of the other image equals it
+};
+
+struct SPageImage
+{
+    // The image of oInput, which is moved in. uiThisYear is for the findings.
+    SPageImage(SInput oInput, unsigned int uiThisYear);
+
+    // The leaf of a bit; null behind the image.
+    const CZorEdidMap::SField* FindField(unsigned int uiOffset, unsigned int uiBit) const;
+    // Its value as text; empty behind the image.
+    std::string GetValueAt(unsigned int uiOffset, unsigned int uiBit) const;
+    // Its number, decimals applied; 0 behind the image.
+    double GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const;
+
+    SInput m_oInput;
+    CZorEdidMap m_oMap;
+    CLoadedImage m_oLoaded;
+    std::string m_sProblem; // why the library refuses the image; empty when it does not
+    std::string m_sMaker;   // the company's name, where the library knows it
+    std::string m_sTitle;   // the monitor's name, or else the file's
+    std::vector<SPageTiming> m_aoTimings;
+    std::vector<SFinding> m_aoFindings;
+    std::vector<SPageField> m_aoFields; // as many as the map has
+};
+
+// What the page is about: one image, or two that are compared.
+struct SPage
+{
+    std::vector<std::unique_ptr<SPageImage>> m_apoImages;
+
+    bool IsPair() const { return m_apoImages.size() > 1; }
+    // "A" or "B" in text; empty for a single image.
+    const char* GetMark(size_t uiImage) const { return !IsPair() ? "" : uiImage == 0 ? "A" : "B"; }
+};
+
+// Fills in what differs between the two images of a pair.
+void CompareImages(SPage& oPage);
+
+double GetFieldNumber(const CZorEdidMap::SField& oField);

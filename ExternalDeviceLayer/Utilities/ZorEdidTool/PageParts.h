@@ -1,0 +1,23 @@
+// The parts of the page, each a section with its heading. For Page.cpp, which puts them together.
+
+#pragma once
+
+#include "PageHtml.h"
+#include "PageImage.h"
+
+// What the monitor is, in words, with its size beside a sheet of paper (PageHead.cpp).
+CHtml MakeHead(const SPage& oPage);
+// The findings of the check, and of a pair all that differs (PageFindings.cpp).
+CHtml MakeFindings(const SPage& oPage);
+// The bytes as a grid and the fields as a tree (PageBytes.cpp).
+CHtml MakeBytes(const SPage& oPage);
+// The timings as a table and as pictures to scale (PageTimings.cpp).
+CHtml MakeTimings(const SPage& oPage);
+// Modes over width and rates, with the range limits (PagePlots.cpp).
+CHtml MakeModePlots(SPage& oPage);
+// The colour triangle (PageColour.cpp), and how much of two common ones it covers, in words; empty without colours.
+CHtml MakeColours(const SPage& oPage);
+std::string DescribeColours(const SPageImage& oImage);
+
+// A timing in short: "1920 × 1080 at 60 Hz", "1920 × 1080 interlaced at 30 Hz".
+std::string DescribeMode(const CVidParamTimingGeneric& oTiming);

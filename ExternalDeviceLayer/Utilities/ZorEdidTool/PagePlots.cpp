@@ -1,0 +1,288 @@
+// Modes over width and refresh rate, and over line rate and refresh rate, each with the range limits as a box.
+
+#include <algorithm>
+#include <map>
+#include <math.h>
+#include <optional>
+
+#include "PageParts.h"
+#include "TextFormat.h"
+
+namespace
+{
+// Units of the drawing.
+constexpr double gsc_dWidth = 640;
+constexpr double gsc_dHeight = 400;
+constexpr double gsc_dLeft = 56;
+constexpr double gsc_dRight = 16;
+constexpr double gsc_dTop = 16;
+constexpr double gsc_dBottom = 50;
+
+// The outermost limits of all range limit descriptors of the images; 0 as upper end of what is not limited.
+struct SLimits
+{
+    double m_dLeastRate; // Hz
+    double m_dMostRate;
+    double m_dLeastLineRate; // kHz
+    double m_dMostLineRate;
+};
+
+std::optional<SLimits> FindLimits(SPageImage& oImage)
+{
+    CEdidBase::SRangeLimits oLimits = {};
+    if (!oImage.m_sProblem.empty() || oImage.m_oLoaded.GetEdid().GetMonitorRangeLimits(oLimits) == 0 ||
+        oLimits.m_uiMaxVerticalRateInHz < oLimits.m_uiMinVerticalRateInHz ||
+        oLimits.m_uiMaxHorizontalRateInKiloHz < oLimits.m_uiMinHorizontalRateInKiloHz)
+    {
+        return std::nullopt;
+    }
+    return SLimits{ static_cast<double>(oLimits.m_uiMinVerticalRateInHz),
+                    static_cast<double>(oLimits.m_uiMaxVerticalRateInHz),
+                    static_cast<double>(oLimits.m_uiMinHorizontalRateInKiloHz),
+                    static_cast<double>(oLimits.m_uiMaxHorizontalRateInKiloHz) };
+}
+
+// Where modes lie on one another, one point.
+struct SPoint
+{
+    double m_dX;
+    double m_dY;
+    std::string m_sModes;
+    bool m_bPreferred = false;
+    bool m_abIn[2] = {};
+};
+
+double GetRate(const CVidParamTimingGeneric& oTiming)
+{
+    const double dTotal =
+        static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * oTiming.ComputeVerticalTotalLine();
+    const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1; // the limits are those of fields
+    return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
+}
+
+double GetX(const CVidParamTimingGeneric& oTiming, bool bLineRate)
+{
+    constexpr double dHzPerKiloHz = 1000;
+    return bLineRate ? oTiming.GetHorizontalRateInHz() / dHzPerKiloHz : oTiming.GetHorizontalActive();
+}
+
+// 1, 2 or 5 times a power of ten: the step that gives at most so many marks.
+double FindStep(double dRange, double dMost)
+{
+    double dStep = pow(10, floor(log10(std::max(dRange, 1.0) / dMost)));
+    for (const double dFactor : { 2.0, 2.5, 2.0 })
+    {
+        dStep *= dRange / dStep > dMost ? dFactor : 1;
+    }
+    return dStep;
+}
+
+class CPlot
+{
+public:
+    CPlot(SPage& oPage, bool bLineRate) : m_oPage(oPage), m_bLineRate(bLineRate)
+    {
+        for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+        {
+            AddImage(i);
+        }
+        m_dStepX = FindStep(m_dMostX * 1.05, 6);
+        m_dStepY = FindStep(m_dMostY * 1.05, 7);
+        m_dMostX = m_dStepX * ceil(m_dMostX * 1.02 / m_dStepX);
+        m_dMostY = m_dStepY * ceil(m_dMostY * 1.02 / m_dStepY);
+    }
+
+    CHtml Make() const
+    {
+        CHtml oHtml;
+        const SText oKey = { m_bLineRate ? "lines" : "widths" };
+        oHtml << "<figure class=\"plot\">\n<figcaption>Refresh rate over "
+              << SText{ m_bLineRate ? "line rate" : "width" } << "</figcaption>\n<svg role=\"img\" aria-labelledby=\""
+              << oKey << "-title " << oKey << "-desc\" viewBox=\"0 0 " << SDecimal{ gsc_dWidth, 0 } << " "
+              << SDecimal{ gsc_dHeight, 0 } << "\"><title id=\"" << oKey << "-title\">Modes over "
+              << SText{ m_bLineRate ? "line rate" : "width" } << " and refresh rate</title><desc id=\"" << oKey
+              << "-desc\">" << m_aoPoints.size() << " points; the table of timings has their numbers.";
+        DescribeLimits(oHtml);
+        oHtml << "</desc>\n";
+        AddGrid(oHtml);
+        AddLimits(oHtml);
+        for (const auto& [aoKey, oPoint] : m_aoPoints)
+        {
+            AddPoint(oHtml, oPoint);
+        }
+        return oHtml << "</svg>\n</figure>\n";
+    }
+
+private:
+    void AddImage(size_t uiImage)
+    {
+        SPageImage& oImage = *m_oPage.m_apoImages[uiImage];
+        m_aoLimits[uiImage] = FindLimits(oImage);
+        if (m_aoLimits[uiImage].has_value())
+        {
+            m_dMostY = std::max(m_dMostY, m_aoLimits[uiImage]->m_dMostRate);
+            m_dMostX = std::max(m_dMostX, m_bLineRate ? m_aoLimits[uiImage]->m_dMostLineRate : 0);
+        }
+        for (const SPageTiming& oPlace : oImage.m_aoTimings)
+        {
+            const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
+            const double dX = GetX(oTiming, m_bLineRate);
+            const double dY = GetRate(oTiming);
+            SPoint& oPoint = m_aoPoints.try_emplace({ lround(dX), lround(dY) }, SPoint{ dX, dY, "" }).first->second;
+            const std::string sMode = DescribeMode(oTiming);
+            if (oPoint.m_sModes.find(sMode) == std::string::npos)
+            {
+                oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : "\n") + sMode;
+            }
+            oPoint.m_bPreferred = oPoint.m_bPreferred || oPlace.m_oListed.m_bPreferred;
+            oPoint.m_abIn[uiImage] = true;
+            m_dMostX = std::max(m_dMostX, dX);
+            m_dMostY = std::max(m_dMostY, dY);
+        }
+    }
+
+    double PlaceX(double dX) const { return gsc_dLeft + dX / m_dMostX * (gsc_dWidth - gsc_dLeft - gsc_dRight); }
+    double PlaceY(double dY) const
+    {
+        return gsc_dHeight - gsc_dBottom - dY / m_dMostY * (gsc_dHeight - gsc_dTop - gsc_dBottom);
+    }
+
+    static void AddLine(CHtml& oHtml, double dX1, double dY1, double dX2, double dY2)
+    {
+        oHtml << "<path class=\"line\" d=\"M" << SDecimal{ dX1, 1 } << " " << SDecimal{ dY1, 1 } << "L"
+              << SDecimal{ dX2, 1 } << " " << SDecimal{ dY2, 1 } << "\"/>";
+    }
+
+    static void AddText(CHtml& oHtml, double dX, double dY, SMarkup oAnchor, const std::string& sText)
+    {
+        oHtml << "<text x=\"" << SDecimal{ dX, 1 } << "\" y=\"" << SDecimal{ dY, 1 } << "\" text-anchor=\"" << oAnchor
+              << "\">" << SText{ sText } << "</text>";
+    }
+
+    void AddGrid(CHtml& oHtml) const
+    {
+        const double dFloor = PlaceY(0);
+        for (double dX = 0; dX <= m_dMostX * 1.001; dX += m_dStepX)
+        {
+            AddLine(oHtml, PlaceX(dX), gsc_dTop, PlaceX(dX), dFloor);
+            AddText(oHtml, PlaceX(dX), dFloor + 18, "middle", FormatText("%.0f", dX));
+        }
+        for (double dY = 0; dY <= m_dMostY * 1.001; dY += m_dStepY)
+        {
+            AddLine(oHtml, gsc_dLeft, PlaceY(dY), gsc_dWidth - gsc_dRight, PlaceY(dY));
+            AddText(oHtml, gsc_dLeft - 8, PlaceY(dY) + 4, "end", FormatText("%.0f", dY));
+        }
+        AddText(oHtml, (gsc_dLeft + gsc_dWidth - gsc_dRight) / 2, gsc_dHeight - 8, "middle",
+                m_bLineRate ? "line rate, kHz" : "width, pixels");
+        oHtml << "<text class=\"axis\" transform=\"translate(14 " << SDecimal{ (gsc_dTop + dFloor) / 2, 1 }
+              << ") rotate(-90)\" text-anchor=\"middle\">refresh rate, Hz</text>\n";
+    }
+
+    // Width has no limit of its own: there the box goes over all of it.
+    void AddLimits(CHtml& oHtml) const
+    {
+        for (size_t i = 0; i < 2; ++i)
+        {
+            if (!m_aoLimits[i].has_value())
+            {
+                continue;
+            }
+            const double dLeft = PlaceX(m_bLineRate ? m_aoLimits[i]->m_dLeastLineRate : 0);
+            const double dRight = PlaceX(m_bLineRate ? m_aoLimits[i]->m_dMostLineRate : m_dMostX);
+            const double dTop = PlaceY(m_aoLimits[i]->m_dMostRate);
+            oHtml << "<rect class=\"limits" << SText{ i == 0 ? "" : " second" } << "\" x=\"" << SDecimal{ dLeft, 1 }
+                  << "\" y=\"" << SDecimal{ dTop, 1 } << "\" width=\"" << SDecimal{ std::max(dRight - dLeft, 1.0), 1 }
+                  << "\" height=\"" << SDecimal{ std::max(PlaceY(m_aoLimits[i]->m_dLeastRate) - dTop, 1.0), 1 }
+                  << "\"/>";
+            AddText(oHtml, dRight - 6, i == 0 ? dTop + 16 : PlaceY(m_aoLimits[i]->m_dLeastRate) - 6, "end",
+                    std::string("range limits ") + m_oPage.GetMark(i));
+        }
+    }
+
+    void DescribeLimits(CHtml& oHtml) const
+    {
+        for (size_t i = 0; i < 2; ++i)
+        {
+            if (m_aoLimits[i].has_value())
+            {
+                const SLimits& oLimits = *m_aoLimits[i];
+                oHtml << " Range limits " << SText{ m_oPage.GetMark(i) } << ": " << SDecimal{ oLimits.m_dLeastRate, 0 }
+                      << " to " << SDecimal{ oLimits.m_dMostRate, 0 } << " Hz, "
+                      << SDecimal{ oLimits.m_dLeastLineRate, 0 } << " to " << SDecimal{ oLimits.m_dMostLineRate, 0 }
+                      << " kHz.";
+            }
+        }
+    }
+
+    bool IsWithinLimits(const SPoint& oPoint) const
+    {
+        for (size_t i = 0; i < 2; ++i)
+        {
+            if (!oPoint.m_abIn[i] || !m_aoLimits[i].has_value())
+            {
+                continue;
+            }
+            const SLimits& oLimits = *m_aoLimits[i];
+            constexpr double dSlack = 0.5; // the limits are whole numbers
+            if (oPoint.m_dY < oLimits.m_dLeastRate - dSlack || oPoint.m_dY > oLimits.m_dMostRate + dSlack ||
+                (m_bLineRate &&
+                 (oPoint.m_dX < oLimits.m_dLeastLineRate - dSlack || oPoint.m_dX > oLimits.m_dMostLineRate + dSlack)))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    void AddPoint(CHtml& oHtml, const SPoint& oPoint) const
+    {
+        const bool bInside = IsWithinLimits(oPoint);
+        const bool bOne = m_oPage.IsPair() && oPoint.m_abIn[0] != oPoint.m_abIn[1];
+        oHtml << "<circle class=\"mode" << SText{ oPoint.m_bPreferred ? " preferred" : "" }
+              << SText{ bInside ? "" : " outside" } << SText{ bOne && oPoint.m_abIn[0] ? " first" : "" }
+              << SText{ bOne && oPoint.m_abIn[1] ? " second" : "" } << "\" cx=\"" << SDecimal{ PlaceX(oPoint.m_dX), 1 }
+              << "\" cy=\"" << SDecimal{ PlaceY(oPoint.m_dY), 1 } << "\" r=\""
+              << SText{ oPoint.m_bPreferred ? "7" : "5" } << "\"><title>" << SText{ oPoint.m_sModes }
+              << SText{ oPoint.m_bPreferred ? " (preferred)" : "" }
+              << SText{ bInside ? "" : " (outside the range limits)" };
+        if (bOne)
+        {
+            oHtml << " only in " << SText{ m_oPage.GetMark(oPoint.m_abIn[0] ? 0 : 1) };
+        }
+        oHtml << "</title></circle>\n";
+    }
+
+    SPage& m_oPage;
+    const bool m_bLineRate;
+    std::map<std::pair<long, long>, SPoint> m_aoPoints; // by whole units
+    std::optional<SLimits> m_aoLimits[2];
+    double m_dMostX = 1;
+    double m_dMostY = 1;
+    double m_dStepX = 1;
+    double m_dStepY = 1;
+};
+} // namespace
+
+CHtml MakeModePlots(SPage& oPage)
+{
+    CHtml oHtml;
+    const bool bAny = std::any_of(oPage.m_apoImages.begin(), oPage.m_apoImages.end(),
+                                  [](const auto& poImage) { return !poImage->m_aoTimings.empty(); });
+    if (!bAny)
+    {
+        return oHtml;
+    }
+    oHtml << "<section id=\"modes\" aria-labelledby=\"h-modes\">\n<h2 id=\"h-modes\">Modes over their rates</h2>\n"
+          << "<ul class=\"legend\" aria-label=\"Marks\"><li><span class=\"dot preferred\"></span>preferred</li>";
+    if (oPage.IsPair())
+    {
+        oHtml << "<li><span class=\"dot\"></span>both</li><li><span class=\"dot first\"></span>only A</li>"
+              << "<li><span class=\"dot second\"></span>only B</li>";
+    }
+    else
+    {
+        oHtml << "<li><span class=\"dot\"></span>mode</li>";
+    }
+    return oHtml << "<li><span class=\"dot outside\"></span>outside the range limits</li></ul>\n<div class=\"plots\">\n"
+                 << CPlot(oPage, false).Make() << CPlot(oPage, true).Make() << "</div>\n</section>\n";
+}

@@ -9,7 +9,6 @@
 #include "ManyFiles.h"
 #include "Output.h"
 #include "PageParts.h"
-#include "TextFormat.h"
 #include "Tool.h"
 
 namespace
@@ -65,8 +64,7 @@ CHtml MakeBody(SPage& oPage)
           << SText{ GetTitle(oPage) } << "</h1>\n<p class=\"file\">";
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ ShowName(oPage.m_apoImages[i]->m_oInput.m_sName) }
-              << "</span>";
+        oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ oPage.m_apoImages[i]->m_sFile } << "</span>";
     }
     return oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\" hidden>Dark</button>\n</header>\n"
                  << MakeLinks(oContent) << "<main id=\"content\">\n"

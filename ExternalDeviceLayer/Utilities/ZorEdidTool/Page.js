@@ -224,5 +224,6 @@
   const start = rows.find(row => row.textContent.includes("preferred")) || rows[0];
   one("input", start).checked = true;
   choose(one("input", start));
+  show(table.parentElement, start);
   sift();
 })();

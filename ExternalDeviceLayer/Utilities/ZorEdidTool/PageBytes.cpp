@@ -14,6 +14,13 @@ constexpr unsigned int gsc_uiLine = 16; // bytes
 
 const char* GetAreaClass(const CZorEdidMap::SField& oField) { return GetAreaName(oField.m_eArea); }
 
+// Whether the value is that of single bytes, which stand in columns.
+bool IsRaw(const CZorEdidMap::SField& oField)
+{
+    return oField.m_eKind == CZorEdidMap::eKind_Bytes || oField.m_eKind == CZorEdidMap::eKind_Reserved ||
+           oField.m_eKind == CZorEdidMap::eKind_Unknown || oField.m_eKind == CZorEdidMap::eKind_Text;
+}
+
 CHtml MakeLegend()
 {
     CHtml oHtml;
@@ -183,7 +190,8 @@ private:
         {
             oHtml << " id=\"" << SText{ m_pszKey } << "f" << uiField << "\"";
         }
-        oHtml << "><span class=\"name\">" << SText{ GetFieldName(oField) } << "</span> <span class=\"value\">"
+        oHtml << "><span class=\"name\">" << SText{ GetFieldName(oField) } << "</span> <span class=\"value"
+              << SText{ IsRaw(oField) ? " raw" : "" } << "\">"
               << SText{ static_cast<const char*>(m_oMap.GetValue(uiField)) } << "</span> <span class=\"place\">"
               << SText{ GetPlace(uiField) } << "</span>";
         AddOther(oPlace, bGroup, oHtml);

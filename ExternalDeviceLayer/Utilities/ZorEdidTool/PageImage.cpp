@@ -36,8 +36,7 @@ std::string FindTitle(const SPageImage& oImage)
             }
         }
     }
-    const std::string sFile = ShowName(oImage.m_oInput.m_sName);
-    return sFile.substr(sFile.find_last_of('/') + 1);
+    return oImage.m_sFile;
 }
 
 void FindParents(const CZorEdidMap& oMap, std::vector<SPageField>& aoFields)
@@ -144,6 +143,7 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
     m_oMap.Read(static_cast<unsigned int>(m_oInput.m_aui8Bytes.size()), m_oInput.m_aui8Bytes.data());
     FindParents(m_oMap, m_aoFields);
     m_aoFindings = CheckImage(m_oInput.m_aui8Bytes, uiThisYear);
+    m_sFile = ShowName(m_oInput.m_sName.substr(m_oInput.m_sName.find_last_of('/') + 1));
     m_sTitle = FindTitle(*this);
     if (!m_oLoaded.Load(m_oInput))
     {

@@ -47,6 +47,7 @@ struct SPageImage
     CLoadedImage m_oLoaded;
     std::string m_sProblem; // why the library refuses the image; empty when it does not
     std::string m_sMaker;   // the company's name, where the library knows it
+    std::string m_sFile;    // its name without folders, which are nobody's business, in one line
     std::string m_sTitle;   // the monitor's name, or else the file's
     std::vector<SPageTiming> m_aoTimings;
     std::vector<SFinding> m_aoFindings;

@@ -87,7 +87,8 @@ public:
             AddImage(i);
         }
         m_dStepX = FindStep(m_dMostX * 1.05, 6);
-        m_dStepY = FindStep(m_dMostY * 1.05, 7);
+        m_dStepY = FindStep(m_dMostY - m_dLeastY, 6);
+        m_dLeastY = m_dStepY * floor(m_dLeastY * 0.9 / m_dStepY);
         m_dMostX = m_dStepX * ceil(m_dMostX * 1.02 / m_dStepX);
         m_dMostY = m_dStepY * ceil(m_dMostY * 1.02 / m_dStepY);
     }
@@ -96,12 +97,13 @@ public:
     {
         CHtml oHtml;
         const SText oKey = { m_bLineRate ? "lines" : "widths" };
-        oHtml << "<figure class=\"plot\">\n<figcaption>Refresh rate over "
-              << SText{ m_bLineRate ? "line rate" : "width" } << "</figcaption>\n<svg role=\"img\" aria-labelledby=\""
-              << oKey << "-title " << oKey << "-desc\" viewBox=\"0 0 " << SDecimal{ gsc_dWidth, 0 } << " "
-              << SDecimal{ gsc_dHeight, 0 } << "\"><title id=\"" << oKey << "-title\">Modes over "
-              << SText{ m_bLineRate ? "line rate" : "width" } << " and refresh rate</title><desc id=\"" << oKey
-              << "-desc\">" << m_aoPoints.size() << " points; the table of timings has their numbers.";
+        oHtml << "<figure class=\"plot\">\n<figcaption>Refresh rate in Hz over "
+              << SText{ m_bLineRate ? "line rate in kHz" : "width in pixels" }
+              << "</figcaption>\n<svg role=\"img\" aria-labelledby=\"" << oKey << "-title " << oKey
+              << "-desc\" viewBox=\"0 0 " << SDecimal{ gsc_dWidth, 0 } << " " << SDecimal{ gsc_dHeight, 0 }
+              << "\"><title id=\"" << oKey << "-title\">Modes over " << SText{ m_bLineRate ? "line rate" : "width" }
+              << " and refresh rate</title><desc id=\"" << oKey << "-desc\">" << m_aoPoints.size()
+              << " points; the table of timings has their numbers.";
         DescribeLimits(oHtml);
         oHtml << "</desc>\n";
         AddGrid(oHtml);
@@ -121,6 +123,7 @@ private:
         if (m_aoLimits[uiImage].has_value())
         {
             m_dMostY = std::max(m_dMostY, m_aoLimits[uiImage]->m_dMostRate);
+            m_dLeastY = std::min(m_dLeastY, m_aoLimits[uiImage]->m_dLeastRate);
             m_dMostX = std::max(m_dMostX, m_bLineRate ? m_aoLimits[uiImage]->m_dMostLineRate : 0);
         }
         for (const SPageTiming& oPlace : oImage.m_aoTimings)
@@ -138,13 +141,15 @@ private:
             oPoint.m_abIn[uiImage] = true;
             m_dMostX = std::max(m_dMostX, dX);
             m_dMostY = std::max(m_dMostY, dY);
+            m_dLeastY = std::min(m_dLeastY, dY);
         }
     }
 
     double PlaceX(double dX) const { return gsc_dLeft + dX / m_dMostX * (gsc_dWidth - gsc_dLeft - gsc_dRight); }
     double PlaceY(double dY) const
     {
-        return gsc_dHeight - gsc_dBottom - dY / m_dMostY * (gsc_dHeight - gsc_dTop - gsc_dBottom);
+        return gsc_dHeight - gsc_dBottom -
+               (dY - m_dLeastY) / (m_dMostY - m_dLeastY) * (gsc_dHeight - gsc_dTop - gsc_dBottom);
     }
 
     static void AddLine(CHtml& oHtml, double dX1, double dY1, double dX2, double dY2)
@@ -161,13 +166,13 @@ private:
 
     void AddGrid(CHtml& oHtml) const
     {
-        const double dFloor = PlaceY(0);
+        const double dFloor = PlaceY(m_dLeastY);
         for (double dX = 0; dX <= m_dMostX * 1.001; dX += m_dStepX)
         {
             AddLine(oHtml, PlaceX(dX), gsc_dTop, PlaceX(dX), dFloor);
             AddText(oHtml, PlaceX(dX), dFloor + 18, "middle", FormatText("%.0f", dX));
         }
-        for (double dY = 0; dY <= m_dMostY * 1.001; dY += m_dStepY)
+        for (double dY = m_dLeastY; dY <= m_dMostY * 1.001; dY += m_dStepY)
         {
             AddLine(oHtml, gsc_dLeft, PlaceY(dY), gsc_dWidth - gsc_dRight, PlaceY(dY));
             AddText(oHtml, gsc_dLeft - 8, PlaceY(dY) + 4, "end", FormatText("%.0f", dY));
@@ -256,6 +261,7 @@ private:
     const bool m_bLineRate;
     std::map<std::pair<long, long>, SPoint> m_aoPoints; // by whole units
     std::optional<SLimits> m_aoLimits[2];
+    double m_dLeastY = 60;
     double m_dMostX = 1;
     double m_dMostY = 1;
     double m_dStepX = 1;

@@ -1,5 +1,7 @@
 // The timings as a table, and each of them as a picture to scale. Of a pair, a timing that both have stands there once.
 
+#include <algorithm>
+
 #include "PageParts.h"
 #include "TextFormat.h"
 
@@ -168,6 +170,10 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
             }
         }
     }
+    // The list with the preferred timing comes first.
+    std::stable_sort(aoRows.begin(), aoRows.end(), [](const STimingRow& oFirst, const STimingRow& oSecond) {
+        return oFirst.m_poTiming->m_oListed.m_eList > oSecond.m_poTiming->m_oListed.m_eList;
+    });
     return aoRows;
 }
 

@@ -8,21 +8,16 @@
   // ---- Light and dark ----
 
   const theme = one("#theme");
-  const root = document.documentElement;
-  const isDark = () => getComputedStyle(root).colorScheme === "dark";
+  const dark = [...document.styleSheets[0].cssRules].find(rule => rule.media?.mediaText.includes("dark"));
+  const isDark = () => getComputedStyle(document.documentElement).colorScheme === "dark";
   const nameTheme = () => { theme.textContent = isDark() ? "Light" : "Dark"; };
   theme.hidden = false;
   nameTheme();
   theme.addEventListener("click", () => {
-    root.dataset.theme = isDark() ? "light" : "dark";
+    dark.media.mediaText = isDark() ? "not all" : "screen"; // paper stays light
     nameTheme();
   });
   matchMedia("(prefers-color-scheme: dark)").addEventListener("change", nameTheme);
-  let before; // paper is white
-  addEventListener("beforeprint", () => { before = root.dataset.theme; root.dataset.theme = "light"; });
-  addEventListener("afterprint", () => {
-    if (before) root.dataset.theme = before; else delete root.dataset.theme;
-  });
 
   // The one of a group that the tab key reaches.
   const rove = (group, item) => {
@@ -35,7 +30,8 @@
     const outer = box.getBoundingClientRect(), inner = item.getBoundingClientRect();
     if (box.scrollHeight <= box.clientHeight) return;
     if (inner.top < outer.top) box.scrollTop -= outer.top - inner.top + 8;
-    else if (inner.bottom > outer.bottom) box.scrollTop += Math.min(inner.bottom - outer.bottom + 8, inner.top - outer.top);
+    else if (inner.bottom > outer.bottom)
+      box.scrollTop += Math.min(inner.bottom - outer.bottom + 8, inner.top - outer.top);
   };
 
   // ---- Bytes and fields ----
@@ -45,7 +41,7 @@
     const cells = all("[role=gridcell]", view), items = all("[role=treeitem]", view);
     const said = one(".said", view), tree = one("[role=tree]", view), grids = one(".grids", view);
     const isGroup = item => item.hasAttribute("aria-expanded");
-    const row = item => item.firstElementChild;
+    const above = item => item.parentElement.parentElement.previousElementSibling?.closest("[role=treeitem]");
     const runs = new Map(), leaves = cells.map(() => []);
     for (const item of items) {
       runs.set(item, item.dataset.p.split(" ").map(run => run.split("+").map(Number)));
@@ -60,15 +56,15 @@
     const mark = next => {
       for (const element of marked) {
         element.classList.remove("on");
-        (element.closest("[role=treeitem]") || element).removeAttribute("aria-selected");
+        element.removeAttribute("aria-selected");
       }
       marked = next;
       for (const element of marked) {
         element.classList.add("on");
-        (element.closest("[role=treeitem]") || element).setAttribute("aria-selected", "true");
+        element.setAttribute("aria-selected", "true");
       }
     };
-    const line = (parts) => {
+    const line = parts => {
       const p = document.createElement("p");
       for (const [name, text] of parts) {
         if (!text) continue;
@@ -80,38 +76,35 @@
       return p;
     };
     const describe = item => {
-      const part = name => one(":scope > ." + name, row(item))?.textContent || "";
-      const up = item.parentElement.closest("[role=treeitem]");
-      const above = up ? one(".name", row(up)).textContent + ": " : "";
-      return [["name", above + part("name")], ["value", part("value")], ["place", part("place")],
+      const part = name => one("." + name, item)?.textContent || "";
+      const ahead = above(item) ? one(".name", above(item)).textContent + ": " : "";
+      return [["name", ahead + part("name")], ["value", part("value")], ["place", part("place")],
               ["other", part("other")], ["remark", part("remark")]];
     };
     const open = item => {
-      for (let up = item.parentElement.closest("[role=treeitem]"); up; up = up.parentElement.closest("[role=treeitem]"))
-        up.setAttribute("aria-expanded", "true");
+      for (let up = above(item); up; up = above(up)) up.setAttribute("aria-expanded", "true");
     };
+    const bytesOf = item => runs.get(item).flatMap(([start, length]) => cells.slice(start, start + length));
     const markByte = cell => {
       const own = leaves[offset(cell)];
-      const others = own.flatMap(item => runs.get(item)).flatMap(([start, length]) => cells.slice(start, start + length));
-      mark([...new Set([cell, ...others]), ...own.map(row)]);
-      const value = parseInt(cell.textContent, 16);
-      said.replaceChildren(line([["name", "Byte 0x" + offset(cell).toString(16).padStart(2, "0") + ":"],
-                                 ["value", cell.textContent],
-                                 ["place", value.toString(2).padStart(8, "0")]]), ...own.map(item => line(describe(item))));
+      mark([...new Set([cell, ...own.flatMap(bytesOf)]), ...own]);
+      const place = "0x" + offset(cell).toString(16).padStart(2, "0");
+      const bits = parseInt(cell.textContent, 16).toString(2).padStart(8, "0");
+      const head = line([["name", "Byte " + place + ":"], ["value", cell.textContent], ["place", bits]]);
+      said.replaceChildren(head, ...own.map(item => line(describe(item))));
       own.forEach(open);
-      if (own.length) show(tree, row(own[0]));
+      if (own.length) show(tree, own[0]);
     };
     const markField = item => {
-      const bytes = runs.get(item).flatMap(([start, length]) => cells.slice(start, start + length));
-      mark([row(item), ...new Set(bytes)]);
+      const bytes = bytesOf(item);
+      mark([item, ...new Set(bytes)]);
       said.replaceChildren(line(describe(item)));
       if (bytes.length) show(grids, bytes[0]);
     };
     const follow = target => {
       const cell = target.closest("[role=gridcell]"), item = target.closest("[role=treeitem]");
       if (cell) markByte(cell);
-      else if (item && target !== tree) markField(item);
-      return cell || item;
+      else if (item) markField(item);
     };
     let held = null; // what the focus is on; pointing elsewhere is for the moment
     view.addEventListener("focusin", event => {
@@ -122,12 +115,12 @@
       follow(target);
     });
     view.addEventListener("pointerover", event => {
-      if (event.pointerType === "mouse" && event.target.closest("[role=gridcell], .field")) follow(event.target);
+      if (event.pointerType === "mouse") follow(event.target);
     });
     one(".panes", view).addEventListener("pointerleave", () => { if (held) follow(held); });
     view.addEventListener("click", event => {
-      const name = event.target.closest(".field.group .name"), item = event.target.closest("[role=treeitem]");
-      if (name) toggle(item);
+      const item = event.target.closest("[role=treeitem]");
+      if (item && isGroup(item) && event.target.matches(".name")) toggle(item);
       (event.target.closest("[role=gridcell]") || item)?.focus({ preventScroll: true });
     });
 
@@ -136,8 +129,8 @@
     const go = item => {
       if (!item) return;
       item.focus({ preventScroll: true });
-      show(item.matches("[role=gridcell]") ? grids : tree, item.matches("[role=gridcell]") ? item : row(item));
-      (item.matches("[role=gridcell]") ? item : row(item)).scrollIntoView({ block: "nearest" });
+      show(item.matches("[role=gridcell]") ? grids : tree, item);
+      item.scrollIntoView({ block: "nearest" });
     };
     const gridKeys = (cell, event) => {
       const at = offset(cell), first = at - at % 16;
@@ -151,12 +144,14 @@
     const treeKeys = (item, event) => {
       const shown = items.filter(other => other.offsetParent !== null);
       const at = shown.indexOf(item), expanded = item.getAttribute("aria-expanded");
-      const inner = one("[role=treeitem]", item), outer = item.parentElement.closest("[role=treeitem]");
       const steps = {
         ArrowUp: () => go(shown[at - 1]), ArrowDown: () => go(shown[at + 1]),
         Home: () => go(shown[0]), End: () => go(shown[shown.length - 1]),
-        ArrowRight: () => (expanded === "false" ? toggle(item, true) : go(inner)),
-        ArrowLeft: () => (expanded === "true" ? toggle(item, false) : go(outer)),
+        ArrowRight: () => {
+          if (expanded === "false") toggle(item, true);
+          else if (expanded) go(shown[at + 1]);
+        },
+        ArrowLeft: () => (expanded === "true" ? toggle(item, false) : go(above(item))),
         Enter: () => { if (expanded) toggle(item); },
       };
       if (!(event.key in steps)) return;
@@ -171,15 +166,14 @@
     // A field that is found shows with the groups that it lies in, and a group with all that it holds.
     one(".find input", view).addEventListener("input", event => {
       const wanted = event.target.value.trim().toLowerCase();
-      for (const item of items) item.hidden = wanted !== "";
+      for (const item of items) item.parentElement.hidden = wanted !== "";
       for (const item of items) {
-        if (!row(item).textContent.toLowerCase().includes(wanted)) continue;
-        for (const inner of [item, ...all("[role=treeitem]", item)]) inner.hidden = false;
-        for (let up = item.parentElement.closest("[role=treeitem]"); up; up = up.parentElement.closest("[role=treeitem]"))
-          up.hidden = false;
+        if (!item.textContent.toLowerCase().includes(wanted)) continue;
+        for (const inner of all("li", item.parentElement)) inner.hidden = false;
+        for (let up = item; up; up = above(up)) up.parentElement.hidden = false;
         open(item);
       }
-      const first = items.find(item => !item.hidden);
+      const first = items.find(item => !item.parentElement.hidden);
       if (first) rove(items, first);
     });
   }

@@ -51,13 +51,14 @@ public:
         {
             oHtml << "<h3>" << SText{ m_oPage.GetMark(m_uiImage) } << ": " << SText{ m_oImage.m_sTitle } << "</h3>\n";
         }
-        oHtml << "<div class=\"said\" aria-live=\"polite\"><p>Point at a byte or a field, or move to one with the keys."
-              << "</p></div>\n<div class=\"panes\">\n<div class=\"grids\">\n";
+        oHtml << "<div class=\"panes\">\n<div>\n<div class=\"said\" aria-live=\"polite\"><p>Point at a byte or a "
+                 "field, or move "
+              << "to one with the arrow keys.</p></div>\n<div class=\"grids\">\n";
         for (unsigned int uiStart = 0; uiStart < m_oMap.GetSize(); uiStart += gsc_uiBlockSize)
         {
             AddGrid(uiStart, oHtml);
         }
-        oHtml << "</div>\n<div class=\"fields\">\n<label class=\"find\">Find a field <input type=\"search\" "
+        oHtml << "</div>\n</div>\n<div class=\"fields\">\n<label class=\"find\">Find a field <input type=\"search\" "
               << "autocomplete=\"off\" spellcheck=\"false\"></label>\n<ul role=\"tree\" aria-label=\"Fields"
               << SText{ m_oPage.IsPair() ? " of " : "" } << SText{ m_oPage.GetMark(m_uiImage) } << "\">\n";
         AddFields(oHtml);
@@ -70,7 +71,8 @@ private:
     void AddGrid(unsigned int uiStart, CHtml& oHtml) const
     {
         const unsigned int uiEnd = std::min(m_oMap.GetSize(), uiStart + gsc_uiBlockSize);
-        const std::string sName = FormatText("Block %u", uiStart / gsc_uiBlockSize);
+        const CZorEdidMap::SField& oBlock = m_oMap.GetField(GetChain(m_oMap, m_oMap.FindLeaf(uiStart, 7)).front());
+        const std::string sName = FormatText("Block %u: ", uiStart / gsc_uiBlockSize) + oBlock.m_pszName;
         oHtml << "<table role=\"grid\" class=\"grid\" aria-label=\"Bytes of " << SText{ sName } << "\"><caption>"
               << SText{ sName } << "</caption>\n<thead><tr><td></td>";
         for (unsigned int i = 0; i < gsc_uiLine; ++i)
@@ -176,22 +178,22 @@ private:
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
         const SPageField& oPlace = m_oImage.m_aoFields[uiField];
         const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
-        oHtml << "<li role=\"treeitem\" aria-level=\"" << oField.m_uiDepth + 1 << "\" tabindex=\""
+        oHtml << "<li role=\"none\"><div role=\"treeitem\" aria-level=\"" << oField.m_uiDepth + 1 << "\" tabindex=\""
               << SText{ uiField == 0 ? "0" : "-1" } << "\" data-p=\"";
         AddRuns(oField, oHtml);
-        oHtml << "\"";
         if (bGroup)
         {
-            oHtml << " aria-expanded=\"true\" aria-labelledby=\"" << SText{ m_pszKey } << "f" << uiField << "\"";
+            oHtml << "\" aria-expanded=\"true\" aria-owns=\"" << SText{ m_pszKey } << "g" << uiField;
         }
-        oHtml << "><div class=\"field " << SText{ bGroup ? "group" : GetAreaClass(oField) }
-              << SText{ oPlace.m_bDiffers ? " differs" : "" } << "\"";
-        if (bGroup)
+        oHtml << "\" class=\"field " << SText{ bGroup ? "group" : GetAreaClass(oField) }
+              << SText{ oPlace.m_bDiffers ? " differs" : "" } << "\"><span class=\"name\">"
+              << SText{ GetFieldName(oField) } << "</span> ";
+        if (oField.m_eList != CZorEdidMap::eList_None && oField.m_uiTiming != CZorEdidMap::msc_uiNone)
         {
-            oHtml << " id=\"" << SText{ m_pszKey } << "f" << uiField << "\"";
+            oHtml << "<span class=\"list\">" << SText{ GetTimingListName(oField.m_eList) } << " " << oField.m_uiTiming
+                  << "</span> ";
         }
-        oHtml << "><span class=\"name\">" << SText{ GetFieldName(oField) } << "</span> <span class=\"value"
-              << SText{ IsRaw(oField) ? " raw" : "" } << "\">"
+        oHtml << "<span class=\"value" << SText{ IsRaw(oField) ? " raw" : "" } << "\">"
               << SText{ static_cast<const char*>(m_oMap.GetValue(uiField)) } << "</span> <span class=\"place\">"
               << SText{ GetPlace(uiField) } << "</span>";
         AddOther(oPlace, bGroup, oHtml);
@@ -199,7 +201,7 @@ private:
         oHtml << "</div>";
         if (bGroup)
         {
-            oHtml << "<ul role=\"group\">\n";
+            oHtml << "<ul role=\"group\" id=\"" << SText{ m_pszKey } << "g" << uiField << "\">\n";
         }
         else
         {

@@ -10,27 +10,36 @@ namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// A link to the byte in the grid.
-CHtml MakePlaceLink(size_t uiImage, unsigned int uiOffset)
+// A link to the byte in the grid; behind the image, the place alone.
+CHtml MakePlace(const SPage& oPage, size_t uiImage, unsigned int uiOffset)
 {
+    const std::string sPlace = FormatText("0x%02x", uiOffset);
     CHtml oHtml;
-    return oHtml << "<a href=\"#" << SText{ uiImage == 0 ? "a" : "b" } << uiOffset << "\">"
-                 << SText{ FormatText("0x%02x", uiOffset) } << "</a>";
+    if (uiOffset >= oPage.m_apoImages[uiImage]->m_oMap.GetSize())
+    {
+        return oHtml << SText{ sPlace };
+    }
+    return oHtml << "<a href=\"#" << SText{ uiImage == 0 ? "a" : "b" } << uiOffset << "\">" << SText{ sPlace }
+                 << "</a>";
 }
 
-CHtml MakeFindingRow(size_t uiImage, const SFinding& oFinding)
+CHtml MakeFinding(const SPage& oPage, size_t uiImage, const SFinding& oFinding)
 {
-    const char* pszSeverity = GetSeverityName(oFinding.m_eSeverity);
+    const SText oSeverity = { GetSeverityName(oFinding.m_eSeverity) };
     CHtml oHtml;
-    return oHtml << "<tr><td><span class=\"badge " << SText{ pszSeverity } << "\">" << SText{ pszSeverity }
-                 << "</span></td><td>"
-                 << MakePlaceLink(uiImage, oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset)
-                 << "</td><th scope=\"row\">" << SText{ oFinding.m_sWhat } << "</th><td>" << SText{ oFinding.m_sField }
-                 << "</td><td>" << SText{ oFinding.m_sFound } << "</td><td>" << SText{ oFinding.m_sExpected }
-                 << "</td></tr>\n";
+    oHtml << "<li><span class=\"badge " << oSeverity << "\">" << oSeverity << "</span> "
+          << MakePlace(oPage, uiImage, oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset) << " <span><strong>"
+          << SText{ oFinding.m_sWhat } << "</strong>";
+    oHtml << SText{ oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound }
+          << SText{ oFinding.m_sExpected.empty() ? "" : ", expected " + oFinding.m_sExpected };
+    if (!oFinding.m_sField.empty())
+    {
+        oHtml << " <span class=\"small\">" << SText{ oFinding.m_sField } << "</span>";
+    }
+    return oHtml << "</span></li>\n";
 }
 
-CHtml MakeFindingTable(const SPage& oPage, size_t uiImage)
+CHtml MakeFindingList(const SPage& oPage, size_t uiImage)
 {
     CHtml oHtml;
     const SPageImage& oImage = *oPage.m_apoImages[uiImage];
@@ -42,15 +51,12 @@ CHtml MakeFindingTable(const SPage& oPage, size_t uiImage)
     {
         return oHtml << "<p class=\"good\">Nothing is wrong with this image.</p>\n";
     }
-    oHtml << "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Table of findings\"><table>\n"
-          << "<thead><tr><th scope=\"col\">Weight</th><th scope=\"col\">Byte</th><th scope=\"col\">What</th>"
-          << "<th scope=\"col\">Field</th>"
-          << "<th scope=\"col\">Found</th><th scope=\"col\">Expected</th></tr></thead>\n<tbody>\n";
+    oHtml << "<ul class=\"findings\">\n";
     for (const SFinding& oFinding : oImage.m_aoFindings)
     {
-        oHtml << MakeFindingRow(uiImage, oFinding);
+        oHtml << MakeFinding(oPage, uiImage, oFinding);
     }
-    return oHtml << "</tbody>\n</table></div>\n";
+    return oHtml << "</ul>\n";
 }
 
 // Fields that both have come once; a group that only one has comes as a whole.
@@ -68,10 +74,10 @@ void AddDifferences(const SPage& oPage, size_t uiImage, CHtml& oHtml)
         }
         const std::string sValue = static_cast<const char*>(oMap.GetValue(i));
         const std::string sHere = sValue.empty() ? "there" : sValue;
-        const std::string sOther = oPlace.m_bOnlyHere ? "\u2013" : oPlace.m_sOther;
-        oHtml << "<tr><td>" << MakePlaceLink(uiImage, oMap.GetField(i).m_uiOffset) << "</td><th scope=\"row\">"
-              << SText{ GetPath(oMap, i) } << "</th><td>" << SText{ uiImage == 0 ? sHere : sOther } << "</td><td>"
-              << SText{ uiImage == 0 ? sOther : sHere } << "</td></tr>\n";
+        const std::string sOther = oPlace.m_bOnlyHere ? "not there" : oPlace.m_sOther;
+        oHtml << "<li>" << MakePlace(oPage, uiImage, oMap.GetField(i).m_uiOffset) << " <strong>"
+              << SText{ GetPath(oMap, i) } << "</strong> <span>A: " << SText{ uiImage == 0 ? sHere : sOther }
+              << "</span> <span>B: " << SText{ uiImage == 0 ? sOther : sHere } << "</span></li>\n";
         i = oPlace.m_bOnlyHere ? oMap.GetField(i).m_uiEnd - 1 : i;
     }
 }
@@ -114,11 +120,7 @@ CHtml MakeDifferences(const SPage& oPage)
     {
         return oHtml << "<p class=\"good\">No field differs.</p>\n</section>\n";
     }
-    return oHtml
-           << "<div class=\"scroll tall\" tabindex=\"0\" role=\"region\" aria-label=\"Table of differences\"><table>\n"
-           << "<thead><tr><th scope=\"col\">Byte</th><th scope=\"col\">Field</th><th scope=\"col\">A</th>"
-           << "<th scope=\"col\">B</th></tr></thead>\n<tbody>\n"
-           << oRows << "</tbody>\n</table></div>\n</section>\n";
+    return oHtml << "<ul class=\"differences\">\n" << oRows << "</ul>\n</section>\n";
 }
 } // namespace
 
@@ -128,7 +130,7 @@ CHtml MakeFindings(const SPage& oPage)
     oHtml << "<section id=\"findings\" aria-labelledby=\"h-findings\">\n<h2 id=\"h-findings\">Findings</h2>\n";
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        oHtml << MakeFindingTable(oPage, i);
+        oHtml << MakeFindingList(oPage, i);
     }
     oHtml << "</section>\n";
     return oPage.IsPair() ? oHtml << MakeDifferences(oPage) : oHtml;

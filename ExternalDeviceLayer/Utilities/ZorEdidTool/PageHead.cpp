@@ -125,7 +125,8 @@ std::string DescribeInterface(const SPageImage& oImage)
         const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_uiByte, oBits.m_uiShift);
         const bool bNamed = poField != nullptr && poField->m_eKind == CZorEdidMap::eKind_Name &&
                             poField->m_pszMeaning != nullptr && poField->m_llNumber != 0;
-        Append(sText, bDigital && bNamed ? poField->m_pszMeaning : "");
+        const char* pszUnit = oBits.m_uiShift == gsc_oColorDepth.m_uiShift ? " a colour" : "";
+        Append(sText, bDigital && bNamed ? std::string(poField->m_pszMeaning) + pszUnit : "");
     }
     std::string sHdmi;
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
@@ -140,43 +141,22 @@ std::string DescribeInterface(const SPageImage& oImage)
     return sText;
 }
 
-// What a group says that is on: its flags that are set, its names and its numbers.
-std::string DescribeGroup(const CZorEdidMap& oMap, unsigned int uiGroup)
-{
-    std::string sText;
-    for (unsigned int i = uiGroup + 1; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
-    {
-        const CZorEdidMap::SField& oField = oMap.GetField(i);
-        if (oField.m_eArea == CZorEdidMap::eArea_Structure)
-        {
-            continue;
-        }
-        if (oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0)
-        {
-            Append(sText, oField.m_pszName);
-        }
-        else if (oField.m_eKind == CZorEdidMap::eKind_Number && oField.m_llNumber != 0 && oField.m_pszUnit != nullptr)
-        {
-            Append(sText, std::string(oField.m_pszName) + " " + static_cast<const char*>(oMap.GetValue(i)));
-        }
-    }
-    return sText;
-}
-
-std::string DescribeGroups(const SPageImage& oImage, std::initializer_list<std::string_view> asNames)
+// The colour spaces that the images of a source may use.
+std::string DescribeColorimetry(const SPageImage& oImage)
 {
     const CZorEdidMap& oMap = oImage.m_oMap;
     std::string sText;
+    unsigned int uiEnd = 0; // of the data block
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
-        const bool bMeant = oField.m_eKind == CZorEdidMap::eKind_Group &&
-                            std::any_of(asNames.begin(), asNames.end(),
-                                        [&oField](std::string_view sName) { return HasName(oField, sName); });
-        if (bMeant)
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "Colorimetry data block"))
         {
-            Append(sText, DescribeGroup(oMap, i), "; ");
-            i = oField.m_uiEnd - 1;
+            uiEnd = oField.m_uiEnd;
+        }
+        if (i < uiEnd && oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0)
+        {
+            Append(sText, oField.m_pszName);
         }
     }
     return sText;
@@ -192,9 +172,43 @@ std::string DescribeBlocks(const SPageImage& oImage)
     return FormatText("%u bytes: ", oImage.m_oMap.GetSize()) + sText;
 }
 
+// A field by its name in the map, and the words around its number; a flag and a group have the first words only.
+struct SPhrase
+{
+    const char* m_pszField;
+    const char* m_pszAhead;
+    const char* m_pszBehind;
+};
+
+constexpr SPhrase gsc_aoHdrPhrases[] = {
+    { "SMPTE ST 2084", "PQ (SMPTE ST 2084)", "" },
+    { "Hybrid Log-Gamma (ITU-R BT.2100)", "Hybrid Log-Gamma", "" },
+    { "Traditional gamma, HDR luminance range", "traditional gamma over the HDR range", "" },
+    { "HDR10+ vendor-specific video data block", "HDR10+", "" },
+    { "Dolby Vision vendor-specific video data block", "Dolby Vision", "" },
+    { "Desired content max luminance", "up to ", " cd/m\u00B2" },
+    { "Desired content max frame-average luminance", "", " cd/m\u00B2 over a whole frame" },
+    { "Desired content min luminance", "down to ", " cd/m\u00B2" },
+};
+
 std::string DescribeHdr(const SPageImage& oImage)
 {
-    const std::string sText = DescribeGroups(oImage, { "HDR", "Dolby Vision" });
+    std::string sText;
+    for (const SPhrase& oPhrase : gsc_aoHdrPhrases)
+    {
+        for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+        {
+            const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
+            const bool bNumber = oField.m_eKind == CZorEdidMap::eKind_Number;
+            if (std::string_view(oPhrase.m_pszField) == oField.m_pszName &&
+                (oField.m_eKind == CZorEdidMap::eKind_Group || oField.m_llNumber != 0))
+            {
+                const std::string sNumber = bNumber ? FormatText("%.3g", GetFieldNumber(oField)) : "";
+                Append(sText, oPhrase.m_pszAhead + sNumber + oPhrase.m_pszBehind);
+                break;
+            }
+        }
+    }
     return sText.empty() ? "none announced" : sText;
 }
 
@@ -203,7 +217,7 @@ std::string DescribeColourWords(const SPageImage& oImage)
     std::string sText = DescribeColours(oImage);
     const double dGamma = oImage.GetNumberAt(gsc_uiGammaOffset, gsc_uiHighBit);
     Append(sText, dGamma > 0 ? FormatText("gamma %.2f", dGamma) : "");
-    Append(sText, DescribeGroups(oImage, { "Colorimetry data", "Colorimetry Data" }));
+    Append(sText, DescribeColorimetry(oImage));
     return sText;
 }
 
@@ -216,7 +230,7 @@ struct SFact
 constexpr SFact gsc_aoFacts[] = {
     { "Maker", DescribeMaker },
     { "Product", DescribeProduct },
-    { "Made in", DescribeDate },
+    { "Made", DescribeDate },
     { "Size", DescribeSize },
     { "Native mode", DescribeNativeMode },
     { "Interface", DescribeInterface },

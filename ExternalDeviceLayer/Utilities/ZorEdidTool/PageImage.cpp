@@ -29,7 +29,7 @@ std::string FindTitle(const SPageImage& oImage)
         {
             const unsigned int uiTag =
                 oField.m_uiOffset - EdidBaseLayout::gsc_uiContentsOffset + EdidBaseLayout::gsc_uiTagOffset;
-            const std::string sText = static_cast<const char*>(oImage.m_oMap.GetValue(i));
+            std::string sText = static_cast<const char*>(oImage.m_oMap.GetValue(i));
             if (oImage.m_oMap.GetData()[uiTag] == EdidBaseLayout::gsc_ui8TagName && !sText.empty())
             {
                 return sText;

@@ -14,8 +14,8 @@ namespace
 constexpr double gsc_dWidth = 640;
 constexpr double gsc_dHeight = 400;
 constexpr double gsc_dLeft = 56;
-constexpr double gsc_dRight = 16;
-constexpr double gsc_dTop = 16;
+constexpr double gsc_dRight = 30;
+constexpr double gsc_dTop = 24;
 constexpr double gsc_dBottom = 50;
 
 // The outermost limits of all range limit descriptors of the images; 0 as upper end of what is not limited.
@@ -86,11 +86,12 @@ public:
         {
             AddImage(i);
         }
-        m_dStepX = FindStep(m_dMostX * 1.05, 6);
-        m_dStepY = FindStep(m_dMostY - m_dLeastY, 6);
-        m_dLeastY = m_dStepY * floor(m_dLeastY * 0.9 / m_dStepY);
-        m_dMostX = m_dStepX * ceil(m_dMostX * 1.02 / m_dStepX);
-        m_dMostY = m_dStepY * ceil(m_dMostY * 1.02 / m_dStepY);
+        // Some room around the outermost ones, then whole steps.
+        m_dStepX = FindStep(1.02 * m_dMostX, 6);
+        m_dMostX = m_dStepX * ceil(1.02 * m_dMostX / m_dStepX);
+        m_dStepY = FindStep(1.05 * m_dMostY - 0.9 * m_dLeastY, 6);
+        m_dLeastY = m_dStepY * floor(0.9 * m_dLeastY / m_dStepY);
+        m_dMostY = m_dStepY * ceil(1.05 * m_dMostY / m_dStepY);
     }
 
     CHtml Make() const
@@ -167,13 +168,15 @@ private:
     void AddGrid(CHtml& oHtml) const
     {
         const double dFloor = PlaceY(m_dLeastY);
-        for (double dX = 0; dX <= m_dMostX * 1.001; dX += m_dStepX)
+        for (int i = 0; i <= lround(m_dMostX / m_dStepX); ++i)
         {
+            const double dX = i * m_dStepX;
             AddLine(oHtml, PlaceX(dX), gsc_dTop, PlaceX(dX), dFloor);
             AddText(oHtml, PlaceX(dX), dFloor + 18, "middle", FormatText("%.0f", dX));
         }
-        for (double dY = m_dLeastY; dY <= m_dMostY * 1.001; dY += m_dStepY)
+        for (int i = 0; i <= lround((m_dMostY - m_dLeastY) / m_dStepY); ++i)
         {
+            const double dY = m_dLeastY + i * m_dStepY;
             AddLine(oHtml, gsc_dLeft, PlaceY(dY), gsc_dWidth - gsc_dRight, PlaceY(dY));
             AddText(oHtml, gsc_dLeft - 8, PlaceY(dY) + 4, "end", FormatText("%.0f", dY));
         }
@@ -199,7 +202,7 @@ private:
                   << "\" y=\"" << SDecimal{ dTop, 1 } << "\" width=\"" << SDecimal{ std::max(dRight - dLeft, 1.0), 1 }
                   << "\" height=\"" << SDecimal{ std::max(PlaceY(m_aoLimits[i]->m_dLeastRate) - dTop, 1.0), 1 }
                   << "\"/>";
-            AddText(oHtml, dRight - 6, i == 0 ? dTop + 16 : PlaceY(m_aoLimits[i]->m_dLeastRate) - 6, "end",
+            AddText(oHtml, dRight - 6, i == 0 ? dTop - 6 : PlaceY(m_aoLimits[i]->m_dLeastRate) + 18, "end",
                     std::string("range limits ") + m_oPage.GetMark(i));
         }
     }

@@ -155,7 +155,28 @@ struct STimingRow
 {
     const SPageTiming* m_poTiming;
     std::string m_sIn; // "A", "B" or "both"; empty for a single image
+    std::string
+        m_sPreferred; // "preferred", of a pair with those who prefer it unless both do; empty for another timing
 };
+
+bool IsPreferredBy(const SPageImage& oImage, const SListedTiming& oListed)
+{
+    return std::any_of(oImage.m_aoTimings.begin(), oImage.m_aoTimings.end(), [&oListed](const SPageTiming& oNext) {
+        return oNext.m_oListed.m_bPreferred && oNext.m_oListed.m_eList == oListed.m_eList &&
+               (oNext.m_oListed.m_oTiming == oListed.m_oTiming) != 0;
+    });
+}
+
+std::string GetPreferred(const SPage& oPage, const SListedTiming& oListed)
+{
+    if (!oPage.IsPair())
+    {
+        return oListed.m_bPreferred ? "preferred" : "";
+    }
+    const bool bFirst = IsPreferredBy(*oPage.m_apoImages[0], oListed);
+    const bool bSecond = IsPreferredBy(*oPage.m_apoImages[1], oListed);
+    return bFirst && bSecond ? "preferred" : bFirst ? "preferred by A" : bSecond ? "preferred by B" : "";
+}
 
 std::vector<STimingRow> ListRows(const SPage& oPage)
 {
@@ -164,9 +185,10 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
     {
         for (const SPageTiming& oTiming : oPage.m_apoImages[i]->m_aoTimings)
         {
-            if (i == 0 || oTiming.m_bOnlyHere || oTiming.m_oListed.m_bPreferred)
+            if (i == 0 || oTiming.m_bOnlyHere)
             {
-                aoRows.push_back({ &oTiming, oPage.IsPair() && !oTiming.m_bOnlyHere ? "both" : oPage.GetMark(i) });
+                aoRows.push_back({ &oTiming, oPage.IsPair() && !oTiming.m_bOnlyHere ? "both" : oPage.GetMark(i),
+                                   GetPreferred(oPage, oTiming.m_oListed) });
             }
         }
     }
@@ -177,13 +199,13 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
     return aoRows;
 }
 
-std::string GetMarks(const SListedTiming& oListed)
+std::string GetMarks(const STimingRow& oRow)
 {
-    std::string sMarks;
+    const SListedTiming& oListed = oRow.m_poTiming->m_oListed;
+    std::string sMarks = oRow.m_sPreferred;
     const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) {
         sMarks += bHolds ? (sMarks.empty() ? "" : ", ") + sMark : "";
     };
-    fnAdd(oListed.m_bPreferred, "preferred");
     fnAdd(oListed.m_bNative, "native");
     fnAdd(oListed.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
     fnAdd(!oListed.m_oVics.m_auiCodes.empty(), GetVicsText(oListed.m_oVics));
@@ -224,7 +246,7 @@ void AddRow(CHtml& oHtml, unsigned int uiNumber, const STimingRow& oRow, bool bP
     AddNumber(oHtml, dTotal == 0 ? 0 : oTiming.GetPixelClockInHz() / dTotal, 2);
     AddNumber(oHtml, oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz, 3);
     AddNumber(oHtml, oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz, 2);
-    oHtml << "<td>" << SText{ GetMarks(oListed) } << "</td></tr>\n";
+    oHtml << "<td>" << SText{ GetMarks(oRow) } << "</td></tr>\n";
 }
 
 void AddHeads(CHtml& oHtml, bool bPair)

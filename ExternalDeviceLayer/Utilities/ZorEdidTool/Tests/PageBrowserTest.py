@@ -1,0 +1,220 @@
+# The page of zoredid in a browser: chromium, headless, through selenium.
+#   PageBrowserTest.py COMMAND PROJECT
+# Exits with 77 where there is no browser. The check of contrast and roles wants axe-core, which scripts/setup check
+# fetches: its file axe.min.js, at ZOREDID_AXE or in the user's cache.
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+SKIPPED = 77
+try:
+    from selenium import webdriver
+    from selenium.webdriver.chrome.service import Service
+    from selenium.webdriver.common.by import By
+    from selenium.webdriver.common.keys import Keys
+except ImportError:
+    # Debian's selenium belongs to Debian's Python, which need not be the first one of PATH.
+    if sys.executable != "/usr/bin/python3" and os.path.exists("/usr/bin/python3"):
+        os.execv("/usr/bin/python3", ["/usr/bin/python3", *sys.argv])
+    print("skipped: no python3-selenium")
+    sys.exit(SKIPPED)
+
+BROWSER, DRIVER = shutil.which("chromium"), shutil.which("chromedriver")
+if not BROWSER or not DRIVER:
+    print("skipped: no chromium with chromium-driver")
+    sys.exit(SKIPPED)
+
+COMMAND, PROJECT = sys.argv[1:3]
+with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
+    MONITOR = file.read()
+AXE = os.environ.get("ZOREDID_AXE") or os.path.join(
+    os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache"), "zoredid/axe-core/axe.min.js")
+WIDTHS = (360, 1600)
+if not os.path.exists(AXE):
+    print(f"skipped: contrast and roles, for there is no axe-core at {AXE}")
+
+
+def start_browser():
+    options = webdriver.ChromeOptions()
+    for argument in ("--headless=new", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage"):
+        options.add_argument(argument)
+    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
+    options.binary_location = BROWSER
+    return webdriver.Chrome(options=options, service=Service(DRIVER))
+
+
+def fix_sums(image):
+    blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
+    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
+
+
+def hostile():
+    """A name that would be markup, another week, and a reserved bit, which is a finding."""
+    image = bytearray(MONITOR)
+    image[0x71:0x7E], image[0x10], image[0x14] = b"</script><img", 35, 0xC0
+    return fix_sums(bytes(image))
+
+
+class BrowserTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.pages = {}
+        for name, images in {"one": [MONITOR], "cut": [MONITOR[:200]], "two": [MONITOR, hostile()]}.items():
+            paths = [os.path.join(folder.name, f"{name}{i}.bin") for i in range(len(images))]
+            for path, image in zip(paths, images):
+                with open(path, "wb") as file:
+                    file.write(image)
+            cls.pages[name] = os.path.join(folder.name, name + ".html")
+            subprocess.run([COMMAND, "page", *paths, "-o", cls.pages[name]], check=True, timeout=60)
+        cls.browser = start_browser()
+        cls.addClassCleanup(cls.browser.quit)
+
+    def open(self, name="one", width=1600, dark=False):
+        scheme = [{"name": "prefers-color-scheme", "value": "dark" if dark else "light"}]
+        self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": scheme})
+        self.browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
+            "width": width, "height": 900, "deviceScaleFactor": 1, "mobile": False})
+        self.browser.get("file://" + self.pages[name])
+
+    def run_script(self, text, *arguments):
+        return self.browser.execute_script(text, *arguments)
+
+    def one(self, selector):
+        return self.browser.find_element(By.CSS_SELECTOR, selector)
+
+    def marked(self):
+        """Numbers of the marked bytes and names of the marked fields."""
+        return self.run_script("""return [[...document.querySelectorAll("[role=gridcell].on")].map(e => +e.id.slice(1)),
+            [...document.querySelectorAll(".field.on > .name")].map(e => e.textContent)]""")
+
+    def focused(self):
+        return self.run_script("""const e = document.activeElement;
+            return e.matches(".field") ? e.querySelector(".name").textContent : e.id""")
+
+    def press(self, *keys):
+        for key in keys:
+            self.browser.switch_to.active_element.send_keys(key)
+
+    def test_loads_in_all_widths_and_lights_without_a_word_or_overflow(self):
+        backs = set()
+        for name in self.pages:
+            for width in WIDTHS:
+                for dark in (False, True):
+                    with self.subTest(name=name, width=width, dark=dark):
+                        self.open(name, width, dark)
+                        self.assertEqual(self.browser.get_log("browser"), [])
+                        self.assertEqual(self.run_script("""const e = document.documentElement;
+                            return [e.scrollWidth - e.clientWidth, window.innerWidth]"""), [0, width])
+                        backs.add(self.run_script("return getComputedStyle(document.body).backgroundColor"))
+        self.assertEqual(len(backs), 2)
+        self.assertEqual(self.run_script("return document.images.length + document.scripts.length"), 1)
+
+    def test_light_turns_by_the_button(self):
+        for dark in (False, True):
+            self.open(dark=dark)
+            seen = []
+            for _ in range(3):
+                seen.append((self.run_script("return getComputedStyle(document.body).backgroundColor"),
+                             self.one("#theme").text))
+                self.one("#theme").click()
+            self.assertEqual(seen[0], seen[2])
+            self.assertNotEqual(seen[0][0], seen[1][0])
+            self.assertEqual([text for _, text in seen[:2]], ["Light", "Dark"] if dark else ["Dark", "Light"])
+
+    def test_bytes_mark_their_fields(self):
+        self.open()
+        self.run_script("document.querySelector('#a0').focus()")
+        self.assertEqual(self.marked(), [list(range(8)), ["Header"]])
+        self.press(Keys.ARROW_DOWN, Keys.ARROW_DOWN, Keys.ARROW_DOWN, *[Keys.ARROW_RIGHT] * 8)
+        self.assertEqual(self.focused(), "a56")
+        self.assertEqual(self.marked(), [[56, 58], ["Horizontal addressable video"]])
+        said = self.one(".said").text
+        for part in ("Byte 0x38: 80", "10000000", "Horizontal addressable video", "1920 pixels"):
+            self.assertIn(part, said)
+        self.press(Keys.ARROW_RIGHT, Keys.ARROW_RIGHT)  # shared by two fields
+        self.assertEqual(self.marked(), [[56, 57, 58], ["Horizontal addressable video", "Horizontal blanking"]])
+        self.press(Keys.END)
+        self.assertEqual(self.focused(), "a63")
+        self.press(Keys.PAGE_DOWN, Keys.HOME, Keys.ARROW_UP)  # over the end of a block
+        self.assertEqual(self.focused(), "a160")
+        self.press(Keys.CONTROL + Keys.END, Keys.ARROW_DOWN)
+        self.assertEqual(self.focused(), "a255")
+        self.assertEqual(self.run_script("return document.querySelectorAll('[role=gridcell][tabindex=\"0\"]').length"), 1)
+
+    def test_fields_mark_their_bytes(self):
+        self.open()
+        self.run_script("document.querySelector('[role=treeitem]').focus()")
+        self.assertEqual(self.marked(), [list(range(128)), ["Base block"]])
+        self.press(Keys.ARROW_RIGHT)
+        self.assertEqual((self.focused(), self.marked()), ("Header", [list(range(8)), ["Header"]]))
+        self.press(Keys.ARROW_DOWN, Keys.ARROW_LEFT, Keys.ARROW_DOWN)  # closes a group and passes it
+        self.assertEqual(self.focused(), "EDID structure version and revision")
+        self.press(Keys.ARROW_UP, Keys.ENTER, Keys.ARROW_DOWN, Keys.ARROW_DOWN)
+        self.assertEqual((self.focused(), self.marked()), ("ID manufacturer name", [[8, 9], ["ID manufacturer name"]]))
+        self.assertIn("ACI", self.one(".said").text)
+        # By the mouse: pointing marks for the moment, and what has the focus comes back.
+        cell = self.one("#a16")
+        webdriver.ActionChains(self.browser).move_to_element(cell).perform()
+        self.assertEqual(self.marked(), [[16], ["Week of manufacture"]])
+        webdriver.ActionChains(self.browser).move_to_element(self.one("h1")).perform()
+        self.assertEqual(self.marked(), [[8, 9], ["ID manufacturer name"]])
+        self.one("#a17").click()
+        self.assertEqual((self.focused(), self.marked()), ("a17", [[17], ["Year of manufacture"]]))
+
+    def test_fields_are_found(self):
+        self.open()
+        self.one(".find input").send_keys("gamma")
+        shown = self.run_script("""return [...document.querySelectorAll("[role=treeitem]")].filter(e => e.offsetParent)
+            .map(e => e.querySelector(".name").textContent)""")
+        self.assertEqual(shown, ["Base block", "Basic display parameters and features",
+                                 "Display transfer characteristic (gamma)"])
+
+    def rows(self):
+        return self.run_script("""return [...document.querySelectorAll("#table tbody tr")].filter(e => !e.hidden)
+            .map(e => [...e.cells].map(c => c.textContent.trim()))""")
+
+    def test_timings_sort_filter_and_show(self):
+        self.open()
+        whole = len(self.rows())
+        self.assertEqual(self.rows()[0][:2], ["detailed 0", "1920 \u00d7 1080"])
+        heads = self.browser.find_elements(By.CSS_SELECTOR, "#table thead button")
+        for column, key in ((3, float), (1, lambda text: [int(part.strip("i")) for part in text.split(" \u00d7 ")])):
+            for way in ("ascending", "descending"):
+                heads[column].click()
+                values = [key(row[column]) for row in self.rows()]
+                self.assertEqual(values, sorted(values, reverse=way == "descending"))
+                self.assertEqual(heads[column].find_element(By.XPATH, "..").get_attribute("aria-sort"), way)
+        self.one("#filter").send_keys("vic 1920x1080i")
+        self.assertEqual({row[1] for row in self.rows()}, {"1920 \u00d7 1080i"})
+        self.assertEqual(self.one("#count").text, f"{len(self.rows())} of {whole}")
+        self.one("#filter").clear()
+        self.one("#list option:nth-child(4)").click()
+        self.assertEqual({row[0].split()[0] for row in self.rows()}, {"detailed"})
+        self.assertEqual(self.one(".picture:not([hidden]) figcaption").text, "1920 \u00d7 1080 at 60 Hz")
+        self.one("#table input[value='1']").click()
+        pictures = self.browser.find_elements(By.CSS_SELECTOR, ".picture:not([hidden])")
+        self.assertEqual(len(pictures), 1)
+        self.assertIn("720 \u00d7 480 at 60 Hz", pictures[0].text)
+
+    @unittest.skipUnless(os.path.exists(AXE), f"no axe-core at {AXE}")
+    def test_axe_finds_nothing_of_weight(self):
+        with open(AXE, encoding="utf-8") as file:
+            axe = file.read()
+        for name, width, dark in (("one", 1600, True), ("cut", 1600, False), ("two", 360, False)):
+            with self.subTest(name=name, width=width, dark=dark):
+                self.open(name, width, dark)
+                self.run_script("document.querySelector('#a10').focus()")
+                self.run_script(axe)
+                found = self.browser.execute_async_script("axe.run().then(arguments[0])")["violations"]
+                self.assertEqual([(one["id"], one["impact"], len(one["nodes"]), one["nodes"][0]["html"][:200],
+                                   one["nodes"][0]["failureSummary"]) for one in found], [])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,236 @@
+# The page of zoredid as a file: well-formed, whole in itself, true to the bytes, and nothing of an image in it but text.
+#   PageTest.py COMMAND PROJECT [CORPUS]
+# PageBrowserTest.py opens it in a browser.
+
+import base64
+import hashlib
+import html.parser
+import os
+import random
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+COMMAND, PROJECT, CORPUS = (sys.argv[1:] + [""])[:3]
+with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
+    MONITOR = file.read()
+VOID = {"meta", "input", "link", "br", "hr", "img"}
+
+
+class Page(html.parser.HTMLParser):
+    """Elements in their order; fails where tags do not match."""
+
+    def __init__(self, text):
+        super().__init__(convert_charrefs=True)
+        self.source, self.open, self.elements = text, [], []
+        self.feed(text)
+        self.close()
+        if self.open:
+            raise AssertionError(f"not closed: {self.open}")
+
+    def handle_starttag(self, tag, attrs):
+        names = [name for name, _ in attrs]
+        if len(set(names)) != len(names):
+            raise AssertionError(f"{tag}: an attribute twice: {attrs}")
+        element = {"tag": tag, "text": "", **dict(attrs)}
+        self.elements.append(element)
+        if tag not in VOID:
+            self.open.append(element)
+
+    def handle_startendtag(self, tag, attrs):  # as SVG has it
+        self.handle_starttag(tag, attrs)
+        self.open.pop()
+
+    def handle_endtag(self, tag):
+        if not self.open or self.open[-1]["tag"] != tag:
+            raise AssertionError(f"</{tag}> closes {self.open[-1:]}")
+        self.open.pop()
+
+    def handle_data(self, data):
+        for element in self.open:
+            element["text"] += data
+
+    def all(self, **wanted):
+        """The elements with these attributes; an underscore ahead of the name of one is left out, and one in it is '-'."""
+        wanted = {name.lstrip("_").replace("_", "-"): value for name, value in wanted.items()}
+        return [element for element in self.elements
+                if all(element.get(name) == value for name, value in wanted.items())]
+
+
+def fix_sums(image):
+    blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
+    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
+
+
+def with_descriptors(*texts):
+    """The example with its last three descriptors replaced: serial text, free text and name."""
+    image = bytearray(MONITOR)
+    for start, tag, text in zip((0x48, 0x5A, 0x6C), (0xFF, 0xFE, 0xFC), texts):
+        image[start:start + 18] = bytes([0, 0, 0, tag, 0]) + (text + b"\n").ljust(13, b" ")[:13]
+    return fix_sums(bytes(image))
+
+
+class PageTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def save(self, image, name=b"image.bin"):
+        path = os.path.join(os.fsencode(self.folder), name)
+        with open(path, "wb") as file:
+            file.write(image)
+        return path
+
+    def run_page(self, *arguments):
+        return subprocess.run([COMMAND, "page", *arguments], capture_output=True, timeout=120)
+
+    def make(self, *paths):
+        done = self.run_page(*paths, "-o", "-")
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        page = Page(done.stdout.decode("utf-8"))  # strictly
+        self.check_whole(page)
+        return page
+
+    def check_whole(self, page):
+        """Nothing from elsewhere, the policy knows style and script, and every reference inside leads somewhere."""
+        ids = [element["id"] for element in page.elements if "id" in element]
+        self.assertEqual(len(set(ids)), len(ids))
+        self.assertNotRegex(page.source, r"(?i)https?:|@import|url\((?!#)|<base|<link|<iframe|<img|<object|<embed")
+        for element in page.elements:
+            for name, value in element.items():
+                self.assertFalse(name.startswith("on") or name in ("src", "style", "action", "srcset"), element)
+                if name in ("href", "xlink:href"):
+                    self.assertIn(value[1:], ids)
+                if name in ("aria-labelledby", "aria-describedby"):
+                    self.assertLessEqual(set(value.split()), set(ids))
+        policy = [element["content"] for element in page.all(tag="meta") if "http-equiv" in element]
+        self.assertEqual(len(policy), 1)
+        self.assertIn("default-src 'none'", policy[0])
+        self.assertNotIn("unsafe", policy[0])
+        for tag in ("style", "script"):
+            parts = re.findall(rf"<{tag}>(.*?)</{tag}>", page.source, re.DOTALL)
+            self.assertEqual(len(parts), 1)
+            digest = base64.b64encode(hashlib.sha256(parts[0].encode()).digest()).decode()
+            self.assertIn(f"{tag}-src 'sha256-{digest}'", policy[0])
+
+    def cells(self, page, key="a"):
+        return [element for element in page.all(role="gridcell") if element["id"][0] == key]
+
+    def test_every_byte_has_its_cell_and_its_field(self):
+        page = self.make(self.save(MONITOR))
+        cells = self.cells(page)
+        self.assertEqual([cell["text"] for cell in cells], ["%02x" % byte for byte in MONITOR])
+        self.assertEqual([cell["id"] for cell in cells], ["a%d" % i for i in range(len(MONITOR))])
+        covered = set()
+        for item in page.all(role="treeitem"):
+            runs = [tuple(map(int, run.split("+"))) for run in item["data-p"].split()]
+            self.assertTrue(runs and all(start + length <= len(MONITOR) for start, length in runs), item["data-p"])
+            if "aria-expanded" not in item:
+                covered |= {i for start, length in runs for i in range(start, start + length)}
+        self.assertEqual(covered, set(range(len(MONITOR))))
+
+    def test_what_it_says_of_the_example(self):
+        page = self.make(self.save(MONITOR))
+        text = page.all(tag="main")[0]["text"]
+        self.assertEqual(page.all(tag="h1")[0]["text"], "ASUS VE276")
+        for part in ["598 \u00d7 336 mm, 27.0 in", "2010, week 34", "1920 \u00d7 1080 at 60 Hz", "gamma 2.20",
+                     "Nothing is wrong with this image.", "Pixel clock 148.50 MHz 36-37",
+                     'Modeline "1920x1080_60" 148.50 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync']:
+            self.assertIn(part, text)
+        row = next(row["text"] for row in page.all(tag="tr") if "detailed 0" in row["text"])
+        for part in ["1920 \u00d7 1080", "60.00", "148.500", "67.50", "preferred"]:
+            self.assertIn(part, row)
+        # To scale: active 1920 x 1080 at 44 + 148, 5 + 36 in 2200 x 1125; sync over all of both sides.
+        boxes = {(box["class"], box["x"], box["y"], box["width"], box["height"])
+                 for box in page.all(tag="rect") if box.get("class") in ("active", "sync")}
+        self.assertLessEqual({("active", "192", "41", "1920", "1080"), ("sync", "0", "0", "44", "1125"),
+                              ("sync", "0", "0", "2200", "5")}, boxes)
+        image = bytearray(MONITOR)
+        image[0x45:0x47] = b"\x08\x04"  # borders, which lie between active area and porches
+        borders = self.make(self.save(fix_sums(bytes(image)))).all(tag="rect", _class="border")
+        self.assertEqual([(box["x"], box["y"], box["width"], box["height"]) for box in borders],
+                         [("184", "37", "1936", "1088")])
+        # x and y of the triangle as the bytes have them: 500 units a step, from 44 and 460.
+        self.assertIn("M367.8 293L186.1 156.3L119.7 424.4Z", [path["d"] for path in page.all(_class="triangle own")])
+
+    def test_words_of_extensions(self):
+        # HDMI, HDMI Forum, HDR with 50 * 2 ^ (96 / 32) cd/m2, colorimetry with BT.2020 RGB and YCC.
+        data = bytes.fromhex("67030c0010000078" "67d85dc401780000" "e60605016060 12" "e305c000".replace(" ", ""))
+        block = bytes([2, 3, 4 + len(data), 0]) + data
+        page = self.make(self.save(fix_sums(MONITOR[:128] + block.ljust(128, b"\0"))))
+        facts = dict(zip([name["text"] for name in page.all(tag="dt")], [text["text"] for text in page.all(tag="dd")]))
+        self.assertEqual(facts["Interface"], "digital, HDMI 2.0 or later")
+        self.assertTrue(facts["HDR"].startswith("PQ (SMPTE ST 2084), up to 400 cd/m\u00b2, 400 cd/m\u00b2 over a "
+                                                "whole frame, down to 0.0199 cd/m"), facts["HDR"])
+        self.assertEqual(facts["Colour"], "covers 97 % of sRGB and 76 % of DCI-P3, gamma 2.20, BT2020RGB, BT2020YCC")
+
+    def test_texts_of_an_image_stay_texts(self):
+        plain = self.make(self.save(with_descriptors(*[b"plain text 13"] * 3), b"plain.bin"))
+        hostile = [b"</script><img", b"\"><svg onload", b"' onclick=x//"]
+        for texts in (hostile, hostile[1:] + hostile[:1], [b"&lt;&#60;<!--", b"]]>-><s>&amp;", b"${x}`\\u003cb>"]):
+            name = b"\"><img src=x onerror=alert(1)>&amp;\xff.bin"
+            page = self.make(self.save(with_descriptors(*texts), name))
+            self.assertEqual([element["tag"] for element in page.elements],
+                             [element["tag"] for element in plain.elements])
+            self.assertEqual(page.all(tag="h1")[0]["text"], texts[2].decode())
+            for text in texts:
+                self.assertIn(text.decode(), page.all(tag="main")[0]["text"])
+            self.assertIn("\"><img src=x onerror=alert(1)>&amp;\ufffd.bin", page.all(_class="file")[0]["text"])
+
+    def test_what_the_library_refuses_has_a_page(self):
+        self.assertIn("no multiple of 128", self.make(self.save(MONITOR[:200])).all(tag="main")[0]["text"])
+        source = random.Random(14)
+        for size in (1, 54, 127, 128, 256, 500, 1024):
+            with self.subTest(size):
+                image = bytes(source.randrange(256) for _ in range(size - 1)) + b"\0"  # with a zero it is a raw image
+                self.assertEqual(len(self.cells(self.make(self.save(image)))), size)
+        for size in (256, 512):  # wild values in blocks that load
+            image = bytearray(MONITOR[:8] + bytes(source.randrange(256) for _ in range(size - 8)))
+            image[18:20], image[126], image[128:130] = b"\1\4", size // 128 - 1, b"\2\3"
+            self.make(self.save(fix_sums(bytes(image))))
+
+    def test_two_images(self):
+        other = bytearray(MONITOR)
+        other[0x10] = 35              # the week
+        other[0x26:0x28] = b"\1\1"    # 1152 x 864 goes
+        other = fix_sums(bytes(other))
+        page = self.make(self.save(MONITOR), self.save(other, b"other.bin"))
+        for key in "ab":
+            self.assertEqual([cell["id"] for cell in self.cells(page, key) if "differs" in cell["class"]],
+                             [f"{key}{offset}" for offset in (0x10, 0x26, 0x27, 0x7F)])
+        self.assertIn("0x10 Vendor and product identification > Week of manufacture A: 34 B: 35",
+                      [row["text"] for row in page.all(tag="li")])
+        self.assertIn("4 bytes differ. Timings only in A: 1, only in B: 0.", page.all(tag="main")[0]["text"])
+        self.assertEqual([row["text"] for row in page.all(_class="differs", tag="tr")][0].split()[:3],
+                         ["standard", "0A1152", "\u00d7"])
+        self.assertIn("No field differs.", self.make(self.save(MONITOR), self.save(MONITOR)).all(tag="main")[0]["text"])
+
+    def test_output(self):
+        image, out = self.save(MONITOR), os.path.join(self.folder, "page.html")
+        self.assertEqual(self.run_page(image, "-o", out).returncode, 0)
+        with open(out, "wb") as file:
+            file.write(b"mine")
+        done = self.run_page(image, "-o", out)
+        self.assertEqual((done.returncode, done.stdout), (3, b""))
+        self.assertIn(b"exists already (use --force)", done.stderr)
+        with open(out, "rb") as file:
+            self.assertEqual(file.read(), b"mine")
+        self.assertEqual(self.run_page(image, "-o", out, "--force").returncode, 0)
+        self.assertGreater(os.path.getsize(out), 10000)
+        for arguments, status in [([image], 2), ([image, self.folder + "/none", "-o", "-"], 3)]:
+            done = self.run_page(*arguments)
+            self.assertEqual((done.returncode, done.stdout), (status, b""))
+
+    @unittest.skipUnless(CORPUS, "no folder of further images")
+    def test_images_of_a_folder(self):
+        files = sorted(name for name in os.listdir(CORPUS) if name.endswith(".bin"))
+        for name in files[::max(1, len(files) // 20)]:  # parsing is slow
+            with self.subTest(name):
+                self.make(os.path.join(CORPUS, name))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,4 +1,4 @@
-"""The transcripts of the README and of docs/, run as a user would. PagesTest.py COMMAND PROJECT
+"""The transcripts of the README and of docs/, run as a user would. TranscriptsTest.py COMMAND PROJECT
 
 The console blocks of a page are one session in a folder of its own that holds monitor.bin. A line behind "$ " is a
 command, those behind "> " go on with it, and all others are what the command prints, on either output. A page is left
@@ -31,7 +31,7 @@ def list_steps(page):
         yield lines[0] + "".join(line[2:] for line in lines[1:end]), "".join(lines[end:])
 
 
-class PagesTest(unittest.TestCase):
+class TranscriptsTest(unittest.TestCase):
     def check(self, path):
         environment = {**os.environ, "LC_ALL": "C.UTF-8",
                        "PATH": os.path.dirname(COMMAND) + os.pathsep + os.environ["PATH"]}
@@ -52,7 +52,7 @@ class PagesTest(unittest.TestCase):
 
 def add_test(path):
     name = "test_" + re.sub(r"\W", "_", path)
-    setattr(PagesTest, name, lambda self: self.check(path))
+    setattr(TranscriptsTest, name, lambda self: self.check(path))
 
 
 for document in ["README.md"] + ["docs/" + name for name in sorted(os.listdir(os.path.join(PROJECT, "docs")))]:

@@ -70,7 +70,8 @@ inline std::vector<SCaseRow> ReadCases(const char* pszFile, size_t uiFields)
     for (std::string sLine; std::getline(oFile, sLine);)
     {
         SCaseRow oRow;
-        oRow.m_sPlace = pszFile + (":" + std::to_string(++uiLine));
+        oRow.m_sPlace = std::string(pszFile) + ":";
+        oRow.m_sPlace += std::to_string(++uiLine);
         std::istringstream oStream(sLine.substr(0, sLine.find('#')));
         for (std::string sField; std::getline(oStream, sField, '|');)
         {

@@ -134,7 +134,7 @@ unsigned int Compare(const SOURCE& oFirst, const SOURCE& oSecond)
     return 1;
 }
 
-struct SRow
+struct SMeasured
 {
     const char* m_pszName;
     std::function<unsigned int(size_t uiImage)> m_fnRun; // gives 0 for a refusal
@@ -154,7 +154,7 @@ unsigned int ReadMap(size_t uiImage)
     return oMap.GetFieldCount();
 }
 
-const SRow gsc_aoImageRows[] = {
+const SMeasured gsc_aoImageRows[] = {
     { "Image_A_Load", LoadAnd<[](const CEdid&) { return 1U; }> },
     { "Image_B_LoadAndWalk", LoadAnd<Walk> },
     { "Image_b_Walk", [](size_t i) { return Walk(LoadedImage(i)); } },
@@ -176,14 +176,14 @@ CVidParamTiming* Output()
     return &s_oTiming;
 }
 
-const SRow gsc_aoQuestions[] = {
+const SMeasured gsc_aoQuestions[] = {
     { "Compute_Cvt", [](size_t) { return CVidParamTimingFunc::ComputeCvt(1920, 1080, 60, 0, Output()); } },
     { "LookUp_DmtBySize", [](size_t) { return CVidParamTimingFunc::GetDmtTiming(0, Output(), 1920, 1080, 60); } },
     { "LookUp_CeaByVic", [](size_t) { return CVidParamCea::GetVidParamFromVic(97, Output()); } },
 };
 
 // Runs a row over that many images. The columns are an image's; a question has one, which it does not look at.
-void Run(benchmark::State& oState, const SRow& oRow, size_t uiImages)
+void Run(benchmark::State& oState, const SMeasured& oRow, size_t uiImages)
 {
     const double dImages = static_cast<double>(uiImages);
     const unsigned long ulBefore = g_oFailingHeap.m_ulTaken;
@@ -203,9 +203,9 @@ void Run(benchmark::State& oState, const SRow& oRow, size_t uiImages)
     ulFound == 0 ? oState.SkipWithError("refused") : void();
 }
 
-void Register(std::span<const SRow> aoRows, size_t uiImages)
+void Register(std::span<const SMeasured> aoRows, size_t uiImages)
 {
-    for (const SRow& oRow : aoRows)
+    for (const SMeasured& oRow : aoRows)
     {
         benchmark::RegisterBenchmark(oRow.m_pszName, Run, oRow, uiImages);
     }
@@ -339,8 +339,8 @@ int main(int iArguments, char** apszArguments)
         CByteArray oBytes;
         return CZorEdidUtils::ExtractEdidFromFile(CMString(oFile.GetPath()), oBytes);
     };
-    const SRow aoFiles[] = { { "File_Bin", [&](size_t) { return Read(oBin); } },
-                             { "File_Dat", [&](size_t) { return Read(oDat); } } };
+    const SMeasured aoFiles[] = { { "File_Bin", [&](size_t) { return Read(oBin); } },
+                                  { "File_Dat", [&](size_t) { return Read(oDat); } } };
     Register(gsc_aoImageRows, g_aaui8Images.size());
     Register(gsc_aoQuestions, 1);
     Register(aoFiles, 1);

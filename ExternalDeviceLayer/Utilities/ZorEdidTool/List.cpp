@@ -95,6 +95,7 @@ void List(STool& oTool)
         return;
     }
     std::vector<CRow> aasRows;
+    aasRows.reserve(aoConnectors.size());
     for (const SConnector& oConnector : aoConnectors)
     {
         aasRows.push_back(MakeRow(oConnector, oTool));

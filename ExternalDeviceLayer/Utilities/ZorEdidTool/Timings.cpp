@@ -41,7 +41,8 @@ std::set<unsigned int> ListNamedCodes(const CEdidExtBlockCEA861& oBlock)
     std::set<unsigned int> auiCodes;
     const auto fnAdd = [&](auto eTag) {
         unsigned int uiLength = 0;
-        for (unsigned int i = 0; const unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, i, &uiLength); ++i)
+        unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, 0, &uiLength);
+        for (unsigned int i = 1; uiOffset != 0; uiOffset = oBlock.GetDataBlockOffset(eTag, i++, &uiLength))
         {
             for (unsigned int j = 0; j < uiLength; ++j)
             {

@@ -87,6 +87,7 @@ TEST(EdidLoading, ResultLinesAndBlocks)
     Expect("one announced, none given", 1, 1, Lg("1 "), Lg("1 "));
     Expect("one announced, two given", 1, 0, Lg("1 CC"), Lg("1 C"));
     Expect("255 announced, two given", 1, 1, Lg("255 CC"), Lg("255 CC"));
+    Expect("255 announced and given", 1, 0, Lg("255 " + std::string(255, 'C')), Lg("255 " + std::string(255, 'C')));
     Expect("blocks of any version count", 1, 0, WithChange(Lg("1 C"), 18, 2), WithChange(Lg("1 C"), 18, 2));
     Expect("block with a wrong checksum is dropped", 1, 1, Lg("1 W"), Lg("1 "));
     Expect("block of another kind is dropped", 1, 1, Lg("2 XC"), Lg("2 C"));

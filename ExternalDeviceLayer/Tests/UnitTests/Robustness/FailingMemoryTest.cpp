@@ -33,7 +33,11 @@ struct SObjects
             m_asLocked[i].LockBuffer(); // a copy takes memory
         }
         m_asLocked.SetSize(10, -1); // and there is room for one more
-        m_oAlone.Delete(0, 8);      // its buffer is longer than it
+        for (unsigned int i = 0; i < 10; ++i)
+        {
+            m_oMap[i] = "value"; // a whole block of nodes
+        }
+        m_oAlone.Delete(0, 8); // its buffer is longer than it
     }
 
     // The contents, all of which can be read whatever has failed.
@@ -47,7 +51,7 @@ struct SObjects
         }
         sState += GetText(m_asLocked.Join("\n"));
         sState.append(m_aui8Bytes.GetData(), m_aui8Bytes.GetData() + m_aui8Bytes.GetCount());
-        return sState;
+        return sState + std::to_string(m_oMap.GetCount()) + ' ' + std::to_string(m_oEmptyMap.GetCount());
     }
 
     CEditRunner m_oRunner;
@@ -57,17 +61,9 @@ struct SObjects
     CMString m_oLocked{ "a locked text" };
     CByteArray m_aui8Bytes;
     CMArrayString m_asLocked;
+    CMMap<unsigned int, CMString, const unsigned int&, const CMString&> m_oMap;
+    CMMap<unsigned int, CMString, const unsigned int&, const CMString&> m_oEmptyMap;
 };
-
-void FillMap(SObjects& /*o*/)
-{
-    CMMap<unsigned int, CMString, const unsigned int&, const CMString&> oMap;
-    for (unsigned int i = 0; i < 25; ++i)
-    {
-        oMap[i] = "value";
-    }
-    EXPECT_EQ(25, oMap.GetCount());
-}
 
 void SortCopy(SObjects& o)
 {
@@ -99,7 +95,8 @@ const std::pair<const char*, CAct> gsc_aoScenarios[] = {
     { "array: assign texts", [](SObjects& o) { CMArrayString() = o.m_asLocked; } },
     { "array: add a text", [](SObjects& o) { CMArrayString(o.m_asLocked).Add(o.m_asLocked[1]); } },
     { "array: sort", SortCopy },
-    { "map", FillMap },
+    { "map: one more", [](SObjects& o) { o.m_oMap[10]; } },
+    { "map: the first", [](SObjects& o) { o.m_oEmptyMap[0]; } },
     { "read everything", ReadASmallOne },
 };
 
@@ -178,6 +175,18 @@ protected:
             EXPECT_TRUE(aui8Held == aui8Done || (bThrown && aui8Held == m_aui8Image));
             EXPECT_TRUE(oEdid.IsChecksumValid());
             ReadEverything(oEdid);
+            if (bThrown && aui8Held == m_aui8Image) // once more, on the same object
+            {
+                Act(o);
+                EXPECT_EQ(aui8Done, Serialise(oEdid));
+            }
+            else if (bThrown) // the next edit derives all lists
+            {
+                o.m_oRunner.Run({ CEditRunner::eEdit_FirstOfBlock + 2, 0, 0, 0 });
+                CEdid oFresh;
+                LoadExact(oFresh, Serialise(oEdid));
+                EXPECT_EQ(GetLists(oFresh)[1], GetLists(oEdid)[1]);
+            }
             const unsigned int uiTableTimings = oEdid.GetStandardCount();
             EXPECT_EQ("", o.m_oRunner.Apply({ CEditRunner::eEdit_Reload, 0, 0, 0 }));
             EXPECT_LE(uiTableTimings, oEdid.GetStandardCount()) << "a timing that is gone is listed";

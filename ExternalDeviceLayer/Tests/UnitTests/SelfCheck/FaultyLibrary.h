@@ -40,7 +40,7 @@ struct SFault
         {
             (Output(pszCall, std::forward<decltype(oArguments)>(oArguments)), ...);
         }
-        return IsNext(pszCall, "result") ? static_cast<decltype(oResult)>(oResult == 0) : oResult;
+        return IsNext(pszCall, "result") ? static_cast<decltype(oResult)>(oResult ^ 1) : oResult;
     }
 
     // What stands behind an argument: nothing behind those that only lead into the call.

@@ -4,14 +4,13 @@
 
 #include <strings.h>
 
-#include <iterator>
+#include <algorithm>
+#include <string_view>
 
 #include "EdidBase.h"
+#include "ModeSources.h"
 #include "SpeakerNames.h"
 #include "TextFormat.h"
-#include "VidParamCea.h"
-#include "VidParamDmt.h"
-#include "VidParamTimingFunc.h"
 
 namespace
 {
@@ -186,70 +185,34 @@ std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
 
 // ---- Modes ----
 
-struct SMode
-{
-    unsigned int m_uiWidth = 0;
-    unsigned int m_uiHeight = 0;
-    unsigned int m_uiRateInHz = 0;
-};
-
-struct SModeSource
-{
-    const char* m_pszName;
-    int (*m_pfnFind)(const SMode& oMode, CVidParamTiming& oTiming);
-};
-
-// Progressive rows go first, as a size and rate without further words is meant.
-int FindCea(const SMode& oMode, CVidParamTiming& oTiming)
-{
-    const int iFound = CVidParamCea::GetVidParam(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz,
-                                                 CVidParamCea::eScanTypeProgressive);
-    return iFound != 0 ? iFound
-                       : CVidParamCea::GetVidParam(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz,
-                                                   CVidParamCea::eScanTypeInterlaced);
-}
-
-template <CVidParamDmt::EModeListType eRows>
-int FindDmt(const SMode& oMode, CVidParamTiming& oTiming)
-{
-    return CVidParamDmt::GetVidParam(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, eRows);
-}
-
-template <int iReducedBlanking>
-int FindCvt(const SMode& oMode, CVidParamTiming& oTiming)
-{
-    return CVidParamTimingFunc::ComputeCvt(oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, iReducedBlanking,
-                                           &oTiming);
-}
-
-int FindGtf(const SMode& oMode, CVidParamTiming& oTiming)
-{
-    return CVidParamTimingFunc::ComputeGft(oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz, &oTiming);
-}
-
-int FindSmpte(const SMode& oMode, CVidParamTiming& oTiming)
-{
-    return CVidParamTimingFunc::GetSmpteTiming(0, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz);
-}
-
-constexpr SModeSource gsc_aoModeSources[] = {
-    { "cea", FindCea },
-    { "dmt", FindDmt<CVidParamDmt::eModeListStandard> },
-    { "dmt-rb", FindDmt<CVidParamDmt::eModeListReducedBlanking> },
-    { "cvt-rb", FindCvt<1> },
-    { "cvt", FindCvt<0> },
-    { "gtf", FindGtf },
-    { "smpte", FindSmpte },
-};
 // Without a type, the first of these that knows the mode: what televisions and monitors use, else computed.
-constexpr size_t gsc_uiDefaultSources = 4;
+constexpr const char* gsc_apszDefaultSources[] = { "cea", "dmt", "dmt-rb", "cvt-rb" };
 
-bool ParseMode(const std::string& sText, SMode& oMode)
+const SModeSource* FindSource(std::string_view sName)
 {
-    const CTexts asNumbers = Split(sText, "x@");
-    return asNumbers.size() == 3 && sText.find('x') < sText.find('@') && ParseNumber(asNumbers[0], oMode.m_uiWidth) &&
-           ParseNumber(asNumbers[1], oMode.m_uiHeight) && ParseNumber(asNumbers[2], oMode.m_uiRateInHz) &&
-           oMode.m_uiWidth != 0 && oMode.m_uiHeight != 0 && oMode.m_uiRateInHz != 0;
+    const std::span<const SModeSource> aoSources = GetModeSources();
+    const auto itSource = std::find_if(aoSources.begin(), aoSources.end(),
+                                       [&](const SModeSource& oSource) { return sName == oSource.m_pszName; });
+    return itSource != aoSources.end() ? &*itSource : nullptr;
+}
+
+std::string ListSources()
+{
+    std::string sNames;
+    for (const SModeSource& oSource : GetModeSources())
+    {
+        sNames += (sNames.empty() ? "" : " ") + std::string(oSource.m_pszName);
+    }
+    return sNames;
+}
+
+// A progressive timing, as a size and rate without further words is meant, else the first one.
+const CVidParamTimingGeneric& PickTiming(const std::vector<CVidParamTimingGeneric>& aoTimings)
+{
+    const auto itProgressive =
+        std::find_if(aoTimings.begin(), aoTimings.end(),
+                     [](const CVidParamTimingGeneric& oTiming) { return oTiming.IsInterlaced() == 0; });
+    return itProgressive != aoTimings.end() ? *itProgressive : aoTimings.front();
 }
 
 // WxH@R[,TYPE]
@@ -261,23 +224,28 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
     {
         return "it is no mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
     }
-    std::string sTypes;
-    for (size_t i = 0; i < std::size(gsc_aoModeSources); ++i)
+    const bool bTyped = asFields.size() == 2;
+    const CTexts asAsked =
+        bTyped ? CTexts{ asFields[1] } : CTexts(std::begin(gsc_apszDefaultSources), std::end(gsc_apszDefaultSources));
+    bool bClockTooHigh = false;
+    for (const std::string& sName : asAsked)
     {
-        const SModeSource& oSource = gsc_aoModeSources[i];
-        const bool bAsked = asFields.size() == 1 ? i < gsc_uiDefaultSources : asFields[1] == oSource.m_pszName;
-        if (bAsked && oSource.m_pfnFind(oMode, oTiming) != 0)
+        const SModeSource* poSource = FindSource(sName);
+        if (poSource == nullptr)
         {
+            return "'" + sName + "' is none of " + ListSources();
+        }
+        const SModeAnswers oAnswers = AskSource(*poSource, oMode);
+        if (!oAnswers.m_aoTimings.empty())
+        {
+            oTiming = PickTiming(oAnswers.m_aoTimings);
             return "";
         }
-        if (bAsked && asFields.size() == 2)
-        {
-            return asFields[1] + " has no such mode";
-        }
-        sTypes += (sTypes.empty() ? "" : " ") + std::string(oSource.m_pszName);
+        bClockTooHigh = bClockTooHigh || oAnswers.m_bClockTooHigh;
     }
-    return asFields.size() == 1 ? "no table and no formula has such a mode"
-                                : "'" + asFields[1] + "' is none of " + sTypes;
+    return bClockTooHigh ? "its pixel clock is beyond 4294967295 Hz"
+           : bTyped      ? asFields[1] + " has no such mode"
+                         : "no table and no formula has such a mode";
 }
 
 std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)

@@ -13,7 +13,6 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiVariantKey = 1000; // a key of the library's table above it is a 1000/1001 variant
 constexpr char gsc_szBaseKind[] = "base";
 
 // ---- Codes ----
@@ -77,11 +76,6 @@ void KeepNamed(const std::set<unsigned int>& auiNamed, SVics& oVics)
 }
 
 // ---- Lists ----
-
-bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond)
-{
-    return memcmp(&oFirst.GetData(), &oSecond.GetData(), sizeof(SVidParamGenericData)) == 0;
-}
 
 // The list of VESA's own established timings is a part of the list of all, in the same order.
 void ListEstablished(const CEdid& oEdid, std::vector<SListedTiming>& aoTimings)
@@ -186,18 +180,23 @@ void ListDetailed(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
     }
 }
 
-// MHz with as many of six decimals as the hertz need, but no fewer than szLeast.
-std::string GetMegaHertzText(unsigned int uiHz, size_t szLeast)
+// MHz with as many of six decimals as the hertz need, but no fewer than uiLeast.
+std::string GetMegaHertzText(unsigned int uiHz, size_t uiLeast)
 {
     constexpr unsigned int uiHzPerMegaHz = 1000000;
     std::string sText = FormatText("%u.%06u", uiHz / uiHzPerMegaHz, uiHz % uiHzPerMegaHz);
-    for (size_t i = 6; i > szLeast && sText.back() == '0'; --i)
+    for (size_t i = 6; i > uiLeast && sText.back() == '0'; --i)
     {
         sText.pop_back();
     }
     return sText;
 }
 } // namespace
+
+bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond)
+{
+    return memcmp(&oFirst.GetData(), &oSecond.GetData(), sizeof(SVidParamGenericData)) == 0;
+}
 
 SVics FindVics(const CVidParamTimingGeneric& oTiming)
 {

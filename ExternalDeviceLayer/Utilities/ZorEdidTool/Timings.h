@@ -23,6 +23,12 @@ struct SVics
     bool m_bVariant = false; // the timing is their 1000/1001 variant
 };
 
+// Whether all numbers of two timings are the same, the source among them.
+bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond);
+
+// A key of CVidParamCea's table is a code, or for the code's 1000/1001 variant the code and this.
+inline constexpr unsigned int gsc_uiVariantKey = 1000;
+
 // Looked up without the 4:2:0 flag, which halves the clock that the look-up compares.
 SVics FindVics(const CVidParamTimingGeneric& oTiming);
 

@@ -535,6 +535,18 @@ class TimingTest(ToolTest):
             self.assertRegex(err, "^zoredid: .*: no .*timing\n$")
         self.assertEqual(self.load(run("timing", "--json", "--vic", "6", status=1)[0])["timings"], [])
 
+    def test_an_edit_takes_the_same_modes(self):
+        path = self.save(MONITOR)
+        for mode, reason in [
+            ("4000x4000@190,gtf", "its pixel clock is beyond 4294967295 Hz"),
+            ("4000x4000@240", "its pixel clock is beyond 4294967295 Hz"), ("1234x567@89,dmt", "dmt has no such mode"),
+            ("640x480@60,vesa", "'vesa' is none of dmt dmt-rb cvt cvt-rb gtf cea smpte"),
+        ]:
+            out, err = run("edit", path, "-o", "-", "--preferred", mode, status=2)
+            self.assertEqual((out, err.count("\n"), reason in err), ("", 1, True), err)
+        run("edit", path, "-o", path, "--force", "--preferred", "1920x1080@30", status=0)  # the tables have 1080i, too
+        self.assertIn("1920 x 1080p @  30 Hz     74.250 MHz", run("modes", path, status=0)[0])
+
 
 class CommandLineTest(ToolTest):
     def test_wrong_ones(self):

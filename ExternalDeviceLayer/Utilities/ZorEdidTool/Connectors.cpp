@@ -30,12 +30,12 @@ void SetConnectorFolder(const std::string& sFolder) { GetFolder() = sFolder; }
 bool ListConnectors(std::vector<SConnector>& aoConnectors, std::string& sProblem)
 {
     std::error_code oError;
-    std::filesystem::directory_iterator oEntry(GetFolder(), oError);
-    for (; !oError && oEntry != std::filesystem::directory_iterator(); oEntry.increment(oError))
+    std::filesystem::directory_iterator itEntry(GetFolder(), oError);
+    for (; !oError && itEntry != std::filesystem::directory_iterator(); itEntry.increment(oError))
     {
         // Cards and their render nodes have no such file.
-        std::ifstream oStatus(oEntry->path() / "status");
-        SConnector oConnector = { oEntry->path().filename(), "", oEntry->path() / "edid" };
+        std::ifstream oStatus(itEntry->path() / "status");
+        SConnector oConnector = { itEntry->path().filename(), "", itEntry->path() / "edid" };
         if (std::getline(oStatus, oConnector.m_sState))
         {
             aoConnectors.push_back(oConnector);
@@ -52,7 +52,7 @@ std::vector<SConnector> FindConnectors(const std::string& sName)
     std::vector<SConnector> aoConnectors;
     std::string sProblem;
     ListConnectors(aoConnectors, sProblem);
-    const auto HasOtherName = [&](const SConnector& oConnector) { return !HasName(oConnector, sName); };
-    aoConnectors.erase(std::remove_if(aoConnectors.begin(), aoConnectors.end(), HasOtherName), aoConnectors.end());
+    const auto fnHasOtherName = [&](const SConnector& oConnector) { return !HasName(oConnector, sName); };
+    aoConnectors.erase(std::remove_if(aoConnectors.begin(), aoConnectors.end(), fnHasOtherName), aoConnectors.end());
     return aoConnectors;
 }

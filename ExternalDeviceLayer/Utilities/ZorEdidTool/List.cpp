@@ -7,7 +7,9 @@
 #include <memory>
 
 #include "Connectors.h"
+#include "EdidBaseLayout.h"
 #include "ManyFiles.h"
+#include "TextFormat.h"
 #include "Tool.h"
 #include "ZorEdidUtils.h"
 
@@ -17,8 +19,9 @@ using CRow = std::vector<std::string>; // connector, state, monitor, maker, size
 
 std::string GetSize(const CEdid& oEdid)
 {
-    const unsigned int uiWidth = oEdid.GetBaseBlock()[21]; // centimetres; 0 in one of them is no size
-    const unsigned int uiHeight = oEdid.GetBaseBlock()[22];
+    const unsigned int uiWidth = oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiImageWidthOffset];
+    const unsigned int uiHeight = oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiImageHeightOffset];
+    // Centimetres; 0 in one of them is no size.
     return uiWidth != 0 && uiHeight != 0 ? std::to_string(uiWidth) + " x " + std::to_string(uiHeight) + " cm" : "";
 }
 
@@ -61,11 +64,13 @@ CRow MakeRow(const SConnector& oConnector, STool& oTool)
     return asRow;
 }
 
-void PrintRows(const std::vector<CRow>& aasRows)
+// What a monitor says may hold anything.
+void PrintRows(std::vector<CRow>& aasRows)
 {
     std::vector<size_t> auiWidths;
-    for (const CRow& asRow : aasRows)
+    for (CRow& asRow : aasRows)
     {
+        std::transform(asRow.begin(), asRow.end(), asRow.begin(), ShowName);
         auiWidths.resize(std::max(auiWidths.size(), asRow.size()));
         for (size_t i = 0; i < asRow.size(); ++i)
         {

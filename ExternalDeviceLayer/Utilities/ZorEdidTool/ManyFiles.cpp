@@ -14,21 +14,23 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <new>
+#include <system_error>
 #include <thread>
 
 #include "Messages.h"
 #include "TextFormat.h"
 
-void PrintError(const std::string& sText) { fprintf(stderr, "zoredid: %s\n", sText.c_str()); }
+void PrintError(const std::string& sText) { fprintf(stderr, "zoredid: %s\n", ShowName(sText).c_str()); }
 
 std::string MakeErrorLine(const std::string& sName, const std::string& sReason)
 {
-    return "zoredid: " + ShowName(sName) + ": " + sReason + "\n";
+    return "zoredid: " + ShowName(sName + ": " + sReason) + "\n";
 }
 
 namespace
 {
-int g_iOutputError = 0; // errno of the turn whose output could not be written
+constinit int g_iOutputError = 0; // errno of the turn whose output could not be written
 } // namespace
 
 void FinishOutput(STool& oTool)
@@ -346,19 +348,74 @@ public:
     CThreads(const CThreads&) = delete;
     CThreads& operator=(const CThreads&) = delete;
 
+    // Starts as many as the system lets run, up to uiCount, and says how many. Their stacks must not take the memory
+    // that the turns need: some is held back until all have started, and none begins its work ahead of that.
     template <class WORK>
-    void Start(const WORK& fnWork)
+    size_t Start(unsigned int uiCount, const WORK& fnWork)
     {
-        m_aoThreads.emplace_back(fnWork);
+        constexpr size_t uiReserve = size_t{ 16 } << 20; // bytes, which nothing touches
+        const std::lock_guard<std::mutex> oLock(m_oGate);
+        try
+        {
+            m_pui8Reserve = std::make_unique_for_overwrite<unsigned char[]>(uiReserve);
+            m_aoThreads.reserve(uiCount);
+            while (m_aoThreads.size() < uiCount)
+            {
+                m_aoThreads.emplace_back([this, fnWork] {
+                    m_oGate.lock();
+                    m_oGate.unlock();
+                    fnWork();
+                });
+            }
+        }
+        catch (const std::system_error&) // too many threads
+        {
+        }
+        catch (const std::bad_alloc&)
+        {
+        }
+        m_pui8Reserve.reset();
+        return m_aoThreads.size();
     }
 
 private:
     CWindow& m_oWindow;
+    std::mutex m_oGate; // held until all have started
+    // A member, as the compiler may leave out memory that is used nowhere.
+    std::unique_ptr<unsigned char[]> m_pui8Reserve;
     std::vector<std::thread> m_aoThreads;
 };
 
 // Output that cannot be written ends the run: no later turn could be printed.
 bool CanPrint() { return ferror(stdout) == 0; }
+
+void RunOneByOne(CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
+{
+    std::string sName;
+    while (CanPrint() && oNames.Next(sName))
+    {
+        oPrinter.Print(RunTurn(sName, oRules));
+    }
+}
+
+// False when there is no thread to be had; no name is taken then.
+bool RunInThreads(unsigned int uiJobs, CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
+{
+    constexpr size_t uiTurnsOfAThread = 8; // so that one long turn does not stop the others at once
+    CWindow oWindow(oNames, uiTurnsOfAThread * uiJobs);
+    CThreads oThreads(oWindow);
+    const auto fnTurn = [&oRules](const std::string& sName) { return RunTurn(sName, oRules); };
+    if (oThreads.Start(uiJobs, [&] { oWindow.Work(fnTurn); }) == 0)
+    {
+        return false;
+    }
+    SOutcome oOutcome;
+    while (CanPrint() && oWindow.Take(oOutcome))
+    {
+        oPrinter.Print(oOutcome);
+    }
+    return true;
+}
 } // namespace
 
 void PrintOutcome(const SOutcome& oOutcome, STool& oTool)
@@ -392,30 +449,9 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
     }
     CPrinter oPrinter(oFiles, oNames.GetCount(), oTool);
     const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, fnTurn };
-    if (oFiles.m_uiJobs <= 1)
+    if (oFiles.m_uiJobs <= 1 || !RunInThreads(oFiles.m_uiJobs, oNames, oRules, oPrinter))
     {
-        std::string sName;
-        while (CanPrint() && oNames.Next(sName))
-        {
-            oPrinter.Print(RunTurn(sName, oRules));
-        }
-    }
-    else
-    {
-        constexpr size_t uiTurnsOfAThread = 8; // so that one long turn does not stop the others at once
-        CWindow oWindow(oNames, uiTurnsOfAThread * oFiles.m_uiJobs);
-        CThreads oThreads(oWindow);
-        for (unsigned int i = 0; i < oFiles.m_uiJobs; ++i)
-        {
-            oThreads.Start([&oWindow, &oRules] {
-                oWindow.Work([&](const std::string& sName) { return RunTurn(sName, oRules); });
-            });
-        }
-        SOutcome oOutcome;
-        while (CanPrint() && oWindow.Take(oOutcome))
-        {
-            oPrinter.Print(oOutcome);
-        }
+        RunOneByOne(oNames, oRules, oPrinter);
     }
     oPrinter.Finish();
     if (oNames.HasFailed())

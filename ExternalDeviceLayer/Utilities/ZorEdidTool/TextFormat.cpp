@@ -21,12 +21,12 @@ std::string FormatText(const char* pszFormat, ...)
     return sText;
 }
 
-std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount)
+std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount)
 {
     constexpr char szDigits[] = "0123456789abcdef";
     std::string sText;
-    sText.reserve(2 * szCount);
-    for (size_t i = 0; i < szCount; ++i)
+    sText.reserve(2 * uiCount);
+    for (size_t i = 0; i < uiCount; ++i)
     {
         sText += szDigits[pui8Bytes[i] >> 4];
         sText += szDigits[pui8Bytes[i] & 0x0F];

@@ -13,9 +13,9 @@
 std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));
 
 // Two lower-case digits a byte, without separators.
-std::string FormatHex(const unsigned char* pui8Bytes, size_t szCount);
+std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount);
 
-// A file's name in one line: control characters become \n, \t or \xNN.
+// A file's name, or another text that is not ours, in one line: control characters become \n, \t or \xNN.
 std::string ShowName(const std::string& sName);
 
 // A number, decimal, or hexadecimal behind 0x; false for anything else.

@@ -36,10 +36,10 @@ struct STool
     void Note(EExit eExit) { m_eExit = eExit > m_eExit ? eExit : m_eExit; }
 };
 
-// One line "zoredid: NAME: REASON", with the name as ShowName writes it.
+// One line "zoredid: NAME: REASON", with both as ShowName writes them: a reason may hold words of the user.
 std::string MakeErrorLine(const std::string& sName, const std::string& sReason);
 
-// One line on standard error, "zoredid: TEXT".
+// One line on standard error, "zoredid: TEXT", with the text as ShowName writes it.
 void PrintError(const std::string& sText);
 
 // Writes all that has been printed; what cannot be written becomes an error line and eExit_Input.

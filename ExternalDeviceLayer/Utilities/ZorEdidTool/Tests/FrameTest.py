@@ -53,6 +53,7 @@ C_ARRAY = "/* { 1, 2 } */ static const uint8_t x[] = {\n// 0x11\n" + lines(8, "0
 
 FORMS = {  # every form of the image, and what it is taken for
     "raw": (IMAGE, "raw image"),
+    "raw, damaged to a byte order mark": (b"\xff\xfe" + IMAGE[2:], "raw image"),
     "table": ("head\n" + MARKER + lines(10, "%02X", "{offset:5d} |  ", "\n", "  ") + "\nnotes\n", "text table"),
     "xxd": (XXD, "xxd dump"),
     "xxd of a shell's transcript": ("$ xxd x.bin\n" + XXD + "$ exit\n", "xxd dump"),
@@ -98,6 +99,7 @@ BAD = {  # what cannot be taken, and why
     "half a byte": ("00 ff ff ff ff ff ff 00\n00 1\n", "line 2: an odd number of digits"),
     "a letter among digits": ("00 ff ff ff ff ff ff 00\n00 1x\n", "line 2: not hexadecimal bytes"),
     "a star without addresses": ("00 ff ff ff ff ff ff 00\n*\n", "line 2: a star stands for lines left out"),
+    "a table without rows": (MARKER + "\n", "no rows of bytes behind the marker line"),
     "a table of 10 bytes": (MARKER + "0 |  00  FF  FF  FF  FF  FF  FF  00  10  AC\n", "10 bytes, not a multiple of 128"),
     "xrandr without digits": ("\tEDID:\n\tnone\n", "without a digit"),
     "xrandr, half a byte": ("\tEDID:\n\t\t00fff\n", "line 2: an odd number of digits"),
@@ -120,7 +122,8 @@ class Forms(unittest.TestCase):
             with self.subTest(name):
                 data = text if isinstance(text, bytes) else text.encode()
                 result = run("convert", "-", "-o", "-", "--form", "bin", "--verbose", data=data)
-                self.assertEqual((0, IMAGE, "zoredid: -: taken for %s\n" % form), result)
+                expected = data if form == "raw image" else IMAGE
+                self.assertEqual((0, expected, "zoredid: -: taken for %s\n" % form), result)
 
     def test_what_cannot_be_taken_gets_one_line(self):
         for name, (text, reason) in BAD.items():
@@ -281,6 +284,14 @@ class ManyFiles(FolderCase):
             return usage.ru_maxrss
         self.assertLess(peak(4000), peak(100) + 8192)  # kilobytes; a report is about 8 of them
 
+    def test_too_few_threads(self):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_AS, (100 << 20,) * 2)  # bytes, of which each stack takes some
+        names = [MONITOR] * 40
+        if run("report", MONITOR, preexec_fn=limit)[0] != 0:
+            self.skipTest("a sanitizer needs more address space")
+        self.assertEqual(run("report", *names), run("report", "-j", "256", *names, preexec_fn=limit))
+
     def test_a_pipe_that_closes_early_ends_it_quietly(self):
         for jobs in ("1", "4"):
             done = subprocess.run(
@@ -315,6 +326,11 @@ class CommandLine(unittest.TestCase):
             status, out, error = run(*arguments)
             self.assertEqual((2, b"", 1), (status, out, error.count("\n")), arguments)
             self.assertTrue(error.startswith("zoredid: "), error)
+        for arguments in (("report", "--\x1b[2J", "x"), ("timing", "\x1b[2J"), ("explain", MONITOR, "--at", "\x1b[2J"),
+                          ("edit", MONITOR, "-o", "-", "--speakers", "\x1b[2J"), ("edit", MONITOR, "\x1b[2J")):
+            error = run(*arguments)[2]
+            self.assertEqual((True, 1), ("\\x1b[2J" in error, error.count("\n")), error)
+            self.assertNotIn("\x1b", error)
         for arguments, what in (((), "no subcommand is given"), (("reprt", MONITOR), "'reprt' is no subcommand"),
                                 (("-v", "a\nb"), "'a\\nb' is no subcommand"), (("--json",), "'--json' is no option")):
             self.assertRegex(run(*arguments)[2],
@@ -349,6 +365,8 @@ class Connectors(FolderCase):
                           ["card0-HDMI-A-1", "connected", "ASUS VE276", "ASUSTek Computer Inc.", "60 x 34 cm",
                            "1920 x 1080p @ 60 Hz"], ["card1-DP-1", "disconnected"]], rows)
         self.assertEqual(3, run("list", "--sysfs", self.path("none"))[0])
+        self.write("card0-HDMI-A-1/edid", IMAGE.replace(b"ASUS VE276", b"ASUS\x1b[2J76"))
+        self.assertIn(b"  ASUS\\x1b[2J76  ASUSTek", run("list", "--sysfs", self.folder)[1])
 
     def test_a_name_stands_for_a_file(self):
         for name in ("HDMI-A-1", "card0-HDMI-A-1"):

@@ -133,7 +133,7 @@ bool ReadRaw(const std::string& sContent, SInput& oInput)
 
 bool ReadTextTable(const std::string& sText, SInput& oInput)
 {
-    const std::string sMarker = std::string(8, ' ') + std::string(40, '_');
+    const std::string sMarker = gsc_szEdidTableMarker;
     if (!StartsWith(sText, sMarker) && sText.find("\n" + sMarker) == std::string::npos)
     {
         return false;
@@ -145,7 +145,12 @@ bool ReadTextTable(const std::string& sText, SInput& oInput)
     {
         fclose(poFile);
     }
-    if (!bRead || oBytes.GetCount() % gsc_uiBlockSize != 0)
+    if (!bRead || oBytes.GetCount() == 0)
+    {
+        oInput.m_sProblem = "no rows of bytes behind the marker line";
+        return true;
+    }
+    if (oBytes.GetCount() % gsc_uiBlockSize != 0)
     {
         oInput.m_sProblem = "its table has " + std::to_string(oBytes.GetCount()) + " bytes, not a multiple of 128";
         return true;
@@ -703,6 +708,18 @@ constexpr SForm gsc_aoForms[] = {
     { "hexadecimal digits", ReadDigits },
 };
 
+// An image may begin like a byte order mark, too. All characters of the forms are below 256.
+bool IsUtf16(const std::string& sContent)
+{
+    constexpr size_t uiLookedAt = 2 * 8; // bytes behind the mark
+    bool bHighBytesZero = sContent.size() % 2 == 0 && StartsWith(sContent, "\xFF\xFE");
+    for (size_t i = 3; bHighBytesZero && i < sContent.size() && i < uiLookedAt; i += 2)
+    {
+        bHighBytesZero = sContent[i] == '\0' && sContent[i - 1] != '\0';
+    }
+    return bHighBytesZero;
+}
+
 // A text without its byte order mark, as single bytes: registry exports come with two bytes a character.
 std::string MakePlainText(const std::string& sContent)
 {
@@ -710,7 +727,7 @@ std::string MakePlainText(const std::string& sContent)
     {
         return sContent.substr(3);
     }
-    if (!StartsWith(sContent, "\xFF\xFE"))
+    if (!IsUtf16(sContent))
     {
         return sContent;
     }

@@ -4,6 +4,8 @@
 
 #include <stdio.h>
 
+#include "ZorEdidUtilsTable.h"
+
 namespace
 {
 using CBytes = std::vector<unsigned char>;
@@ -69,8 +71,8 @@ std::string MakeBase64(const CBytes& aui8Bytes)
     std::string sText;
     for (size_t i = 0; i < aui8Bytes.size(); i += 3)
     {
-        const auto Get = [&](size_t uiByte) { return uiByte < aui8Bytes.size() ? aui8Bytes[uiByte] : 0U; };
-        const unsigned int uiBits = Get(i) << 16 | Get(i + 1) << 8 | Get(i + 2);
+        const auto fnGet = [&](size_t uiByte) { return uiByte < aui8Bytes.size() ? aui8Bytes[uiByte] : 0U; };
+        const unsigned int uiBits = fnGet(i) << 16 | fnGet(i + 1) << 8 | fnGet(i + 2);
         sText += szDigits[uiBits >> 18];
         sText += szDigits[uiBits >> 12 & 63];
         sText += i + 1 < aui8Bytes.size() ? szDigits[uiBits >> 6 & 63] : '=';
@@ -87,7 +89,7 @@ std::string MakeBase64(const CBytes& aui8Bytes)
 std::string MakeTextTable(const CBytes& aui8Bytes)
 {
     constexpr size_t uiRow = 10;
-    std::string sText = std::string(8, ' ') + std::string(40, '_') + "\n";
+    std::string sText = std::string(gsc_szEdidTableMarker) + "\n";
     for (size_t i = 0; i < aui8Bytes.size(); ++i)
     {
         if (i % uiRow == 0)
@@ -99,14 +101,11 @@ std::string MakeTextTable(const CBytes& aui8Bytes)
     }
     return sText;
 }
+
+constexpr SOutputForm gsc_aoForms[] = {
+    { "bin", ".bin", false, MakeRaw }, { "xxd", ".xxd", true, MakeXxd },       { "hex", ".hex", true, MakeHex },
+    { "c", ".c", true, MakeCArray },   { "base64", ".b64", true, MakeBase64 }, { "dat", ".dat", true, MakeTextTable },
+};
 } // namespace
 
-const std::vector<SOutputForm>& GetOutputForms()
-{
-    static const std::vector<SOutputForm> s_aoForms = {
-        { "bin", ".bin", false, MakeRaw },      { "xxd", ".xxd", true, MakeXxd },
-        { "hex", ".hex", true, MakeHex },       { "c", ".c", true, MakeCArray },
-        { "base64", ".b64", true, MakeBase64 }, { "dat", ".dat", true, MakeTextTable },
-    };
-    return s_aoForms;
-}
+std::span<const SOutputForm> GetOutputForms() { return gsc_aoForms; }

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,4 +15,4 @@ struct SOutputForm
     std::string (*m_pfnMake)(const std::vector<unsigned char>& aui8Bytes);
 };
 
-const std::vector<SOutputForm>& GetOutputForms();
+std::span<const SOutputForm> GetOutputForms();

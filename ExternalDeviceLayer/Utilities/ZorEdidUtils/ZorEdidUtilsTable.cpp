@@ -9,9 +9,8 @@
 
 namespace
 {
-constexpr int gsc_iLineBufferSize = 2048;                                           // characters, with the NUL
-constexpr char gsc_szMarker[] = "        ________________________________________"; // 8 blanks, 40 underscores
-constexpr unsigned int gsc_uiMarkerLength = sizeof(gsc_szMarker) - 1;
+constexpr int gsc_iLineBufferSize = 2048; // characters, with the NUL
+constexpr unsigned int gsc_uiMarkerLength = sizeof(gsc_szEdidTableMarker) - 1;
 static_assert(gsc_uiMarkerLength == 48);
 
 // A row, counted from its bar.
@@ -49,7 +48,7 @@ bool SkipToTable(FILE* poFile)
     char szLine[gsc_iLineBufferSize];
     while (ReadLine(poFile, szLine))
     {
-        if (strncmp(szLine, gsc_szMarker, gsc_uiMarkerLength) == 0)
+        if (strncmp(szLine, gsc_szEdidTableMarker, gsc_uiMarkerLength) == 0)
         {
             return !EndsFileWithoutLineFeed(poFile, szLine);
         }

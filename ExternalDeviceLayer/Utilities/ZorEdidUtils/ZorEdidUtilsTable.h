@@ -7,6 +7,9 @@
 
 #include "ZorEdidUtils.h"
 
+// The line ahead of the rows begins with it: 8 blanks, 40 underscores.
+inline constexpr char gsc_szEdidTableMarker[] = "        ________________________________________";
+
 // Reads from where poFile stands to the line behind the table and replaces oData by the bytes, of whatever number.
 // False when there is no marker line, or it ends the file without a line feed; oData is then left alone. False also
 // when reading failed; oData then holds the bytes in front of that place.

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "EdidExtBlockDisplayID.h"
+
 namespace
 {
 using CMap = CZorEdidMap;
@@ -22,7 +24,7 @@ constexpr unsigned int gsc_uiChecksumSize = 1;
 constexpr unsigned int gsc_uiMostSectionBytes = 121; // in a block of 128
 constexpr unsigned int gsc_uiLargestSection = gsc_uiSectionHeaderSize + gsc_uiMostSectionBytes + gsc_uiChecksumSize;
 
-constexpr unsigned int gsc_uiExtensionTag = 0x70;
+constexpr unsigned int gsc_uiExtensionTag = CEdidExtBlockDisplayID::msc_uiExtensionTag;
 constexpr unsigned int gsc_uiBaseBlockTag = 0x00;
 
 constexpr SMeaning gsc_aoExtensionTags[] = { { gsc_uiExtensionTag, gsc_uiExtensionTag, "DisplayID extension" } };

@@ -14,7 +14,6 @@
 namespace
 {
 constexpr unsigned int gsc_uiBits = 8; // of a byte
-constexpr unsigned int gsc_uiDisplayIdTag = 0x70;
 constexpr unsigned int gsc_uiCtaTag = 0x02;
 
 class CNumbers
@@ -314,7 +313,7 @@ void NumberTimings(CMapWriter& oWriter, unsigned int uiSize)
         {
             oNumbers.Add(CEdidExtBlockCEA861(CMapWriter::msc_uiBlockSize, pui8Block, 0), uiOffset);
         }
-        else if (pui8Block[0] == gsc_uiDisplayIdTag &&
+        else if (pui8Block[0] == CEdidExtBlockDisplayID::msc_uiExtensionTag &&
                  CEdidExtBlockDisplayID::IsSupported(CMapWriter::msc_uiBlockSize, pui8Block) != 0)
         {
             oNumbers.Add(CEdidExtBlockDisplayID(CMapWriter::msc_uiBlockSize, pui8Block), uiOffset);

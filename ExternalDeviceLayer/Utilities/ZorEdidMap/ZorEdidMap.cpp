@@ -2,6 +2,7 @@
 
 #include "ZorEdidMap.h"
 
+#include "EdidExtBlockDisplayID.h"
 #include "MapValue.h"
 #include "ZorTools.h"
 
@@ -15,7 +16,6 @@ constexpr unsigned int gsc_uiDigitalMask = 0x80;
 constexpr unsigned int gsc_uiExtensionCountOffset = 0x7E;
 
 constexpr unsigned int gsc_uiTagCta = 0x02;
-constexpr unsigned int gsc_uiTagDisplayId = 0x70;
 
 // HDMI 2.1: the data block with the true number of extension blocks stands first in block 1.
 constexpr unsigned int gsc_uiCountBlockOffset = 128 + 4;
@@ -118,7 +118,7 @@ void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
     case gsc_uiTagCta:
         MapCtaBlock(*this, uiOffset, uiLength);
         break;
-    case gsc_uiTagDisplayId:
+    case CEdidExtBlockDisplayID::msc_uiExtensionTag:
         MapDisplayIdBlock(*this, uiOffset, uiLength);
         break;
     default:

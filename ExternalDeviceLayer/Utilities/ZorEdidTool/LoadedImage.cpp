@@ -86,8 +86,8 @@ void CLoadedImage::FindBlocks(const SInput& oInput)
 {
     m_aoBlocks.clear();
     unsigned int uiKept = 0;
-    const size_t szPresent = oInput.m_aui8Bytes.size() / gsc_uiBlockSize;
-    for (unsigned int i = 1; i <= GetAnnouncedCount() && i < szPresent; ++i)
+    const size_t uiPresent = oInput.m_aui8Bytes.size() / gsc_uiBlockSize;
+    for (unsigned int i = 1; i <= GetAnnouncedCount() && i < uiPresent; ++i)
     {
         const unsigned char* pui8Bytes = oInput.m_aui8Bytes.data() + i * gsc_uiBlockSize;
         CEdidExtBlock* poKept = m_oEdid.GetExtension(uiKept);

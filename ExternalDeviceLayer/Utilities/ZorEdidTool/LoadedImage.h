@@ -7,6 +7,7 @@
 
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
+#include "EdidExtBlockDisplayID.h"
 #include "Input.h"
 
 // An extension block of the image, loaded or not.
@@ -21,7 +22,7 @@ struct SImageBlock
     CEdidExtBlockCEA861* GetCea() const;
 };
 
-inline constexpr unsigned int gsc_uiDisplayIdTag = 0x70; // byte 0 of such a block
+inline constexpr unsigned int gsc_uiDisplayIdTag = CEdidExtBlockDisplayID::msc_uiExtensionTag;
 
 // Short name of a block's kind by its tag: "cea-861", "displayid" and those that the library does not read; "unknown".
 const char* GetBlockKind(unsigned int uiTag);

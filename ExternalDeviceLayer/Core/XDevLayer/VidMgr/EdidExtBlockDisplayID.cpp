@@ -15,7 +15,6 @@ using namespace ByteFields;
 
 namespace
 {
-constexpr unsigned int gsc_uiExtensionTag = 0x70;
 constexpr unsigned int gsc_uiHighestRevision = 0x12;
 
 // Positions in the extension block, from its first byte.
@@ -198,7 +197,7 @@ int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, const unsigned char
         MASSERT_FAILED();
         return 0;
     }
-    if (pui8Data[gsc_uiExtensionTagOffset] != gsc_uiExtensionTag ||
+    if (pui8Data[gsc_uiExtensionTagOffset] != msc_uiExtensionTag ||
         CEdidUtils::Is8BitsChecksumValid(uiSize, pui8Data) == 0 ||
         pui8Data[gsc_uiRevisionOffset] > gsc_uiHighestRevision)
     {
@@ -227,7 +226,7 @@ CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(SSupported, unsigned int uiSize, 
 
 void CEdidExtBlockDisplayID::Load(unsigned int uiSize, const unsigned char* pui8Data)
 {
-    m_uiExtensionType = gsc_uiExtensionTag;
+    m_uiExtensionType = msc_uiExtensionTag;
     m_uiRevision = pui8Data[gsc_uiRevisionOffset];
     m_aui8Raw.SetCount(uiSize, -1);
     ZorTools_memcpy(m_aui8Raw.GetData(), pui8Data, uiSize);

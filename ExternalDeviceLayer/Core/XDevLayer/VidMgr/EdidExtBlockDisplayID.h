@@ -25,6 +25,8 @@ class CVidParamTiming;
 class CEdidExtBlockDisplayID : public CEdidExtBlock
 {
 public:
+    static constexpr unsigned int msc_uiExtensionTag = 0x70; // byte 0 of such a block
+
     // Data blocks that are understood; all other tags are skipped. A block of one of these tags is bad when its
     // revision (bits 2 to 0) or payload length is not one of those named, or when its payload ends outside the bytes
     // of the extension block.

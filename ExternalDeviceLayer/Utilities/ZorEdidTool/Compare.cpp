@@ -93,26 +93,55 @@ std::string DescribeOnly(const std::string& sName, const std::vector<CVidParamTi
     return sText;
 }
 
+// One of the two, as far as it could be read.
+struct SSide
+{
+    const SInput& m_oInput;
+    CLoadedImage m_oImage = {};
+    SComparedModes m_oModes = {};
+
+    // Empty, or why nothing is compared.
+    std::string Load(bool bEstablished)
+    {
+        if (!m_oImage.Load(m_oInput))
+        {
+            return m_oImage.GetProblem();
+        }
+        return m_oModes.Extract(m_oImage.GetEdid(), bEstablished)
+                   ? ""
+                   : "names no preferred mode, without which nothing is compared";
+    }
+};
+
+std::string DescribeDifferences(const SCompareOptions& oOptions, SSide (&aoSides)[2])
+{
+    std::string sText = "different\n";
+    if (!oOptions.m_bIgnorePreferred && (aoSides[0].m_oModes.m_oPreferred != aoSides[1].m_oModes.m_oPreferred) != 0)
+    {
+        for (const SSide& oSide : aoSides)
+        {
+            sText +=
+                "preferred by " + ShowName(oSide.m_oInput.m_sName) + ": " + DescribeMode(oSide.m_oModes.m_oPreferred);
+        }
+    }
+    RemoveShared(aoSides[0].m_oModes.m_aoModes, aoSides[1].m_oModes.m_aoModes);
+    for (const SSide& oSide : aoSides)
+    {
+        sText += DescribeOnly(oSide.m_oInput.m_sName, oSide.m_oModes.m_aoModes);
+    }
+    return sText;
+}
+
 SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, const SInput& oSecond)
 {
-    const SInput* const apoInputs[] = { &oFirst, &oSecond };
-    CLoadedImage aoImages[2];
-    SComparedModes aoModes[2];
+    SSide aoSides[] = { { oFirst }, { oSecond } };
     SOutcome oOutcome;
-    for (unsigned int i = 0; i < 2; ++i)
+    for (SSide& oSide : aoSides)
     {
-        std::string sProblem;
-        if (!aoImages[i].Load(*apoInputs[i]))
-        {
-            sProblem = aoImages[i].GetProblem();
-        }
-        else if (!aoModes[i].Extract(aoImages[i].GetEdid(), oOptions.m_bEstablished))
-        {
-            sProblem = "names no preferred mode, without which nothing is compared";
-        }
+        const std::string sProblem = oSide.Load(oOptions.m_bEstablished);
         if (!sProblem.empty())
         {
-            oOutcome.m_sError += RefuseInput(*apoInputs[i], sProblem).m_sError;
+            oOutcome.m_sError += RefuseInput(oSide.m_oInput, sProblem).m_sError;
             oOutcome.m_eExit = eExit_Input;
         }
     }
@@ -120,28 +149,12 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
     {
         return oOutcome;
     }
-    if (CZorEdidUtils::CompareTimings(aoImages[0].GetEdid(), aoImages[1].GetEdid(), oOptions.m_bEstablished ? 1 : 0,
-                                      oOptions.m_bIgnorePreferred ? 0 : 1) != 0)
+    if (CZorEdidUtils::CompareTimings(aoSides[0].m_oImage.GetEdid(), aoSides[1].m_oImage.GetEdid(),
+                                      oOptions.m_bEstablished ? 1 : 0, oOptions.m_bIgnorePreferred ? 0 : 1) != 0)
     {
-        oOutcome.m_sOut = "same\n";
-        return oOutcome;
+        return { "same\n", "", eExit_Good };
     }
-    oOutcome.m_eExit = eExit_Finding;
-    oOutcome.m_sOut = "different\n";
-    if (!oOptions.m_bIgnorePreferred && (aoModes[0].m_oPreferred != aoModes[1].m_oPreferred) != 0)
-    {
-        for (unsigned int i = 0; i < 2; ++i)
-        {
-            oOutcome.m_sOut +=
-                "preferred by " + ShowName(apoInputs[i]->m_sName) + ": " + DescribeMode(aoModes[i].m_oPreferred);
-        }
-    }
-    RemoveShared(aoModes[0].m_aoModes, aoModes[1].m_aoModes);
-    for (unsigned int i = 0; i < 2; ++i)
-    {
-        oOutcome.m_sOut += DescribeOnly(apoInputs[i]->m_sName, aoModes[i].m_aoModes);
-    }
-    return oOutcome;
+    return { DescribeDifferences(oOptions, aoSides), "", eExit_Finding };
 }
 } // namespace
 

@@ -124,9 +124,9 @@ constexpr double gsc_dTop = 10;
 double PlaceX(double dX) { return gsc_dLeft + dX * gsc_dScale; }
 double PlaceY(double dY) { return gsc_dTop + (gsc_dMost - dY) * gsc_dScale; }
 
-void AddPath(CHtml& oHtml, const SXy* poPoints, size_t szCount)
+void AddPath(CHtml& oHtml, const SXy* poPoints, size_t uiCount)
 {
-    for (size_t i = 0; i < szCount; ++i)
+    for (size_t i = 0; i < uiCount; ++i)
     {
         oHtml << SText{ i == 0 ? "M" : "L" } << SDecimal{ PlaceX(poPoints[i].m_dX), 1 } << " "
               << SDecimal{ PlaceY(poPoints[i].m_dY), 1 };
@@ -144,8 +144,8 @@ void AddTriangle(CHtml& oHtml, const char* pszClass, const CTriangle& oTriangle)
 bool IsInLocus(double dX, double dY)
 {
     bool bInside = false;
-    constexpr size_t szCount = std::size(gsc_aoLocus);
-    for (size_t i = 0, j = szCount - 1; i < szCount; j = i++)
+    constexpr size_t uiCount = std::size(gsc_aoLocus);
+    for (size_t i = 0, j = uiCount - 1; i < uiCount; j = i++)
     {
         const SXy& oFirst = gsc_aoLocus[i];
         const SXy& oSecond = gsc_aoLocus[j];

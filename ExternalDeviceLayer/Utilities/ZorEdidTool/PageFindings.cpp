@@ -86,13 +86,13 @@ unsigned int CountDifferentBytes(const SPage& oPage)
 {
     const std::vector<unsigned char>& aui8First = oPage.m_apoImages[0]->m_oInput.m_aui8Bytes;
     const std::vector<unsigned char>& aui8Second = oPage.m_apoImages[1]->m_oInput.m_aui8Bytes;
-    const size_t szShared = std::min(aui8First.size(), aui8Second.size());
-    size_t szCount = std::max(aui8First.size(), aui8Second.size()) - szShared;
-    for (size_t i = 0; i < szShared; ++i)
+    const size_t uiShared = std::min(aui8First.size(), aui8Second.size());
+    size_t uiCount = std::max(aui8First.size(), aui8Second.size()) - uiShared;
+    for (size_t i = 0; i < uiShared; ++i)
     {
-        szCount += aui8First[i] != aui8Second[i] ? 1U : 0U;
+        uiCount += aui8First[i] != aui8Second[i] ? 1U : 0U;
     }
-    return static_cast<unsigned int>(szCount);
+    return static_cast<unsigned int>(uiCount);
 }
 
 unsigned int CountOnly(const SPageImage& oImage)

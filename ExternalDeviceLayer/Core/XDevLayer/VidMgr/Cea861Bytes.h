@@ -1,5 +1,6 @@
 // The bytes of a CEA-861 block without its lists: where things stand, finding data blocks and descriptors, and the
-// edits that make room and close gaps. Private to the sources of CEdidExtBlockCEA861, which keeps the lists in step.
+// edits that make room and close gaps. Not installed. The core includes it, and so may the map, and the check and the
+// verification of the command. The latter read only: the lists are kept in step by CEdidExtBlockCEA861 alone.
 //
 // All offsets count from the first byte of the block; 0 means "not found". No byte outside the 128 is read or written,
 // whatever byte 2 and the headers of data blocks claim. Nothing here reports, throws or takes memory.

@@ -1,6 +1,6 @@
 // Where things stand in the 128 bytes of the base block (VESA E-EDID standard), and the rules that the core and the
-// EDID tools both apply to these bytes. Private to the sources that read the block byte by byte. Offsets are in bytes
-// from the start of the block, unless stated otherwise.
+// EDID tools both apply to these bytes. Not installed. What reads the block byte by byte may include it: the core, the
+// reports, the map and the command. Offsets are in bytes from the start of the block, unless stated otherwise.
 
 #pragma once
 

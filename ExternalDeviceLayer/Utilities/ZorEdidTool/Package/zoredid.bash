@@ -2,23 +2,47 @@
 # The help of the command says what there is.
 # shellcheck shell=bash
 
+# The subcommands that a help lists: "  report  What it does".
+_zoredid_subcommands()
+{
+  sed -n '/^Subcommands:/,$s/^  \([a-z][^ ]*\).*/\1/p' <<< "$1"
+}
+
+# The values that a help lists for an option: "  -f,--format TEXT:{plain,extended}  What it does". The option is a text
+# of the user and taken as it is.
+_zoredid_values()
+{
+  local names rest
+  while read -r names rest; do
+    if [[ ,$names, == *",$2,"* && $rest == *"{"*"}"* ]]; then
+      rest=${rest#*"{"}
+      tr ',' ' ' <<< "${rest%%"}"*}"
+    fi
+  done <<< "$1"
+}
+
 _zoredid()
 {
-  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand=() words='' help i
+  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' help all i
+  help=$("${COMP_WORDS[0]}" --help 2> /dev/null < /dev/null)
+  all=$(_zoredid_subcommands "$help")
+  # The first word that is one; ahead of it may stand options with values.
   for ((i = 1; i < COMP_CWORD; ++i)); do
-    [[ ${COMP_WORDS[i]} == -* ]] || { subcommand=("${COMP_WORDS[i]}"); break; }
+    if grep -qxF -e "${COMP_WORDS[i]}" <<< "$all"; then
+      subcommand=${COMP_WORDS[i]}
+      help=$("${COMP_WORDS[0]}" "$subcommand" --help 2> /dev/null < /dev/null)
+      break
+    fi
   done
-  help=$("${COMP_WORDS[0]}" "${subcommand[@]}" --help 2> /dev/null < /dev/null)
 
   COMPREPLY=()
   if [[ $word == -* ]]; then
     # "  -o,--output FILE  What it does"
     words=$(sed -n 's/^  \(-[^ ]*\).*/\1/p' <<< "$help" | tr ',' ' ')
-  elif [[ ${#subcommand[@]} -eq 0 ]]; then
-    words=$(sed -n '/^Subcommands:/,$s/^  \([a-z][^ ]*\).*/\1/p' <<< "$help")
+  elif [[ -z $subcommand && $previous != --sysfs ]]; then
+    words=$all
   else
-    # "  --format TEXT:{plain,extended}  What it does"
-    [[ $previous != -* ]] || words=$(sed -n "s/^  [^ ]*$previous [^{]*{\([^}]*\)}.*/\1/p" <<< "$help" | tr ',' ' ')
+    [[ $previous != -* ]] || words=$(_zoredid_values "$help" "$previous")
     if [[ -z $words ]]; then
       # A connector is card0-HDMI-A-1, or HDMI-A-1 for short.
       words=$(for i in /sys/class/drm/card*-*; do [[ ! -e $i ]] || echo "${i##*/} ${i#*/card*-}"; done)

@@ -1,0 +1,43 @@
+// What the readers of the forms share: characters, lines and bytes. And those readers that have files of their own.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Input.h"
+
+inline constexpr size_t gsc_uiBlockSize = 128;
+inline constexpr size_t gsc_uiMaxSize = 256 * gsc_uiBlockSize;
+
+inline constexpr std::string_view gsc_sBlanks = " \t\r\n\f\v";
+inline constexpr std::string_view gsc_sHexDigits = "0123456789abcdefABCDEF";
+
+std::string_view Trim(std::string_view sText);
+
+// The next line without its end; sRest moves behind it.
+std::string_view TakeLine(std::string_view& sRest);
+
+// The next run of characters that are none of the separators; empty at the end.
+std::string_view TakeToken(std::string_view& sRest, std::string_view sSeparators);
+
+bool IsHex(std::string_view sText);
+bool StartsWith(std::string_view sText, std::string_view sHead);
+bool EqualsNoCase(std::string_view sText, std::string_view sOther);
+
+// "line N: PROBLEM"
+std::string AtLine(size_t uiLine, const std::string& sProblem);
+
+// False for an empty text, a digit that is none, and a number above 2^48, which nothing here needs.
+bool ParseDigits(std::string_view sDigits, unsigned int uiRadix, unsigned long long& ullValue);
+
+// Keeps one byte more than fits at most, which shows that there were too many.
+void AddByte(SInput& oInput, unsigned long long ullByte);
+
+// Two digits a byte. False for an odd number of them or anything else.
+bool AddHex(SInput& oInput, std::string_view sDigits);
+
+// The readers: false when the text has not this form. Else the input receives the bytes or a problem.
+bool ReadDump(const std::string& sText, SInput& oInput);   // with addresses
+bool ReadBase64(const std::string& sText, SInput& oInput); // also in its form for addresses, also as a data address
+bool ReadDigits(const std::string& sText, SInput& oInput); // hexadecimal

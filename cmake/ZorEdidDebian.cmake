@@ -37,8 +37,11 @@ macro(zor_debian_package component name section summary description)
   if(DPKG_SHLIBDEPS)
     set(CPACK_DEBIAN_${upper}_PACKAGE_SHLIBDEPS ON)
   endif()
-  install(FILES ${CMAKE_CURRENT_LIST_DIR}/debian/copyright ${documents}/changelog.gz ${documents}/changelog.Debian.gz
-          DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component} EXCLUDE_FROM_ALL)
+  set(folder ${CMAKE_INSTALL_DATADIR}/doc/${name})
+  install(FILES ${CMAKE_CURRENT_LIST_DIR}/debian/copyright.${component} RENAME copyright
+          DESTINATION ${folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
+  install(FILES ${documents}/changelog.gz ${documents}/changelog.Debian.gz
+          DESTINATION ${folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endmacro()
 
 if(TARGET zoredid)

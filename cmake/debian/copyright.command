@@ -1,22 +1,21 @@
 Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
 Upstream-Name: ZorEdid
-Comment: The command zoredid contains code of the header-only libraries CLI11
- and JSON for Modern C++, the terms of which are below.
 
 Files: *
 Copyright: The ZorEdid maintainers
-License: none-stated
- The project states no licence. All rights are reserved.
-
-Files: CLI11
-Copyright: 2017-2020 University of Cincinnati, developed by Henry Schreiner under NSF AWARD 1414736
-License: BSD-3-clause
-
-Files: JSON-for-Modern-C++
-Copyright: 2013-2022 Niels Lohmann
+ 2017-2021 University of Cincinnati, developed by Henry Schreiner under NSF AWARD 1414736
+ 2013-2022 Niels Lohmann
  2009 Florian Loitsch
  2008-2009 Bjoern Hoehrmann
-License: Expat
+License: none-stated and BSD-3-clause and Expat
+Comment: The command is one program, which contains code of two libraries of
+ headers. CLI11 is of the University of Cincinnati, by the terms of
+ BSD-3-clause. JSON for Modern C++ is of Niels Lohmann, with parts of Florian
+ Loitsch and Bjoern Hoehrmann, by the terms of Expat. The rest is of the
+ maintainers.
+
+License: none-stated
+ The project states no licence. All rights are reserved.
 
 License: BSD-3-clause
  Redistribution and use in source and binary forms, with or without

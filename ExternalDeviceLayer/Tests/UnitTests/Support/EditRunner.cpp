@@ -12,11 +12,12 @@ using CCea = CEdidExtBlockCEA861;
 enum class EKind
 {
     eOther,
-    eRemove, // takes the entry at the index out of the list
-    eSet,    // writes the entry at the index
-    eAdd,    // puts an entry in
-    eFree,   // what the lists hold afterwards depends on too much
-    eRaw,    // may do anything to its block
+    eRemove,     // takes the entry at the index out of the list
+    eRemoveCode, // of an extension block the code of the entry at the index, and leaves all other lists as they are
+    eSet,        // writes the entry at the index
+    eAdd,        // puts an entry in
+    eFree,       // what the lists hold afterwards depends on too much
+    eRaw,        // may do anything to its block
 };
 
 // Bytes of the EDID, all in one block; of no bytes the block counts for its checksum alone.
@@ -41,6 +42,7 @@ struct SPlace
 {
     size_t m_uiBlock;
     size_t m_uiIndex; // there
+    bool m_bIsBehind; // whether its lists are behind its bytes
     bool m_bIsSure;   // whether the edit does to the lists what it says and to nothing else
 };
 
@@ -142,6 +144,7 @@ constexpr SRow gsc_aoRows[] = {
     // kind, list, named bytes of the base block, looks first, indexes, what runs it
     { EKind::eRemove, eList_Table,    { 38, 16 }, false, 0,  Call<&CEdid::RemoveStandard, gsc_puiIndex> },
     { EKind::eRemove, eList_Detailed, { 54, 72 }, false, 0,  Call<&CEdid::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eRemoveCode, eList_Table, { 38, 16 }, false, 0, Call<&CEdid::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
     { EKind::eOther,  eList_Count,    { 35, 3 },  false, 19, Call<&CEdid::SetEstablished, gsc_puiIndex, GetFlag, UpdatesChecksum> },
     { EKind::eOther,  eList_Count,    { 35, 3 },  false, 26, Call<&CEdid::SetEstablishedFromId, GetId, GetFlag, UpdatesChecksum> },
     { EKind::eOther,  eList_Count,    { 12, 4 },  true,  1,  [](CEdid& o, const SEditStep& oStep) { o.SetSerialNumber(oStep.m_uiValue); return 1; } },
@@ -159,6 +162,7 @@ constexpr SRow gsc_aoRows[] = {
     { EKind::eSet,    eList_Speaker,  {},         false, 0,  Call<&CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
     { EKind::eRemove, eList_Speaker,  {},         false, 0,  Call<&CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
     { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CCea::AddVendorSpecific> },
+    { EKind::eRemoveCode, eList_Table, {},        false, 0,  Call<&CEdidExtBlock::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
     { EKind::eRaw,    eList_Count,    {},         false, 1,  CallRaw<&CCea::RemoveDataRange> },
     { EKind::eRaw,    eList_Count,    {},         false, 1,  CallRaw<&CCea::PadDataRange> },
     { EKind::eFree,   eList_Count,    { 0, 0 },   true,  1,  Reload },
@@ -168,11 +172,13 @@ static_assert(std::size(gsc_aoRows) == CEditRunner::msc_uiOperationCount, "a row
 
 const SRow& GetRow(unsigned int uiOperation) { return gsc_aoRows[uiOperation % CEditRunner::msc_uiOperationCount]; }
 
+bool IsRemoval(const SRow& oRow) { return oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eRemoveCode; }
+
 std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before, const CBytes& aui8After)
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
     const bool bSame = aui8After == aui8Before;
-    if (bSame && (oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eAdd))
+    if (bSame && (IsRemoval(oRow) || oRow.m_eKind == EKind::eAdd))
     {
         return "a removal or an addition changed no byte; ";
     }
@@ -206,13 +212,35 @@ bool IsWithoutCode(CList aoBefore, CList aoAfter, const CListEntry& auiNamed)
     return aoBefore == aoAfter && (uiLeft < uiGone || (Is420(auiNamed) && uiLeft == uiGone));
 }
 
+// The same when all else is to stay: what is left stands in its order, and what is gone has the size and the rate, give
+// or take the twin's hertz. The last condition of the other one holds here, too.
+bool IsOnlyWithoutCode(const CList& aoBefore, const CList& aoAfter, const CListEntry& auiNamed)
+{
+    constexpr size_t uiRate = 2;
+    auto itLeft = aoAfter.begin();
+    for (const CListEntry& auiTiming : aoBefore)
+    {
+        const bool bMayGo = std::equal(auiTiming.begin(), auiTiming.begin() + 2, auiNamed.begin()) &&
+                            auiTiming[uiRate] + 1 >= auiNamed[uiRate] && auiTiming[uiRate] <= auiNamed[uiRate] + 1;
+        if (itLeft != aoAfter.end() && *itLeft == auiTiming)
+        {
+            ++itLeft;
+        }
+        else if (!bMayGo)
+        {
+            return false;
+        }
+    }
+    return itLeft == aoAfter.end() && IsWithoutCode(aoBefore, aoAfter, auiNamed);
+}
+
 // The blocks that an edit may change, in the order in which it asks: for a timing the block that its number falls into,
 // and those that it is handed on to when that one refuses.
 std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>& aoLists, const CBytes& aui8Bytes,
                                const std::bitset<256>& oBehind)
 {
     const unsigned int uiOperation = oStep.m_uiOperation % CEditRunner::msc_uiOperationCount;
-    const bool bMerged = uiOperation <= CEditRunner::eEdit_RemoveDetailed;
+    const bool bMerged = uiOperation <= CEditRunner::eEdit_LastThroughBlocks;
     const bool bOfBlock = uiOperation >= CEditRunner::eEdit_FirstOfBlock && uiOperation != CEditRunner::eEdit_Reload;
     std::vector<SPlace> aoPlaces;
     size_t uiIndex = oStep.m_uiIndex;
@@ -222,7 +250,7 @@ std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>
         if (bMerged ? uiIndex < uiCount : i == (bOfBlock ? oStep.m_uiBlock + size_t{ 1 } : 0))
         {
             const bool bIsSure = i == 0 || (!oBehind[i] && IsTidy(&aui8Bytes[gsc_uiBlockSize * i]));
-            aoPlaces.push_back({ i, uiIndex, bIsSure });
+            aoPlaces.push_back({ i, uiIndex, oBehind[i], bIsSure });
             continue;
         }
         uiIndex -= uiCount;
@@ -244,7 +272,7 @@ std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoEx
     CList& aoList = aoExpected[oRow.m_eList % eList_Count];
     const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
     const auto itEntry = aoList.begin() + static_cast<ptrdiff_t>(std::min(oPlace.m_uiIndex, aoList.size()));
-    if ((oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
+    if ((IsRemoval(oRow) || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
     {
         return "an edit succeeded at an index that is not there; ";
     }
@@ -257,7 +285,16 @@ std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoEx
                    : "a table timing was not removed, or another one was, or another list changed; ";
     }
 
-    if (oRow.m_eKind == EKind::eRemove)
+    if (oRow.m_eKind == EKind::eRemoveCode && oPlace.m_uiBlock != 0)
+    {
+        const bool bOnly = IsOnlyWithoutCode(aoList, aoNowList, *itEntry);
+        aoList = aoNowList;
+        return !bOnly                                             ? "a code was not removed, or another timing was; "
+               : aoNow != aoExpected && !oPlace.m_bIsBehind       ? "another list than the table timings changed; "
+               : oPlace.m_bIsSure && !IsTidy(&aui8After[uiStart]) ? "the block is no longer in order; "
+                                                                  : "";
+    }
+    if (IsRemoval(oRow))
     {
         aoList.erase(itEntry);
     }
@@ -307,7 +344,8 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
         // What stands in a list can be removed, except for a timing that has no code of its own and a preferred one.
         const bool bRefuses = std::all_of(aoPlaces.begin(), aoPlaces.end(), [&](const SPlace& oPlace) {
             const CList& aoList = aoBefore[oPlace.m_uiBlock][oRow.m_eList % eList_Count];
-            return oRow.m_eKind != EKind::eRemove || oPlace.m_uiIndex >= aoList.size() ||
+            return !IsRemoval(oRow) || oPlace.m_uiIndex >= aoList.size() ||
+                   (oRow.m_eKind == EKind::eRemoveCode && !oPlace.m_bIsSure) ||
                    (oRow.m_eList == eList_Table ? Is420(aoList[oPlace.m_uiIndex])
                                                 : !oPlace.m_bIsSure || oPlace.m_uiBlock + oPlace.m_uiIndex == 0);
         });
@@ -349,7 +387,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
     return sBroken + (bSame ? "" : "the bytes do not load again, or the lists are not theirs");
 }
 
-bool CEditRunner::UsesValue(unsigned int uiOperation) { return GetRow(uiOperation).m_eKind != EKind::eRemove; }
+bool CEditRunner::UsesValue(unsigned int uiOperation) { return !IsRemoval(GetRow(uiOperation)); }
 
 unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
 {

@@ -23,9 +23,9 @@ public:
     // the bytes of a block, behind which the object is loaded again, and the loading alone.
     enum EOperation : unsigned int
     {
-        eEdit_RemoveDetailed = 1, // and ahead of it RemoveStandard: the index goes through all blocks
-        eEdit_FirstOfBlock = 9,   // RemoveStandard
-        eEdit_RemoveDataRange = 19,
+        eEdit_LastThroughBlocks = 2, // from RemoveStandard on: the index goes through all blocks
+        eEdit_FirstOfBlock = 10,     // RemoveStandard
+        eEdit_RemoveDataRange = 21,
         eEdit_PadDataRange,
         eEdit_Reload,
         eEdit_End

@@ -24,6 +24,12 @@ constexpr const char* gsc_apszInputs[] = {
     "00-FF-FF\n*\n",
 };
 
+// Values of FuzzCommandLine behind the number of their edit.
+constexpr const char* gsc_apszValues[] = {
+    "\0041920x1080@60,cvt-rb",  "\005undefined",    "\00630,48", "\007pcm,2ch,32+44.1+48,16+20+24",
+    "\0100=ac3,6ch,48,640kbps", "\012FL/FR+LFE+FC",
+};
+
 void WriteSeed(const std::filesystem::path& oFolder, const char* pszTarget, const std::string& sName,
                const std::string& sSeed)
 {
@@ -60,6 +66,10 @@ int main(int /*iCount*/, char** ppszArguments)
     for (size_t i = 0; i < std::size(gsc_apszInputs); ++i)
     {
         WriteSeed(ppszArguments[1], "FuzzInput", std::to_string(i), gsc_apszInputs[i]);
+    }
+    for (size_t i = 0; i < std::size(gsc_apszValues); ++i)
+    {
+        WriteSeed(ppszArguments[1], "FuzzCommandLine", std::to_string(i), gsc_apszValues[i]);
     }
     return 0;
 }

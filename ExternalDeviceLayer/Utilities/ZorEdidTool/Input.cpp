@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <string.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include "Connectors.h"
@@ -15,16 +16,26 @@ namespace
 constexpr size_t gsc_uiLongest = size_t{ 4 } << 20; // bytes; a registry export of many monitors has its place
 constexpr size_t gsc_uiPiece = size_t{ 1 } << 14;
 
+constexpr char gsc_szEmpty[] = "is empty";
+
 SInput MakeProblem(const std::string& sName, const std::string& sProblem) { return { sName, {}, "", sProblem }; }
 
-// Why what lies behind a name is not read; empty when it is. A terminal is a device that one can type at.
+bool IsNullDevice(const struct stat& oStatus)
+{
+    constexpr unsigned int uiMajor = 1; // of the memory devices
+    constexpr unsigned int uiMinor = 3;
+    return S_ISCHR(oStatus.st_mode) && oStatus.st_rdev == makedev(uiMajor, uiMinor);
+}
+
+// Why what lies behind a name is not read; empty when it is. A terminal is a device that one can type at, and the null
+// device is an empty file.
 std::string GetProblemOfKind(const struct stat& oStatus, bool bTerminal)
 {
     if (S_ISDIR(oStatus.st_mode))
     {
         return "is a folder";
     }
-    if (S_ISBLK(oStatus.st_mode) || (S_ISCHR(oStatus.st_mode) && !bTerminal))
+    if (S_ISBLK(oStatus.st_mode) || (S_ISCHR(oStatus.st_mode) && !bTerminal && !IsNullDevice(oStatus)))
     {
         return "is a device";
     }
@@ -44,7 +55,7 @@ SInput ReadOpenFile(const std::string& sName, int iFile)
         sContent.resize(uiSize + static_cast<size_t>(iRead > 0 ? iRead : 0));
         if (iRead == 0)
         {
-            return DecodeInput(sName, sContent);
+            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty) : DecodeInput(sName, sContent);
         }
         if (iRead < 0 && iError != EINTR)
         {
@@ -80,7 +91,7 @@ SInput ReadFile(const std::string& sName, const std::string& sPath)
     return oInput;
 }
 
-SInput ReadConnector(const std::string& sName)
+SInput ReadNamedConnector(const std::string& sName)
 {
     const std::vector<SConnector> aoFound = FindConnectors(sName);
     if (aoFound.empty())
@@ -92,18 +103,32 @@ SInput ReadConnector(const std::string& sName)
         return MakeProblem(sName,
                            "several connectors have this name: " + aoFound[0].m_sName + ", " + aoFound[1].m_sName);
     }
-    SInput oInput = ReadFile(sName, aoFound[0].m_sEdidPath);
+    const SConnector& oConnector = aoFound[0];
+    SInput oInput = ReadConnector(oConnector);
+    oInput.m_sName = sName;
     if (oInput.IsGood())
     {
-        oInput.m_sForm = "connector " + aoFound[0].m_sName;
+        oInput.m_sForm = "connector " + oConnector.m_sName;
     }
     else
     {
-        oInput.m_sProblem = "connector " + aoFound[0].m_sName + " (" + aoFound[0].m_sState + ") has no EDID";
+        const char* pszJoint = oInput.m_sProblem == gsc_szNoEdid ? " " : ": ";
+        oInput.m_sProblem =
+            "connector " + oConnector.m_sName + " (" + oConnector.m_sState + ")" + pszJoint + oInput.m_sProblem;
     }
     return oInput;
 }
 } // namespace
+
+SInput ReadConnector(const SConnector& oConnector)
+{
+    SInput oInput = ReadFile(oConnector.m_sName, oConnector.m_sEdidPath);
+    if (oInput.m_sProblem == gsc_szEmpty)
+    {
+        oInput.m_sProblem = gsc_szNoEdid;
+    }
+    return oInput;
+}
 
 SInput ReadInput(const std::string& sName)
 {
@@ -111,10 +136,14 @@ SInput ReadInput(const std::string& sName)
     {
         return ReadStandardInput(sName);
     }
+    if (sName.find('\0') != std::string::npos) // the system would take the part ahead of it for the name
+    {
+        return MakeProblem(sName, "a NUL in the name; did you mean -0?");
+    }
     struct stat oStatus;
     if (stat(sName.c_str(), &oStatus) != 0)
     {
-        return errno == ENOENT ? ReadConnector(sName)
+        return errno == ENOENT ? ReadNamedConnector(sName)
                                : MakeProblem(sName, std::string("cannot be opened: ") + strerror(errno));
     }
     // Asked ahead of opening, which may already act on a device.

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+struct SConnector;
+
 struct SInput
 {
     std::string m_sName;                    // as the user gave it
@@ -19,6 +21,10 @@ struct SInput
 // Reads one input. "-" is standard input. A name that is no file is looked for among the connectors. Folders and
 // devices are not read, and nothing is read beyond 4 MiB. Throws nothing but for want of memory.
 SInput ReadInput(const std::string& sName);
+
+// The image at a connector. The problem of one that gives no bytes, as without a monitor, is gsc_szNoEdid.
+SInput ReadConnector(const SConnector& oConnector);
+inline constexpr char gsc_szNoEdid[] = "has no EDID";
 
 // The image in bytes of any known form; sName names it in messages.
 SInput DecodeInput(const std::string& sName, const std::string& sContent);

@@ -28,7 +28,7 @@ std::string GetSize(const CEdid& oEdid)
 std::string GetPreferredMode(const CEdid& oEdid)
 {
     CVidParamTimingGeneric oTiming;
-    if (oEdid.GetBaseDetailed(0, &oTiming) == 0)
+    if (!EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) || oEdid.GetBaseDetailed(0, &oTiming) == 0)
     {
         return "";
     }
@@ -41,9 +41,14 @@ std::string GetPreferredMode(const CEdid& oEdid)
 CRow MakeRow(const SConnector& oConnector, STool& oTool)
 {
     CRow asRow = { oConnector.m_sName, oConnector.m_sState };
-    const SInput oInput = ReadInput(oConnector.m_sEdidPath);
+    const SInput oInput = ReadConnector(oConnector);
     if (!oInput.IsGood())
     {
+        if (oInput.m_sProblem != gsc_szNoEdid)
+        {
+            fputs(MakeErrorLine(oConnector.m_sName, oInput.m_sProblem).c_str(), stderr);
+            oTool.Note(eExit_Input);
+        }
         return asRow;
     }
     CEdid oEdid;

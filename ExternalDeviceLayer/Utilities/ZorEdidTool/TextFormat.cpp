@@ -34,26 +34,62 @@ std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount)
     return sText;
 }
 
+namespace
+{
+// Bytes of the character of UTF-8 at this place when it is one that prints, else 0: control characters, U+0080 to
+// U+009F among them, and bytes that are no UTF-8.
+size_t GetPrintableLength(const std::string& sText, size_t uiPlace)
+{
+    constexpr unsigned int uiLastOfOne = 0x7E;                                   // behind it stands DEL
+    constexpr unsigned int auiFirst[] = { ' ', 0xA0, 0x800, 0x10000, 0x110000 }; // by length; the last one is beyond
+    const auto fnByte = [&](size_t i) { return i < sText.size() ? static_cast<unsigned char>(sText[i]) : 0U; };
+    const unsigned int uiLead = fnByte(uiPlace);
+    if (uiLead < 0x80)
+    {
+        return uiLead >= auiFirst[0] && uiLead <= uiLastOfOne ? 1 : 0;
+    }
+    const size_t uiLength = uiLead >= 0xF0 ? 4 : uiLead >= 0xE0 ? 3 : 2;
+    unsigned int uiCode = uiLead & (0x7FU >> uiLength);
+    for (size_t i = 1; i < uiLength; ++i)
+    {
+        const unsigned int uiNext = fnByte(uiPlace + i);
+        if ((uiNext & 0xC0) != 0x80)
+        {
+            return 0;
+        }
+        uiCode = uiCode << 6 | (uiNext & 0x3F);
+    }
+    const bool bInRange = uiLead >= 0xC0 && uiLead < 0xF8 && uiCode >= auiFirst[uiLength - 1] && uiCode < auiFirst[4];
+    return bInRange ? uiLength : 0;
+}
+
+// A byte that stands for itself in no line.
+std::string EscapeByte(char cByte)
+{
+    switch (cByte)
+    {
+    case '\n':
+        return "\\n";
+    case '\t':
+        return "\\t";
+    case '\\':
+        return "\\\\";
+    default:
+        break;
+    }
+    const unsigned char ui8Byte = static_cast<unsigned char>(cByte);
+    return "\\x" + FormatHex(&ui8Byte, 1);
+}
+} // namespace
+
 std::string ShowName(const std::string& sName)
 {
-    constexpr unsigned char ui8FirstPrintable = 0x20;
-    constexpr unsigned char ui8Delete = 0x7F;
     std::string sText;
-    for (const char cNext : sName)
+    for (size_t i = 0; i < sName.size();)
     {
-        const unsigned char ui8Byte = static_cast<unsigned char>(cNext);
-        if (ui8Byte >= ui8FirstPrintable && ui8Byte != ui8Delete)
-        {
-            sText += cNext;
-        }
-        else if (cNext == '\n' || cNext == '\t')
-        {
-            sText += cNext == '\n' ? "\\n" : "\\t";
-        }
-        else
-        {
-            sText += "\\x" + FormatHex(&ui8Byte, 1);
-        }
+        const size_t uiLength = sName[i] == '\\' ? 0 : GetPrintableLength(sName, i);
+        sText += uiLength != 0 ? sName.substr(i, uiLength) : EscapeByte(sName[i]);
+        i += uiLength != 0 ? uiLength : 1;
     }
     return sText;
 }

@@ -61,25 +61,28 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
 {
     if (!oInput.IsGood())
     {
-        ++oCounts.m_ullUnreadable;
         SOutcome oOutcome = RefuseInput(oInput, oInput.m_sProblem);
         if (bJson)
         {
             oOutcome.m_sOut = WriteIndented({ { "file", oInput.m_sName }, { "error", oInput.m_sProblem } });
         }
+        ++oCounts.m_ullUnreadable;
         return oOutcome;
     }
     SOutcome oOutcome;
     const std::vector<SFinding> aoFindings = CheckImage(oInput.m_aui8Bytes, GetThisYear());
     for (const SFinding& oFinding : aoFindings)
     {
-        ++oCounts.m_aullFindings[static_cast<unsigned int>(oFinding.m_eSeverity)];
         oOutcome.m_eExit = oFinding.HasWeight() ? eExit_Finding : oOutcome.m_eExit;
         oOutcome.m_sOut += bJson ? "" : DescribeFinding(oInput.m_sName, oFinding);
     }
     if (bJson)
     {
         oOutcome.m_sOut = WriteIndented(MakeChecked(oInput.m_sName, aoFindings));
+    }
+    for (const SFinding& oFinding : aoFindings)
+    {
+        ++oCounts.m_aullFindings[static_cast<unsigned int>(oFinding.m_eSeverity)];
     }
     oCounts.m_ullWeighty += oOutcome.m_eExit == eExit_Finding ? 1 : 0;
     return oOutcome;
@@ -106,8 +109,9 @@ void Check(SCheckOptions& oOptions, STool& oTool)
         oOptions.m_oFiles.m_sTail = gsc_pszCloseDocument;
     }
     ForEachInput(oOptions.m_oFiles, oTool, [&](const SInput& oInput) {
-        ++oCounts.m_ullImages;
-        return CheckInput(oInput, oOptions.m_bJson, oCounts);
+        SOutcome oOutcome = CheckInput(oInput, oOptions.m_bJson, oCounts);
+        ++oCounts.m_ullImages; // here, so that a turn that throws counts when it is answered
+        return oOutcome;
     });
     if (!oOptions.m_bJson && oCounts.m_ullImages > 1)
     {

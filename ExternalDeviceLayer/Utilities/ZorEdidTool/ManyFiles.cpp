@@ -8,6 +8,7 @@
 #include <string.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <CLI/CLI.hpp>
 #include <condition_variable>
@@ -46,15 +47,31 @@ void FinishOutput(STool& oTool)
 
 void AddFileOptions(CLI::App& oCommand, SFiles& oFiles)
 {
+    oFiles.m_sCommand = oCommand.get_name();
     oCommand.add_option("FILE", oFiles.m_asNames, "Images in any form, \"-\" for standard input, or connectors");
     oCommand
         .add_option("--files-from", oFiles.m_sListFile,
                     "Read more names from this file, one a line; \"-\" is standard input")
         ->type_name("FILE");
     oCommand.add_flag("-0,--null", oFiles.m_bNulSeparated, "The names of --files-from end with a NUL each");
-    oCommand.add_option("-j,--jobs", oFiles.m_uiJobs, "Images that are processed at the same time")
-        ->type_name("N")
-        ->check(CLI::Range(1U, 256U));
+    TakeDecimalOnly(*oCommand.add_option("-j,--jobs", oFiles.m_uiJobs, "Images that are processed at the same time")
+                         ->type_name("N")
+                         ->check(CLI::Range(1U, 256U)));
+}
+
+// CLI11 reads numbers as C does, in which 010 is 8.
+void TakeDecimalOnly(CLI::Option& oOption)
+{
+    oOption.transform(CLI::Validator(
+        [](std::string& sText) {
+            if (sText.empty() || sText.find_first_not_of("0123456789") != std::string::npos)
+            {
+                return "'" + ShowName(sText) + "' is no decimal number";
+            }
+            sText.erase(0, std::min(sText.find_first_not_of('0'), sText.size() - 1));
+            return std::string();
+        },
+        ""));
 }
 
 namespace
@@ -178,6 +195,25 @@ struct STurnRules
     const std::function<SOutcome(const SInput&)>& m_fnTurn;
 };
 
+// What stands for an input that cannot be read, or whose turn has thrown.
+SOutcome AnswerFor(const SInput& oBad, const STurnRules& oRules)
+{
+    return oRules.m_bTurnsForBadOnes ? oRules.m_fnTurn(oBad) : RefuseInput(oBad, oBad.m_sProblem);
+}
+
+// Memory that a turn wanted is free again by now, so that a short answer has what it needs.
+SOutcome AnswerForFault(const std::string& sName, const std::string& sFault, const STurnRules& oRules)
+{
+    try
+    {
+        return AnswerFor({ sName, {}, "", sFault }, oRules);
+    }
+    catch (const std::exception&)
+    {
+        return { "", MakeErrorLine(sName, sFault), eExit_Input };
+    }
+}
+
 SOutcome RunTurn(const std::string& sName, const STurnRules& oRules)
 {
     SOutcome oOutcome;
@@ -187,12 +223,15 @@ SOutcome RunTurn(const std::string& sName, const STurnRules& oRules)
     {
         const SInput oInput = ReadInput(sName);
         sForm = DescribeForm(oInput);
-        oOutcome = oInput.IsGood() || oRules.m_bTurnsForBadOnes ? oRules.m_fnTurn(oInput)
-                                                                : RefuseInput(oInput, oInput.m_sProblem);
+        oOutcome = oInput.IsGood() ? oRules.m_fnTurn(oInput) : AnswerFor(oInput, oRules);
+    }
+    catch (const std::bad_alloc&)
+    {
+        oOutcome = AnswerForFault(sName, "not enough memory", oRules);
     }
     catch (const std::exception& oFault)
     {
-        oOutcome = { "", MakeErrorLine(sName, oFault.what()), eExit_Input };
+        oOutcome = AnswerForFault(sName, oFault.what(), oRules);
     }
     if (oRules.m_bVerbose)
     {
@@ -436,7 +475,7 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
 {
     if (oFiles.m_asNames.empty() && oFiles.m_sListFile.empty())
     {
-        PrintError("FILE or --files-from is required (see --help)");
+        PrintError("FILE or --files-from is required (see zoredid " + oFiles.m_sCommand + " --help)");
         oTool.Note(eExit_CommandLine);
         return;
     }

@@ -10,12 +10,19 @@
 #include "Input.h"
 #include "Tool.h"
 
+namespace CLI
+{
+class Option;
+}
+
 struct SFiles
 {
     std::vector<std::string> m_asNames;
     std::string m_sListFile; // names, one a line; "-" is standard input. They come behind m_asNames
     bool m_bNulSeparated = false;
     unsigned int m_uiJobs = 1;
+
+    std::string m_sCommand; // the subcommand, for its help
 
     // Set by subcommands, not by the command line.
     bool m_bProgress = false;        // a progress bar, which only a terminal shows
@@ -27,6 +34,12 @@ struct SFiles
 
 // Declares FILE..., --files-from, -0 and -j.
 void AddFileOptions(CLI::App& oCommand, SFiles& oFiles);
+
+// What FILE is where there is one of them.
+inline constexpr char gsc_szFileHelp[] = "An image in any form, \"-\" for standard input, or a connector";
+
+// The option's number is decimal, with or without zeros ahead. Declared behind the checks of its range.
+void TakeDecimalOnly(CLI::Option& oOption);
 
 // Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes
 // an error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's error

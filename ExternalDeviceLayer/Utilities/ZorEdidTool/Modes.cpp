@@ -67,7 +67,7 @@ void AddModesCommand(CLI::App& oApp, STool& oTool)
 {
     CLI::App* poCommand = oApp.add_subcommand("modes", "List all timings with the numbers that edits take");
     const auto poOptions = std::make_shared<SModesOptions>();
-    poCommand->add_option("FILE", poOptions->m_sFile, "Image")->required()->type_name("");
+    poCommand->add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required()->type_name("");
     CLI::Option* poJson =
         poCommand->add_flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
     poCommand->add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);

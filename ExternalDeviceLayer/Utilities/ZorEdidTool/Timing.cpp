@@ -124,6 +124,7 @@ void AddTimingCommand(CLI::App& oApp, STool& oTool)
     CLI::Option* poVic = poCommand->add_option("--vic", poOptions->m_uiVic, "The timing of a code of CTA-861")
                              ->type_name("N")
                              ->check(CLI::Range(1U, 255U).description("1 to 255"));
+    TakeDecimalOnly(*poVic);
     poVic->excludes(poMode)->excludes(poType);
     CLI::Option* poJson = poCommand->add_flag("--json", poOptions->m_bJson, "As JSON");
     poCommand->add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);

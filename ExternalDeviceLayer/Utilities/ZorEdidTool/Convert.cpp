@@ -1,6 +1,8 @@
 // zoredid convert: an image from one form into another.
 
 #include <stdio.h>
+#include <string.h>
+#include <strings.h>
 
 #include <CLI/CLI.hpp>
 #include <memory>
@@ -20,9 +22,17 @@ struct SConvertOptions
     bool m_bForce = false;
 };
 
-bool EndsWith(const std::string& sText, const std::string& sEnding)
+// In either case.
+bool EndsWith(const std::string& sText, const char* pszEnding)
 {
-    return sText.size() >= sEnding.size() && sText.compare(sText.size() - sEnding.size(), sEnding.size(), sEnding) == 0;
+    const size_t uiLength = strlen(pszEnding);
+    return sText.size() >= uiLength && strcasecmp(sText.c_str() + sText.size() - uiLength, pszEnding) == 0;
+}
+
+bool HasEnding(const SOutputForm& oForm, const std::string& sName)
+{
+    return EndsWith(sName, oForm.m_pszEnding) ||
+           (oForm.m_pszOtherEnding != nullptr && EndsWith(sName, oForm.m_pszOtherEnding));
 }
 
 // The form that was asked for, else the one of the name's ending, else the raw image.
@@ -30,8 +40,7 @@ const SOutputForm& ChooseForm(const SConvertOptions& oOptions)
 {
     for (const SOutputForm& oForm : GetOutputForms())
     {
-        if (oOptions.m_sForm.empty() ? EndsWith(oOptions.m_sOut, oForm.m_pszEnding)
-                                     : oOptions.m_sForm == oForm.m_pszName)
+        if (oOptions.m_sForm.empty() ? HasEnding(oForm, oOptions.m_sOut) : oOptions.m_sForm == oForm.m_pszName)
         {
             return oForm;
         }
@@ -76,13 +85,13 @@ void AddConvertCommand(CLI::App& oApp, STool& oTool)
     {
         asForms.push_back(oForm.m_pszName);
     }
-    poCommand->add_option("FILE", poOptions->m_sFile, "An image in any form, \"-\" for standard input, or a connector")
-        ->required();
+    poCommand->add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required();
     poCommand->add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
         ->required()
         ->type_name("OUT");
     poCommand
-        ->add_option("--form", poOptions->m_sForm, "Without it, the ending of OUT tells: .bin .xxd .hex .c .b64 .dat")
+        ->add_option("--form", poOptions->m_sForm,
+                     "Without it, the ending of OUT tells: .bin .xxd .hex .c .h .b64 .base64 .dat")
         ->check(CLI::IsMember(asForms));
     poCommand->add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
     poCommand->footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");

@@ -103,8 +103,9 @@ std::string MakeTextTable(const CBytes& aui8Bytes)
 }
 
 constexpr SOutputForm gsc_aoForms[] = {
-    { "bin", ".bin", false, MakeRaw }, { "xxd", ".xxd", true, MakeXxd },       { "hex", ".hex", true, MakeHex },
-    { "c", ".c", true, MakeCArray },   { "base64", ".b64", true, MakeBase64 }, { "dat", ".dat", true, MakeTextTable },
+    { "bin", ".bin", nullptr, false, MakeRaw },        { "xxd", ".xxd", nullptr, true, MakeXxd },
+    { "hex", ".hex", nullptr, true, MakeHex },         { "c", ".c", ".h", true, MakeCArray },
+    { "base64", ".b64", ".base64", true, MakeBase64 }, { "dat", ".dat", nullptr, true, MakeTextTable },
 };
 } // namespace
 

@@ -8,8 +8,9 @@
 
 struct SOutputForm
 {
-    const char* m_pszName;   // as --form takes it
-    const char* m_pszEnding; // of a file's name that asks for this form, such as ".hex"
+    const char* m_pszName;        // as --form takes it
+    const char* m_pszEnding;      // of a file's name that asks for this form, such as ".hex"
+    const char* m_pszOtherEnding; // null without one
     bool m_bText;
     // The image in this form. A text table takes whole blocks only.
     std::string (*m_pfnMake)(const std::vector<unsigned char>& aui8Bytes);

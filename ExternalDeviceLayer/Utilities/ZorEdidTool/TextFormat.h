@@ -15,11 +15,8 @@ std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf,
 // Two lower-case digits a byte, without separators.
 std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount);
 
-<<<<<<< HEAD
-// A file's name, or another text that is not ours, in one line: control characters become \n, \t or \xNN.
-=======
-// A file's name in one line: control characters and bytes that are no UTF-8 become \n, \t or \xNN, a backslash two.
->>>>>>> f337c5f (zoredid: names escape C1 controls, bytes that are no UTF-8, backslashes)
+// A file's name, or another text that is not ours, in one line: control characters and bytes that are no UTF-8 become
+// \n, \t or \xNN, a backslash two.
 std::string ShowName(const std::string& sName);
 
 // A number, decimal, or hexadecimal behind 0x; false for anything else.

@@ -102,8 +102,7 @@ void CheckPreferred(CBlockFindings& oFindings)
     oBase.SetEdidBuffer(oFindings.GetAt(0), gsc_uiBlockSize, 0);
     if (!IsPreferredTimingDeclared(oFindings.GetAt(0)))
     {
-        oFindings.Note(gsc_uiFeaturesOffset, "preferred mode", "none declared",
-                       "one, which reports and comparisons need");
+        oFindings.Note(gsc_uiFeaturesOffset, "preferred mode", "none declared", "one, which the text reports need");
     }
     else if (oBase.GetDetailed(0, nullptr) == 0)
     {

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
+#include <optional>
 
 #include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "TextFormat.h"
 #include "Timings.h"
 #include "Tool.h"
-#include "ZorEdidUtils.h"
 
 namespace
 {
@@ -20,62 +20,56 @@ struct SCompareOptions
     bool m_bIgnorePreferred = false;
 };
 
-// The modes that the library compares. Native table timings of the extension blocks are none of them.
+// An image's modes that take part, whatever list they stand in, native or not.
 struct SComparedModes
 {
-    CVidParamTimingGeneric m_oPreferred;
+    std::string m_sName;
     std::vector<CVidParamTimingGeneric> m_aoModes;
-
-    // False for an image without a preferred mode, which the library does not compare.
-    bool Extract(const CEdid& oEdid, bool bEstablished)
-    {
-        CZorEdidUtils::CModeList aoLists[7];
-        if (CZorEdidUtils::ExtractModeList(oEdid, m_oPreferred, aoLists[0], aoLists[1], aoLists[2], aoLists[3],
-                                           aoLists[4], aoLists[5], aoLists[6]) == 0)
-        {
-            return false;
-        }
-        // All established timings; those of VESA, which the library counts once more, stand among them.
-        if (bEstablished)
-        {
-            Append(aoLists[1]);
-        }
-        // Standard and detailed timings of the base block, then those of the extension blocks; 4 are the native ones.
-        for (const unsigned int uiList : { 2U, 3U, 5U, 6U })
-        {
-            Append(aoLists[uiList]);
-        }
-        return true;
-    }
-
-private:
-    void Append(const CZorEdidUtils::CModeList& oList)
-    {
-        for (unsigned int i = 0; i < oList.GetCount(); ++i)
-        {
-            m_aoModes.push_back(oList[i]);
-        }
-    }
+    std::optional<CVidParamTimingGeneric> m_oPreferred;
 };
 
-// Takes out of both lists what they share, each mode as often as both have it.
-void RemoveShared(std::vector<CVidParamTimingGeneric>& aoFirst, std::vector<CVidParamTimingGeneric>& aoSecond)
+SComparedModes CollectModes(const SInput& oInput, CLoadedImage& oImage, bool bEstablished)
 {
-    std::vector<CVidParamTimingGeneric> aoOnlyFirst;
-    for (const CVidParamTimingGeneric& oMode : aoFirst)
+    SComparedModes oModes = { oInput.m_sName, {}, {} };
+    for (const SListedTiming& oListed : ListTimings(oImage))
     {
-        const auto itSame = std::find_if(aoSecond.begin(), aoSecond.end(),
-                                         [&](const CVidParamTimingGeneric& oOther) { return (oMode == oOther) != 0; });
-        if (itSame == aoSecond.end())
+        if (oListed.m_eList != eTimingList_Established || bEstablished)
         {
-            aoOnlyFirst.push_back(oMode);
+            oModes.m_aoModes.push_back(oListed.m_oTiming);
         }
-        else
+        if (oListed.m_bPreferred)
         {
-            aoSecond.erase(itSame);
+            oModes.m_oPreferred = oListed.m_oTiming;
         }
     }
-    aoFirst = aoOnlyFirst;
+    return oModes;
+}
+
+// Takes out of both lists what they share, each mode as often as both have it: the same clocks first, so that what is
+// left does not hang on the order of the lists.
+void RemoveShared(std::vector<CVidParamTimingGeneric>& aoFirst, std::vector<CVidParamTimingGeneric>& aoSecond)
+{
+    for (const bool bSameClock : { true, false })
+    {
+        std::vector<CVidParamTimingGeneric> aoOnlyFirst;
+        for (const CVidParamTimingGeneric& oMode : aoFirst)
+        {
+            const auto fnIsShared = [&](const CVidParamTimingGeneric& oOther) {
+                return (oMode == oOther) != 0 &&
+                       (!bSameClock || oMode.GetPixelClockInHz() == oOther.GetPixelClockInHz());
+            };
+            const auto itShared = std::find_if(aoSecond.begin(), aoSecond.end(), fnIsShared);
+            if (itShared == aoSecond.end())
+            {
+                aoOnlyFirst.push_back(oMode);
+            }
+            else
+            {
+                aoSecond.erase(itShared);
+            }
+        }
+        aoFirst = aoOnlyFirst;
+    }
 }
 
 std::string DescribeMode(const CVidParamTimingGeneric& oMode)
@@ -83,78 +77,63 @@ std::string DescribeMode(const CVidParamTimingGeneric& oMode)
     return GetTimingText(oMode) + (oMode.Is420ColorSpace() != 0 ? "  4:2:0  " : "  ") + GetModeline(oMode) + "\n";
 }
 
-std::string DescribeOnly(const std::string& sName, const std::vector<CVidParamTimingGeneric>& aoModes)
+// What only one image has, of the modes that are left, and the preferred modes when they differ. Empty for the same.
+std::string DescribeDifference(const SComparedModes (&aoModes)[2], bool bPreferred)
 {
     std::string sText;
-    for (const CVidParamTimingGeneric& oMode : aoModes)
+    for (const SComparedModes& oModes : aoModes)
     {
-        sText += "only in " + ShowName(sName) + ": " + DescribeMode(oMode);
+        if (bPreferred)
+        {
+            sText += "preferred by " + ShowName(oModes.m_sName) + ": " +
+                     (oModes.m_oPreferred ? DescribeMode(*oModes.m_oPreferred) : "none\n");
+        }
+    }
+    for (const SComparedModes& oModes : aoModes)
+    {
+        for (const CVidParamTimingGeneric& oMode : oModes.m_aoModes)
+        {
+            sText += "only in " + ShowName(oModes.m_sName) + ": " + DescribeMode(oMode);
+        }
     }
     return sText;
 }
 
-// One of the two, as far as it could be read.
-struct SSide
+// One that names no preferred mode differs from one that does, and is the same as another one without.
+bool DifferInPreferred(const SComparedModes& oFirst, const SComparedModes& oSecond)
 {
-    const SInput& m_oInput;
-    CLoadedImage m_oImage = {};
-    SComparedModes m_oModes = {};
-
-    // Empty, or why nothing is compared.
-    std::string Load(bool bEstablished)
+    if (!oFirst.m_oPreferred || !oSecond.m_oPreferred)
     {
-        if (!m_oImage.Load(m_oInput))
-        {
-            return m_oImage.GetProblem();
-        }
-        return m_oModes.Extract(m_oImage.GetEdid(), bEstablished)
-                   ? ""
-                   : "names no preferred mode, without which nothing is compared";
+        return oFirst.m_oPreferred.has_value() != oSecond.m_oPreferred.has_value();
     }
-};
-
-std::string DescribeDifferences(const SCompareOptions& oOptions, SSide (&aoSides)[2])
-{
-    std::string sText = "different\n";
-    if (!oOptions.m_bIgnorePreferred && (aoSides[0].m_oModes.m_oPreferred != aoSides[1].m_oModes.m_oPreferred) != 0)
-    {
-        for (const SSide& oSide : aoSides)
-        {
-            sText +=
-                "preferred by " + ShowName(oSide.m_oInput.m_sName) + ": " + DescribeMode(oSide.m_oModes.m_oPreferred);
-        }
-    }
-    RemoveShared(aoSides[0].m_oModes.m_aoModes, aoSides[1].m_oModes.m_aoModes);
-    for (const SSide& oSide : aoSides)
-    {
-        sText += DescribeOnly(oSide.m_oInput.m_sName, oSide.m_oModes.m_aoModes);
-    }
-    return sText;
+    return (*oFirst.m_oPreferred != *oSecond.m_oPreferred) != 0;
 }
 
 SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, const SInput& oSecond)
 {
-    SSide aoSides[] = { { oFirst }, { oSecond } };
+    const SInput* const apoInputs[] = { &oFirst, &oSecond };
+    SComparedModes aoModes[2];
     SOutcome oOutcome;
-    for (SSide& oSide : aoSides)
+    for (unsigned int i = 0; i < 2; ++i)
     {
-        const std::string sProblem = oSide.Load(oOptions.m_bEstablished);
-        if (!sProblem.empty())
+        CLoadedImage oImage;
+        if (!oImage.Load(*apoInputs[i]))
         {
-            oOutcome.m_sError += RefuseInput(oSide.m_oInput, sProblem).m_sError;
+            oOutcome.m_sError += RefuseInput(*apoInputs[i], oImage.GetProblem()).m_sError;
             oOutcome.m_eExit = eExit_Input;
+            continue;
         }
+        aoModes[i] = CollectModes(*apoInputs[i], oImage, oOptions.m_bEstablished);
     }
-    if (oOutcome.m_eExit != eExit_Good)
+    if (oOutcome.m_eExit == eExit_Good)
     {
-        return oOutcome;
+        const bool bPreferred = !oOptions.m_bIgnorePreferred && DifferInPreferred(aoModes[0], aoModes[1]);
+        RemoveShared(aoModes[0].m_aoModes, aoModes[1].m_aoModes);
+        const std::string sDifference = DescribeDifference(aoModes, bPreferred);
+        oOutcome.m_sOut = sDifference.empty() ? "same\n" : "different\n" + sDifference;
+        oOutcome.m_eExit = sDifference.empty() ? eExit_Good : eExit_Finding;
     }
-    if (CZorEdidUtils::CompareTimings(aoSides[0].m_oImage.GetEdid(), aoSides[1].m_oImage.GetEdid(),
-                                      oOptions.m_bEstablished ? 1 : 0, oOptions.m_bIgnorePreferred ? 0 : 1) != 0)
-    {
-        return { "same\n", "", eExit_Good };
-    }
-    return { DescribeDifferences(oOptions, aoSides), "", eExit_Finding };
+    return oOutcome;
 }
 } // namespace
 
@@ -162,15 +141,17 @@ void AddCompareCommand(CLI::App& oApp, STool& oTool)
 {
     CLI::App* poCommand = oApp.add_subcommand("compare", "Tell whether two images announce the same modes");
     const auto poOptions = std::make_shared<SCompareOptions>();
-    poCommand->add_option("A", poOptions->m_sFirst, "Image")->required()->type_name("");
-    poCommand->add_option("B", poOptions->m_sSecond, "Image")->required()->type_name("");
+    poCommand->add_option("A", poOptions->m_sFirst, gsc_szFileHelp)->required()->type_name("");
+    poCommand->add_option("B", poOptions->m_sSecond, gsc_szFileHelp)->required()->type_name("");
     poCommand->add_flag("--established", poOptions->m_bEstablished, "Established timings take part");
     poCommand->add_flag("--ignore-preferred", poOptions->m_bIgnorePreferred, "The preferred modes may differ");
-    poCommand->footer("Modes are compared wherever they stand, each as often as it is named; their clocks may differ\n"
-                      "as those of 1000/1001 variants do. Native table timings of extension blocks take no part.\n"
-                      "Exit status: 0 same, 1 different, 3 when an image cannot be read or names no preferred mode.\n\n"
-                      "Example:\n"
-                      "  zoredid compare old.bin new.bin");
+    poCommand->footer(
+        "Modes are compared wherever they stand, native or not, each as often as it is named; their clocks\n"
+        "may differ as those of 1000/1001 variants do. Two images without a preferred mode may be the same;\n"
+        "one with and one without are different.\n"
+        "Exit status: 0 same, 1 different, 3 when an image cannot be read.\n\n"
+        "Example:\n"
+        "  zoredid compare old.bin new.bin");
     poCommand->callback([poOptions, &oTool] {
         // Both are read first, so that a second bad name is told, too.
         const SInput oFirst = ReadOneInput(poOptions->m_sFirst, oTool);

@@ -51,7 +51,7 @@ public:
         m_oAcross = MakeAxis(m_oTiming.GetHorizontalActive(), m_oTiming.GetHorizontalFrontPorch(),
                              m_oTiming.GetHorizontalSync(), uiWidth, oPlace.m_uiBorderWidth, dPixel);
         m_oDown = MakeAxis(m_oTiming.GetVerticalActive(), uiFields * m_oTiming.GetVerticalFrontPorch(),
-                           uiFields * m_oTiming.GetVerticalSync(), m_oTiming.ComputeVerticalTotalLine(),
+                           uiFields * m_oTiming.GetVerticalSync(), GetVerticalTotal(m_oTiming),
                            uiFields * oPlace.m_uiBorderHeight, dPixel * uiWidth);
     }
 
@@ -241,8 +241,7 @@ void AddRow(CHtml& oHtml, unsigned int uiNumber, const STimingRow& oRow, bool bP
           << static_cast<unsigned long long>(oTiming.GetHorizontalActive()) * 65536 + oTiming.GetVerticalActive()
           << "\">" << oTiming.GetHorizontalActive() << " &times; " << oTiming.GetVerticalActive()
           << SText{ oTiming.IsInterlaced() != 0 ? "i" : "" } << "</td>";
-    const double dTotal =
-        static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * oTiming.ComputeVerticalTotalLine();
+    const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
     AddNumber(oHtml, dTotal == 0 ? 0 : oTiming.GetPixelClockInHz() / dTotal, 2);
     AddNumber(oHtml, oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz, 3);
     AddNumber(oHtml, oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz, 2);

@@ -4,7 +4,9 @@
 
 #include <string.h>
 
+#include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 
 #include "EdidBaseLayout.h"
@@ -34,46 +36,101 @@ CKeysByFirst ListKeys()
     return aoKeys;
 }
 
-// The codes that stand in the video data blocks of a block, ordinary and 4:2:0 ones.
-std::set<unsigned int> ListNamedCodes(const CEdidExtBlockCEA861& oBlock)
+// Payloads of the data blocks of one kind, in their order.
+template <class TAG>
+std::vector<std::vector<unsigned int>> ListPayloads(const CEdidExtBlockCEA861& oBlock, TAG eTag)
 {
-    std::set<unsigned int> auiCodes;
-    const auto fnAdd = [&](auto eTag) {
-        unsigned int uiLength = 0;
-        unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, 0, &uiLength);
-        for (unsigned int i = 1; uiOffset != 0; uiOffset = oBlock.GetDataBlockOffset(eTag, i++, &uiLength))
+    std::vector<std::vector<unsigned int>> aauiPayloads;
+    unsigned int uiLength = 0;
+    unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, 0, &uiLength);
+    for (unsigned int i = 1; uiOffset != 0; uiOffset = oBlock.GetDataBlockOffset(eTag, i++, &uiLength))
+    {
+        const unsigned char* pui8Payload = oBlock.GetData() + uiOffset;
+        aauiPayloads.emplace_back(pui8Payload, pui8Payload + uiLength);
+    }
+    return aauiPayloads;
+}
+
+// The codes of a list of timings, in the order of their timings: a descriptor gives one, native or not, or two with the
+// 1000/1001 variant behind, and one that comes again none.
+class CNamedCodes
+{
+public:
+    void Add(unsigned int uiDescriptor)
+    {
+        unsigned int uiVic = 0;
+        if (CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiDescriptor, &uiVic, nullptr) != 0 &&
+            m_auiHeld.insert(uiDescriptor).second)
         {
-            for (unsigned int j = 0; j < uiLength; ++j)
+            m_auiCodes.push_back(uiVic);
+        }
+    }
+
+    // Leaves the code that the list's next timing stands for. One that no video data block names is the lowest: HDMI
+    // codes are those of 16:9.
+    void KeepOwn(SVics& oVics)
+    {
+        const auto fnFits = [&](unsigned int uiCode) {
+            return std::find(oVics.m_auiCodes.begin(), oVics.m_auiCodes.end(), uiCode) != oVics.m_auiCodes.end();
+        };
+        if (oVics.m_auiCodes.empty())
+        {
+            return;
+        }
+        if (!oVics.m_bVariant || !fnFits(m_uiLast))
+        {
+            const auto itOwn =
+                std::find_if(m_auiCodes.begin() + static_cast<std::ptrdiff_t>(m_uiNext), m_auiCodes.end(), fnFits);
+            m_uiLast = itOwn != m_auiCodes.end() ? *itOwn : oVics.m_auiCodes.front();
+            m_uiNext = itOwn != m_auiCodes.end() ? static_cast<size_t>(itOwn - m_auiCodes.begin()) + 1 : m_uiNext;
+        }
+        oVics.m_auiCodes = { m_uiLast };
+    }
+
+private:
+    std::vector<unsigned int> m_auiCodes;
+    std::set<unsigned int> m_auiHeld;
+    size_t m_uiNext = 0;
+    unsigned int m_uiLast = 0;
+};
+
+// The ordinary codes of a block, and those in YCbCr 4:2:0: what capability maps select, an empty one all, and then the
+// 4:2:0 video data blocks.
+struct SBlockCodes
+{
+    CNamedCodes m_oOrdinary;
+    CNamedCodes m_o420;
+
+    explicit SBlockCodes(const CEdidExtBlockCEA861& oBlock)
+    {
+        std::vector<unsigned int> auiAll;
+        for (const auto& auiPayload : ListPayloads(oBlock, CEdidExtBlockCEA861::eCea861Tag_Video))
+        {
+            auiAll.insert(auiAll.end(), auiPayload.begin(), auiPayload.end());
+        }
+        for (const unsigned int uiDescriptor : auiAll)
+        {
+            m_oOrdinary.Add(uiDescriptor);
+        }
+        for (const auto& auiMap : ListPayloads(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_Yuv420CapabilityMap))
+        {
+            for (size_t i = 0; i < auiAll.size(); ++i)
             {
-                unsigned int uiVic = 0;
-                if (CEdidExtBlockCEA861::ExtractSvdCodeInfo(oBlock.GetData()[uiOffset + j], &uiVic, nullptr) != 0)
+                if (auiMap.empty() || (i / 8 < auiMap.size() && (auiMap[i / 8] >> i % 8 & 1U) != 0))
                 {
-                    auiCodes.insert(uiVic);
+                    m_o420.Add(auiAll[i]);
                 }
             }
         }
-    };
-    fnAdd(CEdidExtBlockCEA861::eCea861Tag_Video);
-    fnAdd(CEdidExtBlockCEA861::eCea861ExtTag_Yuv420Video);
-    return auiCodes;
-}
-
-// Leaves the codes that the block names, unless it names none of them (an HDMI code stands elsewhere).
-void KeepNamed(const std::set<unsigned int>& auiNamed, SVics& oVics)
-{
-    std::vector<unsigned int> auiKept;
-    for (const unsigned int uiCode : oVics.m_auiCodes)
-    {
-        if (auiNamed.contains(uiCode))
+        for (const auto& auiPayload : ListPayloads(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_Yuv420Video))
         {
-            auiKept.push_back(uiCode);
+            for (const unsigned int uiDescriptor : auiPayload)
+            {
+                m_o420.Add(uiDescriptor);
+            }
         }
     }
-    if (!auiKept.empty())
-    {
-        oVics.m_auiCodes = auiKept;
-    }
-}
+};
 
 // ---- Lists ----
 
@@ -129,7 +186,11 @@ void ListStandard(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
     {
         const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetStandardCount() : 0;
         const CEdidExtBlockCEA861* poCea = oBlock.GetCea();
-        const std::set<unsigned int> auiNamed = poCea != nullptr ? ListNamedCodes(*poCea) : std::set<unsigned int>();
+        std::optional<SBlockCodes> oCodes;
+        if (poCea != nullptr)
+        {
+            oCodes.emplace(*poCea);
+        }
         for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
         {
             SListedTiming oListed = {
@@ -140,7 +201,11 @@ void ListStandard(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
             {
                 oListed.m_bNative = iNative != 0;
                 oListed.m_oVics = FindVics(oListed.m_oTiming);
-                KeepNamed(auiNamed, oListed.m_oVics);
+                if (oCodes.has_value())
+                {
+                    const bool b420 = oListed.m_oTiming.Is420ColorSpace() != 0;
+                    (b420 ? oCodes->m_o420 : oCodes->m_oOrdinary).KeepOwn(oListed.m_oVics);
+                }
                 aoTimings.push_back(oListed);
             }
         }
@@ -282,6 +347,15 @@ std::string GetVicsText(const SVics& oVics)
     return sText + (oVics.m_bVariant ? " at 1000/1001" : "");
 }
 
+unsigned int GetVerticalTotal(const CVidParamTimingGeneric& oTiming)
+{
+    const unsigned int uiTotal = oTiming.ComputeVerticalTotalLine();
+    const unsigned long long ullWithout =
+        1ULL * oTiming.ComputeHorizontalTotalPixel() * (uiTotal - 1) * oTiming.GetVerticalRateInHz();
+    const bool bWithout = oTiming.IsInterlaced() != 0 && ullWithout != 0 && ullWithout == oTiming.GetPixelClockInHz();
+    return bWithout ? uiTotal - 1 : uiTotal;
+}
+
 std::string GetModeline(const CVidParamTimingGeneric& oTiming)
 {
     const bool bInterlaced = oTiming.IsInterlaced() != 0;
@@ -293,7 +367,7 @@ std::string GetModeline(const CVidParamTimingGeneric& oTiming)
     const unsigned int uiHorizontalTotal = oTiming.ComputeHorizontalTotalPixel();
     const unsigned int uiVerticalStart = oTiming.GetVerticalActive() + uiFields * oTiming.GetVerticalFrontPorch();
     const unsigned int uiVerticalEnd = uiVerticalStart + uiFields * oTiming.GetVerticalSync();
-    const unsigned int uiVerticalTotal = oTiming.ComputeVerticalTotalLine();
+    const unsigned int uiVerticalTotal = GetVerticalTotal(oTiming);
     if (uiHorizontalEnd > uiHorizontalTotal || uiVerticalEnd > uiVerticalTotal)
     {
         return "# " + sName + ": its sync ends behind its total";

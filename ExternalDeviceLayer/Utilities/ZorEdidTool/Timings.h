@@ -43,7 +43,7 @@ struct SListedTiming
     bool m_bNative = false;           // standard timings only
     bool m_bVesa = false;             // established timings only: counted with bVesaOnly 1, too
     std::string m_sStandardCode = {}; // standard timings of the base block only: its two bytes in hexadecimal digits
-    SVics m_oVics = {}; // of a CEA-861 block's standard timing those that its video data blocks name, if any
+    SVics m_oVics = {};               // of a CEA-861 block's standard timing the one that the block names
 };
 
 // Established, standard, detailed, each in the order of its numbers. A place that counts but holds no timing is left
@@ -61,10 +61,14 @@ std::string GetTimingText(const CVidParamTimingGeneric& oTiming);
 // "VIC 16", "VIC 16/76", "VIC 16 at 1000/1001"; empty without codes.
 std::string GetVicsText(const SVics& oVics);
 
+// Lines of the whole frame, borders left out. An interlaced frame has half a line more in each field than its parts
+// (CVidParamTiming::ComputeVerticalTotalLine), unless its clock is that of the frame without, as with code 39.
+unsigned int GetVerticalTotal(const CVidParamTimingGeneric& oTiming);
+
 // A line as xorg.conf and its relatives take it, such as
 //   Modeline "1920x1080_60" 148.50 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync
 // The clock in MHz keeps every hertz. The name holds the vertical rate of the library, of an interlaced mode the frame
 // rate. The vertical numbers of an interlaced mode are those of the frame: the field's porches and sync count twice,
-// and the total is CVidParamTiming::ComputeVerticalTotalLine, with the half line of each field.
+// and the total is GetVerticalTotal.
 // A comment line for a timing whose sync does not end within its total.
 std::string GetModeline(const CVidParamTimingGeneric& oTiming);

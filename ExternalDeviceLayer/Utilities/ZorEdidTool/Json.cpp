@@ -2,6 +2,7 @@
 
 #include "Json.h"
 
+#include "AudioWarnings.h"
 #include "EdidBaseLayout.h"
 #include "SpeakerNames.h"
 #include "TextFormat.h"
@@ -151,7 +152,7 @@ void AddInput(const CEdid& oEdid, ordered_json& oJson)
     }
 }
 
-void AddSizeAndLimits(const CEdid& oEdid, ordered_json& oJson)
+void AddSizeAndLimits(const CLoadedImage& oImage, const CEdid& oEdid, ordered_json& oJson)
 {
     const unsigned int uiWidth = oEdid.GetBaseBlock()[gsc_uiImageWidthOffset];
     const unsigned int uiHeight = oEdid.GetBaseBlock()[gsc_uiImageHeightOffset];
@@ -161,7 +162,7 @@ void AddSizeAndLimits(const CEdid& oEdid, ordered_json& oJson)
         oJson["height_cm"] = uiHeight;
     }
     CEdidBase::SRangeLimits oLimits = {};
-    if (oEdid.GetMonitorRangeLimits(oLimits) != 0)
+    if (oImage.GetRangeLimits(oLimits))
     {
         ordered_json oRange = { { "min_vertical_rate_hz", oLimits.m_uiMinVerticalRateInHz },
                                 { "max_vertical_rate_hz", oLimits.m_uiMaxVerticalRateInHz },
@@ -286,6 +287,13 @@ void AddCea(CEdidExtBlockCEA861& oBlock, ordered_json& oJson)
     {
         oJson["deep_color_bits"] = ListBits(gsc_auiDeepColorBits, uiBits);
     }
+    for (const SAudioWarning& oWarning : gsc_aoAudioWarnings)
+    {
+        if (oWarning.m_pfnHolds(oBlock.GetAudioDescriptorCount(), oBlock.GetSpeakerDescriptorCount()))
+        {
+            oJson["warnings"].push_back(oWarning.m_pszText);
+        }
+    }
     oJson["free_bytes"] = oBlock.GetAvailableSpace();
 }
 
@@ -331,7 +339,7 @@ ordered_json MakeTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVic
                    oTiming.ComputeHorizontalTotalPixel(), oTiming.IsHorizontalPolarityPositive()) },
         { "vertical",
           MakeAxis(oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
-                   oTiming.ComputeVerticalTotalLine(), oTiming.IsVerticalPolarityPositive()) },
+                   GetVerticalTotal(oTiming), oTiming.IsVerticalPolarityPositive()) },
     };
     if (const char* pszType = GetTypeName(oTiming.GetVideoFamilyType()); pszType != nullptr)
     {
@@ -366,7 +374,7 @@ ordered_json MakeImage(const SInput& oInput, CLoadedImage& oImage)
     oJson["form"] = oInput.m_sForm;
     AddIdentity(oEdid, oJson);
     AddInput(oEdid, oJson);
-    AddSizeAndLimits(oEdid, oJson);
+    AddSizeAndLimits(oImage, oEdid, oJson);
     AddTimings(oImage, oJson);
     AddTile(oEdid, oJson);
     oJson["checksum"] = FormatHex(oEdid.GetBaseBlock() + CEdidUtils::msc_uiChecksumOffset, 1);

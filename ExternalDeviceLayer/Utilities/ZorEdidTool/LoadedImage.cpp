@@ -25,6 +25,30 @@ constexpr SBlockKind gsc_aoBlockKinds[] = {
     { 0xF0, "block-map" },        { 0xFF, "manufacturer" },
 };
 
+// What byte 4 of range limits adds to the rates: bits 0 and 1 for the vertical ones, bits 2 and 3 for the horizontal
+// ones. 2 puts 255 on the maximum, 3 on both, in the units of the descriptor.
+struct SRangeOffsets
+{
+    unsigned int m_uiVertical;
+    unsigned int m_uiHorizontal;
+    bool m_bKnown; // neither 1, which is reserved, nor other bits
+
+    explicit SRangeOffsets(unsigned int uiFlags)
+        : m_uiVertical(uiFlags & 3), m_uiHorizontal(uiFlags >> 2 & 3),
+          m_bKnown(uiFlags <= 0x0F && m_uiVertical != 1 && m_uiHorizontal != 1)
+    {
+    }
+
+    void Apply(CEdidBase::SRangeLimits& oLimits) const
+    {
+        constexpr unsigned int uiOffset = 255;
+        oLimits.m_uiMinVerticalRateInHz += m_uiVertical == 3 ? uiOffset : 0;
+        oLimits.m_uiMaxVerticalRateInHz += m_uiVertical >= 2 ? uiOffset : 0;
+        oLimits.m_uiMinHorizontalRateInKiloHz += m_uiHorizontal == 3 ? uiOffset : 0;
+        oLimits.m_uiMaxHorizontalRateInKiloHz += m_uiHorizontal >= 2 ? uiOffset : 0;
+    }
+};
+
 // Why CEdid::SetEdidBuffer refuses an image; empty for one that it takes.
 std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
 {
@@ -78,6 +102,33 @@ bool CLoadedImage::Load(const SInput& oInput)
 unsigned int CLoadedImage::GetAnnouncedCount() const
 {
     return m_oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiExtensionCountOffset];
+}
+
+bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
+{
+    constexpr unsigned int uiFlagsOffset = 4; // of the descriptor
+    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
+    if (m_oEdid.GetMonitorRangeLimits(oLimits) != 0 ||
+        !EdidBaseLayout::IsAtLeastRevision(pui8Base, EdidBaseLayout::gsc_uiVideoInputRevision))
+    {
+        return m_oEdid.GetMonitorRangeLimits(oLimits) != 0;
+    }
+    for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount; ++i)
+    {
+        unsigned char aui8Base[gsc_uiBlockSize];
+        memcpy(aui8Base, pui8Base, sizeof(aui8Base));
+        unsigned char& ui8Flags = aui8Base[EdidBaseLayout::DescriptorOffset(i) + uiFlagsOffset];
+        const SRangeOffsets oOffsets(ui8Flags);
+        ui8Flags = 0; // so the library takes it for a descriptor
+        CEdidBase oBase;
+        if (oOffsets.m_bKnown && oBase.SetEdidBuffer(aui8Base, sizeof(aui8Base), 0) != 0 &&
+            oBase.GetMonitorRangeLimits(oLimits) != 0)
+        {
+            oOffsets.Apply(oLimits);
+            return true;
+        }
+    }
+    return false;
 }
 
 // The library keeps the order and the bytes of the blocks, and blocks of the same bytes are all kept or all dropped: a

@@ -30,7 +30,7 @@ struct SLimits
 std::optional<SLimits> FindLimits(SPageImage& oImage)
 {
     CEdidBase::SRangeLimits oLimits = {};
-    if (!oImage.m_sProblem.empty() || oImage.m_oLoaded.GetEdid().GetMonitorRangeLimits(oLimits) == 0 ||
+    if (!oImage.m_sProblem.empty() || !oImage.m_oLoaded.GetRangeLimits(oLimits) ||
         oLimits.m_uiMaxVerticalRateInHz < oLimits.m_uiMinVerticalRateInHz ||
         oLimits.m_uiMaxHorizontalRateInKiloHz < oLimits.m_uiMinHorizontalRateInKiloHz)
     {
@@ -54,8 +54,7 @@ struct SPoint
 
 double GetRate(const CVidParamTimingGeneric& oTiming)
 {
-    const double dTotal =
-        static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * oTiming.ComputeVerticalTotalLine();
+    const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
     const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1; // the limits are those of fields
     return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
 }

@@ -3,6 +3,7 @@
 
 #include "ZorEdidUtils.h"
 
+#include "AudioWarnings.h"
 #include "EdidBaseLayout.h"
 #include "EdidExtBlockCEA861.h"
 #include "ZorEdidUtilsReport.h"
@@ -264,28 +265,15 @@ void AddSpeakers(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
     }
 }
 
-void AddWarning(CReportLines& oReport, const char* pszText)
-{
-    oReport.Add(pszText);
-    oReport.AddSpacer();
-}
-
-// What the HDMI compliance test objects to.
 void AddWarnings(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
-    const unsigned int uiAudioCount = oBlock.GetAudioDescriptorCount();
-    const unsigned int uiSpeakerCount = oBlock.GetSpeakerDescriptorCount();
-    if (uiSpeakerCount != 0 && uiAudioCount == 0)
+    for (const SAudioWarning& oWarning : gsc_aoAudioWarnings)
     {
-        AddWarning(oReport, "      HDMI CTS warning : Speaker descriptor without audio descriptor");
-    }
-    if (uiSpeakerCount == 0 && uiAudioCount != 0)
-    {
-        AddWarning(oReport, "      HDMI CTS warning : Audio descriptor without speaker descriptor");
-    }
-    if (uiSpeakerCount > 1)
-    {
-        AddWarning(oReport, "      HDMI CTS warning : Found more than 1 speaker descriptor");
+        if (oWarning.m_pfnHolds(oBlock.GetAudioDescriptorCount(), oBlock.GetSpeakerDescriptorCount()))
+        {
+            oReport.Add(CTextLine("      HDMI CTS warning : ").Text(oWarning.m_pszText));
+            oReport.AddSpacer();
+        }
     }
 }
 

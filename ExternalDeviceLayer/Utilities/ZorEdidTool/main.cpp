@@ -3,6 +3,7 @@
 #include <signal.h>
 #include <stdio.h>
 
+#include <algorithm>
 #include <CLI/CLI.hpp>
 
 #include "Connectors.h"
@@ -25,6 +26,45 @@ void SetSignals()
     signal(SIGXFSZ, SIG_IGN);
 }
 
+// Ahead of a word behind "--", so that CLI11 takes it for what it is: by itself it ends the options no more once a FILE
+// stands ahead. No name begins so.
+constexpr char gsc_szWordMark[] = "\x01--\x01";
+
+// The arguments in the order that CLI11 parses: the last one first. "--name=" becomes "--name" and an empty word, which
+// CLI11 would overlook.
+std::vector<std::string> ListArguments(int iCount, char** ppszArguments)
+{
+    std::vector<std::string> asArguments;
+    bool bWords = false; // no more options
+    for (int i = 1; i < iCount; ++i)
+    {
+        const std::string sNext = ppszArguments[i];
+        if (bWords)
+        {
+            asArguments.push_back(gsc_szWordMark + sNext);
+        }
+        else if (sNext == "--")
+        {
+            bWords = true;
+        }
+        else if (sNext.starts_with("--") && sNext.find('=') == sNext.size() - 1)
+        {
+            asArguments.insert(asArguments.end(), { sNext.substr(0, sNext.size() - 1), "" });
+        }
+        else
+        {
+            asArguments.push_back(sNext);
+        }
+    }
+    std::reverse(asArguments.begin(), asArguments.end());
+    return asArguments;
+}
+
+std::string TakeWord(const std::string& sText)
+{
+    return sText.starts_with(gsc_szWordMark) ? sText.substr(sizeof(gsc_szWordMark) - 1) : sText;
+}
+
 // What stands where a subcommand should, and which there are.
 std::string DescribeMissingCommand(const CLI::App& oApp)
 {
@@ -33,7 +73,7 @@ std::string DescribeMissingCommand(const CLI::App& oApp)
     if (!asUnknown.empty())
     {
         const bool bOption = asUnknown[0].starts_with('-');
-        sText = "'" + ShowName(asUnknown[0]) + (bOption ? "' is no option" : "' is no subcommand");
+        sText = "'" + ShowName(TakeWord(asUnknown[0])) + (bOption ? "' is no option" : "' is no subcommand");
     }
     sText += "; the subcommands are";
     for (const CLI::App* poCommand : oApp.get_subcommands({}))
@@ -48,6 +88,10 @@ int PrintCommandLineError(const CLI::App& oApp, const CLI::ParseError& oError)
 {
     const auto apoUsed = oApp.get_subcommands();
     std::string sText = apoUsed.empty() ? DescribeMissingCommand(oApp) : oError.what();
+    for (size_t uiMark = sText.find(gsc_szWordMark); uiMark != std::string::npos; uiMark = sText.find(gsc_szWordMark))
+    {
+        sText.erase(uiMark, sizeof(gsc_szWordMark) - 1);
+    }
     for (char& c : sText)
     {
         c = c == '\n' ? ' ' : c;
@@ -73,6 +117,13 @@ void DeclareOptions(CLI::App& oApp, STool& oTool)
     for (CLI::App* poCommand : oApp.get_subcommands({}))
     {
         poCommand->fallthrough(); // the options above may stand behind the subcommand
+        for (CLI::Option* poOption : poCommand->get_options())
+        {
+            if (poOption->get_positional())
+            {
+                poOption->transform(TakeWord);
+            }
+        }
     }
     oApp.parse_complete_callback([&oTool] { CatchMessages(oTool.m_bVerbose); }); // ahead of the subcommand
 }
@@ -84,7 +135,7 @@ int Run(int iCount, char** ppszArguments)
     DeclareOptions(oApp, oTool);
     try
     {
-        oApp.parse(iCount, ppszArguments);
+        oApp.parse(ListArguments(iCount, ppszArguments));
     }
     catch (const CLI::Success& oHelp)
     {

@@ -168,6 +168,10 @@ class ReportTest(ToolTest):
             ("a size of one number is none", change({0x15: "3c00"}), {"width_cm": None, "height_cm": None}),
             ("no UTF-8", change({0x71: "e9"}), {"name": "\ufffdSUS VE276"}),
             ("free text", change({0x4B: "fe"}), {"text": "A8LMTF145791", "serial_text": None}),
+            ("offsets of the rates", change({0x13: "04", 0x5E: "0e"}), {"range_limits": {
+                "min_vertical_rate_hz": 50, "max_vertical_rate_hz": 340, "min_horizontal_rate_hz": 279000,
+                "max_horizontal_rate_hz": 347000, "max_pixel_clock_hz": 170000000}}),
+            ("reserved offsets of the rates", change({0x13: "04", 0x5E: "01"}), {"range_limits": None}),
             ("no clock limit", change({0x63: "00"}), {"range_limits": {
                 "min_vertical_rate_hz": 50, "max_vertical_rate_hz": 85, "min_horizontal_rate_hz": 24000,
                 "max_horizontal_rate_hz": 92000}}),
@@ -190,6 +194,9 @@ class ReportTest(ToolTest):
                 self.assertEqual({member: found.get(member) for member in expected}, expected)
         with self.subTest("audio formats and deep colour"):
             block = self.image(with_blocks(deep))["extensions"][0]
+            self.assertEqual(block["warnings"], ["Audio descriptor without speaker descriptor"])
+            self.assertIn("HDMI CTS warning : " + block["warnings"][0],
+                          run("report", "--format", "extended", self.save(with_blocks(deep)), status=0)[0])
             self.assertEqual(block["deep_color_bits"], [30, 36, 48])
             self.assertEqual(block["audio"], [
                 {"format_code": 1, "format_name": "Linear Pulse Code Modulation (PCM)", "channels": 2,
@@ -248,6 +255,16 @@ class ModesTest(ToolTest):
                 "standard     10  block 1 cea-861    720 x  480p @  59 Hz     27.000 MHz  cea       VIC 3 at 1000/1001",
                 "standard     15  block 1 cea-861   3840 x 2160p @  60 Hz    594.000 MHz  cea       4:2:0  VIC 97",
             ]),
+            ("each code its own timing", with_blocks(bytes.fromhex("02031000" "45" "0302031310" "e2" "0f03" "e2" "0e44")), [
+                "standard      7  block 1 cea-861    720 x  480p @  60 Hz     27.027 MHz  cea       VIC 3",
+                "standard      8  block 1 cea-861    720 x  480p @  59 Hz     27.000 MHz  cea       VIC 3 at 1000/1001",
+                "standard      9  block 1 cea-861    720 x  480p @  60 Hz     27.027 MHz  cea       VIC 2",
+                "standard     10  block 1 cea-861    720 x  480p @  59 Hz     27.000 MHz  cea       VIC 2 at 1000/1001",
+                "standard     11  block 1 cea-861   1280 x  720p @  50 Hz     74.250 MHz  cea       VIC 19",
+                "standard     15  block 1 cea-861    720 x  480p @  59 Hz     27.000 MHz  cea       4:2:0  VIC 3 at 1000/1001",
+                "standard     16  block 1 cea-861    720 x  480p @  60 Hz     27.027 MHz  cea       4:2:0  VIC 2",
+                "standard     18  block 1 cea-861   1280 x  720p @  50 Hz     74.250 MHz  cea       4:2:0  VIC 68",
+            ]),
             ("numbers run on behind a dropped block", with_blocks(b"\xf0", display_id(b"\x03\x00\x14" + TYPE1)), [
                 "detailed      1  block 2 displayid 1920 x 1080p @  60 Hz    148.500 MHz  detailed",
             ]),
@@ -286,7 +303,7 @@ class ModesTest(ToolTest):
             self.assertEqual(first, timing[active])
             self.assertEqual(start - first, factor * timing[axis]["front_porch"])
             self.assertEqual(end - start, factor * timing[axis]["sync"])
-            self.assertEqual(total - end, factor * timing[axis]["back_porch"] + factor - 1)
+            self.assertEqual(total - end, factor * timing[axis]["back_porch"] + (factor - 1 if total != 1250 else 0))
             self.assertEqual(total, timing[axis]["total"])
             self.assertEqual(polarity == "+", timing[axis]["positive"])
         self.assertEqual(bool(match[9]), timing["interlaced"])
@@ -297,11 +314,19 @@ class ModesTest(ToolTest):
 
 
 class CompareTest(ToolTest):
+    def compare(self, first, second, options, status):
+        first, second = self.save(first, "A.bin"), self.save(second, "B.bin")
+        return run("compare", *options, first, second, status=status)[0].replace(first, "A").replace(second, "B")
+
     def test_pairs(self):
         two = change({0x48: SECOND_TIMING})
         swapped = change({0x36: SECOND_TIMING, 0x48: MONITOR[0x36:0x48].hex()})
         other_code = change({0x8A: "22"})  # 1280 x 720 at 50 becomes 1920 x 1080 at 30
         fewer = change({0x23: "b4"})       # without 800 x 600 at 56 and 800 x 600 at 60
+        native = with_blocks(bytes.fromhex("02030700" "42" "9093"))  # 1920 x 1080 at 60, 1280 x 720 at 50
+        plain = with_blocks(bytes.fromhex("02030700" "42" "1013"))
+        other = with_blocks(bytes.fromhex("02030700" "42" "909f"))   # 1920 x 1080 at 50
+        unpreferred = change({0x13: "02", 0x18: "28"})
         wide = 'Modeline "1280x720_50" 74.25 1280 1720 1760 1980 720 725 730 750 +hsync +vsync'
         for name, second, options, status, expected in [
             ("itself", MONITOR, [], 0, "same\n"),
@@ -309,10 +334,10 @@ class CompareTest(ToolTest):
             ("established timings are left out", fewer, [], 0, "same\n"),
             ("established timings take part", fewer, ["--established"], 1,
              "different\n"
-             'only in A:  800 x  600p @  60 Hz     40.000 MHz  Modeline "800x600_60" 40.00 800 840 968 1056 600 601 '
-             "605 628 +hsync +vsync\n"
              'only in A:  800 x  600p @  56 Hz     36.000 MHz  Modeline "800x600_56" 36.00 800 824 896 1024 600 601 '
-             "603 625 +hsync +vsync\n"),
+             "603 625 +hsync +vsync\n"
+             'only in A:  800 x  600p @  60 Hz     40.000 MHz  Modeline "800x600_60" 40.00 800 840 968 1056 600 601 '
+             "605 628 +hsync +vsync\n"),
             ("another code", other_code, [], 1,
              f"different\nonly in A: 1280 x  720p @  50 Hz     74.250 MHz  {wide}\n"
              "only in B: 1920 x 1080p @  30 Hz     74.250 MHz  "
@@ -324,9 +349,18 @@ class CompareTest(ToolTest):
              'Modeline "1280x720_60" 74.25 1280 1390 1430 1650 720 725 730 750 +hsync +vsync\n'),
         ]:
             with self.subTest(name):
-                first, other = self.save(MONITOR, "A.bin"), self.save(second, "B.bin")
-                out = run("compare", *options, first, other, status=status)[0]
-                self.assertEqual(out.replace(first, "A").replace(other, "B"), expected)
+                self.assertEqual(self.compare(MONITOR, second, options, status), expected)
+        for name, first, second, options, status, expected in [
+            ("native modes are modes", native, plain, [], 0, ["same"]),
+            ("other native modes", native, other, [], 1, ["different", "only in A: 1280 x  720p", "only in B: 1920 x 1080p"]),
+            ("no preferred mode", unpreferred, unpreferred, [], 0, ["same"]),
+            ("one preferred mode", unpreferred, MONITOR, [], 1, ["different", "preferred by A: none",
+                                                                 "preferred by B: 1920 x 1080p"]),
+            ("one preferred mode, ignored", unpreferred, MONITOR, ["--ignore-preferred"], 0, ["same"]),
+        ]:
+            with self.subTest(name):
+                out = self.compare(first, second, options, status)
+                self.assertEqual([re.sub("p @.*", "p", line) for line in out.splitlines()], expected)
         first, other = self.save(two, "A.bin"), self.save(swapped, "B.bin")
         self.assertEqual(run("compare", "--ignore-preferred", first, other, status=0)[0], "same\n")
         out = run("compare", first, other, status=1)[0]
@@ -335,9 +369,9 @@ class CompareTest(ToolTest):
         self.assertNotIn("only in", out)
 
     def test_what_cannot_be_compared(self):
-        good, plain = self.save(MONITOR), self.save(change({0x13: "02", 0x18: "28"}), "plain.bin")
+        good = self.save(MONITOR)
         for first, second, reasons in [
-            (good, self.folder + "/missing", 1), (self.folder + "/a", self.folder + "/b", 2), (plain, good, 1),
+            (good, self.folder + "/missing", 1), (self.folder + "/a", self.folder + "/b", 2),
             (good, self.save(b"\0" * 128, "bad.bin"), 1),
         ]:
             out, err = run("compare", "--ignore-preferred", first, second, status=3)
@@ -386,7 +420,7 @@ class CheckTest(ToolTest):
                 "has this layout: found 2"]),
             ("no preferred mode declared", change({0x13: "02", 0x18: "28"}), [
                 "block 0 offset 0x18 (Basic display parameters and features): note: preferred mode: found none "
-                "declared, expected one, which reports and comparisons need"]),
+                "declared, expected one, which the text reports need"]),
             ("no clock", change({0x36: "0000"}), [
                 "block 0 offset 0x36 (Reserved descriptor > Display descriptor indicator): error: preferred mode: "
                 "found no detailed timing, expected one in the first descriptor",
@@ -423,6 +457,8 @@ class CheckTest(ToolTest):
                 "block 1 offset 0x02 (Offset of the detailed timing descriptors): error: offset of the descriptors: "
                 "found 0x03, expected 0x00 or 0x04 to 0x7f"]),
             ("no descriptors and no data blocks", with_blocks(b"\x02\x03"), []),
+            ("data blocks that nothing announces", change({0x82: "00"}), [
+                "block 1 offset 0x04 (Padding): warning: padding is not 0"]),
             ("a data block over the descriptors", change({0x9C: "6f"}), [
                 "block 1 offset 0x1c (HDMI vendor-specific data block): error: runs past the end of its data block "
                 "collection"]),
@@ -487,8 +523,8 @@ class CheckTest(ToolTest):
                          "warnings 0, notes 1")
         self.assertTrue(err.startswith(f"zoredid: {missing}: "))
         run("check", clean, bad, status=1)
-        odd = self.save(change({0x7F: "13"}, fix=False), "a b\n\x01.bin")
-        self.assertIn("/a b\\n\\x01.bin: block 0 offset 0x7f (Checksum)", run("check", odd, status=1)[0])
+        odd = self.save(change({0x7F: "13"}, fix=False), "a b\n\\n\x01\x9b\u009b\u00e9.bin")
+        self.assertIn("/a b\\n\\\\n\\x01\\xc2\\x9b\\xc2\\x9b\u00e9.bin: block 0 offset 0x7f (Checksum)", run("check", odd, status=1)[0])
         checks = self.load(run("check", "--json", clean, bad, missing, status=3)[0])["checks"]
         self.assertEqual(checks[:2], [{"file": clean, "findings": []}, {"file": bad, "findings": [
             {"block": 0, "offset": 127, "field": "Checksum", "severity": "error", "what": "checksum", "found": "0x13",
@@ -508,7 +544,8 @@ class TimingTest(ToolTest):
                                          "74.25 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync"]),
             ("--vic 4", ["74.25 1280 1390 1430 1650 720 725 730 750 +hsync +vsync",
                          "74.175 1280 1390 1430 1650 720 725 730 750 +hsync +vsync"]),
-            ("--vic 19", ["74.25 1280 1720 1760 1980 720 725 730 750 +hsync +vsync"]),
+            ("--vic 39", ["72.00 1920 1952 2120 2304 1080 1126 1136 1250 +hsync -vsync Interlace"]),
+            ("--vic 019", ["74.25 1280 1720 1760 1980 720 725 730 750 +hsync +vsync"]),
         ]:
             with self.subTest(arguments):
                 lines = run("timing", "--modeline", *arguments.split(), status=0)[0].splitlines()
@@ -557,7 +594,7 @@ class CommandLineTest(ToolTest):
             ["compare", path], ["timing"], ["timing", "1920x1080"], ["timing", "0x1080@60"],
             ["timing", "1920x1080@60x"], ["timing", "-1x2@3"], ["timing", "99999999999x1@1"],
             ["timing", "1x1@1", "--type", "vesa"], ["timing", "1x1@1", "--vic", "1"], ["timing", "--vic", "0"],
-            ["timing", "--vic", "256"],
+            ["timing", "--vic", "256"], ["timing", "--vic", "0x10"],
         ]:
             with self.subTest(arguments):
                 out, err = run(*arguments, status=2)

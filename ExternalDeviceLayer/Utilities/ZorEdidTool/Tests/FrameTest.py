@@ -6,6 +6,7 @@ import os
 import pty
 import re
 import resource
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -194,7 +195,8 @@ class Files(FolderCase):
             self.assertEqual((3, 1), (status, error.count("\n")), error)
             self.assertIn("%s: %s" % (name.replace("\n", "\\n"), reason), error)
             self.assertEqual(head(MONITOR) + run("report", MONITOR)[1], out)  # the others are still done
-        with open("/dev/null", "rb") as device:
+        self.assertEqual((3, b"", "zoredid: /dev/null: is empty\n"), run("report", "/dev/null"))
+        with open("/dev/zero", "rb") as device:
             done = subprocess.run([COMMAND, "report", "-"], stdin=device, capture_output=True, timeout=60, check=False)
         self.assertEqual((3, b"zoredid: -: is a device\n"), (done.returncode, done.stderr))
         status, _, error = run("convert", self.path("small"), "-o", "-")
@@ -202,7 +204,7 @@ class Files(FolderCase):
 
     def test_the_ending_chooses_the_form(self):
         for ending, head in ((".bin", b"\0\xff"), (".xxd", b"00000000: 00ff"), (".hex", b"00 ff"), (".c", b"const"),
-                             (".b64", b"AP//"), (".dat", MARKER.encode()), ("", b"\0\xff")):
+                             (".h", b"const"), (".HEX", b"00 ff"), (".base64", b"AP//"), (".b64", b"AP//"), (".dat", MARKER.encode()), ("", b"\0\xff")):
             self.assertEqual((0, b"", ""), run("convert", MONITOR, "-o", self.path("out" + ending)))
             self.assertTrue(self.read("out" + ending).startswith(head), ending)
 
@@ -253,6 +255,9 @@ class ManyFiles(FolderCase):
                                 (("--files-from", self.write("list", (one + "\n" + one).encode())), "")):
             expected = head(one) + text + head(two if two in data else one) + text
             self.assertEqual((0, expected, ""), run("report", *arguments, data=data.encode()))
+        for arguments in (("report",), ("check", "--json"), ("report", "--jsonl")):
+            status, out, error = run(*arguments, "--files-from", "-", data=b"one\0two\0")
+            self.assertEqual((3, "zoredid: one\\x00two\\x00: a NUL in the name; did you mean -0?\n"), (status, error))
         status, out, error = run("report", "--files-from", self.path("none"))
         self.assertEqual((3, b"", "zoredid: %s: cannot be opened: No such file or directory\n" % self.path("none")),
                          (status, out, error))
@@ -270,6 +275,14 @@ class ManyFiles(FolderCase):
         self.assertEqual(results[2], results[3])
         self.assertEqual((3, 10), (results[0][0], results[0][2].count("is empty\n")))
         self.assertEqual(results[0], run("report", "-j", "3", *names))
+
+    def test_an_image_that_takes_too_much_memory_has_its_line(self):
+        names = self.write("big", b"00 " * (1 << 20)), self.write("small")
+        for mebibytes in range(8, 40, 4):  # some of them too few for the first one
+            limit = (mebibytes << 20,) * 2
+            out = run("report", "--jsonl", *names, preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, limit))[1]
+            if b'/small"' in out:
+                self.assertEqual(2, out.count(b"\n"), mebibytes)
 
     def test_memory_does_not_grow_with_the_number_of_files(self):
         def peak(count):
@@ -331,10 +344,24 @@ class CommandLine(unittest.TestCase):
             error = run(*arguments)[2]
             self.assertEqual((True, 1), ("\\x1b[2J" in error, error.count("\n")), error)
             self.assertNotIn("\x1b", error)
+        self.assertIn("(see zoredid check --help)", run("check")[2])
         for arguments, what in (((), "no subcommand is given"), (("reprt", MONITOR), "'reprt' is no subcommand"),
                                 (("-v", "a\nb"), "'a\\nb' is no subcommand"), (("--json",), "'--json' is no option")):
             self.assertRegex(run(*arguments)[2],
                              "^zoredid: " + re.escape(what) + "; the subcommands are report .*convert")
+
+    def test_words_behind_the_end_of_the_options(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("a", "-b", "report"):
+                shutil.copy(MONITOR, os.path.join(folder, name))
+            for arguments in (("a", "--", "-b"), ("--", "-b", "report"), ("a", "-j", "02", "--", "report")):
+                status, out, error = run("check", *arguments, cwd=folder)
+                self.assertEqual((0, b"2 images: 2 clean", ""), (status, out[:17], error))
+            self.assertEqual((0, b"same\n", ""), run("compare", "a", "--", "-b", cwd=folder))
+            self.assertEqual((2, b"", "zoredid: The following argument was not expected: -b (see zoredid modes --help)\n"),
+                             run("modes", "a", "--", "-b", cwd=folder))
+            for arguments in (("--prefix=",), ("--prefix", "")):
+                self.assertEqual(run("report", "a", cwd=folder), run("report", "a", *arguments, cwd=folder))
 
     def test_help_and_version(self):
         self.assertRegex(run("--version")[1].decode(), r"^zoredid \d+\.\d+\.\d+\n$")
@@ -367,6 +394,22 @@ class Connectors(FolderCase):
         self.assertEqual(3, run("list", "--sysfs", self.path("none"))[0])
         self.write("card0-HDMI-A-1/edid", IMAGE.replace(b"ASUS VE276", b"ASUS\x1b[2J76"))
         self.assertIn(b"  ASUS\\x1b[2J76  ASUSTek", run("list", "--sysfs", self.folder)[1])
+
+    def test_what_cannot_be_read_has_its_reason(self):
+        self.write("card1-DP-1/edid", b"no such monitor\n")
+        reason = "in no known form"
+        status, out, error = run("list", "--sysfs", self.folder)
+        self.assertEqual((3, 3, 1), (status, out.count(b"\n"), error.count("\n")))
+        self.assertRegex(error, "^zoredid: card1-DP-1: .*" + reason)
+        self.assertRegex(run("report", "card1-DP-1", "--sysfs", self.folder)[2],
+                         r"^zoredid: card1-DP-1: connector card1-DP-1 \(disconnected\): .*" + reason)
+
+    def test_a_mode_is_preferred_where_the_image_says_so(self):
+        plain = bytearray(IMAGE)
+        plain[19], plain[24], plain[127] = 2, 0x28, (plain[127] + 1 + plain[24] - 0x28) % 256
+        self.write("card0-HDMI-A-1/edid", bytes(plain))
+        out = run("list", "--sysfs", self.folder)[1].decode()
+        self.assertRegex(out, "60 x 34 cm\n")
 
     def test_a_name_stands_for_a_file(self):
         for name in ("HDMI-A-1", "card0-HDMI-A-1"):

@@ -148,6 +148,18 @@ int CEdidExtBlockCEA861::RemoveDetailed(unsigned int uiIndex)
     return 1;
 }
 
+int CEdidExtBlockCEA861::SetNativeDetailedCount(unsigned int uiCount)
+{
+    if (GetRevision() < gsc_uiNativeCountRevision || uiCount > gsc_oNativeCount.GetMask())
+    {
+        return 0;
+    }
+    const unsigned int uiLists = GetTouchedLists(0);
+    gsc_oNativeCount.Write(EditBytes().GetAt(0), uiCount);
+    FinishEdit(uiLists);
+    return 1;
+}
+
 unsigned int CEdidExtBlockCEA861::ExtractDetailedTimings()
 {
     m_apoDetailed.RemoveAll();

@@ -9,7 +9,7 @@
 //     0         extension tag, 2
 //     1         revision; data blocks are read from revision 3 on
 //     2         offset d of the first detailed descriptor; below 5 there are no data blocks, at 0 no descriptors either
-//     3         flags: bit 6 basic audio, bit 5 YCbCr 4:4:4, bit 4 YCbCr 4:2:2
+//     3         flags: bit 6 basic audio, bit 5 YCbCr 4:4:4, bit 4 YCbCr 4:2:2; bits 3 to 0: native descriptors
 //     4 to d-1  data blocks: a header (tag in bits 7 to 5, payload length in bits 4 to 0), then the payload
 //     d onward  detailed descriptors of 18 bytes; one with a zero pixel clock ends the list
 //     127       checksum: the block sums to 0 modulo 256
@@ -174,11 +174,13 @@ public:
     // Takes the same codes out of the bytes and keeps the rest in step, so that everything else reads as before, here
     // and by any other reader. Byte 2 is lowered by what went, so that the detailed descriptors and data blocks behind
     // are found in their new places. An HDMI vendor block gets shorter by each code that it loses: the 3D data behind
-    // the codes follow. The bits of a YCbCr 4:2:0 capability map go with their codes, those behind move down, and the
-    // map keeps its length. A timing that a 4:2:0 video block names stays in that block. All lists are derived again.
-    // Refused are what RemoveStandard refuses, a block whose data blocks do not end where its descriptors begin, and
-    // one whose bytes behind the last descriptor would become another descriptor.
-    // HDMI 3D masks, which count video codes by their place, are not adapted.
+    // the codes follow. Its 3D mask and formats, which name the first 16 codes of the video blocks by their places,
+    // lose those of the code and name the others in their new places. The bits of a YCbCr 4:2:0 capability map go with their
+    // codes, those behind move down, and the map keeps its length. A timing that a 4:2:0 video block names stays in
+    // that block. All lists are derived again.
+    // Refused are what RemoveStandard refuses, a block whose data blocks do not end where its descriptors begin, one
+    // whose bytes behind the last descriptor would become another descriptor, and, for one of the first 16 codes of the
+    // video blocks, 3D data that break off or that hold for each of the first 16 codes where there are more.
     int RemoveStandardKeepingDescriptors(unsigned int uiIndex) override;
 
     // Derives the lists of table timings from the bytes; returns GetStandardCount.
@@ -199,6 +201,10 @@ public:
     // Takes the 18 bytes out; later descriptors move down and the tail fills with zeros. Byte 2 stays.
     // A descriptor that lies over the block's four header bytes (byte 2 below 4) is refused.
     int RemoveDetailed(unsigned int uiIndex) override;
+    // How many of the image's detailed timings are native, counted from the first one of the base block over all
+    // CEA-861 blocks: bits 3 to 0 of byte 3, which a removal leaves. Refuses more than 15, and a revision below 2, which has no
+    // such count.
+    int SetNativeDetailedCount(unsigned int uiCount);
     // Derives the list of descriptors from the bytes; returns GetDetailedCount.
     unsigned int ExtractDetailedTimings();
     // Offset of a detailed descriptor; 0 when there is none at this index.
@@ -285,6 +291,8 @@ public:
     // Writes the mask in place; the other bits of the three payload bytes become 0. Refuses an index at or above the
     // count and a block too short for its three bytes.
     int SetSpeakerDescriptor(unsigned int uiIndex, unsigned int uiMask);
+    // The same, but the other bits stay: later editions of the standard have speakers there.
+    int SetSpeakerDescriptorKeepingRest(unsigned int uiIndex, unsigned int uiMask);
     // Opens a new block behind all data blocks and sets the basic audio flag. Refuses a mask of 0 and a lack of space.
     int AddSpeakerDescriptor(unsigned int uiMask);
     // Takes the block out. Clears the basic audio flag when neither an audio descriptor nor a speaker entry is left.
@@ -321,6 +329,7 @@ private:
     void FinishEdit(unsigned int uiLists);
     void DeriveLists(unsigned int uiLists);
     const SVicCodeEntry& GetVicCodeEntry(unsigned int uiIndex) const;
+    int WriteSpeakers(unsigned int uiIndex, unsigned int uiMask, bool bKeepRest);
     void KeepPlaces();
     void ListOccurrences();
 

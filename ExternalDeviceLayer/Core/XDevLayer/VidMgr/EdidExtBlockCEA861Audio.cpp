@@ -87,9 +87,12 @@ unsigned int ReadSpeakerMask(const CCea861Walk& oWalk)
     return gsc_oSpeakers.Read(aui8Raw);
 }
 
-void WriteSpeakerMask(unsigned int uiMask, unsigned char* pui8Raw)
+void WriteSpeakerMask(unsigned int uiMask, unsigned char* pui8Raw, bool bKeepRest)
 {
-    ZorTools_memset(pui8Raw, 0, gsc_uiSpeakerSize);
+    if (!bKeepRest)
+    {
+        ZorTools_memset(pui8Raw, 0, gsc_uiSpeakerSize);
+    }
     gsc_oSpeakers.Write(pui8Raw, uiMask);
 }
 
@@ -255,6 +258,16 @@ int CEdidExtBlockCEA861::GetSpeakerDescriptor(unsigned int uiIndex, unsigned int
 
 int CEdidExtBlockCEA861::SetSpeakerDescriptor(unsigned int uiIndex, unsigned int uiMask)
 {
+    return WriteSpeakers(uiIndex, uiMask, false);
+}
+
+int CEdidExtBlockCEA861::SetSpeakerDescriptorKeepingRest(unsigned int uiIndex, unsigned int uiMask)
+{
+    return WriteSpeakers(uiIndex, uiMask, true);
+}
+
+int CEdidExtBlockCEA861::WriteSpeakers(unsigned int uiIndex, unsigned int uiMask, bool bKeepRest)
+{
     if (uiIndex >= GetSpeakerDescriptorCount())
     {
         return 0;
@@ -265,7 +278,7 @@ int CEdidExtBlockCEA861::SetSpeakerDescriptor(unsigned int uiIndex, unsigned int
         return 0;
     }
     const unsigned int uiLists = GetTouchedLists(eList_Speaker);
-    WriteSpeakerMask(uiMask, EditBytes().GetAt(oBlock.m_uiOffset));
+    WriteSpeakerMask(uiMask, EditBytes().GetAt(oBlock.m_uiOffset), bKeepRest);
     FinishEdit(uiLists);
     return 1;
 }
@@ -283,7 +296,7 @@ int CEdidExtBlockCEA861::AddSpeakerDescriptor(unsigned int uiMask)
     {
         return 0;
     }
-    WriteSpeakerMask(uiMask, oEditor.GetAt(uiOffset));
+    WriteSpeakerMask(uiMask, oEditor.GetAt(uiOffset), false);
     oEditor.SetBasicAudio();
     FinishEdit(uiLists);
     return 1;

@@ -340,10 +340,15 @@ bool RemoveOccurrence(CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp
 
 // ---- Removing a timing and keeping the rest in step ----
 
+bool IsVideoCode(const SCode& oCode)
+{
+    return !oCode.m_oKind.m_bExtended && oCode.m_oKind.m_uiTag == gsc_oVideoBlocks.m_uiTag;
+}
+
 // The byte of a code: a short video descriptor, or the zero that an HDMI code leaves behind the last one.
 unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SDataBlock& oBlock)
 {
-    if (!oCode.m_oKind.m_bExtended && oCode.m_oKind.m_uiTag == gsc_oVideoBlocks.m_uiTag)
+    if (IsVideoCode(oCode))
     {
         return oBlock.m_uiOffset + oCode.m_uiPosition;
     }
@@ -368,6 +373,32 @@ void TakeOut(CCea861Editor& oEditor, const SCode& oCode)
     }
 }
 
+// Takes video code number uiPosition of uiCodes out of the 3D fields of all HDMI vendor blocks of a kind, which get
+// shorter by the entries that they lose. False when the fields of one cannot be adapted.
+bool TakeOutOf3d(CCea861Editor& oEditor, const SDataBlockKind& oKind, unsigned int uiPosition, unsigned int uiCodes)
+{
+    const unsigned int uiTagSize = oKind.m_bExtended ? 1 : 0;
+    SDataBlock oBlock = oEditor.FindDataBlock(oKind, 0);
+    for (unsigned int i = 1; oBlock.m_uiOffset != 0; ++i)
+    {
+        unsigned char* pui8Payload = oEditor.GetAt(oBlock.m_uiOffset);
+        unsigned int uiFreed = 0;
+        if (CHdmi1xVsdb::IsSupported(oBlock.m_uiLength, pui8Payload) != 0 &&
+            CHdmi1xVsdb::RemoveFrom3d(oBlock.m_uiLength, pui8Payload, uiPosition, uiCodes, uiFreed) == 0)
+        {
+            return false;
+        }
+        if (uiFreed != 0)
+        {
+            const SDataBlock oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
+            oEditor.ShrinkDataBlock(oWhole, oBlock.m_uiOffset + oBlock.m_uiLength - uiFreed, uiFreed);
+            oEditor.LowerDetailedStart(uiFreed);
+        }
+        oBlock = oEditor.FindDataBlock(oKind, i);
+    }
+    return true;
+}
+
 // Takes the bit of a code out of all capability maps; the bits behind move down.
 void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
 {
@@ -380,6 +411,42 @@ void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
             oBit.Write(oEditor.GetAt(oWalk.GetBlock().m_uiOffset), i + 1 < uiBits && IsMapped(oWalk, i + 1) ? 1 : 0);
         }
     }
+}
+
+// Takes every occurrence of a code out, with what counts codes by their places. From the last one back, so that no
+// place has to be corrected. False when there is none, or when 3D fields cannot be adapted.
+bool TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
+{
+    SAllCodes oCodes;
+    GatherCodes(oEditor, oCodes);
+    unsigned int uiVideoCodes = 0; // the video codes come first
+    while (uiVideoCodes < oCodes.m_uiCount && IsVideoCode(oCodes.m_aoCode[uiVideoCodes]))
+    {
+        ++uiVideoCodes;
+    }
+    bool bTaken = false;
+    for (unsigned int i = oCodes.m_uiCount; i > 0; --i)
+    {
+        const SCode& oCode = oCodes.m_aoCode[i - 1];
+        const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
+        if (oTimings.m_uiCount == 0 || oTimings.m_aoEntry[0].m_uiVic != uiVic)
+        {
+            continue;
+        }
+        if (IsVideoCode(oCode))
+        {
+            if (!TakeOutOf3d(oEditor, gsc_oVendorBlocks, i - 1, uiVideoCodes) ||
+                !TakeOutOf3d(oEditor, gsc_oVendorVideoBlocks, i - 1, uiVideoCodes))
+            {
+                return false;
+            }
+            --uiVideoCodes;
+        }
+        TakeOut(oEditor, oCode);
+        TakeOutOfMaps(oEditor, i - 1);
+        bTaken = true;
+    }
+    return bTaken;
 }
 } // namespace
 
@@ -463,22 +530,8 @@ int CEdidExtBlockCEA861::RemoveStandardKeepingDescriptors(unsigned int uiIndex)
     }
     const unsigned int uiVic = CodeOf(GetVicCodeEntry(uiIndex).m_uiVic);
     const unsigned int uiDetailed = oEditor.CountDetailed();
-    SAllCodes oCodes;
-    GatherCodes(oEditor, oCodes);
     CCea861Undo oUndo(m_aui8Raw.GetData());
-    bool bTaken = false;
-    for (unsigned int i = oCodes.m_uiCount; i > 0; --i) // from the last one back, so that no place has to be corrected
-    {
-        const SCode& oCode = oCodes.m_aoCode[i - 1];
-        const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
-        if (oTimings.m_uiCount != 0 && oTimings.m_aoEntry[0].m_uiVic == uiVic)
-        {
-            TakeOut(oEditor, oCode);
-            TakeOutOfMaps(oEditor, i - 1);
-            bTaken = true;
-        }
-    }
-    if (!bTaken || oEditor.CountDetailed() != uiDetailed)
+    if (!TakeOutAll(oEditor, uiVic) || oEditor.CountDetailed() != uiDetailed)
     {
         return 0;
     }

@@ -27,9 +27,89 @@ constexpr unsigned int gsc_uiLatencySize = 2; // bytes, for each kind
 // From the video fields on.
 constexpr ByteFields::SBits gsc_oVicCount = { 1, 5, 3 }; // the bits below are the length of the 3D data
 constexpr unsigned int gsc_uiVicsOffset = 2;
+constexpr ByteFields::SBits gsc_oMultiPresent = { 0, 5, 2 };
+constexpr ByteFields::SBits gsc_o3dLength = { 1, 0, 5 };
+
+// 3D data.
+enum EMultiPresent : unsigned int
+{
+    eMulti_None = 0,
+    eMulti_All = 1,        // 3D_Structure_ALL holds for each of the first 16 codes
+    eMulti_AllAndMask = 2, // for those in 3D_MASK
+    eMulti_Reserved = 3
+};
+constexpr unsigned int gsc_uiIndexedCodes = 16;
+constexpr unsigned int gsc_uiStructureAllSize = 2;
+constexpr unsigned int gsc_uiMaskSize = 2;
+constexpr ByteFields::SBits gsc_oVicOrder = { 0, 4, 4 };
+constexpr ByteFields::SBits gsc_oStructure = { 0, 0, 4 };
+constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a second byte
 
 // CEA VIC of HDMI VIC 1, 2, 3, 4.
 constexpr unsigned char gsc_aui8CeaVics[] = { 95, 94, 93, 98 };
+
+// Where the 3D data stand, as offsets in the payload; equal ones when there are none.
+struct S3dFields
+{
+    unsigned int m_uiMask;    // 3D_MASK, where there is one
+    unsigned int m_uiEntries; // behind it
+    unsigned int m_uiEnd;
+    EMultiPresent m_eMulti;
+};
+
+unsigned int GetEntrySize(const unsigned char* pui8Entry)
+{
+    return gsc_oStructure.Read(pui8Entry) >= gsc_uiFirstWithDetail ? 2 : 1;
+}
+
+// False when they run past the payload or break off. 3D data of which not one byte is there are none.
+bool Find3dFields(unsigned int uiLength, const unsigned char* pui8Payload, S3dFields& oFields)
+{
+    oFields = {};
+    const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(uiLength, pui8Payload);
+    const unsigned char* pui8Video = pui8Payload + oVics.m_uiVideoOffset;
+    const unsigned int uiStart = oVics.m_uiVicsOffset + gsc_oVicCount.Read(pui8Video);
+    const unsigned int uiSize = gsc_o3dLength.Read(pui8Video);
+    if (oVics.m_uiVideoOffset == 0 || uiStart >= uiLength || uiSize == 0)
+    {
+        return true;
+    }
+    oFields.m_eMulti = static_cast<EMultiPresent>(gsc_oMultiPresent.Read(pui8Video));
+    oFields.m_uiMask = uiStart + (oFields.m_eMulti != eMulti_None ? gsc_uiStructureAllSize : 0);
+    oFields.m_uiEntries = oFields.m_uiMask + (oFields.m_eMulti == eMulti_AllAndMask ? gsc_uiMaskSize : 0);
+    oFields.m_uiEnd = uiStart + uiSize;
+    if (oFields.m_uiEnd > uiLength || oFields.m_eMulti == eMulti_Reserved)
+    {
+        return false;
+    }
+    unsigned int uiOffset = oFields.m_uiEntries;
+    while (uiOffset < oFields.m_uiEnd)
+    {
+        uiOffset += GetEntrySize(pui8Payload + uiOffset);
+    }
+    return uiOffset == oFields.m_uiEnd;
+}
+
+// Drops the entries of a code and lowers the places of those behind. The result is where the entries now end.
+unsigned int RemoveFrom3dEntries(const S3dFields& oFields, unsigned char* pui8Payload, unsigned int uiPosition)
+{
+    unsigned int uiEnd = oFields.m_uiEntries;
+    unsigned int uiSize = 0;
+    for (unsigned int uiOffset = oFields.m_uiEntries; uiOffset < oFields.m_uiEnd; uiOffset += uiSize)
+    {
+        unsigned char* pui8Entry = pui8Payload + uiOffset;
+        const unsigned int uiOrder = gsc_oVicOrder.Read(pui8Entry);
+        uiSize = GetEntrySize(pui8Entry);
+        if (uiOrder == uiPosition)
+        {
+            continue;
+        }
+        gsc_oVicOrder.Write(pui8Entry, uiOrder - (uiOrder > uiPosition ? 1 : 0));
+        ZorTools_memmove(pui8Payload + uiEnd, pui8Entry, uiSize);
+        uiEnd += uiSize;
+    }
+    return uiEnd;
+}
 } // namespace
 
 CHdmi1xVsdb::CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload)
@@ -131,6 +211,41 @@ int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
         return 1;
     }
     return 0;
+}
+
+int CHdmi1xVsdb::RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload, unsigned int uiPosition,
+                              unsigned int uiCodes, unsigned int& uiFreed)
+{
+    uiFreed = 0;
+    S3dFields oFields = {};
+    if (uiPosition >= gsc_uiIndexedCodes)
+    {
+        return 1;
+    }
+    if (!Find3dFields(uiLength, pui8Payload, oFields) ||
+        (oFields.m_eMulti == eMulti_All && uiCodes > gsc_uiIndexedCodes))
+    {
+        return 0;
+    }
+    if (oFields.m_eMulti == eMulti_AllAndMask)
+    {
+        unsigned char* pui8Mask = pui8Payload + oFields.m_uiMask;
+        const unsigned int uiMask = ByteFields::ReadBig16(pui8Mask);
+        const unsigned int uiBelow = (1U << uiPosition) - 1;
+        const unsigned int uiLeft = (uiMask & uiBelow) | ((uiMask >> 1) & ~uiBelow);
+        pui8Mask[0] = ByteFields::LowByte(uiLeft >> 8);
+        pui8Mask[1] = ByteFields::LowByte(uiLeft);
+    }
+    const unsigned int uiEnd = RemoveFrom3dEntries(oFields, pui8Payload, uiPosition);
+    uiFreed = oFields.m_uiEnd - uiEnd;
+    if (uiFreed != 0)
+    {
+        unsigned char* pui8Video = pui8Payload + FindVics(uiLength, pui8Payload).m_uiVideoOffset;
+        gsc_o3dLength.Write(pui8Video, gsc_o3dLength.Read(pui8Video) - uiFreed);
+        ZorTools_memmove(pui8Payload + uiEnd, pui8Payload + oFields.m_uiEnd, uiLength - oFields.m_uiEnd);
+        ZorTools_memset(pui8Payload + uiLength - uiFreed, 0, uiFreed);
+    }
+    return 1;
 }
 
 int CHdmi1xVsdb::ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic)

@@ -15,7 +15,10 @@
 //     8       2 bytes for each kind of latency fields present
 //     o       3D flags
 //     o + 1   bits 7 to 5: number of HDMI VICs, bits 4 to 0: length of the 3D data
-//     o + 2   HDMI VICs, one byte each, then the 3D data
+//     o + 2   HDMI VICs, one byte each, then the 3D data: 2 bytes of 3D_Structure_ALL when 3D_Multi_present (bits 6 and
+//             5 of byte o) is 1 or 2, 2 bytes of 3D_MASK when it is 2, both most significant byte first; then entries
+//             with the place of a video code in bits 7 to 4 and 3D_Structure in bits 3 to 0, of 2 bytes from structure
+//             8 on, else of 1
 
 #pragma once
 
@@ -59,6 +62,15 @@ public:
         unsigned int m_uiCount;
     };
     static SVics FindVics(unsigned int uiLength, const unsigned char* pui8Payload);
+
+    // Takes video code number uiPosition out of the 3D fields, which name the first 16 codes of the video data blocks
+    // by their places: its bit in 3D_MASK and its entries go, those of later codes move down by one, and so do the bytes
+    // behind. uiCodes is the number of codes, this one included. uiFreed becomes the number of bytes, now zero, that
+    // are free at the end of the payload. 0 with no byte changed when the fields do not lie whole in the payload or
+    // break off, for a reserved 3D_Multi_present, and when all of the first 16 codes are in 3D and a 17th would become
+    // one of them.
+    static int RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload, unsigned int uiPosition,
+                            unsigned int uiCodes, unsigned int& uiFreed);
 
     // HDMI VIC 1 to 4 to CEA VIC. Other values give 0 and leave ui8CeaVic.
     static int ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic);

@@ -82,9 +82,20 @@ std::string CheckCommand(const SEditCommand& oArguments, const std::vector<SEdit
     {
         return "-o OUT is needed, or --dry-run";
     }
-    return oArguments.m_sOutput == "-" && oArguments.m_bDiff && !oArguments.m_bDryRun
-               ? "-o - and --diff both write to standard output"
+    return oArguments.m_bDiff && !oArguments.m_bDryRun && IsStandardOutput(oArguments.m_sOutput)
+               ? "-o " + oArguments.m_sOutput + " and --diff both write to standard output"
                : "";
+}
+
+void Write(const SEditCommand& oArguments, const CBytes& aui8Edited, std::string& sProblem)
+{
+    if (oArguments.m_bDryRun)
+    {
+        CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, false, sProblem);
+        return;
+    }
+    WriteOutput(oArguments.m_sOutput, std::string(aui8Edited.begin(), aui8Edited.end()), oArguments.m_bForce, false,
+                sProblem);
 }
 
 void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
@@ -106,12 +117,11 @@ void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
     EExit eExit = eExit_Good;
     std::string sName = oArguments.m_sFile;
     std::string sProblem = EditBytes(oInput, aoEdits, aui8Edited, eExit);
-    if (sProblem.empty() && !oArguments.m_bDryRun)
+    if (sProblem.empty() && !oArguments.m_sOutput.empty())
     {
         eExit = eExit_Input;
         sName = oArguments.m_sOutput == "-" ? "standard output" : oArguments.m_sOutput;
-        WriteOutput(oArguments.m_sOutput, std::string(aui8Edited.begin(), aui8Edited.end()), oArguments.m_bForce, false,
-                    sProblem);
+        Write(oArguments, aui8Edited, sProblem);
     }
     if (!sProblem.empty())
     {
@@ -138,7 +148,7 @@ void AddEditCommand(CLI::App& oApp, STool& oTool)
         ->type_name("OUT");
     poCommand->add_flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
     poCommand->add_flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
-    poCommand->add_flag("--dry-run", poArguments->m_bDryRun, "Do everything but write");
+    poCommand->add_flag("--dry-run", poArguments->m_bDryRun, "Do everything but write, and say what would hinder it");
     for (const SEditOption& oOption : GetEditOptions())
     {
         if (*oOption.m_pszValue == '\0')

@@ -5,10 +5,17 @@
 #include <string>
 
 // Writes sContent to sPath; "-" is standard output. A file is replaced in one step: a temporary file beside it is
-// written, synchronised and renamed, so that no reader ever sees a part. An existing file keeps its mode bits; a link
-// is followed. A device or a pipe is written as it stands.
-//   bForce   an existing file may be replaced; without it, it is a problem
+// written, synchronised and renamed, so that no reader ever sees a part. An existing file keeps its mode bits. Links
+// are followed, and the target of one that points to nothing comes up. Pipes, sockets and character devices are
+// streams: they are written as they stand. A block device is none, and refused.
+//   bForce   an existing file or link may be replaced; without it, it is a problem
 //   bIsText  what is no text is never written to a terminal
 // False with the reason in sProblem, such as "exists already (use --force)"; the target is then as it was.
 bool WriteOutput(const std::string& sPath, const std::string& sContent, bool bForce, bool bIsText,
                  std::string& sProblem);
+
+// What WriteOutput would refuse, as far as that is known without writing.
+bool CheckOutput(const std::string& sPath, bool bForce, bool bIsText, std::string& sProblem);
+
+// Whether the path leads to what standard output is, such as "-" and "/dev/stdout".
+bool IsStandardOutput(const std::string& sPath);

@@ -101,6 +101,18 @@ int PrintCommandLineError(const CLI::App& oApp, const CLI::ParseError& oError)
     return eExit_CommandLine;
 }
 
+// A flag is there or not: --force=false would read like a way to switch it off, which none of them has.
+void RefuseFlagValues(CLI::App& oApp)
+{
+    for (CLI::Option* poOption : oApp.get_options())
+    {
+        if (poOption->get_expected_max() == 0)
+        {
+            poOption->disable_flag_override();
+        }
+    }
+}
+
 void DeclareOptions(CLI::App& oApp, STool& oTool)
 {
     oApp.require_subcommand(1);
@@ -114,6 +126,7 @@ void DeclareOptions(CLI::App& oApp, STool& oTool)
     {
         pfnAdd(oApp, oTool);
     }
+    RefuseFlagValues(oApp);
     for (CLI::App* poCommand : oApp.get_subcommands({}))
     {
         poCommand->fallthrough(); // the options above may stand behind the subcommand
@@ -124,6 +137,7 @@ void DeclareOptions(CLI::App& oApp, STool& oTool)
                 poOption->transform(TakeWord);
             }
         }
+        RefuseFlagValues(*poCommand);
     }
     oApp.parse_complete_callback([&oTool] { CatchMessages(oTool.m_bVerbose); }); // ahead of the subcommand
 }

@@ -1,6 +1,7 @@
 """Tests of zoredid edit from outside. EditTest.py COMMAND FOLDER. EditEveryTest.cpp does every edit at every number."""
 
 import os
+import stat
 import subprocess
 import sys
 import tempfile
@@ -113,7 +114,9 @@ class Edits(unittest.TestCase):
                           "--preferred 1920x1080@59.94", "--preferred 1921x1080@60,cea", "--preferred 1x1@60,vesa",
                           "--color-depth 9", "--deep-color 24", "--audio-add pcm,2ch,48", "--audio-add pcm,9ch,48,16",
                           "--audio-add ac3,6ch,48,641kbps", "--audio-add ac4,6ch,48", "--audio-add mat,6ch,48,640kbps",
-                          "--audio-set ac3,6ch,48", "--speakers FL", "--remove-standard 1 2", "--serial 5 --diff"):
+                          "--audio-set ac3,6ch,48", "--speakers FL", "--remove-standard 1 2", "--serial 5 --diff",
+                          "--repair-checksums=false", "--serial 5 --force=false", "--serial 5 --dry-run=false",
+                          "--serial 5 --diff -o /dev/stdout"):
             status, out, error = edit(IMAGE, *arguments.split())
             self.assertEqual((2, b"", 1), (status, out, error.count("\n")), arguments)
         self.assertEqual(2, run(MONITOR, "--serial", "5")[0])  # no -o
@@ -163,8 +166,35 @@ class Files(unittest.TestCase):
             self.assertEqual(changed(12, "06000000"), read())
             self.assertEqual(["out.bin"], os.listdir(folder))
             for target in (folder, os.path.join(folder, "none", "x"), "/proc/x"):
-                status, text, error = run(MONITOR, "-o", target, "--serial", "5", "--force")
-                self.assertEqual((3, b"", 1), (status, text, error.count("\n")), target)
+                written, planned = (run(MONITOR, "-o", target, "--serial", "5", "--force", *extra)
+                                    for extra in ([], ["--dry-run"]))
+                self.assertEqual((3, b"", 1), (*written[:2], written[2].count("\n")), target)
+                self.assertEqual(written, planned) if target != "/proc/x" else None
+            self.assertEqual((3, b"", "zoredid: %s: exists already (use --force)\n" % out),
+                             run(MONITOR, "-o", out, "--serial", "6", "--dry-run", "--diff"))
+            self.assertEqual(["out.bin"], os.listdir(folder))
+
+    def test_names_links_and_devices(self):
+        with tempfile.TemporaryDirectory() as folder:
+            longest = os.path.join(folder, "x" * 255)
+            self.assertEqual((0, b"", ""), run(MONITOR, "-o", longest, "--serial", "5"))
+            os.mkdir(os.path.join(folder, "in"))
+            link, target = os.path.join(folder, "link"), os.path.join(folder, "in", "new")
+            os.symlink("in/new", link)
+            exists = (3, b"", "zoredid: %s: exists already (use --force)\n" % link)
+            self.assertEqual(exists, run(MONITOR, "-o", link, "--serial", "5"))
+            self.assertEqual(exists, run(MONITOR, "-o", link, "--serial", "5", "--dry-run"))
+            self.assertEqual([], os.listdir(os.path.join(folder, "in")))
+            self.assertEqual((0, b"", ""), run(MONITOR, "-o", link, "--serial", "5", "--force"))
+            with open(target, "rb") as file:
+                self.assertEqual((changed(12, "05000000"), True), (file.read(), os.path.islink(link)))
+            device = os.path.join(folder, "device")
+            try:
+                os.mknod(device, 0o600 | stat.S_IFBLK, os.makedev(7, 250))
+            except PermissionError:
+                self.skipTest("block devices are made by root")
+            self.assertEqual((3, b"", "zoredid: %s: is a block device\n" % device),
+                             run(MONITOR, "-o", device, "--serial", "5", "--force"))
 
     def test_moved_bytes_have_both_names(self):
         lines = run(MONITOR, "--dry-run", "--audio-remove", "0", "--diff")[1].decode().splitlines()

@@ -175,9 +175,9 @@ public:
     // and by any other reader. Byte 2 is lowered by what went, so that the detailed descriptors and data blocks behind
     // are found in their new places. An HDMI vendor block gets shorter by each code that it loses: the 3D data behind
     // the codes follow. Its 3D mask and formats, which name the first 16 codes of the video blocks by their places,
-    // lose those of the code and name the others in their new places. The bits of a YCbCr 4:2:0 capability map go with their
-    // codes, those behind move down, and the map keeps its length. A timing that a 4:2:0 video block names stays in
-    // that block. All lists are derived again.
+    // lose those of the code and name the others in their new places. The bits of a YCbCr 4:2:0 capability map go
+    // with their codes, those behind move down, and the map keeps its length. A timing that a 4:2:0 video block names
+    // stays in that block. All lists are derived again.
     // Refused are what RemoveStandard refuses, a block whose data blocks do not end where its descriptors begin, one
     // whose bytes behind the last descriptor would become another descriptor, and, for one of the first 16 codes of the
     // video blocks, 3D data that break off or that hold for each of the first 16 codes where there are more.
@@ -202,8 +202,8 @@ public:
     // A descriptor that lies over the block's four header bytes (byte 2 below 4) is refused.
     int RemoveDetailed(unsigned int uiIndex) override;
     // How many of the image's detailed timings are native, counted from the first one of the base block over all
-    // CEA-861 blocks: bits 3 to 0 of byte 3, which a removal leaves. Refuses more than 15, and a revision below 2, which has no
-    // such count.
+    // CEA-861 blocks: bits 3 to 0 of byte 3, which a removal leaves. Refuses more than 15, and a revision below 2,
+    // which has no such count.
     int SetNativeDetailedCount(unsigned int uiCount);
     // Derives the list of descriptors from the bytes; returns GetDetailedCount.
     unsigned int ExtractDetailedTimings();

@@ -64,11 +64,11 @@ public:
     static SVics FindVics(unsigned int uiLength, const unsigned char* pui8Payload);
 
     // Takes video code number uiPosition out of the 3D fields, which name the first 16 codes of the video data blocks
-    // by their places: its bit in 3D_MASK and its entries go, those of later codes move down by one, and so do the bytes
-    // behind. uiCodes is the number of codes, this one included. uiFreed becomes the number of bytes, now zero, that
-    // are free at the end of the payload. 0 with no byte changed when the fields do not lie whole in the payload or
-    // break off, for a reserved 3D_Multi_present, and when all of the first 16 codes are in 3D and a 17th would become
-    // one of them.
+    // by their places: its bit in 3D_MASK and its entries go, those of later codes move down by one, and the bytes
+    // behind close up. uiCodes is the number of codes, this one included. uiFreed becomes the number of bytes, now
+    // zero, that are free at the end of the payload. 0 with no byte changed when the fields do not lie whole in the
+    // payload or break off, for a reserved 3D_Multi_present, and when all of the first 16 codes are in 3D and a 17th
+    // would become one of them.
     static int RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload, unsigned int uiPosition,
                             unsigned int uiCodes, unsigned int& uiFreed);
 

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <memory>
-#include <tuple>
 
 #include "EdidUtils.h"
+#include "Hdmi1xVsdb.h"
 #include "LoadedImage.h"
 
 namespace
@@ -15,6 +15,8 @@ namespace
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
 constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
+constexpr const char* gsc_pszReferred =
+    "a data block that prefers timings, or names the native one, has its video code";
 constexpr const char* gsc_pszInUse = "has bytes behind its detailed timings that would read differently";
 
 CPresent MakeNumbers(unsigned int uiCount)
@@ -25,14 +27,6 @@ CPresent MakeNumbers(unsigned int uiCount)
         aiNumbers[i] = static_cast<int>(i);
     }
     return aiNumbers;
-}
-
-// Place of a number at reading; false when it is gone.
-bool FindPresent(const CPresent& aiPresent, int iNumber, unsigned int& uiPlace)
-{
-    const auto oFound = std::find(aiPresent.begin(), aiPresent.end(), iNumber);
-    uiPlace = static_cast<unsigned int>(oFound - aiPresent.begin());
-    return oFound != aiPresent.end();
 }
 
 void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
@@ -58,7 +52,7 @@ unsigned int CountEqual(const CEdidExtBlockCEA861& oCea, const CEdidExtBlockCEA8
     {
         CVidParamTimingGeneric oTiming;
         oCea.GetStandard(i, &oTiming, nullptr);
-        uiCount += oTiming == oWanted && oTiming.Is420ColorSpace() == oWanted.Is420ColorSpace() ? 1U : 0U;
+        uiCount += (oTiming == oWanted) != 0 && oTiming.Is420ColorSpace() == oWanted.Is420ColorSpace() ? 1U : 0U;
     }
     return uiCount;
 }
@@ -86,8 +80,16 @@ std::vector<unsigned int> ListEstablishedBits()
     auiBits.push_back(CEdidBase::eEstablished1152x870At75);
     return auiBits;
 }
+} // namespace
 
-// Whether the descriptor holds all of the timing; its clock counts in 10 kHz.
+bool FindPresent(const CPresent& aiPresent, unsigned int uiNumber, unsigned int& uiPlace)
+{
+    const auto oFound = std::find(aiPresent.begin(), aiPresent.end(), static_cast<int>(uiNumber));
+    uiPlace = static_cast<unsigned int>(oFound - aiPresent.begin());
+    return oFound != aiPresent.end();
+}
+
+// The clock of a descriptor counts in 10 kHz.
 bool IsSameMode(const CVidParamTiming& oRead, const CVidParamTiming& oWanted)
 {
     constexpr unsigned int uiClockUnit = 10;
@@ -104,7 +106,6 @@ bool IsSameMode(const CVidParamTiming& oRead, const CVidParamTiming& oWanted)
            (oRead.IsVerticalPolarityPositive() != 0) == (oWanted.IsVerticalPolarityPositive() != 0) &&
            oRead.GetPixelClockInKiloHz() / uiClockUnit == oWanted.GetPixelClockInKiloHz() / uiClockUnit;
 }
-} // namespace
 
 // ---- Loading and writing back ----
 
@@ -234,8 +235,7 @@ CEdidExtBlockCEA861* CEditImage::GetCea(const SEditedBlock& oBlock)
 
 // Lets fnEdit change the block, which it does on a copy first: there it must leave the descriptors as they are and give
 // an empty result; else its result is the reason of the refusal.
-template <class EDIT>
-std::string CEditImage::EditCea(SEditedBlock& oBlock, EDIT fnEdit)
+std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
 {
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     if (!AreDataBlocksExact(*poCea))
@@ -253,8 +253,7 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, EDIT fnEdit)
 }
 
 // Tries the CEA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
-template <class EDIT>
-std::string CEditImage::EditFirst(EDIT fnEdit)
+std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit)
 {
     constexpr unsigned int uiDataBlocksRevision = 3;
     std::string sReason = "the image has no CEA-861 block that can hold data blocks";
@@ -266,7 +265,9 @@ std::string CEditImage::EditFirst(EDIT fnEdit)
         {
             continue;
         }
-        const std::string sProblem = fnEdit(oBlock);
+        const bool bCanHold = poCea->GetData()[gsc_uiCeaDetailedStart] != 0;
+        const std::string sProblem =
+            bCanHold ? fnEdit(oBlock) : NameBlock(oBlock) + " says that it holds no data blocks (byte 2 is 0)";
         if (sProblem.empty())
         {
             return "";
@@ -292,7 +293,7 @@ std::string CEditImage::RemoveStandard(unsigned int uiNumber)
         return RemoveCode(oBlock, oPlace.m_uiNumber);
     }
     unsigned int uiPlace = 0;
-    if (FindPresent(oBlock.m_aiStandards, static_cast<int>(oPlace.m_uiNumber), uiPlace))
+    if (FindPresent(oBlock.m_aiStandards, oPlace.m_uiNumber, uiPlace))
     {
         if (m_oEdid.RemoveStandardKeepingDescriptors(uiPlace) == 0)
         {
@@ -304,6 +305,53 @@ std::string CEditImage::RemoveStandard(unsigned int uiNumber)
     return "";
 }
 
+// Why the code of this timing can never go. That its 3D formats are at fault shows where it could go without them.
+std::string CEditImage::NameCodeRefusal(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    constexpr unsigned int ui3dLength = 0x1F; // of the second byte of the video fields
+    const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
+    if (!AreDataBlocksExact(*poRead))
+    {
+        return NameBlock(oBlock) + " " + gsc_pszDamaged;
+    }
+    if (Is420(*poRead, uiNumber))
+    {
+        return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
+    }
+    CBytes aui8Without = oBlock.m_aui8Bytes;
+    for (const SCeaDataBlock& oData : ListDataBlocks(*poRead))
+    {
+        const std::span<const unsigned char> oHdmi = GetHdmiPayload(oData);
+        const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(static_cast<unsigned int>(oHdmi.size()), oHdmi.data());
+        if (oVics.m_uiVideoOffset != 0)
+        {
+            const size_t uiTagSize = oData.m_aui8Payload.size() - oHdmi.size();
+            aui8Without[oData.m_uiOffset + uiTagSize + oVics.m_uiVideoOffset + 1] &=
+                static_cast<unsigned char>(~ui3dLength);
+        }
+    }
+    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Without.data());
+    return CopyCea(aui8Without.data())->RemoveStandardKeepingDescriptors(uiNumber) != 0
+               ? NameBlock(oBlock) + " has 3D formats for all of its first 16 video codes, or damaged ones"
+               : NameBlock(oBlock) + " " + gsc_pszInUse;
+}
+
+// Whether a block that prefers timings, or names the native one, has a short video reference in this range.
+bool CEditImage::IsReferred(unsigned int uiFirst, unsigned int uiEnd)
+{
+    for (const SEditedBlock& oBlock : m_aoBlocks)
+    {
+        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        const CBytes aui8References = poCea != nullptr ? ListReferences(*poCea) : CBytes();
+        if (std::any_of(aui8References.begin(), aui8References.end(),
+                        [&](unsigned int uiReference) { return uiReference >= uiFirst && uiReference < uiEnd; }))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
 // Goes through the first timing of the code, which is an ordinary one: 4:2:0 maps only repeat those.
 std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
 {
@@ -313,14 +361,21 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
     unsigned int uiPlace = 0;
     if (iGroup < 0)
     {
-        return !AreDataBlocksExact(*poRead) ? NameBlock(oBlock) + " " + gsc_pszDamaged
-               : Is420(*poRead, uiNumber)   ? "only a YCbCr 4:2:0 data block names it, which cannot be edited"
-                                            : NameBlock(oBlock) + " " + gsc_pszInUse;
+        return NameCodeRefusal(oBlock, uiNumber);
     }
-    if (FindPresent(oBlock.m_aiStandards, iGroup, uiPlace))
+    if (FindPresent(oBlock.m_aiStandards, static_cast<unsigned int>(iGroup), uiPlace))
     {
-        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            return oCea.RemoveStandardKeepingDescriptors(uiPlace) != 0 ? "" : NameBlock(oBlock) + " " + gsc_pszInUse;
+        std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+            const CNumbers oBefore = ListCodes(oCea);
+            if (oCea.RemoveStandardKeepingDescriptors(uiPlace) == 0)
+            {
+                return NameCodeRefusal(oBlock, uiNumber);
+            }
+            const CNumbers oAfter = ListCodes(oCea);
+            const bool bReferred = std::any_of(oBefore.begin(), oBefore.end(), [&](unsigned int uiCode) {
+                return !oAfter.contains(uiCode) && IsReferred(uiCode, uiCode + 1);
+            });
+            return std::string(bReferred ? gsc_pszReferred : "");
         });
         if (!sReason.empty())
         {
@@ -340,8 +395,36 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
                : "";
 }
 
+// The base block's descriptors and those of the CEA-861 blocks are counted together, those of DisplayID blocks are not.
+unsigned int CEditImage::CountDetailedAhead(const SEditedBlock& oBlock)
+{
+    unsigned int uiCount = 0;
+    for (const SEditedBlock* poAhead = m_aoBlocks.data(); poAhead != &oBlock; ++poAhead)
+    {
+        const bool bCounts = poAhead == m_aoBlocks.data() || GetCea(*poAhead) != nullptr;
+        uiCount += bCounts ? static_cast<unsigned int>(poAhead->m_aiDetaileds.size()) : 0;
+    }
+    return uiCount;
+}
+
+// Every CEA-861 block tells how many of the first detailed timings are native: one less, where the one that goes was.
+void CEditImage::LowerNatives(unsigned int uiPlace)
+{
+    for (const SEditedBlock& oBlock : m_aoBlocks)
+    {
+        CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        const unsigned int uiNatives = poCea != nullptr ? poCea->GetData()[gsc_uiCeaFlags] & gsc_uiCeaNatives : 0;
+        if (uiPlace < uiNatives)
+        {
+            poCea->SetNativeDetailedCount(uiNatives - 1); // gives 0 below revision 2, which has no such number
+        }
+    }
+}
+
 std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
 {
+    constexpr unsigned int uiFirstReference = 129;
+    constexpr unsigned int uiReferencesEnd = 145;
     const SPlace oPlace = Find(&SEditedBlock::m_uiDetaileds, uiNumber);
     if (oPlace.m_poBlock == nullptr)
     {
@@ -349,7 +432,7 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     }
     SEditedBlock& oBlock = *oPlace.m_poBlock;
     unsigned int uiPlace = 0;
-    if (!FindPresent(oBlock.m_aiDetaileds, static_cast<int>(oPlace.m_uiNumber), uiPlace))
+    if (!FindPresent(oBlock.m_aiDetaileds, oPlace.m_uiNumber, uiPlace))
     {
         return "";
     }
@@ -362,15 +445,18 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     {
         return NameBlock(oBlock) + " " + gsc_pszDamaged;
     }
-    const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
-    if (!bRemoved && poCea == nullptr && uiPlace == 0)
+    const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
+    if (IsReferred(uiFirstReference + uiPlaceOfAll, uiReferencesEnd))
     {
-        return "the preferred timing can only be replaced";
+        return "a data block that prefers timings, or names the native one, counts it or one behind it";
     }
+    const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
     if (!bRemoved)
     {
-        return "the library refuses it";
+        return poCea == nullptr && uiPlace == 0 ? "the preferred timing can only be replaced"
+                                                : "the library refuses it";
     }
+    LowerNatives(uiPlaceOfAll);
     Erase(oBlock.m_aiDetaileds, uiPlace);
     oBlock.m_oEdits.m_oDetailed.insert(oPlace.m_uiNumber);
     const size_t uiLeft = poCea != nullptr ? poCea->GetDetailedCount() : m_oEdid.GetBaseDetailedCount();
@@ -452,7 +538,7 @@ std::string CEditImage::SetDeepColor(unsigned int uiBits)
         {
             continue;
         }
-        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+        std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
             return std::string(oCea.SetColorBitDepthSupport(uiBits) != 0 ? "" : "the library refuses it");
         });
         if (!sReason.empty())
@@ -464,166 +550,6 @@ std::string CEditImage::SetDeepColor(unsigned int uiBits)
         bFound = true;
     }
     return bFound || uiBits == 0 ? "" : "the image has no HDMI data block for deep colours";
-}
-
-// ---- Audio ----
-
-std::string CEditImage::AddAudio(const CAudio& oAudio)
-{
-    if (oAudio.m_uiChannels < 2)
-    {
-        return "the library takes 2 to 8 channels";
-    }
-    return EditFirst([&](SEditedBlock& oBlock) {
-        CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        const auto poBefore = CopyCea(poCea->GetData());
-        const unsigned int uiCount = poBefore->GetAudioDescriptorCount();
-        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            return oCea.AddAudioDescriptor(&oAudio) == 0 ? NameBlock(oBlock) + " has no room"
-                   : oCea.GetAudioDescriptorCount() == uiCount + 1
-                       ? ""
-                       : NameBlock(oBlock) + " is damaged: an audio data block is cut within a descriptor";
-        });
-        if (!sReason.empty())
-        {
-            return sReason;
-        }
-        // It stands behind the descriptors of the first audio data block, which may not be the last.
-        const auto fnGet = [](const CEdidExtBlockCEA861& oCea, unsigned int uiIndex) {
-            CAudio oFound = {};
-            oCea.GetAudioDescriptor(uiIndex, &oFound);
-            return std::tuple(oFound.m_eFormat, oFound.m_uiChannels, oFound.m_eSamplingFreq, oFound.m_uiExtra);
-        };
-        unsigned int uiPlace = uiCount;
-        while (uiPlace > 0 && fnGet(*poCea, uiPlace) == fnGet(*poBefore, uiPlace - 1))
-        {
-            --uiPlace;
-        }
-        oBlock.m_aiAudios.insert(oBlock.m_aiAudios.begin() + uiPlace, -1);
-        oBlock.m_oEdits.m_aoAudioAdded.push_back(oAudio);
-        return std::string();
-    });
-}
-
-std::string CEditImage::SetAudio(unsigned int uiNumber, const CAudio& oAudio)
-{
-    const SPlace oPlace = Find(&SEditedBlock::m_uiAudios, uiNumber);
-    if (oPlace.m_poBlock == nullptr)
-    {
-        return NameRange(&SEditedBlock::m_uiAudios, "audio descriptors");
-    }
-    if (oAudio.m_uiChannels < 2)
-    {
-        return "the library takes 2 to 8 channels";
-    }
-    SEditedBlock& oBlock = *oPlace.m_poBlock;
-    unsigned int uiPlace = 0;
-    if (!FindPresent(oBlock.m_aiAudios, static_cast<int>(oPlace.m_uiNumber), uiPlace))
-    {
-        return "an earlier edit has removed it";
-    }
-    const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-        return std::string(oCea.SetAudioDescriptor(uiPlace, &oAudio) != 0 ? "" : "the library refuses it");
-    });
-    if (sReason.empty())
-    {
-        oBlock.m_oEdits.m_oAudioSet[oPlace.m_uiNumber] = oAudio;
-    }
-    return sReason;
-}
-
-std::string CEditImage::RemoveAudio(unsigned int uiNumber)
-{
-    const SPlace oPlace = Find(&SEditedBlock::m_uiAudios, uiNumber);
-    if (oPlace.m_poBlock == nullptr)
-    {
-        return NameRange(&SEditedBlock::m_uiAudios, "audio descriptors");
-    }
-    SEditedBlock& oBlock = *oPlace.m_poBlock;
-    unsigned int uiPlace = 0;
-    if (!FindPresent(oBlock.m_aiAudios, static_cast<int>(oPlace.m_uiNumber), uiPlace))
-    {
-        return "";
-    }
-    const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-        return std::string(oCea.RemoveAudioDescriptor(uiPlace) != 0 ? "" : "the library refuses it");
-    });
-    if (sReason.empty())
-    {
-        Erase(oBlock.m_aiAudios, uiPlace);
-        oBlock.m_oEdits.m_oAudioSet.erase(oPlace.m_uiNumber);
-        oBlock.m_oEdits.m_oAudioRemoved.insert(oPlace.m_uiNumber);
-    }
-    return sReason;
-}
-
-// ---- Speakers ----
-
-std::string CEditImage::SetSpeakers(unsigned int uiMask)
-{
-    if (uiMask == 0)
-    {
-        return RemoveSpeakers();
-    }
-    const auto fnSet = [&](SEditedBlock& oBlock) {
-        const std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            const bool bHasOne = oCea.GetSpeakerDescriptorCount() != 0;
-            const int iDone = bHasOne ? oCea.SetSpeakerDescriptor(0, uiMask) : oCea.AddSpeakerDescriptor(uiMask);
-            return iDone != 0
-                       ? ""
-                       : NameBlock(oBlock) + (bHasOne ? " has a speaker data block that is too short" : " has no room");
-        });
-        if (sReason.empty())
-        {
-            std::vector<unsigned int>& auiMasks = oBlock.m_oEdits.m_auiSpeakers;
-            const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-            auiMasks.assign(poCea->GetSpeakerDescriptorCount(), 0);
-            for (unsigned int i = 0; i < auiMasks.size(); ++i)
-            {
-                poCea->GetSpeakerDescriptor(i, &auiMasks[i]);
-            }
-            oBlock.m_oEdits.m_bSpeakers = true;
-        }
-        return sReason;
-    };
-    for (SEditedBlock& oBlock : m_aoBlocks)
-    {
-        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        if (poCea != nullptr && poCea->GetSpeakerDescriptorCount() != 0)
-        {
-            return fnSet(oBlock);
-        }
-    }
-    return EditFirst(fnSet);
-}
-
-std::string CEditImage::RemoveSpeakers()
-{
-    for (SEditedBlock& oBlock : m_aoBlocks)
-    {
-        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        if (poCea == nullptr || poCea->GetSpeakerDescriptorCount() == 0)
-        {
-            continue;
-        }
-        const std::string sReason = EditCea(oBlock, [](CEdidExtBlockCEA861& oCea) {
-            while (oCea.GetSpeakerDescriptorCount() != 0)
-            {
-                if (oCea.RemoveSpeakerDescriptor(0) == 0)
-                {
-                    return std::string("the library refuses it");
-                }
-            }
-            return std::string();
-        });
-        if (!sReason.empty())
-        {
-            return sReason;
-        }
-        oBlock.m_oEdits.m_bSpeakers = true;
-        oBlock.m_oEdits.m_auiSpeakers.clear();
-    }
-    return "";
 }
 
 // ---- Checksums ----

@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -15,8 +16,6 @@
 #include "CeaBlocks.h"
 #include "Edid.h"
 #include "EditPlan.h"
-
-using CNumbers = std::set<unsigned int>;
 
 // What edits have changed in one block, for the verification. Numbers are the block's own, in the image as it was read.
 struct SBlockEdits
@@ -40,7 +39,9 @@ struct SBlockEdits
     std::map<unsigned int, CAudio> m_oAudioSet;
     std::vector<CAudio> m_aoAudioAdded;
     bool m_bSpeakers = false;
-    std::vector<unsigned int> m_auiSpeakers; // all masks that the block then has
+    unsigned int m_uiSpeakers = 0;    // the first mask that the block then has; 0 when it has none
+    bool m_bSpeakersAdded = false;    // a data block at some time
+    bool m_bReadSpeakersGone = false; // those of the image as it was read
 
     bool IsAudioNamed() const { return !m_oAudioRemoved.empty() || !m_oAudioSet.empty() || !m_aoAudioAdded.empty(); }
     // Whether anything but the checksum is named.
@@ -53,6 +54,12 @@ struct SBlockEdits
 
 // Numbers at reading in their present order; -1 for what an edit has added.
 using CPresent = std::vector<int>;
+
+// Place of a number at reading; false when it is gone.
+bool FindPresent(const CPresent& aiPresent, unsigned int uiNumber, unsigned int& uiPlace);
+
+// Whether a detailed descriptor holds all of a timing.
+bool IsSameMode(const CVidParamTiming& oRead, const CVidParamTiming& oWanted);
 
 struct SEditedBlock
 {
@@ -99,7 +106,11 @@ private:
 
     std::string RemoveStandard(unsigned int uiNumber);
     std::string RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber);
+    std::string NameCodeRefusal(const SEditedBlock& oBlock, unsigned int uiNumber);
+    bool IsReferred(unsigned int uiFirst, unsigned int uiEnd);
     std::string RemoveDetailed(unsigned int uiNumber);
+    unsigned int CountDetailedAhead(const SEditedBlock& oBlock);
+    void LowerNatives(unsigned int uiPlace);
     std::string RemoveEstablished(unsigned int uiNumber);
     std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
     std::string SetColorDepth(unsigned int uiDepth);
@@ -108,13 +119,13 @@ private:
     std::string SetAudio(unsigned int uiNumber, const CAudio& oAudio);
     std::string RemoveAudio(unsigned int uiNumber);
     std::string SetSpeakers(unsigned int uiMask);
+    std::string SetSpeakersOf(SEditedBlock& oBlock, unsigned int uiMask);
     std::string RemoveSpeakers();
     void RepairChecksums();
 
-    template <class EDIT>
-    std::string EditCea(SEditedBlock& oBlock, EDIT fnEdit);
-    template <class EDIT>
-    std::string EditFirst(EDIT fnEdit);
+    using CCeaEdit = std::function<std::string(CEdidExtBlockCEA861& oCea)>;
+    std::string EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit);
+    std::string EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit);
 
     CEdid m_oEdid;
     std::vector<SEditedBlock> m_aoBlocks;       // all blocks of the image, the base block first

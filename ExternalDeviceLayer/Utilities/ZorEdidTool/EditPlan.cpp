@@ -160,7 +160,7 @@ std::string ParseAudio(const std::string& sText, CAudio& oAudio)
         return "'" + asFields[1] + "' is no number of channels such as 2ch, up to 8ch";
     }
     unsigned int uiRates = 0;
-    const std::string sProblem = ParseBits(gsc_aoAudioRates, asFields[2], "+", uiRates);
+    std::string sProblem = ParseBits(gsc_aoAudioRates, asFields[2], "+", uiRates);
     oAudio.m_eSamplingFreq = static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(uiRates);
     if (!sProblem.empty())
     {
@@ -259,7 +259,8 @@ const std::vector<SEditOption>& GetEditOptions()
     static const std::vector<SEditOption> s_aoOptions = {
         { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or behind 0x" },
         { eEdit_RemoveStandard, "--remove-standard", "I",
-          "Remove a standard timing; of a video code every mention of the code and of its 1000/1001 variant" },
+          "Remove a standard timing; of a video code every mention in video and HDMI data blocks, with the 1000/1001 "
+          "variant" },
         { eEdit_RemoveDetailed, "--remove-detailed", "I", "Remove a detailed timing" },
         { eEdit_RemoveEstablished, "--remove-established", "I", "Remove an established timing" },
         { eEdit_Preferred, "--preferred", "WxH@R[,TYPE]",

@@ -33,11 +33,19 @@ def changed(offset, new, image=IMAGE):
     return repaired(image[:offset] + new + image[offset + len(new):])
 
 
-def cea(data_blocks, flags=0x71):
+def cea(data_blocks, flags=0x71, image=IMAGE):
     """The image with these data blocks in place of its own."""
     area = bytes.fromhex(data_blocks)
     block = bytes([2, 3, 4 + len(area), flags]) + area + IMAGE[128 + 34:128 + 34 + 4 * 18]
-    return repaired(IMAGE[:128] + block.ljust(128, b"\0"))
+    return repaired(image[:128] + block.ljust(128, b"\0"))
+
+
+def detailed(count, *natives):
+    """An image with two detailed timings in the base block and one in each CEA-861 block."""
+    base = IMAGE[:72] + IMAGE[54:72] + b"".join(b"\0\0\0\x10".ljust(18, b"\0") for _ in "ab")
+    timing = IMAGE[54:72]
+    blocks = [bytes([2, 3, 4, native]) + timing * count for native in natives]
+    return repaired(base + bytes([len(blocks), 0]) + b"".join(block.ljust(128, b"\0") for block in blocks))
 
 
 VIDEO = "4f0102031112130414050e0f1d1e1f10"
@@ -79,6 +87,62 @@ class Edits(unittest.TestCase):
                 status, out, error = edit(IMAGE, *arguments.split())
                 self.assertEqual((0, ""), (status, error))
                 self.assertEqual(expected.hex(), out.hex())
+
+    def test_what_an_edit_does_not_name_stays(self):
+        hdmi = "030c001000002d20"  # up to the 3D fields
+        digital = IMAGE[:19] + bytes([4, 0x8F]) + IMAGE[21:]
+        reserved = "23890701"
+        for image, arguments, expected in (
+                (repaired(digital), "--color-depth 10", repaired(digital[:20] + b"\xbf" + digital[21:])),
+                (cea(VIDEO + "68030c0010008f2d00"), "--deep-color 30,48", cea(VIDEO + "68030c001000df2d00")),
+                (cea(VIDEO + "68030c001000ff2d00" * 2), "--deep-color none", cea(VIDEO + "68030c0010008f2d00" * 2)),
+                # Speakers of later editions of the standard, bytes behind the mask, and a second data block.
+                (cea(VIDEO + "8501f0409911" + "83020000"), "--speakers LFE+FLH/FRH",
+                 cea(VIDEO + "8502f1409911" + "83020000")),
+                (cea(VIDEO + reserved), "--audio-add pcm,2ch,32+44.1+48,16 --audio-remove 0", cea(VIDEO + "23090701")),
+                # 3D formats name video codes by their places.
+                (cea("449004051f" "74" + hdmi + "c0280301408005061800" "2677"), "--remove-standard 9",
+                 cea("4390051f" "72" + hdmi + "c0260301404003061677"))):
+            with self.subTest(arguments):
+                status, out, error = edit(image, *arguments.split())
+                self.assertEqual((0, "", expected.hex()), (status, error, out.hex()))
+
+    def test_the_number_of_native_timings_follows(self):
+        for natives, number, expected in (((3, 4), 1, (2, 3)), ((3, 4), 2, (2, 3)), ((3, 4), 3, (3, 3)),
+                                          ((1, 0), 1, (1, 0)), ((0, 15), 2, (0, 14))):
+            for extra in [], ["--remove-detailed", str(number)]:  # done already
+                status, out, error = edit(detailed(1, *natives), "--remove-detailed", str(number), *extra)
+                self.assertEqual((0, "", expected), (status, error, (out[128 + 3], out[256 + 3])), (natives, number))
+        lines = edit(detailed(1, 3, 4), "--remove-detailed", "2", "--dry-run", "--diff")[1].decode()
+        self.assertRegex(lines, r"block 2 offset 0x03: 04 -> 03  .*native")
+
+    def test_damaged_and_named_elsewhere(self):
+        def byte_2(value, data=b""):
+            return repaired(IMAGE[:128] + bytes([2, 3, value, 0]) + data.ljust(124, b"\0"))
+
+        damaged = "block 1 is damaged: "
+        ends = damaged + "its data blocks do not end where its descriptors begin"
+        cut = damaged + "an audio data block is cut within a descriptor"
+        formats = "block 1 has 3D formats for all of its first 16 video codes, or damaged ones"
+        all_3d = "6c030c0010000000" + "20a0020140"
+        code, counted = (" has its video code", " counts it or one behind it")
+        preference = cea("420405e40d058310")
+        for image, arguments, reason in (
+                (cea(VIDEO + AUDIO + "2409070155"), "--audio-remove 0", cut),
+                (cea(VIDEO + AUDIO + "2409070155"), "--audio-add pcm,2ch,48,16", cut),
+                (byte_2(1), "--remove-detailed 1", ends), (byte_2(3), "--speakers FL/FR", ends),
+                (byte_2(3), "--audio-add pcm,2ch,48,16", ends),
+                (byte_2(0), "--audio-add pcm,2ch,48,16", "block 1 says that it holds no data blocks (byte 2 is 0)"),
+                (byte_2(0), "--speakers FL/FR", "block 1 says that it holds no data blocks (byte 2 is 0)"),
+                (cea("51" + "".join("%02x" % i for i in range(1, 18)) + all_3d), "--remove-standard 7", formats),
+                (cea("4410040502" + "6b030c001000000020800118"), "--remove-standard 7", formats),
+                (preference, "--remove-detailed 2", counted), (preference, "--remove-detailed 1", counted),
+                (preference, "--remove-standard 9", code), (cea("420405e20804"), "--remove-standard 8", code)):
+            with self.subTest(arguments):
+                status, out, error = edit(image, *arguments.split())
+                self.assertEqual((1, b"", True), (status, out, error.endswith(reason + "\n")), error)
+        self.assertEqual((0, ""), edit(preference, "--remove-detailed", "3")[::2])
+        self.assertEqual((0, ""), edit(byte_2(4), "--speakers", "FL/FR")[::2])
 
     def test_preferred(self):
         status, out, error = edit(IMAGE, "--preferred", "1280x720@60")

@@ -2,7 +2,7 @@
 // and nothing else, a refusal is no fault of ours, and numbers mean the image as it was read. What an image says is
 // read here through the library's own operations and the bytes, apart from the command's verification.
 //
-// EditEveryTest FILE...
+// EditEveryTest MONITOR FILE...
 
 #include <stdio.h>
 
@@ -13,9 +13,11 @@
 #include <map>
 
 #include "CEdidTestImages.h"
+#include "EdidUtils.h"
 #include "EditImage.h"
 #include "EditVerify.h"
 #include "Messages.h"
+#include "ZorEdidMap.h"
 
 namespace
 {
@@ -89,10 +91,58 @@ void ReadBase(const CEdid& oEdid, CFacts& oFacts)
     }
 }
 
+// Data blocks of a kind that an edit may name are a list by themselves.
+std::string NameKind(const unsigned char* pui8DataBlock)
+{
+    const unsigned int uiTag = pui8DataBlock[0] >> 5;
+    const std::string sStart = Hex(pui8DataBlock + 1, std::min(pui8DataBlock[0] & 0x1FU, 4U));
+    const bool bLong = (pui8DataBlock[0] & 0x1F) >= 8;
+    return uiTag == 1                                                 ? "audio blocks"
+           : uiTag == 2                                               ? "video blocks"
+           : uiTag == 3 && bLong && sStart.starts_with("030c00")      ? "hdmi"
+           : uiTag == 4                                               ? "speaker blocks"
+           : uiTag == 7 && (sStart == "01030c00" || sStart[1] == 'f') ? "hdmi video"
+                                                                      : "other";
+}
+
+// 3D formats behind the video codes that they hold for, as the map of the image resolves them.
+void Read3d(const CBytes& aui8Image, CFacts& oFacts)
+{
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const std::string sName = oMap.GetField(i).m_pszName;
+        CTexts& asFormats = oFacts["3d " + std::to_string(oMap.GetField(i).m_uiOffset / gsc_uiBlockSize)];
+        std::string sFormat;
+        for (unsigned int j = i + 1; j < oMap.GetField(i).m_uiEnd; ++j)
+        {
+            const CZorEdidMap::SField& oField = oMap.GetField(j);
+            const std::string sNumber = std::to_string(oField.m_llNumber);
+            if (sName == "3D_MASK" && oField.m_llNumber != 0)
+            {
+                asFormats.push_back(oField.m_pszName + std::string("|in 3D"));
+            }
+            const bool bOrder = sFormat.empty() && sName == "3D format";
+            const char* pszCode = oField.m_pszMeaning != nullptr ? oField.m_pszMeaning : "unknown";
+            sFormat += bOrder ? pszCode + std::string("|") : sNumber + " ";
+        }
+        if (sName == "3D format" || sName == "3D_Structure_ALL")
+        {
+            asFormats.push_back(sFormat);
+        }
+    }
+}
+
 void ReadCea(CEdidExtBlockCEA861& oCea, const std::string& sBlock, CFacts& oFacts)
 {
     const unsigned char* pui8Data = oCea.GetData();
-    oFacts["header " + sBlock] = { Hex(pui8Data, 2), std::to_string(pui8Data[3] & 0xBF) };
+    oFacts["header " + sBlock] = { Hex(pui8Data, 2), std::to_string(pui8Data[3] & (pui8Data[1] < 2 ? 0xBF : 0xB0)) };
+    oFacts["basic audio " + sBlock] = { std::to_string(pui8Data[3] & 0x40) };
+    if (pui8Data[1] >= 2)
+    {
+        oFacts["natives " + sBlock] = { std::to_string(pui8Data[3] & 0x0F) };
+    }
     for (unsigned int i = 0; i < oCea.GetStandardCount(); ++i)
     {
         CVidParamTimingGeneric oTiming;
@@ -121,17 +171,10 @@ void ReadCea(CEdidExtBlockCEA861& oCea, const std::string& sBlock, CFacts& oFact
     unsigned int uiBits = 0;
     oCea.GetColorBitDepthSupport(uiBits);
     oFacts["deep " + sBlock] = { std::to_string(uiBits) };
-    // Data blocks of kinds that no edit touches.
     const unsigned int uiEnd = pui8Data[1] >= 3 ? pui8Data[2] : 0;
     for (unsigned int i = 4; i < uiEnd && i + (pui8Data[i] & 0x1F) < 127; i += 1U + (pui8Data[i] & 0x1F))
     {
-        const unsigned int uiTag = pui8Data[i] >> 5;
-        const bool bTouched =
-            (uiTag >= 1 && uiTag <= 4) || (uiTag == 7 && (pui8Data[i + 1] == 1 || pui8Data[i + 1] == 15));
-        if (!bTouched)
-        {
-            oFacts["other " + sBlock].push_back(Hex(pui8Data + i, 1U + (pui8Data[i] & 0x1F)));
-        }
+        oFacts[NameKind(pui8Data + i) + " " + sBlock].push_back(Hex(pui8Data + i, 1U + (pui8Data[i] & 0x1F)));
     }
     // Codes, also those without a timing.
     unsigned int uiLength = 0;
@@ -155,6 +198,7 @@ CFacts ReadFacts(const CBytes& aui8Image)
     CEdid oEdid;
     oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
     ReadBase(oEdid, oFacts);
+    Read3d(aui8Image, oFacts);
     for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
     {
         const unsigned char* pui8Block = aui8Image.data() + i * gsc_uiBlockSize;
@@ -187,7 +231,7 @@ SEdit MakeEdit(EEditKind eKind, const std::string& sValue)
             const std::string sProblem = ParseEdit(oOption, sValue, oEdit);
             if (!sProblem.empty())
             {
-                Fail("", oOption.m_pszName + (" " + sValue), sProblem);
+                Fail("", oEdit.m_sText, sProblem);
             }
             return oEdit;
         }
@@ -202,7 +246,7 @@ std::string ApplyAll(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits,
     oImage.Load(aui8Image);
     for (const SEdit& oEdit : aoEdits)
     {
-        const std::string sReason = oImage.Apply(oEdit);
+        std::string sReason = oImage.Apply(oEdit);
         if (!sReason.empty())
         {
             return sReason;
@@ -253,6 +297,21 @@ CRule CodeErased(unsigned int uiNumber)
     };
 }
 
+CRule Becomes(const CTexts& asExpected)
+{
+    return [asExpected](const CTexts&, const CTexts& asAfter) { return asAfter == asExpected; };
+}
+
+// The number of native timings, when one at this place goes.
+CRule LoweredAbove(unsigned int uiPlace)
+{
+    return [uiPlace](const CTexts& asBefore, const CTexts& asAfter) {
+        const unsigned int uiBefore = asBefore.empty() ? 0 : static_cast<unsigned int>(std::stoul(asBefore[0]));
+        return asBefore.empty() ? asAfter.empty()
+                                : asAfter == CTexts{ std::to_string(uiBefore - (uiPlace < uiBefore ? 1 : 0)) };
+    };
+}
+
 bool IsShortened(const CTexts& asBefore, const CTexts& asAfter) // and nothing but
 {
     size_t uiFound = 0;
@@ -261,6 +320,41 @@ bool IsShortened(const CTexts& asBefore, const CTexts& asAfter) // and nothing b
         uiFound += uiFound < asAfter.size() && asAfter[uiFound] == sText ? 1U : 0U;
     }
     return uiFound == asAfter.size();
+}
+
+// Only formats of one code are gone, and all of its.
+bool Is3dOfOneCodeGone(CTexts asBefore, CTexts asAfter)
+{
+    std::sort(asBefore.begin(), asBefore.end());
+    std::sort(asAfter.begin(), asAfter.end());
+    const auto fnCode = [](const std::string& sFormat) { return sFormat.substr(0, sFormat.find('|')); };
+    std::string sGone;
+    size_t uiNext = 0;
+    for (const std::string& sFormat : asBefore)
+    {
+        const bool bKept = uiNext < asAfter.size() && asAfter[uiNext] == sFormat;
+        uiNext += bKept ? 1 : 0;
+        if (!bKept && !sGone.empty() && sGone != fnCode(sFormat))
+        {
+            return false;
+        }
+        sGone = bKept ? sGone : fnCode(sFormat);
+    }
+    return uiNext == asAfter.size() &&
+           std::none_of(asAfter.begin(), asAfter.end(), [&](const std::string& s) { return fnCode(s) == sGone; });
+}
+
+// A mask of 15: its 11 bits are written, the others stay.
+bool AreSpeakersSet(CTexts asBefore, const CTexts& asAfter)
+{
+    if (asBefore.empty())
+    {
+        return asAfter.empty() || asAfter == CTexts{ "830f0000" };
+    }
+    const unsigned int uiRest = static_cast<unsigned int>(std::stoul(asBefore[0].substr(4, 2), nullptr, 16)) & 0xF8U;
+    const unsigned char ui8Rest = static_cast<unsigned char>(uiRest);
+    asBefore[0].replace(2, 4, "0f" + Hex(&ui8Rest, 1));
+    return asBefore == asAfter;
 }
 
 bool IsOneAdded(const CTexts& asBefore, const CTexts& asAfter)
@@ -308,15 +402,10 @@ void Try(const std::string& sImage, const CBytes& aui8Image, const SEdit& oEdit,
     }
 }
 
-void TestImage(const std::string& sImage, const CBytes& aui8Image)
+// The edits whose numbers go through the lists of the blocks. aoRemovals gets those that are done.
+void TryNumbered(const std::string& sImage, const CBytes& aui8Image, const std::vector<SEditedBlock>& aoBlocks,
+                 std::vector<SEdit>& aoRemovals)
 {
-    CEditImage oImage;
-    if (!oImage.Load(aui8Image))
-    {
-        return;
-    }
-    const CFacts oFacts = ReadFacts(aui8Image);
-    std::vector<SEdit> aoRemovals;
     std::map<EEditKind, unsigned int> oNumbers;
     const auto fnRemove = [&](EEditKind eKind, const CNamed& oNamed) {
         const SEdit oEdit = MakeEdit(eKind, std::to_string(oNumbers[eKind]++));
@@ -327,62 +416,107 @@ void TestImage(const std::string& sImage, const CBytes& aui8Image)
             aoRemovals.push_back(oEdit);
         }
     };
-    for (unsigned int i = 0;
-         i < CEdid::msc_uiEstablishedCount && oFacts.contains("established") && i < oFacts.at("established").size();
-         ++i)
+    CFacts oFacts = ReadFacts(aui8Image);
+    for (unsigned int i = 0; i < CEdid::msc_uiEstablishedCount && i < oFacts["established"].size(); ++i)
     {
         fnRemove(eEdit_RemoveEstablished, { { "established", Erased(i) } });
     }
-    CNamed oDeep;
-    CNamed oAudioAdd;
-    CNamed oSpeakers;
-    const std::vector<SEditedBlock>& aoBlocks = oImage.GetBlocks();
+    unsigned int uiPlace = 0; // of a detailed timing among those that are counted for the native ones
     for (size_t i = 0; i < aoBlocks.size(); ++i)
     {
         const std::string sBlock = std::to_string(i);
         for (unsigned int j = 0; j < aoBlocks[i].m_uiStandards; ++j)
         {
-            fnRemove(eEdit_RemoveStandard, { { "standard " + sBlock, i == 0 ? Erased(j) : CodeErased(j) },
-                                             { "codes " + sBlock, IsShortened } });
+            CNamed oNamed = { { "standard " + sBlock, Erased(j) } };
+            if (i != 0)
+            {
+                oNamed = { { "standard " + sBlock, CodeErased(j) }, { "codes " + sBlock, IsShortened },
+                           { "video blocks " + sBlock, IsAny },     { "hdmi " + sBlock, IsAny },
+                           { "hdmi video " + sBlock, IsAny },       { "3d " + sBlock, Is3dOfOneCodeGone } };
+            }
+            fnRemove(eEdit_RemoveStandard, oNamed);
         }
         for (unsigned int j = 0; j < aoBlocks[i].m_uiDetaileds; ++j)
         {
-            fnRemove(eEdit_RemoveDetailed,
-                     { { "detailed " + sBlock, Erased(j) },
-                       { "image sizes", i == 0 ? CRule(IsShortened) : CRule(std::equal_to<CTexts>()) } });
+            CNamed oNamed = { { "detailed " + sBlock, Erased(j) },
+                              { "image sizes", i == 0 ? CRule(IsShortened) : CRule(std::equal_to<CTexts>()) } };
+            for (size_t k = 1; k < aoBlocks.size(); ++k)
+            {
+                oNamed["natives " + std::to_string(k)] = LoweredAbove(uiPlace);
+            }
+            fnRemove(eEdit_RemoveDetailed, oNamed);
+            uiPlace += i == 0 || oFacts.contains("header " + sBlock) ? 1U : 0U;
         }
         for (unsigned int j = 0; j < aoBlocks[i].m_uiAudios; ++j)
         {
             const std::string sSet = std::to_string(oNumbers[eEdit_AudioRemove]) + "=";
+            const std::string sBlocks = "audio blocks " + sBlock;
             Try(sImage, aui8Image, MakeEdit(eEdit_AudioSet, sSet + "dts,6ch,48+96,1536kbps"),
-                { { "audio " + sBlock, Replaced(j) } });
-            fnRemove(eEdit_AudioRemove, { { "audio " + sBlock, Erased(j) } });
+                { { "audio " + sBlock, Replaced(j) }, { sBlocks, IsAny } });
+            fnRemove(eEdit_AudioRemove,
+                     { { "audio " + sBlock, Erased(j) }, { sBlocks, IsAny }, { "basic audio " + sBlock, IsAny } });
         }
-        oDeep["deep " + sBlock] = IsAny;
-        oSpeakers["speakers " + sBlock] = [](const CTexts& asBefore, const CTexts& asAfter) {
-            return asBefore == asAfter || asAfter[0] == "15";
+    }
+}
+
+void TryValues(const std::string& sImage, const CBytes& aui8Image, EEditKind eKind,
+               const std::vector<std::string>& asValues, const CNamed& oNamed)
+{
+    for (const std::string& sValue : asValues)
+    {
+        Try(sImage, aui8Image, MakeEdit(eKind, sValue), oNamed);
+    }
+}
+
+// The edits that find their place themselves.
+void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBlocks)
+{
+    CFacts oFacts = ReadFacts(aui8Image);
+    std::map<std::string, CNamed> oDeep;
+    CNamed oAudioAdd;
+    CNamed oSpeakers;
+    CNamed oNoSpeakers;
+    for (size_t i = 0; i < uiBlocks; ++i)
+    {
+        const std::string sBlock = std::to_string(i);
+        for (const auto& [sValue, sBits] : CFacts{ { "none", { "0" } }, { "30", { "1" } }, { "30,36,48", { "7" } } })
+        {
+            const bool bHdmi = !oFacts["hdmi " + sBlock].empty();
+            oDeep[sValue]["deep " + sBlock] = Becomes(bHdmi ? sBits : oFacts["deep " + sBlock]);
+            oDeep[sValue]["hdmi " + sBlock] = IsAny;
+        }
+        oSpeakers["speaker blocks " + sBlock] = [](const CTexts& asBefore, const CTexts& asAfter) {
+            return asBefore == asAfter || AreSpeakersSet(asBefore, asAfter);
         };
+        oNoSpeakers["speaker blocks " + sBlock] = Becomes({});
         oAudioAdd["audio " + sBlock] = [](const CTexts& asBefore, const CTexts& asAfter) {
             return asBefore == asAfter || IsOneAdded(asBefore, asAfter);
         };
+        oAudioAdd["audio blocks " + sBlock] = IsAny;
+        for (CNamed* poNamed : { &oSpeakers, &oNoSpeakers, &oAudioAdd })
+        {
+            (*poNamed)["basic audio " + sBlock] = IsAny;
+        }
+        oSpeakers["speakers " + sBlock] = oNoSpeakers["speakers " + sBlock] = IsAny;
     }
-    for (const char* pszValue : { "none", "30", "30,36,48" })
+    for (const auto& [sValue, oNamed] : oDeep)
     {
-        Try(sImage, aui8Image, MakeEdit(eEdit_DeepColor, pszValue), oDeep);
+        TryValues(sImage, aui8Image, eEdit_DeepColor, { sValue }, oNamed);
     }
-    for (const char* pszValue : { "pcm,8ch,32+44.1+48+192,16+24", "ac3,6ch,48,640kbps" })
-    {
-        Try(sImage, aui8Image, MakeEdit(eEdit_AudioAdd, pszValue), oAudioAdd);
-    }
-    Try(sImage, aui8Image, MakeEdit(eEdit_Speakers, "FL/FR+LFE+FC+RL/RR"), oSpeakers);
-    Try(sImage, aui8Image, MakeEdit(eEdit_Serial, "0x01020304"), { { "serial", IsAny } });
-    Try(sImage, aui8Image, MakeEdit(eEdit_ColorDepth, "12"), { { "input", IsAny } });
-    for (const char* pszValue : { "1280x720@60", "1920x1200@60,dmt-rb", "3840x2160@30", "1024x768@75,gtf" })
-    {
-        Try(sImage, aui8Image, MakeEdit(eEdit_Preferred, pszValue), { { "detailed 0", Replaced(0) } });
-    }
+    TryValues(sImage, aui8Image, eEdit_AudioAdd, { "pcm,8ch,32+44.1+48+192,16+24", "ac3,6ch,48,640kbps" }, oAudioAdd);
+    TryValues(sImage, aui8Image, eEdit_Speakers, { "FL/FR+LFE+FC+RL/RR" }, oSpeakers);
+    TryValues(sImage, aui8Image, eEdit_Speakers, { "none" }, oNoSpeakers);
+    TryValues(sImage, aui8Image, eEdit_Serial, { "0x01020304" }, { { "serial", Becomes({ "04030201" }) } });
+    const unsigned char ui8Input = static_cast<unsigned char>((aui8Image[20] & 0x8F) | 0x40);
+    TryValues(sImage, aui8Image, eEdit_ColorDepth, { "12" }, { { "input", Becomes({ Hex(&ui8Input, 1) }) } });
+    TryValues(sImage, aui8Image, eEdit_Preferred,
+              { "1280x720@60", "1920x1200@60,dmt-rb", "3840x2160@30", "1024x768@75,gtf" },
+              { { "detailed 0", Replaced(0) } });
+}
 
-    // Numbers mean the image as it was read: no order of removals makes a difference, and none needs doing twice.
+// Numbers mean the image as it was read: no order of removals makes a difference, and none needs doing twice.
+void TryOrders(const std::string& sImage, const CBytes& aui8Image, const std::vector<SEdit>& aoRemovals)
+{
     std::vector<SEdit> aoReversed(aoRemovals.rbegin(), aoRemovals.rend());
     std::vector<SEdit> aoMixed = aoRemovals;
     for (size_t i = 0; i < aoMixed.size(); ++i)
@@ -402,6 +536,110 @@ void TestImage(const std::string& sImage, const CBytes& aui8Image)
         }
     }
 }
+
+void TestImage(const std::string& sImage, const CBytes& aui8Image)
+{
+    CEditImage oImage;
+    if (!oImage.Load(aui8Image))
+    {
+        return;
+    }
+    std::vector<SEdit> aoRemovals;
+    TryNumbered(sImage, aui8Image, oImage.GetBlocks(), aoRemovals);
+    TryOthers(sImage, aui8Image, oImage.GetBlocks().size());
+    TryOrders(sImage, aui8Image, aoRemovals);
+}
+
+// ---- The verification ----
+
+void Repair(CBytes& aui8Image)
+{
+    for (size_t i = 0; i < aui8Image.size(); i += gsc_uiBlockSize)
+    {
+        CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Image.data() + i);
+    }
+}
+
+// The image as one of EDID 1.4 with data blocks of all kinds, ahead of two detailed timings that are called native, and
+// with a block that the library does not read.
+CBytes MakeFullImage(const CBytes& aui8Monitor)
+{
+    const CBytes aui8DataBlocks = {
+        0x44, 0x90, 0x04, 0x05, 0x1F,                                        // video
+        0x26, 0x89, 0x07, 0x07, 0x15, 0x07, 0x50, 0x23, 0x0F, 0x7F, 0x07,    // audio
+        0x84, 0x01, 0xF8, 0x40, 0x99, 0x83, 0x02, 0x00, 0x00,                // speakers
+        0x74, 0x03, 0x0C, 0x00, 0x10, 0x00, 0xB8, 0x2D, 0x20, 0xC0, 0x28, 3, // HDMI with a code and 3D formats
+        0x01, 0x40, 0x80, 0x05, 0x06, 0x18, 0x00, 0x26, 0x77, 0x65, 0xD8, 0x5D, 0xC4, 0x01, 0x02, // another vendor
+        0xE3, 0x0F, 0x05, 0x00, 0xE2, 0x00, 0x0F,
+    };
+    CBytes aui8Image = aui8Monitor;
+    aui8Image.resize(2 * gsc_uiBlockSize);
+    aui8Image[19] = 4;
+    aui8Image[20] = 0xA5;
+    aui8Image[126] = 2;
+    unsigned char* pui8Cea = aui8Image.data() + gsc_uiBlockSize;
+    const CBytes aui8Detaileds(pui8Cea + pui8Cea[2], pui8Cea + pui8Cea[2] + 2 * gsc_uiDetailedSize);
+    std::fill(pui8Cea + 4, pui8Cea + gsc_uiBlockSize, static_cast<unsigned char>(0));
+    pui8Cea[2] = static_cast<unsigned char>(4 + aui8DataBlocks.size());
+    pui8Cea[3] = 0x7F;
+    std::copy(aui8DataBlocks.begin(), aui8DataBlocks.end(), pui8Cea + 4);
+    std::copy(aui8Detaileds.begin(), aui8Detaileds.end(), pui8Cea + pui8Cea[2]);
+    aui8Image.resize(3 * gsc_uiBlockSize, 0x10);
+    Repair(aui8Image);
+    return aui8Image;
+}
+
+// A bit of the edited image, turned over with a right checksum behind it, is a fault: every third one is tried.
+void TestVerification(const CBytes& aui8Image, const SEdit& oEdit)
+{
+    CEditImage oImage;
+    oImage.Load(aui8Image);
+    const std::string sReason = oImage.Apply(oEdit);
+    const CBytes aui8Edited = oImage.GetBytes();
+    if (!sReason.empty() || !VerifyEdits(aui8Image, aui8Edited, oImage.GetBlocks()).empty())
+    {
+        Fail("full image", oEdit.m_sText, "it must be done: " + sReason);
+    }
+    for (size_t uiBit = 0; uiBit < 8 * aui8Edited.size(); uiBit += 3)
+    {
+        CBytes aui8Foreign = aui8Edited;
+        aui8Foreign[uiBit / 8] ^= static_cast<unsigned char>(1U << (uiBit % 8));
+        if (uiBit / 8 % gsc_uiBlockSize != gsc_uiBlockSize - 1)
+        {
+            Repair(aui8Foreign);
+        }
+        if (VerifyEdits(aui8Image, aui8Foreign, oImage.GetBlocks()).empty())
+        {
+            char szPlace[80];
+            snprintf(szPlace, sizeof(szPlace), "bit %zu of byte %zu of block %zu is not watched", uiBit % 8,
+                     uiBit / 8 % gsc_uiBlockSize, uiBit / 8 / gsc_uiBlockSize);
+            Fail("full image", oEdit.m_sText, szPlace);
+        }
+    }
+}
+
+void TestVerifications(const CBytes& aui8Monitor)
+{
+    const CBytes aui8Image = MakeFullImage(aui8Monitor);
+    for (const auto& [eKind, pszValue] :
+         std::initializer_list<std::pair<EEditKind, const char*>>{ { eEdit_Serial, "5" },
+                                                                   { eEdit_RemoveEstablished, "1" },
+                                                                   { eEdit_RemoveStandard, "0" },
+                                                                   { eEdit_RemoveStandard, "9" },
+                                                                   { eEdit_RemoveDetailed, "1" },
+                                                                   { eEdit_Preferred, "1280x720@60" },
+                                                                   { eEdit_ColorDepth, "10" },
+                                                                   { eEdit_DeepColor, "30,48" },
+                                                                   { eEdit_AudioAdd, "ac3,6ch,48,640kbps" },
+                                                                   { eEdit_AudioSet, "1=dts,6ch,48+96,1536kbps" },
+                                                                   { eEdit_AudioRemove, "0" },
+                                                                   { eEdit_Speakers, "LFE+FLH/FRH" },
+                                                                   { eEdit_Speakers, "none" },
+                                                                   { eEdit_RepairChecksums, "" } })
+    {
+        TestVerification(aui8Image, MakeEdit(eKind, pszValue));
+    }
+}
 } // namespace
 
 int main(int iCount, char** ppszArguments)
@@ -414,7 +652,12 @@ int main(int iCount, char** ppszArguments)
     for (int i = 1; i < iCount; ++i)
     {
         std::ifstream oFile(ppszArguments[i], std::ios::binary);
-        TestImage(ppszArguments[i], CBytes(std::istreambuf_iterator<char>(oFile), {}));
+        const CBytes aui8Image(std::istreambuf_iterator<char>(oFile), {});
+        TestImage(ppszArguments[i], aui8Image);
+        if (i == 1)
+        {
+            TestVerifications(aui8Image);
+        }
     }
     unsigned int uiRefused = 0;
     for (const auto& [sReason, uiCount] : g_oRefusals)

@@ -137,11 +137,8 @@ void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
 
 void AddEditCommand(CLI::App& oApp, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand(
-        "edit", "Edit an image. Edits are done in the order given; all numbers mean the image as it was read, as "
-                "'zoredid modes' prints them. A removal that an earlier edit has done already is good. When one edit "
-                "is refused, nothing is written. An edit changes nothing that it does not name: the result is read "
-                "again and compared before it is written.");
+    CLI::App* poCommand =
+        oApp.add_subcommand("edit", "Edit an image: timings, preferred mode, serial number, audio, speakers, colours");
     const auto poArguments = std::make_shared<SEditCommand>();
     poCommand->add_option("FILE", poArguments->m_sFile, "Image")->required();
     poCommand->add_option("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
@@ -172,6 +169,12 @@ void AddEditCommand(CLI::App& oApp, STool& oTool)
         poArguments->m_oOptions[poOption] = &oOption;
     }
     poCommand->footer(
-        "Example: zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
+        "Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
+        "prints them. A removal that an earlier edit has done already is good. When one edit is refused,\n"
+        "nothing is written. An edit changes nothing that it does not name: the result is read again and\n"
+        "compared before it is written.\n"
+        "\n"
+        "Example:\n"
+        "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
     poCommand->callback([poCommand, poArguments, &oTool] { Run(*poCommand, *poArguments, oTool); });
 }

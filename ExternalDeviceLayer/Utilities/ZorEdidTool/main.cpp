@@ -120,7 +120,15 @@ void DeclareOptions(CLI::App& oApp, STool& oTool)
     oApp.add_flag("-v,--verbose", oTool.m_bVerbose,
                   "Say on standard error what inputs were taken for, and what the library says about them");
     oApp.add_option_function<std::string>("--sysfs", SetConnectorFolder, "The folder of the connectors")->group("");
-    oApp.footer("Exit status: 0 good, 1 differences or findings, 2 wrong command line, 3 an input that cannot be read\n"
+    // Sections of the man page come from here, by scripts/make-man.
+    oApp.footer("Exit status:\n"
+                "  0  good\n"
+                "  1  compare: different. check: errors or warnings. edit: refused. timing: there is none.\n"
+                "     explain: no such byte, block or text.\n"
+                "  2  the command line is wrong\n"
+                "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are\n"
+                "     still done\n"
+                "\n"
                 "Example: zoredid report monitor.bin");
     for (void (*pfnAdd)(CLI::App&, STool&) : gsc_apfnAddCommand)
     {

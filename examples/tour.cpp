@@ -17,6 +17,8 @@ int main(int iCount, char** ppszArguments) // the path of a .bin or .dat file, a
     for (unsigned int i = 0; oEdid.GetStandard(i, &oTiming, nullptr) != 0; ++i)
         printf("standard %u: %u x %u%c at %u Hz\n", i, oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
                oTiming.IsInterlaced() != 0 ? 'i' : 'p', oTiming.GetVerticalRateInHz());
+    if (fflush(stdout) != 0 || ferror(stdout) != 0)
+        return 1;
 
     // Edit. A refusal changes nothing; a success leaves the checksums right.
     if (oEdid.RemoveStandardKeepingDescriptors(18) == 0)

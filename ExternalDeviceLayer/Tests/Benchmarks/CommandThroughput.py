@@ -3,8 +3,8 @@
 
     CommandThroughput.py ZOREDID FILE_OR_FOLDER [COUNT]
 
-The image, or all `.bin` images of the folder, are given again and again until there are COUNT of them (100,000 without the
-argument), and a tenth of COUNT for the memory of few. Reads the names from a pipe, and writes the results to a pipe
+The image, or all `.bin` images of the folder, are given again and again until there are COUNT of them (100,000 without
+the argument), and a tenth of COUNT for the memory of few. Reads the names from a pipe, and writes the results to a pipe
 which is emptied at once. Times and memory are those of the command's process alone.
 """
 import os
@@ -15,33 +15,54 @@ import threading
 import time
 
 
+def read_peak(process):
+    """The most memory that was resident so far, in MiB; 0 when the process has ended.
+
+    VmHWM starts anew at exec. The peak that wait4 gives does not: it is at least that of the process that has forked.
+    """
+    with open(f"/proc/{process.pid}/status", encoding="ascii") as status:
+        return next((int(line.split()[1]) / 1024 for line in status if line.startswith("VmHWM:")), 0)
+
+
 def run(command, names):
-    """Seconds, and the most memory that was resident, in MB."""
-    child = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-
-    def feed():
-        child.stdin.write(names)
-        child.stdin.close()
-
+    """Seconds and peak memory."""
     begin = time.perf_counter()
-    feeder = threading.Thread(target=feed)
-    feeder.start()
-    while child.stdout.read(1 << 20):
-        pass
-    feeder.join()
-    _, status, usage = os.wait4(child.pid, 0)
-    seconds = time.perf_counter() - begin
-    child.returncode = os.waitstatus_to_exitcode(status)
+    with subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as child:
+        def feed():
+            with child.stdin:
+                child.stdin.write(names)
+
+        def drain():
+            while child.stdout.read(1 << 20):
+                pass
+
+        helpers = [threading.Thread(target=feed), threading.Thread(target=drain)]
+        for helper in helpers:
+            helper.start()
+        peak = 0
+        while now := read_peak(child):  # until the process is a zombie
+            peak = now
+            time.sleep(0.001)
+        for helper in helpers:
+            helper.join()
+        child.wait()
+        seconds = time.perf_counter() - begin
     if child.returncode not in (0, 1, 3):  # 1: findings of weight; 3: images that do not load
         sys.exit(f"{' '.join(command)}: exit status {child.returncode}")
-    return seconds, usage.ru_maxrss / 1024
+    return seconds, peak
 
 
 def main():
-    zoredid, source = sys.argv[1], pathlib.Path(sys.argv[2])
-    count = int(sys.argv[3]) if len(sys.argv) > 3 else 100_000
+    words = sys.argv[1:]
+    count = 100_000 if len(words) == 2 else int(words[2]) if len(words) == 3 and words[2].isdecimal() else 0
+    if count < 10:
+        print("usage: CommandThroughput.py ZOREDID FILE_OR_FOLDER [COUNT]    COUNT is at least 10", file=sys.stderr)
+        sys.exit(2)
+    zoredid, source = words[0], pathlib.Path(words[1])
     files = sorted(map(str, source.glob("*.bin"))) if source.is_dir() else [str(source)]
-    print(f"{'command':24} {'threads':>7} {'images':>8} {'images/s':>10} {'peak MB':>8}")
+    if not files:
+        sys.exit(f"{source}: no .bin image in this folder")
+    print(f"{'command':24} {'threads':>7} {'images':>8} {'images/s':>10} {'peak MiB':>8}")
     for words in (["report", "--jsonl"], ["check"]):
         for threads in sorted({1, os.cpu_count()}):
             for images in (count // 10, count):

@@ -84,6 +84,7 @@ bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned ch
     const int iStep = static_cast<int>(uiBlockBytes + msc_uiBlockSize);
     oMap.m_aoEntries.SetSize(0, iStep);
     oMap.m_aoPieces.SetSize(0, iStep);
+    oMap.m_aoNotes.SetSize(0, iStep); // of 256 blocks with a note a byte: three quarters of the time else
     oMap.m_auiLeaves.SetCount(uiBlockBytes * gsc_uiBits, -1);
 
     oMap.m_uiRevision = uiSize > gsc_uiRevisionOffset ? pui8Data[gsc_uiRevisionOffset] : 0;

@@ -282,18 +282,19 @@ void RemoveHdmiCodes(CBytes& aui8Payload, size_t uiTagSize, const CNumbers& oGon
 // A capability map without the bits of the codes that are gone; those behind move down, and zeros fill the end.
 void RemoveMapBits(CBytes& aui8Map, const std::vector<unsigned int>& auiVics, const CNumbers& oGone)
 {
-    const CBytes aui8Read = aui8Map;
-    std::fill(aui8Map.begin() + 1, aui8Map.end(), static_cast<unsigned char>(0)); // behind the extended tag
+    CBytes aui8Kept(aui8Map.size());
+    aui8Kept[0] = aui8Map[0]; // the extended tag
     unsigned int uiTo = 8;
     for (unsigned int uiFrom = 8; uiFrom < 8 * aui8Map.size(); ++uiFrom)
     {
         if (uiFrom - 8 >= auiVics.size() || !oGone.contains(auiVics[uiFrom - 8]))
         {
-            const unsigned int uiBit = (aui8Read[uiFrom / 8] >> (uiFrom % 8)) & 1U;
-            aui8Map[uiTo / 8] |= static_cast<unsigned char>(uiBit << (uiTo % 8));
+            const unsigned int uiBit = (aui8Map[uiFrom / 8] >> (uiFrom % 8)) & 1U;
+            aui8Kept[uiTo / 8] |= static_cast<unsigned char>(uiBit << (uiTo % 8));
             ++uiTo;
         }
     }
+    aui8Map = aui8Kept;
 }
 
 // The payload of a data block as the edits must have left it, but for 3D formats: oGone are the codes that went.

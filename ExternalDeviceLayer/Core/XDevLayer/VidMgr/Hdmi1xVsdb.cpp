@@ -67,10 +67,14 @@ bool Find3dFields(unsigned int uiLength, const unsigned char* pui8Payload, S3dFi
 {
     oFields = {};
     const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(uiLength, pui8Payload);
+    if (oVics.m_uiVideoOffset == 0)
+    {
+        return true;
+    }
     const unsigned char* pui8Video = pui8Payload + oVics.m_uiVideoOffset;
     const unsigned int uiStart = oVics.m_uiVicsOffset + gsc_oVicCount.Read(pui8Video);
     const unsigned int uiSize = gsc_o3dLength.Read(pui8Video);
-    if (oVics.m_uiVideoOffset == 0 || uiStart >= uiLength || uiSize == 0)
+    if (uiStart >= uiLength || uiSize == 0)
     {
         return true;
     }
@@ -206,7 +210,7 @@ int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
         const unsigned int uiBehind = oVics.m_uiCount - i - 1;
         ZorTools_memmove(pui8Vic, pui8Vic + 1, uiBehind);
         pui8Vic[uiBehind] = 0;
-        gsc_oVicCount.Write(m_pui8Video, oVics.m_uiCount - 1);
+        gsc_oVicCount.Write(m_pui8Payload + oVics.m_uiVideoOffset, oVics.m_uiCount - 1);
         ExtractTimings();
         return 1;
     }

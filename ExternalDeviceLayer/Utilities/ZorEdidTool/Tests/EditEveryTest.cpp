@@ -402,6 +402,34 @@ void Try(const std::string& sImage, const CBytes& aui8Image, const SEdit& oEdit,
     }
 }
 
+// What the removal of a timing by its number in its block names.
+CNamed NameStandard(size_t uiBlock, unsigned int uiNumber)
+{
+    const std::string sBlock = std::to_string(uiBlock);
+    if (uiBlock == 0)
+    {
+        return { { "standard " + sBlock, Erased(uiNumber) } };
+    }
+    return { { "standard " + sBlock, CodeErased(uiNumber) },
+             { "codes " + sBlock, IsShortened },
+             { "video blocks " + sBlock, IsAny },
+             { "hdmi " + sBlock, IsAny },
+             { "hdmi video " + sBlock, IsAny },
+             { "3d " + sBlock, Is3dOfOneCodeGone } };
+}
+
+// uiPlace is that among the detailed timings that are counted for the native ones.
+CNamed NameDetailed(size_t uiBlock, unsigned int uiNumber, unsigned int uiPlace, size_t uiBlocks)
+{
+    CNamed oNamed = { { "detailed " + std::to_string(uiBlock), Erased(uiNumber) },
+                      { "image sizes", uiBlock == 0 ? CRule(IsShortened) : CRule(std::equal_to<CTexts>()) } };
+    for (size_t i = 1; i < uiBlocks; ++i)
+    {
+        oNamed["natives " + std::to_string(i)] = LoweredAbove(uiPlace);
+    }
+    return oNamed;
+}
+
 // The edits whose numbers go through the lists of the blocks. aoRemovals gets those that are done.
 void TryNumbered(const std::string& sImage, const CBytes& aui8Image, const std::vector<SEditedBlock>& aoBlocks,
                  std::vector<SEdit>& aoRemovals)
@@ -421,30 +449,17 @@ void TryNumbered(const std::string& sImage, const CBytes& aui8Image, const std::
     {
         fnRemove(eEdit_RemoveEstablished, { { "established", Erased(i) } });
     }
-    unsigned int uiPlace = 0; // of a detailed timing among those that are counted for the native ones
+    unsigned int uiPlace = 0; // of a detailed timing, see NameDetailed
     for (size_t i = 0; i < aoBlocks.size(); ++i)
     {
         const std::string sBlock = std::to_string(i);
         for (unsigned int j = 0; j < aoBlocks[i].m_uiStandards; ++j)
         {
-            CNamed oNamed = { { "standard " + sBlock, Erased(j) } };
-            if (i != 0)
-            {
-                oNamed = { { "standard " + sBlock, CodeErased(j) }, { "codes " + sBlock, IsShortened },
-                           { "video blocks " + sBlock, IsAny },     { "hdmi " + sBlock, IsAny },
-                           { "hdmi video " + sBlock, IsAny },       { "3d " + sBlock, Is3dOfOneCodeGone } };
-            }
-            fnRemove(eEdit_RemoveStandard, oNamed);
+            fnRemove(eEdit_RemoveStandard, NameStandard(i, j));
         }
         for (unsigned int j = 0; j < aoBlocks[i].m_uiDetaileds; ++j)
         {
-            CNamed oNamed = { { "detailed " + sBlock, Erased(j) },
-                              { "image sizes", i == 0 ? CRule(IsShortened) : CRule(std::equal_to<CTexts>()) } };
-            for (size_t k = 1; k < aoBlocks.size(); ++k)
-            {
-                oNamed["natives " + std::to_string(k)] = LoweredAbove(uiPlace);
-            }
-            fnRemove(eEdit_RemoveDetailed, oNamed);
+            fnRemove(eEdit_RemoveDetailed, NameDetailed(i, j, uiPlace, aoBlocks.size()));
             uiPlace += i == 0 || oFacts.contains("header " + sBlock) ? 1U : 0U;
         }
         for (unsigned int j = 0; j < aoBlocks[i].m_uiAudios; ++j)
@@ -532,7 +547,9 @@ void TryOrders(const std::string& sImage, const CBytes& aui8Image, const std::ve
         const std::string sReason = ApplyAll(aui8Image, aoOrder, aui8Edited);
         if (!sReason.empty() || !sFirst.empty() || aui8Edited != aui8First)
         {
-            Fail(sImage, "all removals", sFirst + "; " + sReason + "; the order makes a difference");
+            std::string sWhat = "the order makes a difference; ";
+            sWhat.append(sFirst).append("; ").append(sReason);
+            Fail(sImage, "all removals", sWhat);
         }
     }
 }

@@ -5,10 +5,12 @@
 
 The image, or all `.bin` images of the folder, are given again and again until there are COUNT of them (100,000 without
 the argument), and a tenth of COUNT for the memory of few. Reads the names from a pipe, and writes the results to a pipe
-which is emptied at once. Times and memory are those of the command's process alone.
+which is emptied at once. Memory and processor time (that of all threads and of the system for them) are those of the
+command's process alone. On a machine with other work only the processor time says something.
 """
 import os
 import pathlib
+import resource
 import subprocess
 import sys
 import threading
@@ -25,7 +27,8 @@ def read_peak(process):
 
 
 def run(command, names):
-    """Seconds and peak memory."""
+    """Seconds, seconds of processor time, and peak memory."""
+    before = resource.getrusage(resource.RUSAGE_CHILDREN)
     begin = time.perf_counter()
     with subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as child:
         def feed():
@@ -49,27 +52,29 @@ def run(command, names):
         seconds = time.perf_counter() - begin
     if child.returncode not in (0, 1, 3):  # 1: findings of weight; 3: images that do not load
         sys.exit(f"{' '.join(command)}: exit status {child.returncode}")
-    return seconds, peak
+    after = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return seconds, after.ru_utime - before.ru_utime + after.ru_stime - before.ru_stime, peak
 
 
 def main():
-    words = sys.argv[1:]
-    count = 100_000 if len(words) == 2 else int(words[2]) if len(words) == 3 and words[2].isdecimal() else 0
+    given = sys.argv[1:]
+    count = 100_000 if len(given) == 2 else int(given[2]) if len(given) == 3 and given[2].isdecimal() else 0
     if count < 10:
         print("usage: CommandThroughput.py ZOREDID FILE_OR_FOLDER [COUNT]    COUNT is at least 10", file=sys.stderr)
         sys.exit(2)
-    zoredid, source = words[0], pathlib.Path(words[1])
+    zoredid, source = given[0], pathlib.Path(given[1])
     files = sorted(map(str, source.glob("*.bin"))) if source.is_dir() else [str(source)]
     if not files:
         sys.exit(f"{source}: no .bin image in this folder")
-    print(f"{'command':24} {'threads':>7} {'images':>8} {'images/s':>10} {'peak MiB':>8}")
+    print(f"{'command':24} {'threads':>7} {'images':>8} {'images/s':>10} {'us/image':>8} {'peak MiB':>8}")
     for words in (["report", "--jsonl"], ["check"]):
         for threads in sorted({1, os.cpu_count()}):
             for images in (count // 10, count):
                 names = "".join(files[i % len(files)] + "\n" for i in range(images)).encode()
                 command = [zoredid, *words, "-j", str(threads), "--files-from", "-"]
-                seconds, peak = run(command, names)
-                print(f"{' '.join(words):24} {threads:7} {images:8} {images / seconds:10.0f} {peak:8.1f}", flush=True)
+                seconds, processor, peak = run(command, names)
+                print(f"{' '.join(words):24} {threads:7} {images:8} {images / seconds:10.0f} "
+                      f"{processor / images * 1e6:8.0f} {peak:8.1f}", flush=True)
 
 
 main()

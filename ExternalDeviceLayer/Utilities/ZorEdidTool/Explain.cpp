@@ -66,8 +66,15 @@ bool HasText(const std::string& sText, const std::string& sPart)
 bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    return HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
-           (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
+    bool bFound = HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
+                  HasText(GetCodeText(oField), sPart) || HasText(GetTimingNumber(oField), sPart) ||
+                  (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
+    for (unsigned int i = FindNotes(oMap, uiField); i < oMap.GetNoteCount() && oMap.GetNote(i).m_uiField == uiField;
+         ++i)
+    {
+        bFound = bFound || HasText(GetNoteText(oMap.GetNote(i)), sPart);
+    }
+    return bFound;
 }
 
 struct SAsked
@@ -134,7 +141,7 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
         std::erase_if(oAsked.m_auiFields,
                       [&](unsigned int uiField) { return !Matches(oMap, uiField, oOptions.m_sFind); });
         oAsked.m_sProblem =
-            oAsked.m_auiFields.empty() ? "has no field with this name or value: " + oOptions.m_sFind : "";
+            oAsked.m_auiFields.empty() ? "has no field with this text: " + ShowName(oOptions.m_sFind) : "";
     }
     return oAsked;
 }
@@ -314,7 +321,7 @@ private:
         }
         if (oField.m_uiTiming != gsc_uiNone)
         {
-            sLine += FormatText("  (%s %u)", GetTimingListName(oField.m_eList), oField.m_uiTiming);
+            sLine += "  (" + GetTimingNumber(oField) + ")";
         }
         AppendNotes(sLine, uiField);
         AddLine(sLine);
@@ -326,22 +333,14 @@ private:
         }
     }
 
-    // Notes stand in the order of their fields.
     void AppendNotes(std::string& sLine, unsigned int uiField) const
     {
-        unsigned int uiNote = 0;
-        for (unsigned int uiEnd = m_oMap.GetNoteCount(); uiNote < uiEnd;)
-        {
-            const unsigned int uiMiddle = uiNote + (uiEnd - uiNote) / 2;
-            const bool bAhead = m_oMap.GetNote(uiMiddle).m_uiField < uiField;
-            (bAhead ? uiNote : uiEnd) = uiMiddle + (bAhead ? 1 : 0);
-        }
-        for (; uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(uiNote).m_uiField == uiField; ++uiNote)
+        for (unsigned int uiNote = FindNotes(m_oMap, uiField);
+             uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(uiNote).m_uiField == uiField; ++uiNote)
         {
             const CZorEdidMap::SNote& oNote = m_oMap.GetNote(uiNote);
             sLine += "  ";
-            AppendPainted(sLine, gsc_apszNoteColours[oNote.m_eSeverity],
-                          std::string("! ") + GetNoteName(oNote.m_eSeverity) + ": " + oNote.m_pszText);
+            AppendPainted(sLine, gsc_apszNoteColours[oNote.m_eSeverity], "! " + GetNoteText(oNote));
         }
     }
 
@@ -436,7 +435,9 @@ void AddExplainCommand(CLI::App& oApp, STool& oTool)
                                   "the block")
                             ->type_name("OFFSET");
     CLI::Option* poFind =
-        poCommand->add_option("--find", poOptions->m_sFind, "Where a name or a value has this text, in either case")
+        poCommand
+            ->add_option("--find", poOptions->m_sFind,
+                         "Where a name, a value, a note or a timing's list and number has this text, in either case")
             ->type_name("TEXT")
             ->check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
     poAt->excludes(poFind);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string_view>
 
 #include "Timings.h"
 
@@ -203,4 +204,35 @@ const char* GetTimingListName(CZorEdidMap::EList eList)
     default:
         return GetListName(eTimingList_Detailed);
     }
+}
+
+std::string GetTimingNumber(const CZorEdidMap::SField& oField)
+{
+    return oField.m_uiTiming == CZorEdidMap::msc_uiNone
+               ? ""
+               : std::string(GetTimingListName(oField.m_eList)) + " " + std::to_string(oField.m_uiTiming);
+}
+
+std::string GetCodeText(const CZorEdidMap::SField& oField)
+{
+    return std::string_view("Video identification code") == oField.m_pszName
+               ? "VIC " + std::to_string(oField.m_llNumber)
+               : "";
+}
+
+unsigned int FindNotes(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    unsigned int uiNote = 0;
+    for (unsigned int uiEnd = oMap.GetNoteCount(); uiNote < uiEnd;)
+    {
+        const unsigned int uiMiddle = uiNote + (uiEnd - uiNote) / 2;
+        const bool bAhead = oMap.GetNote(uiMiddle).m_uiField < uiField;
+        (bAhead ? uiNote : uiEnd) = uiMiddle + (bAhead ? 1 : 0);
+    }
+    return uiNote;
+}
+
+std::string GetNoteText(const CZorEdidMap::SNote& oNote)
+{
+    return std::string(GetNoteName(oNote.m_eSeverity)) + ": " + oNote.m_pszText;
 }

@@ -45,3 +45,11 @@ const char* GetKindName(CZorEdidMap::EKind eKind);
 const char* GetAreaName(CZorEdidMap::EArea eArea);
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
 const char* GetTimingListName(CZorEdidMap::EList eList); // as zoredid modes has them
+
+// What else a field is found by. "detailed 0" of a timing that the library lists, "VIC 16" of a code; else empty.
+std::string GetTimingNumber(const CZorEdidMap::SField& oField);
+std::string GetCodeText(const CZorEdidMap::SField& oField);
+
+// The first note of a field, or of a later one: notes stand in the order of their fields.
+unsigned int FindNotes(const CZorEdidMap& oMap, unsigned int uiField);
+std::string GetNoteText(const CZorEdidMap::SNote& oNote); // "warning: reserved value"

@@ -17,6 +17,7 @@ struct SPageOptions
 {
     std::string m_sFirst;
     std::string m_sSecond;
+    bool m_bPair = false; // m_sSecond was given
     std::string m_sOut;
     bool m_bForce = false;
 };
@@ -74,10 +75,11 @@ CHtml MakeBody(SPage& oPage)
 void WritePage(const SPageOptions& oOptions, STool& oTool)
 {
     SPage oPage;
-    for (const std::string& sName : { oOptions.m_sFirst, oOptions.m_sSecond })
+    const std::string asNames[] = { oOptions.m_sFirst, oOptions.m_sSecond };
+    for (size_t i = 0; i < (oOptions.m_bPair ? 2U : 1U); ++i)
     {
-        SInput oInput = sName.empty() ? SInput() : ReadOneInput(sName, oTool);
-        if (!sName.empty() && oInput.IsGood())
+        SInput oInput = ReadOneInput(asNames[i], oTool);
+        if (oInput.IsGood())
         {
             oPage.m_apoImages.push_back(std::make_unique<SPageImage>(std::move(oInput), GetThisYear()));
         }
@@ -105,7 +107,8 @@ void AddPageCommand(CLI::App& oApp, STool& oTool)
     CLI::App* poCommand = oApp.add_subcommand("page", "Write a page for a browser: bytes, fields, timings, colours");
     const auto poOptions = std::make_shared<SPageOptions>();
     poCommand->add_option("FILE", poOptions->m_sFirst, "Image")->required()->type_name("");
-    poCommand->add_option("FILE2", poOptions->m_sSecond, "A second image: what differs is marked")->type_name("");
+    CLI::Option* poSecond =
+        poCommand->add_option("FILE2", poOptions->m_sSecond, "A second image: what differs is marked")->type_name("");
     poCommand->add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
         ->required()
         ->type_name("OUT");
@@ -113,5 +116,8 @@ void AddPageCommand(CLI::App& oApp, STool& oTool)
     poCommand->footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
                       "Example:\n"
                       "  zoredid page monitor.bin -o monitor.html");
-    poCommand->callback([poOptions, &oTool] { WritePage(*poOptions, oTool); });
+    poCommand->callback([poOptions, poSecond, &oTool] {
+        poOptions->m_bPair = poSecond->count() != 0; // an empty name is a name that cannot be read
+        WritePage(*poOptions, oTool);
+    });
 }

@@ -50,13 +50,14 @@
         for (let i = start; i < start + length; ++i)
           if (leaves[i] && !leaves[i].includes(item)) leaves[i].push(item);
     }
+    for (const element of [...cells, ...items]) element.setAttribute("aria-selected", "false");
     const offset = cell => Number(cell.id.slice(key.length));
 
     let marked = [];
     const mark = next => {
       for (const element of marked) {
         element.classList.remove("on");
-        element.removeAttribute("aria-selected");
+        element.setAttribute("aria-selected", "false");
       }
       marked = next;
       for (const element of marked) {
@@ -81,8 +82,13 @@
       return [["name", ahead + part("name")], ["value", part("value")], ["place", part("place")],
               ["other", part("other")], ["remark", part("remark")]];
     };
+    // Opens what an item lies in; the search may have hidden it.
     const open = item => {
-      for (let up = above(item); up; up = above(up)) up.setAttribute("aria-expanded", "true");
+      item.parentElement.hidden = false;
+      for (let up = above(item); up; up = above(up)) {
+        up.setAttribute("aria-expanded", "true");
+        up.parentElement.hidden = false;
+      }
     };
     const bytesOf = item => runs.get(item).flatMap(([start, length]) => cells.slice(start, start + length));
     const markByte = cell => {
@@ -141,15 +147,21 @@
       event.preventDefault();
       go(cells[Math.min(steps[event.key], event.key === "End" ? cells.length - 1 : Infinity)]);
     };
+    const order = new Map(items.map((item, at) => [item, at]));
+    const isShown = item => item.offsetParent !== null;
+    // The next item in a direction that shows.
+    const next = (at, step) => {
+      while (items[at] && !isShown(items[at])) at += step;
+      return items[at];
+    };
     const treeKeys = (item, event) => {
-      const shown = items.filter(other => other.offsetParent !== null);
-      const at = shown.indexOf(item), expanded = item.getAttribute("aria-expanded");
+      const at = order.get(item), expanded = item.getAttribute("aria-expanded");
       const steps = {
-        ArrowUp: () => go(shown[at - 1]), ArrowDown: () => go(shown[at + 1]),
-        Home: () => go(shown[0]), End: () => go(shown[shown.length - 1]),
+        ArrowUp: () => go(next(at - 1, -1)), ArrowDown: () => go(next(at + 1, 1)),
+        Home: () => go(next(0, 1)), End: () => go(next(items.length - 1, -1)),
         ArrowRight: () => {
           if (expanded === "false") toggle(item, true);
-          else if (expanded) go(shown[at + 1]);
+          else if (expanded) go(next(at + 1, 1));
         },
         ArrowLeft: () => (expanded === "true" ? toggle(item, false) : go(above(item))),
         Enter: () => { if (expanded) toggle(item); },
@@ -163,16 +175,23 @@
       else if (event.target.matches("[role=treeitem]")) treeKeys(event.target, event);
     });
 
-    // A field that is found shows with the groups that it lies in, and a group with all that it holds.
+    // A field that is found shows with the groups that it lies in, and a group with all that it holds. "0x36" finds the
+    // fields of that byte.
+    const none = one(".none", view);
     one(".find input", view).addEventListener("input", event => {
       const wanted = event.target.value.trim().toLowerCase();
+      const at = /^0x[0-9a-f]+$/.test(wanted) ? leaves[Number(wanted)] : undefined;
+      const fits = item => at?.includes(item) ||
+        (item.textContent + " " + (item.dataset.f || "")).toLowerCase().includes(wanted);
       for (const item of items) item.parentElement.hidden = wanted !== "";
+      let found = 0;
       for (const item of items) {
-        if (!item.textContent.toLowerCase().includes(wanted)) continue;
+        if (!fits(item)) continue;
         for (const inner of all("li", item.parentElement)) inner.hidden = false;
-        for (let up = item; up; up = above(up)) up.parentElement.hidden = false;
         open(item);
+        ++found;
       }
+      none.textContent = found ? "" : "No field has this text.";
       const first = items.find(item => !item.parentElement.hidden);
       if (first) rove(items, first);
     });
@@ -188,13 +207,18 @@
     for (const picture of all(".picture")) picture.hidden = picture.id !== "p" + radio.value;
   };
   const filter = one("#filter"), list = one("#list"), count = one("#count");
+  // Neither blanks nor case count, and x is as good as the multiplication sign. Cells stay apart.
+  const pack = text => text.toLowerCase().replaceAll("\u00d7", "x").replace(/\s+/g, "");
+  const texts = rows.map(row => [...row.cells].map(cell => pack(cell.textContent)).join("|"));
+  const numbers = new Map(rows.map((row, at) => [row, at])); // sorting moves rows
   const sift = () => {
-    const words = filter.value.toLowerCase().replaceAll("x", "\u00d7").split(/\s+/).filter(Boolean);
+    const whole = pack(filter.value);
+    const words = filter.value.replace(/(\d)\s*[x\u00d7]\s*(?=\d)/gi, "$1x").replace(/hz|@/gi, " ").split(/\s+/).map(pack);
+    const asOne = texts.some(text => text.includes(whole));
     let shown = 0;
     for (const row of rows) {
-      const text = row.textContent.toLowerCase().replaceAll("x", "\u00d7");
-      const packed = text.replace(/\s*\u00d7\s*/g, "\u00d7");
-      const fits = words.every(word => text.includes(word) || packed.includes(word));
+      const text = texts[numbers.get(row)];
+      const fits = asOne ? text.includes(whole) : words.every(word => text.includes(word));
       row.hidden = !fits || (list.value !== "" && row.dataset.list !== list.value);
       shown += row.hidden ? 0 : 1;
     }

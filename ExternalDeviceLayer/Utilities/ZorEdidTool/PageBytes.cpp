@@ -1,5 +1,5 @@
 // The bytes as a grid and the fields as a tree beside it. Byte and field are tied by attributes, which Page.js reads:
-// data-p of a field lists its runs of bytes as OFFSET+LENGTH.
+// data-p of a field lists its runs of bytes as OFFSET+LENGTH, data-f has words that it is found by but does not show.
 
 #include <algorithm>
 
@@ -30,7 +30,10 @@ CHtml MakeLegend()
         const SText oName = { GetAreaName(static_cast<CZorEdidMap::EArea>(i)) };
         oHtml << "<li><span class=\"swatch " << oName << "\"></span>" << oName << "</li>";
     }
-    return oHtml << "</ul>\n";
+    return oHtml
+           << "</ul>\n<p class=\"small\">Places are hexadecimal and count from the image's first byte. Bits stand "
+           << "behind a point: \xE2\x80\x9C"
+              "08.6-0 09\xE2\x80\x9D is bits 6 to 0 of byte 08, then byte 09.</p>\n";
 }
 
 // The bytes and the fields of one image.
@@ -51,21 +54,25 @@ public:
         {
             oHtml << "<h3>" << SText{ m_oPage.GetMark(m_uiImage) } << ": " << SText{ m_oImage.m_sTitle } << "</h3>\n";
         }
-        oHtml << "<div class=\"panes\">\n<div>\n<div class=\"said\" aria-live=\"polite\"><p>Point at a byte or a "
-                 "field, or move "
-              << "to one with the arrow keys.</p></div>\n<div class=\"grids\">\n";
+        oHtml << "<div class=\"panes\">\n<div>\n<div class=\"said\" tabindex=\"0\" role=\"region\" aria-label=\"What "
+              << "the byte or field" << SText{ GetOfImage() } << " says\" aria-live=\"polite\"><p>Point at a byte or a "
+              << "field, or move to one with the arrow keys.</p></div>\n<div class=\"grids\">\n";
         for (unsigned int uiStart = 0; uiStart < m_oMap.GetSize(); uiStart += gsc_uiBlockSize)
         {
             AddGrid(uiStart, oHtml);
         }
-        oHtml << "</div>\n</div>\n<div class=\"fields\">\n<label class=\"find\">Find a field <input type=\"search\" "
-              << "autocomplete=\"off\" spellcheck=\"false\"></label>\n<ul role=\"tree\" aria-label=\"Fields"
-              << SText{ m_oPage.IsPair() ? " of " : "" } << SText{ m_oPage.GetMark(m_uiImage) } << "\">\n";
+        oHtml << "</div>\n</div>\n<div class=\"fields\">\n<label class=\"find\">Find a field" << SText{ GetOfImage() }
+              << " <input type=\"search\" placeholder=\"name, value, note or 0x36\" autocomplete=\"off\" "
+              << "spellcheck=\"false\"></label>\n<p class=\"none\" role=\"status\"></p>\n<ul role=\"tree\" "
+              << "aria-multiselectable=\"true\" aria-label=\"Fields" << SText{ GetOfImage() } << "\">\n";
         AddFields(oHtml);
         return oHtml << "</ul>\n</div>\n</div>\n</div>\n";
     }
 
 private:
+    // " of A" where there are two; their parts need names of their own.
+    std::string GetOfImage() const { return m_oPage.IsPair() ? std::string(" of ") + m_oPage.GetMark(m_uiImage) : ""; }
+
     // ---- Grid ----
 
     void AddGrid(unsigned int uiStart, CHtml& oHtml) const
@@ -73,8 +80,9 @@ private:
         const unsigned int uiEnd = std::min(m_oMap.GetSize(), uiStart + gsc_uiBlockSize);
         const CZorEdidMap::SField& oBlock = m_oMap.GetField(GetChain(m_oMap, m_oMap.FindLeaf(uiStart, 7)).front());
         const std::string sName = FormatText("Block %u: ", uiStart / gsc_uiBlockSize) + oBlock.m_pszName;
-        oHtml << "<table role=\"grid\" class=\"grid\" aria-label=\"Bytes of " << SText{ sName } << "\"><caption>"
-              << SText{ sName } << "</caption>\n<thead><tr><td></td>";
+        oHtml << "<table role=\"grid\" class=\"grid\" aria-multiselectable=\"true\" aria-label=\"Bytes"
+              << SText{ GetOfImage() } << ", " << SText{ sName } << "\"><caption>" << SText{ sName }
+              << "</caption>\n<thead><tr><td></td>";
         for (unsigned int i = 0; i < gsc_uiLine; ++i)
         {
             oHtml << "<th scope=\"col\">" << SText{ FormatText("%x", i) } << "</th>";
@@ -179,7 +187,12 @@ private:
         const SPageField& oPlace = m_oImage.m_aoFields[uiField];
         const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
         oHtml << "<li role=\"none\"><div role=\"treeitem\" aria-level=\"" << oField.m_uiDepth + 1 << "\" tabindex=\""
-              << SText{ uiField == 0 ? "0" : "-1" } << "\" data-p=\"";
+              << SText{ uiField == 0 ? "0" : "-1" } << "\" ";
+        if (const std::string sCode = GetCodeText(oField); !sCode.empty())
+        {
+            oHtml << "data-f=\"" << SText{ sCode } << "\" ";
+        }
+        oHtml << "data-p=\"";
         AddRuns(oField, oHtml);
         if (bGroup)
         {
@@ -188,10 +201,9 @@ private:
         oHtml << "\" class=\"field " << SText{ bGroup ? "group" : GetAreaClass(oField) }
               << SText{ oPlace.m_bDiffers ? " differs" : "" } << "\"><span class=\"name\">"
               << SText{ GetFieldName(oField) } << "</span> ";
-        if (oField.m_eList != CZorEdidMap::eList_None && oField.m_uiTiming != CZorEdidMap::msc_uiNone)
+        if (const std::string sNumber = GetTimingNumber(oField); !sNumber.empty())
         {
-            oHtml << "<span class=\"list\">" << SText{ GetTimingListName(oField.m_eList) } << " " << oField.m_uiTiming
-                  << "</span> ";
+            oHtml << "<span class=\"list\">" << SText{ sNumber } << "</span> ";
         }
         oHtml << "<span class=\"value" << SText{ IsRaw(oField) ? " raw" : "" } << "\">"
               << SText{ static_cast<const char*>(m_oMap.GetValue(uiField)) } << "</span> <span class=\"place\">"
@@ -229,9 +241,8 @@ private:
         while (m_uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(m_uiNote).m_uiField <= uiField)
         {
             const CZorEdidMap::SNote& oNote = m_oMap.GetNote(m_uiNote++);
-            const SText oWeight = { GetNoteName(oNote.m_eSeverity) };
-            oHtml << " <span class=\"remark " << oWeight << "\">" << oWeight << ": " << SText{ oNote.m_pszText }
-                  << "</span>";
+            oHtml << " <span class=\"remark " << SText{ GetNoteName(oNote.m_eSeverity) } << "\">"
+                  << SText{ GetNoteText(oNote) } << "</span>";
         }
     }
 

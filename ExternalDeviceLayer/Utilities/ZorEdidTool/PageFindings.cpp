@@ -49,7 +49,9 @@ CHtml MakeFindingList(const SPage& oPage, size_t uiImage)
     }
     if (oImage.m_aoFindings.empty())
     {
-        return oHtml << "<p class=\"good\">Nothing is wrong with this image.</p>\n";
+        return oHtml << "<p class=\"good\">The check finds nothing.</p>\n"
+                     << "<p class=\"small\">It reads the bytes: whether the monitor shows what they say, and whether "
+                        "source and cable carry it, it cannot tell.</p>\n";
     }
     oHtml << "<ul class=\"findings\">\n";
     for (const SFinding& oFinding : oImage.m_aoFindings)

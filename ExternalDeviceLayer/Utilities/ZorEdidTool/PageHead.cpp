@@ -22,6 +22,7 @@ constexpr unsigned int gsc_uiGammaOffset = 23;
 constexpr unsigned int gsc_uiTimingWidthOffset = gsc_uiDescriptorsOffset + 12; // of the image, in the first timing
 constexpr unsigned int gsc_uiTimingHeightOffset = gsc_uiDescriptorsOffset + 13;
 constexpr unsigned int gsc_uiHighBit = 7;
+constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 
 struct SSize
 {
@@ -65,9 +66,11 @@ std::string DescribeSize(const SPageImage& oImage)
 
 // ---- Words ----
 
+// Nothing comes twice.
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
 {
-    if (!sNext.empty())
+    const bool bThere = (pszBetween + sList + pszBetween).find(pszBetween + sNext + pszBetween) != std::string::npos;
+    if (!sNext.empty() && !bThere)
     {
         sList += (sList.empty() ? "" : pszBetween) + sNext;
     }
@@ -81,23 +84,34 @@ std::string DescribeMaker(const SPageImage& oImage)
 
 std::string DescribeProduct(const SPageImage& oImage)
 {
-    return "product " + oImage.GetValueAt(gsc_uiProductOffset, gsc_uiHighBit) + ", serial " +
-           oImage.GetValueAt(gsc_uiSerialOffset, gsc_uiHighBit);
+    const std::string sProduct = oImage.GetValueAt(gsc_uiProductOffset, gsc_uiHighBit);
+    const std::string sSerial = oImage.GetValueAt(gsc_uiSerialOffset, gsc_uiHighBit);
+    return (sProduct.empty() ? "" : "product " + sProduct) + (sSerial.empty() ? "" : ", serial " + sSerial);
 }
 
 std::string DescribeDate(const SPageImage& oImage)
 {
-    constexpr double dModelYear = 255; // in the place of a week
+    constexpr double dLastWeek = 54;
+    const CZorEdidMap::SField* poYear = oImage.FindField(gsc_uiYearOffset, gsc_uiHighBit);
+    if (poYear == nullptr)
+    {
+        return "";
+    }
     const double dWeek = oImage.GetNumberAt(gsc_uiWeekOffset, gsc_uiHighBit);
-    std::string sText = oImage.GetValueAt(gsc_uiYearOffset, gsc_uiHighBit);
-    if (dWeek == dModelYear)
+    const std::string sText = oImage.GetValueAt(gsc_uiYearOffset, gsc_uiHighBit);
+    if (std::string_view("Model year") == poYear->m_pszName)
     {
         return sText + " (model year)";
     }
-    return dWeek == 0 ? sText : sText + FormatText(", week %.0f", dWeek);
+    return dWeek == 0 || dWeek > dLastWeek ? sText : sText + FormatText(", week %.0f", dWeek);
 }
 
-std::string DescribeNativeMode(const SPageImage& oImage)
+bool HasName(const CZorEdidMap::SField& oField, std::string_view sPart)
+{
+    return std::string_view(oField.m_pszName).find(sPart) != std::string_view::npos;
+}
+
+std::string DescribePreferredMode(const SPageImage& oImage)
 {
     for (const SPageTiming& oTiming : oImage.m_aoTimings)
     {
@@ -109,17 +123,54 @@ std::string DescribeNativeMode(const SPageImage& oImage)
     return "";
 }
 
-bool HasName(const CZorEdidMap::SField& oField, std::string_view sPart)
+// The pixels of the display parameters of DisplayID; empty when they are not given.
+std::string DescribePixels(const SPageImage& oImage, unsigned int uiGroup)
 {
-    return std::string_view(oField.m_pszName).find(sPart) != std::string_view::npos;
+    double adPixels[2] = {};
+    for (unsigned int i = uiGroup; i < oImage.m_oMap.GetField(uiGroup).m_uiEnd; ++i)
+    {
+        const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
+        if (oField.m_eKind == CZorEdidMap::eKind_Number && HasName(oField, "pixel count"))
+        {
+            adPixels[HasName(oField, "Vertical") ? 1 : 0] = GetFieldNumber(oField);
+        }
+    }
+    return adPixels[0] > 0 && adPixels[1] > 0
+               ? FormatText("%.0f \u00D7 %.0f pixels (DisplayID)", adPixels[0], adPixels[1])
+               : "";
+}
+
+// What the image itself calls native.
+std::string DescribeNativeModes(const SPageImage& oImage)
+{
+    std::string sText;
+    for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
+    {
+        const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
+        const bool bSet = oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0;
+        if (bSet && HasName(oField, "Preferred timing mode is native"))
+        {
+            Append(sText, DescribePreferredMode(oImage));
+        }
+        if (bSet && std::string_view("Native") == oField.m_pszName && oImage.m_aoFields[i].m_uiParent != gsc_uiNone)
+        {
+            std::string sMode = oImage.GetValue(oImage.m_aoFields[i].m_uiParent); // of the short video descriptor
+            Append(sText, sMode.substr(0, sMode.rfind(", native")));
+        }
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "Display parameters data block"))
+        {
+            Append(sText, DescribePixels(oImage, i));
+        }
+    }
+    return sText;
 }
 
 // Digital or analogue, then the standard and the depth where revision 1.4 names them, then what extensions tell.
 std::string DescribeInterface(const SPageImage& oImage)
 {
-    std::string sText;
+    const bool bThere = oImage.FindField(gsc_uiVideoInputOffset, gsc_uiHighBit) != nullptr; // not cut off
     const bool bDigital = oImage.GetNumberAt(gsc_uiVideoInputOffset, gsc_uiHighBit) != 0;
-    sText = bDigital ? "digital" : "analogue";
+    std::string sText = bDigital ? "digital" : bThere ? "analogue" : "";
     for (const ByteFields::SBits& oBits : { gsc_oColorDepth, gsc_oInterface })
     {
         const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_uiByte, oBits.m_uiShift);
@@ -129,12 +180,16 @@ std::string DescribeInterface(const SPageImage& oImage)
         Append(sText, bDigital && bNamed ? std::string(poField->m_pszMeaning) + pszUnit : "");
     }
     std::string sHdmi;
-    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+    for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "HDMI") && HasName(oField, "ata block"))
+        if (HasName(oField, "HDMI Forum vendor-specific") || HasName(oField, "HDMI Forum sink capability"))
         {
-            sHdmi = sHdmi.empty() && !HasName(oField, "Forum") ? "HDMI 1.4" : "HDMI 2.0 or later";
+            sHdmi = "HDMI 2.0 or later";
+        }
+        else if (sHdmi.empty() && HasName(oField, "HDMI vendor-specific data block"))
+        {
+            sHdmi = "HDMI 1.4";
         }
     }
     Append(sText, sText.find("HDMI") == std::string::npos ? sHdmi : "");
@@ -147,14 +202,15 @@ std::string DescribeColorimetry(const SPageImage& oImage)
     const CZorEdidMap& oMap = oImage.m_oMap;
     std::string sText;
     unsigned int uiEnd = 0; // of the data block
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
         if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "Colorimetry data block"))
         {
             uiEnd = oField.m_uiEnd;
         }
-        if (i < uiEnd && oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0)
+        if (i < uiEnd && oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0 &&
+            !HasName(oField, "gamut boundary"))
         {
             Append(sText, oField.m_pszName);
         }
@@ -167,7 +223,7 @@ std::string DescribeBlocks(const SPageImage& oImage)
     std::string sText;
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); i = oImage.m_oMap.GetField(i).m_uiEnd)
     {
-        Append(sText, oImage.m_oMap.GetField(i).m_pszName);
+        sText += (sText.empty() ? "" : ", ") + std::string(oImage.m_oMap.GetField(i).m_pszName);
     }
     return FormatText("%u bytes: ", oImage.m_oMap.GetSize()) + sText;
 }
@@ -191,25 +247,31 @@ constexpr SPhrase gsc_aoHdrPhrases[] = {
     { "Desired content min luminance", "down to ", " cd/m\u00B2" },
 };
 
+// No more digits than the code of a luminance is good for.
+std::string FormatLuminance(double dLuminance)
+{
+    return FormatText("%.*f", dLuminance >= 10 ? 0 : dLuminance >= 0.01 ? 2 : 4, dLuminance);
+}
+
 std::string DescribeHdr(const SPageImage& oImage)
 {
     std::string sText;
     for (const SPhrase& oPhrase : gsc_aoHdrPhrases)
     {
-        for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+        for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
         {
             const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
             const bool bNumber = oField.m_eKind == CZorEdidMap::eKind_Number;
             if (std::string_view(oPhrase.m_pszField) == oField.m_pszName &&
                 (oField.m_eKind == CZorEdidMap::eKind_Group || oField.m_llNumber != 0))
             {
-                const std::string sNumber = bNumber ? FormatText("%.3g", GetFieldNumber(oField)) : "";
+                const std::string sNumber = bNumber ? FormatLuminance(GetFieldNumber(oField)) : "";
                 Append(sText, oPhrase.m_pszAhead + sNumber + oPhrase.m_pszBehind);
                 break;
             }
         }
     }
-    return sText.empty() ? "none announced" : sText;
+    return sText.empty() && oImage.m_sProblem.empty() ? "none announced" : sText;
 }
 
 std::string DescribeColourWords(const SPageImage& oImage)
@@ -232,7 +294,8 @@ constexpr SFact gsc_aoFacts[] = {
     { "Product", DescribeProduct },
     { "Made", DescribeDate },
     { "Size", DescribeSize },
-    { "Native mode", DescribeNativeMode },
+    { "Preferred mode", DescribePreferredMode },
+    { "Native mode", DescribeNativeModes },
     { "Interface", DescribeInterface },
     { "Colour", DescribeColourWords },
     { "HDR", DescribeHdr },
@@ -376,6 +439,16 @@ CHtml MakeHead(const SPage& oPage)
 
 std::string DescribeMode(const CVidParamTimingGeneric& oTiming)
 {
-    return FormatText("%u \u00D7 %u%s at %u Hz", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                      oTiming.IsInterlaced() != 0 ? " interlaced" : "", oTiming.GetVerticalRateInHz());
+    const bool bInterlaced = oTiming.IsInterlaced() != 0;
+    const double dRate = bInterlaced ? GetFieldRate(oTiming) : oTiming.GetVerticalRateInHz();
+    return FormatText("%u \u00D7 %u%s at %.0f Hz%s", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                      bInterlaced ? "i" : "", dRate, bInterlaced ? " (fields)" : "");
+}
+
+double GetFieldRate(const CVidParamTimingGeneric& oTiming)
+{
+    const double dTotal =
+        static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * oTiming.ComputeVerticalTotalLine();
+    const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1;
+    return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
 }

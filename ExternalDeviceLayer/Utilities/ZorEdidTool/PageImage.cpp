@@ -57,6 +57,27 @@ void FindParents(const CZorEdidMap& oMap, std::vector<SPageField>& aoFields)
     }
 }
 
+// Where the fields begin that lie behind the announced blocks. The override of HDMI 2.1 counts where it tells more.
+unsigned int FindAnnounced(const CZorEdidMap& oMap)
+{
+    constexpr unsigned int uiCountOffset = 126;
+    unsigned int uiBlocks = oMap.GetSize() > uiCountOffset ? oMap.GetData()[uiCountOffset] + 1U : oMap.GetSize();
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CField& oField = oMap.GetField(i);
+        if (std::string_view("EDID extension block count") == oField.m_pszName)
+        {
+            uiBlocks = std::max(uiBlocks, static_cast<unsigned int>(oField.m_llNumber) + 1);
+        }
+    }
+    unsigned int uiField = 0;
+    while (uiField < oMap.GetFieldCount() && oMap.GetField(uiField).m_uiOffset / CEdidUtils::msc_uiBlockSize < uiBlocks)
+    {
+        uiField = oMap.GetField(uiField).m_uiEnd;
+    }
+    return uiField;
+}
+
 // The library leaves borders out; the map has them beside the timing that carries its number.
 void FindBorders(const SPageImage& oImage, SPageTiming& oTiming)
 {
@@ -81,23 +102,41 @@ void FindBorders(const SPageImage& oImage, SPageTiming& oTiming)
     }
 }
 
-// The names on the way to each field. Of fields with the same way, each one carries its number.
+// The names on the way to each field. Of fields of one name in a group, each carries its rank: offsets shift.
 std::map<std::string, unsigned int> MakePaths(const SPageImage& oImage, std::vector<std::string>& asPaths)
 {
     std::map<std::string, unsigned int> aoFound;
+    std::map<std::string, unsigned int> aoCounts;
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
     {
         const unsigned int uiParent = oImage.m_aoFields[i].m_uiParent;
         const std::string sOpen = uiParent == gsc_uiNone ? "" : asPaths[uiParent] + "\n";
-        std::string sPath = sOpen + GetFieldName(oImage.m_oMap.GetField(i));
-        if (aoFound.contains(sPath))
-        {
-            sPath += FormatText("\t%u", oImage.m_oMap.GetField(i).m_uiOffset);
-        }
+        std::string sPath = sOpen + oImage.m_oMap.GetField(i).m_pszName;
+        sPath += FormatText("\t%u", aoCounts[sPath]++);
         aoFound.emplace(sPath, i);
         asPaths.push_back(sPath);
     }
     return aoFound;
+}
+
+// Padding of a single value: more or less of it says nothing.
+bool IsPlainPadding(const SPageImage& oImage, unsigned int uiField)
+{
+    const CField& oField = oImage.m_oMap.GetField(uiField);
+    const unsigned char* pui8First = oImage.m_oMap.GetData() + oField.m_uiOffset;
+    return oField.m_eKind == CZorEdidMap::eKind_Reserved && std::string_view("Padding") == oField.m_pszName &&
+           std::all_of(pui8First, pui8First + oField.m_uiLength, [&](unsigned char ui8) { return ui8 == *pui8First; });
+}
+
+// Whether both are such padding of the same value, or this one is and the other is not there.
+bool IsSamePadding(const SPageImage& oImage, unsigned int uiField, const SPageImage& oOther, unsigned int uiOther)
+{
+    const auto fnFirst = [](const SPageImage& oIn, unsigned int uiIn) {
+        return oIn.m_oMap.GetData()[oIn.m_oMap.GetField(uiIn).m_uiOffset];
+    };
+    return IsPlainPadding(oImage, uiField) &&
+           (uiOther == gsc_uiNone ||
+            (IsPlainPadding(oOther, uiOther) && fnFirst(oImage, uiField) == fnFirst(oOther, uiOther)));
 }
 
 void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, const SPageImage& oOther,
@@ -107,17 +146,21 @@ void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, 
     {
         SPageField& oPlace = oImage.m_aoFields[i];
         const auto itOther = aoOthers.find(asPaths[i]);
-        oPlace.m_bOnlyHere = itOther == aoOthers.end();
+        const unsigned int uiOther = itOther == aoOthers.end() ? gsc_uiNone : itOther->second;
+        if (IsSamePadding(oImage, i, oOther, uiOther))
+        {
+            continue;
+        }
+        oPlace.m_bOnlyHere = uiOther == gsc_uiNone;
         if (oImage.m_oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
         {
             continue;
         }
         if (!oPlace.m_bOnlyHere)
         {
-            oPlace.m_sOther = static_cast<const char*>(oOther.m_oMap.GetValue(itOther->second));
+            oPlace.m_sOther = oOther.GetValue(uiOther);
         }
-        oPlace.m_bDiffers =
-            oPlace.m_bOnlyHere || oPlace.m_sOther != static_cast<const char*>(oImage.m_oMap.GetValue(i));
+        oPlace.m_bDiffers = oPlace.m_bOnlyHere || oPlace.m_sOther != oImage.GetValue(i);
         for (unsigned int uiUp = oPlace.m_uiParent; oPlace.m_bDiffers && uiUp != gsc_uiNone;
              uiUp = oImage.m_aoFields[uiUp].m_uiParent)
         {
@@ -142,6 +185,7 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
 {
     m_oMap.Read(static_cast<unsigned int>(m_oInput.m_aui8Bytes.size()), m_oInput.m_aui8Bytes.data());
     FindParents(m_oMap, m_aoFields);
+    m_uiAnnounced = FindAnnounced(m_oMap);
     m_aoFindings = CheckImage(m_oInput.m_aui8Bytes, uiThisYear);
     m_sFile = ShowName(m_oInput.m_sName.substr(m_oInput.m_sName.find_last_of('/') + 1));
     m_sTitle = FindTitle(*this);

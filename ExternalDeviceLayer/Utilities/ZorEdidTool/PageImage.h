@@ -39,6 +39,8 @@ struct SPageImage
     const CZorEdidMap::SField* FindField(unsigned int uiOffset, unsigned int uiBit) const;
     // Its value as text; empty behind the image.
     std::string GetValueAt(unsigned int uiOffset, unsigned int uiBit) const;
+    // That of a field by its index.
+    std::string GetValue(unsigned int uiField) const { return static_cast<const char*>(m_oMap.GetValue(uiField)); }
     // Its number, decimals applied; 0 behind the image.
     double GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const;
 
@@ -52,6 +54,7 @@ struct SPageImage
     std::vector<SPageTiming> m_aoTimings;
     std::vector<SFinding> m_aoFindings;
     std::vector<SPageField> m_aoFields; // as many as the map has
+    unsigned int m_uiAnnounced = 0;     // this many fields lie in blocks that the image announces; the rest is no part
 };
 
 // What the page is about: one image, or two that are compared.

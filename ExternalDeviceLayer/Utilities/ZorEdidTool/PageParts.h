@@ -19,5 +19,7 @@ CHtml MakeModePlots(SPage& oPage);
 CHtml MakeColours(const SPage& oPage);
 std::string DescribeColours(const SPageImage& oImage);
 
-// A timing in short: "1920 × 1080 at 60 Hz", "1920 × 1080 interlaced at 30 Hz".
+// A timing in short: "1920 × 1080 at 60 Hz", "1920 × 1080i at 60 Hz (fields)".
 std::string DescribeMode(const CVidParamTimingGeneric& oTiming);
+// Frames a second, of an interlaced mode fields: what range limits are about. 0 without totals.
+double GetFieldRate(const CVidParamTimingGeneric& oTiming);

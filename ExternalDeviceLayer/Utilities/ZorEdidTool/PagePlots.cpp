@@ -4,6 +4,7 @@
 #include <map>
 #include <math.h>
 #include <optional>
+#include <string_view>
 
 #include "PageParts.h"
 #include "TextFormat.h"
@@ -18,28 +19,46 @@ constexpr double gsc_dRight = 30;
 constexpr double gsc_dTop = 24;
 constexpr double gsc_dBottom = 50;
 
-// The outermost limits of all range limit descriptors of the images; 0 as upper end of what is not limited.
 struct SLimits
 {
     double m_dLeastRate; // Hz
     double m_dMostRate;
     double m_dLeastLineRate; // kHz
     double m_dMostLineRate;
+
+    bool IsSound() const { return m_dLeastRate <= m_dMostRate && m_dLeastLineRate <= m_dMostLineRate; }
 };
 
-std::optional<SLimits> FindLimits(SPageImage& oImage)
+// The number of a field of the group; -1 when it has none of this name.
+double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName)
 {
-    CEdidBase::SRangeLimits oLimits = {};
-    if (!oImage.m_sProblem.empty() || !oImage.m_oLoaded.GetRangeLimits(oLimits) ||
-        oLimits.m_uiMaxVerticalRateInHz < oLimits.m_uiMinVerticalRateInHz ||
-        oLimits.m_uiMaxHorizontalRateInKiloHz < oLimits.m_uiMinHorizontalRateInKiloHz)
+    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
     {
-        return std::nullopt;
+        if (sName == oMap.GetField(i).m_pszName)
+        {
+            return GetFieldNumber(oMap.GetField(i));
+        }
     }
-    return SLimits{ static_cast<double>(oLimits.m_uiMinVerticalRateInHz),
-                    static_cast<double>(oLimits.m_uiMaxVerticalRateInHz),
-                    static_cast<double>(oLimits.m_uiMinHorizontalRateInKiloHz),
-                    static_cast<double>(oLimits.m_uiMaxHorizontalRateInKiloHz) };
+    return -1;
+}
+
+// Those of the first range limits descriptor, as the map has them: with the offsets of 1.4, and also of images that the
+// library refuses.
+std::optional<SLimits> FindLimits(const SPageImage& oImage)
+{
+    const CZorEdidMap& oMap = oImage.m_oMap;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        if (std::string_view("Display range limits") == oMap.GetField(i).m_pszName)
+        {
+            const SLimits oLimits = { GetNumberOf(oMap, i, "Minimum vertical rate"),
+                                      GetNumberOf(oMap, i, "Maximum vertical rate"),
+                                      GetNumberOf(oMap, i, "Minimum horizontal rate"),
+                                      GetNumberOf(oMap, i, "Maximum horizontal rate") };
+            return oLimits.IsSound() && oLimits.m_dLeastRate >= 0 ? std::optional(oLimits) : std::nullopt;
+        }
+    }
+    return std::nullopt;
 }
 
 // Where modes lie on one another, one point.
@@ -51,13 +70,6 @@ struct SPoint
     bool m_bPreferred = false;
     bool m_abIn[2] = {};
 };
-
-double GetRate(const CVidParamTimingGeneric& oTiming)
-{
-    const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
-    const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1; // the limits are those of fields
-    return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
-}
 
 double GetX(const CVidParamTimingGeneric& oTiming, bool bLineRate)
 {
@@ -130,12 +142,12 @@ private:
         {
             const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
             const double dX = GetX(oTiming, m_bLineRate);
-            const double dY = GetRate(oTiming);
+            const double dY = GetFieldRate(oTiming);
             SPoint& oPoint = m_aoPoints.try_emplace({ lround(dX), lround(dY) }, SPoint{ dX, dY, "" }).first->second;
             const std::string sMode = DescribeMode(oTiming);
             if (oPoint.m_sModes.find(sMode) == std::string::npos)
             {
-                oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : "\n") + sMode;
+                oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : ", ") + sMode;
             }
             oPoint.m_bPreferred = oPoint.m_bPreferred || oPlace.m_oListed.m_bPreferred;
             oPoint.m_abIn[uiImage] = true;
@@ -291,6 +303,12 @@ CHtml MakeModePlots(SPage& oPage)
     {
         oHtml << "<li><span class=\"dot\"></span>mode</li>";
     }
-    return oHtml << "<li><span class=\"dot outside\"></span>outside the range limits</li></ul>\n<div class=\"plots\">\n"
+    const bool bLimits = std::any_of(oPage.m_apoImages.begin(), oPage.m_apoImages.end(),
+                                     [](const auto& poImage) { return FindLimits(*poImage).has_value(); });
+    if (bLimits)
+    {
+        oHtml << "<li><span class=\"dot outside\"></span>outside the range limits</li>";
+    }
+    return oHtml << "</ul>\n<div class=\"plots\">\n"
                  << CPlot(oPage, false).Make() << CPlot(oPage, true).Make() << "</div>\n</section>\n";
 }

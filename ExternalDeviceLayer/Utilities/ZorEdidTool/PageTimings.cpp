@@ -241,8 +241,7 @@ void AddRow(CHtml& oHtml, unsigned int uiNumber, const STimingRow& oRow, bool bP
           << static_cast<unsigned long long>(oTiming.GetHorizontalActive()) * 65536 + oTiming.GetVerticalActive()
           << "\">" << oTiming.GetHorizontalActive() << " &times; " << oTiming.GetVerticalActive()
           << SText{ oTiming.IsInterlaced() != 0 ? "i" : "" } << "</td>";
-    const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
-    AddNumber(oHtml, dTotal == 0 ? 0 : oTiming.GetPixelClockInHz() / dTotal, 2);
+    AddNumber(oHtml, GetFieldRate(oTiming), 2);
     AddNumber(oHtml, oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz, 3);
     AddNumber(oHtml, oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz, 2);
     oHtml << "<td>" << SText{ GetMarks(oRow) } << "</td></tr>\n";

@@ -155,7 +155,7 @@ class ExplainTest(ToolTest):
             (["--block", "1", "--at", "0x80"], "has no byte at 0x80: the block ends at 0x7f"),
             (["--block", "2"], "has no block 2: its last one is 1"),
             (["--block", "2", "--at", "0"], "has no block 2: its last one is 1"),
-            (["--find", "no such words"], "has no field with this name or value: no such words"),
+            (["--find", "no such words"], "has no field with this text: no such words"),
         ]:
             with self.subTest(arguments):
                 path = self.save(MONITOR)

@@ -1,6 +1,7 @@
 // The base block, VESA E-EDID standard, Release A Revision 2 (1.4), and 1.3 with its predecessors where they differ.
 // Offsets are those of the block. The 18-byte descriptors stand in MapDescriptors.cpp.
 
+#include "MapDescriptors.h"
 #include "MapValue.h"
 
 #include <string.h>
@@ -388,6 +389,12 @@ unsigned int GetDescriptorIndex(const CRecord& oBlock, unsigned int uiDescriptor
     return uiCount > 1 ? uiEarlier : CZorEdidMap::msc_uiNone;
 }
 
+CRecord GetDescriptor(const CRecord& oBlock, unsigned int uiDescriptor)
+{
+    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
+    return { oBlock.GetFacts(), oBlock.GetData() + uiOffset, gsc_uiMapDescriptorSize };
+}
+
 void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
 {
     if (!IsDetailed(oBlock, 0) && oBlock.GetFacts().m_uiRevision >= 3)
@@ -400,6 +407,29 @@ void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned 
         {
             oWriter.AddNote(puiFields[i], CZorEdidMap::eSeverity_Warning,
                             "detailed timings must stand ahead of display descriptors");
+        }
+    }
+}
+
+// Timings against the range limits of the same block. An erratum of 1.4 lets timings that stand there go beyond them.
+void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
+{
+    const CZorEdidMap::ESeverity eSeverity =
+        IsRevision4(oBlock) ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning;
+    SRangeLimits oLimits = {};
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount && !oLimits.m_bThere; ++i)
+    {
+        if (GetDescriptorKind(oBlock, i) == gsc_uiTagRangeLimits)
+        {
+            oLimits = ReadRangeLimits(GetDescriptor(oBlock, i));
+        }
+    }
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount && oLimits.m_bThere; ++i)
+    {
+        const char* pszText = IsDetailed(oBlock, i) ? CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits) : nullptr;
+        if (pszText != nullptr)
+        {
+            oWriter.AddNote(puiFields[i], eSeverity, pszText);
         }
     }
 }
@@ -461,6 +491,7 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
     if (uiLength == CMapWriter::msc_uiBlockSize)
     {
         NoteDescriptors(oWriter, oBlock, auiFields);
+        NoteRanges(oWriter, oBlock, auiFields);
         NoteMissing(oWriter, oBlock, uiField);
     }
     oWriter.AddLeaf(gsc_oExtensionCountRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);

@@ -1,6 +1,7 @@
 // The 18-byte descriptors, VESA E-EDID standard, Release A Revision 2 (1.4), 3.10: detailed timings, which CTA-861 and
 // VTB blocks hold as well, and display descriptors by their tag. Offsets are those of the descriptor.
 
+#include "MapDescriptors.h"
 #include "MapValue.h"
 
 namespace
@@ -21,6 +22,7 @@ constexpr SPlace gsc_oVerticalPorch = Split({ { 0x0B, 3, 2 }, { 0x0A, 7, 4 } });
 constexpr SPlace gsc_oVerticalSync = Split({ { 0x0B, 1, 0 }, { 0x0A, 3, 0 } });
 constexpr unsigned int gsc_uiFlagsOffset = 0x11;
 constexpr unsigned int gsc_uiInterlacedBit = 7;
+constexpr char gsc_szNoPorch[] = "no front porch";
 
 bool IsAnalogSync(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) < 2; }
 bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 2; }
@@ -45,26 +47,49 @@ const char* CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
 
 const char* CheckSync(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "no sync pulse" : nullptr; }
 
+// Allowed, but some receivers lose the picture without one.
+void NoteFrontPorches(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
+{
+    constexpr unsigned int uiHighBit = 7;
+    if (oRecord.Get(gsc_oHorizontalPorch) == 0)
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + 0x08, uiHighBit), CZorEdidMap::eSeverity_Note, gsc_szNoPorch);
+    }
+    if (oRecord.Get(gsc_oVerticalPorch) == 0)
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + 0x0A, uiHighBit), CZorEdidMap::eSeverity_Note, gsc_szNoPorch);
+    }
+}
+
+constexpr unsigned int gsc_uiHzPerClock = 10000;
+
+unsigned int GetTotalWidth(const CRecord& oRecord)
+{
+    return oRecord.Get(gsc_oWidth) + oRecord.Get(gsc_oHorizontalBlanking);
+}
+
+// Of a field: an interlaced one ends with a half line.
+unsigned int GetHalfLines(const CRecord& oRecord)
+{
+    return 2 * (oRecord.Get(gsc_oHeight) + oRecord.Get(gsc_oVerticalBlanking)) +
+           (oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit) ? 1U : 0U);
+}
+
 // "1920 x 1080i @ 59.94 Hz": lines of the frame, fields per second.
 CMString FormatDetailed(const CRecord& oRecord)
 {
-    constexpr unsigned long long ullHzPerClock = 10000;
     const bool bInterlaced = oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit);
-    const unsigned int uiFields = bInterlaced ? 2 : 1;
-    const unsigned int uiWidth = oRecord.Get(gsc_oWidth);
-    const unsigned int uiHeight = oRecord.Get(gsc_oHeight);
-    // Half lines, as a field of an interlaced timing ends with one.
-    const unsigned long long ullHalfLines =
-        2ULL * (uiHeight + oRecord.Get(gsc_oVerticalBlanking)) + (bInterlaced ? 1U : 0U);
-    const unsigned long long ullTotal = (uiWidth + oRecord.Get(gsc_oHorizontalBlanking)) * ullHalfLines;
+    const unsigned long long ullTotal = static_cast<unsigned long long>(GetTotalWidth(oRecord)) * GetHalfLines(oRecord);
     CMString oText;
-    oText.Format("%u x %u%s", uiWidth, uiHeight * uiFields, bInterlaced ? "i" : "");
+    oText.Format("%u x %u%s", oRecord.Get(gsc_oWidth), oRecord.Get(gsc_oHeight) * (bInterlaced ? 2 : 1),
+                 bInterlaced ? "i" : "");
     if (ullTotal == 0)
     {
         return oText;
     }
     const unsigned long long ullHundreds =
-        (oRecord.Get(gsc_oClock) * ullHzPerClock * 200 + ullTotal / 2) / ullTotal; // of a hertz
+        (static_cast<unsigned long long>(oRecord.Get(gsc_oClock)) * gsc_uiHzPerClock * 200 + ullTotal / 2) /
+        ullTotal; // of a hertz
     oText.AppendFormat(" @ %llu", ullHundreds / 100);
     if (ullHundreds % 100 != 0)
     {
@@ -591,6 +616,46 @@ constexpr STable g_oDetailedTimingTable = { "Detailed timing", CZorEdidMap::eAre
 constexpr STable g_oCvtCodeTable = { "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows,
                                      FormatCvtCode };
 
+SRangeLimits ReadRangeLimits(const CRecord& oRecord)
+{
+    constexpr unsigned int uiClockUnit = 1000;   // 10 MHz
+    constexpr unsigned int uiPrecisionUnit = 25; // 0.25 MHz, to be taken off
+    const unsigned int uiVertical = GetVerticalOffsets(oRecord);
+    const unsigned int uiHorizontal = GetHorizontalOffsets(oRecord);
+    const unsigned int uiPrecision = IsCvt(oRecord) ? oRecord.GetBits(0x0C, 7, 2) : 0;
+    const unsigned int uiClock = oRecord.GetByte(0x09) * uiClockUnit;
+    return { true,
+             oRecord.GetByte(0x05) + (uiVertical == 3 ? gsc_uiRateOffset : 0),
+             oRecord.GetByte(0x06) + (uiVertical >= 2 ? gsc_uiRateOffset : 0),
+             oRecord.GetByte(0x07) + (uiHorizontal == 3 ? gsc_uiRateOffset : 0),
+             oRecord.GetByte(0x08) + (uiHorizontal >= 2 ? gsc_uiRateOffset : 0),
+             uiClock == 0 ? 0 : uiClock - uiPrecision * uiPrecisionUnit };
+}
+
+const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits)
+{
+    const unsigned long long ullClock = oTiming.Get(gsc_oClock); // 10 kHz
+    const unsigned long long ullWidth = GetTotalWidth(oTiming);
+    // A rate is ullPart / ullWhole. Its limits are compared in halves of their unit.
+    const auto fnIsBeyond = [](unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
+                               unsigned int uiMost) {
+        return 2 * ullPart + ullWhole < 2ULL * uiLeast * ullWhole ||
+               (uiMost != 0 && 2 * ullPart > (2ULL * uiMost + 1) * ullWhole);
+    };
+    if (oLimits.m_uiMostClock != 0 && ullClock > oLimits.m_uiMostClock)
+    {
+        return "the pixel clock is above that of the display range limits";
+    }
+    if (fnIsBeyond(ullClock * 10, ullWidth, oLimits.m_uiLeastLineRate, oLimits.m_uiMostLineRate))
+    {
+        return "the line rate is beyond the display range limits";
+    }
+    return fnIsBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming), oLimits.m_uiLeastRate,
+                      oLimits.m_uiMostRate)
+               ? "the field rate is beyond the display range limits"
+               : nullptr;
+}
+
 unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex)
 {
     const CRecord oRecord = oWriter.GetRecord(uiOffset, gsc_uiMapDescriptorSize);
@@ -600,7 +665,10 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned 
     }
     if (oRecord.Get(gsc_oClock) != 0)
     {
-        return oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);
+        const unsigned int uiField =
+            oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);
+        NoteFrontPorches(oWriter, oRecord, uiOffset);
+        return uiField;
     }
     const SDescriptor& oDescriptor = FindDescriptor(oRecord.GetByte(gsc_uiTagOffset));
     const unsigned int uiField = oWriter.BeginGroup(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);

@@ -527,18 +527,21 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     oWriter.EndGroup("Padding");
 }
 
-// From uiStart on: descriptors up to the first of 18 zero bytes, then padding up to the checksum.
+// From uiStart on: descriptors up to the first of 18 zero bytes, then padding up to the checksum. Where the image ends
+// ahead of it, in the midst of a timing maybe.
 void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
 {
-    for (unsigned int i = 0; uiEnd - uiStart >= gsc_uiDescriptorSize; ++i, uiStart += gsc_uiDescriptorSize)
+    const bool bCut = uiEnd < gsc_uiChecksumOffset;
+    unsigned int uiIndex = 0;
+    for (; uiEnd - uiStart >= gsc_uiDescriptorSize; ++uiIndex, uiStart += gsc_uiDescriptorSize)
     {
         if (IsZero(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDescriptorSize)))
         {
             break;
         }
-        MapDescriptor(oWriter, uiOffset + uiStart, i);
+        MapDescriptor(oWriter, uiOffset + uiStart, uiIndex);
     }
-    if (uiStart < uiEnd)
+    if (uiStart < uiEnd && (!bCut || MapDescriptor(oWriter, uiOffset + uiStart, uiIndex) == CZorEdidMap::msc_uiNone))
     {
         oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + uiStart, uiEnd - uiStart);
     }

@@ -568,6 +568,23 @@ constexpr STable gsc_oMakerTable = { "Manufacturer specified descriptor", CZorEd
 constexpr SRow gsc_aoUnknownRows[] = { { Run(0x05, 13), "Unknown", Unknown() } };
 constexpr STable gsc_oUnknownTable = { "Reserved descriptor", CZorEdidMap::eArea_Unused, gsc_aoUnknownRows };
 
+// ---- A timing whose end is missing ----
+
+// What is left of it, without a summary; msc_uiNone when it is none.
+unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset, unsigned int uiIndex)
+{
+    if (oRecord.Get(gsc_oClock) == 0)
+    {
+        return CZorEdidMap::msc_uiNone;
+    }
+    const unsigned int uiField =
+        oWriter.BeginGroup("Detailed timing", CZorEdidMap::eArea_Timing, uiOffset, oRecord.GetSize(), uiIndex);
+    oWriter.AddNote(CZorEdidMap::eSeverity_Error, "cut short: a detailed timing has 18 bytes");
+    oWriter.AddRows(g_oDetailedTimingTable, uiOffset, oRecord.GetSize());
+    oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
+    return uiField;
+}
+
 // ---- By tag ----
 
 // A descriptor with records of one kind has their table, place and number; one with a text, neither.
@@ -661,7 +678,7 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned 
     const CRecord oRecord = oWriter.GetRecord(uiOffset, gsc_uiMapDescriptorSize);
     if (oRecord.GetSize() < gsc_uiMapDescriptorSize)
     {
-        return CZorEdidMap::msc_uiNone;
+        return MapCutTiming(oWriter, oRecord, uiOffset, uiIndex);
     }
     if (oRecord.Get(gsc_oClock) != 0)
     {

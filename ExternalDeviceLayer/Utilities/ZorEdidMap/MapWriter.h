@@ -173,8 +173,8 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 extern const STable g_oDetailedTimingTable; // 18 bytes, E-EDID 3.10.2
 extern const STable g_oStandardTimingTable; // 2 bytes, E-EDID 3.9
 extern const STable g_oCvtCodeTable;        // 3 bytes, E-EDID 3.10.3.8
-// 18 bytes: a timing or a display descriptor. Returns the index of its group; msc_uiNone, with nothing added, when the
-// image ends before its end.
+// 18 bytes: a timing or a display descriptor. Returns the index of its group. Where the image ends before its end, a
+// timing is noted so; of anything else nothing is added, and msc_uiNone returned.
 inline constexpr unsigned int gsc_uiMapDescriptorSize = 18;
 unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex);
 // A data block collection of CTA-861: of an extension block, or carried in a DisplayID block.

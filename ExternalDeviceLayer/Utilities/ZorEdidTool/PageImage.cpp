@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -78,27 +79,132 @@ unsigned int FindAnnounced(const CZorEdidMap& oMap)
     return uiField;
 }
 
-// The library leaves borders out; the map has them beside the timing that carries its number.
-void FindBorders(const SPageImage& oImage, SPageTiming& oTiming)
+// The library leaves borders out. uiGroup is the map's group of the timing.
+void ReadBorders(const CZorEdidMap& oMap, unsigned int uiGroup, SPageTiming& oTiming)
 {
-    const CZorEdidMap& oMap = oImage.m_oMap;
+    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
+    {
+        const CField& oField = oMap.GetField(i);
+        const std::string_view sName = oField.m_pszName;
+        if (oField.m_eKind == CZorEdidMap::eKind_Number && sName.find("border") != std::string_view::npos)
+        {
+            unsigned int& uiBorder = sName.front() == 'H' ? oTiming.m_uiBorderWidth : oTiming.m_uiBorderHeight;
+            uiBorder = static_cast<unsigned int>(oField.m_llNumber);
+        }
+    }
+}
+
+void FindBorders(const CZorEdidMap& oMap, SPageTiming& oTiming)
+{
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         const CField& oGroup = oMap.GetField(i);
-        if (oGroup.m_eList != CZorEdidMap::eList_Detailed || oGroup.m_uiTiming != oTiming.m_oListed.m_uiIndex)
+        if (oGroup.m_eList == CZorEdidMap::eList_Detailed && oGroup.m_uiTiming == oTiming.m_oListed.m_uiIndex)
+        {
+            ReadBorders(oMap, i, oTiming);
+        }
+    }
+}
+
+// The library takes codes from 193 on as native forms of 65 and up, as CEA-861-F had it.
+std::string FindOtherCode(const CZorEdidMap& oMap, const SListedTiming& oListed)
+{
+    constexpr unsigned int uiFirstOther = 65;
+    constexpr unsigned int uiNativeBit = 0x80;
+    for (unsigned int i = 0; i < oMap.GetFieldCount() && oListed.m_bNative; ++i)
+    {
+        const CField& oField = oMap.GetField(i);
+        if (oField.m_uiOffset / CEdidUtils::msc_uiBlockSize != oListed.m_uiBlock || GetCodeText(oField).empty())
         {
             continue;
         }
-        for (unsigned int j = i; j < oGroup.m_uiEnd; ++j)
+        for (const unsigned int uiCode : oListed.m_oVics.m_auiCodes)
         {
-            const CField& oField = oMap.GetField(j);
-            const std::string_view sName = oField.m_pszName;
-            if (oField.m_eKind == CZorEdidMap::eKind_Number && sName.find("border") != std::string_view::npos)
+            if (uiCode >= uiFirstOther && oField.m_llNumber == uiCode + uiNativeBit)
             {
-                unsigned int& uiBorder = sName.front() == 'H' ? oTiming.m_uiBorderWidth : oTiming.m_uiBorderHeight;
-                uiBorder = static_cast<unsigned int>(oField.m_llNumber);
+                return FormatText("the library reads byte %02x as VIC %u; by CTA-861-H it is VIC %u",
+                                  uiCode + uiNativeBit, uiCode, uiCode + uiNativeBit);
             }
         }
+    }
+    return "";
+}
+
+// ---- Modes of the map ----
+
+// The mode that a field stands for; empty for another field.
+std::string GetModeText(const SPageImage& oImage, unsigned int uiField)
+{
+    constexpr std::string_view asNames[] = { "Short video descriptor", "Detailed timing", "Standard timing",
+                                             "CVT 3 byte timing code" };
+    const CField& oField = oImage.m_oMap.GetField(uiField);
+    const std::string_view sName = oField.m_pszName;
+    if (oField.m_eKind == CZorEdidMap::eKind_Flag)
+    {
+        return oField.m_llNumber != 0 && sName.find(" @ ") != std::string_view::npos ? std::string(sName) : "";
+    }
+    const bool bType = sName.starts_with("Type ") && sName.ends_with(" timing");
+    if (oField.m_eKind != CZorEdidMap::eKind_Group ||
+        (!bType && std::find(std::begin(asNames), std::end(asNames), sName) == std::end(asNames)))
+    {
+        return "";
+    }
+    const std::string sText = oImage.GetValue(uiField);
+    return sText.find("Hz") == std::string::npos ? "" : sText.substr(0, sText.find(", native"));
+}
+
+void FindUnlisted(SPageImage& oImage)
+{
+    std::set<std::string> asListed;
+    for (const bool bListed : { true, false })
+    {
+        for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
+        {
+            const std::string sMode = GetModeText(oImage, i);
+            const bool bNumbered = oImage.m_oMap.GetField(i).m_uiTiming != gsc_uiNone;
+            if (bNumbered == bListed && !sMode.empty() && asListed.insert(sMode).second && !bListed)
+            {
+                oImage.m_asUnlisted.push_back(sMode);
+            }
+        }
+    }
+}
+
+// Timings of an image that the library refuses.
+void AddTimingsOfMap(SPageImage& oImage)
+{
+    const CZorEdidMap& oMap = oImage.m_oMap;
+    const CEdidBase oBase;
+    unsigned int auiCounts[eTimingList_Detailed + 1] = {};
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CField& oGroup = oMap.GetField(i);
+        const unsigned char* pui8Bytes = oMap.GetData() + oGroup.m_uiOffset;
+        CVidParamTimingGeneric oTiming;
+        const bool bDetailed = std::string_view("Detailed timing") == oGroup.m_pszName;
+        int iRead = 0;
+        if (bDetailed && oGroup.m_uiLength == sizeof(CEdidUtils::SEdidDetailedRaw))
+        {
+            iRead = CEdidUtils::ConvertDetailedDescriptorToVidParam(
+                *reinterpret_cast<const CEdidUtils::SEdidDetailedRaw*>(pui8Bytes), &oTiming);
+        }
+        else if (std::string_view("Standard timing") == oGroup.m_pszName &&
+                 oGroup.m_uiLength == sizeof(CEdidBase::SStandard))
+        {
+            iRead = oBase.GetStandardTiming(reinterpret_cast<const CEdidBase::SStandard*>(pui8Bytes), &oTiming);
+        }
+        if (iRead == 0)
+        {
+            continue;
+        }
+        const ETimingList eList = bDetailed ? eTimingList_Detailed : eTimingList_Standard;
+        SPageTiming oPlace = {
+            { eList, auiCounts[eList]++, oGroup.m_uiOffset / CEdidUtils::msc_uiBlockSize, "", oTiming }, true
+        };
+        oPlace.m_oListed.m_bPreferred = oGroup.m_uiOffset == EdidBaseLayout::gsc_uiDescriptorsOffset &&
+                                        EdidBaseLayout::IsPreferredTimingDeclared(oMap.GetData());
+        ReadBorders(oMap, i, oPlace);
+        oImage.m_aoTimings.push_back(oPlace);
     }
 }
 
@@ -192,6 +298,7 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
     if (!m_oLoaded.Load(m_oInput))
     {
         m_sProblem = m_oLoaded.GetProblem();
+        AddTimingsOfMap(*this);
         return;
     }
     char szMaker[64] = {};
@@ -199,11 +306,13 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
     for (const SListedTiming& oListed : ListTimings(m_oLoaded))
     {
         m_aoTimings.push_back({ oListed });
+        m_aoTimings.back().m_sOtherCode = FindOtherCode(m_oMap, oListed);
         if (oListed.m_eList == eTimingList_Detailed)
         {
-            FindBorders(*this, m_aoTimings.back());
+            FindBorders(m_oMap, m_aoTimings.back());
         }
     }
+    FindUnlisted(*this);
 }
 
 const CZorEdidMap::SField* SPageImage::FindField(unsigned int uiOffset, unsigned int uiBit) const

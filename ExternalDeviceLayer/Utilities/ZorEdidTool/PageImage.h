@@ -25,6 +25,8 @@ struct SPageField
 struct SPageTiming
 {
     SListedTiming m_oListed;
+    bool m_bOfMap = false;             // of an image that the library refuses; the index counts the map's timings
+    std::string m_sOtherCode = {};     // why the library's code is another one than the map's; empty when it is not
     unsigned int m_uiBorderWidth = 0;  // pixels, each side
     unsigned int m_uiBorderHeight = 0; // lines, each side
     bool m_bOnlyHere = false;          // no timing of the other image equals it
@@ -52,6 +54,7 @@ struct SPageImage
     std::string m_sFile;    // its name without folders, which are nobody's business, in one line
     std::string m_sTitle;   // the monitor's name, or else the file's
     std::vector<SPageTiming> m_aoTimings;
+    std::vector<std::string> m_asUnlisted; // modes of the map that the library lists nowhere
     std::vector<SFinding> m_aoFindings;
     std::vector<SPageField> m_aoFields; // as many as the map has
     unsigned int m_uiAnnounced = 0;     // this many fields lie in blocks that the image announces; the rest is no part

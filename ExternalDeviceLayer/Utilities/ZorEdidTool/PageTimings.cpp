@@ -206,9 +206,11 @@ std::string GetMarks(const STimingRow& oRow)
     const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) {
         sMarks += bHolds ? (sMarks.empty() ? "" : ", ") + sMark : "";
     };
-    fnAdd(oListed.m_bNative, "native");
+    fnAdd(oRow.m_poTiming->m_bOfMap, "not listed by the library");
+    fnAdd(oListed.m_bNative && oRow.m_poTiming->m_sOtherCode.empty(), "native");
     fnAdd(oListed.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
-    fnAdd(!oListed.m_oVics.m_auiCodes.empty(), GetVicsText(oListed.m_oVics));
+    fnAdd(!oListed.m_oVics.m_auiCodes.empty() && oRow.m_poTiming->m_sOtherCode.empty(), GetVicsText(oListed.m_oVics));
+    fnAdd(!oRow.m_poTiming->m_sOtherCode.empty(), oRow.m_poTiming->m_sOtherCode);
     const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
     fnAdd(pszType != nullptr && oListed.m_eList != eTimingList_Detailed, pszType != nullptr ? pszType : "");
     return sMarks;
@@ -261,6 +263,28 @@ void AddHeads(CHtml& oHtml, bool bPair)
     }
     oHtml << "</tr></thead>\n";
 }
+
+CHtml MakeUnlisted(const SPage& oPage)
+{
+    CHtml oHtml;
+    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+    {
+        const std::vector<std::string>& asModes = oPage.m_apoImages[i]->m_asUnlisted;
+        if (asModes.empty())
+        {
+            continue;
+        }
+        oHtml << "<p class=\"small\">" << SText{ oPage.GetMark(i) } << SText{ oPage.IsPair() ? ": " : "" }
+              << asModes.size() << SText{ asModes.size() == 1 ? " mode" : " modes" } << " of the map "
+              << SText{ asModes.size() == 1 ? "is" : "are" } << " in no list of the library: ";
+        for (size_t j = 0; j < asModes.size(); ++j)
+        {
+            oHtml << SText{ j == 0 ? "" : ", " } << SText{ asModes[j] };
+        }
+        oHtml << ".</p>\n";
+    }
+    return oHtml;
+}
 } // namespace
 
 CHtml MakeTimings(const SPage& oPage)
@@ -270,12 +294,14 @@ CHtml MakeTimings(const SPage& oPage)
     const std::vector<STimingRow> aoRows = ListRows(oPage);
     if (aoRows.empty())
     {
-        return oHtml << "<p>The library lists no timing of this image.</p>\n</section>\n";
+        return oHtml << "<p>The library lists no timing of this image.</p>\n" << MakeUnlisted(oPage) << "</section>\n";
     }
     oHtml << "<div class=\"tools\"><label>Filter <input type=\"search\" id=\"filter\" autocomplete=\"off\" "
           << "spellcheck=\"false\"></label> <label>List <select id=\"list\"><option value=\"\">all</option>"
           << "<option>established</option><option>standard</option><option>detailed</option></select></label> "
-          << "<span id=\"count\" role=\"status\"></span></div>\n<div class=\"timings\">\n"
+          << "<span id=\"count\" role=\"status\"></span></div>\n<p class=\"small\">The rate of an interlaced mode is "
+          << "that of its fields.<span class=\"narrow\"> The table scrolls sideways.</span></p>\n"
+          << MakeUnlisted(oPage) << "<div class=\"timings\">\n"
           << "<div class=\"scroll tall\" tabindex=\"0\" role=\"region\" aria-label=\"Table of timings\">"
           << "<table id=\"table\">\n";
     AddHeads(oHtml, oPage.IsPair());

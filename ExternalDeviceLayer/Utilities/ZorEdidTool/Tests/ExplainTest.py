@@ -78,6 +78,9 @@ class ExplainTest(ToolTest):
 """]:
             self.assertIn(expected, "\n".join(["", *lines, ""]))
         self.assertEqual(self.lines("--block", "1"), lines[start:])
+        cut = self.lines(image=MONITOR[:220])[-3:]  # four bytes into a timing
+        self.assertTrue(cut[0].endswith("Detailed timing 3  ! error: cut short: a detailed timing has 18 bytes"), cut)
+        self.assertEqual([line.split()[0] for line in cut], ["58-5b", "58-59", "5a-5b"])
         noted = self.lines(image=change({0x10: "3c", 0x7F: "00"}, fix=False))
         self.assertIn("10            3c" + " " * 27 + "Week of manufacture: reserved  ! warning: reserved value", noted)
         self.assertIn("! error: the checksum is wrong", [line for line in noted if line.startswith("7f")][0])
@@ -101,6 +104,9 @@ class ExplainTest(ToolTest):
         self.assertEqual(self.lines("--find", "gamma", "--block", "1", status=1), [])
         self.assertEqual([line.split()[:3] for line in self.lines("--find", "L-PCM")],
                          [["block", "1", "15-17"], ["block", "1", "15.6-3"]])
+        for text, image, found in [("detailed 1", MONITOR, "Detailed timing 0"), ("vic 31", MONITOR, "identification code"),
+                                   ("reserved value", change({0x10: "3c"}), "Week of manufacture: reserved")]:
+            self.assertEqual([found in line for line in self.lines("--find", text, image=image)], [True])
         self.assertEqual(self.lines("--find", "standard timing 3"),
                          ["block 0 2c-2d                                  Standard timing 3: 1280 x 1024 @ 60 Hz  "
                           "(standard 3)"])
@@ -155,7 +161,7 @@ class ExplainTest(ToolTest):
             (["--block", "1", "--at", "0x80"], "has no byte at 0x80: the block ends at 0x7f"),
             (["--block", "2"], "has no block 2: its last one is 1"),
             (["--block", "2", "--at", "0"], "has no block 2: its last one is 1"),
-            (["--find", "no such words"], "has no field with this text: no such words"),
+            (["--find", "no such\n\x1b[31mwords"], "has no field with this text: no such\\n\\x1b[31mwords"),
         ]:
             with self.subTest(arguments):
                 path = self.save(MONITOR)

@@ -276,7 +276,7 @@ const char* CheckMaximumRate(unsigned int uiMinimum, unsigned int uiMaximum, uns
 {
     const unsigned int uiLow = uiMinimum + (uiOffsets == 3 ? gsc_uiRateOffset : 0);
     const unsigned int uiHigh = uiMaximum + (uiOffsets >= 2 ? gsc_uiRateOffset : 0);
-    return uiMaximum == 0 ? "0 is reserved" : uiHigh < uiLow ? "below the minimum" : nullptr;
+    return uiMaximum == 0 ? "00h is reserved" : uiHigh < uiLow ? "below the minimum" : nullptr;
 }
 
 const char* CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
@@ -289,7 +289,7 @@ const char* CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
     return CheckMaximumRate(oRecord.GetByte(0x07), uiValue, GetHorizontalOffsets(oRecord));
 }
 
-const char* CheckRate(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is reserved" : nullptr; }
+const char* CheckRate(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "00h is reserved" : nullptr; }
 
 const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
 {

@@ -80,9 +80,9 @@ private:
         const unsigned int uiEnd = std::min(m_oMap.GetSize(), uiStart + gsc_uiBlockSize);
         const CZorEdidMap::SField& oBlock = m_oMap.GetField(GetChain(m_oMap, m_oMap.FindLeaf(uiStart, 7)).front());
         const std::string sName = FormatText("Block %u: ", uiStart / gsc_uiBlockSize) + oBlock.m_pszName;
-        oHtml << "<table role=\"grid\" class=\"grid\" aria-multiselectable=\"true\" aria-label=\"Bytes"
-              << SText{ GetOfImage() } << ", " << SText{ sName } << "\"><caption>" << SText{ sName }
-              << "</caption>\n<thead><tr><td></td>";
+        oHtml << "<table role=\"grid\" class=\"grid" << SText{ m_oMap.GetSize() > 2 * gsc_uiBlockSize ? " wide" : "" }
+              << "\" aria-multiselectable=\"true\" aria-label=\"Bytes" << SText{ GetOfImage() } << ", "
+              << SText{ sName } << "\"><caption>" << SText{ sName } << "</caption>\n<thead><tr><td></td>";
         for (unsigned int i = 0; i < gsc_uiLine; ++i)
         {
             oHtml << "<th scope=\"col\">" << SText{ FormatText("%x", i) } << "</th>";

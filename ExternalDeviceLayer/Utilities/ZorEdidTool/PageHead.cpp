@@ -361,7 +361,16 @@ public:
         }
         DrawBox(oHtml << "<g class=\"paper\">", dPaperLeft, gsc_dPaperWidth, gsc_dPaperHeight);
         DrawText(oHtml, dPaperLeft + gsc_dPaperWidth / 2, m_dHeight - gsc_dPaperHeight / 2, "A4");
-        return oHtml << "</g>\n</svg>\n<figcaption>To scale, beside a sheet of A4 paper.</figcaption>\n</figure>\n";
+        oHtml << "</g>\n</svg>\n<figcaption>To scale, beside a sheet of A4 paper: ";
+        for (size_t i = 0; i < m_aoSizes.size(); ++i)
+        {
+            const SSize& oSize = m_aoSizes[i].m_oSize;
+            oHtml << SText{ i == 0 ? "" : "; " } << SText{ m_aoSizes[i].m_pszMark }
+                  << SText{ *m_aoSizes[i].m_pszMark == '\0' ? "" : " " }
+                  << SText{ FormatText("%.0f \u00D7 %.0f mm, %.1f in", oSize.m_dWidth, oSize.m_dHeight,
+                                       oSize.GetDiagonal() / gsc_dMmPerInch) };
+        }
+        return oHtml << ".</figcaption>\n</figure>\n";
     }
 
 private:
@@ -404,11 +413,9 @@ private:
         DrawBox(oHtml, 0, oSize.m_dWidth, oSize.m_dHeight);
         oHtml << "<path d=\"M0 " << SDecimal{ m_dHeight, 1 } << "L" << SDecimal{ oSize.m_dWidth, 1 } << " "
               << SDecimal{ dTop, 1 } << "\"/>";
-        const std::string sMark = *oMarked.m_pszMark == '\0' ? "" : std::string(oMarked.m_pszMark) + ": ";
-        const double dLine = bSecond ? m_dHeight - 1.2 * m_dText : dTop + 1.4 * m_dText;
-        DrawText(oHtml, oSize.m_dWidth / 2, dLine,
-                 sMark + FormatText("%.0f \u00D7 %.0f mm, %.1f in", oSize.m_dWidth, oSize.m_dHeight,
-                                    oSize.GetDiagonal() / gsc_dMmPerInch));
+        // In a corner that the diagonals do not cross.
+        DrawText(oHtml, bSecond ? oSize.m_dWidth - m_dText : m_dText, bSecond ? m_dHeight - m_dText : dTop + m_dText,
+                 oMarked.m_pszMark);
         oHtml << "</g>\n";
     }
 

@@ -115,7 +115,7 @@ public:
               << "-desc\" viewBox=\"0 0 " << SDecimal{ gsc_dWidth, 0 } << " " << SDecimal{ gsc_dHeight, 0 }
               << "\"><title id=\"" << oKey << "-title\">Modes over " << SText{ m_bLineRate ? "line rate" : "width" }
               << " and refresh rate</title><desc id=\"" << oKey << "-desc\">" << m_aoPoints.size()
-              << " points; the table of timings has their numbers.";
+              << " points, which stand in the list below.";
         DescribeLimits(oHtml);
         oHtml << "</desc>\n";
         AddGrid(oHtml);
@@ -124,7 +124,13 @@ public:
         {
             AddPoint(oHtml, oPoint);
         }
-        return oHtml << "</svg>\n</figure>\n";
+        oHtml << "</svg>\n<details><summary>The points of this plot as a list</summary><ul>\n";
+        for (const auto& [aoKey, oPoint] : m_aoPoints)
+        {
+            oHtml << "<li>" << SDecimal{ oPoint.m_dX, 2 } << SText{ m_bLineRate ? " kHz, " : " pixels, " }
+                  << SDecimal{ oPoint.m_dY, 2 } << " Hz: " << SText{ DescribePoint(oPoint) } << "</li>\n";
+        }
+        return oHtml << "</ul></details>\n</figure>\n";
     }
 
 private:
@@ -213,7 +219,8 @@ private:
                   << "\" y=\"" << SDecimal{ dTop, 1 } << "\" width=\"" << SDecimal{ std::max(dRight - dLeft, 1.0), 1 }
                   << "\" height=\"" << SDecimal{ std::max(PlaceY(m_aoLimits[i]->m_dLeastRate) - dTop, 1.0), 1 }
                   << "\"/>";
-            AddText(oHtml, dRight - 6, i == 0 ? dTop - 6 : PlaceY(m_aoLimits[i]->m_dLeastRate) + 18, "end",
+            // In the upper left corner: no mode has few pixels and a high rate.
+            AddText(oHtml, dLeft + 6, dTop + (i == 0 ? 20 : 44), "start",
                     std::string("range limits ") + m_oPage.GetMark(i));
         }
     }
@@ -225,10 +232,10 @@ private:
             if (m_aoLimits[i].has_value())
             {
                 const SLimits& oLimits = *m_aoLimits[i];
-                oHtml << " Range limits " << SText{ m_oPage.GetMark(i) } << ": " << SDecimal{ oLimits.m_dLeastRate, 0 }
-                      << " to " << SDecimal{ oLimits.m_dMostRate, 0 } << " Hz, "
-                      << SDecimal{ oLimits.m_dLeastLineRate, 0 } << " to " << SDecimal{ oLimits.m_dMostLineRate, 0 }
-                      << " kHz.";
+                oHtml << " Range limits" << SText{ m_oPage.IsPair() ? " of " : "" } << SText{ m_oPage.GetMark(i) }
+                      << ": " << SDecimal{ oLimits.m_dLeastRate, 0 } << " to " << SDecimal{ oLimits.m_dMostRate, 0 }
+                      << " Hz, " << SDecimal{ oLimits.m_dLeastLineRate, 0 } << " to "
+                      << SDecimal{ oLimits.m_dMostLineRate, 0 } << " kHz.";
             }
         }
     }
@@ -261,14 +268,20 @@ private:
               << SText{ bInside ? "" : " outside" } << SText{ bOne && oPoint.m_abIn[0] ? " first" : "" }
               << SText{ bOne && oPoint.m_abIn[1] ? " second" : "" } << "\" cx=\"" << SDecimal{ PlaceX(oPoint.m_dX), 1 }
               << "\" cy=\"" << SDecimal{ PlaceY(oPoint.m_dY), 1 } << "\" r=\""
-              << SText{ oPoint.m_bPreferred ? "7" : "5" } << "\"><title>" << SText{ oPoint.m_sModes }
-              << SText{ oPoint.m_bPreferred ? " (preferred)" : "" }
-              << SText{ bInside ? "" : " (outside the range limits)" };
-        if (bOne)
+              << SText{ oPoint.m_bPreferred ? "7" : "5" } << "\"><title>" << SText{ DescribePoint(oPoint) }
+              << "</title></circle>\n";
+    }
+
+    std::string DescribePoint(const SPoint& oPoint) const
+    {
+        std::string sText = oPoint.m_sModes;
+        sText += oPoint.m_bPreferred ? " (preferred)" : "";
+        sText += IsWithinLimits(oPoint) ? "" : " (outside the range limits)";
+        if (m_oPage.IsPair() && oPoint.m_abIn[0] != oPoint.m_abIn[1])
         {
-            oHtml << " only in " << SText{ m_oPage.GetMark(oPoint.m_abIn[0] ? 0 : 1) };
+            sText += std::string(" only in ") + m_oPage.GetMark(oPoint.m_abIn[0] ? 0 : 1);
         }
-        oHtml << "</title></circle>\n";
+        return sText;
     }
 
     SPage& m_oPage;

@@ -219,9 +219,6 @@ private:
                   << "\" y=\"" << SDecimal{ dTop, 1 } << "\" width=\"" << SDecimal{ std::max(dRight - dLeft, 1.0), 1 }
                   << "\" height=\"" << SDecimal{ std::max(PlaceY(m_aoLimits[i]->m_dLeastRate) - dTop, 1.0), 1 }
                   << "\"/>";
-            // In the upper left corner: no mode has few pixels and a high rate.
-            AddText(oHtml, dLeft + 6, dTop + (i == 0 ? 20 : 44), "start",
-                    std::string("range limits ") + m_oPage.GetMark(i));
         }
     }
 
@@ -316,8 +313,16 @@ CHtml MakeModePlots(SPage& oPage)
     {
         oHtml << "<li><span class=\"dot\"></span>mode</li>";
     }
-    const bool bLimits = std::any_of(oPage.m_apoImages.begin(), oPage.m_apoImages.end(),
-                                     [](const auto& poImage) { return FindLimits(*poImage).has_value(); });
+    bool bLimits = false;
+    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
+    {
+        if (FindLimits(*oPage.m_apoImages[i]).has_value())
+        {
+            oHtml << "<li><span class=\"box" << SText{ i == 0 ? "" : " second" } << "\"></span>range limits "
+                  << SText{ oPage.GetMark(i) } << "</li>";
+            bLimits = true;
+        }
+    }
     if (bLimits)
     {
         oHtml << "<li><span class=\"dot outside\"></span>outside the range limits</li>";

@@ -160,12 +160,42 @@ class PageTest(unittest.TestCase):
         # HDMI, HDMI Forum, HDR with 50 * 2 ^ (96 / 32) cd/m2, colorimetry with BT.2020 RGB and YCC.
         data = bytes.fromhex("67030c0010000078" "67d85dc401780000" "e60605016060 12" "e305c000".replace(" ", ""))
         block = bytes([2, 3, 4 + len(data), 0]) + data
-        page = self.make(self.save(fix_sums(MONITOR[:128] + block.ljust(128, b"\0"))))
-        facts = dict(zip([name["text"] for name in page.all(tag="dt")], [text["text"] for text in page.all(tag="dd")]))
+        facts = self.facts(fix_sums(MONITOR[:128] + block.ljust(128, b"\0")))
         self.assertEqual(facts["Interface"], "digital, HDMI 2.0 or later")
+        self.assertEqual((facts["Preferred mode"], facts.get("Native mode")), ("1920 \u00d7 1080 at 60 Hz", None))
         self.assertTrue(facts["HDR"].startswith("PQ (SMPTE ST 2084), up to 400 cd/m\u00b2, 400 cd/m\u00b2 over a "
                                                 "whole frame, down to 0.02 cd/m"), facts["HDR"])
         self.assertEqual(facts["Colour"], "covers 97 % of sRGB and 76 % of DCI-P3, gamma 2.20, BT2020RGB, BT2020YCC")
+
+    def facts(self, image):
+        page = self.make(self.save(image))
+        return dict(zip([name["text"] for name in page.all(tag="dt")], [text["text"] for text in page.all(tag="dd")]))
+
+    def test_words_of_odd_images(self):
+        def change(changes, image=MONITOR):
+            image = bytearray(image)
+            for offset, text in changes.items():
+                image[offset:offset + len(text) // 2] = bytes.fromhex(text)
+            return fix_sums(bytes(image))
+        self.assertEqual(self.facts(change({0x10: "3c"}))["Made"], "2010")  # week 60
+        cut = self.facts(MONITOR[:20])
+        self.assertEqual((cut["Made"], cut.get("Interface"), cut.get("HDR")), ("2010, week 34", None, None))
+        # Two blocks of HDMI 1.4 are none of the Forum; what stands behind the announced blocks is no part.
+        forum = b"\x02\x03\x0c\0\x67\xd8\x5d\xc4\1\x78\0\0".ljust(128, b"\0")
+        for extra, count, found in [(MONITOR[128:], "02", "digital, HDMI 1.4"), (forum, "01", "digital, HDMI 1.4"),
+                                    (forum, "02", "digital, HDMI 2.0 or later")]:
+            self.assertEqual(self.facts(change({0x7E: count}, MONITOR + extra))["Interface"], found)
+        # Byte 18h of 1.4 calls the preferred timing native.
+        self.assertEqual(self.facts(change({0x13: "04", 0x14: "a5", 0x18: "2a"}))["Native mode"],
+                         "1920 \u00d7 1080 at 60 Hz")
+        # Limits with the offsets of 1.4; codes that CEA-861-F read otherwise.
+        page = self.make(self.save(change({0x13: "04", 0x5E: "0a2814180a"})))
+        self.assertEqual(len(page.all(tag="rect", _class="limits")), 2)
+        self.assertNotIn("range limits", self.make(self.save(change({0x5D: "10"}))).all(id="modes")[0]["text"])
+        text = self.make(self.save(change({0x85: "da"}))).all(id="timings")[0]["text"]
+        for part in ["the library reads byte da as VIC 90; by CTA-861-H it is VIC 218",
+                     "1 mode of the map is in no list of the library: 4096x2160p 100 Hz 256:135."]:
+            self.assertIn(part, text)
 
     def test_texts_of_an_image_stay_texts(self):
         plain = self.make(self.save(with_descriptors(*[b"plain text 13"] * 3), b"plain.bin"))
@@ -181,7 +211,12 @@ class PageTest(unittest.TestCase):
             self.assertIn("\"><img src=x onerror=alert(1)>&amp;\\xff.bin", page.all(_class="file")[0]["text"])
 
     def test_what_the_library_refuses_has_a_page(self):
-        self.assertIn("no multiple of 128", self.make(self.save(MONITOR[:200])).all(tag="main")[0]["text"])
+        cut = self.make(self.save(MONITOR[:200]))
+        self.assertIn("no multiple of 128", cut.all(tag="main")[0]["text"])
+        rows = [row["text"] for row in cut.all(tag="tr") if "detailed" in row["text"]]
+        self.assertEqual(len(rows), 3)  # of the map; the fourth one is cut
+        for part in ["1920 \u00d7 1080", "60.00", "67.50", "preferred", "not listed by the library"]:
+            self.assertIn(part, rows[0])
         source = random.Random(14)
         for size in (1, 54, 127, 128, 256, 500, 1024):
             with self.subTest(size):
@@ -206,6 +241,14 @@ class PageTest(unittest.TestCase):
         self.assertIn("4 bytes differ. Timings only in A: 1, only in B: 0.", page.all(tag="main")[0]["text"])
         self.assertEqual([row["text"] for row in page.all(_class="differs", tag="tr")][0].split()[:3],
                          ["standard", "0A1152", "\u00d7"])
+        # A data block ahead of the others moves them; only what is new differs, and the two sums and counts.
+        data = MONITOR[0x84:0xA2]
+        moved = bytearray(MONITOR[:0x84] + data[:16] + b"\xe2\x00\x00" + data[16:] + MONITOR[0xA2:0xFC] + b"\0")
+        moved[0x82] += 3
+        rows = self.make(self.save(MONITOR), self.save(fix_sums(bytes(moved)), b"other.bin")).all(
+            _class="differences")[0]["text"].splitlines()
+        self.assertEqual([row.split(" ", 1)[1].split(" A:")[0] for row in rows if row],
+                         ["Offset of the detailed timing descriptors", "Checksum", "Video capability data block"])
         self.assertIn("No field differs.", self.make(self.save(MONITOR), self.save(MONITOR)).all(tag="main")[0]["text"])
 
     def test_output(self):

@@ -65,7 +65,9 @@ class BrowserTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.pages = {}
-        for name, images in {"one": [MONITOR], "cut": [MONITOR[:200]], "two": [MONITOR, hostile()]}.items():
+        long = fix_sums(MONITOR[:126] + b"\2\0" + MONITOR[128:] * 2)  # offsets of three digits
+        for name, images in {"one": [MONITOR], "cut": [MONITOR[:200]], "long": [long],
+                             "two": [MONITOR, hostile()]}.items():
             paths = [os.path.join(folder.name, f"{name}{i}.bin") for i in range(len(images))]
             for path, image in zip(paths, images):
                 with open(path, "wb") as file:
@@ -75,9 +77,9 @@ class BrowserTest(unittest.TestCase):
         cls.browser = start_browser()
         cls.addClassCleanup(cls.browser.quit)
 
-    def open(self, name="one", width=1600, dark=False):
+    def open(self, name="one", width=1600, dark=False, media=""):
         scheme = [{"name": "prefers-color-scheme", "value": "dark" if dark else "light"}]
-        self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": scheme})
+        self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {"media": media, "features": scheme})
         self.browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
             "width": width, "height": 900, "deviceScaleFactor": 1, "mobile": False})
         self.browser.get("file://" + self.pages[name])
@@ -109,11 +111,32 @@ class BrowserTest(unittest.TestCase):
                     with self.subTest(name=name, width=width, dark=dark):
                         self.open(name, width, dark)
                         self.assertEqual(self.browser.get_log("browser"), [])
-                        self.assertEqual(self.run_script("""const e = document.documentElement;
-                            return [e.scrollWidth - e.clientWidth, window.innerWidth]"""), [0, width])
+                        self.assertEqual(self.overflow(), [0, width])
+                        heads = "return [...document.querySelectorAll('.grid tbody th')].map(e => e.offsetHeight)"
+                        self.assertLess(max(self.run_script(heads)), 34)  # on one line, beside its bytes
                         backs.add(self.run_script("return getComputedStyle(document.body).backgroundColor"))
         self.assertEqual(len(backs), 2)
         self.assertEqual(self.run_script("return document.images.length + document.scripts.length"), 1)
+
+    def overflow(self):
+        return self.run_script("""const e = document.documentElement;
+            return [e.scrollWidth - e.clientWidth, window.innerWidth]""")
+
+    def shown(self, selector):
+        """Texts of the elements that can be seen."""
+        return self.run_script("""return [...document.querySelectorAll(arguments[0])].filter(e => e.offsetParent)
+            .map(e => (e.querySelector(":scope > .name") || e).textContent)""", selector)
+
+    def test_paper_has_all_whatever_the_filters(self):
+        for name in ("one", "two"):
+            self.open(name, 718, media="print")  # A4 without its margins
+            whole = len(self.shown("[role=treeitem]")), len(self.shown("#table tbody tr"))
+            self.run_script("""for (const input of document.querySelectorAll(".find input, #filter")) {
+                input.value = "gamma";
+                input.dispatchEvent(new Event("input", { bubbles: true }));
+            }""")
+            self.assertEqual((len(self.shown("[role=treeitem]")), len(self.shown("#table tbody tr"))), whole)
+            self.assertEqual(self.overflow()[0], 0)
 
     def test_light_turns_by_the_button(self):
         for dark in (False, True):
@@ -169,11 +192,20 @@ class BrowserTest(unittest.TestCase):
 
     def test_fields_are_found(self):
         self.open()
+        groups = ["Base block", "Basic display parameters and features"]
         self.one(".find input").send_keys("gamma")
-        shown = self.run_script("""return [...document.querySelectorAll("[role=treeitem]")].filter(e => e.offsetParent)
-            .map(e => e.querySelector(".name").textContent)""")
-        self.assertEqual(shown, ["Base block", "Basic display parameters and features",
-                                 "Display transfer characteristic (gamma)"])
+        gamma = groups + ["Display transfer characteristic (gamma)"]
+        self.assertEqual(self.shown("[role=treeitem]"), gamma)
+        # A byte whose field the search hides shows it.
+        self.run_script("document.querySelector('#a21').focus()")
+        self.assertEqual(self.shown("[role=treeitem]"), groups + ["Horizontal screen size", gamma[2]])
+        self.assertEqual(self.shown(".field.on"), ["Horizontal screen size"])
+        for text, last, none in [("0x17", gamma[2], ""), ("vic 31", "Video identification code", ""),
+                                 ("zzzz", None, "No field has this text.")]:
+            self.one(".find input").clear()
+            self.one(".find input").send_keys(text)
+            self.assertEqual((self.shown("[role=treeitem]") or [None])[-1], last)
+            self.assertEqual(self.one(".none").text, none)
 
     def rows(self):
         return self.run_script("""return [...document.querySelectorAll("#table tbody tr")].filter(e => !e.hidden)
@@ -193,6 +225,10 @@ class BrowserTest(unittest.TestCase):
         self.one("#filter").send_keys("vic 1920x1080i")
         self.assertEqual({row[1] for row in self.rows()}, {"1920 \u00d7 1080i"})
         self.assertEqual(self.one("#count").text, f"{len(self.rows())} of {whole}")
+        for text, cell in [("1920X1080i@60", "1920 \u00d7 1080i"), ("Detailed  0", "detailed 0")]:
+            self.one("#filter").clear()
+            self.one("#filter").send_keys(text)
+            self.assertTrue(self.rows() and all(cell in row for row in self.rows()), (text, self.rows()))
         self.one("#filter").clear()
         self.one("#list option:nth-child(4)").click()
         self.assertEqual({row[0].split()[0] for row in self.rows()}, {"detailed"})
@@ -206,10 +242,11 @@ class BrowserTest(unittest.TestCase):
     def test_axe_finds_nothing_of_weight(self):
         with open(AXE, encoding="utf-8") as file:
             axe = file.read()
-        for name, width, dark in (("one", 1600, True), ("cut", 1600, False), ("two", 360, False)):
+        # Byte 35 has more fields than the box above the bytes holds.
+        for name, width, dark in (("one", 1600, True), ("one", 360, False), ("cut", 1600, False), ("two", 360, True)):
             with self.subTest(name=name, width=width, dark=dark):
                 self.open(name, width, dark)
-                self.run_script("document.querySelector('#a10').focus()")
+                self.run_script("document.querySelector('#a35').focus()")
                 self.run_script(axe)
                 found = self.browser.execute_async_script("axe.run().then(arguments[0])")["violations"]
                 self.assertEqual([(one["id"], one["impact"], len(one["nodes"]), one["nodes"][0]["html"][:200],

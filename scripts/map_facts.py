@@ -39,7 +39,8 @@ class Group:
         self.leaves = {leaf["name"]: leaf for leaf in self.fields if leaf["kind"] != "group"}
 
     def value(self, name):
-        return self.leaves[name]["value"]
+        """None where a meaning such as "not given" takes the number's place."""
+        return self.leaves[name].get("value")
 
     def said(self, name):
         return self.leaves[name].get("text", "")
@@ -63,7 +64,7 @@ def own_date(group):
     for name in group.leaves:
         if "year" in name.lower():
             year = group.value(name)
-    yield "date", f"model {year}" if week == 255 else f"week {week} of {year}" if week else f"{year}"
+    yield "date", f"model {year}" if group.has("Model year") else f"week {week} of {year}" if week else f"{year}"
 
 
 def own_chromaticities(group):
@@ -116,8 +117,8 @@ def own_descriptor(group):
     yield "timing", timing(group, round(group.value("Pixel clock") * 1000), "blanking", "sync pulse width")
     sizes = [group.value(f"{name} addressable video image size")
              for name in ("Horizontal", "Vertical") if group.has(f"{name} addressable video image size")]
-    if sum(sizes):
-        yield "image-size", f"{sizes[0]} x {sizes[1]}"
+    if any(sizes):
+        yield "image-size", " x ".join(str(size or 0) for size in sizes)
 
 
 def own_displayid_timing(group):
@@ -223,7 +224,7 @@ def own_luminances(group):
     yield from own_names("eotf", EOTFS)(group)
     for name in ("max", "max frame-average", "min"):
         leaf = group.leaves.get(f"Desired content {name} luminance")
-        if leaf is not None and (leaf.get("meaning") is None or name == "min"):
+        if leaf is not None and "value" in leaf:
             yield "luminance", f"{name} {leaf['value']:.3f}"
 
 
@@ -256,8 +257,8 @@ PRODUCT_TYPES = {  # by the map's words
 
 
 def own_parameters(group):
-    yield "parameters", f"{group.value('Horizontal image size'):.1f} x {group.value('Vertical image size'):.1f}"
-    yield "parameters", f"{group.value('Horizontal pixel count')}x{group.value('Vertical pixel count')}"
+    yield "parameters", " x ".join(f"{group.value(name) or 0:.1f}" for name in ("Horizontal image size", "Vertical image size"))
+    yield "parameters", "x".join(str(group.value(name) or 0) for name in ("Horizontal pixel count", "Vertical pixel count"))
     for name in ("Transfer characteristic gamma", "Gamma EOTF, native"):
         if group.has(name):
             yield "gamma", group.said(name)

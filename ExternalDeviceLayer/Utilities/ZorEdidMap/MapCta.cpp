@@ -466,6 +466,8 @@ constexpr SMeaning gsc_aoStarts[] = { { 0, 0, "no data blocks, no detailed timin
 
 bool HasFlags(const CRecord& oBlock) { return oBlock.GetByte(gsc_uiRevisionOffset) >= gsc_uiRevisionWithFlags; }
 
+bool HasNoFlags(const CRecord& oBlock) { return !HasFlags(oBlock); }
+
 constexpr bool IsStart(unsigned int uiStart) { return uiStart >= gsc_uiDataBlocksOffset && uiStart < gsc_uiBlockSize; }
 
 const char* CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
@@ -480,26 +482,27 @@ const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 
 constexpr SRow gsc_aoBlockRows[] = {
     { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
-    { Byte(1), "Revision number", Number().With(gsc_aoRevisions), nullptr, CheckRevision },
-    { Byte(2), "Offset of the detailed timing descriptors", Number("bytes").With(gsc_aoStarts), nullptr, CheckStart },
+    { Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
+    { Byte(2), "Offset of the detailed timing descriptors", Number("bytes").Named(gsc_aoStarts), nullptr, CheckStart },
     { Bit(3, 7), "Underscan", Flag(), HasFlags },
     { Bit(3, 6), "Basic audio", Flag(), HasFlags },
     { Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },
     { Bit(3, 4), "YCbCr 4:2:2", Flag(), HasFlags },
     { Bits(3, 3, 0), "Total number of native formats in the detailed timing descriptors", Number(), HasFlags },
+    { Byte(3), "Reserved", Reserved(), HasNoFlags },
 };
 constexpr STable gsc_oBlockTable = { "CTA-861 extension block", eStructure, gsc_aoBlockRows };
 
 constexpr SRow gsc_oPaddingRow = { RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
 
-bool IsZero(const CRecord& oRecord)
+// A clock of 0 ends the timings, unless a display descriptor follows: 00 00 00 and a tag of the list.
+bool IsDescriptor(const CRecord& oRecord)
 {
-    unsigned int uiBits = 0;
-    for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
-    {
-        uiBits |= oRecord.GetByte(i);
-    }
-    return uiBits == 0;
+    constexpr unsigned int uiFirstTag = 0xF7;
+    constexpr unsigned int uiDummyTag = 0x10;
+    const unsigned int uiTag = oRecord.GetByte(3);
+    return (oRecord.GetByte(0) | oRecord.GetByte(1)) != 0 ||
+           (oRecord.GetByte(2) == 0 && (uiTag >= uiFirstTag || uiTag == uiDummyTag));
 }
 
 // Bytes 4 to uiStart - 1. Before revision 3 nothing was ever defined for them.
@@ -527,7 +530,7 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     oWriter.EndGroup("Padding");
 }
 
-// From uiStart on: descriptors up to the first of 18 zero bytes, then padding up to the checksum. Where the image ends
+// From uiStart on: descriptors up to the first that is none, then padding up to the checksum. Where the image ends
 // ahead of it, in the midst of a timing maybe.
 void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
 {
@@ -535,7 +538,7 @@ void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int
     unsigned int uiIndex = 0;
     for (; uiEnd - uiStart >= gsc_uiDescriptorSize; ++uiIndex, uiStart += gsc_uiDescriptorSize)
     {
-        if (IsZero(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDescriptorSize)))
+        if (!IsDescriptor(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDescriptorSize)))
         {
             break;
         }

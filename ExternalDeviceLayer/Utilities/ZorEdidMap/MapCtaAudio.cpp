@@ -31,6 +31,7 @@ enum EExtended : unsigned int
     eExtended_HeAacV2 = 5,
     eExtended_AacLc = 6,
     eExtended_HeAacSurround = 8,
+    eExtended_Reserved = 9,
     eExtended_AacLcSurround = 10,
     eExtended_MpegH = 11,
     eExtended_Ac4 = 12,
@@ -93,6 +94,14 @@ bool WhereExtended(const CRecord& oAudio)
 bool IsFormat(const CRecord& oAudio) { return !WhereFormat<eFormat_Reserved>(oAudio); }
 bool IsMat4OrLater(const CRecord& oAudio) { return WhereFormat<eFormat_Mat>(oAudio) && oAudio.IsSet(2, 0); }
 
+// Which bits of the descriptor mean what is not known for these.
+bool IsUnknownExtended(const CRecord& oAudio)
+{
+    const unsigned int uiExtended = GetExtended(oAudio);
+    return WhereFormat<eFormat_Extended>(oAudio) &&
+           (uiExtended == 0 || uiExtended == eExtended_Reserved || uiExtended > eExtended_Pcm3d);
+}
+
 bool HasBitRate(const CRecord& oAudio)
 {
     return GetFormat(oAudio) >= eFormat_FirstWithBitRate && GetFormat(oAudio) <= eFormat_LastWithBitRate;
@@ -120,10 +129,11 @@ bool HasFrameLengths(const CRecord& oAudio)
            WhereExtended<eExtended_AacLc>(oAudio) || IsMpegSurround(oAudio);
 }
 
-// Of the formats without a count of 8 channels the published ones are left out, and those that are not.
+// MPEG-H has a level here, AC-4 nothing, and 3D audio more bits of a count.
 bool HasChannels(const CRecord& oAudio)
 {
-    return IsFormat(oAudio) && (!WhereFormat<eFormat_Extended>(oAudio) || GetExtended(oAudio) < eExtended_MpegH);
+    return IsFormat(oAudio) && !IsUnknownExtended(oAudio) &&
+           (!WhereFormat<eFormat_Extended>(oAudio) || GetExtended(oAudio) < eExtended_MpegH);
 }
 
 constexpr SMeaning gsc_aoMpegHLevels[] = {
@@ -168,6 +178,10 @@ constexpr SRow gsc_aoAudioRows[] = {
     { Bit(2, 1), "Baseline profile", Flag(), WhereExtended<eExtended_MpegH> },
     { Bit(2, 0), "Low complexity profile", Flag(), WhereExtended<eExtended_MpegH> },
     { Bits(2, 2, 0), "Audio format code dependent value", Number(), WhereExtended<eExtended_Ac4> },
+    { Bit(0, 7), "Unknown", Unknown(), IsUnknownExtended },
+    { Bits(0, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
+    { Bit(1, 7), "Unknown", Unknown(), IsUnknownExtended },
+    { Bits(2, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
 };
 
 CMString AudioSummary(const CRecord& oAudio)

@@ -62,15 +62,18 @@ long long Luminance(const CRecord& /*oRecord*/, unsigned int uiCode)
 
 constexpr unsigned int gsc_uiMaximumOffset = 2; // of the HDR Static Metadata Data Block
 
+// The minimum is a part of the maximum.
+bool HasMaximum(const CRecord& oHdr) { return oHdr.GetByte(gsc_uiMaximumOffset) != 0; }
+bool HasNoMaximum(const CRecord& oHdr) { return !HasMaximum(oHdr); }
+
 long long StaticMinimum(const CRecord& oHdr, unsigned int uiCode)
 {
-    const unsigned int uiMaximum = oHdr.GetByte(gsc_uiMaximumOffset);
-    return uiMaximum == 0 ? 0 : DivideRounded(GetCtaMinimumLuminance(uiMaximum, uiCode), gsc_llPerMinimum);
+    return DivideRounded(GetCtaMinimumLuminance(oHdr.GetByte(gsc_uiMaximumOffset), uiCode), gsc_llPerMinimum);
 }
 
-const char* CheckStaticMinimum(const CRecord& oHdr, unsigned int uiCode)
+const char* CheckMinimumAlone(const CRecord& /*oHdr*/, unsigned int uiCode)
 {
-    return uiCode != 0 && oHdr.GetByte(gsc_uiMaximumOffset) == 0 ? "means nothing without a maximum" : nullptr;
+    return uiCode != 0 ? "means nothing without a maximum" : nullptr;
 }
 
 const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
@@ -80,6 +83,7 @@ const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
 }
 
 constexpr SMeaning gsc_aoNotIndicated[] = { { 0, 0, "not indicated" } };
+constexpr SMeaning gsc_aoMinimumAlone[] = { { 0, 0, "not indicated" }, { 1, 255, "not known" } };
 
 constexpr SRow gsc_aoStaticRows[] = {
     { Bit(0, 3), "Hybrid Log-Gamma (ITU-R BT.2100)", Flag() },
@@ -93,8 +97,9 @@ constexpr SRow gsc_aoStaticRows[] = {
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoNotIndicated), nullptr,
       CheckFrameAverage },
     { Byte(4), "Desired content min luminance",
-      Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoNotIndicated), nullptr,
-      CheckStaticMinimum },
+      Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoNotIndicated), HasMaximum },
+    { Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone), HasNoMaximum,
+      CheckMinimumAlone },
 };
 
 // ---- HDR Dynamic Metadata Data Block: CTA-861-H 7.5.14 ----
@@ -197,7 +202,7 @@ constexpr SMeaning gsc_ao444Depths[] = { { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {
-    { Bits(0, 7, 5), "VSVDB version", Number().With(gsc_aoDolbyVersions) },
+    { Bits(0, 7, 5), "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
     { Bits(0, 4, 0), "Unknown", Unknown(), IsOther },
     { RunToEnd(1), "Unknown", Unknown(), IsOther },
     { Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },

@@ -432,14 +432,28 @@ constexpr STable gsc_oPairsTable = { "Standard timing identifications", CZorEdid
 
 // ---- Display color management data, E-EDID 3.10.3.7: coefficients of two bytes, least significant first ----
 
+// In hundredths. Whether they are signed is not certain, so that one with its top bit set keeps its bytes.
+CMString FormatCoefficient(const CRecord&, unsigned int uiValue)
+{
+    CMString oText;
+    if (uiValue > 0x7FFF)
+    {
+        oText.Format("coefficient 0x%04x, meaning uncertain", uiValue);
+        return oText;
+    }
+    return FormatNumber(uiValue, 2, nullptr);
+}
+constexpr SMeaning gsc_aoUncertain[] = { { 0x8000, 0xFFFF, "meaning uncertain" } };
+constexpr SForm gsc_oCoefficient = Number().Decimals(2).With(gsc_aoUncertain).Text(FormatCoefficient);
+
 constexpr SRow gsc_aoManagementRows[] = {
     { Byte(0x05), "Version number", Number().Expect(3, "only version 3 has this layout") },
-    { Run(0x06, 2), "Red a3", Bytes() },
-    { Run(0x08, 2), "Red a2", Bytes() },
-    { Run(0x0A, 2), "Green a3", Bytes() },
-    { Run(0x0C, 2), "Green a2", Bytes() },
-    { Run(0x0E, 2), "Blue a3", Bytes() },
-    { Run(0x10, 2), "Blue a2", Bytes() },
+    { Little16(0x06), "Red a3", gsc_oCoefficient },
+    { Little16(0x08), "Red a2", gsc_oCoefficient },
+    { Little16(0x0A), "Green a3", gsc_oCoefficient },
+    { Little16(0x0C), "Green a2", gsc_oCoefficient },
+    { Little16(0x0E), "Blue a3", gsc_oCoefficient },
+    { Little16(0x10), "Blue a2", gsc_oCoefficient },
 };
 constexpr STable gsc_oManagementTable = { "Display color management data", CZorEdidMap::eArea_Colour,
                                           gsc_aoManagementRows };

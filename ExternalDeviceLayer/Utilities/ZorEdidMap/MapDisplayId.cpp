@@ -39,8 +39,10 @@ constexpr auto gsc_aoUseCases =
              "head-mounted augmented reality" });
 
 unsigned int GetVersion(const CRecord& oSection) { return oSection.GetBits(0, 7, 4); }
+// The library lists the timings of version 0 as those of version 1.
 bool IsVersion1(const CRecord& oSection) { return GetVersion(oSection) < 2; }
-bool IsVersion2(const CRecord& oSection) { return !IsVersion1(oSection); }
+bool IsVersion2(const CRecord& oSection) { return GetVersion(oSection) == 2; }
+bool IsLaterVersion(const CRecord& oSection) { return GetVersion(oSection) > 2; }
 
 const char* CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
 {
@@ -58,6 +60,7 @@ constexpr SRow gsc_aoSectionRows[] = {
     { Byte(1), "Bytes in section", Number("bytes"), nullptr, CheckSectionLength },
     { Byte(2), "Display product type identifier", Names(gsc_aoProductTypes), IsVersion1 },
     { Byte(2), "Display product primary use case", Names(gsc_aoUseCases), IsVersion2 },
+    { Byte(2), "Unknown", Unknown(), IsLaterVersion },
     { Byte(3), "Extension count", Number() },
 };
 
@@ -259,15 +262,18 @@ void NoteSection(CMapWriter& oWriter, unsigned int uiField, const CRecord& oSect
 {
     const bool bFirst = IsFirstSection(oWriter, uiBlock);
     const bool bHasType = oSection.GetByte(gsc_uiProductTypeOffset) != 0;
-    if (oSection.GetSize() < gsc_uiSectionHeaderSize)
+    if (oSection.GetSize() < gsc_uiSectionHeaderSize || IsLaterVersion(oSection))
     {
         return;
     }
-    if (bFirst != bHasType)
+    if (bFirst && !bHasType)
+    {
+        oWriter.AddNote(uiField, CMap::eSeverity_Note, "the first section names no product type or use case");
+    }
+    if (!bFirst && bHasType)
     {
         oWriter.AddNote(uiField, CMap::eSeverity_Warning,
-                        bFirst ? "the first section names no product type or use case"
-                               : "a section behind the first one names a product type or use case");
+                        "a section behind the first one names a product type or use case");
     }
     const unsigned int uiSections = bFirst ? CountSectionsBehind(oWriter, uiBlock) : 0;
     if (oSection.GetByte(gsc_uiExtensionCountOffset) != uiSections)
@@ -293,6 +299,11 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     }
     NoteSection(oWriter, uiField, oSection, uiOffset - gsc_uiSectionOffset);
     oWriter.AddRows(gsc_oSection, uiOffset, gsc_uiSectionHeaderSize);
+    if (IsLaterVersion(oSection))
+    {
+        oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+        return;
+    }
     if (uiEnd > gsc_uiSectionHeaderSize)
     {
         AddDataBlocks(oWriter, uiOffset + gsc_uiSectionHeaderSize, uiEnd - gsc_uiSectionHeaderSize,

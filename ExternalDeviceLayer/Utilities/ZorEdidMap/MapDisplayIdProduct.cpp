@@ -123,7 +123,11 @@ const char* CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
     return uiHalf >= gsc_uiHalfInfinite && uiHalf != gsc_uiHalfSign ? "no positive number" : nullptr;
 }
 
-constexpr SMeaning gsc_aoLuminances[] = { { gsc_uiHalfSign, gsc_uiHalfSign, "not given" } };
+constexpr SMeaning gsc_aoLuminances[] = {
+    { gsc_uiHalfInfinite, gsc_uiHalfSign - 1, "no number" },
+    { gsc_uiHalfSign, gsc_uiHalfSign, "not given" },
+    { gsc_uiHalfSign + 1, 0xFFFF, "no number" },
+};
 
 constexpr SRow LuminanceRow(unsigned int uiOffset, const char* pszName)
 {
@@ -371,7 +375,7 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { Byte(0x0C), "Horizontal dot or pixel pitch", Number("mm").Decimals(2) },
     { Byte(0x0D), "Vertical dot or pixel pitch", Number("mm").Decimals(2) },
     { Bits(0x0E, 7, 4), "Reserved", Reserved() },
-    { Bits(0x0E, 3, 0), "Color bit depth", Unknown() }, // as stored; whether the depth is one more is not certain
+    { Bits(0x0E, 3, 0), "Color bit depth", UnknownValue() }, // as stored; whether the depth is one more is not certain
     { Bit(0x0F, 7), "Response time transition", Flag(gsc_aoTransitions) },
     { Bits(0x0F, 6, 0), "Response time", Number("ms") },
 };

@@ -506,7 +506,7 @@ constexpr SCodeKind gsc_aoCodeKinds[] = {
     { { { Byte(0), "DMT ID", gsc_oCode }, { Little16(0), "DMT ID", gsc_oCode } }, GetDmtName },
     { { { Byte(0), "VIC", gsc_oCode }, { Little16(0), "VIC", gsc_oCode } }, GetVicName },
     { { { Byte(0), "HDMI VIC", gsc_oCode }, { Little16(0), "HDMI VIC", gsc_oCode } }, GetHdmiVicName },
-    { { { Byte(0), "Timing code", Unknown() }, { Little16(0), "Timing code", Unknown() } }, GetNoName },
+    { { { Byte(0), "Timing code", UnknownValue() }, { Little16(0), "Timing code", UnknownValue() } }, GetNoName },
 };
 
 // Type IV, DisplayID 1.3 (tag 6); Type VIII, DisplayID 2.0 (tag 23h): the type of the codes stands in the flags.

@@ -115,6 +115,7 @@ struct SForm
     unsigned int m_uiDecimals = 0;
     bool m_bSigned = false; // two's complement over the width of the place
     std::span<const SMeaning> m_aoMeanings = {};
+    bool m_bStaysNumber = false; // a value with a meaning is a number nonetheless
     // The value as text, when a number, a meaning or the bytes are not it.
     CMString (*m_pfnText)(const CRecord&, unsigned int uiValue) = nullptr;
     // The number, when no product is it; counted in the last decimal.
@@ -130,6 +131,13 @@ struct SForm
     {
         SForm oForm = *this;
         oForm.m_aoMeanings = aoMeanings;
+        return oForm;
+    }
+    // As With, for names of values that are numbers nonetheless.
+    constexpr SForm Named(std::span<const SMeaning> aoMeanings) const
+    {
+        SForm oForm = With(aoMeanings);
+        oForm.m_bStaysNumber = true;
         return oForm;
     }
     constexpr SForm Times(long long llMultiply, long long llAdd = 0) const
@@ -209,6 +217,9 @@ constexpr SForm Names(std::span<const SMeaning> aoMeanings)
 constexpr SForm Text() { return MakeForm(CZorEdidMap::eKind_Text); }
 constexpr SForm Bytes() { return MakeForm(CZorEdidMap::eKind_Bytes); }
 constexpr SForm Unknown() { return MakeForm(CZorEdidMap::eKind_Unknown); }
+// Of a field that has a name, so that its value says that it is not known.
+inline constexpr SMeaning gsc_aoUnknownValue[] = { { 0, 0xFFFFFFFF, "unknown" } };
+constexpr SForm UnknownValue() { return Unknown().With(gsc_aoUnknownValue); }
 constexpr SForm Reserved(unsigned int uiExpected = 0)
 {
     return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, "reserved bits are set");

@@ -413,6 +413,8 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     oField.m_uiDecimals = oForm.m_uiDecimals;
     oField.m_uiIndex = uiIndex;
     oField.m_eKind = oForm.m_eKind;
+    oField.m_bNumber =
+        oForm.m_eKind == CZorEdidMap::eKind_Number && (oField.m_pszMeaning == nullptr || oForm.m_bStaysNumber);
     oField.m_eArea = oForm.m_eKind == CZorEdidMap::eKind_Reserved || oForm.m_eKind == CZorEdidMap::eKind_Unknown
                          ? CZorEdidMap::eArea_Unused
                          : eArea;

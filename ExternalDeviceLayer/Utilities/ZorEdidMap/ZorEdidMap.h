@@ -23,7 +23,7 @@ public:
     enum EKind : unsigned char
     {
         eKind_Group,    // holds the fields that follow it with a greater depth; the only kind that is no leaf
-        eKind_Number,   // m_llNumber / 10 ^ m_uiDecimals, in m_pszUnit
+        eKind_Number,   // m_llNumber / 10 ^ m_uiDecimals, in m_pszUnit; where m_bNumber is 0 only m_pszMeaning
         eKind_Flag,     // one bit; m_llNumber is 0 or 1, m_pszMeaning says what that means
         eKind_Name,     // one of a list; m_pszMeaning is null for a value that the list lacks
         eKind_Text,     // characters: GetValue gives them
@@ -92,6 +92,7 @@ public:
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;
+        bool m_bNumber; // of a number: 0 where a meaning such as "not given" takes its place
     };
 
     struct SNote

@@ -33,6 +33,11 @@ void AddValue(const CZorEdidMap& oMap, unsigned int uiField, ordered_json& oJson
     switch (oField.m_eKind)
     {
     case CZorEdidMap::eKind_Number:
+        if (oField.m_bNumber)
+        {
+            oJson["value"] = MakeNumber(oField);
+        }
+        break;
     case CZorEdidMap::eKind_Flag:
     case CZorEdidMap::eKind_Name:
     case CZorEdidMap::eKind_Checksum:

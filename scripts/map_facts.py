@@ -224,8 +224,8 @@ def own_luminances(group):
     yield from own_names("eotf", EOTFS)(group)
     for name in ("max", "max frame-average", "min"):
         leaf = group.leaves.get(f"Desired content {name} luminance")
-        if leaf is not None and "value" in leaf:
-            yield "luminance", f"{name} {leaf['value']:.3f}"
+        if leaf is not None and ("value" in leaf or name == "min"):  # the peer prints "not indicated" as 0
+            yield "luminance", f"{name} {leaf.get('value', 0):.3f}"
 
 
 EOTFS = ("Hybrid Log-Gamma (ITU-R BT.2100)", "SMPTE ST 2084", "Traditional gamma, HDR luminance range",
@@ -386,12 +386,12 @@ GROUPS = {
 LEAVES = {
     "ID manufacturer name": ("maker", lambda leaf: leaf["value"]),
     "ID product code": ("model", lambda leaf: str(leaf["value"])),
-    "ID serial number": ("serial", lambda leaf: str(leaf["value"]) if leaf["value"] else None),
+    "ID serial number": ("serial", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
     "Video signal interface": ("input", lambda leaf: leaf["meaning"]),
     "Color bit depth": ("depth", lambda leaf: leaf["text"][:-5] if leaf["text"].endswith(" bits") else None),
     "Display transfer characteristic (gamma)":
         ("gamma", lambda leaf: leaf["text"] if leaf["text"][0].isdigit() else None),
-    "Extension block count": ("extensions", lambda leaf: str(leaf["value"]) if leaf["value"] else None),
+    "Extension block count": ("extensions", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
     "Revision number": ("cta-revision", lambda leaf: str(leaf["value"]) if leaf["offset"] >= BLOCK_SIZE else None),
     "Total number of native formats in the detailed timing descriptors":
         ("cta-native", lambda leaf: str(leaf["value"])),

@@ -453,6 +453,18 @@ void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBloc
     }
 }
 
+// One extension block needs no map, and 1.4 asks for none.
+void NoteBlockMap(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiCountOffset)
+{
+    constexpr unsigned int uiBlockMapTag = 0xF0;
+    const unsigned int uiTag = oWriter.GetByte(uiCountOffset - 0x7E + CMapWriter::msc_uiBlockSize);
+    if (IsRevision3(oBlock) && oBlock.GetByte(0x7E) > 1 && uiTag != uiBlockMapTag)
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiCountOffset, 0), CZorEdidMap::eSeverity_Warning,
+                        "1.3 requires a block map ahead of two or more extension blocks");
+    }
+}
+
 // A group of the block whose rows count from the start of the block.
 void AddPart(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
              unsigned int uiPart, unsigned int uiPartLength)
@@ -495,5 +507,6 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
         NoteMissing(oWriter, oBlock, uiField);
     }
     oWriter.AddLeaf(gsc_oExtensionCountRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    NoteBlockMap(oWriter, oBlock, uiOffset + 0x7E);
     oWriter.EndBlock();
 }

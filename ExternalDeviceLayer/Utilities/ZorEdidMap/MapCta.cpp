@@ -94,13 +94,17 @@ struct SDataBlock
     SContent m_oContent = {}; // the payload of a row without one is unknown
 };
 
+constexpr SKey gsc_oHdmiKey = Vendor(0x000C03);
+constexpr SKey gsc_oHdmiForumKey = Vendor(0xC45DD8);
+constexpr SKey gsc_oHdmiSinkKey = Extended(121);
+
 // A row with an OUI stands ahead of the row for any.
 constexpr SDataBlock gsc_aoDataBlocks[] = {
     { Tag(0), "Reserved data block" },
     { Tag(1), "Audio data block", eAudio, AtLeast(3), eAny, Items(g_oCtaAudioTable, 3) },
     { Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
-    { Vendor(0x000C03), "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
-    { Vendor(0xC45DD8), "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce, Walk(MapCtaHdmiForum) },
+    { gsc_oHdmiKey, "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
+    { gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce, Walk(MapCtaHdmiForum) },
     { Vendor(0x00001A), "AMD vendor-specific data block", eVendor, AtLeast(5), eOnce, Rows(g_oCtaAmdTable) },
     { Vendor(0xCA125C), "Microsoft vendor-specific data block", eVendor, Exactly(18), eOnce,
       Rows(g_oCtaMicrosoftTable) },
@@ -125,7 +129,7 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
     { Extended(8), "Native video resolution data block", eTiming, AtLeast(1), eOnce, Walk(MapCtaNative) },
     { Extended(9, 12), "Reserved for video-related blocks" },
     { Extended(13), "Video format preference data block", eTiming, AtLeast(1), eOnce, Items(g_oCtaPreferenceTable, 1) },
-    { Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
+    { Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Walk(MapCta420Video) },
     { Extended(15), "YCbCr 4:2:0 capability map data block", eTiming, gsc_oAnySize, eOnce, Walk(MapCtaCapabilityMap) },
     { Extended(16), "Reserved for CTA miscellaneous audio fields" },
     { AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eAudio, AtLeast(2), eAny,
@@ -144,7 +148,7 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
     { Extended(43, 119), "Reserved data block" },
     { Extended(120), "HDMI Forum EDID extension override data block", eStructure, AtLeast(1), eFirst,
       Rows(g_oCtaExtensionOverrideTable) },
-    { Extended(121), "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce, Walk(MapCtaHdmiSink) },
+    { gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce, Walk(MapCtaHdmiSink) },
     { Extended(122), "HDMI Forum source-based tone mapping data block", eColour, AtLeast(1), eOnce,
       Walk(MapCtaToneMapping) },
     { Extended(123, 127), "Reserved for HDMI" },
@@ -333,6 +337,34 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     }
 }
 
+// Data blocks of a collection that need or exclude each other. puiEarlier counts those ahead, by their kinds.
+void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const unsigned int* puiEarlier)
+{
+    const auto fnIs = [](const SDataBlock& oKind, const SKey& oKey) {
+        return oKind.m_oKey.m_ui8Tag == oKey.m_ui8Tag && oKind.m_oKey.m_ui8FirstExtended == oKey.m_ui8FirstExtended &&
+               oKind.m_oKey.m_uiOui == oKey.m_uiOui;
+    };
+    const auto fnCount = [&](const SKey& oKey) {
+        unsigned int uiCount = 0;
+        for (unsigned int i = 0; i < gsc_uiKinds; ++i)
+        {
+            uiCount += fnIs(gsc_aoDataBlocks[i], oKey) ? puiEarlier[i] : 0;
+        }
+        return uiCount;
+    };
+    const bool bForum = fnIs(*oFound.m_poKind, gsc_oHdmiForumKey);
+    const bool bSink = fnIs(*oFound.m_poKind, gsc_oHdmiSinkKey);
+    if ((bForum && fnCount(gsc_oHdmiSinkKey) != 0) || (bSink && fnCount(gsc_oHdmiForumKey) != 0))
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning,
+                        "HDMI allows a vendor-specific or a sink capability data block of the HDMI Forum, not both");
+    }
+    if (bForum && fnCount(gsc_oHdmiKey) == 0)
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no HDMI vendor-specific data block stands ahead");
+    }
+}
+
 // ---- The walk over a collection ----
 
 // Calls fnVisit for each data block up to uiEnd; runs of zero bytes are left out.
@@ -409,14 +441,17 @@ void AddContent(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes&
 
 bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr || oContent.m_pfnWalk != nullptr; }
 
-void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCollection& oCollection, unsigned int uiIndex,
-                  bool bFirst)
+// puiEarlier counts the data blocks ahead by their kinds.
+void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCollection& oCollection,
+                  const unsigned int* puiEarlier, bool bFirst)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
+    const unsigned int uiIndex = puiEarlier[IndexOf(oKind)];
     const bool bSeveral = oCollection.m_aui8Count[IndexOf(oKind)] > 1;
     const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize,
                                                     bSeveral ? uiIndex : CZorEdidMap::msc_uiNone);
     NoteDataBlock(oWriter, uiField, oFound, uiIndex, bFirst);
+    NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
     oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
     AddContent(oWriter, oFound, oCollection.m_oVideoCodes);
     if (IsKnown(oKind.m_oContent))
@@ -434,10 +469,10 @@ void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int u
 {
     const unsigned int uiEnd = uiOffset + uiLength;
     const SCollection oCollection = LookThrough(oWriter, uiOffset, uiEnd);
-    unsigned int auiIndex[gsc_uiKinds] = {};
+    unsigned int auiEarlier[gsc_uiKinds] = {};
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
-        AddDataBlock(oWriter, oFound, oCollection, auiIndex[IndexOf(*oFound.m_poKind)]++,
-                     oFound.m_uiOffset == uiOffset);
+        AddDataBlock(oWriter, oFound, oCollection, auiEarlier, oFound.m_uiOffset == uiOffset);
+        ++auiEarlier[IndexOf(*oFound.m_poKind)];
     });
 }
 
@@ -549,6 +584,40 @@ void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int
         oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + uiStart, uiEnd - uiStart);
     }
 }
+// Detailed timings of the base block and of the CTA-861 blocks up to this one.
+unsigned int CountDetailed(const CMapWriter& oWriter, unsigned int uiBlock)
+{
+    constexpr unsigned int uiDescriptorsOffset = 54; // of the base block
+    constexpr unsigned int uiBaseEnd = 126;
+    const auto fnCount = [&](unsigned int uiFirst, unsigned int uiEnd) {
+        unsigned int uiCount = 0;
+        for (; uiFirst + gsc_uiDescriptorSize <= uiEnd; uiFirst += gsc_uiDescriptorSize)
+        {
+            uiCount += (oWriter.GetByte(uiFirst) | oWriter.GetByte(uiFirst + 1)) != 0 ? 1U : 0U;
+        }
+        return uiCount;
+    };
+    unsigned int uiCount = fnCount(uiDescriptorsOffset, uiBaseEnd);
+    for (unsigned int uiAt = gsc_uiBlockSize; uiAt <= uiBlock; uiAt += gsc_uiBlockSize)
+    {
+        const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);
+        if (oWriter.GetByte(uiAt) == gsc_aoExtensionTags[0].m_uiFirst && IsStart(uiStart))
+        {
+            uiCount += fnCount(uiAt + uiStart, uiAt + gsc_uiChecksumOffset);
+        }
+    }
+    return uiCount;
+}
+
+void NoteNative(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    const unsigned int uiNative = HasFlags(oBlock) ? oBlock.GetBits(gsc_uiFlagsOffset, 3, 0) : 0;
+    if (uiNative != 0 && uiNative > CountDetailed(oWriter, uiOffset))
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiFlagsOffset, 0), CZorEdidMap::eSeverity_Warning,
+                        "there are fewer detailed timings");
+    }
+}
 } // namespace
 
 void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
@@ -558,6 +627,7 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
     oWriter.BeginBlock(gsc_oBlockTable.m_pszName, uiOffset, uiLength);
     oWriter.AddRows(gsc_oBlockTable, uiOffset, std::min(uiLength, gsc_uiDataBlocksOffset));
+    NoteNative(oWriter, oBlock, uiOffset);
     if (IsStart(uiStart) && uiEnd > gsc_uiDataBlocksOffset)
     {
         const unsigned int uiBehind = std::min(uiStart, uiEnd);

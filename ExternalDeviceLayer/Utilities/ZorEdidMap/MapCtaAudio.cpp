@@ -136,6 +136,22 @@ bool HasChannels(const CRecord& oAudio)
            (!WhereFormat<eFormat_Extended>(oAudio) || GetExtended(oAudio) < eExtended_MpegH);
 }
 
+constexpr char gsc_szZeroRate[] = "must be 0 for this format";
+
+const char* CheckRate192(const CRecord& oAudio, unsigned int uiBit)
+{
+    return uiBit != 0 && HasFrameLengths(oAudio) ? gsc_szZeroRate : nullptr;
+}
+const char* CheckRate176(const CRecord& oAudio, unsigned int uiBit)
+{
+    const bool bZero = HasFrameLengths(oAudio) || WhereExtended<eExtended_Ac4>(oAudio);
+    return uiBit != 0 && bZero ? gsc_szZeroRate : nullptr;
+}
+const char* CheckRateOfAc4(const CRecord& oAudio, unsigned int uiBit)
+{
+    return uiBit != 0 && WhereExtended<eExtended_Ac4>(oAudio) ? gsc_szZeroRate : nullptr;
+}
+
 constexpr SMeaning gsc_aoMpegHLevels[] = {
     { 0, 0, "unspecified" }, { 1, 1, "level 1" }, { 2, 2, "level 2" },  { 3, 3, "level 3" },
     { 4, 4, "level 4" },     { 5, 5, "level 5" }, { 6, 7, "reserved" },
@@ -154,13 +170,13 @@ constexpr SRow gsc_aoAudioRows[] = {
     { Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } }), "Maximum number of channels", Number("channels").Times(1, 1),
       WhereExtended<eExtended_Pcm3d> },
     { Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels), WhereExtended<eExtended_MpegH> },
-    { Bit(1, 6), "192 kHz", Flag(), IsFormat },
-    { Bit(1, 5), "176.4 kHz", Flag(), IsFormat },
+    { Bit(1, 6), "192 kHz", Flag(), IsFormat, CheckRate192 },
+    { Bit(1, 5), "176.4 kHz", Flag(), IsFormat, CheckRate176 },
     { Bit(1, 4), "96 kHz", Flag(), IsFormat },
-    { Bit(1, 3), "88.2 kHz", Flag(), IsFormat },
+    { Bit(1, 3), "88.2 kHz", Flag(), IsFormat, CheckRateOfAc4 },
     { Bit(1, 2), "48 kHz", Flag(), IsFormat },
     { Bit(1, 1), "44.1 kHz", Flag(), IsFormat },
-    { Bit(1, 0), "32 kHz", Flag(), IsFormat },
+    { Bit(1, 0), "32 kHz", Flag(), IsFormat, CheckRateOfAc4 },
     { Bit(2, 2), "24 bit", Flag(), HasSampleSizes },
     { Bit(2, 1), "20 bit", Flag(), HasSampleSizes },
     { Bit(2, 0), "16 bit", Flag(), HasSampleSizes },

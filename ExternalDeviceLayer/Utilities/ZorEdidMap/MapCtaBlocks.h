@@ -76,6 +76,7 @@ extern const STable g_oCtaPreferenceTable; // an item of the Video Format Prefer
 extern const STable g_oCtaVideoCapabilityTable;
 void MapCtaNative(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaVideoFormats(CMapWriter& oWriter, const SCtaPayload& oPayload);
+void MapCta420Video(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaTypeVii(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaTypeViii(CMapWriter& oWriter, const SCtaPayload& oPayload);

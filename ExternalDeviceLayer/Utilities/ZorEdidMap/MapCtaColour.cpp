@@ -1,8 +1,11 @@
 // Tables of CTA-861 data blocks about colorimetry and dynamic range, those of makers too. MapCta.cpp dispatches here.
 
+#include <math.h>
+
 #include <algorithm>
 
 #include "MapCtaBlocks.h"
+#include "MapValue.h"
 
 namespace
 {
@@ -151,9 +154,20 @@ unsigned int GetDynamicSize(unsigned int uiFirstByte) { return 1 + uiFirstByte; 
 
 // ---- Vendor-Specific Video Data Block of HDR10+ ----
 
+// Not published; what the indexes stand for comes from one public source.
+constexpr SMeaning gsc_aoPeaks[] = {
+    { 0, 0, "not given" },    { 1, 1, "200 cd/m2" },    { 2, 2, "300 cd/m2" },    { 3, 3, "400 cd/m2" },
+    { 4, 4, "500 cd/m2" },    { 5, 5, "600 cd/m2" },    { 6, 6, "800 cd/m2" },    { 7, 7, "1000 cd/m2" },
+    { 8, 8, "1200 cd/m2" },   { 9, 9, "1500 cd/m2" },   { 10, 10, "2000 cd/m2" }, { 11, 11, "2500 cd/m2" },
+    { 12, 12, "3000 cd/m2" }, { 13, 13, "4000 cd/m2" }, { 14, 14, "6000 cd/m2" }, { 15, 15, "8000 cd/m2" },
+};
+constexpr SMeaning gsc_aoFullFramePeaks[] = {
+    { 0, 0, "10% of the peak" }, { 1, 1, "20% of the peak" }, { 2, 2, "40% of the peak" }, { 3, 3, "80% of the peak" }
+};
+
 constexpr SRow gsc_aoHdr10PlusRows[] = {
-    { Bits(0, 7, 4), "Peak luminance index", Number() },
-    { Bits(0, 3, 2), "Full frame peak luminance index", Number() },
+    { Bits(0, 7, 4), "Peak luminance index", Names(gsc_aoPeaks) },
+    { Bits(0, 3, 2), "Full frame peak luminance index", Names(gsc_aoFullFramePeaks) },
     { Bits(0, 1, 0), "Application version", Number() },
 };
 
@@ -177,8 +191,43 @@ bool Is1Short(const CRecord& oDolby) { return Is1(oDolby) && !Is1Long(oDolby); }
 bool Is0To2(const CRecord& oDolby) { return Is0(oDolby) || Is1(oDolby) || Is2(oDolby); }
 bool IsOther(const CRecord& oDolby) { return !Is0To2(oDolby); }
 
-// Of the 12-bit code of SMPTE ST 2084.
-constexpr SForm gsc_oPq = Number("of 4095 (PQ)");
+// The luminance of a 12-bit code by the EOTF of SMPTE ST 2084, in 10^-6 cd/m2.
+constexpr unsigned int gsc_uiPqDecimals = 6;
+long long PqLuminance(unsigned int uiCode)
+{
+    constexpr double dM1 = 2610.0 / 16384;
+    constexpr double dM2 = 2523.0 / 4096 * 128;
+    constexpr double dC1 = 3424.0 / 4096;
+    constexpr double dC2 = 2413.0 / 4096 * 32;
+    constexpr double dC3 = 2392.0 / 4096 * 32;
+    constexpr double dMost = 10000 * 1e6;
+    const double dPower = pow(uiCode / 4095.0, 1 / dM2);
+    return llround(dMost * pow(fmax(dPower - dC1, 0) / (dC2 - dC3 * dPower), 1 / dM1));
+}
+
+// A code is stored in steps of uiStep above uiLeast.
+template <unsigned int STEP, unsigned int LEAST>
+long long PqNumber(const CRecord& /*oDolby*/, unsigned int uiValue)
+{
+    return PqLuminance(uiValue * STEP + LEAST);
+}
+// "1000.60 cd/m2 (PQ 3079 of 4095)"; six decimals below 1 cd/m2.
+template <unsigned int STEP, unsigned int LEAST>
+CMString PqText(const CRecord& /*oDolby*/, unsigned int uiValue)
+{
+    constexpr long long llOne = 1000000;
+    constexpr long long llPerHundredth = 10000;
+    const long long llLuminance = PqLuminance(uiValue * STEP + LEAST);
+    CMString sText = llLuminance < llOne ? FormatNumber(llLuminance, gsc_uiPqDecimals, "cd/m2")
+                                         : FormatNumber(DivideRounded(llLuminance, llPerHundredth), 2, "cd/m2");
+    sText.AppendFormat(" (PQ %u of 4095)", uiValue * STEP + LEAST);
+    return sText;
+}
+template <unsigned int STEP, unsigned int LEAST>
+constexpr SForm Pq()
+{
+    return Number("cd/m2").Computed(PqNumber<STEP, LEAST>).Text(PqText<STEP, LEAST>).Decimals(gsc_uiPqDecimals);
+}
 // A chromaticity in 1/4096, and in 1/256 above a least value that is given in 10^-5.
 constexpr SForm gsc_oIn4096 = Number().Times(100000).Over(4096).Decimals(5);
 constexpr SForm In256(unsigned int uiLeast) { return Number().Times(100000, uiLeast).Over(256).Decimals(5); }
@@ -217,8 +266,8 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { Split({ { 9, 7, 0 }, { 7, 3, 0 } }), "Blue y", gsc_oIn4096, Is0 },
     { Split({ { 11, 7, 0 }, { 10, 7, 4 } }), "White x", gsc_oIn4096, Is0 },
     { Split({ { 12, 7, 0 }, { 10, 3, 0 } }), "White y", gsc_oIn4096, Is0 },
-    { Split({ { 14, 7, 0 }, { 13, 7, 4 } }), "Target minimum luminance", gsc_oPq, Is0 },
-    { Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance", gsc_oPq, Is0 },
+    { Split({ { 14, 7, 0 }, { 13, 7, 4 } }), "Target minimum luminance", Pq<1, 0>(), Is0 },
+    { Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance", Pq<1, 0>(), Is0 },
     { Bits(16, 7, 4), "Display management major version", Number(), Is0 },
     { Bits(16, 3, 0), "Display management minor version", Number(), Is0 },
 
@@ -244,10 +293,10 @@ constexpr SRow gsc_aoDolbyRows[] = {
 
     { Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is2 },
     { Bit(0, 1), "Backlight control", Flag(), Is2 },
-    { Bits(1, 7, 3), "Target minimum luminance", Number("of 4095 (PQ)").Times(20), Is2 },
+    { Bits(1, 7, 3), "Target minimum luminance", Pq<20, 0>(), Is2 },
     { Bit(1, 2), "Global dimming", Flag(), Is2 },
     { Bits(1, 1, 0), "Backlight minimum luminance", Number("cd/m2").Times(25, 25), Is2 },
-    { Bits(2, 7, 3), "Target maximum luminance", Number("of 4095 (PQ)").Times(65, 2055), Is2 },
+    { Bits(2, 7, 3), "Target maximum luminance", Pq<65, 2055>(), Is2 },
     { Bits(2, 1, 0), "Interface", Names(gsc_aoInterfaces), Is2 },
     { Split({ { 3, 0, 0 }, { 4, 0, 0 } }), "10b_12b_444", Names(gsc_ao444Depths), Is2 },
     { Bits(3, 7, 1), "Green x", In256(0), Is2 },

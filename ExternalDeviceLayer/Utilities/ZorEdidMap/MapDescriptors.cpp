@@ -319,6 +319,20 @@ bool IsOtherFormula(const CRecord& oRecord)
     return !IsPlainFormula(oRecord) && !IsSecondaryGtf(oRecord) && !IsCvt(oRecord);
 }
 
+// Timings by a formula come at any rate.
+const char* CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
+{
+    const bool bFormula = uiFormula == 0 || uiFormula == 2 || uiFormula == 4;
+    return bFormula && !oRecord.GetFacts().m_bContinuous ? "needs a continuous frequency display (18h bit 0)" : nullptr;
+}
+
+// The bits of byte 0Eh stand in the order of the codes, bit 7 first.
+const char* CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
+{
+    constexpr unsigned int uiAspects = 5;
+    return uiAspect < uiAspects && !oRecord.IsSet(0x0E, 7 - uiAspect) ? "is not one of those supported" : nullptr;
+}
+
 constexpr SMeaning gsc_aoNoPixelLimit[] = { { 0, 0, "no limit" } };
 constexpr SMeaning gsc_aoCvtAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" },
                                           { 3, 3, "5:4" }, { 4, 4, "15:9" }, { 5, 7, "reserved" } };
@@ -353,7 +367,7 @@ constexpr SRow gsc_aoRangeRows[] = {
     { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoClockNotGiven), nullptr,
       CheckMaximumClock },
     { Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas), IsBefore4 },
-    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas), IsRevision4 },
+    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas), IsRevision4, CheckFormula },
     { Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
     { Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency
@@ -376,7 +390,7 @@ constexpr SRow gsc_aoRangeRows[] = {
     { Bit(0x0E, 4), "5:4 aspect ratio", Flag(gsc_aoSupported), IsCvt },
     { Bit(0x0E, 3), "15:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
     { Bits(0x0E, 2, 0), "Reserved", Reserved(), IsCvt },
-    { Bits(0x0F, 7, 5), "Preferred aspect ratio", Names(gsc_aoCvtAspects), IsCvt },
+    { Bits(0x0F, 7, 5), "Preferred aspect ratio", Names(gsc_aoCvtAspects), IsCvt, CheckPreferredAspect },
     { Bit(0x0F, 4), "CVT reduced blanking", Flag(gsc_aoSupported), IsCvt },
     { Bit(0x0F, 3), "CVT standard blanking", Flag(gsc_aoSupported), IsCvt },
     { Bits(0x0F, 2, 0), "Reserved", Reserved(), IsCvt },
@@ -474,6 +488,19 @@ constexpr SPlace gsc_oCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } });
 constexpr SMeaning gsc_aoCodeAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" }, { 3, 3, "15:9" } };
 constexpr SMeaning gsc_aoCodeRates[] = { { 0, 0, "50 Hz" }, { 1, 1, "60 Hz" }, { 2, 2, "75 Hz" }, { 3, 3, "85 Hz" } };
 
+const char* CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
+{
+    return (uiLines & 0xFF) == 0 ? "a low byte of 00h is reserved" : nullptr;
+}
+
+// 50, 60, 75 and 85 Hz have bits 4 to 1; bit 0 is 60 Hz, too.
+const char* CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
+{
+    constexpr unsigned int uiRate60 = 1;
+    const bool bSupported = oRecord.IsSet(2, 4 - uiRate) || (uiRate == uiRate60 && oRecord.IsSet(2, 0));
+    return bSupported ? nullptr : "is not one of those supported";
+}
+
 CMString FormatCvtCode(const CRecord& oRecord)
 {
     struct SRatio
@@ -498,11 +525,11 @@ CMString FormatCvtCode(const CRecord& oRecord)
 
 constexpr SRow gsc_aoCodeRows[] = {
     { Run(0, 3), "Unused", Reserved(), IsCodeUnused },
-    { gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed },
+    { gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed, CheckCodeLines },
     { Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
     { Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
     { Bit(2, 7), "Reserved", Reserved(), IsCodeUsed },
-    { Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoCodeRates), IsCodeUsed },
+    { Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoCodeRates), IsCodeUsed, CheckCodeRate },
     { Bit(2, 4), "50 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
     { Bit(2, 3), "60 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
     { Bit(2, 2), "75 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },

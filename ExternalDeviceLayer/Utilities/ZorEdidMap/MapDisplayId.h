@@ -84,6 +84,19 @@ constexpr std::array<SMeaning, N> Listed(const char* const (&apszNames)[N])
     return aoMeanings;
 }
 
+// The same, with all values behind them up to uiLast reserved.
+template <unsigned int N>
+constexpr std::array<SMeaning, N + 1> ListedTo(unsigned int uiLast, const char* const (&apszNames)[N])
+{
+    std::array<SMeaning, N + 1> aoMeanings = {};
+    for (unsigned int i = 0; i < N; ++i)
+    {
+        aoMeanings[i] = { i, i, apszNames[i] };
+    }
+    aoMeanings[N] = { N, uiLast, "reserved" };
+    return aoMeanings;
+}
+
 // ---- Forms of values ----
 
 inline constexpr SMeaning gsc_aoZeroNotGiven[] = { { 0, 0, "not given" } };

@@ -1,5 +1,9 @@
 // What a DisplayID 2.1 section says about head-mounted displays: the display and its layers.
 
+#include <math.h>
+
+#include <bit>
+
 #include "MapDisplayId.h"
 
 namespace
@@ -43,7 +47,27 @@ CMString SingleText(const CRecord& /*oBlock*/, unsigned int uiSingle)
     }
     return sText;
 }
-constexpr SForm gsc_oSingleForm = Text().Text(SingleText);
+
+// In 10^-6; values of 2^31 and above have a meaning instead, by the bits of their exponents.
+constexpr unsigned int gsc_uiSingleDecimals = 6;
+long long SingleNumber(const CRecord& /*oBlock*/, unsigned int uiSingle)
+{
+    const unsigned int uiExponent = (uiSingle >> gsc_uiFractionBits) & gsc_uiExponentMask;
+    if (uiExponent >= gsc_uiBias + 31)
+    {
+        return 0;
+    }
+    const float fSingle = std::bit_cast<float>(uiSingle);
+    return llround(static_cast<double>(fSingle) * 1e6);
+}
+constexpr SMeaning gsc_aoNoSingles[] = {
+    { 0x4F000000, 0x7F7FFFFF, "2^31 or more" },
+    { 0x7F800000, 0x7FFFFFFF, "no number" },
+    { 0xCF000000, 0xFF7FFFFF, "-2^31 or less" },
+    { 0xFF800000, 0xFFFFFFFF, "no number" },
+};
+constexpr SForm gsc_oSingleForm =
+    Number().Computed(SingleNumber).Decimals(gsc_uiSingleDecimals).With(gsc_aoNoSingles).Text(SingleText);
 
 // ---- ARVR HMD, DisplayID 2.1 (tag 2Ch): 79 bytes ----
 

@@ -229,9 +229,9 @@ constexpr SRow gsc_aoColourFeatureRows[] = {
 constexpr STable gsc_oColourFeatures = { "Display interface features", eArea_Colour, gsc_aoColourFeatureRows };
 
 constexpr auto gsc_aoColourSpaces =
-    Listed({ "undefined", "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "BT.2020", "custom" });
-constexpr auto gsc_aoEotfs = Listed({ "undefined", "sRGB", "BT.601", "BT.1886", "Adobe RGB", "DCI-P3", "BT.2020",
-                                      "gamma function", "SMPTE ST 2084", "hybrid log", "custom" });
+    ListedTo(15, { "undefined", "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "BT.2020", "custom" });
+constexpr auto gsc_aoEotfs = ListedTo(15, { "undefined", "sRGB", "BT.601", "BT.1886", "Adobe RGB", "DCI-P3", "BT.2020",
+                                            "gamma function", "SMPTE ST 2084", "hybrid log", "custom" });
 constexpr SRow gsc_aoCombinationRows[] = {
     { Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
     { Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },

@@ -266,8 +266,8 @@ constexpr STable gsc_oParameters2Colour = { "Display parameters", eArea_Colour, 
 constexpr auto gsc_aoMixings = Listed({ "spatial", "temporal" });
 constexpr SMeaning gsc_aoNone[] = { { 0, 0, "none" } };
 constexpr SMeaning gsc_aoNoPrimaries[] = { { 0, 0, "none, a standard color space" } };
-constexpr auto gsc_aoColourSpaces =
-    Listed({ "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "NTSC", "EBU", "Adobe wide gamut RGB", "DICOM" });
+constexpr auto gsc_aoColourSpaces = ListedTo(
+    255, { "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "NTSC", "EBU", "Adobe wide gamut RGB", "DICOM" });
 
 constexpr SRow gsc_aoColourFlagRows[] = {
     { Bit(1, 7), "Chromaticity coordinates", Flag(gsc_aoChromaticityKinds) },

@@ -23,7 +23,7 @@ constexpr std::array<const char*, 5> gsc_apszHdmiModes = { "reserved", "3840 x 2
                                                            "3840 x 2160 @ 24 Hz", "4096 x 2160 @ 24 Hz" };
 
 constexpr auto gsc_aoAspectRatios =
-    Listed({ "1:1", "5:4", "4:3", "15:9", "16:9", "16:10", "64:27", "256:135", "undefined" });
+    ListedTo(15, { "1:1", "5:4", "4:3", "15:9", "16:9", "16:10", "64:27", "256:135", "undefined" });
 // The same as numbers: width and height.
 constexpr unsigned int gsc_auiAspectRatios[][2] = { { 1, 1 },  { 5, 4 },   { 4, 3 },   { 15, 9 },
                                                     { 16, 9 }, { 16, 10 }, { 64, 27 }, { 256, 135 } };
@@ -298,7 +298,7 @@ CMString Type3Text(const CRecord& oTiming)
 {
     const unsigned int uiWidth = (oTiming.GetByte(1) + 1) * 8;
     const unsigned int uiAspect = oTiming.GetBits(0, 3, 0);
-    if (uiAspect >= gsc_aoAspectRatios.size() - 1)
+    if (uiAspect >= std::size(gsc_auiAspectRatios))
     {
         return CMString();
     }
@@ -314,9 +314,9 @@ constexpr SMeaning gsc_aoType5Formulas[] = { { 0, 0, "CVT reduced blanking v2" }
                                              { 1, 1, "custom reduced blanking" },
                                              { 2, 3, "reserved" } };
 constexpr auto gsc_aoType9Formulas =
-    Listed({ "CVT standard blanking", "CVT reduced blanking v1", "CVT reduced blanking v2" });
-constexpr auto gsc_aoType10Formulas = Listed(
-    { "CVT standard blanking", "CVT reduced blanking v1", "CVT reduced blanking v2", "CVT reduced blanking v3" });
+    ListedTo(7, { "CVT standard blanking", "CVT reduced blanking v1", "CVT reduced blanking v2" });
+constexpr auto gsc_aoType10Formulas = ListedTo(
+    7, { "CVT standard blanking", "CVT reduced blanking v1", "CVT reduced blanking v2", "CVT reduced blanking v3" });
 constexpr auto gsc_aoBaseBlanks = Listed({ "80 pixels", "160 pixels" });
 constexpr auto gsc_aoLeastBlankTimes = Listed({ "460 us", "300 us" });
 

@@ -65,7 +65,7 @@ bool HasNoCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 0 || GetCu
 
 constexpr SRow gsc_aoRows[] = {
     { Byte(0x00), "Extension tag", Names(gsc_aoTags) },
-    { Byte(0x01), "Version", Number() },
+    { Byte(0x01), "Version", Number().Expect(1, "only version 1 has this layout") },
     { Byte(0x02), "Supported digital interface", Names(gsc_aoInterfaces) },
     { Bits(0x03, 7, 6), "Kind of interface version", Names(gsc_aoVersionKinds) },
     { Bits(0x03, 5, 0), "Version, whole", Number(), HasVersion },

@@ -16,6 +16,13 @@ namespace
 constexpr unsigned int gsc_uiBits = 8; // of a byte
 constexpr unsigned int gsc_uiCtaTag = 0x02;
 
+// Numbers that follow each other; msc_uiNone for none.
+struct SNumbers
+{
+    unsigned int m_uiFirst;
+    unsigned int m_uiCount;
+};
+
 class CNumbers
 {
 public:
@@ -26,9 +33,10 @@ public:
     void Add(const CEdidExtBlockDisplayID& oBlock, unsigned int uiOffset);
 
 private:
-    void SetStandard(unsigned int uiOffset, unsigned int uiNumber)
+    void SetStandard(unsigned int uiOffset, const SNumbers& oNumbers)
     {
-        m_oWriter.SetTiming(m_oWriter.FindField(uiOffset, 1), CZorEdidMap::eList_Standard, uiNumber);
+        m_oWriter.SetTiming(m_oWriter.FindField(uiOffset, 1), CZorEdidMap::eList_Standard, oNumbers.m_uiFirst,
+                            oNumbers.m_uiCount);
     }
     // Detailed timing number uiIndex of a block. One that counts but holds no timing gets no number.
     template <class BLOCK>
@@ -48,6 +56,19 @@ private:
 };
 
 // ---- Base block ----
+
+// The library takes these pairs as the modes of 480 and 768 lines, which standard timings have no numbers for.
+const char* GetOtherSize(const unsigned char* pui8Pair)
+{
+    constexpr unsigned char ui8Wide60 = 0xC0; // 16:9 at 60 Hz
+    if (pui8Pair[1] != ui8Wide60)
+    {
+        return nullptr;
+    }
+    return pui8Pair[0] == 0x4B   ? "the library lists it as 848 x 480"
+           : pui8Pair[0] == 0x8B ? "the library lists it as 1360 x 768"
+                                 : nullptr;
+}
 
 void CNumbers::Add(const CEdidBase& oBase)
 {
@@ -69,7 +90,12 @@ void CNumbers::Add(const CEdidBase& oBase)
         if (oBase.GetStandard(static_cast<CEdidBase::EStandardSlotIndex>(i), nullptr, nullptr) != 0)
         {
             const unsigned int uiOffset = EdidBaseLayout::gsc_uiStandardsOffset + i * uiPairSize;
-            m_oWriter.SetTiming(m_oWriter.FindField(uiOffset, uiPairSize), CZorEdidMap::eList_Standard, m_uiStandard++);
+            const unsigned int uiField = m_oWriter.FindField(uiOffset, uiPairSize);
+            m_oWriter.SetTiming(uiField, CZorEdidMap::eList_Standard, m_uiStandard++);
+            if (const char* pszOther = GetOtherSize(oBase.GetBaseBlock() + uiOffset))
+            {
+                m_oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Note, pszOther);
+            }
         }
     }
     const unsigned int uiCount = oBase.GetDetailedCount();
@@ -96,25 +122,26 @@ class CCodeNumbers
 public:
     explicit CCodeNumbers(unsigned int uiFirst) : m_uiNext(uiFirst) {}
 
-    // msc_uiNone for a code that is not listed. The classes list 193 to 253 as the native forms of 65 to 125. CTA-861-F
+    // None for a code that is not listed. The classes list 193 to 253 as the native forms of 65 to 125. CTA-861-F
     // made them codes of their own, so that the number would lead to another timing than the byte says.
-    unsigned int Add(unsigned int uiSvd)
+    SNumbers Add(unsigned int uiSvd)
     {
         unsigned int uiVic = 0;
         int iNative = 0;
         if (CEdidExtBlockCEA861::IsSupportedSvd(uiSvd) == 0 ||
             CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiSvd, &uiVic, &iNative) == 0 || uiVic >= msc_uiCodes)
         {
-            return CZorEdidMap::msc_uiNone;
+            return { CZorEdidMap::msc_uiNone, 0 };
         }
+        const unsigned int uiCount = CVidParamCea::IsVicSupported(uiVic + CVidParamCea::msc_uiVariantKey) != 0 ? 2 : 1;
         unsigned int& uiNumber = m_auiNumbers[uiVic][iNative != 0 ? 1 : 0]; // plus 1: 0 is none yet
         if (uiNumber == 0)
         {
-            const bool bVariant = CVidParamCea::IsVicSupported(uiVic + CVidParamCea::msc_uiVariantKey) != 0;
             uiNumber = m_uiNext + 1;
-            m_uiNext += bVariant ? 2 : 1;
+            m_uiNext += uiCount;
         }
-        return uiSvd <= msc_uiLastNativeSvd ? uiNumber - 1 : CZorEdidMap::msc_uiNone;
+        const bool bSame = uiSvd <= msc_uiLastNativeSvd;
+        return { bSame ? uiNumber - 1 : CZorEdidMap::msc_uiNone, bSame ? uiCount : 0 };
     }
     unsigned int GetNext() const { return m_uiNext; }
 

@@ -45,19 +45,30 @@ constexpr SPlace gsc_oVtbDetailed = Byte(2);
 constexpr SPlace gsc_oVtbCvt = Byte(3);
 constexpr SPlace gsc_oVtbStandard = Byte(4);
 
+constexpr char gsc_szTooMany[] = "the timings take more than the block has";
+
+const char* CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
+{
+    return uiDetailed * gsc_uiMapDescriptorSize > gsc_uiVtbListsSize ? gsc_szTooMany : nullptr;
+}
+
 const char* CheckVtbLists(const CRecord& oBlock, unsigned int uiStandard)
 {
+    if (CheckVtbDetailed(oBlock, oBlock.Get(gsc_oVtbDetailed)) != nullptr)
+    {
+        return nullptr; // said there
+    }
     return oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize + oBlock.Get(gsc_oVtbCvt) * gsc_uiCvtCodeSize +
                        uiStandard * gsc_uiStandardTimingSize >
                    gsc_uiVtbListsSize
-               ? "the timings take more than the block has"
+               ? gsc_szTooMany
                : nullptr;
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
     { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
-    { Byte(1), "Version", Number() },
-    { gsc_oVtbDetailed, "Number of detailed timings", Number() },
+    { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
+    { gsc_oVtbDetailed, "Number of detailed timings", Number(), nullptr, CheckVtbDetailed },
     { gsc_oVtbCvt, "Number of CVT timing codes", Number() },
     { gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbLists },
 };
@@ -122,7 +133,7 @@ constexpr unsigned int gsc_uiStringsOffset = 6; // in a string table
 
 constexpr SRow gsc_aoLocalizedRows[] = {
     { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
-    { Byte(1), "Version", Number() },
+    { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
     { Byte(2), "Revision", Number() },
     { Bits(3, 7, 4), "Unicode version, major", Number() },
     { Bits(3, 3, 0), "Unicode version, minor", Number() },

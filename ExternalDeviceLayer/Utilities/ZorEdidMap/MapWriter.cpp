@@ -102,7 +102,10 @@ CMapWriter::CMapWriter(CZorEdidMap& oMap, const SImageFacts& oFacts)
     ZorTools_memset(m_aui8Free.GetData(), gsc_ui8WholeByte, m_aui8Free.GetCount());
 }
 
-SImageFacts CMapWriter::GetFacts(const CZorEdidMap& oMap) { return { oMap.m_uiRevision, oMap.m_bDigital }; }
+SImageFacts CMapWriter::GetFacts(const CZorEdidMap& oMap)
+{
+    return { oMap.m_uiRevision, oMap.m_bDigital, oMap.m_bContinuous };
+}
 
 unsigned int CMapWriter::GetByte(unsigned int uiOffset) const
 {
@@ -524,12 +527,14 @@ void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity,
     m_oMap.m_aoNotes[uiPlace] = oNote;
 }
 
-void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber)
+void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber,
+                           unsigned int uiNumbers)
 {
     if (uiField < m_oMap.GetFieldCount() && uiNumber != CZorEdidMap::msc_uiNone)
     {
         GetField(uiField).m_eList = eList;
         GetField(uiField).m_uiTiming = uiNumber;
+        GetField(uiField).m_uiTimings = uiNumbers;
     }
 }
 

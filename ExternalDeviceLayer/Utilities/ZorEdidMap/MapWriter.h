@@ -16,6 +16,7 @@ struct SImageFacts
 {
     unsigned int m_uiRevision = 0; // of E-EDID: 4 for 1.4
     bool m_bDigital = false;
+    bool m_bContinuous = false; // a continuous frequency display, by 1.4
 };
 
 // The bytes that a table lies over. Bytes behind its end read as 0, so that a condition need not ask for the length
@@ -111,7 +112,7 @@ public:
     // To the last field that was begun, added or ended; to an earlier one by its index.
     void AddNote(CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText);
-    void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber);
+    void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
 
     // The last field under a name, or with a meaning, that depends on bytes beyond its record. Static texts.
     void SetName(const char* pszName);

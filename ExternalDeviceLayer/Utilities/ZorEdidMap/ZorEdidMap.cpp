@@ -13,6 +13,8 @@ constexpr unsigned int gsc_uiBits = 8; // of a byte
 constexpr unsigned int gsc_uiRevisionOffset = 0x13;
 constexpr unsigned int gsc_uiVideoInputOffset = 0x14;
 constexpr unsigned int gsc_uiDigitalMask = 0x80;
+constexpr unsigned int gsc_uiFeaturesOffset = 0x18;
+constexpr unsigned int gsc_uiContinuousMask = 0x01;
 constexpr unsigned int gsc_uiExtensionCountOffset = 0x7E;
 
 constexpr unsigned int gsc_uiTagCta = 0x02;
@@ -23,7 +25,7 @@ constexpr unsigned int gsc_uiCountBlockHead = 0xE2;
 constexpr unsigned int gsc_uiCountBlockTag = 0x78;
 } // namespace
 
-CZorEdidMap::CZorEdidMap() : m_uiRevision(0), m_bDigital(false), m_pszOverlap(nullptr) {}
+CZorEdidMap::CZorEdidMap() : m_uiRevision(0), m_bDigital(false), m_bContinuous(false), m_pszOverlap(nullptr) {}
 CZorEdidMap::~CZorEdidMap() = default;
 
 int CZorEdidMap::Read(unsigned int uiSize, const unsigned char* pui8Data)
@@ -89,6 +91,7 @@ bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned ch
 
     oMap.m_uiRevision = uiSize > gsc_uiRevisionOffset ? pui8Data[gsc_uiRevisionOffset] : 0;
     oMap.m_bDigital = uiSize > gsc_uiVideoInputOffset && (pui8Data[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
+    oMap.m_bContinuous = uiSize > gsc_uiFeaturesOffset && (pui8Data[gsc_uiFeaturesOffset] & gsc_uiContinuousMask) != 0;
     CMapWriter oWriter(oMap, GetFacts(oMap));
     oWriter.WriteBlocks();
     return true;

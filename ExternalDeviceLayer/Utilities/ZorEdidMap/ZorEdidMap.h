@@ -87,8 +87,9 @@ public:
         unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
         unsigned int m_uiPieces;     // 0 for a group
         // Number in m_eList; msc_uiNone for no timing, or one that the library does not list. A video code of CTA-861
-        // with a partner at 1000/1001 has two, of which this is the first one.
+        // with a partner at 1000/1001 has two that follow each other; this is the first one.
         unsigned int m_uiTiming;
+        unsigned int m_uiTimings; // how many numbers: 0, 1 or 2
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;
@@ -161,6 +162,7 @@ private:
     CMArray<unsigned int, const unsigned int&> m_auiLeaves; // of each bit of the blocks, bit 0 of a byte first
     unsigned int m_uiRevision;                              // of E-EDID, as SImageFacts has it
     bool m_bDigital;
+    bool m_bContinuous;
     const char* m_pszOverlap; // name of the first row that was left out because another one had its bits
 };
 

@@ -114,6 +114,10 @@ ordered_json MakeField(const CZorEdidMap& oMap, unsigned int uiField, unsigned i
     if (oField.m_uiTiming != CZorEdidMap::msc_uiNone)
     {
         oJson["timing"] = { { "list", GetTimingListName(oField.m_eList) }, { "index", oField.m_uiTiming } };
+        if (oField.m_uiTimings > 1)
+        {
+            oJson["timing"]["indexes"] = { oField.m_uiTiming, oField.m_uiTiming + 1 };
+        }
     }
     AddNotes(oMap, uiField, uiNote, oJson);
     if (oField.m_eKind == CZorEdidMap::eKind_Group)

@@ -208,9 +208,12 @@ const char* GetTimingListName(CZorEdidMap::EList eList)
 
 std::string GetTimingNumber(const CZorEdidMap::SField& oField)
 {
-    return oField.m_uiTiming == CZorEdidMap::msc_uiNone
-               ? ""
-               : std::string(GetTimingListName(oField.m_eList)) + " " + std::to_string(oField.m_uiTiming);
+    if (oField.m_uiTiming == CZorEdidMap::msc_uiNone)
+    {
+        return "";
+    }
+    return FormatText(oField.m_uiTimings > 1 ? "%s %u, %u" : "%s %u", GetTimingListName(oField.m_eList),
+                      oField.m_uiTiming, oField.m_uiTiming + 1);
 }
 
 std::string GetCodeText(const CZorEdidMap::SField& oField)

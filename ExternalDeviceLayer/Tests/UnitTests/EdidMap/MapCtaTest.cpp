@@ -45,7 +45,7 @@ TEST(MapCta, NamesOfVideoCodesAreThoseOfTheirTimings)
         const CBytes aui8Image = BehindBaseBlock({ 2, 3, 6, 0, 0x41, static_cast<unsigned char>(uiVic) });
         oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
         const std::string sName = static_cast<const char*>(oMap.GetValue(oMap.FindLeaf(gsc_uiBlockSize + 5, 0)));
-        const std::string sSize = std::to_string(oTiming.GetHorizontalActive()) + "x" +
+        const std::string sSize = std::to_string(uiVic) + ", " + std::to_string(oTiming.GetHorizontalActive()) + "x" +
                                   std::to_string(oTiming.GetVerticalActive()) + (bInterlaced ? "i " : "p ");
         const unsigned int uiRate = oTiming.GetVerticalRateInHz() * (bInterlaced ? 2 : 1);
         EXPECT_EQ(0U, sName.find(sSize)) << uiVic << ": " << sName;

@@ -242,6 +242,12 @@ TEST_F(Map, NumbersAreThoseOfTheLibrary)
                 EXPECT_TRUE(HasSize(sValue, oTiming) || sValue.starts_with("1360 x 765") ||
                             sValue.starts_with("848 x 477"))
                     << sName << ": " << sValue;
+                if (oField.m_uiTimings == 2) // at 1000/1001
+                {
+                    EXPECT_NE(0, oEdid.GetStandard(uiNumber + 1, &oTiming, nullptr)) << sName;
+                    EXPECT_TRUE(HasSize(sValue, oTiming)) << sName << ": " << sValue;
+                    ++auiFound[oField.m_eList];
+                }
                 break;
             case CZorEdidMap::eList_Detailed:
                 EXPECT_NE(0, oEdid.GetDetailed(uiNumber, &oTiming)) << sName;

@@ -60,11 +60,11 @@ def mode(text):
 
 
 def own_date(group):
-    week, year = group.value("Week of manufacture"), None
+    week, year = int(group.leaves["Week of manufacture"]["raw"], 16), None
     for name in group.leaves:
         if "year" in name.lower():
             year = group.value(name)
-    yield "date", f"model {year}" if group.has("Model year") else f"week {week} of {year}" if week else f"{year}"
+    yield "date", f"model {year}" if week == 255 else f"week {week} of {year}" if week else f"{year}"
 
 
 def own_chromaticities(group):
@@ -79,6 +79,11 @@ def own_input(group):
     power = [name.split(" ")[0].replace("Active", "Off") for name in
              ("Standby mode", "Suspend mode", "Active off, very low power") if group.value(name)]
     yield "power", " ".join(power)
+    if group.has("Signal level standard"):
+        yield "signal-level", group.said("Signal level standard")
+    for name in ("Supported color encoding formats", "Display color type"):
+        if group.has(name):
+            yield "color-format", plain(group.said(name).replace(" and ", " ").removesuffix(" color"))
     for name in ("sRGB is the default color space", "Continuous frequency"):
         if group.has(name) and group.value(name):
             yield "display-flag", plain(name)
@@ -187,6 +192,9 @@ def own_hdmi(group):
             yield "hdmi-content", re.search(r"\((\w+)\)", name)[1]
     if group.has("Max_TMDS_Clock") and group.value("Max_TMDS_Clock"):
         yield "hdmi-clock", number(group.value("Max_TMDS_Clock"))
+    for name in group.leaves:
+        if name.endswith("_Latency") and group.value(name) is not None:
+            yield "latency", f"{plain(name)} {group.value(name)}"
 
 
 def own_forum(group):
@@ -196,6 +204,11 @@ def own_forum(group):
         yield "forum-vrr", f"min {group.value('VRR_MIN')}"
     if group.has("VRR_MAX") and group.value("VRR_MAX"):
         yield "forum-vrr", f"max {group.value('VRR_MAX')}"
+    for name in ("Max_FRL_Rate", "DSC_Max_FRL_Rate"):
+        if group.has(name) and (found := re.match(r"(\d+) Gbps on (\d)", group.said(name))):
+            yield "forum-link", f"{'DSC ' if 'DSC' in name else ''}{found[1]} {found[2]}"
+    if group.has("DSC_MaxSlices") and (found := re.match(r"(\d+) slices? of up to (\d+)", group.said("DSC_MaxSlices"))):
+        yield "forum-slices", f"{found[1]} {found[2]}"
     for name in group.on():
         if name in FORUM_FLAGS.values():
             yield "forum-flag", name
@@ -209,6 +222,7 @@ FORUM_FLAGS = {  # the peer's words and the standard's
     "Supports 16-bits/component Deep Color 4:2:0 Pixel Encoding": "DC_48bit_420",
     "Supports UHD VIC": "UHD_VIC", "Supports Auto Low-Latency Mode": "ALLM", "Supports Fast Vactive": "FVA",
     "Supports negative Mvrr values": "CNMVRR", "Supports Cable Status": "CABLE_STATUS",
+    "Supports VESA DSC 1.2a compression": "DSC_1p2",
 }
 
 
@@ -236,6 +250,33 @@ def own_rates(group):
     for end in ("Minimum", "Maximum"):
         if group.has(f"{end} refresh rate"):
             yield "refresh-rate", f"{end} {group.value(f'{end} refresh rate')}"
+    for name in ("Maximum luminance", "Minimum luminance", "Second maximum luminance", "Second minimum luminance"):
+        if group.has(name):
+            yield "amd-luminance", f"{name.split(' ')[-2].lower()} {group.value(name):.3f}"
+
+
+def own_hdr10plus(group):
+    yield "hdr10plus", str(group.value("Application version"))
+
+
+def own_dolby(group):
+    yield "dolby-version", str(group.value("VSVDB version"))
+    if group.has("Display management version"):
+        yield "dolby-management", str(group.value("Display management version"))
+    for name in ("minimum", "maximum"):
+        text = group.said(f"Target {name} luminance")
+        if found := re.search(r"PQ (\d+)", text):
+            yield "dolby-code", f"{name[:3]} {found[1]}"
+        yield "dolby-luminance", f"{name[:3]} {group.value(f'Target {name} luminance'):.3f}"
+    for color in "RGB":
+        name = {"R": "Red", "G": "Green", "B": "Blue"}[color]
+        yield "dolby-primary", f"{color} {group.value(name + ' x'):.5f} {group.value(name + ' y'):.5f}"
+
+
+def own_map_420(group):
+    for name in group.on():
+        if name.startswith("Video code "):
+            yield "map-420", mode(name.split(", ", 1)[1])
 
 
 def own_section(group):
@@ -367,6 +408,9 @@ GROUPS = {
     "HDR static metadata data block": own_luminances,
     "Video capability data block": own_video_capability,
     "AMD vendor-specific data block": own_rates,
+    "HDR10+ vendor-specific video data block": own_hdr10plus,
+    "Dolby Vision vendor-specific video data block": own_dolby,
+    "YCbCr 4:2:0 capability map data block": own_map_420,
     "DisplayID section": own_section,
     "Display parameters data block": own_parameters,
     "Product identification data block": own_product,
@@ -455,6 +499,9 @@ def joined(form):
 COLORIMETRY = {"Reserved MD0": "md0gamutboundarymetadataprofilep0", "Reserved MD1": "", "Reserved MD2": "",
                "Reserved MD3": "", "Default": "defaultrgb"}
 
+LATENCIES = {"Video": "videolatency", "Audio": "audiolatency", "Interlaced video": "interlacedvideolatency",
+             "Interlaced audio": "interlacedaudiolatency"}
+
 # Heading (a part of it), line, kind, value of the line's groups. All rows that match give facts.
 LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, kind, take in (
     ("Vendor & Product", r"    Manufacturer: (\w+)", "maker", str),
@@ -468,6 +515,11 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
      lambda text: text.replace(" cm", "")),
     ("Basic Display", r"    Gamma: ([\d.]+)", "gamma", str),
     ("Basic Display", r"    DPMS levels: (.*)", "power", str),
+    ("Basic Display", r"    Input voltage level: (.*)|    Signal Level Standard: (.*)", "signal-level",
+     lambda old, new: (old or new).strip()),
+    ("Basic Display", r"    Supported color formats: (.*)", "color-format", plain),
+    ("Basic Display", r"    (RGB|Non-RGB|Monochrome or grayscale|Undefined) (?:color )?display", "color-format",
+     lambda name: plain(name)),
     ("Basic Display", r"    Default \(sRGB\) color space is primary", "display-flag",
      constant("srgbisthedefaultcolorspace")),
     ("Basic Display", r"    Display is continuous frequency", "display-flag", constant("continuousfrequency")),
@@ -513,6 +565,23 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
      lambda name, text: f"{name.replace('YCb', 'YCC')} {'yes' if text == 'Selectable' else 'no'}"),
     ("HDR Static", r"      (Trad.*|SMPTE.*|Hybrid.*)", "eotf", plain),
     ("HDR Static", r"    Desired content (.*) luminance: \d+ \(([\d.]+)", "luminance", joined("{} {}")),
+    (r"\(HDMI\)", r"    ((?:Interlaced v|V|A|Interlaced a)\w+) latency: (\d+) ms", "latency",
+     lambda name, value: f"{LATENCIES[name]} {value}"),
+    (r"\(HDMI Forum\)", r"    (DSC )?Max Fixed Rate Link: .*?(\d+) Gbps (?:per lane )?on (\d) lanes$", "forum-link",
+     lambda dsc, rate, lanes: f"{dsc or ''}{rate} {lanes}"),
+    (r"\(HDMI Forum\)", r"    DSC Max Slices: up to (\d+) slices and up to \((\d+) MHz", "forum-slices", joined("{} {}")),
+    (r"\(HDR10\+\)", r"    Application Version: (\d+)", "hdr10plus", str),
+    (r"Video Data Block \(Dolby\)", r"    Version: (\d)", "dolby-version", str),
+    (r"Video Data Block \(Dolby\)", r"    DM Version: (\d)", "dolby-management", str),
+    (r"Video Data Block \(Dolby\)", r"    Target (M\w\w) PQ.*: (\d+)", "dolby-code",
+     lambda end, code: f"{end.lower()} {code}"),
+    (r"Video Data Block \(Dolby\)", r"    Target (M\w\w) (?:Luminance: |PQ.*\()([\d.]+) ?cd", "dolby-luminance",
+     lambda end, value: f"{end.lower()} {float(value):.3f}"),
+    (r"Video Data Block \(Dolby\)", r"    (?:Unique )?(\w)x, \wy: ([\d.]+), ([\d.]+)", "dolby-primary",
+     lambda color, x, y: f"{color} {float(x):.5f} {float(y):.5f}"),
+    ("4:2:0 Capability Map", r"    VIC.*: +" + HZ, "map-420", hz),
+    (r"\(AMD\)", r"    (M\w+) luminance.*: \d+ \(([\d.]+)", "amd-luminance",
+     lambda end, value: f"{end.lower()} {value}"),
     (r"\(AMD\)", r"    (Minimum|Maximum) Refresh Rate: (\d+) Hz", "refresh-rate", joined("{} {}")),
     # DisplayID
     ("^DisplayID", r"  Version: (\d+\.\d+)", "displayid-version", str),
@@ -590,9 +659,11 @@ def adaptive_facts(found):
 
 
 def peer_facts(lines):
-    facts, block, name, heading, timing = [], 0, "", "", []
+    """The facts, and how many indented lines gave none."""
+    facts, block, name, heading, timing, unread = [], 0, "", "", [], 0
     parts = (Parts(TILE, tile_facts), Parts(ADAPTIVE, adaptive_facts))
     for line in lines:
+        known = len(facts) + len(timing) + sum(len(reader.found) for reader in parts)
         if match := BLOCK.match(line):
             block, name, heading = int(match[1]), match[2], match[2]
             continue
@@ -612,12 +683,15 @@ def peer_facts(lines):
         for where, pattern, kind, take in LINES:
             if where.search(heading) and (match := pattern.match(line)):
                 facts.append(Fact(kind, take(*match.groups()), block))
-    return [fact for fact in facts if fact.value or fact.kind in TEXTS]
+        now = len(facts) + len(timing) + sum(len(reader.found) for reader in parts)
+        unread += line.startswith("    ") and now == known
+    return [fact for fact in facts if fact.value or fact.kind in TEXTS], unread
 
 
 # ---- What is the same, and what a difference is called ----
 RATE_TOLERANCE = 1.1  # names of modes round to whole hertz, or down: 72.8 is "72"
-ROUNDING = {"chromaticity": 0.00011, "luminance": 0.0011}
+ROUNDING = {"chromaticity": 0.00011, "luminance": 0.0011, "amd-luminance": 0.0011, "dolby-luminance": 0.0011,
+            "dolby-primary": 0.00011}
 
 
 def same(kind, own, peer):
@@ -639,6 +713,12 @@ def is_near(first, second, tolerance):
         return abs(float(first) - float(second)) <= tolerance
     except ValueError:
         return False
+
+
+def is_near_by_part(first, second, part):
+    """Of two values behind the same word."""
+    (word, value), (other_word, other) = first.split(" "), second.split(" ")
+    return word == other_word and is_near(float(value), float(other), part * float(value))
 
 
 def alone(own, peer):
@@ -697,6 +777,13 @@ def explain(is_own, fact, others, has_raw, is_first_section):
         "vendor-id": any("-".join(reversed(other.value.split("-"))) == fact.value for other in others)
                      and "vendor-id-order",
         "native-depth": bool(others) and "native-depth",
+        "hdr10plus": kind == "hdr10plus" and any(int(other.value) % 4 == int(fact.value) % 4 for other in others)
+                     and "hdr10plus-byte",
+        "dolby-luminance": kind == "dolby-luminance" and any(is_near_by_part(fact.value, other.value, 0.04)
+                                                             for other in others) and "dolby-curve",
+        "latency": bool(others) and "latency-formula",
+        "amd-luminance": "amd-second" if is_own else "amd-not-valid",
+        "color-format": bool(others) and "unknown-version",
         "refresh-rate": bool(others) and fact.value.startswith("Maximum") and "amd-rate",
         "maker": is_own and not fact.value.isalpha() and "no-letters",
         "tile-identity": any("." in text.value for text in (fact, *others)) and "no-letters",

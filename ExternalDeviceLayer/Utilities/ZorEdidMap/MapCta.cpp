@@ -533,11 +533,11 @@ constexpr SRow gsc_oPaddingRow = { RunToEnd(0), "Padding", Reserved().Expect(0, 
 // A clock of 0 ends the timings, unless a display descriptor follows: 00 00 00 and a tag of the list.
 bool IsDescriptor(const CRecord& oRecord)
 {
+    constexpr unsigned int uiDummyTag = 0x10; // below it are those of makers
     constexpr unsigned int uiFirstTag = 0xF7;
-    constexpr unsigned int uiDummyTag = 0x10;
     const unsigned int uiTag = oRecord.GetByte(3);
     return (oRecord.GetByte(0) | oRecord.GetByte(1)) != 0 ||
-           (oRecord.GetByte(2) == 0 && (uiTag >= uiFirstTag || uiTag == uiDummyTag));
+           (oRecord.GetByte(2) == 0 && (uiTag >= uiFirstTag || (uiTag != 0 && uiTag <= uiDummyTag)));
 }
 
 // Bytes 4 to uiStart - 1. Before revision 3 nothing was ever defined for them.

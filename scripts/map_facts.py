@@ -298,8 +298,10 @@ PRODUCT_TYPES = {  # by the map's words
 
 
 def own_parameters(group):
-    yield "parameters", " x ".join(f"{group.value(name) or 0:.1f}" for name in ("Horizontal image size", "Vertical image size"))
-    yield "parameters", "x".join(str(group.value(name) or 0) for name in ("Horizontal pixel count", "Vertical pixel count"))
+    sizes = ("Horizontal image size", "Vertical image size")
+    yield "parameters", " x ".join(f"{group.value(name) or 0:.1f}" for name in sizes)
+    counts = ("Horizontal pixel count", "Vertical pixel count")
+    yield "parameters", "x".join(str(group.value(name) or 0) for name in counts)
     for name in ("Transfer characteristic gamma", "Gamma EOTF, native"):
         if group.has(name):
             yield "gamma", group.said(name)
@@ -569,7 +571,8 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
      lambda name, value: f"{LATENCIES[name]} {value}"),
     (r"\(HDMI Forum\)", r"    (DSC )?Max Fixed Rate Link: .*?(\d+) Gbps (?:per lane )?on (\d) lanes$", "forum-link",
      lambda dsc, rate, lanes: f"{dsc or ''}{rate} {lanes}"),
-    (r"\(HDMI Forum\)", r"    DSC Max Slices: up to (\d+) slices and up to \((\d+) MHz", "forum-slices", joined("{} {}")),
+    (r"\(HDMI Forum\)", r"    DSC Max Slices: up to (\d+) slices and up to \((\d+) MHz", "forum-slices",
+     joined("{} {}")),
     (r"\(HDR10\+\)", r"    Application Version: (\d+)", "hdr10plus", str),
     (r"Video Data Block \(Dolby\)", r"    Version: (\d)", "dolby-version", str),
     (r"Video Data Block \(Dolby\)", r"    DM Version: (\d)", "dolby-management", str),

@@ -140,7 +140,7 @@ void AddEditCommand(CLI::App& oApp, STool& oTool)
     CLI::App* poCommand =
         oApp.add_subcommand("edit", "Edit an image: timings, preferred mode, serial number, audio, speakers, colours");
     const auto poArguments = std::make_shared<SEditCommand>();
-    poCommand->add_option("FILE", poArguments->m_sFile, "Image")->required();
+    poCommand->add_option("FILE", poArguments->m_sFile, gsc_szFileHelp)->required();
     poCommand->add_option("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
         ->type_name("OUT");
     poCommand->add_flag("--force", poArguments->m_bForce, "Replace OUT if it exists");

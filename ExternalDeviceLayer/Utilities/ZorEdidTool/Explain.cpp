@@ -140,8 +140,7 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
     {
         std::erase_if(oAsked.m_auiFields,
                       [&](unsigned int uiField) { return !Matches(oMap, uiField, oOptions.m_sFind); });
-        oAsked.m_sProblem =
-            oAsked.m_auiFields.empty() ? "has no field with this text: " + ShowName(oOptions.m_sFind) : "";
+        oAsked.m_sProblem = oAsked.m_auiFields.empty() ? "has no field with this text: " + oOptions.m_sFind : "";
     }
     return oAsked;
 }

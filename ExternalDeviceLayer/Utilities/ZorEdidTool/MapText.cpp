@@ -6,6 +6,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "TextFormat.h"
 #include "Timings.h"
 
 namespace

@@ -454,8 +454,7 @@ std::string DescribeMode(const CVidParamTimingGeneric& oTiming)
 
 double GetFieldRate(const CVidParamTimingGeneric& oTiming)
 {
-    const double dTotal =
-        static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
+    const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
     const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1;
     return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
 }

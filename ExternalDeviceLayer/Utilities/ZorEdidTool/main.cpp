@@ -73,7 +73,7 @@ std::string DescribeMissingCommand(const CLI::App& oApp)
     if (!asUnknown.empty())
     {
         const bool bOption = asUnknown[0].starts_with('-');
-        sText = "'" + ShowName(TakeWord(asUnknown[0])) + (bOption ? "' is no option" : "' is no subcommand");
+        sText = "'" + TakeWord(asUnknown[0]) + (bOption ? "' is no option" : "' is no subcommand");
     }
     sText += "; the subcommands are";
     for (const CLI::App* poCommand : oApp.get_subcommands({}))

@@ -121,7 +121,9 @@ void Read3d(const CBytes& aui8Image, CFacts& oFacts)
             const std::string sNumber = std::to_string(oField.m_llNumber);
             if (sName == "3D_MASK" && oField.m_llNumber != 0)
             {
-                asFormats.push_back(oField.m_pszName + std::string("|in 3D"));
+                const std::string sCode = oField.m_pszName; // "Video code 16, 1920x1080p ..."
+                const size_t uiComma = sCode.find(", ");
+                asFormats.push_back(sCode.substr(uiComma == std::string::npos ? 0 : uiComma + 2) + "|in 3D");
             }
             const bool bOrder = sFormat.empty() && sName == "3D format";
             const char* pszCode = oField.m_pszMeaning != nullptr ? oField.m_pszMeaning : "unknown";

@@ -416,8 +416,8 @@ class CheckTest(ToolTest):
                 f"block 0 offset 0x10 ({identity} > Week of manufacture): warning: reserved value: found 60",
                 f"block 0 offset 0x11 ({identity} > Year of manufacture): warning: year: found 2245, expected at most "
                 f"{THIS_YEAR}"]),
-            ("next year's model", change({0x10: "ff%02x" % (THIS_YEAR + 1 - 1990), 0x13: "04"}), []),
-            ("the model after that", change({0x10: "ff%02x" % (THIS_YEAR + 2 - 1990), 0x13: "04"}), [
+            ("next year's model", change({0x10: "ff%02x" % (THIS_YEAR + 1 - 1990), 0x13: "04", 0x18: "2b"}), []),
+            ("the model after that", change({0x10: "ff%02x" % (THIS_YEAR + 2 - 1990), 0x13: "04", 0x18: "2b"}), [
                 f"block 0 offset 0x11 ({identity} > Model year): warning: year: found {THIS_YEAR + 2}, expected at "
                 f"most {THIS_YEAR + 1}"]),
             ("version", change({0x12: "0200"}), [
@@ -445,7 +445,7 @@ class CheckTest(ToolTest):
             ("centimetres for millimetres", change({0x42: "3c2200"}), [
                 "block 0 offset 0x42 (Detailed timing > Horizontal addressable video image size): note: image size: "
                 "found 60 x 34 mm, expected about 600 x 340 mm, from bytes 0x15 and 0x16"]),
-            ("flags of range limits", change({0x13: "04", 0x5E: "02"}), [
+            ("flags of range limits", change({0x13: "04", 0x18: "2b", 0x5E: "02"}), [
                 "block 0 offset 0x5e (Display range limits): note: range limits: found flags 0x02, expected 0x00: the "
                 "library reads no others"]),
             ("a reserved descriptor", change({0x4B: "42"}), [
@@ -482,16 +482,16 @@ class CheckTest(ToolTest):
             ("no extended tag", with_blocks(bytes.fromhex("02030500" "e0")), [
                 "block 1 offset 0x04 (Extended data block without a tag): error: has no room for its extended tag"]),
             ("a timing without clock among others", change({0xB4: "0000"}), [
-                "block 1 offset 0x37 (Reserved descriptor 1 > Display descriptor tag): warning: reserved value: found "
-                "114",
-                "block 1 offset 0x38 (Reserved descriptor 1 > Reserved): warning: reserved bits are set: found 51"]),
+                "block 1 offset 0x34 (Padding): warning: padding is not 0"]),
             ("a name among the timings", change({0xEA: "000000fc00" + "41" * 12 + "0a"}), [
                 "block 1 offset 0x6a (Display product name 4 > Display descriptor indicator): note: display "
                 "descriptor: found tag 0xfc, expected a timing or zeros: the library reads no more of the block"]),
             ("bytes behind the timings", change({0xFE: "01"}), [
                 "block 1 offset 0x6a (Padding): warning: padding is not 0"]),
             ("a good section", with_blocks(display_id(b"\x03\x00\x14" + TYPE1, product=standalone, extensions=1),
-                                           display_id(TILE)), []),
+                                           display_id(TILE)), [
+                "block 0 offset 0x7e (Extension block count): warning: 1.3 requires a block map ahead of two or more "
+                "extension blocks: found 2"]),
             ("a section's own sum", with_blocks(bad_sum), [
                 "block 1 offset 0x1c (DisplayID section > Section checksum): error: section checksum: found 0x%02x, "
                 "expected 0x%02x" % (bad_sum[-1], fresh[-1])]),

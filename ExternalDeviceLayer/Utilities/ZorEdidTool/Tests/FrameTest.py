@@ -366,6 +366,7 @@ class ManyFiles(FolderCase):
     def test_a_pipe_that_closes_early_ends_it_quietly(self):
         os.mkdir(self.path("card0-DP-1"))
         self.write("card0-DP-1/status", b"connected\n")
+        self.write("card0-DP-1/edid", IMAGE)
         many = "--files-from", "-"
         for arguments in (("report", "-j", "1", *many), ("report", "-j", "4", *many), ("report", "--json", *many),
                           ("report", "--jsonl", "-j", "4", *many), ("check", "--json", "-j", "4", *many),

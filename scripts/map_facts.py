@@ -207,7 +207,8 @@ def own_forum(group):
     for name in ("Max_FRL_Rate", "DSC_Max_FRL_Rate"):
         if group.has(name) and (found := re.match(r"(\d+) Gbps on (\d)", group.said(name))):
             yield "forum-link", f"{'DSC ' if 'DSC' in name else ''}{found[1]} {found[2]}"
-    if group.has("DSC_MaxSlices") and (found := re.match(r"(\d+) slices? of up to (\d+)", group.said("DSC_MaxSlices"))):
+    slices = group.said("DSC_MaxSlices") if group.has("DSC_MaxSlices") else ""
+    if found := re.match(r"(\d+) slices? of up to (\d+)", slices):
         yield "forum-slices", f"{found[1]} {found[2]}"
     for name in group.on():
         if name in FORUM_FLAGS.values():
@@ -298,10 +299,10 @@ PRODUCT_TYPES = {  # by the map's words
 
 
 def own_parameters(group):
-    sizes = ("Horizontal image size", "Vertical image size")
-    yield "parameters", " x ".join(f"{group.value(name) or 0:.1f}" for name in sizes)
-    counts = ("Horizontal pixel count", "Vertical pixel count")
-    yield "parameters", "x".join(str(group.value(name) or 0) for name in counts)
+    sizes = [f"{group.value(f'{name} image size') or 0:.1f}" for name in ("Horizontal", "Vertical")]
+    yield "parameters", " x ".join(sizes)
+    counts = [str(group.value(f"{name} pixel count") or 0) for name in ("Horizontal", "Vertical")]
+    yield "parameters", "x".join(counts)
     for name in ("Transfer characteristic gamma", "Gamma EOTF, native"):
         if group.has(name):
             yield "gamma", group.said(name)

@@ -319,11 +319,12 @@ bool IsOtherFormula(const CRecord& oRecord)
     return !IsPlainFormula(oRecord) && !IsSecondaryGtf(oRecord) && !IsCvt(oRecord);
 }
 
-// Timings by a formula come at any rate.
+// The standard has these supported where byte 18h of the base block says continuous frequency.
 const char* CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
 {
     const bool bFormula = uiFormula == 0 || uiFormula == 2 || uiFormula == 4;
-    return bFormula && !oRecord.GetFacts().m_bContinuous ? "needs a continuous frequency display (18h bit 0)" : nullptr;
+    return bFormula && !oRecord.GetFacts().m_bContinuous ? "counts for continuous frequency displays only (18h bit 0)"
+                                                         : nullptr;
 }
 
 // The bits of byte 0Eh stand in the order of the codes, bit 7 first.
@@ -367,7 +368,8 @@ constexpr SRow gsc_aoRangeRows[] = {
     { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoClockNotGiven), nullptr,
       CheckMaximumClock },
     { Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas), IsBefore4 },
-    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas), IsRevision4, CheckFormula },
+    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas), IsRevision4, CheckFormula,
+      CZorEdidMap::eSeverity_Note },
     { Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
     { Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency

@@ -240,6 +240,7 @@ struct SRow
     bool (*m_pfnApplies)(const CRecord&) = nullptr; // null: always
     // What is off about the value, as a static text; null for nothing.
     const char* (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
+    CZorEdidMap::ESeverity m_eCheck = CZorEdidMap::eSeverity_Warning; // of what m_pfnCheck finds
 };
 
 // A structure: its rows, and the area that all of its fields are of. Bits that no row takes become "Reserved", with a

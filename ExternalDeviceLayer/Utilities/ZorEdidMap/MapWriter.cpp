@@ -447,7 +447,7 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
     const char* pszText = oRow.m_pfnCheck != nullptr ? oRow.m_pfnCheck(oRecord, uiRaw) : nullptr;
     if (pszText != nullptr)
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Warning, pszText);
+        AddNote(uiField, oRow.m_eCheck, pszText);
     }
 }
 

@@ -368,8 +368,7 @@ constexpr SRow gsc_aoRangeRows[] = {
     { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoClockNotGiven), nullptr,
       CheckMaximumClock },
     { Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas), IsBefore4 },
-    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas), IsRevision4, CheckFormula,
-      CZorEdidMap::eSeverity_Note },
+    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas).NoteOnly(), IsRevision4, CheckFormula },
     { Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
     { Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency

@@ -113,7 +113,8 @@ struct SForm
     long long m_llAdd = 0;
     unsigned int m_uiDivide = 1;
     unsigned int m_uiDecimals = 0;
-    bool m_bSigned = false; // two's complement over the width of the place
+    bool m_bSigned = false;   // two's complement over the width of the place
+    bool m_bNoteOnly = false; // what the row's check finds is a note, no warning
     std::span<const SMeaning> m_aoMeanings = {};
     bool m_bStaysNumber = false; // a value with a meaning is a number nonetheless
     // The value as text, when a number, a meaning or the bytes are not it.
@@ -163,6 +164,12 @@ struct SForm
     {
         SForm oForm = *this;
         oForm.m_bSigned = true;
+        return oForm;
+    }
+    constexpr SForm NoteOnly() const
+    {
+        SForm oForm = *this;
+        oForm.m_bNoteOnly = true;
         return oForm;
     }
     constexpr SForm Text(CMString (*pfnText)(const CRecord&, unsigned int)) const
@@ -240,7 +247,6 @@ struct SRow
     bool (*m_pfnApplies)(const CRecord&) = nullptr; // null: always
     // What is off about the value, as a static text; null for nothing.
     const char* (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
-    CZorEdidMap::ESeverity m_eCheck = CZorEdidMap::eSeverity_Warning; // of what m_pfnCheck finds
 };
 
 // A structure: its rows, and the area that all of its fields are of. Bits that no row takes become "Reserved", with a

@@ -45,7 +45,10 @@ def change(edits, image=MONITOR, fix=True):
 
 def with_blocks(*blocks, announced=None):
     """The example's base block and other extension blocks, given without padding and checksum."""
-    base = change({0x7E: "%02x" % (len(blocks) if announced is None else announced)}, MONITOR[:128])
+    changes = {0x7E: "%02x" % (len(blocks) if announced is None else announced)}
+    if len(blocks) > 1:  # 1.4, as 1.3 asks for a block map
+        changes |= {0x13: "04", 0x18: "2b"}
+    base = change(changes, MONITOR[:128])
     return base + b"".join(fix_sums(block.ljust(128, b"\0")) for block in blocks)
 
 

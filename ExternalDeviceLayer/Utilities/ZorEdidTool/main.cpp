@@ -87,15 +87,16 @@ std::string DescribeMissingCommand(const CLI::App& oApp)
 int PrintCommandLineError(const CLI::App& oApp, const CLI::ParseError& oError)
 {
     const auto apoUsed = oApp.get_subcommands();
-    std::string sText = apoUsed.empty() ? DescribeMissingCommand(oApp) : oError.what();
+    std::string sText = oError.what();
     for (size_t uiMark = sText.find(gsc_szWordMark); uiMark != std::string::npos; uiMark = sText.find(gsc_szWordMark))
     {
         sText.erase(uiMark, sizeof(gsc_szWordMark) - 1);
     }
     for (char& c : sText)
     {
-        c = c == '\n' ? ' ' : c;
+        c = c == '\n' ? ' ' : c; // CLI11 lists several things in lines
     }
+    sText = apoUsed.empty() ? DescribeMissingCommand(oApp) : sText;
     const std::string sHelp = apoUsed.empty() ? "zoredid --help" : "zoredid " + apoUsed[0]->get_name() + " --help";
     PrintError(sText + " (see " + sHelp + ")");
     return eExit_CommandLine;

@@ -65,13 +65,26 @@ bool HasLinesOfBase64(std::string_view sDigits)
     }
     return !bDigitsOnly;
 }
+constexpr size_t gsc_uiShortestStart = 16; // digits of a line that is not mistaken for one
+
+bool HoldsMoreDigits(std::string_view sRest)
+{
+    while (!sRest.empty())
+    {
+        const std::string_view sLine = TakeLine(sRest);
+        if (GetKindOfLine(sLine) == eLine_Digits && Trim(sLine).size() >= gsc_uiShortestStart)
+        {
+            return true;
+        }
+    }
+    return false;
+}
 } // namespace
 
 // Lines ahead of the digits are skipped, as long as they are not mistaken for some: below that length only the first
 // line counts as digits. The first other line behind them ends them.
 bool ReadDigits(const std::string& sText, SInput& oInput)
 {
-    constexpr size_t uiShortestStart = 16; // digits
     std::string_view sRest = sText;
     bool bFirst = true;
     bool bBegun = false;
@@ -80,7 +93,7 @@ bool ReadDigits(const std::string& sText, SInput& oInput)
         std::string_view sLine = TakeLine(sRest);
         const ELine eLine = GetKindOfLine(sLine);
         bBegun = bBegun || ((eLine == eLine_Digits || eLine == eLine_OddDigits) &&
-                            (bFirst || Trim(sLine).size() >= uiShortestStart));
+                            (bFirst || Trim(sLine).size() >= gsc_uiShortestStart));
         bFirst = bFirst && eLine == eLine_Empty;
         if (!bBegun || eLine == eLine_Empty)
         {
@@ -88,10 +101,13 @@ bool ReadDigits(const std::string& sText, SInput& oInput)
         }
         if (eLine != eLine_Digits)
         {
-            oInput.m_sProblem = eLine == eLine_OddDigits ? AtLine(uiLine, "an odd number of digits")
-                                : eLine == eLine_Damaged ? AtLine(uiLine, "not hexadecimal bytes")
-                                : Trim(sLine) == "*"     ? AtLine(uiLine, "a star stands for lines left out (od -v)")
-                                                         : "";
+            oInput.m_sProblem =
+                eLine == eLine_OddDigits ? AtLine(uiLine, "an odd number of digits")
+                : eLine == eLine_Damaged ? AtLine(uiLine, "not hexadecimal bytes")
+                : Trim(sLine) == "*"     ? AtLine(uiLine, "a star stands for lines left out (od -v)")
+                : LacksBlocks(oInput) && HoldsMoreDigits(sRest)
+                    ? AtLine(uiLine, "ends the digits with fewer blocks than announced, and more follow")
+                    : "";
             return true;
         }
         for (std::string_view sRun = TakeToken(sLine, gsc_sHexSeparators); !sRun.empty();

@@ -237,6 +237,14 @@ bool AddCNumber(std::string_view sToken, SInput& oInput)
     return true;
 }
 
+// Where an array of arrays goes on behind the brace that ends a row: behind the next row's; 0 where it ends.
+size_t FindNextRow(std::string_view sText, size_t uiBrace)
+{
+    const size_t uiComma = SkipBlanksAndComments(sText, uiBrace + 1);
+    const size_t uiNext = sText.substr(uiComma, 1) == "," ? SkipBlanksAndComments(sText, uiComma + 1) : sText.size();
+    return sText.substr(uiNext, 1) == "{" ? uiNext + 1 : 0;
+}
+
 bool ReadCArray(const std::string& sText, SInput& oInput)
 {
     size_t uiPlace = FindCArray(sText);
@@ -255,7 +263,18 @@ bool ReadCArray(const std::string& sText, SInput& oInput)
             ++uiPlace;
             continue;
         }
-        if (uiPlace == sText.size() ? !bBraces : (bBraces && sText[uiPlace] == '}'))
+        const bool bBrace = bBraces && uiPlace < sText.size() && sText[uiPlace] == '}';
+        if (const size_t uiRow = bBrace ? FindNextRow(sText, uiPlace) : 0; uiRow != 0)
+        {
+            uiPlace = uiRow;
+            continue;
+        }
+        if (bBrace && LacksBlocks(oInput) &&
+            FindCArray(std::string_view(sText).substr(uiPlace)) < sText.size() - uiPlace)
+        {
+            oInput.m_sProblem = "an array with fewer blocks than it announces, and another array behind it";
+        }
+        if (bBrace || (!bBraces && uiPlace == sText.size()))
         {
             return true;
         }
@@ -320,6 +339,17 @@ std::string MakePlainText(const std::string& sContent)
     }
     return sText;
 }
+
+// Words of two or four bytes whose low byte stands first, printed as numbers.
+bool IsSwapped(const std::vector<unsigned char>& aui8Bytes)
+{
+    constexpr unsigned char aaui8Swapped[][8] = { { 0xFF, 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0xFF },
+                                                  { 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0xFF, 0xFF, 0xFF } };
+    return std::any_of(std::begin(aaui8Swapped), std::end(aaui8Swapped), [&](const auto& aui8Head) {
+        return aui8Bytes.size() >= sizeof(aui8Head) &&
+               std::equal(std::begin(aui8Head), std::end(aui8Head), aui8Bytes.begin());
+    });
+}
 } // namespace
 
 SInput DecodeInput(const std::string& sName, const std::string& sContent)
@@ -339,6 +369,10 @@ SInput DecodeInput(const std::string& sName, const std::string& sContent)
         else if (oInput.IsGood() && oInput.m_aui8Bytes.empty())
         {
             oInput.m_sProblem = oInput.m_sForm + " without a digit";
+        }
+        else if (oInput.IsGood() && oForm.m_pfnRead != ReadRaw && IsSwapped(oInput.m_aui8Bytes))
+        {
+            oInput.m_sProblem = oInput.m_sForm + " whose bytes are swapped in each word (od -tx1 prints bytes)";
         }
         else if (!oInput.IsGood())
         {

@@ -94,3 +94,11 @@ bool AddHex(SInput& oInput, std::string_view sDigits)
     }
     return true;
 }
+
+bool LacksBlocks(const SInput& oInput)
+{
+    constexpr size_t uiCountOffset = 126; // of the base block: how many extension blocks follow
+    const size_t uiSize = oInput.m_aui8Bytes.size();
+    return uiSize != 0 && uiSize % gsc_uiBlockSize == 0 &&
+           uiSize / gsc_uiBlockSize < 1U + oInput.m_aui8Bytes[uiCountOffset];
+}

@@ -37,6 +37,9 @@ void AddByte(SInput& oInput, unsigned long long ullByte);
 // Two digits a byte. False for an odd number of them or anything else.
 bool AddHex(SInput& oInput, std::string_view sDigits);
 
+// Whole blocks, and fewer than the base block announces.
+bool LacksBlocks(const SInput& oInput);
+
 // The readers: false when the text has not this form. Else the input receives the bytes or a problem.
 bool ReadDump(const std::string& sText, SInput& oInput);   // with addresses
 bool ReadBase64(const std::string& sText, SInput& oInput); // also in its form for addresses, also as a data address

@@ -69,6 +69,16 @@ bool Rename(const std::string& sTemporary, const std::string& sPath, bool bForce
 // Up to its last slash; empty for a name in the present folder.
 std::string GetFolder(const std::string& sPath) { return sPath.substr(0, sPath.rfind('/') + 1); }
 
+// Group and owner of the file that is replaced, where the user may; it goes ahead of the mode, since it clears bits of
+// it. Gives the mode: without the set-ID bits when they would be those of somebody else.
+mode_t KeepOwner(int iFile, const struct stat& oOld)
+{
+    constexpr uid_t uiSameOwner = static_cast<uid_t>(-1);
+    const bool bGroup = fchown(iFile, uiSameOwner, oOld.st_gid) == 0;
+    const bool bOwner = fchown(iFile, oOld.st_uid, static_cast<gid_t>(-1)) == 0;
+    return oOld.st_mode & gsc_uiModeBits & ~static_cast<mode_t>(bGroup && bOwner ? 0 : S_ISUID | S_ISGID);
+}
+
 // poOld  the state of the file that is replaced, or null
 bool ReplaceFile(const std::string& sPath, const std::string& sContent, const struct stat* poOld, bool bForce,
                  std::string& sProblem)
@@ -79,10 +89,7 @@ bool ReplaceFile(const std::string& sPath, const std::string& sContent, const st
     {
         return Fail("cannot be written", sProblem);
     }
-    // The owner is kept where the user may; it goes first, since it clears mode bits.
-    const bool bOwnerKept = poOld == nullptr || fchown(iFile, poOld->st_uid, poOld->st_gid) == 0 || errno == EPERM;
-    bool bGood = bOwnerKept &&
-                 fchmod(iFile, poOld != nullptr ? poOld->st_mode & gsc_uiModeBits : GetNewFileMode()) == 0 &&
+    bool bGood = fchmod(iFile, poOld != nullptr ? KeepOwner(iFile, *poOld) : GetNewFileMode()) == 0 &&
                  WriteAll(iFile, sContent) && fsync(iFile) == 0;
     bGood = close(iFile) == 0 && bGood;
     bGood = bGood && Rename(sTemporary, sPath, bForce);
@@ -206,5 +213,6 @@ bool WriteOutput(const std::string& sPath, const std::string& sContent, bool bFo
         return Fail("cannot be opened", sProblem);
     }
     const bool bGood = WriteInPlace(iFile, sContent, bIsText, sProblem);
-    return close(iFile) == 0 && bGood;
+    const bool bClosed = close(iFile) == 0;
+    return bGood && (bClosed || Fail("cannot be written", sProblem));
 }

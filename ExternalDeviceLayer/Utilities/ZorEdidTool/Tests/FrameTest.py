@@ -105,6 +105,8 @@ FORMS = {  # every form of the image, and what it is taken for
                               "Windows registry export"),
     "C array": (C_ARRAY, "C array"),
     "C array, decimal": ("int a[2] = {" + lines(20, "%d", "\n", ",", ",") + "}", "C array"),
+    "C array of blocks": ("u8 a[2][128] = { {" + ", ".join(map(str, IMAGE[:128])) + "}, /* 1 */ {" +
+                          ", ".join(map(str, IMAGE[128:])) + "} };", "C array"),
     "C numbers": (lines(16, "0x%02x"), "C array"),
     "base64": (base64.encodebytes(IMAGE), "base64"),
     "base64, one line, of addresses": (base64.urlsafe_b64encode(IMAGE).rstrip(b"="), "base64"),
@@ -132,6 +134,10 @@ BAD = {  # what cannot be taken, and why
     "registry, a byte of three digits": ('REGEDIT4\n"EDID"=hex:00,\\\n  0ff\n', "line 3: a byte has two"),
     "a number above 255": ("{ 0x00,\n 256 }", "line 2: a number from 0 to 255"),
     "an open array": ("{ 0x00, 0xff\n", "line 2: a number from 0 to 255"),
+    "two arrays": ("a[] = {" + ", ".join(map(str, IMAGE[:128])) + "};\nb[] = {" + ", ".join(map(str, IMAGE[128:])) + "};",
+                   "fewer blocks than it announces"),
+    "digits in two parts": (IMAGE[:128].hex() + "\nblock 1\n" + IMAGE[128:].hex() + "\n", "line 2: ends the digits with"),
+    "swapped words": (" ".join("%02x%02x" % (IMAGE[at + 1], IMAGE[at]) for at in range(0, 256, 2)), "are swapped"),
     "base64, cut": (base64.b64encode(IMAGE)[:-3], "ends in the middle of a byte"),
 }
 

@@ -172,6 +172,14 @@ static_assert(std::size(gsc_aoRows) == CEditRunner::msc_uiOperationCount, "a row
 
 const SRow& GetRow(unsigned int uiOperation) { return gsc_aoRows[uiOperation % CEditRunner::msc_uiOperationCount]; }
 
+// 3D formats that break off, or hold for all of the first 16 codes, keep a removal from bringing them in step.
+bool HoldsHdmi(const unsigned char* pui8Block)
+{
+    constexpr unsigned char aui8Hdmi[] = { 0x03, 0x0C, 0x00 };
+    const unsigned char* const pui8End = pui8Block + gsc_uiBlockSize;
+    return std::search(pui8Block, pui8End, std::begin(aui8Hdmi), std::end(aui8Hdmi)) != pui8End;
+}
+
 bool IsRemoval(const SRow& oRow) { return oRow.m_eKind == EKind::eRemove || oRow.m_eKind == EKind::eRemoveCode; }
 
 std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui8Before, const CBytes& aui8After)
@@ -345,7 +353,8 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
         const bool bRefuses = std::all_of(aoPlaces.begin(), aoPlaces.end(), [&](const SPlace& oPlace) {
             const CList& aoList = aoBefore[oPlace.m_uiBlock][oRow.m_eList % eList_Count];
             return !IsRemoval(oRow) || oPlace.m_uiIndex >= aoList.size() ||
-                   (oRow.m_eKind == EKind::eRemoveCode && !oPlace.m_bIsSure) ||
+                   (oRow.m_eKind == EKind::eRemoveCode &&
+                    (!oPlace.m_bIsSure || HoldsHdmi(&aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock]))) ||
                    (oRow.m_eList == eList_Table ? Is420(aoList[oPlace.m_uiIndex])
                                                 : !oPlace.m_bIsSure || oPlace.m_uiBlock + oPlace.m_uiIndex == 0);
         });

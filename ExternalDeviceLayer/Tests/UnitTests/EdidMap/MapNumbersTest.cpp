@@ -142,8 +142,7 @@ TEST_F(MapNumbers, OfCodes)
     for (const SCaseRow& oRow : ReadCases("EdidMap/golden/numbers.txt", 3))
     {
         SCOPED_TRACE(oRow.GetName());
-        const CBytes aui8Block = MakeCta(oRow.GetBytes(1));
-        CBytes aui8Image = FixChecksums(MakeEdid({ aui8Block }));
+        CBytes aui8Image = FixChecksums(MakeEdid({ MakeCta(oRow.GetBytes(1)) }));
         CEdid oEdid;
         CZorEdidMap oMap;
         ASSERT_NE(0, LoadExact(oEdid, aui8Image));
@@ -159,7 +158,7 @@ TEST_F(MapNumbers, OfCodes)
             }
         }
         // A block that is not counted is not listed.
-        Append(aui8Image, aui8Block);
+        Append(aui8Image, CBytes(aui8Image.begin() + gsc_uiBlockSize, aui8Image.end()));
         ReadMap(oMap, aui8Image);
         EXPECT_EQ(oRow.GetText(2), ListNumbers(oMap, oEdid.GetBaseStandardCount()));
     }
@@ -186,6 +185,39 @@ TEST_F(MapNumbers, IndexTellsSeveralApart)
     EXPECT_EQ((std::vector<unsigned int>{ gsc_uiNone }), GetIndexes(oMap, "Audio data block"));
     EXPECT_EQ((std::vector<unsigned int>{ 0, 1 }), GetIndexes(oMap, "Detailed timing"));
     EXPECT_EQ((std::vector<unsigned int>{ 0, 1, 2, 0 }), GetIndexes(oMap, "Short video descriptor"));
+}
+
+// Groups of one name in a block count from 0; the only one has no index. The records of a data block count in it.
+TEST_F(MapNumbers, IndexOfGroupsInABlock)
+{
+    const CBytes aui8Type1 = MakeDataBlock(3, 0, Type1Record1080p());
+    const CBytes aui8Type2 = MakeDataBlock(4, 0, Type2Record720p());
+    CBytes aui8Image = MakeEdid({ MakeDisplayIdBlock(Join({ aui8Type1, aui8Type2, aui8Type1 })) });
+    const CBytes aui8Text = ParseBytes("00 00 00 FE 00 41 0A 20*11");
+    std::copy(aui8Text.begin(), aui8Text.end(), aui8Image.begin() + 0x5A);
+    std::copy(aui8Text.begin(), aui8Text.end(), aui8Image.begin() + 0x6C);
+    CZorEdidMap oMap;
+    ReadMap(oMap, FixChecksums(aui8Image));
+    std::map<std::pair<unsigned int, std::string>, std::vector<unsigned int>> oIndexes;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && oField.m_uiDepth != 0 &&
+            !std::string(oField.m_pszName).ends_with(" timing"))
+        {
+            oIndexes[{ oField.m_uiOffset & ~0x7FU, oField.m_pszName }].push_back(oField.m_uiIndex);
+        }
+    }
+    unsigned int uiSeveral = 0;
+    for (const auto& [oKey, auiIndexes] : oIndexes)
+    {
+        uiSeveral += auiIndexes.size() > 1 ? 1U : 0U;
+        for (unsigned int i = 0; i < auiIndexes.size(); ++i)
+        {
+            EXPECT_EQ(auiIndexes.size() > 1 ? i : gsc_uiNone, auiIndexes[i]) << oKey.second;
+        }
+    }
+    EXPECT_EQ(2U, uiSeveral);
 }
 
 TEST_F(MapNumbers, NumberAreaAndSeverity)

@@ -88,8 +88,8 @@ TEST_F(MapTables, VideoCodes)
         ReadMap(BehindBaseBlock({ 2, 3, 6, 0, 0x41, ui8Code }));
         const std::string sValue = GetValue(gsc_uiBlockSize + 5);
         const std::string sPixels = asLine[20] == "2" ? "720(1440)" : asLine[1]; // each one sent twice
-        EXPECT_TRUE(sValue.starts_with(sPixels + "x" + asLine[2] + (asLine[3] == "1" ? "i " : "p ")))
-            << asLine[0] << ": " << sValue;
+        const std::string sSize = sPixels + "x" + asLine[2] + (asLine[3] == "1" ? "i " : "p ");
+        EXPECT_TRUE(sValue.starts_with(asLine[0] + ", " + sSize)) << asLine[0] << ": " << sValue;
         EXPECT_NE(std::string::npos, sValue.find(asLine[6] + " Hz ")) << asLine[0] << ": " << sValue;
         EXPECT_TRUE(sValue.ends_with(" " + asLine[19])) << asLine[0] << ": " << sValue;
     }

@@ -29,17 +29,11 @@ using CtaWalk = void (*)(CMapWriter& oWriter, const SCtaPayload& oPayload);
 
 // ---- Helpers of tables and walks ----
 
-// Conditions of rows.
+// A condition of rows.
 template <unsigned int OFFSET, unsigned int BIT>
 bool WhereSet(const CRecord& oRecord)
 {
     return oRecord.IsSet(OFFSET, BIT);
-}
-
-template <unsigned int OFFSET, unsigned int BIT>
-bool WhereClear(const CRecord& oRecord)
-{
-    return !oRecord.IsSet(OFFSET, BIT);
 }
 
 // The meaning of a value; null for one that the list lacks.

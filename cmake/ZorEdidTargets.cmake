@@ -8,6 +8,9 @@ function(zor_target_defaults target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_options(${target} PRIVATE ${ZOREDID_WARNINGS})
+  # What is installed says where a line stands in the project, not where the project stood: assertion lines of the
+  # templates in headers name it, too.
+  target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
   if(ZOREDID_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
@@ -44,7 +47,5 @@ function(zor_add_library target)
   # Position-independent code of g++ leaves its own functions open to replacement, and so inlines none of them: 8 % of a
   # load. clang inlines them anyway.
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
-  # Archives that are installed say where a line stands in the project, not where the project stood.
-  target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON VERIFY_INTERFACE_HEADER_SETS ON)
 endfunction()

@@ -120,16 +120,15 @@ void Check(SCheckOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void AddCheckCommand(CLI::App& oApp, STool& oTool)
+void DeclareCheckOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("check", "Name what is wrong with images");
     const auto poOptions = std::make_shared<SCheckOptions>();
-    AddFileOptions(*poCommand, poOptions->m_oFiles);
-    poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with the findings");
-    poCommand->footer("A line for each finding, none for a clean image, and a summary of several:\n"
-                      "  FILE: block B offset 0xNN (field): error|warning|note: what: found X, expected Y\n"
-                      "Exit status: 0 clean or notes only, 1 errors or warnings, 3 an image that cannot be read.\n\n"
-                      "Example:\n"
-                      "  zoredid check *.bin");
-    poCommand->callback([poOptions, &oTool] { Check(*poOptions, oTool); });
+    AddFileOptions(oCommand, poOptions->m_oFiles);
+    oCommand.add_flag("--json", poOptions->m_bJson, "One JSON document with the findings");
+    oCommand.footer("A line for each finding, none for a clean image, and a summary of several:\n"
+                    "  FILE: block B offset 0xNN (field): error|warning|note: what: found X, expected Y\n"
+                    "Exit status: 0 clean or notes only, 1 errors or warnings, 3 an image that cannot be read.\n\n"
+                    "Example:\n"
+                    "  zoredid check *.bin");
+    oCommand.callback([poOptions, &oTool] { Check(*poOptions, oTool); });
 }

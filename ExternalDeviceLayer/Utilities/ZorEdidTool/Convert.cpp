@@ -76,24 +76,23 @@ void Convert(const SConvertOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void AddConvertCommand(CLI::App& oApp, STool& oTool)
+void DeclareConvertOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("convert", "Write an image in another form");
     const auto poOptions = std::make_shared<SConvertOptions>();
     std::vector<std::string> asForms;
     for (const SOutputForm& oForm : GetOutputForms())
     {
         asForms.push_back(oForm.m_pszName);
     }
-    poCommand->add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required();
-    poCommand->add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
+    oCommand.add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required();
+    oCommand.add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
         ->required()
         ->type_name("OUT");
-    poCommand
-        ->add_option("--form", poOptions->m_sForm,
-                     "Without it, the ending of OUT tells: .bin .xxd .hex .c .h .b64 .base64 .dat")
+    oCommand
+        .add_option("--form", poOptions->m_sForm,
+                    "Without it, the ending of OUT tells: .bin .xxd .hex .c .h .b64 .base64 .dat")
         ->check(CLI::IsMember(asForms));
-    poCommand->add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
-    poCommand->footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
-    poCommand->callback([poOptions, &oTool] { Convert(*poOptions, oTool); });
+    oCommand.add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    oCommand.footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
+    oCommand.callback([poOptions, &oTool] { Convert(*poOptions, oTool); });
 }

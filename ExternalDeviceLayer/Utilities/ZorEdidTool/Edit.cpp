@@ -135,27 +135,25 @@ void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
 }
 } // namespace
 
-void AddEditCommand(CLI::App& oApp, STool& oTool)
+void DeclareEditOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand =
-        oApp.add_subcommand("edit", "Edit an image: timings, preferred mode, serial number, audio, speakers, colours");
     const auto poArguments = std::make_shared<SEditCommand>();
-    poCommand->add_option("FILE", poArguments->m_sFile, gsc_szFileHelp)->required();
-    poCommand->add_option("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
+    oCommand.add_option("FILE", poArguments->m_sFile, gsc_szFileHelp)->required();
+    oCommand.add_option("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
         ->type_name("OUT");
-    poCommand->add_flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
-    poCommand->add_flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
-    poCommand->add_flag("--dry-run", poArguments->m_bDryRun, "Do everything but write, and say what would hinder it");
+    oCommand.add_flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
+    oCommand.add_flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
+    oCommand.add_flag("--dry-run", poArguments->m_bDryRun, "Do everything but write, and say what would hinder it");
     for (const SEditOption& oOption : GetEditOptions())
     {
         if (*oOption.m_pszValue == '\0')
         {
-            CLI::Option* poOption = poCommand->add_flag(oOption.m_pszName, oOption.m_pszHelp);
+            CLI::Option* poOption = oCommand.add_flag(oOption.m_pszName, oOption.m_pszHelp);
             poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group("Edits");
             poArguments->m_oOptions[poOption] = &oOption;
             continue;
         }
-        CLI::Option* poOption = poCommand->add_option(
+        CLI::Option* poOption = oCommand.add_option(
             oOption.m_pszName, [](const CLI::results_t&) { return true; }, oOption.m_pszHelp);
         poOption->type_name(oOption.m_pszValue)
             ->type_size(1)
@@ -168,13 +166,12 @@ void AddEditCommand(CLI::App& oApp, STool& oTool)
             });
         poArguments->m_oOptions[poOption] = &oOption;
     }
-    poCommand->footer(
-        "Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
-        "prints them. A removal that an earlier edit has done already is good. When one edit is refused,\n"
-        "nothing is written. An edit changes nothing that it does not name: the result is read again and\n"
-        "compared before it is written.\n"
-        "\n"
-        "Example:\n"
-        "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
-    poCommand->callback([poCommand, poArguments, &oTool] { Run(*poCommand, *poArguments, oTool); });
+    oCommand.footer("Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
+                    "prints them. A removal that an earlier edit has done already is good. When one edit is refused,\n"
+                    "nothing is written. An edit changes nothing that it does not name: the result is read again and\n"
+                    "compared before it is written.\n"
+                    "\n"
+                    "Example:\n"
+                    "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
+    oCommand.callback([&oCommand, poArguments, &oTool] { Run(oCommand, *poArguments, oTool); });
 }

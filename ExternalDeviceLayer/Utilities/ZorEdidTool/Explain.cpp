@@ -419,40 +419,39 @@ CLI::Option* AddNumber(CLI::App& oCommand, const char* pszName, unsigned int& ui
 }
 } // namespace
 
-void AddExplainCommand(CLI::App& oApp, STool& oTool)
+void DeclareExplainOptions(CLI::App& oCommand, STool& oTool)
 {
     constexpr unsigned int uiMostBlocks = 256; // of an image
-    CLI::App* poCommand = oApp.add_subcommand("explain", "Say what each byte of an image means");
     const auto poOptions = std::make_shared<SExplainOptions>();
-    poCommand->add_option("FILE", poOptions->m_sFile, "Image, also one that is damaged or cut short")
+    oCommand.add_option("FILE", poOptions->m_sFile, "Image, also one that is damaged or cut short")
         ->required()
         ->type_name("");
-    AddNumber(*poCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
+    AddNumber(oCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
         ->type_name("N");
-    CLI::Option* poAt = AddNumber(*poCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
+    CLI::Option* poAt = AddNumber(oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
                                   "What this byte says; counted from the image's begin, or with --block from that of "
                                   "the block")
                             ->type_name("OFFSET");
     CLI::Option* poFind =
-        poCommand
-            ->add_option("--find", poOptions->m_sFind,
-                         "Where a name, a value, a note or a timing's list and number has this text, in either case")
+        oCommand
+            .add_option("--find", poOptions->m_sFind,
+                        "Where a name, a value, a note or a timing's list and number has this text, in either case")
             ->type_name("TEXT")
             ->check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
     poAt->excludes(poFind);
-    poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
-    poCommand->footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
-                      "by its groups.\n"
-                      "Offsets are hexadecimal. Bits stand behind a point: 14.7 is the highest bit of byte 0x14, \"38 "
-                      "3a.7-4\" is byte\n"
-                      "0x38 with four more bits in byte 0x3a. Behind a timing stand its list and its number, which "
-                      "edits take. A note\n"
-                      "about what is off stands behind an exclamation mark. Exit status: 1 when there is no such byte, "
-                      "block or text.\n\n"
-                      "Examples:\n"
-                      "  zoredid explain --at 0x36 monitor.bin\n"
-                      "  zoredid explain --find gamma monitor.bin");
-    poCommand->callback([poOptions, &oTool] {
+    oCommand.add_flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
+    oCommand.footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
+                    "by its groups.\n"
+                    "Offsets are hexadecimal. Bits stand behind a point: 14.7 is the highest bit of byte 0x14, \"38 "
+                    "3a.7-4\" is byte\n"
+                    "0x38 with four more bits in byte 0x3a. Behind a timing stand its list and its number, which "
+                    "edits take. A note\n"
+                    "about what is off stands behind an exclamation mark. Exit status: 1 when there is no such byte, "
+                    "block or text.\n\n"
+                    "Examples:\n"
+                    "  zoredid explain --at 0x36 monitor.bin\n"
+                    "  zoredid explain --find gamma monitor.bin");
+    oCommand.callback([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
         oFiles.m_bTurnsForBadOnes = true; // JSON tells of them, too

@@ -114,11 +114,10 @@ void List(STool& oTool)
 }
 } // namespace
 
-void AddListCommand(CLI::App& oApp, STool& oTool)
+void DeclareListOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("list", "List the connectors of this machine and their monitors");
-    poCommand->add_option_function<std::string>("--sysfs", SetConnectorFolder, "The folder of the connectors")
+    oCommand.add_option_function<std::string>("--sysfs", SetConnectorFolder, "The folder of the connectors")
         ->type_name("FOLDER");
-    poCommand->footer("Example: zoredid list, then: zoredid report HDMI-A-1");
-    poCommand->callback([&oTool] { List(oTool); });
+    oCommand.footer("Example: zoredid list, then: zoredid report HDMI-A-1");
+    oCommand.callback([&oTool] { List(oTool); });
 }

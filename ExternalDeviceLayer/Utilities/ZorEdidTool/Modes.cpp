@@ -63,20 +63,19 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
 }
 } // namespace
 
-void AddModesCommand(CLI::App& oApp, STool& oTool)
+void DeclareModesOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("modes", "List all timings with the numbers that edits take");
     const auto poOptions = std::make_shared<SModesOptions>();
-    poCommand->add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required()->type_name("");
+    oCommand.add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required()->type_name("");
     CLI::Option* poJson =
-        poCommand->add_flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
-    poCommand->add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
-    poCommand->footer(
+        oCommand.add_flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
+    oCommand.add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
+    oCommand.footer(
         "Each list counts from 0: established, standard and detailed timings. Established timings with the mark VESA\n"
         "are those that VESA's own tables define. Blocks count from 0, which is the base block.\n\n"
         "Example:\n"
         "  zoredid modes --modeline monitor.bin");
-    poCommand->callback([poOptions, &oTool] {
+    oCommand.callback([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
         ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return ListModes(*poOptions, oInput); });

@@ -102,21 +102,20 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void AddPageCommand(CLI::App& oApp, STool& oTool)
+void DeclarePageOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("page", "Write a page for a browser: bytes, fields, timings, colours");
     const auto poOptions = std::make_shared<SPageOptions>();
-    poCommand->add_option("FILE", poOptions->m_sFirst, "Image")->required()->type_name("");
+    oCommand.add_option("FILE", poOptions->m_sFirst, "Image")->required()->type_name("");
     CLI::Option* poSecond =
-        poCommand->add_option("FILE2", poOptions->m_sSecond, "A second image: what differs is marked")->type_name("");
-    poCommand->add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
+        oCommand.add_option("FILE2", poOptions->m_sSecond, "A second image: what differs is marked")->type_name("");
+    oCommand.add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
         ->required()
         ->type_name("OUT");
-    poCommand->add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
-    poCommand->footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
-                      "Example:\n"
-                      "  zoredid page monitor.bin -o monitor.html");
-    poCommand->callback([poOptions, poSecond, &oTool] {
+    oCommand.add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    oCommand.footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
+                    "Example:\n"
+                    "  zoredid page monitor.bin -o monitor.html");
+    oCommand.callback([poOptions, poSecond, &oTool] {
         poOptions->m_bPair = poSecond->count() != 0; // an empty name is a name that cannot be read
         WritePage(*poOptions, oTool);
     });

@@ -104,31 +104,30 @@ void Report(SReportOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void AddReportCommand(CLI::App& oApp, STool& oTool)
+void DeclareReportOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("report", "Print what a monitor says about itself");
     const auto poOptions = std::make_shared<SReportOptions>();
-    AddFileOptions(*poCommand, poOptions->m_oFiles);
+    AddFileOptions(oCommand, poOptions->m_oFiles);
     std::vector<std::string> asFormats;
     for (const SFormat& oFormat : gsc_aoFormats)
     {
         asFormats.push_back(oFormat.m_pszName);
     }
-    CLI::Option* poFormat = poCommand->add_option("--format", poOptions->m_sFormat, "Which report; plain by default")
+    CLI::Option* poFormat = oCommand.add_option("--format", poOptions->m_sFormat, "Which report; plain by default")
                                 ->check(CLI::IsMember(asFormats))
                                 ->type_name("NAME");
     CLI::Option* poPrefix =
-        poCommand
-            ->add_option("--prefix", poOptions->m_sPrefix,
-                         "Text in front of each line; of two empty lines in a row only the first has it")
+        oCommand
+            .add_option("--prefix", poOptions->m_sPrefix,
+                        "Text in front of each line; of two empty lines in a row only the first has it")
             ->type_name("TEXT");
-    CLI::Option* poJson = poCommand->add_flag("--json", poOptions->m_bJson, "One JSON document with all images");
-    CLI::Option* poLines = poCommand->add_flag("--jsonl", poOptions->m_bJsonLines,
-                                               "One line of JSON an image, also for one that cannot be loaded");
+    CLI::Option* poJson = oCommand.add_flag("--json", poOptions->m_bJson, "One JSON document with all images");
+    CLI::Option* poLines = oCommand.add_flag("--jsonl", poOptions->m_bJsonLines,
+                                             "One line of JSON an image, also for one that cannot be loaded");
     poJson->excludes(poLines)->excludes(poFormat)->excludes(poPrefix);
     poLines->excludes(poFormat)->excludes(poPrefix);
-    poCommand->footer("Examples:\n"
-                      "  zoredid report --format extended monitor.bin\n"
-                      "  zoredid report --jsonl *.bin | jq -r '[.file, .name] | @tsv'");
-    poCommand->callback([poOptions, &oTool] { Report(*poOptions, oTool); });
+    oCommand.footer("Examples:\n"
+                    "  zoredid report --format extended monitor.bin\n"
+                    "  zoredid report --jsonl *.bin | jq -r '[.file, .name] | @tsv'");
+    oCommand.callback([poOptions, &oTool] { Report(*poOptions, oTool); });
 }

@@ -102,9 +102,8 @@ void PrintTimings(const STimingOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void AddTimingCommand(CLI::App& oApp, STool& oTool)
+void DeclareTimingOptions(CLI::App& oCommand, STool& oTool)
 {
-    CLI::App* poCommand = oApp.add_subcommand("timing", "Compute or look up the timing of a mode");
     const auto poOptions = std::make_shared<STimingOptions>();
     std::vector<std::string> asTypes = { "all" };
     for (const SModeSource& oSource : GetModeSources())
@@ -112,26 +111,26 @@ void AddTimingCommand(CLI::App& oApp, STool& oTool)
         asTypes.push_back(oSource.m_pszName);
     }
     CLI::Option* poMode =
-        poCommand->add_option("MODE", poOptions->m_sMode, "Size and rate in hertz, such as 1920x1080@60")
+        oCommand.add_option("MODE", poOptions->m_sMode, "Size and rate in hertz, such as 1920x1080@60")
             ->type_name("WxH@R")
             ->check([](const std::string& sText) {
                 SMode oMode;
                 return ParseMode(sText, oMode) ? "" : sText + " is no mode such as 1920x1080@60";
             });
-    CLI::Option* poType = poCommand->add_option("--type", poOptions->m_sType, "Where the timing comes from")
+    CLI::Option* poType = oCommand.add_option("--type", poOptions->m_sType, "Where the timing comes from")
                               ->check(CLI::IsMember(asTypes))
                               ->type_name("NAME");
-    CLI::Option* poVic = poCommand->add_option("--vic", poOptions->m_uiVic, "The timing of a code of CTA-861")
+    CLI::Option* poVic = oCommand.add_option("--vic", poOptions->m_uiVic, "The timing of a code of CTA-861")
                              ->type_name("N")
                              ->check(CLI::Range(1U, 255U).description("1 to 255"));
     TakeDecimalOnly(*poVic);
     poVic->excludes(poMode)->excludes(poType);
-    CLI::Option* poJson = poCommand->add_flag("--json", poOptions->m_bJson, "As JSON");
-    poCommand->add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
-    poCommand->footer("The tables hold whole rates: 59.94 Hz stands at 59, and interlaced modes at their frame rate.\n"
-                      "Exit status: 0, or 1 when there is no such timing.\n\n"
-                      "Examples:\n"
-                      "  zoredid timing 2560x1440@60 --type cvt-rb --modeline\n"
-                      "  zoredid timing --vic 16");
-    poCommand->callback([poOptions, &oTool] { PrintTimings(*poOptions, oTool); });
+    CLI::Option* poJson = oCommand.add_flag("--json", poOptions->m_bJson, "As JSON");
+    oCommand.add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
+    oCommand.footer("The tables hold whole rates: 59.94 Hz stands at 59, and interlaced modes at their frame rate.\n"
+                    "Exit status: 0, or 1 when there is no such timing.\n\n"
+                    "Examples:\n"
+                    "  zoredid timing 2560x1440@60 --type cvt-rb --modeline\n"
+                    "  zoredid timing --vic 16");
+    oCommand.callback([poOptions, &oTool] { PrintTimings(*poOptions, oTool); });
 }

@@ -13,9 +13,24 @@
 
 namespace
 {
-constexpr void (*gsc_apfnAddCommand[])(CLI::App&, STool&) = {
-    AddReportCommand, AddModesCommand, AddCompareCommand, AddCheckCommand, AddExplainCommand,
-    AddPageCommand,   AddEditCommand,  AddTimingCommand,  AddListCommand,  AddConvertCommand,
+struct SSubcommand
+{
+    const char* m_pszName;
+    const char* m_pszSummary;
+    void (*m_pfnDeclareOptions)(CLI::App& oCommand, STool& oTool);
+};
+
+constexpr SSubcommand gsc_aoSubcommands[] = {
+    { "report", "Print what a monitor says about itself", DeclareReportOptions },
+    { "modes", "List all timings with the numbers that edits take", DeclareModesOptions },
+    { "compare", "Tell whether two images announce the same modes", DeclareCompareOptions },
+    { "check", "Name what is wrong with images", DeclareCheckOptions },
+    { "explain", "Say what each byte of an image means", DeclareExplainOptions },
+    { "page", "Write a page for a browser: bytes, fields, timings, colours", DeclarePageOptions },
+    { "edit", "Edit an image: timings, preferred mode, serial number, audio, speakers, colours", DeclareEditOptions },
+    { "timing", "Compute or look up the timing of a mode", DeclareTimingOptions },
+    { "list", "List the connectors of this machine and their monitors", DeclareListOptions },
+    { "convert", "Write an image in another form", DeclareConvertOptions },
 };
 
 // A pipe that closes early ends the command quietly, also when the caller has left the signal ignored. A limit on the
@@ -114,7 +129,28 @@ void RefuseFlagValues(CLI::App& oApp)
     }
 }
 
-void DeclareOptions(CLI::App& oApp, STool& oTool)
+// The options of a subcommand that no argument names are not declared: that would take most of the time of a run.
+void DeclareSubcommand(CLI::App& oApp, const SSubcommand& oSubcommand, const std::vector<std::string>& asArguments,
+                       STool& oTool)
+{
+    CLI::App& oCommand = *oApp.add_subcommand(oSubcommand.m_pszName, oSubcommand.m_pszSummary);
+    if (std::find(asArguments.begin(), asArguments.end(), oSubcommand.m_pszName) == asArguments.end())
+    {
+        return;
+    }
+    oSubcommand.m_pfnDeclareOptions(oCommand, oTool);
+    oCommand.fallthrough(); // the options of all subcommands may stand behind it
+    RefuseFlagValues(oCommand);
+    for (CLI::Option* poOption : oCommand.get_options())
+    {
+        if (poOption->get_positional())
+        {
+            poOption->transform(TakeWord);
+        }
+    }
+}
+
+void DeclareOptions(CLI::App& oApp, const std::vector<std::string>& asArguments, STool& oTool)
 {
     oApp.require_subcommand(1);
     oApp.set_version_flag("--version", "zoredid " ZOREDID_VERSION, "Print the version and end");
@@ -131,22 +167,10 @@ void DeclareOptions(CLI::App& oApp, STool& oTool)
                 "     still done\n"
                 "\n"
                 "Example: zoredid report monitor.bin");
-    for (void (*pfnAdd)(CLI::App&, STool&) : gsc_apfnAddCommand)
-    {
-        pfnAdd(oApp, oTool);
-    }
     RefuseFlagValues(oApp);
-    for (CLI::App* poCommand : oApp.get_subcommands({}))
+    for (const SSubcommand& oSubcommand : gsc_aoSubcommands)
     {
-        poCommand->fallthrough(); // the options above may stand behind the subcommand
-        for (CLI::Option* poOption : poCommand->get_options())
-        {
-            if (poOption->get_positional())
-            {
-                poOption->transform(TakeWord);
-            }
-        }
-        RefuseFlagValues(*poCommand);
+        DeclareSubcommand(oApp, oSubcommand, asArguments, oTool);
     }
     oApp.parse_complete_callback([&oTool] { CatchMessages(oTool.m_bVerbose); }); // ahead of the subcommand
 }
@@ -155,10 +179,11 @@ int Run(int iCount, char** ppszArguments)
 {
     CLI::App oApp{ "Reads, explains, checks, compares, edits and converts the EDID data of monitors.", "zoredid" };
     STool oTool;
-    DeclareOptions(oApp, oTool);
+    std::vector<std::string> asArguments = ListArguments(iCount, ppszArguments);
+    DeclareOptions(oApp, asArguments, oTool);
     try
     {
-        oApp.parse(ListArguments(iCount, ppszArguments));
+        oApp.parse(std::move(asArguments));
     }
     catch (const CLI::Success& oHelp)
     {

@@ -46,13 +46,14 @@ void PrintError(const std::string& sText);
 // The last act of a run.
 void FinishOutput(STool& oTool);
 
-void AddReportCommand(CLI::App& oApp, STool& oTool);
-void AddModesCommand(CLI::App& oApp, STool& oTool);
-void AddCompareCommand(CLI::App& oApp, STool& oTool);
-void AddCheckCommand(CLI::App& oApp, STool& oTool);
-void AddExplainCommand(CLI::App& oApp, STool& oTool);
-void AddPageCommand(CLI::App& oApp, STool& oTool);
-void AddEditCommand(CLI::App& oApp, STool& oTool);
-void AddTimingCommand(CLI::App& oApp, STool& oTool);
-void AddListCommand(CLI::App& oApp, STool& oTool);
-void AddConvertCommand(CLI::App& oApp, STool& oTool);
+// The options of each subcommand, and what it does when it is the one that is called. oCommand and oTool outlive that.
+void DeclareReportOptions(CLI::App& oCommand, STool& oTool);
+void DeclareModesOptions(CLI::App& oCommand, STool& oTool);
+void DeclareCompareOptions(CLI::App& oCommand, STool& oTool);
+void DeclareCheckOptions(CLI::App& oCommand, STool& oTool);
+void DeclareExplainOptions(CLI::App& oCommand, STool& oTool);
+void DeclarePageOptions(CLI::App& oCommand, STool& oTool);
+void DeclareEditOptions(CLI::App& oCommand, STool& oTool);
+void DeclareTimingOptions(CLI::App& oCommand, STool& oTool);
+void DeclareListOptions(CLI::App& oCommand, STool& oTool);
+void DeclareConvertOptions(CLI::App& oCommand, STool& oTool);

@@ -118,21 +118,18 @@ bool CEditImage::Load(const CBytes& aui8Image)
     {
         return false;
     }
-    unsigned int uiExtension = 0;
-    for (size_t uiOffset = 0; uiOffset < aui8Image.size(); uiOffset += gsc_uiBlockSize)
+    for (const int iExtension : MatchExtensions(m_oEdid, aui8Image))
     {
+        const size_t uiOffset = m_aoBlocks.size() * gsc_uiBlockSize;
         SEditedBlock oBlock;
         oBlock.m_aui8Bytes.assign(aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset),
                                   aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset + gsc_uiBlockSize));
-        // The bytes alone decide whether the library takes a block, and it holds the same bytes: the next of its blocks
-        // is the first one of the image that equals it.
-        const CEdidExtBlock* poNext = m_oEdid.GetExtension(uiExtension);
-        if (uiOffset != 0 && poNext != nullptr &&
-            std::equal(oBlock.m_aui8Bytes.begin(), oBlock.m_aui8Bytes.end(), poNext->GetData()))
+        if (iExtension >= 0)
         {
-            oBlock.m_iExtension = static_cast<int>(uiExtension++);
-            oBlock.m_uiStandards = poNext->GetStandardCount();
-            oBlock.m_uiDetaileds = poNext->GetDetailedCount();
+            const CEdidExtBlock* poExtension = m_oEdid.GetExtension(static_cast<unsigned int>(iExtension));
+            oBlock.m_iExtension = iExtension;
+            oBlock.m_uiStandards = poExtension->GetStandardCount();
+            oBlock.m_uiDetaileds = poExtension->GetDetailedCount();
         }
         m_aoBlocks.push_back(oBlock);
     }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 #include "EdidBase.h"
 #include "ModeSources.h"
@@ -252,36 +253,34 @@ std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
 {
     return ParseNumber(sText, uiNumber) ? "" : "it is no number from 0 to 4294967295";
 }
+
+constexpr SEditOption gsc_aoOptions[] = {
+    { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or behind 0x" },
+    { eEdit_RemoveStandard, "--remove-standard", "I",
+      "Remove a standard timing; of a video code every mention in video and HDMI data blocks, with the 1000/1001 "
+      "variant" },
+    { eEdit_RemoveDetailed, "--remove-detailed", "I", "Remove a detailed timing" },
+    { eEdit_RemoveEstablished, "--remove-established", "I", "Remove an established timing" },
+    { eEdit_Preferred, "--preferred", "WxH@R[,TYPE]",
+      "Replace the preferred timing; TYPE is cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte, without it the first of "
+      "the first four that has the mode" },
+    { eEdit_ColorDepth, "--color-depth", "BITS",
+      "Set the bits per colour of a digital input: 6, 8, 10, 12, 14, 16 or undefined" },
+    { eEdit_DeepColor, "--deep-color", "LIST",
+      "Set the HDMI deep colours: some of 30,36,48, or none; in every HDMI data block" },
+    { eEdit_AudioAdd, "--audio-add", "SPEC",
+      "Add an audio descriptor such as pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps" },
+    { eEdit_AudioSet, "--audio-set", "I=SPEC", "Replace an audio descriptor" },
+    { eEdit_AudioRemove, "--audio-remove", "I", "Remove an audio descriptor" },
+    { eEdit_Speakers, "--speakers", "LIST",
+      "Set the speakers, such as FL/FR+LFE+FC+RL/RR, in the first speaker data block or a new one; none removes "
+      "the data blocks" },
+    { eEdit_RepairChecksums, "--repair-checksums", "",
+      "Make the checksum of every block right, and a DisplayID section's own" },
+};
 } // namespace
 
-const std::vector<SEditOption>& GetEditOptions()
-{
-    static const std::vector<SEditOption> s_aoOptions = {
-        { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or behind 0x" },
-        { eEdit_RemoveStandard, "--remove-standard", "I",
-          "Remove a standard timing; of a video code every mention in video and HDMI data blocks, with the 1000/1001 "
-          "variant" },
-        { eEdit_RemoveDetailed, "--remove-detailed", "I", "Remove a detailed timing" },
-        { eEdit_RemoveEstablished, "--remove-established", "I", "Remove an established timing" },
-        { eEdit_Preferred, "--preferred", "WxH@R[,TYPE]",
-          "Replace the preferred timing; TYPE is cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte, without it the first of "
-          "the first four that has the mode" },
-        { eEdit_ColorDepth, "--color-depth", "BITS",
-          "Set the bits per colour of a digital input: 6, 8, 10, 12, 14, 16 or undefined" },
-        { eEdit_DeepColor, "--deep-color", "LIST",
-          "Set the HDMI deep colours: some of 30,36,48, or none; in every HDMI data block" },
-        { eEdit_AudioAdd, "--audio-add", "SPEC",
-          "Add an audio descriptor such as pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps" },
-        { eEdit_AudioSet, "--audio-set", "I=SPEC", "Replace an audio descriptor" },
-        { eEdit_AudioRemove, "--audio-remove", "I", "Remove an audio descriptor" },
-        { eEdit_Speakers, "--speakers", "LIST",
-          "Set the speakers, such as FL/FR+LFE+FC+RL/RR, in the first speaker data block or a new one; none removes "
-          "the data blocks" },
-        { eEdit_RepairChecksums, "--repair-checksums", "",
-          "Make the checksum of every block right, and a DisplayID section's own" },
-    };
-    return s_aoOptions;
-}
+std::span<const SEditOption> GetEditOptions() { return gsc_aoOptions; }
 
 std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit)
 {

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include <span>
 #include <string>
-#include <vector>
 
 #include "EdidExtBlockCEA861.h"
 #include "VidParamTimingGeneric.h"
@@ -46,7 +46,7 @@ struct SEditOption
     const char* m_pszValue; // placeholder in the help; empty for an option without a value
     const char* m_pszHelp;
 };
-const std::vector<SEditOption>& GetEditOptions();
+std::span<const SEditOption> GetEditOptions();
 
 // Fills oEdit from the option's value. The result is empty, or says what is wrong with the value.
 std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit);

@@ -80,6 +80,22 @@ const char* GetBlockKind(unsigned int uiTag)
     return "unknown";
 }
 
+// The library keeps the order and the bytes of the blocks, and the bytes alone decide whether it takes one: the next of
+// its blocks is the first one of the image that equals it.
+std::vector<int> MatchExtensions(CEdid& oEdid, const std::vector<unsigned char>& aui8Image)
+{
+    std::vector<int> aiExtensions = { -1 };
+    unsigned int uiNext = 0;
+    for (size_t i = 1; i < aui8Image.size() / gsc_uiBlockSize; ++i)
+    {
+        const CEdidExtBlock* poNext = oEdid.GetExtension(uiNext);
+        const bool bTaken = poNext != nullptr &&
+                            memcmp(poNext->GetData(), aui8Image.data() + i * gsc_uiBlockSize, gsc_uiBlockSize) == 0;
+        aiExtensions.push_back(bTaken ? static_cast<int>(uiNext++) : -1);
+    }
+    return aiExtensions;
+}
+
 CEdidExtBlockCEA861* SImageBlock::GetCea() const { return AsCea(m_poLoaded); }
 
 bool CLoadedImage::Load(const SInput& oInput)
@@ -131,19 +147,14 @@ bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
     return false;
 }
 
-// The library keeps the order and the bytes of the blocks, and blocks of the same bytes are all kept or all dropped: a
-// block is the next kept one exactly when it has its bytes.
 void CLoadedImage::FindBlocks(const SInput& oInput)
 {
     m_aoBlocks.clear();
-    unsigned int uiKept = 0;
-    const size_t uiPresent = oInput.m_aui8Bytes.size() / gsc_uiBlockSize;
-    for (unsigned int i = 1; i <= GetAnnouncedCount() && i < uiPresent; ++i)
+    const std::vector<int> aiExtensions = MatchExtensions(m_oEdid, oInput.m_aui8Bytes);
+    for (unsigned int i = 1; i <= GetAnnouncedCount() && i < aiExtensions.size(); ++i)
     {
-        const unsigned char* pui8Bytes = oInput.m_aui8Bytes.data() + i * gsc_uiBlockSize;
-        CEdidExtBlock* poKept = m_oEdid.GetExtension(uiKept);
-        const bool bKept = poKept != nullptr && memcmp(poKept->GetData(), pui8Bytes, gsc_uiBlockSize) == 0;
-        uiKept += bKept ? 1 : 0;
-        m_aoBlocks.push_back({ i, pui8Bytes, bKept ? poKept : nullptr });
+        CEdidExtBlock* poLoaded =
+            aiExtensions[i] < 0 ? nullptr : m_oEdid.GetExtension(static_cast<unsigned int>(aiExtensions[i]));
+        m_aoBlocks.push_back({ i, oInput.m_aui8Bytes.data() + i * gsc_uiBlockSize, poLoaded });
     }
 }

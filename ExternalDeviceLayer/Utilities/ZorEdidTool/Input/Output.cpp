@@ -62,8 +62,9 @@ bool Rename(const std::string& sTemporary, const std::string& sPath, bool bForce
     {
         return true;
     }
-    // File systems without this flag.
-    return (errno == EINVAL || errno == ENOSYS) && rename(sTemporary.c_str(), sPath.c_str()) == 0;
+    // File systems without this flag: a second name is never one that there is already.
+    return (errno == EINVAL || errno == ENOSYS) && link(sTemporary.c_str(), sPath.c_str()) == 0 &&
+           unlink(sTemporary.c_str()) == 0;
 }
 
 // Up to its last slash; empty for a name in the present folder.
@@ -77,6 +78,17 @@ mode_t KeepOwner(int iFile, const struct stat& oOld)
     const bool bGroup = fchown(iFile, uiSameOwner, oOld.st_gid) == 0;
     const bool bOwner = fchown(iFile, oOld.st_uid, static_cast<gid_t>(-1)) == 0;
     return oOld.st_mode & gsc_uiModeBits & ~static_cast<mode_t>(bGroup && bOwner ? 0 : S_ISUID | S_ISGID);
+}
+
+// The new name is on the disk when its folder is. Where a folder cannot be opened or synced, the file is good as it is.
+void SyncFolder(const std::string& sFolder)
+{
+    const int iFolder = open(sFolder.empty() ? "." : sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (iFolder >= 0)
+    {
+        fsync(iFolder);
+        close(iFolder);
+    }
 }
 
 // poOld  the state of the file that is replaced, or null
@@ -97,8 +109,10 @@ bool ReplaceFile(const std::string& sPath, const std::string& sContent, const st
     {
         errno == EEXIST ? Refuse(gsc_pszExists, sProblem) : Fail("cannot be written", sProblem);
         unlink(sTemporary.c_str());
+        return false;
     }
-    return bGood;
+    SyncFolder(GetFolder(sPath));
+    return true;
 }
 
 // Where a path leads behind links, the last of which may point to nothing. Empty with errno set when it leads nowhere.

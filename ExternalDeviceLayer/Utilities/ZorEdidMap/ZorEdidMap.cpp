@@ -2,6 +2,7 @@
 
 #include "ZorEdidMap.h"
 
+#include "Cea861Bytes.h"
 #include "EdidExtBlockDisplayID.h"
 #include "MapValue.h"
 #include "ZorTools.h"
@@ -15,14 +16,6 @@ constexpr unsigned int gsc_uiVideoInputOffset = 0x14;
 constexpr unsigned int gsc_uiDigitalMask = 0x80;
 constexpr unsigned int gsc_uiFeaturesOffset = 0x18;
 constexpr unsigned int gsc_uiContinuousMask = 0x01;
-constexpr unsigned int gsc_uiExtensionCountOffset = 0x7E;
-
-constexpr unsigned int gsc_uiTagCta = 0x02;
-
-// HDMI 2.1: the data block with the true number of extension blocks stands first in block 1.
-constexpr unsigned int gsc_uiCountBlockOffset = 128 + 4;
-constexpr unsigned int gsc_uiCountBlockHead = 0xE2;
-constexpr unsigned int gsc_uiCountBlockTag = 0x78;
 } // namespace
 
 CZorEdidMap::CZorEdidMap() : m_uiRevision(0), m_bDigital(false), m_bContinuous(false), m_pszOverlap(nullptr) {}
@@ -119,7 +112,7 @@ void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
     }
     switch (GetByte(uiOffset))
     {
-    case gsc_uiTagCta:
+    case Cea861Layout::gsc_uiTag:
         MapCtaBlock(*this, uiOffset, uiLength);
         break;
     case CEdidExtBlockDisplayID::msc_uiExtensionTag:
@@ -165,15 +158,8 @@ void CMapWriter::NoteBlockCount()
     {
         return;
     }
-    unsigned int uiAnnounced = GetByte(gsc_uiExtensionCountOffset);
-    unsigned int uiPlace = gsc_uiExtensionCountOffset;
-    if (uiAnnounced != 0 && GetByte(msc_uiBlockSize) == gsc_uiTagCta &&
-        GetByte(gsc_uiCountBlockOffset) == gsc_uiCountBlockHead &&
-        GetByte(gsc_uiCountBlockOffset + 1) == gsc_uiCountBlockTag)
-    {
-        uiPlace = gsc_uiCountBlockOffset + 2;
-        uiAnnounced = GetByte(uiPlace);
-    }
+    const unsigned int uiPlace = FindExtensionCount(m_oMap.GetData(), m_oMap.GetSize());
+    const unsigned int uiAnnounced = GetByte(uiPlace);
     const unsigned int uiThere = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits / msc_uiBlockSize - 1;
     if (uiThere < uiAnnounced)
     {

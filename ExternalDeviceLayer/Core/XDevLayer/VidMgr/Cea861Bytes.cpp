@@ -3,6 +3,7 @@
 
 #include "Cea861Bytes.h"
 
+#include "EdidBaseLayout.h"
 #include "ZorTools.h"
 
 using namespace Cea861Layout;
@@ -16,6 +17,22 @@ constexpr bool IsRangeInside(unsigned int uiStart, unsigned int uiLength, unsign
 } // namespace
 
 // ---- Reading ----
+
+unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize)
+{
+    constexpr SDataBlockKind oOverride = { 0x78, true };
+    constexpr unsigned int uiCountOffset = gsc_uiDataBlocksOffset + gsc_uiHeaderSize + 1; // behind the extended tag
+    if (uiSize < 2 * gsc_uiBlockSize || pui8Image[EdidBaseLayout::gsc_uiExtensionCountOffset] == 0)
+    {
+        return EdidBaseLayout::gsc_uiExtensionCountOffset;
+    }
+    const unsigned char* pui8Block = pui8Image + gsc_uiBlockSize;
+    CCea861Walk oWalk(pui8Block, pui8Block[gsc_uiDetailedStartOffset]);
+    const bool bOverridden = pui8Block[gsc_uiTagOffset] == gsc_uiTag &&
+                             pui8Block[gsc_uiRevisionOffset] >= gsc_uiDataBlocksRevision && oWalk.Next(oOverride) &&
+                             oWalk.GetBlock().m_uiOffset == uiCountOffset && oWalk.GetLength() != 0;
+    return bOverridden ? gsc_uiBlockSize + uiCountOffset : EdidBaseLayout::gsc_uiExtensionCountOffset;
+}
 
 SDataBlock CCea861Bytes::FindDataBlock(const SDataBlockKind& oKind, unsigned int uiIndex) const
 {

@@ -136,6 +136,11 @@ private:
     SDataBlock m_oBlock = { 0, 0 };
 };
 
+// Where the number of extension blocks stands in an image of uiSize bytes, from its first byte: in byte 126 of the base
+// block, or, where that one is not 0, in an override data block of the HDMI Forum. That one counts when it is the first
+// data block of block 1, a CEA-861 block of revision 3 or later that is there as a whole.
+unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize);
+
 // Reading. A view, passed by value; the bytes are the block's and must outlive it. Null stands for a block that holds
 // nothing: every offset, count and size is then 0.
 class CCea861Bytes

@@ -192,13 +192,39 @@ TEST_F(Map, BlocksAsCounted)
     EXPECT_EQ("not counted by the number of extension blocks", GetNotes(oMap, FindPlace(oMap, "^100.0")));
     EXPECT_EQ("cut short: a block has 128 bytes; not counted by the number of extension blocks",
               GetNotes(oMap, FindPlace(oMap, "^180.0")));
-    // HDMI's own count, of 2, stands first in block 1.
-    CBytes aui8Counted = aui8More;
-    Append(aui8Counted, CBytes(gsc_uiBlockSize / 2));
-    const CBytes aui8Count = ParseBytes("02 03 07 00 E2 78 02");
-    std::copy(aui8Count.begin(), aui8Count.end(), aui8Counted.begin() + gsc_uiBlockSize);
-    ReadExact(oMap, aui8Counted);
-    EXPECT_EQ("", GetNotes(oMap, FindPlace(oMap, "^100.0")));
+}
+
+// HDMI's own count, of 2 blocks where byte 126 says 1.
+TEST_F(Map, BlocksAsCountedByAnOverride)
+{
+    struct SCase
+    {
+        const char* m_pszName;
+        const char* m_pszBlock;
+        bool m_bCounts;
+    };
+    constexpr SCase aoCases[] = {
+        { "the first data block", "02 03 07 00 E2 78 02", true },
+        { "a longer one", "02 03 08 00 E3 78 02 00", true },
+        { "revision 2 has no data blocks", "02 02 07 00 E2 78 02", false },
+        { "behind another data block", "02 03 09 00 41 10 E2 78 02", false },
+        { "behind a zero", "02 03 08 00 00 E2 78 02", false },
+        { "no byte behind the extended tag", "02 03 06 00 E1 78 02", false },
+        { "behind the data blocks", "02 03 04 00 E2 78 02", false },
+        { "another kind of block", "70 03 07 00 E2 78 02", false },
+    };
+    const CBytes aui8Block = MakeCeaBlock();
+    for (const SCase& oCase : aoCases)
+    {
+        CBytes aui8Image = Join({ MakeEdid({ aui8Block }), aui8Block });
+        const CBytes aui8Count = ParseBytes(oCase.m_pszBlock);
+        std::copy(aui8Count.begin(), aui8Count.end(), aui8Image.begin() + gsc_uiBlockSize);
+        CZorEdidMap oMap;
+        ReadExact(oMap, aui8Image);
+        EXPECT_EQ(oCase.m_bCounts ? "" : "not counted by the number of extension blocks",
+                  GetNotes(oMap, FindPlace(oMap, "^100.0")))
+            << oCase.m_pszName;
+    }
 }
 
 // ---- Numbers ----

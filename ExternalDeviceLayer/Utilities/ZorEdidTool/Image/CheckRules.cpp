@@ -335,18 +335,6 @@ void CheckExtension(CBlockFindings& oFindings)
     oFindings.CheckSum(0, gsc_uiBlockSize, "checksum");
 }
 
-// The number of extension blocks by the override data block of the HDMI Forum, which stands first in the first block of
-// images with more of them than older readers may see; 0 without one.
-unsigned int ReadOverriddenCount(const unsigned char* pui8Extension)
-{
-    constexpr unsigned int uiOverrideTag = 0x78; // extended tag; the count follows
-    CCea861Walk oWalk(pui8Extension, pui8Extension[Cea861Layout::gsc_uiDetailedStartOffset]);
-    const bool bOverridden = pui8Extension[0] == gsc_uiCeaTag &&
-                             pui8Extension[gsc_uiExtensionRevisionOffset] >= Cea861Layout::gsc_uiDataBlocksRevision &&
-                             oWalk.Next({ uiOverrideTag, true }) && oWalk.GetLength() != 0;
-    return bOverridden ? oWalk.GetByte(0) : 0U;
-}
-
 // Returns how many blocks are announced, in one way or the other.
 unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
 {
@@ -360,17 +348,17 @@ unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
     {
         return uiPresent;
     }
-    const unsigned int uiOverridden =
-        uiAnnounced != 0 ? ReadOverriddenCount(oFindings.GetAt(gsc_uiBlockSize)) : 0U; // the first block follows
+    const unsigned int uiImageSize = (uiPresent + 1) * gsc_uiBlockSize;
+    const unsigned int uiCount = oFindings.GetByte(FindExtensionCount(oFindings.GetAt(0), uiImageSize));
     const std::string sExpected = FormatText("%u, the blocks present: the library reads no others", uiPresent);
-    if (uiOverridden == uiPresent)
+    if (uiCount == uiPresent)
     {
         oFindings.Note(gsc_uiExtensionCountOffset, "extension count",
-                       FormatText("%u, and %u in an override data block", uiAnnounced, uiOverridden), sExpected);
-        return uiOverridden;
+                       FormatText("%u, and %u in an override data block", uiAnnounced, uiCount), sExpected);
+        return uiPresent;
     }
     oFindings.Warning(gsc_uiExtensionCountOffset, "extension count", std::to_string(uiAnnounced), sExpected);
-    return uiAnnounced;
+    return std::min(uiCount, uiPresent);
 }
 
 // ---- Notes of the map ----

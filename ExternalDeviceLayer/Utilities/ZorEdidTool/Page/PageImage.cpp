@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Cea861Bytes.h"
 #include "EdidBaseLayout.h"
 #include "MapText.h"
 #include "TextFormat.h"
@@ -58,19 +59,11 @@ void FindParents(const CZorEdidMap& oMap, std::vector<SPageField>& aoFields)
     }
 }
 
-// Where the fields begin that lie behind the announced blocks. The override of HDMI 2.1 counts where it tells more.
+// Where the fields begin that lie behind the announced blocks.
 unsigned int FindAnnounced(const CZorEdidMap& oMap)
 {
-    constexpr unsigned int uiCountOffset = 126;
-    unsigned int uiBlocks = oMap.GetSize() > uiCountOffset ? oMap.GetData()[uiCountOffset] + 1U : oMap.GetSize();
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        const CField& oField = oMap.GetField(i);
-        if (std::string_view("EDID extension block count") == oField.m_pszName)
-        {
-            uiBlocks = std::max(uiBlocks, static_cast<unsigned int>(oField.m_llNumber) + 1);
-        }
-    }
+    const unsigned int uiCount = FindExtensionCount(oMap.GetData(), oMap.GetSize());
+    const unsigned int uiBlocks = uiCount < oMap.GetSize() ? oMap.GetData()[uiCount] + 1U : oMap.GetSize();
     unsigned int uiField = 0;
     while (uiField < oMap.GetFieldCount() && oMap.GetField(uiField).m_uiOffset / CEdidUtils::msc_uiBlockSize < uiBlocks)
     {

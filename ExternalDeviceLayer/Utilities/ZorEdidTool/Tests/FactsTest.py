@@ -396,6 +396,8 @@ class CheckTest(ToolTest):
         fresh = display_id(b"\x03\x00\x14" + TYPE1, product=standalone)
         bad_sum = bytes([*fresh[:-1], fresh[-1] ^ 1])
         override = bytes.fromhex("02030700" "e2" "7802")
+        behind = bytes.fromhex("02030900" "4110" "e27802")
+        override_name = "HDMI Forum EDID extension override data block"
         for name, image, lines in [
             ("nothing", MONITOR, []),
             ("header", change({0: "01", 8: "0000"}), [
@@ -410,6 +412,9 @@ class CheckTest(ToolTest):
                 f"{count}: warning: extension count: found 0, expected 1, {present}"]),
             ("the number in an override block", with_blocks(override, b"\x02\x03", announced=1), [
                 f"{count}: note: extension count: found 1, and 2 in an override data block, expected 2, {present}"]),
+            ("one that is no first data block", with_blocks(behind, b"\x02\x03", announced=1), [
+                f"{count}: warning: extension count: found 1, expected 2, {present}",
+                f"block 1 offset 0x06 ({override_name}): warning: is not the first data block"]),
             ("a part of a block", MONITOR[:200], [
                 f"{count}: error: extension count: found 1, expected 0, the blocks present",
                 "block 1 offset 0x48: error: size: found 200 bytes, expected a multiple of 128"]),

@@ -84,9 +84,9 @@ const char* CheckYear(const CRecord& oRecord, unsigned int uiValue)
 }
 
 constexpr SMeaning gsc_aoNotGiven[] = { { 0, 0, "not given" } };
-constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 54, 255, "reserved" } };
+constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 54, 255, gsc_szReserved } };
 constexpr SMeaning gsc_aoWeeks14[] = { { 0, 0, "not given" },
-                                       { 0x37, 0xFE, "reserved" },
+                                       { 0x37, 0xFE, gsc_szReserved },
                                        { gsc_uiModelYearWeek, gsc_uiModelYearWeek, "the year is the model year" } };
 
 constexpr SRow gsc_aoIdentityRows[] = {
@@ -141,11 +141,11 @@ constexpr SMeaning gsc_aoSetup[] = { { 0, 0, "blank level = black level" },
                                      { 1, 1, "blank-to-black setup or pedestal" } };
 constexpr SMeaning gsc_aoDepths[] = {
     { 0, 0, "undefined" }, { 1, 1, "6 bits" },  { 2, 2, "8 bits" },  { 3, 3, "10 bits" },
-    { 4, 4, "12 bits" },   { 5, 5, "14 bits" }, { 6, 6, "16 bits" }, { 7, 7, "reserved" },
+    { 4, 4, "12 bits" },   { 5, 5, "14 bits" }, { 6, 6, "16 bits" }, { 7, 7, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoInterfaces[] = {
-    { 0, 0, "undefined" }, { 1, 1, "DVI" },         { 2, 2, "HDMI-a" },    { 3, 3, "HDMI-b" },
-    { 4, 4, "MDDI" },      { 5, 5, "DisplayPort" }, { 6, 15, "reserved" },
+    { 0, 0, "undefined" }, { 1, 1, "DVI" },         { 2, 2, "HDMI-a" },        { 3, 3, "HDMI-b" },
+    { 4, 4, "MDDI" },      { 5, 5, "DisplayPort" }, { 6, 15, gsc_szReserved },
 };
 
 // Sizes: both given, an aspect ratio (1.4), or neither.
@@ -320,7 +320,7 @@ CMString FormatPair(const CRecord& oRecord)
     }
     if (oRecord.GetByte(0) == 0)
     {
-        return "reserved";
+        return gsc_szReserved;
     }
     const unsigned int uiPixels = oRecord.GetByte(0) * uiPixelsPerCode + uiFirstPixels;
     const unsigned int uiAspect = oRecord.GetBits(1, 7, 6);
@@ -354,39 +354,22 @@ bool IsDetailed(const CRecord& oBlock, unsigned int uiDescriptor)
     return oBlock.GetByte(uiOffset) != 0 || oBlock.GetByte(uiOffset + 1) != 0;
 }
 
+bool IsTagged(const CRecord& oBlock, unsigned int uiDescriptor, unsigned int uiTag)
+{
+    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
+    return !IsDetailed(oBlock, uiDescriptor) && oBlock.GetByte(uiOffset + gsc_uiDescriptorTagOffset) == uiTag;
+}
+
 bool HasDescriptor(const CRecord& oBlock, unsigned int uiTag)
 {
     for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
     {
-        const unsigned int uiOffset = gsc_uiDescriptorsOffset + i * gsc_uiMapDescriptorSize;
-        if (!IsDetailed(oBlock, i) && oBlock.GetByte(uiOffset + gsc_uiDescriptorTagOffset) == uiTag)
+        if (IsTagged(oBlock, i, uiTag))
         {
             return true;
         }
     }
     return false;
-}
-
-// What its group is called by.
-unsigned int GetDescriptorKind(const CRecord& oBlock, unsigned int uiDescriptor)
-{
-    constexpr unsigned int uiDetailed = 0x100; // no tag
-    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
-    return IsDetailed(oBlock, uiDescriptor) ? uiDetailed : oBlock.GetByte(uiOffset + gsc_uiDescriptorTagOffset);
-}
-
-// Which of several of its kind.
-unsigned int GetDescriptorIndex(const CRecord& oBlock, unsigned int uiDescriptor)
-{
-    unsigned int uiEarlier = 0;
-    unsigned int uiCount = 0;
-    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
-    {
-        const bool bSame = GetDescriptorKind(oBlock, i) == GetDescriptorKind(oBlock, uiDescriptor);
-        uiCount += bSame ? 1 : 0;
-        uiEarlier += bSame && i < uiDescriptor ? 1 : 0;
-    }
-    return uiCount > 1 ? uiEarlier : CZorEdidMap::msc_uiNone;
 }
 
 CRecord GetDescriptor(const CRecord& oBlock, unsigned int uiDescriptor)
@@ -419,7 +402,7 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
     SRangeLimits oLimits = {};
     for (unsigned int i = 0; i < gsc_uiDescriptorCount && !oLimits.m_bThere; ++i)
     {
-        if (GetDescriptorKind(oBlock, i) == gsc_uiTagRangeLimits)
+        if (IsTagged(oBlock, i, gsc_uiTagRangeLimits))
         {
             oLimits = ReadRangeLimits(GetDescriptor(oBlock, i));
         }
@@ -497,8 +480,7 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
     unsigned int auiFields[gsc_uiDescriptorCount] = {};
     for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
     {
-        auiFields[i] = MapDescriptor(oWriter, uiOffset + gsc_uiDescriptorsOffset + i * gsc_uiMapDescriptorSize,
-                                     GetDescriptorIndex(oBlock, i));
+        auiFields[i] = MapDescriptor(oWriter, uiOffset + gsc_uiDescriptorsOffset + i * gsc_uiMapDescriptorSize);
     }
     if (uiLength == CMapWriter::msc_uiBlockSize)
     {

@@ -167,7 +167,7 @@ constexpr unsigned int gsc_uiOuiSize = 3;
 constexpr unsigned int gsc_uiMostHeader = gsc_uiExtendedSize + gsc_uiOuiSize;
 
 constexpr SMeaning gsc_aoTags[] = {
-    { 0, 0, "reserved" },
+    { 0, 0, gsc_szReserved },
     { 1, 1, "audio" },
     { 2, 2, "video" },
     { 3, 3, "vendor-specific" },
@@ -298,7 +298,7 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 
 // ---- What is off about a data block ----
 
-void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, unsigned int uiIndex, bool bFirst)
+void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, bool bAgain, bool bFirst)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
     const unsigned int uiTag = oKind.m_oKey.m_ui8Tag;
@@ -327,7 +327,7 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is no whole number of descriptors long");
     }
-    if (oKind.m_eRule != eAny && uiIndex > 0)
+    if (oKind.m_eRule != eAny && bAgain)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "the standard allows only one of this kind");
     }
@@ -384,47 +384,30 @@ void ForEachDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned
     }
 }
 
-// What is to be known of a collection before the first block is written.
-struct SCollection
-{
-    SCtaVideoCodes m_oVideoCodes;
-    unsigned char m_aui8Count[gsc_uiKinds] = {}; // of each kind; at most 256 blocks are looked at
-    bool m_bAudio = false;
-};
-
 unsigned int IndexOf(const SDataBlock& oKind)
 {
     return &oKind == &gsc_oNoExtendedTag ? 0 : static_cast<unsigned int>(&oKind - gsc_aoDataBlocks);
 }
 
-void CollectCodes(const CMapWriter& oWriter, const SFound& oFound, SCtaVideoCodes& oCodes)
+// Ahead of the first field: a data block may refer to codes that stand behind it.
+SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
 {
-    const CRecord oRecord = oWriter.GetRecord(oFound.GetPayload(), oFound.GetPayloadSize());
-    for (unsigned int i = 0; i < oRecord.GetSize() && oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost; ++i)
-    {
-        oCodes.m_aui8Codes[oCodes.m_uiCount++] = static_cast<unsigned char>(oRecord.GetByte(i));
-    }
-}
-
-SCollection LookThrough(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
-{
-    SCollection oCollection;
+    SCtaVideoCodes oCodes;
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
-        unsigned char& ui8Count = oCollection.m_aui8Count[IndexOf(*oFound.m_poKind)];
-        ui8Count = ui8Count == 0xFF ? ui8Count : static_cast<unsigned char>(ui8Count + 1);
-        oCollection.m_bAudio = oCollection.m_bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8AudioTag;
-        if (oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8VideoTag)
+        const bool bVideo = oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8VideoTag;
+        const CRecord oRecord = oWriter.GetRecord(oFound.GetPayload(), bVideo ? oFound.GetPayloadSize() : 0);
+        for (unsigned int i = 0; i < oRecord.GetSize() && oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost; ++i)
         {
-            CollectCodes(oWriter, oFound, oCollection.m_oVideoCodes);
+            oCodes.m_aui8Codes[oCodes.m_uiCount++] = static_cast<unsigned char>(oRecord.GetByte(i));
         }
     });
-    return oCollection;
+    return oCodes;
 }
 
-void AddContent(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes)
+void AddContent(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const SCtaVideoCodes& oCodes)
 {
     const SContent& oContent = oFound.m_poKind->m_oContent;
-    const SCtaPayload oPayload = { oFound.GetPayload(), oFound.GetPayloadSize(), oCodes };
+    const SCtaPayload oPayload = { uiField, oFound.GetPayload(), oFound.GetPayloadSize(), oCodes };
     if (oContent.m_pfnWalk != nullptr)
     {
         oContent.m_pfnWalk(oWriter, oPayload);
@@ -442,18 +425,15 @@ void AddContent(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes&
 bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr || oContent.m_pfnWalk != nullptr; }
 
 // puiEarlier counts the data blocks ahead by their kinds.
-void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCollection& oCollection,
+void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes,
                   const unsigned int* puiEarlier, bool bFirst)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
-    const unsigned int uiIndex = puiEarlier[IndexOf(oKind)];
-    const bool bSeveral = oCollection.m_aui8Count[IndexOf(oKind)] > 1;
-    const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize,
-                                                    bSeveral ? uiIndex : CZorEdidMap::msc_uiNone);
-    NoteDataBlock(oWriter, uiField, oFound, uiIndex, bFirst);
+    const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize);
+    NoteDataBlock(oWriter, uiField, oFound, puiEarlier[IndexOf(oKind)] != 0, bFirst);
     NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
     oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
-    AddContent(oWriter, oFound, oCollection.m_oVideoCodes);
+    AddContent(oWriter, uiField, oFound, oCodes);
     if (IsKnown(oKind.m_oContent))
     {
         oWriter.EndGroup();
@@ -465,15 +445,18 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCollection& 
 }
 } // namespace
 
-void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+bool MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const unsigned int uiEnd = uiOffset + uiLength;
-    const SCollection oCollection = LookThrough(oWriter, uiOffset, uiEnd);
+    const SCtaVideoCodes oCodes = CollectCodes(oWriter, uiOffset, uiEnd);
     unsigned int auiEarlier[gsc_uiKinds] = {};
+    bool bAudio = false;
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
-        AddDataBlock(oWriter, oFound, oCollection, auiEarlier, oFound.m_uiOffset == uiOffset);
+        AddDataBlock(oWriter, oFound, oCodes, auiEarlier, oFound.m_uiOffset == uiOffset);
         ++auiEarlier[IndexOf(*oFound.m_poKind)];
+        bAudio = bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8AudioTag;
     });
+    return bAudio;
 }
 
 // ---- The extension block: CTA-861-H 7.5 ----
@@ -556,12 +539,11 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
         return;
     }
-    const bool bAudio = LookThrough(oWriter, uiFirst, uiFirst + uiLength).m_bAudio;
+    const bool bAudio = MapCtaDataBlocks(oWriter, uiFirst, uiLength);
     if (bAudio && !oBlock.IsSet(gsc_uiFlagsOffset, gsc_uiBasicAudioBit))
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "has audio, but the block's flags lack basic audio");
     }
-    MapCtaDataBlocks(oWriter, uiFirst, uiLength);
     oWriter.EndGroup("Padding");
 }
 
@@ -570,16 +552,15 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
 void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
 {
     const bool bCut = uiEnd < gsc_uiChecksumOffset;
-    unsigned int uiIndex = 0;
-    for (; uiEnd - uiStart >= gsc_uiDescriptorSize; ++uiIndex, uiStart += gsc_uiDescriptorSize)
+    for (; uiEnd - uiStart >= gsc_uiDescriptorSize; uiStart += gsc_uiDescriptorSize)
     {
         if (!IsDescriptor(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDescriptorSize)))
         {
             break;
         }
-        MapDescriptor(oWriter, uiOffset + uiStart, uiIndex);
+        MapDescriptor(oWriter, uiOffset + uiStart);
     }
-    if (uiStart < uiEnd && (!bCut || MapDescriptor(oWriter, uiOffset + uiStart, uiIndex) == CZorEdidMap::msc_uiNone))
+    if (uiStart < uiEnd && (!bCut || MapDescriptor(oWriter, uiOffset + uiStart) == CZorEdidMap::msc_uiNone))
     {
         oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + uiStart, uiEnd - uiStart);
     }
@@ -670,11 +651,11 @@ CMString CtaOuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
 void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int (*pfnLength)(unsigned int uiFirstByte))
 {
-    for (unsigned int i = 0; uiLength > 0; ++i)
+    while (uiLength > 0)
     {
         const unsigned int uiTold = pfnLength(oWriter.GetRecord(uiOffset, uiLength).GetByte(0));
         const unsigned int uiSize = std::min(uiTold, uiLength);
-        const unsigned int uiField = oWriter.AddRecord(oTable, uiOffset, uiSize, i);
+        const unsigned int uiField = oWriter.AddRecord(oTable, uiOffset, uiSize);
         if (uiSize < uiTold)
         {
             oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block");

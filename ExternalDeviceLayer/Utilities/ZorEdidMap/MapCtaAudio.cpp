@@ -39,7 +39,7 @@ enum EExtended : unsigned int
 };
 
 constexpr SMeaning gsc_aoFormats[] = {
-    { 0, 0, "reserved" },
+    { 0, 0, gsc_szReserved },
     { 1, 1, "L-PCM" },
     { 2, 2, "AC-3" },
     { 3, 3, "MPEG-1 (Layers 1 & 2)" },
@@ -59,7 +59,7 @@ constexpr SMeaning gsc_aoFormats[] = {
 
 // 1 to 3 were withdrawn.
 constexpr SMeaning gsc_aoExtended[] = {
-    { 0, 0, "reserved" },
+    { 0, 0, gsc_szReserved },
     { 1, 1, "HE AAC" },
     { 2, 2, "HE AAC v2" },
     { 3, 3, "MPEG Surround" },
@@ -68,12 +68,12 @@ constexpr SMeaning gsc_aoExtended[] = {
     { 6, 6, "MPEG-4 AAC LC" },
     { 7, 7, "DRA" },
     { 8, 8, "MPEG-4 HE AAC + MPEG Surround" },
-    { 9, 9, "reserved" },
+    { 9, 9, gsc_szReserved },
     { 10, 10, "MPEG-4 AAC LC + MPEG Surround" },
     { 11, 11, "MPEG-H 3D Audio" },
     { 12, 12, "AC-4" },
     { 13, 13, "L-PCM 3D Audio" },
-    { 16, 31, "reserved" },
+    { 16, 31, gsc_szReserved },
 };
 
 unsigned int GetFormat(const CRecord& oAudio) { return oAudio.GetBits(0, 6, 3); }
@@ -153,8 +153,8 @@ const char* CheckRateOfAc4(const CRecord& oAudio, unsigned int uiBit)
 }
 
 constexpr SMeaning gsc_aoMpegHLevels[] = {
-    { 0, 0, "unspecified" }, { 1, 1, "level 1" }, { 2, 2, "level 2" },  { 3, 3, "level 3" },
-    { 4, 4, "level 4" },     { 5, 5, "level 5" }, { 6, 7, "reserved" },
+    { 0, 0, "unspecified" }, { 1, 1, "level 1" }, { 2, 2, "level 2" },      { 3, 3, "level 3" },
+    { 4, 4, "level 4" },     { 5, 5, "level 5" }, { 6, 7, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoMatKinds[] = {
     { 0, 0, "Dolby TrueHD only" },
@@ -223,8 +223,8 @@ bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmi
 bool IsOfHdmi(const CRecord& oSpeakers) { return !IsOfCta(oSpeakers); }
 
 constexpr SMeaning gsc_aoAllocations[] = {
-    { 0, 0, "reserved" },      { 1, 1, "10.2 channels" }, { 2, 2, "22.2 channels" },
-    { 3, 3, "30.2 channels" }, { 4, 15, "reserved" },
+    { 0, 0, gsc_szReserved },  { 1, 1, "10.2 channels" }, { 2, 2, "22.2 channels" },
+    { 3, 3, "30.2 channels" }, { 4, 15, gsc_szReserved },
 };
 
 constexpr SRow gsc_aoSpeakerRows[] = {
@@ -316,12 +316,35 @@ constexpr unsigned int gsc_uiLocationSize = 2;
 constexpr unsigned int gsc_uiLocationWithCoordinates = 5;
 
 constexpr SMeaning gsc_aoSpeakerIds[] = {
-    { 0, 0, "FL" },     { 1, 1, "FR" },     { 2, 2, "FC" },     { 3, 3, "LFE1" },       { 4, 4, "BL" },
-    { 5, 5, "BR" },     { 6, 6, "FLc" },    { 7, 7, "FRc" },    { 8, 8, "BC" },         { 9, 9, "LFE2" },
-    { 10, 10, "SiL" },  { 11, 11, "SiR" },  { 12, 12, "TpFL" }, { 13, 13, "TpFR" },     { 14, 14, "TpFC" },
-    { 15, 15, "TpC" },  { 16, 16, "TpBL" }, { 17, 17, "TpBR" }, { 18, 18, "TpSiL" },    { 19, 19, "TpSiR" },
-    { 20, 20, "TpBC" }, { 21, 21, "BtFC" }, { 22, 22, "BtFL" }, { 23, 23, "BtFR" },     { 24, 24, "FLw" },
-    { 25, 25, "FRw" },  { 26, 26, "LS" },   { 27, 27, "RS" },   { 28, 30, "reserved" },
+    { 0, 0, "FL" },
+    { 1, 1, "FR" },
+    { 2, 2, "FC" },
+    { 3, 3, "LFE1" },
+    { 4, 4, "BL" },
+    { 5, 5, "BR" },
+    { 6, 6, "FLc" },
+    { 7, 7, "FRc" },
+    { 8, 8, "BC" },
+    { 9, 9, "LFE2" },
+    { 10, 10, "SiL" },
+    { 11, 11, "SiR" },
+    { 12, 12, "TpFL" },
+    { 13, 13, "TpFR" },
+    { 14, 14, "TpFC" },
+    { 15, 15, "TpC" },
+    { 16, 16, "TpBL" },
+    { 17, 17, "TpBR" },
+    { 18, 18, "TpSiL" },
+    { 19, 19, "TpSiR" },
+    { 20, 20, "TpBC" },
+    { 21, 21, "BtFC" },
+    { 22, 22, "BtFL" },
+    { 23, 23, "BtFR" },
+    { 24, 24, "FLw" },
+    { 25, 25, "FRw" },
+    { 26, 26, "LS" },
+    { 27, 27, "RS" },
+    { 28, 30, gsc_szReserved },
 };
 
 constexpr SRow gsc_aoLocationRows[] = {

@@ -20,6 +20,7 @@ struct SCtaVideoCodes
 
 struct SCtaPayload
 {
+    unsigned int m_uiField;  // of the data block
     unsigned int m_uiOffset; // in the image
     unsigned int m_uiLength;
     const SCtaVideoCodes& m_oVideoCodes;

@@ -247,7 +247,9 @@ constexpr SMeaning gsc_aoInterfaces[] = {
     { 2, 2, "standard, low latency" },
     { 3, 3, "standard, low latency, low latency HDMI" },
 };
-constexpr SMeaning gsc_ao444Depths[] = { { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, "reserved" } };
+constexpr SMeaning gsc_ao444Depths[] = {
+    { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, gsc_szReserved }
+};
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {
@@ -336,6 +338,6 @@ void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddRows(gsc_oTransferTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
     for (unsigned int i = 1; i < oPayload.m_uiLength; ++i)
     {
-        oWriter.AddLeaf(gsc_oIncrementRow, eColour, oPayload.m_uiOffset + i, 1, i - 1);
+        oWriter.AddLeaf(gsc_oIncrementRow, eColour, oPayload.m_uiOffset + i, 1);
     }
 }

@@ -45,7 +45,7 @@ const char* CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
 constexpr SMeaning gsc_aoNotIndicated[] = { { 0, 0, "not indicated" } };
 constexpr SMeaning gsc_aoLatencies[] = {
     { 0, 0, "not indicated" },
-    { 252, 254, "reserved" },
+    { 252, 254, gsc_szReserved },
     { 255, 255, "not supported" },
 };
 constexpr SForm gsc_oLatency = Number("ms").Times(2, -2).With(gsc_aoLatencies);
@@ -83,7 +83,7 @@ constexpr SMeaning gsc_aoMulti[] = {
     { 0, 0, "no 3D_Structure_ALL, no 3D_MASK" },
     { 1, 1, "3D_Structure_ALL" },
     { 2, 2, "3D_Structure_ALL and 3D_MASK" },
-    { 3, 3, "reserved" },
+    { 3, 3, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoImageSizes[] = {
     { 0, 0, "no additional information" },
@@ -102,12 +102,12 @@ constexpr STable gsc_oHdmiVideoTable = { "HDMI video", eDisplay, gsc_aoHdmiVideo
 constexpr unsigned int gsc_uiVideoSize = 2;
 
 constexpr SMeaning gsc_aoHdmiVics[] = {
-    { 0, 0, "reserved" },
+    { 0, 0, gsc_szReserved },
     { 1, 1, "3840x2160p 29.97/30 Hz 16:9" },
     { 2, 2, "3840x2160p 25 Hz 16:9" },
     { 3, 3, "3840x2160p 23.98/24 Hz 16:9" },
     { 4, 4, "4096x2160p 24 Hz 256:135" },
-    { 5, 255, "reserved" },
+    { 5, 255, gsc_szReserved },
 };
 constexpr SRow gsc_oHdmiVicRow = { Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics) };
 
@@ -142,8 +142,8 @@ bool HasDetail(const CRecord& oItem) { return oItem.GetBits(0, 3, 0) >= gsc_uiFi
 constexpr SMeaning gsc_aoStructures[] = {
     { 0, 0, "frame packing" },       { 1, 1, "field alternative" }, { 2, 2, "line alternative" },
     { 3, 3, "side-by-side (full)" }, { 4, 4, "L + depth" },         { 5, 5, "L + depth + graphics + graphics-depth" },
-    { 6, 6, "top-and-bottom" },      { 7, 7, "reserved" },          { 8, 8, "side-by-side (half)" },
-    { 9, 15, "reserved" },
+    { 6, 6, "top-and-bottom" },      { 7, 7, gsc_szReserved },      { 8, 8, "side-by-side (half)" },
+    { 9, 15, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoDetails[] = {
     { 0, 0, "all of horizontal sub-sampling and quincunx" },
@@ -154,7 +154,7 @@ constexpr SMeaning gsc_aoDetails[] = {
     { 8, 8, "quincunx, odd left, even right" },
     { 9, 9, "quincunx, even left, odd right" },
     { 10, 10, "quincunx, even left, even right" },
-    { 11, 15, "reserved" },
+    { 11, 15, gsc_szReserved },
 };
 constexpr SRow gsc_oOrderRow = { Bits(0, 7, 4), "2D_VIC_order", Number() };
 constexpr SRow gsc_aoItemRows[] = {
@@ -214,7 +214,7 @@ constexpr SMeaning gsc_aoSlices[] = {
     { 5, 5, "8 slices of up to 400 MHz" },
     { 6, 6, "12 slices of up to 400 MHz" },
     { 7, 7, "16 slices of up to 400 MHz" },
-    { 8, 15, "reserved" },
+    { 8, 15, gsc_szReserved },
 };
 
 constexpr SRow gsc_aoSinkRows[] = {
@@ -279,7 +279,7 @@ constexpr SMeaning gsc_aoGrdm[] = {
     { 0, 0, "not supported" },
     { 1, 1, "SDR range" },
     { 2, 2, "HDR range" },
-    { 3, 3, "reserved" },
+    { 3, 3, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoGamuts[] = {
     { 0, 0, "explicit chromaticities" },
@@ -335,19 +335,18 @@ void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiO
 }
 
 // A 3D format of one video code, which stands in a collection by its index.
-void AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize,
-             unsigned int uiIndex)
+void AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize)
 {
-    oWriter.BeginGroup(gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize, uiIndex);
-    oWriter.AddLeaf(gsc_oOrderRow, eTiming, uiOffset, uiSize);
+    oWriter.BeginGroup(gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize);
+    const unsigned int uiField = oWriter.AddLeaf(gsc_oOrderRow, eTiming, uiOffset, uiSize);
     const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
     if (uiOrder < oCodes.m_uiCount)
     {
-        oWriter.SetMeaning(GetVideoCodeName(oCodes.m_aui8Codes[uiOrder]));
+        oWriter.SetMeaning(uiField, GetVideoCodeName(oCodes.m_aui8Codes[uiOrder]));
     }
     else
     {
-        oWriter.AddNote(CZorEdidMap::eSeverity_Warning, "no video code has this place");
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no video code has this place");
     }
     oWriter.AddRows(gsc_oItemTable, uiOffset, uiSize);
     oWriter.EndGroup();
@@ -366,12 +365,12 @@ void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, uns
         AddMask(oWriter, oCodes, oRange.m_uiOffset);
         oRange.m_uiOffset += gsc_uiMaskSize;
     }
-    for (unsigned int i = 0; oRange.Has(gsc_uiItemSize); ++i)
+    while (oRange.Has(gsc_uiItemSize))
     {
         const unsigned int uiTold =
             HasDetail(oWriter.GetRecord(oRange.m_uiOffset, 1)) ? gsc_uiItemSizeWithDetail : gsc_uiItemSize;
         const unsigned int uiSize = std::min(uiTold, oRange.m_uiEnd - oRange.m_uiOffset);
-        AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize, i);
+        AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize);
         oRange.m_uiOffset += uiSize;
     }
 }
@@ -382,17 +381,19 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
     const unsigned int uiEnd = oPayload.m_uiOffset + oPayload.m_uiLength;
     const CRecord oVideo = oWriter.GetRecord(uiOffset, gsc_uiVideoSize);
     oWriter.AddRows(gsc_oHdmiVideoTable, uiOffset, gsc_uiVideoSize);
+    const unsigned int uiLengths = oWriter.FindLeaf(uiOffset + 1, 0);
     uiOffset += gsc_uiVideoSize;
     const unsigned int uiVics = std::min(oVideo.GetBits(1, 7, 5), uiEnd - uiOffset);
     for (unsigned int i = 0; i < uiVics; ++i)
     {
-        oWriter.AddLeaf(gsc_oHdmiVicRow, eTiming, uiOffset + i, 1, i);
+        oWriter.AddLeaf(gsc_oHdmiVicRow, eTiming, uiOffset + i, 1);
     }
     uiOffset += uiVics;
     const unsigned int ui3d = oVideo.GetBits(1, 4, 0);
     if (ui3d > uiEnd - uiOffset || oVideo.GetBits(1, 7, 5) > uiVics)
     {
-        oWriter.AddNote(CZorEdidMap::eSeverity_Error, "the fields behind run past the end of the data block");
+        oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error,
+                        "the fields behind run past the end of the data block");
     }
     Add3d(oWriter, oPayload.m_oVideoCodes, { uiOffset, uiOffset + std::min(ui3d, uiEnd - uiOffset) },
           oVideo.GetBits(0, 6, 5));

@@ -105,13 +105,13 @@ constexpr SMeaning gsc_aoUseCases[] = {
     { 6, 6, "presentation display" },
     { 7, 7, "virtual reality headset" },
     { 8, 8, "augmented reality" },
-    { 9, 15, "reserved" },
+    { 9, 15, gsc_szReserved },
     { 16, 16, "video wall display" },
     { 17, 17, "medical imaging display" },
     { 18, 18, "dedicated gaming display" },
     { 19, 19, "dedicated video monitor display" },
     { 20, 20, "accessory display" },
-    { 21, 31, "reserved" },
+    { 21, 31, gsc_szReserved },
 };
 
 constexpr SRow gsc_aoMicrosoftRows[] = {
@@ -147,19 +147,19 @@ const char* CheckClock(const CRecord& oDevice, unsigned int uiClock)
 }
 
 constexpr SMeaning gsc_aoInterfaces[] = {
-    { 0, 0, "analog" },       { 1, 1, "LVDS" },          { 2, 2, "RSDS" },        { 3, 3, "DVI-D" },
-    { 4, 4, "DVI-I analog" }, { 5, 5, "DVI-I digital" }, { 6, 6, "HDMI-A" },      { 7, 7, "HDMI-B" },
-    { 8, 8, "MDDI" },         { 9, 9, "DisplayPort" },   { 10, 10, "IEEE-1394" }, { 11, 11, "M1 analog" },
-    { 12, 12, "M1 digital" }, { 13, 15, "reserved" },
+    { 0, 0, "analog" },       { 1, 1, "LVDS" },           { 2, 2, "RSDS" },        { 3, 3, "DVI-D" },
+    { 4, 4, "DVI-I analog" }, { 5, 5, "DVI-I digital" },  { 6, 6, "HDMI-A" },      { 7, 7, "HDMI-B" },
+    { 8, 8, "MDDI" },         { 9, 9, "DisplayPort" },    { 10, 10, "IEEE-1394" }, { 11, 11, "M1 analog" },
+    { 12, 12, "M1 digital" }, { 13, 15, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoAnalogTypes[] = {
     { 0, 0, "15HD/VGA" },
     { 1, 1, "VESA NAVI-V (15HD)" },
     { 2, 2, "VESA NAVI-D" },
-    { 3, 15, "reserved" },
+    { 3, 15, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoProtections[] = {
-    { 0, 0, "none" }, { 1, 1, "HDCP" }, { 2, 2, "DTCP" }, { 3, 3, "DPCP" }, { 4, 255, "reserved" },
+    { 0, 0, "none" }, { 1, 1, "HDCP" }, { 2, 2, "DTCP" }, { 3, 3, "DPCP" }, { 4, 255, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoNotTold[] = { { 0, 0, "not specified" } };
 constexpr SMeaning gsc_aoOrientations[] = {
@@ -184,7 +184,7 @@ constexpr SMeaning gsc_aoScanDirections[] = {
     { 0, 0, "not defined" },
     { 1, 1, "fast scan on the long axis" },
     { 2, 2, "fast scan on the short axis" },
-    { 3, 3, "reserved" },
+    { 3, 3, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoSubpixels[] = {
     { 0, 0, "not defined" },
@@ -200,7 +200,7 @@ constexpr SMeaning gsc_aoSubpixels[] = {
     { 10, 10, "five, RGB and 2 more colours" },
     { 11, 11, "six, RGB and 3 more colours" },
     { 12, 12, "Clairvoyante PenTile Matrix" },
-    { 13, 255, "reserved" },
+    { 13, 255, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoDithering[] = {
     { 0, 0, "none" },
@@ -276,7 +276,7 @@ bool IsVendorInfoFrame(const CRecord& oFrame) { return oFrame.GetBits(0, 4, 0) =
 bool IsOtherInfoFrame(const CRecord& oFrame) { return !IsVendorInfoFrame(oFrame); }
 
 constexpr SMeaning gsc_aoInfoFrames[] = {
-    { 0, 0, "reserved" },
+    { 0, 0, gsc_szReserved },
     { 1, 1, "Vendor-Specific" },
     { 2, 2, "Auxiliary Video Information" },
     { 3, 3, "Source Product Description" },
@@ -284,7 +284,7 @@ constexpr SMeaning gsc_aoInfoFrames[] = {
     { 5, 5, "MPEG Source" },
     { 6, 6, "NTSC VBI" },
     { 7, 7, "Dynamic Range and Mastering" },
-    { 8, 31, "reserved" },
+    { 8, 31, gsc_szReserved },
 };
 
 constexpr SRow gsc_aoFrameHeadRows[] = {

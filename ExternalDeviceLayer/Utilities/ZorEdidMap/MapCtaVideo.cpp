@@ -221,7 +221,7 @@ constexpr unsigned int GetVideoCode(unsigned int uiSvd)
 bool IsSvdWithNative(const CRecord& oSvd) { return HasNativeBit(oSvd.GetByte(0)); }
 bool IsSvdReserved(const CRecord& oSvd) { return IsReservedSvd(oSvd.GetByte(0)); }
 
-constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, "reserved" } };
+constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, gsc_szReserved } };
 
 constexpr SRow gsc_aoVideoRows[] = {
     { Bit(0, 7), "Native", Flag(), IsSvdWithNative },
@@ -331,7 +331,7 @@ constexpr SMeaning gsc_aoResolutions[] = {
     { 26, 26, "15360x8640 16:9" },
     { 27, 27, "15360x8640 64:27" },
     { 28, 28, "20480x8640 64:27" },
-    { 29, 63, "reserved" },
+    { 29, 63, gsc_szReserved },
 };
 
 constexpr SRow gsc_aoFormatHeadRows[] = {
@@ -425,7 +425,7 @@ constexpr SMeaning gsc_aoCodeTypes[] = {
     { 0, 0, "DMT" },
     { 1, 1, "CTA-861" },
     { 2, 2, "HDMI" },
-    { 3, 3, "reserved" },
+    { 3, 3, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoCodeSizes[] = { { 0, 0, "1 byte" }, { 1, 1, "2 bytes" } };
 constexpr SRow gsc_aoTypeViiiRows[] = {
@@ -450,7 +450,7 @@ void AddTimings(CMapWriter& oWriter, const SCtaPayload& oPayload, const STable& 
     const unsigned int uiRevision = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 2, 0);
     for (unsigned int i = 0; 1 + (i + 1) * uiSize <= oPayload.m_uiLength; ++i)
     {
-        MapDisplayIdTiming(oWriter, uiTag, uiRevision, oPayload.m_uiOffset + 1 + i * uiSize, uiSize, i);
+        MapDisplayIdTiming(oWriter, uiTag, uiRevision, oPayload.m_uiOffset + 1 + i * uiSize, uiSize);
     }
 }
 } // namespace
@@ -467,9 +467,9 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
 {
     for (unsigned int i = 0; i < gsc_uiBitsOfByte && uiFirst + i < oCodes.m_uiCount; ++i)
     {
-        oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1, uiFirst + i);
+        const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
         const char* pszName = FindMeaning(gsc_aoVideoCodes, GetVideoCode(oCodes.m_aui8Codes[uiFirst + i]));
-        oWriter.SetName(pszName != nullptr ? pszName : "Reserved video code");
+        oWriter.SetName(uiField, pszName != nullptr ? pszName : "Reserved video code");
     }
 }
 
@@ -496,7 +496,7 @@ void MapCta420Video(CMapWriter& oWriter, const SCtaPayload& oPayload)
     for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
     {
         const unsigned int uiOffset = oPayload.m_uiOffset + i;
-        const unsigned int uiField = oWriter.AddRecord(g_oCtaVideoTable, uiOffset, 1, i);
+        const unsigned int uiField = oWriter.AddRecord(g_oCtaVideoTable, uiOffset, 1);
         const unsigned int uiCode = GetVideoCode(oWriter.GetByte(uiOffset));
         const unsigned char* const pui8End = oCodes.m_aui8Codes + oCodes.m_uiCount;
         const bool bElsewhere = std::any_of(oCodes.m_aui8Codes, pui8End, [&](unsigned char ui8Svd) {
@@ -515,7 +515,8 @@ void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     if (oPayload.m_uiLength == 0)
     {
-        oWriter.AddNote(CZorEdidMap::eSeverity_Note, "without a map all video codes are also in YCbCr 4:2:0");
+        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Note,
+                        "without a map all video codes are also in YCbCr 4:2:0");
     }
     for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
     {

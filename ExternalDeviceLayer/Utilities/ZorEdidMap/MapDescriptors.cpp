@@ -161,7 +161,7 @@ constexpr char gsc_szBlanks[] = "blanks (20h) must fill the rest";
 constexpr SMeaning gsc_aoTags[] = {
     { 0x00, 0x0F, "manufacturer specified" },
     { 0x10, 0x10, "dummy" },
-    { 0x11, 0xF6, "reserved" },
+    { 0x11, 0xF6, gsc_szReserved },
     { 0xF7, 0xF7, "established timings III" },
     { 0xF8, 0xF8, "CVT 3 byte timing codes" },
     { 0xF9, 0xF9, "display color management data" },
@@ -297,18 +297,19 @@ const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
 }
 
 constexpr SMeaning gsc_aoVerticalOffsets[] = {
-    { 0, 0, "none" }, { 1, 1, "reserved" }, { 2, 2, "maximum + 255 Hz" }, { 3, 3, "maximum and minimum + 255 Hz" }
+    { 0, 0, "none" }, { 1, 1, gsc_szReserved }, { 2, 2, "maximum + 255 Hz" }, { 3, 3, "maximum and minimum + 255 Hz" }
 };
 constexpr SMeaning gsc_aoHorizontalOffsets[] = {
-    { 0, 0, "none" }, { 1, 1, "reserved" }, { 2, 2, "maximum + 255 kHz" }, { 3, 3, "maximum and minimum + 255 kHz" }
+    { 0, 0, "none" }, { 1, 1, gsc_szReserved }, { 2, 2, "maximum + 255 kHz" }, { 3, 3, "maximum and minimum + 255 kHz" }
 };
 constexpr SMeaning gsc_aoClockNotGiven[] = { { 0, 0, "not given" } };
-constexpr SMeaning gsc_aoOldFormulas[] = {
-    { 0, 0, "no secondary timing formula" }, { 1, 1, "reserved" }, { 2, 2, "secondary GTF" }, { 3, 255, "reserved" }
-};
+constexpr SMeaning gsc_aoOldFormulas[] = { { 0, 0, "no secondary timing formula" },
+                                           { 1, 1, gsc_szReserved },
+                                           { 2, 2, "secondary GTF" },
+                                           { 3, 255, gsc_szReserved } };
 constexpr SMeaning gsc_aoFormulas[] = {
-    { 0, 0, "default GTF" }, { 1, 1, "range limits only" }, { 2, 2, "secondary GTF" }, { 3, 3, "reserved" },
-    { 4, 4, "CVT" },         { 5, 255, "reserved" },
+    { 0, 0, "default GTF" }, { 1, 1, "range limits only" }, { 2, 2, "secondary GTF" }, { 3, 3, gsc_szReserved },
+    { 4, 4, "CVT" },         { 5, 255, gsc_szReserved },
 };
 
 bool IsPlainFormula(const CRecord& oRecord) { return oRecord.GetByte(gsc_uiFormulaOffset) < 2; }
@@ -336,8 +337,8 @@ const char* CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
 
 constexpr SMeaning gsc_aoNoPixelLimit[] = { { 0, 0, "no limit" } };
 constexpr SMeaning gsc_aoCvtAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" },
-                                          { 3, 3, "5:4" }, { 4, 4, "15:9" }, { 5, 7, "reserved" } };
-constexpr SMeaning gsc_aoReservedRate[] = { { 0, 0, "reserved" } };
+                                          { 3, 3, "5:4" }, { 4, 4, "15:9" }, { 5, 7, gsc_szReserved } };
+constexpr SMeaning gsc_aoReservedRate[] = { { 0, 0, gsc_szReserved } };
 
 CMString FormatRange(const CRecord& oRecord)
 {
@@ -613,15 +614,15 @@ constexpr STable gsc_oUnknownTable = { "Reserved descriptor", CZorEdidMap::eArea
 // ---- A timing whose end is missing ----
 
 // What is left of it, without a summary; msc_uiNone when it is none.
-unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset, unsigned int uiIndex)
+unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 {
     if (oRecord.Get(gsc_oClock) == 0)
     {
         return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiField =
-        oWriter.BeginGroup("Detailed timing", CZorEdidMap::eArea_Timing, uiOffset, oRecord.GetSize(), uiIndex);
-    oWriter.AddNote(CZorEdidMap::eSeverity_Error, "cut short: a detailed timing has 18 bytes");
+        oWriter.BeginGroup("Detailed timing", CZorEdidMap::eArea_Timing, uiOffset, oRecord.GetSize());
+    oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a detailed timing has 18 bytes");
     oWriter.AddRows(g_oDetailedTimingTable, uiOffset, oRecord.GetSize());
     oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
     return uiField;
@@ -715,22 +716,21 @@ const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimi
                : nullptr;
 }
 
-unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex)
+unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
 {
     const CRecord oRecord = oWriter.GetRecord(uiOffset, gsc_uiMapDescriptorSize);
     if (oRecord.GetSize() < gsc_uiMapDescriptorSize)
     {
-        return MapCutTiming(oWriter, oRecord, uiOffset, uiIndex);
+        return MapCutTiming(oWriter, oRecord, uiOffset);
     }
     if (oRecord.Get(gsc_oClock) != 0)
     {
-        const unsigned int uiField =
-            oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);
+        const unsigned int uiField = oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize);
         NoteFrontPorches(oWriter, oRecord, uiOffset);
         return uiField;
     }
     const SDescriptor& oDescriptor = FindDescriptor(oRecord.GetByte(gsc_uiTagOffset));
-    const unsigned int uiField = oWriter.BeginGroup(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize, uiIndex);
+    const unsigned int uiField = oWriter.BeginGroup(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize);
     oWriter.AddRows(gsc_oHeadTable, uiOffset, gsc_uiMapDescriptorSize);
     if (oDescriptor.m_bText)
     {

@@ -145,13 +145,12 @@ const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
 }
 
 // All bytes of the data block that there are, from its tag on.
-void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiVersion,
-                  unsigned int uiIndex)
+void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiVersion)
 {
     const SKind oKind = FindKind(oBlock.GetByte(0));
     const SDisplayIdBlock& oKnown = oKind.m_oBlock;
     const unsigned int uiSize = oBlock.GetSize();
-    const unsigned int uiGroup = oWriter.BeginGroup(oKnown.m_oGroup, uiOffset, uiSize, uiIndex);
+    const unsigned int uiGroup = oWriter.BeginGroup(oKnown.m_oGroup, uiOffset, uiSize);
     if (uiSize < gsc_uiPayloadOffset + oBlock.GetByte(gsc_uiDataBlockLengthOffset))
     {
         oWriter.AddNote(uiGroup, CMap::eSeverity_Error, "runs past the end of its section");
@@ -165,8 +164,8 @@ void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
         oWriter.AddNote(uiGroup, CMap::eSeverity_Note, "defined for the other version of DisplayID");
     }
 
-    oWriter.AddLeaf(gsc_oDataBlockTag, eArea_Structure, uiOffset, uiSize);
-    oWriter.SetMeaning(&oKnown != &gsc_oUnknownBlock ? oKnown.m_oGroup.m_pszName : nullptr);
+    const unsigned int uiTag = oWriter.AddLeaf(gsc_oDataBlockTag, eArea_Structure, uiOffset, uiSize);
+    oWriter.SetMeaning(uiTag, &oKnown != &gsc_oUnknownBlock ? oKnown.m_oGroup.m_pszName : nullptr);
     oWriter.AddRows(oKnown.m_poFlags != nullptr ? *oKnown.m_poFlags : gsc_oReservedFlags, uiOffset, uiSize);
     oWriter.AddRows(gsc_oDataBlock, uiOffset, uiSize);
     for (const STable* poTable : oKnown.m_apoTables)
@@ -197,17 +196,6 @@ unsigned int GetDataBlockSize(const CRecord& oBytes, unsigned int uiAt)
     return std::min(gsc_uiPayloadOffset + oBytes.GetByte(uiAt + gsc_uiDataBlockLengthOffset), oBytes.GetSize() - uiAt);
 }
 
-// How many of the data blocks ahead of uiEnd have the tag.
-unsigned int CountTag(const CRecord& oBytes, unsigned int uiEnd, unsigned int uiTag)
-{
-    unsigned int uiCount = 0;
-    for (unsigned int uiAt = 0; uiAt < uiEnd && IsDataBlock(oBytes, uiAt); uiAt += GetDataBlockSize(oBytes, uiAt))
-    {
-        uiCount += oBytes.GetByte(uiAt) == uiTag ? 1U : 0U;
-    }
-    return uiCount;
-}
-
 void AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength, unsigned int uiVersion)
 {
     const CRecord oBytes = oWriter.GetRecord(uiOffset, uiLength);
@@ -215,10 +203,7 @@ void AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
     while (IsDataBlock(oBytes, uiAt))
     {
         const unsigned int uiSize = GetDataBlockSize(oBytes, uiAt);
-        const unsigned int uiTag = oBytes.GetByte(uiAt);
-        const bool bSeveral = CountTag(oBytes, oBytes.GetSize(), uiTag) > 1;
-        AddDataBlock(oWriter, oWriter.GetRecord(uiOffset + uiAt, uiSize), uiOffset + uiAt, uiVersion,
-                     bSeveral ? CountTag(oBytes, uiAt, uiTag) : CMap::msc_uiNone);
+        AddDataBlock(oWriter, oWriter.GetRecord(uiOffset + uiAt, uiSize), uiOffset + uiAt, uiVersion);
         uiAt += uiSize;
     }
     if (uiAt < oBytes.GetSize())
@@ -311,8 +296,7 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     }
     if (bWhole)
     {
-        oWriter.AddChecksum(uiOffset, uiOffset + uiEnd);
-        oWriter.SetName("Section checksum");
+        oWriter.SetName(oWriter.AddChecksum(uiOffset, uiOffset + uiEnd), "Section checksum");
     }
     oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
 }

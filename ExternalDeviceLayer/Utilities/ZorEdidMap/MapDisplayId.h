@@ -61,8 +61,7 @@ extern const std::span<const SDisplayIdBlock> g_aoDisplayId2HeadMountedBlocks;
 extern const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks; // of both versions
 
 // A code of one or two bytes for a mode; uiType as in bits 7 and 6 of Type IV and Type VIII data blocks.
-void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength,
-                   unsigned int uiIndex);
+void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength);
 
 // Revision of the data block, bits 2 to 0 of its byte 1.
 inline unsigned int GetRevision(const CRecord& oBlock) { return oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 2, 0); }
@@ -93,7 +92,7 @@ constexpr std::array<SMeaning, N + 1> ListedTo(unsigned int uiLast, const char* 
     {
         aoMeanings[i] = { i, i, apszNames[i] };
     }
-    aoMeanings[N] = { N, uiLast, "reserved" };
+    aoMeanings[N] = { N, uiLast, gsc_szReserved };
     return aoMeanings;
 }
 

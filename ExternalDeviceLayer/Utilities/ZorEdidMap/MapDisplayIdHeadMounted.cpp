@@ -76,13 +76,13 @@ constexpr auto gsc_aoInterleavings = Listed({ "left then right side by side, lay
                                               "left then right stacked, layers interleaved on frames" });
 constexpr auto gsc_aoExtendedFrames =
     Listed({ "left then right side by side, layers side by side", "left then right stacked, layers side by side",
-             "left then right side by side, layers stacked", "reserved" });
+             "left then right side by side, layers stacked", gsc_szReserved });
 constexpr auto gsc_aoLayerMetadatas = Listed({ "none", "first line of layer 0", "AR/VR SDP", "both" });
 constexpr auto gsc_aoReplications = Listed({ "1, no replication", "4", "8", "16" });
 constexpr SMeaning gsc_aoNoRotation[] = { { 0, 0, "standard, no rotation" } };
 constexpr auto gsc_aoLensAdjustments = Listed({ "fixed", "adjustable" });
 constexpr auto gsc_aoLensMotions = Listed({ "not in a straight line", "lenses and displays together in a straight line",
-                                            "lenses in a straight line, displays fixed", "reserved" });
+                                            "lenses in a straight line, displays fixed", gsc_szReserved });
 constexpr auto gsc_aoFoveations =
     Listed({ "not supported", "single stream", "dual streams", "single or dual streams" });
 constexpr auto gsc_aoLayerStreams = Listed({ "not supported", "one", "two only", "one or two" });
@@ -163,10 +163,11 @@ constexpr STable gsc_oDisplay = { "ARVR HMD", eArea_Display, gsc_aoDisplayRows }
 // ---- ARVR layer, DisplayID 2.1 (tag 2Dh): 20 bytes ----
 
 constexpr SMeaning gsc_aoNone[] = { { 0, 0, "none" } };
-constexpr auto gsc_aoLensDistortions = Listed(
-    { "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction", "reserved" });
-constexpr auto gsc_aoLensDistortionChoices = Listed({ "no", "chromatic aberration only", "both", "reserved" });
-constexpr auto gsc_aoReprojections = Listed({ "none", "3DoF only", "3DoF and 6DoF", "reserved" });
+constexpr auto gsc_aoLensDistortions =
+    Listed({ "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction",
+             gsc_szReserved });
+constexpr auto gsc_aoLensDistortionChoices = Listed({ "no", "chromatic aberration only", "both", gsc_szReserved });
+constexpr auto gsc_aoReprojections = Listed({ "none", "3DoF only", "3DoF and 6DoF", gsc_szReserved });
 constexpr auto gsc_aoReprojectionChoices =
     Listed({ "neither", "3DoF can be disabled", "6DoF can be disabled", "both can be disabled" });
 

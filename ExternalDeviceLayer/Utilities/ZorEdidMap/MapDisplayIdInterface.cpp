@@ -100,7 +100,7 @@ constexpr auto gsc_aoInterfaces = Listed({ "analog", "LVDS", "TMDS", "RSDS", "DV
                                            "HDMI-a", "HDMI-b", "MDDI", "DisplayPort", "proprietary digital" });
 constexpr auto gsc_aoAnalogInterfaces = Listed({ "15HD/VGA", "VESA NAVI-V (15HD)", "VESA NAVI-D" });
 constexpr auto gsc_aoProtections = Listed({ "none", "HDCP", "DTCP", "DPCP" });
-constexpr auto gsc_aoSpreads = Listed({ "none", "down spread", "center spread", "reserved" });
+constexpr auto gsc_aoSpreads = Listed({ "none", "down spread", "center spread", gsc_szReserved });
 constexpr auto gsc_aoColourMappings = Listed({ "normal", "6-bit compatible" });
 constexpr auto gsc_aoModes = Listed({ "DE", "fixed" });
 constexpr auto gsc_aoLevels = Listed({ "high", "low" });
@@ -250,12 +250,12 @@ constexpr auto gsc_aoStereoTimings =
              "all listed timings", "only the codes of this block" });
 constexpr SMeaning gsc_aoStereoMethods[] = {
     { 0, 0, "field sequential" }, { 1, 1, "side by side" },  { 2, 2, "pixel interleaved" }, { 3, 3, "dual interface" },
-    { 4, 4, "multi-view" },       { 5, 5, "stacked frame" }, { 6, 254, "reserved" },        { 255, 255, "proprietary" },
+    { 4, 4, "multi-view" },       { 5, 5, "stacked frame" }, { 6, 254, gsc_szReserved },    { 255, 255, "proprietary" },
 };
 constexpr auto gsc_aoStereoPolarities = Listed({ "left is 1, right is 0", "left is 0, right is 1" });
 constexpr auto gsc_aoViews = Listed({ "left eye view", "right eye view" });
-constexpr auto gsc_aoMirrorings = Listed({ "none", "left/right", "top/bottom", "reserved" });
-constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", "reserved" });
+constexpr auto gsc_aoMirrorings = Listed({ "none", "left/right", "top/bottom", gsc_szReserved });
+constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
 
 constexpr unsigned int gsc_uiStereoLengthOffset = 3; // of the method code and its parameters
 constexpr unsigned int gsc_uiStereoMethodOffset = 4;
@@ -299,7 +299,6 @@ constexpr STable gsc_oCodeGroup = { "Timing codes", eArea_Timing, gsc_aoCodeGrou
 // Groups of codes from byte uiAt of the block on; one that runs past the block ends them.
 void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiAt)
 {
-    unsigned int uiIndex = 0;
     while (uiAt < oBlock.GetSize())
     {
         const unsigned int uiCodes = oBlock.GetBits(uiAt, 4, 0);
@@ -307,10 +306,10 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         {
             return;
         }
-        oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes, uiIndex++);
+        oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes);
         for (unsigned int i = 0; i < uiCodes; ++i)
         {
-            MapTimingCode(oWriter, oBlock.GetBits(uiAt, 7, 6), uiOffset + uiAt + 1 + i, 1, i);
+            MapTimingCode(oWriter, oBlock.GetBits(uiAt, 7, 6), uiOffset + uiAt + 1 + i, 1);
         }
         oWriter.EndGroup();
         uiAt += 1 + uiCodes;
@@ -320,10 +319,7 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
 void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
     const unsigned int uiLength = oBlock.GetByte(gsc_uiStereoLengthOffset);
-    if (uiLength != 0)
-    {
-        oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
-    }
+    oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
     if (oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 6))
     {
         MapCodeGroups(oWriter, oBlock, uiOffset, gsc_uiStereoMethodOffset + uiLength);
@@ -334,12 +330,13 @@ void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
 
 constexpr auto gsc_aoEnclosures = Listed({ "multiple", "single" });
 constexpr auto gsc_aoBezels = Listed({ "not given", "given" });
-constexpr auto gsc_aoSomeTiles = Listed({ "undefined", "image at the tile's location", "reserved", "reserved" });
+constexpr auto gsc_aoSomeTiles =
+    Listed({ "undefined", "image at the tile's location", gsc_szReserved, gsc_szReserved });
 constexpr SMeaning gsc_aoOneTile[] = { { 0, 0, "undefined" },
                                        { 1, 1, "image at the tile's location" },
                                        { 2, 2, "image scaled to the entire tiled display" },
                                        { 3, 3, "image cloned to all other tiles" },
-                                       { 4, 7, "reserved" } };
+                                       { 4, 7, gsc_szReserved } };
 
 bool HasBezels(const CRecord& oBlock) { return oBlock.IsSet(0x03, 6); }
 bool HasNoBezels(const CRecord& oBlock) { return !HasBezels(oBlock); }
@@ -407,7 +404,7 @@ constexpr STable gsc_oTile2 = { "Tiled display topology", eArea_Display, gsc_aoT
 constexpr auto gsc_aoPanelRanges = Listed({ "not the native panel range", "native panel range" });
 constexpr SMeaning gsc_aoAdaptiveModes[] = { { 0, 0, "fixed average V-total" },
                                              { 1, 1, "fixed average V-total and adaptive V-total" },
-                                             { 2, 3, "reserved" } };
+                                             { 2, 3, gsc_szReserved } };
 constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
 constexpr SPlace gsc_oAdaptiveMaximum = Split({ { 4, 1, 0 }, { 3, 7, 0 } });
 
@@ -463,9 +460,9 @@ bool IsVesa(const CRecord& oBlock)
 bool IsNotVesa(const CRecord& oBlock) { return !IsVesa(oBlock); }
 bool HasDsc(const CRecord& oBlock) { return IsVesa(oBlock) && GetPayloadLength(oBlock) >= gsc_uiVesaDscSize; }
 
-constexpr SMeaning gsc_aoStructures[] = { { 0, 0, "eDP" }, { 1, 1, "DP" }, { 2, 7, "reserved" } };
+constexpr SMeaning gsc_aoStructures[] = { { 0, 0, "eDP" }, { 1, 1, "DP" }, { 2, 7, gsc_szReserved } };
 constexpr auto gsc_aoDefaultColours = Listed({ "sRGB", "native, as in the display parameters data block" });
-constexpr auto gsc_aoStreams = Listed({ "not supported", "two streams", "four streams", "reserved" });
+constexpr auto gsc_aoStreams = Listed({ "not supported", "two streams", "four streams", gsc_szReserved });
 
 // The fraction is in sixteenths.
 constexpr SPlace gsc_oDscDepth = Split({ { 0x08, 5, 0 }, { 0x09, 3, 0 } });

@@ -193,13 +193,13 @@ constexpr auto gsc_aoScanOrientations =
              "bottom to top, right to left", "right to left, bottom to top", "left to right, bottom to top",
              "bottom to top, left to right", "top to bottom, left to right" });
 constexpr auto gsc_aoLuminanceKinds =
-    Listed({ "minimum guaranteed value", "guidance for the source device", "reserved", "reserved" });
+    Listed({ "minimum guaranteed value", "guidance for the source device", gsc_szReserved, gsc_szReserved });
 constexpr auto gsc_aoChromaticityKinds = Listed({ "CIE 1931 (x, y)", "CIE 1976 (u', v')" });
 constexpr auto gsc_aoSpeakers = Listed({ "integrated", "not integrated" });
 constexpr auto gsc_aoDepths = Listed({ "not defined", "6 bits per color", "8 bits per color", "10 bits per color",
-                                       "12 bits per color", "16 bits per color", "reserved", "reserved" });
+                                       "12 bits per color", "16 bits per color", gsc_szReserved, gsc_szReserved });
 constexpr SMeaning gsc_aoTechnologies2[] = {
-    { 0, 0, "not specified" }, { 1, 1, "active matrix LCD" }, { 2, 2, "organic LED" }, { 3, 7, "reserved" }
+    { 0, 0, "not specified" }, { 1, 1, "active matrix LCD" }, { 2, 2, "organic LED" }, { 3, 7, gsc_szReserved }
 };
 constexpr auto gsc_aoThemes = Listed({ "no preference", "dark theme preferred" });
 
@@ -350,7 +350,7 @@ constexpr auto gsc_aoRotations =
     Listed({ "none", "90 degrees clockwise", "90 degrees counterclockwise", "90 degrees either way" });
 constexpr auto gsc_aoZeroPixels = Listed({ "upper left", "upper right", "lower left", "lower right" });
 constexpr auto gsc_aoScanDirections =
-    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", "reserved" });
+    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", gsc_szReserved });
 constexpr auto gsc_aoSubPixels =
     Listed({ "not defined", "RGB vertical stripes", "RGB horizontal stripes", "vertical stripes in primary order",
              "horizontal stripes in primary order", "quad, red top left", "quad, red bottom left", "delta (triad) RGB",
@@ -419,7 +419,6 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
 {
     const bool bParameters = oBlock.IsSet(3, 5);
     unsigned int uiSize = 0;
-    unsigned int uiIndex = 0;
     for (unsigned int uiAt = gsc_uiFirstCurve; uiAt < oBlock.GetSize(); uiAt += uiSize)
     {
         const unsigned int uiCount = oBlock.GetByte(uiAt);
@@ -428,7 +427,7 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
         {
             return;
         }
-        oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize, uiIndex++);
+        oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize);
     }
 }
 

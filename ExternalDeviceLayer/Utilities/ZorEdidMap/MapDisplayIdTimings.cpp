@@ -12,14 +12,14 @@ using enum CZorEdidMap::EArea;
 
 // ---- Names ----
 
-constexpr auto gsc_aoStereoSupport = Listed({ "mono", "stereo", "mono or stereo by user action", "reserved" });
+constexpr auto gsc_aoStereoSupport = Listed({ "mono", "stereo", "mono or stereo by user action", gsc_szReserved });
 constexpr auto gsc_aoScanning = Listed({ "progressive", "interlaced" });
 constexpr auto gsc_aoPolarities = Listed({ "negative", "positive" });
-constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", "reserved" });
+constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
 constexpr auto gsc_aoCodeSizes = Listed({ "1 byte", "2 bytes" });
 
 // HDMI 1.4; from HDMI_VIC 0 on.
-constexpr std::array<const char*, 5> gsc_apszHdmiModes = { "reserved", "3840 x 2160 @ 30 Hz", "3840 x 2160 @ 25 Hz",
+constexpr std::array<const char*, 5> gsc_apszHdmiModes = { gsc_szReserved, "3840 x 2160 @ 30 Hz", "3840 x 2160 @ 25 Hz",
                                                            "3840 x 2160 @ 24 Hz", "4096 x 2160 @ 24 Hz" };
 
 constexpr auto gsc_aoAspectRatios =
@@ -286,7 +286,7 @@ constexpr SRow gsc_aoType2Rows[] = {
 
 constexpr SMeaning gsc_aoType3Formulas[] = { { 0, 0, "CVT standard blanking" },
                                              { 1, 1, "CVT reduced blanking" },
-                                             { 2, 7, "reserved" } };
+                                             { 2, 7, gsc_szReserved } };
 
 constexpr SRow gsc_aoType3Rows[] = {
     PreferredRow(0),        { Bits(0, 6, 4), "Timing formula", Names(gsc_aoType3Formulas) },
@@ -312,7 +312,7 @@ CMString Type3Text(const CRecord& oTiming)
 
 constexpr SMeaning gsc_aoType5Formulas[] = { { 0, 0, "CVT reduced blanking v2" },
                                              { 1, 1, "custom reduced blanking" },
-                                             { 2, 3, "reserved" } };
+                                             { 2, 3, gsc_szReserved } };
 constexpr auto gsc_aoType9Formulas =
     ListedTo(7, { "CVT standard blanking", "CVT reduced blanking v1", "CVT reduced blanking v2" });
 constexpr auto gsc_aoType10Formulas = ListedTo(
@@ -516,7 +516,7 @@ void MapCodes(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
 {
     for (unsigned int i = 0; i < GetPayloadLength(oBlock) / uiCodeSize; ++i)
     {
-        MapTimingCode(oWriter, GetCodeType(oBlock), uiOffset + gsc_uiPayloadOffset + i * uiCodeSize, uiCodeSize, i);
+        MapTimingCode(oWriter, GetCodeType(oBlock), uiOffset + gsc_uiPayloadOffset + i * uiCodeSize, uiCodeSize);
     }
 }
 void MapType4(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
@@ -562,9 +562,10 @@ void MapModeBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffs
     {
         if (const char* pszName = pfnName(i + 1))
         {
-            oWriter.AddLeaf(gsc_aoModeBits[i % gsc_aoModeBits.size()], eArea_Timing,
-                            uiOffset + gsc_uiPayloadOffset + i / static_cast<unsigned int>(gsc_aoModeBits.size()), 1);
-            oWriter.SetName(pszName);
+            const unsigned int uiField = oWriter.AddLeaf(
+                gsc_aoModeBits[i % gsc_aoModeBits.size()], eArea_Timing,
+                uiOffset + gsc_uiPayloadOffset + i / static_cast<unsigned int>(gsc_aoModeBits.size()), 1);
+            oWriter.SetName(uiField, pszName);
         }
     }
 }
@@ -589,7 +590,7 @@ void MapTimings(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffse
     for (unsigned int i = 0; i < GetPayloadLength(oBlock) / uiSize; ++i)
     {
         MapDisplayIdTiming(oWriter, oBlock.GetByte(0), GetRevision(oBlock), uiOffset + gsc_uiPayloadOffset + i * uiSize,
-                           uiSize, i);
+                           uiSize);
     }
 }
 template <unsigned int SIZE>
@@ -606,7 +607,6 @@ void MapExtendedTimings(CMapWriter& oWriter, const CRecord& oBlock, unsigned int
 void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
     unsigned int uiSize = 0;
-    unsigned int uiIndex = 0;
     for (unsigned int uiAt = gsc_uiPayloadOffset; uiAt < oBlock.GetSize(); uiAt += uiSize)
     {
         uiSize = oBlock.IsSet(uiAt + 2, 6) ? gsc_uiType6LongSize : gsc_uiType6Size;
@@ -614,7 +614,7 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
         {
             return;
         }
-        MapDisplayIdTiming(oWriter, oBlock.GetByte(0), 0, uiOffset + uiAt, uiSize, uiIndex++);
+        MapDisplayIdTiming(oWriter, oBlock.GetByte(0), 0, uiOffset + uiAt, uiSize);
     }
 }
 
@@ -664,26 +664,24 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 const std::span<const SDisplayIdBlock> g_aoDisplayId1TimingBlocks = gsc_aoBlocks1;
 const std::span<const SDisplayIdBlock> g_aoDisplayId2TimingBlocks = gsc_aoBlocks2;
 
-void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength,
-                   unsigned int uiIndex)
+void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength)
 {
     const SCodeKind& oKind = gsc_aoCodeKinds[uiType & 3U];
     const SRow& oRow = oKind.m_aoRows[uiLength > 1 ? 1 : 0];
     const unsigned int uiCode = oWriter.GetRecord(uiOffset, uiLength).Get(oRow.m_oPlace);
-    oWriter.AddLeaf(oRow, eArea_Timing, uiOffset, uiLength, uiIndex);
-    oWriter.SetMeaning(oKind.m_pfnName(uiCode));
+    oWriter.SetMeaning(oWriter.AddLeaf(oRow, eArea_Timing, uiOffset, uiLength), oKind.m_pfnName(uiCode));
 }
 
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,
-                        unsigned int uiLength, unsigned int uiIndex)
+                        unsigned int uiLength)
 {
     if (uiTag == gsc_uiType8Tag)
     {
-        MapTimingCode(oWriter, 0, uiOffset, uiLength, uiIndex); // in CTA-861 codes are of DMT only
+        MapTimingCode(oWriter, 0, uiOffset, uiLength); // in CTA-861 codes are of DMT only
         return;
     }
     if (const STable* poTable = FindTimingTable(uiTag, uiRevision))
     {
-        oWriter.AddRecord(*poTable, uiOffset, uiLength, uiIndex);
+        oWriter.AddRecord(*poTable, uiOffset, uiLength);
     }
 }

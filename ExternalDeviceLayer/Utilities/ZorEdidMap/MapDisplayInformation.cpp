@@ -23,8 +23,8 @@ constexpr SMeaning gsc_aoDataFormats[] = {
     { 0x48, 0x48, "48-bit MSB-aligned RGB, dual link, high resolution" },
     { 0x49, 0x49, "48-bit MSB-aligned RGB, dual link, high color" },
 };
-constexpr SMeaning gsc_aoByteNotGiven[] = { { 0, 0, "not given" }, { 0xFF, 0xFF, "reserved" } };
-constexpr SMeaning gsc_aoWordNotGiven[] = { { 0, 0, "not given" }, { 0xFFFF, 0xFFFF, "reserved" } };
+constexpr SMeaning gsc_aoByteNotGiven[] = { { 0, 0, "not given" }, { 0xFF, 0xFF, gsc_szReserved } };
+constexpr SMeaning gsc_aoWordNotGiven[] = { { 0, 0, "not given" }, { 0xFFFF, 0xFFFF, gsc_szReserved } };
 constexpr SMeaning gsc_aoCrossovers[] = { { 0, 0, "not given" }, { 0xFFFF, 0xFFFF, "none, single link" } };
 constexpr auto gsc_aoLayouts = Listed(
     { "not defined", "RGB", "BGR", "quad, green bottom left and top right", "quad, green bottom right and top left" });
@@ -34,7 +34,7 @@ constexpr auto gsc_aoViewDirections = Listed({ "not given", "direct", "reflected
 constexpr auto gsc_aoImplementations = Listed({ "not given", "large, for groups", "desktop or personal", "eyepiece" });
 constexpr auto gsc_aoStereo =
     Listed({ "none", "field sequential by stereo sync", "auto-stereoscopic, column interleaved",
-             "auto-stereoscopic, line interleaved", "reserved", "reserved", "reserved", "reserved" });
+             "auto-stereoscopic, line interleaved", gsc_szReserved, gsc_szReserved, gsc_szReserved, gsc_szReserved });
 constexpr auto gsc_aoConversions =
     Listed({ "none", "vertical to one frequency", "horizontal to one frequency", "both" });
 constexpr auto gsc_aoOrientationTypes =
@@ -42,13 +42,13 @@ constexpr auto gsc_aoOrientationTypes =
 constexpr auto gsc_aoOrientations = Listed({ "landscape", "portrait" });
 constexpr auto gsc_aoZeroPixels = Listed({ "upper left", "upper right", "lower left", "lower right" });
 constexpr auto gsc_aoScanDirections =
-    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", "reserved" });
+    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", gsc_szReserved });
 constexpr auto gsc_aoDecodings = Listed(
     { "not defined", "BGR", "Y/C NTSC", "Y/C PAL", "Y/C SECAM", "YCrCb 4:4:4 SMPTE 293M and 294M",
       "YCrCb 4:2:2 SMPTE 293M and 294M", "YCrCb 4:2:0 SMPTE 293M and 294M", "YCrCb SMPTE 260M", "YPbPr SMPTE 240M",
       "YCrCb SMPTE 274M", "YPbPr SMPTE 274M", "Y B-Y R-Y BetaCam", "Y B-Y R-Y M-2", "monochrome" });
 constexpr auto gsc_aoDecoders = Listed({ "default decoding", "BGR", "Y/C", "Yxx SMPTE 2xxM", "monochrome" });
-constexpr auto gsc_aoCurves = Listed({ "none", "white curve", "three sub-channel curves", "reserved" });
+constexpr auto gsc_aoCurves = Listed({ "none", "white curve", "three sub-channel curves", gsc_szReserved });
 
 unsigned int GetVersionKind(const CRecord& oBlock) { return oBlock.GetBits(0x03, 7, 6); }
 bool HasNothing(const CRecord& oBlock) { return GetVersionKind(oBlock) == 0; }

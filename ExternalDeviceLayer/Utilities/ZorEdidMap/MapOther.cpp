@@ -116,12 +116,13 @@ void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     for (unsigned int i = 1; i < std::min(uiLength, gsc_uiChecksumOffset); ++i)
     {
         const unsigned int uiTag = oWriter.GetByte(uiOffset + i);
-        oWriter.AddLeaf(gsc_oMapTagRow, eArea_Structure, uiOffset + i, 1, uiBlock + i);
-        oWriter.SetMeaning(GetTagName(uiTag));
+        const unsigned int uiField = oWriter.AddLeaf(gsc_oMapTagRow, eArea_Structure, uiOffset + i, 1);
+        oWriter.SetIndex(uiField, uiBlock + i);
+        oWriter.SetMeaning(uiField, GetTagName(uiTag));
         // A block that is not there reads as 0.
         if (uiTag != oWriter.GetByte(uiOffset + i * CMapWriter::msc_uiBlockSize))
         {
-            oWriter.AddNote(CMap::eSeverity_Warning, "the block has another tag");
+            oWriter.AddNote(uiField, CMap::eSeverity_Warning, "the block has another tag");
         }
     }
 }
@@ -142,7 +143,7 @@ constexpr SRow gsc_aoLocalizedRows[] = {
 constexpr STable gsc_oLocalizedTable = { "Localized strings", eArea_Structure, gsc_aoLocalizedRows };
 
 constexpr SMeaning gsc_aoEncodings[] = {
-    { 0, 0, "UTF-8" }, { 1, 1, "UTF-16BE" }, { 2, 2, "UTF-32BE" }, { 3, 7, "reserved" }
+    { 0, 0, "UTF-8" }, { 1, 1, "UTF-16BE" }, { 2, 2, "UTF-32BE" }, { 3, 7, gsc_szReserved }
 };
 constexpr SPlace gsc_oLanguage = Split({ { 4, 6, 0 }, { 5, 7, 0 } });
 
@@ -207,12 +208,12 @@ void MapStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
         {
             return;
         }
-        oWriter.AddLeaf(oString.m_oLength, eArea_Structure, uiOffset + uiAt, 1);
+        const unsigned int uiField = oWriter.AddLeaf(oString.m_oLength, eArea_Structure, uiOffset + uiAt, 1);
         const unsigned int uiTold = oTable.GetByte(uiAt++);
         const unsigned int uiThere = std::min(uiTold, uiLength - uiAt);
         if (uiThere < uiTold)
         {
-            oWriter.AddNote(CMap::eSeverity_Error, "the string runs past the end of its table");
+            oWriter.AddNote(uiField, CMap::eSeverity_Error, "the string runs past the end of its table");
         }
         oWriter.AddLeaf(IsUtf8(oTable) ? oString.m_oText : oString.m_oBytes, eArea_Identity, uiOffset + uiAt, uiThere);
         uiAt += uiThere;
@@ -224,7 +225,6 @@ void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned in
     oWriter.AddRows(gsc_oLocalizedTable, uiOffset, uiLength);
     const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
     unsigned int uiSize = 0;
-    unsigned int uiIndex = 0;
     for (unsigned int uiAt = gsc_uiStringTablesOffset; uiAt < uiEnd; uiAt += uiSize)
     {
         const unsigned int uiTold = oWriter.GetByte(uiOffset + uiAt);
@@ -233,7 +233,7 @@ void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned in
             return;
         }
         uiSize = std::min(uiTold, uiEnd - uiAt);
-        const unsigned int uiField = oWriter.BeginRecord(gsc_oStringTable, uiOffset + uiAt, uiSize, uiIndex++);
+        const unsigned int uiField = oWriter.BeginRecord(gsc_oStringTable, uiOffset + uiAt, uiSize);
         if (uiSize < uiTold)
         {
             oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");

@@ -17,6 +17,9 @@
 
 class CRecord;
 
+// The name of a value that the standard reserves: this text itself, by which such a value gets a note.
+inline constexpr char gsc_szReserved[] = "reserved";
+
 // A value and what it means. A table of them ends nowhere special: it goes as a span.
 struct SMeaning
 {
@@ -91,20 +94,32 @@ constexpr SPlace Little32(unsigned int uiOffset)
                    { PlaceByte(uiOffset), 7, 0 } });
 }
 
-constexpr SPlace Run(unsigned int uiOffset, unsigned int uiLength)
+constexpr SPlace RunToEnd(unsigned int uiOffset)
 {
+    SPlace oPlace = Byte(uiOffset);
+    oPlace.m_ui8Run = gsc_ui8ToTheEnd;
+    return oPlace;
+}
+
+// No constant: a table that calls it does not compile.
+void RefuseRun();
+
+consteval SPlace Run(unsigned int uiOffset, unsigned int uiLength)
+{
+    if (uiLength == 0 || uiLength >= gsc_ui8ToTheEnd)
+    {
+        RefuseRun();
+    }
     SPlace oPlace = Byte(uiOffset);
     oPlace.m_ui8Run = PlaceByte(uiLength);
     return oPlace;
 }
 
-constexpr SPlace RunToEnd(unsigned int uiOffset) { return Run(uiOffset, gsc_ui8ToTheEnd); }
-
 // ---- What it says ----
 
 // value = (raw * m_llMultiply + m_llAdd) / 10 ^ m_uiDecimals, m_llMultiply and m_llAdd counted in the last decimal.
 // m_uiDivide divides the product first, rounded half up: for binary fractions. A meaning of the raw value takes the
-// place of the number in the text; one that begins with "reserved" gives the note "reserved value".
+// place of the number in the text; gsc_szReserved gives the note "reserved value".
 struct SForm
 {
     CZorEdidMap::EKind m_eKind = CZorEdidMap::eKind_Number;

@@ -46,17 +46,31 @@ const char* FindMeaning(const SForm& oForm, unsigned int uiRaw)
     return nullptr;
 }
 
-bool IsEveryByte(const CRecord& oRecord, const CZorEdidMap::SPiece& oPiece, unsigned int uiRecordOffset,
-                 unsigned int uiValue)
+bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
 {
-    for (unsigned int i = 0; i < oPiece.m_uiLength; ++i)
-    {
-        if (oRecord.GetByte(oPiece.m_uiOffset - uiRecordOffset + i) != uiValue)
-        {
-            return false;
-        }
-    }
-    return true;
+    const unsigned char* pui8End = oRecord.GetData() + oRecord.GetSize();
+    return std::all_of(oRecord.GetData(), pui8End, [&](unsigned char ui8Byte) { return ui8Byte == uiValue; });
+}
+
+// All of it but its place.
+CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const CRecord& oRecord)
+{
+    const SForm& oForm = oRow.m_oForm;
+    const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
+    CZorEdidMap::SField oField = {};
+    oField.m_pszName = oRow.m_pszName;
+    oField.m_pszUnit = oForm.m_pszUnit;
+    oField.m_pszMeaning = FindMeaning(oForm, uiRaw);
+    oField.m_llNumber = oForm.m_pfnNumber != nullptr ? oForm.m_pfnNumber(oRecord, uiRaw)
+                                                     : ComputeNumber(oForm, uiRaw, CountBits(oRow.m_oPlace));
+    oField.m_uiDecimals = oForm.m_uiDecimals;
+    oField.m_eKind = oForm.m_eKind;
+    oField.m_bNumber =
+        oForm.m_eKind == CZorEdidMap::eKind_Number && (oField.m_pszMeaning == nullptr || oForm.m_bStaysNumber);
+    oField.m_eArea = oForm.m_eKind == CZorEdidMap::eKind_Reserved || oForm.m_eKind == CZorEdidMap::eKind_Unknown
+                         ? CZorEdidMap::eArea_Unused
+                         : eArea;
+    return oField;
 }
 } // namespace
 
@@ -96,7 +110,7 @@ long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiB
 // ---- Bytes and ranges ----
 
 CMapWriter::CMapWriter(CZorEdidMap& oMap, const SImageFacts& oFacts)
-    : m_oMap(oMap), m_oFacts(oFacts), m_auiOpen(), m_uiDepth(0), m_uiLast(0)
+    : m_oMap(oMap), m_oFacts(oFacts), m_aoOpen(), m_uiDepth(0)
 {
     m_aui8Free.SetCount(oMap.m_auiLeaves.GetCount() / gsc_uiBits, -1);
     ZorTools_memset(m_aui8Free.GetData(), gsc_ui8WholeByte, m_aui8Free.GetCount());
@@ -120,21 +134,11 @@ CRecord CMapWriter::GetRecord(unsigned int uiOffset, unsigned int uiLength) cons
     return { m_oFacts, m_oMap.GetData() + uiFirst, uiLength < uiLeft ? uiLength : uiLeft };
 }
 
-unsigned int CMapWriter::GetOpenGroup() const
+// All blocks where no group is open.
+CMapWriter::SOpenGroup CMapWriter::GetOpenGroup() const
 {
     const unsigned int uiDepth = m_uiDepth < msc_uiMostDepth ? m_uiDepth : msc_uiMostDepth;
-    return uiDepth != 0 ? m_auiOpen[uiDepth - 1] : CZorEdidMap::msc_uiNone;
-}
-
-CMapWriter::SRange CMapWriter::GetOpenRange() const
-{
-    const unsigned int uiGroup = GetOpenGroup();
-    if (uiGroup == CZorEdidMap::msc_uiNone)
-    {
-        return { 0, m_aui8Free.GetCount() }; // the blocks
-    }
-    const CZorEdidMap::SField& oGroup = m_oMap.GetField(uiGroup);
-    return { oGroup.m_uiOffset, oGroup.m_uiLength };
+    return uiDepth != 0 ? m_aoOpen[uiDepth - 1] : SOpenGroup{ CZorEdidMap::msc_uiNone, { 0, m_aui8Free.GetCount() } };
 }
 
 CMapWriter::SRange CMapWriter::Clip(unsigned int uiOffset, unsigned int uiLength) const
@@ -151,36 +155,40 @@ CMapWriter::SRange CMapWriter::Clip(unsigned int uiOffset, unsigned int uiLength
 
 unsigned int CMapWriter::AppendEntry(CZorEdidMap::SEntry& oEntry)
 {
-    oEntry.m_oOrigin.m_uiGroup = GetOpenGroup();
-    m_uiLast = m_oMap.m_aoEntries.GetCount();
+    CZorEdidMap::SField& oField = oEntry.m_oField;
+    oField.m_uiIndex = CZorEdidMap::msc_uiNone;
+    oField.m_uiTiming = CZorEdidMap::msc_uiNone;
+    oField.m_uiDepth = m_uiDepth < msc_uiMostDepth ? m_uiDepth : msc_uiMostDepth;
+    oField.m_uiGroup = GetOpenGroup().m_uiField;
+    oField.m_uiEnd = m_oMap.GetFieldCount() + 1;
     m_oMap.m_aoEntries.Add(oEntry);
-    return m_uiLast;
+    return oField.m_uiEnd - 1;
 }
 
 unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset,
-                                    unsigned int uiLength, unsigned int uiIndex)
+                                    unsigned int uiLength)
 {
     if (m_uiDepth >= msc_uiMostDepth)
     {
         MASSERT_FAILED(); // a walk that nests by the bytes
         ++m_uiDepth;
-        return m_uiLast;
+        return CZorEdidMap::msc_uiNone;
     }
     const SRange oRange = Clip(uiOffset, uiLength);
-    CZorEdidMap::SEntry oEntry = {};
-    CZorEdidMap::SField& oField = oEntry.m_oField;
-    oField.m_pszName = pszName;
-    oField.m_eKind = CZorEdidMap::eKind_Group;
-    oField.m_eArea = eArea;
-    oField.m_uiIndex = uiIndex;
-    oField.m_uiOffset = oRange.m_uiOffset;
-    oField.m_uiLength = oRange.m_uiLength;
-    oField.m_uiDepth = m_uiDepth;
-    oField.m_uiTiming = CZorEdidMap::msc_uiNone;
-    oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
-    oEntry.m_oOrigin = { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength, CZorEdidMap::msc_uiNone };
-    const unsigned int uiField = AppendEntry(oEntry);
-    m_auiOpen[m_uiDepth++] = uiField;
+    unsigned int uiField = CZorEdidMap::msc_uiNone;
+    if (oRange.m_uiLength != 0)
+    {
+        CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength } };
+        CZorEdidMap::SField& oField = oEntry.m_oField;
+        oField.m_pszName = pszName;
+        oField.m_eKind = CZorEdidMap::eKind_Group;
+        oField.m_eArea = eArea;
+        oField.m_uiOffset = oRange.m_uiOffset;
+        oField.m_uiLength = oRange.m_uiLength;
+        oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
+        uiField = AppendEntry(oEntry);
+    }
+    m_aoOpen[m_uiDepth++] = { uiField, oRange };
     return uiField;
 }
 
@@ -214,9 +222,37 @@ void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
         }
         uiOffset += uiLength;
     }
-    const unsigned int uiGroup = m_auiOpen[--m_uiDepth];
-    GetField(uiGroup).m_uiEnd = m_oMap.GetFieldCount();
-    m_uiLast = uiGroup;
+    const unsigned int uiGroup = m_aoOpen[--m_uiDepth].m_uiField;
+    if (HasField(uiGroup))
+    {
+        const unsigned int uiFieldsEnd = m_oMap.GetFieldCount();
+        GetField(uiGroup).m_uiEnd = uiFieldsEnd;
+        NumberFields(uiGroup + 1, uiFieldsEnd);
+    }
+}
+
+// The fields of one group. What is left over has no number, as its place says all.
+void CMapWriter::NumberFields(unsigned int uiFirst, unsigned int uiEnd)
+{
+    CZorEdidMap::SEntry* poEntries = m_oMap.m_aoEntries.GetData(); // up to uiEnd all are there
+    const auto fnIsNumbered = [](const CZorEdidMap::SField& oField) {
+        return oField.m_uiIndex == CZorEdidMap::msc_uiNone && oField.m_eKind != CZorEdidMap::eKind_Reserved &&
+               oField.m_eKind != CZorEdidMap::eKind_Unknown;
+    };
+    for (unsigned int i = uiFirst; i < uiEnd; i = poEntries[i].m_oField.m_uiEnd)
+    {
+        CZorEdidMap::SField& oField = poEntries[i].m_oField;
+        unsigned int uiNext = fnIsNumbered(oField) ? oField.m_uiEnd : uiEnd;
+        for (unsigned int uiCount = 0; uiNext < uiEnd; uiNext = poEntries[uiNext].m_oField.m_uiEnd)
+        {
+            CZorEdidMap::SField& oOther = poEntries[uiNext].m_oField;
+            if (fnIsNumbered(oOther) && strcmp(oField.m_pszName, oOther.m_pszName) == 0)
+            {
+                oField.m_uiIndex = 0;
+                oOther.m_uiIndex = ++uiCount;
+            }
+        }
+    }
 }
 
 unsigned int CMapWriter::BeginBlock(const char* pszName, unsigned int uiOffset, unsigned int uiLength)
@@ -241,27 +277,27 @@ void CMapWriter::EndBlock(const char* pszRest, CZorEdidMap::EKind eRest)
     EndGroup(pszRest, eRest);
 }
 
-unsigned int CMapWriter::BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                                    unsigned int uiIndex)
+unsigned int CMapWriter::BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength)
 {
-    const unsigned int uiField = BeginGroup(oTable.m_pszName, oTable.m_eArea, uiOffset, uiLength, uiIndex);
-    m_oMap.m_aoEntries[uiField].m_oOrigin.m_poTable = &oTable;
+    const unsigned int uiField = BeginGroup(oTable.m_pszName, oTable.m_eArea, uiOffset, uiLength);
+    if (HasField(uiField))
+    {
+        m_oMap.m_aoEntries[uiField].m_oOrigin.m_poTable = &oTable;
+    }
     return uiField;
 }
 
-unsigned int CMapWriter::BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                                     unsigned int uiIndex)
+unsigned int CMapWriter::BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength)
 {
-    const unsigned int uiField = BeginGroup(oTable, uiOffset, uiLength, uiIndex);
+    const unsigned int uiField = BeginGroup(oTable, uiOffset, uiLength);
     const SRange oRange = GetOpenRange();
     AddRows(oTable, oRange.m_uiOffset, oRange.m_uiLength);
     return uiField;
 }
 
-unsigned int CMapWriter::AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                                   unsigned int uiIndex)
+unsigned int CMapWriter::AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength)
 {
-    const unsigned int uiField = BeginRecord(oTable, uiOffset, uiLength, uiIndex);
+    const unsigned int uiField = BeginRecord(oTable, uiOffset, uiLength);
     EndGroup();
     return uiField;
 }
@@ -270,7 +306,7 @@ void CMapWriter::AddRows(const STable& oTable, unsigned int uiOffset, unsigned i
 {
     for (const SRow& oRow : oTable.m_aoRows)
     {
-        AddRow(oRow, oTable.m_eArea, { uiOffset, uiLength }, CZorEdidMap::msc_uiNone);
+        AddRow(oRow, oTable.m_eArea, { uiOffset, uiLength });
     }
 }
 
@@ -284,16 +320,16 @@ void CMapWriter::AddItems(const STable& oTable, unsigned int uiOffset, unsigned 
     const SRange oRange = Clip(uiOffset, uiLength);
     for (unsigned int i = 0; i < oRange.m_uiLength / uiItemSize; ++i)
     {
-        AddRecord(oTable, oRange.m_uiOffset + i * uiItemSize, uiItemSize, i);
+        AddRecord(oTable, oRange.m_uiOffset + i * uiItemSize, uiItemSize);
     }
 }
 
 // ---- Leaves ----
 
-void CMapWriter::AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
-                         unsigned int uiIndex)
+unsigned int CMapWriter::AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset,
+                                 unsigned int uiLength)
 {
-    AddRow(oRow, eArea, { uiOffset, uiLength }, uiIndex);
+    return AddRow(oRow, eArea, { uiOffset, uiLength });
 }
 
 // The pieces lie in the open group, and so in the blocks.
@@ -333,9 +369,6 @@ unsigned int CMapWriter::AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& 
     }
     oField.m_uiOffset = uiFirst;
     oField.m_uiLength = uiEnd - uiFirst;
-    oField.m_uiDepth = m_uiDepth < msc_uiMostDepth ? m_uiDepth : msc_uiMostDepth;
-    oField.m_uiEnd = m_oMap.GetFieldCount() + 1;
-    oField.m_uiTiming = CZorEdidMap::msc_uiNone;
     return AppendEntry(oEntry);
 }
 
@@ -384,15 +417,14 @@ CMapWriter::SPieces CMapWriter::FindPieces(const SPlace& oPlace, const SRange& o
     return oPieces;
 }
 
-unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange, unsigned int uiIndex)
+unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange)
 {
     const CRecord oRecord = GetRecord(oRange.m_uiOffset, oRange.m_uiLength);
     if (oRow.m_pfnApplies != nullptr && !oRow.m_pfnApplies(oRecord))
     {
         return CZorEdidMap::msc_uiNone;
     }
-    const SPlace& oPlace = oRow.m_oPlace;
-    const SPieces oPieces = FindPieces(oPlace, { oRange.m_uiOffset, oRecord.GetSize() });
+    const SPieces oPieces = FindPieces(oRow.m_oPlace, { oRange.m_uiOffset, oRecord.GetSize() });
     if (oPieces.m_uiCount == 0)
     {
         return CZorEdidMap::msc_uiNone; // not all there
@@ -402,45 +434,26 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
         m_oMap.m_pszOverlap = m_oMap.m_pszOverlap != nullptr ? m_oMap.m_pszOverlap : oRow.m_pszName;
         return CZorEdidMap::msc_uiNone;
     }
-
-    const unsigned int uiRaw = oRecord.Get(oPlace);
-    const SForm& oForm = oRow.m_oForm;
-    CZorEdidMap::SEntry oEntry = { {},
-                                   { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize(), CZorEdidMap::msc_uiNone } };
-    CZorEdidMap::SField& oField = oEntry.m_oField;
-    oField.m_pszName = oRow.m_pszName;
-    oField.m_pszUnit = oForm.m_pszUnit;
-    oField.m_pszMeaning = FindMeaning(oForm, uiRaw);
-    oField.m_llNumber = oForm.m_pfnNumber != nullptr ? oForm.m_pfnNumber(oRecord, uiRaw)
-                                                     : ComputeNumber(oForm, uiRaw, CountBits(oPlace));
-    oField.m_uiDecimals = oForm.m_uiDecimals;
-    oField.m_uiIndex = uiIndex;
-    oField.m_eKind = oForm.m_eKind;
-    oField.m_bNumber =
-        oForm.m_eKind == CZorEdidMap::eKind_Number && (oField.m_pszMeaning == nullptr || oForm.m_bStaysNumber);
-    oField.m_eArea = oForm.m_eKind == CZorEdidMap::eKind_Reserved || oForm.m_eKind == CZorEdidMap::eKind_Unknown
-                         ? CZorEdidMap::eArea_Unused
-                         : eArea;
+    CZorEdidMap::SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord),
+                                   { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize() } };
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
-    if (oPlace.m_ui8Run != 0 && oForm.m_uiExpected != SForm::msc_uiAny &&
-        !IsEveryByte(oRecord, oPieces.m_aoPieces[0], oRange.m_uiOffset, oForm.m_uiExpected))
-    {
-        AddNote(uiField, CZorEdidMap::eSeverity_Warning, oForm.m_pszUnexpected);
-    }
-    NoteValue(uiField, oRow, oRecord, uiRaw);
+    NoteValue(uiField, oRow, oRecord);
     return uiField;
 }
 
-void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw)
+void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord)
 {
-    constexpr char szReserved[] = "reserved";
     const SForm& oForm = oRow.m_oForm;
-    const char* pszMeaning = m_oMap.GetField(uiField).m_pszMeaning;
-    if (pszMeaning != nullptr && strncmp(pszMeaning, szReserved, sizeof(szReserved) - 1) == 0)
+    const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+    const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
+    if (oField.m_pszMeaning == gsc_szReserved)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved value");
     }
-    if (oRow.m_oPlace.m_ui8Run == 0 && oForm.m_uiExpected != SForm::msc_uiAny && uiRaw != oForm.m_uiExpected)
+    const bool bExpected = oRow.m_oPlace.m_ui8Run != 0
+                               ? IsEveryByte(GetRecord(oField.m_uiOffset, oField.m_uiLength), oForm.m_uiExpected)
+                               : uiRaw == oForm.m_uiExpected;
+    if (oForm.m_uiExpected != SForm::msc_uiAny && !bExpected)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Warning, oForm.m_pszUnexpected);
     }
@@ -454,10 +467,9 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
 void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                          unsigned char ui8Mask)
 {
-    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength, CZorEdidMap::msc_uiNone } };
+    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = pszName;
-    oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_eKind = eKind;
     oField.m_eArea = CZorEdidMap::eArea_Unused;
     SPieces oPieces = {};
@@ -474,21 +486,20 @@ void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned
     }
 }
 
-void CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset)
+unsigned int CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset)
 {
     const SRange oPlace = Clip(uiOffset, 1);
     SPieces oPieces = {};
     oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiOffset, 1, gsc_ui8WholeByte };
     if (oPlace.m_uiLength == 0 || uiFirst > uiOffset || !IsFree(oPieces))
     {
-        return;
+        return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiLength = uiOffset - uiFirst + 1;
-    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength, CZorEdidMap::msc_uiNone } };
+    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = gsc_oChecksumRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
-    oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_eKind = CZorEdidMap::eKind_Checksum;
     oField.m_eArea = CZorEdidMap::eArea_Structure;
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
@@ -501,36 +512,43 @@ void CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Error, "the checksum is wrong");
     }
+    return uiField;
 }
 
 // ---- Notes and timings ----
 
-void CMapWriter::AddNote(CZorEdidMap::ESeverity eSeverity, const char* pszText)
-{
-    AddNote(m_uiLast, eSeverity, pszText);
-}
-
 void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText)
 {
-    if (uiField >= m_oMap.GetFieldCount())
+    if (HasField(uiField))
     {
-        return;
+        m_oMap.m_aoNotes.Add({ uiField, eSeverity, pszText });
+        ++GetField(uiField).m_uiNotes;
     }
-    // Into its place: nearly always at the end.
-    const CZorEdidMap::SNote oNote = { uiField, eSeverity, pszText };
-    m_oMap.m_aoNotes.Add(oNote);
-    unsigned int uiPlace = m_oMap.m_aoNotes.GetCount() - 1;
-    for (; uiPlace > 0 && m_oMap.m_aoNotes[uiPlace - 1].m_uiField > uiField; --uiPlace)
+}
+
+// Puts the notes into the order of their fields; those of one field stay as they came.
+void CMapWriter::OrderNotes()
+{
+    const CMArray<CZorEdidMap::SNote, const CZorEdidMap::SNote&> aoNotes = m_oMap.m_aoNotes;
+    unsigned int uiNext = 0;
+    for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
     {
-        m_oMap.m_aoNotes[uiPlace] = m_oMap.m_aoNotes[uiPlace - 1];
+        CZorEdidMap::SField& oField = GetField(i);
+        oField.m_uiFirstNote = uiNext;
+        uiNext += oField.m_uiNotes;
+        oField.m_uiNotes = 0;
     }
-    m_oMap.m_aoNotes[uiPlace] = oNote;
+    for (unsigned int i = 0; i < aoNotes.GetCount(); ++i)
+    {
+        CZorEdidMap::SField& oField = GetField(aoNotes[i].m_uiField);
+        m_oMap.m_aoNotes[oField.m_uiFirstNote + oField.m_uiNotes++] = aoNotes[i];
+    }
 }
 
 void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber,
                            unsigned int uiNumbers)
 {
-    if (uiField < m_oMap.GetFieldCount() && uiNumber != CZorEdidMap::msc_uiNone)
+    if (HasField(uiField) && uiNumber != CZorEdidMap::msc_uiNone)
     {
         GetField(uiField).m_eList = eList;
         GetField(uiField).m_uiTiming = uiNumber;
@@ -538,19 +556,27 @@ void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsig
     }
 }
 
-void CMapWriter::SetName(const char* pszName)
+void CMapWriter::SetName(unsigned int uiField, const char* pszName)
 {
-    if (m_uiLast < m_oMap.GetFieldCount())
+    if (HasField(uiField))
     {
-        GetField(m_uiLast).m_pszName = pszName;
+        GetField(uiField).m_pszName = pszName;
     }
 }
 
-void CMapWriter::SetMeaning(const char* pszMeaning)
+void CMapWriter::SetMeaning(unsigned int uiField, const char* pszMeaning)
 {
-    if (m_uiLast < m_oMap.GetFieldCount())
+    if (HasField(uiField))
     {
-        GetField(m_uiLast).m_pszMeaning = pszMeaning;
+        GetField(uiField).m_pszMeaning = pszMeaning;
+    }
+}
+
+void CMapWriter::SetIndex(unsigned int uiField, unsigned int uiIndex)
+{
+    if (HasField(uiField))
+    {
+        GetField(uiField).m_uiIndex = uiIndex;
     }
 }
 
@@ -560,12 +586,9 @@ unsigned int CMapWriter::FindField(unsigned int uiOffset, unsigned int uiLength)
     unsigned int uiField = m_oMap.FindLeaf(uiOffset, gsc_uiBits - 1);
     while (uiField != CZorEdidMap::msc_uiNone)
     {
-        const CZorEdidMap::SEntry& oEntry = m_oMap.m_aoEntries[uiField];
-        if (oEntry.m_oField.m_uiOffset == uiOffset && oEntry.m_oField.m_uiLength == uiLength)
-        {
-            uiFound = uiField;
-        }
-        uiField = oEntry.m_oOrigin.m_uiGroup;
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        uiFound = oField.m_uiOffset == uiOffset && oField.m_uiLength == uiLength ? uiField : uiFound;
+        uiField = oField.m_uiGroup;
     }
     return uiFound;
 }

@@ -48,7 +48,8 @@ private:
 };
 
 // Writes the fields of one image in the order of a walk. Groups nest, at most msc_uiMostDepth deep. Offsets are those
-// of the image unless said. A range that leaves the open group, or the image, is cut; who walks says so in a note.
+// of the image unless said. A range that leaves the open group, or the image, is cut; who walks says so in a note. What
+// is added gives the index of its field; msc_uiNone where nothing was added, which notes and the like take as well.
 class CMapWriter
 {
 public:
@@ -74,9 +75,9 @@ public:
 
     // A group over uiLength bytes from uiOffset of the image on. What is left of them at EndGroup becomes one field for
     // each run of bytes, and for what is left of each byte, of this name and kind: eKind_Reserved (with a note when it
-    // is not 0) or eKind_Unknown. Returns the index of the group's field.
-    unsigned int BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
-                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
+    // is not 0) or eKind_Unknown. Where no byte is left of the range, nothing is added up to EndGroup.
+    unsigned int BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset,
+                            unsigned int uiLength);
     void EndGroup(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
 
     // The group of a whole block. EndBlock adds the checksum in the last byte and closes the group. Of a block that is
@@ -85,38 +86,34 @@ public:
     void EndBlock(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
 
     // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes do not
-    // all lie in them is left out. Returns the index of the group's field.
-    unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                           unsigned int uiIndex = CZorEdidMap::msc_uiNone);
+    // all lie in them is left out.
+    unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
     // AddRecord in steps. BeginGroup of a table has its name, area and summary, but adds none of its rows; BeginRecord
     // adds them. What is added then stands in the group, too. Ended by EndGroup.
-    unsigned int BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                            unsigned int uiIndex = CZorEdidMap::msc_uiNone);
-    unsigned int BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
-                             unsigned int uiIndex = CZorEdidMap::msc_uiNone);
+    unsigned int BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
+    unsigned int BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
     // As AddRecord, in the open group instead of one of its own. The bytes may reach beyond the group: a row that takes
     // bits outside of it is left out.
     void AddRows(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
-    // Items of the same size, one record after the other, as many as fit; numbered from 0.
+    // Items of the same size, one record after the other, as many as fit.
     void AddItems(const STable& oTable, unsigned int uiOffset, unsigned int uiLength, unsigned int uiItemSize);
 
     // One leaf by itself. The place counts from uiOffset. As with AddRows, the bytes may reach beyond the open group.
-    void AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength,
-                 unsigned int uiIndex = CZorEdidMap::msc_uiNone);
-    void AddLeaf(const SRow&& oRow, CZorEdidMap::EArea, unsigned int, unsigned int, unsigned int = 0) = delete;
+    unsigned int AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset, unsigned int uiLength);
+    unsigned int AddLeaf(const SRow&& oRow, CZorEdidMap::EArea, unsigned int, unsigned int) = delete;
 
     // The byte at uiOffset, which must bring the sum of the bytes from uiFirst up to itself to 0; an error note when it
     // does not.
-    void AddChecksum(unsigned int uiFirst, unsigned int uiOffset);
+    unsigned int AddChecksum(unsigned int uiFirst, unsigned int uiOffset);
 
-    // To the last field that was begun, added or ended; to an earlier one by its index.
-    void AddNote(CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
 
-    // The last field under a name, or with a meaning, that depends on bytes beyond its record. Static texts.
-    void SetName(const char* pszName);
-    void SetMeaning(const char* pszMeaning);
+    // A name or a meaning that depends on bytes beyond the field's record, as static texts; a number that is not that
+    // of fields of one name.
+    void SetName(unsigned int uiField, const char* pszName);
+    void SetMeaning(unsigned int uiField, const char* pszMeaning);
+    void SetIndex(unsigned int uiField, unsigned int uiIndex);
 
     // The leaf that a bit belongs to, and the outermost field that holds exactly these bytes; msc_uiNone for none. For
     // what is found once all fields stand.
@@ -134,9 +131,14 @@ private:
         CZorEdidMap::SPiece m_aoPieces[gsc_uiMostPieces];
         unsigned int m_uiCount;
     };
+    struct SOpenGroup
+    {
+        unsigned int m_uiField; // msc_uiNone for one without bytes
+        SRange m_oRange;
+    };
 
-    unsigned int GetOpenGroup() const;
-    SRange GetOpenRange() const;
+    SOpenGroup GetOpenGroup() const;
+    SRange GetOpenRange() const { return GetOpenGroup().m_oRange; }
     SRange Clip(unsigned int uiOffset, unsigned int uiLength) const;
     void WriteBlocks();
     void WriteBlock(unsigned int uiOffset, unsigned int uiLength);
@@ -144,23 +146,25 @@ private:
     void NoteBlockCount();
 
     CZorEdidMap::SField& GetField(unsigned int uiField) { return m_oMap.m_aoEntries[uiField].m_oField; }
+    bool HasField(unsigned int uiField) const { return uiField < m_oMap.GetFieldCount(); }
     unsigned int AppendEntry(CZorEdidMap::SEntry& oEntry);
     void TakeBits(const CZorEdidMap::SPiece& oPiece, unsigned int uiField);
     unsigned int AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces);
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
-    unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange, unsigned int uiIndex);
+    unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                  unsigned char ui8Mask);
-    void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);
+    void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord);
+    void NumberFields(unsigned int uiFirst, unsigned int uiEnd);
+    void OrderNotes();
 
     bool IsFree(const SPieces& oPieces) const;
 
     CZorEdidMap& m_oMap;
     SImageFacts m_oFacts;
     CMArray<unsigned char, const unsigned char&> m_aui8Free; // the bits of each byte that no leaf has yet
-    unsigned int m_auiOpen[msc_uiMostDepth];                 // fields of the open groups
-    unsigned int m_uiDepth;                                  // how many are open
-    unsigned int m_uiLast;                                   // field that a note without an index goes to
+    SOpenGroup m_aoOpen[msc_uiMostDepth];
+    unsigned int m_uiDepth; // how many are open
 };
 
 // The walks, one a kind of block. uiOffset is that of the block in the image; uiLength is 128, or less for a block that
@@ -177,12 +181,12 @@ extern const STable g_oCvtCodeTable;        // 3 bytes, E-EDID 3.10.3.8
 // 18 bytes: a timing or a display descriptor. Returns the index of its group. Where the image ends before its end, a
 // timing is noted so; of anything else nothing is added, and msc_uiNone returned.
 inline constexpr unsigned int gsc_uiMapDescriptorSize = 18;
-unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiIndex);
-// A data block collection of CTA-861: of an extension block, or carried in a DisplayID block.
-void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
+unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset);
+// A data block collection of CTA-861: of an extension block, or carried in a DisplayID block. Whether it has audio.
+bool MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
 // A timing of DisplayID Types I to X, which CTA-861 data blocks carry as well; ui8Tag is the DisplayID tag.
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,
-                        unsigned int uiLength, unsigned int uiIndex);
+                        unsigned int uiLength);
 
 // What the form makes of uiBits bits, SForm.
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);

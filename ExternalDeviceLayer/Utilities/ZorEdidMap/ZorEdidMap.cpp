@@ -101,6 +101,7 @@ void CMapWriter::WriteBlocks()
     WriteTail();
     NoteBlockCount();
     NumberTimings(*this, m_oMap.GetSize());
+    OrderNotes();
 }
 
 void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
@@ -136,19 +137,15 @@ void CMapWriter::WriteTail()
     CZorEdidMap::SEntry oEntry = {};
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = "Bytes behind the blocks";
-    oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_uiOffset = uiFirst;
     oField.m_uiLength = uiLength;
-    oField.m_uiEnd = m_oMap.GetFieldCount() + 1;
     oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
     oField.m_uiPieces = 1;
-    oField.m_uiTiming = CZorEdidMap::msc_uiNone;
     oField.m_eKind = CZorEdidMap::eKind_Unknown;
     oField.m_eArea = CZorEdidMap::eArea_Unused;
-    oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength, CZorEdidMap::msc_uiNone };
+    oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength };
     m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
-    AppendEntry(oEntry);
-    AddNote(CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");
+    AddNote(AppendEntry(oEntry), CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");
 }
 
 // The blocks that are there against those that byte 126 announces, or the data block of HDMI 2.1 that overrides it.

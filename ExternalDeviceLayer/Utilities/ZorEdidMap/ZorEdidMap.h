@@ -79,13 +79,18 @@ public:
         const char* m_pszMeaning; // null without one
         long long m_llNumber;     // numbers, flags, names (the raw code) and checksums
         unsigned int m_uiDecimals;
-        unsigned int m_uiIndex;      // which of several of the same name, from 0; msc_uiNone for the only one
+        // Which of several of the same name in a group, from 0; msc_uiNone for the only one, for a block, and for
+        // reserved and unknown bytes. Of a tag in a block map the number of the block that it is of.
+        unsigned int m_uiIndex;
         unsigned int m_uiOffset;     // of its first byte in the image
         unsigned int m_uiLength;     // bytes from the first one to the last one, whole or not
         unsigned int m_uiDepth;      // 0 for a block
+        unsigned int m_uiGroup;      // the group that it lies in; msc_uiNone for a block
         unsigned int m_uiEnd;        // of a group the index behind its last field; of a leaf its own index + 1
         unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
         unsigned int m_uiPieces;     // 0 for a group
+        unsigned int m_uiFirstNote;  // of GetNote; the field has m_uiNotes of them
+        unsigned int m_uiNotes;
         // Number in m_eList; msc_uiNone for no timing, or one that the library does not list. A video code of CTA-861
         // with a partner at 1000/1001 has two that follow each other; this is the first one.
         unsigned int m_uiTiming;
@@ -147,7 +152,6 @@ private:
         const STable* m_poTable; // null for a leaf and for a group without a table
         unsigned int m_uiOffset;
         unsigned int m_uiLength;
-        unsigned int m_uiGroup; // the field's group; msc_uiNone for a block
     };
     struct SEntry
     {

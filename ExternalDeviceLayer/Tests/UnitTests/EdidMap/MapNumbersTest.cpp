@@ -184,7 +184,16 @@ TEST_F(MapNumbers, IndexTellsSeveralApart)
     EXPECT_EQ((std::vector<unsigned int>{ 0, 1 }), GetIndexes(oMap, "Video data block"));
     EXPECT_EQ((std::vector<unsigned int>{ gsc_uiNone }), GetIndexes(oMap, "Audio data block"));
     EXPECT_EQ((std::vector<unsigned int>{ 0, 1 }), GetIndexes(oMap, "Detailed timing"));
-    EXPECT_EQ((std::vector<unsigned int>{ 0, 1, 2, 0 }), GetIndexes(oMap, "Short video descriptor"));
+    EXPECT_EQ((std::vector<unsigned int>{ 0, 1, 2, gsc_uiNone }), GetIndexes(oMap, "Short video descriptor"));
+    // Data blocks of several tags that have one name.
+    ReadMap(oMap, BehindBaseBlock(MakeCta(ParseBytes("E2 24 00 01 07 E2 80 00"))));
+    EXPECT_EQ((std::vector<unsigned int>{ 0, 1, 2 }), GetIndexes(oMap, "Reserved data block"));
+    // Tags of blocks have the numbers of the blocks; what is left over has none.
+    ReadMap(oMap, BehindBaseBlock({ 0xF0, 2, 0x70 }));
+    EXPECT_EQ((std::pair{ 2U, 3U }), (std::pair{ oMap.GetField(oMap.FindLeaf(gsc_uiBlockSize + 1, 0)).m_uiIndex,
+                                                 oMap.GetField(oMap.FindLeaf(gsc_uiBlockSize + 2, 0)).m_uiIndex }));
+    ReadMap(oMap, BehindBaseBlock(MakeCta(ParseBytes("E3 05 00 00"))));
+    EXPECT_EQ(gsc_uiNone, oMap.GetField(oMap.FindLeaf(gsc_uiBlockSize + 7, 4)).m_uiIndex);
 }
 
 // Groups of one name in a block count from 0; the only one has no index. The records of a data block count in it.

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "MapWriter.h"
@@ -54,7 +56,8 @@ inline bool IsPrintable(const CMString& sText)
 inline std::string CheckMap(const CZorEdidMap& oMap)
 {
     std::vector<unsigned char> aui8Taken(oMap.GetSize());
-    std::vector<unsigned int> auiOpen; // groups around the field at hand
+    std::vector<unsigned int> auiOpen;                                     // groups around the field at hand
+    std::set<std::tuple<unsigned int, std::string, unsigned int>> aoNames; // group, name and number of groups
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
@@ -67,6 +70,14 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         {
             return "the depth" + sWhere;
         }
+        if (oField.m_uiGroup != (auiOpen.empty() ? CZorEdidMap::msc_uiNone : auiOpen.back()))
+        {
+            return "the group's index" + sWhere;
+        }
+        if (oField.m_uiLength == 0)
+        {
+            return "the length" + sWhere;
+        }
         if (!auiOpen.empty())
         {
             const CZorEdidMap::SField& oGroup = oMap.GetField(auiOpen.back());
@@ -78,25 +89,43 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         }
         if (oField.m_eKind == CZorEdidMap::eKind_Group)
         {
+            const bool bNew = aoNames.emplace(oField.m_uiGroup, oField.m_pszName, oField.m_uiIndex).second;
+            if (!auiOpen.empty() && !bNew) // blocks have numbers of their own
+            {
+                return "the number" + sWhere;
+            }
             auiOpen.push_back(i);
         }
         else if (oField.m_uiEnd != i + 1 || !TakePieces(oMap, i, aui8Taken))
         {
             return "the place" + sWhere;
         }
+        if (oField.m_pszMeaning != nullptr && oField.m_pszMeaning != gsc_szReserved &&
+            std::string(oField.m_pszMeaning) == gsc_szReserved)
+        {
+            return "a reserved value without its note" + sWhere;
+        }
         if (!IsPrintable(oMap.GetValue(i)))
         {
             return "the value" + sWhere;
         }
     }
-    for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+    unsigned int uiNote = 0;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
-        const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
-        if (oNote.m_pszText == nullptr || oNote.m_uiField >= oMap.GetFieldCount() ||
-            (i != 0 && oNote.m_uiField < oMap.GetNote(i - 1).m_uiField))
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        for (unsigned int j = 0; j < oField.m_uiNotes; ++j, ++uiNote)
         {
-            return "note " + std::to_string(i);
+            if (uiNote >= oMap.GetNoteCount() || uiNote != oField.m_uiFirstNote + j ||
+                oMap.GetNote(uiNote).m_uiField != i || oMap.GetNote(uiNote).m_pszText == nullptr)
+            {
+                return "note " + std::to_string(uiNote);
+            }
         }
+    }
+    if (uiNote != oMap.GetNoteCount())
+    {
+        return "notes of no field";
     }
     const auto itFree = std::ranges::find_if(aui8Taken, [](unsigned char ui8Bits) { return ui8Bits != 0xFF; });
     const char* pszOverlap = CMapWriter::GetOverlap(oMap);

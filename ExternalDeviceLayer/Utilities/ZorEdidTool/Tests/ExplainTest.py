@@ -68,7 +68,7 @@ class ExplainTest(ToolTest):
               35 37 39 31
 59            0a                           Line feed
 """, """
-15-17                                        Short audio descriptor 0: L-PCM, 2 channels
+15-17                                        Short audio descriptor: L-PCM, 2 channels
 15.7          09                               Reserved
 15.6-3        09                               Audio format code: L-PCM
 15.2-0        09                               Maximum number of channels: 2 channels

@@ -492,7 +492,7 @@ class CheckTest(ToolTest):
             ("a timing without clock among others", change({0xB4: "0000"}), [
                 "block 1 offset 0x34 (Padding): warning: padding is not 0"]),
             ("a name among the timings", change({0xEA: "000000fc00" + "41" * 12 + "0a"}), [
-                "block 1 offset 0x6a (Display product name 4 > Display descriptor indicator): note: display "
+                "block 1 offset 0x6a (Display product name > Display descriptor indicator): note: display "
                 "descriptor: found tag 0xfc, expected a timing or zeros: the library reads no more of the block"]),
             ("bytes behind the timings", change({0xFE: "01"}), [
                 "block 1 offset 0x6a (Padding): warning: padding is not 0"]),

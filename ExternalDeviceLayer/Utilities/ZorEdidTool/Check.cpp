@@ -7,6 +7,7 @@
 #include "CheckRules.h"
 #include "Json.h"
 #include "ManyFiles.h"
+#include "MapText.h"
 #include "TextFormat.h"
 #include "Tool.h"
 
@@ -32,7 +33,7 @@ std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
     std::string sText =
         ShowName(sName) + FormatText(": block %u offset 0x%02x", oFinding.m_uiBlock, oFinding.m_uiOffset);
     sText += oFinding.m_sField.empty() ? "" : " (" + oFinding.m_sField + ")";
-    sText += FormatText(": %s: ", GetSeverityName(oFinding.m_eSeverity)) + oFinding.m_sWhat;
+    sText += FormatText(": %s: ", GetNoteName(oFinding.m_eSeverity)) + oFinding.m_sWhat;
     sText += oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound;
     sText += oFinding.m_sExpected.empty() ? "" : ", expected " + oFinding.m_sExpected;
     return sText + "\n";
@@ -48,7 +49,7 @@ nlohmann::ordered_json MakeChecked(const std::string& sName, const std::vector<S
         {
             oMember["field"] = oFinding.m_sField;
         }
-        oMember["severity"] = GetSeverityName(oFinding.m_eSeverity);
+        oMember["severity"] = GetNoteName(oFinding.m_eSeverity);
         oMember["what"] = oFinding.m_sWhat;
         oMember["found"] = oFinding.m_sFound;
         oMember["expected"] = oFinding.m_sExpected;
@@ -70,7 +71,9 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
         return oOutcome;
     }
     SOutcome oOutcome;
-    const std::vector<SFinding> aoFindings = CheckImage(oInput.m_aui8Bytes, GetThisYear());
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    const std::vector<SFinding> aoFindings = CheckImage(oMap, GetThisYear());
     for (const SFinding& oFinding : aoFindings)
     {
         oOutcome.m_eExit = oFinding.HasWeight() ? eExit_Finding : oOutcome.m_eExit;
@@ -82,7 +85,7 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
     }
     for (const SFinding& oFinding : aoFindings)
     {
-        ++oCounts.m_aullFindings[static_cast<unsigned int>(oFinding.m_eSeverity)];
+        ++oCounts.m_aullFindings[oFinding.m_eSeverity];
     }
     oCounts.m_ullWeighty += oOutcome.m_eExit == eExit_Finding ? 1 : 0;
     return oOutcome;
@@ -93,8 +96,10 @@ std::string Summarise(const SCounts& oCounts)
     return FormatText("%llu images: %llu clean, %llu with findings of weight, %llu unreadable; errors %llu, "
                       "warnings %llu, notes %llu\n",
                       oCounts.m_ullImages.load(), oCounts.m_ullImages - oCounts.m_ullWeighty - oCounts.m_ullUnreadable,
-                      oCounts.m_ullWeighty.load(), oCounts.m_ullUnreadable.load(), oCounts.m_aullFindings[0].load(),
-                      oCounts.m_aullFindings[1].load(), oCounts.m_aullFindings[2].load());
+                      oCounts.m_ullWeighty.load(), oCounts.m_ullUnreadable.load(),
+                      oCounts.m_aullFindings[CZorEdidMap::eSeverity_Error].load(),
+                      oCounts.m_aullFindings[CZorEdidMap::eSeverity_Warning].load(),
+                      oCounts.m_aullFindings[CZorEdidMap::eSeverity_Note].load());
 }
 
 void Check(SCheckOptions& oOptions, STool& oTool)

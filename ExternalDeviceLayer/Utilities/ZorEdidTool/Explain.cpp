@@ -69,10 +69,9 @@ bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& s
     bool bFound = HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
                   HasText(GetCodeText(oField), sPart) || HasText(GetTimingNumber(oField), sPart) ||
                   (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
-    for (unsigned int i = FindNotes(oMap, uiField); i < oMap.GetNoteCount() && oMap.GetNote(i).m_uiField == uiField;
-         ++i)
+    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
     {
-        bFound = bFound || HasText(GetNoteText(oMap.GetNote(i)), sPart);
+        bFound = bFound || HasText(GetNoteText(oMap.GetNote(oField.m_uiFirstNote + i)), sPart);
     }
     return bFound;
 }
@@ -145,20 +144,16 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
     return oAsked;
 }
 
-// Which fields are asked for or are groups of those. Backwards, the next field of a smaller depth is the group.
+// Which fields are asked for or are groups of those.
 std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsigned int>& auiFields)
 {
     std::vector<bool> abShown(oMap.GetFieldCount(), false);
     for (const unsigned int uiField : auiFields)
     {
-        abShown[uiField] = true;
-    }
-    unsigned int uiInside = 0; // depth of what is shown of the group that comes next
-    for (unsigned int i = oMap.GetFieldCount(); i-- > 0;)
-    {
-        const unsigned int uiDepth = oMap.GetField(i).m_uiDepth;
-        abShown[i] = abShown[i] || uiDepth < uiInside;
-        uiInside = abShown[i] ? uiDepth : uiInside;
+        for (unsigned int i = uiField; i != gsc_uiNone && !abShown[i]; i = oMap.GetField(i).m_uiGroup)
+        {
+            abShown[i] = true;
+        }
     }
     return abShown;
 }
@@ -334,10 +329,10 @@ private:
 
     void AppendNotes(std::string& sLine, unsigned int uiField) const
     {
-        for (unsigned int uiNote = FindNotes(m_oMap, uiField);
-             uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(uiNote).m_uiField == uiField; ++uiNote)
+        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
+        for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
         {
-            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(uiNote);
+            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(oField.m_uiFirstNote + i);
             sLine += "  ";
             AppendPainted(sLine, gsc_apszNoteColours[oNote.m_eSeverity], "! " + GetNoteText(oNote));
         }

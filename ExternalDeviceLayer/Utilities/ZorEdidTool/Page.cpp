@@ -67,9 +67,10 @@ CHtml MakeBody(SPage& oPage)
     {
         oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ oPage.m_apoImages[i]->m_sFile } << "</span>";
     }
-    return oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\" hidden>Dark</button>\n</header>\n"
-                 << MakeLinks(oContent) << "<main id=\"content\">\n"
-                 << oContent << "</main>\n<footer><p>Made by zoredid page.</p></footer>\n";
+    return (oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\" hidden>Dark</button>\n</header>\n"
+                  << MakeLinks(oContent) << "<main id=\"content\">\n"
+                  << oContent << "</main>\n<footer><p>Made by zoredid page.</p></footer>\n")
+        .Take();
 }
 
 void WritePage(const SPageOptions& oOptions, STool& oTool)

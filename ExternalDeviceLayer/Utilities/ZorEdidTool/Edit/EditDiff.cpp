@@ -13,15 +13,13 @@ constexpr unsigned int gsc_uiBlockSize = 128;
 std::string NameBits(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned int uiMask)
 {
     std::string sNames;
-    std::vector<unsigned int> auiGroups;
+    unsigned int uiGroup = CZorEdidMap::msc_uiNone;
     for (const unsigned int uiLeaf : FindLeaves(oMap, uiOffset, uiMask))
     {
-        std::vector<unsigned int> auiChain = GetChain(oMap, uiLeaf);
-        auiChain.pop_back();
+        const CZorEdidMap::SField& oLeaf = oMap.GetField(uiLeaf);
         sNames += sNames.empty() ? "" : ", ";
-        sNames +=
-            !sNames.empty() && auiChain == auiGroups ? GetFieldName(oMap.GetField(uiLeaf)) : GetPath(oMap, uiLeaf);
-        auiGroups = auiChain;
+        sNames += !sNames.empty() && oLeaf.m_uiGroup == uiGroup ? GetFieldName(oLeaf) : GetPath(oMap, uiLeaf);
+        uiGroup = oLeaf.m_uiGroup;
     }
     return sNames;
 }

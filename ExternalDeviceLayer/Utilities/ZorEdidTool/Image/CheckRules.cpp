@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <map>
 #include <tuple>
 
 #include "Cea861Bytes.h"
@@ -38,22 +39,22 @@ public:
     {
     }
 
-    void Add(ESeverity eSeverity, unsigned int uiOffset, const char* pszWhat, const std::string& sFound,
+    void Add(CZorEdidMap::ESeverity eSeverity, unsigned int uiOffset, const char* pszWhat, const std::string& sFound,
              const std::string& sExpected)
     {
         m_aoFindings.push_back({ m_uiBlock, uiOffset, eSeverity, pszWhat, sFound, sExpected });
     }
     void Error(unsigned int uiOffset, const char* pszWhat, const std::string& sFound, const std::string& sExpected)
     {
-        Add(ESeverity::eError, uiOffset, pszWhat, sFound, sExpected);
+        Add(CZorEdidMap::eSeverity_Error, uiOffset, pszWhat, sFound, sExpected);
     }
     void Warning(unsigned int uiOffset, const char* pszWhat, const std::string& sFound, const std::string& sExpected)
     {
-        Add(ESeverity::eWarning, uiOffset, pszWhat, sFound, sExpected);
+        Add(CZorEdidMap::eSeverity_Warning, uiOffset, pszWhat, sFound, sExpected);
     }
     void Note(unsigned int uiOffset, const char* pszWhat, const std::string& sFound, const std::string& sExpected)
     {
-        Add(ESeverity::eNote, uiOffset, pszWhat, sFound, sExpected);
+        Add(CZorEdidMap::eSeverity_Note, uiOffset, pszWhat, sFound, sExpected);
     }
 
     unsigned int GetByte(unsigned int uiOffset) const { return m_pui8Bytes[uiOffset]; }
@@ -297,8 +298,9 @@ void CheckDisplayId(CBlockFindings& oFindings)
         const bool bLater = std::find(std::begin(gsc_auiLaterRevisions), std::end(gsc_auiLaterRevisions), uiRevision) !=
                             std::end(gsc_auiLaterRevisions);
         const std::string sFound = FormatText("%u.%u", uiRevision >> 4, uiRevision & 0x0F);
-        oFindings.Add(bLater ? ESeverity::eNote : ESeverity::eWarning, gsc_uiExtensionRevisionOffset,
-                      "DisplayID version", sFound, "1.2 at most: the library drops the block");
+        oFindings.Add(bLater ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning,
+                      gsc_uiExtensionRevisionOffset, "DisplayID version", sFound,
+                      "1.2 at most: the library drops the block");
     }
     if (uiLength > gsc_uiLongestSection)
     {
@@ -328,7 +330,7 @@ void CheckExtension(CBlockFindings& oFindings)
     else
     {
         const bool bKnown = strcmp(GetBlockKind(uiTag), "unknown") != 0;
-        oFindings.Add(bKnown ? ESeverity::eNote : ESeverity::eWarning, 0, "block kind",
+        oFindings.Add(bKnown ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning, 0, "block kind",
                       Byte(uiTag) + " (" + GetBlockKind(uiTag) + ")",
                       "0x02 (cea-861) or 0x70 (displayid): the library drops the block");
     }
@@ -363,23 +365,28 @@ unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
 
 // ---- Notes of the map ----
 
-ESeverity GetSeverity(CZorEdidMap::ESeverity eSeverity)
+// The worst that the rules say of a byte of the image, by its offset.
+using CWorst = std::map<unsigned int, CZorEdidMap::ESeverity>;
+
+CWorst FindWorst(const std::vector<SFinding>& aoRules)
 {
-    return eSeverity == CZorEdidMap::eSeverity_Error     ? ESeverity::eError
-           : eSeverity == CZorEdidMap::eSeverity_Warning ? ESeverity::eWarning
-                                                         : ESeverity::eNote;
+    CWorst aoWorst;
+    for (const SFinding& oFinding : aoRules)
+    {
+        const unsigned int uiOffset = oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset;
+        const auto [itPlace, bNew] = aoWorst.emplace(uiOffset, oFinding.m_eSeverity);
+        itPlace->second = std::max(itPlace->second, oFinding.m_eSeverity);
+    }
+    return aoWorst;
 }
 
 // Whether a rule says of this field that at least as much is wrong. What a rule says of a whole structure stands at its
 // first byte.
-bool IsTold(const std::vector<SFinding>& aoFindings, const CZorEdidMap::SField& oField, ESeverity eSeverity)
+bool IsTold(const CWorst& aoWorst, const CZorEdidMap::SField& oField, CZorEdidMap::ESeverity eSeverity)
 {
-    return std::any_of(aoFindings.begin(), aoFindings.end(), [&](const SFinding& oFinding) {
-        const unsigned int uiOffset = oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset;
-        const unsigned int uiLength = oField.m_eKind == CZorEdidMap::eKind_Group ? 1 : oField.m_uiLength;
-        return oFinding.m_eSeverity <= eSeverity && uiOffset >= oField.m_uiOffset &&
-               uiOffset - oField.m_uiOffset < uiLength;
-    });
+    const unsigned int uiLength = oField.m_eKind == CZorEdidMap::eKind_Group ? 1 : oField.m_uiLength;
+    return std::any_of(aoWorst.lower_bound(oField.m_uiOffset), aoWorst.lower_bound(oField.m_uiOffset + uiLength),
+                       [eSeverity](const auto& oPlace) { return oPlace.second >= eSeverity; });
 }
 
 // The value as the bytes have it: a note on a reserved value needs its number, one on characters their codes. One on a
@@ -408,46 +415,29 @@ std::string GetFound(const CZorEdidMap& oMap, unsigned int uiField)
 void AddNotes(const CZorEdidMap& oMap, unsigned int uiBlocks, std::vector<SFinding>& aoFindings)
 {
     const bool bDoubtful = uiBlocks != 0 && memcmp(oMap.GetData(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) != 0;
-    const std::vector<SFinding> aoRules = aoFindings;
+    const CWorst aoWorst = FindWorst(aoFindings);
     for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
     {
         const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
         const CZorEdidMap::SField& oField = oMap.GetField(oNote.m_uiField);
-        const ESeverity eSeverity = GetSeverity(oNote.m_eSeverity);
         const unsigned int uiBlock = oField.m_uiOffset / gsc_uiBlockSize;
-        if (uiBlock < uiBlocks && (uiBlock != 0 || !bDoubtful) && !IsTold(aoRules, oField, eSeverity))
+        if (uiBlock < uiBlocks && (uiBlock != 0 || !bDoubtful) && !IsTold(aoWorst, oField, oNote.m_eSeverity))
         {
-            aoFindings.push_back({ uiBlock, oField.m_uiOffset % gsc_uiBlockSize, eSeverity, oNote.m_pszText,
+            aoFindings.push_back({ uiBlock, oField.m_uiOffset % gsc_uiBlockSize, oNote.m_eSeverity, oNote.m_pszText,
                                    GetFound(oMap, oNote.m_uiField), "", GetPath(oMap, oNote.m_uiField) });
         }
     }
 }
 } // namespace
 
-const char* GetSeverityName(ESeverity eSeverity)
-{
-    switch (eSeverity)
-    {
-    case ESeverity::eError:
-        return "error";
-    case ESeverity::eWarning:
-        return "warning";
-    case ESeverity::eNote:
-        return "note";
-    }
-    return "";
-}
-
-std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, unsigned int uiThisYear)
+std::vector<SFinding> CheckImage(const CZorEdidMap& oMap, unsigned int uiThisYear)
 {
     std::vector<SFinding> aoFindings;
-    CZorEdidMap oMap;
-    oMap.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data());
     unsigned int uiChecked = 1; // blocks behind those that are announced are nobody's
-    const unsigned int uiBlocks = static_cast<unsigned int>(aui8Bytes.size() / gsc_uiBlockSize);
+    const unsigned int uiBlocks = oMap.GetSize() / gsc_uiBlockSize;
     for (unsigned int i = 0; i < std::min(uiBlocks, uiChecked); ++i)
     {
-        CBlockFindings oFindings(aoFindings, i, aui8Bytes.data() + i * size_t{ gsc_uiBlockSize });
+        CBlockFindings oFindings(aoFindings, i, oMap.GetData() + i * size_t{ gsc_uiBlockSize });
         if (i != 0)
         {
             CheckExtension(oFindings);
@@ -460,11 +450,11 @@ std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, un
     std::stable_sort(aoFindings.begin(), aoFindings.end(), [](const SFinding& oFirst, const SFinding& oSecond) {
         return std::tie(oFirst.m_uiBlock, oFirst.m_uiOffset) < std::tie(oSecond.m_uiBlock, oSecond.m_uiOffset);
     });
-    const unsigned int uiRest = static_cast<unsigned int>(aui8Bytes.size() % gsc_uiBlockSize);
+    const unsigned int uiRest = oMap.GetSize() % gsc_uiBlockSize;
     if (uiRest != 0 || uiBlocks == 0)
     {
         CBlockFindings(aoFindings, uiBlocks, nullptr)
-            .Error(uiRest, "size", FormatText("%zu bytes", aui8Bytes.size()), "a multiple of 128");
+            .Error(uiRest, "size", FormatText("%u bytes", oMap.GetSize()), "a multiple of 128");
     }
     for (SFinding& oFinding : aoFindings)
     {

@@ -5,30 +5,24 @@
 #include <string>
 #include <vector>
 
-enum class ESeverity
-{
-    eError,   // against the standard, and something is lost or refused
-    eWarning, // odd enough to look at
-    eNote     // allowed, but the library does not read it
-};
-
-const char* GetSeverityName(ESeverity eSeverity);
+#include "ZorEdidMap.h"
 
 struct SFinding
 {
-    unsigned int m_uiBlock;  // of the image; the base block is 0
-    unsigned int m_uiOffset; // in the block
-    ESeverity m_eSeverity;
+    unsigned int m_uiBlock;             // of the image; the base block is 0
+    unsigned int m_uiOffset;            // in the block
+    CZorEdidMap::ESeverity m_eSeverity; // a note: allowed, but the library does not read it
     std::string m_sWhat;
     std::string m_sFound;      // empty where the bytes are many
     std::string m_sExpected;   // empty where m_sWhat says it
     std::string m_sField = {}; // what stands there, as GetPath of MapText.h; empty behind the image
 
-    bool HasWeight() const { return m_eSeverity != ESeverity::eNote; }
+    bool HasWeight() const { return m_eSeverity != CZorEdidMap::eSeverity_Note; }
 };
 
-// Findings in the order of the blocks. uiThisYear is what no year of manufacture may exceed.
-std::vector<SFinding> CheckImage(const std::vector<unsigned char>& aui8Bytes, unsigned int uiThisYear);
+// Findings about the image that the map has read, in the order of the blocks. uiThisYear is what no year of manufacture
+// may exceed.
+std::vector<SFinding> CheckImage(const CZorEdidMap& oMap, unsigned int uiThisYear);
 
 // By the clock of this machine.
 unsigned int GetThisYear();

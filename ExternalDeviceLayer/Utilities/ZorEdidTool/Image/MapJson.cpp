@@ -85,20 +85,16 @@ std::string GetRaw(const CZorEdidMap& oMap, unsigned int uiField)
     return sRaw;
 }
 
-// uiNote is the first note that belongs to no field ahead of this one.
-void AddNotes(const CZorEdidMap& oMap, unsigned int uiField, unsigned int& uiNote, ordered_json& oJson)
+void AddNotes(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, ordered_json& oJson)
 {
-    for (; uiNote < oMap.GetNoteCount() && oMap.GetNote(uiNote).m_uiField <= uiField; ++uiNote)
+    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
     {
-        if (oMap.GetNote(uiNote).m_uiField == uiField)
-        {
-            const CZorEdidMap::SNote& oNote = oMap.GetNote(uiNote);
-            oJson["notes"].push_back({ { "severity", GetNoteName(oNote.m_eSeverity) }, { "text", oNote.m_pszText } });
-        }
+        const CZorEdidMap::SNote& oNote = oMap.GetNote(oField.m_uiFirstNote + i);
+        oJson["notes"].push_back({ { "severity", GetNoteName(oNote.m_eSeverity) }, { "text", oNote.m_pszText } });
     }
 }
 
-ordered_json MakeField(const CZorEdidMap& oMap, unsigned int uiField, unsigned int& uiNote)
+ordered_json MakeField(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
     ordered_json oJson = { { "name", oField.m_pszName } };
@@ -119,7 +115,7 @@ ordered_json MakeField(const CZorEdidMap& oMap, unsigned int uiField, unsigned i
             oJson["timing"]["indexes"] = { oField.m_uiTiming, oField.m_uiTiming + 1 };
         }
     }
-    AddNotes(oMap, uiField, uiNote, oJson);
+    AddNotes(oMap, oField, oJson);
     if (oField.m_eKind == CZorEdidMap::eKind_Group)
     {
         oJson["fields"] = ordered_json::array();
@@ -150,13 +146,12 @@ ordered_json MakeExplanation(const SInput& oInput, const CZorEdidMap& oMap, cons
     oJson["size"] = oMap.GetSize();
     ordered_json aoBlocks = ordered_json::array();
     std::vector<ordered_json> aoOpen; // the chain down to the last field, a place for each depth
-    unsigned int uiNote = 0;
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         if (abShown[i])
         {
             Close(aoOpen, oMap.GetField(i).m_uiDepth, aoBlocks);
-            aoOpen.push_back(MakeField(oMap, i, uiNote));
+            aoOpen.push_back(MakeField(oMap, i));
         }
     }
     Close(aoOpen, 0, aoBlocks);

@@ -58,13 +58,10 @@ std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField)
 
 std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    std::vector<unsigned int> auiChain = { uiField };
-    for (unsigned int i = uiField; oMap.GetField(auiChain.back()).m_uiDepth != 0 && i-- > 0;)
+    std::vector<unsigned int> auiChain;
+    for (unsigned int i = uiField; i != CZorEdidMap::msc_uiNone; i = oMap.GetField(i).m_uiGroup)
     {
-        if (oMap.GetField(i).m_uiDepth < oMap.GetField(auiChain.back()).m_uiDepth)
-        {
-            auiChain.push_back(i);
-        }
+        auiChain.push_back(i);
     }
     std::reverse(auiChain.begin(), auiChain.end());
     return auiChain;
@@ -222,18 +219,6 @@ std::string GetCodeText(const CZorEdidMap::SField& oField)
     return std::string_view("Video identification code") == oField.m_pszName
                ? "VIC " + std::to_string(oField.m_llNumber)
                : "";
-}
-
-unsigned int FindNotes(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    unsigned int uiNote = 0;
-    for (unsigned int uiEnd = oMap.GetNoteCount(); uiNote < uiEnd;)
-    {
-        const unsigned int uiMiddle = uiNote + (uiEnd - uiNote) / 2;
-        const bool bAhead = oMap.GetNote(uiMiddle).m_uiField < uiField;
-        (bAhead ? uiNote : uiEnd) = uiMiddle + (bAhead ? 1 : 0);
-    }
-    return uiNote;
 }
 
 std::string GetNoteText(const CZorEdidMap::SNote& oNote)

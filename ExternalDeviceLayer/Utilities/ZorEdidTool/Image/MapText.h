@@ -50,6 +50,4 @@ const char* GetTimingListName(CZorEdidMap::EList eList); // as zoredid modes has
 std::string GetTimingNumber(const CZorEdidMap::SField& oField);
 std::string GetCodeText(const CZorEdidMap::SField& oField);
 
-// The first note of a field, or of a later one: notes stand in the order of their fields.
-unsigned int FindNotes(const CZorEdidMap& oMap, unsigned int uiField);
 std::string GetNoteText(const CZorEdidMap::SNote& oNote); // "warning: reserved value"

@@ -46,7 +46,7 @@ public:
     {
     }
 
-    CHtml Make()
+    CHtml Make() const
     {
         CHtml oHtml;
         oHtml << "<div class=\"view\" data-key=\"" << SText{ m_pszKey } << "\">\n";
@@ -66,7 +66,7 @@ public:
               << "spellcheck=\"false\"></label>\n<p class=\"none\" role=\"status\"></p>\n<ul role=\"tree\" "
               << "aria-multiselectable=\"true\" aria-label=\"Fields" << SText{ GetOfImage() } << "\">\n";
         AddFields(oHtml);
-        return oHtml << "</ul>\n</div>\n</div>\n</div>\n";
+        return (oHtml << "</ul>\n</div>\n</div>\n</div>\n").Take();
     }
 
 private:
@@ -138,7 +138,7 @@ private:
 
     // ---- Tree ----
 
-    void AddFields(CHtml& oHtml)
+    void AddFields(CHtml& oHtml) const
     {
         std::vector<unsigned int> auiEnds; // of the open groups
         for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
@@ -181,7 +181,7 @@ private:
     }
 
     // A group stays open for the items in it.
-    void AddItem(unsigned int uiField, CHtml& oHtml)
+    void AddItem(unsigned int uiField, CHtml& oHtml) const
     {
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
         const SPageField& oPlace = m_oImage.m_aoFields[uiField];
@@ -209,7 +209,7 @@ private:
               << SText{ static_cast<const char*>(m_oMap.GetValue(uiField)) } << "</span> <span class=\"place\">"
               << SText{ GetPlace(uiField) } << "</span>";
         AddOther(oPlace, bGroup, oHtml);
-        AddNotes(uiField, oHtml);
+        AddNotes(oField, oHtml);
         oHtml << "</div>";
         if (bGroup)
         {
@@ -236,11 +236,11 @@ private:
         oHtml << SText{ m_oPage.GetMark(1 - m_uiImage) } << " has " << SText{ oPlace.m_sOther } << "</span>";
     }
 
-    void AddNotes(unsigned int uiField, CHtml& oHtml)
+    void AddNotes(const CZorEdidMap::SField& oField, CHtml& oHtml) const
     {
-        while (m_uiNote < m_oMap.GetNoteCount() && m_oMap.GetNote(m_uiNote).m_uiField <= uiField)
+        for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
         {
-            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(m_uiNote++);
+            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(oField.m_uiFirstNote + i);
             oHtml << " <span class=\"remark " << SText{ GetNoteName(oNote.m_eSeverity) } << "\">"
                   << SText{ GetNoteText(oNote) } << "</span>";
         }
@@ -251,7 +251,6 @@ private:
     const SPageImage& m_oImage;
     const CZorEdidMap& m_oMap;
     const char* const m_pszKey; // ahead of each identifier of this image
-    unsigned int m_uiNote = 0;  // the next note to write; they stand in the order of the fields
 };
 } // namespace
 
@@ -264,5 +263,5 @@ CHtml MakeBytes(const SPage& oPage)
     {
         oHtml << CByteView(oPage, i).Make();
     }
-    return oHtml << "</section>\n";
+    return (oHtml << "</section>\n").Take();
 }

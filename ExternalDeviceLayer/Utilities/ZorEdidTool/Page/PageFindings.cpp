@@ -25,7 +25,7 @@ CHtml MakePlace(const SPage& oPage, size_t uiImage, unsigned int uiOffset)
 
 CHtml MakeFinding(const SPage& oPage, size_t uiImage, const SFinding& oFinding)
 {
-    const SText oSeverity = { GetSeverityName(oFinding.m_eSeverity) };
+    const SText oSeverity = { GetNoteName(oFinding.m_eSeverity) };
     CHtml oHtml;
     oHtml << "<li><span class=\"badge " << oSeverity << "\">" << oSeverity << "</span> "
           << MakePlace(oPage, uiImage, oFinding.m_uiBlock * gsc_uiBlockSize + oFinding.m_uiOffset) << " <span><strong>"

@@ -113,14 +113,8 @@ bool HasName(const CZorEdidMap::SField& oField, std::string_view sPart)
 
 std::string DescribePreferredMode(const SPageImage& oImage)
 {
-    for (const SPageTiming& oTiming : oImage.m_aoTimings)
-    {
-        if (oTiming.m_oListed.m_bPreferred)
-        {
-            return DescribeMode(oTiming.m_oListed.m_oTiming);
-        }
-    }
-    return "";
+    const SListedTiming* poPreferred = oImage.FindPreferred();
+    return poPreferred != nullptr ? DescribeMode(poPreferred->m_oTiming) : "";
 }
 
 // The pixels of the display parameters of DisplayID; empty when they are not given.
@@ -152,9 +146,9 @@ std::string DescribeNativeModes(const SPageImage& oImage)
         {
             Append(sText, DescribePreferredMode(oImage));
         }
-        if (bSet && std::string_view("Native") == oField.m_pszName && oImage.m_aoFields[i].m_uiParent != gsc_uiNone)
+        if (bSet && std::string_view("Native") == oField.m_pszName && oField.m_uiGroup != gsc_uiNone)
         {
-            std::string sMode = oImage.GetValue(oImage.m_aoFields[i].m_uiParent); // of the short video descriptor
+            std::string sMode = oImage.GetValue(oField.m_uiGroup); // of the short video descriptor
             Append(sText, sMode.substr(0, sMode.rfind(", native")));
         }
         if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "Display parameters data block"))

@@ -120,7 +120,10 @@ std::string MakePage(const std::string& sTitle, const CHtml& oBody)
              "<meta name=\"color-scheme\" content=\"light dark\">\n<title>";
     sPage += oTitle.Get() + "</title>\n<style>";
     sPage += GetPageStyle();
-    sPage += "</style>\n</head>\n<body>\n" + oBody.Get() + "<script>";
+    sPage += "</style>\n</head>\n<body>\n";
+    sPage += oBody.Get();
+    sPage += "<script>";
     sPage += GetPageScript();
-    return sPage + "</script>\n</body>\n</html>\n";
+    sPage += "</script>\n</body>\n</html>\n";
+    return sPage;
 }

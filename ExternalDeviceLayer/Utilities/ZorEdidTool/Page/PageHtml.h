@@ -6,6 +6,7 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <utility>
 
 // A literal of the sources: only a constant expression makes one.
 struct SMarkup
@@ -51,6 +52,9 @@ public:
         m_sHtml += oPart.m_sHtml;
         return *this;
     }
+
+    // What a function gives at the end of a chain of <<, without a copy of the text.
+    CHtml Take() { return std::move(*this); }
 
     bool IsEmpty() const { return m_sHtml.empty(); }
     const std::string& Get() const { return m_sHtml; }

@@ -3,9 +3,11 @@
 #include "PageImage.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <set>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "Cea861Bytes.h"
@@ -24,9 +26,7 @@ std::string FindTitle(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
     {
         const CField& oField = oImage.m_oMap.GetField(i);
-        const unsigned int uiParent = oImage.m_aoFields[i].m_uiParent;
-        if (oField.m_eKind == CZorEdidMap::eKind_Text && uiParent != gsc_uiNone &&
-            oField.m_uiOffset >= EdidBaseLayout::gsc_uiContentsOffset &&
+        if (oField.m_eKind == CZorEdidMap::eKind_Text && oField.m_uiOffset >= EdidBaseLayout::gsc_uiContentsOffset &&
             oField.m_uiOffset < CEdidUtils::msc_uiBlockSize)
         {
             const unsigned int uiTag =
@@ -39,24 +39,6 @@ std::string FindTitle(const SPageImage& oImage)
         }
     }
     return oImage.m_sFile;
-}
-
-void FindParents(const CZorEdidMap& oMap, std::vector<SPageField>& aoFields)
-{
-    std::vector<unsigned int> auiOpen;
-    aoFields.resize(oMap.GetFieldCount());
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        while (!auiOpen.empty() && oMap.GetField(auiOpen.back()).m_uiEnd <= i)
-        {
-            auiOpen.pop_back();
-        }
-        aoFields[i].m_uiParent = auiOpen.empty() ? gsc_uiNone : auiOpen.back();
-        if (oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
-        {
-            auiOpen.push_back(i);
-        }
-    }
 }
 
 // Where the fields begin that lie behind the announced blocks.
@@ -72,56 +54,70 @@ unsigned int FindAnnounced(const CZorEdidMap& oMap)
     return uiField;
 }
 
-// The library leaves borders out. uiGroup is the map's group of the timing.
-void ReadBorders(const CZorEdidMap& oMap, unsigned int uiGroup, SPageTiming& oTiming)
+// The library leaves borders out. oGroup is the map's group of the timing; those of DisplayID have none.
+void ReadBorders(const CZorEdidMap& oMap, const CField& oGroup, SPageTiming& oTiming)
 {
-    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
+    constexpr unsigned int uiBorderOffset = 15; // of an 18-byte timing: pixels each side, then lines each side
+    if (oGroup.m_uiLength == sizeof(CEdidUtils::SEdidDetailedRaw))
     {
-        const CField& oField = oMap.GetField(i);
-        const std::string_view sName = oField.m_pszName;
-        if (oField.m_eKind == CZorEdidMap::eKind_Number && sName.find("border") != std::string_view::npos)
-        {
-            unsigned int& uiBorder = sName.front() == 'H' ? oTiming.m_uiBorderWidth : oTiming.m_uiBorderHeight;
-            uiBorder = static_cast<unsigned int>(oField.m_llNumber);
-        }
+        oTiming.m_uiBorderWidth = oMap.GetData()[oGroup.m_uiOffset + uiBorderOffset];
+        oTiming.m_uiBorderHeight = oMap.GetData()[oGroup.m_uiOffset + uiBorderOffset + 1];
     }
 }
 
-void FindBorders(const CZorEdidMap& oMap, SPageTiming& oTiming)
+// What the map says about the timings that the library lists, found in one pass.
+class CListedFields
 {
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+public:
+    explicit CListedFields(const CZorEdidMap& oMap) : m_oMap(oMap)
     {
-        const CField& oGroup = oMap.GetField(i);
-        if (oGroup.m_eList == CZorEdidMap::eList_Detailed && oGroup.m_uiTiming == oTiming.m_oListed.m_uiIndex)
+        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
         {
-            ReadBorders(oMap, i, oTiming);
-        }
-    }
-}
-
-// The library takes codes from 193 on as native forms of 65 and up, as CEA-861-F had it.
-std::string FindOtherCode(const CZorEdidMap& oMap, const SListedTiming& oListed)
-{
-    constexpr unsigned int uiFirstOther = 65;
-    constexpr unsigned int uiNativeBit = 0x80;
-    for (unsigned int i = 0; i < oMap.GetFieldCount() && oListed.m_bNative; ++i)
-    {
-        const CField& oField = oMap.GetField(i);
-        if (oField.m_uiOffset / CEdidUtils::msc_uiBlockSize != oListed.m_uiBlock || GetCodeText(oField).empty())
-        {
-            continue;
-        }
-        for (const unsigned int uiCode : oListed.m_oVics.m_auiCodes)
-        {
-            if (uiCode >= uiFirstOther && oField.m_llNumber == uiCode + uiNativeBit)
+            const CField& oField = oMap.GetField(i);
+            if (oField.m_eList == CZorEdidMap::eList_Detailed)
             {
-                return FormatText("the library reads byte %02x as VIC %u; by CTA-861-H it is VIC %u",
-                                  uiCode + uiNativeBit, uiCode, uiCode + uiNativeBit);
+                m_aoDetailed.emplace(oField.m_uiTiming, i);
+            }
+            if (oField.m_llNumber >= msc_uiFirstOther + msc_uiNativeBit && !GetCodeText(oField).empty())
+            {
+                m_aoCodes.emplace(oField.m_uiOffset / CEdidUtils::msc_uiBlockSize, oField.m_llNumber);
             }
         }
     }
-    return "";
-}
+
+    void Complete(SPageTiming& oTiming) const
+    {
+        oTiming.m_sOtherCode = FindOtherCode(oTiming.m_oListed);
+        const auto itGroup = m_aoDetailed.find(oTiming.m_oListed.m_uiIndex);
+        if (oTiming.m_oListed.m_eList == eTimingList_Detailed && itGroup != m_aoDetailed.end())
+        {
+            ReadBorders(m_oMap, m_oMap.GetField(itGroup->second), oTiming);
+        }
+    }
+
+private:
+    static constexpr unsigned int msc_uiFirstOther = 65;
+    static constexpr unsigned int msc_uiNativeBit = 0x80;
+
+    // The library takes codes from 193 on as native forms of 65 and up, as CEA-861-F had it.
+    std::string FindOtherCode(const SListedTiming& oListed) const
+    {
+        for (const unsigned int uiCode : oListed.m_oVics.m_auiCodes)
+        {
+            if (oListed.m_bNative && uiCode >= msc_uiFirstOther &&
+                m_aoCodes.contains({ oListed.m_uiBlock, uiCode + msc_uiNativeBit }))
+            {
+                return FormatText("the library reads byte %02x as VIC %u; by CTA-861-H it is VIC %u",
+                                  uiCode + msc_uiNativeBit, uiCode, uiCode + msc_uiNativeBit);
+            }
+        }
+        return "";
+    }
+
+    const CZorEdidMap& m_oMap;
+    std::map<unsigned int, unsigned int> m_aoDetailed;      // groups by the numbers of their timings
+    std::set<std::pair<unsigned int, long long>> m_aoCodes; // of each block
+};
 
 // ---- Modes of the map ----
 
@@ -196,7 +192,7 @@ void AddTimingsOfMap(SPageImage& oImage)
         };
         oPlace.m_oListed.m_bPreferred = oGroup.m_uiOffset == EdidBaseLayout::gsc_uiDescriptorsOffset &&
                                         EdidBaseLayout::IsPreferredTimingDeclared(oMap.GetData());
-        ReadBorders(oMap, i, oPlace);
+        ReadBorders(oMap, oGroup, oPlace);
         oImage.m_aoTimings.push_back(oPlace);
     }
 }
@@ -208,9 +204,9 @@ std::map<std::string, unsigned int> MakePaths(const SPageImage& oImage, std::vec
     std::map<std::string, unsigned int> aoCounts;
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
     {
-        const unsigned int uiParent = oImage.m_aoFields[i].m_uiParent;
-        const std::string sOpen = uiParent == gsc_uiNone ? "" : asPaths[uiParent] + "\n";
-        std::string sPath = sOpen + oImage.m_oMap.GetField(i).m_pszName;
+        const CField& oField = oImage.m_oMap.GetField(i);
+        const std::string sOpen = oField.m_uiGroup == gsc_uiNone ? "" : asPaths[oField.m_uiGroup] + "\n";
+        std::string sPath = sOpen + oField.m_pszName;
         sPath += FormatText("\t%u", aoCounts[sPath]++);
         aoFound.emplace(sPath, i);
         asPaths.push_back(sPath);
@@ -243,6 +239,7 @@ void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, 
 {
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
     {
+        const CField& oField = oImage.m_oMap.GetField(i);
         SPageField& oPlace = oImage.m_aoFields[i];
         const auto itOther = aoOthers.find(asPaths[i]);
         const unsigned int uiOther = itOther == aoOthers.end() ? gsc_uiNone : itOther->second;
@@ -251,7 +248,7 @@ void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, 
             continue;
         }
         oPlace.m_bOnlyHere = uiOther == gsc_uiNone;
-        if (oImage.m_oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
+        if (oField.m_eKind == CZorEdidMap::eKind_Group)
         {
             continue;
         }
@@ -260,22 +257,70 @@ void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, 
             oPlace.m_sOther = oOther.GetValue(uiOther);
         }
         oPlace.m_bDiffers = oPlace.m_bOnlyHere || oPlace.m_sOther != oImage.GetValue(i);
-        for (unsigned int uiUp = oPlace.m_uiParent; oPlace.m_bDiffers && uiUp != gsc_uiNone;
-             uiUp = oImage.m_aoFields[uiUp].m_uiParent)
+        for (unsigned int uiUp = oField.m_uiGroup; oPlace.m_bDiffers && uiUp != gsc_uiNone;
+             uiUp = oImage.m_oMap.GetField(uiUp).m_uiGroup)
         {
             oImage.m_aoFields[uiUp].m_bDiffers = true;
         }
     }
 }
 
+// The timings of an image by what equal ones have in common. Clocks and line rates are compared with a tolerance.
+class CTimingIndex
+{
+public:
+    explicit CTimingIndex(const std::vector<SPageTiming>& aoTimings)
+    {
+        for (const SPageTiming& oTiming : aoTimings)
+        {
+            m_aoByKey[MakeKey(oTiming.m_oListed.m_oTiming)].push_back(&oTiming.m_oListed.m_oTiming);
+        }
+        // Of a thousand timings that are all the same, one is enough.
+        for (auto& [oKey, apoTimings] : m_aoByKey)
+        {
+            std::ranges::sort(apoTimings, IsAhead);
+            const auto fnSame = [](const auto* poOne, const auto* poOther) {
+                return !IsAhead(poOne, poOther) && !IsAhead(poOther, poOne);
+            };
+            apoTimings.erase(std::unique(apoTimings.begin(), apoTimings.end(), fnSame), apoTimings.end());
+        }
+    }
+
+    bool Has(const CVidParamTimingGeneric& oTiming) const
+    {
+        const auto itFound = m_aoByKey.find(MakeKey(oTiming));
+        return itFound != m_aoByKey.end() &&
+               std::ranges::any_of(itFound->second, [&](const auto* poOther) { return (*poOther == oTiming) != 0; });
+    }
+
+private:
+    using CKey = std::array<unsigned int, 9>;
+
+    static CKey MakeKey(const CVidParamTimingGeneric& oTiming)
+    {
+        return { oTiming.GetHorizontalActive(),   oTiming.GetVerticalActive(),      oTiming.GetHorizontalFrontPorch(),
+                 oTiming.GetHorizontalSync(),     oTiming.GetHorizontalBackPorch(), oTiming.GetVerticalRateInHz(),
+                 oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(),        oTiming.GetVerticalBackPorch() };
+    }
+
+    static bool IsAhead(const CVidParamTimingGeneric* poOne, const CVidParamTimingGeneric* poOther)
+    {
+        const auto fnKey = [](const CVidParamTimingGeneric& oTiming) {
+            return std::make_tuple(oTiming.GetPixelClockInHz(), oTiming.GetHorizontalRateInHz(), oTiming.IsInterlaced(),
+                                   oTiming.Is420ColorSpace(), oTiming.Is3D());
+        };
+        return fnKey(*poOne) < fnKey(*poOther);
+    }
+
+    std::map<CKey, std::vector<const CVidParamTimingGeneric*>> m_aoByKey;
+};
+
 void CompareTimings(SPageImage& oImage, const SPageImage& oOther)
 {
+    const CTimingIndex oIndex(oOther.m_aoTimings);
     for (SPageTiming& oTiming : oImage.m_aoTimings)
     {
-        oTiming.m_bOnlyHere =
-            std::none_of(oOther.m_aoTimings.begin(), oOther.m_aoTimings.end(), [&oTiming](const SPageTiming& oNext) {
-                return (oNext.m_oListed.m_oTiming == oTiming.m_oListed.m_oTiming) != 0;
-            });
+        oTiming.m_bOnlyHere = !oIndex.Has(oTiming.m_oListed.m_oTiming);
     }
 }
 } // namespace
@@ -283,9 +328,9 @@ void CompareTimings(SPageImage& oImage, const SPageImage& oOther)
 SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::move(oInput))
 {
     m_oMap.Read(static_cast<unsigned int>(m_oInput.m_aui8Bytes.size()), m_oInput.m_aui8Bytes.data());
-    FindParents(m_oMap, m_aoFields);
+    m_aoFields.resize(m_oMap.GetFieldCount());
     m_uiAnnounced = FindAnnounced(m_oMap);
-    m_aoFindings = CheckImage(m_oInput.m_aui8Bytes, uiThisYear);
+    m_aoFindings = CheckImage(m_oMap, uiThisYear);
     m_sFile = ShowName(m_oInput.m_sName.substr(m_oInput.m_sName.find_last_of('/') + 1));
     m_sTitle = FindTitle(*this);
     if (!m_oLoaded.Load(m_oInput))
@@ -296,14 +341,11 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
     }
     char szMaker[64] = {};
     m_sMaker = m_oLoaded.GetEdid().GetManufacturerName(szMaker, sizeof(szMaker)) != 0 ? szMaker : "";
+    const CListedFields oFields(m_oMap);
     for (const SListedTiming& oListed : ListTimings(m_oLoaded))
     {
         m_aoTimings.push_back({ oListed });
-        m_aoTimings.back().m_sOtherCode = FindOtherCode(m_oMap, oListed);
-        if (oListed.m_eList == eTimingList_Detailed)
-        {
-            FindBorders(m_oMap, m_aoTimings.back());
-        }
+        oFields.Complete(m_aoTimings.back());
     }
     FindUnlisted(*this);
 }
@@ -318,6 +360,13 @@ std::string SPageImage::GetValueAt(unsigned int uiOffset, unsigned int uiBit) co
 {
     const unsigned int uiLeaf = m_oMap.FindLeaf(uiOffset, uiBit);
     return uiLeaf == gsc_uiNone ? "" : static_cast<const char*>(m_oMap.GetValue(uiLeaf));
+}
+
+const SListedTiming* SPageImage::FindPreferred() const
+{
+    const auto itPreferred =
+        std::ranges::find_if(m_aoTimings, [](const SPageTiming& oTiming) { return oTiming.m_oListed.m_bPreferred; });
+    return itPreferred == m_aoTimings.end() ? nullptr : &itPreferred->m_oListed;
 }
 
 double SPageImage::GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const

@@ -19,7 +19,6 @@ struct SPageField
     bool m_bDiffers = false;   // a leaf with another value, or one that only this image has; a group with such a leaf
     bool m_bOnlyHere = false;  // of a leaf or a group
     std::string m_sOther = {}; // the other value of a leaf
-    unsigned int m_uiParent = CZorEdidMap::msc_uiNone;
 };
 
 struct SPageTiming
@@ -45,6 +44,8 @@ struct SPageImage
     std::string GetValue(unsigned int uiField) const { return static_cast<const char*>(m_oMap.GetValue(uiField)); }
     // Its number, decimals applied; 0 behind the image.
     double GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const;
+    // The preferred timing, of which there is one at most; null without one.
+    const SListedTiming* FindPreferred() const;
 
     SInput m_oInput;
     CZorEdidMap m_oMap;

@@ -159,27 +159,31 @@ struct STimingRow
         m_sPreferred; // "preferred", of a pair with those who prefer it unless both do; empty for another timing
 };
 
-bool IsPreferredBy(const SPageImage& oImage, const SListedTiming& oListed)
+// poPreferred is the timing that an image prefers; null for none.
+bool IsPreferred(const SListedTiming* poPreferred, const SListedTiming& oListed)
 {
-    return std::any_of(oImage.m_aoTimings.begin(), oImage.m_aoTimings.end(), [&oListed](const SPageTiming& oNext) {
-        return oNext.m_oListed.m_bPreferred && oNext.m_oListed.m_eList == oListed.m_eList &&
-               (oNext.m_oListed.m_oTiming == oListed.m_oTiming) != 0;
-    });
+    return poPreferred != nullptr && poPreferred->m_eList == oListed.m_eList &&
+           (poPreferred->m_oTiming == oListed.m_oTiming) != 0;
 }
 
-std::string GetPreferred(const SPage& oPage, const SListedTiming& oListed)
+std::string GetPreferred(const std::vector<const SListedTiming*>& apoPreferred, const SListedTiming& oListed)
 {
-    if (!oPage.IsPair())
+    if (apoPreferred.size() == 1)
     {
         return oListed.m_bPreferred ? "preferred" : "";
     }
-    const bool bFirst = IsPreferredBy(*oPage.m_apoImages[0], oListed);
-    const bool bSecond = IsPreferredBy(*oPage.m_apoImages[1], oListed);
+    const bool bFirst = IsPreferred(apoPreferred[0], oListed);
+    const bool bSecond = IsPreferred(apoPreferred[1], oListed);
     return bFirst && bSecond ? "preferred" : bFirst ? "preferred by A" : bSecond ? "preferred by B" : "";
 }
 
 std::vector<STimingRow> ListRows(const SPage& oPage)
 {
+    std::vector<const SListedTiming*> apoPreferred;
+    for (const auto& poImage : oPage.m_apoImages)
+    {
+        apoPreferred.push_back(poImage->FindPreferred());
+    }
     std::vector<STimingRow> aoRows;
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
@@ -188,7 +192,7 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
             if (i == 0 || oTiming.m_bOnlyHere)
             {
                 aoRows.push_back({ &oTiming, oPage.IsPair() && !oTiming.m_bOnlyHere ? "both" : oPage.GetMark(i),
-                                   GetPreferred(oPage, oTiming.m_oListed) });
+                                   GetPreferred(apoPreferred, oTiming.m_oListed) });
             }
         }
     }
@@ -315,5 +319,5 @@ CHtml MakeTimings(const SPage& oPage)
     {
         oHtml << CTimingPicture(*aoRows[i].m_poTiming).Make(i);
     }
-    return oHtml << "</div>\n</div>\n</section>\n";
+    return (oHtml << "</div>\n</div>\n</section>\n").Take();
 }

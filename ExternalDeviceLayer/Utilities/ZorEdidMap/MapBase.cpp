@@ -1,81 +1,54 @@
 // The base block, VESA E-EDID standard, Release A Revision 2 (1.4), and 1.3 with its predecessors where they differ.
 // Offsets are those of the block. The 18-byte descriptors stand in MapDescriptors.cpp.
 
-#include "MapDescriptors.h"
-#include "MapValue.h"
+#include "MapBase.h"
 
 #include <string.h>
 
+#include <algorithm>
+
+#include "EdidBase.h"
+#include "EdidBaseLayout.h"
+#include "MapNames.h"
+#include "MapValue.h"
+
+using namespace EdidBaseLayout;
+
 namespace
 {
-constexpr unsigned int gsc_uiDescriptorsOffset = 0x36;
-constexpr unsigned int gsc_uiDescriptorCount = 4;
-constexpr unsigned int gsc_uiDescriptorTagOffset = 3;
-constexpr unsigned int gsc_uiTagName = 0xFC;
-constexpr unsigned int gsc_uiTagRangeLimits = 0xFD;
+constexpr unsigned int gsc_uiDescriptorCount = CEdidBase::msc_uiDescriptorCount;
 
-bool IsRevision4(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision >= 4; }
-bool IsBefore4(const CRecord& oRecord) { return !IsRevision4(oRecord); }
 bool IsRevision3(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision == 3; }
 
 // ---- Header, E-EDID 3.3 ----
 
 const char* CheckHeader(const CRecord& oRecord, unsigned int)
 {
-    constexpr unsigned char aui8Header[] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
-    for (unsigned int i = 0; i < sizeof(aui8Header); ++i)
-    {
-        if (oRecord.GetByte(i) != aui8Header[i])
-        {
-            return "not the header of a base block";
-        }
-    }
-    return nullptr;
+    return HasHeader(oRecord) ? nullptr : "not the header of a base block";
 }
-
-constexpr SRow gsc_oHeaderRow = { Run(0x00, 8), "Header", Bytes(), nullptr, CheckHeader };
 
 // ---- Vendor and product identification, E-EDID 3.4 ----
 
-constexpr unsigned int gsc_uiLetters = 3;
-constexpr unsigned int gsc_uiLetterBits = 5;
-
-unsigned int GetLetter(unsigned int uiValue, unsigned int uiLetter)
+// Rows of the manufacturer's name lie over both of its bytes.
+CMString FormatMaker(const CRecord& oRecord, unsigned int)
 {
-    return (uiValue >> (gsc_uiLetterBits * (gsc_uiLetters - 1 - uiLetter))) & ((1U << gsc_uiLetterBits) - 1);
+    return CMString(ReadManufacturerCode(oRecord.GetData()).m_szCode);
 }
 
-CMString FormatMaker(const CRecord&, unsigned int uiValue)
+const char* CheckMaker(const CRecord& oRecord, unsigned int)
 {
-    CMString oText;
-    for (unsigned int i = 0; i < gsc_uiLetters; ++i)
-    {
-        oText += static_cast<char>('A' - 1 + static_cast<int>(GetLetter(uiValue, i)));
-    }
-    return oText;
+    const SManufacturerCode oCode = ReadManufacturerCode(oRecord.GetData());
+    const bool bLetters = std::all_of(oCode.m_szCode, oCode.m_szCode + gsc_uiManufacturerLetters,
+                                      [](char cOne) { return cOne >= 'A' && cOne <= 'Z'; });
+    return bLetters ? nullptr : "not three letters";
 }
 
-const char* CheckMaker(const CRecord&, unsigned int uiValue)
-{
-    constexpr unsigned int uiZ = 'Z' - 'A' + 1;
-    for (unsigned int i = 0; i < gsc_uiLetters; ++i)
-    {
-        if (GetLetter(uiValue, i) < 1 || GetLetter(uiValue, i) > uiZ)
-        {
-            return "not three letters";
-        }
-    }
-    return nullptr;
-}
-
-constexpr unsigned int gsc_uiWeekOffset = 0x10;
 constexpr unsigned int gsc_uiModelYearWeek = 0xFF;
 
 bool IsModelYear(const CRecord& oRecord)
 {
     return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWeekOffset) == gsc_uiModelYearWeek;
 }
-bool IsManufactureYear(const CRecord& oRecord) { return !IsModelYear(oRecord); }
 
 const char* CheckYear(const CRecord& oRecord, unsigned int uiValue)
 {
@@ -83,7 +56,6 @@ const char* CheckYear(const CRecord& oRecord, unsigned int uiValue)
     return IsRevision4(oRecord) && uiValue < uiFirstYear ? "before 2006, which 1.4 reserves" : nullptr;
 }
 
-constexpr SMeaning gsc_aoNotGiven[] = { { 0, 0, "not given" } };
 constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 54, 255, gsc_szReserved } };
 constexpr SMeaning gsc_aoWeeks14[] = { { 0, 0, "not given" },
                                        { 0x37, 0xFE, gsc_szReserved },
@@ -94,10 +66,10 @@ constexpr SRow gsc_aoIdentityRows[] = {
     { Split({ { 0x08, 6, 0 }, { 0x09, 7, 0 } }), "ID manufacturer name", Text().Text(FormatMaker), nullptr,
       CheckMaker },
     { Little16(0x0A), "ID product code", Number() },
-    { Little32(0x0C), "ID serial number", Number().With(gsc_aoNotGiven) },
+    { Little32(0x0C), "ID serial number", Number().With(gsc_aoZeroNotGiven) },
     { Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
     { Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
-    { Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsManufactureYear, CheckYear },
+    { Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsNot<IsModelYear>, CheckYear },
     { Byte(0x11), "Model year", Number().Times(1, 1990), IsModelYear, CheckYear },
 };
 constexpr STable gsc_oIdentityTable = { "Vendor and product identification", CZorEdidMap::eArea_Identity,
@@ -120,14 +92,13 @@ constexpr STable gsc_oVersionTable = { "EDID structure version and revision", CZ
 // ---- Basic display parameters and features, E-EDID 3.6 ----
 
 bool IsDigital(const CRecord& oRecord) { return oRecord.GetFacts().m_bDigital; }
-bool IsAnalog(const CRecord& oRecord) { return !IsDigital(oRecord); }
+constexpr auto IsAnalog = IsNot<IsDigital>;
 bool IsDigital4(const CRecord& oRecord) { return IsDigital(oRecord) && IsRevision4(oRecord); }
 bool IsDigital2To3(const CRecord& oRecord)
 {
     return IsDigital(oRecord) && IsBefore4(oRecord) && oRecord.GetFacts().m_uiRevision >= 2;
 }
 bool IsDigitalBefore2(const CRecord& oRecord) { return IsDigital(oRecord) && oRecord.GetFacts().m_uiRevision < 2; }
-bool IsAnalogOrBefore4(const CRecord& oRecord) { return !IsDigital4(oRecord); }
 
 // E-EDID table 3.10 to 3.12
 constexpr SMeaning gsc_aoSignal[] = { { 0, 0, "analog" }, { 1, 1, "digital" } };
@@ -149,19 +120,16 @@ constexpr SMeaning gsc_aoInterfaces[] = {
 };
 
 // Sizes: both given, an aspect ratio (1.4), or neither.
-constexpr unsigned int gsc_uiWidthOffset = 0x15;
-constexpr unsigned int gsc_uiHeightOffset = 0x16;
-
 bool IsLandscape(const CRecord& oRecord)
 {
-    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWidthOffset) != 0 && oRecord.GetByte(gsc_uiHeightOffset) == 0;
+    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiImageWidthOffset) != 0 &&
+           oRecord.GetByte(gsc_uiImageHeightOffset) == 0;
 }
 bool IsPortrait(const CRecord& oRecord)
 {
-    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWidthOffset) == 0 && oRecord.GetByte(gsc_uiHeightOffset) != 0;
+    return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiImageWidthOffset) == 0 &&
+           oRecord.GetByte(gsc_uiImageHeightOffset) != 0;
 }
-bool IsNotLandscape(const CRecord& oRecord) { return !IsLandscape(oRecord); }
-bool IsNotPortrait(const CRecord& oRecord) { return !IsPortrait(oRecord); }
 
 CMString FormatPortrait(const CRecord&, unsigned int uiValue)
 {
@@ -169,7 +137,6 @@ CMString FormatPortrait(const CRecord&, unsigned int uiValue)
 }
 
 constexpr SMeaning gsc_aoSizes[] = { { 0, 0, "not known or variable" } };
-constexpr SMeaning gsc_aoGamma[] = { { 0xFF, 0xFF, "not given here" } };
 
 constexpr SMeaning gsc_aoColorTypes[] = {
     { 0, 0, "monochrome or grayscale" },
@@ -215,16 +182,16 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { Bit(0x14, 0), "DFP 1.x compatible", Flag(), IsDigital2To3 },
     { Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths), IsDigital4 }, // per primary color
     { Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces), IsDigital4 },
-    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), IsNotLandscape },
+    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), IsNot<IsLandscape> },
     { Byte(0x15), "Aspect ratio, landscape", Number(": 1").Times(1, 99).Decimals(2), IsLandscape },
-    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), IsNotPortrait },
+    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), IsNot<IsPortrait> },
     // The number is height / width.
     { Byte(0x16), "Aspect ratio, portrait", Number().Times(1, 99).Decimals(2).Text(FormatPortrait), IsPortrait },
-    { Byte(0x17), "Display transfer characteristic (gamma)", Number().Times(1, 100).Decimals(2).With(gsc_aoGamma) },
+    { Byte(0x17), "Display transfer characteristic (gamma)", HundredthsFrom1().With(gsc_aoGammaNotHere) },
     { Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
     { Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
     { Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
-    { Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsAnalogOrBefore4 },
+    { Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsNot<IsDigital4> },
     { Bits(0x18, 4, 3), "Supported color encoding formats", Names(gsc_aoEncodings), IsDigital4 },
     { Bit(0x18, 2), "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
     { Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4, CheckPreferred }, // the first detailed timing is it
@@ -236,8 +203,6 @@ constexpr STable gsc_oDisplayTable = { "Basic display parameters and features", 
                                        gsc_aoDisplayRows };
 
 // ---- Display x, y chromaticity coordinates, E-EDID 3.7: n / 1024 ----
-
-constexpr SForm Chromaticity() { return Number().Times(10000).Over(1024).Decimals(4); }
 
 constexpr SRow gsc_aoColorRows[] = {
     { Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } }), "Red x", Chromaticity() },
@@ -253,11 +218,6 @@ constexpr STable gsc_oColorTable = { "Display x, y chromaticity coordinates", CZ
                                      gsc_aoColorRows };
 
 // ---- Established timings I and II, E-EDID 3.8 ----
-
-constexpr SRow Mode(unsigned int uiOffset, unsigned int uiBit, const char* pszName)
-{
-    return { Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
-}
 
 constexpr SRow gsc_aoEstablishedRows[] = {
     Mode(0x23, 7, "720 x 400 @ 70 Hz"),
@@ -295,7 +255,7 @@ bool IsUnusedPair(const CRecord& oRecord)
 {
     return oRecord.GetByte(0) == gsc_uiUnusedCode && oRecord.GetByte(1) == gsc_uiUnusedCode;
 }
-bool IsUsedPair(const CRecord& oRecord) { return !IsUnusedPair(oRecord); }
+constexpr auto IsUsedPair = IsNot<IsUnusedPair>;
 bool IsSquarePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision < 3; }
 bool IsWidePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision >= 3; }
 
@@ -327,16 +287,12 @@ CMString FormatPair(const CRecord& oRecord)
     const SRatio& oRatio = gsc_aoRatios[uiAspect];
     const bool bSquare = uiAspect == 0 && IsSquarePair(oRecord);
     const unsigned int uiLines = bSquare ? uiPixels : uiPixels * oRatio.m_uiHeight / oRatio.m_uiWidth;
-    CMString oText;
-    oText.Format("%u x %u @ %u Hz", uiPixels, uiLines, oRecord.GetBits(1, 5, 0) + uiFirstRate);
-    return oText;
+    return ModeText({ uiPixels, uiLines, false, oRecord.GetBits(1, 5, 0) + uiFirstRate });
 }
-
-const char* CheckPixelCode(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "00h is reserved" : nullptr; }
 
 constexpr SRow gsc_aoPairRows[] = {
     { Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
-    { Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248), IsUsedPair, CheckPixelCode },
+    { Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248), IsUsedPair, CheckReservedZero },
     { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair },
     { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair },
     { Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
@@ -350,14 +306,13 @@ constexpr SRow gsc_oExtensionCountRow = { Byte(0x7E), "Extension block count", N
 
 bool IsDetailed(const CRecord& oBlock, unsigned int uiDescriptor)
 {
-    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
+    const unsigned int uiOffset = DescriptorOffset(uiDescriptor);
     return oBlock.GetByte(uiOffset) != 0 || oBlock.GetByte(uiOffset + 1) != 0;
 }
 
 bool IsTagged(const CRecord& oBlock, unsigned int uiDescriptor, unsigned int uiTag)
 {
-    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
-    return !IsDetailed(oBlock, uiDescriptor) && oBlock.GetByte(uiOffset + gsc_uiDescriptorTagOffset) == uiTag;
+    return !IsDetailed(oBlock, uiDescriptor) && oBlock.GetByte(DescriptorOffset(uiDescriptor) + gsc_uiTagOffset) == uiTag;
 }
 
 bool HasDescriptor(const CRecord& oBlock, unsigned int uiTag)
@@ -374,7 +329,7 @@ bool HasDescriptor(const CRecord& oBlock, unsigned int uiTag)
 
 CRecord GetDescriptor(const CRecord& oBlock, unsigned int uiDescriptor)
 {
-    const unsigned int uiOffset = gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiMapDescriptorSize;
+    const unsigned int uiOffset = DescriptorOffset(uiDescriptor);
     return { oBlock.GetFacts(), oBlock.GetData() + uiOffset, gsc_uiMapDescriptorSize };
 }
 
@@ -402,7 +357,7 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
     SRangeLimits oLimits = {};
     for (unsigned int i = 0; i < gsc_uiDescriptorCount && !oLimits.m_bThere; ++i)
     {
-        if (IsTagged(oBlock, i, gsc_uiTagRangeLimits))
+        if (IsTagged(oBlock, i, gsc_ui8TagRangeLimits))
         {
             oLimits = ReadRangeLimits(GetDescriptor(oBlock, i));
         }
@@ -419,17 +374,16 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
 
 void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBlockField)
 {
-    constexpr unsigned int uiFeaturesOffset = 0x18;
-    const bool bRange = HasDescriptor(oBlock, gsc_uiTagRangeLimits);
+    const bool bRange = HasDescriptor(oBlock, gsc_ui8TagRangeLimits);
     if (IsRevision3(oBlock) && !bRange)
     {
         oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning, "1.3 requires display range limits");
     }
-    if (IsRevision3(oBlock) && !HasDescriptor(oBlock, gsc_uiTagName))
+    if (IsRevision3(oBlock) && !HasDescriptor(oBlock, gsc_ui8TagName))
     {
         oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning, "1.3 requires a display product name");
     }
-    if (IsRevision4(oBlock) && oBlock.IsSet(uiFeaturesOffset, 0) && !bRange)
+    if (IsRevision4(oBlock) && oBlock.IsSet(gsc_uiFeaturesOffset, 0) && !bRange)
     {
         oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning,
                         "a continuous frequency display requires display range limits");
@@ -440,8 +394,9 @@ void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBloc
 void NoteBlockMap(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiCountOffset)
 {
     constexpr unsigned int uiBlockMapTag = 0xF0;
-    const unsigned int uiTag = oWriter.GetByte(uiCountOffset - 0x7E + CMapWriter::msc_uiBlockSize);
-    if (IsRevision3(oBlock) && oBlock.GetByte(0x7E) > 1 && uiTag != uiBlockMapTag)
+    const unsigned int uiTag =
+        oWriter.GetByte(uiCountOffset - gsc_uiExtensionCountOffset + CMapWriter::msc_uiBlockSize);
+    if (IsRevision3(oBlock) && oBlock.GetByte(gsc_uiExtensionCountOffset) > 1 && uiTag != uiBlockMapTag)
     {
         oWriter.AddNote(oWriter.FindLeaf(uiCountOffset, 0), CZorEdidMap::eSeverity_Warning,
                         "1.3 requires a block map ahead of two or more extension blocks");
@@ -461,26 +416,39 @@ void AddPart(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, u
 }
 } // namespace
 
-constexpr STable g_oStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows, FormatPair };
+constinit const SRow g_oHeaderRow = { Run(0x00, 8), "Header", Bytes(), nullptr, CheckHeader };
+
+bool HasHeader(const CRecord& oRecord)
+{
+    for (unsigned int i = 0; i < sizeof(EDID_V1_HEADER); ++i)
+    {
+        if (oRecord.GetByte(i) != EDID_V1_HEADER[i])
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+constinit const STable g_oStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows,
+                                                  FormatPair };
 
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    constexpr unsigned int uiPairsOffset = 0x26;
-    constexpr unsigned int uiPairSize = 2;
     const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
     const unsigned int uiField = oWriter.BeginBlock("Base block", uiOffset, uiLength);
-    oWriter.AddLeaf(gsc_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    oWriter.AddLeaf(g_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
     AddPart(oWriter, gsc_oIdentityTable, uiOffset, uiLength, 0x08, 10);
     AddPart(oWriter, gsc_oVersionTable, uiOffset, uiLength, 0x12, 2);
     AddPart(oWriter, gsc_oDisplayTable, uiOffset, uiLength, 0x14, 5);
     AddPart(oWriter, gsc_oColorTable, uiOffset, uiLength, 0x19, 10);
     AddPart(oWriter, gsc_oEstablishedTable, uiOffset, uiLength, 0x23, 3);
-    oWriter.AddItems(g_oStandardTimingTable, uiOffset + uiPairsOffset, gsc_uiDescriptorsOffset - uiPairsOffset,
-                     uiPairSize);
+    oWriter.AddItems(g_oStandardTimingTable, uiOffset + gsc_uiStandardsOffset,
+                     gsc_uiDescriptorsOffset - gsc_uiStandardsOffset, gsc_uiStandardTimingSize);
     unsigned int auiFields[gsc_uiDescriptorCount] = {};
     for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
     {
-        auiFields[i] = MapDescriptor(oWriter, uiOffset + gsc_uiDescriptorsOffset + i * gsc_uiMapDescriptorSize);
+        auiFields[i] = MapDescriptor(oWriter, uiOffset + DescriptorOffset(i));
     }
     if (uiLength == CMapWriter::msc_uiBlockSize)
     {
@@ -489,6 +457,6 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
         NoteMissing(oWriter, oBlock, uiField);
     }
     oWriter.AddLeaf(gsc_oExtensionCountRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
-    NoteBlockMap(oWriter, oBlock, uiOffset + 0x7E);
+    NoteBlockMap(oWriter, oBlock, uiOffset + gsc_uiExtensionCountOffset);
     oWriter.EndBlock();
 }

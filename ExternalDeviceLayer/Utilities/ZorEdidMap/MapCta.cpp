@@ -4,7 +4,12 @@
 
 #include <algorithm>
 
+#include "Cea861Bytes.h"
+#include "EdidBaseLayout.h"
 #include "MapCtaBlocks.h"
+#include "MapOther.h"
+
+using namespace Cea861Layout;
 
 namespace
 {
@@ -45,16 +50,7 @@ constexpr SKey AudioVendor(unsigned int uiOui)
     return { gsc_ui8ExtendedTag, gsc_ui8VendorAudio, gsc_ui8VendorAudio, uiOui };
 }
 
-// Bytes of the payload that the standard asks for.
-struct SSize
-{
-    unsigned int m_uiLeast;
-    unsigned int m_uiMost;
-};
-
-constexpr SSize AtLeast(unsigned int uiSize) { return { uiSize, 31 }; }
-constexpr SSize Exactly(unsigned int uiSize) { return { uiSize, uiSize }; }
-constexpr SSize gsc_oAnySize = AtLeast(0);
+constexpr SPayloadRule gsc_oAnySize = AtLeast(0);
 
 enum ERule : unsigned char
 {
@@ -89,7 +85,7 @@ struct SDataBlock
     SKey m_oKey;
     const char* m_pszName;
     EArea m_eArea = eUnused;
-    SSize m_oSize = gsc_oAnySize;
+    SPayloadRule m_oSize = gsc_oAnySize;
     ERule m_eRule = eAny;
     SContent m_oContent = {}; // the payload of a row without one is unknown
 };
@@ -101,7 +97,7 @@ constexpr SKey gsc_oHdmiSinkKey = Extended(121);
 // A row with an OUI stands ahead of the row for any.
 constexpr SDataBlock gsc_aoDataBlocks[] = {
     { Tag(0), "Reserved data block" },
-    { Tag(1), "Audio data block", eAudio, AtLeast(3), eAny, Items(g_oCtaAudioTable, 3) },
+    { Tag(1), "Audio data block", eAudio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
     { Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
     { gsc_oHdmiKey, "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
     { gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce, Walk(MapCtaHdmiForum) },
@@ -161,7 +157,6 @@ constexpr SDataBlock gsc_oNoExtendedTag = { Extended(0, 255), "Extended data blo
 
 // ---- The header of a data block: CTA-861-H 7.5 ----
 
-constexpr unsigned int gsc_uiHeaderSize = 1;
 constexpr unsigned int gsc_uiExtendedSize = 2; // with the extended tag
 constexpr unsigned int gsc_uiOuiSize = 3;
 constexpr unsigned int gsc_uiMostHeader = gsc_uiExtendedSize + gsc_uiOuiSize;
@@ -175,23 +170,6 @@ constexpr SMeaning gsc_aoTags[] = {
     { 5, 5, "VESA display transfer characteristic" },
     { 6, 6, "video format" },
     { 7, 7, "use extended tag" },
-};
-
-// As IEEE assigns them; CTA-861 stores the least significant byte first.
-constexpr SMeaning gsc_aoOuis[] = {
-    { 0x00001A, 0x00001A, "AMD" },
-    { 0x00044B, 0x00044B, "NVIDIA" },
-    { 0x000C03, 0x000C03, "HDMI Licensing" },
-    { 0x000C6E, 0x000C6E, "ASUSTek" },
-    { 0x0010FA, 0x0010FA, "Apple" },
-    { 0x0012FA, 0x0012FA, "THX" },
-    { 0x0014B9, 0x0014B9, "MStar" },
-    { 0x00D046, 0x00D046, "Dolby Laboratories" },
-    { 0x00E047, 0x00E047, "InFocus" },
-    { 0x1ABBFB, 0x1ABBFB, "UHD Alliance" },
-    { 0x90848B, 0x90848B, "HDR10+ Technologies" },
-    { 0xC45DD8, 0xC45DD8, "HDMI Forum" },
-    { 0xCA125C, 0xCA125C, "Microsoft" },
 };
 
 constexpr bool HasOui(unsigned int uiTag, unsigned int uiExtended)
@@ -230,15 +208,13 @@ bool IsExtendedVendor(const CRecord& oHeader)
     return IsExtended(oHeader) && HasOui(gsc_ui8ExtendedTag, oHeader.GetByte(1));
 }
 
-constexpr SForm gsc_oOui = Names(gsc_aoOuis).Text(CtaOuiText);
-
 constexpr SRow gsc_aoHeaderRows[] = {
     { Bits(0, 7, 5), "Tag code", Names(gsc_aoTags) },
     { Bits(0, 4, 0), "Length", Number("bytes") },
     { Byte(1), "Extended tag code", Names({ gsc_oExtendedTags.m_aoMeanings, gsc_oExtendedTags.m_uiCount }),
       IsExtended },
-    { Little24(1), "IEEE OUI", gsc_oOui, IsVendor },
-    { Little24(2), "IEEE OUI", gsc_oOui, IsExtendedVendor },
+    { Little24(1), "IEEE OUI", Oui(), IsVendor },
+    { Little24(2), "IEEE OUI", Oui(), IsExtendedVendor },
 };
 constexpr STable gsc_oHeaderTable = { "Data block header", eStructure, gsc_aoHeaderRows };
 
@@ -298,6 +274,10 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 
 // ---- What is off about a data block ----
 
+constexpr SPayloadNotes gsc_oPayloadNotes = { "is shorter than the standard has it",
+                                              "is longer than the standard has it",
+                                              "is no whole number of descriptors long" };
+
 void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, bool bAgain, bool bFirst)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
@@ -315,17 +295,9 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its OUI");
     }
-    else if (oFound.GetPayloadSize() < oKind.m_oSize.m_uiLeast)
+    else if (const char* pszText = CheckPayload(oKind.m_oSize, oFound.GetPayloadSize(), gsc_oPayloadNotes))
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is shorter than the standard has it");
-    }
-    else if (oFound.GetPayloadSize() > oKind.m_oSize.m_uiMost)
-    {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is longer than the standard has it");
-    }
-    else if (oKind.m_oContent.m_uiItemSize > 1 && oFound.GetPayloadSize() % oKind.m_oContent.m_uiItemSize != 0)
-    {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is no whole number of descriptors long");
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, pszText);
     }
     if (oKind.m_eRule != eAny && bAgain)
     {
@@ -463,18 +435,8 @@ bool MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int u
 
 namespace
 {
-constexpr unsigned int gsc_uiRevisionOffset = 1;
-constexpr unsigned int gsc_uiDetailedStartOffset = 2; // this byte holds where the detailed timings begin
-constexpr unsigned int gsc_uiFlagsOffset = 3;
 constexpr unsigned int gsc_uiBasicAudioBit = 6;
-constexpr unsigned int gsc_uiDataBlocksOffset = 4;
-constexpr unsigned int gsc_uiDescriptorSize = 18;
-constexpr unsigned int gsc_uiChecksumOffset = 127;
-constexpr unsigned int gsc_uiBlockSize = 128;
-constexpr unsigned int gsc_uiRevisionWithFlags = 2;
-constexpr unsigned int gsc_uiRevisionWithDataBlocks = 3;
 
-constexpr SMeaning gsc_aoExtensionTags[] = { { 2, 2, "CTA-861 extension" } };
 constexpr SMeaning gsc_aoRevisions[] = {
     { 1, 1, "EIA/CEA-861" },
     { 2, 2, "CEA-861-A" },
@@ -482,15 +444,13 @@ constexpr SMeaning gsc_aoRevisions[] = {
 };
 constexpr SMeaning gsc_aoStarts[] = { { 0, 0, "no data blocks, no detailed timings" }, { 4, 4, "no data blocks" } };
 
-bool HasFlags(const CRecord& oBlock) { return oBlock.GetByte(gsc_uiRevisionOffset) >= gsc_uiRevisionWithFlags; }
-
-bool HasNoFlags(const CRecord& oBlock) { return !HasFlags(oBlock); }
+bool HasFlags(const CRecord& oBlock) { return oBlock.GetByte(gsc_uiRevisionOffset) >= gsc_uiNativeCountRevision; }
 
 constexpr bool IsStart(unsigned int uiStart) { return uiStart >= gsc_uiDataBlocksOffset && uiStart < gsc_uiBlockSize; }
 
 const char* CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
 {
-    return uiRevision == 0 || uiRevision > gsc_uiRevisionWithDataBlocks ? "revision is not published" : nullptr;
+    return uiRevision == 0 || uiRevision > gsc_uiHighestRevision ? "revision is not published" : nullptr;
 }
 
 const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
@@ -499,7 +459,6 @@ const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 }
 
 constexpr SRow gsc_aoBlockRows[] = {
-    { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
     { Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
     { Byte(2), "Offset of the detailed timing descriptors", Number("bytes").Named(gsc_aoStarts), nullptr, CheckStart },
     { Bit(3, 7), "Underscan", Flag(), HasFlags },
@@ -507,7 +466,7 @@ constexpr SRow gsc_aoBlockRows[] = {
     { Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },
     { Bit(3, 4), "YCbCr 4:2:2", Flag(), HasFlags },
     { Bits(3, 3, 0), "Total number of native formats in the detailed timing descriptors", Number(), HasFlags },
-    { Byte(3), "Reserved", Reserved(), HasNoFlags },
+    { Byte(3), "Reserved", Reserved(), IsNot<HasFlags> },
 };
 constexpr STable gsc_oBlockTable = { "CTA-861 extension block", eStructure, gsc_aoBlockRows };
 
@@ -533,7 +492,7 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     const unsigned int uiFirst = uiOffset + gsc_uiDataBlocksOffset;
     const unsigned int uiLength = uiStart - gsc_uiDataBlocksOffset;
     const unsigned int uiField = oWriter.BeginGroup("Data block collection", eStructure, uiFirst, uiLength);
-    if (oBlock.GetByte(gsc_uiRevisionOffset) < gsc_uiRevisionWithDataBlocks)
+    if (oBlock.GetByte(gsc_uiRevisionOffset) < gsc_uiDataBlocksRevision)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "this revision of the block has no data blocks");
         oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
@@ -552,9 +511,9 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
 void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
 {
     const bool bCut = uiEnd < gsc_uiChecksumOffset;
-    for (; uiEnd - uiStart >= gsc_uiDescriptorSize; uiStart += gsc_uiDescriptorSize)
+    for (; uiEnd - uiStart >= gsc_uiDetailedSize; uiStart += gsc_uiDetailedSize)
     {
-        if (!IsDescriptor(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDescriptorSize)))
+        if (!IsDescriptor(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDetailedSize)))
         {
             break;
         }
@@ -568,21 +527,19 @@ void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int
 // Detailed timings of the base block and of the CTA-861 blocks up to this one.
 unsigned int CountDetailed(const CMapWriter& oWriter, unsigned int uiBlock)
 {
-    constexpr unsigned int uiDescriptorsOffset = 54; // of the base block
-    constexpr unsigned int uiBaseEnd = 126;
     const auto fnCount = [&](unsigned int uiFirst, unsigned int uiEnd) {
         unsigned int uiCount = 0;
-        for (; uiFirst + gsc_uiDescriptorSize <= uiEnd; uiFirst += gsc_uiDescriptorSize)
+        for (; uiFirst + gsc_uiDetailedSize <= uiEnd; uiFirst += gsc_uiDetailedSize)
         {
             uiCount += (oWriter.GetByte(uiFirst) | oWriter.GetByte(uiFirst + 1)) != 0 ? 1U : 0U;
         }
         return uiCount;
     };
-    unsigned int uiCount = fnCount(uiDescriptorsOffset, uiBaseEnd);
+    unsigned int uiCount = fnCount(EdidBaseLayout::gsc_uiDescriptorsOffset, EdidBaseLayout::gsc_uiExtensionCountOffset);
     for (unsigned int uiAt = gsc_uiBlockSize; uiAt <= uiBlock; uiAt += gsc_uiBlockSize)
     {
         const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);
-        if (oWriter.GetByte(uiAt) == gsc_aoExtensionTags[0].m_uiFirst && IsStart(uiStart))
+        if (oWriter.GetByte(uiAt) == gsc_uiTag && IsStart(uiStart))
         {
             uiCount += fnCount(uiAt + uiStart, uiAt + gsc_uiChecksumOffset);
         }
@@ -607,6 +564,7 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     const unsigned int uiStart = oBlock.GetByte(gsc_uiDetailedStartOffset);
     const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
     oWriter.BeginBlock(gsc_oBlockTable.m_pszName, uiOffset, uiLength);
+    oWriter.AddLeaf(g_oExtensionTagRow, eStructure, uiOffset, uiLength);
     oWriter.AddRows(gsc_oBlockTable, uiOffset, std::min(uiLength, gsc_uiDataBlocksOffset));
     NoteNative(oWriter, oBlock, uiOffset);
     if (IsStart(uiStart) && uiEnd > gsc_uiDataBlocksOffset)
@@ -623,30 +581,6 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
 }
 
 // ---- Helpers of the other files ----
-
-const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue)
-{
-    for (const SMeaning& oMeaning : aoMeanings)
-    {
-        if (oMeaning.m_uiFirst <= uiValue && uiValue <= oMeaning.m_uiLast)
-        {
-            return oMeaning.m_pszName;
-        }
-    }
-    return nullptr;
-}
-
-CMString CtaOuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
-{
-    CMString sText;
-    sText.Format("%02X-%02X-%02X", uiOui >> 16, (uiOui >> 8) & 0xFF, uiOui & 0xFF);
-    const char* pszName = FindMeaning(gsc_aoOuis, uiOui);
-    if (pszName != nullptr)
-    {
-        sText.AppendFormat(" %s", pszName);
-    }
-    return sText;
-}
 
 void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int (*pfnLength)(unsigned int uiFirstByte))

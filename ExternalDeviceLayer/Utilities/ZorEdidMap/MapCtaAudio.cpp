@@ -91,7 +91,7 @@ bool WhereExtended(const CRecord& oAudio)
     return WhereFormat<eFormat_Extended>(oAudio) && GetExtended(oAudio) == EXTENDED;
 }
 
-bool IsFormat(const CRecord& oAudio) { return !WhereFormat<eFormat_Reserved>(oAudio); }
+constexpr auto IsFormat = IsNot<WhereFormat<eFormat_Reserved>>;
 bool IsMat4OrLater(const CRecord& oAudio) { return WhereFormat<eFormat_Mat>(oAudio) && oAudio.IsSet(2, 0); }
 
 // Which bits of the descriptor mean what is not known for these.
@@ -166,8 +166,8 @@ constexpr SMeaning gsc_aoSurroundSignals[] = { { 0, 0, "implicit" }, { 1, 1, "im
 constexpr SRow gsc_aoAudioRows[] = {
     { Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },
     { Bits(2, 7, 3), "Audio format extended code", Names(gsc_aoExtended), WhereFormat<eFormat_Extended> },
-    { Bits(0, 2, 0), "Maximum number of channels", Number("channels").Times(1, 1), HasChannels },
-    { Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } }), "Maximum number of channels", Number("channels").Times(1, 1),
+    { Bits(0, 2, 0), "Maximum number of channels", NumberFrom1("channels"), HasChannels },
+    { Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } }), "Maximum number of channels", NumberFrom1("channels"),
       WhereExtended<eExtended_Pcm3d> },
     { Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels), WhereExtended<eExtended_MpegH> },
     { Bit(1, 6), "192 kHz", Flag(), IsFormat, CheckRate192 },
@@ -203,9 +203,8 @@ constexpr SRow gsc_aoAudioRows[] = {
 CMString AudioSummary(const CRecord& oAudio)
 {
     const bool bExtended = WhereFormat<eFormat_Extended>(oAudio);
-    const char* pszName =
-        bExtended ? FindMeaning(gsc_aoExtended, GetExtended(oAudio)) : FindMeaning(gsc_aoFormats, GetFormat(oAudio));
-    CMString sText(pszName != nullptr ? pszName : "");
+    CMString sText(bExtended ? FindMeaning(gsc_aoExtended, GetExtended(oAudio))
+                             : FindMeaning(gsc_aoFormats, GetFormat(oAudio)));
     if (HasChannels(oAudio))
     {
         sText.AppendFormat(", %u channels", oAudio.GetBits(0, 2, 0) + 1);
@@ -220,7 +219,6 @@ constexpr unsigned int gsc_uiSpeakerSize = 3;
 constexpr unsigned int gsc_uiHdmiSpeakerSize = 4;
 
 bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmiSpeakerSize; }
-bool IsOfHdmi(const CRecord& oSpeakers) { return !IsOfCta(oSpeakers); }
 
 constexpr SMeaning gsc_aoAllocations[] = {
     { 0, 0, gsc_szReserved },  { 1, 1, "10.2 channels" }, { 2, 2, "22.2 channels" },
@@ -244,7 +242,7 @@ constexpr SRow gsc_aoSpeakerRows[] = {
     { Bit(1, 2), "TpFC Top front center", Flag() },
     { Bit(1, 1), "TpC Top center", Flag() },
     { Bit(1, 0), "TpFL/TpFR Top front left/right", Flag() },
-    { Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsOfHdmi },
+    { Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
     { Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag() },
     { Bit(2, 2), "BtFL/BtFR Bottom front left/right", Flag() },
     { Bit(2, 1), "BtFC Bottom front center", Flag() },
@@ -260,7 +258,7 @@ constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not support
 
 constexpr SRow gsc_aoHdmiHeadRows[] = {
     { Bit(0, 2), "Supports_MS_NonMixed", Flag() },
-    { Bits(0, 1, 0), "Max_Stream_Count", Number("streams").Times(1, 1).With(gsc_aoNoStreams) },
+    { Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
     { Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
 };
 constexpr STable gsc_oHdmiHeadTable = { "HDMI audio data block", eAudio, gsc_aoHdmiHeadRows };
@@ -275,7 +273,7 @@ bool WhereHdmiFormat(const CRecord& oAudio)
 
 constexpr SRow gsc_aoHdmiAudioRows[] = {
     { Bits(0, 3, 0), "3D audio format", Names(gsc_aoFormats) },
-    { Bits(1, 4, 0), "Maximum number of channels", Number("channels").Times(1, 1) },
+    { Bits(1, 4, 0), "Maximum number of channels", NumberFrom1("channels") },
     { Bit(2, 6), "192 kHz", Flag() },
     { Bit(2, 5), "176.4 kHz", Flag() },
     { Bit(2, 4), "96 kHz", Flag() },
@@ -292,14 +290,14 @@ constexpr STable gsc_oHdmiAudioTable = { "HDMI 3D audio descriptor", eAudio, gsc
 
 // ---- Room Configuration Data Block: CTA-861-H 7.5.15 ----
 
-// Of a maximum; two's complement in 1/64.
-constexpr SForm Part(const char* pszOf) { return Number(pszOf).Signed().Times(15625).Decimals(6); }
+// Of a maximum; two's complement.
+constexpr SForm Part(const char* pszOf) { return Fraction(pszOf, 64, 6).Signed(); }
 
 constexpr SRow gsc_aoRoomRows[] = {
     { Bit(0, 7), "Display", Flag() },
     { Bit(0, 6), "Speaker", Flag() },
     { Bit(0, 5), "SLD", Flag() },
-    { Bits(0, 4, 0), "Speaker count", Number("L-PCM channels").Times(1, 1), WhereSet<0, 6> },
+    { Bits(0, 4, 0), "Speaker count", NumberFrom1("L-PCM channels"), WhereSet<0, 6> },
     { Byte(4), "Xmax", Number("dm") },
     { Byte(5), "Ymax", Number("dm") },
     { Byte(6), "Zmax", Number("dm") },
@@ -359,8 +357,7 @@ constexpr SRow gsc_aoLocationRows[] = {
 
 CMString LocationSummary(const CRecord& oLocation)
 {
-    const char* pszName = FindMeaning(gsc_aoSpeakerIds, oLocation.GetBits(1, 4, 0));
-    return pszName != nullptr ? CMString(pszName) : CMString();
+    return CMString(FindMeaning(gsc_aoSpeakerIds, oLocation.GetBits(1, 4, 0)));
 }
 constexpr STable gsc_oLocationTable = { "Speaker location descriptor", eAudio, gsc_aoLocationRows, LocationSummary };
 
@@ -377,7 +374,7 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { Bit(0, 5), "Surround speaker zone", Flag() },
     { Bit(0, 4), "Center speaker zone", Flag() },
     { Bit(0, 3), "Unknown", Unknown() },
-    { Bits(0, 2, 0), "Version", Number().Times(1, 1) },
+    { Bits(0, 2, 0), "Version", NumberFrom1() },
     { Bit(1, 0), "MAT PCM at 48 kHz only", Flag() },
     { Bits(1, 7, 1), "Unknown", Unknown() },
     { RunToEnd(2), "Unknown", Unknown() },

@@ -1,11 +1,12 @@
 // What the CTA-861 files of the map share: the payload that a data block's walk is given, the tables and walks that
-// MapCta.cpp dispatches to, and helpers for conditions. For MapCta*.cpp only.
+// MapCta.cpp dispatches to, and helpers of walks. For MapCta*.cpp only.
 //
 // Rows of data blocks count from the payload: the first byte behind the header, the extended tag and the OUI.
 
 #pragma once
 
-#include "MapWriter.h"
+#include "MapForms.h"
+#include "MapNames.h"
 
 // ---- What walks are given ----
 
@@ -28,35 +29,17 @@ struct SCtaPayload
 
 using CtaWalk = void (*)(CMapWriter& oWriter, const SCtaPayload& oPayload);
 
-// ---- Helpers of tables and walks ----
-
-// A condition of rows.
-template <unsigned int OFFSET, unsigned int BIT>
-bool WhereSet(const CRecord& oRecord)
-{
-    return oRecord.IsSet(OFFSET, BIT);
-}
-
-// The meaning of a value; null for one that the list lacks.
-const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue);
+// ---- Helpers of walks ----
 
 // Records that tell their length in their first byte: up to the end, the last one cut there and noted. pfnLength gives
 // 1 or more.
 void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int (*pfnLength)(unsigned int uiFirstByte));
 
-inline constexpr unsigned int gsc_uiBitsOfByte = 8;
-
 // The bits of a byte that stand for the video codes of a collection, bit 0 for the one at uiFirst: fields of the names
 // of these codes. aoRows has a row for each bit, from bit 0 on. Bits without a code are left.
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
-                      std::span<const SRow, gsc_uiBitsOfByte> aoRows);
-
-// "00-0C-03 HDMI Licensing".
-CMString CtaOuiText(const CRecord& oRecord, unsigned int uiOui);
-
-// The name of the format of a short video descriptor; null for a code that is not published.
-const char* GetVideoCodeName(unsigned int uiSvd);
+                      std::span<const SRow, gsc_uiBits> aoRows);
 
 // The luminance of an 8-bit code, in 10^-6 cd/m2: 50 * 2 ^ (code / 32), and of a minimum: maximum * (code / 255) ^ 2 /
 // 100. CTA-861-H 7.5.13.

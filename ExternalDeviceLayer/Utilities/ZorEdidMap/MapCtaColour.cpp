@@ -67,7 +67,6 @@ constexpr unsigned int gsc_uiMaximumOffset = 2; // of the HDR Static Metadata Da
 
 // The minimum is a part of the maximum.
 bool HasMaximum(const CRecord& oHdr) { return oHdr.GetByte(gsc_uiMaximumOffset) != 0; }
-bool HasNoMaximum(const CRecord& oHdr) { return !HasMaximum(oHdr); }
 
 long long StaticMinimum(const CRecord& oHdr, unsigned int uiCode)
 {
@@ -85,7 +84,6 @@ const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
     return uiMaximum != 0 && uiCode > uiMaximum ? "is above the maximum luminance" : nullptr;
 }
 
-constexpr SMeaning gsc_aoNotIndicated[] = { { 0, 0, "not indicated" } };
 constexpr SMeaning gsc_aoMinimumAlone[] = { { 0, 0, "not indicated" }, { 1, 255, "not known" } };
 
 constexpr SRow gsc_aoStaticRows[] = {
@@ -95,13 +93,14 @@ constexpr SRow gsc_aoStaticRows[] = {
     { Bit(0, 0), "Traditional gamma, SDR luminance range", Flag() },
     { Bit(1, 0), "Static metadata type 1", Flag() },
     { Byte(2), "Desired content max luminance",
-      Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoNotIndicated) },
+      Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated) },
     { Byte(3), "Desired content max frame-average luminance",
-      Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoNotIndicated), nullptr,
+      Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated), nullptr,
       CheckFrameAverage },
     { Byte(4), "Desired content min luminance",
-      Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoNotIndicated), HasMaximum },
-    { Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone), HasNoMaximum,
+      Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoZeroNotIndicated),
+      HasMaximum },
+    { Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone), IsNot<HasMaximum>,
       CheckMinimumAlone },
 };
 
@@ -145,8 +144,7 @@ constexpr SRow gsc_aoDynamicRows[] = {
 
 CMString DynamicSummary(const CRecord& oType)
 {
-    const char* pszName = FindMeaning(gsc_aoDynamicTypes, GetDynamicType(oType));
-    return pszName != nullptr ? CMString(pszName) : CMString();
+    return CMString(FindMeaning(gsc_aoDynamicTypes, GetDynamicType(oType)));
 }
 constexpr STable gsc_oDynamicTable = { "Supported HDR dynamic metadata", eColour, gsc_aoDynamicRows, DynamicSummary };
 
@@ -189,7 +187,6 @@ constexpr auto Is1Long = WhereDolby<1, gsc_uiDolbyLongSize>;
 constexpr auto Is2 = WhereDolby<2, gsc_uiDolbySize>;
 bool Is1Short(const CRecord& oDolby) { return Is1(oDolby) && !Is1Long(oDolby); }
 bool Is0To2(const CRecord& oDolby) { return Is0(oDolby) || Is1(oDolby) || Is2(oDolby); }
-bool IsOther(const CRecord& oDolby) { return !Is0To2(oDolby); }
 
 // The luminance of a 12-bit code by the EOTF of SMPTE ST 2084, in 10^-6 cd/m2.
 constexpr unsigned int gsc_uiPqDecimals = 6;
@@ -229,8 +226,8 @@ constexpr SForm Pq()
     return Number("cd/m2").Computed(PqNumber<STEP, LEAST>).Text(PqText<STEP, LEAST>).Decimals(gsc_uiPqDecimals);
 }
 // A chromaticity in 1/4096, and in 1/256 above a least value that is given in 10^-5.
-constexpr SForm gsc_oIn4096 = Number().Times(100000).Over(4096).Decimals(5);
-constexpr SForm In256(unsigned int uiLeast) { return Number().Times(100000, uiLeast).Over(256).Decimals(5); }
+constexpr SForm gsc_oIn4096 = Fraction(nullptr, 4096, 5);
+constexpr SForm In256(unsigned int uiLeast) { return Fraction(nullptr, 256, 5).Times(100000, uiLeast); }
 
 // (code / 127) ^ 2, in 10^-5 cd/m2.
 long long DolbyMinimum(const CRecord& /*oDolby*/, unsigned int uiCode)
@@ -254,8 +251,8 @@ constexpr SMeaning gsc_ao444Depths[] = {
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {
     { Bits(0, 7, 5), "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
-    { Bits(0, 4, 0), "Unknown", Unknown(), IsOther },
-    { RunToEnd(1), "Unknown", Unknown(), IsOther },
+    { Bits(0, 4, 0), "Unknown", Unknown(), IsNot<Is0To2> },
+    { RunToEnd(1), "Unknown", Unknown(), IsNot<Is0To2> },
     { Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
 
     { Bit(0, 1), "2160p60", Flag(), Is0 },

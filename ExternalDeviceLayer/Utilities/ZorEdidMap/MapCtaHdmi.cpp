@@ -42,7 +42,6 @@ const char* CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
     return uiPresent != 0 && !HasLatency(oHdmi) ? "is set without Latency_Fields_Present" : nullptr;
 }
 
-constexpr SMeaning gsc_aoNotIndicated[] = { { 0, 0, "not indicated" } };
 constexpr SMeaning gsc_aoLatencies[] = {
     { 0, 0, "not indicated" },
     { 252, 254, gsc_szReserved },
@@ -58,7 +57,7 @@ constexpr SRow gsc_aoHdmiRows[] = {
     { Bit(2, 4), "DC_30bit", Flag() },
     { Bit(2, 3), "DC_Y444", Flag() },
     { Bit(2, 0), "DVI_Dual", Flag() },
-    { Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoNotIndicated), nullptr, CheckTmdsClock },
+    { Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoZeroNotIndicated), nullptr, CheckTmdsClock },
     { Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag() },
     { Bit(4, gsc_uiInterlacedLatencyBit), "I_Latency_Fields_Present", Flag(), nullptr, CheckInterlaced },
     { Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag() },
@@ -128,12 +127,7 @@ constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
 
 constexpr SMeaning gsc_aoInMask[] = { { 0, 0, "not in 3D" }, { 1, 1, "in 3D" } };
-constexpr SRow gsc_aoMaskRows[] = {
-    { Bit(0, 0), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 1), "Video code", Flag(gsc_aoInMask) },
-    { Bit(0, 2), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 3), "Video code", Flag(gsc_aoInMask) },
-    { Bit(0, 4), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 5), "Video code", Flag(gsc_aoInMask) },
-    { Bit(0, 6), "Video code", Flag(gsc_aoInMask) }, { Bit(0, 7), "Video code", Flag(gsc_aoInMask) },
-};
+constexpr auto gsc_aoMaskRows = BitRows("Video code", Flag(gsc_aoInMask));
 
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
 
@@ -288,10 +282,10 @@ constexpr SMeaning gsc_aoGamuts[] = {
     { 3, 3, "ITU-R BT.2020" },
 };
 
-bool HasDrdm(const CRecord& oTone) { return oTone.IsSet(0, 7); }
+constexpr auto HasDrdm = WhereSet<0, 7>;
 bool HasPrimaries(const CRecord& oTone) { return HasDrdm(oTone) && oTone.GetBits(1, 7, 6) == eGamut_Explicit; }
 
-constexpr SForm gsc_oChromaticity = Number().Times(2).Decimals(5);
+constexpr SForm gsc_oChromaticity = Fraction(nullptr, 50000, 5);
 
 constexpr SRow gsc_aoToneRows[] = {
     { Bit(0, 7), "DRDM support", Flag() },
@@ -329,7 +323,7 @@ struct SRange
 void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset)
 {
     oWriter.BeginGroup("3D_MASK", eTiming, uiOffset, gsc_uiMaskSize);
-    AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBitsOfByte, gsc_aoMaskRows); // the high byte first
+    AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBits, gsc_aoMaskRows); // the high byte first
     AddVideoCodeBits(oWriter, oCodes, uiOffset + 1, 0, gsc_aoMaskRows);
     oWriter.EndGroup();
 }

@@ -24,13 +24,11 @@ bool HasAmdWideRate(const CRecord& oAmd)
 {
     return oAmd.GetByte(0) >= gsc_uiAmdVersionWithWideRate && oAmd.GetSize() >= gsc_uiAmdWideSize;
 }
-bool HasAmdRate(const CRecord& oAmd) { return !HasAmdWideRate(oAmd); }
 
 bool HasAmdHdr(const CRecord& oAmd)
 {
     return oAmd.GetByte(0) >= gsc_uiAmdVersionWithHdr && oAmd.GetSize() >= gsc_uiAmdHdrSize && oAmd.IsSet(1, 1);
 }
-bool HasNoAmdHdr(const CRecord& oAmd) { return !HasAmdHdr(oAmd); }
 
 constexpr unsigned int gsc_uiDecimals = 3;
 constexpr unsigned int gsc_uiMinimumDecimals = 6; // GetCtaMinimumLuminance is in 10^-6
@@ -60,7 +58,7 @@ constexpr SRow gsc_aoAmdRows[] = {
     { Bit(1, 1), "Luminances are valid", Flag() },
     { Bit(1, 0), "Unknown", Unknown() },
     { Byte(2), "Minimum refresh rate", Number("Hz") },
-    { Byte(3), "Maximum refresh rate", Number("Hz"), HasAmdRate, CheckAmdRate },
+    { Byte(3), "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>, CheckAmdRate },
     { Byte(3), "Unknown", Unknown(), HasAmdWideRate },
     { Byte(4), "Unknown", Unknown() },
     { Byte(5), "Unknown", Unknown() },
@@ -68,10 +66,10 @@ constexpr SRow gsc_aoAmdRows[] = {
     { Byte(7), "Minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>), HasAmdHdr },
     { Byte(8), "Second maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
     { Byte(9), "Second minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
-    { Run(6, 4), "Unknown", Unknown(), HasNoAmdHdr },
+    { Run(6, 4), "Unknown", Unknown(), IsNot<HasAmdHdr> },
     { Split({ { 11, 1, 0 }, { 10, 7, 0 } }), "Maximum refresh rate", Number("Hz"), HasAmdWideRate, CheckAmdRate },
     { Bits(11, 7, 2), "Unknown", Unknown(), HasAmdWideRate },
-    { RunToEnd(10), "Unknown", Unknown(), HasAmdRate },
+    { RunToEnd(10), "Unknown", Unknown(), IsNot<HasAmdWideRate> },
     { RunToEnd(12), "Unknown", Unknown(), HasAmdWideRate },
 };
 
@@ -80,20 +78,6 @@ constexpr SRow gsc_aoAmdRows[] = {
 constexpr unsigned int gsc_uiMicrosoftVersionWithUsage = 3;
 
 bool HasUsage(const CRecord& oMicrosoft) { return oMicrosoft.GetByte(0) >= gsc_uiMicrosoftVersionWithUsage; }
-
-// In the order of the bytes.
-CMString ContainerText(const CRecord& oMicrosoft, unsigned int /*uiValue*/)
-{
-    constexpr unsigned int uiContainerOffset = 2;
-    constexpr unsigned int uiContainerSize = 16;
-    CMString sText;
-    for (unsigned int i = 0; i < uiContainerSize; ++i)
-    {
-        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
-        sText.AppendFormat("%s%02x", bDash ? "-" : "", oMicrosoft.GetByte(uiContainerOffset + i));
-    }
-    return sText;
-}
 
 constexpr SMeaning gsc_aoUseCases[] = {
     { 0, 0, "unknown" },
@@ -119,7 +103,7 @@ constexpr SRow gsc_aoMicrosoftRows[] = {
     { Bit(1, 6), "Desktop usage", Flag(), HasUsage },
     { Bit(1, 5), "Third-party usage", Flag(), HasUsage },
     { Bits(1, 4, 0), "Display product primary use case", Names(gsc_aoUseCases) },
-    { Run(2, 16), "Container ID", Bytes().Text(ContainerText) },
+    { Run(2, gsc_uiContainerIdSize), "Container ID", Bytes().Text(ContainerIdRow<2>().m_oForm.m_pfnText) },
 };
 
 // ---- UHD Alliance: Filmmaker Mode ----
@@ -133,7 +117,6 @@ constexpr SRow gsc_aoUhdRows[] = {
 // ---- VESA Video Display Device Data Block: VESA DDDB 1.0 ----
 
 bool IsAnalogInterface(const CRecord& oDevice) { return oDevice.GetBits(0, 7, 4) == 0; }
-bool IsOtherInterface(const CRecord& oDevice) { return !IsAnalogInterface(oDevice); }
 
 template <unsigned int COUNT>
 bool HasPrimaries(const CRecord& oDevice)
@@ -162,24 +145,6 @@ constexpr SMeaning gsc_aoProtections[] = {
     { 0, 0, "none" }, { 1, 1, "HDCP" }, { 2, 2, "DTCP" }, { 3, 3, "DPCP" }, { 4, 255, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoNotTold[] = { { 0, 0, "not specified" } };
-constexpr SMeaning gsc_aoOrientations[] = {
-    { 0, 0, "landscape" },
-    { 1, 1, "portrait" },
-    { 2, 2, "not fixed" },
-    { 3, 3, "undefined" },
-};
-constexpr SMeaning gsc_aoRotations[] = {
-    { 0, 0, "none" },
-    { 1, 1, "90 degrees clockwise" },
-    { 2, 2, "90 degrees counterclockwise" },
-    { 3, 3, "90 degrees either way" },
-};
-constexpr SMeaning gsc_aoZeroPixels[] = {
-    { 0, 0, "upper left" },
-    { 1, 1, "upper right" },
-    { 2, 2, "lower left" },
-    { 3, 3, "lower right" },
-};
 constexpr SMeaning gsc_aoScanDirections[] = {
     { 0, 0, "not defined" },
     { 1, 1, "fast scan on the long axis" },
@@ -208,21 +173,19 @@ constexpr SMeaning gsc_aoDithering[] = {
     { 2, 2, "temporal" },
     { 3, 3, "spatial and temporal" },
 };
-constexpr SMeaning gsc_aoDelaySigns[] = { { 0, 0, "negative" }, { 1, 1, "positive" } };
 constexpr SMeaning gsc_aoRateConversions[] = {
     { 0, 0, "none" },
     { 1, 1, "single buffering" },
     { 2, 2, "double buffering" },
     { 3, 3, "advanced" },
 };
-constexpr SMeaning gsc_aoTransitions[] = { { 0, 0, "black to white" }, { 1, 1, "white to black" } };
 
-constexpr SForm gsc_oPrimary = Number().Times(100000).Over(1024).Decimals(5);
+constexpr SForm gsc_oPrimary = Fraction(nullptr, 1024, 5);
 
 constexpr SRow gsc_aoDeviceRows[] = {
     { Bits(0, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
     { Bits(0, 3, 0), "Analog interface subtype", Names(gsc_aoAnalogTypes), IsAnalogInterface },
-    { Bits(0, 3, 0), "Number of lanes or channels", Number(), IsOtherInterface },
+    { Bits(0, 3, 0), "Number of lanes or channels", Number(), IsNot<IsAnalogInterface> },
     { Bits(1, 7, 4), "Interface version", Number() },
     { Bits(1, 3, 0), "Interface release", Number() },
     { Byte(2), "Content protection support", Names(gsc_aoProtections) },
@@ -231,7 +194,7 @@ constexpr SRow gsc_aoDeviceRows[] = {
       CheckClock },
     { Little16(5), "Native horizontal pixels", Number("pixels").With(gsc_aoNotTold) },
     { Little16(7), "Native vertical pixels", Number("pixels").With(gsc_aoNotTold) },
-    { Byte(9), "Aspect ratio", Number().Times(1, 100).Decimals(2) },
+    { Byte(9), "Aspect ratio", HundredthsFrom1() },
     { Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
     { Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
     { Bits(10, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
@@ -246,13 +209,13 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { Bit(15, 7), "Audio support", Flag() },
     { Bit(15, 6), "Separate audio inputs", Flag() },
     { Bit(15, 5), "Audio input override", Flag() },
-    { Bit(16, 7), "Audio delay sign", Flag(gsc_aoDelaySigns) },
+    { Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns) },
     { Bits(16, 6, 0), "Audio delay", Number("ms").Times(2) },
     { Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
     { Bits(17, 5, 0), "Frame rate range", Number("Hz") },
     { Byte(18), "Native or nominal frame rate", Number("Hz") },
-    { Bits(19, 7, 4), "Color bit depth of the interface", Number("bits").Times(1, 1) },
-    { Bits(19, 3, 0), "Color bit depth of the display", Number("bits").Times(1, 1) },
+    { Bits(19, 7, 4), "Color bit depth of the interface", NumberFrom1("bits") },
+    { Bits(19, 3, 0), "Color bit depth of the display", NumberFrom1("bits") },
     { Split({ { 22, 7, 0 }, { 20, 7, 6 } }), "Primary 4 x", gsc_oPrimary, HasPrimaries<1> },
     { Split({ { 23, 7, 0 }, { 20, 5, 4 } }), "Primary 4 y", gsc_oPrimary, HasPrimaries<1> },
     { Split({ { 24, 7, 0 }, { 20, 3, 2 } }), "Primary 5 x", gsc_oPrimary, HasPrimaries<2> },
@@ -273,8 +236,6 @@ constexpr unsigned int gsc_uiOuiSize = 3;
 
 bool IsVendorInfoFrame(const CRecord& oFrame) { return oFrame.GetBits(0, 4, 0) == gsc_uiVendorInfoFrame; }
 
-bool IsOtherInfoFrame(const CRecord& oFrame) { return !IsVendorInfoFrame(oFrame); }
-
 constexpr SMeaning gsc_aoInfoFrames[] = {
     { 0, 0, gsc_szReserved },
     { 1, 1, "Vendor-Specific" },
@@ -289,7 +250,7 @@ constexpr SMeaning gsc_aoInfoFrames[] = {
 
 constexpr SRow gsc_aoFrameHeadRows[] = {
     { Bits(0, 7, 5), "Length of the InfoFrame processing descriptor's payload", Number("bytes") },
-    { Byte(1), "Vendor-Specific InfoFrames at once", Number().Times(1, 1) },
+    { Byte(1), "Vendor-Specific InfoFrames at once", NumberFrom1() },
 };
 constexpr STable gsc_oFrameHeadTable = { "InfoFrame processing descriptor", eDisplay, gsc_aoFrameHeadRows };
 constexpr SRow gsc_oFramePayloadRow = { RunToEnd(0), "Payload", Bytes() };
@@ -298,15 +259,14 @@ constexpr unsigned int gsc_uiFrameHead = 2;
 constexpr SRow gsc_aoFrameRows[] = {
     { Bits(0, 7, 5), "Payload length", Number("bytes") },
     { Bits(0, 4, 0), "InfoFrame type code", Names(gsc_aoInfoFrames) },
-    { Little24(1), "IEEE OUI", Number().Text(CtaOuiText), IsVendorInfoFrame },
+    { Little24(1), "IEEE OUI", Number().Text(OuiText), IsVendorInfoFrame },
     { RunToEnd(4), "Payload", Bytes(), IsVendorInfoFrame },
-    { RunToEnd(1), "Payload", Bytes(), IsOtherInfoFrame },
+    { RunToEnd(1), "Payload", Bytes(), IsNot<IsVendorInfoFrame> },
 };
 
 CMString FrameSummary(const CRecord& oFrame)
 {
-    const char* pszName = FindMeaning(gsc_aoInfoFrames, oFrame.GetBits(0, 4, 0));
-    return pszName != nullptr ? CMString(pszName) : CMString();
+    return CMString(FindMeaning(gsc_aoInfoFrames, oFrame.GetBits(0, 4, 0)));
 }
 constexpr STable gsc_oFrameTable = { "Short InfoFrame descriptor", eDisplay, gsc_aoFrameRows, FrameSummary };
 

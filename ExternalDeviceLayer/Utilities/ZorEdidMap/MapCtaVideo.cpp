@@ -233,8 +233,7 @@ constexpr SRow gsc_aoVideoRows[] = {
 CMString SvdSummary(const CRecord& oSvd)
 {
     const unsigned int uiSvd = oSvd.GetByte(0);
-    const char* pszName = GetVideoCodeName(uiSvd);
-    CMString sText(pszName != nullptr ? pszName : "");
+    CMString sText(GetVideoCodeName(uiSvd));
     if (HasNativeBit(uiSvd) && (uiSvd & gsc_uiNativeBit) != 0)
     {
         sText += ", native";
@@ -273,8 +272,7 @@ CMString ReferenceSummary(const CRecord& oReference)
 {
     const unsigned int uiCode = oReference.GetByte(0);
     const bool bVideoCode = WhereIn<1, 127>(oReference) || WhereIn<193, 253>(oReference);
-    const char* pszName = bVideoCode ? FindMeaning(gsc_aoVideoFormats, uiCode) : nullptr;
-    CMString sText(pszName != nullptr ? pszName : "");
+    CMString sText(bVideoCode ? FindMeaning(gsc_aoVideoFormats, uiCode) : nullptr);
     if (WhereIn<129, 144>(oReference))
     {
         sText.Format("detailed timing %u", uiCode - 128);
@@ -287,10 +285,8 @@ CMString ReferenceSummary(const CRecord& oReference)
 bool IsSizeInTenths(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && !oRecord.IsSet(1, 7); }
 bool IsSizeInWhole(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && oRecord.IsSet(1, 7); }
 
-constexpr SMeaning gsc_aoSizePrecision[] = { { 0, 0, "0.1 mm" }, { 1, 1, "1 mm" } };
-
 constexpr SRow gsc_aoNativeRows[] = {
-    { Bit(1, 7), "Image size precision", Flag(gsc_aoSizePrecision) },
+    { Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
     { Bit(1, 0), "Image size present", Flag() },
     { Little16(2), "Image width", Number("mm").Decimals(1), IsSizeInTenths },
     { Little16(4), "Image height", Number("mm").Decimals(1), IsSizeInTenths },
@@ -337,7 +333,7 @@ constexpr SMeaning gsc_aoResolutions[] = {
 constexpr SRow gsc_aoFormatHeadRows[] = {
     { Bit(0, 7), "Y420", Flag() },
     { Bit(0, 6), "NTSC", Flag() },
-    { Bits(0, 1, 0), "Length of a video format descriptor", Number("bytes").Times(1, 1) },
+    { Bits(0, 1, 0), "Length of a video format descriptor", NumberFrom1("bytes") },
 };
 constexpr STable gsc_oFormatHeadTable = { "Video format data block", eTiming, gsc_aoFormatHeadRows };
 
@@ -359,8 +355,7 @@ constexpr SRow gsc_aoFormatRows[] = {
 
 CMString FormatSummary(const CRecord& oFormat)
 {
-    const char* pszName = FindMeaning(gsc_aoResolutions, oFormat.GetBits(0, 5, 0));
-    return pszName != nullptr ? CMString(pszName) : CMString();
+    return CMString(FindMeaning(gsc_aoResolutions, oFormat.GetBits(0, 5, 0)));
 }
 constexpr STable gsc_oFormatTable = { "Video format descriptor", eTiming, gsc_aoFormatRows, FormatSummary };
 
@@ -369,34 +364,17 @@ constexpr STable gsc_oFormatTable = { "Video format descriptor", eTiming, gsc_ao
 constexpr SMeaning gsc_aoAlso420[] = { { 0, 0, "not in YCbCr 4:2:0" }, { 1, 1, "also in YCbCr 4:2:0" } };
 constexpr SForm gsc_oAlso420 = Flag(gsc_aoAlso420);
 
-// Bit 0 stands for the first code.
-constexpr SRow gsc_aoMapRows[] = {
-    { Bit(0, 0), "Video code", gsc_oAlso420 }, { Bit(0, 1), "Video code", gsc_oAlso420 },
-    { Bit(0, 2), "Video code", gsc_oAlso420 }, { Bit(0, 3), "Video code", gsc_oAlso420 },
-    { Bit(0, 4), "Video code", gsc_oAlso420 }, { Bit(0, 5), "Video code", gsc_oAlso420 },
-    { Bit(0, 6), "Video code", gsc_oAlso420 }, { Bit(0, 7), "Video code", gsc_oAlso420 },
-};
+constexpr auto gsc_aoMapRows = BitRows("Video code", gsc_oAlso420);
 
 // ---- Video Capability Data Block: CTA-861-H 7.5.6 ----
 
-constexpr SMeaning gsc_aoPreferredScan[] = {
-    { 0, 0, "no data" },
-    { 1, 1, "always overscanned" },
-    { 2, 2, "always underscanned" },
-    { 3, 3, "both over- and underscan" },
-};
-constexpr SMeaning gsc_aoItScan[] = {
-    { 0, 0, "IT video formats not supported" },
-    { 1, 1, "always overscanned" },
-    { 2, 2, "always underscanned" },
-    { 3, 3, "both over- and underscan" },
-};
-constexpr SMeaning gsc_aoCeScan[] = {
-    { 0, 0, "CE video formats not supported" },
-    { 1, 1, "always overscanned" },
-    { 2, 2, "always underscanned" },
-    { 3, 3, "both over- and underscan" },
-};
+constexpr auto Scans(const char* pszNone)
+{
+    return Listed({ pszNone, "always overscanned", "always underscanned", "both over- and underscan" });
+}
+constexpr auto gsc_aoPreferredScan = Scans("no data");
+constexpr auto gsc_aoItScan = Scans("IT video formats not supported");
+constexpr auto gsc_aoCeScan = Scans("CE video formats not supported");
 
 constexpr SRow gsc_aoCapabilityRows[] = {
     { Bit(0, 7), "Selectable YCC quantization range", Flag() },
@@ -421,15 +399,10 @@ constexpr SRow gsc_aoTypeViiRows[] = {
 };
 constexpr STable gsc_oTypeViiTable = { "Type VII", eTiming, gsc_aoTypeViiRows };
 
-constexpr SMeaning gsc_aoCodeTypes[] = {
-    { 0, 0, "DMT" },
-    { 1, 1, "CTA-861" },
-    { 2, 2, "HDMI" },
-    { 3, 3, gsc_szReserved },
-};
-constexpr SMeaning gsc_aoCodeSizes[] = { { 0, 0, "1 byte" }, { 1, 1, "2 bytes" } };
+// Other words than those of DisplayID.
+constexpr auto gsc_aoTypeViiiCodes = Listed({ "DMT", "CTA-861", "HDMI", gsc_szReserved });
 constexpr SRow gsc_aoTypeViiiRows[] = {
-    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes).Expect(0, "the standard has DMT here") },
+    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoTypeViiiCodes).Expect(0, "the standard has DMT here") },
     { Bit(0, 5), "T8Y420", Flag() },
     { Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
     { Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
@@ -463,9 +436,9 @@ constinit const STable g_oCtaVideoCapabilityTable = { "Video capability", eDispl
 const char* GetVideoCodeName(unsigned int uiSvd) { return FindMeaning(gsc_aoVideoFormats, GetVideoCode(uiSvd)); }
 
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
-                      std::span<const SRow, gsc_uiBitsOfByte> aoRows)
+                      std::span<const SRow, gsc_uiBits> aoRows)
 {
-    for (unsigned int i = 0; i < gsc_uiBitsOfByte && uiFirst + i < oCodes.m_uiCount; ++i)
+    for (unsigned int i = 0; i < gsc_uiBits && uiFirst + i < oCodes.m_uiCount; ++i)
     {
         const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
         const char* pszName = FindMeaning(gsc_aoVideoCodes, GetVideoCode(oCodes.m_aui8Codes[uiFirst + i]));
@@ -520,7 +493,7 @@ void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
     }
     for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
     {
-        AddVideoCodeBits(oWriter, oPayload.m_oVideoCodes, oPayload.m_uiOffset + i, i * gsc_uiBitsOfByte, gsc_aoMapRows);
+        AddVideoCodeBits(oWriter, oPayload.m_oVideoCodes, oPayload.m_uiOffset + i, i * gsc_uiBits, gsc_aoMapRows);
     }
 }
 

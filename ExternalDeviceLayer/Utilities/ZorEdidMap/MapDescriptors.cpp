@@ -1,14 +1,16 @@
 // The 18-byte descriptors, VESA E-EDID standard, Release A Revision 2 (1.4), 3.10: detailed timings, which CTA-861 and
 // VTB blocks hold as well, and display descriptors by their tag. Offsets are those of the descriptor.
 
-#include "MapDescriptors.h"
+#include "MapBase.h"
+
+#include "EdidBaseLayout.h"
+#include "MapNames.h"
 #include "MapValue.h"
+
+using namespace EdidBaseLayout;
 
 namespace
 {
-bool IsRevision4(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision >= 4; }
-bool IsBefore4(const CRecord& oRecord) { return !IsRevision4(oRecord); }
-
 // ---- Detailed timings, E-EDID 3.10.2 ----
 
 constexpr SPlace gsc_oClock = Little16(0x00);
@@ -75,28 +77,12 @@ unsigned int GetHalfLines(const CRecord& oRecord)
            (oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit) ? 1U : 0U);
 }
 
-// "1920 x 1080i @ 59.94 Hz": lines of the frame, fields per second.
 CMString FormatDetailed(const CRecord& oRecord)
 {
     const bool bInterlaced = oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit);
-    const unsigned long long ullTotal = static_cast<unsigned long long>(GetTotalWidth(oRecord)) * GetHalfLines(oRecord);
-    CMString oText;
-    oText.Format("%u x %u%s", oRecord.Get(gsc_oWidth), oRecord.Get(gsc_oHeight) * (bInterlaced ? 2 : 1),
-                 bInterlaced ? "i" : "");
-    if (ullTotal == 0)
-    {
-        return oText;
-    }
-    const unsigned long long ullHundreds =
-        (static_cast<unsigned long long>(oRecord.Get(gsc_oClock)) * gsc_uiHzPerClock * 200 + ullTotal / 2) /
-        ullTotal; // of a hertz
-    oText.AppendFormat(" @ %llu", ullHundreds / 100);
-    if (ullHundreds % 100 != 0)
-    {
-        oText.AppendFormat(".%02llu", ullHundreds % 100);
-    }
-    oText += " Hz";
-    return oText;
+    return ModeText({ oRecord.Get(gsc_oWidth), oRecord.Get(gsc_oHeight) * (bInterlaced ? 2 : 1), bInterlaced,
+                      2ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oClock),
+                      static_cast<unsigned long long>(GetTotalWidth(oRecord)) * GetHalfLines(oRecord) });
 }
 
 constexpr SMeaning gsc_aoScan[] = { { 0, 0, "non-interlaced" }, { 1, 1, "interlaced" } };
@@ -118,8 +104,6 @@ constexpr SMeaning gsc_aoSyncTypes[] = {
 };
 constexpr SMeaning gsc_aoSerrations[] = { { 0, 0, "without" }, { 1, 1, "with (H-sync during V-sync)" } };
 constexpr SMeaning gsc_aoSyncOn[] = { { 0, 0, "green only" }, { 1, 1, "all three (RGB)" } };
-constexpr SMeaning gsc_aoPolarity[] = { { 0, 0, "negative" }, { 1, 1, "positive" } };
-constexpr SMeaning gsc_aoSizeNotGiven[] = { { 0, 0, "not given" } };
 
 constexpr SRow gsc_aoDetailedRows[] = {
     { gsc_oClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
@@ -132,9 +116,9 @@ constexpr SRow gsc_aoDetailedRows[] = {
     { gsc_oVerticalPorch, "Vertical front porch", Number("lines") },
     { gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr, CheckSync },
     { Split({ { 0x0E, 7, 4 }, { 0x0C, 7, 0 } }), "Horizontal addressable video image size",
-      Number("mm").With(gsc_aoSizeNotGiven) },
+      Number("mm").With(gsc_aoZeroNotGiven) },
     { Split({ { 0x0E, 3, 0 }, { 0x0D, 7, 0 } }), "Vertical addressable video image size",
-      Number("mm").With(gsc_aoSizeNotGiven) },
+      Number("mm").With(gsc_aoZeroNotGiven) },
     { Byte(0x0F), "Horizontal border", Number("pixels") }, // each side
     { Byte(0x10), "Vertical border", Number("lines") },    // top and bottom each
     { Bit(0x11, gsc_uiInterlacedBit), "Signal interface type", Flag(gsc_aoScan) },
@@ -143,50 +127,17 @@ constexpr SRow gsc_aoDetailedRows[] = {
     { Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsAnalogSync },
     { Bit(0x11, 1), "Sync on", Flag(gsc_aoSyncOn), IsAnalogSync },
     { Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsDigitalComposite },
-    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoPolarity), IsDigitalComposite }, // outside of V-sync
-    { Bit(0x11, 2), "Vertical sync polarity", Flag(gsc_aoPolarity), IsDigitalSeparate },
-    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoPolarity), IsDigitalSeparate },
+    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns), IsDigitalComposite }, // outside of V-sync
+    { Bit(0x11, 2), "Vertical sync polarity", Flag(gsc_aoSigns), IsDigitalSeparate },
+    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns), IsDigitalSeparate },
 };
 
-// ---- Display descriptors, E-EDID 3.10.3: what all have ----
+// ---- Display descriptors, E-EDID 3.10.3: positions and texts that several have ----
 
-constexpr unsigned int gsc_uiTagOffset = 0x03;
-constexpr unsigned int gsc_uiTextOffset = 0x05;
-constexpr unsigned int gsc_uiTextLength = gsc_uiMapDescriptorSize - gsc_uiTextOffset;
+constexpr unsigned int gsc_uiTextLength = gsc_uiMapDescriptorSize - gsc_uiContentsOffset;
 constexpr unsigned char gsc_ui8LineFeed = 0x0A;
 constexpr char gsc_szLineFeed[] = "a line feed (0Ah) must end the text";
 constexpr char gsc_szBlanks[] = "blanks (20h) must fill the rest";
-
-// E-EDID table 3.23
-constexpr SMeaning gsc_aoTags[] = {
-    { 0x00, 0x0F, "manufacturer specified" },
-    { 0x10, 0x10, "dummy" },
-    { 0x11, 0xF6, gsc_szReserved },
-    { 0xF7, 0xF7, "established timings III" },
-    { 0xF8, 0xF8, "CVT 3 byte timing codes" },
-    { 0xF9, 0xF9, "display color management data" },
-    { 0xFA, 0xFA, "standard timing identifications" },
-    { 0xFB, 0xFB, "color point data" },
-    { 0xFC, 0xFC, "display product name" },
-    { 0xFD, 0xFD, "display range limits" },
-    { 0xFE, 0xFE, "alphanumeric data string" },
-    { 0xFF, 0xFF, "display product serial number" },
-};
-
-// Range limits have flags in byte 4 from 1.4 on.
-bool HasReservedByte4(const CRecord& oRecord)
-{
-    constexpr unsigned int uiRangeLimits = 0xFD;
-    return oRecord.GetByte(gsc_uiTagOffset) != uiRangeLimits || IsBefore4(oRecord);
-}
-
-constexpr SRow gsc_aoHeadRows[] = {
-    { Run(0x00, 2), "Display descriptor indicator", Bytes() },
-    { Byte(0x02), "Reserved", Reserved() },
-    { Byte(0x03), "Display descriptor tag", Names(gsc_aoTags) },
-    { Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
-};
-constexpr STable gsc_oHeadTable = { "Display descriptor", CZorEdidMap::eArea_Structure, gsc_aoHeadRows };
 
 // ---- Texts: E-EDID 3.10.3.1, 3.10.3.2, 3.10.3.4 ----
 
@@ -194,7 +145,7 @@ constexpr STable gsc_oHeadTable = { "Display descriptor", CZorEdidMap::eArea_Str
 unsigned int GetTextLength(const CRecord& oRecord)
 {
     unsigned int uiLength = 0;
-    while (uiLength < gsc_uiTextLength && oRecord.GetByte(gsc_uiTextOffset + uiLength) != gsc_ui8LineFeed)
+    while (uiLength < gsc_uiTextLength && oRecord.GetByte(gsc_uiContentsOffset + uiLength) != gsc_ui8LineFeed)
     {
         ++uiLength;
     }
@@ -203,13 +154,13 @@ unsigned int GetTextLength(const CRecord& oRecord)
 
 CMString FormatText(const CRecord& oRecord)
 {
-    CMString oText;
+    CMString sText;
     for (unsigned int i = 0; i < GetTextLength(oRecord); ++i)
     {
-        const unsigned int uiCharacter = oRecord.GetByte(gsc_uiTextOffset + i);
-        oText += uiCharacter != 0 ? static_cast<char>(uiCharacter) : '.';
+        const unsigned int uiCharacter = oRecord.GetByte(gsc_uiContentsOffset + i);
+        sText += uiCharacter != 0 ? static_cast<char>(uiCharacter) : '.';
     }
-    return oText;
+    return sText;
 }
 
 constexpr STable gsc_oSerialTable = { "Display product serial number", CZorEdidMap::eArea_Identity, {}, FormatText };
@@ -236,7 +187,7 @@ constexpr SRow gsc_oBlanksRow = { RunToEnd(0), "Padding", Filler(' ', gsc_szBlan
 
 void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 {
-    const unsigned int uiText = uiOffset + gsc_uiTextOffset;
+    const unsigned int uiText = uiOffset + gsc_uiContentsOffset;
     const unsigned int uiLength = GetTextLength(oRecord);
     const unsigned int uiEnd = uiOffset + gsc_uiMapDescriptorSize;
     oWriter.AddLeaf(gsc_oTextRow, CZorEdidMap::eArea_Identity, uiText, uiLength);
@@ -262,13 +213,9 @@ unsigned int GetHorizontalOffsets(const CRecord& oRecord)
     return IsRevision4(oRecord) ? oRecord.GetBits(0x04, 3, 2) : 0;
 }
 bool IsVerticalMinimumOffset(const CRecord& oRecord) { return GetVerticalOffsets(oRecord) == 3; }
-bool IsVerticalMinimumPlain(const CRecord& oRecord) { return !IsVerticalMinimumOffset(oRecord); }
 bool IsVerticalMaximumOffset(const CRecord& oRecord) { return GetVerticalOffsets(oRecord) >= 2; }
-bool IsVerticalMaximumPlain(const CRecord& oRecord) { return !IsVerticalMaximumOffset(oRecord); }
 bool IsHorizontalMinimumOffset(const CRecord& oRecord) { return GetHorizontalOffsets(oRecord) == 3; }
-bool IsHorizontalMinimumPlain(const CRecord& oRecord) { return !IsHorizontalMinimumOffset(oRecord); }
 bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return GetHorizontalOffsets(oRecord) >= 2; }
-bool IsHorizontalMaximumPlain(const CRecord& oRecord) { return !IsHorizontalMaximumOffset(oRecord); }
 
 constexpr unsigned int gsc_uiRateOffset = 255;
 
@@ -289,8 +236,6 @@ const char* CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
     return CheckMaximumRate(oRecord.GetByte(0x07), uiValue, GetHorizontalOffsets(oRecord));
 }
 
-const char* CheckRate(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "00h is reserved" : nullptr; }
-
 const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
 {
     return uiValue == 0 && IsRevision4(oRecord) ? "1.4 requires it" : nullptr;
@@ -302,11 +247,9 @@ constexpr SMeaning gsc_aoVerticalOffsets[] = {
 constexpr SMeaning gsc_aoHorizontalOffsets[] = {
     { 0, 0, "none" }, { 1, 1, gsc_szReserved }, { 2, 2, "maximum + 255 kHz" }, { 3, 3, "maximum and minimum + 255 kHz" }
 };
-constexpr SMeaning gsc_aoClockNotGiven[] = { { 0, 0, "not given" } };
-constexpr SMeaning gsc_aoOldFormulas[] = { { 0, 0, "no secondary timing formula" },
-                                           { 1, 1, gsc_szReserved },
-                                           { 2, 2, "secondary GTF" },
-                                           { 3, 255, gsc_szReserved } };
+constexpr SMeaning gsc_aoOldFormulas[] = {
+    { 0, 0, "no secondary timing formula" }, { 1, 1, gsc_szReserved }, { 2, 2, "secondary GTF" }, { 3, 255, gsc_szReserved }
+};
 constexpr SMeaning gsc_aoFormulas[] = {
     { 0, 0, "default GTF" }, { 1, 1, "range limits only" }, { 2, 2, "secondary GTF" }, { 3, 3, gsc_szReserved },
     { 4, 4, "CVT" },         { 5, 255, gsc_szReserved },
@@ -342,14 +285,11 @@ constexpr SMeaning gsc_aoReservedRate[] = { { 0, 0, gsc_szReserved } };
 
 CMString FormatRange(const CRecord& oRecord)
 {
-    const unsigned int uiVertical = GetVerticalOffsets(oRecord);
-    const unsigned int uiHorizontal = GetHorizontalOffsets(oRecord);
-    CMString oText;
-    oText.Format("%u to %u Hz, %u to %u kHz", oRecord.GetByte(0x05) + (uiVertical == 3 ? gsc_uiRateOffset : 0),
-                 oRecord.GetByte(0x06) + (uiVertical >= 2 ? gsc_uiRateOffset : 0),
-                 oRecord.GetByte(0x07) + (uiHorizontal == 3 ? gsc_uiRateOffset : 0),
-                 oRecord.GetByte(0x08) + (uiHorizontal >= 2 ? gsc_uiRateOffset : 0));
-    return oText;
+    const SRangeLimits oLimits = ReadRangeLimits(oRecord);
+    CMString sText;
+    sText.Format("%u to %u Hz, %u to %u kHz", oLimits.m_uiLeastRate, oLimits.m_uiMostRate, oLimits.m_uiLeastLineRate,
+                 oLimits.m_uiMostLineRate);
+    return sText;
 }
 
 // E-EDID tables 3.26 to 3.29
@@ -357,17 +297,17 @@ constexpr SRow gsc_aoRangeRows[] = {
     { Bits(0x04, 7, 4), "Reserved", Reserved(), IsRevision4 },
     { Bits(0x04, 3, 2), "Horizontal rate offsets", Names(gsc_aoHorizontalOffsets), IsRevision4 },
     { Bits(0x04, 1, 0), "Vertical rate offsets", Names(gsc_aoVerticalOffsets), IsRevision4 },
-    { Byte(0x05), "Minimum vertical rate", Number("Hz"), IsVerticalMinimumPlain, CheckRate },
-    { Byte(0x05), "Minimum vertical rate", Number("Hz").Times(1, 255), IsVerticalMinimumOffset, CheckRate },
-    { Byte(0x06), "Maximum vertical rate", Number("Hz"), IsVerticalMaximumPlain, CheckVerticalMaximum },
+    { Byte(0x05), "Minimum vertical rate", Number("Hz"), IsNot<IsVerticalMinimumOffset>, CheckReservedZero },
+    { Byte(0x05), "Minimum vertical rate", Number("Hz").Times(1, 255), IsVerticalMinimumOffset, CheckReservedZero },
+    { Byte(0x06), "Maximum vertical rate", Number("Hz"), IsNot<IsVerticalMaximumOffset>, CheckVerticalMaximum },
     { Byte(0x06), "Maximum vertical rate", Number("Hz").Times(1, 255), IsVerticalMaximumOffset, CheckVerticalMaximum },
-    { Byte(0x07), "Minimum horizontal rate", Number("kHz"), IsHorizontalMinimumPlain, CheckRate },
-    { Byte(0x07), "Minimum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMinimumOffset, CheckRate },
-    { Byte(0x08), "Maximum horizontal rate", Number("kHz"), IsHorizontalMaximumPlain, CheckHorizontalMaximum },
+    { Byte(0x07), "Minimum horizontal rate", Number("kHz"), IsNot<IsHorizontalMinimumOffset>, CheckReservedZero },
+    { Byte(0x07), "Minimum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMinimumOffset,
+      CheckReservedZero },
+    { Byte(0x08), "Maximum horizontal rate", Number("kHz"), IsNot<IsHorizontalMaximumOffset>, CheckHorizontalMaximum },
     { Byte(0x08), "Maximum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMaximumOffset,
       CheckHorizontalMaximum },
-    { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoClockNotGiven), nullptr,
-      CheckMaximumClock },
+    { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoZeroNotGiven), nullptr, CheckMaximumClock },
     { Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas), IsBefore4 },
     { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas).NoteOnly(), IsRevision4, CheckFormula },
     { Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
@@ -408,24 +348,17 @@ constexpr STable gsc_oRangeTable = { "Display range limits", CZorEdidMap::eArea_
 
 // ---- Color point data, E-EDID 3.10.3.5: two white points of five bytes, the second one with index 0 when unused ----
 
-constexpr unsigned int gsc_uiPointOffset = 0x05;
-constexpr unsigned int gsc_uiPointSize = 5;
-constexpr unsigned int gsc_uiPointCount = 2;
-
 bool IsPointUsed(const CRecord& oRecord) { return oRecord.GetByte(0) != 0; }
-bool IsPointUnused(const CRecord& oRecord) { return !IsPointUsed(oRecord); }
 
 constexpr SMeaning gsc_aoPointUnused[] = { { 0, 0, "unused" } };
-constexpr SMeaning gsc_aoPointGamma[] = { { 0xFF, 0xFF, "not given here" } };
-constexpr SForm Chromaticity() { return Number().Times(10000).Over(1024).Decimals(4); }
 
 constexpr SRow gsc_aoPointRows[] = {
     { Byte(0), "White point index number", Number().With(gsc_aoPointUnused) },
     { Bits(1, 7, 4), "Reserved", Reserved(), IsPointUsed },
     { Split({ { 2, 7, 0 }, { 1, 3, 2 } }), "White x", Chromaticity(), IsPointUsed },
     { Split({ { 3, 7, 0 }, { 1, 1, 0 } }), "White y", Chromaticity(), IsPointUsed },
-    { Byte(4), "White gamma", Number().Times(1, 100).Decimals(2).With(gsc_aoPointGamma), IsPointUsed },
-    { Run(1, 4), "Unused", Reserved(), IsPointUnused },
+    { Byte(4), "White gamma", HundredthsFrom1().With(gsc_aoGammaNotHere), IsPointUsed },
+    { Run(1, 4), "Unused", Reserved(), IsNot<IsPointUsed> },
 };
 constexpr STable gsc_oPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoPointRows };
 
@@ -437,10 +370,6 @@ constexpr STable gsc_oColorPointTable = { "Color point data", CZorEdidMap::eArea
 
 // ---- Standard timing identifications 9 to 14, E-EDID 3.10.3.6 ----
 
-constexpr unsigned int gsc_uiPairsOffset = 0x05;
-constexpr unsigned int gsc_uiPairSize = 2;
-constexpr unsigned int gsc_uiPairCount = 6;
-
 constexpr SRow gsc_aoPairsRows[] = {
     { Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
 };
@@ -451,11 +380,11 @@ constexpr STable gsc_oPairsTable = { "Standard timing identifications", CZorEdid
 // In hundredths. Whether they are signed is not certain, so that one with its top bit set keeps its bytes.
 CMString FormatCoefficient(const CRecord&, unsigned int uiValue)
 {
-    CMString oText;
+    CMString sText;
     if (uiValue > 0x7FFF)
     {
-        oText.Format("coefficient 0x%04x, meaning uncertain", uiValue);
-        return oText;
+        sText.Format("coefficient 0x%04x, meaning uncertain", uiValue);
+        return sText;
     }
     return FormatNumber(uiValue, 2, nullptr);
 }
@@ -476,15 +405,11 @@ constexpr STable gsc_oManagementTable = { "Display color management data", CZorE
 
 // ---- CVT 3 byte timing codes, E-EDID 3.10.3.8 ----
 
-constexpr unsigned int gsc_uiCodesOffset = 0x06;
-constexpr unsigned int gsc_uiCodeSize = 3;
-constexpr unsigned int gsc_uiCodeCount = 4;
-
 bool IsCodeUnused(const CRecord& oRecord)
 {
     return oRecord.GetByte(0) == 0 && oRecord.GetByte(1) == 0 && oRecord.GetByte(2) == 0;
 }
-bool IsCodeUsed(const CRecord& oRecord) { return !IsCodeUnused(oRecord); }
+constexpr auto IsCodeUsed = IsNot<IsCodeUnused>;
 
 constexpr SPlace gsc_oCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } });
 constexpr SMeaning gsc_aoCodeAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" }, { 3, 3, "15:9" } };
@@ -519,10 +444,8 @@ CMString FormatCvtCode(const CRecord& oRecord)
     }
     const unsigned int uiLines = (oRecord.Get(gsc_oCodeLines) + 1) * 2;
     const SRatio& oRatio = aoRatios[oRecord.GetBits(1, 3, 2)];
-    CMString oText;
-    oText.Format("%u x %u @ %u Hz", uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines,
-                 auiRates[oRecord.GetBits(2, 6, 5)]);
-    return oText;
+    return ModeText({ uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines, false,
+                      auiRates[oRecord.GetBits(2, 6, 5)] });
 }
 
 constexpr SRow gsc_aoCodeRows[] = {
@@ -545,11 +468,6 @@ constexpr SRow gsc_aoCodesRows[] = {
 constexpr STable gsc_oCodesTable = { "CVT 3 byte timing codes", CZorEdidMap::eArea_Timing, gsc_aoCodesRows };
 
 // ---- Established timings III, E-EDID 3.10.3.9 ----
-
-constexpr SRow Mode(unsigned int uiOffset, unsigned int uiBit, const char* pszName)
-{
-    return { Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
-}
 
 constexpr SRow gsc_aoModesRows[] = {
     { Byte(0x05), "Revision number", Number().Expect(0x0A, "only revision 10 has this layout") },
@@ -633,8 +551,7 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
 // A descriptor with records of one kind has their table, place and number; one with a text, neither.
 struct SDescriptor
 {
-    unsigned int m_uiFirst; // tags
-    unsigned int m_uiLast;
+    SMeaning m_oKey; // tags
     const STable* m_poTable;
     const STable* m_poItems = nullptr;
     unsigned int m_uiItemsOffset = 0;
@@ -643,38 +560,57 @@ struct SDescriptor
     bool m_bText = false;
 };
 
+// E-EDID table 3.23
+// clang-format off
 constexpr SDescriptor gsc_aoDescriptors[] = {
-    { 0x00, 0x0F, &gsc_oMakerTable },
-    { 0x10, 0x10, &gsc_oDummyTable },
-    { 0x11, 0xF6, &gsc_oUnknownTable },
-    { 0xF7, 0xF7, &gsc_oModesTable },
-    { 0xF8, 0xF8, &gsc_oCodesTable, &g_oCvtCodeTable, gsc_uiCodesOffset, gsc_uiCodeSize, gsc_uiCodeCount },
-    { 0xF9, 0xF9, &gsc_oManagementTable },
-    { 0xFA, 0xFA, &gsc_oPairsTable, &g_oStandardTimingTable, gsc_uiPairsOffset, gsc_uiPairSize, gsc_uiPairCount },
-    { 0xFB, 0xFB, &gsc_oColorPointTable, &gsc_oPointTable, gsc_uiPointOffset, gsc_uiPointSize, gsc_uiPointCount },
-    { 0xFC, 0xFC, &gsc_oNameTable, nullptr, 0, 0, 0, true },
-    { 0xFD, 0xFD, &gsc_oRangeTable },
-    { 0xFE, 0xFE, &gsc_oStringTable, nullptr, 0, 0, 0, true },
-    { 0xFF, 0xFF, &gsc_oSerialTable, nullptr, 0, 0, 0, true },
+    { { 0x00, 0x0F, "manufacturer specified" }, &gsc_oMakerTable },
+    { { 0x10, 0x10, "dummy" }, &gsc_oDummyTable },
+    { { 0x11, 0xF6, gsc_szReserved }, &gsc_oUnknownTable },
+    { { 0xF7, 0xF7, "established timings III" }, &gsc_oModesTable },
+    { { 0xF8, 0xF8, "CVT 3 byte timing codes" }, &gsc_oCodesTable, &g_oCvtCodeTable, 0x06, gsc_uiCvtCodeSize, 4 },
+    { { 0xF9, 0xF9, "display color management data" }, &gsc_oManagementTable },
+    { { 0xFA, 0xFA, "standard timing identifications" },
+      &gsc_oPairsTable, &g_oStandardTimingTable, 0x05, gsc_uiStandardTimingSize, 6 },
+    { { 0xFB, 0xFB, "color point data" }, &gsc_oColorPointTable, &gsc_oPointTable, 0x05, 5, 2 },
+    { { 0xFC, 0xFC, "display product name" }, &gsc_oNameTable, nullptr, 0, 0, 0, true },
+    { { 0xFD, 0xFD, "display range limits" }, &gsc_oRangeTable },
+    { { 0xFE, 0xFE, "alphanumeric data string" }, &gsc_oStringTable, nullptr, 0, 0, 0, true },
+    { { 0xFF, 0xFF, "display product serial number" }, &gsc_oSerialTable, nullptr, 0, 0, 0, true },
 };
+// clang-format on
+constexpr auto gsc_aoTags = TakeKeys(gsc_aoDescriptors);
 
 const SDescriptor& FindDescriptor(unsigned int uiTag)
 {
     for (const SDescriptor& oDescriptor : gsc_aoDescriptors)
     {
-        if (uiTag <= oDescriptor.m_uiLast)
+        if (uiTag <= oDescriptor.m_oKey.m_uiLast)
         {
             return oDescriptor;
         }
     }
     return gsc_aoDescriptors[0];
 }
+
+// Range limits have flags in byte 4 from 1.4 on.
+bool HasReservedByte4(const CRecord& oRecord)
+{
+    return oRecord.GetByte(gsc_uiTagOffset) != gsc_ui8TagRangeLimits || IsBefore4(oRecord);
+}
+
+constexpr SRow gsc_aoHeadRows[] = {
+    { Run(0x00, 2), "Display descriptor indicator", Bytes() },
+    { Byte(0x02), "Reserved", Reserved() },
+    { Byte(0x03), "Display descriptor tag", Names(gsc_aoTags) },
+    { Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
+};
+constexpr STable gsc_oHeadTable = { "Display descriptor", CZorEdidMap::eArea_Structure, gsc_aoHeadRows };
 } // namespace
 
-constexpr STable g_oDetailedTimingTable = { "Detailed timing", CZorEdidMap::eArea_Timing, gsc_aoDetailedRows,
-                                            FormatDetailed };
-constexpr STable g_oCvtCodeTable = { "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows,
-                                     FormatCvtCode };
+constinit const STable g_oDetailedTimingTable = { "Detailed timing", CZorEdidMap::eArea_Timing, gsc_aoDetailedRows,
+                                                  FormatDetailed };
+constinit const STable g_oCvtCodeTable = { "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows,
+                                           FormatCvtCode };
 
 SRangeLimits ReadRangeLimits(const CRecord& oRecord)
 {

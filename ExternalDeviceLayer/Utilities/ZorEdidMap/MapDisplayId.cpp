@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "EdidExtBlockDisplayID.h"
+#include "MapOther.h"
 
 namespace
 {
@@ -26,9 +27,6 @@ constexpr unsigned int gsc_uiLargestSection = gsc_uiSectionHeaderSize + gsc_uiMo
 
 constexpr unsigned int gsc_uiExtensionTag = CEdidExtBlockDisplayID::msc_uiExtensionTag;
 constexpr unsigned int gsc_uiBaseBlockTag = 0x00;
-
-constexpr SMeaning gsc_aoExtensionTags[] = { { gsc_uiExtensionTag, gsc_uiExtensionTag, "DisplayID extension" } };
-constexpr SRow gsc_oTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
 
 constexpr auto gsc_aoProductTypes =
     Listed({ "extension section", "test structure", "display panel or other transducer", "standalone display device",
@@ -127,21 +125,12 @@ constexpr STable gsc_oDataBlock = { "Data block", eArea_Structure, gsc_aoDataBlo
 
 const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
 {
-    const unsigned int uiLength = oBlock.GetByte(gsc_uiDataBlockLengthOffset);
     const unsigned int uiExtra = oRule.m_bExtraBytes ? oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 6, 4) : 0;
     oRule.m_uiLeast += uiExtra;
     oRule.m_uiStep += uiExtra;
-    if (uiLength < oRule.m_uiLeast)
-    {
-        return "payload is shorter than the standard says";
-    }
-    if (uiLength > oRule.m_uiMost)
-    {
-        return "payload is longer than the standard says";
-    }
-    return oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0
-               ? "payload is no whole number of items"
-               : nullptr;
+    return CheckPayload(oRule, oBlock.GetByte(gsc_uiDataBlockLengthOffset),
+                        { "payload is shorter than the standard says", "payload is longer than the standard says",
+                          "payload is no whole number of items" });
 }
 
 // All bytes of the data block that there are, from its tag on.
@@ -302,17 +291,10 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
 }
 } // namespace
 
-CMString OuiText(const CRecord& /*oRecord*/, unsigned int uiValue)
-{
-    CMString sText;
-    sText.Format("%02X-%02X-%02X", uiValue >> 16, (uiValue >> 8) & 0xFF, uiValue & 0xFF);
-    return sText;
-}
-
 void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     oWriter.BeginBlock("DisplayID extension block", uiOffset, uiLength);
-    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
+    oWriter.AddLeaf(g_oExtensionTagRow, eArea_Structure, uiOffset, uiLength);
     if (uiLength > gsc_uiSectionOffset)
     {
         MapSection(oWriter, uiOffset + gsc_uiSectionOffset,

@@ -87,27 +87,24 @@ constexpr auto gsc_aoFoveations =
     Listed({ "not supported", "single stream", "dual streams", "single or dual streams" });
 constexpr auto gsc_aoLayerStreams = Listed({ "not supported", "one", "two only", "one or two" });
 
-bool HasInterleaving(const CRecord& oBlock) { return oBlock.IsSet(0x03, 0); }
-bool HasNoInterleaving(const CRecord& oBlock) { return !HasInterleaving(oBlock); }
-bool HasExtendedFrame(const CRecord& oBlock) { return oBlock.IsSet(0x03, 1); }
-bool HasNoExtendedFrame(const CRecord& oBlock) { return !HasExtendedFrame(oBlock); }
-bool HasLineMetadata(const CRecord& oBlock) { return oBlock.IsSet(0x05, 4); }
-bool HasNoLineMetadata(const CRecord& oBlock) { return !HasLineMetadata(oBlock); }
+constexpr auto HasInterleaving = WhereSet<0x03, 0>;
+constexpr auto HasExtendedFrame = WhereSet<0x03, 1>;
+constexpr auto HasLineMetadata = WhereSet<0x05, 4>;
 
 constexpr SRow gsc_aoDisplayRows[] = {
     { Bits(0x03, 1, 0), "Dual layer on a single stream", Names(gsc_aoDualLayers) },
     { Bits(0x03, 3, 2), "Reserved", Reserved() },
     { Bit(0x03, 4), "Interleaving mode", Flag(gsc_aoInterleavings), HasInterleaving },
-    { Bit(0x03, 4), "Reserved", Reserved(), HasNoInterleaving },
+    { Bit(0x03, 4), "Reserved", Reserved(), IsNot<HasInterleaving> },
     { Bits(0x03, 6, 5), "Extended frame mode", Names(gsc_aoExtendedFrames), HasExtendedFrame },
-    { Bits(0x03, 6, 5), "Reserved", Reserved(), HasNoExtendedFrame },
+    { Bits(0x03, 6, 5), "Reserved", Reserved(), IsNot<HasExtendedFrame> },
     { Bit(0x03, 7), "Reserved", Reserved() },
     { Bits(0x04, 3, 0), "Number of displays", NumberFrom1() },
     { Bits(0x04, 7, 4), "Number of streams", NumberFrom1() },
     { Bits(0x05, 3, 0), "Number of layers", NumberFrom1() },
     { Bits(0x05, 5, 4), "Layer metadata", Names(gsc_aoLayerMetadatas) },
     { Bits(0x05, 7, 6), "Replication factor", Names(gsc_aoReplications), HasLineMetadata },
-    { Bits(0x05, 7, 6), "Reserved", Reserved(), HasNoLineMetadata },
+    { Bits(0x05, 7, 6), "Reserved", Reserved(), IsNot<HasLineMetadata> },
     { Little16(0x06), "Right low distortion area X", Number("pixels") },
     { Little16(0x08), "Right low distortion area Y", Number("lines") },
     { Little16(0x0A), "Left low distortion area X", Number("pixels") },
@@ -162,17 +159,14 @@ constexpr STable gsc_oDisplay = { "ARVR HMD", eArea_Display, gsc_aoDisplayRows }
 
 // ---- ARVR layer, DisplayID 2.1 (tag 2Dh): 20 bytes ----
 
-constexpr SMeaning gsc_aoNone[] = { { 0, 0, "none" } };
-constexpr auto gsc_aoLensDistortions =
-    Listed({ "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction",
-             gsc_szReserved });
+constexpr auto gsc_aoLensDistortions = Listed(
+    { "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction", gsc_szReserved });
 constexpr auto gsc_aoLensDistortionChoices = Listed({ "no", "chromatic aberration only", "both", gsc_szReserved });
 constexpr auto gsc_aoReprojections = Listed({ "none", "3DoF only", "3DoF and 6DoF", gsc_szReserved });
 constexpr auto gsc_aoReprojectionChoices =
     Listed({ "neither", "3DoF can be disabled", "6DoF can be disabled", "both can be disabled" });
 
-bool HasUnlistedScaling(const CRecord& oBlock) { return oBlock.IsSet(0x11, 6); }
-bool HasNoUnlistedScaling(const CRecord& oBlock) { return !HasUnlistedScaling(oBlock); }
+constexpr auto HasUnlistedScaling = WhereSet<0x11, 6>;
 
 constexpr SRow gsc_aoLayerRows[] = {
     { Big24(0x03), "HMD manufacturer/vendor ID", Oui() },
@@ -205,11 +199,11 @@ constexpr SRow gsc_aoLayerRows[] = {
     { Bit(0x11, 5), "Scaling 8x", Flag() },
     { Bit(0x11, 6), "Scaling by other factors", Flag() },
     { Bit(0x11, 7), "Scaling configurable", Flag() },
-    { Run(0x12, 4), "Reserved", Reserved(), HasNoUnlistedScaling },
-    { Byte(0x12), "Unlisted scaling 0", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
-    { Byte(0x13), "Unlisted scaling 1", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
-    { Byte(0x14), "Unlisted scaling 2", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
-    { Byte(0x15), "Unlisted scaling 3", Fraction(nullptr, 32).With(gsc_aoNone), HasUnlistedScaling },
+    { Run(0x12, 4), "Reserved", Reserved(), IsNot<HasUnlistedScaling> },
+    { Byte(0x12), "Unlisted scaling 0", Fraction(nullptr, 32).With(gsc_aoZeroNone), HasUnlistedScaling },
+    { Byte(0x13), "Unlisted scaling 1", Fraction(nullptr, 32).With(gsc_aoZeroNone), HasUnlistedScaling },
+    { Byte(0x14), "Unlisted scaling 2", Fraction(nullptr, 32).With(gsc_aoZeroNone), HasUnlistedScaling },
+    { Byte(0x15), "Unlisted scaling 3", Fraction(nullptr, 32).With(gsc_aoZeroNone), HasUnlistedScaling },
     { Bit(0x16, 0), "Left then right side by side, layers on separate streams", Flag() },
     { Bit(0x16, 1), "Left then right stacked, layers on separate streams", Flag() },
     { Bits(0x16, 7, 2), "Reserved", Reserved() },
@@ -226,4 +220,4 @@ constexpr SDisplayIdBlock gsc_aoBlocks[] = {
 // clang-format on
 } // namespace
 
-const std::span<const SDisplayIdBlock> g_aoDisplayId2HeadMountedBlocks = gsc_aoBlocks;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2HeadMountedBlocks = gsc_aoBlocks;

@@ -8,9 +8,6 @@ namespace
 using CMap = CZorEdidMap;
 using enum CZorEdidMap::EArea;
 
-bool IsRevision0(const CRecord& oBlock) { return GetRevision(oBlock) == 0; }
-bool IsRevision1Plus(const CRecord& oBlock) { return GetRevision(oBlock) >= 1; }
-
 const char* CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
 {
     return uiValue < uiLeast ? "maximum is below the minimum" : nullptr;
@@ -94,6 +91,38 @@ constexpr SRow gsc_aoPowerRows[] = {
 };
 constexpr STable gsc_oPower = { "Interface power sequencing", eArea_Display, gsc_aoPowerRows };
 
+// ---- Depths of color, DisplayID 1.3 (tag 0Fh) and 2.0 (tag 26h): three bytes ----
+
+constexpr auto DepthRows(unsigned int uiOffset)
+{
+    return std::to_array<SRow>({
+        { Bits(uiOffset, 7, 6), "Reserved", Reserved() },
+        { Bit(uiOffset, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+        { Bits(uiOffset + 1, 7, 6), "Reserved", Reserved() },
+        { Bit(uiOffset + 1, 5), "YCbCr 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 1, 4), "YCbCr 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 1, 3), "YCbCr 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 1, 2), "YCbCr 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 1, 1), "YCbCr 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 1, 0), "YCbCr 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+        { Bits(uiOffset + 2, 7, 5), "Reserved", Reserved() },
+        { Bit(uiOffset + 2, 4), "YCbCr 4:2:2, 16 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 2, 3), "YCbCr 4:2:2, 14 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 2, 2), "YCbCr 4:2:2, 12 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 2, 1), "YCbCr 4:2:2, 10 bits per color", Flag(gsc_aoSupported) },
+        { Bit(uiOffset + 2, 0), "YCbCr 4:2:2, 8 bits per color", Flag(gsc_aoSupported) },
+    });
+}
+constexpr auto gsc_aoDepth1Rows = DepthRows(0x05);
+constexpr auto gsc_aoDepth2Rows = DepthRows(0x03);
+constexpr STable gsc_oDepths1 = { "Color depths", eArea_Display, gsc_aoDepth1Rows };
+constexpr STable gsc_oDepths2 = { "Color depths", eArea_Display, gsc_aoDepth2Rows };
+
 // ---- Display interface, DisplayID 1.3 (tag 0Fh): 10 bytes ----
 
 constexpr auto gsc_aoInterfaces = Listed({ "analog", "LVDS", "TMDS", "RSDS", "DVI-D", "DVI-I analog", "DVI-I digital",
@@ -111,37 +140,20 @@ constexpr unsigned int gsc_uiLvds = 1;
 constexpr unsigned int gsc_uiProprietary = 11;
 unsigned int GetInterface(const CRecord& oBlock) { return oBlock.GetBits(0x03, 7, 4); }
 bool IsAnalog(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_uiAnalog; }
-bool IsDigital(const CRecord& oBlock) { return GetInterface(oBlock) != gsc_uiAnalog; }
 bool IsLvds(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_uiLvds; }
 bool IsProprietary(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_uiProprietary; }
 bool IsNeither(const CRecord& oBlock) { return !IsLvds(oBlock) && !IsProprietary(oBlock); }
 
-constexpr SRow gsc_aoInterfaceRows[] = {
+constexpr SRow gsc_aoInterfaceTypeRows[] = {
     { Bits(0x03, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
     { Bits(0x03, 3, 0), "Analog interface", Names(gsc_aoAnalogInterfaces), IsAnalog },
-    { Bits(0x03, 3, 0), "Number of links", Number(), IsDigital },
+    { Bits(0x03, 3, 0), "Number of links", Number(), IsNot<IsAnalog> },
     { Bits(0x04, 7, 4), "Interface standard version", Number() },
     { Bits(0x04, 3, 0), "Interface standard revision", Number() },
-    { Bits(0x05, 7, 6), "Reserved", Reserved() },
-    { Bit(0x05, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
-    { Bits(0x06, 7, 6), "Reserved", Reserved() },
-    { Bit(0x06, 5), "YCbCr 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 4), "YCbCr 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 3), "YCbCr 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 2), "YCbCr 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 1), "YCbCr 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 0), "YCbCr 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
-    { Bits(0x07, 7, 5), "Reserved", Reserved() },
-    { Bit(0x07, 4), "YCbCr 4:2:2, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x07, 3), "YCbCr 4:2:2, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x07, 2), "YCbCr 4:2:2, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x07, 1), "YCbCr 4:2:2, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x07, 0), "YCbCr 4:2:2, 8 bits per color", Flag(gsc_aoSupported) },
+};
+constexpr STable gsc_oInterfaceType = { "Display interface", eArea_Display, gsc_aoInterfaceTypeRows };
+
+constexpr SRow gsc_aoInterfaceRows[] = {
     { Bits(0x08, 7, 4), "Reserved", Reserved() },
     { Bits(0x08, 3, 0), "Content protection", Names(gsc_aoProtections) },
     { Bits(0x09, 7, 4), "Content protection version", Number() },
@@ -167,38 +179,14 @@ constexpr SRow gsc_aoInterfaceRows[] = {
     { Run(0x0B, 2), "Reserved", Reserved(), IsNeither },
 };
 
-CMString InterfaceText(const CRecord& oBlock)
-{
-    const unsigned int uiInterface = GetInterface(oBlock);
-    return CMString(uiInterface < gsc_aoInterfaces.size() ? gsc_aoInterfaces[uiInterface].m_pszName : "");
-}
+CMString InterfaceText(const CRecord& oBlock) { return CMString(FindMeaning(gsc_aoInterfaces, GetInterface(oBlock))); }
 constexpr STable gsc_oInterface = { "Display interface", eArea_Display, gsc_aoInterfaceRows };
 
 // ---- Display interface features, DisplayID 2.0 (tag 26h): 9 bytes and up to 7 more ----
 
 constexpr SMeaning gsc_aoAnyRate[] = { { 0, 0, "any" } };
 
-constexpr SRow gsc_aoDepthFeatureRows[] = {
-    { Bits(0x03, 7, 6), "Reserved", Reserved() },
-    { Bit(0x03, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x03, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x03, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x03, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x03, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x03, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
-    { Bits(0x04, 7, 6), "Reserved", Reserved() },
-    { Bit(0x04, 5), "YCbCr 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x04, 4), "YCbCr 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x04, 3), "YCbCr 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x04, 2), "YCbCr 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x04, 1), "YCbCr 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x04, 0), "YCbCr 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
-    { Bits(0x05, 7, 5), "Reserved", Reserved() },
-    { Bit(0x05, 4), "YCbCr 4:2:2, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 3), "YCbCr 4:2:2, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 2), "YCbCr 4:2:2, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 1), "YCbCr 4:2:2, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x05, 0), "YCbCr 4:2:2, 8 bits per color", Flag(gsc_aoSupported) },
+constexpr SRow gsc_aoFeatureRows[] = {
     { Bits(0x06, 7, 5), "Reserved", Reserved() },
     { Bit(0x06, 4), "YCbCr 4:2:0, 16 bits per color", Flag(gsc_aoSupported) },
     { Bit(0x06, 3), "YCbCr 4:2:0, 14 bits per color", Flag(gsc_aoSupported) },
@@ -211,7 +199,7 @@ constexpr SRow gsc_aoDepthFeatureRows[] = {
     { Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
     { Bits(0x08, 4, 0), "Reserved", Reserved() },
 };
-constexpr STable gsc_oDepthFeatures = { "Display interface features", eArea_Display, gsc_aoDepthFeatureRows };
+constexpr STable gsc_oFeatures = { "Display interface features", eArea_Display, gsc_aoFeatureRows };
 
 constexpr SRow gsc_aoColourFeatureRows[] = {
     { Bit(0x09, 7), "Reserved", Reserved() },
@@ -255,7 +243,6 @@ constexpr SMeaning gsc_aoStereoMethods[] = {
 constexpr auto gsc_aoStereoPolarities = Listed({ "left is 1, right is 0", "left is 0, right is 1" });
 constexpr auto gsc_aoViews = Listed({ "left eye view", "right eye view" });
 constexpr auto gsc_aoMirrorings = Listed({ "none", "left/right", "top/bottom", gsc_szReserved });
-constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
 
 constexpr unsigned int gsc_uiStereoLengthOffset = 3; // of the method code and its parameters
 constexpr unsigned int gsc_uiStereoMethodOffset = 4;
@@ -338,8 +325,7 @@ constexpr SMeaning gsc_aoOneTile[] = { { 0, 0, "undefined" },
                                        { 3, 3, "image cloned to all other tiles" },
                                        { 4, 7, gsc_szReserved } };
 
-bool HasBezels(const CRecord& oBlock) { return oBlock.IsSet(0x03, 6); }
-bool HasNoBezels(const CRecord& oBlock) { return !HasBezels(oBlock); }
+constexpr auto HasBezels = WhereSet<0x03, 6>;
 
 // In tenths of a pixel.
 long long GetBezel(const CRecord& oBlock, unsigned int uiSize)
@@ -379,7 +365,7 @@ constexpr auto TileRows(const SRow& oVendor)
         { Byte(0x0D), "Bottom bezel size", gsc_oBezelForm, HasBezels },
         { Byte(0x0E), "Right bezel size", gsc_oBezelForm, HasBezels },
         { Byte(0x0F), "Left bezel size", gsc_oBezelForm, HasBezels },
-        { Run(0x0C, 4), "Bezel sizes, not used", Reserved(), HasNoBezels },
+        { Run(0x0C, 4), "Bezel sizes, not used", Reserved(), IsNot<HasBezels> },
         oVendor,
         { Little16(0x13), "Tiled display product ID code", Number() },
         { Little32(0x15), "Tiled display serial number", Number() },
@@ -457,7 +443,6 @@ bool IsVesa(const CRecord& oBlock)
 {
     return oBlock.Get(Big24(gsc_uiPayloadOffset)) == gsc_uiVesaOui && GetPayloadLength(oBlock) >= gsc_uiVesaSize;
 }
-bool IsNotVesa(const CRecord& oBlock) { return !IsVesa(oBlock); }
 bool HasDsc(const CRecord& oBlock) { return IsVesa(oBlock) && GetPayloadLength(oBlock) >= gsc_uiVesaDscSize; }
 
 constexpr SMeaning gsc_aoStructures[] = { { 0, 0, "eDP" }, { 1, 1, "DP" }, { 2, 7, gsc_szReserved } };
@@ -479,7 +464,7 @@ constexpr SRow gsc_aoVendor2Rows[] = {
     { Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
     { gsc_oDscDepth, "Pass-through timing's DSC bits per pixel", Fraction("bits per pixel", 16), HasDsc },
     { Bits(0x09, 7, 4), "Reserved", Reserved(), HasDsc },
-    { RunToEnd(0x06), "Vendor data", Bytes(), IsNotVesa },
+    { RunToEnd(0x06), "Vendor data", Bytes(), IsNot<IsVesa> },
 };
 constexpr STable gsc_oVendor2 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor2Rows };
 
@@ -496,11 +481,10 @@ bool HasLetters(const CRecord& oBlock)
     }
     return true;
 }
-bool HasNoLetters(const CRecord& oBlock) { return !HasLetters(oBlock); }
 
 constexpr SRow gsc_aoVendor1Rows[] = {
     { Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters },
-    { Big24(0x03), "Manufacturer/vendor ID", Oui(), HasNoLetters },
+    { Big24(0x03), "Manufacturer/vendor ID", Oui(), IsNot<HasLetters> },
     { RunToEnd(0x06), "Vendor data", Bytes() },
 };
 constexpr STable gsc_oVendor1 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor1Rows };
@@ -510,9 +494,6 @@ constexpr SRow gsc_aoVendorFlagRows[] = { { Bits(1, 7, 3), "Vendor flags", Bytes
 constexpr STable gsc_oVendorFlags = { "Flags", eArea_Vendor, gsc_aoVendorFlagRows };
 
 // ---- CTA-861 data blocks, DisplayID 1.3 and 2.0 (tag 81h) ----
-
-constexpr SRow gsc_aoCtaFlagRows[] = { { Bits(1, 7, 3), "Reserved", Reserved() } };
-constexpr STable gsc_oCtaFlags = { "Flags", eArea_Structure, gsc_aoCtaFlagRows };
 
 void MapCtaInDisplayId(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -527,7 +508,7 @@ constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
       Exactly(15), nullptr, { &gsc_oRange } },
     { 0x0D, Group("Interface power sequencing data block", eArea_Display), Exactly(6), nullptr, { &gsc_oPower } },
     { 0x0F, Group("Display interface data block", eArea_Display, InterfaceText),
-      Exactly(10), nullptr, { &gsc_oInterface } },
+      Exactly(10), nullptr, { &gsc_oInterfaceType, &gsc_oDepths1, &gsc_oInterface } },
     { 0x10, Group("Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
     { 0x12, Group("Tiled display topology data block", eArea_Display, TileText),
@@ -539,7 +520,7 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
     { 0x25, Group("Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
       Exactly(9), nullptr, { &gsc_oDynamicRange } },
     { 0x26, Group("Display interface features data block", eArea_Display),
-      { 9, 16 }, nullptr, { &gsc_oDepthFeatures, &gsc_oColourFeatures }, MapCombinations },
+      { 9, 16 }, nullptr, { &gsc_oDepths2, &gsc_oFeatures, &gsc_oColourFeatures }, MapCombinations },
     { 0x27, Group("Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
     { 0x28, Group("Tiled display topology data block", eArea_Display, TileText),
@@ -550,11 +531,11 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocksOfBoth[] = {
-    { 0x81, Group("CTA-861 data block", eArea_Structure), AtLeast(1), &gsc_oCtaFlags, {}, MapCtaInDisplayId },
+    { 0x81, Group("CTA-861 data block", eArea_Structure), AtLeast(1), nullptr, {}, MapCtaInDisplayId },
 };
 // clang-format on
 } // namespace
 
-const std::span<const SDisplayIdBlock> g_aoDisplayId1InterfaceBlocks = gsc_aoBlocks1;
-const std::span<const SDisplayIdBlock> g_aoDisplayId2InterfaceBlocks = gsc_aoBlocks2;
-const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks = gsc_aoBlocksOfBoth;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1InterfaceBlocks = gsc_aoBlocks1;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2InterfaceBlocks = gsc_aoBlocks2;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks = gsc_aoBlocksOfBoth;

@@ -64,23 +64,7 @@ constexpr STable gsc_oSerial = { "Serial number", eArea_Identity, gsc_aoSerialRo
 constexpr SRow gsc_aoStringRows[] = { { RunToEnd(3), "String", Text() } };
 constexpr STable gsc_oString = { "String", eArea_Identity, gsc_aoStringRows };
 
-constexpr unsigned int gsc_uiContainerIdSize = 16;
-
-// "041e0a63-f0b6-4dee-97a1-0123456789ab": bytes in stored order.
-CMString ContainerIdText(const CRecord& oBlock, unsigned int /*uiValue*/)
-{
-    CMString sText;
-    for (unsigned int i = 0; i < gsc_uiContainerIdSize; ++i)
-    {
-        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
-        sText.AppendFormat("%s%02x", bDash ? "-" : "", oBlock.GetByte(gsc_uiPayloadOffset + i));
-    }
-    return sText;
-}
-
-constexpr SRow gsc_aoContainerIdRows[] = {
-    { Run(3, gsc_uiContainerIdSize), "Container ID", Text().Text(ContainerIdText) },
-};
+constexpr SRow gsc_aoContainerIdRows[] = { ContainerIdRow<gsc_uiPayloadOffset>() };
 constexpr STable gsc_oContainerId = { "ContainerID", eArea_Identity, gsc_aoContainerIdRows };
 
 // ---- Luminances: IEEE 754 half precision, in cd/m2 ----
@@ -187,7 +171,6 @@ constexpr STable gsc_oParameters1Colour = { "Display parameters", eArea_Colour, 
 
 // ---- Display parameters, DisplayID 2.0 (tag 21h): 29 bytes ----
 
-constexpr auto gsc_aoSizePrecisions = Listed({ "0.1 mm", "1 mm" });
 constexpr auto gsc_aoScanOrientations =
     Listed({ "left to right, top to bottom", "right to left, top to bottom", "top to bottom, right to left",
              "bottom to top, right to left", "right to left, bottom to top", "left to right, bottom to top",
@@ -203,13 +186,11 @@ constexpr SMeaning gsc_aoTechnologies2[] = {
 };
 constexpr auto gsc_aoThemes = Listed({ "no preference", "dark theme preferred" });
 
-bool HasTenths(const CRecord& oBlock) { return !oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 7); }
-bool HasMillimetres(const CRecord& oBlock) { return !HasTenths(oBlock); }
-bool HasTheme(const CRecord& oBlock) { return GetRevision(oBlock) >= 1; }
-bool HasNoTheme(const CRecord& oBlock) { return !HasTheme(oBlock); }
+constexpr auto HasMillimetres = WhereSet<gsc_uiDataBlockFlagsOffset, 7>;
+constexpr auto HasTenths = IsNot<HasMillimetres>;
 
 constexpr SRow gsc_aoParameters2FlagRows[] = {
-    { Bit(1, 7), "Image size precision", Flag(gsc_aoSizePrecisions) },
+    { Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
     { Bits(1, 6, 3), "Reserved", Reserved() },
 };
 constexpr STable gsc_oParameters2Flags = { "Flags", eArea_Display, gsc_aoParameters2FlagRows };
@@ -233,11 +214,13 @@ constexpr STable gsc_oParameters2 = { "Display parameters", eArea_Display, gsc_a
 // Coordinates of 12 bits, two in three bytes.
 constexpr SRow FirstCoordinateRow(unsigned int uiOffset, const char* pszName)
 {
-    return { Split({ { PlaceByte(uiOffset + 1), 3, 0 }, { PlaceByte(uiOffset), 7, 0 } }), pszName, Chromaticity() };
+    return { Split({ { PlaceByte(uiOffset + 1), 3, 0 }, { PlaceByte(uiOffset), 7, 0 } }), pszName,
+             Fraction(nullptr, 4096) };
 }
 constexpr SRow SecondCoordinateRow(unsigned int uiOffset, const char* pszName)
 {
-    return { Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } }), pszName, Chromaticity() };
+    return { Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } }), pszName,
+             Fraction(nullptr, 4096) };
 }
 
 constexpr SRow gsc_aoParameters2ColourRows[] = {
@@ -252,8 +235,8 @@ constexpr SRow gsc_aoParameters2ColourRows[] = {
     LuminanceRow(0x18, "Maximum luminance, full coverage"),
     LuminanceRow(0x1A, "Maximum luminance, 10% rectangular coverage"),
     LuminanceRow(0x1C, "Minimum luminance"),
-    { Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), HasTheme },
-    { Bit(0x1E, 7), "Reserved", Reserved(), HasNoTheme },
+    { Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
+    { Bit(0x1E, 7), "Reserved", Reserved(), IsRevision0 },
     { Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
     { Bit(0x1E, 3), "Reserved", Reserved() },
     { Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
@@ -264,14 +247,13 @@ constexpr STable gsc_oParameters2Colour = { "Display parameters", eArea_Colour, 
 // ---- Color characteristics, DisplayID 1.3 (tag 2) ----
 
 constexpr auto gsc_aoMixings = Listed({ "spatial", "temporal" });
-constexpr SMeaning gsc_aoNone[] = { { 0, 0, "none" } };
 constexpr SMeaning gsc_aoNoPrimaries[] = { { 0, 0, "none, a standard color space" } };
 constexpr auto gsc_aoColourSpaces = ListedTo(
     255, { "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "NTSC", "EBU", "Adobe wide gamut RGB", "DICOM" });
 
 constexpr SRow gsc_aoColourFlagRows[] = {
     { Bit(1, 7), "Chromaticity coordinates", Flag(gsc_aoChromaticityKinds) },
-    { Bits(1, 6, 3), "Transfer characteristics data block", Number().With(gsc_aoNone) },
+    { Bits(1, 6, 3), "Transfer characteristics data block", Number().With(gsc_aoZeroNone) },
 };
 constexpr STable gsc_oColourFlags = { "Flags", eArea_Colour, gsc_aoColourFlagRows };
 
@@ -345,18 +327,11 @@ constexpr auto gsc_aoOperatingModes =
              "direct-view transflective, backlight on by default", "transparent, ambient light", "transparent emissive",
              "projection, reflective light modulator", "projection, transmissive light modulator",
              "projection, emissive transducer" });
-constexpr auto gsc_aoOrientations = Listed({ "landscape", "portrait", "not fixed", "undefined" });
-constexpr auto gsc_aoRotations =
-    Listed({ "none", "90 degrees clockwise", "90 degrees counterclockwise", "90 degrees either way" });
-constexpr auto gsc_aoZeroPixels = Listed({ "upper left", "upper right", "lower left", "lower right" });
-constexpr auto gsc_aoScanDirections =
-    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", gsc_szReserved });
 constexpr auto gsc_aoSubPixels =
     Listed({ "not defined", "RGB vertical stripes", "RGB horizontal stripes", "vertical stripes in primary order",
              "horizontal stripes in primary order", "quad, red top left", "quad, red bottom left", "delta (triad) RGB",
              "mosaic", "quad, RGB and 1 more color", "five sub-pixels, RGB and 2 more colors",
              "six sub-pixels, RGB and 3 more colors", "PenTile matrix" });
-constexpr auto gsc_aoTransitions = Listed({ "black to white", "white to black" });
 
 constexpr SRow gsc_aoDeviceRows[] = {
     { Byte(0x03), "Display device technology", Names(gsc_aoTechnologies1) },
@@ -386,7 +361,7 @@ constexpr STable gsc_oDevice = { "Display device data", eArea_Display, gsc_aoDev
 constexpr auto gsc_aoCurveForms = Listed({ "sample list", "four parameters" });
 
 constexpr SRow gsc_aoTransferFlagRows[] = {
-    { Bits(1, 7, 4), "Identifier", Number().With(gsc_aoNone) },
+    { Bits(1, 7, 4), "Identifier", Number().With(gsc_aoZeroNone) },
     { Bit(1, 3), "Reserved", Reserved() },
 };
 constexpr STable gsc_oTransferFlags = { "Flags", eArea_Colour, gsc_aoTransferFlagRows };
@@ -460,5 +435,5 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 // clang-format on
 } // namespace
 
-const std::span<const SDisplayIdBlock> g_aoDisplayId1ProductBlocks = gsc_aoBlocks1;
-const std::span<const SDisplayIdBlock> g_aoDisplayId2ProductBlocks = gsc_aoBlocks2;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1ProductBlocks = gsc_aoBlocks1;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2ProductBlocks = gsc_aoBlocks2;

@@ -3,8 +3,6 @@
 
 #include "MapDisplayId.h"
 
-#include "MapCtaBlocks.h"
-
 namespace
 {
 using CMap = CZorEdidMap;
@@ -14,9 +12,6 @@ using enum CZorEdidMap::EArea;
 
 constexpr auto gsc_aoStereoSupport = Listed({ "mono", "stereo", "mono or stereo by user action", gsc_szReserved });
 constexpr auto gsc_aoScanning = Listed({ "progressive", "interlaced" });
-constexpr auto gsc_aoPolarities = Listed({ "negative", "positive" });
-constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
-constexpr auto gsc_aoCodeSizes = Listed({ "1 byte", "2 bytes" });
 
 // HDMI 1.4; from HDMI_VIC 0 on.
 constexpr std::array<const char*, 5> gsc_apszHdmiModes = { gsc_szReserved, "3840 x 2160 @ 30 Hz", "3840 x 2160 @ 25 Hz",
@@ -69,31 +64,6 @@ const char* GetVicName(unsigned int uiVic)
 const char* GetHdmiVicName(unsigned int uiVic)
 {
     return uiVic < gsc_apszHdmiModes.size() ? gsc_apszHdmiModes[uiVic] : nullptr;
-}
-
-// ---- Texts ----
-
-struct SMode
-{
-    unsigned int m_uiWidth;
-    unsigned int m_uiHeight; // of the frame
-    bool m_bInterlaced;
-    unsigned long long m_ullCentiHertz; // frames; of an interlaced mode fields
-};
-
-// "2560 x 1440 @ 59.95 Hz"; whole rates have no decimals.
-CMString ModeText(const SMode& oMode)
-{
-    CMString sText;
-    sText.Format("%u x %u%s @ %llu", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "",
-                 oMode.m_ullCentiHertz / 100);
-    const unsigned int uiRest = static_cast<unsigned int>(oMode.m_ullCentiHertz % 100);
-    if (uiRest != 0)
-    {
-        sText.AppendFormat(".%02u", uiRest);
-    }
-    sText += " Hz";
-    return sText;
 }
 
 // ---- Type I, DisplayID 1.3 (tag 3), and Type VII, DisplayID 2.0 (tag 22h): 20 bytes ----
@@ -169,10 +139,9 @@ CMString DetailedText(const CRecord& oTiming)
     const unsigned long long ullTotalY = ullHeight + oTiming.Get(P.m_oBlankY) + 1ULL;
     const unsigned long long ullKiloHertz = (oTiming.Get(P.m_oClock) + 1ULL) * P.m_uiClockStep;
     const bool bInterlaced = oTiming.Get(P.m_oInterlaced) != 0;
-    const unsigned long long ullTotal = ullTotalX * ullTotalY;
     const unsigned long long ullFields = bInterlaced ? 2 : 1;
     return ModeText({ static_cast<unsigned int>(ullWidth), static_cast<unsigned int>(ullHeight), bInterlaced,
-                      (ullKiloHertz * 100000 * ullFields + ullTotal / 2) / ullTotal });
+                      ullKiloHertz * 1000 * ullFields, ullTotalX * ullTotalY });
 }
 
 const char* CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
@@ -220,10 +189,7 @@ constexpr SRow AspectRow(unsigned int uiByte)
 {
     return { Bits(uiByte, 3, 0), "Aspect ratio", Names(gsc_aoAspectRatios) };
 }
-constexpr SRow PolarityRow(const SPlace& oPlace, const char* pszName)
-{
-    return { oPlace, pszName, Flag(gsc_aoPolarities) };
-}
+constexpr SRow PolarityRow(const SPlace& oPlace, const char* pszName) { return { oPlace, pszName, Flag(gsc_aoSigns) }; }
 constexpr SRow HorizontalPolarityRow(unsigned int uiByte, unsigned int uiBit)
 {
     return PolarityRow(Bit(uiByte, uiBit), "Horizontal sync polarity");
@@ -303,8 +269,8 @@ CMString Type3Text(const CRecord& oTiming)
         return CMString();
     }
     const auto& auiAspect = gsc_auiAspectRatios[uiAspect];
-    return ModeText({ uiWidth, uiWidth * auiAspect[1] / auiAspect[0], oTiming.IsSet(2, 7),
-                      (oTiming.GetBits(2, 6, 0) + 1) * 100ULL });
+    return ModeText(
+        { uiWidth, uiWidth * auiAspect[1] / auiAspect[0], oTiming.IsSet(2, 7), oTiming.GetBits(2, 6, 0) + 1 });
 }
 
 // ---- By formula: Type V, DisplayID 1.3 (tag 11h), 7 bytes; Type IX, DisplayID 2.0 (tag 24h), 6 bytes; Type X,
@@ -362,9 +328,7 @@ constexpr SRow gsc_aoType9Rows[] = {
 
 bool IsFormula2(const CRecord& oTiming) { return oTiming.GetBits(0, 2, 0) == 2; }
 bool IsFormula3(const CRecord& oTiming) { return oTiming.GetBits(0, 2, 0) == 3; }
-bool IsNotFormula3(const CRecord& oTiming) { return !IsFormula3(oTiming); }
 bool IsOtherFormula(const CRecord& oTiming) { return !IsFormula2(oTiming) && !IsFormula3(oTiming); }
-bool HasNarrowRate(const CRecord& oTiming) { return oTiming.GetSize() == 6; }
 bool HasWideRate(const CRecord& oTiming) { return oTiming.GetSize() > 6; }
 bool HasDeltas(const CRecord& oTiming) { return HasWideRate(oTiming) && IsFormula3(oTiming); }
 bool HasNoDeltas(const CRecord& oTiming) { return HasWideRate(oTiming) && !IsFormula3(oTiming); }
@@ -391,11 +355,11 @@ constexpr SRow gsc_aoType10Rows[] = {
     { Bit(0, 4), "Base horizontal blank", Flag(gsc_aoBaseBlanks), IsFormula3 },
     { Bit(0, 4), "Reserved", Reserved(), IsOtherFormula },
     { Bit(0, 3), "Early vertical sync", Flag(), IsFormula3 },
-    { Bit(0, 3), "Reserved", Reserved(), IsNotFormula3 },
+    { Bit(0, 3), "Reserved", Reserved(), IsNot<IsFormula3> },
     { Bits(0, 2, 0), "Timing formula", Names(gsc_aoType10Formulas) },
     WidthRow(1),
     HeightRow(3),
-    { gsc_oNarrowRate, "Refresh rate", NumberFrom1("Hz"), HasNarrowRate },
+    { gsc_oNarrowRate, "Refresh rate", NumberFrom1("Hz"), IsNot<HasWideRate> },
     { gsc_oWideRate, "Refresh rate", NumberFrom1("Hz"), HasWideRate },
     { Bits(6, 7, 5), "Additional vertical blank time", Number("us").Computed(GetAdditionalBlankTime), HasDeltas },
     { Bits(6, 4, 2), "Horizontal blank", Number("pixels").Computed(GetHorizontalBlank), HasDeltas },
@@ -408,7 +372,7 @@ constexpr SRow gsc_aoType10Rows[] = {
 CMString FormulaText(const CRecord& oTiming, unsigned int uiSizeOffset, const SPlace& oRate)
 {
     return ModeText({ oTiming.Get(Little16(uiSizeOffset)) + 1, oTiming.Get(Little16(uiSizeOffset + 2)) + 1, false,
-                      (oTiming.Get(oRate) + 1) * 100ULL });
+                      oTiming.Get(oRate) + 1 });
 }
 CMString Type5Text(const CRecord& oTiming) { return FormulaText(oTiming, 2, Byte(6)); }
 CMString Type9Text(const CRecord& oTiming) { return FormulaText(oTiming, 1, gsc_oNarrowRate); }
@@ -464,7 +428,7 @@ struct STimingKind
 };
 
 // Of two rows with the same tag the later one counts, when its revision is reached.
-const STimingKind gsc_aoTimingKinds[] = {
+constexpr STimingKind gsc_aoTimingKinds[] = {
     { 0x03, 0, { "Type I timing", eArea_Timing, gsc_aoType1Rows, DetailedText<gsc_oType1> } },
     { 0x04, 0, { "Type II timing", eArea_Timing, gsc_aoType2Rows, DetailedText<gsc_oType2> } },
     { 0x05, 0, { "Type III timing", eArea_Timing, gsc_aoType3Rows, Type3Text } },
@@ -543,28 +507,17 @@ constexpr SRow gsc_aoType8FlagRows[] = {
 constexpr STable gsc_oType8Flags = { "Flags", eArea_Timing, gsc_aoType8FlagRows };
 
 // DisplayID 1.3 (tags 7 and 8): a bit a mode, from mode 1 on. A field has the name of its mode.
-
-constexpr auto MakeModeBits()
-{
-    std::array<SRow, 8> aoRows = {};
-    for (unsigned int i = 0; i < aoRows.size(); ++i)
-    {
-        aoRows[i] = { Bit(0, i), "Mode", Flag(gsc_aoSupported) };
-    }
-    return aoRows;
-}
-constexpr auto gsc_aoModeBits = MakeModeBits();
+constexpr auto gsc_aoModeBits = BitRows("Mode", Flag(gsc_aoSupported));
 
 void MapModeBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
                  const char* (*pfnName)(unsigned int))
 {
-    for (unsigned int i = 0; i < GetPayloadLength(oBlock) * gsc_aoModeBits.size(); ++i)
+    for (unsigned int i = 0; i < GetPayloadLength(oBlock) * gsc_uiBits; ++i)
     {
         if (const char* pszName = pfnName(i + 1))
         {
-            const unsigned int uiField = oWriter.AddLeaf(
-                gsc_aoModeBits[i % gsc_aoModeBits.size()], eArea_Timing,
-                uiOffset + gsc_uiPayloadOffset + i / static_cast<unsigned int>(gsc_aoModeBits.size()), 1);
+            const unsigned int uiField = oWriter.AddLeaf(gsc_aoModeBits[i % gsc_uiBits], eArea_Timing,
+                                                         uiOffset + gsc_uiPayloadOffset + i / gsc_uiBits, 1);
             oWriter.SetName(uiField, pszName);
         }
     }
@@ -625,9 +578,6 @@ constexpr SRow gsc_aoExtraBytesRows[] = {
 };
 constexpr STable gsc_oExtraBytesFlags = { "Flags", eArea_Structure, gsc_aoExtraBytesRows };
 
-bool IsRevision1Plus(const CRecord& oBlock) { return GetRevision(oBlock) >= 1; }
-bool IsRevision0(const CRecord& oBlock) { return GetRevision(oBlock) == 0; }
-
 constexpr SRow gsc_aoType7FlagRows[] = {
     { Bit(1, 7), "Reserved", Reserved() },
     { Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes") },
@@ -661,8 +611,8 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 // clang-format on
 } // namespace
 
-const std::span<const SDisplayIdBlock> g_aoDisplayId1TimingBlocks = gsc_aoBlocks1;
-const std::span<const SDisplayIdBlock> g_aoDisplayId2TimingBlocks = gsc_aoBlocks2;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1TimingBlocks = gsc_aoBlocks1;
+constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2TimingBlocks = gsc_aoBlocks2;
 
 void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength)
 {

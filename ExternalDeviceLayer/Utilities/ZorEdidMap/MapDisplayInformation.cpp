@@ -1,14 +1,14 @@
 // The display information extension block (DI-EXT): interface, pixels and colour decoding of a display. Called by
 // MapOther.cpp.
 
-#include "MapDisplayId.h"
+#include "MapForms.h"
+#include "MapNames.h"
 #include "MapOther.h"
 
 namespace
 {
 // ---- VESA Display Information Extension Block Standard, release A: 128 bytes ----
 
-constexpr SMeaning gsc_aoTags[] = { { 0x40, 0x40, "display information extension (DI-EXT)" } };
 constexpr auto gsc_aoInterfaces =
     Listed({ "analog", "DVI", "DVI single link", "DVI dual link, high resolution", "DVI dual link, high color",
              "DVI consumer electronics", "Plug and Display", "DFP", "Open LDI single link", "Open LDI dual link",
@@ -39,10 +39,6 @@ constexpr auto gsc_aoConversions =
     Listed({ "none", "vertical to one frequency", "horizontal to one frequency", "both" });
 constexpr auto gsc_aoOrientationTypes =
     Listed({ "not defined", "fixed", "pivots, default orientation", "pivots, current orientation" });
-constexpr auto gsc_aoOrientations = Listed({ "landscape", "portrait" });
-constexpr auto gsc_aoZeroPixels = Listed({ "upper left", "upper right", "lower left", "lower right" });
-constexpr auto gsc_aoScanDirections =
-    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", gsc_szReserved });
 constexpr auto gsc_aoDecodings = Listed(
     { "not defined", "BGR", "Y/C NTSC", "Y/C PAL", "Y/C SECAM", "YCrCb 4:4:4 SMPTE 293M and 294M",
       "YCrCb 4:2:2 SMPTE 293M and 294M", "YCrCb 4:2:0 SMPTE 293M and 294M", "YCrCb SMPTE 260M", "YPbPr SMPTE 240M",
@@ -53,18 +49,15 @@ constexpr auto gsc_aoCurves = Listed({ "none", "white curve", "three sub-channel
 unsigned int GetVersionKind(const CRecord& oBlock) { return oBlock.GetBits(0x03, 7, 6); }
 bool HasNothing(const CRecord& oBlock) { return GetVersionKind(oBlock) == 0; }
 bool HasVersion(const CRecord& oBlock) { return GetVersionKind(oBlock) == 1; }
-bool HasNoVersion(const CRecord& oBlock) { return !HasVersion(oBlock); }
 bool HasLetter(const CRecord& oBlock) { return GetVersionKind(oBlock) == 2; }
 bool HasDate(const CRecord& oBlock) { return GetVersionKind(oBlock) == 3; }
-bool HasDataEnable(const CRecord& oBlock) { return oBlock.IsSet(0x07, 7); }
-bool HasNoDataEnable(const CRecord& oBlock) { return !HasDataEnable(oBlock); }
+constexpr auto HasDataEnable = WhereSet<0x07, 7>;
 unsigned int GetCurves(const CRecord& oBlock) { return oBlock.GetBits(0x51, 7, 6); }
 bool HasWhiteCurve(const CRecord& oBlock) { return GetCurves(oBlock) == 1; }
 bool HasColourCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 2; }
 bool HasNoCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 0 || GetCurves(oBlock) == 3; }
 
 constexpr SRow gsc_aoRows[] = {
-    { Byte(0x00), "Extension tag", Names(gsc_aoTags) },
     { Byte(0x01), "Version", Number().Expect(1, "only version 1 has this layout") },
     { Byte(0x02), "Supported digital interface", Names(gsc_aoInterfaces) },
     { Bits(0x03, 7, 6), "Kind of interface version", Names(gsc_aoVersionKinds) },
@@ -76,12 +69,12 @@ constexpr SRow gsc_aoRows[] = {
     { Byte(0x04), "Year", Number().Times(1, 1990), HasDate },
     { Byte(0x05), "Month", Number(), HasDate },
     { Byte(0x06), "Day", Number(), HasDate },
-    { Bits(0x03, 5, 0), "Reserved", Reserved(), HasNoVersion },
+    { Bits(0x03, 5, 0), "Reserved", Reserved(), IsNot<HasVersion> },
     { Run(0x04, 3), "Reserved", Reserved(), HasNothing },
     { Run(0x05, 2), "Reserved", Reserved(), HasLetter },
     { Bit(0x07, 7), "Data enable signal available", Flag() },
     { Bit(0x07, 6), "Data enable polarity", Flag(gsc_aoPolarities), HasDataEnable },
-    { Bit(0x07, 6), "Reserved", Reserved(), HasNoDataEnable },
+    { Bit(0x07, 6), "Reserved", Reserved(), IsNot<HasDataEnable> },
     { Bits(0x07, 5, 4), "Edge of shift clock", Names(gsc_aoEdges) },
     { Bit(0x07, 3), "HDCP supported", Flag() },
     { Bit(0x07, 2), "Double clocking of input data", Flag() },

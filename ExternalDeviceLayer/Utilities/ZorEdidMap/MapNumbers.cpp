@@ -13,7 +13,6 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiBits = 8; // of a byte
 constexpr unsigned int gsc_uiCtaTag = 0x02;
 
 // Numbers that follow each other; msc_uiNone for none.

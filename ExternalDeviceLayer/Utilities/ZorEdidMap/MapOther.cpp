@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-#include "MapDisplayId.h"
+#include "MapBase.h"
+#include "MapNames.h"
 
 namespace
 {
@@ -14,32 +15,10 @@ using enum CZorEdidMap::EArea;
 
 constexpr unsigned int gsc_uiChecksumOffset = CMapWriter::msc_uiBlockSize - 1;
 
-// ---- Names of extension blocks, E-EDID 1.4; 01h and 30h of its early lists ----
-
-constexpr SMeaning gsc_aoExtensionTags[] = {
-    { 0x01, 0x01, "LCD timings" },
-    { 0x02, 0x02, "CTA-861 extension" },
-    { 0x10, 0x10, "video timing block extension (VTB-EXT)" },
-    { 0x20, 0x20, "EDID 2.0 extension" },
-    { 0x30, 0x30, "color information" },
-    { 0x40, 0x40, "display information extension (DI-EXT)" },
-    { 0x50, 0x50, "localized string extension (LS-EXT)" },
-    { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" },
-    { 0x70, 0x70, "DisplayID extension" },
-    { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" },
-    { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" },
-    { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" },
-    { 0xF0, 0xF0, "block map" },
-    { 0xFF, 0xFF, "extension of the manufacturer" },
-};
-constexpr SRow gsc_oTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
-
 // ---- Video timing block extension, VESA VTB-EXT, release A: three lists, one behind the other ----
 
 constexpr unsigned int gsc_uiVtbListsOffset = 5;
 constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - gsc_uiVtbListsOffset;
-constexpr unsigned int gsc_uiCvtCodeSize = 3;
-constexpr unsigned int gsc_uiStandardTimingSize = 2;
 
 constexpr SPlace gsc_oVtbDetailed = Byte(2);
 constexpr SPlace gsc_oVtbCvt = Byte(3);
@@ -66,7 +45,6 @@ const char* CheckVtbLists(const CRecord& oBlock, unsigned int uiStandard)
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
-    { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
     { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
     { gsc_oVtbDetailed, "Number of detailed timings", Number(), nullptr, CheckVtbDetailed },
     { gsc_oVtbCvt, "Number of CVT timing codes", Number() },
@@ -94,31 +72,18 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 // ---- Block map, E-EDID 1.4: the tags of the blocks behind it. Block 1 has those of blocks 2 to 127, block 128
 //      those of blocks 129 to 254 ----
 
-constexpr SMeaning gsc_aoUnusedTag[] = { { 0x00, 0x00, "no block" } };
 constexpr SRow gsc_oMapTagRow = { Byte(0), "Tag of block", MakeForm(CMap::eKind_Name) };
-
-const char* GetTagName(unsigned int uiTag)
-{
-    for (const SMeaning& oMeaning : gsc_aoExtensionTags)
-    {
-        if (oMeaning.m_uiFirst == uiTag)
-        {
-            return oMeaning.m_pszName;
-        }
-    }
-    return uiTag == 0 ? gsc_aoUnusedTag[0].m_pszName : nullptr;
-}
 
 void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
     const unsigned int uiBlock = uiOffset / CMapWriter::msc_uiBlockSize;
     for (unsigned int i = 1; i < std::min(uiLength, gsc_uiChecksumOffset); ++i)
     {
         const unsigned int uiTag = oWriter.GetByte(uiOffset + i);
         const unsigned int uiField = oWriter.AddLeaf(gsc_oMapTagRow, eArea_Structure, uiOffset + i, 1);
         oWriter.SetIndex(uiField, uiBlock + i);
-        oWriter.SetMeaning(uiField, GetTagName(uiTag));
+        oWriter.SetMeaning(uiField,
+                           uiTag == 0 ? "no block" : FindMeaning(g_oExtensionTagRow.m_oForm.m_aoMeanings, uiTag));
         // A block that is not there reads as 0.
         if (uiTag != oWriter.GetByte(uiOffset + i * CMapWriter::msc_uiBlockSize))
         {
@@ -133,7 +98,6 @@ constexpr unsigned int gsc_uiStringTablesOffset = 5;
 constexpr unsigned int gsc_uiStringsOffset = 6; // in a string table
 
 constexpr SRow gsc_aoLocalizedRows[] = {
-    { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) },
     { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
     { Byte(2), "Revision", Number() },
     { Bits(3, 7, 4), "Unicode version, major", Number() },
@@ -249,82 +213,78 @@ constexpr SRow gsc_oVendorRow = { Run(1, gsc_uiChecksumOffset - 1), "Manufacture
 
 void MapVendorBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
     oWriter.AddLeaf(gsc_oVendorRow, eArea_Vendor, uiOffset, uiLength);
 }
 
-void MapTagOnly(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
-{
-    oWriter.AddLeaf(gsc_oTagRow, eArea_Structure, uiOffset, uiLength);
-}
+// ---- Which block is walked by what: E-EDID 1.4; 01h and 30h of its early lists ----
 
-// ---- The base block of another EDID: a file may hold several, one behind the other ----
+constexpr CMap::EKind eFiller = CMap::eKind_Reserved;
+constexpr CMap::EKind eUnknown = CMap::eKind_Unknown;
 
-constexpr unsigned char gsc_aui8BaseHeader[] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
-constexpr SRow gsc_oBaseHeaderRow = { Run(0, sizeof(gsc_aui8BaseHeader)), "Header", Bytes() };
-
-bool IsBaseBlock(const CMapWriter& oWriter, unsigned int uiOffset)
-{
-    for (const unsigned char ui8Byte : gsc_aui8BaseHeader)
-    {
-        if (oWriter.GetByte(uiOffset++) != ui8Byte)
-        {
-            return false;
-        }
-    }
-    return true;
-}
-
-void MapOtherBase(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
-{
-    oWriter.AddLeaf(gsc_oBaseHeaderRow, eArea_Structure, uiOffset, uiLength);
-}
-
-// ---- Which block is walked by what ----
-
+// CTA-861 and DisplayID are in the list for their names; the walks of their blocks stand elsewhere.
 struct SExtension
 {
-    unsigned int m_uiTag;
+    SMeaning m_oKey;     // tag
     CMap::EKind m_eRest; // what the walk leaves over
     const char* m_pszName;
-    void (*m_pfnWalk)(CMapWriter&, unsigned int uiOffset, unsigned int uiLength);
+    void (*m_pfnWalk)(CMapWriter&, unsigned int uiOffset, unsigned int uiLength) = nullptr; // null: by name only
 };
 
+// clang-format off
 constexpr SExtension gsc_aoExtensions[] = {
-    { 0x01, CMap::eKind_Unknown, "LCD timings extension block", MapTagOnly },
-    { 0x10, CMap::eKind_Reserved, "Video timing block extension", MapVtb },
-    { 0x20, CMap::eKind_Unknown, "EDID 2.0 extension block", MapTagOnly },
-    { 0x30, CMap::eKind_Unknown, "Color information extension block", MapTagOnly },
-    { 0x40, CMap::eKind_Reserved, "Display information extension block", MapDisplayInformation },
-    { 0x50, CMap::eKind_Reserved, "Localized string extension block", MapLocalizedStrings },
-    { 0x60, CMap::eKind_Unknown, "Digital packet video link extension block", MapTagOnly },
-    { 0xA7, CMap::eKind_Unknown, "Display transfer characteristics block", MapTagOnly },
-    { 0xAF, CMap::eKind_Unknown, "Display transfer characteristics block", MapTagOnly },
-    { 0xBF, CMap::eKind_Unknown, "Display transfer characteristics block", MapTagOnly },
-    { 0xF0, CMap::eKind_Reserved, "Block map", MapBlockMap },
-    { 0xFF, CMap::eKind_Unknown, "Extension block of the manufacturer", MapVendorBlock },
+    { { 0x01, 0x01, "LCD timings" }, eUnknown, "LCD timings extension block" },
+    { { 0x02, 0x02, "CTA-861 extension" }, eUnknown, "CTA-861 extension block" },
+    { { 0x10, 0x10, "video timing block extension (VTB-EXT)" }, eFiller, "Video timing block extension", MapVtb },
+    { { 0x20, 0x20, "EDID 2.0 extension" }, eUnknown, "EDID 2.0 extension block" },
+    { { 0x30, 0x30, "color information" }, eUnknown, "Color information extension block" },
+    { { 0x40, 0x40, "display information extension (DI-EXT)" },
+      eFiller, "Display information extension block", MapDisplayInformation },
+    { { 0x50, 0x50, "localized string extension (LS-EXT)" },
+      eFiller, "Localized string extension block", MapLocalizedStrings },
+    { { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" },
+      eUnknown, "Digital packet video link extension block" },
+    { { 0x70, 0x70, "DisplayID extension" }, eUnknown, "DisplayID extension block" },
+    { { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" },
+      eUnknown, "Display transfer characteristics block" },
+    { { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" },
+      eUnknown, "Display transfer characteristics block" },
+    { { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" },
+      eUnknown, "Display transfer characteristics block" },
+    { { 0xF0, 0xF0, "block map" }, eFiller, "Block map", MapBlockMap },
+    { { 0xFF, 0xFF, "extension of the manufacturer" }, eUnknown, "Extension block of the manufacturer", MapVendorBlock },
 };
-constexpr SExtension gsc_oOtherBase = { 0, CMap::eKind_Unknown, "Base block of another EDID", MapOtherBase };
-constexpr SExtension gsc_oUnknownExtension = { 0, CMap::eKind_Unknown, "Unknown extension block", MapTagOnly };
+// clang-format on
+constexpr auto gsc_aoExtensionTags = TakeKeys(gsc_aoExtensions);
+// A file may hold several EDIDs, one behind the other.
+constexpr SExtension gsc_oOtherBase = { {}, eUnknown, "Base block of another EDID" };
+constexpr SExtension gsc_oUnknownExtension = { {}, eUnknown, "Unknown extension block" };
 
 const SExtension& FindExtension(const CMapWriter& oWriter, unsigned int uiOffset)
 {
     const unsigned int uiTag = oWriter.GetByte(uiOffset);
     for (const SExtension& oExtension : gsc_aoExtensions)
     {
-        if (oExtension.m_uiTag == uiTag)
+        if (oExtension.m_oKey.m_uiFirst == uiTag)
         {
             return oExtension;
         }
     }
-    return IsBaseBlock(oWriter, uiOffset) ? gsc_oOtherBase : gsc_oUnknownExtension;
+    return HasHeader(oWriter.GetRecord(uiOffset, CMapWriter::msc_uiBlockSize)) ? gsc_oOtherBase : gsc_oUnknownExtension;
 }
 } // namespace
+
+constinit const SRow g_oExtensionTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
 
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const SExtension& oExtension = FindExtension(oWriter, uiOffset);
     oWriter.BeginBlock(oExtension.m_pszName, uiOffset, uiLength);
-    oExtension.m_pfnWalk(oWriter, uiOffset, uiLength);
-    oWriter.EndBlock(oExtension.m_eRest == CMap::eKind_Reserved ? "Filler" : "Unknown", oExtension.m_eRest);
+    oWriter.AddLeaf(&oExtension == &gsc_oOtherBase ? g_oHeaderRow : g_oExtensionTagRow,
+                    oExtension.m_pfnWalk == MapDisplayInformation ? eArea_Display : eArea_Structure, uiOffset,
+                    uiLength);
+    if (oExtension.m_pfnWalk != nullptr)
+    {
+        oExtension.m_pfnWalk(oWriter, uiOffset, uiLength);
+    }
+    oWriter.EndBlock(oExtension.m_eRest == eFiller ? "Filler" : "Unknown", oExtension.m_eRest);
 }

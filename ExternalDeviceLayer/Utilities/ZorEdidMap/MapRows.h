@@ -30,6 +30,8 @@ struct SMeaning
 
 // ---- Where ----
 
+inline constexpr unsigned int gsc_uiBits = 8; // of a byte
+
 // Bits m_ui8High to m_ui8Low of the byte m_ui8Offset of a record.
 struct SBitsPlace
 {

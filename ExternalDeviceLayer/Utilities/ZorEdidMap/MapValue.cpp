@@ -4,7 +4,6 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiBits = 8; // of a byte
 constexpr unsigned int gsc_uiByteMask = 0xFF;
 constexpr unsigned int gsc_uiMostBytes = 32768; // whole blocks; only what lies behind them is longer
 constexpr char gsc_szDigits[] = "0123456789abcdef";

@@ -9,7 +9,6 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiBits = 8; // of a byte
 constexpr unsigned int gsc_uiByteMask = 0xFF;
 constexpr unsigned char gsc_ui8WholeByte = 0xFF;
 

@@ -9,7 +9,6 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiBits = 8; // of a byte
 
 constexpr unsigned int gsc_uiRevisionOffset = 0x13;
 constexpr unsigned int gsc_uiVideoInputOffset = 0x14;

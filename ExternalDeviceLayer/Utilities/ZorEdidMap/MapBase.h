@@ -1,0 +1,51 @@
+// What the tables of the base block and those of its descriptors share; the header is known to MapOther.cpp, too.
+
+#pragma once
+
+#include "MapForms.h"
+
+// The first 8 bytes of a base block; whether a record begins with them.
+extern const SRow g_oHeaderRow;
+bool HasHeader(const CRecord& oRecord);
+
+inline constexpr unsigned int gsc_uiStandardTimingSize = 2;
+inline constexpr unsigned int gsc_uiCvtCodeSize = 3;
+
+// Conditions of rows: E-EDID 1.4 and later ones.
+inline bool IsRevision4(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision >= 4; }
+inline constexpr auto IsBefore4 = IsNot<IsRevision4>;
+
+// CIE coordinates of 10 bits.
+constexpr SForm Chromaticity() { return Fraction(nullptr, 1024); }
+
+inline constexpr SMeaning gsc_aoGammaNotHere[] = { { 0xFF, 0xFF, "not given here" } };
+
+inline const char* CheckReservedZero(const CRecord& /*oRecord*/, unsigned int uiValue)
+{
+    return uiValue == 0 ? "00h is reserved" : nullptr;
+}
+
+// A mode that stands for one bit.
+constexpr SRow Mode(unsigned int uiOffset, unsigned int uiBit, const char* pszName)
+{
+    return { Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
+}
+
+// ---- Detailed timings against range limits ----
+
+// Of one descriptor. A maximum of 0 limits nothing.
+struct SRangeLimits
+{
+    bool m_bThere;
+    unsigned int m_uiLeastRate; // Hz
+    unsigned int m_uiMostRate;
+    unsigned int m_uiLeastLineRate; // kHz
+    unsigned int m_uiMostLineRate;
+    unsigned int m_uiMostClock; // 10 kHz
+};
+
+// Both records have gsc_uiMapDescriptorSize bytes, of a range limits descriptor and of a detailed timing.
+SRangeLimits ReadRangeLimits(const CRecord& oRecord);
+// What of the timing lies beyond the limits, as a static text; null when nothing does. Limits are whole numbers: half a
+// unit beyond them is within.
+const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits);

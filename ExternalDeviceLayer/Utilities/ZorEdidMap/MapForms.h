@@ -1,0 +1,92 @@
+// Places, forms of values, conditions and rules that tables of several files use. Private to this folder.
+
+#pragma once
+
+#include <array>
+
+#include "MapWriter.h"
+
+// ---- Conditions of rows ----
+
+// "Not X" of a condition X.
+template <bool (*APPLIES)(const CRecord&)>
+bool IsNot(const CRecord& oRecord)
+{
+    return !APPLIES(oRecord);
+}
+
+template <unsigned int OFFSET, unsigned int BIT>
+bool WhereSet(const CRecord& oRecord)
+{
+    return oRecord.IsSet(OFFSET, BIT);
+}
+
+// ---- Places and forms ----
+
+// Three bytes, as DisplayID stores a company's identifier.
+constexpr SPlace Big24(unsigned int uiOffset)
+{
+    return Split(
+        { { PlaceByte(uiOffset), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset + 2), 7, 0 } });
+}
+
+// Stored minus 1.
+constexpr SForm NumberFrom1(const char* pszUnit = nullptr) { return Number(pszUnit).Times(1, 1); }
+
+// Stored as 100 times the value, minus 100: gamma and aspect ratios, 1.00 to 3.55.
+constexpr SForm HundredthsFrom1() { return Number().Times(1, 100).Decimals(2); }
+
+// Stored as a multiple of 1 / uiDenominator.
+constexpr SForm Fraction(const char* pszUnit, unsigned int uiDenominator, unsigned int uiDecimals = 4)
+{
+    long long llScale = 1;
+    for (unsigned int i = 0; i < uiDecimals; ++i)
+    {
+        llScale *= 10;
+    }
+    return Number(pszUnit).Times(llScale).Over(uiDenominator).Decimals(uiDecimals);
+}
+
+// A row of the same name for each bit of a byte, from bit 0 on.
+constexpr std::array<SRow, gsc_uiBits> BitRows(const char* pszName, const SForm& oForm)
+{
+    std::array<SRow, gsc_uiBits> aoRows = {};
+    for (unsigned int i = 0; i < gsc_uiBits; ++i)
+    {
+        aoRows[i] = { Bit(0, i), pszName, oForm };
+    }
+    return aoRows;
+}
+
+// ---- Lengths of payloads ----
+
+inline constexpr unsigned int gsc_uiMostPayload = 248; // of DisplayID; the length field of CTA-861 ends at 31
+
+// Lengths that are right: from m_uiLeast to m_uiMost; beyond m_uiLeast in steps of m_uiStep, unless it is 0.
+struct SPayloadRule
+{
+    unsigned int m_uiLeast;
+    unsigned int m_uiMost;
+    unsigned int m_uiStep = 0;
+    bool m_bExtraBytes = false; // of DisplayID: bits 6 to 4 of the flags make each item, so least and step, longer
+};
+
+constexpr SPayloadRule Exactly(unsigned int uiBytes) { return { uiBytes, uiBytes }; }
+constexpr SPayloadRule AtLeast(unsigned int uiBytes) { return { uiBytes, gsc_uiMostPayload }; }
+constexpr SPayloadRule ItemsOf(unsigned int uiBytes) { return { uiBytes, gsc_uiMostPayload, uiBytes }; }
+
+struct SPayloadNotes
+{
+    const char* m_pszShort;
+    const char* m_pszLong;
+    const char* m_pszPart; // no whole number of items
+};
+
+// Which of the notes a length gets; null for none.
+constexpr const char* CheckPayload(const SPayloadRule& oRule, unsigned int uiLength, const SPayloadNotes& oNotes)
+{
+    return uiLength < oRule.m_uiLeast                                                  ? oNotes.m_pszShort
+           : uiLength > oRule.m_uiMost                                                 ? oNotes.m_pszLong
+           : oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0 ? oNotes.m_pszPart
+                                                                                       : nullptr;
+}

@@ -1,0 +1,56 @@
+// Names of values and texts that tables of several files use.
+
+#include "MapNames.h"
+
+const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue)
+{
+    for (const SMeaning& oMeaning : aoMeanings)
+    {
+        if (oMeaning.m_uiFirst <= uiValue && uiValue <= oMeaning.m_uiLast)
+        {
+            return oMeaning.m_pszName;
+        }
+    }
+    return nullptr;
+}
+
+CMString OuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
+{
+    CMString sText;
+    sText.Format("%02X-%02X-%02X", uiOui >> 16, (uiOui >> 8) & 0xFF, uiOui & 0xFF);
+    const char* pszName = FindMeaning(gsc_aoOuis, uiOui);
+    if (pszName != nullptr)
+    {
+        sText.AppendFormat(" %s", pszName);
+    }
+    return sText;
+}
+
+CMString ModeText(const SMode& oMode)
+{
+    CMString sText;
+    sText.Format("%u x %u%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "");
+    if (oMode.m_ullTotal == 0)
+    {
+        return sText;
+    }
+    const unsigned long long ullHundredths = (oMode.m_ullClock * 100 + oMode.m_ullTotal / 2) / oMode.m_ullTotal;
+    sText.AppendFormat(" @ %llu", ullHundredths / 100);
+    if (ullHundredths % 100 != 0)
+    {
+        sText.AppendFormat(".%02llu", ullHundredths % 100);
+    }
+    sText += " Hz";
+    return sText;
+}
+
+CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset)
+{
+    CMString sText;
+    for (unsigned int i = 0; i < gsc_uiContainerIdSize; ++i)
+    {
+        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
+        sText.AppendFormat("%s%02x", bDash ? "-" : "", oRecord.GetByte(uiOffset + i));
+    }
+    return sText;
+}

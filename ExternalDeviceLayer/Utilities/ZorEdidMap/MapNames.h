@@ -1,0 +1,125 @@
+// Names and texts that tables of several files use. A list of names is headed by its standard. Private to this folder.
+
+#pragma once
+
+#include <array>
+
+#include "MapWriter.h"
+
+// ---- Lists of names ----
+
+// Values count from 0.
+template <unsigned int N>
+constexpr std::array<SMeaning, N> Listed(const char* const (&apszNames)[N])
+{
+    std::array<SMeaning, N> aoMeanings = {};
+    for (unsigned int i = 0; i < N; ++i)
+    {
+        aoMeanings[i] = { i, i, apszNames[i] };
+    }
+    return aoMeanings;
+}
+
+// The same, with all values behind them up to uiLast reserved.
+template <unsigned int N>
+constexpr std::array<SMeaning, N + 1> ListedTo(unsigned int uiLast, const char* const (&apszNames)[N])
+{
+    std::array<SMeaning, N + 1> aoMeanings = {};
+    for (unsigned int i = 0; i < N; ++i)
+    {
+        aoMeanings[i] = { i, i, apszNames[i] };
+    }
+    aoMeanings[N] = { N, uiLast, gsc_szReserved };
+    return aoMeanings;
+}
+
+// The keys of a list of kinds, with their names.
+template <class KIND, size_t N>
+constexpr std::array<SMeaning, N> TakeKeys(const KIND (&aoKinds)[N])
+{
+    std::array<SMeaning, N> aoKeys = {};
+    for (size_t i = 0; i < N; ++i)
+    {
+        aoKeys[i] = aoKinds[i].m_oKey;
+    }
+    return aoKeys;
+}
+
+// ---- Words ----
+
+inline constexpr SMeaning gsc_aoZeroNotGiven[] = { { 0, 0, "not given" } };
+inline constexpr SMeaning gsc_aoZeroNotIndicated[] = { { 0, 0, "not indicated" } };
+inline constexpr SMeaning gsc_aoZeroNone[] = { { 0, 0, "none" } };
+inline constexpr SMeaning gsc_aoFFNotGiven[] = { { 0xFF, 0xFF, "not given" } };
+inline constexpr auto gsc_aoSigns = Listed({ "negative", "positive" });
+inline constexpr auto gsc_aoPrecisions = Listed({ "0.1 mm", "1 mm" });
+
+// ---- Panels: DisplayID 1.3 and VESA DDDB 1.0; of DI-EXT, release A, the orientations without rotation, and corners ----
+
+inline constexpr auto gsc_aoOrientations = Listed({ "landscape", "portrait", "not fixed", "undefined" });
+inline constexpr auto gsc_aoRotations =
+    Listed({ "none", "90 degrees clockwise", "90 degrees counterclockwise", "90 degrees either way" });
+inline constexpr auto gsc_aoZeroPixels = Listed({ "upper left", "upper right", "lower left", "lower right" });
+inline constexpr auto gsc_aoTransitions = Listed({ "black to white", "white to black" });
+
+// Of DisplayID 1.3 and DI-EXT, release A.
+inline constexpr auto gsc_aoScanDirections =
+    Listed({ "not defined", "fast on long axis, slow on short", "fast on short axis, slow on long", gsc_szReserved });
+
+// ---- Codes of timings: DisplayID 1.3 and 2.0; their sizes CTA-861-H, too ----
+
+inline constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
+inline constexpr auto gsc_aoCodeSizes = Listed({ "1 byte", "2 bytes" });
+
+// The name of the format of a short video descriptor of CTA-861; null for a code that is not published.
+const char* GetVideoCodeName(unsigned int uiSvd);
+
+// ---- Companies: as IEEE assigns identifiers; CTA-861 stores the least significant byte first, DisplayID last ----
+
+inline constexpr SMeaning gsc_aoOuis[] = {
+    { 0x00001A, 0x00001A, "AMD" },
+    { 0x00044B, 0x00044B, "NVIDIA" },
+    { 0x000C03, 0x000C03, "HDMI Licensing" },
+    { 0x000C6E, 0x000C6E, "ASUSTek" },
+    { 0x0010FA, 0x0010FA, "Apple" },
+    { 0x0012FA, 0x0012FA, "THX" },
+    { 0x0014B9, 0x0014B9, "MStar" },
+    { 0x00D046, 0x00D046, "Dolby Laboratories" },
+    { 0x00E047, 0x00E047, "InFocus" },
+    { 0x1ABBFB, 0x1ABBFB, "UHD Alliance" },
+    { 0x3A0292, 0x3A0292, "VESA" },
+    { 0x90848B, 0x90848B, "HDR10+ Technologies" },
+    { 0xC45DD8, 0xC45DD8, "HDMI Forum" },
+    { 0xCA125C, 0xCA125C, "Microsoft" },
+};
+
+// "00-0C-03 HDMI Licensing"
+CMString OuiText(const CRecord& oRecord, unsigned int uiOui);
+constexpr SForm Oui() { return Names(gsc_aoOuis).Text(OuiText); }
+
+// ---- Texts ----
+
+// The meaning of a value; null for one that the list lacks.
+const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue);
+
+struct SMode
+{
+    unsigned int m_uiWidth;
+    unsigned int m_uiHeight; // of the frame
+    bool m_bInterlaced;
+    // The rate is their quotient: frames a second, of an interlaced mode fields. A total of 0 leaves it out.
+    unsigned long long m_ullClock;
+    unsigned long long m_ullTotal = 1;
+};
+// "1920 x 1080i @ 59.94 Hz"; whole rates have no decimals.
+CMString ModeText(const SMode& oMode);
+
+// A container ID: 16 bytes from uiOffset of the record on, in stored order. "041e0a63-f0b6-4dee-97a1-0123456789ab"
+inline constexpr unsigned int gsc_uiContainerIdSize = 16;
+CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset);
+template <unsigned int OFFSET>
+constexpr SRow ContainerIdRow()
+{
+    return { Run(OFFSET, gsc_uiContainerIdSize), "Container ID",
+             Text().Text([](const CRecord& oRecord, unsigned int) { return ContainerIdText(oRecord, OFFSET); }) };
+}

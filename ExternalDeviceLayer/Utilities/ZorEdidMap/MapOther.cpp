@@ -279,8 +279,7 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 {
     const SExtension& oExtension = FindExtension(oWriter, uiOffset);
     oWriter.BeginBlock(oExtension.m_pszName, uiOffset, uiLength);
-    oWriter.AddLeaf(&oExtension == &gsc_oOtherBase ? g_oHeaderRow : g_oExtensionTagRow,
-                    oExtension.m_pfnWalk == MapDisplayInformation ? eArea_Display : eArea_Structure, uiOffset,
+    oWriter.AddLeaf(&oExtension == &gsc_oOtherBase ? g_oHeaderRow : g_oExtensionTagRow, eArea_Structure, uiOffset,
                     uiLength);
     if (oExtension.m_pfnWalk != nullptr)
     {

@@ -262,4 +262,17 @@ TEST_F(MapNumbers, NumberAreaAndSeverity)
         EXPECT_LE(1U, uiErrors) << oImage.m_pszName;
     }
 }
+
+// Its tag is of the structure, whatever an extension block is about.
+TEST_F(MapNumbers, AreaOfExtensionTags)
+{
+    for (unsigned int uiTag = 1; uiTag <= 0xFF; ++uiTag)
+    {
+        CZorEdidMap oMap;
+        ReadMap(oMap, MakeEdid({ CBytes{ static_cast<unsigned char>(uiTag), 1 } }));
+        const CZorEdidMap::SField& oTag = oMap.GetField(oMap.FindLeaf(gsc_uiBlockSize, 0));
+        EXPECT_STREQ("Extension tag", oTag.m_pszName);
+        EXPECT_EQ(CZorEdidMap::eArea_Structure, oTag.m_eArea) << uiTag;
+    }
+}
 } // namespace

@@ -103,7 +103,7 @@ constexpr SRow gsc_aoMicrosoftRows[] = {
     { Bit(1, 6), "Desktop usage", Flag(), HasUsage },
     { Bit(1, 5), "Third-party usage", Flag(), HasUsage },
     { Bits(1, 4, 0), "Display product primary use case", Names(gsc_aoUseCases) },
-    { Run(2, gsc_uiContainerIdSize), "Container ID", Bytes().Text(ContainerIdRow<2>().m_oForm.m_pfnText) },
+    ContainerIdRow<2>(),
 };
 
 // ---- UHD Alliance: Filmmaker Mode ----

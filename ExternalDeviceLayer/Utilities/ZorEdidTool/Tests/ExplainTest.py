@@ -107,6 +107,8 @@ class ExplainTest(ToolTest):
         for text, image, found in [("detailed 1", MONITOR, "Detailed timing 0"), ("vic 31", MONITOR, "identification code"),
                                    ("reserved value", change({0x10: "3c"}), "Week of manufacture: reserved")]:
             self.assertEqual([found in line for line in self.lines("--find", text, image=image)], [True])
+        container = with_blocks(bytes.fromhex("02031a00 75 5c12ca 0107") + bytes(range(16)))
+        self.assertIn("Container ID: 00010203-0405-", self.lines("--find", "03-0405-0607-08", image=container)[0])
         self.assertEqual(self.lines("--find", "standard timing 3"),
                          ["block 0 2c-2d                                  Standard timing 3: 1280 x 1024 @ 60 Hz  "
                           "(standard 3)"])

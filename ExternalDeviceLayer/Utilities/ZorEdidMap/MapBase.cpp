@@ -259,12 +259,6 @@ constexpr auto IsUsedPair = IsNot<IsUnusedPair>;
 bool IsSquarePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision < 3; }
 bool IsWidePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision >= 3; }
 
-struct SRatio
-{
-    unsigned int m_uiWidth;
-    unsigned int m_uiHeight;
-};
-
 constexpr SRatio gsc_aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } }; // by the code; 0 was 1:1 before 1.3
 constexpr SMeaning gsc_aoAspects[] = { { 0, 0, "16:10" }, { 1, 1, "4:3" }, { 2, 2, "5:4" }, { 3, 3, "16:9" } };
 constexpr SMeaning gsc_aoOldAspects[] = { { 0, 0, "1:1" }, { 1, 1, "4:3" }, { 2, 2, "5:4" }, { 3, 3, "16:9" } };

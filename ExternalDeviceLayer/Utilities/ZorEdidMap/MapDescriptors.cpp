@@ -430,11 +430,6 @@ const char* CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
 
 CMString FormatCvtCode(const CRecord& oRecord)
 {
-    struct SRatio
-    {
-        unsigned int m_uiWidth;
-        unsigned int m_uiHeight;
-    };
     constexpr SRatio aoRatios[] = { { 4, 3 }, { 16, 9 }, { 16, 10 }, { 15, 9 } };
     constexpr unsigned int auiRates[] = { 50, 60, 75, 85 };
     constexpr unsigned int uiCell = 8; // pixels

@@ -19,9 +19,9 @@ constexpr std::array<const char*, 5> gsc_apszHdmiModes = { gsc_szReserved, "3840
 
 constexpr auto gsc_aoAspectRatios =
     ListedTo(15, { "1:1", "5:4", "4:3", "15:9", "16:9", "16:10", "64:27", "256:135", "undefined" });
-// The same as numbers: width and height.
-constexpr unsigned int gsc_auiAspectRatios[][2] = { { 1, 1 },  { 5, 4 },   { 4, 3 },   { 15, 9 },
-                                                    { 16, 9 }, { 16, 10 }, { 64, 27 }, { 256, 135 } };
+// The same as numbers.
+constexpr SRatio gsc_aoRatios[] = { { 1, 1 },  { 5, 4 },   { 4, 3 },   { 15, 9 },
+                                    { 16, 9 }, { 16, 10 }, { 64, 27 }, { 256, 135 } };
 
 // VESA DMT 1.13; RB: reduced blanking. From DMT ID 1 on.
 constexpr const char* gsc_apszDmtModes[] = {
@@ -264,13 +264,13 @@ CMString Type3Text(const CRecord& oTiming)
 {
     const unsigned int uiWidth = (oTiming.GetByte(1) + 1) * 8;
     const unsigned int uiAspect = oTiming.GetBits(0, 3, 0);
-    if (uiAspect >= std::size(gsc_auiAspectRatios))
+    if (uiAspect >= std::size(gsc_aoRatios))
     {
         return CMString();
     }
-    const auto& auiAspect = gsc_auiAspectRatios[uiAspect];
+    const SRatio& oRatio = gsc_aoRatios[uiAspect];
     return ModeText(
-        { uiWidth, uiWidth * auiAspect[1] / auiAspect[0], oTiming.IsSet(2, 7), oTiming.GetBits(2, 6, 0) + 1 });
+        { uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth, oTiming.IsSet(2, 7), oTiming.GetBits(2, 6, 0) + 1 });
 }
 
 // ---- By formula: Type V, DisplayID 1.3 (tag 11h), 7 bytes; Type IX, DisplayID 2.0 (tag 24h), 6 bytes; Type X,

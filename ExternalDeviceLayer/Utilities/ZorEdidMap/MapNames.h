@@ -54,7 +54,7 @@ inline constexpr SMeaning gsc_aoFFNotGiven[] = { { 0xFF, 0xFF, "not given" } };
 inline constexpr auto gsc_aoSigns = Listed({ "negative", "positive" });
 inline constexpr auto gsc_aoPrecisions = Listed({ "0.1 mm", "1 mm" });
 
-// ---- Panels: DisplayID 1.3 and VESA DDDB 1.0; of DI-EXT, release A, the orientations without rotation, and corners ----
+// ---- Panels: DisplayID 1.3 and VESA DDDB 1.0; of DI-EXT, release A, the first two orientations and the corners ----
 
 inline constexpr auto gsc_aoOrientations = Listed({ "landscape", "portrait", "not fixed", "undefined" });
 inline constexpr auto gsc_aoRotations =
@@ -101,6 +101,13 @@ constexpr SForm Oui() { return Names(gsc_aoOuis).Text(OuiText); }
 
 // The meaning of a value; null for one that the list lacks.
 const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue);
+
+// Of a picture, width to height.
+struct SRatio
+{
+    unsigned int m_uiWidth;
+    unsigned int m_uiHeight;
+};
 
 struct SMode
 {

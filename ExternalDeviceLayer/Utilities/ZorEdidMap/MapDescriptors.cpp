@@ -219,21 +219,21 @@ bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return GetHorizontalOff
 
 constexpr unsigned int gsc_uiRateOffset = 255;
 
-const char* CheckMaximumRate(unsigned int uiMinimum, unsigned int uiMaximum, unsigned int uiOffsets)
+const char* CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsigned int uiMost)
 {
-    const unsigned int uiLow = uiMinimum + (uiOffsets == 3 ? gsc_uiRateOffset : 0);
-    const unsigned int uiHigh = uiMaximum + (uiOffsets >= 2 ? gsc_uiRateOffset : 0);
-    return uiMaximum == 0 ? "00h is reserved" : uiHigh < uiLow ? "below the minimum" : nullptr;
+    return uiStored == 0 ? "00h is reserved" : uiMost < uiLeast ? "below the minimum" : nullptr;
 }
 
 const char* CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
-    return CheckMaximumRate(oRecord.GetByte(0x05), uiValue, GetVerticalOffsets(oRecord));
+    const SRangeLimits oLimits = ReadRangeLimits(oRecord);
+    return CheckMaximumRate(uiValue, oLimits.m_uiLeastRate, oLimits.m_uiMostRate);
 }
 
 const char* CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
-    return CheckMaximumRate(oRecord.GetByte(0x07), uiValue, GetHorizontalOffsets(oRecord));
+    const SRangeLimits oLimits = ReadRangeLimits(oRecord);
+    return CheckMaximumRate(uiValue, oLimits.m_uiLeastLineRate, oLimits.m_uiMostLineRate);
 }
 
 const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)

@@ -71,7 +71,8 @@ inline constexpr auto gsc_aoScanDirections =
 inline constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
 inline constexpr auto gsc_aoCodeSizes = Listed({ "1 byte", "2 bytes" });
 
-// The name of the format of a short video descriptor of CTA-861; null for a code that is not published.
+// The name of the format of a short video descriptor of CTA-861, by the list in MapCtaVideo.cpp; null for a code that
+// is not published.
 const char* GetVideoCodeName(unsigned int uiSvd);
 
 // ---- Companies: as IEEE assigns identifiers; CTA-861 stores the least significant byte first, DisplayID last ----

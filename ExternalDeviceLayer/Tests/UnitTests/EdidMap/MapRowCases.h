@@ -14,7 +14,7 @@
 struct SRowCase
 {
     // Bits, counted from the beginning of the record, most significant piece first: "05" is a byte, "05.3" a bit,
-    // "05.7-4" bits 7 to 4, "06-09" a run of bytes, "07 06" a number of two bytes.
+    // "05.7-4" bits 7 to 4, "05.7,2-0" bits 7 and 2 to 0, "06-09" a run of bytes, "07 06" a number of two bytes.
     const char* m_pszPlace;
     const char* m_pszName;
     const char* m_pszValue;
@@ -97,17 +97,19 @@ inline std::vector<SPlaceBits> ParsePlace(const std::string& sPlace)
 inline std::string FormatPiece(const CZorEdidMap::SPiece& oPiece, unsigned int uiRecord)
 {
     const unsigned int uiOffset = oPiece.m_uiOffset - uiRecord;
-    const auto uiHigh = static_cast<unsigned int>(std::bit_width(oPiece.m_ui8Mask)) - 1;
-    const auto uiLow = static_cast<unsigned int>(std::countr_zero(oPiece.m_ui8Mask));
     CMString sText;
     sText.Format("%02X", uiOffset);
     if (oPiece.m_uiLength > 1)
     {
         sText.AppendFormat("-%02X", uiOffset + oPiece.m_uiLength - 1);
     }
-    else if (oPiece.m_ui8Mask != 0xFF)
+    const char* pszSeparator = ".";
+    for (unsigned int uiMask = oPiece.m_ui8Mask == 0xFF ? 0U : oPiece.m_ui8Mask; uiMask != 0; pszSeparator = ",")
     {
-        sText.AppendFormat(uiHigh == uiLow ? ".%u" : ".%u-%u", uiHigh, uiLow);
+        const auto uiHigh = static_cast<unsigned int>(std::bit_width(uiMask)) - 1;
+        const auto uiCount = static_cast<unsigned int>(std::countl_one(uiMask << (31 - uiHigh)));
+        sText.AppendFormat(uiCount == 1 ? "%s%u" : "%s%u-%u", pszSeparator, uiHigh, uiHigh + 1 - uiCount);
+        uiMask &= (1U << (uiHigh + 1 - uiCount)) - 1;
     }
     return static_cast<const char*>(sText);
 }

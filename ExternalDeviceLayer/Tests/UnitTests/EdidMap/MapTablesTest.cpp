@@ -4,47 +4,13 @@
 
 #include "DisplayIdImages.h"
 #include "MapCases.h"
+#include "MapReference.h"
 
 namespace
 {
-using CLine = std::vector<std::string>;
-
-// Values in quotes may hold commas.
-CLine SplitLine(const std::string& sLine)
-{
-    CLine asValues(1);
-    bool bQuoted = false;
-    for (const char cOne : sLine)
-    {
-        bQuoted ^= cOne == '"';
-        if (cOne == ',' && !bQuoted)
-        {
-            asValues.emplace_back();
-        }
-        else if (cOne != '"' && cOne != '\r')
-        {
-            asValues.back() += cOne;
-        }
-    }
-    return asValues;
-}
-
 class MapTables : public testing::Test
 {
 protected:
-    // Without the line of titles; empty where the folder is not there.
-    static std::vector<CLine> ReadLines(const std::string& sName)
-    {
-        std::vector<CLine> aoLines;
-        std::ifstream oFile(std::string(ZOREDID_SHARED_DIR "/reference/fields/") + sName);
-        std::string sLine;
-        std::getline(oFile, sLine);
-        while (std::getline(oFile, sLine))
-        {
-            aoLines.push_back(SplitLine(sLine));
-        }
-        return aoLines;
-    }
     void ReadMap(const CBytes& aui8Image)
     {
         ASSERT_EQ(1, m_oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
@@ -60,13 +26,6 @@ protected:
 
     CZorEdidMap m_oMap;
 };
-
-#define READ_OR_SKIP(aoLines, pszName)                                                                                 \
-    const std::vector<CLine> aoLines = ReadLines(pszName);                                                             \
-    if (aoLines.empty())                                                                                               \
-    {                                                                                                                  \
-        GTEST_SKIP() << "the optional folder with further data has no " << (pszName);                                  \
-    }
 
 unsigned int ParseHex(const std::string& sText) { return ParseNumber("0x" + sText); }
 

@@ -124,6 +124,10 @@ bool HasPrimaries(const CRecord& oDevice)
     return oDevice.GetBits(21, 1, 0) >= COUNT;
 }
 
+// A byte of 0 tells none; a delay of 0 ms that is told is a positive one.
+bool HasDelay(const CRecord& oDevice) { return oDevice.GetByte(16) != 0; }
+bool HasNoDelay(const CRecord& oDevice) { return !HasDelay(oDevice); }
+
 const char* CheckClock(const CRecord& oDevice, unsigned int uiClock)
 {
     return uiClock != 0 && uiClock < oDevice.GetBits(3, 7, 2) ? "is below the minimum clock frequency" : nullptr;
@@ -209,8 +213,9 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { Bit(15, 7), "Audio support", Flag() },
     { Bit(15, 6), "Separate audio inputs", Flag() },
     { Bit(15, 5), "Audio input override", Flag() },
-    { Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns) },
-    { Bits(16, 6, 0), "Audio delay", Number("ms").Times(2) },
+    { Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns), HasDelay },
+    { Bits(16, 6, 0), "Audio delay", Number("ms").Times(2), HasDelay },
+    { Byte(16), "Audio delay", Number("ms").With(gsc_aoNotTold), HasNoDelay },
     { Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
     { Bits(17, 5, 0), "Frame rate range", Number("Hz") },
     { Byte(18), "Native or nominal frame rate", Number("Hz") },

@@ -239,7 +239,13 @@ SRecord MakeItemRecord(unsigned int uiTag, unsigned int uiFlags, const char* psz
 TEST(MapReference, DisplayId)
 {
     READ_OR_SKIP(aoLines, "displayid-fields.csv");
+    SRecord oSection = MakeDisplayIdRecord(0x7F, 0, "44 45 4C");
+    oSection.m_uiOffset = gsc_uiBlockSize + 1;
+    SRecord oSection2 = oSection;
+    SetBits(oSection2.m_aui8Image, oSection2.m_uiOffset, "00", 0x20);
     const SKind aoKinds[] = {
+        { "section 1.x", "", oSection, 5 },
+        { "section 2.x", "", oSection2, 5 },
         { "00h Product", "", MakeDisplayIdRecord(0x00, 0, "44 45 4C ..12"), 5 },
         { "20h Product", "", MakeDisplayIdRecord(0x20, 0, "3A 02 92 ..12"), 5 },
         { "01h Display", "", MakeDisplayIdRecord(0x01, 0, "00*12"), 16 },

@@ -1,0 +1,274 @@
+// The readers of the command: texts of other tools against the bytes that they stand for, or against the refusal.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "Connectors.h"
+#include "Input.h"
+#include "ScratchFolder.h"
+#include "TemporaryFile.h"
+
+namespace
+{
+using namespace std::string_literals;
+
+std::string Repeat(const std::string& sText, size_t uiTimes)
+{
+    std::string sAll;
+    for (size_t i = 0; i < uiTimes; ++i)
+    {
+        sAll += sText;
+    }
+    return sAll;
+}
+
+// Two bytes a character, the low one first.
+std::string Widen(const std::string& sText)
+{
+    std::string sWide;
+    for (const char cOne : sText)
+    {
+        sWide += { cOne, '\0' };
+    }
+    return sWide;
+}
+
+struct SFormCase
+{
+    const char* m_pszName;
+    std::string m_sText;
+    const char* m_pszForm;
+    std::string m_sBytes; // as ParseBytes takes them
+};
+
+void PrintTo(const SFormCase& oCase, std::ostream* poStream) { *poStream << oCase.m_pszName; }
+
+class InputForm : public testing::TestWithParam<SFormCase>
+{
+};
+
+TEST_P(InputForm, GivesItsBytes)
+{
+    const SInput oInput = DecodeInput("x", GetParam().m_sText);
+    EXPECT_EQ("", oInput.m_sProblem);
+    EXPECT_EQ(GetParam().m_pszForm, oInput.m_sForm);
+    EXPECT_EQ(ParseBytes(GetParam().m_sBytes), oInput.m_aui8Bytes);
+}
+
+constexpr char gsc_szXxd[] = "xxd dump";
+constexpr char gsc_szOd[] = "od dump";
+constexpr char gsc_szDigits[] = "hexadecimal digits";
+constexpr char gsc_szArray[] = "C array";
+constexpr char gsc_szBase64[] = "base64";
+constexpr char gsc_szRegistry[] = "Windows registry export";
+constexpr char gsc_szXrandr[] = "xrandr --verbose";
+
+const SFormCase gsc_aoDumps[] = {
+    { "TextThatLooksLikeBytes", "00000000: 00ff  beef cafe\n00000002: 10  ab\n", gsc_szXxd, "00 FF 10" },
+    { "ByteGroupsAndNoLastLineEnd", "00000000: 00 ff 10 20", gsc_szXxd, "00 FF 10 20" },
+    { "CarriageReturns", "00000000: 00ff\r\n00000002: 10\r\n", gsc_szXxd, "00 FF 10" },
+    { "UpperCaseAndTabs", "\t0000:\t00FF\n\t0002:\t1A\n", gsc_szXxd, "00 FF 1A" },
+    { "LongestAddress", "000000000000: 00ff\n000000000002: 10\n", gsc_szXxd, "00 FF 10" },
+    { "LinesAheadAndBehind", "$ xxd a1\n10: 22\n00000000: 00ff\n\n00000002: 10\n$ exit\n00000003: 11\n", gsc_szXxd,
+      "00 FF 10" },
+    { "HeadOfBusDump", "     0  1  2  3    0123\n00: 00 ff ff 00    ....\n04: aa bb    ab\n", gsc_szXxd,
+      "00 FF FF 00 AA BB" },
+    { "TextBehindBar", "00000000  00 ff  |7f|\n00000002  10       |00|\n00000003\n", gsc_szOd, "00 FF 10" },
+    { "TextBehindAngle", "0000000 00 ff  >7f<\n0000002\n", gsc_szOd, "00 FF" },
+    { "WordsLowByteFirst", "0000000 ff00 0110\n0000004 0002\n", gsc_szOd, "00 FF 10 01 02 00" },
+    { "LongWordsLowByteFirst", "0000000 33221100 77665544\n", gsc_szOd, "00 11 22 33 44 55 66 77" },
+    { "OctalWords", "0000000 177400 000401\n", gsc_szOd, "00 FF 01 01" },
+    { "OctalBytes", "0000000 000 377 012\n", gsc_szOd, "00 FF 0A" },
+    // The second address alone tells the radix: 18 bytes are 22 in octal digits and 12 in hexadecimal ones.
+    { "OctalAddresses", "000000 " + Repeat("aa ", 18) + "\n000022 bb\n", gsc_szOd, "AA*18 BB" },
+    { "DecimalAddresses", "000000 " + Repeat("aa ", 18) + "\n000018 bb\n", gsc_szOd, "AA*18 BB" },
+    { "HexadecimalAddresses", "000000 " + Repeat("aa ", 18) + "\n000012 bb\n", gsc_szOd, "AA*18 BB" },
+    { "StarRepeatsTheLastLine", "000000  01 02\n000002  03 04\n*\n000008  05\n000009\n", gsc_szOd,
+      "01 02 03 04 03 04 03 04 05" },
+    { "StarAheadOfTheEnd", "00000000: 0102\n*\n00000006:\n", gsc_szXxd, "01 02 01 02 01 02" },
+    { "StarOfNoLine", "00000000: 0102\n*\n00000002: 03\n", gsc_szXxd, "01 02 03" },
+    { "StarInTheRadixOfTheLinesAhead",
+      "000000 " + Repeat("aa ", 16) + "\n000020 " + Repeat("aa ", 16) + "\n*\n000100 bb\n000101\n", gsc_szOd,
+      "AA*64 BB" },
+};
+INSTANTIATE_TEST_SUITE_P(Dumps, InputForm, testing::ValuesIn(gsc_aoDumps),
+                         [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });
+
+const SFormCase gsc_aoDigits[] = {
+    { "AnySeparators", "00,fF;10:20-30\t40\v50\f60\n\n70\r\n", gsc_szDigits, "00 FF 10 20 30 40 50 60 70" },
+    { "OneLineWithoutSeparators", "00ff10\n", gsc_szDigits, "00 FF 10" },
+    { "ByteOrderMark",
+      "\xEF\xBB\xBF"
+      "00 ff\n",
+      gsc_szDigits, "00 FF" },
+    { "TwoBytesACharacter", "\xFF\xFE" + Widen("00 fF\n"), gsc_szDigits, "00 FF" },
+    { "ShortWordAheadIsNoStart", "Dump:\nbeef\n00ff102030405060\n70\n", gsc_szDigits, "00 FF 10 20 30 40 50 60 70" },
+    { "WordsEndThem", "\n00 ff\nBlock 0\n10 20\n", gsc_szDigits, "00 FF" },
+    { "RulerEndsThem", "00 ff\n-----\n10 20\n", gsc_szDigits, "00 FF" },
+    { "VeryLongLine", Repeat("00 ", 32767) + "ff", gsc_szDigits, "00*32767 FF" },
+    { "ArrayWithComments", "/* {1,2} */ x[] = { 0, /* 0x10 */ 0XfF, // 7 }\n 010, 8u, }; // {9}", gsc_szArray,
+      "00 FF 08 08" },
+    { "ArrayBehindOtherBraces", "struct { int a; } x = { 7, 255U };", gsc_szArray, "07 FF" },
+    { "ArrayOfRows", "a[][2] = {\n { 1, 2 }, // row\n /* last */ { 3, 4 },\n};\nb[] = { 5 };", gsc_szArray,
+      "01 02 03 04" },
+    { "ArrayEndsAtItsBrace", "a[] = { 1, 2 } ; { 3 }", gsc_szArray, "01 02" },
+    { "NumbersWithoutBraces", "// {1}\n0x00 0xff,\n12\n", gsc_szArray, "00 FF 0C" },
+    // 1024 bits are 170 digits and four bits.
+    { "Base64", std::string(170, '/') + "8=", gsc_szBase64, "FF*128" },
+    { "Base64OfAddressesWithoutPadding", std::string(170, '_') + "8", gsc_szBase64, "FF*128" },
+    { "Base64InLines", std::string(76, '+') + "\r\n" + std::string(76, '+') + "\r\n" + std::string(20, '+') + "\r\n",
+      gsc_szBase64, Repeat("FB EF BE ", 43) },
+    { "Base64Address", "data:x/y;base64," + std::string(170, '/') + "8=\n", gsc_szBase64, "FF*128" },
+    { "RegistryWithType", "\"EDID\"=hex(3):00,ff,\\\r\n  10\r\n\"Next\"=hex:11\r\n", gsc_szRegistry, "00 FF 10" },
+    { "RegistryWithBlanksBehindTheMark", "REGEDIT4\n\"edid\"=hex:00, ff,\\ \n 10,\\", gsc_szRegistry, "00 FF 10" },
+    { "RegistryOthersAreNotRead", "\"Other\"=hex:0,zz\n\"EDID\"=hex:00\n", gsc_szRegistry, "00" },
+    { "RegistryOverride", "\"0\"=hex:00,ff\n\"1\"=hex:10\n\"3\"=hex:30\n\"2\"=hex:20\n", gsc_szRegistry,
+      "00 FF 10 20" },
+    { "RegistryEdidBehindOverride", "\"0\"=hex:00\n\"EDID\"=hex:11\n\"1\"=hex:22\n", gsc_szRegistry, "11" },
+    { "XrandrEndsAtOtherLine", "DP-1\n\tEDID:\n\t\t00ff\n\t\t10\n\tGamma: 1\n\t\t20\n", gsc_szXrandr, "00 FF 10" },
+    { "XrandrOutputWithoutDigits", "\tEDID:\n\tnone\n\tEDID_DATA:\n\t\t00ff\n", gsc_szXrandr, "00 FF" },
+    { "XrandrSecondOutput", "\tEDID:\n\t\t00\n\tEDID:\n\t\t11\n\tEDID:\n\t\t2\n",
+      "xrandr --verbose, the first EDID of 3", "00" },
+    { "NulMakesItRaw", "00 ff\n\0"s, "raw image", "30 30 20 66 66 0A 00" },
+    { "RawLikeAByteOrderMark", "\xFF\xFE\0\0"s, "raw image", "FF FE 00 00" },
+    { "RawOfMostBlocks", std::string(32768, '\0'), "raw image", "00*32768" },
+};
+INSTANTIATE_TEST_SUITE_P(Others, InputForm, testing::ValuesIn(gsc_aoDigits),
+                         [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });
+
+// The form that a text was taken for, and why it holds no image.
+TEST(InputRefusals, HaveTheirReasonAndNoBytes)
+{
+    const struct
+    {
+        std::string m_sText;
+        const char* m_pszProblem;
+    } aoCases[] = {
+        { "", "is empty" },
+        { "\xEF\xBB\xBF \r\n", "is empty" },
+        { "\xFF\xFE", "is empty" },
+        { "no EDID\n", "in no known form: no image, no digits, no base64" },
+        { "{ -1 }", "in no known form: no image, no digits, no base64" },
+        { "0 1 2", "hexadecimal digits: line 1: an odd number of digits" },
+        { "\n00 ff\n0 10\n", "hexadecimal digits: line 3: an odd number of digits" },
+        { "00 ff\n10 2x\n", "hexadecimal digits: line 2: not hexadecimal bytes" },
+        { "00 ff\n*\n", "hexadecimal digits: line 2: a star stands for lines left out (od -v)" },
+        { "ffffff00 00ffffff", "hexadecimal digits whose bytes are swapped in each word (od -tx1 prints bytes)" },
+        { "00000000: ff00 ffff ffff 00ff\n", "xxd dump whose bytes are swapped in each word (od -tx1 prints bytes)" },
+        { Repeat("00 ", 126) + "02 00\nBlock 1\n" + Repeat("00 ", 8),
+          "hexadecimal digits: line 2: ends the digits with fewer blocks than announced, and more follow" },
+        // A line is missing, comes twice, or stands in the wrong place.
+        { "00000000: 00ff\n00000004: 10\n", "xxd dump: line 2: its address does not follow the bytes ahead of it" },
+        { "00000000: 00ff\n00000000: 00ff\n", "xxd dump: line 2: its address does not follow the bytes ahead of it" },
+        { "00000000: 00ff\n00000002: 0g\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
+        { "00: 00 ff\n02: XX XX\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
+        { "0000000 00 ff\n0000002 10000\n", "od dump: line 2: not hexadecimal or octal bytes" },
+        { "00000000: 00ff\n*\n00000005: 10\n", "xxd dump: line 3: its address does not follow the bytes ahead of it" },
+        { "000000 " + Repeat("aa ", 18) + "\n000022 " + Repeat("bb ", 18) + "\n000036 cc\n",
+          "od dump: line 3: its address does not follow the bytes ahead of it" }, // 44 in octal digits
+        { "0000000 00\n*\n4000000 01\n", "od dump of more than 256 blocks" },
+        { "{ 1,\n256 }", "C array: line 2: a number from 0 to 255 is missing in the array" },
+        { "{ 1, 0x100 }", "C array: line 1: a number from 0 to 255 is missing in the array" },
+        { "{ 08 }", "C array: line 1: a number from 0 to 255 is missing in the array" },
+        { "{ 0x }", "C array: line 1: a number from 0 to 255 is missing in the array" },
+        { "{ 1, 2", "C array: line 1: a number from 0 to 255 is missing in the array" },
+        { "{ 1, /* 2 }", "C array: line 1: a number from 0 to 255 is missing in the array" },
+        { "{ " + Repeat("1,", 128) + "}; y[] = { 3 };",
+          "C array: an array with fewer blocks than it announces, and another array behind it" },
+        { "{ " + Repeat("1,", 32769) + "}", "C array of more than 256 blocks" },
+        { Repeat("00", 32769), "hexadecimal digits of more than 256 blocks" },
+        { std::string(32769, '\0'), "raw image of more than 256 blocks" },
+        { std::string(173, '/'), "base64: ends in the middle of a byte" },
+        { std::string(168, '/') + "==", "in no known form: no image, no digits, no base64" }, // 126 bytes
+        { std::string(76, '/') + "\n" + std::string(96, '/'), "in no known form: no image, no digits, no base64" },
+        { "REGEDIT4\n\"Other\"=hex:00\n", "Windows registry export: a registry export without a value EDID" },
+        { "\"EDID\"=hex:00,\\\n  0\n", "Windows registry export: line 2: a byte has two hexadecimal digits" },
+        { "\"0\"=hex:00\n\n\"EDID\"=hex:0x,00\n",
+          "Windows registry export: line 3: a byte has two hexadecimal digits" },
+        { "EDID:\n\t00f\n", "xrandr --verbose: line 2: an odd number of digits" },
+        { "EDID:\n\tnone\n", "xrandr --verbose without a digit" },
+        { gsc_sTableMarker + "\n", "text table: no rows of bytes behind the marker line" },
+        { MakeTextTable(CBytes(130)), "text table: its table has 130 bytes, not a multiple of 128" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        const SInput oInput = DecodeInput("x", oCase.m_sText);
+        EXPECT_EQ(oCase.m_pszProblem, oInput.m_sProblem) << oCase.m_sText.substr(0, 60);
+        EXPECT_EQ(oInput.IsGood(), !oInput.m_aui8Bytes.empty()) << oCase.m_sText.substr(0, 60);
+    }
+}
+
+// Columns and line ends of its rows are those of the library's reader.
+TEST(InputTable, GivesItsBytesWhereverTheMarkerStands)
+{
+    CBytes aui8Image(256);
+    std::iota(aui8Image.begin(), aui8Image.end(), static_cast<unsigned char>(0));
+    for (const std::string& sText :
+         { MakeTextTable(aui8Image), MakeTextTable(aui8Image, 16, "\r\n"), MakeTextTable(aui8Image).substr(24) })
+    {
+        const SInput oInput = DecodeInput("x", sText);
+        EXPECT_EQ("", oInput.m_sProblem);
+        EXPECT_EQ("text table", oInput.m_sForm);
+        EXPECT_EQ(aui8Image, oInput.m_aui8Bytes);
+    }
+}
+
+// ---- Files and connectors ----
+
+class InputFiles : public CScratchFolder
+{
+protected:
+    ~InputFiles() override { SetConnectorFolder(m_sConnectors); }
+
+    const std::string m_sConnectors = GetConnectorFolder();
+};
+
+TEST_F(InputFiles, AreReadToTheEndOrRefused)
+{
+    EXPECT_EQ(ParseBytes("00 FF"), ReadInput(Write("a.dat", "00 ff")).m_aui8Bytes);
+    EXPECT_EQ(ParseBytes("00*32767 FF"), ReadInput(Write("long", std::string(32767, '\0') + "\xFF")).m_aui8Bytes);
+    EXPECT_EQ("is empty", ReadInput(Write("empty", "")).m_sProblem);
+    EXPECT_EQ("is longer than 4 MiB", ReadInput(Write("longer", std::string((4U << 20) + 1, ' '))).m_sProblem);
+    EXPECT_EQ("is empty", ReadInput(Write("longest", std::string(4U << 20, ' '))).m_sProblem);
+    EXPECT_EQ("is a folder", ReadInput(m_oFolder).m_sProblem);
+    EXPECT_EQ("is a device", ReadInput("/dev/zero").m_sProblem);
+    EXPECT_EQ("is empty", ReadInput("/dev/null").m_sProblem);
+    EXPECT_EQ("cannot be opened: Not a directory", ReadInput(Write("file", "00") + "/x").m_sProblem);
+    EXPECT_EQ("neither a file nor a connector of this machine", ReadInput(m_oFolder / "none").m_sProblem);
+    EXPECT_EQ("a NUL in the name; did you mean -0?", ReadInput("a\0b"s).m_sProblem);
+}
+
+TEST_F(InputFiles, ConnectorsAreFoundByNameWithOrWithoutTheirCard)
+{
+    Write("card1-DP-1/status", "disconnected\n");
+    Write("card1-DP-1/edid", "");
+    Write("card0-HDMI-A-1/status", "connected\n");
+    Write("card0-HDMI-A-1/edid", "\0\xFF"s);
+    Write("card0-DP-1/status", "connected\n");
+    Write("card0/dev", "226:0\n");
+    SetConnectorFolder(m_oFolder);
+
+    std::vector<SConnector> aoConnectors;
+    std::string sProblem;
+    ASSERT_TRUE(ListConnectors(aoConnectors, sProblem));
+    ASSERT_EQ(3U, aoConnectors.size());
+    EXPECT_EQ("card0-DP-1", aoConnectors[0].m_sName);
+    EXPECT_EQ("card0-HDMI-A-1", aoConnectors[1].m_sName);
+    EXPECT_EQ("disconnected", aoConnectors[2].m_sState);
+
+    const SInput oInput = ReadInput("HDMI-A-1");
+    EXPECT_EQ("connector card0-HDMI-A-1", oInput.m_sForm);
+    EXPECT_EQ("HDMI-A-1", oInput.m_sName);
+    EXPECT_EQ(ParseBytes("00 FF"), oInput.m_aui8Bytes);
+    EXPECT_EQ("several connectors have this name: card0-DP-1, card1-DP-1", ReadInput("DP-1").m_sProblem);
+    EXPECT_EQ("connector card1-DP-1 (disconnected) has no EDID", ReadInput("card1-DP-1").m_sProblem);
+    EXPECT_EQ("connector card0-DP-1 (connected): cannot be opened: No such file or directory",
+              ReadInput("card0-DP-1").m_sProblem);
+    EXPECT_EQ("neither a file nor a connector of this machine", ReadInput("A-1").m_sProblem);
+
+    SetConnectorFolder(m_oFolder / "none");
+    EXPECT_FALSE(ListConnectors(aoConnectors, sProblem));
+    EXPECT_EQ("No such file or directory", sProblem);
+}
+} // namespace

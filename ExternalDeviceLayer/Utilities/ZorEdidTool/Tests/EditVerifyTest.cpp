@@ -1,0 +1,208 @@
+// The net under every edit: results of a wrong edit, made by hand, are refused with what would read differently.
+
+#include <gtest/gtest.h>
+
+#include "Damages.h"
+#include "EditDiff.h"
+#include "EditVerify.h"
+#include "OsServices.h"
+#include "SharedFiles.h"
+#include "TestBytes.h"
+
+namespace
+{
+// The monitor of the examples as one of EDID 1.4, with 17 established timings and 7 pairs; a CEA-861 block, and one
+// that the library does not read. The first three detailed timings are called native: one of the base block, two here.
+//   04  three codes              08  two audio descriptors, of which the first has its reserved bit set
+//   0f  speakers                 13  HDMI with deep colours
+//   1c  another vendor           22, 34  detailed timings
+CBytes MakeImage()
+{
+    CBytes aui8Image = ReadBytes(ZOREDID_SOURCE_DIR "/examples/monitor.bin");
+    const CBytes aui8Detaileds(aui8Image.begin() + 0xA2, aui8Image.begin() + 0xA2 + 36);
+    aui8Image.resize(128);
+    aui8Image[0x13] = 4;
+    aui8Image[0x14] = 0xA5; // 8 bits per colour, DisplayPort
+    aui8Image[0x7E] = 2;
+    Append(aui8Image, ParseBytes("02 03 22 73 43 90 04 05 26 89 07 07 15 07 50 83 01 F8 40 68 03 0C 00 10 00 B8 2D 00 "
+                                 "65 D8 5D C4 01 02"));
+    Append(aui8Image, aui8Detaileds);
+    aui8Image.resize(256);
+    aui8Image.resize(384, 0x10);
+    return FixChecksums(aui8Image);
+}
+
+struct SWrongEdit
+{
+    const char* m_pszName;
+    EEditKind m_eKind;
+    const char* m_pszValue;
+    std::vector<SDamage> m_aoDamages; // to the image that a right edit has left
+    const char* m_pszReason;          // ahead of " would read differently"
+    bool m_bFixChecksums = true;
+};
+
+void PrintTo(const SWrongEdit& oCase, std::ostream* poStream) { *poStream << oCase.m_pszName; }
+
+class EditVerify : public testing::TestWithParam<SWrongEdit>
+{
+protected:
+    EditVerify() { OsServices::SetMsgLevel(0, 0, 0); }
+};
+
+SEdit MakeEdit(EEditKind eKind, const char* pszValue)
+{
+    SEdit oEdit = {};
+    for (const SEditOption& oOption : GetEditOptions())
+    {
+        if (oOption.m_eKind == eKind)
+        {
+            EXPECT_EQ("", ParseEdit(oOption, pszValue, oEdit));
+        }
+    }
+    return oEdit;
+}
+
+TEST_P(EditVerify, RefusesWhatNoEditNamed)
+{
+    const CBytes aui8Read = MakeImage();
+    CEditImage oImage;
+    ASSERT_TRUE(oImage.Load(aui8Read));
+    ASSERT_EQ("", oImage.Apply(MakeEdit(GetParam().m_eKind, GetParam().m_pszValue)));
+    ASSERT_EQ("", VerifyEdits(aui8Read, oImage.GetBytes(), oImage.GetBlocks()));
+    CBytes aui8Edited = WithDamages(oImage.GetBytes(), GetParam().m_aoDamages);
+    aui8Edited = GetParam().m_bFixChecksums ? FixChecksums(aui8Edited) : aui8Edited;
+    EXPECT_EQ(std::string(GetParam().m_pszReason) + " would read differently",
+              VerifyEdits(aui8Read, aui8Edited, oImage.GetBlocks()));
+}
+
+const SWrongEdit gsc_aoWrongEdits[] = {
+    { "ForeignByteOfTheBase", eEdit_Serial, "5", { { 8, "05" } }, "block 0: byte 8" },
+    { "ForeignDescriptor", eEdit_Serial, "5", { { 0x4D, "42" } }, "block 0: a descriptor" },
+    { "OtherSerial", eEdit_Serial, "5", { { 12, "05 01" } }, "block 0: the value that was to be set" },
+    { "HighByteOfSerial", eEdit_Serial, "5", { { 15, "01" } }, "block 0: the value that was to be set" },
+    { "WrongChecksum", eEdit_Serial, "5", { { 0x7F, "00" } }, "block 0: the checksum", false },
+    { "PairGoneUnnamed", eEdit_Serial, "5", { { 0x26, "01 01" } }, "block 0: byte 38" },
+    // Of 71 4F 81 C0 81 40 81 80 95 00 B3 00 D1 C0 the first one is gone, and the others have moved up.
+    { "SecondPairGone", eEdit_RemoveStandard, "0", { { 0x26, "01 01" } }, "block 0: a standard timing" },
+    { "OtherPairGone", eEdit_RemoveStandard, "0", { { 0x26, "71 4F" } }, "block 0: a standard timing" },
+    { "PairsInOtherOrder", eEdit_RemoveStandard, "0", { { 0x26, "81 40 81 C0" } }, "block 0: a standard timing" },
+    { "PairTwice", eEdit_RemoveStandard, "0", { { 0x28, "81 C0" } }, "block 0: a standard timing" },
+    { "PairNotGone", eEdit_RemoveStandard, "0", { { 0x32, "71 4F" } }, "block 0: a standard timing" },
+    { "ForeignEstablished", eEdit_RemoveEstablished, "0", { { 0x23, "00" } }, "block 0: byte 35" },
+    { "EstablishedNotGone", eEdit_RemoveEstablished, "0", { { 0x23, "B7" } }, "block 0: the value that was to be set" },
+    { "InterfaceWithDepth", eEdit_ColorDepth, "10", { { 0x14, "B4" } }, "block 0: byte 20" },
+    { "OtherDepth", eEdit_ColorDepth, "10", { { 0x14, "C5" } }, "block 0: the value that was to be set" },
+    { "PreferredClock", eEdit_Preferred, "1280x720@60", { { 0x36, "02" } }, "block 0: the value that was to be set" },
+    { "PreferredPolarity",
+      eEdit_Preferred,
+      "1280x720@60",
+      { { 0x47, "1A" } },
+      "block 0: the value that was to be set" },
+    { "PreferredInStereo",
+      eEdit_Preferred,
+      "1280x720@60",
+      { { 0x47, "3E" } },
+      "block 0: the value that was to be set" },
+    { "PreferredBorder", eEdit_Preferred, "1280x720@60", { { 0x46, "01" } }, "block 0: the value that was to be set" },
+    { "PreferredImageSize",
+      eEdit_Preferred,
+      "1280x720@60",
+      { { 0x42, "00" } },
+      "block 0: the value that was to be set" },
+    { "NameWithPreferred", eEdit_Preferred, "1280x720@60", { { 0x71, "42" } }, "block 0: a descriptor" },
+    { "PreferredGone", eEdit_RemoveDetailed, "1", { { 0x36, "00*3 10 00*14" } }, "block 0: byte 54" },
+    // Codes 16 (native), 4 and 5 are the timings 7 to 12, each with its 1000/1001 variant.
+    { "SecondCodeGone", eEdit_RemoveStandard, "7", { { 0x84, "41 05 E0" } }, "block 1: a standard timing" },
+    { "CodeChanged", eEdit_RemoveStandard, "7", { { 0x85, "05" } }, "block 1: a standard timing" },
+    { "CodesInOtherOrder", eEdit_RemoveStandard, "7", { { 0x85, "05 04" } }, "block 1: a standard timing" },
+    { "CodeMadeNative", eEdit_RemoveStandard, "7", { { 0x85, "84" } }, "block 1: a standard timing" },
+    { "AudioWithCode", eEdit_RemoveStandard, "7", { { 0x88, "88" } }, "block 1: a data block" },
+    { "DetailedWithCode",
+      eEdit_RemoveStandard,
+      "7",
+      { { 0xA1, "8D" } },
+      "block 1: a detailed timing, or what stands behind them" },
+    { "StartNotMoved",
+      eEdit_RemoveStandard,
+      "7",
+      { { 0x82, "22" } },
+      "block 1: a detailed timing, or what stands behind them" },
+    { "NativesNotLowered", eEdit_RemoveDetailed, "1", { { 0x83, "73" } }, "block 1: the header" },
+    { "OtherDetailedGone",
+      eEdit_RemoveDetailed,
+      "1",
+      { { 0xA2, "8C 0A D0 8A 20 E0 2D 10 10 3E 96" } },
+      "block 1: a detailed timing, or what stands behind them" },
+    { "BytesBehindDetaileds",
+      eEdit_RemoveDetailed,
+      "1",
+      { { 0xF0, "01" } },
+      "block 1: a detailed timing, or what stands behind them" },
+    { "DeepColorElsewhere", eEdit_DeepColor, "30,48", { { 0x99, "58" } }, "block 1: a data block" },
+    { "WrongDeepColor", eEdit_DeepColor, "30,48", { { 0x99, "B8" } }, "block 1: a data block" },
+    { "OtherVendorWithDeepColor", eEdit_DeepColor, "30", { { 0xA1, "03" } }, "block 1: a data block" },
+    { "ReservedBitOfAudio", eEdit_AudioSet, "0=pcm,2ch,48,16", { { 0x89, "09" } }, "block 1: an audio descriptor" },
+    { "OtherAudioChanged", eEdit_AudioSet, "0=pcm,2ch,48,16", { { 0x8E, "51" } }, "block 1: an audio descriptor" },
+    { "AudiosInOtherOrder",
+      eEdit_AudioAdd,
+      "ac3,6ch,48,640kbps",
+      { { 0x89, "15 07 50 89 07 07" } },
+      "block 1: an audio descriptor" },
+    { "AudioNotAdded", eEdit_AudioAdd, "ac3,6ch,48,640kbps", { { 0x8F, "15 04 00" } }, "block 1: an audio descriptor" },
+    { "BasicAudioCleared", eEdit_AudioAdd, "ac3,6ch,48,640kbps", { { 0x83, "33" } }, "block 1: the header" },
+    { "SpeakersWithAudio", eEdit_AudioRemove, "0", { { 0x8D, "03" } }, "block 1: a data block" },
+    { "WrongSpeakers", eEdit_Speakers, "FL/FR+LFE", { { 0x90, "01" } }, "block 1: the speakers" },
+    { "SpeakersOfLaterEditions", eEdit_Speakers, "FL/FR+LFE", { { 0x91, "00" } }, "block 1: the speakers" },
+    { "LastSpeakerByte", eEdit_Speakers, "FL/FR+LFE", { { 0x92, "00" } }, "block 1: the speakers" },
+    { "DataBlocksInOtherOrder",
+      eEdit_Speakers,
+      "FL/FR+LFE",
+      { { 0x93, "65 D8 5D C4 01 02 68 03 0C 00 10 00 B8 2D 00" } },
+      "block 1: a data block" },
+    { "DataBlockGone", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "E5 00" } }, "block 1: a data block" },
+    { "DataBlockOverTheEnd", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "66" } }, "block 1: a data block" },
+    { "Revision", eEdit_Speakers, "FL/FR+LFE", { { 0x81, "02" } }, "block 1: the header" },
+    { "FlagsOfTheBlock", eEdit_Speakers, "FL/FR+LFE", { { 0x83, "F3" } }, "block 1: the header" },
+    { "WrongChecksumOfTheBlock",
+      eEdit_Speakers,
+      "FL/FR+LFE",
+      { { 0xFF, "00" } },
+      "block 1: the block as a whole",
+      false },
+    { "BlockThatNoEditNamed", eEdit_Serial, "5", { { 0x99, "98" } }, "block 1: byte 25" },
+    { "BlockThatIsNotRead", eEdit_Serial, "5", { { 0x17E, "11" } }, "block 2: byte 126" },
+    { "RepairOfMoreThanChecksums", eEdit_RepairChecksums, "", { { 0x17E, "11" } }, "block 2: byte 126" },
+    { "RepairOfNothing", eEdit_RepairChecksums, "", { { 0x17F, "01" } }, "block 2: the checksum", false },
+};
+INSTANTIATE_TEST_SUITE_P(Wrong, EditVerify, testing::ValuesIn(gsc_aoWrongEdits),
+                         [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });
+
+TEST(EditVerifyImage, RefusesWhatDoesNotLoad)
+{
+    const CBytes aui8Read = MakeImage();
+    CEditImage oImage;
+    ASSERT_TRUE(oImage.Load(aui8Read));
+    CBytes aui8Longer = aui8Read;
+    aui8Longer.resize(512);
+    CBytes aui8Shorter = aui8Read;
+    aui8Shorter.resize(256);
+    for (const CBytes& aui8Edited : { WithChange(aui8Read, 0, 1), aui8Longer, aui8Shorter, CBytes() })
+    {
+        EXPECT_EQ("the edited image cannot be loaded", VerifyEdits(aui8Read, aui8Edited, oImage.GetBlocks()));
+    }
+}
+
+TEST(EditVerifyImage, ChangesAreNamedByWhatTheyWereAndAre)
+{
+    const CBytes aui8Read = MakeImage();
+    CBytes aui8Edited = WithChange(aui8Read, 0x14, 0xB4);
+    aui8Edited[0x85] = 0x04; // code 16, native
+    EXPECT_EQ("block 0 offset 0x14: a5 -> b4  Basic display parameters and features > Color bit depth, Digital video "
+              "interface standard\n"
+              "block 1 offset 0x05: 90 -> 04  Video data block > Short video descriptor 0 > Native, Video "
+              "identification code\n",
+              DescribeChanges(aui8Read, aui8Edited));
+    EXPECT_EQ("", DescribeChanges(aui8Read, aui8Read));
+}
+} // namespace

@@ -1,0 +1,286 @@
+// The page: text that stays text, numbers, and the places of points in its drawings, worked out by hand.
+
+#include <gtest/gtest.h>
+
+#include "DisplayIdImages.h"
+#include "OsServices.h"
+#include "PageAssets.h"
+#include "PageParts.h"
+
+namespace
+{
+using testing::AssertionResult;
+
+std::string Show(const std::string& sText)
+{
+    CHtml oHtml;
+    oHtml << SText{ sText };
+    return oHtml.Get();
+}
+
+TEST(PageHtml, NoTextBecomesMarkup)
+{
+    const std::string sReplaced = "\xEF\xBF\xBD";
+    const std::pair<std::string, std::string> aoCases[] = {
+        { "<b title=\"x\" a='y'>&amp;</b>", "&lt;b title=&quot;x&quot; a=&#39;y&#39;&gt;&amp;amp;&lt;/b&gt;" },
+        { std::string("a\0b\n\x1F\x7F", 6), "a" + sReplaced + "b" + sReplaced + sReplaced + sReplaced },
+        { "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 ~", "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 ~" },
+        // A lead byte that lacks its rest takes nothing of the markup behind it.
+        { "\xE2\x82<\xC3<", sReplaced + sReplaced + "&lt;" + sReplaced + "&lt;" },
+        { "\xC0\xBC\xC1\xBC", sReplaced + sReplaced + sReplaced + sReplaced }, // too many bytes for "<"
+        { "\xE0\x9F\xBF", sReplaced + sReplaced + sReplaced },
+        { "\xE0\xA0\x80", "\xE0\xA0\x80" },
+        { "\xED\xA0\x80", sReplaced + sReplaced + sReplaced }, // a surrogate
+        { "\xED\x9F\xBF\xEE\x80\x80", "\xED\x9F\xBF\xEE\x80\x80" },
+        { "\xF0\x8F\xBF\xBF", sReplaced + sReplaced + sReplaced + sReplaced },
+        { "\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF" },
+        { "\xF4\x90\x80\x80", sReplaced + sReplaced + sReplaced + sReplaced },
+        { "\xF5\xFE\xFF\x80", sReplaced + sReplaced + sReplaced + sReplaced },
+    };
+    for (const auto& [sText, sHtml] : aoCases)
+    {
+        EXPECT_EQ(sHtml, Show(sText));
+    }
+    CHtml oBody;
+    oBody << "<p>" << SText{ "<" } << "</p>";
+    const std::string sPage = MakePage("</title><script>", oBody);
+    EXPECT_NE(std::string::npos, sPage.find("<title>&lt;/title&gt;&lt;script&gt;</title>"));
+    EXPECT_NE(std::string::npos, sPage.find("<body>\n<p>&lt;</p><script>"));
+    EXPECT_NE(std::string::npos, sPage.find("script-src 'sha256-" + GetPageScriptHash() + "'"));
+}
+
+TEST(PageHtml, Numbers)
+{
+    const struct
+    {
+        double m_dValue;
+        unsigned int m_uiDecimals;
+        const char* m_pszText;
+    } aoCases[] = { { 0, 2, "0" },        { 1.5, 3, "1.5" },   { 100, 0, "100" },
+                    { 100, 2, "100" },    { 1.005, 1, "1" },   { -0.04, 1, "0" },
+                    { -0.06, 1, "-0.1" }, { 0.25, 2, "0.25" }, { 1200.10, 2, "1200.1" } };
+    for (const auto& oCase : aoCases)
+    {
+        CHtml oHtml;
+        oHtml << SDecimal{ oCase.m_dValue, oCase.m_uiDecimals };
+        EXPECT_EQ(oCase.m_pszText, oHtml.Get());
+    }
+    CHtml oHtml;
+    EXPECT_TRUE(oHtml.IsEmpty());
+    oHtml << 7U << -3 << 5000000000LL;
+    EXPECT_EQ("7-35000000000", oHtml.Get());
+}
+
+// ---- Drawings ----
+
+SPage MakePageOf(const std::vector<CBytes>& aaui8Images)
+{
+    OsServices::SetMsgLevel(0, 0, 0);
+    SPage oPage;
+    for (const CBytes& aui8Image : aaui8Images)
+    {
+        oPage.m_apoImages.push_back(
+            std::make_unique<SPageImage>(SInput{ "folder/a<b.bin", FixChecksums(aui8Image), "raw image", "" }, 2026));
+    }
+    if (oPage.IsPair())
+    {
+        CompareImages(oPage);
+    }
+    return oPage;
+}
+
+// How often sPart stands in a text.
+size_t Count(const std::string& sText, const std::string& sPart)
+{
+    size_t uiCount = 0;
+    for (size_t i = sText.find(sPart); i != std::string::npos; i = sText.find(sPart, i + 1))
+    {
+        ++uiCount;
+    }
+    return uiCount;
+}
+
+AssertionResult Has(const std::string& sText, const std::string& sPart)
+{
+    return (Count(sText, sPart) != 0 ? testing::AssertionSuccess() : testing::AssertionFailure()) << sPart;
+}
+
+// Red, green, blue and white in units of 1/1024: bits 9 to 2 from 0x1B on, the rest two by two in 0x19 and 0x1A.
+using CPoints = std::array<unsigned int, 8>;
+CBytes WithColours(CBytes aui8Image, const CPoints& auiPoints)
+{
+    aui8Image[0x19] = aui8Image[0x1A] = 0;
+    for (size_t i = 0; i < auiPoints.size(); ++i)
+    {
+        aui8Image[0x1B + i] = static_cast<unsigned char>(auiPoints[i] >> 2);
+        aui8Image[0x19 + i / 4] |= static_cast<unsigned char>((auiPoints[i] & 3) << (6 - 2 * (i % 4)));
+    }
+    return aui8Image;
+}
+
+std::string DescribeColoursOf(const CPoints& auiPoints)
+{
+    return DescribeColours(*MakePageOf({ WithColours(MakeEdid({}), auiPoints) }).m_apoImages[0]);
+}
+
+constexpr CPoints gsc_auiRight = { 512, 256, 256, 512, 256, 256, 300, 340 }; // a right triangle of 1/32
+constexpr CPoints gsc_auiSrgb = { 655, 338, 307, 614, 154, 61, 320, 337 };
+constexpr CPoints gsc_auiP3 = { 696, 328, 271, 707, 154, 61, 320, 337 };
+
+TEST(PageColour, CoverageOfTheCommonTriangles)
+{
+    // The shares of the points of a fine grid: 99.8 and 73.6, 100.0 and 99.9, 27.4 and 20.7.
+    EXPECT_EQ("covers 100 % of sRGB and 74 % of DCI-P3", DescribeColoursOf(gsc_auiSrgb));
+    EXPECT_EQ("covers 100 % of sRGB and 100 % of DCI-P3", DescribeColoursOf(gsc_auiP3));
+    EXPECT_EQ("covers 27 % of sRGB and 21 % of DCI-P3", DescribeColoursOf(gsc_auiRight));
+    EXPECT_EQ("covers 27 % of sRGB and 21 % of DCI-P3",
+              DescribeColoursOf({ 512, 256, 256, 256, 256, 512, 320, 321 })); // the other way round
+    EXPECT_EQ("covers 100 % of sRGB and 100 % of DCI-P3", DescribeColoursOf({ 1023, 0, 0, 1023, 0, 0, 0, 0 }));
+    EXPECT_EQ("covers 0 % of sRGB and 0 % of DCI-P3", DescribeColoursOf({ 1023, 1023, 900, 1023, 1023, 900, 0, 0 }));
+    EXPECT_EQ("", DescribeColoursOf({ 100, 100, 200, 200, 300, 300, 320, 321 })); // a line
+    EXPECT_EQ("", DescribeColoursOf({}));
+}
+
+TEST(PageColour, PointsOfTheTriangle)
+{
+    // A step of 1 is 500 units; x 0 stands at 44, y 0.9 at 10.
+    const SPage oPage = MakePageOf({ WithColours(MakeEdid({}), gsc_auiRight) });
+    const std::string sHtml = MakeColours(oPage).Get();
+    EXPECT_TRUE(Has(sHtml, "<path class=\"triangle own\" d=\"M294 335L169 210L169 335Z\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<path class=\"triangle srgb\" d=\"M364 295L194 160L119 430Z\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<path class=\"triangle p3\" d=\"M384 300L176.5 115L119 430Z\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<circle class=\"white\" cx=\"190.5\" cy=\"294\" r=\"5\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<th scope=\"row\">Red</th><td>0.5000</td><td>0.2500</td>"));
+    EXPECT_TRUE(Has(sHtml, "<th scope=\"row\">White</th><td>0.2930</td><td>0.3320</td>"));
+    // Squares near the edge of visible colours are cut by it; those far outside are left out.
+    EXPECT_TRUE(Has(sHtml, "<rect x=\"194\" y=\"297.5\" width=\"13\" height=\"13\" fill=\"#fef\"")); // nearly white
+    EXPECT_EQ(0U, Count(sHtml, "<rect x=\"44\" y=\"10\""));
+    EXPECT_EQ(0U, Count(sHtml, "<rect x=\"481.5\""));
+    EXPECT_TRUE(MakeColours(MakePageOf({ WithColours(MakeEdid({}), {}) })).IsEmpty());
+}
+
+TEST(PageColour, OfAPairEachTriangleHasItsMark)
+{
+    const CBytes aui8None = WithColours(MakeEdid({}), {});
+    const CBytes aui8Right = WithColours(MakeEdid({}), gsc_auiRight);
+    const std::string sSecond = MakeColours(MakePageOf({ aui8None, aui8Right })).Get();
+    EXPECT_EQ(0U, Count(sSecond, "triangle own\""));
+    EXPECT_EQ(1U, Count(sSecond, "triangle own second\""));
+    EXPECT_TRUE(Has(sSecond, "<caption>B</caption>"));
+    const std::string sFirst = MakeColours(MakePageOf({ aui8Right, aui8None })).Get();
+    EXPECT_EQ(1U, Count(sFirst, "triangle own\""));
+    EXPECT_EQ(0U, Count(sFirst, "second"));
+    EXPECT_TRUE(Has(sFirst, "<caption>A</caption>"));
+}
+
+// A monitor of one mode, 1920 x 1080 at 60 Hz and 67.5 kHz, with range limits in Hz and kHz.
+CBytes WithLimits(const std::vector<unsigned char>& aui8Limits)
+{
+    CBytes aui8Image = MakeEdid({});
+    const CBytes aui8Descriptor = Join({ ParseBytes("00 00 00 FD 00"), aui8Limits, ParseBytes("11 00 0A 20*6") });
+    std::copy(aui8Descriptor.begin(), aui8Descriptor.end(), aui8Image.begin() + 0x48);
+    return aui8Image;
+}
+
+// The plot is 554 by 326 units from its lower left corner at 56, 350 on.
+TEST(PagePlots, PointsLieToScale)
+{
+    SPage oPage = MakePageOf({ MakeEdid({}) });
+    const std::string sHtml = MakeModePlots(oPage).Get();
+    // Widths up to 2000, rates from 54 to 64.
+    EXPECT_TRUE(Has(sHtml,
+                    "<circle class=\"mode preferred\" cx=\"587.8\" cy=\"154.4\" r=\"7\"><title>1920 \u00D7 1080 at "
+                    "60 Hz (preferred)</title>"));
+    EXPECT_TRUE(Has(sHtml, "<text x=\"194.5\" y=\"368\" text-anchor=\"middle\">500</text>"));
+    EXPECT_TRUE(Has(sHtml, "<text x=\"610\" y=\"368\" text-anchor=\"middle\">2000</text>"));
+    EXPECT_TRUE(Has(sHtml, "<text x=\"48\" y=\"354\" text-anchor=\"end\">54</text>"));
+    EXPECT_TRUE(Has(sHtml, "<text x=\"48\" y=\"28\" text-anchor=\"end\">64</text>"));
+    // Line rates up to 80.
+    EXPECT_TRUE(Has(sHtml, "cx=\"523.4\" cy=\"154.4\" r=\"7\""));
+    EXPECT_TRUE(Has(sHtml, "<li>67.5 kHz, 60 Hz: 1920 \u00D7 1080 at 60 Hz (preferred)</li>"));
+    EXPECT_EQ(2U, Count(sHtml, "<circle class=\"mode"));
+    EXPECT_EQ(0U, Count(sHtml, "limits"));
+}
+
+TEST(PagePlots, LimitsAreABox)
+{
+    // 56 to 75 Hz and 30 to 83 kHz: rates from 50 to 80, line rates up to 100.
+    SPage oPage = MakePageOf({ WithLimits({ 56, 75, 30, 83 }) });
+    const std::string sHtml = MakeModePlots(oPage).Get();
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"limits\" x=\"56\" y=\"78.3\" width=\"554\" height=\"206.5\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"limits\" x=\"222.2\" y=\"78.3\" width=\"293.6\" height=\"206.5\"/>"));
+    EXPECT_TRUE(Has(sHtml, " Range limits: 56 to 75 Hz, 30 to 83 kHz."));
+    EXPECT_EQ(0U, Count(sHtml, "mode preferred outside"));
+
+    // What lies less than half a unit beyond is within the limits, which are whole numbers.
+    const struct
+    {
+        std::vector<unsigned char> m_aui8Limits;
+        size_t m_uiOutside; // of the two plots
+    } aoCases[] = { { { 56, 75, 30, 67 }, 0 }, { { 56, 75, 30, 66 }, 1 }, { { 56, 75, 68, 90 }, 0 },
+                    { { 56, 75, 69, 90 }, 1 }, { { 61, 75, 30, 83 }, 2 }, { { 50, 59, 30, 83 }, 2 },
+                    { { 60, 60, 30, 83 }, 0 }, { { 75, 56, 30, 83 }, 0 } }; // the last ones are no limits
+    for (const auto& oCase : aoCases)
+    {
+        SPage oNext = MakePageOf({ WithLimits(oCase.m_aui8Limits) });
+        EXPECT_EQ(oCase.m_uiOutside, Count(MakeModePlots(oNext).Get(), "class=\"mode preferred outside\""))
+            << static_cast<int>(oCase.m_aui8Limits[0]) << ' ' << static_cast<int>(oCase.m_aui8Limits[3]);
+    }
+}
+
+TEST(PagePlots, OfAPairPointsSayWhoseTheyAre)
+{
+    SPage oPage =
+        MakePageOf({ MakeEdid({}), MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(4, 0, Type2Record720p())) }) });
+    const std::string sHtml = MakeModePlots(oPage).Get();
+    EXPECT_EQ(2U, Count(sHtml, "<circle class=\"mode preferred\" "));
+    EXPECT_EQ(2U, Count(sHtml, "<circle class=\"mode second\" "));
+    EXPECT_TRUE(Has(sHtml, "<title>1280 \u00D7 720 at 60 Hz only in B</title>"));
+    EXPECT_TRUE(oPage.m_apoImages[1]->m_aoTimings.back().m_bOnlyHere);
+    EXPECT_FALSE(oPage.m_apoImages[1]->m_aoTimings.front().m_bOnlyHere);
+}
+
+TEST(PageTimings, RatesAndPicturesOfAnInterlacedMode)
+{
+    // 1080i at 60 fields a second.
+    CBytes aui8Image = MakeEdid({});
+    const CBytes aui8Timing = ParseBytes("01 1D 80 18 71 1C 16 20 58 2C 25 00 09 25 21 00 00 9E");
+    std::copy(aui8Timing.begin(), aui8Timing.end(), aui8Image.begin() + 0x36);
+    const SPage oPage = MakePageOf({ aui8Image });
+    const CVidParamTimingGeneric& oTiming = oPage.m_apoImages[0]->m_aoTimings.at(0).m_oListed.m_oTiming;
+    EXPECT_DOUBLE_EQ(60, GetFieldRate(oTiming));
+    EXPECT_EQ("1920 \u00D7 1080i at 60 Hz (fields)", DescribeMode(oTiming));
+    EXPECT_DOUBLE_EQ(0, GetFieldRate(CVidParamTimingGeneric()));
+    const std::string sHtml = MakeTimings(oPage).Get();
+    // Sync and back porch stand ahead of the active pixels: 44 + 148, and 2 x 5 and the 31 lines that are left of 1125.
+    EXPECT_TRUE(Has(sHtml, "viewBox=\"0 0 2200 1125\""));
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"active\" x=\"192\" y=\"41\" width=\"1920\" height=\"1080\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"sync\" x=\"0\" y=\"0\" width=\"44\" height=\"1125\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"sync\" x=\"0\" y=\"0\" width=\"2200\" height=\"10\"/>"));
+    // 44 pixels of 74.25 MHz, and 10 lines of 2200.
+    EXPECT_TRUE(Has(sHtml, "Sync</th><td>44</td><td>0.593</td><td>10</td><td>296.3</td>"));
+    EXPECT_TRUE(
+        Has(sHtml, "<td data-v=\"60\">60.00</td><td data-v=\"74.25\">74.250</td><td data-v=\"33.75\">33.75</td>"));
+}
+
+TEST(PageImage, FindsWhatDiffers)
+{
+    CBytes aui8Second = MakeEdid({ MakeCeaBlock() });
+    aui8Second[0x0C] = 9; // serial number
+    const SPage oPage = MakePageOf({ MakeEdid({}), aui8Second });
+    const SPageImage& oFirst = *oPage.m_apoImages[0];
+    const SPageImage& oSecond = *oPage.m_apoImages[1];
+    const SPageField& oSerial = oFirst.m_aoFields[oFirst.m_oMap.FindLeaf(0x0C, 0)];
+    EXPECT_TRUE(oSerial.m_bDiffers);
+    EXPECT_EQ("9", oSerial.m_sOther);
+    EXPECT_TRUE(oFirst.m_aoFields[oSerial.m_uiParent].m_bDiffers);
+    EXPECT_FALSE(oFirst.m_aoFields[oFirst.m_oMap.FindLeaf(0x08, 0)].m_bDiffers);
+    EXPECT_TRUE(oSecond.m_aoFields[oSecond.m_oMap.FindLeaf(0x80, 0)].m_bOnlyHere);
+    EXPECT_EQ("a<b.bin", oFirst.m_sFile);
+    EXPECT_EQ("", oFirst.GetValueAt(0x80, 0));
+    EXPECT_EQ(nullptr, oFirst.FindField(0x80, 0));
+    EXPECT_DOUBLE_EQ(2.2, oFirst.GetNumberAt(0x17, 0));
+    EXPECT_STREQ("A", oPage.GetMark(0));
+    EXPECT_STREQ("B", oPage.GetMark(1));
+}
+} // namespace

@@ -60,7 +60,8 @@ size_t GetPrintableLength(const std::string& sText, size_t uiPlace)
         uiCode = uiCode << 6 | (uiNext & 0x3F);
     }
     const bool bInRange = uiLead >= 0xC0 && uiLead < 0xF8 && uiCode >= auiFirst[uiLength - 1] && uiCode < auiFirst[4];
-    return bInRange ? uiLength : 0;
+    const bool bSurrogate = uiCode >= 0xD800 && uiCode <= 0xDFFF; // of UTF-16, no character
+    return bInRange && !bSurrogate ? uiLength : 0;
 }
 
 // A byte that stands for itself in no line.

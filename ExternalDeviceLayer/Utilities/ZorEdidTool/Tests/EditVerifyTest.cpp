@@ -63,18 +63,20 @@ SEdit MakeEdit(EEditKind eKind, const char* pszValue)
     return oEdit;
 }
 
-TEST_P(EditVerify, RefusesWhatNoEditNamed)
+void ExpectRefusal(const CBytes& aui8Read, const SWrongEdit& oCase)
 {
-    const CBytes aui8Read = MakeImage();
     CEditImage oImage;
     ASSERT_TRUE(oImage.Load(aui8Read));
-    ASSERT_EQ("", oImage.Apply(MakeEdit(GetParam().m_eKind, GetParam().m_pszValue)));
+    ASSERT_EQ("", oImage.Apply(MakeEdit(oCase.m_eKind, oCase.m_pszValue)));
     ASSERT_EQ("", VerifyEdits(aui8Read, oImage.GetBytes(), oImage.GetBlocks()));
-    CBytes aui8Edited = WithDamages(oImage.GetBytes(), GetParam().m_aoDamages);
-    aui8Edited = GetParam().m_bFixChecksums ? FixChecksums(aui8Edited) : aui8Edited;
-    EXPECT_EQ(std::string(GetParam().m_pszReason) + " would read differently",
-              VerifyEdits(aui8Read, aui8Edited, oImage.GetBlocks()));
+    CBytes aui8Edited = WithDamages(oImage.GetBytes(), oCase.m_aoDamages);
+    aui8Edited = oCase.m_bFixChecksums ? FixChecksums(aui8Edited) : aui8Edited;
+    EXPECT_EQ(std::string(oCase.m_pszReason) + " would read differently",
+              VerifyEdits(aui8Read, aui8Edited, oImage.GetBlocks()))
+        << oCase.m_pszName;
 }
+
+TEST_P(EditVerify, RefusesWhatNoEditNamed) { ExpectRefusal(MakeImage(), GetParam()); }
 
 const SWrongEdit gsc_aoWrongEdits[] = {
     { "ForeignByteOfTheBase", eEdit_Serial, "5", { { 8, "05" } }, "block 0: byte 8" },
@@ -177,6 +179,41 @@ const SWrongEdit gsc_aoWrongEdits[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Wrong, EditVerify, testing::ValuesIn(gsc_aoWrongEdits),
                          [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });
+
+// Video codes 16, 4, 5 and 31 with 3D formats, which name them by place: those of the mask (16, 5, and a place with no
+// code), and one format each for 16, 4 and 5. A map says that 16 and 5 come in 4:2:0, too. Without code 4:
+//   04  43 90 05 1f        11  video fields, one HDMI code        14  formats of the mask, and the mask 40 03
+//   18  formats 06 16      1a  a byte behind them                 1b  e2 0f 03
+TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
+{
+    CBytes aui8Image = MakeImage();
+    aui8Image.resize(128);
+    aui8Image[0x7E] = 1;
+    Append(aui8Image,
+           ParseBytes("02 03 21 40 44 90 04 05 1F 74 03 0C 00 10 00 B8 2D 20 C0 28 03 01 40 80 05 06 18 00 26 "
+                      "77 E2 0F 05 ..128"));
+    aui8Image = FixChecksums(aui8Image);
+    const char* pszData = "block 1: a data block";
+    const char* pszTiming = "block 1: a standard timing";
+    const SWrongEdit aoCases[] = {
+        { "mask as it was", eEdit_RemoveStandard, "9", { { 0x96, "80 05" } }, pszData },
+        { "mask without the last code", eEdit_RemoveStandard, "9", { { 0x97, "01" } }, pszData },
+        { "mask without the place of no code", eEdit_RemoveStandard, "9", { { 0x96, "00" } }, pszData },
+        { "other formats of the mask", eEdit_RemoveStandard, "9", { { 0x95, "C0" } }, pszData },
+        { "format as it was", eEdit_RemoveStandard, "9", { { 0x99, "26" } }, pszData },
+        { "other format", eEdit_RemoveStandard, "9", { { 0x98, "00" } }, pszData },
+        { "formats in another order", eEdit_RemoveStandard, "9", { { 0x98, "16 06" } }, pszData },
+        { "byte behind the formats", eEdit_RemoveStandard, "9", { { 0x9A, "78" } }, pszData },
+        { "HDMI code", eEdit_RemoveStandard, "9", { { 0x93, "01" } }, pszTiming },
+        { "map as it was", eEdit_RemoveStandard, "9", { { 0x9D, "05" } }, pszTiming },
+        { "map of a place without a code", eEdit_RemoveStandard, "9", { { 0x9D, "23" } }, pszData },
+        { "native code", eEdit_RemoveStandard, "9", { { 0x86, "85" } }, pszTiming },
+    };
+    for (const SWrongEdit& oCase : aoCases)
+    {
+        ExpectRefusal(aui8Image, oCase);
+    }
+}
 
 TEST(EditVerifyImage, RefusesWhatDoesNotLoad)
 {

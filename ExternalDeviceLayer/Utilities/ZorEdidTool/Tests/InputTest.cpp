@@ -105,6 +105,9 @@ const SFormCase gsc_aoDigits[] = {
     { "TwoBytesACharacter", "\xFF\xFE" + Widen("00 fF\n"), gsc_szDigits, "00 FF" },
     { "ShortWordAheadIsNoStart", "Dump:\nbeef\n00ff102030405060\n70\n", gsc_szDigits, "00 FF 10 20 30 40 50 60 70" },
     { "WordsEndThem", "\n00 ff\nBlock 0\n10 20\n", gsc_szDigits, "00 FF" },
+    // Block 0 announces none: what follows is another image.
+    { "DigitsOfAnotherImage", Repeat("00 ", 127) + "ff\nNext\n" + Repeat("11 ", 128), gsc_szDigits, "00*127 FF" },
+    { "ArrayOfAnotherImage", "{ " + Repeat("0,", 128) + " } x[] = { 1 };", gsc_szArray, "00*128" },
     { "RulerEndsThem", "00 ff\n-----\n10 20\n", gsc_szDigits, "00 FF" },
     { "VeryLongLine", Repeat("00 ", 32767) + "ff", gsc_szDigits, "00*32767 FF" },
     { "ArrayWithComments", "/* {1,2} */ x[] = { 0, /* 0x10 */ 0XfF, // 7 }\n 010, 8u, }; // {9}", gsc_szArray,

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "Damages.h"
 #include "DisplayIdImages.h"
 #include "OsServices.h"
 #include "PageAssets.h"
 #include "PageParts.h"
+#include "SharedFiles.h"
 
 namespace
 {
@@ -25,6 +27,10 @@ TEST(PageHtml, NoTextBecomesMarkup)
         { "<b title=\"x\" a='y'>&amp;</b>", "&lt;b title=&quot;x&quot; a=&#39;y&#39;&gt;&amp;amp;&lt;/b&gt;" },
         { std::string("a\0b\n\x1F\x7F", 6), "a" + sReplaced + "b" + sReplaced + sReplaced + sReplaced },
         { "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 ~", "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 ~" },
+        // The first and last characters behind each kind of lead byte.
+        { "\xC2\x80\xDF\xBF\xE1\x80\x80\xEC\xBF\xBF", "\xC2\x80\xDF\xBF\xE1\x80\x80\xEC\xBF\xBF" },
+        { "\xEF\xBF\xBF\xF0\x90\x80\x80\xF1\x80\x80\x80\xF3\xBF\xBF\xBF",
+          "\xEF\xBF\xBF\xF0\x90\x80\x80\xF1\x80\x80\x80\xF3\xBF\xBF\xBF" },
         // A lead byte that lacks its rest takes nothing of the markup behind it.
         { "\xE2\x82<\xC3<", sReplaced + sReplaced + "&lt;" + sReplaced + "&lt;" },
         { "\xC0\xBC\xC1\xBC", sReplaced + sReplaced + sReplaced + sReplaced }, // too many bytes for "<"
@@ -261,6 +267,65 @@ TEST(PageTimings, RatesAndPicturesOfAnInterlacedMode)
     EXPECT_TRUE(Has(sHtml, "Sync</th><td>44</td><td>0.593</td><td>10</td><td>296.3</td>"));
     EXPECT_TRUE(
         Has(sHtml, "<td data-v=\"60\">60.00</td><td data-v=\"74.25\">74.250</td><td data-v=\"33.75\">33.75</td>"));
+}
+
+// 598 x 336 mm in the first timing, 60 x 34 cm in the base block; made in week 34 of 2010.
+TEST(PageHead, SizeAndDateInWords)
+{
+    const CBytes aui8Monitor = ReadBytes(ZOREDID_SOURCE_DIR "/examples/monitor.bin");
+    const struct
+    {
+        std::vector<SDamage> m_aoDamages;
+        const char* m_pszFact;
+        const char* m_pszWords;
+    } aoCases[] = {
+        { {}, "Size", "59.8 \u00D7 33.6 cm, diagonal 68.6 cm (27.0 in)" },
+        { { { 0x42, "4D" } }, "Size", "60.0 \u00D7 34.0 cm, diagonal 69.0 cm (27.2 in)" }, // 589 mm are too far off
+        { { { 0x42, "4E" } }, "Size", "59.0 \u00D7 33.6 cm, diagonal 67.9 cm (26.7 in)" },
+        { { { 0x15, "00 00" } }, "Size", "59.8 \u00D7 33.6 cm, diagonal 68.6 cm (27.0 in)" },
+        { { { 0x42, "00 00 00" } }, "Size", "60.0 \u00D7 34.0 cm, diagonal 69.0 cm (27.2 in)" },
+        { { { 0x42, "00 00 00" }, { 0x15, "3C 00" } }, "Size", "not given" },
+        { {}, "Made", "2010, week 34" },
+        { { { 0x10, "36" } }, "Made", "2010, week 54" },
+        { { { 0x10, "37" } }, "Made", "2010" },
+        { { { 0x10, "00" } }, "Made", "2010" },
+        { { { 0x10, "FF 14 01 04" } }, "Made", "2010 (model year)" },
+        { {}, "Product", "product 10228, serial 145791" },
+        { {}, "Image", "256 bytes: Base block, CTA-861 extension block" },
+        { {}, "Preferred mode", "1920 \u00D7 1080 at 60 Hz" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        const std::string sHtml = MakeHead(MakePageOf({ WithDamages(aui8Monitor, oCase.m_aoDamages) })).Get();
+        const std::string sFact = std::string("<dt>") + oCase.m_pszFact + "</dt><dd>";
+        EXPECT_TRUE(Has(sHtml, sFact + oCase.m_pszWords + "</dd>"));
+    }
+    // Beside a sheet of 210 x 297 mm, which stands two heights of text (808 / 26 mm) away.
+    const std::string sHtml = MakeHead(MakePageOf({ aui8Monitor })).Get();
+    EXPECT_TRUE(Has(sHtml, "viewBox=\"-2 -2 874.2 340\""));
+    EXPECT_TRUE(Has(sHtml, "<rect x=\"0\" y=\"0\" width=\"598\" height=\"336\" rx=\"3\"/><path d=\"M0 336L598 0\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<rect x=\"660.2\" y=\"39\" width=\"210\" height=\"297\" rx=\"3\"/>"));
+    EXPECT_TRUE(Has(sHtml, "598 \u00D7 336 mm, 27.0 in."));
+}
+
+TEST(PageFindings, DifferencesStandOnceWithBothValues)
+{
+    CBytes aui8Second = MakeEdid({});
+    aui8Second[0x0C] = 9; // serial number, 1 in the first
+    aui8Second[0x11] = 90;
+    const SPage oPage = MakePageOf({ MakeEdid({ MakeCeaBlock() }), aui8Second });
+    const std::string sHtml = MakeFindings(oPage).Get();
+    // Serial number, year, count of blocks, checksum, and all of the second block. It has two codes with variants; its
+    // detailed timing is that of the base block.
+    EXPECT_TRUE(Has(sHtml, "<p>132 bytes differ. Timings only in A: 3, only in B: 0.</p>"));
+    EXPECT_EQ(1U, Count(sHtml, "erial number</strong>"));
+    EXPECT_TRUE(Has(sHtml, "<span>A: 1</span> <span>B: 9</span>"));
+    EXPECT_TRUE(Has(sHtml, "<strong>CTA-861 extension block</strong> <span>A: there</span> <span>B: not there</span>"));
+    EXPECT_EQ(0U, Count(sHtml, "Video data block"));
+    EXPECT_TRUE(Has(sHtml, "<a href=\"#b17\">0x11</a> <span><strong>year</strong>: found 2080, expected at most 2026"));
+    EXPECT_EQ(1U, Count(sHtml, "The check finds nothing."));
+    EXPECT_TRUE(
+        Has(MakeFindings(MakePageOf({ MakeEdid({}), MakeEdid({}) })).Get(), "<p class=\"good\">No field differs."));
 }
 
 TEST(PageImage, FindsWhatDiffers)

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "DisplayIdImages.h"
 #include "Json.h"
 #include "OsServices.h"
@@ -293,20 +295,44 @@ TEST_F(ListedTimings, ExtensionsInJson)
     EXPECT_EQ(fnParse(R"([{"mask": 393, "positions": ["FL/FR", "RL/RR", "FLW/FRW", "FLH/FRH"]}])"), oCea["speakers"]);
     EXPECT_EQ(fnParse("[30, 48]"), oCea["deep_color_bits"]);
     EXPECT_EQ(99, oCea["free_bytes"]); // of 100
-    EXPECT_EQ(fnParse(R"({"column": 1, "row": 0, "columns": 2, "rows": 2, "width": 1920, "height": 1080})"),
-              [oTile = oJson["tile"]]() mutable {
-                  for (const char* pszFlag : { "single_enclosure", "bezel_information", "several_at_location",
-                                               "single_at_location", "single_scaled", "single_cloned" })
-                  {
-                      EXPECT_TRUE(oTile[pszFlag].is_boolean()) << pszFlag;
-                      oTile.erase(pszFlag);
-                  }
-                  return oTile;
-              }());
     EXPECT_EQ(true, oJson["extensions"][1]["loaded"]);
     EXPECT_EQ(false, oJson["extensions"][2]["loaded"]);
     EXPECT_EQ(false, oJson["extensions"][2]["checksum_valid"]);
     EXPECT_EQ(1024U, oJson["bytes"].get<std::string>().size());
+}
+
+TEST_F(ListedTimings, TilesAndTextsInJson)
+{
+    // Each capability by its bits alone: one enclosure, a bezel, and what tiles do by themselves and together.
+    const std::pair<unsigned char, std::vector<const char*>> aoCases[] = {
+        { 0x00, {} },
+        { 0x80, { "single_enclosure" } },
+        { 0x40, { "bezel_information" } },
+        { 0x08, { "several_at_location" } },
+        { 0x01, { "single_at_location" } },
+        { 0x02, { "single_scaled" } },
+        { 0x03, { "single_cloned" } },
+    };
+    for (const auto& [ui8Capabilities, apszSet] : aoCases)
+    {
+        CBytes aui8Tile = TilePayload();
+        aui8Tile[0] = ui8Capabilities;
+        CBytes aui8Image = MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(18, 0, aui8Tile)) });
+        const CBytes aui8Text = ParseBytes("00 00 00 FE 00 48 69 0A 20*10");
+        std::copy(aui8Text.begin(), aui8Text.end(), aui8Image.begin() + 0x6C);
+        Load(FixChecksums(aui8Image));
+        nlohmann::ordered_json oJson = MakeImage(m_oInput, m_oImage);
+        nlohmann::ordered_json oExpected = { { "column", 1 }, { "row", 0 },      { "columns", 2 },
+                                             { "rows", 2 },   { "width", 1920 }, { "height", 1080 } };
+        for (const char* pszFlag : { "single_enclosure", "bezel_information", "several_at_location",
+                                     "single_at_location", "single_scaled", "single_cloned" })
+        {
+            oExpected[pszFlag] = std::count(apszSet.begin(), apszSet.end(), std::string(pszFlag)) != 0;
+        }
+        EXPECT_EQ(oExpected, oJson["tile"]) << static_cast<int>(ui8Capabilities);
+        EXPECT_EQ("Hi", oJson["text"]);
+        EXPECT_FALSE(oJson.contains("serial_text") || oJson.contains("name"));
+    }
 }
 
 TEST(Json, IsWrittenInOneLineWhateverTheBytes)

@@ -140,7 +140,12 @@ private:
         {
             return false;
         }
-        for (size_t i = 0; i < (bOctal ? uiDigits / 3 : uiDigits / 2); ++i)
+        const size_t uiBytes = bOctal ? uiDigits / 3 : uiDigits / 2;
+        if (ullValue >> 8 * uiBytes != 0) // octal digits hold more
+        {
+            return false;
+        }
+        for (size_t i = 0; i < uiBytes; ++i)
         {
             AddByte(m_oInput, ullValue >> 8 * i);
         }

@@ -167,6 +167,8 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "00000000: 00ff\n00000002: 0g\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
         { "00: 00 ff\n02: XX XX\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
         { "0000000 00 ff\n0000002 10000\n", "od dump: line 2: not hexadecimal or octal bytes" },
+        { "0000000 000 377\n0000002 400\n", "od dump: line 2: not hexadecimal or octal bytes" },
+        { "0000000 177777\n0000002 200000\n", "od dump: line 2: not hexadecimal or octal bytes" },
         { "00000000: 00ff\n*\n00000005: 10\n", "xxd dump: line 3: its address does not follow the bytes ahead of it" },
         { "000000 " + Repeat("aa ", 18) + "\n000022 " + Repeat("bb ", 18) + "\n000036 cc\n",
           "od dump: line 3: its address does not follow the bytes ahead of it" }, // 44 in octal digits

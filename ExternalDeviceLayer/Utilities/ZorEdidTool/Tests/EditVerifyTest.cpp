@@ -208,11 +208,34 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
         { "map as it was", eEdit_RemoveStandard, "9", { { 0x9D, "05" } }, pszTiming },
         { "map of a place without a code", eEdit_RemoveStandard, "9", { { 0x9D, "23" } }, pszData },
         { "native code", eEdit_RemoveStandard, "9", { { 0x86, "85" } }, pszTiming },
+        // Timings 14 and 15 are the HDMI code's, behind which 08 00 01 40 becomes 08 01 40.
+        { "HDMI code not gone", eEdit_RemoveStandard, "14", { { 0x93, "28" } }, pszTiming },
+        { "formats behind the HDMI code", eEdit_RemoveStandard, "14", { { 0x94, "02" } }, pszData },
     };
     for (const SWrongEdit& oCase : aoCases)
     {
         ExpectRefusal(aui8Image, oCase);
     }
+}
+
+// Two blocks with a detailed timing each, and both call the first three of the image native: two are left.
+TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
+{
+    CBytes aui8Image = MakeImage();
+    aui8Image.resize(128);
+    const CBytes aui8Detailed(aui8Image.begin() + 0x36, aui8Image.begin() + 0x36 + 18);
+    for (unsigned int i = 0; i < 2; ++i)
+    {
+        Append(aui8Image, ParseBytes("02 03 04 03"));
+        Append(aui8Image, aui8Detailed);
+        aui8Image.resize(256 + 128 * i);
+    }
+    aui8Image = FixChecksums(aui8Image);
+    ExpectRefusal(aui8Image, { "as it was", eEdit_RemoveDetailed, "1", { { 0x103, "03" } }, "block 2: byte 3" });
+    ExpectRefusal(aui8Image, { "one too few", eEdit_RemoveDetailed, "1", { { 0x103, "01" } }, "block 2: byte 3" });
+    ExpectRefusal(aui8Image, { "other flags", eEdit_RemoveDetailed, "1", { { 0x103, "42" } }, "block 2: byte 3" });
+    ExpectRefusal(aui8Image, { "own block", eEdit_RemoveDetailed, "1", { { 0x83, "03" } }, "block 1: the header" });
+    ExpectRefusal(aui8Image, { "sum", eEdit_RemoveDetailed, "1", { { 0x17F, "00" } }, "block 2: byte 127", false });
 }
 
 TEST(EditVerifyImage, RefusesWhatDoesNotLoad)

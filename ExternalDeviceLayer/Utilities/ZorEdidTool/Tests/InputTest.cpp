@@ -120,6 +120,7 @@ const SFormCase gsc_aoDigits[] = {
     // 1024 bits are 170 digits and four bits.
     { "Base64", std::string(170, '/') + "8=", gsc_szBase64, "FF*128" },
     { "Base64OfAddressesWithoutPadding", std::string(170, '_') + "8", gsc_szBase64, "FF*128" },
+    { "Base64OfAddresses", Repeat("-_", 86), gsc_szBase64, Repeat("FB FF BF ", 43) },
     { "Base64InLines", std::string(76, '+') + "\r\n" + std::string(76, '+') + "\r\n" + std::string(20, '+') + "\r\n",
       gsc_szBase64, Repeat("FB EF BE ", 43) },
     { "Base64Address", "data:x/y;base64," + std::string(170, '/') + "8=\n", gsc_szBase64, "FF*128" },

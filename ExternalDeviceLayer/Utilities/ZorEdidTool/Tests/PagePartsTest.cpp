@@ -160,6 +160,7 @@ TEST(PageColour, PointsOfTheTriangle)
     EXPECT_TRUE(Has(sHtml, "<th scope=\"row\">White</th><td>0.2930</td><td>0.3320</td>"));
     // Squares near the edge of visible colours are cut by it; those far outside are left out.
     EXPECT_TRUE(Has(sHtml, "<rect x=\"194\" y=\"297.5\" width=\"13\" height=\"13\" fill=\"#fef\"")); // nearly white
+    EXPECT_TRUE(Has(sHtml, "<rect x=\"44\" y=\"160\""));                                             // x 0, y 0.6
     EXPECT_EQ(0U, Count(sHtml, "<rect x=\"44\" y=\"10\""));
     EXPECT_EQ(0U, Count(sHtml, "<rect x=\"481.5\""));
     EXPECT_TRUE(MakeColours(MakePageOf({ WithColours(MakeEdid({}), {}) })).IsEmpty());
@@ -308,6 +309,59 @@ TEST(PageHead, SizeAndDateInWords)
     EXPECT_TRUE(Has(sHtml, "598 \u00D7 336 mm, 27.0 in."));
 }
 
+// What lies behind the blocks that the image announces is no part of it.
+TEST(PageHead, NativeModesAreThoseOfTheAnnouncedBlocks)
+{
+    const auto fnNative = [](CBytes aui8Image, unsigned char ui8Announced) {
+        aui8Image[0x7E] = ui8Announced;
+        const SPage oPage = MakePageOf({ aui8Image });
+        const SPageImage& oImage = *oPage.m_apoImages[0];
+        const unsigned int uiEnd = oImage.m_uiAnnounced;
+        EXPECT_EQ(128U * (1U + ui8Announced), uiEnd < oImage.m_oMap.GetFieldCount()
+                                                  ? oImage.m_oMap.GetField(uiEnd).m_uiOffset
+                                                  : oImage.m_oMap.GetSize());
+        const std::string sHtml = MakeHead(oPage).Get();
+        const size_t uiStart = sHtml.find("<dt>Native mode</dt><dd>");
+        return uiStart == std::string::npos ? ""
+                                            : sHtml.substr(uiStart + 24, sHtml.find("</dd>", uiStart) - uiStart - 24);
+    };
+    // Display parameters of DisplayID: 2560 x 1440 pixels.
+    const CBytes aui8Parameters = MakeDisplayIdBlock(MakeDataBlock(1, 0, ParseBytes("00 00 00 00 00 0A A0 05 ..12")));
+    EXPECT_EQ("1920 \u00D7 1080 at 60 Hz", fnNative(MakeEdid({ MakeCeaBlock() }), 0));
+    EXPECT_EQ("1920 \u00D7 1080 at 60 Hz, 1920x1080p 59.94/60 Hz 16:9", fnNative(MakeEdid({ MakeCeaBlock() }), 1));
+    EXPECT_EQ("2560 \u00D7 1440 pixels (DisplayID)", fnNative(WithChange(MakeEdid({ aui8Parameters }), 0x18, 0), 1));
+    EXPECT_EQ("", fnNative(WithChange(MakeEdid({}), 0x18, 0), 0));
+}
+
+TEST(PageTimings, OfAPairEachPrefersItsOwn)
+{
+    CBytes aui8Second = MakeEdid({ FixChecksums(ParseBytes("02 03 07 00 42 DA DB ..128")) });
+    const CBytes aui8Timing = ParseBytes("01 1D 00 72 51 D0 1E 20 6E 28 55 00 09 25 21 00 00 1E"); // 1280 x 720
+    std::copy(aui8Timing.begin(), aui8Timing.end(), aui8Second.begin() + 0x36);
+    const std::string sHtml = MakeTimings(MakePageOf({ MakeEdid({}), aui8Second })).Get();
+    EXPECT_TRUE(Has(sHtml, "<td>preferred by A, VIC 16/76</td>"));
+    EXPECT_TRUE(Has(sHtml, "<td>preferred by B, VIC 4/69</td>"));
+    EXPECT_TRUE(Has(sHtml, "B: 2 modes of the map are in no list of the library: 4096x2160p 100 Hz 256:135, "
+                           "4096x2160p 119.88/120 Hz 256:135.</p>"));
+    const std::string sSame = MakeTimings(MakePageOf({ MakeEdid({}), MakeEdid({}) })).Get();
+    EXPECT_TRUE(Has(sSame, "<td>both</td>"));
+    EXPECT_TRUE(Has(sSame, "<td>preferred, VIC 16/76</td>"));
+}
+
+TEST(PageBytes, EachByteHasItsCell)
+{
+    CBytes aui8Image = MakeEdid({});
+    aui8Image.resize(130, 0xAB); // a block is cut
+    const std::string sHtml = MakeBytes(MakePageOf({ aui8Image })).Get();
+    EXPECT_EQ(130U, Count(sHtml, "role=\"gridcell\""));
+    EXPECT_EQ(1U, Count(sHtml, "id=\"a129\""));
+    EXPECT_EQ(0U, Count(sHtml, "id=\"a130\""));
+    EXPECT_EQ(2U, Count(sHtml, "<th scope=\"col\">0</th>"));
+    EXPECT_EQ(2U, Count(sHtml, "<th scope=\"col\">f</th>"));
+    EXPECT_EQ(9U, Count(sHtml, "<tr><th scope=\"row\">"));
+    EXPECT_TRUE(Has(sHtml, "<tr><th scope=\"row\">80</th>"));
+}
+
 TEST(PageFindings, DifferencesStandOnceWithBothValues)
 {
     CBytes aui8Second = MakeEdid({});
@@ -326,6 +380,19 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
     EXPECT_EQ(1U, Count(sHtml, "The check finds nothing."));
     EXPECT_TRUE(
         Has(MakeFindings(MakePageOf({ MakeEdid({}), MakeEdid({}) })).Get(), "<p class=\"good\">No field differs."));
+}
+
+TEST(PageTimings, BordersLieAroundTheActivePixels)
+{
+    CBytes aui8Image = MakeEdid({});
+    aui8Image[0x36 + 15] = 10; // pixels and lines of each side
+    aui8Image[0x36 + 16] = 3;
+    const std::string sHtml = MakeTimings(MakePageOf({ aui8Image })).Get();
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"border\" x=\"182\" y=\"38\" width=\"1940\" height=\"1086\"/>"));
+    EXPECT_TRUE(Has(sHtml, "<rect class=\"active\" x=\"192\" y=\"41\" width=\"1920\" height=\"1080\"/>"));
+    EXPECT_TRUE(Has(sHtml, "in the porches</th><td>10</td><td>0.067</td><td>3</td>"));
+    aui8Image[0x36 + 16] = 5; // of a front porch of 4 lines
+    EXPECT_TRUE(Has(MakeTimings(MakePageOf({ aui8Image })).Get(), "so there is no picture of it."));
 }
 
 TEST(PageImage, FindsWhatDiffers)

@@ -24,7 +24,7 @@ CBytes MakeImage()
     aui8Image[0x13] = 4;
     aui8Image[0x14] = 0xA5; // 8 bits per colour, DisplayPort
     aui8Image[0x7E] = 2;
-    Append(aui8Image, ParseBytes("02 03 22 73 43 90 04 05 26 89 07 07 15 07 50 83 01 F8 40 68 03 0C 00 10 00 B8 2D 00 "
+    Append(aui8Image, ParseBytes("02 03 22 33 43 90 04 05 26 89 07 07 15 07 50 83 01 F8 40 68 03 0C 00 10 00 B8 2D 00 "
                                  "65 D8 5D C4 01 02"));
     Append(aui8Image, aui8Detaileds);
     aui8Image.resize(256);
@@ -130,7 +130,7 @@ const SWrongEdit gsc_aoWrongEdits[] = {
       "7",
       { { 0x82, "22" } },
       "block 1: a detailed timing, or what stands behind them" },
-    { "NativesNotLowered", eEdit_RemoveDetailed, "1", { { 0x83, "73" } }, "block 1: the header" },
+    { "NativesNotLowered", eEdit_RemoveDetailed, "1", { { 0x83, "33" } }, "block 1: the header" },
     { "OtherDetailedGone",
       eEdit_RemoveDetailed,
       "1",
@@ -165,7 +165,7 @@ const SWrongEdit gsc_aoWrongEdits[] = {
     { "DataBlockGone", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "E5 00" } }, "block 1: a data block" },
     { "DataBlockOverTheEnd", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "66" } }, "block 1: a data block" },
     { "Revision", eEdit_Speakers, "FL/FR+LFE", { { 0x81, "02" } }, "block 1: the header" },
-    { "FlagsOfTheBlock", eEdit_Speakers, "FL/FR+LFE", { { 0x83, "F3" } }, "block 1: the header" },
+    { "FlagsOfTheBlock", eEdit_Speakers, "FL/FR+LFE", { { 0x83, "B3" } }, "block 1: the header" },
     { "WrongChecksumOfTheBlock",
       eEdit_Speakers,
       "FL/FR+LFE",
@@ -218,7 +218,8 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
     }
 }
 
-// Two blocks with a detailed timing each, and both call the first three of the image native: two are left.
+// Two blocks with a detailed timing each, and both call the first two of the image native: one is left. The number
+// is there from revision 2 on.
 TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
 {
     CBytes aui8Image = MakeImage();
@@ -226,15 +227,15 @@ TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
     const CBytes aui8Detailed(aui8Image.begin() + 0x36, aui8Image.begin() + 0x36 + 18);
     for (unsigned int i = 0; i < 2; ++i)
     {
-        Append(aui8Image, ParseBytes("02 03 04 03"));
+        Append(aui8Image, ParseBytes(i == 0 ? "02 03 04 02" : "02 02 04 02"));
         Append(aui8Image, aui8Detailed);
         aui8Image.resize(256 + 128 * i);
     }
     aui8Image = FixChecksums(aui8Image);
-    ExpectRefusal(aui8Image, { "as it was", eEdit_RemoveDetailed, "1", { { 0x103, "03" } }, "block 2: byte 3" });
-    ExpectRefusal(aui8Image, { "one too few", eEdit_RemoveDetailed, "1", { { 0x103, "01" } }, "block 2: byte 3" });
-    ExpectRefusal(aui8Image, { "other flags", eEdit_RemoveDetailed, "1", { { 0x103, "42" } }, "block 2: byte 3" });
-    ExpectRefusal(aui8Image, { "own block", eEdit_RemoveDetailed, "1", { { 0x83, "03" } }, "block 1: the header" });
+    ExpectRefusal(aui8Image, { "as it was", eEdit_RemoveDetailed, "1", { { 0x103, "02" } }, "block 2: byte 3" });
+    ExpectRefusal(aui8Image, { "one too few", eEdit_RemoveDetailed, "1", { { 0x103, "00" } }, "block 2: byte 3" });
+    ExpectRefusal(aui8Image, { "other flags", eEdit_RemoveDetailed, "1", { { 0x103, "41" } }, "block 2: byte 3" });
+    ExpectRefusal(aui8Image, { "own block", eEdit_RemoveDetailed, "1", { { 0x83, "02" } }, "block 1: the header" });
     ExpectRefusal(aui8Image, { "sum", eEdit_RemoveDetailed, "1", { { 0x17F, "00" } }, "block 2: byte 127", false });
 }
 

@@ -260,6 +260,40 @@ TEST(MapDescriptorRows, RatesInTheWrongOrder)
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "00 00 00 FD 00 00 01 00 01 1F 01 0A 20*6"), aoMinima);
 }
 
+// A detailed timing of 300 kHz and 300 Hz: 120 MHz, 400 x 1000 in all. Its rates lie in limits only by their offsets.
+TEST(MapDescriptorRows, TimingsAgainstOffsetsOfRangeLimits)
+{
+    struct SLimitCase
+    {
+        const char* m_pszBytes; // offsets, vertical minimum and maximum, horizontal ones
+        const char* m_pszNote;
+    };
+    constexpr const char* pszLine = "the line rate is beyond the display range limits";
+    constexpr const char* pszField = "the field rate is beyond the display range limits";
+    static constexpr SLimitCase aoCases[] = {
+        { "0F 2D 2D 2D 2D", nullptr },  { "0E FF 2D 2D 2D", nullptr },  { "0B 2D 2D FF 2D", nullptr },
+        { "0F 2D 2D 2E 32", pszLine },  { "0F 28 32 28 2C", pszLine },  { "03 28 32 28 FF", pszLine },
+        { "0F 2E 32 28 32", pszField }, { "0F 28 2C 28 32", pszField }, { "0C 28 FF 28 32", pszField },
+    };
+    for (const SLimitCase& oCase : aoCases)
+    {
+        const std::string sBytes = std::string("00 00 00 FD ") + oCase.m_pszBytes + " 1F 01 0A 20 20 20 20 20 20";
+        SRecord oRecord = MakeDescriptorRecord(gsc_uiRevision4, sBytes.c_str());
+        constexpr size_t uiTiming = 0x36;
+        const CBytes aui8Timing = ParseBytes("E0 2E 40 50 10 84 64 30 08 20 35 00*6 1E");
+        std::ranges::copy(aui8Timing, oRecord.m_aui8Image.begin() + uiTiming);
+        CZorEdidMap oMap;
+        ReadRecord(oMap, oRecord);
+        std::string sNotes;
+        for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+        {
+            const std::string sNote = oMap.GetNote(i).m_pszText;
+            sNotes.append(sNote.ends_with("the display range limits") ? sNote : "");
+        }
+        EXPECT_EQ(oCase.m_pszNote != nullptr ? oCase.m_pszNote : "", sNotes) << oCase.m_pszBytes;
+    }
+}
+
 // ---- Colours and timings ----
 
 TEST(MapDescriptorRows, ColorPoints)

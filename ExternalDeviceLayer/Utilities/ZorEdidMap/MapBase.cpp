@@ -101,15 +101,14 @@ bool IsDigital2To3(const CRecord& oRecord)
 bool IsDigitalBefore2(const CRecord& oRecord) { return IsDigital(oRecord) && oRecord.GetFacts().m_uiRevision < 2; }
 
 // E-EDID table 3.10 to 3.12
-constexpr SMeaning gsc_aoSignal[] = { { 0, 0, "analog" }, { 1, 1, "digital" } };
+constexpr auto gsc_aoSignal = Listed({ "analog", "digital" });
 constexpr SMeaning gsc_aoLevels[] = {
     { 0, 0, "0.700 : 0.300 : 1.000 V p-p" }, // video : sync : total
     { 1, 1, "0.714 : 0.286 : 1.000 V p-p" },
     { 2, 2, "1.000 : 0.400 : 1.400 V p-p" },
     { 3, 3, "0.700 : 0.000 : 0.700 V p-p" },
 };
-constexpr SMeaning gsc_aoSetup[] = { { 0, 0, "blank level = black level" },
-                                     { 1, 1, "blank-to-black setup or pedestal" } };
+constexpr auto gsc_aoSetup = Listed({ "blank level = black level", "blank-to-black setup or pedestal" });
 constexpr SMeaning gsc_aoDepths[] = {
     { 0, 0, "undefined" }, { 1, 1, "6 bits" },  { 2, 2, "8 bits" },  { 3, 3, "10 bits" },
     { 4, 4, "12 bits" },   { 5, 5, "14 bits" }, { 6, 6, "16 bits" }, { 7, 7, gsc_szReserved },
@@ -138,18 +137,9 @@ CMString FormatPortrait(const CRecord&, unsigned int uiValue)
 
 constexpr SMeaning gsc_aoSizes[] = { { 0, 0, "not known or variable" } };
 
-constexpr SMeaning gsc_aoColorTypes[] = {
-    { 0, 0, "monochrome or grayscale" },
-    { 1, 1, "RGB color" },
-    { 2, 2, "non-RGB color" },
-    { 3, 3, "undefined" },
-};
-constexpr SMeaning gsc_aoEncodings[] = {
-    { 0, 0, "RGB 4:4:4" },
-    { 1, 1, "RGB 4:4:4 and YCrCb 4:4:4" },
-    { 2, 2, "RGB 4:4:4 and YCrCb 4:2:2" },
-    { 3, 3, "RGB 4:4:4, YCrCb 4:4:4 and YCrCb 4:2:2" },
-};
+constexpr auto gsc_aoColorTypes = Listed({ "monochrome or grayscale", "RGB color", "non-RGB color", "undefined" });
+constexpr auto gsc_aoEncodings = Listed({ "RGB 4:4:4", "RGB 4:4:4 and YCrCb 4:4:4", "RGB 4:4:4 and YCrCb 4:2:2",
+                                          "RGB 4:4:4, YCrCb 4:4:4 and YCrCb 4:2:2" });
 
 // The primaries, the white point and the gamma of sRGB as this block stores them.
 const char* CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
@@ -260,8 +250,8 @@ bool IsSquarePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecor
 bool IsWidePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision >= 3; }
 
 constexpr SRatio gsc_aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } }; // by the code; 0 was 1:1 before 1.3
-constexpr SMeaning gsc_aoAspects[] = { { 0, 0, "16:10" }, { 1, 1, "4:3" }, { 2, 2, "5:4" }, { 3, 3, "16:9" } };
-constexpr SMeaning gsc_aoOldAspects[] = { { 0, 0, "1:1" }, { 1, 1, "4:3" }, { 2, 2, "5:4" }, { 3, 3, "16:9" } };
+constexpr auto gsc_aoAspects = Listed({ "16:10", "4:3", "5:4", "16:9" });
+constexpr auto gsc_aoOldAspects = Listed({ "1:1", "4:3", "5:4", "16:9" });
 
 CMString FormatPair(const CRecord& oRecord)
 {

@@ -156,12 +156,9 @@ constexpr SMeaning gsc_aoMpegHLevels[] = {
     { 0, 0, "unspecified" }, { 1, 1, "level 1" }, { 2, 2, "level 2" },      { 3, 3, "level 3" },
     { 4, 4, "level 4" },     { 5, 5, "level 5" }, { 6, 7, gsc_szReserved },
 };
-constexpr SMeaning gsc_aoMatKinds[] = {
-    { 0, 0, "Dolby TrueHD only" },
-    { 1, 1, "Dolby TrueHD, object audio PCM and channel-based PCM" },
-};
-constexpr SMeaning gsc_aoMatHash[] = { { 0, 0, "required" }, { 1, 1, "not required" } };
-constexpr SMeaning gsc_aoSurroundSignals[] = { { 0, 0, "implicit" }, { 1, 1, "implicit and explicit" } };
+constexpr auto gsc_aoMatKinds = Listed({ "Dolby TrueHD only", "Dolby TrueHD, object audio PCM and channel-based PCM" });
+constexpr auto gsc_aoMatHash = Listed({ "required", "not required" });
+constexpr auto gsc_aoSurroundSignals = Listed({ "implicit", "implicit and explicit" });
 
 constexpr SRow gsc_aoAudioRows[] = {
     { Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },

@@ -13,7 +13,7 @@ constexpr CZorEdidMap::EArea eColour = CZorEdidMap::eArea_Colour;
 
 // ---- VESA Display Transfer Characteristic Data Block: VESA DTCDB 1.0 ----
 
-constexpr SMeaning gsc_aoCurves[] = { { 0, 0, "white" }, { 1, 1, "red" }, { 2, 2, "green" }, { 3, 3, "blue" } };
+constexpr auto gsc_aoCurves = Listed({ "white", "red", "green", "blue" });
 
 // In 1/1023 of the full luminance. The points divide the input evenly; the last one, of full luminance, is not stored.
 constexpr SRow gsc_aoTransferRows[] = {
@@ -159,9 +159,8 @@ constexpr SMeaning gsc_aoPeaks[] = {
     { 8, 8, "1200 cd/m2" },   { 9, 9, "1500 cd/m2" },   { 10, 10, "2000 cd/m2" }, { 11, 11, "2500 cd/m2" },
     { 12, 12, "3000 cd/m2" }, { 13, 13, "4000 cd/m2" }, { 14, 14, "6000 cd/m2" }, { 15, 15, "8000 cd/m2" },
 };
-constexpr SMeaning gsc_aoFullFramePeaks[] = {
-    { 0, 0, "10% of the peak" }, { 1, 1, "20% of the peak" }, { 2, 2, "40% of the peak" }, { 3, 3, "80% of the peak" }
-};
+constexpr auto gsc_aoFullFramePeaks =
+    Listed({ "10% of the peak", "20% of the peak", "40% of the peak", "80% of the peak" });
 
 constexpr SRow gsc_aoHdr10PlusRows[] = {
     { Bits(0, 7, 4), "Peak luminance index", Names(gsc_aoPeaks) },
@@ -235,18 +234,12 @@ long long DolbyMinimum(const CRecord& /*oDolby*/, unsigned int uiCode)
     return DivideRounded(100000LL * uiCode * uiCode, 127LL * 127);
 }
 
-constexpr SMeaning gsc_aoDolbyVersions[] = { { 0, 0, "version 0" }, { 1, 1, "version 1" }, { 2, 2, "version 2" } };
-constexpr SMeaning gsc_aoDolbyColorimetry[] = { { 0, 0, "ITU-R BT.709" }, { 1, 1, "P3-D65" } };
-constexpr SMeaning gsc_aoLatencies[] = { { 0, 0, "standard" }, { 1, 1, "standard and low latency" } };
-constexpr SMeaning gsc_aoInterfaces[] = {
-    { 0, 0, "low latency" },
-    { 1, 1, "low latency, low latency HDMI" },
-    { 2, 2, "standard, low latency" },
-    { 3, 3, "standard, low latency, low latency HDMI" },
-};
-constexpr SMeaning gsc_ao444Depths[] = {
-    { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, gsc_szReserved }
-};
+constexpr auto gsc_aoDolbyVersions = Listed({ "version 0", "version 1", "version 2" });
+constexpr auto gsc_aoDolbyColorimetry = Listed({ "ITU-R BT.709", "P3-D65" });
+constexpr auto gsc_aoLatencies = Listed({ "standard", "standard and low latency" });
+constexpr auto gsc_aoInterfaces = Listed({ "low latency", "low latency, low latency HDMI", "standard, low latency",
+                                           "standard, low latency, low latency HDMI" });
+constexpr SMeaning gsc_ao444Depths[] = { { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, gsc_szReserved } };
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {

@@ -84,12 +84,9 @@ constexpr SMeaning gsc_aoMulti[] = {
     { 2, 2, "3D_Structure_ALL and 3D_MASK" },
     { 3, 3, gsc_szReserved },
 };
-constexpr SMeaning gsc_aoImageSizes[] = {
-    { 0, 0, "no additional information" },
-    { 1, 1, "the base block's size has the right aspect ratio only" },
-    { 2, 2, "the base block's size is right, in cm" },
-    { 3, 3, "the base block's size is in 5 cm" },
-};
+constexpr auto gsc_aoImageSizes =
+    Listed({ "no additional information", "the base block's size has the right aspect ratio only",
+             "the base block's size is right, in cm", "the base block's size is in 5 cm" });
 constexpr SRow gsc_aoHdmiVideoRows[] = {
     { Bit(0, 7), "3D_present", Flag() },
     { Bits(0, 6, 5), "3D_Multi_present", Names(gsc_aoMulti) },
@@ -126,7 +123,7 @@ constexpr STable gsc_oStructureAllTable = { "3D_Structure_ALL", eTiming, gsc_aoS
 constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
 
-constexpr SMeaning gsc_aoInMask[] = { { 0, 0, "not in 3D" }, { 1, 1, "in 3D" } };
+constexpr auto gsc_aoInMask = Listed({ "not in 3D", "in 3D" });
 constexpr auto gsc_aoMaskRows = BitRows("Video code", Flag(gsc_aoInMask));
 
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
@@ -275,12 +272,7 @@ constexpr SMeaning gsc_aoGrdm[] = {
     { 2, 2, "HDR range" },
     { 3, 3, gsc_szReserved },
 };
-constexpr SMeaning gsc_aoGamuts[] = {
-    { 0, 0, "explicit chromaticities" },
-    { 1, 1, "ITU-R BT.709" },
-    { 2, 2, "SMPTE ST 2113" },
-    { 3, 3, "ITU-R BT.2020" },
-};
+constexpr auto gsc_aoGamuts = Listed({ "explicit chromaticities", "ITU-R BT.709", "SMPTE ST 2113", "ITU-R BT.2020" });
 
 constexpr auto HasDrdm = WhereSet<0, 7>;
 bool HasPrimaries(const CRecord& oTone) { return HasDrdm(oTone) && oTone.GetBits(1, 7, 6) == eGamut_Explicit; }

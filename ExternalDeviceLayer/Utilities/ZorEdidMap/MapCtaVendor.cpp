@@ -149,7 +149,7 @@ constexpr SMeaning gsc_aoProtections[] = {
     { 0, 0, "none" }, { 1, 1, "HDCP" }, { 2, 2, "DTCP" }, { 3, 3, "DPCP" }, { 4, 255, gsc_szReserved },
 };
 constexpr SMeaning gsc_aoNotTold[] = { { 0, 0, "not specified" } };
-constexpr SMeaning gsc_aoScanDirections[] = {
+constexpr SMeaning gsc_aoFastScans[] = {
     { 0, 0, "not defined" },
     { 1, 1, "fast scan on the long axis" },
     { 2, 2, "fast scan on the short axis" },
@@ -171,18 +171,8 @@ constexpr SMeaning gsc_aoSubpixels[] = {
     { 12, 12, "Clairvoyante PenTile Matrix" },
     { 13, 255, gsc_szReserved },
 };
-constexpr SMeaning gsc_aoDithering[] = {
-    { 0, 0, "none" },
-    { 1, 1, "spatial" },
-    { 2, 2, "temporal" },
-    { 3, 3, "spatial and temporal" },
-};
-constexpr SMeaning gsc_aoRateConversions[] = {
-    { 0, 0, "none" },
-    { 1, 1, "single buffering" },
-    { 2, 2, "double buffering" },
-    { 3, 3, "advanced" },
-};
+constexpr auto gsc_aoDithering = Listed({ "none", "spatial", "temporal", "spatial and temporal" });
+constexpr auto gsc_aoRateConversions = Listed({ "none", "single buffering", "double buffering", "advanced" });
 
 constexpr SForm gsc_oPrimary = Fraction(nullptr, 1024, 5);
 
@@ -202,7 +192,7 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
     { Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
     { Bits(10, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
-    { Bits(10, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
+    { Bits(10, 1, 0), "Scan direction", Names(gsc_aoFastScans) },
     { Byte(11), "Subpixel layout", Names(gsc_aoSubpixels) },
     { Byte(12), "Horizontal pixel pitch", Number("mm").Decimals(2) },
     { Byte(13), "Vertical pixel pitch", Number("mm").Decimals(2) },

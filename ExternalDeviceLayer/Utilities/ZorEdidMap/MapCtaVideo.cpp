@@ -361,7 +361,7 @@ constexpr STable gsc_oFormatTable = { "Video format descriptor", eTiming, gsc_ao
 
 // ---- YCbCr 4:2:0 Capability Map Data Block: CTA-861-H 7.5.11 ----
 
-constexpr SMeaning gsc_aoAlso420[] = { { 0, 0, "not in YCbCr 4:2:0" }, { 1, 1, "also in YCbCr 4:2:0" } };
+constexpr auto gsc_aoAlso420 = Listed({ "not in YCbCr 4:2:0", "also in YCbCr 4:2:0" });
 constexpr SForm gsc_oAlso420 = Flag(gsc_aoAlso420);
 
 constexpr auto gsc_aoMapRows = BitRows("Video code", gsc_oAlso420);

@@ -85,7 +85,7 @@ CMString FormatDetailed(const CRecord& oRecord)
                       static_cast<unsigned long long>(GetTotalWidth(oRecord)) * GetHalfLines(oRecord) });
 }
 
-constexpr SMeaning gsc_aoScan[] = { { 0, 0, "non-interlaced" }, { 1, 1, "interlaced" } };
+constexpr auto gsc_aoScan = Listed({ "non-interlaced", "interlaced" });
 // E-EDID table 3.22. Bit 0 says nothing when bits 6 and 5 are 0.
 constexpr SMeaning gsc_aoStereo[] = {
     { 0, 1, "normal display, no stereo" },
@@ -96,14 +96,10 @@ constexpr SMeaning gsc_aoStereo[] = {
     { 6, 6, "4-way interleaved" },
     { 7, 7, "side-by-side interleaved" },
 };
-constexpr SMeaning gsc_aoSyncTypes[] = {
-    { 0, 0, "analog composite" },
-    { 1, 1, "bipolar analog composite" },
-    { 2, 2, "digital composite" },
-    { 3, 3, "digital separate" },
-};
-constexpr SMeaning gsc_aoSerrations[] = { { 0, 0, "without" }, { 1, 1, "with (H-sync during V-sync)" } };
-constexpr SMeaning gsc_aoSyncOn[] = { { 0, 0, "green only" }, { 1, 1, "all three (RGB)" } };
+constexpr auto gsc_aoSyncTypes =
+    Listed({ "analog composite", "bipolar analog composite", "digital composite", "digital separate" });
+constexpr auto gsc_aoSerrations = Listed({ "without", "with (H-sync during V-sync)" });
+constexpr auto gsc_aoSyncOn = Listed({ "green only", "all three (RGB)" });
 
 constexpr SRow gsc_aoDetailedRows[] = {
     { gsc_oClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
@@ -412,8 +408,8 @@ bool IsCodeUnused(const CRecord& oRecord)
 constexpr auto IsCodeUsed = IsNot<IsCodeUnused>;
 
 constexpr SPlace gsc_oCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } });
-constexpr SMeaning gsc_aoCodeAspects[] = { { 0, 0, "4:3" }, { 1, 1, "16:9" }, { 2, 2, "16:10" }, { 3, 3, "15:9" } };
-constexpr SMeaning gsc_aoCodeRates[] = { { 0, 0, "50 Hz" }, { 1, 1, "60 Hz" }, { 2, 2, "75 Hz" }, { 3, 3, "85 Hz" } };
+constexpr auto gsc_aoCodeAspects = Listed({ "4:3", "16:9", "16:10", "15:9" });
+constexpr auto gsc_aoCodeRates = Listed({ "50 Hz", "60 Hz", "75 Hz", "85 Hz" });
 
 const char* CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
 {

@@ -274,43 +274,13 @@ void CNumbers::Add(const CEdidExtBlockCEA861& oBlock, unsigned int uiOffset)
 
 // ---- DisplayID ----
 
-// All Type I records in block order, then all Type II records. A block that lists none has a bad data block.
 void CNumbers::Add(const CEdidExtBlockDisplayID& oBlock, unsigned int uiOffset)
 {
-    constexpr unsigned int uiLengthOffset = 2; // of the section
-    constexpr unsigned int uiDataBlocksOffset = 5;
-    constexpr unsigned int uiHeaderSize = 3;
-    struct SType
+    for (unsigned int i = 0; i < oBlock.GetDetailedCount(); ++i)
     {
-        unsigned int m_uiTag;
-        unsigned int m_uiSize;
-    };
-    constexpr SType aoTypes[] = {
-        { CEdidExtBlockDisplayID::eDisplayIdTag_Type1Detailed,
-          sizeof(CEdidExtBlockDisplayID::SDisplayIdType1DetailedRaw) },
-        { CEdidExtBlockDisplayID::eDisplayIdTag_Type2Detailed,
-          sizeof(CEdidExtBlockDisplayID::SDisplayIdType2DetailedRaw) },
-    };
-    const unsigned char* pui8Block = oBlock.GetData();
-    const unsigned int uiEnd = pui8Block[uiLengthOffset] + uiDataBlocksOffset; // at most 126, as IsSupported says
-    unsigned int uiRank = 0;
-    for (const SType& oType : aoTypes)
-    {
-        unsigned int uiAt = uiDataBlocksOffset;
-        while (uiAt < uiEnd && pui8Block[uiAt] != 0)
-        {
-            const unsigned int uiTag = pui8Block[uiAt];
-            const unsigned int uiLength = pui8Block[uiAt + 2];
-            uiAt += uiHeaderSize;
-            for (unsigned int i = 0; uiTag == oType.m_uiTag && i < uiLength / oType.m_uiSize; ++i)
-            {
-                if (uiRank < oBlock.GetDetailedCount())
-                {
-                    SetDetailed(oBlock, uiRank++, uiOffset + uiAt + i * oType.m_uiSize, oType.m_uiSize);
-                }
-            }
-            uiAt += uiLength;
-        }
+        unsigned int uiSize = 0;
+        const unsigned int uiRecord = oBlock.GetDetailedTimingsOffset(i, uiSize);
+        SetDetailed(oBlock, i, uiOffset + uiRecord, uiSize);
     }
     m_uiDetailed += oBlock.GetDetailedCount();
 }

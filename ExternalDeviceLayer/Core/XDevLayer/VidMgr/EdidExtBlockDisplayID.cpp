@@ -327,6 +327,19 @@ int CEdidExtBlockDisplayID::GetDetailed(unsigned int uiIndex, CVidParamTiming* p
     return ConvertDetailedType2ToVidParam(m_apoType2[uiIndex - m_apoType1.GetCount()], poTiming);
 }
 
+unsigned int CEdidExtBlockDisplayID::GetDetailedTimingsOffset(unsigned int uiIndex, unsigned int& uiSize) const
+{
+    if (uiIndex >= GetDetailedCount())
+    {
+        return 0;
+    }
+    const bool bType1 = uiIndex < m_apoType1.GetCount();
+    const void* pvRecord =
+        bType1 ? static_cast<const void*>(m_apoType1[uiIndex]) : m_apoType2[uiIndex - m_apoType1.GetCount()];
+    uiSize = bType1 ? sizeof(SDisplayIdType1DetailedRaw) : sizeof(SDisplayIdType2DetailedRaw);
+    return static_cast<unsigned int>(static_cast<const unsigned char*>(pvRecord) - m_aui8Raw.GetData());
+}
+
 int CEdidExtBlockDisplayID::RemoveStandard(unsigned int /*uiIndex*/) { return 0; }
 
 int CEdidExtBlockDisplayID::RemoveDetailed(unsigned int /*uiIndex*/) { return 0; }

@@ -131,6 +131,9 @@ public:
     // 0 at or above the count, for a null timing, and for a record that the conversions below refuse, though it counts.
     // The timing is not cleared first: what the conversions do not set keeps its value.
     int GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const override;
+    // Offset of the record of a detailed timing in the block, and its bytes in uiSize; 0, with uiSize as it was, when
+    // there is none at this index.
+    unsigned int GetDetailedTimingsOffset(unsigned int uiIndex, unsigned int& uiSize) const;
 
     // Always 0; nothing changes.
     int RemoveStandard(unsigned int uiIndex) override;

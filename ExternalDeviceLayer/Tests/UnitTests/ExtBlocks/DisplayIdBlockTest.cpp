@@ -82,8 +82,20 @@ TEST(DisplayIdBlock, WalksToTheEndOrToABadBlock)
         {
             EXPECT_EQ(auiWidths[i] != 0 ? 1 : 0, poBlock->GetDetailed(i, &oTiming)) << i;
             EXPECT_TRUE(auiWidths[i] == 0 || auiWidths[i] == oTiming.GetHorizontalActive()) << i;
+            CVidParamTimingGeneric oThere; // what the bytes at the offset say
+            unsigned int uiSize = 0;
+            const unsigned char* pui8Record = poBlock->GetData() + poBlock->GetDetailedTimingsOffset(i, uiSize);
+            const bool bType1 = uiSize == sizeof(CBlock::SDisplayIdType1DetailedRaw);
+            bType1 ? CBlock::ConvertDetailedType1ToVidParam(
+                         reinterpret_cast<const CBlock::SDisplayIdType1DetailedRaw*>(pui8Record), &oThere)
+                   : CBlock::ConvertDetailedType2ToVidParam(
+                         reinterpret_cast<const CBlock::SDisplayIdType2DetailedRaw*>(pui8Record), &oThere);
+            EXPECT_EQ(auiWidths[i], oThere.GetHorizontalActive()) << i;
         }
+        unsigned int uiKept = 7;
         EXPECT_EQ(0, poBlock->GetDetailed(poBlock->GetDetailedCount(), &oTiming));
+        EXPECT_EQ(0U, poBlock->GetDetailedTimingsOffset(poBlock->GetDetailedCount(), uiKept));
+        EXPECT_EQ(7U, uiKept);
     }
 }
 

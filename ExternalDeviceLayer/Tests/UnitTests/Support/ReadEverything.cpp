@@ -11,6 +11,7 @@
 
 #include "Edid.h"
 #include "EdidExtBlockCEA861.h"
+#include "EdidExtBlockDisplayID.h"
 #include "RVidParamTiming.h"
 #include "VidParamTimingGeneric.h"
 #include "ZorEdidUtils.h"
@@ -225,6 +226,14 @@ void ReadBlock(const CEdidExtBlock& oBlock)
     if (oBlock.GetExtensionType() == 2)
     {
         ReadCea(static_cast<const CCea&>(oBlock));
+    }
+    if (oBlock.GetExtensionType() == CEdidExtBlockDisplayID::msc_uiExtensionTag)
+    {
+        const auto& oDisplayId = static_cast<const CEdidExtBlockDisplayID&>(oBlock);
+        ReadAll(oBlock.GetDetailedCount(), [&](unsigned int i) {
+            unsigned int uiSize = 0;
+            Add(oDisplayId.GetDetailedTimingsOffset(i, uiSize), uiSize);
+        });
     }
 }
 

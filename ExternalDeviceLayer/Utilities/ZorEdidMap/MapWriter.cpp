@@ -52,10 +52,9 @@ bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
 }
 
 // All of it but its place.
-CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const CRecord& oRecord)
+CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const CRecord& oRecord, unsigned int uiRaw)
 {
     const SForm& oForm = oRow.m_oForm;
-    const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
     CZorEdidMap::SField oField = {};
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
@@ -177,7 +176,7 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
     unsigned int uiField = CZorEdidMap::msc_uiNone;
     if (oRange.m_uiLength != 0)
     {
-        CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength } };
+        CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength, true } };
         CZorEdidMap::SField& oField = oEntry.m_oField;
         oField.m_pszName = pszName;
         oField.m_eKind = CZorEdidMap::eKind_Group;
@@ -234,18 +233,20 @@ void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
 void CMapWriter::NumberFields(unsigned int uiFirst, unsigned int uiEnd)
 {
     CZorEdidMap::SEntry* poEntries = m_oMap.m_aoEntries.GetData(); // up to uiEnd all are there
-    const auto fnIsNumbered = [](const CZorEdidMap::SField& oField) {
-        return oField.m_uiIndex == CZorEdidMap::msc_uiNone && oField.m_eKind != CZorEdidMap::eKind_Reserved &&
-               oField.m_eKind != CZorEdidMap::eKind_Unknown;
+    const auto fnCounts = [](const CZorEdidMap::SEntry& oEntry) {
+        const CZorEdidMap::SField& oField = oEntry.m_oField;
+        return oEntry.m_oOrigin.m_bAlone && oField.m_uiIndex == CZorEdidMap::msc_uiNone &&
+               oField.m_eKind != CZorEdidMap::eKind_Reserved && oField.m_eKind != CZorEdidMap::eKind_Unknown;
     };
     for (unsigned int i = uiFirst; i < uiEnd; i = poEntries[i].m_oField.m_uiEnd)
     {
         CZorEdidMap::SField& oField = poEntries[i].m_oField;
-        unsigned int uiNext = fnIsNumbered(oField) ? oField.m_uiEnd : uiEnd;
+        unsigned int uiNext = fnCounts(poEntries[i]) ? oField.m_uiEnd : uiEnd;
         for (unsigned int uiCount = 0; uiNext < uiEnd; uiNext = poEntries[uiNext].m_oField.m_uiEnd)
         {
             CZorEdidMap::SField& oOther = poEntries[uiNext].m_oField;
-            if (fnIsNumbered(oOther) && strcmp(oField.m_pszName, oOther.m_pszName) == 0)
+            if (fnCounts(poEntries[uiNext]) &&
+                (oField.m_pszName == oOther.m_pszName || strcmp(oField.m_pszName, oOther.m_pszName) == 0))
             {
                 oField.m_uiIndex = 0;
                 oOther.m_uiIndex = ++uiCount;
@@ -328,7 +329,12 @@ void CMapWriter::AddItems(const STable& oTable, unsigned int uiOffset, unsigned 
 unsigned int CMapWriter::AddLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, unsigned int uiOffset,
                                  unsigned int uiLength)
 {
-    return AddRow(oRow, eArea, { uiOffset, uiLength });
+    const unsigned int uiField = AddRow(oRow, eArea, { uiOffset, uiLength });
+    if (HasField(uiField))
+    {
+        m_oMap.m_aoEntries[uiField].m_oOrigin.m_bAlone = true;
+    }
+    return uiField;
 }
 
 // The pieces lie in the open group, and so in the blocks.
@@ -433,18 +439,18 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
         m_oMap.m_pszOverlap = m_oMap.m_pszOverlap != nullptr ? m_oMap.m_pszOverlap : oRow.m_pszName;
         return CZorEdidMap::msc_uiNone;
     }
-    CZorEdidMap::SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord),
-                                   { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize() } };
+    const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
+    CZorEdidMap::SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord, uiRaw),
+                                   { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize(), false } };
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
-    NoteValue(uiField, oRow, oRecord);
+    NoteValue(uiField, oRow, oRecord, uiRaw);
     return uiField;
 }
 
-void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord)
+void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw)
 {
     const SForm& oForm = oRow.m_oForm;
     const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
-    const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
     if (oField.m_pszMeaning == gsc_szReserved)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved value");
@@ -466,7 +472,7 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
 void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                          unsigned char ui8Mask)
 {
-    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength } };
+    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength, false } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = pszName;
     oField.m_eKind = eKind;
@@ -495,7 +501,7 @@ unsigned int CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset
         return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiLength = uiOffset - uiFirst + 1;
-    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength } };
+    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength, false } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = gsc_oChecksumRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
@@ -529,10 +535,11 @@ void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity,
 void CMapWriter::OrderNotes()
 {
     const CMArray<CZorEdidMap::SNote, const CZorEdidMap::SNote&> aoNotes = m_oMap.m_aoNotes;
+    CZorEdidMap::SEntry* const poEnd = m_oMap.m_aoEntries.GetData() + m_oMap.GetFieldCount();
     unsigned int uiNext = 0;
-    for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
+    for (CZorEdidMap::SEntry* poEntry = m_oMap.m_aoEntries.GetData(); poEntry != poEnd; ++poEntry)
     {
-        CZorEdidMap::SField& oField = GetField(i);
+        CZorEdidMap::SField& oField = poEntry->m_oField;
         oField.m_uiFirstNote = uiNext;
         uiNext += oField.m_uiNotes;
         oField.m_uiNotes = 0;

@@ -154,7 +154,7 @@ private:
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                  unsigned char ui8Mask);
-    void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord);
+    void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);
     void NumberFields(unsigned int uiFirst, unsigned int uiEnd);
     void OrderNotes();
 

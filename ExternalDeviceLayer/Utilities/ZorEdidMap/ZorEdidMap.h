@@ -79,8 +79,9 @@ public:
         const char* m_pszMeaning; // null without one
         long long m_llNumber;     // numbers, flags, names (the raw code) and checksums
         unsigned int m_uiDecimals;
-        // Which of several of the same name in a group, from 0; msc_uiNone for the only one, for a block, and for
-        // reserved and unknown bytes. Of a tag in a block map the number of the block that it is of.
+        // Which of several of the same name in a group, from 0; msc_uiNone for the only one, for a block, for reserved
+        // and unknown bytes, and for a row of a table, whose name is its own. Of a tag in a block map the number of the
+        // block that it is of.
         unsigned int m_uiIndex;
         unsigned int m_uiOffset;     // of its first byte in the image
         unsigned int m_uiLength;     // bytes from the first one to the last one, whole or not
@@ -152,6 +153,7 @@ private:
         const STable* m_poTable; // null for a leaf and for a group without a table
         unsigned int m_uiOffset;
         unsigned int m_uiLength;
+        bool m_bAlone; // a group, or a leaf by itself: one of several maybe, unlike the rows of a table
     };
     struct SEntry
     {

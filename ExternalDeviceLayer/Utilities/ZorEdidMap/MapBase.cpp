@@ -296,7 +296,8 @@ bool IsDetailed(const CRecord& oBlock, unsigned int uiDescriptor)
 
 bool IsTagged(const CRecord& oBlock, unsigned int uiDescriptor, unsigned int uiTag)
 {
-    return !IsDetailed(oBlock, uiDescriptor) && oBlock.GetByte(DescriptorOffset(uiDescriptor) + gsc_uiTagOffset) == uiTag;
+    return !IsDetailed(oBlock, uiDescriptor) &&
+           oBlock.GetByte(DescriptorOffset(uiDescriptor) + gsc_uiTagOffset) == uiTag;
 }
 
 bool HasDescriptor(const CRecord& oBlock, unsigned int uiTag)

@@ -239,7 +239,9 @@ constexpr auto gsc_aoDolbyColorimetry = Listed({ "ITU-R BT.709", "P3-D65" });
 constexpr auto gsc_aoLatencies = Listed({ "standard", "standard and low latency" });
 constexpr auto gsc_aoInterfaces = Listed({ "low latency", "low latency, low latency HDMI", "standard, low latency",
                                            "standard, low latency, low latency HDMI" });
-constexpr SMeaning gsc_ao444Depths[] = { { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, gsc_szReserved } };
+constexpr SMeaning gsc_ao444Depths[] = {
+    { 0, 0, "no" }, { 1, 1, "10 bit" }, { 2, 2, "12 bit" }, { 3, 3, gsc_szReserved }
+};
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {

@@ -243,9 +243,10 @@ constexpr SMeaning gsc_aoVerticalOffsets[] = {
 constexpr SMeaning gsc_aoHorizontalOffsets[] = {
     { 0, 0, "none" }, { 1, 1, gsc_szReserved }, { 2, 2, "maximum + 255 kHz" }, { 3, 3, "maximum and minimum + 255 kHz" }
 };
-constexpr SMeaning gsc_aoOldFormulas[] = {
-    { 0, 0, "no secondary timing formula" }, { 1, 1, gsc_szReserved }, { 2, 2, "secondary GTF" }, { 3, 255, gsc_szReserved }
-};
+constexpr SMeaning gsc_aoOldFormulas[] = { { 0, 0, "no secondary timing formula" },
+                                           { 1, 1, gsc_szReserved },
+                                           { 2, 2, "secondary GTF" },
+                                           { 3, 255, gsc_szReserved } };
 constexpr SMeaning gsc_aoFormulas[] = {
     { 0, 0, "default GTF" }, { 1, 1, "range limits only" }, { 2, 2, "secondary GTF" }, { 3, 3, gsc_szReserved },
     { 4, 4, "CVT" },         { 5, 255, gsc_szReserved },

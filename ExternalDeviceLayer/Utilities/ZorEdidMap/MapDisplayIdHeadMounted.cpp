@@ -159,8 +159,9 @@ constexpr STable gsc_oDisplay = { "ARVR HMD", eArea_Display, gsc_aoDisplayRows }
 
 // ---- ARVR layer, DisplayID 2.1 (tag 2Dh): 20 bytes ----
 
-constexpr auto gsc_aoLensDistortions = Listed(
-    { "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction", gsc_szReserved });
+constexpr auto gsc_aoLensDistortions =
+    Listed({ "none", "chromatic aberration correction", "lens distortion and chromatic aberration correction",
+             gsc_szReserved });
 constexpr auto gsc_aoLensDistortionChoices = Listed({ "no", "chromatic aberration only", "both", gsc_szReserved });
 constexpr auto gsc_aoReprojections = Listed({ "none", "3DoF only", "3DoF and 6DoF", gsc_szReserved });
 constexpr auto gsc_aoReprojectionChoices =

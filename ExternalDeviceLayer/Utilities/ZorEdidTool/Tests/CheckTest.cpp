@@ -5,6 +5,7 @@
 #include "CheckRules.h"
 #include "Damages.h"
 #include "DisplayIdImages.h"
+#include "MapText.h"
 #include "OsServices.h"
 #include "SharedFiles.h"
 
@@ -14,17 +15,24 @@ using CTexts = std::vector<std::string>;
 
 constexpr unsigned int gsc_uiThisYear = 2026;
 
+std::vector<SFinding> Check(const CBytes& aui8Image, unsigned int uiThisYear)
+{
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    return CheckImage(oMap, uiThisYear);
+}
+
 // "BLOCK:OFFSET SEVERITY WHAT: FOUND", offsets in hexadecimal digits.
 CTexts List(const CBytes& aui8Image, unsigned int uiThisYear = gsc_uiThisYear)
 {
     OsServices::SetMsgLevel(0, 0, 0);
     CTexts asFindings;
-    for (const SFinding& oFinding : CheckImage(aui8Image, uiThisYear))
+    for (const SFinding& oFinding : Check(aui8Image, uiThisYear))
     {
         std::ostringstream oText;
         oText << oFinding.m_uiBlock << ':' << std::hex << oFinding.m_uiOffset << ' '
-              << GetSeverityName(oFinding.m_eSeverity) << ' ' << oFinding.m_sWhat
-              << (oFinding.m_sFound.empty() ? "" : ": ") << oFinding.m_sFound;
+              << GetNoteName(oFinding.m_eSeverity) << ' ' << oFinding.m_sWhat << (oFinding.m_sFound.empty() ? "" : ": ")
+              << oFinding.m_sFound;
         asFindings.push_back(oText.str());
     }
     return asFindings;
@@ -95,7 +103,7 @@ TEST(Check, ChecksumsAreToldWithTheRightOne)
     aui8Image[0x7F] = 0; // of 0x12
     aui8Image[0xFF] = 0; // of 0x73
     EXPECT_EQ((CTexts{ "0:7f error checksum: 0x00", "1:7f error checksum: 0x00" }), List(aui8Image));
-    const std::vector<SFinding> aoFindings = CheckImage(aui8Image, gsc_uiThisYear);
+    const std::vector<SFinding> aoFindings = Check(aui8Image, gsc_uiThisYear);
     ASSERT_EQ(2U, aoFindings.size());
     EXPECT_EQ("0x12", aoFindings[0].m_sExpected);
     EXPECT_EQ("0x73", aoFindings[1].m_sExpected);

@@ -12,7 +12,7 @@ namespace
 // The problem, or empty.
 std::string Parse(const std::string& sOption, const std::string& sValue, SEdit& oEdit)
 {
-    const std::vector<SEditOption>& aoOptions = GetEditOptions();
+    const std::span<const SEditOption> aoOptions = GetEditOptions();
     const auto itOption = std::find_if(aoOptions.begin(), aoOptions.end(),
                                        [&](const SEditOption& oOption) { return sOption == oOption.m_pszName; });
     return itOption != aoOptions.end() ? ParseEdit(*itOption, sValue, oEdit) : "no such option";

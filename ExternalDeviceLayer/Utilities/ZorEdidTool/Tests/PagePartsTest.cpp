@@ -402,10 +402,11 @@ TEST(PageImage, FindsWhatDiffers)
     const SPage oPage = MakePageOf({ MakeEdid({}), aui8Second });
     const SPageImage& oFirst = *oPage.m_apoImages[0];
     const SPageImage& oSecond = *oPage.m_apoImages[1];
-    const SPageField& oSerial = oFirst.m_aoFields[oFirst.m_oMap.FindLeaf(0x0C, 0)];
+    const unsigned int uiSerial = oFirst.m_oMap.FindLeaf(0x0C, 0);
+    const SPageField& oSerial = oFirst.m_aoFields[uiSerial];
     EXPECT_TRUE(oSerial.m_bDiffers);
     EXPECT_EQ("9", oSerial.m_sOther);
-    EXPECT_TRUE(oFirst.m_aoFields[oSerial.m_uiParent].m_bDiffers);
+    EXPECT_TRUE(oFirst.m_aoFields[oFirst.m_oMap.GetField(uiSerial).m_uiGroup].m_bDiffers);
     EXPECT_FALSE(oFirst.m_aoFields[oFirst.m_oMap.FindLeaf(0x08, 0)].m_bDiffers);
     EXPECT_TRUE(oSecond.m_aoFields[oSecond.m_oMap.FindLeaf(0x80, 0)].m_bOnlyHere);
     EXPECT_EQ("a<b.bin", oFirst.m_sFile);

@@ -188,7 +188,7 @@ TEST_F(MapOfMonitor, ValuesAndTheirJson)
               oGroup["fields"][0]);
 }
 
-TEST(MapText, NotesAreFoundFromTheirFieldOn)
+TEST(MapText, NotesStandByTheirFields)
 {
     CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
     aui8Image[0x10] = 60; // week
@@ -197,14 +197,13 @@ TEST(MapText, NotesAreFoundFromTheirFieldOn)
     CZorEdidMap oMap;
     oMap.Read(256, FixChecksums(aui8Image).data());
     ASSERT_EQ(3U, oMap.GetNoteCount());
-    const unsigned int uiWeek = oMap.FindLeaf(0x10, 0);
-    const unsigned int uiCode = oMap.FindLeaf(0x85, 0);
-    EXPECT_EQ(0U, FindNotes(oMap, 0));
-    EXPECT_EQ(0U, FindNotes(oMap, uiWeek));
-    EXPECT_EQ(1U, FindNotes(oMap, uiWeek + 1));
-    EXPECT_EQ(1U, FindNotes(oMap, uiCode));
-    EXPECT_EQ(2U, FindNotes(oMap, uiCode + 1));
-    EXPECT_EQ(3U, FindNotes(oMap, oMap.GetFieldCount()));
+    const CZorEdidMap::SField& oWeek = oMap.GetField(oMap.FindLeaf(0x10, 0));
+    const CZorEdidMap::SField& oCode = oMap.GetField(oMap.FindLeaf(0x86, 0));
+    EXPECT_EQ(0U, oMap.GetField(0).m_uiNotes);
+    EXPECT_EQ(0U, oWeek.m_uiFirstNote);
+    EXPECT_EQ(1U, oWeek.m_uiNotes);
+    EXPECT_EQ(2U, oCode.m_uiFirstNote);
+    EXPECT_EQ(1U, oCode.m_uiNotes);
     EXPECT_EQ("warning: reserved value", GetNoteText(oMap.GetNote(0)));
 }
 } // namespace

@@ -106,7 +106,7 @@ constexpr SPlace RunToEnd(unsigned int uiOffset)
 // No constant: a table that calls it does not compile.
 void RefuseRun();
 
-consteval SPlace Run(unsigned int uiOffset, unsigned int uiLength)
+constexpr SPlace Run(unsigned int uiOffset, unsigned int uiLength)
 {
     if (uiLength == 0 || uiLength >= gsc_ui8ToTheEnd)
     {

@@ -126,7 +126,7 @@ TEST(MapHeadMounted, Layer)
         { "16.7-2", "Reserved", "0x26", gsc_szSet },
         { "16.1", "Left then right stacked, layers on separate streams", "no" },
         { "16.0", "Left then right side by side, layers on separate streams", "yes" },
-        { "03 04 05", "HMD manufacturer/vendor ID", "3A-02-92" },
+        { "03 04 05", "HMD manufacturer/vendor ID", "3A-02-92 VESA" },
     };
     ExpectRows(MakeDisplayIdRecord(0x2D, 1, "3A 02 92 34 12 78 56 9A BC 91 5A A6 69 99 56 29 31 00 7D 99"), aoRows);
 }

@@ -227,7 +227,7 @@ TEST(MapInterface, Tile)
     static constexpr SRowCase aoWithoutBezels[] = {
         { "03.6", "Bezel information", "not given" },
         { "0C-0F", "Bezel sizes, not used", "23 35 57 11", gsc_szSet },
-        { "10 11 12", "Tiled display manufacturer/vendor ID", "3A-02-92" },
+        { "10 11 12", "Tiled display manufacturer/vendor ID", "3A-02-92 VESA" },
     };
     ExpectSomeRows(MakeDisplayIdRecord(0x28, 0, "8A A6 53 94 7F 0A 6F 08 0B 23 35 57 11 3A 02 92 B1 06 78 56 34 12"),
                    aoWithoutBezels);
@@ -375,7 +375,7 @@ TEST(MapInterface, Vendors)
         { "07.6-5", "Multi-SST operation", "four streams" },
         { "07.4", "Reserved", "0x1", gsc_szSet },
         { "07.3-0", "Pixels that overlap an adjacent panel", "5 pixels" },
-        { "03 04 05", "Manufacturer/vendor ID", "3A-02-92" },
+        { "03 04 05", "Manufacturer/vendor ID", "3A-02-92 VESA" },
         { "08.7-6", "Reserved", "0x2", gsc_szSet },
         { "08.5-0 09.3-0", "Pass-through timing's DSC bits per pixel", "26.3750 bits per pixel" },
         { "09.7-4", "Reserved", "0xa", gsc_szSet },
@@ -391,7 +391,7 @@ TEST(MapInterface, Vendors)
     ExpectSomeRows(MakeDisplayIdRecord(0x7E, 0, "3A 02 92 01"), aoVesaTooShort);
     static constexpr SRowCase aoOther[] = {
         { "06-07", "Vendor data", "21 43" },
-        { "03 04 05", "Manufacturer/vendor ID", "00-10-FA" },
+        { "03 04 05", "Manufacturer/vendor ID", "00-10-FA Apple" },
     };
     ExpectRows(MakeDisplayIdRecord(0x7E, 0, "00 10 FA 21 43"), aoOther);
     static constexpr SRowCase aoLetters[] = {

@@ -137,10 +137,11 @@ TEST(Check, TheOverrideBlockOfTheFirstBlockAnnouncesMore)
     const CBytes aui8Empty = MakeCea("02 03 04 00 ..128");
     const CBytes aui8Bad = MakeCea("02 03 03 00 ..128");
     const std::string sBad = "error offset of the descriptors: 0x03";
-    // Then all of them are looked at, else only the first one.
+    // Then all that it counts are looked at, present or not; else only those that the base block announces.
     EXPECT_EQ((CTexts{ "0:7e note extension count: 1, and 3 in an override data block", "3:2 " + sBad }),
               ListBlocks({ aui8Three, aui8Empty, aui8Bad }, 1));
-    EXPECT_EQ((CTexts{ "0:7e warning extension count: 1", "1:6 error fewer extension blocks follow: 3 blocks" }),
+    EXPECT_EQ((CTexts{ "0:7e warning extension count: 1", "1:6 error fewer extension blocks follow: 3 blocks",
+                       "2:2 " + sBad }),
               ListBlocks({ aui8Three, aui8Bad }, 1));
     EXPECT_EQ((CTexts{ "0:7e warning extension count: 1" }), ListBlocks({ aui8Empty, aui8Three, aui8Bad }, 1));
     EXPECT_EQ((CTexts{ "0:7e warning extension count: 0" }), ListBlocks({ aui8Three, aui8Empty, aui8Bad }, 0));

@@ -321,7 +321,7 @@ def own_parameters(group):
 
 
 def own_product(group):
-    yield "vendor-id", group.said("Manufacturer/vendor ID")
+    yield "vendor-id", group.said("Manufacturer/vendor ID").split()[0]  # without the company
     yield "model", str(group.value("Product ID code"))
     if group.value("Serial number"):
         yield "serial", str(group.value("Serial number"))
@@ -330,14 +330,14 @@ def own_product(group):
 
 
 def own_vendor(group):
-    yield "vendor-id", group.said("Manufacturer/vendor ID")
+    yield "vendor-id", group.said("Manufacturer/vendor ID").split()[0]  # without the company
 
 
 def own_tile(group):
     yield "tile", (f"{group.value('Number of horizontal tiles')} x {group.value('Number of vertical tiles')}"
                    f" at {group.value('Horizontal tile location')}, {group.value('Vertical tile location')}"
                    f" size {group.value('Horizontal tile size')}x{group.value('Vertical tile size')}")
-    yield "tile-identity", (f"{group.said('Tiled display manufacturer/vendor ID')}"
+    yield "tile-identity", (f"{group.said('Tiled display manufacturer/vendor ID').split()[0]}"
                             f" {group.value('Tiled display product ID code')}"
                             f" {group.value('Tiled display serial number')}")
 
@@ -618,7 +618,7 @@ LINES = [(re.compile(heading), re.compile(line), kind, take) for heading, line, 
      lambda name, x, y: f"{name.lower()} {x} {y}"),
     ("Dynamic Video Timing", r"    (M\w+) (Pixel Clock|Vertical Refresh Rate): (\d+)", "dynamic-range",
      lambda end, name, value: f"{end} {name.lower()} {value}"),
-    ("ContainerID", r"    Container ID: (.*)", "container", str),
+    (r"ContainerID|.*\(Microsoft\)", r"    Container ID: (.*)", "container", str),
     ("Display Information|Digital Interface", r"    (M\w+) Pixel Clock Frequency Per Link: (\d+) MHz", "link-clock",
      joined("{} {}")),
 )]

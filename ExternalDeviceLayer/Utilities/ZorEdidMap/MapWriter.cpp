@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "MapNames.h"
+
 namespace
 {
 constexpr unsigned int gsc_uiByteMask = 0xFF;
@@ -33,18 +35,6 @@ constexpr unsigned int CountBits(const SPlace& oPlace)
     return uiBits;
 }
 
-const char* FindMeaning(const SForm& oForm, unsigned int uiRaw)
-{
-    for (const SMeaning& oMeaning : oForm.m_aoMeanings)
-    {
-        if (uiRaw >= oMeaning.m_uiFirst && uiRaw <= oMeaning.m_uiLast)
-        {
-            return oMeaning.m_pszName;
-        }
-    }
-    return nullptr;
-}
-
 bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
 {
     const unsigned char* pui8End = oRecord.GetData() + oRecord.GetSize();
@@ -58,7 +48,7 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
     CZorEdidMap::SField oField = {};
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
-    oField.m_pszMeaning = FindMeaning(oForm, uiRaw);
+    oField.m_pszMeaning = FindMeaning(oForm.m_aoMeanings, uiRaw);
     oField.m_llNumber = oForm.m_pfnNumber != nullptr ? oForm.m_pfnNumber(oRecord, uiRaw)
                                                      : ComputeNumber(oForm, uiRaw, CountBits(oRow.m_oPlace));
     oField.m_uiDecimals = oForm.m_uiDecimals;

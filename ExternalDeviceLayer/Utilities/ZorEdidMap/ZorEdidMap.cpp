@@ -3,18 +3,16 @@
 #include "ZorEdidMap.h"
 
 #include "Cea861Bytes.h"
+#include "EdidBaseLayout.h"
 #include "EdidExtBlockDisplayID.h"
 #include "MapValue.h"
 #include "ZorTools.h"
 
+using namespace EdidBaseLayout;
+
 namespace
 {
-
-constexpr unsigned int gsc_uiRevisionOffset = 0x13;
-constexpr unsigned int gsc_uiVideoInputOffset = 0x14;
-constexpr unsigned int gsc_uiDigitalMask = 0x80;
-constexpr unsigned int gsc_uiFeaturesOffset = 0x18;
-constexpr unsigned int gsc_uiContinuousMask = 0x01;
+constexpr unsigned int gsc_uiContinuousMask = 0x01; // of the features
 } // namespace
 
 CZorEdidMap::CZorEdidMap() : m_uiRevision(0), m_bDigital(false), m_bContinuous(false), m_pszOverlap(nullptr) {}

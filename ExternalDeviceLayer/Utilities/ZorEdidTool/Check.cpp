@@ -1,10 +1,9 @@
 // zoredid check: findings about images, one a line, and a summary.
 
-#include <CLI/CLI.hpp>
-
 #include <atomic>
 
 #include "CheckRules.h"
+#include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapText.h"
@@ -125,15 +124,15 @@ void Check(SCheckOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void DeclareCheckOptions(CLI::App& oCommand, STool& oTool)
+void DeclareCheckOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SCheckOptions>();
-    AddFileOptions(oCommand, poOptions->m_oFiles);
-    oCommand.add_flag("--json", poOptions->m_bJson, "One JSON document with the findings");
-    oCommand.footer("A line for each finding, none for a clean image, and a summary of several:\n"
+    DeclareFiles(oCommand, poOptions->m_oFiles);
+    oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the findings");
+    oCommand.Footer("A line for each finding, none for a clean image, and a summary of several:\n"
                     "  FILE: block B offset 0xNN (field): error|warning|note: what: found X, expected Y\n"
                     "Exit status: 0 clean or notes only, 1 errors or warnings, 3 an image that cannot be read.\n\n"
                     "Example:\n"
                     "  zoredid check *.bin");
-    oCommand.callback([poOptions, &oTool] { Check(*poOptions, oTool); });
+    oCommand.Run([poOptions, &oTool] { Check(*poOptions, oTool); });
 }

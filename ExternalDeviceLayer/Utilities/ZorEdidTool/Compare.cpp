@@ -1,9 +1,9 @@
 // zoredid compare: whether two images announce the same modes, and which modes only one of them has.
 
 #include <algorithm>
-#include <CLI/CLI.hpp>
 #include <optional>
 
+#include "CommandLine.h"
 #include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "TextFormat.h"
@@ -137,21 +137,21 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
 }
 } // namespace
 
-void DeclareCompareOptions(CLI::App& oCommand, STool& oTool)
+void DeclareCompareOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SCompareOptions>();
-    oCommand.add_option("A", poOptions->m_sFirst, gsc_szFileHelp)->required()->type_name("");
-    oCommand.add_option("B", poOptions->m_sSecond, gsc_szFileHelp)->required()->type_name("");
-    oCommand.add_flag("--established", poOptions->m_bEstablished, "Established timings take part");
-    oCommand.add_flag("--ignore-preferred", poOptions->m_bIgnorePreferred, "The preferred modes may differ");
-    oCommand.footer(
+    oCommand.Word("A", poOptions->m_sFirst, gsc_szFileHelp).Required().Placeholder("");
+    oCommand.Word("B", poOptions->m_sSecond, gsc_szFileHelp).Required().Placeholder("");
+    oCommand.Flag("--established", poOptions->m_bEstablished, "Established timings take part");
+    oCommand.Flag("--ignore-preferred", poOptions->m_bIgnorePreferred, "The preferred modes may differ");
+    oCommand.Footer(
         "Modes are compared wherever they stand, native or not, each as often as it is named; their clocks\n"
         "may differ as those of 1000/1001 variants do. Two images without a preferred mode may be the same;\n"
         "one with and one without are different.\n"
         "Exit status: 0 same, 1 different, 3 when an image cannot be read.\n\n"
         "Example:\n"
         "  zoredid compare old.bin new.bin");
-    oCommand.callback([poOptions, &oTool] {
+    oCommand.Run([poOptions, &oTool] {
         // Both are read first, so that a second bad name is told, too.
         const SInput oFirst = ReadOneInput(poOptions->m_sFirst, oTool);
         const SInput oSecond = ReadOneInput(poOptions->m_sSecond, oTool);

@@ -4,9 +4,9 @@
 #include <string.h>
 #include <strings.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
 
+#include "CommandLine.h"
 #include "ManyFiles.h"
 #include "Output.h"
 #include "OutputForms.h"
@@ -76,7 +76,7 @@ void Convert(const SConvertOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void DeclareConvertOptions(CLI::App& oCommand, STool& oTool)
+void DeclareConvertOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SConvertOptions>();
     std::vector<std::string> asForms;
@@ -84,15 +84,15 @@ void DeclareConvertOptions(CLI::App& oCommand, STool& oTool)
     {
         asForms.push_back(oForm.m_pszName);
     }
-    oCommand.add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required();
-    oCommand.add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
-        ->required()
-        ->type_name("OUT");
+    oCommand.Word("FILE", poOptions->m_sFile, gsc_szFileHelp).Required();
+    oCommand.Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
+        .Required()
+        .Placeholder("OUT");
     oCommand
-        .add_option("--form", poOptions->m_sForm,
-                    "Without it, the ending of OUT tells: .bin .xxd .hex .c .h .b64 .base64 .dat")
-        ->check(CLI::IsMember(asForms));
-    oCommand.add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
-    oCommand.footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
-    oCommand.callback([poOptions, &oTool] { Convert(*poOptions, oTool); });
+        .Word("--form", poOptions->m_sForm,
+              "Without it, the ending of OUT tells: .bin .xxd .hex .c .h .b64 .base64 .dat")
+        .OneOf(asForms);
+    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    oCommand.Footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
+    oCommand.Run([poOptions, &oTool] { Convert(*poOptions, oTool); });
 }

@@ -2,10 +2,9 @@
 
 #include <stdio.h>
 
-#include <CLI/CLI.hpp>
-#include <map>
 #include <memory>
 
+#include "CommandLine.h"
 #include "EditDiff.h"
 #include "EditImage.h"
 #include "EditPlan.h"
@@ -24,25 +23,15 @@ struct SEditCommand
     bool m_bForce = false;
     bool m_bDiff = false;
     bool m_bDryRun = false;
-    std::map<const CLI::Option*, const SEditOption*> m_oOptions;
 };
 
-// The edits in the order of the command line: the n-th occurrence of an option has its n-th value.
-std::vector<SEdit> ListEdits(const CLI::App& oCommand, const SEditCommand& oArguments)
+// The edits in the order of the command line.
+std::vector<SEdit> ListEdits(const COptions& oCommand)
 {
     std::vector<SEdit> aoEdits;
-    std::map<const CLI::Option*, size_t> oSeen;
-    for (const CLI::Option* poOption : oCommand.parse_order())
+    for (const COptions::SEditValue& oValue : oCommand.ListEdits())
     {
-        const auto oFound = oArguments.m_oOptions.find(poOption);
-        if (oFound == oArguments.m_oOptions.end())
-        {
-            continue;
-        }
-        const size_t uiOccurrence = oSeen[poOption]++;
-        SEdit oEdit = {};
-        ParseEdit(*oFound->second, poOption->results()[uiOccurrence], oEdit); // checked by the option
-        aoEdits.push_back(oEdit);
+        ParseEdit(GetEditOptions()[oValue.m_uiTag], oValue.m_sValue, aoEdits.emplace_back()); // checked by the option
     }
     return aoEdits;
 }
@@ -98,9 +87,9 @@ void Write(const SEditCommand& oArguments, const CBytes& aui8Edited, std::string
                 sProblem);
 }
 
-void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
+void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
 {
-    const std::vector<SEdit> aoEdits = ListEdits(oCommand, oArguments);
+    const std::vector<SEdit> aoEdits = ListEdits(oCommand);
     const std::string sMistake = CheckCommand(oArguments, aoEdits);
     if (!sMistake.empty())
     {
@@ -135,43 +124,30 @@ void Run(const CLI::App& oCommand, const SEditCommand& oArguments, STool& oTool)
 }
 } // namespace
 
-void DeclareEditOptions(CLI::App& oCommand, STool& oTool)
+void DeclareEditOptions(COptions& oCommand, STool& oTool)
 {
     const auto poArguments = std::make_shared<SEditCommand>();
-    oCommand.add_option("FILE", poArguments->m_sFile, gsc_szFileHelp)->required();
-    oCommand.add_option("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
-        ->type_name("OUT");
-    oCommand.add_flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
-    oCommand.add_flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
-    oCommand.add_flag("--dry-run", poArguments->m_bDryRun, "Do everything but write, and say what would hinder it");
-    for (const SEditOption& oOption : GetEditOptions())
+    oCommand.Word("FILE", poArguments->m_sFile, gsc_szFileHelp).Required();
+    oCommand.Word("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
+        .Placeholder("OUT");
+    oCommand.Flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
+    oCommand.Flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
+    oCommand.Flag("--dry-run", poArguments->m_bDryRun, "Do everything but write, and say what would hinder it");
+    for (size_t i = 0; i < GetEditOptions().size(); ++i)
     {
-        if (*oOption.m_pszValue == '\0')
-        {
-            CLI::Option* poOption = oCommand.add_flag(oOption.m_pszName, oOption.m_pszHelp);
-            poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group("Edits");
-            poArguments->m_oOptions[poOption] = &oOption;
-            continue;
-        }
-        CLI::Option* poOption = oCommand.add_option(
-            oOption.m_pszName, [](const CLI::results_t&) { return true; }, oOption.m_pszHelp);
-        poOption->type_name(oOption.m_pszValue)
-            ->type_size(1)
-            ->expected(1)
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-            ->group("Edits")
-            ->check([&oOption](const std::string& sValue) {
-                SEdit oEdit = {};
-                return ParseEdit(oOption, sValue, oEdit);
-            });
-        poArguments->m_oOptions[poOption] = &oOption;
+        const SEditOption& oOption = GetEditOptions()[i];
+        const auto fnCheck = [&oOption](const std::string& sValue) {
+            SEdit oEdit = {};
+            return ParseEdit(oOption, sValue, oEdit);
+        };
+        oCommand.Edit(oOption.m_pszName, oOption.m_pszValue, oOption.m_pszHelp, fnCheck, i);
     }
-    oCommand.footer("Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
+    oCommand.Footer("Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
                     "prints them. A removal that an earlier edit has done already is good. When one edit is refused,\n"
                     "nothing is written. An edit changes nothing that it does not name: the result is read again and\n"
                     "compared before it is written.\n"
                     "\n"
                     "Example:\n"
                     "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
-    oCommand.callback([&oCommand, poArguments, &oTool] { Run(oCommand, *poArguments, oTool); });
+    oCommand.Run([&oCommand, poArguments, &oTool] { Run(oCommand, *poArguments, oTool); });
 }

@@ -7,9 +7,9 @@
 
 #include <algorithm>
 #include <bit>
-#include <CLI/CLI.hpp>
 #include <tuple>
 
+#include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapJson.h"
@@ -398,14 +398,14 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
     return oOutcome;
 }
 
-// A number for CLI11: decimal, or hexadecimal behind 0x.
-CLI::Option* AddNumber(CLI::App& oCommand, const char* pszName, unsigned int& uiNumber, unsigned int uiMost,
-                       const char* pszHelp)
+// A number: decimal, or hexadecimal behind 0x.
+COption DeclareNumber(COptions& oCommand, const char* pszName, unsigned int& uiNumber, unsigned int uiMost,
+                      const char* pszHelp)
 {
     return oCommand
-        .add_option_function<std::string>(
+        .Word(
             pszName, [&uiNumber](const std::string& sText) { ParseNumber(sText, uiNumber); }, pszHelp)
-        ->check([uiMost](const std::string& sText) {
+        .Check([uiMost](const std::string& sText) {
             unsigned int uiParsed = 0;
             return ParseNumber(sText, uiParsed) && uiParsed <= uiMost
                        ? std::string()
@@ -414,28 +414,29 @@ CLI::Option* AddNumber(CLI::App& oCommand, const char* pszName, unsigned int& ui
 }
 } // namespace
 
-void DeclareExplainOptions(CLI::App& oCommand, STool& oTool)
+void DeclareExplainOptions(COptions& oCommand, STool& oTool)
 {
     constexpr unsigned int uiMostBlocks = 256; // of an image
     const auto poOptions = std::make_shared<SExplainOptions>();
-    oCommand.add_option("FILE", poOptions->m_sFile, "Image, also one that is damaged or cut short")
-        ->required()
-        ->type_name("");
-    AddNumber(oCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
-        ->type_name("N");
-    CLI::Option* poAt = AddNumber(oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
-                                  "What this byte says; counted from the image's begin, or with --block from that of "
-                                  "the block")
-                            ->type_name("OFFSET");
-    CLI::Option* poFind =
+    oCommand.Word("FILE", poOptions->m_sFile, "Image, also one that is damaged or cut short")
+        .Required()
+        .Placeholder("");
+    DeclareNumber(oCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
+        .Placeholder("N");
+    const COption oAt =
+        DeclareNumber(oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
+                      "What this byte says; counted from the image's begin, or with --block from that of "
+                      "the block")
+            .Placeholder("OFFSET");
+    const COption oFind =
         oCommand
-            .add_option("--find", poOptions->m_sFind,
-                        "Where a name, a value, a note or a timing's list and number has this text, in either case")
-            ->type_name("TEXT")
-            ->check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
-    poAt->excludes(poFind);
-    oCommand.add_flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
-    oCommand.footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
+            .Word("--find", poOptions->m_sFind,
+                  "Where a name, a value, a note or a timing's list and number has this text, in either case")
+            .Placeholder("TEXT")
+            .Check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
+    oAt.Excludes(oFind);
+    oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
+    oCommand.Footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
                     "by its groups.\n"
                     "Offsets are hexadecimal. Bits stand behind a point: 14.7 is the highest bit of byte 0x14, \"38 "
                     "3a.7-4\" is byte\n"
@@ -446,7 +447,7 @@ void DeclareExplainOptions(CLI::App& oCommand, STool& oTool)
                     "Examples:\n"
                     "  zoredid explain --at 0x36 monitor.bin\n"
                     "  zoredid explain --find gamma monitor.bin");
-    oCommand.callback([poOptions, &oTool] {
+    oCommand.Run([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
         oFiles.m_bTurnsForBadOnes = true; // JSON tells of them, too

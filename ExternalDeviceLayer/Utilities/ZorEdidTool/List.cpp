@@ -3,9 +3,9 @@
 #include <stdio.h>
 
 #include <algorithm>
-#include <CLI/CLI.hpp>
 #include <memory>
 
+#include "CommandLine.h"
 #include "Connectors.h"
 #include "EdidBaseLayout.h"
 #include "ManyFiles.h"
@@ -114,10 +114,9 @@ void List(STool& oTool)
 }
 } // namespace
 
-void DeclareListOptions(CLI::App& oCommand, STool& oTool)
+void DeclareListOptions(COptions& oCommand, STool& oTool)
 {
-    oCommand.add_option_function<std::string>("--sysfs", SetConnectorFolder, "The folder of the connectors")
-        ->type_name("FOLDER");
-    oCommand.footer("Example: zoredid list, then: zoredid report HDMI-A-1");
-    oCommand.callback([&oTool] { List(oTool); });
+    oCommand.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Placeholder("FOLDER");
+    oCommand.Footer("Example: zoredid list, then: zoredid report HDMI-A-1");
+    oCommand.Run([&oTool] { List(oTool); });
 }

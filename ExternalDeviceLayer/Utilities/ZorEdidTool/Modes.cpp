@@ -1,7 +1,6 @@
 // zoredid modes: all timings of an image under the numbers that edits take.
 
-#include <CLI/CLI.hpp>
-
+#include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "TextFormat.h"
@@ -63,19 +62,19 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
 }
 } // namespace
 
-void DeclareModesOptions(CLI::App& oCommand, STool& oTool)
+void DeclareModesOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SModesOptions>();
-    oCommand.add_option("FILE", poOptions->m_sFile, gsc_szFileHelp)->required()->type_name("");
-    CLI::Option* poJson =
-        oCommand.add_flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
-    oCommand.add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
-    oCommand.footer(
+    oCommand.Word("FILE", poOptions->m_sFile, gsc_szFileHelp).Required().Placeholder("");
+    const COption oJson =
+        oCommand.Flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
+    oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
+    oCommand.Footer(
         "Each list counts from 0: established, standard and detailed timings. Established timings with the mark VESA\n"
         "are those that VESA's own tables define. Blocks count from 0, which is the base block.\n\n"
         "Example:\n"
         "  zoredid modes --modeline monitor.bin");
-    oCommand.callback([poOptions, &oTool] {
+    oCommand.Run([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
         ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return ListModes(*poOptions, oInput); });

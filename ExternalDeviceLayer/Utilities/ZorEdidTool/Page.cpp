@@ -2,10 +2,10 @@
 
 #include <stdio.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <utility>
 
+#include "CommandLine.h"
 #include "ManyFiles.h"
 #include "Output.h"
 #include "PageParts.h"
@@ -103,21 +103,21 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void DeclarePageOptions(CLI::App& oCommand, STool& oTool)
+void DeclarePageOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SPageOptions>();
-    oCommand.add_option("FILE", poOptions->m_sFirst, "Image")->required()->type_name("");
-    CLI::Option* poSecond =
-        oCommand.add_option("FILE2", poOptions->m_sSecond, "A second image: what differs is marked")->type_name("");
-    oCommand.add_option("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
-        ->required()
-        ->type_name("OUT");
-    oCommand.add_flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
-    oCommand.footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
+    oCommand.Word("FILE", poOptions->m_sFirst, "Image").Required().Placeholder("");
+    const COption oSecond =
+        oCommand.Word("FILE2", poOptions->m_sSecond, "A second image: what differs is marked").Placeholder("");
+    oCommand.Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
+        .Required()
+        .Placeholder("OUT");
+    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    oCommand.Footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
                     "Example:\n"
                     "  zoredid page monitor.bin -o monitor.html");
-    oCommand.callback([poOptions, poSecond, &oTool] {
-        poOptions->m_bPair = poSecond->count() != 0; // an empty name is a name that cannot be read
+    oCommand.Run([poOptions, oSecond, &oTool] {
+        poOptions->m_bPair = oSecond.IsGiven(); // an empty name is a name that cannot be read
         WritePage(*poOptions, oTool);
     });
 }

@@ -1,7 +1,6 @@
 // zoredid report: the three text reports of images, and the same facts as JSON.
 
-#include <CLI/CLI.hpp>
-
+#include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "TextFormat.h"
@@ -104,30 +103,29 @@ void Report(SReportOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void DeclareReportOptions(CLI::App& oCommand, STool& oTool)
+void DeclareReportOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SReportOptions>();
-    AddFileOptions(oCommand, poOptions->m_oFiles);
+    DeclareFiles(oCommand, poOptions->m_oFiles);
     std::vector<std::string> asFormats;
-    for (const SFormat& oFormat : gsc_aoFormats)
+    for (const SFormat& oOne : gsc_aoFormats)
     {
-        asFormats.push_back(oFormat.m_pszName);
+        asFormats.push_back(oOne.m_pszName);
     }
-    CLI::Option* poFormat = oCommand.add_option("--format", poOptions->m_sFormat, "Which report; plain by default")
-                                ->check(CLI::IsMember(asFormats))
-                                ->type_name("NAME");
-    CLI::Option* poPrefix =
-        oCommand
-            .add_option("--prefix", poOptions->m_sPrefix,
-                        "Text in front of each line; of two empty lines in a row only the first has it")
-            ->type_name("TEXT");
-    CLI::Option* poJson = oCommand.add_flag("--json", poOptions->m_bJson, "One JSON document with all images");
-    CLI::Option* poLines = oCommand.add_flag("--jsonl", poOptions->m_bJsonLines,
-                                             "One line of JSON an image, also for one that cannot be loaded");
-    poJson->excludes(poLines)->excludes(poFormat)->excludes(poPrefix);
-    poLines->excludes(poFormat)->excludes(poPrefix);
-    oCommand.footer("Examples:\n"
+    const COption oFormat = oCommand.Word("--format", poOptions->m_sFormat, "Which report; plain by default")
+                                .OneOf(asFormats)
+                                .Placeholder("NAME");
+    const COption oPrefix = oCommand
+                                .Word("--prefix", poOptions->m_sPrefix,
+                                      "Text in front of each line; of two empty lines in a row only the first has it")
+                                .Placeholder("TEXT");
+    const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with all images");
+    const COption oLines = oCommand.Flag("--jsonl", poOptions->m_bJsonLines,
+                                         "One line of JSON an image, also for one that cannot be loaded");
+    oJson.Excludes(oLines).Excludes(oFormat).Excludes(oPrefix);
+    oLines.Excludes(oFormat).Excludes(oPrefix);
+    oCommand.Footer("Examples:\n"
                     "  zoredid report --format extended monitor.bin\n"
                     "  zoredid report --jsonl *.bin | jq -r '[.file, .name] | @tsv'");
-    oCommand.callback([poOptions, &oTool] { Report(*poOptions, oTool); });
+    oCommand.Run([poOptions, &oTool] { Report(*poOptions, oTool); });
 }

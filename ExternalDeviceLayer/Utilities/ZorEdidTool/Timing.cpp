@@ -1,7 +1,6 @@
 // zoredid timing: the timing of a size and rate from tables and formulas, or of a code.
 
-#include <CLI/CLI.hpp>
-
+#include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "ModeSources.h"
@@ -102,7 +101,7 @@ void PrintTimings(const STimingOptions& oOptions, STool& oTool)
 }
 } // namespace
 
-void DeclareTimingOptions(CLI::App& oCommand, STool& oTool)
+void DeclareTimingOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<STimingOptions>();
     std::vector<std::string> asTypes = { "all" };
@@ -110,27 +109,24 @@ void DeclareTimingOptions(CLI::App& oCommand, STool& oTool)
     {
         asTypes.push_back(oSource.m_pszName);
     }
-    CLI::Option* poMode =
-        oCommand.add_option("MODE", poOptions->m_sMode, "Size and rate in hertz, such as 1920x1080@60")
-            ->type_name("WxH@R")
-            ->check([](const std::string& sText) {
-                SMode oMode;
-                return ParseMode(sText, oMode) ? "" : sText + " is no mode such as 1920x1080@60";
-            });
-    CLI::Option* poType = oCommand.add_option("--type", poOptions->m_sType, "Where the timing comes from")
-                              ->check(CLI::IsMember(asTypes))
-                              ->type_name("NAME");
-    CLI::Option* poVic = oCommand.add_option("--vic", poOptions->m_uiVic, "The timing of a code of CTA-861")
-                             ->type_name("N")
-                             ->check(CLI::Range(1U, 255U).description("1 to 255"));
-    TakeDecimalOnly(*poVic);
-    poVic->excludes(poMode)->excludes(poType);
-    CLI::Option* poJson = oCommand.add_flag("--json", poOptions->m_bJson, "As JSON");
-    oCommand.add_flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools")->excludes(poJson);
-    oCommand.footer("The tables hold whole rates: 59.94 Hz stands at 59, and interlaced modes at their frame rate.\n"
+    const COption oMode = oCommand.Word("MODE", poOptions->m_sMode, "Size and rate in hertz, such as 1920x1080@60")
+                              .Placeholder("WxH@R")
+                              .Check([](const std::string& sText) {
+                                  SMode oParsed;
+                                  return ParseMode(sText, oParsed) ? "" : sText + " is no mode such as 1920x1080@60";
+                              });
+    const COption oType =
+        oCommand.Word("--type", poOptions->m_sType, "Where the timing comes from").OneOf(asTypes).Placeholder("NAME");
+    oCommand.Number("--vic", poOptions->m_uiVic, 1, 255, "The timing of a code of CTA-861", "1 to 255")
+        .Placeholder("N")
+        .Excludes(oMode)
+        .Excludes(oType);
+    const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "As JSON");
+    oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
+    oCommand.Footer("The tables hold whole rates: 59.94 Hz stands at 59, and interlaced modes at their frame rate.\n"
                     "Exit status: 0, or 1 when there is no such timing.\n\n"
                     "Examples:\n"
                     "  zoredid timing 2560x1440@60 --type cvt-rb --modeline\n"
                     "  zoredid timing --vic 16");
-    oCommand.callback([poOptions, &oTool] { PrintTimings(*poOptions, oTool); });
+    oCommand.Run([poOptions, &oTool] { PrintTimings(*poOptions, oTool); });
 }

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <CLI/CLI.hpp>
 #include <condition_variable>
 #include <deque>
 #include <memory>
@@ -19,6 +18,7 @@
 #include <system_error>
 #include <thread>
 
+#include "CommandLine.h"
 #include "Messages.h"
 #include "TextFormat.h"
 
@@ -45,33 +45,17 @@ void FinishOutput(STool& oTool)
     }
 }
 
-void AddFileOptions(CLI::App& oCommand, SFiles& oFiles)
+void DeclareFiles(COptions& oCommand, SFiles& oFiles)
 {
-    oFiles.m_sCommand = oCommand.get_name();
-    oCommand.add_option("FILE", oFiles.m_asNames, "Images in any form, \"-\" for standard input, or connectors");
+    oFiles.m_sCommand = oCommand.GetName();
+    oCommand.Words("FILE", oFiles.m_asNames, "Images in any form, \"-\" for standard input, or connectors");
     oCommand
-        .add_option("--files-from", oFiles.m_sListFile,
-                    "Read more names from this file, one a line; \"-\" is standard input")
-        ->type_name("FILE");
-    oCommand.add_flag("-0,--null", oFiles.m_bNulSeparated, "The names of --files-from end with a NUL each");
-    TakeDecimalOnly(*oCommand.add_option("-j,--jobs", oFiles.m_uiJobs, "Images that are processed at the same time")
-                         ->type_name("N")
-                         ->check(CLI::Range(1U, 256U)));
-}
-
-// CLI11 reads numbers as C does, in which 010 is 8.
-void TakeDecimalOnly(CLI::Option& oOption)
-{
-    oOption.transform(CLI::Validator(
-        [](std::string& sText) {
-            if (sText.empty() || sText.find_first_not_of("0123456789") != std::string::npos)
-            {
-                return "'" + ShowName(sText) + "' is no decimal number";
-            }
-            sText.erase(0, std::min(sText.find_first_not_of('0'), sText.size() - 1));
-            return std::string();
-        },
-        ""));
+        .Word("--files-from", oFiles.m_sListFile, "Read more names from this file, one a line; \"-\" is standard input")
+        .Placeholder("FILE");
+    oCommand.Flag("-0,--null", oFiles.m_bNulSeparated, "The names of --files-from end with a NUL each");
+    oCommand
+        .Number("-j,--jobs", oFiles.m_uiJobs, 1, 256, "Images that are processed at the same time", "UINT in [1 - 256]")
+        .Placeholder("N");
 }
 
 namespace

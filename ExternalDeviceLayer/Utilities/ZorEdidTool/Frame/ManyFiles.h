@@ -10,11 +10,6 @@
 #include "Input.h"
 #include "Tool.h"
 
-namespace CLI
-{
-class Option;
-}
-
 struct SFiles
 {
     std::vector<std::string> m_asNames;
@@ -33,13 +28,10 @@ struct SFiles
 };
 
 // Declares FILE..., --files-from, -0 and -j.
-void AddFileOptions(CLI::App& oCommand, SFiles& oFiles);
+void DeclareFiles(COptions& oCommand, SFiles& oFiles);
 
 // What FILE is where there is one of them.
 inline constexpr char gsc_szFileHelp[] = "An image in any form, \"-\" for standard input, or a connector";
-
-// The option's number is decimal, with or without zeros ahead. Declared behind the checks of its range.
-void TakeDecimalOnly(CLI::Option& oOption);
 
 // Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes
 // an error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's error

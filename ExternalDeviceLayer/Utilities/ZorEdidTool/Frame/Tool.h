@@ -5,10 +5,7 @@
 
 #include <string>
 
-namespace CLI
-{
-class App;
-}
+class COptions;
 
 enum EExit : int
 {
@@ -47,13 +44,13 @@ void PrintError(const std::string& sText);
 void FinishOutput(STool& oTool);
 
 // The options of each subcommand, and what it does when it is the one that is called. oCommand and oTool outlive that.
-void DeclareReportOptions(CLI::App& oCommand, STool& oTool);
-void DeclareModesOptions(CLI::App& oCommand, STool& oTool);
-void DeclareCompareOptions(CLI::App& oCommand, STool& oTool);
-void DeclareCheckOptions(CLI::App& oCommand, STool& oTool);
-void DeclareExplainOptions(CLI::App& oCommand, STool& oTool);
-void DeclarePageOptions(CLI::App& oCommand, STool& oTool);
-void DeclareEditOptions(CLI::App& oCommand, STool& oTool);
-void DeclareTimingOptions(CLI::App& oCommand, STool& oTool);
-void DeclareListOptions(CLI::App& oCommand, STool& oTool);
-void DeclareConvertOptions(CLI::App& oCommand, STool& oTool);
+void DeclareReportOptions(COptions& oCommand, STool& oTool);
+void DeclareModesOptions(COptions& oCommand, STool& oTool);
+void DeclareCompareOptions(COptions& oCommand, STool& oTool);
+void DeclareCheckOptions(COptions& oCommand, STool& oTool);
+void DeclareExplainOptions(COptions& oCommand, STool& oTool);
+void DeclarePageOptions(COptions& oCommand, STool& oTool);
+void DeclareEditOptions(COptions& oCommand, STool& oTool);
+void DeclareTimingOptions(COptions& oCommand, STool& oTool);
+void DeclareListOptions(COptions& oCommand, STool& oTool);
+void DeclareConvertOptions(COptions& oCommand, STool& oTool);

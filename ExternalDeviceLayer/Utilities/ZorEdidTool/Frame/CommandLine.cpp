@@ -1,0 +1,277 @@
+// Options and arguments, by CLI11.
+
+#include "CommandLine.h"
+
+#include <stdio.h>
+
+#include <algorithm>
+#include <CLI/CLI.hpp>
+
+#include "TextFormat.h"
+
+namespace
+{
+// Ahead of a word behind "--", so that CLI11 takes it for what it is: by itself it ends the options no more once a FILE
+// stands ahead. No name begins so.
+constexpr char gsc_szWordMark[] = "\x01--\x01";
+
+// The arguments in the order that CLI11 parses: the last one first. "--name=" becomes "--name" and an empty word, which
+// CLI11 would overlook.
+std::vector<std::string> ListArguments(int iCount, char** ppszArguments)
+{
+    std::vector<std::string> asArguments;
+    bool bWords = false; // no more options
+    for (int i = 1; i < iCount; ++i)
+    {
+        const std::string sNext = ppszArguments[i];
+        if (bWords)
+        {
+            asArguments.push_back(gsc_szWordMark + sNext);
+        }
+        else if (sNext == "--")
+        {
+            bWords = true;
+        }
+        else if (sNext.starts_with("--") && sNext.find('=') == sNext.size() - 1)
+        {
+            asArguments.insert(asArguments.end(), { sNext.substr(0, sNext.size() - 1), "" });
+        }
+        else
+        {
+            asArguments.push_back(sNext);
+        }
+    }
+    std::reverse(asArguments.begin(), asArguments.end());
+    return asArguments;
+}
+
+std::string TakeWord(const std::string& sText)
+{
+    return sText.starts_with(gsc_szWordMark) ? sText.substr(sizeof(gsc_szWordMark) - 1) : sText;
+}
+
+// CLI11 reads numbers as C does, in which 010 is 8: no zeros are left ahead.
+std::string TakeDecimal(std::string& sText)
+{
+    if (sText.empty() || sText.find_first_not_of("0123456789") != std::string::npos)
+    {
+        return "'" + ShowName(sText) + "' is no decimal number";
+    }
+    sText.erase(0, std::min(sText.find_first_not_of('0'), sText.size() - 1));
+    return std::string();
+}
+
+// A flag is there or not: --force=false would read like a way to switch it off, which none of them has.
+void RefuseFlagValues(CLI::App& oApp)
+{
+    for (CLI::Option* poOption : oApp.get_options())
+    {
+        if (poOption->get_expected_max() == 0)
+        {
+            poOption->disable_flag_override();
+        }
+    }
+}
+
+// What stands where a subcommand should, and which there are.
+std::string DescribeMissingCommand(const CLI::App& oApp)
+{
+    const std::vector<std::string> asUnknown = oApp.remaining();
+    std::string sText = "no subcommand is given";
+    if (!asUnknown.empty())
+    {
+        const bool bOption = asUnknown[0].starts_with('-');
+        sText = "'" + TakeWord(asUnknown[0]) + (bOption ? "' is no option" : "' is no subcommand");
+    }
+    sText += "; the subcommands are";
+    for (const CLI::App* poCommand : oApp.get_subcommands({}))
+    {
+        sText += " " + poCommand->get_name();
+    }
+    return sText;
+}
+
+void EraseAll(std::string& sText, const std::string& sPart)
+{
+    for (size_t uiPart = sText.find(sPart); uiPart != std::string::npos; uiPart = sText.find(sPart))
+    {
+        sText.erase(uiPart, sPart.size());
+    }
+}
+} // namespace
+
+COption COption::Required() const
+{
+    m_oOption.required();
+    return *this;
+}
+
+COption COption::Placeholder(const char* pszText) const
+{
+    m_oOption.type_name(pszText);
+    return *this;
+}
+
+COption COption::Check(const TCheck& fnCheck) const
+{
+    m_oOption.check([fnCheck](const std::string& sText) { return fnCheck(sText); });
+    return *this;
+}
+
+COption COption::OneOf(const std::vector<std::string>& asValues) const
+{
+    m_oOption.check(CLI::IsMember(asValues));
+    return *this;
+}
+
+COption COption::Excludes(const COption& oOther) const
+{
+    m_oOption.excludes(&oOther.m_oOption);
+    return *this;
+}
+
+COption COption::Hidden() const
+{
+    m_oOption.group("");
+    return *this;
+}
+
+bool COption::IsGiven() const { return m_oOption.count() != 0; }
+
+COption COptions::Word(const char* pszName, std::string& sWord, const char* pszHelp)
+{
+    return COption(*m_oApp.add_option(pszName, sWord, pszHelp));
+}
+
+COption COptions::Word(const char* pszName, const std::function<void(const std::string&)>& fnTake, const char* pszHelp)
+{
+    return COption(*m_oApp.add_option_function<std::string>(pszName, fnTake, pszHelp));
+}
+
+COption COptions::Words(const char* pszName, std::vector<std::string>& asWords, const char* pszHelp)
+{
+    return COption(*m_oApp.add_option(pszName, asWords, pszHelp));
+}
+
+COption COptions::Flag(const char* pszName, bool& bFlag, const char* pszHelp)
+{
+    return COption(*m_oApp.add_flag(pszName, bFlag, pszHelp));
+}
+
+COption COptions::Number(const char* pszName, unsigned int& uiNumber, unsigned int uiLeast, unsigned int uiMost,
+                         const char* pszHelp, const char* pszRange)
+{
+    CLI::Option& oOption = *m_oApp.add_option(pszName, uiNumber, pszHelp);
+    // The check that is declared last is made first.
+    oOption.check(CLI::Range(uiLeast, uiMost).description(pszRange));
+    oOption.transform(CLI::Validator(TakeDecimal, ""));
+    return COption(oOption);
+}
+
+void COptions::Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp,
+                    const COption::TCheck& fnCheck, size_t uiTag)
+{
+    const std::string sHelp = pszHelp; // a text that is no constant would be taken for what the flag sets
+    CLI::Option* poOption = nullptr;
+    if (*pszPlaceholder == '\0')
+    {
+        poOption = m_oApp.add_flag(pszName, sHelp);
+    }
+    else
+    {
+        poOption = m_oApp.add_option(pszName, [](const CLI::results_t&) { return true; }, sHelp);
+        poOption->type_name(pszPlaceholder)->type_size(1)->expected(1);
+        COption(*poOption).Check(fnCheck);
+    }
+    poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group("Edits");
+    m_aoEdits.emplace_back(poOption, uiTag);
+}
+
+void COptions::Version(const char* pszName, const std::string& sText, const char* pszHelp)
+{
+    m_oApp.set_version_flag(pszName, sText, pszHelp);
+}
+
+void COptions::Footer(const char* pszText) { m_oApp.footer(pszText); }
+
+void COptions::Run(const std::function<void()>& fnRun) { m_oApp.callback(fnRun); }
+
+// The n-th occurrence of an option has its n-th value.
+std::vector<COptions::SEditValue> COptions::ListEdits() const
+{
+    std::vector<SEditValue> aoValues;
+    std::vector<size_t> auiSeen(m_aoEdits.size());
+    for (const CLI::Option* poOption : m_oApp.parse_order())
+    {
+        for (size_t i = 0; i < m_aoEdits.size(); ++i)
+        {
+            if (m_aoEdits[i].first == poOption)
+            {
+                aoValues.push_back({ m_aoEdits[i].second, poOption->results()[auiSeen[i]++] });
+            }
+        }
+    }
+    return aoValues;
+}
+
+std::string COptions::GetName() const { return m_oApp.get_name(); }
+
+CCommandLine::CCommandLine(int iCount, char** ppszArguments, const char* pszName, const char* pszDescription)
+    : m_poApp(std::make_unique<CLI::App>(pszDescription, pszName)), m_asArguments(ListArguments(iCount, ppszArguments))
+{
+    m_poApp->require_subcommand(1);
+    m_apoOptions.push_back(std::make_unique<COptions>(*m_poApp));
+}
+
+CCommandLine::~CCommandLine() = default;
+
+void CCommandLine::Subcommand(const char* pszName, const char* pszSummary,
+                              const std::function<void(COptions&)>& fnDeclare)
+{
+    CLI::App& oCommand = *m_poApp->add_subcommand(pszName, pszSummary);
+    if (std::find(m_asArguments.begin(), m_asArguments.end(), pszName) == m_asArguments.end())
+    {
+        return;
+    }
+    fnDeclare(*m_apoOptions.emplace_back(std::make_unique<COptions>(oCommand)));
+    oCommand.fallthrough(); // the options of all subcommands may stand behind it
+    RefuseFlagValues(oCommand);
+    for (CLI::Option* poOption : oCommand.get_options())
+    {
+        if (poOption->get_positional())
+        {
+            poOption->transform(TakeWord);
+        }
+    }
+}
+
+EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
+{
+    RefuseFlagValues(*m_poApp);
+    m_poApp->parse_complete_callback(fnParsed);
+    try
+    {
+        m_poApp->parse(std::move(m_asArguments));
+    }
+    catch (const CLI::Success& oHelp)
+    {
+        m_poApp->exit(oHelp);
+    }
+    catch (const CLI::ParseError& oError)
+    {
+        PrintProblem(oError.what());
+        return eExit_CommandLine;
+    }
+    return eExit_Good;
+}
+
+// The text as one line.
+void CCommandLine::PrintProblem(std::string sProblem) const
+{
+    const auto apoUsed = m_poApp->get_subcommands();
+    EraseAll(sProblem, gsc_szWordMark);
+    std::replace(sProblem.begin(), sProblem.end(), '\n', ' '); // CLI11 lists several things in lines
+    sProblem = apoUsed.empty() ? DescribeMissingCommand(*m_poApp) : sProblem;
+    const std::string sHelp = apoUsed.empty() ? "zoredid --help" : "zoredid " + apoUsed[0]->get_name() + " --help";
+    PrintError(sProblem + " (see " + sHelp + ")");
+}

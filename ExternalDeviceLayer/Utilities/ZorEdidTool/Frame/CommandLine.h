@@ -1,0 +1,101 @@
+// The command line of the program and of its subcommands: how an option is declared, and how the arguments are parsed.
+// CLI11 does that, inside CommandLine.cpp alone: its headers take ten times as long to compile as a subcommand.
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Tool.h"
+
+namespace CLI
+{
+class App;
+class Option;
+} // namespace CLI
+
+// A declared option, or a word that stands without one. Copies mean the same option.
+class COption
+{
+public:
+    // What is wrong with a value, as one line; empty when it is good.
+    using TCheck = std::function<std::string(const std::string&)>;
+
+    explicit COption(CLI::Option& oOption) : m_oOption(oOption) {}
+
+    COption Required() const;
+    COption Placeholder(const char* pszText) const; // of the value, in the help; without one, TEXT or UINT
+    COption Check(const TCheck& fnCheck) const;
+    COption OneOf(const std::vector<std::string>& asValues) const;
+    COption Excludes(const COption& oOther) const;
+    COption Hidden() const; // from the help
+
+    bool IsGiven() const; // behind the parsing
+
+private:
+    CLI::Option& m_oOption;
+};
+
+// The options of the program or of one subcommand, while they are declared. What a reference is given of is filled while
+// the arguments are parsed, and so outlives that. A name is "FILE" for a word, else "-o,--output".
+class COptions
+{
+public:
+    explicit COptions(CLI::App& oApp) : m_oApp(oApp) {}
+
+    COption Word(const char* pszName, std::string& sWord, const char* pszHelp);
+    COption Word(const char* pszName, const std::function<void(const std::string&)>& fnTake, const char* pszHelp);
+    COption Words(const char* pszName, std::vector<std::string>& asWords, const char* pszHelp);
+    COption Flag(const char* pszName, bool& bFlag, const char* pszHelp);
+    // Decimal, with or without zeros ahead. pszRange is its range in the help.
+    COption Number(const char* pszName, unsigned int& uiNumber, unsigned int uiLeast, unsigned int uiMost,
+                   const char* pszHelp, const char* pszRange);
+    // An option that may stand again and again, and whose place among its like matters: an edit. Without a placeholder it
+    // has no value. uiTag is the caller's own name for it.
+    void Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp, const COption::TCheck& fnCheck,
+              size_t uiTag);
+
+    void Version(const char* pszName, const std::string& sText, const char* pszHelp);
+    void Footer(const char* pszText); // behind the options, in the help
+    void Run(const std::function<void()>& fnRun);
+
+    struct SEditValue
+    {
+        size_t m_uiTag;
+        std::string m_sValue;
+    };
+    std::vector<SEditValue> ListEdits() const; // behind the parsing, in the order of the command line
+    std::string GetName() const;
+
+private:
+    CLI::App& m_oApp;
+    std::vector<std::pair<const CLI::Option*, size_t>> m_aoEdits; // with its tag
+};
+
+class CCommandLine
+{
+public:
+    CCommandLine(int iCount, char** ppszArguments, const char* pszName, const char* pszDescription);
+    ~CCommandLine();
+    CCommandLine(const CCommandLine&) = delete;
+    CCommandLine& operator=(const CCommandLine&) = delete;
+
+    // The options of the program itself, which may stand behind a subcommand, too. Declared ahead of the subcommands.
+    COptions& GetOptions() { return *m_apoOptions[0]; }
+
+    // The options of a subcommand that no argument names are not declared: that would take most of the time of a run.
+    void Subcommand(const char* pszName, const char* pszSummary, const std::function<void(COptions&)>& fnDeclare);
+
+    // Parses, calls fnParsed, then what the subcommand runs. A wrong command line becomes one line on standard error, and
+    // nothing is called. The help and the version are printed, and nothing is called.
+    EExit Parse(const std::function<void()>& fnParsed);
+
+private:
+    void PrintProblem(std::string sProblem) const;
+
+    std::unique_ptr<CLI::App> m_poApp;
+    std::vector<std::string> m_asArguments;                // the last one first
+    std::vector<std::unique_ptr<COptions>> m_apoOptions; // of the program, then of the subcommand that is named
+};

@@ -5,6 +5,18 @@ if(ZOREDID_SHARED_DIR AND NOT IS_DIRECTORY "${ZOREDID_SHARED_DIR}")
   message(FATAL_ERROR "ZOREDID_SHARED_DIR names no folder: ${ZOREDID_SHARED_DIR}")
 endif()
 
+# What every test includes, compiled once: two of the three seconds that each source took.
+function(zor_test_headers target)
+  if(NOT TARGET zor_test_headers)
+    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/zor_test_headers.cpp CONTENT "")
+    add_library(zor_test_headers OBJECT ${PROJECT_BINARY_DIR}/zor_test_headers.cpp)
+    zor_target_defaults(zor_test_headers)
+    target_link_libraries(zor_test_headers PRIVATE GTest::gmock)
+    target_precompile_headers(zor_test_headers PRIVATE <gtest/gtest.h> <fstream> <sstream>)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM zor_test_headers)
+endfunction()
+
 function(zor_add_test target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
@@ -17,6 +29,7 @@ function(zor_add_test target)
   target_compile_definitions(${target} PRIVATE ZOREDID_SHARED_DIR="${ZOREDID_SHARED_DIR}"
                                                ZOREDID_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  zor_test_headers(${target})
   gtest_discover_tests(${target} TEST_PREFIX "${target}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
 

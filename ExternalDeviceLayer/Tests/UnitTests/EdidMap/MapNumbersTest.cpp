@@ -1,11 +1,11 @@
 // Numbers that the map gives to timings, and what its fields say of themselves: index, area, severity, raw number.
 
-#include <regex>
 #include <set>
 
 #include "CEdidTestImages.h"
 #include "DisplayIdImages.h"
 #include "MapCases.h"
+#include "MapReference.h"
 #include "OsServices.h"
 #include "VidParamTimingGeneric.h"
 
@@ -43,19 +43,19 @@ int GetTiming(const CEdid& oEdid, CZorEdidMap::EList eList, unsigned int uiNumbe
 // The text of a timing says its size and rate, "1920x1080i 59.94/60 Hz 16:9" or "1024 x 768 @ 60 Hz".
 void ExpectTiming(const std::string& sText, const CVidParamTimingGeneric& oTiming)
 {
-    static const std::regex oPattern("(\\d+) ?x ?(\\d+)(i?).*?([0-9.]+) Hz.*");
-    std::smatch oMatch;
-    ASSERT_TRUE(std::regex_match(sText, oMatch, oPattern)) << sText;
-    EXPECT_EQ(oTiming.GetHorizontalActive(), std::stoul(oMatch[1])) << sText;
+    const auto aasFound = FindAll(sText, "^(\\d+) ?x ?(\\d+)(i?).*?([0-9.]+) Hz.*");
+    ASSERT_EQ(1, aasFound.size()) << sText;
+    const std::vector<std::string>& asParts = aasFound[0];
+    EXPECT_EQ(oTiming.GetHorizontalActive(), std::stoul(asParts[1])) << sText;
     const unsigned int uiLines = oTiming.GetVerticalActive();
     // Pairs of an aspect ratio that no mode has exactly are taken as the modes of 768 and 480 lines.
-    EXPECT_EQ(uiLines == 768 && oMatch[2] == "765"   ? 765
-              : uiLines == 480 && oMatch[2] == "477" ? 477
-                                                     : uiLines,
-              std::stoul(oMatch[2]))
+    EXPECT_EQ(uiLines == 768 && asParts[2] == "765"   ? 765
+              : uiLines == 480 && asParts[2] == "477" ? 477
+                                                      : uiLines,
+              std::stoul(asParts[2]))
         << sText;
-    const unsigned int uiRate = oTiming.GetVerticalRateInHz() * (oMatch[3].length() != 0 ? 2 : 1);
-    EXPECT_NEAR(uiRate, std::stod(oMatch[4]), 1.0) << sText;
+    const unsigned int uiRate = oTiming.GetVerticalRateInHz() * (asParts[3].empty() ? 1 : 2);
+    EXPECT_NEAR(uiRate, std::stod(asParts[4]), 1.0) << sText;
 }
 
 // Numbers of one list in the map. Each names a timing of the library that is what the field says.

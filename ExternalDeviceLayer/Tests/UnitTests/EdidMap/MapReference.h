@@ -2,45 +2,17 @@
 
 #pragma once
 
-#include <fstream>
 #include <string>
 #include <vector>
 
 using CLine = std::vector<std::string>;
 
-// Values in quotes may hold commas.
-inline CLine SplitLine(const std::string& sLine)
-{
-    CLine asValues(1);
-    bool bQuoted = false;
-    for (const char cOne : sLine)
-    {
-        bQuoted ^= cOne == '"';
-        if (cOne == ',' && !bQuoted)
-        {
-            asValues.emplace_back();
-        }
-        else if (cOne != '"' && cOne != '\r')
-        {
-            asValues.back() += cOne;
-        }
-    }
-    return asValues;
-}
-
 // Without the line of titles; empty where the folder is not there.
-inline std::vector<CLine> ReadLines(const std::string& sName)
-{
-    std::vector<CLine> aoLines;
-    std::ifstream oFile(std::string(ZOREDID_SHARED_DIR "/reference/fields/") + sName);
-    std::string sLine;
-    std::getline(oFile, sLine);
-    while (std::getline(oFile, sLine))
-    {
-        aoLines.push_back(SplitLine(sLine));
-    }
-    return aoLines;
-}
+std::vector<CLine> ReadLines(const std::string& sName);
+
+// The parts of the text that fit the pattern: the whole part, then its groups, of which one that is not there is empty.
+std::vector<std::vector<std::string>> FindAll(const std::string& sText, const char* pszPattern);
+std::string ReplaceAll(const std::string& sText, const char* pszPattern, const char* pszBy);
 
 #define READ_OR_SKIP(aoLines, pszName)                                                                                 \
     const std::vector<CLine> aoLines = ReadLines(pszName);                                                             \

@@ -2,8 +2,6 @@
 // from other sources than the map: where each field lies, and what its codes mean. Their wording differs, so that texts
 // are compared by their words.
 
-#include <regex>
-
 #include "MapReference.h"
 #include "MapRowCases.h"
 
@@ -87,21 +85,20 @@ enum EColumn : size_t
 // "05h[7..0] 04h[7..0]" and "7..4" as the places of rows: "05 04", "04.7-4". Empty for runs of bytes.
 std::string GetPlace(const CLine& asLine)
 {
-    static const std::regex s_oPiece("(?:(\\w+)h\\[)?(\\d)(?:\\.\\.(\\d))?\\]?");
     std::istringstream oStream(asLine[eColumn_Bits]);
     std::string sPlace;
     for (std::string sToken; oStream >> sToken;)
     {
-        std::smatch oMatch;
-        if (!std::regex_match(sToken, oMatch, s_oPiece))
+        const auto aasPieces = FindAll(sToken, "^(?:(\\w+)h\\[)?(\\d)(?:\\.\\.(\\d))?\\]?$");
+        if (aasPieces.empty())
         {
             return "";
         }
+        const std::string& sByte = aasPieces[0][1];
+        const std::string& sHigh = aasPieces[0][2];
+        const std::string& sLow = aasPieces[0][3].empty() ? sHigh : aasPieces[0][3];
         CMString sPiece;
-        sPiece.Format("%02X",
-                      oMatch[1].matched ? ParseOffset(oMatch[1].str() + "h") : ParseOffset(asLine[eColumn_Offset]));
-        const std::string sHigh = oMatch[2];
-        const std::string sLow = oMatch[3].matched ? oMatch[3].str() : sHigh;
+        sPiece.Format("%02X", ParseOffset(sByte.empty() ? asLine[eColumn_Offset] : sByte + "h"));
         sPlace.append(sPlace.empty() ? "" : " ").append(sPiece);
         if (sHigh != "7" || sLow != "0")
         {
@@ -139,18 +136,15 @@ public:
 
     void Compare() const
     {
-        static const std::regex s_oBit("bit (\\d)=([^;]*)");
-        const std::string& sValues = m_asLine[eColumn_Values];
-        const std::sregex_iterator itEnd;
-        std::sregex_iterator itBit(sValues.begin(), sValues.end(), s_oBit);
-        if (itBit == itEnd)
+        const auto aasBits = FindAll(m_asLine[eColumn_Values], "bit (\\d)=([^;]*)");
+        if (aasBits.empty())
         {
             ExpectField(m_sPlace, m_asLine[eColumn_Name]);
             CompareCodes();
         }
-        for (; itBit != itEnd; ++itBit)
+        for (const std::vector<std::string>& asBit : aasBits)
         {
-            ExpectField(m_sPlace.substr(0, 2) + "." + (*itBit)[1].str(), (*itBit)[2]);
+            ExpectField(m_sPlace.substr(0, 2) + "." + asBit[1], asBit[2]);
         }
     }
 
@@ -185,18 +179,17 @@ private:
 
     void CompareCodes() const
     {
-        static const std::regex s_oCode("(?:^|;)([0-9A-F]+h?)(?:\\.\\.([0-9A-F]+h?))?=([^;]*)");
-        const std::string& sValues = m_asLine[eColumn_Values];
-        for (std::sregex_iterator itCode(sValues.begin(), sValues.end(), s_oCode); itCode != std::sregex_iterator();
-             ++itCode)
+        constexpr char szPattern[] = "(?:^|;)([0-9A-F]+h?)(?:\\.\\.([0-9A-F]+h?))?=([^;]*)";
+        for (const std::vector<std::string>& asCode : FindAll(m_asLine[eColumn_Values], szPattern))
         {
-            if (m_asLine[eColumn_Kind] == "uint" && (*itCode)[2].matched) // a range of numbers
+            const std::string& sFirst = asCode[1];
+            const std::string& sLast = asCode[2].empty() ? sFirst : asCode[2];
+            const std::string& sMeaning = asCode[3];
+            if (m_asLine[eColumn_Kind] == "uint" && !asCode[2].empty()) // a range of numbers
             {
                 continue;
             }
-            const std::string sMeaning = (*itCode)[3];
-            const unsigned int uiFirst = ParseOffset((*itCode)[1]);
-            for (const unsigned int uiCode : { uiFirst, (*itCode)[2].matched ? ParseOffset((*itCode)[2]) : uiFirst })
+            for (const unsigned int uiCode : { ParseOffset(sFirst), ParseOffset(sLast) })
             {
                 const std::string sValue = Read(m_sPlace, uiCode)[2];
                 EXPECT_TRUE(IsMeaning(sMeaning, sValue)) << m_asLine[eColumn_Where] << ": " << m_asLine[eColumn_Name]

@@ -1,7 +1,5 @@
 // Names in the map against tables of names in the optional folder with further data (docs/test-data.md).
 
-#include <regex>
-
 #include "DisplayIdImages.h"
 #include "MapCases.h"
 #include "MapReference.h"
@@ -34,8 +32,8 @@ std::string Plain(std::string sText)
 {
     std::erase(sText, ' ');
     std::ranges::transform(sText, sText.begin(), [](unsigned char ui8One) { return std::tolower(ui8One); });
-    sText = std::regex_replace(sText, std::regex(",reducedblanking"), "rb");
-    return std::regex_replace(sText, std::regex("@(43|87)hzinterlaced"), "i@87hz");
+    sText = ReplaceAll(sText, ",reducedblanking", "rb");
+    return ReplaceAll(sText, "@(43|87)hzinterlaced", "i@87hz");
 }
 
 TEST_F(MapTables, VideoCodes)
@@ -141,7 +139,7 @@ TEST_F(MapTables, FlagsOfDataBlocks)
             constexpr unsigned int uiDataBlock = 0x84;
             const unsigned int uiOffset = uiDataBlock + oKind.m_uiPayload + ParseNumber(asLine[3]);
             const std::string sName = GetName(uiOffset, ParseNumber(asLine[4]));
-            const std::string sTerm = std::regex_replace(asLine[6], std::regex("^(ET|SM)_\\d "), "");
+            const std::string sTerm = ReplaceAll(asLine[6], "^(ET|SM)_\\d ", "");
             const std::string sWord = Plain(sTerm.substr(0, sTerm.find(' ')));
             EXPECT_TRUE(Plain(sName).starts_with(sWord)) << oKind.m_pszBlock << ": " << asLine[6] << ", " << sName;
             ++uiCompared;

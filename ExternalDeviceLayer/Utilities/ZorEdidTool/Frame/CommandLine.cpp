@@ -179,7 +179,8 @@ void COptions::Edit(const char* pszName, const char* pszPlaceholder, const char*
     }
     else
     {
-        poOption = m_oApp.add_option(pszName, [](const CLI::results_t&) { return true; }, sHelp);
+        poOption = m_oApp.add_option(
+            pszName, [](const CLI::results_t&) { return true; }, sHelp);
         poOption->type_name(pszPlaceholder)->type_size(1)->expected(1);
         COption(*poOption).Check(fnCheck);
     }

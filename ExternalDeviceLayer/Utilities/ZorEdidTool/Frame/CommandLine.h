@@ -96,6 +96,6 @@ private:
     void PrintProblem(std::string sProblem) const;
 
     std::unique_ptr<CLI::App> m_poApp;
-    std::vector<std::string> m_asArguments;                // the last one first
+    std::vector<std::string> m_asArguments;              // the last one first
     std::vector<std::unique_ptr<COptions>> m_apoOptions; // of the program, then of the subcommand that is named
 };

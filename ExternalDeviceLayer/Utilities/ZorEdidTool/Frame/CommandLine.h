@@ -38,8 +38,8 @@ private:
     CLI::Option& m_oOption;
 };
 
-// The options of the program or of one subcommand, while they are declared. What a reference is given of is filled while
-// the arguments are parsed, and so outlives that. A name is "FILE" for a word, else "-o,--output".
+// The options of the program or of one subcommand, while they are declared. What a reference is given of is filled
+// while the arguments are parsed, and so outlives that. A name is "FILE" for a word, else "-o,--output".
 class COptions
 {
 public:
@@ -52,8 +52,8 @@ public:
     // Decimal, with or without zeros ahead. pszRange is its range in the help.
     COption Number(const char* pszName, unsigned int& uiNumber, unsigned int uiLeast, unsigned int uiMost,
                    const char* pszHelp, const char* pszRange);
-    // An option that may stand again and again, and whose place among its like matters: an edit. Without a placeholder it
-    // has no value. uiTag is the caller's own name for it.
+    // An option that may stand again and again, and whose place among its like matters: an edit. Without a placeholder
+    // it has no value. uiTag is the caller's own name for it.
     void Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp, const COption::TCheck& fnCheck,
               size_t uiTag);
 
@@ -88,8 +88,8 @@ public:
     // The options of a subcommand that no argument names are not declared: that would take most of the time of a run.
     void Subcommand(const char* pszName, const char* pszSummary, const std::function<void(COptions&)>& fnDeclare);
 
-    // Parses, calls fnParsed, then what the subcommand runs. A wrong command line becomes one line on standard error, and
-    // nothing is called. The help and the version are printed, and nothing is called.
+    // Parses, calls fnParsed, then what the subcommand runs. A wrong command line becomes one line on standard error,
+    // and nothing is called. The help and the version are printed, and nothing is called.
     EExit Parse(const std::function<void()>& fnParsed);
 
 private:

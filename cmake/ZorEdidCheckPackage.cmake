@@ -1,12 +1,11 @@
 # Installs a build into a folder of its own and uses what is installed there: the command, and the library through
-# find_package and through pkg-config. Where dpkg is installed, the Debian packages are made and unpacked. Elsewhere,
-# and with sanitizers, the build is installed. Fails unless the programs of examples/consumer say what they should.
+# find_package and through pkg-config. Where dpkg is installed, the Debian packages are made and unpacked, elsewhere the
+# build is installed. Fails unless the programs of examples/consumer say what they should.
 #   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE -DVERSION=A.B.C
-#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DFLAGS=...] [-DSHARED=1 -DGENERATOR=NAME -DLAUNCHER=FILE]
+#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DSHARED=1 -DGENERATOR=NAME -DLAUNCHER=FILE]
 #         -P ZorEdidCheckPackage.cmake
 #   SERVICES  whether the package has the operating-system layer
 #   TOOL      whether it has the command
-#   FLAGS     of the sanitizers
 #   SHARED    makes a shared build of the library first, and takes that
 
 get_filename_component(project ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
@@ -35,7 +34,7 @@ if(SHARED)
 endif()
 
 find_program(dpkg dpkg-deb)
-if(dpkg AND NOT FLAGS)
+if(dpkg)
   set(package ${WORK}/root/usr)
   execute_process(COMMAND ${CMAKE_CPACK_COMMAND} -G DEB --config ${BUILD}/CPackConfig.cmake -B ${WORK}/debian
                   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
@@ -137,8 +136,7 @@ endif()
 
 function(configure_against_package source folder)
   execute_process(COMMAND ${CMAKE_COMMAND} -S ${source} -B ${folder} -DCMAKE_PREFIX_PATH=${package}
-                          -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS} -DSERVICES=${SERVICES}
-                          --no-warn-unused-cli
+                          -DCMAKE_CXX_COMPILER=${COMPILER} -DSERVICES=${SERVICES} --no-warn-unused-cli
                   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
@@ -164,7 +162,7 @@ if(pkg_config)
   set(ENV{LD_LIBRARY_PATH} ${folder})
   execute_process(COMMAND ${pkg_config} --cflags --libs "zoredid = ${VERSION}" OUTPUT_VARIABLE flags
                   COMMAND_ERROR_IS_FATAL ANY)
-  separate_arguments(flags UNIX_COMMAND "${FLAGS} list_timings.cpp ${flags}")
+  separate_arguments(flags UNIX_COMMAND "list_timings.cpp ${flags}")
   set(PROGRAM ${WORK}/list_timings)
   execute_process(COMMAND ${COMPILER} -std=c++20 ${flags} -o ${PROGRAM} WORKING_DIRECTORY ${CONSUMER}
                   COMMAND_ERROR_IS_FATAL ANY)

@@ -28,13 +28,13 @@ constexpr unsigned int gsc_uiLargestSection = gsc_uiSectionHeaderSize + gsc_uiMo
 constexpr unsigned int gsc_uiExtensionTag = CEdidExtBlockDisplayID::msc_uiExtensionTag;
 constexpr unsigned int gsc_uiBaseBlockTag = 0x00;
 
-constexpr auto gsc_aoProductTypes =
-    Listed({ "extension section", "test structure", "display panel or other transducer", "standalone display device",
-             "television receiver", "repeater or translator", "direct drive monitor" });
+constexpr auto gsc_aoProductTypes = ListedTo(
+    255, { "extension section", "test structure", "display panel or other transducer", "standalone display device",
+           "television receiver", "repeater or translator", "direct drive monitor" });
 constexpr auto gsc_aoUseCases =
-    Listed({ "same as the base section", "test structure", "none of the listed, generic display", "television",
-             "desktop productivity", "desktop gaming", "presentation", "head-mounted virtual reality",
-             "head-mounted augmented reality" });
+    ListedTo(255, { "same as the base section", "test structure", "none of the listed, generic display", "television",
+                    "desktop productivity", "desktop gaming", "presentation", "head-mounted virtual reality",
+                    "head-mounted augmented reality" });
 
 unsigned int GetVersion(const CRecord& oSection) { return oSection.GetBits(0, 7, 4); }
 // The library lists the timings of version 0 as those of version 1.
@@ -125,12 +125,14 @@ constexpr STable gsc_oDataBlock = { "Data block", eArea_Structure, gsc_aoDataBlo
 
 const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
 {
-    const unsigned int uiExtra = oRule.m_bExtraBytes ? oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 6, 4) : 0;
+    const SBitsPlace& oExtra = oRule.m_oExtraBytes;
+    const unsigned int uiExtra =
+        oExtra.m_ui8Offset != 0 ? oBlock.GetBits(oExtra.m_ui8Offset, oExtra.m_ui8High, oExtra.m_ui8Low) : 0;
     oRule.m_uiLeast += uiExtra;
     oRule.m_uiStep += uiExtra;
     return CheckPayload(oRule, oBlock.GetByte(gsc_uiDataBlockLengthOffset),
                         { "payload is shorter than the standard says", "payload is longer than the standard says",
-                          "payload is no whole number of items" });
+                          gsc_szNotWholeItems });
 }
 
 // All bytes of the data block that there are, from its tag on.

@@ -13,9 +13,10 @@
 inline constexpr unsigned int gsc_uiDataBlockFlagsOffset = 1;
 inline constexpr unsigned int gsc_uiPayloadOffset = 3;
 
-constexpr SPayloadRule ItemsWithExtraBytes(unsigned int uiBytes)
+// Bits 6 to 4 of the flags, or those that are told, make each item longer.
+constexpr SPayloadRule ItemsWithExtraBytes(unsigned int uiBytes, unsigned int uiHigh = 6, unsigned int uiLow = 4)
 {
-    return { uiBytes, gsc_uiMostPayload, uiBytes, true };
+    return { uiBytes, gsc_uiMostPayload, uiBytes, { gsc_uiDataBlockFlagsOffset, PlaceByte(uiHigh), PlaceByte(uiLow) } };
 }
 
 // One kind of data block.
@@ -48,6 +49,52 @@ extern const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks; // of both
 
 // A code of one or two bytes for a mode; uiType as in bits 7 and 6 of Type IV and Type VIII data blocks.
 void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength);
+
+// Three letters as of EISA; but monitors are about that hold an OUI.
+template <unsigned int OFFSET>
+bool HasLetters(const CRecord& oBlock)
+{
+    for (unsigned int i = OFFSET; i < OFFSET + 3; ++i)
+    {
+        if (oBlock.GetByte(i) < 'A' || oBlock.GetByte(i) > 'Z')
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The letters, or the OUI in their place with a note.
+template <unsigned int OFFSET>
+constexpr SRow LettersRow(const char* pszName)
+{
+    return { Run(OFFSET, 3), pszName, Text().NoteOnly().Text([](const CRecord& oBlock, unsigned int) {
+                if (!HasLetters<OFFSET>(oBlock))
+                {
+                    return OuiText(oBlock, oBlock.Get(Big24(OFFSET)));
+                }
+                CMString sLetters;
+                for (unsigned int i = OFFSET; i < OFFSET + 3; ++i)
+                {
+                    sLetters += static_cast<char>(oBlock.GetByte(i));
+                }
+                return sLetters;
+            }),
+             nullptr, [](const CRecord& oBlock, unsigned int) -> const char* {
+                 return HasLetters<OFFSET>(oBlock) ? nullptr : "not three letters";
+             } };
+}
+
+// A note on the group of the data block.
+inline void NoteBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
+                      CZorEdidMap::ESeverity eSeverity, const char* pszText)
+{
+    oWriter.AddNote(oWriter.FindField(uiOffset, oBlock.GetSize()), eSeverity, pszText);
+}
+
+inline constexpr char gsc_szNotWholeItems[] = "payload is no whole number of items";
+inline constexpr char gsc_szBehindBlock[] = "runs past the end of its data block";
+inline constexpr char gsc_szContradiction[] = "contradicts the payload length";
 
 // Revision of the data block, bits 2 to 0 of its byte 1.
 inline unsigned int GetRevision(const CRecord& oBlock) { return oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 2, 0); }

@@ -30,7 +30,7 @@ CMString SingleText(const CRecord& /*oBlock*/, unsigned int uiSingle)
     CMString sText;
     if (uiExponent == gsc_uiExponentMask)
     {
-        sText.Format("%s%s", pszSign, uiFraction == 0 ? "infinite" : "no number");
+        sText.Format("%s%s", uiFraction == 0 ? pszSign : "", uiFraction == 0 ? "infinite" : "no number");
     }
     else if (iPower >= 8)
     {
@@ -69,6 +69,25 @@ constexpr SMeaning gsc_aoNoSingles[] = {
 constexpr SForm gsc_oSingleForm =
     Number().Computed(SingleNumber).Decimals(gsc_uiSingleDecimals).With(gsc_aoNoSingles).Text(SingleText);
 
+const char* CheckSingle(const CRecord& /*oBlock*/, unsigned int uiSingle)
+{
+    return ((uiSingle >> gsc_uiFractionBits) & gsc_uiExponentMask) == gsc_uiExponentMask ? "no finite number" : nullptr;
+}
+constexpr SRow SingleRow(unsigned int uiOffset, const char* pszName)
+{
+    return { Little32(uiOffset), pszName, gsc_oSingleForm, nullptr, CheckSingle };
+}
+
+// Both data blocks.
+void NoteRevision(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    if (IsRevision0(oBlock))
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiDataBlockFlagsOffset, 0), CMap::eSeverity_Note,
+                        "revision 1 is the first one");
+    }
+}
+
 // ---- ARVR HMD, DisplayID 2.1 (tag 2Ch): 79 bytes ----
 
 constexpr auto gsc_aoDualLayers = Listed({ "not supported", "interleaving", "extended frame", "both" });
@@ -87,6 +106,10 @@ constexpr auto gsc_aoFoveations =
     Listed({ "not supported", "single stream", "dual streams", "single or dual streams" });
 constexpr auto gsc_aoLayerStreams = Listed({ "not supported", "one", "two only", "one or two" });
 
+// Numbers of four bits.
+constexpr SMeaning gsc_aoFourDisplays[] = { { 4, 15, gsc_szReserved } };
+constexpr SMeaning gsc_aoTwo[] = { { 2, 15, gsc_szReserved } };
+
 constexpr auto HasInterleaving = WhereSet<0x03, 0>;
 constexpr auto HasExtendedFrame = WhereSet<0x03, 1>;
 constexpr auto HasLineMetadata = WhereSet<0x05, 4>;
@@ -99,9 +122,9 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { Bits(0x03, 6, 5), "Extended frame mode", Names(gsc_aoExtendedFrames), HasExtendedFrame },
     { Bits(0x03, 6, 5), "Reserved", Reserved(), IsNot<HasExtendedFrame> },
     { Bit(0x03, 7), "Reserved", Reserved() },
-    { Bits(0x04, 3, 0), "Number of displays", NumberFrom1() },
-    { Bits(0x04, 7, 4), "Number of streams", NumberFrom1() },
-    { Bits(0x05, 3, 0), "Number of layers", NumberFrom1() },
+    { Bits(0x04, 3, 0), "Number of displays", NumberFrom1().With(gsc_aoFourDisplays) },
+    { Bits(0x04, 7, 4), "Number of streams", NumberFrom1().With(gsc_aoTwo) },
+    { Bits(0x05, 3, 0), "Number of layers", NumberFrom1().With(gsc_aoTwo) },
     { Bits(0x05, 5, 4), "Layer metadata", Names(gsc_aoLayerMetadatas) },
     { Bits(0x05, 7, 6), "Replication factor", Names(gsc_aoReplications), HasLineMetadata },
     { Bits(0x05, 7, 6), "Reserved", Reserved(), IsNot<HasLineMetadata> },
@@ -146,10 +169,10 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { Little16(0x36), "Left field of view, down", Fraction("rad", 8192) },
     { Little32(0x38), "Right focal length", Fraction("pixels/rad", 65536) },
     { Little32(0x3C), "Left focal length", Fraction("pixels/rad", 65536) },
-    { Little32(0x40), "Right center of projection Y", gsc_oSingleForm },
-    { Little32(0x44), "Right center of projection X", gsc_oSingleForm },
-    { Little32(0x48), "Left center of projection Y", gsc_oSingleForm },
-    { Little32(0x4C), "Left center of projection X", gsc_oSingleForm },
+    SingleRow(0x40, "Right center of projection Y"),
+    SingleRow(0x44, "Right center of projection X"),
+    SingleRow(0x48, "Left center of projection Y"),
+    SingleRow(0x4C, "Left center of projection X"),
     { Bits(0x50, 1, 0), "Layer 0 streams", Names(gsc_aoLayerStreams) },
     { Bits(0x50, 3, 2), "Layer 1 streams", Names(gsc_aoLayerStreams) },
     { Bits(0x50, 7, 4), "Reserved", Reserved() },
@@ -173,7 +196,7 @@ constexpr SRow gsc_aoLayerRows[] = {
     { Big24(0x03), "HMD manufacturer/vendor ID", Oui() },
     { Little16(0x06), "HMD product ID code", Number() },
     { Little32(0x08), "HMD serial number", Number().With(gsc_aoZeroNotGiven) },
-    { Bits(0x0C, 3, 0), "Layer number", Number() },
+    { Bits(0x0C, 3, 0), "Layer number", Number().With(gsc_aoTwo) },
     { Bit(0x0C, 4), "Layer configurable", Flag() },
     { Bit(0x0C, 5), "Cropping supported", Flag() },
     { Bits(0x0C, 7, 6), "Reserved", Reserved() },
@@ -215,8 +238,8 @@ constexpr STable gsc_oLayer = { "ARVR layer", eArea_Display, gsc_aoLayerRows };
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks[] = {
-    { 0x2C, Group("ARVR HMD data block", eArea_Display), Exactly(79), nullptr, { &gsc_oDisplay } },
-    { 0x2D, Group("ARVR layer data block", eArea_Display), Exactly(20), nullptr, { &gsc_oLayer } },
+    { 0x2C, Group("ARVR HMD data block", eArea_Display), Exactly(79), nullptr, { &gsc_oDisplay }, NoteRevision },
+    { 0x2D, Group("ARVR layer data block", eArea_Display), Exactly(20), nullptr, { &gsc_oLayer }, NoteRevision },
 };
 // clang-format on
 } // namespace

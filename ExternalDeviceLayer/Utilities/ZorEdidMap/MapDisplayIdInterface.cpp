@@ -1,17 +1,14 @@
 // What a DisplayID section says about ranges of timings, interfaces, stereo, tiles and power, and what makers define.
 // The blocks of both versions.
 
+#include <algorithm>
+
 #include "MapDisplayId.h"
 
 namespace
 {
 using CMap = CZorEdidMap;
 using enum CZorEdidMap::EArea;
-
-const char* CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
-{
-    return uiValue < uiLeast ? "maximum is below the minimum" : nullptr;
-}
 
 // ---- Video timing range limits, DisplayID 1.3 (tag 9): 15 bytes ----
 
@@ -125,10 +122,11 @@ constexpr STable gsc_oDepths2 = { "Color depths", eArea_Display, gsc_aoDepth2Row
 
 // ---- Display interface, DisplayID 1.3 (tag 0Fh): 10 bytes ----
 
-constexpr auto gsc_aoInterfaces = Listed({ "analog", "LVDS", "TMDS", "RSDS", "DVI-D", "DVI-I analog", "DVI-I digital",
-                                           "HDMI-a", "HDMI-b", "MDDI", "DisplayPort", "proprietary digital" });
-constexpr auto gsc_aoAnalogInterfaces = Listed({ "15HD/VGA", "VESA NAVI-V (15HD)", "VESA NAVI-D" });
-constexpr auto gsc_aoProtections = Listed({ "none", "HDCP", "DTCP", "DPCP" });
+constexpr auto gsc_aoInterfaces =
+    ListedTo(15, { "analog", "LVDS", "TMDS", "RSDS", "DVI-D", "DVI-I analog", "DVI-I digital", "HDMI-a", "HDMI-b",
+                   "MDDI", "DisplayPort", "proprietary digital" });
+constexpr auto gsc_aoAnalogInterfaces = ListedTo(15, { "15HD/VGA", "VESA NAVI-V (15HD)", "VESA NAVI-D" });
+constexpr auto gsc_aoProtections = ListedTo(15, { "none", "HDCP", "DTCP", "DPCP" });
 constexpr auto gsc_aoSpreads = Listed({ "none", "down spread", "center spread", gsc_szReserved });
 constexpr auto gsc_aoColourMappings = Listed({ "normal", "6-bit compatible" });
 constexpr auto gsc_aoModes = Listed({ "DE", "fixed" });
@@ -201,6 +199,13 @@ constexpr SRow gsc_aoFeatureRows[] = {
 };
 constexpr STable gsc_oFeatures = { "Display interface features", eArea_Display, gsc_aoFeatureRows };
 
+constexpr unsigned int gsc_uiCombinationsOffset = 0x0C; // of one byte each
+
+const char* CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations)
+{
+    return gsc_uiCombinationsOffset + uiCombinations != oBlock.GetSize() ? gsc_szContradiction : nullptr;
+}
+
 constexpr SRow gsc_aoColourFeatureRows[] = {
     { Bit(0x09, 7), "Reserved", Reserved() },
     { Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
@@ -212,7 +217,8 @@ constexpr SRow gsc_aoColourFeatureRows[] = {
     { Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
     { Byte(0x0A), "Reserved", Reserved() },
     { Bits(0x0B, 7, 3), "Reserved", Reserved() },
-    { Bits(0x0B, 2, 0), "Number of additional color space and EOTF combinations", Number() },
+    { Bits(0x0B, 2, 0), "Number of additional color space and EOTF combinations", Number(), nullptr,
+      CheckCombinations },
 };
 constexpr STable gsc_oColourFeatures = { "Display interface features", eArea_Colour, gsc_aoColourFeatureRows };
 
@@ -228,7 +234,7 @@ constexpr STable gsc_oCombination = { "Color space and EOTF", eArea_Colour, gsc_
 
 void MapCombinations(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
-    oWriter.AddItems(gsc_oCombination, uiOffset + 0x0C, oBlock.GetBits(0x0B, 2, 0), 1);
+    oWriter.AddItems(gsc_oCombination, uiOffset + gsc_uiCombinationsOffset, oBlock.GetBits(0x0B, 2, 0), 1);
 }
 
 // ---- Stereo display interface, DisplayID 1.3 (tag 10h) and 2.0 (tag 27h) ----
@@ -258,12 +264,38 @@ constexpr SRow gsc_aoStereoFlagRows[] = {
 };
 constexpr STable gsc_oStereoFlags = { "Flags", eArea_Display, gsc_aoStereoFlagRows };
 
-constexpr SRow gsc_aoStereoRows[] = { { Byte(3), "Length of the stereo method", Number("bytes") } };
+const char* CheckMethodLength(const CRecord& /*oBlock*/, unsigned int uiLength)
+{
+    return uiLength == 0 ? "no room for a method code" : nullptr;
+}
+
+constexpr SRow gsc_aoStereoRows[] = { { Byte(gsc_uiStereoLengthOffset), "Length of the stereo method", Number("bytes"),
+                                        nullptr, CheckMethodLength } };
 constexpr STable gsc_oStereo = { "Stereo display interface", eArea_Structure, gsc_aoStereoRows };
+
+constexpr unsigned char gsc_aui8MethodSizes[] = { 2, 2, 9, 2, 3, 2 }; // by the code, which counts
+
+bool IsCutMethod(const CRecord& oMethod)
+{
+    const unsigned int uiMethod = oMethod.GetByte(0);
+    return uiMethod < std::size(gsc_aui8MethodSizes) && oMethod.GetSize() < gsc_aui8MethodSizes[uiMethod];
+}
+
+const char* CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
+{
+    return IsCutMethod(oMethod) ? "too short for this method" : nullptr;
+}
+
+// Those of a method that is not published, and half an interleaving pattern.
+bool HasUnknownParameters(const CRecord& oMethod)
+{
+    return IsMethod<2>(oMethod) ? IsCutMethod(oMethod)
+                                : oMethod.GetByte(0) >= std::size(gsc_aui8MethodSizes) && !IsMethod<255>(oMethod);
+}
 
 // The method code and its parameters, counted from the code.
 constexpr SRow gsc_aoMethodRows[] = {
-    { Byte(0), "Stereo method code", Names(gsc_aoStereoMethods) },
+    { Byte(0), "Stereo method code", Names(gsc_aoStereoMethods), nullptr, CheckMethod },
     { Bit(1, 0), "Stereo polarity", Flag(gsc_aoStereoPolarities), IsMethod<0> },
     { Bit(1, 0), "Left half", Flag(gsc_aoViews), IsMethod<1> },
     { Run(1, 8), "Interleaving pattern, 8 rows", Bytes(), IsMethod<2> }, // bit 7 leftmost; 1 is left
@@ -273,6 +305,7 @@ constexpr SRow gsc_aoMethodRows[] = {
     { Byte(2), "Interleaving method code", Number(), IsMethod<4> },
     { Bit(1, 0), "Top half", Flag(gsc_aoViews), IsMethod<5> },
     { RunToEnd(1), "Proprietary parameters", Bytes(), IsMethod<255> },
+    { RunToEnd(1), "Unknown", Unknown(), HasUnknownParameters },
 };
 constexpr STable gsc_oMethod = { "Stereo method", eArea_Display, gsc_aoMethodRows };
 
@@ -283,17 +316,18 @@ constexpr SRow gsc_aoCodeGroupRows[] = {
 };
 constexpr STable gsc_oCodeGroup = { "Timing codes", eArea_Timing, gsc_aoCodeGroupRows };
 
-// Groups of codes from byte uiAt of the block on; one that runs past the block ends them.
+// Groups of codes from byte uiAt of the block on.
 void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiAt)
 {
     while (uiAt < oBlock.GetSize())
     {
-        const unsigned int uiCodes = oBlock.GetBits(uiAt, 4, 0);
-        if (uiCodes >= oBlock.GetSize() - uiAt)
+        const unsigned int uiTold = oBlock.GetBits(uiAt, 4, 0);
+        const unsigned int uiCodes = std::min(uiTold, oBlock.GetSize() - uiAt - 1);
+        const unsigned int uiGroup = oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes);
+        if (uiCodes < uiTold)
         {
-            return;
+            oWriter.AddNote(uiGroup, CMap::eSeverity_Error, gsc_szBehindBlock);
         }
-        oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes);
         for (unsigned int i = 0; i < uiCodes; ++i)
         {
             MapTimingCode(oWriter, oBlock.GetBits(uiAt, 7, 6), uiOffset + uiAt + 1 + i, 1);
@@ -307,6 +341,11 @@ void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
 {
     const unsigned int uiLength = oBlock.GetByte(gsc_uiStereoLengthOffset);
     oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
+    if (gsc_uiStereoMethodOffset + uiLength > oBlock.GetSize())
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiStereoLengthOffset, 0), CMap::eSeverity_Error,
+                        gsc_szBehindBlock);
+    }
     if (oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 6))
     {
         MapCodeGroups(oWriter, oBlock, uiOffset, gsc_uiStereoMethodOffset + uiLength);
@@ -326,6 +365,13 @@ constexpr SMeaning gsc_aoOneTile[] = { { 0, 0, "undefined" },
                                        { 4, 7, gsc_szReserved } };
 
 constexpr auto HasBezels = WhereSet<0x03, 6>;
+
+const char* CheckMultiplier(const CRecord& oBlock, unsigned int uiMultiplier)
+{
+    return HasBezels(oBlock) == (uiMultiplier != 0) ? nullptr
+           : uiMultiplier == 0                      ? "0, but bezel sizes are given"
+                                                    : "not 0, but no bezel sizes are given";
+}
 
 // In tenths of a pixel.
 long long GetBezel(const CRecord& oBlock, unsigned int uiSize)
@@ -360,7 +406,7 @@ constexpr auto TileRows(const SRow& oVendor)
         { gsc_oTileY, "Vertical tile location", Number(), nullptr, CheckLocation<gsc_oTilesY> },
         { Little16(0x07), "Horizontal tile size", NumberFrom1("pixels") },
         { Little16(0x09), "Vertical tile size", NumberFrom1("lines") },
-        { Byte(0x0B), "Pixel multiplier", Number() },
+        { Byte(0x0B), "Pixel multiplier", Number(), nullptr, CheckMultiplier },
         { Byte(0x0C), "Top bezel size", gsc_oBezelForm, HasBezels },
         { Byte(0x0D), "Bottom bezel size", gsc_oBezelForm, HasBezels },
         { Byte(0x0E), "Right bezel size", gsc_oBezelForm, HasBezels },
@@ -371,7 +417,7 @@ constexpr auto TileRows(const SRow& oVendor)
         { Little32(0x15), "Tiled display serial number", Number() },
     });
 }
-constexpr auto gsc_aoTile1Rows = TileRows({ Run(0x10, 3), "Tiled display manufacturer/vendor ID", Text() });
+constexpr auto gsc_aoTile1Rows = TileRows(LettersRow<0x10>("Tiled display manufacturer/vendor ID"));
 constexpr auto gsc_aoTile2Rows = TileRows({ Big24(0x10), "Tiled display manufacturer/vendor ID", Oui() });
 
 // "column 1, row 0 of 2 x 1"
@@ -460,7 +506,7 @@ constexpr SRow gsc_aoVendor2Rows[] = {
     { Bit(0x07, 7), "Reserved", Reserved(), IsVesa },
     { Bits(0x07, 6, 5), "Multi-SST operation", Names(gsc_aoStreams), IsVesa },
     { Bit(0x07, 4), "Reserved", Reserved(), IsVesa },
-    { Bits(0x07, 3, 0), "Pixels that overlap an adjacent panel", Number("pixels"), IsVesa },
+    { Bits(0x07, 3, 0), "Pixels that overlap an adjacent panel", Number("pixels"), IsVesa, CheckWithin<0, 8> },
     { Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
     { gsc_oDscDepth, "Pass-through timing's DSC bits per pixel", Fraction("bits per pixel", 16), HasDsc },
     { Bits(0x09, 7, 4), "Reserved", Reserved(), HasDsc },
@@ -468,23 +514,9 @@ constexpr SRow gsc_aoVendor2Rows[] = {
 };
 constexpr STable gsc_oVendor2 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor2Rows };
 
-// Three letters as of EISA; but monitors are about that hold an OUI.
-bool HasLetters(const CRecord& oBlock)
-{
-    for (unsigned int i = 0; i < 3; ++i)
-    {
-        const unsigned int uiLetter = oBlock.GetByte(gsc_uiPayloadOffset + i);
-        if (uiLetter < 'A' || uiLetter > 'Z')
-        {
-            return false;
-        }
-    }
-    return true;
-}
-
 constexpr SRow gsc_aoVendor1Rows[] = {
-    { Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters },
-    { Big24(0x03), "Manufacturer/vendor ID", Oui(), IsNot<HasLetters> },
+    { Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters<0x03> },
+    { Big24(0x03), "Manufacturer/vendor ID", Oui(), IsNot<HasLetters<0x03>> },
     { RunToEnd(0x06), "Vendor data", Bytes() },
 };
 constexpr STable gsc_oVendor1 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor1Rows };

@@ -23,10 +23,10 @@ const char* CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
 
 const char* CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
 {
-    return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? "contradicts the payload length" : nullptr;
+    return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? gsc_szContradiction : nullptr;
 }
 
-constexpr SRow gsc_oVendorPnp = { Run(3, 3), "Manufacturer/vendor ID", Text() };
+constexpr SRow gsc_oVendorPnp = LettersRow<3>("Manufacturer/vendor ID");
 constexpr SRow gsc_oVendorOui = { Big24(3), "Manufacturer/vendor ID", Oui() };
 
 constexpr auto ProductRows(const SRow& oVendor)
@@ -45,7 +45,7 @@ constexpr auto gsc_aoProduct2Rows = ProductRows(gsc_oVendorOui);
 constexpr STable gsc_oProduct1 = { "Product identification", eArea_Identity, gsc_aoProduct1Rows };
 constexpr STable gsc_oProduct2 = { "Product identification", eArea_Identity, gsc_aoProduct2Rows };
 
-constexpr SRow gsc_oProductText = { RunToEnd(0), "Product ID string", Text() };
+constexpr SRow gsc_oProductText = { RunToEnd(0), "Product ID string", Text(), nullptr, CheckAscii<0> };
 
 void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -58,10 +58,10 @@ void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiO
 
 // ---- Texts, DisplayID 1.3 (tags 0Ah and 0Bh); container ID, DisplayID 2.0 (tag 29h) ----
 
-constexpr SRow gsc_aoSerialRows[] = { { RunToEnd(3), "Serial number", Text() } };
+constexpr SRow gsc_aoSerialRows[] = { { RunToEnd(3), "Serial number", Text(), nullptr, CheckAscii<3> } };
 constexpr STable gsc_oSerial = { "Serial number", eArea_Identity, gsc_aoSerialRows };
 
-constexpr SRow gsc_aoStringRows[] = { { RunToEnd(3), "String", Text() } };
+constexpr SRow gsc_aoStringRows[] = { { RunToEnd(3), "String", Text(), nullptr, CheckAscii<3> } };
 constexpr STable gsc_oString = { "String", eArea_Identity, gsc_aoStringRows };
 
 constexpr SRow gsc_aoContainerIdRows[] = { ContainerIdRow<gsc_uiPayloadOffset>() };
@@ -86,12 +86,22 @@ long long GetLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
     return static_cast<long long>((ullSteps * 1000000 + (1ULL << 23)) >> 24);
 }
 
+constexpr auto Luminances(const char* pszSign)
+{
+    return std::to_array<SMeaning>({ { gsc_uiHalfInfinite, gsc_uiHalfSign - 1, "no number" },
+                                     { gsc_uiHalfSign, gsc_uiHalfSign, pszSign },
+                                     { gsc_uiHalfSign + 1, 0xFFFF, "no number" } });
+}
+constexpr auto gsc_aoLuminances = Luminances("not given");
+constexpr auto gsc_aoLeastSdr = Luminances("do not use");
+
 // Without zeros at the end: "400 cd/m2".
+template <const auto& MEANINGS>
 CMString LuminanceText(const CRecord& oBlock, unsigned int uiHalf)
 {
-    if (uiHalf >= gsc_uiHalfInfinite)
+    if (const char* pszName = FindMeaning(MEANINGS, uiHalf))
     {
-        return uiHalf == gsc_uiHalfSign ? "not given" : "no number";
+        return pszName;
     }
     long long llLuminance = GetLuminance(oBlock, uiHalf);
     unsigned int uiDecimals = gsc_uiLuminanceDecimals;
@@ -107,27 +117,22 @@ const char* CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
     return uiHalf >= gsc_uiHalfInfinite && uiHalf != gsc_uiHalfSign ? "no positive number" : nullptr;
 }
 
-constexpr SMeaning gsc_aoLuminances[] = {
-    { gsc_uiHalfInfinite, gsc_uiHalfSign - 1, "no number" },
-    { gsc_uiHalfSign, gsc_uiHalfSign, "not given" },
-    { gsc_uiHalfSign + 1, 0xFFFF, "no number" },
-};
-
+template <const auto& MEANINGS = gsc_aoLuminances>
 constexpr SRow LuminanceRow(unsigned int uiOffset, const char* pszName)
 {
     return { Little16(uiOffset), pszName,
              Number("cd/m2")
                  .Decimals(gsc_uiLuminanceDecimals)
                  .Computed(GetLuminance)
-                 .With(gsc_aoLuminances)
-                 .Text(LuminanceText),
+                 .With(MEANINGS)
+                 .Text(LuminanceText<MEANINGS>),
              nullptr, CheckLuminance };
 }
 
 // ---- Brightness luminance range, DisplayID 2.1 (tag 2Eh): 6 bytes ----
 
 constexpr SRow gsc_aoBrightnessRows[] = {
-    LuminanceRow(0x03, "Minimum SDR luminance, full coverage"),
+    LuminanceRow<gsc_aoLeastSdr>(0x03, "Minimum SDR luminance, full coverage"),
     LuminanceRow(0x05, "Maximum suggested SDR luminance, full coverage"),
     LuminanceRow(0x07, "Maximum boost SDR luminance"),
 };
@@ -135,11 +140,32 @@ constexpr STable gsc_oBrightness = { "Brightness luminance range", eArea_Colour,
 
 // ---- Display parameters, DisplayID 1.3 (tag 1): 12 bytes ----
 
+// Of two sizes both are given or none.
+template <unsigned int OTHER>
+const char* CheckPair(const CRecord& oBlock, unsigned int uiSize)
+{
+    return uiSize == 0 && oBlock.Get(Little16(OTHER)) != 0 ? "the other size is given" : nullptr;
+}
+
+// Horizontal and vertical sizes, the words at 03h to 09h of both versions.
+constexpr SRow WidthRow(const SForm& oForm, bool (*pfnApplies)(const CRecord&) = nullptr)
+{
+    return { Little16(0x03), "Horizontal image size", oForm.With(gsc_aoZeroNotGiven), pfnApplies, CheckPair<0x05> };
+}
+constexpr SRow HeightRow(const SForm& oForm, bool (*pfnApplies)(const CRecord&) = nullptr)
+{
+    return { Little16(0x05), "Vertical image size", oForm.With(gsc_aoZeroNotGiven), pfnApplies, CheckPair<0x03> };
+}
+constexpr SRow gsc_oPixelsRow = { Little16(0x07), "Horizontal pixel count", Number("pixels").With(gsc_aoZeroNotGiven),
+                                  nullptr, CheckPair<0x09> };
+constexpr SRow gsc_oLinesRow = { Little16(0x09), "Vertical pixel count", Number("lines").With(gsc_aoZeroNotGiven),
+                                 nullptr, CheckPair<0x07> };
+
 constexpr SRow gsc_aoParameters1Rows[] = {
-    { Little16(0x03), "Horizontal image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven) },
-    { Little16(0x05), "Vertical image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven) },
-    { Little16(0x07), "Horizontal pixel count", Number("pixels").With(gsc_aoZeroNotGiven) },
-    { Little16(0x09), "Vertical pixel count", Number("lines").With(gsc_aoZeroNotGiven) },
+    WidthRow(Number("mm").Decimals(1)),
+    HeightRow(Number("mm").Decimals(1)),
+    gsc_oPixelsRow,
+    gsc_oLinesRow,
     { Bit(0x0B, 7), "Audio support on video interface", Flag() },
     { Bit(0x0B, 6), "Separate audio inputs", Flag() },
     { Bit(0x0B, 5), "Audio input override", Flag() },
@@ -156,6 +182,10 @@ CMString SizeText(const CRecord& oBlock, unsigned int uiDecimals)
 {
     const unsigned int uiWidth = oBlock.Get(Little16(gsc_uiWidthOffset));
     const unsigned int uiHeight = oBlock.Get(Little16(gsc_uiWidthOffset + 2));
+    if (uiWidth == 0 || uiHeight == 0)
+    {
+        return "size not given";
+    }
     return FormatNumber(uiWidth, uiDecimals, "x ") + FormatNumber(uiHeight, uiDecimals, "mm");
 }
 CMString Parameters1Text(const CRecord& oBlock) { return SizeText(oBlock, 1); }
@@ -196,12 +226,12 @@ constexpr SRow gsc_aoParameters2FlagRows[] = {
 constexpr STable gsc_oParameters2Flags = { "Flags", eArea_Display, gsc_aoParameters2FlagRows };
 
 constexpr SRow gsc_aoParameters2Rows[] = {
-    { Little16(0x03), "Horizontal image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven), HasTenths },
-    { Little16(0x03), "Horizontal image size", Number("mm").With(gsc_aoZeroNotGiven), HasMillimetres },
-    { Little16(0x05), "Vertical image size", Number("mm").Decimals(1).With(gsc_aoZeroNotGiven), HasTenths },
-    { Little16(0x05), "Vertical image size", Number("mm").With(gsc_aoZeroNotGiven), HasMillimetres },
-    { Little16(0x07), "Horizontal pixel count", Number("pixels").With(gsc_aoZeroNotGiven) },
-    { Little16(0x09), "Vertical pixel count", Number("lines").With(gsc_aoZeroNotGiven) },
+    WidthRow(Number("mm").Decimals(1), HasTenths),
+    WidthRow(Number("mm"), HasMillimetres),
+    HeightRow(Number("mm").Decimals(1), HasTenths),
+    HeightRow(Number("mm"), HasMillimetres),
+    gsc_oPixelsRow,
+    gsc_oLinesRow,
     { Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
     { Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
     { Bit(0x0B, 5), "Reserved", Reserved() },
@@ -259,16 +289,24 @@ constexpr STable gsc_oColourFlags = { "Flags", eArea_Colour, gsc_aoColourFlagRow
 
 bool HasStandardColourSpace(const CRecord& oBlock) { return oBlock.GetBits(3, 6, 4) == 0; }
 
+constexpr unsigned int gsc_uiCoordinatesSize = 3;
+
+const char* CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
+{
+    const unsigned int uiFixed = HasStandardColourSpace(oBlock) ? 2 : 1;
+    const unsigned int uiPoints = oBlock.GetBits(3, 6, 4) + uiWhitePoints;
+    return uiFixed + uiPoints * gsc_uiCoordinatesSize != GetPayloadLength(oBlock) ? gsc_szContradiction : nullptr;
+}
+
 constexpr SRow gsc_aoColourRows[] = {
     { Bit(3, 7), "Color mixing", Flag(gsc_aoMixings) },
     { Bits(3, 6, 4), "Number of primaries", Number().With(gsc_aoNoPrimaries) },
-    { Bits(3, 3, 0), "Number of white points", Number() },
+    { Bits(3, 3, 0), "Number of white points", Number(), nullptr, CheckPoints },
     { Byte(4), "Standard color space", Names(gsc_aoColourSpaces), HasStandardColourSpace },
 };
 constexpr STable gsc_oColour = { "Color characteristics", eArea_Colour, gsc_aoColourRows };
 
 constexpr SRow gsc_aoCoordinateRows[] = { FirstCoordinateRow(0, "x"), SecondCoordinateRow(0, "y") };
-constexpr unsigned int gsc_uiCoordinatesSize = 3;
 
 // "0.6396, 0.3300"
 CMString CoordinatesText(const CRecord& oRecord)
@@ -318,20 +356,21 @@ constexpr SMeaning gsc_aoTechnologies1[] = {
     { 0x90, 0x9F, "electromechanical" },
     { 0xA0, 0xAF, "electrowetting" },
     { 0xF0, 0xFF, "other" },
+    { 0x00, 0xFF, gsc_szReserved }, // all others
 };
 constexpr auto gsc_aoOperatingModes =
-    Listed({ "direct-view reflective, ambient light", "direct-view reflective, ambient light and light source",
-             "direct-view reflective, light source", "direct-view transmissive, ambient light",
-             "direct-view transmissive, ambient light and light source", "direct-view transmissive, light source",
-             "direct-view emissive", "direct-view transflective, backlight off by default",
-             "direct-view transflective, backlight on by default", "transparent, ambient light", "transparent emissive",
-             "projection, reflective light modulator", "projection, transmissive light modulator",
-             "projection, emissive transducer" });
-constexpr auto gsc_aoSubPixels =
-    Listed({ "not defined", "RGB vertical stripes", "RGB horizontal stripes", "vertical stripes in primary order",
-             "horizontal stripes in primary order", "quad, red top left", "quad, red bottom left", "delta (triad) RGB",
-             "mosaic", "quad, RGB and 1 more color", "five sub-pixels, RGB and 2 more colors",
-             "six sub-pixels, RGB and 3 more colors", "PenTile matrix" });
+    ListedTo(15, { "direct-view reflective, ambient light", "direct-view reflective, ambient light and light source",
+                   "direct-view reflective, light source", "direct-view transmissive, ambient light",
+                   "direct-view transmissive, ambient light and light source", "direct-view transmissive, light source",
+                   "direct-view emissive", "direct-view transflective, backlight off by default",
+                   "direct-view transflective, backlight on by default", "transparent, ambient light",
+                   "transparent emissive", "projection, reflective light modulator",
+                   "projection, transmissive light modulator", "projection, emissive transducer" });
+constexpr auto gsc_aoSubPixels = ListedTo(
+    255, { "not defined", "RGB vertical stripes", "RGB horizontal stripes", "vertical stripes in primary order",
+           "horizontal stripes in primary order", "quad, red top left", "quad, red bottom left", "delta (triad) RGB",
+           "mosaic", "quad, RGB and 1 more color", "five sub-pixels, RGB and 2 more colors",
+           "six sub-pixels, RGB and 3 more colors", "PenTile matrix" });
 
 constexpr SRow gsc_aoDeviceRows[] = {
     { Byte(0x03), "Display device technology", Names(gsc_aoTechnologies1) },
@@ -381,7 +420,7 @@ constexpr SRow gsc_aoSampleRows[] = { { Byte(0), "Number of samples", Number() }
 constexpr STable gsc_oSamples = { "Curve", eArea_Colour, gsc_aoSampleRows };
 
 constexpr SRow gsc_aoParameterRows[] = {
-    { Byte(0), "Number of parameters", Number() },
+    { Byte(0), "Number of parameters", Number().Expect(5, "four parameters and a gamma are five bytes") },
     { Byte(1), "A0", Number() },
     { Byte(2), "A1", Number() },
     { Byte(3), "A2", Number() },
@@ -398,11 +437,16 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
     {
         const unsigned int uiCount = oBlock.GetByte(uiAt);
         uiSize = uiCount + (bParameters ? 1 : 0); // the last sample of a list is not stored
-        if (uiCount == 0 || uiSize > oBlock.GetSize() - uiAt)
+        if (uiCount == 0)
         {
             return;
         }
-        oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize);
+        const unsigned int uiCurve =
+            oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize);
+        if (uiSize > oBlock.GetSize() - uiAt)
+        {
+            oWriter.AddNote(uiCurve, CMap::eSeverity_Error, gsc_szBehindBlock);
+        }
     }
 }
 

@@ -52,13 +52,15 @@ constexpr unsigned int gsc_uiDmtModes = sizeof(gsc_apszDmtModes) / sizeof(gsc_ap
 
 const char* GetDmtName(unsigned int uiId)
 {
-    return uiId != 0 && uiId <= gsc_uiDmtModes ? gsc_apszDmtModes[uiId - 1] : nullptr;
+    return uiId == 0 ? gsc_szReserved : uiId <= gsc_uiDmtModes ? gsc_apszDmtModes[uiId - 1] : nullptr;
 }
 
 // VIC 129 to 192 do not exist: as short video descriptors those bytes are native modes.
 const char* GetVicName(unsigned int uiVic)
 {
-    return uiVic > 0xFF || (uiVic > 127 && uiVic <= 192) ? nullptr : GetVideoCodeName(uiVic);
+    return uiVic == 0                                      ? gsc_szReserved
+           : uiVic > 0xFF || (uiVic > 127 && uiVic <= 192) ? nullptr
+                                                           : GetVideoCodeName(uiVic);
 }
 
 const char* GetHdmiVicName(unsigned int uiVic)
@@ -473,8 +475,14 @@ constexpr SCodeKind gsc_aoCodeKinds[] = {
     { { { Byte(0), "Timing code", UnknownValue() }, { Little16(0), "Timing code", UnknownValue() } }, GetNoName },
 };
 
-// Type IV, DisplayID 1.3 (tag 6); Type VIII, DisplayID 2.0 (tag 23h): the type of the codes stands in the flags.
-unsigned int GetCodeType(const CRecord& oBlock) { return oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 7, 6); }
+// Type IV, DisplayID 1.3 (tag 6), from revision 1 on, and Type VIII, DisplayID 2.0 (tag 23h): the type of the codes
+// stands in the flags. Revision 0 of Type IV has DMT only.
+constexpr unsigned int gsc_uiType4Tag = 0x06;
+unsigned int GetCodeType(const CRecord& oBlock)
+{
+    const bool bDmt = oBlock.GetByte(0) == gsc_uiType4Tag && IsRevision0(oBlock);
+    return bDmt ? 0 : oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 7, 6);
+}
 
 void MapCodes(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiCodeSize)
 {
@@ -493,14 +501,16 @@ void MapType8(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 }
 
 constexpr SRow gsc_aoType4FlagRows[] = {
-    { Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
+    { Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes), IsRevision1Plus },
+    { Bits(1, 7, 6), "Reserved", Reserved(), IsRevision0 },
     { Bits(1, 5, 3), "Reserved", Reserved() },
 };
 constexpr STable gsc_oType4Flags = { "Flags", eArea_Timing, gsc_aoType4FlagRows };
 
 constexpr SRow gsc_aoType8FlagRows[] = {
     { Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
-    { Bit(1, 5), "YCbCr 4:2:0 supported", Flag() },
+    { Bit(1, 5), "YCbCr 4:2:0 supported", Flag(), IsRevision1Plus },
+    { Bit(1, 5), "Reserved", Reserved(), IsRevision0 },
     { Bit(1, 4), "Reserved", Reserved() },
     { Bit(1, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
 };
@@ -565,18 +575,19 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
         uiSize = oBlock.IsSet(uiAt + 2, 6) ? gsc_uiType6LongSize : gsc_uiType6Size;
         if (uiSize > oBlock.GetSize() - uiAt)
         {
+            NoteBlock(oWriter, oBlock, uiOffset, CMap::eSeverity_Warning, gsc_szNotWholeItems);
             return;
         }
         MapDisplayIdTiming(oWriter, oBlock.GetByte(0), 0, uiOffset + uiAt, uiSize);
     }
 }
 
-constexpr SRow gsc_aoExtraBytesRows[] = {
+constexpr SRow gsc_aoType10FlagRows[] = {
     { Bit(1, 7), "Reserved", Reserved() },
-    { Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes") },
+    { Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes"), nullptr, CheckWithin<0, 2> },
     { Bit(1, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oExtraBytesFlags = { "Flags", eArea_Structure, gsc_aoExtraBytesRows };
+constexpr STable gsc_oType10Flags = { "Flags", eArea_Structure, gsc_aoType10FlagRows };
 
 constexpr SRow gsc_aoType7FlagRows[] = {
     { Bit(1, 7), "Reserved", Reserved() },
@@ -603,10 +614,10 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
     { 0x22, Group("Type VII timing - detailed data block", eArea_Timing),
       ItemsWithExtraBytes(20), &gsc_oType7Flags, {}, MapExtendedTimings<20> },
     { 0x23, Group("Type VIII timing - enumerated timing code data block", eArea_Timing),
-      ItemsOf(1), &gsc_oType8Flags, {}, MapType8 },
+      ItemsWithExtraBytes(1, 3, 3), &gsc_oType8Flags, {}, MapType8 },
     { 0x24, Group("Type IX timing - formula-based data block", eArea_Timing), ItemsOf(6), nullptr, {}, MapTimingsOf<6> },
     { 0x2A, Group("Type X timing - formula-based data block", eArea_Timing),
-      ItemsWithExtraBytes(6), &gsc_oExtraBytesFlags, {}, MapExtendedTimings<6> },
+      ItemsWithExtraBytes(6), &gsc_oType10Flags, {}, MapExtendedTimings<6> },
 };
 // clang-format on
 } // namespace

@@ -21,6 +21,35 @@ bool WhereSet(const CRecord& oRecord)
     return oRecord.IsSet(OFFSET, BIT);
 }
 
+// ---- Checks of rows ----
+
+template <unsigned int LEAST, unsigned int MOST>
+const char* CheckWithin(const CRecord& /*oRecord*/, unsigned int uiValue)
+{
+    return uiValue < LEAST || uiValue > MOST ? "out of range" : nullptr;
+}
+
+constexpr const char* CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
+{
+    return uiValue < uiLeast ? "maximum is below the minimum" : nullptr;
+}
+
+inline constexpr unsigned int gsc_uiFirstBehindAscii = 0x7F; // 7Fh itself is no character that prints
+
+// Of a text that goes from byte FIRST of the record to its end.
+template <unsigned int FIRST>
+const char* CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
+{
+    for (unsigned int i = FIRST; i < oRecord.GetSize(); ++i)
+    {
+        if (oRecord.GetByte(i) < ' ' || oRecord.GetByte(i) >= gsc_uiFirstBehindAscii)
+        {
+            return "characters that are not printable ASCII";
+        }
+    }
+    return nullptr;
+}
+
 // ---- Places and forms ----
 
 // Three bytes, as DisplayID stores a company's identifier.
@@ -68,7 +97,7 @@ struct SPayloadRule
     unsigned int m_uiLeast;
     unsigned int m_uiMost;
     unsigned int m_uiStep = 0;
-    bool m_bExtraBytes = false; // of DisplayID: bits 6 to 4 of the flags make each item, so least and step, longer
+    SBitsPlace m_oExtraBytes = {}; // of DisplayID: bits of the flags that make each item, so least and step, longer
 };
 
 constexpr SPayloadRule Exactly(unsigned int uiBytes) { return { uiBytes, uiBytes }; }

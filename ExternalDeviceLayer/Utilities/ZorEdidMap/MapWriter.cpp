@@ -437,14 +437,19 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     return uiField;
 }
 
+void CMapWriter::NoteReserved(unsigned int uiField)
+{
+    if (m_oMap.GetField(uiField).m_pszMeaning == gsc_szReserved)
+    {
+        AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved value");
+    }
+}
+
 void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw)
 {
     const SForm& oForm = oRow.m_oForm;
     const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
-    if (oField.m_pszMeaning == gsc_szReserved)
-    {
-        AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved value");
-    }
+    NoteReserved(uiField);
     const bool bExpected = oRow.m_oPlace.m_ui8Run != 0
                                ? IsEveryByte(GetRecord(oField.m_uiOffset, oField.m_uiLength), oForm.m_uiExpected)
                                : uiRaw == oForm.m_uiExpected;
@@ -565,6 +570,7 @@ void CMapWriter::SetMeaning(unsigned int uiField, const char* pszMeaning)
     if (HasField(uiField))
     {
         GetField(uiField).m_pszMeaning = pszMeaning;
+        NoteReserved(uiField);
     }
 }
 

@@ -110,7 +110,7 @@ public:
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
 
     // A name or a meaning that depends on bytes beyond the field's record, as static texts; a number that is not that
-    // of fields of one name.
+    // of fields of one name. The meaning gsc_szReserved gives its note, as that of a row does.
     void SetName(unsigned int uiField, const char* pszName);
     void SetMeaning(unsigned int uiField, const char* pszMeaning);
     void SetIndex(unsigned int uiField, unsigned int uiIndex);
@@ -154,6 +154,7 @@ private:
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                  unsigned char ui8Mask);
+    void NoteReserved(unsigned int uiField);
     void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);
     void NumberFields(unsigned int uiFirst, unsigned int uiEnd);
     void OrderNotes();
@@ -175,9 +176,10 @@ void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int 
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength); // VTB, block map, DI, LS, others
 
 // Shared between the kinds of blocks.
-extern const STable g_oDetailedTimingTable; // 18 bytes, E-EDID 3.10.2
-extern const STable g_oStandardTimingTable; // 2 bytes, E-EDID 3.9
-extern const STable g_oCvtCodeTable;        // 3 bytes, E-EDID 3.10.3.8
+extern const STable g_oDetailedTimingTable;    // 18 bytes, E-EDID 3.10.2
+extern const STable g_oStandardTimingTable;    // 2 bytes, E-EDID 3.9
+extern const STable g_oVtbStandardTimingTable; // the same in a VTB block: aspect ratio 0 is 16:10 in all revisions
+extern const STable g_oCvtCodeTable;           // 3 bytes, E-EDID 3.10.3.8
 // 18 bytes: a timing or a display descriptor. Returns the index of its group. Where the image ends before its end, a
 // timing is noted so; of anything else nothing is added, and msc_uiNone returned.
 inline constexpr unsigned int gsc_uiMapDescriptorSize = 18;

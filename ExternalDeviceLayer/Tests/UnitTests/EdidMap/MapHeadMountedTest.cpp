@@ -142,6 +142,15 @@ TEST(MapHeadMounted, LayerWithoutSerialNumberAndUnlistedScaling)
     ExpectSomeRows(MakeDisplayIdRecord(0x2D, 1, "3A 02 92 34 12 00*9 80 29 31 00 7D 00"), aoRows);
 }
 
+TEST(MapHeadMounted, RevisionAndNumbers)
+{
+    static constexpr SRowCase aoRows[] = {
+        { "01.2-0", "Block revision", "0", "revision 1 is the first one" },
+        { "43 42 41 40", "Right center of projection Y", "no number", "no finite number" },
+    };
+    ExpectSomeRows(MakeDisplayIdRecord(0x2C, 0, "00*61 01 00 80 FF 00*14"), aoRows);
+}
+
 TEST(MapHeadMounted, Codes)
 {
     static constexpr SCodesCase aoDisplay[] = {
@@ -152,6 +161,9 @@ TEST(MapHeadMounted, Codes)
         { "03.6-5", 0,
           "left then right side by side, layers side by side|left then right stacked, layers side by side|"
           "left then right side by side, layers stacked|reserved" },
+        { "04.3-0", 0, "1|2|3|4|reserved" },
+        { "04.7-4", 0, "1|2|reserved" },
+        { "05.3-0", 0, "1|2|reserved" },
         { "05.5-4", 1, "first line of layer 0|AR/VR SDP|both" },
         { "05.7-6", 0, "1, no replication|4|8|16" },
         { "12.2-0", 0, "standard, no rotation|1" },
@@ -167,6 +179,7 @@ TEST(MapHeadMounted, Codes)
     ExpectCodes(MakeDisplayIdRecord(0x2C, 1, "13 11 11 ..79"), aoDisplay);
 
     static constexpr SCodesCase aoLayer[] = {
+        { "0C.3-0", 0, "0|1|reserved" },
         { "0E.1-0", 0,
           "none|chromatic aberration correction|lens distortion and chromatic aberration correction|reserved" },
         { "0E.3-2", 0, "no|chromatic aberration only|both|reserved" },
@@ -196,7 +209,7 @@ TEST(MapHeadMounted, CentersOfProjection)
         { "00 00 00 CF", "-8388608 * 2^8", false, 0 },
         { "01 00 80 4F", "8388609 * 2^9", false, 0 },
         { "00 00 80 FF", "-infinite", false, 0 },
-        { "01 00 80 7F", "no number", false, 0 },
+        { "01 00 80 FF", "no number", false, 0 },
     };
     constexpr unsigned int uiFirst = 0x40;
     for (const SCase& oCase : aoCases)

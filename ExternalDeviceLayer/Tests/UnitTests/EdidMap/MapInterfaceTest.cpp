@@ -278,8 +278,7 @@ TEST(MapInterface, StereoMethods)
         { "02 05 01", { { "04", "Stereo method code", "stacked frame" }, { "05.0", "Top half", "right eye view" } } },
         { "03 FF 12 34",
           { { "04", "Stereo method code", "proprietary" }, { "05-06", "Proprietary parameters", "12 34" } } },
-        { "02 06 01",
-          { { "04", "Stereo method code", "reserved", gsc_szReserved }, { "05", "Reserved", "01", gsc_szSet } } },
+        { "02 06 01", { { "04", "Stereo method code", "reserved", gsc_szReserved }, { "05", "Unknown", "01" } } },
     };
     for (const SMethodCase& oCase : aoCases)
     {
@@ -387,6 +386,10 @@ TEST(MapInterface, Vendors)
         { "08", "Unknown", "1a" },
     };
     ExpectSomeRows(MakeDisplayIdRecord(0x7E, 0, "3A 02 92 01 20 1A"), aoVesaWithoutDepth);
+    static constexpr SRowCase aoVesaOverlap[] = {
+        { "07.3-0", "Pixels that overlap an adjacent panel", "9 pixels", "out of range" },
+    };
+    ExpectSomeRows(MakeDisplayIdRecord(0x7E, 0, "3A 02 92 01 09"), aoVesaOverlap);
     static constexpr SRowCase aoVesaTooShort[] = { { "06", "Vendor data", "01" } };
     ExpectSomeRows(MakeDisplayIdRecord(0x7E, 0, "3A 02 92 01"), aoVesaTooShort);
     static constexpr SRowCase aoOther[] = {
@@ -414,8 +417,9 @@ TEST(MapInterface, Codes)
 
     static constexpr SCodesCase aoInterface[] = {
         { "03.7-4", 1,
-          "LVDS|TMDS|RSDS|DVI-D|DVI-I analog|DVI-I digital|HDMI-a|HDMI-b|MDDI|DisplayPort|proprietary digital" },
-        { "08.3-0", 0, "none|HDCP|DTCP|DPCP" },
+          "LVDS|TMDS|RSDS|DVI-D|DVI-I analog|DVI-I digital|HDMI-a|HDMI-b|MDDI|DisplayPort|proprietary "
+          "digital|reserved" },
+        { "08.3-0", 0, "none|HDCP|DTCP|DPCP|reserved" },
         { "0A.7-6", 0, "none|down spread|center spread|reserved" },
         { "0B.4", 0, "normal|6-bit compatible" },
         { "0C.2", 0, "DE|fixed" },
@@ -424,7 +428,7 @@ TEST(MapInterface, Codes)
     };
     ExpectCodes(MakeDisplayIdRecord(0x0F, 0, "10 ..10"), aoInterface);
     static constexpr SCodesCase aoAnalog[] = {
-        { "03.3-0", 0, "15HD/VGA|VESA NAVI-V (15HD)|VESA NAVI-D" },
+        { "03.3-0", 0, "15HD/VGA|VESA NAVI-V (15HD)|VESA NAVI-D|reserved" },
     };
     ExpectCodes(MakeDisplayIdRecord(0x0F, 0, "00*10"), aoAnalog);
     static constexpr SCodesCase aoProprietary[] = {

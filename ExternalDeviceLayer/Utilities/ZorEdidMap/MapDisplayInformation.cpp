@@ -10,9 +10,9 @@ namespace
 // ---- VESA Display Information Extension Block Standard, release A: 128 bytes ----
 
 constexpr auto gsc_aoInterfaces =
-    Listed({ "analog", "DVI", "DVI single link", "DVI dual link, high resolution", "DVI dual link, high color",
-             "DVI consumer electronics", "Plug and Display", "DFP", "Open LDI single link", "Open LDI dual link",
-             "Open LDI consumer electronics" });
+    ListedTo(255, { "analog", "DVI", "DVI single link", "DVI dual link, high resolution", "DVI dual link, high color",
+                    "DVI consumer electronics", "Plug and Display", "DFP", "Open LDI single link", "Open LDI dual link",
+                    "Open LDI consumer electronics" });
 constexpr auto gsc_aoVersionKinds = Listed({ "not given", "version and release", "letter", "date" });
 constexpr auto gsc_aoPolarities = Listed({ "low", "high" });
 constexpr auto gsc_aoEdges = Listed({ "not given", "rising", "falling", "both" });
@@ -22,14 +22,17 @@ constexpr SMeaning gsc_aoDataFormats[] = {
     { 0x24, 0x24, "24-bit MSB-aligned RGB, single link" },
     { 0x48, 0x48, "48-bit MSB-aligned RGB, dual link, high resolution" },
     { 0x49, 0x49, "48-bit MSB-aligned RGB, dual link, high color" },
+    { 0x00, 0xFF, gsc_szReserved }, // all others
 };
+constexpr auto gsc_aoNoDataFormat = ListedTo(255, { "none" });
 constexpr SMeaning gsc_aoByteNotGiven[] = { { 0, 0, "not given" }, { 0xFF, 0xFF, gsc_szReserved } };
 constexpr SMeaning gsc_aoWordNotGiven[] = { { 0, 0, "not given" }, { 0xFFFF, 0xFFFF, gsc_szReserved } };
 constexpr SMeaning gsc_aoCrossovers[] = { { 0, 0, "not given" }, { 0xFFFF, 0xFFFF, "none, single link" } };
-constexpr auto gsc_aoLayouts = Listed(
-    { "not defined", "RGB", "BGR", "quad, green bottom left and top right", "quad, green bottom right and top left" });
-constexpr auto gsc_aoConfigurations = Listed({ "not defined", "delta (triad)", "stripe", "stripe offset", "quad" });
-constexpr auto gsc_aoShapes = Listed({ "not defined", "round", "square", "rectangular", "oval", "elliptical" });
+constexpr auto gsc_aoLayouts = ListedTo(255, { "not defined", "RGB", "BGR", "quad, green bottom left and top right",
+                                               "quad, green bottom right and top left" });
+constexpr auto gsc_aoConfigurations =
+    ListedTo(255, { "not defined", "delta (triad)", "stripe", "stripe offset", "quad" });
+constexpr auto gsc_aoShapes = ListedTo(255, { "not defined", "round", "square", "rectangular", "oval", "elliptical" });
 constexpr auto gsc_aoViewDirections = Listed({ "not given", "direct", "reflected", "both" });
 constexpr auto gsc_aoImplementations = Listed({ "not given", "large, for groups", "desktop or personal", "eyepiece" });
 constexpr auto gsc_aoStereo =
@@ -39,11 +42,11 @@ constexpr auto gsc_aoConversions =
     Listed({ "none", "vertical to one frequency", "horizontal to one frequency", "both" });
 constexpr auto gsc_aoOrientationTypes =
     Listed({ "not defined", "fixed", "pivots, default orientation", "pivots, current orientation" });
-constexpr auto gsc_aoDecodings = Listed(
-    { "not defined", "BGR", "Y/C NTSC", "Y/C PAL", "Y/C SECAM", "YCrCb 4:4:4 SMPTE 293M and 294M",
-      "YCrCb 4:2:2 SMPTE 293M and 294M", "YCrCb 4:2:0 SMPTE 293M and 294M", "YCrCb SMPTE 260M", "YPbPr SMPTE 240M",
-      "YCrCb SMPTE 274M", "YPbPr SMPTE 274M", "Y B-Y R-Y BetaCam", "Y B-Y R-Y M-2", "monochrome" });
-constexpr auto gsc_aoDecoders = Listed({ "default decoding", "BGR", "Y/C", "Yxx SMPTE 2xxM", "monochrome" });
+constexpr auto gsc_aoDecodings = ListedTo(
+    255, { "not defined", "BGR", "Y/C NTSC", "Y/C PAL", "Y/C SECAM", "YCrCb 4:4:4 SMPTE 293M and 294M",
+           "YCrCb 4:2:2 SMPTE 293M and 294M", "YCrCb 4:2:0 SMPTE 293M and 294M", "YCrCb SMPTE 260M", "YPbPr SMPTE 240M",
+           "YCrCb SMPTE 274M", "YPbPr SMPTE 274M", "Y B-Y R-Y BetaCam", "Y B-Y R-Y M-2", "monochrome" });
+constexpr auto gsc_aoDecoders = ListedTo(255, { "default decoding", "BGR", "Y/C", "Yxx SMPTE 2xxM", "monochrome" });
 constexpr auto gsc_aoCurves = Listed({ "none", "white curve", "three sub-channel curves", gsc_szReserved });
 
 unsigned int GetVersionKind(const CRecord& oBlock) { return oBlock.GetBits(0x03, 7, 6); }
@@ -57,18 +60,48 @@ bool HasWhiteCurve(const CRecord& oBlock) { return GetCurves(oBlock) == 1; }
 bool HasColourCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 2; }
 bool HasNoCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 0 || GetCurves(oBlock) == 3; }
 
+// Bytes 03h to 0Dh are those of a digital interface.
+bool IsAnalog(const CRecord& oBlock) { return oBlock.GetByte(0x02) == 0; }
+
+const char* CheckInterface(const CRecord& oBlock, unsigned int /*uiInterface*/)
+{
+    bool bSet = false;
+    for (unsigned int i = 0x03; i <= 0x0D; ++i)
+    {
+        bSet = bSet || oBlock.GetByte(i) != 0;
+    }
+    return IsAnalog(oBlock) && bSet ? "bytes 03h to 0Dh describe a digital interface" : nullptr;
+}
+
+const char* CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
+{
+    return uiClock != 0 ? CheckAtLeast(oBlock.GetByte(0x09), uiClock) : nullptr;
+}
+
+const char* CheckEntries(const CRecord& oBlock, unsigned int uiEntries)
+{
+    return HasWhiteCurve(oBlock)     ? CheckWithin<1, 45>(oBlock, uiEntries)
+           : HasColourCurves(oBlock) ? CheckWithin<1, 15>(oBlock, uiEntries)
+                                     : nullptr;
+}
+
+constexpr SRow DepthRow(unsigned int uiOffset, const char* pszName)
+{
+    return { Byte(uiOffset), pszName, Number("bits").With(gsc_aoZeroNotGiven), nullptr, CheckWithin<0, 16> };
+}
+
 constexpr SRow gsc_aoRows[] = {
     { Byte(0x01), "Version", Number().Expect(1, "only version 1 has this layout") },
-    { Byte(0x02), "Supported digital interface", Names(gsc_aoInterfaces) },
+    { Byte(0x02), "Supported digital interface", Names(gsc_aoInterfaces), nullptr, CheckInterface },
     { Bits(0x03, 7, 6), "Kind of interface version", Names(gsc_aoVersionKinds) },
     { Bits(0x03, 5, 0), "Version, whole", Number(), HasVersion },
-    { Byte(0x04), "Version, decimals", Number(), HasVersion },
+    { Byte(0x04), "Version, decimals", Number(), HasVersion, CheckWithin<0, 99> },
     { Byte(0x05), "Release, whole", Number(), HasVersion },
-    { Byte(0x06), "Release, decimals", Number(), HasVersion },
+    { Byte(0x06), "Release, decimals", Number(), HasVersion, CheckWithin<0, 99> },
     { Byte(0x04), "Letter", Text(), HasLetter },
     { Byte(0x04), "Year", Number().Times(1, 1990), HasDate },
-    { Byte(0x05), "Month", Number(), HasDate },
-    { Byte(0x06), "Day", Number(), HasDate },
+    { Byte(0x05), "Month", Number(), HasDate, CheckWithin<1, 12> },
+    { Byte(0x06), "Day", Number(), HasDate, CheckWithin<1, 31> },
     { Bits(0x03, 5, 0), "Reserved", Reserved(), IsNot<HasVersion> },
     { Run(0x04, 3), "Reserved", Reserved(), HasNothing },
     { Run(0x05, 2), "Reserved", Reserved(), HasLetter },
@@ -80,9 +113,11 @@ constexpr SRow gsc_aoRows[] = {
     { Bit(0x07, 2), "Double clocking of input data", Flag() },
     { Bit(0x07, 1), "Packetized digital video", Flag() },
     { Bit(0x07, 0), "Reserved", Reserved() },
-    { Byte(0x08), "Data format", Names(gsc_aoDataFormats) },
+    { Byte(0x08), "Data format", Names(gsc_aoDataFormats), IsNot<IsAnalog> },
+    { Byte(0x08), "Data format", Names(gsc_aoNoDataFormat), IsAnalog },
     { Byte(0x09), "Minimum pixel clock per link", Number("MHz").With(gsc_aoByteNotGiven) },
-    { Little16(0x0A), "Maximum pixel clock per link", Number("MHz").With(gsc_aoWordNotGiven) },
+    { Little16(0x0A), "Maximum pixel clock per link", Number("MHz").With(gsc_aoWordNotGiven), nullptr,
+      CheckMaximumClock },
     { Little16(0x0C), "Crossover frequency", Number("MHz").With(gsc_aoCrossovers) },
     { Byte(0x0E), "Sub-pixel layout", Names(gsc_aoLayouts) },
     { Byte(0x0F), "Sub-pixel configuration", Names(gsc_aoConfigurations) },
@@ -130,12 +165,12 @@ constexpr SRow gsc_aoRows[] = {
     { Bits(0x1E, 1, 0), "Reserved", Reserved() },
     { Bit(0x1F, 7), "Dithering", Flag() },
     { Bits(0x1F, 6, 0), "Reserved", Reserved() },
-    { Byte(0x20), "Color depth, sub-channel 0, blue", Number("bits").With(gsc_aoZeroNotGiven) },
-    { Byte(0x21), "Color depth, sub-channel 1, green", Number("bits").With(gsc_aoZeroNotGiven) },
-    { Byte(0x22), "Color depth, sub-channel 2, red", Number("bits").With(gsc_aoZeroNotGiven) },
-    { Byte(0x23), "Color depth, sub-channel 0, Cb/Pb", Number("bits").With(gsc_aoZeroNotGiven) },
-    { Byte(0x24), "Color depth, sub-channel 1, Y", Number("bits").With(gsc_aoZeroNotGiven) },
-    { Byte(0x25), "Color depth, sub-channel 2, Cr/Pr", Number("bits").With(gsc_aoZeroNotGiven) },
+    DepthRow(0x20, "Color depth, sub-channel 0, blue"),
+    DepthRow(0x21, "Color depth, sub-channel 1, green"),
+    DepthRow(0x22, "Color depth, sub-channel 2, red"),
+    DepthRow(0x23, "Color depth, sub-channel 0, Cb/Pb"),
+    DepthRow(0x24, "Color depth, sub-channel 1, Y"),
+    DepthRow(0x25, "Color depth, sub-channel 2, Cr/Pr"),
     { Bit(0x26, 7), "Aspect conversion: full", Flag() },
     { Bit(0x26, 6), "Aspect conversion: zoom", Flag() },
     { Bit(0x26, 5), "Aspect conversion: squeeze", Flag() },
@@ -143,7 +178,7 @@ constexpr SRow gsc_aoRows[] = {
     { Bits(0x26, 3, 0), "Reserved", Reserved() },
     { Run(0x27, 42), "Reserved", Reserved() },
     { Bits(0x51, 7, 6), "Transfer characteristics (gamma)", Names(gsc_aoCurves) },
-    { Bits(0x51, 5, 0), "Number of entries", Number() },
+    { Bits(0x51, 5, 0), "Number of entries", Number(), nullptr, CheckEntries },
     { Run(0x52, 45), "White curve", Bytes(), HasWhiteCurve },
     { Run(0x52, 15), "Sub-channel 0 (blue) curve", Bytes(), HasColourCurves },
     { Run(0x61, 15), "Sub-channel 1 (green) curve", Bytes(), HasColourCurves },

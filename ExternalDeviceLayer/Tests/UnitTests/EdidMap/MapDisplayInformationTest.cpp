@@ -126,6 +126,40 @@ TEST(MapDisplayInformation, VersionIsADate)
     ExpectSomeRows(MakeInformation("40 01 03 D2 17 0B 1D"), aoRows);
 }
 
+TEST(MapDisplayInformation, OutOfRange)
+{
+    constexpr const char* pszRange = "out of range";
+    const SRowCase aoVersion[] = { { "04", "Version, decimals", "100", pszRange },
+                                   { "06", "Release, decimals", "100", pszRange } };
+    ExpectSomeRows(MakeInformation("40 01 03 7F 64 FF 64"), aoVersion);
+    const SRowCase aoDate[] = { { "05", "Month", "13", pszRange }, { "06", "Day", "32", pszRange } };
+    ExpectSomeRows(MakeInformation("40 01 03 C0 17 0D 20"), aoDate);
+    const SRowCase aoDepth[] = { { "20", "Color depth, sub-channel 0, blue", "17 bits", pszRange },
+                                 { "25", "Color depth, sub-channel 2, Cr/Pr", "16 bits" } };
+    ExpectSomeRows(MakeInformation("40 01 03 ..32 11 00 00 00 00 10"), aoDepth);
+    const SRowCase aoWhite[] = { { "51.5-0", "Number of entries", "46", pszRange } };
+    ExpectSomeRows(MakeInformation("40 01 03 ..81 6E"), aoWhite);
+    const SRowCase aoColours[] = { { "51.5-0", "Number of entries", "16", pszRange } };
+    ExpectSomeRows(MakeInformation("40 01 03 ..81 90"), aoColours);
+}
+
+TEST(MapDisplayInformation, Contradictions)
+{
+    static constexpr SRowCase aoAnalog[] = {
+        { "02", "Supported digital interface", "analog", "bytes 03h to 0Dh describe a digital interface" },
+        { "08", "Data format", "none" },
+        { "0D 0C", "Crossover frequency", "256 MHz" },
+    };
+    ExpectSomeRows(MakeInformation("40 01 00 ..13 01"), aoAnalog);
+    static constexpr SRowCase aoPlainAnalog[] = { { "02", "Supported digital interface", "analog" } };
+    ExpectSomeRows(MakeInformation("40 01 00 ..14 01"), aoPlainAnalog);
+    static constexpr SRowCase aoClocks[] = {
+        { "09", "Minimum pixel clock per link", "25 MHz" },
+        { "0B 0A", "Maximum pixel clock per link", "24 MHz", "maximum is below the minimum" },
+    };
+    ExpectSomeRows(MakeInformation("40 01 03 ..9 19 18 00"), aoClocks);
+}
+
 TEST(MapDisplayInformation, NoVersion)
 {
     static constexpr SRowCase aoRows[] = {
@@ -186,10 +220,10 @@ TEST(MapDisplayInformation, UnusedBytes)
 TEST(MapDisplayInformation, Codes)
 {
     static constexpr SCodesCase aoCases[] = {
-        { "02", 0,
-          "analog|DVI|DVI single link|DVI dual link, high resolution|DVI dual link, high color|"
+        { "02", 1,
+          "DVI|DVI single link|DVI dual link, high resolution|DVI dual link, high color|"
           "DVI consumer electronics|Plug and Display|DFP|Open LDI single link|Open LDI dual link|"
-          "Open LDI consumer electronics" },
+          "Open LDI consumer electronics|reserved" },
         { "03.7-6", 0, "not given|version and release|letter|date" },
         { "07.6", 0, "low|high" },
         { "07.5-4", 0, "not given|rising|falling|both" },
@@ -198,15 +232,18 @@ TEST(MapDisplayInformation, Codes)
         { "08", 0x24, "24-bit MSB-aligned RGB, single link" },
         { "08", 0x48, "48-bit MSB-aligned RGB, dual link, high resolution" },
         { "08", 0x49, "48-bit MSB-aligned RGB, dual link, high color" },
+        { "08", 0, "reserved|reserved" },
         { "09", 0, "not given|1 MHz" },
         { "09", 0xFE, "254 MHz|reserved" },
         { "0B 0A", 0, "not given|1 MHz" },
         { "0B 0A", 0xFFFE, "65534 MHz|reserved" },
         { "0D 0C", 0, "not given|1 MHz" },
         { "0D 0C", 0xFFFE, "65534 MHz|none, single link" },
-        { "0E", 0, "not defined|RGB|BGR|quad, green bottom left and top right|quad, green bottom right and top left" },
-        { "0F", 0, "not defined|delta (triad)|stripe|stripe offset|quad" },
-        { "10", 0, "not defined|round|square|rectangular|oval|elliptical" },
+        { "0E", 0,
+          "not defined|RGB|BGR|quad, green bottom left and top right|"
+          "quad, green bottom right and top left|reserved" },
+        { "0F", 0, "not defined|delta (triad)|stripe|stripe offset|quad|reserved" },
+        { "10", 0, "not defined|round|square|rectangular|oval|elliptical|reserved" },
         { "11", 0, "not given|0.01 mm" },
         { "12", 0, "not given|0.01 mm" },
         { "13.6-5", 0, "not given|direct|reflected|both" },
@@ -226,8 +263,8 @@ TEST(MapDisplayInformation, Codes)
         { "1B", 0,
           "not defined|BGR|Y/C NTSC|Y/C PAL|Y/C SECAM|YCrCb 4:4:4 SMPTE 293M and 294M|"
           "YCrCb 4:2:2 SMPTE 293M and 294M|YCrCb 4:2:0 SMPTE 293M and 294M|YCrCb SMPTE 260M|YPbPr SMPTE 240M|"
-          "YCrCb SMPTE 274M|YPbPr SMPTE 274M|Y B-Y R-Y BetaCam|Y B-Y R-Y M-2|monochrome" },
-        { "1C", 0, "default decoding|BGR|Y/C|Yxx SMPTE 2xxM|monochrome" },
+          "YCrCb SMPTE 274M|YPbPr SMPTE 274M|Y B-Y R-Y BetaCam|Y B-Y R-Y M-2|monochrome|reserved" },
+        { "1C", 0, "default decoding|BGR|Y/C|Yxx SMPTE 2xxM|monochrome|reserved" },
         { "20", 0, "not given|1 bits" },
         { "21", 0, "not given|1 bits" },
         { "22", 0, "not given|1 bits" },

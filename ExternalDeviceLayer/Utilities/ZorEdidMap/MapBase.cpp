@@ -130,12 +130,24 @@ bool IsPortrait(const CRecord& oRecord)
            oRecord.GetByte(gsc_uiImageHeightOffset) != 0;
 }
 
+constexpr unsigned int gsc_uiRatioOffset = 99; // a ratio of 1.00 is stored as 1
+
 CMString FormatPortrait(const CRecord&, unsigned int uiValue)
 {
-    return "1 : " + FormatNumber(uiValue + 99LL, 2, nullptr);
+    return "1 : " + FormatNumber(uiValue + gsc_uiRatioOffset, 2, nullptr);
+}
+
+// Width to height, in 10^-4.
+long long ComputePortrait(const CRecord&, unsigned int uiValue)
+{
+    const long long llHeight = uiValue + gsc_uiRatioOffset; // hundredths of the width
+    return (2 * 1000000 + llHeight) / (2 * llHeight);
 }
 
 constexpr SMeaning gsc_aoSizes[] = { { 0, 0, "not known or variable" } };
+constexpr SMeaning gsc_aoWidthIsNone[] = { { 0, 0, "none, byte 16h is an aspect ratio" } };
+constexpr SMeaning gsc_aoHeightIsNone[] = { { 0, 0, "none, byte 15h is an aspect ratio" } };
+bool HasSizes(const CRecord& oRecord) { return !IsLandscape(oRecord) && !IsPortrait(oRecord); }
 
 constexpr auto gsc_aoColorTypes = Listed({ "monochrome or grayscale", "RGB color", "non-RGB color", "undefined" });
 constexpr auto gsc_aoEncodings = Listed({ "RGB 4:4:4", "RGB 4:4:4 and YCrCb 4:4:4", "RGB 4:4:4 and YCrCb 4:2:2",
@@ -146,12 +158,14 @@ const char* CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
 {
     constexpr unsigned char aui8Colors[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
     constexpr unsigned int uiColorsOffset = 0x19;
+    constexpr unsigned int uiGammaOffset = 0x17;
+    constexpr unsigned int uiGamma = 0x78; // 2.20
     if (uiValue != 0 && oRecord.GetSize() >= uiColorsOffset + sizeof(aui8Colors) &&
         memcmp(oRecord.GetData() + uiColorsOffset, aui8Colors, sizeof(aui8Colors)) != 0)
     {
         return "the chromaticities are not those of sRGB";
     }
-    return nullptr;
+    return uiValue != 0 && oRecord.GetByte(uiGammaOffset) != uiGamma ? "the gamma is not that of sRGB" : nullptr;
 }
 
 const char* CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
@@ -172,11 +186,13 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { Bit(0x14, 0), "DFP 1.x compatible", Flag(), IsDigital2To3 },
     { Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths), IsDigital4 }, // per primary color
     { Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces), IsDigital4 },
-    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), IsNot<IsLandscape> },
-    { Byte(0x15), "Aspect ratio, landscape", Number(": 1").Times(1, 99).Decimals(2), IsLandscape },
-    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), IsNot<IsPortrait> },
-    // The number is height / width.
-    { Byte(0x16), "Aspect ratio, portrait", Number().Times(1, 99).Decimals(2).Text(FormatPortrait), IsPortrait },
+    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), HasSizes },
+    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoWidthIsNone), IsPortrait },
+    { Byte(0x15), "Aspect ratio, landscape", Number(": 1").Times(1, gsc_uiRatioOffset).Decimals(2), IsLandscape },
+    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), HasSizes },
+    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoHeightIsNone), IsLandscape },
+    { Byte(0x16), "Aspect ratio, portrait", Number().Computed(ComputePortrait).Decimals(4).Text(FormatPortrait),
+      IsPortrait },
     { Byte(0x17), "Display transfer characteristic (gamma)", HundredthsFrom1().With(gsc_aoGammaNotHere) },
     { Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
     { Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
@@ -246,13 +262,23 @@ bool IsUnusedPair(const CRecord& oRecord)
     return oRecord.GetByte(0) == gsc_uiUnusedCode && oRecord.GetByte(1) == gsc_uiUnusedCode;
 }
 constexpr auto IsUsedPair = IsNot<IsUnusedPair>;
-bool IsSquarePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision < 3; }
-bool IsWidePair(const CRecord& oRecord) { return IsUsedPair(oRecord) && oRecord.GetFacts().m_uiRevision >= 3; }
+// ALWAYS: in images of all revisions.
+template <bool ALWAYS>
+bool IsWidePair(const CRecord& oRecord)
+{
+    return IsUsedPair(oRecord) && (ALWAYS || oRecord.GetFacts().m_uiRevision >= 3);
+}
+template <bool ALWAYS>
+bool IsSquarePair(const CRecord& oRecord)
+{
+    return IsUsedPair(oRecord) && !IsWidePair<ALWAYS>(oRecord);
+}
 
 constexpr SRatio gsc_aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } }; // by the code; 0 was 1:1 before 1.3
 constexpr auto gsc_aoAspects = Listed({ "16:10", "4:3", "5:4", "16:9" });
 constexpr auto gsc_aoOldAspects = Listed({ "1:1", "4:3", "5:4", "16:9" });
 
+template <bool ALWAYS>
 CMString FormatPair(const CRecord& oRecord)
 {
     constexpr unsigned int uiPixelsPerCode = 8;
@@ -269,16 +295,17 @@ CMString FormatPair(const CRecord& oRecord)
     const unsigned int uiPixels = oRecord.GetByte(0) * uiPixelsPerCode + uiFirstPixels;
     const unsigned int uiAspect = oRecord.GetBits(1, 7, 6);
     const SRatio& oRatio = gsc_aoRatios[uiAspect];
-    const bool bSquare = uiAspect == 0 && IsSquarePair(oRecord);
+    const bool bSquare = uiAspect == 0 && IsSquarePair<ALWAYS>(oRecord);
     const unsigned int uiLines = bSquare ? uiPixels : uiPixels * oRatio.m_uiHeight / oRatio.m_uiWidth;
     return ModeText({ uiPixels, uiLines, false, oRecord.GetBits(1, 5, 0) + uiFirstRate });
 }
 
+template <bool ALWAYS>
 constexpr SRow gsc_aoPairRows[] = {
     { Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
     { Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248), IsUsedPair, CheckReservedZero },
-    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair },
-    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair },
+    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },
+    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair<ALWAYS> },
     { Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
 };
 
@@ -357,6 +384,24 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
     }
 }
 
+// Images far from the screen, which has whole centimetres.
+void NoteSizes(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
+{
+    constexpr unsigned int uiMillimetres = 10;
+    constexpr unsigned int uiImageWidthOffset = 0x0C; // in a descriptor
+    const unsigned int uiWidth = oBlock.GetByte(gsc_uiImageWidthOffset) * uiMillimetres;
+    const unsigned int uiHeight = oBlock.GetByte(gsc_uiImageHeightOffset) * uiMillimetres;
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
+    {
+        if (IsDetailed(oBlock, i) && IsImageFarFrom(GetDescriptor(oBlock, i), uiWidth, uiHeight))
+        {
+            oWriter.AddNote(oWriter.FindLeaf(uiOffset + DescriptorOffset(i) + uiImageWidthOffset, 0),
+                            CZorEdidMap::eSeverity_Note,
+                            "the image size is far from the screen size in bytes 15h and 16h");
+        }
+    }
+}
+
 void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBlockField)
 {
     const bool bRange = HasDescriptor(oBlock, gsc_ui8TagRangeLimits);
@@ -415,8 +460,10 @@ bool HasHeader(const CRecord& oRecord)
     return true;
 }
 
-constinit const STable g_oStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows,
-                                                  FormatPair };
+constinit const STable g_oStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows<false>,
+                                                  FormatPair<false> };
+constinit const STable g_oVtbStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows<true>,
+                                                     FormatPair<true> };
 
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
@@ -439,6 +486,7 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
     {
         NoteDescriptors(oWriter, oBlock, auiFields);
         NoteRanges(oWriter, oBlock, auiFields);
+        NoteSizes(oWriter, oBlock, uiOffset);
         NoteMissing(oWriter, oBlock, uiField);
     }
     oWriter.AddLeaf(gsc_oExtensionCountRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);

@@ -49,3 +49,7 @@ SRangeLimits ReadRangeLimits(const CRecord& oRecord);
 // What of the timing lies beyond the limits, as a static text; null when nothing does. Limits are whole numbers: half a
 // unit beyond them is within.
 const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits);
+
+// Whether the image of the timing is more than a tenth larger than a screen of this size in mm, or less than half as
+// large. False where one of them is not given.
+bool IsImageFarFrom(const CRecord& oTiming, unsigned int uiWidth, unsigned int uiHeight);

@@ -3,6 +3,8 @@
 
 #include "MapBase.h"
 
+#include <algorithm>
+
 #include "EdidBaseLayout.h"
 #include "MapNames.h"
 #include "MapValue.h"
@@ -22,10 +24,10 @@ constexpr SPlace gsc_oHorizontalPorch = Split({ { 0x0B, 7, 6 }, { 0x08, 7, 0 } }
 constexpr SPlace gsc_oHorizontalSync = Split({ { 0x0B, 5, 4 }, { 0x09, 7, 0 } });
 constexpr SPlace gsc_oVerticalPorch = Split({ { 0x0B, 3, 2 }, { 0x0A, 7, 4 } });
 constexpr SPlace gsc_oVerticalSync = Split({ { 0x0B, 1, 0 }, { 0x0A, 3, 0 } });
+constexpr SPlace gsc_oImageWidth = Split({ { 0x0E, 7, 4 }, { 0x0C, 7, 0 } });
+constexpr SPlace gsc_oImageHeight = Split({ { 0x0E, 3, 0 }, { 0x0D, 7, 0 } });
 constexpr unsigned int gsc_uiFlagsOffset = 0x11;
 constexpr unsigned int gsc_uiInterlacedBit = 7;
-constexpr char gsc_szNoPorch[] = "no front porch";
-
 bool IsAnalogSync(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) < 2; }
 bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 2; }
 bool IsDigitalSeparate(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 3; }
@@ -50,17 +52,19 @@ const char* CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
 const char* CheckSync(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "no sync pulse" : nullptr; }
 
 // Allowed, but some receivers lose the picture without one.
-void NoteFrontPorches(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
+const char* CheckPorch(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "no front porch" : nullptr; }
+
+// Of televisions: 16 by 9 and 4 by 3 mm.
+bool IsRatio(const CRecord& oRecord)
 {
-    constexpr unsigned int uiHighBit = 7;
-    if (oRecord.Get(gsc_oHorizontalPorch) == 0)
-    {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + 0x08, uiHighBit), CZorEdidMap::eSeverity_Note, gsc_szNoPorch);
-    }
-    if (oRecord.Get(gsc_oVerticalPorch) == 0)
-    {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + 0x0A, uiHighBit), CZorEdidMap::eSeverity_Note, gsc_szNoPorch);
-    }
+    const unsigned int uiWidth = oRecord.Get(gsc_oImageWidth);
+    const unsigned int uiHeight = oRecord.Get(gsc_oImageHeight);
+    return (uiWidth == 16 && uiHeight == 9) || (uiWidth == 4 && uiHeight == 3);
+}
+
+const char* CheckImageSize(const CRecord& oRecord, unsigned int)
+{
+    return IsRatio(oRecord) ? "an aspect ratio, no size" : nullptr;
 }
 
 constexpr unsigned int gsc_uiHzPerClock = 10000;
@@ -107,14 +111,13 @@ constexpr SRow gsc_aoDetailedRows[] = {
     { gsc_oHorizontalBlanking, "Horizontal blanking", Number("pixels"), nullptr, CheckHorizontalBlanking },
     { gsc_oHeight, "Vertical addressable video", Number("lines"), nullptr, CheckNotZero },
     { gsc_oVerticalBlanking, "Vertical blanking", Number("lines"), nullptr, CheckVerticalBlanking },
-    { gsc_oHorizontalPorch, "Horizontal front porch", Number("pixels") },
+    { gsc_oHorizontalPorch, "Horizontal front porch", Number("pixels").NoteOnly(), nullptr, CheckPorch },
     { gsc_oHorizontalSync, "Horizontal sync pulse width", Number("pixels"), nullptr, CheckSync },
-    { gsc_oVerticalPorch, "Vertical front porch", Number("lines") },
+    { gsc_oVerticalPorch, "Vertical front porch", Number("lines").NoteOnly(), nullptr, CheckPorch },
     { gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr, CheckSync },
-    { Split({ { 0x0E, 7, 4 }, { 0x0C, 7, 0 } }), "Horizontal addressable video image size",
-      Number("mm").With(gsc_aoZeroNotGiven) },
-    { Split({ { 0x0E, 3, 0 }, { 0x0D, 7, 0 } }), "Vertical addressable video image size",
-      Number("mm").With(gsc_aoZeroNotGiven) },
+    { gsc_oImageWidth, "Horizontal addressable video image size", Number("mm").With(gsc_aoZeroNotGiven).NoteOnly(),
+      nullptr, CheckImageSize },
+    { gsc_oImageHeight, "Vertical addressable video image size", Number("mm").With(gsc_aoZeroNotGiven) },
     { Byte(0x0F), "Horizontal border", Number("pixels") }, // each side
     { Byte(0x10), "Vertical border", Number("lines") },    // top and bottom each
     { Bit(0x11, gsc_uiInterlacedBit), "Signal interface type", Flag(gsc_aoScan) },
@@ -163,7 +166,7 @@ constexpr STable gsc_oSerialTable = { "Display product serial number", CZorEdidM
 constexpr STable gsc_oStringTable = { "Alphanumeric data string", CZorEdidMap::eArea_Identity, {}, FormatText };
 constexpr STable gsc_oNameTable = { "Display product name", CZorEdidMap::eArea_Identity, {}, FormatText };
 
-// Of the text alone. One that fills its 13 bytes needs no line feed.
+// Of the text alone. One that fills its 13 bytes needs no line feed and may end with a blank; more blanks are padding.
 const char* CheckText(const CRecord& oRecord, unsigned int)
 {
     for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
@@ -173,8 +176,8 @@ const char* CheckText(const CRecord& oRecord, unsigned int)
             return "control characters in the text";
         }
     }
-    const bool bPadded = oRecord.GetByte(oRecord.GetSize() - 1) == ' ';
-    return bPadded && oRecord.GetSize() == gsc_uiTextLength ? gsc_szLineFeed : nullptr;
+    const bool bPadded = oRecord.GetByte(gsc_uiTextLength - 1) == ' ' && oRecord.GetByte(gsc_uiTextLength - 2) == ' ';
+    return bPadded ? gsc_szLineFeed : nullptr;
 }
 
 constexpr SRow gsc_oTextRow = { RunToEnd(0), "Text", Text(), nullptr, CheckText };
@@ -186,7 +189,12 @@ void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
     const unsigned int uiText = uiOffset + gsc_uiContentsOffset;
     const unsigned int uiLength = GetTextLength(oRecord);
     const unsigned int uiEnd = uiOffset + gsc_uiMapDescriptorSize;
-    oWriter.AddLeaf(gsc_oTextRow, CZorEdidMap::eArea_Identity, uiText, uiLength);
+    const unsigned int uiField = oWriter.AddLeaf(gsc_oTextRow, CZorEdidMap::eArea_Identity, uiText, uiLength);
+    const unsigned char* pui8Text = oRecord.GetData() + gsc_uiContentsOffset;
+    if (std::any_of(pui8Text, pui8Text + uiLength, [](unsigned int uiOne) { return uiOne >= gsc_uiFirstBehindAscii; }))
+    {
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Note, "characters beyond ASCII in the text");
+    }
     if (uiLength < gsc_uiTextLength)
     {
         oWriter.AddLeaf(gsc_oLineFeedRow, CZorEdidMap::eArea_Unused, uiText + uiLength, 1);
@@ -347,17 +355,23 @@ constexpr STable gsc_oRangeTable = { "Display range limits", CZorEdidMap::eArea_
 
 bool IsPointUsed(const CRecord& oRecord) { return oRecord.GetByte(0) != 0; }
 
+constexpr SMeaning gsc_aoPointReserved[] = { { 0, 0, gsc_szReserved } };
 constexpr SMeaning gsc_aoPointUnused[] = { { 0, 0, "unused" } };
 
-constexpr SRow gsc_aoPointRows[] = {
-    { Byte(0), "White point index number", Number().With(gsc_aoPointUnused) },
-    { Bits(1, 7, 4), "Reserved", Reserved(), IsPointUsed },
-    { Split({ { 2, 7, 0 }, { 1, 3, 2 } }), "White x", Chromaticity(), IsPointUsed },
-    { Split({ { 3, 7, 0 }, { 1, 1, 0 } }), "White y", Chromaticity(), IsPointUsed },
-    { Byte(4), "White gamma", HundredthsFrom1().With(gsc_aoGammaNotHere), IsPointUsed },
-    { Run(1, 4), "Unused", Reserved(), IsNot<IsPointUsed> },
-};
-constexpr STable gsc_oPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoPointRows };
+constexpr auto PointRows(std::span<const SMeaning> aoIndexes, bool (*pfnUsed)(const CRecord&))
+{
+    return std::to_array<SRow>({
+        { Byte(0), "White point index number", Number().With(aoIndexes) },
+        { Bits(1, 7, 4), "Reserved", Reserved(), pfnUsed },
+        { Split({ { 2, 7, 0 }, { 1, 3, 2 } }), "White x", Chromaticity(), pfnUsed },
+        { Split({ { 3, 7, 0 }, { 1, 1, 0 } }), "White y", Chromaticity(), pfnUsed },
+        { Byte(4), "White gamma", HundredthsFrom1().With(gsc_aoGammaNotHere), pfnUsed },
+    });
+}
+constexpr auto gsc_aoFirstPointRows = PointRows(gsc_aoPointReserved, nullptr);
+constexpr auto gsc_aoSecondPointRows = PointRows(gsc_aoPointUnused, IsPointUsed);
+constexpr STable gsc_oFirstPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoFirstPointRows };
+constexpr STable gsc_oSecondPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoSecondPointRows };
 
 constexpr SRow gsc_aoColorPointRows[] = {
     { Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
@@ -540,7 +554,8 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
 
 // ---- By tag ----
 
-// A descriptor with records of one kind has their table, place and number; one with a text, neither.
+// A descriptor with records of one kind has their table, place and number, and a table of its own for a first one that
+// differs; one with a text has none of them.
 struct SDescriptor
 {
     SMeaning m_oKey; // tags
@@ -550,6 +565,7 @@ struct SDescriptor
     unsigned int m_uiItemSize = 0;
     unsigned int m_uiItems = 0;
     bool m_bText = false;
+    const STable* m_poFirst = nullptr;
 };
 
 // E-EDID table 3.23
@@ -563,7 +579,8 @@ constexpr SDescriptor gsc_aoDescriptors[] = {
     { { 0xF9, 0xF9, "display color management data" }, &gsc_oManagementTable },
     { { 0xFA, 0xFA, "standard timing identifications" },
       &gsc_oPairsTable, &g_oStandardTimingTable, 0x05, gsc_uiStandardTimingSize, 6 },
-    { { 0xFB, 0xFB, "color point data" }, &gsc_oColorPointTable, &gsc_oPointTable, 0x05, 5, 2 },
+    { { 0xFB, 0xFB, "color point data" },
+      &gsc_oColorPointTable, &gsc_oSecondPointTable, 0x05, 5, 2, false, &gsc_oFirstPointTable },
     { { 0xFC, 0xFC, "display product name" }, &gsc_oNameTable, nullptr, 0, 0, 0, true },
     { { 0xFD, 0xFD, "display range limits" }, &gsc_oRangeTable },
     { { 0xFE, 0xFE, "alphanumeric data string" }, &gsc_oStringTable, nullptr, 0, 0, 0, true },
@@ -590,13 +607,30 @@ bool HasReservedByte4(const CRecord& oRecord)
     return oRecord.GetByte(gsc_uiTagOffset) != gsc_ui8TagRangeLimits || IsBefore4(oRecord);
 }
 
+// Established timings III, CVT codes and color management came with 1.4.
+const char* CheckTag(const CRecord& oRecord, unsigned int uiTag)
+{
+    return IsBefore4(oRecord) && uiTag >= 0xF7 && uiTag <= 0xF9 ? "defined from 1.4 on" : nullptr;
+}
+
 constexpr SRow gsc_aoHeadRows[] = {
     { Run(0x00, 2), "Display descriptor indicator", Bytes() },
     { Byte(0x02), "Reserved", Reserved() },
-    { Byte(0x03), "Display descriptor tag", Names(gsc_aoTags) },
+    { Byte(0x03), "Display descriptor tag", Names(gsc_aoTags).NoteOnly(), nullptr, CheckTag },
     { Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
 };
 constexpr STable gsc_oHeadTable = { "Display descriptor", CZorEdidMap::eArea_Structure, gsc_aoHeadRows };
+
+void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int uiOffset)
+{
+    for (unsigned int i = 0; i < oDescriptor.m_uiItems; ++i)
+    {
+        const bool bFirst = i == 0 && oDescriptor.m_poFirst != nullptr;
+        oWriter.AddRecord(bFirst ? *oDescriptor.m_poFirst : *oDescriptor.m_poItems,
+                          uiOffset + oDescriptor.m_uiItemsOffset + i * oDescriptor.m_uiItemSize,
+                          oDescriptor.m_uiItemSize);
+    }
+}
 } // namespace
 
 constinit const STable g_oDetailedTimingTable = { "Detailed timing", CZorEdidMap::eArea_Timing, gsc_aoDetailedRows,
@@ -644,6 +678,17 @@ const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimi
                : nullptr;
 }
 
+bool IsImageFarFrom(const CRecord& oTiming, unsigned int uiWidth, unsigned int uiHeight)
+{
+    const auto fnIsFar = [](unsigned int uiImage, unsigned int uiScreen) {
+        return uiImage * 10 > uiScreen * 11 || uiImage * 2 < uiScreen;
+    };
+    const unsigned int uiImageWidth = oTiming.Get(gsc_oImageWidth);
+    const unsigned int uiImageHeight = oTiming.Get(gsc_oImageHeight);
+    const bool bGiven = uiImageWidth != 0 && uiImageHeight != 0 && uiWidth != 0 && uiHeight != 0;
+    return bGiven && !IsRatio(oTiming) && (fnIsFar(uiImageWidth, uiWidth) || fnIsFar(uiImageHeight, uiHeight));
+}
+
 unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
 {
     const CRecord oRecord = oWriter.GetRecord(uiOffset, gsc_uiMapDescriptorSize);
@@ -653,9 +698,7 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
     }
     if (oRecord.Get(gsc_oClock) != 0)
     {
-        const unsigned int uiField = oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize);
-        NoteFrontPorches(oWriter, oRecord, uiOffset);
-        return uiField;
+        return oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize);
     }
     const SDescriptor& oDescriptor = FindDescriptor(oRecord.GetByte(gsc_uiTagOffset));
     const unsigned int uiField = oWriter.BeginGroup(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize);
@@ -665,11 +708,7 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
         AddText(oWriter, oRecord, uiOffset);
     }
     oWriter.AddRows(*oDescriptor.m_poTable, uiOffset, gsc_uiMapDescriptorSize);
-    if (oDescriptor.m_poItems != nullptr)
-    {
-        oWriter.AddItems(*oDescriptor.m_poItems, uiOffset + oDescriptor.m_uiItemsOffset,
-                         oDescriptor.m_uiItemSize * oDescriptor.m_uiItems, oDescriptor.m_uiItemSize);
-    }
+    AddItems(oWriter, oDescriptor, uiOffset);
     oWriter.EndGroup();
     return uiField;
 }

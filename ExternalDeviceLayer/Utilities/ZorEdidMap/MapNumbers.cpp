@@ -56,10 +56,16 @@ private:
 
 // ---- Base block ----
 
-// The library takes these pairs as the modes of 480 and 768 lines, which standard timings have no numbers for.
-const char* GetOtherSize(const unsigned char* pui8Pair)
+// The library takes these pairs as the modes of 480 and 768 lines, which standard timings have no numbers for, and
+// aspect ratio 0 as 16:10 in images of all revisions.
+const char* GetOtherSize(unsigned int uiRevision, const unsigned char* pui8Pair)
 {
     constexpr unsigned char ui8Wide60 = 0xC0; // 16:9 at 60 Hz
+    constexpr unsigned int uiFirstWithout1To1 = 3;
+    if (uiRevision < uiFirstWithout1To1 && pui8Pair[1] >> 6 == 0)
+    {
+        return "the library lists it as 16:10";
+    }
     if (pui8Pair[1] != ui8Wide60)
     {
         return nullptr;
@@ -91,7 +97,7 @@ void CNumbers::Add(const CEdidBase& oBase)
             const unsigned int uiOffset = EdidBaseLayout::gsc_uiStandardsOffset + i * uiPairSize;
             const unsigned int uiField = m_oWriter.FindField(uiOffset, uiPairSize);
             m_oWriter.SetTiming(uiField, CZorEdidMap::eList_Standard, m_uiStandard++);
-            if (const char* pszOther = GetOtherSize(oBase.GetBaseBlock() + uiOffset))
+            if (const char* pszOther = GetOtherSize(m_oWriter.GetFacts().m_uiRevision, oBase.GetBaseBlock() + uiOffset))
             {
                 m_oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Note, pszOther);
             }

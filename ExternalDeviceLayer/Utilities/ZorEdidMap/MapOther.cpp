@@ -26,30 +26,36 @@ constexpr SPlace gsc_oVtbStandard = Byte(4);
 
 constexpr char gsc_szTooMany[] = "the timings take more than the block has";
 
-const char* CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
+// A list that begins behind uiBefore bytes of lists. One that begins behind the block says nothing: it was said before.
+const char* CheckVtbList(unsigned int uiBefore, unsigned int uiBytes)
 {
-    return uiDetailed * gsc_uiMapDescriptorSize > gsc_uiVtbListsSize ? gsc_szTooMany : nullptr;
+    return uiBefore <= gsc_uiVtbListsSize && uiBefore + uiBytes > gsc_uiVtbListsSize ? gsc_szTooMany : nullptr;
 }
 
-const char* CheckVtbLists(const CRecord& oBlock, unsigned int uiStandard)
+const char* CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
 {
-    if (CheckVtbDetailed(oBlock, oBlock.Get(gsc_oVtbDetailed)) != nullptr)
-    {
-        return nullptr; // said there
-    }
-    return oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize + oBlock.Get(gsc_oVtbCvt) * gsc_uiCvtCodeSize +
-                       uiStandard * gsc_uiStandardTimingSize >
-                   gsc_uiVtbListsSize
-               ? gsc_szTooMany
-               : nullptr;
+    return CheckVtbList(0, uiDetailed * gsc_uiMapDescriptorSize);
+}
+
+const char* CheckVtbCvt(const CRecord& oBlock, unsigned int uiCodes)
+{
+    return CheckVtbList(oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize, uiCodes * gsc_uiCvtCodeSize);
+}
+
+const char* CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
+{
+    return CheckVtbList(oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize +
+                            oBlock.Get(gsc_oVtbCvt) * gsc_uiCvtCodeSize,
+                        uiStandard * gsc_uiStandardTimingSize);
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
     { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
     { gsc_oVtbDetailed, "Number of detailed timings", Number(), nullptr, CheckVtbDetailed },
-    { gsc_oVtbCvt, "Number of CVT timing codes", Number() },
-    { gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbLists },
+    { gsc_oVtbCvt, "Number of CVT timing codes", Number(), nullptr, CheckVtbCvt },
+    { gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbStandard },
 };
+constexpr SRow gsc_oVtbCutRow = { RunToEnd(0), "Timing, cut short", Unknown() };
 constexpr STable gsc_oVtbTable = { "Video timing block", eArea_Structure, gsc_aoVtbRows };
 
 void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
@@ -62,11 +68,15 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
         const unsigned int uiFit = uiAt < uiEnd ? (uiEnd - uiAt) / uiSize : 0;
         const unsigned int uiBytes = std::min(oBlock.Get(oCount), uiFit) * uiSize;
         oWriter.AddItems(oTable, uiOffset + uiAt, uiBytes, uiSize);
+        if (oBlock.Get(oCount) > uiFit && uiAt + uiBytes < uiEnd)
+        {
+            oWriter.AddLeaf(gsc_oVtbCutRow, eArea_Unused, uiOffset + uiAt + uiBytes, uiEnd - uiAt - uiBytes);
+        }
         uiAt += oBlock.Get(oCount) * uiSize;
     };
     fnAddList(g_oDetailedTimingTable, gsc_oVtbDetailed, gsc_uiMapDescriptorSize);
     fnAddList(g_oCvtCodeTable, gsc_oVtbCvt, gsc_uiCvtCodeSize);
-    fnAddList(g_oStandardTimingTable, gsc_oVtbStandard, gsc_uiStandardTimingSize);
+    fnAddList(g_oVtbStandardTimingTable, gsc_oVtbStandard, gsc_uiStandardTimingSize);
 }
 
 // ---- Block map, E-EDID 1.4: the tags of the blocks behind it. Block 1 has those of blocks 2 to 127, block 128
@@ -74,16 +84,39 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 
 constexpr SRow gsc_oMapTagRow = { Byte(0), "Tag of block", MakeForm(CMap::eKind_Name) };
 
+// The number of a block in its EDID: a file may hold several, one behind the other.
+unsigned int GetPlace(const CMapWriter& oWriter, unsigned int uiOffset)
+{
+    unsigned int uiPlace = 0;
+    while (uiPlace * CMapWriter::msc_uiBlockSize < uiOffset &&
+           !HasHeader(oWriter.GetRecord(uiOffset - uiPlace * CMapWriter::msc_uiBlockSize, CMapWriter::msc_uiBlockSize)))
+    {
+        ++uiPlace;
+    }
+    return uiPlace;
+}
+
 void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const unsigned int uiBlock = uiOffset / CMapWriter::msc_uiBlockSize;
+    const unsigned int uiPlace = GetPlace(oWriter, uiOffset);
+    const bool bPlaced = uiPlace == 1 || uiPlace == 128;
+    if (!bPlaced)
+    {
+        oWriter.AddNote(oWriter.FindField(uiOffset, uiLength), CMap::eSeverity_Warning,
+                        "a block map is block 1 or block 128");
+    }
     for (unsigned int i = 1; i < std::min(uiLength, gsc_uiChecksumOffset); ++i)
     {
         const unsigned int uiTag = oWriter.GetByte(uiOffset + i);
         const unsigned int uiField = oWriter.AddLeaf(gsc_oMapTagRow, eArea_Structure, uiOffset + i, 1);
-        oWriter.SetIndex(uiField, uiBlock + i);
         oWriter.SetMeaning(uiField,
                            uiTag == 0 ? "no block" : FindMeaning(g_oExtensionTagRow.m_oForm.m_aoMeanings, uiTag));
+        if (!bPlaced)
+        {
+            continue; // whose tags they are is not known
+        }
+        oWriter.SetIndex(uiField, uiBlock + i);
         // A block that is not there reads as 0.
         if (uiTag != oWriter.GetByte(uiOffset + i * CMapWriter::msc_uiBlockSize))
         {
@@ -114,16 +147,22 @@ constexpr SPlace gsc_oLanguage = Split({ { 4, 6, 0 }, { 5, 7, 0 } });
 bool IsUtf8(const CRecord& oStringTable) { return oStringTable.GetBits(1, 2, 0) == 0; }
 
 // Three letters of five bits, 1 is A.
-CMString LanguageText(const CRecord& /*oStringTable*/, unsigned int uiLetters)
+CMString LanguageText(const CRecord& /*oStringTable*/, unsigned int uiValue)
 {
     constexpr char cBefore = 'A' - 1;
+    constexpr unsigned int uiLetters = 26;
     CMString sText;
     for (unsigned int uiShift = 15; uiShift != 0; uiShift -= 5)
     {
-        const unsigned int uiLetter = (uiLetters >> (uiShift - 5)) & 0x1F;
-        sText += uiLetter == 0 ? ' ' : static_cast<char>(cBefore + uiLetter);
+        const unsigned int uiLetter = (uiValue >> (uiShift - 5)) & 0x1F;
+        sText += uiLetter == 0 ? ' ' : uiLetter > uiLetters ? '?' : static_cast<char>(cBefore + uiLetter);
     }
     return sText;
+}
+
+const char* CheckLanguage(const CRecord& oStringTable, unsigned int uiValue)
+{
+    return LanguageText(oStringTable, uiValue).Find('?', 0) >= 0 ? "not three letters" : nullptr;
 }
 
 constexpr SRow gsc_aoStringTableRows[] = {
@@ -133,7 +172,7 @@ constexpr SRow gsc_aoStringTableRows[] = {
     { Bits(2, 7, 6), "Reserved", Reserved() },
     { Split({ { 2, 5, 0 }, { 3, 7, 0 } }), "Country code, ISO 3166", Number() },
     { Bit(4, 7), "Reserved", Reserved() },
-    { gsc_oLanguage, "Language code", Number().Text(LanguageText) },
+    { gsc_oLanguage, "Language code", Number().Text(LanguageText), nullptr, CheckLanguage },
 };
 
 // "ENG"

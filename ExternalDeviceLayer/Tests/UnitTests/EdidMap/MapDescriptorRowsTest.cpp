@@ -21,7 +21,8 @@ TEST(MapDescriptorRows, DetailedTiming)
         { "0B.5-4 09", "Horizontal sync pulse width", "599 pixels" },
         { "0B.3-2 0A.7-4", "Vertical front porch", "4 lines" },
         { "0B.1-0 0A.3-0", "Vertical sync pulse width", "22 lines" },
-        { "0E.7-4 0C", "Horizontal addressable video image size", "653 mm" },
+        { "0E.7-4 0C", "Horizontal addressable video image size", "653 mm",
+          "the image size is far from the screen size in bytes 15h and 16h" },
         { "0E.3-0 0D", "Vertical addressable video image size", "3198 mm" },
         { "0F", "Horizontal border", "5 pixels" },
         { "10", "Vertical border", "9 lines" },
@@ -318,7 +319,7 @@ TEST(MapDescriptorRows, ColorPoints)
     static constexpr SRowCase aoOne[] = {
         { "05", "White point index number", "3" },
         { "0A", "White point index number", "unused" },
-        { "0B-0E", "Unused", "67 4b 62 8c", gsc_szSet },
+        { "0B-0E", "Reserved", "67 4b 62 8c", gsc_szSet },
     };
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "00 00 00 FB 5A 03 A9 50 54 78 00 67 4B 62 8C 0B 21 20"),
                    aoOne);

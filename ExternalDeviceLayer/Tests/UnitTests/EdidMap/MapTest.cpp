@@ -194,6 +194,21 @@ TEST_F(Map, BlocksAsCounted)
               GetNotes(oMap, FindPlace(oMap, "^180.0")));
 }
 
+// A map elsewhere says so once; those of block 1 are compared tag by tag.
+TEST_F(Map, BlockMapIsBlock1)
+{
+    const CBytes aui8Map = ParseBytes("F0 70 70 ..128");
+    CZorEdidMap oMap;
+    ReadExact(oMap, FixChecksums(MakeEdid({ MakeCeaBlock(), aui8Map, aui8Map })));
+    EXPECT_EQ("a block map is block 1 or block 128", GetNotes(oMap, FindPlace(oMap, "^100.0")));
+    EXPECT_EQ("", GetNotes(oMap, FindPlace(oMap, "101.0")));
+    ReadExact(oMap, Join({ MakeEdid({}), MakeEdid({ aui8Map, aui8Map }) }));
+    EXPECT_EQ("not counted by the number of extension blocks", GetNotes(oMap, FindPlace(oMap, "^100.0")));
+    ReadExact(oMap, FixChecksums(MakeEdid({ aui8Map, aui8Map })));
+    EXPECT_EQ("", GetNotes(oMap, FindPlace(oMap, "^80.0")));
+    EXPECT_EQ("the block has another tag", GetNotes(oMap, FindPlace(oMap, "81.0")));
+}
+
 // HDMI's own count, of 2 blocks where byte 126 says 1.
 TEST_F(Map, BlocksAsCountedByAnOverride)
 {
@@ -228,6 +243,15 @@ TEST_F(Map, BlocksAsCountedByAnOverride)
 }
 
 // ---- Numbers ----
+
+// Width to height: 100 / 178.
+TEST_F(Map, PortraitRatio)
+{
+    CZorEdidMap oMap;
+    ReadExact(oMap, Change(MakeEdid({}), "@15 00 4F"));
+    const CZorEdidMap::SField& oField = oMap.GetField(FindPlace(oMap, "16.0"));
+    EXPECT_EQ(std::make_pair(5618LL, 4U), std::make_pair(oField.m_llNumber, oField.m_uiDecimals));
+}
 
 // "1920 x 1080i @ 60 Hz" and "1920x1080i 59.94/60 Hz 16:9" begin with the size of the timing.
 bool HasSize(std::string sText, const CVidParamTimingGeneric& oTiming)

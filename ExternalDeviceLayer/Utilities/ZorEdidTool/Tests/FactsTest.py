@@ -60,7 +60,7 @@ def display_id(data, version=0x12, length=None, product=0, extensions=0):
 
 # A DisplayID Type I timing: 1920 x 1080, totals 2200 x 1125, 148.5 MHz, all fields minus 1.
 TYPE1 = bytes.fromhex("013a00007f0717015700 2b00 3704 2c00 0300 0400".replace(" ", ""))
-TILE = bytes.fromhex("120016" "82" "10" "00" "00" "7f07" "3704" + "00" * 14)
+TILE = bytes.fromhex("120016" "82" "10" "00" "00" "7f07" "3704" + "00" * 5 + "414243" + "00" * 6)
 SECOND_TIMING = MONITOR[0xB4:0xC6].hex()  # 1280 x 720 at 60
 
 
@@ -398,6 +398,8 @@ class CheckTest(ToolTest):
         override = bytes.fromhex("02030700" "e2" "7802")
         behind = bytes.fromhex("02030900" "4110" "e27802")
         override_name = "HDMI Forum EDID extension override data block"
+        wide = [f"block 0 offset {place}: note: the library lists it as 16:10"  # before 1.3 it is 1:1
+                for place in ("0x2e (Standard timing 4)", "0x30 (Standard timing 5)")]
         for name, image, lines in [
             ("nothing", MONITOR, []),
             ("header", change({0: "01", 8: "0000"}), [
@@ -430,10 +432,10 @@ class CheckTest(ToolTest):
                 f"most {THIS_YEAR + 1}"]),
             ("version", change({0x12: "0200"}), [
                 "block 0 offset 0x12 (EDID structure version and revision > Version number): warning: only version 1 "
-                "has this layout: found 2"]),
+                "has this layout: found 2"] + wide),
             ("no preferred mode declared", change({0x13: "02", 0x18: "28"}), [
                 "block 0 offset 0x18 (Basic display parameters and features): note: preferred mode: found none "
-                "declared, expected one, which the text reports need"]),
+                "declared, expected one, which the text reports need"] + wide),
             ("no clock", change({0x36: "0000"}), [
                 "block 0 offset 0x36 (Reserved descriptor > Display descriptor indicator): error: preferred mode: "
                 "found no detailed timing, expected one in the first descriptor",

@@ -3,6 +3,7 @@
 #include "MapReference.h"
 
 #include <fstream>
+#include <map>
 #include <regex>
 
 namespace
@@ -43,7 +44,8 @@ std::vector<CLine> ReadLines(const std::string& sName)
 
 std::vector<std::vector<std::string>> FindAll(const std::string& sText, const char* pszPattern)
 {
-    const std::regex oPattern(pszPattern);
+    static std::map<std::string, std::regex> s_oPatterns; // to make one takes longer than to use it
+    const std::regex& oPattern = s_oPatterns.try_emplace(pszPattern, pszPattern).first->second;
     std::vector<std::vector<std::string>> aasFound;
     for (std::sregex_iterator itFound(sText.begin(), sText.end(), oPattern); itFound != std::sregex_iterator();
          ++itFound)

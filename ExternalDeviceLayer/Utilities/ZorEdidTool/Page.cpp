@@ -25,28 +25,43 @@ struct SPageOptions
 struct SPart
 {
     const char* m_pszId;
-    const char* m_pszName;
+    const char* m_pszName; // in the list of links
+    const char* m_pszTitle;
+    CHtml (*m_pfnMake)(const SPage&);
 };
 
-// The sections in their order, for the list of links at the top.
+// The sections in their order. One without content is left out.
 constexpr SPart gsc_aoParts[] = {
-    { "monitor", "What it is" }, { "findings", "Findings" }, { "differences", "What differs" },
-    { "bytes", "Bytes" },        { "timings", "Timings" },   { "modes", "Modes" },
-    { "colour", "Colour" },
+    { "monitor", "What it is", "What it is", MakeHead },
+    { "findings", "Findings", "Findings", MakeFindings },
+    { "differences", "What differs", "What differs", MakeDifferences },
+    { "bytes", "Bytes", "Bytes and fields", MakeBytes },
+    { "timings", "Timings", "Timings", MakeTimings },
+    { "modes", "Modes", "Modes over their rates", MakeModePlots },
+    { "colour", "Colour", "Colour", MakeColours },
 };
 
-CHtml MakeLinks(const CHtml& oContent)
+// The links to the sections, and then these.
+CHtml MakeSections(const SPage& oPage)
 {
-    CHtml oHtml;
-    oHtml << "<nav aria-label=\"Sections\"><ul>";
+    CHtml oLinks;
+    CHtml oSections;
     for (const SPart& oPart : gsc_aoParts)
     {
-        if (oContent.Get().find(std::string("<section id=\"") + oPart.m_pszId) != std::string::npos)
+        const CHtml oContent = oPart.m_pfnMake(oPage);
+        if (!oContent.IsEmpty())
         {
-            oHtml << "<li><a href=\"#" << SText{ oPart.m_pszId } << "\">" << SText{ oPart.m_pszName } << "</a></li>";
+            const SText oId = { oPart.m_pszId };
+            oLinks << "<li><a href=\"#" << oId << "\">" << SText{ oPart.m_pszName } << "</a></li>";
+            oSections << "<section id=\"" << oId << "\" aria-labelledby=\"h-" << oId << "\">\n<h2 id=\"h-" << oId
+                      << "\">" << SText{ oPart.m_pszTitle } << "</h2>\n"
+                      << oContent << "</section>\n";
         }
     }
-    return oHtml << "</ul></nav>\n";
+    CHtml oHtml;
+    return (oHtml << "<nav aria-label=\"Sections\"><ul>" << oLinks << "</ul></nav>\n<main id=\"content\">\n"
+                  << oSections << "</main>\n")
+        .Take();
 }
 
 std::string GetTitle(const SPage& oPage)
@@ -55,11 +70,8 @@ std::string GetTitle(const SPage& oPage)
     return oPage.IsPair() ? sFirst + " and " + oPage.m_apoImages[1]->m_sTitle : sFirst;
 }
 
-CHtml MakeBody(SPage& oPage)
+CHtml MakeBody(const SPage& oPage)
 {
-    CHtml oContent;
-    oContent << MakeHead(oPage) << MakeFindings(oPage) << MakeBytes(oPage) << MakeTimings(oPage) << MakeModePlots(oPage)
-             << MakeColours(oPage);
     CHtml oHtml;
     oHtml << "<a class=\"skip\" href=\"#content\">Skip to the content</a>\n<header>\n<div>\n<h1>"
           << SText{ GetTitle(oPage) } << "</h1>\n<p class=\"file\">";
@@ -67,9 +79,8 @@ CHtml MakeBody(SPage& oPage)
     {
         oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ oPage.m_apoImages[i]->m_sFile } << "</span>";
     }
-    return (oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\" hidden>Dark</button>\n</header>\n"
-                  << MakeLinks(oContent) << "<main id=\"content\">\n"
-                  << oContent << "</main>\n<footer><p>Made by zoredid page.</p></footer>\n")
+    return (oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\">Dark</button>\n</header>\n"
+                  << MakeSections(oPage) << "<footer><p>Made by zoredid page.</p></footer>\n")
         .Take();
 }
 

@@ -358,10 +358,14 @@ unsigned int GetVerticalTotal(const CVidParamTimingGeneric& oTiming)
 
 std::string GetModeline(const CVidParamTimingGeneric& oTiming)
 {
+    return GetModeline(oTiming, FormatText("%ux%u%s_%u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                                           oTiming.IsInterlaced() != 0 ? "i" : "", oTiming.GetVerticalRateInHz()));
+}
+
+std::string GetModeline(const CVidParamTimingGeneric& oTiming, const std::string& sName)
+{
     const bool bInterlaced = oTiming.IsInterlaced() != 0;
     const unsigned int uiFields = bInterlaced ? 2 : 1;
-    const std::string sName = FormatText("%ux%u%s_%u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                                         bInterlaced ? "i" : "", oTiming.GetVerticalRateInHz());
     const unsigned int uiHorizontalStart = oTiming.GetHorizontalActive() + oTiming.GetHorizontalFrontPorch();
     const unsigned int uiHorizontalEnd = uiHorizontalStart + oTiming.GetHorizontalSync();
     const unsigned int uiHorizontalTotal = oTiming.ComputeHorizontalTotalPixel();

@@ -72,3 +72,5 @@ unsigned int GetVerticalTotal(const CVidParamTimingGeneric& oTiming);
 // and the total is GetVerticalTotal.
 // A comment line for a timing whose sync does not end within its total.
 std::string GetModeline(const CVidParamTimingGeneric& oTiming);
+// The same under another name.
+std::string GetModeline(const CVidParamTimingGeneric& oTiming, const std::string& sName);

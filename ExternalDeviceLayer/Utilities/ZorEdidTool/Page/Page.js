@@ -5,13 +5,14 @@
   const all = (selector, root = document) => [...root.querySelectorAll(selector)];
   const one = (selector, root = document) => root.querySelector(selector);
 
+  document.documentElement.classList.add("live");
+
   // ---- Light and dark ----
 
   const theme = one("#theme");
   const dark = [...document.styleSheets[0].cssRules].find(rule => rule.media?.mediaText.includes("dark"));
   const isDark = () => getComputedStyle(document.documentElement).colorScheme === "dark";
   const nameTheme = () => { theme.textContent = isDark() ? "Light" : "Dark"; };
-  theme.hidden = false;
   nameTheme();
   theme.addEventListener("click", () => {
     dark.media.mediaText = isDark() ? "not all" : "screen"; // paper stays light
@@ -52,6 +53,12 @@
     }
     for (const element of [...cells, ...items]) element.setAttribute("aria-selected", "false");
     const offset = cell => Number(cell.id.slice(key.length));
+    const placeOf = cell => "0x" + offset(cell).toString(16).padStart(2, "0");
+    for (const cell of cells) {
+      const names = leaves[offset(cell)].map(item => one(".name", item).textContent);
+      const said = cell.getAttribute("aria-label") || cell.textContent; // the other image's byte stands there
+      cell.setAttribute("aria-label", [placeOf(cell) + ": " + said, ...names].join(", "));
+    }
 
     let marked = [];
     const mark = next => {
@@ -94,9 +101,8 @@
     const markByte = cell => {
       const own = leaves[offset(cell)];
       mark([...new Set([cell, ...own.flatMap(bytesOf)]), ...own]);
-      const place = "0x" + offset(cell).toString(16).padStart(2, "0");
       const bits = parseInt(cell.textContent, 16).toString(2).padStart(8, "0");
-      const head = line([["name", "Byte " + place + ":"], ["value", cell.textContent], ["place", bits]]);
+      const head = line([["name", "Byte " + placeOf(cell) + ":"], ["value", cell.textContent], ["place", bits]]);
       said.replaceChildren(head, ...own.map(item => line(describe(item))));
       own.forEach(open);
       if (own.length) show(tree, own[0]);
@@ -202,10 +208,20 @@
   const table = one("#table");
   if (!table) return;
   const body = one("tbody", table), rows = all("tr", body), heads = all("thead th", table);
-  const choose = radio => {
-    for (const row of rows) row.classList.toggle("chosen", row.contains(radio));
-    for (const picture of all(".picture")) picture.hidden = picture.id !== "p" + radio.value;
+  const pictures = all(".picture");
+  // The chosen timing's picture, unless the filter hides its row.
+  const draw = () => {
+    const radio = one("input:checked", table), row = radio.closest("tr");
+    for (const other of rows) other.classList.toggle("chosen", other === row);
+    for (const picture of pictures) picture.hidden = row.hidden || picture.id !== "p" + radio.value;
   };
+  for (const head of heads) {
+    const button = document.createElement("button");
+    button.type = "button";
+    button.append(...head.childNodes);
+    head.append(button);
+    head.setAttribute("aria-sort", "none");
+  }
   const filter = one("#filter"), list = one("#list"), count = one("#count");
   // Neither blanks nor case count, and x is as good as the multiplication sign. Cells stay apart.
   const pack = text => text.toLowerCase().replaceAll("\u00d7", "x").replace(/\s+/g, "");
@@ -223,6 +239,7 @@
       shown += row.hidden ? 0 : 1;
     }
     count.textContent = shown + " of " + rows.length;
+    draw();
   };
   const value = (row, column) => {
     const cell = row.cells[column];
@@ -236,12 +253,11 @@
     rows.sort((a, b) => way * compare(value(a, column), value(b, column)));
     body.append(...rows);
   }));
-  table.addEventListener("change", event => choose(event.target));
+  table.addEventListener("change", draw);
   filter.addEventListener("input", sift);
   list.addEventListener("change", sift);
   const start = rows.find(row => row.textContent.includes("preferred")) || rows[0];
   one("input", start).checked = true;
-  choose(one("input", start));
   show(table.parentElement, start);
   sift();
 })();

@@ -257,11 +257,10 @@ private:
 CHtml MakeBytes(const SPage& oPage)
 {
     CHtml oHtml;
-    oHtml << "<section id=\"bytes\" aria-labelledby=\"h-bytes\">\n<h2 id=\"h-bytes\">Bytes and fields</h2>\n"
-          << MakeLegend();
+    oHtml << MakeLegend();
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
         oHtml << CByteView(oPage, i).Make();
     }
-    return (oHtml << "</section>\n").Take();
+    return oHtml;
 }

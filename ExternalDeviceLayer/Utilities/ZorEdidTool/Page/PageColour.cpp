@@ -101,7 +101,7 @@ bool IsTriangle(const CTriangle& oTriangle)
     return GetArea(ToPolygon(oTriangle)) > dLeastArea;
 }
 
-// How much of a colour space a triangle covers, in per cent of its area in x and y.
+// How much of a colour space a triangle covers, in whole per cent of its area in x and y. 99.9 are not all of it.
 double GetCoverage(const CTriangle& oTriangle, const CTriangle& oSpace)
 {
     std::vector<SXy> aoShared = ToPolygon(oSpace);
@@ -111,7 +111,8 @@ double GetCoverage(const CTriangle& oTriangle, const CTriangle& oSpace)
         const SXy& oNext = oTriangle[(i + 1) % oTriangle.size()];
         aoShared = dTurn > 0 ? Clip(aoShared, oTriangle[i], oNext) : Clip(aoShared, oNext, oTriangle[i]);
     }
-    return 100 * GetArea(aoShared) / GetArea(ToPolygon(oSpace));
+    constexpr double dRounding = 1e-9; // of the areas
+    return floor(100 * GetArea(aoShared) / GetArea(ToPolygon(oSpace)) + dRounding);
 }
 
 // ---- Drawing ----
@@ -252,7 +253,7 @@ std::string DescribeColours(const SPageImage& oImage)
     {
         return "";
     }
-    return FormatText("covers %.0f %% of sRGB and %.0f %% of DCI-P3", GetCoverage(oTriangle, gsc_oSrgb),
+    return FormatText("covers %.0f %% of sRGB and %.0f %% of DCI-P3 (area in x, y)", GetCoverage(oTriangle, gsc_oSrgb),
                       GetCoverage(oTriangle, gsc_oDciP3));
 }
 
@@ -271,8 +272,7 @@ CHtml MakeColours(const SPage& oPage)
     {
         return oHtml;
     }
-    oHtml << "<section id=\"colour\" aria-labelledby=\"h-colour\">\n<h2 id=\"h-colour\">Colour</h2>\n"
-          << "<div class=\"colour-parts\">\n<figure class=\"cie\">\n"
+    oHtml << "<div class=\"colour-parts\">\n<figure class=\"cie\">\n"
           << "<svg role=\"img\" aria-labelledby=\"cie-title cie-desc\" viewBox=\"0 0 470 505\">"
           << "<title id=\"cie-title\">CIE 1931 chromaticity diagram</title><desc id=\"cie-desc\">The triangle of the "
           << "monitor beside those of sRGB and DCI-P3; the table has the points.</desc>\n";
@@ -295,5 +295,5 @@ CHtml MakeColours(const SPage& oPage)
     {
         AddPointTable(oHtml, oPage, uiImage);
     }
-    return oHtml << "</div>\n</div>\n</section>\n";
+    return oHtml << "</div>\n</div>\n";
 }

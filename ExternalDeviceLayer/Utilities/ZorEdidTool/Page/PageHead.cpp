@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <math.h>
+#include <span>
 #include <string_view>
 
 #include "EdidBaseLayout.h"
+#include "PageNames.h"
 #include "PageParts.h"
 #include "TextFormat.h"
 
 using namespace EdidBaseLayout;
+using namespace PageNames;
 
 namespace
 {
@@ -99,39 +102,25 @@ std::string DescribeDate(const SPageImage& oImage)
     }
     const double dWeek = oImage.GetNumberAt(gsc_uiWeekOffset, gsc_uiHighBit);
     const std::string sText = oImage.GetValueAt(gsc_uiYearOffset, gsc_uiHighBit);
-    if (std::string_view("Model year") == poYear->m_pszName)
+    if (gsc_sModelYear == poYear->m_pszName)
     {
         return sText + " (model year)";
     }
     return dWeek == 0 || dWeek > dLastWeek ? sText : sText + FormatText(", week %.0f", dWeek);
 }
 
-bool HasName(const CZorEdidMap::SField& oField, std::string_view sPart)
-{
-    return std::string_view(oField.m_pszName).find(sPart) != std::string_view::npos;
-}
-
 std::string DescribePreferredMode(const SPageImage& oImage)
 {
-    const SListedTiming* poPreferred = oImage.FindPreferred();
-    return poPreferred != nullptr ? DescribeMode(poPreferred->m_oTiming) : "";
+    const SPageTiming* poPreferred = oImage.FindPreferred();
+    return poPreferred != nullptr ? DescribeMode(*poPreferred) : "";
 }
 
 // The pixels of the display parameters of DisplayID; empty when they are not given.
 std::string DescribePixels(const SPageImage& oImage, unsigned int uiGroup)
 {
-    double adPixels[2] = {};
-    for (unsigned int i = uiGroup; i < oImage.m_oMap.GetField(uiGroup).m_uiEnd; ++i)
-    {
-        const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Number && HasName(oField, "pixel count"))
-        {
-            adPixels[HasName(oField, "Vertical") ? 1 : 0] = GetFieldNumber(oField);
-        }
-    }
-    return adPixels[0] > 0 && adPixels[1] > 0
-               ? FormatText("%.0f \u00D7 %.0f pixels (DisplayID)", adPixels[0], adPixels[1])
-               : "";
+    const double dWidth = GetNumberOf(oImage.m_oMap, uiGroup, gsc_sPixelsAcross);
+    const double dHeight = GetNumberOf(oImage.m_oMap, uiGroup, gsc_sPixelsDown);
+    return dWidth > 0 && dHeight > 0 ? FormatText("%.0f \u00D7 %.0f pixels (DisplayID)", dWidth, dHeight) : "";
 }
 
 // What the image itself calls native.
@@ -142,21 +131,21 @@ std::string DescribeNativeModes(const SPageImage& oImage)
     {
         const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
         const bool bSet = oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0;
-        if (bSet && HasName(oField, "Preferred timing mode is native"))
+        if (bSet && gsc_sPreferredIsNative == oField.m_pszName)
         {
             Append(sText, DescribePreferredMode(oImage));
         }
-        if (bSet && std::string_view("Native") == oField.m_pszName && oField.m_uiGroup != gsc_uiNone)
+        if (bSet && gsc_sNative == oField.m_pszName && oField.m_uiGroup != gsc_uiNone)
         {
             std::string sMode = oImage.GetValue(oField.m_uiGroup); // of the short video descriptor
             Append(sText, sMode.substr(0, sMode.rfind(", native")));
         }
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "Display parameters data block"))
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && gsc_sDisplayParameters == oField.m_pszName)
         {
             Append(sText, DescribePixels(oImage, i));
         }
     }
-    return sText;
+    return sText.empty() ? "not given" : sText;
 }
 
 // Digital or analogue, then the standard and the depth where revision 1.4 names them, then what extensions tell.
@@ -177,13 +166,13 @@ std::string DescribeInterface(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        if (HasName(oField, "HDMI Forum vendor-specific") || HasName(oField, "HDMI Forum sink capability"))
+        if (gsc_sHdmiForum == oField.m_pszName || gsc_sHdmiForumSink == oField.m_pszName)
         {
             sHdmi = "HDMI 2.0 or later";
         }
-        else if (sHdmi.empty() && HasName(oField, "HDMI vendor-specific data block"))
+        else if (sHdmi.empty() && gsc_sHdmi == oField.m_pszName)
         {
-            sHdmi = "HDMI 1.4";
+            sHdmi = "HDMI"; // all versions have this block
         }
     }
     Append(sText, sText.find("HDMI") == std::string::npos ? sHdmi : "");
@@ -199,12 +188,12 @@ std::string DescribeColorimetry(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && HasName(oField, "Colorimetry data block"))
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && gsc_sColorimetry == oField.m_pszName)
         {
             uiEnd = oField.m_uiEnd;
         }
         if (i < uiEnd && oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0 &&
-            !HasName(oField, "gamut boundary"))
+            gsc_sGamutBoundary != oField.m_pszName)
         {
             Append(sText, oField.m_pszName);
         }
@@ -225,20 +214,22 @@ std::string DescribeBlocks(const SPageImage& oImage)
 // A field by its name in the map, and the words around its number; a flag and a group have the first words only.
 struct SPhrase
 {
-    const char* m_pszField;
+    std::string_view m_sField;
     const char* m_pszAhead;
     const char* m_pszBehind;
 };
 
-constexpr SPhrase gsc_aoHdrPhrases[] = {
-    { "SMPTE ST 2084", "PQ (SMPTE ST 2084)", "" },
-    { "Hybrid Log-Gamma (ITU-R BT.2100)", "Hybrid Log-Gamma", "" },
-    { "Traditional gamma, HDR luminance range", "traditional gamma over the HDR range", "" },
-    { "HDR10+ vendor-specific video data block", "HDR10+", "" },
-    { "Dolby Vision vendor-specific video data block", "Dolby Vision", "" },
-    { "Desired content max luminance", "up to ", " cd/m\u00B2" },
-    { "Desired content max frame-average luminance", "", " cd/m\u00B2 over a whole frame" },
-    { "Desired content min luminance", "down to ", " cd/m\u00B2" },
+constexpr SPhrase gsc_aoHdrKinds[] = {
+    { gsc_sPq, "PQ (SMPTE ST 2084)", "" },
+    { gsc_sHlg, "Hybrid Log-Gamma", "" },
+    { gsc_sHdrGamma, "traditional gamma over the HDR range", "" },
+    { gsc_sHdr10Plus, "HDR10+", "" },
+    { gsc_sDolbyVision, "Dolby Vision", "" },
+};
+constexpr SPhrase gsc_aoHdrLuminances[] = {
+    { gsc_sMaxLuminance, "up to ", " cd/m\u00B2" },
+    { gsc_sFrameLuminance, "", " cd/m\u00B2 over a whole frame" },
+    { gsc_sMinLuminance, "down to ", " cd/m\u00B2" },
 };
 
 // No more digits than the code of a luminance is good for.
@@ -247,16 +238,15 @@ std::string FormatLuminance(double dLuminance)
     return FormatText("%.*f", dLuminance >= 10 ? 0 : dLuminance >= 0.01 ? 2 : 4, dLuminance);
 }
 
-std::string DescribeHdr(const SPageImage& oImage)
+void AppendPhrases(const SPageImage& oImage, std::span<const SPhrase> aoPhrases, std::string& sText)
 {
-    std::string sText;
-    for (const SPhrase& oPhrase : gsc_aoHdrPhrases)
+    for (const SPhrase& oPhrase : aoPhrases)
     {
         for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
         {
             const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
             const bool bNumber = oField.m_eKind == CZorEdidMap::eKind_Number;
-            if (std::string_view(oPhrase.m_pszField) == oField.m_pszName &&
+            if (oPhrase.m_sField == oField.m_pszName &&
                 (oField.m_eKind == CZorEdidMap::eKind_Group || oField.m_llNumber != 0))
             {
                 const std::string sNumber = bNumber ? FormatLuminance(GetFieldNumber(oField)) : "";
@@ -265,7 +255,19 @@ std::string DescribeHdr(const SPageImage& oImage)
             }
         }
     }
-    return sText.empty() && oImage.m_sProblem.empty() ? "none announced" : sText;
+}
+
+// Luminances of a display without HDR are no words about HDR.
+std::string DescribeHdr(const SPageImage& oImage)
+{
+    std::string sText;
+    AppendPhrases(oImage, gsc_aoHdrKinds, sText);
+    if (sText.empty())
+    {
+        return oImage.m_sProblem.empty() ? "none announced" : "";
+    }
+    AppendPhrases(oImage, gsc_aoHdrLuminances, sText);
+    return sText;
 }
 
 std::string DescribeColourWords(const SPageImage& oImage)
@@ -423,8 +425,7 @@ private:
 CHtml MakeHead(const SPage& oPage)
 {
     CHtml oHtml;
-    oHtml << "<section id=\"monitor\" aria-labelledby=\"h-monitor\">\n<h2 id=\"h-monitor\">What it is</h2>\n"
-          << "<div class=\"head\">\n";
+    oHtml << "<div class=\"head\">\n";
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
         oHtml << "<div class=\"monitor\">\n";
@@ -435,15 +436,22 @@ CHtml MakeHead(const SPage& oPage)
         }
         oHtml << MakeFacts(*oPage.m_apoImages[i]) << "</div>\n";
     }
-    return oHtml << CSizePicture(oPage).Make() << "</div>\n</section>\n";
+    return oHtml << CSizePicture(oPage).Make() << "</div>\n";
 }
 
-std::string DescribeMode(const CVidParamTimingGeneric& oTiming)
+std::string DescribeMode(const SPageTiming& oTiming)
 {
-    const bool bInterlaced = oTiming.IsInterlaced() != 0;
-    const double dRate = bInterlaced ? GetFieldRate(oTiming) : oTiming.GetVerticalRateInHz();
-    return FormatText("%u \u00D7 %u%s at %.0f Hz%s", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                      bInterlaced ? "i" : "", dRate, bInterlaced ? " (fields)" : "");
+    const CVidParamTimingGeneric& oNumbers = oTiming.m_oListed.m_oTiming;
+    const bool bInterlaced = oNumbers.IsInterlaced() != 0;
+    return FormatText("%u \u00D7 %u%s at %s Hz%s", oNumbers.GetHorizontalActive(), oNumbers.GetVerticalActive(),
+                      bInterlaced ? "i" : "", oTiming.GetRateText().c_str(), bInterlaced ? " (fields)" : "");
+}
+
+std::string FormatRate(double dRate)
+{
+    CHtml oText; // which has no text but the number
+    oText << SDecimal{ dRate, 2 };
+    return oText.Get();
 }
 
 double GetFieldRate(const CVidParamTimingGeneric& oTiming)

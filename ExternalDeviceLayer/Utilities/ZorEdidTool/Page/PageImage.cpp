@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <map>
 #include <set>
+#include <stdlib.h>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -13,6 +15,9 @@
 #include "Cea861Bytes.h"
 #include "EdidBaseLayout.h"
 #include "MapText.h"
+#include "PageModes.h"
+#include "PageNames.h"
+#include "PageParts.h"
 #include "TextFormat.h"
 
 namespace
@@ -41,6 +46,17 @@ std::string FindTitle(const SPageImage& oImage)
     return oImage.m_sFile;
 }
 
+// With the header put right, which is all that the library wants of a base block.
+void LoadBase(std::vector<unsigned char> aui8Bytes, CEdidBase& oBase)
+{
+    constexpr std::array<unsigned char, 8> aui8Header = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
+    if (aui8Bytes.size() >= CEdidUtils::msc_uiBlockSize)
+    {
+        std::ranges::copy(aui8Header, aui8Bytes.begin());
+        oBase.SetEdidBuffer(aui8Bytes.data(), CEdidUtils::msc_uiBlockSize, 0);
+    }
+}
+
 // Where the fields begin that lie behind the announced blocks.
 unsigned int FindAnnounced(const CZorEdidMap& oMap)
 {
@@ -52,17 +68,6 @@ unsigned int FindAnnounced(const CZorEdidMap& oMap)
         uiField = oMap.GetField(uiField).m_uiEnd;
     }
     return uiField;
-}
-
-// The library leaves borders out. oGroup is the map's group of the timing; those of DisplayID have none.
-void ReadBorders(const CZorEdidMap& oMap, const CField& oGroup, SPageTiming& oTiming)
-{
-    constexpr unsigned int uiBorderOffset = 15; // of an 18-byte timing: pixels each side, then lines each side
-    if (oGroup.m_uiLength == sizeof(CEdidUtils::SEdidDetailedRaw))
-    {
-        oTiming.m_uiBorderWidth = oMap.GetData()[oGroup.m_uiOffset + uiBorderOffset];
-        oTiming.m_uiBorderHeight = oMap.GetData()[oGroup.m_uiOffset + uiBorderOffset + 1];
-    }
 }
 
 // What the map says about the timings that the library lists, found in one pass.
@@ -119,84 +124,6 @@ private:
     std::set<std::pair<unsigned int, long long>> m_aoCodes; // of each block
 };
 
-// ---- Modes of the map ----
-
-// The mode that a field stands for; empty for another field.
-std::string GetModeText(const SPageImage& oImage, unsigned int uiField)
-{
-    constexpr std::string_view asNames[] = { "Short video descriptor", "Detailed timing", "Standard timing",
-                                             "CVT 3 byte timing code" };
-    const CField& oField = oImage.m_oMap.GetField(uiField);
-    const std::string_view sName = oField.m_pszName;
-    if (oField.m_eKind == CZorEdidMap::eKind_Flag)
-    {
-        return oField.m_llNumber != 0 && sName.find(" @ ") != std::string_view::npos ? std::string(sName) : "";
-    }
-    const bool bType = sName.starts_with("Type ") && sName.ends_with(" timing");
-    if (oField.m_eKind != CZorEdidMap::eKind_Group ||
-        (!bType && std::find(std::begin(asNames), std::end(asNames), sName) == std::end(asNames)))
-    {
-        return "";
-    }
-    const std::string sText = oImage.GetValue(uiField);
-    return sText.find("Hz") == std::string::npos ? "" : sText.substr(0, sText.find(", native"));
-}
-
-void FindUnlisted(SPageImage& oImage)
-{
-    std::set<std::string> asListed;
-    for (const bool bListed : { true, false })
-    {
-        for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
-        {
-            const std::string sMode = GetModeText(oImage, i);
-            const bool bNumbered = oImage.m_oMap.GetField(i).m_uiTiming != gsc_uiNone;
-            if (bNumbered == bListed && !sMode.empty() && asListed.insert(sMode).second && !bListed)
-            {
-                oImage.m_asUnlisted.push_back(sMode);
-            }
-        }
-    }
-}
-
-// Timings of an image that the library refuses.
-void AddTimingsOfMap(SPageImage& oImage)
-{
-    const CZorEdidMap& oMap = oImage.m_oMap;
-    const CEdidBase oBase;
-    unsigned int auiCounts[eTimingList_Detailed + 1] = {};
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        const CField& oGroup = oMap.GetField(i);
-        const unsigned char* pui8Bytes = oMap.GetData() + oGroup.m_uiOffset;
-        CVidParamTimingGeneric oTiming;
-        const bool bDetailed = std::string_view("Detailed timing") == oGroup.m_pszName;
-        int iRead = 0;
-        if (bDetailed && oGroup.m_uiLength == sizeof(CEdidUtils::SEdidDetailedRaw))
-        {
-            iRead = CEdidUtils::ConvertDetailedDescriptorToVidParam(
-                *reinterpret_cast<const CEdidUtils::SEdidDetailedRaw*>(pui8Bytes), &oTiming);
-        }
-        else if (std::string_view("Standard timing") == oGroup.m_pszName &&
-                 oGroup.m_uiLength == sizeof(CEdidBase::SStandard))
-        {
-            iRead = oBase.GetStandardTiming(reinterpret_cast<const CEdidBase::SStandard*>(pui8Bytes), &oTiming);
-        }
-        if (iRead == 0)
-        {
-            continue;
-        }
-        const ETimingList eList = bDetailed ? eTimingList_Detailed : eTimingList_Standard;
-        SPageTiming oPlace = {
-            { eList, auiCounts[eList]++, oGroup.m_uiOffset / CEdidUtils::msc_uiBlockSize, "", oTiming }, true
-        };
-        oPlace.m_oListed.m_bPreferred = oGroup.m_uiOffset == EdidBaseLayout::gsc_uiDescriptorsOffset &&
-                                        EdidBaseLayout::IsPreferredTimingDeclared(oMap.GetData());
-        ReadBorders(oMap, oGroup, oPlace);
-        oImage.m_aoTimings.push_back(oPlace);
-    }
-}
-
 // The names on the way to each field. Of fields of one name in a group, each carries its rank: offsets shift.
 std::map<std::string, unsigned int> MakePaths(const SPageImage& oImage, std::vector<std::string>& asPaths)
 {
@@ -219,7 +146,7 @@ bool IsPlainPadding(const SPageImage& oImage, unsigned int uiField)
 {
     const CField& oField = oImage.m_oMap.GetField(uiField);
     const unsigned char* pui8First = oImage.m_oMap.GetData() + oField.m_uiOffset;
-    return oField.m_eKind == CZorEdidMap::eKind_Reserved && std::string_view("Padding") == oField.m_pszName &&
+    return oField.m_eKind == CZorEdidMap::eKind_Reserved && PageNames::gsc_sPadding == oField.m_pszName &&
            std::all_of(pui8First, pui8First + oField.m_uiLength, [&](unsigned char ui8) { return ui8 == *pui8First; });
 }
 
@@ -269,58 +196,115 @@ void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, 
 class CTimingIndex
 {
 public:
-    explicit CTimingIndex(const std::vector<SPageTiming>& aoTimings)
+    explicit CTimingIndex(std::vector<SPageTiming>& aoTimings)
     {
-        for (const SPageTiming& oTiming : aoTimings)
+        for (SPageTiming& oTiming : aoTimings)
         {
-            m_aoByKey[MakeKey(oTiming.m_oListed.m_oTiming)].push_back(&oTiming.m_oListed.m_oTiming);
-        }
-        // Of a thousand timings that are all the same, one is enough.
-        for (auto& [oKey, apoTimings] : m_aoByKey)
-        {
-            std::ranges::sort(apoTimings, IsAhead);
-            const auto fnSame = [](const auto* poOne, const auto* poOther) {
-                return !IsAhead(poOne, poOther) && !IsAhead(poOther, poOne);
-            };
-            apoTimings.erase(std::unique(apoTimings.begin(), apoTimings.end(), fnSame), apoTimings.end());
+            // A thousand timings that are all the same are one kind.
+            std::vector<SKind>& aoKinds = m_aoByKey[MakeKey(oTiming)];
+            const auto itKind = std::ranges::find_if(
+                aoKinds, [&](const SKind& oKind) { return IsSameTiming(*oKind.m_apoAll.front(), oTiming); });
+            SKind& oKind = itKind != aoKinds.end() ? *itKind : aoKinds.emplace_back();
+            oKind.m_apoAll.push_back(&oTiming);
+            oKind.m_apoFree[GetList(oTiming)].push_back(&oTiming);
         }
     }
 
-    bool Has(const CVidParamTimingGeneric& oTiming) const
+    // One that equals oTiming; best one that was not yet taken, of the same list, with the very same numbers.
+    SPageTiming* Take(const SPageTiming& oTiming)
     {
-        const auto itFound = m_aoByKey.find(MakeKey(oTiming));
-        return itFound != m_aoByKey.end() &&
-               std::ranges::any_of(itFound->second, [&](const auto* poOther) { return (*poOther == oTiming) != 0; });
+        const auto itKinds = m_aoByKey.find(MakeKey(oTiming));
+        SPageTiming* poBest = nullptr;
+        std::deque<SPageTiming*>* papoFrom = nullptr;
+        unsigned int uiBest = 0;
+        const auto fnOffer = [&](SPageTiming* poOffer, std::deque<SPageTiming*>* papoFree, unsigned int uiWorth) {
+            if (poBest == nullptr || uiWorth > uiBest)
+            {
+                poBest = poOffer;
+                papoFrom = papoFree;
+                uiBest = uiWorth;
+            }
+        };
+        for (size_t i = 0; itKinds != m_aoByKey.end() && i < itKinds->second.size(); ++i)
+        {
+            SKind& oKind = itKinds->second[i];
+            if ((oKind.m_apoAll.front()->m_oListed.m_oTiming == oTiming.m_oListed.m_oTiming) == 0)
+            {
+                continue;
+            }
+            const unsigned int uiSame = IsSameTiming(*oKind.m_apoAll.front(), oTiming) ? 1 : 0;
+            fnOffer(oKind.m_apoAll.front(), nullptr, uiSame);
+            for (size_t uiList = 0; uiList < msc_uiLists; ++uiList)
+            {
+                std::deque<SPageTiming*>& apoFree = oKind.m_apoFree[uiList];
+                if (!apoFree.empty())
+                {
+                    fnOffer(apoFree.front(), &apoFree, (uiList == GetList(oTiming) ? 4 : 2) + uiSame);
+                }
+            }
+        }
+        if (papoFrom != nullptr)
+        {
+            papoFrom->pop_front();
+        }
+        return poBest;
     }
 
 private:
-    using CKey = std::array<unsigned int, 9>;
+    static constexpr size_t msc_uiLists = eTimingList_Detailed + 2; // and those of no list
 
-    static CKey MakeKey(const CVidParamTimingGeneric& oTiming)
+    struct SKind
     {
-        return { oTiming.GetHorizontalActive(),   oTiming.GetVerticalActive(),      oTiming.GetHorizontalFrontPorch(),
-                 oTiming.GetHorizontalSync(),     oTiming.GetHorizontalBackPorch(), oTiming.GetVerticalRateInHz(),
-                 oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(),        oTiming.GetVerticalBackPorch() };
+        std::vector<SPageTiming*> m_apoAll;
+        std::deque<SPageTiming*> m_apoFree[msc_uiLists];
+    };
+    using CKey = std::pair<std::array<unsigned int, 9>, std::string>;
+
+    static size_t GetList(const SPageTiming& oTiming)
+    {
+        return oTiming.IsListed() ? static_cast<size_t>(oTiming.m_oListed.m_eList) : msc_uiLists - 1;
     }
 
-    static bool IsAhead(const CVidParamTimingGeneric* poOne, const CVidParamTimingGeneric* poOther)
+    static CKey MakeKey(const SPageTiming& oPlace)
+    {
+        const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
+        return { { oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(), oTiming.GetHorizontalFrontPorch(),
+                   oTiming.GetHorizontalSync(), oTiming.GetHorizontalBackPorch(), oTiming.GetVerticalRateInHz(),
+                   oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch() },
+                 oPlace.m_sBareRate + oPlace.m_sOtherCode };
+    }
+
+    // Alike in what MakeKey leaves out. Clocks and line rates, which equal timings may differ in, are held exactly.
+    static bool IsSameTiming(const SPageTiming& oOne, const SPageTiming& oOther)
     {
         const auto fnKey = [](const CVidParamTimingGeneric& oTiming) {
             return std::make_tuple(oTiming.GetPixelClockInHz(), oTiming.GetHorizontalRateInHz(), oTiming.IsInterlaced(),
                                    oTiming.Is420ColorSpace(), oTiming.Is3D());
         };
-        return fnKey(*poOne) < fnKey(*poOther);
+        return fnKey(oOne.m_oListed.m_oTiming) == fnKey(oOther.m_oListed.m_oTiming);
     }
 
-    std::map<CKey, std::vector<const CVidParamTimingGeneric*>> m_aoByKey;
+    std::map<CKey, std::vector<SKind>> m_aoByKey;
 };
 
-void CompareTimings(SPageImage& oImage, const SPageImage& oOther)
+// Each timing of A has the row of itself and of the timing of B that it takes; those of B that none has taken have rows
+// of their own.
+void CompareTimings(SPageImage& oFirst, SPageImage& oSecond)
 {
-    const CTimingIndex oIndex(oOther.m_aoTimings);
-    for (SPageTiming& oTiming : oImage.m_aoTimings)
+    CTimingIndex oOfSecond(oSecond.m_aoTimings);
+    for (SPageTiming& oTiming : oFirst.m_aoTimings)
     {
-        oTiming.m_bOnlyHere = !oIndex.Has(oTiming.m_oListed.m_oTiming);
+        SPageTiming* poOther = oOfSecond.Take(oTiming);
+        oTiming.m_poOther = poOther;
+        if (poOther != nullptr)
+        {
+            poOther->m_bRowOfOther = true;
+        }
+    }
+    CTimingIndex oOfFirst(oFirst.m_aoTimings);
+    for (SPageTiming& oTiming : oSecond.m_aoTimings)
+    {
+        oTiming.m_poOther = oOfFirst.Take(oTiming);
     }
 }
 } // namespace
@@ -336,18 +320,21 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
     if (!m_oLoaded.Load(m_oInput))
     {
         m_sProblem = m_oLoaded.GetProblem();
-        AddTimingsOfMap(*this);
-        return;
     }
-    char szMaker[64] = {};
-    m_sMaker = m_oLoaded.GetEdid().GetManufacturerName(szMaker, sizeof(szMaker)) != 0 ? szMaker : "";
-    const CListedFields oFields(m_oMap);
-    for (const SListedTiming& oListed : ListTimings(m_oLoaded))
+    else
     {
-        m_aoTimings.push_back({ oListed });
-        oFields.Complete(m_aoTimings.back());
+        const CListedFields oFields(m_oMap);
+        for (const SListedTiming& oListed : ListTimings(m_oLoaded))
+        {
+            m_aoTimings.push_back({ oListed });
+            oFields.Complete(m_aoTimings.back());
+            m_aoTimings.back().m_bStandIn = oListed.m_eList == eTimingList_Established && IsOfGtf(oListed.m_oTiming);
+        }
     }
-    FindUnlisted(*this);
+    LoadBase(m_oInput.m_aui8Bytes, m_oBase);
+    char szMaker[64] = {};
+    m_sMaker = m_oBase.GetManufacturerName(szMaker, sizeof(szMaker)) != 0 ? szMaker : "";
+    AddModesOfMap(*this);
 }
 
 const CZorEdidMap::SField* SPageImage::FindField(unsigned int uiOffset, unsigned int uiBit) const
@@ -362,11 +349,11 @@ std::string SPageImage::GetValueAt(unsigned int uiOffset, unsigned int uiBit) co
     return uiLeaf == gsc_uiNone ? "" : static_cast<const char*>(m_oMap.GetValue(uiLeaf));
 }
 
-const SListedTiming* SPageImage::FindPreferred() const
+const SPageTiming* SPageImage::FindPreferred() const
 {
     const auto itPreferred =
         std::ranges::find_if(m_aoTimings, [](const SPageTiming& oTiming) { return oTiming.m_oListed.m_bPreferred; });
-    return itPreferred == m_aoTimings.end() ? nullptr : &itPreferred->m_oListed;
+    return itPreferred == m_aoTimings.end() ? nullptr : &*itPreferred;
 }
 
 double SPageImage::GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const
@@ -388,8 +375,8 @@ void CompareImages(SPage& oPage)
         SPageImage& oImage = *oPage.m_apoImages[i];
         const SPageImage& oOther = *oPage.m_apoImages[1 - i];
         CompareFields(oImage, aasPaths[i], oOther, aaoFound[1 - i]);
-        CompareTimings(oImage, oOther);
     }
+    CompareTimings(*oPage.m_apoImages[0], *oPage.m_apoImages[1]);
 }
 
 double GetFieldNumber(const CZorEdidMap::SField& oField)
@@ -401,3 +388,38 @@ double GetFieldNumber(const CZorEdidMap::SField& oField)
     }
     return dNumber;
 }
+
+void ReadBorders(const CZorEdidMap& oMap, const CField& oGroup, SPageTiming& oTiming)
+{
+    constexpr unsigned int uiBorderOffset = 15; // of an 18-byte timing: pixels each side, then lines each side
+    if (oGroup.m_uiLength == sizeof(CEdidUtils::SEdidDetailedRaw))
+    {
+        oTiming.m_uiBorderWidth = oMap.GetData()[oGroup.m_uiOffset + uiBorderOffset];
+        oTiming.m_uiBorderHeight = oMap.GetData()[oGroup.m_uiOffset + uiBorderOffset + 1];
+    }
+}
+
+bool IsOfGtf(const CVidParamTimingGeneric& oTiming)
+{
+    return oTiming.GetVideoFamilyType() == CVidParamTiming::eVidParamType_Gtf;
+}
+
+double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName)
+{
+    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
+    {
+        if (sName == oMap.GetField(i).m_pszName)
+        {
+            return GetFieldNumber(oMap.GetField(i));
+        }
+    }
+    return -1;
+}
+
+double SPageTiming::GetRate() const
+{
+    return HasNumbers() ? GetFieldRate(m_oListed.m_oTiming)
+                        : strtod(m_sBareRate.substr(m_sBareRate.rfind('/') + 1).c_str(), nullptr);
+}
+
+std::string SPageTiming::GetRateText() const { return HasNumbers() ? FormatRate(GetRate()) : m_sBareRate; }

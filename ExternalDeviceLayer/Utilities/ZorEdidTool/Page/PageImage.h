@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "CheckRules.h"
@@ -23,12 +24,23 @@ struct SPageField
 
 struct SPageTiming
 {
-    SListedTiming m_oListed;
-    bool m_bOfMap = false;             // of an image that the library refuses; the index counts the map's timings
-    std::string m_sOtherCode = {};     // why the library's code is another one than the map's; empty when it is not
-    unsigned int m_uiBorderWidth = 0;  // pixels, each side
-    unsigned int m_uiBorderHeight = 0; // lines, each side
-    bool m_bOnlyHere = false;          // no timing of the other image equals it
+    SListedTiming m_oListed;                // without list and number where m_sSource is not empty
+    std::string m_sSource = {};             // of a mode that no list of the library has, where the map has it
+    std::string m_sBareRate = {};           // of one with no numbers but size and rate, "119.88/120"; else empty
+    std::string m_sOtherCode = {};          // why the library's code is another one than the map's, which counts
+    bool m_bStandIn = false;                // an established timing whose numbers the library has made up
+    unsigned int m_uiBorderWidth = 0;       // pixels, each side
+    unsigned int m_uiBorderHeight = 0;      // lines, each side
+    const SPageTiming* m_poOther = nullptr; // the timing of the other image that equals it
+    bool m_bRowOfOther = false;             // it stands in that one's row
+
+    bool IsListed() const { return m_sSource.empty(); }
+    bool HasNumbers() const { return m_sBareRate.empty(); }
+    // False for what the library makes of a code that stands for another mode.
+    bool IsOfMonitor() const { return m_sOtherCode.empty(); }
+    // Frames a second, of an interlaced mode fields. Of two rates that a code stands for the higher one.
+    double GetRate() const;
+    std::string GetRateText() const; // "60", "59.94", "119.88/120"
 };
 
 struct SPageImage
@@ -45,17 +57,17 @@ struct SPageImage
     // Its number, decimals applied; 0 behind the image.
     double GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const;
     // The preferred timing, of which there is one at most; null without one.
-    const SListedTiming* FindPreferred() const;
+    const SPageTiming* FindPreferred() const;
 
     SInput m_oInput;
     CZorEdidMap m_oMap;
     CLoadedImage m_oLoaded;
-    std::string m_sProblem; // why the library refuses the image; empty when it does not
-    std::string m_sMaker;   // the company's name, where the library knows it
-    std::string m_sFile;    // its name without folders, which are nobody's business, in one line
-    std::string m_sTitle;   // the monitor's name, or else the file's
-    std::vector<SPageTiming> m_aoTimings;
-    std::vector<std::string> m_asUnlisted; // modes of the map that the library lists nowhere
+    std::string m_sProblem;               // why the library refuses the image; empty when it does not
+    std::string m_sMaker;                 // the company's name, where the library knows it
+    std::string m_sFile;                  // its name without folders, which are nobody's business, in one line
+    std::string m_sTitle;                 // the monitor's name, or else the file's
+    CEdidBase m_oBase;                    // of the base block with its header put right; empty when it is cut short
+    std::vector<SPageTiming> m_aoTimings; // what the library lists, then what only the map has
     std::vector<SFinding> m_aoFindings;
     std::vector<SPageField> m_aoFields; // as many as the map has
     unsigned int m_uiAnnounced = 0;     // this many fields lie in blocks that the image announces; the rest is no part
@@ -75,3 +87,10 @@ struct SPage
 void CompareImages(SPage& oPage);
 
 double GetFieldNumber(const CZorEdidMap::SField& oField);
+// The number of the first field of this name in a group, the group itself included; -1 when there is none.
+double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName);
+
+bool IsOfGtf(const CVidParamTimingGeneric& oTiming);
+
+// The library leaves borders out. oGroup is the map's group of the timing; those of DisplayID have none.
+void ReadBorders(const CZorEdidMap& oMap, const CZorEdidMap::SField& oGroup, SPageTiming& oTiming);

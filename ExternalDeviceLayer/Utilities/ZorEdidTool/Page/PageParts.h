@@ -1,25 +1,30 @@
-// The parts of the page, each a section with its heading. For Page.cpp, which puts them together.
+// The parts of the page. For Page.cpp, which puts them together.
 
 #pragma once
 
 #include "PageHtml.h"
 #include "PageImage.h"
 
+// Each part is what stands below a title; empty where there is nothing to say.
+
 // What the monitor is, in words, with its size beside a sheet of paper (PageHead.cpp).
 CHtml MakeHead(const SPage& oPage);
-// The findings of the check, and of a pair all that differs (PageFindings.cpp).
+// The findings of the check; of a pair all that differs (PageFindings.cpp).
 CHtml MakeFindings(const SPage& oPage);
+CHtml MakeDifferences(const SPage& oPage);
 // The bytes as a grid and the fields as a tree (PageBytes.cpp).
 CHtml MakeBytes(const SPage& oPage);
 // The timings as a table and as pictures to scale (PageTimings.cpp).
 CHtml MakeTimings(const SPage& oPage);
 // Modes over width and rates, with the range limits (PagePlots.cpp).
-CHtml MakeModePlots(SPage& oPage);
+CHtml MakeModePlots(const SPage& oPage);
 // The colour triangle (PageColour.cpp), and how much of two common ones it covers, in words; empty without colours.
 CHtml MakeColours(const SPage& oPage);
 std::string DescribeColours(const SPageImage& oImage);
 
-// A timing in short: "1920 × 1080 at 60 Hz", "1920 × 1080i at 60 Hz (fields)".
-std::string DescribeMode(const CVidParamTimingGeneric& oTiming);
+// A timing in short: "1920 × 1080 at 59.94 Hz", "1920 × 1080i at 60 Hz (fields)".
+std::string DescribeMode(const SPageTiming& oTiming);
 // Frames a second, of an interlaced mode fields: what range limits are about. 0 without totals.
 double GetFieldRate(const CVidParamTimingGeneric& oTiming);
+// A rate or clock as all parts of the page write it: "60", "59.94".
+std::string FormatRate(double dRate);

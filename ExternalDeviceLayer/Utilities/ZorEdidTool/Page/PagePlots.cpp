@@ -4,10 +4,14 @@
 #include <map>
 #include <math.h>
 #include <optional>
+#include <set>
 #include <string_view>
 
+#include "PageNames.h"
 #include "PageParts.h"
 #include "TextFormat.h"
+
+using namespace PageNames;
 
 namespace
 {
@@ -19,46 +23,74 @@ constexpr double gsc_dRight = 30;
 constexpr double gsc_dTop = 24;
 constexpr double gsc_dBottom = 50;
 
+constexpr double gsc_dHzPerKiloHz = 1000;
+constexpr double gsc_dHzPerMegaHz = 1000000;
+
+double GetLineRate(const SPageTiming& oPlace)
+{
+    return oPlace.m_oListed.m_oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz;
+}
+
+// Of the first range limits descriptor.
 struct SLimits
 {
     double m_dLeastRate; // Hz
     double m_dMostRate;
     double m_dLeastLineRate; // kHz
     double m_dMostLineRate;
+    double m_dMostClock; // MHz; 0 or less when it is not given
 
-    bool IsSound() const { return m_dLeastRate <= m_dMostRate && m_dLeastLineRate <= m_dMostLineRate; }
+    bool IsSound() const
+    {
+        return m_dLeastRate >= 0 && m_dLeastRate <= m_dMostRate && m_dLeastLineRate <= m_dMostLineRate;
+    }
+
+    // Stand-ins are not held against the limits, nor are numbers that are not there.
+    bool Holds(const SPageTiming& oPlace) const
+    {
+        constexpr double dSlack = 0.5; // rates of the limits are whole numbers
+        if (oPlace.m_bStandIn)
+        {
+            return true;
+        }
+        const double dRate = oPlace.GetRate();
+        const double dLineRate = GetLineRate(oPlace);
+        const double dClock = oPlace.m_oListed.m_oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
+        return dRate >= m_dLeastRate - dSlack && dRate <= m_dMostRate + dSlack &&
+               (!oPlace.HasNumbers() ||
+                (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack &&
+                 (m_dMostClock <= 0 || dClock <= m_dMostClock)));
+    }
 };
 
-// The number of a field of the group; -1 when it has none of this name.
-double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName)
-{
-    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
-    {
-        if (sName == oMap.GetField(i).m_pszName)
-        {
-            return GetFieldNumber(oMap.GetField(i));
-        }
-    }
-    return -1;
-}
-
-// Those of the first range limits descriptor, as the map has them: with the offsets of 1.4, and also of images that the
-// library refuses.
+// As the map has them: with the offsets of 1.4, and also of images that the library refuses.
 std::optional<SLimits> FindLimits(const SPageImage& oImage)
 {
     const CZorEdidMap& oMap = oImage.m_oMap;
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
-        if (std::string_view("Display range limits") == oMap.GetField(i).m_pszName)
+        if (gsc_sLimits == oMap.GetField(i).m_pszName)
         {
-            const SLimits oLimits = { GetNumberOf(oMap, i, "Minimum vertical rate"),
-                                      GetNumberOf(oMap, i, "Maximum vertical rate"),
-                                      GetNumberOf(oMap, i, "Minimum horizontal rate"),
-                                      GetNumberOf(oMap, i, "Maximum horizontal rate") };
-            return oLimits.IsSound() && oLimits.m_dLeastRate >= 0 ? std::optional(oLimits) : std::nullopt;
+            const SLimits oLimits = { GetNumberOf(oMap, i, gsc_sLeastRate), GetNumberOf(oMap, i, gsc_sMostRate),
+                                      GetNumberOf(oMap, i, gsc_sLeastLineRate), GetNumberOf(oMap, i, gsc_sMostLineRate),
+                                      GetNumberOf(oMap, i, gsc_sMostClock) -
+                                          std::max(GetNumberOf(oMap, i, gsc_sClockPrecision), 0.0) };
+            return oLimits.IsSound() ? std::optional(oLimits) : std::nullopt;
         }
     }
     return std::nullopt;
+}
+
+std::string DescribeLimits(const SLimits& oLimits)
+{
+    const auto fnRange = [](double dLeast, double dMost, const char* pszUnit) {
+        return dLeast == dMost ? FormatText("%.0f %s only", dLeast, pszUnit)
+                               : FormatText("%.0f to %.0f %s", dLeast, dMost, pszUnit);
+    };
+    const std::string sClock =
+        oLimits.m_dMostClock > 0 ? ", clocks up to " + FormatRate(oLimits.m_dMostClock) + " MHz" : "";
+    return fnRange(oLimits.m_dLeastRate, oLimits.m_dMostRate, "Hz") + ", " +
+           fnRange(oLimits.m_dLeastLineRate, oLimits.m_dMostLineRate, "kHz") + sClock;
 }
 
 // Where modes lie on one another, one point.
@@ -68,14 +100,9 @@ struct SPoint
     double m_dY;
     std::string m_sModes;
     bool m_bPreferred = false;
+    bool m_bOutside = false; // a mode is, of the limits of an image that has it
     bool m_abIn[2] = {};
 };
-
-double GetX(const CVidParamTimingGeneric& oTiming, bool bLineRate)
-{
-    constexpr double dHzPerKiloHz = 1000;
-    return bLineRate ? oTiming.GetHorizontalRateInHz() / dHzPerKiloHz : oTiming.GetHorizontalActive();
-}
 
 // 1, 2 or 5 times a power of ten: the step that gives at most so many marks.
 double FindStep(double dRange, double dMost)
@@ -91,7 +118,7 @@ double FindStep(double dRange, double dMost)
 class CPlot
 {
 public:
-    CPlot(SPage& oPage, bool bLineRate) : m_oPage(oPage), m_bLineRate(bLineRate)
+    CPlot(const SPage& oPage, bool bLineRate) : m_oPage(oPage), m_bLineRate(bLineRate)
     {
         for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
         {
@@ -116,7 +143,7 @@ public:
               << "\"><title id=\"" << oKey << "-title\">Modes over " << SText{ m_bLineRate ? "line rate" : "width" }
               << " and refresh rate</title><desc id=\"" << oKey << "-desc\">" << m_aoPoints.size()
               << " points, which stand in the list below.";
-        DescribeLimits(oHtml);
+        AddLimitWords(oHtml);
         oHtml << "</desc>\n";
         AddGrid(oHtml);
         AddLimits(oHtml);
@@ -130,13 +157,17 @@ public:
             oHtml << "<li>" << SDecimal{ oPoint.m_dX, 2 } << SText{ m_bLineRate ? " kHz, " : " pixels, " }
                   << SDecimal{ oPoint.m_dY, 2 } << " Hz: " << SText{ DescribePoint(oPoint) } << "</li>\n";
         }
+        for (const std::string& sMode : m_asBare)
+        {
+            oHtml << "<li>The line rate is not given: " << SText{ sMode } << "</li>\n";
+        }
         return oHtml << "</ul></details>\n</figure>\n";
     }
 
 private:
     void AddImage(size_t uiImage)
     {
-        SPageImage& oImage = *m_oPage.m_apoImages[uiImage];
+        const SPageImage& oImage = *m_oPage.m_apoImages[uiImage];
         m_aoLimits[uiImage] = FindLimits(oImage);
         if (m_aoLimits[uiImage].has_value())
         {
@@ -146,21 +177,35 @@ private:
         }
         for (const SPageTiming& oPlace : oImage.m_aoTimings)
         {
-            const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
-            const double dX = GetX(oTiming, m_bLineRate);
-            const double dY = GetFieldRate(oTiming);
-            SPoint& oPoint = m_aoPoints.try_emplace({ lround(dX), lround(dY) }, SPoint{ dX, dY, "" }).first->second;
-            const std::string sMode = DescribeMode(oTiming);
-            if (oPoint.m_sModes.find(sMode) == std::string::npos)
+            if (oPlace.IsOfMonitor())
             {
-                oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : ", ") + sMode;
+                AddMode(oPlace, uiImage);
             }
-            oPoint.m_bPreferred = oPoint.m_bPreferred || oPlace.m_oListed.m_bPreferred;
-            oPoint.m_abIn[uiImage] = true;
-            m_dMostX = std::max(m_dMostX, dX);
-            m_dMostY = std::max(m_dMostY, dY);
-            m_dLeastY = std::min(m_dLeastY, dY);
         }
+    }
+
+    void AddMode(const SPageTiming& oPlace, size_t uiImage)
+    {
+        const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oPlace);
+        const std::string sMode = DescribeMode(oPlace) + (bOutside ? " (outside the range limits)" : "");
+        if (m_bLineRate && !oPlace.HasNumbers())
+        {
+            m_asBare.insert(sMode);
+            return;
+        }
+        const double dX = m_bLineRate ? GetLineRate(oPlace) : oPlace.m_oListed.m_oTiming.GetHorizontalActive();
+        const double dY = oPlace.GetRate();
+        SPoint& oPoint = m_aoPoints.try_emplace({ lround(dX), lround(dY) }, SPoint{ dX, dY, "" }).first->second;
+        if (oPoint.m_sModes.find(sMode) == std::string::npos)
+        {
+            oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : ", ") + sMode;
+        }
+        oPoint.m_bPreferred = oPoint.m_bPreferred || oPlace.m_oListed.m_bPreferred;
+        oPoint.m_bOutside = oPoint.m_bOutside || bOutside;
+        oPoint.m_abIn[uiImage] = true;
+        m_dMostX = std::max(m_dMostX, dX);
+        m_dMostY = std::max(m_dMostY, dY);
+        m_dLeastY = std::min(m_dLeastY, dY);
     }
 
     double PlaceX(double dX) const { return gsc_dLeft + dX / m_dMostX * (gsc_dWidth - gsc_dLeft - gsc_dRight); }
@@ -203,7 +248,7 @@ private:
               << ") rotate(-90)\" text-anchor=\"middle\">refresh rate, Hz</text>\n";
     }
 
-    // Width has no limit of its own: there the box goes over all of it.
+    // Width has no limit: there it is a band over all of it, without sides. A range of one value keeps some height.
     void AddLimits(CHtml& oHtml) const
     {
         for (size_t i = 0; i < 2; ++i)
@@ -212,57 +257,56 @@ private:
             {
                 continue;
             }
-            const double dLeft = PlaceX(m_bLineRate ? m_aoLimits[i]->m_dLeastLineRate : 0);
-            const double dRight = PlaceX(m_bLineRate ? m_aoLimits[i]->m_dMostLineRate : m_dMostX);
-            const double dTop = PlaceY(m_aoLimits[i]->m_dMostRate);
-            oHtml << "<rect class=\"limits" << SText{ i == 0 ? "" : " second" } << "\" x=\"" << SDecimal{ dLeft, 1 }
-                  << "\" y=\"" << SDecimal{ dTop, 1 } << "\" width=\"" << SDecimal{ std::max(dRight - dLeft, 1.0), 1 }
-                  << "\" height=\"" << SDecimal{ std::max(PlaceY(m_aoLimits[i]->m_dLeastRate) - dTop, 1.0), 1 }
+            const SLimits& oLimits = *m_aoLimits[i];
+            const SSpan oX = m_bLineRate ? Widen(PlaceX(oLimits.m_dLeastLineRate), PlaceX(oLimits.m_dMostLineRate))
+                                         : SSpan{ gsc_dLeft, gsc_dWidth - gsc_dRight };
+            const SSpan oY = Widen(PlaceY(oLimits.m_dMostRate), PlaceY(oLimits.m_dLeastRate));
+            const SText oSecond = { i == 0 ? "" : " second" };
+            oHtml << "<rect class=\"limits" << SText{ m_bLineRate ? "" : " band" } << oSecond << "\" x=\""
+                  << SDecimal{ oX.m_dFrom, 1 } << "\" y=\"" << SDecimal{ oY.m_dFrom, 1 } << "\" width=\""
+                  << SDecimal{ oX.m_dTo - oX.m_dFrom, 1 } << "\" height=\"" << SDecimal{ oY.m_dTo - oY.m_dFrom, 1 }
                   << "\"/>";
+            for (const double dEdge : { oY.m_dFrom, oY.m_dTo })
+            {
+                if (!m_bLineRate)
+                {
+                    oHtml << "<path class=\"limits" << oSecond << "\" d=\"M" << SDecimal{ oX.m_dFrom, 1 } << " "
+                          << SDecimal{ dEdge, 1 } << "H" << SDecimal{ oX.m_dTo, 1 } << "\"/>";
+                }
+            }
         }
     }
 
-    void DescribeLimits(CHtml& oHtml) const
+    struct SSpan
+    {
+        double m_dFrom;
+        double m_dTo;
+    };
+
+    static SSpan Widen(double dFrom, double dTo)
+    {
+        constexpr double dLeast = 8;
+        const double dMissing = std::max(dLeast - (dTo - dFrom), 0.0);
+        return { dFrom - dMissing / 2, dTo + dMissing / 2 };
+    }
+
+    void AddLimitWords(CHtml& oHtml) const
     {
         for (size_t i = 0; i < 2; ++i)
         {
             if (m_aoLimits[i].has_value())
             {
-                const SLimits& oLimits = *m_aoLimits[i];
                 oHtml << " Range limits" << SText{ m_oPage.IsPair() ? " of " : "" } << SText{ m_oPage.GetMark(i) }
-                      << ": " << SDecimal{ oLimits.m_dLeastRate, 0 } << " to " << SDecimal{ oLimits.m_dMostRate, 0 }
-                      << " Hz, " << SDecimal{ oLimits.m_dLeastLineRate, 0 } << " to "
-                      << SDecimal{ oLimits.m_dMostLineRate, 0 } << " kHz.";
+                      << ": " << SText{ DescribeLimits(*m_aoLimits[i]) } << ".";
             }
         }
-    }
-
-    bool IsWithinLimits(const SPoint& oPoint) const
-    {
-        for (size_t i = 0; i < 2; ++i)
-        {
-            if (!oPoint.m_abIn[i] || !m_aoLimits[i].has_value())
-            {
-                continue;
-            }
-            const SLimits& oLimits = *m_aoLimits[i];
-            constexpr double dSlack = 0.5; // the limits are whole numbers
-            if (oPoint.m_dY < oLimits.m_dLeastRate - dSlack || oPoint.m_dY > oLimits.m_dMostRate + dSlack ||
-                (m_bLineRate &&
-                 (oPoint.m_dX < oLimits.m_dLeastLineRate - dSlack || oPoint.m_dX > oLimits.m_dMostLineRate + dSlack)))
-            {
-                return false;
-            }
-        }
-        return true;
     }
 
     void AddPoint(CHtml& oHtml, const SPoint& oPoint) const
     {
-        const bool bInside = IsWithinLimits(oPoint);
         const bool bOne = m_oPage.IsPair() && oPoint.m_abIn[0] != oPoint.m_abIn[1];
         oHtml << "<circle class=\"mode" << SText{ oPoint.m_bPreferred ? " preferred" : "" }
-              << SText{ bInside ? "" : " outside" } << SText{ bOne && oPoint.m_abIn[0] ? " first" : "" }
+              << SText{ oPoint.m_bOutside ? " outside" : "" } << SText{ bOne && oPoint.m_abIn[0] ? " first" : "" }
               << SText{ bOne && oPoint.m_abIn[1] ? " second" : "" } << "\" cx=\"" << SDecimal{ PlaceX(oPoint.m_dX), 1 }
               << "\" cy=\"" << SDecimal{ PlaceY(oPoint.m_dY), 1 } << "\" r=\""
               << SText{ oPoint.m_bPreferred ? "7" : "5" } << "\"><title>" << SText{ DescribePoint(oPoint) }
@@ -273,7 +317,6 @@ private:
     {
         std::string sText = oPoint.m_sModes;
         sText += oPoint.m_bPreferred ? " (preferred)" : "";
-        sText += IsWithinLimits(oPoint) ? "" : " (outside the range limits)";
         if (m_oPage.IsPair() && oPoint.m_abIn[0] != oPoint.m_abIn[1])
         {
             sText += std::string(" only in ") + m_oPage.GetMark(oPoint.m_abIn[0] ? 0 : 1);
@@ -281,9 +324,10 @@ private:
         return sText;
     }
 
-    SPage& m_oPage;
+    const SPage& m_oPage;
     const bool m_bLineRate;
     std::map<std::pair<long, long>, SPoint> m_aoPoints; // by whole units
+    std::set<std::string> m_asBare;                     // modes without a line rate
     std::optional<SLimits> m_aoLimits[2];
     double m_dLeastY = 60;
     double m_dMostX = 1;
@@ -293,7 +337,7 @@ private:
 };
 } // namespace
 
-CHtml MakeModePlots(SPage& oPage)
+CHtml MakeModePlots(const SPage& oPage)
 {
     CHtml oHtml;
     const bool bAny = std::any_of(oPage.m_apoImages.begin(), oPage.m_apoImages.end(),
@@ -302,8 +346,7 @@ CHtml MakeModePlots(SPage& oPage)
     {
         return oHtml;
     }
-    oHtml << "<section id=\"modes\" aria-labelledby=\"h-modes\">\n<h2 id=\"h-modes\">Modes over their rates</h2>\n"
-          << "<ul class=\"legend\" aria-label=\"Marks\"><li><span class=\"dot preferred\"></span>preferred</li>";
+    oHtml << "<ul class=\"legend\" aria-label=\"Marks\"><li><span class=\"dot preferred\"></span>preferred</li>";
     if (oPage.IsPair())
     {
         oHtml << "<li><span class=\"dot\"></span>both</li><li><span class=\"dot first\"></span>only A</li>"
@@ -316,10 +359,11 @@ CHtml MakeModePlots(SPage& oPage)
     bool bLimits = false;
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        if (FindLimits(*oPage.m_apoImages[i]).has_value())
+        if (const std::optional<SLimits> oLimits = FindLimits(*oPage.m_apoImages[i]))
         {
             oHtml << "<li><span class=\"box" << SText{ i == 0 ? "" : " second" } << "\"></span>range limits "
-                  << SText{ oPage.GetMark(i) } << "</li>";
+                  << SText{ oPage.GetMark(i) } << SText{ oPage.IsPair() ? ": " : "" }
+                  << SText{ DescribeLimits(*oLimits) } << "</li>";
             bLimits = true;
         }
     }
@@ -328,5 +372,5 @@ CHtml MakeModePlots(SPage& oPage)
         oHtml << "<li><span class=\"dot outside\"></span>outside the range limits</li>";
     }
     return oHtml << "</ul>\n<div class=\"plots\">\n"
-                 << CPlot(oPage, false).Make() << CPlot(oPage, true).Make() << "</div>\n</section>\n";
+                 << CPlot(oPage, false).Make() << CPlot(oPage, true).Make() << "</div>\n";
 }

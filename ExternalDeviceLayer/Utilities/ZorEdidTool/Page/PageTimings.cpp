@@ -1,6 +1,7 @@
 // The timings as a table, and each of them as a picture to scale. Of a pair, a timing that both have stands there once.
 
 #include <algorithm>
+#include <map>
 
 #include "PageParts.h"
 #include "TextFormat.h"
@@ -24,13 +25,15 @@ struct SPageAxis
     unsigned int m_uiBorder; // each side; taken out of the porches, which the library gives with it
     double m_dUnit;          // microseconds of a pixel or of a line
 
-    // False when the parts do not fit in the total.
-    bool IsDrawable() const
+    // Whether the parts fit in the total.
+    bool IsSound() const
     {
-        return m_uiTotal != 0 && m_uiActive != 0 && m_uiFrontPorch >= m_uiBorder && m_uiBackPorch >= m_uiBorder &&
+        return m_uiTotal != 0 && m_uiActive != 0 &&
                static_cast<unsigned long long>(m_uiSync) + m_uiBackPorch + m_uiActive + m_uiFrontPorch == m_uiTotal;
     }
+    bool HasRoomForBorder() const { return m_uiFrontPorch >= m_uiBorder && m_uiBackPorch >= m_uiBorder; }
     unsigned int GetActiveStart() const { return m_uiSync + m_uiBackPorch; }
+    unsigned int GetActiveEnd() const { return GetActiveStart() + m_uiActive; }
 };
 
 SPageAxis MakeAxis(unsigned int uiActive, unsigned int uiFrontPorch, unsigned int uiSync, unsigned int uiTotal,
@@ -43,7 +46,7 @@ SPageAxis MakeAxis(unsigned int uiActive, unsigned int uiFrontPorch, unsigned in
 class CTimingPicture
 {
 public:
-    explicit CTimingPicture(const SPageTiming& oPlace) : m_oTiming(oPlace.m_oListed.m_oTiming)
+    explicit CTimingPicture(const SPageTiming& oPlace) : m_oPlace(oPlace), m_oTiming(oPlace.m_oListed.m_oTiming)
     {
         const unsigned int uiFields = m_oTiming.IsInterlaced() != 0 ? 2 : 1;
         const double dPixel = m_oTiming.GetPixelClockInHz() == 0 ? 0 : gsc_dHzPerMegaHz / m_oTiming.GetPixelClockInHz();
@@ -58,21 +61,51 @@ public:
     CHtml Make(unsigned int uiNumber) const
     {
         CHtml oHtml;
-        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\" hidden>\n<figcaption>"
-              << SText{ DescribeMode(m_oTiming) } << "</figcaption>\n";
-        if (m_oAcross.IsDrawable() && m_oDown.IsDrawable())
+        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>"
+              << SText{ DescribeMode(m_oPlace) } << "</figcaption>\n";
+        if (!m_oPlace.HasNumbers())
+        {
+            return oHtml << "<p>The image says no more of it than size and rate.</p>\n</figure>\n";
+        }
+        if (const char* pszReason = FindReason())
+        {
+            oHtml << "<p>" << SText{ pszReason } << ", so there is no picture of it.</p>\n";
+        }
+        else
         {
             Draw(uiNumber, oHtml);
             AddTable(oHtml);
         }
-        else
-        {
-            oHtml << "<p>Its porches and sync do not fit in its totals, so there is no picture of it.</p>\n";
-        }
-        return oHtml << "<p class=\"modeline\"><code>" << SText{ GetModeline(m_oTiming) } << "</code></p>\n</figure>\n";
+        return oHtml << "<p class=\"modeline\"><code>" << SText{ GetModeline(m_oTiming, GetModelineName()) }
+                     << "</code></p>\n</figure>\n";
+    }
+
+    // What makes the picture: timings that have it in common have one picture.
+    std::string GetKey() const
+    {
+        return FormatText("%u %u ", m_oAcross.m_uiBorder, m_oDown.m_uiBorder) +
+               GetModeline(m_oTiming, DescribeMode(m_oPlace));
     }
 
 private:
+    // Why there is no picture; null for a timing that can be drawn.
+    const char* FindReason() const
+    {
+        if (!m_oAcross.IsSound() || !m_oDown.IsSound())
+        {
+            return "Its porches and sync do not fit in its totals";
+        }
+        return m_oAcross.HasRoomForBorder() && m_oDown.HasRoomForBorder() ? nullptr
+                                                                          : "Its border is larger than a porch";
+    }
+
+    // The rate as the page has it, that of fields.
+    std::string GetModelineName() const
+    {
+        return FormatText("%ux%u%s_%s", m_oTiming.GetHorizontalActive(), m_oTiming.GetVerticalActive(),
+                          m_oTiming.IsInterlaced() != 0 ? "i" : "", m_oPlace.GetRateText().c_str());
+    }
+
     static void AddBox(CHtml& oHtml, SMarkup oClass, unsigned int uiLeft, unsigned int uiTop, unsigned int uiWidth,
                        unsigned int uiHeight)
     {
@@ -90,7 +123,9 @@ private:
               << "\">Frame to scale</title><desc id=\"pd" << uiNumber << "\">Active area " << oX.m_uiActive << " by "
               << oY.m_uiActive << " in a total of " << oX.m_uiTotal << " pixels by " << oY.m_uiTotal
               << " lines; sync, porches and borders stand in the table.</desc>\n";
-        AddBox(oHtml, "porch", 0, 0, oX.m_uiTotal, oY.m_uiTotal);
+        AddBox(oHtml, "back", 0, 0, oX.m_uiTotal, oY.m_uiTotal);
+        AddBox(oHtml, "front", oX.GetActiveEnd(), 0, oX.m_uiFrontPorch, oY.m_uiTotal);
+        AddBox(oHtml, "front", 0, oY.GetActiveEnd(), oX.m_uiTotal, oY.m_uiFrontPorch);
         AddBox(oHtml, "sync", 0, 0, oX.m_uiSync, oY.m_uiTotal);
         AddBox(oHtml, "sync", 0, 0, oX.m_uiTotal, oY.m_uiSync);
         if (oX.m_uiBorder != 0 || oY.m_uiBorder != 0)
@@ -118,9 +153,15 @@ private:
     {
         const unsigned int uiPixels = m_oAcross.*puiPart;
         const unsigned int uiLines = m_oDown.*puiPart;
-        oHtml << "<tr><th scope=\"row\"><span class=\"swatch " << oClass << "\"></span>" << oName << "</th><td>"
-              << uiPixels << "</td><td>" << SDecimal{ uiPixels * m_oAcross.m_dUnit, 3 } << "</td><td>" << uiLines
-              << "</td><td>" << SDecimal{ uiLines * m_oDown.m_dUnit, 1 } << "</td></tr>\n";
+        oHtml << "<tr><th scope=\"row\"><span class=\"swatch " << oClass << "\"></span>" << oName << "</th>";
+        AddCells(oHtml, uiPixels, m_oAcross.m_dUnit);
+        AddCells(oHtml, uiLines, m_oDown.m_dUnit);
+        oHtml << "</tr>\n";
+    }
+
+    static void AddCells(CHtml& oHtml, unsigned int uiCount, double dUnit)
+    {
+        oHtml << "<td>" << uiCount << "</td><td>" << SText{ FormatText("%.3f", uiCount * dUnit) } << "</td>";
     }
 
     void AddTable(CHtml& oHtml) const
@@ -129,9 +170,9 @@ private:
                  "scope=\"col\">\xC2\xB5s</th>"
               << "<th scope=\"col\">lines</th><th scope=\"col\">\xC2\xB5s</th></tr></thead>\n<tbody>\n";
         AddRow(oHtml, "sync", "Sync", &SPageAxis::m_uiSync);
-        AddRow(oHtml, "porch", "Back porch", &SPageAxis::m_uiBackPorch);
+        AddRow(oHtml, "back", "Back porch", &SPageAxis::m_uiBackPorch);
         AddRow(oHtml, "active", "Active", &SPageAxis::m_uiActive);
-        AddRow(oHtml, "porch", "Front porch", &SPageAxis::m_uiFrontPorch);
+        AddRow(oHtml, "front", "Front porch", &SPageAxis::m_uiFrontPorch);
         if (m_oAcross.m_uiBorder != 0 || m_oDown.m_uiBorder != 0)
         {
             AddRow(oHtml, "border", "Border, each side, in the porches", &SPageAxis::m_uiBorder);
@@ -144,6 +185,7 @@ private:
               << "</p>\n";
     }
 
+    const SPageTiming& m_oPlace;
     const CVidParamTimingGeneric& m_oTiming;
     SPageAxis m_oAcross;
     SPageAxis m_oDown;
@@ -154,32 +196,38 @@ private:
 struct STimingRow
 {
     const SPageTiming* m_poTiming;
-    std::string m_sIn; // "A", "B" or "both"; empty for a single image
-    std::string
-        m_sPreferred; // "preferred", of a pair with those who prefer it unless both do; empty for another timing
+    size_t m_uiImage;         // whose it is, where only one has it or their numbers differ
+    std::string m_sIn;        // "A", "B" or "both"; empty for a single image
+    std::string m_sPreferred; // "preferred", of a pair with whose it is unless both prefer it; empty for another timing
 };
 
-// poPreferred is the timing that an image prefers; null for none.
-bool IsPreferred(const SListedTiming* poPreferred, const SListedTiming& oListed)
-{
-    return poPreferred != nullptr && poPreferred->m_eList == oListed.m_eList &&
-           (poPreferred->m_oTiming == oListed.m_oTiming) != 0;
-}
-
-std::string GetPreferred(const std::vector<const SListedTiming*>& apoPreferred, const SListedTiming& oListed)
+// apoPreferred has the timing that each image prefers, null for none. Of a row that both have, whose it is.
+std::string GetPreferred(const std::vector<const SPageTiming*>& apoPreferred, const SPageTiming& oTiming)
 {
     if (apoPreferred.size() == 1)
     {
-        return oListed.m_bPreferred ? "preferred" : "";
+        return oTiming.m_oListed.m_bPreferred ? "preferred" : "";
     }
-    const bool bFirst = IsPreferred(apoPreferred[0], oListed);
-    const bool bSecond = IsPreferred(apoPreferred[1], oListed);
-    return bFirst && bSecond ? "preferred" : bFirst ? "preferred by A" : bSecond ? "preferred by B" : "";
+    const auto fnPrefers = [&](size_t uiImage) {
+        const SPageTiming* poPreferred = apoPreferred[uiImage];
+        return poPreferred != nullptr && (poPreferred == &oTiming || poPreferred == oTiming.m_poOther);
+    };
+    return fnPrefers(0) && fnPrefers(1) ? "preferred"
+           : fnPrefers(0)               ? "preferred by A"
+           : fnPrefers(1)               ? "preferred by B"
+                                        : "";
+}
+
+// The preferred timing comes first, then the lists from the detailed ones down, then what stands in none.
+unsigned int GetRank(const STimingRow& oRow)
+{
+    const unsigned int uiList = eTimingList_Detailed - oRow.m_poTiming->m_oListed.m_eList;
+    return !oRow.m_sPreferred.empty() ? 0 : oRow.m_poTiming->IsListed() ? 1 + uiList : 2 + eTimingList_Detailed;
 }
 
 std::vector<STimingRow> ListRows(const SPage& oPage)
 {
-    std::vector<const SListedTiming*> apoPreferred;
+    std::vector<const SPageTiming*> apoPreferred;
     for (const auto& poImage : oPage.m_apoImages)
     {
         apoPreferred.push_back(poImage->FindPreferred());
@@ -189,57 +237,109 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
     {
         for (const SPageTiming& oTiming : oPage.m_apoImages[i]->m_aoTimings)
         {
-            if (i == 0 || oTiming.m_bOnlyHere)
+            if (!oTiming.m_bRowOfOther)
             {
-                aoRows.push_back({ &oTiming, oPage.IsPair() && !oTiming.m_bOnlyHere ? "both" : oPage.GetMark(i),
-                                   GetPreferred(apoPreferred, oTiming.m_oListed) });
+                aoRows.push_back({ &oTiming, i, oTiming.m_poOther != nullptr ? "both" : oPage.GetMark(i),
+                                   GetPreferred(apoPreferred, oTiming) });
             }
         }
     }
-    // The list with the preferred timing comes first.
-    std::stable_sort(aoRows.begin(), aoRows.end(), [](const STimingRow& oFirst, const STimingRow& oSecond) {
-        return oFirst.m_poTiming->m_oListed.m_eList > oSecond.m_poTiming->m_oListed.m_eList;
-    });
+    std::ranges::stable_sort(aoRows, {}, GetRank);
     return aoRows;
+}
+
+std::string GetNumber(const SPageTiming& oTiming)
+{
+    return oTiming.IsListed() ? FormatText("%s %u", GetListName(oTiming.m_oListed.m_eList), oTiming.m_oListed.m_uiIndex)
+                              : "-";
+}
+
+// Numbers are what edits take, and those of the other image are others.
+std::string GetNumbers(const STimingRow& oRow)
+{
+    const SPageTiming& oTiming = *oRow.m_poTiming;
+    const std::string sNumber = GetNumber(oTiming);
+    if (oTiming.m_poOther == nullptr || GetNumber(*oTiming.m_poOther) == sNumber)
+    {
+        return sNumber;
+    }
+    const std::string sOther = GetNumber(*oTiming.m_poOther);
+    return "A " + (oRow.m_uiImage == 0 ? sNumber : sOther) + ", B " + (oRow.m_uiImage == 0 ? sOther : sNumber);
 }
 
 std::string GetMarks(const STimingRow& oRow)
 {
-    const SListedTiming& oListed = oRow.m_poTiming->m_oListed;
+    const SPageTiming& oPlace = *oRow.m_poTiming;
+    const SListedTiming& oListed = oPlace.m_oListed;
     std::string sMarks = oRow.m_sPreferred;
     const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) {
         sMarks += bHolds ? (sMarks.empty() ? "" : ", ") + sMark : "";
     };
-    fnAdd(oRow.m_poTiming->m_bOfMap, "not listed by the library");
-    fnAdd(oListed.m_bNative && oRow.m_poTiming->m_sOtherCode.empty(), "native");
+    fnAdd(oListed.m_bNative && oPlace.IsOfMonitor(), "native");
     fnAdd(oListed.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
-    fnAdd(!oListed.m_oVics.m_auiCodes.empty() && oRow.m_poTiming->m_sOtherCode.empty(), GetVicsText(oListed.m_oVics));
-    fnAdd(!oRow.m_poTiming->m_sOtherCode.empty(), oRow.m_poTiming->m_sOtherCode);
+    fnAdd(!oPlace.IsListed(), oPlace.m_sSource);
+    fnAdd(!oPlace.IsListed(), "in no list of the library");
+    fnAdd(!oListed.m_oVics.m_auiCodes.empty() && oPlace.IsOfMonitor(), GetVicsText(oListed.m_oVics));
+    fnAdd(!oPlace.IsOfMonitor(), oPlace.m_sOtherCode + ", which has a row of its own");
     const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
-    fnAdd(pszType != nullptr && oListed.m_eList != eTimingList_Detailed, pszType != nullptr ? pszType : "");
+    fnAdd(oPlace.m_bStandIn, "stand-in by GTF");
+    fnAdd(!oPlace.m_bStandIn && pszType != nullptr && oListed.m_eList != eTimingList_Detailed,
+          pszType != nullptr ? pszType : "");
     return sMarks;
 }
 
-// A cell with the number that it is sorted by.
-void AddNumber(CHtml& oHtml, double dNumber, unsigned int uiDecimals)
+// What the marks of the rows mean, as far as they need words.
+CHtml MakeNotes(const std::vector<STimingRow>& aoRows)
 {
-    oHtml << "<td data-v=\"" << SDecimal{ dNumber, 6 } << "\">"
-          << SText{ FormatText("%.*f", static_cast<int>(uiDecimals), dNumber) } << "</td>";
+    CHtml oHtml;
+    const auto fnHas = [&](auto fnHolds) {
+        return std::ranges::any_of(aoRows, [&](const STimingRow& oRow) { return fnHolds(*oRow.m_poTiming); });
+    };
+    const auto iUnlisted = std::ranges::count_if(aoRows, [](const auto& oRow) { return !oRow.m_poTiming->IsListed(); });
+    if (iUnlisted != 0)
+    {
+        oHtml << " " << iUnlisted << SText{ iUnlisted == 1 ? " of the modes stands" : " of the modes stand" }
+              << " in no list of the library and " << SText{ iUnlisted == 1 ? "has" : "have" } << " no number.";
+    }
+    if (fnHas([](const SPageTiming& oTiming) {
+            return oTiming.IsListed() && !oTiming.m_oListed.m_sStandardCode.empty();
+        }))
+    {
+        oHtml << " dmt, cvt and gtf: where the numbers of a standard timing come from, the table of VESA or a formula.";
+    }
+    if (fnHas([](const SPageTiming& oTiming) { return oTiming.m_bStandIn; }))
+    {
+        oHtml << " Stand-in by GTF: this mode has numbers of its own, which the library does not know and computes by "
+              << "the GTF formula; they are not held against the range limits.";
+    }
+    return oHtml;
 }
 
-void AddRow(CHtml& oHtml, unsigned int uiNumber, const STimingRow& oRow, bool bPair)
+// A cell with the number that it is sorted by; empty where there is none.
+void AddNumber(CHtml& oHtml, double dNumber, const std::string& sText)
 {
-    const SListedTiming& oListed = oRow.m_poTiming->m_oListed;
-    const CVidParamTimingGeneric& oTiming = oListed.m_oTiming;
-    oHtml << "<tr id=\"t" << uiNumber << "\" data-list=\"" << SText{ GetListName(oListed.m_eList) } << "\"";
-    if (bPair && oRow.m_poTiming->m_bOnlyHere)
+    oHtml << "<td data-v=\"" << SDecimal{ dNumber, 6 } << "\">" << SText{ dNumber == 0 ? "" : sText } << "</td>";
+}
+
+void AddRow(CHtml& oHtml, unsigned int uiPicture, const STimingRow& oRow, const SPage& oPage)
+{
+    constexpr unsigned long long ullMostOfList = 1ULL << 32;
+    const SPageTiming& oPlace = *oRow.m_poTiming;
+    const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
+    const unsigned long long ullList = oPlace.IsListed() ? oPlace.m_oListed.m_eList : eTimingList_Detailed + 1;
+    oHtml << "<tr data-list=\"" << SText{ oPlace.IsListed() ? GetListName(oPlace.m_oListed.m_eList) : "none" } << "\"";
+    if (oPage.IsPair() && oPlace.m_poOther == nullptr && oPlace.IsOfMonitor())
     {
         oHtml << " class=\"differs\"";
     }
-    oHtml << "><th scope=\"row\" data-v=\"" << (oListed.m_eList * 1000 + oListed.m_uiIndex)
-          << "\"><label><input type=\"radio\" name=\"timing\" value=\"" << uiNumber << "\"> "
-          << SText{ GetListName(oListed.m_eList) } << " " << oListed.m_uiIndex << "</label></th>";
-    if (bPair)
+    oHtml << "><th scope=\"row\" data-v=\"" << ullList * ullMostOfList + oPlace.m_oListed.m_uiIndex
+          << "\"><label><input type=\"radio\" name=\"timing\" value=\"" << uiPicture << "\"";
+    if (!oPlace.IsListed())
+    {
+        oHtml << " aria-label=\"" << SText{ DescribeMode(oPlace) } << "\"";
+    }
+    oHtml << "> " << SText{ GetNumbers(oRow) } << "</label></th>";
+    if (oPage.IsPair())
     {
         oHtml << "<td>" << SText{ oRow.m_sIn } << "</td>";
     }
@@ -247,12 +347,15 @@ void AddRow(CHtml& oHtml, unsigned int uiNumber, const STimingRow& oRow, bool bP
           << static_cast<unsigned long long>(oTiming.GetHorizontalActive()) * 65536 + oTiming.GetVerticalActive()
           << "\">" << oTiming.GetHorizontalActive() << " &times; " << oTiming.GetVerticalActive()
           << SText{ oTiming.IsInterlaced() != 0 ? "i" : "" } << "</td>";
-    AddNumber(oHtml, GetFieldRate(oTiming), 2);
-    AddNumber(oHtml, oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz, 3);
-    AddNumber(oHtml, oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz, 2);
+    const double dClock = oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
+    const double dLineRate = oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz;
+    AddNumber(oHtml, oPlace.GetRate(), oPlace.GetRateText());
+    AddNumber(oHtml, dClock, FormatText("%.3f", dClock));
+    AddNumber(oHtml, dLineRate, FormatText("%.2f", dLineRate));
     oHtml << "<td>" << SText{ GetMarks(oRow) } << "</td></tr>\n";
 }
 
+// Page.js makes buttons of them, which sort.
 void AddHeads(CHtml& oHtml, bool bPair)
 {
     constexpr const char* apszHeads[] = { "Number", "In", "Size", "Rate, Hz", "Clock, MHz", "Line rate, kHz", "Marks" };
@@ -261,63 +364,43 @@ void AddHeads(CHtml& oHtml, bool bPair)
     {
         if (bPair || pszHead != std::string("In"))
         {
-            oHtml << "<th scope=\"col\" aria-sort=\"none\"><button type=\"button\">" << SText{ pszHead }
-                  << "</button></th>";
+            oHtml << "<th scope=\"col\">" << SText{ pszHead } << "</th>";
         }
     }
     oHtml << "</tr></thead>\n";
-}
-
-CHtml MakeUnlisted(const SPage& oPage)
-{
-    CHtml oHtml;
-    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
-    {
-        const std::vector<std::string>& asModes = oPage.m_apoImages[i]->m_asUnlisted;
-        if (asModes.empty())
-        {
-            continue;
-        }
-        oHtml << "<p class=\"small\">" << SText{ oPage.GetMark(i) } << SText{ oPage.IsPair() ? ": " : "" }
-              << asModes.size() << SText{ asModes.size() == 1 ? " mode" : " modes" } << " of the map "
-              << SText{ asModes.size() == 1 ? "is" : "are" } << " in no list of the library: ";
-        for (size_t j = 0; j < asModes.size(); ++j)
-        {
-            oHtml << SText{ j == 0 ? "" : ", " } << SText{ asModes[j] };
-        }
-        oHtml << ".</p>\n";
-    }
-    return oHtml;
 }
 } // namespace
 
 CHtml MakeTimings(const SPage& oPage)
 {
     CHtml oHtml;
-    oHtml << "<section id=\"timings\" aria-labelledby=\"h-timings\">\n<h2 id=\"h-timings\">Timings</h2>\n";
     const std::vector<STimingRow> aoRows = ListRows(oPage);
     if (aoRows.empty())
     {
-        return oHtml << "<p>The library lists no timing of this image.</p>\n" << MakeUnlisted(oPage) << "</section>\n";
+        return oHtml << "<p>The image announces no timing.</p>\n";
     }
     oHtml << "<div class=\"tools\"><label>Filter <input type=\"search\" id=\"filter\" autocomplete=\"off\" "
           << "spellcheck=\"false\"></label> <label>List <select id=\"list\"><option value=\"\">all</option>"
-          << "<option>established</option><option>standard</option><option>detailed</option></select></label> "
-          << "<span id=\"count\" role=\"status\"></span></div>\n<p class=\"small\">The rate of an interlaced mode is "
-          << "that of its fields.<span class=\"narrow\"> The table scrolls sideways.</span></p>\n"
-          << MakeUnlisted(oPage) << "<div class=\"timings\">\n"
+          << "<option>established</option><option>standard</option><option>detailed</option><option>none</option>"
+          << "</select></label> <span id=\"count\" role=\"status\"></span></div>\n<p class=\"small\">Rates of "
+          << "interlaced modes are those of their fields." << MakeNotes(aoRows)
+          << "<span class=\"narrow\"> The table scrolls sideways.</span></p>\n<div class=\"timings\">\n"
           << "<div class=\"scroll tall\" tabindex=\"0\" role=\"region\" aria-label=\"Table of timings\">"
           << "<table id=\"table\">\n";
     AddHeads(oHtml, oPage.IsPair());
     oHtml << "<tbody>\n";
-    for (unsigned int i = 0; i < aoRows.size(); ++i)
+    std::map<std::string, unsigned int> aoNumbers; // of the pictures
+    CHtml oPictures;
+    for (const STimingRow& oRow : aoRows)
     {
-        AddRow(oHtml, i, aoRows[i], oPage.IsPair());
+        const CTimingPicture oPicture(*oRow.m_poTiming);
+        const auto [itNumber, bNew] =
+            aoNumbers.try_emplace(oPicture.GetKey(), static_cast<unsigned int>(aoNumbers.size()));
+        if (bNew)
+        {
+            oPictures << oPicture.Make(itNumber->second);
+        }
+        AddRow(oHtml, itNumber->second, oRow, oPage);
     }
-    oHtml << "</tbody>\n</table></div>\n<div class=\"pictures\">\n";
-    for (unsigned int i = 0; i < aoRows.size(); ++i)
-    {
-        oHtml << CTimingPicture(*aoRows[i].m_poTiming).Make(i);
-    }
-    return (oHtml << "</div>\n</div>\n</section>\n").Take();
+    return oHtml << "</tbody>\n</table></div>\n<div class=\"pictures\">\n" << oPictures << "</div>\n</div>\n";
 }

@@ -22,29 +22,6 @@
 #include "Messages.h"
 #include "TextFormat.h"
 
-void PrintError(const std::string& sText) { fprintf(stderr, "zoredid: %s\n", ShowName(sText).c_str()); }
-
-std::string MakeErrorLine(const std::string& sName, const std::string& sReason)
-{
-    return "zoredid: " + ShowName(sName + ": " + sReason) + "\n";
-}
-
-namespace
-{
-constinit int g_iOutputError = 0; // errno of the turn whose output could not be written
-} // namespace
-
-void FinishOutput(STool& oTool)
-{
-    const bool bFailed = ferror(stdout) != 0;
-    const int iError = fflush(stdout) != 0 ? errno : g_iOutputError;
-    if (bFailed || iError != 0)
-    {
-        PrintError(std::string("standard output: ") + (iError != 0 ? strerror(iError) : "cannot be written"));
-        oTool.Note(eExit_Input);
-    }
-}
-
 void DeclareFiles(COptions& oCommand, SFiles& oFiles)
 {
     oFiles.m_sCommand = oCommand.GetName();
@@ -224,14 +201,6 @@ SOutcome RunTurn(const std::string& sName, const STurnRules& oRules)
     return oOutcome;
 }
 
-void Write(const std::string& sText)
-{
-    if (fwrite(sText.data(), 1, sText.size(), stdout) != sText.size())
-    {
-        g_iOutputError = errno;
-    }
-}
-
 // All that a run writes, in the order of the inputs.
 class CPrinter
 {
@@ -239,7 +208,7 @@ public:
     CPrinter(const SFiles& oFiles, size_t uiCount, STool& oTool)
         : m_oFiles(oFiles), m_oTool(oTool), m_oProgress(oFiles.m_bProgress, uiCount)
     {
-        Write(m_oFiles.m_sHead);
+        PrintResult(m_oFiles.m_sHead);
     }
 
     void Print(const SOutcome& oOutcome)
@@ -250,7 +219,7 @@ public:
         }
         if (!oOutcome.m_sOut.empty())
         {
-            Write(m_bFirst ? "" : m_oFiles.m_sBetween);
+            PrintResult(m_bFirst ? "" : m_oFiles.m_sBetween);
             m_bFirst = false;
         }
         PrintOutcome(oOutcome, m_oTool);
@@ -260,7 +229,7 @@ public:
     void Finish()
     {
         m_oProgress.Clear();
-        Write(m_oFiles.m_sTail);
+        PrintResult(m_oFiles.m_sTail);
     }
 
 private:
@@ -440,20 +409,6 @@ bool RunInThreads(unsigned int uiJobs, CNames& oNames, const STurnRules& oRules,
     return true;
 }
 } // namespace
-
-void PrintOutcome(const SOutcome& oOutcome, STool& oTool)
-{
-    Write(oOutcome.m_sOut);
-    if (!oOutcome.m_sError.empty())
-    {
-        if (fflush(stdout) != 0) // so that both are in order where they go to one place
-        {
-            g_iOutputError = errno;
-        }
-        fwrite(oOutcome.m_sError.data(), 1, oOutcome.m_sError.size(), stderr);
-    }
-    oTool.Note(oOutcome.m_eExit);
-}
 
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn)
 {

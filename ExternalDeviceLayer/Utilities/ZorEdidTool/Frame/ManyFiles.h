@@ -41,6 +41,3 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
 // Reads one input of a subcommand that has few of them. One that cannot be read is told on standard error and noted;
 // with --verbose, what it was taken for is told there, too.
 SInput ReadOneInput(const std::string& sName, STool& oTool);
-
-// Prints and notes the outcome of a subcommand without turns.
-void PrintOutcome(const SOutcome& oOutcome, STool& oTool);

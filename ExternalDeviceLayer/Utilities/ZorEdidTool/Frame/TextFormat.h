@@ -1,14 +1,10 @@
-// Text by a printf format as a std::string, hexadecimal bytes, names of files, numbers, and the outcome of a refused
-// input.
+// Text by a printf format as a std::string, hexadecimal bytes, names of files, and numbers.
 
 #pragma once
 
 #include <stddef.h>
 
 #include <string>
-
-#include "Input.h"
-#include "Tool.h"
 
 std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));
 
@@ -21,6 +17,3 @@ std::string ShowName(const std::string& sName);
 
 // A number, decimal, or hexadecimal behind 0x; false for anything else.
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber);
-
-// One error line and the status of an input that cannot be loaded.
-SOutcome RefuseInput(const SInput& oInput, const std::string& sReason);

@@ -6,6 +6,7 @@
 #include <string>
 
 class COptions;
+struct SInput;
 
 enum EExit : int
 {
@@ -36,8 +37,17 @@ struct STool
 // One line "zoredid: NAME: REASON", with both as ShowName writes them: a reason may hold words of the user.
 std::string MakeErrorLine(const std::string& sName, const std::string& sReason);
 
+// One error line and the status of an input that cannot be loaded.
+SOutcome RefuseInput(const SInput& oInput, const std::string& sReason);
+
 // One line on standard error, "zoredid: TEXT", with the text as ShowName writes it.
 void PrintError(const std::string& sText);
+
+// Text on standard output. A write that fails is told by FinishOutput.
+void PrintResult(const std::string& sText);
+
+// Prints and notes the outcome of a subcommand without turns.
+void PrintOutcome(const SOutcome& oOutcome, STool& oTool);
 
 // Writes all that has been printed; what cannot be written becomes an error line and eExit_Input.
 // The last act of a run.

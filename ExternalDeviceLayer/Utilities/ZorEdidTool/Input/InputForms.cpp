@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "Characters.h"
 #include "InputReaders.h"
 #include "ZorEdidUtilsTable.h"
 
@@ -17,17 +18,22 @@ std::string NameFirstOf(const char* pszForm, size_t uiCount)
 
 // ---- Raw ----
 
-// Every EDID holds zeros, and no text does.
-bool ReadRaw(const std::string& sContent, SInput& oInput)
+bool TakeBytes(const std::string& sContent, SInput& oInput)
 {
-    if (sContent.find('\0') == std::string::npos)
-    {
-        return false;
-    }
     const size_t uiCount = std::min(sContent.size(), gsc_uiMaxSize + 1);
     oInput.m_aui8Bytes.assign(sContent.begin(), sContent.begin() + static_cast<std::ptrdiff_t>(uiCount));
     return true;
 }
+
+// Every EDID holds zeros, and no text does.
+bool ReadRaw(const std::string& sContent, SInput& oInput)
+{
+    return sContent.find('\0') != std::string::npos && TakeBytes(sContent, oInput);
+}
+
+// What is left when no text was found, such as a read from a bus that nobody answers on. Dumps in other character sets
+// are texts all the same.
+bool ReadRest(const std::string& sContent, SInput& oInput) { return !IsText(sContent) && TakeBytes(sContent, oInput); }
 
 // ---- The text table of the library ----
 
@@ -307,6 +313,7 @@ constexpr SForm gsc_aoForms[] = {
     { "C array", ReadCArray },
     { "base64", ReadBase64 },
     { "hexadecimal digits", ReadDigits },
+    { "raw image", ReadRest },
 };
 
 // An image may begin like a byte order mark, too. All characters of the forms are below 256.

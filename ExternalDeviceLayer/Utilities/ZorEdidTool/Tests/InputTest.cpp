@@ -136,6 +136,13 @@ const SFormCase gsc_aoDigits[] = {
       "xrandr --verbose, the first EDID of 3", "00" },
     { "NulMakesItRaw", "00 ff\n\0"s, "raw image", "30 30 20 66 66 0A 00" },
     { "RawLikeAByteOrderMark", "\xFF\xFE\0\0"s, "raw image", "FF FE 00 00" },
+    { "BytesOfADeadBus", std::string(256, '\xFF'), "raw image", "FF*256" },
+    { "ByteThatEndsNoCharacter", "\x80", "raw image", "80" },
+    { "ControlCharacters", "00 \x02\x03", "raw image", "30 30 20 02 03" },
+    { "DumpUnderOtherCharacters",
+      "Gr\xF6\xDF"
+      "e\n00000000: 00ff\n",
+      gsc_szXxd, "00 FF" },
     { "RawOfMostBlocks", std::string(32768, '\0'), "raw image", "00*32768" },
 };
 INSTANTIATE_TEST_SUITE_P(Others, InputForm, testing::ValuesIn(gsc_aoDigits),
@@ -153,6 +160,9 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "\xEF\xBB\xBF \r\n", "is empty" },
         { "\xFF\xFE", "is empty" },
         { "no EDID\n", "in no known form: no image, no digits, no base64" },
+        { "\x1B[1mGr\xC3\xB6\xC3\x9F"
+          "e\x1B[m\t\n",
+          "in no known form: no image, no digits, no base64" },
         { "{ -1 }", "in no known form: no image, no digits, no base64" },
         { "0 1 2", "hexadecimal digits: line 1: an odd number of digits" },
         { "\n00 ff\n0 10\n", "hexadecimal digits: line 3: an odd number of digits" },

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "DisplayIdImages.h"
+#include "Input.h"
 #include "MapJson.h"
 #include "MapText.h"
 #include "SharedFiles.h"
 #include "TextFormat.h"
+#include "Tool.h"
 
 namespace
 {
@@ -154,6 +156,7 @@ TEST_F(MapOfMonitor, TimingsAndCodesAreFoundByTheirNumbers)
     };
     EXPECT_EQ("standard 7, 8", GetTimingNumber(fnGroup(0x85)));
     EXPECT_EQ("standard 9, 10", GetTimingNumber(fnGroup(0x86)));
+    EXPECT_EQ("standard 10", GetTimingNumber(fnGroup(0x86), 1));
     EXPECT_EQ("detailed 0", GetTimingNumber(fnGroup(0x36)));
     EXPECT_EQ("standard 0", GetTimingNumber(fnGroup(0x26)));
     EXPECT_EQ("", GetTimingNumber(fnGroup(0x08)));

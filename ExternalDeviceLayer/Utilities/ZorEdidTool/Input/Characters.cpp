@@ -1,0 +1,45 @@
+// Telling text from other bytes.
+
+#include "Characters.h"
+
+size_t GetPrintableLength(std::string_view sText, size_t uiPlace)
+{
+    constexpr unsigned int uiLastOfOne = 0x7E;                                   // behind it stands DEL
+    constexpr unsigned int auiFirst[] = { ' ', 0xA0, 0x800, 0x10000, 0x110000 }; // by length; the last one is beyond
+    const auto fnByte = [&](size_t i) { return i < sText.size() ? static_cast<unsigned char>(sText[i]) : 0U; };
+    const unsigned int uiLead = fnByte(uiPlace);
+    if (uiLead < 0x80)
+    {
+        return uiLead >= auiFirst[0] && uiLead <= uiLastOfOne ? 1 : 0;
+    }
+    const size_t uiLength = uiLead >= 0xF0 ? 4 : uiLead >= 0xE0 ? 3 : 2;
+    unsigned int uiCode = uiLead & (0x7FU >> uiLength);
+    for (size_t i = 1; i < uiLength; ++i)
+    {
+        const unsigned int uiNext = fnByte(uiPlace + i);
+        if ((uiNext & 0xC0) != 0x80)
+        {
+            return 0;
+        }
+        uiCode = uiCode << 6 | (uiNext & 0x3F);
+    }
+    const bool bInRange = uiLead >= 0xC0 && uiLead < 0xF8 && uiCode >= auiFirst[uiLength - 1] && uiCode < auiFirst[4];
+    const bool bSurrogate = uiCode >= 0xD800 && uiCode <= 0xDFFF; // of UTF-16, no character
+    return bInRange && !bSurrogate ? uiLength : 0;
+}
+
+bool IsText(std::string_view sText)
+{
+    constexpr std::string_view sControls = "\a\b\t\n\v\f\r\x1B";
+    for (size_t i = 0; i < sText.size();)
+    {
+        const bool bControl = sControls.find(sText[i]) != std::string_view::npos;
+        const size_t uiLength = bControl ? 1 : GetPrintableLength(sText, i);
+        if (uiLength == 0)
+        {
+            return false;
+        }
+        i += uiLength;
+    }
+    return true;
+}

@@ -56,108 +56,6 @@ bool HasColours()
            (pszTerminal == nullptr || strcmp(pszTerminal, "dumb") != 0);
 }
 
-// ---- What is asked for ----
-
-bool HasText(const std::string& sText, const std::string& sPart)
-{
-    return strcasestr(sText.c_str(), sPart.c_str()) != nullptr;
-}
-
-bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart)
-{
-    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    bool bFound = HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
-                  HasText(GetCodeText(oField), sPart) || HasText(GetTimingNumber(oField), sPart) ||
-                  (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
-    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
-    {
-        bFound = bFound || HasText(GetNoteText(oMap.GetNote(oField.m_uiFirstNote + i)), sPart);
-    }
-    return bFound;
-}
-
-struct SAsked
-{
-    std::vector<unsigned int> m_auiFields; // in the order of the map
-    std::string m_sProblem;                // why there is none
-};
-
-// The field whose bytes are the block's. Depth 0 is that of blocks.
-SAsked FindBlock(const CZorEdidMap& oMap, unsigned int uiBlock)
-{
-    SAsked oAsked;
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); i = oMap.GetField(i).m_uiEnd)
-    {
-        if (oMap.GetField(i).m_uiOffset == uiBlock * gsc_uiBlockSize)
-        {
-            for (unsigned int j = i; j < oMap.GetField(i).m_uiEnd; ++j)
-            {
-                oAsked.m_auiFields.push_back(j);
-            }
-            return oAsked;
-        }
-    }
-    oAsked.m_sProblem =
-        FormatText("has no block %u: its last one is %u", uiBlock, (oMap.GetSize() - 1) / gsc_uiBlockSize);
-    return oAsked;
-}
-
-SAsked FindByte(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
-{
-    const bool bInBlock = oOptions.m_uiBlock != gsc_uiNone;
-    const unsigned int uiStart = bInBlock ? oOptions.m_uiBlock * gsc_uiBlockSize : 0;
-    const unsigned int uiSize = bInBlock ? std::min(oMap.GetSize() - uiStart, gsc_uiBlockSize) : oMap.GetSize();
-    if (oOptions.m_uiAt >= uiSize)
-    {
-        return { {},
-                 FormatText("has no byte at 0x%02x: %s ends at 0x%02x", oOptions.m_uiAt,
-                            bInBlock ? "the block" : "the image", uiSize - 1) };
-    }
-    return { FindLeaves(oMap, uiStart + oOptions.m_uiAt, 0xFF), "" };
-}
-
-SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
-{
-    SAsked oAsked = FindBlock(oMap, oOptions.m_uiBlock == gsc_uiNone ? 0 : oOptions.m_uiBlock);
-    if (!oAsked.m_sProblem.empty())
-    {
-        return oAsked;
-    }
-    if (oOptions.m_uiAt != gsc_uiNone)
-    {
-        return FindByte(oMap, oOptions);
-    }
-    if (oOptions.m_uiBlock == gsc_uiNone)
-    {
-        oAsked.m_auiFields.clear();
-        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-        {
-            oAsked.m_auiFields.push_back(i);
-        }
-    }
-    if (!oOptions.m_sFind.empty())
-    {
-        std::erase_if(oAsked.m_auiFields,
-                      [&](unsigned int uiField) { return !Matches(oMap, uiField, oOptions.m_sFind); });
-        oAsked.m_sProblem = oAsked.m_auiFields.empty() ? "has no field with this text: " + oOptions.m_sFind : "";
-    }
-    return oAsked;
-}
-
-// Which fields are asked for or are groups of those.
-std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsigned int>& auiFields)
-{
-    std::vector<bool> abShown(oMap.GetFieldCount(), false);
-    for (const unsigned int uiField : auiFields)
-    {
-        for (unsigned int i = uiField; i != gsc_uiNone && !abShown[i]; i = oMap.GetField(i).m_uiGroup)
-        {
-            abShown[i] = true;
-        }
-    }
-    return abShown;
-}
-
 // ---- Order ----
 
 // Fields stand in the order of their first bits; the map has what is left of a structure behind its other fields.
@@ -204,6 +102,106 @@ std::vector<unsigned int> OrderByPlace(const CZorEdidMap& oMap)
         fnAdd(uiField + 1, oMap.GetField(uiField).m_uiEnd);
     }
     return auiOrder;
+}
+
+// ---- What is asked for ----
+
+// Sizes are written with and without blanks around their x: all of them without.
+std::string CloseSizes(std::string sText)
+{
+    const auto fnDigit = [&](size_t i) { return i < sText.size() && sText[i] >= '0' && sText[i] <= '9'; };
+    for (size_t i = 1; i + 2 < sText.size(); ++i)
+    {
+        if (fnDigit(i - 1) && strncasecmp(sText.data() + i, " x ", 3) == 0 && fnDigit(i + 3))
+        {
+            sText.replace(i, 3, "x");
+        }
+    }
+    return sText;
+}
+
+// sPart is as CloseSizes gives it.
+bool HasText(const std::string& sText, const std::string& sPart)
+{
+    return strcasestr(CloseSizes(sText).c_str(), sPart.c_str()) != nullptr;
+}
+
+bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    bool bFound = HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
+                  HasText(GetCodeText(oField), sPart) || HasText(GetTimingNumber(oField), sPart) ||
+                  (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
+    for (unsigned int i = 0; i < oField.m_uiTimings; ++i)
+    {
+        bFound = bFound || HasText(GetTimingNumber(oField, i), sPart);
+    }
+    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
+    {
+        bFound = bFound || HasText(GetNoteText(oMap.GetNote(oField.m_uiFirstNote + i)), sPart);
+    }
+    return bFound;
+}
+
+struct SAsked
+{
+    std::vector<unsigned int> m_auiFields;
+    std::string m_sProblem; // why there is none
+};
+
+SAsked FindByte(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
+{
+    const bool bInBlock = oOptions.m_uiBlock != gsc_uiNone;
+    const unsigned int uiStart = bInBlock ? oOptions.m_uiBlock * gsc_uiBlockSize : 0;
+    const unsigned int uiSize = bInBlock ? std::min(oMap.GetSize() - uiStart, gsc_uiBlockSize) : oMap.GetSize();
+    if (oOptions.m_uiAt >= uiSize)
+    {
+        return { {},
+                 FormatText("has no byte at 0x%02x: %s ends at 0x%02x", oOptions.m_uiAt,
+                            bInBlock ? "the block" : "the image", uiSize - 1) };
+    }
+    return { FindLeaves(oMap, uiStart + oOptions.m_uiAt, 0xFF), "" };
+}
+
+// In the order of the tree.
+SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
+{
+    const bool bInBlock = oOptions.m_uiBlock != gsc_uiNone;
+    const unsigned int uiLastBlock = (oMap.GetSize() - 1) / gsc_uiBlockSize;
+    if (bInBlock && oOptions.m_uiBlock > uiLastBlock)
+    {
+        return { {}, FormatText("has no block %u: its last one is %u", oOptions.m_uiBlock, uiLastBlock) };
+    }
+    if (oOptions.m_uiAt != gsc_uiNone)
+    {
+        return FindByte(oMap, oOptions);
+    }
+    const std::string sPart = CloseSizes(oOptions.m_sFind);
+    SAsked oAsked;
+    for (const unsigned int uiField : OrderByPlace(oMap))
+    {
+        if ((!bInBlock || oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize == oOptions.m_uiBlock) &&
+            (sPart.empty() || Matches(oMap, uiField, sPart)))
+        {
+            oAsked.m_auiFields.push_back(uiField);
+        }
+    }
+    oAsked.m_sProblem = oAsked.m_auiFields.empty() ? "has no field with this text: " + oOptions.m_sFind : "";
+    return oAsked;
+}
+
+// Which fields are asked for or are groups of those.
+std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsigned int>& auiFields)
+{
+    std::vector<bool> abShown(oMap.GetFieldCount(), false);
+    for (const unsigned int uiField : auiFields)
+    {
+        for (unsigned int i = uiField; i != gsc_uiNone && !abShown[i]; i = oMap.GetField(i).m_uiGroup)
+        {
+            abShown[i] = true;
+        }
+    }
+    return abShown;
 }
 
 // ---- Lines ----
@@ -418,15 +416,18 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
 {
     constexpr unsigned int uiMostBlocks = 256; // of an image
     const auto poOptions = std::make_shared<SExplainOptions>();
-    oCommand.Word("FILE", poOptions->m_sFile, "Image, also one that is damaged or cut short")
+    oCommand
+        .Word("FILE", poOptions->m_sFile,
+              "An image in any form, also damaged or cut short, \"-\" for standard input, or a connector")
         .Required()
         .Placeholder("");
     DeclareNumber(oCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
         .Placeholder("N");
     const COption oAt =
-        DeclareNumber(oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
-                      "What this byte says; counted from the image's begin, or with --block from that of "
-                      "the block")
+        DeclareNumber(
+            oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
+            "What this byte says. OFFSET is decimal, or hexadecimal behind 0x, and counts from the image's begin, "
+            "or with --block from that of the block")
             .Placeholder("OFFSET");
     const COption oFind =
         oCommand

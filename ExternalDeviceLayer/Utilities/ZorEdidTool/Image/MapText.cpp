@@ -204,14 +204,19 @@ const char* GetTimingListName(CZorEdidMap::EList eList)
     }
 }
 
+std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex)
+{
+    return FormatText("%s %u", GetTimingListName(oField.m_eList), oField.m_uiTiming + uiIndex);
+}
+
 std::string GetTimingNumber(const CZorEdidMap::SField& oField)
 {
-    if (oField.m_uiTiming == CZorEdidMap::msc_uiNone)
+    std::string sText = oField.m_uiTimings != 0 ? GetTimingNumber(oField, 0) : "";
+    for (unsigned int i = 1; i < oField.m_uiTimings; ++i)
     {
-        return "";
+        sText += ", " + std::to_string(oField.m_uiTiming + i);
     }
-    return FormatText(oField.m_uiTimings > 1 ? "%s %u, %u" : "%s %u", GetTimingListName(oField.m_eList),
-                      oField.m_uiTiming, oField.m_uiTiming + 1);
+    return sText;
 }
 
 std::string GetCodeText(const CZorEdidMap::SField& oField)

@@ -46,8 +46,12 @@ const char* GetAreaName(CZorEdidMap::EArea eArea);
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
 const char* GetTimingListName(CZorEdidMap::EList eList); // as zoredid modes has them
 
-// What else a field is found by. "detailed 0" of a timing that the library lists, "VIC 16" of a code; else empty.
+// The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13"; empty of other fields. And one of
+// them, below m_uiTimings: "standard 13".
 std::string GetTimingNumber(const CZorEdidMap::SField& oField);
+std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex);
+
+// "VIC 16" of a code; else empty.
 std::string GetCodeText(const CZorEdidMap::SField& oField);
 
 std::string GetNoteText(const CZorEdidMap::SNote& oNote); // "warning: reserved value"

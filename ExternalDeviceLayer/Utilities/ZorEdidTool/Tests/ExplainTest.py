@@ -107,6 +107,17 @@ class ExplainTest(ToolTest):
         for text, image, found in [("detailed 1", MONITOR, "Detailed timing 0"), ("vic 31", MONITOR, "identification code"),
                                    ("reserved value", change({0x10: "3c"}), "Week of manufacture: reserved")]:
             self.assertEqual([found in line for line in self.lines("--find", text, image=image)], [True])
+        for text in ["standard 7", "standard 8"]:
+            found = [line for line in self.lines("--find", text) if "(" in line.split(": ")[-1]]
+            self.assertEqual([line.split("  ")[-1] for line in found], ["(standard 7, 8)"])
+        for text in ["1920x1080", "1920 X 1080", "1920 x 1080"]:
+            found = "\n".join(self.lines("--find", text))
+            self.assertIn("Detailed timing: 1920 x 1080 @ 60 Hz", found)
+            self.assertIn("Short video descriptor 13: 1920x1080p 50 Hz", found)
+        # In the order of the tree: bits from 7 down, and what is left of a structure at its place.
+        tree = [line[:14].strip() for line in self.lines("--block", "0") if "Established" not in line]
+        found = [line.split()[2] for line in self.lines("--block", "0", "--find", "Hz")]
+        self.assertEqual(found, [place for place in tree if place in found])
         container = with_blocks(bytes.fromhex("02031a00 75 5c12ca 0107") + bytes(range(16)))
         self.assertIn("Container ID: 00010203-0405-", self.lines("--find", "03-0405-0607-08", image=container)[0])
         self.assertEqual(self.lines("--find", "standard timing 3"),

@@ -20,13 +20,6 @@ constexpr unsigned int gsc_uiDescriptorCount = CEdidBase::msc_uiDescriptorCount;
 
 bool IsRevision3(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision == 3; }
 
-// ---- Header, E-EDID 3.3 ----
-
-const char* CheckHeader(const CRecord& oRecord, unsigned int)
-{
-    return HasHeader(oRecord) ? nullptr : "not the header of a base block";
-}
-
 // ---- Vendor and product identification, E-EDID 3.4 ----
 
 // Rows of the manufacturer's name lie over both of its bytes.
@@ -446,7 +439,7 @@ void AddPart(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, u
 }
 } // namespace
 
-constinit const SRow g_oHeaderRow = { Run(0x00, 8), "Header", Bytes(), nullptr, CheckHeader };
+constinit const SRow g_oHeaderRow = { Run(0x00, 8), "Header", Bytes() };
 
 bool HasHeader(const CRecord& oRecord)
 {
@@ -469,7 +462,11 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
 {
     const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
     const unsigned int uiField = oWriter.BeginBlock("Base block", uiOffset, uiLength);
-    oWriter.AddLeaf(g_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    const unsigned int uiHeader = oWriter.AddLeaf(g_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    if (!HasHeader(oBlock))
+    {
+        oWriter.AddNote(uiHeader, CZorEdidMap::eSeverity_Error, "not the header of a base block");
+    }
     AddPart(oWriter, gsc_oIdentityTable, uiOffset, uiLength, 0x08, 10);
     AddPart(oWriter, gsc_oVersionTable, uiOffset, uiLength, 0x12, 2);
     AddPart(oWriter, gsc_oDisplayTable, uiOffset, uiLength, 0x14, 5);

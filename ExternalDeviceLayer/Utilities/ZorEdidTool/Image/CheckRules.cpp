@@ -26,7 +26,6 @@ namespace
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr unsigned int gsc_uiChecksumOffset = CEdidUtils::msc_uiChecksumOffset;
 constexpr unsigned int gsc_uiExtensionRevisionOffset = 1; // of CEA-861 and DisplayID blocks
-constexpr unsigned int gsc_uiCeaTag = 0x02;
 
 std::string Byte(unsigned int uiValue) { return FormatText("0x%02x", uiValue); }
 
@@ -319,7 +318,7 @@ void CheckDisplayId(CBlockFindings& oFindings)
 void CheckExtension(CBlockFindings& oFindings)
 {
     const unsigned int uiTag = oFindings.GetByte(0);
-    if (uiTag == gsc_uiCeaTag)
+    if (uiTag == Cea861Layout::gsc_uiTag)
     {
         CheckCea(oFindings);
     }
@@ -348,7 +347,7 @@ unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
     }
     if (uiAnnounced >= uiPresent)
     {
-        return uiPresent;
+        return uiAnnounced;
     }
     const unsigned int uiImageSize = (uiPresent + 1) * gsc_uiBlockSize;
     const unsigned int uiCount = oFindings.GetByte(FindExtensionCount(oFindings.GetAt(0), uiImageSize));
@@ -357,10 +356,12 @@ unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
     {
         oFindings.Note(gsc_uiExtensionCountOffset, "extension count",
                        FormatText("%u, and %u in an override data block", uiAnnounced, uiCount), sExpected);
-        return uiPresent;
     }
-    oFindings.Warning(gsc_uiExtensionCountOffset, "extension count", std::to_string(uiAnnounced), sExpected);
-    return std::min(uiCount, uiPresent);
+    else
+    {
+        oFindings.Warning(gsc_uiExtensionCountOffset, "extension count", std::to_string(uiAnnounced), sExpected);
+    }
+    return uiCount;
 }
 
 // ---- Notes of the map ----
@@ -381,9 +382,13 @@ CWorst FindWorst(const std::vector<SFinding>& aoRules)
 }
 
 // Whether a rule says of this field that at least as much is wrong. What a rule says of a whole structure stands at its
-// first byte.
+// first byte, but that a block is cut short behind its last one.
 bool IsTold(const CWorst& aoWorst, const CZorEdidMap::SField& oField, CZorEdidMap::ESeverity eSeverity)
 {
+    if (oField.m_uiDepth == 0 && oField.m_uiLength < gsc_uiBlockSize)
+    {
+        return true;
+    }
     const unsigned int uiLength = oField.m_eKind == CZorEdidMap::eKind_Group ? 1 : oField.m_uiLength;
     return std::any_of(aoWorst.lower_bound(oField.m_uiOffset), aoWorst.lower_bound(oField.m_uiOffset + uiLength),
                        [eSeverity](const auto& oPlace) { return oPlace.second >= eSeverity; });
@@ -411,17 +416,16 @@ std::string GetFound(const CZorEdidMap& oMap, unsigned int uiField)
     return static_cast<const char*>(oMap.GetValue(uiField));
 }
 
-// Of the blocks that are checked. A header that is none makes all fields of its block doubtful.
+// Of the first blocks, uiBlocks of them, one that is cut short among them.
 void AddNotes(const CZorEdidMap& oMap, unsigned int uiBlocks, std::vector<SFinding>& aoFindings)
 {
-    const bool bDoubtful = uiBlocks != 0 && memcmp(oMap.GetData(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) != 0;
     const CWorst aoWorst = FindWorst(aoFindings);
     for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
     {
         const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
         const CZorEdidMap::SField& oField = oMap.GetField(oNote.m_uiField);
         const unsigned int uiBlock = oField.m_uiOffset / gsc_uiBlockSize;
-        if (uiBlock < uiBlocks && (uiBlock != 0 || !bDoubtful) && !IsTold(aoWorst, oField, oNote.m_eSeverity))
+        if (uiBlock < uiBlocks && !IsTold(aoWorst, oField, oNote.m_eSeverity))
         {
             aoFindings.push_back({ uiBlock, oField.m_uiOffset % gsc_uiBlockSize, oNote.m_eSeverity, oNote.m_pszText,
                                    GetFound(oMap, oNote.m_uiField), "", GetPath(oMap, oNote.m_uiField) });
@@ -433,28 +437,29 @@ void AddNotes(const CZorEdidMap& oMap, unsigned int uiBlocks, std::vector<SFindi
 std::vector<SFinding> CheckImage(const CZorEdidMap& oMap, unsigned int uiThisYear)
 {
     std::vector<SFinding> aoFindings;
-    unsigned int uiChecked = 1; // blocks behind those that are announced are nobody's
-    const unsigned int uiBlocks = oMap.GetSize() / gsc_uiBlockSize;
-    for (unsigned int i = 0; i < std::min(uiBlocks, uiChecked); ++i)
+    const unsigned int uiWhole = oMap.GetSize() / gsc_uiBlockSize;
+    unsigned int uiAnnounced = 1; // with the base block; blocks behind these are nobody's
+    if (uiWhole != 0)
+    {
+        CBlockFindings oBase(aoFindings, 0, oMap.GetData());
+        CheckBase(oBase, uiThisYear);
+        uiAnnounced += CheckCount(oBase, uiWhole - 1);
+    }
+    for (unsigned int i = 1; i < std::min(uiWhole, uiAnnounced); ++i)
     {
         CBlockFindings oFindings(aoFindings, i, oMap.GetData() + i * size_t{ gsc_uiBlockSize });
-        if (i != 0)
-        {
-            CheckExtension(oFindings);
-            continue;
-        }
-        CheckBase(oFindings, uiThisYear);
-        uiChecked += CheckCount(oFindings, uiBlocks - 1);
+        CheckExtension(oFindings);
     }
-    AddNotes(oMap, std::min(uiBlocks, uiChecked), aoFindings);
+    AddNotes(oMap, uiAnnounced, aoFindings);
     std::stable_sort(aoFindings.begin(), aoFindings.end(), [](const SFinding& oFirst, const SFinding& oSecond) {
         return std::tie(oFirst.m_uiBlock, oFirst.m_uiOffset) < std::tie(oSecond.m_uiBlock, oSecond.m_uiOffset);
     });
-    const unsigned int uiRest = oMap.GetSize() % gsc_uiBlockSize;
-    if (uiRest != 0 || uiBlocks == 0)
+    const unsigned int uiSize = oMap.GetSize();
+    const unsigned int uiRest = uiSize % gsc_uiBlockSize;
+    if (uiRest != 0 || uiWhole == 0)
     {
-        CBlockFindings(aoFindings, uiBlocks, nullptr)
-            .Error(uiRest, "size", FormatText("%u bytes", oMap.GetSize()), "a multiple of 128");
+        CBlockFindings(aoFindings, uiWhole, nullptr)
+            .Error(uiRest, "size", FormatText(uiSize == 1 ? "%u byte" : "%u bytes", uiSize), "a multiple of 128");
     }
     for (SFinding& oFinding : aoFindings)
     {

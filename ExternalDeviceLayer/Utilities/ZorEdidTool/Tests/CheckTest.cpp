@@ -62,10 +62,10 @@ TEST_P(CheckRule, TellsTheDamageOnce)
 
 const SCheckCase gsc_aoDamages[] = {
     { "None", {}, {} },
-    // What stands behind a damaged header is doubtful; extension blocks are not.
+    // No rule looks behind a damaged header. What the map says of the bytes there is told.
     { "Header",
-      { { 7, "01" }, { 8, "00" }, { 0x81, "04" } },
-      { "0:0 error header: 00ffffffffffff01", "1:1 warning revision: 4" } },
+      { { 7, "01" }, { 8, "00" }, { 0x11, "25" }, { 0x81, "04" } },
+      { "0:0 error header: 00ffffffffffff01", "0:8 warning not three letters: 0069", "1:1 warning revision: 4" } },
     { "YearBehindThisOne", { { 0x11, "25" } }, { "0:11 warning year: 2027" } },
     { "ThisYear", { { 0x11, "24" } }, {} },
     { "ModelOfNextYear", { { 0x10, "FF 25 01 04" }, { 0x18, "2B" } }, {} },
@@ -119,8 +119,14 @@ TEST(Check, SizesThatAreNoneStandAtTheirEnd)
     CBytes aui8Image = GetMonitor();
     aui8Image.resize(300);
     EXPECT_EQ((CTexts{ "2:2c error size: 300 bytes" }), List(aui8Image));
+    aui8Image.resize(200);
+    EXPECT_EQ((CTexts{ "0:7e error extension count: 1", "1:46 error cut short: a detailed timing has 18 bytes",
+                       "1:48 error size: 200 bytes" }),
+              List(aui8Image));
     aui8Image.resize(127);
-    EXPECT_EQ((CTexts{ "0:7f error size: 127 bytes" }), List(aui8Image));
+    aui8Image[0x10] = 60;
+    EXPECT_EQ((CTexts{ "0:10 warning reserved value: 60", "0:7f error size: 127 bytes" }), List(aui8Image));
+    EXPECT_EQ((CTexts{ "0:1 error size: 1 byte" }), List({ 0 }));
     EXPECT_EQ((CTexts{ "0:0 error size: 0 bytes" }), List({}));
 }
 

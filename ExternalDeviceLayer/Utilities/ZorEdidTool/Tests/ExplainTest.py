@@ -83,6 +83,7 @@ class ExplainTest(ToolTest):
         self.assertEqual([line.split()[0] for line in cut], ["58-5b", "58-59", "5a-5b"])
         noted = self.lines(image=change({0x10: "3c", 0x7F: "00"}, fix=False))
         self.assertIn("10            3c" + " " * 27 + "Week of manufacture: reserved  ! warning: reserved value", noted)
+        self.assertIn("! error: not the header of a base block", self.lines(image=change({0: "01"}))[1])
         self.assertIn("! error: the checksum is wrong", [line for line in noted if line.startswith("7f")][0])
 
     def test_one_byte(self):

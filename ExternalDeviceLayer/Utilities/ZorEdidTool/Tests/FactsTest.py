@@ -403,7 +403,8 @@ class CheckTest(ToolTest):
         for name, image, lines in [
             ("nothing", MONITOR, []),
             ("header", change({0: "01", 8: "0000"}), [
-                "block 0 offset 0x00 (Header): error: header: found 01ffffffffffff00, expected 00ffffffffffff00"]),
+                "block 0 offset 0x00 (Header): error: header: found 01ffffffffffff00, expected 00ffffffffffff00",
+                f"block 0 offset 0x08 ({identity} > ID manufacturer name): warning: not three letters: found 0000"]),
             ("checksum of the base block", change({0x7F: "13"}, fix=False), [
                 "block 0 offset 0x7f (Checksum): error: checksum: found 0x13, expected 0x12"]),
             ("checksum of an extension block", change({0xFF: "74"}, fix=False), [
@@ -419,6 +420,7 @@ class CheckTest(ToolTest):
                 f"block 1 offset 0x06 ({override_name}): warning: is not the first data block"]),
             ("a part of a block", MONITOR[:200], [
                 f"{count}: error: extension count: found 1, expected 0, the blocks present",
+                "block 1 offset 0x46 (Detailed timing 2): error: cut short: a detailed timing has 18 bytes",
                 "block 1 offset 0x48: error: size: found 200 bytes, expected a multiple of 128"]),
             ("no letters", change({0x08: "0000"}), [
                 f"block 0 offset 0x08 ({identity} > ID manufacturer name): warning: not three letters: found 0000"]),

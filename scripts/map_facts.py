@@ -446,7 +446,7 @@ LEAVES = {
     "Basic audio": ("cta-flag", lambda leaf: "audio" if leaf["value"] else None),
     "YCbCr 4:4:4": ("cta-flag", lambda leaf: "444" if leaf["value"] else None),
     "YCbCr 4:2:2": ("cta-flag", lambda leaf: "422" if leaf["value"] else None),
-    "HDMI_VIC": ("hdmi-vic", lambda leaf: mode(leaf["text"])),
+    "HDMI_VIC": ("hdmi-vic", lambda leaf: mode(leaf["meaning"])),
     "Container ID": ("container", lambda leaf: leaf.get("text")),
     "Checksum": ("checksum", lambda leaf: leaf["text"][:4]),
     "Section checksum": ("checksum", lambda leaf: leaf["text"][:4]),

@@ -105,7 +105,11 @@ constexpr SMeaning gsc_aoHdmiVics[] = {
     { 4, 4, "4096x2160p 24 Hz 256:135" },
     { 5, 255, gsc_szReserved },
 };
-constexpr SRow gsc_oHdmiVicRow = { Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics) };
+CMString HdmiVicText(const CRecord& /*oRecord*/, unsigned int uiCode)
+{
+    return CodeText(uiCode, FindMeaning(gsc_aoHdmiVics, uiCode));
+}
+constexpr SRow gsc_oHdmiVicRow = { Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics).Text(HdmiVicText) };
 
 // Most significant byte first.
 constexpr SRow gsc_aoStructureAllRows[] = {

@@ -196,13 +196,9 @@ constexpr auto TakeNames()
 }
 constexpr auto gsc_aoVideoFormats = TakeNames();
 
-// "16, 1920x1080p 59.94/60 Hz 16:9"
 CMString VideoCodeText(const CRecord& /*oRecord*/, unsigned int uiCode)
 {
-    const char* pszName = FindMeaning(gsc_aoVideoFormats, uiCode);
-    CMString sText;
-    sText.Format(pszName != nullptr ? "%u, %s" : "unknown (%u)", uiCode, pszName);
-    return sText;
+    return CodeText(uiCode, FindMeaning(gsc_aoVideoFormats, uiCode));
 }
 constexpr SForm gsc_oVideoCode = Names(gsc_aoVideoFormats).Text(VideoCodeText);
 

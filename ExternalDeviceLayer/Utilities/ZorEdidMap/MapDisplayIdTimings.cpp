@@ -465,13 +465,20 @@ struct SCodeKind
     const char* (*m_pfnName)(unsigned int uiCode); // null for an unknown one
 };
 
-constexpr SForm gsc_oCode = MakeForm(CMap::eKind_Name);
+template <const char* (*GET_NAME)(unsigned int)>
+constexpr SCodeKind Codes(const char* pszName)
+{
+    const SForm oForm = MakeForm(CMap::eKind_Name).Text([](const CRecord& /*oRecord*/, unsigned int uiCode) {
+        return CodeText(uiCode, GET_NAME(uiCode));
+    });
+    return { { { Byte(0), pszName, oForm }, { Little16(0), pszName, oForm } }, GET_NAME };
+}
 constexpr const char* GetNoName(unsigned int /*uiCode*/) { return nullptr; }
 
 constexpr SCodeKind gsc_aoCodeKinds[] = {
-    { { { Byte(0), "DMT ID", gsc_oCode }, { Little16(0), "DMT ID", gsc_oCode } }, GetDmtName },
-    { { { Byte(0), "VIC", gsc_oCode }, { Little16(0), "VIC", gsc_oCode } }, GetVicName },
-    { { { Byte(0), "HDMI VIC", gsc_oCode }, { Little16(0), "HDMI VIC", gsc_oCode } }, GetHdmiVicName },
+    Codes<GetDmtName>("DMT ID"),
+    Codes<GetVicName>("VIC"),
+    Codes<GetHdmiVicName>("HDMI VIC"),
     { { { Byte(0), "Timing code", UnknownValue() }, { Little16(0), "Timing code", UnknownValue() } }, GetNoName },
 };
 

@@ -26,7 +26,14 @@ CMString OuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
     return sText;
 }
 
-CMString ModeText(const SMode& oMode)
+CMString CodeText(unsigned int uiCode, const char* pszName)
+{
+    CMString sText;
+    sText.Format(pszName != nullptr ? "%u, %s" : "unknown (%u)", uiCode, pszName);
+    return sText;
+}
+
+CMString ModeText(const SMapMode& oMode)
 {
     CMString sText;
     sText.Format("%u x %u%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "");

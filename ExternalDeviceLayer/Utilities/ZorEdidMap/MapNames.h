@@ -103,6 +103,9 @@ constexpr SForm Oui() { return Names(gsc_aoOuis).Text(OuiText); }
 // The meaning of a value; null for one that the list lacks.
 const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue);
 
+// "16, 1920x1080p 59.94/60 Hz 16:9"; "unknown (16)" without a name.
+CMString CodeText(unsigned int uiCode, const char* pszName);
+
 // Of a picture, width to height.
 struct SRatio
 {
@@ -110,7 +113,7 @@ struct SRatio
     unsigned int m_uiHeight;
 };
 
-struct SMode
+struct SMapMode
 {
     unsigned int m_uiWidth;
     unsigned int m_uiHeight; // of the frame
@@ -120,7 +123,7 @@ struct SMode
     unsigned long long m_ullTotal = 1;
 };
 // "1920 x 1080i @ 59.94 Hz"; whole rates have no decimals.
-CMString ModeText(const SMode& oMode);
+CMString ModeText(const SMapMode& oMode);
 
 // A container ID: 16 bytes from uiOffset of the record on, in stored order. "041e0a63-f0b6-4dee-97a1-0123456789ab"
 inline constexpr unsigned int gsc_uiContainerIdSize = 16;

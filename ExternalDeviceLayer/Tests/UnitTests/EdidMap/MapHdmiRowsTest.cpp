@@ -37,8 +37,8 @@ TEST(MapHdmiRows, Hdmi14)
         { "09.2-0", "Reserved", "0x5", gsc_szSet },
         { "0A.7-5", "HDMI_VIC_LEN", "2 bytes" },
         { "0A.4-0", "HDMI_3D_LEN", "7 bytes" },
-        { "0B", "HDMI_VIC", "3840x2160p 29.97/30 Hz 16:9" },
-        { "0C", "HDMI_VIC", "4096x2160p 24 Hz 256:135" },
+        { "0B", "HDMI_VIC", "1, 3840x2160p 29.97/30 Hz 16:9" },
+        { "0C", "HDMI_VIC", "4, 4096x2160p 24 Hz 256:135" },
         { "0D.7", "Side-by-side (half), all quincunx combinations", "yes" },
         { "0D.6-1", "Reserved", "0x16", gsc_szSet },
         { "0D.0", "Side-by-side (half), horizontal sub-sampling", "no" },
@@ -73,7 +73,7 @@ TEST(MapHdmiRows, Hdmi14FieldsThatMove)
         { "06", "Audio_Latency", "40 ms" },
         { "07.7", "3D_present", "yes" },
         { "08.7-5", "HDMI_VIC_LEN", "1 bytes" },
-        { "09", "HDMI_VIC", "3840x2160p 25 Hz 16:9" },
+        { "09", "HDMI_VIC", "2, 3840x2160p 25 Hz 16:9" },
         { "0B.6", "Top-and-bottom", "yes" },
     };
     ExpectSomeRows(MakeCtaRecord(4, "6F 03 0C 00 10 00 00 00 A0 0B 15 A0 22 02 00 40"), aoNoInterlaced);
@@ -107,8 +107,8 @@ TEST(MapHdmiRows, Hdmi14Codes)
           "no additional information|the base block's size has the right aspect ratio only|"
           "the base block's size is right, in cm|the base block's size is in 5 cm" },
         { "0B", 1,
-          "3840x2160p 29.97/30 Hz 16:9|3840x2160p 25 Hz 16:9|3840x2160p 23.98/24 Hz 16:9|"
-          "4096x2160p 24 Hz 256:135" },
+          "1, 3840x2160p 29.97/30 Hz 16:9|2, 3840x2160p 25 Hz 16:9|3, 3840x2160p 23.98/24 Hz 16:9|"
+          "4, 4096x2160p 24 Hz 256:135" },
     };
     ExpectCodes(MakeCtaRecord(4, "6F 03 0C 00 10 00 00 00 E0 01 01 01 01 00 20 01"), aoHead);
     static constexpr SCodesCase aoItem[] = {

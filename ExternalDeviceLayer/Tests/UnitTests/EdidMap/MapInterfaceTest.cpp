@@ -292,10 +292,10 @@ TEST(MapInterface, StereoTimingCodes)
         { "03", "Length of the stereo method", "2 bytes" }, { "04", "Stereo method code", "side by side" },
         { "05.0", "Left half", "left eye view" },           { "06.7-6", "Timing code type", "VESA DMT" },
         { "06.5", "Reserved", "0x1", gsc_szSet },           { "06.4-0", "Number of timing codes", "2" },
-        { "07", "DMT ID", "1920 x 1080 @ 60 Hz" },          { "08", "DMT ID", "1024 x 768 @ 60 Hz" },
+        { "07", "DMT ID", "82, 1920 x 1080 @ 60 Hz" },      { "08", "DMT ID", "16, 1024 x 768 @ 60 Hz" },
         { "09.7-6", "Timing code type", "CTA-861 VIC" },    { "09.4-0", "Number of timing codes", "1" },
-        { "0A", "VIC", "1920x1080p 59.94/60 Hz 16:9" },     { "0B.7-6", "Timing code type", "HDMI VIC" },
-        { "0B.4-0", "Number of timing codes", "1" },        { "0C", "HDMI VIC", "3840 x 2160 @ 24 Hz" },
+        { "0A", "VIC", "16, 1920x1080p 59.94/60 Hz 16:9" }, { "0B.7-6", "Timing code type", "HDMI VIC" },
+        { "0B.4-0", "Number of timing codes", "1" },        { "0C", "HDMI VIC", "3, 3840 x 2160 @ 24 Hz" },
     };
     ExpectRows(MakeDisplayIdRecord(0x27, 0x40, "02 01 00 22 52 10 41 10 81 03"), aoRows);
     // Flags without bit 6: what follows the method is no list of codes.

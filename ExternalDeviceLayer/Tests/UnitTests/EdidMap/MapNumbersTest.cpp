@@ -40,10 +40,11 @@ int GetTiming(const CEdid& oEdid, CZorEdidMap::EList eList, unsigned int uiNumbe
                                                    : oEdid.GetDetailed(uiNumber, &oTiming);
 }
 
-// The text of a timing says its size and rate, "1920x1080i 59.94/60 Hz 16:9" or "1024 x 768 @ 60 Hz".
+// The text of a timing says its size and rate, "1920x1080i 59.94/60 Hz 16:9" or "1024 x 768 @ 60 Hz", maybe behind the
+// code and a comma.
 void ExpectTiming(const std::string& sText, const CVidParamTimingGeneric& oTiming)
 {
-    const auto aasFound = FindAll(sText, "^(\\d+) ?x ?(\\d+)(i?).*?([0-9.]+) Hz.*");
+    const auto aasFound = FindAll(sText, "^(?:\\d+, )?(\\d+) ?x ?(\\d+)(i?).*?([0-9.]+) Hz.*");
     ASSERT_EQ(1, aasFound.size()) << sText;
     const std::vector<std::string>& asParts = aasFound[0];
     EXPECT_EQ(oTiming.GetHorizontalActive(), std::stoul(asParts[1])) << sText;

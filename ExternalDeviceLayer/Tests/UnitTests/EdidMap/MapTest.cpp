@@ -1,6 +1,7 @@
 // The map of an image: what each byte says, and the promise that every bit is said once.
 
 #include <gtest/gtest.h>
+#include <string.h>
 
 #include "CaseFile.h"
 #include "CEdidTestImages.h"
@@ -90,6 +91,15 @@ TEST_F(Map, TakesAnySize)
     EXPECT_EQ(0, oMap.Read(3, nullptr));
     EXPECT_EQ(0U, oMap.GetFieldCount() + oMap.GetSize() + oMap.GetNoteCount());
     EXPECT_EQ(CZorEdidMap::msc_uiNone, oMap.FindLeaf(0, 0));
+
+    // Its own bytes, and a part of them.
+    const CBytes aui8Monitor = MakeEdid({ MakeCeaBlock() });
+    ReadExact(oMap, aui8Monitor);
+    const unsigned int uiFields = oMap.GetFieldCount();
+    EXPECT_EQ(1, oMap.Read(oMap.GetSize(), oMap.GetData()));
+    EXPECT_EQ(uiFields, oMap.GetFieldCount());
+    EXPECT_EQ(1, oMap.Read(gsc_uiBlockSize, oMap.GetData() + gsc_uiBlockSize));
+    EXPECT_EQ(0, memcmp(oMap.GetData(), aui8Monitor.data() + gsc_uiBlockSize, gsc_uiBlockSize));
 
     // 256 blocks and three bytes that are none.
     CBytes aui8Image = MakeEdid({});
@@ -278,7 +288,9 @@ TEST_F(Map, NumbersAreThoseOfTheLibrary)
         {
             const CZorEdidMap::SField& oField = oMap.GetField(i);
             const unsigned int uiNumber = oField.m_uiTiming;
-            const std::string sValue = static_cast<const char*>(oMap.GetValue(i));
+            // Ahead of a mode's name stands its code.
+            const bool bCode = oField.m_eKind == CZorEdidMap::eKind_Name && oField.m_pszMeaning != nullptr;
+            const std::string sValue = bCode ? oField.m_pszMeaning : static_cast<const char*>(oMap.GetValue(i));
             CVidParamTimingGeneric oTiming;
             switch (oField.m_eList)
             {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <string_view>
 
 #include "TextFormat.h"
@@ -38,12 +39,36 @@ std::string GetBitsText(unsigned int uiMask)
     }
     return sText;
 }
+
+// Fields that hold the code of a timing, and what a code is called with its number.
+struct SCodeField
+{
+    std::string_view m_sName;
+    const char* m_pszShort;
+};
+constexpr SCodeField gsc_aoCodeFields[] = {
+    { "Video identification code", "VIC" },
+    { "VIC", "VIC" },
+    { "HDMI_VIC", "HDMI_VIC" },
+    { "HDMI VIC", "HDMI VIC" },
+    { "DMT ID", "DMT ID" },
+    { "Timing code", "Timing code" },
+};
+
+const SCodeField* FindCode(const CZorEdidMap::SField& oField)
+{
+    const auto* poCode = std::find_if(std::begin(gsc_aoCodeFields), std::end(gsc_aoCodeFields),
+                                      [&](const SCodeField& oCode) { return oCode.m_sName == oField.m_pszName; });
+    return poCode != std::end(gsc_aoCodeFields) ? poCode : nullptr;
+}
 } // namespace
 
 std::string GetFieldName(const CZorEdidMap::SField& oField)
 {
     const std::string sName = oField.m_pszName;
-    return oField.m_uiIndex == CZorEdidMap::msc_uiNone ? sName : sName + " " + std::to_string(oField.m_uiIndex);
+    return oField.m_uiIndex == CZorEdidMap::msc_uiNone
+               ? sName
+               : sName + (FindCode(oField) != nullptr ? " #" : " ") + std::to_string(oField.m_uiIndex);
 }
 
 std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField)
@@ -221,9 +246,8 @@ std::string GetTimingNumber(const CZorEdidMap::SField& oField)
 
 std::string GetCodeText(const CZorEdidMap::SField& oField)
 {
-    return std::string_view("Video identification code") == oField.m_pszName
-               ? "VIC " + std::to_string(oField.m_llNumber)
-               : "";
+    const SCodeField* poCode = FindCode(oField);
+    return poCode != nullptr ? std::string(poCode->m_pszShort) + " " + std::to_string(oField.m_llNumber) : "";
 }
 
 std::string GetNoteText(const CZorEdidMap::SNote& oNote)

@@ -8,7 +8,7 @@
 
 #include "ZorEdidMap.h"
 
-// The name with its number where there are several: "Standard timing 3".
+// The name with its number where there are several: "Standard timing 3"; of codes "VIC #3", which is no code.
 std::string GetFieldName(const CZorEdidMap::SField& oField);
 
 // The value, or the summary of a group; empty where the bytes themselves say all.
@@ -51,7 +51,7 @@ const char* GetTimingListName(CZorEdidMap::EList eList); // as zoredid modes has
 std::string GetTimingNumber(const CZorEdidMap::SField& oField);
 std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex);
 
-// "VIC 16" of a code; else empty.
+// "VIC 16", "DMT ID 82" of a code; else empty.
 std::string GetCodeText(const CZorEdidMap::SField& oField);
 
 std::string GetNoteText(const CZorEdidMap::SNote& oNote); // "warning: reserved value"

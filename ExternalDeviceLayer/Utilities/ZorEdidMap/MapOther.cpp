@@ -4,6 +4,7 @@
 #include "MapOther.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "MapBase.h"
 #include "MapNames.h"
@@ -263,56 +264,71 @@ constexpr CMap::EKind eUnknown = CMap::eKind_Unknown;
 // CTA-861 and DisplayID are in the list for their names; the walks of their blocks stand elsewhere.
 struct SExtension
 {
-    SMeaning m_oKey;     // tag
-    CMap::EKind m_eRest; // what the walk leaves over
+    SMeaning m_oKey;       // tag
+    const char* m_pszKind; // GetBlockKind
+    CMap::EKind m_eRest;   // what the walk leaves over
     const char* m_pszName;
     void (*m_pfnWalk)(CMapWriter&, unsigned int uiOffset, unsigned int uiLength) = nullptr; // null: by name only
 };
 
 // clang-format off
 constexpr SExtension gsc_aoExtensions[] = {
-    { { 0x01, 0x01, "LCD timings" }, eUnknown, "LCD timings extension block" },
-    { { 0x02, 0x02, "CTA-861 extension" }, eUnknown, "CTA-861 extension block" },
-    { { 0x10, 0x10, "video timing block extension (VTB-EXT)" }, eFiller, "Video timing block extension", MapVtb },
-    { { 0x20, 0x20, "EDID 2.0 extension" }, eUnknown, "EDID 2.0 extension block" },
-    { { 0x30, 0x30, "color information" }, eUnknown, "Color information extension block" },
-    { { 0x40, 0x40, "display information extension (DI-EXT)" },
+    { { 0x01, 0x01, "LCD timings" }, "lcd-timings", eUnknown, "LCD timings extension block" },
+    { { 0x02, 0x02, "CTA-861 extension" }, "cea-861", eUnknown, "CTA-861 extension block" },
+    { { 0x10, 0x10, "video timing block extension (VTB-EXT)" }, "video-timing",
+      eFiller, "Video timing block extension", MapVtb },
+    { { 0x20, 0x20, "EDID 2.0 extension" }, "edid-2", eUnknown, "EDID 2.0 extension block" },
+    { { 0x30, 0x30, "color information" }, "color-information", eUnknown, "Color information extension block" },
+    { { 0x40, 0x40, "display information extension (DI-EXT)" }, "display-information",
       eFiller, "Display information extension block", MapDisplayInformation },
-    { { 0x50, 0x50, "localized string extension (LS-EXT)" },
+    { { 0x50, 0x50, "localized string extension (LS-EXT)" }, "localized-string",
       eFiller, "Localized string extension block", MapLocalizedStrings },
-    { { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" },
+    { { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" }, "dpvl",
       eUnknown, "Digital packet video link extension block" },
-    { { 0x70, 0x70, "DisplayID extension" }, eUnknown, "DisplayID extension block" },
-    { { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" },
+    { { 0x70, 0x70, "DisplayID extension" }, "displayid", eUnknown, "DisplayID extension block" },
+    { { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
       eUnknown, "Display transfer characteristics block" },
-    { { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" },
+    { { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
       eUnknown, "Display transfer characteristics block" },
-    { { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" },
+    { { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
       eUnknown, "Display transfer characteristics block" },
-    { { 0xF0, 0xF0, "block map" }, eFiller, "Block map", MapBlockMap },
-    { { 0xFF, 0xFF, "extension of the manufacturer" }, eUnknown, "Extension block of the manufacturer", MapVendorBlock },
+    { { 0xF0, 0xF0, "block map" }, "block-map", eFiller, "Block map", MapBlockMap },
+    { { 0xFF, 0xFF, "extension of the manufacturer" }, "manufacturer",
+      eUnknown, "Extension block of the manufacturer", MapVendorBlock },
 };
 // clang-format on
 constexpr auto gsc_aoExtensionTags = TakeKeys(gsc_aoExtensions);
 // A file may hold several EDIDs, one behind the other.
-constexpr SExtension gsc_oOtherBase = { {}, eUnknown, "Base block of another EDID" };
-constexpr SExtension gsc_oUnknownExtension = { {}, eUnknown, "Unknown extension block" };
+constexpr SExtension gsc_oOtherBase = { {}, nullptr, eUnknown, "Base block of another EDID" };
+constexpr SExtension gsc_oUnknownExtension = { {}, nullptr, eUnknown, "Unknown extension block" };
+
+// Null for an unknown one.
+const SExtension* FindExtension(unsigned int uiTag)
+{
+    const auto* poEnd = std::end(gsc_aoExtensions);
+    const auto* poFound = std::find_if(std::begin(gsc_aoExtensions), poEnd, [uiTag](const SExtension& oExtension) {
+        return oExtension.m_oKey.m_uiFirst == uiTag;
+    });
+    return poFound != poEnd ? poFound : nullptr;
+}
 
 const SExtension& FindExtension(const CMapWriter& oWriter, unsigned int uiOffset)
 {
-    const unsigned int uiTag = oWriter.GetByte(uiOffset);
-    for (const SExtension& oExtension : gsc_aoExtensions)
+    if (const SExtension* poExtension = FindExtension(oWriter.GetByte(uiOffset)))
     {
-        if (oExtension.m_oKey.m_uiFirst == uiTag)
-        {
-            return oExtension;
-        }
+        return *poExtension;
     }
     return HasHeader(oWriter.GetRecord(uiOffset, CMapWriter::msc_uiBlockSize)) ? gsc_oOtherBase : gsc_oUnknownExtension;
 }
 } // namespace
 
 constinit const SRow g_oExtensionTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
+
+const char* CZorEdidMap::GetBlockKind(unsigned int uiTag)
+{
+    const SExtension* poExtension = FindExtension(uiTag);
+    return poExtension != nullptr ? poExtension->m_pszKind : nullptr;
+}
 
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {

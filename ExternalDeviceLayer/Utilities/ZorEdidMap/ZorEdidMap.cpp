@@ -57,18 +57,23 @@ CMString CZorEdidMap::GetValue(unsigned int uiField) const
 
 bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned char* pui8Data)
 {
+    const bool bGood = uiSize != 0 && uiSize <= INT_MAX && pui8Data != nullptr;
+    CMArray<unsigned char, const unsigned char&> aui8Data; // ahead of the old bytes' end, which these may be
+    if (bGood)
+    {
+        aui8Data.SetCount(uiSize, -1);
+        ZorTools_memcpy(aui8Data.GetData(), pui8Data, uiSize);
+    }
     oMap.m_aoEntries.RemoveAll();
     oMap.m_aoPieces.RemoveAll();
     oMap.m_aoNotes.RemoveAll();
     oMap.m_auiLeaves.RemoveAll();
-    oMap.m_aui8Data.RemoveAll();
+    oMap.m_aui8Data = aui8Data;
     oMap.m_pszOverlap = nullptr;
-    if (uiSize == 0 || uiSize > INT_MAX || pui8Data == nullptr)
+    if (!bGood)
     {
         return false;
     }
-    oMap.m_aui8Data.SetCount(uiSize, -1);
-    ZorTools_memcpy(oMap.m_aui8Data.GetData(), pui8Data, uiSize);
 
     // The lists grow by a step that the size gives: an image has two to three fields a byte.
     const unsigned int uiMost = msc_uiBlockSize * msc_uiMostBlocks;
@@ -79,9 +84,10 @@ bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned ch
     oMap.m_aoNotes.SetSize(0, iStep); // of 256 blocks with a note a byte: three quarters of the time else
     oMap.m_auiLeaves.SetCount(uiBlockBytes * gsc_uiBits, -1);
 
-    oMap.m_uiRevision = uiSize > gsc_uiRevisionOffset ? pui8Data[gsc_uiRevisionOffset] : 0;
-    oMap.m_bDigital = uiSize > gsc_uiVideoInputOffset && (pui8Data[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
-    oMap.m_bContinuous = uiSize > gsc_uiFeaturesOffset && (pui8Data[gsc_uiFeaturesOffset] & gsc_uiContinuousMask) != 0;
+    const auto fnByte = [&](unsigned int uiOffset) { return uiOffset < uiSize ? aui8Data[uiOffset] : 0U; };
+    oMap.m_uiRevision = fnByte(gsc_uiRevisionOffset);
+    oMap.m_bDigital = (fnByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask) != 0;
+    oMap.m_bContinuous = (fnByte(gsc_uiFeaturesOffset) & gsc_uiContinuousMask) != 0;
     CMapWriter oWriter(oMap, GetFacts(oMap));
     oWriter.WriteBlocks();
     return true;

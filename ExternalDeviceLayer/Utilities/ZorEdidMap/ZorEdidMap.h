@@ -117,17 +117,20 @@ public:
 
     /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken;
     /// the map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0
-    /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. Nothing in
+    /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. The bytes may
+    /// be those of GetData. Nothing in
     /// the bytes decides how much memory is asked for but their number. The numbers of timings come from the classes of
     /// the blocks, which may write an assertion line about a damaged one, as when a CEdid loads it. When memory runs
     /// out, what the map holds means nothing until the next Read.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
-    /// The bytes that were read, GetSize of them; null when there are none.
+    /// The bytes that were read, GetSize of them; null when there are none. The pointer is good until the next Read or
+    /// the end of the map, and so are the references that follow.
     const unsigned char* GetData() const;
     unsigned int GetSize() const;
 
-    /// The index of a list must be below its count.
+    /// The index of a list must be below its count: another one writes an assertion line and gives an element of zeros,
+    /// which is good until the next such call.
     unsigned int GetFieldCount() const;
     const SField& GetField(unsigned int uiIndex) const;
     const SPiece& GetPiece(unsigned int uiIndex) const;
@@ -142,6 +145,10 @@ public:
     /// without one "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are no whole bytes their
     /// number "0x3". Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
     CMString GetValue(unsigned int uiField) const;
+
+    /// Short name of an extension block's kind by its tag, the first byte: "cea-861", "displayid". Null for an unknown
+    /// one.
+    static const char* GetBlockKind(unsigned int uiTag);
 
 private:
     friend class CMapWriter;

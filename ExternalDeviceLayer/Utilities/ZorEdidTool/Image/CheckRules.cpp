@@ -328,7 +328,7 @@ void CheckExtension(CBlockFindings& oFindings)
     }
     else
     {
-        const bool bKnown = strcmp(GetBlockKind(uiTag), "unknown") != 0;
+        const bool bKnown = CZorEdidMap::GetBlockKind(uiTag) != nullptr;
         oFindings.Add(bKnown ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning, 0, "block kind",
                       Byte(uiTag) + " (" + GetBlockKind(uiTag) + ")",
                       "0x02 (cea-861) or 0x70 (displayid): the library drops the block");

@@ -7,23 +7,11 @@
 #include "CeaBlocks.h"
 #include "EdidBaseLayout.h"
 #include "TextFormat.h"
+#include "ZorEdidMap.h"
 
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-
-struct SBlockKind
-{
-    unsigned int m_uiTag;
-    const char* m_pszName;
-};
-
-// Extension tags of the E-EDID standard.
-constexpr SBlockKind gsc_aoBlockKinds[] = {
-    { 0x02, "cea-861" },          { 0x10, "video-timing" }, { 0x40, "display-information" },
-    { 0x50, "localized-string" }, { 0x60, "dpvl" },         { gsc_uiDisplayIdTag, "displayid" },
-    { 0xF0, "block-map" },        { 0xFF, "manufacturer" },
-};
 
 // What byte 4 of range limits adds to the rates: bits 0 and 1 for the vertical ones, bits 2 and 3 for the horizontal
 // ones. 2 puts 255 on the maximum, 3 on both, in the units of the descriptor.
@@ -70,14 +58,8 @@ std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
 
 const char* GetBlockKind(unsigned int uiTag)
 {
-    for (const SBlockKind& oKind : gsc_aoBlockKinds)
-    {
-        if (oKind.m_uiTag == uiTag)
-        {
-            return oKind.m_pszName;
-        }
-    }
-    return "unknown";
+    const char* pszKind = CZorEdidMap::GetBlockKind(uiTag);
+    return pszKind != nullptr ? pszKind : "unknown";
 }
 
 // The library keeps the order and the bytes of the blocks, and the bytes alone decide whether it takes one: the next of

@@ -91,6 +91,7 @@ const SCheckCase gsc_aoDamages[] = {
     // The second block is nobody's, whatever is wrong there.
     { "TooFewBlocks", { { 0x7E, "00" }, { 0x80, "99" } }, { "0:7e warning extension count: 0" } },
     { "KnownKind", { { 0x80, "60" } }, { "1:0 note block kind: 0x60 (dpvl)" } },
+    { "KindThatTheMapNames", { { 0x80, "20" } }, { "1:0 note block kind: 0x20 (edid-2)" } },
     { "UnknownKind", { { 0x80, "11" } }, { "1:0 warning block kind: 0x11 (unknown)" } },
     { "CeaRevision", { { 0x81, "04" } }, { "1:1 warning revision: 4" } },
     { "DescriptorsInTheHeader", { { 0x82, "03" } }, { "1:2 error offset of the descriptors: 0x03" } },

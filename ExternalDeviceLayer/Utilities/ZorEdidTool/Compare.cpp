@@ -33,7 +33,7 @@ SComparedModes CollectModes(const SInput& oInput, CLoadedImage& oImage, bool bEs
     SComparedModes oModes = { oInput.m_sName, {}, {} };
     for (const SListedTiming& oListed : ListTimings(oImage))
     {
-        if (oListed.m_eList != eTimingList_Established || bEstablished)
+        if (oListed.m_eList != CZorEdidMap::eList_Established || bEstablished)
         {
             oModes.m_aoModes.push_back(oListed.m_oTiming);
         }

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "CommandLine.h"
+#include "EdidUtils.h"
 #include "ManyFiles.h"
 #include "Output.h"
 #include "OutputForms.h"
@@ -50,7 +51,7 @@ const SOutputForm& ChooseForm(const SConvertOptions& oOptions)
 
 void Convert(const SConvertOptions& oOptions, STool& oTool)
 {
-    constexpr size_t uiBlockSize = 128;
+    constexpr size_t uiBlockSize = CEdidUtils::msc_uiBlockSize;
     const SInput oInput = ReadOneInput(oOptions.m_sFile, oTool);
     if (!oInput.IsGood())
     {

@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include "CommandLine.h"
+#include "EdidUtils.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapJson.h"
@@ -19,7 +20,7 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 
 struct SExplainOptions

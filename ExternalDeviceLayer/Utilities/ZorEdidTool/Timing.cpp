@@ -26,10 +26,10 @@ using CTimings = std::vector<CVidParamTimingGeneric>;
 CTimings FindByVic(unsigned int uiVic)
 {
     CTimings aoTimings;
-    for (const unsigned int uiKey : { uiVic, uiVic + gsc_uiVariantKey })
+    for (const unsigned int uiKey : { uiVic, uiVic + CVidParamCea::msc_uiVariantKey })
     {
         CVidParamTimingGeneric oTiming;
-        if (uiVic < gsc_uiVariantKey && CVidParamCea::GetVidParamFromVic(uiKey, &oTiming) != 0)
+        if (uiVic < CVidParamCea::msc_uiVariantKey && CVidParamCea::GetVidParamFromVic(uiKey, &oTiming) != 0)
         {
             aoTimings.push_back(oTiming);
         }

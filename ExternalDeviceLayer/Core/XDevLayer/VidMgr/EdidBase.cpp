@@ -22,14 +22,6 @@ constexpr unsigned int gsc_uiTextCharacters = gsc_uiDescriptorSize - gsc_uiConte
 constexpr char gsc_cLineFeed = 0x0A;
 constexpr char gsc_cTab = 0x09;
 
-// Range limits descriptor, from its first byte. Rates in Hz and kHz, the clock in 10 MHz.
-constexpr unsigned int gsc_uiMinVerticalRateOffset = 5;
-constexpr unsigned int gsc_uiMaxVerticalRateOffset = 6;
-constexpr unsigned int gsc_uiMinHorizontalRateOffset = 7;
-constexpr unsigned int gsc_uiMaxHorizontalRateOffset = 8;
-constexpr unsigned int gsc_uiMaxPixelClockOffset = 9;
-constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
-
 constexpr unsigned int gsc_uiMonitorIdLength = 7; // three letters, four digits
 
 bool IsZeroBlock(const unsigned char* pui8Block)

@@ -95,6 +95,14 @@ constexpr unsigned char gsc_ui8TagExtraStandards = 0xFA;
 constexpr unsigned char gsc_ui8TagEmpty = 0x10;
 constexpr unsigned char gsc_ui8TagDetailed = 0x01; // counts as a detailed timing, although it never is one
 
+// Range limits descriptor, from its first byte. Rates in Hz and kHz, the clock in 10 MHz.
+constexpr unsigned int gsc_uiMinVerticalRateOffset = 5;
+constexpr unsigned int gsc_uiMaxVerticalRateOffset = 6;
+constexpr unsigned int gsc_uiMinHorizontalRateOffset = 7;
+constexpr unsigned int gsc_uiMaxHorizontalRateOffset = 8;
+constexpr unsigned int gsc_uiMaxPixelClockOffset = 9;
+constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
+
 constexpr bool IsDisplayDescriptor(const unsigned char* pui8Descriptor)
 {
     return pui8Descriptor[0] == 0 && pui8Descriptor[1] == 0 && pui8Descriptor[2] == 0 && pui8Descriptor[4] == 0;

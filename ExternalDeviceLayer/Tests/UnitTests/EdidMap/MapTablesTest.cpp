@@ -59,7 +59,8 @@ TEST_F(MapTables, DmtModes)
     {
         const auto ui8Id = static_cast<unsigned char>(ParseHex(asLine[0]));
         ReadMap(BehindBaseBlock(MakeDisplayIdBlock(MakeDataBlock(0x06, 0, { ui8Id }))));
-        EXPECT_EQ(Plain(asLine[3]), Plain(GetValue(gsc_uiBlockSize + 8))) << asLine[0];
+        const std::string sCode = std::to_string(unsigned{ ui8Id }) + ",";
+        EXPECT_EQ(sCode + Plain(asLine[3]), Plain(GetValue(gsc_uiBlockSize + 8))) << asLine[0];
     }
 }
 

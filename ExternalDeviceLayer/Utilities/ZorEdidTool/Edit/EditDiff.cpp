@@ -2,12 +2,13 @@
 
 #include "EditDiff.h"
 
+#include "EdidUtils.h"
 #include "MapText.h"
 #include "TextFormat.h"
 
 namespace
 {
-constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
 // The leaves of these bits. Those of one group stand behind it once: "Group > first, second".
 std::string NameBits(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned int uiMask)

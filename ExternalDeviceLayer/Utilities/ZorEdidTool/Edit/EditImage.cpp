@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "EdidBaseLayout.h"
 #include "EdidUtils.h"
 #include "Hdmi1xVsdb.h"
 #include "LoadedImage.h"
@@ -262,7 +263,7 @@ std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& 
         {
             continue;
         }
-        const bool bCanHold = poCea->GetData()[gsc_uiCeaDetailedStart] != 0;
+        const bool bCanHold = poCea->GetData()[Cea861Layout::gsc_uiDetailedStartOffset] != 0;
         const std::string sProblem =
             bCanHold ? fnEdit(oBlock) : NameBlock(oBlock) + " says that it holds no data blocks (byte 2 is 0)";
         if (sProblem.empty())
@@ -410,7 +411,9 @@ void CEditImage::LowerNatives(unsigned int uiPlace)
     for (const SEditedBlock& oBlock : m_aoBlocks)
     {
         CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        const unsigned int uiNatives = poCea != nullptr ? poCea->GetData()[gsc_uiCeaFlags] & gsc_uiCeaNatives : 0;
+        const unsigned int uiNatives = poCea != nullptr ? poCea->GetData()[Cea861Layout::gsc_uiFlagsOffset] &
+                                                              Cea861Layout::gsc_oNativeCount.GetMask()
+                                                        : 0;
         if (uiPlace < uiNatives)
         {
             poCea->SetNativeDetailedCount(uiNatives - 1); // gives 0 below revision 2, which has no such number
@@ -477,8 +480,6 @@ std::string CEditImage::RemoveEstablished(unsigned int uiNumber)
 // there is put back.
 std::string CEditImage::SetPreferred(const CVidParamTimingGeneric& oTiming)
 {
-    constexpr unsigned int uiDescriptors = 54;
-    constexpr unsigned int uiDescriptorsEnd = 126;
     constexpr unsigned int uiImageSize = 12; // in the descriptor, three bytes
     constexpr unsigned int uiImageSizeEnd = 15;
     CBytes aui8Base(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
@@ -488,9 +489,10 @@ std::string CEditImage::SetPreferred(const CVidParamTimingGeneric& oTiming)
         return "the image has no preferred timing that could be replaced";
     }
     const unsigned char* pui8Edited = m_oEdid.GetBaseBlock();
-    for (unsigned int uiSlot = uiDescriptors; uiSlot < uiDescriptorsEnd; uiSlot += gsc_uiDetailedSize)
+    for (unsigned int uiSlot = EdidBaseLayout::gsc_uiDescriptorsOffset;
+         uiSlot < EdidBaseLayout::gsc_uiExtensionCountOffset; uiSlot += Cea861Layout::gsc_uiDetailedSize)
     {
-        for (unsigned int i = 0; i < gsc_uiDetailedSize; ++i)
+        for (unsigned int i = 0; i < Cea861Layout::gsc_uiDetailedSize; ++i)
         {
             const bool bKept = i >= uiImageSize && i < uiImageSizeEnd;
             aui8Base[uiSlot + i] = bKept ? aui8Base[uiSlot + i] : pui8Edited[uiSlot + i];

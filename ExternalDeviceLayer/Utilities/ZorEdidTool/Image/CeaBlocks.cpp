@@ -116,23 +116,24 @@ CNumbers ListCodes(const CEdidExtBlockCEA861& oBlock)
 
 bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock)
 {
-    constexpr unsigned int uiDataBlocksRevision = 3; // the first one that has them
-    const unsigned int uiStart = oBlock.GetData()[gsc_uiCeaDetailedStart];
-    if (oBlock.GetRevision() < uiDataBlocksRevision || uiStart < gsc_uiCeaDataBlocks)
+    const unsigned int uiStart = oBlock.GetData()[Cea861Layout::gsc_uiDetailedStartOffset];
+    if (oBlock.GetRevision() < Cea861Layout::gsc_uiDataBlocksRevision || uiStart < Cea861Layout::gsc_uiDataBlocksOffset)
     {
-        return uiStart == 0 || uiStart >= gsc_uiCeaDataBlocks; // at 0 there are neither data blocks nor descriptors
+        return uiStart == 0 ||
+               uiStart >= Cea861Layout::gsc_uiDataBlocksOffset; // at 0 there are neither data blocks nor descriptors
     }
     const std::vector<SCeaDataBlock> aoBlocks = ListDataBlocks(oBlock);
-    const size_t uiEnd =
-        aoBlocks.empty() ? gsc_uiCeaDataBlocks : aoBlocks.back().m_uiOffset + aoBlocks.back().m_aui8Payload.size();
+    const size_t uiEnd = aoBlocks.empty() ? Cea861Layout::gsc_uiDataBlocksOffset
+                                          : aoBlocks.back().m_uiOffset + aoBlocks.back().m_aui8Payload.size();
     return uiEnd == uiStart;
 }
 
 CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock)
 {
     const unsigned char* pui8Data = oBlock.GetData();
-    const unsigned int uiStart = std::clamp<unsigned int>(pui8Data[gsc_uiCeaDetailedStart], gsc_uiCeaDataBlocks,
-                                                          CEdidUtils::msc_uiChecksumOffset);
+    const unsigned int uiStart =
+        std::clamp<unsigned int>(pui8Data[Cea861Layout::gsc_uiDetailedStartOffset],
+                                 Cea861Layout::gsc_uiDataBlocksOffset, CEdidUtils::msc_uiChecksumOffset);
     CBytes aui8Area(pui8Data + uiStart, pui8Data + CEdidUtils::msc_uiChecksumOffset);
     while (!aui8Area.empty() && aui8Area.back() == 0)
     {

@@ -6,19 +6,13 @@
 #include <span>
 #include <vector>
 
+#include "Cea861Bytes.h"
 #include "EdidExtBlockCEA861.h"
 
 using CBytes = std::vector<unsigned char>;
 using CNumbers = std::set<unsigned int>;
 
-// Offsets in a CEA-861 block.
-inline constexpr unsigned int gsc_uiCeaDetailedStart = 2;
-inline constexpr unsigned int gsc_uiCeaFlags = 3;
-inline constexpr unsigned int gsc_uiCeaDataBlocks = 4;
-inline constexpr unsigned int gsc_uiCeaNatives = 0x0F; // of the flags: number of native detailed timings
-inline constexpr unsigned int gsc_uiCeaNativesRevision = 2;
-inline constexpr unsigned int gsc_uiAudioSize = 3;
-inline constexpr unsigned int gsc_uiDetailedSize = sizeof(CEdidUtils::SEdidDetailedRaw);
+inline constexpr unsigned int gsc_uiAudioSize = 3; // bytes of a descriptor
 
 // One data block, without its header.
 struct SCeaDataBlock
@@ -57,6 +51,7 @@ CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock);
 // The block as this class; null for another kind.
 inline CEdidExtBlockCEA861* AsCea(CEdidExtBlock* poBlock)
 {
-    return poBlock != nullptr && poBlock->GetExtensionType() == 2 ? static_cast<CEdidExtBlockCEA861*>(poBlock)
-                                                                  : nullptr;
+    return poBlock != nullptr && poBlock->GetExtensionType() == Cea861Layout::gsc_uiTag
+               ? static_cast<CEdidExtBlockCEA861*>(poBlock)
+               : nullptr;
 }

@@ -38,11 +38,11 @@ ordered_json MakeListedTiming(const SListedTiming& oListed)
     ordered_json oJson = { { "index", oListed.m_uiIndex },
                            { "block", oListed.m_uiBlock },
                            { "kind", oListed.m_pszKind } };
-    if (oListed.m_eList == eTimingList_Established)
+    if (oListed.m_eList == CZorEdidMap::eList_Established)
     {
         oJson["vesa"] = oListed.m_bVesa;
     }
-    if (oListed.m_eList == eTimingList_Standard)
+    if (oListed.m_eList == CZorEdidMap::eList_Standard)
     {
         oJson["native"] = oListed.m_bNative;
     }
@@ -60,7 +60,8 @@ ordered_json MakeListedTiming(const SListedTiming& oListed)
 
 void AddTimings(CLoadedImage& oImage, ordered_json& oJson)
 {
-    for (const ETimingList eList : { eTimingList_Established, eTimingList_Standard, eTimingList_Detailed })
+    for (const CZorEdidMap::EList eList :
+         { CZorEdidMap::eList_Established, CZorEdidMap::eList_Standard, CZorEdidMap::eList_Detailed })
     {
         oJson[GetListName(eList)] = ordered_json::array();
     }

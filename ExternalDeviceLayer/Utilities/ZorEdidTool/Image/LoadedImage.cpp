@@ -9,33 +9,39 @@
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
 
+using namespace EdidBaseLayout;
+
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// What byte 4 of range limits adds to the rates: bits 0 and 1 for the vertical ones, bits 2 and 3 for the horizontal
-// ones. 2 puts 255 on the maximum, 3 on both, in the units of the descriptor.
-struct SRangeOffsets
+// Range limits whose byte 4 has flags, which make them no display descriptor in the library's eyes: bits 0 and 1 for the
+// vertical rates, bits 2 and 3 for the horizontal ones. 2 puts 255 on the maximum, 3 on both, in the units of the
+// descriptor. False for other descriptors and flags: 1 is reserved.
+bool ReadFlaggedLimits(const unsigned char* pui8Descriptor, CEdidBase::SRangeLimits& oLimits)
 {
-    unsigned int m_uiVertical;
-    unsigned int m_uiHorizontal;
-    bool m_bKnown; // neither 1, which is reserved, nor other bits
-
-    explicit SRangeOffsets(unsigned int uiFlags)
-        : m_uiVertical(uiFlags & 3), m_uiHorizontal(uiFlags >> 2 & 3),
-          m_bKnown(uiFlags <= 0x0F && m_uiVertical != 1 && m_uiHorizontal != 1)
+    constexpr unsigned int uiFlagsOffset = 4;
+    constexpr unsigned int uiRateOffset = 255;
+    const unsigned int uiFlags = pui8Descriptor[uiFlagsOffset];
+    const unsigned int uiVertical = uiFlags & 3;
+    const unsigned int uiHorizontal = uiFlags >> 2 & 3;
+    if (pui8Descriptor[0] != 0 || pui8Descriptor[1] != 0 || pui8Descriptor[2] != 0 ||
+        pui8Descriptor[gsc_uiTagOffset] != gsc_ui8TagRangeLimits || uiFlags > 0x0F || uiVertical == 1 ||
+        uiHorizontal == 1)
     {
+        return false;
     }
-
-    void Apply(CEdidBase::SRangeLimits& oLimits) const
-    {
-        constexpr unsigned int uiOffset = 255;
-        oLimits.m_uiMinVerticalRateInHz += m_uiVertical == 3 ? uiOffset : 0;
-        oLimits.m_uiMaxVerticalRateInHz += m_uiVertical >= 2 ? uiOffset : 0;
-        oLimits.m_uiMinHorizontalRateInKiloHz += m_uiHorizontal == 3 ? uiOffset : 0;
-        oLimits.m_uiMaxHorizontalRateInKiloHz += m_uiHorizontal >= 2 ? uiOffset : 0;
-    }
-};
+    const auto fnRate = [&](unsigned int uiPlace, bool bHigher) {
+        return pui8Descriptor[uiPlace] + (bHigher ? uiRateOffset : 0);
+    };
+    oLimits = { fnRate(gsc_uiMinVerticalRateOffset, uiVertical == 3),
+                fnRate(gsc_uiMaxVerticalRateOffset, uiVertical >= 2),
+                fnRate(gsc_uiMinHorizontalRateOffset, uiHorizontal == 3),
+                fnRate(gsc_uiMaxHorizontalRateOffset, uiHorizontal >= 2),
+                0,
+                pui8Descriptor[gsc_uiMaxPixelClockOffset] * gsc_uiKiloHzPer10MegaHz };
+    return true;
+}
 
 // Why CEdid::SetEdidBuffer refuses an image; empty for one that it takes.
 std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
@@ -97,36 +103,18 @@ bool CLoadedImage::Load(const SInput& oInput)
     return true;
 }
 
-unsigned int CLoadedImage::GetAnnouncedCount() const
-{
-    return m_oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiExtensionCountOffset];
-}
+unsigned int CLoadedImage::GetAnnouncedCount() const { return m_oEdid.GetBaseBlock()[gsc_uiExtensionCountOffset]; }
 
 bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
 {
-    constexpr unsigned int uiFlagsOffset = 4; // of the descriptor
     const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
-    if (m_oEdid.GetMonitorRangeLimits(oLimits) != 0 ||
-        !EdidBaseLayout::IsAtLeastRevision(pui8Base, EdidBaseLayout::gsc_uiVideoInputRevision))
+    bool bFound = m_oEdid.GetMonitorRangeLimits(oLimits) != 0;
+    const bool bFlags = IsAtLeastRevision(pui8Base, gsc_uiVideoInputRevision);
+    for (unsigned int i = 0; bFlags && !bFound && i < CEdidBase::msc_uiDescriptorCount; ++i)
     {
-        return m_oEdid.GetMonitorRangeLimits(oLimits) != 0;
+        bFound = ReadFlaggedLimits(pui8Base + DescriptorOffset(i), oLimits);
     }
-    for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount; ++i)
-    {
-        unsigned char aui8Base[gsc_uiBlockSize];
-        memcpy(aui8Base, pui8Base, sizeof(aui8Base));
-        unsigned char& ui8Flags = aui8Base[EdidBaseLayout::DescriptorOffset(i) + uiFlagsOffset];
-        const SRangeOffsets oOffsets(ui8Flags);
-        ui8Flags = 0; // so the library takes it for a descriptor
-        CEdidBase oBase;
-        if (oOffsets.m_bKnown && oBase.SetEdidBuffer(aui8Base, sizeof(aui8Base), 0) != 0 &&
-            oBase.GetMonitorRangeLimits(oLimits) != 0)
-        {
-            oOffsets.Apply(oLimits);
-            return true;
-        }
-    }
-    return false;
+    return bFound;
 }
 
 void CLoadedImage::FindBlocks(const SInput& oInput)

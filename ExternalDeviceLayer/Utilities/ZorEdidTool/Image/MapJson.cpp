@@ -19,12 +19,7 @@ ordered_json MakeNumber(const CZorEdidMap::SField& oField)
     {
         return oField.m_llNumber;
     }
-    double dScale = 1;
-    for (unsigned int i = 0; i < oField.m_uiDecimals; ++i)
-    {
-        dScale *= 10;
-    }
-    return static_cast<double>(oField.m_llNumber) / dScale;
+    return GetFieldNumber(oField);
 }
 
 void AddValue(const CZorEdidMap& oMap, unsigned int uiField, ordered_json& oJson)
@@ -109,7 +104,7 @@ ordered_json MakeField(const CZorEdidMap& oMap, unsigned int uiField)
     AddValue(oMap, uiField, oJson);
     if (oField.m_uiTiming != CZorEdidMap::msc_uiNone)
     {
-        oJson["timing"] = { { "list", GetTimingListName(oField.m_eList) }, { "index", oField.m_uiTiming } };
+        oJson["timing"] = { { "list", GetListName(oField.m_eList) }, { "index", oField.m_uiTiming } };
         if (oField.m_uiTimings > 1)
         {
             oJson["timing"]["indexes"] = { oField.m_uiTiming, oField.m_uiTiming + 1 };

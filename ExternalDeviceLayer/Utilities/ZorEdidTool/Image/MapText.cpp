@@ -216,22 +216,9 @@ const char* GetNoteName(CZorEdidMap::ESeverity eSeverity)
     return apszNames[eSeverity];
 }
 
-const char* GetTimingListName(CZorEdidMap::EList eList)
-{
-    switch (eList)
-    {
-    case CZorEdidMap::eList_Established:
-        return GetListName(eTimingList_Established);
-    case CZorEdidMap::eList_Standard:
-        return GetListName(eTimingList_Standard);
-    default:
-        return GetListName(eTimingList_Detailed);
-    }
-}
-
 std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex)
 {
-    return FormatText("%s %u", GetTimingListName(oField.m_eList), oField.m_uiTiming + uiIndex);
+    return FormatText("%s %u", GetListName(oField.m_eList), oField.m_uiTiming + uiIndex);
 }
 
 std::string GetTimingNumber(const CZorEdidMap::SField& oField)
@@ -242,6 +229,16 @@ std::string GetTimingNumber(const CZorEdidMap::SField& oField)
         sText += ", " + std::to_string(oField.m_uiTiming + i);
     }
     return sText;
+}
+
+double GetFieldNumber(const CZorEdidMap::SField& oField)
+{
+    double dScale = 1;
+    for (unsigned int i = 0; i < oField.m_uiDecimals; ++i)
+    {
+        dScale *= 10;
+    }
+    return static_cast<double>(oField.m_llNumber) / dScale;
 }
 
 std::string GetCodeText(const CZorEdidMap::SField& oField)

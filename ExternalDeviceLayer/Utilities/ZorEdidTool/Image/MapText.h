@@ -14,6 +14,9 @@ std::string GetFieldName(const CZorEdidMap::SField& oField);
 // The value, or the summary of a group; empty where the bytes themselves say all.
 std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField);
 
+// A number with its decimals as the nearest double.
+double GetFieldNumber(const CZorEdidMap::SField& oField);
+
 // The groups that a field lies in, from its block down, and the field itself.
 std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField);
 
@@ -44,7 +47,6 @@ std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int ui
 const char* GetKindName(CZorEdidMap::EKind eKind);
 const char* GetAreaName(CZorEdidMap::EArea eArea);
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
-const char* GetTimingListName(CZorEdidMap::EList eList); // as zoredid modes has them
 
 // The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13"; empty of other fields. And one of
 // them, below m_uiTimings: "standard 13".

@@ -140,7 +140,7 @@ void ListEstablished(const CEdid& oEdid, std::vector<SListedTiming>& aoTimings)
     unsigned int uiVesa = 0;
     for (unsigned int i = 0; i < oEdid.GetEstablishedCount(0); ++i)
     {
-        SListedTiming oListed = { eTimingList_Established, i, 0, gsc_szBaseKind, {} };
+        SListedTiming oListed = { CZorEdidMap::eList_Established, i, 0, gsc_szBaseKind, {} };
         CVidParamTimingGeneric oVesa;
         if (oEdid.GetEstablished(i, &oListed.m_oTiming, 0) == 0)
         {
@@ -174,7 +174,7 @@ void ListStandard(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
     unsigned int uiIndex = 0;
     for (; uiIndex < oEdid.GetBaseStandardCount(); ++uiIndex)
     {
-        SListedTiming oListed = { eTimingList_Standard, uiIndex, 0, gsc_szBaseKind, {} };
+        SListedTiming oListed = { CZorEdidMap::eList_Standard, uiIndex, 0, gsc_szBaseKind, {} };
         if (oEdid.GetBaseStandard(uiIndex, &oListed.m_oTiming, nullptr) != 0)
         {
             oListed.m_sStandardCode = GetStandardCode(oEdid, uiIndex);
@@ -194,7 +194,7 @@ void ListStandard(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
         for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
         {
             SListedTiming oListed = {
-                eTimingList_Standard, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
+                CZorEdidMap::eList_Standard, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
             };
             int iNative = 0;
             if (oBlock.m_poLoaded->GetStandard(i, &oListed.m_oTiming, &iNative) != 0)
@@ -222,7 +222,7 @@ void ListDetailed(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
     unsigned int uiIndex = 0;
     for (; uiIndex < oEdid.GetBaseDetailedCount(); ++uiIndex)
     {
-        SListedTiming oListed = { eTimingList_Detailed, uiIndex, 0, gsc_szBaseKind, {} };
+        SListedTiming oListed = { CZorEdidMap::eList_Detailed, uiIndex, 0, gsc_szBaseKind, {} };
         if (oEdid.GetBaseDetailed(uiIndex, &oListed.m_oTiming) != 0)
         {
             oListed.m_bPreferred = uiIndex == 0 && EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock());
@@ -235,7 +235,7 @@ void ListDetailed(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
         for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
         {
             SListedTiming oListed = {
-                eTimingList_Detailed, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
+                CZorEdidMap::eList_Detailed, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
             };
             if (oBlock.m_poLoaded->GetDetailed(i, &oListed.m_oTiming) != 0)
             {
@@ -274,10 +274,10 @@ SVics FindVics(const CVidParamTimingGeneric& oTiming)
     {
         return oVics;
     }
-    oVics.m_bVariant = uiFirst > gsc_uiVariantKey;
+    oVics.m_bVariant = uiFirst > CVidParamCea::msc_uiVariantKey;
     for (const unsigned int uiKey : s_aoKeys.at(uiFirst))
     {
-        oVics.m_auiCodes.push_back(uiKey % gsc_uiVariantKey);
+        oVics.m_auiCodes.push_back(uiKey % CVidParamCea::msc_uiVariantKey);
     }
     return oVics;
 }
@@ -291,16 +291,18 @@ std::vector<SListedTiming> ListTimings(CLoadedImage& oImage)
     return aoTimings;
 }
 
-const char* GetListName(ETimingList eList)
+const char* GetListName(CZorEdidMap::EList eList)
 {
     switch (eList)
     {
-    case eTimingList_Established:
+    case CZorEdidMap::eList_Established:
         return "established";
-    case eTimingList_Standard:
+    case CZorEdidMap::eList_Standard:
         return "standard";
-    case eTimingList_Detailed:
+    case CZorEdidMap::eList_Detailed:
         return "detailed";
+    case CZorEdidMap::eList_None:
+        break;
     }
     return "";
 }

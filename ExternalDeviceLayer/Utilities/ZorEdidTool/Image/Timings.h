@@ -7,14 +7,7 @@
 
 #include "LoadedImage.h"
 #include "VidParamTimingGeneric.h"
-
-// The three numberings of the library.
-enum ETimingList : unsigned int
-{
-    eTimingList_Established, // CEdid::GetEstablished with bVesaOnly 0
-    eTimingList_Standard,    // CEdid::GetStandard
-    eTimingList_Detailed     // CEdid::GetDetailed
-};
+#include "ZorEdidMap.h"
 
 // Codes of CTA-861 with exactly the same timing, in rising order. They differ in picture aspect only.
 struct SVics
@@ -26,15 +19,12 @@ struct SVics
 // Whether all numbers of two timings are the same, the source among them.
 bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond);
 
-// A key of CVidParamCea's table is a code, or for the code's 1000/1001 variant the code and this.
-inline constexpr unsigned int gsc_uiVariantKey = 1000;
-
 // Looked up without the 4:2:0 flag, which halves the clock that the look-up compares.
 SVics FindVics(const CVidParamTimingGeneric& oTiming);
 
 struct SListedTiming
 {
-    ETimingList m_eList;
+    CZorEdidMap::EList m_eList;
     unsigned int m_uiIndex; // from 0, the number that edits take
     unsigned int m_uiBlock; // of the image; the base block is 0
     const char* m_pszKind;  // "base" or GetBlockKind
@@ -50,7 +40,8 @@ struct SListedTiming
 // out, and its number with it.
 std::vector<SListedTiming> ListTimings(CLoadedImage& oImage);
 
-const char* GetListName(ETimingList eList);
+// "established", "standard", "detailed"; empty for none.
+const char* GetListName(CZorEdidMap::EList eList);
 
 // Name of the source: "dmt", "dmt-rb", "cvt", "cvt-rb", "gtf", "cea", "smpte", "detailed"; null for none.
 const char* GetTypeName(CVidParamTiming::EVidParamType eType);

@@ -5,9 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "EdidUtils.h"
 #include "Input.h"
 
-inline constexpr size_t gsc_uiBlockSize = 128;
+inline constexpr size_t gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 inline constexpr size_t gsc_uiMaxSize = 256 * gsc_uiBlockSize;
 
 inline constexpr std::string_view gsc_sBlanks = " \t\r\n\f\v";

@@ -94,7 +94,7 @@ public:
     {
         oTiming.m_sOtherCode = FindOtherCode(oTiming.m_oListed);
         const auto itGroup = m_aoDetailed.find(oTiming.m_oListed.m_uiIndex);
-        if (oTiming.m_oListed.m_eList == eTimingList_Detailed && itGroup != m_aoDetailed.end())
+        if (oTiming.m_oListed.m_eList == CZorEdidMap::eList_Detailed && itGroup != m_aoDetailed.end())
         {
             ReadBorders(m_oMap, m_oMap.GetField(itGroup->second), oTiming);
         }
@@ -251,7 +251,7 @@ public:
     }
 
 private:
-    static constexpr size_t msc_uiLists = eTimingList_Detailed + 2; // and those of no list
+    static constexpr size_t msc_uiLists = CZorEdidMap::eList_Detailed + 2; // and those of no list
 
     struct SKind
     {
@@ -328,7 +328,7 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
         {
             m_aoTimings.push_back({ oListed });
             oFields.Complete(m_aoTimings.back());
-            m_aoTimings.back().m_bStandIn = oListed.m_eList == eTimingList_Established && IsOfGtf(oListed.m_oTiming);
+            m_aoTimings.back().m_bStandIn = oListed.m_eList == CZorEdidMap::eList_Established && IsOfGtf(oListed.m_oTiming);
         }
     }
     LoadBase(m_oInput.m_aui8Bytes, m_oBase);
@@ -377,16 +377,6 @@ void CompareImages(SPage& oPage)
         CompareFields(oImage, aasPaths[i], oOther, aaoFound[1 - i]);
     }
     CompareTimings(*oPage.m_apoImages[0], *oPage.m_apoImages[1]);
-}
-
-double GetFieldNumber(const CZorEdidMap::SField& oField)
-{
-    double dNumber = static_cast<double>(oField.m_llNumber);
-    for (unsigned int i = 0; i < oField.m_uiDecimals; ++i)
-    {
-        dNumber /= 10;
-    }
-    return dNumber;
 }
 
 void ReadBorders(const CZorEdidMap& oMap, const CField& oGroup, SPageTiming& oTiming)

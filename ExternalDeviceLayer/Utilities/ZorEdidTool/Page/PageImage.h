@@ -11,6 +11,7 @@
 #include "CheckRules.h"
 #include "Input.h"
 #include "LoadedImage.h"
+#include "MapText.h"
 #include "Timings.h"
 #include "ZorEdidMap.h"
 
@@ -86,7 +87,6 @@ struct SPage
 // Fills in what differs between the two images of a pair.
 void CompareImages(SPage& oPage);
 
-double GetFieldNumber(const CZorEdidMap::SField& oField);
 // The number of the first field of this name in a group, the group itself included; -1 when there is none.
 double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName);
 

@@ -221,8 +221,8 @@ std::string GetPreferred(const std::vector<const SPageTiming*>& apoPreferred, co
 // The preferred timing comes first, then the lists from the detailed ones down, then what stands in none.
 unsigned int GetRank(const STimingRow& oRow)
 {
-    const unsigned int uiList = eTimingList_Detailed - oRow.m_poTiming->m_oListed.m_eList;
-    return !oRow.m_sPreferred.empty() ? 0 : oRow.m_poTiming->IsListed() ? 1 + uiList : 2 + eTimingList_Detailed;
+    const unsigned int uiList = CZorEdidMap::eList_Detailed - oRow.m_poTiming->m_oListed.m_eList;
+    return !oRow.m_sPreferred.empty() ? 0 : oRow.m_poTiming->IsListed() ? 1 + uiList : 2 + CZorEdidMap::eList_Detailed;
 }
 
 std::vector<STimingRow> ListRows(const SPage& oPage)
@@ -283,7 +283,7 @@ std::string GetMarks(const STimingRow& oRow)
     fnAdd(!oPlace.IsOfMonitor(), oPlace.m_sOtherCode + ", which has a row of its own");
     const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
     fnAdd(oPlace.m_bStandIn, "stand-in by GTF");
-    fnAdd(!oPlace.m_bStandIn && pszType != nullptr && oListed.m_eList != eTimingList_Detailed,
+    fnAdd(!oPlace.m_bStandIn && pszType != nullptr && oListed.m_eList != CZorEdidMap::eList_Detailed,
           pszType != nullptr ? pszType : "");
     return sMarks;
 }
@@ -326,7 +326,7 @@ void AddRow(CHtml& oHtml, unsigned int uiPicture, const STimingRow& oRow, const 
     constexpr unsigned long long ullMostOfList = 1ULL << 32;
     const SPageTiming& oPlace = *oRow.m_poTiming;
     const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
-    const unsigned long long ullList = oPlace.IsListed() ? oPlace.m_oListed.m_eList : eTimingList_Detailed + 1;
+    const unsigned long long ullList = oPlace.IsListed() ? oPlace.m_oListed.m_eList : CZorEdidMap::eList_Detailed + 1;
     oHtml << "<tr data-list=\"" << SText{ oPlace.IsListed() ? GetListName(oPlace.m_oListed.m_eList) : "none" } << "\"";
     if (oPage.IsPair() && oPlace.m_poOther == nullptr && oPlace.IsOfMonitor())
     {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "MapCtaBlocks.h"
+#include "MapValue.h"
 
 namespace
 {
@@ -204,7 +205,8 @@ CMString AudioSummary(const CRecord& oAudio)
                              : FindMeaning(gsc_aoFormats, GetFormat(oAudio)));
     if (HasChannels(oAudio))
     {
-        sText.AppendFormat(", %u channels", oAudio.GetBits(0, 2, 0) + 1);
+        sText += ", ";
+        sText += FormatNumber(oAudio.GetBits(0, 2, 0) + 1, 0, "channels");
     }
     return sText;
 }

@@ -2,6 +2,8 @@
 
 #include "MapValue.h"
 
+#include "ZorTools.h"
+
 namespace
 {
 constexpr unsigned int gsc_uiByteMask = 0xFF;
@@ -86,6 +88,30 @@ CMString FormatCharacters(const CZorEdidMap& oMap, const CZorEdidMap::SField& oF
     return oText;
 }
 
+// Units that are counted, and what one of them is called.
+struct SCounted
+{
+    const char* m_pszMany;
+    const char* m_pszOne;
+};
+constexpr SCounted gsc_aoCounted[] = {
+    { "bits", "bit" },         { "bits per color", "bit per color" }, { "blocks", "block" }, { "bytes", "byte" },
+    { "channels", "channel" }, { "L-PCM channels", "L-PCM channel" }, { "lines", "line" },   { "pixels", "pixel" },
+    { "streams", "stream" },
+};
+
+const char* GetSingular(const char* pszUnit)
+{
+    for (const SCounted& oUnit : gsc_aoCounted)
+    {
+        if (ZorTools_strcmp(oUnit.m_pszMany, pszUnit) == 0)
+        {
+            return oUnit.m_pszOne;
+        }
+    }
+    return pszUnit;
+}
+
 CMString FormatCode(const CZorEdidMap::SField& oField)
 {
     CMString oText;
@@ -142,7 +168,7 @@ CMString FormatNumber(long long llNumber, unsigned int uiDecimals, const char* p
     }
     if (pszUnit != nullptr)
     {
-        oText.AppendFormat(" %s", pszUnit);
+        oText.AppendFormat(" %s", llNumber == 1 && uiDecimals == 0 ? GetSingular(pszUnit) : pszUnit);
     }
     return oText;
 }

@@ -120,8 +120,8 @@ TEST(MapColourRows, DisplayParameters1)
     };
     ExpectRows(MakeDisplayIdRecord(0x01, 0, "12 1B 34 0F 80 07 38 04 B2 78 4E 97"), aoRows);
     static constexpr SCodesCase aoCodes[] = {
-        { "04 03", 0, "not given|0.1 mm" },  { "06 05", 0, "not given|0.1 mm" }, { "08 07", 0, "not given|1 pixels" },
-        { "0A 09", 0, "not given|1 lines" }, { "0C", 0xFE, "3.54|not given" },
+        { "04 03", 0, "not given|0.1 mm" }, { "06 05", 0, "not given|0.1 mm" }, { "08 07", 0, "not given|1 pixel" },
+        { "0A 09", 0, "not given|1 line" }, { "0C", 0xFE, "3.54|not given" },
     };
     ExpectCodes(MakeDisplayIdRecord(0x01, 0, "00*12"), aoCodes);
 }
@@ -169,8 +169,8 @@ TEST(MapColourRows, DisplayParameters2)
     static constexpr SCodesCase aoCodes[] = {
         { "04 03", 0, "not given|0.1 mm" },
         { "06 05", 0, "not given|0.1 mm" },
-        { "08 07", 0, "not given|1 pixels" },
-        { "0A 09", 0, "not given|1 lines" },
+        { "08 07", 0, "not given|1 pixel" },
+        { "0A 09", 0, "not given|1 line" },
         { "0B.7", 0, "integrated|not integrated" },
         { "0B.6", 0, "CIE 1931 (x, y)|CIE 1976 (u', v')" },
         { "0B.4-3", 0, "minimum guaranteed value|guidance for the source device|reserved|reserved" },

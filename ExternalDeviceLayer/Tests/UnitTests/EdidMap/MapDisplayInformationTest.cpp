@@ -265,12 +265,12 @@ TEST(MapDisplayInformation, Codes)
           "YCrCb 4:2:2 SMPTE 293M and 294M|YCrCb 4:2:0 SMPTE 293M and 294M|YCrCb SMPTE 260M|YPbPr SMPTE 240M|"
           "YCrCb SMPTE 274M|YPbPr SMPTE 274M|Y B-Y R-Y BetaCam|Y B-Y R-Y M-2|monochrome|reserved" },
         { "1C", 0, "default decoding|BGR|Y/C|Yxx SMPTE 2xxM|monochrome|reserved" },
-        { "20", 0, "not given|1 bits" },
-        { "21", 0, "not given|1 bits" },
-        { "22", 0, "not given|1 bits" },
-        { "23", 0, "not given|1 bits" },
-        { "24", 0, "not given|1 bits" },
-        { "25", 0, "not given|1 bits" },
+        { "20", 0, "not given|1 bit" },
+        { "21", 0, "not given|1 bit" },
+        { "22", 0, "not given|1 bit" },
+        { "23", 0, "not given|1 bit" },
+        { "24", 0, "not given|1 bit" },
+        { "25", 0, "not given|1 bit" },
         { "51.7-6", 0, "none|white curve|three sub-channel curves|reserved" },
     };
     ExpectCodes(MakeInformation("40 01 01 00 00 00 00 80"), aoCases);

@@ -72,7 +72,7 @@ TEST(MapHdmiRows, Hdmi14FieldsThatMove)
         { "05", "Video_Latency", "20 ms" },
         { "06", "Audio_Latency", "40 ms" },
         { "07.7", "3D_present", "yes" },
-        { "08.7-5", "HDMI_VIC_LEN", "1 bytes" },
+        { "08.7-5", "HDMI_VIC_LEN", "1 byte" },
         { "09", "HDMI_VIC", "2, 3840x2160p 25 Hz 16:9" },
         { "0B.6", "Top-and-bottom", "yes" },
     };

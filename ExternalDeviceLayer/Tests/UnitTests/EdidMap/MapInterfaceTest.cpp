@@ -345,7 +345,7 @@ TEST(MapInterface, AdaptiveSync)
     ExpectRows(oRecord, aoRows);
     static constexpr SRowCase aoFlags[] = {
         { "01.7", "Reserved", "0x1", gsc_szSet },
-        { "01.6-4", "Extra bytes of each descriptor", "1 bytes" },
+        { "01.6-4", "Extra bytes of each descriptor", "1 byte" },
         { "01.3", "Reserved", "0x1", gsc_szSet },
     };
     ExpectSomeRows(MakeDisplayIdRecord(0x2B, 0x98, "A5 0B 30 90 B5 17 5A 52 13 28 77 4A 31 A5"), aoFlags);

@@ -105,8 +105,8 @@ TEST(MapVendorRows, CodesOfDevices)
         { "02", 255, "reserved" },
         { "03.7-2", 0, "not specified|1 MHz" },
         { "03.1-0 04", 0, "not specified|1 MHz" },
-        { "06 05", 0, "not specified|1 pixels" },
-        { "08 07", 0, "not specified|1 pixels" },
+        { "06 05", 0, "not specified|1 pixel" },
+        { "08 07", 0, "not specified|1 pixel" },
         { "0A.7-6", 0, "landscape|portrait|not fixed|undefined" },
         { "0A.5-4", 0, "none|90 degrees clockwise|90 degrees counterclockwise|90 degrees either way" },
         { "0A.3-2", 0, "upper left|upper right|lower left|lower right" },
@@ -259,7 +259,7 @@ TEST(MapVendorRows, Microsoft)
 TEST(MapVendorRows, InfoFrames)
 {
     static constexpr SRowCase aoRows[] = {
-        { "00.7-5", "Length of the InfoFrame processing descriptor's payload", "1 bytes" },
+        { "00.7-5", "Length of the InfoFrame processing descriptor's payload", "1 byte" },
         { "00.4-0", "Reserved", "0x15", gsc_szSet },
         { "01", "Vendor-Specific InfoFrames at once", "3" },
         { "02", "Payload", "aa" },

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "EdidBaseLayout.h"
+#include "MapText.h"
 #include "PageNames.h"
 #include "PageParts.h"
 #include "TextFormat.h"

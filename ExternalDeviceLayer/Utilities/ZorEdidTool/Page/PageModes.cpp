@@ -281,7 +281,7 @@ SPageTiming MakePlace(const SPageImage& oImage, unsigned int uiField, const CVid
     const CZorEdidMap& oMap = oImage.m_oMap;
     const CField& oField = oMap.GetField(uiField);
     SPageTiming oPlace;
-    oPlace.m_oListed = { eTimingList_Detailed, 0, oField.m_uiOffset / CEdidUtils::msc_uiBlockSize, "", oTiming };
+    oPlace.m_oListed = { CZorEdidMap::eList_Detailed, 0, oField.m_uiOffset / CEdidUtils::msc_uiBlockSize, "", oTiming };
     oPlace.m_sSource = GetSource(oMap, uiField);
     oPlace.m_bStandIn = oField.m_eKind == CZorEdidMap::eKind_Flag && IsOfGtf(oTiming);
     oPlace.m_oListed.m_bNative = IsSet(oMap, uiField, gsc_sNative);

@@ -117,11 +117,10 @@ public:
 
     /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken;
     /// the map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0
-    /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. The bytes may
-    /// be those of GetData. Nothing in
-    /// the bytes decides how much memory is asked for but their number. The numbers of timings come from the classes of
-    /// the blocks, which may write an assertion line about a damaged one, as when a CEdid loads it. When memory runs
-    /// out, what the map holds means nothing until the next Read.
+    /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. The bytes
+    /// may be those of GetData. Nothing in the bytes decides how much memory is asked for but their number. The numbers
+    /// of timings come from the classes of the blocks, which may write an assertion line about a damaged one, as when a
+    /// CEdid loads it. When memory runs out, what the map holds means nothing until the next Read.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// The bytes that were read, GetSize of them; null when there are none. The pointer is good until the next Read or

@@ -15,8 +15,8 @@ namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// Range limits whose byte 4 has flags, which make them no display descriptor in the library's eyes: bits 0 and 1 for the
-// vertical rates, bits 2 and 3 for the horizontal ones. 2 puts 255 on the maximum, 3 on both, in the units of the
+// Range limits whose byte 4 has flags, which make them no display descriptor in the library's eyes: bits 0 and 1 for
+// the vertical rates, bits 2 and 3 for the horizontal ones. 2 puts 255 on the maximum, 3 on both, in the units of the
 // descriptor. False for other descriptors and flags: 1 is reserved.
 bool ReadFlaggedLimits(const unsigned char* pui8Descriptor, CEdidBase::SRangeLimits& oLimits)
 {

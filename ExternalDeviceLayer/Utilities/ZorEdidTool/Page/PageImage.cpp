@@ -328,7 +328,8 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
         {
             m_aoTimings.push_back({ oListed });
             oFields.Complete(m_aoTimings.back());
-            m_aoTimings.back().m_bStandIn = oListed.m_eList == CZorEdidMap::eList_Established && IsOfGtf(oListed.m_oTiming);
+            m_aoTimings.back().m_bStandIn =
+                oListed.m_eList == CZorEdidMap::eList_Established && IsOfGtf(oListed.m_oTiming);
         }
     }
     LoadBase(m_oInput.m_aui8Bytes, m_oBase);

@@ -101,7 +101,11 @@ std::string GetModeText(const SPageImage& oImage, unsigned int uiField)
     {
         return "";
     }
-    const std::string sText = oImage.GetValue(uiField);
+    std::string sText = oImage.GetValue(uiField);
+    if (!bGroup)
+    {
+        sText.erase(0, sText.find(", ") + 2); // "16, 1920x1080p ...": the code stands ahead
+    }
     return sText.find("Hz") == std::string::npos ? "" : sText.substr(0, sText.find(", native"));
 }
 

@@ -56,7 +56,7 @@ enum ERule : unsigned char
 {
     eAny,
     eOnce,  // a second one in a collection is against the standard
-    eFirst, // the first data block of its collection, and only once
+    eFirst, // the first data block of block 1, and only once
 };
 
 // What lies in the payload.
@@ -107,7 +107,8 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
     { Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eVendor, AtLeast(2), eOnce, Rows(g_oCtaUhdTable) },
     { Tag(3), "Vendor-specific data block", eVendor },
     { Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
-    { Tag(5), "VESA display transfer characteristic data block", eColour, AtLeast(7), eAny, Walk(MapCtaTransfer) },
+    { Tag(5), "VESA display transfer characteristic data block", eColour, OneOf({ 7, 15, 31 }), eAny,
+      Walk(MapCtaTransfer) },
     { Tag(6), "Video format data block", eTiming, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
     { Extended(0), "Video capability data block", eDisplay, Exactly(1), eOnce, Rows(g_oCtaVideoCapabilityTable) },
     { VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eColour, AtLeast(1), eOnce,
@@ -122,7 +123,7 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
     { Extended(5), "Colorimetry data block", eColour, Exactly(2), eOnce, Rows(g_oCtaColorimetryTable) },
     { Extended(6), "HDR static metadata data block", eColour, AtLeast(2), eOnce, Rows(g_oCtaStaticHdrTable) },
     { Extended(7), "HDR dynamic metadata data block", eColour, AtLeast(3), eOnce, Walk(MapCtaDynamicHdr) },
-    { Extended(8), "Native video resolution data block", eTiming, AtLeast(1), eOnce, Walk(MapCtaNative) },
+    { Extended(8), "Native video resolution data block", eTiming, OneOf({ 1, 2, 6 }, true), eOnce, Walk(MapCtaNative) },
     { Extended(9, 12), "Reserved for video-related blocks" },
     { Extended(13), "Video format preference data block", eTiming, AtLeast(1), eOnce, Items(g_oCtaPreferenceTable, 1) },
     { Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Walk(MapCta420Video) },
@@ -132,18 +133,18 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
       Rows(g_oCtaDolbyAudioTable) },
     { Extended(17), "Vendor-specific audio data block", eVendor },
     { Extended(18), "HDMI audio data block", eAudio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
-    { Extended(19), "Room configuration data block", eAudio, AtLeast(4), eOnce, Walk(MapCtaRoom) },
+    { Extended(19), "Room configuration data block", eAudio, OneOf({ 4, 7, 10 }), eOnce, Walk(MapCtaRoom) },
     { Extended(20), "Speaker location data block", eAudio, AtLeast(2), eAny, Walk(MapCtaSpeakerLocations) },
     { Extended(21, 31), "Reserved for audio-related blocks" },
     { Extended(32), "InfoFrame data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaInfoFrames) },
     { Extended(33), "Product information data block", eIdentity },
-    { Extended(34), "DisplayID Type VII video timing data block", eTiming, AtLeast(21), eAny, Walk(MapCtaTypeVii) },
+    { Extended(34), "DisplayID Type VII video timing data block", eTiming, Exactly(21), eAny, Walk(MapCtaTypeVii) },
     { Extended(35), "DisplayID Type VIII video timing data block", eTiming, AtLeast(2), eAny, Walk(MapCtaTypeViii) },
     { Extended(36, 41), "Reserved data block" },
     { Extended(42), "DisplayID Type X video timing data block", eTiming, AtLeast(7), eAny, Walk(MapCtaTypeX) },
     { Extended(43, 119), "Reserved data block" },
     { Extended(120), "HDMI Forum EDID extension override data block", eStructure, AtLeast(1), eFirst,
-      Rows(g_oCtaExtensionOverrideTable) },
+      Walk(MapCtaExtensionOverride) },
     { gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce, Walk(MapCtaHdmiSink) },
     { Extended(122), "HDMI Forum source-based tone mapping data block", eColour, AtLeast(1), eOnce,
       Walk(MapCtaToneMapping) },
@@ -178,7 +179,8 @@ constexpr bool HasOui(unsigned int uiTag, unsigned int uiExtended)
            (uiTag == gsc_ui8ExtendedTag && (uiExtended == gsc_ui8VendorVideo || uiExtended == gsc_ui8VendorAudio));
 }
 
-// The names of extended tags, from the list of data blocks: of each range the row for any OUI.
+// The names of extended tags, from the list of data blocks: of each range the row for any OUI. What is reserved has no
+// area.
 struct SExtendedTags
 {
     SMeaning m_aoMeanings[gsc_uiKinds] = {};
@@ -193,7 +195,7 @@ constexpr SExtendedTags MakeExtendedTags()
         if (oBlock.m_oKey.m_ui8Tag == gsc_ui8ExtendedTag && oBlock.m_oKey.m_uiOui == gsc_uiAnyOui)
         {
             oTags.m_aoMeanings[oTags.m_uiCount++] = { oBlock.m_oKey.m_ui8FirstExtended, oBlock.m_oKey.m_ui8LastExtended,
-                                                      oBlock.m_pszName };
+                                                      oBlock.m_eArea == eUnused ? gsc_szReserved : oBlock.m_pszName };
         }
     }
     return oTags;
@@ -201,11 +203,15 @@ constexpr SExtendedTags MakeExtendedTags()
 
 constexpr SExtendedTags gsc_oExtendedTags = MakeExtendedTags();
 
-bool IsVendor(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_ui8VendorTag; }
+bool IsVendor(const CRecord& oHeader)
+{
+    return oHeader.GetBits(0, 7, 5) == gsc_ui8VendorTag && oHeader.GetSize() >= gsc_uiHeaderSize + gsc_uiOuiSize;
+}
 bool IsExtended(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_ui8ExtendedTag; }
 bool IsExtendedVendor(const CRecord& oHeader)
 {
-    return IsExtended(oHeader) && HasOui(gsc_ui8ExtendedTag, oHeader.GetByte(1));
+    return IsExtended(oHeader) && HasOui(gsc_ui8ExtendedTag, oHeader.GetByte(1)) &&
+           oHeader.GetSize() == gsc_uiMostHeader;
 }
 
 constexpr SRow gsc_aoHeaderRows[] = {
@@ -276,9 +282,15 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 
 constexpr SPayloadNotes gsc_oPayloadNotes = { "is shorter than the standard has it",
                                               "is longer than the standard has it",
-                                              "is no whole number of descriptors long" };
+                                              "is no whole number of descriptors long",
+                                              "is of none of the lengths that the standard has" };
 
-void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, bool bAgain, bool bFirst)
+const char* CheckLength(const SFound& oFound)
+{
+    return CheckPayload(oFound.m_poKind->m_oSize, oFound.GetPayloadSize(), gsc_oPayloadNotes);
+}
+
+void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, bool bAgain)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
     const unsigned int uiTag = oKind.m_oKey.m_ui8Tag;
@@ -295,7 +307,7 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its OUI");
     }
-    else if (const char* pszText = CheckPayload(oKind.m_oSize, oFound.GetPayloadSize(), gsc_oPayloadNotes))
+    else if (const char* pszText = CheckLength(oFound))
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, pszText);
     }
@@ -303,9 +315,9 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "the standard allows only one of this kind");
     }
-    if (oKind.m_eRule == eFirst && !bFirst)
+    if (oKind.m_eRule == eFirst && oFound.m_uiOffset != gsc_uiBlockSize + gsc_uiDataBlocksOffset)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is not the first data block");
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is not the first data block of block 1");
     }
 }
 
@@ -331,7 +343,7 @@ void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning,
                         "HDMI allows a vendor-specific or a sink capability data block of the HDMI Forum, not both");
     }
-    if (bForum && fnCount(gsc_oHdmiKey) == 0)
+    if ((bForum || bSink) && fnCount(gsc_oHdmiKey) == 0)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no HDMI vendor-specific data block stands ahead");
     }
@@ -361,19 +373,23 @@ unsigned int IndexOf(const SDataBlock& oKind)
     return &oKind == &gsc_oNoExtendedTag ? 0 : static_cast<unsigned int>(&oKind - gsc_aoDataBlocks);
 }
 
-// Ahead of the first field: a data block may refer to codes that stand behind it.
-SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
+// Ahead of the first field: a data block may refer to codes that stand behind it. By the headers' first bytes alone, as
+// every block of an image asks for the codes of all.
+void CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, SCtaVideoCodes& oCodes)
 {
-    SCtaVideoCodes oCodes;
-    ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
-        const bool bVideo = oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8VideoTag;
-        const CRecord oRecord = oWriter.GetRecord(oFound.GetPayload(), bVideo ? oFound.GetPayloadSize() : 0);
-        for (unsigned int i = 0; i < oRecord.GetSize() && oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost; ++i)
+    const CRecord oCollection = oWriter.GetRecord(uiOffset, uiEnd - uiOffset);
+    for (unsigned int uiAt = 0; uiAt < oCollection.GetSize();)
+    {
+        const bool bVideo = oCollection.GetBits(uiAt, 7, 5) == gsc_ui8VideoTag;
+        const unsigned int uiNext = uiAt + gsc_uiHeaderSize + oCollection.GetBits(uiAt, 4, 0);
+        while (++uiAt < std::min(uiNext, oCollection.GetSize()))
         {
-            oCodes.m_aui8Codes[oCodes.m_uiCount++] = static_cast<unsigned char>(oRecord.GetByte(i));
+            if (bVideo && oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost)
+            {
+                oCodes.m_aui8Codes[oCodes.m_uiCount++] = static_cast<unsigned char>(oCollection.GetByte(uiAt));
+            }
         }
-    });
-    return oCodes;
+    }
 }
 
 void AddContent(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const SCtaVideoCodes& oCodes)
@@ -398,14 +414,18 @@ bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr ||
 
 // puiEarlier counts the data blocks ahead by their kinds.
 void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes,
-                  const unsigned int* puiEarlier, bool bFirst)
+                  const unsigned int* puiEarlier)
 {
     const SDataBlock& oKind = *oFound.m_poKind;
     const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize);
-    NoteDataBlock(oWriter, uiField, oFound, puiEarlier[IndexOf(oKind)] != 0, bFirst);
+    NoteDataBlock(oWriter, uiField, oFound, puiEarlier[IndexOf(oKind)] != 0);
     NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
     oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
     AddContent(oWriter, uiField, oFound, oCodes);
+    if (oFound.m_bCut || CheckLength(oFound) != nullptr)
+    {
+        oWriter.AddUnknownEnd();
+    }
     if (IsKnown(oKind.m_oContent))
     {
         oWriter.EndGroup();
@@ -415,20 +435,26 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCode
         oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
     }
 }
-} // namespace
 
-bool MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+// Whether the collection has audio.
+bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, const SCtaVideoCodes& oCodes)
 {
-    const unsigned int uiEnd = uiOffset + uiLength;
-    const SCtaVideoCodes oCodes = CollectCodes(oWriter, uiOffset, uiEnd);
     unsigned int auiEarlier[gsc_uiKinds] = {};
     bool bAudio = false;
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
-        AddDataBlock(oWriter, oFound, oCodes, auiEarlier, oFound.m_uiOffset == uiOffset);
+        AddDataBlock(oWriter, oFound, oCodes, auiEarlier);
         ++auiEarlier[IndexOf(*oFound.m_poKind)];
         bAudio = bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8AudioTag;
     });
     return bAudio;
+}
+} // namespace
+
+void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    SCtaVideoCodes oCodes;
+    CollectCodes(oWriter, uiOffset, uiOffset + uiLength, oCodes);
+    AddDataBlocks(oWriter, uiOffset, uiOffset + uiLength, oCodes);
 }
 
 // ---- The extension block: CTA-861-H 7.5 ----
@@ -482,6 +508,28 @@ bool IsDescriptor(const CRecord& oRecord)
            (oRecord.GetByte(2) == 0 && (uiTag >= uiFirstTag || (uiTag != 0 && uiTag <= uiDummyTag)));
 }
 
+// The codes of all CTA-861 blocks of the EDID that the block at uiBlock is of: indexes run on from block to block. A
+// file may hold several EDIDs, each with a base block, whose first byte is 0.
+SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
+{
+    SCtaVideoCodes oCodes;
+    unsigned int uiAt = uiBlock;
+    while (uiAt > gsc_uiBlockSize && oWriter.GetByte(uiAt - gsc_uiBlockSize) != 0)
+    {
+        uiAt -= gsc_uiBlockSize;
+    }
+    for (; oWriter.GetByte(uiAt) != 0; uiAt += gsc_uiBlockSize) // behind the image it is 0, too
+    {
+        const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);
+        if (oWriter.GetByte(uiAt) == gsc_uiTag && IsStart(uiStart) &&
+            oWriter.GetByte(uiAt + gsc_uiRevisionOffset) >= gsc_uiDataBlocksRevision)
+        {
+            CollectCodes(oWriter, uiAt + gsc_uiDataBlocksOffset, uiAt + uiStart, oCodes);
+        }
+    }
+    return oCodes;
+}
+
 // Bytes 4 to uiStart - 1. Before revision 3 nothing was ever defined for them.
 void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiStart)
 {
@@ -498,7 +546,7 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
         return;
     }
-    const bool bAudio = MapCtaDataBlocks(oWriter, uiFirst, uiLength);
+    const bool bAudio = AddDataBlocks(oWriter, uiFirst, uiFirst + uiLength, CollectCodes(oWriter, uiOffset));
     if (bAudio && !oBlock.IsSet(gsc_uiFlagsOffset, gsc_uiBasicAudioBit))
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "has audio, but the block's flags lack basic audio");
@@ -596,5 +644,14 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
         }
         uiOffset += uiSize;
         uiLength -= uiSize;
+    }
+}
+
+void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed)
+{
+    if (uiUsed < oPayload.m_uiLength)
+    {
+        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Error, "its last descriptor runs past its end");
+        oWriter.AddUnknownEnd();
     }
 }

@@ -28,9 +28,11 @@ enum EFormat : unsigned int
 
 enum EExtended : unsigned int
 {
+    eExtended_LastWithdrawn = 3,
     eExtended_HeAac = 4,
     eExtended_HeAacV2 = 5,
     eExtended_AacLc = 6,
+    eExtended_Dra = 7,
     eExtended_HeAacSurround = 8,
     eExtended_Reserved = 9,
     eExtended_AacLcSurround = 10,
@@ -94,6 +96,7 @@ bool WhereExtended(const CRecord& oAudio)
 
 constexpr auto IsFormat = IsNot<WhereFormat<eFormat_Reserved>>;
 bool IsMat4OrLater(const CRecord& oAudio) { return WhereFormat<eFormat_Mat>(oAudio) && oAudio.IsSet(2, 0); }
+bool IsMatBefore4(const CRecord& oAudio) { return WhereFormat<eFormat_Mat>(oAudio) && !oAudio.IsSet(2, 0); }
 
 // Which bits of the descriptor mean what is not known for these.
 bool IsUnknownExtended(const CRecord& oAudio)
@@ -101,6 +104,17 @@ bool IsUnknownExtended(const CRecord& oAudio)
     const unsigned int uiExtended = GetExtended(oAudio);
     return WhereFormat<eFormat_Extended>(oAudio) &&
            (uiExtended == 0 || uiExtended == eExtended_Reserved || uiExtended > eExtended_Pcm3d);
+}
+
+// The meaning of bits 2 to 0 is the format's, and not published; of HE AAC that of bit 0.
+bool HasOwnBits(const CRecord& oAudio)
+{
+    return WhereExtended<eExtended_Dra>(oAudio) || (WhereFormat<eFormat_Extended>(oAudio) && GetExtended(oAudio) != 0 &&
+                                                    GetExtended(oAudio) <= eExtended_LastWithdrawn);
+}
+bool HasOwnBit0(const CRecord& oAudio)
+{
+    return WhereExtended<eExtended_HeAac>(oAudio) || WhereExtended<eExtended_HeAacV2>(oAudio);
 }
 
 bool HasBitRate(const CRecord& oAudio)
@@ -161,12 +175,13 @@ constexpr auto gsc_aoMatKinds = Listed({ "Dolby TrueHD only", "Dolby TrueHD, obj
 constexpr auto gsc_aoMatHash = Listed({ "required", "not required" });
 constexpr auto gsc_aoSurroundSignals = Listed({ "implicit", "implicit and explicit" });
 
+constexpr SPlace gsc_o3dChannels = Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } });
+
 constexpr SRow gsc_aoAudioRows[] = {
     { Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },
     { Bits(2, 7, 3), "Audio format extended code", Names(gsc_aoExtended), WhereFormat<eFormat_Extended> },
     { Bits(0, 2, 0), "Maximum number of channels", NumberFrom1("channels"), HasChannels },
-    { Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } }), "Maximum number of channels", NumberFrom1("channels"),
-      WhereExtended<eExtended_Pcm3d> },
+    { gsc_o3dChannels, "Maximum number of channels", NumberFrom1("channels"), WhereExtended<eExtended_Pcm3d> },
     { Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels), WhereExtended<eExtended_MpegH> },
     { Bit(1, 6), "192 kHz", Flag(), IsFormat, CheckRate192 },
     { Bit(1, 5), "176.4 kHz", Flag(), IsFormat, CheckRate176 },
@@ -180,13 +195,18 @@ constexpr SRow gsc_aoAudioRows[] = {
     { Bit(2, 0), "16 bit", Flag(), HasSampleSizes },
     { Byte(2), "Maximum bit rate", Number("kbit/s").Times(8), HasBitRate },
     { Byte(2), "Audio format code dependent value", Number(), HasOwnValue },
+    { Bits(2, 7, 2), "Unknown", Unknown(), WhereFormat<eFormat_EnhancedAc3> },
     { Bit(2, 1), "Joint object coding with ACMOD28", Flag(), WhereFormat<eFormat_EnhancedAc3> },
     { Bit(2, 0), "Joint object coding", Flag(), WhereFormat<eFormat_EnhancedAc3> },
+    { Bits(2, 7, 2), "Unknown", Unknown(), IsMat4OrLater },
+    { Bits(2, 7, 1), "Unknown", Unknown(), IsMatBefore4 },
     { Bit(2, 1), "Hash calculation for PCM", Flag(gsc_aoMatHash), IsMat4OrLater },
     { Bit(2, 0), "MAT content", Flag(gsc_aoMatKinds), WhereFormat<eFormat_Mat> },
     { Bits(2, 2, 0), "Profile", Number(), WhereFormat<eFormat_WmaPro> },
     { Bit(2, 2), "1024_TL", Flag(), HasFrameLengths },
     { Bit(2, 1), "960_TL", Flag(), HasFrameLengths },
+    { Bit(2, 0), "Unknown", Unknown(), HasOwnBit0 },
+    { Bits(2, 2, 0), "Unknown", Unknown(), HasOwnBits },
     { Bit(2, 0), "22.2 multichannel", Flag(), WhereExtended<eExtended_AacLc> },
     { Bit(2, 0), "MPEG Surround signaling", Flag(gsc_aoSurroundSignals), IsMpegSurround },
     { Bit(2, 1), "Baseline profile", Flag(), WhereExtended<eExtended_MpegH> },
@@ -203,10 +223,11 @@ CMString AudioSummary(const CRecord& oAudio)
     const bool bExtended = WhereFormat<eFormat_Extended>(oAudio);
     CMString sText(bExtended ? FindMeaning(gsc_aoExtended, GetExtended(oAudio))
                              : FindMeaning(gsc_aoFormats, GetFormat(oAudio)));
-    if (HasChannels(oAudio))
+    const bool b3d = WhereExtended<eExtended_Pcm3d>(oAudio);
+    if (b3d || HasChannels(oAudio))
     {
         sText += ", ";
-        sText += FormatNumber(oAudio.GetBits(0, 2, 0) + 1, 0, "channels");
+        sText += FormatNumber(oAudio.Get(b3d ? gsc_o3dChannels : Bits(0, 2, 0)) + 1, 0, "channels");
     }
     return sText;
 }
@@ -219,6 +240,12 @@ constexpr unsigned int gsc_uiHdmiSpeakerSize = 4;
 
 bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmiSpeakerSize; }
 
+// From CTA-861-G on.
+const char* CheckDeprecated(const CRecord& oSpeakers, unsigned int uiBit)
+{
+    return uiBit != 0 && IsOfCta(oSpeakers) ? "is deprecated" : nullptr;
+}
+
 constexpr SMeaning gsc_aoAllocations[] = {
     { 0, 0, gsc_szReserved },  { 1, 1, "10.2 channels" }, { 2, 2, "22.2 channels" },
     { 3, 3, "30.2 channels" }, { 4, 15, gsc_szReserved },
@@ -226,7 +253,7 @@ constexpr SMeaning gsc_aoAllocations[] = {
 
 constexpr SRow gsc_aoSpeakerRows[] = {
     { Bit(0, 7), "FLw/FRw Front left/right wide", Flag() },
-    { Bit(0, 6), "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
+    { Bit(0, 6), "RLC/RRC Rear left/right of center", Flag().NoteOnly(), IsOfCta, CheckDeprecated },
     { Bit(0, 5), "FLc/FRc Front left/right of center", Flag() },
     { Bit(0, 4), "BC Back center", Flag() },
     { Bit(0, 3), "BL/BR Back left/right", Flag() },
@@ -242,7 +269,7 @@ constexpr SRow gsc_aoSpeakerRows[] = {
     { Bit(1, 1), "TpC Top center", Flag() },
     { Bit(1, 0), "TpFL/TpFR Top front left/right", Flag() },
     { Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
-    { Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag() },
+    { Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag().NoteOnly(), nullptr, CheckDeprecated },
     { Bit(2, 2), "BtFL/BtFR Bottom front left/right", Flag() },
     { Bit(2, 1), "BtFC Bottom front center", Flag() },
     { Bit(2, 0), "TpBL/TpBR Top back left/right", Flag() },
@@ -253,10 +280,15 @@ constexpr STable gsc_oSpeakerTable = { "Speaker allocation", eAudio, gsc_aoSpeak
 
 // ---- HDMI Audio Data Block: HDMI 2.0 ----
 
+const char* CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
+{
+    return uiBit != 0 && oHead.GetBits(0, 1, 0) == 0 ? "is set without multi-stream audio" : nullptr;
+}
+
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
 
 constexpr SRow gsc_aoHdmiHeadRows[] = {
-    { Bit(0, 2), "Supports_MS_NonMixed", Flag() },
+    { Bit(0, 2), "Supports_MS_NonMixed", Flag(), nullptr, CheckNonMixed },
     { Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
     { Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
 };
@@ -392,17 +424,25 @@ void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     oWriter.AddRows(gsc_oHdmiHeadTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, gsc_uiHdmiHeadSize));
     const unsigned int uiCount = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(1, 2, 0);
-    if (uiCount == 0 || oPayload.m_uiLength <= gsc_uiHdmiHeadSize)
+    if (oPayload.m_uiLength < gsc_uiHdmiHeadSize)
     {
         return;
     }
     const unsigned int uiSize = std::min(uiCount * gsc_uiHdmiAudioSize, oPayload.m_uiLength - gsc_uiHdmiHeadSize);
     const unsigned int uiSpeakers = gsc_uiHdmiHeadSize + uiSize;
+    const unsigned int uiEnd =
+        gsc_uiHdmiHeadSize + (uiCount != 0 ? uiCount * gsc_uiHdmiAudioSize + gsc_uiHdmiSpeakerSize : 0);
     oWriter.AddItems(gsc_oHdmiAudioTable, oPayload.m_uiOffset + gsc_uiHdmiHeadSize, uiSize, gsc_uiHdmiAudioSize);
-    if (oPayload.m_uiLength - uiSpeakers >= gsc_uiHdmiSpeakerSize)
+    if (oPayload.m_uiLength < uiEnd)
+    {
+        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset + 1, 0), CZorEdidMap::eSeverity_Error,
+                        "the fields behind run past the end of the data block");
+    }
+    else if (uiCount != 0)
     {
         oWriter.AddRecord(gsc_oSpeakerTable, oPayload.m_uiOffset + uiSpeakers, gsc_uiHdmiSpeakerSize);
     }
+    oWriter.AddUnknownEnd();
 }
 
 void MapCtaRoom(CMapWriter& oWriter, const SCtaPayload& oPayload)

@@ -10,11 +10,11 @@
 
 // ---- What walks are given ----
 
-// The short video descriptors of a collection, in the order that bit maps and indexes of other data blocks count them:
-// over all Video Data Blocks, reserved codes counted.
+// The short video descriptors in the order that bit maps and indexes of other data blocks count them: over all Video
+// Data Blocks of all CTA-861 blocks, or of one collection in a DisplayID block, reserved codes counted.
 struct SCtaVideoCodes
 {
-    static constexpr unsigned int msc_uiMost = 256; // more than a collection can hold
+    static constexpr unsigned int msc_uiMost = 256; // more than bit maps and indexes count
     unsigned char m_aui8Codes[msc_uiMost];
     unsigned int m_uiCount = 0;
 };
@@ -36,8 +36,13 @@ using CtaWalk = void (*)(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int (*pfnLength)(unsigned int uiFirstByte));
 
-// The bits of a byte that stand for the video codes of a collection, bit 0 for the one at uiFirst: fields of the names
-// of these codes. aoRows has a row for each bit, from bit 0 on. Bits without a code are left.
+// Items of their own size behind one another end uiUsed bytes behind the payload's begin. What is left is part of one
+// more: unknown, with a note of the data block.
+void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed);
+
+// The bits of a byte that stand for video codes, bit 0 for the one at uiFirst: fields of the names of these codes.
+// aoRows has a row for each bit, from bit 0 on. Bits without a code are left, or noted where they are set.
+inline constexpr char gsc_szNoVideoCode[] = "no video code has this place";
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
                       std::span<const SRow, gsc_uiBits> aoRows);
 
@@ -77,7 +82,7 @@ void MapCtaDynamicHdr(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload);
 
 // MapCtaHdmi.cpp
-extern const STable g_oCtaExtensionOverrideTable;
+void MapCtaExtensionOverride(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaHdmi(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaHdmiForum(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void MapCtaHdmiSink(CMapWriter& oWriter, const SCtaPayload& oPayload);

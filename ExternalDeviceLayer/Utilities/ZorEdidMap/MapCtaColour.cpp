@@ -22,6 +22,7 @@ constexpr SRow gsc_aoTransferRows[] = {
 };
 constexpr STable gsc_oTransferTable = { "Display transfer characteristic", eColour, gsc_aoTransferRows };
 constexpr SRow gsc_oIncrementRow = { Byte(0), "Luminance increment", Number("of 1023") };
+constexpr unsigned int gsc_uiMostLuminance = 1023;
 
 // ---- Colorimetry Data Block: CTA-861-H 7.5.5; bits 5 and 4 of the second byte by CTA-861.6 ----
 
@@ -122,7 +123,21 @@ bool HasVersion(const CRecord& oType)
     return uiType == eDynamic_1 || uiType == eDynamic_2 || uiType == eDynamic_4 || uiType == eDynamic_256;
 }
 
-bool IsSlHdr(const CRecord& oType) { return GetDynamicType(oType) == eDynamic_2 && oType.GetBits(3, 3, 0) != 0; }
+bool IsType2(const CRecord& oType) { return GetDynamicType(oType) == eDynamic_2; }
+bool IsSlHdr(const CRecord& oType) { return IsType2(oType) && oType.GetBits(3, 3, 0) != 0; }
+bool IsNoSlHdr(const CRecord& oType) { return IsType2(oType) && !IsSlHdr(oType); }
+
+const char* CheckDynamicLength(const CRecord& oType, unsigned int uiLength)
+{
+    return uiLength < 2                        ? "has no room for the type"
+           : uiLength < 3 && HasVersion(oType) ? "has no room for the version"
+                                               : nullptr;
+}
+
+const char* CheckVersion(const CRecord& oType, unsigned int uiVersion)
+{
+    return uiVersion == 0 && IsType2(oType) ? "type 2 has no version 0" : nullptr;
+}
 
 constexpr SMeaning gsc_aoDynamicTypes[] = {
     { 1, 1, "Type 1 (SMPTE ST 2094-10)" },
@@ -133,13 +148,15 @@ constexpr SMeaning gsc_aoDynamicTypes[] = {
 };
 
 constexpr SRow gsc_aoDynamicRows[] = {
-    { Byte(0), "Length", Number("bytes") },
+    { Byte(0), "Length", Number("bytes"), nullptr, CheckDynamicLength },
     { Little16(1), "HDR dynamic metadata type", Names(gsc_aoDynamicTypes) },
     { Bit(3, 6), "SL-HDR3", Flag(), IsSlHdr },
     { Bit(3, 5), "SL-HDR2", Flag(), IsSlHdr },
     { Bit(3, 4), "SL-HDR1", Flag(), IsSlHdr },
-    { Bits(3, 3, 0), "Version", Number(), HasVersion },
-    { RunToEnd(4), "Optional fields", Bytes() },
+    { Bits(3, 6, 4), "Unknown", Unknown(), IsNoSlHdr },
+    { Bits(3, 3, 0), "Version", Number(), HasVersion, CheckVersion },
+    { RunToEnd(4), "Optional fields", Bytes(), HasVersion },
+    { RunToEnd(3), "Unknown", Unknown(), IsNot<HasVersion> },
 };
 
 CMString DynamicSummary(const CRecord& oType)
@@ -152,12 +169,24 @@ unsigned int GetDynamicSize(unsigned int uiFirstByte) { return 1 + uiFirstByte; 
 
 // ---- Vendor-Specific Video Data Block of HDR10+ ----
 
-// Not published; what the indexes stand for comes from one public source.
+// Not published; what the indexes stand for comes from one public source. Displays use 0, so that it gets no note.
 constexpr SMeaning gsc_aoPeaks[] = {
-    { 0, 0, "not given" },    { 1, 1, "200 cd/m2" },    { 2, 2, "300 cd/m2" },    { 3, 3, "400 cd/m2" },
-    { 4, 4, "500 cd/m2" },    { 5, 5, "600 cd/m2" },    { 6, 6, "800 cd/m2" },    { 7, 7, "1000 cd/m2" },
-    { 8, 8, "1200 cd/m2" },   { 9, 9, "1500 cd/m2" },   { 10, 10, "2000 cd/m2" }, { 11, 11, "2500 cd/m2" },
-    { 12, 12, "3000 cd/m2" }, { 13, 13, "4000 cd/m2" }, { 14, 14, "6000 cd/m2" }, { 15, 15, "8000 cd/m2" },
+    { 0, 0, "reserved, but in use" },
+    { 1, 1, "200 cd/m2" },
+    { 2, 2, "300 cd/m2" },
+    { 3, 3, "400 cd/m2" },
+    { 4, 4, "500 cd/m2" },
+    { 5, 5, "600 cd/m2" },
+    { 6, 6, "800 cd/m2" },
+    { 7, 7, "1000 cd/m2" },
+    { 8, 8, "1200 cd/m2" },
+    { 9, 9, "1500 cd/m2" },
+    { 10, 10, "2000 cd/m2" },
+    { 11, 11, "2500 cd/m2" },
+    { 12, 12, "3000 cd/m2" },
+    { 13, 13, "4000 cd/m2" },
+    { 14, 14, "6000 cd/m2" },
+    { 15, 15, "8000 cd/m2" },
 };
 constexpr auto gsc_aoFullFramePeaks =
     Listed({ "10% of the peak", "20% of the peak", "40% of the peak", "80% of the peak" });
@@ -328,8 +357,14 @@ void MapCtaDynamicHdr(CMapWriter& oWriter, const SCtaPayload& oPayload)
 void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     oWriter.AddRows(gsc_oTransferTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
+    unsigned int uiSum = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 5, 0);
     for (unsigned int i = 1; i < oPayload.m_uiLength; ++i)
     {
         oWriter.AddLeaf(gsc_oIncrementRow, eColour, oPayload.m_uiOffset + i, 1);
+        uiSum += oWriter.GetByte(oPayload.m_uiOffset + i);
+    }
+    if (uiSum > gsc_uiMostLuminance)
+    {
+        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning, "its last point lies above full luminance");
     }
 }

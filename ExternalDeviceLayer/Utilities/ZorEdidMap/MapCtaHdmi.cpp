@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "EdidBaseLayout.h"
 #include "MapCtaBlocks.h"
 
 namespace
@@ -37,9 +38,32 @@ const char* CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
     return uiClock > 340 / 5 ? "is above 340 MHz" : nullptr;
 }
 
+constexpr unsigned int gsc_uiLatencySize = 2; // and as much for interlaced formats
+constexpr unsigned int gsc_uiVideoSize = 2;   // of the fields ahead of the HDMI_VICs
+
+// The fields behind the latencies.
+unsigned int GetVideoOffset(const CRecord& oHdmi)
+{
+    return gsc_uiPresentOffset + 1 + (HasLatency(oHdmi) ? gsc_uiLatencySize : 0) +
+           (HasInterlacedLatency(oHdmi) ? gsc_uiLatencySize : 0);
+}
+
+const char* CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
+{
+    return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? "is set, but the data block ends ahead of them" : nullptr;
+}
+const char* CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
+{
+    return CheckPresent(oHdmi, uiPresent, gsc_uiPresentOffset + 1 + gsc_uiLatencySize);
+}
 const char* CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
 {
-    return uiPresent != 0 && !HasLatency(oHdmi) ? "is set without Latency_Fields_Present" : nullptr;
+    return uiPresent != 0 && !HasLatency(oHdmi) ? "is set without Latency_Fields_Present"
+                                                : CheckPresent(oHdmi, uiPresent, GetVideoOffset(oHdmi));
+}
+const char* CheckVideo(const CRecord& oHdmi, unsigned int uiPresent)
+{
+    return CheckPresent(oHdmi, uiPresent, GetVideoOffset(oHdmi) + gsc_uiVideoSize);
 }
 
 constexpr SMeaning gsc_aoLatencies[] = {
@@ -58,9 +82,9 @@ constexpr SRow gsc_aoHdmiRows[] = {
     { Bit(2, 3), "DC_Y444", Flag() },
     { Bit(2, 0), "DVI_Dual", Flag() },
     { Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoZeroNotIndicated), nullptr, CheckTmdsClock },
-    { Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag() },
+    { Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag(), nullptr, CheckLatency },
     { Bit(4, gsc_uiInterlacedLatencyBit), "I_Latency_Fields_Present", Flag(), nullptr, CheckInterlaced },
-    { Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag() },
+    { Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag(), nullptr, CheckVideo },
     { Bit(4, 3), "CNC3 (game)", Flag() },
     { Bit(4, 2), "CNC2 (cinema)", Flag() },
     { Bit(4, 1), "CNC1 (photo)", Flag() },
@@ -95,7 +119,6 @@ constexpr SRow gsc_aoHdmiVideoRows[] = {
     { Bits(1, 4, 0), "HDMI_3D_LEN", Number("bytes") },
 };
 constexpr STable gsc_oHdmiVideoTable = { "HDMI video", eDisplay, gsc_aoHdmiVideoRows };
-constexpr unsigned int gsc_uiVideoSize = 2;
 
 constexpr SMeaning gsc_aoHdmiVics[] = {
     { 0, 0, gsc_szReserved },
@@ -128,7 +151,7 @@ constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
 
 constexpr auto gsc_aoInMask = Listed({ "not in 3D", "in 3D" });
-constexpr auto gsc_aoMaskRows = BitRows("Video code", Flag(gsc_aoInMask));
+constexpr auto gsc_aoMaskRows = BitRows("Place without a video code", Flag(gsc_aoInMask));
 
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
 
@@ -171,6 +194,10 @@ const char* CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
     {
         return "must be 0 or above 340 MHz";
     }
+    if (uiRate * 5 > 600)
+    {
+        return "is above 600 MHz";
+    }
     if (uiRate * 5 < (uiFrl >= uiFrlWithFourLanes ? 600U : uiFrl == 1 ? 300U : 0U))
     {
         return "is too low for Max_FRL_Rate";
@@ -185,11 +212,27 @@ const char* CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
 
 const char* CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
 {
+    if (uiRate != 0 && oSink.GetBits(5, 5, 0) == 0)
+    {
+        return "means nothing without VRR_MIN";
+    }
     if (uiRate != 0 && uiRate < oSink.GetBits(5, 5, 0))
     {
         return "is below VRR_MIN";
     }
     return uiRate != 0 && uiRate < 100 ? "is below 100 Hz" : nullptr;
+}
+
+const char* CheckCinema(const CRecord& /*oSink*/, unsigned int uiBit) { return uiBit != 0 ? "is deprecated" : nullptr; }
+
+const char* CheckQms(const CRecord& oSink, unsigned int uiBit)
+{
+    return uiBit != 0 && !oSink.IsSet(4, 6) ? "is set without QMS" : nullptr;
+}
+
+const char* CheckDsc(const CRecord& oSink, unsigned int uiValue)
+{
+    return uiValue != 0 && !oSink.IsSet(7, 7) ? "is set without DSC_1p2" : nullptr;
 }
 
 constexpr SMeaning gsc_aoTmdsRates[] = { { 0, 0, "not above 340 MHz" } };
@@ -231,7 +274,7 @@ constexpr SRow gsc_aoSinkRows[] = {
     { Bit(4, 7), "FAPA_End_Extended", Flag() },
     { Bit(4, 6), "QMS", Flag() },
     { Bit(4, 5), "M_Delta", Flag() },
-    { Bit(4, 4), "CinemaVRR", Flag() },
+    { Bit(4, 4), "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
     { Bit(4, 3), "CNMVRR", Flag() },
     { Bit(4, 2), "FVA", Flag() },
     { Bit(4, 1), "ALLM", Flag() },
@@ -239,16 +282,16 @@ constexpr SRow gsc_aoSinkRows[] = {
     { Split({ { 5, 7, 6 }, { 6, 7, 0 } }), "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax), nullptr, CheckVrrMax },
     { Bits(5, 5, 0), "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
     { Bit(7, 7), "DSC_1p2", Flag() },
-    { Bit(7, 6), "DSC_Native_420", Flag() },
-    { Bit(7, 5), "QMS_TFR_max", Flag() },
-    { Bit(7, 4), "QMS_TFR_min", Flag() },
-    { Bit(7, 3), "DSC_All_bpp", Flag() },
-    { Bit(7, 2), "DSC_16bpc", Flag() },
-    { Bit(7, 1), "DSC_12bpc", Flag() },
-    { Bit(7, 0), "DSC_10bpc", Flag() },
-    { Bits(8, 7, 4), "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates) },
-    { Bits(8, 3, 0), "DSC_MaxSlices", Names(gsc_aoSlices) },
-    { Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024) },
+    { Bit(7, 6), "DSC_Native_420", Flag(), nullptr, CheckDsc },
+    { Bit(7, 5), "QMS_TFR_max", Flag(), nullptr, CheckQms },
+    { Bit(7, 4), "QMS_TFR_min", Flag(), nullptr, CheckQms },
+    { Bit(7, 3), "DSC_All_bpp", Flag(), nullptr, CheckDsc },
+    { Bit(7, 2), "DSC_16bpc", Flag(), nullptr, CheckDsc },
+    { Bit(7, 1), "DSC_12bpc", Flag(), nullptr, CheckDsc },
+    { Bit(7, 0), "DSC_10bpc", Flag(), nullptr, CheckDsc },
+    { Bits(8, 7, 4), "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr, CheckDsc },
+    { Bits(8, 3, 0), "DSC_MaxSlices", Names(gsc_aoSlices), nullptr, CheckDsc },
+    { Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024), nullptr, CheckDsc },
 };
 constexpr STable gsc_oSinkTable = { "Sink capability data structure", eDisplay, gsc_aoSinkRows };
 constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, behind two reserved bytes
@@ -263,6 +306,7 @@ const char* CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
 constexpr SRow gsc_aoOverrideRows[] = {
     { Byte(0), "EDID extension block count", Number("blocks"), nullptr, CheckExtensionCount },
 };
+constexpr STable gsc_oOverrideTable = { "EDID extension override", eStructure, gsc_aoOverrideRows };
 
 // ---- HDMI Forum Source-Based Tone Mapping Data Block: HDMI 2.1b ----
 
@@ -313,7 +357,8 @@ struct SRange
     unsigned int m_uiOffset;
     unsigned int m_uiEnd;
 
-    bool Has(unsigned int uiSize) const { return m_uiEnd - m_uiOffset >= uiSize; }
+    unsigned int GetSize() const { return m_uiEnd - m_uiOffset; }
+    bool Has(unsigned int uiSize) const { return GetSize() >= uiSize; }
 };
 
 void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset)
@@ -325,9 +370,9 @@ void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiO
 }
 
 // A 3D format of one video code, which stands in a collection by its index.
-void AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize)
+unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize)
 {
-    oWriter.BeginGroup(gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize);
+    const unsigned int uiGroup = oWriter.BeginGroup(gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize);
     const unsigned int uiField = oWriter.AddLeaf(gsc_oOrderRow, eTiming, uiOffset, uiSize);
     const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
     if (uiOrder < oCodes.m_uiCount)
@@ -336,31 +381,59 @@ void AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiO
     }
     else
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no video code has this place");
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, gsc_szNoVideoCode);
     }
     oWriter.AddRows(gsc_oItemTable, uiOffset, uiSize);
     oWriter.EndGroup();
+    return uiGroup;
+}
+
+constexpr SRow gsc_oCutAllRow = { RunToEnd(0), "3D_Structure_ALL", Unknown() };
+constexpr SRow gsc_oCutMaskRow = { RunToEnd(0), "3D_MASK", Unknown() };
+
+unsigned int GetMultiSize(unsigned int uiMulti)
+{
+    return uiMulti == eMulti_All          ? gsc_uiStructureAllSize
+           : uiMulti == eMulti_AllAndMask ? gsc_uiStructureAllSize + gsc_uiMaskSize
+                                          : 0;
+}
+
+// What stands ahead of the 3D formats, as far as it is there.
+void AddMulti(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange)
+{
+    if (!oRange.Has(gsc_uiStructureAllSize))
+    {
+        oWriter.AddLeaf(gsc_oCutAllRow, eTiming, oRange.m_uiOffset, oRange.GetSize());
+        return;
+    }
+    oWriter.AddRecord(gsc_oStructureAllTable, oRange.m_uiOffset, gsc_uiStructureAllSize);
+    oRange.m_uiOffset += gsc_uiStructureAllSize;
+    if (oRange.Has(gsc_uiMaskSize))
+    {
+        AddMask(oWriter, oCodes, oRange.m_uiOffset);
+        return;
+    }
+    oWriter.AddLeaf(gsc_oCutMaskRow, eTiming, oRange.m_uiOffset, oRange.GetSize());
 }
 
 void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, unsigned int uiMulti)
 {
-    const bool bAll = uiMulti == eMulti_All || uiMulti == eMulti_AllAndMask;
-    if (bAll && oRange.Has(gsc_uiStructureAllSize))
+    const unsigned int uiMultiSize = std::min(GetMultiSize(uiMulti), oRange.GetSize());
+    if (uiMultiSize != 0)
     {
-        oWriter.AddRecord(gsc_oStructureAllTable, oRange.m_uiOffset, gsc_uiStructureAllSize);
-        oRange.m_uiOffset += gsc_uiStructureAllSize;
-    }
-    if (uiMulti == eMulti_AllAndMask && oRange.Has(gsc_uiMaskSize))
-    {
-        AddMask(oWriter, oCodes, oRange.m_uiOffset);
-        oRange.m_uiOffset += gsc_uiMaskSize;
+        AddMulti(oWriter, oCodes, { oRange.m_uiOffset, oRange.m_uiOffset + uiMultiSize });
+        oRange.m_uiOffset += uiMultiSize;
     }
     while (oRange.Has(gsc_uiItemSize))
     {
         const unsigned int uiTold =
             HasDetail(oWriter.GetRecord(oRange.m_uiOffset, 1)) ? gsc_uiItemSizeWithDetail : gsc_uiItemSize;
         const unsigned int uiSize = std::min(uiTold, oRange.m_uiEnd - oRange.m_uiOffset);
-        AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize);
+        const unsigned int uiField = AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize);
+        if (uiSize < uiTold)
+        {
+            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of the 3D fields");
+        }
         oRange.m_uiOffset += uiSize;
     }
 }
@@ -385,20 +458,30 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
         oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error,
                         "the fields behind run past the end of the data block");
     }
-    Add3d(oWriter, oPayload.m_oVideoCodes, { uiOffset, uiOffset + std::min(ui3d, uiEnd - uiOffset) },
-          oVideo.GetBits(0, 6, 5));
+    const unsigned int uiMulti = oVideo.GetBits(0, 6, 5);
+    if (ui3d < GetMultiSize(uiMulti))
+    {
+        oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error, "is too short for what 3D_Multi_present announces");
+    }
+    Add3d(oWriter, oPayload.m_oVideoCodes, { uiOffset, uiOffset + std::min(ui3d, uiEnd - uiOffset) }, uiMulti);
 }
 } // namespace
 
-constinit const STable g_oCtaExtensionOverrideTable = { "EDID extension override", eStructure, gsc_aoOverrideRows };
+void MapCtaExtensionOverride(CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    oWriter.AddRows(gsc_oOverrideTable, oPayload.m_uiOffset, oPayload.m_uiLength);
+    if (oWriter.GetByte(EdidBaseLayout::gsc_uiExtensionCountOffset) != 1)
+    {
+        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning,
+                        "needs an extension count of 1 in the base block");
+    }
+}
 
 void MapCtaHdmi(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    constexpr unsigned int uiLatencySize = 2;
     const CRecord oHdmi = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength);
     oWriter.AddRows(gsc_oHdmiTable, oPayload.m_uiOffset, oPayload.m_uiLength);
-    const unsigned int uiVideo = gsc_uiPresentOffset + 1 + (HasLatency(oHdmi) ? uiLatencySize : 0) +
-                                 (HasInterlacedLatency(oHdmi) ? uiLatencySize : 0);
+    const unsigned int uiVideo = GetVideoOffset(oHdmi);
     if (oHdmi.IsSet(gsc_uiPresentOffset, gsc_uiVideoBit) && uiVideo + gsc_uiVideoSize <= oPayload.m_uiLength)
     {
         AddHdmiVideo(oWriter, oPayload, oPayload.m_uiOffset + uiVideo);

@@ -280,13 +280,18 @@ constinit const STable g_oCtaDisplayDeviceTable = { "VESA video display device",
 void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     oWriter.AddRows(gsc_oFrameHeadTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, gsc_uiFrameHead));
-    if (oPayload.m_uiLength <= gsc_uiFrameHead)
+    if (oPayload.m_uiLength < gsc_uiFrameHead)
     {
         return;
     }
     const unsigned int uiTold = oWriter.GetRecord(oPayload.m_uiOffset, 1).GetBits(0, 7, 5);
     const unsigned int uiPayload = std::min(uiTold, oPayload.m_uiLength - gsc_uiFrameHead);
     const unsigned int uiFirst = gsc_uiFrameHead + uiPayload;
+    if (uiPayload < uiTold)
+    {
+        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), CZorEdidMap::eSeverity_Error,
+                        "the payload runs past the end of the data block");
+    }
     oWriter.AddLeaf(gsc_oFramePayloadRow, eDisplay, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);
 }

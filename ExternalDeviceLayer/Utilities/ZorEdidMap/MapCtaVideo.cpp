@@ -360,7 +360,7 @@ constexpr STable gsc_oFormatTable = { "Video format descriptor", eTiming, gsc_ao
 constexpr auto gsc_aoAlso420 = Listed({ "not in YCbCr 4:2:0", "also in YCbCr 4:2:0" });
 constexpr SForm gsc_oAlso420 = Flag(gsc_aoAlso420);
 
-constexpr auto gsc_aoMapRows = BitRows("Video code", gsc_oAlso420);
+constexpr auto gsc_aoMapRows = BitRows("Place without a video code", gsc_oAlso420);
 
 // ---- Video Capability Data Block: CTA-861-H 7.5.6 ----
 
@@ -384,7 +384,6 @@ constexpr SRow gsc_aoCapabilityRows[] = {
 
 // The first byte of the payload is the second one of a DisplayID data block: revision and what the type adds to it.
 constexpr unsigned int gsc_uiTypeVii = 0x22;
-constexpr unsigned int gsc_uiTypeViii = 0x23;
 constexpr unsigned int gsc_uiTypeX = 0x2A;
 constexpr unsigned int gsc_uiTypeViiSize = 20;
 constexpr unsigned int gsc_uiTypeXSize = 6;
@@ -411,16 +410,23 @@ constexpr SRow gsc_aoTypeXRows[] = {
 };
 constexpr STable gsc_oTypeXTable = { "Type X", eTiming, gsc_aoTypeXRows };
 
-// Timings of uiSize bytes behind the first byte of the payload, as many as fit.
-void AddTimings(CMapWriter& oWriter, const SCtaPayload& oPayload, const STable& oHead, unsigned int uiTag,
-                unsigned int uiSize)
+// Items of uiSize bytes behind the first byte of the payload, as many as fit: fnAdd is called with the offset of each.
+template <class ADD>
+void AddBehindHead(CMapWriter& oWriter, const SCtaPayload& oPayload, const STable& oHead, unsigned int uiSize,
+                   ADD fnAdd)
 {
     oWriter.AddRows(oHead, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
-    const unsigned int uiRevision = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 2, 0);
-    for (unsigned int i = 0; 1 + (i + 1) * uiSize <= oPayload.m_uiLength; ++i)
+    unsigned int uiUsed = 1;
+    for (; uiUsed + uiSize <= oPayload.m_uiLength; uiUsed += uiSize)
     {
-        MapDisplayIdTiming(oWriter, uiTag, uiRevision, oPayload.m_uiOffset + 1 + i * uiSize, uiSize);
+        fnAdd(oPayload.m_uiOffset + uiUsed);
     }
+    AddCtaPart(oWriter, oPayload, uiUsed);
+}
+
+CRecord GetHead(const CMapWriter& oWriter, const SCtaPayload& oPayload)
+{
+    return oWriter.GetRecord(oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
 }
 } // namespace
 
@@ -434,11 +440,22 @@ const char* GetVideoCodeName(unsigned int uiSvd) { return FindMeaning(gsc_aoVide
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
                       std::span<const SRow, gsc_uiBits> aoRows)
 {
-    for (unsigned int i = 0; i < gsc_uiBits && uiFirst + i < oCodes.m_uiCount; ++i)
+    const CRecord oByte = oWriter.GetRecord(uiOffset, 1);
+    for (unsigned int i = 0; i < gsc_uiBits; ++i)
     {
-        const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
-        const char* pszName = FindMeaning(gsc_aoVideoCodes, GetVideoCode(oCodes.m_aui8Codes[uiFirst + i]));
-        oWriter.SetName(uiField, pszName != nullptr ? pszName : "Reserved video code");
+        const unsigned int uiPlace = uiFirst + i;
+        if (uiPlace < oCodes.m_uiCount)
+        {
+            const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
+            const char* pszName = FindMeaning(gsc_aoVideoCodes, GetVideoCode(oCodes.m_aui8Codes[uiPlace]));
+            oWriter.SetName(uiField, pszName != nullptr ? pszName : "Reserved video code");
+        }
+        else if (oByte.IsSet(0, i))
+        {
+            const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
+            oWriter.SetIndex(uiField, uiPlace);
+            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, gsc_szNoVideoCode);
+        }
     }
 }
 
@@ -450,13 +467,9 @@ void MapCtaNative(CMapWriter& oWriter, const SCtaPayload& oPayload)
 
 void MapCtaVideoFormats(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    if (oPayload.m_uiLength == 0)
-    {
-        return;
-    }
-    oWriter.AddRows(gsc_oFormatHeadTable, oPayload.m_uiOffset, 1);
-    const unsigned int uiSize = 1 + oWriter.GetRecord(oPayload.m_uiOffset, 1).GetBits(0, 1, 0);
-    oWriter.AddItems(gsc_oFormatTable, oPayload.m_uiOffset + 1, oPayload.m_uiLength - 1, uiSize);
+    const unsigned int uiSize = 1 + GetHead(oWriter, oPayload).GetBits(0, 1, 0);
+    AddBehindHead(oWriter, oPayload, gsc_oFormatHeadTable, uiSize,
+                  [&](unsigned int uiOffset) { oWriter.AddRecord(gsc_oFormatTable, uiOffset, uiSize); });
 }
 
 void MapCta420Video(CMapWriter& oWriter, const SCtaPayload& oPayload)
@@ -479,13 +492,19 @@ void MapCta420Video(CMapWriter& oWriter, const SCtaPayload& oPayload)
     }
 }
 
-// Bits behind those of the last code are left as reserved.
 void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     if (oPayload.m_uiLength == 0)
     {
         oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Note,
                         "without a map all video codes are also in YCbCr 4:2:0");
+        return;
+    }
+    const CRecord oMap = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength);
+    if (std::all_of(oMap.GetData(), oMap.GetData() + oMap.GetSize(),
+                    [](unsigned char ui8Byte) { return ui8Byte == 0; }))
+    {
+        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Note, "marks no video code");
     }
     for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
     {
@@ -495,17 +514,27 @@ void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
 
 void MapCtaTypeVii(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    AddTimings(oWriter, oPayload, gsc_oTypeViiTable, gsc_uiTypeVii, gsc_uiTypeViiSize);
+    oWriter.AddRows(gsc_oTypeViiTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
+    if (oPayload.m_uiLength > gsc_uiTypeViiSize)
+    {
+        MapDisplayIdTiming(oWriter, gsc_uiTypeVii, GetHead(oWriter, oPayload).GetBits(0, 2, 0), oPayload.m_uiOffset + 1,
+                           gsc_uiTypeViiSize);
+    }
 }
 
 void MapCtaTypeViii(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    const bool bTwoBytes = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).IsSet(0, 3);
-    AddTimings(oWriter, oPayload, gsc_oTypeViiiTable, gsc_uiTypeViii, bTwoBytes ? 2 : 1);
+    const CRecord oHead = GetHead(oWriter, oPayload);
+    const unsigned int uiSize = oHead.IsSet(0, 3) ? 2 : 1;
+    AddBehindHead(oWriter, oPayload, gsc_oTypeViiiTable, uiSize,
+                  [&](unsigned int uiOffset) { MapTimingCode(oWriter, oHead.GetBits(0, 7, 6), uiOffset, uiSize); });
 }
 
 void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    const unsigned int uiMore = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 6, 4);
-    AddTimings(oWriter, oPayload, gsc_oTypeXTable, gsc_uiTypeX, gsc_uiTypeXSize + uiMore);
+    const CRecord oHead = GetHead(oWriter, oPayload);
+    const unsigned int uiSize = gsc_uiTypeXSize + oHead.GetBits(0, 6, 4);
+    AddBehindHead(oWriter, oPayload, gsc_oTypeXTable, uiSize, [&](unsigned int uiOffset) {
+        MapDisplayIdTiming(oWriter, gsc_uiTypeX, oHead.GetBits(0, 2, 0), uiOffset, uiSize);
+    });
 }

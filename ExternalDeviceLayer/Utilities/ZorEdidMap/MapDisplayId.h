@@ -47,9 +47,6 @@ extern const std::span<const SDisplayIdBlock> g_aoDisplayId2InterfaceBlocks;
 extern const std::span<const SDisplayIdBlock> g_aoDisplayId2HeadMountedBlocks;
 extern const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks; // of both versions
 
-// A code of one or two bytes for a mode; uiType as in bits 7 and 6 of Type IV and Type VIII data blocks.
-void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength);
-
 // Three letters as of EISA; but monitors are about that hold an OUI.
 template <unsigned int OFFSET>
 bool HasLetters(const CRecord& oBlock)

@@ -1,5 +1,5 @@
 // The timings of DisplayID: detailed ones, short ones, and codes for modes of other standards. CTA-861 data blocks
-// carry some of the same records: their walks call MapDisplayIdTiming.
+// carry some of the same records: their walks call MapDisplayIdTiming and MapTimingCode.
 
 #include "MapDisplayId.h"
 
@@ -441,7 +441,6 @@ constexpr STimingKind gsc_aoTimingKinds[] = {
     { 0x24, 0, { "Type IX timing", eArea_Timing, gsc_aoType9Rows, Type9Text } },
     { 0x2A, 0, { "Type X timing", eArea_Timing, gsc_aoType10Rows, Type10Text } },
 };
-constexpr unsigned int gsc_uiType8Tag = 0x23;
 
 const STable* FindTimingTable(unsigned int uiTag, unsigned int uiRevision)
 {
@@ -643,11 +642,6 @@ void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffs
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,
                         unsigned int uiLength)
 {
-    if (uiTag == gsc_uiType8Tag)
-    {
-        MapTimingCode(oWriter, 0, uiOffset, uiLength); // in CTA-861 codes are of DMT only
-        return;
-    }
     if (const STable* poTable = FindTimingTable(uiTag, uiRevision))
     {
         oWriter.AddRecord(*poTable, uiOffset, uiLength);

@@ -91,24 +91,45 @@ constexpr std::array<SRow, gsc_uiBits> BitRows(const char* pszName, const SForm&
 
 inline constexpr unsigned int gsc_uiMostPayload = 248; // of DisplayID; the length field of CTA-861 ends at 31
 
-// Lengths that are right: from m_uiLeast to m_uiMost; beyond m_uiLeast in steps of m_uiStep, unless it is 0.
+// Lengths that are right: from m_uiLeast to m_uiMost; beyond m_uiLeast in steps of m_uiStep, unless it is 0; of those
+// up to 31 only the bits of m_uiAllowed.
 struct SPayloadRule
 {
     unsigned int m_uiLeast;
     unsigned int m_uiMost;
     unsigned int m_uiStep = 0;
     SBitsPlace m_oExtraBytes = {}; // of DisplayID: bits of the flags that make each item, so least and step, longer
+    unsigned int m_uiAllowed = 0xFFFFFFFF;
+
+    constexpr bool Allows(unsigned int uiLength) const
+    {
+        return uiLength > 31 || ((m_uiAllowed >> uiLength) & 1U) != 0;
+    }
 };
 
 constexpr SPayloadRule Exactly(unsigned int uiBytes) { return { uiBytes, uiBytes }; }
 constexpr SPayloadRule AtLeast(unsigned int uiBytes) { return { uiBytes, gsc_uiMostPayload }; }
 constexpr SPayloadRule ItemsOf(unsigned int uiBytes) { return { uiBytes, gsc_uiMostPayload, uiBytes }; }
 
+// One of these lengths, in ascending order; with bMore any that is longer as well.
+constexpr SPayloadRule OneOf(std::initializer_list<unsigned int> auiLengths, bool bMore = false)
+{
+    const unsigned int uiLast = *(auiLengths.end() - 1);
+    SPayloadRule oRule = { *auiLengths.begin(), bMore ? gsc_uiMostPayload : uiLast };
+    oRule.m_uiAllowed = bMore ? 0xFFFFFFFF << uiLast : 0;
+    for (const unsigned int uiLength : auiLengths)
+    {
+        oRule.m_uiAllowed |= 1U << uiLength;
+    }
+    return oRule;
+}
+
 struct SPayloadNotes
 {
     const char* m_pszShort;
     const char* m_pszLong;
-    const char* m_pszPart; // no whole number of items
+    const char* m_pszPart;            // no whole number of items
+    const char* m_pszOther = nullptr; // none of the lengths
 };
 
 // Which of the notes a length gets; null for none.
@@ -116,6 +137,7 @@ constexpr const char* CheckPayload(const SPayloadRule& oRule, unsigned int uiLen
 {
     return uiLength < oRule.m_uiLeast                                                  ? oNotes.m_pszShort
            : uiLength > oRule.m_uiMost                                                 ? oNotes.m_pszLong
+           : !oRule.Allows(uiLength)                                                   ? oNotes.m_pszOther
            : oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0 ? oNotes.m_pszPart
                                                                                        : nullptr;
 }

@@ -292,6 +292,22 @@ unsigned int CMapWriter::AddRecord(const STable& oTable, unsigned int uiOffset, 
     return uiField;
 }
 
+void CMapWriter::AddUnknownEnd()
+{
+    const SRange oRange = GetOpenRange();
+    const unsigned int uiEnd = oRange.m_uiOffset + oRange.m_uiLength;
+    const unsigned char* pui8Free = m_aui8Free.GetData(); // the range lies in the blocks
+    unsigned int uiFirst = uiEnd;
+    while (uiFirst > oRange.m_uiOffset && pui8Free[uiFirst - 1] == gsc_ui8WholeByte)
+    {
+        --uiFirst;
+    }
+    if (uiFirst < uiEnd)
+    {
+        AddRest("Unknown", CZorEdidMap::eKind_Unknown, uiFirst, uiEnd - uiFirst, gsc_ui8WholeByte);
+    }
+}
+
 void CMapWriter::AddRows(const STable& oTable, unsigned int uiOffset, unsigned int uiLength)
 {
     for (const SRow& oRow : oTable.m_aoRows)
@@ -384,29 +400,36 @@ void CMapWriter::TakeBits(const CZorEdidMap::SPiece& oPiece, unsigned int uiFiel
     }
 }
 
-// None when they do not all lie in the record and in the open group. A run to the end ends with both.
+// Those that lie in the record; none when one of them lies outside of the open group. A run to the end ends with both.
 CMapWriter::SPieces CMapWriter::FindPieces(const SPlace& oPlace, const SRange& oRecord) const
 {
     const SRange oOpen = GetOpenRange();
     const unsigned int uiOpenEnd = oOpen.m_uiOffset + oOpen.m_uiLength;
     const unsigned int uiRecordEnd = oRecord.m_uiOffset + oRecord.m_uiLength;
-    const unsigned int uiEnd = uiOpenEnd < uiRecordEnd ? uiOpenEnd : uiRecordEnd;
     SPieces oPieces = {};
     for (unsigned int i = 0; i < oPlace.m_ui8Pieces; ++i)
     {
         const SBitsPlace& oPart = oPlace.m_aoPieces[i];
         const unsigned int uiFirst = oRecord.m_uiOffset + oPart.m_ui8Offset;
-        if (uiFirst < oOpen.m_uiOffset || uiFirst >= uiEnd)
+        if (uiFirst >= uiRecordEnd)
+        {
+            oPieces.m_bCut = true;
+            continue;
+        }
+        if (uiFirst < oOpen.m_uiOffset || uiFirst >= uiOpenEnd)
         {
             return {};
         }
-        const unsigned int uiLength = oPlace.m_ui8Run == 0                 ? 1U
-                                      : oPlace.m_ui8Run != gsc_ui8ToTheEnd ? oPlace.m_ui8Run
-                                                                           : uiEnd - uiFirst;
-        if (uiLength > uiEnd - uiFirst)
+        const bool bToTheEnd = oPlace.m_ui8Run == gsc_ui8ToTheEnd;
+        const unsigned int uiTold = bToTheEnd              ? std::min(uiOpenEnd, uiRecordEnd) - uiFirst
+                                    : oPlace.m_ui8Run != 0 ? oPlace.m_ui8Run
+                                                           : 1U;
+        const unsigned int uiLength = std::min(uiTold, uiRecordEnd - uiFirst);
+        if (uiLength > uiOpenEnd - uiFirst)
         {
             return {};
         }
+        oPieces.m_bCut = oPieces.m_bCut || uiLength < uiTold;
         oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiFirst, uiLength, GetMask(oPart) };
     }
     return oPieces;
@@ -422,18 +445,42 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     const SPieces oPieces = FindPieces(oRow.m_oPlace, { oRange.m_uiOffset, oRecord.GetSize() });
     if (oPieces.m_uiCount == 0)
     {
-        return CZorEdidMap::msc_uiNone; // not all there
+        return CZorEdidMap::msc_uiNone;
     }
     if (!IsFree(oPieces))
     {
         m_oMap.m_pszOverlap = m_oMap.m_pszOverlap != nullptr ? m_oMap.m_pszOverlap : oRow.m_pszName;
         return CZorEdidMap::msc_uiNone;
     }
+    if (oPieces.m_bCut)
+    {
+        return AddCutRow(oRow, oPieces);
+    }
     const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
     CZorEdidMap::SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord, uiRaw),
                                    { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize(), false } };
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     NoteValue(uiField, oRow, oRecord, uiRaw);
+    return uiField;
+}
+
+// What is there of a field. Where nothing is said of its bits anyway, nothing is lost.
+unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
+{
+    const CZorEdidMap::EKind eKind = oRow.m_oForm.m_eKind;
+    if (eKind == CZorEdidMap::eKind_Reserved)
+    {
+        return CZorEdidMap::msc_uiNone;
+    }
+    CZorEdidMap::SEntry oEntry = {};
+    oEntry.m_oField.m_pszName = oRow.m_pszName;
+    oEntry.m_oField.m_eKind = CZorEdidMap::eKind_Unknown;
+    oEntry.m_oField.m_eArea = CZorEdidMap::eArea_Unused;
+    const unsigned int uiField = AppendLeaf(oEntry, oPieces);
+    if (eKind != CZorEdidMap::eKind_Unknown)
+    {
+        AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its structure");
+    }
     return uiField;
 }
 

@@ -85,9 +85,11 @@ public:
     unsigned int BeginBlock(const char* pszName, unsigned int uiOffset, unsigned int uiLength);
     void EndBlock(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
 
-    // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes do not
-    // all lie in them is left out.
+    // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes all lie
+    // behind them is left out; of one that they cut, what is there is unknown, with a note.
     unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
+    // The whole bytes at the end of the open group that no leaf has are unknown: none of a structure that is known.
+    void AddUnknownEnd();
     // AddRecord in steps. BeginGroup of a table has its name, area and summary, but adds none of its rows; BeginRecord
     // adds them. What is added then stands in the group, too. Ended by EndGroup.
     unsigned int BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
@@ -130,6 +132,7 @@ private:
     {
         CZorEdidMap::SPiece m_aoPieces[gsc_uiMostPieces];
         unsigned int m_uiCount;
+        bool m_bCut; // the record ends ahead of the others
     };
     struct SOpenGroup
     {
@@ -152,6 +155,7 @@ private:
     unsigned int AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces);
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
+    unsigned int AddCutRow(const SRow& oRow, const SPieces& oPieces);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                  unsigned char ui8Mask);
     void NoteReserved(unsigned int uiField);
@@ -184,11 +188,14 @@ extern const STable g_oCvtCodeTable;           // 3 bytes, E-EDID 3.10.3.8
 // timing is noted so; of anything else nothing is added, and msc_uiNone returned.
 inline constexpr unsigned int gsc_uiMapDescriptorSize = 18;
 unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset);
-// A data block collection of CTA-861: of an extension block, or carried in a DisplayID block. Whether it has audio.
-bool MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
-// A timing of DisplayID Types I to X, which CTA-861 data blocks carry as well; ui8Tag is the DisplayID tag.
+// A data block collection of CTA-861 that a DisplayID block carries.
+void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
+// A timing of DisplayID Types I to X, other than the codes of Types IV and VIII, which CTA-861 data blocks carry as
+// well; uiTag is the DisplayID tag.
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,
                         unsigned int uiLength);
+// A code of one or two bytes for a mode; uiType as in bits 7 and 6 of Type IV and Type VIII data blocks.
+void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength);
 
 // What the form makes of uiBits bits, SForm.
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);

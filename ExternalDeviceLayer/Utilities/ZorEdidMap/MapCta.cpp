@@ -238,7 +238,7 @@ struct SFound
     unsigned int GetPayloadSize() const { return m_uiSize - m_uiHeader; }
 };
 
-const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned int uiOui)
+constexpr const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned int uiOui)
 {
     for (const SDataBlock& oKind : gsc_aoDataBlocks)
     {
@@ -251,6 +251,21 @@ const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned
     }
     return &gsc_oNoExtendedTag; // never reached: the list has a row for every tag
 }
+
+// Whether each row is found by one of its tags: none stands behind rows that take all of them.
+constexpr bool IsEachRowFound()
+{
+    return std::ranges::all_of(gsc_aoDataBlocks, [](const SDataBlock& oKind) {
+        unsigned int uiExtended = oKind.m_oKey.m_ui8FirstExtended;
+        while (uiExtended <= oKind.m_oKey.m_ui8LastExtended &&
+               FindKind(oKind.m_oKey.m_ui8Tag, uiExtended, oKind.m_oKey.m_uiOui) != &oKind)
+        {
+            ++uiExtended;
+        }
+        return uiExtended <= oKind.m_oKey.m_ui8LastExtended;
+    });
+}
+static_assert(IsEachRowFound());
 
 SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
 {

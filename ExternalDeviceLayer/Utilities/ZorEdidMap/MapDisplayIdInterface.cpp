@@ -286,11 +286,9 @@ const char* CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
     return IsCutMethod(oMethod) ? "too short for this method" : nullptr;
 }
 
-// Those of a method that is not published, and half an interleaving pattern.
 bool HasUnknownParameters(const CRecord& oMethod)
 {
-    return IsMethod<2>(oMethod) ? IsCutMethod(oMethod)
-                                : oMethod.GetByte(0) >= std::size(gsc_aui8MethodSizes) && !IsMethod<255>(oMethod);
+    return oMethod.GetByte(0) >= std::size(gsc_aui8MethodSizes) && !IsMethod<255>(oMethod);
 }
 
 // The method code and its parameters, counted from the code.

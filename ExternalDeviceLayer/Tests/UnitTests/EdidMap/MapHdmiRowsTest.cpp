@@ -132,7 +132,7 @@ TEST(MapHdmiRows, Hdmi14Codes)
 
 constexpr SRowCase gsc_aoSinkRows[] = {
     { "00", "Version", "1" },
-    { "01", "Max_TMDS_Character_Rate", "615 MHz" },
+    { "01", "Max_TMDS_Character_Rate", "575 MHz", "is too low for Max_FRL_Rate" },
     { "02.7", "SCDC_Present", "yes" },
     { "02.6", "RR_Capable", "no" },
     { "02.5", "CABLE_STATUS", "yes" },
@@ -172,8 +172,8 @@ constexpr SRowCase gsc_aoSinkRows[] = {
 
 TEST(MapHdmiRows, SinkCapabilities)
 {
-    ExpectRows(MakeCtaRecord(4, "6D D8 5D C4 01 7B B4 5B 69 6A 2C D3 46 97"), gsc_aoSinkRows);
-    ExpectRows(MakeCtaRecord(4, "ED 79 00 00 01 7B B4 5B 69 6A 2C D3 46 97"), gsc_aoSinkRows);
+    ExpectRows(MakeCtaRecord(4, "6D D8 5D C4 01 73 B4 5B 69 6A 2C D3 46 97"), gsc_aoSinkRows);
+    ExpectRows(MakeCtaRecord(4, "ED 79 00 00 01 73 B4 5B 69 6A 2C D3 46 97"), gsc_aoSinkRows);
     static constexpr SRowCase aoReserved[] = {
         { "02-03", "Reserved", "12 34", gsc_szSet },
         { "04", "Version", "2", "is no published version" },
@@ -198,6 +198,7 @@ TEST(MapHdmiRows, SinkRates)
         { "00 80 10", { "01", "Max_TMDS_Character_Rate", "not above 340 MHz", pszTooLow } },
         { "45 80 10", { "01", "Max_TMDS_Character_Rate", "345 MHz" } },
         { "77 80 20", { "01", "Max_TMDS_Character_Rate", "595 MHz", pszTooLow } },
+        { "79 80 20", { "01", "Max_TMDS_Character_Rate", "605 MHz", "is above 600 MHz" } },
         { "78 80 20", { "01", "Max_TMDS_Character_Rate", "600 MHz" } },
         { "78 80 00 00 30 00", { "05.5-0", "VRR_MIN", "48 Hz" } },
         { "78 80 00 00 31 00", { "05.5-0", "VRR_MIN", "49 Hz", "is above 48 Hz" } },
@@ -233,7 +234,7 @@ TEST(MapHdmiRows, SinkCodes)
           "16 slices of up to 400 MHz|reserved" },
         { "08.3-0", 15, "reserved" },
     };
-    ExpectCodes(MakeCtaRecord(4, "6D D8 5D C4 01 78 80 00 00 00 64 00 00 00"), aoCases);
+    ExpectCodes(MakeCtaRecord(4, "6D D8 5D C4 01 78 80 00 00 01 64 80 00 00"), aoCases);
 }
 
 // ---- Tone mapping in the source ----

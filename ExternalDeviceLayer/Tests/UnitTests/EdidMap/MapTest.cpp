@@ -109,6 +109,17 @@ TEST_F(Map, TakesAnySize)
     ReadExact(oMap, aui8Image);
     const CZorEdidMap::SField& oTail = oMap.GetField(oMap.FindLeaf(256 * gsc_uiBlockSize + 1, 0));
     EXPECT_EQ(std::make_pair(256U * 128U, 3U), std::make_pair(oTail.m_uiOffset, oTail.m_uiLength));
+
+    // A tail as long, whose value has all of its bytes, and one that is longer.
+    constexpr size_t uiMost = 32768;
+    for (const size_t uiMore : { size_t{ 0 }, size_t{ 1 } })
+    {
+        aui8Image.resize(256 * gsc_uiBlockSize + uiMost + uiMore);
+        ReadExact(oMap, aui8Image);
+        const std::string sValue = static_cast<const char*>(oMap.GetValue(oMap.FindLeaf(256 * gsc_uiBlockSize, 0)));
+        EXPECT_EQ(uiMost * 3 - 1 + uiMore * 4, sValue.size());
+        EXPECT_EQ(uiMore != 0, sValue.ends_with(" ..."));
+    }
 }
 
 // ---- What bytes say: an image with bytes changed, a place, and the field there ----
@@ -181,6 +192,57 @@ void RunCases(const char* pszFile, const CBytes& aui8Image)
 }
 
 TEST_F(Map, BaseBlock) { RunCases("EdidMap/golden/base.txt", MakeEdid({})); }
+
+// How bad what a note says is.
+TEST_F(Map, SeveritiesOfNotes)
+{
+    struct SCase
+    {
+        CZorEdidMap::ESeverity m_eSeverity;
+        const char* m_pszChanges; // of the base block
+        const char* m_pszBlocks;
+        const char* m_pszNote;
+    };
+    constexpr SCase aoCases[] = {
+        { CZorEdidMap::eSeverity_Note, "@48 00*3 FD 00 32 55 18 42 0F", "",
+          "the line rate is beyond the display range limits" },
+        { CZorEdidMap::eSeverity_Warning, "@13 03 @48 00*3 FD 00 32 55 18 42 0F", "",
+          "the line rate is beyond the display range limits" },
+        { CZorEdidMap::eSeverity_Warning, "", "70 12 79 03 01 ..128 70 12 79 03 00 ..256",
+          "a section behind the first one names a product type or use case" },
+        { CZorEdidMap::eSeverity_Error, "", "70 12 79 03 00 10 40 03 09 00 01 ..128",
+          "runs past the end of its data block" },
+        { CZorEdidMap::eSeverity_Error, "", "02 03 09 40 E4 07 05 01 00 ..128", "runs past the end of its data block" },
+        { CZorEdidMap::eSeverity_Error, "", "02 03 06 40 45 10 ..128",
+          "runs past the end of its data block collection" },
+        { CZorEdidMap::eSeverity_Error, "", "02 03 0E 40 69 D8 5D C4 01 78 80 60 00 C0 ..128",
+          "runs past the end of its structure" },
+        { CZorEdidMap::eSeverity_Error, "", "02 03 0D 40 E8 2A 20 03 7F 07 37 04 3B ..128",
+          "its last descriptor runs past its end" },
+        { CZorEdidMap::eSeverity_Error, "", "02 03 10 40 6B 03 0C 00 10 00 00 44 20 A0 01 FF ..128",
+          "is too short for what 3D_Multi_present announces" },
+        { CZorEdidMap::eSeverity_Warning, "", "02 03 0A 40 A5 3F 00*4 ..128", "is shorter than the standard has it" },
+        { CZorEdidMap::eSeverity_Warning, "", "02 03 07 40 E2 79 00 ..128",
+          "no HDMI vendor-specific data block stands ahead" },
+        { CZorEdidMap::eSeverity_Warning, "", "02 03 09 40 41 10 E2 0F 02 ..128", "no video code has this place" },
+        { CZorEdidMap::eSeverity_Note, "", "02 03 09 40 41 10 E2 0F 00 ..128", "marks no video code" },
+        { CZorEdidMap::eSeverity_Note, "", "02 03 08 40 83 40 00 00 ..128", "is deprecated" },
+    };
+    for (const SCase& oCase : aoCases)
+    {
+        CBytes aui8Image = Join({ Change(MakeEdid({}), oCase.m_pszChanges), ParseBytes(oCase.m_pszBlocks) });
+        aui8Image[126] = static_cast<unsigned char>(aui8Image.size() / gsc_uiBlockSize - 1);
+        CZorEdidMap oMap;
+        ReadExact(oMap, FixChecksums(aui8Image));
+        unsigned int i = 0;
+        while (i < oMap.GetNoteCount() && std::string(oMap.GetNote(i).m_pszText) != oCase.m_pszNote)
+        {
+            ++i;
+        }
+        ASSERT_LT(i, oMap.GetNoteCount()) << oCase.m_pszNote;
+        EXPECT_EQ(oCase.m_eSeverity, oMap.GetNote(i).m_eSeverity) << oCase.m_pszNote;
+    }
+}
 
 TEST_F(Map, BlocksAsCounted)
 {

@@ -240,7 +240,7 @@ constexpr unsigned int gsc_uiHdmiSpeakerSize = 4;
 
 bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmiSpeakerSize; }
 
-// From CTA-861-G on.
+// From CTA-861-G on. The bit of RLC/RRC has no such note: later editions give it to other speakers.
 const char* CheckDeprecated(const CRecord& oSpeakers, unsigned int uiBit)
 {
     return uiBit != 0 && IsOfCta(oSpeakers) ? "is deprecated" : nullptr;
@@ -253,7 +253,7 @@ constexpr SMeaning gsc_aoAllocations[] = {
 
 constexpr SRow gsc_aoSpeakerRows[] = {
     { Bit(0, 7), "FLw/FRw Front left/right wide", Flag() },
-    { Bit(0, 6), "RLC/RRC Rear left/right of center", Flag().NoteOnly(), IsOfCta, CheckDeprecated },
+    { Bit(0, 6), "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
     { Bit(0, 5), "FLc/FRc Front left/right of center", Flag() },
     { Bit(0, 4), "BC Back center", Flag() },
     { Bit(0, 3), "BL/BR Back left/right", Flag() },
@@ -288,7 +288,7 @@ const char* CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
 
 constexpr SRow gsc_aoHdmiHeadRows[] = {
-    { Bit(0, 2), "Supports_MS_NonMixed", Flag(), nullptr, CheckNonMixed },
+    { Bit(0, 2), "Supports_MS_NonMixed", Flag().NoteOnly(), nullptr, CheckNonMixed },
     { Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
     { Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
 };

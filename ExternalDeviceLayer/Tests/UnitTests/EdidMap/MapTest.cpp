@@ -226,7 +226,7 @@ TEST_F(Map, SeveritiesOfNotes)
           "no HDMI vendor-specific data block stands ahead" },
         { CZorEdidMap::eSeverity_Warning, "", "02 03 09 40 41 10 E2 0F 02 ..128", "no video code has this place" },
         { CZorEdidMap::eSeverity_Note, "", "02 03 09 40 41 10 E2 0F 00 ..128", "marks no video code" },
-        { CZorEdidMap::eSeverity_Note, "", "02 03 08 40 83 40 00 00 ..128", "is deprecated" },
+        { CZorEdidMap::eSeverity_Note, "", "02 03 08 40 83 00 00 08 ..128", "is deprecated" },
     };
     for (const SCase& oCase : aoCases)
     {

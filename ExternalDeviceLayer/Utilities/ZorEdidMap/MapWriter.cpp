@@ -464,7 +464,22 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     return uiField;
 }
 
-// What is there of a field. Where nothing is said of its bits anyway, nothing is lost.
+// Notes of a group that is still open are behind all notes of the fields ahead of it.
+bool CMapWriter::HasError(unsigned int uiGroup) const
+{
+    for (unsigned int i = m_oMap.GetNoteCount(); i > 0 && m_oMap.GetNote(i - 1).m_uiField >= uiGroup; --i)
+    {
+        const CZorEdidMap::SNote& oNote = m_oMap.GetNote(i - 1);
+        if (oNote.m_uiField == uiGroup && oNote.m_eSeverity == CZorEdidMap::eSeverity_Error)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// What is there of a field. Where nothing is said of its bits anyway, nothing is lost; and a group that has an error
+// says already that it is cut.
 unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
 {
     const CZorEdidMap::EKind eKind = oRow.m_oForm.m_eKind;
@@ -477,7 +492,7 @@ unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
     oEntry.m_oField.m_eKind = CZorEdidMap::eKind_Unknown;
     oEntry.m_oField.m_eArea = CZorEdidMap::eArea_Unused;
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
-    if (eKind != CZorEdidMap::eKind_Unknown)
+    if (eKind != CZorEdidMap::eKind_Unknown && !HasError(GetOpenGroup().m_uiField))
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its structure");
     }

@@ -155,6 +155,7 @@ private:
     unsigned int AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces);
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
+    bool HasError(unsigned int uiGroup) const;
     unsigned int AddCutRow(const SRow& oRow, const SPieces& oPieces);
     void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                  unsigned char ui8Mask);

@@ -226,6 +226,10 @@ TEST_F(Map, SeveritiesOfNotes)
           "no HDMI vendor-specific data block stands ahead" },
         { CZorEdidMap::eSeverity_Warning, "", "02 03 09 40 41 10 E2 0F 02 ..128", "no video code has this place" },
         { CZorEdidMap::eSeverity_Note, "", "02 03 09 40 41 10 E2 0F 00 ..128", "marks no video code" },
+        { CZorEdidMap::eSeverity_Warning, "", "02 03 07 40 E2 78 02 ..128 02 03 04 40 ..256",
+          "needs an extension count of 1 in the base block" },
+        { CZorEdidMap::eSeverity_Warning, "", "02 03 04 40 ..128 02 03 07 40 E2 78 02 ..256",
+          "is not the first data block of block 1" },
         { CZorEdidMap::eSeverity_Note, "", "02 03 08 40 83 00 00 08 ..128", "is deprecated" },
     };
     for (const SCase& oCase : aoCases)

@@ -78,9 +78,9 @@ class ExplainTest(ToolTest):
 """]:
             self.assertIn(expected, "\n".join(["", *lines, ""]))
         self.assertEqual(self.lines("--block", "1"), lines[start:])
-        cut = self.lines(image=MONITOR[:220])[-3:]  # four bytes into a timing
+        cut = self.lines(image=MONITOR[:220])[-4:]  # four bytes into a timing
         self.assertTrue(cut[0].endswith("Detailed timing 3  ! error: cut short: a detailed timing has 18 bytes"), cut)
-        self.assertEqual([line.split()[0] for line in cut], ["58-5b", "58-59", "5a-5b"])
+        self.assertEqual([line.split()[0] for line in cut], ["58-5b", "58-59", "5a", "5b"])
         noted = self.lines(image=change({0x10: "3c", 0x7F: "00"}, fix=False))
         self.assertIn("10            3c" + " " * 27 + "Week of manufacture: reserved  ! warning: reserved value", noted)
         self.assertIn("! error: not the header of a base block", self.lines(image=change({0: "01"}))[1])

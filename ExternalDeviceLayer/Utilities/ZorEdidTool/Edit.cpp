@@ -13,6 +13,7 @@
 #include "ManyFiles.h"
 #include "Output.h"
 #include "Tool.h"
+#include "UnreadBlocks.h"
 
 namespace
 {
@@ -36,28 +37,35 @@ std::vector<SEdit> ListEdits(const COptions& oCommand)
     return aoEdits;
 }
 
-// Edits the image. Empty, or the reason why not, with its exit status.
-std::string EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited, EExit& eExit)
+struct SEdited
+{
+    CBytes m_aui8Bytes;
+    std::string m_sProblem = {}; // why there are none
+    std::string m_sUnread = {};  // of a refused edit: the blocks that it did not find what it wanted in
+    EExit m_eExit = eExit_Finding;
+};
+
+SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits)
 {
     CLoadedImage oLoaded;
     CEditImage oImage;
-    eExit = eExit_Input;
     if (!oLoaded.Load(oInput) || !oImage.Load(oInput.m_aui8Bytes))
     {
-        return oLoaded.GetProblem();
+        return { {}, oLoaded.GetProblem(), "", eExit_Input };
     }
-    eExit = eExit_Finding;
     for (const SEdit& oEdit : aoEdits)
     {
         const std::string sReason = oImage.Apply(oEdit);
         if (!sReason.empty())
         {
-            return oEdit.m_sText + ": " + sReason;
+            constexpr char szRepair[] = ", which --repair-checksums in a call of its own makes right";
+            return { {}, oEdit.m_sText + ": " + sReason, DescribeUnreadBlocks(oInput, oLoaded, szRepair) };
         }
     }
-    aui8Edited = oImage.GetBytes();
-    const std::string sFault = VerifyEdits(oInput.m_aui8Bytes, aui8Edited, oImage.GetBlocks());
-    return sFault.empty() ? "" : "internal fault: " + sFault;
+    SEdited oEdited = { oImage.GetBytes() };
+    const std::string sFault = VerifyEdits(oInput.m_aui8Bytes, oEdited.m_aui8Bytes, oImage.GetBlocks());
+    oEdited.m_sProblem = sFault.empty() ? "" : "internal fault: " + sFault;
+    return oEdited;
 }
 
 // Empty, or what is missing or does not go together.
@@ -102,24 +110,22 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
     {
         return;
     }
-    CBytes aui8Edited;
-    EExit eExit = eExit_Good;
     std::string sName = oArguments.m_sFile;
-    std::string sProblem = EditBytes(oInput, aoEdits, aui8Edited, eExit);
-    if (sProblem.empty() && !oArguments.m_sOutput.empty())
+    SEdited oEdited = EditBytes(oInput, aoEdits);
+    if (oEdited.m_sProblem.empty() && !oArguments.m_sOutput.empty())
     {
-        eExit = eExit_Input;
+        oEdited.m_eExit = eExit_Input;
         sName = oArguments.m_sOutput == "-" ? "standard output" : oArguments.m_sOutput;
-        Write(oArguments, aui8Edited, sProblem);
+        Write(oArguments, oEdited.m_aui8Bytes, oEdited.m_sProblem);
     }
-    if (!sProblem.empty())
+    if (!oEdited.m_sProblem.empty())
     {
-        fputs(MakeErrorLine(sName, sProblem).c_str(), stderr);
-        oTool.Note(eExit);
+        fputs((MakeErrorLine(sName, oEdited.m_sProblem) + oEdited.m_sUnread).c_str(), stderr);
+        oTool.Note(oEdited.m_eExit);
     }
     else if (oArguments.m_bDiff)
     {
-        fputs(DescribeChanges(oInput.m_aui8Bytes, aui8Edited).c_str(), stdout);
+        fputs(DescribeChanges(oInput.m_aui8Bytes, oEdited.m_aui8Bytes).c_str(), stdout);
     }
 }
 } // namespace

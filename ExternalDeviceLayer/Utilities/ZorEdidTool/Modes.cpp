@@ -5,6 +5,7 @@
 #include "ManyFiles.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "UnreadBlocks.h"
 
 namespace
 {
@@ -49,6 +50,7 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
         return RefuseInput(oInput, oImage.GetProblem());
     }
     SOutcome oOutcome;
+    oOutcome.m_sError = DescribeUnreadBlocks(oInput, oImage, "");
     if (oOptions.m_bJson)
     {
         oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, oImage)) + "\n";

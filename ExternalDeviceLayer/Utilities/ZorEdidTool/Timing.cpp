@@ -109,12 +109,13 @@ void DeclareTimingOptions(COptions& oCommand, STool& oTool)
     {
         asTypes.push_back(oSource.m_pszName);
     }
-    const COption oMode = oCommand.Word("MODE", poOptions->m_sMode, "Size and rate in hertz, such as 1920x1080@60")
-                              .Placeholder("WxH@R")
-                              .Check([](const std::string& sText) {
-                                  SMode oParsed;
-                                  return ParseMode(sText, oParsed) ? "" : sText + " is no mode such as 1920x1080@60";
-                              });
+    const COption oMode =
+        oCommand.Word("MODE", poOptions->m_sMode, "Size and rate in whole hertz, such as 1920x1080@60")
+            .Placeholder("WxH@R")
+            .Check([](const std::string& sText) {
+                SMode oParsed;
+                return ParseMode(sText, oParsed) ? "" : sText + " is no mode such as 1920x1080@60, with whole hertz";
+            });
     const COption oType =
         oCommand.Word("--type", poOptions->m_sType, "Where the timing comes from").OneOf(asTypes).Placeholder("NAME");
     oCommand.Number("--vic", poOptions->m_uiVic, 1, 255, "The timing of a code of CTA-861", "1 to 255")

@@ -254,7 +254,7 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
 std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit)
 {
     constexpr unsigned int uiDataBlocksRevision = 3;
-    std::string sReason = "the image has no CEA-861 block that can hold data blocks";
+    std::string sReason = "no CEA-861 block that is read can hold data blocks";
     bool bFirst = true;
     for (SEditedBlock& oBlock : m_aoBlocks)
     {

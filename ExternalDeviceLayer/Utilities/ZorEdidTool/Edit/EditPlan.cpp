@@ -5,7 +5,6 @@
 #include <strings.h>
 
 #include <algorithm>
-#include <string_view>
 #include <vector>
 
 #include "EdidBase.h"
@@ -129,13 +128,17 @@ std::string ParseAudioExtra(const std::string& sText, CAudio& oAudio)
         return "this format takes a byte such as 0x01 in its last field";
     }
     unsigned int uiRate = 0;
-    if (!ParseNumberBefore(sText, "kbps", uiRate) || uiRate % uiKiloBitsPerUnit != 0 ||
-        uiRate / uiKiloBitsPerUnit > uiMost)
+    const bool bRate = ParseNumberBefore(sText, "kbps", uiRate);
+    const unsigned int uiNearest =
+        std::min(uiRate / uiKiloBitsPerUnit + (uiRate / (uiKiloBitsPerUnit / 2)) % 2, uiMost);
+    oAudio.m_uiExtra = uiNearest;
+    if (bRate && uiRate == uiNearest * uiKiloBitsPerUnit)
     {
-        return "'" + sText + "' is no bit rate such as 640kbps, a multiple of 8 up to 2040";
+        return "";
     }
-    oAudio.m_uiExtra = uiRate / uiKiloBitsPerUnit;
-    return "";
+    const std::string sNearest =
+        bRate ? "; the nearest is " + std::to_string(uiNearest * uiKiloBitsPerUnit) + "kbps" : std::string();
+    return "'" + sText + "' is no bit rate such as 640kbps, a multiple of 8 up to 2040" + sNearest;
 }
 
 // FORMAT,CHANNELS,RATES[,EXTRA]: "pcm,2ch,32+44.1+48,16+20+24", "ac3,6ch,48,640kbps".
@@ -189,11 +192,12 @@ std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
 // Without a type, the first of these that knows the mode: what televisions and monitors use, else computed.
 constexpr const char* gsc_apszDefaultSources[] = { "cea", "dmt", "dmt-rb", "cvt-rb" };
 
-const SModeSource* FindSource(std::string_view sName)
+const SModeSource* FindSource(const std::string& sName)
 {
     const std::span<const SModeSource> aoSources = GetModeSources();
-    const auto itSource = std::find_if(aoSources.begin(), aoSources.end(),
-                                       [&](const SModeSource& oSource) { return sName == oSource.m_pszName; });
+    const auto itSource = std::find_if(aoSources.begin(), aoSources.end(), [&](const SModeSource& oSource) {
+        return strcasecmp(sName.c_str(), oSource.m_pszName) == 0;
+    });
     return itSource != aoSources.end() ? &*itSource : nullptr;
 }
 

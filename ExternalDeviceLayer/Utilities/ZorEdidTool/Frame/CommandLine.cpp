@@ -120,7 +120,7 @@ COption COption::Check(const TCheck& fnCheck) const
 
 COption COption::OneOf(const std::vector<std::string>& asValues) const
 {
-    m_oOption.check(CLI::IsMember(asValues));
+    m_oOption.transform(CLI::IsMember(asValues, CLI::ignore_case)); // as it stands in asValues
     return *this;
 }
 

@@ -149,6 +149,11 @@ std::string DescribeForm(const SInput& oInput)
     return oInput.m_sForm.empty() ? "" : MakeErrorLine(oInput.m_sName, "taken for " + oInput.m_sForm);
 }
 
+std::string DescribeHint(const SInput& oInput)
+{
+    return oInput.m_sHint.empty() ? "" : MakeErrorLine(oInput.m_sName, oInput.m_sHint);
+}
+
 struct STurnRules
 {
     bool m_bVerbose;
@@ -185,6 +190,7 @@ SOutcome RunTurn(const std::string& sName, const STurnRules& oRules)
         const SInput oInput = ReadInput(sName);
         sForm = DescribeForm(oInput);
         oOutcome = oInput.IsGood() ? oRules.m_fnTurn(oInput) : AnswerFor(oInput, oRules);
+        oOutcome.m_sError.insert(0, DescribeHint(oInput));
     }
     catch (const std::bad_alloc&)
     {
@@ -446,6 +452,7 @@ SInput ReadOneInput(const std::string& sName, STool& oTool)
     {
         fputs(DescribeForm(oInput).c_str(), stderr);
     }
+    fputs(DescribeHint(oInput).c_str(), stderr);
     if (!oInput.IsGood())
     {
         fputs(MakeErrorLine(sName, oInput.m_sProblem).c_str(), stderr);

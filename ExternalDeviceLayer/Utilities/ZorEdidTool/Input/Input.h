@@ -14,6 +14,7 @@ struct SInput
     std::vector<unsigned char> m_aui8Bytes; // the image: 1 byte to 256 blocks; whether it is one is the caller's to see
     std::string m_sForm;                    // what it was taken for, such as "raw image" or "xxd dump"
     std::string m_sProblem;                 // why there is no image, one line; empty when there is one
+    std::string m_sHint = {};               // what the user should know of an image that there is; mostly empty
 
     bool IsGood() const { return m_sProblem.empty(); }
 };

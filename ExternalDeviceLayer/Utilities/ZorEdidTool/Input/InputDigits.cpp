@@ -1,5 +1,7 @@
 // The readers of base64 and of hexadecimal digits: xxd -p, od -An -tx1, edid-decode -o hex, bytes with signs between.
 
+#include <algorithm>
+
 #include "InputReaders.h"
 
 namespace
@@ -47,6 +49,11 @@ unsigned int GetBase64Digit(char c)
     constexpr std::string_view sDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     const size_t uiPlace = c == '-' ? 62 : c == '_' ? 63 : sDigits.find(c);
     return uiPlace < sDigits.size() ? static_cast<unsigned int>(uiPlace) : 99;
+}
+
+bool IsBase64(std::string_view sText)
+{
+    return std::all_of(sText.begin(), sText.end(), [](char c) { return GetBase64Digit(c) <= 63; });
 }
 
 // Whether the lines can be base64: none is longer than the first. Digits alone are left to the next form.
@@ -119,44 +126,101 @@ bool ReadDigits(const std::string& sText, SInput& oInput)
     return bBegun;
 }
 
-// Less than a block is some word.
+namespace
+{
+class CBase64Decoder
+{
+public:
+    explicit CBase64Decoder(SInput& oInput) : m_oInput(oInput) {}
+
+    // Digits and ends of lines. False at any other character.
+    bool Add(std::string_view sDigits)
+    {
+        for (const char c : sDigits)
+        {
+            const unsigned int uiDigit = GetBase64Digit(c);
+            if (c == '\n' || c == '\r')
+            {
+                continue;
+            }
+            if (uiDigit > 63)
+            {
+                return false;
+            }
+            ++m_uiCount;
+            m_uiValue = (m_uiValue << 6 | uiDigit) & 0xFFFF;
+            m_uiBits += 6;
+            if (m_uiBits >= 8)
+            {
+                m_uiBits -= 8;
+                AddByte(m_oInput, m_uiValue >> m_uiBits);
+            }
+        }
+        return true;
+    }
+
+    // Less than a block is some word.
+    bool Finish()
+    {
+        if (m_uiCount % 4 == 1)
+        {
+            m_oInput.m_sProblem = "ends in the middle of a byte";
+        }
+        return m_oInput.m_aui8Bytes.size() >= gsc_uiBlockSize;
+    }
+
+private:
+    SInput& m_oInput;
+    unsigned int m_uiBits = 0; // held in m_uiValue, 0 to 7 ahead of each digit
+    unsigned int m_uiValue = 0;
+    size_t m_uiCount = 0;
+};
+
+std::string_view CutPadding(std::string_view sDigits) { return sDigits.substr(0, sDigits.find_last_not_of('=') + 1); }
+
+// Between other lines base64 is known by the header of a base block, and is a run of lines of one length, the last one
+// shorter. It ends before a line that is none of these, and where all announced blocks are there.
+bool ReadBase64Between(std::string_view sRest, SInput& oInput)
+{
+    constexpr std::string_view sHeader = "AP///////w";
+    constexpr std::string_view sHeaderOfAddresses = "AP_______w";
+    std::string_view sLine;
+    do
+    {
+        if (sRest.empty())
+        {
+            return false;
+        }
+        sLine = Trim(TakeLine(sRest));
+    } while (!StartsWith(sLine, sHeader) && !StartsWith(sLine, sHeaderOfAddresses));
+    oInput.m_aui8Bytes.clear(); // of what has been tried ahead
+    CBase64Decoder oDecoder(oInput);
+    const size_t uiLength = sLine.size();
+    bool bEnds = false;
+    while (!bEnds)
+    {
+        const std::string_view sDigits = CutPadding(sLine);
+        const bool bComplete =
+            oInput.m_aui8Bytes.size() % gsc_uiBlockSize == 0 && !oInput.m_aui8Bytes.empty() && !LacksBlocks(oInput);
+        if (bComplete || sLine.size() > uiLength || !IsBase64(sDigits))
+        {
+            break;
+        }
+        oDecoder.Add(sDigits);
+        bEnds = sLine.size() < uiLength || sDigits.size() < sLine.size() || sRest.empty();
+        sLine = Trim(TakeLine(sRest));
+    }
+    return oDecoder.Finish();
+}
+} // namespace
+
 bool ReadBase64(const std::string& sText, SInput& oInput)
 {
     constexpr std::string_view sHead = ";base64,";
     const size_t uiHead = StartsWith(sText, "data:") ? sText.find(sHead) : std::string::npos;
     std::string_view sDigits = sText;
     sDigits = Trim(uiHead != std::string::npos ? sDigits.substr(uiHead + sHead.size()) : sDigits);
-    sDigits = sDigits.substr(0, sDigits.find_last_not_of('=') + 1);
-    if (!HasLinesOfBase64(sDigits))
-    {
-        return false;
-    }
-    unsigned int uiBits = 0; // held in uiValue, 0 to 7 ahead of each digit
-    unsigned int uiValue = 0;
-    size_t uiCount = 0;
-    for (const char c : sDigits)
-    {
-        const unsigned int uiDigit = GetBase64Digit(c);
-        if (c == '\n' || c == '\r')
-        {
-            continue;
-        }
-        if (uiDigit > 63)
-        {
-            return false;
-        }
-        ++uiCount;
-        uiValue = (uiValue << 6 | uiDigit) & 0xFFFF;
-        uiBits += 6;
-        if (uiBits >= 8)
-        {
-            uiBits -= 8;
-            AddByte(oInput, uiValue >> uiBits);
-        }
-    }
-    if (uiCount % 4 == 1)
-    {
-        oInput.m_sProblem = "ends in the middle of a byte";
-    }
-    return oInput.m_aui8Bytes.size() >= gsc_uiBlockSize;
+    sDigits = CutPadding(sDigits);
+    CBase64Decoder oDecoder(oInput);
+    return HasLinesOfBase64(sDigits) && oDecoder.Add(sDigits) ? oDecoder.Finish() : ReadBase64Between(sText, oInput);
 }

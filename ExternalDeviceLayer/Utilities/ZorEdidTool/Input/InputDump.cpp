@@ -37,7 +37,13 @@ public:
         if (!m_bBegun)
         {
             m_bColon = bColon;
-            m_bBegun = CheckAddress(sAddress) && AddGroups(CutText(sLine)) && m_uiLineSize != 0;
+            const std::string_view sGroups = CutText(sLine);
+            m_bBegun = CheckAddress(sAddress) && AddGroups(sGroups) && m_uiLineSize != 0;
+            if (const char* pszRadix = FindOtherRadix(sGroups); pszRadix != nullptr)
+            {
+                m_oInput.m_sProblem = AtLine(uiLine, pszRadix);
+                m_bBegun = true;
+            }
             if (!m_bBegun)
             {
                 m_oInput.m_aui8Bytes.clear();
@@ -78,6 +84,19 @@ private:
             return sLine.substr(0, sLine.find("  "));
         }
         return sLine.substr(0, sLine.find_first_of("|>"));
+    }
+
+    // What the numbers of a first line are when they are none that is read: how an EDID begins in that form.
+    static const char* FindOtherRadix(std::string_view sGroups)
+    {
+        std::string sDigits; // with one blank ahead of each group, whatever the columns are
+        for (int i = 0; i < 3; ++i)
+        {
+            sDigits.append(" ").append(TakeToken(sGroups, " \t"));
+        }
+        return sDigits == " 00000000 11111111 11111111" ? "binary digits are not read (xxd without -b)"
+               : sDigits == " 0 255 255"                ? "decimal bytes are not read (od -tx1)"
+                                                        : nullptr;
     }
 
     // Keeps those radices in which this address follows, and makes up for a star: in the first radix that fits.

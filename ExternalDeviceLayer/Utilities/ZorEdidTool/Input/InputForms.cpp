@@ -11,9 +11,13 @@
 
 namespace
 {
-std::string NameFirstOf(const char* pszForm, size_t uiCount)
+// Of several EDIDs in a text the first one is taken, which everybody is told. sWhose may be empty.
+void NameFirstOf(const char* pszForm, size_t uiCount, std::string_view sWhose, SInput& oInput)
 {
-    return uiCount > 1 ? std::string(pszForm) + ", the first EDID of " + std::to_string(uiCount) : pszForm;
+    const std::string sFirst = "the first EDID of " + std::to_string(uiCount);
+    oInput.m_sForm = uiCount > 1 ? pszForm + (", " + sFirst) : pszForm;
+    oInput.m_sHint = uiCount > 1 ? sFirst + " is read" : "";
+    oInput.m_sHint += uiCount > 1 && !sWhose.empty() ? ", that of " + std::string(sWhose) : "";
 }
 
 // ---- Raw ----
@@ -101,7 +105,7 @@ void AddRegistryBytes(std::string_view sLine, std::string_view& sRest, size_t& u
         {
             if (sByte.size() != 2 || !AddHex(oInput, sByte))
             {
-                oInput.m_sProblem = AtLine(uiLine, "a byte has two hexadecimal digits");
+                oInput.m_sProblem = AtLine(uiLine, "a byte has two hexadecimal digits; decimal ones are not read");
                 return;
             }
         }
@@ -120,10 +124,14 @@ bool ReadRegistry(const std::string& sText, SInput& oInput)
     std::string_view sRest = sText;
     size_t uiFound = 0;
     unsigned int uiBlocks = 0; // of an override
+    std::string_view sKey;
+    std::string_view sKeyOfEdid;
     for (size_t uiLine = 1; !sRest.empty() && oInput.IsGood(); ++uiLine)
     {
+        const std::string_view sLine = Trim(TakeLine(sRest));
+        sKey = StartsWith(sLine, "[") ? sLine : sKey;
         SRegistryValue oValue;
-        if (!SplitRegistryLine(Trim(TakeLine(sRest)), oValue))
+        if (!SplitRegistryLine(sLine, oValue))
         {
             continue;
         }
@@ -133,6 +141,7 @@ bool ReadRegistry(const std::string& sText, SInput& oInput)
         if (bEdid && uiFound++ == 0)
         {
             oInput.m_aui8Bytes.clear(); // of an override
+            sKeyOfEdid = sKey;
         }
         uiBlocks += bBlock ? 1 : 0;
         SInput oOther;
@@ -142,7 +151,7 @@ bool ReadRegistry(const std::string& sText, SInput& oInput)
     {
         oInput.m_sProblem = "a registry export without a value EDID";
     }
-    oInput.m_sForm = NameFirstOf("Windows registry export", uiFound);
+    NameFirstOf("Windows registry export", uiFound, sKeyOfEdid, oInput);
     return bRegistry;
 }
 
@@ -152,13 +161,20 @@ bool ReadXrandr(const std::string& sText, SInput& oInput)
 {
     std::string_view sRest = sText;
     size_t uiFound = 0;
+    std::string_view sOutput; // whose properties the lines are
+    std::string_view sOutputOfEdid;
     bool bInside = false;
     bool bAny = false;
     for (size_t uiLine = 1; !sRest.empty() && oInput.IsGood(); ++uiLine)
     {
         const std::string_view sLine = Trim(TakeLine(sRest));
+        if (sLine.find(" connected ") != std::string_view::npos)
+        {
+            sOutput = sLine.substr(0, sLine.find(' '));
+        }
         if (sLine == "EDID:" || sLine == "EDID_DATA:")
         {
+            sOutputOfEdid = oInput.m_aui8Bytes.empty() ? sOutput : sOutputOfEdid;
             bAny = true;
             bInside = true;
             uiFound += oInput.m_aui8Bytes.empty() ? 0U : 1U;
@@ -170,7 +186,7 @@ bool ReadXrandr(const std::string& sText, SInput& oInput)
             oInput.m_sProblem = AtLine(uiLine, "an odd number of digits");
         }
     }
-    oInput.m_sForm = NameFirstOf("xrandr --verbose", uiFound + 1);
+    NameFirstOf("xrandr --verbose", uiFound + 1, sOutputOfEdid, oInput);
     return bAny;
 }
 
@@ -388,6 +404,7 @@ SInput DecodeInput(const std::string& sName, const std::string& sContent)
         if (!oInput.IsGood())
         {
             oInput.m_aui8Bytes.clear();
+            oInput.m_sHint.clear();
         }
         return oInput;
     }

@@ -151,8 +151,8 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--audio-add", "pcm,9ch,48,16", "'9ch'" + sChannels },
         { "--audio-add", "pcm,ch,48,16", "'ch'" + sChannels },
         { "--audio-add", "pcm,2ch,50,16", "'50' is none of 32 44.1 44 48 88.2 88 96 176.4 176 192" },
-        { "--audio-add", "ac3,2ch,48,644kbps", "'644kbps'" + sBitRate },
-        { "--audio-add", "ac3,2ch,48,2048kbps", "'2048kbps'" + sBitRate },
+        { "--audio-add", "ac3,2ch,48,644kbps", "'644kbps'" + sBitRate + "; the nearest is 648kbps" },
+        { "--audio-add", "ac3,2ch,48,2048kbps", "'2048kbps'" + sBitRate + "; the nearest is 2040kbps" },
         { "--audio-add", "ac3,2ch,48,640", "'640'" + sBitRate },
         { "--audio-add", "ac4,2ch,48",
           "'ac4' is none of pcm ac3 mpeg1 mp3 mpeg2 aac dts atrac 1bit eac3 dts-hd mat dst wma-pro" },
@@ -191,7 +191,7 @@ TEST(EditPlan, PreferredTimings)
         { "1920x1080@60", 2200, 1125, 148500 },        { "1920x1080@30", 2200, 1125, 74250 },
         { "1280x1024@60", 1688, 1066, 108000 },        { "1920x1200@60", 2592, 1245, 193250 },
         { "1920x1200@60,dmt-rb", 2080, 1235, 154000 }, { "1920x1080@60,cvt", 2576, 1120, 173000 },
-        { "1920x1080@60,cvt-rb", 2080, 1111, 138500 }, { "1366x768@60,dmt", 1792, 798, 85500 },
+        { "1920x1080@60,CVT-rb", 2080, 1111, 138500 }, { "1366x768@60,dmt", 1792, 798, 85500 },
     };
     for (const auto& oCase : aoCases)
     {

@@ -255,6 +255,27 @@ class ModesTest(ToolTest):
         self.assertEqual([timing["index"] for timing in image["established"] if timing["vesa"]],
                          [1, 3, 4, 5, 6, 7, 9, 10, 11, 12])
 
+    def test_blocks_that_are_not_read_are_named(self):
+        section = display_id(b"")
+        image = with_blocks(bytes([2, 4, 4]), display_id(b"", version=0x20), display_id(b"", length=122),
+                            section[:5] + b"\1", b"\x10", bytes([2, 3, 4]))
+        image = image[:-1] + bytes([image[-1] ^ 1])
+        path = self.save(image)
+        reasons = ["1 (cea-861) is not read: its revision is 4, above 3",
+                   "2 (displayid) is not read: its DisplayID version is 2.0, above 1.2",
+                   "3 (displayid) is not read: its DisplayID section runs past its end",
+                   "4 (displayid) is not read: its section's checksum is wrong%s",
+                   "5 (video-timing) is not read: the library keeps no model of its kind",
+                   "6 (cea-861) is not read: its checksum is wrong%s"]
+        lines = "".join("zoredid: %s: block %s; check and explain tell more\n" % (path, reason) for reason in reasons)
+        for arguments in [], ["--json"], ["--modeline"]:
+            self.assertEqual(lines % ("", ""), run("modes", path, *arguments, status=0)[1])
+        repair = ", which --repair-checksums in a call of its own makes right"
+        refusal = "zoredid: %s: --audio-remove 0: the image has no audio descriptors\n" % path
+        self.assertEqual(("", refusal + lines % (repair, repair)),
+                         run("edit", path, "--dry-run", "--audio-remove", "0", status=1))
+        self.assertEqual(("", ""), run("edit", path, "--dry-run", "--serial", "1", status=0))
+
     def test_marks_of_made_images(self):
         cea = bytes.fromhex("02030e00" "42" "9003" "42" "0f01" "e3" "0e6107")
         for name, image, expected in [
@@ -552,7 +573,7 @@ class TimingTest(ToolTest):
     def test_published_modes(self):
         for arguments, expected in [
             ("1920x1080@60 --type cvt", ["173.00 1920 2048 2248 2576 1080 1083 1088 1120 -hsync +vsync"]),
-            ("1920x1080@60 --type cvt-rb", ["138.50 1920 1968 2000 2080 1080 1083 1088 1111 +hsync -vsync"]),
+            ("1920x1080@60 --type CVT-RB", ["138.50 1920 1968 2000 2080 1080 1083 1088 1111 +hsync -vsync"]),
             ("1024x768@60 --type dmt", ["65.00 1024 1048 1184 1344 768 771 777 806 -hsync -vsync"]),
             ("1280x768@60 --type dmt-rb", ["68.25 1280 1328 1360 1440 768 771 778 790 +hsync -vsync"]),
             ("1920x1080@30 --type cea", ["74.25 1920 2008 2052 2200 1080 1084 1094 1125 +hsync +vsync Interlace",

@@ -110,8 +110,16 @@ FORMS = {  # every form of the image, and what it is taken for
     "C numbers": (lines(16, "0x%02x"), "C array"),
     "base64": (base64.encodebytes(IMAGE), "base64"),
     "base64, one line, of addresses": (base64.urlsafe_b64encode(IMAGE).rstrip(b"="), "base64"),
+    "base64 of a shell's transcript": (b"$ base64 x.bin\n" + base64.encodebytes(IMAGE) + b"exit\n$ \n", "base64"),
+    "base64 in a mail": (b"Hello\n\n" + base64.b64encode(IMAGE) + b"\n\nAll the best\n", "base64"),
     "data address": (b"data:application/octet-stream;base64," + base64.b64encode(IMAGE), "base64"),
     "CR LF and a byte order mark": ("\ufeff" + XXD.replace("\n", "\r\n"), "xxd dump"),
+}
+
+HINTS = {  # what is said in any case
+    "xrandr, two monitors": "zoredid: -: the first EDID of 2 is read, that of HDMI-1\n",
+    "registry, an override and two EDIDs":
+        "zoredid: -: the first EDID of 2 is read, that of [HKEY_LOCAL_MACHINE\\\\X]\n",
 }
 
 XXD_LINES = XXD.splitlines(keepends=True)
@@ -123,6 +131,9 @@ BAD = {  # what cannot be taken, and why
     "a star for too much": (XXD_LINES[0] + "*\nfffffff0: 00\n", "of more than 256 blocks"),
     "a line of the dump is missing": ("".join(XXD_LINES[:3] + XXD_LINES[4:]), "line 4: its address does not follow"),
     "a dump with a letter": (XXD_LINES[0] + XXD_LINES[1].replace(" ", " 0g", 1), "line 2: not hexadecimal"),
+    "binary digits": ("".join("%08x: %s\n" % (at, " ".join("{:08b}".format(byte) for byte in IMAGE[at:at + 6]))
+                              for at in range(0, 256, 6)), "binary digits are not read (xxd without -b)"),
+    "decimal bytes": (od("-t", "u1"), "decimal bytes are not read (od -tx1)"),
     "half a byte": ("00 ff ff ff ff ff ff 00\n00 1\n", "line 2: an odd number of digits"),
     "a letter among digits": ("00 ff ff ff ff ff ff 00\n00 1x\n", "line 2: not hexadecimal bytes"),
     "a star without addresses": ("00 ff ff ff ff ff ff 00\n*\n", "line 2: a star stands for lines left out"),
@@ -154,7 +165,15 @@ class Forms(unittest.TestCase):
                 data = text if isinstance(text, bytes) else text.encode()
                 result = run("convert", "-", "-o", "-", "--form", "bin", "--verbose", data=data)
                 expected = data if form == "raw image" else IMAGE
-                self.assertEqual((0, expected, "zoredid: -: taken for %s\n" % form), result)
+                hint = HINTS.get(name, "")
+                self.assertEqual((0, expected, "zoredid: -: taken for %s\n%s" % (form, hint)), result)
+
+    def test_one_of_several_is_told(self):
+        for name, hint in HINTS.items():
+            data = FORMS[name][0].encode()
+            for subcommand in "report", "explain":  # of those with turns, and of those without
+                status, _, error = run(subcommand, "-", data=data)
+                self.assertEqual((0, hint), (status, error))
 
     def test_what_cannot_be_taken_gets_one_line(self):
         for name, (text, reason) in BAD.items():

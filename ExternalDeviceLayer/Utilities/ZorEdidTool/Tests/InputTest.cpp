@@ -124,6 +124,11 @@ const SFormCase gsc_aoDigits[] = {
     { "Base64InLines", std::string(76, '+') + "\r\n" + std::string(76, '+') + "\r\n" + std::string(20, '+') + "\r\n",
       gsc_szBase64, Repeat("FB EF BE ", 43) },
     { "Base64Address", "data:x/y;base64," + std::string(170, '/') + "8=\n", gsc_szBase64, "FF*128" },
+    // Three blocks, of which no digit tells the end: "exit" could be more of them.
+    { "Base64BetweenEndsWithItsBlocks",
+      "$ base64 x\nAP///////w" + std::string(118, 'A') + "\n" + std::string(41, 'A') + "g" + std::string(86, 'A') +
+          "\n" + Repeat(std::string(128, 'A') + "\n", 2) + "exit\n",
+      gsc_szBase64, "00 FF*6 00*119 02 00*257" },
     { "RegistryWithType", "\"EDID\"=hex(3):00,ff,\\\r\n  10\r\n\"Next\"=hex:11\r\n", gsc_szRegistry, "00 FF 10" },
     { "RegistryWithBlanksBehindTheMark", "REGEDIT4\n\"edid\"=hex:00, ff,\\ \n 10,\\", gsc_szRegistry, "00 FF 10" },
     { "RegistryOthersAreNotRead", "\"Other\"=hex:0,zz\n\"EDID\"=hex:00\n", gsc_szRegistry, "00" },
@@ -199,9 +204,10 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { std::string(168, '/') + "==", "in no known form: no image, no digits, no base64" }, // 126 bytes
         { std::string(76, '/') + "\n" + std::string(96, '/'), "in no known form: no image, no digits, no base64" },
         { "REGEDIT4\n\"Other\"=hex:00\n", "Windows registry export: a registry export without a value EDID" },
-        { "\"EDID\"=hex:00,\\\n  0\n", "Windows registry export: line 2: a byte has two hexadecimal digits" },
+        { "\"EDID\"=hex:00,\\\n  0\n",
+          "Windows registry export: line 2: a byte has two hexadecimal digits; decimal ones are not read" },
         { "\"0\"=hex:00\n\n\"EDID\"=hex:0x,00\n",
-          "Windows registry export: line 3: a byte has two hexadecimal digits" },
+          "Windows registry export: line 3: a byte has two hexadecimal digits; decimal ones are not read" },
         { "EDID:\n\t00f\n", "xrandr --verbose: line 2: an odd number of digits" },
         { "EDID:\n\tnone\n", "xrandr --verbose without a digit" },
         { gsc_sTableMarker + "\n", "text table: no rows of bytes behind the marker line" },

@@ -1,8 +1,11 @@
 // zoredid modes: all timings of an image under the numbers that edits take.
 
+#include <set>
+
 #include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
+#include "PageImage.h"
 #include "TextFormat.h"
 #include "Tool.h"
 #include "UnreadBlocks.h"
@@ -42,21 +45,42 @@ std::string GetLine(const SListedTiming& oListed)
     return sLine + "\n";
 }
 
+// What the lists have not: blocks that are not read, codes that are read as others, and modes that only the map knows.
+std::string DescribeRest(const SPageImage& oImage)
+{
+    std::string sLines = DescribeUnreadBlocks(oImage.m_oInput, oImage.m_oLoaded, "");
+    std::set<std::string> asOtherCodes; // a code may stand for two timings
+    for (const SPageTiming& oTiming : oImage.m_aoTimings)
+    {
+        if (!oTiming.m_sOtherCode.empty() && asOtherCodes.insert(oTiming.m_sOtherCode).second)
+        {
+            sLines += MakeErrorLine(oImage.m_oInput.m_sName, oTiming.m_sOtherCode);
+        }
+    }
+    const size_t uiMore = oImage.m_asUnlisted.size();
+    if (uiMore != 0)
+    {
+        const std::string sMore = uiMore == 1 ? "1 more mode stands" : FormatText("%zu more modes stand", uiMore);
+        sLines += MakeErrorLine(oImage.m_oInput.m_sName, sMore + " in this image; explain and page show them");
+    }
+    return sLines;
+}
+
 SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
 {
-    CLoadedImage oImage;
-    if (!oImage.Load(oInput))
+    SPageImage oImage(oInput, GetThisYear());
+    if (!oImage.m_sProblem.empty())
     {
-        return RefuseInput(oInput, oImage.GetProblem());
+        return RefuseInput(oInput, oImage.m_sProblem);
     }
     SOutcome oOutcome;
-    oOutcome.m_sError = DescribeUnreadBlocks(oInput, oImage, "");
+    oOutcome.m_sError = DescribeRest(oImage);
     if (oOptions.m_bJson)
     {
-        oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, oImage)) + "\n";
+        oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, oImage.m_oLoaded)) + "\n";
         return oOutcome;
     }
-    for (const SListedTiming& oListed : ListTimings(oImage))
+    for (const SListedTiming& oListed : ListTimings(oImage.m_oLoaded))
     {
         oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oListed.m_oTiming) + "\n" : GetLine(oListed);
     }
@@ -72,6 +96,7 @@ void DeclareModesOptions(COptions& oCommand, STool& oTool)
         oCommand.Flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
     oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
     oCommand.Footer(
+        "Standard error tells of blocks that are not read, and how many more modes stand in the image.\n"
         "Each list counts from 0: established, standard and detailed timings. Established timings with the mark VESA\n"
         "are those that VESA's own tables define. Blocks count from 0, which is the base block.\n\n"
         "Example:\n"

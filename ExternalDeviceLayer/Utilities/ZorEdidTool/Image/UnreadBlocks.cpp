@@ -9,6 +9,7 @@
 namespace
 {
 constexpr unsigned int gsc_uiCeaTag = 0x02;
+constexpr unsigned int gsc_uiBlockMapTag = 0xF0; // a list of the blocks, and nothing that could be missed
 constexpr unsigned int gsc_uiRevisionOffset = 1;
 constexpr unsigned int gsc_uiHighestCeaRevision = 3;
 constexpr unsigned int gsc_uiHighestDisplayId = 0x12;
@@ -40,7 +41,7 @@ std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImag
     std::string sLines;
     for (const SImageBlock& oBlock : oImage.GetBlocks())
     {
-        if (oBlock.m_poLoaded != nullptr)
+        if (oBlock.m_poLoaded != nullptr || oBlock.GetTag() == gsc_uiBlockMapTag)
         {
             continue;
         }
@@ -51,9 +52,9 @@ std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImag
             sReason = bValid ? "its section's checksum is wrong" : "its checksum is wrong";
             sReason += pszRepair;
         }
-        sLines += MakeErrorLine(oInput.m_sName, FormatText("block %u (%s) is not read: %s; check and explain tell more",
-                                                           oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()),
-                                                           sReason.c_str()));
+        sLines += MakeErrorLine(oInput.m_sName,
+                                FormatText("block %u (%s) is not read: %s; check and explain tell more",
+                                           oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), sReason.c_str()));
     }
     return sLines;
 }

@@ -276,6 +276,16 @@ class ModesTest(ToolTest):
                          run("edit", path, "--dry-run", "--audio-remove", "0", status=1))
         self.assertEqual(("", ""), run("edit", path, "--dry-run", "--serial", "1", status=0))
 
+    def test_modes_beyond_the_lists_are_told(self):
+        for codes, lines in [("6c", ["1 more mode stands in this image; explain and page show them"]),
+                             ("6c6d10", ["2 more modes stand in this image; explain and page show them"]),
+                             ("c2", ["the library reads byte c2 as VIC 66; by CTA-861-H it is VIC 194"]),
+                             ("10", [])]:
+            cea = bytes.fromhex("0203%02x00%02x%s" % (5 + len(codes) // 2, 0x40 + len(codes) // 2, codes))
+            path = self.save(with_blocks(cea))
+            told = run("modes", path, status=0)[1].splitlines()
+            self.assertEqual(["zoredid: %s: %s" % (path, line) for line in lines], told[:max(len(lines), 1)], codes)
+
     def test_marks_of_made_images(self):
         cea = bytes.fromhex("02030e00" "42" "9003" "42" "0f01" "e3" "0e6107")
         for name, image, expected in [

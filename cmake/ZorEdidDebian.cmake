@@ -50,13 +50,15 @@ endmacro()
 if(TARGET zoredid)
   zor_debian_package(command zoredid utils "reports, checks, edits and converts EDID data of monitors"
 "EDID is the data in which a monitor says what it is and what it can show.
-This command prints reports (text and JSON), lists and compares timings,
-checks data for faults, edits it, and converts it between the forms that
-other tools read and write.")
+This command says what each byte means, in a terminal or as a page for a
+browser, prints reports (text and JSON), lists and compares timings, checks
+data for faults, edits it, and converts it between the forms that other
+tools read and write.")
 endif()
 
 set(about "The library loads, lists, edits and writes EDID data: base blocks and
-extension blocks (CEA-861, DisplayID up to 1.2). It computes timings, too.")
+extension blocks (CEA-861, DisplayID up to 1.2). It computes timings, and a
+map of the bytes says what each of them means, in blocks of any kind.")
 zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID data of monitors (development files)"
 "${about}
 This package has the headers, the library, and what CMake and pkg-config

@@ -147,7 +147,7 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
     oCommand.Footer(
         "Modes are compared wherever they stand, native or not, each as often as it is named; their clocks\n"
         "may differ as those of 1000/1001 variants do. Two images without a preferred mode may be the same;\n"
-        "one with and one without are different.\n"
+        "one with and one without are different. Nothing but modes is compared: no name, serial number or audio.\n"
         "Exit status: 0 same, 1 different, 3 when an image cannot be read.\n\n"
         "Example:\n"
         "  zoredid compare old.bin new.bin");

@@ -1,5 +1,6 @@
 // zoredid modes: all timings of an image under the numbers that edits take.
 
+#include <algorithm>
 #include <set>
 
 #include "CommandLine.h"
@@ -57,7 +58,8 @@ std::string DescribeRest(const SPageImage& oImage)
             sLines += MakeErrorLine(oImage.m_oInput.m_sName, oTiming.m_sOtherCode);
         }
     }
-    const size_t uiMore = oImage.m_asUnlisted.size();
+    const auto uiMore = static_cast<size_t>(std::count_if(oImage.m_aoTimings.begin(), oImage.m_aoTimings.end(),
+                                                          [](const SPageTiming& o) { return !o.IsListed(); }));
     if (uiMore != 0)
     {
         const std::string sMore = uiMore == 1 ? "1 more mode stands" : FormatText("%zu more modes stand", uiMore);

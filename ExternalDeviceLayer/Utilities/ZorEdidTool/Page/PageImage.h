@@ -1,5 +1,5 @@
 // One image, or two beside each other, as the page shows them: the map, what the library lists, findings, and what
-// differs. For the sources of zoredid page.
+// differs. For the sources of zoredid page, and for zoredid modes, which counts what only the map has.
 
 #pragma once
 

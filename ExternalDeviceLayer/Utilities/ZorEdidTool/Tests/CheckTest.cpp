@@ -127,7 +127,7 @@ TEST(Check, SizesThatAreNoneStandAtTheirEnd)
     aui8Image.resize(127);
     aui8Image[0x10] = 60;
     EXPECT_EQ((CTexts{ "0:10 warning reserved value: 60", "0:7f error size: 127 bytes" }), List(aui8Image));
-    EXPECT_EQ((CTexts{ "0:1 error size: 1 byte" }), List({ 0 }));
+    EXPECT_EQ((CTexts{ "0:0 error not the header of a base block: 00", "0:1 error size: 1 byte" }), List({ 0 }));
     EXPECT_EQ((CTexts{ "0:0 error size: 0 bytes" }), List({}));
 }
 

@@ -71,7 +71,7 @@ std::optional<SModeText> ReadModeText(std::string_view sText)
     {
         return std::nullopt;
     }
-    sText.remove_prefix(std::min(sText.find_first_not_of(" ", uiBy + 1), sText.size()));
+    sText.remove_prefix(std::min(sText.find_first_not_of(' ', uiBy + 1), sText.size()));
     oMode.m_uiHeight = TakeNumber(sText);
     oMode.m_bInterlaced = sText.starts_with('i');
     const size_t uiRate = sText.find_first_of("0123456789");

@@ -258,7 +258,7 @@ std::string GetNumber(const SPageTiming& oTiming)
 std::string GetNumbers(const STimingRow& oRow)
 {
     const SPageTiming& oTiming = *oRow.m_poTiming;
-    const std::string sNumber = GetNumber(oTiming);
+    std::string sNumber = GetNumber(oTiming);
     if (oTiming.m_poOther == nullptr || GetNumber(*oTiming.m_poOther) == sNumber)
     {
         return sNumber;

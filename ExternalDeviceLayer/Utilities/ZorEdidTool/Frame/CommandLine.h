@@ -28,7 +28,7 @@ public:
     COption Required() const;
     COption Placeholder(const char* pszText) const; // of the value, in the help; without one, TEXT or UINT
     COption Check(const TCheck& fnCheck) const;
-    COption OneOf(const std::vector<std::string>& asValues) const;
+    COption OneOf(const std::vector<std::string>& asValues) const; // in either case, taken as it stands here
     COption Excludes(const COption& oOther) const;
     COption Hidden() const; // from the help
 

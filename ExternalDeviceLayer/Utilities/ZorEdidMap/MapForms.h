@@ -52,13 +52,6 @@ const char* CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
 
 // ---- Places and forms ----
 
-// Three bytes, as DisplayID stores a company's identifier.
-constexpr SPlace Big24(unsigned int uiOffset)
-{
-    return Split(
-        { { PlaceByte(uiOffset), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset + 2), 7, 0 } });
-}
-
 // Stored minus 1.
 constexpr SForm NumberFrom1(const char* pszUnit = nullptr) { return Number(pszUnit).Times(1, 1); }
 

@@ -10,10 +10,12 @@
 
 #pragma once
 
-#include <initializer_list>
 #include <span>
 
+#include "Standards/Place.h"
 #include "ZorEdidMap.h"
+
+using namespace ZorStandards;
 
 class CRecord;
 
@@ -27,95 +29,6 @@ struct SMeaning
     unsigned int m_uiLast;
     const char* m_pszName;
 };
-
-// ---- Where ----
-
-inline constexpr unsigned int gsc_uiBits = 8; // of a byte
-
-// Bits m_ui8High to m_ui8Low of the byte m_ui8Offset of a record.
-struct SBitsPlace
-{
-    unsigned char m_ui8Offset;
-    unsigned char m_ui8High;
-    unsigned char m_ui8Low;
-};
-
-inline constexpr unsigned int gsc_uiMostPieces = 4;
-inline constexpr unsigned char gsc_ui8ToTheEnd = 0xFF; // length of a run: up to the end of the record
-
-// Up to four pieces of bytes, most significant first; or a run of whole bytes, when m_ui8Run is not 0.
-struct SPlace
-{
-    SBitsPlace m_aoPieces[gsc_uiMostPieces] = {};
-    unsigned char m_ui8Pieces = 0;
-    unsigned char m_ui8Run = 0; // bytes from m_aoPieces[0].m_ui8Offset on
-};
-
-constexpr SPlace Split(std::initializer_list<SBitsPlace> aoPieces)
-{
-    SPlace oPlace;
-    for (const SBitsPlace& oPiece : aoPieces)
-    {
-        oPlace.m_aoPieces[oPlace.m_ui8Pieces++] = oPiece;
-    }
-    return oPlace;
-}
-
-constexpr unsigned char PlaceByte(unsigned int uiOffset) { return static_cast<unsigned char>(uiOffset); }
-
-constexpr SPlace Bits(unsigned int uiOffset, unsigned int uiHigh, unsigned int uiLow)
-{
-    return Split({ { PlaceByte(uiOffset), PlaceByte(uiHigh), PlaceByte(uiLow) } });
-}
-
-constexpr SPlace Bit(unsigned int uiOffset, unsigned int uiBit) { return Bits(uiOffset, uiBit, uiBit); }
-
-constexpr SPlace Byte(unsigned int uiOffset) { return Bits(uiOffset, 7, 0); }
-
-constexpr SPlace Little16(unsigned int uiOffset)
-{
-    return Split({ { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset), 7, 0 } });
-}
-
-constexpr SPlace Big16(unsigned int uiOffset)
-{
-    return Split({ { PlaceByte(uiOffset), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 } });
-}
-
-constexpr SPlace Little24(unsigned int uiOffset)
-{
-    return Split(
-        { { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 0 }, { PlaceByte(uiOffset), 7, 0 } });
-}
-
-constexpr SPlace Little32(unsigned int uiOffset)
-{
-    return Split({ { PlaceByte(uiOffset + 3), 7, 0 },
-                   { PlaceByte(uiOffset + 2), 7, 0 },
-                   { PlaceByte(uiOffset + 1), 7, 0 },
-                   { PlaceByte(uiOffset), 7, 0 } });
-}
-
-constexpr SPlace RunToEnd(unsigned int uiOffset)
-{
-    SPlace oPlace = Byte(uiOffset);
-    oPlace.m_ui8Run = gsc_ui8ToTheEnd;
-    return oPlace;
-}
-
-// No constant: a table that calls it does not compile.
-void RefuseRun();
-
-constexpr SPlace Run(unsigned int uiOffset, unsigned int uiLength)
-{
-    if (uiLength == 0 || uiLength >= gsc_ui8ToTheEnd)
-    {
-        RefuseRun();
-    }
-    SPlace oPlace = Byte(uiOffset);
-    oPlace.m_ui8Run = PlaceByte(uiLength);
-    return oPlace;
-}
 
 // ---- What it says ----
 

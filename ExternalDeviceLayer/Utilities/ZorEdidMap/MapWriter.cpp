@@ -18,23 +18,6 @@ constexpr SForm MakeChecksumForm() { return MakeForm(CZorEdidMap::eKind_Checksum
 // Its record ends with the checksum byte: only a name and a kind are asked.
 constexpr SRow gsc_oChecksumRow = { {}, "Checksum", MakeChecksumForm() };
 
-constexpr unsigned int GetWidth(const SBitsPlace& oPiece) { return oPiece.m_ui8High - oPiece.m_ui8Low + 1U; }
-
-constexpr unsigned char GetMask(const SBitsPlace& oPiece)
-{
-    return static_cast<unsigned char>(((1U << GetWidth(oPiece)) - 1U) << oPiece.m_ui8Low);
-}
-
-constexpr unsigned int CountBits(const SPlace& oPlace)
-{
-    unsigned int uiBits = 0;
-    for (unsigned int i = 0; i < oPlace.m_ui8Pieces; ++i)
-    {
-        uiBits += GetWidth(oPlace.m_aoPieces[i]);
-    }
-    return uiBits;
-}
-
 bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
 {
     const unsigned char* pui8End = oRecord.GetData() + oRecord.GetSize();
@@ -50,7 +33,7 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
     oField.m_pszUnit = oForm.m_pszUnit;
     oField.m_pszMeaning = FindMeaning(oForm.m_aoMeanings, uiRaw);
     oField.m_llNumber = oForm.m_pfnNumber != nullptr ? oForm.m_pfnNumber(oRecord, uiRaw)
-                                                     : ComputeNumber(oForm, uiRaw, CountBits(oRow.m_oPlace));
+                                                     : ComputeNumber(oForm, uiRaw, oRow.m_oPlace.CountBits());
     oField.m_uiDecimals = oForm.m_uiDecimals;
     oField.m_eKind = oForm.m_eKind;
     oField.m_bNumber =
@@ -72,7 +55,7 @@ unsigned int CRecord::Get(const SPlace& oPlace) const
     for (unsigned int i = 0; i < oPlace.m_ui8Pieces; ++i)
     {
         const SBitsPlace& oPiece = oPlace.m_aoPieces[i];
-        uiValue = (uiValue << GetWidth(oPiece)) | GetBits(oPiece.m_ui8Offset, oPiece.m_ui8High, oPiece.m_ui8Low);
+        uiValue = (uiValue << oPiece.GetWidth()) | GetBits(oPiece.m_ui8Offset, oPiece.m_ui8High, oPiece.m_ui8Low);
     }
     return uiValue;
 }
@@ -430,7 +413,7 @@ CMapWriter::SPieces CMapWriter::FindPieces(const SPlace& oPlace, const SRange& o
             return {};
         }
         oPieces.m_bCut = oPieces.m_bCut || uiLength < uiTold;
-        oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiFirst, uiLength, GetMask(oPart) };
+        oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiFirst, uiLength, oPart.GetMask() };
     }
     return oPieces;
 }

@@ -12,6 +12,8 @@
 #include "MapNames.h"
 #include "MapValue.h"
 
+namespace ZorMap
+{
 using namespace EdidBaseLayout;
 
 namespace
@@ -490,3 +492,4 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
     NoteBlockMap(oWriter, oBlock, uiOffset + gsc_uiExtensionCountOffset);
     oWriter.EndBlock();
 }
+} // namespace ZorMap

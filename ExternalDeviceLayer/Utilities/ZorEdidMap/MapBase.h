@@ -4,6 +4,8 @@
 
 #include "MapForms.h"
 
+namespace ZorMap
+{
 // The first 8 bytes of a base block; whether a record begins with them.
 extern const SRow g_oHeaderRow;
 bool HasHeader(const CRecord& oRecord);
@@ -53,3 +55,4 @@ const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimi
 // Whether the image of the timing is more than a tenth larger than a screen of this size in mm, or less than half as
 // large. False where one of them is not given.
 bool IsImageFarFrom(const CRecord& oTiming, unsigned int uiWidth, unsigned int uiHeight);
+} // namespace ZorMap

@@ -9,6 +9,8 @@
 #include "MapCtaBlocks.h"
 #include "MapOther.h"
 
+namespace ZorMap
+{
 using namespace Cea861Layout;
 
 namespace
@@ -80,7 +82,7 @@ constexpr EArea eIdentity = CZorEdidMap::eArea_Identity;
 constexpr EArea eStructure = CZorEdidMap::eArea_Structure;
 constexpr EArea eUnused = CZorEdidMap::eArea_Unused;
 
-struct SDataBlock
+struct SCtaBlock
 {
     SKey m_oKey;
     const char* m_pszName;
@@ -95,7 +97,7 @@ constexpr SKey gsc_oHdmiForumKey = Vendor(0xC45DD8);
 constexpr SKey gsc_oHdmiSinkKey = Extended(121);
 
 // A row with an OUI stands ahead of the row for any.
-constexpr SDataBlock gsc_aoDataBlocks[] = {
+constexpr SCtaBlock gsc_aoDataBlocks[] = {
     { Tag(0), "Reserved data block" },
     { Tag(1), "Audio data block", eAudio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
     { Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
@@ -154,7 +156,7 @@ constexpr SDataBlock gsc_aoDataBlocks[] = {
 constexpr unsigned int gsc_uiKinds = std::size(gsc_aoDataBlocks);
 
 // What a block of tag 7 without an extended tag is.
-constexpr SDataBlock gsc_oNoExtendedTag = { Extended(0, 255), "Extended data block without a tag" };
+constexpr SCtaBlock gsc_oNoExtendedTag = { Extended(0, 255), "Extended data block without a tag" };
 
 // ---- The header of a data block: CTA-861-H 7.5 ----
 
@@ -190,7 +192,7 @@ struct SExtendedTags
 constexpr SExtendedTags MakeExtendedTags()
 {
     SExtendedTags oTags;
-    for (const SDataBlock& oBlock : gsc_aoDataBlocks)
+    for (const SCtaBlock& oBlock : gsc_aoDataBlocks)
     {
         if (oBlock.m_oKey.m_ui8Tag == gsc_ui8ExtendedTag && oBlock.m_oKey.m_uiOui == gsc_uiAnyOui)
         {
@@ -228,7 +230,7 @@ constexpr STable gsc_oHeaderTable = { "Data block header", eStructure, gsc_aoHea
 // collection's end.
 struct SFound
 {
-    const SDataBlock* m_poKind;
+    const SCtaBlock* m_poKind;
     unsigned int m_uiOffset; // in the image
     unsigned int m_uiSize;   // with its header
     unsigned int m_uiHeader;
@@ -238,9 +240,9 @@ struct SFound
     unsigned int GetPayloadSize() const { return m_uiSize - m_uiHeader; }
 };
 
-constexpr const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned int uiOui)
+constexpr const SCtaBlock* FindKind(unsigned int uiTag, unsigned int uiExtended, unsigned int uiOui)
 {
-    for (const SDataBlock& oKind : gsc_aoDataBlocks)
+    for (const SCtaBlock& oKind : gsc_aoDataBlocks)
     {
         if (oKind.m_oKey.m_ui8Tag == uiTag && oKind.m_oKey.m_ui8FirstExtended <= uiExtended &&
             uiExtended <= oKind.m_oKey.m_ui8LastExtended &&
@@ -255,7 +257,7 @@ constexpr const SDataBlock* FindKind(unsigned int uiTag, unsigned int uiExtended
 // Whether each row is found by one of its tags: none stands behind rows that take all of them.
 constexpr bool IsEachRowFound()
 {
-    return std::ranges::all_of(gsc_aoDataBlocks, [](const SDataBlock& oKind) {
+    return std::ranges::all_of(gsc_aoDataBlocks, [](const SCtaBlock& oKind) {
         unsigned int uiExtended = oKind.m_oKey.m_ui8FirstExtended;
         while (uiExtended <= oKind.m_oKey.m_ui8LastExtended &&
                FindKind(oKind.m_oKey.m_ui8Tag, uiExtended, oKind.m_oKey.m_uiOui) != &oKind)
@@ -307,7 +309,7 @@ const char* CheckLength(const SFound& oFound)
 
 void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, bool bAgain)
 {
-    const SDataBlock& oKind = *oFound.m_poKind;
+    const SCtaBlock& oKind = *oFound.m_poKind;
     const unsigned int uiTag = oKind.m_oKey.m_ui8Tag;
     if (oFound.m_bCut)
     {
@@ -339,7 +341,7 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
 // Data blocks of a collection that need or exclude each other. puiEarlier counts those ahead, by their kinds.
 void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const unsigned int* puiEarlier)
 {
-    const auto fnIs = [](const SDataBlock& oKind, const SKey& oKey) {
+    const auto fnIs = [](const SCtaBlock& oKind, const SKey& oKey) {
         return oKind.m_oKey.m_ui8Tag == oKey.m_ui8Tag && oKind.m_oKey.m_ui8FirstExtended == oKey.m_ui8FirstExtended &&
                oKind.m_oKey.m_uiOui == oKey.m_uiOui;
     };
@@ -383,7 +385,7 @@ void ForEachDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned
     }
 }
 
-unsigned int IndexOf(const SDataBlock& oKind)
+unsigned int IndexOf(const SCtaBlock& oKind)
 {
     return &oKind == &gsc_oNoExtendedTag ? 0 : static_cast<unsigned int>(&oKind - gsc_aoDataBlocks);
 }
@@ -431,7 +433,7 @@ bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr ||
 void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes,
                   const unsigned int* puiEarlier)
 {
-    const SDataBlock& oKind = *oFound.m_poKind;
+    const SCtaBlock& oKind = *oFound.m_poKind;
     const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize);
     NoteDataBlock(oWriter, uiField, oFound, puiEarlier[IndexOf(oKind)] != 0);
     NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
@@ -670,3 +672,4 @@ void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int u
         oWriter.AddUnknownEnd();
     }
 }
+} // namespace ZorMap

@@ -5,6 +5,8 @@
 #include "MapCtaBlocks.h"
 #include "MapValue.h"
 
+namespace ZorMap
+{
 namespace
 {
 constexpr CZorEdidMap::EArea eAudio = CZorEdidMap::eArea_Audio;
@@ -459,3 +461,4 @@ void MapCtaSpeakerLocations(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     AddCtaItems(oWriter, gsc_oLocationTable, oPayload.m_uiOffset, oPayload.m_uiLength, GetLocationSize);
 }
+} // namespace ZorMap

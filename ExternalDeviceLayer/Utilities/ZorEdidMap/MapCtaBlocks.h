@@ -8,6 +8,8 @@
 #include "MapForms.h"
 #include "MapNames.h"
 
+namespace ZorMap
+{
 // ---- What walks are given ----
 
 // The short video descriptors in the order that bit maps and indexes of other data blocks count them: over all Video
@@ -94,3 +96,4 @@ extern const STable g_oCtaMicrosoftTable;
 extern const STable g_oCtaUhdTable;
 extern const STable g_oCtaDisplayDeviceTable;
 void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload);
+} // namespace ZorMap

@@ -7,6 +7,8 @@
 #include "MapCtaBlocks.h"
 #include "MapValue.h"
 
+namespace ZorMap
+{
 namespace
 {
 constexpr CZorEdidMap::EArea eColour = CZorEdidMap::eArea_Colour;
@@ -368,3 +370,4 @@ void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
         oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning, "its last point lies above full luminance");
     }
 }
+} // namespace ZorMap

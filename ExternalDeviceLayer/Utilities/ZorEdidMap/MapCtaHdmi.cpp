@@ -5,6 +5,8 @@
 #include "EdidBaseLayout.h"
 #include "MapCtaBlocks.h"
 
+namespace ZorMap
+{
 namespace
 {
 using EArea = CZorEdidMap::EArea;
@@ -511,3 +513,4 @@ void MapCtaToneMapping(CMapWriter& oWriter, const SCtaPayload& oPayload)
         oWriter.AddLeaf(gsc_oToneRestRow, eColour, oPayload.m_uiOffset + uiKnown, oPayload.m_uiLength - uiKnown);
     }
 }
+} // namespace ZorMap

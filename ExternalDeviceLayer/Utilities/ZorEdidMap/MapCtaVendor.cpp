@@ -4,6 +4,8 @@
 
 #include "MapCtaBlocks.h"
 
+namespace ZorMap
+{
 namespace
 {
 using EArea = CZorEdidMap::EArea;
@@ -295,3 +297,4 @@ void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddLeaf(gsc_oFramePayloadRow, eDisplay, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);
 }
+} // namespace ZorMap

@@ -5,6 +5,8 @@
 
 #include "MapCtaBlocks.h"
 
+namespace ZorMap
+{
 namespace
 {
 using EArea = CZorEdidMap::EArea;
@@ -538,3 +540,4 @@ void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload)
         MapDisplayIdTiming(oWriter, gsc_uiTypeX, oHead.GetBits(0, 2, 0), uiOffset, uiSize);
     });
 }
+} // namespace ZorMap

@@ -9,6 +9,8 @@
 #include "MapNames.h"
 #include "MapValue.h"
 
+namespace ZorMap
+{
 using namespace EdidBaseLayout;
 
 namespace
@@ -712,3 +714,4 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
     oWriter.EndGroup();
     return uiField;
 }
+} // namespace ZorMap

@@ -9,6 +9,8 @@
 #include "EdidExtBlockDisplayID.h"
 #include "MapOther.h"
 
+namespace ZorMap
+{
 namespace
 {
 using CMap = CZorEdidMap;
@@ -304,3 +306,4 @@ void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int 
     }
     oWriter.EndBlock("Filler");
 }
+} // namespace ZorMap

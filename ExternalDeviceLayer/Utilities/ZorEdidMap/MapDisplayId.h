@@ -9,6 +9,8 @@
 #include "MapForms.h"
 #include "MapNames.h"
 
+namespace ZorMap
+{
 // Positions in a data block.
 inline constexpr unsigned int gsc_uiDataBlockFlagsOffset = 1;
 inline constexpr unsigned int gsc_uiPayloadOffset = 3;
@@ -102,3 +104,4 @@ inline unsigned int GetPayloadLength(const CRecord& oBlock)
 {
     return oBlock.GetSize() > gsc_uiPayloadOffset ? oBlock.GetSize() - gsc_uiPayloadOffset : 0;
 }
+} // namespace ZorMap

@@ -6,6 +6,8 @@
 
 #include "MapDisplayId.h"
 
+namespace ZorMap
+{
 namespace
 {
 using CMap = CZorEdidMap;
@@ -245,3 +247,4 @@ constexpr SDisplayIdBlock gsc_aoBlocks[] = {
 } // namespace
 
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2HeadMountedBlocks = gsc_aoBlocks;
+} // namespace ZorMap

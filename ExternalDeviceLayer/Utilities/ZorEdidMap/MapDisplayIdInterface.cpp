@@ -5,6 +5,8 @@
 
 #include "MapDisplayId.h"
 
+namespace ZorMap
+{
 namespace
 {
 using CMap = CZorEdidMap;
@@ -569,3 +571,4 @@ constexpr SDisplayIdBlock gsc_aoBlocksOfBoth[] = {
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1InterfaceBlocks = gsc_aoBlocks1;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2InterfaceBlocks = gsc_aoBlocks2;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks = gsc_aoBlocksOfBoth;
+} // namespace ZorMap

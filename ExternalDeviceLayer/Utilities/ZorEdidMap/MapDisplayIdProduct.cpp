@@ -3,6 +3,8 @@
 #include "MapDisplayId.h"
 #include "MapValue.h"
 
+namespace ZorMap
+{
 namespace
 {
 using CMap = CZorEdidMap;
@@ -481,3 +483,4 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1ProductBlocks = gsc_aoBlocks1;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2ProductBlocks = gsc_aoBlocks2;
+} // namespace ZorMap

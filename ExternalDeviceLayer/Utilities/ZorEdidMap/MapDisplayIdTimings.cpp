@@ -3,6 +3,8 @@
 
 #include "MapDisplayId.h"
 
+namespace ZorMap
+{
 namespace
 {
 using CMap = CZorEdidMap;
@@ -647,3 +649,4 @@ void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int ui
         oWriter.AddRecord(*poTable, uiOffset, uiLength);
     }
 }
+} // namespace ZorMap

@@ -5,6 +5,8 @@
 #include "MapNames.h"
 #include "MapOther.h"
 
+namespace ZorMap
+{
 namespace
 {
 // ---- VESA Display Information Extension Block Standard, release A: 128 bytes ----
@@ -192,3 +194,4 @@ void MapDisplayInformation(CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 {
     oWriter.AddRows(gsc_oTable, uiOffset, uiLength);
 }
+} // namespace ZorMap

@@ -6,6 +6,8 @@
 
 #include "MapWriter.h"
 
+namespace ZorMap
+{
 // ---- Conditions of rows ----
 
 // "Not X" of a condition X.
@@ -134,3 +136,4 @@ constexpr const char* CheckPayload(const SPayloadRule& oRule, unsigned int uiLen
            : oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0 ? oNotes.m_pszPart
                                                                                        : nullptr;
 }
+} // namespace ZorMap

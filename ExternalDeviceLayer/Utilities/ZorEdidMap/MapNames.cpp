@@ -2,6 +2,8 @@
 
 #include "MapNames.h"
 
+namespace ZorMap
+{
 const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue)
 {
     for (const SMeaning& oMeaning : aoMeanings)
@@ -61,3 +63,4 @@ CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset)
     }
     return sText;
 }
+} // namespace ZorMap

@@ -6,6 +6,8 @@
 
 #include "MapWriter.h"
 
+namespace ZorMap
+{
 // ---- Lists of names ----
 
 // Values count from 0.
@@ -134,3 +136,4 @@ constexpr SRow ContainerIdRow()
     return { Run(OFFSET, gsc_uiContainerIdSize), "Container ID",
              Text().Text([](const CRecord& oRecord, unsigned int) { return ContainerIdText(oRecord, OFFSET); }) };
 }
+} // namespace ZorMap

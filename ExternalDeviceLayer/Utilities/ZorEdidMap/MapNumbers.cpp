@@ -11,6 +11,8 @@
 #include "VidParamCea.h"
 #include "VidParamTimingGeneric.h"
 
+namespace ZorMap
+{
 namespace
 {
 constexpr unsigned int gsc_uiCtaTag = 0x02;
@@ -322,3 +324,4 @@ void NumberTimings(CMapWriter& oWriter, unsigned int uiSize)
         }
     }
 }
+} // namespace ZorMap

@@ -9,6 +9,8 @@
 #include "MapBase.h"
 #include "MapNames.h"
 
+namespace ZorMap
+{
 namespace
 {
 using CMap = CZorEdidMap;
@@ -324,12 +326,6 @@ const SExtension& FindExtension(const CMapWriter& oWriter, unsigned int uiOffset
 
 constinit const SRow g_oExtensionTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
 
-const char* CZorEdidMap::GetBlockKind(unsigned int uiTag)
-{
-    const SExtension* poExtension = FindExtension(uiTag);
-    return poExtension != nullptr ? poExtension->m_pszKind : nullptr;
-}
-
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const SExtension& oExtension = FindExtension(oWriter, uiOffset);
@@ -341,4 +337,11 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
         oExtension.m_pfnWalk(oWriter, uiOffset, uiLength);
     }
     oWriter.EndBlock(oExtension.m_eRest == eFiller ? "Filler" : "Unknown", oExtension.m_eRest);
+}
+} // namespace ZorMap
+
+const char* CZorEdidMap::GetBlockKind(unsigned int uiTag)
+{
+    const ZorMap::SExtension* poExtension = ZorMap::FindExtension(uiTag);
+    return poExtension != nullptr ? poExtension->m_pszKind : nullptr;
 }

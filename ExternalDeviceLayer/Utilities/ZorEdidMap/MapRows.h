@@ -15,6 +15,8 @@
 #include "Standards/Place.h"
 #include "ZorEdidMap.h"
 
+namespace ZorMap
+{
 using namespace ZorStandards;
 
 class CRecord;
@@ -188,3 +190,4 @@ struct STable
     std::span<const SRow> m_aoRows;
     CMString (*m_pfnSummary)(const CRecord&) = nullptr; // the value of the group; null for none
 };
+} // namespace ZorMap

@@ -4,6 +4,8 @@
 
 #include "ZorTools.h"
 
+namespace ZorMap
+{
 namespace
 {
 constexpr unsigned int gsc_uiByteMask = 0xFF;
@@ -31,9 +33,9 @@ CMString FormatBytes(const unsigned char* pui8Bytes, unsigned int uiLength)
 }
 
 // Whole bytes one after the other are shown as such; other bits as one number, the most significant piece first.
-CMString FormatBits(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField)
+CMString FormatBits(const SMapContent& oMap, const CZorEdidMap::SField& oField)
 {
-    const CZorEdidMap::SPiece& oFirst = oMap.GetPiece(oField.m_uiFirstPiece);
+    const CZorEdidMap::SPiece& oFirst = oMap.m_aoPieces[oField.m_uiFirstPiece];
     if (oField.m_uiPieces == 1 && oFirst.m_ui8Mask == gsc_uiByteMask)
     {
         return FormatBytes(oMap.GetData() + oFirst.m_uiOffset, oFirst.m_uiLength);
@@ -41,7 +43,7 @@ CMString FormatBits(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField)
     unsigned int uiValue = 0;
     for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
     {
-        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        const CZorEdidMap::SPiece& oPiece = oMap.m_aoPieces[oField.m_uiFirstPiece + i];
         for (unsigned int uiBit = gsc_uiBits; uiBit-- > 0;)
         {
             if (((oPiece.m_ui8Mask >> uiBit) & 1U) != 0)
@@ -73,12 +75,12 @@ CMString FormatChecksum(const CZorEdidMap::SField& oField, const CRecord& oRecor
     return oText;
 }
 
-CMString FormatCharacters(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField)
+CMString FormatCharacters(const SMapContent& oMap, const CZorEdidMap::SField& oField)
 {
     CMString oText;
     for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
     {
-        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        const CZorEdidMap::SPiece& oPiece = oMap.m_aoPieces[oField.m_uiFirstPiece + i];
         for (unsigned int j = 0; j < oPiece.m_uiLength; ++j)
         {
             const unsigned char ui8Character = oMap.GetData()[oPiece.m_uiOffset + j];
@@ -119,7 +121,7 @@ CMString FormatCode(const CZorEdidMap::SField& oField)
     return oText;
 }
 
-CMString FormatField(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource)
+CMString FormatField(const SMapContent& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource)
 {
     if (oField.m_eKind == CZorEdidMap::eKind_Group)
     {
@@ -173,7 +175,7 @@ CMString FormatNumber(long long llNumber, unsigned int uiDecimals, const char* p
     return oText;
 }
 
-CMString FormatValue(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource)
+CMString FormatValue(const SMapContent& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource)
 {
     constexpr char cFirst = ' ';
     constexpr char cLast = '~';
@@ -187,3 +189,4 @@ CMString FormatValue(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField,
     }
     return oText;
 }
+} // namespace ZorMap

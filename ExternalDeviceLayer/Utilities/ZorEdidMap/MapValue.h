@@ -4,6 +4,8 @@
 
 #include "MapWriter.h"
 
+namespace ZorMap
+{
 // What describes a field: the row of a leaf or the table of a group, either may be null, and the bytes under it.
 struct SValueSource
 {
@@ -12,7 +14,8 @@ struct SValueSource
     const CRecord& m_oRecord;
 };
 
-CMString FormatValue(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource);
+CMString FormatValue(const SMapContent& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource);
 
 // llNumber / 10 ^ uiDecimals, then a blank and the unit; a null unit is none: "2.20", "60 Hz", "2 bytes", "1 byte".
 CMString FormatNumber(long long llNumber, unsigned int uiDecimals, const char* pszUnit);
+} // namespace ZorMap

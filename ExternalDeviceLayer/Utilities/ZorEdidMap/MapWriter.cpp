@@ -9,6 +9,8 @@
 
 #include "MapNames.h"
 
+namespace ZorMap
+{
 namespace
 {
 constexpr unsigned int gsc_uiByteMask = 0xFF;
@@ -80,16 +82,10 @@ long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiB
 
 // ---- Bytes and ranges ----
 
-CMapWriter::CMapWriter(CZorEdidMap& oMap, const SImageFacts& oFacts)
-    : m_oMap(oMap), m_oFacts(oFacts), m_aoOpen(), m_uiDepth(0)
+CMapWriter::CMapWriter(SMapContent& oMap) : m_oMap(oMap), m_aoOpen(), m_uiDepth(0)
 {
-    m_aui8Free.SetCount(oMap.m_auiLeaves.GetCount() / gsc_uiBits, -1);
+    m_aui8Free.SetCount(oMap.GetBlockBytes(), -1);
     ZorTools_memset(m_aui8Free.GetData(), gsc_ui8WholeByte, m_aui8Free.GetCount());
-}
-
-SImageFacts CMapWriter::GetFacts(const CZorEdidMap& oMap)
-{
-    return { oMap.m_uiRevision, oMap.m_bDigital, oMap.m_bContinuous };
 }
 
 unsigned int CMapWriter::GetByte(unsigned int uiOffset) const
@@ -102,7 +98,7 @@ CRecord CMapWriter::GetRecord(unsigned int uiOffset, unsigned int uiLength) cons
     const unsigned int uiSize = m_oMap.GetSize();
     const unsigned int uiFirst = uiOffset < uiSize ? uiOffset : uiSize;
     const unsigned int uiLeft = uiSize - uiFirst;
-    return { m_oFacts, m_oMap.GetData() + uiFirst, uiLength < uiLeft ? uiLength : uiLeft };
+    return { GetFacts(), m_oMap.GetData() + uiFirst, uiLength < uiLeft ? uiLength : uiLeft };
 }
 
 // All blocks where no group is open.
@@ -124,7 +120,7 @@ CMapWriter::SRange CMapWriter::Clip(unsigned int uiOffset, unsigned int uiLength
 
 // ---- Groups ----
 
-unsigned int CMapWriter::AppendEntry(CZorEdidMap::SEntry& oEntry)
+unsigned int CMapWriter::AppendEntry(SEntry& oEntry)
 {
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_uiIndex = CZorEdidMap::msc_uiNone;
@@ -149,7 +145,7 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
     unsigned int uiField = CZorEdidMap::msc_uiNone;
     if (oRange.m_uiLength != 0)
     {
-        CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength, true } };
+        SEntry oEntry = { {}, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength, true } };
         CZorEdidMap::SField& oField = oEntry.m_oField;
         oField.m_pszName = pszName;
         oField.m_eKind = CZorEdidMap::eKind_Group;
@@ -205,8 +201,8 @@ void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
 // The fields of one group. What is left over has no number, as its place says all.
 void CMapWriter::NumberFields(unsigned int uiFirst, unsigned int uiEnd)
 {
-    CZorEdidMap::SEntry* poEntries = m_oMap.m_aoEntries.GetData(); // up to uiEnd all are there
-    const auto fnCounts = [](const CZorEdidMap::SEntry& oEntry) {
+    SEntry* poEntries = m_oMap.m_aoEntries.GetData(); // up to uiEnd all are there
+    const auto fnCounts = [](const SEntry& oEntry) {
         const CZorEdidMap::SField& oField = oEntry.m_oField;
         return oEntry.m_oOrigin.m_bAlone && oField.m_uiIndex == CZorEdidMap::msc_uiNone &&
                oField.m_eKind != CZorEdidMap::eKind_Reserved && oField.m_eKind != CZorEdidMap::eKind_Unknown;
@@ -345,7 +341,7 @@ bool CMapWriter::IsFree(const SPieces& oPieces) const
 }
 
 // The pieces are free.
-unsigned int CMapWriter::AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces)
+unsigned int CMapWriter::AppendLeaf(SEntry& oEntry, const SPieces& oPieces)
 {
     unsigned int uiFirst = oPieces.m_aoPieces[0].m_uiOffset;
     unsigned int uiEnd = uiFirst;
@@ -440,8 +436,8 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
         return AddCutRow(oRow, oPieces);
     }
     const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
-    CZorEdidMap::SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord, uiRaw),
-                                   { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize(), false } };
+    SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord, uiRaw),
+                      { &oRow, nullptr, oRange.m_uiOffset, oRecord.GetSize(), false } };
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     NoteValue(uiField, oRow, oRecord, uiRaw);
     return uiField;
@@ -450,9 +446,9 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
 // Notes of a group that is still open are behind all notes of the fields ahead of it.
 bool CMapWriter::HasError(unsigned int uiGroup) const
 {
-    for (unsigned int i = m_oMap.GetNoteCount(); i > 0 && m_oMap.GetNote(i - 1).m_uiField >= uiGroup; --i)
+    for (unsigned int i = m_oMap.m_aoNotes.GetCount(); i > 0 && m_oMap.m_aoNotes[i - 1].m_uiField >= uiGroup; --i)
     {
-        const CZorEdidMap::SNote& oNote = m_oMap.GetNote(i - 1);
+        const CZorEdidMap::SNote& oNote = m_oMap.m_aoNotes[i - 1];
         if (oNote.m_uiField == uiGroup && oNote.m_eSeverity == CZorEdidMap::eSeverity_Error)
         {
             return true;
@@ -470,7 +466,7 @@ unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
     {
         return CZorEdidMap::msc_uiNone;
     }
-    CZorEdidMap::SEntry oEntry = {};
+    SEntry oEntry = {};
     oEntry.m_oField.m_pszName = oRow.m_pszName;
     oEntry.m_oField.m_eKind = CZorEdidMap::eKind_Unknown;
     oEntry.m_oField.m_eArea = CZorEdidMap::eArea_Unused;
@@ -512,7 +508,7 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
 void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
                          unsigned char ui8Mask)
 {
-    CZorEdidMap::SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength, false } };
+    SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength, false } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = pszName;
     oField.m_eKind = eKind;
@@ -541,7 +537,7 @@ unsigned int CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset
         return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiLength = uiOffset - uiFirst + 1;
-    CZorEdidMap::SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength, false } };
+    SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength, false } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = gsc_oChecksumRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
@@ -575,9 +571,9 @@ void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity,
 void CMapWriter::OrderNotes()
 {
     const CMArray<CZorEdidMap::SNote, const CZorEdidMap::SNote&> aoNotes = m_oMap.m_aoNotes;
-    CZorEdidMap::SEntry* const poEnd = m_oMap.m_aoEntries.GetData() + m_oMap.GetFieldCount();
+    SEntry* const poEnd = m_oMap.m_aoEntries.GetData() + m_oMap.GetFieldCount();
     unsigned int uiNext = 0;
-    for (CZorEdidMap::SEntry* poEntry = m_oMap.m_aoEntries.GetData(); poEntry != poEnd; ++poEntry)
+    for (SEntry* poEntry = m_oMap.m_aoEntries.GetData(); poEntry != poEnd; ++poEntry)
     {
         CZorEdidMap::SField& oField = poEntry->m_oField;
         oField.m_uiFirstNote = uiNext;
@@ -639,3 +635,4 @@ unsigned int CMapWriter::FindField(unsigned int uiOffset, unsigned int uiLength)
     }
     return uiFound;
 }
+} // namespace ZorMap

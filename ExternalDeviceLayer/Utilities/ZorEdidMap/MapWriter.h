@@ -9,16 +9,10 @@
 
 #pragma once
 
-#include "MapRows.h"
+#include "MapContent.h"
 
-// What the rows of an image may ask about it beyond their own record.
-struct SImageFacts
+namespace ZorMap
 {
-    unsigned int m_uiRevision = 0; // of E-EDID: 4 for 1.4
-    bool m_bDigital = false;
-    bool m_bContinuous = false; // a continuous frequency display, by 1.4
-};
-
 // The bytes that a table lies over. Bytes behind its end read as 0, so that a condition need not ask for the length
 // first.
 class CRecord
@@ -58,16 +52,12 @@ public:
     static constexpr unsigned int msc_uiMostDepth = 16;
 
     // Empties the map and fills it: the walk over all blocks. False when there are no bytes.
-    static bool Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned char* pui8Data);
-    // The name of the first row of the map's tables that was left out because another leaf had its bits: a fault of a
-    // table. Null for none.
-    static const char* GetOverlap(const CZorEdidMap& oMap) { return oMap.m_pszOverlap; }
+    static bool Write(SMapContent& oMap, unsigned int uiSize, const unsigned char* pui8Data);
 
-    CMapWriter(CZorEdidMap& oMap, const SImageFacts& oFacts);
+    explicit CMapWriter(SMapContent& oMap);
 
     // What the rows are asked with.
-    static SImageFacts GetFacts(const CZorEdidMap& oMap);
-    const SImageFacts& GetFacts() const { return m_oFacts; }
+    const SImageFacts& GetFacts() const { return m_oMap.m_oFacts; }
 
     // The bytes: a byte behind the image reads as 0, a record is cut at the end of the image.
     unsigned int GetByte(unsigned int uiOffset) const;
@@ -150,9 +140,9 @@ private:
 
     CZorEdidMap::SField& GetField(unsigned int uiField) { return m_oMap.m_aoEntries[uiField].m_oField; }
     bool HasField(unsigned int uiField) const { return uiField < m_oMap.GetFieldCount(); }
-    unsigned int AppendEntry(CZorEdidMap::SEntry& oEntry);
+    unsigned int AppendEntry(SEntry& oEntry);
     void TakeBits(const CZorEdidMap::SPiece& oPiece, unsigned int uiField);
-    unsigned int AppendLeaf(CZorEdidMap::SEntry& oEntry, const SPieces& oPieces);
+    unsigned int AppendLeaf(SEntry& oEntry, const SPieces& oPieces);
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
     bool HasError(unsigned int uiGroup) const;
@@ -166,8 +156,7 @@ private:
 
     bool IsFree(const SPieces& oPieces) const;
 
-    CZorEdidMap& m_oMap;
-    SImageFacts m_oFacts;
+    SMapContent& m_oMap;
     CMArray<unsigned char, const unsigned char&> m_aui8Free; // the bits of each byte that no leaf has yet
     SOpenGroup m_aoOpen[msc_uiMostDepth];
     unsigned int m_uiDepth; // how many are open
@@ -203,3 +192,4 @@ long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiB
 
 // Gives the timings of all fields that stand the numbers of the EDID classes; none in an image that they refuse.
 void NumberTimings(CMapWriter& oWriter, unsigned int uiSize);
+} // namespace ZorMap

@@ -2,44 +2,41 @@
 
 #include "ZorEdidMap.h"
 
+#include <new>
+
 #include "Cea861Bytes.h"
 #include "EdidBaseLayout.h"
 #include "EdidExtBlockDisplayID.h"
 #include "MapValue.h"
 #include "ZorTools.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorMap;
 
-namespace
+CZorEdidMap::CZorEdidMap() : m_poContent(new (CMAllocator().Alloc(sizeof(SMapContent))) SMapContent) {}
+CZorEdidMap::~CZorEdidMap()
 {
-constexpr unsigned int gsc_uiContinuousMask = 0x01; // of the features
-} // namespace
-
-CZorEdidMap::CZorEdidMap() : m_uiRevision(0), m_bDigital(false), m_bContinuous(false), m_pszOverlap(nullptr) {}
-CZorEdidMap::~CZorEdidMap() = default;
+    m_poContent->~SMapContent();
+    CMAllocator().Free(m_poContent);
+}
 
 int CZorEdidMap::Read(unsigned int uiSize, const unsigned char* pui8Data)
 {
-    return CMapWriter::Write(*this, uiSize, pui8Data) ? 1 : 0;
+    return CMapWriter::Write(*m_poContent, uiSize, pui8Data) ? 1 : 0;
 }
 
-const unsigned char* CZorEdidMap::GetData() const { return m_aui8Data.GetData(); }
-unsigned int CZorEdidMap::GetSize() const { return m_aui8Data.GetCount(); }
-unsigned int CZorEdidMap::GetFieldCount() const { return m_aoEntries.GetCount(); }
-const CZorEdidMap::SField& CZorEdidMap::GetField(unsigned int uiIndex) const { return m_aoEntries[uiIndex].m_oField; }
-const CZorEdidMap::SPiece& CZorEdidMap::GetPiece(unsigned int uiIndex) const { return m_aoPieces[uiIndex]; }
-unsigned int CZorEdidMap::GetNoteCount() const { return m_aoNotes.GetCount(); }
-const CZorEdidMap::SNote& CZorEdidMap::GetNote(unsigned int uiIndex) const { return m_aoNotes[uiIndex]; }
-
+const unsigned char* CZorEdidMap::GetData() const { return m_poContent->GetData(); }
+unsigned int CZorEdidMap::GetSize() const { return m_poContent->GetSize(); }
+unsigned int CZorEdidMap::GetFieldCount() const { return m_poContent->GetFieldCount(); }
+const CZorEdidMap::SField& CZorEdidMap::GetField(unsigned int uiIndex) const { return m_poContent->GetField(uiIndex); }
+const CZorEdidMap::SPiece& CZorEdidMap::GetPiece(unsigned int uiIndex) const
+{
+    return m_poContent->m_aoPieces[uiIndex];
+}
+unsigned int CZorEdidMap::GetNoteCount() const { return m_poContent->m_aoNotes.GetCount(); }
+const CZorEdidMap::SNote& CZorEdidMap::GetNote(unsigned int uiIndex) const { return m_poContent->m_aoNotes[uiIndex]; }
 unsigned int CZorEdidMap::FindLeaf(unsigned int uiOffset, unsigned int uiBit) const
 {
-    if (uiOffset >= GetSize() || uiBit >= gsc_uiBits)
-    {
-        return msc_uiNone;
-    }
-    // Behind the blocks there is one leaf, the last field.
-    const unsigned int uiBlockBytes = m_auiLeaves.GetCount() / gsc_uiBits;
-    return uiOffset < uiBlockBytes ? m_auiLeaves[uiOffset * gsc_uiBits + uiBit] : GetFieldCount() - 1;
+    return m_poContent->FindLeaf(uiOffset, uiBit);
 }
 
 CMString CZorEdidMap::GetValue(unsigned int uiField) const
@@ -49,13 +46,31 @@ CMString CZorEdidMap::GetValue(unsigned int uiField) const
         MASSERT_FAILED();
         return {};
     }
-    const SOrigin& oOrigin = m_aoEntries[uiField].m_oOrigin;
-    const SImageFacts oFacts = CMapWriter::GetFacts(*this);
-    const CRecord oRecord(oFacts, GetData() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
-    return FormatValue(*this, m_aoEntries[uiField].m_oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
+    const auto& [oField, oOrigin] = m_poContent->m_aoEntries[uiField];
+    const CRecord oRecord(m_poContent->m_oFacts, GetData() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
+    return FormatValue(*m_poContent, oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
 }
 
-bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned char* pui8Data)
+namespace ZorMap
+{
+using namespace EdidBaseLayout;
+
+namespace
+{
+constexpr unsigned int gsc_uiContinuousMask = 0x01; // of the features
+} // namespace
+
+// Past the blocks there is one leaf, the last field.
+unsigned int SMapContent::FindLeaf(unsigned int uiOffset, unsigned int uiBit) const
+{
+    if (uiOffset >= GetSize() || uiBit >= gsc_uiBits)
+    {
+        return CZorEdidMap::msc_uiNone;
+    }
+    return uiOffset < GetBlockBytes() ? m_auiLeaves[uiOffset * gsc_uiBits + uiBit] : GetFieldCount() - 1;
+}
+
+bool CMapWriter::Write(SMapContent& oMap, unsigned int uiSize, const unsigned char* pui8Data)
 {
     const bool bGood = uiSize != 0 && uiSize <= INT_MAX && pui8Data != nullptr;
     CMArray<unsigned char, const unsigned char&> aui8Data; // ahead of the old bytes' end, which these may be
@@ -85,17 +100,15 @@ bool CMapWriter::Write(CZorEdidMap& oMap, unsigned int uiSize, const unsigned ch
     oMap.m_auiLeaves.SetCount(uiBlockBytes * gsc_uiBits, -1);
 
     const auto fnByte = [&](unsigned int uiOffset) { return uiOffset < uiSize ? aui8Data[uiOffset] : 0U; };
-    oMap.m_uiRevision = fnByte(gsc_uiRevisionOffset);
-    oMap.m_bDigital = (fnByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask) != 0;
-    oMap.m_bContinuous = (fnByte(gsc_uiFeaturesOffset) & gsc_uiContinuousMask) != 0;
-    CMapWriter oWriter(oMap, GetFacts(oMap));
-    oWriter.WriteBlocks();
+    oMap.m_oFacts = { fnByte(gsc_uiRevisionOffset), (fnByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask) != 0,
+                      (fnByte(gsc_uiFeaturesOffset) & gsc_uiContinuousMask) != 0 };
+    CMapWriter(oMap).WriteBlocks();
     return true;
 }
 
 void CMapWriter::WriteBlocks()
 {
-    const unsigned int uiBlockBytes = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits;
+    const unsigned int uiBlockBytes = m_oMap.GetBlockBytes();
     for (unsigned int uiOffset = 0; uiOffset < uiBlockBytes; uiOffset += msc_uiBlockSize)
     {
         const unsigned int uiLeft = uiBlockBytes - uiOffset;
@@ -131,13 +144,13 @@ void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
 // What lies behind the blocks has no place in the list of bits.
 void CMapWriter::WriteTail()
 {
-    const unsigned int uiFirst = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits;
+    const unsigned int uiFirst = m_oMap.GetBlockBytes();
     const unsigned int uiLength = m_oMap.GetSize() - uiFirst;
     if (uiLength == 0)
     {
         return;
     }
-    CZorEdidMap::SEntry oEntry = {};
+    SEntry oEntry = {};
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_pszName = "Bytes behind the blocks";
     oField.m_uiOffset = uiFirst;
@@ -160,7 +173,7 @@ void CMapWriter::NoteBlockCount()
     }
     const unsigned int uiPlace = FindExtensionCount(m_oMap.GetData(), m_oMap.GetSize());
     const unsigned int uiAnnounced = GetByte(uiPlace);
-    const unsigned int uiThere = m_oMap.m_auiLeaves.GetCount() / gsc_uiBits / msc_uiBlockSize - 1;
+    const unsigned int uiThere = m_oMap.GetBlockBytes() / msc_uiBlockSize - 1;
     if (uiThere < uiAnnounced)
     {
         AddNote(m_oMap.FindLeaf(uiPlace, 0), CZorEdidMap::eSeverity_Error, "fewer extension blocks follow");
@@ -173,3 +186,4 @@ void CMapWriter::NoteBlockCount()
         }
     }
 }
+} // namespace ZorMap

@@ -6,8 +6,10 @@
 
 #include "ZorMFCTypes.h"
 
-struct SRow;
-struct STable;
+namespace ZorMap
+{
+struct SMapContent;
+}
 
 #pragma GCC visibility push(default)
 
@@ -150,32 +152,7 @@ public:
     static const char* GetBlockKind(unsigned int uiTag);
 
 private:
-    friend class CMapWriter;
-
-    // What GetValue makes the text from: the row of a leaf or the table of a group, and the bytes that it lay over.
-    struct SOrigin
-    {
-        const SRow* m_poRow;     // null for a group and for a leaf that no row describes
-        const STable* m_poTable; // null for a leaf and for a group without a table
-        unsigned int m_uiOffset;
-        unsigned int m_uiLength;
-        bool m_bAlone; // a group, or a leaf by itself: one of several maybe, unlike the rows of a table
-    };
-    struct SEntry
-    {
-        SField m_oField;
-        SOrigin m_oOrigin;
-    };
-
-    CMArray<unsigned char, const unsigned char&> m_aui8Data;
-    CMArray<SEntry, const SEntry&> m_aoEntries;
-    CMArray<SPiece, const SPiece&> m_aoPieces;
-    CMArray<SNote, const SNote&> m_aoNotes;
-    CMArray<unsigned int, const unsigned int&> m_auiLeaves; // of each bit of the blocks, bit 0 of a byte first
-    unsigned int m_uiRevision;                              // of E-EDID, as SImageFacts has it
-    bool m_bDigital;
-    bool m_bContinuous;
-    const char* m_pszOverlap; // name of the first row that was left out because another one had its bits
+    ZorMap::SMapContent* m_poContent; // owned, never null
 };
 
 #pragma GCC visibility pop

@@ -100,8 +100,8 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         {
             return "the place" + sWhere;
         }
-        if (oField.m_pszMeaning != nullptr && oField.m_pszMeaning != gsc_szReserved &&
-            std::string(oField.m_pszMeaning) == gsc_szReserved)
+        if (oField.m_pszMeaning != nullptr && oField.m_pszMeaning != ZorMap::gsc_szReserved &&
+            std::string(oField.m_pszMeaning) == ZorMap::gsc_szReserved)
         {
             return "a reserved value without its note" + sWhere;
         }
@@ -128,7 +128,9 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         return "notes of no field";
     }
     const auto itFree = std::ranges::find_if(aui8Taken, [](unsigned char ui8Bits) { return ui8Bits != 0xFF; });
-    const char* pszOverlap = CMapWriter::GetOverlap(oMap);
+    ZorMap::SMapContent oContent;
+    ZorMap::CMapWriter::Write(oContent, oMap.GetSize(), oMap.GetData());
+    const char* pszOverlap = oContent.m_pszOverlap;
     return itFree != aui8Taken.end() ? "byte " + std::to_string(itFree - aui8Taken.begin()) + " is in no leaf"
            : pszOverlap != nullptr   ? std::string("another row has the bits of ") + pszOverlap
                                      : "";

@@ -1,7 +1,5 @@
 # What every target of the project has in common: language level, warnings, sanitizers.
 
-include(GNUInstallDirs)
-
 set(ZOREDID_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast)
 
 function(zor_target_defaults target)
@@ -30,22 +28,54 @@ function(zor_target_defaults target)
   endif()
 endfunction()
 
-# A static library of one layer. cmake/ZorEdidInstall.cmake makes the installed libraries of the same objects.
+# The objects of one layer.
 #   HEADERS          the public headers, which are installed; the target all_verify_interface_header_sets compiles each
 #                    of them alone
-#   PUBLIC_INCLUDES  the folders that callers may include from; each public header stands below one of them
+#   PUBLIC_INCLUDES  the folders that callers may include from; each public header is in or below one of them
+#   LINKS            the layers below, whose headers it includes
 function(zor_add_library target)
   cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;PUBLIC_INCLUDES;LINKS" ${ARGN})
-  add_library(${target} STATIC ${ARG_SOURCES})
+  add_library(${target} OBJECT ${ARG_SOURCES})
   zor_target_defaults(${target})
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${ARG_PUBLIC_INCLUDES} FILES ${ARG_HEADERS})
-  # For the CMake of a user that is older than file sets (3.23).
-  target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZorEdid>)
   target_link_libraries(${target} PUBLIC ${ARG_LINKS})
-  # Only what the public headers declare leaves a shared library: each stands between visibility push and pop.
+  # A shared library exports only what the public headers declare between visibility push and pop.
   set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   # Position-independent code of g++ leaves its own functions open to replacement, and so inlines none of them: 8 % of a
   # load. clang inlines them anyway.
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
-  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON VERIFY_INTERFACE_HEADER_SETS ON)
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON
+                                             VERIFY_INTERFACE_HEADER_SETS ${PROJECT_IS_TOP_LEVEL})
+endfunction()
+
+# A library for users, made of the objects of layers: static or, with BUILD_SHARED_LIBS, shared.
+#   NAME           of the file, without "lib"
+#   LAYERS         the layers, whose public headers it takes as well
+#   LINKS          what a program has to link, too
+#   PRIVATE_LINKS  what the library itself needs
+# Programs of the project link TARGET_internals. A static build gives them the same archive. A shared library hides what
+# they use of private headers, so they get the objects.
+function(zor_combine target)
+  cmake_parse_arguments(ARG "" "NAME" "LAYERS;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(${target})
+  add_library(${target}_internals INTERFACE)
+  zor_target_defaults(${target})
+  foreach(layer IN LISTS ARG_LAYERS)
+    get_target_property(headers ${layer} HEADER_SET)
+    get_target_property(folders ${layer} HEADER_DIRS)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${layer}>
+                             PUBLIC FILE_SET HEADERS BASE_DIRS ${folders} FILES ${headers})
+  endforeach()
+  target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  if(BUILD_SHARED_LIBS)
+    target_link_libraries(${target}_internals INTERFACE ${ARG_LAYERS} ${ARG_PRIVATE_LINKS})
+  else()
+    target_link_libraries(${target}_internals INTERFACE ${target})
+  endif()
+  if(NOT ZOREDID_SANITIZE) # the sanitizers' runtime is in the program
+    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+  endif()
+  # Versions that differ in the second number are not exchangeable, and so the soname has both.
+  set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME ${ARG_NAME} VERSION ${PROJECT_VERSION}
+                                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 endfunction()

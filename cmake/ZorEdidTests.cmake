@@ -28,7 +28,7 @@ function(zor_add_test target)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/ExternalDeviceLayer/Tests/UnitTests/Support")
   target_compile_definitions(${target} PRIVATE ZOREDID_SHARED_DIR="${ZOREDID_SHARED_DIR}"
                                                ZOREDID_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${target} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  target_link_libraries(${target} PRIVATE ${ARG_LINKS} ZorEdid_internals GTest::gmock GTest::gtest_main)
   zor_test_headers(${target})
   gtest_discover_tests(${target} TEST_PREFIX "${target}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()

@@ -91,7 +91,7 @@ void DeclareConvertOptions(COptions& oCommand, STool& oTool)
         .Placeholder("OUT");
     oCommand
         .Word("--form", poOptions->m_sForm,
-              "Without it, the ending of OUT tells: .bin .xxd .hex .c .h .b64 .base64 .dat")
+              "Without it, the ending of OUT decides: .bin .xxd .hex .c .h .b64 .base64 .dat")
         .OneOf(asForms);
     oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
     oCommand.Footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");

@@ -51,7 +51,7 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
     // Sections of the man page come from here, by scripts/make-man.
     oProgram.Footer("Exit status:\n"
                     "  0  good\n"
-                    "  1  compare: different. check: errors or warnings. edit: refused. timing: there is none.\n"
+                    "  1  compare: different. check: errors or warnings. edit: refused. timing: no such timing.\n"
                     "     explain: no such byte, block or text.\n"
                     "  2  the command line is wrong\n"
                     "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are\n"

@@ -198,7 +198,7 @@ bool AppendExtensions(const CEdid& oEdid, CVidParamTimingGeneric& oTiming, CMode
     return true;
 }
 
-// What ExtractModeList does ahead of sorting.
+// What ExtractModeList does before sorting.
 bool CollectModes(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeList& oEstablishedVesa,
                   CModeList& oEstablishedAll, CModeList& oBaseStandard, CModeList& oBaseDetailed,
                   CModeList& oExtStandardNative, CModeList& oExtStandard, CModeList& oExtDetailed)
@@ -225,12 +225,12 @@ bool CollectModes(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred, CModeL
 
 // ---- Order ----
 
-// Where a mode stands in sorted order: by the keys of SortVidParam, larger values first, and equals as they stood.
+// The place of a mode in sorted order: by the keys of SortVidParam, larger values first, equals in their old order.
 struct SPlace
 {
     unsigned long long m_ullSize;         // width and height, inverted
     unsigned long long m_ullRateAndClock; // hertz and kilohertz, inverted
-    unsigned int m_uiBefore;              // place ahead of sorting
+    unsigned int m_uiBefore;              // place before sorting
     const CVidParamTimingGeneric* m_poTiming;
 
     bool operator<(const SPlace& oOther) const

@@ -4,7 +4,7 @@
 //
 // Results are 1 for success and 0 for failure. A report is a CMArrayString: each element is the caller's line prefix
 // followed by one element of the report. Elements do not always end in a line feed, and some are nothing but one; the
-// caller decides what stands between them when it prints (the tools of this project print one element a line).
+// caller decides what separates them when it prints (the tools of this project print one element a line).
 // Elements of a report may share buffers; all of them belong to one thread.
 // A line prefix must not be null; it may be an element of the lines that the report replaces.
 //
@@ -39,7 +39,7 @@ public:
     // ---- Files ----
 
     // Reads an EDID image into oData; the bytes are not parsed or tested, and are in the form that CEdid::SetEdidBuffer
-    // takes. The kind of the file is told by its path, in any case and anywhere in the path: ".bin" means a raw image,
+    // takes. The path decides the kind of the file, in any case and anywhere in the path: ".bin" means a raw image,
     // else ".dat" a text table, and the loader of that kind empties oData first. A path with neither leaves oData alone
     // and gives 0 with an assertion line; a loader that fails gives the same.
     static int ExtractEdidFromFile(CMString oPath, CByteArray& oData);
@@ -50,7 +50,7 @@ public:
     static int ExtractEdidFromBinFile(CMString oPath, CByteArray& oData);
 
     // A text table. Leading lines are skipped up to the marker line, which begins with 8 blanks and 40 underscores.
-    // Each line behind it is a row: label, bar, two characters, then cells of two hexadecimal digits and two characters
+    // Each line after it is a row: label, bar, two characters, then cells of two hexadecimal digits and two characters
     // between them:
     //
     //             ________________________________________
@@ -58,7 +58,7 @@ public:
     //
     // The first line without a bar ends the table. A cell of blanks holds no byte, a cell without a digit the byte 0.
     // Lines are read in pieces of at most 2047 characters, and each piece counts as a line. A NUL ends its line: a bar
-    // or a cell behind it does not count.
+    // or a cell after it does not count.
     // 0 for an empty path, a folder, a device, a file that does not open, has no marker line or ends with the marker
     // and no line feed, and a read error. A pipe is read to its end.
     // A table whose size is not a multiple of 128 bytes prints a message on standard output and gives 0; oData then
@@ -69,7 +69,7 @@ public:
 
     // Order of the mode lists, for CMArray::SortElements: 1 when oFirst is the smaller, -1 when it is the larger, 0 for
     // equals, so that a sorted list begins with the largest. Keys: width, height, vertical rate in hertz, clock in kHz.
-    // Interlacing is no key. ulContext is not used.
+    // Interlacing is not a key. ulContext is not used.
     static int SortVidParam(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond,
                             unsigned long ulContext);
 
@@ -82,7 +82,7 @@ public:
     // Fills the seven lists and the preferred mode from an EDID. All lists but oExtStandard are emptied first and
     // sorted at the end by SortVidParam; oExtStandard is appended to and stays in the order of the blocks.
     //   oPreferred          the first detailed timing of the base block
-    //   oEstablishedVesa    established timings that a VESA table defines; they stand in oEstablishedAll too
+    //   oEstablishedVesa    established timings that a VESA table defines; also in oEstablishedAll
     //   oEstablishedAll     all established timings
     //   oBaseStandard       standard timings of the base block
     //   oBaseDetailed       detailed timings of the base block

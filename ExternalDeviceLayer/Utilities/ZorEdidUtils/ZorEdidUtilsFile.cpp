@@ -97,7 +97,7 @@ int CZorEdidUtils::ExtractEdidFromBinFile(CMString oPath, CByteArray& oData)
 namespace
 {
 // What has no lines and perhaps no end: a folder, or a device such as /dev/zero. A pipe is read to its end like a file.
-// Asked ahead of opening, which may already act on a device.
+// Asked before opening, which may already act on a device.
 bool IsFolderOrDevice(const CMString& oPath)
 {
     struct stat oStatus;

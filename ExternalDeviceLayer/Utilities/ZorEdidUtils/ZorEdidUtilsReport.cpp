@@ -1,4 +1,4 @@
-// The monitor report, section by section in printed order. What the extended report adds to it stands in
+// The monitor report, section by section in printed order. What the extended report adds to it is in
 // ZorEdidUtilsReportExt.cpp.
 
 #include "ZorEdidUtils.h"

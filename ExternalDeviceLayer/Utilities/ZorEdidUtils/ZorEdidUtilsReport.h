@@ -12,7 +12,7 @@ inline constexpr unsigned int gsc_uiCeaExtensionTag = 2; // of an extension bloc
 // Appends all fields of a timing as the full form of CZorEdidUtils::GetFormatedVideoParam has them.
 CTextLine& AppendAllFields(CTextLine& oLine, const SVidParamGenericData& oData);
 
-// Collects the elements of a report, each behind the line prefix.
+// Collects the elements of a report, each after the line prefix.
 class CReportLines
 {
 public:
@@ -64,8 +64,8 @@ inline SReportedModes GetReportedModes(const SModes& oModes)
              oModes.m_oBaseDetailed, oModes.m_oExtStandard,     oModes.m_oExtDetailed };
 }
 
-// What the short forms of both reports open with. False, with an assertion line and no lines, where there are no modes
-// to report; on success the lines are left alone, since the prefix may be one of them.
+// What the short forms of both reports open with. False, with an assertion line and no lines, where the EDID has no
+// modes to report; on success the lines are left alone, since the prefix may be one of them.
 bool ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines);
 
 // The monitor report. Refers to its arguments, which must outlive it.
@@ -86,14 +86,14 @@ public:
 protected:
     ~CMonitorReport() = default;
 
-    // Where the two reports differ: a line behind the signal type, the type of a block, lines behind a block's
+    // Where the two reports differ: a line after the signal type, the type of a block, lines after a block's
     // checksum, and timings at the head of those of the extension blocks.
     virtual void AddDigitalInterface() = 0;
     virtual CMString GetTypeText(const CEdidExtBlock& oBlock) = 0;
     virtual void AddBlockDigest(const CEdidExtBlock& oBlock) = 0;
     virtual void AddExtStandardNative() = 0;
 
-    // One element for each timing: size, rate and the mark behind them.
+    // One element for each timing: size, rate, then the mark.
     void AddTimings(const CZorEdidUtils::CModeList& oTimings, const char* pszMark);
 
     const CEdid& m_oEdid;

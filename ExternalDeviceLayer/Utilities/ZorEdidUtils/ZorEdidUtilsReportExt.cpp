@@ -250,7 +250,7 @@ constexpr SNamedBit gsc_aoSpeakers[] = {
     { 0x400, "      - Front center high" },
 };
 
-// The count has no spacer behind it; each entry has one, with or without positions.
+// No spacer follows the count; one follows each entry, with or without positions.
 void AddSpeakers(CReportLines& oReport, const CEdidExtBlockCEA861& oBlock)
 {
     oReport.Add(CTextLine("      Speaker descriptor count :      ").Decimal(oBlock.GetSpeakerDescriptorCount()));

@@ -19,14 +19,15 @@ constexpr size_t gsc_uiCellDistance = 4;
 constexpr size_t gsc_uiCellLength = 2;
 constexpr int gsc_iCellBase = 16;
 
-// Reads one line or as much of it as fits. False at the end of the file, and at a read error, which ferror tells apart.
+// Reads one line or as much of it as fits. False at the end of the file, and at a read error; ferror distinguishes
+// them.
 bool ReadLine(FILE* poFile, char (&szLine)[gsc_iLineBufferSize])
 {
     return fgets(szLine, gsc_iLineBufferSize, poFile) != nullptr;
 }
 
 // Whether the line just read ends the file without a line feed. One that fills the buffer is read before the end of the
-// file shows, so the next character is looked at. A NUL may stand in front of the line feed.
+// file shows, so the next character is looked at. A NUL may precede the line feed.
 bool EndsFileWithoutLineFeed(FILE* poFile, const char (&szLine)[gsc_iLineBufferSize])
 {
     if (feof(poFile) != 0)
@@ -82,7 +83,7 @@ void AppendCell(const char* pszText, CZorEdidUtils::CByteArray& oBytes)
     }
 }
 
-// Appends the bytes of a row. False for a line without a bar, which is no row.
+// Appends the bytes of a row. False for a line without a bar, which is not a row.
 bool AppendRow(const char* pszLine, CZorEdidUtils::CByteArray& oBytes)
 {
     const char* pcBar = strchr(pszLine, '|');

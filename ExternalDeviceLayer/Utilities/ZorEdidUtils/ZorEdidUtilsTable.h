@@ -1,4 +1,4 @@
-// The reader of text tables without the file around it: it opens nothing and prints nothing. The form is told in
+// The reader of text tables without the file around it: it opens nothing and prints nothing. The form is described in
 // ZorEdidUtils.h, at ExtractEdidFromDatFile. Private to the project, which reads tables from memory with it, too.
 
 #pragma once
@@ -7,10 +7,10 @@
 
 #include "ZorEdidUtils.h"
 
-// The line ahead of the rows begins with it: 8 blanks, 40 underscores.
+// The line before the rows begins with it: 8 blanks, 40 underscores.
 inline constexpr char gsc_szEdidTableMarker[] = "        ________________________________________";
 
-// Reads from where poFile stands to the line behind the table and replaces oData by the bytes, of whatever number.
-// False when there is no marker line, or it ends the file without a line feed; oData is then left alone. False also
+// Reads from the position of poFile to the line after the table and replaces oData by the bytes, of whatever number.
+// False without a marker line, or when it ends the file without a line feed; oData is then left alone. False also
 // when reading failed; oData then holds the bytes in front of that place.
 bool ReadEdidTable(FILE* poFile, CZorEdidUtils::CByteArray& oData);

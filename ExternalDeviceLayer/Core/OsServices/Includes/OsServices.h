@@ -4,7 +4,7 @@
 // zor_os_messages). The other members come from the target zor_os_services, which also links threads and libpci.
 //
 // Results: 1 for success and 0 for failure unless stated otherwise. Timeouts are milliseconds, gsc_uiOsServicesNoLimit
-// stands for no limit. Null handles and system calls that must not fail stop the process (OsServicesClient.h).
+// means no limit. Null handles and system calls that must not fail stop the process (OsServicesClient.h).
 
 #pragma once
 
@@ -82,7 +82,7 @@ public:
     // Second field of the head, 0 at start.
     static void SetMsgReferenceId(unsigned long uiId);
 
-    // The part of a path behind its last slash or backslash, as a pointer into pszPath. A separator that is the very
+    // The part of a path after its last slash or backslash, as a pointer into pszPath. A separator that is the very
     // first character does not count; a path that ends in a separator gives an empty text.
     static const char* GetFileNameOnlySubSring(const char* pszPath);
 
@@ -103,7 +103,7 @@ public:
 
     // ---- Memory and copies. Needs no object. ----
 
-    // Owned by the caller until PagedMemory_Free. Null when there is no memory.
+    // Owned by the caller until PagedMemory_Free. Null when memory runs out.
     static void* PagedMemory_Alloc(unsigned long uiSize);
     // Null is allowed.
     static void PagedMemory_Free(void* pMemory);
@@ -145,10 +145,9 @@ public:
     static void StackTrace_Print(SStackTrace* hStackTrace);
     static void StackTrace_Dump();
 
-    // ---- Handles. Create makes one and stores it, or gives 0 and stores null with no memory held. ----
-    // Only when there is no memory for the handle itself does Create throw std::bad_alloc; the caller's handle then
-    // stays as it was. The caller owns a handle until Destroy, which frees it; no other thread may be inside an
-    // operation on it then.
+    // ---- Handles. Create makes one and stores it, or gives 0 and stores null with no memory held. ---- Create throws
+    // only when memory for the handle itself runs out: std::bad_alloc; the caller's handle then stays as it was. The
+    // caller owns a handle until Destroy, which frees it; no other thread may be inside an operation on it then.
 
     // Starts a thread that runs pfnThreadFunction(pvContext); what that returns is dropped.
     int CpuThread_Create(unsigned int (*pfnThreadFunction)(void*), void* pvContext, SHCpuThread*& hCpuThread);

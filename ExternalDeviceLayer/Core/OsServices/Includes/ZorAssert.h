@@ -1,6 +1,6 @@
 // The one guard macro of the library. A guard reports and goes on: it never stops the program.
 //
-// Use it behind a test that has already failed, then return the function's own refusal value:
+// Use it after a test that has already failed, then return the function's own refusal value:
 //
 //     if (pui8Data == nullptr)
 //     {

@@ -1,4 +1,4 @@
-// The OsServices object, and its services for time, memory, doubles, random numbers and stack traces. Messages stand in
+// The OsServices object, and its services for time, memory, doubles, random numbers and stack traces. Messages are in
 // OsServicesMessages.cpp, threads and locks in OsServicesSync.cpp.
 
 #include "OsServices.h"

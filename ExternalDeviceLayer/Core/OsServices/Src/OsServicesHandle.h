@@ -6,7 +6,7 @@
 #include <new>
 
 // Gives the handle its memory and lets the client's fnCreate make the record in it. On a result of 0 the memory is
-// given back and the handle is null. Throws std::bad_alloc, with the handle left alone, when there is no memory for it.
+// given back and the handle is null. Throws std::bad_alloc, with the handle left alone, when memory for it runs out.
 template <class HANDLE, class CREATE>
 int CreateHandle(HANDLE*& hHandle, unsigned int uiHandleSize, CREATE fnCreate)
 {

@@ -1,5 +1,5 @@
 // The message members of OsServices: gates, line head, and the hand-over to the writer.
-// The members that need an object stand in OsServices.cpp.
+// The members that need an object are in OsServices.cpp.
 
 #include "OsServices.h"
 
@@ -84,7 +84,7 @@ void OsServices::SetMsgReferenceId(unsigned long uiId) { ms_uiReferenceId = uiId
 
 const char* OsServices::GetFileNameOnlySubSring(const char* pszPath)
 {
-    // Position 0 is left out: a path whose only separator stands in front comes back whole.
+    // Position 0 is left out: a path whose only separator is its first character comes back whole.
     for (unsigned int i = ZorTools_strlen(pszPath); i > 1; --i)
     {
         const char c = pszPath[i - 1];

@@ -1,5 +1,5 @@
 // The handle members of OsServices: threads, spin locks, mutexes, events, signals. Memory and the way to a host are
-// decided here; what the operations do is in the client. The other members stand in OsServices.cpp.
+// decided here; what the operations do is in the client. The other members are in OsServices.cpp.
 
 #include "OsServices.h"
 

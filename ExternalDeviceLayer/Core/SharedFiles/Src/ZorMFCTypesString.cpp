@@ -1,4 +1,4 @@
-// CMString: buffers, sharing, searching, changing. Formatting stands in ZorMFCTypesStringFormat.cpp, the iterator in
+// CMString: buffers, sharing, searching, changing. Formatting is in ZorMFCTypesStringFormat.cpp, the iterator in
 // ZorMFCTypesStringIterator.cpp.
 
 #include "ZorMFCTypes/CMString.h"
@@ -258,7 +258,7 @@ void CMString::ConcatInPlace(int iLength, const char* pszText)
     const int iOldLength = poOld->m_iDataLength;
     if (poOld->m_iRefs < 2 && iLength <= poOld->m_iAllocLength - iOldLength)
     {
-        MoveChars(m_pszData + iOldLength, pszText, iLength); // pszText may lie behind the end, in this very buffer
+        MoveChars(m_pszData + iOldLength, pszText, iLength); // pszText may lie past the end, in this very buffer
         SetLength(iOldLength + iLength);
         return;
     }
@@ -526,7 +526,7 @@ int CMString::Insert(int iIndex, const char* pszText)
     {
         return GetLength();
     }
-    // Behind the end, too: what a longer text left there moves as well.
+    // Past the end, too: what a longer text left there moves as well.
     const bool bIsOwnText = std::greater_equal<const char*>()(pszText, m_pszData) &&
                             std::less_equal<const char*>()(pszText, m_pszData + GetAllocLength());
     if (bIsOwnText)

@@ -22,7 +22,7 @@ struct SItem
     int m_iWidth;
     int m_iPrecision; // 0 counts as none for texts
     ESizeClass m_eClass;
-    char m_cConversion; // NUL where the format ends behind a '%'
+    char m_cConversion; // NUL where the format ends after a '%'
 };
 
 constexpr int gsc_iCharLength = 2;
@@ -146,7 +146,7 @@ long long FitText(const SItem& oItem, int iLength)
     return std::max(bIsWhole ? iLength : oItem.m_iPrecision, oItem.m_iWidth);
 }
 
-// ZorTools_strlen or ZorTools_wcslen, but at least 1 and at most what a length can be; the stand-in for null.
+// ZorTools_strlen or ZorTools_wcslen, but at least 1 and at most what a length can be; "(null)" replaces null.
 template <class TYPE>
 int TextLength(const TYPE* pText, unsigned int (*pfnLength)(const TYPE*))
 {

@@ -70,7 +70,7 @@ public:
     int GetBottomFieldFirst() const { return IsFlagSet(eFlag_BottomFieldFirst) ? 1 : 0; }
     void SetBottomFieldFirst(int bBottomFieldFirst) { SetFlag(eFlag_BottomFieldFirst, bBottomFieldFirst); }
 
-    // Zeroes the record and the family. 4:2:0 and 3D are no part of the record and stay until they are set again.
+    // Zeroes the record and the family. 4:2:0 and 3D are not part of the record and stay until they are set again.
     void ClearData() override;
 
     unsigned int GetHorizontalActive() const override { return m_oVidParam.uiHorizontalActive; }

@@ -12,7 +12,7 @@ using namespace VidParamTable;
 
 // Video identification codes as published in CEA-861-F, without the codes 6 to 13, 21 to 28, 44, 45, 50, 51, 54, 55, 58
 // and 59. Pixels, lines, kHz; rates are whole hertz, truncated, and frame rates in interlaced rows. A mode published
-// for two rates stands at the higher one. Values that depart from the published ones are marked.
+// for two rates has the higher one here. Values that depart from the published ones are marked.
 // clang-format off
 constexpr CVidParamCea::SCeaVidParam CVidParamCea::msc_aoCea861FTable[] = {
     // vic    active    rate clock kHz  h front sync back v front sync back flags
@@ -165,7 +165,7 @@ constexpr bool IsRisingByVic()
     return true;
 }
 static_assert(std::size(CVidParamCea::msc_aoCea861FTable) == 129, "83 codes and 46 variants of them");
-static_assert(IsRisingByVic(), "rows stand in rising key order, so that no key has a second row");
+static_assert(IsRisingByVic(), "rows are in rising key order, so that no key has a second row");
 
 constexpr CRowIndex gsc_oIndex(CVidParamCea::msc_aoCea861FTable);
 static_assert(gsc_oIndex.FindsEachRow(CVidParamCea::msc_aoCea861FTable));
@@ -177,7 +177,8 @@ constexpr unsigned int gsc_uiCodeCount = 128;
 constexpr unsigned char gsc_ui8NoRow = 0xFF;
 static_assert(CVidParamCea::msc_uiCea861FRowCount < gsc_ui8NoRow);
 
-// Where the row number of a key stands; the last place, which no code has, for a key that the table cannot hold.
+// The place that holds the row number of a key; the last place, which no code has, for a key that the table cannot
+// hold.
 constexpr unsigned int PlaceOfVic(unsigned int uiVic)
 {
     if (uiVic < gsc_uiCodeCount)
@@ -252,7 +253,7 @@ bool HasFlag(const SRow& oRow, unsigned int uiMask, bool bExpected)
     return ((oRow.uiFlags & uiMask) != 0) == bExpected;
 }
 
-// Exact equality of every column, the clock being the one that the link runs at.
+// Exact equality of every column; the clock is that of the link.
 bool IsSameTiming(const SRow& oRow, const CVidParamTiming& oTiming)
 {
     return oRow.uiHorizontalActive == oTiming.GetHorizontalActive() &&

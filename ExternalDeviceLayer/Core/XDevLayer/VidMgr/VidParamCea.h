@@ -1,7 +1,7 @@
 // The video modes of CTA-861 (as of CEA-861-F) by their video identification code (VIC): look-up by code, by size and
 // rate, and from a timing back to its code.
 //
-// A key n + 1000 is the 1000/1001 variant of VIC n. Such keys exist only in this table; they never stand in an EDID.
+// A key n + 1000 is the 1000/1001 variant of VIC n. Such keys exist only in this table, never in an EDID.
 // Searches are linear over constant rows, allocate nothing, and may run on several threads at once.
 
 #pragma once
@@ -21,7 +21,7 @@ public:
         eScanTypeInterlaced = 2,
     };
 
-    // Pixels, lines, kHz, whole Hz (truncated: 59.94 stands as 59). Interlaced rows hold the frame height, the frame
+    // Pixels, lines, kHz, whole Hz (truncated: 59.94 is 59). Interlaced rows hold the frame height, the frame
     // rate and the vertical blanking of one field.
     struct SCeaVidParam
     {

@@ -106,7 +106,7 @@ unsigned int CountStandardClockSteps(unsigned int uiHorizontalActive, unsigned i
         gsc_uiClockStepInTenKiloHz);
 }
 
-// False when nothing is computed: the parts of the line or the frame do not stand in their order.
+// False when nothing is computed: the parts of the line or the frame are out of order.
 bool ComputeStandardBlanking(unsigned int uiHorizontalActive, unsigned int uiVerticalActive,
                              unsigned int uiVerticalRateInHz, SCvtTiming& oResult)
 {
@@ -152,7 +152,7 @@ SCvtTiming ComputeReducedBlanking(unsigned int uiHorizontalActive, unsigned int 
 {
     const unsigned int uiVSync = CVidParamCvt::GetVSyncLines(uiHorizontalActive, uiVerticalActive);
 
-    // Unlike standard blanking: the field period is rounded, and the front porch is no part of the divisor.
+    // Unlike standard blanking: the field period is rounded, and the front porch is not part of the divisor.
     const unsigned int uiFieldPeriod = ZorTools_RoundedDivision(gsc_uiNanosecondsPerSecond, uiVerticalRateInHz);
     const unsigned int uiLinePeriod =
         ZorTools_RoundedDivision(uiFieldPeriod - gsc_uiReducedMinVerticalBlankTime, uiVerticalActive); // ns

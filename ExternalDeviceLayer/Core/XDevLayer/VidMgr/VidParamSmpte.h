@@ -10,7 +10,7 @@ class CVidParamTiming;
 class CVidParamSmpte
 {
 public:
-    // Pixels, lines, kHz, whole Hz (truncated: 59.94 stands as 59).
+    // Pixels, lines, kHz, whole Hz (truncated: 59.94 is 59).
     struct SSmpteVidParam
     {
         unsigned int uiRowNumber; // 1 to 10, for the reader of the table only

@@ -48,7 +48,7 @@ struct SFilter
     }
 };
 
-// Where the rows of one size and rate stand in a table: chains of rows in table order, one for each value of a hash.
+// The rows of one size and rate in a table: chains of rows in table order, one for each value of a hash.
 // The compiler derives it from the rows; nothing is built at run time. A search that asks for size and rate then looks
 // at five rows at most instead of all (88 rows: 6 ns instead of 60).
 template <unsigned int COUNT>
@@ -94,7 +94,7 @@ public:
         return uiLongest;
     }
 
-    // Each row is in the chain of its own size and rate, behind the rows ahead of it in the table.
+    // Each row is in the chain of its own size and rate, after the rows before it in the table.
     template <class ROW>
     constexpr bool FindsEachRow(const ROW (&aoRows)[COUNT]) const
     {
@@ -155,7 +155,7 @@ constexpr const ROW* FindRow(const ROW (&aoRows)[COUNT], const CRowIndex<COUNT>&
     return nullptr;
 }
 
-// Fills oTiming from a row. The line rate is in no table: it is derived, once sizes and clock stand.
+// Fills oTiming from a row. No table has the line rate: it is derived once sizes and clock are set.
 template <class ROW>
 void ConvertRow(const ROW& oRow, CVidParamTiming::EVidParamType eType, CVidParamTiming& oTiming)
 {

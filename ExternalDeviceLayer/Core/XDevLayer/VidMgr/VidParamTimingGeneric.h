@@ -8,7 +8,7 @@
 
 #pragma GCC visibility push(default)
 
-// The record behind CVidParamTimingGeneric. Plain data: all zero is the empty timing.
+// The record of CVidParamTimingGeneric. Plain data: all zero is the empty timing.
 struct SVidParamGenericData
 {
     unsigned int uiHorizontalActive;

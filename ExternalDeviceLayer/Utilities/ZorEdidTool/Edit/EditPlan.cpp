@@ -62,15 +62,16 @@ bool FindValue(const SNamedValue (&aoValues)[uiCount], const std::string& sName,
     return false;
 }
 
-template <size_t uiCount>
-std::string ListNames(const SNamedValue (&aoValues)[uiCount])
+// "unknown value 'x'; expected one of a, b": the names are those of the elements of a table.
+template <class TABLE>
+std::string RefuseName(const std::string& sName, const TABLE& aoTable)
 {
     std::string sNames;
-    for (const SNamedValue& oValue : aoValues)
+    for (const auto& oRow : aoTable)
     {
-        sNames += (sNames.empty() ? "" : " ") + std::string(oValue.m_pszName);
+        sNames += (sNames.empty() ? "" : ", ") + std::string(oRow.m_pszName);
     }
-    return sNames;
+    return "unknown value '" + sName + "'; expected one of " + sNames;
 }
 
 CTexts Split(const std::string& sText, const char* pszSeparators)
@@ -96,7 +97,7 @@ std::string ParseBits(const SNamedValue (&aoValues)[uiCount], const std::string&
         unsigned int uiBit = 0;
         if (!FindValue(aoValues, sName, uiBit))
         {
-            return "'" + sName + "' is none of " + ListNames(aoValues);
+            return RefuseName(sName, aoValues);
         }
         uiBits |= uiBit;
     }
@@ -117,7 +118,9 @@ std::string ParseAudioExtra(const std::string& sText, CAudio& oAudio)
     constexpr unsigned int uiMost = 0xFF;
     if (sText.starts_with("0x"))
     {
-        return ParseNumber(sText, oAudio.m_uiExtra) && oAudio.m_uiExtra <= uiMost ? "" : "'" + sText + "' is no byte";
+        return ParseNumber(sText, oAudio.m_uiExtra) && oAudio.m_uiExtra <= uiMost
+                   ? ""
+                   : "'" + sText + "' is not a number from 0 to " + std::to_string(uiMost);
     }
     if (oAudio.m_eFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
     {
@@ -138,7 +141,7 @@ std::string ParseAudioExtra(const std::string& sText, CAudio& oAudio)
     }
     const std::string sNearest =
         bRate ? "; the nearest is " + std::to_string(uiNearest * uiKiloBitsPerUnit) + "kbps" : std::string();
-    return "'" + sText + "' is no bit rate such as 640kbps, a multiple of 8 up to 2040" + sNearest;
+    return "'" + sText + "' is not a bit rate such as 640kbps, a multiple of 8 up to 2040" + sNearest;
 }
 
 // FORMAT,CHANNELS,RATES[,EXTRA]: "pcm,2ch,32+44.1+48,16+20+24", "ac3,6ch,48,640kbps".
@@ -154,14 +157,14 @@ std::string ParseAudio(const std::string& sText, CAudio& oAudio)
     unsigned int uiFormat = 0;
     if (!FindValue(gsc_aoAudioFormats, asFields[0], uiFormat))
     {
-        return "'" + asFields[0] + "' is none of " + ListNames(gsc_aoAudioFormats);
+        return RefuseName(asFields[0], gsc_aoAudioFormats);
     }
     oAudio = {};
     oAudio.m_eFormat = static_cast<CEdidExtBlockCEA861::EAudioFormat>(uiFormat);
     if (!ParseNumberBefore(asFields[1], "ch", oAudio.m_uiChannels) || oAudio.m_uiChannels == 0 ||
         oAudio.m_uiChannels > uiMostChannels)
     {
-        return "'" + asFields[1] + "' is no number of channels such as 2ch, up to 8ch";
+        return "'" + asFields[1] + "' is not a number of channels such as 2ch, up to 8ch";
     }
     unsigned int uiRates = 0;
     std::string sProblem = ParseBits(gsc_aoAudioRates, asFields[2], "+", uiRates);
@@ -201,16 +204,6 @@ const SModeSource* FindSource(const std::string& sName)
     return itSource != aoSources.end() ? &*itSource : nullptr;
 }
 
-std::string ListSources()
-{
-    std::string sNames;
-    for (const SModeSource& oSource : GetModeSources())
-    {
-        sNames += (sNames.empty() ? "" : " ") + std::string(oSource.m_pszName);
-    }
-    return sNames;
-}
-
 // A progressive timing, as a size and rate without further words is meant, else the first one.
 const CVidParamTimingGeneric& PickTiming(const std::vector<CVidParamTimingGeneric>& aoTimings)
 {
@@ -227,7 +220,7 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
     SMode oMode;
     if (asFields.size() > 2 || !ParseMode(asFields[0], oMode))
     {
-        return "it is no mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+        return "expected a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
     }
     const bool bTyped = asFields.size() == 2;
     const CTexts asAsked =
@@ -238,7 +231,7 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
         const SModeSource* poSource = FindSource(sName);
         if (poSource == nullptr)
         {
-            return "'" + sName + "' is none of " + ListSources();
+            return RefuseName(sName, GetModeSources());
         }
         const SModeAnswers oAnswers = AskSource(*poSource, oMode);
         if (!oAnswers.m_aoTimings.empty())
@@ -255,11 +248,11 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
 
 std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
 {
-    return ParseNumber(sText, uiNumber) ? "" : "it is no number from 0 to 4294967295";
+    return ParseNumber(sText, uiNumber) ? "" : "expected a number from 0 to 4294967295";
 }
 
 constexpr SEditOption gsc_aoOptions[] = {
-    { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or behind 0x" },
+    { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or hexadecimal after 0x" },
     { eEdit_RemoveStandard, "--remove-standard", "I",
       "Remove a standard timing; of a video code every mention in video and HDMI data blocks, with the 1000/1001 "
       "variant" },
@@ -300,9 +293,7 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_Preferred:
         return ParseTiming(sValue, oEdit.m_oTiming);
     case eEdit_ColorDepth:
-        return FindValue(gsc_aoColorDepths, sValue, oEdit.m_uiNumber)
-                   ? ""
-                   : "'" + sValue + "' is none of " + ListNames(gsc_aoColorDepths);
+        return FindValue(gsc_aoColorDepths, sValue, oEdit.m_uiNumber) ? "" : RefuseName(sValue, gsc_aoColorDepths);
     case eEdit_DeepColor:
         return sValue == gsc_pszNone ? "" : ParseBits(gsc_aoDeepColors, sValue, ",+", oEdit.m_uiNumber);
     case eEdit_AudioAdd:

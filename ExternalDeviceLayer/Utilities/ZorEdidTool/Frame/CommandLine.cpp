@@ -11,8 +11,8 @@
 
 namespace
 {
-// Ahead of a word behind "--", so that CLI11 takes it for what it is: by itself it ends the options no more once a FILE
-// stands ahead. No name begins so.
+// Put before a word that follows "--", so that CLI11 takes it as a word: "--" no longer ends the options once a FILE
+// precedes it. No name begins so.
 constexpr char gsc_szWordMark[] = "\x01--\x01";
 
 // The arguments in the order that CLI11 parses: the last one first. "--name=" becomes "--name" and an empty word, which
@@ -50,12 +50,12 @@ std::string TakeWord(const std::string& sText)
     return sText.starts_with(gsc_szWordMark) ? sText.substr(sizeof(gsc_szWordMark) - 1) : sText;
 }
 
-// CLI11 reads numbers as C does, in which 010 is 8: no zeros are left ahead.
+// CLI11 reads numbers as C does, in which 010 is 8: leading zeros are removed.
 std::string TakeDecimal(std::string& sText)
 {
     if (sText.empty() || sText.find_first_not_of("0123456789") != std::string::npos)
     {
-        return "'" + ShowName(sText) + "' is no decimal number";
+        return "'" + ShowName(sText) + "' is not a decimal number";
     }
     sText.erase(0, std::min(sText.find_first_not_of('0'), sText.size() - 1));
     return std::string();
@@ -73,7 +73,7 @@ void RefuseFlagValues(CLI::App& oApp)
     }
 }
 
-// What stands where a subcommand should, and which there are.
+// The word in place of a subcommand, and the subcommands that exist.
 std::string DescribeMissingCommand(const CLI::App& oApp)
 {
     const std::vector<std::string> asUnknown = oApp.remaining();
@@ -81,9 +81,9 @@ std::string DescribeMissingCommand(const CLI::App& oApp)
     if (!asUnknown.empty())
     {
         const bool bOption = asUnknown[0].starts_with('-');
-        sText = "'" + TakeWord(asUnknown[0]) + (bOption ? "' is no option" : "' is no subcommand");
+        sText = (bOption ? "unknown option '" : "unknown subcommand '") + TakeWord(asUnknown[0]) + "'";
     }
-    sText += "; the subcommands are";
+    sText += "; expected one of";
     for (const CLI::App* poCommand : oApp.get_subcommands({}))
     {
         sText += " " + poCommand->get_name();
@@ -120,7 +120,7 @@ COption COption::Check(const TCheck& fnCheck) const
 
 COption COption::OneOf(const std::vector<std::string>& asValues) const
 {
-    m_oOption.transform(CLI::IsMember(asValues, CLI::ignore_case)); // as it stands in asValues
+    m_oOption.transform(CLI::IsMember(asValues, CLI::ignore_case)); // as spelled in asValues
     return *this;
 }
 
@@ -171,7 +171,7 @@ COption COptions::Number(const char* pszName, unsigned int& uiNumber, unsigned i
 void COptions::Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp,
                     const COption::TCheck& fnCheck, size_t uiTag)
 {
-    const std::string sHelp = pszHelp; // a text that is no constant would be taken for what the flag sets
+    const std::string sHelp = pszHelp; // a text that is not constant would be taken for what the flag sets
     CLI::Option* poOption = nullptr;
     if (*pszPlaceholder == '\0')
     {
@@ -235,7 +235,7 @@ void CCommandLine::Subcommand(const char* pszName, const char* pszSummary,
         return;
     }
     fnDeclare(*m_apoOptions.emplace_back(std::make_unique<COptions>(oCommand)));
-    oCommand.fallthrough(); // the options of all subcommands may stand behind it
+    oCommand.fallthrough(); // the options of all subcommands may follow it
     RefuseFlagValues(oCommand);
     for (CLI::Option* poOption : oCommand.get_options())
     {

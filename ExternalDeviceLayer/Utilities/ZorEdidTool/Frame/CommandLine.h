@@ -16,7 +16,7 @@ class App;
 class Option;
 } // namespace CLI
 
-// A declared option, or a word that stands without one. Copies mean the same option.
+// A declared option or positional word. Copies mean the same option.
 class COption
 {
 public:
@@ -28,11 +28,11 @@ public:
     COption Required() const;
     COption Placeholder(const char* pszText) const; // of the value, in the help; without one, TEXT or UINT
     COption Check(const TCheck& fnCheck) const;
-    COption OneOf(const std::vector<std::string>& asValues) const; // in either case, taken as it stands here
+    COption OneOf(const std::vector<std::string>& asValues) const; // in either case, taken as spelled here
     COption Excludes(const COption& oOther) const;
     COption Hidden() const; // from the help
 
-    bool IsGiven() const; // behind the parsing
+    bool IsGiven() const; // after parsing
 
 private:
     CLI::Option& m_oOption;
@@ -49,16 +49,16 @@ public:
     COption Word(const char* pszName, const std::function<void(const std::string&)>& fnTake, const char* pszHelp);
     COption Words(const char* pszName, std::vector<std::string>& asWords, const char* pszHelp);
     COption Flag(const char* pszName, bool& bFlag, const char* pszHelp);
-    // Decimal, with or without zeros ahead. pszRange is its range in the help.
+    // Decimal, with or without leading zeros. pszRange is its range in the help.
     COption Number(const char* pszName, unsigned int& uiNumber, unsigned int uiLeast, unsigned int uiMost,
                    const char* pszHelp, const char* pszRange);
-    // An option that may stand again and again, and whose place among its like matters: an edit. Without a placeholder
+    // An option that may be repeated, and whose place among its like matters: an edit. Without a placeholder
     // it has no value. uiTag is the caller's own name for it.
     void Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp, const COption::TCheck& fnCheck,
               size_t uiTag);
 
     void Version(const char* pszName, const std::string& sText, const char* pszHelp);
-    void Footer(const char* pszText); // behind the options, in the help
+    void Footer(const char* pszText); // after the options, in the help
     void Run(const std::function<void()>& fnRun);
 
     struct SEditValue
@@ -66,7 +66,7 @@ public:
         size_t m_uiTag;
         std::string m_sValue;
     };
-    std::vector<SEditValue> ListEdits() const; // behind the parsing, in the order of the command line
+    std::vector<SEditValue> ListEdits() const; // after parsing, in the order of the command line
     std::string GetName() const;
 
 private:
@@ -82,7 +82,7 @@ public:
     CCommandLine(const CCommandLine&) = delete;
     CCommandLine& operator=(const CCommandLine&) = delete;
 
-    // The options of the program itself, which may stand behind a subcommand, too. Declared ahead of the subcommands.
+    // The options of the program itself, which may also follow a subcommand. Declared before the subcommands.
     COptions& GetOptions() { return *m_apoOptions[0]; }
 
     // The options of a subcommand that no argument names are not declared: that would take most of the time of a run.

@@ -64,7 +64,7 @@ public:
         return true;
     }
 
-    // Empty lines are no names.
+    // Empty lines are skipped.
     bool Next(std::string& sName)
     {
         if (m_uiNext < m_oFiles.m_asNames.size())
@@ -161,7 +161,7 @@ struct STurnRules
     const std::function<SOutcome(const SInput&)>& m_fnTurn;
 };
 
-// What stands for an input that cannot be read, or whose turn has thrown.
+// The outcome of an input that cannot be read, or whose turn has thrown.
 SOutcome AnswerFor(const SInput& oBad, const STurnRules& oRules)
 {
     return oRules.m_bTurnsForBadOnes ? oRules.m_fnTurn(oBad) : RefuseInput(oBad, oBad.m_sProblem);
@@ -242,7 +242,7 @@ private:
     const SFiles& m_oFiles;
     STool& m_oTool;
     CProgress m_oProgress;
-    bool m_bFirst = true; // nothing stands on standard output but the head
+    bool m_bFirst = true; // standard output has nothing but the head
 };
 
 // The turns between the one that is printed next and the one that was begun last.
@@ -297,7 +297,7 @@ private:
         bool m_bDone = false;
     };
 
-    // One thread at a time waits for space and for the name, so that turns stand in the order of the names. Reading a
+    // One thread at a time waits for space and for the name, so that turns are in the order of the names. Reading a
     // name may take long; what is done by then can be printed all the same. Null at the end.
     STurn* Begin(std::string& sName)
     {
@@ -322,12 +322,12 @@ private:
 
     CNames& m_oNames;
     const size_t m_uiSize;
-    std::mutex m_oNamesMutex; // held while the next name is read; taken ahead of the other one
+    std::mutex m_oNamesMutex; // held while the next name is read; taken before the other one
     std::mutex m_oMutex;      // guards what follows
     std::condition_variable m_oDone;
     std::condition_variable m_oSpace;
     std::deque<std::unique_ptr<STurn>> m_apoTurns;
-    bool m_bEnded = false; // there are no more names
+    bool m_bEnded = false; // no more names follow
 };
 
 // All threads of a run; they are joined whatever happens.
@@ -347,7 +347,7 @@ public:
     CThreads& operator=(const CThreads&) = delete;
 
     // Starts as many as the system lets run, up to uiCount, and says how many. Their stacks must not take the memory
-    // that the turns need: some is held back until all have started, and none begins its work ahead of that.
+    // that the turns need: some is held back until all have started, and none begins its work before that.
     template <class WORK>
     size_t Start(unsigned int uiCount, const WORK& fnWork)
     {
@@ -396,7 +396,7 @@ void RunOneByOne(CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
     }
 }
 
-// False when there is no thread to be had; no name is taken then.
+// False when no thread can be started; no name is taken then.
 bool RunInThreads(unsigned int uiJobs, CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
 {
     constexpr size_t uiTurnsOfAThread = 8; // so that one long turn does not stop the others at once

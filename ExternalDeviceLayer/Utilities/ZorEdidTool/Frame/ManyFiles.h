@@ -13,7 +13,7 @@
 struct SFiles
 {
     std::vector<std::string> m_asNames;
-    std::string m_sListFile; // names, one a line; "-" is standard input. They come behind m_asNames
+    std::string m_sListFile; // names, one a line; "-" is standard input. They follow m_asNames
     bool m_bNulSeparated = false;
     unsigned int m_uiJobs = 1;
 
@@ -22,9 +22,9 @@ struct SFiles
     // Set by subcommands, not by the command line.
     bool m_bProgress = false;        // a progress bar, which only a terminal shows
     bool m_bTurnsForBadOnes = false; // an input that cannot be read has a turn, too, which then answers for it
-    std::string m_sHead;             // standard output ahead of all turns, unless the run itself is refused
+    std::string m_sHead;             // standard output before all turns, unless the run itself is refused
     std::string m_sBetween;          // between the standard outputs of two turns, such as a comma
-    std::string m_sTail;             // behind all turns
+    std::string m_sTail;             // after all turns
 };
 
 // Declares FILE..., --files-from, -0 and -j.
@@ -38,6 +38,6 @@ inline constexpr char gsc_szFileHelp[] = "An image in any form, \"-\" for standa
 // text with --verbose, and nowhere otherwise.
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);
 
-// Reads one input of a subcommand that has few of them. One that cannot be read is told on standard error and noted;
-// with --verbose, what it was taken for is told there, too.
+// Reads one input of a subcommand that has few of them. One that cannot be read is reported on standard error and
+// noted; with --verbose, so is what it was taken for.
 SInput ReadOneInput(const std::string& sName, STool& oTool);

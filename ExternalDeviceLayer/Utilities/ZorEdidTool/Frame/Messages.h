@@ -1,5 +1,5 @@
 // What the library says while it works, its assertion lines above all. The library writes to standard output, where the
-// command's results stand; here it is kept apart for each thread.
+// command's results go; here it is kept apart for each thread.
 
 #pragma once
 

@@ -38,7 +38,7 @@ std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount)
 
 namespace
 {
-// A byte that stands for itself in no line.
+// A byte that no line shows as itself.
 std::string EscapeByte(char cByte)
 {
     switch (cByte)

@@ -11,9 +11,9 @@ std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf,
 // Two lower-case digits a byte, without separators.
 std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount);
 
-// A file's name, or another text that is not ours, in one line: control characters and bytes that are no UTF-8 become
+// A file's name, or another text that is not ours, in one line: control characters and bytes that are not UTF-8 become
 // \n, \t or \xNN, a backslash two.
 std::string ShowName(const std::string& sName);
 
-// A number, decimal, or hexadecimal behind 0x; false for anything else.
+// A number, decimal, or hexadecimal after 0x; false for anything else.
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber);

@@ -11,7 +11,7 @@ struct SInput;
 enum EExit : int
 {
     eExit_Good = 0,
-    eExit_Finding = 1,     // files that differ, findings of weight
+    eExit_Finding = 1,     // files that differ, warnings and errors
     eExit_CommandLine = 2, // the command line is wrong
     eExit_Input = 3        // an input cannot be read or loaded, or a result not be written; all others are still done
 };
@@ -24,7 +24,7 @@ struct SOutcome
     EExit m_eExit = eExit_Good;
 };
 
-// The state of one run, set by the options that stand ahead of the subcommand.
+// The state of one run, set by the options that precede the subcommand.
 struct STool
 {
     bool m_bVerbose = false; // the library's messages, and what an input was taken for, on standard error
@@ -43,7 +43,7 @@ SOutcome RefuseInput(const SInput& oInput, const std::string& sReason);
 // One line on standard error, "zoredid: TEXT", with the text as ShowName writes it.
 void PrintError(const std::string& sText);
 
-// Text on standard output. A write that fails is told by FinishOutput.
+// Text on standard output. FinishOutput reports a write that failed.
 void PrintResult(const std::string& sText);
 
 // Prints and notes the outcome of a subcommand without turns.

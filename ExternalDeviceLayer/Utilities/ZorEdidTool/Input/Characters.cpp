@@ -4,7 +4,7 @@
 
 size_t GetPrintableLength(std::string_view sText, size_t uiPlace)
 {
-    constexpr unsigned int uiLastOfOne = 0x7E;                                   // behind it stands DEL
+    constexpr unsigned int uiLastOfOne = 0x7E;                                   // DEL follows
     constexpr unsigned int auiFirst[] = { ' ', 0xA0, 0x800, 0x10000, 0x110000 }; // by length; the last one is beyond
     const auto fnByte = [&](size_t i) { return i < sText.size() ? static_cast<unsigned char>(sText[i]) : 0U; };
     const unsigned int uiLead = fnByte(uiPlace);

@@ -6,9 +6,9 @@
 
 #include <string_view>
 
-// Bytes of the character of UTF-8 at this place when it is one that prints, else 0: control characters, U+0080 to
-// U+009F among them, and bytes that are no UTF-8.
+// Bytes of the UTF-8 character at this place if it is printable, else 0: for control characters, U+0080 to
+// U+009F included, and bytes that are not UTF-8.
 size_t GetPrintableLength(std::string_view sText, size_t uiPlace);
 
-// Whether nothing but characters that print stands there, with line ends and what terminals write among them.
+// Whether the text has only printable characters, line ends and what terminals write.
 bool IsText(std::string_view sText);

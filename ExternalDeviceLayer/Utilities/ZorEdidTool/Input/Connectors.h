@@ -10,7 +10,7 @@ struct SConnector
 {
     std::string m_sName;     // "card0-HDMI-A-1"
     std::string m_sState;    // "connected", "disconnected" or "unknown"
-    std::string m_sEdidPath; // a file that is empty when there is no EDID
+    std::string m_sEdidPath; // a file that is empty without an EDID
 };
 
 // The folder of the connectors, /sys/class/drm at start. Set it before there are several threads.

@@ -1,4 +1,4 @@
-// Reading an input from a file, standard input or a connector. Its forms are told in InputForms.cpp.
+// Reading an input from a file, standard input or a connector. InputForms.cpp has its forms.
 
 #include "Input.h"
 
@@ -27,7 +27,7 @@ bool IsNullDevice(const struct stat& oStatus)
     return S_ISCHR(oStatus.st_mode) && oStatus.st_rdev == makedev(uiMajor, uiMinor);
 }
 
-// Why what lies behind a name is not read; empty when it is. A terminal is a device that one can type at, and the null
+// Why a name cannot be read; empty when it can. A terminal is a device that one can type at, and the null
 // device is an empty file.
 std::string GetProblemOfKind(const struct stat& oStatus, bool bTerminal)
 {
@@ -42,7 +42,7 @@ std::string GetProblemOfKind(const struct stat& oStatus, bool bTerminal)
     return "";
 }
 
-// Reads to the end, whatever size the system tells: files below /sys tell none.
+// Reads to the end, whatever size the system reports: files below /sys report none.
 SInput ReadOpenFile(const std::string& sName, int iFile)
 {
     std::string sContent;
@@ -136,7 +136,7 @@ SInput ReadInput(const std::string& sName)
     {
         return ReadStandardInput(sName);
     }
-    if (sName.find('\0') != std::string::npos) // the system would take the part ahead of it for the name
+    if (sName.find('\0') != std::string::npos) // the system would take the part before it for the name
     {
         return MakeProblem(sName, "a NUL in the name; did you mean -0?");
     }
@@ -146,7 +146,7 @@ SInput ReadInput(const std::string& sName)
         return errno == ENOENT ? ReadNamedConnector(sName)
                                : MakeProblem(sName, std::string("cannot be opened: ") + strerror(errno));
     }
-    // Asked ahead of opening, which may already act on a device.
+    // Asked before opening, which may already act on a device.
     const std::string sProblem = GetProblemOfKind(oStatus, false);
     return sProblem.empty() ? ReadFile(sName, sName) : MakeProblem(sName, sProblem);
 }

@@ -13,13 +13,13 @@ struct SInput
     std::string m_sName;                    // as the user gave it
     std::vector<unsigned char> m_aui8Bytes; // the image: 1 byte to 256 blocks; whether it is one is the caller's to see
     std::string m_sForm;                    // what it was taken for, such as "raw image" or "xxd dump"
-    std::string m_sProblem;                 // why there is no image, one line; empty when there is one
+    std::string m_sProblem;                 // why no image was read, one line; empty when one was
     std::string m_sHint = {};               // what the user should know of an image that there is; mostly empty
 
     bool IsGood() const { return m_sProblem.empty(); }
 };
 
-// Reads one input. "-" is standard input. A name that is no file is looked for among the connectors. Folders and
+// Reads one input. "-" is standard input. A name that is not a file is looked for among the connectors. Folders and
 // devices are not read, and nothing is read beyond 4 MiB. Throws nothing but for want of memory.
 SInput ReadInput(const std::string& sName);
 

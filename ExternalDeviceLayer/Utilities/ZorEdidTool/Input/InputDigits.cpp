@@ -13,7 +13,7 @@ enum ELine : unsigned int
     eLine_Empty,
     eLine_Digits,
     eLine_OddDigits, // a run of digits ends in the middle of a byte
-    eLine_Damaged,   // begins with a byte and has something else behind it
+    eLine_Damaged,   // begins with a byte, and something else follows
     eLine_Other
 }; // the first three are nothing but digits
 
@@ -88,8 +88,8 @@ bool HoldsMoreDigits(std::string_view sRest)
 }
 } // namespace
 
-// Lines ahead of the digits are skipped, as long as they are not mistaken for some: below that length only the first
-// line counts as digits. The first other line behind them ends them.
+// Lines before the digits are skipped, as long as they are not mistaken for some: below that length only the first
+// line counts as digits. The first other line after them ends them.
 bool ReadDigits(const std::string& sText, SInput& oInput)
 {
     std::string_view sRest = sText;
@@ -111,7 +111,7 @@ bool ReadDigits(const std::string& sText, SInput& oInput)
             oInput.m_sProblem =
                 eLine == eLine_OddDigits ? AtLine(uiLine, "an odd number of digits")
                 : eLine == eLine_Damaged ? AtLine(uiLine, "not hexadecimal bytes")
-                : Trim(sLine) == "*"     ? AtLine(uiLine, "a star stands for lines left out (od -v)")
+                : Trim(sLine) == "*"     ? AtLine(uiLine, "a star replaces repeated lines (od -v prints them)")
                 : LacksBlocks(oInput) && HoldsMoreDigits(sRest)
                     ? AtLine(uiLine, "ends the digits with fewer blocks than announced, and more follow")
                     : "";
@@ -171,7 +171,7 @@ public:
 
 private:
     SInput& m_oInput;
-    unsigned int m_uiBits = 0; // held in m_uiValue, 0 to 7 ahead of each digit
+    unsigned int m_uiBits = 0; // held in m_uiValue, 0 to 7 before each digit
     unsigned int m_uiValue = 0;
     size_t m_uiCount = 0;
 };
@@ -193,7 +193,7 @@ bool ReadBase64Between(std::string_view sRest, SInput& oInput)
         }
         sLine = Trim(TakeLine(sRest));
     } while (!StartsWith(sLine, sHeader) && !StartsWith(sLine, sHeaderOfAddresses));
-    oInput.m_aui8Bytes.clear(); // of what has been tried ahead
+    oInput.m_aui8Bytes.clear(); // of an earlier attempt
     CBase64Decoder oDecoder(oInput);
     const size_t uiLength = sLine.size();
     bool bEnds = false;

@@ -2,7 +2,7 @@
 //   00000000: 00ff ffff ffff ff00 4c2d 6f79 5744 3031  ........L-oyWD01     bytes in order, any grouping
 //   000000 00 ff ff ff ff ff ff 00  >........<                             a byte a group
 //   0000000 177400 177777 177777 000377                                    words, low byte first
-// A line "*" stands for lines like the one ahead of it.
+// A line "*" repeats the line before it.
 
 #include <algorithm>
 
@@ -75,7 +75,7 @@ private:
         return bBlank && uiLength >= (bColon ? 2 : 6) && uiLength <= 12 && (m_bBegun || bZero);
     }
 
-    // The readable column goes: behind two blanks in a dump with colons, else behind a bar or an angle.
+    // The readable column goes: after two blanks in a dump with colons, else after a bar or an angle.
     std::string_view CutText(std::string_view sLine) const
     {
         if (m_bColon)
@@ -89,7 +89,7 @@ private:
     // What the numbers of a first line are when they are none that is read: how an EDID begins in that form.
     static const char* FindOtherRadix(std::string_view sGroups)
     {
-        std::string sDigits; // with one blank ahead of each group, whatever the columns are
+        std::string sDigits; // with one blank before each group, whatever the columns are
         for (int i = 0; i < 3; ++i)
         {
             sDigits.append(" ").append(TakeToken(sGroups, " \t"));
@@ -148,7 +148,7 @@ private:
         return true;
     }
 
-    // A group of od: its digits tell the size, and the low byte comes first.
+    // A group of od: its digits give the size, and the low byte comes first.
     bool AddNumber(std::string_view sGroup)
     {
         const size_t uiDigits = sGroup.size();
@@ -186,7 +186,7 @@ private:
 };
 } // namespace
 
-// Lines ahead of the dump are skipped; the first other line behind its start ends it.
+// Lines before the dump are skipped; the first other line after its start ends it.
 bool ReadDump(const std::string& sText, SInput& oInput)
 {
     CDumpReader oReader(oInput);

@@ -11,7 +11,7 @@
 
 namespace
 {
-// Of several EDIDs in a text the first one is taken, which everybody is told. sWhose may be empty.
+// Of several EDIDs in a text the first one is taken, and a message says so. sWhose may be empty.
 void NameFirstOf(const char* pszForm, size_t uiCount, std::string_view sWhose, SInput& oInput)
 {
     const std::string sFirst = "the first EDID of " + std::to_string(uiCount);
@@ -57,7 +57,7 @@ bool ReadTextTable(const std::string& sText, SInput& oInput)
     }
     if (!bRead || oBytes.GetCount() == 0)
     {
-        oInput.m_sProblem = "no rows of bytes behind the marker line";
+        oInput.m_sProblem = "no rows of bytes after the marker line";
         return true;
     }
     if (oBytes.GetCount() % gsc_uiBlockSize != 0)
@@ -93,7 +93,7 @@ bool SplitRegistryLine(std::string_view sLine, SRegistryValue& oValue)
     return true;
 }
 
-// Reads a value from its first line on; sRest and uiLine move behind its last one.
+// Reads a value from its first line on; sRest and uiLine move past its last one.
 void AddRegistryBytes(std::string_view sLine, std::string_view& sRest, size_t& uiLine, SInput& oInput)
 {
     for (;;)
@@ -213,7 +213,7 @@ bool IsDigitAt(std::string_view sText, size_t uiPlace)
     return uiPlace < sText.size() && sText[uiPlace] >= '0' && sText[uiPlace] <= '9';
 }
 
-// The place of the brace with numbers behind it, or of a first number in hexadecimal form; the size when there is none.
+// The place of a brace that numbers follow, or of a first hexadecimal number; the size of the text without either.
 size_t FindCArray(std::string_view sText)
 {
     const size_t uiFirst = SkipBlanksAndComments(sText, 0);
@@ -259,7 +259,7 @@ bool AddCNumber(std::string_view sToken, SInput& oInput)
     return true;
 }
 
-// Where an array of arrays goes on behind the brace that ends a row: behind the next row's; 0 where it ends.
+// Where an array of arrays goes on after the brace that ends a row: after the next row's; 0 where it ends.
 size_t FindNextRow(std::string_view sText, size_t uiBrace)
 {
     const size_t uiComma = SkipBlanksAndComments(sText, uiBrace + 1);
@@ -294,7 +294,7 @@ bool ReadCArray(const std::string& sText, SInput& oInput)
         if (bBrace && LacksBlocks(oInput) &&
             FindCArray(std::string_view(sText).substr(uiPlace)) < sText.size() - uiPlace)
         {
-            oInput.m_sProblem = "an array with fewer blocks than it announces, and another array behind it";
+            oInput.m_sProblem = "an array with fewer blocks than it announces, and another array after it";
         }
         if (bBrace || (!bBraces && uiPlace == sText.size()))
         {
@@ -316,7 +316,7 @@ bool ReadCArray(const std::string& sText, SInput& oInput)
 struct SForm
 {
     const char* m_pszName; // replaced by a reader that knows more
-    // False when the text has not this form. Else the input receives the bytes or a problem.
+    // False when the text does not have this form. Else the input receives the bytes or a problem.
     bool (*m_pfnRead)(const std::string& sText, SInput& oInput);
 };
 
@@ -335,7 +335,7 @@ constexpr SForm gsc_aoForms[] = {
 // An image may begin like a byte order mark, too. All characters of the forms are below 256.
 bool IsUtf16(const std::string& sContent)
 {
-    constexpr size_t uiLookedAt = 2 * 8; // bytes behind the mark
+    constexpr size_t uiLookedAt = 2 * 8; // bytes after the mark
     bool bHighBytesZero = sContent.size() % 2 == 0 && StartsWith(sContent, "\xFF\xFE");
     for (size_t i = 3; bHighBytesZero && i < sContent.size() && i < uiLookedAt; i += 2)
     {
@@ -363,7 +363,7 @@ std::string MakePlainText(const std::string& sContent)
     return sText;
 }
 
-// Words of two or four bytes whose low byte stands first, printed as numbers.
+// Words of two or four bytes, low byte first, printed as numbers.
 bool IsSwapped(const std::vector<unsigned char>& aui8Bytes)
 {
     constexpr unsigned char aaui8Swapped[][8] = { { 0xFF, 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0xFF },

@@ -16,7 +16,7 @@ inline constexpr std::string_view gsc_sHexDigits = "0123456789abcdefABCDEF";
 
 std::string_view Trim(std::string_view sText);
 
-// The next line without its end; sRest moves behind it.
+// The next line without its end; sRest moves past it.
 std::string_view TakeLine(std::string_view& sRest);
 
 // The next run of characters that are none of the separators; empty at the end.
@@ -41,7 +41,7 @@ bool AddHex(SInput& oInput, std::string_view sDigits);
 // Whole blocks, and fewer than the base block announces.
 bool LacksBlocks(const SInput& oInput);
 
-// The readers: false when the text has not this form. Else the input receives the bytes or a problem.
+// The readers: false when the text does not have this form. Else the input receives the bytes or a problem.
 bool ReadDump(const std::string& sText, SInput& oInput);   // with addresses
 bool ReadBase64(const std::string& sText, SInput& oInput); // also in its form for addresses, also as a data address
 bool ReadDigits(const std::string& sText, SInput& oInput); // hexadecimal

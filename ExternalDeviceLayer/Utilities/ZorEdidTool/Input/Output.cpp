@@ -62,7 +62,7 @@ bool Rename(const std::string& sTemporary, const std::string& sPath, bool bForce
     {
         return true;
     }
-    // File systems without this flag: a second name is never one that there is already.
+    // File systems without this flag: a second name never exists already.
     return (errno == EINVAL || errno == ENOSYS) && link(sTemporary.c_str(), sPath.c_str()) == 0 &&
            unlink(sTemporary.c_str()) == 0;
 }
@@ -70,7 +70,7 @@ bool Rename(const std::string& sTemporary, const std::string& sPath, bool bForce
 // Up to its last slash; empty for a name in the present folder.
 std::string GetFolder(const std::string& sPath) { return sPath.substr(0, sPath.rfind('/') + 1); }
 
-// Group and owner of the file that is replaced, where the user may; it goes ahead of the mode, since it clears bits of
+// Group and owner of the file that is replaced, where the user may; it is set before the mode, since it clears bits of
 // it. Gives the mode: without the set-ID bits when they would be those of somebody else.
 mode_t KeepOwner(int iFile, const struct stat& oOld)
 {
@@ -115,7 +115,7 @@ bool ReplaceFile(const std::string& sPath, const std::string& sContent, const st
     return true;
 }
 
-// Where a path leads behind links, the last of which may point to nothing. Empty with errno set when it leads nowhere.
+// Where a path leads through links, the last of which may point to nothing. Empty with errno set when it leads nowhere.
 std::string FollowLinks(std::string sPath)
 {
     constexpr unsigned int uiMostLinks = 40; // as in the system
@@ -137,7 +137,7 @@ std::string FollowLinks(std::string sPath)
 // What a path is and what writing to it will do.
 struct STarget
 {
-    std::string m_sPath; // behind links
+    std::string m_sPath; // links resolved
     bool m_bStream = false;
     bool m_bExists = false;
     struct stat m_oStatus = {};
@@ -181,7 +181,7 @@ bool IsSpared(int iFile, bool bIsText, std::string& sProblem)
            Refuse("raw bytes are not written to a terminal (choose a text form or a file)", sProblem);
 }
 
-// Writes to what is open already or is no file, which cannot be replaced.
+// Writes to what is already open, or is not a file and so cannot be replaced.
 bool WriteInPlace(int iFile, const std::string& sContent, bool bIsText, std::string& sProblem)
 {
     return IsSpared(iFile, bIsText, sProblem) && (WriteAll(iFile, sContent) || Fail("cannot be written", sProblem));

@@ -7,9 +7,9 @@
 // Writes sContent to sPath; "-" is standard output. A file is replaced in one step: a temporary file beside it is
 // written, synchronised and renamed, so that no reader ever sees a part. An existing file keeps its mode bits. Links
 // are followed, and the target of one that points to nothing comes up. Pipes, sockets and character devices are
-// streams: they are written as they stand. A block device is none, and refused.
+// streams: they are written in place. A block device is not, and is refused.
 //   bForce   an existing file or link may be replaced; without it, it is a problem
-//   bIsText  what is no text is never written to a terminal
+//   bIsText  binary data is never written to a terminal
 // False with the reason in sProblem, such as "exists already (use --force)"; the target is then as it was.
 bool WriteOutput(const std::string& sPath, const std::string& sContent, bool bForce, bool bIsText,
                  std::string& sProblem);

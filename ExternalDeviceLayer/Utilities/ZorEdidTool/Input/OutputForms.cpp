@@ -24,7 +24,7 @@ std::string MakeRaw(const CBytes& aui8Bytes) { return { aui8Bytes.begin(), aui8B
 // "00000000: 00ff ffff ffff ff00 4c2d 6f79 5744 3031  ........L-oyWD01"
 std::string MakeXxd(const CBytes& aui8Bytes)
 {
-    constexpr size_t uiTextColumn = 51; // behind the address and eight groups
+    constexpr size_t uiTextColumn = 51; // after the address and eight groups
     std::string sText;
     for (size_t uiOffset = 0; uiOffset < aui8Bytes.size(); uiOffset += gsc_uiLine)
     {
@@ -85,7 +85,7 @@ std::string MakeBase64(const CBytes& aui8Bytes)
     return sText;
 }
 
-// The table that CZorEdidUtils::ExtractEdidFromDatFile reads: rows of ten bytes behind the marker line.
+// The table that CZorEdidUtils::ExtractEdidFromDatFile reads: rows of ten bytes after the marker line.
 std::string MakeTextTable(const CBytes& aui8Bytes)
 {
     constexpr size_t uiRow = 10;

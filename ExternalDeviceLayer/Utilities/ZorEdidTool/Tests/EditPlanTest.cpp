@@ -111,12 +111,12 @@ TEST(EditPlan, AudioDescriptors)
 
 TEST(EditPlan, RefusalsHaveTheirReason)
 {
-    const std::string sNumber = "it is no number from 0 to 4294967295";
-    const std::string sMode = "it is no mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+    const std::string sNumber = "expected a number from 0 to 4294967295";
+    const std::string sMode = "expected a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
     const std::string sAudio = "it is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
                                "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";
-    const std::string sBitRate = " is no bit rate such as 640kbps, a multiple of 8 up to 2040";
-    const std::string sChannels = " is no number of channels such as 2ch, up to 8ch";
+    const std::string sBitRate = " is not a bit rate such as 640kbps, a multiple of 8 up to 2040";
+    const std::string sChannels = " is not a number of channels such as 2ch, up to 8ch";
     const struct
     {
         const char* m_pszOption;
@@ -133,29 +133,32 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--serial", "1 ", sNumber },
         { "--remove-detailed", "0-2", sNumber },
         { "--remove-standard", "1,2", sNumber },
-        { "--color-depth", "24", "'24' is none of undefined 6 8 10 12 14 16" },
-        { "--color-depth", "8,10", "'8,10' is none of undefined 6 8 10 12 14 16" },
-        { "--deep-color", "", "'' is none of 30 36 48" },
-        { "--deep-color", "30,", "'' is none of 30 36 48" },
-        { "--deep-color", "none,30", "'none' is none of 30 36 48" },
+        { "--color-depth", "24", "unknown value '24'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
+        { "--color-depth", "8,10", "unknown value '8,10'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
+        { "--deep-color", "", "unknown value ''; expected one of 30, 36, 48" },
+        { "--deep-color", "30,", "unknown value ''; expected one of 30, 36, 48" },
+        { "--deep-color", "none,30", "unknown value 'none'; expected one of 30, 36, 48" },
         { "--speakers", "FL/FR+XX",
-          "'XX' is none of FL/FR LFE FC RL/RR BL/BR RC BC FLC/FRC RLC/RRC FLW/FRW FLH/FRH TpFL/TpFR TC TpC FCH TpFC" },
+          "unknown value 'XX'; expected one of FL/FR, LFE, FC, RL/RR, BL/BR, RC, BC, FLC/FRC, RLC/RRC, FLW/FRW, "
+          "FLH/FRH, TpFL/TpFR, TC, TpC, FCH, TpFC" },
         { "--audio-add", "pcm,2ch", sAudio },
         { "--audio-add", "pcm,2ch,48,16,24", sAudio },
         { "--audio-add", "pcm,2ch,48", "pcm needs its bit depths, such as 16+20+24" },
-        { "--audio-add", "pcm,2ch,48,18", "'18' is none of 16 20 24" },
-        { "--audio-add", "pcm,2ch,48,0x100", "'0x100' is no byte" },
-        { "--audio-add", "pcm,2ch,48,0x", "'0x' is no byte" },
+        { "--audio-add", "pcm,2ch,48,18", "unknown value '18'; expected one of 16, 20, 24" },
+        { "--audio-add", "pcm,2ch,48,0x100", "'0x100' is not a number from 0 to 255" },
+        { "--audio-add", "pcm,2ch,48,0x", "'0x' is not a number from 0 to 255" },
         { "--audio-add", "pcm,2,48,16", "'2'" + sChannels },
         { "--audio-add", "pcm,0ch,48,16", "'0ch'" + sChannels },
         { "--audio-add", "pcm,9ch,48,16", "'9ch'" + sChannels },
         { "--audio-add", "pcm,ch,48,16", "'ch'" + sChannels },
-        { "--audio-add", "pcm,2ch,50,16", "'50' is none of 32 44.1 44 48 88.2 88 96 176.4 176 192" },
+        { "--audio-add", "pcm,2ch,50,16",
+          "unknown value '50'; expected one of 32, 44.1, 44, 48, 88.2, 88, 96, 176.4, 176, 192" },
         { "--audio-add", "ac3,2ch,48,644kbps", "'644kbps'" + sBitRate + "; the nearest is 648kbps" },
         { "--audio-add", "ac3,2ch,48,2048kbps", "'2048kbps'" + sBitRate + "; the nearest is 2040kbps" },
         { "--audio-add", "ac3,2ch,48,640", "'640'" + sBitRate },
         { "--audio-add", "ac4,2ch,48",
-          "'ac4' is none of pcm ac3 mpeg1 mp3 mpeg2 aac dts atrac 1bit eac3 dts-hd mat dst wma-pro" },
+          "unknown value 'ac4'; expected one of pcm, ac3, mpeg1, mp3, mpeg2, aac, dts, atrac, 1bit, eac3, dts-hd, mat, "
+          "dst, wma-pro" },
         { "--audio-add", "1bit,2ch,48,640kbps", "this format takes a byte such as 0x01 in its last field" },
         { "--audio-set", "ac3,2ch,48", "it is not NUMBER=SPEC" },
         { "--audio-set", "x=ac3,2ch,48", "it is not NUMBER=SPEC" },
@@ -165,7 +168,8 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--preferred", "1920x1080@59.94", sMode },
         { "--preferred", "1920X1080@60", sMode },
         { "--preferred", "1920x1080@60,cea,dmt", sMode },
-        { "--preferred", "1920x1080@60,vesa", "'vesa' is none of dmt dmt-rb cvt cvt-rb gtf cea smpte" },
+        { "--preferred", "1920x1080@60,vesa",
+          "unknown value 'vesa'; expected one of dmt, dmt-rb, cvt, cvt-rb, gtf, cea, smpte" },
         { "--preferred", "1921x1080@60,cea", "cea has no such mode" },
         { "--preferred", "16000x16000@240", "its pixel clock is beyond 4294967295 Hz" },
         { "--preferred", "16000x16000@240,gtf", "its pixel clock is beyond 4294967295 Hz" },

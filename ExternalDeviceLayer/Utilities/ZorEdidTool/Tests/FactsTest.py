@@ -641,7 +641,7 @@ class TimingTest(ToolTest):
         for mode, reason in [
             ("4000x4000@190,gtf", "its pixel clock is beyond 4294967295 Hz"),
             ("4000x4000@240", "its pixel clock is beyond 4294967295 Hz"), ("1234x567@89,dmt", "dmt has no such mode"),
-            ("640x480@60,vesa", "'vesa' is none of dmt dmt-rb cvt cvt-rb gtf cea smpte"),
+            ("640x480@60,vesa", "unknown value 'vesa'; expected one of dmt, dmt-rb, cvt, cvt-rb, gtf, cea, smpte"),
         ]:
             out, err = run("edit", path, "-o", "-", "--preferred", mode, status=2)
             self.assertEqual((out, err.count("\n"), reason in err), ("", 1, True), err)

@@ -136,8 +136,8 @@ BAD = {  # what cannot be taken, and why
     "decimal bytes": (od("-t", "u1"), "decimal bytes are not read (od -tx1)"),
     "half a byte": ("00 ff ff ff ff ff ff 00\n00 1\n", "line 2: an odd number of digits"),
     "a letter among digits": ("00 ff ff ff ff ff ff 00\n00 1x\n", "line 2: not hexadecimal bytes"),
-    "a star without addresses": ("00 ff ff ff ff ff ff 00\n*\n", "line 2: a star stands for lines left out"),
-    "a table without rows": (MARKER + "\n", "no rows of bytes behind the marker line"),
+    "a star without addresses": ("00 ff ff ff ff ff ff 00\n*\n", "line 2: a star replaces repeated lines"),
+    "a table without rows": (MARKER + "\n", "no rows of bytes after the marker line"),
     "a table of 10 bytes": (MARKER + "0 |  00  FF  FF  FF  FF  FF  FF  00  10  AC\n", "10 bytes, not a multiple of 128"),
     "xrandr without digits": ("\tEDID:\n\tnone\n", "without a digit"),
     "xrandr, half a byte": ("\tEDID:\n\t\t00fff\n", "line 2: an odd number of digits"),
@@ -433,10 +433,10 @@ class CommandLine(unittest.TestCase):
             self.assertEqual((True, 1), ("\\x1b[2J" in error, error.count("\n")), error)
             self.assertNotIn("\x1b", error)
         self.assertIn("(see zoredid check --help)", run("check")[2])
-        for arguments, what in (((), "no subcommand is given"), (("reprt", MONITOR), "'reprt' is no subcommand"),
-                                (("-v", "a\nb"), "'a\\nb' is no subcommand"), (("--json",), "'--json' is no option")):
+        for arguments, what in (((), "no subcommand is given"), (("reprt", MONITOR), "unknown subcommand 'reprt'"),
+                                (("-v", "a\nb"), "unknown subcommand 'a\\nb'"), (("--json",), "unknown option '--json'")):
             self.assertRegex(run(*arguments)[2],
-                             "^zoredid: " + re.escape(what) + "; the subcommands are report .*convert")
+                             "^zoredid: " + re.escape(what) + "; expected one of report .*convert")
 
     def test_words_behind_the_end_of_the_options(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -172,7 +172,7 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "0 1 2", "hexadecimal digits: line 1: an odd number of digits" },
         { "\n00 ff\n0 10\n", "hexadecimal digits: line 3: an odd number of digits" },
         { "00 ff\n10 2x\n", "hexadecimal digits: line 2: not hexadecimal bytes" },
-        { "00 ff\n*\n", "hexadecimal digits: line 2: a star stands for lines left out (od -v)" },
+        { "00 ff\n*\n", "hexadecimal digits: line 2: a star replaces repeated lines (od -v prints them)" },
         { "ffffff00 00ffffff", "hexadecimal digits whose bytes are swapped in each word (od -tx1 prints bytes)" },
         { "00000000: ff00 ffff ffff 00ff\n", "xxd dump whose bytes are swapped in each word (od -tx1 prints bytes)" },
         { Repeat("00 ", 126) + "02 00\nBlock 1\n" + Repeat("00 ", 8),
@@ -196,7 +196,7 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "{ 1, 2", "C array: line 1: a number from 0 to 255 is missing in the array" },
         { "{ 1, /* 2 }", "C array: line 1: a number from 0 to 255 is missing in the array" },
         { "{ " + Repeat("1,", 128) + "}; y[] = { 3 };",
-          "C array: an array with fewer blocks than it announces, and another array behind it" },
+          "C array: an array with fewer blocks than it announces, and another array after it" },
         { "{ " + Repeat("1,", 32769) + "}", "C array of more than 256 blocks" },
         { Repeat("00", 32769), "hexadecimal digits of more than 256 blocks" },
         { std::string(32769, '\0'), "raw image of more than 256 blocks" },
@@ -210,7 +210,7 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
           "Windows registry export: line 3: a byte has two hexadecimal digits; decimal ones are not read" },
         { "EDID:\n\t00f\n", "xrandr --verbose: line 2: an odd number of digits" },
         { "EDID:\n\tnone\n", "xrandr --verbose without a digit" },
-        { gsc_sTableMarker + "\n", "text table: no rows of bytes behind the marker line" },
+        { gsc_sTableMarker + "\n", "text table: no rows of bytes after the marker line" },
         { MakeTextTable(CBytes(130)), "text table: its table has 130 bytes, not a multiple of 128" },
     };
     for (const auto& oCase : aoCases)

@@ -341,7 +341,7 @@ void CMArray<TYPE, ARG_TYPE>::SetAtGrow(int iIndex, ARG_TYPE oValue)
 {
     if (iIndex >= 0 && iIndex >= m_iSize)
     {
-        // The highest index has no count: SetSize refuses the negative one that stands for it.
+        // The highest index has no count: SetSize refuses the negative number that results.
         SetSize(iIndex < INT_MAX ? iIndex + 1 : INT_MIN, -1);
     }
     SetAt(iIndex, oValue);

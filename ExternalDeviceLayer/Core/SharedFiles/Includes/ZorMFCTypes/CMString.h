@@ -1,6 +1,6 @@
 // CMString: 8-bit text whose copies share one buffer until one of them changes.
 //
-// In front of the characters, in the same allocation, stands a header with reference count, length and capacity. All
+// A header with reference count, length and capacity precedes the characters in the same allocation. All
 // empty strings made by default share one constant, so that they need no memory. Buffers are exact: no size classes,
 // no growth reserve. Counts are plain integers: a string and all that share its buffer belong to one thread.
 //
@@ -8,7 +8,7 @@
 //
 // Indexes and lengths count characters without the terminator. A null text counts as empty unless stated otherwise; a
 // text of 2147483647 characters or more fits in no buffer: storing it reports and changes nothing. Where an operation
-// stands with int and with unsigned int, the unsigned form forwards to the other one: an index or a count above
+// exists with int and with unsigned int, the unsigned form forwards to the other one: an index or a count above
 // 2147483647 is negative there, and is treated as the operation treats negative ones.
 
 #pragma once
@@ -22,10 +22,10 @@
 class CMString
 {
 public:
-    // Walks the tokens of a text: runs of characters that are no separators. Empty tokens do not occur.
+    // Walks the tokens of a text: runs of characters that are not separators. Empty tokens do not occur.
     class CIterator;
 
-    // What stands in front of the characters of a buffer.
+    // Precedes the characters of a buffer.
     struct SMetaData
     {
         int m_iRefs;        // strings that share the buffer; -1: locked, or the shared empty string
@@ -122,7 +122,7 @@ public:
 
     // ---- Searching: an index from 0, or -1 ----
 
-    // iStart must not be negative; c is not found at or behind the end, an empty text is found at the end.
+    // iStart must not be negative; c is not found at or past the end, an empty text is found at the end.
     int Find(char c, int iStart) const;
     // A null text reports and gives -1.
     int Find(const char* pszText, int iStart) const;
@@ -159,7 +159,7 @@ public:
     }
     // The empty string; a locked buffer stays in place and locked.
     void Empty();
-    // Take the characters that stand in pszTargets off the ends; null and empty lists change nothing.
+    // Take the characters in pszTargets off the ends; null and empty lists change nothing.
     CMString& TrimLeft(const char* pszTargets);
     CMString& TrimRight(const char* pszTargets);
     CMString& Trim(const char* pszTargets);
@@ -231,8 +231,8 @@ protected:
     static_assert(sizeof(SInitData) == 16, "the characters follow the header without a gap");
 
     static constexpr SInitData m_aiInitData = { { -1, 0, 0 }, { '\0', '\0', '\0', '\0' } };
-    // Constant all the same: nothing writes a header or a character of the shared empty string. The casts let it stand
-    // where buffers stand.
+    // Constant all the same: nothing writes a header or a character of the shared empty string. The casts let it be
+    // used where buffers are.
     static constexpr SMetaData* m_poDataNil = const_cast<SMetaData*>(&m_aiInitData.m_oMetaData);
     static constexpr char* m_pszNil = const_cast<char*>(m_aiInitData.m_acText);
 

@@ -1,4 +1,4 @@
-// Start and stop, time, memory and stack traces of the Linux client. Threads and locks stand in
+// Start and stop, time, memory and stack traces of the Linux client. Threads and locks are in
 // OsServicesClient_LinuxSync.cpp, the message writer in OsServicesClient_LinuxMessages.cpp.
 
 #include "OsServicesClient.h"

@@ -1,4 +1,5 @@
-// The one client function that messages need; it stands alone so that EDID programs link no threads and no libpci.
+// The one client function that messages need; it has a file to itself so that EDID programs link no threads and no
+// libpci.
 
 #include "OsServicesClient.h"
 

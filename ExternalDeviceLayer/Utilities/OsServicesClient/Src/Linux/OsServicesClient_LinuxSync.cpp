@@ -1,5 +1,5 @@
 // Threads, spin locks, mutexes, events and signals on POSIX threads. The memory of the records belongs to the caller;
-// everything else of the client stands in OsServicesClient_Linux.cpp.
+// everything else of the client is in OsServicesClient_Linux.cpp.
 
 #include "OsServicesClient.h"
 
@@ -105,7 +105,7 @@ EOsServicesWait WaitOnce(pthread_mutex_t& oMutex, pthread_cond_t& oCondition, un
 
 bool WakeAll(pthread_cond_t& oCondition) { return g_oOsServicesCalls.pfnConditionBroadcast(&oCondition) == 0; }
 
-// ---- What a new thread is told. The thread itself takes it off the heap. ----
+// ---- What a new thread receives. The thread itself frees it. ----
 
 struct SThreadStart
 {
@@ -281,7 +281,7 @@ int OsServices_Event_Wait(SHEvent* hEvent, unsigned int uiTimeout)
     {
         eResult = eOsServicesWaitCancelled;
     }
-    // Every return consumes the trigger, also one that came between the end of the time and the lock.
+    // Every return consumes the trigger, including one that came between the end of the time and the lock.
     hEvent->m_bTriggered = 0;
     return eResult;
 }

@@ -27,7 +27,7 @@ void* memMapEx(unsigned int uiAddress, unsigned int uiSize, unsigned int uiMode)
 void* memMap(unsigned int uiAddress, unsigned int uiSize);
 
 // pAddress  exactly what the mapping gave, not another address inside it.
-// Returns 1; 0 when it is no live mapping (then nothing is unmapped).
+// Returns 1; 0, with nothing unmapped, when it is not a live mapping.
 unsigned int memUnmap(void* pAddress);
 
 // Always 1; there is nothing to set up.
@@ -42,7 +42,7 @@ unsigned int tmFrequency(SZorFrequency* poFrequency);
 // Finds a PCI device through libpci, which ends the process with status 1 where it finds no way to the bus.
 //   uiHandle  bus in bits 15 to 8, device in bits 7 to 3, function in bits 2 to 0. Higher bits do not count, and
 //             neither does the PCI domain: the first device that fits is taken.
-// The bus is scanned at the first look-up only. Null when there is no such device. The layer owns the device, which is
+// The bus is scanned at the first look-up only. Null when no device matches. The layer owns the device, which is
 // valid until ZorVxdPciLibCleanUp.
 pci_dev* ZorVxdPciLibConvertHandle(unsigned int uiHandle);
 // Ends the look-up, if one was made, and invalidates the devices it gave; the next look-up scans anew. The stop of the

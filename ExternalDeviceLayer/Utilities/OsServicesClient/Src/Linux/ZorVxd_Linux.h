@@ -1,4 +1,4 @@
-// Physical memory and the timer on Linux: what lies behind memMap*, memUnmap and tm* (ZorLibrary.h).
+// Physical memory and the timer on Linux: what implements memMap*, memUnmap and tm* (ZorLibrary.h).
 // Private to the operating-system layer and its tests.
 
 #pragma once

@@ -90,7 +90,7 @@ foreach(file IN LISTS installed)
   file(STRINGS ${file} visible REGEX "^#pragma GCC visibility (push\\(default\\)|pop)")
   list(LENGTH visible count)
   if(declarations AND NOT count EQUAL 2)
-    message(FATAL_ERROR "${file} does not stand between #pragma GCC visibility push(default) and pop")
+    message(FATAL_ERROR "${file} is not between #pragma GCC visibility push(default) and pop")
   endif()
 endforeach()
 

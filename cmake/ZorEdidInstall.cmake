@@ -29,7 +29,7 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/ZorEdidConfig.cmake.in
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZorEdidConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/ZorEdidConfigVersion.cmake
         DESTINATION ${package} COMPONENT development)
 
-# The same for pkg-config. Its file finds the prefix from where it stands itself, so that the package can be moved.
+# The same for pkg-config. Its file finds the prefix from where it is itself, so that the package can be moved.
 file(RELATIVE_PATH prefix_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" prefix_from_pc ${prefix_from_pc})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/zoredid.pc.in ${CMAKE_CURRENT_BINARY_DIR}/zoredid.pc @ONLY)

@@ -43,7 +43,7 @@ build() {
 build_all() { build_targets="all all_verify_interface_header_sets" build "$@"; }
 
 # run_tests PRESET: runs the tests of build/PRESET, as many at a time as there are processors.
-# Behind ctest's table, which says nothing of it: why a test or a part of one was skipped.
+# After ctest's table, which does not say: why a test or a part of one was skipped.
 run_tests() {
   local status=0
   ctest --preset "$1" --parallel "$(nproc)" || status=$?

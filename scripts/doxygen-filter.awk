@@ -1,9 +1,9 @@
 # What Doxygen reads in place of a header: the plain comments of this project as Doxygen's own, line by line.
 #   at the top of a file          what the file is for
-#   ahead of a declaration        its description; indented lines (layouts, arguments) as they stand
-#   behind a declaration          the same
+#   before a declaration          its description; indented lines (layouts, arguments) as written
+#   after a declaration           the same
 #   // ---- NAME ----             a group of declarations, up to the next one, the end of the class or of its access
-# A comment with an empty line behind it belongs to no declaration and is left out.
+# A comment that an empty line follows belongs to no declaration and is left out.
 
 function escape(text) {
   gsub(/[\\@<>#%&]/, "\\\\&", text)

@@ -50,7 +50,7 @@ def run(command, names):
             helper.join()
         child.wait()
         seconds = time.perf_counter() - begin
-    if child.returncode not in (0, 1, 3):  # 1: findings of weight; 3: images that do not load
+    if child.returncode not in (0, 1, 3):  # 1: warnings or errors; 3: images that do not load
         sys.exit(f"{' '.join(command)}: exit status {child.returncode}")
     after = resource.getrusage(resource.RUSAGE_CHILDREN)
     return seconds, after.ru_utime - before.ru_utime + after.ru_stime - before.ru_stime, peak

@@ -1,4 +1,4 @@
-// The routines that the suites share; the suites' own steps stand in the Test_ sources.
+// The routines that the suites share; the suites' own steps are in the Test_ sources.
 
 #include "CEdidTestHelp.h"
 

@@ -28,7 +28,7 @@ class CEdid;
         }                                                                                                              \
     } while (false)
 
-// A step that adds no line: one that has written its own, as a group of steps in a function does, or a silent one.
+// A step that adds no line: it has written its own, as a group of steps in a function does, or a silent one.
 #define MTEST_PASS_ON(condition)                                                                                       \
     do                                                                                                                 \
     {                                                                                                                  \
@@ -138,6 +138,6 @@ int ValidateStandard(const CEdid& oEdid, unsigned int uiCount, const STimingData
 int RemoveAndValidateStandard(unsigned int uiIndex, CEdid& oEdid, unsigned int uiCount, const STimingData* poRows,
                               unsigned int uiSize, const unsigned char* pui8Expected);
 
-// Behind an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the
+// After an edit of detailed timings: 1 when all checksums hold, the list equals the rows and the bytes equal the
 // image. Writes no line of its own, only the validator's.
 int HasDetailedState(const CEdid& oEdid, CVidParamTable aoRows, const SEdidImage& aui8Expected);

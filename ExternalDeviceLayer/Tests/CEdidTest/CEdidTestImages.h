@@ -1,6 +1,6 @@
 // The EDID images of the self-check, one namespace for each suite. Tests, benchmarks and fuzz seeds use them too.
 //
-// Images of real monitors stand here in full. Every other image is derived from one of them at compile time by the
+// Images of real monitors are here in full. Every other image is derived from one of them at compile time by the
 // edits named beside it, so that a reader sees the change and not the bytes again. Offsets count from the first byte of
 // the image; those in the extension block are written gsc_uiExt + OFFSET IN THE BLOCK.
 
@@ -47,7 +47,7 @@ public:
         return *this;
     }
 
-    // In the extension block: the bytes behind the gap move down, zeros come in ahead of the checksum.
+    // In the extension block: the bytes after the gap move down, zeros come in before the checksum.
     constexpr CEdidImageEdit& TakeOut(unsigned int uiOffset, unsigned int uiCount)
     {
         for (unsigned int i = uiOffset; i < gsc_uiExtChecksum; ++i)
@@ -58,7 +58,7 @@ public:
         return *this;
     }
 
-    // In the extension block: the bytes from uiOffset on move up, the last ones ahead of the checksum drop off.
+    // In the extension block: the bytes from uiOffset on move up, the last ones before the checksum drop off.
     constexpr CEdidImageEdit& PutIn(unsigned int uiOffset, std::initializer_list<unsigned char> aui8Bytes)
     {
         const unsigned int uiCount = static_cast<unsigned int>(aui8Bytes.size());
@@ -117,7 +117,7 @@ constexpr unsigned char ReadHexDigit(char cDigit)
     return 0;
 }
 
-// Two digits for each byte. A text of one block gives an image with zeros behind it.
+// Two digits for each byte. A text of one block gives an image with zeros after it.
 template <unsigned int uiTextSize>
 consteval SEdidImage ReadHexImage(const char (&szDigits)[uiTextSize])
 {
@@ -190,7 +190,7 @@ static_assert(HasValidChecksums(g_auiAsusHdEdidData));
 
 namespace BaseStandard
 {
-// Standard slots 1, 2, 4 and 6 alone hold a timing; two kinds of empty pair stand between them.
+// Standard slots 1, 2, 4 and 6 alone hold a timing; two kinds of empty pair are between them.
 constexpr SEdidImage g_auiBaseStandardEdidData =
     CEdidImageEdit(AsusHd::g_auiAsusHdEdidData)
         .Set(35, { 0x37 })
@@ -241,7 +241,7 @@ constexpr SEdidImage g_auiDetailedEdidData1 = CEdidImageEdit(g_auiDetailedEdidDa
                                                   .Get();
 static_assert(g_auiDetailedEdidData1[gsc_uiBaseChecksum] == 0xE5);
 
-// The first timing of the extension removed: the one behind it moves up.
+// The first timing of the extension removed: the next one moves up.
 constexpr SEdidImage g_auiDetailedEdidData2 =
     CEdidImageEdit(g_auiDetailedEdidData1).TakeOut(gsc_uiExt + 17, gsc_uiDescriptorSize).FixExtChecksum().Get();
 static_assert(g_auiDetailedEdidData2[gsc_uiExtChecksum] == 0x66);
@@ -361,7 +361,7 @@ constexpr SEdidImage g_auiAudioNoBlockEdidData =
     CEdidImageEdit(g_auiAudioRemovedEdidData).TakeOut(gsc_uiExt + 31, 1).FixExtChecksum().Get();
 static_assert(g_auiAudioNoBlockEdidData[gsc_uiExtChecksum] == 0xC0 && g_auiAudioNoBlockEdidData[gsc_uiExt + 2] == 31);
 
-// A new audio block ahead of that area.
+// A new audio block before that area.
 constexpr SEdidImage g_auiAudioAddedEdidData = CEdidImageEdit(g_auiAudioNoBlockEdidData)
                                                    .PutIn(gsc_uiExt + 31, { 0x23, 0x09, 0x07, 0x07 })
                                                    .Set(gsc_uiExt + 2, { 35 })
@@ -405,7 +405,7 @@ constexpr SEdidImage g_auiAudioTenEdidData =
 // clang-format on
 static_assert(g_auiAudioTenEdidData[gsc_uiExtChecksum] == 0x3C);
 
-// The eleventh opens a new block behind the last data block.
+// The eleventh opens a new block after the last data block.
 constexpr SEdidImage g_auiAudioElevenEdidData = CEdidImageEdit(g_auiAudioTenEdidData)
                                                     .PutIn(gsc_uiExt + 39, { 0x23, 0x59, 0x07, 0x00 })
                                                     .Set(gsc_uiExt + 2, { 43 })

@@ -1,4 +1,4 @@
-// The run over the suites. Their steps stand in the Test_ sources.
+// The run over the suites. Their steps are in the Test_ sources.
 
 #include "CEdidTestSuites.h"
 

@@ -49,7 +49,7 @@ int Test_BaseManipulation(const SEdidImage& aui8Image)
     return 1;
 }
 
-// Removes the first standard timing: the pairs behind it move to the front.
+// Removes the first standard timing: the pairs after it move to the front.
 int RemoveFirstStandard(CEdid& oEdid, CTimingTable aoLeft)
 {
     const unsigned int uiLeft = static_cast<unsigned int>(aoLeft.size());

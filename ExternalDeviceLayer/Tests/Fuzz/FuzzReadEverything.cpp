@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     Require(iLoaded != 0 || oEdid.GetSize() == 0, "a refused image leaves an empty object");
     const unsigned long long ullDigest = ReadEverything(oEdid);
 
-    // What is written back loads again. Blocks that were dropped are gone, the others stand in the same order.
+    // What is written back loads again. Blocks that were dropped are gone, the others are in the same order.
     if (oEdid.GetSize() != 0)
     {
         CEdid oAgain;

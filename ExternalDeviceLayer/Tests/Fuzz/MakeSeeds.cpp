@@ -1,4 +1,4 @@
-// Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and behind programs of edits;
+// Writes the seeds of the fuzz targets: the self-check's images, raw, as text tables, and after programs of edits;
 // dumps of other tools. Numbers and programs over strings are found as fast without.
 //   MakeSeeds FOLDER    the folders FOLDER/FuzzReadEverything and so on must exist
 
@@ -24,7 +24,7 @@ constexpr const char* gsc_apszInputs[] = {
     "00-FF-FF\n*\n",
 };
 
-// Values of FuzzCommandLine behind the number of their edit.
+// Values of FuzzCommandLine after the number of their edit.
 constexpr const char* gsc_apszValues[] = {
     "\0041920x1080@60,cvt-rb",  "\005undefined",    "\00630,48", "\007pcm,2ch,32+44.1+48,16+20+24",
     "\0100=ac3,6ch,48,640kbps", "\012FL/FR+LFE+FC",

@@ -111,7 +111,7 @@ TEST(ArraySize, CopiesTakeTheElementsAndKeepTheLargerBuffer)
     {
         poArray->FreeExtra();
         poArray->Add(7);
-        EXPECT_EQ(6 * sizeof(unsigned int), oHeap.GetLastSize()); // the step stays behind
+        EXPECT_EQ(6 * sizeof(unsigned int), oHeap.GetLastSize()); // the step stays
     }
     EXPECT_EQ(3, oTarget.Append(CNumberArray()));
     EXPECT_EQ(3, oTarget.Append(oSource)); // the index of the first new element

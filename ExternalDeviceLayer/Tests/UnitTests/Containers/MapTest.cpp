@@ -10,7 +10,7 @@ namespace
 {
 using CNumberMap = CMMap<unsigned int, unsigned int, const unsigned int&, const unsigned int&>;
 
-// Shows the nodes. A value stands four bytes behind the start of its node.
+// Shows the nodes. A value begins four bytes into its node.
 class CMapProbe : public CNumberMap
 {
 public:

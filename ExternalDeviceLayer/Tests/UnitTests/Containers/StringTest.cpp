@@ -30,7 +30,7 @@ protected:
     CCountingAllocator m_oHeap; // checks that everything is given back
 };
 
-// Where an operation stands with int and with unsigned int, both mean the same.
+// Where an operation exists with int and with unsigned int, both mean the same.
 unsigned int Unsigned(int iNumber) { return static_cast<unsigned int>(iNumber); }
 
 struct SCall
@@ -138,7 +138,7 @@ TEST_F(String, ChangesInEveryStateOfTheBuffer)
     }
 }
 
-// Characters of the own buffer that a cut text left behind its end.
+// Characters of the own buffer that a cut text left after its end.
 TEST_F(String, OwnCharactersBehindTheEnd)
 {
     const auto Make = [](int iLength) {
@@ -257,8 +257,8 @@ TEST_F(String, LocksAreSetAndTakenBack)
 
 namespace
 {
-// A text of 2 GiB without the memory for it: the same pages again and again, all mapped ahead, since a page fault for
-// each takes long. The text stays until the process ends. Null where the system does not map that much.
+// A text of 2 GiB without the memory for it: the same pages again and again, all mapped beforehand, since a page fault
+// for each takes long. The text stays until the process ends. Null where the system does not map that much.
 const char* MapHugeText()
 {
     constexpr size_t uiPart = 1U << 20;

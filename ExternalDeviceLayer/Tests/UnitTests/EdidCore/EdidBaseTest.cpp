@@ -39,7 +39,7 @@ CBytes ParseToken(std::string sToken)
 }
 
 // A digital 1.3 block of maker "ACI", product 0x27F4, without timings or texts, then tokens from each offset "@N" on.
-// Standard timings stand at 38, descriptors at 54, 72, 90 and 108.
+// Standard timings are at 38, descriptors at 54, 72, 90 and 108.
 CBytes MakeBase(const std::string& sParts)
 {
     CBytes aui8Base(gsc_uiBlockSize);

@@ -97,7 +97,7 @@ TEST(EdidLoading, ResultLinesAndBlocks)
     CCapturedOutput oOutput;
     EXPECT_EQ(nullptr, CEdidExtBlock::CreateExtensionBlock(127, gsc_aui8Cea.data(), 0));
     EXPECT_EQ(nullptr, CEdidExtBlock::CreateExtensionBlock(128, nullptr, 0));
-    EXPECT_EQ(6U, oOutput.TakeAssertionCount()) << "the factory's line behind one of each class";
+    EXPECT_EQ(6U, oOutput.TakeAssertionCount()) << "the factory's line after one of each class";
 
     CEdid oEdid;
     EXPECT_EQ(1, LoadExact(oEdid, ToBytes(gsc_aui8Philips288P6), CEdidExtBlockCEA861::eStrip_Audio));
@@ -151,7 +151,7 @@ TEST(EdidWriting, CopiesWhatFits)
 
 // ---- One numbering over all blocks ----
 
-// All standard or all detailed timings, with a star for a native one, and that there are no more.
+// All standard or all detailed timings, with a star for a native one, and that no more follow.
 std::string NamesOf(const CEdid& oEdid, bool bStandard)
 {
     std::string sNames;

@@ -35,13 +35,13 @@ std::string Link(const std::string& sName, const char* pszTarget)
     return GetPath(sName);
 }
 
-// Expects result and bytes, exactly one assertion line behind sMessage when the result is 0, and that no file stays
+// Expects result and bytes, exactly one assertion line after sMessage when the result is 0, and that no file stays
 // open. Removes the file.
 void ExpectLoad(const std::string& sPath, int bExpected, const CBytes& aui8Expected, const std::string& sMessage = "")
 {
     CByteArray oData;
     oData.Add(gsc_ui8Old);
-    CCapturedOutput oOutput; // ahead of the descriptor: it opens some, too
+    CCapturedOutput oOutput; // before the descriptor: it opens some, too
     const int iDescriptor = GetNextDescriptor();
     const int bLoaded = CZorEdidUtils::ExtractEdidFromFile(CMString(sPath.c_str()), oData);
     const int iDescriptorBehind = GetNextDescriptor();
@@ -89,7 +89,7 @@ TEST(EdidFile, RefusedFilesLeaveTheArrayEmpty)
     ExpectLoad(Link("readerror.dat", "/proc/self/mem"), 0, {}); // the first page of a process is never mapped
 }
 
-// Whole rows stand in a pipe that never ends. A signal each millisecond breaks off the reading, once it waits for more.
+// A pipe that never ends has whole rows. A signal each millisecond breaks off the reading, once it waits for more.
 TEST(EdidFile, ReadErrorInsideTheTableIsRefused)
 {
     const std::string sPath = GetPath("pipe.dat");
@@ -178,7 +178,7 @@ TEST(EdidFile, LargeTableIsCopiedAFewTimesOnly)
     EXPECT_EQ(aui8Bytes.size() + iStep, oHeap.GetLastSize());
 }
 
-// The text of a case, whose pieces stand between blanks.
+// The text of a case, whose pieces are separated by blanks.
 std::string MakeContent(const std::string& sPieces)
 {
     const std::map<std::string, std::string> oWords = {

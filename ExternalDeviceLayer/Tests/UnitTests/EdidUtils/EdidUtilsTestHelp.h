@@ -20,8 +20,8 @@ constexpr auto gsc_ePlain = CZorEdidUtils::eEdidFormatZorEdidExtractor;
 constexpr auto gsc_eExtended = CZorEdidUtils::eEdidFormatZorEdidExtractorExt;
 constexpr auto gsc_eModes = CZorEdidUtils::eEdidFormatRVideoOutRes;
 
-// The image of a name with changes behind it: "asus 19=02 03" has 02 at byte 19 and 03 at byte 20. Checksums are right,
-// but for one that is named last.
+// The image of a name, then its changes: "asus 19=02 03" has 02 at byte 19 and 03 at byte 20. Checksums are right,
+// but for a checksum named last.
 inline CBytes MakeImage(const std::string& sText)
 {
     CBytes aui8Cea = { 0x02, 0x03, 0x04, 0x00 }; // without data blocks and detailed timings

@@ -1,4 +1,4 @@
-// The seven lists of an EDID, their order, and the text of one timing. What stands in each list is seen in the stored
+// The seven lists of an EDID, their order, and the text of one timing. The contents of each list are seen in the stored
 // reports.
 
 #include "EdidUtilsTestHelp.h"
@@ -43,7 +43,7 @@ TEST(ModeListOrder, KeysInTheirOrder)
     }
 }
 
-// More than the library's sort keeps in order by itself. The line rate is no key.
+// More than the library's sort keeps in order by itself. The line rate is not a key.
 TEST(ModeListOrder, ManyEqualsStayAsTheyStood)
 {
     CModeList oModes;

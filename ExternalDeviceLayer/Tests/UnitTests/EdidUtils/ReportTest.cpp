@@ -33,7 +33,7 @@ TEST(Report, PrefixStandsAheadOfEachElementOfEveryImage)
     }
 }
 
-// Types 0 and 4 are none, and leave the lines alone. For the others there is no preferred mode: one assertion line of
+// Types 0 and 4 do not exist, and leave the lines alone. The others lack a preferred mode: one assertion line of
 // the lists, and one of the two monitor reports.
 TEST(Report, WhatThereIsNoReportOf)
 {

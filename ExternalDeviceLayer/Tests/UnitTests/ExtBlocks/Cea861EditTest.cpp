@@ -1,4 +1,4 @@
-// Editing a CEA-861 block, by the bytes of the whole block before and behind the edit.
+// Editing a CEA-861 block, by the bytes of the whole block before and after the edit.
 
 #include <gtest/gtest.h>
 
@@ -113,7 +113,7 @@ TEST(Cea861Edit, RemovedTableTimingLeavesTheOtherListsToTheNextEdit)
     EXPECT_EQ(GetLists(*LoadBlock(GetBytes(*poBlock))), GetLists(*poBlock));
 }
 
-// Two codes with their variants stand behind a block that refuses every removal.
+// Two codes with their variants follow a block that refuses every removal.
 TEST(Cea861Edit, TidyRemovalCountsOverTheBlocksOfAnImage)
 {
     const auto fnMakeImage = [](const CBytes& aui8Cea) {

@@ -120,7 +120,7 @@ TEST(DisplayIdRecords, GiveTheTimingAndKeepTheRest)
     }
 }
 
-// Each value is written once, the rates last, since they are computed from what stands in the timing. A record with
+// Each value is written once, the rates last, since they are computed from the timing. A record with
 // zeros in the bytes named is refused and writes nothing.
 TEST(DisplayIdRecords, WriteInOrderOrNothing)
 {

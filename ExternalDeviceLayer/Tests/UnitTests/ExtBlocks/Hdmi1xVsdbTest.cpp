@@ -1,4 +1,4 @@
-// The view of an HDMI vendor block: where its video codes stand, taking one out, deep colour.
+// The view of an HDMI vendor block: where its video codes are, taking one out, deep colour.
 
 #include <gtest/gtest.h>
 

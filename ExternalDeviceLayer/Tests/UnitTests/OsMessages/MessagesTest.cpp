@@ -22,7 +22,7 @@ int OsServices_WriteMsg(const char* pszFormat, va_list oList)
 
 namespace
 {
-// Each test leaves the values at program start behind.
+// Each test leaves the values of program start.
 class Messages : public testing::Test
 {
 protected:

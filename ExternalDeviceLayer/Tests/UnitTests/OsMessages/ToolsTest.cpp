@@ -46,7 +46,7 @@ TEST(Text, CompareWithoutCaseGivesTheDifferenceOfFoldedCharacters)
     EXPECT_EQ(-'c', ZorTools_stricmp("ab", "abC"));
     EXPECT_EQ('@' - '`', ZorTools_stricmp("@", "`")); // next to the letters: no folding
     EXPECT_EQ('[' - '{', ZorTools_stricmp("[", "{"));
-    EXPECT_EQ('_' - 'a', ZorTools_stricmp("_", "A"));      // to lower case, so that '_' sorts ahead of letters
+    EXPECT_EQ('_' - 'a', ZorTools_stricmp("_", "A"));      // to lower case, so that '_' sorts before letters
     EXPECT_EQ(-60 + 28, ZorTools_stricmp("\xC4", "\xE4")); // signed
 }
 

@@ -62,7 +62,7 @@ void Watch(auto& oCalls)
     (WATCHED::Start(oCalls), ...);
 }
 
-// Many times over, the operation leaves no block behind; the smallest takes 32 bytes of the heap. Under a sanitizer,
+// Many times over, the operation leaks no block; the smallest takes 32 bytes of the heap. Under a sanitizer,
 // which has a heap of its own, only its search for leaks sees such blocks.
 template <class OPERATION>
 void ExpectNoLeak(OPERATION fnOperation)

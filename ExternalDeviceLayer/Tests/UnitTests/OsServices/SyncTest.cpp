@@ -315,7 +315,7 @@ TEST_F(Sync, TimedWaitsGoByTheWallClockAndLoseATriggerBetweenTheEndOfTheTimeAndT
 
 TEST_F(SyncDeathTest, MistakesOfTheCallerAndRefusalsThatMustNotBeStopTheProcess)
 {
-    // With a null handle and zeros behind it.
+    // With a null handle and zeros after it.
     const auto OnNull = []<class HANDLE, class... REST>(int (*pfnCall)(HANDLE*, REST...)) {
         EXPECT_DEATH(pfnCall(nullptr, REST{}...), "MNULL");
     };

@@ -104,7 +104,7 @@ class FailingMemory : public testing::Test
 {
 protected:
     // Acts on fresh objects with allocation 1, 2, 3... failing, until it succeeds. CHECK looks at the objects each time
-    // and is told whether the action failed.
+    // and learns whether the action failed.
     template <class ACT, class CHECK>
     void Run(const ACT& fnAct, const CHECK& fnCheck)
     {

@@ -8,8 +8,8 @@
 #include "DisplayIdImages.h"
 #include "SharedFiles.h"
 
-// An image of the self-check with a CEA-861 block (audio, speakers, HDMI codes), and a DisplayID block behind it. One
-// code stands as a short video descriptor and as an HDMI code, so that its removal edits two data blocks.
+// An image of the self-check with a CEA-861 block (audio, speakers, HDMI codes), and then a DisplayID block. One
+// code occurs as a short video descriptor and as an HDMI code, so that its removal edits two data blocks.
 inline CBytes MakeImageWithAllBlocks()
 {
     CBytes aui8Image = Join({ ToBytes(ExtStandard2::g_auiStandard2EdidData), MakeFullDisplayIdBlock() });
@@ -28,7 +28,7 @@ inline std::map<std::string, CBytes> GetImages()
     std::map<std::string, CBytes> oImages = {
         { "all blocks", MakeImageWithAllBlocks() },
         { "wrong sum", aui8WrongSum },
-        // A DisplayID block refuses each removal, which then falls to the block behind it.
+        // A DisplayID block refuses each removal, which then falls to the block after it.
         { "DisplayID first", MakeEdid({ MakeFullDisplayIdBlock(), MakeCeaBlock() }) },
     };
     for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)

@@ -17,7 +17,7 @@ namespace
 {
 using Runner = CEditRunner;
 
-// Loads what may be damaged. Whole blocks load behind a right header, the base block with any checksum; an extension
+// Loads what may be damaged. Whole blocks load after a right header, the base block with any checksum; an extension
 // block that is not announced, not understood or wrong in its sum is dropped, the others stay as they are, in order.
 void LoadAndRead(const CBytes& aui8Image, bool bRead)
 {
@@ -63,7 +63,7 @@ void StripAndEdit(const CBytes& aui8Image, unsigned int uiFirst)
 }
 
 // Blocks are read independently of each other. So damage goes through the last block of these images, which has each
-// block that occurs in the self-check once: base blocks alone, extension blocks behind a base block with little in it,
+// block that occurs in the self-check once: base blocks alone, extension blocks after a base block with little in it,
 // which keeps the sweep short.
 std::set<CBytes> GetBlocksToDamage()
 {
@@ -177,8 +177,8 @@ void RunProgram(const CBytes& aui8Image, const std::vector<unsigned int>& auiOpe
     ReadEverything(oRunner.GetEdid());
 }
 
-// Each edit of a block behind a removal of a table timing, which leaves lists behind the bytes, and both once more;
-// removals until nothing is left, and additions until none fits, the last first and the other way round.
+// Each edit of a block after a removal of a table timing, which leaves lists out of step with the bytes, and both once
+// more; removals until nothing is left, and additions until none fits, the last first and the other way round.
 void RunPrograms(const CBytes& aui8Image)
 {
     std::vector<unsigned int> auiAll(Runner::eEdit_RemoveDataRange);

@@ -1,6 +1,6 @@
 // The library as the suites of the self-check see it in this test: each answer passes through SFault, which can make
-// one of them wrong. This header goes ahead of each source (see CMakeLists.txt), and its last lines let the classes
-// below stand instead of the library's.
+// one of them wrong. This header is included before each source (see CMakeLists.txt), and its last lines let the
+// classes below replace the library's.
 
 #pragma once
 
@@ -43,7 +43,7 @@ struct SFault
         return IsNext(pszCall, "result") ? static_cast<decltype(oResult)>(oResult ^ 1) : oResult;
     }
 
-    // What stands behind an argument: nothing behind those that only lead into the call.
+    // What follows an argument: nothing after those that only lead into the call.
     template <class ARGUMENT, class = std::enable_if_t<!std::is_convertible_v<ARGUMENT, CVidParamTiming*>>>
     static void Output(const char*, const ARGUMENT&)
     {

@@ -89,7 +89,7 @@ TEST(Suites, SeeEachWrongAnswer)
     }
 }
 
-// Any result that is not 0 is a success and printed as it is. What a failing suite wrote stands ahead of its line.
+// Any result that is not 0 is a success and printed as it is. What a failing suite wrote precedes its line.
 TEST(Run, PrintsEachResultAndCountsTheZeros)
 {
     const SSuite aoSuites[] = { { [] { return 1; }, "First  = %d\n" },

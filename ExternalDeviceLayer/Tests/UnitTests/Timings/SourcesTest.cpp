@@ -117,7 +117,7 @@ TEST(Codes, LeadToTheirTimingAndBackToTheFirstTwin)
     const std::vector<CAllValues> aauiRows = ReadTable(gsc_aoTables[0]);
     size_t uiKnown = 0;
     unsigned int uiTwins = 0;
-    CCapturedOutput oOutput; // an unknown code is no mistake, the null is
+    CCapturedOutput oOutput; // an unknown code is not a mistake, the null is
     EXPECT_EQ(0, CVidParamCea::GetVidParamFromVic(1, nullptr));
     for (unsigned int uiVic = 0; uiVic <= 2000; ++uiVic)
     {

@@ -64,7 +64,7 @@ TEST(Slots, StandInTheirOrder)
 }
 #endif
 
-// Of a flag bit 0 counts. 3D and 4:2:0 are no part of the record in kilohertz: as given, and not cleared.
+// Of a flag bit 0 counts. 3D and 4:2:0 are not part of the record in kilohertz: as given, and not cleared.
 TEST(Storage, FlagsAndClearing)
 {
     CVidParamTimingGeneric oInHz(gsc_oMarked);

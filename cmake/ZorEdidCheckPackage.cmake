@@ -1,46 +1,37 @@
 # Installs a build into a folder of its own and uses what is installed there: the command, and the library through
-# find_package and through pkg-config. Where dpkg is installed, the Debian packages are made and unpacked, elsewhere the
-# build is installed. Fails unless the programs of examples/consumer say what they should.
+# find_package and through pkg-config. Fails unless the programs of examples/consumer say what they should.
 #   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE -DVERSION=A.B.C
-#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DSHARED=1 -DGENERATOR=NAME -DLAUNCHER=FILE]
+#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DDEBIAN=1 -DLAUNCHER=FILE]
 #         -P ZorEdidCheckPackage.cmake
 #   SERVICES  whether the package has the operating-system layer
 #   TOOL      whether it has the command
-#   SHARED    makes a shared build of the library first, and takes that
+#   DEBIAN    makes the Debian packages by scripts/package, with a shared library, and takes what they unpack to
 
 get_filename_component(project ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 
-if(SHARED)
-  set(BUILD ${WORK}/shared)
-  # Without the command: it is linked from the objects of the layers, as in a static build, and would take most of the
-  # time of this test.
-  set(TOOL 0)
+if(DEBIAN)
+  set(package ${WORK}/root/usr)
+  set(TOOL 1)
   set(TYPE Release)
   # Not optimised, which takes a fifth of the time.
-  execute_process(COMMAND ${CMAKE_COMMAND} -S ${project} -B ${BUILD} -G ${GENERATOR} -DBUILD_SHARED_LIBS=ON
-                          -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O0
-                          -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
-                          -DZOREDID_OS_SERVICES=${SERVICES} -DZOREDID_TESTS=OFF -DZOREDID_EXAMPLES=OFF
-                          -DZOREDID_TOOL=OFF
-                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-  set(targets ZorEdid)
-  if(SERVICES)
-    list(APPEND targets ZorEdidOsServices)
+  set(ENV{DEB_BUILD_OPTIONS} noopt)
+  foreach(run IN ITEMS first second)
+    execute_process(COMMAND ${project}/scripts/package ${WORK}/debian -DCMAKE_CXX_COMPILER=${COMPILER}
+                            -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DZOREDID_OS_SERVICES=${SERVICES}
+                    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    file(GLOB debian "${WORK}/debian/*.deb")
+    foreach(file IN LISTS debian)
+      file(SHA256 ${file} hash)
+      list(APPEND ${run} ${hash})
+    endforeach()
+  endforeach()
+  if(NOT first STREQUAL second)
+    message(FATAL_ERROR "packages of the same sources differ: ${first}, ${second}")
   endif()
-  execute_process(COMMAND ${CMAKE_COMMAND} --build ${BUILD} --target ${targets} --parallel 2
-                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-endif()
-
-find_program(dpkg dpkg-deb)
-if(dpkg)
-  set(package ${WORK}/root/usr)
-  execute_process(COMMAND ${CMAKE_CPACK_COMMAND} -G DEB --config ${BUILD}/CPackConfig.cmake -B ${WORK}/debian
-                  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-  file(GLOB debian "${WORK}/debian/*.deb")
   foreach(file IN LISTS debian)
-    execute_process(COMMAND ${dpkg} -x ${file} ${WORK}/root COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND dpkg-deb -x ${file} ${WORK}/root COMMAND_ERROR_IS_FATAL ANY)
   endforeach()
   find_program(lintian lintian)
   if(lintian)
@@ -95,7 +86,7 @@ foreach(file IN LISTS installed)
 endforeach()
 
 # A shared library has its soname, and of the private classes nothing.
-if(SHARED)
+if(DEBIAN)
   file(GLOB_RECURSE library "${package}/libzoredid.so")
   string(REGEX REPLACE "\\.[0-9]+$" "" soname libzoredid.so.${VERSION})
   execute_process(COMMAND readelf -d ${library} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
@@ -120,8 +111,10 @@ if(TOOL)
   endif()
   find_program(help2man help2man)
   if(help2man)
-    execute_process(COMMAND gzip -dc ${package}/share/man/man1/zoredid.1.gz OUTPUT_VARIABLE text
-                    COMMAND_ERROR_IS_FATAL ANY)
+    if(DEBIAN)
+      execute_process(COMMAND gzip -d ${package}/share/man/man1/zoredid.1.gz COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    file(READ ${package}/share/man/man1/zoredid.1 text)
     foreach(section IN ITEMS "EXIT STATUS" "ZOREDID REPORT" EXAMPLES "SEE ALSO")
       if(NOT text MATCHES "\n\\.SH \"?${section}\"?\n")
         message(FATAL_ERROR "the man page has no section ${section}:\n${text}")

@@ -1,5 +1,5 @@
-# Debian packages: "cpack -G DEB" in a build folder makes zoredid (the command) and libzoredid-dev (what programs are
-# built with). A shared build adds the package of the library itself, which is named by its soname.
+# Debian packages of a shared build: zoredid (the command), the library, named by its soname, and libzoredid-dev (what
+# programs are built with). scripts/package makes them with the compiler flags of the distribution.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "ZorEdid maintainers <maintainers@zoredid.invalid>" CACHE STRING "Who makes the packages")
@@ -25,10 +25,7 @@ file(READ ${PROJECT_SOURCE_DIR}/CHANGELOG.md changes)
 string(REPLACE "## Unreleased" "## ${PROJECT_VERSION}, packaged before its release" changes "${changes}")
 file(WRITE ${documents}/changelog "${changes}")
 set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
-foreach(document IN ITEMS changelog changelog.Debian)
-  execute_process(COMMAND gzip -9n INPUT_FILE ${documents}/${document} OUTPUT_FILE ${documents}/${document}.gz
-                  COMMAND_ERROR_IS_FATAL ANY)
-endforeach()
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/ZorEdidDebianFiles.cmake)
 
 # zor_debian_package(COMPONENT NAME SECTION SUMMARY DESCRIPTION): one install component as a package.
 macro(zor_debian_package component name section summary description)
@@ -43,7 +40,7 @@ macro(zor_debian_package component name section summary description)
   set(folder ${CMAKE_INSTALL_DATADIR}/doc/${name})
   install(FILES ${CMAKE_CURRENT_LIST_DIR}/debian/copyright.${component} RENAME copyright
           DESTINATION ${folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
-  install(FILES ${documents}/changelog.gz ${documents}/changelog.Debian.gz
+  install(FILES ${documents}/changelog ${documents}/changelog.Debian
           DESTINATION ${folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endmacro()
 
@@ -63,18 +60,13 @@ zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID d
 "${about}
 This package has the headers, the library, and what CMake and pkg-config
 need to find them.")
-if(TARGET zor_os_services AND NOT BUILD_SHARED_LIBS)
-  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libpci-dev)
-endif()
 
-if(BUILD_SHARED_LIBS)
-  set(library libzoredid${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-  zor_debian_package(library ${library} libs "C++20 library for EDID data of monitors" "${about}")
-  file(WRITE ${documents}/triggers "activate-noawait ldconfig\n")
-  set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${documents}/triggers)
-  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}) # one library needs the other
-  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${debian_version})")
-endif()
+set(library libzoredid${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+zor_debian_package(library ${library} libs "C++20 library for EDID data of monitors" "${about}")
+file(WRITE ${documents}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${documents}/triggers)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/ExternalDeviceLayer) # one needs the other
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${debian_version})")
 
 include(CPack)

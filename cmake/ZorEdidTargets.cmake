@@ -53,25 +53,30 @@ endfunction()
 #   LAYERS         the layers, whose public headers it takes as well
 #   LINKS          what a program has to link, too
 #   PRIVATE_LINKS  what the library itself needs
-# Programs of the project link TARGET_internals. A static build gives them the same archive. A shared library hides what
-# they use of private headers, so they get the objects.
+# Programs of the project link TARGET_internals. In a static build that is the library. A shared library hides what they
+# use of private headers, so a shared build makes an archive for them, too.
 function(zor_combine target)
   cmake_parse_arguments(ARG "" "NAME" "LAYERS;LINKS;PRIVATE_LINKS" ${ARGN})
   add_library(${target})
-  add_library(${target}_internals INTERFACE)
+  if(BUILD_SHARED_LIBS)
+    add_library(${target}_internals STATIC)
+    set_target_properties(${target}_internals PROPERTIES LINKER_LANGUAGE CXX)
+    target_link_libraries(${target}_internals PUBLIC ${ARG_PRIVATE_LINKS})
+  else()
+    add_library(${target}_internals ALIAS ${target})
+  endif()
   zor_target_defaults(${target})
   foreach(layer IN LISTS ARG_LAYERS)
     get_target_property(headers ${layer} HEADER_SET)
     get_target_property(folders ${layer} HEADER_DIRS)
     target_sources(${target} PRIVATE $<TARGET_OBJECTS:${layer}>
                              PUBLIC FILE_SET HEADERS BASE_DIRS ${folders} FILES ${headers})
+    if(BUILD_SHARED_LIBS)
+      target_sources(${target}_internals PRIVATE $<TARGET_OBJECTS:${layer}>)
+      target_include_directories(${target}_internals PUBLIC ${folders})
+    endif()
   endforeach()
   target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
-  if(BUILD_SHARED_LIBS)
-    target_link_libraries(${target}_internals INTERFACE ${ARG_LAYERS} ${ARG_PRIVATE_LINKS})
-  else()
-    target_link_libraries(${target}_internals INTERFACE ${target})
-  endif()
   if(NOT ZOREDID_SANITIZE) # the sanitizers' runtime is in the program
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()

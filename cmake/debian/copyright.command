@@ -12,8 +12,7 @@ Comment: The command is one program, which contains code of two libraries of
  headers. CLI11 is of the University of Cincinnati, by the terms of
  BSD-3-clause. JSON for Modern C++ is of Niels Lohmann, with parts of Florian
  Loitsch and Bjoern Hoehrmann, by the terms of Expat. The rest is of the
- maintainers. The compiler adds its own runtime library (libstdc++ and libgcc),
- whose GCC Runtime Library Exception asks for no terms of the program.
+ maintainers.
 
 License: none-stated
  The project states no licence. All rights are reserved.

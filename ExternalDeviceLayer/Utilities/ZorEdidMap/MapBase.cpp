@@ -8,13 +8,13 @@
 #include <algorithm>
 
 #include "EdidBase.h"
-#include "EdidBaseLayout.h"
 #include "MapNames.h"
 #include "MapValue.h"
+#include "Standards/BaseBlock.h"
 
 namespace ZorMap
 {
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {

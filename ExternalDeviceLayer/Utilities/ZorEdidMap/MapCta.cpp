@@ -4,14 +4,14 @@
 
 #include <algorithm>
 
-#include "Cea861Bytes.h"
-#include "EdidBaseLayout.h"
 #include "MapCtaBlocks.h"
 #include "MapOther.h"
+#include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 
 namespace ZorMap
 {
-using namespace Cea861Layout;
+using namespace ZorStandards::Cta;
 
 namespace
 {
@@ -600,7 +600,7 @@ unsigned int CountDetailed(const CMapWriter& oWriter, unsigned int uiBlock)
         }
         return uiCount;
     };
-    unsigned int uiCount = fnCount(EdidBaseLayout::gsc_uiDescriptorsOffset, EdidBaseLayout::gsc_uiExtensionCountOffset);
+    unsigned int uiCount = fnCount(BaseBlock::gsc_uiDescriptorsOffset, BaseBlock::gsc_uiExtensionCountOffset);
     for (unsigned int uiAt = gsc_uiBlockSize; uiAt <= uiBlock; uiAt += gsc_uiBlockSize)
     {
         const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);

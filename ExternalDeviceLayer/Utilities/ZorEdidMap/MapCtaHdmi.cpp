@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "EdidBaseLayout.h"
 #include "MapCtaBlocks.h"
+#include "Standards/BaseBlock.h"
 
 namespace ZorMap
 {
@@ -472,7 +472,7 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
 void MapCtaExtensionOverride(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     oWriter.AddRows(gsc_oOverrideTable, oPayload.m_uiOffset, oPayload.m_uiLength);
-    if (oWriter.GetByte(EdidBaseLayout::gsc_uiExtensionCountOffset) != 1)
+    if (oWriter.GetByte(BaseBlock::gsc_uiExtensionCountOffset) != 1)
     {
         oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning,
                         "needs an extension count of 1 in the base block");

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 
-#include "EdidBaseLayout.h"
 #include "MapNames.h"
 #include "MapValue.h"
+#include "Standards/BaseBlock.h"
 
 namespace ZorMap
 {
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {

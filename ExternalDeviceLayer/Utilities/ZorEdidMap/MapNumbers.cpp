@@ -3,11 +3,11 @@
 // Where the two do not fit together, no number is given.
 
 #include "EdidBase.h"
-#include "EdidBaseLayout.h"
 #include "EdidExtBlockCEA861.h"
 #include "EdidExtBlockDisplayID.h"
 #include "Hdmi1xVsdb.h"
 #include "MapWriter.h"
+#include "Standards/BaseBlock.h"
 #include "VidParamCea.h"
 #include "VidParamTimingGeneric.h"
 
@@ -87,7 +87,7 @@ void CNumbers::Add(const CEdidBase& oBase)
         const auto eId = static_cast<CEdidBase::EEstablishedTiming>(1U << (uiByte * gsc_uiBits + uiBit));
         if (oBase.GetEstablishedFromId(eId, nullptr, 0) != 0)
         {
-            m_oWriter.SetTiming(m_oWriter.FindLeaf(EdidBaseLayout::gsc_uiEstablishedOffset + uiByte, uiBit),
+            m_oWriter.SetTiming(m_oWriter.FindLeaf(BaseBlock::gsc_uiEstablishedOffset + uiByte, uiBit),
                                 CZorEdidMap::eList_Established, uiNumber++);
         }
     }
@@ -96,7 +96,7 @@ void CNumbers::Add(const CEdidBase& oBase)
     {
         if (oBase.GetStandard(static_cast<CEdidBase::EStandardSlotIndex>(i), nullptr, nullptr) != 0)
         {
-            const unsigned int uiOffset = EdidBaseLayout::gsc_uiStandardsOffset + i * uiPairSize;
+            const unsigned int uiOffset = BaseBlock::gsc_uiStandardsOffset + i * uiPairSize;
             const unsigned int uiField = m_oWriter.FindField(uiOffset, uiPairSize);
             m_oWriter.SetTiming(uiField, CZorEdidMap::eList_Standard, m_uiStandard++);
             if (const char* pszOther = GetOtherSize(m_oWriter.GetFacts().m_uiRevision, oBase.GetBaseBlock() + uiOffset))
@@ -109,12 +109,12 @@ void CNumbers::Add(const CEdidBase& oBase)
     unsigned int uiRank = 0;
     for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount && uiRank < uiCount; ++i)
     {
-        const unsigned int uiOffset = EdidBaseLayout::DescriptorOffset(i);
+        const unsigned int uiOffset = BaseBlock::DescriptorOffset(i);
         const unsigned char* pui8Descriptor = oBase.GetBaseBlock() + uiOffset;
-        if (!EdidBaseLayout::IsDisplayDescriptor(pui8Descriptor) ||
-            pui8Descriptor[EdidBaseLayout::gsc_uiTagOffset] == EdidBaseLayout::gsc_ui8TagDetailed)
+        if (!BaseBlock::IsDisplayDescriptor(pui8Descriptor) ||
+            pui8Descriptor[BaseBlock::gsc_uiTagOffset] == BaseBlock::gsc_ui8TagDetailed)
         {
-            SetDetailed(oBase, uiRank++, uiOffset, EdidBaseLayout::gsc_uiDescriptorSize);
+            SetDetailed(oBase, uiRank++, uiOffset, BaseBlock::gsc_uiDescriptorSize);
         }
     }
     m_uiDetailed = uiCount;
@@ -306,7 +306,7 @@ void NumberTimings(CMapWriter& oWriter, unsigned int uiSize)
     CNumbers oNumbers(oWriter);
     oNumbers.Add(oBase);
     const unsigned int uiAnnounced =
-        (oImage.GetByte(EdidBaseLayout::gsc_uiExtensionCountOffset) + 1U) * CMapWriter::msc_uiBlockSize;
+        (oImage.GetByte(BaseBlock::gsc_uiExtensionCountOffset) + 1U) * CMapWriter::msc_uiBlockSize;
     const unsigned int uiEnd = uiAnnounced < uiSize ? uiAnnounced : uiSize;
     for (unsigned int uiOffset = CMapWriter::msc_uiBlockSize; uiOffset < uiEnd; uiOffset += CMapWriter::msc_uiBlockSize)
     {

@@ -4,10 +4,10 @@
 
 #include <new>
 
-#include "Cea861Bytes.h"
-#include "EdidBaseLayout.h"
 #include "EdidExtBlockDisplayID.h"
 #include "MapValue.h"
+#include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 #include "ZorTools.h"
 
 using namespace ZorMap;
@@ -53,7 +53,7 @@ CMString CZorEdidMap::GetValue(unsigned int uiField) const
 
 namespace ZorMap
 {
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {
@@ -129,7 +129,7 @@ void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
     }
     switch (GetByte(uiOffset))
     {
-    case Cea861Layout::gsc_uiTag:
+    case Cta::gsc_uiTag:
         MapCtaBlock(*this, uiOffset, uiLength);
         break;
     case CEdidExtBlockDisplayID::msc_uiExtensionTag:

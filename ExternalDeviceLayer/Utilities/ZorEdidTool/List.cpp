@@ -7,8 +7,8 @@
 
 #include "CommandLine.h"
 #include "Connectors.h"
-#include "EdidBaseLayout.h"
 #include "ManyFiles.h"
+#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 #include "Tool.h"
 #include "ZorEdidUtils.h"
@@ -19,8 +19,8 @@ using CRow = std::vector<std::string>; // connector, state, monitor, maker, size
 
 std::string GetSize(const CEdid& oEdid)
 {
-    const unsigned int uiWidth = oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiImageWidthOffset];
-    const unsigned int uiHeight = oEdid.GetBaseBlock()[EdidBaseLayout::gsc_uiImageHeightOffset];
+    const unsigned int uiWidth = oEdid.GetBaseBlock()[ZorStandards::BaseBlock::gsc_uiImageWidthOffset];
+    const unsigned int uiHeight = oEdid.GetBaseBlock()[ZorStandards::BaseBlock::gsc_uiImageHeightOffset];
     // Centimetres; 0 in one of them is no size.
     return uiWidth != 0 && uiHeight != 0 ? std::to_string(uiWidth) + " x " + std::to_string(uiHeight) + " cm" : "";
 }
@@ -28,7 +28,8 @@ std::string GetSize(const CEdid& oEdid)
 std::string GetPreferredMode(const CEdid& oEdid)
 {
     CVidParamTimingGeneric oTiming;
-    if (!EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) || oEdid.GetBaseDetailed(0, &oTiming) == 0)
+    if (!ZorStandards::BaseBlock::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) ||
+        oEdid.GetBaseDetailed(0, &oTiming) == 0)
     {
         return "";
     }

@@ -9,8 +9,8 @@
 #include <span>
 #include <tuple>
 
-#include "EdidBaseLayout.h"
 #include "ListFill.h"
+#include "Standards/BaseBlock.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
@@ -104,7 +104,7 @@ namespace
 {
 bool ExtractPreferred(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred)
 {
-    return EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) &&
+    return ZorStandards::BaseBlock::IsPreferredTimingDeclared(oEdid.GetBaseBlock()) &&
            oEdid.GetBaseDetailed(0, &oPreferred) != 0;
 }
 
@@ -113,7 +113,7 @@ bool ExtractPreferred(const CEdid& oEdid, CVidParamTimingGeneric& oPreferred)
 template <class GETTER>
 bool AppendTimings(CModeList& oList, CVidParamTimingGeneric& oTiming, unsigned int uiCount, GETTER oGet)
 {
-    CListFill<CVidParamTimingGeneric> oFill(oList, uiCount, oList.GetCount());
+    ZorCore::CListFill<CVidParamTimingGeneric> oFill(oList, uiCount, oList.GetCount());
     for (unsigned int i = 0; i < uiCount; ++i)
     {
         if (oGet(i, &oTiming) == 0)
@@ -153,13 +153,13 @@ bool AppendExtStandard(const CEdidExtBlock& oBlock, CVidParamTimingGeneric& oTim
                        CModeList& oOther)
 {
     const unsigned int uiCount = oBlock.GetStandardCount();
-    CListFill<CVidParamTimingGeneric> oNativeFill(oNative, uiCount, oNative.GetCount());
-    std::optional<CListFill<CVidParamTimingGeneric>> oOwnFill;
+    ZorCore::CListFill<CVidParamTimingGeneric> oNativeFill(oNative, uiCount, oNative.GetCount());
+    std::optional<ZorCore::CListFill<CVidParamTimingGeneric>> oOwnFill;
     if (&oOther != &oNative)
     {
         oOwnFill.emplace(oOther, uiCount, oOther.GetCount());
     }
-    CListFill<CVidParamTimingGeneric>& oOtherFill = oOwnFill ? *oOwnFill : oNativeFill;
+    ZorCore::CListFill<CVidParamTimingGeneric>& oOtherFill = oOwnFill ? *oOwnFill : oNativeFill;
     for (unsigned int i = 0; i < uiCount; ++i)
     {
         int bNative = 1; // a block without the notion leaves it, and its timings count as native

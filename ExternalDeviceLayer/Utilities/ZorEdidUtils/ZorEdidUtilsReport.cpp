@@ -3,12 +3,12 @@
 
 #include "ZorEdidUtils.h"
 
-#include "EdidBaseLayout.h"
 #include "EdidUtils.h"
+#include "Standards/BaseBlock.h"
 #include "ZorAssert.h"
 #include "ZorEdidUtilsReport.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {

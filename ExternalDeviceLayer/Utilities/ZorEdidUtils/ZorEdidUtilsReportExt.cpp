@@ -4,11 +4,11 @@
 #include "ZorEdidUtils.h"
 
 #include "AudioWarnings.h"
-#include "EdidBaseLayout.h"
 #include "EdidExtBlockCEA861.h"
+#include "Standards/BaseBlock.h"
 #include "ZorEdidUtilsReport.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {

@@ -3,11 +3,13 @@
 
 #include "Cea861Bytes.h"
 
-#include "EdidBaseLayout.h"
+#include "EdidUtils.h"
 #include "ZorTools.h"
 
-using namespace Cea861Layout;
+using namespace ZorStandards;
 
+namespace ZorCore
+{
 namespace
 {
 constexpr bool IsRangeInside(unsigned int uiStart, unsigned int uiLength, unsigned int uiSize)
@@ -18,30 +20,14 @@ constexpr bool IsRangeInside(unsigned int uiStart, unsigned int uiLength, unsign
 
 // ---- Reading ----
 
-unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize)
+SPayload CCea861Bytes::FindDataBlock(const SDataBlockKind& oKind, unsigned int uiIndex) const
 {
-    constexpr SDataBlockKind oOverride = { 0x78, true };
-    constexpr unsigned int uiCountOffset = gsc_uiDataBlocksOffset + gsc_uiHeaderSize + 1; // behind the extended tag
-    if (uiSize < 2 * gsc_uiBlockSize || pui8Image[EdidBaseLayout::gsc_uiExtensionCountOffset] == 0)
-    {
-        return EdidBaseLayout::gsc_uiExtensionCountOffset;
-    }
-    const unsigned char* pui8Block = pui8Image + gsc_uiBlockSize;
-    CCea861Walk oWalk(pui8Block, pui8Block[gsc_uiDetailedStartOffset]);
-    const bool bOverridden = pui8Block[gsc_uiTagOffset] == gsc_uiTag &&
-                             pui8Block[gsc_uiRevisionOffset] >= gsc_uiDataBlocksRevision && oWalk.Next(oOverride) &&
-                             oWalk.GetBlock().m_uiOffset == uiCountOffset && oWalk.GetLength() != 0;
-    return bOverridden ? gsc_uiBlockSize + uiCountOffset : EdidBaseLayout::gsc_uiExtensionCountOffset;
-}
-
-SDataBlock CCea861Bytes::FindDataBlock(const SDataBlockKind& oKind, unsigned int uiIndex) const
-{
-    CCea861Walk oWalk = Walk();
+    CDataBlockWalk oWalk = Walk();
     for (unsigned int i = 0; oWalk.Next(oKind); ++i)
     {
         if (i == uiIndex)
         {
-            return oWalk.GetBlock();
+            return oWalk.GetPayload();
         }
     }
     return { 0, 0 };
@@ -50,7 +36,7 @@ SDataBlock CCea861Bytes::FindDataBlock(const SDataBlockKind& oKind, unsigned int
 unsigned int CCea861Bytes::CountDataBlocks(const SDataBlockKind& oKind) const
 {
     unsigned int uiCount = 0;
-    for (CCea861Walk oWalk = Walk(); oWalk.Next(oKind);)
+    for (CDataBlockWalk oWalk = Walk(); oWalk.Next(oKind);)
     {
         ++uiCount;
     }
@@ -59,19 +45,11 @@ unsigned int CCea861Bytes::CountDataBlocks(const SDataBlockKind& oKind) const
 
 bool CCea861Bytes::AreDataBlocksExact() const
 {
-    CCea861Walk oWalk = Walk();
+    CDataBlockWalk oWalk = Walk();
     while (oWalk.Next())
     {
     }
     return oWalk.IsEndExact();
-}
-
-// Where the area of data blocks ends; equals its start when there are none. May lie behind the block.
-unsigned int CCea861Bytes::GetDataBlocksEnd() const
-{
-    const unsigned int uiStart = GetDetailedStart();
-    return m_uiRevision < gsc_uiDataBlocksRevision || uiStart < gsc_uiDataBlocksOffset ? gsc_uiDataBlocksOffset
-                                                                                       : uiStart;
 }
 
 unsigned int CCea861Bytes::GetDetailedOffset(unsigned int uiIndex) const
@@ -83,7 +61,7 @@ unsigned int CCea861Bytes::GetDetailedOffset(unsigned int uiIndex) const
         return 0;
     }
     const unsigned int uiOffset = uiStart + gsc_uiDetailedSize * uiIndex;
-    return ByteFields::ReadLittle16(m_pui8Block + uiOffset) != 0 ? uiOffset : 0; // the pixel clock
+    return Descriptors::HasPixelClock(m_pui8Block + uiOffset) ? uiOffset : 0;
 }
 
 unsigned int CCea861Bytes::CountDetailed() const
@@ -155,11 +133,11 @@ unsigned int CCea861Editor::OpenDataBlock(unsigned int uiTag, unsigned int uiLen
     }
     gsc_oHeaderTag.Write(m_pui8Writable + uiStart, uiTag);
     gsc_oHeaderLength.Write(m_pui8Writable + uiStart, uiLength);
-    m_pui8Writable[gsc_uiDetailedStartOffset] = ByteFields::LowByte(uiStart + uiSize);
+    m_pui8Writable[gsc_uiDetailedStartOffset] = LowByte(uiStart + uiSize);
     return uiStart + gsc_uiHeaderSize;
 }
 
-unsigned int CCea861Editor::GrowDataBlock(const SDataBlock& oBlock, unsigned int uiBy)
+unsigned int CCea861Editor::GrowDataBlock(const SPayload& oBlock, unsigned int uiBy)
 {
     const unsigned int uiEnd = oBlock.m_uiOffset + oBlock.m_uiLength; // may lie behind byte 2 and the descriptors
     if (GetContentEnd() > gsc_uiLastContentOffset - uiBy || uiEnd + uiBy > gsc_uiChecksumOffset)
@@ -167,18 +145,18 @@ unsigned int CCea861Editor::GrowDataBlock(const SDataBlock& oBlock, unsigned int
         return 0;
     }
     InsertRange(uiEnd, uiBy);
-    m_pui8Writable[gsc_uiDetailedStartOffset] = ByteFields::LowByte(GetDetailedStart() + uiBy);
+    m_pui8Writable[gsc_uiDetailedStartOffset] = LowByte(GetDetailedStart() + uiBy);
     gsc_oHeaderLength.Write(GetHeaderOf(oBlock), oBlock.m_uiLength + uiBy);
     return uiEnd;
 }
 
-void CCea861Editor::ShrinkDataBlock(const SDataBlock& oBlock, unsigned int uiStart, unsigned int uiBy)
+void CCea861Editor::ShrinkDataBlock(const SPayload& oBlock, unsigned int uiStart, unsigned int uiBy)
 {
     gsc_oHeaderLength.Write(GetHeaderOf(oBlock), oBlock.m_uiLength - uiBy);
     RemoveRange(uiStart, uiBy);
 }
 
-void CCea861Editor::RemoveDataBlock(const SDataBlock& oBlock)
+void CCea861Editor::RemoveDataBlock(const SPayload& oBlock)
 {
     const unsigned int uiSize = gsc_uiHeaderSize + oBlock.m_uiLength;
     RemoveRange(oBlock.m_uiOffset - gsc_uiHeaderSize, uiSize);
@@ -189,7 +167,7 @@ bool CCea861Editor::RemoveDataBlocks(unsigned int uiTag)
 {
     const SDataBlockKind oKind = { uiTag, false };
     bool bRemoved = false;
-    SDataBlock oBlock = FindDataBlock(oKind, 0);
+    SPayload oBlock = FindDataBlock(oKind, 0);
     while (oBlock.m_uiOffset != 0)
     {
         RemoveDataBlock(oBlock);
@@ -201,13 +179,10 @@ bool CCea861Editor::RemoveDataBlocks(unsigned int uiTag)
 
 void CCea861Editor::LowerDetailedStart(unsigned int uiBy)
 {
-    m_pui8Writable[gsc_uiDetailedStartOffset] = ByteFields::LowByte(GetDetailedStart() - uiBy);
+    m_pui8Writable[gsc_uiDetailedStartOffset] = LowByte(GetDetailedStart() - uiBy);
 }
 
-void CCea861Editor::SetBasicAudio()
-{
-    m_pui8Writable[gsc_uiFlagsOffset] = ByteFields::LowByte(GetFlags() | gsc_uiBasicAudioFlag);
-}
+void CCea861Editor::SetBasicAudio() { m_pui8Writable[gsc_uiFlagsOffset] = LowByte(GetFlags() | gsc_uiBasicAudioFlag); }
 
 bool CCea861Editor::ClearBasicAudio()
 {
@@ -215,7 +190,7 @@ bool CCea861Editor::ClearBasicAudio()
     {
         return false;
     }
-    m_pui8Writable[gsc_uiFlagsOffset] = ByteFields::LowByte(GetFlags() & ~gsc_uiBasicAudioFlag);
+    m_pui8Writable[gsc_uiFlagsOffset] = LowByte(GetFlags() & ~gsc_uiBasicAudioFlag);
     return true;
 }
 
@@ -238,3 +213,4 @@ CCea861Undo::~CCea861Undo()
         ZorTools_memcpy(m_pui8Block, m_aui8Before, sizeof(m_aui8Before));
     }
 }
+} // namespace ZorCore

@@ -6,13 +6,15 @@
 #include <algorithm>
 #include <memory>
 
-#include "EdidBaseLayout.h"
 #include "EdidTileOutputs.h"
 #include "EdidUtils.h"
 #include "ListFill.h"
+#include "Standards/BaseBlock.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
+
+using namespace ZorCore;
 
 namespace
 {
@@ -106,7 +108,7 @@ int CEdid::SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, uns
     }
 
     const unsigned int uiAnnounced =
-        (m_aui8Edid[EdidBaseLayout::gsc_uiExtensionCountOffset] + 1U) * CEdidUtils::msc_uiBlockSize;
+        (m_aui8Edid[ZorStandards::BaseBlock::gsc_uiExtensionCountOffset] + 1U) * CEdidUtils::msc_uiBlockSize;
     if (uiAnnounced > uiSize)
     {
         MASSERT_FAILED();

@@ -7,11 +7,12 @@
 
 #include <algorithm>
 
-#include "EdidBaseLayout.h"
+#include "Standards/BaseBlock.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {
@@ -118,12 +119,14 @@ int CEdidBase::GetMonitorRangeLimits(SRangeLimits& oLimits) const
     {
         return 0;
     }
-    oLimits.m_uiMinVerticalRateInHz = pui8Descriptor[gsc_uiMinVerticalRateOffset];
-    oLimits.m_uiMaxVerticalRateInHz = pui8Descriptor[gsc_uiMaxVerticalRateOffset];
-    oLimits.m_uiMinHorizontalRateInKiloHz = pui8Descriptor[gsc_uiMinHorizontalRateOffset];
-    oLimits.m_uiMaxHorizontalRateInKiloHz = pui8Descriptor[gsc_uiMaxHorizontalRateOffset];
-    oLimits.m_uiMinPixelClockInKiloHz = 0;
-    oLimits.m_uiMaxPixelClockInKiloHz = pui8Descriptor[gsc_uiMaxPixelClockOffset] * gsc_uiKiloHzPer10MegaHz;
+    // Byte 4 of a display descriptor is 0: no offsets.
+    const Descriptors::SRangeLimits oRead = Descriptors::ReadRangeLimits(pui8Descriptor, 0);
+    oLimits = { oRead.m_uiMinVerticalRateInHz,
+                oRead.m_uiMaxVerticalRateInHz,
+                oRead.m_uiMinHorizontalRateInKiloHz,
+                oRead.m_uiMaxHorizontalRateInKiloHz,
+                0,
+                oRead.m_uiMaxPixelClockInKiloHz };
     return 1;
 }
 
@@ -133,7 +136,7 @@ void CEdidBase::SetSerialNumber(unsigned int uiSerial)
     {
         return;
     }
-    ByteFields::WriteLittle32(m_aui8Edid + gsc_uiSerialOffset, uiSerial);
+    WriteLittle32(m_aui8Edid + gsc_uiSerialOffset, uiSerial);
     UpdateChecksum();
 }
 

@@ -4,10 +4,10 @@
 
 #include <iterator>
 
-#include "EdidBaseLayout.h"
+#include "Standards/BaseBlock.h"
 #include "ZorTools.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {

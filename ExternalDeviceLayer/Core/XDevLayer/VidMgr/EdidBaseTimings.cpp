@@ -6,16 +6,17 @@
 #include <bit>
 #include <iterator>
 
-#include "ByteFields.h"
-#include "EdidBaseLayout.h"
 #include "ListFill.h"
+#include "Standards/BaseBlock.h"
+#include "Standards/ByteFields.h"
 #include "VidParamDmt.h"
 #include "VidParamGtf.h"
 #include "VidParamTiming.h"
 #include "ZorTools.h"
 
-using namespace ByteFields;
-using namespace EdidBaseLayout;
+using namespace ZorCore;
+using namespace ZorStandards;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {
@@ -498,9 +499,7 @@ unsigned int CEdidBase::FindDetailed(unsigned int uiRank) const
     for (unsigned int i = 0; i < msc_uiDescriptorCount; ++i)
     {
         const unsigned char* pui8Descriptor = m_aui8Edid + DescriptorOffset(i);
-        const bool bCandidate =
-            !IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagDetailed;
-        if (bCandidate && uiRank-- == 0)
+        if (IsTimingCandidate(pui8Descriptor) && uiRank-- == 0)
         {
             return DescriptorOffset(i);
         }

@@ -4,6 +4,8 @@
 
 #include "VidParamFill.h"
 
+namespace ZorCore
+{
 namespace
 {
 template <class TIMING>
@@ -44,3 +46,4 @@ void StoreDetailedTiming(const SDetailedTiming& oDetailed, CVidParamTiming& oTim
 {
     VidParamFill::FillTiming(oTiming, [&oDetailed](auto& oFilled) { Fill(oDetailed, oFilled); });
 }
+} // namespace ZorCore

@@ -5,6 +5,8 @@
 
 class CVidParamTiming;
 
+namespace ZorCore
+{
 // Pixels or lines.
 struct SDetailedAxis
 {
@@ -27,3 +29,4 @@ struct SDetailedTiming
 // Stores all of it, the rates that follow from it, and the family type eVidParamType_Detailed. Clears nothing. The back
 // porch is what the blanking leaves; one too small for its parts wraps.
 void StoreDetailedTiming(const SDetailedTiming& oDetailed, CVidParamTiming& oTiming);
+} // namespace ZorCore

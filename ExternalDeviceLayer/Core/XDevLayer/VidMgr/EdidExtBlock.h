@@ -18,6 +18,21 @@ class CVidParamTiming;
 class CEdidExtBlock
 {
 public:
+    // Why no class takes a block. Of several reasons the first one counts.
+    enum ERefusal : unsigned int
+    {
+        eRefusal_None = 0,
+        eRefusal_Size = 1,            // fewer than 128 bytes, or null
+        eRefusal_Kind = 2,            // a tag other than 2 and 112
+        eRefusal_Revision = 3,        // CEA-861 revision above 3, DisplayID version above 1.2
+        eRefusal_SectionSize = 4,     // the DisplayID section runs past byte 126
+        eRefusal_Checksum = 5,        // of all bytes given
+        eRefusal_SectionChecksum = 6, // of the DisplayID section
+    };
+
+    // What CreateExtensionBlock makes of these bytes, without an assertion line.
+    static ERefusal GetRefusal(unsigned int uiSize, const unsigned char* pui8Data);
+
     // The order of the virtual operations is the order of their slots; append only.
 
     virtual ~CEdidExtBlock() = 0;

@@ -10,7 +10,8 @@
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
-using namespace Cea861Layout;
+using namespace ZorCore;
+using namespace ZorStandards::Cta;
 
 namespace
 {
@@ -34,7 +35,7 @@ unsigned int GetPayload(const CCea861Bytes& oBytes, const SDataBlockKind& oKind,
         MASSERT_FAILED();
         return 0;
     }
-    const SDataBlock oBlock = oBytes.FindDataBlock(oKind, uiIndex);
+    const SPayload oBlock = oBytes.FindDataBlock(oKind, uiIndex);
     *puiLength = oBlock.m_uiLength;
     return oBlock.m_uiOffset;
 }
@@ -72,9 +73,7 @@ int CEdidExtBlockCEA861::IsSupported(unsigned int uiSize, const unsigned char* p
         MASSERT_FAILED();
         return 0;
     }
-    return pui8Data[gsc_uiTagOffset] == gsc_uiTag && pui8Data[gsc_uiRevisionOffset] <= gsc_uiHighestRevision
-               ? CEdidUtils::Is8BitsChecksumValid(uiSize, pui8Data)
-               : 0;
+    return pui8Data[gsc_uiTagOffset] == gsc_uiTag && GetRefusal(uiSize, pui8Data) == eRefusal_None ? 1 : 0;
 }
 
 unsigned int CEdidExtBlockCEA861::GetExtensionType() const { return m_uiExtensionType; }
@@ -150,7 +149,7 @@ int CEdidExtBlockCEA861::RemoveDetailed(unsigned int uiIndex)
 
 int CEdidExtBlockCEA861::SetNativeDetailedCount(unsigned int uiCount)
 {
-    if (GetRevision() < gsc_uiNativeCountRevision || uiCount > gsc_oNativeCount.GetMask())
+    if (GetRevision() < gsc_uiNativeCountRevision || uiCount > gsc_oNativeCount.GetMost())
     {
         return 0;
     }

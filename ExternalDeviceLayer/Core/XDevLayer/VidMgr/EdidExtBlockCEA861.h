@@ -27,8 +27,11 @@
 
 #pragma GCC visibility push(default)
 
+namespace ZorCore
+{
 class CCea861Bytes;
 class CCea861Editor;
+} // namespace ZorCore
 
 class CEdidExtBlockCEA861 : public CEdidExtBlock
 {
@@ -322,8 +325,8 @@ private:
     void Load(const unsigned char* pui8Data, unsigned int uiStripFlags);
     bool Strip(unsigned int uiStripFlags); // whether a byte changed
 
-    CCea861Bytes GetBytes() const;
-    CCea861Editor EditBytes();
+    ZorCore::CCea861Bytes GetBytes() const;
+    ZorCore::CCea861Editor EditBytes();
 
     unsigned int GetTouchedLists(unsigned int uiLists) const;
     void FinishEdit(unsigned int uiLists);

@@ -10,7 +10,9 @@
 #include "ListFill.h"
 #include "ZorTools.h"
 
-using namespace Cea861Layout;
+using namespace ZorCore;
+using namespace ZorStandards;
+using namespace ZorStandards::Cta;
 
 namespace
 {
@@ -20,15 +22,15 @@ constexpr SDataBlockKind gsc_oSpeakerBlocks = { CEdidExtBlockCEA861::eCea861Tag_
 // A short audio descriptor. Bit 7 of the first two bytes is reserved and kept as found; the third depends on the
 // format.
 constexpr unsigned int gsc_uiAudioSize = 3;
-constexpr ByteFields::SBits gsc_oFormat = { 0, 3, 4 };
-constexpr ByteFields::SBits gsc_oChannelsMinus1 = { 0, 0, 3 };
-constexpr ByteFields::SBits gsc_oRates = { 1, 0, 7 };
+constexpr SBitsPlace gsc_oFormat = { 0, 6, 3 };
+constexpr SBitsPlace gsc_oChannelsMinus1 = { 0, 2, 0 };
+constexpr SBitsPlace gsc_oRates = { 1, 6, 0 };
 constexpr unsigned int gsc_uiExtraOffset = 2;
 constexpr unsigned int gsc_uiLeastChannels = 2;
 
 // A speaker allocation: a mask of 11 bits. The rest of byte 1 and byte 2 are reserved.
 constexpr unsigned int gsc_uiSpeakerSize = 3;
-constexpr ByteFields::SSplitField gsc_oSpeakers = { { 0, 0, 8 }, { 1, 0, 3 } };
+constexpr SPlace gsc_oSpeakers = Split({ { 1, 2, 0 }, { 0, 7, 0 } });
 
 constexpr const char* gsc_apszFormatNames[] = {
     "",
@@ -58,7 +60,7 @@ static_assert(std::size(gsc_apszFormatNames) == CEdidExtBlockCEA861::eAudioForma
 
 // In kHz, by bit number.
 constexpr const char* gsc_apszRateNames[] = { "32", "44", "48", "88", "96", "176", "192" };
-static_assert(std::size(gsc_apszRateNames) == gsc_oRates.m_uiWidth, "a name for each rate bit");
+static_assert(std::size(gsc_apszRateNames) == gsc_oRates.GetWidth(), "a name for each rate bit");
 
 CEdidExtBlockCEA861::SAudioDescriptor ReadAudioDescriptor(const unsigned char* pui8Raw)
 {
@@ -73,11 +75,11 @@ void WriteAudioDescriptor(const CEdidExtBlockCEA861::SAudioDescriptor& oDescript
     gsc_oFormat.Write(pui8Raw, oDescriptor.m_eFormat);
     gsc_oChannelsMinus1.Write(pui8Raw, oDescriptor.m_uiChannels - 1);
     gsc_oRates.Write(pui8Raw, oDescriptor.m_eSamplingFreq);
-    pui8Raw[gsc_uiExtraOffset] = ByteFields::LowByte(oDescriptor.m_uiExtra);
+    pui8Raw[gsc_uiExtraOffset] = LowByte(oDescriptor.m_uiExtra);
 }
 
 // A payload too short for a byte has 0 there.
-unsigned int ReadSpeakerMask(const CCea861Walk& oWalk)
+unsigned int ReadSpeakerMask(const CDataBlockWalk& oWalk)
 {
     unsigned char aui8Raw[gsc_uiSpeakerSize] = {};
     for (unsigned int i = 0; i < gsc_uiSpeakerSize && i < oWalk.GetLength(); ++i)
@@ -99,7 +101,7 @@ void WriteSpeakerMask(unsigned int uiMask, unsigned char* pui8Raw, bool bKeepRes
 // Where a descriptor stands, and in which block; offsets of 0 when it is not there.
 struct SAudioPlace
 {
-    SDataBlock m_oBlock;
+    SPayload m_oBlock;
     unsigned int m_uiOffset;
 };
 
@@ -107,12 +109,12 @@ struct SAudioPlace
 SAudioPlace FindAudioDescriptor(const CCea861Bytes& oBytes, unsigned int uiIndex)
 {
     unsigned int uiBase = 0;
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oAudioBlocks);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oAudioBlocks);)
     {
         const unsigned int uiCount = oWalk.GetLength() / gsc_uiAudioSize;
         if (uiIndex - uiBase < uiCount)
         {
-            return { oWalk.GetBlock(), oWalk.GetBlock().m_uiOffset + gsc_uiAudioSize * (uiIndex - uiBase) };
+            return { oWalk.GetPayload(), oWalk.GetPayload().m_uiOffset + gsc_uiAudioSize * (uiIndex - uiBase) };
         }
         uiBase += uiCount;
     }
@@ -160,7 +162,7 @@ int CEdidExtBlockCEA861::AddAudioDescriptor(const SAudioDescriptor* poDescriptor
     }
     const unsigned int uiLists = GetTouchedLists(eList_Audio | eList_Detailed);
     CCea861Editor oEditor = EditBytes();
-    const SDataBlock oFirst = oEditor.FindDataBlock(gsc_oAudioBlocks, 0);
+    const SPayload oFirst = oEditor.FindDataBlock(gsc_oAudioBlocks, 0);
     const bool bGrow = oFirst.m_uiOffset != 0 && oFirst.m_uiLength + gsc_uiAudioSize <= gsc_uiMostPayload;
     const unsigned int uiOffset = bGrow ? oEditor.GrowDataBlock(oFirst, gsc_uiAudioSize)
                                         : oEditor.OpenDataBlock(eCea861Tag_Audio, gsc_uiAudioSize);
@@ -208,19 +210,19 @@ unsigned int CEdidExtBlockCEA861::ExtractAudioInfo()
 {
     const CCea861Bytes oBytes = GetBytes();
     unsigned int uiMost = 0;
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oAudioBlocks);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oAudioBlocks);)
     {
         uiMost += oWalk.GetLength() / gsc_uiAudioSize;
     }
     CListFill<SAudioDescriptor> oFill(m_aoAudio, uiMost);
-    CCea861Walk oWalk = oBytes.Walk();
+    CDataBlockWalk oWalk = oBytes.Walk();
     if (!oWalk.Next(gsc_oAudioBlocks) || oWalk.GetLength() % gsc_uiAudioSize != 0)
     {
         return 0; // a first block of odd length makes all of them suspect
     }
     do
     {
-        const unsigned char* pui8Payload = oBytes.GetAt(oWalk.GetBlock().m_uiOffset);
+        const unsigned char* pui8Payload = oBytes.GetAt(oWalk.GetPayload().m_uiOffset);
         for (unsigned int i = 0; i < oWalk.GetLength() / gsc_uiAudioSize; ++i)
         {
             oFill.Add(ReadAudioDescriptor(pui8Payload + gsc_uiAudioSize * i));
@@ -238,7 +240,7 @@ CMString CEdidExtBlockCEA861::GetAudioFormatStr(const EAudioFormat& eFormat)
 CMString CEdidExtBlockCEA861::GetAudioSamplingFreqStr(const EAudioSamplingFreq& eFreq)
 {
     const unsigned int uiFreq = eFreq;
-    const bool bOneRate = uiFreq <= gsc_oRates.GetMask() && std::has_single_bit(uiFreq);
+    const bool bOneRate = uiFreq <= gsc_oRates.GetMost() && std::has_single_bit(uiFreq);
     return CMString(bOneRate ? gsc_apszRateNames[std::countr_zero(uiFreq)] : "");
 }
 
@@ -272,7 +274,7 @@ int CEdidExtBlockCEA861::WriteSpeakers(unsigned int uiIndex, unsigned int uiMask
     {
         return 0;
     }
-    const SDataBlock oBlock = GetBytes().FindDataBlock(gsc_oSpeakerBlocks, uiIndex);
+    const SPayload oBlock = GetBytes().FindDataBlock(gsc_oSpeakerBlocks, uiIndex);
     if (oBlock.m_uiOffset == 0 || oBlock.m_uiLength < gsc_uiSpeakerSize) // writing past it would damage its neighbour
     {
         return 0;
@@ -309,7 +311,7 @@ int CEdidExtBlockCEA861::RemoveSpeakerDescriptor(unsigned int uiIndex)
         return 0;
     }
     CCea861Editor oEditor = EditBytes();
-    const SDataBlock oBlock = oEditor.FindDataBlock(gsc_oSpeakerBlocks, uiIndex);
+    const SPayload oBlock = oEditor.FindDataBlock(gsc_oSpeakerBlocks, uiIndex);
     if (oBlock.m_uiOffset == 0)
     {
         return 0;
@@ -328,7 +330,7 @@ unsigned int CEdidExtBlockCEA861::ExtractSpeakerInfo()
 {
     const CCea861Bytes oBytes = GetBytes();
     CListFill<unsigned int> oFill(m_auiSpeaker, oBytes.CountDataBlocks(gsc_oSpeakerBlocks));
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oSpeakerBlocks);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oSpeakerBlocks);)
     {
         oFill.Add(ReadSpeakerMask(oWalk));
     }

@@ -12,7 +12,8 @@
 #include "VidParamCea.h"
 #include "ZorAssert.h"
 
-using namespace Cea861Layout;
+using namespace ZorCore;
+using namespace ZorStandards::Cta;
 
 namespace
 {
@@ -101,7 +102,7 @@ struct SDraft
 };
 
 // The bit of a capability map that stands for code number uiIndex.
-bool IsMapped(const CCea861Walk& oMap, unsigned int uiIndex)
+bool IsMapped(const CDataBlockWalk& oMap, unsigned int uiIndex)
 {
     return ((oMap.GetByte(uiIndex / gsc_uiBitsPerByte) >> (uiIndex % gsc_uiBitsPerByte)) & 1U) != 0;
 }
@@ -130,7 +131,7 @@ struct SAllCodes
 void AddVideoCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
 {
     unsigned int uiBlock = 0;
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideoBlocks); ++uiBlock)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideoBlocks); ++uiBlock)
     {
         for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
         {
@@ -140,9 +141,9 @@ void AddVideoCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
 }
 
 // The payload of the data block that the walk has reached, when that is an HDMI vendor block; else null.
-unsigned char* GetHdmiPayload(const CCea861Editor& oEditor, const CCea861Walk& oWalk)
+unsigned char* GetHdmiPayload(const CCea861Editor& oEditor, const CDataBlockWalk& oWalk)
 {
-    unsigned char* pui8Payload = oEditor.GetAt(oWalk.GetBlock().m_uiOffset);
+    unsigned char* pui8Payload = oEditor.GetAt(oWalk.GetPayload().m_uiOffset);
     return CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) != 0 ? pui8Payload : nullptr;
 }
 
@@ -150,9 +151,9 @@ unsigned char* GetHdmiPayload(const CCea861Editor& oEditor, const CCea861Walk& o
 void AddHdmiCodes(const CCea861Bytes& oBytes, const SDataBlockKind& oKind, SAllCodes& oCodes)
 {
     unsigned int uiBlock = 0;
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(oKind); ++uiBlock)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(oKind); ++uiBlock)
     {
-        const unsigned char* pui8Payload = oBytes.GetAt(oWalk.GetBlock().m_uiOffset);
+        const unsigned char* pui8Payload = oBytes.GetAt(oWalk.GetPayload().m_uiOffset);
         if (CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) == 0)
         {
             continue;
@@ -216,7 +217,7 @@ unsigned int GetMost420Timings(const CCea861Bytes& oBytes, unsigned int uiOrdina
 {
     unsigned int uiCodes = 0;
     unsigned int uiCopies = 0;
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
     {
         uiCopies += oWalk.GetLength() == 0 ? 1U : 0U;
         for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
@@ -224,7 +225,7 @@ unsigned int GetMost420Timings(const CCea861Bytes& oBytes, unsigned int uiOrdina
             uiCodes += static_cast<unsigned int>(std::popcount(oWalk.GetByte(i)));
         }
     }
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
     {
         uiCodes += oWalk.GetLength();
     }
@@ -232,7 +233,7 @@ unsigned int GetMost420Timings(const CCea861Bytes& oBytes, unsigned int uiOrdina
 }
 
 // The timings of the codes that a capability map selects.
-void AddMappedTimings(const CCea861Walk& oMap, const SAllCodes& oCodes, CListFill<SVicCodeEntry>& oFill,
+void AddMappedTimings(const CDataBlockWalk& oMap, const SAllCodes& oCodes, CListFill<SVicCodeEntry>& oFill,
                       CHeldTimings& oHeld)
 {
     for (unsigned int i = 0; i < gsc_uiBitsPerByte * oMap.GetLength(); ++i)
@@ -257,7 +258,7 @@ void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
 {
     CListFill<SVicCodeEntry> oFill(aoTimings, GetMost420Timings(oBytes, aoOrdinary.GetCount()));
     CHeldTimings oHeld;
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
     {
         if (oWalk.GetLength() != 0)
         {
@@ -270,7 +271,7 @@ void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
             oFill.Add(aoOrdinary[i]);
         }
     }
-    for (CCea861Walk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
     {
         for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
         {
@@ -303,7 +304,7 @@ bool RemoveSvd(CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp, SRemo
         oRemoved.m_uiBlockIndex = oLookUp.m_uiBlockIndex;
         oRemoved.m_uiInBlock = 0;
     }
-    const SDataBlock oBlock = oEditor.FindDataBlock(gsc_oVideoBlocks, oLookUp.m_uiBlockIndex - oRemoved.m_uiBlocks);
+    const SPayload oBlock = oEditor.FindDataBlock(gsc_oVideoBlocks, oLookUp.m_uiBlockIndex - oRemoved.m_uiBlocks);
     const unsigned int uiPosition = oLookUp.m_uiPosition - oRemoved.m_uiInBlock;
     if (oBlock.m_uiOffset == 0 || uiPosition >= oBlock.m_uiLength)
     {
@@ -322,7 +323,7 @@ bool RemoveSvd(CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp, SRemo
 // Takes one HDMI code out of its vendor block, which keeps its length. False when the block is not there.
 bool RemoveHdmiVic(const CCea861Editor& oEditor, const SVicCodeEntryLookUp& oLookUp)
 {
-    const SDataBlock oBlock = oEditor.FindDataBlock(KindOf(oLookUp), oLookUp.m_uiBlockIndex);
+    const SPayload oBlock = oEditor.FindDataBlock(KindOf(oLookUp), oLookUp.m_uiBlockIndex);
     if (oBlock.m_uiOffset == 0)
     {
         return false;
@@ -346,7 +347,7 @@ bool IsVideoCode(const SCode& oCode)
 }
 
 // The byte of a code: a short video descriptor, or the zero that an HDMI code leaves behind the last one.
-unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SDataBlock& oBlock)
+unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SPayload& oBlock)
 {
     if (IsVideoCode(oCode))
     {
@@ -362,9 +363,9 @@ unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SD
 // front, in its own block and in others, stay as they were.
 void TakeOut(CCea861Editor& oEditor, const SCode& oCode)
 {
-    const SDataBlock oBlock = oEditor.FindDataBlock(oCode.m_oKind, oCode.m_uiBlockIndex);
+    const SPayload oBlock = oEditor.FindDataBlock(oCode.m_oKind, oCode.m_uiBlockIndex);
     const unsigned int uiTagSize = oCode.m_oKind.m_bExtended ? 1 : 0;
-    const SDataBlock oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
+    const SPayload oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
     oEditor.ShrinkDataBlock(oWhole, FreeCode(oEditor, oCode, oBlock), 1);
     oEditor.LowerDetailedStart(1);
     if (oWhole.m_uiLength == 1)
@@ -378,7 +379,7 @@ void TakeOut(CCea861Editor& oEditor, const SCode& oCode)
 bool TakeOutOf3d(CCea861Editor& oEditor, const SDataBlockKind& oKind, unsigned int uiPosition, unsigned int uiCodes)
 {
     const unsigned int uiTagSize = oKind.m_bExtended ? 1 : 0;
-    SDataBlock oBlock = oEditor.FindDataBlock(oKind, 0);
+    SPayload oBlock = oEditor.FindDataBlock(oKind, 0);
     for (unsigned int i = 1; oBlock.m_uiOffset != 0; ++i)
     {
         unsigned char* pui8Payload = oEditor.GetAt(oBlock.m_uiOffset);
@@ -390,7 +391,7 @@ bool TakeOutOf3d(CCea861Editor& oEditor, const SDataBlockKind& oKind, unsigned i
         }
         if (uiFreed != 0)
         {
-            const SDataBlock oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
+            const SPayload oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
             oEditor.ShrinkDataBlock(oWhole, oBlock.m_uiOffset + oBlock.m_uiLength - uiFreed, uiFreed);
             oEditor.LowerDetailedStart(uiFreed);
         }
@@ -402,13 +403,13 @@ bool TakeOutOf3d(CCea861Editor& oEditor, const SDataBlockKind& oKind, unsigned i
 // Takes the bit of a code out of all capability maps; the bits behind move down.
 void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
 {
-    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    for (CDataBlockWalk oWalk = oEditor.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
     {
         const unsigned int uiBits = gsc_uiBitsPerByte * oWalk.GetLength();
         for (unsigned int i = uiIndex; i < uiBits; ++i)
         {
-            const ByteFields::SBits oBit = { i / gsc_uiBitsPerByte, i % gsc_uiBitsPerByte, 1 };
-            oBit.Write(oEditor.GetAt(oWalk.GetBlock().m_uiOffset), i + 1 < uiBits && IsMapped(oWalk, i + 1) ? 1 : 0);
+            ZorStandards::Bit(i / gsc_uiBitsPerByte, i % gsc_uiBitsPerByte)
+                .Write(oEditor.GetAt(oWalk.GetPayload().m_uiOffset), i + 1 < uiBits && IsMapped(oWalk, i + 1) ? 1 : 0);
         }
     }
 }
@@ -602,7 +603,7 @@ int CEdidExtBlockCEA861::GetColorBitDepthSupport(unsigned int& uiBits)
 {
     uiBits = 0;
     const CCea861Editor oEditor = EditBytes();
-    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
+    for (CDataBlockWalk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
     {
         unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
         if (pui8Payload == nullptr)
@@ -626,7 +627,7 @@ int CEdidExtBlockCEA861::SetColorBitDepthSupport(unsigned int uiBits)
     const unsigned int uiLists = GetTouchedLists(0);
     const CCea861Editor oEditor = EditBytes();
     CCea861Undo oUndo(m_aui8Raw.GetData());
-    for (CCea861Walk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
+    for (CDataBlockWalk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
     {
         unsigned char* pui8Payload = GetHdmiPayload(oEditor, oWalk);
         if (pui8Payload == nullptr)

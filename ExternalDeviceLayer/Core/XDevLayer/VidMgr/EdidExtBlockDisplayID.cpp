@@ -3,79 +3,31 @@
 
 #include "EdidExtBlockDisplayID.h"
 
-#include "ByteFields.h"
 #include "EdidDetailedTiming.h"
 #include "EdidUtils.h"
 #include "ListFill.h"
+#include "Standards/DisplayIdSection.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
-using namespace ByteFields;
+using namespace ZorCore;
+using namespace ZorStandards;
 
 namespace
 {
-constexpr unsigned int gsc_uiHighestRevision = 0x12;
-
-// Positions in the extension block, from its first byte.
-constexpr unsigned int gsc_uiExtensionTagOffset = 0;
-constexpr unsigned int gsc_uiRevisionOffset = 1; // first byte of the section
-constexpr unsigned int gsc_uiSectionLengthOffset = 2;
-constexpr unsigned int gsc_uiDataBlocksOffset = 5;
-
-// What a section has besides its data blocks: revision, length, product type, extension count, checksum. Its first byte
-// stands at offset 1, so the same number leads from the length to the offset of the section checksum.
-constexpr unsigned int gsc_uiSectionOverhead = 5;
-constexpr unsigned int gsc_uiLargestSection = 126;
-
 constexpr unsigned int gsc_uiEndTag = 0; // ends the data blocks
-constexpr unsigned int gsc_uiDataBlockRevisionMask = 0x07;
-constexpr unsigned int gsc_uiDataBlockHeaderSize = sizeof(CEdidExtBlockDisplayID::SDataBlockHeader);
 
-// A tile declaration, from the first byte of its payload. Counts, width and height are stored minus 1. Bezel and
-// identity of the display are not read.
-constexpr unsigned int gsc_uiTiledTopologySize = 22;
-constexpr SBits gsc_oSingleEnclosure = { 0, 7, 1 };
-constexpr SBits gsc_oBezelInfo = { 0, 6, 1 };
-constexpr SBits gsc_oMultiTileBehaviour = { 0, 3, 2 };
-constexpr SBits gsc_oSingleTileBehaviour = { 0, 0, 3 };
-// clang-format off
-//                                          low bits         high bits
-//                                        byte shift width   byte shift width
-constexpr SSplitField gsc_oTileCountX    {{  1, 4, 4 },      { 3, 6, 2 }};
-constexpr SSplitField gsc_oTileCountY    {{  1, 0, 4 },      { 3, 4, 2 }};
-constexpr SSplitField gsc_oTileLocationX {{  2, 4, 4 },      { 3, 2, 2 }};
-constexpr SSplitField gsc_oTileLocationY {{  2, 0, 4 },      { 3, 0, 2 }};
-// clang-format on
-constexpr unsigned int gsc_uiTileWidthOffset = 4;  // two bytes, pixels
-constexpr unsigned int gsc_uiTileHeightOffset = 6; // two bytes, lines
+static_assert(CEdidExtBlockDisplayID::msc_uiExtensionTag == DisplayId::gsc_uiTag);
+static_assert(sizeof(CEdidExtBlockDisplayID::SDataBlockHeader) == DisplayId::gsc_uiHeaderSize);
+static_assert(sizeof(CEdidExtBlockDisplayID::SDisplayIdType1DetailedRaw) == DisplayId::gsc_oType1.m_uiSize);
+static_assert(sizeof(CEdidExtBlockDisplayID::SDisplayIdType2DetailedRaw) == DisplayId::gsc_oType2.m_uiSize);
 
 // Values of the two behaviours.
 constexpr unsigned int gsc_uiMultiTileAtLocation = 1;
 constexpr unsigned int gsc_uiSingleTileAtLocation = 1;
 constexpr unsigned int gsc_uiSingleTileScaled = 2;
 constexpr unsigned int gsc_uiSingleTileCloned = 3;
-
-// Timing records.
-constexpr unsigned int gsc_uiClockUnitInKiloHz = 10;
-constexpr unsigned int gsc_uiInterlacedMask = 0x10; // of the flags of both types
-
-// Type I: the two front porch fields.
-constexpr unsigned int gsc_uiType1PositiveMask = 0x8000;
-constexpr unsigned int gsc_uiType1PorchMask = 0x7FFF;
-
-// Type II, from the first byte of the record.
-constexpr unsigned int gsc_uiType2PixelUnit = 8;
-constexpr SBits gsc_oType2HorizontalPositive = { 3, 3, 1 };
-constexpr SBits gsc_oType2VerticalPositive = { 3, 2, 1 };
-constexpr SSplitField gsc_oType2HorizontalActive = { { 4, 0, 8 }, { 5, 0, 1 } };
-constexpr SBits gsc_oType2HorizontalBlank = { 5, 1, 7 };
-constexpr SBits gsc_oType2HorizontalFrontPorch = { 6, 4, 4 };
-constexpr SBits gsc_oType2HorizontalSync = { 6, 0, 4 };
-constexpr SSplitField gsc_oType2VerticalActive = { { 7, 0, 8 }, { 8, 0, 4 } };
-constexpr SBits gsc_oType2VerticalBlank = { 9, 0, 8 };
-constexpr SBits gsc_oType2VerticalFrontPorch = { 10, 4, 4 };
-constexpr SBits gsc_oType2VerticalSync = { 10, 0, 4 };
 
 const unsigned char* PayloadOf(const CEdidExtBlockDisplayID::SDataBlockHeader* poBlock)
 {
@@ -100,7 +52,7 @@ using CBlock = CEdidExtBlockDisplayID;
 constexpr SDataBlockRule gsc_aoDataBlockRules[] = {
     { CBlock::eDisplayIdTag_Type1Detailed,   1,    sizeof(CBlock::SDisplayIdType1DetailedRaw), gsc_uiAnyNumber },
     { CBlock::eDisplayIdTag_Type2Detailed,   0,    sizeof(CBlock::SDisplayIdType2DetailedRaw), gsc_uiAnyNumber },
-    { CBlock::eDisplayIdTag_TiledTopology,   0,    gsc_uiTiledTopologySize,                    1 },
+    { CBlock::eDisplayIdTag_TiledTopology,   0,    DisplayId::gsc_uiTiledTopologySize,                    1 },
 };
 // clang-format on
 
@@ -117,14 +69,12 @@ const SDataBlockRule* FindRule(unsigned int uiTag)
     return nullptr;
 }
 
-// uiBytesBehind: bytes that the extension block holds behind the header.
-bool IsDataBlockGood(const SDataBlockRule& oRule, const CEdidExtBlockDisplayID::SDataBlockHeader& oBlock,
-                     unsigned int uiBytesBehind)
+bool IsDataBlockGood(const SDataBlockRule& oRule, const DisplayId::CDataBlockWalk& oWalk)
 {
-    const unsigned int uiLength = oBlock.m_ui8PayloadLength;
-    return (oBlock.m_ui8Revision & gsc_uiDataBlockRevisionMask) <= oRule.m_uiHighestRevision && uiLength != 0 &&
+    const unsigned int uiLength = oWalk.GetHeader()[DisplayId::gsc_uiHeaderLengthOffset];
+    return DisplayId::gsc_oHeaderRevision.Read(oWalk.GetHeader()) <= oRule.m_uiHighestRevision && uiLength != 0 &&
            uiLength % oRule.m_uiRecordSize == 0 && uiLength / oRule.m_uiRecordSize <= oRule.m_uiMaxRecords &&
-           uiLength <= uiBytesBehind;
+           !oWalk.IsCut();
 }
 
 template <class RECORD>
@@ -161,25 +111,30 @@ bool ListRecords(const BLOCKS& apoBlocks, CMArray<const RECORD*, const RECORD* c
     return true;
 }
 
-// Of both types; the clock as stored.
-void StoreTiming(unsigned int uiClockField, unsigned int uiFlags, const SDetailedAxis& oHorizontal,
-                 const SDetailedAxis& oVertical, CVidParamTiming& oTiming)
+// False with the timing untouched when the active width or height field is 0.
+bool StoreTiming(const DisplayId::STimingPlaces& oPlaces, const unsigned char* pui8Record, CVidParamTiming& oTiming)
 {
-    StoreDetailedTiming({ (uiClockField + 1) * gsc_uiClockUnitInKiloHz, (uiFlags & gsc_uiInterlacedMask) != 0, true,
-                          oHorizontal, oVertical },
-                        oTiming);
+    if (!oPlaces.m_oHorizontalActive.IsSet(pui8Record) || !oPlaces.m_oVerticalActive.IsSet(pui8Record))
+    {
+        return false;
+    }
+    const auto fnRead = [pui8Record](const SPlace& oPlace, unsigned int uiUnit) {
+        return (oPlace.Read(pui8Record) + 1) * uiUnit;
+    };
+    const unsigned int uiPixels = oPlaces.m_uiPixels;
+    StoreDetailedTiming(
+        { fnRead(oPlaces.m_oClock, oPlaces.m_uiClockInKiloHz),
+          oPlaces.m_oInterlaced.IsSet(pui8Record),
+          true,
+          { fnRead(oPlaces.m_oHorizontalActive, uiPixels), fnRead(oPlaces.m_oHorizontalBlank, uiPixels),
+            fnRead(oPlaces.m_oHorizontalFrontPorch, uiPixels), fnRead(oPlaces.m_oHorizontalSync, uiPixels),
+            oPlaces.m_oHorizontalPositive.IsSet(pui8Record) },
+          { fnRead(oPlaces.m_oVerticalActive, 1), fnRead(oPlaces.m_oVerticalBlank, 1),
+            fnRead(oPlaces.m_oVerticalFrontPorch, 1), fnRead(oPlaces.m_oVerticalSync, 1),
+            oPlaces.m_oVerticalPositive.IsSet(pui8Record) } },
+        oTiming);
+    return true;
 }
-
-// The axis of a Type I record, its active size as stored. The front porch shares its field with the polarity.
-SDetailedAxis ReadType1Axis(unsigned int uiActive, const unsigned char (&aui8Blank)[2],
-                            const unsigned char (&aui8FrontPorch)[2], const unsigned char (&aui8Sync)[2])
-{
-    const unsigned int uiFrontPorch = ReadLittle16(aui8FrontPorch);
-    return { uiActive + 1, ReadLittle16(aui8Blank) + 1, (uiFrontPorch & gsc_uiType1PorchMask) + 1,
-             ReadLittle16(aui8Sync) + 1, (uiFrontPorch & gsc_uiType1PositiveMask) != 0 };
-}
-
-constexpr unsigned int Type2Pixels(unsigned int uiField) { return (uiField + 1) * gsc_uiType2PixelUnit; }
 
 void StoreFlag(int* piDestination, bool bValue)
 {
@@ -192,23 +147,12 @@ void StoreFlag(int* piDestination, bool bValue)
 
 int CEdidExtBlockDisplayID::IsSupported(unsigned int uiSize, const unsigned char* pui8Data)
 {
-    if (uiSize < CEdidUtils::msc_uiBlockSize || pui8Data == nullptr)
+    if (uiSize < gsc_uiBlockSize || pui8Data == nullptr)
     {
         MASSERT_FAILED();
         return 0;
     }
-    if (pui8Data[gsc_uiExtensionTagOffset] != msc_uiExtensionTag ||
-        CEdidUtils::Is8BitsChecksumValid(uiSize, pui8Data) == 0 ||
-        pui8Data[gsc_uiRevisionOffset] > gsc_uiHighestRevision)
-    {
-        return 0;
-    }
-    const unsigned int uiSectionSize = pui8Data[gsc_uiSectionLengthOffset] + gsc_uiSectionOverhead;
-    if (uiSectionSize > gsc_uiLargestSection)
-    {
-        return 0;
-    }
-    return CEdidUtils::Is8BitsChecksumValid(uiSectionSize, pui8Data + gsc_uiRevisionOffset) != 0 ? 1 : 0;
+    return pui8Data[0] == msc_uiExtensionTag && GetRefusal(uiSize, pui8Data) == eRefusal_None ? 1 : 0;
 }
 
 CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(unsigned int uiSize, const unsigned char* pui8Data)
@@ -227,7 +171,7 @@ CEdidExtBlockDisplayID::CEdidExtBlockDisplayID(SSupported, unsigned int uiSize, 
 void CEdidExtBlockDisplayID::Load(unsigned int uiSize, const unsigned char* pui8Data)
 {
     m_uiExtensionType = msc_uiExtensionTag;
-    m_uiRevision = pui8Data[gsc_uiRevisionOffset];
+    m_uiRevision = pui8Data[DisplayId::gsc_uiVersionOffset];
     m_aui8Raw.SetCount(uiSize, -1);
     ZorTools_memcpy(m_aui8Raw.GetData(), pui8Data, uiSize);
 
@@ -275,10 +219,10 @@ int CEdidExtBlockDisplayID::GetTiledDisplayCapabilities(int* piSingleEnclosure, 
     {
         return 0;
     }
-    const unsigned int uiMultiTile = gsc_oMultiTileBehaviour.Read(pui8Tile);
-    const unsigned int uiSingleTile = gsc_oSingleTileBehaviour.Read(pui8Tile);
-    StoreFlag(piSingleEnclosure, gsc_oSingleEnclosure.IsSet(pui8Tile));
-    StoreFlag(piBezelInfoPresent, gsc_oBezelInfo.IsSet(pui8Tile));
+    const unsigned int uiMultiTile = DisplayId::gsc_oMultiTileBehaviour.Read(pui8Tile);
+    const unsigned int uiSingleTile = DisplayId::gsc_oSingleTileBehaviour.Read(pui8Tile);
+    StoreFlag(piSingleEnclosure, DisplayId::gsc_oSingleEnclosure.IsSet(pui8Tile));
+    StoreFlag(piBezelInfoPresent, DisplayId::gsc_oBezelInfo.IsSet(pui8Tile));
     StoreFlag(piMultiTileAtLocation, uiMultiTile == gsc_uiMultiTileAtLocation);
     StoreFlag(piSingleTileAtLocation, uiSingleTile == gsc_uiSingleTileAtLocation);
     StoreFlag(piSingleTileScaled, uiSingleTile == gsc_uiSingleTileScaled);
@@ -295,12 +239,12 @@ int CEdidExtBlockDisplayID::GetTopologyDescription(unsigned int& uiTileLocationX
     {
         return 0;
     }
-    uiTileLocationX = gsc_oTileLocationX.Read(pui8Tile);
-    uiTileLocationY = gsc_oTileLocationY.Read(pui8Tile);
-    uiTileCountX = gsc_oTileCountX.Read(pui8Tile) + 1;
-    uiTileCountY = gsc_oTileCountY.Read(pui8Tile) + 1;
-    uiTileWidth = ReadLittle16(pui8Tile + gsc_uiTileWidthOffset) + 1;
-    uiTileHeight = ReadLittle16(pui8Tile + gsc_uiTileHeightOffset) + 1;
+    uiTileLocationX = DisplayId::gsc_oTileLocationX.Read(pui8Tile);
+    uiTileLocationY = DisplayId::gsc_oTileLocationY.Read(pui8Tile);
+    uiTileCountX = DisplayId::gsc_oTileCountX.Read(pui8Tile) + 1;
+    uiTileCountY = DisplayId::gsc_oTileCountY.Read(pui8Tile) + 1;
+    uiTileWidth = DisplayId::gsc_oTileWidth.Read(pui8Tile) + 1;
+    uiTileHeight = DisplayId::gsc_oTileHeight.Read(pui8Tile) + 1;
     return 1;
 }
 
@@ -356,20 +300,10 @@ int CEdidExtBlockDisplayID::ConvertDetailedType1ToVidParam(const SDisplayIdType1
         MASSERT_FAILED();
         return 0;
     }
-    const unsigned int uiClock = ReadLittle24(poRaw->m_aui8PixelClock);
-    const unsigned int uiHorizontalActive = ReadLittle16(poRaw->m_aui8HorizontalActive);
-    const unsigned int uiVerticalActive = ReadLittle16(poRaw->m_aui8VerticalActive);
-    if (uiHorizontalActive == 0 || uiVerticalActive == 0 || uiClock == 0)
-    {
-        return 0;
-    }
-    StoreTiming(uiClock, poRaw->m_ui8Flags,
-                ReadType1Axis(uiHorizontalActive, poRaw->m_aui8HorizontalBlank, poRaw->m_aui8HorizontalFrontPorch,
-                              poRaw->m_aui8HorizontalSync),
-                ReadType1Axis(uiVerticalActive, poRaw->m_aui8VerticalBlank, poRaw->m_aui8VerticalFrontPorch,
-                              poRaw->m_aui8VerticalSync),
-                *poTiming);
-    return 1;
+    const unsigned char* pui8Raw = reinterpret_cast<const unsigned char*>(poRaw); // the record holds bytes only
+    const bool bStored =
+        DisplayId::gsc_oType1.m_oClock.IsSet(pui8Raw) && StoreTiming(DisplayId::gsc_oType1, pui8Raw, *poTiming);
+    return bStored ? 1 : 0;
 }
 
 int CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam(const SDisplayIdType2DetailedRaw* poRaw,
@@ -380,24 +314,8 @@ int CEdidExtBlockDisplayID::ConvertDetailedType2ToVidParam(const SDisplayIdType2
         MASSERT_FAILED();
         return 0;
     }
-    const unsigned char* pui8Raw = reinterpret_cast<const unsigned char*>(poRaw); // the record holds bytes only
-    const unsigned int uiHorizontalActive = gsc_oType2HorizontalActive.Read(pui8Raw);
-    const unsigned int uiVerticalActive = gsc_oType2VerticalActive.Read(pui8Raw);
-    if (uiHorizontalActive == 0 || uiVerticalActive == 0)
-    {
-        return 0;
-    }
-    const SDetailedAxis oHorizontal = { Type2Pixels(uiHorizontalActive),
-                                        Type2Pixels(gsc_oType2HorizontalBlank.Read(pui8Raw)),
-                                        Type2Pixels(gsc_oType2HorizontalFrontPorch.Read(pui8Raw)),
-                                        Type2Pixels(gsc_oType2HorizontalSync.Read(pui8Raw)),
-                                        gsc_oType2HorizontalPositive.IsSet(pui8Raw) };
-    const SDetailedAxis oVertical = { uiVerticalActive + 1, gsc_oType2VerticalBlank.Read(pui8Raw) + 1,
-                                      gsc_oType2VerticalFrontPorch.Read(pui8Raw) + 1,
-                                      gsc_oType2VerticalSync.Read(pui8Raw) + 1,
-                                      gsc_oType2VerticalPositive.IsSet(pui8Raw) };
-    StoreTiming(ReadLittle24(poRaw->m_aui8PixelClock), poRaw->m_ui8Flags, oHorizontal, oVertical, *poTiming);
-    return 1;
+    const unsigned char* pui8Raw = reinterpret_cast<const unsigned char*>(poRaw);
+    return StoreTiming(DisplayId::gsc_oType2, pui8Raw, *poTiming) ? 1 : 0;
 }
 
 // Collects the understood data blocks; false when a bad one ended the walk.
@@ -409,24 +327,23 @@ bool CEdidExtBlockDisplayID::ReadDataBlocks()
         GetDataBlocks(oRule.m_eTag);
     }
 
-    // The section ends at byte 126 at the latest, so that a header that begins in it lies inside the block.
-    const unsigned int uiEnd = m_aui8Raw[gsc_uiSectionLengthOffset] + gsc_uiSectionOverhead;
-    unsigned int uiOffset = gsc_uiDataBlocksOffset;
-    while (uiOffset < uiEnd && m_aui8Raw[uiOffset] != gsc_uiEndTag)
+    // The section ends at byte 126 at the latest, so that a header that begins in it lies inside the block. A data
+    // block may run past the section.
+    DisplayId::CDataBlockWalk oWalk(m_aui8Raw.GetData(), DisplayId::gsc_uiDataBlocksOffset,
+                                    DisplayId::GetSectionSize(m_aui8Raw.GetData()), m_aui8Raw.GetCount());
+    while (oWalk.Next() && oWalk.GetTag() != gsc_uiEndTag)
     {
-        const SDataBlockHeader* poBlock = reinterpret_cast<const SDataBlockHeader*>(m_aui8Raw.GetData() + uiOffset);
-        uiOffset += gsc_uiDataBlockHeaderSize;
-        const SDataBlockRule* poRule = FindRule(poBlock->m_ui8Tag);
-        if (poRule != nullptr)
+        const SDataBlockRule* poRule = FindRule(oWalk.GetTag());
+        if (poRule == nullptr)
         {
-            if (!IsDataBlockGood(*poRule, *poBlock, m_aui8Raw.GetCount() - uiOffset))
-            {
-                MASSERT_FAILED();
-                return false;
-            }
-            GetDataBlocks(poRule->m_eTag).Add(poBlock);
+            continue;
         }
-        uiOffset += poBlock->m_ui8PayloadLength;
+        if (!IsDataBlockGood(*poRule, oWalk))
+        {
+            MASSERT_FAILED();
+            return false;
+        }
+        GetDataBlocks(poRule->m_eTag).Add(reinterpret_cast<const SDataBlockHeader*>(oWalk.GetHeader()));
     }
     return true;
 }

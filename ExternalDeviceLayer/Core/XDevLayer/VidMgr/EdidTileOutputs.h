@@ -4,6 +4,8 @@
 
 #include <initializer_list>
 
+namespace ZorCore
+{
 // Stores 0 behind each pointer that is not null.
 template <class VALUE>
 void ZeroTileOutputs(std::initializer_list<VALUE*> apoOutputs)
@@ -16,3 +18,4 @@ void ZeroTileOutputs(std::initializer_list<VALUE*> apoOutputs)
         }
     }
 }
+} // namespace ZorCore

@@ -3,57 +3,25 @@
 
 #include "EdidUtils.h"
 
-#include "ByteFields.h"
 #include "EdidDetailedTiming.h"
+#include "Standards/BaseBlock.h"
 #include "VidParamTiming.h"
 
-using namespace ByteFields;
+using namespace ZorCore;
+using namespace ZorStandards;
+using namespace ZorStandards::Descriptors;
+
+static_assert(CEdidUtils::msc_uiBlockSize == gsc_uiBlockSize);
+static_assert(sizeof(CEdidUtils::SEdidDetailedRaw) == gsc_uiDescriptorSize);
 
 namespace
 {
-constexpr unsigned int gsc_uiPixelClockOffset = 0; // two bytes, little-endian
-
-// clang-format off
-//                                                  low bits         high bits
-//                                                byte shift width   byte shift width
-constexpr SSplitField gsc_oHorizontalActive     {{  2, 0, 8 },     {  4, 4, 4 }};
-constexpr SSplitField gsc_oHorizontalBlanking   {{  3, 0, 8 },     {  4, 0, 4 }};
-constexpr SSplitField gsc_oVerticalActive       {{  5, 0, 8 },     {  7, 4, 4 }};
-constexpr SSplitField gsc_oVerticalBlanking     {{  6, 0, 8 },     {  7, 0, 4 }};
-constexpr SSplitField gsc_oHorizontalFrontPorch {{  8, 0, 8 },     { 11, 6, 2 }};
-constexpr SSplitField gsc_oHorizontalSync       {{  9, 0, 8 },     { 11, 4, 2 }};
-constexpr SSplitField gsc_oVerticalFrontPorch   {{ 10, 4, 4 },     { 11, 2, 2 }};
-constexpr SSplitField gsc_oVerticalSync         {{ 10, 0, 4 },     { 11, 0, 2 }};
-constexpr SSplitField gsc_oImageWidth           {{ 12, 0, 8 },     { 14, 4, 4 }};
-constexpr SSplitField gsc_oImageHeight          {{ 13, 0, 8 },     { 14, 0, 4 }};
-
-constexpr SBits gsc_oInterlaced         { 17, 7, 1 };
-constexpr SBits gsc_oSyncType           { 17, 3, 2 };
-constexpr SBits gsc_oVerticalPositive   { 17, 2, 1 };
-constexpr SBits gsc_oHorizontalPositive { 17, 1, 1 };
-// clang-format on
-
-constexpr unsigned int gsc_uiDigitalSeparateSync = 3; // value of gsc_oSyncType
-constexpr unsigned int gsc_uiKiloHzPerClockUnit = 10;
 constexpr unsigned int gsc_uiFieldsPerFrame = 2;
-
-constexpr unsigned char SumOf(unsigned int uiSize, const unsigned char* pui8Data)
-{
-    unsigned int uiSum = 0;
-    for (unsigned int i = 0; i < uiSize; ++i)
-    {
-        uiSum += pui8Data[i];
-    }
-    return LowByte(uiSum);
-}
 
 constexpr unsigned int FlagOf(int bFlag) { return bFlag != 0 ? 1 : 0; }
 } // namespace
 
-unsigned int CEdidUtils::SEdidDetailedRaw::GetPixelClockIn10KiloHz() const
-{
-    return ReadLittle16(m_aui8Data + gsc_uiPixelClockOffset);
-}
+unsigned int CEdidUtils::SEdidDetailedRaw::GetPixelClockIn10KiloHz() const { return gsc_oPixelClock.Read(m_aui8Data); }
 
 unsigned int CEdidUtils::SEdidDetailedRaw::GetHorizontalActive() const
 {
@@ -109,7 +77,7 @@ int CEdidUtils::SEdidDetailedRaw::IsVerticalPolarityPositive() const
 
 void CEdidUtils::SEdidDetailedRaw::SetPixelClockIn10KiloHz(unsigned int uiClock)
 {
-    WriteLittle16(m_aui8Data + gsc_uiPixelClockOffset, uiClock);
+    gsc_oPixelClock.Write(m_aui8Data, uiClock);
 }
 
 void CEdidUtils::SEdidDetailedRaw::SetHorizontalActive(unsigned int uiPixels)

@@ -3,15 +3,20 @@
 
 #include "Hdmi1xVsdb.h"
 
-#include "ByteFields.h"
+#include "Standards/ByteFields.h"
+#include "Standards/Place.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
+using namespace ZorStandards;
+
+namespace ZorCore
+{
 namespace
 {
 // Offsets in the payload.
 constexpr unsigned int gsc_uiCapabilityOffset = 5;
-constexpr ByteFields::SBits gsc_oDepth = { gsc_uiCapabilityOffset, 4, 3 };
+constexpr SBitsPlace gsc_oDepth = { gsc_uiCapabilityOffset, 6, 4 };
 constexpr unsigned int gsc_uiPresenceOffset = 7;
 constexpr unsigned int gsc_uiLatencyOffset = 8;
 
@@ -25,10 +30,10 @@ constexpr unsigned int gsc_uiVideoPresent = 0x20;
 constexpr unsigned int gsc_uiLatencySize = 2; // bytes, for each kind
 
 // From the video fields on.
-constexpr ByteFields::SBits gsc_oVicCount = { 1, 5, 3 }; // the bits below are the length of the 3D data
+constexpr SBitsPlace gsc_oVicCount = { 1, 7, 5 }; // the bits below are the length of the 3D data
 constexpr unsigned int gsc_uiVicsOffset = 2;
-constexpr ByteFields::SBits gsc_oMultiPresent = { 0, 5, 2 };
-constexpr ByteFields::SBits gsc_o3dLength = { 1, 0, 5 };
+constexpr SBitsPlace gsc_oMultiPresent = { 0, 6, 5 };
+constexpr SBitsPlace gsc_o3dLength = { 1, 4, 0 };
 
 // 3D data.
 enum EMultiPresent : unsigned int
@@ -41,8 +46,8 @@ enum EMultiPresent : unsigned int
 constexpr unsigned int gsc_uiIndexedCodes = 16;
 constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
-constexpr ByteFields::SBits gsc_oVicOrder = { 0, 4, 4 };
-constexpr ByteFields::SBits gsc_oStructure = { 0, 0, 4 };
+constexpr SBitsPlace gsc_oVicOrder = { 0, 7, 4 };
+constexpr SBitsPlace gsc_oStructure = { 0, 3, 0 };
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a second byte
 
 // CEA VIC of HDMI VIC 1, 2, 3, 4.
@@ -234,11 +239,11 @@ int CHdmi1xVsdb::RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload,
     if (oFields.m_eMulti == eMulti_AllAndMask)
     {
         unsigned char* pui8Mask = pui8Payload + oFields.m_uiMask;
-        const unsigned int uiMask = ByteFields::ReadBig16(pui8Mask);
+        const unsigned int uiMask = ReadBig16(pui8Mask);
         const unsigned int uiBelow = (1U << uiPosition) - 1;
         const unsigned int uiLeft = (uiMask & uiBelow) | ((uiMask >> 1) & ~uiBelow);
-        pui8Mask[0] = ByteFields::LowByte(uiLeft >> 8);
-        pui8Mask[1] = ByteFields::LowByte(uiLeft);
+        pui8Mask[0] = LowByte(uiLeft >> 8);
+        pui8Mask[1] = LowByte(uiLeft);
     }
     const unsigned int uiEnd = RemoveFrom3dEntries(oFields, pui8Payload, uiPosition);
     uiFreed = oFields.m_uiEnd - uiEnd;
@@ -286,3 +291,4 @@ int CHdmi1xVsdb::SetColorBitDepthSupport(unsigned int uiBits)
     gsc_oDepth.Write(m_pui8Fixed, uiBits);
     return 1;
 }
+} // namespace ZorCore

@@ -24,6 +24,8 @@
 
 #include "ZorMFCTypes.h"
 
+namespace ZorCore
+{
 class CHdmi1xVsdb
 {
 public:
@@ -89,3 +91,6 @@ private:
     CMArray<unsigned char, const unsigned char&> m_aui8CeaVic;
     unsigned int m_uiPayloadLength;
 };
+} // namespace ZorCore
+
+using ZorCore::CHdmi1xVsdb;

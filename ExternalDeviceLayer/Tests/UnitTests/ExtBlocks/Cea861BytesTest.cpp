@@ -7,6 +7,8 @@
 #include "Cea861Bytes.h"
 #include "TestBytes.h"
 
+using ZorCore::CCea861Editor;
+
 namespace
 {
 // A whole block from its bytes from byte 2 on, then zeros; in place of the checksum a byte that no edit may touch.

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <memory>
 
-#include "EdidBaseLayout.h"
 #include "EdidUtils.h"
 #include "Hdmi1xVsdb.h"
 #include "LoadedImage.h"
+#include "Standards/BaseBlock.h"
 
 namespace
 {
@@ -263,7 +263,7 @@ std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& 
         {
             continue;
         }
-        const bool bCanHold = poCea->GetData()[Cea861Layout::gsc_uiDetailedStartOffset] != 0;
+        const bool bCanHold = poCea->GetData()[ZorStandards::Cta::gsc_uiDetailedStartOffset] != 0;
         const std::string sProblem =
             bCanHold ? fnEdit(oBlock) : NameBlock(oBlock) + " says that it holds no data blocks (byte 2 is 0)";
         if (sProblem.empty())
@@ -411,9 +411,8 @@ void CEditImage::LowerNatives(unsigned int uiPlace)
     for (const SEditedBlock& oBlock : m_aoBlocks)
     {
         CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        const unsigned int uiNatives = poCea != nullptr ? poCea->GetData()[Cea861Layout::gsc_uiFlagsOffset] &
-                                                              Cea861Layout::gsc_oNativeCount.GetMask()
-                                                        : 0;
+        const unsigned int uiNatives =
+            poCea != nullptr ? ZorStandards::Cta::gsc_oNativeCount.Read(poCea->GetData()) : 0;
         if (uiPlace < uiNatives)
         {
             poCea->SetNativeDetailedCount(uiNatives - 1); // gives 0 below revision 2, which has no such number
@@ -489,10 +488,10 @@ std::string CEditImage::SetPreferred(const CVidParamTimingGeneric& oTiming)
         return "the image has no preferred timing that could be replaced";
     }
     const unsigned char* pui8Edited = m_oEdid.GetBaseBlock();
-    for (unsigned int uiSlot = EdidBaseLayout::gsc_uiDescriptorsOffset;
-         uiSlot < EdidBaseLayout::gsc_uiExtensionCountOffset; uiSlot += Cea861Layout::gsc_uiDetailedSize)
+    for (unsigned int uiSlot = ZorStandards::BaseBlock::gsc_uiDescriptorsOffset;
+         uiSlot < ZorStandards::BaseBlock::gsc_uiExtensionCountOffset; uiSlot += ZorStandards::Cta::gsc_uiDetailedSize)
     {
-        for (unsigned int i = 0; i < Cea861Layout::gsc_uiDetailedSize; ++i)
+        for (unsigned int i = 0; i < ZorStandards::Cta::gsc_uiDetailedSize; ++i)
         {
             const bool bKept = i >= uiImageSize && i < uiImageSizeEnd;
             aui8Base[uiSlot + i] = bKept ? aui8Base[uiSlot + i] : pui8Edited[uiSlot + i];

@@ -112,14 +112,14 @@ std::string VerifyBaseBytes(const CBytes& aui8Read, const CBytes& aui8Edited, co
             return "byte " + std::to_string(i);
         }
     }
-    CBytes aui8Empty(Cea861Layout::gsc_uiDetailedSize);
+    CBytes aui8Empty(ZorStandards::Cta::gsc_uiDetailedSize);
     aui8Empty[3] = 0x10; // the tag of an empty descriptor
     size_t uiEmptied = 0;
     size_t uiReplaced = 0;
-    for (unsigned int i = uiDescriptors; i < uiDescriptorsEnd; i += Cea861Layout::gsc_uiDetailedSize)
+    for (unsigned int i = uiDescriptors; i < uiDescriptorsEnd; i += ZorStandards::Cta::gsc_uiDetailedSize)
     {
         const auto fnSlot = [i](const CBytes& aui8Base) {
-            return CBytes(aui8Base.begin() + i, aui8Base.begin() + i + Cea861Layout::gsc_uiDetailedSize);
+            return CBytes(aui8Base.begin() + i, aui8Base.begin() + i + ZorStandards::Cta::gsc_uiDetailedSize);
         };
         const bool bChanged = fnSlot(aui8Read) != fnSlot(aui8Edited);
         uiEmptied += bChanged && fnSlot(aui8Edited) == aui8Empty ? 1U : 0U;
@@ -143,8 +143,8 @@ bool IsPreferredRight(const CEdid& oRead, const CEdid& oEdited, const CVidParamT
     const unsigned char* pui8Read = oRead.GetBaseBlock() + uiDescriptors;
     while (pui8Edited[0] == 0 && pui8Edited[1] == 0) // there is one
     {
-        pui8Edited += Cea861Layout::gsc_uiDetailedSize;
-        pui8Read += Cea861Layout::gsc_uiDetailedSize;
+        pui8Edited += ZorStandards::Cta::gsc_uiDetailedSize;
+        pui8Read += ZorStandards::Cta::gsc_uiDetailedSize;
     }
     CVidParamTimingGeneric oTiming;
     return oEdited.GetBaseDetailed(0, &oTiming) != 0 && IsSameMode(oTiming, oWanted) &&
@@ -234,9 +234,10 @@ CNumbers ListRemovedDetaileds(const std::vector<SEditedBlock>& aoBlocks)
 // How many detailed timings a CEA-861 block must call native: the first ones of the image, less those removed.
 unsigned int CountNatives(const CBytes& aui8Read, const CNumbers& oRemoved)
 {
-    const unsigned int uiNatives = aui8Read[Cea861Layout::gsc_uiFlagsOffset] & Cea861Layout::gsc_oNativeCount.GetMask();
+    const unsigned int uiNatives =
+        aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] & ZorStandards::Cta::gsc_oNativeCount.GetMask();
     const auto nRemoved = std::distance(oRemoved.begin(), oRemoved.lower_bound(uiNatives));
-    const bool bCounts = aui8Read[1] >= Cea861Layout::gsc_uiNativeCountRevision;
+    const bool bCounts = aui8Read[1] >= ZorStandards::Cta::gsc_uiNativeCountRevision;
     return uiNatives - (bCounts ? static_cast<unsigned int>(nRemoved) : 0);
 }
 
@@ -249,11 +250,12 @@ std::string VerifyBlock(const CEdid& oRead, const CEdid& oEdited, const CBytes& 
     if (!oEdits.IsNamed())
     {
         CBytes aui8Expected = aui8Read; // a detailed timing that went elsewhere may have been a native one
-        if (IsCea(oBlock) &&
-            uiNatives != (aui8Read[Cea861Layout::gsc_uiFlagsOffset] & Cea861Layout::gsc_oNativeCount.GetMask()))
+        if (IsCea(oBlock) && uiNatives != (aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] &
+                                           ZorStandards::Cta::gsc_oNativeCount.GetMask()))
         {
-            aui8Expected[Cea861Layout::gsc_uiFlagsOffset] = static_cast<unsigned char>(
-                (aui8Read[Cea861Layout::gsc_uiFlagsOffset] & ~Cea861Layout::gsc_oNativeCount.GetMask()) | uiNatives);
+            aui8Expected[ZorStandards::Cta::gsc_uiFlagsOffset] = static_cast<unsigned char>(
+                (aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] & ~ZorStandards::Cta::gsc_oNativeCount.GetMask()) |
+                uiNatives);
             CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Expected.data());
         }
         sProblem = VerifyBytes(aui8Expected, aui8Edited, oEdits.m_bChecksum);

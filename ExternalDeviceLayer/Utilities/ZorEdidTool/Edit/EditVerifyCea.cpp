@@ -71,11 +71,11 @@ bool AreDescriptorsKept(const CEdidExtBlockCEA861& oRead, const CEdidExtBlockCEA
 {
     CBytes aui8Kept = GetDescriptorArea(oRead);
     aui8Kept.resize(
-        std::max<size_t>(aui8Kept.size(), oRead.GetDetailedCount() * size_t{ Cea861Layout::gsc_uiDetailedSize }));
+        std::max<size_t>(aui8Kept.size(), oRead.GetDetailedCount() * size_t{ ZorStandards::Cta::gsc_uiDetailedSize }));
     for (auto oNumber = oRemoved.rbegin(); oNumber != oRemoved.rend(); ++oNumber)
     {
-        const auto oFirst = aui8Kept.begin() + *oNumber * Cea861Layout::gsc_uiDetailedSize;
-        aui8Kept.erase(oFirst, oFirst + Cea861Layout::gsc_uiDetailedSize);
+        const auto oFirst = aui8Kept.begin() + *oNumber * ZorStandards::Cta::gsc_uiDetailedSize;
+        aui8Kept.erase(oFirst, oFirst + ZorStandards::Cta::gsc_uiDetailedSize);
     }
     while (!aui8Kept.empty() && aui8Kept.back() == 0)
     {
@@ -136,7 +136,7 @@ unsigned int GetFlags(const CBytes& aui8Read, const CEdidExtBlockCEA861& oEdited
 {
     constexpr unsigned int uiBasicAudio = 0x40;
     const unsigned int uiKept =
-        (aui8Read[Cea861Layout::gsc_uiFlagsOffset] & ~Cea861Layout::gsc_oNativeCount.GetMask()) | uiNatives;
+        (aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] & ~ZorStandards::Cta::gsc_oNativeCount.GetMask()) | uiNatives;
     if (!oEdits.IsAudioNamed() && !oEdits.m_bSpeakers)
     {
         return uiKept;
@@ -388,7 +388,7 @@ std::string VerifyCea(const CBytes& aui8Read, const CBytes& aui8Edited, const SE
     const CEdidExtBlockCEA861 oRead(gsc_uiBlockSize, aui8Read.data(), 0);
     const CEdidExtBlockCEA861 oEdited(gsc_uiBlockSize, aui8Edited.data(), 0);
     if (aui8Read[0] != aui8Edited[0] || aui8Read[1] != aui8Edited[1] ||
-        aui8Edited[Cea861Layout::gsc_uiFlagsOffset] != GetFlags(aui8Read, oEdited, oEdits, uiNatives))
+        aui8Edited[ZorStandards::Cta::gsc_uiFlagsOffset] != GetFlags(aui8Read, oEdited, oEdits, uiNatives))
     {
         return "the header";
     }

@@ -116,14 +116,16 @@ CNumbers ListCodes(const CEdidExtBlockCEA861& oBlock)
 
 bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock)
 {
-    const unsigned int uiStart = oBlock.GetData()[Cea861Layout::gsc_uiDetailedStartOffset];
-    if (oBlock.GetRevision() < Cea861Layout::gsc_uiDataBlocksRevision || uiStart < Cea861Layout::gsc_uiDataBlocksOffset)
+    const unsigned int uiStart = oBlock.GetData()[ZorStandards::Cta::gsc_uiDetailedStartOffset];
+    if (oBlock.GetRevision() < ZorStandards::Cta::gsc_uiDataBlocksRevision ||
+        uiStart < ZorStandards::Cta::gsc_uiDataBlocksOffset)
     {
         return uiStart == 0 ||
-               uiStart >= Cea861Layout::gsc_uiDataBlocksOffset; // at 0 there are neither data blocks nor descriptors
+               uiStart >=
+                   ZorStandards::Cta::gsc_uiDataBlocksOffset; // at 0 there are neither data blocks nor descriptors
     }
     const std::vector<SCeaDataBlock> aoBlocks = ListDataBlocks(oBlock);
-    const size_t uiEnd = aoBlocks.empty() ? Cea861Layout::gsc_uiDataBlocksOffset
+    const size_t uiEnd = aoBlocks.empty() ? ZorStandards::Cta::gsc_uiDataBlocksOffset
                                           : aoBlocks.back().m_uiOffset + aoBlocks.back().m_aui8Payload.size();
     return uiEnd == uiStart;
 }
@@ -132,8 +134,8 @@ CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock)
 {
     const unsigned char* pui8Data = oBlock.GetData();
     const unsigned int uiStart =
-        std::clamp<unsigned int>(pui8Data[Cea861Layout::gsc_uiDetailedStartOffset],
-                                 Cea861Layout::gsc_uiDataBlocksOffset, CEdidUtils::msc_uiChecksumOffset);
+        std::clamp<unsigned int>(pui8Data[ZorStandards::Cta::gsc_uiDetailedStartOffset],
+                                 ZorStandards::Cta::gsc_uiDataBlocksOffset, CEdidUtils::msc_uiChecksumOffset);
     CBytes aui8Area(pui8Data + uiStart, pui8Data + CEdidUtils::msc_uiChecksumOffset);
     while (!aui8Area.empty() && aui8Area.back() == 0)
     {

@@ -6,8 +6,9 @@
 #include <span>
 #include <vector>
 
-#include "Cea861Bytes.h"
 #include "EdidExtBlockCEA861.h"
+#include "EdidUtils.h"
+#include "Standards/CtaBlocks.h"
 
 using CBytes = std::vector<unsigned char>;
 using CNumbers = std::set<unsigned int>;
@@ -51,7 +52,7 @@ CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock);
 // The block as this class; null for another kind.
 inline CEdidExtBlockCEA861* AsCea(CEdidExtBlock* poBlock)
 {
-    return poBlock != nullptr && poBlock->GetExtensionType() == Cea861Layout::gsc_uiTag
+    return poBlock != nullptr && poBlock->GetExtensionType() == ZorStandards::Cta::gsc_uiTag
                ? static_cast<CEdidExtBlockCEA861*>(poBlock)
                : nullptr;
 }

@@ -10,16 +10,15 @@
 #include <map>
 #include <tuple>
 
-#include "Cea861Bytes.h"
 #include "EdidBase.h"
-#include "EdidBaseLayout.h"
 #include "EdidExtBlockCEA861.h"
 #include "EdidExtBlockDisplayID.h"
 #include "LoadedImage.h"
 #include "MapText.h"
+#include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {
@@ -76,10 +75,6 @@ private:
     const unsigned int m_uiBlock;
     const unsigned char* const m_pui8Bytes;
 };
-
-// ---- Detailed timings ----
-
-bool HasPixelClock(const unsigned char* pui8Descriptor) { return ByteFields::ReadLittle16(pui8Descriptor) != 0; }
 
 // ---- Base block ----
 
@@ -189,14 +184,15 @@ void CheckCeaDescriptors(CBlockFindings& oFindings, unsigned int uiStart)
 void CheckAudio(CBlockFindings& oFindings, unsigned int uiEnd)
 {
     constexpr unsigned int uiAudioSize = 3;
-    CCea861Walk oWalk(oFindings.GetAt(0), uiEnd);
+    ZorStandards::Cta::CDataBlockWalk oWalk(oFindings.GetAt(0), uiEnd);
     while (oWalk.Next())
     {
-        const unsigned int uiHeader = oWalk.GetBlock().m_uiOffset - Cea861Layout::gsc_uiHeaderSize;
-        if (Cea861Layout::gsc_oHeaderTag.Read(oFindings.GetAt(uiHeader)) == CEdidExtBlockCEA861::eCea861Tag_Audio &&
-            oWalk.GetBlock().m_uiLength % uiAudioSize != 0)
+        const unsigned int uiHeader = oWalk.GetPayload().m_uiOffset - ZorStandards::Cta::gsc_uiHeaderSize;
+        if (ZorStandards::Cta::gsc_oHeaderTag.Read(oFindings.GetAt(uiHeader)) ==
+                CEdidExtBlockCEA861::eCea861Tag_Audio &&
+            oWalk.GetPayload().m_uiLength % uiAudioSize != 0)
         {
-            oFindings.Error(uiHeader, "audio data block", FormatText("length %u", oWalk.GetBlock().m_uiLength),
+            oFindings.Error(uiHeader, "audio data block", FormatText("length %u", oWalk.GetPayload().m_uiLength),
                             "a multiple of 3");
         }
     }
@@ -205,8 +201,8 @@ void CheckAudio(CBlockFindings& oFindings, unsigned int uiEnd)
 void CheckCea(CBlockFindings& oFindings)
 {
     const unsigned int uiRevision = oFindings.GetByte(gsc_uiExtensionRevisionOffset);
-    const unsigned int uiStart = oFindings.GetByte(Cea861Layout::gsc_uiDetailedStartOffset);
-    if (uiRevision > Cea861Layout::gsc_uiHighestRevision)
+    const unsigned int uiStart = oFindings.GetByte(ZorStandards::Cta::gsc_uiDetailedStartOffset);
+    if (uiRevision > ZorStandards::Cta::gsc_uiHighestRevision)
     {
         oFindings.Warning(gsc_uiExtensionRevisionOffset, "revision", std::to_string(uiRevision),
                           "0 to 3: the library drops the block");
@@ -215,13 +211,13 @@ void CheckCea(CBlockFindings& oFindings)
     {
         return; // neither data blocks nor descriptors
     }
-    if (uiStart < Cea861Layout::gsc_uiDataBlocksOffset || uiStart > gsc_uiChecksumOffset)
+    if (uiStart < ZorStandards::Cta::gsc_uiDataBlocksOffset || uiStart > gsc_uiChecksumOffset)
     {
-        oFindings.Error(Cea861Layout::gsc_uiDetailedStartOffset, "offset of the descriptors", Byte(uiStart),
+        oFindings.Error(ZorStandards::Cta::gsc_uiDetailedStartOffset, "offset of the descriptors", Byte(uiStart),
                         "0x00 or 0x04 to 0x7f");
         return;
     }
-    if (uiRevision >= Cea861Layout::gsc_uiDataBlocksRevision)
+    if (uiRevision >= ZorStandards::Cta::gsc_uiDataBlocksRevision)
     {
         CheckAudio(oFindings, uiStart);
     }
@@ -318,7 +314,7 @@ void CheckDisplayId(CBlockFindings& oFindings)
 void CheckExtension(CBlockFindings& oFindings)
 {
     const unsigned int uiTag = oFindings.GetByte(0);
-    if (uiTag == Cea861Layout::gsc_uiTag)
+    if (uiTag == ZorStandards::Cta::gsc_uiTag)
     {
         CheckCea(oFindings);
     }
@@ -350,7 +346,7 @@ unsigned int CheckCount(CBlockFindings& oFindings, unsigned int uiPresent)
         return uiAnnounced;
     }
     const unsigned int uiImageSize = (uiPresent + 1) * gsc_uiBlockSize;
-    const unsigned int uiCount = oFindings.GetByte(FindExtensionCount(oFindings.GetAt(0), uiImageSize));
+    const unsigned int uiCount = oFindings.GetByte(ZorStandards::FindExtensionCount(oFindings.GetAt(0), uiImageSize));
     const std::string sExpected = FormatText("%u, the blocks present: the library reads no others", uiPresent);
     if (uiCount == uiPresent)
     {

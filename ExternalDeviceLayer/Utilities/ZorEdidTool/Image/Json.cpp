@@ -3,12 +3,12 @@
 #include "Json.h"
 
 #include "AudioWarnings.h"
-#include "EdidBaseLayout.h"
 #include "SpeakerNames.h"
+#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
 using nlohmann::ordered_json;
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {
@@ -257,7 +257,7 @@ ordered_json MakeAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio)
     {
         oJson["max_bit_rate_bps"] = oAudio.m_uiExtra * gsc_uiBitRateUnit;
     }
-    const unsigned char ui8Extra = ByteFields::LowByte(oAudio.m_uiExtra);
+    const unsigned char ui8Extra = ZorStandards::LowByte(oAudio.m_uiExtra);
     oJson["extra"] = FormatHex(&ui8Extra, 1);
     return oJson;
 }

@@ -5,42 +5,26 @@
 #include <string.h>
 
 #include "CeaBlocks.h"
-#include "EdidBaseLayout.h"
+#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// Range limits whose byte 4 has flags, which make them no display descriptor in the library's eyes: bits 0 and 1 for
-// the vertical rates, bits 2 and 3 for the horizontal ones. 2 puts 255 on the maximum, 3 on both, in the units of the
-// descriptor. False for other descriptors and flags: 1 is reserved.
-bool ReadFlaggedLimits(const unsigned char* pui8Descriptor, CEdidBase::SRangeLimits& oLimits)
+// Range limits whose byte 4 has flags, which the library does not take for a display descriptor. Reserved flags make
+// them unreadable.
+bool HasRateOffsets(const unsigned char* pui8Descriptor)
 {
     constexpr unsigned int uiFlagsOffset = 4;
-    constexpr unsigned int uiRateOffset = 255;
-    const unsigned int uiFlags = pui8Descriptor[uiFlagsOffset];
-    const unsigned int uiVertical = uiFlags & 3;
-    const unsigned int uiHorizontal = uiFlags >> 2 & 3;
-    if (pui8Descriptor[0] != 0 || pui8Descriptor[1] != 0 || pui8Descriptor[2] != 0 ||
-        pui8Descriptor[gsc_uiTagOffset] != gsc_ui8TagRangeLimits || uiFlags > 0x0F || uiVertical == 1 ||
-        uiHorizontal == 1)
-    {
-        return false;
-    }
-    const auto fnRate = [&](unsigned int uiPlace, bool bHigher) {
-        return pui8Descriptor[uiPlace] + (bHigher ? uiRateOffset : 0);
-    };
-    oLimits = { fnRate(gsc_uiMinVerticalRateOffset, uiVertical == 3),
-                fnRate(gsc_uiMaxVerticalRateOffset, uiVertical >= 2),
-                fnRate(gsc_uiMinHorizontalRateOffset, uiHorizontal == 3),
-                fnRate(gsc_uiMaxHorizontalRateOffset, uiHorizontal >= 2),
-                0,
-                pui8Descriptor[gsc_uiMaxPixelClockOffset] * gsc_uiKiloHzPer10MegaHz };
-    return true;
+    constexpr unsigned int uiReserved = 1;
+    return pui8Descriptor[0] == 0 && pui8Descriptor[1] == 0 && pui8Descriptor[2] == 0 &&
+           pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagRangeLimits && pui8Descriptor[uiFlagsOffset] <= 0x0F &&
+           gsc_oVerticalOffsets.Read(pui8Descriptor) != uiReserved &&
+           gsc_oHorizontalOffsets.Read(pui8Descriptor) != uiReserved;
 }
 
 // Why CEdid::SetEdidBuffer refuses an image; empty for one that it takes.
@@ -112,7 +96,18 @@ bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
     const bool bFlags = IsAtLeastRevision(pui8Base, gsc_uiVideoInputRevision);
     for (unsigned int i = 0; bFlags && !bFound && i < CEdidBase::msc_uiDescriptorCount; ++i)
     {
-        bFound = ReadFlaggedLimits(pui8Base + DescriptorOffset(i), oLimits);
+        const unsigned char* pui8Descriptor = pui8Base + DescriptorOffset(i);
+        if (HasRateOffsets(pui8Descriptor))
+        {
+            const SRangeLimits oRead = ReadRangeLimits(pui8Descriptor, gsc_uiVideoInputRevision);
+            oLimits = { oRead.m_uiMinVerticalRateInHz,
+                        oRead.m_uiMaxVerticalRateInHz,
+                        oRead.m_uiMinHorizontalRateInKiloHz,
+                        oRead.m_uiMaxHorizontalRateInKiloHz,
+                        0,
+                        oRead.m_uiMaxPixelClockInKiloHz };
+            bFound = true;
+        }
     }
     return bFound;
 }

@@ -9,7 +9,7 @@
 #include <optional>
 #include <set>
 
-#include "EdidBaseLayout.h"
+#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 #include "VidParamCea.h"
 
@@ -161,7 +161,7 @@ std::string GetStandardCode(const CEdid& oEdid, unsigned int uiIndex)
         if (oEdid.GetBaseStandard(eSlot, nullptr, nullptr) != 0 && uiIndex-- == 0)
         {
             constexpr unsigned int uiPairSize = sizeof(CEdidBase::SStandard);
-            const unsigned int uiOffset = EdidBaseLayout::gsc_uiStandardsOffset + uiPairSize * uiSlot;
+            const unsigned int uiOffset = ZorStandards::BaseBlock::gsc_uiStandardsOffset + uiPairSize * uiSlot;
             return FormatHex(oEdid.GetBaseBlock() + uiOffset, uiPairSize);
         }
     }
@@ -225,7 +225,8 @@ void ListDetailed(CLoadedImage& oImage, std::vector<SListedTiming>& aoTimings)
         SListedTiming oListed = { CZorEdidMap::eList_Detailed, uiIndex, 0, gsc_szBaseKind, {} };
         if (oEdid.GetBaseDetailed(uiIndex, &oListed.m_oTiming) != 0)
         {
-            oListed.m_bPreferred = uiIndex == 0 && EdidBaseLayout::IsPreferredTimingDeclared(oEdid.GetBaseBlock());
+            oListed.m_bPreferred =
+                uiIndex == 0 && ZorStandards::BaseBlock::IsPreferredTimingDeclared(oEdid.GetBaseBlock());
             fnAdd(oListed);
         }
     }

@@ -5,13 +5,13 @@
 #include <span>
 #include <string_view>
 
-#include "EdidBaseLayout.h"
 #include "MapText.h"
 #include "PageNames.h"
 #include "PageParts.h"
+#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
-using namespace EdidBaseLayout;
+using namespace ZorStandards::BaseBlock;
 using namespace PageNames;
 
 namespace
@@ -21,7 +21,7 @@ constexpr double gsc_dMmPerCm = 10;
 constexpr double gsc_dPaperWidth = 210; // ISO 216 A4, millimetres
 constexpr double gsc_dPaperHeight = 297;
 
-// Places in the base block that EdidBaseLayout.h leaves out.
+// Places in the base block that BaseBlock.h leaves out.
 constexpr unsigned int gsc_uiGammaOffset = 23;
 constexpr unsigned int gsc_uiTimingWidthOffset = gsc_uiDescriptorsOffset + 12; // of the image, in the first timing
 constexpr unsigned int gsc_uiTimingHeightOffset = gsc_uiDescriptorsOffset + 13;
@@ -155,12 +155,12 @@ std::string DescribeInterface(const SPageImage& oImage)
     const bool bThere = oImage.FindField(gsc_uiVideoInputOffset, gsc_uiHighBit) != nullptr; // not cut off
     const bool bDigital = oImage.GetNumberAt(gsc_uiVideoInputOffset, gsc_uiHighBit) != 0;
     std::string sText = bDigital ? "digital" : bThere ? "analogue" : "";
-    for (const ByteFields::SBits& oBits : { gsc_oColorDepth, gsc_oInterface })
+    for (const ZorStandards::SBitsPlace& oBits : { gsc_oColorDepth, gsc_oInterface })
     {
-        const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_uiByte, oBits.m_uiShift);
+        const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_ui8Offset, oBits.m_ui8Low);
         const bool bNamed = poField != nullptr && poField->m_eKind == CZorEdidMap::eKind_Name &&
                             poField->m_pszMeaning != nullptr && poField->m_llNumber != 0;
-        const char* pszUnit = oBits.m_uiShift == gsc_oColorDepth.m_uiShift ? " a colour" : "";
+        const char* pszUnit = oBits.m_ui8Low == gsc_oColorDepth.m_ui8Low ? " a colour" : "";
         Append(sText, bDigital && bNamed ? std::string(poField->m_pszMeaning) + pszUnit : "");
     }
     std::string sHdmi;

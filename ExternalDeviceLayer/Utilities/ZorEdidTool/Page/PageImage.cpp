@@ -12,12 +12,12 @@
 #include <tuple>
 #include <utility>
 
-#include "Cea861Bytes.h"
-#include "EdidBaseLayout.h"
 #include "MapText.h"
 #include "PageModes.h"
 #include "PageNames.h"
 #include "PageParts.h"
+#include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 
 namespace
@@ -31,13 +31,14 @@ std::string FindTitle(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
     {
         const CField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Text && oField.m_uiOffset >= EdidBaseLayout::gsc_uiContentsOffset &&
+        if (oField.m_eKind == CZorEdidMap::eKind_Text &&
+            oField.m_uiOffset >= ZorStandards::BaseBlock::gsc_uiContentsOffset &&
             oField.m_uiOffset < CEdidUtils::msc_uiBlockSize)
         {
-            const unsigned int uiTag =
-                oField.m_uiOffset - EdidBaseLayout::gsc_uiContentsOffset + EdidBaseLayout::gsc_uiTagOffset;
+            const unsigned int uiTag = oField.m_uiOffset - ZorStandards::BaseBlock::gsc_uiContentsOffset +
+                                       ZorStandards::BaseBlock::gsc_uiTagOffset;
             std::string sText = static_cast<const char*>(oImage.m_oMap.GetValue(i));
-            if (oImage.m_oMap.GetData()[uiTag] == EdidBaseLayout::gsc_ui8TagName && !sText.empty())
+            if (oImage.m_oMap.GetData()[uiTag] == ZorStandards::BaseBlock::gsc_ui8TagName && !sText.empty())
             {
                 return sText;
             }
@@ -60,7 +61,7 @@ void LoadBase(std::vector<unsigned char> aui8Bytes, CEdidBase& oBase)
 // Where the fields begin that lie behind the announced blocks.
 unsigned int FindAnnounced(const CZorEdidMap& oMap)
 {
-    const unsigned int uiCount = FindExtensionCount(oMap.GetData(), oMap.GetSize());
+    const unsigned int uiCount = ZorStandards::FindExtensionCount(oMap.GetData(), oMap.GetSize());
     const unsigned int uiBlocks = uiCount < oMap.GetSize() ? oMap.GetData()[uiCount] + 1U : oMap.GetSize();
     unsigned int uiField = 0;
     while (uiField < oMap.GetFieldCount() && oMap.GetField(uiField).m_uiOffset / CEdidUtils::msc_uiBlockSize < uiBlocks)

@@ -8,9 +8,9 @@
 #include <set>
 #include <stdlib.h>
 
-#include "EdidBaseLayout.h"
 #include "MapText.h"
 #include "PageNames.h"
+#include "Standards/BaseBlock.h"
 #include "VidParamCea.h"
 #include "VidParamDmt.h"
 
@@ -205,7 +205,7 @@ public:
             return FindCode(GetVideoCode(oField), oMode);
         }
         constexpr unsigned int uiEstablishedBytes = 3;
-        const unsigned int uiByte = oField.m_uiOffset - EdidBaseLayout::gsc_uiEstablishedOffset; // may wrap
+        const unsigned int uiByte = oField.m_uiOffset - ZorStandards::BaseBlock::gsc_uiEstablishedOffset; // may wrap
         if (oField.m_eKind == CZorEdidMap::eKind_Flag && uiByte < uiEstablishedBytes)
         {
             return ReadEstablished(oField, uiByte);
@@ -296,8 +296,8 @@ SPageTiming MakePlace(const SPageImage& oImage, unsigned int uiField, const CVid
     if (oField.m_pszName == gsc_sDetailed)
     {
         ReadBorders(oMap, oField, oPlace);
-        oPlace.m_oListed.m_bPreferred = oField.m_uiOffset == EdidBaseLayout::gsc_uiDescriptorsOffset &&
-                                        EdidBaseLayout::IsPreferredTimingDeclared(oMap.GetData());
+        oPlace.m_oListed.m_bPreferred = oField.m_uiOffset == ZorStandards::BaseBlock::gsc_uiDescriptorsOffset &&
+                                        ZorStandards::BaseBlock::IsPreferredTimingDeclared(oMap.GetData());
     }
     const std::vector<unsigned int> auiChain = GetChain(oMap, uiField);
     const bool b420 = std::ranges::any_of(

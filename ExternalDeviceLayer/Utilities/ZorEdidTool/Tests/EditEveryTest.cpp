@@ -597,7 +597,7 @@ CBytes MakeFullImage(const CBytes& aui8Monitor)
     aui8Image[20] = 0xA5;
     aui8Image[126] = 2;
     unsigned char* pui8Cea = aui8Image.data() + gsc_uiBlockSize;
-    const CBytes aui8Detaileds(pui8Cea + pui8Cea[2], pui8Cea + pui8Cea[2] + 2 * Cea861Layout::gsc_uiDetailedSize);
+    const CBytes aui8Detaileds(pui8Cea + pui8Cea[2], pui8Cea + pui8Cea[2] + 2 * ZorStandards::Cta::gsc_uiDetailedSize);
     std::fill(pui8Cea + 4, pui8Cea + gsc_uiBlockSize, static_cast<unsigned char>(0));
     pui8Cea[2] = static_cast<unsigned char>(4 + aui8DataBlocks.size());
     pui8Cea[3] = 0x7F;

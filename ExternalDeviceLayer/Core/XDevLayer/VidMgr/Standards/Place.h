@@ -25,6 +25,7 @@ struct SBitsPlace
     {
         return (static_cast<unsigned int>(pui8Bytes[m_ui8Offset]) >> m_ui8Low) & GetMost();
     }
+    constexpr bool IsSet(const unsigned char* pui8Bytes) const { return Read(pui8Bytes) != 0; }
     // Keeps the other bits; what is wider than the field is dropped.
     constexpr void Write(unsigned char* pui8Bytes, unsigned int uiValue) const
     {

@@ -1,0 +1,150 @@
+// The places of a CTA-861 extension block, and the one walk over data blocks, which are in DisplayID sections, too.
+// Offsets are in bytes from the start of the block. Private to the library and the command.
+
+#pragma once
+
+#include "BaseBlock.h"
+
+namespace ZorStandards::Cta
+{
+using ZorStandards::gsc_uiBlockSize;
+using ZorStandards::gsc_uiChecksumOffset;
+
+constexpr unsigned int gsc_uiTagOffset = 0;
+constexpr unsigned int gsc_uiRevisionOffset = 1;
+constexpr unsigned int gsc_uiDetailedStartOffset = 2; // this byte holds the offset of the first descriptor
+constexpr unsigned int gsc_uiFlagsOffset = 3;
+constexpr unsigned int gsc_uiDataBlocksOffset = 4;
+constexpr unsigned int gsc_uiLastContentOffset = gsc_uiChecksumOffset - 1;
+
+constexpr unsigned int gsc_uiTag = 2;
+constexpr unsigned int gsc_uiHighestRevision = 3;
+constexpr unsigned int gsc_uiDataBlocksRevision = 3; // the first one with data blocks
+
+// Flags byte.
+constexpr unsigned int gsc_uiBasicAudioFlag = 0x40;
+constexpr unsigned int gsc_uiYuvFlags = 0x30;                              // YCbCr 4:4:4 and 4:2:2
+constexpr SBitsPlace gsc_oNativeCount = { gsc_uiFlagsOffset, 3, 0 };       // of the image's detailed descriptors
+constexpr unsigned int gsc_uiNativeCountRevision = 2;                      // the first one with flags
+
+// Header of a data block, one byte.
+constexpr SBitsPlace gsc_oHeaderTag = { 0, 7, 5 };
+constexpr SBitsPlace gsc_oHeaderLength = { 0, 4, 0 }; // of the payload
+constexpr unsigned int gsc_uiHeaderSize = 1;
+constexpr unsigned int gsc_uiMostPayload = gsc_oHeaderLength.GetMost();
+constexpr unsigned int gsc_uiExtendedTag = 7; // the first payload byte is the extended tag
+
+constexpr unsigned int gsc_uiDetailedSize = Descriptors::gsc_uiDescriptorSize;
+
+// What a search looks for: data blocks of this tag or, with m_bExtended, of this extended tag.
+struct SDataBlockKind
+{
+    unsigned int m_uiTag;
+    bool m_bExtended;
+};
+
+// Of a data block, without the extended tag of an extended one. That of an empty data block has an offset, too.
+struct SPayload
+{
+    unsigned int m_uiOffset; // 0 when not found
+    unsigned int m_uiLength; // in bytes
+};
+
+// Goes from data block to data block. This is the only place that reads headers and holds their bounds: a data block
+// begins before uiEnd and ends by uiLimit. One that would run past uiLimit ends the walk unread.
+class CDataBlockWalk
+{
+public:
+    // Offsets count from pui8Bytes. It may be null when uiEnd leaves no room for a data block.
+    CDataBlockWalk(const unsigned char* pui8Bytes, unsigned int uiEnd, unsigned int uiFirst = gsc_uiDataBlocksOffset,
+                   unsigned int uiLimit = gsc_uiChecksumOffset)
+        : m_pui8Bytes(pui8Bytes), m_uiEnd(uiEnd < uiLimit ? uiEnd : uiLimit), m_uiAskedEnd(uiEnd), m_uiLimit(uiLimit),
+          m_uiNext(uiFirst)
+    {
+    }
+
+    // Each goes to the next data block, of any tag or of the kind given. After false the walk is over.
+    bool Next()
+    {
+        if (m_uiNext >= m_uiEnd)
+        {
+            return false;
+        }
+        const unsigned char* pui8Header = m_pui8Bytes + m_uiNext;
+        const unsigned int uiLength = gsc_oHeaderLength.Read(pui8Header);
+        if (uiLength >= m_uiLimit - m_uiNext)
+        {
+            return false;
+        }
+        m_uiTag = gsc_oHeaderTag.Read(pui8Header);
+        m_oPayload = { m_uiNext + gsc_uiHeaderSize, uiLength };
+        m_uiNext = m_oPayload.m_uiOffset + uiLength;
+        return true;
+    }
+
+    bool Next(const SDataBlockKind& oKind)
+    {
+        return oKind.m_bExtended ? NextExtended(oKind.m_uiTag) : NextOf(oKind.m_uiTag);
+    }
+
+    unsigned int GetTag() const { return m_uiTag; }
+    const SPayload& GetPayload() const { return m_oPayload; }
+    unsigned int GetLength() const { return m_oPayload.m_uiLength; }
+    // Byte of the payload; the caller has compared the position with GetLength.
+    unsigned char GetByte(unsigned int uiPosition) const { return m_pui8Bytes[m_oPayload.m_uiOffset + uiPosition]; }
+
+    // After Next has returned false: whether the last data block ended exactly at uiEnd. Otherwise the next one was cut
+    // off by uiLimit, or the last one crossed uiEnd.
+    bool IsEndExact() const { return m_uiNext == m_uiAskedEnd; }
+    // The offset at which the walk ended: of the data block that was cut off, if there was one.
+    unsigned int GetEnd() const { return m_uiNext; }
+    bool IsCut() const { return m_uiNext < m_uiEnd; }
+
+private:
+    bool NextOf(unsigned int uiTag)
+    {
+        while (Next())
+        {
+            if (m_uiTag == uiTag)
+            {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // A data block without room for its extended tag ends the walk.
+    bool NextExtended(unsigned int uiExtendedTag)
+    {
+        while (NextOf(gsc_uiExtendedTag))
+        {
+            if (m_oPayload.m_uiLength == 0)
+            {
+                return false;
+            }
+            if (GetByte(0) == uiExtendedTag)
+            {
+                ++m_oPayload.m_uiOffset;
+                --m_oPayload.m_uiLength;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    const unsigned char* m_pui8Bytes;
+    unsigned int m_uiEnd;
+    unsigned int m_uiAskedEnd;
+    unsigned int m_uiLimit;
+    unsigned int m_uiNext; // offset of the header that Next looks at
+    unsigned int m_uiTag = 0;
+    SPayload m_oPayload = { 0, 0 };
+};
+
+// Where the data blocks end; the same as their start when there are none. May lie past the block.
+constexpr unsigned int GetDataBlocksEnd(unsigned int uiRevision, unsigned int uiDetailedStart)
+{
+    return uiRevision < gsc_uiDataBlocksRevision || uiDetailedStart < gsc_uiDataBlocksOffset ? gsc_uiDataBlocksOffset
+                                                                                             : uiDetailedStart;
+}
+} // namespace ZorStandards::Cta

@@ -1,0 +1,114 @@
+// The 18-byte descriptors of the VESA E-EDID standard, which the base block, CTA-861 and VTB blocks hold: detailed
+// timings, display descriptors by their tag, range limits. Offsets are in bytes from the start of the descriptor. Private
+// to the library and the command.
+
+#pragma once
+
+#include "ByteFields.h"
+#include "Place.h"
+
+namespace ZorStandards::Descriptors
+{
+constexpr unsigned int gsc_uiDescriptorSize = 18;
+
+// ---- Detailed timings: a pixel clock other than 0 ----
+
+constexpr SPlace gsc_oPixelClock = Little16(0);                                  // 10 kHz
+constexpr SPlace gsc_oHorizontalActive = Split({ { 4, 7, 4 }, { 2, 7, 0 } });    // pixels
+constexpr SPlace gsc_oHorizontalBlanking = Split({ { 4, 3, 0 }, { 3, 7, 0 } });
+constexpr SPlace gsc_oVerticalActive = Split({ { 7, 7, 4 }, { 5, 7, 0 } });      // lines of one field
+constexpr SPlace gsc_oVerticalBlanking = Split({ { 7, 3, 0 }, { 6, 7, 0 } });
+constexpr SPlace gsc_oHorizontalFrontPorch = Split({ { 11, 7, 6 }, { 8, 7, 0 } });
+constexpr SPlace gsc_oHorizontalSync = Split({ { 11, 5, 4 }, { 9, 7, 0 } });
+constexpr SPlace gsc_oVerticalFrontPorch = Split({ { 11, 3, 2 }, { 10, 7, 4 } });
+constexpr SPlace gsc_oVerticalSync = Split({ { 11, 1, 0 }, { 10, 3, 0 } });
+constexpr SPlace gsc_oImageWidth = Split({ { 14, 7, 4 }, { 12, 7, 0 } });        // millimetres
+constexpr SPlace gsc_oImageHeight = Split({ { 14, 3, 0 }, { 13, 7, 0 } });
+constexpr SPlace gsc_oHorizontalBorder = Byte(15); // each side
+constexpr SPlace gsc_oVerticalBorder = Byte(16);   // top and bottom each
+constexpr SPlace gsc_oInterlaced = Bit(17, 7);
+constexpr SPlace gsc_oStereo = Split({ { 17, 6, 5 }, { 17, 0, 0 } });
+constexpr SPlace gsc_oSyncType = Bits(17, 4, 3);
+constexpr SPlace gsc_oVerticalPositive = Bit(17, 2);   // with digital separate sync; serrations with the others
+constexpr SPlace gsc_oHorizontalPositive = Bit(17, 1); // with digital sync; sync on all three colours with analog sync
+
+constexpr unsigned int gsc_uiDigitalCompositeSync = 2; // of gsc_oSyncType; analog below
+constexpr unsigned int gsc_uiDigitalSeparateSync = 3;
+constexpr unsigned int gsc_uiKiloHzPerClockUnit = 10;
+
+constexpr bool HasPixelClock(const unsigned char* pui8Descriptor) { return ReadLittle16(pui8Descriptor) != 0; }
+
+// ---- Display descriptors: bytes 0, 1, 2 and 4 are zero ----
+
+constexpr unsigned int gsc_uiTagOffset = 3;
+constexpr unsigned int gsc_uiContentsOffset = 5;
+constexpr unsigned char gsc_ui8TagSerialNumber = 0xFF;
+constexpr unsigned char gsc_ui8TagString = 0xFE;
+constexpr unsigned char gsc_ui8TagRangeLimits = 0xFD;
+constexpr unsigned char gsc_ui8TagName = 0xFC;
+constexpr unsigned char gsc_ui8TagExtraStandards = 0xFA;
+constexpr unsigned char gsc_ui8TagEmpty = 0x10;
+constexpr unsigned char gsc_ui8TagDetailed = 0x01; // counts as a detailed timing, although it never is one
+
+constexpr bool IsDisplayDescriptor(const unsigned char* pui8Descriptor)
+{
+    return pui8Descriptor[0] == 0 && pui8Descriptor[1] == 0 && pui8Descriptor[2] == 0 && pui8Descriptor[4] == 0;
+}
+
+// Whether the classes count the descriptor of a base block as a detailed timing.
+constexpr bool IsTimingCandidate(const unsigned char* pui8Descriptor)
+{
+    return !IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagDetailed;
+}
+
+// ---- Range limits: rates in Hz and kHz, the clock in 10 MHz ----
+
+constexpr SPlace gsc_oHorizontalOffsets = Bits(4, 3, 2); // from revision 4 on, as the next one
+constexpr SPlace gsc_oVerticalOffsets = Bits(4, 1, 0);
+constexpr SPlace gsc_oMinVerticalRate = Byte(5);
+constexpr SPlace gsc_oMaxVerticalRate = Byte(6);
+constexpr SPlace gsc_oMinHorizontalRate = Byte(7);
+constexpr SPlace gsc_oMaxHorizontalRate = Byte(8);
+constexpr SPlace gsc_oMaxPixelClock = Byte(9);
+constexpr SPlace gsc_oFormula = Byte(10);
+constexpr SPlace gsc_oClockPrecision = Bits(12, 7, 2); // 0.25 MHz, to be taken off the maximum; CVT only
+
+constexpr unsigned int gsc_uiCvtFormula = 4; // of gsc_oFormula, from revision 4 on
+constexpr unsigned int gsc_uiRateOffset = 255;
+constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
+constexpr unsigned int gsc_uiKiloHzPerPrecision = 250;
+
+// Values of the offsets; 1 is reserved, and reads as no offset.
+constexpr bool IsMaximumOffset(unsigned int uiOffsets) { return uiOffsets >= 2; }
+constexpr bool IsMinimumOffset(unsigned int uiOffsets) { return uiOffsets == 3; }
+
+struct SRangeLimits
+{
+    unsigned int m_uiMinVerticalRateInHz;
+    unsigned int m_uiMaxVerticalRateInHz;
+    unsigned int m_uiMinHorizontalRateInKiloHz;
+    unsigned int m_uiMaxHorizontalRateInKiloHz;
+    unsigned int m_uiMaxPixelClockInKiloHz;     // a multiple of 10 MHz
+    unsigned int m_uiPreciseMaxPixelClockInKiloHz; // less what CVT limits take off
+};
+
+// The limits with their offsets. uiRevision: of the base block; before 4 byte 4 is reserved.
+constexpr SRangeLimits ReadRangeLimits(const unsigned char* pui8Descriptor, unsigned int uiRevision)
+{
+    constexpr unsigned int uiOffsetsRevision = 4;
+    const bool bOffsets = uiRevision >= uiOffsetsRevision;
+    const unsigned int uiVertical = bOffsets ? gsc_oVerticalOffsets.Read(pui8Descriptor) : 0;
+    const unsigned int uiHorizontal = bOffsets ? gsc_oHorizontalOffsets.Read(pui8Descriptor) : 0;
+    const unsigned int uiClock = gsc_oMaxPixelClock.Read(pui8Descriptor) * gsc_uiKiloHzPer10MegaHz;
+    const bool bPrecise = bOffsets && uiClock != 0 && gsc_oFormula.Read(pui8Descriptor) == gsc_uiCvtFormula;
+    const auto fnRate = [&](const SPlace& oPlace, bool bOffset) {
+        return oPlace.Read(pui8Descriptor) + (bOffset ? gsc_uiRateOffset : 0);
+    };
+    return { fnRate(gsc_oMinVerticalRate, IsMinimumOffset(uiVertical)),
+             fnRate(gsc_oMaxVerticalRate, IsMaximumOffset(uiVertical)),
+             fnRate(gsc_oMinHorizontalRate, IsMinimumOffset(uiHorizontal)),
+             fnRate(gsc_oMaxHorizontalRate, IsMaximumOffset(uiHorizontal)),
+             uiClock,
+             uiClock - (bPrecise ? gsc_oClockPrecision.Read(pui8Descriptor) * gsc_uiKiloHzPerPrecision : 0) };
+}
+} // namespace ZorStandards::Descriptors

@@ -1,0 +1,172 @@
+// The places of a DisplayID extension block and of its timings, and the one walk over data blocks. Offsets are in bytes
+// from the start of what a comment names. Private to the library and the command.
+
+#pragma once
+
+#include "BaseBlock.h"
+
+namespace ZorStandards::DisplayId
+{
+constexpr unsigned int gsc_uiTag = 0x70;
+
+// From the start of the extension block. The section begins with its version and ends with its checksum.
+constexpr unsigned int gsc_uiSectionOffset = 1;
+constexpr unsigned int gsc_uiVersionOffset = 1; // version in bits 7 to 4, revision in bits 3 to 0
+constexpr unsigned int gsc_uiSectionLengthOffset = 2; // this byte holds the number of bytes of data blocks
+constexpr unsigned int gsc_uiProductTypeOffset = 3;
+constexpr unsigned int gsc_uiExtensionCountOffset = 4;
+constexpr unsigned int gsc_uiDataBlocksOffset = 5;
+constexpr unsigned int gsc_uiMostDataBytes = gsc_uiChecksumOffset - gsc_uiDataBlocksOffset - 1;
+// Bytes of a section besides its data blocks. It begins at offset 1, so the sum with their number is the section's size
+// and the offset of its checksum.
+constexpr unsigned int gsc_uiSectionOverhead = 5;
+constexpr unsigned int gsc_uiHighestVersion = 0x12; // that the classes read
+constexpr unsigned int gsc_auiLaterVersions[] = { 0x13, 0x20, 0x21 }; // published, but not read by the classes
+
+constexpr unsigned int GetSectionSize(const unsigned char* pui8Block)
+{
+    return pui8Block[gsc_uiSectionLengthOffset] + gsc_uiSectionOverhead;
+}
+
+// Header of a data block.
+constexpr unsigned int gsc_uiHeaderSize = 3;
+constexpr unsigned int gsc_uiHeaderLengthOffset = 2;       // of the payload
+constexpr SBitsPlace gsc_oHeaderRevision = { 1, 2, 0 };
+
+// Goes from data block to data block. One begins before uiEnd and may end past uiLimit, which cuts it short. Three zero
+// bytes, or fewer bytes than a header has, are filler and end the walk.
+class CDataBlockWalk
+{
+public:
+    // Offsets count from pui8Bytes.
+    CDataBlockWalk(const unsigned char* pui8Bytes, unsigned int uiFirst, unsigned int uiEnd, unsigned int uiLimit)
+        : m_pui8Bytes(pui8Bytes), m_uiEnd(uiEnd), m_uiLimit(uiLimit), m_uiNext(uiFirst)
+    {
+    }
+
+    bool Next()
+    {
+        if (m_uiNext >= m_uiEnd || m_uiLimit - m_uiNext < gsc_uiHeaderSize)
+        {
+            return false;
+        }
+        const unsigned char* pui8Header = m_pui8Bytes + m_uiNext;
+        if ((pui8Header[0] | pui8Header[1] | pui8Header[2]) == 0)
+        {
+            return false;
+        }
+        m_uiHeader = m_uiNext;
+        const unsigned int uiRoom = m_uiLimit - m_uiHeader - gsc_uiHeaderSize;
+        const unsigned int uiDeclared = pui8Header[gsc_uiHeaderLengthOffset];
+        m_bCut = uiDeclared > uiRoom;
+        m_uiNext += gsc_uiHeaderSize + (m_bCut ? uiRoom : uiDeclared);
+        return true;
+    }
+
+    const unsigned char* GetHeader() const { return m_pui8Bytes + m_uiHeader; }
+    unsigned int GetOffset() const { return m_uiHeader; }
+    // Header included, as far as it is there.
+    unsigned int GetSize() const { return m_uiNext - m_uiHeader; }
+    unsigned int GetTag() const { return GetHeader()[0]; }
+    bool IsCut() const { return m_bCut; }
+    // After Next has returned false: where the filler begins.
+    unsigned int GetEnd() const { return m_uiNext; }
+
+private:
+    const unsigned char* m_pui8Bytes;
+    unsigned int m_uiEnd;
+    unsigned int m_uiLimit;
+    unsigned int m_uiNext;
+    unsigned int m_uiHeader = 0;
+    bool m_bCut = false;
+};
+
+// ---- A tile declaration, from the start of its payload. Counts and sizes are stored minus 1 ----
+
+inline constexpr unsigned int gsc_uiTiledTopologySize = 22;
+inline constexpr SPlace gsc_oSingleEnclosure = Bit(0, 7);
+inline constexpr SPlace gsc_oBezelInfo = Bit(0, 6);
+inline constexpr SPlace gsc_oMultiTileBehaviour = Bits(0, 4, 3);
+inline constexpr SPlace gsc_oSingleTileBehaviour = Bits(0, 2, 0);
+inline constexpr SPlace gsc_oTileCountX = Split({ { 3, 7, 6 }, { 1, 7, 4 } });
+inline constexpr SPlace gsc_oTileCountY = Split({ { 3, 5, 4 }, { 1, 3, 0 } });
+inline constexpr SPlace gsc_oTileLocationX = Split({ { 3, 3, 2 }, { 2, 7, 4 } });
+inline constexpr SPlace gsc_oTileLocationY = Split({ { 3, 1, 0 }, { 2, 3, 0 } });
+inline constexpr SPlace gsc_oTileWidth = Little16(4);  // pixels
+inline constexpr SPlace gsc_oTileHeight = Little16(6); // lines
+
+// ---- Detailed timings, from the start of a record. A field holds its value minus 1, in the unit given ----
+
+struct STimingPlaces
+{
+    unsigned int m_uiSize;           // of a record
+    unsigned int m_uiClockInKiloHz;  // the units
+    unsigned int m_uiPixels;
+    SPlace m_oClock;
+    SPlace m_oInterlaced;
+    SPlace m_oHorizontalActive;
+    SPlace m_oHorizontalBlank;
+    SPlace m_oHorizontalFrontPorch;
+    SPlace m_oHorizontalSync;
+    SPlace m_oHorizontalPositive;
+    SPlace m_oVerticalActive; // lines
+    SPlace m_oVerticalBlank;
+    SPlace m_oVerticalFrontPorch;
+    SPlace m_oVerticalSync;
+    SPlace m_oVerticalPositive;
+};
+
+constexpr STimingPlaces LongTimingPlaces(unsigned int uiClockInKiloHz)
+{
+    return { 20,
+             uiClockInKiloHz,
+             1,
+             Little24(0),
+             Bit(3, 4),
+             Little16(4),
+             Little16(6),
+             Split({ { 9, 6, 0 }, { 8, 7, 0 } }),
+             Little16(10),
+             Bit(9, 7),
+             Little16(12),
+             Little16(14),
+             Split({ { 17, 6, 0 }, { 16, 7, 0 } }),
+             Little16(18),
+             Bit(17, 7) };
+}
+
+inline constexpr STimingPlaces gsc_oType1 = LongTimingPlaces(10);
+inline constexpr STimingPlaces gsc_oType7 = LongTimingPlaces(1);
+
+inline constexpr STimingPlaces gsc_oType2 = { 11,
+                                       10,
+                                       8,
+                                       Little24(0),
+                                       Bit(3, 4),
+                                       Split({ { 5, 0, 0 }, { 4, 7, 0 } }),
+                                       Bits(5, 7, 1),
+                                       Bits(6, 7, 4),
+                                       Bits(6, 3, 0),
+                                       Bit(3, 3),
+                                       Split({ { 8, 3, 0 }, { 7, 7, 0 } }),
+                                       Byte(9),
+                                       Bits(10, 7, 4),
+                                       Bits(10, 3, 0),
+                                       Bit(3, 2) };
+
+inline constexpr STimingPlaces gsc_oType6 = { 14, // or 17, with aspect ratio and size
+                                       1,
+                                       1,
+                                       Split({ { 2, 5, 0 }, { 1, 7, 0 }, { 0, 7, 0 } }),
+                                       Bit(13, 7),
+                                       Split({ { 4, 5, 0 }, { 3, 7, 0 } }),
+                                       Split({ { 9, 3, 0 }, { 7, 7, 0 } }),
+                                       Split({ { 9, 7, 4 }, { 8, 7, 0 } }),
+                                       Byte(10),
+                                       Bit(4, 7),
+                                       Split({ { 6, 5, 0 }, { 5, 7, 0 } }),
+                                       Byte(11),
+                                       Byte(12),
+                                       Bits(13, 3, 0),
+                                       Bit(6, 7) };
+} // namespace ZorStandards::DisplayId

@@ -1,0 +1,54 @@
+// The extension blocks of an image: their tags, the walk over them, and how many the image announces.
+// Private to the library and the command.
+
+#pragma once
+
+#include "CtaBlocks.h"
+#include "DisplayIdSection.h"
+
+namespace ZorStandards
+{
+inline constexpr unsigned int gsc_uiCtaTag = Cta::gsc_uiTag;
+inline constexpr unsigned int gsc_uiDisplayIdTag = DisplayId::gsc_uiTag;
+inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0; // a list of the blocks, with nothing of its own
+
+// Offset of the byte that holds the number of extension blocks of an image of uiSize bytes: 126 of the base block or,
+// where that one is not 0, a byte of an override data block of the HDMI Forum. That one counts when it is the first data
+// block of block 1, a whole CTA-861 block of revision 3 or later.
+unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize);
+
+// Goes over the blocks of an image that follow the base block. The last one may be cut short.
+class CBlockWalk
+{
+public:
+    // At least a base block.
+    CBlockWalk(const unsigned char* pui8Image, unsigned int uiSize)
+        : m_pui8Image(pui8Image), m_uiSize(uiSize), m_uiAnnounced(pui8Image[BaseBlock::gsc_uiExtensionCountOffset])
+    {
+    }
+
+    bool Next()
+    {
+        ++m_uiNumber;
+        return GetOffset() < m_uiSize;
+    }
+
+    unsigned int GetNumber() const { return m_uiNumber; }
+    unsigned int GetOffset() const { return m_uiNumber * gsc_uiBlockSize; }
+    unsigned int GetLength() const
+    {
+        const unsigned int uiLeft = m_uiSize - GetOffset();
+        return uiLeft < gsc_uiBlockSize ? uiLeft : gsc_uiBlockSize;
+    }
+    const unsigned char* GetData() const { return m_pui8Image + GetOffset(); }
+    // By byte 126, the only number that the classes go by.
+    bool IsAnnounced() const { return m_uiNumber <= m_uiAnnounced; }
+    bool IsWhole() const { return GetLength() == gsc_uiBlockSize; }
+
+private:
+    const unsigned char* m_pui8Image;
+    unsigned int m_uiSize;
+    unsigned int m_uiAnnounced;
+    unsigned int m_uiNumber = 0;
+};
+} // namespace ZorStandards

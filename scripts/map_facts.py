@@ -4,7 +4,7 @@ For compare-with-edid-decode. A fact has a kind and a value, and belongs to a bl
 form: numbers as Python prints them, names in lower case without what differs in spelling only.
 
 Own facts come from two tables, one for single fields and one for groups whose fields together are a fact. Peer facts
-come from a table of headings and lines. What a kind of difference means stands in docs/compared-with-edid-decode.md.
+come from a table of headings and lines. What each kind of difference means is in docs/comparison.md.
 """
 
 import collections

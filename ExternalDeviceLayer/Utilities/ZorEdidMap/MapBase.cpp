@@ -57,18 +57,18 @@ constexpr SMeaning gsc_aoWeeks14[] = { { 0, 0, "not given" },
                                        { gsc_uiModelYearWeek, gsc_uiModelYearWeek, "the year is the model year" } };
 
 constexpr SRow gsc_aoIdentityRows[] = {
-    { Bit(0x08, 7), "Reserved", Reserved() },
-    { Split({ { 0x08, 6, 0 }, { 0x09, 7, 0 } }), "ID manufacturer name", Text().Text(FormatMaker), nullptr,
-      CheckMaker },
-    { Little16(0x0A), "ID product code", Number() },
-    { Little32(0x0C), "ID serial number", Number().With(gsc_aoZeroNotGiven) },
-    { Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
-    { Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
-    { Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsNot<IsModelYear>, CheckYear },
-    { Byte(0x11), "Model year", Number().Times(1, 1990), IsModelYear, CheckYear },
+    { eId_Reserved, Bit(0x08, 7), "Reserved", Reserved() },
+    { eId_BaseIdentityManufacturer, Split({ { 0x08, 6, 0 }, { 0x09, 7, 0 } }), "ID manufacturer name",
+      Text().Text(FormatMaker), nullptr, CheckMaker },
+    { eId_BaseIdentityProductCode, Little16(0x0A), "ID product code", Number() },
+    { eId_BaseIdentitySerialNumber, Little32(0x0C), "ID serial number", Number().With(gsc_aoZeroNotGiven) },
+    { eId_BaseIdentityWeek, Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
+    { eId_BaseIdentityWeek, Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
+    { eId_BaseIdentityYear, Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsNot<IsModelYear>, CheckYear },
+    { eId_BaseIdentityModelYear, Byte(0x11), "Model year", Number().Times(1, 1990), IsModelYear, CheckYear },
 };
-constexpr STable gsc_oIdentityTable = { "Vendor and product identification", CZorEdidMap::eArea_Identity,
-                                        gsc_aoIdentityRows };
+constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product identification",
+                                        CZorEdidMap::eArea_Identity, gsc_aoIdentityRows };
 
 // ---- EDID structure version and revision, E-EDID 3.5 ----
 
@@ -78,11 +78,11 @@ const char* CheckRevision(const CRecord&, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoVersionRows[] = {
-    { Byte(0x12), "Version number", Number().Expect(1, "only version 1 has this layout") },
-    { Byte(0x13), "Revision number", Number(), nullptr, CheckRevision },
+    { eId_BaseEdidVersion, Byte(0x12), "Version number", Number().Expect(1, "only version 1 has this layout") },
+    { eId_BaseEdidRevision, Byte(0x13), "Revision number", Number(), nullptr, CheckRevision },
 };
-constexpr STable gsc_oVersionTable = { "EDID structure version and revision", CZorEdidMap::eArea_Structure,
-                                       gsc_aoVersionRows };
+constexpr STable gsc_oVersionTable = { eId_BaseEdid, "EDID structure version and revision",
+                                       CZorEdidMap::eArea_Structure, gsc_aoVersionRows };
 
 // ---- Basic display parameters and features, E-EDID 3.6 ----
 
@@ -169,84 +169,95 @@ const char* CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoDisplayRows[] = {
-    { Bit(0x14, 7), "Video signal interface", Flag(gsc_aoSignal) },
-    { Bits(0x14, 6, 5), "Signal level standard", Names(gsc_aoLevels), IsAnalog },
-    { Bit(0x14, 4), "Video setup", Flag(gsc_aoSetup), IsAnalog },
-    { Bit(0x14, 3), "Separate sync H and V signals", Flag(gsc_aoSupported), IsAnalog },
-    { Bit(0x14, 2), "Composite sync signal on horizontal", Flag(gsc_aoSupported), IsAnalog },
-    { Bit(0x14, 1), "Composite sync signal on green video", Flag(gsc_aoSupported), IsAnalog },
-    { Bit(0x14, 0), "Serration on the vertical sync", Flag(gsc_aoSupported), IsAnalog },
-    { Bits(0x14, 6, 0), "Reserved", Reserved(), IsDigitalBefore2 },
-    { Bits(0x14, 6, 1), "Reserved", Reserved(), IsDigital2To3 },
-    { Bit(0x14, 0), "DFP 1.x compatible", Flag(), IsDigital2To3 },
-    { Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths), IsDigital4 }, // per primary color
-    { Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces), IsDigital4 },
-    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), HasSizes },
-    { Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoWidthIsNone), IsPortrait },
-    { Byte(0x15), "Aspect ratio, landscape", Number(": 1").Times(1, gsc_uiRatioOffset).Decimals(2), IsLandscape },
-    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), HasSizes },
-    { Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoHeightIsNone), IsLandscape },
-    { Byte(0x16), "Aspect ratio, portrait", Number().Computed(ComputePortrait).Decimals(4).Text(FormatPortrait),
+    { eId_BaseDisplaySignalInterface, Bit(0x14, 7), "Video signal interface", Flag(gsc_aoSignal) },
+    { eId_BaseDisplaySignalLevel, Bits(0x14, 6, 5), "Signal level standard", Names(gsc_aoLevels), IsAnalog },
+    { eId_BaseDisplayVideoSetup, Bit(0x14, 4), "Video setup", Flag(gsc_aoSetup), IsAnalog },
+    { eId_BaseDisplaySeparateSync, Bit(0x14, 3), "Separate sync H and V signals", Flag(gsc_aoSupported), IsAnalog },
+    { eId_BaseDisplayCompositeSync, Bit(0x14, 2), "Composite sync signal on horizontal", Flag(gsc_aoSupported),
+      IsAnalog },
+    { eId_BaseDisplaySyncOnGreen, Bit(0x14, 1), "Composite sync signal on green video", Flag(gsc_aoSupported),
+      IsAnalog },
+    { eId_BaseDisplaySerration, Bit(0x14, 0), "Serration on the vertical sync", Flag(gsc_aoSupported), IsAnalog },
+    { eId_Reserved, Bits(0x14, 6, 0), "Reserved", Reserved(), IsDigitalBefore2 },
+    { eId_Reserved, Bits(0x14, 6, 1), "Reserved", Reserved(), IsDigital2To3 },
+    { eId_BaseDisplayDfp1Compatible, Bit(0x14, 0), "DFP 1.x compatible", Flag(), IsDigital2To3 },
+    { eId_BaseDisplayColorBitDepth, Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths),
+      IsDigital4 }, // per primary color
+    { eId_BaseDisplayInterface, Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces),
+      IsDigital4 },
+    { eId_BaseDisplayScreenWidth, Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), HasSizes },
+    { eId_BaseDisplayScreenWidth, Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoWidthIsNone),
       IsPortrait },
-    { Byte(0x17), "Display transfer characteristic (gamma)", HundredthsFrom1().With(gsc_aoGammaNotHere) },
-    { Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
-    { Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
-    { Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
-    { Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsNot<IsDigital4> },
-    { Bits(0x18, 4, 3), "Supported color encoding formats", Names(gsc_aoEncodings), IsDigital4 },
-    { Bit(0x18, 2), "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
-    { Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4, CheckPreferred }, // the first detailed timing is it
-    { Bit(0x18, 1), "Preferred timing mode is native", Flag(), IsRevision4 },
-    { Bit(0x18, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
-    { Bit(0x18, 0), "Continuous frequency", Flag(), IsRevision4 },
+    { eId_BaseDisplayAspectRatioLandscape, Byte(0x15), "Aspect ratio, landscape",
+      Number(": 1").Times(1, gsc_uiRatioOffset).Decimals(2), IsLandscape },
+    { eId_BaseDisplayScreenHeight, Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), HasSizes },
+    { eId_BaseDisplayScreenHeight, Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoHeightIsNone),
+      IsLandscape },
+    { eId_BaseDisplayAspectRatioPortrait, Byte(0x16), "Aspect ratio, portrait",
+      Number().Computed(ComputePortrait).Decimals(4).Text(FormatPortrait), IsPortrait },
+    { eId_BaseDisplayGamma, Byte(0x17), "Display transfer characteristic (gamma)",
+      HundredthsFrom1().With(gsc_aoGammaNotHere) },
+    { eId_BaseDisplayStandby, Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
+    { eId_BaseDisplaySuspend, Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
+    { eId_BaseDisplayActiveOff, Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
+    { eId_BaseDisplayColorType, Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsNot<IsDigital4> },
+    { eId_BaseDisplayColorEncodings, Bits(0x18, 4, 3), "Supported color encoding formats", Names(gsc_aoEncodings),
+      IsDigital4 },
+    { eId_BaseDisplaySrgbDefault, Bit(0x18, 2), "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
+    { eId_BaseDisplayPreferredTiming, Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4,
+      CheckPreferred }, // the first detailed timing is it
+    { eId_BaseDisplayPreferredIsNative, Bit(0x18, 1), "Preferred timing mode is native", Flag(), IsRevision4 },
+    { eId_BaseDisplayDefaultGtf, Bit(0x18, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
+    { eId_BaseDisplayContinuousFrequency, Bit(0x18, 0), "Continuous frequency", Flag(), IsRevision4 },
 };
-constexpr STable gsc_oDisplayTable = { "Basic display parameters and features", CZorEdidMap::eArea_Display,
-                                       gsc_aoDisplayRows };
+constexpr STable gsc_oDisplayTable = { eId_BaseDisplay, "Basic display parameters and features",
+                                       CZorEdidMap::eArea_Display, gsc_aoDisplayRows };
 
 // ---- Display x, y chromaticity coordinates, E-EDID 3.7: n / 1024 ----
 
 constexpr SRow gsc_aoColorRows[] = {
-    { Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } }), "Red x", Chromaticity() },
-    { Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } }), "Red y", Chromaticity() },
-    { Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } }), "Green x", Chromaticity() },
-    { Split({ { 0x1E, 7, 0 }, { 0x19, 1, 0 } }), "Green y", Chromaticity() },
-    { Split({ { 0x1F, 7, 0 }, { 0x1A, 7, 6 } }), "Blue x", Chromaticity() },
-    { Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } }), "Blue y", Chromaticity() },
-    { Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } }), "White x", Chromaticity() },
-    { Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } }), "White y", Chromaticity() },
+    { eId_BaseChromaticityRedX, Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } }), "Red x", Chromaticity() },
+    { eId_BaseChromaticityRedY, Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } }), "Red y", Chromaticity() },
+    { eId_BaseChromaticityGreenX, Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } }), "Green x", Chromaticity() },
+    { eId_BaseChromaticityGreenY, Split({ { 0x1E, 7, 0 }, { 0x19, 1, 0 } }), "Green y", Chromaticity() },
+    { eId_BaseChromaticityBlueX, Split({ { 0x1F, 7, 0 }, { 0x1A, 7, 6 } }), "Blue x", Chromaticity() },
+    { eId_BaseChromaticityBlueY, Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } }), "Blue y", Chromaticity() },
+    { eId_BaseChromaticityWhiteX, Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } }), "White x", Chromaticity() },
+    { eId_BaseChromaticityWhiteY, Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } }), "White y", Chromaticity() },
 };
-constexpr STable gsc_oColorTable = { "Display x, y chromaticity coordinates", CZorEdidMap::eArea_Colour,
-                                     gsc_aoColorRows };
+constexpr STable gsc_oColorTable = { eId_BaseChromaticity, "Display x, y chromaticity coordinates",
+                                     CZorEdidMap::eArea_Colour, gsc_aoColorRows };
 
 // ---- Established timings I and II, E-EDID 3.8 ----
 
 constexpr SRow gsc_aoEstablishedRows[] = {
-    Mode(0x23, 7, "720 x 400 @ 70 Hz"),
-    Mode(0x23, 6, "720 x 400 @ 88 Hz"),
-    Mode(0x23, 5, "640 x 480 @ 60 Hz"),
-    Mode(0x23, 4, "640 x 480 @ 67 Hz"),
-    Mode(0x23, 3, "640 x 480 @ 72 Hz"),
-    Mode(0x23, 2, "640 x 480 @ 75 Hz"),
-    Mode(0x23, 1, "800 x 600 @ 56 Hz"),
-    Mode(0x23, 0, "800 x 600 @ 60 Hz"),
-    Mode(0x24, 7, "800 x 600 @ 72 Hz"),
-    Mode(0x24, 6, "800 x 600 @ 75 Hz"),
-    Mode(0x24, 5, "832 x 624 @ 75 Hz"),
-    Mode(0x24, 4, "1024 x 768i @ 87 Hz"),
-    Mode(0x24, 3, "1024 x 768 @ 60 Hz"),
-    Mode(0x24, 2, "1024 x 768 @ 70 Hz"),
-    Mode(0x24, 1, "1024 x 768 @ 75 Hz"),
-    Mode(0x24, 0, "1280 x 1024 @ 75 Hz"),
-    Mode(0x25, 7, "1152 x 870 @ 75 Hz"),
-    Mode(0x25, 6, "Manufacturer's timing, bit 6"),
-    Mode(0x25, 5, "Manufacturer's timing, bit 5"),
-    Mode(0x25, 4, "Manufacturer's timing, bit 4"),
-    Mode(0x25, 3, "Manufacturer's timing, bit 3"),
-    Mode(0x25, 2, "Manufacturer's timing, bit 2"),
-    Mode(0x25, 1, "Manufacturer's timing, bit 1"),
-    Mode(0x25, 0, "Manufacturer's timing, bit 0"),
+    Mode(eId_BaseEstablishedMode, 0x23, 7, "720 x 400 @ 70 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 6, "720 x 400 @ 88 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 5, "640 x 480 @ 60 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 4, "640 x 480 @ 67 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 3, "640 x 480 @ 72 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 2, "640 x 480 @ 75 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 1, "800 x 600 @ 56 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x23, 0, "800 x 600 @ 60 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 7, "800 x 600 @ 72 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 6, "800 x 600 @ 75 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 5, "832 x 624 @ 75 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 4, "1024 x 768i @ 87 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 3, "1024 x 768 @ 60 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 2, "1024 x 768 @ 70 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 1, "1024 x 768 @ 75 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x24, 0, "1280 x 1024 @ 75 Hz"),
+    Mode(eId_BaseEstablishedMode, 0x25, 7, "1152 x 870 @ 75 Hz"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 6, "Manufacturer's timing, bit 6"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 5, "Manufacturer's timing, bit 5"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 4, "Manufacturer's timing, bit 4"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 3, "Manufacturer's timing, bit 3"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 2, "Manufacturer's timing, bit 2"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 1, "Manufacturer's timing, bit 1"),
+    Mode(eId_BaseEstablishedManufacturer, 0x25, 0, "Manufacturer's timing, bit 0"),
 };
-constexpr STable gsc_oEstablishedTable = { "Established timings", CZorEdidMap::eArea_Timing, gsc_aoEstablishedRows };
+constexpr STable gsc_oEstablishedTable = { eId_BaseEstablished, "Established timings", CZorEdidMap::eArea_Timing,
+                                           gsc_aoEstablishedRows };
 
 // ---- Standard timings, E-EDID 3.9 ----
 
@@ -297,16 +308,17 @@ CMString FormatPair(const CRecord& oRecord)
 
 template <bool ALWAYS>
 constexpr SRow gsc_aoPairRows[] = {
-    { Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
-    { Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248), IsUsedPair, CheckReservedZero },
-    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },
-    { Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair<ALWAYS> },
-    { Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
+    { eId_Padding, Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
+    { eId_BaseStandardHorizontalPixels, Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248),
+      IsUsedPair, CheckReservedZero },
+    { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },
+    { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair<ALWAYS> },
+    { eId_BaseStandardRefreshRate, Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
 };
 
 // ---- The end of the block, E-EDID 3.11 ----
 
-constexpr SRow gsc_oExtensionCountRow = { Byte(0x7E), "Extension block count", Number() };
+constexpr SRow gsc_oExtensionCountRow = { eId_BaseExtensionCount, Byte(0x7E), "Extension block count", Number() };
 
 // ---- What the descriptors must be, E-EDID 3.10 ----
 
@@ -441,7 +453,7 @@ void AddPart(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, u
 }
 } // namespace
 
-constinit const SRow g_oHeaderRow = { Run(0x00, 8), "Header", Bytes() };
+constinit const SRow g_oHeaderRow = { eId_BaseHeader, Run(0x00, 8), "Header", Bytes() };
 
 bool HasHeader(const CRecord& oRecord)
 {
@@ -455,15 +467,15 @@ bool HasHeader(const CRecord& oRecord)
     return true;
 }
 
-constinit const STable g_oStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows<false>,
-                                                  FormatPair<false> };
-constinit const STable g_oVtbStandardTimingTable = { "Standard timing", CZorEdidMap::eArea_Timing, gsc_aoPairRows<true>,
-                                                     FormatPair<true> };
+constinit const STable g_oStandardTimingTable = { eId_BaseStandard, "Standard timing", CZorEdidMap::eArea_Timing,
+                                                  gsc_aoPairRows<false>, FormatPair<false> };
+constinit const STable g_oVtbStandardTimingTable = { eId_BaseStandard, "Standard timing", CZorEdidMap::eArea_Timing,
+                                                     gsc_aoPairRows<true>, FormatPair<true> };
 
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
-    const unsigned int uiField = oWriter.BeginBlock("Base block", uiOffset, uiLength);
+    const unsigned int uiField = oWriter.BeginBlock(eId_Base, "Base block", uiOffset, uiLength);
     const unsigned int uiHeader = oWriter.AddLeaf(g_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
     if (!HasHeader(oBlock))
     {

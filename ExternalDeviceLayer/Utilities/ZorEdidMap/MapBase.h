@@ -28,9 +28,9 @@ inline const char* CheckReservedZero(const CRecord& /*oRecord*/, unsigned int ui
 }
 
 // A mode that stands for one bit.
-constexpr SRow Mode(unsigned int uiOffset, unsigned int uiBit, const char* pszName)
+constexpr SRow Mode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiBit, const char* pszName)
 {
-    return { Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
+    return { eId, Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
 }
 
 // ---- Detailed timings against range limits ----

@@ -84,6 +84,7 @@ constexpr EArea eUnused = CZorEdidMap::eArea_Unused;
 
 struct SCtaBlock
 {
+    EZorEdidField m_eId; // of its group
     SKey m_oKey;
     const char* m_pszName;
     EArea m_eArea = eUnused;
@@ -98,65 +99,82 @@ constexpr SKey gsc_oHdmiSinkKey = Extended(121);
 
 // A row with an OUI stands ahead of the row for any.
 constexpr SCtaBlock gsc_aoDataBlocks[] = {
-    { Tag(0), "Reserved data block" },
-    { Tag(1), "Audio data block", eAudio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
-    { Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
-    { gsc_oHdmiKey, "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
-    { gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce, Walk(MapCtaHdmiForum) },
-    { Vendor(0x00001A), "AMD vendor-specific data block", eVendor, AtLeast(5), eOnce, Rows(g_oCtaAmdTable) },
-    { Vendor(0xCA125C), "Microsoft vendor-specific data block", eVendor, Exactly(18), eOnce,
+    { eId_CtaReserved, Tag(0), "Reserved data block" },
+    { eId_CtaAudio, Tag(1), "Audio data block", eAudio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
+    { eId_CtaVideo, Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
+    { eId_CtaHdmi, gsc_oHdmiKey, "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
+    { eId_CtaHdmiForum, gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce,
+      Walk(MapCtaHdmiForum) },
+    { eId_CtaAmd, Vendor(0x00001A), "AMD vendor-specific data block", eVendor, AtLeast(5), eOnce,
+      Rows(g_oCtaAmdTable) },
+    { eId_CtaMicrosoft, Vendor(0xCA125C), "Microsoft vendor-specific data block", eVendor, Exactly(18), eOnce,
       Rows(g_oCtaMicrosoftTable) },
-    { Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eVendor, AtLeast(2), eOnce, Rows(g_oCtaUhdTable) },
-    { Tag(3), "Vendor-specific data block", eVendor },
-    { Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
-    { Tag(5), "VESA display transfer characteristic data block", eColour, OneOf({ 7, 15, 31 }), eAny,
+    { eId_CtaUhdAlliance, Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eVendor, AtLeast(2), eOnce,
+      Rows(g_oCtaUhdTable) },
+    { eId_CtaVendor, Tag(3), "Vendor-specific data block", eVendor },
+    { eId_CtaSpeakers, Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
+    { eId_CtaTransfer, Tag(5), "VESA display transfer characteristic data block", eColour, OneOf({ 7, 15, 31 }), eAny,
       Walk(MapCtaTransfer) },
-    { Tag(6), "Video format data block", eTiming, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
-    { Extended(0), "Video capability data block", eDisplay, Exactly(1), eOnce, Rows(g_oCtaVideoCapabilityTable) },
-    { VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eColour, AtLeast(1), eOnce,
+    { eId_CtaVideoFormat, Tag(6), "Video format data block", eTiming, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
+    { eId_CtaVideoCapability, Extended(0), "Video capability data block", eDisplay, Exactly(1), eOnce,
+      Rows(g_oCtaVideoCapabilityTable) },
+    { eId_CtaHdr10Plus, VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eColour, AtLeast(1), eOnce,
       Rows(g_oCtaHdr10PlusTable) },
-    { VideoVendor(0x00D046), "Dolby Vision vendor-specific video data block", eColour, AtLeast(7), eOnce,
-      Rows(g_oCtaDolbyVisionTable) },
-    { Extended(1), "Vendor-specific video data block", eVendor },
-    { Extended(2), "VESA video display device data block", eDisplay, Exactly(30), eOnce,
+    { eId_CtaDolbyVision, VideoVendor(0x00D046), "Dolby Vision vendor-specific video data block", eColour, AtLeast(7),
+      eOnce, Rows(g_oCtaDolbyVisionTable) },
+    { eId_CtaVendorVideo, Extended(1), "Vendor-specific video data block", eVendor },
+    { eId_CtaDisplayDevice, Extended(2), "VESA video display device data block", eDisplay, Exactly(30), eOnce,
       Rows(g_oCtaDisplayDeviceTable) },
-    { Extended(3), "VESA video timing block extension", eTiming },
-    { Extended(4), "Reserved for HDMI video data block" },
-    { Extended(5), "Colorimetry data block", eColour, Exactly(2), eOnce, Rows(g_oCtaColorimetryTable) },
-    { Extended(6), "HDR static metadata data block", eColour, AtLeast(2), eOnce, Rows(g_oCtaStaticHdrTable) },
-    { Extended(7), "HDR dynamic metadata data block", eColour, AtLeast(3), eOnce, Walk(MapCtaDynamicHdr) },
-    { Extended(8), "Native video resolution data block", eTiming, OneOf({ 1, 2, 6 }, true), eOnce, Walk(MapCtaNative) },
-    { Extended(9, 12), "Reserved for video-related blocks" },
-    { Extended(13), "Video format preference data block", eTiming, AtLeast(1), eOnce, Items(g_oCtaPreferenceTable, 1) },
-    { Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Walk(MapCta420Video) },
-    { Extended(15), "YCbCr 4:2:0 capability map data block", eTiming, gsc_oAnySize, eOnce, Walk(MapCtaCapabilityMap) },
-    { Extended(16), "Reserved for CTA miscellaneous audio fields" },
-    { AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eAudio, AtLeast(2), eAny,
+    { eId_CtaVesaVtb, Extended(3), "VESA video timing block extension", eTiming },
+    { eId_CtaReserved, Extended(4), "Reserved for HDMI video data block" },
+    { eId_CtaColorimetry, Extended(5), "Colorimetry data block", eColour, Exactly(2), eOnce,
+      Rows(g_oCtaColorimetryTable) },
+    { eId_CtaHdrStatic, Extended(6), "HDR static metadata data block", eColour, AtLeast(2), eOnce,
+      Rows(g_oCtaStaticHdrTable) },
+    { eId_CtaHdrDynamic, Extended(7), "HDR dynamic metadata data block", eColour, AtLeast(3), eOnce,
+      Walk(MapCtaDynamicHdr) },
+    { eId_CtaNativeResolution, Extended(8), "Native video resolution data block", eTiming, OneOf({ 1, 2, 6 }, true),
+      eOnce, Walk(MapCtaNative) },
+    { eId_CtaReserved, Extended(9, 12), "Reserved for video-related blocks" },
+    { eId_CtaVideoPreference, Extended(13), "Video format preference data block", eTiming, AtLeast(1), eOnce,
+      Items(g_oCtaPreferenceTable, 1) },
+    { eId_Cta420Video, Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Walk(MapCta420Video) },
+    { eId_Cta420Map, Extended(15), "YCbCr 4:2:0 capability map data block", eTiming, gsc_oAnySize, eOnce,
+      Walk(MapCtaCapabilityMap) },
+    { eId_CtaReserved, Extended(16), "Reserved for CTA miscellaneous audio fields" },
+    { eId_CtaDolbyAudio, AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eAudio, AtLeast(2), eAny,
       Rows(g_oCtaDolbyAudioTable) },
-    { Extended(17), "Vendor-specific audio data block", eVendor },
-    { Extended(18), "HDMI audio data block", eAudio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
-    { Extended(19), "Room configuration data block", eAudio, OneOf({ 4, 7, 10 }), eOnce, Walk(MapCtaRoom) },
-    { Extended(20), "Speaker location data block", eAudio, AtLeast(2), eAny, Walk(MapCtaSpeakerLocations) },
-    { Extended(21, 31), "Reserved for audio-related blocks" },
-    { Extended(32), "InfoFrame data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaInfoFrames) },
-    { Extended(33), "Product information data block", eIdentity },
-    { Extended(34), "DisplayID Type VII video timing data block", eTiming, Exactly(21), eAny, Walk(MapCtaTypeVii) },
-    { Extended(35), "DisplayID Type VIII video timing data block", eTiming, AtLeast(2), eAny, Walk(MapCtaTypeViii) },
-    { Extended(36, 41), "Reserved data block" },
-    { Extended(42), "DisplayID Type X video timing data block", eTiming, AtLeast(7), eAny, Walk(MapCtaTypeX) },
-    { Extended(43, 119), "Reserved data block" },
-    { Extended(120), "HDMI Forum EDID extension override data block", eStructure, AtLeast(1), eFirst,
-      Walk(MapCtaExtensionOverride) },
-    { gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce, Walk(MapCtaHdmiSink) },
-    { Extended(122), "HDMI Forum source-based tone mapping data block", eColour, AtLeast(1), eOnce,
+    { eId_CtaVendorAudio, Extended(17), "Vendor-specific audio data block", eVendor },
+    { eId_CtaHdmiAudio, Extended(18), "HDMI audio data block", eAudio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
+    { eId_CtaRoom, Extended(19), "Room configuration data block", eAudio, OneOf({ 4, 7, 10 }), eOnce,
+      Walk(MapCtaRoom) },
+    { eId_CtaSpeakerLocation, Extended(20), "Speaker location data block", eAudio, AtLeast(2), eAny,
+      Walk(MapCtaSpeakerLocations) },
+    { eId_CtaReserved, Extended(21, 31), "Reserved for audio-related blocks" },
+    { eId_CtaInfoframe, Extended(32), "InfoFrame data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaInfoFrames) },
+    { eId_CtaProductInformation, Extended(33), "Product information data block", eIdentity },
+    { eId_CtaType7, Extended(34), "DisplayID Type VII video timing data block", eTiming, Exactly(21), eAny,
+      Walk(MapCtaTypeVii) },
+    { eId_CtaType8, Extended(35), "DisplayID Type VIII video timing data block", eTiming, AtLeast(2), eAny,
+      Walk(MapCtaTypeViii) },
+    { eId_CtaReserved, Extended(36, 41), "Reserved data block" },
+    { eId_CtaType10, Extended(42), "DisplayID Type X video timing data block", eTiming, AtLeast(7), eAny,
+      Walk(MapCtaTypeX) },
+    { eId_CtaReserved, Extended(43, 119), "Reserved data block" },
+    { eId_CtaExtensionOverride, Extended(120), "HDMI Forum EDID extension override data block", eStructure, AtLeast(1),
+      eFirst, Walk(MapCtaExtensionOverride) },
+    { eId_CtaHdmiSink, gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce,
+      Walk(MapCtaHdmiSink) },
+    { eId_CtaToneMapping, Extended(122), "HDMI Forum source-based tone mapping data block", eColour, AtLeast(1), eOnce,
       Walk(MapCtaToneMapping) },
-    { Extended(123, 127), "Reserved for HDMI" },
-    { Extended(128, 255), "Reserved data block" },
+    { eId_CtaReserved, Extended(123, 127), "Reserved for HDMI" },
+    { eId_CtaReserved, Extended(128, 255), "Reserved data block" },
 };
 constexpr unsigned int gsc_uiKinds = std::size(gsc_aoDataBlocks);
 
 // What a block of tag 7 without an extended tag is.
-constexpr SCtaBlock gsc_oNoExtendedTag = { Extended(0, 255), "Extended data block without a tag" };
+constexpr SCtaBlock gsc_oNoExtendedTag = { eId_CtaNoExtendedTag, Extended(0, 255),
+                                           "Extended data block without a tag" };
 
 // ---- The header of a data block: CTA-861-H 7.5 ----
 
@@ -217,14 +235,14 @@ bool IsExtendedVendor(const CRecord& oHeader)
 }
 
 constexpr SRow gsc_aoHeaderRows[] = {
-    { Bits(0, 7, 5), "Tag code", Names(gsc_aoTags) },
-    { Bits(0, 4, 0), "Length", Number("bytes") },
-    { Byte(1), "Extended tag code", Names({ gsc_oExtendedTags.m_aoMeanings, gsc_oExtendedTags.m_uiCount }),
-      IsExtended },
-    { Little24(1), "IEEE OUI", Oui(), IsVendor },
-    { Little24(2), "IEEE OUI", Oui(), IsExtendedVendor },
+    { eId_CtaDataBlockTag, Bits(0, 7, 5), "Tag code", Names(gsc_aoTags) },
+    { eId_CtaDataBlockLength, Bits(0, 4, 0), "Length", Number("bytes") },
+    { eId_CtaDataBlockExtendedTag, Byte(1), "Extended tag code",
+      Names({ gsc_oExtendedTags.m_aoMeanings, gsc_oExtendedTags.m_uiCount }), IsExtended },
+    { eId_CtaDataBlockOui, Little24(1), "IEEE OUI", Oui(), IsVendor },
+    { eId_CtaDataBlockOui, Little24(2), "IEEE OUI", Oui(), IsExtendedVendor },
 };
-constexpr STable gsc_oHeaderTable = { "Data block header", eStructure, gsc_aoHeaderRows };
+constexpr STable gsc_oHeaderTable = { eId_CtaDataBlock, "Data block header", eStructure, gsc_aoHeaderRows };
 
 // A data block of a collection: its kind, where it lies, and where its payload begins. Nothing of it reaches beyond the
 // collection's end.
@@ -434,7 +452,8 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCode
                   const unsigned int* puiEarlier)
 {
     const SCtaBlock& oKind = *oFound.m_poKind;
-    const unsigned int uiField = oWriter.BeginGroup(oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize);
+    const unsigned int uiField =
+        oWriter.BeginGroup(oKind.m_eId, oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize);
     NoteDataBlock(oWriter, uiField, oFound, puiEarlier[IndexOf(oKind)] != 0);
     NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
     oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
@@ -449,7 +468,7 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCode
     }
     else
     {
-        oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
+        oWriter.EndGroup(gsc_oUnknownRest);
     }
 }
 
@@ -502,18 +521,20 @@ const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 }
 
 constexpr SRow gsc_aoBlockRows[] = {
-    { Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
-    { Byte(2), "Offset of the detailed timing descriptors", Number("bytes").Named(gsc_aoStarts), nullptr, CheckStart },
-    { Bit(3, 7), "Underscan", Flag(), HasFlags },
-    { Bit(3, 6), "Basic audio", Flag(), HasFlags },
-    { Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },
-    { Bit(3, 4), "YCbCr 4:2:2", Flag(), HasFlags },
-    { Bits(3, 3, 0), "Total number of native formats in the detailed timing descriptors", Number(), HasFlags },
-    { Byte(3), "Reserved", Reserved(), IsNot<HasFlags> },
+    { eId_CtaRevision, Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
+    { eId_CtaDetailedOffset, Byte(2), "Offset of the detailed timing descriptors", Number("bytes").Named(gsc_aoStarts),
+      nullptr, CheckStart },
+    { eId_CtaUnderscan, Bit(3, 7), "Underscan", Flag(), HasFlags },
+    { eId_CtaBasicAudio, Bit(3, 6), "Basic audio", Flag(), HasFlags },
+    { eId_CtaYcbcr444, Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },
+    { eId_CtaYcbcr422, Bit(3, 4), "YCbCr 4:2:2", Flag(), HasFlags },
+    { eId_CtaNativeCount, Bits(3, 3, 0), "Total number of native formats in the detailed timing descriptors", Number(),
+      HasFlags },
+    { eId_Reserved, Byte(3), "Reserved", Reserved(), IsNot<HasFlags> },
 };
-constexpr STable gsc_oBlockTable = { "CTA-861 extension block", eStructure, gsc_aoBlockRows };
+constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eStructure, gsc_aoBlockRows };
 
-constexpr SRow gsc_oPaddingRow = { RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
+constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
 
 // A clock of 0 ends the timings, unless a display descriptor follows: 00 00 00 and a tag of the list.
 bool IsDescriptor(const CRecord& oRecord)
@@ -556,11 +577,12 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     }
     const unsigned int uiFirst = uiOffset + gsc_uiDataBlocksOffset;
     const unsigned int uiLength = uiStart - gsc_uiDataBlocksOffset;
-    const unsigned int uiField = oWriter.BeginGroup("Data block collection", eStructure, uiFirst, uiLength);
+    const unsigned int uiField =
+        oWriter.BeginGroup(eId_CtaCollection, "Data block collection", eStructure, uiFirst, uiLength);
     if (oBlock.GetByte(gsc_uiRevisionOffset) < gsc_uiDataBlocksRevision)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "this revision of the block has no data blocks");
-        oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
+        oWriter.EndGroup(gsc_oUnknownRest);
         return;
     }
     const bool bAudio = AddDataBlocks(oWriter, uiFirst, uiFirst + uiLength, CollectCodes(oWriter, uiOffset));
@@ -568,7 +590,7 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "has audio, but the block's flags lack basic audio");
     }
-    oWriter.EndGroup("Padding");
+    oWriter.EndGroup(gsc_oPaddingRest);
 }
 
 // From uiStart on: descriptors up to the first that is none, then padding up to the checksum. Where the image ends
@@ -628,7 +650,7 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
     const unsigned int uiStart = oBlock.GetByte(gsc_uiDetailedStartOffset);
     const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
-    oWriter.BeginBlock(gsc_oBlockTable.m_pszName, uiOffset, uiLength);
+    oWriter.BeginBlock(eId_Cta, gsc_oBlockTable.m_pszName, uiOffset, uiLength);
     oWriter.AddLeaf(g_oExtensionTagRow, eStructure, uiOffset, uiLength);
     oWriter.AddRows(gsc_oBlockTable, uiOffset, std::min(uiLength, gsc_uiDataBlocksOffset));
     NoteNative(oWriter, oBlock, uiOffset);
@@ -642,7 +664,7 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     {
         oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + gsc_uiDataBlocksOffset, uiEnd - gsc_uiDataBlocksOffset);
     }
-    oWriter.EndBlock("Unknown", CZorEdidMap::eKind_Unknown);
+    oWriter.EndBlock(gsc_oUnknownRest);
 }
 
 // ---- Helpers of the other files ----

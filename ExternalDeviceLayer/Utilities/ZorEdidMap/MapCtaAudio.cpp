@@ -180,44 +180,49 @@ constexpr auto gsc_aoSurroundSignals = Listed({ "implicit", "implicit and explic
 constexpr SPlace gsc_o3dChannels = Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } });
 
 constexpr SRow gsc_aoAudioRows[] = {
-    { Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },
-    { Bits(2, 7, 3), "Audio format extended code", Names(gsc_aoExtended), WhereFormat<eFormat_Extended> },
-    { Bits(0, 2, 0), "Maximum number of channels", NumberFrom1("channels"), HasChannels },
-    { gsc_o3dChannels, "Maximum number of channels", NumberFrom1("channels"), WhereExtended<eExtended_Pcm3d> },
-    { Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels), WhereExtended<eExtended_MpegH> },
-    { Bit(1, 6), "192 kHz", Flag(), IsFormat, CheckRate192 },
-    { Bit(1, 5), "176.4 kHz", Flag(), IsFormat, CheckRate176 },
-    { Bit(1, 4), "96 kHz", Flag(), IsFormat },
-    { Bit(1, 3), "88.2 kHz", Flag(), IsFormat, CheckRateOfAc4 },
-    { Bit(1, 2), "48 kHz", Flag(), IsFormat },
-    { Bit(1, 1), "44.1 kHz", Flag(), IsFormat },
-    { Bit(1, 0), "32 kHz", Flag(), IsFormat, CheckRateOfAc4 },
-    { Bit(2, 2), "24 bit", Flag(), HasSampleSizes },
-    { Bit(2, 1), "20 bit", Flag(), HasSampleSizes },
-    { Bit(2, 0), "16 bit", Flag(), HasSampleSizes },
-    { Byte(2), "Maximum bit rate", Number("kbit/s").Times(8), HasBitRate },
-    { Byte(2), "Audio format code dependent value", Number(), HasOwnValue },
-    { Bits(2, 7, 2), "Unknown", Unknown(), WhereFormat<eFormat_EnhancedAc3> },
-    { Bit(2, 1), "Joint object coding with ACMOD28", Flag(), WhereFormat<eFormat_EnhancedAc3> },
-    { Bit(2, 0), "Joint object coding", Flag(), WhereFormat<eFormat_EnhancedAc3> },
-    { Bits(2, 7, 2), "Unknown", Unknown(), IsMat4OrLater },
-    { Bits(2, 7, 1), "Unknown", Unknown(), IsMatBefore4 },
-    { Bit(2, 1), "Hash calculation for PCM", Flag(gsc_aoMatHash), IsMat4OrLater },
-    { Bit(2, 0), "MAT content", Flag(gsc_aoMatKinds), WhereFormat<eFormat_Mat> },
-    { Bits(2, 2, 0), "Profile", Number(), WhereFormat<eFormat_WmaPro> },
-    { Bit(2, 2), "1024_TL", Flag(), HasFrameLengths },
-    { Bit(2, 1), "960_TL", Flag(), HasFrameLengths },
-    { Bit(2, 0), "Unknown", Unknown(), HasOwnBit0 },
-    { Bits(2, 2, 0), "Unknown", Unknown(), HasOwnBits },
-    { Bit(2, 0), "22.2 multichannel", Flag(), WhereExtended<eExtended_AacLc> },
-    { Bit(2, 0), "MPEG Surround signaling", Flag(gsc_aoSurroundSignals), IsMpegSurround },
-    { Bit(2, 1), "Baseline profile", Flag(), WhereExtended<eExtended_MpegH> },
-    { Bit(2, 0), "Low complexity profile", Flag(), WhereExtended<eExtended_MpegH> },
-    { Bits(2, 2, 0), "Audio format code dependent value", Number(), WhereExtended<eExtended_Ac4> },
-    { Bit(0, 7), "Unknown", Unknown(), IsUnknownExtended },
-    { Bits(0, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
-    { Bit(1, 7), "Unknown", Unknown(), IsUnknownExtended },
-    { Bits(2, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
+    { eId_CtaAudioFormat, Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },
+    { eId_CtaAudioExtendedFormat, Bits(2, 7, 3), "Audio format extended code", Names(gsc_aoExtended),
+      WhereFormat<eFormat_Extended> },
+    { eId_CtaAudioChannels, Bits(0, 2, 0), "Maximum number of channels", NumberFrom1("channels"), HasChannels },
+    { eId_CtaAudioChannels, gsc_o3dChannels, "Maximum number of channels", NumberFrom1("channels"),
+      WhereExtended<eExtended_Pcm3d> },
+    { eId_CtaAudioMpegHLevel, Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels),
+      WhereExtended<eExtended_MpegH> },
+    { eId_CtaAudio192Khz, Bit(1, 6), "192 kHz", Flag(), IsFormat, CheckRate192 },
+    { eId_CtaAudio1764Khz, Bit(1, 5), "176.4 kHz", Flag(), IsFormat, CheckRate176 },
+    { eId_CtaAudio96Khz, Bit(1, 4), "96 kHz", Flag(), IsFormat },
+    { eId_CtaAudio882Khz, Bit(1, 3), "88.2 kHz", Flag(), IsFormat, CheckRateOfAc4 },
+    { eId_CtaAudio48Khz, Bit(1, 2), "48 kHz", Flag(), IsFormat },
+    { eId_CtaAudio441Khz, Bit(1, 1), "44.1 kHz", Flag(), IsFormat },
+    { eId_CtaAudio32Khz, Bit(1, 0), "32 kHz", Flag(), IsFormat, CheckRateOfAc4 },
+    { eId_CtaAudio24Bit, Bit(2, 2), "24 bit", Flag(), HasSampleSizes },
+    { eId_CtaAudio20Bit, Bit(2, 1), "20 bit", Flag(), HasSampleSizes },
+    { eId_CtaAudio16Bit, Bit(2, 0), "16 bit", Flag(), HasSampleSizes },
+    { eId_CtaAudioMaxBitRate, Byte(2), "Maximum bit rate", Number("kbit/s").Times(8), HasBitRate },
+    { eId_CtaAudioFormatDependentValue, Byte(2), "Audio format code dependent value", Number(), HasOwnValue },
+    { eId_Unknown, Bits(2, 7, 2), "Unknown", Unknown(), WhereFormat<eFormat_EnhancedAc3> },
+    { eId_CtaAudioJointObjectCodingAcmod28, Bit(2, 1), "Joint object coding with ACMOD28", Flag(),
+      WhereFormat<eFormat_EnhancedAc3> },
+    { eId_CtaAudioJointObjectCoding, Bit(2, 0), "Joint object coding", Flag(), WhereFormat<eFormat_EnhancedAc3> },
+    { eId_Unknown, Bits(2, 7, 2), "Unknown", Unknown(), IsMat4OrLater },
+    { eId_Unknown, Bits(2, 7, 1), "Unknown", Unknown(), IsMatBefore4 },
+    { eId_CtaAudioPcmHash, Bit(2, 1), "Hash calculation for PCM", Flag(gsc_aoMatHash), IsMat4OrLater },
+    { eId_CtaAudioMatContent, Bit(2, 0), "MAT content", Flag(gsc_aoMatKinds), WhereFormat<eFormat_Mat> },
+    { eId_CtaAudioProfile, Bits(2, 2, 0), "Profile", Number(), WhereFormat<eFormat_WmaPro> },
+    { eId_CtaAudio1024Tl, Bit(2, 2), "1024_TL", Flag(), HasFrameLengths },
+    { eId_CtaAudio960Tl, Bit(2, 1), "960_TL", Flag(), HasFrameLengths },
+    { eId_Unknown, Bit(2, 0), "Unknown", Unknown(), HasOwnBit0 },
+    { eId_Unknown, Bits(2, 2, 0), "Unknown", Unknown(), HasOwnBits },
+    { eId_CtaAudio222Multichannel, Bit(2, 0), "22.2 multichannel", Flag(), WhereExtended<eExtended_AacLc> },
+    { eId_CtaAudioMpegSurround, Bit(2, 0), "MPEG Surround signaling", Flag(gsc_aoSurroundSignals), IsMpegSurround },
+    { eId_CtaAudioBaselineProfile, Bit(2, 1), "Baseline profile", Flag(), WhereExtended<eExtended_MpegH> },
+    { eId_CtaAudioLowComplexityProfile, Bit(2, 0), "Low complexity profile", Flag(), WhereExtended<eExtended_MpegH> },
+    { eId_CtaAudioFormatDependentValue, Bits(2, 2, 0), "Audio format code dependent value", Number(),
+      WhereExtended<eExtended_Ac4> },
+    { eId_Unknown, Bit(0, 7), "Unknown", Unknown(), IsUnknownExtended },
+    { eId_Unknown, Bits(0, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
+    { eId_Unknown, Bit(1, 7), "Unknown", Unknown(), IsUnknownExtended },
+    { eId_Unknown, Bits(2, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
 };
 
 CMString AudioSummary(const CRecord& oAudio)
@@ -254,31 +259,32 @@ constexpr SMeaning gsc_aoAllocations[] = {
 };
 
 constexpr SRow gsc_aoSpeakerRows[] = {
-    { Bit(0, 7), "FLw/FRw Front left/right wide", Flag() },
-    { Bit(0, 6), "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
-    { Bit(0, 5), "FLc/FRc Front left/right of center", Flag() },
-    { Bit(0, 4), "BC Back center", Flag() },
-    { Bit(0, 3), "BL/BR Back left/right", Flag() },
-    { Bit(0, 2), "FC Front center", Flag() },
-    { Bit(0, 1), "LFE1 Low frequency effects 1", Flag() },
-    { Bit(0, 0), "FL/FR Front left/right", Flag() },
-    { Bit(1, 7), "TpSiL/TpSiR Top side left/right", Flag() },
-    { Bit(1, 6), "SiL/SiR Side left/right", Flag() },
-    { Bit(1, 5), "TpBC Top back center", Flag() },
-    { Bit(1, 4), "LFE2 Low frequency effects 2", Flag() },
-    { Bit(1, 3), "LS/RS Left/right surround", Flag() },
-    { Bit(1, 2), "TpFC Top front center", Flag() },
-    { Bit(1, 1), "TpC Top center", Flag() },
-    { Bit(1, 0), "TpFL/TpFR Top front left/right", Flag() },
-    { Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
-    { Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag().NoteOnly(), nullptr, CheckDeprecated },
-    { Bit(2, 2), "BtFL/BtFR Bottom front left/right", Flag() },
-    { Bit(2, 1), "BtFC Bottom front center", Flag() },
-    { Bit(2, 0), "TpBL/TpBR Top back left/right", Flag() },
-    { Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
+    { eId_CtaSpeakersFlwFrw, Bit(0, 7), "FLw/FRw Front left/right wide", Flag() },
+    { eId_CtaSpeakersRlcRrc, Bit(0, 6), "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
+    { eId_CtaSpeakersFlcFrc, Bit(0, 5), "FLc/FRc Front left/right of center", Flag() },
+    { eId_CtaSpeakersBc, Bit(0, 4), "BC Back center", Flag() },
+    { eId_CtaSpeakersBlBr, Bit(0, 3), "BL/BR Back left/right", Flag() },
+    { eId_CtaSpeakersFc, Bit(0, 2), "FC Front center", Flag() },
+    { eId_CtaSpeakersLfe1, Bit(0, 1), "LFE1 Low frequency effects 1", Flag() },
+    { eId_CtaSpeakersFlFr, Bit(0, 0), "FL/FR Front left/right", Flag() },
+    { eId_CtaSpeakersTpsilTpsir, Bit(1, 7), "TpSiL/TpSiR Top side left/right", Flag() },
+    { eId_CtaSpeakersSilSir, Bit(1, 6), "SiL/SiR Side left/right", Flag() },
+    { eId_CtaSpeakersTpbc, Bit(1, 5), "TpBC Top back center", Flag() },
+    { eId_CtaSpeakersLfe2, Bit(1, 4), "LFE2 Low frequency effects 2", Flag() },
+    { eId_CtaSpeakersLsRs, Bit(1, 3), "LS/RS Left/right surround", Flag() },
+    { eId_CtaSpeakersTpfc, Bit(1, 2), "TpFC Top front center", Flag() },
+    { eId_CtaSpeakersTpc, Bit(1, 1), "TpC Top center", Flag() },
+    { eId_CtaSpeakersTpflTpfr, Bit(1, 0), "TpFL/TpFR Top front left/right", Flag() },
+    { eId_CtaSpeakersLsdRsd, Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
+    { eId_CtaSpeakersTplsTprs, Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag().NoteOnly(), nullptr,
+      CheckDeprecated },
+    { eId_CtaSpeakersBtflBtfr, Bit(2, 2), "BtFL/BtFR Bottom front left/right", Flag() },
+    { eId_CtaSpeakersBtfc, Bit(2, 1), "BtFC Bottom front center", Flag() },
+    { eId_CtaSpeakersTpblTpbr, Bit(2, 0), "TpBL/TpBR Top back left/right", Flag() },
+    { eId_CtaSpeakersAllocationType, Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
 };
 
-constexpr STable gsc_oSpeakerTable = { "Speaker allocation", eAudio, gsc_aoSpeakerRows };
+constexpr STable gsc_oSpeakerTable = { eId_CtaSpeakersAllocation, "Speaker allocation", eAudio, gsc_aoSpeakerRows };
 
 // ---- HDMI Audio Data Block: HDMI 2.0 ----
 
@@ -290,11 +296,12 @@ const char* CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
 
 constexpr SRow gsc_aoHdmiHeadRows[] = {
-    { Bit(0, 2), "Supports_MS_NonMixed", Flag().NoteOnly(), nullptr, CheckNonMixed },
-    { Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
-    { Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
+    { eId_CtaHdmiAudioSupportsMsNonmixed, Bit(0, 2), "Supports_MS_NonMixed", Flag().NoteOnly(), nullptr,
+      CheckNonMixed },
+    { eId_CtaHdmiAudioMaxStreamCount, Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
+    { eId_CtaHdmiAudioNumHdmi3dAd, Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
 };
-constexpr STable gsc_oHdmiHeadTable = { "HDMI audio data block", eAudio, gsc_aoHdmiHeadRows };
+constexpr STable gsc_oHdmiHeadTable = { eId_CtaHdmiAudio, "HDMI audio data block", eAudio, gsc_aoHdmiHeadRows };
 constexpr unsigned int gsc_uiHdmiHeadSize = 2;
 constexpr unsigned int gsc_uiHdmiAudioSize = 4;
 
@@ -305,21 +312,23 @@ bool WhereHdmiFormat(const CRecord& oAudio)
 }
 
 constexpr SRow gsc_aoHdmiAudioRows[] = {
-    { Bits(0, 3, 0), "3D audio format", Names(gsc_aoFormats) },
-    { Bits(1, 4, 0), "Maximum number of channels", NumberFrom1("channels") },
-    { Bit(2, 6), "192 kHz", Flag() },
-    { Bit(2, 5), "176.4 kHz", Flag() },
-    { Bit(2, 4), "96 kHz", Flag() },
-    { Bit(2, 3), "88.2 kHz", Flag() },
-    { Bit(2, 2), "48 kHz", Flag() },
-    { Bit(2, 1), "44.1 kHz", Flag() },
-    { Bit(2, 0), "32 kHz", Flag() },
-    { Bit(3, 2), "24 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
-    { Bit(3, 1), "20 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
-    { Bit(3, 0), "16 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
-    { Byte(3), "Audio format code dependent value", Number(), WhereHdmiFormat<eFormat_OneBit> },
+    { eId_CtaHdmiAudioFormat, Bits(0, 3, 0), "3D audio format", Names(gsc_aoFormats) },
+    { eId_CtaHdmiAudioChannels, Bits(1, 4, 0), "Maximum number of channels", NumberFrom1("channels") },
+    { eId_CtaHdmiAudio192Khz, Bit(2, 6), "192 kHz", Flag() },
+    { eId_CtaHdmiAudio1764Khz, Bit(2, 5), "176.4 kHz", Flag() },
+    { eId_CtaHdmiAudio96Khz, Bit(2, 4), "96 kHz", Flag() },
+    { eId_CtaHdmiAudio882Khz, Bit(2, 3), "88.2 kHz", Flag() },
+    { eId_CtaHdmiAudio48Khz, Bit(2, 2), "48 kHz", Flag() },
+    { eId_CtaHdmiAudio441Khz, Bit(2, 1), "44.1 kHz", Flag() },
+    { eId_CtaHdmiAudio32Khz, Bit(2, 0), "32 kHz", Flag() },
+    { eId_CtaHdmiAudio24Bit, Bit(3, 2), "24 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { eId_CtaHdmiAudio20Bit, Bit(3, 1), "20 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { eId_CtaHdmiAudio16Bit, Bit(3, 0), "16 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { eId_CtaHdmiAudioFormatDependentValue, Byte(3), "Audio format code dependent value", Number(),
+      WhereHdmiFormat<eFormat_OneBit> },
 };
-constexpr STable gsc_oHdmiAudioTable = { "HDMI 3D audio descriptor", eAudio, gsc_aoHdmiAudioRows };
+constexpr STable gsc_oHdmiAudioTable = { eId_CtaHdmiAudioDescriptor, "HDMI 3D audio descriptor", eAudio,
+                                         gsc_aoHdmiAudioRows };
 
 // ---- Room Configuration Data Block: CTA-861-H 7.5.15 ----
 
@@ -327,18 +336,18 @@ constexpr STable gsc_oHdmiAudioTable = { "HDMI 3D audio descriptor", eAudio, gsc
 constexpr SForm Part(const char* pszOf) { return Fraction(pszOf, 64, 6).Signed(); }
 
 constexpr SRow gsc_aoRoomRows[] = {
-    { Bit(0, 7), "Display", Flag() },
-    { Bit(0, 6), "Speaker", Flag() },
-    { Bit(0, 5), "SLD", Flag() },
-    { Bits(0, 4, 0), "Speaker count", NumberFrom1("L-PCM channels"), WhereSet<0, 6> },
-    { Byte(4), "Xmax", Number("dm") },
-    { Byte(5), "Ymax", Number("dm") },
-    { Byte(6), "Zmax", Number("dm") },
-    { Byte(7), "DisplayX", Part("Xmax"), WhereSet<0, 7> },
-    { Byte(8), "DisplayY", Part("Ymax"), WhereSet<0, 7> },
-    { Byte(9), "DisplayZ", Part("Zmax"), WhereSet<0, 7> },
+    { eId_CtaRoomDisplay, Bit(0, 7), "Display", Flag() },
+    { eId_CtaRoomSpeaker, Bit(0, 6), "Speaker", Flag() },
+    { eId_CtaRoomSld, Bit(0, 5), "SLD", Flag() },
+    { eId_CtaRoomSpeakerCount, Bits(0, 4, 0), "Speaker count", NumberFrom1("L-PCM channels"), WhereSet<0, 6> },
+    { eId_CtaRoomXMax, Byte(4), "Xmax", Number("dm") },
+    { eId_CtaRoomYMax, Byte(5), "Ymax", Number("dm") },
+    { eId_CtaRoomZMax, Byte(6), "Zmax", Number("dm") },
+    { eId_CtaRoomDisplayX, Byte(7), "DisplayX", Part("Xmax"), WhereSet<0, 7> },
+    { eId_CtaRoomDisplayY, Byte(8), "DisplayY", Part("Ymax"), WhereSet<0, 7> },
+    { eId_CtaRoomDisplayZ, Byte(9), "DisplayZ", Part("Zmax"), WhereSet<0, 7> },
 };
-constexpr STable gsc_oRoomTable = { "Room configuration", eAudio, gsc_aoRoomRows };
+constexpr STable gsc_oRoomTable = { eId_CtaRoom, "Room configuration", eAudio, gsc_aoRoomRows };
 
 // ---- Speaker Location Data Block: CTA-861-H 7.5.16 ----
 
@@ -379,20 +388,21 @@ constexpr SMeaning gsc_aoSpeakerIds[] = {
 };
 
 constexpr SRow gsc_aoLocationRows[] = {
-    { Bit(0, gsc_uiCoordinatesBit), "COORD", Flag() },
-    { Bit(0, 5), "ACTIVE", Flag() },
-    { Bits(0, 4, 0), "Channel_Index", Number() },
-    { Bits(1, 4, 0), "Speaker_ID", Names(gsc_aoSpeakerIds) },
-    { Byte(2), "X", Part("Xmax"), WhereSet<0, gsc_uiCoordinatesBit> },
-    { Byte(3), "Y", Part("Ymax"), WhereSet<0, gsc_uiCoordinatesBit> },
-    { Byte(4), "Z", Part("Zmax"), WhereSet<0, gsc_uiCoordinatesBit> },
+    { eId_CtaSpeakerLocationCoord, Bit(0, gsc_uiCoordinatesBit), "COORD", Flag() },
+    { eId_CtaSpeakerLocationActive, Bit(0, 5), "ACTIVE", Flag() },
+    { eId_CtaSpeakerLocationChannelIndex, Bits(0, 4, 0), "Channel_Index", Number() },
+    { eId_CtaSpeakerLocationSpeakerId, Bits(1, 4, 0), "Speaker_ID", Names(gsc_aoSpeakerIds) },
+    { eId_CtaSpeakerLocationX, Byte(2), "X", Part("Xmax"), WhereSet<0, gsc_uiCoordinatesBit> },
+    { eId_CtaSpeakerLocationY, Byte(3), "Y", Part("Ymax"), WhereSet<0, gsc_uiCoordinatesBit> },
+    { eId_CtaSpeakerLocationZ, Byte(4), "Z", Part("Zmax"), WhereSet<0, gsc_uiCoordinatesBit> },
 };
 
 CMString LocationSummary(const CRecord& oLocation)
 {
     return CMString(FindMeaning(gsc_aoSpeakerIds, oLocation.GetBits(1, 4, 0)));
 }
-constexpr STable gsc_oLocationTable = { "Speaker location descriptor", eAudio, gsc_aoLocationRows, LocationSummary };
+constexpr STable gsc_oLocationTable = { eId_CtaSpeakerLocationDescriptor, "Speaker location descriptor", eAudio,
+                                        gsc_aoLocationRows, LocationSummary };
 
 unsigned int GetLocationSize(unsigned int uiFirstByte)
 {
@@ -402,20 +412,21 @@ unsigned int GetLocationSize(unsigned int uiFirstByte)
 // ---- Vendor-Specific Audio Data Block of Dolby ----
 
 constexpr SRow gsc_aoDolbyRows[] = {
-    { Bit(0, 7), "Headphone only", Flag() },
-    { Bit(0, 6), "Height speaker zone", Flag() },
-    { Bit(0, 5), "Surround speaker zone", Flag() },
-    { Bit(0, 4), "Center speaker zone", Flag() },
-    { Bit(0, 3), "Unknown", Unknown() },
-    { Bits(0, 2, 0), "Version", NumberFrom1() },
-    { Bit(1, 0), "MAT PCM at 48 kHz only", Flag() },
-    { Bits(1, 7, 1), "Unknown", Unknown() },
-    { RunToEnd(2), "Unknown", Unknown() },
+    { eId_CtaDolbyAudioHeadphoneOnly, Bit(0, 7), "Headphone only", Flag() },
+    { eId_CtaDolbyAudioHeightSpeakerZone, Bit(0, 6), "Height speaker zone", Flag() },
+    { eId_CtaDolbyAudioSurroundSpeakerZone, Bit(0, 5), "Surround speaker zone", Flag() },
+    { eId_CtaDolbyAudioCenterSpeakerZone, Bit(0, 4), "Center speaker zone", Flag() },
+    { eId_Unknown, Bit(0, 3), "Unknown", Unknown() },
+    { eId_CtaDolbyAudioVersion, Bits(0, 2, 0), "Version", NumberFrom1() },
+    { eId_CtaDolbyAudioMatPcm48KhzOnly, Bit(1, 0), "MAT PCM at 48 kHz only", Flag() },
+    { eId_Unknown, Bits(1, 7, 1), "Unknown", Unknown() },
+    { eId_Unknown, RunToEnd(2), "Unknown", Unknown() },
 };
 } // namespace
 
-constinit const STable g_oCtaAudioTable = { "Short audio descriptor", eAudio, gsc_aoAudioRows, AudioSummary };
-constinit const STable g_oCtaDolbyAudioTable = { "Dolby audio", eAudio, gsc_aoDolbyRows };
+constinit const STable g_oCtaAudioTable = { eId_CtaAudioDescriptor, "Short audio descriptor", eAudio, gsc_aoAudioRows,
+                                            AudioSummary };
+constinit const STable g_oCtaDolbyAudioTable = { eId_CtaDolbyAudio, "Dolby audio", eAudio, gsc_aoDolbyRows };
 
 void MapCtaSpeakers(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {

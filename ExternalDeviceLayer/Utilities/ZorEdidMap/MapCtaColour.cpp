@@ -19,29 +19,31 @@ constexpr auto gsc_aoCurves = Listed({ "white", "red", "green", "blue" });
 
 // In 1/1023 of the full luminance. The points divide the input evenly; the last one, of full luminance, is not stored.
 constexpr SRow gsc_aoTransferRows[] = {
-    { Bits(0, 7, 6), "Curve", Names(gsc_aoCurves) },
-    { Bits(0, 5, 0), "Luminance of the first point", Number("of 1023") },
+    { eId_CtaTransferCurve, Bits(0, 7, 6), "Curve", Names(gsc_aoCurves) },
+    { eId_CtaTransferFirstLuminance, Bits(0, 5, 0), "Luminance of the first point", Number("of 1023") },
 };
-constexpr STable gsc_oTransferTable = { "Display transfer characteristic", eColour, gsc_aoTransferRows };
-constexpr SRow gsc_oIncrementRow = { Byte(0), "Luminance increment", Number("of 1023") };
+constexpr STable gsc_oTransferTable = { eId_CtaTransfer, "Display transfer characteristic", eColour,
+                                        gsc_aoTransferRows };
+constexpr SRow gsc_oIncrementRow = { eId_CtaTransferLuminanceIncrement, Byte(0), "Luminance increment",
+                                     Number("of 1023") };
 constexpr unsigned int gsc_uiMostLuminance = 1023;
 
 // ---- Colorimetry Data Block: CTA-861-H 7.5.5; bits 5 and 4 of the second byte by CTA-861.6 ----
 
 constexpr SRow gsc_aoColorimetryRows[] = {
-    { Bit(0, 7), "BT2020RGB", Flag() },
-    { Bit(0, 6), "BT2020YCC", Flag() },
-    { Bit(0, 5), "BT2020cYCC", Flag() },
-    { Bit(0, 4), "opRGB", Flag() },
-    { Bit(0, 3), "opYCC601", Flag() },
-    { Bit(0, 2), "sYCC601", Flag() },
-    { Bit(0, 1), "xvYCC709", Flag() },
-    { Bit(0, 0), "xvYCC601", Flag() },
-    { Bit(1, 7), "ST2113RGB", Flag() },
-    { Bit(1, 6), "ICtCp", Flag() },
-    { Bit(1, 5), "sRGB", Flag() },
-    { Bit(1, 4), "defaultRGB", Flag() },
-    { Bit(1, 0), "MD0 gamut boundary metadata profile P0", Flag() },
+    { eId_CtaColorimetryBt2020rgb, Bit(0, 7), "BT2020RGB", Flag() },
+    { eId_CtaColorimetryBt2020ycc, Bit(0, 6), "BT2020YCC", Flag() },
+    { eId_CtaColorimetryBt2020cycc, Bit(0, 5), "BT2020cYCC", Flag() },
+    { eId_CtaColorimetryOprgb, Bit(0, 4), "opRGB", Flag() },
+    { eId_CtaColorimetryOpycc601, Bit(0, 3), "opYCC601", Flag() },
+    { eId_CtaColorimetrySycc601, Bit(0, 2), "sYCC601", Flag() },
+    { eId_CtaColorimetryXvycc709, Bit(0, 1), "xvYCC709", Flag() },
+    { eId_CtaColorimetryXvycc601, Bit(0, 0), "xvYCC601", Flag() },
+    { eId_CtaColorimetrySt2113rgb, Bit(1, 7), "ST2113RGB", Flag() },
+    { eId_CtaColorimetryIctcp, Bit(1, 6), "ICtCp", Flag() },
+    { eId_CtaColorimetrySrgb, Bit(1, 5), "sRGB", Flag() },
+    { eId_CtaColorimetryDefaultrgb, Bit(1, 4), "defaultRGB", Flag() },
+    { eId_CtaColorimetryGamutMetadataP0, Bit(1, 0), "MD0 gamut boundary metadata profile P0", Flag() },
 };
 
 // ---- HDR Static Metadata Data Block: CTA-861-H 7.5.13 ----
@@ -90,21 +92,21 @@ const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
 constexpr SMeaning gsc_aoMinimumAlone[] = { { 0, 0, "not indicated" }, { 1, 255, "not known" } };
 
 constexpr SRow gsc_aoStaticRows[] = {
-    { Bit(0, 3), "Hybrid Log-Gamma (ITU-R BT.2100)", Flag() },
-    { Bit(0, 2), "SMPTE ST 2084", Flag() },
-    { Bit(0, 1), "Traditional gamma, HDR luminance range", Flag() },
-    { Bit(0, 0), "Traditional gamma, SDR luminance range", Flag() },
-    { Bit(1, 0), "Static metadata type 1", Flag() },
-    { Byte(2), "Desired content max luminance",
+    { eId_CtaHdrStaticHlg, Bit(0, 3), "Hybrid Log-Gamma (ITU-R BT.2100)", Flag() },
+    { eId_CtaHdrStaticSmpteSt2084, Bit(0, 2), "SMPTE ST 2084", Flag() },
+    { eId_CtaHdrStaticTraditionalGammaHdr, Bit(0, 1), "Traditional gamma, HDR luminance range", Flag() },
+    { eId_CtaHdrStaticTraditionalGammaSdr, Bit(0, 0), "Traditional gamma, SDR luminance range", Flag() },
+    { eId_CtaHdrStaticMetadataType1, Bit(1, 0), "Static metadata type 1", Flag() },
+    { eId_CtaHdrStaticMaxLuminance, Byte(2), "Desired content max luminance",
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated) },
-    { Byte(3), "Desired content max frame-average luminance",
+    { eId_CtaHdrStaticMaxFrameAverageLuminance, Byte(3), "Desired content max frame-average luminance",
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated), nullptr,
       CheckFrameAverage },
-    { Byte(4), "Desired content min luminance",
+    { eId_CtaHdrStaticMinLuminance, Byte(4), "Desired content min luminance",
       Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoZeroNotIndicated),
       HasMaximum },
-    { Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone), IsNot<HasMaximum>,
-      CheckMinimumAlone },
+    { eId_CtaHdrStaticMinLuminance, Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone),
+      IsNot<HasMaximum>, CheckMinimumAlone },
 };
 
 // ---- HDR Dynamic Metadata Data Block: CTA-861-H 7.5.14 ----
@@ -150,22 +152,23 @@ constexpr SMeaning gsc_aoDynamicTypes[] = {
 };
 
 constexpr SRow gsc_aoDynamicRows[] = {
-    { Byte(0), "Length", Number("bytes"), nullptr, CheckDynamicLength },
-    { Little16(1), "HDR dynamic metadata type", Names(gsc_aoDynamicTypes) },
-    { Bit(3, 6), "SL-HDR3", Flag(), IsSlHdr },
-    { Bit(3, 5), "SL-HDR2", Flag(), IsSlHdr },
-    { Bit(3, 4), "SL-HDR1", Flag(), IsSlHdr },
-    { Bits(3, 6, 4), "Unknown", Unknown(), IsNoSlHdr },
-    { Bits(3, 3, 0), "Version", Number(), HasVersion, CheckVersion },
-    { RunToEnd(4), "Optional fields", Bytes(), HasVersion },
-    { RunToEnd(3), "Unknown", Unknown(), IsNot<HasVersion> },
+    { eId_CtaHdrDynamicLength, Byte(0), "Length", Number("bytes"), nullptr, CheckDynamicLength },
+    { eId_CtaHdrDynamicType, Little16(1), "HDR dynamic metadata type", Names(gsc_aoDynamicTypes) },
+    { eId_CtaHdrDynamicSlHdr3, Bit(3, 6), "SL-HDR3", Flag(), IsSlHdr },
+    { eId_CtaHdrDynamicSlHdr2, Bit(3, 5), "SL-HDR2", Flag(), IsSlHdr },
+    { eId_CtaHdrDynamicSlHdr1, Bit(3, 4), "SL-HDR1", Flag(), IsSlHdr },
+    { eId_Unknown, Bits(3, 6, 4), "Unknown", Unknown(), IsNoSlHdr },
+    { eId_CtaHdrDynamicVersion, Bits(3, 3, 0), "Version", Number(), HasVersion, CheckVersion },
+    { eId_CtaHdrDynamicOptionalFields, RunToEnd(4), "Optional fields", Bytes(), HasVersion },
+    { eId_Unknown, RunToEnd(3), "Unknown", Unknown(), IsNot<HasVersion> },
 };
 
 CMString DynamicSummary(const CRecord& oType)
 {
     return CMString(FindMeaning(gsc_aoDynamicTypes, GetDynamicType(oType)));
 }
-constexpr STable gsc_oDynamicTable = { "Supported HDR dynamic metadata", eColour, gsc_aoDynamicRows, DynamicSummary };
+constexpr STable gsc_oDynamicTable = { eId_CtaHdrDynamicMetadata, "Supported HDR dynamic metadata", eColour,
+                                       gsc_aoDynamicRows, DynamicSummary };
 
 unsigned int GetDynamicSize(unsigned int uiFirstByte) { return 1 + uiFirstByte; }
 
@@ -194,9 +197,10 @@ constexpr auto gsc_aoFullFramePeaks =
     Listed({ "10% of the peak", "20% of the peak", "40% of the peak", "80% of the peak" });
 
 constexpr SRow gsc_aoHdr10PlusRows[] = {
-    { Bits(0, 7, 4), "Peak luminance index", Names(gsc_aoPeaks) },
-    { Bits(0, 3, 2), "Full frame peak luminance index", Names(gsc_aoFullFramePeaks) },
-    { Bits(0, 1, 0), "Application version", Number() },
+    { eId_CtaHdr10PlusPeakLuminance, Bits(0, 7, 4), "Peak luminance index", Names(gsc_aoPeaks) },
+    { eId_CtaHdr10PlusFullFramePeakLuminance, Bits(0, 3, 2), "Full frame peak luminance index",
+      Names(gsc_aoFullFramePeaks) },
+    { eId_CtaHdr10PlusApplicationVersion, Bits(0, 1, 0), "Application version", Number() },
 };
 
 // ---- Vendor-Specific Video Data Block of Dolby Vision, versions 0 to 2 ----
@@ -276,67 +280,72 @@ constexpr SMeaning gsc_ao444Depths[] = {
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {
-    { Bits(0, 7, 5), "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
-    { Bits(0, 4, 0), "Unknown", Unknown(), IsNot<Is0To2> },
-    { RunToEnd(1), "Unknown", Unknown(), IsNot<Is0To2> },
-    { Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
+    { eId_CtaDolbyVisionVersion, Bits(0, 7, 5), "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
+    { eId_Unknown, Bits(0, 4, 0), "Unknown", Unknown(), IsNot<Is0To2> },
+    { eId_Unknown, RunToEnd(1), "Unknown", Unknown(), IsNot<Is0To2> },
+    { eId_CtaDolbyVisionYuv42212bit, Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
 
-    { Bit(0, 1), "2160p60", Flag(), Is0 },
-    { Bit(0, 2), "Global dimming", Flag(), Is0 },
-    { Split({ { 2, 7, 0 }, { 1, 7, 4 } }), "Red x", gsc_oIn4096, Is0 },
-    { Split({ { 3, 7, 0 }, { 1, 3, 0 } }), "Red y", gsc_oIn4096, Is0 },
-    { Split({ { 5, 7, 0 }, { 4, 7, 4 } }), "Green x", gsc_oIn4096, Is0 },
-    { Split({ { 6, 7, 0 }, { 4, 3, 0 } }), "Green y", gsc_oIn4096, Is0 },
-    { Split({ { 8, 7, 0 }, { 7, 7, 4 } }), "Blue x", gsc_oIn4096, Is0 },
-    { Split({ { 9, 7, 0 }, { 7, 3, 0 } }), "Blue y", gsc_oIn4096, Is0 },
-    { Split({ { 11, 7, 0 }, { 10, 7, 4 } }), "White x", gsc_oIn4096, Is0 },
-    { Split({ { 12, 7, 0 }, { 10, 3, 0 } }), "White y", gsc_oIn4096, Is0 },
-    { Split({ { 14, 7, 0 }, { 13, 7, 4 } }), "Target minimum luminance", Pq<1, 0>(), Is0 },
-    { Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance", Pq<1, 0>(), Is0 },
-    { Bits(16, 7, 4), "Display management major version", Number(), Is0 },
-    { Bits(16, 3, 0), "Display management minor version", Number(), Is0 },
+    { eId_CtaDolbyVision2160p60, Bit(0, 1), "2160p60", Flag(), Is0 },
+    { eId_CtaDolbyVisionGlobalDimming, Bit(0, 2), "Global dimming", Flag(), Is0 },
+    { eId_CtaDolbyVisionRedX, Split({ { 2, 7, 0 }, { 1, 7, 4 } }), "Red x", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionRedY, Split({ { 3, 7, 0 }, { 1, 3, 0 } }), "Red y", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionGreenX, Split({ { 5, 7, 0 }, { 4, 7, 4 } }), "Green x", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionGreenY, Split({ { 6, 7, 0 }, { 4, 3, 0 } }), "Green y", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionBlueX, Split({ { 8, 7, 0 }, { 7, 7, 4 } }), "Blue x", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionBlueY, Split({ { 9, 7, 0 }, { 7, 3, 0 } }), "Blue y", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionWhiteX, Split({ { 11, 7, 0 }, { 10, 7, 4 } }), "White x", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionWhiteY, Split({ { 12, 7, 0 }, { 10, 3, 0 } }), "White y", gsc_oIn4096, Is0 },
+    { eId_CtaDolbyVisionTargetMinLuminance, Split({ { 14, 7, 0 }, { 13, 7, 4 } }), "Target minimum luminance",
+      Pq<1, 0>(), Is0 },
+    { eId_CtaDolbyVisionTargetMaxLuminance, Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance",
+      Pq<1, 0>(), Is0 },
+    { eId_CtaDolbyVisionDmMajorVersion, Bits(16, 7, 4), "Display management major version", Number(), Is0 },
+    { eId_CtaDolbyVisionDmMinorVersion, Bits(16, 3, 0), "Display management minor version", Number(), Is0 },
 
-    { Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is1 },
-    { Bit(0, 1), "2160p60", Flag(), Is1 },
-    { Bits(1, 7, 1), "Target maximum luminance", Number("cd/m2").Times(50, 100), Is1 },
-    { Bit(1, 0), "Global dimming", Flag(), Is1 },
-    { Bits(2, 7, 1), "Target minimum luminance", Number("cd/m2").Computed(DolbyMinimum).Decimals(5), Is1 },
-    { Bit(2, 0), "Colorimetry", Flag(gsc_aoDolbyColorimetry), Is1 },
-    { Bit(3, 0), "Latency", Flag(gsc_aoLatencies), Is1 },
-    { Byte(4), "Red x", In256(0), Is1Long },
-    { Byte(5), "Red y", In256(0), Is1Long },
-    { Byte(6), "Green x", In256(0), Is1Long },
-    { Byte(7), "Green y", In256(0), Is1Long },
-    { Byte(8), "Blue x", In256(0), Is1Long },
-    { Byte(9), "Blue y", In256(0), Is1Long },
-    { Bits(6, 7, 3), "Red x", In256(62500), Is1Short },
-    { Split({ { 6, 2, 0 }, { 5, 0, 0 }, { 4, 0, 0 } }), "Red y", In256(25000), Is1Short },
-    { Bits(4, 7, 1), "Green x", In256(0), Is1Short },
-    { Bits(5, 7, 1), "Green y", In256(50000), Is1Short },
-    { Bits(3, 7, 5), "Blue x", In256(12500), Is1Short },
-    { Bits(3, 4, 2), "Blue y", In256(3125), Is1Short },
+    { eId_CtaDolbyVisionDmVersion, Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is1 },
+    { eId_CtaDolbyVision2160p60, Bit(0, 1), "2160p60", Flag(), Is1 },
+    { eId_CtaDolbyVisionTargetMaxLuminance, Bits(1, 7, 1), "Target maximum luminance", Number("cd/m2").Times(50, 100),
+      Is1 },
+    { eId_CtaDolbyVisionGlobalDimming, Bit(1, 0), "Global dimming", Flag(), Is1 },
+    { eId_CtaDolbyVisionTargetMinLuminance, Bits(2, 7, 1), "Target minimum luminance",
+      Number("cd/m2").Computed(DolbyMinimum).Decimals(5), Is1 },
+    { eId_CtaDolbyVisionColorimetry, Bit(2, 0), "Colorimetry", Flag(gsc_aoDolbyColorimetry), Is1 },
+    { eId_CtaDolbyVisionLatency, Bit(3, 0), "Latency", Flag(gsc_aoLatencies), Is1 },
+    { eId_CtaDolbyVisionRedX, Byte(4), "Red x", In256(0), Is1Long },
+    { eId_CtaDolbyVisionRedY, Byte(5), "Red y", In256(0), Is1Long },
+    { eId_CtaDolbyVisionGreenX, Byte(6), "Green x", In256(0), Is1Long },
+    { eId_CtaDolbyVisionGreenY, Byte(7), "Green y", In256(0), Is1Long },
+    { eId_CtaDolbyVisionBlueX, Byte(8), "Blue x", In256(0), Is1Long },
+    { eId_CtaDolbyVisionBlueY, Byte(9), "Blue y", In256(0), Is1Long },
+    { eId_CtaDolbyVisionRedX, Bits(6, 7, 3), "Red x", In256(62500), Is1Short },
+    { eId_CtaDolbyVisionRedY, Split({ { 6, 2, 0 }, { 5, 0, 0 }, { 4, 0, 0 } }), "Red y", In256(25000), Is1Short },
+    { eId_CtaDolbyVisionGreenX, Bits(4, 7, 1), "Green x", In256(0), Is1Short },
+    { eId_CtaDolbyVisionGreenY, Bits(5, 7, 1), "Green y", In256(50000), Is1Short },
+    { eId_CtaDolbyVisionBlueX, Bits(3, 7, 5), "Blue x", In256(12500), Is1Short },
+    { eId_CtaDolbyVisionBlueY, Bits(3, 4, 2), "Blue y", In256(3125), Is1Short },
 
-    { Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is2 },
-    { Bit(0, 1), "Backlight control", Flag(), Is2 },
-    { Bits(1, 7, 3), "Target minimum luminance", Pq<20, 0>(), Is2 },
-    { Bit(1, 2), "Global dimming", Flag(), Is2 },
-    { Bits(1, 1, 0), "Backlight minimum luminance", Number("cd/m2").Times(25, 25), Is2 },
-    { Bits(2, 7, 3), "Target maximum luminance", Pq<65, 2055>(), Is2 },
-    { Bits(2, 1, 0), "Interface", Names(gsc_aoInterfaces), Is2 },
-    { Split({ { 3, 0, 0 }, { 4, 0, 0 } }), "10b_12b_444", Names(gsc_ao444Depths), Is2 },
-    { Bits(3, 7, 1), "Green x", In256(0), Is2 },
-    { Bits(4, 7, 1), "Green y", In256(50000), Is2 },
-    { Bits(5, 7, 3), "Red x", In256(62500), Is2 },
-    { Bits(5, 2, 0), "Blue x", In256(12500), Is2 },
-    { Bits(6, 7, 3), "Red y", In256(25000), Is2 },
-    { Bits(6, 2, 0), "Blue y", In256(3125), Is2 },
+    { eId_CtaDolbyVisionDmVersion, Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is2 },
+    { eId_CtaDolbyVisionBacklightControl, Bit(0, 1), "Backlight control", Flag(), Is2 },
+    { eId_CtaDolbyVisionTargetMinLuminance, Bits(1, 7, 3), "Target minimum luminance", Pq<20, 0>(), Is2 },
+    { eId_CtaDolbyVisionGlobalDimming, Bit(1, 2), "Global dimming", Flag(), Is2 },
+    { eId_CtaDolbyVisionBacklightMinLuminance, Bits(1, 1, 0), "Backlight minimum luminance",
+      Number("cd/m2").Times(25, 25), Is2 },
+    { eId_CtaDolbyVisionTargetMaxLuminance, Bits(2, 7, 3), "Target maximum luminance", Pq<65, 2055>(), Is2 },
+    { eId_CtaDolbyVisionInterface, Bits(2, 1, 0), "Interface", Names(gsc_aoInterfaces), Is2 },
+    { eId_CtaDolbyVision10b12b444, Split({ { 3, 0, 0 }, { 4, 0, 0 } }), "10b_12b_444", Names(gsc_ao444Depths), Is2 },
+    { eId_CtaDolbyVisionGreenX, Bits(3, 7, 1), "Green x", In256(0), Is2 },
+    { eId_CtaDolbyVisionGreenY, Bits(4, 7, 1), "Green y", In256(50000), Is2 },
+    { eId_CtaDolbyVisionRedX, Bits(5, 7, 3), "Red x", In256(62500), Is2 },
+    { eId_CtaDolbyVisionBlueX, Bits(5, 2, 0), "Blue x", In256(12500), Is2 },
+    { eId_CtaDolbyVisionRedY, Bits(6, 7, 3), "Red y", In256(25000), Is2 },
+    { eId_CtaDolbyVisionBlueY, Bits(6, 2, 0), "Blue y", In256(3125), Is2 },
 };
 } // namespace
 
-constinit const STable g_oCtaColorimetryTable = { "Colorimetry", eColour, gsc_aoColorimetryRows };
-constinit const STable g_oCtaStaticHdrTable = { "HDR static metadata", eColour, gsc_aoStaticRows };
-constinit const STable g_oCtaHdr10PlusTable = { "HDR10+", eColour, gsc_aoHdr10PlusRows };
-constinit const STable g_oCtaDolbyVisionTable = { "Dolby Vision", eColour, gsc_aoDolbyRows };
+constinit const STable g_oCtaColorimetryTable = { eId_CtaColorimetry, "Colorimetry", eColour, gsc_aoColorimetryRows };
+constinit const STable g_oCtaStaticHdrTable = { eId_CtaHdrStatic, "HDR static metadata", eColour, gsc_aoStaticRows };
+constinit const STable g_oCtaHdr10PlusTable = { eId_CtaHdr10Plus, "HDR10+", eColour, gsc_aoHdr10PlusRows };
+constinit const STable g_oCtaDolbyVisionTable = { eId_CtaDolbyVision, "Dolby Vision", eColour, gsc_aoDolbyRows };
 
 long long GetCtaLuminance(unsigned int uiCode)
 {

@@ -76,27 +76,30 @@ constexpr SMeaning gsc_aoLatencies[] = {
 constexpr SForm gsc_oLatency = Number("ms").Times(2, -2).With(gsc_aoLatencies);
 
 constexpr SRow gsc_aoHdmiRows[] = {
-    { Big16(0), "Source physical address", Number().Text(AddressText) },
-    { Bit(2, 7), "Supports_AI", Flag() },
-    { Bit(2, 6), "DC_48bit", Flag() },
-    { Bit(2, 5), "DC_36bit", Flag() },
-    { Bit(2, 4), "DC_30bit", Flag() },
-    { Bit(2, 3), "DC_Y444", Flag() },
-    { Bit(2, 0), "DVI_Dual", Flag() },
-    { Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoZeroNotIndicated), nullptr, CheckTmdsClock },
-    { Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag(), nullptr, CheckLatency },
-    { Bit(4, gsc_uiInterlacedLatencyBit), "I_Latency_Fields_Present", Flag(), nullptr, CheckInterlaced },
-    { Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag(), nullptr, CheckVideo },
-    { Bit(4, 3), "CNC3 (game)", Flag() },
-    { Bit(4, 2), "CNC2 (cinema)", Flag() },
-    { Bit(4, 1), "CNC1 (photo)", Flag() },
-    { Bit(4, 0), "CNC0 (graphics)", Flag() },
-    { Byte(5), "Video_Latency", gsc_oLatency, HasLatency },
-    { Byte(6), "Audio_Latency", gsc_oLatency, HasLatency },
-    { Byte(7), "Interlaced_Video_Latency", gsc_oLatency, HasInterlacedLatency },
-    { Byte(8), "Interlaced_Audio_Latency", gsc_oLatency, HasInterlacedLatency },
+    { eId_CtaHdmiPhysicalAddress, Big16(0), "Source physical address", Number().Text(AddressText) },
+    { eId_CtaHdmiSupportsAi, Bit(2, 7), "Supports_AI", Flag() },
+    { eId_CtaHdmiDc48bit, Bit(2, 6), "DC_48bit", Flag() },
+    { eId_CtaHdmiDc36bit, Bit(2, 5), "DC_36bit", Flag() },
+    { eId_CtaHdmiDc30bit, Bit(2, 4), "DC_30bit", Flag() },
+    { eId_CtaHdmiDcY444, Bit(2, 3), "DC_Y444", Flag() },
+    { eId_CtaHdmiDviDual, Bit(2, 0), "DVI_Dual", Flag() },
+    { eId_CtaHdmiMaxTmdsClock, Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoZeroNotIndicated), nullptr,
+      CheckTmdsClock },
+    { eId_CtaHdmiLatencyFieldsPresent, Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag(), nullptr,
+      CheckLatency },
+    { eId_CtaHdmiILatencyFieldsPresent, Bit(4, gsc_uiInterlacedLatencyBit), "I_Latency_Fields_Present", Flag(), nullptr,
+      CheckInterlaced },
+    { eId_CtaHdmiVideoPresent, Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag(), nullptr, CheckVideo },
+    { eId_CtaHdmiCnc3, Bit(4, 3), "CNC3 (game)", Flag() },
+    { eId_CtaHdmiCnc2, Bit(4, 2), "CNC2 (cinema)", Flag() },
+    { eId_CtaHdmiCnc1, Bit(4, 1), "CNC1 (photo)", Flag() },
+    { eId_CtaHdmiCnc0, Bit(4, 0), "CNC0 (graphics)", Flag() },
+    { eId_CtaHdmiVideoLatency, Byte(5), "Video_Latency", gsc_oLatency, HasLatency },
+    { eId_CtaHdmiAudioLatency, Byte(6), "Audio_Latency", gsc_oLatency, HasLatency },
+    { eId_CtaHdmiInterlacedVideoLatency, Byte(7), "Interlaced_Video_Latency", gsc_oLatency, HasInterlacedLatency },
+    { eId_CtaHdmiInterlacedAudioLatency, Byte(8), "Interlaced_Audio_Latency", gsc_oLatency, HasInterlacedLatency },
 };
-constexpr STable gsc_oHdmiTable = { "HDMI", eDisplay, gsc_aoHdmiRows };
+constexpr STable gsc_oHdmiTable = { eId_CtaHdmi, "HDMI", eDisplay, gsc_aoHdmiRows };
 
 // What follows the latencies, where HDMI_Video_present is set.
 enum EMulti : unsigned int
@@ -114,13 +117,13 @@ constexpr auto gsc_aoImageSizes =
     Listed({ "no additional information", "the base block's size has the right aspect ratio only",
              "the base block's size is right, in cm", "the base block's size is in 5 cm" });
 constexpr SRow gsc_aoHdmiVideoRows[] = {
-    { Bit(0, 7), "3D_present", Flag() },
-    { Bits(0, 6, 5), "3D_Multi_present", Names(gsc_aoMulti) },
-    { Bits(0, 4, 3), "Image_Size", Names(gsc_aoImageSizes) },
-    { Bits(1, 7, 5), "HDMI_VIC_LEN", Number("bytes") },
-    { Bits(1, 4, 0), "HDMI_3D_LEN", Number("bytes") },
+    { eId_CtaHdmi3dPresent, Bit(0, 7), "3D_present", Flag() },
+    { eId_CtaHdmi3dMultiPresent, Bits(0, 6, 5), "3D_Multi_present", Names(gsc_aoMulti) },
+    { eId_CtaHdmiImageSize, Bits(0, 4, 3), "Image_Size", Names(gsc_aoImageSizes) },
+    { eId_CtaHdmiVicLen, Bits(1, 7, 5), "HDMI_VIC_LEN", Number("bytes") },
+    { eId_CtaHdmi3dLen, Bits(1, 4, 0), "HDMI_3D_LEN", Number("bytes") },
 };
-constexpr STable gsc_oHdmiVideoTable = { "HDMI video", eDisplay, gsc_aoHdmiVideoRows };
+constexpr STable gsc_oHdmiVideoTable = { eId_CtaHdmi, "HDMI video", eDisplay, gsc_aoHdmiVideoRows };
 
 constexpr SMeaning gsc_aoHdmiVics[] = {
     { 0, 0, gsc_szReserved },
@@ -134,26 +137,28 @@ CMString HdmiVicText(const CRecord& /*oRecord*/, unsigned int uiCode)
 {
     return CodeText(uiCode, FindMeaning(gsc_aoHdmiVics, uiCode));
 }
-constexpr SRow gsc_oHdmiVicRow = { Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics).Text(HdmiVicText) };
+constexpr SRow gsc_oHdmiVicRow = { eId_CtaHdmiVic, Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics).Text(HdmiVicText) };
 
 // Most significant byte first.
 constexpr SRow gsc_aoStructureAllRows[] = {
-    { Bit(0, 7), "Side-by-side (half), all quincunx combinations", Flag() },
-    { Bit(0, 0), "Side-by-side (half), horizontal sub-sampling", Flag() },
-    { Bit(1, 6), "Top-and-bottom", Flag() },
-    { Bit(1, 5), "L + depth + graphics + graphics-depth", Flag() },
-    { Bit(1, 4), "L + depth", Flag() },
-    { Bit(1, 3), "Side-by-side (full)", Flag() },
-    { Bit(1, 2), "Line alternative", Flag() },
-    { Bit(1, 1), "Field alternative", Flag() },
-    { Bit(1, 0), "Frame packing", Flag() },
+    { eId_CtaHdmi3dStructureAllSideBySideHalfQuincunx, Bit(0, 7), "Side-by-side (half), all quincunx combinations",
+      Flag() },
+    { eId_CtaHdmi3dStructureAllSideBySideHalf, Bit(0, 0), "Side-by-side (half), horizontal sub-sampling", Flag() },
+    { eId_CtaHdmi3dStructureAllTopAndBottom, Bit(1, 6), "Top-and-bottom", Flag() },
+    { eId_CtaHdmi3dStructureAllLDepthGraphics, Bit(1, 5), "L + depth + graphics + graphics-depth", Flag() },
+    { eId_CtaHdmi3dStructureAllLDepth, Bit(1, 4), "L + depth", Flag() },
+    { eId_CtaHdmi3dStructureAllSideBySideFull, Bit(1, 3), "Side-by-side (full)", Flag() },
+    { eId_CtaHdmi3dStructureAllLineAlternative, Bit(1, 2), "Line alternative", Flag() },
+    { eId_CtaHdmi3dStructureAllFieldAlternative, Bit(1, 1), "Field alternative", Flag() },
+    { eId_CtaHdmi3dStructureAllFramePacking, Bit(1, 0), "Frame packing", Flag() },
 };
-constexpr STable gsc_oStructureAllTable = { "3D_Structure_ALL", eTiming, gsc_aoStructureAllRows };
+constexpr STable gsc_oStructureAllTable = { eId_CtaHdmi3dStructureAll, "3D_Structure_ALL", eTiming,
+                                            gsc_aoStructureAllRows };
 constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
 
 constexpr auto gsc_aoInMask = Listed({ "not in 3D", "in 3D" });
-constexpr auto gsc_aoMaskRows = BitRows("Place without a video code", Flag(gsc_aoInMask));
+constexpr auto gsc_aoMaskRows = BitRows(eId_CtaHdmi3dMaskPlace, "Place without a video code", Flag(gsc_aoInMask));
 
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
 
@@ -176,12 +181,12 @@ constexpr SMeaning gsc_aoDetails[] = {
     { 10, 10, "quincunx, even left, even right" },
     { 11, 15, gsc_szReserved },
 };
-constexpr SRow gsc_oOrderRow = { Bits(0, 7, 4), "2D_VIC_order", Number() };
+constexpr SRow gsc_oOrderRow = { eId_CtaHdmi2dVicOrder, Bits(0, 7, 4), "2D_VIC_order", Number() };
 constexpr SRow gsc_aoItemRows[] = {
-    { Bits(0, 3, 0), "3D_Structure", Names(gsc_aoStructures) },
-    { Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },
+    { eId_CtaHdmi3dStructure, Bits(0, 3, 0), "3D_Structure", Names(gsc_aoStructures) },
+    { eId_CtaHdmi3dDetail, Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },
 };
-constexpr STable gsc_oItemTable = { "3D format", eTiming, gsc_aoItemRows };
+constexpr STable gsc_oItemTable = { eId_CtaHdmi3dFormat, "3D format", eTiming, gsc_aoItemRows };
 
 constexpr unsigned int gsc_uiItemSize = 1;
 constexpr unsigned int gsc_uiItemSizeWithDetail = 2;
@@ -258,44 +263,47 @@ constexpr SMeaning gsc_aoSlices[] = {
 };
 
 constexpr SRow gsc_aoSinkRows[] = {
-    { Byte(0), "Version", Number().Expect(1, "is no published version") },
-    { Byte(1), "Max_TMDS_Character_Rate", Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
-    { Bit(2, 7), "SCDC_Present", Flag() },
-    { Bit(2, 6), "RR_Capable", Flag() },
-    { Bit(2, 5), "CABLE_STATUS", Flag() },
-    { Bit(2, 4), "CCBPCI", Flag() },
-    { Bit(2, 3), "LTE_340Mcsc_scramble", Flag() },
-    { Bit(2, 2), "Independent_view", Flag() },
-    { Bit(2, 1), "Dual_View", Flag() },
-    { Bit(2, 0), "3D_OSD_Disparity", Flag() },
-    { Bits(3, 7, 4), "Max_FRL_Rate", Names(gsc_aoFrlRates) },
-    { Bit(3, 3), "UHD_VIC", Flag() },
-    { Bit(3, 2), "DC_48bit_420", Flag() },
-    { Bit(3, 1), "DC_36bit_420", Flag() },
-    { Bit(3, 0), "DC_30bit_420", Flag() },
-    { Bit(4, 7), "FAPA_End_Extended", Flag() },
-    { Bit(4, 6), "QMS", Flag() },
-    { Bit(4, 5), "M_Delta", Flag() },
-    { Bit(4, 4), "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
-    { Bit(4, 3), "CNMVRR", Flag() },
-    { Bit(4, 2), "FVA", Flag() },
-    { Bit(4, 1), "ALLM", Flag() },
-    { Bit(4, 0), "FAPA_start_location", Flag() },
-    { Split({ { 5, 7, 6 }, { 6, 7, 0 } }), "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax), nullptr, CheckVrrMax },
-    { Bits(5, 5, 0), "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
-    { Bit(7, 7), "DSC_1p2", Flag() },
-    { Bit(7, 6), "DSC_Native_420", Flag(), nullptr, CheckDsc },
-    { Bit(7, 5), "QMS_TFR_max", Flag(), nullptr, CheckQms },
-    { Bit(7, 4), "QMS_TFR_min", Flag(), nullptr, CheckQms },
-    { Bit(7, 3), "DSC_All_bpp", Flag(), nullptr, CheckDsc },
-    { Bit(7, 2), "DSC_16bpc", Flag(), nullptr, CheckDsc },
-    { Bit(7, 1), "DSC_12bpc", Flag(), nullptr, CheckDsc },
-    { Bit(7, 0), "DSC_10bpc", Flag(), nullptr, CheckDsc },
-    { Bits(8, 7, 4), "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr, CheckDsc },
-    { Bits(8, 3, 0), "DSC_MaxSlices", Names(gsc_aoSlices), nullptr, CheckDsc },
-    { Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024), nullptr, CheckDsc },
+    { eId_CtaHdmiForumVersion, Byte(0), "Version", Number().Expect(1, "is no published version") },
+    { eId_CtaHdmiForumMaxTmdsCharacterRate, Byte(1), "Max_TMDS_Character_Rate",
+      Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
+    { eId_CtaHdmiForumScdcPresent, Bit(2, 7), "SCDC_Present", Flag() },
+    { eId_CtaHdmiForumRrCapable, Bit(2, 6), "RR_Capable", Flag() },
+    { eId_CtaHdmiForumCableStatus, Bit(2, 5), "CABLE_STATUS", Flag() },
+    { eId_CtaHdmiForumCcbpci, Bit(2, 4), "CCBPCI", Flag() },
+    { eId_CtaHdmiForumLte340mcscScramble, Bit(2, 3), "LTE_340Mcsc_scramble", Flag() },
+    { eId_CtaHdmiForumIndependentView, Bit(2, 2), "Independent_view", Flag() },
+    { eId_CtaHdmiForumDualView, Bit(2, 1), "Dual_View", Flag() },
+    { eId_CtaHdmiForum3dOsdDisparity, Bit(2, 0), "3D_OSD_Disparity", Flag() },
+    { eId_CtaHdmiForumMaxFrlRate, Bits(3, 7, 4), "Max_FRL_Rate", Names(gsc_aoFrlRates) },
+    { eId_CtaHdmiForumUhdVic, Bit(3, 3), "UHD_VIC", Flag() },
+    { eId_CtaHdmiForumDc48bit420, Bit(3, 2), "DC_48bit_420", Flag() },
+    { eId_CtaHdmiForumDc36bit420, Bit(3, 1), "DC_36bit_420", Flag() },
+    { eId_CtaHdmiForumDc30bit420, Bit(3, 0), "DC_30bit_420", Flag() },
+    { eId_CtaHdmiForumFapaEndExtended, Bit(4, 7), "FAPA_End_Extended", Flag() },
+    { eId_CtaHdmiForumQms, Bit(4, 6), "QMS", Flag() },
+    { eId_CtaHdmiForumMDelta, Bit(4, 5), "M_Delta", Flag() },
+    { eId_CtaHdmiForumCinemaVrr, Bit(4, 4), "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
+    { eId_CtaHdmiForumCnmvrr, Bit(4, 3), "CNMVRR", Flag() },
+    { eId_CtaHdmiForumFva, Bit(4, 2), "FVA", Flag() },
+    { eId_CtaHdmiForumAllm, Bit(4, 1), "ALLM", Flag() },
+    { eId_CtaHdmiForumFapaStartLocation, Bit(4, 0), "FAPA_start_location", Flag() },
+    { eId_CtaHdmiForumVrrMax, Split({ { 5, 7, 6 }, { 6, 7, 0 } }), "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax),
+      nullptr, CheckVrrMax },
+    { eId_CtaHdmiForumVrrMin, Bits(5, 5, 0), "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
+    { eId_CtaHdmiForumDsc1p2, Bit(7, 7), "DSC_1p2", Flag() },
+    { eId_CtaHdmiForumDscNative420, Bit(7, 6), "DSC_Native_420", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumQmsTfrMax, Bit(7, 5), "QMS_TFR_max", Flag(), nullptr, CheckQms },
+    { eId_CtaHdmiForumQmsTfrMin, Bit(7, 4), "QMS_TFR_min", Flag(), nullptr, CheckQms },
+    { eId_CtaHdmiForumDscAllBpp, Bit(7, 3), "DSC_All_bpp", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc16bpc, Bit(7, 2), "DSC_16bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc12bpc, Bit(7, 1), "DSC_12bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc10bpc, Bit(7, 0), "DSC_10bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscMaxFrlRate, Bits(8, 7, 4), "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscMaxSlices, Bits(8, 3, 0), "DSC_MaxSlices", Names(gsc_aoSlices), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscTotalChunkKbytes, Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024),
+      nullptr, CheckDsc },
 };
-constexpr STable gsc_oSinkTable = { "Sink capability data structure", eDisplay, gsc_aoSinkRows };
+constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eDisplay, gsc_aoSinkRows };
 constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, behind two reserved bytes
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
@@ -306,9 +314,11 @@ const char* CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
 }
 
 constexpr SRow gsc_aoOverrideRows[] = {
-    { Byte(0), "EDID extension block count", Number("blocks"), nullptr, CheckExtensionCount },
+    { eId_CtaExtensionOverrideCount, Byte(0), "EDID extension block count", Number("blocks"), nullptr,
+      CheckExtensionCount },
 };
-constexpr STable gsc_oOverrideTable = { "EDID extension override", eStructure, gsc_aoOverrideRows };
+constexpr STable gsc_oOverrideTable = { eId_CtaExtensionOverride, "EDID extension override", eStructure,
+                                        gsc_aoOverrideRows };
 
 // ---- HDMI Forum Source-Based Tone Mapping Data Block: HDMI 2.1b ----
 
@@ -330,24 +340,24 @@ bool HasPrimaries(const CRecord& oTone) { return HasDrdm(oTone) && oTone.GetBits
 constexpr SForm gsc_oChromaticity = Fraction(nullptr, 50000, 5);
 
 constexpr SRow gsc_aoToneRows[] = {
-    { Bit(0, 7), "DRDM support", Flag() },
-    { Bits(0, 6, 5), "GRDM support", Names(gsc_aoGrdm) },
-    { Bits(0, 3, 0), "Version", Number() },
-    { Bits(1, 7, 6), "Gamut", Names(gsc_aoGamuts), HasDrdm },
-    { Bit(1, 5), "MaxRGB", Flag(), HasDrdm },
-    { Bit(1, 4), "Use HGIG DRDM", Flag(), HasDrdm },
-    { Bits(1, 2, 0), "HGIG DRDM index", Number(), HasDrdm },
-    { Little16(2), "Red x", gsc_oChromaticity, HasPrimaries },
-    { Little16(4), "Red y", gsc_oChromaticity, HasPrimaries },
-    { Little16(6), "Green x", gsc_oChromaticity, HasPrimaries },
-    { Little16(8), "Green y", gsc_oChromaticity, HasPrimaries },
-    { Little16(10), "Blue x", gsc_oChromaticity, HasPrimaries },
-    { Little16(12), "Blue y", gsc_oChromaticity, HasPrimaries },
-    { Little16(14), "White x", gsc_oChromaticity, HasPrimaries },
-    { Little16(16), "White y", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingDrdm, Bit(0, 7), "DRDM support", Flag() },
+    { eId_CtaToneMappingGrdm, Bits(0, 6, 5), "GRDM support", Names(gsc_aoGrdm) },
+    { eId_CtaToneMappingVersion, Bits(0, 3, 0), "Version", Number() },
+    { eId_CtaToneMappingGamut, Bits(1, 7, 6), "Gamut", Names(gsc_aoGamuts), HasDrdm },
+    { eId_CtaToneMappingMaxRgb, Bit(1, 5), "MaxRGB", Flag(), HasDrdm },
+    { eId_CtaToneMappingUseHgigDrdm, Bit(1, 4), "Use HGIG DRDM", Flag(), HasDrdm },
+    { eId_CtaToneMappingHgigDrdmIndex, Bits(1, 2, 0), "HGIG DRDM index", Number(), HasDrdm },
+    { eId_CtaToneMappingRedX, Little16(2), "Red x", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingRedY, Little16(4), "Red y", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingGreenX, Little16(6), "Green x", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingGreenY, Little16(8), "Green y", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingBlueX, Little16(10), "Blue x", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingBlueY, Little16(12), "Blue y", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingWhiteX, Little16(14), "White x", gsc_oChromaticity, HasPrimaries },
+    { eId_CtaToneMappingWhiteY, Little16(16), "White y", gsc_oChromaticity, HasPrimaries },
 };
-constexpr STable gsc_oToneTable = { "Source-based tone mapping", eColour, gsc_aoToneRows };
-constexpr SRow gsc_oToneRestRow = { RunToEnd(0), "Unknown", Unknown() };
+constexpr STable gsc_oToneTable = { eId_CtaToneMapping, "Source-based tone mapping", eColour, gsc_aoToneRows };
+constexpr SRow gsc_oToneRestRow = { eId_Unknown, RunToEnd(0), "Unknown", Unknown() };
 constexpr unsigned int gsc_uiToneHead = 2;
 constexpr unsigned int gsc_uiTonePrimaries = 16;
 
@@ -365,7 +375,7 @@ struct SRange
 
 void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset)
 {
-    oWriter.BeginGroup("3D_MASK", eTiming, uiOffset, gsc_uiMaskSize);
+    oWriter.BeginGroup(eId_CtaHdmi3dMask, "3D_MASK", eTiming, uiOffset, gsc_uiMaskSize);
     AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBits, gsc_aoMaskRows); // the high byte first
     AddVideoCodeBits(oWriter, oCodes, uiOffset + 1, 0, gsc_aoMaskRows);
     oWriter.EndGroup();
@@ -374,7 +384,8 @@ void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiO
 // A 3D format of one video code, which stands in a collection by its index.
 unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize)
 {
-    const unsigned int uiGroup = oWriter.BeginGroup(gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize);
+    const unsigned int uiGroup =
+        oWriter.BeginGroup(eId_CtaHdmi3dFormat, gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize);
     const unsigned int uiField = oWriter.AddLeaf(gsc_oOrderRow, eTiming, uiOffset, uiSize);
     const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
     if (uiOrder < oCodes.m_uiCount)
@@ -390,8 +401,8 @@ unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned
     return uiGroup;
 }
 
-constexpr SRow gsc_oCutAllRow = { RunToEnd(0), "3D_Structure_ALL", Unknown() };
-constexpr SRow gsc_oCutMaskRow = { RunToEnd(0), "3D_MASK", Unknown() };
+constexpr SRow gsc_oCutAllRow = { eId_CtaHdmi3dStructureAll, RunToEnd(0), "3D_Structure_ALL", Unknown() };
+constexpr SRow gsc_oCutMaskRow = { eId_CtaHdmi3dMask, RunToEnd(0), "3D_MASK", Unknown() };
 
 unsigned int GetMultiSize(unsigned int uiMulti)
 {

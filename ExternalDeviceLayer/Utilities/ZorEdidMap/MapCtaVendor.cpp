@@ -55,24 +55,27 @@ constexpr SForm AmdMinimumForm(long long (*pfnNumber)(const CRecord&, unsigned i
 }
 
 constexpr SRow gsc_aoAmdRows[] = {
-    { Byte(0), "Version", Number() },
-    { Bits(1, 7, 2), "Unknown", Unknown() },
-    { Bit(1, 1), "Luminances are valid", Flag() },
-    { Bit(1, 0), "Unknown", Unknown() },
-    { Byte(2), "Minimum refresh rate", Number("Hz") },
-    { Byte(3), "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>, CheckAmdRate },
-    { Byte(3), "Unknown", Unknown(), HasAmdWideRate },
-    { Byte(4), "Unknown", Unknown() },
-    { Byte(5), "Unknown", Unknown() },
-    { Byte(6), "Maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
-    { Byte(7), "Minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>), HasAmdHdr },
-    { Byte(8), "Second maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
-    { Byte(9), "Second minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
-    { Run(6, 4), "Unknown", Unknown(), IsNot<HasAmdHdr> },
-    { Split({ { 11, 1, 0 }, { 10, 7, 0 } }), "Maximum refresh rate", Number("Hz"), HasAmdWideRate, CheckAmdRate },
-    { Bits(11, 7, 2), "Unknown", Unknown(), HasAmdWideRate },
-    { RunToEnd(10), "Unknown", Unknown(), IsNot<HasAmdWideRate> },
-    { RunToEnd(12), "Unknown", Unknown(), HasAmdWideRate },
+    { eId_CtaAmdVersion, Byte(0), "Version", Number() },
+    { eId_Unknown, Bits(1, 7, 2), "Unknown", Unknown() },
+    { eId_CtaAmdLuminancesValid, Bit(1, 1), "Luminances are valid", Flag() },
+    { eId_Unknown, Bit(1, 0), "Unknown", Unknown() },
+    { eId_CtaAmdMinRefreshRate, Byte(2), "Minimum refresh rate", Number("Hz") },
+    { eId_CtaAmdMaxRefreshRate, Byte(3), "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>, CheckAmdRate },
+    { eId_Unknown, Byte(3), "Unknown", Unknown(), HasAmdWideRate },
+    { eId_Unknown, Byte(4), "Unknown", Unknown() },
+    { eId_Unknown, Byte(5), "Unknown", Unknown() },
+    { eId_CtaAmdMaxLuminance, Byte(6), "Maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
+    { eId_CtaAmdMinLuminance, Byte(7), "Minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>),
+      HasAmdHdr },
+    { eId_CtaAmdSecondMaxLuminance, Byte(8), "Second maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
+    { eId_CtaAmdSecondMinLuminance, Byte(9), "Second minimum luminance",
+      AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
+    { eId_Unknown, Run(6, 4), "Unknown", Unknown(), IsNot<HasAmdHdr> },
+    { eId_CtaAmdMaxRefreshRate, Split({ { 11, 1, 0 }, { 10, 7, 0 } }), "Maximum refresh rate", Number("Hz"),
+      HasAmdWideRate, CheckAmdRate },
+    { eId_Unknown, Bits(11, 7, 2), "Unknown", Unknown(), HasAmdWideRate },
+    { eId_Unknown, RunToEnd(10), "Unknown", Unknown(), IsNot<HasAmdWideRate> },
+    { eId_Unknown, RunToEnd(12), "Unknown", Unknown(), HasAmdWideRate },
 };
 
 // ---- Microsoft: head-mounted and specialised displays ----
@@ -101,19 +104,19 @@ constexpr SMeaning gsc_aoUseCases[] = {
 };
 
 constexpr SRow gsc_aoMicrosoftRows[] = {
-    { Byte(0), "Version", Number() },
-    { Bit(1, 6), "Desktop usage", Flag(), HasUsage },
-    { Bit(1, 5), "Third-party usage", Flag(), HasUsage },
-    { Bits(1, 4, 0), "Display product primary use case", Names(gsc_aoUseCases) },
-    ContainerIdRow<2>(),
+    { eId_CtaMicrosoftVersion, Byte(0), "Version", Number() },
+    { eId_CtaMicrosoftDesktopUsage, Bit(1, 6), "Desktop usage", Flag(), HasUsage },
+    { eId_CtaMicrosoftThirdPartyUsage, Bit(1, 5), "Third-party usage", Flag(), HasUsage },
+    { eId_CtaMicrosoftUseCase, Bits(1, 4, 0), "Display product primary use case", Names(gsc_aoUseCases) },
+    ContainerIdRow<2>(eId_CtaMicrosoftContainerId),
 };
 
 // ---- UHD Alliance: Filmmaker Mode ----
 
 constexpr SRow gsc_aoUhdRows[] = {
-    { Byte(0), "Filmmaker Mode content type", Number() },
-    { Byte(1), "Filmmaker Mode content subtype", Number() },
-    { RunToEnd(2), "Unknown", Unknown() },
+    { eId_CtaUhdAllianceFilmmakerType, Byte(0), "Filmmaker Mode content type", Number() },
+    { eId_CtaUhdAllianceFilmmakerSubtype, Byte(1), "Filmmaker Mode content subtype", Number() },
+    { eId_Unknown, RunToEnd(2), "Unknown", Unknown() },
 };
 
 // ---- VESA Video Display Device Data Block: VESA DDDB 1.0 ----
@@ -179,51 +182,60 @@ constexpr auto gsc_aoRateConversions = Listed({ "none", "single buffering", "dou
 constexpr SForm gsc_oPrimary = Fraction(nullptr, 1024, 5);
 
 constexpr SRow gsc_aoDeviceRows[] = {
-    { Bits(0, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
-    { Bits(0, 3, 0), "Analog interface subtype", Names(gsc_aoAnalogTypes), IsAnalogInterface },
-    { Bits(0, 3, 0), "Number of lanes or channels", Number(), IsNot<IsAnalogInterface> },
-    { Bits(1, 7, 4), "Interface version", Number() },
-    { Bits(1, 3, 0), "Interface release", Number() },
-    { Byte(2), "Content protection support", Names(gsc_aoProtections) },
-    { Bits(3, 7, 2), "Minimum clock frequency", Number("MHz").With(gsc_aoNotTold) },
-    { Split({ { 3, 1, 0 }, { 4, 7, 0 } }), "Maximum clock frequency", Number("MHz").With(gsc_aoNotTold), nullptr,
-      CheckClock },
-    { Little16(5), "Native horizontal pixels", Number("pixels").With(gsc_aoNotTold) },
-    { Little16(7), "Native vertical pixels", Number("pixels").With(gsc_aoNotTold) },
-    { Byte(9), "Aspect ratio", HundredthsFrom1() },
-    { Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
-    { Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
-    { Bits(10, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
-    { Bits(10, 1, 0), "Scan direction", Names(gsc_aoFastScans) },
-    { Byte(11), "Subpixel layout", Names(gsc_aoSubpixels) },
-    { Byte(12), "Horizontal pixel pitch", Number("mm").Decimals(2) },
-    { Byte(13), "Vertical pixel pitch", Number("mm").Decimals(2) },
-    { Bits(14, 7, 6), "Dithering", Names(gsc_aoDithering) },
-    { Bit(14, 5), "Direct drive", Flag() },
-    { Bit(14, 4), "Overdrive not recommended", Flag() },
-    { Bit(14, 3), "Deinterlacing", Flag() },
-    { Bit(15, 7), "Audio support", Flag() },
-    { Bit(15, 6), "Separate audio inputs", Flag() },
-    { Bit(15, 5), "Audio input override", Flag() },
-    { Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns), HasDelay },
-    { Bits(16, 6, 0), "Audio delay", Number("ms").Times(2), HasDelay },
-    { Byte(16), "Audio delay", Number("ms").With(gsc_aoNotTold), HasNoDelay },
-    { Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
-    { Bits(17, 5, 0), "Frame rate range", Number("Hz") },
-    { Byte(18), "Native or nominal frame rate", Number("Hz") },
-    { Bits(19, 7, 4), "Color bit depth of the interface", NumberFrom1("bits") },
-    { Bits(19, 3, 0), "Color bit depth of the display", NumberFrom1("bits") },
-    { Split({ { 22, 7, 0 }, { 20, 7, 6 } }), "Primary 4 x", gsc_oPrimary, HasPrimaries<1> },
-    { Split({ { 23, 7, 0 }, { 20, 5, 4 } }), "Primary 4 y", gsc_oPrimary, HasPrimaries<1> },
-    { Split({ { 24, 7, 0 }, { 20, 3, 2 } }), "Primary 5 x", gsc_oPrimary, HasPrimaries<2> },
-    { Split({ { 25, 7, 0 }, { 20, 1, 0 } }), "Primary 5 y", gsc_oPrimary, HasPrimaries<2> },
-    { Split({ { 26, 7, 0 }, { 21, 7, 6 } }), "Primary 6 x", gsc_oPrimary, HasPrimaries<3> },
-    { Split({ { 27, 7, 0 }, { 21, 5, 4 } }), "Primary 6 y", gsc_oPrimary, HasPrimaries<3> },
-    { Bits(21, 1, 0), "Number of additional primaries", Number() },
-    { Bit(28, 7), "Response time transition", Flag(gsc_aoTransitions) },
-    { Bits(28, 6, 0), "Response time", Number("ms") },
-    { Bits(29, 7, 4), "Horizontal overscan", Number("%") },
-    { Bits(29, 3, 0), "Vertical overscan", Number("%") },
+    { eId_CtaDisplayDeviceInterfaceType, Bits(0, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
+    { eId_CtaDisplayDeviceAnalogSubtype, Bits(0, 3, 0), "Analog interface subtype", Names(gsc_aoAnalogTypes),
+      IsAnalogInterface },
+    { eId_CtaDisplayDeviceLanes, Bits(0, 3, 0), "Number of lanes or channels", Number(), IsNot<IsAnalogInterface> },
+    { eId_CtaDisplayDeviceInterfaceVersion, Bits(1, 7, 4), "Interface version", Number() },
+    { eId_CtaDisplayDeviceInterfaceRelease, Bits(1, 3, 0), "Interface release", Number() },
+    { eId_CtaDisplayDeviceContentProtection, Byte(2), "Content protection support", Names(gsc_aoProtections) },
+    { eId_CtaDisplayDeviceMinClock, Bits(3, 7, 2), "Minimum clock frequency", Number("MHz").With(gsc_aoNotTold) },
+    { eId_CtaDisplayDeviceMaxClock, Split({ { 3, 1, 0 }, { 4, 7, 0 } }), "Maximum clock frequency",
+      Number("MHz").With(gsc_aoNotTold), nullptr, CheckClock },
+    { eId_CtaDisplayDeviceNativeHorizontalPixels, Little16(5), "Native horizontal pixels",
+      Number("pixels").With(gsc_aoNotTold) },
+    { eId_CtaDisplayDeviceNativeVerticalPixels, Little16(7), "Native vertical pixels",
+      Number("pixels").With(gsc_aoNotTold) },
+    { eId_CtaDisplayDeviceAspectRatio, Byte(9), "Aspect ratio", HundredthsFrom1() },
+    { eId_CtaDisplayDeviceDefaultOrientation, Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
+    { eId_CtaDisplayDeviceRotationCapability, Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
+    { eId_CtaDisplayDeviceZeroPixelLocation, Bits(10, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
+    { eId_CtaDisplayDeviceScanDirection, Bits(10, 1, 0), "Scan direction", Names(gsc_aoFastScans) },
+    { eId_CtaDisplayDeviceSubpixelLayout, Byte(11), "Subpixel layout", Names(gsc_aoSubpixels) },
+    { eId_CtaDisplayDeviceHorizontalPixelPitch, Byte(12), "Horizontal pixel pitch", Number("mm").Decimals(2) },
+    { eId_CtaDisplayDeviceVerticalPixelPitch, Byte(13), "Vertical pixel pitch", Number("mm").Decimals(2) },
+    { eId_CtaDisplayDeviceDithering, Bits(14, 7, 6), "Dithering", Names(gsc_aoDithering) },
+    { eId_CtaDisplayDeviceDirectDrive, Bit(14, 5), "Direct drive", Flag() },
+    { eId_CtaDisplayDeviceOverdriveNotRecommended, Bit(14, 4), "Overdrive not recommended", Flag() },
+    { eId_CtaDisplayDeviceDeinterlacing, Bit(14, 3), "Deinterlacing", Flag() },
+    { eId_CtaDisplayDeviceAudioSupport, Bit(15, 7), "Audio support", Flag() },
+    { eId_CtaDisplayDeviceSeparateAudioInputs, Bit(15, 6), "Separate audio inputs", Flag() },
+    { eId_CtaDisplayDeviceAudioInputOverride, Bit(15, 5), "Audio input override", Flag() },
+    { eId_CtaDisplayDeviceAudioDelaySign, Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns), HasDelay },
+    { eId_CtaDisplayDeviceAudioDelay, Bits(16, 6, 0), "Audio delay", Number("ms").Times(2), HasDelay },
+    { eId_CtaDisplayDeviceAudioDelay, Byte(16), "Audio delay", Number("ms").With(gsc_aoNotTold), HasNoDelay },
+    { eId_CtaDisplayDeviceFrameRateConversion, Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
+    { eId_CtaDisplayDeviceFrameRateRange, Bits(17, 5, 0), "Frame rate range", Number("Hz") },
+    { eId_CtaDisplayDeviceFrameRate, Byte(18), "Native or nominal frame rate", Number("Hz") },
+    { eId_CtaDisplayDeviceInterfaceBitDepth, Bits(19, 7, 4), "Color bit depth of the interface", NumberFrom1("bits") },
+    { eId_CtaDisplayDeviceDisplayBitDepth, Bits(19, 3, 0), "Color bit depth of the display", NumberFrom1("bits") },
+    { eId_CtaDisplayDevicePrimary4X, Split({ { 22, 7, 0 }, { 20, 7, 6 } }), "Primary 4 x", gsc_oPrimary,
+      HasPrimaries<1> },
+    { eId_CtaDisplayDevicePrimary4Y, Split({ { 23, 7, 0 }, { 20, 5, 4 } }), "Primary 4 y", gsc_oPrimary,
+      HasPrimaries<1> },
+    { eId_CtaDisplayDevicePrimary5X, Split({ { 24, 7, 0 }, { 20, 3, 2 } }), "Primary 5 x", gsc_oPrimary,
+      HasPrimaries<2> },
+    { eId_CtaDisplayDevicePrimary5Y, Split({ { 25, 7, 0 }, { 20, 1, 0 } }), "Primary 5 y", gsc_oPrimary,
+      HasPrimaries<2> },
+    { eId_CtaDisplayDevicePrimary6X, Split({ { 26, 7, 0 }, { 21, 7, 6 } }), "Primary 6 x", gsc_oPrimary,
+      HasPrimaries<3> },
+    { eId_CtaDisplayDevicePrimary6Y, Split({ { 27, 7, 0 }, { 21, 5, 4 } }), "Primary 6 y", gsc_oPrimary,
+      HasPrimaries<3> },
+    { eId_CtaDisplayDeviceAdditionalPrimaries, Bits(21, 1, 0), "Number of additional primaries", Number() },
+    { eId_CtaDisplayDeviceResponseTimeTransition, Bit(28, 7), "Response time transition", Flag(gsc_aoTransitions) },
+    { eId_CtaDisplayDeviceResponseTime, Bits(28, 6, 0), "Response time", Number("ms") },
+    { eId_CtaDisplayDeviceHorizontalOverscan, Bits(29, 7, 4), "Horizontal overscan", Number("%") },
+    { eId_CtaDisplayDeviceVerticalOverscan, Bits(29, 3, 0), "Vertical overscan", Number("%") },
 };
 
 // ---- InfoFrame Data Block: CTA-861-H 7.5.9 ----
@@ -246,26 +258,29 @@ constexpr SMeaning gsc_aoInfoFrames[] = {
 };
 
 constexpr SRow gsc_aoFrameHeadRows[] = {
-    { Bits(0, 7, 5), "Length of the InfoFrame processing descriptor's payload", Number("bytes") },
-    { Byte(1), "Vendor-Specific InfoFrames at once", NumberFrom1() },
+    { eId_CtaInfoframeProcessingLength, Bits(0, 7, 5), "Length of the InfoFrame processing descriptor's payload",
+      Number("bytes") },
+    { eId_CtaInfoframeVendorSpecificAtOnce, Byte(1), "Vendor-Specific InfoFrames at once", NumberFrom1() },
 };
-constexpr STable gsc_oFrameHeadTable = { "InfoFrame processing descriptor", eDisplay, gsc_aoFrameHeadRows };
-constexpr SRow gsc_oFramePayloadRow = { RunToEnd(0), "Payload", Bytes() };
+constexpr STable gsc_oFrameHeadTable = { eId_CtaInfoframe, "InfoFrame processing descriptor", eDisplay,
+                                         gsc_aoFrameHeadRows };
+constexpr SRow gsc_oFramePayloadRow = { eId_CtaInfoframePayload, RunToEnd(0), "Payload", Bytes() };
 constexpr unsigned int gsc_uiFrameHead = 2;
 
 constexpr SRow gsc_aoFrameRows[] = {
-    { Bits(0, 7, 5), "Payload length", Number("bytes") },
-    { Bits(0, 4, 0), "InfoFrame type code", Names(gsc_aoInfoFrames) },
-    { Little24(1), "IEEE OUI", Number().Text(OuiText), IsVendorInfoFrame },
-    { RunToEnd(4), "Payload", Bytes(), IsVendorInfoFrame },
-    { RunToEnd(1), "Payload", Bytes(), IsNot<IsVendorInfoFrame> },
+    { eId_CtaInfoframeLength, Bits(0, 7, 5), "Payload length", Number("bytes") },
+    { eId_CtaInfoframeType, Bits(0, 4, 0), "InfoFrame type code", Names(gsc_aoInfoFrames) },
+    { eId_CtaInfoframeOui, Little24(1), "IEEE OUI", Number().Text(OuiText), IsVendorInfoFrame },
+    { eId_CtaInfoframePayload, RunToEnd(4), "Payload", Bytes(), IsVendorInfoFrame },
+    { eId_CtaInfoframePayload, RunToEnd(1), "Payload", Bytes(), IsNot<IsVendorInfoFrame> },
 };
 
 CMString FrameSummary(const CRecord& oFrame)
 {
     return CMString(FindMeaning(gsc_aoInfoFrames, oFrame.GetBits(0, 4, 0)));
 }
-constexpr STable gsc_oFrameTable = { "Short InfoFrame descriptor", eDisplay, gsc_aoFrameRows, FrameSummary };
+constexpr STable gsc_oFrameTable = { eId_CtaInfoframeDescriptor, "Short InfoFrame descriptor", eDisplay,
+                                     gsc_aoFrameRows, FrameSummary };
 
 unsigned int GetFrameSize(unsigned int uiFirstByte)
 {
@@ -274,10 +289,11 @@ unsigned int GetFrameSize(unsigned int uiFirstByte)
 }
 } // namespace
 
-constinit const STable g_oCtaAmdTable = { "AMD", eVendor, gsc_aoAmdRows };
-constinit const STable g_oCtaMicrosoftTable = { "Microsoft", eVendor, gsc_aoMicrosoftRows };
-constinit const STable g_oCtaUhdTable = { "UHD Alliance", eVendor, gsc_aoUhdRows };
-constinit const STable g_oCtaDisplayDeviceTable = { "VESA video display device", eDisplay, gsc_aoDeviceRows };
+constinit const STable g_oCtaAmdTable = { eId_CtaAmd, "AMD", eVendor, gsc_aoAmdRows };
+constinit const STable g_oCtaMicrosoftTable = { eId_CtaMicrosoft, "Microsoft", eVendor, gsc_aoMicrosoftRows };
+constinit const STable g_oCtaUhdTable = { eId_CtaUhdAlliance, "UHD Alliance", eVendor, gsc_aoUhdRows };
+constinit const STable g_oCtaDisplayDeviceTable = { eId_CtaDisplayDevice, "VESA video display device", eDisplay,
+                                                    gsc_aoDeviceRows };
 
 void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {

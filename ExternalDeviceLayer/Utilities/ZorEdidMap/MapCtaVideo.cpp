@@ -222,10 +222,10 @@ bool IsSvdReserved(const CRecord& oSvd) { return IsReservedSvd(oSvd.GetByte(0));
 constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, gsc_szReserved } };
 
 constexpr SRow gsc_aoVideoRows[] = {
-    { Bit(0, 7), "Native", Flag(), IsSvdWithNative },
-    { Bits(0, 6, 0), "Video identification code", gsc_oVideoCode, IsSvdWithNative },
-    { Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<193, 253> },
-    { Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsSvdReserved },
+    { eId_CtaVideoNative, Bit(0, 7), "Native", Flag(), IsSvdWithNative },
+    { eId_CtaVideoVic, Bits(0, 6, 0), "Video identification code", gsc_oVideoCode, IsSvdWithNative },
+    { eId_CtaVideoVic, Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<193, 253> },
+    { eId_CtaVideoVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsSvdReserved },
 };
 
 CMString SvdSummary(const CRecord& oSvd)
@@ -257,13 +257,15 @@ bool IsReservedReference(const CRecord& oRecord)
 
 // Timings are counted from 1: the detailed ones over the base block and all CTA-861 blocks.
 constexpr SRow gsc_aoReferenceRows[] = {
-    { Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<1, 127> },
-    { Byte(0), "Detailed timing descriptor", Number().Times(1, -128), WhereIn<129, 144> },
-    { Byte(0), "Type VII or X timing", Number().Times(1, -144), WhereIn<145, 160> },
-    { Byte(0), "First video format descriptor, refresh rate", Names(gsc_aoRateIndexes), WhereIn<161, 175> },
-    { Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<193, 253> },
-    { Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode), WhereIn<254, 254> },
-    { Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsReservedReference },
+    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<1, 127> },
+    { eId_CtaVideoReferenceDetailed, Byte(0), "Detailed timing descriptor", Number().Times(1, -128),
+      WhereIn<129, 144> },
+    { eId_CtaVideoReferenceType7Or10, Byte(0), "Type VII or X timing", Number().Times(1, -144), WhereIn<145, 160> },
+    { eId_CtaVideoReferenceVideoFormatRate, Byte(0), "First video format descriptor, refresh rate",
+      Names(gsc_aoRateIndexes), WhereIn<161, 175> },
+    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<193, 253> },
+    { eId_CtaVideoReferenceType8, Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode), WhereIn<254, 254> },
+    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsReservedReference },
 };
 
 CMString ReferenceSummary(const CRecord& oReference)
@@ -284,14 +286,14 @@ bool IsSizeInTenths(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && !oRe
 bool IsSizeInWhole(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && oRecord.IsSet(1, 7); }
 
 constexpr SRow gsc_aoNativeRows[] = {
-    { Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
-    { Bit(1, 0), "Image size present", Flag() },
-    { Little16(2), "Image width", Number("mm").Decimals(1), IsSizeInTenths },
-    { Little16(4), "Image height", Number("mm").Decimals(1), IsSizeInTenths },
-    { Little16(2), "Image width", Number("mm"), IsSizeInWhole },
-    { Little16(4), "Image height", Number("mm"), IsSizeInWhole },
+    { eId_CtaNativeResolutionSizePrecision, Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
+    { eId_CtaNativeResolutionSizePresent, Bit(1, 0), "Image size present", Flag() },
+    { eId_CtaNativeResolutionImageWidth, Little16(2), "Image width", Number("mm").Decimals(1), IsSizeInTenths },
+    { eId_CtaNativeResolutionImageHeight, Little16(4), "Image height", Number("mm").Decimals(1), IsSizeInTenths },
+    { eId_CtaNativeResolutionImageWidth, Little16(2), "Image width", Number("mm"), IsSizeInWhole },
+    { eId_CtaNativeResolutionImageHeight, Little16(4), "Image height", Number("mm"), IsSizeInWhole },
 };
-constexpr STable gsc_oNativeTable = { "Native video resolution", eTiming, gsc_aoNativeRows };
+constexpr STable gsc_oNativeTable = { eId_CtaNativeResolution, "Native video resolution", eTiming, gsc_aoNativeRows };
 
 // ---- Video Format Data Block: CTA-861.6 ----
 
@@ -329,40 +331,42 @@ constexpr SMeaning gsc_aoResolutions[] = {
 };
 
 constexpr SRow gsc_aoFormatHeadRows[] = {
-    { Bit(0, 7), "Y420", Flag() },
-    { Bit(0, 6), "NTSC", Flag() },
-    { Bits(0, 1, 0), "Length of a video format descriptor", NumberFrom1("bytes") },
+    { eId_CtaVideoFormatY420, Bit(0, 7), "Y420", Flag() },
+    { eId_CtaVideoFormatNtsc, Bit(0, 6), "NTSC", Flag() },
+    { eId_CtaVideoFormatDescriptorLength, Bits(0, 1, 0), "Length of a video format descriptor", NumberFrom1("bytes") },
 };
-constexpr STable gsc_oFormatHeadTable = { "Video format data block", eTiming, gsc_aoFormatHeadRows };
+constexpr STable gsc_oFormatHeadTable = { eId_CtaVideoFormat, "Video format data block", eTiming,
+                                          gsc_aoFormatHeadRows };
 
 // A factor multiplies 25 Hz with BFR50, and 30 Hz with BFR60. Without byte 1 BFR60 and the factors 1 and 2 are meant.
 constexpr SRow gsc_aoFormatRows[] = {
-    { Bit(0, 7), "BFR50", Flag() },
-    { Bit(0, 6), "FR24", Flag() },
-    { Bits(0, 5, 0), "Resolution identifier", Names(gsc_aoResolutions) },
-    { Bit(1, 7), "BFR60", Flag() },
-    { Bit(1, 6), "FR144", Flag() },
-    { Bit(1, 5), "Frame rate factor 16", Flag() },
-    { Bit(1, 4), "Frame rate factor 12", Flag() },
-    { Bit(1, 3), "Frame rate factor 8", Flag() },
-    { Bit(1, 2), "Frame rate factor 4", Flag() },
-    { Bit(1, 1), "Frame rate factor 2", Flag() },
-    { Bit(1, 0), "Frame rate factor 1", Flag() },
-    { Bit(2, 0), "FR48", Flag() },
+    { eId_CtaVideoFormatBfr50, Bit(0, 7), "BFR50", Flag() },
+    { eId_CtaVideoFormatFr24, Bit(0, 6), "FR24", Flag() },
+    { eId_CtaVideoFormatResolution, Bits(0, 5, 0), "Resolution identifier", Names(gsc_aoResolutions) },
+    { eId_CtaVideoFormatBfr60, Bit(1, 7), "BFR60", Flag() },
+    { eId_CtaVideoFormatFr144, Bit(1, 6), "FR144", Flag() },
+    { eId_CtaVideoFormatFrameRateFactor16, Bit(1, 5), "Frame rate factor 16", Flag() },
+    { eId_CtaVideoFormatFrameRateFactor12, Bit(1, 4), "Frame rate factor 12", Flag() },
+    { eId_CtaVideoFormatFrameRateFactor8, Bit(1, 3), "Frame rate factor 8", Flag() },
+    { eId_CtaVideoFormatFrameRateFactor4, Bit(1, 2), "Frame rate factor 4", Flag() },
+    { eId_CtaVideoFormatFrameRateFactor2, Bit(1, 1), "Frame rate factor 2", Flag() },
+    { eId_CtaVideoFormatFrameRateFactor1, Bit(1, 0), "Frame rate factor 1", Flag() },
+    { eId_CtaVideoFormatFr48, Bit(2, 0), "FR48", Flag() },
 };
 
 CMString FormatSummary(const CRecord& oFormat)
 {
     return CMString(FindMeaning(gsc_aoResolutions, oFormat.GetBits(0, 5, 0)));
 }
-constexpr STable gsc_oFormatTable = { "Video format descriptor", eTiming, gsc_aoFormatRows, FormatSummary };
+constexpr STable gsc_oFormatTable = { eId_CtaVideoFormatDescriptor, "Video format descriptor", eTiming,
+                                      gsc_aoFormatRows, FormatSummary };
 
 // ---- YCbCr 4:2:0 Capability Map Data Block: CTA-861-H 7.5.11 ----
 
 constexpr auto gsc_aoAlso420 = Listed({ "not in YCbCr 4:2:0", "also in YCbCr 4:2:0" });
 constexpr SForm gsc_oAlso420 = Flag(gsc_aoAlso420);
 
-constexpr auto gsc_aoMapRows = BitRows("Place without a video code", gsc_oAlso420);
+constexpr auto gsc_aoMapRows = BitRows(eId_Cta420MapVic, "Place without a video code", gsc_oAlso420);
 
 // ---- Video Capability Data Block: CTA-861-H 7.5.6 ----
 
@@ -375,11 +379,12 @@ constexpr auto gsc_aoItScan = Scans("IT video formats not supported");
 constexpr auto gsc_aoCeScan = Scans("CE video formats not supported");
 
 constexpr SRow gsc_aoCapabilityRows[] = {
-    { Bit(0, 7), "Selectable YCC quantization range", Flag() },
-    { Bit(0, 6), "Selectable RGB quantization range", Flag() },
-    { Bits(0, 5, 4), "Scan of the preferred video format", Names(gsc_aoPreferredScan) },
-    { Bits(0, 3, 2), "Scan of IT video formats", Names(gsc_aoItScan) },
-    { Bits(0, 1, 0), "Scan of CE video formats", Names(gsc_aoCeScan) },
+    { eId_CtaVideoCapabilityQy, Bit(0, 7), "Selectable YCC quantization range", Flag() },
+    { eId_CtaVideoCapabilityQs, Bit(0, 6), "Selectable RGB quantization range", Flag() },
+    { eId_CtaVideoCapabilityPreferredScan, Bits(0, 5, 4), "Scan of the preferred video format",
+      Names(gsc_aoPreferredScan) },
+    { eId_CtaVideoCapabilityItScan, Bits(0, 3, 2), "Scan of IT video formats", Names(gsc_aoItScan) },
+    { eId_CtaVideoCapabilityCeScan, Bits(0, 1, 0), "Scan of CE video formats", Names(gsc_aoCeScan) },
 };
 
 // ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 ----
@@ -391,26 +396,27 @@ constexpr unsigned int gsc_uiTypeViiSize = 20;
 constexpr unsigned int gsc_uiTypeXSize = 6;
 
 constexpr SRow gsc_aoTypeViiRows[] = {
-    { Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, "the standard has 0 here") },
-    { Bits(0, 2, 0), "Block revision", Number().Expect(2, "the standard has 2 here") },
+    { eId_CtaType7M, Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, "the standard has 0 here") },
+    { eId_CtaType7Revision, Bits(0, 2, 0), "Block revision", Number().Expect(2, "the standard has 2 here") },
 };
-constexpr STable gsc_oTypeViiTable = { "Type VII", eTiming, gsc_aoTypeViiRows };
+constexpr STable gsc_oTypeViiTable = { eId_CtaType7, "Type VII", eTiming, gsc_aoTypeViiRows };
 
 // Other words than those of DisplayID.
 constexpr auto gsc_aoTypeViiiCodes = Listed({ "DMT", "CTA-861", "HDMI", gsc_szReserved });
 constexpr SRow gsc_aoTypeViiiRows[] = {
-    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoTypeViiiCodes).Expect(0, "the standard has DMT here") },
-    { Bit(0, 5), "T8Y420", Flag() },
-    { Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
-    { Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
+    { eId_CtaType8CodeType, Bits(0, 7, 6), "Timing code type",
+      Names(gsc_aoTypeViiiCodes).Expect(0, "the standard has DMT here") },
+    { eId_CtaType8Y420, Bit(0, 5), "T8Y420", Flag() },
+    { eId_CtaType8CodeSize, Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
+    { eId_CtaType8Revision, Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
 };
-constexpr STable gsc_oTypeViiiTable = { "Type VIII", eTiming, gsc_aoTypeViiiRows };
+constexpr STable gsc_oTypeViiiTable = { eId_CtaType8, "Type VIII", eTiming, gsc_aoTypeViiiRows };
 
 constexpr SRow gsc_aoTypeXRows[] = {
-    { Bits(0, 6, 4), "T10_M", Number("bytes") },
-    { Bits(0, 2, 0), "Block revision", Number().Expect(0, "the standard has 0 here") },
+    { eId_CtaType10M, Bits(0, 6, 4), "T10_M", Number("bytes") },
+    { eId_CtaType10Revision, Bits(0, 2, 0), "Block revision", Number().Expect(0, "the standard has 0 here") },
 };
-constexpr STable gsc_oTypeXTable = { "Type X", eTiming, gsc_aoTypeXRows };
+constexpr STable gsc_oTypeXTable = { eId_CtaType10, "Type X", eTiming, gsc_aoTypeXRows };
 
 // Items of uiSize bytes behind the first byte of the payload, as many as fit: fnAdd is called with the offset of each.
 template <class ADD>
@@ -432,10 +438,12 @@ CRecord GetHead(const CMapWriter& oWriter, const SCtaPayload& oPayload)
 }
 } // namespace
 
-constinit const STable g_oCtaVideoTable = { "Short video descriptor", eTiming, gsc_aoVideoRows, SvdSummary };
-constinit const STable g_oCtaPreferenceTable = { "Short video reference", eTiming, gsc_aoReferenceRows,
-                                                 ReferenceSummary };
-constinit const STable g_oCtaVideoCapabilityTable = { "Video capability", eDisplay, gsc_aoCapabilityRows };
+constinit const STable g_oCtaVideoTable = { eId_CtaVideoDescriptor, "Short video descriptor", eTiming, gsc_aoVideoRows,
+                                            SvdSummary };
+constinit const STable g_oCtaPreferenceTable = { eId_CtaVideoReference, "Short video reference", eTiming,
+                                                 gsc_aoReferenceRows, ReferenceSummary };
+constinit const STable g_oCtaVideoCapabilityTable = { eId_CtaVideoCapability, "Video capability", eDisplay,
+                                                      gsc_aoCapabilityRows };
 
 const char* GetVideoCodeName(unsigned int uiSvd) { return FindMeaning(gsc_aoVideoFormats, GetVideoCode(uiSvd)); }
 

@@ -108,29 +108,42 @@ constexpr auto gsc_aoSerrations = Listed({ "without", "with (H-sync during V-syn
 constexpr auto gsc_aoSyncOn = Listed({ "green only", "all three (RGB)" });
 
 constexpr SRow gsc_aoDetailedRows[] = {
-    { gsc_oClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
-    { gsc_oWidth, "Horizontal addressable video", Number("pixels"), nullptr, CheckNotZero },
-    { gsc_oHorizontalBlanking, "Horizontal blanking", Number("pixels"), nullptr, CheckHorizontalBlanking },
-    { gsc_oHeight, "Vertical addressable video", Number("lines"), nullptr, CheckNotZero },
-    { gsc_oVerticalBlanking, "Vertical blanking", Number("lines"), nullptr, CheckVerticalBlanking },
-    { gsc_oHorizontalPorch, "Horizontal front porch", Number("pixels").NoteOnly(), nullptr, CheckPorch },
-    { gsc_oHorizontalSync, "Horizontal sync pulse width", Number("pixels"), nullptr, CheckSync },
-    { gsc_oVerticalPorch, "Vertical front porch", Number("lines").NoteOnly(), nullptr, CheckPorch },
-    { gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr, CheckSync },
-    { gsc_oImageWidth, "Horizontal addressable video image size", Number("mm").With(gsc_aoZeroNotGiven).NoteOnly(),
-      nullptr, CheckImageSize },
-    { gsc_oImageHeight, "Vertical addressable video image size", Number("mm").With(gsc_aoZeroNotGiven) },
-    { Byte(0x0F), "Horizontal border", Number("pixels") }, // each side
-    { Byte(0x10), "Vertical border", Number("lines") },    // top and bottom each
-    { Bit(0x11, gsc_uiInterlacedBit), "Signal interface type", Flag(gsc_aoScan) },
-    { Split({ { 0x11, 6, 5 }, { 0x11, 0, 0 } }), "Stereo viewing support", Names(gsc_aoStereo) },
-    { Bits(0x11, 4, 3), "Sync signal type", Names(gsc_aoSyncTypes) },
-    { Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsAnalogSync },
-    { Bit(0x11, 1), "Sync on", Flag(gsc_aoSyncOn), IsAnalogSync },
-    { Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsDigitalComposite },
-    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns), IsDigitalComposite }, // outside of V-sync
-    { Bit(0x11, 2), "Vertical sync polarity", Flag(gsc_aoSigns), IsDigitalSeparate },
-    { Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns), IsDigitalSeparate },
+    { eId_BaseDetailedPixelClock, gsc_oClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
+    { eId_BaseDetailedHorizontalActive, gsc_oWidth, "Horizontal addressable video", Number("pixels"), nullptr,
+      CheckNotZero },
+    { eId_BaseDetailedHorizontalBlanking, gsc_oHorizontalBlanking, "Horizontal blanking", Number("pixels"), nullptr,
+      CheckHorizontalBlanking },
+    { eId_BaseDetailedVerticalActive, gsc_oHeight, "Vertical addressable video", Number("lines"), nullptr,
+      CheckNotZero },
+    { eId_BaseDetailedVerticalBlanking, gsc_oVerticalBlanking, "Vertical blanking", Number("lines"), nullptr,
+      CheckVerticalBlanking },
+    { eId_BaseDetailedHorizontalFrontPorch, gsc_oHorizontalPorch, "Horizontal front porch", Number("pixels").NoteOnly(),
+      nullptr, CheckPorch },
+    { eId_BaseDetailedHorizontalSyncWidth, gsc_oHorizontalSync, "Horizontal sync pulse width", Number("pixels"),
+      nullptr, CheckSync },
+    { eId_BaseDetailedVerticalFrontPorch, gsc_oVerticalPorch, "Vertical front porch", Number("lines").NoteOnly(),
+      nullptr, CheckPorch },
+    { eId_BaseDetailedVerticalSyncWidth, gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr,
+      CheckSync },
+    { eId_BaseDetailedImageWidth, gsc_oImageWidth, "Horizontal addressable video image size",
+      Number("mm").With(gsc_aoZeroNotGiven).NoteOnly(), nullptr, CheckImageSize },
+    { eId_BaseDetailedImageHeight, gsc_oImageHeight, "Vertical addressable video image size",
+      Number("mm").With(gsc_aoZeroNotGiven) },
+    { eId_BaseDetailedHorizontalBorder, Byte(0x0F), "Horizontal border", Number("pixels") }, // each side
+    { eId_BaseDetailedVerticalBorder, Byte(0x10), "Vertical border", Number("lines") },      // top and bottom each
+    { eId_BaseDetailedInterlaced, Bit(0x11, gsc_uiInterlacedBit), "Signal interface type", Flag(gsc_aoScan) },
+    { eId_BaseDetailedStereo, Split({ { 0x11, 6, 5 }, { 0x11, 0, 0 } }), "Stereo viewing support",
+      Names(gsc_aoStereo) },
+    { eId_BaseDetailedSyncType, Bits(0x11, 4, 3), "Sync signal type", Names(gsc_aoSyncTypes) },
+    { eId_BaseDetailedSerrations, Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsAnalogSync },
+    { eId_BaseDetailedSyncOn, Bit(0x11, 1), "Sync on", Flag(gsc_aoSyncOn), IsAnalogSync },
+    { eId_BaseDetailedSerrations, Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsDigitalComposite },
+    { eId_BaseDetailedHorizontalSyncPolarity, Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns),
+      IsDigitalComposite }, // outside of V-sync
+    { eId_BaseDetailedVerticalSyncPolarity, Bit(0x11, 2), "Vertical sync polarity", Flag(gsc_aoSigns),
+      IsDigitalSeparate },
+    { eId_BaseDetailedHorizontalSyncPolarity, Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns),
+      IsDigitalSeparate },
 };
 
 // ---- Display descriptors, E-EDID 3.10.3: positions and texts that several have ----
@@ -164,9 +177,13 @@ CMString FormatText(const CRecord& oRecord)
     return sText;
 }
 
-constexpr STable gsc_oSerialTable = { "Display product serial number", CZorEdidMap::eArea_Identity, {}, FormatText };
-constexpr STable gsc_oStringTable = { "Alphanumeric data string", CZorEdidMap::eArea_Identity, {}, FormatText };
-constexpr STable gsc_oNameTable = { "Display product name", CZorEdidMap::eArea_Identity, {}, FormatText };
+constexpr STable gsc_oSerialTable = {
+    eId_BaseSerial, "Display product serial number", CZorEdidMap::eArea_Identity, {}, FormatText
+};
+constexpr STable gsc_oStringTable = {
+    eId_BaseString, "Alphanumeric data string", CZorEdidMap::eArea_Identity, {}, FormatText
+};
+constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", CZorEdidMap::eArea_Identity, {}, FormatText };
 
 // Of the text alone. One that fills its 13 bytes needs no line feed and may end with a blank; more blanks are padding.
 const char* CheckText(const CRecord& oRecord, unsigned int)
@@ -182,9 +199,9 @@ const char* CheckText(const CRecord& oRecord, unsigned int)
     return bPadded ? gsc_szLineFeed : nullptr;
 }
 
-constexpr SRow gsc_oTextRow = { RunToEnd(0), "Text", Text(), nullptr, CheckText };
-constexpr SRow gsc_oLineFeedRow = { Byte(0), "Line feed", Filler(gsc_ui8LineFeed, gsc_szLineFeed) };
-constexpr SRow gsc_oBlanksRow = { RunToEnd(0), "Padding", Filler(' ', gsc_szBlanks) };
+constexpr SRow gsc_oTextRow = { eId_BaseDescriptorText, RunToEnd(0), "Text", Text(), nullptr, CheckText };
+constexpr SRow gsc_oLineFeedRow = { eId_Padding, Byte(0), "Line feed", Filler(gsc_ui8LineFeed, gsc_szLineFeed) };
+constexpr SRow gsc_oBlanksRow = { eId_Padding, RunToEnd(0), "Padding", Filler(' ', gsc_szBlanks) };
 
 void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 {
@@ -301,57 +318,72 @@ CMString FormatRange(const CRecord& oRecord)
 
 // E-EDID tables 3.26 to 3.29
 constexpr SRow gsc_aoRangeRows[] = {
-    { Bits(0x04, 7, 4), "Reserved", Reserved(), IsRevision4 },
-    { Bits(0x04, 3, 2), "Horizontal rate offsets", Names(gsc_aoHorizontalOffsets), IsRevision4 },
-    { Bits(0x04, 1, 0), "Vertical rate offsets", Names(gsc_aoVerticalOffsets), IsRevision4 },
-    { Byte(0x05), "Minimum vertical rate", Number("Hz"), IsNot<IsVerticalMinimumOffset>, CheckReservedZero },
-    { Byte(0x05), "Minimum vertical rate", Number("Hz").Times(1, 255), IsVerticalMinimumOffset, CheckReservedZero },
-    { Byte(0x06), "Maximum vertical rate", Number("Hz"), IsNot<IsVerticalMaximumOffset>, CheckVerticalMaximum },
-    { Byte(0x06), "Maximum vertical rate", Number("Hz").Times(1, 255), IsVerticalMaximumOffset, CheckVerticalMaximum },
-    { Byte(0x07), "Minimum horizontal rate", Number("kHz"), IsNot<IsHorizontalMinimumOffset>, CheckReservedZero },
-    { Byte(0x07), "Minimum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMinimumOffset,
+    { eId_Reserved, Bits(0x04, 7, 4), "Reserved", Reserved(), IsRevision4 },
+    { eId_BaseRangeHorizontalRateOffsets, Bits(0x04, 3, 2), "Horizontal rate offsets", Names(gsc_aoHorizontalOffsets),
+      IsRevision4 },
+    { eId_BaseRangeVerticalRateOffsets, Bits(0x04, 1, 0), "Vertical rate offsets", Names(gsc_aoVerticalOffsets),
+      IsRevision4 },
+    { eId_BaseRangeMinVerticalRate, Byte(0x05), "Minimum vertical rate", Number("Hz"), IsNot<IsVerticalMinimumOffset>,
       CheckReservedZero },
-    { Byte(0x08), "Maximum horizontal rate", Number("kHz"), IsNot<IsHorizontalMaximumOffset>, CheckHorizontalMaximum },
-    { Byte(0x08), "Maximum horizontal rate", Number("kHz").Times(1, 255), IsHorizontalMaximumOffset,
-      CheckHorizontalMaximum },
-    { Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoZeroNotGiven), nullptr, CheckMaximumClock },
-    { Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas), IsBefore4 },
-    { Byte(0x0A), "Video timing support", Names(gsc_aoFormulas).NoteOnly(), IsRevision4, CheckFormula },
-    { Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
-    { Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
+    { eId_BaseRangeMinVerticalRate, Byte(0x05), "Minimum vertical rate", Number("Hz").Times(1, 255),
+      IsVerticalMinimumOffset, CheckReservedZero },
+    { eId_BaseRangeMaxVerticalRate, Byte(0x06), "Maximum vertical rate", Number("Hz"), IsNot<IsVerticalMaximumOffset>,
+      CheckVerticalMaximum },
+    { eId_BaseRangeMaxVerticalRate, Byte(0x06), "Maximum vertical rate", Number("Hz").Times(1, 255),
+      IsVerticalMaximumOffset, CheckVerticalMaximum },
+    { eId_BaseRangeMinHorizontalRate, Byte(0x07), "Minimum horizontal rate", Number("kHz"),
+      IsNot<IsHorizontalMinimumOffset>, CheckReservedZero },
+    { eId_BaseRangeMinHorizontalRate, Byte(0x07), "Minimum horizontal rate", Number("kHz").Times(1, 255),
+      IsHorizontalMinimumOffset, CheckReservedZero },
+    { eId_BaseRangeMaxHorizontalRate, Byte(0x08), "Maximum horizontal rate", Number("kHz"),
+      IsNot<IsHorizontalMaximumOffset>, CheckHorizontalMaximum },
+    { eId_BaseRangeMaxHorizontalRate, Byte(0x08), "Maximum horizontal rate", Number("kHz").Times(1, 255),
+      IsHorizontalMaximumOffset, CheckHorizontalMaximum },
+    { eId_BaseRangeMaxPixelClock, Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoZeroNotGiven),
+      nullptr, CheckMaximumClock },
+    { eId_BaseRangeSecondaryTimingFormula, Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas),
+      IsBefore4 },
+    { eId_BaseRangeVideoTimingSupport, Byte(0x0A), "Video timing support", Names(gsc_aoFormulas).NoteOnly(),
+      IsRevision4, CheckFormula },
+    { eId_Padding, Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
+    { eId_Padding, Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency
-    { Byte(0x0B), "Reserved", Reserved(), IsSecondaryGtf },
-    { Byte(0x0C), "Start break frequency", Number("kHz").Times(2), IsSecondaryGtf },
-    { Byte(0x0D), "C", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
-    { Little16(0x0E), "M", Number("%/kHz"), IsSecondaryGtf },
-    { Byte(0x10), "K", Number(), IsSecondaryGtf },
-    { Byte(0x11), "J", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
+    { eId_Reserved, Byte(0x0B), "Reserved", Reserved(), IsSecondaryGtf },
+    { eId_BaseRangeGtfStartFrequency, Byte(0x0C), "Start break frequency", Number("kHz").Times(2), IsSecondaryGtf },
+    { eId_BaseRangeGtfC, Byte(0x0D), "C", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
+    { eId_BaseRangeGtfM, Little16(0x0E), "M", Number("%/kHz"), IsSecondaryGtf },
+    { eId_BaseRangeGtfK, Byte(0x10), "K", Number(), IsSecondaryGtf },
+    { eId_BaseRangeGtfJ, Byte(0x11), "J", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
     // CVT
-    { Bits(0x0B, 7, 4), "CVT standard version", Number(), IsCvt },
-    { Bits(0x0B, 3, 0), "CVT standard revision", Number(), IsCvt },
+    { eId_BaseRangeCvtVersion, Bits(0x0B, 7, 4), "CVT standard version", Number(), IsCvt },
+    { eId_BaseRangeCvtRevision, Bits(0x0B, 3, 0), "CVT standard revision", Number(), IsCvt },
     // To be taken off the maximum pixel clock above.
-    { Bits(0x0C, 7, 2), "Additional pixel clock precision", Number("MHz").Times(25).Decimals(2), IsCvt },
-    { Split({ { 0x0C, 1, 0 }, { 0x0D, 7, 0 } }), "Maximum active pixels per line",
+    { eId_BaseRangePixelClockPrecision, Bits(0x0C, 7, 2), "Additional pixel clock precision",
+      Number("MHz").Times(25).Decimals(2), IsCvt },
+    { eId_BaseRangeMaxActivePixels, Split({ { 0x0C, 1, 0 }, { 0x0D, 7, 0 } }), "Maximum active pixels per line",
       Number("pixels").Times(8).With(gsc_aoNoPixelLimit), IsCvt },
-    { Bit(0x0E, 7), "4:3 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x0E, 6), "16:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x0E, 5), "16:10 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x0E, 4), "5:4 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x0E, 3), "15:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { Bits(0x0E, 2, 0), "Reserved", Reserved(), IsCvt },
-    { Bits(0x0F, 7, 5), "Preferred aspect ratio", Names(gsc_aoCvtAspects), IsCvt, CheckPreferredAspect },
-    { Bit(0x0F, 4), "CVT reduced blanking", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x0F, 3), "CVT standard blanking", Flag(gsc_aoSupported), IsCvt },
-    { Bits(0x0F, 2, 0), "Reserved", Reserved(), IsCvt },
-    { Bit(0x10, 7), "Horizontal shrink", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x10, 6), "Horizontal stretch", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x10, 5), "Vertical shrink", Flag(gsc_aoSupported), IsCvt },
-    { Bit(0x10, 4), "Vertical stretch", Flag(gsc_aoSupported), IsCvt },
-    { Bits(0x10, 3, 0), "Reserved", Reserved(), IsCvt },
-    { Byte(0x11), "Preferred vertical refresh rate", Number("Hz").With(gsc_aoReservedRate), IsCvt },
-    { Run(0x0B, 7), "Unknown", Unknown(), IsOtherFormula },
+    { eId_BaseRange43AspectRatio, Bit(0x0E, 7), "4:3 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange169AspectRatio, Bit(0x0E, 6), "16:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange1610AspectRatio, Bit(0x0E, 5), "16:10 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange54AspectRatio, Bit(0x0E, 4), "5:4 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange159AspectRatio, Bit(0x0E, 3), "15:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_Reserved, Bits(0x0E, 2, 0), "Reserved", Reserved(), IsCvt },
+    { eId_BaseRangePreferredAspectRatio, Bits(0x0F, 7, 5), "Preferred aspect ratio", Names(gsc_aoCvtAspects), IsCvt,
+      CheckPreferredAspect },
+    { eId_BaseRangeCvtReducedBlanking, Bit(0x0F, 4), "CVT reduced blanking", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRangeCvtStandardBlanking, Bit(0x0F, 3), "CVT standard blanking", Flag(gsc_aoSupported), IsCvt },
+    { eId_Reserved, Bits(0x0F, 2, 0), "Reserved", Reserved(), IsCvt },
+    { eId_BaseRangeHorizontalShrink, Bit(0x10, 7), "Horizontal shrink", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRangeHorizontalStretch, Bit(0x10, 6), "Horizontal stretch", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRangeVerticalShrink, Bit(0x10, 5), "Vertical shrink", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRangeVerticalStretch, Bit(0x10, 4), "Vertical stretch", Flag(gsc_aoSupported), IsCvt },
+    { eId_Reserved, Bits(0x10, 3, 0), "Reserved", Reserved(), IsCvt },
+    { eId_BaseRangePreferredRefreshRate, Byte(0x11), "Preferred vertical refresh rate",
+      Number("Hz").With(gsc_aoReservedRate), IsCvt },
+    { eId_Unknown, Run(0x0B, 7), "Unknown", Unknown(), IsOtherFormula },
 };
-constexpr STable gsc_oRangeTable = { "Display range limits", CZorEdidMap::eArea_Timing, gsc_aoRangeRows, FormatRange };
+constexpr STable gsc_oRangeTable = { eId_BaseRange, "Display range limits", CZorEdidMap::eArea_Timing, gsc_aoRangeRows,
+                                     FormatRange };
 
 // ---- Color point data, E-EDID 3.10.3.5: two white points of five bytes, the second one with index 0 when unused ----
 
@@ -363,30 +395,34 @@ constexpr SMeaning gsc_aoPointUnused[] = { { 0, 0, "unused" } };
 constexpr auto PointRows(std::span<const SMeaning> aoIndexes, bool (*pfnUsed)(const CRecord&))
 {
     return std::to_array<SRow>({
-        { Byte(0), "White point index number", Number().With(aoIndexes) },
-        { Bits(1, 7, 4), "Reserved", Reserved(), pfnUsed },
-        { Split({ { 2, 7, 0 }, { 1, 3, 2 } }), "White x", Chromaticity(), pfnUsed },
-        { Split({ { 3, 7, 0 }, { 1, 1, 0 } }), "White y", Chromaticity(), pfnUsed },
-        { Byte(4), "White gamma", HundredthsFrom1().With(gsc_aoGammaNotHere), pfnUsed },
+        { eId_BaseColorPointIndex, Byte(0), "White point index number", Number().With(aoIndexes) },
+        { eId_Reserved, Bits(1, 7, 4), "Reserved", Reserved(), pfnUsed },
+        { eId_BaseColorPointWhiteX, Split({ { 2, 7, 0 }, { 1, 3, 2 } }), "White x", Chromaticity(), pfnUsed },
+        { eId_BaseColorPointWhiteY, Split({ { 3, 7, 0 }, { 1, 1, 0 } }), "White y", Chromaticity(), pfnUsed },
+        { eId_BaseColorPointWhiteGamma, Byte(4), "White gamma", HundredthsFrom1().With(gsc_aoGammaNotHere), pfnUsed },
     });
 }
 constexpr auto gsc_aoFirstPointRows = PointRows(gsc_aoPointReserved, nullptr);
 constexpr auto gsc_aoSecondPointRows = PointRows(gsc_aoPointUnused, IsPointUsed);
-constexpr STable gsc_oFirstPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoFirstPointRows };
-constexpr STable gsc_oSecondPointTable = { "White point", CZorEdidMap::eArea_Colour, gsc_aoSecondPointRows };
+constexpr STable gsc_oFirstPointTable = { eId_BaseColorPointWhitePoint, "White point", CZorEdidMap::eArea_Colour,
+                                          gsc_aoFirstPointRows };
+constexpr STable gsc_oSecondPointTable = { eId_BaseColorPointWhitePoint, "White point", CZorEdidMap::eArea_Colour,
+                                           gsc_aoSecondPointRows };
 
 constexpr SRow gsc_aoColorPointRows[] = {
-    { Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
-    { Run(0x10, 2), "Padding", Filler(' ', gsc_szBlanks) },
+    { eId_Padding, Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+    { eId_Padding, Run(0x10, 2), "Padding", Filler(' ', gsc_szBlanks) },
 };
-constexpr STable gsc_oColorPointTable = { "Color point data", CZorEdidMap::eArea_Colour, gsc_aoColorPointRows };
+constexpr STable gsc_oColorPointTable = { eId_BaseColorPoint, "Color point data", CZorEdidMap::eArea_Colour,
+                                          gsc_aoColorPointRows };
 
 // ---- Standard timing identifications 9 to 14, E-EDID 3.10.3.6 ----
 
 constexpr SRow gsc_aoPairsRows[] = {
-    { Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+    { eId_Padding, Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
 };
-constexpr STable gsc_oPairsTable = { "Standard timing identifications", CZorEdidMap::eArea_Timing, gsc_aoPairsRows };
+constexpr STable gsc_oPairsTable = { eId_BaseStandardList, "Standard timing identifications", CZorEdidMap::eArea_Timing,
+                                     gsc_aoPairsRows };
 
 // ---- Display color management data, E-EDID 3.10.3.7: coefficients of two bytes, least significant first ----
 
@@ -405,16 +441,17 @@ constexpr SMeaning gsc_aoUncertain[] = { { 0x8000, 0xFFFF, "meaning uncertain" }
 constexpr SForm gsc_oCoefficient = Number().Decimals(2).With(gsc_aoUncertain).Text(FormatCoefficient);
 
 constexpr SRow gsc_aoManagementRows[] = {
-    { Byte(0x05), "Version number", Number().Expect(3, "only version 3 has this layout") },
-    { Little16(0x06), "Red a3", gsc_oCoefficient },
-    { Little16(0x08), "Red a2", gsc_oCoefficient },
-    { Little16(0x0A), "Green a3", gsc_oCoefficient },
-    { Little16(0x0C), "Green a2", gsc_oCoefficient },
-    { Little16(0x0E), "Blue a3", gsc_oCoefficient },
-    { Little16(0x10), "Blue a2", gsc_oCoefficient },
+    { eId_BaseColorManagementVersion, Byte(0x05), "Version number",
+      Number().Expect(3, "only version 3 has this layout") },
+    { eId_BaseColorManagementRedA3, Little16(0x06), "Red a3", gsc_oCoefficient },
+    { eId_BaseColorManagementRedA2, Little16(0x08), "Red a2", gsc_oCoefficient },
+    { eId_BaseColorManagementGreenA3, Little16(0x0A), "Green a3", gsc_oCoefficient },
+    { eId_BaseColorManagementGreenA2, Little16(0x0C), "Green a2", gsc_oCoefficient },
+    { eId_BaseColorManagementBlueA3, Little16(0x0E), "Blue a3", gsc_oCoefficient },
+    { eId_BaseColorManagementBlueA2, Little16(0x10), "Blue a2", gsc_oCoefficient },
 };
-constexpr STable gsc_oManagementTable = { "Display color management data", CZorEdidMap::eArea_Colour,
-                                          gsc_aoManagementRows };
+constexpr STable gsc_oManagementTable = { eId_BaseColorManagement, "Display color management data",
+                                          CZorEdidMap::eArea_Colour, gsc_aoManagementRows };
 
 // ---- CVT 3 byte timing codes, E-EDID 3.10.3.8 ----
 
@@ -457,85 +494,92 @@ CMString FormatCvtCode(const CRecord& oRecord)
 }
 
 constexpr SRow gsc_aoCodeRows[] = {
-    { Run(0, 3), "Unused", Reserved(), IsCodeUnused },
-    { gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed, CheckCodeLines },
-    { Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
-    { Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
-    { Bit(2, 7), "Reserved", Reserved(), IsCodeUsed },
-    { Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoCodeRates), IsCodeUsed, CheckCodeRate },
-    { Bit(2, 4), "50 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { Bit(2, 3), "60 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { Bit(2, 2), "75 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { Bit(2, 1), "85 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { Bit(2, 0), "60 Hz with reduced blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_Padding, Run(0, 3), "Unused", Reserved(), IsCodeUnused },
+    { eId_BaseCvtCodeVerticalActive, gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed,
+      CheckCodeLines },
+    { eId_BaseCvtCodeAspectRatio, Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
+    { eId_Reserved, Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
+    { eId_Reserved, Bit(2, 7), "Reserved", Reserved(), IsCodeUsed },
+    { eId_BaseCvtCodePreferredRate, Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoCodeRates), IsCodeUsed,
+      CheckCodeRate },
+    { eId_BaseCvtCode50HzStandard, Bit(2, 4), "50 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode60HzStandard, Bit(2, 3), "60 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode75HzStandard, Bit(2, 2), "75 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode85HzStandard, Bit(2, 1), "85 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode60HzReduced, Bit(2, 0), "60 Hz with reduced blanking", Flag(gsc_aoSupported), IsCodeUsed },
 };
 
 constexpr SRow gsc_aoCodesRows[] = {
-    { Byte(0x05), "Version number", Number().Expect(1, "only version 1 has this layout") },
+    { eId_BaseCvtCodesVersion, Byte(0x05), "Version number", Number().Expect(1, "only version 1 has this layout") },
 };
-constexpr STable gsc_oCodesTable = { "CVT 3 byte timing codes", CZorEdidMap::eArea_Timing, gsc_aoCodesRows };
+constexpr STable gsc_oCodesTable = { eId_BaseCvtCodes, "CVT 3 byte timing codes", CZorEdidMap::eArea_Timing,
+                                     gsc_aoCodesRows };
 
 // ---- Established timings III, E-EDID 3.10.3.9 ----
 
 constexpr SRow gsc_aoModesRows[] = {
-    { Byte(0x05), "Revision number", Number().Expect(0x0A, "only revision 10 has this layout") },
-    Mode(0x06, 7, "640 x 350 @ 85 Hz"),
-    Mode(0x06, 6, "640 x 400 @ 85 Hz"),
-    Mode(0x06, 5, "720 x 400 @ 85 Hz"),
-    Mode(0x06, 4, "640 x 480 @ 85 Hz"),
-    Mode(0x06, 3, "848 x 480 @ 60 Hz"),
-    Mode(0x06, 2, "800 x 600 @ 85 Hz"),
-    Mode(0x06, 1, "1024 x 768 @ 85 Hz"),
-    Mode(0x06, 0, "1152 x 864 @ 75 Hz"),
-    Mode(0x07, 7, "1280 x 768 @ 60 Hz, reduced blanking"),
-    Mode(0x07, 6, "1280 x 768 @ 60 Hz"),
-    Mode(0x07, 5, "1280 x 768 @ 75 Hz"),
-    Mode(0x07, 4, "1280 x 768 @ 85 Hz"),
-    Mode(0x07, 3, "1280 x 960 @ 60 Hz"),
-    Mode(0x07, 2, "1280 x 960 @ 85 Hz"),
-    Mode(0x07, 1, "1280 x 1024 @ 60 Hz"),
-    Mode(0x07, 0, "1280 x 1024 @ 85 Hz"),
-    Mode(0x08, 7, "1360 x 768 @ 60 Hz"),
-    Mode(0x08, 6, "1440 x 900 @ 60 Hz, reduced blanking"),
-    Mode(0x08, 5, "1440 x 900 @ 60 Hz"),
-    Mode(0x08, 4, "1440 x 900 @ 75 Hz"),
-    Mode(0x08, 3, "1440 x 900 @ 85 Hz"),
-    Mode(0x08, 2, "1400 x 1050 @ 60 Hz, reduced blanking"),
-    Mode(0x08, 1, "1400 x 1050 @ 60 Hz"),
-    Mode(0x08, 0, "1400 x 1050 @ 75 Hz"),
-    Mode(0x09, 7, "1400 x 1050 @ 85 Hz"),
-    Mode(0x09, 6, "1680 x 1050 @ 60 Hz, reduced blanking"),
-    Mode(0x09, 5, "1680 x 1050 @ 60 Hz"),
-    Mode(0x09, 4, "1680 x 1050 @ 75 Hz"),
-    Mode(0x09, 3, "1680 x 1050 @ 85 Hz"),
-    Mode(0x09, 2, "1600 x 1200 @ 60 Hz"),
-    Mode(0x09, 1, "1600 x 1200 @ 65 Hz"),
-    Mode(0x09, 0, "1600 x 1200 @ 70 Hz"),
-    Mode(0x0A, 7, "1600 x 1200 @ 75 Hz"),
-    Mode(0x0A, 6, "1600 x 1200 @ 85 Hz"),
-    Mode(0x0A, 5, "1792 x 1344 @ 60 Hz"),
-    Mode(0x0A, 4, "1792 x 1344 @ 75 Hz"),
-    Mode(0x0A, 3, "1856 x 1392 @ 60 Hz"),
-    Mode(0x0A, 2, "1856 x 1392 @ 75 Hz"),
-    Mode(0x0A, 1, "1920 x 1200 @ 60 Hz, reduced blanking"),
-    Mode(0x0A, 0, "1920 x 1200 @ 60 Hz"),
-    Mode(0x0B, 7, "1920 x 1200 @ 75 Hz"),
-    Mode(0x0B, 6, "1920 x 1200 @ 85 Hz"),
-    Mode(0x0B, 5, "1920 x 1440 @ 60 Hz"),
-    Mode(0x0B, 4, "1920 x 1440 @ 75 Hz"),
-    { Bits(0x0B, 3, 0), "Reserved", Reserved() },
-    { Run(0x0C, 6), "Reserved", Reserved() },
+    { eId_BaseEstablished3Revision, Byte(0x05), "Revision number",
+      Number().Expect(0x0A, "only revision 10 has this layout") },
+    Mode(eId_BaseEstablished3Mode, 0x06, 7, "640 x 350 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 6, "640 x 400 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 5, "720 x 400 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 4, "640 x 480 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 3, "848 x 480 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 2, "800 x 600 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 1, "1024 x 768 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x06, 0, "1152 x 864 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 7, "1280 x 768 @ 60 Hz, reduced blanking"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 6, "1280 x 768 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 5, "1280 x 768 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 4, "1280 x 768 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 3, "1280 x 960 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 2, "1280 x 960 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 1, "1280 x 1024 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x07, 0, "1280 x 1024 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 7, "1360 x 768 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 6, "1440 x 900 @ 60 Hz, reduced blanking"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 5, "1440 x 900 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 4, "1440 x 900 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 3, "1440 x 900 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 2, "1400 x 1050 @ 60 Hz, reduced blanking"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 1, "1400 x 1050 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x08, 0, "1400 x 1050 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 7, "1400 x 1050 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 6, "1680 x 1050 @ 60 Hz, reduced blanking"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 5, "1680 x 1050 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 4, "1680 x 1050 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 3, "1680 x 1050 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 2, "1600 x 1200 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 1, "1600 x 1200 @ 65 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x09, 0, "1600 x 1200 @ 70 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 7, "1600 x 1200 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 6, "1600 x 1200 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 5, "1792 x 1344 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 4, "1792 x 1344 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 3, "1856 x 1392 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 2, "1856 x 1392 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 1, "1920 x 1200 @ 60 Hz, reduced blanking"),
+    Mode(eId_BaseEstablished3Mode, 0x0A, 0, "1920 x 1200 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0B, 7, "1920 x 1200 @ 75 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0B, 6, "1920 x 1200 @ 85 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0B, 5, "1920 x 1440 @ 60 Hz"),
+    Mode(eId_BaseEstablished3Mode, 0x0B, 4, "1920 x 1440 @ 75 Hz"),
+    { eId_Reserved, Bits(0x0B, 3, 0), "Reserved", Reserved() },
+    { eId_Reserved, Run(0x0C, 6), "Reserved", Reserved() },
 };
-constexpr STable gsc_oModesTable = { "Established timings III", CZorEdidMap::eArea_Timing, gsc_aoModesRows };
+constexpr STable gsc_oModesTable = { eId_BaseEstablished3, "Established timings III", CZorEdidMap::eArea_Timing,
+                                     gsc_aoModesRows };
 
 // ---- Dummy, makers' own and reserved descriptors, E-EDID 3.10.3.10 to 3.10.3.12 ----
 
-constexpr SRow gsc_aoDummyRows[] = { { Run(0x05, 13), "Unused", Reserved() } };
-constexpr STable gsc_oDummyTable = { "Dummy descriptor", CZorEdidMap::eArea_Unused, gsc_aoDummyRows };
-constexpr SRow gsc_aoMakerRows[] = { { Run(0x05, 13), "Manufacturer's data", Bytes() } };
-constexpr STable gsc_oMakerTable = { "Manufacturer specified descriptor", CZorEdidMap::eArea_Vendor, gsc_aoMakerRows };
-constexpr SRow gsc_aoUnknownRows[] = { { Run(0x05, 13), "Unknown", Unknown() } };
-constexpr STable gsc_oUnknownTable = { "Reserved descriptor", CZorEdidMap::eArea_Unused, gsc_aoUnknownRows };
+constexpr SRow gsc_aoDummyRows[] = { { eId_Padding, Run(0x05, 13), "Unused", Reserved() } };
+constexpr STable gsc_oDummyTable = { eId_BaseDummy, "Dummy descriptor", CZorEdidMap::eArea_Unused, gsc_aoDummyRows };
+constexpr SRow gsc_aoMakerRows[] = { { eId_BaseManufacturerData, Run(0x05, 13), "Manufacturer's data", Bytes() } };
+constexpr STable gsc_oMakerTable = { eId_BaseManufacturer, "Manufacturer specified descriptor",
+                                     CZorEdidMap::eArea_Vendor, gsc_aoMakerRows };
+constexpr SRow gsc_aoUnknownRows[] = { { eId_Unknown, Run(0x05, 13), "Unknown", Unknown() } };
+constexpr STable gsc_oUnknownTable = { eId_BaseReserved, "Reserved descriptor", CZorEdidMap::eArea_Unused,
+                                       gsc_aoUnknownRows };
 
 // ---- A timing whose end is missing ----
 
@@ -547,10 +591,10 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
         return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiField =
-        oWriter.BeginGroup("Detailed timing", CZorEdidMap::eArea_Timing, uiOffset, oRecord.GetSize());
+        oWriter.BeginGroup(eId_BaseDetailed, "Detailed timing", CZorEdidMap::eArea_Timing, uiOffset, oRecord.GetSize());
     oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a detailed timing has 18 bytes");
     oWriter.AddRows(g_oDetailedTimingTable, uiOffset, oRecord.GetSize());
-    oWriter.EndGroup("Unknown", CZorEdidMap::eKind_Unknown);
+    oWriter.EndGroup(gsc_oUnknownRest);
     return uiField;
 }
 
@@ -616,12 +660,13 @@ const char* CheckTag(const CRecord& oRecord, unsigned int uiTag)
 }
 
 constexpr SRow gsc_aoHeadRows[] = {
-    { Run(0x00, 2), "Display descriptor indicator", Bytes() },
-    { Byte(0x02), "Reserved", Reserved() },
-    { Byte(0x03), "Display descriptor tag", Names(gsc_aoTags).NoteOnly(), nullptr, CheckTag },
-    { Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
+    { eId_BaseDescriptorIndicator, Run(0x00, 2), "Display descriptor indicator", Bytes() },
+    { eId_Reserved, Byte(0x02), "Reserved", Reserved() },
+    { eId_BaseDescriptorTag, Byte(0x03), "Display descriptor tag", Names(gsc_aoTags).NoteOnly(), nullptr, CheckTag },
+    { eId_Reserved, Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
 };
-constexpr STable gsc_oHeadTable = { "Display descriptor", CZorEdidMap::eArea_Structure, gsc_aoHeadRows };
+constexpr STable gsc_oHeadTable = { eId_BaseDescriptor, "Display descriptor", CZorEdidMap::eArea_Structure,
+                                    gsc_aoHeadRows };
 
 void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int uiOffset)
 {
@@ -635,10 +680,10 @@ void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int 
 }
 } // namespace
 
-constinit const STable g_oDetailedTimingTable = { "Detailed timing", CZorEdidMap::eArea_Timing, gsc_aoDetailedRows,
-                                                  FormatDetailed };
-constinit const STable g_oCvtCodeTable = { "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows,
-                                           FormatCvtCode };
+constinit const STable g_oDetailedTimingTable = { eId_BaseDetailed, "Detailed timing", CZorEdidMap::eArea_Timing,
+                                                  gsc_aoDetailedRows, FormatDetailed };
+constinit const STable g_oCvtCodeTable = { eId_BaseCvtCode, "CVT 3 byte timing code", CZorEdidMap::eArea_Timing,
+                                           gsc_aoCodeRows, FormatCvtCode };
 
 SRangeLimits ReadRangeLimits(const CRecord& oRecord)
 {

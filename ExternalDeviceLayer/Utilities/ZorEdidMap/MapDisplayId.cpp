@@ -55,13 +55,14 @@ const char* CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLengt
 }
 
 constexpr SRow gsc_aoSectionRows[] = {
-    { Bits(0, 7, 4), "Structure version", Number(), nullptr, CheckVersion },
-    { Bits(0, 3, 0), "Structure revision", Number() },
-    { Byte(1), "Bytes in section", Number("bytes"), nullptr, CheckSectionLength },
-    { Byte(2), "Display product type identifier", Names(gsc_aoProductTypes), IsVersion1 },
-    { Byte(2), "Display product primary use case", Names(gsc_aoUseCases), IsVersion2 },
-    { Byte(2), "Unknown", Unknown(), IsLaterVersion },
-    { Byte(3), "Extension count", Number() },
+    { eId_DisplayidSectionVersion, Bits(0, 7, 4), "Structure version", Number(), nullptr, CheckVersion },
+    { eId_DisplayidSectionRevision, Bits(0, 3, 0), "Structure revision", Number() },
+    { eId_DisplayidSectionLength, Byte(1), "Bytes in section", Number("bytes"), nullptr, CheckSectionLength },
+    { eId_DisplayidSectionProductType, Byte(2), "Display product type identifier", Names(gsc_aoProductTypes),
+      IsVersion1 },
+    { eId_DisplayidSectionUseCase, Byte(2), "Display product primary use case", Names(gsc_aoUseCases), IsVersion2 },
+    { eId_Unknown, Byte(2), "Unknown", Unknown(), IsLaterVersion },
+    { eId_DisplayidSectionExtensionCount, Byte(3), "Extension count", Number() },
 };
 
 // "DisplayID 1.2"
@@ -71,9 +72,11 @@ CMString SectionText(const CRecord& oSection)
     sText.Format("DisplayID %u.%u", GetVersion(oSection), oSection.GetBits(0, 3, 0));
     return sText;
 }
-constexpr STable gsc_oSection = { "DisplayID section", eArea_Structure, gsc_aoSectionRows, SectionText };
+constexpr STable gsc_oSection = { eId_DisplayidSection, "DisplayID section", eArea_Structure, gsc_aoSectionRows,
+                                  SectionText };
 
-constexpr SRow gsc_oFiller = { RunToEnd(0), "Filler", Filler(0, "filler is not 0") };
+constexpr SRow gsc_oSectionChecksum = ChecksumRow(eId_DisplayidSectionChecksum, "Section checksum");
+constexpr SRow gsc_oFiller = { eId_Padding, RunToEnd(0), "Filler", Filler(0, "filler is not 0") };
 
 // ---- Which data blocks there are ----
 
@@ -89,7 +92,8 @@ constexpr SVersionedBlocks gsc_aoAllBlocks[] = {
     { 2, g_aoDisplayId2HeadMountedBlocks }, { 0, g_aoDisplayIdCtaBlocks },
 };
 
-constexpr SDisplayIdBlock gsc_oUnknownBlock = { 0, Group("Unknown data block", eArea_Unused), AtLeast(0) };
+constexpr SDisplayIdBlock gsc_oUnknownBlock = { 0, Group(eId_DisplayidUnknown, "Unknown data block", eArea_Unused),
+                                                AtLeast(0) };
 
 struct SKind
 {
@@ -116,14 +120,14 @@ SKind FindKind(unsigned int uiTag)
 
 constexpr unsigned int gsc_uiDataBlockLengthOffset = 2;
 
-constexpr SRow gsc_oDataBlockTag = { Byte(0), "Data block tag", MakeForm(CMap::eKind_Name) };
-constexpr SRow gsc_aoReservedFlagRows[] = { { Bits(1, 7, 3), "Reserved", Reserved() } };
-constexpr STable gsc_oReservedFlags = { "Flags", eArea_Structure, gsc_aoReservedFlagRows };
+constexpr SRow gsc_oDataBlockTag = { eId_DisplayidDataBlockTag, Byte(0), "Data block tag", MakeForm(CMap::eKind_Name) };
+constexpr SRow gsc_aoReservedFlagRows[] = { { eId_Reserved, Bits(1, 7, 3), "Reserved", Reserved() } };
+constexpr STable gsc_oReservedFlags = { eId_DisplayidDataBlock, "Flags", eArea_Structure, gsc_aoReservedFlagRows };
 constexpr SRow gsc_aoDataBlockRows[] = {
-    { Bits(1, 2, 0), "Block revision", Number() },
-    { Byte(2), "Number of payload bytes", Number("bytes") },
+    { eId_DisplayidDataBlockRevision, Bits(1, 2, 0), "Block revision", Number() },
+    { eId_DisplayidDataBlockLength, Byte(2), "Number of payload bytes", Number("bytes") },
 };
-constexpr STable gsc_oDataBlock = { "Data block", eArea_Structure, gsc_aoDataBlockRows };
+constexpr STable gsc_oDataBlock = { eId_DisplayidDataBlock, "Data block", eArea_Structure, gsc_aoDataBlockRows };
 
 const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
 {
@@ -172,7 +176,7 @@ void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
     {
         oKnown.m_pfnWalk(oWriter, oBlock, uiOffset);
     }
-    oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+    oWriter.EndGroup(gsc_oUnknownRest);
 }
 
 // ---- The data blocks of a section ----
@@ -279,7 +283,7 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     oWriter.AddRows(gsc_oSection, uiOffset, gsc_uiSectionHeaderSize);
     if (IsLaterVersion(oSection))
     {
-        oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+        oWriter.EndGroup(gsc_oUnknownRest);
         return;
     }
     if (uiEnd > gsc_uiSectionHeaderSize)
@@ -289,21 +293,21 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     }
     if (bWhole)
     {
-        oWriter.SetName(oWriter.AddChecksum(uiOffset, uiOffset + uiEnd), "Section checksum");
+        oWriter.AddChecksum(gsc_oSectionChecksum, uiOffset, uiOffset + uiEnd);
     }
-    oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+    oWriter.EndGroup(gsc_oUnknownRest);
 }
 } // namespace
 
 void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    oWriter.BeginBlock("DisplayID extension block", uiOffset, uiLength);
+    oWriter.BeginBlock(eId_Displayid, "DisplayID extension block", uiOffset, uiLength);
     oWriter.AddLeaf(g_oExtensionTagRow, eArea_Structure, uiOffset, uiLength);
     if (uiLength > gsc_uiSectionOffset)
     {
         MapSection(oWriter, uiOffset + gsc_uiSectionOffset,
                    std::min(uiLength - gsc_uiSectionOffset, gsc_uiLargestSection));
     }
-    oWriter.EndBlock("Filler");
+    oWriter.EndBlock(gsc_oFillerRest);
 }
 } // namespace ZorMap

@@ -34,9 +34,10 @@ struct SDisplayIdBlock
 };
 
 // The group of a data block.
-constexpr STable Group(const char* pszName, CZorEdidMap::EArea eArea, CMString (*pfnSummary)(const CRecord&) = nullptr)
+constexpr STable Group(EZorEdidField eId, const char* pszName, CZorEdidMap::EArea eArea,
+                       CMString (*pfnSummary)(const CRecord&) = nullptr)
 {
-    return { pszName, eArea, {}, pfnSummary };
+    return { eId, pszName, eArea, {}, pfnSummary };
 }
 
 // The kinds of data blocks of each version of the structure, topic by topic. No tag is in two of them.
@@ -65,21 +66,25 @@ bool HasLetters(const CRecord& oBlock)
 
 // The letters, or the OUI in their place with a note.
 template <unsigned int OFFSET>
-constexpr SRow LettersRow(const char* pszName)
+constexpr SRow LettersRow(EZorEdidField eId, const char* pszName)
 {
-    return { Run(OFFSET, 3), pszName, Text().NoteOnly().Text([](const CRecord& oBlock, unsigned int) {
-                if (!HasLetters<OFFSET>(oBlock))
-                {
-                    return OuiText(oBlock, oBlock.Get(Big24(OFFSET)));
-                }
-                CMString sLetters;
-                for (unsigned int i = OFFSET; i < OFFSET + 3; ++i)
-                {
-                    sLetters += static_cast<char>(oBlock.GetByte(i));
-                }
-                return sLetters;
-            }),
-             nullptr, [](const CRecord& oBlock, unsigned int) -> const char* {
+    return { eId,
+             Run(OFFSET, 3),
+             pszName,
+             Text().NoteOnly().Text([](const CRecord& oBlock, unsigned int) {
+                 if (!HasLetters<OFFSET>(oBlock))
+                 {
+                     return OuiText(oBlock, oBlock.Get(Big24(OFFSET)));
+                 }
+                 CMString sLetters;
+                 for (unsigned int i = OFFSET; i < OFFSET + 3; ++i)
+                 {
+                     sLetters += static_cast<char>(oBlock.GetByte(i));
+                 }
+                 return sLetters;
+             }),
+             nullptr,
+             [](const CRecord& oBlock, unsigned int) -> const char* {
                  return HasLetters<OFFSET>(oBlock) ? nullptr : "not three letters";
              } };
 }

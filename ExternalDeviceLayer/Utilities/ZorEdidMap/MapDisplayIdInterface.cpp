@@ -27,19 +27,22 @@ const char* CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoRangeRows[] = {
-    { Little24(0x03), "Minimum pixel clock", Number("kHz").Times(10, 10) },
-    { Little24(0x06), "Maximum pixel clock", Number("kHz").Times(10, 10), nullptr, CheckMaximumClock },
-    { Byte(0x09), "Minimum horizontal frequency", Number("kHz") },
-    { Byte(0x0A), "Maximum horizontal frequency", Number("kHz"), nullptr, CheckMaximum<0x09> },
-    { Little16(0x0B), "Minimum horizontal blanking", Number("pixels") },
-    { Byte(0x0D), "Minimum vertical refresh rate", Number("Hz") },
-    { Byte(0x0E), "Maximum vertical refresh rate", Number("Hz"), nullptr, CheckMaximum<0x0D> },
-    { Little16(0x0F), "Minimum vertical blanking", Number("lines") },
-    { Bit(0x11, 7), "Interlaced timings", Flag(gsc_aoSupported) },
-    { Bit(0x11, 6), "CVT timings", Flag(gsc_aoSupported) },
-    { Bit(0x11, 5), "CVT reduced blanking timings", Flag(gsc_aoSupported) },
-    { Bit(0x11, 4), "Discrete frequency display", Flag(gsc_aoDiscrete) },
-    { Bits(0x11, 3, 0), "Reserved", Reserved() },
+    { eId_DisplayidRangeMinPixelClock, Little24(0x03), "Minimum pixel clock", Number("kHz").Times(10, 10) },
+    { eId_DisplayidRangeMaxPixelClock, Little24(0x06), "Maximum pixel clock", Number("kHz").Times(10, 10), nullptr,
+      CheckMaximumClock },
+    { eId_DisplayidRangeMinHorizontalFrequency, Byte(0x09), "Minimum horizontal frequency", Number("kHz") },
+    { eId_DisplayidRangeMaxHorizontalFrequency, Byte(0x0A), "Maximum horizontal frequency", Number("kHz"), nullptr,
+      CheckMaximum<0x09> },
+    { eId_DisplayidRangeMinHorizontalBlanking, Little16(0x0B), "Minimum horizontal blanking", Number("pixels") },
+    { eId_DisplayidRangeMinVerticalRefreshRate, Byte(0x0D), "Minimum vertical refresh rate", Number("Hz") },
+    { eId_DisplayidRangeMaxVerticalRefreshRate, Byte(0x0E), "Maximum vertical refresh rate", Number("Hz"), nullptr,
+      CheckMaximum<0x0D> },
+    { eId_DisplayidRangeMinVerticalBlanking, Little16(0x0F), "Minimum vertical blanking", Number("lines") },
+    { eId_DisplayidRangeInterlacedTimings, Bit(0x11, 7), "Interlaced timings", Flag(gsc_aoSupported) },
+    { eId_DisplayidRangeCvtTimings, Bit(0x11, 6), "CVT timings", Flag(gsc_aoSupported) },
+    { eId_DisplayidRangeCvtReducedBlanking, Bit(0x11, 5), "CVT reduced blanking timings", Flag(gsc_aoSupported) },
+    { eId_DisplayidRangeDiscrete, Bit(0x11, 4), "Discrete frequency display", Flag(gsc_aoDiscrete) },
+    { eId_Reserved, Bits(0x11, 3, 0), "Reserved", Reserved() },
 };
 // "48 to 144 Hz"
 CMString RatesText(unsigned int uiLeast, unsigned int uiMost)
@@ -49,78 +52,93 @@ CMString RatesText(unsigned int uiLeast, unsigned int uiMost)
     return sText;
 }
 CMString RangeText(const CRecord& oBlock) { return RatesText(oBlock.GetByte(0x0D), oBlock.GetByte(0x0E)); }
-constexpr STable gsc_oRange = { "Video timing range limits", eArea_Timing, gsc_aoRangeRows };
+constexpr STable gsc_oRange = { eId_DisplayidRange, "Video timing range limits", eArea_Timing, gsc_aoRangeRows };
 
 // ---- Dynamic video timing range limits, DisplayID 2.0 (tag 25h): 9 bytes ----
 
 constexpr SPlace gsc_oWideMaximumRate = Split({ { 0x0B, 1, 0 }, { 0x0A, 7, 0 } });
 
 constexpr SRow gsc_aoDynamicRangeRows[] = {
-    { Little24(0x03), "Minimum pixel clock", NumberFrom1("kHz") },
-    { Little24(0x06), "Maximum pixel clock", NumberFrom1("kHz"), nullptr, CheckMaximumClock },
-    { Byte(0x09), "Minimum vertical refresh rate", Number("Hz") },
-    { Byte(0x0A), "Maximum vertical refresh rate", Number("Hz"), IsRevision0, CheckMaximum<0x09> },
-    { gsc_oWideMaximumRate, "Maximum vertical refresh rate", Number("Hz"), IsRevision1Plus, CheckMaximum<0x09> },
-    { Bit(0x0B, 7), "Seamless dynamic video timing", Flag(gsc_aoSupported) },
-    { Bits(0x0B, 6, 0), "Reserved", Reserved(), IsRevision0 },
-    { Bits(0x0B, 6, 2), "Reserved", Reserved(), IsRevision1Plus },
+    { eId_DisplayidRangeMinPixelClock, Little24(0x03), "Minimum pixel clock", NumberFrom1("kHz") },
+    { eId_DisplayidRangeMaxPixelClock, Little24(0x06), "Maximum pixel clock", NumberFrom1("kHz"), nullptr,
+      CheckMaximumClock },
+    { eId_DisplayidRangeMinVerticalRefreshRate, Byte(0x09), "Minimum vertical refresh rate", Number("Hz") },
+    { eId_DisplayidRangeMaxVerticalRefreshRate, Byte(0x0A), "Maximum vertical refresh rate", Number("Hz"), IsRevision0,
+      CheckMaximum<0x09> },
+    { eId_DisplayidRangeMaxVerticalRefreshRate, gsc_oWideMaximumRate, "Maximum vertical refresh rate", Number("Hz"),
+      IsRevision1Plus, CheckMaximum<0x09> },
+    { eId_DisplayidRangeSeamless, Bit(0x0B, 7), "Seamless dynamic video timing", Flag(gsc_aoSupported) },
+    { eId_Reserved, Bits(0x0B, 6, 0), "Reserved", Reserved(), IsRevision0 },
+    { eId_Reserved, Bits(0x0B, 6, 2), "Reserved", Reserved(), IsRevision1Plus },
 };
 CMString DynamicRangeText(const CRecord& oBlock)
 {
     const unsigned int uiMost = IsRevision0(oBlock) ? oBlock.GetByte(0x0A) : oBlock.Get(gsc_oWideMaximumRate);
     return RatesText(oBlock.GetByte(0x09), uiMost);
 }
-constexpr STable gsc_oDynamicRange = { "Dynamic video timing range limits", eArea_Timing, gsc_aoDynamicRangeRows };
+constexpr STable gsc_oDynamicRange = { eId_DisplayidRange, "Dynamic video timing range limits", eArea_Timing,
+                                       gsc_aoDynamicRangeRows };
 
 // ---- Interface power sequencing, DisplayID 1.3 (tag 0Dh): 6 bytes ----
 
 constexpr SRow gsc_aoPowerRows[] = {
-    { Bits(0x03, 7, 4), "T1 minimum", Number("ms").Decimals(1) },
-    { Bits(0x03, 3, 0), "T1 maximum", Number("ms").Times(2) },
-    { Bits(0x04, 7, 6), "Reserved", Reserved() },
-    { Bits(0x04, 5, 0), "T2 maximum", Number("ms").Times(2) },
-    { Bits(0x05, 7, 6), "Reserved", Reserved() },
-    { Bits(0x05, 5, 0), "T3 maximum", Number("ms").Times(2) },
-    { Bit(0x06, 7), "Reserved", Reserved() },
-    { Bits(0x06, 6, 0), "T4 minimum", Number("ms").Times(10) },
-    { Bits(0x07, 7, 6), "Reserved", Reserved() },
-    { Bits(0x07, 5, 0), "T5 minimum", Number("ms").Times(10) },
-    { Bits(0x08, 7, 6), "Reserved", Reserved() },
-    { Bits(0x08, 5, 0), "T6 minimum", Number("ms").Times(10) },
+    { eId_DisplayidPowerT1Min, Bits(0x03, 7, 4), "T1 minimum", Number("ms").Decimals(1) },
+    { eId_DisplayidPowerT1Max, Bits(0x03, 3, 0), "T1 maximum", Number("ms").Times(2) },
+    { eId_Reserved, Bits(0x04, 7, 6), "Reserved", Reserved() },
+    { eId_DisplayidPowerT2Max, Bits(0x04, 5, 0), "T2 maximum", Number("ms").Times(2) },
+    { eId_Reserved, Bits(0x05, 7, 6), "Reserved", Reserved() },
+    { eId_DisplayidPowerT3Max, Bits(0x05, 5, 0), "T3 maximum", Number("ms").Times(2) },
+    { eId_Reserved, Bit(0x06, 7), "Reserved", Reserved() },
+    { eId_DisplayidPowerT4Min, Bits(0x06, 6, 0), "T4 minimum", Number("ms").Times(10) },
+    { eId_Reserved, Bits(0x07, 7, 6), "Reserved", Reserved() },
+    { eId_DisplayidPowerT5Min, Bits(0x07, 5, 0), "T5 minimum", Number("ms").Times(10) },
+    { eId_Reserved, Bits(0x08, 7, 6), "Reserved", Reserved() },
+    { eId_DisplayidPowerT6Min, Bits(0x08, 5, 0), "T6 minimum", Number("ms").Times(10) },
 };
-constexpr STable gsc_oPower = { "Interface power sequencing", eArea_Display, gsc_aoPowerRows };
+constexpr STable gsc_oPower = { eId_DisplayidPower, "Interface power sequencing", eArea_Display, gsc_aoPowerRows };
 
 // ---- Depths of color, DisplayID 1.3 (tag 0Fh) and 2.0 (tag 26h): three bytes ----
 
 constexpr auto DepthRows(unsigned int uiOffset)
 {
     return std::to_array<SRow>({
-        { Bits(uiOffset, 7, 6), "Reserved", Reserved() },
-        { Bit(uiOffset, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
-        { Bits(uiOffset + 1, 7, 6), "Reserved", Reserved() },
-        { Bit(uiOffset + 1, 5), "YCbCr 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 1, 4), "YCbCr 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 1, 3), "YCbCr 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 1, 2), "YCbCr 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 1, 1), "YCbCr 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 1, 0), "YCbCr 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
-        { Bits(uiOffset + 2, 7, 5), "Reserved", Reserved() },
-        { Bit(uiOffset + 2, 4), "YCbCr 4:2:2, 16 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 2, 3), "YCbCr 4:2:2, 14 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 2, 2), "YCbCr 4:2:2, 12 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 2, 1), "YCbCr 4:2:2, 10 bits per color", Flag(gsc_aoSupported) },
-        { Bit(uiOffset + 2, 0), "YCbCr 4:2:2, 8 bits per color", Flag(gsc_aoSupported) },
+        { eId_Reserved, Bits(uiOffset, 7, 6), "Reserved", Reserved() },
+        { eId_DisplayidInterfaceRgb44416bpc, Bit(uiOffset, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb44414bpc, Bit(uiOffset, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb44412bpc, Bit(uiOffset, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb44410bpc, Bit(uiOffset, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb4448bpc, Bit(uiOffset, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb4446bpc, Bit(uiOffset, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+        { eId_Reserved, Bits(uiOffset + 1, 7, 6), "Reserved", Reserved() },
+        { eId_DisplayidInterfaceYcbcr44416bpc, Bit(uiOffset + 1, 5), "YCbCr 4:4:4, 16 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr44414bpc, Bit(uiOffset + 1, 4), "YCbCr 4:4:4, 14 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr44412bpc, Bit(uiOffset + 1, 3), "YCbCr 4:4:4, 12 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr44410bpc, Bit(uiOffset + 1, 2), "YCbCr 4:4:4, 10 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr4448bpc, Bit(uiOffset + 1, 1), "YCbCr 4:4:4, 8 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr4446bpc, Bit(uiOffset + 1, 0), "YCbCr 4:4:4, 6 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_Reserved, Bits(uiOffset + 2, 7, 5), "Reserved", Reserved() },
+        { eId_DisplayidInterfaceYcbcr42216bpc, Bit(uiOffset + 2, 4), "YCbCr 4:2:2, 16 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr42214bpc, Bit(uiOffset + 2, 3), "YCbCr 4:2:2, 14 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr42212bpc, Bit(uiOffset + 2, 2), "YCbCr 4:2:2, 12 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr42210bpc, Bit(uiOffset + 2, 1), "YCbCr 4:2:2, 10 bits per color",
+          Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceYcbcr4228bpc, Bit(uiOffset + 2, 0), "YCbCr 4:2:2, 8 bits per color",
+          Flag(gsc_aoSupported) },
     });
 }
 constexpr auto gsc_aoDepth1Rows = DepthRows(0x05);
 constexpr auto gsc_aoDepth2Rows = DepthRows(0x03);
-constexpr STable gsc_oDepths1 = { "Color depths", eArea_Display, gsc_aoDepth1Rows };
-constexpr STable gsc_oDepths2 = { "Color depths", eArea_Display, gsc_aoDepth2Rows };
+constexpr STable gsc_oDepths1 = { eId_DisplayidInterface, "Color depths", eArea_Display, gsc_aoDepth1Rows };
+constexpr STable gsc_oDepths2 = { eId_DisplayidInterface, "Color depths", eArea_Display, gsc_aoDepth2Rows };
 
 // ---- Display interface, DisplayID 1.3 (tag 0Fh): 10 bytes ----
 
@@ -145,61 +163,68 @@ bool IsProprietary(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_u
 bool IsNeither(const CRecord& oBlock) { return !IsLvds(oBlock) && !IsProprietary(oBlock); }
 
 constexpr SRow gsc_aoInterfaceTypeRows[] = {
-    { Bits(0x03, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
-    { Bits(0x03, 3, 0), "Analog interface", Names(gsc_aoAnalogInterfaces), IsAnalog },
-    { Bits(0x03, 3, 0), "Number of links", Number(), IsNot<IsAnalog> },
-    { Bits(0x04, 7, 4), "Interface standard version", Number() },
-    { Bits(0x04, 3, 0), "Interface standard revision", Number() },
+    { eId_DisplayidInterfaceType, Bits(0x03, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
+    { eId_DisplayidInterfaceAnalogInterface, Bits(0x03, 3, 0), "Analog interface", Names(gsc_aoAnalogInterfaces),
+      IsAnalog },
+    { eId_DisplayidInterfaceLinks, Bits(0x03, 3, 0), "Number of links", Number(), IsNot<IsAnalog> },
+    { eId_DisplayidInterfaceVersion, Bits(0x04, 7, 4), "Interface standard version", Number() },
+    { eId_DisplayidInterfaceRevision, Bits(0x04, 3, 0), "Interface standard revision", Number() },
 };
-constexpr STable gsc_oInterfaceType = { "Display interface", eArea_Display, gsc_aoInterfaceTypeRows };
+constexpr STable gsc_oInterfaceType = { eId_DisplayidInterface, "Display interface", eArea_Display,
+                                        gsc_aoInterfaceTypeRows };
 
 constexpr SRow gsc_aoInterfaceRows[] = {
-    { Bits(0x08, 7, 4), "Reserved", Reserved() },
-    { Bits(0x08, 3, 0), "Content protection", Names(gsc_aoProtections) },
-    { Bits(0x09, 7, 4), "Content protection version", Number() },
-    { Bits(0x09, 3, 0), "Content protection revision", Number() },
-    { Bits(0x0A, 7, 6), "Spread spectrum", Names(gsc_aoSpreads) },
-    { Bits(0x0A, 5, 4), "Reserved", Reserved() },
-    { Bits(0x0A, 3, 0), "Spread", Number("%").Decimals(1) },
-    { Bits(0x0B, 7, 5), "Reserved", Reserved(), IsLvds },
-    { Bit(0x0B, 4), "Color mapping", Flag(gsc_aoColourMappings), IsLvds },
-    { Bit(0x0B, 3), "2.8 V", Flag(gsc_aoSupported), IsLvds },
-    { Bit(0x0B, 2), "12 V", Flag(gsc_aoSupported), IsLvds },
-    { Bit(0x0B, 1), "5 V", Flag(gsc_aoSupported), IsLvds },
-    { Bit(0x0B, 0), "3.3 V", Flag(gsc_aoSupported), IsLvds },
-    { Bits(0x0C, 7, 3), "Reserved", Reserved(), IsLvds },
-    { Bit(0x0C, 2), "Mode", Flag(gsc_aoModes), IsLvds },
-    { Bit(0x0C, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels), IsLvds },
-    { Bit(0x0C, 0), "Shift clock data strobe", Flag(gsc_aoStrobes), IsLvds },
-    { Bits(0x0B, 7, 3), "Reserved", Reserved(), IsProprietary },
-    { Bit(0x0B, 2), "Mode", Flag(gsc_aoModes), IsProprietary },
-    { Bit(0x0B, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels), IsProprietary },
-    { Bit(0x0B, 0), "Shift clock data strobe", Flag(gsc_aoStrobes), IsProprietary },
-    { Byte(0x0C), "Reserved", Reserved(), IsProprietary },
-    { Run(0x0B, 2), "Reserved", Reserved(), IsNeither },
+    { eId_Reserved, Bits(0x08, 7, 4), "Reserved", Reserved() },
+    { eId_DisplayidInterfaceContentProtection, Bits(0x08, 3, 0), "Content protection", Names(gsc_aoProtections) },
+    { eId_DisplayidInterfaceContentProtectionVersion, Bits(0x09, 7, 4), "Content protection version", Number() },
+    { eId_DisplayidInterfaceContentProtectionRevision, Bits(0x09, 3, 0), "Content protection revision", Number() },
+    { eId_DisplayidInterfaceSpreadSpectrum, Bits(0x0A, 7, 6), "Spread spectrum", Names(gsc_aoSpreads) },
+    { eId_Reserved, Bits(0x0A, 5, 4), "Reserved", Reserved() },
+    { eId_DisplayidInterfaceSpread, Bits(0x0A, 3, 0), "Spread", Number("%").Decimals(1) },
+    { eId_Reserved, Bits(0x0B, 7, 5), "Reserved", Reserved(), IsLvds },
+    { eId_DisplayidInterfaceColorMapping, Bit(0x0B, 4), "Color mapping", Flag(gsc_aoColourMappings), IsLvds },
+    { eId_DisplayidInterface28V, Bit(0x0B, 3), "2.8 V", Flag(gsc_aoSupported), IsLvds },
+    { eId_DisplayidInterface12V, Bit(0x0B, 2), "12 V", Flag(gsc_aoSupported), IsLvds },
+    { eId_DisplayidInterface5V, Bit(0x0B, 1), "5 V", Flag(gsc_aoSupported), IsLvds },
+    { eId_DisplayidInterface33V, Bit(0x0B, 0), "3.3 V", Flag(gsc_aoSupported), IsLvds },
+    { eId_Reserved, Bits(0x0C, 7, 3), "Reserved", Reserved(), IsLvds },
+    { eId_DisplayidInterfaceMode, Bit(0x0C, 2), "Mode", Flag(gsc_aoModes), IsLvds },
+    { eId_DisplayidInterfaceDePolarity, Bit(0x0C, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels), IsLvds },
+    { eId_DisplayidInterfaceShiftClockDataStrobe, Bit(0x0C, 0), "Shift clock data strobe", Flag(gsc_aoStrobes),
+      IsLvds },
+    { eId_Reserved, Bits(0x0B, 7, 3), "Reserved", Reserved(), IsProprietary },
+    { eId_DisplayidInterfaceMode, Bit(0x0B, 2), "Mode", Flag(gsc_aoModes), IsProprietary },
+    { eId_DisplayidInterfaceDePolarity, Bit(0x0B, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels),
+      IsProprietary },
+    { eId_DisplayidInterfaceShiftClockDataStrobe, Bit(0x0B, 0), "Shift clock data strobe", Flag(gsc_aoStrobes),
+      IsProprietary },
+    { eId_Reserved, Byte(0x0C), "Reserved", Reserved(), IsProprietary },
+    { eId_Reserved, Run(0x0B, 2), "Reserved", Reserved(), IsNeither },
 };
 
 CMString InterfaceText(const CRecord& oBlock) { return CMString(FindMeaning(gsc_aoInterfaces, GetInterface(oBlock))); }
-constexpr STable gsc_oInterface = { "Display interface", eArea_Display, gsc_aoInterfaceRows };
+constexpr STable gsc_oInterface = { eId_DisplayidInterface, "Display interface", eArea_Display, gsc_aoInterfaceRows };
 
 // ---- Display interface features, DisplayID 2.0 (tag 26h): 9 bytes and up to 7 more ----
 
 constexpr SMeaning gsc_aoAnyRate[] = { { 0, 0, "any" } };
 
 constexpr SRow gsc_aoFeatureRows[] = {
-    { Bits(0x06, 7, 5), "Reserved", Reserved() },
-    { Bit(0x06, 4), "YCbCr 4:2:0, 16 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 3), "YCbCr 4:2:0, 14 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 2), "YCbCr 4:2:0, 12 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 1), "YCbCr 4:2:0, 10 bits per color", Flag(gsc_aoSupported) },
-    { Bit(0x06, 0), "YCbCr 4:2:0, 8 bits per color", Flag(gsc_aoSupported) },
-    { Byte(0x07), "Minimum pixel rate for YCbCr 4:2:0", Number("MP/s").Times(7425).Decimals(2).With(gsc_aoAnyRate) },
-    { Bit(0x08, 7), "Audio at 32 kHz", Flag(gsc_aoSupported) },
-    { Bit(0x08, 6), "Audio at 44.1 kHz", Flag(gsc_aoSupported) },
-    { Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
-    { Bits(0x08, 4, 0), "Reserved", Reserved() },
+    { eId_Reserved, Bits(0x06, 7, 5), "Reserved", Reserved() },
+    { eId_DisplayidInterfaceYcbcr42016bpc, Bit(0x06, 4), "YCbCr 4:2:0, 16 bits per color", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceYcbcr42014bpc, Bit(0x06, 3), "YCbCr 4:2:0, 14 bits per color", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceYcbcr42012bpc, Bit(0x06, 2), "YCbCr 4:2:0, 12 bits per color", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceYcbcr42010bpc, Bit(0x06, 1), "YCbCr 4:2:0, 10 bits per color", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceYcbcr4208bpc, Bit(0x06, 0), "YCbCr 4:2:0, 8 bits per color", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceYcbcr420MinPixelRate, Byte(0x07), "Minimum pixel rate for YCbCr 4:2:0",
+      Number("MP/s").Times(7425).Decimals(2).With(gsc_aoAnyRate) },
+    { eId_DisplayidInterfaceAudio32Khz, Bit(0x08, 7), "Audio at 32 kHz", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceAudio441Khz, Bit(0x08, 6), "Audio at 44.1 kHz", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceAudio48Khz, Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
+    { eId_Reserved, Bits(0x08, 4, 0), "Reserved", Reserved() },
 };
-constexpr STable gsc_oFeatures = { "Display interface features", eArea_Display, gsc_aoFeatureRows };
+constexpr STable gsc_oFeatures = { eId_DisplayidInterface, "Display interface features", eArea_Display,
+                                   gsc_aoFeatureRows };
 
 constexpr unsigned int gsc_uiCombinationsOffset = 0x0C; // of one byte each
 
@@ -209,30 +234,32 @@ const char* CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations
 }
 
 constexpr SRow gsc_aoColourFeatureRows[] = {
-    { Bit(0x09, 7), "Reserved", Reserved() },
-    { Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
-    { Bit(0x09, 5), "BT.2020", Flag(gsc_aoSupported) },
-    { Bit(0x09, 4), "DCI-P3", Flag(gsc_aoSupported) },
-    { Bit(0x09, 3), "Adobe RGB", Flag(gsc_aoSupported) },
-    { Bit(0x09, 2), "BT.709 with BT.1886", Flag(gsc_aoSupported) },
-    { Bit(0x09, 1), "BT.601", Flag(gsc_aoSupported) },
-    { Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
-    { Byte(0x0A), "Reserved", Reserved() },
-    { Bits(0x0B, 7, 3), "Reserved", Reserved() },
-    { Bits(0x0B, 2, 0), "Number of additional color space and EOTF combinations", Number(), nullptr,
-      CheckCombinations },
+    { eId_Reserved, Bit(0x09, 7), "Reserved", Reserved() },
+    { eId_DisplayidInterfaceBt2020St2084, Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceBt2020, Bit(0x09, 5), "BT.2020", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceDciP3, Bit(0x09, 4), "DCI-P3", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceAdobeRgb, Bit(0x09, 3), "Adobe RGB", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceBt709Bt1886, Bit(0x09, 2), "BT.709 with BT.1886", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceBt601, Bit(0x09, 1), "BT.601", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceSrgb, Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
+    { eId_Reserved, Byte(0x0A), "Reserved", Reserved() },
+    { eId_Reserved, Bits(0x0B, 7, 3), "Reserved", Reserved() },
+    { eId_DisplayidInterfaceCombinations, Bits(0x0B, 2, 0), "Number of additional color space and EOTF combinations",
+      Number(), nullptr, CheckCombinations },
 };
-constexpr STable gsc_oColourFeatures = { "Display interface features", eArea_Colour, gsc_aoColourFeatureRows };
+constexpr STable gsc_oColourFeatures = { eId_DisplayidInterface, "Display interface features", eArea_Colour,
+                                         gsc_aoColourFeatureRows };
 
 constexpr auto gsc_aoColourSpaces =
     ListedTo(15, { "undefined", "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "BT.2020", "custom" });
 constexpr auto gsc_aoEotfs = ListedTo(15, { "undefined", "sRGB", "BT.601", "BT.1886", "Adobe RGB", "DCI-P3", "BT.2020",
                                             "gamma function", "SMPTE ST 2084", "hybrid log", "custom" });
 constexpr SRow gsc_aoCombinationRows[] = {
-    { Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
-    { Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },
+    { eId_DisplayidInterfaceColorSpace, Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
+    { eId_DisplayidInterfaceEotf, Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },
 };
-constexpr STable gsc_oCombination = { "Color space and EOTF", eArea_Colour, gsc_aoCombinationRows };
+constexpr STable gsc_oCombination = { eId_DisplayidInterfaceCombination, "Color space and EOTF", eArea_Colour,
+                                      gsc_aoCombinationRows };
 
 void MapCombinations(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -261,19 +288,19 @@ bool IsMethod(const CRecord& oMethod)
 }
 
 constexpr SRow gsc_aoStereoFlagRows[] = {
-    { Bits(1, 7, 6), "Timings with stereo support", Names(gsc_aoStereoTimings) },
-    { Bits(1, 5, 3), "Reserved", Reserved() },
+    { eId_DisplayidStereoTimings, Bits(1, 7, 6), "Timings with stereo support", Names(gsc_aoStereoTimings) },
+    { eId_Reserved, Bits(1, 5, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oStereoFlags = { "Flags", eArea_Display, gsc_aoStereoFlagRows };
+constexpr STable gsc_oStereoFlags = { eId_DisplayidStereo, "Flags", eArea_Display, gsc_aoStereoFlagRows };
 
 const char* CheckMethodLength(const CRecord& /*oBlock*/, unsigned int uiLength)
 {
     return uiLength == 0 ? "no room for a method code" : nullptr;
 }
 
-constexpr SRow gsc_aoStereoRows[] = { { Byte(gsc_uiStereoLengthOffset), "Length of the stereo method", Number("bytes"),
-                                        nullptr, CheckMethodLength } };
-constexpr STable gsc_oStereo = { "Stereo display interface", eArea_Structure, gsc_aoStereoRows };
+constexpr SRow gsc_aoStereoRows[] = { { eId_DisplayidStereoMethodLength, Byte(gsc_uiStereoLengthOffset),
+                                        "Length of the stereo method", Number("bytes"), nullptr, CheckMethodLength } };
+constexpr STable gsc_oStereo = { eId_DisplayidStereo, "Stereo display interface", eArea_Structure, gsc_aoStereoRows };
 
 constexpr unsigned char gsc_aui8MethodSizes[] = { 2, 2, 9, 2, 3, 2 }; // by the code, which counts
 
@@ -295,26 +322,27 @@ bool HasUnknownParameters(const CRecord& oMethod)
 
 // The method code and its parameters, counted from the code.
 constexpr SRow gsc_aoMethodRows[] = {
-    { Byte(0), "Stereo method code", Names(gsc_aoStereoMethods), nullptr, CheckMethod },
-    { Bit(1, 0), "Stereo polarity", Flag(gsc_aoStereoPolarities), IsMethod<0> },
-    { Bit(1, 0), "Left half", Flag(gsc_aoViews), IsMethod<1> },
-    { Run(1, 8), "Interleaving pattern, 8 rows", Bytes(), IsMethod<2> }, // bit 7 leftmost; 1 is left
-    { Bits(1, 2, 1), "Mirroring", Names(gsc_aoMirrorings), IsMethod<3> },
-    { Bit(1, 0), "View of this interface", Flag(gsc_aoViews), IsMethod<3> },
-    { Byte(1), "Number of views", Number(), IsMethod<4> },
-    { Byte(2), "Interleaving method code", Number(), IsMethod<4> },
-    { Bit(1, 0), "Top half", Flag(gsc_aoViews), IsMethod<5> },
-    { RunToEnd(1), "Proprietary parameters", Bytes(), IsMethod<255> },
-    { RunToEnd(1), "Unknown", Unknown(), HasUnknownParameters },
+    { eId_DisplayidStereoMethodCode, Byte(0), "Stereo method code", Names(gsc_aoStereoMethods), nullptr, CheckMethod },
+    { eId_DisplayidStereoPolarity, Bit(1, 0), "Stereo polarity", Flag(gsc_aoStereoPolarities), IsMethod<0> },
+    { eId_DisplayidStereoLeftHalf, Bit(1, 0), "Left half", Flag(gsc_aoViews), IsMethod<1> },
+    { eId_DisplayidStereoInterleavingPattern, Run(1, 8), "Interleaving pattern, 8 rows", Bytes(),
+      IsMethod<2> }, // bit 7 leftmost; 1 is left
+    { eId_DisplayidStereoMirroring, Bits(1, 2, 1), "Mirroring", Names(gsc_aoMirrorings), IsMethod<3> },
+    { eId_DisplayidStereoView, Bit(1, 0), "View of this interface", Flag(gsc_aoViews), IsMethod<3> },
+    { eId_DisplayidStereoViews, Byte(1), "Number of views", Number(), IsMethod<4> },
+    { eId_DisplayidStereoInterleavingMethod, Byte(2), "Interleaving method code", Number(), IsMethod<4> },
+    { eId_DisplayidStereoTopHalf, Bit(1, 0), "Top half", Flag(gsc_aoViews), IsMethod<5> },
+    { eId_DisplayidStereoProprietaryParameters, RunToEnd(1), "Proprietary parameters", Bytes(), IsMethod<255> },
+    { eId_Unknown, RunToEnd(1), "Unknown", Unknown(), HasUnknownParameters },
 };
-constexpr STable gsc_oMethod = { "Stereo method", eArea_Display, gsc_aoMethodRows };
+constexpr STable gsc_oMethod = { eId_DisplayidStereoMethod, "Stereo method", eArea_Display, gsc_aoMethodRows };
 
 constexpr SRow gsc_aoCodeGroupRows[] = {
-    { Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
-    { Bit(0, 5), "Reserved", Reserved() },
-    { Bits(0, 4, 0), "Number of timing codes", Number() },
+    { eId_DisplayidStereoCodeType, Bits(0, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
+    { eId_Reserved, Bit(0, 5), "Reserved", Reserved() },
+    { eId_DisplayidStereoCodeCount, Bits(0, 4, 0), "Number of timing codes", Number() },
 };
-constexpr STable gsc_oCodeGroup = { "Timing codes", eArea_Timing, gsc_aoCodeGroupRows };
+constexpr STable gsc_oCodeGroup = { eId_DisplayidStereoCodes, "Timing codes", eArea_Timing, gsc_aoCodeGroupRows };
 
 // Groups of codes from byte uiAt of the block on.
 void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiAt)
@@ -395,30 +423,35 @@ constexpr SForm gsc_oBezelForm = Number("pixels").Decimals(1).Computed(GetBezel)
 constexpr auto TileRows(const SRow& oVendor)
 {
     return std::to_array<SRow>({
-        { Bit(0x03, 7), "Physical enclosures", Flag(gsc_aoEnclosures) },
-        { Bit(0x03, 6), "Bezel information", Flag(gsc_aoBezels) },
-        { Bit(0x03, 5), "Reserved", Reserved() },
-        { Bits(0x03, 4, 3), "Behavior when more than one tile is driven, but not all", Names(gsc_aoSomeTiles) },
-        { Bits(0x03, 2, 0), "Behavior when it is the only tile driven", Names(gsc_aoOneTile) },
-        { gsc_oTilesX, "Number of horizontal tiles", NumberFrom1() },
-        { gsc_oTilesY, "Number of vertical tiles", NumberFrom1() },
-        { gsc_oTileX, "Horizontal tile location", Number(), nullptr, CheckLocation<gsc_oTilesX> },
-        { gsc_oTileY, "Vertical tile location", Number(), nullptr, CheckLocation<gsc_oTilesY> },
-        { Little16(0x07), "Horizontal tile size", NumberFrom1("pixels") },
-        { Little16(0x09), "Vertical tile size", NumberFrom1("lines") },
-        { Byte(0x0B), "Pixel multiplier", Number(), nullptr, CheckMultiplier },
-        { Byte(0x0C), "Top bezel size", gsc_oBezelForm, HasBezels },
-        { Byte(0x0D), "Bottom bezel size", gsc_oBezelForm, HasBezels },
-        { Byte(0x0E), "Right bezel size", gsc_oBezelForm, HasBezels },
-        { Byte(0x0F), "Left bezel size", gsc_oBezelForm, HasBezels },
-        { Run(0x0C, 4), "Bezel sizes, not used", Reserved(), IsNot<HasBezels> },
+        { eId_DisplayidTiledEnclosures, Bit(0x03, 7), "Physical enclosures", Flag(gsc_aoEnclosures) },
+        { eId_DisplayidTiledBezelInformation, Bit(0x03, 6), "Bezel information", Flag(gsc_aoBezels) },
+        { eId_Reserved, Bit(0x03, 5), "Reserved", Reserved() },
+        { eId_DisplayidTiledSomeTilesBehavior, Bits(0x03, 4, 3),
+          "Behavior when more than one tile is driven, but not all", Names(gsc_aoSomeTiles) },
+        { eId_DisplayidTiledOnlyTileBehavior, Bits(0x03, 2, 0), "Behavior when it is the only tile driven",
+          Names(gsc_aoOneTile) },
+        { eId_DisplayidTiledHorizontalTiles, gsc_oTilesX, "Number of horizontal tiles", NumberFrom1() },
+        { eId_DisplayidTiledVerticalTiles, gsc_oTilesY, "Number of vertical tiles", NumberFrom1() },
+        { eId_DisplayidTiledColumn, gsc_oTileX, "Horizontal tile location", Number(), nullptr,
+          CheckLocation<gsc_oTilesX> },
+        { eId_DisplayidTiledRow, gsc_oTileY, "Vertical tile location", Number(), nullptr, CheckLocation<gsc_oTilesY> },
+        { eId_DisplayidTiledTileWidth, Little16(0x07), "Horizontal tile size", NumberFrom1("pixels") },
+        { eId_DisplayidTiledTileHeight, Little16(0x09), "Vertical tile size", NumberFrom1("lines") },
+        { eId_DisplayidTiledPixelMultiplier, Byte(0x0B), "Pixel multiplier", Number(), nullptr, CheckMultiplier },
+        { eId_DisplayidTiledTopBezel, Byte(0x0C), "Top bezel size", gsc_oBezelForm, HasBezels },
+        { eId_DisplayidTiledBottomBezel, Byte(0x0D), "Bottom bezel size", gsc_oBezelForm, HasBezels },
+        { eId_DisplayidTiledRightBezel, Byte(0x0E), "Right bezel size", gsc_oBezelForm, HasBezels },
+        { eId_DisplayidTiledLeftBezel, Byte(0x0F), "Left bezel size", gsc_oBezelForm, HasBezels },
+        { eId_Reserved, Run(0x0C, 4), "Bezel sizes, not used", Reserved(), IsNot<HasBezels> },
         oVendor,
-        { Little16(0x13), "Tiled display product ID code", Number() },
-        { Little32(0x15), "Tiled display serial number", Number() },
+        { eId_DisplayidTiledProductCode, Little16(0x13), "Tiled display product ID code", Number() },
+        { eId_DisplayidTiledSerialNumber, Little32(0x15), "Tiled display serial number", Number() },
     });
 }
-constexpr auto gsc_aoTile1Rows = TileRows(LettersRow<0x10>("Tiled display manufacturer/vendor ID"));
-constexpr auto gsc_aoTile2Rows = TileRows({ Big24(0x10), "Tiled display manufacturer/vendor ID", Oui() });
+constexpr auto gsc_aoTile1Rows =
+    TileRows(LettersRow<0x10>(eId_DisplayidTiledVendor, "Tiled display manufacturer/vendor ID"));
+constexpr auto gsc_aoTile2Rows =
+    TileRows({ eId_DisplayidTiledVendor, Big24(0x10), "Tiled display manufacturer/vendor ID", Oui() });
 
 // "column 1, row 0 of 2 x 1"
 CMString TileText(const CRecord& oBlock)
@@ -428,8 +461,8 @@ CMString TileText(const CRecord& oBlock)
                  oBlock.Get(gsc_oTilesX) + 1, oBlock.Get(gsc_oTilesY) + 1);
     return sText;
 }
-constexpr STable gsc_oTile1 = { "Tiled display topology", eArea_Display, gsc_aoTile1Rows };
-constexpr STable gsc_oTile2 = { "Tiled display topology", eArea_Display, gsc_aoTile2Rows };
+constexpr STable gsc_oTile1 = { eId_DisplayidTiled, "Tiled display topology", eArea_Display, gsc_aoTile1Rows };
+constexpr STable gsc_oTile2 = { eId_DisplayidTiled, "Tiled display topology", eArea_Display, gsc_aoTile2Rows };
 
 // ---- Adaptive sync, DisplayID 2.1 (tag 2Bh): descriptors of 6 bytes and more ----
 
@@ -446,32 +479,38 @@ const char* CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate
 }
 
 constexpr SRow gsc_aoAdaptiveRows[] = {
-    { Bits(0, 7, 6), "Reserved", Reserved() },
-    { Bit(0, 5), "Maximum single frame duration decrease without jitter impact", Flag() },
-    { Bit(0, 4), "Seamless transition", Flag(gsc_aoSeamless) },
-    { Bits(0, 3, 2), "Adaptive sync mode", Names(gsc_aoAdaptiveModes) },
-    { Bit(0, 1), "Maximum single frame duration increase without jitter impact", Flag() },
-    { Bit(0, 0), "Adaptive sync range", Flag(gsc_aoPanelRanges) },
-    { Byte(1), "Maximum single frame duration increase", Number("ms").Times(25).Decimals(2) },
-    { Byte(2), "Minimum refresh rate", Number("Hz") },
-    { gsc_oAdaptiveMaximum, "Maximum refresh rate", NumberFrom1("Hz"), nullptr, CheckAdaptiveMaximum },
-    { Bits(4, 7, 2), "Reserved", Reserved() },
-    { Byte(5), "Maximum single frame duration decrease", Number("ms").Times(25).Decimals(2) },
+    { eId_Reserved, Bits(0, 7, 6), "Reserved", Reserved() },
+    { eId_DisplayidAdaptiveSyncDecreaseWithoutJitter, Bit(0, 5),
+      "Maximum single frame duration decrease without jitter impact", Flag() },
+    { eId_DisplayidAdaptiveSyncSeamlessTransition, Bit(0, 4), "Seamless transition", Flag(gsc_aoSeamless) },
+    { eId_DisplayidAdaptiveSyncMode, Bits(0, 3, 2), "Adaptive sync mode", Names(gsc_aoAdaptiveModes) },
+    { eId_DisplayidAdaptiveSyncIncreaseWithoutJitter, Bit(0, 1),
+      "Maximum single frame duration increase without jitter impact", Flag() },
+    { eId_DisplayidAdaptiveSyncRange, Bit(0, 0), "Adaptive sync range", Flag(gsc_aoPanelRanges) },
+    { eId_DisplayidAdaptiveSyncMaxDurationIncrease, Byte(1), "Maximum single frame duration increase",
+      Number("ms").Times(25).Decimals(2) },
+    { eId_DisplayidAdaptiveSyncMinRefreshRate, Byte(2), "Minimum refresh rate", Number("Hz") },
+    { eId_DisplayidAdaptiveSyncMaxRefreshRate, gsc_oAdaptiveMaximum, "Maximum refresh rate", NumberFrom1("Hz"), nullptr,
+      CheckAdaptiveMaximum },
+    { eId_Reserved, Bits(4, 7, 2), "Reserved", Reserved() },
+    { eId_DisplayidAdaptiveSyncMaxDurationDecrease, Byte(5), "Maximum single frame duration decrease",
+      Number("ms").Times(25).Decimals(2) },
 };
 
 CMString AdaptiveText(const CRecord& oDescriptor)
 {
     return RatesText(oDescriptor.GetByte(2), oDescriptor.Get(gsc_oAdaptiveMaximum) + 1);
 }
-constexpr STable gsc_oAdaptive = { "Adaptive sync descriptor", eArea_Timing, gsc_aoAdaptiveRows, AdaptiveText };
+constexpr STable gsc_oAdaptive = { eId_DisplayidAdaptiveSyncDescriptor, "Adaptive sync descriptor", eArea_Timing,
+                                   gsc_aoAdaptiveRows, AdaptiveText };
 constexpr unsigned int gsc_uiAdaptiveSize = 6;
 
 constexpr SRow gsc_aoAdaptiveFlagRows[] = {
-    { Bit(1, 7), "Reserved", Reserved() },
-    { Bits(1, 6, 4), "Extra bytes of each descriptor", Number("bytes") },
-    { Bit(1, 3), "Reserved", Reserved() },
+    { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
+    { eId_DisplayidAdaptiveSyncExtraBytes, Bits(1, 6, 4), "Extra bytes of each descriptor", Number("bytes") },
+    { eId_Reserved, Bit(1, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oAdaptiveFlags = { "Flags", eArea_Structure, gsc_aoAdaptiveFlagRows };
+constexpr STable gsc_oAdaptiveFlags = { eId_DisplayidAdaptiveSync, "Flags", eArea_Structure, gsc_aoAdaptiveFlagRows };
 
 void MapAdaptive(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -499,31 +538,34 @@ constexpr auto gsc_aoStreams = Listed({ "not supported", "two streams", "four st
 constexpr SPlace gsc_oDscDepth = Split({ { 0x08, 5, 0 }, { 0x09, 3, 0 } });
 
 constexpr SRow gsc_aoVendor2Rows[] = {
-    { Big24(0x03), "Manufacturer/vendor ID", Oui() },
-    { Bit(0x06, 7), "Default color space and EOTF", Flag(gsc_aoDefaultColours), IsVesa },
-    { Bits(0x06, 6, 3), "Reserved", Reserved(), IsVesa },
-    { Bits(0x06, 2, 0), "Data structure type", Names(gsc_aoStructures), IsVesa },
-    { Bit(0x07, 7), "Reserved", Reserved(), IsVesa },
-    { Bits(0x07, 6, 5), "Multi-SST operation", Names(gsc_aoStreams), IsVesa },
-    { Bit(0x07, 4), "Reserved", Reserved(), IsVesa },
-    { Bits(0x07, 3, 0), "Pixels that overlap an adjacent panel", Number("pixels"), IsVesa, CheckWithin<0, 8> },
-    { Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
-    { gsc_oDscDepth, "Pass-through timing's DSC bits per pixel", Fraction("bits per pixel", 16), HasDsc },
-    { Bits(0x09, 7, 4), "Reserved", Reserved(), HasDsc },
-    { RunToEnd(0x06), "Vendor data", Bytes(), IsNot<IsVesa> },
+    { eId_DisplayidVendorId, Big24(0x03), "Manufacturer/vendor ID", Oui() },
+    { eId_DisplayidVendorDefaultColorSpace, Bit(0x06, 7), "Default color space and EOTF", Flag(gsc_aoDefaultColours),
+      IsVesa },
+    { eId_Reserved, Bits(0x06, 6, 3), "Reserved", Reserved(), IsVesa },
+    { eId_DisplayidVendorDataStructureType, Bits(0x06, 2, 0), "Data structure type", Names(gsc_aoStructures), IsVesa },
+    { eId_Reserved, Bit(0x07, 7), "Reserved", Reserved(), IsVesa },
+    { eId_DisplayidVendorMultiSstOperation, Bits(0x07, 6, 5), "Multi-SST operation", Names(gsc_aoStreams), IsVesa },
+    { eId_Reserved, Bit(0x07, 4), "Reserved", Reserved(), IsVesa },
+    { eId_DisplayidVendorOverlap, Bits(0x07, 3, 0), "Pixels that overlap an adjacent panel", Number("pixels"), IsVesa,
+      CheckWithin<0, 8> },
+    { eId_Reserved, Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
+    { eId_DisplayidVendorDscBitsPerPixel, gsc_oDscDepth, "Pass-through timing's DSC bits per pixel",
+      Fraction("bits per pixel", 16), HasDsc },
+    { eId_Reserved, Bits(0x09, 7, 4), "Reserved", Reserved(), HasDsc },
+    { eId_DisplayidVendorData, RunToEnd(0x06), "Vendor data", Bytes(), IsNot<IsVesa> },
 };
-constexpr STable gsc_oVendor2 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor2Rows };
+constexpr STable gsc_oVendor2 = { eId_DisplayidVendor, "Vendor-specific", eArea_Vendor, gsc_aoVendor2Rows };
 
 constexpr SRow gsc_aoVendor1Rows[] = {
-    { Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters<0x03> },
-    { Big24(0x03), "Manufacturer/vendor ID", Oui(), IsNot<HasLetters<0x03>> },
-    { RunToEnd(0x06), "Vendor data", Bytes() },
+    { eId_DisplayidVendorId, Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters<0x03> },
+    { eId_DisplayidVendorId, Big24(0x03), "Manufacturer/vendor ID", Oui(), IsNot<HasLetters<0x03>> },
+    { eId_DisplayidVendorData, RunToEnd(0x06), "Vendor data", Bytes() },
 };
-constexpr STable gsc_oVendor1 = { "Vendor-specific", eArea_Vendor, gsc_aoVendor1Rows };
+constexpr STable gsc_oVendor1 = { eId_DisplayidVendor, "Vendor-specific", eArea_Vendor, gsc_aoVendor1Rows };
 
 // The meaning of the flags is the maker's.
-constexpr SRow gsc_aoVendorFlagRows[] = { { Bits(1, 7, 3), "Vendor flags", Bytes() } };
-constexpr STable gsc_oVendorFlags = { "Flags", eArea_Vendor, gsc_aoVendorFlagRows };
+constexpr SRow gsc_aoVendorFlagRows[] = { { eId_DisplayidVendorFlags, Bits(1, 7, 3), "Vendor flags", Bytes() } };
+constexpr STable gsc_oVendorFlags = { eId_DisplayidVendor, "Flags", eArea_Vendor, gsc_aoVendorFlagRows };
 
 // ---- CTA-861 data blocks, DisplayID 1.3 and 2.0 (tag 81h) ----
 
@@ -536,34 +578,34 @@ void MapCtaInDisplayId(CMapWriter& oWriter, const CRecord& oBlock, unsigned int 
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
-    { 0x09, Group("Video timing range limits data block", eArea_Timing, RangeText),
+    { 0x09, Group(eId_DisplayidRange, "Video timing range limits data block", eArea_Timing, RangeText),
       Exactly(15), nullptr, { &gsc_oRange } },
-    { 0x0D, Group("Interface power sequencing data block", eArea_Display), Exactly(6), nullptr, { &gsc_oPower } },
-    { 0x0F, Group("Display interface data block", eArea_Display, InterfaceText),
+    { 0x0D, Group(eId_DisplayidPower, "Interface power sequencing data block", eArea_Display), Exactly(6), nullptr, { &gsc_oPower } },
+    { 0x0F, Group(eId_DisplayidInterface, "Display interface data block", eArea_Display, InterfaceText),
       Exactly(10), nullptr, { &gsc_oInterfaceType, &gsc_oDepths1, &gsc_oInterface } },
-    { 0x10, Group("Stereo display interface data block", eArea_Display),
+    { 0x10, Group(eId_DisplayidStereo, "Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
-    { 0x12, Group("Tiled display topology data block", eArea_Display, TileText),
+    { 0x12, Group(eId_DisplayidTiled, "Tiled display topology data block", eArea_Display, TileText),
       Exactly(22), nullptr, { &gsc_oTile1 } },
-    { 0x7F, Group("Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor1 } },
+    { 0x7F, Group(eId_DisplayidVendor, "Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor1 } },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x25, Group("Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
+    { 0x25, Group(eId_DisplayidRange, "Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
       Exactly(9), nullptr, { &gsc_oDynamicRange } },
-    { 0x26, Group("Display interface features data block", eArea_Display),
+    { 0x26, Group(eId_DisplayidInterface, "Display interface features data block", eArea_Display),
       { 9, 16 }, nullptr, { &gsc_oDepths2, &gsc_oFeatures, &gsc_oColourFeatures }, MapCombinations },
-    { 0x27, Group("Stereo display interface data block", eArea_Display),
+    { 0x27, Group(eId_DisplayidStereo, "Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
-    { 0x28, Group("Tiled display topology data block", eArea_Display, TileText),
+    { 0x28, Group(eId_DisplayidTiled, "Tiled display topology data block", eArea_Display, TileText),
       Exactly(22), nullptr, { &gsc_oTile2 } },
-    { 0x2B, Group("Adaptive sync data block", eArea_Timing),
+    { 0x2B, Group(eId_DisplayidAdaptiveSync, "Adaptive sync data block", eArea_Timing),
       ItemsWithExtraBytes(gsc_uiAdaptiveSize), &gsc_oAdaptiveFlags, {}, MapAdaptive },
-    { 0x7E, Group("Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor2 } },
+    { 0x7E, Group(eId_DisplayidVendor, "Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor2 } },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocksOfBoth[] = {
-    { 0x81, Group("CTA-861 data block", eArea_Structure), AtLeast(1), nullptr, {}, MapCtaInDisplayId },
+    { 0x81, Group(eId_DisplayidCta, "CTA-861 data block", eArea_Structure), AtLeast(1), nullptr, {}, MapCtaInDisplayId },
 };
 // clang-format on
 } // namespace

@@ -28,26 +28,29 @@ const char* CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
     return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? gsc_szContradiction : nullptr;
 }
 
-constexpr SRow gsc_oVendorPnp = LettersRow<3>("Manufacturer/vendor ID");
-constexpr SRow gsc_oVendorOui = { Big24(3), "Manufacturer/vendor ID", Oui() };
+constexpr SRow gsc_oVendorPnp = LettersRow<3>(eId_DisplayidProductVendor, "Manufacturer/vendor ID");
+constexpr SRow gsc_oVendorOui = { eId_DisplayidProductVendor, Big24(3), "Manufacturer/vendor ID", Oui() };
 
 constexpr auto ProductRows(const SRow& oVendor)
 {
     return std::to_array<SRow>({
         oVendor,
-        { Little16(0x06), "Product ID code", Number() },
-        { Little32(0x08), "Serial number", Number().With(gsc_aoZeroNotGiven) },
-        { Byte(0x0C), "Week of manufacture", Number().With(gsc_aoWeeks), nullptr, CheckWeek },
-        { Byte(0x0D), "Year of manufacture or model year", Number().Times(1, 2000) },
-        { Byte(gsc_uiProductTextLengthOffset), "Product ID string size", Number("bytes"), nullptr, CheckTextLength },
+        { eId_DisplayidProductProductCode, Little16(0x06), "Product ID code", Number() },
+        { eId_DisplayidProductSerialNumber, Little32(0x08), "Serial number", Number().With(gsc_aoZeroNotGiven) },
+        { eId_DisplayidProductWeek, Byte(0x0C), "Week of manufacture", Number().With(gsc_aoWeeks), nullptr, CheckWeek },
+        { eId_DisplayidProductYear, Byte(0x0D), "Year of manufacture or model year", Number().Times(1, 2000) },
+        { eId_DisplayidProductNameSize, Byte(gsc_uiProductTextLengthOffset), "Product ID string size", Number("bytes"),
+          nullptr, CheckTextLength },
     });
 }
 constexpr auto gsc_aoProduct1Rows = ProductRows(gsc_oVendorPnp);
 constexpr auto gsc_aoProduct2Rows = ProductRows(gsc_oVendorOui);
-constexpr STable gsc_oProduct1 = { "Product identification", eArea_Identity, gsc_aoProduct1Rows };
-constexpr STable gsc_oProduct2 = { "Product identification", eArea_Identity, gsc_aoProduct2Rows };
+constexpr STable gsc_oProduct1 = { eId_DisplayidProduct, "Product identification", eArea_Identity, gsc_aoProduct1Rows };
+constexpr STable gsc_oProduct2 = { eId_DisplayidProduct, "Product identification", eArea_Identity, gsc_aoProduct2Rows };
 
-constexpr SRow gsc_oProductText = { RunToEnd(0), "Product ID string", Text(), nullptr, CheckAscii<0> };
+constexpr SRow gsc_oProductText = {
+    eId_DisplayidProductName, RunToEnd(0), "Product ID string", Text(), nullptr, CheckAscii<0>
+};
 
 void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -60,14 +63,16 @@ void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiO
 
 // ---- Texts, DisplayID 1.3 (tags 0Ah and 0Bh); container ID, DisplayID 2.0 (tag 29h) ----
 
-constexpr SRow gsc_aoSerialRows[] = { { RunToEnd(3), "Serial number", Text(), nullptr, CheckAscii<3> } };
-constexpr STable gsc_oSerial = { "Serial number", eArea_Identity, gsc_aoSerialRows };
+constexpr SRow gsc_aoSerialRows[] = { { eId_DisplayidSerialNumber, RunToEnd(3), "Serial number", Text(), nullptr,
+                                        CheckAscii<3> } };
+constexpr STable gsc_oSerial = { eId_DisplayidSerial, "Serial number", eArea_Identity, gsc_aoSerialRows };
 
-constexpr SRow gsc_aoStringRows[] = { { RunToEnd(3), "String", Text(), nullptr, CheckAscii<3> } };
-constexpr STable gsc_oString = { "String", eArea_Identity, gsc_aoStringRows };
+constexpr SRow gsc_aoStringRows[] = { { eId_DisplayidStringText, RunToEnd(3), "String", Text(), nullptr,
+                                        CheckAscii<3> } };
+constexpr STable gsc_oString = { eId_DisplayidString, "String", eArea_Identity, gsc_aoStringRows };
 
-constexpr SRow gsc_aoContainerIdRows[] = { ContainerIdRow<gsc_uiPayloadOffset>() };
-constexpr STable gsc_oContainerId = { "ContainerID", eArea_Identity, gsc_aoContainerIdRows };
+constexpr SRow gsc_aoContainerIdRows[] = { ContainerIdRow<gsc_uiPayloadOffset>(eId_DisplayidContainerId) };
+constexpr STable gsc_oContainerId = { eId_DisplayidContainer, "ContainerID", eArea_Identity, gsc_aoContainerIdRows };
 
 // ---- Luminances: IEEE 754 half precision, in cd/m2 ----
 
@@ -120,25 +125,29 @@ const char* CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
 }
 
 template <const auto& MEANINGS = gsc_aoLuminances>
-constexpr SRow LuminanceRow(unsigned int uiOffset, const char* pszName)
+constexpr SRow LuminanceRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
 {
-    return { Little16(uiOffset), pszName,
+    return { eId,
+             Little16(uiOffset),
+             pszName,
              Number("cd/m2")
                  .Decimals(gsc_uiLuminanceDecimals)
                  .Computed(GetLuminance)
                  .With(MEANINGS)
                  .Text(LuminanceText<MEANINGS>),
-             nullptr, CheckLuminance };
+             nullptr,
+             CheckLuminance };
 }
 
 // ---- Brightness luminance range, DisplayID 2.1 (tag 2Eh): 6 bytes ----
 
 constexpr SRow gsc_aoBrightnessRows[] = {
-    LuminanceRow<gsc_aoLeastSdr>(0x03, "Minimum SDR luminance, full coverage"),
-    LuminanceRow(0x05, "Maximum suggested SDR luminance, full coverage"),
-    LuminanceRow(0x07, "Maximum boost SDR luminance"),
+    LuminanceRow<gsc_aoLeastSdr>(eId_DisplayidBrightnessMinSdrLuminance, 0x03, "Minimum SDR luminance, full coverage"),
+    LuminanceRow(eId_DisplayidBrightnessMaxSdrLuminance, 0x05, "Maximum suggested SDR luminance, full coverage"),
+    LuminanceRow(eId_DisplayidBrightnessMaxBoostLuminance, 0x07, "Maximum boost SDR luminance"),
 };
-constexpr STable gsc_oBrightness = { "Brightness luminance range", eArea_Colour, gsc_aoBrightnessRows };
+constexpr STable gsc_oBrightness = { eId_DisplayidBrightness, "Brightness luminance range", eArea_Colour,
+                                     gsc_aoBrightnessRows };
 
 // ---- Display parameters, DisplayID 1.3 (tag 1): 12 bytes ----
 
@@ -152,30 +161,32 @@ const char* CheckPair(const CRecord& oBlock, unsigned int uiSize)
 // Horizontal and vertical sizes, the words at 03h to 09h of both versions.
 constexpr SRow WidthRow(const SForm& oForm, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { Little16(0x03), "Horizontal image size", oForm.With(gsc_aoZeroNotGiven), pfnApplies, CheckPair<0x05> };
+    return { eId_DisplayidParametersImageWidth, Little16(0x03), "Horizontal image size",
+             oForm.With(gsc_aoZeroNotGiven),    pfnApplies,     CheckPair<0x05> };
 }
 constexpr SRow HeightRow(const SForm& oForm, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { Little16(0x05), "Vertical image size", oForm.With(gsc_aoZeroNotGiven), pfnApplies, CheckPair<0x03> };
+    return { eId_DisplayidParametersImageHeight, Little16(0x05), "Vertical image size",
+             oForm.With(gsc_aoZeroNotGiven),     pfnApplies,     CheckPair<0x03> };
 }
-constexpr SRow gsc_oPixelsRow = { Little16(0x07), "Horizontal pixel count", Number("pixels").With(gsc_aoZeroNotGiven),
-                                  nullptr, CheckPair<0x09> };
-constexpr SRow gsc_oLinesRow = { Little16(0x09), "Vertical pixel count", Number("lines").With(gsc_aoZeroNotGiven),
-                                 nullptr, CheckPair<0x07> };
+constexpr SRow gsc_oPixelsRow = { eId_DisplayidParametersHorizontalPixels,   Little16(0x07), "Horizontal pixel count",
+                                  Number("pixels").With(gsc_aoZeroNotGiven), nullptr,        CheckPair<0x09> };
+constexpr SRow gsc_oLinesRow = { eId_DisplayidParametersVerticalPixels,    Little16(0x09), "Vertical pixel count",
+                                 Number("lines").With(gsc_aoZeroNotGiven), nullptr,        CheckPair<0x07> };
 
 constexpr SRow gsc_aoParameters1Rows[] = {
     WidthRow(Number("mm").Decimals(1)),
     HeightRow(Number("mm").Decimals(1)),
     gsc_oPixelsRow,
     gsc_oLinesRow,
-    { Bit(0x0B, 7), "Audio support on video interface", Flag() },
-    { Bit(0x0B, 6), "Separate audio inputs", Flag() },
-    { Bit(0x0B, 5), "Audio input override", Flag() },
-    { Bit(0x0B, 4), "Power management", Flag() },
-    { Bit(0x0B, 3), "Fixed timing", Flag() },
-    { Bit(0x0B, 2), "Fixed pixel format", Flag() },
-    { Bit(0x0B, 1), "ACP, ISRC1 or ISRC2 packets supported", Flag() },
-    { Bit(0x0B, 0), "De-interlacing", Flag() },
+    { eId_DisplayidParametersAudioSupport, Bit(0x0B, 7), "Audio support on video interface", Flag() },
+    { eId_DisplayidParametersSeparateAudioInputs, Bit(0x0B, 6), "Separate audio inputs", Flag() },
+    { eId_DisplayidParametersAudioInputOverride, Bit(0x0B, 5), "Audio input override", Flag() },
+    { eId_DisplayidParametersPowerManagement, Bit(0x0B, 4), "Power management", Flag() },
+    { eId_DisplayidParametersFixedTiming, Bit(0x0B, 3), "Fixed timing", Flag() },
+    { eId_DisplayidParametersFixedPixelFormat, Bit(0x0B, 2), "Fixed pixel format", Flag() },
+    { eId_DisplayidParametersAcpIsrc, Bit(0x0B, 1), "ACP, ISRC1 or ISRC2 packets supported", Flag() },
+    { eId_DisplayidParametersDeinterlacing, Bit(0x0B, 0), "De-interlacing", Flag() },
 };
 constexpr unsigned int gsc_uiWidthOffset = 0x03; // of both versions; the height is the next word
 
@@ -191,15 +202,20 @@ CMString SizeText(const CRecord& oBlock, unsigned int uiDecimals)
     return FormatNumber(uiWidth, uiDecimals, "x ") + FormatNumber(uiHeight, uiDecimals, "mm");
 }
 CMString Parameters1Text(const CRecord& oBlock) { return SizeText(oBlock, 1); }
-constexpr STable gsc_oParameters1 = { "Display parameters", eArea_Display, gsc_aoParameters1Rows };
+constexpr STable gsc_oParameters1 = { eId_DisplayidParameters, "Display parameters", eArea_Display,
+                                      gsc_aoParameters1Rows };
 
 constexpr SRow gsc_aoParameters1ColourRows[] = {
-    { Byte(0x0C), "Transfer characteristic gamma", HundredthsFrom1().With(gsc_aoFFNotGiven) },
-    { Byte(0x0D), "Aspect ratio", HundredthsFrom1() },
-    { Bits(0x0E, 7, 4), "Color bit depth, overall", NumberFrom1("bits per color") },
-    { Bits(0x0E, 3, 0), "Color bit depth, native", NumberFrom1("bits per color") },
+    { eId_DisplayidParametersGamma, Byte(0x0C), "Transfer characteristic gamma",
+      HundredthsFrom1().With(gsc_aoFFNotGiven) },
+    { eId_DisplayidParametersAspectRatio, Byte(0x0D), "Aspect ratio", HundredthsFrom1() },
+    { eId_DisplayidParametersOverallBitDepth, Bits(0x0E, 7, 4), "Color bit depth, overall",
+      NumberFrom1("bits per color") },
+    { eId_DisplayidParametersNativeBitDepth, Bits(0x0E, 3, 0), "Color bit depth, native",
+      NumberFrom1("bits per color") },
 };
-constexpr STable gsc_oParameters1Colour = { "Display parameters", eArea_Colour, gsc_aoParameters1ColourRows };
+constexpr STable gsc_oParameters1Colour = { eId_DisplayidParameters, "Display parameters", eArea_Colour,
+                                            gsc_aoParameters1ColourRows };
 
 // ---- Display parameters, DisplayID 2.0 (tag 21h): 29 bytes ----
 
@@ -222,10 +238,10 @@ constexpr auto HasMillimetres = WhereSet<gsc_uiDataBlockFlagsOffset, 7>;
 constexpr auto HasTenths = IsNot<HasMillimetres>;
 
 constexpr SRow gsc_aoParameters2FlagRows[] = {
-    { Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
-    { Bits(1, 6, 3), "Reserved", Reserved() },
+    { eId_DisplayidParametersSizePrecision, Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
+    { eId_Reserved, Bits(1, 6, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oParameters2Flags = { "Flags", eArea_Display, gsc_aoParameters2FlagRows };
+constexpr STable gsc_oParameters2Flags = { eId_DisplayidParameters, "Flags", eArea_Display, gsc_aoParameters2FlagRows };
 
 constexpr SRow gsc_aoParameters2Rows[] = {
     WidthRow(Number("mm").Decimals(1), HasTenths),
@@ -234,47 +250,50 @@ constexpr SRow gsc_aoParameters2Rows[] = {
     HeightRow(Number("mm"), HasMillimetres),
     gsc_oPixelsRow,
     gsc_oLinesRow,
-    { Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
-    { Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
-    { Bit(0x0B, 5), "Reserved", Reserved() },
-    { Bits(0x0B, 4, 3), "Luminance information", Names(gsc_aoLuminanceKinds) },
-    { Bits(0x0B, 2, 0), "Scan orientation", Names(gsc_aoScanOrientations) },
+    { eId_DisplayidParametersAudioSpeakers, Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
+    { eId_DisplayidParametersColorInformation, Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
+    { eId_Reserved, Bit(0x0B, 5), "Reserved", Reserved() },
+    { eId_DisplayidParametersLuminanceInformation, Bits(0x0B, 4, 3), "Luminance information",
+      Names(gsc_aoLuminanceKinds) },
+    { eId_DisplayidParametersScanOrientation, Bits(0x0B, 2, 0), "Scan orientation", Names(gsc_aoScanOrientations) },
 };
 CMString Parameters2Text(const CRecord& oBlock) { return SizeText(oBlock, HasTenths(oBlock) ? 1 : 0); }
-constexpr STable gsc_oParameters2 = { "Display parameters", eArea_Display, gsc_aoParameters2Rows };
+constexpr STable gsc_oParameters2 = { eId_DisplayidParameters, "Display parameters", eArea_Display,
+                                      gsc_aoParameters2Rows };
 
 // Coordinates of 12 bits, two in three bytes.
-constexpr SRow FirstCoordinateRow(unsigned int uiOffset, const char* pszName)
+constexpr SRow FirstCoordinateRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
 {
-    return { Split({ { PlaceByte(uiOffset + 1), 3, 0 }, { PlaceByte(uiOffset), 7, 0 } }), pszName,
+    return { eId, Split({ { PlaceByte(uiOffset + 1), 3, 0 }, { PlaceByte(uiOffset), 7, 0 } }), pszName,
              Fraction(nullptr, 4096) };
 }
-constexpr SRow SecondCoordinateRow(unsigned int uiOffset, const char* pszName)
+constexpr SRow SecondCoordinateRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
 {
-    return { Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } }), pszName,
+    return { eId, Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } }), pszName,
              Fraction(nullptr, 4096) };
 }
 
 constexpr SRow gsc_aoParameters2ColourRows[] = {
-    FirstCoordinateRow(0x0C, "Primary color 1 x"),
-    SecondCoordinateRow(0x0C, "Primary color 1 y"),
-    FirstCoordinateRow(0x0F, "Primary color 2 x"),
-    SecondCoordinateRow(0x0F, "Primary color 2 y"),
-    FirstCoordinateRow(0x12, "Primary color 3 x"),
-    SecondCoordinateRow(0x12, "Primary color 3 y"),
-    FirstCoordinateRow(0x15, "White point x"),
-    SecondCoordinateRow(0x15, "White point y"),
-    LuminanceRow(0x18, "Maximum luminance, full coverage"),
-    LuminanceRow(0x1A, "Maximum luminance, 10% rectangular coverage"),
-    LuminanceRow(0x1C, "Minimum luminance"),
-    { Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
-    { Bit(0x1E, 7), "Reserved", Reserved(), IsRevision0 },
-    { Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
-    { Bit(0x1E, 3), "Reserved", Reserved() },
-    { Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
-    { Byte(0x1F), "Gamma EOTF, native", HundredthsFrom1().With(gsc_aoFFNotGiven) },
+    FirstCoordinateRow(eId_DisplayidParametersPrimary1X, 0x0C, "Primary color 1 x"),
+    SecondCoordinateRow(eId_DisplayidParametersPrimary1Y, 0x0C, "Primary color 1 y"),
+    FirstCoordinateRow(eId_DisplayidParametersPrimary2X, 0x0F, "Primary color 2 x"),
+    SecondCoordinateRow(eId_DisplayidParametersPrimary2Y, 0x0F, "Primary color 2 y"),
+    FirstCoordinateRow(eId_DisplayidParametersPrimary3X, 0x12, "Primary color 3 x"),
+    SecondCoordinateRow(eId_DisplayidParametersPrimary3Y, 0x12, "Primary color 3 y"),
+    FirstCoordinateRow(eId_DisplayidParametersWhitePointX, 0x15, "White point x"),
+    SecondCoordinateRow(eId_DisplayidParametersWhitePointY, 0x15, "White point y"),
+    LuminanceRow(eId_DisplayidParametersMaxLuminanceFull, 0x18, "Maximum luminance, full coverage"),
+    LuminanceRow(eId_DisplayidParametersMaxLuminance10Percent, 0x1A, "Maximum luminance, 10% rectangular coverage"),
+    LuminanceRow(eId_DisplayidParametersMinLuminance, 0x1C, "Minimum luminance"),
+    { eId_DisplayidParametersTheme, Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
+    { eId_Reserved, Bit(0x1E, 7), "Reserved", Reserved(), IsRevision0 },
+    { eId_DisplayidParametersTechnology, Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
+    { eId_Reserved, Bit(0x1E, 3), "Reserved", Reserved() },
+    { eId_DisplayidParametersNativeBitDepth, Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
+    { eId_DisplayidParametersGammaEotf, Byte(0x1F), "Gamma EOTF, native", HundredthsFrom1().With(gsc_aoFFNotGiven) },
 };
-constexpr STable gsc_oParameters2Colour = { "Display parameters", eArea_Colour, gsc_aoParameters2ColourRows };
+constexpr STable gsc_oParameters2Colour = { eId_DisplayidParameters, "Display parameters", eArea_Colour,
+                                            gsc_aoParameters2ColourRows };
 
 // ---- Color characteristics, DisplayID 1.3 (tag 2) ----
 
@@ -284,10 +303,11 @@ constexpr auto gsc_aoColourSpaces = ListedTo(
     255, { "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "NTSC", "EBU", "Adobe wide gamut RGB", "DICOM" });
 
 constexpr SRow gsc_aoColourFlagRows[] = {
-    { Bit(1, 7), "Chromaticity coordinates", Flag(gsc_aoChromaticityKinds) },
-    { Bits(1, 6, 3), "Transfer characteristics data block", Number().With(gsc_aoZeroNone) },
+    { eId_DisplayidColorChromaticityCoordinates, Bit(1, 7), "Chromaticity coordinates", Flag(gsc_aoChromaticityKinds) },
+    { eId_DisplayidColorTransferBlock, Bits(1, 6, 3), "Transfer characteristics data block",
+      Number().With(gsc_aoZeroNone) },
 };
-constexpr STable gsc_oColourFlags = { "Flags", eArea_Colour, gsc_aoColourFlagRows };
+constexpr STable gsc_oColourFlags = { eId_DisplayidColor, "Flags", eArea_Colour, gsc_aoColourFlagRows };
 
 bool HasStandardColourSpace(const CRecord& oBlock) { return oBlock.GetBits(3, 6, 4) == 0; }
 
@@ -301,14 +321,16 @@ const char* CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
 }
 
 constexpr SRow gsc_aoColourRows[] = {
-    { Bit(3, 7), "Color mixing", Flag(gsc_aoMixings) },
-    { Bits(3, 6, 4), "Number of primaries", Number().With(gsc_aoNoPrimaries) },
-    { Bits(3, 3, 0), "Number of white points", Number(), nullptr, CheckPoints },
-    { Byte(4), "Standard color space", Names(gsc_aoColourSpaces), HasStandardColourSpace },
+    { eId_DisplayidColorMixing, Bit(3, 7), "Color mixing", Flag(gsc_aoMixings) },
+    { eId_DisplayidColorPrimaryCount, Bits(3, 6, 4), "Number of primaries", Number().With(gsc_aoNoPrimaries) },
+    { eId_DisplayidColorWhitePointCount, Bits(3, 3, 0), "Number of white points", Number(), nullptr, CheckPoints },
+    { eId_DisplayidColorStandardColorSpace, Byte(4), "Standard color space", Names(gsc_aoColourSpaces),
+      HasStandardColourSpace },
 };
-constexpr STable gsc_oColour = { "Color characteristics", eArea_Colour, gsc_aoColourRows };
+constexpr STable gsc_oColour = { eId_DisplayidColor, "Color characteristics", eArea_Colour, gsc_aoColourRows };
 
-constexpr SRow gsc_aoCoordinateRows[] = { FirstCoordinateRow(0, "x"), SecondCoordinateRow(0, "y") };
+constexpr SRow gsc_aoCoordinateRows[] = { FirstCoordinateRow(eId_DisplayidColorX, 0, "x"),
+                                          SecondCoordinateRow(eId_DisplayidColorY, 0, "y") };
 
 // "0.6396, 0.3300"
 CMString CoordinatesText(const CRecord& oRecord)
@@ -319,8 +341,10 @@ CMString CoordinatesText(const CRecord& oRecord)
     };
     return fnText(gsc_aoCoordinateRows[0]) + ", " + fnText(gsc_aoCoordinateRows[1]);
 }
-constexpr STable gsc_oPrimary = { "Primary", eArea_Colour, gsc_aoCoordinateRows, CoordinatesText };
-constexpr STable gsc_oWhitePoint = { "White point", eArea_Colour, gsc_aoCoordinateRows, CoordinatesText };
+constexpr STable gsc_oPrimary = { eId_DisplayidColorPrimary, "Primary", eArea_Colour, gsc_aoCoordinateRows,
+                                  CoordinatesText };
+constexpr STable gsc_oWhitePoint = { eId_DisplayidColorWhitePoint, "White point", eArea_Colour, gsc_aoCoordinateRows,
+                                     CoordinatesText };
 
 void MapCoordinates(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -375,61 +399,66 @@ constexpr auto gsc_aoSubPixels = ListedTo(
            "six sub-pixels, RGB and 3 more colors", "PenTile matrix" });
 
 constexpr SRow gsc_aoDeviceRows[] = {
-    { Byte(0x03), "Display device technology", Names(gsc_aoTechnologies1) },
-    { Bits(0x04, 7, 4), "Operating mode", Names(gsc_aoOperatingModes) },
-    { Bit(0x04, 3), "Backlight switchable", Flag() },
-    { Bit(0x04, 2), "Backlight intensity controllable", Flag() },
-    { Bits(0x04, 1, 0), "Reserved", Reserved() },
-    { Little16(0x05), "Horizontal pixel count", NumberFrom1("pixels").With(gsc_aoZeroNotGiven) },
-    { Little16(0x07), "Vertical pixel count", NumberFrom1("lines").With(gsc_aoZeroNotGiven) },
-    { Byte(0x09), "Aspect ratio", HundredthsFrom1() },
-    { Bits(0x0A, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
-    { Bits(0x0A, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
-    { Bits(0x0A, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
-    { Bits(0x0A, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
-    { Byte(0x0B), "Sub-pixel layout", Names(gsc_aoSubPixels) },
-    { Byte(0x0C), "Horizontal dot or pixel pitch", Number("mm").Decimals(2) },
-    { Byte(0x0D), "Vertical dot or pixel pitch", Number("mm").Decimals(2) },
-    { Bits(0x0E, 7, 4), "Reserved", Reserved() },
-    { Bits(0x0E, 3, 0), "Color bit depth", UnknownValue() }, // as stored; whether the depth is one more is not certain
-    { Bit(0x0F, 7), "Response time transition", Flag(gsc_aoTransitions) },
-    { Bits(0x0F, 6, 0), "Response time", Number("ms") },
+    { eId_DisplayidDeviceTechnology, Byte(0x03), "Display device technology", Names(gsc_aoTechnologies1) },
+    { eId_DisplayidDeviceOperatingMode, Bits(0x04, 7, 4), "Operating mode", Names(gsc_aoOperatingModes) },
+    { eId_DisplayidDeviceBacklightSwitchable, Bit(0x04, 3), "Backlight switchable", Flag() },
+    { eId_DisplayidDeviceBacklightControllable, Bit(0x04, 2), "Backlight intensity controllable", Flag() },
+    { eId_Reserved, Bits(0x04, 1, 0), "Reserved", Reserved() },
+    { eId_DisplayidDeviceHorizontalPixels, Little16(0x05), "Horizontal pixel count",
+      NumberFrom1("pixels").With(gsc_aoZeroNotGiven) },
+    { eId_DisplayidDeviceVerticalPixels, Little16(0x07), "Vertical pixel count",
+      NumberFrom1("lines").With(gsc_aoZeroNotGiven) },
+    { eId_DisplayidDeviceAspectRatio, Byte(0x09), "Aspect ratio", HundredthsFrom1() },
+    { eId_DisplayidDeviceDefaultOrientation, Bits(0x0A, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
+    { eId_DisplayidDeviceRotationCapability, Bits(0x0A, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
+    { eId_DisplayidDeviceZeroPixelLocation, Bits(0x0A, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
+    { eId_DisplayidDeviceScanDirection, Bits(0x0A, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
+    { eId_DisplayidDeviceSubPixelLayout, Byte(0x0B), "Sub-pixel layout", Names(gsc_aoSubPixels) },
+    { eId_DisplayidDeviceHorizontalPitch, Byte(0x0C), "Horizontal dot or pixel pitch", Number("mm").Decimals(2) },
+    { eId_DisplayidDeviceVerticalPitch, Byte(0x0D), "Vertical dot or pixel pitch", Number("mm").Decimals(2) },
+    { eId_Reserved, Bits(0x0E, 7, 4), "Reserved", Reserved() },
+    { eId_DisplayidDeviceColorBitDepth, Bits(0x0E, 3, 0), "Color bit depth",
+      UnknownValue() }, // as stored; whether the depth is one more is not certain
+    { eId_DisplayidDeviceResponseTimeTransition, Bit(0x0F, 7), "Response time transition", Flag(gsc_aoTransitions) },
+    { eId_DisplayidDeviceResponseTime, Bits(0x0F, 6, 0), "Response time", Number("ms") },
 };
-constexpr STable gsc_oDevice = { "Display device data", eArea_Display, gsc_aoDeviceRows };
+constexpr STable gsc_oDevice = { eId_DisplayidDevice, "Display device data", eArea_Display, gsc_aoDeviceRows };
 
 // ---- Transfer characteristics, DisplayID 1.3 (tag 0Eh): curves, each with its length first ----
 
 constexpr auto gsc_aoCurveForms = Listed({ "sample list", "four parameters" });
 
 constexpr SRow gsc_aoTransferFlagRows[] = {
-    { Bits(1, 7, 4), "Identifier", Number().With(gsc_aoZeroNone) },
-    { Bit(1, 3), "Reserved", Reserved() },
+    { eId_DisplayidTransferIdentifier, Bits(1, 7, 4), "Identifier", Number().With(gsc_aoZeroNone) },
+    { eId_Reserved, Bit(1, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oTransferFlags = { "Flags", eArea_Colour, gsc_aoTransferFlagRows };
+constexpr STable gsc_oTransferFlags = { eId_DisplayidTransfer, "Flags", eArea_Colour, gsc_aoTransferFlagRows };
 
 constexpr SRow gsc_aoTransferRows[] = {
-    { Bit(3, 7), "First curve is white", Flag() },
-    { Bit(3, 6), "Individual response curves", Flag() },
-    { Bit(3, 5), "Curve form", Flag(gsc_aoCurveForms) },
-    { Bits(3, 4, 0), "Reserved", Reserved() },
+    { eId_DisplayidTransferWhiteFirst, Bit(3, 7), "First curve is white", Flag() },
+    { eId_DisplayidTransferIndividualCurves, Bit(3, 6), "Individual response curves", Flag() },
+    { eId_DisplayidTransferCurveForm, Bit(3, 5), "Curve form", Flag(gsc_aoCurveForms) },
+    { eId_Reserved, Bits(3, 4, 0), "Reserved", Reserved() },
 };
-constexpr STable gsc_oTransfer = { "Transfer characteristics", eArea_Colour, gsc_aoTransferRows };
+constexpr STable gsc_oTransfer = { eId_DisplayidTransfer, "Transfer characteristics", eArea_Colour,
+                                   gsc_aoTransferRows };
 constexpr unsigned int gsc_uiFirstCurve = 4;
 
 // The steps from each sample to the next, in 1/1023 of full scale. The last sample is 1023, and not stored.
-constexpr SRow gsc_aoSampleRows[] = { { Byte(0), "Number of samples", Number() },
-                                      { RunToEnd(1), "Steps of 1/1023", Bytes() } };
-constexpr STable gsc_oSamples = { "Curve", eArea_Colour, gsc_aoSampleRows };
+constexpr SRow gsc_aoSampleRows[] = { { eId_DisplayidTransferSampleCount, Byte(0), "Number of samples", Number() },
+                                      { eId_DisplayidTransferSteps, RunToEnd(1), "Steps of 1/1023", Bytes() } };
+constexpr STable gsc_oSamples = { eId_DisplayidTransferCurve, "Curve", eArea_Colour, gsc_aoSampleRows };
 
 constexpr SRow gsc_aoParameterRows[] = {
-    { Byte(0), "Number of parameters", Number().Expect(5, "four parameters and a gamma are five bytes") },
-    { Byte(1), "A0", Number() },
-    { Byte(2), "A1", Number() },
-    { Byte(3), "A2", Number() },
-    { Byte(4), "A3", Number() },
-    { Byte(5), "Gamma", HundredthsFrom1() },
+    { eId_DisplayidTransferParameterCount, Byte(0), "Number of parameters",
+      Number().Expect(5, "four parameters and a gamma are five bytes") },
+    { eId_DisplayidTransferA0, Byte(1), "A0", Number() },
+    { eId_DisplayidTransferA1, Byte(2), "A1", Number() },
+    { eId_DisplayidTransferA2, Byte(3), "A2", Number() },
+    { eId_DisplayidTransferA3, Byte(4), "A3", Number() },
+    { eId_DisplayidTransferGamma, Byte(5), "Gamma", HundredthsFrom1() },
 };
-constexpr STable gsc_oParameters = { "Curve", eArea_Colour, gsc_aoParameterRows };
+constexpr STable gsc_oParameters = { eId_DisplayidTransferCurve, "Curve", eArea_Colour, gsc_aoParameterRows };
 
 void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
@@ -456,27 +485,27 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
-    { 0x00, Group("Product identification data block", eArea_Identity),
+    { 0x00, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
       AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct1 }, MapProductText },
-    { 0x01, Group("Display parameters data block", eArea_Display, Parameters1Text),
+    { 0x01, Group(eId_DisplayidParameters, "Display parameters data block", eArea_Display, Parameters1Text),
       Exactly(12), nullptr, { &gsc_oParameters1, &gsc_oParameters1Colour } },
-    { 0x02, Group("Color characteristics data block", eArea_Colour),
+    { 0x02, Group(eId_DisplayidColor, "Color characteristics data block", eArea_Colour),
       AtLeast(1), &gsc_oColourFlags, { &gsc_oColour }, MapCoordinates },
-    { 0x0A, Group("Product serial number data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oSerial } },
-    { 0x0B, Group("General-purpose ASCII string data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oString } },
-    { 0x0C, Group("Display device data data block", eArea_Display), Exactly(13), nullptr, { &gsc_oDevice } },
-    { 0x0E, Group("Transfer characteristics data block", eArea_Colour),
+    { 0x0A, Group(eId_DisplayidSerial, "Product serial number data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oSerial } },
+    { 0x0B, Group(eId_DisplayidString, "General-purpose ASCII string data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oString } },
+    { 0x0C, Group(eId_DisplayidDevice, "Display device data data block", eArea_Display), Exactly(13), nullptr, { &gsc_oDevice } },
+    { 0x0E, Group(eId_DisplayidTransfer, "Transfer characteristics data block", eArea_Colour),
       AtLeast(1), &gsc_oTransferFlags, { &gsc_oTransfer }, MapCurves },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x20, Group("Product identification data block", eArea_Identity),
+    { 0x20, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
       AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct2 }, MapProductText },
-    { 0x21, Group("Display parameters data block", eArea_Display, Parameters2Text),
+    { 0x21, Group(eId_DisplayidParameters, "Display parameters data block", eArea_Display, Parameters2Text),
       Exactly(29), &gsc_oParameters2Flags, { &gsc_oParameters2, &gsc_oParameters2Colour } },
-    { 0x29, Group("ContainerID data block", eArea_Identity),
+    { 0x29, Group(eId_DisplayidContainer, "ContainerID data block", eArea_Identity),
       Exactly(gsc_uiContainerIdSize), nullptr, { &gsc_oContainerId } },
-    { 0x2E, Group("Brightness luminance range data block", eArea_Colour), Exactly(6), nullptr, { &gsc_oBrightness } },
+    { 0x2E, Group(eId_DisplayidBrightness, "Brightness luminance range data block", eArea_Colour), Exactly(6), nullptr, { &gsc_oBrightness } },
 };
 // clang-format on
 } // namespace

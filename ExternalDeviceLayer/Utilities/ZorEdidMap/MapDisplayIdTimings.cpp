@@ -170,37 +170,56 @@ struct SDetailedRows
     static constexpr SForm msc_oPixels = Number("pixels").Times(P.m_uiPixelStep, P.m_uiPixelStep);
     static constexpr SForm msc_oLines = NumberFrom1("lines");
 
-    static constexpr SRow msc_oClock = { P.m_oClock, "Pixel clock",
+    static constexpr SRow msc_oClock = { eId_DisplayidTimingPixelClock, P.m_oClock, "Pixel clock",
                                          Number("kHz").Times(P.m_uiClockStep, P.m_uiClockStep) };
-    static constexpr SRow msc_oActiveX = { P.m_oActiveX, "Horizontal active image", msc_oPixels };
-    static constexpr SRow msc_oBlankX = { P.m_oBlankX, "Horizontal blank", msc_oPixels, nullptr, CheckBlankX<P> };
-    static constexpr SRow msc_oFrontX = { P.m_oFrontX, "Horizontal front porch", msc_oPixels };
-    static constexpr SRow msc_oSyncX = { P.m_oSyncX, "Horizontal sync width", msc_oPixels };
-    static constexpr SRow msc_oActiveY = { P.m_oActiveY, "Vertical active image", msc_oLines };
-    static constexpr SRow msc_oBlankY = { P.m_oBlankY, "Vertical blank", msc_oLines, nullptr, CheckBlankY<P> };
-    static constexpr SRow msc_oFrontY = { P.m_oFrontY, "Vertical front porch", msc_oLines };
-    static constexpr SRow msc_oSyncY = { P.m_oSyncY, "Vertical sync width", msc_oLines };
+    static constexpr SRow msc_oActiveX = { eId_DisplayidTimingHorizontalActive, P.m_oActiveX, "Horizontal active image",
+                                           msc_oPixels };
+    static constexpr SRow msc_oBlankX = {
+        eId_DisplayidTimingHorizontalBlanking, P.m_oBlankX, "Horizontal blank", msc_oPixels, nullptr, CheckBlankX<P>
+    };
+    static constexpr SRow msc_oFrontX = { eId_DisplayidTimingHorizontalFrontPorch, P.m_oFrontX,
+                                          "Horizontal front porch", msc_oPixels };
+    static constexpr SRow msc_oSyncX = { eId_DisplayidTimingHorizontalSyncWidth, P.m_oSyncX, "Horizontal sync width",
+                                         msc_oPixels };
+    static constexpr SRow msc_oActiveY = { eId_DisplayidTimingVerticalActive, P.m_oActiveY, "Vertical active image",
+                                           msc_oLines };
+    static constexpr SRow msc_oBlankY = {
+        eId_DisplayidTimingVerticalBlanking, P.m_oBlankY, "Vertical blank", msc_oLines, nullptr, CheckBlankY<P>
+    };
+    static constexpr SRow msc_oFrontY = { eId_DisplayidTimingVerticalFrontPorch, P.m_oFrontY, "Vertical front porch",
+                                          msc_oLines };
+    static constexpr SRow msc_oSyncY = { eId_DisplayidTimingVerticalSyncWidth, P.m_oSyncY, "Vertical sync width",
+                                         msc_oLines };
 };
 
-constexpr SRow PreferredRow(unsigned int uiByte) { return { Bit(uiByte, 7), "Preferred timing", Flag() }; }
-constexpr SRow Y420Row(unsigned int uiByte) { return { Bit(uiByte, 7), "YCbCr 4:2:0 supported", Flag() }; }
+constexpr SRow PreferredRow(unsigned int uiByte)
+{
+    return { eId_DisplayidTimingPreferred, Bit(uiByte, 7), "Preferred timing", Flag() };
+}
+constexpr SRow Y420Row(unsigned int uiByte)
+{
+    return { eId_DisplayidTimingYcbcr420, Bit(uiByte, 7), "YCbCr 4:2:0 supported", Flag() };
+}
 constexpr SRow StereoRow(unsigned int uiByte)
 {
-    return { Bits(uiByte, 6, 5), "3D stereo support", Names(gsc_aoStereoSupport) };
+    return { eId_DisplayidTimingStereo, Bits(uiByte, 6, 5), "3D stereo support", Names(gsc_aoStereoSupport) };
 }
-constexpr SRow ScanningRow(const SPlace& oPlace) { return { oPlace, "Frame scanning type", Flag(gsc_aoScanning) }; }
+constexpr SRow ScanningRow(const SPlace& oPlace)
+{
+    return { eId_DisplayidTimingInterlaced, oPlace, "Frame scanning type", Flag(gsc_aoScanning) };
+}
 constexpr SRow AspectRow(unsigned int uiByte)
 {
-    return { Bits(uiByte, 3, 0), "Aspect ratio", Names(gsc_aoAspectRatios) };
+    return { eId_DisplayidTimingAspectRatio, Bits(uiByte, 3, 0), "Aspect ratio", Names(gsc_aoAspectRatios) };
 }
-constexpr SRow PolarityRow(const SPlace& oPlace, const char* pszName) { return { oPlace, pszName, Flag(gsc_aoSigns) }; }
 constexpr SRow HorizontalPolarityRow(unsigned int uiByte, unsigned int uiBit)
 {
-    return PolarityRow(Bit(uiByte, uiBit), "Horizontal sync polarity");
+    return { eId_DisplayidTimingHorizontalSyncPolarity, Bit(uiByte, uiBit), "Horizontal sync polarity",
+             Flag(gsc_aoSigns) };
 }
 constexpr SRow VerticalPolarityRow(unsigned int uiByte, unsigned int uiBit)
 {
-    return PolarityRow(Bit(uiByte, uiBit), "Vertical sync polarity");
+    return { eId_DisplayidTimingVerticalSyncPolarity, Bit(uiByte, uiBit), "Vertical sync polarity", Flag(gsc_aoSigns) };
 }
 
 template <const SDetailedPlaces& P>
@@ -240,13 +259,13 @@ constexpr SRow gsc_aoType2Rows[] = {
     ScanningRow(Bit(3, 4)),
     HorizontalPolarityRow(3, 3),
     VerticalPolarityRow(3, 2),
-    { Bits(3, 1, 0), "Reserved", Reserved() },
+    { eId_Reserved, Bits(3, 1, 0), "Reserved", Reserved() },
     CType2::msc_oActiveX,
     CType2::msc_oBlankX,
     CType2::msc_oFrontX,
     CType2::msc_oSyncX,
     CType2::msc_oActiveY,
-    { Bits(8, 7, 4), "Reserved", Reserved() },
+    { eId_Reserved, Bits(8, 7, 4), "Reserved", Reserved() },
     CType2::msc_oBlankY,
     CType2::msc_oFrontY,
     CType2::msc_oSyncY,
@@ -259,9 +278,12 @@ constexpr SMeaning gsc_aoType3Formulas[] = { { 0, 0, "CVT standard blanking" },
                                              { 2, 7, gsc_szReserved } };
 
 constexpr SRow gsc_aoType3Rows[] = {
-    PreferredRow(0),        { Bits(0, 6, 4), "Timing formula", Names(gsc_aoType3Formulas) },
-    AspectRow(0),           { Byte(1), "Horizontal active image", Number("pixels").Times(8, 8) },
-    ScanningRow(Bit(2, 7)), { Bits(2, 6, 0), "Refresh rate", NumberFrom1("Hz") },
+    PreferredRow(0),
+    { eId_DisplayidTimingFormula, Bits(0, 6, 4), "Timing formula", Names(gsc_aoType3Formulas) },
+    AspectRow(0),
+    { eId_DisplayidTimingHorizontalActive, Byte(1), "Horizontal active image", Number("pixels").Times(8, 8) },
+    ScanningRow(Bit(2, 7)),
+    { eId_DisplayidTimingRefreshRate, Bits(2, 6, 0), "Refresh rate", NumberFrom1("Hz") },
 };
 
 CMString Type3Text(const CRecord& oTiming)
@@ -295,36 +317,41 @@ constexpr SPlace gsc_oWideRate = Split({ { 6, 1, 0 }, { 5, 7, 0 } });
 
 constexpr SRow FractionalRateRow(unsigned int uiByte, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { Bit(uiByte, 4), "Refresh rate * 1000/1001 supported", Flag(), pfnApplies };
+    return { eId_DisplayidTimingFractionalRate, Bit(uiByte, 4), "Refresh rate * 1000/1001 supported", Flag(),
+             pfnApplies };
 }
 constexpr SRow WidthRow(unsigned int uiOffset)
 {
-    return { Little16(uiOffset), "Horizontal active image", NumberFrom1("pixels") };
+    return { eId_DisplayidTimingHorizontalActive, Little16(uiOffset), "Horizontal active image",
+             NumberFrom1("pixels") };
 }
 constexpr SRow HeightRow(unsigned int uiOffset)
 {
-    return { Little16(uiOffset), "Vertical active image", NumberFrom1("lines") };
+    return { eId_DisplayidTimingVerticalActive, Little16(uiOffset), "Vertical active image", NumberFrom1("lines") };
 }
-constexpr SRow RateRow(const SPlace& oPlace) { return { oPlace, "Refresh rate", NumberFrom1("Hz") }; }
+constexpr SRow RateRow(const SPlace& oPlace)
+{
+    return { eId_DisplayidTimingRefreshRate, oPlace, "Refresh rate", NumberFrom1("Hz") };
+}
 
 constexpr SRow gsc_aoType5Rows[] = {
     PreferredRow(0),
     StereoRow(0),
     FractionalRateRow(0),
-    { Bits(0, 3, 2), "Reserved", Reserved() },
-    { Bits(0, 1, 0), "Timing formula", Names(gsc_aoType5Formulas) },
-    { Byte(1), "Reserved", Reserved() },
+    { eId_Reserved, Bits(0, 3, 2), "Reserved", Reserved() },
+    { eId_DisplayidTimingFormula, Bits(0, 1, 0), "Timing formula", Names(gsc_aoType5Formulas) },
+    { eId_Reserved, Byte(1), "Reserved", Reserved() },
     WidthRow(2),
     HeightRow(4),
     RateRow(Byte(6)),
 };
 
 constexpr SRow gsc_aoType9Rows[] = {
-    { Bit(0, 7), "Reserved", Reserved() },
+    { eId_Reserved, Bit(0, 7), "Reserved", Reserved() },
     StereoRow(0),
     FractionalRateRow(0),
-    { Bit(0, 3), "Reserved", Reserved() },
-    { Bits(0, 2, 0), "Timing formula", Names(gsc_aoType9Formulas) },
+    { eId_Reserved, Bit(0, 3), "Reserved", Reserved() },
+    { eId_DisplayidTimingFormula, Bits(0, 2, 0), "Timing formula", Names(gsc_aoType9Formulas) },
     WidthRow(1),
     HeightRow(3),
     RateRow(gsc_oNarrowRate),
@@ -356,20 +383,22 @@ constexpr SRow gsc_aoType10Rows[] = {
     Y420Row(0),
     StereoRow(0),
     FractionalRateRow(0, IsFormula2),
-    { Bit(0, 4), "Base horizontal blank", Flag(gsc_aoBaseBlanks), IsFormula3 },
-    { Bit(0, 4), "Reserved", Reserved(), IsOtherFormula },
-    { Bit(0, 3), "Early vertical sync", Flag(), IsFormula3 },
-    { Bit(0, 3), "Reserved", Reserved(), IsNot<IsFormula3> },
-    { Bits(0, 2, 0), "Timing formula", Names(gsc_aoType10Formulas) },
+    { eId_DisplayidTimingBaseHorizontalBlank, Bit(0, 4), "Base horizontal blank", Flag(gsc_aoBaseBlanks), IsFormula3 },
+    { eId_Reserved, Bit(0, 4), "Reserved", Reserved(), IsOtherFormula },
+    { eId_DisplayidTimingEarlyVerticalSync, Bit(0, 3), "Early vertical sync", Flag(), IsFormula3 },
+    { eId_Reserved, Bit(0, 3), "Reserved", Reserved(), IsNot<IsFormula3> },
+    { eId_DisplayidTimingFormula, Bits(0, 2, 0), "Timing formula", Names(gsc_aoType10Formulas) },
     WidthRow(1),
     HeightRow(3),
-    { gsc_oNarrowRate, "Refresh rate", NumberFrom1("Hz"), IsNot<HasWideRate> },
-    { gsc_oWideRate, "Refresh rate", NumberFrom1("Hz"), HasWideRate },
-    { Bits(6, 7, 5), "Additional vertical blank time", Number("us").Computed(GetAdditionalBlankTime), HasDeltas },
-    { Bits(6, 4, 2), "Horizontal blank", Number("pixels").Computed(GetHorizontalBlank), HasDeltas },
-    { Bits(6, 7, 2), "Reserved", Reserved(), HasNoDeltas },
-    { Bits(7, 7, 1), "Reserved", Reserved() },
-    { Bit(7, 0), "Minimum vertical blank time", Flag(gsc_aoLeastBlankTimes) },
+    { eId_DisplayidTimingRefreshRate, gsc_oNarrowRate, "Refresh rate", NumberFrom1("Hz"), IsNot<HasWideRate> },
+    { eId_DisplayidTimingRefreshRate, gsc_oWideRate, "Refresh rate", NumberFrom1("Hz"), HasWideRate },
+    { eId_DisplayidTimingAdditionalVerticalBlank, Bits(6, 7, 5), "Additional vertical blank time",
+      Number("us").Computed(GetAdditionalBlankTime), HasDeltas },
+    { eId_DisplayidTimingHorizontalBlanking, Bits(6, 4, 2), "Horizontal blank",
+      Number("pixels").Computed(GetHorizontalBlank), HasDeltas },
+    { eId_Reserved, Bits(6, 7, 2), "Reserved", Reserved(), HasNoDeltas },
+    { eId_Reserved, Bits(7, 7, 1), "Reserved", Reserved() },
+    { eId_DisplayidTimingMinVerticalBlankTime, Bit(7, 0), "Minimum vertical blank time", Flag(gsc_aoLeastBlankTimes) },
 };
 
 // Width, height and rate of a formula-based timing, all stored minus 1.
@@ -401,13 +430,13 @@ using CType6 = SDetailedRows<gsc_oType6>;
 constexpr SRow gsc_aoType6Rows[] = {
     CType6::msc_oClock,
     PreferredRow(2),
-    { Bit(2, 6), "Aspect ratio and size present", Flag() },
+    { eId_DisplayidTimingSizePresent, Bit(2, 6), "Aspect ratio and size present", Flag() },
     CType6::msc_oActiveX,
     HorizontalPolarityRow(4, 7),
-    { Bit(4, 6), "Reserved", Reserved() },
+    { eId_Reserved, Bit(4, 6), "Reserved", Reserved() },
     CType6::msc_oActiveY,
     VerticalPolarityRow(6, 7),
-    { Bit(6, 6), "Reserved", Reserved() },
+    { eId_Reserved, Bit(6, 6), "Reserved", Reserved() },
     CType6::msc_oBlankX,
     CType6::msc_oFrontX,
     CType6::msc_oSyncX,
@@ -415,11 +444,12 @@ constexpr SRow gsc_aoType6Rows[] = {
     CType6::msc_oFrontY,
     ScanningRow(Bit(13, 7)),
     StereoRow(13),
-    { Bit(13, 4), "Reserved", Reserved() },
+    { eId_Reserved, Bit(13, 4), "Reserved", Reserved() },
     CType6::msc_oSyncY,
-    { Byte(14), "Aspect ratio", Fraction(nullptr, 256).Times(30000), HasSize },
-    { Split({ { 16, 3, 0 }, { 15, 7, 0 } }), "Vertical image size", Number("mm").Computed(GetType6Height), HasSize },
-    { Bits(16, 7, 4), "Size multiplier", NumberFrom1(), HasSize },
+    { eId_DisplayidTimingAspectRatio, Byte(14), "Aspect ratio", Fraction(nullptr, 256).Times(30000), HasSize },
+    { eId_DisplayidTimingImageHeight, Split({ { 16, 3, 0 }, { 15, 7, 0 } }), "Vertical image size",
+      Number("mm").Computed(GetType6Height), HasSize },
+    { eId_DisplayidTimingSizeMultiplier, Bits(16, 7, 4), "Size multiplier", NumberFrom1(), HasSize },
 };
 
 // ---- All records, as data blocks and their neighbours in CTA-861 use them ----
@@ -433,15 +463,24 @@ struct STimingKind
 
 // Of two rows with the same tag the later one counts, when its revision is reached.
 constexpr STimingKind gsc_aoTimingKinds[] = {
-    { 0x03, 0, { "Type I timing", eArea_Timing, gsc_aoType1Rows, DetailedText<gsc_oType1> } },
-    { 0x04, 0, { "Type II timing", eArea_Timing, gsc_aoType2Rows, DetailedText<gsc_oType2> } },
-    { 0x05, 0, { "Type III timing", eArea_Timing, gsc_aoType3Rows, Type3Text } },
-    { 0x11, 0, { "Type V timing", eArea_Timing, gsc_aoType5Rows, Type5Text } },
-    { 0x13, 0, { "Type VI timing", eArea_Timing, gsc_aoType6Rows, DetailedText<gsc_oType6> } },
-    { 0x22, 0, { "Type VII timing", eArea_Timing, gsc_aoType7Rows, DetailedText<gsc_oType7> } },
-    { 0x22, 2, { "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows, DetailedText<gsc_oType7> } },
-    { 0x24, 0, { "Type IX timing", eArea_Timing, gsc_aoType9Rows, Type9Text } },
-    { 0x2A, 0, { "Type X timing", eArea_Timing, gsc_aoType10Rows, Type10Text } },
+    { 0x03, 0, { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, DetailedText<gsc_oType1> } },
+    { 0x04,
+      0,
+      { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, DetailedText<gsc_oType2> } },
+    { 0x05, 0, { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, Type3Text } },
+    { 0x11, 0, { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, Type5Text } },
+    { 0x13,
+      0,
+      { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, DetailedText<gsc_oType6> } },
+    { 0x22,
+      0,
+      { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Rows, DetailedText<gsc_oType7> } },
+    { 0x22,
+      2,
+      { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows,
+        DetailedText<gsc_oType7> } },
+    { 0x24, 0, { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, Type9Text } },
+    { 0x2A, 0, { eId_DisplayidType10Timing, "Type X timing", eArea_Timing, gsc_aoType10Rows, Type10Text } },
 };
 
 const STable* FindTimingTable(unsigned int uiTag, unsigned int uiRevision)
@@ -467,20 +506,22 @@ struct SCodeKind
 };
 
 template <const char* (*GET_NAME)(unsigned int)>
-constexpr SCodeKind Codes(const char* pszName)
+constexpr SCodeKind Codes(EZorEdidField eId, const char* pszName)
 {
     const SForm oForm = MakeForm(CMap::eKind_Name).Text([](const CRecord& /*oRecord*/, unsigned int uiCode) {
         return CodeText(uiCode, GET_NAME(uiCode));
     });
-    return { { { Byte(0), pszName, oForm }, { Little16(0), pszName, oForm } }, GET_NAME };
+    return { { { eId, Byte(0), pszName, oForm }, { eId, Little16(0), pszName, oForm } }, GET_NAME };
 }
 constexpr const char* GetNoName(unsigned int /*uiCode*/) { return nullptr; }
 
 constexpr SCodeKind gsc_aoCodeKinds[] = {
-    Codes<GetDmtName>("DMT ID"),
-    Codes<GetVicName>("VIC"),
-    Codes<GetHdmiVicName>("HDMI VIC"),
-    { { { Byte(0), "Timing code", UnknownValue() }, { Little16(0), "Timing code", UnknownValue() } }, GetNoName },
+    Codes<GetDmtName>(eId_DisplayidTimingDmtId, "DMT ID"),
+    Codes<GetVicName>(eId_DisplayidTimingVic, "VIC"),
+    Codes<GetHdmiVicName>(eId_DisplayidTimingHdmiVic, "HDMI VIC"),
+    { { { eId_DisplayidTimingCode, Byte(0), "Timing code", UnknownValue() },
+        { eId_DisplayidTimingCode, Little16(0), "Timing code", UnknownValue() } },
+      GetNoName },
 };
 
 // Type IV, DisplayID 1.3 (tag 6), from revision 1 on, and Type VIII, DisplayID 2.0 (tag 23h): the type of the codes
@@ -509,23 +550,23 @@ void MapType8(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 }
 
 constexpr SRow gsc_aoType4FlagRows[] = {
-    { Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes), IsRevision1Plus },
-    { Bits(1, 7, 6), "Reserved", Reserved(), IsRevision0 },
-    { Bits(1, 5, 3), "Reserved", Reserved() },
+    { eId_DisplayidTimingBlockCodeType, Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes), IsRevision1Plus },
+    { eId_Reserved, Bits(1, 7, 6), "Reserved", Reserved(), IsRevision0 },
+    { eId_Reserved, Bits(1, 5, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oType4Flags = { "Flags", eArea_Timing, gsc_aoType4FlagRows };
+constexpr STable gsc_oType4Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType4FlagRows };
 
 constexpr SRow gsc_aoType8FlagRows[] = {
-    { Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
-    { Bit(1, 5), "YCbCr 4:2:0 supported", Flag(), IsRevision1Plus },
-    { Bit(1, 5), "Reserved", Reserved(), IsRevision0 },
-    { Bit(1, 4), "Reserved", Reserved() },
-    { Bit(1, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
+    { eId_DisplayidTimingBlockCodeType, Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
+    { eId_DisplayidTimingBlockYcbcr420, Bit(1, 5), "YCbCr 4:2:0 supported", Flag(), IsRevision1Plus },
+    { eId_Reserved, Bit(1, 5), "Reserved", Reserved(), IsRevision0 },
+    { eId_Reserved, Bit(1, 4), "Reserved", Reserved() },
+    { eId_DisplayidTimingBlockCodeSize, Bit(1, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
 };
-constexpr STable gsc_oType8Flags = { "Flags", eArea_Timing, gsc_aoType8FlagRows };
+constexpr STable gsc_oType8Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType8FlagRows };
 
 // DisplayID 1.3 (tags 7 and 8): a bit a mode, from mode 1 on. A field has the name of its mode.
-constexpr auto gsc_aoModeBits = BitRows("Mode", Flag(gsc_aoSupported));
+constexpr auto gsc_aoModeBits = BitRows(eId_DisplayidTimingMode, "Mode", Flag(gsc_aoSupported));
 
 void MapModeBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
                  const char* (*pfnName)(unsigned int))
@@ -591,40 +632,41 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 }
 
 constexpr SRow gsc_aoType10FlagRows[] = {
-    { Bit(1, 7), "Reserved", Reserved() },
-    { Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes"), nullptr, CheckWithin<0, 2> },
-    { Bit(1, 3), "Reserved", Reserved() },
+    { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
+    { eId_DisplayidTimingBlockExtraBytes, Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes"), nullptr,
+      CheckWithin<0, 2> },
+    { eId_Reserved, Bit(1, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oType10Flags = { "Flags", eArea_Structure, gsc_aoType10FlagRows };
+constexpr STable gsc_oType10Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Structure, gsc_aoType10FlagRows };
 
 constexpr SRow gsc_aoType7FlagRows[] = {
-    { Bit(1, 7), "Reserved", Reserved() },
-    { Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes") },
-    { Bit(1, 3), "DSC pass-through timings", Flag(), IsRevision1Plus },
-    { Bit(1, 3), "Reserved", Reserved(), IsRevision0 },
+    { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
+    { eId_DisplayidTimingBlockExtraBytes, Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes") },
+    { eId_DisplayidTimingBlockDscPassThrough, Bit(1, 3), "DSC pass-through timings", Flag(), IsRevision1Plus },
+    { eId_Reserved, Bit(1, 3), "Reserved", Reserved(), IsRevision0 },
 };
-constexpr STable gsc_oType7Flags = { "Flags", eArea_Timing, gsc_aoType7FlagRows };
+constexpr STable gsc_oType7Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType7FlagRows };
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
-    { 0x03, Group("Type I timing - detailed data block", eArea_Timing), ItemsOf(20), nullptr, {}, MapTimingsOf<20> },
-    { 0x04, Group("Type II timing - detailed data block", eArea_Timing), ItemsOf(11), nullptr, {}, MapTimingsOf<11> },
-    { 0x05, Group("Type III timing - short data block", eArea_Timing), ItemsOf(3), nullptr, {}, MapTimingsOf<3> },
-    { 0x06, Group("Type IV timing - DMT ID code data block", eArea_Timing), ItemsOf(1), &gsc_oType4Flags, {}, MapType4 },
-    { 0x07, Group("VESA timing standard data block", eArea_Timing), Exactly(10), nullptr, {}, MapDmtBits },
-    { 0x08, Group("CEA timing standard data block", eArea_Timing), Exactly(8), nullptr, {}, MapVicBits },
-    { 0x11, Group("Type V timing - short data block", eArea_Timing), ItemsOf(7), nullptr, {}, MapTimingsOf<7> },
-    { 0x13, Group("Type VI timing - detailed data block", eArea_Timing),
+    { 0x03, Group(eId_DisplayidType1, "Type I timing - detailed data block", eArea_Timing), ItemsOf(20), nullptr, {}, MapTimingsOf<20> },
+    { 0x04, Group(eId_DisplayidType2, "Type II timing - detailed data block", eArea_Timing), ItemsOf(11), nullptr, {}, MapTimingsOf<11> },
+    { 0x05, Group(eId_DisplayidType3, "Type III timing - short data block", eArea_Timing), ItemsOf(3), nullptr, {}, MapTimingsOf<3> },
+    { 0x06, Group(eId_DisplayidType4, "Type IV timing - DMT ID code data block", eArea_Timing), ItemsOf(1), &gsc_oType4Flags, {}, MapType4 },
+    { 0x07, Group(eId_DisplayidDmtModes, "VESA timing standard data block", eArea_Timing), Exactly(10), nullptr, {}, MapDmtBits },
+    { 0x08, Group(eId_DisplayidVicModes, "CEA timing standard data block", eArea_Timing), Exactly(8), nullptr, {}, MapVicBits },
+    { 0x11, Group(eId_DisplayidType5, "Type V timing - short data block", eArea_Timing), ItemsOf(7), nullptr, {}, MapTimingsOf<7> },
+    { 0x13, Group(eId_DisplayidType6, "Type VI timing - detailed data block", eArea_Timing),
       AtLeast(gsc_uiType6Size), nullptr, {}, MapType6 },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x22, Group("Type VII timing - detailed data block", eArea_Timing),
+    { 0x22, Group(eId_DisplayidType7, "Type VII timing - detailed data block", eArea_Timing),
       ItemsWithExtraBytes(20), &gsc_oType7Flags, {}, MapExtendedTimings<20> },
-    { 0x23, Group("Type VIII timing - enumerated timing code data block", eArea_Timing),
+    { 0x23, Group(eId_DisplayidType8, "Type VIII timing - enumerated timing code data block", eArea_Timing),
       ItemsWithExtraBytes(1, 3, 3), &gsc_oType8Flags, {}, MapType8 },
-    { 0x24, Group("Type IX timing - formula-based data block", eArea_Timing), ItemsOf(6), nullptr, {}, MapTimingsOf<6> },
-    { 0x2A, Group("Type X timing - formula-based data block", eArea_Timing),
+    { 0x24, Group(eId_DisplayidType9, "Type IX timing - formula-based data block", eArea_Timing), ItemsOf(6), nullptr, {}, MapTimingsOf<6> },
+    { 0x2A, Group(eId_DisplayidType10, "Type X timing - formula-based data block", eArea_Timing),
       ItemsWithExtraBytes(6), &gsc_oType10Flags, {}, MapExtendedTimings<6> },
 };
 // clang-format on

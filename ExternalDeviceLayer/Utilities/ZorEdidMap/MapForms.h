@@ -72,12 +72,12 @@ constexpr SForm Fraction(const char* pszUnit, unsigned int uiDenominator, unsign
 }
 
 // A row of the same name for each bit of a byte, from bit 0 on.
-constexpr std::array<SRow, gsc_uiBits> BitRows(const char* pszName, const SForm& oForm)
+constexpr std::array<SRow, gsc_uiBits> BitRows(EZorEdidField eId, const char* pszName, const SForm& oForm)
 {
     std::array<SRow, gsc_uiBits> aoRows = {};
     for (unsigned int i = 0; i < gsc_uiBits; ++i)
     {
-        aoRows[i] = { Bit(0, i), pszName, oForm };
+        aoRows[i] = { eId, Bit(0, i), pszName, oForm };
     }
     return aoRows;
 }

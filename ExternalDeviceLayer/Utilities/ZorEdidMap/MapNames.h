@@ -131,9 +131,9 @@ CMString ModeText(const SMapMode& oMode);
 inline constexpr unsigned int gsc_uiContainerIdSize = 16;
 CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset);
 template <unsigned int OFFSET>
-constexpr SRow ContainerIdRow()
+constexpr SRow ContainerIdRow(EZorEdidField eId)
 {
-    return { Run(OFFSET, gsc_uiContainerIdSize), "Container ID",
+    return { eId, Run(OFFSET, gsc_uiContainerIdSize), "Container ID",
              Text().Text([](const CRecord& oRecord, unsigned int) { return ContainerIdText(oRecord, OFFSET); }) };
 }
 } // namespace ZorMap

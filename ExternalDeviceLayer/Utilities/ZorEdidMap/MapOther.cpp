@@ -53,13 +53,13 @@ const char* CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
-    { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
-    { gsc_oVtbDetailed, "Number of detailed timings", Number(), nullptr, CheckVtbDetailed },
-    { gsc_oVtbCvt, "Number of CVT timing codes", Number(), nullptr, CheckVtbCvt },
-    { gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbStandard },
+    { eId_VtbVersion, Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
+    { eId_VtbDetailedTimings, gsc_oVtbDetailed, "Number of detailed timings", Number(), nullptr, CheckVtbDetailed },
+    { eId_VtbCvtTimingCodes, gsc_oVtbCvt, "Number of CVT timing codes", Number(), nullptr, CheckVtbCvt },
+    { eId_VtbStandardTimings, gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbStandard },
 };
-constexpr SRow gsc_oVtbCutRow = { RunToEnd(0), "Timing, cut short", Unknown() };
-constexpr STable gsc_oVtbTable = { "Video timing block", eArea_Structure, gsc_aoVtbRows };
+constexpr SRow gsc_oVtbCutRow = { eId_VtbCutTiming, RunToEnd(0), "Timing, cut short", Unknown() };
+constexpr STable gsc_oVtbTable = { eId_Vtb, "Video timing block", eArea_Structure, gsc_aoVtbRows };
 
 void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
@@ -85,7 +85,7 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 // ---- Block map, E-EDID 1.4: the tags of the blocks behind it. Block 1 has those of blocks 2 to 127, block 128
 //      those of blocks 129 to 254 ----
 
-constexpr SRow gsc_oMapTagRow = { Byte(0), "Tag of block", MakeForm(CMap::eKind_Name) };
+constexpr SRow gsc_oMapTagRow = { eId_BlockMapTag, Byte(0), "Tag of block", MakeForm(CMap::eKind_Name) };
 
 // The number of a block in its EDID: a file may hold several, one behind the other.
 unsigned int GetPlace(const CMapWriter& oWriter, unsigned int uiOffset)
@@ -134,13 +134,13 @@ constexpr unsigned int gsc_uiStringTablesOffset = 5;
 constexpr unsigned int gsc_uiStringsOffset = 6; // in a string table
 
 constexpr SRow gsc_aoLocalizedRows[] = {
-    { Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
-    { Byte(2), "Revision", Number() },
-    { Bits(3, 7, 4), "Unicode version, major", Number() },
-    { Bits(3, 3, 0), "Unicode version, minor", Number() },
-    { Byte(4), "Unicode version, update", Number() },
+    { eId_LsVersion, Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
+    { eId_LsRevision, Byte(2), "Revision", Number() },
+    { eId_LsUnicodeVersionMajor, Bits(3, 7, 4), "Unicode version, major", Number() },
+    { eId_LsUnicodeVersionMinor, Bits(3, 3, 0), "Unicode version, minor", Number() },
+    { eId_LsUnicodeVersionUpdate, Byte(4), "Unicode version, update", Number() },
 };
-constexpr STable gsc_oLocalizedTable = { "Localized strings", eArea_Structure, gsc_aoLocalizedRows };
+constexpr STable gsc_oLocalizedTable = { eId_Ls, "Localized strings", eArea_Structure, gsc_aoLocalizedRows };
 
 constexpr SMeaning gsc_aoEncodings[] = {
     { 0, 0, "UTF-8" }, { 1, 1, "UTF-16BE" }, { 2, 2, "UTF-32BE" }, { 3, 7, gsc_szReserved }
@@ -169,13 +169,13 @@ const char* CheckLanguage(const CRecord& oStringTable, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoStringTableRows[] = {
-    { Byte(0), "Table length", Number("bytes") }, // counts itself
-    { Bits(1, 7, 3), "Reserved", Reserved() },
-    { Bits(1, 2, 0), "Encoding", Names(gsc_aoEncodings) },
-    { Bits(2, 7, 6), "Reserved", Reserved() },
-    { Split({ { 2, 5, 0 }, { 3, 7, 0 } }), "Country code, ISO 3166", Number() },
-    { Bit(4, 7), "Reserved", Reserved() },
-    { gsc_oLanguage, "Language code", Number().Text(LanguageText), nullptr, CheckLanguage },
+    { eId_LsTableLength, Byte(0), "Table length", Number("bytes") }, // counts itself
+    { eId_Reserved, Bits(1, 7, 3), "Reserved", Reserved() },
+    { eId_LsTableEncoding, Bits(1, 2, 0), "Encoding", Names(gsc_aoEncodings) },
+    { eId_Reserved, Bits(2, 7, 6), "Reserved", Reserved() },
+    { eId_LsTableCountry, Split({ { 2, 5, 0 }, { 3, 7, 0 } }), "Country code, ISO 3166", Number() },
+    { eId_Reserved, Bit(4, 7), "Reserved", Reserved() },
+    { eId_LsTableLanguage, gsc_oLanguage, "Language code", Number().Text(LanguageText), nullptr, CheckLanguage },
 };
 
 // "ENG"
@@ -183,7 +183,8 @@ CMString StringTableText(const CRecord& oStringTable)
 {
     return LanguageText(oStringTable, oStringTable.Get(gsc_oLanguage));
 }
-constexpr STable gsc_oStringTable = { "String table", eArea_Identity, gsc_aoStringTableRows, StringTableText };
+constexpr STable gsc_oStringTable = { eId_LsTable, "String table", eArea_Identity, gsc_aoStringTableRows,
+                                      StringTableText };
 
 // Each string has its length in bytes ahead of it.
 struct SLocalizedString
@@ -193,15 +194,15 @@ struct SLocalizedString
     SRow m_oBytes; // of encodings whose characters are no bytes
 };
 constexpr SLocalizedString gsc_aoStrings[] = {
-    { { Byte(0), "Manufacturer name length", Number("bytes") },
-      { RunToEnd(0), "Manufacturer name", Text() },
-      { RunToEnd(0), "Manufacturer name", Bytes() } },
-    { { Byte(0), "Model name length", Number("bytes") },
-      { RunToEnd(0), "Model name", Text() },
-      { RunToEnd(0), "Model name", Bytes() } },
-    { { Byte(0), "Serial number length", Number("bytes") },
-      { RunToEnd(0), "Serial number", Text() },
-      { RunToEnd(0), "Serial number", Bytes() } },
+    { { eId_LsTableManufacturerNameLength, Byte(0), "Manufacturer name length", Number("bytes") },
+      { eId_LsTableManufacturerName, RunToEnd(0), "Manufacturer name", Text() },
+      { eId_LsTableManufacturerName, RunToEnd(0), "Manufacturer name", Bytes() } },
+    { { eId_LsTableModelNameLength, Byte(0), "Model name length", Number("bytes") },
+      { eId_LsTableModelName, RunToEnd(0), "Model name", Text() },
+      { eId_LsTableModelName, RunToEnd(0), "Model name", Bytes() } },
+    { { eId_LsTableSerialNumberLength, Byte(0), "Serial number length", Number("bytes") },
+      { eId_LsTableSerialNumber, RunToEnd(0), "Serial number", Text() },
+      { eId_LsTableSerialNumber, RunToEnd(0), "Serial number", Bytes() } },
 };
 
 void MapStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
@@ -245,13 +246,14 @@ void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned in
             oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");
         }
         MapStrings(oWriter, uiOffset + uiAt, uiSize);
-        oWriter.EndGroup("Unknown", CMap::eKind_Unknown);
+        oWriter.EndGroup(gsc_oUnknownRest);
     }
 }
 
 // ---- Blocks that are known by name only ----
 
-constexpr SRow gsc_oVendorRow = { Run(1, gsc_uiChecksumOffset - 1), "Manufacturer's data", Bytes() };
+constexpr SRow gsc_oVendorRow = { eId_ManufacturerData, Run(1, gsc_uiChecksumOffset - 1), "Manufacturer's data",
+                                  Bytes() };
 
 void MapVendorBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
@@ -260,49 +262,49 @@ void MapVendorBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiL
 
 // ---- Which block is walked by what: E-EDID 1.4; 01h and 30h of its early lists ----
 
-constexpr CMap::EKind eFiller = CMap::eKind_Reserved;
-constexpr CMap::EKind eUnknown = CMap::eKind_Unknown;
-
 // CTA-861 and DisplayID are in the list for their names; the walks of their blocks stand elsewhere.
 struct SExtension
 {
+    EZorEdidField m_eId;   // of the block
     SMeaning m_oKey;       // tag
     const char* m_pszKind; // GetBlockKind
-    CMap::EKind m_eRest;   // what the walk leaves over
+    const SRest& m_oRest;  // what the walk leaves over
     const char* m_pszName;
     void (*m_pfnWalk)(CMapWriter&, unsigned int uiOffset, unsigned int uiLength) = nullptr; // null: by name only
 };
 
 // clang-format off
 constexpr SExtension gsc_aoExtensions[] = {
-    { { 0x01, 0x01, "LCD timings" }, "lcd-timings", eUnknown, "LCD timings extension block" },
-    { { 0x02, 0x02, "CTA-861 extension" }, "cea-861", eUnknown, "CTA-861 extension block" },
-    { { 0x10, 0x10, "video timing block extension (VTB-EXT)" }, "video-timing",
-      eFiller, "Video timing block extension", MapVtb },
-    { { 0x20, 0x20, "EDID 2.0 extension" }, "edid-2", eUnknown, "EDID 2.0 extension block" },
-    { { 0x30, 0x30, "color information" }, "color-information", eUnknown, "Color information extension block" },
-    { { 0x40, 0x40, "display information extension (DI-EXT)" }, "display-information",
-      eFiller, "Display information extension block", MapDisplayInformation },
-    { { 0x50, 0x50, "localized string extension (LS-EXT)" }, "localized-string",
-      eFiller, "Localized string extension block", MapLocalizedStrings },
-    { { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" }, "dpvl",
-      eUnknown, "Digital packet video link extension block" },
-    { { 0x70, 0x70, "DisplayID extension" }, "displayid", eUnknown, "DisplayID extension block" },
-    { { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
-      eUnknown, "Display transfer characteristics block" },
-    { { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
-      eUnknown, "Display transfer characteristics block" },
-    { { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
-      eUnknown, "Display transfer characteristics block" },
-    { { 0xF0, 0xF0, "block map" }, "block-map", eFiller, "Block map", MapBlockMap },
-    { { 0xFF, 0xFF, "extension of the manufacturer" }, "manufacturer",
-      eUnknown, "Extension block of the manufacturer", MapVendorBlock },
+    { eId_LcdTimings, { 0x01, 0x01, "LCD timings" }, "lcd-timings", gsc_oUnknownRest, "LCD timings extension block" },
+    { eId_Cta, { 0x02, 0x02, "CTA-861 extension" }, "cea-861", gsc_oUnknownRest, "CTA-861 extension block" },
+    { eId_Vtb, { 0x10, 0x10, "video timing block extension (VTB-EXT)" }, "video-timing",
+      gsc_oFillerRest, "Video timing block extension", MapVtb },
+    { eId_Edid2, { 0x20, 0x20, "EDID 2.0 extension" }, "edid-2", gsc_oUnknownRest, "EDID 2.0 extension block" },
+    { eId_ColorInformation, { 0x30, 0x30, "color information" }, "color-information", gsc_oUnknownRest, "Color information extension block" },
+    { eId_Di, { 0x40, 0x40, "display information extension (DI-EXT)" }, "display-information",
+      gsc_oFillerRest, "Display information extension block", MapDisplayInformation },
+    { eId_Ls, { 0x50, 0x50, "localized string extension (LS-EXT)" }, "localized-string",
+      gsc_oFillerRest, "Localized string extension block", MapLocalizedStrings },
+    { eId_Dpvl, { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" }, "dpvl",
+      gsc_oUnknownRest, "Digital packet video link extension block" },
+    { eId_Displayid, { 0x70, 0x70, "DisplayID extension" }, "displayid", gsc_oUnknownRest, "DisplayID extension block" },
+    { eId_Dtcdb, { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
+      gsc_oUnknownRest, "Display transfer characteristics block" },
+    { eId_Dtcdb, { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
+      gsc_oUnknownRest, "Display transfer characteristics block" },
+    { eId_Dtcdb, { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
+      gsc_oUnknownRest, "Display transfer characteristics block" },
+    { eId_BlockMap, { 0xF0, 0xF0, "block map" }, "block-map", gsc_oFillerRest, "Block map", MapBlockMap },
+    { eId_Manufacturer, { 0xFF, 0xFF, "extension of the manufacturer" }, "manufacturer",
+      gsc_oUnknownRest, "Extension block of the manufacturer", MapVendorBlock },
 };
 // clang-format on
 constexpr auto gsc_aoExtensionTags = TakeKeys(gsc_aoExtensions);
 // A file may hold several EDIDs, one behind the other.
-constexpr SExtension gsc_oOtherBase = { {}, nullptr, eUnknown, "Base block of another EDID" };
-constexpr SExtension gsc_oUnknownExtension = { {}, nullptr, eUnknown, "Unknown extension block" };
+constexpr SExtension gsc_oOtherBase = { eId_OtherBase, {}, nullptr, gsc_oUnknownRest, "Base block of another EDID" };
+constexpr SExtension gsc_oUnknownExtension = {
+    eId_UnknownExtension, {}, nullptr, gsc_oUnknownRest, "Unknown extension block"
+};
 
 // Null for an unknown one.
 const SExtension* FindExtension(unsigned int uiTag)
@@ -324,19 +326,19 @@ const SExtension& FindExtension(const CMapWriter& oWriter, unsigned int uiOffset
 }
 } // namespace
 
-constinit const SRow g_oExtensionTagRow = { Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
+constinit const SRow g_oExtensionTagRow = { eId_ExtensionTag, Byte(0), "Extension tag", Names(gsc_aoExtensionTags) };
 
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const SExtension& oExtension = FindExtension(oWriter, uiOffset);
-    oWriter.BeginBlock(oExtension.m_pszName, uiOffset, uiLength);
+    oWriter.BeginBlock(oExtension.m_eId, oExtension.m_pszName, uiOffset, uiLength);
     oWriter.AddLeaf(&oExtension == &gsc_oOtherBase ? g_oHeaderRow : g_oExtensionTagRow, eArea_Structure, uiOffset,
                     uiLength);
     if (oExtension.m_pfnWalk != nullptr)
     {
         oExtension.m_pfnWalk(oWriter, uiOffset, uiLength);
     }
-    oWriter.EndBlock(oExtension.m_eRest == eFiller ? "Filler" : "Unknown", oExtension.m_eRest);
+    oWriter.EndBlock(oExtension.m_oRest);
 }
 } // namespace ZorMap
 

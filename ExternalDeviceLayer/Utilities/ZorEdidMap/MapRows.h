@@ -2,10 +2,10 @@
 // standard line by line; MapWriter.h puts them over bytes. Private to this folder.
 //
 //     constexpr SRow gsc_aoRows[] = {
-//         { Byte(0x15), "Horizontal screen size", Number("cm") },
-//         { Bits(0x18, 4, 3), "Display colour type", Names(gsc_aoColourTypes), IsAnalog },
-//         { Split({ 0x04, 7, 4 }, { 0x02, 7, 0 }), "Horizontal active pixels", Number("pixels") },
-//         { Bits(0x05, 3, 0), "Reserved", Reserved() },
+//         { eId_BaseDisplayScreenWidth, Byte(0x15), "Horizontal screen size", Number("cm") },
+//         { eId_BaseDisplayColorType, Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsAnalog },
+//         { eId_BaseDetailedHorizontalActive, Split({ { 4, 7, 4 }, { 2, 7, 0 } }), "Horizontal active", Number() },
+//         { eId_Reserved, Bits(0x05, 3, 0), "Reserved", Reserved() },
 //     };
 
 #pragma once
@@ -18,6 +18,11 @@
 namespace ZorMap
 {
 using namespace ZorStandards;
+
+// The ids by short names, for the tables.
+#define ZOR_EDID_FIELD(NUMBER, NAME, ID) inline constexpr EZorEdidField eId_##NAME = eZorEdidField_##NAME;
+ZOR_EDID_FIELDS(ZOR_EDID_FIELD)
+#undef ZOR_EDID_FIELD
 
 class CRecord;
 
@@ -169,10 +174,25 @@ constexpr SForm Filler(unsigned int uiExpected, const char* pszUnexpected)
     return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, pszUnexpected);
 }
 
+// ---- What a group leaves over ----
+
+struct SRest
+{
+    EZorEdidField m_eId;
+    const char* m_pszName;
+    CZorEdidMap::EKind m_eKind; // eKind_Reserved, with a note where it is not 0, or eKind_Unknown
+};
+inline constexpr SRest gsc_oReservedRest = { eId_Reserved, "Reserved", CZorEdidMap::eKind_Reserved };
+inline constexpr SRest gsc_oPaddingRest = { eId_Padding, "Padding", CZorEdidMap::eKind_Reserved };
+inline constexpr SRest gsc_oFillerRest = { eId_Padding, "Filler", CZorEdidMap::eKind_Reserved };
+inline constexpr SRest gsc_oUnknownRest = { eId_Unknown, "Unknown", CZorEdidMap::eKind_Unknown };
+inline constexpr SRest gsc_oCutRest = { eId_Unknown, "Unknown, cut short", CZorEdidMap::eKind_Unknown };
+
 // ---- Rows and tables: the map keeps their addresses, so that they must be static ----
 
 struct SRow
 {
+    EZorEdidField m_eId;
     SPlace m_oPlace;
     const char* m_pszName;
     SForm m_oForm;
@@ -181,10 +201,17 @@ struct SRow
     const char* (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
 };
 
+// Its record ends with the checksum byte, so that it needs no place.
+constexpr SRow ChecksumRow(EZorEdidField eId, const char* pszName)
+{
+    return { eId, {}, pszName, MakeForm(CZorEdidMap::eKind_Checksum) };
+}
+
 // A structure: its rows, and the area that all of its fields are of. Bits that no row takes become "Reserved", with a
 // note when they are set. Rows never overlap: of two rows for a bit, exactly one must apply.
 struct STable
 {
+    EZorEdidField m_eId;   // of its group
     const char* m_pszName; // in the standard's term
     CZorEdidMap::EArea m_eArea;
     std::span<const SRow> m_aoRows;

@@ -16,9 +16,7 @@ namespace
 constexpr unsigned int gsc_uiByteMask = 0xFF;
 constexpr unsigned char gsc_ui8WholeByte = 0xFF;
 
-constexpr SForm MakeChecksumForm() { return MakeForm(CZorEdidMap::eKind_Checksum); }
-// Its record ends with the checksum byte: only a name and a kind are asked.
-constexpr SRow gsc_oChecksumRow = { {}, "Checksum", MakeChecksumForm() };
+constexpr SRow gsc_oChecksumRow = ChecksumRow(eId_Checksum, "Checksum");
 
 bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
 {
@@ -31,6 +29,7 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
 {
     const SForm& oForm = oRow.m_oForm;
     CZorEdidMap::SField oField = {};
+    oField.m_eId = oRow.m_eId;
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
     oField.m_pszMeaning = FindMeaning(oForm.m_aoMeanings, uiRaw);
@@ -132,8 +131,8 @@ unsigned int CMapWriter::AppendEntry(SEntry& oEntry)
     return oField.m_uiEnd - 1;
 }
 
-unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset,
-                                    unsigned int uiLength)
+unsigned int CMapWriter::BeginGroup(EZorEdidField eId, const char* pszName, CZorEdidMap::EArea eArea,
+                                    unsigned int uiOffset, unsigned int uiLength)
 {
     if (m_uiDepth >= msc_uiMostDepth)
     {
@@ -147,6 +146,7 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
     {
         SEntry oEntry = { {}, { nullptr, nullptr, oRange.m_uiOffset, oRange.m_uiLength, true } };
         CZorEdidMap::SField& oField = oEntry.m_oField;
+        oField.m_eId = eId;
         oField.m_pszName = pszName;
         oField.m_eKind = CZorEdidMap::eKind_Group;
         oField.m_eArea = eArea;
@@ -159,7 +159,7 @@ unsigned int CMapWriter::BeginGroup(const char* pszName, CZorEdidMap::EArea eAre
     return uiField;
 }
 
-void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
+void CMapWriter::EndGroup(const SRest& oRest)
 {
     if (m_uiDepth == 0)
     {
@@ -185,7 +185,7 @@ void CMapWriter::EndGroup(const char* pszRest, CZorEdidMap::EKind eRest)
         }
         if (ui8Mask != 0)
         {
-            AddRest(pszRest, eRest, uiOffset, uiLength, ui8Mask);
+            AddRest(oRest, uiOffset, uiLength, ui8Mask);
         }
         uiOffset += uiLength;
     }
@@ -224,9 +224,10 @@ void CMapWriter::NumberFields(unsigned int uiFirst, unsigned int uiEnd)
     }
 }
 
-unsigned int CMapWriter::BeginBlock(const char* pszName, unsigned int uiOffset, unsigned int uiLength)
+unsigned int CMapWriter::BeginBlock(EZorEdidField eId, const char* pszName, unsigned int uiOffset,
+                                    unsigned int uiLength)
 {
-    const unsigned int uiField = BeginGroup(pszName, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    const unsigned int uiField = BeginGroup(eId, pszName, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
     if (uiLength < msc_uiBlockSize)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a block has 128 bytes");
@@ -234,21 +235,21 @@ unsigned int CMapWriter::BeginBlock(const char* pszName, unsigned int uiOffset, 
     return uiField;
 }
 
-void CMapWriter::EndBlock(const char* pszRest, CZorEdidMap::EKind eRest)
+void CMapWriter::EndBlock(const SRest& oRest)
 {
     const SRange oRange = GetOpenRange();
     if (oRange.m_uiLength < msc_uiBlockSize)
     {
-        EndGroup("Unknown, cut short", CZorEdidMap::eKind_Unknown);
+        EndGroup(gsc_oCutRest);
         return;
     }
-    AddChecksum(oRange.m_uiOffset, oRange.m_uiOffset + msc_uiBlockSize - 1);
-    EndGroup(pszRest, eRest);
+    AddChecksum(gsc_oChecksumRow, oRange.m_uiOffset, oRange.m_uiOffset + msc_uiBlockSize - 1);
+    EndGroup(oRest);
 }
 
 unsigned int CMapWriter::BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength)
 {
-    const unsigned int uiField = BeginGroup(oTable.m_pszName, oTable.m_eArea, uiOffset, uiLength);
+    const unsigned int uiField = BeginGroup(oTable.m_eId, oTable.m_pszName, oTable.m_eArea, uiOffset, uiLength);
     if (HasField(uiField))
     {
         m_oMap.m_aoEntries[uiField].m_oOrigin.m_poTable = &oTable;
@@ -283,7 +284,7 @@ void CMapWriter::AddUnknownEnd()
     }
     if (uiFirst < uiEnd)
     {
-        AddRest("Unknown", CZorEdidMap::eKind_Unknown, uiFirst, uiEnd - uiFirst, gsc_ui8WholeByte);
+        AddRest(gsc_oUnknownRest, uiFirst, uiEnd - uiFirst, gsc_ui8WholeByte);
     }
 }
 
@@ -467,6 +468,7 @@ unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
         return CZorEdidMap::msc_uiNone;
     }
     SEntry oEntry = {};
+    oEntry.m_oField.m_eId = oRow.m_eId;
     oEntry.m_oField.m_pszName = oRow.m_pszName;
     oEntry.m_oField.m_eKind = CZorEdidMap::eKind_Unknown;
     oEntry.m_oField.m_eArea = CZorEdidMap::eArea_Unused;
@@ -505,13 +507,13 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
     }
 }
 
-void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
-                         unsigned char ui8Mask)
+void CMapWriter::AddRest(const SRest& oRest, unsigned int uiOffset, unsigned int uiLength, unsigned char ui8Mask)
 {
     SEntry oEntry = { {}, { nullptr, nullptr, uiOffset, uiLength, false } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
-    oField.m_pszName = pszName;
-    oField.m_eKind = eKind;
+    oField.m_eId = oRest.m_eId;
+    oField.m_pszName = oRest.m_pszName;
+    oField.m_eKind = oRest.m_eKind;
     oField.m_eArea = CZorEdidMap::eArea_Unused;
     SPieces oPieces = {};
     oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiOffset, uiLength, ui8Mask };
@@ -521,13 +523,13 @@ void CMapWriter::AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned
     {
         uiSet |= GetByte(uiOffset + i) & ui8Mask;
     }
-    if (eKind == CZorEdidMap::eKind_Reserved && uiSet != 0)
+    if (oRest.m_eKind == CZorEdidMap::eKind_Reserved && uiSet != 0)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved bits are set");
     }
 }
 
-unsigned int CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset)
+unsigned int CMapWriter::AddChecksum(const SRow& oRow, unsigned int uiFirst, unsigned int uiOffset)
 {
     const SRange oPlace = Clip(uiOffset, 1);
     SPieces oPieces = {};
@@ -537,9 +539,10 @@ unsigned int CMapWriter::AddChecksum(unsigned int uiFirst, unsigned int uiOffset
         return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiLength = uiOffset - uiFirst + 1;
-    SEntry oEntry = { {}, { &gsc_oChecksumRow, nullptr, uiFirst, uiLength, false } };
+    SEntry oEntry = { {}, { &oRow, nullptr, uiFirst, uiLength, false } };
     CZorEdidMap::SField& oField = oEntry.m_oField;
-    oField.m_pszName = gsc_oChecksumRow.m_pszName;
+    oField.m_eId = oRow.m_eId;
+    oField.m_pszName = oRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
     oField.m_eKind = CZorEdidMap::eKind_Checksum;
     oField.m_eArea = CZorEdidMap::eArea_Structure;

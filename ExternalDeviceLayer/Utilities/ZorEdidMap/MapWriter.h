@@ -1,7 +1,7 @@
 // Puts tables of rows over the bytes of an image, and keeps the promise of the map: every bit in exactly one leaf.
 // Private to this folder. MapBase.cpp, MapCta.cpp, MapDisplayId.cpp and MapOther.cpp walk the bytes with it.
 //
-//     oWriter.BeginBlock("CTA-861 extension block", uiOffset, uiLength);
+//     oWriter.BeginBlock(eId_Cta, "CTA-861 extension block", uiOffset, uiLength);
 //     oWriter.AddRows(gsc_oHeadTable, uiOffset, 4);
 //     const unsigned int uiField = oWriter.AddRecord(gsc_oAudioTable, uiBlock, uiBlockLength);
 //     oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of the block");
@@ -64,16 +64,16 @@ public:
     CRecord GetRecord(unsigned int uiOffset, unsigned int uiLength) const;
 
     // A group over uiLength bytes from uiOffset of the image on. What is left of them at EndGroup becomes one field for
-    // each run of bytes, and for what is left of each byte, of this name and kind: eKind_Reserved (with a note when it
-    // is not 0) or eKind_Unknown. Where no byte is left of the range, nothing is added up to EndGroup.
-    unsigned int BeginGroup(const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset,
+    // each run of bytes, and for what is left of each byte, as oRest says. Where no byte is left of the range, nothing
+    // is added up to EndGroup.
+    unsigned int BeginGroup(EZorEdidField eId, const char* pszName, CZorEdidMap::EArea eArea, unsigned int uiOffset,
                             unsigned int uiLength);
-    void EndGroup(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
+    void EndGroup(const SRest& oRest = gsc_oReservedRest);
 
     // The group of a whole block. EndBlock adds the checksum in the last byte and closes the group. Of a block that is
     // cut short, a note says so, and its rest is unknown.
-    unsigned int BeginBlock(const char* pszName, unsigned int uiOffset, unsigned int uiLength);
-    void EndBlock(const char* pszRest = "Reserved", CZorEdidMap::EKind eRest = CZorEdidMap::eKind_Reserved);
+    unsigned int BeginBlock(EZorEdidField eId, const char* pszName, unsigned int uiOffset, unsigned int uiLength);
+    void EndBlock(const SRest& oRest = gsc_oReservedRest);
 
     // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes all lie
     // behind them is left out; of one that they cut, what is there is unknown, with a note.
@@ -96,7 +96,7 @@ public:
 
     // The byte at uiOffset, which must bring the sum of the bytes from uiFirst up to itself to 0; an error note when it
     // does not.
-    unsigned int AddChecksum(unsigned int uiFirst, unsigned int uiOffset);
+    unsigned int AddChecksum(const SRow& oRow, unsigned int uiFirst, unsigned int uiOffset);
 
     void AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText);
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
@@ -147,8 +147,7 @@ private:
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
     bool HasError(unsigned int uiGroup) const;
     unsigned int AddCutRow(const SRow& oRow, const SPieces& oPieces);
-    void AddRest(const char* pszName, CZorEdidMap::EKind eKind, unsigned int uiOffset, unsigned int uiLength,
-                 unsigned char ui8Mask);
+    void AddRest(const SRest& oRest, unsigned int uiOffset, unsigned int uiLength, unsigned char ui8Mask);
     void NoteReserved(unsigned int uiField);
     void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);
     void NumberFields(unsigned int uiFirst, unsigned int uiEnd);

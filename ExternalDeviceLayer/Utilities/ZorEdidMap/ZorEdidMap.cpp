@@ -152,6 +152,7 @@ void CMapWriter::WriteTail()
     }
     SEntry oEntry = {};
     CZorEdidMap::SField& oField = oEntry.m_oField;
+    oField.m_eId = eId_AfterBlocks;
     oField.m_pszName = "Bytes behind the blocks";
     oField.m_uiOffset = uiFirst;
     oField.m_uiLength = uiLength;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "ZorEdidMapIds.h"
 #include "ZorMFCTypes.h"
 
 namespace ZorMap
@@ -101,7 +102,8 @@ public:
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;
-        bool m_bNumber; // of a number: 0 where a meaning such as "not given" takes its place
+        bool m_bNumber;      // of a number: 0 where a meaning such as "not given" takes its place
+        EZorEdidField m_eId; // what it is: by this a program finds a field, not by its name
     };
 
     struct SNote
@@ -150,6 +152,11 @@ public:
     /// Short name of an extension block's kind by its tag, the first byte: "cea-861", "displayid". Null for an unknown
     /// one.
     static const char* GetBlockKind(unsigned int uiTag);
+
+    /// The text of an id, such as "cta.hdmi-forum.vrr-max"; null for eZorEdidField_None and unknown numbers.
+    static const char* GetId(EZorEdidField eId);
+    /// The id of a text; eZorEdidField_None for an unknown one and for null.
+    static EZorEdidField FindId(const char* pszId);
 
 private:
     ZorMap::SMapContent* m_poContent; // owned, never null

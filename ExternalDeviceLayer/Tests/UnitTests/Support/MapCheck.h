@@ -74,6 +74,10 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         {
             return "the group's index" + sWhere;
         }
+        if (CZorEdidMap::GetId(oField.m_eId) == nullptr)
+        {
+            return "the id" + sWhere;
+        }
         if (oField.m_uiLength == 0)
         {
             return "the length" + sWhere;

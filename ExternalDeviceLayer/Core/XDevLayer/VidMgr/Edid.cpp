@@ -9,12 +9,13 @@
 #include "EdidTileOutputs.h"
 #include "EdidUtils.h"
 #include "ListFill.h"
-#include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
 using namespace ZorCore;
+using namespace ZorStandards;
 
 namespace
 {
@@ -70,6 +71,25 @@ unsigned int SumOver(const ExtensionList& aoExtensions, COUNT fnCount)
     return uiSum;
 }
 
+// Appends the origins of the timings of the extension blocks, uiFirst of which precede them.
+template <class COUNT>
+void AppendOrigins(const ExtensionList& aoExtensions, unsigned int uiFirst, COUNT fnCount,
+                   void (CEdidExtBlock::*pfnList)(CTimingOrigins&) const, CTimingOrigins& aoOrigins)
+{
+    for (unsigned int i = 0; i < aoExtensions.GetCount(); ++i)
+    {
+        CTimingOrigins aoOfBlock;
+        (aoExtensions[i]->*pfnList)(aoOfBlock);
+        for (unsigned int j = 0; j < aoOfBlock.GetCount(); ++j)
+        {
+            STimingOrigin oOrigin = aoOfBlock[j];
+            oOrigin.m_uiIndex += uiFirst;
+            aoOrigins.Add(oOrigin);
+        }
+        uiFirst += fnCount(*aoExtensions[i]);
+    }
+}
+
 unsigned int SizeOf(const CEdidExtBlock& oBlock) { return oBlock.GetSize(); }
 unsigned int StandardCountOf(const CEdidExtBlock& oBlock) { return oBlock.GetStandardCount(); }
 unsigned int DetailedCountOf(const CEdidExtBlock& oBlock) { return oBlock.GetDetailedCount(); }
@@ -107,21 +127,20 @@ int CEdid::SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, uns
         return 0;
     }
 
-    const unsigned int uiAnnounced =
-        (m_aui8Edid[ZorStandards::BaseBlock::gsc_uiExtensionCountOffset] + 1U) * CEdidUtils::msc_uiBlockSize;
-    if (uiAnnounced > uiSize)
+    const unsigned int uiPresent = uiSize / gsc_uiBlockSize - 1;
+    const unsigned int uiAnnounced = m_aui8Edid[BaseBlock::gsc_uiExtensionCountOffset];
+    if (uiAnnounced > uiPresent)
     {
         MASSERT_FAILED();
     }
-    const unsigned int uiUsed = std::min(uiAnnounced, uiSize);
-    CListFill<CEdidExtBlock*> oFill(m_aoExtensions, uiUsed / CEdidUtils::msc_uiBlockSize - 1);
-    for (unsigned int uiOffset = CEdidUtils::msc_uiBlockSize; uiOffset < uiUsed;
-         uiOffset += CEdidUtils::msc_uiBlockSize)
+    CListFill<CEdidExtBlock*> oFill(m_aoExtensions, std::min(uiAnnounced, uiPresent));
+    for (CBlockWalk oWalk(pui8Data, uiSize); oWalk.Next() && oWalk.IsAnnounced();)
     {
         std::unique_ptr<CEdidExtBlock> poBlock(
-            CEdidExtBlock::CreateExtensionBlock(CEdidUtils::msc_uiBlockSize, pui8Data + uiOffset, uiStripFlags));
+            CEdidExtBlock::CreateExtensionBlock(gsc_uiBlockSize, oWalk.GetData(), uiStripFlags));
         if (poBlock != nullptr)
         {
+            poBlock->m_uiImageBlock = oWalk.GetNumber();
             oFill.Add(poBlock.release());
         }
     }
@@ -241,6 +260,20 @@ int CEdid::RemoveStandardKeepingDescriptors(unsigned int uiIndex)
     return AskBlockAt(
         m_aoExtensions, uiIndex - uiBaseCount, StandardCountOf,
         [](CEdidExtBlock& oBlock, unsigned int uiRest) { return oBlock.RemoveStandardKeepingDescriptors(uiRest); });
+}
+
+void CEdid::ListStandardOrigins(CTimingOrigins& aoOrigins) const
+{
+    CEdidBase::ListStandardOrigins(aoOrigins);
+    AppendOrigins(m_aoExtensions, GetBaseStandardCount(), StandardCountOf, &CEdidExtBlock::ListStandardOrigins,
+                  aoOrigins);
+}
+
+void CEdid::ListDetailedOrigins(CTimingOrigins& aoOrigins) const
+{
+    CEdidBase::ListDetailedOrigins(aoOrigins);
+    AppendOrigins(m_aoExtensions, GetBaseDetailedCount(), DetailedCountOf, &CEdidExtBlock::ListDetailedOrigins,
+                  aoOrigins);
 }
 
 unsigned int CEdid::GetDetailedCount() const

@@ -89,6 +89,11 @@ public:
     int GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const;
     int RemoveDetailed(unsigned int uiIndex);
 
+    // Where the timings of all blocks come from, by these indexes; replaces the content of aoOrigins. Those of the base
+    // block come first, then those of each extension block; see CEdidExtBlock.
+    void ListStandardOrigins(CTimingOrigins& aoOrigins) const;
+    void ListDetailedOrigins(CTimingOrigins& aoOrigins) const;
+
     // ---- Timings of the base block; see CEdidBase ----
 
     unsigned int GetBaseStandardCount() const;

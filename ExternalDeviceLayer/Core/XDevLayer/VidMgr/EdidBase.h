@@ -31,6 +31,7 @@
 #pragma once
 
 #include "EdidUtils.h"
+#include "TimingOrigin.h"
 #include "ZorMFCTypes.h"
 
 #pragma GCC visibility push(default)
@@ -249,6 +250,13 @@ public:
     // Overwrites the first detailed timing. Its image size becomes bytes 21 and 22, the centimetres unscaled, or 0
     // when one of them is 0. 0 for null, or when the block declares no preferred timing or has no descriptor for it.
     int SetPreferredMode(const CVidParamTiming* poTiming);
+
+    // ---- Where the timings come from. Each replaces the content of aoOrigins, in the order of the indexes ----
+
+    // Of the list with bVesaOnly 0.
+    void ListEstablishedOrigins(CTimingOrigins& aoOrigins) const;
+    void ListStandardOrigins(CTimingOrigins& aoOrigins) const;
+    void ListDetailedOrigins(CTimingOrigins& aoOrigins) const;
 
 protected:
     unsigned char m_aui8Edid[CEdidUtils::msc_uiBlockSize];

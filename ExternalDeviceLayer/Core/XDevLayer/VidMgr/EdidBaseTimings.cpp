@@ -197,6 +197,12 @@ constexpr unsigned int LinesByAspect(unsigned int uiAspect, unsigned int uiPixel
     }
 }
 
+STimingOrigin MakeOrigin(unsigned int uiIndex, unsigned int uiOffset, unsigned int uiLength,
+                         unsigned int uiBit = STimingOrigin::msc_uiNoBit)
+{
+    return { uiIndex, 0, uiOffset, uiLength, uiBit, 0, 0, 0, 0, STimingOrigin::e420_No };
+}
+
 void SetNotNative(int* piNative)
 {
     if (piNative != nullptr)
@@ -450,6 +456,42 @@ int CEdidBase::SetPreferredMode(const CVidParamTiming* poTiming)
     WriteDescriptor(uiOffset, oRaw);
     UpdateChecksum();
     return 1;
+}
+
+void CEdidBase::ListEstablishedOrigins(CTimingOrigins& aoOrigins) const
+{
+    aoOrigins.RemoveAll();
+    const unsigned int uiDeclared = ReadLittle24(m_aui8Edid + gsc_uiEstablishedOffset);
+    for (const unsigned int uiMask : m_auiEstablishedMask)
+    {
+        if (FindListedMode(uiDeclared, uiMask, 0) != nullptr)
+        {
+            const unsigned int uiBit = static_cast<unsigned int>(std::countr_zero(uiMask));
+            aoOrigins.Add(
+                MakeOrigin(aoOrigins.GetCount(), gsc_uiEstablishedOffset + uiBit / gsc_uiBits, 1, uiBit % gsc_uiBits));
+        }
+    }
+}
+
+void CEdidBase::ListStandardOrigins(CTimingOrigins& aoOrigins) const
+{
+    aoOrigins.RemoveAll();
+    for (unsigned int i = 0; i < m_aoStandardSlots.GetCount(); ++i)
+    {
+        if (CEdidBase::GetStandard(i, nullptr, nullptr) != 0)
+        {
+            aoOrigins.Add(MakeOrigin(i, gsc_uiStandardsOffset + m_aoStandardSlots[i] * gsc_uiPairSize, gsc_uiPairSize));
+        }
+    }
+}
+
+void CEdidBase::ListDetailedOrigins(CTimingOrigins& aoOrigins) const
+{
+    aoOrigins.RemoveAll();
+    for (unsigned int i = 0; i < CEdidBase::GetDetailedCount(); ++i)
+    {
+        aoOrigins.Add(MakeOrigin(i, FindDetailed(i), gsc_uiDescriptorSize));
+    }
 }
 
 unsigned int CEdidBase::FindEstablished(unsigned int uiIndex, CVidParamTiming* poTiming, int bVesaOnly) const

@@ -61,3 +61,7 @@ int CEdidExtBlock::GetTopologyDescription(unsigned int& uiTileLocationX, unsigne
 }
 
 int CEdidExtBlock::RemoveStandardKeepingDescriptors(unsigned int uiIndex) { return RemoveStandard(uiIndex); }
+
+void CEdidExtBlock::ListStandardOrigins(CTimingOrigins& aoOrigins) const { aoOrigins.RemoveAll(); }
+
+void CEdidExtBlock::ListDetailedOrigins(CTimingOrigins& aoOrigins) const { aoOrigins.RemoveAll(); }

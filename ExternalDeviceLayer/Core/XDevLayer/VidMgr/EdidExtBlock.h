@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include "TimingOrigin.h"
 #include "ZorMFCTypes.h"
 
 #pragma GCC visibility push(default)
@@ -81,6 +82,15 @@ public:
     // RemoveStandard itself; a block where that one leaves something out of step has its own.
     virtual int RemoveStandardKeepingDescriptors(unsigned int uiIndex);
 
+    // Replaces the content of aoOrigins by where the timings come from, in the order of the bytes that were read. Found
+    // in the present bytes: after an edit that leaves a list out of step the two may differ.
+    virtual void ListStandardOrigins(CTimingOrigins& aoOrigins) const;
+    // An index that counts but holds no timing has no entry.
+    virtual void ListDetailedOrigins(CTimingOrigins& aoOrigins) const;
+
+    // The number of the block in the image that a CEdid loaded, dropped blocks counted; 0 for a block made by hand.
+    unsigned int GetImageBlock() const { return m_uiImageBlock; }
+
     // Makes the object for a block; the only way blocks come into being. The bytes alone decide the class.
     //   uiSize, pui8Data  128 bytes, which are copied
     //   uiStripFlags      what a CEA-861 block leaves out, CEdidExtBlockCEA861::EStripFlags; 0 for nothing
@@ -91,6 +101,11 @@ public:
 
 protected:
     CEdidExtBlock() = default;
+
+private:
+    friend class CEdid; // which numbers its blocks
+
+    unsigned int m_uiImageBlock = 0;
 };
 
 #pragma GCC visibility pop

@@ -7,6 +7,7 @@
 #include "Cea861Bytes.h"
 #include "Hdmi1xVsdb.h"
 #include "ListFill.h"
+#include "TimingOrigins.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
@@ -164,6 +165,13 @@ unsigned int CEdidExtBlockCEA861::ExtractDetailedTimings()
     m_apoDetailed.RemoveAll();
     m_uiDetailedCount = GetBytes().CountDetailed();
     return m_uiDetailedCount;
+}
+
+void CEdidExtBlockCEA861::ListDetailedOrigins(CTimingOrigins& aoOrigins) const
+{
+    ListDescribed(*this, GetDetailedCount(), aoOrigins, [this](unsigned int uiIndex, STimingOrigin& oOrigin) {
+        oOrigin.m_uiOffset = GetDetailedTimingsOffset(uiIndex);
+    });
 }
 
 unsigned int CEdidExtBlockCEA861::GetDetailedTimingsOffset(unsigned int uiIndex) const

@@ -188,6 +188,7 @@ public:
 
     // Derives the lists of table timings from the bytes; returns GetStandardCount.
     unsigned int ExtractStandardTimings();
+    void ListStandardOrigins(CTimingOrigins& aoOrigins) const override;
 
     // What a short video descriptor says. Returns 1 for a valid one (1 to 127: the code; 129 to 253: bits 6 to 0 are
     // the code, native), else 0 with both outputs 0. The pointers may be null.
@@ -210,6 +211,7 @@ public:
     int SetNativeDetailedCount(unsigned int uiCount);
     // Derives the list of descriptors from the bytes; returns GetDetailedCount.
     unsigned int ExtractDetailedTimings();
+    void ListDetailedOrigins(CTimingOrigins& aoOrigins) const override;
     // Offset of a detailed descriptor; 0 when there is none at this index.
     unsigned int GetDetailedTimingsOffset(unsigned int uiIndex) const;
 

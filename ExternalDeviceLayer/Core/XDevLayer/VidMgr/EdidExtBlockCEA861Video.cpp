@@ -11,6 +11,7 @@
 #include "ListFill.h"
 #include "VidParamCea.h"
 #include "ZorAssert.h"
+#include "ZorTools.h"
 
 using namespace ZorCore;
 using namespace ZorStandards::Cta;
@@ -61,12 +62,19 @@ SCodeTimings GetCodeTimings(unsigned int uiCode)
 class CHeldTimings
 {
 public:
-    // False when the list holds the timing already.
-    bool Add(const SVicCodeEntry& oEntry)
+    static constexpr unsigned int msc_uiBits = 4 * gsc_uiNativeBit; // codes lie below the native bit
+
+    static unsigned int GetBit(const SVicCodeEntry& oEntry)
     {
         const bool bVariant = oEntry.m_uiVic >= gsc_uiVariantOffset;
         const unsigned int uiCode = oEntry.m_uiVic - (bVariant ? gsc_uiVariantOffset : 0);
-        const unsigned int uiBit = 4 * uiCode + (bVariant ? 2U : 0U) + (oEntry.m_bNative != 0 ? 1U : 0U);
+        return 4 * uiCode + (bVariant ? 2U : 0U) + (oEntry.m_bNative != 0 ? 1U : 0U);
+    }
+
+    // False when the list holds the timing already.
+    bool Add(const SVicCodeEntry& oEntry)
+    {
+        const unsigned int uiBit = GetBit(oEntry);
         const unsigned long long ullMask = 1ULL << (uiBit % 64);
         const bool bNew = (m_aullBits[uiBit / 64] & ullMask) == 0;
         m_aullBits[uiBit / 64] |= ullMask;
@@ -74,20 +82,17 @@ public:
     }
 
 private:
-    unsigned long long m_aullBits[4 * gsc_uiNativeBit / 64] = {}; // codes lie below the native bit
+    unsigned long long m_aullBits[msc_uiBits / 64] = {};
 };
 
-// Adds the timings of a code that the list does not hold.
-template <class LIST>
-void AddCode(LIST& oList, CHeldTimings& oHeld, unsigned int uiCode)
+// Calls fnVisit with each timing of a code.
+template <class VISIT>
+void VisitCode(unsigned int uiCode, VISIT fnVisit)
 {
     const SCodeTimings oTimings = GetCodeTimings(uiCode);
     for (unsigned int i = 0; i < oTimings.m_uiCount; ++i)
     {
-        if (oHeld.Add(oTimings.m_aoEntry[i]))
-        {
-            oList.Add(oTimings.m_aoEntry[i]);
-        }
+        fnVisit(oTimings.m_aoEntry[i]);
     }
 }
 
@@ -109,13 +114,14 @@ bool IsMapped(const CDataBlockWalk& oMap, unsigned int uiIndex)
 
 // ---- Gathering the codes ----
 
-// A code, usable or not, and where it stands; see SVicCodeEntryLookUp.
+// A code, usable or not, and its place; see SVicCodeEntryLookUp.
 struct SCode
 {
     unsigned int m_uiCode;
     SDataBlockKind m_oKind;
     unsigned int m_uiBlockIndex;
     unsigned int m_uiPosition;
+    unsigned int m_uiOffset; // of its byte, in the CEA-861 block
 };
 
 // Every code of the block in the order that the capability map counts them. Each comes from a byte of its own behind a
@@ -135,7 +141,7 @@ void AddVideoCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
     {
         for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
         {
-            oCodes.Add({ oWalk.GetByte(i), gsc_oVideoBlocks, uiBlock, i });
+            oCodes.Add({ oWalk.GetByte(i), gsc_oVideoBlocks, uiBlock, i, oWalk.GetPayload().m_uiOffset + i });
         }
     }
 }
@@ -164,7 +170,7 @@ void AddHdmiCodes(const CCea861Bytes& oBytes, const SDataBlockKind& oKind, SAllC
             unsigned char ui8CeaVic = 0;
             if (CHdmi1xVsdb::ConvertHdmiVicToCeaVic(pui8Payload[oVics.m_uiVicsOffset + i], ui8CeaVic) != 0)
             {
-                oCodes.Add({ ui8CeaVic, oKind, uiBlock, 0 });
+                oCodes.Add({ ui8CeaVic, oKind, uiBlock, 0, oWalk.GetPayload().m_uiOffset + oVics.m_uiVicsOffset + i });
             }
         }
     }
@@ -181,16 +187,89 @@ void GatherCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
     AddHdmiCodes(oBytes, gsc_oVendorVideoBlocks, oCodes);
 }
 
+// The walks that lists and origins share. fnVisit gets each timing that a place names, repeats included.
+
+// fnVisit(timing, its code)
+template <class VISIT>
+void VisitOrdinary(const SAllCodes& oCodes, VISIT fnVisit)
+{
+    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
+    {
+        VisitCode(oCodes.m_aoCode[i].m_uiCode,
+                  [&](const SVicCodeEntry& oEntry) { fnVisit(oEntry, oCodes.m_aoCode[i]); });
+    }
+}
+
+// A place that names a timing in YCbCr 4:2:0: a bit of a capability map, or a short video descriptor.
+struct S420Place
+{
+    unsigned int m_uiOffset;
+    unsigned int m_uiBit;      // STimingOrigin::msc_uiNoBit for a descriptor
+    unsigned int m_uiCodeByte; // of the code that the map selects; the descriptor itself
+};
+
+// The timings of the codes that a capability map selects; fnMissing() is called for a bit without a code.
+template <class VISIT, class MISSING>
+void VisitMapped(const CDataBlockWalk& oMap, const SAllCodes& oCodes, VISIT fnVisit, MISSING fnMissing)
+{
+    for (unsigned int i = 0; i < gsc_uiBitsPerByte * oMap.GetLength(); ++i)
+    {
+        if (!IsMapped(oMap, i))
+        {
+            continue;
+        }
+        if (i >= oCodes.m_uiCount)
+        {
+            fnMissing();
+            continue;
+        }
+        const SCode& oCode = oCodes.m_aoCode[i];
+        const S420Place oPlace = { oMap.GetPayload().m_uiOffset + i / gsc_uiBitsPerByte, i % gsc_uiBitsPerByte,
+                                   oCode.m_uiOffset };
+        VisitCode(oCode.m_uiCode, [&](const SVicCodeEntry& oEntry) { fnVisit(oEntry, oPlace); });
+    }
+}
+
+// Capability maps first, then the 4:2:0 video blocks. fnVisit(timing, place); an empty map, which selects all codes, is
+// left to fnVisitAll(offset after its extended tag).
+template <class VISIT, class VISIT_ALL, class MISSING>
+void Visit420(const CCea861Bytes& oBytes, const SAllCodes& oCodes, VISIT fnVisit, VISIT_ALL fnVisitAll,
+              MISSING fnMissing)
+{
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
+    {
+        if (oWalk.GetLength() != 0)
+        {
+            VisitMapped(oWalk, oCodes, fnVisit, fnMissing);
+        }
+        else
+        {
+            fnVisitAll(oWalk.GetPayload().m_uiOffset);
+        }
+    }
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
+    {
+        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
+        {
+            const unsigned int uiOffset = oWalk.GetPayload().m_uiOffset + i;
+            const S420Place oPlace = { uiOffset, STimingOrigin::msc_uiNoBit, uiOffset };
+            VisitCode(oWalk.GetByte(i), [&](const SVicCodeEntry& oEntry) { fnVisit(oEntry, oPlace); });
+        }
+    }
+}
+
 // The ordinary timings, each once. They are drafted first, so that the list takes memory once and no more than it
 // needs (a list that grows and is cut took 17 % of the instructions of a load).
 void ListTimings(const SAllCodes& oCodes, CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoTimings)
 {
     SDraft<SVicCodeEntry> oDraft;
     CHeldTimings oHeld;
-    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
-    {
-        AddCode(oDraft, oHeld, oCodes.m_aoCode[i].m_uiCode);
-    }
+    VisitOrdinary(oCodes, [&](const SVicCodeEntry& oEntry, const SCode& /*oCode*/) {
+        if (oHeld.Add(oEntry))
+        {
+            oDraft.Add(oEntry);
+        }
+    });
     CopyList(oDraft.m_aoEntry, oDraft.m_uiCount, aoTimings);
 }
 
@@ -232,25 +311,6 @@ unsigned int GetMost420Timings(const CCea861Bytes& oBytes, unsigned int uiOrdina
     return uiCopies * uiOrdinary + 2 * uiCodes;
 }
 
-// The timings of the codes that a capability map selects.
-void AddMappedTimings(const CDataBlockWalk& oMap, const SAllCodes& oCodes, CListFill<SVicCodeEntry>& oFill,
-                      CHeldTimings& oHeld)
-{
-    for (unsigned int i = 0; i < gsc_uiBitsPerByte * oMap.GetLength(); ++i)
-    {
-        if (!IsMapped(oMap, i))
-        {
-            continue;
-        }
-        if (i >= oCodes.m_uiCount)
-        {
-            MASSERT_FAILED();
-            continue;
-        }
-        AddCode(oFill, oHeld, oCodes.m_aoCode[i].m_uiCode);
-    }
-}
-
 // The timings in YCbCr 4:2:0: capability maps first, then the 4:2:0 video blocks.
 void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
                     const CMArray<SVicCodeEntry, const SVicCodeEntry&>& aoOrdinary,
@@ -258,32 +318,63 @@ void List420Timings(const CCea861Bytes& oBytes, const SAllCodes& oCodes,
 {
     CListFill<SVicCodeEntry> oFill(aoTimings, GetMost420Timings(oBytes, aoOrdinary.GetCount()));
     CHeldTimings oHeld;
-    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oCapabilityMaps);)
-    {
-        if (oWalk.GetLength() != 0)
-        {
-            AddMappedTimings(oWalk, oCodes, oFill, oHeld);
-            continue;
-        }
-        for (unsigned int i = 0; i < aoOrdinary.GetCount(); ++i) // all of them, uncompared
-        {
-            oHeld.Add(aoOrdinary[i]);
-            oFill.Add(aoOrdinary[i]);
-        }
-    }
-    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideo420Blocks);)
-    {
-        for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
-        {
-            AddCode(oFill, oHeld, oWalk.GetByte(i));
-        }
-    }
+    Visit420(
+        oBytes, oCodes,
+        [&](const SVicCodeEntry& oEntry, const S420Place& /*oPlace*/) {
+            if (oHeld.Add(oEntry))
+            {
+                oFill.Add(oEntry);
+            }
+        },
+        [&](unsigned int /*uiOffset*/) {
+            for (unsigned int i = 0; i < aoOrdinary.GetCount(); ++i) // all of them, uncompared
+            {
+                oHeld.Add(aoOrdinary[i]);
+                oFill.Add(aoOrdinary[i]);
+            }
+        },
+        [] { MASSERT_FAILED(); });
 }
 
-// ---- Removing a timing ----
+// ---- Where the timings come from ----
 
 // A block holds the code itself, whichever timing of the pair is meant.
 unsigned int CodeOf(unsigned int uiVic) { return uiVic > gsc_uiVariantOffset ? uiVic - gsc_uiVariantOffset : uiVic; }
+
+// Gives the timings their indexes again: each the next one, unless the list that it belongs to holds the same.
+class COriginFill
+{
+public:
+    COriginFill(unsigned int uiBlock, CTimingOrigins& aoOrigins) : m_uiBlock(uiBlock), m_aoOrigins(aoOrigins) {}
+
+    // The next timings make a list of their own.
+    void BeginList() { ZorTools_memset(m_auiIndexes, 0, sizeof(m_auiIndexes)); }
+
+    void Add(const SVicCodeEntry& oEntry, const S420Place& oPlace, STimingOrigin::E420 e420)
+    {
+        unsigned int& uiIndex = m_auiIndexes[CHeldTimings::GetBit(oEntry)]; // plus 1: 0 is none yet
+        const bool bRepeated = uiIndex != 0;
+        uiIndex = bRepeated ? uiIndex : ++m_uiNext;
+        m_aoOrigins.Add({ uiIndex - 1, m_uiBlock, oPlace.m_uiOffset, 1, oPlace.m_uiBit, CodeOf(oEntry.m_uiVic),
+                          oPlace.m_uiCodeByte, oEntry.m_uiVic > gsc_uiVariantOffset ? 1 : 0, bRepeated ? 1 : 0, e420 });
+    }
+    // Takes the next index, whatever the list holds.
+    void AddUncompared(const SVicCodeEntry& oEntry, STimingOrigin oOrigin)
+    {
+        unsigned int& uiIndex = m_auiIndexes[CHeldTimings::GetBit(oEntry)];
+        oOrigin.m_uiIndex = m_uiNext++;
+        uiIndex = uiIndex != 0 ? uiIndex : m_uiNext;
+        m_aoOrigins.Add(oOrigin);
+    }
+
+private:
+    unsigned int m_uiBlock;
+    unsigned int m_uiNext = 0;
+    CTimingOrigins& m_aoOrigins;
+    unsigned int m_auiIndexes[CHeldTimings::msc_uiBits] = {};
+};
+
+// ---- Removing a timing ----
 
 SDataBlockKind KindOf(const SVicCodeEntryLookUp& oLookUp) { return { oLookUp.m_uiTag, oLookUp.m_bExtended != 0 }; }
 
@@ -567,6 +658,39 @@ unsigned int CEdidExtBlockCEA861::ExtractStandardTimings()
     ListTimings(oCodes, m_aoVicCode);
     List420Timings(GetBytes(), oCodes, m_aoVicCode, m_aoVicCode420);
     return CEdidExtBlockCEA861::GetStandardCount(); // qualified: also runs while the object is being made
+}
+
+void CEdidExtBlockCEA861::ListStandardOrigins(CTimingOrigins& aoOrigins) const
+{
+    aoOrigins.RemoveAll();
+    SAllCodes oCodes;
+    GatherCodes(GetBytes(), oCodes);
+    COriginFill oFill(GetImageBlock(), aoOrigins);
+    VisitOrdinary(oCodes, [&](const SVicCodeEntry& oEntry, const SCode& oCode) {
+        oFill.Add(oEntry, { oCode.m_uiOffset, STimingOrigin::msc_uiNoBit, oCode.m_uiOffset }, STimingOrigin::e420_No);
+    });
+    oFill.BeginList();
+    const unsigned int uiOrdinary = aoOrigins.GetCount();
+    Visit420(
+        GetBytes(), oCodes,
+        [&](const SVicCodeEntry& oEntry, const S420Place& oPlace) {
+            const bool bMapped = oPlace.m_uiBit != STimingOrigin::msc_uiNoBit;
+            oFill.Add(oEntry, oPlace, bMapped ? STimingOrigin::e420_Also : STimingOrigin::e420_Only);
+        },
+        [&](unsigned int uiOffset) {
+            for (unsigned int i = 0; i < uiOrdinary; ++i)
+            {
+                STimingOrigin oOrigin = aoOrigins[i];
+                if (oOrigin.m_bRepeated == 0)
+                {
+                    oOrigin.m_uiOffset = uiOffset;
+                    oOrigin.m_uiLength = 0;
+                    oOrigin.m_e420 = STimingOrigin::e420_Also;
+                    oFill.AddUncompared(GetVicCodeEntry(oOrigin.m_uiIndex), oOrigin);
+                }
+            }
+        },
+        [] {}); // loading has reported it
 }
 
 // An entry of GetStandard's numbering; the caller has tested the index.

@@ -7,6 +7,7 @@
 #include "EdidUtils.h"
 #include "ListFill.h"
 #include "Standards/DisplayIdSection.h"
+#include "TimingOrigins.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
@@ -282,6 +283,13 @@ unsigned int CEdidExtBlockDisplayID::GetDetailedTimingsOffset(unsigned int uiInd
         bType1 ? static_cast<const void*>(m_apoType1[uiIndex]) : m_apoType2[uiIndex - m_apoType1.GetCount()];
     uiSize = bType1 ? sizeof(SDisplayIdType1DetailedRaw) : sizeof(SDisplayIdType2DetailedRaw);
     return static_cast<unsigned int>(static_cast<const unsigned char*>(pvRecord) - m_aui8Raw.GetData());
+}
+
+void CEdidExtBlockDisplayID::ListDetailedOrigins(CTimingOrigins& aoOrigins) const
+{
+    ListDescribed(*this, GetDetailedCount(), aoOrigins, [this](unsigned int uiIndex, STimingOrigin& oOrigin) {
+        oOrigin.m_uiOffset = GetDetailedTimingsOffset(uiIndex, oOrigin.m_uiLength);
+    });
 }
 
 int CEdidExtBlockDisplayID::RemoveStandard(unsigned int /*uiIndex*/) { return 0; }

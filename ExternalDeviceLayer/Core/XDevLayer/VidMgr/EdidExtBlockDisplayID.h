@@ -135,6 +135,8 @@ public:
     // there is none at this index.
     unsigned int GetDetailedTimingsOffset(unsigned int uiIndex, unsigned int& uiSize) const;
 
+    void ListDetailedOrigins(CTimingOrigins& aoOrigins) const override;
+
     // Always 0; nothing changes.
     int RemoveStandard(unsigned int uiIndex) override;
     int RemoveDetailed(unsigned int uiIndex) override;

@@ -195,6 +195,36 @@ TEST(EdidNumbering, DetailedTimingsOfBaseThenBlocks)
     EXPECT_EQ(0, oOne.GetBaseDetailed(2, nullptr));
 }
 
+// Each as block/offset=index; the bytes there are those of the timing. A dropped block has its number, too.
+std::string OriginsOf(const CEdid& oEdid, bool bStandard)
+{
+    CTimingOrigins aoOrigins;
+    bStandard ? oEdid.ListStandardOrigins(aoOrigins) : oEdid.ListDetailedOrigins(aoOrigins);
+    std::ostringstream oText;
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& o = aoOrigins[i];
+        oText << o.m_uiBlock << "/" << o.m_uiOffset << "=" << o.m_uiIndex << (o.m_uiLength == 2 ? "s" : "") << " ";
+    }
+    return oText.str();
+}
+
+TEST(EdidNumbering, OriginsCountTheBlocksOfTheImage)
+{
+    CLoadedEdid oEdid("3 XC2");
+    EXPECT_EQ("0/38=0s 0/40=1s 0/42=2s 0/44=3s 0/46=4s 0/48=5s 2/5=6 2/5=7 2/6=8 2/6=9 2/7=10 2/7=11 2/8=12 2/8=13 ",
+              OriginsOf(oEdid, true));
+    EXPECT_EQ("0/54=0 0/72=1 2/17=2 2/35=3 3/31=5 ", OriginsOf(oEdid, false)) << "a record without a clock has none";
+    CTimingOrigins aoOrigins;
+    oEdid.ListEstablishedOrigins(aoOrigins);
+    std::string sBits;
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        sBits += std::to_string(aoOrigins[i].m_uiOffset) + "." + std::to_string(aoOrigins[i].m_uiBit) + " ";
+    }
+    EXPECT_EQ("35.5 35.0 36.3 ", sBits);
+}
+
 // ---- Tiling ----
 
 // The results of the three questions, then their outputs, which begin at 7.

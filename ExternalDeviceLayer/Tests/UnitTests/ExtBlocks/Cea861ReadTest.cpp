@@ -23,6 +23,8 @@ TEST(Cea861Block, TagRevisionAndChecksumDecide)
         const unsigned char ui8Byte = static_cast<unsigned char>(i);
         const CBytes aui8Block = CompleteBlock({ 2, ui8Byte, 4 });
         EXPECT_EQ(i <= 3, CBlock::IsSupported(128, aui8Block.data()) != 0) << i;
+        EXPECT_EQ(i <= 3 ? CBlock::eRefusal_None : CBlock::eRefusal_Revision,
+                  CBlock::GetRefusal(128, aui8Block.data()));
         EXPECT_EQ(i <= 3 ? i : 0, LoadBlock(aui8Block)->GetRevision());
         EXPECT_EQ((i & 0x30) != 0, LoadBlock(CompleteBlock({ 2, 3, 4, ui8Byte }))->IsYuvSupported() != 0) << i;
     }
@@ -31,6 +33,7 @@ TEST(Cea861Block, TagRevisionAndChecksumDecide)
     aui8Longer.push_back(1);
     EXPECT_NE(0, CBlock::IsSupported(128, aui8Longer.data()));
     EXPECT_EQ(0, CBlock::IsSupported(129, aui8Longer.data())) << "the checksum runs over the offered size";
+    EXPECT_EQ(CBlock::eRefusal_Checksum, CBlock::GetRefusal(129, aui8Longer.data()));
 }
 
 TEST(Cea861Block, RefusedBytesLeaveAnEmptyObjectThatRefusesEdits)
@@ -190,6 +193,31 @@ std::string GetStandardTexts(const CBlock& oBlock)
     return oTexts.str();
 }
 
+// Each place: its offset, and the bit of a map; the index, the code, v for its variant; + or - for YCbCr 4:2:0 also or
+// only, with the byte of the code where that is another; r for a repeat.
+std::string GetOriginTexts(const CBlock& oBlock)
+{
+    CTimingOrigins aoOrigins;
+    oBlock.ListStandardOrigins(aoOrigins);
+    std::ostringstream oTexts;
+    oTexts << std::hex << std::uppercase;
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& o = aoOrigins[i];
+        oTexts << (i != 0 ? " " : "") << o.m_uiOffset;
+        oTexts << (o.m_uiBit != STimingOrigin::msc_uiNoBit ? "." + std::to_string(o.m_uiBit) : "") << "=" << std::dec
+               << o.m_uiIndex << ":" << o.m_uiCode << (o.m_bVariant != 0 ? "v" : "") << std::hex;
+        oTexts << (o.m_e420 == STimingOrigin::e420_Also ? "+" : o.m_e420 == STimingOrigin::e420_Only ? "-" : "");
+        if (o.m_uiCodeByte != o.m_uiOffset)
+        {
+            oTexts << o.m_uiCodeByte;
+        }
+        oTexts << (o.m_bRepeated != 0 ? "r" : "");
+        EXPECT_EQ(o.m_uiBit == STimingOrigin::msc_uiNoBit && o.m_uiCodeByte != o.m_uiOffset ? 0 : 1, o.m_uiLength);
+    }
+    return oTexts.str();
+}
+
 // The first numbers of each entry.
 std::string GetHexTexts(const CList& oList, size_t uiNumbers)
 {
@@ -206,15 +234,17 @@ std::string GetHexTexts(const CList& oList, size_t uiNumbers)
 
 TEST(Cea861Lists, HoldWhatTheDataBlocksSay)
 {
-    for (const SCaseRow& oRow : ReadCases("ExtBlocks/golden/lists.txt", 6))
+    for (const SCaseRow& oRow : ReadCases("ExtBlocks/golden/lists.txt", 7))
     {
         SCOPED_TRACE(oRow.GetName());
         CCapturedOutput oOutput;
         const auto poBlock = LoadBlock(CompleteBlock(oRow.GetBytes(1)));
-        EXPECT_EQ(oRow.GetNumber(5), oOutput.TakeAssertionCount());
+        const std::string sOrigins = GetOriginTexts(*poBlock); // without lines
+        EXPECT_EQ(oRow.GetNumber(6), oOutput.TakeAssertionCount());
+        EXPECT_EQ(oRow.GetText(3), sOrigins);
         EXPECT_EQ(oRow.GetText(2), GetStandardTexts(*poBlock));
-        EXPECT_EQ(oRow.GetText(3), GetHexTexts(GetLists(*poBlock)[eList_Audio], 4));
-        EXPECT_EQ(oRow.GetText(4), GetHexTexts(GetLists(*poBlock)[eList_Speaker], 1));
+        EXPECT_EQ(oRow.GetText(4), GetHexTexts(GetLists(*poBlock)[eList_Audio], 4));
+        EXPECT_EQ(oRow.GetText(5), GetHexTexts(GetLists(*poBlock)[eList_Speaker], 1));
     }
 }
 

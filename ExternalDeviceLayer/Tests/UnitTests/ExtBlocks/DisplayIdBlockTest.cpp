@@ -27,19 +27,27 @@ std::unique_ptr<CBlock> Load(const CBytes& aui8Bytes)
 TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
 {
     const CBytes aui8Good = MakeDisplayIdBlock({});
-    const CBytes aaui8Cases[] = { FixChecksums(WithChange(aui8Good, 0, 0x02)), // tag
-                                  FixChecksums(WithChange(aui8Good, 5, 1)),    // sum of the section
-                                  WithChange(aui8Good, 127, 1),                // sum of the block
-                                  MakeDisplayIdBlock({}, 0, 0x13), MakeDisplayIdBlock({}, 255) };
+    const std::pair<CBytes, CBlock::ERefusal> aoCases[] = {
+        { FixChecksums(WithChange(aui8Good, 0, 0x40)), CBlock::eRefusal_Kind },
+        { FixChecksums(WithChange(aui8Good, 0, 0x02)), CBlock::eRefusal_Revision }, // as a CEA-861 block
+        { FixChecksums(WithChange(aui8Good, 5, 1)), CBlock::eRefusal_SectionChecksum },
+        { WithChange(aui8Good, 127, 1), CBlock::eRefusal_Checksum },
+        { MakeDisplayIdBlock({}, 0, 0x13), CBlock::eRefusal_Revision },
+        { MakeDisplayIdBlock({}, 122), CBlock::eRefusal_SectionSize },
+        { MakeDisplayIdBlock({}, 255), CBlock::eRefusal_SectionSize },
+    };
     CCountingAllocator oHeap;
     CCapturedOutput oOutput;
-    for (const CBytes& aui8Bytes : aaui8Cases)
+    for (const auto& [aui8Bytes, eRefusal] : aoCases)
     {
+        EXPECT_EQ(eRefusal, CBlock::GetRefusal(128, CopyToHeap(aui8Bytes).get()));
         EXPECT_EQ(0, CBlock::IsSupported(128, CopyToHeap(aui8Bytes).get()));
         const auto poBlock = Load(aui8Bytes);
         EXPECT_EQ(0U, poBlock->GetExtensionType() + poBlock->GetSize() + poBlock->GetDetailedCount());
         EXPECT_EQ(0, poBlock->IsDisplayPartOfTiledTopology());
     }
+    EXPECT_EQ(CBlock::eRefusal_Size, CBlock::GetRefusal(127, aui8Good.data()));
+    EXPECT_EQ(CBlock::eRefusal_Size, CBlock::GetRefusal(128, nullptr));
     EXPECT_EQ(0U, oHeap.GetAllocCount()); // not for the questions either
     EXPECT_EQ(0U, oOutput.TakeAssertionCount());
 }

@@ -98,6 +98,19 @@ void ReadTimings(unsigned int uiCount, const READ& Read)
     });
 }
 
+// LIST(CTimingOrigins&)
+template <class LIST>
+void ReadOrigins(const LIST& List)
+{
+    CTimingOrigins aoOrigins;
+    List(aoOrigins);
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        const auto auiOrigin = std::bit_cast<std::array<unsigned int, 10>>(aoOrigins[i]);
+        AddAll(auiOrigin.data(), auiOrigin.size());
+    }
+}
+
 // What a CEdid and a block have both: bytes, whole and in part, standard and detailed timings, the tile.
 template <class SOURCE>
 void ReadSource(const SOURCE& oConstSource)
@@ -122,6 +135,8 @@ void ReadSource(const SOURCE& oConstSource)
     });
     ReadTimings(oSource.GetDetailedCount(),
                 [&](unsigned int i, CVidParamTiming* poTiming) { return oSource.GetDetailed(i, poTiming); });
+    ReadOrigins([&](CTimingOrigins& aoOrigins) { oSource.ListStandardOrigins(aoOrigins); });
+    ReadOrigins([&](CTimingOrigins& aoOrigins) { oSource.ListDetailedOrigins(aoOrigins); });
 
     int ai[6] = {};
     unsigned int aui[6] = {};
@@ -165,6 +180,7 @@ void ReadBaseTimings(const CEdid& oEdid)
             return oEdid.GetEstablished(i, poTiming, bVesaOnly);
         });
     }
+    ReadOrigins([&](CTimingOrigins& aoOrigins) { oEdid.ListEstablishedOrigins(aoOrigins); });
     ReadTimings(24, [&](unsigned int i, CVidParamTiming* poTiming) {
         const auto eId = static_cast<CEdidBase::EEstablishedTiming>(1U << i % 32);
         return oEdid.GetEstablishedFromId(eId, poTiming, static_cast<int>(i & 1));
@@ -201,8 +217,9 @@ void ReadCea(const CCea& oBlock)
 {
     ReadDataBlocks<CCea::ECea861_DataBlockTags>(oBlock, 8);
     ReadDataBlocks<CCea::ECea861_DataBlockExtTags>(oBlock, 33);
-    Add(CCea::IsSupported(oBlock.GetSize(), oBlock.GetData()), oBlock.GetVendorSpecificCount(),
-        oBlock.GetAvailableOffset(), oBlock.GetAvailableSpace(), oBlock.IsYuvSupported());
+    Add(CCea::IsSupported(oBlock.GetSize(), oBlock.GetData()), CCea::GetRefusal(oBlock.GetSize(), oBlock.GetData()),
+        oBlock.GetVendorSpecificCount(), oBlock.GetAvailableOffset(), oBlock.GetAvailableSpace(),
+        oBlock.IsYuvSupported());
     ReadAll(oBlock.GetDetailedCount(), [&](unsigned int i) { Add(oBlock.GetDetailedTimingsOffset(i)); });
     ReadAll(oBlock.GetAudioDescriptorCount(), [&](unsigned int i) {
         CCea::SAudioDescriptor oAudio = {};

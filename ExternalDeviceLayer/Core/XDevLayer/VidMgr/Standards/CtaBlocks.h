@@ -23,9 +23,9 @@ constexpr unsigned int gsc_uiDataBlocksRevision = 3; // the first one with data 
 
 // Flags byte.
 constexpr unsigned int gsc_uiBasicAudioFlag = 0x40;
-constexpr unsigned int gsc_uiYuvFlags = 0x30;                              // YCbCr 4:4:4 and 4:2:2
-constexpr SBitsPlace gsc_oNativeCount = { gsc_uiFlagsOffset, 3, 0 };       // of the image's detailed descriptors
-constexpr unsigned int gsc_uiNativeCountRevision = 2;                      // the first one with flags
+constexpr unsigned int gsc_uiYuvFlags = 0x30;                        // YCbCr 4:4:4 and 4:2:2
+constexpr SBitsPlace gsc_oNativeCount = { gsc_uiFlagsOffset, 3, 0 }; // of the image's detailed descriptors
+constexpr unsigned int gsc_uiNativeCountRevision = 2;                // the first one with flags
 
 // Header of a data block, one byte.
 constexpr SBitsPlace gsc_oHeaderTag = { 0, 7, 5 };

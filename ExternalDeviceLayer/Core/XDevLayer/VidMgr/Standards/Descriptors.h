@@ -1,6 +1,6 @@
 // The 18-byte descriptors of the VESA E-EDID standard, which the base block, CTA-861 and VTB blocks hold: detailed
-// timings, display descriptors by their tag, range limits. Offsets are in bytes from the start of the descriptor. Private
-// to the library and the command.
+// timings, display descriptors by their tag, range limits. Offsets are in bytes from the start of the descriptor.
+// Private to the library and the command.
 
 #pragma once
 
@@ -13,16 +13,16 @@ constexpr unsigned int gsc_uiDescriptorSize = 18;
 
 // ---- Detailed timings: a pixel clock other than 0 ----
 
-constexpr SPlace gsc_oPixelClock = Little16(0);                                  // 10 kHz
-constexpr SPlace gsc_oHorizontalActive = Split({ { 4, 7, 4 }, { 2, 7, 0 } });    // pixels
+constexpr SPlace gsc_oPixelClock = Little16(0);                               // 10 kHz
+constexpr SPlace gsc_oHorizontalActive = Split({ { 4, 7, 4 }, { 2, 7, 0 } }); // pixels
 constexpr SPlace gsc_oHorizontalBlanking = Split({ { 4, 3, 0 }, { 3, 7, 0 } });
-constexpr SPlace gsc_oVerticalActive = Split({ { 7, 7, 4 }, { 5, 7, 0 } });      // lines of one field
+constexpr SPlace gsc_oVerticalActive = Split({ { 7, 7, 4 }, { 5, 7, 0 } }); // lines of one field
 constexpr SPlace gsc_oVerticalBlanking = Split({ { 7, 3, 0 }, { 6, 7, 0 } });
 constexpr SPlace gsc_oHorizontalFrontPorch = Split({ { 11, 7, 6 }, { 8, 7, 0 } });
 constexpr SPlace gsc_oHorizontalSync = Split({ { 11, 5, 4 }, { 9, 7, 0 } });
 constexpr SPlace gsc_oVerticalFrontPorch = Split({ { 11, 3, 2 }, { 10, 7, 4 } });
 constexpr SPlace gsc_oVerticalSync = Split({ { 11, 1, 0 }, { 10, 3, 0 } });
-constexpr SPlace gsc_oImageWidth = Split({ { 14, 7, 4 }, { 12, 7, 0 } });        // millimetres
+constexpr SPlace gsc_oImageWidth = Split({ { 14, 7, 4 }, { 12, 7, 0 } }); // millimetres
 constexpr SPlace gsc_oImageHeight = Split({ { 14, 3, 0 }, { 13, 7, 0 } });
 constexpr SPlace gsc_oHorizontalBorder = Byte(15); // each side
 constexpr SPlace gsc_oVerticalBorder = Byte(16);   // top and bottom each
@@ -88,7 +88,7 @@ struct SRangeLimits
     unsigned int m_uiMaxVerticalRateInHz;
     unsigned int m_uiMinHorizontalRateInKiloHz;
     unsigned int m_uiMaxHorizontalRateInKiloHz;
-    unsigned int m_uiMaxPixelClockInKiloHz;     // a multiple of 10 MHz
+    unsigned int m_uiMaxPixelClockInKiloHz;        // a multiple of 10 MHz
     unsigned int m_uiPreciseMaxPixelClockInKiloHz; // less what CVT limits take off
 };
 

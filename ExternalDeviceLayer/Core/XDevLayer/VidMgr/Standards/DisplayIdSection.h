@@ -11,7 +11,7 @@ constexpr unsigned int gsc_uiTag = 0x70;
 
 // From the start of the extension block. The section begins with its version and ends with its checksum.
 constexpr unsigned int gsc_uiSectionOffset = 1;
-constexpr unsigned int gsc_uiVersionOffset = 1; // version in bits 7 to 4, revision in bits 3 to 0
+constexpr unsigned int gsc_uiVersionOffset = 1;       // version in bits 7 to 4, revision in bits 3 to 0
 constexpr unsigned int gsc_uiSectionLengthOffset = 2; // this byte holds the number of bytes of data blocks
 constexpr unsigned int gsc_uiProductTypeOffset = 3;
 constexpr unsigned int gsc_uiExtensionCountOffset = 4;
@@ -20,7 +20,7 @@ constexpr unsigned int gsc_uiMostDataBytes = gsc_uiChecksumOffset - gsc_uiDataBl
 // Bytes of a section besides its data blocks. It begins at offset 1, so the sum with their number is the section's size
 // and the offset of its checksum.
 constexpr unsigned int gsc_uiSectionOverhead = 5;
-constexpr unsigned int gsc_uiHighestVersion = 0x12; // that the classes read
+constexpr unsigned int gsc_uiHighestVersion = 0x12;                   // that the classes read
 constexpr unsigned int gsc_auiLaterVersions[] = { 0x13, 0x20, 0x21 }; // published, but not read by the classes
 
 constexpr unsigned int GetSectionSize(const unsigned char* pui8Block)
@@ -30,7 +30,7 @@ constexpr unsigned int GetSectionSize(const unsigned char* pui8Block)
 
 // Header of a data block.
 constexpr unsigned int gsc_uiHeaderSize = 3;
-constexpr unsigned int gsc_uiHeaderLengthOffset = 2;       // of the payload
+constexpr unsigned int gsc_uiHeaderLengthOffset = 2; // of the payload
 constexpr SBitsPlace gsc_oHeaderRevision = { 1, 2, 0 };
 
 // Goes from data block to data block. One begins before uiEnd and may end past uiLimit, which cuts it short. Three zero
@@ -99,8 +99,8 @@ inline constexpr SPlace gsc_oTileHeight = Little16(6); // lines
 
 struct STimingPlaces
 {
-    unsigned int m_uiSize;           // of a record
-    unsigned int m_uiClockInKiloHz;  // the units
+    unsigned int m_uiSize;          // of a record
+    unsigned int m_uiClockInKiloHz; // the units
     unsigned int m_uiPixels;
     SPlace m_oClock;
     SPlace m_oInterlaced;
@@ -139,34 +139,34 @@ inline constexpr STimingPlaces gsc_oType1 = LongTimingPlaces(10);
 inline constexpr STimingPlaces gsc_oType7 = LongTimingPlaces(1);
 
 inline constexpr STimingPlaces gsc_oType2 = { 11,
-                                       10,
-                                       8,
-                                       Little24(0),
-                                       Bit(3, 4),
-                                       Split({ { 5, 0, 0 }, { 4, 7, 0 } }),
-                                       Bits(5, 7, 1),
-                                       Bits(6, 7, 4),
-                                       Bits(6, 3, 0),
-                                       Bit(3, 3),
-                                       Split({ { 8, 3, 0 }, { 7, 7, 0 } }),
-                                       Byte(9),
-                                       Bits(10, 7, 4),
-                                       Bits(10, 3, 0),
-                                       Bit(3, 2) };
+                                              10,
+                                              8,
+                                              Little24(0),
+                                              Bit(3, 4),
+                                              Split({ { 5, 0, 0 }, { 4, 7, 0 } }),
+                                              Bits(5, 7, 1),
+                                              Bits(6, 7, 4),
+                                              Bits(6, 3, 0),
+                                              Bit(3, 3),
+                                              Split({ { 8, 3, 0 }, { 7, 7, 0 } }),
+                                              Byte(9),
+                                              Bits(10, 7, 4),
+                                              Bits(10, 3, 0),
+                                              Bit(3, 2) };
 
 inline constexpr STimingPlaces gsc_oType6 = { 14, // or 17, with aspect ratio and size
-                                       1,
-                                       1,
-                                       Split({ { 2, 5, 0 }, { 1, 7, 0 }, { 0, 7, 0 } }),
-                                       Bit(13, 7),
-                                       Split({ { 4, 5, 0 }, { 3, 7, 0 } }),
-                                       Split({ { 9, 3, 0 }, { 7, 7, 0 } }),
-                                       Split({ { 9, 7, 4 }, { 8, 7, 0 } }),
-                                       Byte(10),
-                                       Bit(4, 7),
-                                       Split({ { 6, 5, 0 }, { 5, 7, 0 } }),
-                                       Byte(11),
-                                       Byte(12),
-                                       Bits(13, 3, 0),
-                                       Bit(6, 7) };
+                                              1,
+                                              1,
+                                              Split({ { 2, 5, 0 }, { 1, 7, 0 }, { 0, 7, 0 } }),
+                                              Bit(13, 7),
+                                              Split({ { 4, 5, 0 }, { 3, 7, 0 } }),
+                                              Split({ { 9, 3, 0 }, { 7, 7, 0 } }),
+                                              Split({ { 9, 7, 4 }, { 8, 7, 0 } }),
+                                              Byte(10),
+                                              Bit(4, 7),
+                                              Split({ { 6, 5, 0 }, { 5, 7, 0 } }),
+                                              Byte(11),
+                                              Byte(12),
+                                              Bits(13, 3, 0),
+                                              Bit(6, 7) };
 } // namespace ZorStandards::DisplayId

@@ -13,8 +13,8 @@ inline constexpr unsigned int gsc_uiDisplayIdTag = DisplayId::gsc_uiTag;
 inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0; // a list of the blocks, with nothing of its own
 
 // Offset of the byte that holds the number of extension blocks of an image of uiSize bytes: 126 of the base block or,
-// where that one is not 0, a byte of an override data block of the HDMI Forum. That one counts when it is the first data
-// block of block 1, a whole CTA-861 block of revision 3 or later.
+// where that one is not 0, a byte of an override data block of the HDMI Forum. That one counts when it is the first
+// data block of block 1, a whole CTA-861 block of revision 3 or later.
 unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize);
 
 // Goes over the blocks of an image that follow the base block. The last one may be cut short.

@@ -354,9 +354,9 @@ CRecord GetDescriptor(const CRecord& oBlock, unsigned int uiDescriptor)
 
 void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
 {
-    if (!IsDetailed(oBlock, 0) && oBlock.GetFacts().m_uiRevision >= 3)
+    if (!IsDetailed(oBlock, 0) && IsPreferredTimingDeclared(oBlock.GetData()))
     {
-        oWriter.AddNote(puiFields[0], CZorEdidMap::eSeverity_Warning, "the first descriptor must be a detailed timing");
+        oWriter.AddNote(puiFields[0], CZorEdidMap::eSeverity_Error, "the first descriptor must be a detailed timing");
     }
     for (unsigned int i = 1; i < gsc_uiDescriptorCount; ++i)
     {

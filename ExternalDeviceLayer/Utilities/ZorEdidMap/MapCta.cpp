@@ -344,7 +344,7 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     }
     else if (const char* pszText = CheckLength(oFound))
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, pszText);
+        oWriter.AddNote(uiField, oKind.m_oSize.GetSeverity(), pszText);
     }
     if (oKind.m_eRule != eAny && bAgain)
     {
@@ -522,8 +522,8 @@ const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 
 constexpr SRow gsc_aoBlockRows[] = {
     { eId_CtaRevision, Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
-    { eId_CtaDetailedOffset, Byte(2), "Offset of the detailed timing descriptors", Number("bytes").Named(gsc_aoStarts),
-      nullptr, CheckStart },
+    { eId_CtaDetailedOffset, Byte(2), "Offset of the detailed timing descriptors",
+      Number("bytes").Named(gsc_aoStarts).Weighs(CZorEdidMap::eSeverity_Error), nullptr, CheckStart },
     { eId_CtaUnderscan, Bit(3, 7), "Underscan", Flag(), HasFlags },
     { eId_CtaBasicAudio, Bit(3, 6), "Basic audio", Flag(), HasFlags },
     { eId_CtaYcbcr444, Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },

@@ -49,6 +49,14 @@ const char* CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
     return uiVersion == 1 || uiVersion == 2 ? nullptr : "neither version 1 nor version 2";
 }
 
+// 1.0 to 1.3, 2.0 and 2.1; other versions have a note of their own.
+const char* CheckRevision(const CRecord& oSection, unsigned int uiRevision)
+{
+    const unsigned int uiVersion = GetVersion(oSection);
+    return (uiVersion == 1 && uiRevision > 3) || (uiVersion == 2 && uiRevision > 1) ? "revision is not published"
+                                                                                    : nullptr;
+}
+
 const char* CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLength)
 {
     return uiLength > gsc_uiMostSectionBytes ? "a section in an extension block has at most 121 bytes" : nullptr;
@@ -56,7 +64,7 @@ const char* CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLengt
 
 constexpr SRow gsc_aoSectionRows[] = {
     { eId_DisplayidSectionVersion, Bits(0, 7, 4), "Structure version", Number(), nullptr, CheckVersion },
-    { eId_DisplayidSectionRevision, Bits(0, 3, 0), "Structure revision", Number() },
+    { eId_DisplayidSectionRevision, Bits(0, 3, 0), "Structure revision", Number(), nullptr, CheckRevision },
     { eId_DisplayidSectionLength, Byte(1), "Bytes in section", Number("bytes"), nullptr, CheckSectionLength },
     { eId_DisplayidSectionProductType, Byte(2), "Display product type identifier", Names(gsc_aoProductTypes),
       IsVersion1 },
@@ -154,7 +162,7 @@ void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
     }
     if (const char* pszText = CheckPayload(oBlock, oKnown.m_oPayload))
     {
-        oWriter.AddNote(uiGroup, CMap::eSeverity_Warning, pszText);
+        oWriter.AddNote(uiGroup, oKnown.m_oPayload.GetSeverity(), pszText);
     }
     if (oKind.m_uiVersion != 0 && oKind.m_uiVersion != uiVersion)
     {

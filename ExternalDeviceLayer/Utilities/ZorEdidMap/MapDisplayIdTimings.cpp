@@ -624,7 +624,7 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
         uiSize = oBlock.IsSet(uiAt + 2, 6) ? gsc_uiType6LongSize : gsc_uiType6Size;
         if (uiSize > oBlock.GetSize() - uiAt)
         {
-            NoteBlock(oWriter, oBlock, uiOffset, CMap::eSeverity_Warning, gsc_szNotWholeItems);
+            NoteBlock(oWriter, oBlock, uiOffset, CMap::eSeverity_Error, gsc_szNotWholeItems);
             return;
         }
         MapDisplayIdTiming(oWriter, oBlock.GetByte(0), 0, uiOffset + uiAt, uiSize);

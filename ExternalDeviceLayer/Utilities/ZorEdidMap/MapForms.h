@@ -100,6 +100,11 @@ struct SPayloadRule
     {
         return uiLength > 31 || ((m_uiAllowed >> uiLength) & 1U) != 0;
     }
+    // Of a length that is wrong: among items, one of them is lost.
+    constexpr CZorEdidMap::ESeverity GetSeverity() const
+    {
+        return m_uiStep != 0 ? CZorEdidMap::eSeverity_Error : CZorEdidMap::eSeverity_Warning;
+    }
 };
 
 constexpr SPayloadRule Exactly(unsigned int uiBytes) { return { uiBytes, uiBytes }; }

@@ -50,8 +50,8 @@ struct SForm
     long long m_llAdd = 0;
     unsigned int m_uiDivide = 1;
     unsigned int m_uiDecimals = 0;
-    bool m_bSigned = false;   // two's complement over the width of the place
-    bool m_bNoteOnly = false; // what the row's check finds is a note, no warning
+    bool m_bSigned = false;                                           // two's complement over the width of the place
+    CZorEdidMap::ESeverity m_eCheck = CZorEdidMap::eSeverity_Warning; // of what the row's check finds
     std::span<const SMeaning> m_aoMeanings = {};
     bool m_bStaysNumber = false; // a value with a meaning is a number nonetheless
     // The value as text, when a number, a meaning or the bytes are not it.
@@ -103,12 +103,13 @@ struct SForm
         oForm.m_bSigned = true;
         return oForm;
     }
-    constexpr SForm NoteOnly() const
+    constexpr SForm Weighs(CZorEdidMap::ESeverity eCheck) const
     {
         SForm oForm = *this;
-        oForm.m_bNoteOnly = true;
+        oForm.m_eCheck = eCheck;
         return oForm;
     }
+    constexpr SForm NoteOnly() const { return Weighs(CZorEdidMap::eSeverity_Note); }
     constexpr SForm Text(CMString (*pfnText)(const CRecord&, unsigned int)) const
     {
         SForm oForm = *this;

@@ -503,7 +503,7 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
     const char* pszText = oRow.m_pfnCheck != nullptr ? oRow.m_pfnCheck(oRecord, uiRaw) : nullptr;
     if (pszText != nullptr)
     {
-        AddNote(uiField, oForm.m_bNoteOnly ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning, pszText);
+        AddNote(uiField, oForm.m_eCheck, pszText);
     }
 }
 

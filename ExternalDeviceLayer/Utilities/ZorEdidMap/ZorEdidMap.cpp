@@ -181,9 +181,15 @@ void CMapWriter::NoteBlockCount()
     }
     for (unsigned int i = 0; i < m_oMap.GetFieldCount(); i = m_oMap.GetField(i).m_uiEnd)
     {
-        if (m_oMap.GetField(i).m_uiOffset / msc_uiBlockSize > uiAnnounced)
+        const unsigned int uiOffset = m_oMap.GetField(i).m_uiOffset;
+        const bool bCounted = uiOffset / msc_uiBlockSize <= uiAnnounced;
+        if (!bCounted)
         {
             AddNote(i, CZorEdidMap::eSeverity_Warning, "not counted by the number of extension blocks");
+        }
+        else if (uiOffset != 0 && CZorEdidMap::GetBlockKind(GetByte(uiOffset)) == nullptr)
+        {
+            AddNote(i, CZorEdidMap::eSeverity_Warning, "not a known kind of extension block");
         }
     }
 }

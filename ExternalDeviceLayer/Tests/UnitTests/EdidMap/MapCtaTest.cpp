@@ -130,6 +130,7 @@ TEST(MapCta, PlacesOfVideoCodesOverAllBlocks)
                                           "Video code 95, 3840x2160p 29.97/30 Hz 16:9=also in YCbCr 4:2:0; "
                                           "Short video descriptor=1920x1080p 59.94/60 Hz 16:9; !is in a video data "
                                           "block as well: here are codes for YCbCr 4:2:0 only; "
+                                          "Unknown extension block=; !not a known kind of extension block; "
                                           "Video code 97, 3840x2160p 59.94/60 Hz 16:9=also in YCbCr 4:2:0");
 }
 

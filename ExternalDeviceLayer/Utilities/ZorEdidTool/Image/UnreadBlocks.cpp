@@ -7,15 +7,15 @@
 #include "TextFormat.h"
 #include "Tool.h"
 
-namespace
+std::string FindUnreadReason(const unsigned char* pui8Block, const char* pszRepair)
 {
-std::string DescribeRefusal(const SImageBlock& oBlock, const char* pszRepair)
-{
-    const unsigned int uiRevision = oBlock.m_pui8Bytes[1];
-    switch (CEdidExtBlock::GetRefusal(CEdidUtils::msc_uiBlockSize, oBlock.m_pui8Bytes))
+    const unsigned int uiRevision = pui8Block[1];
+    switch (CEdidExtBlock::GetRefusal(CEdidUtils::msc_uiBlockSize, pui8Block))
     {
+    case CEdidExtBlock::eRefusal_None:
+        return "";
     case CEdidExtBlock::eRefusal_Revision:
-        return oBlock.GetTag() == gsc_uiDisplayIdTag
+        return pui8Block[0] == gsc_uiDisplayIdTag
                    ? FormatText("its DisplayID version is %u.%u, above 1.2", uiRevision >> 4, uiRevision & 0x0F)
                    : FormatText("its revision is %u, above 3", uiRevision);
     case CEdidExtBlock::eRefusal_SectionSize:
@@ -28,7 +28,6 @@ std::string DescribeRefusal(const SImageBlock& oBlock, const char* pszRepair)
         return "the library keeps no model of its kind";
     }
 }
-} // namespace
 
 std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImage, const char* pszRepair)
 {
@@ -39,10 +38,9 @@ std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImag
         {
             continue;
         }
-        const std::string sReason = DescribeRefusal(oBlock, pszRepair);
-        sLines += MakeErrorLine(oInput.m_sName,
-                                FormatText("block %u (%s) is not read: %s; check and explain tell more",
-                                           oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), sReason.c_str()));
+        sLines += MakeErrorLine(oInput.m_sName, FormatText("block %u (%s) is not read: %s; check and explain tell more",
+                                                           oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()),
+                                                           FindUnreadReason(oBlock.m_pui8Bytes, pszRepair).c_str()));
     }
     return sLines;
 }

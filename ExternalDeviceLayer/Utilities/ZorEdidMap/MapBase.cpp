@@ -284,12 +284,37 @@ constexpr SRatio gsc_aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } };
 constexpr auto gsc_aoAspects = Listed({ "16:10", "4:3", "5:4", "16:9" });
 constexpr auto gsc_aoOldAspects = Listed({ "1:1", "4:3", "5:4", "16:9" });
 
+// With the timing of the DMT mode that has the pair as its code.
 template <bool ALWAYS>
-CMString FormatPair(const CRecord& oRecord)
+bool MakePairMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
 {
     constexpr unsigned int uiPixelsPerCode = 8;
     constexpr unsigned int uiFirstPixels = 248;
     constexpr unsigned int uiFirstRate = 60;
+    if (IsUnusedPair(oRecord) || oRecord.GetByte(0) == 0 || oSource.m_uiRank != 0)
+    {
+        return false;
+    }
+    const unsigned int uiPixels = oRecord.GetByte(0) * uiPixelsPerCode + uiFirstPixels;
+    const unsigned int uiAspect = oRecord.GetBits(1, 7, 6);
+    const bool bSquare = uiAspect == 0 && IsSquarePair<ALWAYS>(oRecord);
+    const SRatio oRatio = bSquare ? SRatio{ 1, 1 } : gsc_aoRatios[uiAspect];
+    const unsigned int uiCode = oRecord.Get(Big16(0));
+    oMode =
+        MakeBareMode(CZorEdidMap::eModeKind_Standard, uiCode, uiPixels, uiPixels * oRatio.m_uiHeight / oRatio.m_uiWidth,
+                     false, WholeRate(oRecord.GetBits(1, 5, 0) + uiFirstRate));
+    SetAspect(oMode, oRatio);
+    const SDmtMode* poDmt = bSquare ? nullptr : FindDmtModeOfStandard(uiCode);
+    if (poDmt != nullptr)
+    {
+        SetTiming(oMode, poDmt->m_oTiming);
+    }
+    return true;
+}
+
+template <bool ALWAYS>
+CMString FormatPair(const CRecord& oRecord)
+{
     if (IsUnusedPair(oRecord))
     {
         return "unused";
@@ -298,12 +323,9 @@ CMString FormatPair(const CRecord& oRecord)
     {
         return gsc_szReserved;
     }
-    const unsigned int uiPixels = oRecord.GetByte(0) * uiPixelsPerCode + uiFirstPixels;
-    const unsigned int uiAspect = oRecord.GetBits(1, 7, 6);
-    const SRatio& oRatio = gsc_aoRatios[uiAspect];
-    const bool bSquare = uiAspect == 0 && IsSquarePair<ALWAYS>(oRecord);
-    const unsigned int uiLines = bSquare ? uiPixels : uiPixels * oRatio.m_uiHeight / oRatio.m_uiWidth;
-    return ModeText({ uiPixels, uiLines, false, oRecord.GetBits(1, 5, 0) + uiFirstRate });
+    CMode oMode = {};
+    MakePairMode<ALWAYS>(oRecord, {}, oMode);
+    return ModeText(oMode);
 }
 
 template <bool ALWAYS>
@@ -467,10 +489,10 @@ bool HasHeader(const CRecord& oRecord)
     return true;
 }
 
-constinit const STable g_oStandardTimingTable = { eId_BaseStandard, "Standard timing", CZorEdidMap::eArea_Timing,
-                                                  gsc_aoPairRows<false>, FormatPair<false> };
-constinit const STable g_oVtbStandardTimingTable = { eId_BaseStandard, "Standard timing", CZorEdidMap::eArea_Timing,
-                                                     gsc_aoPairRows<true>, FormatPair<true> };
+constinit const STable g_oStandardTimingTable = { eId_BaseStandard,      "Standard timing", CZorEdidMap::eArea_Timing,
+                                                  gsc_aoPairRows<false>, FormatPair<false>, MakePairMode<false> };
+constinit const STable g_oVtbStandardTimingTable = { eId_BaseStandard,     "Standard timing", CZorEdidMap::eArea_Timing,
+                                                     gsc_aoPairRows<true>, FormatPair<true>,  MakePairMode<true> };
 
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "MapForms.h"
+#include "MapModes.h"
 
 namespace ZorMap
 {
@@ -27,10 +28,16 @@ inline const char* CheckReservedZero(const CRecord& /*oRecord*/, unsigned int ui
     return uiValue == 0 ? "00h is reserved" : nullptr;
 }
 
-// A mode that stands for one bit.
+// A bit of established timings: of I and II by its place in the block, of III in the descriptor.
 constexpr SRow Mode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiBit, const char* pszName)
 {
-    return { eId, Bit(uiOffset, uiBit), pszName, Flag(gsc_aoSupported) };
+    constexpr unsigned int uiFirstIII = 0x06;
+    constexpr unsigned int uiFirst = 0x23;
+    const bool bIII = uiOffset < uiFirst;
+    const unsigned int uiCode = (uiOffset - (bIII ? uiFirstIII : uiFirst)) * gsc_uiBits + gsc_uiBits - 1 - uiBit;
+    return { eId, Bit(uiOffset, uiBit), pszName,
+             Flag(gsc_aoSupported)
+                 .Mode(bIII ? MakeCodeMode<MakeEstablishedIIIMode> : MakeCodeMode<MakeEstablishedMode>, uiCode) };
 }
 
 // ---- Detailed timings against range limits ----

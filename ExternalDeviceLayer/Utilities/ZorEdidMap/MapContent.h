@@ -13,7 +13,9 @@ struct SOrigin
     const STable* m_poTable; // null for a leaf and for a group without a table
     unsigned int m_uiOffset;
     unsigned int m_uiLength;
-    bool m_bAlone; // a group, or a leaf by itself: possibly one of several, unlike the rows of a table
+    bool m_bAlone;               // a group, or a leaf by itself: possibly one of several, unlike the rows of a table
+    unsigned char m_ui8Code = 0; // of CMapWriter::SetMode
+    unsigned char m_ui8Marks = 0;
 };
 
 struct SEntry

@@ -43,10 +43,10 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
 void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed);
 
 // The bits of a byte that stand for video codes, bit 0 for the one at uiFirst: fields of the names of these codes.
-// aoRows has a row for each bit, from bit 0 on. Bits without a code are left, or noted where they are set.
+// aoRows has a row for each bit, from bit 0 on; uiMarks is what the bits say of the modes. Bits without a code are left, or noted where they are set.
 inline constexpr char gsc_szNoVideoCode[] = "no video code has this place";
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
-                      std::span<const SRow, gsc_uiBits> aoRows);
+                      std::span<const SRow, gsc_uiBits> aoRows, unsigned int uiMarks);
 
 // The luminance of an 8-bit code, in 10^-6 cd/m2: 50 * 2 ^ (code / 32), and of a minimum: maximum * (code / 255) ^ 2 /
 // 100. CTA-861-H 7.5.13.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "MapCtaBlocks.h"
+#include "MapModes.h"
 #include "Standards/BaseBlock.h"
 
 namespace ZorMap
@@ -125,19 +126,17 @@ constexpr SRow gsc_aoHdmiVideoRows[] = {
 };
 constexpr STable gsc_oHdmiVideoTable = { eId_CtaHdmi, "HDMI video", eDisplay, gsc_aoHdmiVideoRows };
 
-constexpr SMeaning gsc_aoHdmiVics[] = {
-    { 0, 0, gsc_szReserved },
-    { 1, 1, "3840x2160p 29.97/30 Hz 16:9" },
-    { 2, 2, "3840x2160p 25 Hz 16:9" },
-    { 3, 3, "3840x2160p 23.98/24 Hz 16:9" },
-    { 4, 4, "4096x2160p 24 Hz 256:135" },
-    { 5, 255, gsc_szReserved },
-};
+const char* GetHdmiVicName(unsigned int uiCode)
+{
+    const char* pszName = GetHdmiCodeName(uiCode);
+    return pszName != nullptr ? pszName : gsc_szReserved;
+}
 CMString HdmiVicText(const CRecord& /*oRecord*/, unsigned int uiCode)
 {
-    return CodeText(uiCode, FindMeaning(gsc_aoHdmiVics, uiCode));
+    return CodeText(uiCode, GetHdmiVicName(uiCode));
 }
-constexpr SRow gsc_oHdmiVicRow = { eId_CtaHdmiVic, Byte(0), "HDMI_VIC", Names(gsc_aoHdmiVics).Text(HdmiVicText) };
+constexpr SRow gsc_oHdmiVicRow = { eId_CtaHdmiVic, Byte(0), "HDMI_VIC",
+                                   Names(GetHdmiVicName).Text(HdmiVicText).Mode(MakeCodeMode<MakeHdmiMode>) };
 
 // Most significant byte first.
 constexpr SRow gsc_aoStructureAllRows[] = {
@@ -158,7 +157,8 @@ constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
 
 constexpr auto gsc_aoInMask = Listed({ "not in 3D", "in 3D" });
-constexpr auto gsc_aoMaskRows = BitRows(eId_CtaHdmi3dMaskPlace, "Place without a video code", Flag(gsc_aoInMask));
+constexpr auto gsc_aoMaskRows =
+    BitRows(eId_CtaHdmi3dMaskPlace, "Place without a video code", Flag(gsc_aoInMask).Mode(MakeCodeMode<MakeVideoMode>));
 
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
 
@@ -181,7 +181,8 @@ constexpr SMeaning gsc_aoDetails[] = {
     { 10, 10, "quincunx, even left, even right" },
     { 11, 15, gsc_szReserved },
 };
-constexpr SRow gsc_oOrderRow = { eId_CtaHdmi2dVicOrder, Bits(0, 7, 4), "2D_VIC_order", Number() };
+constexpr SRow gsc_oOrderRow = { eId_CtaHdmi2dVicOrder, Bits(0, 7, 4), "2D_VIC_order",
+                                 Number().Mode(MakeCodeMode<MakeVideoMode>) };
 constexpr SRow gsc_aoItemRows[] = {
     { eId_CtaHdmi3dStructure, Bits(0, 3, 0), "3D_Structure", Names(gsc_aoStructures) },
     { eId_CtaHdmi3dDetail, Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },
@@ -376,8 +377,8 @@ struct SRange
 void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset)
 {
     oWriter.BeginGroup(eId_CtaHdmi3dMask, "3D_MASK", eTiming, uiOffset, gsc_uiMaskSize);
-    AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBits, gsc_aoMaskRows); // the high byte first
-    AddVideoCodeBits(oWriter, oCodes, uiOffset + 1, 0, gsc_aoMaskRows);
+    AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBits, gsc_aoMaskRows, gsc_uiMarkHdmi3d); // the high byte first
+    AddVideoCodeBits(oWriter, oCodes, uiOffset + 1, 0, gsc_aoMaskRows, gsc_uiMarkHdmi3d);
     oWriter.EndGroup();
 }
 
@@ -390,7 +391,9 @@ unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned
     const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
     if (uiOrder < oCodes.m_uiCount)
     {
-        oWriter.SetMeaning(uiField, GetVideoCodeName(oCodes.m_aui8Codes[uiOrder]));
+        const unsigned int uiCode = ReadShortVideo(oCodes.m_aui8Codes[uiOrder]).m_uiCode;
+        oWriter.SetMeaning(uiField, GetVideoFormatName(uiCode));
+        oWriter.SetMode(uiField, uiCode, gsc_uiMarkHdmi3d);
     }
     else
     {

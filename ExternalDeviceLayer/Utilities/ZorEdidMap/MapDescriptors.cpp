@@ -28,6 +28,9 @@ constexpr SPlace gsc_oVerticalPorch = Split({ { 0x0B, 3, 2 }, { 0x0A, 7, 4 } });
 constexpr SPlace gsc_oVerticalSync = Split({ { 0x0B, 1, 0 }, { 0x0A, 3, 0 } });
 constexpr SPlace gsc_oImageWidth = Split({ { 0x0E, 7, 4 }, { 0x0C, 7, 0 } });
 constexpr SPlace gsc_oImageHeight = Split({ { 0x0E, 3, 0 }, { 0x0D, 7, 0 } });
+constexpr unsigned int gsc_uiHorizontalBorderOffset = 0x0F;
+constexpr unsigned int gsc_uiVerticalBorderOffset = 0x10;
+constexpr SPlace gsc_oStereo = Split({ { 0x11, 6, 5 }, { 0x11, 0, 0 } });
 constexpr unsigned int gsc_uiFlagsOffset = 0x11;
 constexpr unsigned int gsc_uiInterlacedBit = 7;
 bool IsAnalogSync(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) < 2; }
@@ -83,12 +86,36 @@ unsigned int GetHalfLines(const CRecord& oRecord)
            (oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit) ? 1U : 0U);
 }
 
-CMString FormatDetailed(const CRecord& oRecord)
+bool MakeDetailedMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
 {
+    constexpr unsigned int uiFirstStereo = 2; // smaller values are none
+    if (oSource.m_uiRank != 0)
+    {
+        return false;
+    }
     const bool bInterlaced = oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit);
-    return ModeText({ oRecord.Get(gsc_oWidth), oRecord.Get(gsc_oHeight) * (bInterlaced ? 2 : 1), bInterlaced,
-                      2ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oClock),
-                      static_cast<unsigned long long>(GetTotalWidth(oRecord)) * GetHalfLines(oRecord) });
+    const unsigned int uiHeight = oRecord.Get(gsc_oHeight) * (bInterlaced ? 2 : 1);
+    const unsigned int uiTotalHeight = bInterlaced ? GetHalfLines(oRecord) : GetHalfLines(oRecord) / 2;
+    const unsigned long long ullClock = 1ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oClock);
+    oMode = MakeBareMode(CZorEdidMap::eModeKind_Detailed, 0, oRecord.Get(gsc_oWidth), uiHeight, bInterlaced,
+                         { (bInterlaced ? 2 : 1) * ullClock, 1ULL * GetTotalWidth(oRecord) * uiTotalHeight });
+    oMode.m_bTiming = true;
+    oMode.m_ullClock = ullClock;
+    oMode.m_oHorizontal = { oMode.m_uiWidth,
+                            oRecord.Get(gsc_oHorizontalPorch),
+                            oRecord.Get(gsc_oHorizontalSync),
+                            GetTotalWidth(oRecord),
+                            oRecord.GetByte(gsc_uiHorizontalBorderOffset),
+                            !IsAnalogSync(oRecord) && oRecord.IsSet(gsc_uiFlagsOffset, 1) };
+    oMode.m_oVertical = { uiHeight,
+                          oRecord.Get(gsc_oVerticalPorch),
+                          oRecord.Get(gsc_oVerticalSync),
+                          uiTotalHeight,
+                          oRecord.GetByte(gsc_uiVerticalBorderOffset),
+                          IsDigitalSeparate(oRecord) && oRecord.IsSet(gsc_uiFlagsOffset, 2) };
+    const unsigned int uiStereo = oRecord.Get(gsc_oStereo);
+    oMode.m_eStereo = uiStereo < uiFirstStereo ? CZorEdidMap::eStereo_No : static_cast<CZorEdidMap::EStereo>(uiStereo);
+    return true;
 }
 
 constexpr auto gsc_aoScan = Listed({ "non-interlaced", "interlaced" });
@@ -463,7 +490,7 @@ constexpr auto IsCodeUsed = IsNot<IsCodeUnused>;
 
 constexpr SPlace gsc_oCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } });
 constexpr auto gsc_aoCodeAspects = Listed({ "4:3", "16:9", "16:10", "15:9" });
-constexpr auto gsc_aoCodeRates = Listed({ "50 Hz", "60 Hz", "75 Hz", "85 Hz" });
+constexpr auto gsc_aoRateNames = Listed({ "50 Hz", "60 Hz", "75 Hz", "85 Hz" });
 
 const char* CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
 {
@@ -478,19 +505,62 @@ const char* CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
     return bSupported ? nullptr : "is not one of those supported";
 }
 
-CMString FormatCvtCode(const CRecord& oRecord)
+// What one bit of byte 2 announces.
+struct SCodeRate
+{
+    unsigned int m_uiBit;
+    unsigned int m_uiRate; // Hz
+    CZorEdidMap::EBlanking m_eBlanking;
+};
+constexpr SCodeRate gsc_aoCodeRates[] = {
+    { 4, 50, CZorEdidMap::eBlanking_Standard }, { 3, 60, CZorEdidMap::eBlanking_Standard },
+    { 2, 75, CZorEdidMap::eBlanking_Standard }, { 1, 85, CZorEdidMap::eBlanking_Standard },
+    { 0, 60, CZorEdidMap::eBlanking_Reduced1 },
+};
+
+// The preferred rate comes first, whether a bit announces it or not.
+SCodeRate GetCodeRate(const CRecord& oRecord, unsigned int uiRank)
+{
+    const SCodeRate& oPreferred = gsc_aoCodeRates[oRecord.GetBits(2, 6, 5)];
+    const bool bReduced = oPreferred.m_uiRate == 60 && !oRecord.IsSet(2, oPreferred.m_uiBit) && oRecord.IsSet(2, 0);
+    const SCodeRate& oFirst = bReduced ? gsc_aoCodeRates[4] : oPreferred;
+    if (uiRank == 0)
+    {
+        return oFirst;
+    }
+    for (const SCodeRate& oRate : gsc_aoCodeRates)
+    {
+        if (oRecord.IsSet(2, oRate.m_uiBit) && &oRate != &oFirst && --uiRank == 0)
+        {
+            return oRate;
+        }
+    }
+    return {};
+}
+
+bool MakeCvtCodeMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
 {
     constexpr SRatio aoRatios[] = { { 4, 3 }, { 16, 9 }, { 16, 10 }, { 15, 9 } };
-    constexpr unsigned int auiRates[] = { 50, 60, 75, 85 };
     constexpr unsigned int uiCell = 8; // pixels
-    if (IsCodeUnused(oRecord))
+    const SCodeRate oRate = GetCodeRate(oRecord, oSource.m_uiRank);
+    if (IsCodeUnused(oRecord) || oRate.m_uiRate == 0)
     {
-        return "unused";
+        return false;
     }
     const unsigned int uiLines = (oRecord.Get(gsc_oCodeLines) + 1) * 2;
     const SRatio& oRatio = aoRatios[oRecord.GetBits(1, 3, 2)];
-    return ModeText({ uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines, false,
-                      auiRates[oRecord.GetBits(2, 6, 5)] });
+    oMode = MakeBareMode(CZorEdidMap::eModeKind_CvtCode, oRecord.Get(Big24(0)),
+                         uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines, false,
+                         WholeRate(oRate.m_uiRate));
+    SetAspect(oMode, oRatio);
+    oMode.m_eBlanking = oRate.m_eBlanking;
+    return true;
+}
+
+CMString FormatCvtCode(const CRecord& oRecord)
+{
+    CMode oMode = {};
+    return MakeCvtCodeMode(oRecord, {}, oMode) ? ModeText(oMode) : CMString("unused");
 }
 
 constexpr SRow gsc_aoCodeRows[] = {
@@ -500,7 +570,7 @@ constexpr SRow gsc_aoCodeRows[] = {
     { eId_BaseCvtCodeAspectRatio, Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
     { eId_Reserved, Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
     { eId_Reserved, Bit(2, 7), "Reserved", Reserved(), IsCodeUsed },
-    { eId_BaseCvtCodePreferredRate, Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoCodeRates), IsCodeUsed,
+    { eId_BaseCvtCodePreferredRate, Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoRateNames), IsCodeUsed,
       CheckCodeRate },
     { eId_BaseCvtCode50HzStandard, Bit(2, 4), "50 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
     { eId_BaseCvtCode60HzStandard, Bit(2, 3), "60 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
@@ -680,10 +750,11 @@ void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int 
 }
 } // namespace
 
-constinit const STable g_oDetailedTimingTable = { eId_BaseDetailed, "Detailed timing", CZorEdidMap::eArea_Timing,
-                                                  gsc_aoDetailedRows, FormatDetailed };
-constinit const STable g_oCvtCodeTable = { eId_BaseCvtCode, "CVT 3 byte timing code", CZorEdidMap::eArea_Timing,
-                                           gsc_aoCodeRows, FormatCvtCode };
+constinit const STable g_oDetailedTimingTable = { eId_BaseDetailed,   "Detailed timing", CZorEdidMap::eArea_Timing,
+                                                  gsc_aoDetailedRows, nullptr,           MakeDetailedMode };
+constinit const STable g_oCvtCodeTable = {
+    eId_BaseCvtCode, "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows, FormatCvtCode, MakeCvtCodeMode
+};
 
 SRangeLimits ReadRangeLimits(const CRecord& oRecord)
 {

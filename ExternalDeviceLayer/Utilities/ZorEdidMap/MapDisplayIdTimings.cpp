@@ -2,6 +2,7 @@
 // carry some of the same records: their walks call MapDisplayIdTiming and MapTimingCode.
 
 #include "MapDisplayId.h"
+#include "MapModes.h"
 
 namespace ZorMap
 {
@@ -15,59 +16,17 @@ using enum CZorEdidMap::EArea;
 constexpr auto gsc_aoStereoSupport = Listed({ "mono", "stereo", "mono or stereo by user action", gsc_szReserved });
 constexpr auto gsc_aoScanning = Listed({ "progressive", "interlaced" });
 
-// HDMI 1.4; from HDMI_VIC 0 on.
-constexpr std::array<const char*, 5> gsc_apszHdmiModes = { gsc_szReserved, "3840 x 2160 @ 30 Hz", "3840 x 2160 @ 25 Hz",
-                                                           "3840 x 2160 @ 24 Hz", "4096 x 2160 @ 24 Hz" };
-
 constexpr auto gsc_aoAspectRatios =
     ListedTo(15, { "1:1", "5:4", "4:3", "15:9", "16:9", "16:10", "64:27", "256:135", "undefined" });
 // The same as numbers.
 constexpr SRatio gsc_aoRatios[] = { { 1, 1 },  { 5, 4 },   { 4, 3 },   { 15, 9 },
                                     { 16, 9 }, { 16, 10 }, { 64, 27 }, { 256, 135 } };
 
-// VESA DMT 1.13; RB: reduced blanking. From DMT ID 1 on.
-constexpr const char* gsc_apszDmtModes[] = {
-    "640 x 350 @ 85 Hz",       "640 x 400 @ 85 Hz",       "720 x 400 @ 85 Hz",       "640 x 480 @ 60 Hz",
-    "640 x 480 @ 72 Hz",       "640 x 480 @ 75 Hz",       "640 x 480 @ 85 Hz",       "800 x 600 @ 56 Hz",
-    "800 x 600 @ 60 Hz",       "800 x 600 @ 72 Hz",       "800 x 600 @ 75 Hz",       "800 x 600 @ 85 Hz",
-    "800 x 600 @ 120 Hz RB",   "848 x 480 @ 60 Hz",       "1024 x 768i @ 87 Hz",     "1024 x 768 @ 60 Hz",
-    "1024 x 768 @ 70 Hz",      "1024 x 768 @ 75 Hz",      "1024 x 768 @ 85 Hz",      "1024 x 768 @ 120 Hz RB",
-    "1152 x 864 @ 75 Hz",      "1280 x 768 @ 60 Hz RB",   "1280 x 768 @ 60 Hz",      "1280 x 768 @ 75 Hz",
-    "1280 x 768 @ 85 Hz",      "1280 x 768 @ 120 Hz RB",  "1280 x 800 @ 60 Hz RB",   "1280 x 800 @ 60 Hz",
-    "1280 x 800 @ 75 Hz",      "1280 x 800 @ 85 Hz",      "1280 x 800 @ 120 Hz RB",  "1280 x 960 @ 60 Hz",
-    "1280 x 960 @ 85 Hz",      "1280 x 960 @ 120 Hz RB",  "1280 x 1024 @ 60 Hz",     "1280 x 1024 @ 75 Hz",
-    "1280 x 1024 @ 85 Hz",     "1280 x 1024 @ 120 Hz RB", "1360 x 768 @ 60 Hz",      "1360 x 768 @ 120 Hz RB",
-    "1400 x 1050 @ 60 Hz RB",  "1400 x 1050 @ 60 Hz",     "1400 x 1050 @ 75 Hz",     "1400 x 1050 @ 85 Hz",
-    "1400 x 1050 @ 120 Hz RB", "1440 x 900 @ 60 Hz RB",   "1440 x 900 @ 60 Hz",      "1440 x 900 @ 75 Hz",
-    "1440 x 900 @ 85 Hz",      "1440 x 900 @ 120 Hz RB",  "1600 x 1200 @ 60 Hz",     "1600 x 1200 @ 65 Hz",
-    "1600 x 1200 @ 70 Hz",     "1600 x 1200 @ 75 Hz",     "1600 x 1200 @ 85 Hz",     "1600 x 1200 @ 120 Hz RB",
-    "1680 x 1050 @ 60 Hz RB",  "1680 x 1050 @ 60 Hz",     "1680 x 1050 @ 75 Hz",     "1680 x 1050 @ 85 Hz",
-    "1680 x 1050 @ 120 Hz RB", "1792 x 1344 @ 60 Hz",     "1792 x 1344 @ 75 Hz",     "1792 x 1344 @ 120 Hz RB",
-    "1856 x 1392 @ 60 Hz",     "1856 x 1392 @ 75 Hz",     "1856 x 1392 @ 120 Hz RB", "1920 x 1200 @ 60 Hz RB",
-    "1920 x 1200 @ 60 Hz",     "1920 x 1200 @ 75 Hz",     "1920 x 1200 @ 85 Hz",     "1920 x 1200 @ 120 Hz RB",
-    "1920 x 1440 @ 60 Hz",     "1920 x 1440 @ 75 Hz",     "1920 x 1440 @ 120 Hz RB", "2560 x 1600 @ 60 Hz RB",
-    "2560 x 1600 @ 60 Hz",     "2560 x 1600 @ 75 Hz",     "2560 x 1600 @ 85 Hz",     "2560 x 1600 @ 120 Hz RB",
-    "1366 x 768 @ 60 Hz",      "1920 x 1080 @ 60 Hz",     "1600 x 900 @ 60 Hz RB",   "2048 x 1152 @ 60 Hz RB",
-    "1280 x 720 @ 60 Hz",      "1366 x 768 @ 60 Hz RB",   "4096 x 2160 @ 60 Hz RB",  "4096 x 2160 @ 59.94 Hz RB",
-};
-constexpr unsigned int gsc_uiDmtModes = sizeof(gsc_apszDmtModes) / sizeof(gsc_apszDmtModes[0]);
-
-const char* GetDmtName(unsigned int uiId)
+// The name of a code; 0 is reserved.
+template <const char* (*GET_NAME)(unsigned int)>
+const char* GetCodeName(unsigned int uiCode)
 {
-    return uiId == 0 ? gsc_szReserved : uiId <= gsc_uiDmtModes ? gsc_apszDmtModes[uiId - 1] : nullptr;
-}
-
-// VIC 129 to 192 do not exist: as short video descriptors those bytes are native modes.
-const char* GetVicName(unsigned int uiVic)
-{
-    return uiVic == 0                                      ? gsc_szReserved
-           : uiVic > 0xFF || (uiVic > 127 && uiVic <= 192) ? nullptr
-                                                           : GetVideoCodeName(uiVic);
-}
-
-const char* GetHdmiVicName(unsigned int uiVic)
-{
-    return uiVic < gsc_apszHdmiModes.size() ? gsc_apszHdmiModes[uiVic] : nullptr;
+    return uiCode == 0 ? gsc_szReserved : GET_NAME(uiCode);
 }
 
 // ---- Type I, DisplayID 1.3 (tag 3), and Type VII, DisplayID 2.0 (tag 22h): 20 bytes ----
@@ -82,10 +41,12 @@ struct SDetailedPlaces
     SPlace m_oActiveX;
     SPlace m_oBlankX;
     SPlace m_oFrontX;
+    SPlace m_oSignX;
     SPlace m_oSyncX;
     SPlace m_oActiveY;
     SPlace m_oBlankY;
     SPlace m_oFrontY;
+    SPlace m_oSignY;
     SPlace m_oSyncY;
 };
 
@@ -98,10 +59,12 @@ constexpr SDetailedPlaces LongPlaces(unsigned int uiClockStep)
              Little16(4),
              Little16(6),
              Split({ { 9, 6, 0 }, { 8, 7, 0 } }),
+             Bit(9, 7),
              Little16(10),
              Little16(12),
              Little16(14),
              Split({ { 17, 6, 0 }, { 16, 7, 0 } }),
+             Bit(17, 7),
              Little16(18) };
 }
 
@@ -115,10 +78,12 @@ constexpr SDetailedPlaces gsc_oType2 = { Little24(0),
                                          Split({ { 5, 0, 0 }, { 4, 7, 0 } }),
                                          Bits(5, 7, 1),
                                          Bits(6, 7, 4),
+                                         Bit(3, 3),
                                          Bits(6, 3, 0),
                                          Split({ { 8, 3, 0 }, { 7, 7, 0 } }),
                                          Byte(9),
                                          Bits(10, 7, 4),
+                                         Bit(3, 2),
                                          Bits(10, 3, 0) };
 
 constexpr SDetailedPlaces gsc_oType6 = { Split({ { 2, 5, 0 }, { 1, 7, 0 }, { 0, 7, 0 } }),
@@ -128,24 +93,70 @@ constexpr SDetailedPlaces gsc_oType6 = { Split({ { 2, 5, 0 }, { 1, 7, 0 }, { 0, 
                                          Split({ { 4, 5, 0 }, { 3, 7, 0 } }),
                                          Split({ { 9, 3, 0 }, { 7, 7, 0 } }),
                                          Split({ { 9, 7, 4 }, { 8, 7, 0 } }),
+                                         Bit(4, 7),
                                          Byte(10),
                                          Split({ { 6, 5, 0 }, { 5, 7, 0 } }),
                                          Byte(11),
                                          Byte(12),
+                                         Bit(6, 7),
                                          Bits(13, 3, 0) };
 
-template <const SDetailedPlaces& P>
-CMString DetailedText(const CRecord& oTiming)
+constexpr CMap::EStereo ReadStereo(unsigned int uiStereo)
 {
-    const unsigned long long ullWidth = (oTiming.Get(P.m_oActiveX) + 1ULL) * P.m_uiPixelStep;
-    const unsigned long long ullTotalX = ullWidth + (oTiming.Get(P.m_oBlankX) + 1ULL) * P.m_uiPixelStep;
-    const unsigned long long ullHeight = oTiming.Get(P.m_oActiveY) + 1ULL;
-    const unsigned long long ullTotalY = ullHeight + oTiming.Get(P.m_oBlankY) + 1ULL;
-    const unsigned long long ullKiloHertz = (oTiming.Get(P.m_oClock) + 1ULL) * P.m_uiClockStep;
+    return uiStereo == 1 ? CMap::eStereo_Always : uiStereo == 2 ? CMap::eStereo_ByUser : CMap::eStereo_No;
+}
+
+// What says more about a timing; a place that a type does not have is empty.
+struct SFlagPlaces
+{
+    SPlace m_oPreferred = {};
+    SPlace m_oY420 = {};
+    SPlace m_oStereo = {};
+    SPlace m_oAspect = {};
+    SPlace m_oFraction = {};
+};
+
+constexpr SFlagPlaces gsc_oLongFlagPlaces = { Bit(3, 7), {}, Bits(3, 6, 5), Bits(3, 3, 0), {} };
+constexpr SFlagPlaces gsc_oType7Revision2FlagPlaces = { {}, Bit(3, 7), Bits(3, 6, 5), Bits(3, 3, 0), {} };
+constexpr SFlagPlaces gsc_oType2FlagPlaces = { Bit(3, 7), {}, Bits(3, 6, 5), {}, {} };
+constexpr SFlagPlaces gsc_oType6FlagPlaces = { Bit(2, 7), {}, Bits(13, 6, 5), {}, {} };
+
+void ReadFlags(CMode& oMode, const CRecord& oTiming, const SFlagPlaces& oFlags)
+{
+    oMode.m_bPreferred = oTiming.Get(oFlags.m_oPreferred) != 0;
+    oMode.m_eY420 = oTiming.Get(oFlags.m_oY420) != 0 ? CMap::eY420_Also : CMap::eY420_No;
+    oMode.m_eStereo = ReadStereo(oTiming.Get(oFlags.m_oStereo));
+    oMode.m_bFractionToo = oTiming.Get(oFlags.m_oFraction) != 0;
+    const unsigned int uiAspect = oTiming.Get(oFlags.m_oAspect);
+    if (oFlags.m_oAspect.m_ui8Pieces != 0 && uiAspect < std::size(gsc_aoRatios))
+    {
+        SetAspect(oMode, gsc_aoRatios[uiAspect]);
+    }
+}
+
+// Sizes in total lines and pixels as the standard has them for a frame. What the lines of an interlaced timing count is
+// read in two ways, so that its numbers are left out.
+template <CMap::EModeKind KIND, const SDetailedPlaces& P, const SFlagPlaces& FLAGS>
+bool MakeDetailedMode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
+{
+    const auto fnGet = [&](const SPlace& oPlace) { return oTiming.Get(oPlace) + 1; };
+    const auto fnPixels = [&](const SPlace& oPlace) { return fnGet(oPlace) * P.m_uiPixelStep; };
     const bool bInterlaced = oTiming.Get(P.m_oInterlaced) != 0;
-    const unsigned long long ullFields = bInterlaced ? 2 : 1;
-    return ModeText({ static_cast<unsigned int>(ullWidth), static_cast<unsigned int>(ullHeight), bInterlaced,
-                      ullKiloHertz * 1000 * ullFields, ullTotalX * ullTotalY });
+    const unsigned int uiTotalX = fnPixels(P.m_oActiveX) + fnPixels(P.m_oBlankX);
+    const unsigned int uiTotalY = fnGet(P.m_oActiveY) + fnGet(P.m_oBlankY);
+    oMode = MakeBareMode(KIND, 0, fnPixels(P.m_oActiveX), fnGet(P.m_oActiveY), bInterlaced, {});
+    oMode.m_ullClock = 1000ULL * fnGet(P.m_oClock) * P.m_uiClockStep;
+    oMode.m_oRate = { (bInterlaced ? 2 : 1) * oMode.m_ullClock, 1ULL * uiTotalX * uiTotalY };
+    oMode.m_oNominalRate = oMode.m_oRate;
+    oMode.m_bTiming = !bInterlaced;
+    oMode.m_oHorizontal = {
+        oMode.m_uiWidth, fnPixels(P.m_oFrontX), fnPixels(P.m_oSyncX), uiTotalX, 0, oTiming.Get(P.m_oSignX) != 0
+    };
+    oMode.m_oVertical = {
+        oMode.m_uiHeight, fnGet(P.m_oFrontY), fnGet(P.m_oSyncY), uiTotalY, 0, oTiming.Get(P.m_oSignY) != 0
+    };
+    ReadFlags(oMode, oTiming, FLAGS);
+    return oSource.m_uiRank == 0;
 }
 
 const char* CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
@@ -286,17 +297,25 @@ constexpr SRow gsc_aoType3Rows[] = {
     { eId_DisplayidTimingRefreshRate, Bits(2, 6, 0), "Refresh rate", NumberFrom1("Hz") },
 };
 
-CMString Type3Text(const CRecord& oTiming)
+constexpr SFlagPlaces gsc_oType3FlagPlaces = { Bit(0, 7), {}, {}, Bits(0, 3, 0), {} };
+
+bool MakeType3Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
     const unsigned int uiWidth = (oTiming.GetByte(1) + 1) * 8;
     const unsigned int uiAspect = oTiming.GetBits(0, 3, 0);
-    if (uiAspect >= std::size(gsc_aoRatios))
+    const unsigned int uiFormula = oTiming.GetBits(0, 6, 4);
+    if (uiAspect >= std::size(gsc_aoRatios) || oSource.m_uiRank != 0)
     {
-        return CMString();
+        return false;
     }
     const SRatio& oRatio = gsc_aoRatios[uiAspect];
-    return ModeText(
-        { uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth, oTiming.IsSet(2, 7), oTiming.GetBits(2, 6, 0) + 1 });
+    oMode = MakeBareMode(CMap::eModeKind_Type3, 0, uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth,
+                         oTiming.IsSet(2, 7), WholeRate(oTiming.GetBits(2, 6, 0) + 1));
+    oMode.m_eBlanking = uiFormula == 0   ? CMap::eBlanking_Standard
+                        : uiFormula == 1 ? CMap::eBlanking_Reduced1
+                                         : CMap::eBlanking_NotGiven;
+    ReadFlags(oMode, oTiming, gsc_oType3FlagPlaces);
+    return true;
 }
 
 // ---- By formula: Type V, DisplayID 1.3 (tag 11h), 7 bytes; Type IX, DisplayID 2.0 (tag 24h), 6 bytes; Type X,
@@ -401,17 +420,51 @@ constexpr SRow gsc_aoType10Rows[] = {
     { eId_DisplayidTimingMinVerticalBlankTime, Bit(7, 0), "Minimum vertical blank time", Flag(gsc_aoLeastBlankTimes) },
 };
 
-// Width, height and rate of a formula-based timing, all stored minus 1.
-CMString FormulaText(const CRecord& oTiming, unsigned int uiSizeOffset, const SPlace& oRate)
+// Width, height and rate of a formula-based timing, all stored minus 1. By the formula's code the blanking.
+void SetFormulaMode(CMode& oMode, CMap::EModeKind eKind, const CRecord& oTiming, unsigned int uiSizeOffset,
+                    const SPlace& oRate)
 {
-    return ModeText({ oTiming.Get(Little16(uiSizeOffset)) + 1, oTiming.Get(Little16(uiSizeOffset + 2)) + 1, false,
-                      oTiming.Get(oRate) + 1 });
+    oMode = MakeBareMode(eKind, 0, oTiming.Get(Little16(uiSizeOffset)) + 1, oTiming.Get(Little16(uiSizeOffset + 2)) + 1,
+                         false, WholeRate(oTiming.Get(oRate) + 1));
 }
-CMString Type5Text(const CRecord& oTiming) { return FormulaText(oTiming, 2, Byte(6)); }
-CMString Type9Text(const CRecord& oTiming) { return FormulaText(oTiming, 1, gsc_oNarrowRate); }
-CMString Type10Text(const CRecord& oTiming)
+
+constexpr SFlagPlaces gsc_oType5FlagPlaces = { Bit(0, 7), {}, Bits(0, 6, 5), {}, Bit(0, 4) };
+constexpr SFlagPlaces gsc_oType9FlagPlaces = { {}, {}, Bits(0, 6, 5), {}, Bit(0, 4) };
+constexpr SFlagPlaces gsc_oType10FlagPlaces = { {}, Bit(0, 7), Bits(0, 6, 5), {}, {} };
+
+bool MakeType5Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
-    return FormulaText(oTiming, 1, HasWideRate(oTiming) ? gsc_oWideRate : gsc_oNarrowRate);
+    SetFormulaMode(oMode, CMap::eModeKind_Type5, oTiming, 2, Byte(6));
+    const unsigned int uiFormula = oTiming.GetBits(0, 1, 0);
+    oMode.m_eBlanking = uiFormula == 0   ? CMap::eBlanking_Reduced2
+                        : uiFormula == 1 ? CMap::eBlanking_Custom
+                                         : CMap::eBlanking_NotGiven;
+    ReadFlags(oMode, oTiming, gsc_oType5FlagPlaces);
+    return oSource.m_uiRank == 0;
+}
+
+// Formulas of Types IX and X, of the first the first three.
+constexpr CMap::EBlanking gsc_aeFormulas[] = { CMap::eBlanking_Standard, CMap::eBlanking_Reduced1,
+                                               CMap::eBlanking_Reduced2, CMap::eBlanking_Reduced3 };
+
+bool MakeType9Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
+{
+    constexpr unsigned int uiFormulas = 3;
+    const unsigned int uiFormula = oTiming.GetBits(0, 2, 0);
+    SetFormulaMode(oMode, CMap::eModeKind_Type9, oTiming, 1, gsc_oNarrowRate);
+    ReadFlags(oMode, oTiming, gsc_oType9FlagPlaces);
+    oMode.m_eBlanking = uiFormula < uiFormulas ? gsc_aeFormulas[uiFormula] : CMap::eBlanking_NotGiven;
+    return oSource.m_uiRank == 0;
+}
+
+bool MakeType10Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
+{
+    const unsigned int uiFormula = oTiming.GetBits(0, 2, 0);
+    SetFormulaMode(oMode, CMap::eModeKind_Type10, oTiming, 1, HasWideRate(oTiming) ? gsc_oWideRate : gsc_oNarrowRate);
+    ReadFlags(oMode, oTiming, gsc_oType10FlagPlaces);
+    oMode.m_eBlanking = uiFormula < std::size(gsc_aeFormulas) ? gsc_aeFormulas[uiFormula] : CMap::eBlanking_NotGiven;
+    oMode.m_bFractionToo = IsFormula2(oTiming) && oTiming.IsSet(0, 4);
+    return oSource.m_uiRank == 0;
 }
 
 // ---- Type VI, DisplayID 1.3 (tag 13h): 14 bytes, or 17 with aspect ratio and size ----
@@ -463,24 +516,32 @@ struct STimingKind
 
 // Of two rows with the same tag the later one counts, when its revision is reached.
 constexpr STimingKind gsc_aoTimingKinds[] = {
-    { 0x03, 0, { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, DetailedText<gsc_oType1> } },
+    { 0x03,
+      0,
+      { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, nullptr,
+        MakeDetailedMode<CMap::eModeKind_Type1, gsc_oType1, gsc_oLongFlagPlaces> } },
     { 0x04,
       0,
-      { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, DetailedText<gsc_oType2> } },
-    { 0x05, 0, { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, Type3Text } },
-    { 0x11, 0, { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, Type5Text } },
+      { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, nullptr,
+        MakeDetailedMode<CMap::eModeKind_Type2, gsc_oType2, gsc_oType2FlagPlaces> } },
+    { 0x05, 0, { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, nullptr, MakeType3Mode } },
+    { 0x11, 0, { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, nullptr, MakeType5Mode } },
     { 0x13,
       0,
-      { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, DetailedText<gsc_oType6> } },
+      { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, nullptr,
+        MakeDetailedMode<CMap::eModeKind_Type6, gsc_oType6, gsc_oType6FlagPlaces> } },
     { 0x22,
       0,
-      { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Rows, DetailedText<gsc_oType7> } },
+      { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Rows, nullptr,
+        MakeDetailedMode<CMap::eModeKind_Type7, gsc_oType7, gsc_oLongFlagPlaces> } },
     { 0x22,
       2,
-      { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows,
-        DetailedText<gsc_oType7> } },
-    { 0x24, 0, { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, Type9Text } },
-    { 0x2A, 0, { eId_DisplayidType10Timing, "Type X timing", eArea_Timing, gsc_aoType10Rows, Type10Text } },
+      { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows, nullptr,
+        MakeDetailedMode<CMap::eModeKind_Type7, gsc_oType7, gsc_oType7Revision2FlagPlaces> } },
+    { 0x24, 0, { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, nullptr, MakeType9Mode } },
+    { 0x2A,
+      0,
+      { eId_DisplayidType10Timing, "Type X timing", eArea_Timing, gsc_aoType10Rows, nullptr, MakeType10Mode } },
 };
 
 const STable* FindTimingTable(unsigned int uiTag, unsigned int uiRevision)
@@ -505,20 +566,21 @@ struct SCodeKind
     const char* (*m_pfnName)(unsigned int uiCode); // null for an unknown one
 };
 
-template <const char* (*GET_NAME)(unsigned int)>
+template <const char* (*GET_NAME)(unsigned int), bool (*MAKE_MODE)(CMode&, unsigned int)>
 constexpr SCodeKind Codes(EZorEdidField eId, const char* pszName)
 {
-    const SForm oForm = MakeForm(CMap::eKind_Name).Text([](const CRecord& /*oRecord*/, unsigned int uiCode) {
-        return CodeText(uiCode, GET_NAME(uiCode));
-    });
+    const SForm oForm =
+        MakeForm(CMap::eKind_Name)
+            .Text([](const CRecord& /*oRecord*/, unsigned int uiCode) { return CodeText(uiCode, GET_NAME(uiCode)); })
+            .Mode(MakeCodeMode<MAKE_MODE>);
     return { { { eId, Byte(0), pszName, oForm }, { eId, Little16(0), pszName, oForm } }, GET_NAME };
 }
 constexpr const char* GetNoName(unsigned int /*uiCode*/) { return nullptr; }
 
 constexpr SCodeKind gsc_aoCodeKinds[] = {
-    Codes<GetDmtName>(eId_DisplayidTimingDmtId, "DMT ID"),
-    Codes<GetVicName>(eId_DisplayidTimingVic, "VIC"),
-    Codes<GetHdmiVicName>(eId_DisplayidTimingHdmiVic, "HDMI VIC"),
+    Codes<GetCodeName<GetDmtName>, MakeDmtMode>(eId_DisplayidTimingDmtId, "DMT ID"),
+    Codes<GetCodeName<GetVideoFormatName>, MakeVideoMode>(eId_DisplayidTimingVic, "VIC"),
+    Codes<GetCodeName<GetHdmiCodeName>, MakeHdmiMode>(eId_DisplayidTimingHdmiVic, "HDMI VIC"),
     { { { eId_DisplayidTimingCode, Byte(0), "Timing code", UnknownValue() },
         { eId_DisplayidTimingCode, Little16(0), "Timing code", UnknownValue() } },
       GetNoName },
@@ -566,28 +628,32 @@ constexpr SRow gsc_aoType8FlagRows[] = {
 constexpr STable gsc_oType8Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType8FlagRows };
 
 // DisplayID 1.3 (tags 7 and 8): a bit a mode, from mode 1 on. A field has the name of its mode.
-constexpr auto gsc_aoModeBits = BitRows(eId_DisplayidTimingMode, "Mode", Flag(gsc_aoSupported));
+constexpr auto gsc_aoDmtBits =
+    BitRows(eId_DisplayidTimingMode, "Mode", Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeDmtMode>));
+constexpr auto gsc_aoVicBits =
+    BitRows(eId_DisplayidTimingMode, "Mode", Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeVideoMode>));
 
 void MapModeBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
-                 const char* (*pfnName)(unsigned int))
+                 std::span<const SRow, gsc_uiBits> aoRows, const char* (*pfnName)(unsigned int))
 {
     for (unsigned int i = 0; i < GetPayloadLength(oBlock) * gsc_uiBits; ++i)
     {
         if (const char* pszName = pfnName(i + 1))
         {
-            const unsigned int uiField = oWriter.AddLeaf(gsc_aoModeBits[i % gsc_uiBits], eArea_Timing,
+            const unsigned int uiField = oWriter.AddLeaf(aoRows[i % gsc_uiBits], eArea_Timing,
                                                          uiOffset + gsc_uiPayloadOffset + i / gsc_uiBits, 1);
             oWriter.SetName(uiField, pszName);
+            oWriter.SetMode(uiField, i + 1);
         }
     }
 }
 void MapDmtBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
-    MapModeBits(oWriter, oBlock, uiOffset, GetDmtName);
+    MapModeBits(oWriter, oBlock, uiOffset, gsc_aoDmtBits, GetDmtName);
 }
 void MapVicBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
-    MapModeBits(oWriter, oBlock, uiOffset, GetVicName);
+    MapModeBits(oWriter, oBlock, uiOffset, gsc_aoVicBits, GetVideoFormatName);
 }
 
 // ---- Data blocks ----

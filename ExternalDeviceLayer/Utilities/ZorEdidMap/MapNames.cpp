@@ -35,15 +35,16 @@ CMString CodeText(unsigned int uiCode, const char* pszName)
     return sText;
 }
 
-CMString ModeText(const SMapMode& oMode)
+CMString ModeText(const CZorEdidMap::SMode& oMode)
 {
+    const auto& [ullDividend, ullDivisor] = oMode.m_oNominalRate;
     CMString sText;
     sText.Format("%u x %u%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "");
-    if (oMode.m_ullTotal == 0)
+    if (ullDivisor == 0)
     {
         return sText;
     }
-    const unsigned long long ullHundredths = (oMode.m_ullClock * 100 + oMode.m_ullTotal / 2) / oMode.m_ullTotal;
+    const unsigned long long ullHundredths = (ullDividend * 100 + ullDivisor / 2) / ullDivisor;
     sText.AppendFormat(" @ %llu", ullHundredths / 100);
     if (ullHundredths % 100 != 0)
     {

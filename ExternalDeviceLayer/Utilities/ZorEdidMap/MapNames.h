@@ -73,10 +73,6 @@ inline constexpr auto gsc_aoScanDirections =
 inline constexpr auto gsc_aoCodeTypes = Listed({ "VESA DMT", "CTA-861 VIC", "HDMI VIC", gsc_szReserved });
 inline constexpr auto gsc_aoCodeSizes = Listed({ "1 byte", "2 bytes" });
 
-// The name of the format of a short video descriptor of CTA-861, by the list in MapCtaVideo.cpp; null for a code that
-// is not published.
-const char* GetVideoCodeName(unsigned int uiSvd);
-
 // ---- Companies: as IEEE assigns identifiers; CTA-861 stores the least significant byte first, DisplayID last ----
 
 inline constexpr SMeaning gsc_aoOuis[] = {
@@ -108,24 +104,8 @@ const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiVal
 // "16, 1920x1080p 59.94/60 Hz 16:9"; "unknown (16)" without a name.
 CMString CodeText(unsigned int uiCode, const char* pszName);
 
-// Of a picture, width to height.
-struct SRatio
-{
-    unsigned int m_uiWidth;
-    unsigned int m_uiHeight;
-};
-
-struct SMapMode
-{
-    unsigned int m_uiWidth;
-    unsigned int m_uiHeight; // of the frame
-    bool m_bInterlaced;
-    // The rate is their quotient: frames a second, of an interlaced mode fields. A total of 0 leaves it out.
-    unsigned long long m_ullClock;
-    unsigned long long m_ullTotal = 1;
-};
-// "1920 x 1080i @ 59.94 Hz"; whole rates have no decimals.
-CMString ModeText(const SMapMode& oMode);
+// "1920 x 1080i @ 59.94 Hz", at the nominal rate; whole rates have no decimals, a rate that is not given is left out.
+CMString ModeText(const CZorEdidMap::SMode& oMode);
 
 // A container ID: 16 bytes from uiOffset of the record on, in stored order. "041e0a63-f0b6-4dee-97a1-0123456789ab"
 inline constexpr unsigned int gsc_uiContainerIdSize = 16;

@@ -37,6 +37,25 @@ struct SMeaning
     const char* m_pszName;
 };
 
+// ---- Which mode it stands for ----
+
+// What a walk says of a mode, which its bytes do not.
+inline constexpr unsigned int gsc_uiMarkAlso420 = 1;
+inline constexpr unsigned int gsc_uiMarkOnly420 = 2;
+inline constexpr unsigned int gsc_uiMarkHdmi3d = 4;
+inline constexpr unsigned int gsc_uiMarkNative = 8;
+inline constexpr unsigned int gsc_uiMarkFraction = 16; // 1000/1001 of rates as well
+
+struct SModeSource
+{
+    unsigned int m_uiCode;  // of a leaf what its row or the walk gave it (CMapWriter::SetMode), else its value
+    unsigned int m_uiRank;  // which of several modes, from 0
+    unsigned int m_uiMarks; // gsc_uiMark...
+};
+
+// Fills the mode of a field from its record, for CZorEdidMap::GetMode. False for none. Unset flags are not asked.
+using ModeMaker = bool (*)(const CRecord&, const SModeSource& oSource, CZorEdidMap::SMode& oMode);
+
 // ---- What it says ----
 
 // value = (raw * m_llMultiply + m_llAdd) / 10 ^ m_uiDecimals, m_llMultiply and m_llAdd counted in the last decimal.
@@ -53,7 +72,8 @@ struct SForm
     bool m_bSigned = false;                                           // two's complement over the width of the place
     CZorEdidMap::ESeverity m_eCheck = CZorEdidMap::eSeverity_Warning; // of what the row's check finds
     std::span<const SMeaning> m_aoMeanings = {};
-    bool m_bStaysNumber = false; // a value with a meaning is a number nonetheless
+    const char* (*m_pfnMeaning)(unsigned int uiValue) = nullptr; // in place of a list; null for a value without one
+    bool m_bStaysNumber = false;                                 // a value with a meaning is a number nonetheless
     // The value as text, when a number, a meaning or the bytes are not it.
     CMString (*m_pfnText)(const CRecord&, unsigned int uiValue) = nullptr;
     // The number, when no product is it; counted in the last decimal.
@@ -61,6 +81,8 @@ struct SForm
     // Another raw value gets the note m_pszUnexpected, a warning. Of a run it is what each byte must be.
     unsigned int m_uiExpected = msc_uiAny;
     const char* m_pszUnexpected = nullptr;
+    ModeMaker m_pfnMode = nullptr;
+    unsigned char m_ui8Code = 0; // of the mode of a flag, plus 1; 0: none, or given by the walk
 
     static constexpr unsigned int msc_uiAny = 0xFFFFFFFF;
 
@@ -129,6 +151,18 @@ struct SForm
         oForm.m_pszUnexpected = pszUnexpected;
         return oForm;
     }
+    constexpr SForm Mode(ModeMaker pfnMode) const
+    {
+        SForm oForm = *this;
+        oForm.m_pfnMode = pfnMode;
+        return oForm;
+    }
+    constexpr SForm Mode(ModeMaker pfnMode, unsigned int uiCode) const
+    {
+        SForm oForm = Mode(pfnMode);
+        oForm.m_ui8Code = static_cast<unsigned char>(uiCode + 1);
+        return oForm;
+    }
 };
 
 constexpr SForm MakeForm(CZorEdidMap::EKind eKind)
@@ -157,6 +191,13 @@ constexpr SForm Flag(std::span<const SMeaning> aoMeanings = gsc_aoNoYes)
 constexpr SForm Names(std::span<const SMeaning> aoMeanings)
 {
     return MakeForm(CZorEdidMap::eKind_Name).With(aoMeanings);
+}
+
+constexpr SForm Names(const char* (*pfnMeaning)(unsigned int))
+{
+    SForm oForm = MakeForm(CZorEdidMap::eKind_Name);
+    oForm.m_pfnMeaning = pfnMeaning;
+    return oForm;
 }
 
 constexpr SForm Text() { return MakeForm(CZorEdidMap::eKind_Text); }
@@ -216,6 +257,8 @@ struct STable
     const char* m_pszName; // in the standard's term
     CZorEdidMap::EArea m_eArea;
     std::span<const SRow> m_aoRows;
-    CMString (*m_pfnSummary)(const CRecord&) = nullptr; // the value of the group; null for none
+    // The value of the group. Null: the size and rate of its mode, else none.
+    CMString (*m_pfnSummary)(const CRecord&) = nullptr;
+    ModeMaker m_pfnMode = nullptr;
 };
 } // namespace ZorMap

@@ -2,6 +2,7 @@
 
 #include "MapValue.h"
 
+#include "MapNames.h"
 #include "ZorTools.h"
 
 namespace ZorMap
@@ -126,8 +127,13 @@ CMString FormatField(const SMapContent& oMap, const CZorEdidMap::SField& oField,
     if (oField.m_eKind == CZorEdidMap::eKind_Group)
     {
         const STable* poTable = oSource.m_poTable;
-        return poTable != nullptr && poTable->m_pfnSummary != nullptr ? poTable->m_pfnSummary(oSource.m_oRecord)
-                                                                      : CMString();
+        if (poTable == nullptr || poTable->m_pfnSummary != nullptr)
+        {
+            return poTable != nullptr ? poTable->m_pfnSummary(oSource.m_oRecord) : CMString();
+        }
+        CZorEdidMap::SMode oMode = {};
+        const bool bMode = poTable->m_pfnMode != nullptr && poTable->m_pfnMode(oSource.m_oRecord, {}, oMode);
+        return bMode ? ModeText(oMode) : CMString();
     }
     if (oSource.m_poRow != nullptr && oSource.m_poRow->m_oForm.m_pfnText != nullptr)
     {

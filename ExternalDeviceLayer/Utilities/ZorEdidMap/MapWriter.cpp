@@ -32,7 +32,8 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
     oField.m_eId = oRow.m_eId;
     oField.m_pszName = oRow.m_pszName;
     oField.m_pszUnit = oForm.m_pszUnit;
-    oField.m_pszMeaning = FindMeaning(oForm.m_aoMeanings, uiRaw);
+    oField.m_pszMeaning =
+        oForm.m_pfnMeaning != nullptr ? oForm.m_pfnMeaning(uiRaw) : FindMeaning(oForm.m_aoMeanings, uiRaw);
     oField.m_llNumber = oForm.m_pfnNumber != nullptr ? oForm.m_pfnNumber(oRecord, uiRaw)
                                                      : ComputeNumber(oForm, uiRaw, oRow.m_oPlace.CountBits());
     oField.m_uiDecimals = oForm.m_uiDecimals;
@@ -615,6 +616,16 @@ void CMapWriter::SetMeaning(unsigned int uiField, const char* pszMeaning)
     {
         GetField(uiField).m_pszMeaning = pszMeaning;
         NoteReserved(uiField);
+    }
+}
+
+void CMapWriter::SetMode(unsigned int uiField, unsigned int uiCode, unsigned int uiMarks)
+{
+    if (HasField(uiField))
+    {
+        SOrigin& oOrigin = m_oMap.m_aoEntries[uiField].m_oOrigin;
+        oOrigin.m_ui8Code = static_cast<unsigned char>(uiCode);
+        oOrigin.m_ui8Marks = static_cast<unsigned char>(uiMarks);
     }
 }
 

@@ -295,7 +295,7 @@ TEST(MapInterface, StereoTimingCodes)
         { "07", "DMT ID", "82, 1920 x 1080 @ 60 Hz" },      { "08", "DMT ID", "16, 1024 x 768 @ 60 Hz" },
         { "09.7-6", "Timing code type", "CTA-861 VIC" },    { "09.4-0", "Number of timing codes", "1" },
         { "0A", "VIC", "16, 1920x1080p 59.94/60 Hz 16:9" }, { "0B.7-6", "Timing code type", "HDMI VIC" },
-        { "0B.4-0", "Number of timing codes", "1" },        { "0C", "HDMI VIC", "3, 3840 x 2160 @ 24 Hz" },
+        { "0B.4-0", "Number of timing codes", "1" },        { "0C", "HDMI VIC", "3, 3840x2160p 23.98/24 Hz 16:9" },
     };
     ExpectRows(MakeDisplayIdRecord(0x27, 0x40, "02 01 00 22 52 10 41 10 81 03"), aoRows);
     // Flags without bit 6: what follows the method is no list of codes.

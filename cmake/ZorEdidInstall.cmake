@@ -19,7 +19,9 @@ foreach(library IN ITEMS ZorEdid ZorEdidOsServices)
 endforeach()
 if(TARGET ZorEdidOsServices)
   # Below a prefix of its own, the shared library finds the other one beside it.
-  set_target_properties(ZorEdidOsServices PROPERTIES EXPORT_NAME OsServices INSTALL_RPATH "$ORIGIN")
+  # The build folder leaves no trace in it.
+  set_target_properties(ZorEdidOsServices PROPERTIES EXPORT_NAME OsServices INSTALL_RPATH "$ORIGIN"
+                                                     BUILD_WITH_INSTALL_RPATH ON)
   install(FILES ${CMAKE_CURRENT_LIST_DIR}/ZorEdidLibpci.cmake DESTINATION ${package} COMPONENT development)
 endif()
 

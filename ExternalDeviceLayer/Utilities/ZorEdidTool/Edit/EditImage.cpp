@@ -32,6 +32,18 @@ CPresent MakeNumbers(unsigned int uiCount)
 
 void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
 
+unsigned int FindCode(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        if (oBlock.m_aoOrigins[i].m_uiIndex == uiNumber)
+        {
+            return oBlock.m_aoOrigins[i].m_uiCode;
+        }
+    }
+    return 0;
+}
+
 bool Is420(const CEdidExtBlockCEA861& oCea, unsigned int uiIndex)
 {
     CVidParamTimingGeneric oTiming;
@@ -83,6 +95,23 @@ std::vector<unsigned int> ListEstablishedBits()
 }
 } // namespace
 
+CNumbers ListTimingsOfCode(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    const unsigned int uiCode = FindCode(oBlock, uiNumber);
+    CNumbers oTimings;
+    bool bOrdinary = false;
+    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
+        if (oOrigin.m_uiCode == uiCode)
+        {
+            oTimings.insert(oOrigin.m_uiIndex);
+            bOrdinary = bOrdinary || oOrigin.m_e420 == STimingOrigin::e420_No;
+        }
+    }
+    return bOrdinary ? oTimings : CNumbers();
+}
+
 bool FindPresent(const CPresent& aiPresent, unsigned int uiNumber, unsigned int& uiPlace)
 {
     const auto oFound = std::find(aiPresent.begin(), aiPresent.end(), static_cast<int>(uiNumber));
@@ -119,9 +148,9 @@ bool CEditImage::Load(const CBytes& aui8Image)
     {
         return false;
     }
-    for (const int iExtension : MatchExtensions(m_oEdid, aui8Image))
+    for (size_t uiOffset = 0; uiOffset < aui8Image.size(); uiOffset += gsc_uiBlockSize)
     {
-        const size_t uiOffset = m_aoBlocks.size() * gsc_uiBlockSize;
+        const int iExtension = FindExtension(m_oEdid, static_cast<unsigned int>(m_aoBlocks.size()));
         SEditedBlock oBlock;
         oBlock.m_aui8Bytes.assign(aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset),
                                   aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset + gsc_uiBlockSize));
@@ -131,6 +160,7 @@ bool CEditImage::Load(const CBytes& aui8Image)
             oBlock.m_iExtension = iExtension;
             oBlock.m_uiStandards = poExtension->GetStandardCount();
             oBlock.m_uiDetaileds = poExtension->GetDetailedCount();
+            poExtension->ListStandardOrigins(oBlock.m_aoOrigins);
         }
         m_aoBlocks.push_back(oBlock);
     }
@@ -161,19 +191,10 @@ void CEditImage::CountBase()
     }
 }
 
-// What one removal takes away together is found by trying: timings whose removal leaves the same bytes share a code.
 void CEditImage::CountCea(SEditedBlock& oBlock, const CEdidExtBlockCEA861& oCea)
 {
     oBlock.m_uiAudios = oCea.GetAudioDescriptorCount();
     oBlock.m_aiAudios = MakeNumbers(oBlock.m_uiAudios);
-    std::map<CBytes, int> oFirstOf; // by the bytes left
-    for (unsigned int i = 0; i < oBlock.m_uiStandards; ++i)
-    {
-        const auto poCopy = CopyCea(oCea.GetData());
-        const bool bRemoved = poCopy->RemoveStandardKeepingDescriptors(i) != 0;
-        const CBytes aui8Left(poCopy->GetData(), poCopy->GetData() + gsc_uiBlockSize);
-        oBlock.m_aiGroups.push_back(bRemoved ? oFirstOf.try_emplace(aui8Left, i).first->second : -1);
-    }
     oBlock.m_aiStandards = MakeNumbers(oBlock.m_uiStandards);
 }
 
@@ -355,42 +376,54 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
 {
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
-    const int iGroup = oBlock.m_aiGroups[uiNumber];
+    const CNumbers oTimings = ListTimingsOfCode(oBlock, uiNumber);
     unsigned int uiPlace = 0;
-    if (iGroup < 0)
+    if (oTimings.empty())
     {
         return NameCodeRefusal(oBlock, uiNumber);
     }
-    if (FindPresent(oBlock.m_aiStandards, static_cast<unsigned int>(iGroup), uiPlace))
+    if (FindPresent(oBlock.m_aiStandards, *oTimings.begin(), uiPlace))
     {
         std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            const CNumbers oBefore = ListCodes(oCea);
             if (oCea.RemoveStandardKeepingDescriptors(uiPlace) == 0)
             {
                 return NameCodeRefusal(oBlock, uiNumber);
             }
-            const CNumbers oAfter = ListCodes(oCea);
-            const bool bReferred = std::any_of(oBefore.begin(), oBefore.end(), [&](unsigned int uiCode) {
-                return !oAfter.contains(uiCode) && IsReferred(uiCode, uiCode + 1);
-            });
-            return std::string(bReferred ? gsc_pszReferred : "");
+            return std::string(IsCodeReferred(oBlock, *oTimings.begin()) ? gsc_pszReferred : "");
         });
         if (!sReason.empty())
         {
             return sReason;
         }
-        for (unsigned int i = 0; i < oBlock.m_uiStandards; ++i)
+        for (const unsigned int uiTiming : oTimings)
         {
-            if (oBlock.m_aiGroups[i] == iGroup)
-            {
-                std::erase(oBlock.m_aiStandards, static_cast<int>(i));
-                oBlock.m_oEdits.m_oStandard.insert(i);
-            }
+            std::erase(oBlock.m_aiStandards, static_cast<int>(uiTiming));
+            oBlock.m_oEdits.m_oStandard.insert(uiTiming);
         }
     }
     return Is420(*poRead, uiNumber) && CountEqual(*poCea, *poRead, uiNumber) == CountEqual(*poRead, *poRead, uiNumber)
                ? "a YCbCr 4:2:0 data block names it too, which cannot be edited"
                : "";
+}
+
+// Whether a block that prefers timings, or names the native one, has the code of this ordinary timing. References have
+// 193 to 253 as codes of their own, which the library lists as native forms of lower ones.
+bool CEditImage::IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    constexpr unsigned int uiNativesEnd = 193;
+    const unsigned int uiCode = FindCode(oBlock, uiNumber);
+    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
+        const unsigned int uiByte = oBlock.m_aui8Bytes[oOrigin.m_uiCodeByte];
+        const unsigned int uiReference = uiByte >= uiNativesEnd ? uiByte : uiCode;
+        if (oOrigin.m_uiCode == uiCode && oOrigin.m_e420 != STimingOrigin::e420_Only &&
+            IsReferred(uiReference, uiReference + 1))
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 // The base block's descriptors and those of the CEA-861 blocks are counted together, those of DisplayID blocks are not.

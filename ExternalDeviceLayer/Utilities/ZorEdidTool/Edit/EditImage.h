@@ -72,10 +72,12 @@ struct SEditedBlock
     CPresent m_aiStandards; // good for the ordinary timings, which stand ahead of those in YCbCr 4:2:0
     CPresent m_aiDetaileds;
     CPresent m_aiAudios;
-    // Of each standard timing of a CEA-861 block, the first one that a removal takes away with it: equal for all
-    // timings of a code. -1 for a timing that cannot be removed.
-    CPresent m_aiGroups;
+    CTimingOrigins m_aoOrigins; // of the standard timings at reading
 };
+
+// The timings that a removal of number uiNumber takes away, ordinary ones first. Empty when only a YCbCr 4:2:0 data
+// block names it, so that it cannot go.
+CNumbers ListTimingsOfCode(const SEditedBlock& oBlock, unsigned int uiNumber);
 
 class CEditImage
 {
@@ -108,6 +110,7 @@ private:
     std::string RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber);
     std::string NameCodeRefusal(const SEditedBlock& oBlock, unsigned int uiNumber);
     bool IsReferred(unsigned int uiFirst, unsigned int uiEnd);
+    bool IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumber);
     std::string RemoveDetailed(unsigned int uiNumber);
     unsigned int CountDetailedAhead(const SEditedBlock& oBlock);
     void LowerNatives(unsigned int uiPlace);

@@ -44,7 +44,7 @@ bool AreNamedGroupsAlike(const CEdidExtBlockCEA861& oRead, const SEditedBlock& o
         CVidParamTimingGeneric oTiming;
         CVidParamTimingGeneric oFirst;
         oRead.GetStandard(uiNumber, &oTiming, nullptr);
-        oRead.GetStandard(static_cast<unsigned int>(oBlock.m_aiGroups[uiNumber]), &oFirst, nullptr);
+        oRead.GetStandard(*ListTimingsOfCode(oBlock, uiNumber).begin(), &oFirst, nullptr);
         if (oTiming.GetHorizontalActive() != oFirst.GetHorizontalActive() ||
             oTiming.GetVerticalActive() != oFirst.GetVerticalActive() ||
             oTiming.GetHorizontalTotal() != oFirst.GetHorizontalTotal())
@@ -363,7 +363,7 @@ bool AreDataBlocksKept(const CEdidExtBlockCEA861& oRead, const CEdidExtBlockCEA8
     CNumbers oNamed;
     for (const unsigned int uiNumber : oBlock.m_oEdits.m_oStandard)
     {
-        oNamed.insert(static_cast<unsigned int>(oBlock.m_aiGroups[uiNumber]));
+        oNamed.insert(*ListTimingsOfCode(oBlock, uiNumber).begin());
     }
     const std::vector<unsigned int> auiRead = ListVics(oRead);
     const std::vector<unsigned int> auiEdited = ListVics(oEdited);

@@ -5,16 +5,15 @@
 #include <string.h>
 
 #include "CeaBlocks.h"
-#include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
 
+using namespace ZorStandards;
 using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-
 // Range limits whose byte 4 has flags, which the library does not take for a display descriptor. Reserved flags make
 // them unreadable.
 bool HasRateOffsets(const unsigned char* pui8Descriptor)
@@ -52,20 +51,16 @@ const char* GetBlockKind(unsigned int uiTag)
     return pszKind != nullptr ? pszKind : "unknown";
 }
 
-// The library keeps the order and the bytes of the blocks, and the bytes alone decide whether it takes one: the next of
-// its blocks is the first one of the image that equals it.
-std::vector<int> MatchExtensions(CEdid& oEdid, const std::vector<unsigned char>& aui8Image)
+int FindExtension(const CEdid& oEdid, unsigned int uiBlock)
 {
-    std::vector<int> aiExtensions = { -1 };
-    unsigned int uiNext = 0;
-    for (size_t i = 1; i < aui8Image.size() / gsc_uiBlockSize; ++i)
+    for (unsigned int i = 0; i < oEdid.GetExtensionCount(); ++i)
     {
-        const CEdidExtBlock* poNext = oEdid.GetExtension(uiNext);
-        const bool bTaken = poNext != nullptr &&
-                            memcmp(poNext->GetData(), aui8Image.data() + i * gsc_uiBlockSize, gsc_uiBlockSize) == 0;
-        aiExtensions.push_back(bTaken ? static_cast<int>(uiNext++) : -1);
+        if (oEdid.GetExtension(i)->GetImageBlock() == uiBlock)
+        {
+            return static_cast<int>(i);
+        }
     }
-    return aiExtensions;
+    return -1;
 }
 
 CEdidExtBlockCEA861* SImageBlock::GetCea() const { return AsCea(m_poLoaded); }
@@ -99,7 +94,7 @@ bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
         const unsigned char* pui8Descriptor = pui8Base + DescriptorOffset(i);
         if (HasRateOffsets(pui8Descriptor))
         {
-            const SRangeLimits oRead = ReadRangeLimits(pui8Descriptor, gsc_uiVideoInputRevision);
+            const Descriptors::SRangeLimits oRead = ReadRangeLimits(pui8Descriptor, gsc_uiVideoInputRevision);
             oLimits = { oRead.m_uiMinVerticalRateInHz,
                         oRead.m_uiMaxVerticalRateInHz,
                         oRead.m_uiMinHorizontalRateInKiloHz,
@@ -115,11 +110,12 @@ bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
 void CLoadedImage::FindBlocks(const SInput& oInput)
 {
     m_aoBlocks.clear();
-    const std::vector<int> aiExtensions = MatchExtensions(m_oEdid, oInput.m_aui8Bytes);
-    for (unsigned int i = 1; i <= GetAnnouncedCount() && i < aiExtensions.size(); ++i)
+    CBlockWalk oWalk(oInput.m_aui8Bytes.data(), static_cast<unsigned int>(oInput.m_aui8Bytes.size()));
+    while (oWalk.Next() && oWalk.IsAnnounced())
     {
+        const int iExtension = FindExtension(m_oEdid, oWalk.GetNumber());
         CEdidExtBlock* poLoaded =
-            aiExtensions[i] < 0 ? nullptr : m_oEdid.GetExtension(static_cast<unsigned int>(aiExtensions[i]));
-        m_aoBlocks.push_back({ i, oInput.m_aui8Bytes.data() + i * gsc_uiBlockSize, poLoaded });
+            iExtension < 0 ? nullptr : m_oEdid.GetExtension(static_cast<unsigned int>(iExtension));
+        m_aoBlocks.push_back({ oWalk.GetNumber(), oWalk.GetData(), poLoaded });
     }
 }

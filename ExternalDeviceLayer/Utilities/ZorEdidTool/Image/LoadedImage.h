@@ -27,9 +27,9 @@ inline constexpr unsigned int gsc_uiDisplayIdTag = CEdidExtBlockDisplayID::msc_u
 // Short name of a block's kind by its tag: "cea-861", "displayid" and those that the library does not read; "unknown".
 const char* GetBlockKind(unsigned int uiTag);
 
-// Which of the library's extension blocks each block of the image is, as the number of CEdid::GetExtension; -1 for the
-// base block and for a block that the library did not take. aui8Image holds whole blocks, oEdid was loaded from it.
-std::vector<int> MatchExtensions(CEdid& oEdid, const std::vector<unsigned char>& aui8Image);
+// The number of CEdid::GetExtension of a block of the image that oEdid was loaded from; -1 for the base block and for a
+// block that the library did not take.
+int FindExtension(const CEdid& oEdid, unsigned int uiBlock);
 
 class CLoadedImage
 {

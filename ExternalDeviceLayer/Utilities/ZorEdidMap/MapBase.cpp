@@ -1,5 +1,5 @@
 // The base block, VESA E-EDID standard, Release A Revision 2 (1.4), and 1.3 with its predecessors where they differ.
-// Offsets are those of the block. The 18-byte descriptors stand in MapDescriptors.cpp.
+// Offsets are those of the block. The 18-byte descriptors are in MapDescriptors.cpp.
 
 #include "MapBase.h"
 
@@ -390,20 +390,20 @@ void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned 
     }
 }
 
-// Timings against the range limits of the same block. An erratum of 1.4 lets timings that stand there go beyond them.
+// Timings against the range limits of the same block. An erratum of 1.4 lets listed timings exceed them.
 void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
 {
     const CZorEdidMap::ESeverity eSeverity =
         IsRevision4(oBlock) ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning;
     SRangeLimits oLimits = {};
-    for (unsigned int i = 0; i < gsc_uiDescriptorCount && !oLimits.m_bThere; ++i)
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount && !oLimits.m_bPresent; ++i)
     {
         if (IsTagged(oBlock, i, gsc_ui8TagRangeLimits))
         {
             oLimits = ReadRangeLimits(GetDescriptor(oBlock, i));
         }
     }
-    for (unsigned int i = 0; i < gsc_uiDescriptorCount && oLimits.m_bThere; ++i)
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount && oLimits.m_bPresent; ++i)
     {
         const char* pszText = IsDetailed(oBlock, i) ? CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits) : nullptr;
         if (pszText != nullptr)

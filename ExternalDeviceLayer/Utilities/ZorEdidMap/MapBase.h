@@ -45,7 +45,7 @@ constexpr SRow Mode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiBit
 // Of one descriptor. A maximum of 0 limits nothing.
 struct SRangeLimits
 {
-    bool m_bThere;
+    bool m_bPresent;
     unsigned int m_uiLeastRate; // Hz
     unsigned int m_uiMostRate;
     unsigned int m_uiLeastLineRate; // kHz

@@ -1,6 +1,6 @@
-// The walk of a CTA-861 extension block, and of a data block collection wherever it lies. Which table or walk a data
-// block has stands in one list here; the tables stand in MapCtaVideo.cpp, MapCtaAudio.cpp, MapCtaColour.cpp,
-// MapCtaHdmi.cpp and MapCtaVendor.cpp. Called by the walk of an image, and by that of a DisplayID block.
+// The walk of a CTA-861 extension block, and of a data block collection in any block. Which table or walk a data block
+// has is one list here; the tables are in MapCtaVideo.cpp, MapCtaAudio.cpp, MapCtaColour.cpp, MapCtaHdmi.cpp and
+// MapCtaVendor.cpp. Called by the walk of an image, and by that of a DisplayID block.
 
 #include <algorithm>
 
@@ -97,7 +97,7 @@ constexpr SKey gsc_oHdmiKey = Vendor(0x000C03);
 constexpr SKey gsc_oHdmiForumKey = Vendor(0xC45DD8);
 constexpr SKey gsc_oHdmiSinkKey = Extended(121);
 
-// A row with an OUI stands ahead of the row for any.
+// A row with an OUI precedes the row for any.
 constexpr SCtaBlock gsc_aoDataBlocks[] = {
     { eId_CtaReserved, Tag(0), "Reserved data block" },
     { eId_CtaAudio, Tag(1), "Audio data block", eAudio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
@@ -272,7 +272,7 @@ constexpr const SCtaBlock* FindKind(unsigned int uiTag, unsigned int uiExtended,
     return &gsc_oNoExtendedTag; // never reached: the list has a row for every tag
 }
 
-// Whether each row is found by one of its tags: none stands behind rows that take all of them.
+// Whether each row is found by one of its tags: none follows rows that take all of them.
 constexpr bool IsEachRowFound()
 {
     return std::ranges::all_of(gsc_aoDataBlocks, [](const SCtaBlock& oKind) {
@@ -291,9 +291,9 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 {
     const CRecord oRecord = oWriter.GetRecord(uiOffset, uiEnd - uiOffset);
     const unsigned int uiTag = oRecord.GetBits(0, 7, 5);
-    const unsigned int uiTold = gsc_uiHeaderSize + oRecord.GetBits(0, 4, 0);
-    SFound oFound = { &gsc_oNoExtendedTag, uiOffset, std::min(uiTold, uiEnd - uiOffset), gsc_uiHeaderSize, false };
-    oFound.m_bCut = oFound.m_uiSize < uiTold;
+    const unsigned int uiDeclared = gsc_uiHeaderSize + oRecord.GetBits(0, 4, 0);
+    SFound oFound = { &gsc_oNoExtendedTag, uiOffset, std::min(uiDeclared, uiEnd - uiOffset), gsc_uiHeaderSize, false };
+    oFound.m_bCut = oFound.m_uiSize < uiDeclared;
     if (uiTag == gsc_ui8ExtendedTag)
     {
         if (oFound.m_uiSize < gsc_uiExtendedSize)
@@ -356,7 +356,7 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     }
 }
 
-// Data blocks of a collection that need or exclude each other. puiEarlier counts those ahead, by their kinds.
+// Data blocks of a collection that need or exclude each other. puiEarlier counts the earlier ones by kind.
 void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const unsigned int* puiEarlier)
 {
     const auto fnIs = [](const SCtaBlock& oKind, const SKey& oKey) {
@@ -380,7 +380,7 @@ void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     }
     if ((bForum || bSink) && fnCount(gsc_oHdmiKey) == 0)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no HDMI vendor-specific data block stands ahead");
+        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no HDMI vendor-specific data block precedes it");
     }
 }
 
@@ -408,8 +408,8 @@ unsigned int IndexOf(const SCtaBlock& oKind)
     return &oKind == &gsc_oNoExtendedTag ? 0 : static_cast<unsigned int>(&oKind - gsc_aoDataBlocks);
 }
 
-// Ahead of the first field: a data block may refer to codes that stand behind it. By the headers' first bytes alone, as
-// every block of an image asks for the codes of all.
+// Before the first field: a data block may refer to codes that follow it. By the headers' first bytes alone, as every
+// block of an image asks for the codes of all.
 void CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, SCtaVideoCodes& oCodes)
 {
     const CRecord oCollection = oWriter.GetRecord(uiOffset, uiEnd - uiOffset);
@@ -447,7 +447,7 @@ void AddContent(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound,
 
 bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr || oContent.m_pfnWalk != nullptr; }
 
-// puiEarlier counts the data blocks ahead by their kinds.
+// puiEarlier counts the earlier data blocks by kind.
 void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes,
                   const unsigned int* puiEarlier)
 {
@@ -517,7 +517,7 @@ const char* CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
 
 const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 {
-    return uiStart != 0 && !IsStart(uiStart) ? "lies outside of the block: nothing behind it can be found" : nullptr;
+    return uiStart != 0 && !IsStart(uiStart) ? "lies outside of the block: nothing after it can be found" : nullptr;
 }
 
 constexpr SRow gsc_aoBlockRows[] = {
@@ -556,7 +556,7 @@ SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
     {
         uiAt -= gsc_uiBlockSize;
     }
-    for (; oWriter.GetByte(uiAt) != 0; uiAt += gsc_uiBlockSize) // behind the image it is 0, too
+    for (; oWriter.GetByte(uiAt) != 0; uiAt += gsc_uiBlockSize) // past the image it is 0, too
     {
         const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);
         if (oWriter.GetByte(uiAt) == gsc_uiTag && IsStart(uiStart) &&
@@ -593,8 +593,8 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     oWriter.EndGroup(gsc_oPaddingRest);
 }
 
-// From uiStart on: descriptors up to the first that is none, then padding up to the checksum. Where the image ends
-// ahead of it, in the midst of a timing maybe.
+// From uiStart on: descriptors up to the first 18 bytes that are not one, then padding up to the checksum. The image
+// may end before it, even within a timing.
 void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
 {
     const bool bCut = uiEnd < gsc_uiChecksumOffset;
@@ -674,10 +674,10 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
 {
     while (uiLength > 0)
     {
-        const unsigned int uiTold = pfnLength(oWriter.GetRecord(uiOffset, uiLength).GetByte(0));
-        const unsigned int uiSize = std::min(uiTold, uiLength);
+        const unsigned int uiDeclared = pfnLength(oWriter.GetRecord(uiOffset, uiLength).GetByte(0));
+        const unsigned int uiSize = std::min(uiDeclared, uiLength);
         const unsigned int uiField = oWriter.AddRecord(oTable, uiOffset, uiSize);
-        if (uiSize < uiTold)
+        if (uiSize < uiDeclared)
         {
             oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block");
         }

@@ -1,7 +1,7 @@
 // What the CTA-861 files of the map share: the payload that a data block's walk is given, the tables and walks that
 // MapCta.cpp dispatches to, and helpers of walks. For MapCta*.cpp only.
 //
-// Rows of data blocks count from the payload: the first byte behind the header, the extended tag and the OUI.
+// Rows of data blocks count from the payload: the first byte after the header, the extended tag and the OUI.
 
 #pragma once
 
@@ -33,17 +33,18 @@ using CtaWalk = void (*)(CMapWriter& oWriter, const SCtaPayload& oPayload);
 
 // ---- Helpers of walks ----
 
-// Records that tell their length in their first byte: up to the end, the last one cut there and noted. pfnLength gives
-// 1 or more.
+// Records with their length in their first byte, up to the end; the last one is cut there and noted. pfnLength gives 1
+// or more.
 void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int (*pfnLength)(unsigned int uiFirstByte));
 
-// Items of their own size behind one another end uiUsed bytes behind the payload's begin. What is left is part of one
-// more: unknown, with a note of the data block.
+// Consecutive items, each with a size of its own, end uiUsed bytes into the payload. What is left is part of one more:
+// unknown, with a note of the data block.
 void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed);
 
-// The bits of a byte that stand for video codes, bit 0 for the one at uiFirst: fields of the names of these codes.
-// aoRows has a row for each bit, from bit 0 on; uiMarks is what the bits say of the modes. Bits without a code are left, or noted where they are set.
+// The bits of a byte that select video codes, bit 0 for the one at uiFirst: fields of the names of these codes. aoRows
+// has a row for each bit, from bit 0 on; uiMarks is what the bits say of the modes. Bits without a code are left, or
+// noted where they are set.
 inline constexpr char gsc_szNoVideoCode[] = "no video code has this place";
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
                       std::span<const SRow, gsc_uiBits> aoRows, unsigned int uiMarks);

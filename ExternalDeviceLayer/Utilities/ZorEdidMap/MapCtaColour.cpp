@@ -174,7 +174,7 @@ unsigned int GetDynamicSize(unsigned int uiFirstByte) { return 1 + uiFirstByte; 
 
 // ---- Vendor-Specific Video Data Block of HDR10+ ----
 
-// Not published; what the indexes stand for comes from one public source. Displays use 0, so that it gets no note.
+// Not published; the meaning of the indexes comes from one public source. Displays use 0, so that it gets no note.
 constexpr SMeaning gsc_aoPeaks[] = {
     { 0, 0, "reserved, but in use" },
     { 1, 1, "200 cd/m2" },

@@ -42,9 +42,9 @@ const char* CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
 }
 
 constexpr unsigned int gsc_uiLatencySize = 2; // and as much for interlaced formats
-constexpr unsigned int gsc_uiVideoSize = 2;   // of the fields ahead of the HDMI_VICs
+constexpr unsigned int gsc_uiVideoSize = 2;   // of the fields before the HDMI_VICs
 
-// The fields behind the latencies.
+// The fields after the latencies.
 unsigned int GetVideoOffset(const CRecord& oHdmi)
 {
     return gsc_uiPresentOffset + 1 + (HasLatency(oHdmi) ? gsc_uiLatencySize : 0) +
@@ -305,7 +305,7 @@ constexpr SRow gsc_aoSinkRows[] = {
       nullptr, CheckDsc },
 };
 constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eDisplay, gsc_aoSinkRows };
-constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, behind two reserved bytes
+constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, after two reserved bytes
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
 
@@ -364,7 +364,7 @@ constexpr unsigned int gsc_uiTonePrimaries = 16;
 
 // ---- The 3D fields of HDMI 1.4 ----
 
-// Where a walk stands in a payload, in the image.
+// Where a walk is in a payload, in the image.
 struct SRange
 {
     unsigned int m_uiOffset;
@@ -382,7 +382,7 @@ void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiO
     oWriter.EndGroup();
 }
 
-// A 3D format of one video code, which stands in a collection by its index.
+// A 3D format of one video code, which a collection names by its index.
 unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize)
 {
     const unsigned int uiGroup =
@@ -414,7 +414,7 @@ unsigned int GetMultiSize(unsigned int uiMulti)
                                           : 0;
 }
 
-// What stands ahead of the 3D formats, as far as it is there.
+// What precedes the 3D formats, as far as it is present.
 void AddMulti(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange)
 {
     if (!oRange.Has(gsc_uiStructureAllSize))
@@ -442,11 +442,11 @@ void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, uns
     }
     while (oRange.Has(gsc_uiItemSize))
     {
-        const unsigned int uiTold =
+        const unsigned int uiDeclared =
             HasDetail(oWriter.GetRecord(oRange.m_uiOffset, 1)) ? gsc_uiItemSizeWithDetail : gsc_uiItemSize;
-        const unsigned int uiSize = std::min(uiTold, oRange.m_uiEnd - oRange.m_uiOffset);
+        const unsigned int uiSize = std::min(uiDeclared, oRange.m_uiEnd - oRange.m_uiOffset);
         const unsigned int uiField = AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize);
-        if (uiSize < uiTold)
+        if (uiSize < uiDeclared)
         {
             oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of the 3D fields");
         }

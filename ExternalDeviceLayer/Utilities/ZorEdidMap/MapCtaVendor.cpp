@@ -129,7 +129,7 @@ bool HasPrimaries(const CRecord& oDevice)
     return oDevice.GetBits(21, 1, 0) >= COUNT;
 }
 
-// A byte of 0 tells none; a delay of 0 ms that is told is a positive one.
+// A byte of 0 specifies none; a specified delay of 0 ms counts as positive.
 bool HasDelay(const CRecord& oDevice) { return oDevice.GetByte(16) != 0; }
 bool HasNoDelay(const CRecord& oDevice) { return !HasDelay(oDevice); }
 
@@ -153,7 +153,7 @@ constexpr SMeaning gsc_aoAnalogTypes[] = {
 constexpr SMeaning gsc_aoProtections[] = {
     { 0, 0, "none" }, { 1, 1, "HDCP" }, { 2, 2, "DTCP" }, { 3, 3, "DPCP" }, { 4, 255, gsc_szReserved },
 };
-constexpr SMeaning gsc_aoNotTold[] = { { 0, 0, "not specified" } };
+constexpr SMeaning gsc_aoNotSpecified[] = { { 0, 0, "not specified" } };
 constexpr SMeaning gsc_aoFastScans[] = {
     { 0, 0, "not defined" },
     { 1, 1, "fast scan on the long axis" },
@@ -189,13 +189,13 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { eId_CtaDisplayDeviceInterfaceVersion, Bits(1, 7, 4), "Interface version", Number() },
     { eId_CtaDisplayDeviceInterfaceRelease, Bits(1, 3, 0), "Interface release", Number() },
     { eId_CtaDisplayDeviceContentProtection, Byte(2), "Content protection support", Names(gsc_aoProtections) },
-    { eId_CtaDisplayDeviceMinClock, Bits(3, 7, 2), "Minimum clock frequency", Number("MHz").With(gsc_aoNotTold) },
+    { eId_CtaDisplayDeviceMinClock, Bits(3, 7, 2), "Minimum clock frequency", Number("MHz").With(gsc_aoNotSpecified) },
     { eId_CtaDisplayDeviceMaxClock, Split({ { 3, 1, 0 }, { 4, 7, 0 } }), "Maximum clock frequency",
-      Number("MHz").With(gsc_aoNotTold), nullptr, CheckClock },
+      Number("MHz").With(gsc_aoNotSpecified), nullptr, CheckClock },
     { eId_CtaDisplayDeviceNativeHorizontalPixels, Little16(5), "Native horizontal pixels",
-      Number("pixels").With(gsc_aoNotTold) },
+      Number("pixels").With(gsc_aoNotSpecified) },
     { eId_CtaDisplayDeviceNativeVerticalPixels, Little16(7), "Native vertical pixels",
-      Number("pixels").With(gsc_aoNotTold) },
+      Number("pixels").With(gsc_aoNotSpecified) },
     { eId_CtaDisplayDeviceAspectRatio, Byte(9), "Aspect ratio", HundredthsFrom1() },
     { eId_CtaDisplayDeviceDefaultOrientation, Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
     { eId_CtaDisplayDeviceRotationCapability, Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
@@ -213,7 +213,7 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { eId_CtaDisplayDeviceAudioInputOverride, Bit(15, 5), "Audio input override", Flag() },
     { eId_CtaDisplayDeviceAudioDelaySign, Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns), HasDelay },
     { eId_CtaDisplayDeviceAudioDelay, Bits(16, 6, 0), "Audio delay", Number("ms").Times(2), HasDelay },
-    { eId_CtaDisplayDeviceAudioDelay, Byte(16), "Audio delay", Number("ms").With(gsc_aoNotTold), HasNoDelay },
+    { eId_CtaDisplayDeviceAudioDelay, Byte(16), "Audio delay", Number("ms").With(gsc_aoNotSpecified), HasNoDelay },
     { eId_CtaDisplayDeviceFrameRateConversion, Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
     { eId_CtaDisplayDeviceFrameRateRange, Bits(17, 5, 0), "Frame rate range", Number("Hz") },
     { eId_CtaDisplayDeviceFrameRate, Byte(18), "Native or nominal frame rate", Number("Hz") },
@@ -302,10 +302,10 @@ void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
     {
         return;
     }
-    const unsigned int uiTold = oWriter.GetRecord(oPayload.m_uiOffset, 1).GetBits(0, 7, 5);
-    const unsigned int uiPayload = std::min(uiTold, oPayload.m_uiLength - gsc_uiFrameHead);
+    const unsigned int uiDeclared = oWriter.GetRecord(oPayload.m_uiOffset, 1).GetBits(0, 7, 5);
+    const unsigned int uiPayload = std::min(uiDeclared, oPayload.m_uiLength - gsc_uiFrameHead);
     const unsigned int uiFirst = gsc_uiFrameHead + uiPayload;
-    if (uiPayload < uiTold)
+    if (uiPayload < uiDeclared)
     {
         oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), CZorEdidMap::eSeverity_Error,
                         "the payload runs past the end of the data block");

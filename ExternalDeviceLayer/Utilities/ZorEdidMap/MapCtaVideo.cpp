@@ -281,7 +281,7 @@ constexpr SRow gsc_aoTypeXRows[] = {
 };
 constexpr STable gsc_oTypeXTable = { eId_CtaType10, "Type X", eTiming, gsc_aoTypeXRows };
 
-// Items of uiSize bytes behind the first byte of the payload, as many as fit: fnAdd is called with the offset of each.
+// Items of uiSize bytes after the first byte of the payload, as many as fit: fnAdd is called with the offset of each.
 template <class ADD>
 void AddBehindHead(CMapWriter& oWriter, const SCtaPayload& oPayload, const STable& oHead, unsigned int uiSize,
                    ADD fnAdd)

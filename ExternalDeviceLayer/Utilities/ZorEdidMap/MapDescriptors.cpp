@@ -237,7 +237,7 @@ void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
     const unsigned int uiEnd = uiOffset + gsc_uiMapDescriptorSize;
     const unsigned int uiField = oWriter.AddLeaf(gsc_oTextRow, CZorEdidMap::eArea_Identity, uiText, uiLength);
     const unsigned char* pui8Text = oRecord.GetData() + gsc_uiContentsOffset;
-    if (std::any_of(pui8Text, pui8Text + uiLength, [](unsigned int uiOne) { return uiOne >= gsc_uiFirstBehindAscii; }))
+    if (std::any_of(pui8Text, pui8Text + uiLength, [](unsigned int uiOne) { return uiOne >= gsc_uiFirstAfterAscii; }))
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Note, "characters beyond ASCII in the text");
     }
@@ -322,7 +322,7 @@ const char* CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
                                                          : nullptr;
 }
 
-// The bits of byte 0Eh stand in the order of the codes, bit 7 first.
+// The bits of byte 0Eh have the order of the codes, bit 7 first.
 const char* CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
 {
     constexpr unsigned int uiAspects = 5;
@@ -653,7 +653,7 @@ constexpr STable gsc_oUnknownTable = { eId_BaseReserved, "Reserved descriptor", 
 
 // ---- A timing whose end is missing ----
 
-// What is left of it, without a summary; msc_uiNone when it is none.
+// What is left of it, without a summary; msc_uiNone when it is not a timing.
 unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 {
     if (oRecord.Get(gsc_oClock) == 0)
@@ -670,8 +670,8 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
 
 // ---- By tag ----
 
-// A descriptor with records of one kind has their table, place and number, and a table of its own for a first one that
-// differs; one with a text has none of them.
+// A descriptor with records of one kind has their table, place and number, and a table of their own for a first one
+// that differs; a descriptor with a text has neither.
 struct SDescriptor
 {
     SMeaning m_oKey; // tags

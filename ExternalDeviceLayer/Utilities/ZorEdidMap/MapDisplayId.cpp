@@ -1,4 +1,4 @@
-// The walk of a DisplayID extension block: section, data blocks, filler, checksums. What a data block says stands in
+// The walk of a DisplayID extension block: section, data blocks, filler, checksums. What a data block says is in
 // MapDisplayIdProduct.cpp, MapDisplayIdTimings.cpp, MapDisplayIdInterface.cpp and MapDisplayIdHeadMounted.cpp. Called
 // by the walk of an image.
 
@@ -16,7 +16,7 @@ namespace
 using CMap = CZorEdidMap;
 using enum CZorEdidMap::EArea;
 
-// ---- The section: DisplayID 1.3 and 2.0. It stands behind the extension tag ----
+// ---- The section: DisplayID 1.3 and 2.0. It follows the extension tag ----
 
 constexpr unsigned int gsc_uiSectionOffset = 1;
 constexpr unsigned int gsc_uiSectionLengthOffset = 1; // from the section's first byte, as all below
@@ -219,7 +219,7 @@ void AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 
 // ---- The section among its neighbours ----
 
-// DisplayID blocks ahead of the one at uiOffset, or behind it, of the same EDID: a file may hold several.
+// DisplayID blocks before the one at uiOffset, or after it, of the same EDID: a file may hold several.
 bool IsFirstSection(const CMapWriter& oWriter, unsigned int uiOffset)
 {
     for (unsigned int uiAt = uiOffset; uiAt >= CMapWriter::msc_uiBlockSize;)
@@ -243,7 +243,7 @@ unsigned int CountSectionsBehind(const CMapWriter& oWriter, unsigned int uiOffse
     for (unsigned int uiAt = uiOffset + CMapWriter::msc_uiBlockSize; oWriter.GetByte(uiAt) != gsc_uiBaseBlockTag;
          uiAt += CMapWriter::msc_uiBlockSize)
     {
-        uiCount += oWriter.GetByte(uiAt) == gsc_uiExtensionTag ? 1U : 0U; // a byte behind the image is 0
+        uiCount += oWriter.GetByte(uiAt) == gsc_uiExtensionTag ? 1U : 0U; // a byte past the image is 0
     }
     return uiCount;
 }
@@ -276,8 +276,8 @@ void NoteSection(CMapWriter& oWriter, unsigned int uiField, const CRecord& oSect
 // uiLength: what the block has for the section.
 void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
-    const unsigned int uiTold = oWriter.GetByte(uiOffset + gsc_uiSectionLengthOffset);
-    const unsigned int uiSize = gsc_uiSectionHeaderSize + uiTold + gsc_uiChecksumSize;
+    const unsigned int uiDeclared = oWriter.GetByte(uiOffset + gsc_uiSectionLengthOffset);
+    const unsigned int uiSize = gsc_uiSectionHeaderSize + uiDeclared + gsc_uiChecksumSize;
     const bool bWhole = uiSize <= uiLength;
     const unsigned int uiEnd = bWhole ? uiSize - gsc_uiChecksumSize : uiLength;
     const CRecord oSection = oWriter.GetRecord(uiOffset, uiLength);

@@ -15,7 +15,7 @@ namespace ZorMap
 inline constexpr unsigned int gsc_uiDataBlockFlagsOffset = 1;
 inline constexpr unsigned int gsc_uiPayloadOffset = 3;
 
-// Bits 6 to 4 of the flags, or those that are told, make each item longer.
+// Bits 6 to 4 of the flags, or those given, make each item longer.
 constexpr SPayloadRule ItemsWithExtraBytes(unsigned int uiBytes, unsigned int uiHigh = 6, unsigned int uiLow = 4)
 {
     return { uiBytes, gsc_uiMostPayload, uiBytes, { gsc_uiDataBlockFlagsOffset, PlaceByte(uiHigh), PlaceByte(uiLow) } };
@@ -28,8 +28,8 @@ struct SDisplayIdBlock
     STable m_oGroup;
     SPayloadRule m_oPayload;
     const STable* m_poFlags = nullptr; // of bits 7 to 3 of byte 1; null: they are reserved
-    const STable* m_apoTables[3] = {}; // over the whole data block, one behind the other
-    // What tables alone cannot say, behind them. The record is the data block as far as it lies in its section.
+    const STable* m_apoTables[3] = {}; // over the whole data block, in this order
+    // What tables alone cannot say, after them. The record is the data block as far as it lies in its section.
     void (*m_pfnWalk)(CMapWriter&, const CRecord& oBlock, unsigned int uiOffset) = nullptr;
 };
 

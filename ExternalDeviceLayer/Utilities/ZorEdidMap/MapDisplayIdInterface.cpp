@@ -349,10 +349,10 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
 {
     while (uiAt < oBlock.GetSize())
     {
-        const unsigned int uiTold = oBlock.GetBits(uiAt, 4, 0);
-        const unsigned int uiCodes = std::min(uiTold, oBlock.GetSize() - uiAt - 1);
+        const unsigned int uiDeclared = oBlock.GetBits(uiAt, 4, 0);
+        const unsigned int uiCodes = std::min(uiDeclared, oBlock.GetSize() - uiAt - 1);
         const unsigned int uiGroup = oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes);
-        if (uiCodes < uiTold)
+        if (uiCodes < uiDeclared)
         {
             oWriter.AddNote(uiGroup, CMap::eSeverity_Error, gsc_szBehindBlock);
         }

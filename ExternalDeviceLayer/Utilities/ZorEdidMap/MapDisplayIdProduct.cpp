@@ -56,9 +56,9 @@ void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiO
 {
     const unsigned int uiLeft =
         oBlock.GetSize() > gsc_uiProductTextOffset ? oBlock.GetSize() - gsc_uiProductTextOffset : 0;
-    const unsigned int uiTold = oBlock.GetByte(gsc_uiProductTextLengthOffset);
+    const unsigned int uiDeclared = oBlock.GetByte(gsc_uiProductTextLengthOffset);
     oWriter.AddLeaf(gsc_oProductText, eArea_Identity, uiOffset + gsc_uiProductTextOffset,
-                    uiTold < uiLeft ? uiTold : uiLeft);
+                    uiDeclared < uiLeft ? uiDeclared : uiLeft);
 }
 
 // ---- Texts, DisplayID 1.3 (tags 0Ah and 0Bh); container ID, DisplayID 2.0 (tag 29h) ----

@@ -586,8 +586,8 @@ constexpr SCodeKind gsc_aoCodeKinds[] = {
       GetNoName },
 };
 
-// Type IV, DisplayID 1.3 (tag 6), from revision 1 on, and Type VIII, DisplayID 2.0 (tag 23h): the type of the codes
-// stands in the flags. Revision 0 of Type IV has DMT only.
+// Type IV, DisplayID 1.3 (tag 6), from revision 1 on, and Type VIII, DisplayID 2.0 (tag 23h): the type of the codes is
+// in the flags. Revision 0 of Type IV has DMT only.
 constexpr unsigned int gsc_uiType4Tag = 0x06;
 unsigned int GetCodeType(const CRecord& oBlock)
 {

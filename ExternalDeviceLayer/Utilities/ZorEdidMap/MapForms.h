@@ -36,7 +36,7 @@ constexpr const char* CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
     return uiValue < uiLeast ? "maximum is below the minimum" : nullptr;
 }
 
-inline constexpr unsigned int gsc_uiFirstBehindAscii = 0x7F; // 7Fh itself is no character that prints
+inline constexpr unsigned int gsc_uiFirstAfterAscii = 0x7F; // 7Fh itself does not print
 
 // Of a text that goes from byte FIRST of the record to its end.
 template <unsigned int FIRST>
@@ -44,7 +44,7 @@ const char* CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
 {
     for (unsigned int i = FIRST; i < oRecord.GetSize(); ++i)
     {
-        if (oRecord.GetByte(i) < ' ' || oRecord.GetByte(i) >= gsc_uiFirstBehindAscii)
+        if (oRecord.GetByte(i) < ' ' || oRecord.GetByte(i) >= gsc_uiFirstAfterAscii)
         {
             return "characters that are not printable ASCII";
         }
@@ -128,8 +128,8 @@ struct SPayloadNotes
 {
     const char* m_pszShort;
     const char* m_pszLong;
-    const char* m_pszPart;            // no whole number of items
-    const char* m_pszOther = nullptr; // none of the lengths
+    const char* m_pszPart;            // not a whole number of items
+    const char* m_pszOther = nullptr; // not one of the lengths
 };
 
 // Which of the notes a length gets; null for none.

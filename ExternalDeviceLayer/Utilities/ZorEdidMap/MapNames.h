@@ -22,7 +22,7 @@ constexpr std::array<SMeaning, N> Listed(const char* const (&apszNames)[N])
     return aoMeanings;
 }
 
-// The same, with all values behind them up to uiLast reserved.
+// The same, with all later values up to uiLast reserved.
 template <unsigned int N>
 constexpr std::array<SMeaning, N + 1> ListedTo(unsigned int uiLast, const char* const (&apszNames)[N])
 {
@@ -98,7 +98,7 @@ constexpr SForm Oui() { return Names(gsc_aoOuis).Text(OuiText); }
 
 // ---- Texts ----
 
-// The meaning of a value; null for one that the list lacks.
+// The meaning of a value; null when the list lacks it.
 const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiValue);
 
 // "16, 1920x1080p 59.94/60 Hz 16:9"; "unknown (16)" without a name.

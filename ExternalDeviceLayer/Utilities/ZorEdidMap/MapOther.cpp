@@ -18,7 +18,7 @@ using enum CZorEdidMap::EArea;
 
 constexpr unsigned int gsc_uiChecksumOffset = CMapWriter::msc_uiBlockSize - 1;
 
-// ---- Video timing block extension, VESA VTB-EXT, release A: three lists, one behind the other ----
+// ---- Video timing block extension, VESA VTB-EXT, release A: three consecutive lists ----
 
 constexpr unsigned int gsc_uiVtbListsOffset = 5;
 constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - gsc_uiVtbListsOffset;
@@ -29,7 +29,7 @@ constexpr SPlace gsc_oVtbStandard = Byte(4);
 
 constexpr char gsc_szTooMany[] = "the timings take more than the block has";
 
-// A list that begins behind uiBefore bytes of lists. One that begins behind the block says nothing: it was said before.
+// A list that begins after uiBefore bytes of lists. One that begins past the block says nothing: an earlier one did.
 const char* CheckVtbList(unsigned int uiBefore, unsigned int uiBytes)
 {
     return uiBefore <= gsc_uiVtbListsSize && uiBefore + uiBytes > gsc_uiVtbListsSize ? gsc_szTooMany : nullptr;
@@ -82,12 +82,12 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
     fnAddList(g_oVtbStandardTimingTable, gsc_oVtbStandard, gsc_uiStandardTimingSize);
 }
 
-// ---- Block map, E-EDID 1.4: the tags of the blocks behind it. Block 1 has those of blocks 2 to 127, block 128
+// ---- Block map, E-EDID 1.4: the tags of the blocks after it. Block 1 has those of blocks 2 to 127, block 128
 //      those of blocks 129 to 254 ----
 
 constexpr SRow gsc_oMapTagRow = { eId_BlockMapTag, Byte(0), "Tag of block", MakeForm(CMap::eKind_Name) };
 
-// The number of a block in its EDID: a file may hold several, one behind the other.
+// The number of a block in its EDID: a file may hold several in a row.
 unsigned int GetPlace(const CMapWriter& oWriter, unsigned int uiOffset)
 {
     unsigned int uiPlace = 0;
@@ -186,12 +186,12 @@ CMString StringTableText(const CRecord& oStringTable)
 constexpr STable gsc_oStringTable = { eId_LsTable, "String table", eArea_Identity, gsc_aoStringTableRows,
                                       StringTableText };
 
-// Each string has its length in bytes ahead of it.
+// Each string follows its length in bytes.
 struct SLocalizedString
 {
     SRow m_oLength;
     SRow m_oText;
-    SRow m_oBytes; // of encodings whose characters are no bytes
+    SRow m_oBytes; // of encodings whose characters are not bytes
 };
 constexpr SLocalizedString gsc_aoStrings[] = {
     { { eId_LsTableManufacturerNameLength, Byte(0), "Manufacturer name length", Number("bytes") },
@@ -216,14 +216,15 @@ void MapStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
             return;
         }
         const unsigned int uiField = oWriter.AddLeaf(oString.m_oLength, eArea_Structure, uiOffset + uiAt, 1);
-        const unsigned int uiTold = oTable.GetByte(uiAt++);
-        const unsigned int uiThere = std::min(uiTold, uiLength - uiAt);
-        if (uiThere < uiTold)
+        const unsigned int uiDeclared = oTable.GetByte(uiAt++);
+        const unsigned int uiPresent = std::min(uiDeclared, uiLength - uiAt);
+        if (uiPresent < uiDeclared)
         {
             oWriter.AddNote(uiField, CMap::eSeverity_Error, "the string runs past the end of its table");
         }
-        oWriter.AddLeaf(IsUtf8(oTable) ? oString.m_oText : oString.m_oBytes, eArea_Identity, uiOffset + uiAt, uiThere);
-        uiAt += uiThere;
+        oWriter.AddLeaf(IsUtf8(oTable) ? oString.m_oText : oString.m_oBytes, eArea_Identity, uiOffset + uiAt,
+                        uiPresent);
+        uiAt += uiPresent;
     }
 }
 
@@ -234,14 +235,14 @@ void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned in
     unsigned int uiSize = 0;
     for (unsigned int uiAt = gsc_uiStringTablesOffset; uiAt < uiEnd; uiAt += uiSize)
     {
-        const unsigned int uiTold = oWriter.GetByte(uiOffset + uiAt);
-        if (uiTold == 0)
+        const unsigned int uiDeclared = oWriter.GetByte(uiOffset + uiAt);
+        if (uiDeclared == 0)
         {
             return;
         }
-        uiSize = std::min(uiTold, uiEnd - uiAt);
+        uiSize = std::min(uiDeclared, uiEnd - uiAt);
         const unsigned int uiField = oWriter.BeginRecord(gsc_oStringTable, uiOffset + uiAt, uiSize);
-        if (uiSize < uiTold)
+        if (uiSize < uiDeclared)
         {
             oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");
         }
@@ -262,7 +263,7 @@ void MapVendorBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiL
 
 // ---- Which block is walked by what: E-EDID 1.4; 01h and 30h of its early lists ----
 
-// CTA-861 and DisplayID are in the list for their names; the walks of their blocks stand elsewhere.
+// CTA-861 and DisplayID are in the list for their names; the walks of their blocks are elsewhere.
 struct SExtension
 {
     EZorEdidField m_eId;   // of the block
@@ -300,7 +301,7 @@ constexpr SExtension gsc_aoExtensions[] = {
 };
 // clang-format on
 constexpr auto gsc_aoExtensionTags = TakeKeys(gsc_aoExtensions);
-// A file may hold several EDIDs, one behind the other.
+// A file may hold several EDIDs in a row.
 constexpr SExtension gsc_oOtherBase = { eId_OtherBase, {}, nullptr, gsc_oUnknownRest, "Base block of another EDID" };
 constexpr SExtension gsc_oUnknownExtension = {
     eId_UnknownExtension, {}, nullptr, gsc_oUnknownRest, "Unknown extension block"

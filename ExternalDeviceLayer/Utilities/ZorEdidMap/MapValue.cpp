@@ -10,7 +10,7 @@ namespace ZorMap
 namespace
 {
 constexpr unsigned int gsc_uiByteMask = 0xFF;
-constexpr unsigned int gsc_uiMostBytes = 32768; // whole blocks; only what lies behind them is longer
+constexpr unsigned int gsc_uiMostBytes = 32768; // whole blocks; only what follows them is longer
 constexpr char gsc_szDigits[] = "0123456789abcdef";
 
 CMString FormatBytes(const unsigned char* pui8Bytes, unsigned int uiLength)

@@ -16,6 +16,6 @@ struct SValueSource
 
 CMString FormatValue(const SMapContent& oMap, const CZorEdidMap::SField& oField, const SValueSource& oSource);
 
-// llNumber / 10 ^ uiDecimals, then a blank and the unit; a null unit is none: "2.20", "60 Hz", "2 bytes", "1 byte".
+// llNumber / 10 ^ uiDecimals, then a blank and the unit; null for no unit: "2.20", "60 Hz", "2 bytes", "1 byte".
 CMString FormatNumber(long long llNumber, unsigned int uiDecimals, const char* pszUnit);
 } // namespace ZorMap

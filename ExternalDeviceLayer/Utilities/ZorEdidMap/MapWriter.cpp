@@ -1,4 +1,4 @@
-// CMapWriter: groups, leaves and notes. Which block is walked by what stands in ZorEdidMap.cpp.
+// CMapWriter: groups, leaves and notes. ZorEdidMap.cpp says which walk reads which block.
 
 #include "MapWriter.h"
 
@@ -402,15 +402,15 @@ CMapWriter::SPieces CMapWriter::FindPieces(const SPlace& oPlace, const SRange& o
             return {};
         }
         const bool bToTheEnd = oPlace.m_ui8Run == gsc_ui8ToTheEnd;
-        const unsigned int uiTold = bToTheEnd              ? std::min(uiOpenEnd, uiRecordEnd) - uiFirst
-                                    : oPlace.m_ui8Run != 0 ? oPlace.m_ui8Run
-                                                           : 1U;
-        const unsigned int uiLength = std::min(uiTold, uiRecordEnd - uiFirst);
+        const unsigned int uiDeclared = bToTheEnd              ? std::min(uiOpenEnd, uiRecordEnd) - uiFirst
+                                        : oPlace.m_ui8Run != 0 ? oPlace.m_ui8Run
+                                                               : 1U;
+        const unsigned int uiLength = std::min(uiDeclared, uiRecordEnd - uiFirst);
         if (uiLength > uiOpenEnd - uiFirst)
         {
             return {};
         }
-        oPieces.m_bCut = oPieces.m_bCut || uiLength < uiTold;
+        oPieces.m_bCut = oPieces.m_bCut || uiLength < uiDeclared;
         oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiFirst, uiLength, oPart.GetMask() };
     }
     return oPieces;
@@ -445,7 +445,7 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     return uiField;
 }
 
-// Notes of a group that is still open are behind all notes of the fields ahead of it.
+// Notes of a group that is still open follow all notes of the fields before it.
 bool CMapWriter::HasError(unsigned int uiGroup) const
 {
     for (unsigned int i = m_oMap.m_aoNotes.GetCount(); i > 0 && m_oMap.m_aoNotes[i - 1].m_uiField >= uiGroup; --i)

@@ -13,7 +13,7 @@
 
 namespace ZorMap
 {
-// The bytes that a table lies over. Bytes behind its end read as 0, so that a condition need not ask for the length
+// The bytes that a table lies over. Bytes past its end read as 0, so that a condition need not ask for the length
 // first.
 class CRecord
 {
@@ -51,7 +51,7 @@ public:
     static constexpr unsigned int msc_uiMostBlocks = 256;
     static constexpr unsigned int msc_uiMostDepth = 16;
 
-    // Empties the map and fills it: the walk over all blocks. False when there are no bytes.
+    // Empties the map and fills it: the walk over all blocks. False without bytes.
     static bool Write(SMapContent& oMap, unsigned int uiSize, const unsigned char* pui8Data);
 
     explicit CMapWriter(SMapContent& oMap);
@@ -59,7 +59,7 @@ public:
     // What the rows are asked with.
     const SImageFacts& GetFacts() const { return m_oMap.m_oFacts; }
 
-    // The bytes: a byte behind the image reads as 0, a record is cut at the end of the image.
+    // The bytes: a byte past the image reads as 0, a record is cut at the end of the image.
     unsigned int GetByte(unsigned int uiOffset) const;
     CRecord GetRecord(unsigned int uiOffset, unsigned int uiLength) const;
 
@@ -75,13 +75,13 @@ public:
     unsigned int BeginBlock(EZorEdidField eId, const char* pszName, unsigned int uiOffset, unsigned int uiLength);
     void EndBlock(const SRest& oRest = gsc_oReservedRest);
 
-    // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes all lie
-    // behind them is left out; of one that they cut, what is there is unknown, with a note.
+    // A group with the leaves of a table over uiLength bytes from uiOffset of the image on. A row whose bytes are all
+    // past them is left out; of a row that they cut, what is present is unknown, with a note.
     unsigned int AddRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
-    // The whole bytes at the end of the open group that no leaf has are unknown: none of a structure that is known.
+    // The whole bytes at the end of the open group that no leaf has are unknown: they belong to no known structure.
     void AddUnknownEnd();
     // AddRecord in steps. BeginGroup of a table has its name, area and summary, but adds none of its rows; BeginRecord
-    // adds them. What is added then stands in the group, too. Ended by EndGroup.
+    // adds them. What is added then is in the group, too. Ended by EndGroup.
     unsigned int BeginGroup(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
     unsigned int BeginRecord(const STable& oTable, unsigned int uiOffset, unsigned int uiLength);
     // As AddRecord, in the open group instead of one of its own. The bytes may reach beyond the group: a row that takes
@@ -111,7 +111,7 @@ public:
     void SetMode(unsigned int uiField, unsigned int uiCode, unsigned int uiMarks = 0);
 
     // The leaf that a bit belongs to, and the outermost field that holds exactly these bytes; msc_uiNone for none. For
-    // what is found once all fields stand.
+    // what is found once all fields exist.
     unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const { return m_oMap.FindLeaf(uiOffset, uiBit); }
     unsigned int FindField(unsigned int uiOffset, unsigned int uiLength) const;
 
@@ -125,7 +125,7 @@ private:
     {
         CZorEdidMap::SPiece m_aoPieces[gsc_uiMostPieces];
         unsigned int m_uiCount;
-        bool m_bCut; // the record ends ahead of the others
+        bool m_bCut; // the record ends before the others
     };
     struct SOpenGroup
     {
@@ -192,6 +192,6 @@ void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffs
 // What the form makes of uiBits bits, SForm.
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);
 
-// Gives the timings of all fields that stand the numbers of the EDID classes; none in an image that they refuse.
+// Gives the timings of all fields the numbers of the EDID classes; none in an image that they refuse.
 void NumberTimings(CMapWriter& oWriter, unsigned int uiSize);
 } // namespace ZorMap

@@ -73,7 +73,7 @@ unsigned int SMapContent::FindLeaf(unsigned int uiOffset, unsigned int uiBit) co
 bool CMapWriter::Write(SMapContent& oMap, unsigned int uiSize, const unsigned char* pui8Data)
 {
     const bool bGood = uiSize != 0 && uiSize <= INT_MAX && pui8Data != nullptr;
-    CMArray<unsigned char, const unsigned char&> aui8Data; // ahead of the old bytes' end, which these may be
+    CMArray<unsigned char, const unsigned char&> aui8Data; // before the old bytes go, which these may be
     if (bGood)
     {
         aui8Data.SetCount(uiSize, -1);
@@ -141,7 +141,7 @@ void CMapWriter::WriteBlock(unsigned int uiOffset, unsigned int uiLength)
     }
 }
 
-// What lies behind the blocks has no place in the list of bits.
+// What follows the blocks has no place in the list of bits.
 void CMapWriter::WriteTail()
 {
     const unsigned int uiFirst = m_oMap.GetBlockBytes();
@@ -174,8 +174,8 @@ void CMapWriter::NoteBlockCount()
     }
     const unsigned int uiPlace = FindExtensionCount(m_oMap.GetData(), m_oMap.GetSize());
     const unsigned int uiAnnounced = GetByte(uiPlace);
-    const unsigned int uiThere = m_oMap.GetBlockBytes() / msc_uiBlockSize - 1;
-    if (uiThere < uiAnnounced)
+    const unsigned int uiPresent = m_oMap.GetBlockBytes() / msc_uiBlockSize - 1;
+    if (uiPresent < uiAnnounced)
     {
         AddNote(m_oMap.FindLeaf(uiPlace, 0), CZorEdidMap::eSeverity_Error, "fewer extension blocks follow");
     }

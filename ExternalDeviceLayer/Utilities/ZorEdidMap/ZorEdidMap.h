@@ -17,21 +17,21 @@ struct SMapContent;
 /// The map of one image. Read makes it, everything else asks it. At the leaves every bit of the image belongs to
 /// exactly one field: reserved, unused and unknown bits are fields, too.
 ///
-/// Fields stand in one list, depth first: a group, then what is in it. Names, units and meanings are the terms of the
-/// standards (E-EDID 1.3 and 1.4, CTA-861-H, HDMI 1.4 and 2.1, DisplayID 1.3 and 2.0); they are static texts, never
-/// null unless said, and outlive the map.
+/// Fields are one list, depth first: a group, then its fields. Names, units and meanings are the terms of the standards
+/// (E-EDID 1.3 and 1.4, CTA-861-H, HDMI 1.4 and 2.1, DisplayID 1.3 and 2.0); they are static texts, never null unless
+/// said, and outlive the map.
 class CZorEdidMap
 {
 public:
     enum EKind : unsigned char
     {
-        eKind_Group,    // holds the fields that follow it with a greater depth; the only kind that is no leaf
+        eKind_Group,    // holds the fields that follow it with a greater depth; the only kind that is not a leaf
         eKind_Number,   // m_llNumber / 10 ^ m_uiDecimals, in m_pszUnit; where m_bNumber is 0 only m_pszMeaning
         eKind_Flag,     // one bit; m_llNumber is 0 or 1, m_pszMeaning says what that means
         eKind_Name,     // one of a list; m_pszMeaning is null for a value that the list lacks
         eKind_Text,     // characters: GetValue gives them
         eKind_Bytes,    // bytes without a finer meaning: GetValue gives hexadecimal digits
-        eKind_Reserved, // reserved by the standard, or filler: unused bytes between or behind what is used
+        eKind_Reserved, // reserved by the standard, or filler: unused bytes between or after the used ones
         eKind_Checksum, // m_llNumber is the byte
         eKind_Unknown   // bytes that this reader knows no meaning of
     };
@@ -90,13 +90,13 @@ public:
         unsigned int m_uiLength;     // bytes from the first one to the last one, whole or not
         unsigned int m_uiDepth;      // 0 for a block
         unsigned int m_uiGroup;      // the group that it lies in; msc_uiNone for a block
-        unsigned int m_uiEnd;        // of a group the index behind its last field; of a leaf its own index + 1
+        unsigned int m_uiEnd;        // of a group the index after its last field; of a leaf its own index + 1
         unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
         unsigned int m_uiPieces;     // 0 for a group
         unsigned int m_uiFirstNote;  // of GetNote; the field has m_uiNotes of them
         unsigned int m_uiNotes;
-        // Number in m_eList; msc_uiNone for no timing, or one that the library does not list. A video code of CTA-861
-        // with a partner at 1000/1001 has two that follow each other; this is the first one.
+        // Number in m_eList; msc_uiNone unless it is a timing that the library lists. A video code of CTA-861 with a
+        // partner at 1000/1001 has two that follow each other; this is the first one.
         unsigned int m_uiTiming;
         unsigned int m_uiTimings; // how many numbers: 0, 1 or 2
         EKind m_eKind;
@@ -218,12 +218,12 @@ public:
     CZorEdidMap(const CZorEdidMap&) = delete;
     CZorEdidMap& operator=(const CZorEdidMap&) = delete;
 
-    /// Makes the map of uiSize bytes: whole blocks of 128 and what is left behind the last one. Any bytes are taken;
-    /// the map keeps a copy of them. At most 256 blocks are read as blocks, what lies behind is one field. Returns 1; 0
-    /// when there are no bytes, more than INT_MAX of them, or pui8Data is null, and then the map is empty. The bytes
-    /// may be those of GetData. Nothing in the bytes decides how much memory is asked for but their number. The numbers
-    /// of timings come from the classes of the blocks, which may write an assertion line about a damaged one, as when a
-    /// CEdid loads it. When memory runs out, what the map holds means nothing until the next Read.
+    /// Makes the map of uiSize bytes: whole blocks of 128 and what is left after the last one. Any bytes are taken; the
+    /// map keeps a copy of them. At most 256 blocks are read as blocks, the rest is one field. Returns 1; 0 when uiSize
+    /// is 0 or above INT_MAX, or pui8Data is null, and then the map is empty. The bytes may be those of GetData. Memory
+    /// use depends only on uiSize. The numbers of timings come from the classes of the blocks, which may write an
+    /// assertion line about a damaged one, as when a CEdid loads it. When memory runs out, what the map holds means
+    /// nothing until the next Read.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// The bytes that were read, GetSize of them; null when there are none. The pointer is good until the next Read or
@@ -239,13 +239,13 @@ public:
     unsigned int GetNoteCount() const;
     const SNote& GetNote(unsigned int uiIndex) const; // in rising order of their fields
 
-    /// The leaf that a bit (7 to 0) of a byte belongs to, as an index of GetField; msc_uiNone behind the image.
+    /// The leaf that a bit (7 to 0) of a byte belongs to, as an index of GetField; msc_uiNone past the image.
     unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const;
 
     /// The value as text: "60 Hz", "2.20", "DisplayPort", "DEL", "00 0c 03". Of a group a summary, such as
-    /// "1920 x 1080 @ 60 Hz"; empty where there is nothing to say. A number with a meaning gives the meaning, a code
-    /// without one "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are no whole bytes their
-    /// number "0x3". Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
+    /// "1920 x 1080 @ 60 Hz"; empty where it has none. A number with a meaning gives the meaning, a code without one
+    /// "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are not whole bytes their number "0x3".
+    /// Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
     CMString GetValue(unsigned int uiField) const;
 
     /// The mode that a field stands for, of leaves and groups alike. A field may announce several, as a CVT 3 byte code

@@ -1,5 +1,5 @@
 // What each field of a map is, whatever its name and place: the ids of CZorEdidMap. Programs that look for a field ask
-// for its id. Names and texts may improve; numbers and ids stay, and one that is given up is never used again.
+// for its id. Names and texts may improve; numbers and ids stay, and a retired one is never reused.
 
 #pragma once
 

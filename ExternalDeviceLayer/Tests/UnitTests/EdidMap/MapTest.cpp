@@ -223,7 +223,7 @@ TEST_F(Map, SeveritiesOfNotes)
           "is too short for what 3D_Multi_present announces" },
         { CZorEdidMap::eSeverity_Warning, "", "02 03 0A 40 A5 3F 00*4 ..128", "is shorter than the standard has it" },
         { CZorEdidMap::eSeverity_Warning, "", "02 03 07 40 E2 79 00 ..128",
-          "no HDMI vendor-specific data block stands ahead" },
+          "no HDMI vendor-specific data block precedes it" },
         { CZorEdidMap::eSeverity_Warning, "", "02 03 09 40 41 10 E2 0F 02 ..128", "no video code has this place" },
         { CZorEdidMap::eSeverity_Note, "", "02 03 09 40 41 10 E2 0F 00 ..128", "marks no video code" },
         { CZorEdidMap::eSeverity_Warning, "", "02 03 07 40 E2 78 02 ..128 02 03 04 40 ..256",

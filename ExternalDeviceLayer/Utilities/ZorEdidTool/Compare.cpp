@@ -1,13 +1,9 @@
 // zoredid compare: whether two images announce the same modes, and which modes only one of them has.
 
-#include <algorithm>
-#include <optional>
-
 #include "CommandLine.h"
-#include "LoadedImage.h"
 #include "ManyFiles.h"
+#include "ModeMatch.h"
 #include "TextFormat.h"
-#include "Timings.h"
 #include "Tool.h"
 
 namespace
@@ -20,116 +16,87 @@ struct SCompareOptions
     bool m_bIgnorePreferred = false;
 };
 
-// An image's modes that take part, whatever list they stand in, native or not.
+// What takes part of an image's modes: in all lists and in none, native or not.
 struct SComparedModes
 {
     std::string m_sName;
-    std::vector<CVidParamTimingGeneric> m_aoModes;
-    std::optional<CVidParamTimingGeneric> m_oPreferred;
+    CModes m_aoModes;
+    const SImageMode* m_poPreferred = nullptr; // of m_aoModes
 };
 
-SComparedModes CollectModes(const SInput& oInput, CLoadedImage& oImage, bool bEstablished)
+// False, with the reason in oOutcome, for an image that the library refuses.
+bool CollectModes(const SInput& oInput, bool bEstablished, SComparedModes& oModes, SOutcome& oOutcome)
 {
-    SComparedModes oModes = { oInput.m_sName, {}, {} };
-    for (const SListedTiming& oListed : ListTimings(oImage))
+    CLoadedImage oImage;
+    if (!oImage.Load(oInput))
     {
-        if (oListed.m_eList != CZorEdidMap::eList_Established || bEstablished)
-        {
-            oModes.m_aoModes.push_back(oListed.m_oTiming);
-        }
-        if (oListed.m_bPreferred)
-        {
-            oModes.m_oPreferred = oListed.m_oTiming;
-        }
+        oOutcome.m_sError += RefuseInput(oInput, oImage.GetProblem()).m_sError;
+        oOutcome.m_eExit = eExit_Input;
+        return false;
     }
-    return oModes;
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    oModes.m_sName = ShowName(oInput.m_sName);
+    oModes.m_aoModes = ListModes(oMap, &oImage);
+    std::erase_if(oModes.m_aoModes, [&](const SImageMode& oMode) {
+        return !oMode.IsOfMonitor() || (oMode.m_eList == CZorEdidMap::eList_Established && !bEstablished);
+    });
+    oModes.m_poPreferred = FindPreferred(oModes.m_aoModes);
+    return true;
 }
 
-// Takes out of both lists what they share, each mode as often as both have it: the same clocks first, so that what is
-// left does not hang on the order of the lists.
-void RemoveShared(std::vector<CVidParamTimingGeneric>& aoFirst, std::vector<CVidParamTimingGeneric>& aoSecond)
+std::string DescribeMode(const SImageMode& oMode)
 {
-    for (const bool bSameClock : { true, false })
-    {
-        std::vector<CVidParamTimingGeneric> aoOnlyFirst;
-        for (const CVidParamTimingGeneric& oMode : aoFirst)
-        {
-            const auto fnIsShared = [&](const CVidParamTimingGeneric& oOther) {
-                return (oMode == oOther) != 0 &&
-                       (!bSameClock || oMode.GetPixelClockInHz() == oOther.GetPixelClockInHz());
-            };
-            const auto itShared = std::find_if(aoSecond.begin(), aoSecond.end(), fnIsShared);
-            if (itShared == aoSecond.end())
-            {
-                aoOnlyFirst.push_back(oMode);
-            }
-            else
-            {
-                aoSecond.erase(itShared);
-            }
-        }
-        aoFirst = aoOnlyFirst;
-    }
+    const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
+    const char* const psz420 = oTiming.Is420ColorSpace() != 0 ? "  4:2:0  " : "  ";
+    return oMode.HasTiming() ? GetTimingText(oTiming) + psz420 + GetModeline(oTiming) + "\n"
+                             : FormatText("%4u x %4u%c @ %s Hz%sits timing is not given\n",
+                                          oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                                          oTiming.IsInterlaced() != 0 ? 'i' : 'p', oMode.m_sBareRate.c_str(), psz420);
 }
 
-std::string DescribeMode(const CVidParamTimingGeneric& oMode)
+// An image without a preferred mode differs from one with, and is the same as another one without.
+bool DifferInPreferred(const SImageMode* poFirst, const SImageMode* poSecond)
 {
-    return GetTimingText(oMode) + (oMode.Is420ColorSpace() != 0 ? "  4:2:0  " : "  ") + GetModeline(oMode) + "\n";
+    return poFirst == nullptr || poSecond == nullptr ? poFirst != poSecond
+                                                     : (poFirst->m_oTiming != poSecond->m_oTiming) != 0;
 }
 
-// What only one image has, of the modes that are left, and the preferred modes when they differ. Empty for the same.
-std::string DescribeDifference(const SComparedModes (&aoModes)[2], bool bPreferred)
+// The preferred modes when they differ, and what only one image has. Empty for the same.
+std::string DescribeDifference(const SComparedModes (&aoModes)[2], bool bIgnorePreferred)
 {
     std::string sText;
-    for (const SComparedModes& oModes : aoModes)
+    if (!bIgnorePreferred && DifferInPreferred(aoModes[0].m_poPreferred, aoModes[1].m_poPreferred))
     {
-        if (bPreferred)
+        for (const SComparedModes& oModes : aoModes)
         {
-            sText += "preferred by " + ShowName(oModes.m_sName) + ": " +
-                     (oModes.m_oPreferred ? DescribeMode(*oModes.m_oPreferred) : "none\n");
+            sText += "preferred by " + oModes.m_sName + ": " +
+                     (oModes.m_poPreferred != nullptr ? DescribeMode(*oModes.m_poPreferred) : "none\n");
         }
     }
-    for (const SComparedModes& oModes : aoModes)
+    const SModePairs oPairs = MatchModes(aoModes[0].m_aoModes, aoModes[1].m_aoModes);
+    for (size_t i = 0; i < 2; ++i)
     {
-        for (const CVidParamTimingGeneric& oMode : oModes.m_aoModes)
+        for (size_t j = 0; j < aoModes[i].m_aoModes.size(); ++j)
         {
-            sText += "only in " + ShowName(oModes.m_sName) + ": " + DescribeMode(oMode);
+            if (oPairs.IsOnlyHere(i, j))
+            {
+                sText += "only in " + aoModes[i].m_sName + ": " + DescribeMode(aoModes[i].m_aoModes[j]);
+            }
         }
     }
     return sText;
 }
 
-// One that names no preferred mode differs from one that does, and is the same as another one without.
-bool DifferInPreferred(const SComparedModes& oFirst, const SComparedModes& oSecond)
-{
-    if (!oFirst.m_oPreferred || !oSecond.m_oPreferred)
-    {
-        return oFirst.m_oPreferred.has_value() != oSecond.m_oPreferred.has_value();
-    }
-    return (*oFirst.m_oPreferred != *oSecond.m_oPreferred) != 0;
-}
-
 SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, const SInput& oSecond)
 {
-    const SInput* const apoInputs[] = { &oFirst, &oSecond };
     SComparedModes aoModes[2];
     SOutcome oOutcome;
-    for (unsigned int i = 0; i < 2; ++i)
+    const bool bFirst = CollectModes(oFirst, oOptions.m_bEstablished, aoModes[0], oOutcome);
+    const bool bSecond = CollectModes(oSecond, oOptions.m_bEstablished, aoModes[1], oOutcome);
+    if (bFirst && bSecond)
     {
-        CLoadedImage oImage;
-        if (!oImage.Load(*apoInputs[i]))
-        {
-            oOutcome.m_sError += RefuseInput(*apoInputs[i], oImage.GetProblem()).m_sError;
-            oOutcome.m_eExit = eExit_Input;
-            continue;
-        }
-        aoModes[i] = CollectModes(*apoInputs[i], oImage, oOptions.m_bEstablished);
-    }
-    if (oOutcome.m_eExit == eExit_Good)
-    {
-        const bool bPreferred = !oOptions.m_bIgnorePreferred && DifferInPreferred(aoModes[0], aoModes[1]);
-        RemoveShared(aoModes[0].m_aoModes, aoModes[1].m_aoModes);
-        const std::string sDifference = DescribeDifference(aoModes, bPreferred);
+        const std::string sDifference = DescribeDifference(aoModes, oOptions.m_bIgnorePreferred);
         oOutcome.m_sOut = sDifference.empty() ? "same\n" : "different\n" + sDifference;
         oOutcome.m_eExit = sDifference.empty() ? eExit_Good : eExit_Finding;
     }
@@ -145,9 +112,10 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
     oCommand.Flag("--established", poOptions->m_bEstablished, "Established timings take part");
     oCommand.Flag("--ignore-preferred", poOptions->m_bIgnorePreferred, "The preferred modes may differ");
     oCommand.Footer(
-        "Modes are compared wherever they stand, native or not, each as often as it is named; their clocks\n"
-        "may differ as those of 1000/1001 variants do. Two images without a preferred mode may be the same;\n"
-        "one with and one without are different. Nothing but modes is compared: no name, serial number or audio.\n"
+        "Modes are compared whatever announces them, native or not, each as often as it is named; modes that the\n"
+        "library does not list take part. Clocks may differ as those of 1000/1001 variants do. Two images without\n"
+        "a preferred mode may be the same; one with and one without are different. Names, serial numbers and audio\n"
+        "are not compared.\n"
         "Exit status: 0 same, 1 different, 3 when an image cannot be read.\n\n"
         "Example:\n"
         "  zoredid compare old.bin new.bin");

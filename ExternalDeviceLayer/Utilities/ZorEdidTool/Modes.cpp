@@ -1,12 +1,14 @@
 // zoredid modes: all timings of an image under the numbers that edits take.
 
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 #include "CommandLine.h"
 #include "Json.h"
 #include "ManyFiles.h"
-#include "PageImage.h"
+#include "MapText.h"
+#include "ModeList.h"
 #include "TextFormat.h"
 #include "Tool.h"
 #include "UnreadBlocks.h"
@@ -20,7 +22,7 @@ struct SModesOptions
     bool m_bModeline = false;
 };
 
-std::string GetMarks(const SListedTiming& oListed)
+std::string GetMarks(const SImageMode& oListed)
 {
     std::string sMarks;
     const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) { sMarks += bHolds ? "  " + sMark : ""; };
@@ -33,7 +35,7 @@ std::string GetMarks(const SListedTiming& oListed)
     return sMarks;
 }
 
-std::string GetLine(const SListedTiming& oListed)
+std::string GetLine(const SImageMode& oListed)
 {
     const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
     const std::string sPlace = oListed.m_uiBlock == 0 ? std::string(oListed.m_pszKind)
@@ -46,45 +48,47 @@ std::string GetLine(const SListedTiming& oListed)
     return sLine + "\n";
 }
 
-// What the lists have not: blocks that are not read, codes that are read as others, and modes that only the map knows.
-std::string DescribeRest(const SPageImage& oImage)
+// What the lists leave out: blocks that are not read, codes that are read as others, modes that only the map has.
+std::string DescribeRest(const SInput& oInput, const CLoadedImage& oImage, const CModes& aoModes)
 {
-    std::string sLines = DescribeUnreadBlocks(oImage.m_oInput, oImage.m_oLoaded, "");
-    std::set<std::string> asOtherCodes; // a code may stand for two timings
-    for (const SPageTiming& oTiming : oImage.m_aoTimings)
+    std::string sLines = DescribeUnreadBlocks(oInput, oImage, "");
+    std::set<unsigned int> auiOtherCodes; // a code may name two timings
+    for (const SImageMode& oMode : aoModes)
     {
-        if (!oTiming.m_sOtherCode.empty() && asOtherCodes.insert(oTiming.m_sOtherCode).second)
+        if (!oMode.IsOfMonitor() && auiOtherCodes.insert(oMode.m_uiOtherCode).second)
         {
-            sLines += MakeErrorLine(oImage.m_oInput.m_sName, oTiming.m_sOtherCode);
+            sLines += MakeErrorLine(oInput.m_sName, GetOtherCodeText(oMode));
         }
     }
-    const auto uiMore = static_cast<size_t>(std::count_if(oImage.m_aoTimings.begin(), oImage.m_aoTimings.end(),
-                                                          [](const SPageTiming& o) { return !o.IsListed(); }));
-    if (uiMore != 0)
+    if (const auto iMore = std::ranges::count(aoModes, false, &SImageMode::IsListed); iMore != 0)
     {
-        const std::string sMore = uiMore == 1 ? "1 more mode stands" : FormatText("%zu more modes stand", uiMore);
-        sLines += MakeErrorLine(oImage.m_oInput.m_sName, sMore + " in this image; explain and page show them");
+        sLines +=
+            MakeErrorLine(oInput.m_sName, FormatText("%td more mode%s not listed; explain and page show %s", iMore,
+                                                     iMore == 1 ? " is" : "s are", iMore == 1 ? "it" : "them"));
     }
     return sLines;
 }
 
 SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
 {
-    SPageImage oImage(oInput, GetThisYear());
-    if (!oImage.m_sProblem.empty())
+    CLoadedImage oImage;
+    if (!oImage.Load(oInput))
     {
-        return RefuseInput(oInput, oImage.m_sProblem);
+        return RefuseInput(oInput, oImage.GetProblem());
     }
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    const CModes aoModes = ListModes(oMap, &oImage);
     SOutcome oOutcome;
-    oOutcome.m_sError = DescribeRest(oImage);
+    oOutcome.m_sError = DescribeRest(oInput, oImage, aoModes);
     if (oOptions.m_bJson)
     {
-        oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, oImage.m_oLoaded)) + "\n";
+        oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, aoModes)) + "\n";
         return oOutcome;
     }
-    for (const SListedTiming& oListed : ListTimings(oImage.m_oLoaded))
+    for (const SImageMode& oMode : aoModes | std::views::filter(&SImageMode::IsListed))
     {
-        oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oListed.m_oTiming) + "\n" : GetLine(oListed);
+        oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oMode.m_oTiming) + "\n" : GetLine(oMode);
     }
     return oOutcome;
 }
@@ -98,7 +102,7 @@ void DeclareModesOptions(COptions& oCommand, STool& oTool)
         oCommand.Flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
     oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
     oCommand.Footer(
-        "Standard error tells of blocks that are not read, and how many more modes stand in the image.\n"
+        "Standard error names blocks that are not read and counts the modes that are not listed.\n"
         "Each list counts from 0: established, standard and detailed timings. Established timings with the mark VESA\n"
         "are those that VESA's own tables define. Blocks count from 0, which is the base block.\n\n"
         "Example:\n"

@@ -2,7 +2,10 @@
 
 #include "Json.h"
 
+#include <ranges>
+
 #include "AudioWarnings.h"
+#include "MapText.h"
 #include "SpeakerNames.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
@@ -33,7 +36,7 @@ ordered_json MakeAxis(unsigned int uiFrontPorch, unsigned int uiSync, unsigned i
              { "positive", bPositive != 0 } };
 }
 
-ordered_json MakeListedTiming(const SListedTiming& oListed)
+ordered_json MakeListedTiming(const SImageMode& oListed)
 {
     ordered_json oJson = { { "index", oListed.m_uiIndex },
                            { "block", oListed.m_uiBlock },
@@ -58,14 +61,14 @@ ordered_json MakeListedTiming(const SListedTiming& oListed)
     return oJson;
 }
 
-void AddTimings(CLoadedImage& oImage, ordered_json& oJson)
+void AddTimings(const CModes& aoModes, ordered_json& oJson)
 {
     for (const CZorEdidMap::EList eList :
          { CZorEdidMap::eList_Established, CZorEdidMap::eList_Standard, CZorEdidMap::eList_Detailed })
     {
         oJson[GetListName(eList)] = ordered_json::array();
     }
-    for (const SListedTiming& oListed : ListTimings(oImage))
+    for (const SImageMode& oListed : aoModes | std::views::filter(&SImageMode::IsListed))
     {
         if (oListed.m_bPreferred)
         {
@@ -361,10 +364,10 @@ ordered_json MakeTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVic
     return oJson;
 }
 
-ordered_json MakeImageOfTimings(const SInput& oInput, CLoadedImage& oImage)
+ordered_json MakeImageOfTimings(const SInput& oInput, const CModes& aoModes)
 {
     ordered_json oJson = MakeImageHead(oInput);
-    AddTimings(oImage, oJson);
+    AddTimings(aoModes, oJson);
     return oJson;
 }
 
@@ -376,7 +379,7 @@ ordered_json MakeImage(const SInput& oInput, CLoadedImage& oImage)
     AddIdentity(oEdid, oJson);
     AddInput(oEdid, oJson);
     AddSizeAndLimits(oImage, oEdid, oJson);
-    AddTimings(oImage, oJson);
+    AddTimings(ListTimings(oImage), oJson);
     AddTile(oEdid, oJson);
     oJson["checksum"] = FormatHex(oEdid.GetBaseBlock() + CEdidUtils::msc_uiChecksumOffset, 1);
     oJson["checksum_valid"] = CEdidUtils::Is8BitsChecksumValid(CEdidUtils::msc_uiBlockSize, oEdid.GetBaseBlock()) != 0;

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "LoadedImage.h"
-#include "Timings.h"
+#include "ModeList.h"
 
 // The members that every document begins with: "format" and "version".
 nlohmann::ordered_json MakeDocument();
@@ -16,7 +16,7 @@ nlohmann::ordered_json MakeDocument();
 nlohmann::ordered_json MakeTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics);
 
 // An image with its file and its timings; with everything that the library knows of it.
-nlohmann::ordered_json MakeImageOfTimings(const SInput& oInput, CLoadedImage& oImage);
+nlohmann::ordered_json MakeImageOfTimings(const SInput& oInput, const CModes& aoModes);
 nlohmann::ordered_json MakeImage(const SInput& oInput, CLoadedImage& oImage);
 
 // What stands for an image that cannot be read or loaded.

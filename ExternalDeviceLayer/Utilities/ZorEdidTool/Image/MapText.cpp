@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "TextFormat.h"
-#include "Timings.h"
 
 namespace
 {
@@ -208,6 +207,22 @@ const char* GetAreaName(CZorEdidMap::EArea eArea)
     constexpr const char* apszNames[] = { "structure", "identity", "display", "colour",
                                           "timing",    "audio",    "vendor",  "unused" };
     return apszNames[eArea];
+}
+
+const char* GetListName(CZorEdidMap::EList eList)
+{
+    switch (eList)
+    {
+    case CZorEdidMap::eList_Established:
+        return "established";
+    case CZorEdidMap::eList_Standard:
+        return "standard";
+    case CZorEdidMap::eList_Detailed:
+        return "detailed";
+    case CZorEdidMap::eList_None:
+        break;
+    }
+    return "";
 }
 
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity)

@@ -46,6 +46,7 @@ std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int ui
 // Lower-case words.
 const char* GetKindName(CZorEdidMap::EKind eKind);
 const char* GetAreaName(CZorEdidMap::EArea eArea);
+const char* GetListName(CZorEdidMap::EList eList); // "established", "standard", "detailed"; empty for none
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
 
 // The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13"; empty of other fields. And one of

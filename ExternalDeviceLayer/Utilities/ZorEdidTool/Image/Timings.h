@@ -1,13 +1,11 @@
-// All timings of an image under the library's numbers, and a timing as text.
+// A timing as text, and its codes of CTA-861.
 
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "LoadedImage.h"
 #include "VidParamTimingGeneric.h"
-#include "ZorEdidMap.h"
 
 // Codes of CTA-861 with exactly the same timing, in rising order. They differ in picture aspect only.
 struct SVics
@@ -21,27 +19,6 @@ bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGen
 
 // Looked up without the 4:2:0 flag, which halves the clock that the look-up compares.
 SVics FindVics(const CVidParamTimingGeneric& oTiming);
-
-struct SListedTiming
-{
-    CZorEdidMap::EList m_eList;
-    unsigned int m_uiIndex; // from 0, the number that edits take
-    unsigned int m_uiBlock; // of the image; the base block is 0
-    const char* m_pszKind;  // "base" or GetBlockKind
-    CVidParamTimingGeneric m_oTiming;
-    bool m_bPreferred = false;
-    bool m_bNative = false;           // standard timings only
-    bool m_bVesa = false;             // established timings only: counted with bVesaOnly 1, too
-    std::string m_sStandardCode = {}; // standard timings of the base block only: its two bytes in hexadecimal digits
-    SVics m_oVics = {};               // of a CEA-861 block's standard timing the one that the block names
-};
-
-// Established, standard, detailed, each in the order of its numbers. A place that counts but holds no timing is left
-// out, and its number with it.
-std::vector<SListedTiming> ListTimings(CLoadedImage& oImage);
-
-// "established", "standard", "detailed"; empty for none.
-const char* GetListName(CZorEdidMap::EList eList);
 
 // Name of the source: "dmt", "dmt-rb", "cvt", "cvt-rb", "gtf", "cea", "smpte", "detailed"; null for none.
 const char* GetTypeName(CVidParamTiming::EVidParamType eType);

@@ -98,12 +98,13 @@ unsigned int CountDifferentBytes(const SPage& oPage)
 }
 
 // What the library makes of a code that means another mode does not count: the other mode does.
-unsigned int CountOnly(const SPageImage& oImage)
+unsigned int CountOnly(const SPage& oPage, size_t uiImage)
 {
+    const CModes& aoModes = oPage.m_apoImages[uiImage]->m_aoModes;
     unsigned int uiCount = 0;
-    for (const SPageTiming& oTiming : oImage.m_aoTimings)
+    for (size_t i = 0; i < aoModes.size(); ++i)
     {
-        uiCount += oTiming.m_poOther == nullptr && oTiming.IsOfMonitor() ? 1U : 0U;
+        uiCount += oPage.m_oPairs.IsOnlyHere(uiImage, i) && aoModes[i].IsOfMonitor() ? 1U : 0U;
     }
     return uiCount;
 }
@@ -119,9 +120,8 @@ CHtml MakeDifferences(const SPage& oPage)
     CHtml oRows;
     AddDifferences(oPage, 0, oRows);
     AddDifferences(oPage, 1, oRows);
-    oHtml << "<p>" << CountDifferentBytes(oPage)
-          << " bytes differ. Timings only in A: " << CountOnly(*oPage.m_apoImages[0])
-          << ", only in B: " << CountOnly(*oPage.m_apoImages[1]) << ".</p>\n";
+    oHtml << "<p>" << CountDifferentBytes(oPage) << " bytes differ. Timings only in A: " << CountOnly(oPage, 0)
+          << ", only in B: " << CountOnly(oPage, 1) << ".</p>\n";
     if (oRows.IsEmpty())
     {
         return oHtml << "<p class=\"good\">No field differs.</p>\n";

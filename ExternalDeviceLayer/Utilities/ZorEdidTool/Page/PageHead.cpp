@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <math.h>
 #include <span>
+#include <stdlib.h>
 #include <string_view>
 
 #include "MapText.h"
@@ -112,7 +113,7 @@ std::string DescribeDate(const SPageImage& oImage)
 
 std::string DescribePreferredMode(const SPageImage& oImage)
 {
-    const SPageTiming* poPreferred = oImage.FindPreferred();
+    const SImageMode* poPreferred = FindPreferred(oImage.m_aoModes);
     return poPreferred != nullptr ? DescribeMode(*poPreferred) : "";
 }
 
@@ -440,12 +441,12 @@ CHtml MakeHead(const SPage& oPage)
     return oHtml << CSizePicture(oPage).Make() << "</div>\n";
 }
 
-std::string DescribeMode(const SPageTiming& oTiming)
+std::string DescribeMode(const SImageMode& oMode)
 {
-    const CVidParamTimingGeneric& oNumbers = oTiming.m_oListed.m_oTiming;
-    const bool bInterlaced = oNumbers.IsInterlaced() != 0;
-    return FormatText("%u \u00D7 %u%s at %s Hz%s", oNumbers.GetHorizontalActive(), oNumbers.GetVerticalActive(),
-                      bInterlaced ? "i" : "", oTiming.GetRateText().c_str(), bInterlaced ? " (fields)" : "");
+    const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
+    const bool bInterlaced = oTiming.IsInterlaced() != 0;
+    return FormatText("%u \u00D7 %u%s at %s Hz%s", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
+                      bInterlaced ? "i" : "", GetRateText(oMode).c_str(), bInterlaced ? " (fields)" : "");
 }
 
 std::string FormatRate(double dRate)
@@ -460,4 +461,15 @@ double GetFieldRate(const CVidParamTimingGeneric& oTiming)
     const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
     const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1;
     return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
+}
+
+double GetRate(const SImageMode& oMode)
+{
+    return oMode.HasTiming() ? GetFieldRate(oMode.m_oTiming)
+                             : strtod(oMode.m_sBareRate.substr(oMode.m_sBareRate.rfind('/') + 1).c_str(), nullptr);
+}
+
+std::string GetRateText(const SImageMode& oMode)
+{
+    return oMode.HasTiming() ? FormatRate(GetRate(oMode)) : oMode.m_sBareRate;
 }

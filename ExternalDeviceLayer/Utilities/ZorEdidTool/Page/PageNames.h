@@ -28,43 +28,6 @@ inline constexpr std::string_view gsc_sMaxLuminance = "Desired content max lumin
 inline constexpr std::string_view gsc_sFrameLuminance = "Desired content max frame-average luminance";
 inline constexpr std::string_view gsc_sMinLuminance = "Desired content min luminance";
 
-// ---- Modes ----
-
-inline constexpr std::string_view gsc_sShortVideo = "Short video descriptor";
-inline constexpr std::string_view gsc_sDetailed = "Detailed timing";
-inline constexpr std::string_view gsc_sStandard = "Standard timing";
-inline constexpr std::string_view gsc_sCvtCode = "CVT 3 byte timing code";
-inline constexpr std::string_view gsc_sType1 = "Type I timing";
-inline constexpr std::string_view gsc_sType2 = "Type II timing";
-inline constexpr std::string_view gsc_sType3 = "Type III timing";
-inline constexpr std::string_view gsc_sType5 = "Type V timing";
-inline constexpr std::string_view gsc_sType6 = "Type VI timing";
-inline constexpr std::string_view gsc_sType7 = "Type VII timing";
-inline constexpr std::string_view gsc_sType9 = "Type IX timing";
-inline constexpr std::string_view gsc_sType10 = "Type X timing";
-inline constexpr std::string_view gsc_sVideoCode = "Video identification code";
-inline constexpr std::string_view gsc_sHdmiVic = "HDMI_VIC";
-inline constexpr std::string_view gsc_sDmtCode = "DMT ID";
-inline constexpr std::string_view gsc_sVicCode = "VIC";
-inline constexpr std::string_view gsc_sHdmiVicCode = "HDMI VIC";
-inline constexpr std::string_view gsc_sY420Block = "YCbCr 4:2:0 video data block";
-inline constexpr std::string_view gsc_sY420Map = "YCbCr 4:2:0 capability map data block";
-
-// ---- Numbers of a mode written out ----
-
-inline constexpr std::string_view gsc_sPreferred = "Preferred timing";
-inline constexpr std::string_view gsc_sClock = "Pixel clock";
-inline constexpr std::string_view gsc_sActiveX = "Horizontal active image";
-inline constexpr std::string_view gsc_sBlankX = "Horizontal blank";
-inline constexpr std::string_view gsc_sFrontX = "Horizontal front porch";
-inline constexpr std::string_view gsc_sSyncX = "Horizontal sync width";
-inline constexpr std::string_view gsc_sSignX = "Horizontal sync polarity";
-inline constexpr std::string_view gsc_sActiveY = "Vertical active image";
-inline constexpr std::string_view gsc_sBlankY = "Vertical blank";
-inline constexpr std::string_view gsc_sFrontY = "Vertical front porch";
-inline constexpr std::string_view gsc_sSyncY = "Vertical sync width";
-inline constexpr std::string_view gsc_sSignY = "Vertical sync polarity";
-
 // ---- Range limits ----
 
 inline constexpr std::string_view gsc_sLimits = "Display range limits";

@@ -26,10 +26,7 @@ constexpr double gsc_dBottom = 50;
 constexpr double gsc_dHzPerKiloHz = 1000;
 constexpr double gsc_dHzPerMegaHz = 1000000;
 
-double GetLineRate(const SPageTiming& oPlace)
-{
-    return oPlace.m_oListed.m_oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz;
-}
+double GetLineRate(const SImageMode& oMode) { return oMode.m_oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz; }
 
 // Of the first range limits descriptor.
 struct SLimits
@@ -46,18 +43,18 @@ struct SLimits
     }
 
     // Stand-ins are not held against the limits, nor are numbers that are not there.
-    bool Holds(const SPageTiming& oPlace) const
+    bool Holds(const SImageMode& oMode) const
     {
         constexpr double dSlack = 0.5; // rates of the limits are whole numbers
-        if (oPlace.m_bStandIn)
+        if (oMode.m_bStandIn)
         {
             return true;
         }
-        const double dRate = oPlace.GetRate();
-        const double dLineRate = GetLineRate(oPlace);
-        const double dClock = oPlace.m_oListed.m_oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
+        const double dRate = GetRate(oMode);
+        const double dLineRate = GetLineRate(oMode);
+        const double dClock = oMode.m_oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
         return dRate >= m_dLeastRate - dSlack && dRate <= m_dMostRate + dSlack &&
-               (!oPlace.HasNumbers() ||
+               (!oMode.HasTiming() ||
                 (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack &&
                  (m_dMostClock <= 0 || dClock <= m_dMostClock)));
     }
@@ -175,32 +172,32 @@ private:
             m_dLeastY = std::min(m_dLeastY, m_aoLimits[uiImage]->m_dLeastRate);
             m_dMostX = std::max(m_dMostX, m_bLineRate ? m_aoLimits[uiImage]->m_dMostLineRate : 0);
         }
-        for (const SPageTiming& oPlace : oImage.m_aoTimings)
+        for (const SImageMode& oMode : oImage.m_aoModes)
         {
-            if (oPlace.IsOfMonitor())
+            if (oMode.IsOfMonitor())
             {
-                AddMode(oPlace, uiImage);
+                AddMode(oMode, uiImage);
             }
         }
     }
 
-    void AddMode(const SPageTiming& oPlace, size_t uiImage)
+    void AddMode(const SImageMode& oMode, size_t uiImage)
     {
-        const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oPlace);
-        const std::string sMode = DescribeMode(oPlace) + (bOutside ? " (outside the range limits)" : "");
-        if (m_bLineRate && !oPlace.HasNumbers())
+        const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oMode);
+        const std::string sMode = DescribeMode(oMode) + (bOutside ? " (outside the range limits)" : "");
+        if (m_bLineRate && !oMode.HasTiming())
         {
             m_asBare.insert(sMode);
             return;
         }
-        const double dX = m_bLineRate ? GetLineRate(oPlace) : oPlace.m_oListed.m_oTiming.GetHorizontalActive();
-        const double dY = oPlace.GetRate();
+        const double dX = m_bLineRate ? GetLineRate(oMode) : oMode.m_oTiming.GetHorizontalActive();
+        const double dY = GetRate(oMode);
         SPoint& oPoint = m_aoPoints.try_emplace({ lround(dX), lround(dY) }, SPoint{ dX, dY, "" }).first->second;
         if (oPoint.m_sModes.find(sMode) == std::string::npos)
         {
             oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : ", ") + sMode;
         }
-        oPoint.m_bPreferred = oPoint.m_bPreferred || oPlace.m_oListed.m_bPreferred;
+        oPoint.m_bPreferred = oPoint.m_bPreferred || oMode.m_bPreferred;
         oPoint.m_bOutside = oPoint.m_bOutside || bOutside;
         oPoint.m_abIn[uiImage] = true;
         m_dMostX = std::max(m_dMostX, dX);
@@ -341,7 +338,7 @@ CHtml MakeModePlots(const SPage& oPage)
 {
     CHtml oHtml;
     const bool bAny = std::any_of(oPage.m_apoImages.begin(), oPage.m_apoImages.end(),
-                                  [](const auto& poImage) { return !poImage->m_aoTimings.empty(); });
+                                  [](const auto& poImage) { return !poImage->m_aoModes.empty(); });
     if (!bAny)
     {
         return oHtml;

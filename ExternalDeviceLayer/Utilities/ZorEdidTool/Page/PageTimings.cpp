@@ -1,8 +1,10 @@
-// The timings as a table, and each of them as a picture to scale. Of a pair, a timing that both have stands there once.
+// The timings as a table, and each of them as a picture to scale. Of a pair, a timing that both have is there once.
 
 #include <algorithm>
 #include <map>
+#include <string_view>
 
+#include "MapText.h"
 #include "PageParts.h"
 #include "TextFormat.h"
 
@@ -43,27 +45,46 @@ SPageAxis MakeAxis(unsigned int uiActive, unsigned int uiFrontPorch, unsigned in
     return { uiSync, uiBackPorch, uiActive, uiFrontPorch, uiTotal, uiBorder, dUnit };
 }
 
+// Of each side; the library leaves borders out.
+struct SBorder
+{
+    unsigned int m_uiWidth = 0;  // pixels
+    unsigned int m_uiHeight = 0; // lines
+};
+
+SBorder FindBorder(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    constexpr unsigned int uiBorderOffset = 15; // of an 18-byte timing: pixels, then lines
+    if (uiField == CZorEdidMap::msc_uiNone || oMap.GetField(uiField).m_uiLength != sizeof(CEdidUtils::SEdidDetailedRaw))
+    {
+        return {};
+    }
+    const unsigned char* pui8Borders = oMap.GetData() + oMap.GetField(uiField).m_uiOffset + uiBorderOffset;
+    return { pui8Borders[0], pui8Borders[1] };
+}
+
 class CTimingPicture
 {
 public:
-    explicit CTimingPicture(const SPageTiming& oPlace) : m_oPlace(oPlace), m_oTiming(oPlace.m_oListed.m_oTiming)
+    CTimingPicture(const CZorEdidMap& oMap, const SImageMode& oMode) : m_oMode(oMode), m_oTiming(oMode.m_oTiming)
     {
+        const SBorder oBorder = FindBorder(oMap, oMode.m_uiField);
         const unsigned int uiFields = m_oTiming.IsInterlaced() != 0 ? 2 : 1;
         const double dPixel = m_oTiming.GetPixelClockInHz() == 0 ? 0 : gsc_dHzPerMegaHz / m_oTiming.GetPixelClockInHz();
         const unsigned int uiWidth = m_oTiming.ComputeHorizontalTotalPixel();
         m_oAcross = MakeAxis(m_oTiming.GetHorizontalActive(), m_oTiming.GetHorizontalFrontPorch(),
-                             m_oTiming.GetHorizontalSync(), uiWidth, oPlace.m_uiBorderWidth, dPixel);
+                             m_oTiming.GetHorizontalSync(), uiWidth, oBorder.m_uiWidth, dPixel);
         m_oDown = MakeAxis(m_oTiming.GetVerticalActive(), uiFields * m_oTiming.GetVerticalFrontPorch(),
                            uiFields * m_oTiming.GetVerticalSync(), GetVerticalTotal(m_oTiming),
-                           uiFields * oPlace.m_uiBorderHeight, dPixel * uiWidth);
+                           uiFields * oBorder.m_uiHeight, dPixel * uiWidth);
     }
 
     CHtml Make(unsigned int uiNumber) const
     {
         CHtml oHtml;
-        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>"
-              << SText{ DescribeMode(m_oPlace) } << "</figcaption>\n";
-        if (!m_oPlace.HasNumbers())
+        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>" << SText{ DescribeMode(m_oMode) }
+              << "</figcaption>\n";
+        if (!m_oMode.HasTiming())
         {
             return oHtml << "<p>The image says no more of it than size and rate.</p>\n</figure>\n";
         }
@@ -84,7 +105,7 @@ public:
     std::string GetKey() const
     {
         return FormatText("%u %u ", m_oAcross.m_uiBorder, m_oDown.m_uiBorder) +
-               GetModeline(m_oTiming, DescribeMode(m_oPlace));
+               GetModeline(m_oTiming, DescribeMode(m_oMode));
     }
 
 private:
@@ -103,7 +124,7 @@ private:
     std::string GetModelineName() const
     {
         return FormatText("%ux%u%s_%s", m_oTiming.GetHorizontalActive(), m_oTiming.GetVerticalActive(),
-                          m_oTiming.IsInterlaced() != 0 ? "i" : "", m_oPlace.GetRateText().c_str());
+                          m_oTiming.IsInterlaced() != 0 ? "i" : "", GetRateText(m_oMode).c_str());
     }
 
     static void AddBox(CHtml& oHtml, SMarkup oClass, unsigned int uiLeft, unsigned int uiTop, unsigned int uiWidth,
@@ -185,7 +206,7 @@ private:
               << "</p>\n";
     }
 
-    const SPageTiming& m_oPlace;
+    const SImageMode& m_oMode;
     const CVidParamTimingGeneric& m_oTiming;
     SPageAxis m_oAcross;
     SPageAxis m_oDown;
@@ -195,22 +216,23 @@ private:
 
 struct STimingRow
 {
-    const SPageTiming* m_poTiming;
-    size_t m_uiImage;         // whose it is, where only one has it or their numbers differ
-    std::string m_sIn;        // "A", "B" or "both"; empty for a single image
-    std::string m_sPreferred; // "preferred", of a pair with whose it is unless both prefer it; empty for another timing
+    const SPageImage* m_poImage; // of a row that both have, A's
+    const SImageMode* m_poMode;
+    const SImageMode* m_poOther; // the mode of the other image that equals it; null without one
+    std::string m_sIn;           // "A", "B" or "both"; empty for a single image
+    std::string m_sPreferred;    // "preferred", of a pair with whose it is unless both prefer it; or empty
 };
 
-// apoPreferred has the timing that each image prefers, null for none. Of a row that both have, whose it is.
-std::string GetPreferred(const std::vector<const SPageTiming*>& apoPreferred, const SPageTiming& oTiming)
+// apoPreferred has the mode that each image prefers, null for none.
+std::string GetPreferred(const std::vector<const SImageMode*>& apoPreferred, const STimingRow& oRow)
 {
     if (apoPreferred.size() == 1)
     {
-        return oTiming.m_oListed.m_bPreferred ? "preferred" : "";
+        return oRow.m_poMode->m_bPreferred ? "preferred" : "";
     }
     const auto fnPrefers = [&](size_t uiImage) {
-        const SPageTiming* poPreferred = apoPreferred[uiImage];
-        return poPreferred != nullptr && (poPreferred == &oTiming || poPreferred == oTiming.m_poOther);
+        const SImageMode* poPreferred = apoPreferred[uiImage];
+        return poPreferred != nullptr && (poPreferred == oRow.m_poMode || poPreferred == oRow.m_poOther);
     };
     return fnPrefers(0) && fnPrefers(1) ? "preferred"
            : fnPrefers(0)               ? "preferred by A"
@@ -218,29 +240,34 @@ std::string GetPreferred(const std::vector<const SPageTiming*>& apoPreferred, co
                                         : "";
 }
 
-// The preferred timing comes first, then the lists from the detailed ones down, then what stands in none.
+// The preferred mode comes first, then the lists from the detailed timings down, then what is in none.
 unsigned int GetRank(const STimingRow& oRow)
 {
-    const unsigned int uiList = CZorEdidMap::eList_Detailed - oRow.m_poTiming->m_oListed.m_eList;
-    return !oRow.m_sPreferred.empty() ? 0 : oRow.m_poTiming->IsListed() ? 1 + uiList : 2 + CZorEdidMap::eList_Detailed;
+    const unsigned int uiList = CZorEdidMap::eList_Detailed - oRow.m_poMode->m_eList;
+    return !oRow.m_sPreferred.empty() ? 0 : 1 + uiList;
 }
 
 std::vector<STimingRow> ListRows(const SPage& oPage)
 {
-    std::vector<const SPageTiming*> apoPreferred;
+    std::vector<const SImageMode*> apoPreferred;
     for (const auto& poImage : oPage.m_apoImages)
     {
-        apoPreferred.push_back(poImage->FindPreferred());
+        apoPreferred.push_back(FindPreferred(poImage->m_aoModes));
     }
     std::vector<STimingRow> aoRows;
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        for (const SPageTiming& oTiming : oPage.m_apoImages[i]->m_aoTimings)
+        const SPageImage& oImage = *oPage.m_apoImages[i];
+        for (size_t j = 0; j < oImage.m_aoModes.size(); ++j)
         {
-            if (!oTiming.m_bRowOfOther)
+            const size_t uiOther = oPage.IsPair() ? oPage.m_oPairs.m_aauiPartners[i][j] : gsc_uiNoPartner;
+            const bool bBoth = uiOther != gsc_uiNoPartner;
+            if (i == 0 || !bBoth)
             {
-                aoRows.push_back({ &oTiming, i, oTiming.m_poOther != nullptr ? "both" : oPage.GetMark(i),
-                                   GetPreferred(apoPreferred, oTiming) });
+                const SImageMode* poOther = bBoth ? &oPage.m_apoImages[1]->m_aoModes[uiOther] : nullptr;
+                STimingRow oRow = { &oImage, &oImage.m_aoModes[j], poOther, bBoth ? "both" : oPage.GetMark(i), "" };
+                oRow.m_sPreferred = GetPreferred(apoPreferred, oRow);
+                aoRows.push_back(oRow);
             }
         }
     }
@@ -248,42 +275,56 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
     return aoRows;
 }
 
-std::string GetNumber(const SPageTiming& oTiming)
+std::string GetNumber(const SImageMode& oMode)
 {
-    return oTiming.IsListed() ? FormatText("%s %u", GetListName(oTiming.m_oListed.m_eList), oTiming.m_oListed.m_uiIndex)
-                              : "-";
+    return oMode.IsListed() ? FormatText("%s %u", GetListName(oMode.m_eList), oMode.m_uiIndex) : "-";
 }
 
 // Numbers are what edits take, and those of the other image are others.
 std::string GetNumbers(const STimingRow& oRow)
 {
-    const SPageTiming& oTiming = *oRow.m_poTiming;
-    std::string sNumber = GetNumber(oTiming);
-    if (oTiming.m_poOther == nullptr || GetNumber(*oTiming.m_poOther) == sNumber)
+    const std::string sNumber = GetNumber(*oRow.m_poMode);
+    const std::string sOther = oRow.m_poOther == nullptr ? sNumber : GetNumber(*oRow.m_poOther);
+    return sNumber == sOther ? sNumber : "A " + sNumber + ", B " + sOther;
+}
+
+// The field that announces a mode: "Type VII timing", "Short video descriptor 3, VIC 97", "Established timings III".
+std::string GetSource(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    if (oField.m_eKind == CZorEdidMap::eKind_Flag)
     {
-        return sNumber;
+        return GetFieldName(oMap.GetField(oField.m_uiGroup));
     }
-    const std::string sOther = GetNumber(*oTiming.m_poOther);
-    return "A " + (oRow.m_uiImage == 0 ? sNumber : sOther) + ", B " + (oRow.m_uiImage == 0 ? sOther : sNumber);
+    const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
+    std::string sSource = GetFieldName(oField);
+    if (oField.m_pszName == std::string_view("Short video descriptor"))
+    {
+        sSource += FormatText(", VIC %.0f", GetNumberOf(oMap, uiField, "Video identification code"));
+    }
+    sSource += bGroup && GetNumberOf(oMap, uiField, "Preferred timing") > 0 ? ", preferred of its block" : "";
+    return sSource;
 }
 
 std::string GetMarks(const STimingRow& oRow)
 {
-    const SPageTiming& oPlace = *oRow.m_poTiming;
-    const SListedTiming& oListed = oPlace.m_oListed;
+    const SImageMode& oMode = *oRow.m_poMode;
     std::string sMarks = oRow.m_sPreferred;
     const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) {
         sMarks += bHolds ? (sMarks.empty() ? "" : ", ") + sMark : "";
     };
-    fnAdd(oListed.m_bNative && oPlace.IsOfMonitor(), "native");
-    fnAdd(oListed.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
-    fnAdd(!oPlace.IsListed(), oPlace.m_sSource);
-    fnAdd(!oPlace.IsListed(), "in no list of the library");
-    fnAdd(!oListed.m_oVics.m_auiCodes.empty() && oPlace.IsOfMonitor(), GetVicsText(oListed.m_oVics));
-    fnAdd(!oPlace.IsOfMonitor(), oPlace.m_sOtherCode + ", which has a row of its own");
-    const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
-    fnAdd(oPlace.m_bStandIn, "stand-in by GTF");
-    fnAdd(!oPlace.m_bStandIn && pszType != nullptr && oListed.m_eList != CZorEdidMap::eList_Detailed,
+    fnAdd(oMode.m_bNative && oMode.IsOfMonitor(), "native");
+    fnAdd(oMode.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
+    if (!oMode.IsListed())
+    {
+        fnAdd(true, GetSource(oRow.m_poImage->m_oMap, oMode.m_uiField) + ", in no list of the library");
+    }
+    fnAdd(!oMode.m_oVics.m_auiCodes.empty() && oMode.IsOfMonitor(), GetVicsText(oMode.m_oVics));
+    fnAdd(!oMode.IsOfMonitor(), GetOtherCodeText(oMode) + ", which has a row of its own");
+    const char* pszType = GetTypeName(oMode.m_oTiming.GetVideoFamilyType());
+    fnAdd(oMode.m_bStandIn, "stand-in by GTF");
+    fnAdd(!oMode.m_bStandIn && pszType != nullptr && oMode.m_eList > CZorEdidMap::eList_None &&
+              oMode.m_eList < CZorEdidMap::eList_Detailed,
           pszType != nullptr ? pszType : "");
     return sMarks;
 }
@@ -293,21 +334,19 @@ CHtml MakeNotes(const std::vector<STimingRow>& aoRows)
 {
     CHtml oHtml;
     const auto fnHas = [&](auto fnHolds) {
-        return std::ranges::any_of(aoRows, [&](const STimingRow& oRow) { return fnHolds(*oRow.m_poTiming); });
+        return std::ranges::any_of(aoRows, [&](const STimingRow& oRow) { return fnHolds(*oRow.m_poMode); });
     };
-    const auto iUnlisted = std::ranges::count_if(aoRows, [](const auto& oRow) { return !oRow.m_poTiming->IsListed(); });
+    const auto iUnlisted = std::ranges::count_if(aoRows, [](const auto& oRow) { return !oRow.m_poMode->IsListed(); });
     if (iUnlisted != 0)
     {
         oHtml << " " << iUnlisted << SText{ iUnlisted == 1 ? " of the modes stands" : " of the modes stand" }
               << " in no list of the library and " << SText{ iUnlisted == 1 ? "has" : "have" } << " no number.";
     }
-    if (fnHas([](const SPageTiming& oTiming) {
-            return oTiming.IsListed() && !oTiming.m_oListed.m_sStandardCode.empty();
-        }))
+    if (fnHas([](const SImageMode& oMode) { return !oMode.m_sStandardCode.empty(); }))
     {
         oHtml << " dmt, cvt and gtf: where the numbers of a standard timing come from, the table of VESA or a formula.";
     }
-    if (fnHas([](const SPageTiming& oTiming) { return oTiming.m_bStandIn; }))
+    if (fnHas([](const SImageMode& oMode) { return oMode.m_bStandIn; }))
     {
         oHtml << " Stand-in by GTF: this mode has numbers of its own, which the library does not know and computes by "
               << "the GTF formula; they are not held against the range limits.";
@@ -324,19 +363,19 @@ void AddNumber(CHtml& oHtml, double dNumber, const std::string& sText)
 void AddRow(CHtml& oHtml, unsigned int uiPicture, const STimingRow& oRow, const SPage& oPage)
 {
     constexpr unsigned long long ullMostOfList = 1ULL << 32;
-    const SPageTiming& oPlace = *oRow.m_poTiming;
-    const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
-    const unsigned long long ullList = oPlace.IsListed() ? oPlace.m_oListed.m_eList : CZorEdidMap::eList_Detailed + 1;
-    oHtml << "<tr data-list=\"" << SText{ oPlace.IsListed() ? GetListName(oPlace.m_oListed.m_eList) : "none" } << "\"";
-    if (oPage.IsPair() && oPlace.m_poOther == nullptr && oPlace.IsOfMonitor())
+    const SImageMode& oMode = *oRow.m_poMode;
+    const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
+    const unsigned long long ullList = oMode.IsListed() ? oMode.m_eList : CZorEdidMap::eList_Detailed + 1;
+    oHtml << "<tr data-list=\"" << SText{ oMode.IsListed() ? GetListName(oMode.m_eList) : "none" } << "\"";
+    if (oPage.IsPair() && oRow.m_poOther == nullptr && oMode.IsOfMonitor())
     {
         oHtml << " class=\"differs\"";
     }
-    oHtml << "><th scope=\"row\" data-v=\"" << ullList * ullMostOfList + oPlace.m_oListed.m_uiIndex
+    oHtml << "><th scope=\"row\" data-v=\"" << ullList * ullMostOfList + oMode.m_uiIndex
           << "\"><label><input type=\"radio\" name=\"timing\" value=\"" << uiPicture << "\"";
-    if (!oPlace.IsListed())
+    if (!oMode.IsListed())
     {
-        oHtml << " aria-label=\"" << SText{ DescribeMode(oPlace) } << "\"";
+        oHtml << " aria-label=\"" << SText{ DescribeMode(oMode) } << "\"";
     }
     oHtml << "> " << SText{ GetNumbers(oRow) } << "</label></th>";
     if (oPage.IsPair())
@@ -349,7 +388,7 @@ void AddRow(CHtml& oHtml, unsigned int uiPicture, const STimingRow& oRow, const 
           << SText{ oTiming.IsInterlaced() != 0 ? "i" : "" } << "</td>";
     const double dClock = oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
     const double dLineRate = oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz;
-    AddNumber(oHtml, oPlace.GetRate(), oPlace.GetRateText());
+    AddNumber(oHtml, GetRate(oMode), GetRateText(oMode));
     AddNumber(oHtml, dClock, FormatText("%.3f", dClock));
     AddNumber(oHtml, dLineRate, FormatText("%.2f", dLineRate));
     oHtml << "<td>" << SText{ GetMarks(oRow) } << "</td></tr>\n";
@@ -393,7 +432,7 @@ CHtml MakeTimings(const SPage& oPage)
     CHtml oPictures;
     for (const STimingRow& oRow : aoRows)
     {
-        const CTimingPicture oPicture(*oRow.m_poTiming);
+        const CTimingPicture oPicture(oRow.m_poImage->m_oMap, *oRow.m_poMode);
         const auto [itNumber, bNew] =
             aoNumbers.try_emplace(oPicture.GetKey(), static_cast<unsigned int>(aoNumbers.size()));
         if (bNew)

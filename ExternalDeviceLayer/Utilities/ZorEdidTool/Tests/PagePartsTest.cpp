@@ -248,64 +248,13 @@ TEST(PageNames, EachIsTheNameOfAField)
 {
     using namespace PageNames;
     constexpr std::string_view asNames[] = {
-        gsc_sModelYear,
-        gsc_sPreferredIsNative,
-        gsc_sNative,
-        gsc_sDisplayParameters,
-        gsc_sPixelsAcross,
-        gsc_sPixelsDown,
-        gsc_sHdmiForum,
-        gsc_sHdmiForumSink,
-        gsc_sHdmi,
-        gsc_sColorimetry,
-        gsc_sGamutBoundary,
-        gsc_sPq,
-        gsc_sHlg,
-        gsc_sHdrGamma,
-        gsc_sHdr10Plus,
-        gsc_sDolbyVision,
-        gsc_sMaxLuminance,
-        gsc_sFrameLuminance,
-        gsc_sMinLuminance,
-        gsc_sShortVideo,
-        gsc_sDetailed,
-        gsc_sStandard,
-        gsc_sCvtCode,
-        gsc_sType1,
-        gsc_sType2,
-        gsc_sType3,
-        gsc_sType5,
-        gsc_sType6,
-        gsc_sType7,
-        gsc_sType9,
-        gsc_sType10,
-        gsc_sVideoCode,
-        gsc_sHdmiVic,
-        gsc_sDmtCode,
-        gsc_sVicCode,
-        gsc_sHdmiVicCode,
-        gsc_sY420Block,
-        gsc_sY420Map,
-        gsc_sPreferred,
-        gsc_sClock,
-        gsc_sActiveX,
-        gsc_sBlankX,
-        gsc_sFrontX,
-        gsc_sSyncX,
-        gsc_sSignX,
-        gsc_sActiveY,
-        gsc_sBlankY,
-        gsc_sFrontY,
-        gsc_sSyncY,
-        gsc_sSignY,
-        gsc_sLimits,
-        gsc_sLeastRate,
-        gsc_sMostRate,
-        gsc_sLeastLineRate,
-        gsc_sMostLineRate,
-        gsc_sMostClock,
-        gsc_sClockPrecision,
-        gsc_sPadding,
+        gsc_sModelYear,    gsc_sPreferredIsNative, gsc_sNative,        gsc_sDisplayParameters,
+        gsc_sPixelsAcross, gsc_sPixelsDown,        gsc_sHdmiForum,     gsc_sHdmiForumSink,
+        gsc_sHdmi,         gsc_sColorimetry,       gsc_sGamutBoundary, gsc_sPq,
+        gsc_sHlg,          gsc_sHdrGamma,          gsc_sHdr10Plus,     gsc_sDolbyVision,
+        gsc_sMaxLuminance, gsc_sFrameLuminance,    gsc_sMinLuminance,  gsc_sLimits,
+        gsc_sLeastRate,    gsc_sMostRate,          gsc_sLeastLineRate, gsc_sMostLineRate,
+        gsc_sMostClock,    gsc_sClockPrecision,    gsc_sPadding,
     };
     const SPage oPage = MakePageOf({ MakeImageOfAll() });
     const CZorEdidMap& oMap = oPage.m_apoImages[0]->m_oMap;
@@ -324,25 +273,29 @@ TEST(PageModes, StandInTheTableThePicturesAndThePlots)
 {
     const SPage oPage = MakePageOf({ MakeImageOfAll() });
     std::vector<std::string> asModes;
-    for (const SPageTiming& oTiming : oPage.m_apoImages[0]->m_aoTimings)
+    for (const SImageMode& oMode : oPage.m_apoImages[0]->m_aoModes)
     {
-        if (!oTiming.IsListed())
+        if (!oMode.IsListed())
         {
-            asModes.push_back(DescribeMode(oTiming) + (oTiming.HasNumbers() ? ": " : " bare: ") + oTiming.m_sSource);
+            const CZorEdidMap::SField& oField = oPage.m_apoImages[0]->m_oMap.GetField(oMode.m_uiField);
+            asModes.push_back(DescribeMode(oMode) + (oMode.HasTiming() ? ": " : " bare: ") + GetFieldName(oField));
         }
     }
+    EXPECT_TRUE(Has(MakeTimings(oPage).Get(), "<td>Established timings III, in no list of the library</td>"));
+    EXPECT_TRUE(Has(MakeTimings(oPage).Get(), "<td>Short video descriptor 3, VIC 117, in no list"));
+    EXPECT_TRUE(Has(MakeTimings(oPage).Get(), "<td>Type VII timing, preferred of its block, in no list"));
     // The DMT ID, the codes 16 and 4, and Types I and II are modes that the library lists.
     EXPECT_EQ((std::vector<std::string>{
-                  "640 \u00D7 350 at 85.08 Hz: Established timings III",
+                  "640 \u00D7 350 at 85.08 Hz: 640 x 350 @ 85 Hz",
                   "2808 \u00D7 2106 at 60 Hz bare: CVT 3 byte timing code 0",
-                  "720 \u00D7 576i at 50 Hz (fields) bare: Short video descriptor 2, VIC 22",
-                  "3840 \u00D7 2160 at 100 Hz bare: Short video descriptor 3, VIC 117",
-                  "4096 \u00D7 2160 at 100 Hz bare: Short video descriptor 4, VIC 218",
-                  "7680 \u00D7 4320 at 23.98/24 Hz bare: Short video descriptor 6, VIC 194",
+                  "720 \u00D7 576i at 50 Hz (fields) bare: Short video descriptor 2",
+                  "3840 \u00D7 2160 at 100 Hz bare: Short video descriptor 3",
+                  "4096 \u00D7 2160 at 100 Hz bare: Short video descriptor 4",
+                  "7680 \u00D7 4320 at 23.98/24 Hz bare: Short video descriptor 6",
                   "1920 \u00D7 1080 at 60 Hz bare: Type III timing",
                   "2560 \u00D7 1440 at 120 Hz bare: Type V timing",
                   "2816 \u00D7 1440 at 34.26 Hz: Type VI timing",
-                  "3120 \u00D7 2080 at 120 Hz: Type VII timing, preferred of its block",
+                  "3120 \u00D7 2080 at 120 Hz: Type VII timing",
                   "3840 \u00D7 2160 at 119.88/120 Hz bare: VIC",
                   "4096 \u00D7 2160 at 24 Hz: HDMI VIC",
                   "5120 \u00D7 2160 at 60 Hz bare: Type IX timing",
@@ -420,8 +373,7 @@ TEST(PagePlots, OfAPairPointsSayWhoseTheyAre)
     EXPECT_EQ(2U, Count(sHtml, "<circle class=\"mode preferred\" "));
     EXPECT_EQ(2U, Count(sHtml, "<circle class=\"mode second\" "));
     EXPECT_TRUE(Has(sHtml, "<title>1280 \u00D7 720 at 60.07 Hz only in B</title>"));
-    EXPECT_EQ(nullptr, oPage.m_apoImages[1]->m_aoTimings.back().m_poOther);
-    EXPECT_EQ(&oPage.m_apoImages[0]->m_aoTimings.front(), oPage.m_apoImages[1]->m_aoTimings.front().m_poOther);
+    EXPECT_EQ((std::vector<size_t>{ 0, gsc_uiNoPartner }), oPage.m_oPairs.m_aauiPartners[1]);
 }
 
 TEST(PageTimings, RatesAndPicturesOfAnInterlacedMode)
@@ -431,9 +383,9 @@ TEST(PageTimings, RatesAndPicturesOfAnInterlacedMode)
     const CBytes aui8Timing = ParseBytes("01 1D 80 18 71 1C 16 20 58 2C 25 00 09 25 21 00 00 9E");
     std::copy(aui8Timing.begin(), aui8Timing.end(), aui8Image.begin() + 0x36);
     const SPage oPage = MakePageOf({ aui8Image });
-    const SPageTiming& oTiming = oPage.m_apoImages[0]->m_aoTimings.at(0);
-    EXPECT_DOUBLE_EQ(60, oTiming.GetRate());
-    EXPECT_EQ("1920 \u00D7 1080i at 60 Hz (fields)", DescribeMode(oTiming));
+    const SImageMode& oMode = oPage.m_apoImages[0]->m_aoModes.at(0);
+    EXPECT_DOUBLE_EQ(60, GetRate(oMode));
+    EXPECT_EQ("1920 \u00D7 1080i at 60 Hz (fields)", DescribeMode(oMode));
     EXPECT_DOUBLE_EQ(0, GetFieldRate(CVidParamTimingGeneric()));
     const std::string sHtml = MakeTimings(oPage).Get();
     // Sync and back porch stand ahead of the active pixels: 44 + 148, and 2 x 5 and the 31 lines that are left of 1125.
@@ -567,9 +519,9 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
     const SPage oPage = MakePageOf({ MakeEdid({ MakeCeaBlock() }), aui8Second });
     const std::string sFindings = MakeFindings(oPage).Get();
     const std::string sHtml = MakeDifferences(oPage).Get();
-    // Serial number, year, count of blocks, checksum, and all of the second block. It has two codes with variants; its
-    // detailed timing is that of the base block.
-    EXPECT_TRUE(Has(sHtml, "<p>132 bytes differ. Timings only in A: 3, only in B: 0.</p>"));
+    // Serial number, year, count of blocks, checksum, and all of the second block. It has two codes with variants and a
+    // detailed timing; that the base block has one of these modes as well takes none away.
+    EXPECT_TRUE(Has(sHtml, "<p>132 bytes differ. Timings only in A: 5, only in B: 0.</p>"));
     EXPECT_EQ(1U, Count(sHtml, "erial number</strong>"));
     EXPECT_TRUE(Has(sHtml, "<span>A: 1</span> <span>B: 9</span>"));
     EXPECT_TRUE(Has(sHtml, "<strong>CTA-861 extension block</strong> <span>A: there</span> <span>B: not there</span>"));

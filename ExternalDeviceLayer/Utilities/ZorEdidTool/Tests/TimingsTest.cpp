@@ -7,6 +7,7 @@
 
 #include "DisplayIdImages.h"
 #include "Json.h"
+#include "MapText.h"
 #include "OsServices.h"
 #include "SharedFiles.h"
 #include "Timings.h"
@@ -119,7 +120,7 @@ TEST_F(ListedTimings, StandUnderTheNumbersOfTheirBlocks)
     aui8Image[0x29] = 0x80;
     Load(FixChecksums(aui8Image));
     std::vector<std::string> asLines;
-    for (const SListedTiming& oListed : ListTimings(m_oImage))
+    for (const SImageMode& oListed : ListTimings(m_oImage))
     {
         std::ostringstream oLine;
         oLine << GetListName(oListed.m_eList) << ' ' << oListed.m_uiIndex << " in " << oListed.m_uiBlock << ' '

@@ -1,26 +1,59 @@
 // Reading modes out of the map.
 
-#include "PageModes.h"
+#include "FieldModes.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
-#include <set>
 #include <stdlib.h>
 
 #include "MapText.h"
-#include "PageNames.h"
 #include "Standards/BaseBlock.h"
 #include "VidParamCea.h"
 #include "VidParamDmt.h"
 
 namespace
 {
-using namespace PageNames;
 using CField = CZorEdidMap::SField;
 using CTimings = std::vector<CVidParamTimingGeneric>;
 
-constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
+constexpr std::string_view gsc_sShortVideo = "Short video descriptor";
+constexpr std::string_view gsc_sDetailed = "Detailed timing";
+constexpr std::string_view gsc_sStandard = "Standard timing";
+constexpr std::string_view gsc_sCvtCode = "CVT 3 byte timing code";
+constexpr std::string_view gsc_sType1 = "Type I timing";
+constexpr std::string_view gsc_sType2 = "Type II timing";
+constexpr std::string_view gsc_sType3 = "Type III timing";
+constexpr std::string_view gsc_sType5 = "Type V timing";
+constexpr std::string_view gsc_sType6 = "Type VI timing";
+constexpr std::string_view gsc_sType7 = "Type VII timing";
+constexpr std::string_view gsc_sType9 = "Type IX timing";
+constexpr std::string_view gsc_sType10 = "Type X timing";
+constexpr std::string_view gsc_sVideoCode = "Video identification code";
+constexpr std::string_view gsc_sHdmiVic = "HDMI_VIC";
+constexpr std::string_view gsc_sDmtCode = "DMT ID";
+constexpr std::string_view gsc_sVicCode = "VIC";
+constexpr std::string_view gsc_sHdmiVicCode = "HDMI VIC";
+constexpr std::string_view gsc_sY420Block = "YCbCr 4:2:0 video data block";
+constexpr std::string_view gsc_sY420Map = "YCbCr 4:2:0 capability map data block";
+
+// ---- Numbers of a mode written out ----
+
+constexpr std::string_view gsc_sPreferred = "Preferred timing";
+constexpr std::string_view gsc_sClock = "Pixel clock";
+constexpr std::string_view gsc_sActiveX = "Horizontal active image";
+constexpr std::string_view gsc_sBlankX = "Horizontal blank";
+constexpr std::string_view gsc_sFrontX = "Horizontal front porch";
+constexpr std::string_view gsc_sSyncX = "Horizontal sync width";
+constexpr std::string_view gsc_sSignX = "Horizontal sync polarity";
+constexpr std::string_view gsc_sActiveY = "Vertical active image";
+constexpr std::string_view gsc_sBlankY = "Vertical blank";
+constexpr std::string_view gsc_sFrontY = "Vertical front porch";
+constexpr std::string_view gsc_sSyncY = "Vertical sync width";
+constexpr std::string_view gsc_sSignY = "Vertical sync polarity";
+
+constexpr std::string_view gsc_sNative = "Native";
 
 // Groups whose summary is a mode. The numbers of those of the second list stand in their fields.
 constexpr std::string_view gsc_asModes[] = { gsc_sShortVideo, gsc_sDetailed, gsc_sStandard, gsc_sCvtCode,
@@ -85,9 +118,9 @@ std::optional<SModeText> ReadModeText(std::string_view sText)
 }
 
 // The mode that a field stands for, in the map's words; empty for another field.
-std::string GetModeText(const SPageImage& oImage, unsigned int uiField)
+std::string GetModeText(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    const CField& oField = oImage.m_oMap.GetField(uiField);
+    const CField& oField = oMap.GetField(uiField);
     const std::string_view sName = oField.m_pszName;
     if (oField.m_eKind == CZorEdidMap::eKind_Flag)
     {
@@ -101,7 +134,7 @@ std::string GetModeText(const SPageImage& oImage, unsigned int uiField)
     {
         return "";
     }
-    std::string sText = oImage.GetValue(uiField);
+    std::string sText = static_cast<const char*>(oMap.GetValue(uiField));
     if (!bGroup)
     {
         sText.erase(0, sText.find(", ") + 2); // "16, 1920x1080p ...": the code stands ahead
@@ -110,6 +143,19 @@ std::string GetModeText(const SPageImage& oImage, unsigned int uiField)
 }
 
 // ---- Numbers ----
+
+// The number of the first field of this name in a group; -1 when there is none.
+double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName)
+{
+    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
+    {
+        if (sName == oMap.GetField(i).m_pszName)
+        {
+            return GetFieldNumber(oMap.GetField(i));
+        }
+    }
+    return -1;
+}
 
 // A timing of DisplayID that is written out. Without those of an interlaced one: what its lines count is read in two
 // ways.
@@ -176,7 +222,7 @@ CTimings FindDmt(const SModeText& oMode, std::string_view sText)
 class CModeReader
 {
 public:
-    explicit CModeReader(const SPageImage& oImage) : m_oImage(oImage), m_oMap(oImage.m_oMap) {}
+    CModeReader(const CZorEdidMap& oMap, const CEdidBase& oBase) : m_oMap(oMap), m_oBase(oBase) {}
 
     // The timings of a field with a mode, with all numbers; none where there are only its size and rate.
     CTimings Read(unsigned int uiField, const SModeText& oMode, const std::string& sText) const
@@ -237,8 +283,7 @@ private:
         }
         else if (oField.m_uiLength == sizeof(CEdidBase::SStandard))
         {
-            iRead =
-                m_oImage.m_oBase.GetStandardTiming(reinterpret_cast<const CEdidBase::SStandard*>(pui8Bytes), &oTiming);
+            iRead = m_oBase.GetStandardTiming(reinterpret_cast<const CEdidBase::SStandard*>(pui8Bytes), &oTiming);
         }
         return iRead != 0 ? CTimings{ oTiming } : CTimings{};
     }
@@ -249,64 +294,20 @@ private:
         const unsigned int uiMask = m_oMap.GetPiece(oField.m_uiFirstPiece).m_ui8Mask;
         CVidParamTimingGeneric oTiming;
         const auto eId = static_cast<CEdidBase::EEstablishedTiming>(uiMask << uiByte * uiBitsPerByte);
-        const int iRead = m_oImage.m_oBase.GetEstablishedFromId(eId, &oTiming, 0);
+        const int iRead = m_oBase.GetEstablishedFromId(eId, &oTiming, 0);
         return iRead != 0 ? CTimings{ oTiming } : CTimings{};
     }
 
-    const SPageImage& m_oImage;
     const CZorEdidMap& m_oMap;
+    const CEdidBase& m_oBase;
 };
-
-// ---- Timings ----
-
-// Where a mode stands, in words: "Type VII timing", "Short video descriptor 3, VIC 97", "Established timings III".
-std::string GetSource(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    const CField& oField = oMap.GetField(uiField);
-    if (oField.m_eKind == CZorEdidMap::eKind_Flag)
-    {
-        return GetFieldName(oMap.GetField(oField.m_uiGroup));
-    }
-    std::string sSource = GetFieldName(oField);
-    if (oField.m_pszName == gsc_sShortVideo)
-    {
-        sSource += ", VIC " + std::to_string(static_cast<int>(GetNumberOf(oMap, uiField, gsc_sVideoCode)));
-    }
-    return sSource;
-}
 
 bool IsSet(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName)
 {
     return oMap.GetField(uiGroup).m_eKind == CZorEdidMap::eKind_Group && GetNumberOf(oMap, uiGroup, sName) > 0;
 }
 
-SPageTiming MakePlace(const SPageImage& oImage, unsigned int uiField, const CVidParamTimingGeneric& oTiming)
-{
-    const CZorEdidMap& oMap = oImage.m_oMap;
-    const CField& oField = oMap.GetField(uiField);
-    SPageTiming oPlace;
-    oPlace.m_oListed = { CZorEdidMap::eList_Detailed, 0, oField.m_uiOffset / CEdidUtils::msc_uiBlockSize, "", oTiming };
-    oPlace.m_sSource = GetSource(oMap, uiField);
-    oPlace.m_bStandIn = oField.m_eKind == CZorEdidMap::eKind_Flag && IsOfGtf(oTiming);
-    oPlace.m_oListed.m_bNative = IsSet(oMap, uiField, gsc_sNative);
-    if (IsSet(oMap, uiField, gsc_sPreferred))
-    {
-        oPlace.m_sSource += ", preferred of its block";
-    }
-    if (oField.m_pszName == gsc_sDetailed)
-    {
-        ReadBorders(oMap, oField, oPlace);
-        oPlace.m_oListed.m_bPreferred = oField.m_uiOffset == ZorStandards::BaseBlock::gsc_uiDescriptorsOffset &&
-                                        ZorStandards::BaseBlock::IsPreferredTimingDeclared(oMap.GetData());
-    }
-    const std::vector<unsigned int> auiChain = GetChain(oMap, uiField);
-    const bool b420 = std::ranges::any_of(
-        auiChain, [&](unsigned int uiUp) { return IsOneOf(oMap.GetField(uiUp).m_pszName, gsc_asY420Blocks); });
-    oPlace.m_oListed.m_oTiming.Set420ColorSpace(b420 ? 1 : 0);
-    return oPlace;
-}
-
-// One of which the image tells no more than size and rate.
+// A mode of which the image gives size and rate only.
 CVidParamTimingGeneric MakeBareTiming(const SModeText& oMode)
 {
     CVidParamTimingGeneric oTiming;
@@ -315,59 +316,45 @@ CVidParamTimingGeneric MakeBareTiming(const SModeText& oMode)
     oTiming.SetInterlaced(oMode.m_bInterlaced ? 1 : 0);
     return oTiming;
 }
-
-// What a mode is known by: all its numbers, or the words of the map.
-std::string GetKey(const SPageTiming& oPlace, const std::string& sText)
-{
-    const CVidParamTimingGeneric& oTiming = oPlace.m_oListed.m_oTiming;
-    return (oTiming.Is420ColorSpace() != 0 ? "4:2:0 " : "") + (oPlace.HasNumbers() ? GetModeline(oTiming) : sText);
-}
-
-std::set<std::string> ListKnown(const SPageImage& oImage)
-{
-    std::set<std::string> asKnown;
-    for (const SPageTiming& oPlace : oImage.m_aoTimings)
-    {
-        if (oPlace.IsOfMonitor())
-        {
-            asKnown.insert(GetKey(oPlace, ""));
-        }
-    }
-    return asKnown;
-}
 } // namespace
 
-void AddModesOfMap(SPageImage& oImage)
+CFieldModes::CFieldModes(const CZorEdidMap& oMap) : m_oMap(oMap)
 {
-    const CZorEdidMap& oMap = oImage.m_oMap;
-    const bool bRefused = !oImage.m_sProblem.empty();
-    const unsigned int uiEnd = bRefused ? oMap.GetFieldCount() : oImage.m_uiAnnounced;
-    const CModeReader oReader(oImage);
-    const std::set<std::string> asListed = ListKnown(oImage);
-    std::set<std::string> asKnown; // of each kind of field
-    for (unsigned int i = 0; i < uiEnd; ++i)
+    constexpr std::array<unsigned char, 8> aui8Header = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
+    if (oMap.GetSize() >= CEdidUtils::msc_uiBlockSize)
     {
-        const std::string sText = GetModeText(oImage, i);
-        const std::optional<SModeText> oMode = ReadModeText(sText);
-        if (!oMode.has_value() || (!bRefused && oMap.GetField(i).m_uiTiming != gsc_uiNone))
-        {
-            continue;
-        }
-        CTimings aoTimings = oReader.Read(i, *oMode, sText);
-        const bool bBare = aoTimings.empty();
-        if (bBare)
-        {
-            aoTimings.push_back(MakeBareTiming(*oMode));
-        }
-        for (const CVidParamTimingGeneric& oTiming : aoTimings)
-        {
-            SPageTiming oPlace = MakePlace(oImage, i, oTiming);
-            oPlace.m_sBareRate = bBare ? oMode->m_sRate : "";
-            const std::string sKey = GetKey(oPlace, sText);
-            if (!asListed.contains(sKey) && asKnown.insert(oMap.GetField(i).m_pszName + sKey).second)
-            {
-                oImage.m_aoTimings.push_back(oPlace);
-            }
-        }
+        std::vector<unsigned char> aui8Base(oMap.GetData(), oMap.GetData() + CEdidUtils::msc_uiBlockSize);
+        std::ranges::copy(aui8Header, aui8Base.begin());
+        m_oBase.SetEdidBuffer(aui8Base.data(), CEdidUtils::msc_uiBlockSize, 0);
     }
+}
+
+std::vector<SFieldMode> CFieldModes::Read(unsigned int uiField) const
+{
+    const CField& oField = m_oMap.GetField(uiField);
+    const std::string sText = GetModeText(m_oMap, uiField);
+    const std::optional<SModeText> oMode = ReadModeText(sText);
+    if (!oMode.has_value())
+    {
+        return {};
+    }
+    CTimings aoTimings = CModeReader(m_oMap, m_oBase).Read(uiField, *oMode, sText);
+    const bool bBare = aoTimings.empty();
+    if (bBare)
+    {
+        aoTimings.push_back(MakeBareTiming(*oMode));
+    }
+    const std::vector<unsigned int> auiChain = GetChain(m_oMap, uiField);
+    const bool b420 = std::ranges::any_of(
+        auiChain, [&](unsigned int uiUp) { return IsOneOf(m_oMap.GetField(uiUp).m_pszName, gsc_asY420Blocks); });
+    std::vector<SFieldMode> aoModes;
+    for (CVidParamTimingGeneric& oTiming : aoTimings)
+    {
+        oTiming.Set420ColorSpace(b420 ? 1 : 0);
+        aoModes.push_back({ oTiming, bBare ? oMode->m_sRate : "", sText, IsSet(m_oMap, uiField, gsc_sNative),
+                            oField.m_pszName == gsc_sDetailed &&
+                                oField.m_uiOffset == ZorStandards::BaseBlock::gsc_uiDescriptorsOffset &&
+                                ZorStandards::BaseBlock::IsPreferredTimingDeclared(m_oMap.GetData()) });
+    }
+    return aoModes;
 }

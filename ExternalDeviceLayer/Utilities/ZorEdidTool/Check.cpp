@@ -23,7 +23,7 @@ struct SCounts
 {
     std::atomic<unsigned long long> m_ullImages = 0;
     std::atomic<unsigned long long> m_ullUnreadable = 0;
-    std::atomic<unsigned long long> m_ullWeighty = 0;       // images with a finding of weight
+    std::atomic<unsigned long long> m_ullFaulty = 0;        // images with an error or a warning
     std::atomic<unsigned long long> m_aullFindings[3] = {}; // by severity
 };
 
@@ -86,16 +86,16 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
     {
         ++oCounts.m_aullFindings[oFinding.m_eSeverity];
     }
-    oCounts.m_ullWeighty += oOutcome.m_eExit == eExit_Finding ? 1 : 0;
+    oCounts.m_ullFaulty += oOutcome.m_eExit == eExit_Finding ? 1 : 0;
     return oOutcome;
 }
 
 std::string Summarise(const SCounts& oCounts)
 {
-    return FormatText("%llu images: %llu clean, %llu with findings of weight, %llu unreadable; errors %llu, "
+    return FormatText("%llu images: %llu clean, %llu with errors or warnings, %llu unreadable; errors %llu, "
                       "warnings %llu, notes %llu\n",
-                      oCounts.m_ullImages.load(), oCounts.m_ullImages - oCounts.m_ullWeighty - oCounts.m_ullUnreadable,
-                      oCounts.m_ullWeighty.load(), oCounts.m_ullUnreadable.load(),
+                      oCounts.m_ullImages.load(), oCounts.m_ullImages - oCounts.m_ullFaulty - oCounts.m_ullUnreadable,
+                      oCounts.m_ullFaulty.load(), oCounts.m_ullUnreadable.load(),
                       oCounts.m_aullFindings[CZorEdidMap::eSeverity_Error].load(),
                       oCounts.m_aullFindings[CZorEdidMap::eSeverity_Warning].load(),
                       oCounts.m_aullFindings[CZorEdidMap::eSeverity_Note].load());

@@ -61,7 +61,7 @@ void Convert(const SConvertOptions& oOptions, STool& oTool)
     std::string sProblem;
     if (oInput.m_aui8Bytes.size() % uiBlockSize != 0)
     {
-        sProblem = std::to_string(oInput.m_aui8Bytes.size()) + " bytes are no whole blocks of 128";
+        sProblem = std::to_string(oInput.m_aui8Bytes.size()) + " bytes are not a multiple of 128";
     }
     else
     {

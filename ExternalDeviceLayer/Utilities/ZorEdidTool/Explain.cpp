@@ -27,7 +27,7 @@ struct SExplainOptions
 {
     std::string m_sFile;
     unsigned int m_uiBlock = gsc_uiNone;
-    unsigned int m_uiAt = gsc_uiNone; // in the block where there is one, else in the image
+    unsigned int m_uiAt = gsc_uiNone; // in the block of --block, else in the image
     std::string m_sFind;
     bool m_bJson = false;
 };
@@ -59,8 +59,8 @@ bool HasColours()
 
 // ---- Order ----
 
-// Fields stand in the order of their first bits; the map has what is left of a structure behind its other fields.
-bool StandsAhead(const CZorEdidMap& oMap, unsigned int uiFirst, unsigned int uiSecond)
+// Fields come in the order of their first bits; the map has what is left of a structure after its other fields.
+bool IsBefore(const CZorEdidMap& oMap, unsigned int uiFirst, unsigned int uiSecond)
 {
     const CZorEdidMap::SField& oFirst = oMap.GetField(uiFirst);
     const CZorEdidMap::SField& oSecond = oMap.GetField(uiSecond);
@@ -79,7 +79,7 @@ bool StandsAhead(const CZorEdidMap& oMap, unsigned int uiFirst, unsigned int uiS
     return fnKey(oFirst, uiFirst) < fnKey(oSecond, uiSecond);
 }
 
-// All fields, groups ahead of what is in them.
+// All fields, groups before what is in them.
 std::vector<unsigned int> OrderByPlace(const CZorEdidMap& oMap)
 {
     std::vector<unsigned int> auiOrder;
@@ -91,7 +91,7 @@ std::vector<unsigned int> OrderByPlace(const CZorEdidMap& oMap)
             auiLeft.push_back(i);
         }
         std::sort(auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end(),
-                  [&oMap](unsigned int uiOne, unsigned int uiOther) { return StandsAhead(oMap, uiOne, uiOther); });
+                  [&oMap](unsigned int uiOne, unsigned int uiOther) { return IsBefore(oMap, uiOne, uiOther); });
         std::reverse(auiLeft.begin() + static_cast<std::ptrdiff_t>(uiFirst), auiLeft.end());
     };
     fnAdd(0, oMap.GetFieldCount());
@@ -147,7 +147,7 @@ bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& s
 struct SAsked
 {
     std::vector<unsigned int> m_auiFields;
-    std::string m_sProblem; // why there is none
+    std::string m_sProblem; // why none was found
 };
 
 SAsked FindByte(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
@@ -397,7 +397,7 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
     return oOutcome;
 }
 
-// A number: decimal, or hexadecimal behind 0x.
+// A number: decimal, or hexadecimal after 0x.
 COption DeclareNumber(COptions& oCommand, const char* pszName, unsigned int& uiNumber, unsigned int uiMost,
                       const char* pszHelp)
 {
@@ -408,7 +408,7 @@ COption DeclareNumber(COptions& oCommand, const char* pszName, unsigned int& uiN
             unsigned int uiParsed = 0;
             return ParseNumber(sText, uiParsed) && uiParsed <= uiMost
                        ? std::string()
-                       : FormatText("%s is no number from 0 to %u", ShowName(sText).c_str(), uiMost);
+                       : FormatText("%s is not a number from 0 to %u", ShowName(sText).c_str(), uiMost);
         });
 }
 } // namespace
@@ -427,8 +427,8 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
     const COption oAt =
         DeclareNumber(
             oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
-            "What this byte says. OFFSET is decimal, or hexadecimal behind 0x, and counts from the image's begin, "
-            "or with --block from that of the block")
+            "What this byte says. OFFSET is decimal, or hexadecimal after 0x, and counts from the start of the image, "
+            "or with --block of the block")
             .Placeholder("OFFSET");
     const COption oFind =
         oCommand
@@ -440,11 +440,11 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
     oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
     oCommand.Footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
                     "by its groups.\n"
-                    "Offsets are hexadecimal. Bits stand behind a point: 14.7 is the highest bit of byte 0x14, \"38 "
+                    "Offsets are hexadecimal. Bits follow a point: 14.7 is the highest bit of byte 0x14, \"38 "
                     "3a.7-4\" is byte\n"
-                    "0x38 with four more bits in byte 0x3a. Behind a timing stand its list and its number, which "
+                    "0x38 with four more bits in byte 0x3a. A timing ends in its list and its number, which "
                     "edits take. A note\n"
-                    "about what is off stands behind an exclamation mark. Exit status: 1 when there is no such byte, "
+                    "about a problem follows an exclamation mark. Exit status: 1 when the image has no such byte, "
                     "block or text.\n\n"
                     "Examples:\n"
                     "  zoredid explain --at 0x36 monitor.bin\n"
@@ -452,7 +452,7 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
     oCommand.Run([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
-        oFiles.m_bTurnsForBadOnes = true; // JSON tells of them, too
+        oFiles.m_bTurnsForBadOnes = true; // JSON reports them, too
         ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return Explain(*poOptions, oInput); });
     });
 }

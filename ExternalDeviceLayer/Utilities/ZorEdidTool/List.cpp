@@ -21,7 +21,7 @@ std::string GetSize(const CEdid& oEdid)
 {
     const unsigned int uiWidth = oEdid.GetBaseBlock()[ZorStandards::BaseBlock::gsc_uiImageWidthOffset];
     const unsigned int uiHeight = oEdid.GetBaseBlock()[ZorStandards::BaseBlock::gsc_uiImageHeightOffset];
-    // Centimetres; 0 in one of them is no size.
+    // Centimetres; with 0 in one of them the size is not given.
     return uiWidth != 0 && uiHeight != 0 ? std::to_string(uiWidth) + " x " + std::to_string(uiHeight) + " cm" : "";
 }
 
@@ -38,7 +38,7 @@ std::string GetPreferredMode(const CEdid& oEdid)
     return static_cast<const char*>(oText);
 }
 
-// Without a monitor, or with one that says nothing, the row ends with the state.
+// Without a monitor, or with a silent one, the row ends with the state.
 CRow MakeRow(const SConnector& oConnector, STool& oTool)
 {
     CRow asRow = { oConnector.m_sName, oConnector.m_sState };

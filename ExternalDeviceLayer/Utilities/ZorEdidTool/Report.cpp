@@ -49,8 +49,7 @@ SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
     }
     if (oLines.GetCount() == 0)
     {
-        return RefuseInput(oInput,
-                           "names no preferred mode, without which there is no text report; --json has the rest");
+        return RefuseInput(oInput, "names no preferred mode, which text reports need; --json has the rest");
     }
     SOutcome oOutcome;
     if (oOptions.HasManyFiles())
@@ -120,8 +119,8 @@ void DeclareReportOptions(COptions& oCommand, STool& oTool)
                                       "Text in front of each line; of two empty lines in a row only the first has it")
                                 .Placeholder("TEXT");
     const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with all images");
-    const COption oLines = oCommand.Flag("--jsonl", poOptions->m_bJsonLines,
-                                         "One line of JSON an image, also for one that cannot be loaded");
+    const COption oLines =
+        oCommand.Flag("--jsonl", poOptions->m_bJsonLines, "One line of JSON for each image, loaded or not");
     oJson.Excludes(oLines).Excludes(oFormat).Excludes(oPrefix);
     oLines.Excludes(oFormat).Excludes(oPrefix);
     oCommand.Footer("Examples:\n"

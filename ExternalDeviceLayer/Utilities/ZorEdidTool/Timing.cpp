@@ -114,7 +114,9 @@ void DeclareTimingOptions(COptions& oCommand, STool& oTool)
             .Placeholder("WxH@R")
             .Check([](const std::string& sText) {
                 SMode oParsed;
-                return ParseMode(sText, oParsed) ? "" : sText + " is no mode such as 1920x1080@60, with whole hertz";
+                return ParseMode(sText, oParsed)
+                           ? ""
+                           : "unknown mode " + ShowName(sText) + "; expected one such as 1920x1080@60, in whole hertz";
             });
     const COption oType =
         oCommand.Word("--type", poOptions->m_sType, "Where the timing comes from").OneOf(asTypes).Placeholder("NAME");
@@ -124,8 +126,8 @@ void DeclareTimingOptions(COptions& oCommand, STool& oTool)
         .Excludes(oType);
     const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "As JSON");
     oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
-    oCommand.Footer("The tables hold whole rates: 59.94 Hz stands at 59, and interlaced modes at their frame rate.\n"
-                    "Exit status: 0, or 1 when there is no such timing.\n\n"
+    oCommand.Footer("The tables hold whole rates: 59.94 Hz is under 59, and interlaced modes under their frame rate.\n"
+                    "Exit status: 0, or 1 when no such timing exists.\n\n"
                     "Examples:\n"
                     "  zoredid timing 2560x1440@60 --type cvt-rb --modeline\n"
                     "  zoredid timing --vic 16");

@@ -107,7 +107,7 @@ void CheckYear(CFindings& oFindings, unsigned int uiThisYear)
     }
 }
 
-// Where the first descriptor is no timing though it must be one, a note of the map says so.
+// Where the first descriptor must be a timing and is not, a note of the map says so.
 void CheckPreferred(CFindings& oFindings)
 {
     constexpr unsigned int uiPreferredBit = 1;

@@ -19,14 +19,14 @@ nlohmann::ordered_json MakeTiming(const CVidParamTimingGeneric& oTiming, const S
 nlohmann::ordered_json MakeImageOfTimings(const SInput& oInput, const CModes& aoModes);
 nlohmann::ordered_json MakeImage(const SInput& oInput, CLoadedImage& oImage);
 
-// What stands for an image that cannot be read or loaded.
+// In place of an image that cannot be read or loaded.
 nlohmann::ordered_json MakeFailure(const SInput& oInput, const std::string& sReason);
 
-// A document that is written piece by piece: its head up to the list of this name, and its end. Between two elements of
-// the list stands a comma.
+// A document that is written piece by piece: its head up to the list of this name, and its end. A comma separates the
+// elements of the list.
 std::string OpenDocument(const char* pszList);
 inline constexpr const char* gsc_pszCloseDocument = "\n]}\n";
 
-// As text, in one line with its line feed, or indented without one. Bytes that are no UTF-8 become U+FFFD.
+// As text, in one line with its line feed, or indented without one. Bytes that are not UTF-8 become U+FFFD.
 std::string WriteLine(const nlohmann::ordered_json& oJson);
 std::string WriteIndented(const nlohmann::ordered_json& oJson);

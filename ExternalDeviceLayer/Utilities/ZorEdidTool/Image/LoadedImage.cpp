@@ -1,4 +1,4 @@
-// Loading an input, and telling the blocks that the library kept from those that it dropped.
+// Loading an input, and separating the blocks that the library kept from those that it dropped.
 
 #include "LoadedImage.h"
 
@@ -35,7 +35,7 @@ std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
     }
     if (aui8Bytes.size() % gsc_uiBlockSize != 0)
     {
-        return FormatText("no EDID: %zu bytes, which is no multiple of %u", aui8Bytes.size(), gsc_uiBlockSize);
+        return FormatText("no EDID: %zu bytes, not a multiple of %u", aui8Bytes.size(), gsc_uiBlockSize);
     }
     if (memcmp(aui8Bytes.data(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) != 0)
     {

@@ -8,7 +8,8 @@
 
 #include "ZorEdidMap.h"
 
-// The name with its number where there are several: "Standard timing 3"; of codes "VIC #3", which is no code.
+// The name with its number where there are several: "Standard timing 3"; of codes "VIC #3", so that it does not read as
+// a code.
 std::string GetFieldName(const CZorEdidMap::SField& oField);
 
 // The value, or the summary of a group; empty where the bytes themselves say all.
@@ -23,7 +24,7 @@ std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField
 // The chain without the block: "Video data block > Short video descriptor 3 > Native". Of a block its own name.
 std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField);
 
-// The path of what a whole byte belongs to: a leaf, or the group of several. Empty behind the image.
+// The path of what a whole byte belongs to: a leaf, or the group of several. Empty past the image.
 std::string GetPathOfByte(const CZorEdidMap& oMap, unsigned int uiOffset);
 
 // The leaves with any of these bits of a byte, the most significant first.
@@ -40,7 +41,7 @@ std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiFi
 // At least two hexadecimal digits.
 std::string GetOffsetText(unsigned int uiOffset);
 
-// Offsets in hexadecimal digits from uiStart of the image on, bits behind a point: "36-37", "14.7", "38 3a.7-4".
+// Offsets in hexadecimal digits from uiStart of the image on, bits after a point: "36-37", "14.7", "38 3a.7-4".
 std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int uiStart);
 
 // Lower-case words.
@@ -49,7 +50,7 @@ const char* GetAreaName(CZorEdidMap::EArea eArea);
 const char* GetListName(CZorEdidMap::EList eList); // "established", "standard", "detailed"; empty for none
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
 
-// The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13"; empty of other fields. And one of
+// The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13"; empty for other fields. And one of
 // them, below m_uiTimings: "standard 13".
 std::string GetTimingNumber(const CZorEdidMap::SField& oField);
 std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex);

@@ -38,7 +38,7 @@ std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImag
         {
             continue;
         }
-        sLines += MakeErrorLine(oInput.m_sName, FormatText("block %u (%s) is not read: %s; check and explain tell more",
+        sLines += MakeErrorLine(oInput.m_sName, FormatText("block %u (%s) is not read: %s; check and explain say more",
                                                            oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()),
                                                            FindUnreadReason(oBlock.m_pui8Bytes, pszRepair).c_str()));
     }

@@ -285,7 +285,7 @@ class ModesTest(ToolTest):
                    "4 (displayid) is not read: its section's checksum is wrong%s",
                    "5 (video-timing) is not read: the library keeps no model of its kind",
                    "6 (cea-861) is not read: its checksum is wrong%s"]
-        lines = "".join("zoredid: %s: block %s; check and explain tell more\n" % (path, reason) for reason in reasons)
+        lines = "".join("zoredid: %s: block %s; check and explain say more\n" % (path, reason) for reason in reasons)
         for arguments in [], ["--json"], ["--modeline"]:
             self.assertEqual(lines % ("", ""), run("modes", path, *arguments, status=0)[1])
         repair = ", which --repair-checksums in a call of its own makes right"
@@ -483,7 +483,7 @@ class CheckTest(ToolTest):
         clean, noted = self.save(MONITOR), self.save(with_blocks(b"\xf0"), "noted.bin")
         bad, missing = self.save(change({0x7F: "13"}, fix=False), "bad.bin"), self.folder + "/missing"
         out, err = run("check", clean, noted, bad, missing, status=3)
-        self.assertEqual(out.splitlines()[-1], "4 images: 2 clean, 1 with findings of weight, 1 unreadable; errors 1, "
+        self.assertEqual(out.splitlines()[-1], "4 images: 2 clean, 1 with errors or warnings, 1 unreadable; errors 1, "
                          "warnings 0, notes 1")
         self.assertTrue(err.startswith(f"zoredid: {missing}: "))
         run("check", clean, bad, status=1)

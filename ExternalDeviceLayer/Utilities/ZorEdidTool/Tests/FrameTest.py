@@ -243,7 +243,7 @@ class Files(FolderCase):
             done = subprocess.run([COMMAND, "report", "-"], stdin=device, capture_output=True, timeout=60, check=False)
         self.assertEqual((3, b"zoredid: -: is a device\n"), (done.returncode, done.stderr))
         status, _, error = run("convert", self.path("small"), "-o", "-")
-        self.assertEqual((3, True), (status, "100 bytes are no whole blocks" in error))
+        self.assertEqual((3, True), (status, "100 bytes are not a multiple of 128" in error))
 
     def test_the_ending_chooses_the_form(self):
         for ending, head in ((".bin", b"\0\xff"), (".xxd", b"00000000: 00ff"), (".hex", b"00 ff"), (".c", b"const"),

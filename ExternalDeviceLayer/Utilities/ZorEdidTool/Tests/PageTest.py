@@ -227,7 +227,7 @@ class PageTest(unittest.TestCase):
 
     def test_what_the_library_refuses_has_a_page(self):
         cut = self.make(self.save(MONITOR[:200]))
-        self.assertIn("no multiple of 128", cut.all(tag="main")[0]["text"])
+        self.assertIn("not a multiple of 128", cut.all(tag="main")[0]["text"])
         rows = [row["text"] for row in cut.all(tag="tr") if "Detailed timing" in row["text"]]
         for part in ["1920 \u00d7 108060", "67.50", "preferred", "in no list of the library"]:
             self.assertIn(part, rows[0])

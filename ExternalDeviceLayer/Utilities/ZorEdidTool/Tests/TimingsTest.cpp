@@ -172,7 +172,7 @@ TEST(LoadedImage, RefusalsHaveTheirReason)
     aui8Cut.pop_back();
     const std::pair<SInput, const char*> aoCases[] = {
         { { "x", {}, "", "" }, "is empty" },
-        { { "x", aui8Cut, "", "" }, "no EDID: 127 bytes, which is no multiple of 128" },
+        { { "x", aui8Cut, "", "" }, "no EDID: 127 bytes, not a multiple of 128" },
         { { "x", WithChange(aui8Good, 7, 1), "", "" }, "no EDID: it does not begin with 00 ff ff ff ff ff ff 00" },
         { { "x", aui8Good, "", "the reader's" }, "the reader's" },
     };

@@ -230,32 +230,27 @@ constexpr STable gsc_oColorTable = { eId_BaseChromaticity, "Display x, y chromat
 
 // ---- Established timings I and II, E-EDID 3.8 ----
 
-constexpr SRow gsc_aoEstablishedRows[] = {
-    Mode(eId_BaseEstablishedMode, 0x23, 7, "720 x 400 @ 70 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 6, "720 x 400 @ 88 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 5, "640 x 480 @ 60 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 4, "640 x 480 @ 67 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 3, "640 x 480 @ 72 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 2, "640 x 480 @ 75 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 1, "800 x 600 @ 56 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x23, 0, "800 x 600 @ 60 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 7, "800 x 600 @ 72 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 6, "800 x 600 @ 75 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 5, "832 x 624 @ 75 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 4, "1024 x 768i @ 87 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 3, "1024 x 768 @ 60 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 2, "1024 x 768 @ 70 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 1, "1024 x 768 @ 75 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x24, 0, "1280 x 1024 @ 75 Hz"),
-    Mode(eId_BaseEstablishedMode, 0x25, 7, "1152 x 870 @ 75 Hz"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 6, "Manufacturer's timing, bit 6"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 5, "Manufacturer's timing, bit 5"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 4, "Manufacturer's timing, bit 4"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 3, "Manufacturer's timing, bit 3"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 2, "Manufacturer's timing, bit 2"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 1, "Manufacturer's timing, bit 1"),
-    Mode(eId_BaseEstablishedManufacturer, 0x25, 0, "Manufacturer's timing, bit 0"),
-};
+constexpr const char* gsc_apszMakerBits[] = { "Manufacturer's timing, bit 6", "Manufacturer's timing, bit 5",
+                                              "Manufacturer's timing, bit 4", "Manufacturer's timing, bit 3",
+                                              "Manufacturer's timing, bit 2", "Manufacturer's timing, bit 1",
+                                              "Manufacturer's timing, bit 0" };
+
+constexpr auto ListEstablishedRows()
+{
+    constexpr unsigned int uiFirstOffset = 0x23;
+    std::array<SRow, gsc_uiEstablishedModes + std::size(gsc_apszMakerBits)> aoRows = {};
+    for (unsigned int i = 0; i < aoRows.size(); ++i)
+    {
+        const SPlace oPlace = Bit(uiFirstOffset + i / gsc_uiBits, gsc_uiBits - 1 - i % gsc_uiBits);
+        aoRows[i] = i < gsc_uiEstablishedModes
+                        ? SRow{ eId_BaseEstablishedMode, oPlace, GetEstablishedName(i),
+                                Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeEstablishedMode>, i) }
+                        : SRow{ eId_BaseEstablishedManufacturer, oPlace, gsc_apszMakerBits[i - gsc_uiEstablishedModes],
+                                Flag(gsc_aoSupported) };
+    }
+    return aoRows;
+}
+constexpr auto gsc_aoEstablishedRows = ListEstablishedRows();
 constexpr STable gsc_oEstablishedTable = { eId_BaseEstablished, "Established timings", CZorEdidMap::eArea_Timing,
                                            gsc_aoEstablishedRows };
 

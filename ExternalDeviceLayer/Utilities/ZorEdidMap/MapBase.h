@@ -28,18 +28,6 @@ inline const char* CheckReservedZero(const CRecord& /*oRecord*/, unsigned int ui
     return uiValue == 0 ? "00h is reserved" : nullptr;
 }
 
-// A bit of established timings: of I and II by its place in the block, of III in the descriptor.
-constexpr SRow Mode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiBit, const char* pszName)
-{
-    constexpr unsigned int uiFirstIII = 0x06;
-    constexpr unsigned int uiFirst = 0x23;
-    const bool bIII = uiOffset < uiFirst;
-    const unsigned int uiCode = (uiOffset - (bIII ? uiFirstIII : uiFirst)) * gsc_uiBits + gsc_uiBits - 1 - uiBit;
-    return { eId, Bit(uiOffset, uiBit), pszName,
-             Flag(gsc_aoSupported)
-                 .Mode(bIII ? MakeCodeMode<MakeEstablishedIIIMode> : MakeCodeMode<MakeEstablishedMode>, uiCode) };
-}
-
 // ---- Detailed timings against range limits ----
 
 // Of one descriptor. A maximum of 0 limits nothing.

@@ -93,8 +93,8 @@ struct SCtaBlock
     SContent m_oContent = {}; // the payload of a row without one is unknown
 };
 
-constexpr SKey gsc_oHdmiKey = Vendor(0x000C03);
-constexpr SKey gsc_oHdmiForumKey = Vendor(0xC45DD8);
+constexpr SKey gsc_oHdmiKey = Vendor(gsc_uiOuiHdmi);
+constexpr SKey gsc_oHdmiForumKey = Vendor(gsc_uiOuiHdmiForum);
 constexpr SKey gsc_oHdmiSinkKey = Extended(121);
 
 // A row with an OUI precedes the row for any.

@@ -587,56 +587,24 @@ constexpr STable gsc_oCodesTable = { eId_BaseCvtCodes, "CVT 3 byte timing codes"
 
 // ---- Established timings III, E-EDID 3.10.3.9 ----
 
-constexpr SRow gsc_aoModesRows[] = {
-    { eId_BaseEstablished3Revision, Byte(0x05), "Revision number",
-      Number().Expect(0x0A, "only revision 10 has this layout") },
-    Mode(eId_BaseEstablished3Mode, 0x06, 7, "640 x 350 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 6, "640 x 400 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 5, "720 x 400 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 4, "640 x 480 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 3, "848 x 480 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 2, "800 x 600 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 1, "1024 x 768 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x06, 0, "1152 x 864 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 7, "1280 x 768 @ 60 Hz, reduced blanking"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 6, "1280 x 768 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 5, "1280 x 768 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 4, "1280 x 768 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 3, "1280 x 960 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 2, "1280 x 960 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 1, "1280 x 1024 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x07, 0, "1280 x 1024 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 7, "1360 x 768 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 6, "1440 x 900 @ 60 Hz, reduced blanking"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 5, "1440 x 900 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 4, "1440 x 900 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 3, "1440 x 900 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 2, "1400 x 1050 @ 60 Hz, reduced blanking"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 1, "1400 x 1050 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x08, 0, "1400 x 1050 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 7, "1400 x 1050 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 6, "1680 x 1050 @ 60 Hz, reduced blanking"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 5, "1680 x 1050 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 4, "1680 x 1050 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 3, "1680 x 1050 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 2, "1600 x 1200 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 1, "1600 x 1200 @ 65 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x09, 0, "1600 x 1200 @ 70 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 7, "1600 x 1200 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 6, "1600 x 1200 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 5, "1792 x 1344 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 4, "1792 x 1344 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 3, "1856 x 1392 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 2, "1856 x 1392 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 1, "1920 x 1200 @ 60 Hz, reduced blanking"),
-    Mode(eId_BaseEstablished3Mode, 0x0A, 0, "1920 x 1200 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0B, 7, "1920 x 1200 @ 75 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0B, 6, "1920 x 1200 @ 85 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0B, 5, "1920 x 1440 @ 60 Hz"),
-    Mode(eId_BaseEstablished3Mode, 0x0B, 4, "1920 x 1440 @ 75 Hz"),
-    { eId_Reserved, Bits(0x0B, 3, 0), "Reserved", Reserved() },
-    { eId_Reserved, Run(0x0C, 6), "Reserved", Reserved() },
-};
+constexpr auto ListModeRows()
+{
+    constexpr unsigned int uiFirstOffset = 0x06;
+    std::array<SRow, 1 + gsc_uiEstablishedIIIModes + 2> aoRows = {};
+    aoRows[0] = { eId_BaseEstablished3Revision, Byte(0x05), "Revision number",
+                  Number().Expect(0x0A, "only revision 10 has this layout") };
+    for (unsigned int i = 0; i < gsc_uiEstablishedIIIModes; ++i)
+    {
+        aoRows[1 + i] = { eId_BaseEstablished3Mode,
+                          Bit(uiFirstOffset + i / gsc_uiBits, gsc_uiBits - 1 - i % gsc_uiBits),
+                          GetDmtName(gsc_aui8EstablishedIII[i]),
+                          Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeEstablishedIIIMode>, i) };
+    }
+    aoRows[aoRows.size() - 2] = { eId_Reserved, Bits(0x0B, 3, 0), "Reserved", Reserved() };
+    aoRows[aoRows.size() - 1] = { eId_Reserved, Run(0x0C, 6), "Reserved", Reserved() };
+    return aoRows;
+}
+constexpr auto gsc_aoModesRows = ListModeRows();
 constexpr STable gsc_oModesTable = { eId_BaseEstablished3, "Established timings III", CZorEdidMap::eArea_Timing,
                                      gsc_aoModesRows };
 

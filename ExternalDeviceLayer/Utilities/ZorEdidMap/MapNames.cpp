@@ -20,7 +20,7 @@ CMString OuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
 {
     CMString sText;
     sText.Format("%02X-%02X-%02X", uiOui >> 16, (uiOui >> 8) & 0xFF, uiOui & 0xFF);
-    const char* pszName = FindMeaning(gsc_aoOuis, uiOui);
+    const char* pszName = FindOuiName(uiOui);
     if (pszName != nullptr)
     {
         sText.AppendFormat(" %s", pszName);

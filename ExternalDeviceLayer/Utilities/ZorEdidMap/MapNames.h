@@ -5,6 +5,7 @@
 #include <array>
 
 #include "MapWriter.h"
+#include "Standards/Ouis.h"
 
 namespace ZorMap
 {
@@ -75,26 +76,9 @@ inline constexpr auto gsc_aoCodeSizes = Listed({ "1 byte", "2 bytes" });
 
 // ---- Companies: as IEEE assigns identifiers; CTA-861 stores the least significant byte first, DisplayID last ----
 
-inline constexpr SMeaning gsc_aoOuis[] = {
-    { 0x00001A, 0x00001A, "AMD" },
-    { 0x00044B, 0x00044B, "NVIDIA" },
-    { 0x000C03, 0x000C03, "HDMI Licensing" },
-    { 0x000C6E, 0x000C6E, "ASUSTek" },
-    { 0x0010FA, 0x0010FA, "Apple" },
-    { 0x0012FA, 0x0012FA, "THX" },
-    { 0x0014B9, 0x0014B9, "MStar" },
-    { 0x00D046, 0x00D046, "Dolby Laboratories" },
-    { 0x00E047, 0x00E047, "InFocus" },
-    { 0x1ABBFB, 0x1ABBFB, "UHD Alliance" },
-    { 0x3A0292, 0x3A0292, "VESA" },
-    { 0x90848B, 0x90848B, "HDR10+ Technologies" },
-    { 0xC45DD8, 0xC45DD8, "HDMI Forum" },
-    { 0xCA125C, 0xCA125C, "Microsoft" },
-};
-
 // "00-0C-03 HDMI Licensing"
 CMString OuiText(const CRecord& oRecord, unsigned int uiOui);
-constexpr SForm Oui() { return Names(gsc_aoOuis).Text(OuiText); }
+constexpr SForm Oui() { return Names(FindOuiName).Text(OuiText); }
 
 // ---- Texts ----
 

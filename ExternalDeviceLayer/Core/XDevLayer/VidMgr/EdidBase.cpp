@@ -1,5 +1,4 @@
-// Loading, identity and video input of the base block. Its timings stand in EdidBaseTimings.cpp, the names of makers in
-// EdidBaseManufacturers.cpp.
+// Loading, identity and video input of the base block. Its timings are in EdidBaseTimings.cpp.
 
 #include "EdidBase.h"
 
@@ -8,6 +7,7 @@
 #include <algorithm>
 
 #include "Standards/BaseBlock.h"
+#include "Standards/Makers.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
@@ -227,6 +227,22 @@ bool CEdidBase::GetDescriptorText(unsigned char ui8Tag, char* pszText, unsigned 
         pszText[i] = cNext;
     }
     return uiLimit > 0;
+}
+
+int CEdidBase::GetManufacturerName(char* pszName, unsigned int uiSize) const
+{
+    if (pszName == nullptr || uiSize == 0)
+    {
+        return 0;
+    }
+    pszName[0] = '\0';
+    const char* pszMaker = FindMakerName(ReadManufacturerCode(m_aui8Edid).m_szCode);
+    if (pszMaker == nullptr)
+    {
+        return 0;
+    }
+    ZorTools_strcpy_s(pszName, uiSize, pszMaker);
+    return static_cast<int>(ZorTools_strlen(pszName));
 }
 
 bool CEdidBase::IsDigital() const { return (m_aui8Edid[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0; }

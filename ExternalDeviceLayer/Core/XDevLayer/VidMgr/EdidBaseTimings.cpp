@@ -1,4 +1,4 @@
-// The timings of the base block: established, standard, detailed. Loading and identity stand in EdidBase.cpp.
+// The timings of the base block: established, standard, detailed. Loading and identity are in EdidBase.cpp.
 
 #include "EdidBase.h"
 
@@ -9,6 +9,8 @@
 #include "ListFill.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ByteFields.h"
+#include "Standards/Place.h"
+#include "Standards/VesaModes.h"
 #include "VidParamDmt.h"
 #include "VidParamGtf.h"
 #include "VidParamTiming.h"
@@ -22,105 +24,50 @@ namespace
 {
 // ---- Established timings ----
 
-enum class EEstablishedSource : unsigned char
+static_assert(gsc_uiEstablishedModes == CEdidBase::msc_uiEstablishedCount);
+
+// The modes are numbered in the order of the list walk: byte 35 from bit 7 down, byte 36, byte 37 bit 7.
+constexpr unsigned int GetEstablishedMask(unsigned int uiMode)
 {
-    eDmt,
-    eGtf, // no VESA mode: computed
-};
-
-struct SEstablishedMode
-{
-    CEdidBase::EEstablishedTiming m_eId;
-    unsigned int m_uiHorizontalActive; // pixels
-    unsigned int m_uiVerticalActive;   // lines
-    unsigned int m_uiVerticalRateInHz;
-    EEstablishedSource m_eSource;
-    bool m_bVesa; // listed when only VESA's own modes are asked for
-};
-
-// In the order of the list walk: byte 35 from bit 7 down, byte 36, byte 37 bit 7. The interlaced 1024 x 768 stands in
-// the DMT table, yet is not counted among the VESA modes.
-// clang-format off
-constexpr SEstablishedMode gsc_aoEstablishedModes[] = {
-    { CEdidBase::eEstablished720x400At70,    720,  400, 70, EEstablishedSource::eGtf, false },
-    { CEdidBase::eEstablished720x400At88,    720,  400, 88, EEstablishedSource::eGtf, false },
-    { CEdidBase::eEstablished640x480At60,    640,  480, 60, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished640x480At67,    640,  480, 67, EEstablishedSource::eGtf, false },
-    { CEdidBase::eEstablished640x480At72,    640,  480, 72, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished640x480At75,    640,  480, 75, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished800x600At56,    800,  600, 56, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished800x600At60,    800,  600, 60, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished800x600At72,    800,  600, 72, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished800x600At75,    800,  600, 75, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished832x624At75,    832,  624, 75, EEstablishedSource::eGtf, false },
-    { CEdidBase::eEstablished1024x768At43,  1024,  768, 43, EEstablishedSource::eDmt, false },
-    { CEdidBase::eEstablished1024x768At60,  1024,  768, 60, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished1024x768At70,  1024,  768, 70, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished1024x768At75,  1024,  768, 75, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished1280x1024At75, 1280, 1024, 75, EEstablishedSource::eDmt, true  },
-    { CEdidBase::eEstablished1152x870At75,  1152,  870, 75, EEstablishedSource::eGtf, false },
-};
-// clang-format on
-static_assert(std::size(gsc_aoEstablishedModes) == CEdidBase::msc_uiEstablishedCount,
-              "one row for each established timing");
-
-// Number of the row of each bit, derived by the compiler: a look-up without a search, which took half of a walk over an
-// EDID's timings.
-struct SRowsOfBits
-{
-    static constexpr unsigned int msc_uiBits = 24; // of the three bytes
-
-    unsigned char m_aui8Row[msc_uiBits];
-};
-
-constexpr SRowsOfBits ListRowsOfBits()
-{
-    SRowsOfBits oRows = {};
-    for (unsigned char& ui8Row : oRows.m_aui8Row)
-    {
-        ui8Row = CEdidBase::msc_uiEstablishedCount; // bits without a mode
-    }
-    for (unsigned int i = 0; i < CEdidBase::msc_uiEstablishedCount; ++i)
-    {
-        oRows.m_aui8Row[std::countr_zero(static_cast<unsigned int>(gsc_aoEstablishedModes[i].m_eId))] =
-            static_cast<unsigned char>(i);
-    }
-    return oRows;
+    return 1U << (uiMode / gsc_uiBits * gsc_uiBits + gsc_uiBits - 1 - uiMode % gsc_uiBits);
 }
-
-constexpr SRowsOfBits gsc_oRowsOfBits = ListRowsOfBits();
 
 // Null for what is not exactly one bit with a mode.
 constexpr const SEstablishedMode* FindEstablishedMode(unsigned int uiMask)
 {
-    if (!std::has_single_bit(uiMask) || uiMask >> SRowsOfBits::msc_uiBits != 0)
-    {
-        return nullptr;
-    }
-    const unsigned int uiRow = gsc_oRowsOfBits.m_aui8Row[std::countr_zero(uiMask)];
-    return uiRow < CEdidBase::msc_uiEstablishedCount ? &gsc_aoEstablishedModes[uiRow] : nullptr;
+    const unsigned int uiBit = static_cast<unsigned int>(std::countr_zero(uiMask));
+    const unsigned int uiMode = uiBit / gsc_uiBits * gsc_uiBits + gsc_uiBits - 1 - uiBit % gsc_uiBits;
+    return std::has_single_bit(uiMask) && uiMode < gsc_uiEstablishedModes ? &gsc_aoEstablishedModes[uiMode] : nullptr;
 }
-static_assert(std::ranges::all_of(gsc_aoEstablishedModes, [](const SEstablishedMode& oMode) {
-    return FindEstablishedMode(static_cast<unsigned int>(oMode.m_eId)) == &oMode;
-}));
+static_assert(FindEstablishedMode(CEdidBase::eEstablished640x480At60)->m_ui8Dmt == 0x04);
+static_assert(FindEstablishedMode(CEdidBase::eEstablished1152x870At75)->m_ui16Width == 1152);
+
+// Listed when only VESA's own modes are asked for. The interlaced 1024 x 768 is a DMT mode, yet not counted.
+constexpr bool IsVesa(const SEstablishedMode& oMode)
+{
+    const SDmtMode* poDmt = FindDmtMode(oMode.m_ui8Dmt);
+    return poDmt != nullptr && !poDmt->m_oTiming.IsInterlaced();
+}
 
 // The mode of a bit, where the bits declare it and the list has it; else null. Counting and listing both ask here: a
-// row of the table always gives a timing, so that none need be computed to count.
+// mode always gives a timing, so that none need be computed to count.
 const SEstablishedMode* FindListedMode(unsigned int uiDeclared, unsigned int uiMask, int bVesaOnly)
 {
     const SEstablishedMode* poMode = (uiDeclared & uiMask) != 0 ? FindEstablishedMode(uiMask) : nullptr;
-    return poMode != nullptr && (bVesaOnly == 0 || poMode->m_bVesa) ? poMode : nullptr;
+    return poMode != nullptr && (bVesaOnly == 0 || IsVesa(*poMode)) ? poMode : nullptr;
 }
 
+// By formula where no DMT mode is meant.
 int GetEstablishedTiming(const SEstablishedMode& oMode, CVidParamTiming* poTiming)
 {
-    if (oMode.m_eSource == EEstablishedSource::eGtf)
+    const SDmtMode* poDmt = FindDmtMode(oMode.m_ui8Dmt);
+    if (poDmt == nullptr)
     {
-        return CVidParamGtf::GetVidParam(oMode.m_uiHorizontalActive, oMode.m_uiVerticalActive,
-                                         oMode.m_uiVerticalRateInHz, poTiming);
+        return CVidParamGtf::GetVidParam(oMode.m_ui16Width, oMode.m_ui16Height, oMode.m_ui8Rate, poTiming);
     }
-    return CVidParamDmt::GetVidParam(0, poTiming, oMode.m_uiHorizontalActive, oMode.m_uiVerticalActive,
-                                     oMode.m_uiVerticalRateInHz, CVidParamDmt::eModeListAll);
+    const unsigned int uiFrameRate = poDmt->m_oTiming.IsInterlaced() ? oMode.m_ui8Rate / 2U : oMode.m_ui8Rate;
+    return CVidParamDmt::GetVidParam(0, poTiming, oMode.m_ui16Width, oMode.m_ui16Height, uiFrameRate,
+                                     CVidParamDmt::eModeListAll);
 }
 
 // ---- Standard timings ----
@@ -216,7 +163,7 @@ void CEdidBase::FillEstablishedMask()
 {
     for (unsigned int i = 0; i < msc_uiEstablishedCount; ++i)
     {
-        m_auiEstablishedMask[i] = gsc_aoEstablishedModes[i].m_eId;
+        m_auiEstablishedMask[i] = GetEstablishedMask(i);
     }
 }
 

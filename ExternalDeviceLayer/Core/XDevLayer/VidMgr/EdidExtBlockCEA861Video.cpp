@@ -9,6 +9,7 @@
 #include "Cea861Bytes.h"
 #include "Hdmi1xVsdb.h"
 #include "ListFill.h"
+#include "Standards/VideoCodes.h"
 #include "VidParamCea.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
@@ -28,10 +29,6 @@ constexpr unsigned int gsc_uiBitsPerByte = 8;
 
 // The key of the 1000/1001 variant of a code, in the table and in the lists; it never stands in a block.
 constexpr unsigned int gsc_uiVariantOffset = CVidParamCea::msc_uiVariantKey;
-
-// A short video descriptor: 1 to 127 are codes; with bit 7 set, bits 6 to 0 of 129 to 253 are a native code.
-constexpr unsigned int gsc_uiNativeBit = 0x80;
-constexpr unsigned int gsc_uiHighestSvd = 253;
 
 using SVicCodeEntry = CEdidExtBlockCEA861::SVicCodeEntry;
 using SVicCodeEntryLookUp = CEdidExtBlockCEA861::SVicCodeEntryLookUp;
@@ -62,7 +59,7 @@ SCodeTimings GetCodeTimings(unsigned int uiCode)
 class CHeldTimings
 {
 public:
-    static constexpr unsigned int msc_uiBits = 4 * gsc_uiNativeBit; // codes lie below the native bit
+    static constexpr unsigned int msc_uiBits = 4 * ZorStandards::gsc_uiNativeBit; // codes lie below the native bit
 
     static unsigned int GetBit(const SVicCodeEntry& oEntry)
     {
@@ -702,17 +699,16 @@ const CEdidExtBlockCEA861::SVicCodeEntry& CEdidExtBlockCEA861::GetVicCodeEntry(u
 
 int CEdidExtBlockCEA861::ExtractSvdCodeInfo(unsigned int uiCode, unsigned int* puiVic, int* piNative)
 {
-    const unsigned int uiVic = uiCode & ~gsc_uiNativeBit;
-    const bool bValid = uiCode <= gsc_uiHighestSvd && uiVic != 0;
+    const ZorStandards::SShortVideo oVideo = ZorStandards::ReadListedShortVideo(uiCode);
     if (puiVic != nullptr)
     {
-        *puiVic = bValid ? uiVic : 0;
+        *puiVic = oVideo.m_uiCode;
     }
     if (piNative != nullptr)
     {
-        *piNative = bValid && uiCode >= gsc_uiNativeBit ? 1 : 0;
+        *piNative = oVideo.m_bNative ? 1 : 0;
     }
-    return bValid ? 1 : 0;
+    return oVideo.m_uiCode != 0 ? 1 : 0;
 }
 
 int CEdidExtBlockCEA861::IsSupportedSvd(unsigned int uiCode)

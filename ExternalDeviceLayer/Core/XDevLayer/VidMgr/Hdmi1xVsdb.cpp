@@ -5,6 +5,7 @@
 
 #include "Standards/ByteFields.h"
 #include "Standards/Place.h"
+#include "Standards/VideoCodes.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
@@ -49,9 +50,6 @@ constexpr unsigned int gsc_uiMaskSize = 2;
 constexpr SBitsPlace gsc_oVicOrder = { 0, 7, 4 };
 constexpr SBitsPlace gsc_oStructure = { 0, 3, 0 };
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a second byte
-
-// CEA VIC of HDMI VIC 1, 2, 3, 4.
-constexpr unsigned char gsc_aui8CeaVics[] = { 95, 94, 93, 98 };
 
 // Where the 3D data stand, as offsets in the payload; equal ones when there are none.
 struct S3dFields
@@ -259,11 +257,12 @@ int CHdmi1xVsdb::RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload,
 
 int CHdmi1xVsdb::ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic)
 {
-    if (ui8HdmiVic == 0 || ui8HdmiVic > sizeof(gsc_aui8CeaVics))
+    const SHdmiCode* poCode = FindHdmiCode(ui8HdmiVic);
+    if (poCode == nullptr)
     {
         return 0;
     }
-    ui8CeaVic = gsc_aui8CeaVics[ui8HdmiVic - 1];
+    ui8CeaVic = poCode->m_ui8VideoCode;
     return 1;
 }
 

@@ -5,154 +5,71 @@
 
 #include <iterator>
 
+#include "Standards/VideoCodes.h"
 #include "VidParamTable.h"
 #include "ZorAssert.h"
 
 using namespace VidParamTable;
 
-// Video identification codes as published in CEA-861-F, without the codes 6 to 13, 21 to 28, 44, 45, 50, 51, 54, 55, 58
-// and 59. Pixels, lines, kHz; rates are whole hertz, truncated, and frame rates in interlaced rows. A mode published
-// for two rates has the higher one here. Values that depart from the published ones are marked.
+namespace
+{
+using SRow = CVidParamCea::SCeaVidParam;
+
+// The clock that the list has for the whole rate and, with bVariant, the one that its variant is made of: of some codes
+// the published one of 1000/1001 of the rate.
+constexpr unsigned int GetWholeClock(unsigned int uiCode, unsigned int uiClock, bool bVariant)
+{
+    const bool b54 = bVariant && (uiCode == 14 || uiCode == 15);
+    const bool bPublished =
+        uiCode == 35 || uiCode == 36 || uiCode == 48 || uiCode == 49 || uiCode == 56 || uiCode == 57;
+    return b54 || bPublished ? ToFraction(uiClock) : uiClock;
+}
+
+// A row from the standard's numbers. Rates are whole hertz, and frame rates in interlaced rows; a variant has one hertz
+// less, its clock is truncated.
+constexpr SRow MakeRow(unsigned int uiVic)
+{
+    constexpr unsigned int uiVariantOf1 = CVidParamCea::msc_uiVariantKey + 1; // has its published clock
+    constexpr unsigned int uiClockOfVariantOf1 = 25175;
+    const bool bVariant = uiVic > CVidParamCea::msc_uiVariantKey;
+    const unsigned int uiCode = bVariant ? uiVic - CVidParamCea::msc_uiVariantKey : uiVic;
+    const ZorStandards::SPublishedTiming& oTiming = ZorStandards::FindVideoCode(uiCode)->m_oTiming;
+    const unsigned int uiWhole = GetWholeClock(uiCode, oTiming.m_uiClock, bVariant);
+    SRow oRow = {};
+    oRow.uiVic = uiVic;
+    SetColumns(oRow, oTiming);
+    oRow.uiVerticalRateInHz -= bVariant ? 1 : 0;
+    oRow.uiPixelClockInKiloHz = uiVic == uiVariantOf1 ? uiClockOfVariantOf1 : bVariant ? ToFraction(uiWhole) : uiWhole;
+    return oRow;
+}
+} // namespace
+
+// The codes of CEA-861-F, without 6 to 13, 21 to 28, 44, 45, 50, 51, 54, 55, 58 and 59, and the 1000/1001 variants. Of
+// code 39 the published total is 1250 lines; what the row makes of it is 1251.
 // clang-format off
 constexpr CVidParamCea::SCeaVidParam CVidParamCea::msc_aoCea861FTable[] = {
-    // vic    active    rate clock kHz  h front sync back v front sync back flags
-    {    1,  640,  480,  60,  25200,     16,  96,  48,   10,  2,  33, gsc_uiSyncNN },
-    {    2,  720,  480,  60,  27027,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN },
-    {    3,  720,  480,  60,  27027,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN },
-    {    4, 1280,  720,  60,  74250,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {    5, 1920, 1080,  30,  74250,     88,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    {   14, 1440,  480,  60,  54054,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN },
-    {   15, 1440,  480,  60,  54054,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN },
-    {   16, 1920, 1080,  60, 148500,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   17,  720,  576,  50,  27000,     12,  64,  68,    5,  5,  39, gsc_uiSyncNN },
-    {   18,  720,  576,  50,  27000,     12,  64,  68,    5,  5,  39, gsc_uiSyncNN },
-    {   19, 1280,  720,  50,  74250,    440,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   20, 1920, 1080,  25,  74250,    528,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    {   29, 1440,  576,  50,  54000,     24, 128, 136,    5,  5,  39, gsc_uiSyncNN },
-    {   30, 1440,  576,  50,  54000,     24, 128, 136,    5,  5,  39, gsc_uiSyncNN },
-    {   31, 1920, 1080,  50, 148500,    528,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   32, 1920, 1080,  24,  74250,    638,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   33, 1920, 1080,  25,  74250,    528,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   34, 1920, 1080,  30,  74250,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   35, 2880,  480,  60, 108000,     64, 248, 240,    9,  6,  30, gsc_uiSyncNN }, // clock of the 59.94 Hz mode
-    {   36, 2880,  480,  60, 108000,     64, 248, 240,    9,  6,  30, gsc_uiSyncNN }, // clock of the 59.94 Hz mode
-    {   37, 2880,  576,  50, 108000,     48, 256, 272,    5,  5,  39, gsc_uiSyncNN },
-    {   38, 2880,  576,  50, 108000,     48, 256, 272,    5,  5,  39, gsc_uiSyncNN },
-    {   39, 1920, 1080,  25,  72000,     32, 168, 184,   23,  5,  57, gsc_uiSyncPN | gsc_uiInterlaced }, // published total is 1250 lines, this one makes 1251
-    {   40, 1920, 1080,  50, 148500,    528,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    {   41, 1280,  720, 100, 148500,    440,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   42,  720,  576, 100,  54000,     12,  64,  68,    5,  5,  39, gsc_uiSyncNN },
-    {   43,  720,  576, 100,  54000,     12,  64,  68,    5,  5,  39, gsc_uiSyncNN },
-    {   46, 1920, 1080,  60, 148500,     88,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    {   47, 1280,  720, 120, 148500,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   48,  720,  480, 120,  54000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // clock of the 119.88 Hz mode
-    {   49,  720,  480, 120,  54000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // clock of the 119.88 Hz mode
-    {   52,  720,  576, 200, 108000,     12,  64,  68,    5,  5,  39, gsc_uiSyncNN },
-    {   53,  720,  576, 200, 108000,     12,  64,  68,    5,  5,  39, gsc_uiSyncNN },
-    {   56,  720,  480, 240, 108000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // clock of the 239.76 Hz mode
-    {   57,  720,  480, 240, 108000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // clock of the 239.76 Hz mode
-    {   60, 1280,  720,  24,  59400,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   61, 1280,  720,  25,  74250,   2420,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   62, 1280,  720,  30,  74250,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   63, 1920, 1080, 120, 297000,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   64, 1920, 1080, 100, 297000,    528,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   65, 1280,  720,  24,  59400,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   66, 1280,  720,  25,  74250,   2420,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   67, 1280,  720,  30,  74250,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   68, 1280,  720,  50,  74250,    440,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   69, 1280,  720,  60,  74250,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   70, 1280,  720, 100, 148500,    440,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   71, 1280,  720, 120, 148500,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   72, 1920, 1080,  24,  74250,    638,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   73, 1920, 1080,  25,  74250,    528,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   74, 1920, 1080,  30,  74250,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   75, 1920, 1080,  50, 148500,    528,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   76, 1920, 1080,  60, 148500,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   77, 1920, 1080, 100, 297000,    528,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   78, 1920, 1080, 120, 297000,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   79, 1680,  720,  24,  59400,   1360,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   80, 1680,  720,  25,  59400,   1228,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   81, 1680,  720,  30,  59400,    700,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   82, 1680,  720,  50,  82500,    260,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   83, 1680,  720,  60,  99000,    260,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    {   84, 1680,  720, 100, 165000,     60,  40, 220,    5,  5,  95, gsc_uiSyncPP },
-    {   85, 1680,  720, 120, 198000,     60,  40, 220,    5,  5,  95, gsc_uiSyncPP },
-    {   86, 2560, 1080,  24,  99000,    998,  44, 148,    4,  5,  11, gsc_uiSyncPP },
-    {   87, 2560, 1080,  25,  90000,    448,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   88, 2560, 1080,  30, 118800,    768,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   89, 2560, 1080,  50, 185625,    548,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    {   90, 2560, 1080,  60, 198000,    248,  44, 148,    4,  5,  11, gsc_uiSyncPP },
-    {   91, 2560, 1080, 100, 371250,    218,  44, 148,    4,  5, 161, gsc_uiSyncPP },
-    {   92, 2560, 1080, 120, 495000,    548,  44, 148,    4,  5, 161, gsc_uiSyncPP },
-    {   93, 3840, 2160,  24, 297000,   1276,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {   94, 3840, 2160,  25, 297000,   1056,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {   95, 3840, 2160,  30, 297000,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {   96, 3840, 2160,  50, 594000,   1056,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {   97, 3840, 2160,  60, 594000,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {   98, 4096, 2160,  24, 297000,   1020,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {   99, 4096, 2160,  25, 297000,    968,  88, 128,    8, 10,  72, gsc_uiSyncPP },
-    {  100, 4096, 2160,  30, 297000,     88,  88, 128,    8, 10,  72, gsc_uiSyncPP },
-    {  101, 4096, 2160,  50, 594000,    968,  88, 128,    8, 10,  72, gsc_uiSyncPP },
-    {  102, 4096, 2160,  60, 594000,     88,  88, 128,    8, 10,  72, gsc_uiSyncPP },
-    {  103, 3840, 2160,  24, 297000,   1276,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {  104, 3840, 2160,  25, 297000,   1056,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {  105, 3840, 2160,  30, 297000,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {  106, 3840, 2160,  50, 594000,   1056,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    {  107, 3840, 2160,  60, 594000,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    // The 1000/1001 variants: one hertz less, clock * 1000 / 1001 truncated.
-    { 1001,  640,  480,  59,  25175,     16,  96,  48,   10,  2,  33, gsc_uiSyncNN }, // published clock, not 25200 * 1000 / 1001
-    { 1002,  720,  480,  59,  27000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN },
-    { 1003,  720,  480,  59,  27000,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN },
-    { 1004, 1280,  720,  59,  74175,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1005, 1920, 1080,  29,  74175,     88,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    { 1014, 1440,  480,  59,  53946,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN }, // neither published nor 54054 * 1000 / 1001 (both 54000)
-    { 1015, 1440,  480,  59,  53946,     32, 124, 120,    9,  6,  30, gsc_uiSyncNN }, // neither published nor 54054 * 1000 / 1001 (both 54000)
-    { 1016, 1920, 1080,  59, 148351,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1032, 1920, 1080,  23,  74175,    638,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1034, 1920, 1080,  29,  74175,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1035, 2880,  480,  59, 107892,     64, 248, 240,    9,  6,  30, gsc_uiSyncNN }, // published: 108000
-    { 1036, 2880,  480,  59, 107892,     64, 248, 240,    9,  6,  30, gsc_uiSyncNN }, // published: 108000
-    { 1046, 1920, 1080,  59, 148351,     88,  44, 148,    2,  5,  15, gsc_uiSyncPP | gsc_uiInterlaced },
-    { 1047, 1280,  720, 119, 148351,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1048,  720,  480, 119,  53946,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // published: 54000
-    { 1049,  720,  480, 119,  53946,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // published: 54000
-    { 1056,  720,  480, 239, 107892,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // published: 108000
-    { 1057,  720,  480, 239, 107892,     16,  62,  60,    9,  6,  30, gsc_uiSyncNN }, // published: 108000
-    { 1060, 1280,  720,  23,  59340,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1062, 1280,  720,  29,  74175,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1063, 1920, 1080, 119, 296703,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1065, 1280,  720,  23,  59340,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1067, 1280,  720,  29,  74175,   1760,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1069, 1280,  720,  59,  74175,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1071, 1280,  720, 119, 148351,    110,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1072, 1920, 1080,  23,  74175,    638,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1074, 1920, 1080,  29,  74175,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1076, 1920, 1080,  59, 148351,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1078, 1920, 1080, 119, 296703,     88,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1079, 1680,  720,  23,  59340,   1360,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1081, 1680,  720,  29,  59340,    700,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1083, 1680,  720,  59,  98901,    260,  40, 220,    5,  5,  20, gsc_uiSyncPP },
-    { 1085, 1680,  720, 119, 197802,     60,  40, 220,    5,  5,  95, gsc_uiSyncPP },
-    { 1086, 2560, 1080,  23,  98901,    998,  44, 148,    4,  5,  11, gsc_uiSyncPP },
-    { 1088, 2560, 1080,  29, 118681,    768,  44, 148,    4,  5,  36, gsc_uiSyncPP },
-    { 1090, 2560, 1080,  59, 197802,    248,  44, 148,    4,  5,  11, gsc_uiSyncPP },
-    { 1092, 2560, 1080, 119, 494505,    548,  44, 148,    4,  5, 161, gsc_uiSyncPP },
-    { 1093, 3840, 2160,  23, 296703,   1276,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    { 1095, 3840, 2160,  29, 296703,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    { 1097, 3840, 2160,  59, 593406,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    { 1098, 4096, 2160,  23, 296703,   1020,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    { 1100, 4096, 2160,  29, 296703,     88,  88, 128,    8, 10,  72, gsc_uiSyncPP },
-    { 1102, 4096, 2160,  59, 593406,     88,  88, 128,    8, 10,  72, gsc_uiSyncPP },
-    { 1103, 3840, 2160,  23, 296703,   1276,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    { 1105, 3840, 2160,  29, 296703,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
-    { 1107, 3840, 2160,  59, 593406,    176,  88, 296,    8, 10,  72, gsc_uiSyncPP },
+    MakeRow(1), MakeRow(2), MakeRow(3), MakeRow(4), MakeRow(5), MakeRow(14), MakeRow(15), MakeRow(16), MakeRow(17),
+    MakeRow(18), MakeRow(19), MakeRow(20), MakeRow(29), MakeRow(30), MakeRow(31), MakeRow(32), MakeRow(33),
+    MakeRow(34), MakeRow(35), MakeRow(36), MakeRow(37), MakeRow(38), MakeRow(39), MakeRow(40), MakeRow(41),
+    MakeRow(42), MakeRow(43), MakeRow(46), MakeRow(47), MakeRow(48), MakeRow(49), MakeRow(52), MakeRow(53),
+    MakeRow(56), MakeRow(57), MakeRow(60), MakeRow(61), MakeRow(62), MakeRow(63), MakeRow(64), MakeRow(65),
+    MakeRow(66), MakeRow(67), MakeRow(68), MakeRow(69), MakeRow(70), MakeRow(71), MakeRow(72), MakeRow(73),
+    MakeRow(74), MakeRow(75), MakeRow(76), MakeRow(77), MakeRow(78), MakeRow(79), MakeRow(80), MakeRow(81),
+    MakeRow(82), MakeRow(83), MakeRow(84), MakeRow(85), MakeRow(86), MakeRow(87), MakeRow(88), MakeRow(89),
+    MakeRow(90), MakeRow(91), MakeRow(92), MakeRow(93), MakeRow(94), MakeRow(95), MakeRow(96), MakeRow(97),
+    MakeRow(98), MakeRow(99), MakeRow(100), MakeRow(101), MakeRow(102), MakeRow(103), MakeRow(104), MakeRow(105),
+    MakeRow(106), MakeRow(107), MakeRow(1001), MakeRow(1002), MakeRow(1003), MakeRow(1004), MakeRow(1005),
+    MakeRow(1014), MakeRow(1015), MakeRow(1016), MakeRow(1032), MakeRow(1034), MakeRow(1035), MakeRow(1036),
+    MakeRow(1046), MakeRow(1047), MakeRow(1048), MakeRow(1049), MakeRow(1056), MakeRow(1057), MakeRow(1060),
+    MakeRow(1062), MakeRow(1063), MakeRow(1065), MakeRow(1067), MakeRow(1069), MakeRow(1071), MakeRow(1072),
+    MakeRow(1074), MakeRow(1076), MakeRow(1078), MakeRow(1079), MakeRow(1081), MakeRow(1083), MakeRow(1085),
+    MakeRow(1086), MakeRow(1088), MakeRow(1090), MakeRow(1092), MakeRow(1093), MakeRow(1095), MakeRow(1097),
+    MakeRow(1098), MakeRow(1100), MakeRow(1102), MakeRow(1103), MakeRow(1105), MakeRow(1107),
 };
 // clang-format on
 
 namespace
 {
-using SRow = CVidParamCea::SCeaVidParam;
-
 constexpr bool IsRisingByVic()
 {
     for (unsigned int i = 1; i < CVidParamCea::msc_uiCea861FRowCount; ++i)

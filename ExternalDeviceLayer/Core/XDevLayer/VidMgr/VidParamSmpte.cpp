@@ -12,6 +12,8 @@ namespace
 {
 using SRow = CVidParamSmpte::SSmpteVidParam;
 
+constexpr unsigned int gsc_uiSyncPP = gsc_uiHorizontalPositive | gsc_uiVerticalPositive;
+
 // 2048 x 1080 production modes, by falling rate. Pixels, lines, kHz; whole hertz, truncated.
 // clang-format off
 constexpr SRow g_aoSmpteTable[] = {

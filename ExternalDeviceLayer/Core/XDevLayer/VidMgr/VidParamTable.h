@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "Standards/PublishedTiming.h"
 #include "VidParamFill.h"
 #include "VidParamTiming.h"
 
@@ -14,13 +15,29 @@ constexpr unsigned int gsc_uiHorizontalPositive = 1U << 2;
 constexpr unsigned int gsc_uiVerticalPositive = 1U << 3;
 constexpr unsigned int gsc_uiReduced = 1U << 7;
 
-// Short forms for the rows: horizontal polarity, then vertical.
-constexpr unsigned int gsc_uiSyncNN = 0;
-constexpr unsigned int gsc_uiSyncPN = gsc_uiHorizontalPositive;
-constexpr unsigned int gsc_uiSyncNP = gsc_uiVerticalPositive;
-constexpr unsigned int gsc_uiSyncPP = gsc_uiHorizontalPositive | gsc_uiVerticalPositive;
-
 constexpr bool IsFlagSet(unsigned int uiFlags, unsigned int uiMask) { return (uiFlags & uiMask) != 0; }
+
+// 1000/1001 of a clock, truncated.
+constexpr unsigned int ToFraction(unsigned int uiClock) { return static_cast<unsigned int>(uiClock * 1000ULL / 1001); }
+
+// The columns that all row types have, from a published timing. Interlaced rows have frame rates.
+template <class ROW>
+constexpr void SetColumns(ROW& oRow, const ZorStandards::SPublishedTiming& oTiming)
+{
+    oRow.uiHorizontalActive = oTiming.m_ui16Width;
+    oRow.uiVerticalActive = oTiming.m_ui16Height;
+    oRow.uiVerticalRateInHz = oTiming.m_ui8Rate / (oTiming.IsInterlaced() ? 2U : 1U);
+    oRow.uiPixelClockInKiloHz = oTiming.m_uiClock;
+    oRow.uiHorizontalFrontPorch = oTiming.m_ui16HorizontalFront;
+    oRow.uiHorizontalSync = oTiming.m_ui16HorizontalSync;
+    oRow.uiHorizontalBackPorch = oTiming.m_ui16HorizontalBack;
+    oRow.uiVerticalFrontPorch = oTiming.m_ui8VerticalFront;
+    oRow.uiVerticalSync = oTiming.m_ui8VerticalSync;
+    oRow.uiVerticalBackPorch = oTiming.m_ui16VerticalBack;
+    oRow.uiFlags = (oTiming.IsInterlaced() ? gsc_uiInterlaced : 0U) |
+                   (oTiming.IsHorizontalPositive() ? gsc_uiHorizontalPositive : 0U) |
+                   (oTiming.IsVerticalPositive() ? gsc_uiVerticalPositive : 0U);
+}
 
 // What a caller asks for; 0 passes every row.
 struct SFilter

@@ -22,8 +22,108 @@ protected:
         return m_oMap.GetField(m_oMap.FindLeaf(uiOffset, uiBit)).m_pszName;
     }
 
+    // Of the leaf at bit 0 of a byte, or of its group.
+    CZorEdidMap::SMode GetMode(unsigned int uiOffset, bool bGroup) const
+    {
+        const unsigned int uiLeaf = m_oMap.FindLeaf(uiOffset, 0);
+        CZorEdidMap::SMode oMode = {};
+        EXPECT_TRUE(m_oMap.GetMode(bGroup ? m_oMap.GetField(uiLeaf).m_uiGroup : uiLeaf, oMode)) << uiOffset;
+        return oMode;
+    }
+
     CZorEdidMap m_oMap;
 };
+
+std::vector<unsigned int> Numbers(const CLine& asLine, const std::vector<size_t>& auiColumns)
+{
+    std::vector<unsigned int> auiNumbers;
+    std::ranges::transform(auiColumns, std::back_inserter(auiNumbers),
+                           [&](size_t uiColumn) { return ParseNumber(asLine[uiColumn]); });
+    return auiNumbers;
+}
+
+std::vector<unsigned int> GetNumbers(const CZorEdidMap::SMode& oMode)
+{
+    const CZorEdidMap::SAxis& oX = oMode.m_oHorizontal;
+    const CZorEdidMap::SAxis& oY = oMode.m_oVertical;
+    return { oX.m_uiActive, oX.m_uiFront, oX.m_uiSync, oX.m_uiTotal,
+             oY.m_uiActive, oY.m_uiFront, oY.m_uiSync, oY.m_uiTotal };
+}
+
+std::string GetSigns(const CZorEdidMap::SMode& oMode)
+{
+    return std::string(oMode.m_oHorizontal.m_bPositive ? "+" : "-") + (oMode.m_oVertical.m_bPositive ? "+" : "-");
+}
+
+// Width, height, scan, rate in hundredths of Hz, announced fraction, blanking, 4:2:0, native, preferred.
+std::string FormatMode(const CZorEdidMap& oMap, unsigned int uiField, unsigned int uiIndex)
+{
+    CZorEdidMap::SMode oMode = {};
+    if (!oMap.GetMode(uiField, oMode, uiIndex))
+    {
+        return "none";
+    }
+    std::string sText = std::to_string(oMode.m_uiWidth) + "x" + std::to_string(oMode.m_uiHeight) +
+                        (oMode.m_bInterlaced ? "i" : "") + " ";
+    sText += std::to_string((oMode.m_oRate.m_ullDividend * 100 + oMode.m_oRate.m_ullDivisor / 2) /
+                            oMode.m_oRate.m_ullDivisor);
+    sText += oMode.m_bFractionToo ? " fraction" : "";
+    sText += " blanking " + std::to_string(oMode.m_eBlanking) + " 420 " + std::to_string(oMode.m_eY420);
+    sText += std::string(oMode.m_bNative ? " native" : "") + (oMode.m_bPreferred ? " preferred" : "") +
+             (oMode.m_bReference ? " reference" : "") + (oMode.m_bTiming ? " timing" : "");
+    return sText;
+}
+
+// All modes of the extension block, group or leaf, in the order of the map.
+std::string ListModes(const CZorEdidMap& oMap)
+{
+    std::string sText;
+    for (unsigned int i = oMap.GetField(0).m_uiEnd; i < oMap.GetFieldCount(); ++i)
+    {
+        CZorEdidMap::SMode oMode = {};
+        for (unsigned int j = 0; oMap.GetMode(i, oMode, j); ++j)
+        {
+            sText += FormatMode(oMap, i, j) + "; ";
+        }
+    }
+    return sText;
+}
+
+struct SModesCase
+{
+    const char* m_pszName;
+    CBytes m_aui8Block;
+    const char* m_pszModes;
+};
+
+TEST(MapModes, OfEachKindOfField)
+{
+    const SModesCase aoCases[] = {
+        { "codes, native, a 4:2:0 map and one only in 4:2:0",
+          { 2, 3, 15, 0, 0x44, 0x90, 1, 0xE1, 6, 0xE2, 0x0F, 0x05, 0xE2, 0x0E, 0x61 },
+          "1920x1080 6000 fraction blanking 0 420 0 native timing; 640x480 6000 fraction blanking 0 420 0 timing; "
+          "720x480i 6000 fraction blanking 0 420 0 timing; 1920x1080 6000 fraction blanking 0 420 1 timing; "
+          "3840x2160 6000 fraction blanking 0 420 2 timing; " },
+        { "video formats: 24, 30 and 60 Hz, and 25 and 50 Hz as well",
+          { 2, 3, 8, 0, 0xC3, 0x40, 0x44, 0x84 },
+          "1920x1080 2400 fraction blanking 0 420 0; 1920x1080 3000 fraction blanking 0 420 0; "
+          "1920x1080 6000 fraction blanking 0 420 0; 1920x1080 2500 blanking 0 420 0; "
+          "1920x1080 3000 fraction blanking 0 420 0; 1920x1080 5000 blanking 0 420 0; "
+          "1920x1080 6000 fraction blanking 0 420 0; " },
+        { "DisplayID types V and X", MakeDisplayIdBlock(MakeDataBlock(0x11, 0, ParseBytes("90 00 7F 07 37 04 77"))),
+          "1920x1080 12000 fraction blanking 3 420 0 preferred; " },
+        { "DisplayID codes of HDMI", MakeDisplayIdBlock(MakeDataBlock(0x06, 0x81, { 4, 5 })),
+          "4096x2160 2400 blanking 0 420 0 timing; " },
+    };
+    for (const SModesCase& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_pszName);
+        const CBytes aui8Image = BehindBaseBlock(oCase.m_aui8Block);
+        CZorEdidMap oMap;
+        ASSERT_EQ(1, oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
+        EXPECT_EQ(oCase.m_pszModes, ListModes(oMap));
+    }
+}
 
 unsigned int ParseHex(const std::string& sText) { return ParseNumber("0x" + sText); }
 
@@ -49,6 +149,15 @@ TEST_F(MapTables, VideoCodes)
         EXPECT_TRUE(sValue.starts_with(asLine[0] + ", " + sSize)) << asLine[0] << ": " << sValue;
         EXPECT_NE(std::string::npos, sValue.find(asLine[6] + " Hz ")) << asLine[0] << ": " << sValue;
         EXPECT_TRUE(sValue.ends_with(" " + asLine[19])) << asLine[0] << ": " << sValue;
+        const CZorEdidMap::SMode oMode = GetMode(gsc_uiBlockSize + 5, true);
+        EXPECT_EQ(ParseNumber(asLine[0]), oMode.m_uiCode);
+        EXPECT_EQ(Numbers(asLine, { 1, 9, 10, 12, 2, 13, 14, 16 }), GetNumbers(oMode)) << asLine[0];
+        EXPECT_EQ(asLine[17] + asLine[18], GetSigns(oMode)) << asLine[0];
+        // The clock of the whole rate is the larger one.
+        const double dClock = std::max(atof(asLine[7].c_str()), atof(asLine[8].c_str()));
+        EXPECT_EQ(dClock * 1000, static_cast<double>(oMode.m_ullClock)) << asLine[0];
+        EXPECT_EQ(!asLine[8].empty(), oMode.m_bFractionToo) << asLine[0];
+        EXPECT_EQ(asLine[19], std::to_string(oMode.m_uiAspectWidth) + ":" + std::to_string(oMode.m_uiAspectHeight));
     }
 }
 
@@ -61,6 +170,7 @@ TEST_F(MapTables, DmtModes)
         ReadMap(BehindBaseBlock(MakeDisplayIdBlock(MakeDataBlock(0x06, 0, { ui8Id }))));
         const std::string sCode = std::to_string(unsigned{ ui8Id }) + ",";
         EXPECT_EQ(sCode + Plain(asLine[3]), Plain(GetValue(gsc_uiBlockSize + 8))) << asLine[0];
+        EXPECT_TRUE(GetMode(gsc_uiBlockSize + 8, false).m_bTiming) << asLine[0];
     }
 }
 

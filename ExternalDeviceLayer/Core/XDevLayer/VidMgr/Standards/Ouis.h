@@ -1,0 +1,45 @@
+// Companies by the identifiers that IEEE assigns. Private to the library.
+
+#pragma once
+
+namespace ZorStandards
+{
+struct SOui
+{
+    unsigned int m_uiOui; // as it is written, the first byte on top
+    const char* m_pszName;
+};
+
+inline constexpr unsigned int gsc_uiOuiHdmi = 0x000C03;
+inline constexpr unsigned int gsc_uiOuiHdmiForum = 0xC45DD8;
+
+inline constexpr SOui gsc_aoOuis[] = {
+    { 0x00001A, "AMD" },
+    { 0x00044B, "NVIDIA" },
+    { gsc_uiOuiHdmi, "HDMI Licensing" },
+    { 0x000C6E, "ASUSTek" },
+    { 0x0010FA, "Apple" },
+    { 0x0012FA, "THX" },
+    { 0x0014B9, "MStar" },
+    { 0x00D046, "Dolby Laboratories" },
+    { 0x00E047, "InFocus" },
+    { 0x1ABBFB, "UHD Alliance" },
+    { 0x3A0292, "VESA" },
+    { 0x90848B, "HDR10+ Technologies" },
+    { gsc_uiOuiHdmiForum, "HDMI Forum" },
+    { 0xCA125C, "Microsoft" },
+};
+
+// Null for a company that the list lacks.
+constexpr const char* FindOuiName(unsigned int uiOui)
+{
+    for (const SOui& oOui : gsc_aoOuis)
+    {
+        if (oOui.m_uiOui == uiOui)
+        {
+            return oOui.m_pszName;
+        }
+    }
+    return nullptr;
+}
+} // namespace ZorStandards

@@ -390,15 +390,17 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
 {
     const CZorEdidMap::ESeverity eSeverity =
         IsRevision4(oBlock) ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning;
-    SRangeLimits oLimits = {};
-    for (unsigned int i = 0; i < gsc_uiDescriptorCount && !oLimits.m_bPresent; ++i)
+    unsigned int uiLimits = 0;
+    while (uiLimits < gsc_uiDescriptorCount && !IsTagged(oBlock, uiLimits, gsc_ui8TagRangeLimits))
     {
-        if (IsTagged(oBlock, i, gsc_ui8TagRangeLimits))
-        {
-            oLimits = ReadRangeLimits(GetDescriptor(oBlock, i));
-        }
+        ++uiLimits;
     }
-    for (unsigned int i = 0; i < gsc_uiDescriptorCount && oLimits.m_bPresent; ++i)
+    if (uiLimits == gsc_uiDescriptorCount)
+    {
+        return;
+    }
+    const SRangeLimits oLimits = ReadRangeLimits(GetDescriptor(oBlock, uiLimits));
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
     {
         const char* pszText = IsDetailed(oBlock, i) ? CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits) : nullptr;
         if (pszText != nullptr)

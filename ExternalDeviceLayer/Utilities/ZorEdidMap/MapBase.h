@@ -4,6 +4,7 @@
 
 #include "MapForms.h"
 #include "MapModes.h"
+#include "Standards/Descriptors.h"
 
 namespace ZorMap
 {
@@ -30,18 +31,9 @@ inline const char* CheckReservedZero(const CRecord& /*oRecord*/, unsigned int ui
 
 // ---- Detailed timings against range limits ----
 
-// Of one descriptor. A maximum of 0 limits nothing.
-struct SRangeLimits
-{
-    bool m_bPresent;
-    unsigned int m_uiLeastRate; // Hz
-    unsigned int m_uiMostRate;
-    unsigned int m_uiLeastLineRate; // kHz
-    unsigned int m_uiMostLineRate;
-    unsigned int m_uiMostClock; // 10 kHz
-};
-
-// Both records have gsc_uiMapDescriptorSize bytes, of a range limits descriptor and of a detailed timing.
+// Both records have gsc_uiMapDescriptorSize bytes, of a range limits descriptor and of a detailed timing. A maximum of
+// 0 limits nothing.
+using Descriptors::SRangeLimits;
 SRangeLimits ReadRangeLimits(const CRecord& oRecord);
 // What of the timing lies beyond the limits, as a static text; null when nothing does. Limits are whole numbers: half a
 // unit beyond them is within.

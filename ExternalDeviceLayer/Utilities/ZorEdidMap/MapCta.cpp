@@ -287,13 +287,13 @@ constexpr bool IsEachRowFound()
 }
 static_assert(IsEachRowFound());
 
-SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd)
+// The data block that the walk has reached, which goes over a collection at uiStart.
+SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiStart, const CDataBlockWalk& oWalk)
 {
-    const CRecord oRecord = oWriter.GetRecord(uiOffset, uiEnd - uiOffset);
-    const unsigned int uiTag = oRecord.GetBits(0, 7, 5);
-    const unsigned int uiDeclared = gsc_uiHeaderSize + oRecord.GetBits(0, 4, 0);
-    SFound oFound = { &gsc_oNoExtendedTag, uiOffset, std::min(uiDeclared, uiEnd - uiOffset), gsc_uiHeaderSize, false };
-    oFound.m_bCut = oFound.m_uiSize < uiDeclared;
+    const unsigned int uiTag = oWalk.GetTag();
+    SFound oFound = { &gsc_oNoExtendedTag, uiStart + oWalk.GetPayload().m_uiOffset - gsc_uiHeaderSize,
+                      gsc_uiHeaderSize + oWalk.GetLength(), gsc_uiHeaderSize, oWalk.IsCut() };
+    const CRecord oRecord = oWriter.GetRecord(oFound.m_uiOffset, oFound.m_uiSize);
     if (uiTag == gsc_ui8ExtendedTag)
     {
         if (oFound.m_uiSize < gsc_uiExtendedSize)
@@ -386,20 +386,23 @@ void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
 
 // ---- The walk over a collection ----
 
+// Over the bytes that the image has of a collection; the last data block may be cut short.
+CDataBlockWalk MakeWalk(const CRecord& oCollection)
+{
+    return { oCollection.GetData(), oCollection.GetSize(), 0, oCollection.GetSize() };
+}
+
 // Calls fnVisit for each data block up to uiEnd; runs of zero bytes are left out.
 template <class VISIT>
 void ForEachDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, VISIT fnVisit)
 {
-    while (uiOffset < uiEnd)
+    CDataBlockWalk oWalk = MakeWalk(oWriter.GetRecord(uiOffset, uiEnd - uiOffset));
+    while (oWalk.Next() || oWalk.NextCut())
     {
-        if (oWriter.GetRecord(uiOffset, 1).GetByte(0) == 0)
+        if (oWalk.GetTag() != 0 || oWalk.GetLength() != 0)
         {
-            ++uiOffset;
-            continue;
+            fnVisit(FindDataBlock(oWriter, uiOffset, oWalk));
         }
-        const SFound oFound = FindDataBlock(oWriter, uiOffset, uiEnd);
-        fnVisit(oFound);
-        uiOffset += oFound.m_uiSize;
     }
 }
 
@@ -412,16 +415,14 @@ unsigned int IndexOf(const SCtaBlock& oKind)
 // block of an image asks for the codes of all.
 void CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, SCtaVideoCodes& oCodes)
 {
-    const CRecord oCollection = oWriter.GetRecord(uiOffset, uiEnd - uiOffset);
-    for (unsigned int uiAt = 0; uiAt < oCollection.GetSize();)
+    CDataBlockWalk oWalk = MakeWalk(oWriter.GetRecord(uiOffset, uiEnd - uiOffset));
+    while (oWalk.Next() || oWalk.NextCut())
     {
-        const bool bVideo = oCollection.GetBits(uiAt, 7, 5) == gsc_ui8VideoTag;
-        const unsigned int uiNext = uiAt + gsc_uiHeaderSize + oCollection.GetBits(uiAt, 4, 0);
-        while (++uiAt < std::min(uiNext, oCollection.GetSize()))
+        for (unsigned int i = 0; oWalk.GetTag() == gsc_ui8VideoTag && i < oWalk.GetLength(); ++i)
         {
-            if (bVideo && oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost)
+            if (oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost)
             {
-                oCodes.m_aui8Codes[oCodes.m_uiCount++] = static_cast<unsigned char>(oCollection.GetByte(uiAt));
+                oCodes.m_aui8Codes[oCodes.m_uiCount++] = oWalk.GetByte(i);
             }
         }
     }

@@ -17,39 +17,23 @@ namespace
 {
 // ---- Detailed timings, E-EDID 3.10.2 ----
 
-constexpr SPlace gsc_oClock = Little16(0x00);
-constexpr SPlace gsc_oWidth = Split({ { 0x04, 7, 4 }, { 0x02, 7, 0 } });
-constexpr SPlace gsc_oHorizontalBlanking = Split({ { 0x04, 3, 0 }, { 0x03, 7, 0 } });
-constexpr SPlace gsc_oHeight = Split({ { 0x07, 7, 4 }, { 0x05, 7, 0 } });
-constexpr SPlace gsc_oVerticalBlanking = Split({ { 0x07, 3, 0 }, { 0x06, 7, 0 } });
-constexpr SPlace gsc_oHorizontalPorch = Split({ { 0x0B, 7, 6 }, { 0x08, 7, 0 } });
-constexpr SPlace gsc_oHorizontalSync = Split({ { 0x0B, 5, 4 }, { 0x09, 7, 0 } });
-constexpr SPlace gsc_oVerticalPorch = Split({ { 0x0B, 3, 2 }, { 0x0A, 7, 4 } });
-constexpr SPlace gsc_oVerticalSync = Split({ { 0x0B, 1, 0 }, { 0x0A, 3, 0 } });
-constexpr SPlace gsc_oImageWidth = Split({ { 0x0E, 7, 4 }, { 0x0C, 7, 0 } });
-constexpr SPlace gsc_oImageHeight = Split({ { 0x0E, 3, 0 }, { 0x0D, 7, 0 } });
-constexpr unsigned int gsc_uiHorizontalBorderOffset = 0x0F;
-constexpr unsigned int gsc_uiVerticalBorderOffset = 0x10;
-constexpr SPlace gsc_oStereo = Split({ { 0x11, 6, 5 }, { 0x11, 0, 0 } });
-constexpr unsigned int gsc_uiFlagsOffset = 0x11;
-constexpr unsigned int gsc_uiInterlacedBit = 7;
-bool IsAnalogSync(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) < 2; }
-bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 2; }
-bool IsDigitalSeparate(const CRecord& oRecord) { return oRecord.GetBits(gsc_uiFlagsOffset, 4, 3) == 3; }
+bool IsAnalogSync(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) < gsc_uiDigitalCompositeSync; }
+bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) == gsc_uiDigitalCompositeSync; }
+bool IsDigitalSeparate(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) == gsc_uiDigitalSeparateSync; }
 
 const char* CheckNotZero(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is no size" : nullptr; }
 const char* CheckClock(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is no clock" : nullptr; }
 
 const char* CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return oRecord.Get(gsc_oHorizontalPorch) + oRecord.Get(gsc_oHorizontalSync) > uiValue
+    return oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync) > uiValue
                ? "shorter than front porch and sync pulse"
                : nullptr;
 }
 
 const char* CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return oRecord.Get(gsc_oVerticalPorch) + oRecord.Get(gsc_oVerticalSync) > uiValue
+    return oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync) > uiValue
                ? "shorter than front porch and sync pulse"
                : nullptr;
 }
@@ -76,14 +60,14 @@ constexpr unsigned int gsc_uiHzPerClock = 10000;
 
 unsigned int GetTotalWidth(const CRecord& oRecord)
 {
-    return oRecord.Get(gsc_oWidth) + oRecord.Get(gsc_oHorizontalBlanking);
+    return oRecord.Get(gsc_oHorizontalActive) + oRecord.Get(gsc_oHorizontalBlanking);
 }
 
 // Of a field: an interlaced one ends with a half line.
 unsigned int GetHalfLines(const CRecord& oRecord)
 {
-    return 2 * (oRecord.Get(gsc_oHeight) + oRecord.Get(gsc_oVerticalBlanking)) +
-           (oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit) ? 1U : 0U);
+    return 2 * (oRecord.Get(gsc_oVerticalActive) + oRecord.Get(gsc_oVerticalBlanking)) +
+           ((oRecord.Get(gsc_oInterlaced) != 0) ? 1U : 0U);
 }
 
 bool MakeDetailedMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
@@ -93,26 +77,26 @@ bool MakeDetailedMode(const CRecord& oRecord, const SModeSource& oSource, CMode&
     {
         return false;
     }
-    const bool bInterlaced = oRecord.IsSet(gsc_uiFlagsOffset, gsc_uiInterlacedBit);
-    const unsigned int uiHeight = oRecord.Get(gsc_oHeight) * (bInterlaced ? 2 : 1);
+    const bool bInterlaced = oRecord.Get(gsc_oInterlaced) != 0;
+    const unsigned int uiHeight = oRecord.Get(gsc_oVerticalActive) * (bInterlaced ? 2 : 1);
     const unsigned int uiTotalHeight = bInterlaced ? GetHalfLines(oRecord) : GetHalfLines(oRecord) / 2;
-    const unsigned long long ullClock = 1ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oClock);
-    oMode = MakeBareMode(CZorEdidMap::eModeKind_Detailed, 0, oRecord.Get(gsc_oWidth), uiHeight, bInterlaced,
+    const unsigned long long ullClock = 1ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oPixelClock);
+    oMode = MakeBareMode(CZorEdidMap::eModeKind_Detailed, 0, oRecord.Get(gsc_oHorizontalActive), uiHeight, bInterlaced,
                          { (bInterlaced ? 2 : 1) * ullClock, 1ULL * GetTotalWidth(oRecord) * uiTotalHeight });
     oMode.m_bTiming = true;
     oMode.m_ullClock = ullClock;
     oMode.m_oHorizontal = { oMode.m_uiWidth,
-                            oRecord.Get(gsc_oHorizontalPorch),
+                            oRecord.Get(gsc_oHorizontalFrontPorch),
                             oRecord.Get(gsc_oHorizontalSync),
                             GetTotalWidth(oRecord),
-                            oRecord.GetByte(gsc_uiHorizontalBorderOffset),
-                            !IsAnalogSync(oRecord) && oRecord.IsSet(gsc_uiFlagsOffset, 1) };
+                            oRecord.Get(gsc_oHorizontalBorder),
+                            !IsAnalogSync(oRecord) && oRecord.Get(gsc_oHorizontalPositive) != 0 };
     oMode.m_oVertical = { uiHeight,
-                          oRecord.Get(gsc_oVerticalPorch),
+                          oRecord.Get(gsc_oVerticalFrontPorch),
                           oRecord.Get(gsc_oVerticalSync),
                           uiTotalHeight,
-                          oRecord.GetByte(gsc_uiVerticalBorderOffset),
-                          IsDigitalSeparate(oRecord) && oRecord.IsSet(gsc_uiFlagsOffset, 2) };
+                          oRecord.Get(gsc_oVerticalBorder),
+                          IsDigitalSeparate(oRecord) && oRecord.Get(gsc_oVerticalPositive) != 0 };
     const unsigned int uiStereo = oRecord.Get(gsc_oStereo);
     oMode.m_eStereo = uiStereo < uiFirstStereo ? CZorEdidMap::eStereo_No : static_cast<CZorEdidMap::EStereo>(uiStereo);
     return true;
@@ -135,20 +119,20 @@ constexpr auto gsc_aoSerrations = Listed({ "without", "with (H-sync during V-syn
 constexpr auto gsc_aoSyncOn = Listed({ "green only", "all three (RGB)" });
 
 constexpr SRow gsc_aoDetailedRows[] = {
-    { eId_BaseDetailedPixelClock, gsc_oClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
-    { eId_BaseDetailedHorizontalActive, gsc_oWidth, "Horizontal addressable video", Number("pixels"), nullptr,
-      CheckNotZero },
+    { eId_BaseDetailedPixelClock, gsc_oPixelClock, "Pixel clock", Number("MHz").Decimals(2), nullptr, CheckClock },
+    { eId_BaseDetailedHorizontalActive, gsc_oHorizontalActive, "Horizontal addressable video", Number("pixels"),
+      nullptr, CheckNotZero },
     { eId_BaseDetailedHorizontalBlanking, gsc_oHorizontalBlanking, "Horizontal blanking", Number("pixels"), nullptr,
       CheckHorizontalBlanking },
-    { eId_BaseDetailedVerticalActive, gsc_oHeight, "Vertical addressable video", Number("lines"), nullptr,
+    { eId_BaseDetailedVerticalActive, gsc_oVerticalActive, "Vertical addressable video", Number("lines"), nullptr,
       CheckNotZero },
     { eId_BaseDetailedVerticalBlanking, gsc_oVerticalBlanking, "Vertical blanking", Number("lines"), nullptr,
       CheckVerticalBlanking },
-    { eId_BaseDetailedHorizontalFrontPorch, gsc_oHorizontalPorch, "Horizontal front porch", Number("pixels").NoteOnly(),
-      nullptr, CheckPorch },
+    { eId_BaseDetailedHorizontalFrontPorch, gsc_oHorizontalFrontPorch, "Horizontal front porch",
+      Number("pixels").NoteOnly(), nullptr, CheckPorch },
     { eId_BaseDetailedHorizontalSyncWidth, gsc_oHorizontalSync, "Horizontal sync pulse width", Number("pixels"),
       nullptr, CheckSync },
-    { eId_BaseDetailedVerticalFrontPorch, gsc_oVerticalPorch, "Vertical front porch", Number("lines").NoteOnly(),
+    { eId_BaseDetailedVerticalFrontPorch, gsc_oVerticalFrontPorch, "Vertical front porch", Number("lines").NoteOnly(),
       nullptr, CheckPorch },
     { eId_BaseDetailedVerticalSyncWidth, gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr,
       CheckSync },
@@ -156,20 +140,19 @@ constexpr SRow gsc_aoDetailedRows[] = {
       Number("mm").With(gsc_aoZeroNotGiven).NoteOnly(), nullptr, CheckImageSize },
     { eId_BaseDetailedImageHeight, gsc_oImageHeight, "Vertical addressable video image size",
       Number("mm").With(gsc_aoZeroNotGiven) },
-    { eId_BaseDetailedHorizontalBorder, Byte(0x0F), "Horizontal border", Number("pixels") }, // each side
-    { eId_BaseDetailedVerticalBorder, Byte(0x10), "Vertical border", Number("lines") },      // top and bottom each
-    { eId_BaseDetailedInterlaced, Bit(0x11, gsc_uiInterlacedBit), "Signal interface type", Flag(gsc_aoScan) },
-    { eId_BaseDetailedStereo, Split({ { 0x11, 6, 5 }, { 0x11, 0, 0 } }), "Stereo viewing support",
-      Names(gsc_aoStereo) },
-    { eId_BaseDetailedSyncType, Bits(0x11, 4, 3), "Sync signal type", Names(gsc_aoSyncTypes) },
-    { eId_BaseDetailedSerrations, Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsAnalogSync },
-    { eId_BaseDetailedSyncOn, Bit(0x11, 1), "Sync on", Flag(gsc_aoSyncOn), IsAnalogSync },
-    { eId_BaseDetailedSerrations, Bit(0x11, 2), "Serrations", Flag(gsc_aoSerrations), IsDigitalComposite },
-    { eId_BaseDetailedHorizontalSyncPolarity, Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns),
+    { eId_BaseDetailedHorizontalBorder, gsc_oHorizontalBorder, "Horizontal border", Number("pixels") }, // each side
+    { eId_BaseDetailedVerticalBorder, gsc_oVerticalBorder, "Vertical border", Number("lines") }, // top and bottom each
+    { eId_BaseDetailedInterlaced, gsc_oInterlaced, "Signal interface type", Flag(gsc_aoScan) },
+    { eId_BaseDetailedStereo, gsc_oStereo, "Stereo viewing support", Names(gsc_aoStereo) },
+    { eId_BaseDetailedSyncType, gsc_oSyncType, "Sync signal type", Names(gsc_aoSyncTypes) },
+    { eId_BaseDetailedSerrations, gsc_oVerticalPositive, "Serrations", Flag(gsc_aoSerrations), IsAnalogSync },
+    { eId_BaseDetailedSyncOn, gsc_oHorizontalPositive, "Sync on", Flag(gsc_aoSyncOn), IsAnalogSync },
+    { eId_BaseDetailedSerrations, gsc_oVerticalPositive, "Serrations", Flag(gsc_aoSerrations), IsDigitalComposite },
+    { eId_BaseDetailedHorizontalSyncPolarity, gsc_oHorizontalPositive, "Horizontal sync polarity", Flag(gsc_aoSigns),
       IsDigitalComposite }, // outside of V-sync
-    { eId_BaseDetailedVerticalSyncPolarity, Bit(0x11, 2), "Vertical sync polarity", Flag(gsc_aoSigns),
+    { eId_BaseDetailedVerticalSyncPolarity, gsc_oVerticalPositive, "Vertical sync polarity", Flag(gsc_aoSigns),
       IsDigitalSeparate },
-    { eId_BaseDetailedHorizontalSyncPolarity, Bit(0x11, 1), "Horizontal sync polarity", Flag(gsc_aoSigns),
+    { eId_BaseDetailedHorizontalSyncPolarity, gsc_oHorizontalPositive, "Horizontal sync polarity", Flag(gsc_aoSigns),
       IsDigitalSeparate },
 };
 
@@ -251,23 +234,19 @@ void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 
 // ---- Display range limits, E-EDID 3.10.3.3 ----
 
-constexpr unsigned int gsc_uiFormulaOffset = 0x0A;
-
 // Byte 4, from 1.4 on: two bits for each direction. 2 puts 255 on the maximum, 3 on both.
 unsigned int GetVerticalOffsets(const CRecord& oRecord)
 {
-    return IsRevision4(oRecord) ? oRecord.GetBits(0x04, 1, 0) : 0;
+    return IsRevision4(oRecord) ? oRecord.Get(gsc_oVerticalOffsets) : 0;
 }
 unsigned int GetHorizontalOffsets(const CRecord& oRecord)
 {
-    return IsRevision4(oRecord) ? oRecord.GetBits(0x04, 3, 2) : 0;
+    return IsRevision4(oRecord) ? oRecord.Get(gsc_oHorizontalOffsets) : 0;
 }
-bool IsVerticalMinimumOffset(const CRecord& oRecord) { return GetVerticalOffsets(oRecord) == 3; }
-bool IsVerticalMaximumOffset(const CRecord& oRecord) { return GetVerticalOffsets(oRecord) >= 2; }
-bool IsHorizontalMinimumOffset(const CRecord& oRecord) { return GetHorizontalOffsets(oRecord) == 3; }
-bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return GetHorizontalOffsets(oRecord) >= 2; }
-
-constexpr unsigned int gsc_uiRateOffset = 255;
+bool IsVerticalMinimumOffset(const CRecord& oRecord) { return IsMinimumOffset(GetVerticalOffsets(oRecord)); }
+bool IsVerticalMaximumOffset(const CRecord& oRecord) { return IsMaximumOffset(GetVerticalOffsets(oRecord)); }
+bool IsHorizontalMinimumOffset(const CRecord& oRecord) { return IsMinimumOffset(GetHorizontalOffsets(oRecord)); }
+bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return IsMaximumOffset(GetHorizontalOffsets(oRecord)); }
 
 const char* CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsigned int uiMost)
 {
@@ -277,13 +256,13 @@ const char* CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsign
 const char* CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
-    return CheckMaximumRate(uiValue, oLimits.m_uiLeastRate, oLimits.m_uiMostRate);
+    return CheckMaximumRate(uiValue, oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz);
 }
 
 const char* CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
-    return CheckMaximumRate(uiValue, oLimits.m_uiLeastLineRate, oLimits.m_uiMostLineRate);
+    return CheckMaximumRate(uiValue, oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz);
 }
 
 const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
@@ -306,9 +285,9 @@ constexpr SMeaning gsc_aoFormulas[] = {
     { 4, 4, "CVT" },         { 5, 255, gsc_szReserved },
 };
 
-bool IsPlainFormula(const CRecord& oRecord) { return oRecord.GetByte(gsc_uiFormulaOffset) < 2; }
-bool IsSecondaryGtf(const CRecord& oRecord) { return oRecord.GetByte(gsc_uiFormulaOffset) == 2; }
-bool IsCvt(const CRecord& oRecord) { return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiFormulaOffset) == 4; }
+bool IsPlainFormula(const CRecord& oRecord) { return oRecord.Get(gsc_oFormula) < 2; }
+bool IsSecondaryGtf(const CRecord& oRecord) { return oRecord.Get(gsc_oFormula) == 2; }
+bool IsCvt(const CRecord& oRecord) { return IsRevision4(oRecord) && oRecord.Get(gsc_oFormula) == gsc_uiCvtFormula; }
 bool IsOtherFormula(const CRecord& oRecord)
 {
     return !IsPlainFormula(oRecord) && !IsSecondaryGtf(oRecord) && !IsCvt(oRecord);
@@ -338,39 +317,39 @@ CMString FormatRange(const CRecord& oRecord)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
     CMString sText;
-    sText.Format("%u to %u Hz, %u to %u kHz", oLimits.m_uiLeastRate, oLimits.m_uiMostRate, oLimits.m_uiLeastLineRate,
-                 oLimits.m_uiMostLineRate);
+    sText.Format("%u to %u Hz, %u to %u kHz", oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz,
+                 oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz);
     return sText;
 }
 
 // E-EDID tables 3.26 to 3.29
 constexpr SRow gsc_aoRangeRows[] = {
     { eId_Reserved, Bits(0x04, 7, 4), "Reserved", Reserved(), IsRevision4 },
-    { eId_BaseRangeHorizontalRateOffsets, Bits(0x04, 3, 2), "Horizontal rate offsets", Names(gsc_aoHorizontalOffsets),
+    { eId_BaseRangeHorizontalRateOffsets, gsc_oHorizontalOffsets, "Horizontal rate offsets",
+      Names(gsc_aoHorizontalOffsets), IsRevision4 },
+    { eId_BaseRangeVerticalRateOffsets, gsc_oVerticalOffsets, "Vertical rate offsets", Names(gsc_aoVerticalOffsets),
       IsRevision4 },
-    { eId_BaseRangeVerticalRateOffsets, Bits(0x04, 1, 0), "Vertical rate offsets", Names(gsc_aoVerticalOffsets),
-      IsRevision4 },
-    { eId_BaseRangeMinVerticalRate, Byte(0x05), "Minimum vertical rate", Number("Hz"), IsNot<IsVerticalMinimumOffset>,
-      CheckReservedZero },
-    { eId_BaseRangeMinVerticalRate, Byte(0x05), "Minimum vertical rate", Number("Hz").Times(1, 255),
-      IsVerticalMinimumOffset, CheckReservedZero },
-    { eId_BaseRangeMaxVerticalRate, Byte(0x06), "Maximum vertical rate", Number("Hz"), IsNot<IsVerticalMaximumOffset>,
-      CheckVerticalMaximum },
-    { eId_BaseRangeMaxVerticalRate, Byte(0x06), "Maximum vertical rate", Number("Hz").Times(1, 255),
-      IsVerticalMaximumOffset, CheckVerticalMaximum },
-    { eId_BaseRangeMinHorizontalRate, Byte(0x07), "Minimum horizontal rate", Number("kHz"),
+    { eId_BaseRangeMinVerticalRate, gsc_oMinVerticalRate, "Minimum vertical rate", Number("Hz"),
+      IsNot<IsVerticalMinimumOffset>, CheckReservedZero },
+    { eId_BaseRangeMinVerticalRate, gsc_oMinVerticalRate, "Minimum vertical rate",
+      Number("Hz").Times(1, gsc_uiRateOffset), IsVerticalMinimumOffset, CheckReservedZero },
+    { eId_BaseRangeMaxVerticalRate, gsc_oMaxVerticalRate, "Maximum vertical rate", Number("Hz"),
+      IsNot<IsVerticalMaximumOffset>, CheckVerticalMaximum },
+    { eId_BaseRangeMaxVerticalRate, gsc_oMaxVerticalRate, "Maximum vertical rate",
+      Number("Hz").Times(1, gsc_uiRateOffset), IsVerticalMaximumOffset, CheckVerticalMaximum },
+    { eId_BaseRangeMinHorizontalRate, gsc_oMinHorizontalRate, "Minimum horizontal rate", Number("kHz"),
       IsNot<IsHorizontalMinimumOffset>, CheckReservedZero },
-    { eId_BaseRangeMinHorizontalRate, Byte(0x07), "Minimum horizontal rate", Number("kHz").Times(1, 255),
-      IsHorizontalMinimumOffset, CheckReservedZero },
-    { eId_BaseRangeMaxHorizontalRate, Byte(0x08), "Maximum horizontal rate", Number("kHz"),
+    { eId_BaseRangeMinHorizontalRate, gsc_oMinHorizontalRate, "Minimum horizontal rate",
+      Number("kHz").Times(1, gsc_uiRateOffset), IsHorizontalMinimumOffset, CheckReservedZero },
+    { eId_BaseRangeMaxHorizontalRate, gsc_oMaxHorizontalRate, "Maximum horizontal rate", Number("kHz"),
       IsNot<IsHorizontalMaximumOffset>, CheckHorizontalMaximum },
-    { eId_BaseRangeMaxHorizontalRate, Byte(0x08), "Maximum horizontal rate", Number("kHz").Times(1, 255),
-      IsHorizontalMaximumOffset, CheckHorizontalMaximum },
-    { eId_BaseRangeMaxPixelClock, Byte(0x09), "Maximum pixel clock", Number("MHz").Times(10).With(gsc_aoZeroNotGiven),
-      nullptr, CheckMaximumClock },
-    { eId_BaseRangeSecondaryTimingFormula, Byte(0x0A), "Secondary timing formula", Names(gsc_aoOldFormulas),
+    { eId_BaseRangeMaxHorizontalRate, gsc_oMaxHorizontalRate, "Maximum horizontal rate",
+      Number("kHz").Times(1, gsc_uiRateOffset), IsHorizontalMaximumOffset, CheckHorizontalMaximum },
+    { eId_BaseRangeMaxPixelClock, gsc_oMaxPixelClock, "Maximum pixel clock",
+      Number("MHz").Times(10).With(gsc_aoZeroNotGiven), nullptr, CheckMaximumClock },
+    { eId_BaseRangeSecondaryTimingFormula, gsc_oFormula, "Secondary timing formula", Names(gsc_aoOldFormulas),
       IsBefore4 },
-    { eId_BaseRangeVideoTimingSupport, Byte(0x0A), "Video timing support", Names(gsc_aoFormulas).NoteOnly(),
+    { eId_BaseRangeVideoTimingSupport, gsc_oFormula, "Video timing support", Names(gsc_aoFormulas).NoteOnly(),
       IsRevision4, CheckFormula },
     { eId_Padding, Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
     { eId_Padding, Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
@@ -385,7 +364,7 @@ constexpr SRow gsc_aoRangeRows[] = {
     { eId_BaseRangeCvtVersion, Bits(0x0B, 7, 4), "CVT standard version", Number(), IsCvt },
     { eId_BaseRangeCvtRevision, Bits(0x0B, 3, 0), "CVT standard revision", Number(), IsCvt },
     // To be taken off the maximum pixel clock above.
-    { eId_BaseRangePixelClockPrecision, Bits(0x0C, 7, 2), "Additional pixel clock precision",
+    { eId_BaseRangePixelClockPrecision, gsc_oClockPrecision, "Additional pixel clock precision",
       Number("MHz").Times(25).Decimals(2), IsCvt },
     { eId_BaseRangeMaxActivePixels, Split({ { 0x0C, 1, 0 }, { 0x0D, 7, 0 } }), "Maximum active pixels per line",
       Number("pixels").Times(8).With(gsc_aoNoPixelLimit), IsCvt },
@@ -624,7 +603,7 @@ constexpr STable gsc_oUnknownTable = { eId_BaseReserved, "Reserved descriptor", 
 // What is left of it, without a summary; msc_uiNone when it is not a timing.
 unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 {
-    if (oRecord.Get(gsc_oClock) == 0)
+    if (oRecord.Get(gsc_oPixelClock) == 0)
     {
         return CZorEdidMap::msc_uiNone;
     }
@@ -726,23 +705,12 @@ constinit const STable g_oCvtCodeTable = {
 
 SRangeLimits ReadRangeLimits(const CRecord& oRecord)
 {
-    constexpr unsigned int uiClockUnit = 1000;   // 10 MHz
-    constexpr unsigned int uiPrecisionUnit = 25; // 0.25 MHz, to be taken off
-    const unsigned int uiVertical = GetVerticalOffsets(oRecord);
-    const unsigned int uiHorizontal = GetHorizontalOffsets(oRecord);
-    const unsigned int uiPrecision = IsCvt(oRecord) ? oRecord.GetBits(0x0C, 7, 2) : 0;
-    const unsigned int uiClock = oRecord.GetByte(0x09) * uiClockUnit;
-    return { true,
-             oRecord.GetByte(0x05) + (uiVertical == 3 ? gsc_uiRateOffset : 0),
-             oRecord.GetByte(0x06) + (uiVertical >= 2 ? gsc_uiRateOffset : 0),
-             oRecord.GetByte(0x07) + (uiHorizontal == 3 ? gsc_uiRateOffset : 0),
-             oRecord.GetByte(0x08) + (uiHorizontal >= 2 ? gsc_uiRateOffset : 0),
-             uiClock == 0 ? 0 : uiClock - uiPrecision * uiPrecisionUnit };
+    return Descriptors::ReadRangeLimits(oRecord.GetData(), oRecord.GetFacts().m_uiRevision);
 }
 
 const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits)
 {
-    const unsigned long long ullClock = oTiming.Get(gsc_oClock); // 10 kHz
+    const unsigned long long ullClock = oTiming.Get(gsc_oPixelClock); // 10 kHz
     const unsigned long long ullWidth = GetTotalWidth(oTiming);
     // A rate is ullPart / ullWhole. Its limits are compared in halves of their unit.
     const auto fnIsBeyond = [](unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
@@ -750,16 +718,18 @@ const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimi
         return 2 * ullPart + ullWhole < 2ULL * uiLeast * ullWhole ||
                (uiMost != 0 && 2 * ullPart > (2ULL * uiMost + 1) * ullWhole);
     };
-    if (oLimits.m_uiMostClock != 0 && ullClock > oLimits.m_uiMostClock)
+    const unsigned long long ullMostClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
+    if (ullMostClock != 0 && ullClock * gsc_uiKiloHzPerClockUnit > ullMostClock)
     {
         return "the pixel clock is above that of the display range limits";
     }
-    if (fnIsBeyond(ullClock * 10, ullWidth, oLimits.m_uiLeastLineRate, oLimits.m_uiMostLineRate))
+    if (fnIsBeyond(ullClock * 10, ullWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
+                   oLimits.m_uiMaxHorizontalRateInKiloHz))
     {
         return "the line rate is beyond the display range limits";
     }
-    return fnIsBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming), oLimits.m_uiLeastRate,
-                      oLimits.m_uiMostRate)
+    return fnIsBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming),
+                      oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz)
                ? "the field rate is beyond the display range limits"
                : nullptr;
 }
@@ -782,7 +752,7 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
     {
         return MapCutTiming(oWriter, oRecord, uiOffset);
     }
-    if (oRecord.Get(gsc_oClock) != 0)
+    if (oRecord.Get(gsc_oPixelClock) != 0)
     {
         return oWriter.AddRecord(g_oDetailedTimingTable, uiOffset, gsc_uiMapDescriptorSize);
     }

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "EdidExtBlockDisplayID.h"
 #include "MapOther.h"
+#include "Standards/DisplayIdSection.h"
 
 namespace ZorMap
 {
@@ -18,16 +18,17 @@ using enum CZorEdidMap::EArea;
 
 // ---- The section: DisplayID 1.3 and 2.0. It follows the extension tag ----
 
-constexpr unsigned int gsc_uiSectionOffset = 1;
-constexpr unsigned int gsc_uiSectionLengthOffset = 1; // from the section's first byte, as all below
-constexpr unsigned int gsc_uiProductTypeOffset = 2;
-constexpr unsigned int gsc_uiExtensionCountOffset = 3;
-constexpr unsigned int gsc_uiSectionHeaderSize = 4;
-constexpr unsigned int gsc_uiChecksumSize = 1;
-constexpr unsigned int gsc_uiMostSectionBytes = 121; // in a block of 128
-constexpr unsigned int gsc_uiLargestSection = gsc_uiSectionHeaderSize + gsc_uiMostSectionBytes + gsc_uiChecksumSize;
+constexpr unsigned int gsc_uiSectionOffset = DisplayId::gsc_uiSectionOffset;
+// From the section's first byte.
+constexpr unsigned int gsc_uiSectionLengthOffset = DisplayId::gsc_uiSectionLengthOffset - gsc_uiSectionOffset;
+constexpr unsigned int gsc_uiProductTypeOffset = DisplayId::gsc_uiProductTypeOffset - gsc_uiSectionOffset;
+constexpr unsigned int gsc_uiExtensionCountOffset = DisplayId::gsc_uiExtensionCountOffset - gsc_uiSectionOffset;
+constexpr unsigned int gsc_uiSectionHeaderSize = DisplayId::gsc_uiDataBlocksOffset - gsc_uiSectionOffset;
+constexpr unsigned int gsc_uiChecksumSize = DisplayId::gsc_uiSectionOverhead - gsc_uiSectionHeaderSize;
+constexpr unsigned int gsc_uiMostSectionBytes = DisplayId::gsc_uiMostDataBytes;
+constexpr unsigned int gsc_uiLargestSection = gsc_uiMostSectionBytes + DisplayId::gsc_uiSectionOverhead;
 
-constexpr unsigned int gsc_uiExtensionTag = CEdidExtBlockDisplayID::msc_uiExtensionTag;
+constexpr unsigned int gsc_uiExtensionTag = DisplayId::gsc_uiTag;
 constexpr unsigned int gsc_uiBaseBlockTag = 0x00;
 
 constexpr auto gsc_aoProductTypes = ListedTo(
@@ -126,7 +127,7 @@ SKind FindKind(unsigned int uiTag)
 
 // ---- A data block ----
 
-constexpr unsigned int gsc_uiDataBlockLengthOffset = 2;
+constexpr unsigned int gsc_uiDataBlockLengthOffset = DisplayId::gsc_uiHeaderLengthOffset;
 
 constexpr SRow gsc_oDataBlockTag = { eId_DisplayidDataBlockTag, Byte(0), "Data block tag", MakeForm(CMap::eKind_Name) };
 constexpr SRow gsc_aoReservedFlagRows[] = { { eId_Reserved, Bits(1, 7, 3), "Reserved", Reserved() } };
@@ -189,31 +190,19 @@ void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
 
 // ---- The data blocks of a section ----
 
-// Up to the first header of three zeros; a rest that is too short for a header is filler, too.
-bool IsDataBlock(const CRecord& oBytes, unsigned int uiAt)
-{
-    return oBytes.GetSize() - uiAt >= gsc_uiPayloadOffset &&
-           (oBytes.GetByte(uiAt) | oBytes.GetByte(uiAt + 1) | oBytes.GetByte(uiAt + 2)) != 0;
-}
-
-unsigned int GetDataBlockSize(const CRecord& oBytes, unsigned int uiAt)
-{
-    return std::min(gsc_uiPayloadOffset + oBytes.GetByte(uiAt + gsc_uiDataBlockLengthOffset), oBytes.GetSize() - uiAt);
-}
-
+// Up to the filler.
 void AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength, unsigned int uiVersion)
 {
     const CRecord oBytes = oWriter.GetRecord(uiOffset, uiLength);
-    unsigned int uiAt = 0;
-    while (IsDataBlock(oBytes, uiAt))
+    DisplayId::CDataBlockWalk oWalk(oBytes.GetData(), 0, oBytes.GetSize(), oBytes.GetSize());
+    while (oWalk.Next())
     {
-        const unsigned int uiSize = GetDataBlockSize(oBytes, uiAt);
-        AddDataBlock(oWriter, oWriter.GetRecord(uiOffset + uiAt, uiSize), uiOffset + uiAt, uiVersion);
-        uiAt += uiSize;
+        const unsigned int uiAt = uiOffset + oWalk.GetOffset();
+        AddDataBlock(oWriter, oWriter.GetRecord(uiAt, oWalk.GetSize()), uiAt, uiVersion);
     }
-    if (uiAt < oBytes.GetSize())
+    if (oWalk.GetEnd() < oBytes.GetSize())
     {
-        oWriter.AddLeaf(gsc_oFiller, eArea_Unused, uiOffset + uiAt, oBytes.GetSize() - uiAt);
+        oWriter.AddLeaf(gsc_oFiller, eArea_Unused, uiOffset + oWalk.GetEnd(), oBytes.GetSize() - oWalk.GetEnd());
     }
 }
 

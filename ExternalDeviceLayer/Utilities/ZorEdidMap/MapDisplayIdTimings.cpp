@@ -3,6 +3,7 @@
 
 #include "MapDisplayId.h"
 #include "MapModes.h"
+#include "Standards/DisplayIdSection.h"
 
 namespace ZorMap
 {
@@ -31,75 +32,11 @@ const char* GetCodeName(unsigned int uiCode)
 
 // ---- Type I, DisplayID 1.3 (tag 3), and Type VII, DisplayID 2.0 (tag 22h): 20 bytes ----
 
-// The places of a detailed timing, as its rows and its summary need them. Sizes are stored minus uiBase.
-struct SDetailedPlaces
-{
-    SPlace m_oClock;
-    unsigned int m_uiClockStep; // kHz; stored minus 1
-    SPlace m_oInterlaced;
-    unsigned int m_uiPixelStep;
-    SPlace m_oActiveX;
-    SPlace m_oBlankX;
-    SPlace m_oFrontX;
-    SPlace m_oSignX;
-    SPlace m_oSyncX;
-    SPlace m_oActiveY;
-    SPlace m_oBlankY;
-    SPlace m_oFrontY;
-    SPlace m_oSignY;
-    SPlace m_oSyncY;
-};
-
-constexpr SDetailedPlaces LongPlaces(unsigned int uiClockStep)
-{
-    return { Little24(0),
-             uiClockStep,
-             Bit(3, 4),
-             1,
-             Little16(4),
-             Little16(6),
-             Split({ { 9, 6, 0 }, { 8, 7, 0 } }),
-             Bit(9, 7),
-             Little16(10),
-             Little16(12),
-             Little16(14),
-             Split({ { 17, 6, 0 }, { 16, 7, 0 } }),
-             Bit(17, 7),
-             Little16(18) };
-}
-
-constexpr SDetailedPlaces gsc_oType1 = LongPlaces(10);
-constexpr SDetailedPlaces gsc_oType7 = LongPlaces(1);
-
-constexpr SDetailedPlaces gsc_oType2 = { Little24(0),
-                                         10,
-                                         Bit(3, 4),
-                                         8,
-                                         Split({ { 5, 0, 0 }, { 4, 7, 0 } }),
-                                         Bits(5, 7, 1),
-                                         Bits(6, 7, 4),
-                                         Bit(3, 3),
-                                         Bits(6, 3, 0),
-                                         Split({ { 8, 3, 0 }, { 7, 7, 0 } }),
-                                         Byte(9),
-                                         Bits(10, 7, 4),
-                                         Bit(3, 2),
-                                         Bits(10, 3, 0) };
-
-constexpr SDetailedPlaces gsc_oType6 = { Split({ { 2, 5, 0 }, { 1, 7, 0 }, { 0, 7, 0 } }),
-                                         1,
-                                         Bit(13, 7),
-                                         1,
-                                         Split({ { 4, 5, 0 }, { 3, 7, 0 } }),
-                                         Split({ { 9, 3, 0 }, { 7, 7, 0 } }),
-                                         Split({ { 9, 7, 4 }, { 8, 7, 0 } }),
-                                         Bit(4, 7),
-                                         Byte(10),
-                                         Split({ { 6, 5, 0 }, { 5, 7, 0 } }),
-                                         Byte(11),
-                                         Byte(12),
-                                         Bit(6, 7),
-                                         Bits(13, 3, 0) };
+using DisplayId::gsc_oType1;
+using DisplayId::gsc_oType2;
+using DisplayId::gsc_oType6;
+using DisplayId::gsc_oType7;
+using DisplayId::STimingPlaces;
 
 constexpr CMap::EStereo ReadStereo(unsigned int uiStereo)
 {
@@ -136,25 +73,31 @@ void ReadFlags(CMode& oMode, const CRecord& oTiming, const SFlagPlaces& oFlags)
 
 // Sizes in total lines and pixels as the standard has them for a frame. What the lines of an interlaced timing count is
 // read in two ways, so that its numbers are left out.
-template <CMap::EModeKind KIND, const SDetailedPlaces& P, const SFlagPlaces& FLAGS>
+template <CMap::EModeKind KIND, const STimingPlaces& P, const SFlagPlaces& FLAGS>
 bool MakeDetailedMode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
     const auto fnGet = [&](const SPlace& oPlace) { return oTiming.Get(oPlace) + 1; };
-    const auto fnPixels = [&](const SPlace& oPlace) { return fnGet(oPlace) * P.m_uiPixelStep; };
+    const auto fnPixels = [&](const SPlace& oPlace) { return fnGet(oPlace) * P.m_uiPixels; };
     const bool bInterlaced = oTiming.Get(P.m_oInterlaced) != 0;
-    const unsigned int uiTotalX = fnPixels(P.m_oActiveX) + fnPixels(P.m_oBlankX);
-    const unsigned int uiTotalY = fnGet(P.m_oActiveY) + fnGet(P.m_oBlankY);
-    oMode = MakeBareMode(KIND, 0, fnPixels(P.m_oActiveX), fnGet(P.m_oActiveY), bInterlaced, {});
-    oMode.m_ullClock = 1000ULL * fnGet(P.m_oClock) * P.m_uiClockStep;
+    const unsigned int uiTotalX = fnPixels(P.m_oHorizontalActive) + fnPixels(P.m_oHorizontalBlank);
+    const unsigned int uiTotalY = fnGet(P.m_oVerticalActive) + fnGet(P.m_oVerticalBlank);
+    oMode = MakeBareMode(KIND, 0, fnPixels(P.m_oHorizontalActive), fnGet(P.m_oVerticalActive), bInterlaced, {});
+    oMode.m_ullClock = 1000ULL * fnGet(P.m_oClock) * P.m_uiClockInKiloHz;
     oMode.m_oRate = { (bInterlaced ? 2 : 1) * oMode.m_ullClock, 1ULL * uiTotalX * uiTotalY };
     oMode.m_oNominalRate = oMode.m_oRate;
     oMode.m_bTiming = !bInterlaced;
-    oMode.m_oHorizontal = {
-        oMode.m_uiWidth, fnPixels(P.m_oFrontX), fnPixels(P.m_oSyncX), uiTotalX, 0, oTiming.Get(P.m_oSignX) != 0
-    };
-    oMode.m_oVertical = {
-        oMode.m_uiHeight, fnGet(P.m_oFrontY), fnGet(P.m_oSyncY), uiTotalY, 0, oTiming.Get(P.m_oSignY) != 0
-    };
+    oMode.m_oHorizontal = { oMode.m_uiWidth,
+                            fnPixels(P.m_oHorizontalFrontPorch),
+                            fnPixels(P.m_oHorizontalSync),
+                            uiTotalX,
+                            0,
+                            oTiming.Get(P.m_oHorizontalPositive) != 0 };
+    oMode.m_oVertical = { oMode.m_uiHeight,
+                          fnGet(P.m_oVerticalFrontPorch),
+                          fnGet(P.m_oVerticalSync),
+                          uiTotalY,
+                          0,
+                          oTiming.Get(P.m_oVerticalPositive) != 0 };
     ReadFlags(oMode, oTiming, FLAGS);
     return oSource.m_uiRank == 0;
 }
@@ -163,43 +106,46 @@ const char* CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned i
 {
     return uiFront + 1 + uiSync + 1 > uiBlank + 1 ? "shorter than front porch and sync pulse" : nullptr;
 }
-template <const SDetailedPlaces& P>
+template <const STimingPlaces& P>
 const char* CheckBlankX(const CRecord& oTiming, unsigned int uiBlank)
 {
-    return CheckBlanking(uiBlank, oTiming.Get(P.m_oFrontX), oTiming.Get(P.m_oSyncX));
+    return CheckBlanking(uiBlank, oTiming.Get(P.m_oHorizontalFrontPorch), oTiming.Get(P.m_oHorizontalSync));
 }
-template <const SDetailedPlaces& P>
+template <const STimingPlaces& P>
 const char* CheckBlankY(const CRecord& oTiming, unsigned int uiBlank)
 {
-    return CheckBlanking(uiBlank, oTiming.Get(P.m_oFrontY), oTiming.Get(P.m_oSyncY));
+    return CheckBlanking(uiBlank, oTiming.Get(P.m_oVerticalFrontPorch), oTiming.Get(P.m_oVerticalSync));
 }
 
 // Rows that all types of detailed timings have.
-template <const SDetailedPlaces& P>
+template <const STimingPlaces& P>
 struct SDetailedRows
 {
-    static constexpr SForm msc_oPixels = Number("pixels").Times(P.m_uiPixelStep, P.m_uiPixelStep);
+    static constexpr SForm msc_oPixels = Number("pixels").Times(P.m_uiPixels, P.m_uiPixels);
     static constexpr SForm msc_oLines = NumberFrom1("lines");
 
     static constexpr SRow msc_oClock = { eId_DisplayidTimingPixelClock, P.m_oClock, "Pixel clock",
-                                         Number("kHz").Times(P.m_uiClockStep, P.m_uiClockStep) };
-    static constexpr SRow msc_oActiveX = { eId_DisplayidTimingHorizontalActive, P.m_oActiveX, "Horizontal active image",
-                                           msc_oPixels };
-    static constexpr SRow msc_oBlankX = {
-        eId_DisplayidTimingHorizontalBlanking, P.m_oBlankX, "Horizontal blank", msc_oPixels, nullptr, CheckBlankX<P>
-    };
-    static constexpr SRow msc_oFrontX = { eId_DisplayidTimingHorizontalFrontPorch, P.m_oFrontX,
+                                         Number("kHz").Times(P.m_uiClockInKiloHz, P.m_uiClockInKiloHz) };
+    static constexpr SRow msc_oActiveX = { eId_DisplayidTimingHorizontalActive, P.m_oHorizontalActive,
+                                           "Horizontal active image", msc_oPixels };
+    static constexpr SRow msc_oBlankX = { eId_DisplayidTimingHorizontalBlanking,
+                                          P.m_oHorizontalBlank,
+                                          "Horizontal blank",
+                                          msc_oPixels,
+                                          nullptr,
+                                          CheckBlankX<P> };
+    static constexpr SRow msc_oFrontX = { eId_DisplayidTimingHorizontalFrontPorch, P.m_oHorizontalFrontPorch,
                                           "Horizontal front porch", msc_oPixels };
-    static constexpr SRow msc_oSyncX = { eId_DisplayidTimingHorizontalSyncWidth, P.m_oSyncX, "Horizontal sync width",
-                                         msc_oPixels };
-    static constexpr SRow msc_oActiveY = { eId_DisplayidTimingVerticalActive, P.m_oActiveY, "Vertical active image",
-                                           msc_oLines };
+    static constexpr SRow msc_oSyncX = { eId_DisplayidTimingHorizontalSyncWidth, P.m_oHorizontalSync,
+                                         "Horizontal sync width", msc_oPixels };
+    static constexpr SRow msc_oActiveY = { eId_DisplayidTimingVerticalActive, P.m_oVerticalActive,
+                                           "Vertical active image", msc_oLines };
     static constexpr SRow msc_oBlankY = {
-        eId_DisplayidTimingVerticalBlanking, P.m_oBlankY, "Vertical blank", msc_oLines, nullptr, CheckBlankY<P>
+        eId_DisplayidTimingVerticalBlanking, P.m_oVerticalBlank, "Vertical blank", msc_oLines, nullptr, CheckBlankY<P>
     };
-    static constexpr SRow msc_oFrontY = { eId_DisplayidTimingVerticalFrontPorch, P.m_oFrontY, "Vertical front porch",
-                                          msc_oLines };
-    static constexpr SRow msc_oSyncY = { eId_DisplayidTimingVerticalSyncWidth, P.m_oSyncY, "Vertical sync width",
+    static constexpr SRow msc_oFrontY = { eId_DisplayidTimingVerticalFrontPorch, P.m_oVerticalFrontPorch,
+                                          "Vertical front porch", msc_oLines };
+    static constexpr SRow msc_oSyncY = { eId_DisplayidTimingVerticalSyncWidth, P.m_oVerticalSync, "Vertical sync width",
                                          msc_oLines };
 };
 
@@ -223,17 +169,18 @@ constexpr SRow AspectRow(unsigned int uiByte)
 {
     return { eId_DisplayidTimingAspectRatio, Bits(uiByte, 3, 0), "Aspect ratio", Names(gsc_aoAspectRatios) };
 }
-constexpr SRow HorizontalPolarityRow(unsigned int uiByte, unsigned int uiBit)
+constexpr SRow HorizontalPolarityRow(const STimingPlaces& oPlaces)
 {
-    return { eId_DisplayidTimingHorizontalSyncPolarity, Bit(uiByte, uiBit), "Horizontal sync polarity",
+    return { eId_DisplayidTimingHorizontalSyncPolarity, oPlaces.m_oHorizontalPositive, "Horizontal sync polarity",
              Flag(gsc_aoSigns) };
 }
-constexpr SRow VerticalPolarityRow(unsigned int uiByte, unsigned int uiBit)
+constexpr SRow VerticalPolarityRow(const STimingPlaces& oPlaces)
 {
-    return { eId_DisplayidTimingVerticalSyncPolarity, Bit(uiByte, uiBit), "Vertical sync polarity", Flag(gsc_aoSigns) };
+    return { eId_DisplayidTimingVerticalSyncPolarity, oPlaces.m_oVerticalPositive, "Vertical sync polarity",
+             Flag(gsc_aoSigns) };
 }
 
-template <const SDetailedPlaces& P>
+template <const STimingPlaces& P>
 constexpr auto LongRows(const SRow& oBit7OfByte3)
 {
     using CRows = SDetailedRows<P>;
@@ -246,12 +193,12 @@ constexpr auto LongRows(const SRow& oBit7OfByte3)
         CRows::msc_oActiveX,
         CRows::msc_oBlankX,
         CRows::msc_oFrontX,
-        HorizontalPolarityRow(9, 7),
+        HorizontalPolarityRow(P),
         CRows::msc_oSyncX,
         CRows::msc_oActiveY,
         CRows::msc_oBlankY,
         CRows::msc_oFrontY,
-        VerticalPolarityRow(17, 7),
+        VerticalPolarityRow(P),
         CRows::msc_oSyncY,
     });
 }
@@ -267,9 +214,9 @@ constexpr SRow gsc_aoType2Rows[] = {
     CType2::msc_oClock,
     PreferredRow(3),
     StereoRow(3),
-    ScanningRow(Bit(3, 4)),
-    HorizontalPolarityRow(3, 3),
-    VerticalPolarityRow(3, 2),
+    ScanningRow(gsc_oType2.m_oInterlaced),
+    HorizontalPolarityRow(gsc_oType2),
+    VerticalPolarityRow(gsc_oType2),
     { eId_Reserved, Bits(3, 1, 0), "Reserved", Reserved() },
     CType2::msc_oActiveX,
     CType2::msc_oBlankX,
@@ -485,17 +432,17 @@ constexpr SRow gsc_aoType6Rows[] = {
     PreferredRow(2),
     { eId_DisplayidTimingSizePresent, Bit(2, 6), "Aspect ratio and size present", Flag() },
     CType6::msc_oActiveX,
-    HorizontalPolarityRow(4, 7),
+    HorizontalPolarityRow(gsc_oType6),
     { eId_Reserved, Bit(4, 6), "Reserved", Reserved() },
     CType6::msc_oActiveY,
-    VerticalPolarityRow(6, 7),
+    VerticalPolarityRow(gsc_oType6),
     { eId_Reserved, Bit(6, 6), "Reserved", Reserved() },
     CType6::msc_oBlankX,
     CType6::msc_oFrontX,
     CType6::msc_oSyncX,
     CType6::msc_oBlankY,
     CType6::msc_oFrontY,
-    ScanningRow(Bit(13, 7)),
+    ScanningRow(gsc_oType6.m_oInterlaced),
     StereoRow(13),
     { eId_Reserved, Bit(13, 4), "Reserved", Reserved() },
     CType6::msc_oSyncY,

@@ -96,9 +96,21 @@ public:
     // After Next has returned false: whether the last data block ended exactly at uiEnd. Otherwise the next one was cut
     // off by uiLimit, or the last one crossed uiEnd.
     bool IsEndExact() const { return m_uiNext == m_uiAskedEnd; }
-    // The offset at which the walk ended: of the data block that was cut off, if there was one.
-    unsigned int GetEnd() const { return m_uiNext; }
-    bool IsCut() const { return m_uiNext < m_uiEnd; }
+    // After Next has returned false: goes to the data block that uiLimit cuts off, with what is left of its payload.
+    // False when there is none, or it was the last one already.
+    bool NextCut()
+    {
+        if (m_uiNext >= m_uiEnd)
+        {
+            return false;
+        }
+        m_uiTag = gsc_oHeaderTag.Read(m_pui8Bytes + m_uiNext);
+        m_oPayload = { m_uiNext + gsc_uiHeaderSize, m_uiLimit - m_uiNext - gsc_uiHeaderSize };
+        m_uiNext = m_uiLimit;
+        m_bCut = true;
+        return true;
+    }
+    bool IsCut() const { return m_bCut; }
 
 private:
     bool NextOf(unsigned int uiTag)
@@ -138,6 +150,7 @@ private:
     unsigned int m_uiLimit;
     unsigned int m_uiNext; // offset of the header that Next looks at
     unsigned int m_uiTag = 0;
+    bool m_bCut = false;
     SPayload m_oPayload = { 0, 0 };
 };
 

@@ -523,4 +523,11 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
     NoteBlockMap(oWriter, oBlock, uiOffset + gsc_uiExtensionCountOffset);
     oWriter.EndBlock();
 }
+
+void VisitBaseIds(CIdVisitor& oVisitor)
+{
+    oVisitor.VisitGroup(eId_Base, "Base block");
+    oVisitor.Visit(g_oHeaderRow, gsc_oIdentityTable, gsc_oVersionTable, gsc_oDisplayTable, gsc_oColorTable,
+                   gsc_oEstablishedTable, g_oStandardTimingTable, g_oVtbStandardTimingTable, gsc_oExtensionCountRow);
+}
 } // namespace ZorMap

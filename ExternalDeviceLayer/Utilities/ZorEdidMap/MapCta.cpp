@@ -242,7 +242,7 @@ constexpr SRow gsc_aoHeaderRows[] = {
     { eId_CtaDataBlockOui, Little24(1), "IEEE OUI", Oui(), IsVendor },
     { eId_CtaDataBlockOui, Little24(2), "IEEE OUI", Oui(), IsExtendedVendor },
 };
-constexpr STable gsc_oHeaderTable = { eId_CtaDataBlock, "Data block header", eStructure, gsc_aoHeaderRows };
+constexpr STable gsc_oHeaderTable = { eZorEdidField_None, "Data block header", eStructure, gsc_aoHeaderRows };
 
 // A data block of a collection: its kind, where it lies, and where its payload begins. Nothing of it reaches beyond the
 // collection's end.
@@ -693,6 +693,17 @@ void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int u
     {
         oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Error, "its last descriptor runs past its end");
         oWriter.AddUnknownEnd();
+    }
+}
+
+void VisitCtaIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oBlockTable, gsc_oHeaderTable, gsc_oPaddingRow);
+    oVisitor.VisitGroup(eId_CtaCollection, "Data block collection");
+    oVisitor.VisitGroup(gsc_oNoExtendedTag.m_eId, gsc_oNoExtendedTag.m_pszName);
+    for (const SCtaBlock& oBlock : gsc_aoDataBlocks)
+    {
+        oVisitor.VisitGroup(oBlock.m_eId, oBlock.m_pszName);
     }
 }
 } // namespace ZorMap

@@ -472,4 +472,10 @@ void MapCtaSpeakerLocations(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     AddCtaItems(oWriter, gsc_oLocationTable, oPayload.m_uiOffset, oPayload.m_uiLength, GetLocationSize);
 }
+
+void VisitCtaAudioIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(g_oCtaAudioTable, gsc_oSpeakerTable, gsc_oHdmiHeadTable, gsc_oHdmiAudioTable, gsc_oRoomTable,
+                   gsc_oLocationTable, g_oCtaDolbyAudioTable);
+}
 } // namespace ZorMap

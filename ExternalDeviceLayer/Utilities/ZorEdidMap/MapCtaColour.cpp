@@ -379,4 +379,10 @@ void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
         oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning, "its last point lies above full luminance");
     }
 }
+
+void VisitCtaColourIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oTransferTable, gsc_oIncrementRow, g_oCtaColorimetryTable, g_oCtaStaticHdrTable,
+                   gsc_oDynamicTable, g_oCtaHdr10PlusTable, g_oCtaDolbyVisionTable);
+}
 } // namespace ZorMap

@@ -527,4 +527,12 @@ void MapCtaToneMapping(CMapWriter& oWriter, const SCtaPayload& oPayload)
         oWriter.AddLeaf(gsc_oToneRestRow, eColour, oPayload.m_uiOffset + uiKnown, oPayload.m_uiLength - uiKnown);
     }
 }
+
+void VisitCtaHdmiIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oHdmiTable, gsc_oHdmiVideoTable, gsc_oHdmiVicRow, gsc_oStructureAllTable, gsc_aoMaskRows,
+                   gsc_oItemTable, gsc_oOrderRow, gsc_oSinkTable, gsc_oOverrideTable, gsc_oToneTable, gsc_oToneRestRow);
+    oVisitor.VisitGroup(eId_CtaHdmi3dMask, "3D_MASK");
+    oVisitor.Visit(gsc_oCutAllRow, gsc_oCutMaskRow);
+}
 } // namespace ZorMap

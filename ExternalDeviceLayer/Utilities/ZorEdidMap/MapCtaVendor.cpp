@@ -313,4 +313,10 @@ void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddLeaf(gsc_oFramePayloadRow, eDisplay, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);
 }
+
+void VisitCtaVendorIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(g_oCtaAmdTable, g_oCtaMicrosoftTable, g_oCtaUhdTable, g_oCtaDisplayDeviceTable, gsc_oFrameHeadTable,
+                   gsc_oFramePayloadRow, gsc_oFrameTable);
+}
 } // namespace ZorMap

@@ -421,4 +421,11 @@ void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload)
         MapDisplayIdTiming(oWriter, gsc_uiTypeX, oHead.GetBits(0, 2, 0), uiOffset, uiSize);
     });
 }
+
+void VisitCtaVideoIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(g_oCtaVideoTable, g_oCtaPreferenceTable, g_oCtaVideoCapabilityTable, gsc_oNativeTable,
+                   gsc_oFormatHeadTable, gsc_oFormatTable, gsc_oTypeViiTable, gsc_oTypeViiiTable, gsc_oTypeXTable,
+                   gsc_aoMapRows);
+}
 } // namespace ZorMap

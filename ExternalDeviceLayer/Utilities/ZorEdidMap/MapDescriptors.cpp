@@ -682,7 +682,7 @@ constexpr SRow gsc_aoHeadRows[] = {
     { eId_BaseDescriptorTag, Byte(0x03), "Display descriptor tag", Names(gsc_aoTags).NoteOnly(), nullptr, CheckTag },
     { eId_Reserved, Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
 };
-constexpr STable gsc_oHeadTable = { eId_BaseDescriptor, "Display descriptor", CZorEdidMap::eArea_Structure,
+constexpr STable gsc_oHeadTable = { eZorEdidField_None, "Display descriptor", CZorEdidMap::eArea_Structure,
                                     gsc_aoHeadRows };
 
 void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int uiOffset)
@@ -767,5 +767,15 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
     AddItems(oWriter, oDescriptor, uiOffset);
     oWriter.EndGroup();
     return uiField;
+}
+
+void VisitDescriptorIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(g_oDetailedTimingTable, gsc_oHeadTable, gsc_oTextRow, gsc_oLineFeedRow, gsc_oBlanksRow,
+                   gsc_oSecondPointTable, gsc_oFirstPointTable, g_oCvtCodeTable);
+    for (const SDescriptor& oDescriptor : gsc_aoDescriptors)
+    {
+        oVisitor.Visit(*oDescriptor.m_poTable);
+    }
 }
 } // namespace ZorMap

@@ -131,12 +131,12 @@ constexpr unsigned int gsc_uiDataBlockLengthOffset = DisplayId::gsc_uiHeaderLeng
 
 constexpr SRow gsc_oDataBlockTag = { eId_DisplayidDataBlockTag, Byte(0), "Data block tag", MakeForm(CMap::eKind_Name) };
 constexpr SRow gsc_aoReservedFlagRows[] = { { eId_Reserved, Bits(1, 7, 3), "Reserved", Reserved() } };
-constexpr STable gsc_oReservedFlags = { eId_DisplayidDataBlock, "Flags", eArea_Structure, gsc_aoReservedFlagRows };
+constexpr STable gsc_oReservedFlags = { eZorEdidField_None, "Flags", eArea_Structure, gsc_aoReservedFlagRows };
 constexpr SRow gsc_aoDataBlockRows[] = {
     { eId_DisplayidDataBlockRevision, Bits(1, 2, 0), "Block revision", Number() },
     { eId_DisplayidDataBlockLength, Byte(2), "Number of payload bytes", Number("bytes") },
 };
-constexpr STable gsc_oDataBlock = { eId_DisplayidDataBlock, "Data block", eArea_Structure, gsc_aoDataBlockRows };
+constexpr STable gsc_oDataBlock = { eZorEdidField_None, "Data block", eArea_Structure, gsc_aoDataBlockRows };
 
 const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
 {
@@ -306,5 +306,26 @@ void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int 
                    std::min(uiLength - gsc_uiSectionOffset, gsc_uiLargestSection));
     }
     oWriter.EndBlock(gsc_oFillerRest);
+}
+
+void VisitDisplayIdIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oSection, gsc_oSectionChecksum, gsc_oFiller, gsc_oDataBlockTag, gsc_oReservedFlags,
+                   gsc_oDataBlock, gsc_oUnknownBlock.m_oGroup);
+    for (const SVersionedBlocks& oBlocks : gsc_aoAllBlocks)
+    {
+        for (const SDisplayIdBlock& oBlock : oBlocks.m_aoBlocks)
+        {
+            oVisitor.Visit(oBlock.m_oGroup);
+            for (const STable* poTable :
+                 { oBlock.m_poFlags, oBlock.m_apoTables[0], oBlock.m_apoTables[1], oBlock.m_apoTables[2] })
+            {
+                if (poTable != nullptr)
+                {
+                    oVisitor.Visit(*poTable);
+                }
+            }
+        }
+    }
 }
 } // namespace ZorMap

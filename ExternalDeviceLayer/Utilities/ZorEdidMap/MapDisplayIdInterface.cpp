@@ -613,4 +613,9 @@ constexpr SDisplayIdBlock gsc_aoBlocksOfBoth[] = {
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1InterfaceBlocks = gsc_aoBlocks1;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2InterfaceBlocks = gsc_aoBlocks2;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayIdCtaBlocks = gsc_aoBlocksOfBoth;
+
+void VisitInterfaceIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oCombination, gsc_oMethod, gsc_oCodeGroup, gsc_oAdaptive);
+}
 } // namespace ZorMap

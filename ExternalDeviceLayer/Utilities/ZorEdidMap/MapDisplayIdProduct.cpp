@@ -512,4 +512,9 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1ProductBlocks = gsc_aoBlocks1;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2ProductBlocks = gsc_aoBlocks2;
+
+void VisitProductIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oProductText, gsc_oPrimary, gsc_oWhitePoint, gsc_oSamples, gsc_oParameters);
+}
 } // namespace ZorMap

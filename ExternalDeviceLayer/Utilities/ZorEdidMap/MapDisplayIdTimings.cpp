@@ -563,7 +563,7 @@ constexpr SRow gsc_aoType4FlagRows[] = {
     { eId_Reserved, Bits(1, 7, 6), "Reserved", Reserved(), IsRevision0 },
     { eId_Reserved, Bits(1, 5, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oType4Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType4FlagRows };
+constexpr STable gsc_oType4Flags = { eZorEdidField_None, "Flags", eArea_Timing, gsc_aoType4FlagRows };
 
 constexpr SRow gsc_aoType8FlagRows[] = {
     { eId_DisplayidTimingBlockCodeType, Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
@@ -572,7 +572,7 @@ constexpr SRow gsc_aoType8FlagRows[] = {
     { eId_Reserved, Bit(1, 4), "Reserved", Reserved() },
     { eId_DisplayidTimingBlockCodeSize, Bit(1, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
 };
-constexpr STable gsc_oType8Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType8FlagRows };
+constexpr STable gsc_oType8Flags = { eZorEdidField_None, "Flags", eArea_Timing, gsc_aoType8FlagRows };
 
 // DisplayID 1.3 (tags 7 and 8): a bit a mode, from mode 1 on. A field has the name of its mode.
 constexpr auto gsc_aoDmtBits =
@@ -650,7 +650,7 @@ constexpr SRow gsc_aoType10FlagRows[] = {
       CheckWithin<0, 2> },
     { eId_Reserved, Bit(1, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oType10Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Structure, gsc_aoType10FlagRows };
+constexpr STable gsc_oType10Flags = { eZorEdidField_None, "Flags", eArea_Structure, gsc_aoType10FlagRows };
 
 constexpr SRow gsc_aoType7FlagRows[] = {
     { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
@@ -658,7 +658,7 @@ constexpr SRow gsc_aoType7FlagRows[] = {
     { eId_DisplayidTimingBlockDscPassThrough, Bit(1, 3), "DSC pass-through timings", Flag(), IsRevision1Plus },
     { eId_Reserved, Bit(1, 3), "Reserved", Reserved(), IsRevision0 },
 };
-constexpr STable gsc_oType7Flags = { eId_DisplayidTimingBlock, "Flags", eArea_Timing, gsc_aoType7FlagRows };
+constexpr STable gsc_oType7Flags = { eZorEdidField_None, "Flags", eArea_Timing, gsc_aoType7FlagRows };
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
@@ -702,6 +702,19 @@ void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int ui
     if (const STable* poTable = FindTimingTable(uiTag, uiRevision))
     {
         oWriter.AddRecord(*poTable, uiOffset, uiLength);
+    }
+}
+
+void VisitTimingIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_aoDmtBits, gsc_aoVicBits);
+    for (const STimingKind& oKind : gsc_aoTimingKinds)
+    {
+        oVisitor.Visit(oKind.m_oTable);
+    }
+    for (const SCodeKind& oKind : gsc_aoCodeKinds)
+    {
+        oVisitor.Visit(oKind.m_aoRows[0], oKind.m_aoRows[1]);
     }
 }
 } // namespace ZorMap

@@ -198,4 +198,6 @@ void MapDisplayInformation(CMapWriter& oWriter, unsigned int uiOffset, unsigned 
 {
     oWriter.AddRows(gsc_oTable, uiOffset, uiLength);
 }
+
+void VisitDisplayInformationIds(CIdVisitor& oVisitor) { oVisitor.Visit(gsc_oTable); }
 } // namespace ZorMap

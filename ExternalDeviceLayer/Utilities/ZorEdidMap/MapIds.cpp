@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "ZorEdidMap.h"
+#include "MapIds.h"
 
 namespace ZorMap
 {
@@ -28,7 +28,45 @@ constexpr bool IsBefore(const SId& oFirst, const SId& oSecond) { return oFirst.m
 static_assert(std::adjacent_find(std::begin(gsc_aoIds), std::end(gsc_aoIds), [](const SId& oFirst, const SId& oSecond) {
                   return !IsBefore(oFirst, oSecond);
               }) == std::end(gsc_aoIds));
+
+// The first of those that have an id: other forms of the same field follow.
+class CIdFinder final : public CIdVisitor
+{
+public:
+    CIdFinder(EZorEdidField eId, CZorEdidMap::SIdDescription& oFound) : m_eId(eId), m_oFound(oFound) {}
+
+private:
+    void OnPart(EZorEdidField eId, const char* pszName, CZorEdidMap::EKind eKind, const char* pszUnit) override
+    {
+        if (eId == m_eId && m_oFound.m_pszName == nullptr)
+        {
+            m_oFound = { pszName, pszUnit, eKind };
+        }
+    }
+
+    EZorEdidField m_eId;
+    CZorEdidMap::SIdDescription& m_oFound;
+};
 } // namespace
+
+void VisitIds(CIdVisitor& oVisitor)
+{
+    VisitSharedIds(oVisitor);
+    VisitOtherIds(oVisitor);
+    VisitBaseIds(oVisitor);
+    VisitDescriptorIds(oVisitor);
+    VisitCtaIds(oVisitor);
+    VisitCtaVideoIds(oVisitor);
+    VisitCtaAudioIds(oVisitor);
+    VisitCtaColourIds(oVisitor);
+    VisitCtaHdmiIds(oVisitor);
+    VisitCtaVendorIds(oVisitor);
+    VisitDisplayIdIds(oVisitor);
+    VisitProductIds(oVisitor);
+    VisitInterfaceIds(oVisitor);
+    VisitTimingIds(oVisitor);
+    VisitDisplayInformationIds(oVisitor);
+}
 } // namespace ZorMap
 
 const char* CZorEdidMap::GetId(EZorEdidField eId)
@@ -49,4 +87,12 @@ EZorEdidField CZorEdidMap::FindId(const char* pszId)
         }
     }
     return eZorEdidField_None;
+}
+
+int CZorEdidMap::DescribeId(EZorEdidField eId, SIdDescription& oDescription)
+{
+    oDescription = {};
+    ZorMap::CIdFinder oFinder(eId, oDescription);
+    ZorMap::VisitIds(oFinder);
+    return oDescription.m_pszName != nullptr ? 1 : 0;
 }

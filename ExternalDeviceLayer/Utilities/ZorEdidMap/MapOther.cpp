@@ -341,6 +341,22 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
     }
     oWriter.EndBlock(oExtension.m_oRest);
 }
+
+void VisitOtherIds(CIdVisitor& oVisitor)
+{
+    for (const SExtension& oExtension : gsc_aoExtensions)
+    {
+        oVisitor.VisitGroup(oExtension.m_eId, oExtension.m_pszName);
+    }
+    oVisitor.VisitGroup(gsc_oOtherBase.m_eId, gsc_oOtherBase.m_pszName);
+    oVisitor.VisitGroup(gsc_oUnknownExtension.m_eId, gsc_oUnknownExtension.m_pszName);
+    oVisitor.Visit(g_oExtensionTagRow, gsc_oVtbTable, gsc_oVtbCutRow, gsc_oMapTagRow, gsc_oLocalizedTable,
+                   gsc_oStringTable, gsc_oVendorRow);
+    for (const SLocalizedString& oString : gsc_aoStrings)
+    {
+        oVisitor.Visit(oString.m_oLength, oString.m_oText, oString.m_oBytes);
+    }
+}
 } // namespace ZorMap
 
 const char* CZorEdidMap::GetBlockKind(unsigned int uiTag)

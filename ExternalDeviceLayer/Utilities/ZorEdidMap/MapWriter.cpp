@@ -649,4 +649,10 @@ unsigned int CMapWriter::FindField(unsigned int uiOffset, unsigned int uiLength)
     }
     return uiFound;
 }
+
+void VisitSharedIds(CIdVisitor& oVisitor)
+{
+    oVisitor.Visit(gsc_oReservedRest, gsc_oUnknownRest, gsc_oPaddingRest, gsc_oFillerRest, gsc_oCutRest, gsc_oTailRest,
+                   gsc_oChecksumRow);
+}
 } // namespace ZorMap

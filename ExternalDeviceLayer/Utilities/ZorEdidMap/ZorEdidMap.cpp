@@ -152,8 +152,8 @@ void CMapWriter::WriteTail()
     }
     SEntry oEntry = {};
     CZorEdidMap::SField& oField = oEntry.m_oField;
-    oField.m_eId = eId_AfterBlocks;
-    oField.m_pszName = "Bytes behind the blocks";
+    oField.m_eId = gsc_oTailRest.m_eId;
+    oField.m_pszName = gsc_oTailRest.m_pszName;
     oField.m_uiOffset = uiFirst;
     oField.m_uiLength = uiLength;
     oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();

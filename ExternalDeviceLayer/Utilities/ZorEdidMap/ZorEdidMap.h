@@ -67,6 +67,14 @@ public:
 
     static constexpr unsigned int msc_uiNone = 0xFFFFFFFF;
 
+    /// What fields of an id have, whatever the image.
+    struct SIdDescription
+    {
+        const char* m_pszName;
+        const char* m_pszUnit; // null without one
+        EKind m_eKind;
+    };
+
     /// Bits of a field: ui8Mask of each of m_uiLength bytes. The mask of more than one byte is 0xFF.
     struct SPiece
     {
@@ -262,6 +270,9 @@ public:
     static const char* GetId(EZorEdidField eId);
     /// The id of a text; eZorEdidField_None for an unknown one and for null.
     static EZorEdidField FindId(const char* pszId);
+    /// Name, unit and kind of the fields with an id. Where they have several, as by revision, these are of the first
+    /// form. Returns 1; 0 for an unknown id, and then all are null.
+    static int DescribeId(EZorEdidField eId, SIdDescription& oDescription);
 
 private:
     ZorMap::SMapContent* m_poContent; // owned, never null

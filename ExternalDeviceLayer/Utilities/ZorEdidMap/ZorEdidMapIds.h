@@ -85,7 +85,7 @@
     X(209, BaseDetailedHorizontalSyncPolarity, "base.detailed.horizontal-sync-polarity")                              \
     X(210, BaseDetailedVerticalSyncPolarity, "base.detailed.vertical-sync-polarity")                                  \
     /* base.descriptor */                                                                                             \
-    X(220, BaseDescriptor, "base.descriptor") X(221, BaseDescriptorText, "base.descriptor.text")                      \
+    X(221, BaseDescriptorText, "base.descriptor.text")                                                                \
     X(222, BaseDescriptorIndicator, "base.descriptor.indicator") X(223, BaseDescriptorTag, "base.descriptor.tag")     \
     /* base.range */                                                                                                  \
     X(240, BaseRange, "base.range") X(241, BaseRangeHorizontalRateOffsets, "base.range.horizontal-rate-offsets")      \
@@ -157,7 +157,7 @@
     X(426, CtaHdmiSink, "cta.hdmi-sink") X(427, CtaNoExtendedTag, "cta.no-extended-tag")                              \
     X(428, CtaCollection, "cta.collection")                                                                           \
     /* cta.data-block */                                                                                              \
-    X(440, CtaDataBlock, "cta.data-block") X(441, CtaDataBlockTag, "cta.data-block.tag")                              \
+    X(441, CtaDataBlockTag, "cta.data-block.tag")                                                                     \
     X(442, CtaDataBlockLength, "cta.data-block.length")                                                               \
     X(443, CtaDataBlockExtendedTag, "cta.data-block.extended-tag") X(444, CtaDataBlockOui, "cta.data-block.oui")      \
     /* cta.audio */                                                                                                   \
@@ -487,7 +487,7 @@
     X(1296, DisplayidSectionExtensionCount, "displayid.section.extension-count")                                      \
     X(1297, DisplayidSectionChecksum, "displayid.section.checksum")                                                   \
     /* displayid.data-block */                                                                                        \
-    X(1310, DisplayidDataBlock, "displayid.data-block") X(1311, DisplayidDataBlockTag, "displayid.data-block.tag")    \
+    X(1311, DisplayidDataBlockTag, "displayid.data-block.tag")                                                        \
     X(1312, DisplayidDataBlockRevision, "displayid.data-block.revision")                                              \
     X(1313, DisplayidDataBlockLength, "displayid.data-block.length")                                                  \
     /* displayid.hmd */                                                                                               \
@@ -831,7 +831,7 @@
     X(1928, DisplayidTimingHdmiVic, "displayid.timing.hdmi-vic")                                                      \
     X(1929, DisplayidTimingCode, "displayid.timing.code") X(1930, DisplayidTimingMode, "displayid.timing.mode")       \
     /* displayid.timing-block */                                                                                      \
-    X(1940, DisplayidTimingBlock, "displayid.timing-block")                                                           \
+                                                                                                                      \
     X(1941, DisplayidTimingBlockCodeType, "displayid.timing-block.code-type")                                         \
     X(1942, DisplayidTimingBlockYcbcr420, "displayid.timing-block.ycbcr-420")                                         \
     X(1943, DisplayidTimingBlockCodeSize, "displayid.timing-block.code-size")                                         \

@@ -21,6 +21,7 @@
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+constexpr unsigned int gsc_uiMostBlocks = 256; // of an image
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 
 struct SExplainOptions
@@ -28,8 +29,10 @@ struct SExplainOptions
     std::string m_sFile;
     unsigned int m_uiBlock = gsc_uiNone;
     unsigned int m_uiAt = gsc_uiNone; // in the block of --block, else in the image
+    EZorEdidField m_eAt = eZorEdidField_None;
     std::string m_sFind;
     bool m_bJson = false;
+    bool m_bIds = false;
 };
 
 // ---- Colours ----
@@ -121,25 +124,46 @@ std::string CloseSizes(std::string sText)
     return sText;
 }
 
+// What follows a field's name on its line: value, timing and notes, which fnPaint may colour.
+template <class PAINT>
+std::string GetFieldSays(const CZorEdidMap& oMap, unsigned int uiField, PAINT fnPaint)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const std::string sValue = GetFieldValue(oMap, uiField);
+    std::string sText = sValue.empty() ? "" : ": " + sValue;
+    sText += oField.m_uiTiming != gsc_uiNone ? "  (" + GetTimingNumber(oField) + ")" : "";
+    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
+    {
+        const CZorEdidMap::SNote& oNote = oMap.GetNote(oField.m_uiFirstNote + i);
+        sText += "  " + fnPaint(gsc_apszNoteColours[oNote.m_eSeverity], "! " + GetNoteText(oNote));
+    }
+    return sText;
+}
+
 // sPart is as CloseSizes gives it.
 bool HasText(const std::string& sText, const std::string& sPart)
 {
     return strcasestr(CloseSizes(sText).c_str(), sPart.c_str()) != nullptr;
 }
 
+// An id, or that of a structure with a point in it, whose fields have it before a point of their own.
+bool HasId(const CZorEdidMap::SField& oField, const std::string& sId)
+{
+    const std::string sFull = CZorEdidMap::GetId(oField.m_eId);
+    return sFull == sId || (sId.find('.') != std::string::npos && sFull.starts_with(sId + "."));
+}
+
+// The text of the field's line, or another one that it is known by.
 bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    bool bFound = HasText(GetFieldName(oField), sPart) || HasText(GetFieldValue(oMap, uiField), sPart) ||
-                  HasText(GetCodeText(oField), sPart) || HasText(GetTimingNumber(oField), sPart) ||
+    const auto fnPlain = [](const char*, const std::string& sText) { return sText; };
+    bool bFound = HasId(oField, sPart) || HasText(GetFieldName(oField) + GetFieldSays(oMap, uiField, fnPlain), sPart) ||
+                  HasText(GetCodeText(oField), sPart) ||
                   (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
     for (unsigned int i = 0; i < oField.m_uiTimings; ++i)
     {
         bFound = bFound || HasText(GetTimingNumber(oField, i), sPart);
-    }
-    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
-    {
-        bFound = bFound || HasText(GetNoteText(oMap.GetNote(oField.m_uiFirstNote + i)), sPart);
     }
     return bFound;
 }
@@ -177,17 +201,22 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
     {
         return FindByte(oMap, oOptions);
     }
+    const bool bId = oOptions.m_eAt != eZorEdidField_None;
     const std::string sPart = CloseSizes(oOptions.m_sFind);
     SAsked oAsked;
     for (const unsigned int uiField : OrderByPlace(oMap))
     {
         if ((!bInBlock || oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize == oOptions.m_uiBlock) &&
-            (sPart.empty() || Matches(oMap, uiField, sPart)))
+            (bId ? oMap.GetField(uiField).m_eId == oOptions.m_eAt : sPart.empty() || Matches(oMap, uiField, sPart)))
         {
             oAsked.m_auiFields.push_back(uiField);
         }
     }
-    oAsked.m_sProblem = oAsked.m_auiFields.empty() ? "has no field with this text: " + oOptions.m_sFind : "";
+    if (oAsked.m_auiFields.empty())
+    {
+        oAsked.m_sProblem = bId ? std::string("has no field ") + CZorEdidMap::GetId(oOptions.m_eAt)
+                                : "has no field with this text: " + oOptions.m_sFind;
+    }
     return oAsked;
 }
 
@@ -307,33 +336,17 @@ private:
         AppendPainted(sLine, pszColour, sBytes);
         sLine += sIndentation;
         AppendPainted(sLine, oField.m_eKind == CZorEdidMap::eKind_Group ? gsc_pszBold : pszColour, sName);
-        if (const std::string sValue = GetFieldValue(m_oMap, uiField); !sValue.empty())
-        {
-            sLine += ": ";
-            sLine += sValue;
-        }
-        if (oField.m_uiTiming != gsc_uiNone)
-        {
-            sLine += "  (" + GetTimingNumber(oField) + ")";
-        }
-        AppendNotes(sLine, uiField);
+        sLine += GetFieldSays(m_oMap, uiField, [this](const char* pszNoteColour, const std::string& sText) {
+            std::string sPainted;
+            AppendPainted(sPainted, pszNoteColour, sText);
+            return sPainted;
+        });
         AddLine(sLine);
         for (size_t i = gsc_uiBytesOfLine; i < aoBytes.size() && !bCounted; i += gsc_uiBytesOfLine)
         {
             sLine.assign(uiPlaceWidth, ' ');
             AppendPainted(sLine, pszColour, GetBytes(aoBytes, i));
             AddLine(sLine);
-        }
-    }
-
-    void AppendNotes(std::string& sLine, unsigned int uiField) const
-    {
-        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
-        for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
-        {
-            const CZorEdidMap::SNote& oNote = m_oMap.GetNote(oField.m_uiFirstNote + i);
-            sLine += "  ";
-            AppendPainted(sLine, gsc_apszNoteColours[oNote.m_eSeverity], "! " + GetNoteText(oNote));
         }
     }
 
@@ -397,6 +410,42 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
     return oOutcome;
 }
 
+// ---- Ids ----
+
+// The innermost structure around a field: the one whose id is the longest beginning of the field's.
+std::string GetStructureName(std::string sId)
+{
+    CZorEdidMap::SIdDescription oStructure = {};
+    for (size_t uiPoint = sId.rfind('.'); uiPoint != std::string::npos; uiPoint = sId.rfind('.'))
+    {
+        sId.resize(uiPoint);
+        if (CZorEdidMap::DescribeId(CZorEdidMap::FindId(sId.c_str()), oStructure) != 0)
+        {
+            return oStructure.m_pszName;
+        }
+    }
+    return "";
+}
+
+std::string ListIds()
+{
+#define ZOR_EDID_FIELD(NUMBER, NAME, ID) eZorEdidField_##NAME,
+    constexpr EZorEdidField aeFields[] = { ZOR_EDID_FIELDS(ZOR_EDID_FIELD) };
+#undef ZOR_EDID_FIELD
+    std::string sText;
+    for (const EZorEdidField eField : aeFields)
+    {
+        const char* pszId = CZorEdidMap::GetId(eField);
+        CZorEdidMap::SIdDescription oField = {};
+        CZorEdidMap::DescribeId(eField, oField);
+        const std::string sStructure = GetStructureName(pszId);
+        sText += FormatText("%-52s %-8s %-14s %s%s%s\n", pszId, GetKindName(oField.m_eKind),
+                            oField.m_pszUnit != nullptr ? oField.m_pszUnit : "-", oField.m_pszName,
+                            sStructure.empty() ? "" : " | ", sStructure.c_str());
+    }
+    return sText;
+}
+
 // A number: decimal, or hexadecimal after 0x.
 COption DeclareNumber(COptions& oCommand, const char* pszName, unsigned int& uiNumber, unsigned int uiMost,
                       const char* pszHelp)
@@ -415,28 +464,45 @@ COption DeclareNumber(COptions& oCommand, const char* pszName, unsigned int& uiN
 
 void DeclareExplainOptions(COptions& oCommand, STool& oTool)
 {
-    constexpr unsigned int uiMostBlocks = 256; // of an image
     const auto poOptions = std::make_shared<SExplainOptions>();
     oCommand
         .Word("FILE", poOptions->m_sFile,
               "An image in any form, also damaged or cut short, \"-\" for standard input, or a connector")
-        .Required()
         .Placeholder("");
-    DeclareNumber(oCommand, "--block", poOptions->m_uiBlock, uiMostBlocks - 1, "This block only; 0 is the base block")
+    DeclareNumber(oCommand, "--block", poOptions->m_uiBlock, gsc_uiMostBlocks - 1,
+                  "This block only; 0 is the base block")
         .Placeholder("N");
     const COption oAt =
-        DeclareNumber(
-            oCommand, "--at", poOptions->m_uiAt, uiMostBlocks * gsc_uiBlockSize - 1,
-            "What this byte says. OFFSET is decimal, or hexadecimal after 0x, and counts from the start of the image, "
-            "or with --block of the block")
-            .Placeholder("OFFSET");
+        oCommand
+            .Word(
+                "--at",
+                [poOptions](const std::string& sText) {
+                    poOptions->m_eAt = CZorEdidMap::FindId(sText.c_str());
+                    ParseNumber(sText, poOptions->m_uiAt);
+                },
+                "What this byte says, or the fields with an id. An offset is decimal, or hexadecimal after 0x, and "
+                "counts from the start of the image, or with --block of the block")
+            .Placeholder("OFFSET|ID")
+            .Check([](const std::string& sText) {
+                constexpr unsigned int uiMost = gsc_uiMostBlocks * gsc_uiBlockSize - 1;
+                unsigned int uiParsed = 0;
+                return (ParseNumber(sText, uiParsed) && uiParsed <= uiMost) ||
+                               CZorEdidMap::FindId(sText.c_str()) != eZorEdidField_None
+                           ? std::string()
+                           : FormatText("unknown offset or id %s; expected a number from 0 to %u or one of --ids",
+                                        ShowName(sText).c_str(), uiMost);
+            });
     const COption oFind =
         oCommand
-            .Word("--find", poOptions->m_sFind,
-                  "Where a name, a value, a note or a timing's list and number has this text, in either case")
+            .Word(
+                "--find", poOptions->m_sFind,
+                "Where the text of a line has this, in either case: names, values, notes, a timing's list and number. "
+                "An id finds its fields, that of a structure all of the structure")
             .Placeholder("TEXT")
             .Check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
     oAt.Excludes(oFind);
+    oCommand.Flag("--ids", poOptions->m_bIds,
+                  "The ids of all fields, with kind, unit, name and structure; without FILE");
     oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
     oCommand.Footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
                     "by its groups.\n"
@@ -448,8 +514,20 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
                     "block or text.\n\n"
                     "Examples:\n"
                     "  zoredid explain --at 0x36 monitor.bin\n"
+                    "  zoredid explain --at cta.hdmi.max-tmds-clock monitor.bin\n"
                     "  zoredid explain --find gamma monitor.bin");
     oCommand.Run([poOptions, &oTool] {
+        if (poOptions->m_bIds == !poOptions->m_sFile.empty())
+        {
+            PrintError("either FILE or --ids is required (see zoredid explain --help)");
+            oTool.Note(eExit_CommandLine);
+            return;
+        }
+        if (poOptions->m_bIds)
+        {
+            PrintResult(ListIds());
+            return;
+        }
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
         oFiles.m_bTurnsForBadOnes = true; // JSON reports them, too

@@ -191,6 +191,39 @@ void RunCases(const char* pszFile, const CBytes& aui8Image)
     }
 }
 
+// Each row and group has an id of the list, each id of the list is that of a row or a group, and no two are spelled
+// alike.
+TEST_F(Map, Ids)
+{
+    class CCollector final : public ZorMap::CIdVisitor
+    {
+    public:
+        std::set<EZorEdidField> m_aeFound;
+
+    private:
+        void OnPart(EZorEdidField eId, const char* pszName, CZorEdidMap::EKind, const char*) override
+        {
+            EXPECT_NE(nullptr, CZorEdidMap::GetId(eId)) << pszName;
+            m_aeFound.insert(eId);
+        }
+    };
+    CCollector oCollector;
+    ZorMap::VisitIds(oCollector);
+#define ZOR_EDID_FIELD(NUMBER, NAME, ID) eZorEdidField_##NAME,
+    for (const EZorEdidField eId : { ZOR_EDID_FIELDS(ZOR_EDID_FIELD) })
+    {
+        EXPECT_EQ(eId, CZorEdidMap::FindId(CZorEdidMap::GetId(eId))) << CZorEdidMap::GetId(eId);
+        EXPECT_EQ(1U, oCollector.m_aeFound.count(eId)) << CZorEdidMap::GetId(eId);
+    }
+#undef ZOR_EDID_FIELD
+    CZorEdidMap::SIdDescription oField;
+    EXPECT_EQ(1, CZorEdidMap::DescribeId(eZorEdidField_CtaHdmiForumVrrMax, oField));
+    EXPECT_STREQ("Hz", oField.m_pszUnit);
+    EXPECT_EQ(0, CZorEdidMap::DescribeId(eZorEdidField_None, oField));
+    EXPECT_EQ(nullptr, oField.m_pszName);
+    EXPECT_EQ(eZorEdidField_None, CZorEdidMap::FindId("cta.no-such-field"));
+}
+
 TEST_F(Map, BaseBlock) { RunCases("EdidMap/golden/base.txt", MakeEdid({})); }
 
 // How bad what a note says is.

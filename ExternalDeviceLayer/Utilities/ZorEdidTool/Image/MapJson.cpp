@@ -92,7 +92,7 @@ void AddNotes(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, ordere
 ordered_json MakeField(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    ordered_json oJson = { { "name", oField.m_pszName } };
+    ordered_json oJson = { { "id", CZorEdidMap::GetId(oField.m_eId) }, { "name", oField.m_pszName } };
     if (oField.m_uiIndex != CZorEdidMap::msc_uiNone)
     {
         oJson["index"] = oField.m_uiIndex;

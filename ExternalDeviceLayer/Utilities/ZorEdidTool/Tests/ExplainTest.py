@@ -97,6 +97,20 @@ class ExplainTest(ToolTest):
         self.assertEqual(fields, ["CTA-861 extension block", "Detailed timing", "Vertical front porch",
                                   "Vertical sync pulse width"])
 
+    def test_ids(self):
+        clock = self.lines("--at", "base.detailed.pixel-clock", "--block", "0")
+        self.assertEqual([line.strip().split("  ")[-1].strip() for line in clock],
+                         ["Base block", "(detailed 0)", "Pixel clock: 148.50 MHz"])
+        self.assertEqual([line.split(" > ")[-1] for line in self.lines("--find", "base.edid")][1:],
+                         ["Version number: 1", "Revision number: 3"])
+        self.assertEqual(self.lines("--at", "vtb.version", status=1), [])
+        self.assertIn("unknown offset or id vtb", run("explain", "--at", "vtb.none", self.save(MONITOR), status=2)[1])
+        run("explain", status=2)
+        listed = dict(line.split()[:2] for line in run("explain", "--ids", status=0)[0].splitlines())
+        for image in IMAGES.values():
+            for field, _ in walk(self.tree(self.save(image))["fields"]):
+                self.assertIn(field["id"], listed)
+
     def test_find(self):
         gamma = ("block 0 17            78                       Basic display parameters and features > Display "
                  "transfer characteristic (gamma): 2.20")
@@ -105,7 +119,7 @@ class ExplainTest(ToolTest):
         self.assertEqual(self.lines("--find", "gamma", "--block", "1", status=1), [])
         self.assertEqual([line.split()[:3] for line in self.lines("--find", "L-PCM")],
                          [["block", "1", "15-17"], ["block", "1", "15.6-3"]])
-        for text, image, found in [("detailed 1", MONITOR, "Detailed timing 0"), ("vic 31", MONITOR, "identification code"),
+        for text, image, found in [("Pixel clock: 148.50 MHz", MONITOR, "Pixel clock"), ("detailed 1", MONITOR, "Detailed timing 0"), ("vic 31", MONITOR, "identification code"),
                                    ("reserved value", change({0x10: "3c"}), "Week of manufacture: reserved")]:
             self.assertEqual([found in line for line in self.lines("--find", text, image=image)], [True])
         for text in ["standard 7", "standard 8"]:

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "MapContent.h"
+#include "MapIds.h"
 
 namespace ZorMap
 {

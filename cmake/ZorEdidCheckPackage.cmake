@@ -61,8 +61,8 @@ foreach(file IN LISTS installed binaries)
   endif()
 endforeach()
 
-# Installed headers include installed headers only, and what they declare can be called in a shared library. That each
-# stands alone, all_verify_interface_header_sets shows in the build tree, where private headers are in reach.
+# Installed headers include installed headers only, and what they declare can be called in a shared library. The
+# target all_verify_interface_header_sets checks in the build tree that each compiles alone.
 set(headers ${package}/include/ZorEdid)
 file(GLOB_RECURSE installed "${headers}/*.h")
 if(NOT installed)
@@ -85,7 +85,7 @@ foreach(file IN LISTS installed)
   endif()
 endforeach()
 
-# A shared library has its soname, and of the private classes nothing.
+# A shared library has its soname and no symbols of private classes.
 if(DEBIAN)
   file(GLOB_RECURSE library "${package}/libzoredid.so")
   string(REGEX REPLACE "\\.[0-9]+$" "" soname libzoredid.so.${VERSION})

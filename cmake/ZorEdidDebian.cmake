@@ -16,8 +16,7 @@ set(debian_version ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
 mark_as_advanced(DPKG_SHLIBDEPS)
 
-# What the packages say of themselves beside their content. The changelog of the project is Markdown, which a packager's
-# changelog must not be.
+# Documents of the packages. The changelog of the project is Markdown, which a packager's changelog must not be.
 set(documents ${CMAKE_CURRENT_BINARY_DIR}/debian)
 string(TIMESTAMP debian_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in ${documents}/changelog.Debian @ONLY)

@@ -18,7 +18,7 @@ foreach(library IN ITEMS ZorEdid ZorEdidOsServices)
   install(EXPORT ${library}Targets NAMESPACE ZorEdid:: DESTINATION ${package} COMPONENT development)
 endforeach()
 if(TARGET ZorEdidOsServices)
-  # Below a prefix of its own, the shared library finds the other one beside it.
+  # Under a prefix of its own, the shared library finds the other one beside it.
   # The build folder leaves no trace in it.
   set_target_properties(ZorEdidOsServices PROPERTIES EXPORT_NAME OsServices INSTALL_RPATH "$ORIGIN"
                                                      BUILD_WITH_INSTALL_RPATH ON)

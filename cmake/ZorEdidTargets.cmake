@@ -6,8 +6,8 @@ function(zor_target_defaults target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_options(${target} PRIVATE ${ZOREDID_WARNINGS})
-  # What is installed names a line by its path in the project, not by that of the project: assertion lines of the
-  # templates in headers name it, too.
+  # Assertion lines, those of the templates in headers too, name a file by its path in the project, without the path of
+  # the project itself.
   target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
   if(ZOREDID_WERROR)
     target_compile_options(${target} PRIVATE -Werror)

@@ -43,7 +43,7 @@ build() {
 build_all() { build_targets="all all_verify_interface_header_sets" build "$@"; }
 
 # run_tests PRESET: runs the tests of build/PRESET, as many at a time as there are processors.
-# After ctest's table, which does not say: why a test or a part of one was skipped.
+# ctest's table does not say why a test or a part of one was skipped: that is printed after it.
 run_tests() {
   local status=0
   ctest --preset "$1" --parallel "$(nproc)" || status=$?

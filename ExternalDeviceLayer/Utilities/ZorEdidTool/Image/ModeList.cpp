@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <map>
-#include <optional>
 #include <set>
 #include <utility>
 
@@ -19,102 +18,6 @@ namespace
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 constexpr unsigned int gsc_uiNativeBit = 0x80; // of a short video descriptor
 constexpr char gsc_szBaseKind[] = "base";
-
-// Payloads of the data blocks of one kind, in their order.
-template <class TAG>
-std::vector<std::vector<unsigned int>> ListPayloads(const CEdidExtBlockCEA861& oBlock, TAG eTag)
-{
-    std::vector<std::vector<unsigned int>> aauiPayloads;
-    unsigned int uiLength = 0;
-    unsigned int uiOffset = oBlock.GetDataBlockOffset(eTag, 0, &uiLength);
-    for (unsigned int i = 1; uiOffset != 0; uiOffset = oBlock.GetDataBlockOffset(eTag, i++, &uiLength))
-    {
-        const unsigned char* pui8Payload = oBlock.GetData() + uiOffset;
-        aauiPayloads.emplace_back(pui8Payload, pui8Payload + uiLength);
-    }
-    return aauiPayloads;
-}
-
-// The codes of a list of timings, in the order of their timings: a descriptor gives one, native or not, or two, the
-// second for the 1000/1001 variant, and a repeated descriptor none.
-class CNamedCodes
-{
-public:
-    void Add(unsigned int uiDescriptor)
-    {
-        unsigned int uiVic = 0;
-        if (CEdidExtBlockCEA861::ExtractSvdCodeInfo(uiDescriptor, &uiVic, nullptr) != 0 &&
-            m_auiHeld.insert(uiDescriptor).second)
-        {
-            m_auiCodes.push_back(uiVic);
-        }
-    }
-
-    // Keeps the code of the list's next timing. A code that no video data block names is the lowest: HDMI codes are
-    // those of 16:9.
-    void KeepOwn(SVics& oVics)
-    {
-        const auto fnFits = [&](unsigned int uiCode) {
-            return std::find(oVics.m_auiCodes.begin(), oVics.m_auiCodes.end(), uiCode) != oVics.m_auiCodes.end();
-        };
-        if (oVics.m_auiCodes.empty())
-        {
-            return;
-        }
-        if (!oVics.m_bVariant || !fnFits(m_uiLast))
-        {
-            const auto itOwn =
-                std::find_if(m_auiCodes.begin() + static_cast<std::ptrdiff_t>(m_uiNext), m_auiCodes.end(), fnFits);
-            m_uiLast = itOwn != m_auiCodes.end() ? *itOwn : oVics.m_auiCodes.front();
-            m_uiNext = itOwn != m_auiCodes.end() ? static_cast<size_t>(itOwn - m_auiCodes.begin()) + 1 : m_uiNext;
-        }
-        oVics.m_auiCodes = { m_uiLast };
-    }
-
-private:
-    std::vector<unsigned int> m_auiCodes;
-    std::set<unsigned int> m_auiHeld;
-    size_t m_uiNext = 0;
-    unsigned int m_uiLast = 0;
-};
-
-// The ordinary codes of a block, and those in YCbCr 4:2:0: what capability maps select, an empty one all, and then the
-// 4:2:0 video data blocks.
-struct SBlockCodes
-{
-    CNamedCodes m_oOrdinary;
-    CNamedCodes m_o420;
-
-    explicit SBlockCodes(const CEdidExtBlockCEA861& oBlock)
-    {
-        std::vector<unsigned int> auiAll;
-        for (const auto& auiPayload : ListPayloads(oBlock, CEdidExtBlockCEA861::eCea861Tag_Video))
-        {
-            auiAll.insert(auiAll.end(), auiPayload.begin(), auiPayload.end());
-        }
-        for (const unsigned int uiDescriptor : auiAll)
-        {
-            m_oOrdinary.Add(uiDescriptor);
-        }
-        for (const auto& auiMap : ListPayloads(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_Yuv420CapabilityMap))
-        {
-            for (size_t i = 0; i < auiAll.size(); ++i)
-            {
-                if (auiMap.empty() || (i / 8 < auiMap.size() && (auiMap[i / 8] >> i % 8 & 1U) != 0))
-                {
-                    m_o420.Add(auiAll[i]);
-                }
-            }
-        }
-        for (const auto& auiPayload : ListPayloads(oBlock, CEdidExtBlockCEA861::eCea861ExtTag_Yuv420Video))
-        {
-            for (const unsigned int uiDescriptor : auiPayload)
-            {
-                m_o420.Add(uiDescriptor);
-            }
-        }
-    }
-};
 
 // ---- Lists ----
 
@@ -136,63 +39,46 @@ void ListEstablished(const CEdid& oEdid, CModes& aoTimings)
     }
 }
 
-// The two bytes of the standard timing at this index: the index runs over the slots that give a timing.
-std::string GetStandardCode(const CEdid& oEdid, unsigned int uiIndex)
-{
-    for (unsigned int uiSlot = 0; uiSlot < CEdidBase::msc_uiStandardSlotCount; ++uiSlot)
-    {
-        const auto eSlot = static_cast<CEdidBase::EStandardSlotIndex>(uiSlot);
-        if (oEdid.GetBaseStandard(eSlot, nullptr, nullptr) != 0 && uiIndex-- == 0)
-        {
-            constexpr unsigned int uiPairSize = sizeof(CEdidBase::SStandard);
-            const unsigned int uiOffset = ZorStandards::BaseBlock::gsc_uiStandardsOffset + uiPairSize * uiSlot;
-            return FormatHex(oEdid.GetBaseBlock() + uiOffset, uiPairSize);
-        }
-    }
-    return "";
-}
-
 void ListStandard(CLoadedImage& oImage, CModes& aoTimings)
 {
     const CEdid& oEdid = oImage.GetEdid();
-    unsigned int uiIndex = 0;
-    for (; uiIndex < oEdid.GetBaseStandardCount(); ++uiIndex)
+    CTimingOrigins aoOrigins;
+    oEdid.CEdidBase::ListStandardOrigins(aoOrigins);
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
     {
-        SImageMode oListed = { CZorEdidMap::eList_Standard, uiIndex, 0, gsc_szBaseKind, {} };
-        if (oEdid.GetBaseStandard(uiIndex, &oListed.m_oTiming, nullptr) != 0)
-        {
-            oListed.m_sStandardCode = GetStandardCode(oEdid, uiIndex);
-            aoTimings.push_back(oListed);
-        }
+        const STimingOrigin& oOrigin = aoOrigins[i];
+        SImageMode oListed = { CZorEdidMap::eList_Standard, oOrigin.m_uiIndex, 0, gsc_szBaseKind, {} };
+        oEdid.GetBaseStandard(oOrigin.m_uiIndex, &oListed.m_oTiming, nullptr);
+        oListed.m_sStandardCode = FormatHex(oEdid.GetBaseBlock() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
+        aoTimings.push_back(oListed);
     }
     // The blocks are asked themselves: CEdid would hand the index of a place without a timing on to the next block.
+    unsigned int uiFirst = oEdid.GetBaseStandardCount();
     for (const SImageBlock& oBlock : oImage.GetBlocks())
     {
-        const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetStandardCount() : 0;
-        const CEdidExtBlockCEA861* poCea = oBlock.GetCea();
-        std::optional<SBlockCodes> oCodes;
-        if (poCea != nullptr)
+        if (oBlock.m_poLoaded == nullptr)
         {
-            oCodes.emplace(*poCea);
+            continue;
         }
-        for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
+        oBlock.m_poLoaded->ListStandardOrigins(aoOrigins);
+        for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
         {
-            SImageMode oListed = {
-                CZorEdidMap::eList_Standard, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
-            };
+            const STimingOrigin& oOrigin = aoOrigins[i];
+            SImageMode oListed = { CZorEdidMap::eList_Standard,
+                                   uiFirst + oOrigin.m_uiIndex,
+                                   oBlock.m_uiNumber,
+                                   GetBlockKind(oBlock.GetTag()),
+                                   {} };
             int iNative = 0;
-            if (oBlock.m_poLoaded->GetStandard(i, &oListed.m_oTiming, &iNative) != 0)
+            if (oOrigin.m_bRepeated == 0 &&
+                oBlock.m_poLoaded->GetStandard(oOrigin.m_uiIndex, &oListed.m_oTiming, &iNative) != 0)
             {
                 oListed.m_bNative = iNative != 0;
-                oListed.m_oVics = FindVics(oListed.m_oTiming);
-                if (oCodes.has_value())
-                {
-                    const bool b420 = oListed.m_oTiming.Is420ColorSpace() != 0;
-                    (b420 ? oCodes->m_o420 : oCodes->m_oOrdinary).KeepOwn(oListed.m_oVics);
-                }
+                oListed.m_oVics = { { oOrigin.m_uiCode }, oOrigin.m_bVariant != 0 };
                 aoTimings.push_back(oListed);
             }
         }
+        uiFirst += oBlock.m_poLoaded->GetStandardCount();
     }
 }
 

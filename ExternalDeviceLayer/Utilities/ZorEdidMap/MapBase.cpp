@@ -275,7 +275,6 @@ bool IsSquarePair(const CRecord& oRecord)
     return IsUsedPair(oRecord) && !IsWidePair<ALWAYS>(oRecord);
 }
 
-constexpr SRatio gsc_aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } }; // by the code; 0 was 1:1 before 1.3
 constexpr auto gsc_aoAspects = Listed({ "16:10", "4:3", "5:4", "16:9" });
 constexpr auto gsc_aoOldAspects = Listed({ "1:1", "4:3", "5:4", "16:9" });
 
@@ -283,23 +282,17 @@ constexpr auto gsc_aoOldAspects = Listed({ "1:1", "4:3", "5:4", "16:9" });
 template <bool ALWAYS>
 bool MakePairMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
 {
-    constexpr unsigned int uiPixelsPerCode = 8;
-    constexpr unsigned int uiFirstPixels = 248;
-    constexpr unsigned int uiFirstRate = 60;
     if (IsUnusedPair(oRecord) || oRecord.GetByte(0) == 0 || oSource.m_uiRank != 0)
     {
         return false;
     }
-    const unsigned int uiPixels = oRecord.GetByte(0) * uiPixelsPerCode + uiFirstPixels;
-    const unsigned int uiAspect = oRecord.GetBits(1, 7, 6);
-    const bool bSquare = uiAspect == 0 && IsSquarePair<ALWAYS>(oRecord);
-    const SRatio oRatio = bSquare ? SRatio{ 1, 1 } : gsc_aoRatios[uiAspect];
+    const bool bSquare = IsSquarePair<ALWAYS>(oRecord);
+    const SStandardTiming oTiming = ReadStandardTiming(oRecord.GetByte(0), oRecord.GetByte(1), bSquare);
     const unsigned int uiCode = oRecord.Get(Big16(0));
-    oMode =
-        MakeBareMode(CZorEdidMap::eModeKind_Standard, uiCode, uiPixels, uiPixels * oRatio.m_uiHeight / oRatio.m_uiWidth,
-                     false, WholeRate(oRecord.GetBits(1, 5, 0) + uiFirstRate));
-    SetAspect(oMode, oRatio);
-    const SDmtMode* poDmt = bSquare ? nullptr : FindDmtModeOfStandard(uiCode);
+    oMode = MakeBareMode(CZorEdidMap::eModeKind_Standard, uiCode, oTiming.m_uiWidth, oTiming.m_uiHeight, false,
+                         WholeRate(oTiming.m_uiRate));
+    SetAspect(oMode, oTiming.m_oAspect);
+    const SDmtMode* poDmt = bSquare && oRecord.GetBits(1, 7, 6) == 0 ? nullptr : FindDmtModeOfStandard(uiCode);
     if (poDmt != nullptr)
     {
         SetTiming(oMode, poDmt->m_oTiming);

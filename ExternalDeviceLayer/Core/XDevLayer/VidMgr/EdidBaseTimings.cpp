@@ -76,13 +76,7 @@ constexpr unsigned int gsc_uiPairSize = sizeof(CEdidBase::SStandard);
 static_assert(gsc_uiStandardsOffset + CEdidBase::msc_uiStandardSlotCount * gsc_uiPairSize == gsc_uiDescriptorsOffset,
               "the slots reach up to the descriptors");
 
-// A pair: the first byte is pixels / 8 - 31, the second holds the rate above 60 Hz and, on top, the aspect code.
 constexpr unsigned int gsc_uiFirstUsedCode = 2; // a first byte below it is an empty slot
-constexpr unsigned int gsc_uiPixelsPerCode = 8;
-constexpr unsigned int gsc_uiPixelsAtCode0 = 248;
-constexpr unsigned int gsc_uiRateMask = 0x3F;
-constexpr unsigned int gsc_uiRateAtCode0 = 60;
-constexpr unsigned int gsc_uiAspectShift = 6;
 
 constexpr CEdidBase::SStandard gsc_oEmptyPair = { 0x01, 0x01 };
 
@@ -127,22 +121,6 @@ const SStdByteCodeOverride* FindOverride(const CEdidBase::SStandard& oPair)
 
 // The first revision in which aspect code 0 means 16:10; it was 1:1 before.
 constexpr unsigned int gsc_ui16To10Revision = 3;
-
-// Lines that an aspect code gives for a width in pixels.
-constexpr unsigned int LinesByAspect(unsigned int uiAspect, unsigned int uiPixels, unsigned int uiRevision)
-{
-    switch (uiAspect)
-    {
-    case 0:
-        return uiRevision >= gsc_ui16To10Revision ? (uiPixels * 5) >> 3 : uiPixels;
-    case 1: // 4:3
-        return (uiPixels * 3) >> 2;
-    case 2: // 5:4
-        return uiPixels * 4 / 5;
-    default: // 16:9
-        return (uiPixels * 9) >> 4;
-    }
-}
 
 STimingOrigin MakeOrigin(unsigned int uiIndex, unsigned int uiOffset, unsigned int uiLength,
                          unsigned int uiBit = STimingOrigin::msc_uiNoBit)
@@ -221,19 +199,17 @@ int CEdidBase::GetStandardTiming(const SStandard* poStandard, CVidParamTiming* p
     {
         return 0;
     }
-    const unsigned int uiHorizontalActive = poStandard->m_ui8Code1 * gsc_uiPixelsPerCode + gsc_uiPixelsAtCode0;
-    const unsigned int uiRateInHz = (poStandard->m_ui8Code2 & gsc_uiRateMask) + gsc_uiRateAtCode0;
+    const SStandardTiming oTiming = ReadStandardTiming(poStandard->m_ui8Code1, poStandard->m_ui8Code2,
+                                                       m_aui8Edid[gsc_uiRevisionOffset] < gsc_ui16To10Revision);
     const SStdByteCodeOverride* poOverride = FindOverride(*poStandard);
-    const unsigned int uiVerticalActive = poOverride != nullptr
-                                              ? poOverride->m_uiVerticalActive
-                                              : LinesByAspect(poStandard->m_ui8Code2 >> gsc_uiAspectShift,
-                                                              uiHorizontalActive, m_aui8Edid[gsc_uiRevisionOffset]);
+    const unsigned int uiVerticalActive = poOverride != nullptr ? poOverride->m_uiVerticalActive : oTiming.m_uiHeight;
     const CVidParamDmt::EModeListType eListType =
         poOverride != nullptr ? poOverride->m_eListType : CVidParamDmt::eModeListStandard;
 
     const int iFound =
-        CVidParamDmt::GetVidParam(0, poTiming, uiHorizontalActive, uiVerticalActive, uiRateInHz, eListType);
-    return iFound != 0 ? iFound : CVidParamGtf::GetVidParam(uiHorizontalActive, uiVerticalActive, uiRateInHz, poTiming);
+        CVidParamDmt::GetVidParam(0, poTiming, oTiming.m_uiWidth, uiVerticalActive, oTiming.m_uiRate, eListType);
+    return iFound != 0 ? iFound
+                       : CVidParamGtf::GetVidParam(oTiming.m_uiWidth, uiVerticalActive, oTiming.m_uiRate, poTiming);
 }
 
 int CEdidBase::GetStandard(EStandardSlotIndex eSlot, CVidParamTiming* poTiming, int* piNative) const

@@ -113,6 +113,15 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         {
             return "the value" + sWhere;
         }
+        constexpr unsigned int uiMostModes = 16; // of a video format descriptor
+        CZorEdidMap::SMode oMode = {};
+        for (unsigned int uiMode = 0; oMap.GetMode(i, oMode, uiMode); ++uiMode)
+        {
+            if (uiMode >= uiMostModes || oMode.m_uiWidth == 0 || oMode.m_uiHeight == 0 || oMode.m_uiRepetition == 0)
+            {
+                return "the mode" + sWhere;
+            }
+        }
     }
     unsigned int uiNote = 0;
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)

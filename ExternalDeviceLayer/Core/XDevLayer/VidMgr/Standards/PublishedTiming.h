@@ -7,6 +7,13 @@
 
 namespace ZorStandards
 {
+// Of a picture, width to height.
+struct SRatio
+{
+    unsigned int m_uiWidth;
+    unsigned int m_uiHeight;
+};
+
 enum class EScan : unsigned char
 {
     eProgressive,

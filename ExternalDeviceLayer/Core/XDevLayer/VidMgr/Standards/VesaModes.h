@@ -1,4 +1,4 @@
-// Modes that VESA's standards name: DMT and the bits of established timings. Private to the library.
+// Modes that VESA's standards name: DMT, standard timings, established timings. Private to the library.
 
 #pragma once
 
@@ -185,6 +185,26 @@ inline constexpr auto gsc_asDmt = ListDmt();
 constexpr const char* GetDmtName(unsigned int uiId)
 {
     return FindDmtMode(uiId) != nullptr ? Names::gsc_asDmt[uiId - 1].GetText() : nullptr;
+}
+
+// ---- Standard timings, E-EDID 3.9 ----
+
+struct SStandardTiming
+{
+    unsigned int m_uiWidth;
+    unsigned int m_uiHeight;
+    unsigned int m_uiRate; // Hz
+    SRatio m_oAspect;
+};
+
+// By the two bytes of one in use. bSquare: aspect code 0 is 1:1, as before E-EDID 1.3, instead of 16:10.
+constexpr SStandardTiming ReadStandardTiming(unsigned int uiFirst, unsigned int uiSecond, bool bSquare)
+{
+    constexpr SRatio aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } };
+    const unsigned int uiWidth = uiFirst * 8 + 248;
+    const unsigned int uiAspect = uiSecond >> 6;
+    const SRatio oRatio = bSquare && uiAspect == 0 ? SRatio{ 1, 1 } : aoRatios[uiAspect];
+    return { uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth, (uiSecond & 0x3F) + 60, oRatio };
 }
 
 // ---- Established timings I and II, E-EDID 3.8: from bit 7 of byte 23h on ----

@@ -9,13 +9,6 @@
 
 namespace ZorStandards
 {
-// Of a picture, width to height.
-struct SRatio
-{
-    unsigned int m_uiWidth;
-    unsigned int m_uiHeight;
-};
-
 struct SVideoCode
 {
     unsigned char m_ui8Code;

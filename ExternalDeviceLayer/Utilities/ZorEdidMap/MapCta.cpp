@@ -317,8 +317,8 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiStart, const CDat
 
 constexpr SPayloadNotes gsc_oPayloadNotes = { "is shorter than the standard has it",
                                               "is longer than the standard has it",
-                                              "is no whole number of descriptors long",
-                                              "is of none of the lengths that the standard has" };
+                                              "is not a whole number of descriptors long",
+                                              "has a length that the standard does not define" };
 
 const char* CheckLength(const SFound& oFound)
 {

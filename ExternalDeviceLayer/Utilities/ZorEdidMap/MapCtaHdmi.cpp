@@ -53,7 +53,7 @@ unsigned int GetVideoOffset(const CRecord& oHdmi)
 
 const char* CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
 {
-    return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? "is set, but the data block ends ahead of them" : nullptr;
+    return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? "is set, but the data block ends before them" : nullptr;
 }
 const char* CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
 {
@@ -264,7 +264,7 @@ constexpr SMeaning gsc_aoSlices[] = {
 };
 
 constexpr SRow gsc_aoSinkRows[] = {
-    { eId_CtaHdmiForumVersion, Byte(0), "Version", Number().Expect(1, "is no published version") },
+    { eId_CtaHdmiForumVersion, Byte(0), "Version", Number().Expect(1, "version is not published") },
     { eId_CtaHdmiForumMaxTmdsCharacterRate, Byte(1), "Max_TMDS_Character_Rate",
       Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
     { eId_CtaHdmiForumScdcPresent, Bit(2, 7), "SCDC_Present", Flag() },

@@ -173,7 +173,7 @@ constexpr SRow gsc_aoFormatRows[] = {
 
 CMString FormatSummary(const CRecord& oFormat) { return CMString(GetResolutionName(oFormat.GetBits(0, 5, 0))); }
 
-// The rates in rising order; 0 behind the last one.
+// The rates in rising order; 0 after the last one.
 unsigned int GetFormatRate(const CRecord& oFormat, unsigned int uiRank)
 {
     constexpr unsigned int auiFactors[] = { 1, 2, 4, 8, 12, 16 }; // from bit 0 of byte 1 on

@@ -96,7 +96,7 @@ inline void NoteBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int u
     oWriter.AddNote(oWriter.FindField(uiOffset, oBlock.GetSize()), eSeverity, pszText);
 }
 
-inline constexpr char gsc_szNotWholeItems[] = "payload is no whole number of items";
+inline constexpr char gsc_szNotWholeItems[] = "payload is not a whole number of items";
 inline constexpr char gsc_szBehindBlock[] = "runs past the end of its data block";
 inline constexpr char gsc_szContradiction[] = "contradicts the payload length";
 

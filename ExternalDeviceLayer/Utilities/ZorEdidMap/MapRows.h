@@ -37,7 +37,7 @@ struct SMeaning
     const char* m_pszName;
 };
 
-// ---- Which mode it stands for ----
+// ---- Which mode it announces ----
 
 // What a walk says of a mode, which its bytes do not.
 inline constexpr unsigned int gsc_uiMarkAlso420 = 1;

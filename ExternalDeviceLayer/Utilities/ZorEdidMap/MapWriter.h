@@ -108,7 +108,7 @@ public:
     void SetMeaning(unsigned int uiField, const char* pszMeaning);
     void SetIndex(unsigned int uiField, unsigned int uiIndex);
 
-    // The code of the mode that a field stands for, where its own bytes do not say; 0 where they do. uiMarks is a sum
+    // The code of the mode that a field announces, where its own bytes do not say; 0 where they do. uiMarks is a sum
     // of gsc_uiMark values.
     void SetMode(unsigned int uiField, unsigned int uiCode, unsigned int uiMarks = 0);
 

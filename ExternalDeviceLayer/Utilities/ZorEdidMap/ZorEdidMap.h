@@ -256,7 +256,7 @@ public:
     /// Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
     CMString GetValue(unsigned int uiField) const;
 
-    /// The mode that a field stands for, of leaves and groups alike. A field may announce several, as a CVT 3 byte code
+    /// The mode that a field announces, of leaves and groups alike. A field may announce several, as a CVT 3 byte code
     /// and a video format descriptor do: uiIndex counts them from 0, a preferred one first. False, and oMode unchanged,
     /// for a field without such a mode: an unset flag, a code that is not published, a timing that is cut short.
     /// uiField must be below GetFieldCount.

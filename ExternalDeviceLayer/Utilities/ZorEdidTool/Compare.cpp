@@ -120,7 +120,7 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
         "Example:\n"
         "  zoredid compare old.bin new.bin");
     oCommand.Run([poOptions, &oTool] {
-        // Both are read first, so that a second bad name is told, too.
+        // Both are read first, so that a second bad name is reported, too.
         const SInput oFirst = ReadOneInput(poOptions->m_sFirst, oTool);
         const SInput oSecond = ReadOneInput(poOptions->m_sSecond, oTool);
         if (oFirst.IsGood() && oSecond.IsGood())

@@ -176,7 +176,7 @@ TEST(MapHdmiRows, SinkCapabilities)
     ExpectRows(MakeCtaRecord(4, "ED 79 00 00 01 73 B4 5B 69 6A 2C D3 46 97"), gsc_aoSinkRows);
     static constexpr SRowCase aoReserved[] = {
         { "02-03", "Reserved", "12 34", gsc_szSet },
-        { "04", "Version", "2", "is no published version" },
+        { "04", "Version", "2", "version is not published" },
     };
     ExpectSomeRows(MakeCtaRecord(0, "E7 79 12 34 02 78 80 50"), aoReserved);
 }

@@ -44,7 +44,7 @@ constexpr SModeSource gsc_aoSources[] = {
 
 // The library's numbers have 32 bits, clocks in hertz among them: beyond that a formula's numbers wrap, and then the
 // clock is far from what the totals and the rate make of it. The tables' clocks are right, and those of interlaced rows
-// stand at the frame rate.
+// are at the frame rate.
 bool HasWrapped(const CVidParamTiming& oTiming, const SMode& oMode)
 {
     const double dPixels = static_cast<double>(oMode.m_uiWidth) + oTiming.GetHorizontalFrontPorch() +

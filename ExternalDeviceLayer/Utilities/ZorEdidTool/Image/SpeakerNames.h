@@ -2,7 +2,7 @@
 
 #pragma once
 
-// A name and the value that it stands for.
+// A name and its value.
 struct SNamedValue
 {
     const char* m_pszName; // any case

@@ -134,7 +134,7 @@ std::string GetModeline(const CVidParamTimingGeneric& oTiming, const std::string
     const unsigned int uiVerticalTotal = GetVerticalTotal(oTiming);
     if (uiHorizontalEnd > uiHorizontalTotal || uiVerticalEnd > uiVerticalTotal)
     {
-        return "# " + sName + ": its sync ends behind its total";
+        return "# " + sName + ": its sync ends after its total";
     }
     return FormatText("Modeline \"%s\" %s %u %u %u %u %u %u %u %u %chsync %cvsync%s", sName.c_str(),
                       GetMegaHertzText(oTiming.GetPixelClockInHz(), 2).c_str(), oTiming.GetHorizontalActive(),

@@ -56,7 +56,7 @@
     const placeOf = cell => "0x" + offset(cell).toString(16).padStart(2, "0");
     for (const cell of cells) {
       const names = leaves[offset(cell)].map(item => one(".name", item).textContent);
-      const said = cell.getAttribute("aria-label") || cell.textContent; // the other image's byte stands there
+      const said = cell.getAttribute("aria-label") || cell.textContent; // the other image's byte is there
       cell.setAttribute("aria-label", [placeOf(cell) + ": " + said, ...names].join(", "));
     }
 

@@ -14,7 +14,7 @@ constexpr unsigned int gsc_uiLine = 16; // bytes
 
 const char* GetAreaClass(const CZorEdidMap::SField& oField) { return GetAreaName(oField.m_eArea); }
 
-// Whether the value is that of single bytes, which stand in columns.
+// Whether the value is that of single bytes, which are shown in columns.
 bool IsRaw(const CZorEdidMap::SField& oField)
 {
     return oField.m_eKind == CZorEdidMap::eKind_Bytes || oField.m_eKind == CZorEdidMap::eKind_Reserved ||
@@ -31,8 +31,8 @@ CHtml MakeLegend()
         oHtml << "<li><span class=\"swatch " << oName << "\"></span>" << oName << "</li>";
     }
     return oHtml
-           << "</ul>\n<p class=\"small\">Places are hexadecimal and count from the image's first byte. Bits stand "
-           << "behind a point: \xE2\x80\x9C"
+           << "</ul>\n<p class=\"small\">Places are hexadecimal and count from the image's first byte. Bits follow "
+           << "a point: \xE2\x80\x9C"
               "08.6-0 09\xE2\x80\x9D is bits 6 to 0 of byte 08, then byte 09.</p>\n";
 }
 
@@ -114,7 +114,7 @@ private:
         return GetAreaName(CZorEdidMap::eArea_Unused);
     }
 
-    // What the other image has at the place; -1 behind its end.
+    // What the other image has at the place; -1 past its end.
     int GetOther(unsigned int uiOffset) const
     {
         const std::vector<unsigned char>& aui8Other = m_oPage.m_apoImages[1 - m_uiImage]->m_oInput.m_aui8Bytes;
@@ -250,7 +250,7 @@ private:
     const size_t m_uiImage;
     const SPageImage& m_oImage;
     const CZorEdidMap& m_oMap;
-    const char* const m_pszKey; // ahead of each identifier of this image
+    const char* const m_pszKey; // prefix of each identifier of this image
 };
 } // namespace
 

@@ -10,7 +10,7 @@ namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// A link to the byte in the grid; behind the image, the place alone.
+// A link to the byte in the grid; past the image, the place alone.
 CHtml MakePlace(const SPage& oPage, size_t uiImage, unsigned int uiOffset)
 {
     const std::string sPlace = FormatText("0x%02x", uiOffset);
@@ -49,9 +49,10 @@ CHtml MakeFindingList(const SPage& oPage, size_t uiImage)
     }
     if (oImage.m_aoFindings.empty())
     {
-        return oHtml << "<p class=\"good\">The check finds nothing.</p>\n"
-                     << "<p class=\"small\">It reads the bytes: whether the monitor shows what they say, and whether "
-                        "source and cable carry it, it cannot tell.</p>\n";
+        return oHtml
+               << "<p class=\"good\">The check finds nothing.</p>\n"
+               << "<p class=\"small\">It only reads the bytes: whether the monitor shows what they say, and whether "
+                  "source and cable carry it, is not checked.</p>\n";
     }
     oHtml << "<ul class=\"findings\">\n";
     for (const SFinding& oFinding : oImage.m_aoFindings)

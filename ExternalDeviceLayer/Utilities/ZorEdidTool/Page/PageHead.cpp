@@ -74,8 +74,8 @@ std::string DescribeSize(const SPageImage& oImage)
 // Nothing comes twice.
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
 {
-    const bool bThere = (pszBetween + sList + pszBetween).find(pszBetween + sNext + pszBetween) != std::string::npos;
-    if (!sNext.empty() && !bThere)
+    const bool bPresent = (pszBetween + sList + pszBetween).find(pszBetween + sNext + pszBetween) != std::string::npos;
+    if (!sNext.empty() && !bPresent)
     {
         sList += (sList.empty() ? "" : pszBetween) + sNext;
     }
@@ -150,12 +150,12 @@ std::string DescribeNativeModes(const SPageImage& oImage)
     return sText.empty() ? "not given" : sText;
 }
 
-// Digital or analogue, then the standard and the depth where revision 1.4 names them, then what extensions tell.
+// Digital or analogue, then the standard and the depth where revision 1.4 names them, then what extensions add.
 std::string DescribeInterface(const SPageImage& oImage)
 {
-    const bool bThere = oImage.FindField(gsc_uiVideoInputOffset, gsc_uiHighBit) != nullptr; // not cut off
+    const bool bPresent = oImage.FindField(gsc_uiVideoInputOffset, gsc_uiHighBit) != nullptr; // not cut off
     const bool bDigital = oImage.GetNumberAt(gsc_uiVideoInputOffset, gsc_uiHighBit) != 0;
-    std::string sText = bDigital ? "digital" : bThere ? "analogue" : "";
+    std::string sText = bDigital ? "digital" : bPresent ? "analogue" : "";
     for (const ZorStandards::SBitsPlace& oBits : { gsc_oColorDepth, gsc_oInterface })
     {
         const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_ui8Offset, oBits.m_ui8Low);
@@ -259,7 +259,7 @@ void AppendPhrases(const SPageImage& oImage, std::span<const SPhrase> aoPhrases,
     }
 }
 
-// Luminances of a display without HDR are no words about HDR.
+// Luminances of a display without HDR do not belong under HDR.
 std::string DescribeHdr(const SPageImage& oImage)
 {
     std::string sText;
@@ -388,7 +388,7 @@ private:
         oHtml << "Paper 210 by 297 mm.";
     }
 
-    // Both stand on the bottom line.
+    // Both rest on the bottom line.
     void DrawBox(CHtml& oHtml, double dLeft, double dWidth, double dHeight) const
     {
         oHtml << "<rect x=\"" << SDecimal{ dLeft, 1 } << "\" y=\"" << SDecimal{ m_dHeight - dHeight, 1 }

@@ -9,7 +9,7 @@ namespace
 {
 constexpr char gsc_szReplacement[] = "\xEF\xBF\xBD"; // U+FFFD
 
-// How many bytes the character at uiAt has; 0 when it is no well-formed UTF-8 (no overlong form, no surrogate).
+// How many bytes the character at uiAt has; 0 when it is not well-formed UTF-8 (no overlong form, no surrogate).
 size_t MeasureCharacter(std::string_view sText, size_t uiAt)
 {
     struct SLead
@@ -17,7 +17,7 @@ size_t MeasureCharacter(std::string_view sText, size_t uiAt)
         unsigned char m_ui8First;
         unsigned char m_ui8Last;
         unsigned char m_ui8Size;
-        unsigned char m_ui8SecondFirst; // the second byte has narrower limits behind some lead bytes
+        unsigned char m_ui8SecondFirst; // the second byte has narrower limits after some lead bytes
         unsigned char m_ui8SecondLast;
     };
     constexpr SLead aoLeads[] = {
@@ -50,7 +50,7 @@ size_t MeasureCharacter(std::string_view sText, size_t uiAt)
     return 0;
 }
 
-// What stands for a character of one byte; null for itself.
+// The entity of a character of one byte; null when it needs none.
 const char* GetEntity(char cNext)
 {
     switch (cNext)
@@ -109,7 +109,7 @@ std::string MakePage(const std::string& sTitle, const CHtml& oBody)
 {
     CHtml oTitle;
     oTitle << SText{ sTitle };
-    // Style and script are told by their hashes, so that nothing that slipped into the page would run.
+    // Style and script are allowed by their hashes, so that nothing that slipped into the page would run.
     std::string sPage = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
                         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; base-uri 'none'; "
                         "form-action 'none'; style-src 'sha256-";

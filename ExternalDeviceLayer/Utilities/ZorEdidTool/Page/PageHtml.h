@@ -11,13 +11,13 @@
 // A literal of the sources: only a constant expression makes one.
 struct SMarkup
 {
-    // NOLINTNEXTLINE(google-explicit-constructor): a literal stands for itself
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal is taken as it is
     consteval SMarkup(const char* pszMarkup) : m_pszMarkup(pszMarkup) {}
 
     const char* m_pszMarkup;
 };
 
-// Anything that is no literal.
+// Anything but a literal.
 struct SText
 {
     std::string_view m_sText;
@@ -38,7 +38,7 @@ public:
         m_sHtml += oMarkup.m_pszMarkup;
         return *this;
     }
-    // Safe between tags and in a quoted attribute. What is no UTF-8, and control characters, become U+FFFD.
+    // Safe between tags and in a quoted attribute. Bytes that are not UTF-8, and control characters, become U+FFFD.
     CHtml& operator<<(SText oText);
     CHtml& operator<<(SDecimal oNumber);
     CHtml& operator<<(std::integral auto iNumber)

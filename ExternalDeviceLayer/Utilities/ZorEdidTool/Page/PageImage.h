@@ -27,13 +27,13 @@ struct SPageImage
     // The image of oInput, which is moved in. uiThisYear is for the findings.
     SPageImage(SInput oInput, unsigned int uiThisYear);
 
-    // The leaf of a bit; null behind the image.
+    // The leaf of a bit; null past the image.
     const CZorEdidMap::SField* FindField(unsigned int uiOffset, unsigned int uiBit) const;
-    // Its value as text; empty behind the image.
+    // Its value as text; empty past the image.
     std::string GetValueAt(unsigned int uiOffset, unsigned int uiBit) const;
     // That of a field by its index.
     std::string GetValue(unsigned int uiField) const { return static_cast<const char*>(m_oMap.GetValue(uiField)); }
-    // Its number, decimals applied; 0 behind the image.
+    // Its number, decimals applied; 0 past the image.
     double GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const;
 
     SInput m_oInput;
@@ -46,7 +46,7 @@ struct SPageImage
     CModes m_aoModes;
     std::vector<SFinding> m_aoFindings;
     std::vector<SPageField> m_aoFields; // as many as the map has
-    unsigned int m_uiAnnounced = 0;     // this many fields lie in blocks that the image announces; the rest is no part
+    unsigned int m_uiAnnounced = 0;     // this many fields are in blocks that the image announces
 };
 
 // What the page is about: one image, or two that are compared.
@@ -63,5 +63,5 @@ struct SPage
 // Fills in what differs between the two images of a pair.
 void CompareImages(SPage& oPage);
 
-// The number of the first field of this name in a group, the group itself included; -1 when there is none.
+// The number of the first field of this name in a group, the group itself included; -1 without one.
 double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName);

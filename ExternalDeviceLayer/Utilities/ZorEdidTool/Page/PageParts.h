@@ -5,7 +5,7 @@
 #include "PageHtml.h"
 #include "PageImage.h"
 
-// Each part is what stands below a title; empty where there is nothing to say.
+// Each part is the content below a title; empty where the image has none.
 
 // What the monitor is, in words, with its size beside a sheet of paper (PageHead.cpp).
 CHtml MakeHead(const SPage& oPage);

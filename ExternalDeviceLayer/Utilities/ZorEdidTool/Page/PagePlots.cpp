@@ -139,7 +139,7 @@ public:
               << "-desc\" viewBox=\"0 0 " << SDecimal{ gsc_dWidth, 0 } << " " << SDecimal{ gsc_dHeight, 0 }
               << "\"><title id=\"" << oKey << "-title\">Modes over " << SText{ m_bLineRate ? "line rate" : "width" }
               << " and refresh rate</title><desc id=\"" << oKey << "-desc\">" << m_aoPoints.size()
-              << " points, which stand in the list below.";
+              << " points, which the list below names.";
         AddLimitWords(oHtml);
         oHtml << "</desc>\n";
         AddGrid(oHtml);

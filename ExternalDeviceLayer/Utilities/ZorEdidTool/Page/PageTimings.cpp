@@ -90,7 +90,7 @@ public:
         }
         if (const char* pszReason = FindReason())
         {
-            oHtml << "<p>" << SText{ pszReason } << ", so there is no picture of it.</p>\n";
+            oHtml << "<p>" << SText{ pszReason } << ", so it has no picture.</p>\n";
         }
         else
         {
@@ -109,7 +109,7 @@ public:
     }
 
 private:
-    // Why there is no picture; null for a timing that can be drawn.
+    // Why it has no picture; null for a timing that can be drawn.
     const char* FindReason() const
     {
         if (!m_oAcross.IsSound() || !m_oDown.IsSound())
@@ -143,7 +143,7 @@ private:
               << oX.m_uiTotal << " " << oY.m_uiTotal << "\"><title id=\"pt" << uiNumber
               << "\">Frame to scale</title><desc id=\"pd" << uiNumber << "\">Active area " << oX.m_uiActive << " by "
               << oY.m_uiActive << " in a total of " << oX.m_uiTotal << " pixels by " << oY.m_uiTotal
-              << " lines; sync, porches and borders stand in the table.</desc>\n";
+              << " lines; sync, porches and borders are in the table.</desc>\n";
         AddBox(oHtml, "back", 0, 0, oX.m_uiTotal, oY.m_uiTotal);
         AddBox(oHtml, "front", oX.GetActiveEnd(), 0, oX.m_uiFrontPorch, oY.m_uiTotal);
         AddBox(oHtml, "front", 0, oY.GetActiveEnd(), oX.m_uiTotal, oY.m_uiFrontPorch);
@@ -339,8 +339,8 @@ CHtml MakeNotes(const std::vector<STimingRow>& aoRows)
     const auto iUnlisted = std::ranges::count_if(aoRows, [](const auto& oRow) { return !oRow.m_poMode->IsListed(); });
     if (iUnlisted != 0)
     {
-        oHtml << " " << iUnlisted << SText{ iUnlisted == 1 ? " of the modes stands" : " of the modes stand" }
-              << " in no list of the library and " << SText{ iUnlisted == 1 ? "has" : "have" } << " no number.";
+        oHtml << " " << iUnlisted << SText{ iUnlisted == 1 ? " of the modes is" : " of the modes are" }
+              << " not listed by the library and " << SText{ iUnlisted == 1 ? "has" : "have" } << " no number.";
     }
     if (fnHas([](const SImageMode& oMode) { return !oMode.m_sStandardCode.empty(); }))
     {
@@ -354,7 +354,7 @@ CHtml MakeNotes(const std::vector<STimingRow>& aoRows)
     return oHtml;
 }
 
-// A cell with the number that it is sorted by; empty where there is none.
+// A cell with the number that it is sorted by; empty without one.
 void AddNumber(CHtml& oHtml, double dNumber, const std::string& sText)
 {
     oHtml << "<td data-v=\"" << SDecimal{ dNumber, 6 } << "\">" << SText{ dNumber == 0 ? "" : sText } << "</td>";

@@ -188,7 +188,7 @@ TEST(Check, DisplayIdBlocks)
         { "later version", MakeDisplayIdBlock({}, UINT_MAX, 0x13), sUnread + "DisplayID version is 1.3, above 1.2" },
         { "no version 2.2", MakeDisplayIdBlock({}, UINT_MAX, 0x22), "1:1 warning revision is not published: 2" },
         { "no version 1.4", MakeDisplayIdBlock({}, UINT_MAX, 0x14), "1:1 warning revision is not published: 4" },
-        { "Type I, one and a byte", fnRecord(3, 21), "1:5 error payload is no whole number of items" },
+        { "Type I, one and a byte", fnRecord(3, 21), "1:5 error payload is not a whole number of items" },
         { "tile, one less a byte", fnRecord(18, 21), "1:5 warning payload is shorter than the standard says" },
     };
     for (const auto& oCase : aoCases)

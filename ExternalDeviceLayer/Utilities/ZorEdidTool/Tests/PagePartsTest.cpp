@@ -544,12 +544,12 @@ TEST(PageTimings, BordersLieAroundTheActivePixels)
     EXPECT_TRUE(Has(sHtml, "<rect class=\"active\" x=\"192\" y=\"41\" width=\"1920\" height=\"1080\"/>"));
     EXPECT_TRUE(Has(sHtml, "in the porches</th><td>10</td><td>0.067</td><td>3</td>"));
     aui8Image[0x36 + 16] = 5; // of a front porch of 4 lines
-    EXPECT_TRUE(Has(MakeTimings(MakePageOf({ aui8Image })).Get(),
-                    "Its border is larger than a porch, so there is no picture of it."));
+    EXPECT_TRUE(
+        Has(MakeTimings(MakePageOf({ aui8Image })).Get(), "Its border is larger than a porch, so it has no picture."));
     aui8Image[0x36 + 16] = 0;
     aui8Image[0x36 + 6] = 0; // no lines of blanking for front porch and sync
     EXPECT_TRUE(Has(MakeTimings(MakePageOf({ aui8Image })).Get(),
-                    "Its porches and sync do not fit in its totals, so there is no picture of it."));
+                    "Its porches and sync do not fit in its totals, so it has no picture."));
 }
 
 TEST(PageImage, FindsWhatDiffers)

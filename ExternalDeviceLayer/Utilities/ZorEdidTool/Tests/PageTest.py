@@ -196,7 +196,7 @@ class PageTest(unittest.TestCase):
         text = self.make(self.save(change({0x85: "da"}))).all(id="timings")[0]["text"]
         for part in ["the library reads byte da as VIC 90; by CTA-861-H it is VIC 218",
                      "4096 \u00d7 2160100Short video descriptor 0, VIC 218, in no list of the library",
-                     "1 of the modes stands in no list of the library"]:
+                     "1 of the modes is not listed by the library"]:
             self.assertIn(part, text)
 
     def test_texts_of_an_image_stay_texts(self):

@@ -72,11 +72,11 @@ const STextCase gsc_aoTexts[] = {
     // A blanking below its parts leaves a back porch below 0.
     { { 640, 480, 60, 31500, 25200000, 16, 96, 0U - 10U, 10, 2, 33, 0, gsc_eCea },
       " 640 x  480p @  60 Hz     25.200 MHz",
-      "# 640x480_60: its sync ends behind its total",
+      "# 640x480_60: its sync ends after its total",
       "" },
     { { 640, 480, 60, 31500, 25200000, 16, 96, 48, 10, 2, 0U - 1U, 0, gsc_eCea },
       " 640 x  480p @  60 Hz     25.200 MHz",
-      "# 640x480_60: its sync ends behind its total",
+      "# 640x480_60: its sync ends after its total",
       "" },
 };
 

@@ -228,7 +228,7 @@ inline constexpr SRest gsc_oReservedRest = { eId_Reserved, "Reserved", CZorEdidM
 inline constexpr SRest gsc_oPaddingRest = { eId_Padding, "Padding", CZorEdidMap::eKind_Reserved };
 inline constexpr SRest gsc_oFillerRest = { eId_Padding, "Filler", CZorEdidMap::eKind_Reserved };
 inline constexpr SRest gsc_oUnknownRest = { eId_Unknown, "Unknown", CZorEdidMap::eKind_Unknown };
-inline constexpr SRest gsc_oTailRest = { eId_AfterBlocks, "Bytes behind the blocks", CZorEdidMap::eKind_Unknown };
+inline constexpr SRest gsc_oTailRest = { eId_AfterBlocks, "Bytes after the blocks", CZorEdidMap::eKind_Unknown };
 inline constexpr SRest gsc_oCutRest = { eId_Unknown, "Unknown, cut short", CZorEdidMap::eKind_Unknown };
 
 // ---- Rows and tables: the map keeps their addresses, so that they must be static ----

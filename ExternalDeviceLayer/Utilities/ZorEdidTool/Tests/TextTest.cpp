@@ -185,8 +185,9 @@ TEST_F(MapOfMonitor, ValuesAndTheirJson)
     const nlohmann::ordered_json& oGroup = oJson["fields"][0]["fields"][0];
     ASSERT_EQ(1U, oGroup["fields"].size());
     EXPECT_EQ(20, oGroup["offset"]);
-    EXPECT_EQ(nlohmann::ordered_json::parse(R"json({"name": "Display transfer characteristic (gamma)", "kind": "number",
-                  "area": "display", "offset": 23, "length": 1, "value": 2.2, "text": "2.20", "raw": "78",
+    EXPECT_EQ(nlohmann::ordered_json::parse(
+                  R"json({"id": "base.display.gamma", "name": "Display transfer characteristic (gamma)",
+                  "kind": "number", "area": "display", "offset": 23, "length": 1, "value": 2.2, "text": "2.20", "raw": "78",
                   "pieces": [{"offset": 23, "length": 1, "mask": 255}]})json"),
               oGroup["fields"][0]);
 }

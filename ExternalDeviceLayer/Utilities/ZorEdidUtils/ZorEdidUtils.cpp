@@ -15,6 +15,8 @@
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
 
+using namespace ZorUtils;
+
 namespace
 {
 using CModeList = CZorEdidUtils::CModeList;
@@ -48,7 +50,7 @@ int CZorEdidUtils::SortVidParam(const CVidParamTimingGeneric& oFirst, const CVid
     return CompareDescending(oFirst.GetPixelClockInKiloHz(), oSecond.GetPixelClockInKiloHz());
 }
 
-CTextLine& AppendAllFields(CTextLine& oLine, const SVidParamGenericData& oData)
+CTextLine& ZorUtils::AppendAllFields(CTextLine& oLine, const SVidParamGenericData& oData)
 {
     const unsigned int uiFlags = oData.uiFlags;
     return oLine.Decimal(oData.uiHorizontalActive, 4)
@@ -278,7 +280,7 @@ private:
 
 // SortElements moves neighbours only: n squared steps through virtual getters, 19 % of the instructions of the report
 // of modes. Equals keep their order here as there.
-void SortModes(CModeList& oList)
+void ZorUtils::SortModes(CModeList& oList)
 {
     if (oList.GetCount() < 2)
     {

@@ -10,6 +10,8 @@
 #include "ZorAssert.h"
 #include "ZorEdidUtilsTable.h"
 
+using namespace ZorUtils;
+
 namespace
 {
 // An open file, closed at the end of its scope.

@@ -5,6 +5,9 @@
 
 #include "ZorEdidUtils.h"
 
+namespace ZorUtils
+{
+
 struct SModes
 {
     CVidParamTimingGeneric m_oPreferred;
@@ -24,3 +27,5 @@ struct SModes
 
 // Sorts as CMArray::SortElements does with CZorEdidUtils::SortVidParam, in less than the square of the steps.
 void SortModes(CZorEdidUtils::CModeList& oList);
+
+} // namespace ZorUtils

@@ -8,6 +8,8 @@
 #include "ZorEdidUtilsModes.h"
 #include "ZorEdidUtilsReport.h"
 
+using namespace ZorUtils;
+
 void CZorEdidUtils::GetEdidFormatedAsRVideoOutRes(const CEdid& oEdid, CMArrayString& oLines, const char* pszLinePrefix)
 {
     SModes oModes;

@@ -8,6 +8,7 @@
 #include "ZorAssert.h"
 #include "ZorEdidUtilsReport.h"
 
+using namespace ZorUtils;
 using namespace ZorStandards::BaseBlock;
 
 namespace
@@ -111,7 +112,7 @@ void CReportLines::EndSection()
 
 // ---- The report ----
 
-bool ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
+bool ZorUtils::ExtractOrEmpty(const CEdid& oEdid, SModes& oModes, CMArrayString& oLines)
 {
     if (!oModes.Extract(oEdid))
     {

@@ -7,6 +7,11 @@
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
+namespace ZorUtils
+{
+
+using ZorCore::CTextLine;
+
 inline constexpr unsigned int gsc_uiCeaExtensionTag = 2; // of an extension block after CEA-861
 
 // Appends all fields of a timing as the full form of CZorEdidUtils::GetFormatedVideoParam has them.
@@ -112,3 +117,5 @@ private:
 
     unsigned int GetBaseByte(unsigned int uiOffset) const { return m_oEdid.GetBaseBlock()[uiOffset]; }
 };
+
+} // namespace ZorUtils

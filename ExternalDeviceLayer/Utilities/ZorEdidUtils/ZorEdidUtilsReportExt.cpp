@@ -8,6 +8,7 @@
 #include "Standards/BaseBlock.h"
 #include "ZorEdidUtilsReport.h"
 
+using namespace ZorUtils;
 using namespace ZorStandards::BaseBlock;
 
 namespace

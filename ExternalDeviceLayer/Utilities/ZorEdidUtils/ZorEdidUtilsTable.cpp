@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace ZorUtils;
+
 namespace
 {
 constexpr int gsc_iLineBufferSize = 2048; // characters, with the NUL
@@ -124,7 +126,7 @@ bool ReadTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
 }
 } // namespace
 
-bool ReadEdidTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
+bool ZorUtils::ReadEdidTable(FILE* poFile, CZorEdidUtils::CByteArray& oData)
 {
     return SkipToTable(poFile) && ReadTable(poFile, oData);
 }

@@ -7,6 +7,9 @@
 
 #include "ZorEdidUtils.h"
 
+namespace ZorUtils
+{
+
 // The line before the rows begins with it: 8 blanks, 40 underscores.
 inline constexpr char gsc_szEdidTableMarker[] = "        ________________________________________";
 
@@ -14,3 +17,5 @@ inline constexpr char gsc_szEdidTableMarker[] = "        _______________________
 // False without a marker line, or when it ends the file without a line feed; oData is then left alone. False also
 // when reading failed; oData then holds the bytes in front of that place.
 bool ReadEdidTable(FILE* poFile, CZorEdidUtils::CByteArray& oData);
+
+} // namespace ZorUtils

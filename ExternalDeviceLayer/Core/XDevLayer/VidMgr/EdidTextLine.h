@@ -4,6 +4,9 @@
 
 #pragma once
 
+namespace ZorCore
+{
+
 class CTextLine
 {
 public:
@@ -87,3 +90,5 @@ private:
     unsigned int m_uiLength = 0;
     char m_szText[msc_uiSize];
 };
+
+} // namespace ZorCore

@@ -8,6 +8,8 @@
 #include "ZorAssert.h"
 #include "ZorMFCTypes.h"
 
+using ZorCore::CTextLine;
+
 namespace
 {
 constexpr unsigned int gsc_uiBytesPerLine = 10;

@@ -13,6 +13,8 @@
 #include "ZorEdidUtils.h"
 #include "ZorEdidUtilsModes.h"
 
+using namespace ZorUtils;
+
 using CModeList = CZorEdidUtils::CModeList;
 using CTexts = std::vector<std::string>;
 

@@ -43,14 +43,14 @@ bool ReadRest(const std::string& sContent, SInput& oInput) { return !IsText(sCon
 
 bool ReadTextTable(const std::string& sText, SInput& oInput)
 {
-    const std::string sMarker = gsc_szEdidTableMarker;
+    const std::string sMarker = ZorUtils::gsc_szEdidTableMarker;
     if (!StartsWith(sText, sMarker) && sText.find("\n" + sMarker) == std::string::npos)
     {
         return false;
     }
     FILE* const poFile = fmemopen(const_cast<char*>(sText.data()), sText.size(), "r");
     CZorEdidUtils::CByteArray oBytes;
-    const bool bRead = poFile != nullptr && ReadEdidTable(poFile, oBytes);
+    const bool bRead = poFile != nullptr && ZorUtils::ReadEdidTable(poFile, oBytes);
     if (poFile != nullptr)
     {
         fclose(poFile);

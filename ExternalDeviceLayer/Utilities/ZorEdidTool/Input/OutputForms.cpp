@@ -89,7 +89,7 @@ std::string MakeBase64(const CBytes& aui8Bytes)
 std::string MakeTextTable(const CBytes& aui8Bytes)
 {
     constexpr size_t uiRow = 10;
-    std::string sText = std::string(gsc_szEdidTableMarker) + "\n";
+    std::string sText = std::string(ZorUtils::gsc_szEdidTableMarker) + "\n";
     for (size_t i = 0; i < aui8Bytes.size(); ++i)
     {
         if (i % uiRow == 0)

@@ -1,298 +1,299 @@
-// The image is loaded again and compared with the image as it was read, block by block: timings, audio descriptors and
-// speaker masks by their lists, everything else by its bytes. What an edit named must be there, too.
+// The image as it was read gets what the edits named: new values in their places, while what is gone is left out of its
+// map. That must then equal the map of the edited image without what was added. How the library edits plays no part.
 
 #include "EditVerify.h"
 
-#include "EdidBase.h"
+#include <algorithm>
+
 #include "EdidUtils.h"
-#include "EditVerifyParts.h"
+#include "MapDiff.h"
+#include "MapText.h"
+#include "Standards/BaseBlock.h"
 
 namespace
 {
+using CField = CZorEdidMap::SField;
+
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-constexpr unsigned int gsc_uiChecksum = CEdidUtils::msc_uiChecksumOffset;
-
-bool IsInRange(unsigned int uiOffset, unsigned int uiStart, unsigned int uiCount)
-{
-    return uiOffset >= uiStart && uiOffset - uiStart < uiCount;
-}
-
-bool HasGoodChecksum(const CBytes& aui8Block)
-{
-    return CEdidUtils::Is8BitsChecksumValid(gsc_uiBlockSize, aui8Block.data()) != 0;
-}
-
-// ---- Base block ----
-
-CList ListBaseStandards(const CEdid& oEdid)
-{
-    CList oList;
-    for (unsigned int i = 0; i < oEdid.GetBaseStandardCount(); ++i)
-    {
-        CVidParamTimingGeneric oTiming;
-        oEdid.GetBaseStandard(i, &oTiming, nullptr);
-        oList.push_back(EncodeTiming(oTiming));
-    }
-    return oList;
-}
-
-CList ListBaseDetaileds(const CEdid& oEdid)
-{
-    CList oList;
-    for (unsigned int i = 0; i < oEdid.GetBaseDetailedCount(); ++i)
-    {
-        CVidParamTimingGeneric oTiming;
-        oEdid.GetBaseDetailed(i, &oTiming);
-        oList.push_back(EncodeTiming(oTiming));
-    }
-    return oList;
-}
-
-// The pairs in use, resolved to a mode or not, or those that are not in use.
-CList ListPairs(const CBytes& aui8Base, bool bInUse)
-{
-    constexpr unsigned int uiPairs = 38;
-    constexpr unsigned int uiPairsEnd = 54;
-    CList oList;
-    for (unsigned int i = uiPairs; i < uiPairsEnd; i += 2)
-    {
-        const CEdidBase::SStandard oPair = { aui8Base[i], aui8Base[i + 1] };
-        if ((CEdidBase::IsInvalidStandard(oPair) == 0) == bInUse)
-        {
-            oList.push_back({ aui8Base[i], aui8Base[i + 1] });
-        }
-    }
-    return oList;
-}
-
-// As many pairs are gone as were named, and those not in use are as before or 01 01.
-bool ArePairsKept(const CBytes& aui8Read, const CBytes& aui8Edited, size_t uiRemoved)
-{
-    const CList oRead = ListPairs(aui8Read, true);
-    const CList oEdited = ListPairs(aui8Edited, true);
-    CList oUnused = ListPairs(aui8Edited, false);
-    std::erase(oUnused, CBytes{ 1, 1 });
-    return IsSubsequence(oEdited, oRead) && oEdited.size() + uiRemoved == oRead.size() &&
-           IsSubsequence(Sorted(oUnused), Sorted(ListPairs(aui8Read, false)));
-}
-
-// Bits of a byte that the edits may change, descriptors aside.
-unsigned int GetNamedBits(unsigned int uiOffset, const SBlockEdits& oEdits)
-{
-    constexpr unsigned int uiAllBits = 0xFF;
-    if (IsInRange(uiOffset, 12, 4))
-    {
-        return oEdits.m_bSerial ? uiAllBits : 0;
-    }
-    if (uiOffset == 20)
-    {
-        return oEdits.m_bColorDepth ? 0x70 : 0;
-    }
-    if (IsInRange(uiOffset, 35, 3))
-    {
-        return (oEdits.m_uiEstablished >> (8 * ((uiOffset - 35) & 3U))) & uiAllBits;
-    }
-    if (IsInRange(uiOffset, 38, 16))
-    {
-        return oEdits.m_oStandard.empty() ? 0 : uiAllBits;
-    }
-    return 0;
-}
-
-std::string VerifyBaseBytes(const CBytes& aui8Read, const CBytes& aui8Edited, const SBlockEdits& oEdits)
-{
-    constexpr unsigned int uiDescriptors = 54;
-    constexpr unsigned int uiDescriptorsEnd = 126;
-    for (unsigned int i = 0; i < gsc_uiChecksum; ++i)
-    {
-        const unsigned int uiChanged = aui8Read[i] ^ aui8Edited[i];
-        if (!IsInRange(i, uiDescriptors, uiDescriptorsEnd - uiDescriptors) &&
-            (uiChanged & ~GetNamedBits(i, oEdits)) != 0)
-        {
-            return "byte " + std::to_string(i);
-        }
-    }
-    CBytes aui8Empty(ZorStandards::Cta::gsc_uiDetailedSize);
-    aui8Empty[3] = 0x10; // the tag of an empty descriptor
-    size_t uiEmptied = 0;
-    size_t uiReplaced = 0;
-    for (unsigned int i = uiDescriptors; i < uiDescriptorsEnd; i += ZorStandards::Cta::gsc_uiDetailedSize)
-    {
-        const auto fnSlot = [i](const CBytes& aui8Base) {
-            return CBytes(aui8Base.begin() + i, aui8Base.begin() + i + ZorStandards::Cta::gsc_uiDetailedSize);
-        };
-        const bool bChanged = fnSlot(aui8Read) != fnSlot(aui8Edited);
-        uiEmptied += bChanged && fnSlot(aui8Edited) == aui8Empty ? 1U : 0U;
-        uiReplaced += bChanged && fnSlot(aui8Edited) != aui8Empty ? 1U : 0U;
-    }
-    return uiEmptied <= oEdits.m_oDetailed.size() && uiReplaced <= (oEdits.m_bPreferred ? 1U : 0U) ? ""
-                                                                                                   : "a descriptor";
-}
-
-// The first descriptor that is a timing: its image size is kept, its borders are 0, it is not in stereo, and its syncs
-// are separate digital ones.
-bool IsPreferredRight(const CEdid& oRead, const CEdid& oEdited, const CVidParamTimingGeneric& oWanted)
-{
-    constexpr unsigned int uiDescriptors = 54;
-    constexpr unsigned int uiImageSize = 12; // three bytes, then two of borders, and the flags
-    constexpr unsigned int uiBorders = 15;
-    constexpr unsigned int uiFlags = 17;
-    constexpr unsigned int uiModeFlags = 0x86; // interlaced, polarities
-    constexpr unsigned int uiSeparateSyncs = 0x18;
-    const unsigned char* pui8Edited = oEdited.GetBaseBlock() + uiDescriptors;
-    const unsigned char* pui8Read = oRead.GetBaseBlock() + uiDescriptors;
-    while (pui8Edited[0] == 0 && pui8Edited[1] == 0) // there is one
-    {
-        pui8Edited += ZorStandards::Cta::gsc_uiDetailedSize;
-        pui8Read += ZorStandards::Cta::gsc_uiDetailedSize;
-    }
-    CVidParamTimingGeneric oTiming;
-    return oEdited.GetBaseDetailed(0, &oTiming) != 0 && IsSameMode(oTiming, oWanted) &&
-           memcmp(pui8Read + uiImageSize, pui8Edited + uiImageSize, 3) == 0 && pui8Edited[uiBorders] == 0 &&
-           pui8Edited[uiBorders + 1] == 0 && (pui8Edited[uiFlags] & ~uiModeFlags) == uiSeparateSyncs;
-}
-
-std::string VerifyBase(const CEdid& oRead, const CEdid& oEdited, const SBlockEdits& oEdits)
-{
-    const CBytes aui8Read(oRead.GetBaseBlock(), oRead.GetBaseBlock() + gsc_uiBlockSize);
-    const CBytes aui8Edited(oEdited.GetBaseBlock(), oEdited.GetBaseBlock() + gsc_uiBlockSize);
-    std::string sProblem = VerifyBaseBytes(aui8Read, aui8Edited, oEdits);
-    if (!sProblem.empty())
-    {
-        return sProblem;
-    }
-    const unsigned int uiSerial = aui8Edited[12] | (static_cast<unsigned int>(aui8Edited[13]) << 8) |
-                                  (static_cast<unsigned int>(aui8Edited[14]) << 16) |
-                                  (static_cast<unsigned int>(aui8Edited[15]) << 24);
-    CEdidBase::EColorBitDepth eDepth = CEdidBase::eColorBitDepthReserved;
-    const unsigned int uiEstablished = aui8Edited[35] | (static_cast<unsigned int>(aui8Edited[36]) << 8) |
-                                       (static_cast<unsigned int>(aui8Edited[37]) << 16);
-    if ((oEdits.m_bSerial && uiSerial != oEdits.m_uiSerial) || (uiEstablished & oEdits.m_uiEstablished) != 0 ||
-        (oEdits.m_bColorDepth && (oEdited.GetColorBitDepth(eDepth) == 0 || eDepth != oEdits.m_uiColorDepth)))
-    {
-        return "the value that was to be set";
-    }
-    if (ListBaseStandards(oEdited) != Without(ListBaseStandards(oRead), oEdits.m_oStandard) ||
-        !ArePairsKept(aui8Read, aui8Edited, oEdits.m_oStandard.size()))
-    {
-        return "a standard timing";
-    }
-    CList oDetaileds = ListBaseDetaileds(oRead);
-    CList oEditedDetaileds = ListBaseDetaileds(oEdited);
-    if (oEdits.m_bPreferred && !oDetaileds.empty() && !oEditedDetaileds.empty())
-    {
-        if (!IsPreferredRight(oRead, oEdited, oEdits.m_oPreferred))
-        {
-            return "the value that was to be set";
-        }
-        oDetaileds.front() = oEditedDetaileds.front();
-    }
-    if (oEditedDetaileds != Without(oDetaileds, oEdits.m_oDetailed))
-    {
-        return "a detailed timing";
-    }
-    return "";
-}
-
-// ---- Other blocks ----
-
-// All bytes are the same, but for checksums that were repaired.
-std::string VerifyBytes(const CBytes& aui8Read, const CBytes& aui8Edited, bool bRepaired)
-{
-    constexpr unsigned char ui8DisplayIdTag = 0x70;
-    constexpr unsigned int uiSectionOverhead = 5;
-    for (unsigned int i = 0; i < gsc_uiBlockSize; ++i)
-    {
-        const bool bSectionChecksum = aui8Read[0] == ui8DisplayIdTag && i == aui8Read[2] + uiSectionOverhead;
-        const bool bNamed = bRepaired && (i == gsc_uiChecksum || bSectionChecksum);
-        if (aui8Read[i] != aui8Edited[i] && !bNamed)
-        {
-            return "byte " + std::to_string(i);
-        }
-    }
-    return "";
-}
 bool IsCea(const SEditedBlock& oBlock) { return oBlock.m_iExtension >= 0 && oBlock.m_aui8Bytes[0] == 2; }
 
-// Places of the removed detailed timings in the image as it was read, counted over the base block and then the CEA-861
-// blocks.
-CNumbers ListRemovedDetaileds(const std::vector<SEditedBlock>& aoBlocks)
+// Bit 7 of the first two bytes is reserved and stays.
+CBytes EncodeAudio(const CAudio& oAudio, const CBytes& aui8Before)
 {
-    CNumbers oRemoved;
-    unsigned int uiAhead = 0;
-    for (const SEditedBlock& oBlock : aoBlocks)
-    {
-        for (const unsigned int uiNumber : oBlock.m_oEdits.m_oDetailed)
-        {
-            oRemoved.insert(uiAhead + uiNumber);
-        }
-        uiAhead += &oBlock == aoBlocks.data() || IsCea(oBlock) ? oBlock.m_uiDetaileds : 0;
-    }
-    return oRemoved;
+    return { static_cast<unsigned char>((aui8Before[0] & 0x80U) | (oAudio.m_eFormat << 3) | (oAudio.m_uiChannels - 1)),
+             static_cast<unsigned char>((aui8Before[1] & 0x80U) | oAudio.m_eSamplingFreq),
+             static_cast<unsigned char>(oAudio.m_uiExtra) };
 }
 
-// How many detailed timings a CEA-861 block must call native: the first ones of the image, less those removed.
-unsigned int CountNatives(const CBytes& aui8Read, const CNumbers& oRemoved)
+bool IsEntry(const SMapPart& oPart, unsigned int uiField)
 {
-    const unsigned int uiNatives =
-        aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] & ZorStandards::Cta::gsc_oNativeCount.GetMask();
-    const auto nRemoved = std::distance(oRemoved.begin(), oRemoved.lower_bound(uiNatives));
-    const bool bCounts = aui8Read[1] >= ZorStandards::Cta::gsc_uiNativeCountRevision;
-    return uiNatives - (bCounts ? static_cast<unsigned int>(nRemoved) : 0);
+    return oPart.Is(uiField, eZorEdidField_CtaAudioDescriptor) || oPart.Is(uiField, eZorEdidField_CtaSpeakers);
 }
 
-std::string VerifyBlock(const CEdid& oRead, const CEdid& oEdited, const CBytes& aui8Read, const CBytes& aui8Edited,
-                        const SEditedBlock& oBlock, const CNumbers& oRemoved)
+// A pair of the base block that is no standard timing.
+bool IsUnusedPair(const SMapPart& oPart, unsigned int uiField)
 {
-    const SBlockEdits& oEdits = oBlock.m_oEdits;
-    const unsigned int uiNatives = IsCea(oBlock) ? CountNatives(aui8Read, oRemoved) : 0;
-    std::string sProblem;
-    if (!oEdits.IsNamed())
-    {
-        CBytes aui8Expected = aui8Read; // a detailed timing that went elsewhere may have been a native one
-        if (IsCea(oBlock) && uiNatives != (aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] &
-                                           ZorStandards::Cta::gsc_oNativeCount.GetMask()))
-        {
-            aui8Expected[ZorStandards::Cta::gsc_uiFlagsOffset] = static_cast<unsigned char>(
-                (aui8Read[ZorStandards::Cta::gsc_uiFlagsOffset] & ~ZorStandards::Cta::gsc_oNativeCount.GetMask()) |
-                uiNatives);
-            CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Expected.data());
-        }
-        sProblem = VerifyBytes(aui8Expected, aui8Edited, oEdits.m_bChecksum);
-    }
-    else
-    {
-        sProblem =
-            IsCea(oBlock) ? VerifyCea(aui8Read, aui8Edited, oBlock, uiNatives) : VerifyBase(oRead, oEdited, oEdits);
-    }
-    const bool bSumNamed = oEdits.m_bChecksum || aui8Read != aui8Edited;
-    return sProblem.empty() && bSumNamed && !HasGoodChecksum(aui8Edited) ? "the checksum" : sProblem;
+    const CBytes aui8Pair = oPart.Is(uiField, eZorEdidField_BaseStandard) ? oPart.GetBytes(uiField) : CBytes();
+    return !aui8Pair.empty() && CEdidBase::IsInvalidStandard({ aui8Pair[0], aui8Pair[1] }) != 0;
 }
+
+// Whether the field is the timing of these numbers, which are the block's own. uiBefore is the first one of the block.
+bool IsNamed(const CField& oField, CZorEdidMap::EList eList, const CNumbers& oNumbers, unsigned int uiBefore)
+{
+    bool bNamed = oField.m_eList == eList && oField.m_uiTimings != 0;
+    for (unsigned int i = 0; i < oField.m_uiTimings; ++i)
+    {
+        bNamed = bNamed && oNumbers.contains(oField.m_uiTiming + i - uiBefore);
+    }
+    return bNamed;
+}
+
+class CVerification
+{
+public:
+    CVerification(const CEdid& oEdited, const CBytes& aui8Read, const CBytes& aui8Edited,
+                  const std::vector<SEditedBlock>& aoBlocks)
+        : m_oEdid(oEdited), m_aoBlocks(aoBlocks), m_aui8Expected(aui8Read)
+    {
+        m_oRead.m_oMap.Read(static_cast<unsigned int>(aui8Read.size()), aui8Read.data());
+        m_oEdited.m_oMap.Read(static_cast<unsigned int>(aui8Edited.size()), aui8Edited.data());
+        for (size_t i = 0; i < aoBlocks.size(); ++i)
+        {
+            Expect(i);
+        }
+        m_oExpected.m_oMap.Read(static_cast<unsigned int>(m_aui8Expected.size()), m_aui8Expected.data());
+    }
+
+    // Empty, or the fault.
+    std::string Run()
+    {
+        std::string sFault;
+        for (size_t i = 0; i < m_aoBlocks.size(); ++i)
+        {
+            std::string sOfBlock = LeaveOut(i);
+            sFault = sFault.empty() ? sOfBlock : sFault;
+        }
+        const bool bCountsRight = m_oExpected.LeaveOutRest() == m_oEdited.LeaveOutRest();
+        const std::vector<SMapDifference> aoDifferences = CompareMaps(m_oExpected, m_oEdited);
+        if (!aoDifferences.empty())
+        {
+            const auto& [uiFirst, uiSecond] = aoDifferences.front();
+            const bool bEdited = uiSecond != CZorEdidMap::msc_uiNone;
+            return Name(bEdited ? m_oEdited : m_oExpected, bEdited ? uiSecond : uiFirst);
+        }
+        return bCountsRight ? sFault : "a length";
+    }
+
+private:
+    static std::string Name(const SMapPart& oPart, unsigned int uiField)
+    {
+        return "block " + std::to_string(oPart.Get(uiField).m_uiOffset / gsc_uiBlockSize) + ": " +
+               GetPath(oPart.m_oMap, uiField);
+    }
+
+    // ---- What must have become of a block ----
+
+    void Put(size_t uiOffset, unsigned int uiMask, unsigned int uiBits)
+    {
+        unsigned char& ui8Byte = m_aui8Expected[uiOffset];
+        ui8Byte = static_cast<unsigned char>((ui8Byte & ~uiMask) | (uiBits & uiMask));
+    }
+
+    void Put(size_t uiOffset, const CBytes& aui8Bytes)
+    {
+        std::copy(aui8Bytes.begin(), aui8Bytes.end(), m_aui8Expected.begin() + static_cast<std::ptrdiff_t>(uiOffset));
+    }
+
+    void Expect(size_t uiBlock)
+    {
+        const SBlockEdits& oEdits = m_aoBlocks[uiBlock].m_oEdits;
+        for (unsigned int i = 0; uiBlock == 0 && i < 3; ++i)
+        {
+            Put(ZorStandards::BaseBlock::gsc_uiEstablishedOffset + i, oEdits.m_uiEstablished >> (8 * i), 0);
+        }
+        CNumbers oGoneCodes; // offsets of their bytes
+        const CTimingOrigins& aoOrigins = m_aoBlocks[uiBlock].m_aoOrigins;
+        for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+        {
+            if (oEdits.m_oStandard.contains(aoOrigins[i].m_uiIndex) && aoOrigins[i].m_e420 != STimingOrigin::e420_Only)
+            {
+                oGoneCodes.insert(aoOrigins[i].m_uiCodeByte);
+            }
+        }
+        // Basic audio is set by an addition and cleared with the last descriptor or data block.
+        const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
+        const bool bAudio = std::ranges::any_of(auiEdited, [this](unsigned int i) { return IsEntry(m_oEdited, i); });
+        const bool bAdded = !oEdits.m_aoAudioAdded.empty() || oEdits.m_bSpeakersAdded;
+        unsigned int uiAudios = 0;
+        unsigned int uiSpeakers = 0;
+        for (const unsigned int i : m_oRead.ListBlock(uiBlock))
+        {
+            const CField& oField = m_oRead.Get(i);
+            const bool bCode =
+                m_oRead.Is(i, eZorEdidField_CtaVideoDescriptor) || m_oRead.Is(i, eZorEdidField_CtaHdmiVic);
+            bool bGone = bCode ? oGoneCodes.contains(oField.m_uiOffset % gsc_uiBlockSize)
+                               : IsNamed(oField, CZorEdidMap::eList_Standard, oEdits.m_oStandard, 0);
+            if (IsNamed(oField, CZorEdidMap::eList_Detailed, oEdits.m_oDetailed, m_uiDetaileds))
+            {
+                CBytes aui8Empty(oField.m_uiLength);
+                aui8Empty[3] = 0x10; // the tag of an empty descriptor
+                Put(oField.m_uiOffset, uiBlock == 0 ? aui8Empty : CBytes());
+                bGone = uiBlock != 0;
+            }
+            else if (IsNamed(oField, CZorEdidMap::eList_Detailed, { 0 }, 0) && oEdits.m_bPreferred)
+            {
+                ExpectPreferred(oField.m_uiOffset, oEdits.m_oPreferred);
+            }
+            else if (m_oRead.Is(i, eZorEdidField_CtaAudioDescriptor))
+            {
+                const auto itSet = oEdits.m_oAudioSet.find(uiAudios);
+                Put(oField.m_uiOffset,
+                    itSet != oEdits.m_oAudioSet.end() ? EncodeAudio(itSet->second, m_oRead.GetBytes(i)) : CBytes());
+                bGone = oEdits.m_oAudioRemoved.contains(uiAudios++);
+            }
+            else if (m_oRead.Is(i, eZorEdidField_CtaSpeakers) && oEdits.m_bSpeakers)
+            {
+                bGone = oEdits.m_bReadSpeakersGone;
+                Put(oField.m_uiOffset + 1, uiSpeakers == 0 ? 0xFF : 0, oEdits.m_uiSpeakers);
+                Put(oField.m_uiOffset + 2, uiSpeakers++ == 0 ? 0x07 : 0, oEdits.m_uiSpeakers >> 8);
+            }
+            const auto fnSet = [&](EZorEdidField eId, bool bNamed, unsigned int uiMask, unsigned int uiBits) {
+                for (unsigned int j = 0; j < oField.m_uiLength && bNamed && m_oRead.Is(i, eId); ++j)
+                {
+                    Put(oField.m_uiOffset + j, uiMask, uiBits >> (8 * j));
+                }
+            };
+            const unsigned int uiRead = static_cast<unsigned int>(oField.m_llNumber);
+            fnSet(eZorEdidField_BaseIdentitySerialNumber, oEdits.m_bSerial, 0xFF, oEdits.m_uiSerial);
+            fnSet(eZorEdidField_BaseDisplayColorBitDepth, oEdits.m_bColorDepth, 0x70, oEdits.m_uiColorDepth << 4);
+            fnSet(eZorEdidField_CtaHdmiDc30bit, oEdits.m_bDeepColor, 0x70, oEdits.m_uiDeepColor << 4);
+            fnSet(eZorEdidField_CtaNativeCount, IsCea(m_aoBlocks[uiBlock]), 0x0F, uiRead - CountRemoved(uiRead));
+            fnSet(eZorEdidField_CtaBasicAudio, oEdits.IsAudioNamed() || oEdits.m_bSpeakers, 0x40,
+                  bAudio && (uiRead != 0 || bAdded) ? 0x40 : 0);
+            if (bGone)
+            {
+                m_oGone.insert({ oField.m_uiOffset, oField.m_uiDepth });
+            }
+        }
+        m_uiDetaileds += m_aoBlocks[uiBlock].m_uiDetaileds;
+    }
+
+    // The image size stays; there are no borders and no stereo, and the syncs are separate digital ones.
+    void ExpectPreferred(size_t uiOffset, const CVidParamTimingGeneric& oWanted)
+    {
+        constexpr size_t uiImageSize = 12; // of 18 bytes: three, then two of borders, and the flags
+        constexpr size_t uiFlags = 17;
+        constexpr unsigned int uiModeFlags = 0x86; // interlaced, polarities
+        CVidParamTimingGeneric oTiming;
+        if (m_oEdid.GetBaseDetailed(0, &oTiming) != 0 && IsSameMode(oTiming, oWanted))
+        {
+            const unsigned char* pui8Edited = m_oEdid.GetBaseBlock() + uiOffset;
+            Put(uiOffset, CBytes(pui8Edited, pui8Edited + uiImageSize));
+            Put(uiOffset + uiImageSize + 3,
+                { 0, 0, static_cast<unsigned char>((pui8Edited[uiFlags] & uiModeFlags) | 0x18) });
+        }
+    }
+
+    // How many are gone of the first detailed timings of the base block and then the CEA-861 blocks: the native ones.
+    unsigned int CountRemoved(unsigned int uiNatives) const
+    {
+        unsigned int uiRemoved = 0;
+        unsigned int uiBefore = 0;
+        for (const SEditedBlock& oBlock : m_aoBlocks)
+        {
+            for (const unsigned int uiNumber : oBlock.m_oEdits.m_oDetailed)
+            {
+                uiRemoved += uiBefore + uiNumber < uiNatives ? 1U : 0U;
+            }
+            uiBefore += &oBlock == m_aoBlocks.data() || IsCea(oBlock) ? oBlock.m_uiDetaileds : 0;
+        }
+        return uiRemoved;
+    }
+
+    // ---- What the comparison leaves out ----
+
+    // Empty, or what is missing or wrong there.
+    std::string LeaveOut(size_t uiBlock)
+    {
+        const SBlockEdits& oEdits = m_aoBlocks[uiBlock].m_oEdits;
+        const std::vector<unsigned int> auiExpected = m_oExpected.ListBlock(uiBlock);
+        const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
+        const bool bPairs = uiBlock == 0 && !oEdits.m_oStandard.empty();
+        // Natives are lowered in blocks that no edit names, too. Without a change a wrong checksum stays.
+        const CBytes aui8Read = m_oRead.GetBytes(m_oRead.ListBlock(uiBlock)[0]);
+        const bool bNamed = oEdits.IsNamed() || m_oExpected.GetBytes(auiExpected[0]) != aui8Read;
+        const bool bSum = oEdits.m_bChecksum || (bNamed && m_oEdited.GetBytes(auiEdited[0]) != aui8Read);
+        std::vector<CBytes> aaui8Kept; // audio descriptors and speaker data blocks
+        std::vector<CBytes> aaui8Unused(bPairs ? 8 : 0, CBytes{ 1, 1 });
+        std::vector<CBytes> aaui8Added;
+        std::string sFault;
+        for (const unsigned int i : auiExpected)
+        {
+            const CField& oField = m_oExpected.Get(i);
+            const bool bUnused = bPairs && IsUnusedPair(m_oExpected, i);
+            if (bUnused || m_oGone.contains({ oField.m_uiOffset, oField.m_uiDepth }) ||
+                (bSum && oField.m_eKind == CZorEdidMap::eKind_Checksum))
+            {
+                m_oExpected.m_oWithout.insert(i);
+                aaui8Unused.resize(aaui8Unused.size() + (bUnused ? 1 : 0), m_oExpected.GetBytes(i));
+            }
+            else if (IsEntry(m_oExpected, i))
+            {
+                aaui8Kept.push_back(m_oExpected.GetBytes(i));
+            }
+        }
+        for (const CAudio& oAudio : oEdits.m_aoAudioAdded)
+        {
+            aaui8Added.push_back(EncodeAudio(oAudio, CBytes(2)));
+        }
+        if (oEdits.m_uiSpeakers != 0 && oEdits.m_bSpeakersAdded)
+        {
+            aaui8Added.push_back({ 0x83, static_cast<unsigned char>(oEdits.m_uiSpeakers),
+                                   static_cast<unsigned char>(oEdits.m_uiSpeakers >> 8), 0 });
+        }
+        size_t uiKept = 0;
+        for (const unsigned int i : auiEdited)
+        {
+            const CBytes aui8Bytes = m_oEdited.GetBytes(i);
+            std::vector<CBytes>& aaui8Found = IsEntry(m_oEdited, i) ? aaui8Added : aaui8Unused;
+            const auto itFound = std::find(aaui8Found.begin(), aaui8Found.end(), aui8Bytes);
+            if (IsEntry(m_oEdited, i) && uiKept < aaui8Kept.size() && aaui8Kept[uiKept] == aui8Bytes)
+            {
+                ++uiKept;
+            }
+            else if ((IsEntry(m_oEdited, i) || IsUnusedPair(m_oEdited, i)) && itFound != aaui8Found.end())
+            {
+                aaui8Found.erase(itFound);
+                m_oEdited.m_oWithout.insert(i);
+            }
+            else if (bSum && m_oEdited.Get(i).m_eKind == CZorEdidMap::eKind_Checksum)
+            {
+                m_oEdited.m_oWithout.insert(i);
+                sFault = m_oEdited.Get(i).m_uiNotes != 0 ? Name(m_oEdited, i) : sFault;
+            }
+        }
+        return aaui8Added.empty() ? sFault : Name(m_oExpected, auiExpected.front());
+    }
+
+    const CEdid& m_oEdid; // the edited image
+    const std::vector<SEditedBlock>& m_aoBlocks;
+    CBytes m_aui8Expected;
+    SMapPart m_oRead;
+    SMapPart m_oExpected;
+    SMapPart m_oEdited;
+    std::set<std::pair<unsigned int, unsigned int>> m_oGone; // offsets and depths
+    unsigned int m_uiDetaileds = 0;                          // of the blocks before
+};
 } // namespace
 
 std::string VerifyEdits(const CBytes& aui8Read, const CBytes& aui8Edited, const std::vector<SEditedBlock>& aoBlocks)
 {
-    CEdid oRead;
     CEdid oEdited;
     if (aui8Read.size() != aui8Edited.size() ||
-        oRead.SetEdidBuffer(aui8Read.data(), static_cast<unsigned int>(aui8Read.size()), 0) == 0 ||
         oEdited.SetEdidBuffer(aui8Edited.data(), static_cast<unsigned int>(aui8Edited.size()), 0) == 0)
     {
         return "the edited image cannot be loaded";
     }
-    const CNumbers oRemoved = ListRemovedDetaileds(aoBlocks);
-    for (size_t i = 0; i < aoBlocks.size(); ++i)
-    {
-        const auto fnCut = [i](const CBytes& aui8Image) {
-            const auto oFirst = aui8Image.begin() + static_cast<std::ptrdiff_t>(i * gsc_uiBlockSize);
-            return CBytes(oFirst, oFirst + gsc_uiBlockSize);
-        };
-        const std::string sProblem =
-            VerifyBlock(oRead, oEdited, fnCut(aui8Read), fnCut(aui8Edited), aoBlocks[i], oRemoved);
-        if (!sProblem.empty())
-        {
-            return "block " + std::to_string(i) + ": " + sProblem + " would read differently";
-        }
-    }
-    return "";
+    const std::string sFault = CVerification(oEdited, aui8Read, aui8Edited, aoBlocks).Run();
+    return sFault.empty() ? "" : sFault + " would read differently";
 }

@@ -100,6 +100,8 @@ class Edits(unittest.TestCase):
                 (cea(VIDEO + "8501f0409911" + "83020000"), "--speakers LFE+FLH/FRH",
                  cea(VIDEO + "8502f1409911" + "83020000")),
                 (cea(VIDEO + reserved), "--audio-add pcm,2ch,32+44.1+48,16 --audio-remove 0", cea(VIDEO + "23090701")),
+                # Timing 15 is code 5 in YCbCr 4:2:0, which the map says of code 16, too.
+                (cea("43900405" "e20f05"), "--remove-standard 15", cea("429004" "e20f01")),
                 # 3D formats name video codes by their places.
                 (cea("449004051f" "74" + hdmi + "c0280301408005061800" "2677"), "--remove-standard 9",
                  cea("4390051f" "72" + hdmi + "c0260301404003061677"))):

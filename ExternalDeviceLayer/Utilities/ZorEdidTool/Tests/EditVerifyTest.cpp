@@ -38,7 +38,7 @@ struct SWrongEdit
     EEditKind m_eKind;
     const char* m_pszValue;
     std::vector<SDamage> m_aoDamages; // to the image that a right edit has left
-    const char* m_pszReason;          // ahead of " would read differently"
+    const char* m_pszField;           // that would read differently, with its block
     bool m_bFixChecksums = true;
 };
 
@@ -71,111 +71,104 @@ void ExpectRefusal(const CBytes& aui8Read, const SWrongEdit& oCase)
     ASSERT_EQ("", VerifyEdits(aui8Read, oImage.GetBytes(), oImage.GetBlocks()));
     CBytes aui8Edited = WithDamages(oImage.GetBytes(), oCase.m_aoDamages);
     aui8Edited = oCase.m_bFixChecksums ? FixChecksums(aui8Edited) : aui8Edited;
-    EXPECT_EQ(std::string(oCase.m_pszReason) + " would read differently",
-              VerifyEdits(aui8Read, aui8Edited, oImage.GetBlocks()))
-        << oCase.m_pszName;
+    std::string sFault = VerifyEdits(aui8Read, aui8Edited, oImage.GetBlocks());
+    const size_t uiGroups = sFault.rfind(" > ");
+    sFault.erase(sizeof("block 0:"),
+                 uiGroups == std::string::npos ? 0 : uiGroups + sizeof(" > ") - 1 - sizeof("block 0:"));
+    EXPECT_EQ(std::string(oCase.m_pszField) + " would read differently", sFault) << oCase.m_pszName;
 }
 
 TEST_P(EditVerify, RefusesWhatNoEditNamed) { ExpectRefusal(MakeImage(), GetParam()); }
 
 const SWrongEdit gsc_aoWrongEdits[] = {
-    { "ForeignByteOfTheBase", eEdit_Serial, "5", { { 8, "05" } }, "block 0: byte 8" },
-    { "ForeignDescriptor", eEdit_Serial, "5", { { 0x4D, "42" } }, "block 0: a descriptor" },
-    { "OtherSerial", eEdit_Serial, "5", { { 12, "05 01" } }, "block 0: the value that was to be set" },
-    { "HighByteOfSerial", eEdit_Serial, "5", { { 15, "01" } }, "block 0: the value that was to be set" },
-    { "WrongChecksum", eEdit_Serial, "5", { { 0x7F, "00" } }, "block 0: the checksum", false },
-    { "PairGoneUnnamed", eEdit_Serial, "5", { { 0x26, "01 01" } }, "block 0: byte 38" },
+    { "ForeignByteOfTheBase", eEdit_Serial, "5", { { 8, "05" } }, "block 0: ID manufacturer name" },
+    { "ForeignDescriptor", eEdit_Serial, "5", { { 0x4D, "42" } }, "block 0: Text" },
+    { "OtherSerial", eEdit_Serial, "5", { { 12, "05 01" } }, "block 0: ID serial number" },
+    { "HighByteOfSerial", eEdit_Serial, "5", { { 15, "01" } }, "block 0: ID serial number" },
+    { "WrongChecksum", eEdit_Serial, "5", { { 0x7F, "00" } }, "block 0: Checksum", false },
+    { "PairGoneUnnamed", eEdit_Serial, "5", { { 0x26, "01 01" } }, "block 0: Horizontal addressable pixels" },
     // Of 71 4F 81 C0 81 40 81 80 95 00 B3 00 D1 C0 the first one is gone, and the others have moved up.
-    { "SecondPairGone", eEdit_RemoveStandard, "0", { { 0x26, "01 01" } }, "block 0: a standard timing" },
-    { "OtherPairGone", eEdit_RemoveStandard, "0", { { 0x26, "71 4F" } }, "block 0: a standard timing" },
-    { "PairsInOtherOrder", eEdit_RemoveStandard, "0", { { 0x26, "81 40 81 C0" } }, "block 0: a standard timing" },
-    { "PairTwice", eEdit_RemoveStandard, "0", { { 0x28, "81 C0" } }, "block 0: a standard timing" },
-    { "PairNotGone", eEdit_RemoveStandard, "0", { { 0x32, "71 4F" } }, "block 0: a standard timing" },
-    { "ForeignEstablished", eEdit_RemoveEstablished, "0", { { 0x23, "00" } }, "block 0: byte 35" },
-    { "EstablishedNotGone", eEdit_RemoveEstablished, "0", { { 0x23, "B7" } }, "block 0: the value that was to be set" },
-    { "InterfaceWithDepth", eEdit_ColorDepth, "10", { { 0x14, "B4" } }, "block 0: byte 20" },
-    { "OtherDepth", eEdit_ColorDepth, "10", { { 0x14, "C5" } }, "block 0: the value that was to be set" },
-    { "PreferredClock", eEdit_Preferred, "1280x720@60", { { 0x36, "02" } }, "block 0: the value that was to be set" },
-    { "PreferredPolarity",
-      eEdit_Preferred,
-      "1280x720@60",
-      { { 0x47, "1A" } },
-      "block 0: the value that was to be set" },
-    { "PreferredInStereo",
-      eEdit_Preferred,
-      "1280x720@60",
-      { { 0x47, "3E" } },
-      "block 0: the value that was to be set" },
-    { "PreferredBorder", eEdit_Preferred, "1280x720@60", { { 0x46, "01" } }, "block 0: the value that was to be set" },
+    { "SecondPairGone", eEdit_RemoveStandard, "0", { { 0x26, "01 01" } }, "block 0: Standard timing 1" },
+    { "OtherPairGone", eEdit_RemoveStandard, "0", { { 0x26, "71 4F" } }, "block 0: Horizontal addressable pixels" },
+    { "PairsInOtherOrder", eEdit_RemoveStandard, "0", { { 0x26, "81 40 81 C0" } }, "block 0: Standard timing 1" },
+    { "PairTwice", eEdit_RemoveStandard, "0", { { 0x28, "81 C0" } }, "block 0: Image aspect ratio" },
+    { "PairNotGone", eEdit_RemoveStandard, "0", { { 0x32, "71 4F" } }, "block 0: Standard timing 6" },
+    { "ForeignEstablished", eEdit_RemoveEstablished, "0", { { 0x23, "00" } }, "block 0: 640 x 480 @ 60 Hz" },
+    { "EstablishedNotGone", eEdit_RemoveEstablished, "0", { { 0x23, "B7" } }, "block 0: 720 x 400 @ 70 Hz" },
+    { "InterfaceWithDepth", eEdit_ColorDepth, "10", { { 0x14, "B4" } }, "block 0: Digital video interface standard" },
+    { "OtherDepth", eEdit_ColorDepth, "10", { { 0x14, "C5" } }, "block 0: Color bit depth" },
+    { "PreferredClock", eEdit_Preferred, "1280x720@60", { { 0x36, "02" } }, "block 0: Pixel clock" },
+    { "PreferredPolarity", eEdit_Preferred, "1280x720@60", { { 0x47, "1A" } }, "block 0: Pixel clock" },
+    { "PreferredInStereo", eEdit_Preferred, "1280x720@60", { { 0x47, "3E" } }, "block 0: Stereo viewing support" },
+    { "PreferredBorder", eEdit_Preferred, "1280x720@60", { { 0x46, "01" } }, "block 0: Vertical border" },
     { "PreferredImageSize",
       eEdit_Preferred,
       "1280x720@60",
       { { 0x42, "00" } },
-      "block 0: the value that was to be set" },
-    { "NameWithPreferred", eEdit_Preferred, "1280x720@60", { { 0x71, "42" } }, "block 0: a descriptor" },
-    { "PreferredGone", eEdit_RemoveDetailed, "1", { { 0x36, "00*3 10 00*14" } }, "block 0: byte 54" },
+      "block 0: Horizontal addressable video image size" },
+    { "NameWithPreferred", eEdit_Preferred, "1280x720@60", { { 0x71, "42" } }, "block 0: Text" },
+    { "PreferredGone", eEdit_RemoveDetailed, "1", { { 0x36, "00*3 10 00*14" } }, "block 0: Detailed timing" },
     // Codes 16 (native), 4 and 5 are the timings 7 to 12, each with its 1000/1001 variant.
-    { "SecondCodeGone", eEdit_RemoveStandard, "7", { { 0x84, "41 05 E0" } }, "block 1: a standard timing" },
-    { "CodeChanged", eEdit_RemoveStandard, "7", { { 0x85, "05" } }, "block 1: a standard timing" },
-    { "CodesInOtherOrder", eEdit_RemoveStandard, "7", { { 0x85, "05 04" } }, "block 1: a standard timing" },
-    { "CodeMadeNative", eEdit_RemoveStandard, "7", { { 0x85, "84" } }, "block 1: a standard timing" },
-    { "AudioWithCode", eEdit_RemoveStandard, "7", { { 0x88, "88" } }, "block 1: a data block" },
-    { "DetailedWithCode",
-      eEdit_RemoveStandard,
-      "7",
-      { { 0xA1, "8D" } },
-      "block 1: a detailed timing, or what stands behind them" },
-    { "StartNotMoved",
-      eEdit_RemoveStandard,
-      "7",
-      { { 0x82, "22" } },
-      "block 1: a detailed timing, or what stands behind them" },
-    { "NativesNotLowered", eEdit_RemoveDetailed, "1", { { 0x83, "33" } }, "block 1: the header" },
+    { "SecondCodeGone", eEdit_RemoveStandard, "7", { { 0x84, "41 05 E0" } }, "block 1: Short video descriptor 1" },
+    { "CodeChanged", eEdit_RemoveStandard, "7", { { 0x85, "05" } }, "block 1: Short video descriptor 1" },
+    { "CodesInOtherOrder", eEdit_RemoveStandard, "7", { { 0x85, "05 04" } }, "block 1: Short video descriptor 1" },
+    { "CodeMadeNative", eEdit_RemoveStandard, "7", { { 0x85, "84" } }, "block 1: Native" },
+    { "AudioWithCode", eEdit_RemoveStandard, "7", { { 0x88, "88" } }, "block 1: Maximum number of channels" },
+    { "DetailedWithCode", eEdit_RemoveStandard, "7", { { 0xA1, "8D" } }, "block 1: Pixel clock" },
+    { "StartNotMoved", eEdit_RemoveStandard, "7", { { 0x82, "22" } }, "block 1: Speaker allocation data block 1" },
+    { "NativesNotLowered",
+      eEdit_RemoveDetailed,
+      "1",
+      { { 0x83, "33" } },
+      "block 1: Total number of native formats in the detailed timing descriptors" },
     { "OtherDetailedGone",
       eEdit_RemoveDetailed,
       "1",
       { { 0xA2, "8C 0A D0 8A 20 E0 2D 10 10 3E 96" } },
-      "block 1: a detailed timing, or what stands behind them" },
-    { "BytesBehindDetaileds",
-      eEdit_RemoveDetailed,
-      "1",
-      { { 0xF0, "01" } },
-      "block 1: a detailed timing, or what stands behind them" },
-    { "DeepColorElsewhere", eEdit_DeepColor, "30,48", { { 0x99, "58" } }, "block 1: a data block" },
-    { "WrongDeepColor", eEdit_DeepColor, "30,48", { { 0x99, "B8" } }, "block 1: a data block" },
-    { "OtherVendorWithDeepColor", eEdit_DeepColor, "30", { { 0xA1, "03" } }, "block 1: a data block" },
-    { "ReservedBitOfAudio", eEdit_AudioSet, "0=pcm,2ch,48,16", { { 0x89, "09" } }, "block 1: an audio descriptor" },
-    { "OtherAudioChanged", eEdit_AudioSet, "0=pcm,2ch,48,16", { { 0x8E, "51" } }, "block 1: an audio descriptor" },
+      "block 1: Pixel clock" },
+    { "BytesBehindDetaileds", eEdit_RemoveDetailed, "1", { { 0xF0, "01" } }, "block 1: Padding" },
+    { "DeepColorElsewhere", eEdit_DeepColor, "30,48", { { 0x99, "58" } }, "block 1: Supports_AI" },
+    { "WrongDeepColor", eEdit_DeepColor, "30,48", { { 0x99, "B8" } }, "block 1: DC_48bit" },
+    { "OtherVendorWithDeepColor", eEdit_DeepColor, "30", { { 0xA1, "03" } }, "block 1: Max_TMDS_Character_Rate" },
+    { "ReservedBitOfAudio", eEdit_AudioSet, "0=pcm,2ch,48,16", { { 0x89, "09" } }, "block 1: Reserved" },
+    { "OtherAudioChanged", eEdit_AudioSet, "0=pcm,2ch,48,16", { { 0x8E, "51" } }, "block 1: Maximum bit rate" },
     { "AudiosInOtherOrder",
       eEdit_AudioAdd,
       "ac3,6ch,48,640kbps",
       { { 0x89, "15 07 50 89 07 07" } },
-      "block 1: an audio descriptor" },
-    { "AudioNotAdded", eEdit_AudioAdd, "ac3,6ch,48,640kbps", { { 0x8F, "15 04 00" } }, "block 1: an audio descriptor" },
-    { "BasicAudioCleared", eEdit_AudioAdd, "ac3,6ch,48,640kbps", { { 0x83, "33" } }, "block 1: the header" },
-    { "SpeakersWithAudio", eEdit_AudioRemove, "0", { { 0x8D, "03" } }, "block 1: a data block" },
-    { "WrongSpeakers", eEdit_Speakers, "FL/FR+LFE", { { 0x90, "01" } }, "block 1: the speakers" },
-    { "SpeakersOfLaterEditions", eEdit_Speakers, "FL/FR+LFE", { { 0x91, "00" } }, "block 1: the speakers" },
-    { "LastSpeakerByte", eEdit_Speakers, "FL/FR+LFE", { { 0x92, "00" } }, "block 1: the speakers" },
+      "block 1: Short audio descriptor 0" },
+    { "AudioNotAdded",
+      eEdit_AudioAdd,
+      "ac3,6ch,48,640kbps",
+      { { 0x8F, "15 04 00" } },
+      "block 1: Short audio descriptor 2" },
+    { "BasicAudioCleared", eEdit_AudioAdd, "ac3,6ch,48,640kbps", { { 0x83, "33" } }, "block 1: Basic audio" },
+    { "SpeakersWithAudio", eEdit_AudioRemove, "0", { { 0x8D, "03" } }, "block 1: LFE1 Low frequency effects 1" },
+    { "WrongSpeakers", eEdit_Speakers, "FL/FR+LFE", { { 0x90, "01" } }, "block 1: LFE1 Low frequency effects 1" },
+    { "SpeakersOfLaterEditions",
+      eEdit_Speakers,
+      "FL/FR+LFE",
+      { { 0x91, "00" } },
+      "block 1: TpSiL/TpSiR Top side left/right" },
+    { "LastSpeakerByte", eEdit_Speakers, "FL/FR+LFE", { { 0x92, "00" } }, "block 1: Reserved" },
     { "DataBlocksInOtherOrder",
       eEdit_Speakers,
       "FL/FR+LFE",
       { { 0x93, "65 D8 5D C4 01 02 68 03 0C 00 10 00 B8 2D 00" } },
-      "block 1: a data block" },
-    { "DataBlockGone", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "E5 00" } }, "block 1: a data block" },
-    { "DataBlockOverTheEnd", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "66" } }, "block 1: a data block" },
-    { "Revision", eEdit_Speakers, "FL/FR+LFE", { { 0x81, "02" } }, "block 1: the header" },
-    { "FlagsOfTheBlock", eEdit_Speakers, "FL/FR+LFE", { { 0x83, "B3" } }, "block 1: the header" },
-    { "WrongChecksumOfTheBlock",
+      "block 1: HDMI vendor-specific data block" },
+    { "DataBlockGone",
       eEdit_Speakers,
       "FL/FR+LFE",
-      { { 0xFF, "00" } },
-      "block 1: the block as a whole",
-      false },
-    { "BlockThatNoEditNamed", eEdit_Serial, "5", { { 0x99, "98" } }, "block 1: byte 25" },
-    { "BlockThatIsNotRead", eEdit_Serial, "5", { { 0x17E, "11" } }, "block 2: byte 126" },
-    { "RepairOfMoreThanChecksums", eEdit_RepairChecksums, "", { { 0x17E, "11" } }, "block 2: byte 126" },
-    { "RepairOfNothing", eEdit_RepairChecksums, "", { { 0x17F, "01" } }, "block 2: the checksum", false },
+      { { 0x9C, "E5 00" } },
+      "block 1: HDMI Forum vendor-specific data block" },
+    { "DataBlockOverTheEnd", eEdit_Speakers, "FL/FR+LFE", { { 0x9C, "66" } }, "a length" },
+    { "Revision", eEdit_Speakers, "FL/FR+LFE", { { 0x81, "02" } }, "block 1: Revision number" },
+    { "FlagsOfTheBlock", eEdit_Speakers, "FL/FR+LFE", { { 0x83, "B3" } }, "block 1: Underscan" },
+    { "WrongChecksumOfTheBlock", eEdit_Speakers, "FL/FR+LFE", { { 0xFF, "00" } }, "block 1: Checksum", false },
+    { "BlockThatNoEditNamed", eEdit_Serial, "5", { { 0x99, "98" } }, "block 1: DC_36bit" },
+    { "BlockThatIsNotRead", eEdit_Serial, "5", { { 0x17E, "11" } }, "block 2: Timing, cut short" },
+    { "RepairOfMoreThanChecksums", eEdit_RepairChecksums, "", { { 0x17E, "11" } }, "block 2: Timing, cut short" },
+    { "RepairOfNothing", eEdit_RepairChecksums, "", { { 0x17F, "01" } }, "block 2: Checksum", false },
 };
 INSTANTIATE_TEST_SUITE_P(Wrong, EditVerify, testing::ValuesIn(gsc_aoWrongEdits),
                          [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });
@@ -193,24 +186,52 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
            ParseBytes("02 03 21 40 44 90 04 05 1F 74 03 0C 00 10 00 B8 2D 20 C0 28 03 01 40 80 05 06 18 00 26 "
                       "77 E2 0F 05 ..128"));
     aui8Image = FixChecksums(aui8Image);
-    const char* pszData = "block 1: a data block";
-    const char* pszTiming = "block 1: a standard timing";
     const SWrongEdit aoCases[] = {
-        { "mask as it was", eEdit_RemoveStandard, "9", { { 0x96, "80 05" } }, pszData },
-        { "mask without the last code", eEdit_RemoveStandard, "9", { { 0x97, "01" } }, pszData },
-        { "mask without the place of no code", eEdit_RemoveStandard, "9", { { 0x96, "00" } }, pszData },
-        { "other formats of the mask", eEdit_RemoveStandard, "9", { { 0x95, "C0" } }, pszData },
-        { "format as it was", eEdit_RemoveStandard, "9", { { 0x99, "26" } }, pszData },
-        { "other format", eEdit_RemoveStandard, "9", { { 0x98, "00" } }, pszData },
-        { "formats in another order", eEdit_RemoveStandard, "9", { { 0x98, "16 06" } }, pszData },
-        { "byte behind the formats", eEdit_RemoveStandard, "9", { { 0x9A, "78" } }, pszData },
-        { "HDMI code", eEdit_RemoveStandard, "9", { { 0x93, "01" } }, pszTiming },
-        { "map as it was", eEdit_RemoveStandard, "9", { { 0x9D, "05" } }, pszTiming },
-        { "map of a place without a code", eEdit_RemoveStandard, "9", { { 0x9D, "23" } }, pszData },
-        { "native code", eEdit_RemoveStandard, "9", { { 0x86, "85" } }, pszTiming },
+        { "mask as it was",
+          eEdit_RemoveStandard,
+          "9",
+          { { 0x96, "80 05" } },
+          "block 1: Video code 5, 1920x1080i 59.94/60 Hz 16:9" },
+        { "mask without the last code",
+          eEdit_RemoveStandard,
+          "9",
+          { { 0x97, "01" } },
+          "block 1: Video code 5, 1920x1080i 59.94/60 Hz 16:9" },
+        { "mask without the place of no code",
+          eEdit_RemoveStandard,
+          "9",
+          { { 0x96, "00" } },
+          "block 1: Place without a video code 15" },
+        { "other formats of the mask", eEdit_RemoveStandard, "9", { { 0x95, "C0" } }, "block 1: Reserved" },
+        { "format as it was", eEdit_RemoveStandard, "9", { { 0x99, "26" } }, "block 1: 2D_VIC_order" },
+        { "other format", eEdit_RemoveStandard, "9", { { 0x98, "00" } }, "block 1: 3D_Structure" },
+        { "formats in another order", eEdit_RemoveStandard, "9", { { 0x98, "16 06" } }, "block 1: 3D format 0" },
+        { "byte behind the formats", eEdit_RemoveStandard, "9", { { 0x9A, "78" } }, "block 1: Reserved" },
+        { "HDMI code", eEdit_RemoveStandard, "9", { { 0x93, "01" } }, "block 1: HDMI_VIC" },
+        { "map as it was",
+          eEdit_RemoveStandard,
+          "9",
+          { { 0x9D, "05" } },
+          "block 1: Video code 5, 1920x1080i 59.94/60 Hz 16:9" },
+        { "map of a place without a code",
+          eEdit_RemoveStandard,
+          "9",
+          { { 0x9D, "23" } },
+          "block 1: Place without a video code 5" },
+        { "native code", eEdit_RemoveStandard, "9", { { 0x86, "85" } }, "block 1: Native" },
         // Timings 14 and 15 are the HDMI code's, behind which 08 00 01 40 becomes 08 01 40.
-        { "HDMI code not gone", eEdit_RemoveStandard, "14", { { 0x93, "28" } }, pszTiming },
-        { "formats behind the HDMI code", eEdit_RemoveStandard, "14", { { 0x94, "02" } }, pszData },
+        { "HDMI code not gone",
+          eEdit_RemoveStandard,
+          "14",
+          { { 0x93, "28" } },
+          "block 1: Side-by-side (half), horizontal "
+          "sub-sampling" },
+        { "formats behind the HDMI code",
+          eEdit_RemoveStandard,
+          "14",
+          { { 0x94, "02" } },
+          "block 1: Side-by-side (half), horizontal "
+          "sub-sampling" },
     };
     for (const SWrongEdit& oCase : aoCases)
     {
@@ -232,11 +253,23 @@ TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
         aui8Image.resize(256 + 128 * i);
     }
     aui8Image = FixChecksums(aui8Image);
-    ExpectRefusal(aui8Image, { "as it was", eEdit_RemoveDetailed, "1", { { 0x103, "02" } }, "block 2: byte 3" });
-    ExpectRefusal(aui8Image, { "one too few", eEdit_RemoveDetailed, "1", { { 0x103, "00" } }, "block 2: byte 3" });
-    ExpectRefusal(aui8Image, { "other flags", eEdit_RemoveDetailed, "1", { { 0x103, "41" } }, "block 2: byte 3" });
-    ExpectRefusal(aui8Image, { "own block", eEdit_RemoveDetailed, "1", { { 0x83, "02" } }, "block 1: the header" });
-    ExpectRefusal(aui8Image, { "sum", eEdit_RemoveDetailed, "1", { { 0x17F, "00" } }, "block 2: byte 127", false });
+    ExpectRefusal(aui8Image, { "as it was",
+                               eEdit_RemoveDetailed,
+                               "1",
+                               { { 0x103, "02" } },
+                               "block 2: Total number of native formats in the detailed timing descriptors" });
+    ExpectRefusal(aui8Image, { "one too few",
+                               eEdit_RemoveDetailed,
+                               "1",
+                               { { 0x103, "00" } },
+                               "block 2: Total number of native formats in the detailed timing descriptors" });
+    ExpectRefusal(aui8Image, { "other flags", eEdit_RemoveDetailed, "1", { { 0x103, "41" } }, "block 2: Basic audio" });
+    ExpectRefusal(aui8Image, { "own block",
+                               eEdit_RemoveDetailed,
+                               "1",
+                               { { 0x83, "02" } },
+                               "block 1: Total number of native formats in the detailed timing descriptors" });
+    ExpectRefusal(aui8Image, { "sum", eEdit_RemoveDetailed, "1", { { 0x17F, "00" } }, "block 2: Checksum", false });
 }
 
 TEST(EditVerifyImage, RefusesWhatDoesNotLoad)

@@ -54,7 +54,7 @@ void ExpectLoad(const std::string& sPath, int bExpected, const CBytes& aui8Expec
     EXPECT_EQ(sMessage, sOutput.substr(0, sOutput.find("nr4[0]:"))) << sPath;
 }
 
-TEST(EdidFile, KindIsToldByThePath)
+TEST(EdidFile, KindFollowsFromThePath)
 {
     const CBytes aui8Bytes = MakeCountingBytes(128);
     const std::string sTable = MakeTextTable(aui8Bytes, 16, "\n");

@@ -368,7 +368,7 @@ int CEdidBase::SetPreferredMode(const CVidParamTiming* poTiming)
     {
         return 0;
     }
-    // The descriptor's unit would be the millimetre; the centimetres are written as they stand.
+    // The descriptor's unit would be the millimetre; the centimetres are written as they are.
     const CEdidUtils::SImageSize oSize = { m_aui8Edid[gsc_uiImageWidthOffset], m_aui8Edid[gsc_uiImageHeightOffset] };
     const bool bKnowsSize = oSize.m_uiWidth != 0 && oSize.m_uiHeight != 0;
     CEdidUtils::SEdidDetailedRaw oRaw;

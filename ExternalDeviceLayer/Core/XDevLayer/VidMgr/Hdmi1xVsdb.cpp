@@ -51,11 +51,11 @@ constexpr SBitsPlace gsc_oVicOrder = { 0, 7, 4 };
 constexpr SBitsPlace gsc_oStructure = { 0, 3, 0 };
 constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a second byte
 
-// Where the 3D data stand, as offsets in the payload; equal ones when there are none.
+// Where the 3D data are, as offsets in the payload; equal ones when there are none.
 struct S3dFields
 {
     unsigned int m_uiMask;    // 3D_MASK, where there is one
-    unsigned int m_uiEntries; // behind it
+    unsigned int m_uiEntries; // after it
     unsigned int m_uiEnd;
     EMultiPresent m_eMulti;
 };
@@ -97,7 +97,7 @@ bool Find3dFields(unsigned int uiLength, const unsigned char* pui8Payload, S3dFi
     return uiOffset == oFields.m_uiEnd;
 }
 
-// Drops the entries of a code and lowers the places of those behind. The result is where the entries now end.
+// Drops the entries of a code and lowers the places of later ones. The result is where the entries now end.
 unsigned int RemoveFrom3dEntries(const S3dFields& oFields, unsigned char* pui8Payload, unsigned int uiPosition)
 {
     unsigned int uiEnd = oFields.m_uiEntries;

@@ -8,7 +8,7 @@
 // behind and ExtractTimings the old list; RemoveCea861Vic has then changed the bytes or not begun, and the list may be
 // behind them: the caller puts the bytes back.
 //
-// Payload, as published in the HDMI 1.x standard (offsets from the first byte behind the data block header):
+// Payload, as published in the HDMI 1.x standard (offsets from the first byte after the data block header):
 //     0 to 2  IEEE identifier 0x000C03, least significant byte first
 //     5       bit 6: 48-bit, bit 5: 36-bit, bit 4: 30-bit colour
 //     7       bit 7: latency fields present, bit 6: interlaced latency fields present, bit 5: video fields present
@@ -50,11 +50,11 @@ public:
     unsigned int ExtractTimings();
     // The CEA VIC at this index of the list; 0 at and above its end.
     unsigned int EnumCea861Vic(unsigned int uiIndex) const;
-    // Takes the first HDMI VIC that stands for this CEA VIC out of the bytes and closes the gap in the VIC list; the 3D
+    // Takes the first HDMI VIC of this CEA VIC out of the bytes and closes the gap in the VIC list; the 3D
     // data stays in its place. 1 when one was removed, else 0 with no byte changed.
     int RemoveCea861Vic(unsigned int uiVic);
 
-    // Where the HDMI VICs of a payload stand, for a reader that wants no list of them; offsets from its first byte. All
+    // Where the HDMI VICs of a payload are, for a reader that wants no list of them; offsets from its first byte. All
     // 0 when the video fields are absent or do not lie whole in the payload, and a count of 0 when the VICs do not. A
     // load that made views took 2 % more instructions, and memory.
     struct SVics

@@ -174,6 +174,16 @@ TEST_F(MapTables, DmtModes)
     }
 }
 
+// The byte E1h is a code that is not published, the byte 80h is reserved.
+TEST_F(MapTables, BitsOfUnknownCodes)
+{
+    ReadMap(BehindBaseBlock({ 2, 3, 10, 0, 0x42, 0xE1, 0x80, 0xE2, 0x0F, 0x03 }));
+    EXPECT_EQ("unknown (225)", GetValue(gsc_uiBlockSize + 5));
+    EXPECT_EQ("Unknown video code", GetName(gsc_uiBlockSize + 9, 0));
+    EXPECT_EQ("reserved", GetValue(gsc_uiBlockSize + 6));
+    EXPECT_EQ("Reserved video code", GetName(gsc_uiBlockSize + 9, 1));
+}
+
 // Bits of the base block, and of the descriptor that lists more of them.
 TEST_F(MapTables, EstablishedTimings)
 {

@@ -17,7 +17,7 @@ struct SRatio
 enum class EScan : unsigned char
 {
     eProgressive,
-    eInterlaced, // a half line behind the lines of each field
+    eInterlaced, // each field ends with a half line
     eEvenFields  // interlaced, two fields of the same whole lines
 };
 

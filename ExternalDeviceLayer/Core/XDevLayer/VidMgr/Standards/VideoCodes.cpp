@@ -13,7 +13,7 @@ constexpr size_t gsc_uiNameSize = 52; // the longest name and its NUL
 struct SCodeName
 {
     CName<gsc_uiNameSize> m_sText;
-    unsigned int m_uiFormat; // where the format begins behind the code
+    unsigned int m_uiFormat; // where the format begins, after the code
 };
 
 constexpr void AddFormat(CName<gsc_uiNameSize>& sName, const SVideoCode& oCode, bool bFraction)

@@ -13,7 +13,7 @@ struct SVideoCode
 {
     unsigned char m_ui8Code;
     SPublishedTiming m_oTiming;
-    bool m_bFraction;              // stands for 1000/1001 of the clock as well
+    bool m_bFraction;              // the code means 1000/1001 of the clock as well
     unsigned char m_ui8Repetition; // how often each pixel is sent; 1 as well where several are allowed
     SRatio m_oAspect;
 };
@@ -212,7 +212,7 @@ struct SShortVideo
 
 inline constexpr unsigned int gsc_uiNativeBit = 0x80;
 inline constexpr unsigned int gsc_uiHighestSvd = 253;
-inline constexpr unsigned int gsc_uiLastNativeSvd = 192; // behind it all 8 bits are the code
+inline constexpr unsigned int gsc_uiLastNativeSvd = 192; // past it all 8 bits are the code
 
 constexpr bool HasNativeBit(unsigned int uiSvd)
 {

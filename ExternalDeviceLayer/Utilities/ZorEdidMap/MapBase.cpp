@@ -318,7 +318,7 @@ CMString FormatPair(const CRecord& oRecord)
 
 template <bool ALWAYS>
 constexpr SRow gsc_aoPairRows[] = {
-    { eId_Padding, Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
+    { eId_Unused, Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
     { eId_BaseStandardHorizontalPixels, Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248),
       IsUsedPair, CheckReservedZero },
     { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },

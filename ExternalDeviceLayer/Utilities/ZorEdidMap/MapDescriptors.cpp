@@ -210,7 +210,7 @@ const char* CheckText(const CRecord& oRecord, unsigned int)
 }
 
 constexpr SRow gsc_oTextRow = { eId_BaseDescriptorText, RunToEnd(0), "Text", Text(), nullptr, CheckText };
-constexpr SRow gsc_oLineFeedRow = { eId_Padding, Byte(0), "Line feed", Filler(gsc_ui8LineFeed, gsc_szLineFeed) };
+constexpr SRow gsc_oLineFeedRow = { eId_LineFeed, Byte(0), "Line feed", Filler(gsc_ui8LineFeed, gsc_szLineFeed) };
 constexpr SRow gsc_oBlanksRow = { eId_Padding, RunToEnd(0), "Padding", Filler(' ', gsc_szBlanks) };
 
 void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
@@ -351,7 +351,7 @@ constexpr SRow gsc_aoRangeRows[] = {
       IsBefore4 },
     { eId_BaseRangeVideoTimingSupport, gsc_oFormula, "Video timing support", Names(gsc_aoFormulas).NoteOnly(),
       IsRevision4, CheckFormula },
-    { eId_Padding, Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
+    { eId_LineFeed, Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
     { eId_Padding, Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency
     { eId_Reserved, Byte(0x0B), "Reserved", Reserved(), IsSecondaryGtf },
@@ -416,7 +416,7 @@ constexpr STable gsc_oSecondPointTable = { eId_BaseColorPointWhitePoint, "White 
                                            gsc_aoSecondPointRows };
 
 constexpr SRow gsc_aoColorPointRows[] = {
-    { eId_Padding, Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+    { eId_LineFeed, Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
     { eId_Padding, Run(0x10, 2), "Padding", Filler(' ', gsc_szBlanks) },
 };
 constexpr STable gsc_oColorPointTable = { eId_BaseColorPoint, "Color point data", CZorEdidMap::eArea_Colour,
@@ -425,7 +425,7 @@ constexpr STable gsc_oColorPointTable = { eId_BaseColorPoint, "Color point data"
 // ---- Standard timing identifications 9 to 14, E-EDID 3.10.3.6 ----
 
 constexpr SRow gsc_aoPairsRows[] = {
-    { eId_Padding, Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+    { eId_LineFeed, Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
 };
 constexpr STable gsc_oPairsTable = { eId_BaseStandardList, "Standard timing identifications", CZorEdidMap::eArea_Timing,
                                      gsc_aoPairsRows };
@@ -543,7 +543,7 @@ CMString FormatCvtCode(const CRecord& oRecord)
 }
 
 constexpr SRow gsc_aoCodeRows[] = {
-    { eId_Padding, Run(0, 3), "Unused", Reserved(), IsCodeUnused },
+    { eId_Unused, Run(0, 3), "Unused", Reserved(), IsCodeUnused },
     { eId_BaseCvtCodeVerticalActive, gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed,
       CheckCodeLines },
     { eId_BaseCvtCodeAspectRatio, Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
@@ -589,7 +589,7 @@ constexpr STable gsc_oModesTable = { eId_BaseEstablished3, "Established timings 
 
 // ---- Dummy, makers' own and reserved descriptors, E-EDID 3.10.3.10 to 3.10.3.12 ----
 
-constexpr SRow gsc_aoDummyRows[] = { { eId_Padding, Run(0x05, 13), "Unused", Reserved() } };
+constexpr SRow gsc_aoDummyRows[] = { { eId_Unused, Run(0x05, 13), "Unused", Reserved() } };
 constexpr STable gsc_oDummyTable = { eId_BaseDummy, "Dummy descriptor", CZorEdidMap::eArea_Unused, gsc_aoDummyRows };
 constexpr SRow gsc_aoMakerRows[] = { { eId_BaseManufacturerData, Run(0x05, 13), "Manufacturer's data", Bytes() } };
 constexpr STable gsc_oMakerTable = { eId_BaseManufacturer, "Manufacturer specified descriptor",

@@ -13,7 +13,7 @@
     X(5, ManufacturerData, "manufacturer.data") X(6, ExtensionTag, "extension.tag") X(7, LcdTimings, "lcd-timings")   \
     X(8, Edid2, "edid2") X(9, ColorInformation, "color-information") X(10, Dpvl, "dpvl") X(11, Dtcdb, "dtcdb")        \
     X(12, Manufacturer, "manufacturer") X(13, OtherBase, "other-base") X(14, UnknownExtension, "unknown-extension")   \
-    X(15, AfterBlocks, "after-blocks")                                                                                \
+    X(15, AfterBlocks, "after-blocks") X(16, LineFeed, "line-feed") X(17, Unused, "unused")                           \
     /* base */                                                                                                        \
     X(30, Base, "base") X(31, BaseExtensionCount, "base.extension-count") X(32, BaseHeader, "base.header")            \
     X(33, BaseSerial, "base.serial") X(34, BaseString, "base.string") X(35, BaseName, "base.name")                    \

@@ -42,22 +42,23 @@ std::string GetBitsText(unsigned int uiMask)
 // Fields that hold the code of a timing, and what a code is called with its number.
 struct SCodeField
 {
-    std::string_view m_sName;
+    EZorEdidField m_eId;
     const char* m_pszShort;
 };
 constexpr SCodeField gsc_aoCodeFields[] = {
-    { "Video identification code", "VIC" },
-    { "VIC", "VIC" },
-    { "HDMI_VIC", "HDMI_VIC" },
-    { "HDMI VIC", "HDMI VIC" },
-    { "DMT ID", "DMT ID" },
-    { "Timing code", "Timing code" },
+    { eZorEdidField_CtaVideoVic, "VIC" },
+    { eZorEdidField_CtaVideoReferenceVic, "VIC" },
+    { eZorEdidField_DisplayidTimingVic, "VIC" },
+    { eZorEdidField_CtaHdmiVic, "HDMI_VIC" },
+    { eZorEdidField_DisplayidTimingHdmiVic, "HDMI VIC" },
+    { eZorEdidField_DisplayidTimingDmtId, "DMT ID" },
+    { eZorEdidField_DisplayidTimingCode, "Timing code" },
 };
 
 const SCodeField* FindCode(const CZorEdidMap::SField& oField)
 {
     const auto* poCode = std::find_if(std::begin(gsc_aoCodeFields), std::end(gsc_aoCodeFields),
-                                      [&](const SCodeField& oCode) { return oCode.m_sName == oField.m_pszName; });
+                                      [&](const SCodeField& oCode) { return oCode.m_eId == oField.m_eId; });
     return poCode != std::end(gsc_aoCodeFields) ? poCode : nullptr;
 }
 } // namespace

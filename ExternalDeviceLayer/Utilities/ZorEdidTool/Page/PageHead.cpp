@@ -7,13 +7,11 @@
 #include <string_view>
 
 #include "MapText.h"
-#include "PageNames.h"
 #include "PageParts.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
 using namespace ZorStandards::BaseBlock;
-using namespace PageNames;
 
 namespace
 {
@@ -104,7 +102,7 @@ std::string DescribeDate(const SPageImage& oImage)
     }
     const double dWeek = oImage.GetNumberAt(gsc_uiWeekOffset, gsc_uiHighBit);
     const std::string sText = oImage.GetValueAt(gsc_uiYearOffset, gsc_uiHighBit);
-    if (gsc_sModelYear == poYear->m_pszName)
+    if (poYear->m_eId == eZorEdidField_BaseIdentityModelYear)
     {
         return sText + " (model year)";
     }
@@ -120,8 +118,8 @@ std::string DescribePreferredMode(const SPageImage& oImage)
 // The pixels of the display parameters of DisplayID; empty when they are not given.
 std::string DescribePixels(const SPageImage& oImage, unsigned int uiGroup)
 {
-    const double dWidth = GetNumberOf(oImage.m_oMap, uiGroup, gsc_sPixelsAcross);
-    const double dHeight = GetNumberOf(oImage.m_oMap, uiGroup, gsc_sPixelsDown);
+    const double dWidth = GetNumberOf(oImage.m_oMap, uiGroup, eZorEdidField_DisplayidParametersHorizontalPixels);
+    const double dHeight = GetNumberOf(oImage.m_oMap, uiGroup, eZorEdidField_DisplayidParametersVerticalPixels);
     return dWidth > 0 && dHeight > 0 ? FormatText("%.0f \u00D7 %.0f pixels (DisplayID)", dWidth, dHeight) : "";
 }
 
@@ -133,16 +131,16 @@ std::string DescribeNativeModes(const SPageImage& oImage)
     {
         const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
         const bool bSet = oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0;
-        if (bSet && gsc_sPreferredIsNative == oField.m_pszName)
+        if (bSet && oField.m_eId == eZorEdidField_BaseDisplayPreferredIsNative)
         {
             Append(sText, DescribePreferredMode(oImage));
         }
-        if (bSet && gsc_sNative == oField.m_pszName && oField.m_uiGroup != gsc_uiNone)
+        if (bSet && oField.m_eId == eZorEdidField_CtaVideoNative && oField.m_uiGroup != gsc_uiNone)
         {
             std::string sMode = oImage.GetValue(oField.m_uiGroup); // of the short video descriptor
             Append(sText, sMode.substr(0, sMode.rfind(", native")));
         }
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && gsc_sDisplayParameters == oField.m_pszName)
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && oField.m_eId == eZorEdidField_DisplayidParameters)
         {
             Append(sText, DescribePixels(oImage, i));
         }
@@ -168,11 +166,11 @@ std::string DescribeInterface(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        if (gsc_sHdmiForum == oField.m_pszName || gsc_sHdmiForumSink == oField.m_pszName)
+        if (oField.m_eId == eZorEdidField_CtaHdmiForum || oField.m_eId == eZorEdidField_CtaHdmiSink)
         {
             sHdmi = "HDMI 2.0 or later";
         }
-        else if (sHdmi.empty() && gsc_sHdmi == oField.m_pszName)
+        else if (sHdmi.empty() && oField.m_eId == eZorEdidField_CtaHdmi)
         {
             sHdmi = "HDMI"; // all versions have this block
         }
@@ -190,12 +188,12 @@ std::string DescribeColorimetry(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && gsc_sColorimetry == oField.m_pszName)
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && oField.m_eId == eZorEdidField_CtaColorimetry)
         {
             uiEnd = oField.m_uiEnd;
         }
         if (i < uiEnd && oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0 &&
-            gsc_sGamutBoundary != oField.m_pszName)
+            oField.m_eId != eZorEdidField_CtaColorimetryGamutMetadataP0)
         {
             Append(sText, oField.m_pszName);
         }
@@ -213,25 +211,25 @@ std::string DescribeBlocks(const SPageImage& oImage)
     return FormatText("%u bytes: ", oImage.m_oMap.GetSize()) + sText;
 }
 
-// A field by its name in the map, and the words around its number; a flag and a group have the first words only.
+// A field, and the words around its number; a flag and a group have the first words only.
 struct SPhrase
 {
-    std::string_view m_sField;
+    EZorEdidField m_eField;
     const char* m_pszAhead;
     const char* m_pszBehind;
 };
 
 constexpr SPhrase gsc_aoHdrKinds[] = {
-    { gsc_sPq, "PQ (SMPTE ST 2084)", "" },
-    { gsc_sHlg, "Hybrid Log-Gamma", "" },
-    { gsc_sHdrGamma, "traditional gamma over the HDR range", "" },
-    { gsc_sHdr10Plus, "HDR10+", "" },
-    { gsc_sDolbyVision, "Dolby Vision", "" },
+    { eZorEdidField_CtaHdrStaticSmpteSt2084, "PQ (SMPTE ST 2084)", "" },
+    { eZorEdidField_CtaHdrStaticHlg, "Hybrid Log-Gamma", "" },
+    { eZorEdidField_CtaHdrStaticTraditionalGammaHdr, "traditional gamma over the HDR range", "" },
+    { eZorEdidField_CtaHdr10Plus, "HDR10+", "" },
+    { eZorEdidField_CtaDolbyVision, "Dolby Vision", "" },
 };
 constexpr SPhrase gsc_aoHdrLuminances[] = {
-    { gsc_sMaxLuminance, "up to ", " cd/m\u00B2" },
-    { gsc_sFrameLuminance, "", " cd/m\u00B2 over a whole frame" },
-    { gsc_sMinLuminance, "down to ", " cd/m\u00B2" },
+    { eZorEdidField_CtaHdrStaticMaxLuminance, "up to ", " cd/m\u00B2" },
+    { eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance, "", " cd/m\u00B2 over a whole frame" },
+    { eZorEdidField_CtaHdrStaticMinLuminance, "down to ", " cd/m\u00B2" },
 };
 
 // No more digits than the code of a luminance is good for.
@@ -248,7 +246,7 @@ void AppendPhrases(const SPageImage& oImage, std::span<const SPhrase> aoPhrases,
         {
             const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
             const bool bNumber = oField.m_eKind == CZorEdidMap::eKind_Number;
-            if (oPhrase.m_sField == oField.m_pszName &&
+            if (oPhrase.m_eField == oField.m_eId &&
                 (oField.m_eKind == CZorEdidMap::eKind_Group || oField.m_llNumber != 0))
             {
                 const std::string sNumber = bNumber ? FormatLuminance(GetFieldNumber(oField)) : "";

@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "MapText.h"
-#include "PageNames.h"
 #include "PageParts.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
@@ -77,7 +76,7 @@ bool IsPlainPadding(const SPageImage& oImage, unsigned int uiField)
 {
     const CField& oField = oImage.m_oMap.GetField(uiField);
     const unsigned char* pui8First = oImage.m_oMap.GetData() + oField.m_uiOffset;
-    return oField.m_eKind == CZorEdidMap::eKind_Reserved && PageNames::gsc_sPadding == oField.m_pszName &&
+    return oField.m_eKind == CZorEdidMap::eKind_Reserved && oField.m_eId == eZorEdidField_Padding &&
            std::all_of(pui8First, pui8First + oField.m_uiLength, [&](unsigned char ui8) { return ui8 == *pui8First; });
 }
 
@@ -173,11 +172,11 @@ void CompareImages(SPage& oPage)
     oPage.m_oPairs = MatchModes(oPage.m_apoImages[0]->m_aoModes, oPage.m_apoImages[1]->m_aoModes);
 }
 
-double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName)
+double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, EZorEdidField eId)
 {
     for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
     {
-        if (sName == oMap.GetField(i).m_pszName)
+        if (oMap.GetField(i).m_eId == eId)
         {
             return GetFieldNumber(oMap.GetField(i));
         }

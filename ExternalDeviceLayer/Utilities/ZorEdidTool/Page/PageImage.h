@@ -63,5 +63,5 @@ struct SPage
 // Fills in what differs between the two images of a pair.
 void CompareImages(SPage& oPage);
 
-// The number of the first field of this name in a group, the group itself included; -1 without one.
-double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, std::string_view sName);
+// The number of the first field with this id in a group, the group itself included; -1 when there is none.
+double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, EZorEdidField eId);

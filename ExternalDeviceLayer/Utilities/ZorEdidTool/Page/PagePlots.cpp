@@ -7,11 +7,8 @@
 #include <set>
 #include <string_view>
 
-#include "PageNames.h"
 #include "PageParts.h"
 #include "TextFormat.h"
-
-using namespace PageNames;
 
 namespace
 {
@@ -66,12 +63,15 @@ std::optional<SLimits> FindLimits(const SPageImage& oImage)
     const CZorEdidMap& oMap = oImage.m_oMap;
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
-        if (gsc_sLimits == oMap.GetField(i).m_pszName)
+        if (oMap.GetField(i).m_eId == eZorEdidField_BaseRange)
         {
-            const SLimits oLimits = { GetNumberOf(oMap, i, gsc_sLeastRate), GetNumberOf(oMap, i, gsc_sMostRate),
-                                      GetNumberOf(oMap, i, gsc_sLeastLineRate), GetNumberOf(oMap, i, gsc_sMostLineRate),
-                                      GetNumberOf(oMap, i, gsc_sMostClock) -
-                                          std::max(GetNumberOf(oMap, i, gsc_sClockPrecision), 0.0) };
+            const auto fnGet = [&](EZorEdidField eId) { return GetNumberOf(oMap, i, eId); };
+            const SLimits oLimits = { fnGet(eZorEdidField_BaseRangeMinVerticalRate),
+                                      fnGet(eZorEdidField_BaseRangeMaxVerticalRate),
+                                      fnGet(eZorEdidField_BaseRangeMinHorizontalRate),
+                                      fnGet(eZorEdidField_BaseRangeMaxHorizontalRate),
+                                      fnGet(eZorEdidField_BaseRangeMaxPixelClock) -
+                                          std::max(fnGet(eZorEdidField_BaseRangePixelClockPrecision), 0.0) };
             return oLimits.IsSound() ? std::optional(oLimits) : std::nullopt;
         }
     }

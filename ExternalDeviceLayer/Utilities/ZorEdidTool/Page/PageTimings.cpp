@@ -298,11 +298,13 @@ std::string GetSource(const CZorEdidMap& oMap, unsigned int uiField)
     }
     const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
     std::string sSource = GetFieldName(oField);
-    if (oField.m_pszName == std::string_view("Short video descriptor"))
+    if (oField.m_eId == eZorEdidField_CtaVideoDescriptor)
     {
-        sSource += FormatText(", VIC %.0f", GetNumberOf(oMap, uiField, "Video identification code"));
+        sSource += FormatText(", VIC %.0f", GetNumberOf(oMap, uiField, eZorEdidField_CtaVideoVic));
     }
-    sSource += bGroup && GetNumberOf(oMap, uiField, "Preferred timing") > 0 ? ", preferred of its block" : "";
+    sSource += bGroup && GetNumberOf(oMap, uiField, eZorEdidField_DisplayidTimingPreferred) > 0
+                   ? ", preferred of its block"
+                   : "";
     return sSource;
 }
 

@@ -9,7 +9,6 @@
 #include "DisplayIdImages.h"
 #include "OsServices.h"
 #include "PageAssets.h"
-#include "PageNames.h"
 #include "PageParts.h"
 #include "SharedFiles.h"
 
@@ -241,32 +240,6 @@ CBytes MakeImageOfAll()
                                     { 0x48, "00 00 00 FD 00 38 4B 1E 53 11 04 10 00 00 00 00 00 00" },
                                     { 0x5A, "00 00 00 F7 00 0A 80 00*11" },
                                     { 0x6C, "00 00 00 F8 00 01 1C 41 28 00*9" } });
-}
-
-// A row of the map that gets another name fails here, and would have left words of the page out.
-TEST(PageNames, EachIsTheNameOfAField)
-{
-    using namespace PageNames;
-    constexpr std::string_view asNames[] = {
-        gsc_sModelYear,    gsc_sPreferredIsNative, gsc_sNative,        gsc_sDisplayParameters,
-        gsc_sPixelsAcross, gsc_sPixelsDown,        gsc_sHdmiForum,     gsc_sHdmiForumSink,
-        gsc_sHdmi,         gsc_sColorimetry,       gsc_sGamutBoundary, gsc_sPq,
-        gsc_sHlg,          gsc_sHdrGamma,          gsc_sHdr10Plus,     gsc_sDolbyVision,
-        gsc_sMaxLuminance, gsc_sFrameLuminance,    gsc_sMinLuminance,  gsc_sLimits,
-        gsc_sLeastRate,    gsc_sMostRate,          gsc_sLeastLineRate, gsc_sMostLineRate,
-        gsc_sMostClock,    gsc_sClockPrecision,    gsc_sPadding,
-    };
-    const SPage oPage = MakePageOf({ MakeImageOfAll() });
-    const CZorEdidMap& oMap = oPage.m_apoImages[0]->m_oMap;
-    std::set<std::string_view> asFound;
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        asFound.insert(oMap.GetField(i).m_pszName);
-    }
-    for (const std::string_view sName : asNames)
-    {
-        EXPECT_TRUE(asFound.contains(sName)) << sName;
-    }
 }
 
 TEST(PageModes, StandInTheTableThePicturesAndThePlots)

@@ -43,6 +43,14 @@ TEST(Map, AllocatesTableAndBlocksWhenNeeded)
     EXPECT_EQ(5U, oHeap.GetAllocCount());
 }
 
+TEST(Map, BlockOfMoreBytesThanThereAreIsRefused)
+{
+    CCountingAllocator oHeap;
+    CMPlex* poHead = nullptr;
+    EXPECT_THROW(CMPlex::Create(poHead, ULONG_MAX / 8 + 2, 8), std::bad_alloc); // 8 bytes, if the product wrapped
+    EXPECT_EQ(nullptr, poHead);
+}
+
 TEST(Map, NodesStandInBucketsOfSixteenKeysNewestFirst)
 {
     CMapProbe oMap;

@@ -69,6 +69,8 @@ const std::map<std::string, void (*)(CRow, const char*)> gsc_oArguments = {
     { "starred", [](CRow oRow, const char* psz) { Check(oRow, psz, 40, "abc"); } },
     { "wide", [](CRow oRow, const char* psz) { Check(oRow, psz, L"abcde", L"wide", nullptr); } },
     { "mixed", [](CRow oRow, const char* psz) { Check(oRow, psz, 1LL, 1.0, 1, 1L, nullptr, "abcde"); } },
+    { "many",
+      [](CRow oRow, const char* psz) { Check(oRow, psz, 1., 2., 3., 4., 5., 6., 7., 8., 9., 1, 2, 3, 4, "abcdef"); } },
     { "minus number", [](CRow oRow, const char* psz) { Check(oRow, psz, -5, 1); } },
     { "minus hundred", [](CRow oRow, const char* psz) { Check(oRow, psz, -100, 1); } },
     { "minus text", [](CRow oRow, const char* psz) { Check(oRow, psz, -5, "abc"); } },

@@ -6,23 +6,25 @@ namespace
 {
 constexpr const char* gsc_pszCutAudio = " is damaged: an audio data block is cut within a descriptor";
 
+constexpr unsigned int gsc_uiAudioSize = 3; // bytes of a descriptor
+constexpr ZorStandards::Cta::SDataBlockKind gsc_oAudioBlocks = { CEdidExtBlockCEA861::eCea861Tag_Audio, false };
+
 bool IsAudioCut(const CEdidExtBlockCEA861& oCea)
 {
-    for (const CBytes& aui8Payload : ListPayloads(oCea, CEdidExtBlockCEA861::eCea861Tag_Audio))
+    ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
+    bool bCut = false;
+    while (!bCut && oWalk.Next(gsc_oAudioBlocks))
     {
-        if (aui8Payload.size() % gsc_uiAudioSize != 0)
-        {
-            return true;
-        }
+        bCut = oWalk.GetLength() % gsc_uiAudioSize != 0;
     }
-    return false;
+    return bCut;
 }
 
 // Where the next descriptor goes when the first audio data block has room for it.
 unsigned int CountFirstAudios(const CEdidExtBlockCEA861& oCea)
 {
-    const std::vector<CBytes> aaui8Payloads = ListPayloads(oCea, CEdidExtBlockCEA861::eCea861Tag_Audio);
-    return aaui8Payloads.empty() ? 0 : static_cast<unsigned int>(aaui8Payloads[0].size()) / gsc_uiAudioSize;
+    ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
+    return oWalk.Next(gsc_oAudioBlocks) ? oWalk.GetLength() / gsc_uiAudioSize : 0;
 }
 } // namespace
 

@@ -15,6 +15,11 @@ namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
+constexpr ZorStandards::Cta::SDataBlockKind gsc_aoHdmiBlocks[] = {
+    { CEdidExtBlockCEA861::eCea861Tag_VendorSpecific, false },
+    { CEdidExtBlockCEA861::eCea861ExtTag_VendorVideo, true },
+};
+
 constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
 constexpr const char* gsc_pszReferred =
     "a data block that prefers timings, or names the native one, has its video code";
@@ -42,6 +47,28 @@ unsigned int FindCode(const SEditedBlock& oBlock, unsigned int uiNumber)
         }
     }
     return 0;
+}
+
+// Short video references of the blocks that prefer a timing or name the native one. 1 to 127 and 193 to 253 are video
+// codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CEA-861 blocks.
+CBytes ListReferences(const CEdidExtBlockCEA861& oCea)
+{
+    constexpr unsigned int uiNativeTag = 8; // extended tags
+    constexpr unsigned int uiPreferenceTag = 13;
+    CBytes aui8References;
+    ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
+    while (oWalk.Next({ CEdidExtBlockCEA861::eCea861Tag_Extended, false }))
+    {
+        const unsigned int uiTag = oWalk.GetLength() != 0 ? oWalk.GetByte(0) : 0;
+        const unsigned int uiEnd = uiTag == uiPreferenceTag ? oWalk.GetLength()
+                                   : uiTag == uiNativeTag   ? std::min(2U, oWalk.GetLength())
+                                                            : 0;
+        for (unsigned int i = 1; i < uiEnd; ++i)
+        {
+            aui8References.push_back(oWalk.GetByte(i));
+        }
+    }
+    return aui8References;
 }
 
 bool Is420(const CEdidExtBlockCEA861& oCea, unsigned int uiIndex)
@@ -338,15 +365,17 @@ std::string CEditImage::NameCodeRefusal(const SEditedBlock& oBlock, unsigned int
         return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
     }
     CBytes aui8Without = oBlock.m_aui8Bytes;
-    for (const SCeaDataBlock& oData : ListDataBlocks(*poRead))
+    for (const ZorStandards::Cta::SDataBlockKind& oKind : gsc_aoHdmiBlocks)
     {
-        const std::span<const unsigned char> oHdmi = GetHdmiPayload(oData);
-        const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(static_cast<unsigned int>(oHdmi.size()), oHdmi.data());
-        if (oVics.m_uiVideoOffset != 0)
+        for (ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(*poRead); oWalk.Next(oKind);)
         {
-            const size_t uiTagSize = oData.m_aui8Payload.size() - oHdmi.size();
-            aui8Without[oData.m_uiOffset + uiTagSize + oVics.m_uiVideoOffset + 1] &=
-                static_cast<unsigned char>(~ui3dLength);
+            unsigned char* pui8Payload = aui8Without.data() + oWalk.GetPayload().m_uiOffset;
+            const bool bHdmi = CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) != 0;
+            const unsigned int uiVideo = CHdmi1xVsdb::FindVics(oWalk.GetLength(), pui8Payload).m_uiVideoOffset;
+            if (bHdmi && uiVideo != 0)
+            {
+                pui8Payload[uiVideo + 1] &= static_cast<unsigned char>(~ui3dLength);
+            }
         }
     }
     CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Without.data());

@@ -30,23 +30,27 @@ def plain(text):
 # ---- The map ----
 
 
+def last_word(field):
+    return field["id"].rpartition(".")[2]
+
+
 class Group:
-    """A group of the JSON: its own leaves by name, of several the last one."""
+    """A group of the JSON: its own leaves by the last word of their ids, of several the last one."""
 
     def __init__(self, field):
         self.name, self.text = field["name"], field.get("text", "")
         self.fields = field["fields"]
-        self.leaves = {leaf["name"]: leaf for leaf in self.fields if leaf["kind"] != "group"}
+        self.leaves = {last_word(leaf): leaf for leaf in self.fields if leaf["kind"] != "group"}
 
-    def value(self, name):
+    def value(self, word):
         """None where a meaning such as "not given" takes the number's place."""
-        return self.leaves[name].get("value")
+        return self.leaves[word].get("value")
 
-    def said(self, name):
-        return self.leaves[name].get("text", "")
+    def said(self, word):
+        return self.leaves[word].get("text", "")
 
-    def has(self, name):
-        return name in self.leaves
+    def has(self, word):
+        return word in self.leaves
 
     def on(self):
         """Names of the flags that are set."""
@@ -60,33 +64,33 @@ def mode(text):
 
 
 def own_date(group):
-    week, year = int(group.leaves["Week of manufacture"]["raw"], 16), None
-    for name in group.leaves:
-        if "year" in name.lower():
-            year = group.value(name)
+    week, year = int(group.leaves["week"]["raw"], 16), None
+    for word in ("year", "model-year"):
+        if group.has(word):
+            year = group.value(word)
     yield "date", f"model {year}" if week == 255 else f"week {week} of {year}" if week else f"{year}"
 
 
 def own_chromaticities(group):
     for color in ("Red", "Green", "Blue", "White"):
-        yield "chromaticity", f"{color} {group.value(color + ' x'):.4f} {group.value(color + ' y'):.4f}"
+        yield "chromaticity", f"{color} {group.value(color.lower() + '-x'):.4f} {group.value(color.lower() + '-y'):.4f}"
 
 
 def own_input(group):
-    size = [group.value(name) for name in ("Horizontal screen size", "Vertical screen size") if group.has(name)]
+    size = [group.value(word) for word in ("screen-width", "screen-height") if group.has(word)]
     if all(size) and size:
         yield "screen-size", f"{size[0]} x {size[1]}"
-    power = [name.split(" ")[0].replace("Active", "Off") for name in
-             ("Standby mode", "Suspend mode", "Active off, very low power") if group.value(name)]
+    power = [name for word, name in (("standby", "Standby"), ("suspend", "Suspend"), ("active-off", "Off"))
+             if group.value(word)]
     yield "power", " ".join(power)
-    if group.has("Signal level standard"):
-        yield "signal-level", group.said("Signal level standard")
-    for name in ("Supported color encoding formats", "Display color type"):
-        if group.has(name):
-            yield "color-format", plain(group.said(name).replace(" and ", " ").removesuffix(" color"))
-    for name in ("sRGB is the default color space", "Continuous frequency"):
-        if group.has(name) and group.value(name):
-            yield "display-flag", plain(name)
+    if group.has("signal-level"):
+        yield "signal-level", group.said("signal-level")
+    for word in ("color-encodings", "color-type"):
+        if group.has(word):
+            yield "color-format", plain(group.said(word).replace(" and ", " ").removesuffix(" color"))
+    for word in ("srgb-default", "continuous-frequency"):
+        if group.has(word) and group.value(word):
+            yield "display-flag", plain(group.leaves[word]["name"])
 
 
 def own_modes(group):
@@ -102,39 +106,38 @@ def own_mode(kind):
     return take
 
 
-def axis(group, name, blank, sync):
+def axis(group, way):
     """Front porch, sync, back porch and polarity of an axis."""
-    front, width = group.value(f"{name} front porch"), group.value(f"{name} {sync}")
-    polarity = f"{name} sync polarity"
+    front, width = group.value(f"{way}-front-porch"), group.value(f"{way}-sync-width")
+    polarity = f"{way}-sync-polarity"
     sign = {"positive": "P", "negative": "N"}.get(group.said(polarity), "-") if group.has(polarity) else "-"
-    return f"{front} {width} {group.value(f'{name} {blank}') - front - width} {sign}"
+    return f"{front} {width} {group.value(f'{way}-blanking') - front - width} {sign}"
 
 
-def timing(group, clock, blank, sync):
+def timing(group, clock):
     size = mode(group.text).split(" ")[0]
-    return f"{size} {clock} h {axis(group, 'Horizontal', blank, sync)} v {axis(group, 'Vertical', blank, sync)}"
+    return f"{size} {clock} h {axis(group, 'horizontal')} v {axis(group, 'vertical')}"
 
 
 def own_descriptor(group):
     """A detailed timing of 18 bytes; vertical values are those of a field."""
     if not mode(group.text):
         return
-    yield "timing", timing(group, round(group.value("Pixel clock") * 1000), "blanking", "sync pulse width")
-    sizes = [group.value(f"{name} addressable video image size")
-             for name in ("Horizontal", "Vertical") if group.has(f"{name} addressable video image size")]
+    yield "timing", timing(group, round(group.value("pixel-clock") * 1000))
+    sizes = [group.value(word) for word in ("image-width", "image-height") if group.has(word)]
     if any(sizes):
         yield "image-size", " x ".join(str(size or 0) for size in sizes)
 
 
 def own_displayid_timing(group):
-    yield "timing", timing(group, group.value("Pixel clock"), "blank", "sync width")
+    yield "timing", timing(group, group.value("pixel-clock"))
 
 
 def own_range(group):
-    names = ("Minimum vertical rate", "Maximum vertical rate", "Minimum horizontal rate", "Maximum horizontal rate")
-    yield "range", " ".join(str(group.value(name)) for name in names)
-    if group.leaves["Maximum pixel clock"].get("meaning") is None:
-        yield "range-clock", str(int(group.value("Maximum pixel clock")))
+    words = ("min-vertical-rate", "max-vertical-rate", "min-horizontal-rate", "max-horizontal-rate")
+    yield "range", " ".join(str(group.value(word)) for word in words)
+    if group.leaves["max-pixel-clock"].get("meaning") is None:
+        yield "range-clock", str(int(group.value("max-pixel-clock")))
 
 
 def own_codes(group):
@@ -147,22 +150,22 @@ def own_codes(group):
 
 def own_text(kind):
     def take(group):
-        yield kind, group.said("Text").rstrip() if group.has("Text") else ""
+        yield kind, group.said("text").rstrip() if group.has("text") else ""
     return take
 
 
 def own_audio(group):
-    name = next(group.said(name) for name in ("Audio format extended code", "Audio format code") if group.has(name))
+    name = next(group.said(word) for word in ("extended-format", "format") if group.has(word))
     yield "audio", AUDIO_NAMES.get(plain(name), plain(name))
-    if group.has("Maximum number of channels"):
-        yield "audio-channels", str(group.value("Maximum number of channels"))
+    if group.has("channels"):
+        yield "audio-channels", str(group.value("channels"))
     rates = [name[:-4] for name in group.on() if name.endswith(" kHz")]
     yield "audio-rates", " ".join(rates)
     sizes = [name[:-4] for name in group.on() if name.endswith(" bit")]
     if sizes:
         yield "audio-sizes", " ".join(sizes)
-    if group.has("Maximum bit rate"):
-        yield "audio-bit-rate", str(group.value("Maximum bit rate"))
+    if group.has("max-bit-rate"):
+        yield "audio-bit-rate", str(group.value("max-bit-rate"))
 
 
 AUDIO_NAMES = {"lpcm": "linearpcm", "matdolbytruehd": "matmlp", "mpeg2multichannel": "mpeg2multichannel",
@@ -184,30 +187,30 @@ def own_speakers(group):
 
 
 def own_hdmi(group):
-    yield "hdmi-address", group.said("Source physical address")
+    yield "hdmi-address", group.said("physical-address")
     for name in group.on():
         if name.startswith("DC_") or name in ("Supports_AI", "DVI_Dual"):
             yield "hdmi-flag", plain(name)
         if name.startswith("CNC"):
             yield "hdmi-content", re.search(r"\((\w+)\)", name)[1]
-    if group.has("Max_TMDS_Clock") and group.value("Max_TMDS_Clock"):
-        yield "hdmi-clock", number(group.value("Max_TMDS_Clock"))
-    for name in group.leaves:
-        if name.endswith("_Latency") and group.value(name) is not None:
-            yield "latency", f"{plain(name)} {group.value(name)}"
+    if group.has("max-tmds-clock") and group.value("max-tmds-clock"):
+        yield "hdmi-clock", number(group.value("max-tmds-clock"))
+    for word in group.leaves:
+        if word.endswith("-latency") and group.value(word) is not None:
+            yield "latency", f"{plain(word)} {group.value(word)}"
 
 
 def own_forum(group):
-    if group.has("Max_TMDS_Character_Rate") and group.value("Max_TMDS_Character_Rate"):
-        yield "forum-rate", number(group.value("Max_TMDS_Character_Rate"))
-    if group.has("VRR_MIN") and group.value("VRR_MIN"):
-        yield "forum-vrr", f"min {group.value('VRR_MIN')}"
-    if group.has("VRR_MAX") and group.value("VRR_MAX"):
-        yield "forum-vrr", f"max {group.value('VRR_MAX')}"
-    for name in ("Max_FRL_Rate", "DSC_Max_FRL_Rate"):
-        if group.has(name) and (found := re.match(r"(\d+) Gbps on (\d)", group.said(name))):
-            yield "forum-link", f"{'DSC ' if 'DSC' in name else ''}{found[1]} {found[2]}"
-    slices = group.said("DSC_MaxSlices") if group.has("DSC_MaxSlices") else ""
+    if group.has("max-tmds-character-rate") and group.value("max-tmds-character-rate"):
+        yield "forum-rate", number(group.value("max-tmds-character-rate"))
+    if group.has("vrr-min") and group.value("vrr-min"):
+        yield "forum-vrr", f"min {group.value('vrr-min')}"
+    if group.has("vrr-max") and group.value("vrr-max"):
+        yield "forum-vrr", f"max {group.value('vrr-max')}"
+    for word in ("max-frl-rate", "dsc-max-frl-rate"):
+        if group.has(word) and (found := re.match(r"(\d+) Gbps on (\d)", group.said(word))):
+            yield "forum-link", f"{'DSC ' if 'dsc' in word else ''}{found[1]} {found[2]}"
+    slices = group.said("dsc-max-slices") if group.has("dsc-max-slices") else ""
     if found := re.match(r"(\d+) slices? of up to (\d+)", slices):
         yield "forum-slices", f"{found[1]} {found[2]}"
     for name in group.on():
@@ -228,17 +231,16 @@ FORUM_FLAGS = {  # the peer's words and the standard's
 
 
 def own_video_capability(group):
-    for name, kind in (("Scan of the preferred video format", "PT"), ("Scan of IT video formats", "IT"),
-                       ("Scan of CE video formats", "CE")):
-        yield "scan", f"{kind} {plain(group.said(name))}"
-    for name in ("YCC", "RGB"):
-        yield "quantization", f"{name} {group.said(f'Selectable {name} quantization range')}"
+    for word, kind in (("preferred-scan", "PT"), ("it-scan", "IT"), ("ce-scan", "CE")):
+        yield "scan", f"{kind} {plain(group.said(word))}"
+    for word, name in (("qy", "YCC"), ("qs", "RGB")):
+        yield "quantization", f"{name} {group.said(word)}"
 
 
 def own_luminances(group):
     yield from own_names("eotf", EOTFS)(group)
     for name in ("max", "max frame-average", "min"):
-        leaf = group.leaves.get(f"Desired content {name} luminance")
+        leaf = group.leaves.get(f"{name.replace(' ', '-')}-luminance")
         if leaf is not None and ("value" in leaf or name == "min"):  # the peer prints "not indicated" as 0
             yield "luminance", f"{name} {leaf.get('value', 0):.3f}"
 
@@ -247,31 +249,33 @@ EOTFS = ("Hybrid Log-Gamma (ITU-R BT.2100)", "SMPTE ST 2084", "Traditional gamma
          "Traditional gamma, SDR luminance range")
 
 
+ENDS = ("min", "Minimum"), ("max", "Maximum")  # in ids and in facts
+
+
 def own_rates(group):
-    for end in ("Minimum", "Maximum"):
-        if group.has(f"{end} refresh rate"):
-            yield "refresh-rate", f"{end} {group.value(f'{end} refresh rate')}"
-    for name in ("Maximum luminance", "Minimum luminance", "Second maximum luminance", "Second minimum luminance"):
-        if group.has(name):
-            yield "amd-luminance", f"{name.split(' ')[-2].lower()} {group.value(name):.3f}"
+    for word, end in ENDS:
+        if group.has(f"{word}-refresh-rate"):
+            yield "refresh-rate", f"{end} {group.value(f'{word}-refresh-rate')}"
+    for word, end in (("max", "maximum"), ("min", "minimum"), ("second-max", "maximum"), ("second-min", "minimum")):
+        if group.has(word + "-luminance"):
+            yield "amd-luminance", f"{end} {group.value(word + '-luminance'):.3f}"
 
 
 def own_hdr10plus(group):
-    yield "hdr10plus", str(group.value("Application version"))
+    yield "hdr10plus", str(group.value("application-version"))
 
 
 def own_dolby(group):
-    yield "dolby-version", str(group.value("VSVDB version"))
-    if group.has("Display management version"):
-        yield "dolby-management", str(group.value("Display management version"))
-    for name in ("minimum", "maximum"):
-        text = group.said(f"Target {name} luminance")
-        if found := re.search(r"PQ (\d+)", text):
-            yield "dolby-code", f"{name[:3]} {found[1]}"
-        yield "dolby-luminance", f"{name[:3]} {group.value(f'Target {name} luminance'):.3f}"
+    yield "dolby-version", str(group.value("version"))
+    if group.has("dm-version"):
+        yield "dolby-management", str(group.value("dm-version"))
+    for end in ("min", "max"):
+        if found := re.search(r"PQ (\d+)", group.said(f"target-{end}-luminance")):
+            yield "dolby-code", f"{end} {found[1]}"
+        yield "dolby-luminance", f"{end} {group.value(f'target-{end}-luminance'):.3f}"
     for color in "RGB":
-        name = {"R": "Red", "G": "Green", "B": "Blue"}[color]
-        yield "dolby-primary", f"{color} {group.value(name + ' x'):.5f} {group.value(name + ' y'):.5f}"
+        word = {"R": "red", "G": "green", "B": "blue"}[color]
+        yield "dolby-primary", f"{color} {group.value(word + '-x'):.5f} {group.value(word + '-y'):.5f}"
 
 
 def own_map_420(group):
@@ -281,11 +285,11 @@ def own_map_420(group):
 
 
 def own_section(group):
-    yield "displayid-version", f"{group.value('Structure version')}.{group.value('Structure revision')}"
-    yield "extension-count", str(group.value("Extension count"))
-    for name in ("Display product type identifier", "Display product primary use case"):
-        if group.has(name):
-            text = plain(group.said(name))
+    yield "displayid-version", f"{group.value('version')}.{group.value('revision')}"
+    yield "extension-count", str(group.value("extension-count"))
+    for word in ("product-type", "use-case"):
+        if group.has(word):
+            text = plain(group.said(word))
             yield "product-type", "unknown" if text.startswith("unknown") else PRODUCT_TYPES.get(text, text)
 
 
@@ -299,55 +303,56 @@ PRODUCT_TYPES = {  # by the map's words
 
 
 def own_parameters(group):
-    sizes = [f"{group.value(f'{name} image size') or 0:.1f}" for name in ("Horizontal", "Vertical")]
+    sizes = [f"{group.value(word) or 0:.1f}" for word in ("image-width", "image-height")]
     yield "parameters", " x ".join(sizes)
-    counts = [str(group.value(f"{name} pixel count") or 0) for name in ("Horizontal", "Vertical")]
+    counts = [str(group.value(word) or 0) for word in ("horizontal-pixels", "vertical-pixels")]
     yield "parameters", "x".join(counts)
-    for name in ("Transfer characteristic gamma", "Gamma EOTF, native"):
-        if group.has(name):
-            yield "gamma", group.said(name)
-    yield "native-depth", str(group.said("Color bit depth, native").split(" ")[0])
-    if group.has("Color bit depth, overall"):
-        yield "overall-depth", str(group.value("Color bit depth, overall"))
-    for name in group.leaves:
-        if "luminance" in name and "cd/m2" in group.said(name):
-            yield "luminance", f"{plain(name)} {group.value(name):.6f}"
-    for name in ("Primary color 1", "Primary color 2", "Primary color 3", "White point"):
-        if group.has(name + " x"):
-            yield "chromaticity", f"{plain(name)} {group.value(name + ' x'):.4f} {group.value(name + ' y'):.4f}"
-    for name in ("Scan orientation", "Display device technology"):
-        if group.has(name):
-            yield "device", plain(group.said(name))
+    for word in ("gamma", "gamma-eotf"):
+        if group.has(word):
+            yield "gamma", group.said(word)
+    yield "native-depth", str(group.said("native-bit-depth").split(" ")[0])
+    if group.has("overall-bit-depth"):
+        yield "overall-depth", str(group.value("overall-bit-depth"))
+    for word, leaf in group.leaves.items():
+        if "luminance" in word and "cd/m2" in group.said(word):
+            yield "luminance", f"{plain(leaf['name'])} {group.value(word):.6f}"
+    for word in ("primary-1", "primary-2", "primary-3", "white-point"):
+        if group.has(word + "-x"):
+            name = plain(word.replace("primary", "primarycolor"))
+            yield "chromaticity", f"{name} {group.value(word + '-x'):.4f} {group.value(word + '-y'):.4f}"
+    for word in ("scan-orientation", "technology"):
+        if group.has(word):
+            yield "device", plain(group.said(word))
 
 
 def own_product(group):
-    yield "vendor-id", group.said("Manufacturer/vendor ID").split()[0]  # without the company
-    yield "model", str(group.value("Product ID code"))
-    if group.value("Serial number"):
-        yield "serial", str(group.value("Serial number"))
-    week = group.value("Week of manufacture")
-    yield "date", (f"week {week} of " if week else "") + str(group.value("Year of manufacture or model year"))
+    yield "vendor-id", group.said("vendor").split()[0]  # without the company
+    yield "model", str(group.value("product-code"))
+    if group.value("serial-number"):
+        yield "serial", str(group.value("serial-number"))
+    week = group.value("week")
+    yield "date", (f"week {week} of " if week else "") + str(group.value("year"))
 
 
 def own_vendor(group):
-    yield "vendor-id", group.said("Manufacturer/vendor ID").split()[0]  # without the company
+    yield "vendor-id", group.said("id").split()[0]  # without the company
 
 
 def own_tile(group):
-    yield "tile", (f"{group.value('Number of horizontal tiles')} x {group.value('Number of vertical tiles')}"
-                   f" at {group.value('Horizontal tile location')}, {group.value('Vertical tile location')}"
-                   f" size {group.value('Horizontal tile size')}x{group.value('Vertical tile size')}")
-    yield "tile-identity", (f"{group.said('Tiled display manufacturer/vendor ID').split()[0]}"
-                            f" {group.value('Tiled display product ID code')}"
-                            f" {group.value('Tiled display serial number')}")
+    yield "tile", (f"{group.value('horizontal-tiles')} x {group.value('vertical-tiles')}"
+                   f" at {group.value('column')}, {group.value('row')}"
+                   f" size {group.value('tile-width')}x{group.value('tile-height')}")
+    yield "tile-identity", (f"{group.said('vendor').split()[0]}"
+                            f" {group.value('product-code')}"
+                            f" {group.value('serial-number')}")
 
 
 def own_interface(group):
-    if group.has("Interface type"):
-        yield "interface", plain(group.said("Interface type"))
-        yield "links", str(group.value("Number of links"))
-        yield "interface-version", (f"{group.value('Interface standard version')}"
-                                    f".{group.value('Interface standard revision')}")
+    if group.has("type"):
+        yield "interface", plain(group.said("type"))
+        yield "links", str(group.value("links"))
+        yield "interface-version", (f"{group.value('version')}"
+                                    f".{group.value('revision')}")
     depths = collections.defaultdict(list)
     for name in group.on():
         if found := re.match(r"(\S+ 4:\d:\d), (\d+) bits per color", name):
@@ -363,20 +368,22 @@ def own_coordinates(kind):
 
 
 def own_dynamic_range(group):
+    if not group.has("seamless"):  # the limits of DisplayID 1.x
+        return
     for name in ("pixel clock", "vertical refresh rate"):
-        for end in ("Minimum", "Maximum"):
-            yield "dynamic-range", f"{end} {name} {group.value(f'{end} {name}')}"
+        for word, end in ENDS:
+            yield "dynamic-range", f"{end} {name} {group.value(word + '-' + name.replace(' ', '-'))}"
 
 
 def own_adaptive(group):
-    yield "adaptive-sync", (f"{group.value('Minimum refresh rate')} {group.value('Maximum refresh rate')}"
-                            f" {group.value('Maximum single frame duration increase'):.2f}"
-                            f" {group.value('Maximum single frame duration decrease'):.2f}")
+    yield "adaptive-sync", (f"{group.value('min-refresh-rate')} {group.value('max-refresh-rate')}"
+                            f" {group.value('max-duration-increase'):.2f}"
+                            f" {group.value('max-duration-decrease'):.2f}")
 
 
 def own_clocks(group):
-    for end in ("Minimum", "Maximum"):
-        yield "link-clock", f"{end} {group.value(f'{end} pixel clock per link')}"
+    for word, end in ENDS:
+        yield "link-clock", f"{end} {group.value(f'{word}-pixel-clock')}"
 
 
 def own_supported(group):
@@ -386,70 +393,69 @@ def own_supported(group):
 
 
 GROUPS = {
-    "Vendor and product identification": own_date,
-    "Display x, y chromaticity coordinates": own_chromaticities,
-    "Basic display parameters and features": own_input,
-    "Established timings": own_modes,
-    "Established timings III": own_modes,
-    "Standard timing": own_mode("mode"),
-    "CVT 3 byte timing code": own_codes,
-    "Detailed timing": own_descriptor,
-    "Type I timing": own_displayid_timing,
-    "Type II timing": own_displayid_timing,
-    "Type VII timing": own_displayid_timing,
-    "Type X timing": own_mode("formula-timing"),
-    "Display range limits": own_range,
-    "Display product name": own_text("name"),
-    "Display product serial number": own_text("serial-text"),
-    "Alphanumeric data string": own_text("string"),
-    "Short video descriptor": own_mode("vic"),
-    "Short audio descriptor": own_audio,
-    "Speaker allocation data block": own_speakers,
-    "HDMI vendor-specific data block": own_hdmi,
-    "HDMI Forum vendor-specific data block": own_forum,
-    "Colorimetry data block": own_names("colorimetry"),
-    "HDR static metadata data block": own_luminances,
-    "Video capability data block": own_video_capability,
-    "AMD vendor-specific data block": own_rates,
-    "HDR10+ vendor-specific video data block": own_hdr10plus,
-    "Dolby Vision vendor-specific video data block": own_dolby,
-    "YCbCr 4:2:0 capability map data block": own_map_420,
-    "DisplayID section": own_section,
-    "Display parameters data block": own_parameters,
-    "Product identification data block": own_product,
-    "Vendor-specific data block": own_vendor,
-    "Tiled display topology data block": own_tile,
-    "Display interface data block": own_interface,
-    "Display interface features data block": own_interface,
-    "Primary": own_coordinates("primary"),
-    "White point": own_coordinates("white"),
-    "Dynamic video timing range limits data block": own_dynamic_range,
-    "Adaptive sync descriptor": own_adaptive,
-    "VESA timing standard data block": own_supported,
-    "Display information extension block": own_clocks,
+    "base.identity": own_date,
+    "base.chromaticity": own_chromaticities,
+    "base.display": own_input,
+    "base.established": own_modes,
+    "base.established-3": own_modes,
+    "base.standard": own_mode("mode"),
+    "base.cvt-code": own_codes,
+    "base.detailed": own_descriptor,
+    "displayid.type1.timing": own_displayid_timing,
+    "displayid.type2.timing": own_displayid_timing,
+    "displayid.type7.timing": own_displayid_timing,
+    "displayid.type10.timing": own_mode("formula-timing"),
+    "base.range": own_range,
+    "base.name": own_text("name"),
+    "base.serial": own_text("serial-text"),
+    "base.string": own_text("string"),
+    "cta.video.descriptor": own_mode("vic"),
+    "cta.audio.descriptor": own_audio,
+    "cta.speakers": own_speakers,
+    "cta.hdmi": own_hdmi,
+    "cta.hdmi-forum": own_forum,
+    "cta.colorimetry": own_names("colorimetry"),
+    "cta.hdr-static": own_luminances,
+    "cta.video-capability": own_video_capability,
+    "cta.amd": own_rates,
+    "cta.hdr10-plus": own_hdr10plus,
+    "cta.dolby-vision": own_dolby,
+    "cta.420-map": own_map_420,
+    "displayid.section": own_section,
+    "displayid.parameters": own_parameters,
+    "displayid.product": own_product,
+    "displayid.vendor": own_vendor,
+    "displayid.tiled": own_tile,
+    "displayid.interface": own_interface,
+    "displayid.color.primary": own_coordinates("primary"),
+    "displayid.color.white-point": own_coordinates("white"),
+    "displayid.range": own_dynamic_range,
+    "displayid.adaptive-sync.descriptor": own_adaptive,
+    "displayid.dmt-modes": own_supported,
+    "di": own_clocks,
 }
 
-# Single fields: the name of the field, and what is made of it.
+# Single fields: the id of the field, and what is made of it.
 LEAVES = {
-    "ID manufacturer name": ("maker", lambda leaf: leaf["value"]),
-    "ID product code": ("model", lambda leaf: str(leaf["value"])),
-    "ID serial number": ("serial", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
-    "Video signal interface": ("input", lambda leaf: leaf["meaning"]),
-    "Color bit depth": ("depth", lambda leaf: leaf["text"][:-5] if leaf["text"].endswith(" bits") else None),
-    "Display transfer characteristic (gamma)":
+    "base.identity.manufacturer": ("maker", lambda leaf: leaf["value"]),
+    "base.identity.product-code": ("model", lambda leaf: str(leaf["value"])),
+    "base.identity.serial-number": ("serial", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
+    "base.display.signal-interface": ("input", lambda leaf: leaf["meaning"]),
+    "base.display.color-bit-depth": ("depth", lambda leaf: leaf["text"][:-5] if leaf["text"].endswith(" bits") else None),
+    "base.display.gamma":
         ("gamma", lambda leaf: leaf["text"] if leaf["text"][0].isdigit() else None),
-    "Extension block count": ("extensions", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
-    "Revision number": ("cta-revision", lambda leaf: str(leaf["value"]) if leaf["offset"] >= BLOCK_SIZE else None),
-    "Total number of native formats in the detailed timing descriptors":
-        ("cta-native", lambda leaf: str(leaf["value"])),
-    "Underscan": ("cta-flag", lambda leaf: "underscan" if leaf["value"] else None),
-    "Basic audio": ("cta-flag", lambda leaf: "audio" if leaf["value"] else None),
-    "YCbCr 4:4:4": ("cta-flag", lambda leaf: "444" if leaf["value"] else None),
-    "YCbCr 4:2:2": ("cta-flag", lambda leaf: "422" if leaf["value"] else None),
-    "HDMI_VIC": ("hdmi-vic", lambda leaf: mode(leaf["meaning"])),
-    "Container ID": ("container", lambda leaf: leaf.get("text")),
-    "Checksum": ("checksum", lambda leaf: leaf["text"][:4]),
-    "Section checksum": ("checksum", lambda leaf: leaf["text"][:4]),
+    "base.extension-count": ("extensions", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
+    "cta.revision": ("cta-revision", lambda leaf: str(leaf["value"])),
+    "cta.native-count": ("cta-native", lambda leaf: str(leaf["value"])),
+    "cta.underscan": ("cta-flag", lambda leaf: "underscan" if leaf["value"] else None),
+    "cta.basic-audio": ("cta-flag", lambda leaf: "audio" if leaf["value"] else None),
+    "cta.ycbcr-444": ("cta-flag", lambda leaf: "444" if leaf["value"] else None),
+    "cta.ycbcr-422": ("cta-flag", lambda leaf: "422" if leaf["value"] else None),
+    "cta.hdmi.vic": ("hdmi-vic", lambda leaf: mode(leaf["meaning"])),
+    "cta.microsoft.container-id": ("container", lambda leaf: leaf.get("text")),
+    "displayid.container.id": ("container", lambda leaf: leaf.get("text")),
+    "checksum": ("checksum", lambda leaf: leaf["text"][:4]),
+    "displayid.section.checksum": ("checksum", lambda leaf: leaf["text"][:4]),
 }
 
 
@@ -461,13 +467,13 @@ def walk(fields, facts):
     for field in fields:
         block = field["offset"] // BLOCK_SIZE
         if field["kind"] != "group":
-            kind, take = LEAVES.get(field["name"], (None, None))
+            kind, take = LEAVES.get(field["id"], (None, None))
             value = take(field) if kind else None
             if value is not None:
                 facts.append(Fact(kind, value, block))
             continue
         try:
-            facts.extend(Fact(kind, value, block) for kind, value in GROUPS.get(field["name"], no_facts)(Group(field))
+            facts.extend(Fact(kind, value, block) for kind, value in GROUPS.get(field["id"], no_facts)(Group(field))
                          if value or kind in TEXTS)
         except KeyError:  # a group that is cut lacks fields, and so do facts behind them
             pass

@@ -23,8 +23,8 @@ struct SMemoryCase
 // bytes.
 const SMemoryCase gsc_aoMemoryCases[] = {
     { gsc_aui8Philips288P6, 1, 1, 28 },
-    { gsc_aui8Philips288P6, 2, 7, 584 },
-    { gsc_aui8LgUltraHd, 2, 7, 508 },
+    { gsc_aui8Philips288P6, 2, 7, 592 },
+    { gsc_aui8LgUltraHd, 2, 7, 516 },
 };
 
 TEST(MemoryUse, LoadingAndWalking)

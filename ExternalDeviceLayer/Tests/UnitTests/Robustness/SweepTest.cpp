@@ -209,7 +209,10 @@ void RunStrips(const CBytes& aui8Image)
         const std::vector<CLists> aoStripped = GetLists(oStripped);
         ASSERT_EQ(GetLists(oAgain), aoStripped);
         const unsigned long long ullDigest = uiFlags == 0 ? ReadEverything(oStripped) : 0;
-        ASSERT_TRUE(uiFlags != 0 || (ReadEverything(oStripped) == ullDigest && ReadEverything(oAgain) == ullDigest));
+        ASSERT_TRUE(uiFlags != 0 || ReadEverything(oStripped) == ullDigest);
+        // Origins count the blocks of the image that was loaded: other numbers where a block was left out.
+        const bool bSameBlocks = Serialise(oStripped).size() == aui8Image.size();
+        ASSERT_TRUE(uiFlags != 0 || !bSameBlocks || ReadEverything(oAgain) == ullDigest);
         for (unsigned int i = 1; i < aoExpected.size(); ++i)
         {
             aoExpected[i][eList_Audio].resize((uiFlags & 0x01) != 0 ? 0 : aoExpected[i][eList_Audio].size());

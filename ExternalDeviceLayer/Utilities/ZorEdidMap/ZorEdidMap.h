@@ -1,6 +1,6 @@
-// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is off about
-// them. A reader beside the EDID classes: it takes images in any state, also those that CEdid refuses, and blocks that
-// no class models.
+/// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is off about
+/// them. A reader beside the EDID classes: it takes images in any state, also those that CEdid refuses, and blocks that
+/// no class models.
 
 #pragma once
 
@@ -25,44 +25,44 @@ class CZorEdidMap
 public:
     enum EKind : unsigned char
     {
-        eKind_Group,    // holds the fields that follow it with a greater depth; the only kind that is not a leaf
-        eKind_Number,   // m_llNumber / 10 ^ m_uiDecimals, in m_pszUnit; where m_bNumber is 0 only m_pszMeaning
-        eKind_Flag,     // one bit; m_llNumber is 0 or 1, m_pszMeaning says what that means
-        eKind_Name,     // one of a list; m_pszMeaning is null for a value that the list lacks
-        eKind_Text,     // characters: GetValue gives them
-        eKind_Bytes,    // bytes without a finer meaning: GetValue gives hexadecimal digits
-        eKind_Reserved, // reserved by the standard, or filler: unused bytes between or after the used ones
-        eKind_Checksum, // m_llNumber is the byte
-        eKind_Unknown   // bytes that this reader knows no meaning of
+        eKind_Group,    ///< holds the fields that follow it with a greater depth; the only kind that is not a leaf
+        eKind_Number,   ///< m_llNumber / 10 ^ m_uiDecimals, in m_pszUnit; where m_bNumber is 0 only m_pszMeaning
+        eKind_Flag,     ///< one bit; m_llNumber is 0 or 1, m_pszMeaning says what that means
+        eKind_Name,     ///< one of a list; m_pszMeaning is null for a value that the list lacks
+        eKind_Text,     ///< characters: GetValue gives them
+        eKind_Bytes,    ///< bytes without a finer meaning: GetValue gives hexadecimal digits
+        eKind_Reserved, ///< reserved by the standard, or filler: unused bytes between or after the used ones
+        eKind_Checksum, ///< m_llNumber is the byte
+        eKind_Unknown   ///< bytes that this reader knows no meaning of
     };
 
     /// What a field is about: a reader colours by it.
     enum EArea : unsigned char
     {
-        eArea_Structure, // tags, lengths, counts, versions, checksums
-        eArea_Identity,  // maker, product, serial number, date, names
-        eArea_Display,   // size, interface, features, power, tiles
-        eArea_Colour,    // gamma, chromaticities, colorimetry, HDR
-        eArea_Timing,    // timings and what limits them
-        eArea_Audio,     // audio formats, speakers, rooms
-        eArea_Vendor,    // what a maker defines
-        eArea_Unused     // reserved, filler, unknown
+        eArea_Structure, ///< tags, lengths, counts, versions, checksums
+        eArea_Identity,  ///< maker, product, serial number, date, names
+        eArea_Display,   ///< size, interface, features, power, tiles
+        eArea_Colour,    ///< gamma, chromaticities, colorimetry, HDR
+        eArea_Timing,    ///< timings and what limits them
+        eArea_Audio,     ///< audio formats, speakers, rooms
+        eArea_Vendor,    ///< what a maker defines
+        eArea_Unused     ///< reserved, filler, unknown
     };
 
     /// The library's three numberings of timings.
     enum EList : unsigned char
     {
         eList_None,
-        eList_Established, // CEdid::GetEstablished with bVesaOnly 0
-        eList_Standard,    // CEdid::GetStandard
-        eList_Detailed     // CEdid::GetDetailed
+        eList_Established, ///< CEdid::GetEstablished with bVesaOnly 0
+        eList_Standard,    ///< CEdid::GetStandard
+        eList_Detailed     ///< CEdid::GetDetailed
     };
 
     enum ESeverity : unsigned char
     {
-        eSeverity_Note,    // allowed, but worth a word
-        eSeverity_Warning, // odd: a reserved bit that is set, a value out of range, a contradiction
-        eSeverity_Error    // against the standard, and something is lost: a wrong sum, bytes that run past their end
+        eSeverity_Note,    ///< allowed, but worth a word
+        eSeverity_Warning, ///< odd: a reserved bit that is set, a value out of range, a contradiction
+        eSeverity_Error    ///< against the standard, and something is lost: a wrong sum, bytes that run past their end
     };
 
     static constexpr unsigned int msc_uiNone = 0xFFFFFFFF;
@@ -71,54 +71,54 @@ public:
     struct SIdDescription
     {
         const char* m_pszName;
-        const char* m_pszUnit; // null without one
+        const char* m_pszUnit; ///< null without one
         EKind m_eKind;
     };
 
     /// Bits of a field: ui8Mask of each of m_uiLength bytes. The mask of more than one byte is 0xFF.
     struct SPiece
     {
-        unsigned int m_uiOffset; // in the image
-        unsigned int m_uiLength; // bytes
+        unsigned int m_uiOffset; ///< in the image
+        unsigned int m_uiLength; ///< bytes
         unsigned char m_ui8Mask;
     };
 
     struct SField
     {
         const char* m_pszName;
-        const char* m_pszUnit;    // null without one
-        const char* m_pszMeaning; // null without one
-        long long m_llNumber;     // numbers, flags, names (the raw code) and checksums
+        const char* m_pszUnit;    ///< null without one
+        const char* m_pszMeaning; ///< null without one
+        long long m_llNumber;     ///< numbers, flags, names (the raw code) and checksums
         unsigned int m_uiDecimals;
-        // Which of several of the same name in a group, from 0; msc_uiNone for the only one, for a block, for reserved
-        // and unknown bytes, and for a row of a table, whose name is its own. Of a tag in a block map the number of the
-        // block that it is of.
+        /// Which of several of the same name in a group, from 0; msc_uiNone for the only one, for a block, for reserved
+        /// and unknown bytes, and for a row of a table, whose name is its own. Of a tag in a block map the number of
+        /// the block that it is of.
         unsigned int m_uiIndex;
-        unsigned int m_uiOffset;     // of its first byte in the image
-        unsigned int m_uiLength;     // bytes from the first one to the last one, whole or not
-        unsigned int m_uiDepth;      // 0 for a block
-        unsigned int m_uiGroup;      // the group that it lies in; msc_uiNone for a block
-        unsigned int m_uiEnd;        // of a group the index after its last field; of a leaf its own index + 1
-        unsigned int m_uiFirstPiece; // of GetPiece; a leaf has m_uiPieces of them, most significant first
-        unsigned int m_uiPieces;     // 0 for a group
-        unsigned int m_uiFirstNote;  // of GetNote; the field has m_uiNotes of them
+        unsigned int m_uiOffset;     ///< of its first byte in the image
+        unsigned int m_uiLength;     ///< bytes from the first one to the last one, whole or not
+        unsigned int m_uiDepth;      ///< 0 for a block
+        unsigned int m_uiGroup;      ///< the group that it lies in; msc_uiNone for a block
+        unsigned int m_uiEnd;        ///< of a group the index after its last field; of a leaf its own index + 1
+        unsigned int m_uiFirstPiece; ///< of GetPiece; a leaf has m_uiPieces of them, most significant first
+        unsigned int m_uiPieces;     ///< 0 for a group
+        unsigned int m_uiFirstNote;  ///< of GetNote; the field has m_uiNotes of them
         unsigned int m_uiNotes;
-        // Number in m_eList; msc_uiNone unless it is a timing that the library lists. A video code of CTA-861 with a
-        // partner at 1000/1001 has two that follow each other; this is the first one.
+        /// Number in m_eList; msc_uiNone unless it is a timing that the library lists. A video code of CTA-861 with a
+        /// partner at 1000/1001 has two that follow each other; this is the first one.
         unsigned int m_uiTiming;
-        unsigned int m_uiTimings; // how many numbers: 0, 1 or 2
+        unsigned int m_uiTimings; ///< how many numbers: 0, 1 or 2
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;
-        bool m_bNumber;      // of a number: 0 where a meaning such as "not given" takes its place
-        EZorEdidField m_eId; // what it is: by this a program finds a field, not by its name
+        bool m_bNumber;      ///< of a number: 0 where a meaning such as "not given" takes its place
+        EZorEdidField m_eId; ///< what it is: by this a program finds a field, not by its name
     };
 
     struct SNote
     {
         unsigned int m_uiField;
         ESeverity m_eSeverity;
-        const char* m_pszText; // a static text
+        const char* m_pszText; ///< a static text
     };
 
     /// Where a mode comes from; the meaning of its code. DisplayID's types I to X have their numbers.
@@ -127,28 +127,28 @@ public:
         eModeKind_Type1 = 1,
         eModeKind_Type2,
         eModeKind_Type3,
-        eModeKind_Type5 = 5, // Types IV and VIII are codes: eModeKind_Dmt, eModeKind_Vic, eModeKind_HdmiVic
+        eModeKind_Type5 = 5, ///< Types IV and VIII are codes: eModeKind_Dmt, eModeKind_Vic, eModeKind_HdmiVic
         eModeKind_Type6,
         eModeKind_Type7,
         eModeKind_Type9 = 9,
         eModeKind_Type10,
-        eModeKind_Established,    // I and II: the bit, from 0 for bit 7 of byte 23h to 16 for bit 7 of byte 25h
-        eModeKind_EstablishedIII, // the bit, from 0 for bit 7 of byte 6 of the descriptor to 43
-        eModeKind_Standard,       // its two bytes, the first one above: 0x8180
-        eModeKind_CvtCode,        // its three bytes, the first one above
-        eModeKind_Detailed,       // 18 bytes, no code
-        eModeKind_Dmt,            // the identifier of VESA DMT
-        eModeKind_Vic,            // the video identification code of CTA-861
-        eModeKind_HdmiVic,        // HDMI's own code, 1 to 4
-        eModeKind_VideoFormat     // of CTA-861.6: the resolution identifier
+        eModeKind_Established,    ///< I and II: the bit, from 0 for bit 7 of byte 23h to 16 for bit 7 of byte 25h
+        eModeKind_EstablishedIII, ///< the bit, from 0 for bit 7 of byte 6 of the descriptor to 43
+        eModeKind_Standard,       ///< its two bytes, the first one above: 0x8180
+        eModeKind_CvtCode,        ///< its three bytes, the first one above
+        eModeKind_Detailed,       ///< 18 bytes, no code
+        eModeKind_Dmt,            ///< the identifier of VESA DMT
+        eModeKind_Vic,            ///< the video identification code of CTA-861
+        eModeKind_HdmiVic,        ///< HDMI's own code, 1 to 4
+        eModeKind_VideoFormat     ///< of CTA-861.6: the resolution identifier
     };
 
     /// How the blanking of a mode without a timing is to be computed.
     enum EBlanking : unsigned char
     {
         eBlanking_NotGiven,
-        eBlanking_Standard, // CVT
-        eBlanking_Reduced1, // CVT reduced blanking, version 1
+        eBlanking_Standard, ///< CVT
+        eBlanking_Reduced1, ///< CVT reduced blanking, version 1
         eBlanking_Reduced2,
         eBlanking_Reduced3,
         eBlanking_Custom
@@ -156,7 +156,7 @@ public:
 
     enum EY420 : unsigned char
     {
-        eY420_No, // nothing says so of this field
+        eY420_No, ///< nothing says so of this field
         eY420_Also,
         eY420_Only
     };
@@ -164,15 +164,15 @@ public:
     enum EStereo : unsigned char
     {
         eStereo_No,
-        eStereo_FieldRight = 2, // field sequential, right image when stereo sync = 1; 2 to 7 as E-EDID counts them
-        eStereo_TwoWayRight,    // 2-way interleaved, right image on even lines
+        eStereo_FieldRight = 2, ///< field sequential, right image when stereo sync = 1; 2 to 7 as E-EDID counts them
+        eStereo_TwoWayRight,    ///< 2-way interleaved, right image on even lines
         eStereo_FieldLeft,
         eStereo_TwoWayLeft,
         eStereo_FourWay,
         eStereo_SideBySide,
-        eStereo_Always, // by other means: of DisplayID
-        eStereo_ByUser, // mono or stereo by user action: of DisplayID
-        eStereo_Hdmi    // a format of HDMI's 3D fields
+        eStereo_Always, ///< by other means: of DisplayID
+        eStereo_ByUser, ///< mono or stereo by user action: of DisplayID
+        eStereo_Hdmi    ///< a format of HDMI's 3D fields
     };
 
     /// Hz: frames a second, of an interlaced mode fields. A divisor of 0 says that no rate is given.
@@ -186,12 +186,12 @@ public:
     /// are those of the frame, the front porch and the sync pulse those of its first field.
     struct SAxis
     {
-        unsigned int m_uiActive; // what is sent: of repeated pixels each one
+        unsigned int m_uiActive; ///< what is sent: of repeated pixels each one
         unsigned int m_uiFront;
         unsigned int m_uiSync;
         unsigned int m_uiTotal;
-        unsigned int m_uiBorder; // on either side, within the blanking
-        bool m_bPositive;        // polarity; false as well where no polarity is given
+        unsigned int m_uiBorder; ///< on either side, within the blanking
+        bool m_bPositive;        ///< polarity; false as well where no polarity is given
     };
 
     /// A mode that a field announces or refers to.
@@ -199,23 +199,23 @@ public:
     {
         EModeKind m_eKind;
         unsigned int m_uiCode;
-        unsigned int m_uiWidth;  // of the picture in pixels
-        unsigned int m_uiHeight; // lines of the frame; 0 where the field leaves it open
+        unsigned int m_uiWidth;  ///< of the picture in pixels
+        unsigned int m_uiHeight; ///< lines of the frame; 0 where the field leaves it open
         bool m_bInterlaced;
-        SRate m_oRate;                // exact, of the timing where it is known
-        SRate m_oNominalRate;         // as the standard names it: 60 Hz of 640 x 480 at 59.94; else the same
-        bool m_bFractionToo;          // m_oRate * 1000/1001 is announced as well
-        unsigned int m_uiAspectWidth; // of the picture; 0 where it is not given
+        SRate m_oRate;                ///< exact, of the timing where it is known
+        SRate m_oNominalRate;         ///< as the standard names it: 60 Hz of 640 x 480 at 59.94; else the same
+        bool m_bFractionToo;          ///< m_oRate * 1000/1001 is announced as well
+        unsigned int m_uiAspectWidth; ///< of the picture; 0 where it is not given
         unsigned int m_uiAspectHeight;
-        unsigned int m_uiRepetition; // how often each pixel is sent: 1, 2, or the most of what is allowed
+        unsigned int m_uiRepetition; ///< how often each pixel is sent: 1, 2, or the most of what is allowed
         EBlanking m_eBlanking;
         EY420 m_eY420;
         EStereo m_eStereo;
         bool m_bNative;
         bool m_bPreferred;
-        bool m_bReference;             // ranks, or says more about, a mode that another field announces
-        bool m_bTiming;                // all numbers are known, and follow
-        unsigned long long m_ullClock; // Hz
+        bool m_bReference;             ///< ranks, or says more about, a mode that another field announces
+        bool m_bTiming;                ///< all numbers are known, and follow
+        unsigned long long m_ullClock; ///< Hz
         SAxis m_oHorizontal;
         SAxis m_oVertical;
     };
@@ -245,7 +245,7 @@ public:
     const SField& GetField(unsigned int uiIndex) const;
     const SPiece& GetPiece(unsigned int uiIndex) const;
     unsigned int GetNoteCount() const;
-    const SNote& GetNote(unsigned int uiIndex) const; // in rising order of their fields
+    const SNote& GetNote(unsigned int uiIndex) const; ///< in rising order of their fields
 
     /// The leaf that a bit (7 to 0) of a byte belongs to, as an index of GetField; msc_uiNone past the image.
     unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const;
@@ -275,7 +275,7 @@ public:
     static int DescribeId(EZorEdidField eId, SIdDescription& oDescription);
 
 private:
-    ZorMap::SMapContent* m_poContent; // owned, never null
+    ZorMap::SMapContent* m_poContent; ///< owned, never null
 };
 
 #pragma GCC visibility pop

@@ -1,11 +1,11 @@
-// What each field of a map is, whatever its name and place: the ids of CZorEdidMap. Programs that look for a field ask
-// for its id. Names and texts may improve; numbers and ids stay, and a retired one is never reused.
+/// What each field of a map is, whatever its name and place: the ids of CZorEdidMap. Programs that look for a field ask
+/// for its id. Names and texts may improve; numbers and ids stay, and a retired one is never reused.
 
 #pragma once
 
-// X(number, enumerator, id) of each id, structure by structure, with room after each. The fields of a structure have
-// its id, a dot and a name of their own; a detailed timing has the same ids wherever it occurs. A new id takes a free
-// number.
+/// X(number, enumerator, id) of each id, structure by structure, with room after each. The fields of a structure have
+/// its id, a dot and a name of their own; a detailed timing has the same ids wherever it occurs. A new id takes a free
+/// number.
 // clang-format off
 #define ZOR_EDID_FIELDS(X)                                                                                            \
     /* all structures */                                                                                              \

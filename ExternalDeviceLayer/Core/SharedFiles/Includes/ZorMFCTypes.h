@@ -1,4 +1,4 @@
-// Umbrella over the containers: allocator, array, string, string list, block pool, hash map. They know no EDID.
+/// Umbrella over the containers: allocator, array, string, string list, block pool, hash map. They know no EDID.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// Where the timings of an EDID's lists come from, in the bytes of the image.
+/// Where the timings of an EDID's lists come from, in the bytes of the image.
 
 #pragma once
 

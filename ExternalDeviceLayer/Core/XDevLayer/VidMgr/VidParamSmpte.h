@@ -1,5 +1,5 @@
-// The 2048 x 1080 production modes of SMPTE: look-up by size and rate.
-// Searches are linear over constant rows, allocate nothing, and may run on several threads at once.
+/// The 2048 x 1080 production modes of SMPTE: look-up by size and rate.
+/// Searches are linear over constant rows, allocate nothing, and may run on several threads at once.
 
 #pragma once
 
@@ -10,10 +10,10 @@ class CVidParamTiming;
 class CVidParamSmpte
 {
 public:
-    // Pixels, lines, kHz, whole Hz (truncated: 59.94 is 59).
+    /// Pixels, lines, kHz, whole Hz (truncated: 59.94 is 59).
     struct SSmpteVidParam
     {
-        unsigned int uiRowNumber; // 1 to 10, for the reader of the table only
+        unsigned int uiRowNumber; ///< 1 to 10, for the reader of the table only
         unsigned int uiHorizontalActive;
         unsigned int uiVerticalActive;
         unsigned int uiVerticalRateInHz;
@@ -24,18 +24,18 @@ public:
         unsigned int uiVerticalFrontPorch;
         unsigned int uiVerticalSync;
         unsigned int uiVerticalBackPorch;
-        unsigned int uiFlags; // bit 0 interlaced, bit 2 horizontal and bit 3 vertical polarity positive
+        unsigned int uiFlags; ///< bit 0 interlaced, bit 2 horizontal and bit 3 vertical polarity positive
     };
 
-    // Finds match number uiIndex, counted from 0 in table order, among the rows that pass all filters. Size and rate
-    // filter by equality, 0 passes every row: with all filters open a rising uiIndex enumerates the table.
-    //   poTiming  receives the row; null makes the call a test. Untouched on a result of 0.
-    // Returns 1 when there is such a row, else 0.
+    /// Finds match number uiIndex, counted from 0 in table order, among the rows that pass all filters. Size and rate
+    /// filter by equality, 0 passes every row: with all filters open a rising uiIndex enumerates the table.
+    ///   poTiming  receives the row; null makes the call a test. Untouched on a result of 0.
+    /// Returns 1 when there is such a row, else 0.
     static int GetVidParam(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiHorizontalActive,
                            unsigned int uiVerticalActive, unsigned int uiVerticalRateInHz);
 
-    // Fills the timing from a row, line rate derived, source eVidParamType_Smpte. 4:2:0 and 3D are left as ClearData of
-    // the timing leaves them.
+    /// Fills the timing from a row, line rate derived, source eVidParamType_Smpte. 4:2:0 and 3D are left as ClearData
+    /// of the timing leaves them.
     static void ConvertVidParam(const SSmpteVidParam& oRow, CVidParamTiming& oTiming);
 };
 

@@ -1,14 +1,14 @@
-// The client layer: flat functions that hold what depends on the platform. The class OsServices calls them, owns the
-// memory of the handles and is what programs normally use; there the operations are explained.
-//
-// The functions work in place on a record that the caller provides (OsServices_..._GetHandleSize bytes, aligned as
-// operator new[] aligns) and never allocate or free it. Results: 1 for success and 0 for failure unless stated
-// otherwise.
-//
-// A null handle, and a failing system call where the text below says so, stop the process through the platform's
-// assertion, in every build type: they are faults of the calling code.
-//
-// All but OsServices_WriteMsg lie in the target zor_os_services.
+/// The client layer: flat functions that hold what depends on the platform. The class OsServices calls them, owns the
+/// memory of the handles and is what programs normally use; there the operations are explained.
+///
+/// The functions work in place on a record that the caller provides (OsServices_..._GetHandleSize bytes, aligned as
+/// operator new[] aligns) and never allocate or free it. Results: 1 for success and 0 for failure unless stated
+/// otherwise.
+///
+/// A null handle, and a failing system call where the text below says so, stop the process through the platform's
+/// assertion, in every build type: they are faults of the calling code.
+///
+/// All but OsServices_WriteMsg lie in the target zor_os_services.
 
 #pragma once
 
@@ -16,29 +16,29 @@
 
 #pragma GCC visibility push(default)
 
-// Opaque records. Sizes on x86-64 Linux: thread 8, spin lock 4, mutex 40, event 96, signal 96, stack trace 4 bytes.
+/// Opaque records. Sizes on x86-64 Linux: thread 8, spin lock 4, mutex 40, event 96, signal 96, stack trace 4 bytes.
 struct SHCpuThread;
 struct SHSpinLock;
 struct SHMutex;
 struct SHEvent;
 struct SHSignal;
 struct SStackTrace;
-struct SNonPagedMem; // has no content on this platform
+struct SNonPagedMem; ///< has no content on this platform
 
-// Results of OsServices_Event_Wait and OsServices_Signal_Wait.
+/// Results of OsServices_Event_Wait and OsServices_Signal_Wait.
 enum EOsServicesWait : int
 {
-    eOsServicesWaitReleased = 0,    // the event was triggered, or the signal fired
-    eOsServicesWaitTimedOut = -3,   // the time ran out
-    eOsServicesWaitCancelled = -12, // the object is cancelled, or an unlimited wait failed
+    eOsServicesWaitReleased = 0,    ///< the event was triggered, or the signal fired
+    eOsServicesWaitTimedOut = -3,   ///< the time ran out
+    eOsServicesWaitCancelled = -12, ///< the object is cancelled, or an unlimited wait failed
 };
 
-// A timeout of this many milliseconds means no limit.
+/// A timeout of this many milliseconds means no limit.
 inline constexpr unsigned int gsc_uiOsServicesNoLimit = 0xFFFFFFFF;
 
 // ---- Messages ----
 
-// Writes to standard output, the one destination of all message levels. Returns what vfprintf returns.
+/// Writes to standard output, the one destination of all message levels. Returns what vfprintf returns.
 int OsServices_WriteMsg(const char* pszFormat, va_list oList) __attribute__((format(printf, 1, 0)));
 
 // ---- Start and stop. Each returns 1; a failure of the low-level layer stops the process. ----
@@ -48,9 +48,9 @@ int OsServices_Cleanup();
 
 // ---- Time ----
 
-unsigned long long OsServices_GetRawTimeInNs(); // nanoseconds of the wall clock since the epoch; 0 on failure
+unsigned long long OsServices_GetRawTimeInNs(); ///< nanoseconds of the wall clock since the epoch; 0 on failure
 unsigned long long OsServices_GetTimeInMs();
-int OsServices_WaitMicroSeconds(unsigned int uiDelay); // busy wait, whatever the length; always 1
+int OsServices_WaitMicroSeconds(unsigned int uiDelay); ///< busy wait, whatever the length; always 1
 int OsServices_SleepMilliSeconds(unsigned int uiDelay);
 unsigned long OsServices_GetCurrentThreadId();
 int OsServices_IsThreadIdEqual(unsigned long uiFirst, unsigned long uiSecond);
@@ -86,9 +86,9 @@ int OsServices_CpuThread_Destroy(SHCpuThread* hCpuThread);
 // ---- Spin locks. A failing destroy, lock or unlock stops the process. ----
 
 unsigned int OsServices_SpinLock_GetHandleSize();
-int OsServices_SpinLock_Create(SHSpinLock* hSpinLock, unsigned char ui8HostProperty); // the byte has no effect here
+int OsServices_SpinLock_Create(SHSpinLock* hSpinLock, unsigned char ui8HostProperty); ///< the byte has no effect here
 int OsServices_SpinLock_Destroy(SHSpinLock* hSpinLock);
-int OsServices_SpinLock_Lock(SHSpinLock* hSpinLock, int iMode); // the mode has no effect here
+int OsServices_SpinLock_Lock(SHSpinLock* hSpinLock, int iMode); ///< the mode has no effect here
 int OsServices_SpinLock_Unlock(SHSpinLock* hSpinLock);
 
 // ---- Mutexes. A failing destroy (still held) or release (not the owner) stops the process. ----

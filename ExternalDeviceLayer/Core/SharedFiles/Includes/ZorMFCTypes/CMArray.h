@@ -1,8 +1,8 @@
-// CMArray: the dynamic array of the whole library, and the element templates that it works with.
-//
-// Memory is held tight: the first allocation is exact, and later ones grow by a step that is derived once and kept.
-// Elements move as raw bytes when the buffer moves: no constructor, destructor or assignment runs. A type opts in
-// through gsc_bByteRelocatable. One thread at a time; nothing is locked.
+/// CMArray: the dynamic array of the whole library, and the element templates that it works with.
+///
+/// Memory is held tight: the first allocation is exact, and later ones grow by a step that is derived once and kept.
+/// Elements move as raw bytes when the buffer moves: no constructor, destructor or assignment runs. A type opts in
+/// through gsc_bByteRelocatable. One thread at a time; nothing is locked.
 
 #pragma once
 
@@ -17,8 +17,8 @@
 
 #pragma GCC visibility push(default)
 
-// Whether an object of T stays good when its bytes are copied elsewhere and the old place is forgotten. True for plain
-// records and numbers; a class that manages memory specialises it beside its definition once it is known to hold.
+/// Whether an object of T stays good when its bytes are copied elsewhere and the old place is forgotten. True for plain
+/// records and numbers; a class that manages memory specialises it beside its definition once it is known to hold.
 template <class T>
 inline constexpr bool gsc_bByteRelocatable = std::is_trivially_copyable_v<T>;
 
@@ -28,8 +28,8 @@ unsigned long MElementBytes(int iCount)
     return static_cast<unsigned long>(iCount) * sizeof(TYPE);
 }
 
-// Zeroes iCount elements and constructs them in place where the type has a constructor of its own. A count below 1 does
-// nothing; null reports and does nothing.
+/// Zeroes iCount elements and constructs them in place where the type has a constructor of its own. A count below 1
+/// does nothing; null reports and does nothing.
 template <class TYPE>
 void MConstructElements(TYPE* poElements, int iCount)
 {
@@ -52,7 +52,7 @@ void MConstructElements(TYPE* poElements, int iCount)
     }
 }
 
-// Destroys iCount elements; null reports and does nothing.
+/// Destroys iCount elements; null reports and does nothing.
 template <class TYPE>
 void MDestructElements(TYPE* poElements, int iCount)
 {
@@ -71,7 +71,7 @@ void MDestructElements(TYPE* poElements, int iCount)
     }
 }
 
-// Assigns element by element in rising order; a count below 1 does nothing.
+/// Assigns element by element in rising order; a count below 1 does nothing.
 template <class TYPE>
 void CMArrayCopyElements(TYPE* poDestination, const TYPE* poSource, int iCount)
 {
@@ -90,7 +90,7 @@ inline void CMArrayCopyElements<unsigned char>(unsigned char* poDestination, con
     }
 }
 
-// What an index outside a container reads or writes: a value made anew for each call, so that nothing is carried over.
+/// What an index outside a container reads or writes: a value made anew for each call, so that nothing is carried over.
 template <class TYPE>
 TYPE& MOutsideElement()
 {
@@ -100,13 +100,13 @@ TYPE& MOutsideElement()
     return s_oOutside;
 }
 
-// The array owns its buffer and its elements; elements that are pointers do not own what they point to. Elements need a
-// default constructor that cannot fail.
-//
-// When memory runs out, the array is as it was before the call, but for the stored growth step (strong guarantee). The
-// exceptions are operations that assign elements which take memory of their own, such as locked strings: copy
-// assignment, Append, SetAtGrow and SortElements then leave every element valid, but some assigned and some not (basic
-// guarantee).
+/// The array owns its buffer and its elements; elements that are pointers do not own what they point to. Elements need
+/// a default constructor that cannot fail.
+///
+/// When memory runs out, the array is as it was before the call, but for the stored growth step (strong guarantee). The
+/// exceptions are operations that assign elements which take memory of their own, such as locked strings: copy
+/// assignment, Append, SetAtGrow and SortElements then leave every element valid, but some assigned and some not (basic
+/// guarantee).
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CMArray
 {
@@ -115,7 +115,7 @@ public:
     static_assert(std::is_nothrow_default_constructible_v<TYPE>, "elements are counted before each one is there");
 
     CMArray() noexcept = default;
-    // Copies take the elements, not the growth step.
+    /// Copies take the elements, not the growth step.
     CMArray(const CMArray& oOther) : CMArray()
     {
         CMArray::SetSize(oOther.m_iSize, -1); // qualified: the object is still being made
@@ -140,23 +140,23 @@ public:
         }
     }
 
-    // Sets the element count. New elements are zeroed and constructed; a count of 0 gives the buffer back, any other
-    // smaller count keeps it. iGrowBy is stored as the growth step in elements: 0 derives it at the next reallocation,
-    // -1 leaves it alone. A negative size reports and changes nothing.
+    /// Sets the element count. New elements are zeroed and constructed; a count of 0 gives the buffer back, any other
+    /// smaller count keeps it. iGrowBy is stored as the growth step in elements: 0 derives it at the next reallocation,
+    /// -1 leaves it alone. A negative size reports and changes nothing.
     virtual void SetSize(int iNewSize, int iGrowBy);
 
-    // SetSize with an unsigned count; a count above INT_MAX is a negative size.
+    /// SetSize with an unsigned count; a count above INT_MAX is a negative size.
     virtual void SetCount(unsigned int uiNewCount, int iGrowBy);
 
-    // Makes the capacity equal the count.
+    /// Makes the capacity equal the count.
     virtual void FreeExtra();
 
-    // Stores oValue at iIndex, growing the array to iIndex + 1 elements first where needed. A negative index and
-    // INT_MAX report and change nothing. oValue must not refer to an element of this array when the call can grow it.
+    /// Stores oValue at iIndex, growing the array to iIndex + 1 elements first where needed. A negative index and
+    /// INT_MAX report and change nothing. oValue must not refer to an element of this array when the call can grow it.
     virtual void SetAtGrow(int iIndex, ARG_TYPE oValue);
 
     unsigned int GetCount() const { return static_cast<unsigned int>(m_iSize); }
-    // Null when the array holds no buffer. Valid until the count or the capacity changes.
+    /// Null when the array holds no buffer. Valid until the count or the capacity changes.
     TYPE* GetData() { return m_pData; }
     const TYPE* GetData() const { return m_pData; }
 
@@ -168,7 +168,7 @@ public:
     const TYPE& operator[](unsigned int uiIndex) const { return GetAt(static_cast<int>(uiIndex)); }
     TYPE& operator[](unsigned int uiIndex) { return (*this)[static_cast<int>(uiIndex)]; }
 
-    // Assigns to an element that is there; an index outside the array reports and changes nothing.
+    /// Assigns to an element that is there; an index outside the array reports and changes nothing.
     void SetAt(int iIndex, ARG_TYPE oValue)
     {
         if (IsInside(iIndex))
@@ -177,35 +177,35 @@ public:
         }
     }
 
-    // Appends one element; see SetAtGrow for values that refer into this array.
+    /// Appends one element; see SetAtGrow for values that refer into this array.
     void Add(ARG_TYPE oValue) { SetAtGrow(m_iSize, oValue); }
 
-    // Empties the array and gives the buffer back; the growth step stays.
+    /// Empties the array and gives the buffer back; the growth step stays.
     void RemoveAll() { SetSize(0, -1); }
 
-    // Appends all elements of oSource; the result is the index of the first one, that is, the count before the call.
-    // Appending the array to itself reports and changes nothing.
+    /// Appends all elements of oSource; the result is the index of the first one, that is, the count before the call.
+    /// Appending the array to itself reports and changes nothing.
     int Append(const CMArray& oSource);
 
-    // Sorts in place by exchanging neighbours for which pfnCompare gives a result above 0; stable where it gives 0 for
-    // equals. ulContext is handed through. 1, or 0 with a report for a null function.
+    /// Sorts in place by exchanging neighbours for which pfnCompare gives a result above 0; stable where it gives 0 for
+    /// equals. ulContext is handed through. 1, or 0 with a report for a null function.
     int SortElements(int (*pfnCompare)(const TYPE& oFirst, const TYPE& oSecond, unsigned long ulContext),
                      unsigned long ulContext);
 
 private:
-    static constexpr int msc_iStepDivisor = 8;    // the derived step is an eighth of the count,
-    static constexpr int msc_iSmallestStep = 4;   // but at least this
-    static constexpr int msc_iLargestStep = 1024; // and at most this many elements
+    static constexpr int msc_iStepDivisor = 8;    ///< the derived step is an eighth of the count,
+    static constexpr int msc_iSmallestStep = 4;   ///< but at least this
+    static constexpr int msc_iLargestStep = 1024; ///< and at most this many elements
 
-    // Memory calls take 32-bit sizes, so that a buffer beyond them must not come into being: the allocator is asked for
-    // more than any heap has and refuses in its own way.
+    /// Memory calls take 32-bit sizes, so that a buffer beyond them must not come into being: the allocator is asked
+    /// for more than any heap has and refuses in its own way.
     static TYPE* AllocElements(int iCount)
     {
         const unsigned long ulBytes = MElementBytes<TYPE>(iCount);
         return static_cast<TYPE*>(CMAllocator().Alloc(ulBytes > UINT_MAX ? LONG_MAX : ulBytes));
     }
 
-    // Moves iCount elements to a buffer of their own as raw bytes.
+    /// Moves iCount elements to a buffer of their own as raw bytes.
     static void RelocateElements(TYPE* poDestination, const TYPE* poSource, int iCount)
     {
         if (iCount > 0)
@@ -225,7 +225,7 @@ private:
         return true;
     }
 
-    // As many as both have: the SetSize of a derived class may give another count than asked for.
+    /// As many as both have: the SetSize of a derived class may give another count than asked for.
     void CopyElements(const CMArray& oOther)
     {
         CMArrayCopyElements(m_pData, oOther.m_pData, m_iSize < oOther.m_iSize ? m_iSize : oOther.m_iSize);
@@ -234,9 +234,9 @@ private:
     int NextCapacity(int iNewSize);
 
     TYPE* m_pData = nullptr;
-    int m_iSize = 0;    // live elements
-    int m_iMaxSize = 0; // elements that the buffer holds
-    int m_iGrowBy = 0;  // growth step in elements; 0: still to be derived
+    int m_iSize = 0;    ///< live elements
+    int m_iMaxSize = 0; ///< elements that the buffer holds
+    int m_iGrowBy = 0;  ///< growth step in elements; 0: still to be derived
 };
 
 template <class TYPE, class ARG_TYPE>
@@ -298,7 +298,7 @@ void CMArray<TYPE, ARG_TYPE>::SetSize(int iNewSize, int iGrowBy)
     m_iMaxSize = iCapacity;
 }
 
-// The capacity for a count that the buffer does not hold. Derives the growth step at the first reallocation.
+/// The capacity for a count that the buffer does not hold. Derives the growth step at the first reallocation.
 template <class TYPE, class ARG_TYPE>
 int CMArray<TYPE, ARG_TYPE>::NextCapacity(int iNewSize)
 {

@@ -1,7 +1,7 @@
-// CMMap: a chained hash map whose nodes come from a block pool.
-//
-// The number of buckets is fixed once the table is there; entries lengthen the chains. Entries leave only all together.
-// One thread at a time.
+/// CMMap: a chained hash map whose nodes come from a block pool.
+///
+/// The number of buckets is fixed once the table is there; entries lengthen the chains. Entries leave only all
+/// together. One thread at a time.
 
 #pragma once
 
@@ -10,9 +10,9 @@
 
 #pragma GCC visibility push(default)
 
-// Keys are integers or enumerations; values need a default constructor that cannot fail. Neighbouring keys, those that
-// differ in their low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong
-// guarantee).
+/// Keys are integers or enumerations; values need a default constructor that cannot fail. Neighbouring keys, those that
+/// differ in their low four bits only, share a bucket. When memory runs out the map has the entries that it had (strong
+/// guarantee).
 template <class KEY, class VALUE, class ARG_KEY = const KEY&, class ARG_VALUE = const VALUE&>
 class CMMap
 {
@@ -32,16 +32,16 @@ public:
         }
     }
 
-    // The value of the key; a key that is missing is inserted with a default-constructed value, also by a mere read.
-    // The reference stays valid until RemoveAll.
+    /// The value of the key; a key that is missing is inserted with a default-constructed value, also by a mere read.
+    /// The reference stays valid until RemoveAll.
     VALUE& operator[](ARG_KEY oKey);
 
-    // Sets the number of buckets of an empty map, and with bAllocNow makes the table at once; otherwise the first
-    // insertion does. 1 when a table is there afterwards, so 0 without bAllocNow though the size was taken. A map with
-    // entries and a size of 0 report, give 0 and change nothing.
+    /// Sets the number of buckets of an empty map, and with bAllocNow makes the table at once; otherwise the first
+    /// insertion does. 1 when a table is there afterwards, so 0 without bAllocNow though the size was taken. A map with
+    /// entries and a size of 0 report, give 0 and change nothing.
     int InitHashTable(unsigned int uiHashSize, int bAllocNow);
 
-    // Destroys all values and gives all memory back; the sizes of table and blocks stay.
+    /// Destroys all values and gives all memory back; the sizes of table and blocks stay.
     void RemoveAll();
 
     int GetCount() const { return m_iCount; }
@@ -51,9 +51,9 @@ protected:
     struct CAssoc
     {
         KEY m_oKey;
-        alignas(VALUE) unsigned char m_aui8Value[sizeof(VALUE)]; // a VALUE while the node is in use
-        CAssoc* m_poNext;                                        // in the bucket or in the free list
-        unsigned int m_uiHashValue;                              // the bucket
+        alignas(VALUE) unsigned char m_aui8Value[sizeof(VALUE)]; ///< a VALUE while the node is in use
+        CAssoc* m_poNext;                                        ///< in the bucket or in the free list
+        unsigned int m_uiHashValue;                              ///< the bucket
 
         VALUE* GetValue() { return std::launder(reinterpret_cast<VALUE*>(m_aui8Value)); }
     };
@@ -61,8 +61,8 @@ protected:
     static_assert(std::is_nothrow_default_constructible_v<VALUE>, "a node is counted before its value is there");
     static_assert(alignof(CAssoc) <= alignof(CMPlex), "nodes follow the block head directly");
 
-    // A node from the free list with the key and a new value; not yet in a bucket. Null with a report when the
-    // allocator gives no memory.
+    /// A node from the free list with the key and a new value; not yet in a bucket. Null with a report when the
+    /// allocator gives no memory.
     CAssoc* NewAssoc(ARG_KEY oKey);
 
 private:
@@ -84,12 +84,12 @@ private:
         }
     }
 
-    CAssoc** m_ppoHashTable = nullptr; // one chain a bucket; null until first needed
+    CAssoc** m_ppoHashTable = nullptr; ///< one chain a bucket; null until first needed
     unsigned int m_uiHashTableSize = msc_uiDefaultHashTableSize;
     int m_iCount = 0;
     CAssoc* m_poFreeList = nullptr;
     CMPlex* m_poBlocks = nullptr;
-    int m_iBlockSize = msc_iDefaultBlockSize; // nodes a block
+    int m_iBlockSize = msc_iDefaultBlockSize; ///< nodes a block
 };
 
 template <class KEY, class VALUE, class ARG_KEY, class ARG_VALUE>

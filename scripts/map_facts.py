@@ -441,7 +441,8 @@ LEAVES = {
     "base.identity.product-code": ("model", lambda leaf: str(leaf["value"])),
     "base.identity.serial-number": ("serial", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),
     "base.display.signal-interface": ("input", lambda leaf: leaf["meaning"]),
-    "base.display.color-bit-depth": ("depth", lambda leaf: leaf["text"][:-5] if leaf["text"].endswith(" bits") else None),
+    "base.display.color-bit-depth":
+        ("depth", lambda leaf: leaf["text"][:-5] if leaf["text"].endswith(" bits") else None),
     "base.display.gamma":
         ("gamma", lambda leaf: leaf["text"] if leaf["text"][0].isdigit() else None),
     "base.extension-count": ("extensions", lambda leaf: str(leaf["value"]) if leaf.get("value") else None),

@@ -13,16 +13,14 @@
 #include <map>
 
 #include "CEdidTestImages.h"
-#include "EdidUtils.h"
 #include "EditImage.h"
 #include "EditVerify.h"
 #include "Messages.h"
+#include "TestBytes.h"
 #include "ZorEdidMap.h"
 
 namespace
 {
-constexpr size_t gsc_uiBlockSize = 128;
-
 unsigned int g_uiFailures = 0;
 unsigned int g_uiEdits = 0;
 std::map<std::string, unsigned int> g_oRefusals;
@@ -571,14 +569,6 @@ void TestImage(const std::string& sImage, const CBytes& aui8Image)
 
 // ---- The verification ----
 
-void Repair(CBytes& aui8Image)
-{
-    for (size_t i = 0; i < aui8Image.size(); i += gsc_uiBlockSize)
-    {
-        CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Image.data() + i);
-    }
-}
-
 // The image as one of EDID 1.4 with data blocks of all kinds, ahead of two detailed timings that are called native, and
 // with a block that the library does not read.
 CBytes MakeFullImage(const CBytes& aui8Monitor)
@@ -604,8 +594,7 @@ CBytes MakeFullImage(const CBytes& aui8Monitor)
     std::copy(aui8DataBlocks.begin(), aui8DataBlocks.end(), pui8Cea + 4);
     std::copy(aui8Detaileds.begin(), aui8Detaileds.end(), pui8Cea + pui8Cea[2]);
     aui8Image.resize(3 * gsc_uiBlockSize, 0x10);
-    Repair(aui8Image);
-    return aui8Image;
+    return FixChecksums(aui8Image);
 }
 
 // A bit of the edited image, turned over with the checksum made right, is a fault. Some are tried of each edit.
@@ -628,7 +617,7 @@ void TestVerification(const CBytes& aui8Image, const SEdit& oEdit)
         aui8Foreign[uiBit / 8] ^= static_cast<unsigned char>(1U << (uiBit % 8));
         if (uiBit / 8 % gsc_uiBlockSize != gsc_uiBlockSize - 1)
         {
-            Repair(aui8Foreign);
+            aui8Foreign = FixChecksums(aui8Foreign);
         }
         if (VerifyEdits(aui8Image, aui8Foreign, oImage.GetBlocks()).empty())
         {

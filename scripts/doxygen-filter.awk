@@ -1,4 +1,4 @@
-# What Doxygen reads in place of a header: the plain comments of this project as Doxygen's own, line by line.
+# What Doxygen reads in place of a header: the comments of this project in a form that Doxygen takes literally.
 #   at the top of a file          what the file is for
 #   before a declaration          its description; indented lines (layouts, arguments) as written
 #   after a declaration           the same

@@ -10,6 +10,7 @@
 #include "Hdmi1xVsdb.h"
 #include "LoadedImage.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/DisplayIdSection.h"
 
 namespace
 {
@@ -617,8 +618,6 @@ std::string CEditImage::SetDeepColor(unsigned int uiBits)
 // Blocks that the library reads have right ones already, except for the base block.
 void CEditImage::RepairChecksums()
 {
-    constexpr unsigned int uiSectionLength = 2; // offset; a DisplayID section begins at offset 1
-    constexpr unsigned int uiSectionOverhead = 5;
     m_oEdid.UpdateChecksum();
     for (SEditedBlock& oBlock : m_aoBlocks)
     {
@@ -627,10 +626,11 @@ void CEditImage::RepairChecksums()
         {
             continue;
         }
-        const unsigned int uiSection = oBlock.m_aui8Bytes[uiSectionLength] + uiSectionOverhead;
+        const unsigned int uiSection = ZorStandards::DisplayId::GetSectionSize(oBlock.m_aui8Bytes.data());
         if (oBlock.m_aui8Bytes[0] == gsc_uiDisplayIdTag && uiSection < CEdidUtils::msc_uiChecksumOffset)
         {
-            CEdidUtils::StoreChecksum(uiSection, oBlock.m_aui8Bytes.data() + 1);
+            CEdidUtils::StoreChecksum(uiSection,
+                                      oBlock.m_aui8Bytes.data() + ZorStandards::DisplayId::gsc_uiSectionOffset);
         }
         CEdidUtils::StoreChecksum(gsc_uiBlockSize, oBlock.m_aui8Bytes.data());
     }

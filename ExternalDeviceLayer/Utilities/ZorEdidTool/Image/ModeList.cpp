@@ -16,88 +16,118 @@
 namespace
 {
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
-constexpr unsigned int gsc_uiNativeBit = 0x80; // of a short video descriptor
+constexpr unsigned int gsc_uiNativeBit = 0x80;  // of a short video descriptor
+constexpr unsigned int gsc_uiFirstOther = 0xC1; // from here on CTA-861-H has codes of their own
 constexpr char gsc_szBaseKind[] = "base";
+
+bool IsOfGtf(const CVidParamTimingGeneric& oTiming)
+{
+    return oTiming.GetVideoFamilyType() == CVidParamTiming::eVidParamType_Gtf;
+}
 
 // ---- Lists ----
 
 // The list of VESA's own established timings is a part of the list of all, in the same order.
-void ListEstablished(const CEdid& oEdid, CModes& aoTimings)
+void ListEstablished(const CEdid& oEdid, CModes& aoModes)
 {
     unsigned int uiVesa = 0;
     for (unsigned int i = 0; i < oEdid.GetEstablishedCount(0); ++i)
     {
-        SImageMode oListed = { CZorEdidMap::eList_Established, i, 0, gsc_szBaseKind, {} };
+        SImageMode oMode = { CZorEdidMap::eList_Established, i, 0, gsc_szBaseKind, {} };
         CVidParamTimingGeneric oVesa;
-        if (oEdid.GetEstablished(i, &oListed.m_oTiming, 0) == 0)
+        if (oEdid.GetEstablished(i, &oMode.m_oTiming, 0) == 0)
         {
             continue;
         }
-        oListed.m_bVesa = oEdid.GetEstablished(uiVesa, &oVesa, 1) != 0 && IsSameRecord(oVesa, oListed.m_oTiming);
-        uiVesa += oListed.m_bVesa ? 1 : 0;
-        aoTimings.push_back(oListed);
+        oMode.m_bVesa = oEdid.GetEstablished(uiVesa, &oVesa, 1) != 0 && IsSameRecord(oVesa, oMode.m_oTiming);
+        uiVesa += oMode.m_bVesa ? 1 : 0;
+        oMode.m_bStandIn = IsOfGtf(oMode.m_oTiming);
+        aoModes.push_back(oMode);
     }
 }
 
-void ListStandard(CLoadedImage& oImage, CModes& aoTimings)
+// The first byte of each timing of a list; null without one.
+std::vector<const STimingOrigin*> SortOrigins(const CTimingOrigins& aoOrigins, unsigned int uiCount)
+{
+    std::vector<const STimingOrigin*> apoFirst(uiCount);
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        if (aoOrigins[i].m_bRepeated == 0 && aoOrigins[i].m_uiIndex < uiCount)
+        {
+            apoFirst[aoOrigins[i].m_uiIndex] = &aoOrigins[i];
+        }
+    }
+    return apoFirst;
+}
+
+// The library reads codes from 193 on as native forms of 65 and up, as CEA-861-F had them.
+unsigned int FindOtherCode(const STimingOrigin& oOrigin, const unsigned char* pui8Block)
+{
+    const unsigned int uiByte = pui8Block[oOrigin.m_uiCodeByte];
+    return uiByte >= gsc_uiFirstOther && uiByte - gsc_uiNativeBit == oOrigin.m_uiCode ? uiByte : 0;
+}
+
+// CEdid would hand the index of a place without a timing on to the next block, so each block is asked itself.
+void ListStandard(CLoadedImage& oImage, CModes& aoModes)
 {
     const CEdid& oEdid = oImage.GetEdid();
     CTimingOrigins aoOrigins;
-    oEdid.CEdidBase::ListStandardOrigins(aoOrigins);
-    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    oEdid.ListStandardOrigins(aoOrigins); // the base block's come first
+    const unsigned int uiBase = oEdid.GetBaseStandardCount();
+    const std::vector<const STimingOrigin*> apoBase = SortOrigins(aoOrigins, uiBase);
+    for (unsigned int i = 0; i < uiBase; ++i)
     {
-        const STimingOrigin& oOrigin = aoOrigins[i];
-        SImageMode oListed = { CZorEdidMap::eList_Standard, oOrigin.m_uiIndex, 0, gsc_szBaseKind, {} };
-        oEdid.GetBaseStandard(oOrigin.m_uiIndex, &oListed.m_oTiming, nullptr);
-        oListed.m_sStandardCode = FormatHex(oEdid.GetBaseBlock() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
-        aoTimings.push_back(oListed);
+        SImageMode oMode = { CZorEdidMap::eList_Standard, i, 0, gsc_szBaseKind, {} };
+        if (oEdid.GetBaseStandard(i, &oMode.m_oTiming, nullptr) != 0)
+        {
+            oMode.m_sStandardCode = FormatHex(oEdid.GetBaseBlock() + apoBase[i]->m_uiOffset, apoBase[i]->m_uiLength);
+            aoModes.push_back(oMode);
+        }
     }
-    // The blocks are asked themselves: CEdid would hand the index of a place without a timing on to the next block.
-    unsigned int uiFirst = oEdid.GetBaseStandardCount();
+    unsigned int uiFirst = uiBase;
     for (const SImageBlock& oBlock : oImage.GetBlocks())
     {
-        if (oBlock.m_poLoaded == nullptr)
+        const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetStandardCount() : 0;
+        if (uiCount == 0)
         {
             continue;
         }
         oBlock.m_poLoaded->ListStandardOrigins(aoOrigins);
-        for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+        const std::vector<const STimingOrigin*> apoFirst = SortOrigins(aoOrigins, uiCount);
+        for (unsigned int i = 0; i < uiCount; ++i)
         {
-            const STimingOrigin& oOrigin = aoOrigins[i];
-            SImageMode oListed = { CZorEdidMap::eList_Standard,
-                                   uiFirst + oOrigin.m_uiIndex,
-                                   oBlock.m_uiNumber,
-                                   GetBlockKind(oBlock.GetTag()),
-                                   {} };
+            SImageMode oMode = {
+                CZorEdidMap::eList_Standard, uiFirst + i, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
+            };
             int iNative = 0;
-            if (oOrigin.m_bRepeated == 0 &&
-                oBlock.m_poLoaded->GetStandard(oOrigin.m_uiIndex, &oListed.m_oTiming, &iNative) != 0)
+            if (oBlock.m_poLoaded->GetStandard(i, &oMode.m_oTiming, &iNative) != 0 && apoFirst[i] != nullptr)
             {
-                oListed.m_bNative = iNative != 0;
-                oListed.m_oVics = { { oOrigin.m_uiCode }, oOrigin.m_bVariant != 0 };
-                aoTimings.push_back(oListed);
+                oMode.m_bNative = iNative != 0;
+                oMode.m_oVics = { { apoFirst[i]->m_uiCode }, apoFirst[i]->m_bVariant != 0 };
+                oMode.m_uiOtherCode = FindOtherCode(*apoFirst[i], oBlock.m_pui8Bytes);
+                aoModes.push_back(oMode);
             }
         }
-        uiFirst += oBlock.m_poLoaded->GetStandardCount();
+        uiFirst += uiCount;
     }
 }
 
-void ListDetailed(CLoadedImage& oImage, CModes& aoTimings)
+void ListDetailed(CLoadedImage& oImage, CModes& aoModes)
 {
     const CEdid& oEdid = oImage.GetEdid();
-    const auto fnAdd = [&](SImageMode& oListed) {
-        oListed.m_oVics = FindVics(oListed.m_oTiming);
-        aoTimings.push_back(oListed);
+    const auto fnAdd = [&](SImageMode& oMode) {
+        oMode.m_oVics = FindVics(oMode.m_oTiming);
+        aoModes.push_back(oMode);
     };
     unsigned int uiIndex = 0;
     for (; uiIndex < oEdid.GetBaseDetailedCount(); ++uiIndex)
     {
-        SImageMode oListed = { CZorEdidMap::eList_Detailed, uiIndex, 0, gsc_szBaseKind, {} };
-        if (oEdid.GetBaseDetailed(uiIndex, &oListed.m_oTiming) != 0)
+        SImageMode oMode = { CZorEdidMap::eList_Detailed, uiIndex, 0, gsc_szBaseKind, {} };
+        if (oEdid.GetBaseDetailed(uiIndex, &oMode.m_oTiming) != 0)
         {
-            oListed.m_bPreferred =
+            oMode.m_bPreferred =
                 uiIndex == 0 && ZorStandards::BaseBlock::IsPreferredTimingDeclared(oEdid.GetBaseBlock());
-            fnAdd(oListed);
+            fnAdd(oMode);
         }
     }
     for (const SImageBlock& oBlock : oImage.GetBlocks())
@@ -105,12 +135,12 @@ void ListDetailed(CLoadedImage& oImage, CModes& aoTimings)
         const unsigned int uiCount = oBlock.m_poLoaded != nullptr ? oBlock.m_poLoaded->GetDetailedCount() : 0;
         for (unsigned int i = 0; i < uiCount; ++i, ++uiIndex)
         {
-            SImageMode oListed = {
+            SImageMode oMode = {
                 CZorEdidMap::eList_Detailed, uiIndex, oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()), {}
             };
-            if (oBlock.m_poLoaded->GetDetailed(i, &oListed.m_oTiming) != 0)
+            if (oBlock.m_poLoaded->GetDetailed(i, &oMode.m_oTiming) != 0)
             {
-                fnAdd(oListed);
+                fnAdd(oMode);
             }
         }
     }
@@ -118,59 +148,24 @@ void ListDetailed(CLoadedImage& oImage, CModes& aoTimings)
 
 // ---- Map ----
 
-bool IsOfGtf(const CVidParamTimingGeneric& oTiming)
+// Finds the fields of the timings that the library lists.
+void SetFields(const CZorEdidMap& oMap, CModes& aoModes)
 {
-    return oTiming.GetVideoFamilyType() == CVidParamTiming::eVidParamType_Gtf;
+    std::map<std::pair<CZorEdidMap::EList, unsigned int>, unsigned int> aoFields; // by list and number
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        for (unsigned int uiNext = 0; uiNext < oField.m_uiTimings; ++uiNext)
+        {
+            aoFields.emplace(std::pair{ oField.m_eList, oField.m_uiTiming + uiNext }, i);
+        }
+    }
+    for (SImageMode& oMode : aoModes)
+    {
+        const auto itField = aoFields.find({ oMode.m_eList, oMode.m_uiIndex });
+        oMode.m_uiField = itField != aoFields.end() ? itField->second : gsc_uiNone;
+    }
 }
-
-// The fields of the timings that the library lists, found in one pass over the map.
-class CListedFields
-{
-public:
-    explicit CListedFields(const CZorEdidMap& oMap)
-    {
-        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-        {
-            const CZorEdidMap::SField& oField = oMap.GetField(i);
-            for (unsigned int uiNext = 0; uiNext < oField.m_uiTimings; ++uiNext)
-            {
-                m_aoFields.emplace(std::pair{ oField.m_eList, oField.m_uiTiming + uiNext }, i);
-            }
-            if (oField.m_llNumber >= msc_uiFirstOther + gsc_uiNativeBit && !GetCodeText(oField).empty())
-            {
-                m_aoCodes.emplace(oField.m_uiOffset / CEdidUtils::msc_uiBlockSize, oField.m_llNumber);
-            }
-        }
-    }
-
-    void Complete(SImageMode& oMode) const
-    {
-        const auto itField = m_aoFields.find({ oMode.m_eList, oMode.m_uiIndex });
-        oMode.m_uiField = itField != m_aoFields.end() ? itField->second : gsc_uiNone;
-        oMode.m_uiOtherCode = FindOtherCode(oMode);
-        oMode.m_bStandIn = oMode.m_eList == CZorEdidMap::eList_Established && IsOfGtf(oMode.m_oTiming);
-    }
-
-private:
-    static constexpr unsigned int msc_uiFirstOther = 65;
-
-    // The library takes codes from 193 on as native forms of 65 and up, as CEA-861-F had it.
-    unsigned int FindOtherCode(const SImageMode& oMode) const
-    {
-        for (const unsigned int uiCode : oMode.m_oVics.m_auiCodes)
-        {
-            if (oMode.m_bNative && uiCode >= msc_uiFirstOther &&
-                m_aoCodes.contains({ oMode.m_uiBlock, uiCode + gsc_uiNativeBit }))
-            {
-                return uiCode + gsc_uiNativeBit;
-            }
-        }
-        return 0;
-    }
-
-    std::map<std::pair<CZorEdidMap::EList, unsigned int>, unsigned int> m_aoFields;
-    std::set<std::pair<unsigned int, long long>> m_aoCodes; // of each block
-};
 
 // What a mode is known by: all its numbers, or the words of the map.
 std::string GetKey(const SImageMode& oMode, const std::string& sText)
@@ -234,8 +229,7 @@ CModes ListModes(const CZorEdidMap& oMap, CLoadedImage* poImage)
     if (poImage != nullptr)
     {
         aoModes = ListTimings(*poImage);
-        const CListedFields oFields(oMap);
-        std::ranges::for_each(aoModes, [&](SImageMode& oMode) { oFields.Complete(oMode); });
+        SetFields(oMap, aoModes);
     }
     AddModesOfMap(oMap, poImage == nullptr, aoModes);
     return aoModes;

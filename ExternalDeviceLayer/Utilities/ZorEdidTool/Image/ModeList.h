@@ -21,13 +21,12 @@ struct SImageMode
     bool m_bNative = false;           // of a code of CTA-861 only
     bool m_bVesa = false;             // established timings only: counted with bVesaOnly 1, too
     std::string m_sStandardCode = {}; // standard timings of the base block only: its two bytes in hexadecimal digits
-    SVics m_oVics = {};               // of a CTA-861 block's standard timing the one that the block names
+    SVics m_oVics = {};               // of a CTA-861 block's standard timing the one code that the block names
 
-    // These need the map: ListTimings leaves them as they are here.
-    unsigned int m_uiField = CZorEdidMap::msc_uiNone; // that announces the mode
-    std::string m_sBareRate = {};                     // "119.88/120" of a mode without a timing; else empty
     unsigned int m_uiOtherCode = 0; // the code that the byte means, which the library reads as another one; 0 for none
     bool m_bStandIn = false;        // an established timing whose numbers the library computes by GTF
+    std::string m_sBareRate = {};   // "119.88/120" of a mode without a timing; else empty
+    unsigned int m_uiField = CZorEdidMap::msc_uiNone; // that announces the mode; ListTimings does not look for it
 
     bool IsListed() const { return m_eList != CZorEdidMap::eList_None; }
     bool HasTiming() const { return m_sBareRate.empty(); }

@@ -141,9 +141,10 @@ unsigned int GetCode(const SEntry& oEntry)
 {
     const SRow* poRow = oEntry.m_oOrigin.m_poRow;
     const bool bOfRow = poRow != nullptr && poRow->m_oForm.m_ui8Code != 0;
-    return oEntry.m_oOrigin.m_ui8Code != 0 ? oEntry.m_oOrigin.m_ui8Code
-           : bOfRow                        ? poRow->m_oForm.m_ui8Code - 1U
-                                           : static_cast<unsigned int>(oEntry.m_oField.m_llNumber);
+    return oEntry.m_oOrigin.m_ui8Code != 0                      ? oEntry.m_oOrigin.m_ui8Code
+           : bOfRow                                             ? poRow->m_oForm.m_ui8Code - 1U
+           : oEntry.m_oField.m_eKind == CZorEdidMap::eKind_Flag ? 0 // its number is 1
+                                                                : static_cast<unsigned int>(oEntry.m_oField.m_llNumber);
 }
 } // namespace
 } // namespace ZorMap

@@ -39,7 +39,7 @@ bool CollectModes(const SInput& oInput, bool bEstablished, SComparedModes& oMode
     oModes.m_sName = ShowName(oInput.m_sName);
     oModes.m_aoModes = ListModes(oMap, &oImage);
     std::erase_if(oModes.m_aoModes, [&](const SImageMode& oMode) {
-        return !oMode.IsOfMonitor() || (oMode.m_eList == CZorEdidMap::eList_Established && !bEstablished);
+        return !oMode.IsOfMonitor() || (oMode.m_bEstablished && !bEstablished);
     });
     oModes.m_poPreferred = FindPreferred(oModes.m_aoModes);
     return true;
@@ -49,10 +49,10 @@ std::string DescribeMode(const SImageMode& oMode)
 {
     const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
     const char* const psz420 = oTiming.Is420ColorSpace() != 0 ? "  4:2:0  " : "  ";
-    return oMode.HasTiming() ? GetTimingText(oTiming) + psz420 + GetModeline(oTiming) + "\n"
-                             : FormatText("%4u x %4u%c @ %s Hz%sits timing is not given\n",
-                                          oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                                          oTiming.IsInterlaced() != 0 ? 'i' : 'p', oMode.m_sBareRate.c_str(), psz420);
+    return oMode.m_bTiming ? GetTimingText(oTiming) + psz420 + GetModeline(oTiming) + "\n"
+                           : FormatText("%4u x %4u%c @ %s Hz%sits timing is not given\n", oTiming.GetHorizontalActive(),
+                                        oTiming.GetVerticalActive(), oTiming.IsInterlaced() != 0 ? 'i' : 'p',
+                                        GetBareRateText(oMode).c_str(), psz420);
 }
 
 // An image without a preferred mode differs from one with, and is the same as another one without.

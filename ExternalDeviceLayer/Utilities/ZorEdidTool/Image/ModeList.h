@@ -25,11 +25,13 @@ struct SImageMode
 
     unsigned int m_uiOtherCode = 0; // the code that the byte means, which the library reads as another one; 0 for none
     bool m_bStandIn = false;        // an established timing whose numbers the library computes by GTF
-    std::string m_sBareRate = {};   // "119.88/120" of a mode without a timing; else empty
+    bool m_bTiming = true;          // false where only size and rate are known
+    unsigned int m_uiRate = 0;      // of such a mode, in hundredths of Hz: of frames, of an interlaced mode fields
+    bool m_bFractionToo = false;    // such a mode is announced at 1000/1001 of the rate as well
+    bool m_bEstablished = false;    // of the established timings I, II or III
     unsigned int m_uiField = CZorEdidMap::msc_uiNone; // that announces the mode; ListTimings does not look for it
 
     bool IsListed() const { return m_eList != CZorEdidMap::eList_None; }
-    bool HasTiming() const { return m_sBareRate.empty(); }
     // False where m_uiOtherCode is the code that counts; its mode is in the list as well.
     bool IsOfMonitor() const { return m_uiOtherCode == 0; }
 };
@@ -48,6 +50,9 @@ const SImageMode* FindPreferred(const CModes& aoModes);
 
 // "the library reads byte c2 as VIC 66; by CTA-861-H it is VIC 194"; empty for a mode of the monitor.
 std::string GetOtherCodeText(const SImageMode& oMode);
+
+// "119.88/120", the rate of a mode without a timing.
+std::string GetBareRateText(const SImageMode& oMode);
 
 // The index after the last field of the blocks that the image announces.
 unsigned int FindAnnouncedEnd(const CZorEdidMap& oMap);

@@ -16,8 +16,8 @@ auto MakeKey(const SImageMode& oMode)
     return std::make_tuple(oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
                            oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
                            oTiming.GetHorizontalBackPorch(), oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(),
-                           oTiming.GetVerticalBackPorch(), oTiming.GetVerticalRateInHz(), oMode.m_sBareRate,
-                           oMode.m_uiOtherCode);
+                           oTiming.GetVerticalBackPorch(), oTiming.GetVerticalRateInHz(), oMode.m_uiRate,
+                           oMode.m_bFractionToo, oMode.m_uiOtherCode);
 }
 
 bool IsSameClock(const SImageMode& oFirst, const SImageMode& oSecond)

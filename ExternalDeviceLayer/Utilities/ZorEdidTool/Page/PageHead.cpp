@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <math.h>
 #include <span>
-#include <stdlib.h>
 #include <string_view>
 
 #include "MapText.h"
@@ -463,11 +462,10 @@ double GetFieldRate(const CVidParamTimingGeneric& oTiming)
 
 double GetRate(const SImageMode& oMode)
 {
-    return oMode.HasTiming() ? GetFieldRate(oMode.m_oTiming)
-                             : strtod(oMode.m_sBareRate.substr(oMode.m_sBareRate.rfind('/') + 1).c_str(), nullptr);
+    return oMode.m_bTiming ? GetFieldRate(oMode.m_oTiming) : oMode.m_uiRate / 100.0;
 }
 
 std::string GetRateText(const SImageMode& oMode)
 {
-    return oMode.HasTiming() ? FormatRate(GetRate(oMode)) : oMode.m_sBareRate;
+    return oMode.m_bTiming ? FormatRate(GetRate(oMode)) : GetBareRateText(oMode);
 }

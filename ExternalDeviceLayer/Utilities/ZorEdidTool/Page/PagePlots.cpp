@@ -51,9 +51,8 @@ struct SLimits
         const double dLineRate = GetLineRate(oMode);
         const double dClock = oMode.m_oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
         return dRate >= m_dLeastRate - dSlack && dRate <= m_dMostRate + dSlack &&
-               (!oMode.HasTiming() ||
-                (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack &&
-                 (m_dMostClock <= 0 || dClock <= m_dMostClock)));
+               (!oMode.m_bTiming || (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack &&
+                                     (m_dMostClock <= 0 || dClock <= m_dMostClock)));
     }
 };
 
@@ -185,7 +184,7 @@ private:
     {
         const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oMode);
         const std::string sMode = DescribeMode(oMode) + (bOutside ? " (outside the range limits)" : "");
-        if (m_bLineRate && !oMode.HasTiming())
+        if (m_bLineRate && !oMode.m_bTiming)
         {
             m_asBare.insert(sMode);
             return;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <string_view>
 
 #include "MapText.h"
 #include "PageParts.h"
@@ -45,38 +44,24 @@ SPageAxis MakeAxis(unsigned int uiActive, unsigned int uiFrontPorch, unsigned in
     return { uiSync, uiBackPorch, uiActive, uiFrontPorch, uiTotal, uiBorder, dUnit };
 }
 
-// Of each side; the library leaves borders out.
-struct SBorder
-{
-    unsigned int m_uiWidth = 0;  // pixels
-    unsigned int m_uiHeight = 0; // lines
-};
-
-SBorder FindBorder(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    constexpr unsigned int uiBorderOffset = 15; // of an 18-byte timing: pixels, then lines
-    if (uiField == CZorEdidMap::msc_uiNone || oMap.GetField(uiField).m_uiLength != sizeof(CEdidUtils::SEdidDetailedRaw))
-    {
-        return {};
-    }
-    const unsigned char* pui8Borders = oMap.GetData() + oMap.GetField(uiField).m_uiOffset + uiBorderOffset;
-    return { pui8Borders[0], pui8Borders[1] };
-}
-
 class CTimingPicture
 {
 public:
     CTimingPicture(const CZorEdidMap& oMap, const SImageMode& oMode) : m_oMode(oMode), m_oTiming(oMode.m_oTiming)
     {
-        const SBorder oBorder = FindBorder(oMap, oMode.m_uiField);
+        CZorEdidMap::SMode oSaid = {}; // with its borders, which the library leaves out
+        if (oMode.m_uiField != CZorEdidMap::msc_uiNone)
+        {
+            oMap.GetMode(oMode.m_uiField, oSaid);
+        }
         const unsigned int uiFields = m_oTiming.IsInterlaced() != 0 ? 2 : 1;
         const double dPixel = m_oTiming.GetPixelClockInHz() == 0 ? 0 : gsc_dHzPerMegaHz / m_oTiming.GetPixelClockInHz();
         const unsigned int uiWidth = m_oTiming.ComputeHorizontalTotalPixel();
         m_oAcross = MakeAxis(m_oTiming.GetHorizontalActive(), m_oTiming.GetHorizontalFrontPorch(),
-                             m_oTiming.GetHorizontalSync(), uiWidth, oBorder.m_uiWidth, dPixel);
+                             m_oTiming.GetHorizontalSync(), uiWidth, oSaid.m_oHorizontal.m_uiBorder, dPixel);
         m_oDown = MakeAxis(m_oTiming.GetVerticalActive(), uiFields * m_oTiming.GetVerticalFrontPorch(),
                            uiFields * m_oTiming.GetVerticalSync(), GetVerticalTotal(m_oTiming),
-                           uiFields * oBorder.m_uiHeight, dPixel * uiWidth);
+                           uiFields * oSaid.m_oVertical.m_uiBorder, dPixel * uiWidth);
     }
 
     CHtml Make(unsigned int uiNumber) const
@@ -84,7 +69,7 @@ public:
         CHtml oHtml;
         oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>" << SText{ DescribeMode(m_oMode) }
               << "</figcaption>\n";
-        if (!m_oMode.HasTiming())
+        if (!m_oMode.m_bTiming)
         {
             return oHtml << "<p>The image says no more of it than size and rate.</p>\n</figure>\n";
         }
@@ -296,16 +281,12 @@ std::string GetSource(const CZorEdidMap& oMap, unsigned int uiField)
     {
         return GetFieldName(oMap.GetField(oField.m_uiGroup));
     }
-    const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
-    std::string sSource = GetFieldName(oField);
-    if (oField.m_eId == eZorEdidField_CtaVideoDescriptor)
-    {
-        sSource += FormatText(", VIC %.0f", GetNumberOf(oMap, uiField, eZorEdidField_CtaVideoVic));
-    }
-    sSource += bGroup && GetNumberOf(oMap, uiField, eZorEdidField_DisplayidTimingPreferred) > 0
-                   ? ", preferred of its block"
-                   : "";
-    return sSource;
+    CZorEdidMap::SMode oMode = {};
+    oMap.GetMode(uiField, oMode);
+    const bool bCode = oMode.m_eKind == CZorEdidMap::eModeKind_Vic && oField.m_eKind == CZorEdidMap::eKind_Group;
+    const bool bPreferred = oMode.m_bPreferred && oMode.m_eKind <= CZorEdidMap::eModeKind_Type10;
+    return GetFieldName(oField) + (bCode ? FormatText(", VIC %u", oMode.m_uiCode) : "") +
+           (bPreferred ? ", preferred of its block" : "");
 }
 
 std::string GetMarks(const STimingRow& oRow)

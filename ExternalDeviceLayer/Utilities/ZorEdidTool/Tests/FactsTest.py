@@ -295,8 +295,8 @@ class ModesTest(ToolTest):
         self.assertEqual(("", ""), run("edit", path, "--dry-run", "--serial", "1", status=0))
 
     def test_modes_beyond_the_lists_are_told(self):
-        for codes, lines in [("6c", ["1 more mode is not listed; explain and page show it"]),
-                             ("6c6d10", ["2 more modes are not listed; explain and page show them"]),
+        for codes, lines in [("75", ["1 more mode is not listed; explain and page show it"]),
+                             ("6c10", ["2 more modes are not listed; explain and page show them"]),  # and at 1000/1001
                              ("c2", ["the library reads byte c2 as VIC 66; by CTA-861-H it is VIC 194"]),
                              ("10", [])]:
             cea = bytes.fromhex("0203%02x00%02x%s" % (5 + len(codes) // 2, 0x40 + len(codes) // 2, codes))

@@ -22,10 +22,11 @@ SImageMode MakeMode(CZorEdidMap::EList eList, unsigned int uiWidth, unsigned int
     return oMode;
 }
 
-SImageMode MakeBareMode(const char* pszRate)
+SImageMode MakeBareMode(unsigned int uiRate)
 {
     SImageMode oMode = MakeMode(CZorEdidMap::eList_None, 3840, 0);
-    oMode.m_sBareRate = pszRate;
+    oMode.m_bTiming = false;
+    oMode.m_uiRate = uiRate;
     return oMode;
 }
 
@@ -55,7 +56,7 @@ TEST(ModeMatch, EachModeCountsAsOftenAsItIsNamed)
         { { oSlower }, { oDetailed }, { 0 }, { 0 } }, // a 1000/1001 variant
         { { oStandard }, { MakeMode(eStandard, 1280, 148500000) }, { uiNone }, { uiNone } },
         { { oStandard }, { MakeMode(eStandard, 1920, 150000000) }, { uiNone }, { uiNone } },
-        { { MakeBareMode("100") }, { MakeBareMode("120"), MakeBareMode("100") }, { 1 }, { uiNone, 0 } },
+        { { MakeBareMode(10000) }, { MakeBareMode(12000), MakeBareMode(10000) }, { 1 }, { uiNone, 0 } },
         { { oStandard }, { oOtherCode }, { uiNone }, { uiNone } },
         { {}, { oStandard }, {}, { uiNone } },
     };
@@ -177,7 +178,7 @@ TEST_F(ComparedImages, ModesOutsideTheListsTakePart)
     SetImage(0, fnWithCodes("10 75"));
     SetImage(1, fnWithCodes("10 C2"));
     const CNamed oNamed = Compare();
-    ASSERT_EQ(2U, oNamed.size());
+    ASSERT_EQ(3U, oNamed.size()); // with the 1000/1001 variant of VIC 194
     EXPECT_EQ(std::pair('A', 3840U), std::pair(std::get<0>(*oNamed.begin()), std::get<1>(*oNamed.begin())));
     EXPECT_EQ(std::pair('B', 7680U), std::pair(std::get<0>(*oNamed.rbegin()), std::get<1>(*oNamed.rbegin())));
 }

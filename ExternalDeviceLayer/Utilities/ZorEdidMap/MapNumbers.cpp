@@ -7,50 +7,53 @@
 #include "EdidExtBlock.h"
 #include "MapWriter.h"
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/VesaModes.h"
+#include "Standards/VideoCodes.h"
+#include "VidParamTimingGeneric.h"
 
 namespace ZorMap
 {
 namespace
 {
-// The library takes these pairs as the modes of 480 and 768 lines, which standard timings have no numbers for, and
-// aspect ratio 0 as 16:10 in images of all revisions.
-const char* GetOtherSize(unsigned int uiRevision, const unsigned char* pui8Pair)
+// Some pairs mean a mode that their aspect code does not give. In images before 1.3 these are the ones of 16:10 modes.
+const char* GetOtherSize(unsigned int uiListedHeight)
 {
-    constexpr unsigned char ui8Wide60 = 0xC0; // 16:9 at 60 Hz
-    constexpr unsigned int uiFirstWithout1To1 = 3;
-    if (uiRevision < uiFirstWithout1To1 && pui8Pair[1] >> 6 == 0)
+    switch (uiListedHeight)
     {
+    case 350:
+        return "the library lists it as 640 x 350";
+    case 400:
+        return "the library lists it as 720 x 400";
+    case 480:
+        return "the library lists it as 848 x 480";
+    case 768:
+        return "the library lists it as 1360 x 768";
+    default:
         return "the library lists it as 16:10";
     }
-    if (pui8Pair[1] != ui8Wide60)
-    {
-        return nullptr;
-    }
-    return pui8Pair[0] == 0x4B   ? "the library lists it as 848 x 480"
-           : pui8Pair[0] == 0x8B ? "the library lists it as 1360 x 768"
-                                 : nullptr;
 }
 
 void NoteOtherSizes(CMapWriter& oWriter, const CEdidBase& oBase, const CTimingOrigins& aoStandards)
 {
+    constexpr unsigned int uiFirstWithout1To1 = 3;
+    const bool bSquare = oWriter.GetFacts().m_uiRevision < uiFirstWithout1To1;
     for (unsigned int i = 0; i < aoStandards.GetCount(); ++i)
     {
-        const unsigned int uiOffset = aoStandards[i].m_uiOffset;
-        if (const char* pszOther = GetOtherSize(oWriter.GetFacts().m_uiRevision, oBase.GetBaseBlock() + uiOffset))
+        const STimingOrigin& oOrigin = aoStandards[i];
+        const unsigned char* pui8Pair = oBase.GetBaseBlock() + oOrigin.m_uiOffset;
+        CVidParamTimingGeneric oListed;
+        oBase.GetStandard(oOrigin.m_uiIndex, &oListed, nullptr);
+        if (oListed.GetVerticalActive() != ReadStandardTiming(pui8Pair[0], pui8Pair[1], bSquare).m_uiHeight)
         {
-            oWriter.AddNote(oWriter.FindField(uiOffset, aoStandards[i].m_uiLength), CZorEdidMap::eSeverity_Note,
-                            pszOther);
+            oWriter.AddNote(oWriter.FindField(oOrigin.m_uiOffset, oOrigin.m_uiLength), CZorEdidMap::eSeverity_Note,
+                            GetOtherSize(oListed.GetVerticalActive()));
         }
     }
 }
 
 // The classes list 193 to 253 as the native forms of 65 to 125. CTA-861-F made them codes of their own, so that the
 // number would lead to another timing than the byte says.
-bool IsOtherCode(unsigned int uiSvd)
-{
-    constexpr unsigned int uiLastNativeSvd = 192;
-    return uiSvd > uiLastNativeSvd;
-}
+bool IsOtherCode(unsigned int uiSvd) { return uiSvd > gsc_uiLastNativeSvd; }
 
 // The timings of a list of the block at uiStart, whose first one has the number uiFirst. A code's byte has two numbers
 // where a 1000/1001 variant follows it in the list. What a 4:2:0 capability map selects is in no byte of its own.

@@ -11,6 +11,7 @@
 #include "LoadedImage.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/DisplayIdSection.h"
+#include "Standards/VideoCodes.h"
 
 namespace
 {
@@ -302,13 +303,12 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
 // Tries the CEA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
 std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit)
 {
-    constexpr unsigned int uiDataBlocksRevision = 3;
     std::string sReason = "no CEA-861 block that is read can hold data blocks";
     bool bFirst = true;
     for (SEditedBlock& oBlock : m_aoBlocks)
     {
         const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        if (poCea == nullptr || poCea->GetRevision() < uiDataBlocksRevision)
+        if (poCea == nullptr || poCea->GetRevision() < ZorStandards::Cta::gsc_uiDataBlocksRevision)
         {
             continue;
         }
@@ -440,13 +440,12 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
 // 193 to 253 as codes of their own, which the library lists as native forms of lower ones.
 bool CEditImage::IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumber)
 {
-    constexpr unsigned int uiNativesEnd = 193;
     const unsigned int uiCode = FindCode(oBlock, uiNumber);
     for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
     {
         const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
         const unsigned int uiByte = oBlock.m_aui8Bytes[oOrigin.m_uiCodeByte];
-        const unsigned int uiReference = uiByte >= uiNativesEnd ? uiByte : uiCode;
+        const unsigned int uiReference = uiByte > ZorStandards::gsc_uiLastNativeSvd ? uiByte : uiCode;
         if (oOrigin.m_uiCode == uiCode && oOrigin.m_e420 != STimingOrigin::e420_Only &&
             IsReferred(uiReference, uiReference + 1))
         {

@@ -95,15 +95,14 @@ void AddNotes(CFindings& oFindings)
 
 void CheckYear(CFindings& oFindings, unsigned int uiThisYear)
 {
-    constexpr unsigned int uiModelYearWeek = 255;
-    constexpr unsigned int uiFirstYear = 1990;
-    const unsigned int uiYear = uiFirstYear + oFindings.GetByte(gsc_uiYearOffset);
-    const bool bModelYear = oFindings.GetByte(gsc_uiWeekOffset) == uiModelYearWeek;
+    const unsigned int uiField = oFindings.GetMap().FindLeaf(gsc_uiYearOffset, 0);
+    const CMap::SField& oYear = oFindings.GetMap().GetField(uiField);
+    const bool bModelYear = oYear.m_eId == eZorEdidField_BaseIdentityModelYear;
     const unsigned int uiLatest = uiThisYear + (bModelYear ? 1 : 0); // models are named early
-    if (uiYear > uiLatest)
+    if (oYear.m_llNumber > uiLatest)
     {
-        oFindings.Add(oFindings.GetMap().FindLeaf(gsc_uiYearOffset, 0), CMap::eSeverity_Warning, "year",
-                      std::to_string(uiYear), FormatText("at most %u", uiLatest));
+        oFindings.Add(uiField, CMap::eSeverity_Warning, "year", std::to_string(oYear.m_llNumber),
+                      FormatText("at most %u", uiLatest));
     }
 }
 
@@ -133,7 +132,9 @@ void CheckRangeLimits(CFindings& oFindings)
         const unsigned char* pui8At = oFindings.GetAt(DescriptorOffset(i));
         if (!HasPixelClock(pui8At) && !IsDisplayDescriptor(pui8At) &&
             pui8At[gsc_uiTagOffset] == gsc_ui8TagRangeLimits &&
-            IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision))
+            IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision) &&
+            (IsMaximumOffset(gsc_oVerticalOffsets.Read(pui8At)) ||
+             IsMaximumOffset(gsc_oHorizontalOffsets.Read(pui8At))))
         {
             oFindings.Add(oFindings.FindGroup(DescriptorOffset(i)), CMap::eSeverity_Note,
                           "the library reads no range limits with offsets", "", "");
@@ -156,11 +157,34 @@ void CheckCtaDescriptors(CFindings& oFindings, unsigned int uiBlock)
     {
         uiAt += gsc_uiDescriptorSize;
     }
-    if (uiAt + gsc_uiDescriptorSize <= uiEnd && IsDisplayDescriptor(oFindings.GetAt(uiAt)) &&
-        oFindings.GetByte(uiAt + gsc_uiTagOffset) != 0)
+    // What the map takes for padding is not a descriptor.
+    if (uiAt + gsc_uiDescriptorSize <= uiEnd &&
+        oFindings.GetMap().GetField(oFindings.FindGroup(uiAt)).m_uiOffset == uiAt)
     {
-        oFindings.Add(oFindings.FindGroup(uiAt), CMap::eSeverity_Note,
-                      "the library reads no display descriptor here, and no timing after it", "", "");
+        oFindings.Add(oFindings.FindGroup(uiAt), CMap::eSeverity_Note, "the library reads no display descriptor here",
+                      "", "");
+    }
+}
+
+// The timings of a block that the library reads, but does not list: those after a descriptor that ends its list, those
+// after one that it takes for a timing of size 0, and those of a data block whose revision it does not know.
+void CheckUnlisted(CFindings& oFindings, unsigned int uiBlock)
+{
+    const CMap& oMap = oFindings.GetMap();
+    if (oMap.GetSize() % gsc_uiBlockSize != 0)
+    {
+        return; // the library refuses the image
+    }
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CMap::SField& oField = oMap.GetField(i);
+        const bool bDetailed = oField.m_eId == eZorEdidField_BaseDetailed ||
+                               oField.m_eId == eZorEdidField_DisplayidType1Timing ||
+                               oField.m_eId == eZorEdidField_DisplayidType2Timing;
+        if (bDetailed && oField.m_uiOffset / gsc_uiBlockSize == uiBlock && oField.m_uiTimings == 0)
+        {
+            oFindings.Add(i, CMap::eSeverity_Note, "the library does not list this timing", "", "");
+        }
     }
 }
 
@@ -179,9 +203,13 @@ void CheckExtension(CFindings& oFindings, const CBlockWalk& oBlock)
         }
         oFindings.Add(uiField, CMap::eSeverity_Note, "the block is not read: " + sReason, "", "");
     }
-    else if (oFindings.GetByte(uiOffset) == Cta::gsc_uiTag)
+    else
     {
-        CheckCtaDescriptors(oFindings, uiOffset);
+        CheckUnlisted(oFindings, oBlock.GetNumber());
+        if (oFindings.GetByte(uiOffset) == Cta::gsc_uiTag)
+        {
+            CheckCtaDescriptors(oFindings, uiOffset);
+        }
     }
 }
 } // namespace
@@ -196,6 +224,7 @@ std::vector<SFinding> CheckImage(const CZorEdidMap& oMap, unsigned int uiThisYea
         CheckYear(oFindings, uiThisYear);
         CheckPreferred(oFindings);
         CheckRangeLimits(oFindings);
+        CheckUnlisted(oFindings, 0);
         // The map notes each block that is not counted, and each that is cut short.
         const unsigned int uiCounted = oFindings.GetByte(FindExtensionCount(pui8Data, oMap.GetSize()));
         for (CBlockWalk oWalk(pui8Data, oMap.GetSize());

@@ -104,7 +104,10 @@ const SCheckCase gsc_aoDamages[] = {
       { "1:2 error lies outside of the block: nothing after it can be found: 128 bytes" } },
     { "NameAmongTheTimings",
       { { 0xEA, "00 00 00 FC 00 41 0A 20*11" } },
-      { "1:6a note the library reads no display descriptor here, and no timing after it" } },
+      { "1:6a note the library reads no display descriptor here" } },
+    { "NameBeforeATiming",
+      { { 0xC6, "00 00 00 FC 00 41 0A 20*11" } },
+      { "1:46 note the library reads no display descriptor here", "1:58 note the library does not list this timing" } },
 };
 INSTANTIATE_TEST_SUITE_P(Base, CheckRule, testing::ValuesIn(gsc_aoDamages),
                          [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });

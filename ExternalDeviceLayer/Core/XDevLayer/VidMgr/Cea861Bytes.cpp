@@ -1,4 +1,4 @@
-// Finding things in the bytes of a CEA-861 block, making room in them and closing gaps. What the bytes mean stands in
+// Finding things in the bytes of a CEA-861 block, making room in them and closing gaps. What the bytes mean is in
 // EdidExtBlockCEA861Video.cpp and EdidExtBlockCEA861Audio.cpp.
 
 #include "Cea861Bytes.h"
@@ -93,7 +93,7 @@ bool CCea861Editor::RemoveRange(unsigned int uiStart, unsigned int uiLength)
     {
         ZorTools_memmove(m_pui8Writable + uiStart, m_pui8Writable + uiEnd, gsc_uiChecksumOffset - uiEnd);
     }
-    return ZeroRange(gsc_uiChecksumOffset - uiLength, uiLength); // false for all 128 bytes: the checksum is no content
+    return ZeroRange(gsc_uiChecksumOffset - uiLength, uiLength); // false for all 128 bytes: the checksum is not content
 }
 
 bool CCea861Editor::ZeroRange(unsigned int uiStart, unsigned int uiLength)
@@ -139,7 +139,7 @@ unsigned int CCea861Editor::OpenDataBlock(unsigned int uiTag, unsigned int uiLen
 
 unsigned int CCea861Editor::GrowDataBlock(const SPayload& oBlock, unsigned int uiBy)
 {
-    const unsigned int uiEnd = oBlock.m_uiOffset + oBlock.m_uiLength; // may lie behind byte 2 and the descriptors
+    const unsigned int uiEnd = oBlock.m_uiOffset + oBlock.m_uiLength; // may be past byte 2 and the descriptors
     if (GetContentEnd() > gsc_uiLastContentOffset - uiBy || uiEnd + uiBy > gsc_uiChecksumOffset)
     {
         return 0;

@@ -12,7 +12,7 @@ namespace ZorCore
 {
 using namespace ZorStandards::Cta;
 
-// Reading. A view, passed by value; the bytes are the block's and must outlive it. Null stands for a block that holds
+// Reading. A view, passed by value; the bytes are the block's and must outlive it. Null is a block that holds
 // nothing: every offset, count and size is then 0.
 class CCea861Bytes
 {
@@ -28,7 +28,7 @@ public:
 
     unsigned int GetSize() const { return m_pui8Block != nullptr ? gsc_uiBlockSize : 0U; }
     unsigned int GetFlags() const { return GetByte(gsc_uiFlagsOffset); }
-    // Byte 2 as it stands, 0 to 255.
+    // Byte 2 unchecked, 0 to 255.
     unsigned int GetDetailedStart() const { return GetByte(gsc_uiDetailedStartOffset); }
 
     CDataBlockWalk Walk() const { return { m_pui8Block, GetDataBlocksEnd(m_uiRevision, GetDetailedStart()) }; }
@@ -43,7 +43,7 @@ public:
     unsigned int GetDetailedOffset(unsigned int uiIndex) const;
     unsigned int CountDetailed() const;
 
-    // First offset behind the last descriptor, else the offset in byte 2; may lie behind the block.
+    // First offset after the last descriptor, else the offset in byte 2; may be past the block.
     unsigned int GetContentEnd() const;
 
 private:
@@ -65,21 +65,21 @@ public:
     // The same, to be written.
     unsigned char* GetAt(unsigned int uiOffset) const { return m_pui8Writable + uiOffset; }
 
-    // Closes the gap with the bytes behind, up to byte 126, and fills the tail with zeros. Byte 2 stays. False, with
+    // Closes the gap with the bytes after it, up to byte 126, and fills the tail with zeros. Byte 2 stays. False, with
     // nothing changed, for a range that ends outside the block.
     bool RemoveRange(unsigned int uiStart, unsigned int uiLength);
     // Writes zeros; false as above.
     bool ZeroRange(unsigned int uiStart, unsigned int uiLength);
 
-    // Makes room behind the last data block, writes the header there and raises byte 2. The result is the offset of the
-    // payload. Its bytes are the caller's to write: zero, or what stood there where there are no descriptors. 0, with
-    // nothing changed, when there is no room or byte 2 would put the new block over tag, revision or flags. Like every
+    // Makes room after the last data block, writes the header there and raises byte 2. The result is the offset of the
+    // payload. Its bytes are the caller's to write: zero, or, without descriptors, the previous content. 0, with
+    // nothing changed, when room is lacking or byte 2 would put the new block over tag, revision or flags. Like every
     // addition it leaves the last content byte free.
     unsigned int OpenDataBlock(unsigned int uiTag, unsigned int uiLength);
 
     // Makes room at the end of a data block, raises byte 2 and the length in the block's header, which must be able to
-    // hold it. The result is the offset of the new bytes, which are zero; 0 when there is no room and nothing has
-    // changed. A block that ends behind the descriptors may take the last content byte.
+    // hold it. The result is the offset of the new bytes, which are zero; 0, with nothing changed, when room is
+    // lacking. A block that ends past the descriptors may take the last content byte.
     unsigned int GrowDataBlock(const SPayload& oBlock, unsigned int uiBy);
 
     // Takes bytes out of a data block and lowers the length in its header. Byte 2 stays.
@@ -90,7 +90,7 @@ public:
     // The same for all blocks of a tag; false when there were none.
     bool RemoveDataBlocks(unsigned int uiTag);
 
-    // Lowers byte 2. In a damaged block, where the bytes that went lay behind it, the result may fall below the area of
+    // Lowers byte 2. In a damaged block, where the removed bytes were past it, the result may fall below the area of
     // data blocks or wrap: what is read there is then another list, but no byte outside the block.
     void LowerDetailedStart(unsigned int uiBy);
 

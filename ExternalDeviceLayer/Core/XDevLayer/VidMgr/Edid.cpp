@@ -1,5 +1,5 @@
-// Loading, writing back and numbering over all blocks. What a block means stands in EdidBase.cpp,
-// EdidBaseTimings.cpp and the classes behind CEdidExtBlock.
+// Loading, writing back and numbering over all blocks. EdidBase.cpp, EdidBaseTimings.cpp and
+// the classes derived from CEdidExtBlock know what a block means.
 
 #include "Edid.h"
 
@@ -22,7 +22,7 @@ namespace
 using ExtensionList = CMArray<CEdidExtBlock*, CEdidExtBlock* const&>;
 
 // Finds the block that a merged index falls into and asks it: fnCount gives the timings of a block, fnAsk asks the
-// block for the index that is left. uiRest counts from the first timing behind the base block. A block that refuses
+// block for the index that is left. uiRest counts from the first timing after the base block. A block that refuses
 // hands the same rest to the next one that is long enough.
 template <class COUNT, class ASK>
 int AskBlockAt(const ExtensionList& aoExtensions, unsigned int uiRest, COUNT fnCount, ASK fnAsk)
@@ -255,7 +255,7 @@ int CEdid::RemoveStandardKeepingDescriptors(unsigned int uiIndex)
     const unsigned int uiBaseCount = GetBaseStandardCount();
     if (uiIndex < uiBaseCount)
     {
-        return CEdidBase::RemoveStandard(uiIndex); // nothing stands behind a pair
+        return CEdidBase::RemoveStandard(uiIndex); // nothing follows a pair
     }
     return AskBlockAt(
         m_aoExtensions, uiIndex - uiBaseCount, StandardCountOf,

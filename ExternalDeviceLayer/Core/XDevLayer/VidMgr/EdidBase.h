@@ -171,7 +171,7 @@ public:
     /// The text of the first display descriptor of its kind: monitor name (tag 0xFC), free text (0xFE), serial number
     /// text (0xFF); at most 13 characters, ended by a line feed or a tab. All uiSize bytes of the output are written:
     /// what the text leaves is zero, so that only a buffer of 14 bytes or more is certain to be terminated.
-    /// Returns 1; 0 for a text without characters; 0 with the output untouched for null or when there is no such
+    /// Returns 1; 0 for a text without characters; 0 with the output untouched for null or without such a
     /// descriptor.
     int GetMonitorName(char* pszText, unsigned int uiSize) const;
     int GetMonitorString(char* pszText, unsigned int uiSize) const;
@@ -237,7 +237,7 @@ public:
     int RemoveStandard(unsigned int uiIndex);
 
     /// Detailed timings. An index runs over the descriptors that are not display descriptors, or whose tag is 1.
-    /// GetDetailed gives 0 for an index without a descriptor or one that holds no timing; poTiming is then untouched.
+    /// GetDetailed gives 0 with poTiming untouched for an index without a descriptor, or if that holds no timing.
     int GetDetailed(unsigned int uiIndex, CVidParamTiming* poTiming) const;
     /// 0 to 4: the timings before the first descriptor without one.
     unsigned int GetDetailedCount() const;

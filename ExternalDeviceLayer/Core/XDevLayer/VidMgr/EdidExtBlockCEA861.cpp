@@ -1,5 +1,5 @@
 // A CEA-861 block as an object: loading and stripping, detailed timings, the search for data blocks, and what keeps the
-// lists in step with the bytes. What the data blocks mean stands in EdidExtBlockCEA861Video.cpp (video, HDMI) and
+// lists in step with the bytes. What the data blocks mean is in EdidExtBlockCEA861Video.cpp (video, HDMI) and
 // EdidExtBlockCEA861Audio.cpp (audio, speakers); bytes are found and moved in Cea861Bytes.cpp.
 
 #include "EdidExtBlockCEA861.h"
@@ -123,7 +123,7 @@ int CEdidExtBlockCEA861::GetDetailed(unsigned int uiIndex, CVidParamTiming* poTi
         return CEdidUtils::ConvertDetailedDescriptorToVidParam(*m_apoDetailed[uiIndex], poTiming);
     }
     const unsigned int uiOffset = GetBytes().GetDetailedOffset(uiIndex);
-    if (uiOffset == 0) // the count is behind the bytes, as after memory ran out in an edit
+    if (uiOffset == 0) // the count is out of date, as after memory ran out in an edit
     {
         return 0;
     }
@@ -291,8 +291,8 @@ CCea861Bytes CEdidExtBlockCEA861::GetBytes() const { return { m_aui8Raw.GetData(
 
 CCea861Editor CEdidExtBlockCEA861::EditBytes() { return { m_aui8Raw.GetData(), m_uiRevision }; }
 
-// Lists that a walk over the bytes gives as fast are not held: where the descriptors stand, and where each code came
-// from (a third of a block's memory). They are derived here, ahead of the steps that move bytes and leave lists as they
+// Lists that a walk over the bytes gives as fast are not held: where the descriptors are, and where each code came
+// from (a third of a block's memory). They are derived here, before the steps that move bytes and leave lists as they
 // were.
 void CEdidExtBlockCEA861::KeepPlaces()
 {
@@ -334,7 +334,7 @@ void CEdidExtBlockCEA861::FinishEdit(unsigned int uiLists)
 
 void CEdidExtBlockCEA861::DeriveLists(unsigned int uiLists)
 {
-    // First: it takes no memory, so that the count of descriptors never lies behind the bytes.
+    // First: it takes no memory, so that the count of descriptors always fits the bytes.
     if ((uiLists & eList_Detailed) != 0)
     {
         ExtractDetailedTimings();

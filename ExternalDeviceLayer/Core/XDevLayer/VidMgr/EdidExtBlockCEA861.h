@@ -217,8 +217,8 @@ public:
 
     // ---- Colour depth, in the HDMI vendor blocks ----
 
-    /// Bit 0: 30-bit, bit 1: 36-bit, bit 2: 48-bit colour, joined over all HDMI vendor blocks. 1 with uiBits 0 when
-    /// there is no HDMI block.
+    /// Bit 0: 30-bit, bit 1: 36-bit, bit 2: 48-bit colour, joined over all HDMI vendor blocks. 1 with uiBits 0
+    /// without an HDMI block.
     int GetColorBitDepthSupport(unsigned int& uiBits) override;
     /// Writes the same bits into every HDMI vendor block. 1 even without such a block.
     int SetColorBitDepthSupport(unsigned int uiBits) override;

@@ -98,7 +98,7 @@ void WriteSpeakerMask(unsigned int uiMask, unsigned char* pui8Raw, bool bKeepRes
     gsc_oSpeakers.Write(pui8Raw, uiMask);
 }
 
-// Where a descriptor stands, and in which block; offsets of 0 when it is not there.
+// Where a descriptor is, and in which block; offsets of 0 when it is absent.
 struct SAudioPlace
 {
     SPayload m_oBlock;

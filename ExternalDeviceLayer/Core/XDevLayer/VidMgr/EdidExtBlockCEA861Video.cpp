@@ -1,6 +1,6 @@
 // Video codes of a CEA-861 block: short video descriptors, HDMI codes and the YCbCr 4:2:0 blocks gathered into one list
 // of table timings, a timing taken out of the bytes again, and the deep colour bits of the HDMI vendor blocks. The
-// timings behind the codes come from VidParamCea, the inside of an HDMI vendor block from Hdmi1xVsdb.
+// timings of the codes come from VidParamCea, the inside of an HDMI vendor block from Hdmi1xVsdb.
 
 #include "EdidExtBlockCEA861.h"
 
@@ -27,7 +27,7 @@ constexpr SDataBlockKind gsc_oCapabilityMaps = { CEdidExtBlockCEA861::eCea861Ext
 
 constexpr unsigned int gsc_uiBitsPerByte = 8;
 
-// The key of the 1000/1001 variant of a code, in the table and in the lists; it never stands in a block.
+// The key of the 1000/1001 variant of a code, in the table and in the lists; a block never holds it.
 constexpr unsigned int gsc_uiVariantOffset = CVidParamCea::msc_uiVariantKey;
 
 using SVicCodeEntry = CEdidExtBlockCEA861::SVicCodeEntry;
@@ -103,7 +103,7 @@ struct SDraft
     void Add(const ENTRY& oEntry) { m_aoEntry[m_uiCount++] = oEntry; }
 };
 
-// The bit of a capability map that stands for code number uiIndex.
+// The bit of a capability map for code number uiIndex.
 bool IsMapped(const CDataBlockWalk& oMap, unsigned int uiIndex)
 {
     return ((oMap.GetByte(uiIndex / gsc_uiBitsPerByte) >> (uiIndex % gsc_uiBitsPerByte)) & 1U) != 0;
@@ -121,7 +121,7 @@ struct SCode
     unsigned int m_uiOffset; // of its byte, in the CEA-861 block
 };
 
-// Every code of the block in the order that the capability map counts them. Each comes from a byte of its own behind a
+// Every code of the block in the order that the capability map counts them. Each comes from a byte of its own after a
 // header, so they all fit.
 struct SAllCodes
 {
@@ -434,7 +434,7 @@ bool IsVideoCode(const SCode& oCode)
     return !oCode.m_oKind.m_bExtended && oCode.m_oKind.m_uiTag == gsc_oVideoBlocks.m_uiTag;
 }
 
-// The byte of a code: a short video descriptor, or the zero that an HDMI code leaves behind the last one.
+// The byte of a code: a short video descriptor, or the zero that an HDMI code leaves after the last one.
 unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SPayload& oBlock)
 {
     if (IsVideoCode(oCode))
@@ -488,7 +488,7 @@ bool TakeOutOf3d(CCea861Editor& oEditor, const SDataBlockKind& oKind, unsigned i
     return true;
 }
 
-// Takes the bit of a code out of all capability maps; the bits behind move down.
+// Takes the bit of a code out of all capability maps; the following bits move down.
 void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
 {
     for (CDataBlockWalk oWalk = oEditor.Walk(); oWalk.Next(gsc_oCapabilityMaps);)

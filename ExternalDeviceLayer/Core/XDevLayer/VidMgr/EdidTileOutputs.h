@@ -6,7 +6,7 @@
 
 namespace ZorCore
 {
-// Stores 0 behind each pointer that is not null.
+// Stores 0 through each pointer that is not null.
 template <class VALUE>
 void ZeroTileOutputs(std::initializer_list<VALUE*> apoOutputs)
 {

@@ -1,5 +1,5 @@
 // The 8-bit checksum of a block, and the 18-byte detailed timing descriptor in both directions.
-// The hex dump stands in EdidUtilsDump.cpp.
+// The hex dump is in EdidUtilsDump.cpp.
 
 #include "EdidUtils.h"
 

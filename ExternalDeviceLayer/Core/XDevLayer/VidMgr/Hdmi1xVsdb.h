@@ -4,9 +4,9 @@
 // not outlive them, and nothing else may move them meanwhile. It knows only the payload: the header of the data block,
 // byte 2 and the checksum are the caller's.
 //
-// The constructor, ExtractTimings and RemoveCea861Vic take memory. When it runs out, the constructor leaves nothing
-// behind and ExtractTimings the old list; RemoveCea861Vic has then changed the bytes or not begun, and the list may be
-// behind them: the caller puts the bytes back.
+// The constructor, ExtractTimings and RemoveCea861Vic take memory. When it runs out, the constructor frees what it
+// took and ExtractTimings keeps the old list; RemoveCea861Vic has then changed the bytes or not begun, and the list may
+// be out of date: the caller puts the bytes back.
 //
 // Payload, as published in the HDMI 1.x standard (offsets from the first byte after the data block header):
 //     0 to 2  IEEE identifier 0x000C03, least significant byte first
@@ -67,7 +67,7 @@ public:
 
     // Takes video code number uiPosition out of the 3D fields, which name the first 16 codes of the video data blocks
     // by their places: its bit in 3D_MASK and its entries go, those of later codes move down by one, and the bytes
-    // behind close up. uiCodes is the number of codes, this one included. uiFreed becomes the number of bytes, now
+    // after them close up. uiCodes is the number of codes, this one included. uiFreed becomes the number of bytes, now
     // zero, that are free at the end of the payload. 0 with no byte changed when the fields do not lie whole in the
     // payload or break off, for a reserved 3D_Multi_present, and when all of the first 16 codes are in 3D and a 17th
     // would become one of them.

@@ -15,7 +15,7 @@ namespace
 {
 using SRow = CVidParamCea::SCeaVidParam;
 
-// The clock that the list has for the whole rate and, with bVariant, the one that its variant is made of: of some codes
+// The clock that the list has for the whole rate and, with bVariant, that of its variant: of some codes
 // the published one of 1000/1001 of the rate.
 constexpr unsigned int GetWholeClock(unsigned int uiCode, unsigned int uiClock, bool bVariant)
 {

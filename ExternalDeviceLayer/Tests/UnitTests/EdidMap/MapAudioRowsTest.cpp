@@ -124,7 +124,7 @@ TEST(MapAudioRows, BitsOfExtendedFormats)
     }
 }
 
-// 3D audio has two more bits for its channels, of which the highest one stands in byte 1.
+// 3D audio has two more bits for its channels, of which the highest one is in byte 1.
 TEST(MapAudioRows, ChannelsOf3dAudio)
 {
     static constexpr SRowCase aoByte1[] = { { "01.7 00.7 00.2-0", "Maximum number of channels", "20 channels" } };

@@ -22,7 +22,7 @@ std::vector<std::string> SplitAtSemicolons(const std::string& sText)
     return asParts;
 }
 
-// "NAME=VALUE"; a star at the end of the value stands for any rest.
+// "NAME=VALUE"; a star at the end of the value matches any rest.
 void ExpectValue(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sValue)
 {
     const std::string sActual = static_cast<const char*>(oMap.GetValue(uiField));

@@ -1,4 +1,4 @@
-// What the tests of extension blocks in the map share: what is expected of the fields of the block behind the base
+// What the tests of extension blocks in the map share: what is expected of the fields of the block after the base
 // block, as a line of text.
 
 #pragma once
@@ -18,5 +18,5 @@ unsigned int FindNext(const CZorEdidMap& oMap, unsigned int uiField, const std::
 std::vector<std::string> GetNotes(const CZorEdidMap& oMap, unsigned int uiField = CZorEdidMap::msc_uiNone);
 
 // "NAME=VALUE; !NOTE; ...": fields of the extension block in the order of the map, those between them left out. A note
-// is one of the field named ahead of it. All notes of the block are named.
+// is one of the field named before it. All notes of the block are named.
 void ExpectFields(const CBytes& aui8Image, const std::string& sExpected);

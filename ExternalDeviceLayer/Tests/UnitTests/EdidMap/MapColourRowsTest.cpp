@@ -5,7 +5,7 @@
 
 namespace
 {
-// ---- Dolby Vision: places count from the byte behind the OUI, the version decides what follows ----
+// ---- Dolby Vision: places count from the byte after the OUI, the version decides what follows ----
 
 constexpr unsigned int gsc_uiDolbyPayload = 5;
 
@@ -55,7 +55,7 @@ TEST(MapColourRows, DolbyVision1)
         { "09", "Blue y", "0.06250" },
     };
     ExpectRows(MakeCtaRecord(gsc_uiDolbyPayload, "EE 01 46 D0 00 36 2D 17 A5 A0 55 4D 99 26 10"), aoLong);
-    // The form of 7 bytes tells how far each coordinate lies above a least one.
+    // The form of 7 bytes says how far each coordinate lies above a least one.
     static constexpr SRowCase aoShort[] = {
         { "02.0", "Colorimetry", "ITU-R BT.709" },  { "03.7-5", "Blue x", "0.14453" },
         { "03.4-2", "Blue y", "0.04297" },          { "03.1", "Reserved", "0x1", gsc_szSet },

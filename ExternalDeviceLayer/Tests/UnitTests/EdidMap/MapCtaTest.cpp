@@ -73,7 +73,7 @@ std::vector<SPlaced> PlaceEachLength(const CBytes& aui8Header, CBytes& aui8Image
     return aoPlaced;
 }
 
-// No two rows of a table share a bit, and every byte is told, whatever the length; and what each kind is about.
+// No two rows of a table share a bit, and every byte is covered, whatever the length; and what each kind is about.
 TEST(MapCta, EachKindOfEachLength)
 {
     struct SKinds

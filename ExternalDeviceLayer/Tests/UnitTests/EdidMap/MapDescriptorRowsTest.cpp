@@ -223,7 +223,7 @@ TEST(MapDescriptorRows, OffsetsOfRangeLimits)
     }
 }
 
-// A maximum is compared with the minimum behind the offsets.
+// A maximum is compared with the minimum after both offsets are added.
 TEST(MapDescriptorRows, RatesInTheWrongOrder)
 {
     struct SOrderCase

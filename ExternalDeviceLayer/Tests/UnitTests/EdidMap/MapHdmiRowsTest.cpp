@@ -4,11 +4,11 @@
 
 namespace
 {
-// ---- HDMI 1.4: places count from the byte behind the OUI ----
+// ---- HDMI 1.4: places count from the byte after the OUI ----
 
 TEST(MapHdmiRows, Hdmi14)
 {
-    constexpr unsigned int uiPayload = 8; // behind a video data block of three codes
+    constexpr unsigned int uiPayload = 8; // after a video data block of three codes
     static constexpr SRowCase aoRows[] = {
         { "00 01", "Source physical address", "1.2.3.4" },
         { "02.7", "Supports_AI", "yes" },
@@ -65,7 +65,7 @@ TEST(MapHdmiRows, Hdmi14)
                aoRows);
 }
 
-// Each flag moves what stands behind it.
+// Each flag moves what follows it.
 TEST(MapHdmiRows, Hdmi14FieldsThatMove)
 {
     static constexpr SRowCase aoNoInterlaced[] = {
@@ -128,7 +128,7 @@ TEST(MapHdmiRows, Hdmi14Codes)
     ExpectCodes(MakeCtaRecord(6, "41 10 6C 03 0C 00 10 00 00 00 20 80 02 08 00"), aoDetail);
 }
 
-// ---- HDMI Forum: the same structure behind the OUI, or behind two reserved bytes ----
+// ---- HDMI Forum: the same structure after the OUI, or after two reserved bytes ----
 
 constexpr SRowCase gsc_aoSinkRows[] = {
     { "00", "Version", "1" },
@@ -262,7 +262,7 @@ TEST(MapHdmiRows, ToneMapping)
         { "12-13", "Unknown", "12 34" },
     };
     ExpectRows(MakeCtaRecord(2, "F5 7A D5 2B 00 7D 75 40 97 3A 32 75 4F 1D B7 0B 13 3D 42 40 12 34"), aoRows);
-    // Of a gamut that has a name there are no chromaticities.
+    // A gamut with a name has no chromaticities.
     static constexpr SRowCase aoNamed[] = {
         { "01.7-6", "Gamut", "ITU-R BT.2020" },
         { "01.4", "Use HGIG DRDM", "yes" },

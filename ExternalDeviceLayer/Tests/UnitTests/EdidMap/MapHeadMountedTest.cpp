@@ -204,7 +204,7 @@ TEST(MapHeadMounted, CentersOfProjection)
         { "00 00 00 80", "-0.000000", true, 0 },
         { "01 00 00 00", "0.000000", true, 0 },                         // without the leading 1: 2^-149
         { "BD 37 86 35", "0.000001", true, 1 },                         // the float next to 10^-6
-        { "FF FF FF 4A", "8388607.500000", true, 8388607500000 },       // 23 bits ahead of the point, 1 behind it
+        { "FF FF FF 4A", "8388607.500000", true, 8388607500000 },       // 23 bits before the point, 1 after it
         { "FF FF FF 4E", "2147483520.000000", true, 2147483520000000 }, // next below 2^31
         { "00 00 00 CF", "-8388608 * 2^8", false, 0 },
         { "01 00 80 4F", "8388609 * 2^9", false, 0 },

@@ -233,7 +233,7 @@ TEST(MapInterface, Tile)
                    aoWithoutBezels);
 }
 
-// 43 by 23 tiles: places 42 and 22 are the last ones. The bits that continue a count and a place stand in byte 06h.
+// 43 by 23 tiles: places 42 and 22 are the last ones. The bits that continue a count and a place are in byte 06h.
 TEST(MapInterface, TileAtTheEdge)
 {
     static constexpr SRowCase aoLast[] = {
@@ -298,7 +298,7 @@ TEST(MapInterface, StereoTimingCodes)
         { "0B.4-0", "Number of timing codes", "1" },        { "0C", "HDMI VIC", "3, 3840x2160p 23.98/24 Hz 16:9" },
     };
     ExpectRows(MakeDisplayIdRecord(0x27, 0x40, "02 01 00 22 52 10 41 10 81 03"), aoRows);
-    // Flags without bit 6: what follows the method is no list of codes.
+    // Flags without bit 6: what follows the method is not a list of codes.
     static constexpr SRowCase aoNoCodes[] = {
         { "01.7-6", "Timings with stereo support", "all listed timings" },
         { "01.5-3", "Reserved", "0x5", gsc_szSet },

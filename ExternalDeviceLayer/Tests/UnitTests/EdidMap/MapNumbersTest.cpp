@@ -40,7 +40,7 @@ int GetTiming(const CEdid& oEdid, CZorEdidMap::EList eList, unsigned int uiNumbe
                                                    : oEdid.GetDetailed(uiNumber, &oTiming);
 }
 
-// The text of a timing says its size and rate, "1920x1080i 59.94/60 Hz 16:9" or "1024 x 768 @ 60 Hz", maybe behind the
+// The text of a timing says its size and rate, "1920x1080i 59.94/60 Hz 16:9" or "1024 x 768 @ 60 Hz", maybe after the
 // code and a comma.
 void ExpectTiming(const std::string& sText, const CVidParamTimingGeneric& oTiming)
 {

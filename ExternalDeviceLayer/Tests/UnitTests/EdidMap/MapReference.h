@@ -10,7 +10,7 @@ using CLine = std::vector<std::string>;
 // Without the line of titles; empty where the folder is not there.
 std::vector<CLine> ReadLines(const std::string& sName);
 
-// The parts of the text that fit the pattern: the whole part, then its groups, of which one that is not there is empty.
+// The parts of the text that fit the pattern: the whole part, then its groups; an absent group is empty.
 std::vector<std::vector<std::string>> FindAll(const std::string& sText, const char* pszPattern);
 std::string ReplaceAll(const std::string& sText, const char* pszPattern, const char* pszBy);
 

@@ -43,7 +43,7 @@ constexpr SSame gsc_aoSame[] = {
     { "reserved", "unused" }, // the first white point is there in any case
 };
 
-// Most words of the table are in the text of the map, or begin like one that is: "Preferred" and "preference".
+// Most words of the table are in the text of the map, or begin like a word of it: "Preferred" and "preference".
 bool AreAlike(const std::string& sTable, const std::string& sMap)
 {
     constexpr size_t uiStem = 5;

@@ -34,7 +34,7 @@ struct SRecord
 SRecord MakeDisplayIdRecord(unsigned int uiTag, unsigned int uiFlags, const char* pszPayload);
 
 // A data block of CTA-861, as the whole block without its header. Places count from byte uiPayload of the data block:
-// 1, 2 behind an extended tag, 4 behind an OUI.
+// 1, 2 after an extended tag, 4 after an OUI.
 SRecord MakeCtaRecord(unsigned int uiPayload, const char* pszBlock);
 
 // The last descriptor of a base block of this revision, a display of continuous frequencies.

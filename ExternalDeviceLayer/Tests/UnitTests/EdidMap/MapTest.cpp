@@ -110,7 +110,7 @@ TEST_F(Map, TakesAnySize)
     const CZorEdidMap::SField& oTail = oMap.GetField(oMap.FindLeaf(256 * gsc_uiBlockSize + 1, 0));
     EXPECT_EQ(std::make_pair(256U * 128U, 3U), std::make_pair(oTail.m_uiOffset, oTail.m_uiLength));
 
-    // A tail as long, whose value has all of its bytes, and one that is longer.
+    // A tail as long, whose value has all of its bytes, and a longer one.
     constexpr size_t uiMost = 32768;
     for (const size_t uiMore : { size_t{ 0 }, size_t{ 1 } })
     {
@@ -387,7 +387,7 @@ TEST_F(Map, NumbersAreThoseOfTheLibrary)
         {
             const CZorEdidMap::SField& oField = oMap.GetField(i);
             const unsigned int uiNumber = oField.m_uiTiming;
-            // Ahead of a mode's name stands its code.
+            // A mode's name follows its code.
             const bool bCode = oField.m_eKind == CZorEdidMap::eKind_Name && oField.m_pszMeaning != nullptr;
             const std::string sValue = bCode ? oField.m_pszMeaning : static_cast<const char*>(oMap.GetValue(i));
             CVidParamTimingGeneric oTiming;
@@ -422,7 +422,7 @@ TEST_F(Map, NumbersAreThoseOfTheLibrary)
         }
         EXPECT_EQ(oEdid.GetEstablishedCount(0), auiFound[CZorEdidMap::eList_Established]) << sName;
         EXPECT_LE(oEdid.GetBaseStandardCount(), auiFound[CZorEdidMap::eList_Standard]) << sName;
-        unsigned int uiDetailed = 0; // a descriptor of 0 pixels counts, but is no timing
+        unsigned int uiDetailed = 0; // a descriptor of 0 pixels counts, but is not a timing
         for (unsigned int i = 0; i < oEdid.GetDetailedCount(); ++i)
         {
             CVidParamTimingGeneric oTiming;

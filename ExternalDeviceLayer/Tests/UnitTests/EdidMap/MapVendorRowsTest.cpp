@@ -59,7 +59,7 @@ TEST(MapVendorRows, VideoDisplayDevice)
     ExpectRows(MakeCtaRecord(2, "FF 02 95 12 03 59 2C 80 07 B0 04 3C 7A 06 1B 2D AD B6 96 97 48 B9 6C 9F A5 52 4B 9A "
                                 "26 10 CB 37"),
                aoRows);
-    // Two more primaries, a maximum below the minimum, and an audio delay that is not told.
+    // Two more primaries, a maximum below the minimum, and an unknown audio delay.
     static constexpr SRowCase aoLess[] = {
         { "03.1-0 04", "Maximum clock frequency", "21 MHz", "is below the minimum clock frequency" },
         { "10", "Audio delay", "not specified" },

@@ -88,7 +88,7 @@ inline std::vector<CLists> GetLists(const CEdid& oEdid)
 }
 
 // Whether the data blocks of a CEA-861 block end where its descriptors begin, its audio blocks hold whole descriptors,
-// and only zeros stand behind the descriptors, or behind the data blocks if there are to be no descriptors. In other
+// and only zeros follow the descriptors, or the data blocks if descriptors are not allowed. In other
 // blocks an edit may cut or uncover bytes that then read as something else.
 inline bool IsTidy(const unsigned char* pui8Block, bool bWithoutDescriptors = false)
 {

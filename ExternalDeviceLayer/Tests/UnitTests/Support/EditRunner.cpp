@@ -42,7 +42,7 @@ struct SPlace
 {
     size_t m_uiBlock;
     size_t m_uiIndex; // there
-    bool m_bIsBehind; // whether its lists are behind its bytes
+    bool m_bIsBehind; // whether its lists are out of date
     bool m_bIsSure;   // whether the edit does to the lists what it says and to nothing else
 };
 
@@ -108,7 +108,7 @@ int Call(CEdid& oEdid, const SEditStep& oStep)
 int SetPreferredMode(CEdid& oEdid, const SEditStep& oStep)
 {
     CVidParamTimingGeneric oTiming;
-    oTiming.SetPixelClockInHz(oStep.m_uiValue); // one that does not fit, unless there is one to take
+    oTiming.SetPixelClockInHz(oStep.m_uiValue); // without a timing to take, this one does not fit
     oEdid.GetDetailed(oStep.m_uiIndex, &oTiming);
     return oEdid.SetPreferredMode(oStep.m_uiValue % 64 == 0 ? nullptr : &oTiming);
 }
@@ -116,7 +116,7 @@ int SetPreferredMode(CEdid& oEdid, const SEditStep& oStep)
 int RePackStandards(CEdid& oEdid, const SEditStep& /*oStep*/)
 {
     oEdid.RePackStandards();
-    oEdid.ExtractStandardTimings(); // what it leaves behind the bytes
+    oEdid.ExtractStandardTimings(); // what it does not bring up to date
     return 1;
 }
 
@@ -207,7 +207,7 @@ std::string CheckBytes(const SEditStep& oStep, size_t uiBlock, const CBytes& aui
 }
 
 // A removed table timing takes its 1000/1001 twin with it, native or not: some of those of its size are gone, and no
-// other one. 4:2:0 timings have no part in it, as their codes may stand elsewhere or not.
+// other one. 4:2:0 timings have no part in it, as their codes may be elsewhere or nowhere.
 bool IsWithoutCode(CList aoBefore, CList aoAfter, const CListEntry& auiNamed)
 {
     const auto IsOfSize = [&](const CListEntry& auiTiming) {
@@ -220,7 +220,7 @@ bool IsWithoutCode(CList aoBefore, CList aoAfter, const CListEntry& auiNamed)
     return aoBefore == aoAfter && (uiLeft < uiGone || (Is420(auiNamed) && uiLeft == uiGone));
 }
 
-// The same when all else is to stay: what is left stands in its order, and what is gone has the size and the rate, give
+// The same when all else is to stay: what is left keeps its order, and what is gone has the size and the rate, give
 // or take the twin's hertz. The last condition of the other one holds here, too.
 bool IsOnlyWithoutCode(const CList& aoBefore, const CList& aoAfter, const CListEntry& auiNamed)
 {
@@ -266,7 +266,7 @@ std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>
     return aoPlaces;
 }
 
-// The removal of a table timing moves what stands behind it, and derives the list of table timings alone.
+// The removal of a table timing moves what follows it, and derives the list of table timings alone.
 bool Moves(const SRow& oRow, const SPlace& oPlace)
 {
     return oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
@@ -349,7 +349,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
     const CBytes aui8After = Serialise(m_oEdid);
     if (!bDone)
     {
-        // What stands in a list can be removed, except for a timing that has no code of its own and a preferred one.
+        // What a list holds can be removed, except for a timing that has no code of its own and a preferred one.
         const bool bRefuses = std::all_of(aoPlaces.begin(), aoPlaces.end(), [&](const SPlace& oPlace) {
             const CList& aoList = aoBefore[oPlace.m_uiBlock][oRow.m_eList % eList_Count];
             return !IsRemoval(oRow) || oPlace.m_uiIndex >= aoList.size() ||
@@ -389,7 +389,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
     bool bSame = Serialise(oFresh) == aui8After;
     for (size_t i = 0; bSame && i < aoHeld.size(); ++i)
     {
-        // Up to the detailed timings where the others are behind.
+        // Up to the detailed timings where the others are out of date.
         const auto itEnd = aoHeld[i].begin() + (m_oBehind[i] ? eList_Detailed : eList_Count);
         bSame = std::equal(aoHeld[i].begin(), itEnd, aoOfBytes[i].begin());
     }

@@ -20,7 +20,7 @@ class CEditRunner
 {
 public:
     // The edits, in the order of the table in EditRunner.cpp: those of CEdid, those of a block by itself, raw steps on
-    // the bytes of a block, behind which the object is loaded again, and the loading alone.
+    // the bytes of a block, after which the object is loaded again, and the loading alone.
     enum EOperation : unsigned int
     {
         eEdit_LastThroughBlocks = 2, // from RemoveStandard on: the index goes through all blocks
@@ -44,7 +44,7 @@ public:
     // Runs one edit and looks at nothing; takes no memory of its own. Gives what the edit gives.
     int Run(const SEditStep& oStep);
 
-    // How many indexes are worth trying: those that the edit tells apart, and two more. Whether it looks at the value.
+    // How many indexes to try: those that the edit distinguishes, and two more. Whether it looks at the value.
     unsigned int GetIndexCount(unsigned int uiOperation) const;
     static bool UsesValue(unsigned int uiOperation);
 
@@ -53,7 +53,7 @@ public:
 
 private:
     CEdid m_oEdid;
-    // Blocks whose lists, all but the table timings, are behind their bytes: from a removal of a table timing to the
+    // Blocks whose lists, all but the table timings, are out of date: from a removal of a table timing to the
     // next edit of the block.
     std::bitset<256> m_oBehind;
     unsigned int m_uiChangeCount = 0;

@@ -9,7 +9,7 @@
 
 #include "TestBytes.h"
 
-// Reads the input from front to end; behind the end it gives zeros.
+// Reads the input from front to end; past the end it gives zeros.
 class CInput
 {
 public:

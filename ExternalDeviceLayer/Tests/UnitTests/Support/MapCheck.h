@@ -10,7 +10,7 @@
 
 #include "MapWriter.h"
 
-// Takes the pieces of a leaf; false for one that is malformed or takes a bit again.
+// Takes the pieces of a leaf; false if it is malformed or takes a bit again.
 inline bool TakePieces(const CZorEdidMap& oMap, unsigned int uiField, std::vector<unsigned char>& aui8Taken)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);

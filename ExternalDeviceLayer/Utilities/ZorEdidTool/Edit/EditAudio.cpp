@@ -30,7 +30,7 @@ unsigned int CountFirstAudios(const CEdidExtBlockCEA861& oCea)
 
 // ---- Audio ----
 
-// A new descriptor stands behind those of the first audio data block, or in a block of its own behind all others.
+// A new descriptor goes after those of the first audio data block, or into a block of its own after all others.
 std::string CEditImage::AddAudio(const CAudio& oAudio)
 {
     if (oAudio.m_uiChannels < 2)

@@ -10,7 +10,7 @@ namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
-// The leaves of these bits. Those of one group stand behind it once: "Group > first, second".
+// The leaves of these bits. Those of one group follow it once: "Group > first, second".
 std::string NameBits(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned int uiMask)
 {
     std::string sNames;

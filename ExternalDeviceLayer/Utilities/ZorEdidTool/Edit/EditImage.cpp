@@ -467,7 +467,7 @@ unsigned int CEditImage::CountDetailedAhead(const SEditedBlock& oBlock)
     return uiCount;
 }
 
-// Every CEA-861 block tells how many of the first detailed timings are native: one less, where the one that goes was.
+// Every CTA-861 block counts how many of the first detailed timings are native: one less if the removed one was.
 void CEditImage::LowerNatives(unsigned int uiPlace)
 {
     for (const SEditedBlock& oBlock : m_aoBlocks)
@@ -537,7 +537,7 @@ std::string CEditImage::RemoveEstablished(unsigned int uiNumber)
     return "";
 }
 
-// The image size in the descriptor is no part of the timing: the library fills it anew, in centimetres, so what stood
+// The image size in the descriptor is not part of the timing: the library fills it anew, in centimetres, so what was
 // there is put back.
 std::string CEditImage::SetPreferred(const CVidParamTimingGeneric& oTiming)
 {

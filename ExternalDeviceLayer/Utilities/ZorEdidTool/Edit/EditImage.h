@@ -69,7 +69,7 @@ struct SEditedBlock
     unsigned int m_uiStandards = 0; // counts at reading
     unsigned int m_uiDetaileds = 0;
     unsigned int m_uiAudios = 0;
-    CPresent m_aiStandards; // good for the ordinary timings, which stand ahead of those in YCbCr 4:2:0
+    CPresent m_aiStandards; // good for the ordinary timings, which come before those in YCbCr 4:2:0
     CPresent m_aiDetaileds;
     CPresent m_aiAudios;
     CTimingOrigins m_aoOrigins; // of the standard timings at reading

@@ -30,7 +30,7 @@ bool IsEntry(const SMapPart& oPart, unsigned int uiField)
     return oPart.Is(uiField, eZorEdidField_CtaAudioDescriptor) || oPart.Is(uiField, eZorEdidField_CtaSpeakers);
 }
 
-// A pair of the base block that is no standard timing.
+// A pair of the base block that is not a standard timing.
 bool IsUnusedPair(const SMapPart& oPart, unsigned int uiField)
 {
     const CBytes aui8Pair = oPart.Is(uiField, eZorEdidField_BaseStandard) ? oPart.GetBytes(uiField) : CBytes();
@@ -178,7 +178,7 @@ private:
         m_uiDetaileds += m_aoBlocks[uiBlock].m_uiDetaileds;
     }
 
-    // The image size stays; there are no borders and no stereo, and the syncs are separate digital ones.
+    // The image size stays; borders are 0, stereo is none, and the syncs are separate digital ones.
     void ExpectPreferred(size_t uiOffset, const CVidParamTimingGeneric& oWanted)
     {
         constexpr size_t uiImageSize = 12; // of 18 bytes: three, then two of borders, and the flags

@@ -245,7 +245,7 @@ private:
     bool m_bFirst = true; // standard output has nothing but the head
 };
 
-// The turns between the one that is printed next and the one that was begun last.
+// The turns from the next to be printed to the last begun.
 class CWindow
 {
 public:

@@ -53,7 +53,7 @@ void PrintOutcome(const SOutcome& oOutcome, STool& oTool);
 // The last act of a run.
 void FinishOutput(STool& oTool);
 
-// The options of each subcommand, and what it does when it is the one that is called. oCommand and oTool outlive that.
+// The options of each subcommand, and what it does when called. oCommand and oTool outlive that.
 void DeclareReportOptions(COptions& oCommand, STool& oTool);
 void DeclareModesOptions(COptions& oCommand, STool& oTool);
 void DeclareCompareOptions(COptions& oCommand, STool& oTool);

@@ -167,7 +167,7 @@ void CheckCtaDescriptors(CFindings& oFindings, unsigned int uiBlock)
 }
 
 // The timings of a block that the library reads, but does not list: those after a descriptor that ends its list, those
-// after one that it takes for a timing of size 0, and those of a data block whose revision it does not know.
+// after a descriptor that it takes for a timing of size 0, and those of a data block whose revision it does not know.
 void CheckUnlisted(CFindings& oFindings, unsigned int uiBlock)
 {
     const CMap& oMap = oFindings.GetMap();

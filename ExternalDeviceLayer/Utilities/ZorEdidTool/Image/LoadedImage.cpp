@@ -26,7 +26,7 @@ bool HasRateOffsets(const unsigned char* pui8Descriptor)
            gsc_oHorizontalOffsets.Read(pui8Descriptor) != uiReserved;
 }
 
-// Why CEdid::SetEdidBuffer refuses an image; empty for one that it takes.
+// Why CEdid::SetEdidBuffer refuses an image; empty if it does not.
 std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
 {
     if (aui8Bytes.empty())

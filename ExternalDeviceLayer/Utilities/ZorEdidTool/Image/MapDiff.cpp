@@ -305,7 +305,7 @@ void SMapPart::LeaveOutCodes(const std::vector<unsigned int>& auiBlock)
         if (IsOfCode(oField))
         {
             const unsigned int uiByte =
-                oField.m_uiOffset - Get(oField.m_uiGroup).m_uiOffset; // of a map behind 2 of head
+                oField.m_uiOffset - Get(oField.m_uiGroup).m_uiOffset; // of a map after 2 of head
             const unsigned int uiMask = m_oMap.GetPiece(oField.m_uiFirstPiece).m_ui8Mask;
             uiPlace = 8 * (bMask ? 1 - uiByte : uiByte - 2) + static_cast<size_t>(std::countr_zero(uiMask));
         }

@@ -47,7 +47,7 @@ SModePairs MatchModes(const CModes& aoFirst, const CModes& aoSecond)
     {
         aoFree[MakeKey(aoSecond[i])].push_back(i);
     }
-    std::vector<std::vector<size_t>*> apauiFree; // the free ones that each of the first list may take
+    std::vector<std::vector<size_t>*> apauiFree; // the free entries that each of the first list may take
     std::ranges::transform(aoFirst, std::back_inserter(apauiFree),
                            [&](const SImageMode& oMode) { return &aoFree[MakeKey(oMode)]; });
     for (const CAccepts pfnAccepts : gsc_apfnPasses)

@@ -23,7 +23,7 @@ struct SInput
 // devices are not read, and nothing is read beyond 4 MiB. Throws nothing but for want of memory.
 SInput ReadInput(const std::string& sName);
 
-// The image at a connector. The problem of one that gives no bytes, as without a monitor, is gsc_szNoEdid.
+// The image at a connector. The problem is gsc_szNoEdid if it gives no bytes, as without a monitor.
 SInput ReadConnector(const SConnector& oConnector);
 inline constexpr char gsc_szNoEdid[] = "has no EDID";
 

@@ -179,7 +179,7 @@ private:
 std::string_view CutPadding(std::string_view sDigits) { return sDigits.substr(0, sDigits.find_last_not_of('=') + 1); }
 
 // Between other lines base64 is known by the header of a base block, and is a run of lines of one length, the last one
-// shorter. It ends before a line that is none of these, and where all announced blocks are there.
+// shorter. It ends before any other line, and once all announced blocks are read.
 bool ReadBase64Between(std::string_view sRest, SInput& oInput)
 {
     constexpr std::string_view sHeader = "AP///////w";

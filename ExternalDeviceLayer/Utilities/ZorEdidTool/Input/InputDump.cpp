@@ -19,7 +19,7 @@ public:
     bool HasBegun() const { return m_bBegun; }
     bool IsXxd() const { return m_bColon; }
 
-    // False for a line that is none of a dump. Problems go to the input.
+    // False for a line that is not part of a dump. Problems go to the input.
     bool TakeLine(std::string_view sLine, size_t uiLine)
     {
         sLine = Trim(sLine);

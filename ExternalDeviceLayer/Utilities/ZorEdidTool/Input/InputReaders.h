@@ -19,7 +19,7 @@ std::string_view Trim(std::string_view sText);
 // The next line without its end; sRest moves past it.
 std::string_view TakeLine(std::string_view& sRest);
 
-// The next run of characters that are none of the separators; empty at the end.
+// The next run of characters that are not separators; empty at the end.
 std::string_view TakeToken(std::string_view& sRest, std::string_view sSeparators);
 
 bool IsHex(std::string_view sText);

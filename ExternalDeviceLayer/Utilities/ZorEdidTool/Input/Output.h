@@ -6,7 +6,7 @@
 
 // Writes sContent to sPath; "-" is standard output. A file is replaced in one step: a temporary file beside it is
 // written, synchronised and renamed, so that no reader ever sees a part. An existing file keeps its mode bits. Links
-// are followed, and the target of one that points to nothing comes up. Pipes, sockets and character devices are
+// are followed, and a dangling one has its target created. Pipes, sockets and character devices are
 // streams: they are written in place. A block device is not, and is refused.
 //   bForce   an existing file or link may be replaced; without it, it is a problem
 //   bIsText  binary data is never written to a terminal

@@ -26,7 +26,7 @@ _zoredid()
   local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' help all i
   help=$("${COMP_WORDS[0]}" --help 2> /dev/null < /dev/null)
   all=$(_zoredid_subcommands "$help")
-  # The first word that is one; ahead of it may stand options with values.
+  # The first word that is one; options with values may come before it.
   for ((i = 1; i < COMP_CWORD; ++i)); do
     if grep -qxF -e "${COMP_WORDS[i]}" <<< "$all"; then
       subcommand=${COMP_WORDS[i]}

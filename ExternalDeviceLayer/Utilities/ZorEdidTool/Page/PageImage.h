@@ -17,7 +17,7 @@
 // A field and what the other image has in its place.
 struct SPageField
 {
-    bool m_bDiffers = false;   // a leaf with another value, or one that only this image has; a group with such a leaf
+    bool m_bDiffers = false;   // a leaf with another value, or that only this image has; a group with such a leaf
     bool m_bOnlyHere = false;  // of a leaf or a group
     std::string m_sOther = {}; // the other value of a leaf
 };

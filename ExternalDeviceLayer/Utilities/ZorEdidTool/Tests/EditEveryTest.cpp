@@ -1,5 +1,5 @@
 // Every edit at every number over the images of the self-check and of the files given: an edit changes what it names
-// and nothing else, a refusal is no fault of ours, and numbers mean the image as it was read. What an image says is
+// and nothing else, a refusal is not our fault, and numbers mean the image as it was read. What an image says is
 // read here through the library's own operations and the bytes, apart from the command's verification.
 //
 // EditEveryTest MONITOR FILE...
@@ -103,7 +103,7 @@ std::string NameKind(const unsigned char* pui8DataBlock)
                                                                       : "other";
 }
 
-// 3D formats behind the video codes that they hold for, as the map of the image resolves them.
+// 3D formats after the video codes that they hold for, as the map of the image resolves them.
 void Read3d(const CBytes& aui8Image, CFacts& oFacts)
 {
     CZorEdidMap oMap;
@@ -569,7 +569,7 @@ void TestImage(const std::string& sImage, const CBytes& aui8Image)
 
 // ---- The verification ----
 
-// The image as one of EDID 1.4 with data blocks of all kinds, ahead of two detailed timings that are called native, and
+// The image as one of EDID 1.4 with data blocks of all kinds, before two detailed timings that are called native, and
 // with a block that the library does not read.
 CBytes MakeFullImage(const CBytes& aui8Monitor)
 {

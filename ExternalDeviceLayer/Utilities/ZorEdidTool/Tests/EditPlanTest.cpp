@@ -183,7 +183,7 @@ TEST(EditPlan, RefusalsHaveTheirReason)
 
 TEST(EditPlan, PreferredTimings)
 {
-    // Without a type the first table that has the mode, a progressive one ahead of an interlaced one, else CVT with
+    // Without a type the first table that has the mode, a progressive one before an interlaced one, else CVT with
     // reduced blanking. Totals and clocks are the published ones.
     const struct
     {

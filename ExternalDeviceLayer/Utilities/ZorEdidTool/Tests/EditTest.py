@@ -73,7 +73,7 @@ class Edits(unittest.TestCase):
                 ("--speakers FL/FR+lfe+FC+RL/RR+FLH/FRH", changed(128 + 25, "0f0100")),
                 ("--speakers none", cea(VIDEO + AUDIO + HDMI)),
                 ("--audio-remove 0 --speakers none", cea(VIDEO + HDMI, 0x31)),
-                # The order decides where the new descriptor stands.
+                # The order decides where the new descriptor goes.
                 ("--audio-add ac3,6ch,48,640kbps --audio-remove 0",
                  cea(VIDEO + "23150450" + SPEAKER + HDMI)),
                 ("--audio-remove 0 --audio-add ac3,6ch,48,640kbps",
@@ -96,7 +96,7 @@ class Edits(unittest.TestCase):
                 (repaired(digital), "--color-depth 10", repaired(digital[:20] + b"\xbf" + digital[21:])),
                 (cea(VIDEO + "68030c0010008f2d00"), "--deep-color 30,48", cea(VIDEO + "68030c001000df2d00")),
                 (cea(VIDEO + "68030c001000ff2d00" * 2), "--deep-color none", cea(VIDEO + "68030c0010008f2d00" * 2)),
-                # Speakers of later editions of the standard, bytes behind the mask, and a second data block.
+                # Speakers of later editions of the standard, bytes after the mask, and a second data block.
                 (cea(VIDEO + "8501f0409911" + "83020000"), "--speakers LFE+FLH/FRH",
                  cea(VIDEO + "8502f1409911" + "83020000")),
                 (cea(VIDEO + reserved), "--audio-add pcm,2ch,32+44.1+48,16 --audio-remove 0", cea(VIDEO + "23090701")),
@@ -266,7 +266,7 @@ class Files(unittest.TestCase):
     def test_moved_bytes_have_both_names(self):
         lines = run(MONITOR, "--dry-run", "--audio-remove", "0", "--diff")[1].decode().splitlines()
         self.assertIn("block 1 offset 0x02: 22 -> 1e  Offset of the detailed timing descriptors", lines)
-        # The tag stands in the upper bits, in the lower ones the length, which is 3 again.
+        # The tag is in the upper bits, in the lower ones the length, which is 3 again.
         self.assertIn("block 1 offset 0x14: 23 -> 83  Speaker allocation data block > Tag code; was Audio data block > "
                       "Tag code", lines)
         self.assertIn("block 1 offset 0x18: 83 -> 65  HDMI vendor-specific data block > Tag code, Length; was Speaker "

@@ -176,7 +176,7 @@ INSTANTIATE_TEST_SUITE_P(Wrong, EditVerify, testing::ValuesIn(gsc_aoWrongEdits),
 // Video codes 16, 4, 5 and 31 with 3D formats, which name them by place: those of the mask (16, 5, and a place with no
 // code), and one format each for 16, 4 and 5. A map says that 16 and 5 come in 4:2:0, too. Without code 4:
 //   04  43 90 05 1f        11  video fields, one HDMI code        14  formats of the mask, and the mask 40 03
-//   18  formats 06 16      1a  a byte behind them                 1b  e2 0f 03
+//   18  formats 06 16      1a  a byte after them                  1b  e2 0f 03
 TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
 {
     CBytes aui8Image = MakeImage();
@@ -219,7 +219,7 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
           { { 0x9D, "23" } },
           "block 1: Place without a video code 5" },
         { "native code", eEdit_RemoveStandard, "9", { { 0x86, "85" } }, "block 1: Native" },
-        // Timings 14 and 15 are the HDMI code's, behind which 08 00 01 40 becomes 08 01 40.
+        // Timings 14 and 15 are the HDMI code's, after which 08 00 01 40 becomes 08 01 40.
         { "HDMI code not gone",
           eEdit_RemoveStandard,
           "14",

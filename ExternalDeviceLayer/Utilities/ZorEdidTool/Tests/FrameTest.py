@@ -154,7 +154,7 @@ BAD = {  # what cannot be taken, and why
 
 
 def head(name):
-    """The line ahead of each report of several."""
+    """The line before each report of several."""
     return (name.replace("\n", "\\n") + ":\n").encode()
 
 
@@ -267,7 +267,7 @@ class Files(FolderCase):
         self.assertEqual(0, run("convert", MONITOR, "-o", self.path("link"), "--force")[0])
         self.assertEqual((IMAGE, 0o640), (self.read("out"), os.stat(target).st_mode & 0o7777))
         self.assertTrue(os.path.islink(self.path("link")))
-        self.assertEqual(["link", "out"], sorted(os.listdir(self.folder)))  # nothing left behind
+        self.assertEqual(["link", "out"], sorted(os.listdir(self.folder)))  # no temporary file left
 
         self.assertEqual(0, run("convert", MONITOR, "-o", self.path("new"), preexec_fn=lambda: os.umask(0o027))[0])
         self.assertEqual(0o640, os.stat(self.path("new")).st_mode & 0o7777)
@@ -344,7 +344,7 @@ class ManyFiles(FolderCase):
             one, four = (run(*arguments, "-j", jobs, *names) for jobs in "14")
             self.assertEqual(one, four, arguments)
             self.assertEqual((3, 2), (one[0], one[2].count("\n")), arguments)
-            self.assertIn(names[-1].encode(), one[1], arguments)  # those behind the two are done
+            self.assertIn(names[-1].encode(), one[1], arguments)  # those after the two are done
 
     def test_a_progress_bar_on_a_terminal_only(self):
         def errors_on_a_terminal(*arguments):

@@ -1,4 +1,4 @@
-// The readers of the command: texts of other tools against the bytes that they stand for, or against the refusal.
+// The readers of the command: texts of other tools against the bytes that they mean, or against the refusal.
 
 #include <gtest/gtest.h>
 
@@ -80,7 +80,7 @@ const SFormCase gsc_aoDumps[] = {
     { "LongWordsLowByteFirst", "0000000 33221100 77665544\n", gsc_szOd, "00 11 22 33 44 55 66 77" },
     { "OctalWords", "0000000 177400 000401\n", gsc_szOd, "00 FF 01 01" },
     { "OctalBytes", "0000000 000 377 012\n", gsc_szOd, "00 FF 0A" },
-    // The second address alone tells the radix: 18 bytes are 22 in octal digits and 12 in hexadecimal ones.
+    // Only the second address reveals the radix: 18 bytes are 22 in octal digits and 12 in hexadecimal ones.
     { "OctalAddresses", "000000 " + Repeat("aa ", 18) + "\n000022 bb\n", gsc_szOd, "AA*18 BB" },
     { "DecimalAddresses", "000000 " + Repeat("aa ", 18) + "\n000018 bb\n", gsc_szOd, "AA*18 BB" },
     { "HexadecimalAddresses", "000000 " + Repeat("aa ", 18) + "\n000012 bb\n", gsc_szOd, "AA*18 BB" },
@@ -124,7 +124,7 @@ const SFormCase gsc_aoDigits[] = {
     { "Base64InLines", std::string(76, '+') + "\r\n" + std::string(76, '+') + "\r\n" + std::string(20, '+') + "\r\n",
       gsc_szBase64, Repeat("FB EF BE ", 43) },
     { "Base64Address", "data:x/y;base64," + std::string(170, '/') + "8=\n", gsc_szBase64, "FF*128" },
-    // Three blocks, of which no digit tells the end: "exit" could be more of them.
+    // Three blocks, of which no digit marks the end: "exit" could be more of them.
     { "Base64BetweenEndsWithItsBlocks",
       "$ base64 x\nAP///////w" + std::string(118, 'A') + "\n" + std::string(41, 'A') + "g" + std::string(86, 'A') +
           "\n" + Repeat(std::string(128, 'A') + "\n", 2) + "exit\n",
@@ -177,7 +177,7 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "00000000: ff00 ffff ffff 00ff\n", "xxd dump whose bytes are swapped in each word (od -tx1 prints bytes)" },
         { Repeat("00 ", 126) + "02 00\nBlock 1\n" + Repeat("00 ", 8),
           "hexadecimal digits: line 2: ends the digits with fewer blocks than announced, and more follow" },
-        // A line is missing, comes twice, or stands in the wrong place.
+        // A line is missing, comes twice, or is in the wrong place.
         { "00000000: 00ff\n00000004: 10\n", "xxd dump: line 2: its address does not follow the bytes ahead of it" },
         { "00000000: 00ff\n00000000: 00ff\n", "xxd dump: line 2: its address does not follow the bytes ahead of it" },
         { "00000000: 00ff\n00000002: 0g\n", "xxd dump: line 2: not hexadecimal or octal bytes" },

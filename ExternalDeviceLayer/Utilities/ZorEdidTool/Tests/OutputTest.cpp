@@ -113,7 +113,7 @@ TEST_F(Output, WhatCannotBeWrittenLeavesNothing)
         EXPECT_EQ(oPath == "/dev/full" ? "done" : pszProblem, Ask(oPath, true)) << oPath;
     }
     EXPECT_EQ("done", Put(m_oFolder / std::string(255, 'x'), "new", false)); // the longest name
-    EXPECT_EQ("done", Put("/dev/null", "new", false));                       // a stream is no file that exists
+    EXPECT_EQ("done", Put("/dev/null", "new", false));                       // a stream is not a file to keep
     EXPECT_EQ((CNames{ "file", std::string(255, 'x') }), List());
     EXPECT_EQ("old", Read("file"));
 }

@@ -1,6 +1,6 @@
 # The page of zoredid in a browser: chromium, headless, through selenium.
 #   PageBrowserTest.py COMMAND PROJECT
-# Exits with 77 where there is no browser. The check of contrast and roles wants axe-core, which scripts/setup check
+# Exits with 77 without a browser. The check of contrast and roles wants axe-core, which scripts/setup check
 # fetches: its file axe.min.js, at ZOREDID_AXE or in the user's cache.
 
 import os

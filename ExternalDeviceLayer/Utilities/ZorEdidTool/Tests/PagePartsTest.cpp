@@ -30,11 +30,11 @@ TEST(PageHtml, NoTextBecomesMarkup)
         { "<b title=\"x\" a='y'>&amp;</b>", "&lt;b title=&quot;x&quot; a=&#39;y&#39;&gt;&amp;amp;&lt;/b&gt;" },
         { std::string("a\0b\n\x1F\x7F", 6), "a" + sReplaced + "b" + sReplaced + sReplaced + sReplaced },
         { "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 ~", "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 ~" },
-        // The first and last characters behind each kind of lead byte.
+        // The first and last characters after each kind of lead byte.
         { "\xC2\x80\xDF\xBF\xE1\x80\x80\xEC\xBF\xBF", "\xC2\x80\xDF\xBF\xE1\x80\x80\xEC\xBF\xBF" },
         { "\xEF\xBF\xBF\xF0\x90\x80\x80\xF1\x80\x80\x80\xF3\xBF\xBF\xBF",
           "\xEF\xBF\xBF\xF0\x90\x80\x80\xF1\x80\x80\x80\xF3\xBF\xBF\xBF" },
-        // A lead byte that lacks its rest takes nothing of the markup behind it.
+        // A lead byte that lacks its rest takes nothing of the markup after it.
         { "\xE2\x82<\xC3<", sReplaced + sReplaced + "&lt;" + sReplaced + "&lt;" },
         { "\xC0\xBC\xC1\xBC", sReplaced + sReplaced + sReplaced + sReplaced }, // too many bytes for "<"
         { "\xE0\x9F\xBF", sReplaced + sReplaced + sReplaced },
@@ -98,7 +98,7 @@ SPage MakePageOf(const std::vector<CBytes>& aaui8Images)
     return oPage;
 }
 
-// How often sPart stands in a text.
+// How often a text contains sPart.
 size_t Count(const std::string& sText, const std::string& sPart)
 {
     size_t uiCount = 0;
@@ -155,7 +155,7 @@ TEST(PageColour, CoverageOfTheCommonTriangles)
 
 TEST(PageColour, PointsOfTheTriangle)
 {
-    // A step of 1 is 500 units; x 0 stands at 44, y 0.9 at 10.
+    // A step of 1 is 500 units; x 0 is at 44, y 0.9 at 10.
     const SPage oPage = MakePageOf({ WithColours(MakeEdid({}), gsc_auiRight) });
     const std::string sHtml = MakeColours(oPage).Get();
     EXPECT_TRUE(Has(sHtml, "<path class=\"triangle own\" d=\"M294 335L169 210L169 335Z\"/>"));
@@ -331,7 +331,7 @@ TEST(PagePlots, LimitsAreABandOrABox)
     } aoCases[] = { { { 56, 75, 30, 67 }, 0 },    { { 56, 75, 30, 66 }, 2 }, { { 56, 75, 68, 90 }, 0 },
                     { { 56, 75, 69, 90 }, 2 },    { { 61, 75, 30, 83 }, 2 }, { { 50, 59, 30, 83 }, 2 },
                     { { 60, 60, 30, 83 }, 0 },    { { 75, 56, 30, 83 }, 0 }, { { 56, 75, 30, 83, 15 }, 0 },
-                    { { 56, 75, 30, 83, 14 }, 2 } }; // 75 to 56 Hz are no limits
+                    { { 56, 75, 30, 83, 14 }, 2 } }; // 75 to 56 Hz are not limits
     for (const auto& oCase : aoCases)
     {
         SPage oNext = MakePageOf({ WithLimits(oCase.m_aui8Limits) });
@@ -363,7 +363,7 @@ TEST(PageTimings, RatesAndPicturesOfAnInterlacedMode)
     EXPECT_EQ("1920 \u00D7 1080i at 60 Hz (fields)", DescribeMode(oMode));
     EXPECT_DOUBLE_EQ(0, GetFieldRate(CVidParamTimingGeneric()));
     const std::string sHtml = MakeTimings(oPage).Get();
-    // Sync and back porch stand ahead of the active pixels: 44 + 148, and 2 x 5 and the 31 lines that are left of 1125.
+    // Sync and back porch come before the active pixels: 44 + 148, and 2 x 5 and the 31 lines that are left of 1125.
     EXPECT_TRUE(Has(sHtml, "Modeline &quot;1920x1080i_60&quot; 74.25 1920 ")); // fields here, too
     EXPECT_TRUE(Has(sHtml, "viewBox=\"0 0 2200 1125\""));
     EXPECT_TRUE(Has(sHtml, "<rect class=\"active\" x=\"192\" y=\"41\" width=\"1920\" height=\"1080\"/>"));
@@ -405,7 +405,7 @@ TEST(PageHead, SizeAndDateInWords)
         const std::string sFact = std::string("<dt>") + oCase.m_pszFact + "</dt><dd>";
         EXPECT_TRUE(Has(sHtml, sFact + oCase.m_pszWords + "</dd>"));
     }
-    // Beside a sheet of 210 x 297 mm, which stands two heights of text (808 / 26 mm) away.
+    // Beside a sheet of 210 x 297 mm, which is two heights of text (808 / 26 mm) away.
     const std::string sHtml = MakeHead(MakePageOf({ aui8Monitor })).Get();
     EXPECT_TRUE(Has(sHtml, "viewBox=\"-2 -2 874.2 340\""));
     EXPECT_TRUE(Has(sHtml, "<rect x=\"0\" y=\"0\" width=\"598\" height=\"336\" rx=\"3\"/><path d=\"M0 336L598 0\"/>"));
@@ -413,7 +413,7 @@ TEST(PageHead, SizeAndDateInWords)
     EXPECT_TRUE(Has(sHtml, "598 \u00D7 336 mm, 27.0 in."));
 }
 
-// What lies behind the blocks that the image announces is no part of it.
+// What follows the announced blocks is not part of the image.
 TEST(PageHead, NativeModesAreThoseOfTheAnnouncedBlocks)
 {
     const auto fnNative = [](CBytes aui8Image, unsigned char ui8Announced) {

@@ -53,7 +53,7 @@ class Page(html.parser.HTMLParser):
             element["text"] += data
 
     def all(self, **wanted):
-        """The elements with these attributes; an underscore ahead of the name of one is left out, and one in it is '-'."""
+        """The elements with these attributes; an underscore before a name is left out, and one in it is '-'."""
         wanted = {name.lstrip("_").replace("_", "-"): value for name, value in wanted.items()}
         return [element for element in self.elements
                 if all(element.get(name) == value for name, value in wanted.items())]
@@ -180,7 +180,7 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.facts(change({0x10: "3c"}))["Made"], "2010")  # week 60
         cut = self.facts(MONITOR[:20])
         self.assertEqual((cut["Made"], cut.get("Interface"), cut.get("HDR")), ("2010, week 34", None, None))
-        # Two blocks of HDMI are none of the Forum; what stands behind the announced blocks is no part.
+        # Two blocks of HDMI do not make one of the Forum; what follows the announced blocks is not part of it.
         forum = b"\x02\x03\x0c\0\x67\xd8\x5d\xc4\1\x78\0\0".ljust(128, b"\0")
         for extra, count, found in [(MONITOR[128:], "02", "digital, HDMI"), (forum, "01", "digital, HDMI"),
                                     (forum, "02", "digital, HDMI 2.0 or later")]:
@@ -266,7 +266,7 @@ class PageTest(unittest.TestCase):
         self.assertIn("4 bytes differ. Timings only in A: 1, only in B: 0.", page.all(tag="main")[0]["text"])
         self.assertEqual([row["text"] for row in page.all(_class="differs", tag="tr")][0].split()[:3],
                          ["standard", "0A1152", "\u00d7"])
-        # A data block ahead of the others moves them; only what is new differs, and the two sums and counts.
+        # A data block before the others moves them; only what is new differs, and the two sums and counts.
         data = MONITOR[0x84:0xA2]
         moved = bytearray(MONITOR[:0x84] + data[:16] + b"\xe2\x00\x00" + data[16:] + MONITOR[0xA2:0xFC] + b"\0")
         moved[0x82] += 3

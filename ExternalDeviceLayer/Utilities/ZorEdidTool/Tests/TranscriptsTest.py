@@ -1,7 +1,7 @@
 """The transcripts of the README and of docs/, run as a user would. TranscriptsTest.py COMMAND PROJECT
 
-The console blocks of a page are one session in a folder of its own that holds monitor.bin. A line behind "$ " is a
-command, those behind "> " go on with it, and all others are what the command prints, on either output. A page is left
+The console blocks of a page are one session in a folder of its own that holds monitor.bin. A line after "$ " is a
+command, those after "> " continue it, and all others are what the command prints, on either output. A page is left
 at the first command that needs a tool which is not installed.
 """
 

@@ -129,7 +129,7 @@ inline constexpr auto& gsc_aoDmtModes = Rows::gsc_aoDmtModes;
 inline constexpr unsigned int gsc_uiDmtModes = 0x58;
 static_assert(std::size(gsc_aoDmtModes) == gsc_uiDmtModes);
 
-// Identifiers count from 1. Null for one that is not published.
+// Identifiers count from 1. Null for an unpublished one.
 constexpr const SDmtMode* FindDmtMode(unsigned int uiId)
 {
     return uiId - 1 < gsc_uiDmtModes ? &gsc_aoDmtModes[uiId - 1] : nullptr;

@@ -93,7 +93,7 @@ void DeclareConvertOptions(COptions& oCommand, STool& oTool)
         .Word("--form", poOptions->m_sForm,
               "Without it, the ending of OUT decides: .bin .xxd .hex .c .h .b64 .base64 .dat")
         .OneOf(asForms);
-    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT if it exists");
     oCommand.Footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
     oCommand.Run([poOptions, &oTool] { Convert(*poOptions, oTool); });
 }

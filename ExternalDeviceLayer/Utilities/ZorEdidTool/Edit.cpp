@@ -138,7 +138,8 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
         .Placeholder("OUT");
     oCommand.Flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
     oCommand.Flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
-    oCommand.Flag("--dry-run", poArguments->m_bDryRun, "Do everything but write, and say what would hinder it");
+    oCommand.Flag("--dry-run", poArguments->m_bDryRun,
+                  "Do everything but write, and report what would prevent writing");
     for (size_t i = 0; i < GetEditOptions().size(); ++i)
     {
         const SEditOption& oOption = GetEditOptions()[i];
@@ -149,7 +150,7 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
         oCommand.Edit(oOption.m_pszName, oOption.m_pszValue, oOption.m_pszHelp, fnCheck, i);
     }
     oCommand.Footer("Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
-                    "prints them. A removal that an earlier edit has done already is good. When one edit is refused,\n"
+                    "prints them. Removing the same thing twice is not an error. When one edit is refused,\n"
                     "nothing is written. An edit changes nothing that it does not name: the result is read again and\n"
                     "compared before it is written.\n"
                     "\n"

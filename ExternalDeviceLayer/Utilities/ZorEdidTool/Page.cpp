@@ -123,7 +123,7 @@ void DeclarePageOptions(COptions& oCommand, STool& oTool)
     oCommand.Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
         .Required()
         .Placeholder("OUT");
-    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT when it exists");
+    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT if it exists");
     oCommand.Footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
                     "Example:\n"
                     "  zoredid page monitor.bin -o monitor.html");

@@ -23,7 +23,7 @@ struct SSubcommand
 constexpr SSubcommand gsc_aoSubcommands[] = {
     { "report", "Print what a monitor says about itself", DeclareReportOptions },
     { "modes", "List all timings with the numbers that edits take", DeclareModesOptions },
-    { "compare", "Tell whether two images announce the same modes", DeclareCompareOptions },
+    { "compare", "Compare the modes that two images announce", DeclareCompareOptions },
     { "check", "Name what is wrong with images", DeclareCheckOptions },
     { "explain", "Say what each byte of an image means", DeclareExplainOptions },
     { "page", "Write a page for a browser: bytes, fields, timings, colours", DeclarePageOptions },
@@ -44,7 +44,7 @@ void SetSignals()
 void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
 {
     COptions& oProgram = oCommandLine.GetOptions();
-    oProgram.Version("--version", "zoredid " ZOREDID_VERSION, "Print the version and end");
+    oProgram.Version("--version", "zoredid " ZOREDID_VERSION, "Print the version and exit");
     oProgram.Flag("-v,--verbose", oTool.m_bVerbose,
                   "Say on standard error what inputs were taken for, and what the library says about them");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();

@@ -25,7 +25,7 @@ constexpr ZorStandards::Cta::SDataBlockKind gsc_aoHdmiBlocks[] = {
 constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
 constexpr const char* gsc_pszReferred =
     "a data block that prefers timings, or names the native one, has its video code";
-constexpr const char* gsc_pszInUse = "has bytes behind its detailed timings that would read differently";
+constexpr const char* gsc_pszInUse = "has bytes after its detailed timings that would read differently";
 
 CPresent MakeNumbers(unsigned int uiCount)
 {
@@ -303,7 +303,7 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
 // Tries the CEA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
 std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit)
 {
-    std::string sReason = "no CEA-861 block that is read can hold data blocks";
+    std::string sReason = "the library reads no CTA-861 block that can hold data blocks";
     bool bFirst = true;
     for (SEditedBlock& oBlock : m_aoBlocks)
     {
@@ -509,7 +509,7 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
     if (IsReferred(uiFirstReference + uiPlaceOfAll, uiReferencesEnd))
     {
-        return "a data block that prefers timings, or names the native one, counts it or one behind it";
+        return "a data block that prefers timings, or names the native one, counts it or a later one";
     }
     const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
     if (!bRemoved)

@@ -52,7 +52,7 @@ public:
         }
         if (!CheckAddress(sAddress))
         {
-            m_oInput.m_sProblem = AtLine(uiLine, "its address does not follow the bytes ahead of it");
+            m_oInput.m_sProblem = AtLine(uiLine, "its address does not follow the bytes before it");
         }
         else if (!AddGroups(CutText(sLine)))
         {

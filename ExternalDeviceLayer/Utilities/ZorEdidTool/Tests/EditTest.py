@@ -127,7 +127,7 @@ class Edits(unittest.TestCase):
         cut = damaged + "an audio data block is cut within a descriptor"
         formats = "block 1 has 3D formats for all of its first 16 video codes, or damaged ones"
         all_3d = "6c030c0010000000" + "20a0020140"
-        code, counted = (" has its video code", " counts it or one behind it")
+        code, counted = (" has its video code", " counts it or a later one")
         preference = cea("420405e40d058310")
         for image, arguments, reason in (
                 (cea(VIDEO + AUDIO + "2409070155"), "--audio-remove 0", cut),

@@ -178,16 +178,16 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { Repeat("00 ", 126) + "02 00\nBlock 1\n" + Repeat("00 ", 8),
           "hexadecimal digits: line 2: ends the digits with fewer blocks than announced, and more follow" },
         // A line is missing, comes twice, or is in the wrong place.
-        { "00000000: 00ff\n00000004: 10\n", "xxd dump: line 2: its address does not follow the bytes ahead of it" },
-        { "00000000: 00ff\n00000000: 00ff\n", "xxd dump: line 2: its address does not follow the bytes ahead of it" },
+        { "00000000: 00ff\n00000004: 10\n", "xxd dump: line 2: its address does not follow the bytes before it" },
+        { "00000000: 00ff\n00000000: 00ff\n", "xxd dump: line 2: its address does not follow the bytes before it" },
         { "00000000: 00ff\n00000002: 0g\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
         { "00: 00 ff\n02: XX XX\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
         { "0000000 00 ff\n0000002 10000\n", "od dump: line 2: not hexadecimal or octal bytes" },
         { "0000000 000 377\n0000002 400\n", "od dump: line 2: not hexadecimal or octal bytes" },
         { "0000000 177777\n0000002 200000\n", "od dump: line 2: not hexadecimal or octal bytes" },
-        { "00000000: 00ff\n*\n00000005: 10\n", "xxd dump: line 3: its address does not follow the bytes ahead of it" },
+        { "00000000: 00ff\n*\n00000005: 10\n", "xxd dump: line 3: its address does not follow the bytes before it" },
         { "000000 " + Repeat("aa ", 18) + "\n000022 " + Repeat("bb ", 18) + "\n000036 cc\n",
-          "od dump: line 3: its address does not follow the bytes ahead of it" }, // 44 in octal digits
+          "od dump: line 3: its address does not follow the bytes before it" }, // 44 in octal digits
         { "0000000 00\n*\n4000000 01\n", "od dump of more than 256 blocks" },
         { "{ 1,\n256 }", "C array: line 2: a number from 0 to 255 is missing in the array" },
         { "{ 1, 0x100 }", "C array: line 1: a number from 0 to 255 is missing in the array" },

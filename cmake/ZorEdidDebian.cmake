@@ -53,7 +53,7 @@ tools read and write.")
 endif()
 
 set(about "The library loads, lists, edits and writes EDID data: base blocks and
-extension blocks (CEA-861, DisplayID up to 1.2). It computes timings, and a
+extension blocks (CTA-861, DisplayID up to 1.2). It computes timings, and a
 map of the bytes says what each of them means, in blocks of any kind.")
 zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID data of monitors (development files)"
 "${about}

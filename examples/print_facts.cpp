@@ -20,7 +20,7 @@ namespace
 using CCea = CEdidExtBlockCEA861;
 
 constexpr unsigned int gsc_uiSerialOffset = 12;   // in the base block: four bytes, little-endian
-constexpr unsigned int gsc_uiCeaExtensionTag = 2; // CEdidExtBlock::GetExtensionType of a CEA-861 block
+constexpr unsigned int gsc_uiCeaExtensionTag = 2; // CEdidExtBlock::GetExtensionType of a CTA-861 block
 constexpr unsigned int gsc_uiVariantKey = 1000;   // added to a code: its row of 1000/1001 of the rate
 
 void PrintIdentity(const CEdid& oEdid)

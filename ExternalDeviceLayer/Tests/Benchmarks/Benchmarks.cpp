@@ -41,7 +41,7 @@ int Load(CEdid& oEdid, const CBytes& aui8Image)
     return oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
 }
 
-// A CEA-861 block with codes 1 to uiCodes, and audio, speakers, an HDMI block with deep colour and a detailed timing
+// A CTA-861 block with codes 1 to uiCodes, and audio, speakers, an HDMI block with deep colour and a detailed timing
 // when bRich is set.
 CBytes MakeCeaBlock(unsigned int uiCodes, bool bRich)
 {

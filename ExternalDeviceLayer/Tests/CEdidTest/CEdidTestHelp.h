@@ -55,7 +55,7 @@ struct STimingData
     unsigned int m_uiVerticalActive;
     unsigned int m_uiVerticalRateInHz;
     CVidParamDmt::EModeListType m_eModeListType; // of a DMT row, else 0
-    unsigned int m_uiVic;                        // of a CEA-861 row: n, or n + 1000 for its 1000/1001 variant; else 0
+    unsigned int m_uiVic;                        // of a CTA-861 row: n, or n + 1000 for its 1000/1001 variant; else 0
 };
 static_assert(sizeof(STimingData) == 24, "six 32-bit fields");
 

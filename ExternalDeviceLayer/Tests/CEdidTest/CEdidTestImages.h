@@ -146,7 +146,7 @@ constexpr bool HasValidChecksums(const SEdidImage& aui8Image)
 
 // ---- Images of real monitors that several suites start from. ----
 
-// LG Ultra HD, version 1.4: two detailed timings in the base block, two in a CEA-861 block at its offsets 17 and 35.
+// LG Ultra HD, version 1.4: two detailed timings in the base block, two in a CTA-861 block at its offsets 17 and 35.
 constexpr SEdidImage gsc_aui8LgUltraHd =
     ReadHexImage("00FFFFFFFFFFFF001E6D095BC51F0400011B0104B53C22789E3035A7554EA326"
                  "0F50542108007140818081C0A9C0D1C08100010101014DD000A0F0703E803020"
@@ -158,7 +158,7 @@ constexpr SEdidImage gsc_aui8LgUltraHd =
                  "00000000000000000000000000000000000000000000000000000000000000C8");
 static_assert(HasValidChecksums(gsc_aui8LgUltraHd));
 
-// Philips 288P6, version 1.4. Its CEA-861 block: video at offset 4, audio at 16, speakers at 20, HDMI vendor block at
+// Philips 288P6, version 1.4. Its CTA-861 block: video at offset 4, audio at 16, speakers at 20, HDMI vendor block at
 // 24, four detailed timings from 35 on.
 constexpr SEdidImage gsc_aui8Philips288P6 =
     ReadHexImage("00FFFFFFFFFFFF00410CD7086B00000016190104A53E22783A5525A1574FA028"
@@ -175,7 +175,7 @@ static_assert(HasValidChecksums(gsc_aui8Philips288P6));
 
 namespace AsusHd
 {
-// ASUS VE276, version 1.3, with a CEA-861 block of revision 3.
+// ASUS VE276, version 1.3, with a CTA-861 block of revision 3.
 constexpr SEdidImage g_auiAsusHdEdidData =
     ReadHexImage("00FFFFFFFFFFFF000469F4277F39020022140103803C22782AEED5A555489B26"
                  "125054B7EF00714F81C0814081809500B300D1C00101023A801871382D40582C"

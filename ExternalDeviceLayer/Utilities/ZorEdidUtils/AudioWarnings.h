@@ -1,4 +1,4 @@
-// What the HDMI compliance test objects to in the audio of a CEA-861 block. Private to the sources that print it.
+// What the HDMI compliance test objects to in the audio of a CTA-861 block. Private to the sources that print it.
 
 #pragma once
 

@@ -122,7 +122,7 @@ public:
                                                   CMArrayString& oLines, const char* pszLinePrefix);
 
     /// The monitor report with the digital interface (revision 4 only), the types of the extension blocks, native table
-    /// timings, and for each CEA-861 block its detailed timings, audio, speakers, warnings and free space.
+    /// timings, and for each CTA-861 block its detailed timings, audio, speakers, warnings and free space.
     static void GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, CMArrayString& oLines,
                                                      const char* pszLinePrefix);
     static void GetEdidFormatedAsZorEdidExtractorExt(const CEdid& oEdid, const CVidParamTimingGeneric& oPreferred,

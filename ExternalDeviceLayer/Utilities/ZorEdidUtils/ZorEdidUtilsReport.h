@@ -12,7 +12,7 @@ namespace ZorUtils
 
 using ZorCore::CTextLine;
 
-inline constexpr unsigned int gsc_uiCeaExtensionTag = 2; // of an extension block after CEA-861
+inline constexpr unsigned int gsc_uiCeaExtensionTag = 2; // of a CTA-861 block
 
 // Appends all fields of a timing as the full form of CZorEdidUtils::GetFormatedVideoParam has them.
 CTextLine& AppendAllFields(CTextLine& oLine, const SVidParamGenericData& oData);

@@ -1,5 +1,5 @@
 // The extended monitor report: what it adds to the monitor report of ZorEdidUtilsReport.cpp. The digital interface,
-// the types of the extension blocks, native table timings and the digest of each CEA-861 block.
+// the types of the extension blocks, native table timings and the digest of each CTA-861 block.
 
 #include "ZorEdidUtils.h"
 
@@ -100,7 +100,7 @@ void CExtendedReport::AddDigitalInterface()
     m_oReport.Add(CTextLine("  Digital interface type:      ").Text(GetDigitalInterfaceText(eInterface)));
 }
 
-// ---- Digest of a CEA-861 block ----
+// ---- Digest of a CTA-861 block ----
 
 void CExtendedReport::AddBlockDigest(const CEdidExtBlock& oBlock)
 {

@@ -1,4 +1,4 @@
-// Finding things in the bytes of a CEA-861 block, making room in them and closing gaps. What the bytes mean is in
+// Finding things in the bytes of a CTA-861 block, making room in them and closing gaps. What the bytes mean is in
 // EdidExtBlockCEA861Video.cpp and EdidExtBlockCEA861Audio.cpp.
 
 #include "Cea861Bytes.h"

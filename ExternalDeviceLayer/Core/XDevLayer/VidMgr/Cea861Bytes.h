@@ -1,4 +1,4 @@
-// The bytes of a CEA-861 block without its lists: finding data blocks and descriptors, and the edits that make room and
+// The bytes of a CTA-861 block without its lists: finding data blocks and descriptors, and the edits that make room and
 // close gaps. Private to VidMgr: CEdidExtBlockCEA861 keeps its lists in step with the bytes.
 //
 // All offsets count from the first byte of the block; 0 means "not found". No byte outside the 128 is read or written,

@@ -42,7 +42,7 @@ public:
     /// announces as far as they are given. A block of an unknown kind or with a wrong checksum is dropped after an
     /// assertion line; more blocks announced than given writes one line. Bytes after the announced blocks are ignored.
     /// The bytes are copied; pui8Data must not point into this object, whose old blocks are deleted first.
-    ///   uiStripFlags  handed to each CEA-861 block, CEdidExtBlockCEA861::EStripFlags; 0 loads everything
+    ///   uiStripFlags  handed to each CTA-861 block, CEdidExtBlockCEA861::EStripFlags; 0 loads everything
     /// Returns 1, also for null data or a size of 0, which empty the object; 0 for another size or a base block that is
     /// refused. Whatever the result, the previous contents are gone.
     int SetEdidBuffer(const unsigned char* pui8Data, unsigned int uiSize, unsigned int uiStripFlags);

@@ -25,7 +25,7 @@ public:
         eRefusal_None = 0,
         eRefusal_Size = 1,            ///< fewer than 128 bytes, or null
         eRefusal_Kind = 2,            ///< a tag other than 2 and 112
-        eRefusal_Revision = 3,        ///< CEA-861 revision above 3, DisplayID version above 1.2
+        eRefusal_Revision = 3,        ///< CTA-861 revision above 3, DisplayID version above 1.2
         eRefusal_SectionSize = 4,     ///< the DisplayID section runs past byte 126
         eRefusal_Checksum = 5,        ///< of all bytes given
         eRefusal_SectionChecksum = 6, ///< of the DisplayID section
@@ -42,7 +42,7 @@ public:
     CEdidExtBlock(CEdidExtBlock&&) = delete;
     CEdidExtBlock& operator=(CEdidExtBlock&&) = delete;
 
-    virtual unsigned int GetExtensionType() const = 0; ///< extension tag: 2 CEA-861, 112 DisplayID
+    virtual unsigned int GetExtensionType() const = 0; ///< extension tag: 2 CTA-861, 112 DisplayID
     virtual unsigned int GetSize() const = 0;          ///< number of raw bytes held
     virtual const unsigned char* GetData() const = 0;  ///< the raw bytes; owned by the block, valid as long as it lives
     /// Copies at most uiSize bytes to pui8Data and returns their number.
@@ -93,7 +93,7 @@ public:
 
     /// Makes the object for a block; the only way blocks come into being. The bytes alone decide the class.
     ///   uiSize, pui8Data  128 bytes, which are copied
-    ///   uiStripFlags      what a CEA-861 block leaves out, CEdidExtBlockCEA861::EStripFlags; 0 for nothing
+    ///   uiStripFlags      what a CTA-861 block leaves out, CEdidExtBlockCEA861::EStripFlags; 0 for nothing
     /// The caller owns the object and deletes it through this interface. Null after one assertion line for a block of
     /// another kind or with a wrong checksum; after three for fewer than 128 bytes or null data.
     static CEdidExtBlock* CreateExtensionBlock(unsigned int uiSize, const unsigned char* pui8Data,

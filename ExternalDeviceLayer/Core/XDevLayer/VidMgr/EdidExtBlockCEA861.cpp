@@ -1,4 +1,4 @@
-// A CEA-861 block as an object: loading and stripping, detailed timings, the search for data blocks, and what keeps the
+// A CTA-861 block as an object: loading and stripping, detailed timings, the search for data blocks, and what keeps the
 // lists in step with the bytes. What the data blocks mean is in EdidExtBlockCEA861Video.cpp (video, HDMI) and
 // EdidExtBlockCEA861Audio.cpp (audio, speakers); bytes are found and moved in Cea861Bytes.cpp.
 

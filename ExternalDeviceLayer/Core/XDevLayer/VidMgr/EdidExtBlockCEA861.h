@@ -1,4 +1,4 @@
-/// CEdidExtBlockCEA861: one 128-byte CEA-861 extension block (EDID extension tag 2, revisions 0 to 3).
+/// CEdidExtBlockCEA861: one 128-byte CTA-861 extension block (EDID extension tag 2, revisions 0 to 3).
 ///
 /// The block holds its own copy of the bytes and lists derived from them. Table timings, audio and speakers are read
 /// from the lists, detailed timings from the bytes, except where a step has moved bytes and left the lists. An edit
@@ -206,7 +206,7 @@ public:
     /// A descriptor that lies over the block's four header bytes (byte 2 below 4) is refused.
     int RemoveDetailed(unsigned int uiIndex) override;
     /// How many of the image's detailed timings are native, counted from the first one of the base block over all
-    /// CEA-861 blocks: bits 3 to 0 of byte 3, which a removal leaves. Refuses more than 15, and a revision below 2,
+    /// CTA-861 blocks: bits 3 to 0 of byte 3, which a removal leaves. Refuses more than 15, and a revision below 2,
     /// which has no such count.
     int SetNativeDetailedCount(unsigned int uiCount);
     /// Derives the list of descriptors from the bytes; returns GetDetailedCount.

@@ -1,4 +1,4 @@
-// Audio and speaker allocation data blocks of a CEA-861 block: the lists of descriptors and masks, and their editing.
+// Audio and speaker allocation data blocks of a CTA-861 block: the lists of descriptors and masks, and their editing.
 // Making room and closing gaps is left to Cea861Bytes.cpp.
 
 #include "EdidExtBlockCEA861.h"

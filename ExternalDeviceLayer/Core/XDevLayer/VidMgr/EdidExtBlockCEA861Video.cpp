@@ -1,4 +1,4 @@
-// Video codes of a CEA-861 block: short video descriptors, HDMI codes and the YCbCr 4:2:0 blocks gathered into one list
+// Video codes of a CTA-861 block: short video descriptors, HDMI codes and the YCbCr 4:2:0 blocks gathered into one list
 // of table timings, a timing taken out of the bytes again, and the deep colour bits of the HDMI vendor blocks. The
 // timings of the codes come from VidParamCea, the inside of an HDMI vendor block from Hdmi1xVsdb.
 
@@ -118,7 +118,7 @@ struct SCode
     SDataBlockKind m_oKind;
     unsigned int m_uiBlockIndex;
     unsigned int m_uiPosition;
-    unsigned int m_uiOffset; // of its byte, in the CEA-861 block
+    unsigned int m_uiOffset; // of its byte, in the CTA-861 block
 };
 
 // Every code of the block in the order that the capability map counts them. Each comes from a byte of its own after a

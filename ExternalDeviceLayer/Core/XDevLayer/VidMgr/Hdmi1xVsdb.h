@@ -1,6 +1,6 @@
 // CHdmi1xVsdb: a view over the payload of one HDMI 1.x vendor-specific data block, read and edited in place.
 //
-// Short-lived: built on the stack within one operation of the CEA-861 block, over bytes that the block owns. It must
+// Short-lived: built on the stack within one operation of the CTA-861 block, over bytes that the block owns. It must
 // not outlive them, and nothing else may move them meanwhile. It knows only the payload: the header of the data block,
 // byte 2 and the checksum are the caller's.
 //

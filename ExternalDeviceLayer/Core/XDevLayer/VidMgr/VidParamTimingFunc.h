@@ -1,4 +1,4 @@
-/// The front door to every source of timings: the tables (DMT, CEA-861, SMPTE) and the formulas (CVT, GTF).
+/// The front door to every source of timings: the tables (DMT, CTA-861, SMPTE) and the formulas (CVT, GTF).
 /// Sizes in pixels and lines, rates in whole Hz. Results are 1 for found and 0 for not.
 
 #pragma once

@@ -31,7 +31,7 @@ inline CBytes MakeImage(const std::string& sText)
     aui8Cea = FixChecksums(aui8Cea);
     const CBytes aui8Record = MakeDataBlock(3, 0, Type1Record1080p());
     const std::map<std::string, CBytes> oImages = {
-        { "asus", ToBytes(AsusHd::g_auiAsusHdEdidData) }, // a base block and a CEA-861 block without native codes
+        { "asus", ToBytes(AsusHd::g_auiAsusHdEdidData) }, // a base block and a CTA-861 block without native codes
         { "standard2", ToBytes(ExtStandard2::g_auiStandard2EdidData) },
         { "lg", ToBytes(gsc_aui8LgUltraHd) },
         { "cea", MakeEdid({ aui8Cea }) },

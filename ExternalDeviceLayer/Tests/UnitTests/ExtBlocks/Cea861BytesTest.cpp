@@ -1,4 +1,4 @@
-// The edits that move bytes of a CEA-861 block, without its lists.
+// The edits that move bytes of a CTA-861 block, without its lists.
 
 #include <gtest/gtest.h>
 

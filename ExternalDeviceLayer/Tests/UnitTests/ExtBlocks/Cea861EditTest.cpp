@@ -1,4 +1,4 @@
-// Editing a CEA-861 block, by the bytes of the whole block before and after the edit.
+// Editing a CTA-861 block, by the bytes of the whole block before and after the edit.
 
 #include <gtest/gtest.h>
 

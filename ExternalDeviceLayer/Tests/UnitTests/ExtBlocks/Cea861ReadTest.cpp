@@ -1,4 +1,4 @@
-// Reading a CEA-861 block: which bytes it takes, where its data blocks and descriptors lie, what its lists hold.
+// Reading a CTA-861 block: which bytes it takes, where its data blocks and descriptors lie, what its lists hold.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Loading CEA-861 blocks and comparing their lists, for the tests of this folder.
+// Loading CTA-861 blocks and comparing their lists, for the tests of this folder.
 
 #pragma once
 

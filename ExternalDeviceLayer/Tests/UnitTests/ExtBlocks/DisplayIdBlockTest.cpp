@@ -29,7 +29,7 @@ TEST(DisplayIdBlock, WhatIsNotSupportedGivesAnEmptyObject)
     const CBytes aui8Good = MakeDisplayIdBlock({});
     const std::pair<CBytes, CBlock::ERefusal> aoCases[] = {
         { FixChecksums(WithChange(aui8Good, 0, 0x40)), CBlock::eRefusal_Kind },
-        { FixChecksums(WithChange(aui8Good, 0, 0x02)), CBlock::eRefusal_Revision }, // as a CEA-861 block
+        { FixChecksums(WithChange(aui8Good, 0, 0x02)), CBlock::eRefusal_Revision }, // as a CTA-861 block
         { FixChecksums(WithChange(aui8Good, 5, 1)), CBlock::eRefusal_SectionChecksum },
         { WithChange(aui8Good, 127, 1), CBlock::eRefusal_Checksum },
         { MakeDisplayIdBlock({}, 0, 0x13), CBlock::eRefusal_Revision },

@@ -8,7 +8,7 @@
 #include "DisplayIdImages.h"
 #include "SharedFiles.h"
 
-// An image of the self-check with a CEA-861 block (audio, speakers, HDMI codes), and then a DisplayID block. One
+// An image of the self-check with a CTA-861 block (audio, speakers, HDMI codes), and then a DisplayID block. One
 // code occurs as a short video descriptor and as an HDMI code, so that its removal edits two data blocks.
 inline CBytes MakeImageWithAllBlocks()
 {
@@ -21,7 +21,7 @@ inline CBytes MakeImageWithAllBlocks()
 // Those of the self-check and three more.
 inline std::map<std::string, CBytes> GetImages()
 {
-    // A base block of version 1.4, digital, with a wrong checksum, which its edits mend; a CEA-861 block with an empty
+    // A base block of version 1.4, digital, with a wrong checksum, which its edits mend; a CTA-861 block with an empty
     // display descriptor in place of a timing: removals of table timings move its tag to where a pixel clock would be.
     CBytes aui8WrongSum = MakeEdid({ ParseBytes("02 03 09 00 44 90 04 03 02 00 00 00 10 ..127 sum") });
     ++aui8WrongSum[gsc_uiBlockSize - 1];

@@ -87,7 +87,7 @@ inline std::vector<CLists> GetLists(const CEdid& oEdid)
     return aoLists;
 }
 
-// Whether the data blocks of a CEA-861 block end where its descriptors begin, its audio blocks hold whole descriptors,
+// Whether the data blocks of a CTA-861 block end where its descriptors begin, its audio blocks hold whole descriptors,
 // and only zeros follow the descriptors, or the data blocks if descriptors are not allowed. In other
 // blocks an edit may cut or uncover bytes that then read as something else.
 inline bool IsTidy(const unsigned char* pui8Block, bool bWithoutDescriptors = false)

@@ -66,7 +66,7 @@ inline CBytes MakeEdid(const std::vector<CBytes>& aoBlocks)
     return aui8Edid;
 }
 
-// A CEA-861 block of revision 3 with two codes, 16 (native) and 4, and one detailed timing, 1920 x 1080 at 148.5 MHz.
+// A CTA-861 block of revision 3 with two codes, 16 (native) and 4, and one detailed timing, 1920 x 1080 at 148.5 MHz.
 inline CBytes MakeCeaBlock()
 {
     return FixChecksums(Join({ ParseBytes("02 03 07 00 42 90 04"), Detailed1080p(), CBytes(103) }));

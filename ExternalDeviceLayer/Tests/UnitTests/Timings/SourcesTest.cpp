@@ -44,7 +44,7 @@ std::vector<CAllValues> ReadTable(const STableCase& oTable)
     return aauiRows;
 }
 
-// A multiplicative hash over the numbers of all rows: of a CEA-861 row the code; sizes, rate, clock, porches and syncs;
+// A multiplicative hash over the numbers of all rows: of a CTA-861 row the code; sizes, rate, clock, porches and syncs;
 // the flags, with bit 7 for a reduced mode.
 TEST(TableRows, HaveThePublishedValuesInTheirOrder)
 {

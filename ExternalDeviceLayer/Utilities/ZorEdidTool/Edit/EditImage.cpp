@@ -52,7 +52,7 @@ unsigned int FindCode(const SEditedBlock& oBlock, unsigned int uiNumber)
 }
 
 // Short video references of the blocks that prefer a timing or name the native one. 1 to 127 and 193 to 253 are video
-// codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CEA-861 blocks.
+// codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CTA-861 blocks.
 CBytes ListReferences(const CEdidExtBlockCEA861& oCea)
 {
     constexpr unsigned int uiNativeTag = 8; // extended tags
@@ -279,7 +279,7 @@ CEdidExtBlockCEA861* CEditImage::GetCea(const SEditedBlock& oBlock)
                                    : AsCea(m_oEdid.GetExtension(static_cast<unsigned int>(oBlock.m_iExtension)));
 }
 
-// ---- CEA-861 blocks ----
+// ---- CTA-861 blocks ----
 
 // Lets fnEdit change the block, which it does on a copy first: there it must leave the descriptors as they are and give
 // an empty result; else its result is the reason of the refusal.
@@ -300,7 +300,7 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
     return sReason.empty() ? fnEdit(*poCea) : sReason;
 }
 
-// Tries the CEA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
+// Tries the CTA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
 std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit)
 {
     std::string sReason = "the library reads no CTA-861 block that can hold data blocks";
@@ -455,7 +455,7 @@ bool CEditImage::IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumbe
     return false;
 }
 
-// The base block's descriptors and those of the CEA-861 blocks are counted together, those of DisplayID blocks are not.
+// The base block's descriptors and those of the CTA-861 blocks are counted together, those of DisplayID blocks are not.
 unsigned int CEditImage::CountDetailedAhead(const SEditedBlock& oBlock)
 {
     unsigned int uiCount = 0;

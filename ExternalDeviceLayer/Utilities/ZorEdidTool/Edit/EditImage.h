@@ -32,7 +32,7 @@ struct SBlockEdits
     unsigned int m_uiColorDepth = 0;
     bool m_bPreferred = false;
     CVidParamTimingGeneric m_oPreferred;
-    // CEA-861 blocks.
+    // CTA-861 blocks.
     bool m_bDeepColor = false;
     unsigned int m_uiDeepColor = 0;
     CNumbers m_oAudioRemoved;

@@ -194,7 +194,7 @@ private:
         }
     }
 
-    // How many are gone of the first detailed timings of the base block and then the CEA-861 blocks: the native ones.
+    // How many are gone of the first detailed timings of the base block and then the CTA-861 blocks: the native ones.
     unsigned int CountRemoved(unsigned int uiNatives) const
     {
         unsigned int uiRemoved = 0;

@@ -1,4 +1,4 @@
-// Data blocks and descriptor area of a CEA-861 block.
+// Data blocks and descriptor area of a CTA-861 block.
 
 #include "CeaBlocks.h"
 

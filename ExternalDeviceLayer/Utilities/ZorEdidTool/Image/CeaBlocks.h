@@ -1,4 +1,4 @@
-// The parts of a CEA-861 block that edits must not touch, and the walk over its data blocks.
+// The parts of a CTA-861 block that edits must not touch, and the walk over its data blocks.
 
 #pragma once
 

@@ -18,7 +18,7 @@ struct SImageBlock
     CEdidExtBlock* m_poLoaded; // null for a block that the library does not read
 
     unsigned int GetTag() const { return m_pui8Bytes[0]; }
-    // Null unless the block is loaded and after CEA-861.
+    // Null unless the block is loaded and a CTA-861 block.
     CEdidExtBlockCEA861* GetCea() const;
 };
 

@@ -38,7 +38,7 @@ CTexts List(const CBytes& aui8Image, unsigned int uiThisYear = gsc_uiThisYear)
     return asFindings;
 }
 
-// A base block of 2010 that calls itself 1.3, and a CEA-861 block of revision 3 with four timings.
+// A base block of 2010 that calls itself 1.3, and a CTA-861 block of revision 3 with four timings.
 CBytes GetMonitor() { return ReadBytes(ZOREDID_SOURCE_DIR "/examples/monitor.bin"); }
 
 struct SCheckCase

@@ -41,7 +41,7 @@ def cea(data_blocks, flags=0x71, image=IMAGE):
 
 
 def detailed(count, *natives):
-    """An image with two detailed timings in the base block and one in each CEA-861 block."""
+    """An image with two detailed timings in the base block and one in each CTA-861 block."""
     base = IMAGE[:72] + IMAGE[54:72] + b"".join(b"\0\0\0\x10".ljust(18, b"\0") for _ in "ab")
     timing = IMAGE[54:72]
     blocks = [bytes([2, 3, 4, native]) + timing * count for native in natives]

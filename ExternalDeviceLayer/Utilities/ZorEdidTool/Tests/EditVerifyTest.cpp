@@ -11,7 +11,7 @@
 
 namespace
 {
-// The monitor of the examples as one of EDID 1.4, with 17 established timings and 7 pairs; a CEA-861 block, and one
+// The monitor of the examples as one of EDID 1.4, with 17 established timings and 7 pairs; a CTA-861 block, and one
 // that the library does not read. The first three detailed timings are called native: one of the base block, two here.
 //   04  three codes              08  two audio descriptors, of which the first has its reserved bit set
 //   0f  speakers                 13  HDMI with deep colours

@@ -18,10 +18,10 @@ if(DEBIAN)
   # Not optimised, which takes a fifth of the time.
   set(ENV{DEB_BUILD_OPTIONS} noopt)
   foreach(run IN ITEMS first second)
-    execute_process(COMMAND ${project}/scripts/package ${WORK}/debian -DCMAKE_CXX_COMPILER=${COMPILER}
+    execute_process(COMMAND ${project}/scripts/package ${WORK}/${run} -DCMAKE_CXX_COMPILER=${COMPILER}
                             -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DZOREDID_OS_SERVICES=${SERVICES}
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-    file(GLOB debian "${WORK}/debian/*.deb")
+    file(GLOB debian "${WORK}/${run}/*.deb")
     foreach(file IN LISTS debian)
       file(SHA256 ${file} hash)
       list(APPEND ${run} ${hash})

@@ -33,6 +33,7 @@ bool IsReservedSvd(unsigned int uiSvd) { return ReadShortVideo(uiSvd).m_uiCode =
 unsigned int GetVideoCode(unsigned int uiSvd) { return ReadShortVideo(uiSvd).m_uiCode; }
 
 bool IsSvdWithNative(const CRecord& oSvd) { return HasNativeBit(oSvd.GetByte(0)); }
+bool IsSvdWithoutNative(const CRecord& oSvd) { return IsListedAsOther(oSvd.GetByte(0)); }
 bool IsSvdReserved(const CRecord& oSvd) { return IsReservedSvd(oSvd.GetByte(0)); }
 
 constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, gsc_szReserved } };
@@ -40,7 +41,7 @@ constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, gsc_szReserved } };
 constexpr SRow gsc_aoVideoRows[] = {
     { eId_CtaVideoNative, Bit(0, 7), "Native", Flag(), IsSvdWithNative },
     { eId_CtaVideoVic, Bits(0, 6, 0), "Video identification code", gsc_oVideoCode, IsSvdWithNative },
-    { eId_CtaVideoVic, Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<193, 253> },
+    { eId_CtaVideoVic, Byte(0), "Video identification code", gsc_oVideoCode, IsSvdWithoutNative },
     { eId_CtaVideoVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsSvdReserved },
 };
 
@@ -91,7 +92,7 @@ constexpr SRow gsc_aoReferenceRows[] = {
     { eId_CtaVideoReferenceType7Or10, Byte(0), "Type VII or X timing", Number().Times(1, -144), WhereIn<145, 160> },
     { eId_CtaVideoReferenceVideoFormatRate, Byte(0), "First video format descriptor, refresh rate",
       Names(gsc_aoRateIndexes), WhereIn<161, 175> },
-    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<193, 253> },
+    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode, IsSvdWithoutNative },
     { eId_CtaVideoReferenceType8, Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode), WhereIn<254, 254> },
     { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsReservedReference },
 };
@@ -99,7 +100,7 @@ constexpr SRow gsc_aoReferenceRows[] = {
 CMString ReferenceSummary(const CRecord& oReference)
 {
     const unsigned int uiCode = oReference.GetByte(0);
-    const bool bVideoCode = WhereIn<1, 127>(oReference) || WhereIn<193, 253>(oReference);
+    const bool bVideoCode = WhereIn<1, 127>(oReference) || IsSvdWithoutNative(oReference);
     CMString sText(bVideoCode ? GetVideoFormatName(uiCode) : nullptr);
     if (WhereIn<129, 144>(oReference))
     {

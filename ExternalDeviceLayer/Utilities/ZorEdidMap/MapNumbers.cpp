@@ -51,10 +51,6 @@ void NoteOtherSizes(CMapWriter& oWriter, const CEdidBase& oBase, const CTimingOr
     }
 }
 
-// The classes list 193 to 253 as the native forms of 65 to 125. CTA-861-F made them codes of their own, so that the
-// number would lead to another timing than the byte says.
-bool IsOtherCode(unsigned int uiSvd) { return uiSvd > gsc_uiLastNativeSvd; }
-
 // The timings of a list of the block at uiStart, whose first one has the number uiFirst. A code's byte has two numbers
 // where a 1000/1001 variant follows it in the list. What a 4:2:0 capability map selects is in no byte of its own.
 void SetNumbers(CMapWriter& oWriter, CZorEdidMap::EList eList, const CTimingOrigins& aoOrigins, unsigned int uiStart,
@@ -66,7 +62,7 @@ void SetNumbers(CMapWriter& oWriter, CZorEdidMap::EList eList, const CTimingOrig
         const unsigned int uiOffset = uiStart + oOrigin.m_uiOffset;
         const bool bCode = oOrigin.m_uiCode != 0;
         if (bCode && (oOrigin.m_uiOffset != oOrigin.m_uiCodeByte || oOrigin.m_bVariant != 0 ||
-                      IsOtherCode(oWriter.GetByte(uiOffset))))
+                      IsListedAsOther(oWriter.GetByte(uiOffset))))
         {
             continue;
         }

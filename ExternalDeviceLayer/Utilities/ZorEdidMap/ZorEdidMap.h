@@ -1,4 +1,4 @@
-/// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is off about
+/// What each byte of an EDID image says: a tree of fields over the bytes, with places, values and what is wrong with
 /// them. A reader beside the EDID classes: it takes images in any state, also those that CEdid refuses, and blocks that
 /// no class models.
 

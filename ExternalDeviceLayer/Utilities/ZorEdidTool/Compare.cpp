@@ -25,7 +25,7 @@ struct SComparedModes
 };
 
 // False, with the reason in oOutcome, for an image that the library refuses.
-bool CollectModes(const SInput& oInput, bool bEstablished, SComparedModes& oModes, SOutcome& oOutcome)
+bool CollectModes(const SInput& oInput, SComparedModes& oModes, SOutcome& oOutcome)
 {
     CLoadedImage oImage;
     if (!oImage.Load(oInput))
@@ -38,9 +38,7 @@ bool CollectModes(const SInput& oInput, bool bEstablished, SComparedModes& oMode
     oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
     oModes.m_sName = ShowName(oInput.m_sName);
     oModes.m_aoModes = ListModes(oMap, &oImage);
-    std::erase_if(oModes.m_aoModes, [&](const SImageMode& oMode) {
-        return !oMode.IsOfMonitor() || (oMode.m_bEstablished && !bEstablished);
-    });
+    std::erase_if(oModes.m_aoModes, [](const SImageMode& oMode) { return !oMode.IsOfMonitor(); });
     oModes.m_poPreferred = FindPreferred(oModes.m_aoModes);
     return true;
 }
@@ -63,10 +61,10 @@ bool DifferInPreferred(const SImageMode* poFirst, const SImageMode* poSecond)
 }
 
 // The preferred modes when they differ, and what only one image has. Empty for the same.
-std::string DescribeDifference(const SComparedModes (&aoModes)[2], bool bIgnorePreferred)
+std::string DescribeDifference(const SComparedModes (&aoModes)[2], const SCompareOptions& oOptions)
 {
     std::string sText;
-    if (!bIgnorePreferred && DifferInPreferred(aoModes[0].m_poPreferred, aoModes[1].m_poPreferred))
+    if (!oOptions.m_bIgnorePreferred && DifferInPreferred(aoModes[0].m_poPreferred, aoModes[1].m_poPreferred))
     {
         for (const SComparedModes& oModes : aoModes)
         {
@@ -79,7 +77,8 @@ std::string DescribeDifference(const SComparedModes (&aoModes)[2], bool bIgnoreP
     {
         for (size_t j = 0; j < aoModes[i].m_aoModes.size(); ++j)
         {
-            if (oPairs.IsOnlyHere(i, j))
+            // All are matched, so that another field may name what an established timing of the other image does.
+            if (oPairs.IsOnlyHere(i, j) && (!aoModes[i].m_aoModes[j].m_bEstablished || oOptions.m_bEstablished))
             {
                 sText += "only in " + aoModes[i].m_sName + ": " + DescribeMode(aoModes[i].m_aoModes[j]);
             }
@@ -92,11 +91,11 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
 {
     SComparedModes aoModes[2];
     SOutcome oOutcome;
-    const bool bFirst = CollectModes(oFirst, oOptions.m_bEstablished, aoModes[0], oOutcome);
-    const bool bSecond = CollectModes(oSecond, oOptions.m_bEstablished, aoModes[1], oOutcome);
+    const bool bFirst = CollectModes(oFirst, aoModes[0], oOutcome);
+    const bool bSecond = CollectModes(oSecond, aoModes[1], oOutcome);
     if (bFirst && bSecond)
     {
-        const std::string sDifference = DescribeDifference(aoModes, oOptions.m_bIgnorePreferred);
+        const std::string sDifference = DescribeDifference(aoModes, oOptions);
         oOutcome.m_sOut = sDifference.empty() ? "same\n" : "different\n" + sDifference;
         oOutcome.m_eExit = sDifference.empty() ? eExit_Good : eExit_Finding;
     }

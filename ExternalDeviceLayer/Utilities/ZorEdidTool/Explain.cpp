@@ -143,22 +143,39 @@ std::string GetFieldSays(const CZorEdidMap& oMap, unsigned int uiField, PAINT fn
 // sPart is as CloseSizes gives it.
 bool HasText(const std::string& sText, const std::string& sPart)
 {
-    return strcasestr(CloseSizes(sText).c_str(), sPart.c_str()) != nullptr;
+    return strcasestr(CloseSizes(sText).c_str(), sPart.c_str()) != nullptr ||
+           strcasestr(sText.c_str(), sPart.c_str()) != nullptr; // a part of a size: "x 1080"
 }
 
-// An id, or that of a structure with a point in it, whose fields have it before a point of their own.
-bool HasId(const CZorEdidMap::SField& oField, const std::string& sId)
+// Whether a field, or a group that it lies in, has an id.
+bool IsIn(const CZorEdidMap& oMap, unsigned int uiField, EZorEdidField eId)
 {
-    const std::string sFull = CZorEdidMap::GetId(oField.m_eId);
-    return sFull == sId || (sId.find('.') != std::string::npos && sFull.starts_with(sId + "."));
+    for (unsigned int i = uiField; i != gsc_uiNone; i = oMap.GetField(i).m_uiGroup)
+    {
+        if (oMap.GetField(i).m_eId == eId)
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
-// The text of the field's line, or another one that it is known by.
-bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart)
+// An id, or the common beginning of several before a point. The id of a group with a point has all of the group.
+bool HasId(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sId, EZorEdidField eId)
+{
+    const std::string sFull = CZorEdidMap::GetId(oMap.GetField(uiField).m_eId);
+    const bool bPoint = sId.find('.') != std::string::npos;
+    return sFull == sId ||
+           (bPoint && (sFull.starts_with(sId + ".") || (eId != eZorEdidField_None && IsIn(oMap, uiField, eId))));
+}
+
+// The text of the field's line, or another one that it is known by. eId is the id with the text sPart.
+bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart, EZorEdidField eId)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
     const auto fnPlain = [](const char*, const std::string& sText) { return sText; };
-    bool bFound = HasId(oField, sPart) || HasText(GetFieldName(oField) + GetFieldSays(oMap, uiField, fnPlain), sPart) ||
+    bool bFound = HasId(oMap, uiField, sPart, eId) ||
+                  HasText(GetFieldName(oField) + GetFieldSays(oMap, uiField, fnPlain), sPart) ||
                   HasText(GetCodeText(oField), sPart) ||
                   (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
     for (unsigned int i = 0; i < oField.m_uiTimings; ++i)
@@ -203,11 +220,12 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
     }
     const bool bId = oOptions.m_eAt != eZorEdidField_None;
     const std::string sPart = CloseSizes(oOptions.m_sFind);
+    const EZorEdidField eFind = CZorEdidMap::FindId(sPart.c_str());
     SAsked oAsked;
     for (const unsigned int uiField : OrderByPlace(oMap))
     {
         if ((!bInBlock || oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize == oOptions.m_uiBlock) &&
-            (bId ? oMap.GetField(uiField).m_eId == oOptions.m_eAt : sPart.empty() || Matches(oMap, uiField, sPart)))
+            (bId ? IsIn(oMap, uiField, oOptions.m_eAt) : sPart.empty() || Matches(oMap, uiField, sPart, eFind)))
         {
             oAsked.m_auiFields.push_back(uiField);
         }

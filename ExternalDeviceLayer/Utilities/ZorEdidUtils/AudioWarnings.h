@@ -2,6 +2,8 @@
 
 #pragma once
 
+namespace ZorUtils
+{
 struct SAudioWarning
 {
     bool (*m_pfnHolds)(unsigned int uiAudioDescriptors, unsigned int uiSpeakerDescriptors);
@@ -15,3 +17,4 @@ inline constexpr SAudioWarning gsc_aoAudioWarnings[] = {
       "Audio descriptor without speaker descriptor" },
     { [](unsigned int, unsigned int uiSpeakers) { return uiSpeakers > 1; }, "Found more than 1 speaker descriptor" },
 };
+} // namespace ZorUtils

@@ -361,7 +361,7 @@ std::string CEditImage::NameCodeRefusal(const SEditedBlock& oBlock, unsigned int
     {
         return NameBlock(oBlock) + " " + gsc_pszDamaged;
     }
-    if (Is420(*poRead, uiNumber))
+    if (ListTimingsOfCode(oBlock, uiNumber).empty())
     {
         return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
     }
@@ -445,7 +445,7 @@ bool CEditImage::IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumbe
     {
         const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
         const unsigned int uiByte = oBlock.m_aui8Bytes[oOrigin.m_uiCodeByte];
-        const unsigned int uiReference = uiByte > ZorStandards::gsc_uiLastNativeSvd ? uiByte : uiCode;
+        const unsigned int uiReference = ZorStandards::IsListedAsOther(uiByte) ? uiByte : uiCode;
         if (oOrigin.m_uiCode == uiCode && oOrigin.m_e420 != STimingOrigin::e420_Only &&
             IsReferred(uiReference, uiReference + 1))
         {

@@ -151,7 +151,8 @@ std::string ParseAudio(const std::string& sText, CAudio& oAudio)
     const CTexts asFields = Split(sText, ",");
     if (asFields.size() < 3 || asFields.size() > 4)
     {
-        return "it is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
+        return "'" + sText +
+               "' is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
                "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";
     }
     unsigned int uiFormat = 0;
@@ -185,7 +186,7 @@ std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
     const size_t uiEquals = sText.find('=');
     if (uiEquals == std::string::npos || !ParseNumber(sText.substr(0, uiEquals), oEdit.m_uiNumber))
     {
-        return "it is not NUMBER=SPEC";
+        return "'" + sText + "' is not NUMBER=SPEC";
     }
     return ParseAudio(sText.substr(uiEquals + 1), oEdit.m_oAudio);
 }
@@ -220,7 +221,7 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
     SMode oMode;
     if (asFields.size() > 2 || !ParseMode(asFields[0], oMode))
     {
-        return "expected a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+        return "'" + sText + "' is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
     }
     const bool bTyped = asFields.size() == 2;
     const CTexts asAsked =
@@ -248,7 +249,7 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
 
 std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
 {
-    return ParseNumber(sText, uiNumber) ? "" : "expected a number from 0 to 4294967295";
+    return ParseNumber(sText, uiNumber) ? "" : "'" + sText + "' is not a number from 0 to 4294967295";
 }
 
 constexpr SEditOption gsc_aoOptions[] = {

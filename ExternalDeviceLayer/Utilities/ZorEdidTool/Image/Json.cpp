@@ -291,7 +291,7 @@ void AddCea(CEdidExtBlockCEA861& oBlock, ordered_json& oJson)
     {
         oJson["deep_color_bits"] = ListBits(gsc_auiDeepColorBits, uiBits);
     }
-    for (const SAudioWarning& oWarning : gsc_aoAudioWarnings)
+    for (const ZorUtils::SAudioWarning& oWarning : ZorUtils::gsc_aoAudioWarnings)
     {
         if (oWarning.m_pfnHolds(oBlock.GetAudioDescriptorCount(), oBlock.GetSpeakerDescriptorCount()))
         {

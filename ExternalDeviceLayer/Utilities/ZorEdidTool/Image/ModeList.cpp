@@ -18,8 +18,6 @@
 namespace
 {
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
-constexpr unsigned int gsc_uiNativeBit = 0x80;  // of a short video descriptor
-constexpr unsigned int gsc_uiFirstOther = 0xC1; // from here on CTA-861-H has codes of their own
 constexpr char gsc_szBaseKind[] = "base";
 
 bool IsOfGtf(const CVidParamTimingGeneric& oTiming)
@@ -53,7 +51,8 @@ void ListEstablished(const CEdid& oEdid, CModes& aoModes)
 unsigned int FindOtherCode(const STimingOrigin& oOrigin, const unsigned char* pui8Block)
 {
     const unsigned int uiByte = pui8Block[oOrigin.m_uiCodeByte];
-    return uiByte >= gsc_uiFirstOther && uiByte - gsc_uiNativeBit == oOrigin.m_uiCode ? uiByte : 0;
+    const bool bOther = ZorStandards::IsListedAsOther(uiByte);
+    return bOther && ZorStandards::ReadListedShortVideo(uiByte).m_uiCode == oOrigin.m_uiCode ? uiByte : 0;
 }
 
 void ListStandard(CLoadedImage& oImage, CModes& aoModes)
@@ -378,7 +377,7 @@ std::string GetOtherCodeText(const SImageMode& oMode)
     return oMode.IsOfMonitor()
                ? ""
                : FormatText("the library reads byte %02x as VIC %u; by CTA-861-H it is VIC %u", oMode.m_uiOtherCode,
-                            oMode.m_uiOtherCode - gsc_uiNativeBit, oMode.m_uiOtherCode);
+                            ZorStandards::ReadListedShortVideo(oMode.m_uiOtherCode).m_uiCode, oMode.m_uiOtherCode);
 }
 
 std::string GetBareRateText(const SImageMode& oMode)

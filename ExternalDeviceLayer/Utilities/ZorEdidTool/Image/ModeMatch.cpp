@@ -29,6 +29,7 @@ bool IsSameList(const SImageMode& oFirst, const SImageMode& oSecond) { return oF
 
 using CAccepts = bool (*)(const SImageMode& oFirst, const SImageMode& oSecond);
 constexpr CAccepts gsc_apfnPasses[] = {
+    [](const SImageMode& oFirst, const SImageMode& oSecond) { return oFirst.m_bPreferred && oSecond.m_bPreferred; },
     [](const SImageMode& oFirst, const SImageMode& oSecond) {
         return IsSameClock(oFirst, oSecond) && IsSameList(oFirst, oSecond);
     },

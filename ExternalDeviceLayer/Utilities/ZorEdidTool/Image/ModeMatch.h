@@ -9,8 +9,8 @@
 inline constexpr size_t gsc_uiNoPartner = static_cast<size_t>(-1);
 
 // Each mode of the first list and each of the second has at most one partner, so that a mode counts as often as it is
-// named. Partners equal each other by CVidParamTiming: clocks may differ as those of 1000/1001 variants do. Modes with
-// the same clock come together first, and among these modes of the same list.
+// named. Partners equal each other by CVidParamTiming: clocks may differ as those of 1000/1001 variants do. The
+// preferred modes come together first, then modes with the same clock, and among these modes of the same list.
 struct SModePairs
 {
     std::vector<size_t> m_aauiPartners[2]; // of each mode of a list the index in the other one, or gsc_uiNoPartner

@@ -111,9 +111,9 @@ TEST(EditPlan, AudioDescriptors)
 
 TEST(EditPlan, RefusalsHaveTheirReason)
 {
-    const std::string sNumber = "expected a number from 0 to 4294967295";
-    const std::string sMode = "expected a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
-    const std::string sAudio = "it is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
+    const std::string sNumber = " is not a number from 0 to 4294967295";
+    const std::string sMode = " is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+    const std::string sAudio = " is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
                                "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";
     const std::string sBitRate = " is not a bit rate such as 640kbps, a multiple of 8 up to 2040";
     const std::string sChannels = " is not a number of channels such as 2ch, up to 8ch";
@@ -123,16 +123,16 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         const char* m_pszValue;
         std::string m_sReason;
     } aoCases[] = {
-        { "--serial", "4294967296", sNumber },
-        { "--serial", "0x100000000", sNumber },
-        { "--serial", "", sNumber },
-        { "--serial", "0x", sNumber },
-        { "--serial", "-1", sNumber },
-        { "--serial", "+1", sNumber },
-        { "--serial", " 1", sNumber },
-        { "--serial", "1 ", sNumber },
-        { "--remove-detailed", "0-2", sNumber },
-        { "--remove-standard", "1,2", sNumber },
+        { "--serial", "4294967296", "'4294967296'" + sNumber },
+        { "--serial", "0x100000000", "'0x100000000'" + sNumber },
+        { "--serial", "", "''" + sNumber },
+        { "--serial", "0x", "'0x'" + sNumber },
+        { "--serial", "-1", "'-1'" + sNumber },
+        { "--serial", "+1", "'+1'" + sNumber },
+        { "--serial", " 1", "' 1'" + sNumber },
+        { "--serial", "1 ", "'1 '" + sNumber },
+        { "--remove-detailed", "0-2", "'0-2'" + sNumber },
+        { "--remove-standard", "1,2", "'1,2'" + sNumber },
         { "--color-depth", "24", "unknown value '24'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
         { "--color-depth", "8,10", "unknown value '8,10'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
         { "--deep-color", "", "unknown value ''; expected one of 30, 36, 48" },
@@ -141,8 +141,8 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--speakers", "FL/FR+XX",
           "unknown value 'XX'; expected one of FL/FR, LFE, FC, RL/RR, BL/BR, RC, BC, FLC/FRC, RLC/RRC, FLW/FRW, "
           "FLH/FRH, TpFL/TpFR, TC, TpC, FCH, TpFC" },
-        { "--audio-add", "pcm,2ch", sAudio },
-        { "--audio-add", "pcm,2ch,48,16,24", sAudio },
+        { "--audio-add", "pcm,2ch", "'pcm,2ch'" + sAudio },
+        { "--audio-add", "pcm,2ch,48,16,24", "'pcm,2ch,48,16,24'" + sAudio },
         { "--audio-add", "pcm,2ch,48", "pcm needs its bit depths, such as 16+20+24" },
         { "--audio-add", "pcm,2ch,48,18", "unknown value '18'; expected one of 16, 20, 24" },
         { "--audio-add", "pcm,2ch,48,0x100", "'0x100' is not a number from 0 to 255" },
@@ -160,14 +160,14 @@ TEST(EditPlan, RefusalsHaveTheirReason)
           "unknown value 'ac4'; expected one of pcm, ac3, mpeg1, mp3, mpeg2, aac, dts, atrac, 1bit, eac3, dts-hd, mat, "
           "dst, wma-pro" },
         { "--audio-add", "1bit,2ch,48,640kbps", "this format takes a byte such as 0x01 in its last field" },
-        { "--audio-set", "ac3,2ch,48", "it is not NUMBER=SPEC" },
-        { "--audio-set", "x=ac3,2ch,48", "it is not NUMBER=SPEC" },
-        { "--audio-set", "1=", sAudio },
-        { "--preferred", "", sMode },
-        { "--preferred", "1920x1080", sMode },
-        { "--preferred", "1920x1080@59.94", sMode },
-        { "--preferred", "1920X1080@60", sMode },
-        { "--preferred", "1920x1080@60,cea,dmt", sMode },
+        { "--audio-set", "ac3,2ch,48", "'ac3,2ch,48' is not NUMBER=SPEC" },
+        { "--audio-set", "x=ac3,2ch,48", "'x=ac3,2ch,48' is not NUMBER=SPEC" },
+        { "--audio-set", "1=", "''" + sAudio },
+        { "--preferred", "", "''" + sMode },
+        { "--preferred", "1920x1080", "'1920x1080'" + sMode },
+        { "--preferred", "1920x1080@59.94", "'1920x1080@59.94'" + sMode },
+        { "--preferred", "1920X1080@60", "'1920X1080@60'" + sMode },
+        { "--preferred", "1920x1080@60,cea,dmt", "'1920x1080@60,cea,dmt'" + sMode },
         { "--preferred", "1920x1080@60,vesa",
           "unknown value 'vesa'; expected one of dmt, dmt-rb, cvt, cvt-rb, gtf, cea, smpte" },
         { "--preferred", "1921x1080@60,cea", "cea has no such mode" },

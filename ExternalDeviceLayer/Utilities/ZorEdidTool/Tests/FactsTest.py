@@ -463,6 +463,7 @@ class CheckTest(ToolTest):
                 "block 0 offset 0x36 (Detailed timing): warning: the line rate is beyond the display range limits",
                 "block 0 offset 0x36 (Detailed timing): note: preferred mode: found none that the library reads, "
                 "expected one, which the text reports need",
+                "block 0 offset 0x36 (Detailed timing): note: the library does not list this timing",
                 "block 0 offset 0x38 (Detailed timing > Horizontal addressable video): warning: 0 is no size: found 0 "
                 "pixels"]),
             ("a data block over the end", with_blocks(b"\x02\x03\x7e\0" + (b"\x7f\1\1\1" + bytes(28)) * 3 + b"\x7f"), [

@@ -234,6 +234,12 @@ constexpr SShortVideo ReadListedShortVideo(unsigned int uiSvd)
                                                     : SShortVideo{ 0, false };
 }
 
+// Whether the library's list has another code for the byte than it means.
+constexpr bool IsListedAsOther(unsigned int uiSvd)
+{
+    return ReadShortVideo(uiSvd).m_uiCode != ReadListedShortVideo(uiSvd).m_uiCode;
+}
+
 // ---- Resolution identifiers of video format descriptors, CTA-861.6 ----
 
 struct SFormatResolution

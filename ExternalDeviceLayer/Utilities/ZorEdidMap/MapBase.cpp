@@ -67,8 +67,8 @@ constexpr SRow gsc_aoIdentityRows[] = {
     { eId_BaseIdentityYear, Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsNot<IsModelYear>, CheckYear },
     { eId_BaseIdentityModelYear, Byte(0x11), "Model year", Number().Times(1, 1990), IsModelYear, CheckYear },
 };
-constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product identification",
-                                        CZorEdidMap::eArea_Identity, gsc_aoIdentityRows };
+constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product identification", eArea_Identity,
+                                        gsc_aoIdentityRows };
 
 // ---- EDID structure version and revision, E-EDID 3.5 ----
 
@@ -81,8 +81,8 @@ constexpr SRow gsc_aoVersionRows[] = {
     { eId_BaseEdidVersion, Byte(0x12), "Version number", Number().Expect(1, "only version 1 has this layout") },
     { eId_BaseEdidRevision, Byte(0x13), "Revision number", Number(), nullptr, CheckRevision },
 };
-constexpr STable gsc_oVersionTable = { eId_BaseEdid, "EDID structure version and revision",
-                                       CZorEdidMap::eArea_Structure, gsc_aoVersionRows };
+constexpr STable gsc_oVersionTable = { eId_BaseEdid, "EDID structure version and revision", eArea_Structure,
+                                       gsc_aoVersionRows };
 
 // ---- Basic display parameters and features, E-EDID 3.6 ----
 
@@ -210,8 +210,8 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { eId_BaseDisplayDefaultGtf, Bit(0x18, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
     { eId_BaseDisplayContinuousFrequency, Bit(0x18, 0), "Continuous frequency", Flag(), IsRevision4 },
 };
-constexpr STable gsc_oDisplayTable = { eId_BaseDisplay, "Basic display parameters and features",
-                                       CZorEdidMap::eArea_Display, gsc_aoDisplayRows };
+constexpr STable gsc_oDisplayTable = { eId_BaseDisplay, "Basic display parameters and features", eArea_Display,
+                                       gsc_aoDisplayRows };
 
 // ---- Display x, y chromaticity coordinates, E-EDID 3.7: n / 1024 ----
 
@@ -225,8 +225,8 @@ constexpr SRow gsc_aoColorRows[] = {
     { eId_BaseChromaticityWhiteX, Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } }), "White x", Chromaticity() },
     { eId_BaseChromaticityWhiteY, Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } }), "White y", Chromaticity() },
 };
-constexpr STable gsc_oColorTable = { eId_BaseChromaticity, "Display x, y chromaticity coordinates",
-                                     CZorEdidMap::eArea_Colour, gsc_aoColorRows };
+constexpr STable gsc_oColorTable = { eId_BaseChromaticity, "Display x, y chromaticity coordinates", eArea_Colour,
+                                     gsc_aoColorRows };
 
 // ---- Established timings I and II, E-EDID 3.8 ----
 
@@ -251,7 +251,7 @@ constexpr auto ListEstablishedRows()
     return aoRows;
 }
 constexpr auto gsc_aoEstablishedRows = ListEstablishedRows();
-constexpr STable gsc_oEstablishedTable = { eId_BaseEstablished, "Established timings", CZorEdidMap::eArea_Timing,
+constexpr STable gsc_oEstablishedTable = { eId_BaseEstablished, "Established timings", eArea_Timing,
                                            gsc_aoEstablishedRows };
 
 // ---- Standard timings, E-EDID 3.9 ----
@@ -479,16 +479,16 @@ bool HasHeader(const CRecord& oRecord)
     return true;
 }
 
-constinit const STable g_oStandardTimingTable = { eId_BaseStandard,      "Standard timing", CZorEdidMap::eArea_Timing,
+constinit const STable g_oStandardTimingTable = { eId_BaseStandard,      "Standard timing", eArea_Timing,
                                                   gsc_aoPairRows<false>, FormatPair<false>, MakePairMode<false> };
-constinit const STable g_oVtbStandardTimingTable = { eId_BaseStandard,     "Standard timing", CZorEdidMap::eArea_Timing,
+constinit const STable g_oVtbStandardTimingTable = { eId_BaseStandard,     "Standard timing", eArea_Timing,
                                                      gsc_aoPairRows<true>, FormatPair<true>,  MakePairMode<true> };
 
 void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
     const unsigned int uiField = oWriter.BeginBlock(eId_Base, "Base block", uiOffset, uiLength);
-    const unsigned int uiHeader = oWriter.AddLeaf(g_oHeaderRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    const unsigned int uiHeader = oWriter.AddLeaf(g_oHeaderRow, eArea_Structure, uiOffset, uiLength);
     if (!HasHeader(oBlock))
     {
         oWriter.AddNote(uiHeader, CZorEdidMap::eSeverity_Error, "not the header of a base block");
@@ -512,7 +512,7 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
         NoteSizes(oWriter, oBlock, uiOffset);
         NoteMissing(oWriter, oBlock, uiField);
     }
-    oWriter.AddLeaf(gsc_oExtensionCountRow, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    oWriter.AddLeaf(gsc_oExtensionCountRow, eArea_Structure, uiOffset, uiLength);
     NoteBlockMap(oWriter, oBlock, uiOffset + gsc_uiExtensionCountOffset);
     oWriter.EndBlock();
 }

@@ -15,8 +15,6 @@ using namespace ZorStandards::Cta;
 
 namespace
 {
-using EArea = CZorEdidMap::EArea;
-
 // ---- The list of data blocks: CTA-861-H 7.5, HDMI 1.4b, HDMI 2.1 ----
 
 // Which data blocks a row is of.
@@ -73,21 +71,12 @@ constexpr SContent Rows(const STable& oTable) { return { &oTable, 0, nullptr }; 
 constexpr SContent Items(const STable& oTable, unsigned int uiSize) { return { &oTable, uiSize, nullptr }; }
 constexpr SContent Walk(CtaWalk pfnWalk) { return { nullptr, 0, pfnWalk }; }
 
-constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
-constexpr EArea eAudio = CZorEdidMap::eArea_Audio;
-constexpr EArea eColour = CZorEdidMap::eArea_Colour;
-constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
-constexpr EArea eVendor = CZorEdidMap::eArea_Vendor;
-constexpr EArea eIdentity = CZorEdidMap::eArea_Identity;
-constexpr EArea eStructure = CZorEdidMap::eArea_Structure;
-constexpr EArea eUnused = CZorEdidMap::eArea_Unused;
-
 struct SCtaBlock
 {
     EZorEdidField m_eId; // of its group
     SKey m_oKey;
     const char* m_pszName;
-    EArea m_eArea = eUnused;
+    CZorEdidMap::EArea m_eArea = eArea_Unused;
     SPayloadRule m_oSize = gsc_oAnySize;
     ERule m_eRule = eAny;
     SContent m_oContent = {}; // the payload of a row without one is unknown
@@ -100,73 +89,76 @@ constexpr SKey gsc_oHdmiSinkKey = Extended(121);
 // A row with an OUI precedes the row for any.
 constexpr SCtaBlock gsc_aoDataBlocks[] = {
     { eId_CtaReserved, Tag(0), "Reserved data block" },
-    { eId_CtaAudio, Tag(1), "Audio data block", eAudio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
-    { eId_CtaVideo, Tag(2), "Video data block", eTiming, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
-    { eId_CtaHdmi, gsc_oHdmiKey, "HDMI vendor-specific data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaHdmi) },
-    { eId_CtaHdmiForum, gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eDisplay, AtLeast(4), eOnce,
+    { eId_CtaAudio, Tag(1), "Audio data block", eArea_Audio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
+    { eId_CtaVideo, Tag(2), "Video data block", eArea_Timing, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
+    { eId_CtaHdmi, gsc_oHdmiKey, "HDMI vendor-specific data block", eArea_Display, AtLeast(2), eOnce,
+      Walk(MapCtaHdmi) },
+    { eId_CtaHdmiForum, gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eArea_Display, AtLeast(4), eOnce,
       Walk(MapCtaHdmiForum) },
-    { eId_CtaAmd, Vendor(0x00001A), "AMD vendor-specific data block", eVendor, AtLeast(5), eOnce,
+    { eId_CtaAmd, Vendor(0x00001A), "AMD vendor-specific data block", eArea_Vendor, AtLeast(5), eOnce,
       Rows(g_oCtaAmdTable) },
-    { eId_CtaMicrosoft, Vendor(0xCA125C), "Microsoft vendor-specific data block", eVendor, Exactly(18), eOnce,
+    { eId_CtaMicrosoft, Vendor(0xCA125C), "Microsoft vendor-specific data block", eArea_Vendor, Exactly(18), eOnce,
       Rows(g_oCtaMicrosoftTable) },
-    { eId_CtaUhdAlliance, Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eVendor, AtLeast(2), eOnce,
+    { eId_CtaUhdAlliance, Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eArea_Vendor, AtLeast(2), eOnce,
       Rows(g_oCtaUhdTable) },
-    { eId_CtaVendor, Tag(3), "Vendor-specific data block", eVendor },
-    { eId_CtaSpeakers, Tag(4), "Speaker allocation data block", eAudio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
-    { eId_CtaTransfer, Tag(5), "VESA display transfer characteristic data block", eColour, OneOf({ 7, 15, 31 }), eAny,
-      Walk(MapCtaTransfer) },
-    { eId_CtaVideoFormat, Tag(6), "Video format data block", eTiming, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
-    { eId_CtaVideoCapability, Extended(0), "Video capability data block", eDisplay, Exactly(1), eOnce,
+    { eId_CtaVendor, Tag(3), "Vendor-specific data block", eArea_Vendor },
+    { eId_CtaSpeakers, Tag(4), "Speaker allocation data block", eArea_Audio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
+    { eId_CtaTransfer, Tag(5), "VESA display transfer characteristic data block", eArea_Colour, OneOf({ 7, 15, 31 }),
+      eAny, Walk(MapCtaTransfer) },
+    { eId_CtaVideoFormat, Tag(6), "Video format data block", eArea_Timing, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
+    { eId_CtaVideoCapability, Extended(0), "Video capability data block", eArea_Display, Exactly(1), eOnce,
       Rows(g_oCtaVideoCapabilityTable) },
-    { eId_CtaHdr10Plus, VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eColour, AtLeast(1), eOnce,
-      Rows(g_oCtaHdr10PlusTable) },
-    { eId_CtaDolbyVision, VideoVendor(0x00D046), "Dolby Vision vendor-specific video data block", eColour, AtLeast(7),
-      eOnce, Rows(g_oCtaDolbyVisionTable) },
-    { eId_CtaVendorVideo, Extended(1), "Vendor-specific video data block", eVendor },
-    { eId_CtaDisplayDevice, Extended(2), "VESA video display device data block", eDisplay, Exactly(30), eOnce,
+    { eId_CtaHdr10Plus, VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eArea_Colour, AtLeast(1),
+      eOnce, Rows(g_oCtaHdr10PlusTable) },
+    { eId_CtaDolbyVision, VideoVendor(0x00D046), "Dolby Vision vendor-specific video data block", eArea_Colour,
+      AtLeast(7), eOnce, Rows(g_oCtaDolbyVisionTable) },
+    { eId_CtaVendorVideo, Extended(1), "Vendor-specific video data block", eArea_Vendor },
+    { eId_CtaDisplayDevice, Extended(2), "VESA video display device data block", eArea_Display, Exactly(30), eOnce,
       Rows(g_oCtaDisplayDeviceTable) },
-    { eId_CtaVesaVtb, Extended(3), "VESA video timing block extension", eTiming },
+    { eId_CtaVesaVtb, Extended(3), "VESA video timing block extension", eArea_Timing },
     { eId_CtaReserved, Extended(4), "Reserved for HDMI video data block" },
-    { eId_CtaColorimetry, Extended(5), "Colorimetry data block", eColour, Exactly(2), eOnce,
+    { eId_CtaColorimetry, Extended(5), "Colorimetry data block", eArea_Colour, Exactly(2), eOnce,
       Rows(g_oCtaColorimetryTable) },
-    { eId_CtaHdrStatic, Extended(6), "HDR static metadata data block", eColour, AtLeast(2), eOnce,
+    { eId_CtaHdrStatic, Extended(6), "HDR static metadata data block", eArea_Colour, AtLeast(2), eOnce,
       Rows(g_oCtaStaticHdrTable) },
-    { eId_CtaHdrDynamic, Extended(7), "HDR dynamic metadata data block", eColour, AtLeast(3), eOnce,
+    { eId_CtaHdrDynamic, Extended(7), "HDR dynamic metadata data block", eArea_Colour, AtLeast(3), eOnce,
       Walk(MapCtaDynamicHdr) },
-    { eId_CtaNativeResolution, Extended(8), "Native video resolution data block", eTiming, OneOf({ 1, 2, 6 }, true),
-      eOnce, Walk(MapCtaNative) },
+    { eId_CtaNativeResolution, Extended(8), "Native video resolution data block", eArea_Timing,
+      OneOf({ 1, 2, 6 }, true), eOnce, Walk(MapCtaNative) },
     { eId_CtaReserved, Extended(9, 12), "Reserved for video-related blocks" },
-    { eId_CtaVideoPreference, Extended(13), "Video format preference data block", eTiming, AtLeast(1), eOnce,
+    { eId_CtaVideoPreference, Extended(13), "Video format preference data block", eArea_Timing, AtLeast(1), eOnce,
       Items(g_oCtaPreferenceTable, 1) },
-    { eId_Cta420Video, Extended(14), "YCbCr 4:2:0 video data block", eTiming, AtLeast(1), eAny, Walk(MapCta420Video) },
-    { eId_Cta420Map, Extended(15), "YCbCr 4:2:0 capability map data block", eTiming, gsc_oAnySize, eOnce,
+    { eId_Cta420Video, Extended(14), "YCbCr 4:2:0 video data block", eArea_Timing, AtLeast(1), eAny,
+      Walk(MapCta420Video) },
+    { eId_Cta420Map, Extended(15), "YCbCr 4:2:0 capability map data block", eArea_Timing, gsc_oAnySize, eOnce,
       Walk(MapCtaCapabilityMap) },
     { eId_CtaReserved, Extended(16), "Reserved for CTA miscellaneous audio fields" },
-    { eId_CtaDolbyAudio, AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eAudio, AtLeast(2), eAny,
+    { eId_CtaDolbyAudio, AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eArea_Audio, AtLeast(2), eAny,
       Rows(g_oCtaDolbyAudioTable) },
-    { eId_CtaVendorAudio, Extended(17), "Vendor-specific audio data block", eVendor },
-    { eId_CtaHdmiAudio, Extended(18), "HDMI audio data block", eAudio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
-    { eId_CtaRoom, Extended(19), "Room configuration data block", eAudio, OneOf({ 4, 7, 10 }), eOnce,
+    { eId_CtaVendorAudio, Extended(17), "Vendor-specific audio data block", eArea_Vendor },
+    { eId_CtaHdmiAudio, Extended(18), "HDMI audio data block", eArea_Audio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
+    { eId_CtaRoom, Extended(19), "Room configuration data block", eArea_Audio, OneOf({ 4, 7, 10 }), eOnce,
       Walk(MapCtaRoom) },
-    { eId_CtaSpeakerLocation, Extended(20), "Speaker location data block", eAudio, AtLeast(2), eAny,
+    { eId_CtaSpeakerLocation, Extended(20), "Speaker location data block", eArea_Audio, AtLeast(2), eAny,
       Walk(MapCtaSpeakerLocations) },
     { eId_CtaReserved, Extended(21, 31), "Reserved for audio-related blocks" },
-    { eId_CtaInfoframe, Extended(32), "InfoFrame data block", eDisplay, AtLeast(2), eOnce, Walk(MapCtaInfoFrames) },
-    { eId_CtaProductInformation, Extended(33), "Product information data block", eIdentity },
-    { eId_CtaType7, Extended(34), "DisplayID Type VII video timing data block", eTiming, Exactly(21), eAny,
+    { eId_CtaInfoframe, Extended(32), "InfoFrame data block", eArea_Display, AtLeast(2), eOnce,
+      Walk(MapCtaInfoFrames) },
+    { eId_CtaProductInformation, Extended(33), "Product information data block", eArea_Identity },
+    { eId_CtaType7, Extended(34), "DisplayID Type VII video timing data block", eArea_Timing, Exactly(21), eAny,
       Walk(MapCtaTypeVii) },
-    { eId_CtaType8, Extended(35), "DisplayID Type VIII video timing data block", eTiming, AtLeast(2), eAny,
+    { eId_CtaType8, Extended(35), "DisplayID Type VIII video timing data block", eArea_Timing, AtLeast(2), eAny,
       Walk(MapCtaTypeViii) },
     { eId_CtaReserved, Extended(36, 41), "Reserved data block" },
-    { eId_CtaType10, Extended(42), "DisplayID Type X video timing data block", eTiming, AtLeast(7), eAny,
+    { eId_CtaType10, Extended(42), "DisplayID Type X video timing data block", eArea_Timing, AtLeast(7), eAny,
       Walk(MapCtaTypeX) },
     { eId_CtaReserved, Extended(43, 119), "Reserved data block" },
-    { eId_CtaExtensionOverride, Extended(120), "HDMI Forum EDID extension override data block", eStructure, AtLeast(1),
-      eFirst, Walk(MapCtaExtensionOverride) },
-    { eId_CtaHdmiSink, gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eDisplay, AtLeast(6), eOnce,
+    { eId_CtaExtensionOverride, Extended(120), "HDMI Forum EDID extension override data block", eArea_Structure,
+      AtLeast(1), eFirst, Walk(MapCtaExtensionOverride) },
+    { eId_CtaHdmiSink, gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eArea_Display, AtLeast(6), eOnce,
       Walk(MapCtaHdmiSink) },
-    { eId_CtaToneMapping, Extended(122), "HDMI Forum source-based tone mapping data block", eColour, AtLeast(1), eOnce,
-      Walk(MapCtaToneMapping) },
+    { eId_CtaToneMapping, Extended(122), "HDMI Forum source-based tone mapping data block", eArea_Colour, AtLeast(1),
+      eOnce, Walk(MapCtaToneMapping) },
     { eId_CtaReserved, Extended(123, 127), "Reserved for HDMI" },
     { eId_CtaReserved, Extended(128, 255), "Reserved data block" },
 };
@@ -215,7 +207,8 @@ constexpr SExtendedTags MakeExtendedTags()
         if (oBlock.m_oKey.m_ui8Tag == gsc_ui8ExtendedTag && oBlock.m_oKey.m_uiOui == gsc_uiAnyOui)
         {
             oTags.m_aoMeanings[oTags.m_uiCount++] = { oBlock.m_oKey.m_ui8FirstExtended, oBlock.m_oKey.m_ui8LastExtended,
-                                                      oBlock.m_eArea == eUnused ? gsc_szReserved : oBlock.m_pszName };
+                                                      oBlock.m_eArea == eArea_Unused ? gsc_szReserved
+                                                                                     : oBlock.m_pszName };
         }
     }
     return oTags;
@@ -242,7 +235,7 @@ constexpr SRow gsc_aoHeaderRows[] = {
     { eId_CtaDataBlockOui, Little24(1), "IEEE OUI", Oui(), IsVendor },
     { eId_CtaDataBlockOui, Little24(2), "IEEE OUI", Oui(), IsExtendedVendor },
 };
-constexpr STable gsc_oHeaderTable = { eZorEdidField_None, "Data block header", eStructure, gsc_aoHeaderRows };
+constexpr STable gsc_oHeaderTable = { eZorEdidField_None, "Data block header", eArea_Structure, gsc_aoHeaderRows };
 
 // A data block of a collection: its kind, where it lies, and where its payload begins. Nothing of it reaches beyond the
 // collection's end.
@@ -533,7 +526,7 @@ constexpr SRow gsc_aoBlockRows[] = {
       HasFlags },
     { eId_Reserved, Byte(3), "Reserved", Reserved(), IsNot<HasFlags> },
 };
-constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eStructure, gsc_aoBlockRows };
+constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eArea_Structure, gsc_aoBlockRows };
 
 constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
 
@@ -579,7 +572,7 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     const unsigned int uiFirst = uiOffset + gsc_uiDataBlocksOffset;
     const unsigned int uiLength = uiStart - gsc_uiDataBlocksOffset;
     const unsigned int uiField =
-        oWriter.BeginGroup(eId_CtaCollection, "Data block collection", eStructure, uiFirst, uiLength);
+        oWriter.BeginGroup(eId_CtaCollection, "Data block collection", eArea_Structure, uiFirst, uiLength);
     if (oBlock.GetByte(gsc_uiRevisionOffset) < gsc_uiDataBlocksRevision)
     {
         oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "this revision of the block has no data blocks");
@@ -609,7 +602,7 @@ void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int
     }
     if (uiStart < uiEnd && (!bCut || MapDescriptor(oWriter, uiOffset + uiStart) == CZorEdidMap::msc_uiNone))
     {
-        oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + uiStart, uiEnd - uiStart);
+        oWriter.AddLeaf(gsc_oPaddingRow, eArea_Unused, uiOffset + uiStart, uiEnd - uiStart);
     }
 }
 // Detailed timings of the base block and of the CTA-861 blocks up to this one.
@@ -652,7 +645,7 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     const unsigned int uiStart = oBlock.GetByte(gsc_uiDetailedStartOffset);
     const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
     oWriter.BeginBlock(eId_Cta, gsc_oBlockTable.m_pszName, uiOffset, uiLength);
-    oWriter.AddLeaf(g_oExtensionTagRow, eStructure, uiOffset, uiLength);
+    oWriter.AddLeaf(g_oExtensionTagRow, eArea_Structure, uiOffset, uiLength);
     oWriter.AddRows(gsc_oBlockTable, uiOffset, std::min(uiLength, gsc_uiDataBlocksOffset));
     NoteNative(oWriter, oBlock, uiOffset);
     if (IsStart(uiStart) && uiEnd > gsc_uiDataBlocksOffset)
@@ -663,7 +656,8 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     }
     else if (uiStart == 0 && uiEnd > gsc_uiDataBlocksOffset)
     {
-        oWriter.AddLeaf(gsc_oPaddingRow, eUnused, uiOffset + gsc_uiDataBlocksOffset, uiEnd - gsc_uiDataBlocksOffset);
+        oWriter.AddLeaf(gsc_oPaddingRow, eArea_Unused, uiOffset + gsc_uiDataBlocksOffset,
+                        uiEnd - gsc_uiDataBlocksOffset);
     }
     oWriter.EndBlock(gsc_oUnknownRest);
 }

@@ -9,8 +9,6 @@ namespace ZorMap
 {
 namespace
 {
-constexpr CZorEdidMap::EArea eAudio = CZorEdidMap::eArea_Audio;
-
 // ---- Short audio descriptors: CTA-861-H 7.5.2 ----
 
 enum EFormat : unsigned int
@@ -284,7 +282,8 @@ constexpr SRow gsc_aoSpeakerRows[] = {
     { eId_CtaSpeakersAllocationType, Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
 };
 
-constexpr STable gsc_oSpeakerTable = { eId_CtaSpeakersAllocation, "Speaker allocation", eAudio, gsc_aoSpeakerRows };
+constexpr STable gsc_oSpeakerTable = { eId_CtaSpeakersAllocation, "Speaker allocation", eArea_Audio,
+                                       gsc_aoSpeakerRows };
 
 // ---- HDMI Audio Data Block: HDMI 2.0 ----
 
@@ -301,7 +300,7 @@ constexpr SRow gsc_aoHdmiHeadRows[] = {
     { eId_CtaHdmiAudioMaxStreamCount, Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
     { eId_CtaHdmiAudioNumHdmi3dAd, Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
 };
-constexpr STable gsc_oHdmiHeadTable = { eId_CtaHdmiAudio, "HDMI audio data block", eAudio, gsc_aoHdmiHeadRows };
+constexpr STable gsc_oHdmiHeadTable = { eId_CtaHdmiAudio, "HDMI audio data block", eArea_Audio, gsc_aoHdmiHeadRows };
 constexpr unsigned int gsc_uiHdmiHeadSize = 2;
 constexpr unsigned int gsc_uiHdmiAudioSize = 4;
 
@@ -327,7 +326,7 @@ constexpr SRow gsc_aoHdmiAudioRows[] = {
     { eId_CtaHdmiAudioFormatDependentValue, Byte(3), "Audio format code dependent value", Number(),
       WhereHdmiFormat<eFormat_OneBit> },
 };
-constexpr STable gsc_oHdmiAudioTable = { eId_CtaHdmiAudioDescriptor, "HDMI 3D audio descriptor", eAudio,
+constexpr STable gsc_oHdmiAudioTable = { eId_CtaHdmiAudioDescriptor, "HDMI 3D audio descriptor", eArea_Audio,
                                          gsc_aoHdmiAudioRows };
 
 // ---- Room Configuration Data Block: CTA-861-H 7.5.15 ----
@@ -347,7 +346,7 @@ constexpr SRow gsc_aoRoomRows[] = {
     { eId_CtaRoomDisplayY, Byte(8), "DisplayY", Part("Ymax"), WhereSet<0, 7> },
     { eId_CtaRoomDisplayZ, Byte(9), "DisplayZ", Part("Zmax"), WhereSet<0, 7> },
 };
-constexpr STable gsc_oRoomTable = { eId_CtaRoom, "Room configuration", eAudio, gsc_aoRoomRows };
+constexpr STable gsc_oRoomTable = { eId_CtaRoom, "Room configuration", eArea_Audio, gsc_aoRoomRows };
 
 // ---- Speaker Location Data Block: CTA-861-H 7.5.16 ----
 
@@ -401,7 +400,7 @@ CMString LocationSummary(const CRecord& oLocation)
 {
     return CMString(FindMeaning(gsc_aoSpeakerIds, oLocation.GetBits(1, 4, 0)));
 }
-constexpr STable gsc_oLocationTable = { eId_CtaSpeakerLocationDescriptor, "Speaker location descriptor", eAudio,
+constexpr STable gsc_oLocationTable = { eId_CtaSpeakerLocationDescriptor, "Speaker location descriptor", eArea_Audio,
                                         gsc_aoLocationRows, LocationSummary };
 
 unsigned int GetLocationSize(unsigned int uiFirstByte)
@@ -424,9 +423,9 @@ constexpr SRow gsc_aoDolbyRows[] = {
 };
 } // namespace
 
-constinit const STable g_oCtaAudioTable = { eId_CtaAudioDescriptor, "Short audio descriptor", eAudio, gsc_aoAudioRows,
-                                            AudioSummary };
-constinit const STable g_oCtaDolbyAudioTable = { eId_CtaDolbyAudio, "Dolby audio", eAudio, gsc_aoDolbyRows };
+constinit const STable g_oCtaAudioTable = { eId_CtaAudioDescriptor, "Short audio descriptor", eArea_Audio,
+                                            gsc_aoAudioRows, AudioSummary };
+constinit const STable g_oCtaDolbyAudioTable = { eId_CtaDolbyAudio, "Dolby audio", eArea_Audio, gsc_aoDolbyRows };
 
 void MapCtaSpeakers(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {

@@ -11,8 +11,6 @@ namespace ZorMap
 {
 namespace
 {
-constexpr CZorEdidMap::EArea eColour = CZorEdidMap::eArea_Colour;
-
 // ---- VESA Display Transfer Characteristic Data Block: VESA DTCDB 1.0 ----
 
 constexpr auto gsc_aoCurves = Listed({ "white", "red", "green", "blue" });
@@ -22,7 +20,7 @@ constexpr SRow gsc_aoTransferRows[] = {
     { eId_CtaTransferCurve, Bits(0, 7, 6), "Curve", Names(gsc_aoCurves) },
     { eId_CtaTransferFirstLuminance, Bits(0, 5, 0), "Luminance of the first point", Number("of 1023") },
 };
-constexpr STable gsc_oTransferTable = { eId_CtaTransfer, "Display transfer characteristic", eColour,
+constexpr STable gsc_oTransferTable = { eId_CtaTransfer, "Display transfer characteristic", eArea_Colour,
                                         gsc_aoTransferRows };
 constexpr SRow gsc_oIncrementRow = { eId_CtaTransferLuminanceIncrement, Byte(0), "Luminance increment",
                                      Number("of 1023") };
@@ -167,7 +165,7 @@ CMString DynamicSummary(const CRecord& oType)
 {
     return CMString(FindMeaning(gsc_aoDynamicTypes, GetDynamicType(oType)));
 }
-constexpr STable gsc_oDynamicTable = { eId_CtaHdrDynamicMetadata, "Supported HDR dynamic metadata", eColour,
+constexpr STable gsc_oDynamicTable = { eId_CtaHdrDynamicMetadata, "Supported HDR dynamic metadata", eArea_Colour,
                                        gsc_aoDynamicRows, DynamicSummary };
 
 unsigned int GetDynamicSize(unsigned int uiFirstByte) { return 1 + uiFirstByte; }
@@ -342,10 +340,12 @@ constexpr SRow gsc_aoDolbyRows[] = {
 };
 } // namespace
 
-constinit const STable g_oCtaColorimetryTable = { eId_CtaColorimetry, "Colorimetry", eColour, gsc_aoColorimetryRows };
-constinit const STable g_oCtaStaticHdrTable = { eId_CtaHdrStatic, "HDR static metadata", eColour, gsc_aoStaticRows };
-constinit const STable g_oCtaHdr10PlusTable = { eId_CtaHdr10Plus, "HDR10+", eColour, gsc_aoHdr10PlusRows };
-constinit const STable g_oCtaDolbyVisionTable = { eId_CtaDolbyVision, "Dolby Vision", eColour, gsc_aoDolbyRows };
+constinit const STable g_oCtaColorimetryTable = { eId_CtaColorimetry, "Colorimetry", eArea_Colour,
+                                                  gsc_aoColorimetryRows };
+constinit const STable g_oCtaStaticHdrTable = { eId_CtaHdrStatic, "HDR static metadata", eArea_Colour,
+                                                gsc_aoStaticRows };
+constinit const STable g_oCtaHdr10PlusTable = { eId_CtaHdr10Plus, "HDR10+", eArea_Colour, gsc_aoHdr10PlusRows };
+constinit const STable g_oCtaDolbyVisionTable = { eId_CtaDolbyVision, "Dolby Vision", eArea_Colour, gsc_aoDolbyRows };
 
 long long GetCtaLuminance(unsigned int uiCode)
 {
@@ -371,7 +371,7 @@ void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
     unsigned int uiSum = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength).GetBits(0, 5, 0);
     for (unsigned int i = 1; i < oPayload.m_uiLength; ++i)
     {
-        oWriter.AddLeaf(gsc_oIncrementRow, eColour, oPayload.m_uiOffset + i, 1);
+        oWriter.AddLeaf(gsc_oIncrementRow, eArea_Colour, oPayload.m_uiOffset + i, 1);
         uiSum += oWriter.GetByte(oPayload.m_uiOffset + i);
     }
     if (uiSum > gsc_uiMostLuminance)

@@ -10,12 +10,6 @@ namespace ZorMap
 {
 namespace
 {
-using EArea = CZorEdidMap::EArea;
-constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
-constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
-constexpr EArea eColour = CZorEdidMap::eArea_Colour;
-constexpr EArea eStructure = CZorEdidMap::eArea_Structure;
-
 // ---- HDMI Vendor-Specific Data Block: HDMI 1.4b 8.3.2 ----
 
 constexpr unsigned int gsc_uiPresentOffset = 4; // this byte says which fields follow
@@ -100,7 +94,7 @@ constexpr SRow gsc_aoHdmiRows[] = {
     { eId_CtaHdmiInterlacedVideoLatency, Byte(7), "Interlaced_Video_Latency", gsc_oLatency, HasInterlacedLatency },
     { eId_CtaHdmiInterlacedAudioLatency, Byte(8), "Interlaced_Audio_Latency", gsc_oLatency, HasInterlacedLatency },
 };
-constexpr STable gsc_oHdmiTable = { eId_CtaHdmi, "HDMI", eDisplay, gsc_aoHdmiRows };
+constexpr STable gsc_oHdmiTable = { eId_CtaHdmi, "HDMI", eArea_Display, gsc_aoHdmiRows };
 
 // What follows the latencies, where HDMI_Video_present is set.
 enum EMulti : unsigned int
@@ -124,7 +118,7 @@ constexpr SRow gsc_aoHdmiVideoRows[] = {
     { eId_CtaHdmiVicLen, Bits(1, 7, 5), "HDMI_VIC_LEN", Number("bytes") },
     { eId_CtaHdmi3dLen, Bits(1, 4, 0), "HDMI_3D_LEN", Number("bytes") },
 };
-constexpr STable gsc_oHdmiVideoTable = { eId_CtaHdmi, "HDMI video", eDisplay, gsc_aoHdmiVideoRows };
+constexpr STable gsc_oHdmiVideoTable = { eId_CtaHdmi, "HDMI video", eArea_Display, gsc_aoHdmiVideoRows };
 
 const char* GetHdmiVicName(unsigned int uiCode)
 {
@@ -151,7 +145,7 @@ constexpr SRow gsc_aoStructureAllRows[] = {
     { eId_CtaHdmi3dStructureAllFieldAlternative, Bit(1, 1), "Field alternative", Flag() },
     { eId_CtaHdmi3dStructureAllFramePacking, Bit(1, 0), "Frame packing", Flag() },
 };
-constexpr STable gsc_oStructureAllTable = { eId_CtaHdmi3dStructureAll, "3D_Structure_ALL", eTiming,
+constexpr STable gsc_oStructureAllTable = { eId_CtaHdmi3dStructureAll, "3D_Structure_ALL", eArea_Timing,
                                             gsc_aoStructureAllRows };
 constexpr unsigned int gsc_uiStructureAllSize = 2;
 constexpr unsigned int gsc_uiMaskSize = 2;
@@ -187,7 +181,7 @@ constexpr SRow gsc_aoItemRows[] = {
     { eId_CtaHdmi3dStructure, Bits(0, 3, 0), "3D_Structure", Names(gsc_aoStructures) },
     { eId_CtaHdmi3dDetail, Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },
 };
-constexpr STable gsc_oItemTable = { eId_CtaHdmi3dFormat, "3D format", eTiming, gsc_aoItemRows };
+constexpr STable gsc_oItemTable = { eId_CtaHdmi3dFormat, "3D format", eArea_Timing, gsc_aoItemRows };
 
 constexpr unsigned int gsc_uiItemSize = 1;
 constexpr unsigned int gsc_uiItemSizeWithDetail = 2;
@@ -304,7 +298,7 @@ constexpr SRow gsc_aoSinkRows[] = {
     { eId_CtaHdmiForumDscTotalChunkKbytes, Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024),
       nullptr, CheckDsc },
 };
-constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eDisplay, gsc_aoSinkRows };
+constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eArea_Display, gsc_aoSinkRows };
 constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, after two reserved bytes
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
@@ -318,7 +312,7 @@ constexpr SRow gsc_aoOverrideRows[] = {
     { eId_CtaExtensionOverrideCount, Byte(0), "EDID extension block count", Number("blocks"), nullptr,
       CheckExtensionCount },
 };
-constexpr STable gsc_oOverrideTable = { eId_CtaExtensionOverride, "EDID extension override", eStructure,
+constexpr STable gsc_oOverrideTable = { eId_CtaExtensionOverride, "EDID extension override", eArea_Structure,
                                         gsc_aoOverrideRows };
 
 // ---- HDMI Forum Source-Based Tone Mapping Data Block: HDMI 2.1b ----
@@ -357,7 +351,7 @@ constexpr SRow gsc_aoToneRows[] = {
     { eId_CtaToneMappingWhiteX, Little16(14), "White x", gsc_oChromaticity, HasPrimaries },
     { eId_CtaToneMappingWhiteY, Little16(16), "White y", gsc_oChromaticity, HasPrimaries },
 };
-constexpr STable gsc_oToneTable = { eId_CtaToneMapping, "Source-based tone mapping", eColour, gsc_aoToneRows };
+constexpr STable gsc_oToneTable = { eId_CtaToneMapping, "Source-based tone mapping", eArea_Colour, gsc_aoToneRows };
 constexpr SRow gsc_oToneRestRow = { eId_Unknown, RunToEnd(0), "Unknown", Unknown() };
 constexpr unsigned int gsc_uiToneHead = 2;
 constexpr unsigned int gsc_uiTonePrimaries = 16;
@@ -376,7 +370,7 @@ struct SRange
 
 void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset)
 {
-    oWriter.BeginGroup(eId_CtaHdmi3dMask, "3D_MASK", eTiming, uiOffset, gsc_uiMaskSize);
+    oWriter.BeginGroup(eId_CtaHdmi3dMask, "3D_MASK", eArea_Timing, uiOffset, gsc_uiMaskSize);
     AddVideoCodeBits(oWriter, oCodes, uiOffset, gsc_uiBits, gsc_aoMaskRows, gsc_uiMarkHdmi3d); // the high byte first
     AddVideoCodeBits(oWriter, oCodes, uiOffset + 1, 0, gsc_aoMaskRows, gsc_uiMarkHdmi3d);
     oWriter.EndGroup();
@@ -386,8 +380,8 @@ void AddMask(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiO
 unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiSize)
 {
     const unsigned int uiGroup =
-        oWriter.BeginGroup(eId_CtaHdmi3dFormat, gsc_oItemTable.m_pszName, eTiming, uiOffset, uiSize);
-    const unsigned int uiField = oWriter.AddLeaf(gsc_oOrderRow, eTiming, uiOffset, uiSize);
+        oWriter.BeginGroup(eId_CtaHdmi3dFormat, gsc_oItemTable.m_pszName, eArea_Timing, uiOffset, uiSize);
+    const unsigned int uiField = oWriter.AddLeaf(gsc_oOrderRow, eArea_Timing, uiOffset, uiSize);
     const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
     if (uiOrder < oCodes.m_uiCount)
     {
@@ -419,7 +413,7 @@ void AddMulti(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange)
 {
     if (!oRange.Has(gsc_uiStructureAllSize))
     {
-        oWriter.AddLeaf(gsc_oCutAllRow, eTiming, oRange.m_uiOffset, oRange.GetSize());
+        oWriter.AddLeaf(gsc_oCutAllRow, eArea_Timing, oRange.m_uiOffset, oRange.GetSize());
         return;
     }
     oWriter.AddRecord(gsc_oStructureAllTable, oRange.m_uiOffset, gsc_uiStructureAllSize);
@@ -429,7 +423,7 @@ void AddMulti(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange)
         AddMask(oWriter, oCodes, oRange.m_uiOffset);
         return;
     }
-    oWriter.AddLeaf(gsc_oCutMaskRow, eTiming, oRange.m_uiOffset, oRange.GetSize());
+    oWriter.AddLeaf(gsc_oCutMaskRow, eArea_Timing, oRange.m_uiOffset, oRange.GetSize());
 }
 
 void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, unsigned int uiMulti)
@@ -465,7 +459,7 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
     const unsigned int uiVics = std::min(oVideo.GetBits(1, 7, 5), uiEnd - uiOffset);
     for (unsigned int i = 0; i < uiVics; ++i)
     {
-        oWriter.AddLeaf(gsc_oHdmiVicRow, eTiming, uiOffset + i, 1);
+        oWriter.AddLeaf(gsc_oHdmiVicRow, eArea_Timing, uiOffset + i, 1);
     }
     uiOffset += uiVics;
     const unsigned int ui3d = oVideo.GetBits(1, 4, 0);
@@ -524,7 +518,7 @@ void MapCtaToneMapping(CMapWriter& oWriter, const SCtaPayload& oPayload)
     const unsigned int uiKnown = HasPrimaries(oTone) ? gsc_uiToneHead + gsc_uiTonePrimaries : gsc_uiToneHead;
     if (HasDrdm(oTone) && oPayload.m_uiLength > uiKnown)
     {
-        oWriter.AddLeaf(gsc_oToneRestRow, eColour, oPayload.m_uiOffset + uiKnown, oPayload.m_uiLength - uiKnown);
+        oWriter.AddLeaf(gsc_oToneRestRow, eArea_Colour, oPayload.m_uiOffset + uiKnown, oPayload.m_uiLength - uiKnown);
     }
 }
 

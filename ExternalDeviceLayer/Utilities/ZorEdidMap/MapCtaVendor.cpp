@@ -8,10 +8,6 @@ namespace ZorMap
 {
 namespace
 {
-using EArea = CZorEdidMap::EArea;
-constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
-constexpr EArea eVendor = CZorEdidMap::eArea_Vendor;
-
 // ---- AMD: variable refresh rate. Not published; what is known comes from drivers ----
 
 constexpr unsigned int gsc_uiAmdVersionWithHdr = 2;
@@ -262,7 +258,7 @@ constexpr SRow gsc_aoFrameHeadRows[] = {
       Number("bytes") },
     { eId_CtaInfoframeVendorSpecificAtOnce, Byte(1), "Vendor-Specific InfoFrames at once", NumberFrom1() },
 };
-constexpr STable gsc_oFrameHeadTable = { eId_CtaInfoframe, "InfoFrame processing descriptor", eDisplay,
+constexpr STable gsc_oFrameHeadTable = { eId_CtaInfoframe, "InfoFrame processing descriptor", eArea_Display,
                                          gsc_aoFrameHeadRows };
 constexpr SRow gsc_oFramePayloadRow = { eId_CtaInfoframePayload, RunToEnd(0), "Payload", Bytes() };
 constexpr unsigned int gsc_uiFrameHead = 2;
@@ -279,7 +275,7 @@ CMString FrameSummary(const CRecord& oFrame)
 {
     return CMString(FindMeaning(gsc_aoInfoFrames, oFrame.GetBits(0, 4, 0)));
 }
-constexpr STable gsc_oFrameTable = { eId_CtaInfoframeDescriptor, "Short InfoFrame descriptor", eDisplay,
+constexpr STable gsc_oFrameTable = { eId_CtaInfoframeDescriptor, "Short InfoFrame descriptor", eArea_Display,
                                      gsc_aoFrameRows, FrameSummary };
 
 unsigned int GetFrameSize(unsigned int uiFirstByte)
@@ -289,10 +285,10 @@ unsigned int GetFrameSize(unsigned int uiFirstByte)
 }
 } // namespace
 
-constinit const STable g_oCtaAmdTable = { eId_CtaAmd, "AMD", eVendor, gsc_aoAmdRows };
-constinit const STable g_oCtaMicrosoftTable = { eId_CtaMicrosoft, "Microsoft", eVendor, gsc_aoMicrosoftRows };
-constinit const STable g_oCtaUhdTable = { eId_CtaUhdAlliance, "UHD Alliance", eVendor, gsc_aoUhdRows };
-constinit const STable g_oCtaDisplayDeviceTable = { eId_CtaDisplayDevice, "VESA video display device", eDisplay,
+constinit const STable g_oCtaAmdTable = { eId_CtaAmd, "AMD", eArea_Vendor, gsc_aoAmdRows };
+constinit const STable g_oCtaMicrosoftTable = { eId_CtaMicrosoft, "Microsoft", eArea_Vendor, gsc_aoMicrosoftRows };
+constinit const STable g_oCtaUhdTable = { eId_CtaUhdAlliance, "UHD Alliance", eArea_Vendor, gsc_aoUhdRows };
+constinit const STable g_oCtaDisplayDeviceTable = { eId_CtaDisplayDevice, "VESA video display device", eArea_Display,
                                                     gsc_aoDeviceRows };
 
 void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
@@ -310,7 +306,7 @@ void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
         oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), CZorEdidMap::eSeverity_Error,
                         "the payload runs past the end of the data block");
     }
-    oWriter.AddLeaf(gsc_oFramePayloadRow, eDisplay, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
+    oWriter.AddLeaf(gsc_oFramePayloadRow, eArea_Display, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);
 }
 

@@ -10,10 +10,6 @@ namespace ZorMap
 {
 namespace
 {
-using EArea = CZorEdidMap::EArea;
-constexpr EArea eTiming = CZorEdidMap::eArea_Timing;
-constexpr EArea eDisplay = CZorEdidMap::eArea_Display;
-
 // Where byte 0 of a record lies between two values.
 template <unsigned int FIRST, unsigned int LAST>
 bool WhereIn(const CRecord& oRecord)
@@ -135,7 +131,8 @@ constexpr SRow gsc_aoNativeRows[] = {
     { eId_CtaNativeResolutionImageWidth, Little16(2), "Image width", Number("mm"), IsSizeInWhole },
     { eId_CtaNativeResolutionImageHeight, Little16(4), "Image height", Number("mm"), IsSizeInWhole },
 };
-constexpr STable gsc_oNativeTable = { eId_CtaNativeResolution, "Native video resolution", eTiming, gsc_aoNativeRows };
+constexpr STable gsc_oNativeTable = { eId_CtaNativeResolution, "Native video resolution", eArea_Timing,
+                                      gsc_aoNativeRows };
 
 // ---- Video Format Data Block: CTA-861.6 ----
 
@@ -153,7 +150,7 @@ constexpr SRow gsc_aoFormatHeadRows[] = {
     { eId_CtaVideoFormatNtsc, Bit(0, 6), "NTSC", Flag() },
     { eId_CtaVideoFormatDescriptorLength, Bits(0, 1, 0), "Length of a video format descriptor", NumberFrom1("bytes") },
 };
-constexpr STable gsc_oFormatHeadTable = { eId_CtaVideoFormat, "Video format data block", eTiming,
+constexpr STable gsc_oFormatHeadTable = { eId_CtaVideoFormat, "Video format data block", eArea_Timing,
                                           gsc_aoFormatHeadRows };
 
 // A factor multiplies 25 Hz with BFR50, and 30 Hz with BFR60. Without byte 1 BFR60 and the factors 1 and 2 are meant.
@@ -221,9 +218,12 @@ bool MakeFormatMode(const CRecord& oFormat, const SModeSource& oSource, CMode& o
     return true;
 }
 
-constexpr STable gsc_oFormatTable = {
-    eId_CtaVideoFormatDescriptor, "Video format descriptor", eTiming, gsc_aoFormatRows, FormatSummary, MakeFormatMode
-};
+constexpr STable gsc_oFormatTable = { eId_CtaVideoFormatDescriptor,
+                                      "Video format descriptor",
+                                      eArea_Timing,
+                                      gsc_aoFormatRows,
+                                      FormatSummary,
+                                      MakeFormatMode };
 
 // ---- YCbCr 4:2:0 Capability Map Data Block: CTA-861-H 7.5.11 ----
 
@@ -263,7 +263,7 @@ constexpr SRow gsc_aoTypeViiRows[] = {
     { eId_CtaType7M, Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, "the standard has 0 here") },
     { eId_CtaType7Revision, Bits(0, 2, 0), "Block revision", Number().Expect(2, "the standard has 2 here") },
 };
-constexpr STable gsc_oTypeViiTable = { eId_CtaType7, "Type VII", eTiming, gsc_aoTypeViiRows };
+constexpr STable gsc_oTypeViiTable = { eId_CtaType7, "Type VII", eArea_Timing, gsc_aoTypeViiRows };
 
 // Other words than those of DisplayID.
 constexpr auto gsc_aoTypeViiiCodes = Listed({ "DMT", "CTA-861", "HDMI", gsc_szReserved });
@@ -274,13 +274,13 @@ constexpr SRow gsc_aoTypeViiiRows[] = {
     { eId_CtaType8CodeSize, Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
     { eId_CtaType8Revision, Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
 };
-constexpr STable gsc_oTypeViiiTable = { eId_CtaType8, "Type VIII", eTiming, gsc_aoTypeViiiRows };
+constexpr STable gsc_oTypeViiiTable = { eId_CtaType8, "Type VIII", eArea_Timing, gsc_aoTypeViiiRows };
 
 constexpr SRow gsc_aoTypeXRows[] = {
     { eId_CtaType10M, Bits(0, 6, 4), "T10_M", Number("bytes") },
     { eId_CtaType10Revision, Bits(0, 2, 0), "Block revision", Number().Expect(0, "the standard has 0 here") },
 };
-constexpr STable gsc_oTypeXTable = { eId_CtaType10, "Type X", eTiming, gsc_aoTypeXRows };
+constexpr STable gsc_oTypeXTable = { eId_CtaType10, "Type X", eArea_Timing, gsc_aoTypeXRows };
 
 // Items of uiSize bytes after the first byte of the payload, as many as fit: fnAdd is called with the offset of each.
 template <class ADD>
@@ -303,11 +303,11 @@ CRecord GetHead(const CMapWriter& oWriter, const SCtaPayload& oPayload)
 } // namespace
 
 constinit const STable g_oCtaVideoTable = {
-    eId_CtaVideoDescriptor, "Short video descriptor", eTiming, gsc_aoVideoRows, SvdSummary, MakeSvdMode
+    eId_CtaVideoDescriptor, "Short video descriptor", eArea_Timing, gsc_aoVideoRows, SvdSummary, MakeSvdMode
 };
-constinit const STable g_oCtaPreferenceTable = { eId_CtaVideoReference, "Short video reference", eTiming,
+constinit const STable g_oCtaPreferenceTable = { eId_CtaVideoReference, "Short video reference", eArea_Timing,
                                                  gsc_aoReferenceRows,   ReferenceSummary,        MakeReferenceMode };
-constinit const STable g_oCtaVideoCapabilityTable = { eId_CtaVideoCapability, "Video capability", eDisplay,
+constinit const STable g_oCtaVideoCapabilityTable = { eId_CtaVideoCapability, "Video capability", eArea_Display,
                                                       gsc_aoCapabilityRows };
 
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
@@ -319,7 +319,7 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
         const unsigned int uiPlace = uiFirst + i;
         if (uiPlace < oCodes.m_uiCount)
         {
-            const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
+            const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eArea_Timing, uiOffset, 1);
             const unsigned int uiCode = GetVideoCode(oCodes.m_aui8Codes[uiPlace]);
             const char* pszName = GetVideoCodeName(uiCode);
             oWriter.SetName(uiField, pszName != nullptr ? pszName
@@ -329,7 +329,7 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
         }
         else if (oByte.IsSet(0, i))
         {
-            const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eTiming, uiOffset, 1);
+            const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eArea_Timing, uiOffset, 1);
             oWriter.SetIndex(uiField, uiPlace);
             oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, gsc_szNoVideoCode);
         }

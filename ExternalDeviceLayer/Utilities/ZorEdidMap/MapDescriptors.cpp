@@ -187,13 +187,9 @@ CMString FormatText(const CRecord& oRecord)
     return sText;
 }
 
-constexpr STable gsc_oSerialTable = {
-    eId_BaseSerial, "Display product serial number", CZorEdidMap::eArea_Identity, {}, FormatText
-};
-constexpr STable gsc_oStringTable = {
-    eId_BaseString, "Alphanumeric data string", CZorEdidMap::eArea_Identity, {}, FormatText
-};
-constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", CZorEdidMap::eArea_Identity, {}, FormatText };
+constexpr STable gsc_oSerialTable = { eId_BaseSerial, "Display product serial number", eArea_Identity, {}, FormatText };
+constexpr STable gsc_oStringTable = { eId_BaseString, "Alphanumeric data string", eArea_Identity, {}, FormatText };
+constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", eArea_Identity, {}, FormatText };
 
 // Of the text alone. One that fills its 13 bytes needs no line feed and may end with a blank; more blanks are padding.
 const char* CheckText(const CRecord& oRecord, unsigned int)
@@ -218,7 +214,7 @@ void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
     const unsigned int uiText = uiOffset + gsc_uiContentsOffset;
     const unsigned int uiLength = GetTextLength(oRecord);
     const unsigned int uiEnd = uiOffset + gsc_uiMapDescriptorSize;
-    const unsigned int uiField = oWriter.AddLeaf(gsc_oTextRow, CZorEdidMap::eArea_Identity, uiText, uiLength);
+    const unsigned int uiField = oWriter.AddLeaf(gsc_oTextRow, eArea_Identity, uiText, uiLength);
     const unsigned char* pui8Text = oRecord.GetData() + gsc_uiContentsOffset;
     if (std::any_of(pui8Text, pui8Text + uiLength, [](unsigned int uiOne) { return uiOne >= gsc_uiFirstAfterAscii; }))
     {
@@ -226,9 +222,8 @@ void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
     }
     if (uiLength < gsc_uiTextLength)
     {
-        oWriter.AddLeaf(gsc_oLineFeedRow, CZorEdidMap::eArea_Unused, uiText + uiLength, 1);
-        oWriter.AddLeaf(gsc_oBlanksRow, CZorEdidMap::eArea_Unused, uiText + uiLength + 1,
-                        uiEnd - uiText - uiLength - 1);
+        oWriter.AddLeaf(gsc_oLineFeedRow, eArea_Unused, uiText + uiLength, 1);
+        oWriter.AddLeaf(gsc_oBlanksRow, eArea_Unused, uiText + uiLength + 1, uiEnd - uiText - uiLength - 1);
     }
 }
 
@@ -388,7 +383,7 @@ constexpr SRow gsc_aoRangeRows[] = {
       Number("Hz").With(gsc_aoReservedRate), IsCvt },
     { eId_Unknown, Run(0x0B, 7), "Unknown", Unknown(), IsOtherFormula },
 };
-constexpr STable gsc_oRangeTable = { eId_BaseRange, "Display range limits", CZorEdidMap::eArea_Timing, gsc_aoRangeRows,
+constexpr STable gsc_oRangeTable = { eId_BaseRange, "Display range limits", eArea_Timing, gsc_aoRangeRows,
                                      FormatRange };
 
 // ---- Color point data, E-EDID 3.10.3.5: two white points of five bytes, the second one with index 0 when unused ----
@@ -410,24 +405,23 @@ constexpr auto PointRows(std::span<const SMeaning> aoIndexes, bool (*pfnUsed)(co
 }
 constexpr auto gsc_aoFirstPointRows = PointRows(gsc_aoPointReserved, nullptr);
 constexpr auto gsc_aoSecondPointRows = PointRows(gsc_aoPointUnused, IsPointUsed);
-constexpr STable gsc_oFirstPointTable = { eId_BaseColorPointWhitePoint, "White point", CZorEdidMap::eArea_Colour,
+constexpr STable gsc_oFirstPointTable = { eId_BaseColorPointWhitePoint, "White point", eArea_Colour,
                                           gsc_aoFirstPointRows };
-constexpr STable gsc_oSecondPointTable = { eId_BaseColorPointWhitePoint, "White point", CZorEdidMap::eArea_Colour,
+constexpr STable gsc_oSecondPointTable = { eId_BaseColorPointWhitePoint, "White point", eArea_Colour,
                                            gsc_aoSecondPointRows };
 
 constexpr SRow gsc_aoColorPointRows[] = {
     { eId_LineFeed, Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
     { eId_Padding, Run(0x10, 2), "Padding", Filler(' ', gsc_szBlanks) },
 };
-constexpr STable gsc_oColorPointTable = { eId_BaseColorPoint, "Color point data", CZorEdidMap::eArea_Colour,
-                                          gsc_aoColorPointRows };
+constexpr STable gsc_oColorPointTable = { eId_BaseColorPoint, "Color point data", eArea_Colour, gsc_aoColorPointRows };
 
 // ---- Standard timing identifications 9 to 14, E-EDID 3.10.3.6 ----
 
 constexpr SRow gsc_aoPairsRows[] = {
     { eId_LineFeed, Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
 };
-constexpr STable gsc_oPairsTable = { eId_BaseStandardList, "Standard timing identifications", CZorEdidMap::eArea_Timing,
+constexpr STable gsc_oPairsTable = { eId_BaseStandardList, "Standard timing identifications", eArea_Timing,
                                      gsc_aoPairsRows };
 
 // ---- Display color management data, E-EDID 3.10.3.7: coefficients of two bytes, least significant first ----
@@ -456,8 +450,8 @@ constexpr SRow gsc_aoManagementRows[] = {
     { eId_BaseColorManagementBlueA3, Little16(0x0E), "Blue a3", gsc_oCoefficient },
     { eId_BaseColorManagementBlueA2, Little16(0x10), "Blue a2", gsc_oCoefficient },
 };
-constexpr STable gsc_oManagementTable = { eId_BaseColorManagement, "Display color management data",
-                                          CZorEdidMap::eArea_Colour, gsc_aoManagementRows };
+constexpr STable gsc_oManagementTable = { eId_BaseColorManagement, "Display color management data", eArea_Colour,
+                                          gsc_aoManagementRows };
 
 // ---- CVT 3 byte timing codes, E-EDID 3.10.3.8 ----
 
@@ -561,8 +555,7 @@ constexpr SRow gsc_aoCodeRows[] = {
 constexpr SRow gsc_aoCodesRows[] = {
     { eId_BaseCvtCodesVersion, Byte(0x05), "Version number", Number().Expect(1, "only version 1 has this layout") },
 };
-constexpr STable gsc_oCodesTable = { eId_BaseCvtCodes, "CVT 3 byte timing codes", CZorEdidMap::eArea_Timing,
-                                     gsc_aoCodesRows };
+constexpr STable gsc_oCodesTable = { eId_BaseCvtCodes, "CVT 3 byte timing codes", eArea_Timing, gsc_aoCodesRows };
 
 // ---- Established timings III, E-EDID 3.10.3.9 ----
 
@@ -584,19 +577,17 @@ constexpr auto ListModeRows()
     return aoRows;
 }
 constexpr auto gsc_aoModesRows = ListModeRows();
-constexpr STable gsc_oModesTable = { eId_BaseEstablished3, "Established timings III", CZorEdidMap::eArea_Timing,
-                                     gsc_aoModesRows };
+constexpr STable gsc_oModesTable = { eId_BaseEstablished3, "Established timings III", eArea_Timing, gsc_aoModesRows };
 
 // ---- Dummy, makers' own and reserved descriptors, E-EDID 3.10.3.10 to 3.10.3.12 ----
 
 constexpr SRow gsc_aoDummyRows[] = { { eId_Unused, Run(0x05, 13), "Unused", Reserved() } };
-constexpr STable gsc_oDummyTable = { eId_BaseDummy, "Dummy descriptor", CZorEdidMap::eArea_Unused, gsc_aoDummyRows };
+constexpr STable gsc_oDummyTable = { eId_BaseDummy, "Dummy descriptor", eArea_Unused, gsc_aoDummyRows };
 constexpr SRow gsc_aoMakerRows[] = { { eId_BaseManufacturerData, Run(0x05, 13), "Manufacturer's data", Bytes() } };
-constexpr STable gsc_oMakerTable = { eId_BaseManufacturer, "Manufacturer specified descriptor",
-                                     CZorEdidMap::eArea_Vendor, gsc_aoMakerRows };
+constexpr STable gsc_oMakerTable = { eId_BaseManufacturer, "Manufacturer specified descriptor", eArea_Vendor,
+                                     gsc_aoMakerRows };
 constexpr SRow gsc_aoUnknownRows[] = { { eId_Unknown, Run(0x05, 13), "Unknown", Unknown() } };
-constexpr STable gsc_oUnknownTable = { eId_BaseReserved, "Reserved descriptor", CZorEdidMap::eArea_Unused,
-                                       gsc_aoUnknownRows };
+constexpr STable gsc_oUnknownTable = { eId_BaseReserved, "Reserved descriptor", eArea_Unused, gsc_aoUnknownRows };
 
 // ---- A timing whose end is missing ----
 
@@ -608,7 +599,7 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
         return CZorEdidMap::msc_uiNone;
     }
     const unsigned int uiField =
-        oWriter.BeginGroup(eId_BaseDetailed, "Detailed timing", CZorEdidMap::eArea_Timing, uiOffset, oRecord.GetSize());
+        oWriter.BeginGroup(eId_BaseDetailed, "Detailed timing", eArea_Timing, uiOffset, oRecord.GetSize());
     oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a detailed timing has 18 bytes");
     oWriter.AddRows(g_oDetailedTimingTable, uiOffset, oRecord.GetSize());
     oWriter.EndGroup(gsc_oUnknownRest);
@@ -682,8 +673,7 @@ constexpr SRow gsc_aoHeadRows[] = {
     { eId_BaseDescriptorTag, Byte(0x03), "Display descriptor tag", Names(gsc_aoTags).NoteOnly(), nullptr, CheckTag },
     { eId_Reserved, Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
 };
-constexpr STable gsc_oHeadTable = { eZorEdidField_None, "Display descriptor", CZorEdidMap::eArea_Structure,
-                                    gsc_aoHeadRows };
+constexpr STable gsc_oHeadTable = { eZorEdidField_None, "Display descriptor", eArea_Structure, gsc_aoHeadRows };
 
 void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int uiOffset)
 {
@@ -697,11 +687,10 @@ void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int 
 }
 } // namespace
 
-constinit const STable g_oDetailedTimingTable = { eId_BaseDetailed,   "Detailed timing", CZorEdidMap::eArea_Timing,
+constinit const STable g_oDetailedTimingTable = { eId_BaseDetailed,   "Detailed timing", eArea_Timing,
                                                   gsc_aoDetailedRows, nullptr,           MakeDetailedMode };
-constinit const STable g_oCvtCodeTable = {
-    eId_BaseCvtCode, "CVT 3 byte timing code", CZorEdidMap::eArea_Timing, gsc_aoCodeRows, FormatCvtCode, MakeCvtCodeMode
-};
+constinit const STable g_oCvtCodeTable = { eId_BaseCvtCode, "CVT 3 byte timing code", eArea_Timing, gsc_aoCodeRows,
+                                           FormatCvtCode,   MakeCvtCodeMode };
 
 SRangeLimits ReadRangeLimits(const CRecord& oRecord)
 {

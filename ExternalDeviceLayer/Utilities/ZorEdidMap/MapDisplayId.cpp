@@ -14,7 +14,6 @@ namespace ZorMap
 namespace
 {
 using CMap = CZorEdidMap;
-using enum CZorEdidMap::EArea;
 
 // ---- The section: DisplayID 1.3 and 2.0. It follows the extension tag ----
 

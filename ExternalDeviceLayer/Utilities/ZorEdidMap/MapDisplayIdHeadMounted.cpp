@@ -11,7 +11,6 @@ namespace ZorMap
 namespace
 {
 using CMap = CZorEdidMap;
-using enum CZorEdidMap::EArea;
 
 // ---- Projections: IEEE 754 single precision ----
 

@@ -10,7 +10,6 @@ namespace ZorMap
 namespace
 {
 using CMap = CZorEdidMap;
-using enum CZorEdidMap::EArea;
 
 // ---- Video timing range limits, DisplayID 1.3 (tag 9): 15 bytes ----
 

@@ -8,7 +8,6 @@ namespace ZorMap
 namespace
 {
 using CMap = CZorEdidMap;
-using enum CZorEdidMap::EArea;
 
 // ---- Product identification, DisplayID 1.3 (tag 0) and 2.0 (tag 20h): 12 bytes and a text ----
 

@@ -10,7 +10,6 @@ namespace ZorMap
 namespace
 {
 using CMap = CZorEdidMap;
-using enum CZorEdidMap::EArea;
 
 // ---- Names ----
 

@@ -191,7 +191,7 @@ constexpr SRow gsc_aoRows[] = {
     { eId_DiCurveRed, Run(0x70, 15), "Sub-channel 2 (red) curve", Bytes(), HasColourCurves },
     { eId_Reserved, Run(0x52, 45), "Reserved", Reserved(), HasNoCurves },
 };
-constexpr STable gsc_oTable = { eId_Di, "Display information", CZorEdidMap::eArea_Display, gsc_aoRows };
+constexpr STable gsc_oTable = { eId_Di, "Display information", eArea_Display, gsc_aoRows };
 } // namespace
 
 void MapDisplayInformation(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)

@@ -14,7 +14,6 @@ namespace ZorMap
 namespace
 {
 using CMap = CZorEdidMap;
-using enum CZorEdidMap::EArea;
 
 constexpr unsigned int gsc_uiChecksumOffset = CMapWriter::msc_uiBlockSize - 1;
 

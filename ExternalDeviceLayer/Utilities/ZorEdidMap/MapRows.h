@@ -18,6 +18,7 @@
 namespace ZorMap
 {
 using namespace ZorStandards;
+using enum CZorEdidMap::EArea;
 
 // The ids by short names, for the tables.
 #define ZOR_EDID_FIELD(NUMBER, NAME, ID) inline constexpr EZorEdidField eId_##NAME = eZorEdidField_##NAME;

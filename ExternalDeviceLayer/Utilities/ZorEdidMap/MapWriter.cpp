@@ -41,7 +41,7 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
     oField.m_bNumber =
         oForm.m_eKind == CZorEdidMap::eKind_Number && (oField.m_pszMeaning == nullptr || oForm.m_bStaysNumber);
     oField.m_eArea = oForm.m_eKind == CZorEdidMap::eKind_Reserved || oForm.m_eKind == CZorEdidMap::eKind_Unknown
-                         ? CZorEdidMap::eArea_Unused
+                         ? eArea_Unused
                          : eArea;
     return oField;
 }
@@ -228,7 +228,7 @@ void CMapWriter::NumberFields(unsigned int uiFirst, unsigned int uiEnd)
 unsigned int CMapWriter::BeginBlock(EZorEdidField eId, const char* pszName, unsigned int uiOffset,
                                     unsigned int uiLength)
 {
-    const unsigned int uiField = BeginGroup(eId, pszName, CZorEdidMap::eArea_Structure, uiOffset, uiLength);
+    const unsigned int uiField = BeginGroup(eId, pszName, eArea_Structure, uiOffset, uiLength);
     if (uiLength < msc_uiBlockSize)
     {
         AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a block has 128 bytes");
@@ -472,7 +472,7 @@ unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
     oEntry.m_oField.m_eId = oRow.m_eId;
     oEntry.m_oField.m_pszName = oRow.m_pszName;
     oEntry.m_oField.m_eKind = CZorEdidMap::eKind_Unknown;
-    oEntry.m_oField.m_eArea = CZorEdidMap::eArea_Unused;
+    oEntry.m_oField.m_eArea = eArea_Unused;
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     if (eKind != CZorEdidMap::eKind_Unknown && !HasError(GetOpenGroup().m_uiField))
     {
@@ -515,7 +515,7 @@ void CMapWriter::AddRest(const SRest& oRest, unsigned int uiOffset, unsigned int
     oField.m_eId = oRest.m_eId;
     oField.m_pszName = oRest.m_pszName;
     oField.m_eKind = oRest.m_eKind;
-    oField.m_eArea = CZorEdidMap::eArea_Unused;
+    oField.m_eArea = eArea_Unused;
     SPieces oPieces = {};
     oPieces.m_aoPieces[oPieces.m_uiCount++] = { uiOffset, uiLength, ui8Mask };
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
@@ -546,7 +546,7 @@ unsigned int CMapWriter::AddChecksum(const SRow& oRow, unsigned int uiFirst, uns
     oField.m_pszName = oRow.m_pszName;
     oField.m_llNumber = GetByte(uiOffset);
     oField.m_eKind = CZorEdidMap::eKind_Checksum;
-    oField.m_eArea = CZorEdidMap::eArea_Structure;
+    oField.m_eArea = eArea_Structure;
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     unsigned int uiSum = 0;
     for (unsigned int i = 0; i < uiLength; ++i)

@@ -159,7 +159,7 @@ void CMapWriter::WriteTail()
     oField.m_uiFirstPiece = m_oMap.m_aoPieces.GetCount();
     oField.m_uiPieces = 1;
     oField.m_eKind = CZorEdidMap::eKind_Unknown;
-    oField.m_eArea = CZorEdidMap::eArea_Unused;
+    oField.m_eArea = eArea_Unused;
     oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength, false };
     m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
     AddNote(AppendEntry(oEntry), CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");

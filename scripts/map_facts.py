@@ -476,7 +476,7 @@ def walk(fields, facts):
         try:
             facts.extend(Fact(kind, value, block) for kind, value in GROUPS.get(field["id"], no_facts)(Group(field))
                          if value or kind in TEXTS)
-        except KeyError:  # a group that is cut lacks fields, and so do facts behind them
+        except KeyError:  # a group that is cut lacks fields, and so do facts after them
             pass
         walk(field["fields"], facts)
 
@@ -727,7 +727,7 @@ def is_near(first, second, tolerance):
 
 
 def is_near_by_part(first, second, part):
-    """Of two values behind the same word."""
+    """Of two values after the same word."""
     (word, value), (other_word, other) = first.split(" "), second.split(" ")
     return word == other_word and is_near(float(value), float(other), part * float(value))
 

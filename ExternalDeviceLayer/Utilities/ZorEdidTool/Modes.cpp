@@ -1,7 +1,6 @@
 // zoredid modes: all timings of an image under the numbers that edits take.
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 
 #include "CommandLine.h"
@@ -86,8 +85,12 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
         oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, aoModes)) + "\n";
         return oOutcome;
     }
-    for (const SImageMode& oMode : aoModes | std::views::filter(&SImageMode::IsListed))
+    for (const SImageMode& oMode : aoModes)
     {
+        if (!oMode.IsListed())
+        {
+            continue;
+        }
         oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oMode.m_oTiming) + "\n" : GetLine(oMode);
     }
     return oOutcome;

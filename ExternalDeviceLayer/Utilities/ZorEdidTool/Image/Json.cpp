@@ -2,7 +2,6 @@
 
 #include "Json.h"
 
-#include <ranges>
 
 #include "AudioWarnings.h"
 #include "MapText.h"
@@ -68,8 +67,12 @@ void AddTimings(const CModes& aoModes, ordered_json& oJson)
     {
         oJson[GetListName(eList)] = ordered_json::array();
     }
-    for (const SImageMode& oListed : aoModes | std::views::filter(&SImageMode::IsListed))
+    for (const SImageMode& oListed : aoModes)
     {
+        if (!oListed.IsListed())
+        {
+            continue;
+        }
         if (oListed.m_bPreferred)
         {
             oJson["preferred"] = MakeTiming(oListed.m_oTiming, oListed.m_oVics);

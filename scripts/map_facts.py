@@ -368,8 +368,6 @@ def own_coordinates(kind):
 
 
 def own_dynamic_range(group):
-    if not group.has("seamless"):  # the limits of DisplayID 1.x
-        return
     for name in ("pixel clock", "vertical refresh rate"):
         for word, end in ENDS:
             yield "dynamic-range", f"{end} {name} {group.value(word + '-' + name.replace(' ', '-'))}"
@@ -423,13 +421,15 @@ GROUPS = {
     "cta.420-map": own_map_420,
     "displayid.section": own_section,
     "displayid.parameters": own_parameters,
+    "displayid.parameters-2": own_parameters,
     "displayid.product": own_product,
     "displayid.vendor": own_vendor,
     "displayid.tiled": own_tile,
     "displayid.interface": own_interface,
+    "displayid.interface-features": own_interface,
     "displayid.color.primary": own_coordinates("primary"),
     "displayid.color.white-point": own_coordinates("white"),
-    "displayid.range": own_dynamic_range,
+    "displayid.dynamic-range": own_dynamic_range,
     "displayid.adaptive-sync.descriptor": own_adaptive,
     "displayid.dmt-modes": own_supported,
     "di": own_clocks,

@@ -520,6 +520,8 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
 void VisitBaseIds(CIdVisitor& oVisitor)
 {
     oVisitor.VisitGroup(eId_Base, "Base block");
+    oVisitor.VisitBits(eId_BaseEstablishedMode, "Mode");
+    oVisitor.VisitBits(eId_BaseEstablishedManufacturer, "Manufacturer's timing");
     oVisitor.Visit(g_oHeaderRow, gsc_oIdentityTable, gsc_oVersionTable, gsc_oDisplayTable, gsc_oColorTable,
                    gsc_oEstablishedTable, g_oStandardTimingTable, g_oVtbStandardTimingTable, gsc_oExtensionCountRow);
 }

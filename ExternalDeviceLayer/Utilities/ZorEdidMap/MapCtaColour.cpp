@@ -281,7 +281,7 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { eId_CtaDolbyVisionVersion, Bits(0, 7, 5), "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
     { eId_Unknown, Bits(0, 4, 0), "Unknown", Unknown(), IsNot<Is0To2> },
     { eId_Unknown, RunToEnd(1), "Unknown", Unknown(), IsNot<Is0To2> },
-    { eId_CtaDolbyVisionYuv42212bit, Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
+    { eId_CtaDolbyVisionYuv422_12bit, Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
 
     { eId_CtaDolbyVision2160p60, Bit(0, 1), "2160p60", Flag(), Is0 },
     { eId_CtaDolbyVisionGlobalDimming, Bit(0, 2), "Global dimming", Flag(), Is0 },

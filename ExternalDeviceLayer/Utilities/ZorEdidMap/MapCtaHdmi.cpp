@@ -524,6 +524,7 @@ void MapCtaToneMapping(CMapWriter& oWriter, const SCtaPayload& oPayload)
 
 void VisitCtaHdmiIds(CIdVisitor& oVisitor)
 {
+    oVisitor.VisitBits(eId_CtaHdmi3dMaskPlace, "Video code");
     oVisitor.Visit(gsc_oHdmiTable, gsc_oHdmiVideoTable, gsc_oHdmiVicRow, gsc_oStructureAllTable, gsc_aoMaskRows,
                    gsc_oItemTable, gsc_oOrderRow, gsc_oSinkTable, gsc_oOverrideTable, gsc_oToneTable, gsc_oToneRestRow);
     oVisitor.VisitGroup(eId_CtaHdmi3dMask, "3D_MASK");

@@ -146,7 +146,7 @@ const char* GetResolutionName(unsigned int uiResolution)
 }
 
 constexpr SRow gsc_aoFormatHeadRows[] = {
-    { eId_CtaVideoFormatY420, Bit(0, 7), "Y420", Flag() },
+    { eId_CtaVideoFormatYcbcr420, Bit(0, 7), "Y420", Flag() },
     { eId_CtaVideoFormatNtsc, Bit(0, 6), "NTSC", Flag() },
     { eId_CtaVideoFormatDescriptorLength, Bits(0, 1, 0), "Length of a video format descriptor", NumberFrom1("bytes") },
 };
@@ -270,7 +270,7 @@ constexpr auto gsc_aoTypeViiiCodes = Listed({ "DMT", "CTA-861", "HDMI", gsc_szRe
 constexpr SRow gsc_aoTypeViiiRows[] = {
     { eId_CtaType8CodeType, Bits(0, 7, 6), "Timing code type",
       Names(gsc_aoTypeViiiCodes).Expect(0, "the standard has DMT here") },
-    { eId_CtaType8Y420, Bit(0, 5), "T8Y420", Flag() },
+    { eId_CtaType8Ycbcr420, Bit(0, 5), "T8Y420", Flag() },
     { eId_CtaType8CodeSize, Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
     { eId_CtaType8Revision, Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
 };
@@ -425,6 +425,7 @@ void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload)
 
 void VisitCtaVideoIds(CIdVisitor& oVisitor)
 {
+    oVisitor.VisitBits(eId_Cta420MapVic, "Video code");
     oVisitor.Visit(g_oCtaVideoTable, g_oCtaPreferenceTable, g_oCtaVideoCapabilityTable, gsc_oNativeTable,
                    gsc_oFormatHeadTable, gsc_oFormatTable, gsc_oTypeViiTable, gsc_oTypeViiiTable, gsc_oTypeXTable,
                    gsc_aoMapRows);

@@ -363,11 +363,11 @@ constexpr SRow gsc_aoRangeRows[] = {
       Number("MHz").Times(25).Decimals(2), IsCvt },
     { eId_BaseRangeMaxActivePixels, Split({ { 0x0C, 1, 0 }, { 0x0D, 7, 0 } }), "Maximum active pixels per line",
       Number("pixels").Times(8).With(gsc_aoNoPixelLimit), IsCvt },
-    { eId_BaseRange43AspectRatio, Bit(0x0E, 7), "4:3 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { eId_BaseRange169AspectRatio, Bit(0x0E, 6), "16:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { eId_BaseRange1610AspectRatio, Bit(0x0E, 5), "16:10 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { eId_BaseRange54AspectRatio, Bit(0x0E, 4), "5:4 aspect ratio", Flag(gsc_aoSupported), IsCvt },
-    { eId_BaseRange159AspectRatio, Bit(0x0E, 3), "15:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange4_3AspectRatio, Bit(0x0E, 7), "4:3 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange16_9AspectRatio, Bit(0x0E, 6), "16:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange16_10AspectRatio, Bit(0x0E, 5), "16:10 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange5_4AspectRatio, Bit(0x0E, 4), "5:4 aspect ratio", Flag(gsc_aoSupported), IsCvt },
+    { eId_BaseRange15_9AspectRatio, Bit(0x0E, 3), "15:9 aspect ratio", Flag(gsc_aoSupported), IsCvt },
     { eId_Reserved, Bits(0x0E, 2, 0), "Reserved", Reserved(), IsCvt },
     { eId_BaseRangePreferredAspectRatio, Bits(0x0F, 7, 5), "Preferred aspect ratio", Names(gsc_aoCvtAspects), IsCvt,
       CheckPreferredAspect },
@@ -760,6 +760,7 @@ unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset)
 
 void VisitDescriptorIds(CIdVisitor& oVisitor)
 {
+    oVisitor.VisitBits(eId_BaseEstablished3Mode, "Mode");
     oVisitor.Visit(g_oDetailedTimingTable, gsc_oHeadTable, gsc_oTextRow, gsc_oLineFeedRow, gsc_oBlanksRow,
                    gsc_oSecondPointTable, gsc_oFirstPointTable, g_oCvtCodeTable);
     for (const SDescriptor& oDescriptor : gsc_aoDescriptors)

@@ -66,7 +66,7 @@ constexpr SRow gsc_aoDynamicRangeRows[] = {
       CheckMaximum<0x09> },
     { eId_DisplayidRangeMaxVerticalRefreshRate, gsc_oWideMaximumRate, "Maximum vertical refresh rate", Number("Hz"),
       IsRevision1Plus, CheckMaximum<0x09> },
-    { eId_DisplayidRangeSeamless, Bit(0x0B, 7), "Seamless dynamic video timing", Flag(gsc_aoSupported) },
+    { eId_DisplayidDynamicRangeSeamless, Bit(0x0B, 7), "Seamless dynamic video timing", Flag(gsc_aoSupported) },
     { eId_Reserved, Bits(0x0B, 6, 0), "Reserved", Reserved(), IsRevision0 },
     { eId_Reserved, Bits(0x0B, 6, 2), "Reserved", Reserved(), IsRevision1Plus },
 };
@@ -75,7 +75,7 @@ CMString DynamicRangeText(const CRecord& oBlock)
     const unsigned int uiMost = IsRevision0(oBlock) ? oBlock.GetByte(0x0A) : oBlock.Get(gsc_oWideMaximumRate);
     return RatesText(oBlock.GetByte(0x09), uiMost);
 }
-constexpr STable gsc_oDynamicRange = { eId_DisplayidRange, "Dynamic video timing range limits", eArea_Timing,
+constexpr STable gsc_oDynamicRange = { eId_DisplayidDynamicRange, "Dynamic video timing range limits", eArea_Timing,
                                        gsc_aoDynamicRangeRows };
 
 // ---- Interface power sequencing, DisplayID 1.3 (tag 0Dh): 6 bytes ----
@@ -102,42 +102,42 @@ constexpr auto DepthRows(unsigned int uiOffset)
 {
     return std::to_array<SRow>({
         { eId_Reserved, Bits(uiOffset, 7, 6), "Reserved", Reserved() },
-        { eId_DisplayidInterfaceRgb44416bpc, Bit(uiOffset, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceRgb44414bpc, Bit(uiOffset, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceRgb44412bpc, Bit(uiOffset, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceRgb44410bpc, Bit(uiOffset, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceRgb4448bpc, Bit(uiOffset, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceRgb4446bpc, Bit(uiOffset, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb444_16bpc, Bit(uiOffset, 5), "RGB 4:4:4, 16 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb444_14bpc, Bit(uiOffset, 4), "RGB 4:4:4, 14 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb444_12bpc, Bit(uiOffset, 3), "RGB 4:4:4, 12 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb444_10bpc, Bit(uiOffset, 2), "RGB 4:4:4, 10 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb444_8bpc, Bit(uiOffset, 1), "RGB 4:4:4, 8 bits per color", Flag(gsc_aoSupported) },
+        { eId_DisplayidInterfaceRgb444_6bpc, Bit(uiOffset, 0), "RGB 4:4:4, 6 bits per color", Flag(gsc_aoSupported) },
         { eId_Reserved, Bits(uiOffset + 1, 7, 6), "Reserved", Reserved() },
-        { eId_DisplayidInterfaceYcbcr44416bpc, Bit(uiOffset + 1, 5), "YCbCr 4:4:4, 16 bits per color",
+        { eId_DisplayidInterfaceYcbcr444_16bpc, Bit(uiOffset + 1, 5), "YCbCr 4:4:4, 16 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr44414bpc, Bit(uiOffset + 1, 4), "YCbCr 4:4:4, 14 bits per color",
+        { eId_DisplayidInterfaceYcbcr444_14bpc, Bit(uiOffset + 1, 4), "YCbCr 4:4:4, 14 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr44412bpc, Bit(uiOffset + 1, 3), "YCbCr 4:4:4, 12 bits per color",
+        { eId_DisplayidInterfaceYcbcr444_12bpc, Bit(uiOffset + 1, 3), "YCbCr 4:4:4, 12 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr44410bpc, Bit(uiOffset + 1, 2), "YCbCr 4:4:4, 10 bits per color",
+        { eId_DisplayidInterfaceYcbcr444_10bpc, Bit(uiOffset + 1, 2), "YCbCr 4:4:4, 10 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr4448bpc, Bit(uiOffset + 1, 1), "YCbCr 4:4:4, 8 bits per color",
+        { eId_DisplayidInterfaceYcbcr444_8bpc, Bit(uiOffset + 1, 1), "YCbCr 4:4:4, 8 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr4446bpc, Bit(uiOffset + 1, 0), "YCbCr 4:4:4, 6 bits per color",
+        { eId_DisplayidInterfaceYcbcr444_6bpc, Bit(uiOffset + 1, 0), "YCbCr 4:4:4, 6 bits per color",
           Flag(gsc_aoSupported) },
         { eId_Reserved, Bits(uiOffset + 2, 7, 5), "Reserved", Reserved() },
-        { eId_DisplayidInterfaceYcbcr42216bpc, Bit(uiOffset + 2, 4), "YCbCr 4:2:2, 16 bits per color",
+        { eId_DisplayidInterfaceYcbcr422_16bpc, Bit(uiOffset + 2, 4), "YCbCr 4:2:2, 16 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr42214bpc, Bit(uiOffset + 2, 3), "YCbCr 4:2:2, 14 bits per color",
+        { eId_DisplayidInterfaceYcbcr422_14bpc, Bit(uiOffset + 2, 3), "YCbCr 4:2:2, 14 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr42212bpc, Bit(uiOffset + 2, 2), "YCbCr 4:2:2, 12 bits per color",
+        { eId_DisplayidInterfaceYcbcr422_12bpc, Bit(uiOffset + 2, 2), "YCbCr 4:2:2, 12 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr42210bpc, Bit(uiOffset + 2, 1), "YCbCr 4:2:2, 10 bits per color",
+        { eId_DisplayidInterfaceYcbcr422_10bpc, Bit(uiOffset + 2, 1), "YCbCr 4:2:2, 10 bits per color",
           Flag(gsc_aoSupported) },
-        { eId_DisplayidInterfaceYcbcr4228bpc, Bit(uiOffset + 2, 0), "YCbCr 4:2:2, 8 bits per color",
+        { eId_DisplayidInterfaceYcbcr422_8bpc, Bit(uiOffset + 2, 0), "YCbCr 4:2:2, 8 bits per color",
           Flag(gsc_aoSupported) },
     });
 }
 constexpr auto gsc_aoDepth1Rows = DepthRows(0x05);
 constexpr auto gsc_aoDepth2Rows = DepthRows(0x03);
 constexpr STable gsc_oDepths1 = { eId_DisplayidInterface, "Color depths", eArea_Display, gsc_aoDepth1Rows };
-constexpr STable gsc_oDepths2 = { eId_DisplayidInterface, "Color depths", eArea_Display, gsc_aoDepth2Rows };
+constexpr STable gsc_oDepths2 = { eId_DisplayidInterfaceFeatures, "Color depths", eArea_Display, gsc_aoDepth2Rows };
 
 // ---- Display interface, DisplayID 1.3 (tag 0Fh): 10 bytes ----
 
@@ -182,10 +182,10 @@ constexpr SRow gsc_aoInterfaceRows[] = {
     { eId_DisplayidInterfaceSpread, Bits(0x0A, 3, 0), "Spread", Number("%").Decimals(1) },
     { eId_Reserved, Bits(0x0B, 7, 5), "Reserved", Reserved(), IsLvds },
     { eId_DisplayidInterfaceColorMapping, Bit(0x0B, 4), "Color mapping", Flag(gsc_aoColourMappings), IsLvds },
-    { eId_DisplayidInterface28V, Bit(0x0B, 3), "2.8 V", Flag(gsc_aoSupported), IsLvds },
+    { eId_DisplayidInterface2_8V, Bit(0x0B, 3), "2.8 V", Flag(gsc_aoSupported), IsLvds },
     { eId_DisplayidInterface12V, Bit(0x0B, 2), "12 V", Flag(gsc_aoSupported), IsLvds },
     { eId_DisplayidInterface5V, Bit(0x0B, 1), "5 V", Flag(gsc_aoSupported), IsLvds },
-    { eId_DisplayidInterface33V, Bit(0x0B, 0), "3.3 V", Flag(gsc_aoSupported), IsLvds },
+    { eId_DisplayidInterface3_3V, Bit(0x0B, 0), "3.3 V", Flag(gsc_aoSupported), IsLvds },
     { eId_Reserved, Bits(0x0C, 7, 3), "Reserved", Reserved(), IsLvds },
     { eId_DisplayidInterfaceMode, Bit(0x0C, 2), "Mode", Flag(gsc_aoModes), IsLvds },
     { eId_DisplayidInterfaceDePolarity, Bit(0x0C, 1), "DE polarity or fixed signal level", Flag(gsc_aoLevels), IsLvds },
@@ -210,19 +210,24 @@ constexpr SMeaning gsc_aoAnyRate[] = { { 0, 0, "any" } };
 
 constexpr SRow gsc_aoFeatureRows[] = {
     { eId_Reserved, Bits(0x06, 7, 5), "Reserved", Reserved() },
-    { eId_DisplayidInterfaceYcbcr42016bpc, Bit(0x06, 4), "YCbCr 4:2:0, 16 bits per color", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceYcbcr42014bpc, Bit(0x06, 3), "YCbCr 4:2:0, 14 bits per color", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceYcbcr42012bpc, Bit(0x06, 2), "YCbCr 4:2:0, 12 bits per color", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceYcbcr42010bpc, Bit(0x06, 1), "YCbCr 4:2:0, 10 bits per color", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceYcbcr4208bpc, Bit(0x06, 0), "YCbCr 4:2:0, 8 bits per color", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceYcbcr420MinPixelRate, Byte(0x07), "Minimum pixel rate for YCbCr 4:2:0",
+    { eId_DisplayidInterfaceFeaturesYcbcr420_16bpc, Bit(0x06, 4), "YCbCr 4:2:0, 16 bits per color",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesYcbcr420_14bpc, Bit(0x06, 3), "YCbCr 4:2:0, 14 bits per color",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesYcbcr420_12bpc, Bit(0x06, 2), "YCbCr 4:2:0, 12 bits per color",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesYcbcr420_10bpc, Bit(0x06, 1), "YCbCr 4:2:0, 10 bits per color",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesYcbcr420_8bpc, Bit(0x06, 0), "YCbCr 4:2:0, 8 bits per color",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesYcbcr420MinPixelRate, Byte(0x07), "Minimum pixel rate for YCbCr 4:2:0",
       Number("MP/s").Times(7425).Decimals(2).With(gsc_aoAnyRate) },
-    { eId_DisplayidInterfaceAudio32Khz, Bit(0x08, 7), "Audio at 32 kHz", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceAudio441Khz, Bit(0x08, 6), "Audio at 44.1 kHz", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceAudio48Khz, Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAudio32Khz, Bit(0x08, 7), "Audio at 32 kHz", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAudio44_1Khz, Bit(0x08, 6), "Audio at 44.1 kHz", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAudio48Khz, Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
     { eId_Reserved, Bits(0x08, 4, 0), "Reserved", Reserved() },
 };
-constexpr STable gsc_oFeatures = { eId_DisplayidInterface, "Display interface features", eArea_Display,
+constexpr STable gsc_oFeatures = { eId_DisplayidInterfaceFeatures, "Display interface features", eArea_Display,
                                    gsc_aoFeatureRows };
 
 constexpr unsigned int gsc_uiCombinationsOffset = 0x0C; // of one byte each
@@ -234,19 +239,19 @@ const char* CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations
 
 constexpr SRow gsc_aoColourFeatureRows[] = {
     { eId_Reserved, Bit(0x09, 7), "Reserved", Reserved() },
-    { eId_DisplayidInterfaceBt2020St2084, Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceBt2020, Bit(0x09, 5), "BT.2020", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceDciP3, Bit(0x09, 4), "DCI-P3", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceAdobeRgb, Bit(0x09, 3), "Adobe RGB", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceBt709Bt1886, Bit(0x09, 2), "BT.709 with BT.1886", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceBt601, Bit(0x09, 1), "BT.601", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceSrgb, Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt2020St2084, Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt2020, Bit(0x09, 5), "BT.2020", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesDciP3, Bit(0x09, 4), "DCI-P3", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAdobeRgb, Bit(0x09, 3), "Adobe RGB", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt709Bt1886, Bit(0x09, 2), "BT.709 with BT.1886", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt601, Bit(0x09, 1), "BT.601", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesSrgb, Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
     { eId_Reserved, Byte(0x0A), "Reserved", Reserved() },
     { eId_Reserved, Bits(0x0B, 7, 3), "Reserved", Reserved() },
-    { eId_DisplayidInterfaceCombinations, Bits(0x0B, 2, 0), "Number of additional color space and EOTF combinations",
-      Number(), nullptr, CheckCombinations },
+    { eId_DisplayidInterfaceFeaturesCombinations, Bits(0x0B, 2, 0),
+      "Number of additional color space and EOTF combinations", Number(), nullptr, CheckCombinations },
 };
-constexpr STable gsc_oColourFeatures = { eId_DisplayidInterface, "Display interface features", eArea_Colour,
+constexpr STable gsc_oColourFeatures = { eId_DisplayidInterfaceFeatures, "Display interface features", eArea_Colour,
                                          gsc_aoColourFeatureRows };
 
 constexpr auto gsc_aoColourSpaces =
@@ -254,10 +259,10 @@ constexpr auto gsc_aoColourSpaces =
 constexpr auto gsc_aoEotfs = ListedTo(15, { "undefined", "sRGB", "BT.601", "BT.1886", "Adobe RGB", "DCI-P3", "BT.2020",
                                             "gamma function", "SMPTE ST 2084", "hybrid log", "custom" });
 constexpr SRow gsc_aoCombinationRows[] = {
-    { eId_DisplayidInterfaceColorSpace, Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
-    { eId_DisplayidInterfaceEotf, Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },
+    { eId_DisplayidInterfaceFeaturesColorSpace, Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
+    { eId_DisplayidInterfaceFeaturesEotf, Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },
 };
-constexpr STable gsc_oCombination = { eId_DisplayidInterfaceCombination, "Color space and EOTF", eArea_Colour,
+constexpr STable gsc_oCombination = { eId_DisplayidInterfaceFeaturesCombination, "Color space and EOTF", eArea_Colour,
                                       gsc_aoCombinationRows };
 
 void MapCombinations(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
@@ -590,9 +595,9 @@ constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x25, Group(eId_DisplayidRange, "Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
+    { 0x25, Group(eId_DisplayidDynamicRange, "Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
       Exactly(9), nullptr, { &gsc_oDynamicRange } },
-    { 0x26, Group(eId_DisplayidInterface, "Display interface features data block", eArea_Display),
+    { 0x26, Group(eId_DisplayidInterfaceFeatures, "Display interface features data block", eArea_Display),
       { 9, 16 }, nullptr, { &gsc_oDepths2, &gsc_oFeatures, &gsc_oColourFeatures }, MapCombinations },
     { 0x27, Group(eId_DisplayidStereo, "Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },

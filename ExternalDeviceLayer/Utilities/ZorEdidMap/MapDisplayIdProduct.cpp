@@ -62,7 +62,7 @@ void MapProductText(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiO
 
 // ---- Texts, DisplayID 1.3 (tags 0Ah and 0Bh); container ID, DisplayID 2.0 (tag 29h) ----
 
-constexpr SRow gsc_aoSerialRows[] = { { eId_DisplayidSerialNumber, RunToEnd(3), "Serial number", Text(), nullptr,
+constexpr SRow gsc_aoSerialRows[] = { { eId_DisplayidSerialSerialNumber, RunToEnd(3), "Serial number", Text(), nullptr,
                                         CheckAscii<3> } };
 constexpr STable gsc_oSerial = { eId_DisplayidSerial, "Serial number", eArea_Identity, gsc_aoSerialRows };
 
@@ -237,10 +237,11 @@ constexpr auto HasMillimetres = WhereSet<gsc_uiDataBlockFlagsOffset, 7>;
 constexpr auto HasTenths = IsNot<HasMillimetres>;
 
 constexpr SRow gsc_aoParameters2FlagRows[] = {
-    { eId_DisplayidParametersSizePrecision, Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
+    { eId_DisplayidParameters2SizePrecision, Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
     { eId_Reserved, Bits(1, 6, 3), "Reserved", Reserved() },
 };
-constexpr STable gsc_oParameters2Flags = { eId_DisplayidParameters, "Flags", eArea_Display, gsc_aoParameters2FlagRows };
+constexpr STable gsc_oParameters2Flags = { eId_DisplayidParameters2, "Flags", eArea_Display,
+                                           gsc_aoParameters2FlagRows };
 
 constexpr SRow gsc_aoParameters2Rows[] = {
     WidthRow(Number("mm").Decimals(1), HasTenths),
@@ -249,15 +250,15 @@ constexpr SRow gsc_aoParameters2Rows[] = {
     HeightRow(Number("mm"), HasMillimetres),
     gsc_oPixelsRow,
     gsc_oLinesRow,
-    { eId_DisplayidParametersAudioSpeakers, Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
-    { eId_DisplayidParametersColorInformation, Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
+    { eId_DisplayidParameters2AudioSpeakers, Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
+    { eId_DisplayidParameters2ColorInformation, Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
     { eId_Reserved, Bit(0x0B, 5), "Reserved", Reserved() },
-    { eId_DisplayidParametersLuminanceInformation, Bits(0x0B, 4, 3), "Luminance information",
+    { eId_DisplayidParameters2LuminanceInformation, Bits(0x0B, 4, 3), "Luminance information",
       Names(gsc_aoLuminanceKinds) },
-    { eId_DisplayidParametersScanOrientation, Bits(0x0B, 2, 0), "Scan orientation", Names(gsc_aoScanOrientations) },
+    { eId_DisplayidParameters2ScanOrientation, Bits(0x0B, 2, 0), "Scan orientation", Names(gsc_aoScanOrientations) },
 };
 CMString Parameters2Text(const CRecord& oBlock) { return SizeText(oBlock, HasTenths(oBlock) ? 1 : 0); }
-constexpr STable gsc_oParameters2 = { eId_DisplayidParameters, "Display parameters", eArea_Display,
+constexpr STable gsc_oParameters2 = { eId_DisplayidParameters2, "Display parameters", eArea_Display,
                                       gsc_aoParameters2Rows };
 
 // Coordinates of 12 bits, two in three bytes.
@@ -273,25 +274,25 @@ constexpr SRow SecondCoordinateRow(EZorEdidField eId, unsigned int uiOffset, con
 }
 
 constexpr SRow gsc_aoParameters2ColourRows[] = {
-    FirstCoordinateRow(eId_DisplayidParametersPrimary1X, 0x0C, "Primary color 1 x"),
-    SecondCoordinateRow(eId_DisplayidParametersPrimary1Y, 0x0C, "Primary color 1 y"),
-    FirstCoordinateRow(eId_DisplayidParametersPrimary2X, 0x0F, "Primary color 2 x"),
-    SecondCoordinateRow(eId_DisplayidParametersPrimary2Y, 0x0F, "Primary color 2 y"),
-    FirstCoordinateRow(eId_DisplayidParametersPrimary3X, 0x12, "Primary color 3 x"),
-    SecondCoordinateRow(eId_DisplayidParametersPrimary3Y, 0x12, "Primary color 3 y"),
-    FirstCoordinateRow(eId_DisplayidParametersWhitePointX, 0x15, "White point x"),
-    SecondCoordinateRow(eId_DisplayidParametersWhitePointY, 0x15, "White point y"),
-    LuminanceRow(eId_DisplayidParametersMaxLuminanceFull, 0x18, "Maximum luminance, full coverage"),
-    LuminanceRow(eId_DisplayidParametersMaxLuminance10Percent, 0x1A, "Maximum luminance, 10% rectangular coverage"),
-    LuminanceRow(eId_DisplayidParametersMinLuminance, 0x1C, "Minimum luminance"),
-    { eId_DisplayidParametersTheme, Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
+    FirstCoordinateRow(eId_DisplayidParameters2Primary1X, 0x0C, "Primary color 1 x"),
+    SecondCoordinateRow(eId_DisplayidParameters2Primary1Y, 0x0C, "Primary color 1 y"),
+    FirstCoordinateRow(eId_DisplayidParameters2Primary2X, 0x0F, "Primary color 2 x"),
+    SecondCoordinateRow(eId_DisplayidParameters2Primary2Y, 0x0F, "Primary color 2 y"),
+    FirstCoordinateRow(eId_DisplayidParameters2Primary3X, 0x12, "Primary color 3 x"),
+    SecondCoordinateRow(eId_DisplayidParameters2Primary3Y, 0x12, "Primary color 3 y"),
+    FirstCoordinateRow(eId_DisplayidParameters2WhitePointX, 0x15, "White point x"),
+    SecondCoordinateRow(eId_DisplayidParameters2WhitePointY, 0x15, "White point y"),
+    LuminanceRow(eId_DisplayidParameters2MaxLuminanceFull, 0x18, "Maximum luminance, full coverage"),
+    LuminanceRow(eId_DisplayidParameters2MaxLuminance10Percent, 0x1A, "Maximum luminance, 10% rectangular coverage"),
+    LuminanceRow(eId_DisplayidParameters2MinLuminance, 0x1C, "Minimum luminance"),
+    { eId_DisplayidParameters2Theme, Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
     { eId_Reserved, Bit(0x1E, 7), "Reserved", Reserved(), IsRevision0 },
-    { eId_DisplayidParametersTechnology, Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
+    { eId_DisplayidParameters2Technology, Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
     { eId_Reserved, Bit(0x1E, 3), "Reserved", Reserved() },
-    { eId_DisplayidParametersNativeBitDepth, Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
-    { eId_DisplayidParametersGammaEotf, Byte(0x1F), "Gamma EOTF, native", HundredthsFrom1().With(gsc_aoFFNotGiven) },
+    { eId_DisplayidParameters2NativeBitDepth, Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
+    { eId_DisplayidParameters2GammaEotf, Byte(0x1F), "Gamma EOTF, native", HundredthsFrom1().With(gsc_aoFFNotGiven) },
 };
-constexpr STable gsc_oParameters2Colour = { eId_DisplayidParameters, "Display parameters", eArea_Colour,
+constexpr STable gsc_oParameters2Colour = { eId_DisplayidParameters2, "Display parameters", eArea_Colour,
                                             gsc_aoParameters2ColourRows };
 
 // ---- Color characteristics, DisplayID 1.3 (tag 2) ----
@@ -500,7 +501,7 @@ constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
     { 0x20, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
       AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct2 }, MapProductText },
-    { 0x21, Group(eId_DisplayidParameters, "Display parameters data block", eArea_Display, Parameters2Text),
+    { 0x21, Group(eId_DisplayidParameters2, "Display parameters data block", eArea_Display, Parameters2Text),
       Exactly(29), &gsc_oParameters2Flags, { &gsc_oParameters2, &gsc_oParameters2Colour } },
     { 0x29, Group(eId_DisplayidContainer, "ContainerID data block", eArea_Identity),
       Exactly(gsc_uiContainerIdSize), nullptr, { &gsc_oContainerId } },

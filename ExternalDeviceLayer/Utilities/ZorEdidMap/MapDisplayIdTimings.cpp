@@ -445,7 +445,7 @@ constexpr SRow gsc_aoType6Rows[] = {
     StereoRow(13),
     { eId_Reserved, Bit(13, 4), "Reserved", Reserved() },
     CType6::msc_oSyncY,
-    { eId_DisplayidTimingAspectRatio, Byte(14), "Aspect ratio", Fraction(nullptr, 256).Times(30000), HasSize },
+    { eId_DisplayidTimingImageAspectRatio, Byte(14), "Aspect ratio", Fraction(nullptr, 256).Times(30000), HasSize },
     { eId_DisplayidTimingImageHeight, Split({ { 16, 3, 0 }, { 15, 7, 0 } }), "Vertical image size",
       Number("mm").Computed(GetType6Height), HasSize },
     { eId_DisplayidTimingSizeMultiplier, Bits(16, 7, 4), "Size multiplier", NumberFrom1(), HasSize },
@@ -575,9 +575,9 @@ constexpr STable gsc_oType8Flags = { eZorEdidField_None, "Flags", eArea_Timing, 
 
 // DisplayID 1.3 (tags 7 and 8): a bit a mode, from mode 1 on. A field has the name of its mode.
 constexpr auto gsc_aoDmtBits =
-    BitRows(eId_DisplayidTimingMode, "Mode", Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeDmtMode>));
+    BitRows(eId_DisplayidDmtModesMode, "Mode", Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeDmtMode>));
 constexpr auto gsc_aoVicBits =
-    BitRows(eId_DisplayidTimingMode, "Mode", Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeVideoMode>));
+    BitRows(eId_DisplayidVicModesMode, "Mode", Flag(gsc_aoSupported).Mode(MakeCodeMode<MakeVideoMode>));
 
 void MapModeBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
                  std::span<const SRow, gsc_uiBits> aoRows, const char* (*pfnName)(unsigned int))

@@ -16,6 +16,8 @@ public:
         (VisitPart(oParts), ...);
     }
     void VisitGroup(EZorEdidField eId, const char* pszName) { OnPart(eId, pszName, CZorEdidMap::eKind_Group, nullptr); }
+    // The id of many bits, each of which has its own name: before their rows, since the first name counts.
+    void VisitBits(EZorEdidField eId, const char* pszName) { OnPart(eId, pszName, CZorEdidMap::eKind_Flag, nullptr); }
 
 protected:
     ~CIdVisitor() = default;

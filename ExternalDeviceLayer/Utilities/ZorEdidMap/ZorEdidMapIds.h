@@ -103,11 +103,11 @@
     X(256, BaseRangeCvtRevision, "base.range.cvt-revision")                                                           \
     X(257, BaseRangePixelClockPrecision, "base.range.pixel-clock-precision")                                          \
     X(258, BaseRangeMaxActivePixels, "base.range.max-active-pixels")                                                  \
-    X(259, BaseRange43AspectRatio, "base.range.4-3-aspect-ratio")                                                     \
-    X(260, BaseRange169AspectRatio, "base.range.16-9-aspect-ratio")                                                   \
-    X(261, BaseRange1610AspectRatio, "base.range.16-10-aspect-ratio")                                                 \
-    X(262, BaseRange54AspectRatio, "base.range.5-4-aspect-ratio")                                                     \
-    X(263, BaseRange159AspectRatio, "base.range.15-9-aspect-ratio")                                                   \
+    X(259, BaseRange4_3AspectRatio, "base.range.4-3-aspect-ratio")                                                    \
+    X(260, BaseRange16_9AspectRatio, "base.range.16-9-aspect-ratio")                                                  \
+    X(261, BaseRange16_10AspectRatio, "base.range.16-10-aspect-ratio")                                                \
+    X(262, BaseRange5_4AspectRatio, "base.range.5-4-aspect-ratio")                                                    \
+    X(263, BaseRange15_9AspectRatio, "base.range.15-9-aspect-ratio")                                                  \
     X(264, BaseRangePreferredAspectRatio, "base.range.preferred-aspect-ratio")                                        \
     X(265, BaseRangeCvtReducedBlanking, "base.range.cvt-reduced-blanking")                                            \
     X(266, BaseRangeCvtStandardBlanking, "base.range.cvt-standard-blanking")                                          \
@@ -152,9 +152,9 @@
     X(415, CtaYcbcr444, "cta.ycbcr-444") X(416, CtaYcbcr422, "cta.ycbcr-422")                                         \
     X(417, CtaNativeCount, "cta.native-count") X(418, CtaReserved, "cta.reserved") X(419, CtaVendor, "cta.vendor")    \
     X(420, CtaVendorVideo, "cta.vendor-video") X(421, CtaVesaVtb, "cta.vesa-vtb")                                     \
-    X(422, CtaVideoPreference, "cta.video-preference") X(423, Cta420Video, "cta.420-video")                           \
+    X(422, CtaVideoFormatPreference, "cta.video-format-preference") X(423, Cta420Video, "cta.420-video")              \
     X(424, CtaVendorAudio, "cta.vendor-audio") X(425, CtaProductInformation, "cta.product-information")               \
-    X(426, CtaHdmiSink, "cta.hdmi-sink") X(427, CtaNoExtendedTag, "cta.no-extended-tag")                              \
+    X(426, CtaHdmiForumSink, "cta.hdmi-forum-sink") X(427, CtaNoExtendedTag, "cta.no-extended-tag")                   \
     X(428, CtaCollection, "cta.collection")                                                                           \
     /* cta.data-block */                                                                                              \
     X(441, CtaDataBlockTag, "cta.data-block.tag")                                                                     \
@@ -164,9 +164,9 @@
     X(460, CtaAudio, "cta.audio") X(461, CtaAudioFormat, "cta.audio.format")                                          \
     X(462, CtaAudioExtendedFormat, "cta.audio.extended-format") X(463, CtaAudioChannels, "cta.audio.channels")        \
     X(464, CtaAudioMpegHLevel, "cta.audio.mpeg-h-level") X(465, CtaAudio192Khz, "cta.audio.192-khz")                  \
-    X(466, CtaAudio1764Khz, "cta.audio.176-4-khz") X(467, CtaAudio96Khz, "cta.audio.96-khz")                          \
-    X(468, CtaAudio882Khz, "cta.audio.88-2-khz") X(469, CtaAudio48Khz, "cta.audio.48-khz")                            \
-    X(470, CtaAudio441Khz, "cta.audio.44-1-khz") X(471, CtaAudio32Khz, "cta.audio.32-khz")                            \
+    X(466, CtaAudio176_4Khz, "cta.audio.176-4-khz") X(467, CtaAudio96Khz, "cta.audio.96-khz")                         \
+    X(468, CtaAudio88_2Khz, "cta.audio.88-2-khz") X(469, CtaAudio48Khz, "cta.audio.48-khz")                           \
+    X(470, CtaAudio44_1Khz, "cta.audio.44-1-khz") X(471, CtaAudio32Khz, "cta.audio.32-khz")                           \
     X(472, CtaAudio24Bit, "cta.audio.24-bit") X(473, CtaAudio20Bit, "cta.audio.20-bit")                               \
     X(474, CtaAudio16Bit, "cta.audio.16-bit") X(475, CtaAudioMaxBitRate, "cta.audio.max-bit-rate")                    \
     X(476, CtaAudioFormatDependentValue, "cta.audio.format-dependent-value")                                          \
@@ -174,7 +174,7 @@
     X(478, CtaAudioJointObjectCoding, "cta.audio.joint-object-coding") X(479, CtaAudioPcmHash, "cta.audio.pcm-hash")  \
     X(480, CtaAudioMatContent, "cta.audio.mat-content") X(481, CtaAudioProfile, "cta.audio.profile")                  \
     X(482, CtaAudio1024Tl, "cta.audio.1024-tl") X(483, CtaAudio960Tl, "cta.audio.960-tl")                             \
-    X(484, CtaAudio222Multichannel, "cta.audio.22-2-multichannel")                                                    \
+    X(484, CtaAudio22_2Multichannel, "cta.audio.22-2-multichannel")                                                   \
     X(485, CtaAudioMpegSurround, "cta.audio.mpeg-surround")                                                           \
     X(486, CtaAudioBaselineProfile, "cta.audio.baseline-profile")                                                     \
     X(487, CtaAudioLowComplexityProfile, "cta.audio.low-complexity-profile")                                          \
@@ -278,7 +278,7 @@
     X(732, CtaTransferFirstLuminance, "cta.transfer.first-luminance")                                                 \
     X(733, CtaTransferLuminanceIncrement, "cta.transfer.luminance-increment")                                         \
     /* cta.video-format */                                                                                            \
-    X(750, CtaVideoFormat, "cta.video-format") X(751, CtaVideoFormatY420, "cta.video-format.y420")                    \
+    X(750, CtaVideoFormat, "cta.video-format") X(751, CtaVideoFormatYcbcr420, "cta.video-format.ycbcr-420")           \
     X(752, CtaVideoFormatNtsc, "cta.video-format.ntsc")                                                               \
     X(753, CtaVideoFormatDescriptorLength, "cta.video-format.descriptor-length")                                      \
     X(754, CtaVideoFormatBfr50, "cta.video-format.bfr50") X(755, CtaVideoFormatFr24, "cta.video-format.fr24")         \
@@ -304,7 +304,7 @@
     X(803, CtaHdr10PlusApplicationVersion, "cta.hdr10-plus.application-version")                                      \
     /* cta.dolby-vision */                                                                                            \
     X(820, CtaDolbyVision, "cta.dolby-vision") X(821, CtaDolbyVisionVersion, "cta.dolby-vision.version")              \
-    X(822, CtaDolbyVisionYuv42212bit, "cta.dolby-vision.yuv422-12bit")                                                \
+    X(822, CtaDolbyVisionYuv422_12bit, "cta.dolby-vision.yuv422-12bit")                                               \
     X(823, CtaDolbyVision2160p60, "cta.dolby-vision.2160p60")                                                         \
     X(824, CtaDolbyVisionGlobalDimming, "cta.dolby-vision.global-dimming")                                            \
     X(825, CtaDolbyVisionRedX, "cta.dolby-vision.red-x") X(826, CtaDolbyVisionRedY, "cta.dolby-vision.red-y")         \
@@ -332,16 +332,16 @@
     X(866, CtaDisplayDeviceContentProtection, "cta.display-device.content-protection")                                \
     X(867, CtaDisplayDeviceMinClock, "cta.display-device.min-clock")                                                  \
     X(868, CtaDisplayDeviceMaxClock, "cta.display-device.max-clock")                                                  \
-    X(869, CtaDisplayDeviceNativeHorizontalPixels, "cta.display-device.native-horizontal-pixels")                     \
-    X(870, CtaDisplayDeviceNativeVerticalPixels, "cta.display-device.native-vertical-pixels")                         \
+    X(869, CtaDisplayDeviceHorizontalPixels, "cta.display-device.horizontal-pixels")                                  \
+    X(870, CtaDisplayDeviceVerticalPixels, "cta.display-device.vertical-pixels")                                      \
     X(871, CtaDisplayDeviceAspectRatio, "cta.display-device.aspect-ratio")                                            \
     X(872, CtaDisplayDeviceDefaultOrientation, "cta.display-device.default-orientation")                              \
     X(873, CtaDisplayDeviceRotationCapability, "cta.display-device.rotation-capability")                              \
     X(874, CtaDisplayDeviceZeroPixelLocation, "cta.display-device.zero-pixel-location")                               \
     X(875, CtaDisplayDeviceScanDirection, "cta.display-device.scan-direction")                                        \
-    X(876, CtaDisplayDeviceSubpixelLayout, "cta.display-device.subpixel-layout")                                      \
-    X(877, CtaDisplayDeviceHorizontalPixelPitch, "cta.display-device.horizontal-pixel-pitch")                         \
-    X(878, CtaDisplayDeviceVerticalPixelPitch, "cta.display-device.vertical-pixel-pitch")                             \
+    X(876, CtaDisplayDeviceSubPixelLayout, "cta.display-device.sub-pixel-layout")                                     \
+    X(877, CtaDisplayDeviceHorizontalPitch, "cta.display-device.horizontal-pitch")                                    \
+    X(878, CtaDisplayDeviceVerticalPitch, "cta.display-device.vertical-pitch")                                        \
     X(879, CtaDisplayDeviceDithering, "cta.display-device.dithering")                                                 \
     X(880, CtaDisplayDeviceDirectDrive, "cta.display-device.direct-drive")                                            \
     X(881, CtaDisplayDeviceOverdriveNotRecommended, "cta.display-device.overdrive-not-recommended")                   \
@@ -415,9 +415,9 @@
     X(1052, CtaHdmiAudioMaxStreamCount, "cta.hdmi-audio.max-stream-count")                                            \
     X(1053, CtaHdmiAudioNumHdmi3dAd, "cta.hdmi-audio.num-hdmi-3d-ad")                                                 \
     X(1054, CtaHdmiAudioFormat, "cta.hdmi-audio.format") X(1055, CtaHdmiAudioChannels, "cta.hdmi-audio.channels")     \
-    X(1056, CtaHdmiAudio192Khz, "cta.hdmi-audio.192-khz") X(1057, CtaHdmiAudio1764Khz, "cta.hdmi-audio.176-4-khz")    \
-    X(1058, CtaHdmiAudio96Khz, "cta.hdmi-audio.96-khz") X(1059, CtaHdmiAudio882Khz, "cta.hdmi-audio.88-2-khz")        \
-    X(1060, CtaHdmiAudio48Khz, "cta.hdmi-audio.48-khz") X(1061, CtaHdmiAudio441Khz, "cta.hdmi-audio.44-1-khz")        \
+    X(1056, CtaHdmiAudio192Khz, "cta.hdmi-audio.192-khz") X(1057, CtaHdmiAudio176_4Khz, "cta.hdmi-audio.176-4-khz")   \
+    X(1058, CtaHdmiAudio96Khz, "cta.hdmi-audio.96-khz") X(1059, CtaHdmiAudio88_2Khz, "cta.hdmi-audio.88-2-khz")       \
+    X(1060, CtaHdmiAudio48Khz, "cta.hdmi-audio.48-khz") X(1061, CtaHdmiAudio44_1Khz, "cta.hdmi-audio.44-1-khz")       \
     X(1062, CtaHdmiAudio32Khz, "cta.hdmi-audio.32-khz") X(1063, CtaHdmiAudio24Bit, "cta.hdmi-audio.24-bit")           \
     X(1064, CtaHdmiAudio20Bit, "cta.hdmi-audio.20-bit") X(1065, CtaHdmiAudio16Bit, "cta.hdmi-audio.16-bit")           \
     X(1066, CtaHdmiAudioFormatDependentValue, "cta.hdmi-audio.format-dependent-value")                                \
@@ -448,7 +448,7 @@
     X(1140, CtaType7, "cta.type7") X(1141, CtaType7M, "cta.type7.m") X(1142, CtaType7Revision, "cta.type7.revision")  \
     /* cta.type8 */                                                                                                   \
     X(1160, CtaType8, "cta.type8") X(1161, CtaType8CodeType, "cta.type8.code-type")                                   \
-    X(1162, CtaType8Y420, "cta.type8.y420") X(1163, CtaType8CodeSize, "cta.type8.code-size")                          \
+    X(1162, CtaType8Ycbcr420, "cta.type8.ycbcr-420") X(1163, CtaType8CodeSize, "cta.type8.code-size")                 \
     X(1164, CtaType8Revision, "cta.type8.revision")                                                                   \
     /* cta.type10 */                                                                                                  \
     X(1180, CtaType10, "cta.type10") X(1181, CtaType10M, "cta.type10.m")                                              \
@@ -477,7 +477,8 @@
     X(1270, Displayid, "displayid") X(1271, DisplayidUnknown, "displayid.unknown")                                    \
     X(1272, DisplayidCta, "displayid.cta") X(1273, DisplayidType4, "displayid.type4")                                 \
     X(1274, DisplayidDmtModes, "displayid.dmt-modes") X(1275, DisplayidVicModes, "displayid.vic-modes")               \
-    X(1276, DisplayidType8, "displayid.type8")                                                                        \
+    X(1276, DisplayidType8, "displayid.type8") X(1277, DisplayidDmtModesMode, "displayid.dmt-modes.mode")             \
+    X(1278, DisplayidVicModesMode, "displayid.vic-modes.mode")                                                        \
     /* displayid.section */                                                                                           \
     X(1290, DisplayidSection, "displayid.section") X(1291, DisplayidSectionVersion, "displayid.section.version")      \
     X(1292, DisplayidSectionRevision, "displayid.section.revision")                                                   \
@@ -587,7 +588,8 @@
     X(1450, DisplayidRangeCvtTimings, "displayid.range.cvt-timings")                                                  \
     X(1451, DisplayidRangeCvtReducedBlanking, "displayid.range.cvt-reduced-blanking")                                 \
     X(1452, DisplayidRangeDiscrete, "displayid.range.discrete")                                                       \
-    X(1453, DisplayidRangeSeamless, "displayid.range.seamless")                                                       \
+    X(1453, DisplayidDynamicRangeSeamless, "displayid.dynamic-range.seamless")                                        \
+    X(1454, DisplayidDynamicRange, "displayid.dynamic-range")                                                         \
     /* displayid.power */                                                                                             \
     X(1470, DisplayidPower, "displayid.power") X(1471, DisplayidPowerT1Min, "displayid.power.t1-min")                 \
     X(1472, DisplayidPowerT1Max, "displayid.power.t1-max") X(1473, DisplayidPowerT2Max, "displayid.power.t2-max")     \
@@ -605,50 +607,51 @@
     X(1499, DisplayidInterfaceSpreadSpectrum, "displayid.interface.spread-spectrum")                                  \
     X(1500, DisplayidInterfaceSpread, "displayid.interface.spread")                                                   \
     X(1501, DisplayidInterfaceColorMapping, "displayid.interface.color-mapping")                                      \
-    X(1502, DisplayidInterface28V, "displayid.interface.2-8-v")                                                       \
+    X(1502, DisplayidInterface2_8V, "displayid.interface.2-8-v")                                                      \
     X(1503, DisplayidInterface12V, "displayid.interface.12-v")                                                        \
     X(1504, DisplayidInterface5V, "displayid.interface.5-v")                                                          \
-    X(1505, DisplayidInterface33V, "displayid.interface.3-3-v")                                                       \
+    X(1505, DisplayidInterface3_3V, "displayid.interface.3-3-v")                                                      \
     X(1506, DisplayidInterfaceMode, "displayid.interface.mode")                                                       \
     X(1507, DisplayidInterfaceDePolarity, "displayid.interface.de-polarity")                                          \
     X(1508, DisplayidInterfaceShiftClockDataStrobe, "displayid.interface.shift-clock-data-strobe")                    \
-    X(1509, DisplayidInterfaceYcbcr42016bpc, "displayid.interface.ycbcr-420-16bpc")                                   \
-    X(1510, DisplayidInterfaceYcbcr42014bpc, "displayid.interface.ycbcr-420-14bpc")                                   \
-    X(1511, DisplayidInterfaceYcbcr42012bpc, "displayid.interface.ycbcr-420-12bpc")                                   \
-    X(1512, DisplayidInterfaceYcbcr42010bpc, "displayid.interface.ycbcr-420-10bpc")                                   \
-    X(1513, DisplayidInterfaceYcbcr4208bpc, "displayid.interface.ycbcr-420-8bpc")                                     \
-    X(1514, DisplayidInterfaceYcbcr420MinPixelRate, "displayid.interface.ycbcr-420-min-pixel-rate")                   \
-    X(1515, DisplayidInterfaceAudio32Khz, "displayid.interface.audio-32-khz")                                         \
-    X(1516, DisplayidInterfaceAudio441Khz, "displayid.interface.audio-44-1-khz")                                      \
-    X(1517, DisplayidInterfaceAudio48Khz, "displayid.interface.audio-48-khz")                                         \
-    X(1518, DisplayidInterfaceBt2020St2084, "displayid.interface.bt2020-st2084")                                      \
-    X(1519, DisplayidInterfaceBt2020, "displayid.interface.bt2020")                                                   \
-    X(1520, DisplayidInterfaceDciP3, "displayid.interface.dci-p3")                                                    \
-    X(1521, DisplayidInterfaceAdobeRgb, "displayid.interface.adobe-rgb")                                              \
-    X(1522, DisplayidInterfaceBt709Bt1886, "displayid.interface.bt709-bt1886")                                        \
-    X(1523, DisplayidInterfaceBt601, "displayid.interface.bt601")                                                     \
-    X(1524, DisplayidInterfaceSrgb, "displayid.interface.srgb")                                                       \
-    X(1525, DisplayidInterfaceCombinations, "displayid.interface.combinations")                                       \
-    X(1526, DisplayidInterfaceColorSpace, "displayid.interface.color-space")                                          \
-    X(1527, DisplayidInterfaceEotf, "displayid.interface.eotf")                                                       \
-    X(1528, DisplayidInterfaceRgb44416bpc, "displayid.interface.rgb-444-16bpc")                                       \
-    X(1529, DisplayidInterfaceRgb44414bpc, "displayid.interface.rgb-444-14bpc")                                       \
-    X(1530, DisplayidInterfaceRgb44412bpc, "displayid.interface.rgb-444-12bpc")                                       \
-    X(1531, DisplayidInterfaceRgb44410bpc, "displayid.interface.rgb-444-10bpc")                                       \
-    X(1532, DisplayidInterfaceRgb4448bpc, "displayid.interface.rgb-444-8bpc")                                         \
-    X(1533, DisplayidInterfaceRgb4446bpc, "displayid.interface.rgb-444-6bpc")                                         \
-    X(1534, DisplayidInterfaceYcbcr44416bpc, "displayid.interface.ycbcr-444-16bpc")                                   \
-    X(1535, DisplayidInterfaceYcbcr44414bpc, "displayid.interface.ycbcr-444-14bpc")                                   \
-    X(1536, DisplayidInterfaceYcbcr44412bpc, "displayid.interface.ycbcr-444-12bpc")                                   \
-    X(1537, DisplayidInterfaceYcbcr44410bpc, "displayid.interface.ycbcr-444-10bpc")                                   \
-    X(1538, DisplayidInterfaceYcbcr4448bpc, "displayid.interface.ycbcr-444-8bpc")                                     \
-    X(1539, DisplayidInterfaceYcbcr4446bpc, "displayid.interface.ycbcr-444-6bpc")                                     \
-    X(1540, DisplayidInterfaceYcbcr42216bpc, "displayid.interface.ycbcr-422-16bpc")                                   \
-    X(1541, DisplayidInterfaceYcbcr42214bpc, "displayid.interface.ycbcr-422-14bpc")                                   \
-    X(1542, DisplayidInterfaceYcbcr42212bpc, "displayid.interface.ycbcr-422-12bpc")                                   \
-    X(1543, DisplayidInterfaceYcbcr42210bpc, "displayid.interface.ycbcr-422-10bpc")                                   \
-    X(1544, DisplayidInterfaceYcbcr4228bpc, "displayid.interface.ycbcr-422-8bpc")                                     \
-    X(1545, DisplayidInterfaceCombination, "displayid.interface.combination")                                         \
+    X(1509, DisplayidInterfaceFeaturesYcbcr420_16bpc, "displayid.interface-features.ycbcr-420-16bpc")                 \
+    X(1510, DisplayidInterfaceFeaturesYcbcr420_14bpc, "displayid.interface-features.ycbcr-420-14bpc")                 \
+    X(1511, DisplayidInterfaceFeaturesYcbcr420_12bpc, "displayid.interface-features.ycbcr-420-12bpc")                 \
+    X(1512, DisplayidInterfaceFeaturesYcbcr420_10bpc, "displayid.interface-features.ycbcr-420-10bpc")                 \
+    X(1513, DisplayidInterfaceFeaturesYcbcr420_8bpc, "displayid.interface-features.ycbcr-420-8bpc")                   \
+    X(1514, DisplayidInterfaceFeaturesYcbcr420MinPixelRate, "displayid.interface-features.ycbcr-420-min-pixel-rate")  \
+    X(1515, DisplayidInterfaceFeaturesAudio32Khz, "displayid.interface-features.audio-32-khz")                        \
+    X(1516, DisplayidInterfaceFeaturesAudio44_1Khz, "displayid.interface-features.audio-44-1-khz")                    \
+    X(1517, DisplayidInterfaceFeaturesAudio48Khz, "displayid.interface-features.audio-48-khz")                        \
+    X(1518, DisplayidInterfaceFeaturesBt2020St2084, "displayid.interface-features.bt2020-st2084")                     \
+    X(1519, DisplayidInterfaceFeaturesBt2020, "displayid.interface-features.bt2020")                                  \
+    X(1520, DisplayidInterfaceFeaturesDciP3, "displayid.interface-features.dci-p3")                                   \
+    X(1521, DisplayidInterfaceFeaturesAdobeRgb, "displayid.interface-features.adobe-rgb")                             \
+    X(1522, DisplayidInterfaceFeaturesBt709Bt1886, "displayid.interface-features.bt709-bt1886")                       \
+    X(1523, DisplayidInterfaceFeaturesBt601, "displayid.interface-features.bt601")                                    \
+    X(1524, DisplayidInterfaceFeaturesSrgb, "displayid.interface-features.srgb")                                      \
+    X(1525, DisplayidInterfaceFeaturesCombinations, "displayid.interface-features.combinations")                      \
+    X(1526, DisplayidInterfaceFeaturesColorSpace, "displayid.interface-features.color-space")                         \
+    X(1527, DisplayidInterfaceFeaturesEotf, "displayid.interface-features.eotf")                                      \
+    X(1528, DisplayidInterfaceRgb444_16bpc, "displayid.interface.rgb-444-16bpc")                                      \
+    X(1529, DisplayidInterfaceRgb444_14bpc, "displayid.interface.rgb-444-14bpc")                                      \
+    X(1530, DisplayidInterfaceRgb444_12bpc, "displayid.interface.rgb-444-12bpc")                                      \
+    X(1531, DisplayidInterfaceRgb444_10bpc, "displayid.interface.rgb-444-10bpc")                                      \
+    X(1532, DisplayidInterfaceRgb444_8bpc, "displayid.interface.rgb-444-8bpc")                                        \
+    X(1533, DisplayidInterfaceRgb444_6bpc, "displayid.interface.rgb-444-6bpc")                                        \
+    X(1534, DisplayidInterfaceYcbcr444_16bpc, "displayid.interface.ycbcr-444-16bpc")                                  \
+    X(1535, DisplayidInterfaceYcbcr444_14bpc, "displayid.interface.ycbcr-444-14bpc")                                  \
+    X(1536, DisplayidInterfaceYcbcr444_12bpc, "displayid.interface.ycbcr-444-12bpc")                                  \
+    X(1537, DisplayidInterfaceYcbcr444_10bpc, "displayid.interface.ycbcr-444-10bpc")                                  \
+    X(1538, DisplayidInterfaceYcbcr444_8bpc, "displayid.interface.ycbcr-444-8bpc")                                    \
+    X(1539, DisplayidInterfaceYcbcr444_6bpc, "displayid.interface.ycbcr-444-6bpc")                                    \
+    X(1540, DisplayidInterfaceYcbcr422_16bpc, "displayid.interface.ycbcr-422-16bpc")                                  \
+    X(1541, DisplayidInterfaceYcbcr422_14bpc, "displayid.interface.ycbcr-422-14bpc")                                  \
+    X(1542, DisplayidInterfaceYcbcr422_12bpc, "displayid.interface.ycbcr-422-12bpc")                                  \
+    X(1543, DisplayidInterfaceYcbcr422_10bpc, "displayid.interface.ycbcr-422-10bpc")                                  \
+    X(1544, DisplayidInterfaceYcbcr422_8bpc, "displayid.interface.ycbcr-422-8bpc")                                    \
+    X(1545, DisplayidInterfaceFeaturesCombination, "displayid.interface-features.combination")                        \
+    X(1546, DisplayidInterfaceFeatures, "displayid.interface-features")                                               \
     /* displayid.stereo */                                                                                            \
     X(1560, DisplayidStereo, "displayid.stereo") X(1561, DisplayidStereoTimings, "displayid.stereo.timings")          \
     X(1562, DisplayidStereoMethodLength, "displayid.stereo.method-length")                                            \
@@ -711,7 +714,8 @@
     X(1675, DisplayidProductWeek, "displayid.product.week") X(1676, DisplayidProductYear, "displayid.product.year")   \
     X(1677, DisplayidProductNameSize, "displayid.product.name-size")                                                  \
     /* displayid.serial */                                                                                            \
-    X(1690, DisplayidSerial, "displayid.serial") X(1691, DisplayidSerialNumber, "displayid.serial.number")            \
+    X(1690, DisplayidSerial, "displayid.serial")                                                                      \
+    X(1691, DisplayidSerialSerialNumber, "displayid.serial.serial-number")                                            \
     /* displayid.string */                                                                                            \
     X(1710, DisplayidString, "displayid.string") X(1711, DisplayidStringText, "displayid.string.text")                \
     /* displayid.brightness */                                                                                        \
@@ -735,27 +739,29 @@
     X(1762, DisplayidParametersAspectRatio, "displayid.parameters.aspect-ratio")                                      \
     X(1763, DisplayidParametersOverallBitDepth, "displayid.parameters.overall-bit-depth")                             \
     X(1764, DisplayidParametersNativeBitDepth, "displayid.parameters.native-bit-depth")                               \
-    X(1765, DisplayidParametersSizePrecision, "displayid.parameters.size-precision")                                  \
-    X(1766, DisplayidParametersAudioSpeakers, "displayid.parameters.audio-speakers")                                  \
-    X(1767, DisplayidParametersColorInformation, "displayid.parameters.color-information")                            \
-    X(1768, DisplayidParametersLuminanceInformation, "displayid.parameters.luminance-information")                    \
-    X(1769, DisplayidParametersScanOrientation, "displayid.parameters.scan-orientation")                              \
-    X(1770, DisplayidParametersPrimary1X, "displayid.parameters.primary-1-x")                                         \
-    X(1771, DisplayidParametersPrimary1Y, "displayid.parameters.primary-1-y")                                         \
-    X(1772, DisplayidParametersPrimary2X, "displayid.parameters.primary-2-x")                                         \
-    X(1773, DisplayidParametersPrimary2Y, "displayid.parameters.primary-2-y")                                         \
-    X(1774, DisplayidParametersPrimary3X, "displayid.parameters.primary-3-x")                                         \
-    X(1775, DisplayidParametersPrimary3Y, "displayid.parameters.primary-3-y")                                         \
-    X(1776, DisplayidParametersWhitePointX, "displayid.parameters.white-point-x")                                     \
-    X(1777, DisplayidParametersWhitePointY, "displayid.parameters.white-point-y")                                     \
-    X(1778, DisplayidParametersMaxLuminanceFull, "displayid.parameters.max-luminance-full")                           \
-    X(1779, DisplayidParametersMaxLuminance10Percent, "displayid.parameters.max-luminance-10-percent")                \
-    X(1780, DisplayidParametersMinLuminance, "displayid.parameters.min-luminance")                                    \
-    X(1781, DisplayidParametersTheme, "displayid.parameters.theme")                                                   \
-    X(1782, DisplayidParametersTechnology, "displayid.parameters.technology")                                         \
-    X(1783, DisplayidParametersGammaEotf, "displayid.parameters.gamma-eotf")                                          \
+    X(1765, DisplayidParameters2SizePrecision, "displayid.parameters-2.size-precision")                               \
+    X(1766, DisplayidParameters2AudioSpeakers, "displayid.parameters-2.audio-speakers")                               \
+    X(1767, DisplayidParameters2ColorInformation, "displayid.parameters-2.color-information")                         \
+    X(1768, DisplayidParameters2LuminanceInformation, "displayid.parameters-2.luminance-information")                 \
+    X(1769, DisplayidParameters2ScanOrientation, "displayid.parameters-2.scan-orientation")                           \
+    X(1770, DisplayidParameters2Primary1X, "displayid.parameters-2.primary-1-x")                                      \
+    X(1771, DisplayidParameters2Primary1Y, "displayid.parameters-2.primary-1-y")                                      \
+    X(1772, DisplayidParameters2Primary2X, "displayid.parameters-2.primary-2-x")                                      \
+    X(1773, DisplayidParameters2Primary2Y, "displayid.parameters-2.primary-2-y")                                      \
+    X(1774, DisplayidParameters2Primary3X, "displayid.parameters-2.primary-3-x")                                      \
+    X(1775, DisplayidParameters2Primary3Y, "displayid.parameters-2.primary-3-y")                                      \
+    X(1776, DisplayidParameters2WhitePointX, "displayid.parameters-2.white-point-x")                                  \
+    X(1777, DisplayidParameters2WhitePointY, "displayid.parameters-2.white-point-y")                                  \
+    X(1778, DisplayidParameters2MaxLuminanceFull, "displayid.parameters-2.max-luminance-full")                        \
+    X(1779, DisplayidParameters2MaxLuminance10Percent, "displayid.parameters-2.max-luminance-10-percent")             \
+    X(1780, DisplayidParameters2MinLuminance, "displayid.parameters-2.min-luminance")                                 \
+    X(1781, DisplayidParameters2Theme, "displayid.parameters-2.theme")                                                \
+    X(1782, DisplayidParameters2Technology, "displayid.parameters-2.technology")                                      \
+    X(1783, DisplayidParameters2GammaEotf, "displayid.parameters-2.gamma-eotf")                                       \
     X(1784, DisplayidParametersImageWidth, "displayid.parameters.image-width")                                        \
     X(1785, DisplayidParametersImageHeight, "displayid.parameters.image-height")                                      \
+    X(1786, DisplayidParameters2NativeBitDepth, "displayid.parameters-2.native-bit-depth")                            \
+    X(1787, DisplayidParameters2, "displayid.parameters-2")                                                           \
     /* displayid.color */                                                                                             \
     X(1800, DisplayidColor, "displayid.color")                                                                        \
     X(1801, DisplayidColorChromaticityCoordinates, "displayid.color.chromaticity-coordinates")                        \
@@ -829,7 +835,8 @@
     X(1925, DisplayidTimingFractionalRate, "displayid.timing.fractional-rate")                                        \
     X(1926, DisplayidTimingDmtId, "displayid.timing.dmt-id") X(1927, DisplayidTimingVic, "displayid.timing.vic")      \
     X(1928, DisplayidTimingHdmiVic, "displayid.timing.hdmi-vic")                                                      \
-    X(1929, DisplayidTimingCode, "displayid.timing.code") X(1930, DisplayidTimingMode, "displayid.timing.mode")       \
+    X(1929, DisplayidTimingCode, "displayid.timing.code")                                                             \
+    X(1931, DisplayidTimingImageAspectRatio, "displayid.timing.image-aspect-ratio")                                   \
     /* displayid.timing-block */                                                                                      \
                                                                                                                       \
     X(1941, DisplayidTimingBlockCodeType, "displayid.timing-block.code-type")                                         \

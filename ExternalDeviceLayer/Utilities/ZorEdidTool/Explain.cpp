@@ -219,7 +219,9 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
         return FindByte(oMap, oOptions);
     }
     const bool bId = oOptions.m_eAt != eZorEdidField_None;
-    const std::string sPart = CloseSizes(oOptions.m_sFind);
+    std::string sPart = CloseSizes(oOptions.m_sFind);
+    std::transform(sPart.begin(), sPart.end(), sPart.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }); // as ids are
     const EZorEdidField eFind = CZorEdidMap::FindId(sPart.c_str());
     SAsked oAsked;
     for (const unsigned int uiField : OrderByPlace(oMap))
@@ -457,7 +459,7 @@ std::string ListIds()
         CZorEdidMap::SIdDescription oField = {};
         CZorEdidMap::DescribeId(eField, oField);
         const std::string sStructure = GetStructureName(pszId);
-        sText += FormatText("%-52s %-8s %-14s %s%s%s\n", pszId, GetKindName(oField.m_eKind),
+        sText += FormatText("%-53s %-8s %-14s %s%s%s\n", pszId, GetKindName(oField.m_eKind),
                             oField.m_pszUnit != nullptr ? oField.m_pszUnit : "-", oField.m_pszName,
                             sStructure.empty() ? "" : " | ", sStructure.c_str());
     }
@@ -487,9 +489,9 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
         .Word("FILE", poOptions->m_sFile,
               "An image in any form, also damaged or cut short, \"-\" for standard input, or a connector")
         .Placeholder("");
-    DeclareNumber(oCommand, "--block", poOptions->m_uiBlock, gsc_uiMostBlocks - 1,
-                  "This block only; 0 is the base block")
-        .Placeholder("N");
+    const COption oBlock = DeclareNumber(oCommand, "--block", poOptions->m_uiBlock, gsc_uiMostBlocks - 1,
+                                         "This block only; 0 is the base block")
+                               .Placeholder("N");
     const COption oAt =
         oCommand
             .Word(
@@ -519,9 +521,10 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
             .Placeholder("TEXT")
             .Check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });
     oAt.Excludes(oFind);
-    oCommand.Flag("--ids", poOptions->m_bIds,
-                  "The ids of all fields, with kind, unit, name and structure; without FILE");
-    oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
+    const COption oIds = oCommand.Flag("--ids", poOptions->m_bIds,
+                                       "The ids of all fields, with kind, unit, name and structure; without FILE");
+    const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
+    oIds.Excludes(oBlock).Excludes(oAt).Excludes(oFind).Excludes(oJson);
     oCommand.Footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
                     "by its groups.\n"
                     "Offsets are hexadecimal. Bits follow a point: 14.7 is the highest bit of byte 0x14, \"38 "

@@ -139,7 +139,9 @@ std::string DescribeNativeModes(const SPageImage& oImage)
             std::string sMode = oImage.GetValue(oField.m_uiGroup); // of the short video descriptor
             Append(sText, sMode.substr(0, sMode.rfind(", native")));
         }
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && oField.m_eId == eZorEdidField_DisplayidParameters)
+        const bool bParameters =
+            oField.m_eId == eZorEdidField_DisplayidParameters || oField.m_eId == eZorEdidField_DisplayidParameters2;
+        if (oField.m_eKind == CZorEdidMap::eKind_Group && bParameters)
         {
             Append(sText, DescribePixels(oImage, i));
         }
@@ -165,7 +167,7 @@ std::string DescribeInterface(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
         const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eId == eZorEdidField_CtaHdmiForum || oField.m_eId == eZorEdidField_CtaHdmiSink)
+        if (oField.m_eId == eZorEdidField_CtaHdmiForum || oField.m_eId == eZorEdidField_CtaHdmiForumSink)
         {
             sHdmi = "HDMI 2.0 or later";
         }

@@ -101,11 +101,13 @@ class ExplainTest(ToolTest):
         clock = self.lines("--at", "base.detailed.pixel-clock", "--block", "0")
         self.assertEqual([line.strip().split("  ")[-1].strip() for line in clock],
                          ["Base block", "(detailed 0)", "Pixel clock: 148.50 MHz"])
-        self.assertEqual([line.split(" > ")[-1] for line in self.lines("--find", "base.edid")][1:],
+        self.assertEqual([line.split(" > ")[-1] for line in self.lines("--find", "base.EDID")][1:],
                          ["Version number: 1", "Revision number: 3"])
         self.assertEqual(self.lines("--at", "vtb.version", status=1), [])
         self.assertIn("unknown offset or id vtb", run("explain", "--at", "vtb.none", self.save(MONITOR), status=2)[1])
-        run("explain", status=2)
+        for arguments in [[], ["--ids", "--json"], ["--ids", "--at", "1"], ["--ids", "--find", "x"],
+                          ["--ids", "--block", "0"]]:
+            run("explain", *arguments, status=2)
         listed = dict(line.split()[:2] for line in run("explain", "--ids", status=0)[0].splitlines())
         for image in IMAGES.values():
             for field, _ in walk(self.tree(self.save(image))["fields"]):

@@ -2,7 +2,6 @@
 
 #include "Json.h"
 
-
 #include "AudioWarnings.h"
 #include "MapText.h"
 #include "SpeakerNames.h"

@@ -36,12 +36,13 @@ bool IsOfCode(const CZorEdidMap::SField& oField)
     return oField.m_eId == eZorEdidField_CtaHdmi3dMaskPlace || oField.m_eId == eZorEdidField_Cta420MapVic;
 }
 
-// One map with keys of its fields, and what groups hold without that which counts as nothing.
+// One map with keys of its fields, which leave out what counts as nothing, and what its groups hold.
 class CTree
 {
 public:
     explicit CTree(const SMapPart& oPart)
-        : m_oPart(oPart), m_auiKeys(oPart.m_oMap.GetFieldCount()), m_aauiChildren(oPart.m_oMap.GetFieldCount())
+        : m_oPart(oPart), m_auiKeys(oPart.m_oMap.GetFieldCount()), m_abNothing(oPart.m_oMap.GetFieldCount()),
+          m_aauiChildren(oPart.m_oMap.GetFieldCount())
     {
     }
 
@@ -52,13 +53,16 @@ public:
             std::reverse(m_aauiChildren[i].begin(), m_aauiChildren[i].end());
             if (m_oPart.Is(i, eZorEdidField_CtaHdmi3dMask) || m_oPart.Is(i, eZorEdidField_Cta420Map))
             {
-                // The names of the bits say all; their order is that of the bytes' bits.
-                std::ranges::stable_sort(m_aauiChildren[i], {}, [this](unsigned int j) { return m_auiKeys[j]; });
+                // The names of the bits say all; their order is that of the bytes' bits. A header stays first.
+                std::ranges::stable_sort(m_aauiChildren[i], {}, [this](unsigned int j) {
+                    return std::string_view(IsOfCode(Get(j)) ? Get(j).m_pszName : "");
+                });
             }
-            std::string sKey = Get(i).m_pszName;
-            const bool bNothing = IsGroup(i) ? AddChildren(i, sKey) : AddBits(i, sKey);
+            // Flags of modes share an id, and are told apart by their names.
+            std::string sKey = std::to_string(Get(i).m_eId) + "\n" + Get(i).m_pszName;
+            m_abNothing[i] = IsGroup(i) ? AddChildren(i, sKey) : AddBits(i, sKey);
             m_auiKeys[i] = oKeys.try_emplace(sKey, static_cast<unsigned int>(oKeys.size())).first->second;
-            if (i != uiBlock && !bNothing && !m_oPart.m_oWithout.contains(i))
+            if (i != uiBlock && !m_oPart.m_oWithout.contains(i))
             {
                 m_aauiChildren[Get(i).m_uiGroup].push_back(i);
             }
@@ -67,6 +71,7 @@ public:
 
     const CZorEdidMap::SField& Get(unsigned int uiField) const { return m_oPart.Get(uiField); }
     bool IsGroup(unsigned int uiField) const { return Get(uiField).m_eKind == CZorEdidMap::eKind_Group; }
+    bool IsNothing(unsigned int uiField) const { return m_abNothing[uiField]; }
     unsigned int GetKey(unsigned int uiField) const { return m_auiKeys[uiField]; }
     const CIndices& GetChildren(unsigned int uiField) const { return m_aauiChildren[uiField]; }
 
@@ -75,7 +80,7 @@ private:
     {
         for (const unsigned int uiChild : m_aauiChildren[uiGroup])
         {
-            sKey += "\n" + std::to_string(m_auiKeys[uiChild]);
+            sKey += IsNothing(uiChild) ? "" : "\n" + std::to_string(m_auiKeys[uiChild]);
         }
         return false;
     }
@@ -106,6 +111,7 @@ private:
 
     const SMapPart& m_oPart;
     CIndices m_auiKeys;
+    std::vector<bool> m_abNothing;
     std::vector<CIndices> m_aauiChildren;
 };
 
@@ -116,7 +122,7 @@ public:
     {
         CKeys oKeys;
         const CIndices auiFirst = Read(oFirst, oSecond, m_oFirst, oKeys);
-        PairByNames(auiFirst, Read(oSecond, oFirst, m_oSecond, oKeys));
+        PairAlike(auiFirst, Read(oSecond, oFirst, m_oSecond, oKeys));
     }
 
     std::vector<SMapDifference> m_aoDifferences;
@@ -177,7 +183,7 @@ private:
             const bool bBoth = i < auiFirst.size() && j < auiSecond.size();
             if (bBoth && AreEqual(auiFirst[i], auiSecond[j]))
             {
-                PairByNames(auiLeft[0], auiLeft[1]);
+                PairAlike(auiLeft[0], auiLeft[1]);
                 auiLeft[0].clear();
                 auiLeft[1].clear();
                 ++i;
@@ -192,28 +198,39 @@ private:
                 auiLeft[1].push_back(auiSecond[j++]);
             }
         }
-        PairByNames(auiLeft[0], auiLeft[1]);
+        PairAlike(auiLeft[0], auiLeft[1]);
     }
 
-    void PairByNames(const CIndices& auiFirst, CIndices auiSecond)
+    bool AreAlike(unsigned int uiFirst, unsigned int uiSecond) const
+    {
+        const CZorEdidMap::SField& oFirst = m_oFirst.Get(uiFirst);
+        const CZorEdidMap::SField& oSecond = m_oSecond.Get(uiSecond);
+        return oFirst.m_eId == oSecond.m_eId && std::string_view(oFirst.m_pszName) == oSecond.m_pszName &&
+               m_oFirst.IsGroup(uiFirst) == m_oSecond.IsGroup(uiSecond);
+    }
+
+    void PairAlike(const CIndices& auiFirst, CIndices auiSecond)
     {
         for (const unsigned int uiFirst : auiFirst)
         {
-            const auto itSecond = std::find_if(auiSecond.begin(), auiSecond.end(), [&](unsigned int uiSecond) {
-                return std::string_view(m_oFirst.Get(uiFirst).m_pszName) == m_oSecond.Get(uiSecond).m_pszName &&
-                       m_oFirst.IsGroup(uiFirst) == m_oSecond.IsGroup(uiSecond);
-            });
-            if (itSecond == auiSecond.end())
+            const auto itSecond =
+                std::ranges::find_if(auiSecond, [&](unsigned int uiSecond) { return AreAlike(uiFirst, uiSecond); });
+            if (itSecond != auiSecond.end())
+            {
+                Compare(uiFirst, *itSecond);
+                auiSecond.erase(itSecond);
+            }
+            else if (!m_oFirst.IsNothing(uiFirst))
             {
                 m_aoDifferences.push_back({ uiFirst, gsc_uiNone });
-                continue;
             }
-            Compare(uiFirst, *itSecond);
-            auiSecond.erase(itSecond);
         }
         for (const unsigned int uiSecond : auiSecond)
         {
-            m_aoDifferences.push_back({ gsc_uiNone, uiSecond });
+            if (!m_oSecond.IsNothing(uiSecond))
+            {
+                m_aoDifferences.push_back({ gsc_uiNone, uiSecond });
+            }
         }
     }
 

@@ -42,7 +42,8 @@ struct SMapDifference
     unsigned int m_uiSecond;
 };
 
-// Blocks of the same bytes at the same place are equal, others are paired by their names. In a pair of groups as many
-// fields as possible that say the same are paired, in their order, and between these the others by their names. Of the
-// fields that say nothing there may be more or fewer: reserved bits that are 0, and bits that are 0 in a list of codes.
+// Blocks of the same bytes at the same place are equal, others are paired by their ids and names. In a pair of groups
+// as many fields as possible that say the same are paired, in their order, and between these the others by ids and
+// names. Of the fields that say nothing there may be more or fewer: reserved bits that are 0, and bits that are 0 in a
+// list of codes.
 std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond);

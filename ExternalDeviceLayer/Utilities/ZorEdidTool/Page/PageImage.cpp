@@ -4,10 +4,9 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
-#include <string_view>
 #include <utility>
 
+#include "MapDiff.h"
 #include "MapText.h"
 #include "PageParts.h"
 #include "Standards/BaseBlock.h"
@@ -54,71 +53,33 @@ std::string FindMaker(std::vector<unsigned char> aui8Bytes)
     return oBase.GetManufacturerName(szMaker, sizeof(szMaker)) != 0 ? szMaker : "";
 }
 
-// The names on the way to each field. Of fields of one name in a group, each carries its rank: offsets shift.
-std::map<std::string, unsigned int> MakePaths(const SPageImage& oImage, std::vector<std::string>& asPaths)
-{
-    std::map<std::string, unsigned int> aoFound;
-    std::map<std::string, unsigned int> aoCounts;
-    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
-    {
-        const CField& oField = oImage.m_oMap.GetField(i);
-        const std::string sOpen = oField.m_uiGroup == gsc_uiNone ? "" : asPaths[oField.m_uiGroup] + "\n";
-        std::string sPath = sOpen + oField.m_pszName;
-        sPath += FormatText("\t%u", aoCounts[sPath]++);
-        aoFound.emplace(sPath, i);
-        asPaths.push_back(sPath);
-    }
-    return aoFound;
-}
-
 // Padding of a single value: more or less of it says nothing.
-bool IsPlainPadding(const SPageImage& oImage, unsigned int uiField)
+bool IsPlainPadding(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    const CField& oField = oImage.m_oMap.GetField(uiField);
-    const unsigned char* pui8First = oImage.m_oMap.GetData() + oField.m_uiOffset;
-    return oField.m_eKind == CZorEdidMap::eKind_Reserved && oField.m_eId == eZorEdidField_Padding &&
+    const CField& oField = oMap.GetField(uiField);
+    const unsigned char* pui8First = oMap.GetData() + oField.m_uiOffset;
+    return oField.m_eId == eZorEdidField_Padding &&
            std::all_of(pui8First, pui8First + oField.m_uiLength, [&](unsigned char ui8) { return ui8 == *pui8First; });
 }
 
-// Whether both are such padding of the same value, or this one is and the other is not there.
-bool IsSamePadding(const SPageImage& oImage, unsigned int uiField, const SPageImage& oOther, unsigned int uiOther)
+// Marks a leaf, or a group with all that it holds, and the groups that it lies in. uiOther is gsc_uiNone for what only
+// oImage has. Bits that read the same, such as those of no stereo, are left to the bytes.
+void MarkDifference(SPageImage& oImage, unsigned int uiField, const SPageImage& oOther, unsigned int uiOther)
 {
-    const auto fnFirst = [](const SPageImage& oIn, unsigned int uiIn) {
-        return oIn.m_oMap.GetData()[oIn.m_oMap.GetField(uiIn).m_uiOffset];
-    };
-    return IsPlainPadding(oImage, uiField) &&
-           (uiOther == gsc_uiNone ||
-            (IsPlainPadding(oOther, uiOther) && fnFirst(oImage, uiField) == fnFirst(oOther, uiOther)));
-}
-
-void CompareFields(SPageImage& oImage, const std::vector<std::string>& asPaths, const SPageImage& oOther,
-                   const std::map<std::string, unsigned int>& aoOthers)
-{
-    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
+    const CField& oField = oImage.m_oMap.GetField(uiField);
+    const bool bOnlyHere = uiOther == gsc_uiNone;
+    const std::string sOther = bOnlyHere ? "" : oOther.GetValue(uiOther);
+    if (bOnlyHere ? IsPlainPadding(oImage.m_oMap, uiField) : sOther == oImage.GetValue(uiField))
     {
-        const CField& oField = oImage.m_oMap.GetField(i);
-        SPageField& oPlace = oImage.m_aoFields[i];
-        const auto itOther = aoOthers.find(asPaths[i]);
-        const unsigned int uiOther = itOther == aoOthers.end() ? gsc_uiNone : itOther->second;
-        if (IsSamePadding(oImage, i, oOther, uiOther))
-        {
-            continue;
-        }
-        oPlace.m_bOnlyHere = uiOther == gsc_uiNone;
-        if (oField.m_eKind == CZorEdidMap::eKind_Group)
-        {
-            continue;
-        }
-        if (!oPlace.m_bOnlyHere)
-        {
-            oPlace.m_sOther = oOther.GetValue(uiOther);
-        }
-        oPlace.m_bDiffers = oPlace.m_bOnlyHere || oPlace.m_sOther != oImage.GetValue(i);
-        for (unsigned int uiUp = oField.m_uiGroup; oPlace.m_bDiffers && uiUp != gsc_uiNone;
-             uiUp = oImage.m_oMap.GetField(uiUp).m_uiGroup)
-        {
-            oImage.m_aoFields[uiUp].m_bDiffers = true;
-        }
+        return;
+    }
+    for (unsigned int i = uiField; i < oField.m_uiEnd; ++i)
+    {
+        oImage.m_aoFields[i] = { true, bOnlyHere, sOther };
+    }
+    for (unsigned int i = oField.m_uiGroup; i != gsc_uiNone; i = oImage.m_oMap.GetField(i).m_uiGroup)
+    {
+        oImage.m_aoFields[i].m_bDiffers = true;
     }
 }
 } // namespace
@@ -157,19 +118,26 @@ double SPageImage::GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const
 
 void CompareImages(SPage& oPage)
 {
-    std::vector<std::string> aasPaths[2];
-    std::map<std::string, unsigned int> aaoFound[2];
+    SPageImage& oFirst = *oPage.m_apoImages[0];
+    SPageImage& oSecond = *oPage.m_apoImages[1];
+    SMapPart aoParts[2]; // maps are not copied
     for (size_t i = 0; i < 2; ++i)
     {
-        aaoFound[i] = MakePaths(*oPage.m_apoImages[i], aasPaths[i]);
+        const CZorEdidMap& oMap = oPage.m_apoImages[i]->m_oMap;
+        aoParts[i].m_oMap.Read(oMap.GetSize(), oMap.GetData());
     }
-    for (size_t i = 0; i < 2; ++i)
+    for (const auto& [uiFirst, uiSecond] : CompareMaps(aoParts[0], aoParts[1]))
     {
-        SPageImage& oImage = *oPage.m_apoImages[i];
-        const SPageImage& oOther = *oPage.m_apoImages[1 - i];
-        CompareFields(oImage, aasPaths[i], oOther, aaoFound[1 - i]);
+        if (uiFirst != gsc_uiNone)
+        {
+            MarkDifference(oFirst, uiFirst, oSecond, uiSecond);
+        }
+        if (uiSecond != gsc_uiNone)
+        {
+            MarkDifference(oSecond, uiSecond, oFirst, uiFirst);
+        }
     }
-    oPage.m_oPairs = MatchModes(oPage.m_apoImages[0]->m_aoModes, oPage.m_apoImages[1]->m_aoModes);
+    oPage.m_oPairs = MatchModes(oFirst.m_aoModes, oSecond.m_aoModes);
 }
 
 double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, EZorEdidField eId)

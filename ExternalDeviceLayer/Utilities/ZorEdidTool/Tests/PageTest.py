@@ -266,14 +266,15 @@ class PageTest(unittest.TestCase):
         self.assertIn("4 bytes differ. Timings only in A: 1, only in B: 0.", page.all(tag="main")[0]["text"])
         self.assertEqual([row["text"] for row in page.all(_class="differs", tag="tr")][0].split()[:3],
                          ["standard", "0A1152", "\u00d7"])
-        # A data block before the others moves them; only what is new differs, and the two sums and counts.
+        # A code that goes and a data block that comes move the others; only these two differ, and the sum and counts.
         data = MONITOR[0x84:0xA2]
-        moved = bytearray(MONITOR[:0x84] + data[:16] + b"\xe2\x00\x00" + data[16:] + MONITOR[0xA2:0xFC] + b"\0")
-        moved[0x82] += 3
+        moved = bytearray(MONITOR[:0x84] + b"\x4e" + data[2:16] + b"\xe2\0\0" + data[16:] + MONITOR[0xA2:0xFD] + b"\0")
+        moved[0x82] += 2
         rows = self.make(self.save(MONITOR), self.save(fix_sums(bytes(moved)), b"other.bin")).all(
             _class="differences")[0]["text"].splitlines()
         self.assertEqual([row.split(" ", 1)[1].split(" A:")[0] for row in rows if row],
-                         ["Offset of the detailed timing descriptors", "Checksum", "Video capability data block"])
+                         ["Offset of the detailed timing descriptors", "Video data block > Length",
+                          "Video data block > Short video descriptor 0", "Checksum", "Video capability data block"])
         # Timings that are nearly the same, such as those at 1000/1001, find their own.
         same = self.rows(self.make(self.save(MONITOR), self.save(MONITOR)))
         self.assertEqual([row[:2] for row in same if row[0].startswith("A ") or row[1] != "both"], [])

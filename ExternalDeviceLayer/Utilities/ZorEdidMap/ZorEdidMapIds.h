@@ -927,7 +927,7 @@
     X(2266, LsTableSerialNumber, "ls.table.serial-number")
 // clang-format on
 
-#define ZOR_EDID_FIELD(NUMBER, NAME, ID) eZorEdidField_##NAME = NUMBER,
+#define ZOR_EDID_FIELD(NUMBER, NAME, ID) eZorEdidField_##NAME = (NUMBER),
 enum EZorEdidField : unsigned short
 {
     eZorEdidField_None = 0,

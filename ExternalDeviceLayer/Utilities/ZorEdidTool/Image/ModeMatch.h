@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <array>
 #include <stddef.h>
 
 #include "ModeList.h"
@@ -13,7 +14,8 @@ inline constexpr size_t gsc_uiNoPartner = static_cast<size_t>(-1);
 // preferred modes come together first, then modes with the same clock, and among these modes of the same list.
 struct SModePairs
 {
-    std::vector<size_t> m_aauiPartners[2]; // of each mode of a list the index in the other one, or gsc_uiNoPartner
+    // Of each mode of a list the index in the other one, or gsc_uiNoPartner.
+    std::array<std::vector<size_t>, 2> m_aauiPartners;
 
     // Whether mode uiMode of the first (0) or second (1) list is in that image only.
     bool IsOnlyHere(size_t uiImage, size_t uiMode) const { return m_aauiPartners[uiImage][uiMode] == gsc_uiNoPartner; }

@@ -289,7 +289,7 @@ bool MakePairMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMo
     const bool bSquare = IsSquarePair<ALWAYS>(oRecord);
     const SStandardTiming oTiming = ReadStandardTiming(oRecord.GetByte(0), oRecord.GetByte(1), bSquare);
     const unsigned int uiCode = oRecord.Get(Big16(0));
-    oMode = MakeBareMode(CZorEdidMap::eModeKind_Standard, uiCode, oTiming.m_uiWidth, oTiming.m_uiHeight, false,
+    oMode = MakeBareMode(SZorMode::eModeKind_Standard, uiCode, oTiming.m_uiWidth, oTiming.m_uiHeight, false,
                          WholeRate(oTiming.m_uiRate));
     SetAspect(oMode, oTiming.m_oAspect);
     const SDmtMode* poDmt = bSquare && oRecord.GetBits(1, 7, 6) == 0 ? nullptr : FindDmtModeOfStandard(uiCode);

@@ -211,7 +211,7 @@ bool MakeFormatMode(const CRecord& oFormat, const SModeSource& oSource, CMode& o
         return false;
     }
     const SFormatResolution& oResolution = gsc_aoFormatResolutions[uiResolution];
-    oMode = MakeBareMode(CZorEdidMap::eModeKind_VideoFormat, uiResolution, oResolution.m_ui16Width,
+    oMode = MakeBareMode(SZorMode::eModeKind_VideoFormat, uiResolution, oResolution.m_ui16Width,
                          oResolution.m_ui16Height, false, WholeRate(uiRate));
     SetAspect(oMode, oResolution.m_oAspect);
     oMode.m_bFractionToo = (oSource.m_uiMarks & gsc_uiMarkFraction) != 0 && uiRate % uiNtsc == 0;

@@ -81,7 +81,7 @@ bool MakeDetailedMode(const CRecord& oRecord, const SModeSource& oSource, CMode&
     const unsigned int uiHeight = oRecord.Get(gsc_oVerticalActive) * (bInterlaced ? 2 : 1);
     const unsigned int uiTotalHeight = bInterlaced ? GetHalfLines(oRecord) : GetHalfLines(oRecord) / 2;
     const unsigned long long ullClock = 1ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oPixelClock);
-    oMode = MakeBareMode(CZorEdidMap::eModeKind_Detailed, 0, oRecord.Get(gsc_oHorizontalActive), uiHeight, bInterlaced,
+    oMode = MakeBareMode(SZorMode::eModeKind_Detailed, 0, oRecord.Get(gsc_oHorizontalActive), uiHeight, bInterlaced,
                          { (bInterlaced ? 2 : 1) * ullClock, 1ULL * GetTotalWidth(oRecord) * uiTotalHeight });
     oMode.m_bTiming = true;
     oMode.m_ullClock = ullClock;
@@ -98,7 +98,7 @@ bool MakeDetailedMode(const CRecord& oRecord, const SModeSource& oSource, CMode&
                           oRecord.Get(gsc_oVerticalBorder),
                           IsDigitalSeparate(oRecord) && oRecord.Get(gsc_oVerticalPositive) != 0 };
     const unsigned int uiStereo = oRecord.Get(gsc_oStereo);
-    oMode.m_eStereo = uiStereo < uiFirstStereo ? CZorEdidMap::eStereo_No : static_cast<CZorEdidMap::EStereo>(uiStereo);
+    oMode.m_eStereo = uiStereo < uiFirstStereo ? SZorMode::eStereo_No : static_cast<SZorMode::EStereo>(uiStereo);
     return true;
 }
 
@@ -483,12 +483,12 @@ struct SCodeRate
 {
     unsigned int m_uiBit;
     unsigned int m_uiRate; // Hz
-    CZorEdidMap::EBlanking m_eBlanking;
+    SZorMode::EBlanking m_eBlanking;
 };
 constexpr SCodeRate gsc_aoCodeRates[] = {
-    { 4, 50, CZorEdidMap::eBlanking_Standard }, { 3, 60, CZorEdidMap::eBlanking_Standard },
-    { 2, 75, CZorEdidMap::eBlanking_Standard }, { 1, 85, CZorEdidMap::eBlanking_Standard },
-    { 0, 60, CZorEdidMap::eBlanking_Reduced1 },
+    { 4, 50, SZorMode::eBlanking_Standard }, { 3, 60, SZorMode::eBlanking_Standard },
+    { 2, 75, SZorMode::eBlanking_Standard }, { 1, 85, SZorMode::eBlanking_Standard },
+    { 0, 60, SZorMode::eBlanking_Reduced1 },
 };
 
 // The preferred rate comes first, whether a bit announces it or not.
@@ -522,7 +522,7 @@ bool MakeCvtCodeMode(const CRecord& oRecord, const SModeSource& oSource, CMode& 
     }
     const unsigned int uiLines = (oRecord.Get(gsc_oCodeLines) + 1) * 2;
     const SRatio& oRatio = aoRatios[oRecord.GetBits(1, 3, 2)];
-    oMode = MakeBareMode(CZorEdidMap::eModeKind_CvtCode, oRecord.Get(Big24(0)),
+    oMode = MakeBareMode(SZorMode::eModeKind_CvtCode, oRecord.Get(Big24(0)),
                          uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines, false,
                          WholeRate(oRate.m_uiRate));
     SetAspect(oMode, oRatio);

@@ -37,9 +37,9 @@ using DisplayId::gsc_oType6;
 using DisplayId::gsc_oType7;
 using DisplayId::STimingPlaces;
 
-constexpr CMap::EStereo ReadStereo(unsigned int uiStereo)
+constexpr SZorMode::EStereo ReadStereo(unsigned int uiStereo)
 {
-    return uiStereo == 1 ? CMap::eStereo_Always : uiStereo == 2 ? CMap::eStereo_ByUser : CMap::eStereo_No;
+    return uiStereo == 1 ? SZorMode::eStereo_Always : uiStereo == 2 ? SZorMode::eStereo_ByUser : SZorMode::eStereo_No;
 }
 
 // What says more about a timing; a place that a type does not have is empty.
@@ -60,7 +60,7 @@ constexpr SFlagPlaces gsc_oType6FlagPlaces = { Bit(2, 7), {}, Bits(13, 6, 5), {}
 void ReadFlags(CMode& oMode, const CRecord& oTiming, const SFlagPlaces& oFlags)
 {
     oMode.m_bPreferred = oTiming.Get(oFlags.m_oPreferred) != 0;
-    oMode.m_eY420 = oTiming.Get(oFlags.m_oY420) != 0 ? CMap::eY420_Also : CMap::eY420_No;
+    oMode.m_eY420 = oTiming.Get(oFlags.m_oY420) != 0 ? SZorMode::eY420_Also : SZorMode::eY420_No;
     oMode.m_eStereo = ReadStereo(oTiming.Get(oFlags.m_oStereo));
     oMode.m_bFractionToo = oTiming.Get(oFlags.m_oFraction) != 0;
     const unsigned int uiAspect = oTiming.Get(oFlags.m_oAspect);
@@ -72,7 +72,7 @@ void ReadFlags(CMode& oMode, const CRecord& oTiming, const SFlagPlaces& oFlags)
 
 // Sizes in total lines and pixels as the standard has them for a frame. What the lines of an interlaced timing count is
 // read in two ways, so that its numbers are left out.
-template <CMap::EModeKind KIND, const STimingPlaces& P, const SFlagPlaces& FLAGS>
+template <SZorMode::EModeKind KIND, const STimingPlaces& P, const SFlagPlaces& FLAGS>
 bool MakeDetailedMode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
     const auto fnGet = [&](const SPlace& oPlace) { return oTiming.Get(oPlace) + 1; };
@@ -255,11 +255,11 @@ bool MakeType3Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oM
         return false;
     }
     const SRatio& oRatio = gsc_aoRatios[uiAspect];
-    oMode = MakeBareMode(CMap::eModeKind_Type3, 0, uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth,
+    oMode = MakeBareMode(SZorMode::eModeKind_Type3, 0, uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth,
                          oTiming.IsSet(2, 7), WholeRate(oTiming.GetBits(2, 6, 0) + 1));
-    oMode.m_eBlanking = uiFormula == 0   ? CMap::eBlanking_Standard
-                        : uiFormula == 1 ? CMap::eBlanking_Reduced1
-                                         : CMap::eBlanking_NotGiven;
+    oMode.m_eBlanking = uiFormula == 0   ? SZorMode::eBlanking_Standard
+                        : uiFormula == 1 ? SZorMode::eBlanking_Reduced1
+                                         : SZorMode::eBlanking_NotGiven;
     ReadFlags(oMode, oTiming, gsc_oType3FlagPlaces);
     return true;
 }
@@ -367,7 +367,7 @@ constexpr SRow gsc_aoType10Rows[] = {
 };
 
 // Width, height and rate of a formula-based timing, all stored minus 1. By the formula's code the blanking.
-void SetFormulaMode(CMode& oMode, CMap::EModeKind eKind, const CRecord& oTiming, unsigned int uiSizeOffset,
+void SetFormulaMode(CMode& oMode, SZorMode::EModeKind eKind, const CRecord& oTiming, unsigned int uiSizeOffset,
                     const SPlace& oRate)
 {
     oMode = MakeBareMode(eKind, 0, oTiming.Get(Little16(uiSizeOffset)) + 1, oTiming.Get(Little16(uiSizeOffset + 2)) + 1,
@@ -380,35 +380,37 @@ constexpr SFlagPlaces gsc_oType10FlagPlaces = { {}, Bit(0, 7), Bits(0, 6, 5), {}
 
 bool MakeType5Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
-    SetFormulaMode(oMode, CMap::eModeKind_Type5, oTiming, 2, Byte(6));
+    SetFormulaMode(oMode, SZorMode::eModeKind_Type5, oTiming, 2, Byte(6));
     const unsigned int uiFormula = oTiming.GetBits(0, 1, 0);
-    oMode.m_eBlanking = uiFormula == 0   ? CMap::eBlanking_Reduced2
-                        : uiFormula == 1 ? CMap::eBlanking_Custom
-                                         : CMap::eBlanking_NotGiven;
+    oMode.m_eBlanking = uiFormula == 0   ? SZorMode::eBlanking_Reduced2
+                        : uiFormula == 1 ? SZorMode::eBlanking_Custom
+                                         : SZorMode::eBlanking_NotGiven;
     ReadFlags(oMode, oTiming, gsc_oType5FlagPlaces);
     return oSource.m_uiRank == 0;
 }
 
 // Formulas of Types IX and X, of the first the first three.
-constexpr CMap::EBlanking gsc_aeFormulas[] = { CMap::eBlanking_Standard, CMap::eBlanking_Reduced1,
-                                               CMap::eBlanking_Reduced2, CMap::eBlanking_Reduced3 };
+constexpr SZorMode::EBlanking gsc_aeFormulas[] = { SZorMode::eBlanking_Standard, SZorMode::eBlanking_Reduced1,
+                                                   SZorMode::eBlanking_Reduced2, SZorMode::eBlanking_Reduced3 };
 
 bool MakeType9Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
     constexpr unsigned int uiFormulas = 3;
     const unsigned int uiFormula = oTiming.GetBits(0, 2, 0);
-    SetFormulaMode(oMode, CMap::eModeKind_Type9, oTiming, 1, gsc_oNarrowRate);
+    SetFormulaMode(oMode, SZorMode::eModeKind_Type9, oTiming, 1, gsc_oNarrowRate);
     ReadFlags(oMode, oTiming, gsc_oType9FlagPlaces);
-    oMode.m_eBlanking = uiFormula < uiFormulas ? gsc_aeFormulas[uiFormula] : CMap::eBlanking_NotGiven;
+    oMode.m_eBlanking = uiFormula < uiFormulas ? gsc_aeFormulas[uiFormula] : SZorMode::eBlanking_NotGiven;
     return oSource.m_uiRank == 0;
 }
 
 bool MakeType10Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
 {
     const unsigned int uiFormula = oTiming.GetBits(0, 2, 0);
-    SetFormulaMode(oMode, CMap::eModeKind_Type10, oTiming, 1, HasWideRate(oTiming) ? gsc_oWideRate : gsc_oNarrowRate);
+    SetFormulaMode(oMode, SZorMode::eModeKind_Type10, oTiming, 1,
+                   HasWideRate(oTiming) ? gsc_oWideRate : gsc_oNarrowRate);
     ReadFlags(oMode, oTiming, gsc_oType10FlagPlaces);
-    oMode.m_eBlanking = uiFormula < std::size(gsc_aeFormulas) ? gsc_aeFormulas[uiFormula] : CMap::eBlanking_NotGiven;
+    oMode.m_eBlanking =
+        uiFormula < std::size(gsc_aeFormulas) ? gsc_aeFormulas[uiFormula] : SZorMode::eBlanking_NotGiven;
     oMode.m_bFractionToo = IsFormula2(oTiming) && oTiming.IsSet(0, 4);
     return oSource.m_uiRank == 0;
 }
@@ -465,25 +467,25 @@ constexpr STimingKind gsc_aoTimingKinds[] = {
     { 0x03,
       0,
       { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, nullptr,
-        MakeDetailedMode<CMap::eModeKind_Type1, gsc_oType1, gsc_oLongFlagPlaces> } },
+        MakeDetailedMode<SZorMode::eModeKind_Type1, gsc_oType1, gsc_oLongFlagPlaces> } },
     { 0x04,
       0,
       { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, nullptr,
-        MakeDetailedMode<CMap::eModeKind_Type2, gsc_oType2, gsc_oType2FlagPlaces> } },
+        MakeDetailedMode<SZorMode::eModeKind_Type2, gsc_oType2, gsc_oType2FlagPlaces> } },
     { 0x05, 0, { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, nullptr, MakeType3Mode } },
     { 0x11, 0, { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, nullptr, MakeType5Mode } },
     { 0x13,
       0,
       { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, nullptr,
-        MakeDetailedMode<CMap::eModeKind_Type6, gsc_oType6, gsc_oType6FlagPlaces> } },
+        MakeDetailedMode<SZorMode::eModeKind_Type6, gsc_oType6, gsc_oType6FlagPlaces> } },
     { 0x22,
       0,
       { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Rows, nullptr,
-        MakeDetailedMode<CMap::eModeKind_Type7, gsc_oType7, gsc_oLongFlagPlaces> } },
+        MakeDetailedMode<SZorMode::eModeKind_Type7, gsc_oType7, gsc_oLongFlagPlaces> } },
     { 0x22,
       2,
       { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows, nullptr,
-        MakeDetailedMode<CMap::eModeKind_Type7, gsc_oType7, gsc_oType7Revision2FlagPlaces> } },
+        MakeDetailedMode<SZorMode::eModeKind_Type7, gsc_oType7, gsc_oType7Revision2FlagPlaces> } },
     { 0x24, 0, { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, nullptr, MakeType9Mode } },
     { 0x2A,
       0,

@@ -6,10 +6,8 @@
 
 namespace ZorMap
 {
-using CMap = CZorEdidMap;
-
-CMode MakeBareMode(CMap::EModeKind eKind, unsigned int uiCode, unsigned int uiWidth, unsigned int uiHeight,
-                   bool bInterlaced, const CMap::SRate& oRate)
+CMode MakeBareMode(SZorMode::EModeKind eKind, unsigned int uiCode, unsigned int uiWidth, unsigned int uiHeight,
+                   bool bInterlaced, const SZorMode::SRate& oRate)
 {
     CMode oMode = {};
     oMode.m_eKind = eKind;
@@ -50,7 +48,7 @@ bool MakeVideoMode(CMode& oMode, unsigned int uiCode)
         return false;
     }
     const SPublishedTiming& oTiming = poCode->m_oTiming;
-    oMode = MakeBareMode(CMap::eModeKind_Vic, uiCode, oTiming.m_ui16Width / (0U + poCode->m_ui8Repetition),
+    oMode = MakeBareMode(SZorMode::eModeKind_Vic, uiCode, oTiming.m_ui16Width / (0U + poCode->m_ui8Repetition),
                          oTiming.m_ui16Height, oTiming.IsInterlaced(), WholeRate(oTiming.m_ui8Rate));
     SetTiming(oMode, oTiming);
     SetAspect(oMode, poCode->m_oAspect);
@@ -66,7 +64,7 @@ bool MakeHdmiMode(CMode& oMode, unsigned int uiCode)
     {
         return false;
     }
-    oMode.m_eKind = CMap::eModeKind_HdmiVic;
+    oMode.m_eKind = SZorMode::eModeKind_HdmiVic;
     oMode.m_uiCode = uiCode;
     oMode.m_bFractionToo = poCode->m_bFraction;
     return true;
@@ -80,13 +78,13 @@ bool MakeDmtMode(CMode& oMode, unsigned int uiId)
         return false;
     }
     const SPublishedTiming& oTiming = poDmt->m_oTiming;
-    const CMap::SRate oFraction = { oTiming.m_ui8Rate * 1000U, 1001 };
-    oMode = MakeBareMode(CMap::eModeKind_Dmt, uiId, oTiming.m_ui16Width, oTiming.m_ui16Height, oTiming.IsInterlaced(),
-                         poDmt->m_bFraction ? oFraction : WholeRate(oTiming.m_ui8Rate));
+    const SZorMode::SRate oFraction = { oTiming.m_ui8Rate * 1000U, 1001 };
+    oMode = MakeBareMode(SZorMode::eModeKind_Dmt, uiId, oTiming.m_ui16Width, oTiming.m_ui16Height,
+                         oTiming.IsInterlaced(), poDmt->m_bFraction ? oFraction : WholeRate(oTiming.m_ui8Rate));
     SetTiming(oMode, oTiming);
-    oMode.m_eBlanking = poDmt->m_eBlanking == EBlanking::eReduced1   ? CMap::eBlanking_Reduced1
-                        : poDmt->m_eBlanking == EBlanking::eReduced2 ? CMap::eBlanking_Reduced2
-                                                                     : CMap::eBlanking_Standard;
+    oMode.m_eBlanking = poDmt->m_eBlanking == EBlanking::eReduced1   ? SZorMode::eBlanking_Reduced1
+                        : poDmt->m_eBlanking == EBlanking::eReduced2 ? SZorMode::eBlanking_Reduced2
+                                                                     : SZorMode::eBlanking_Standard;
     return true;
 }
 
@@ -99,10 +97,10 @@ bool MakeEstablishedMode(CMode& oMode, unsigned int uiBit)
     const SEstablishedMode& oEstablished = gsc_aoEstablishedModes[uiBit];
     if (!MakeDmtMode(oMode, oEstablished.m_ui8Dmt))
     {
-        oMode = MakeBareMode(CMap::eModeKind_Established, uiBit, oEstablished.m_ui16Width, oEstablished.m_ui16Height,
-                             false, WholeRate(oEstablished.m_ui8Rate));
+        oMode = MakeBareMode(SZorMode::eModeKind_Established, uiBit, oEstablished.m_ui16Width,
+                             oEstablished.m_ui16Height, false, WholeRate(oEstablished.m_ui8Rate));
     }
-    oMode.m_eKind = CMap::eModeKind_Established;
+    oMode.m_eKind = SZorMode::eModeKind_Established;
     oMode.m_uiCode = uiBit;
     return true;
 }
@@ -113,17 +111,17 @@ bool MakeEstablishedIIIMode(CMode& oMode, unsigned int uiBit)
     {
         return false;
     }
-    oMode.m_eKind = CMap::eModeKind_EstablishedIII;
+    oMode.m_eKind = SZorMode::eModeKind_EstablishedIII;
     oMode.m_uiCode = uiBit;
     return true;
 }
 
 void SetMarks(CMode& oMode, unsigned int uiMarks)
 {
-    oMode.m_eY420 = (uiMarks & gsc_uiMarkOnly420) != 0   ? CMap::eY420_Only
-                    : (uiMarks & gsc_uiMarkAlso420) != 0 ? CMap::eY420_Also
+    oMode.m_eY420 = (uiMarks & gsc_uiMarkOnly420) != 0   ? SZorMode::eY420_Only
+                    : (uiMarks & gsc_uiMarkAlso420) != 0 ? SZorMode::eY420_Also
                                                          : oMode.m_eY420;
-    oMode.m_eStereo = (uiMarks & gsc_uiMarkHdmi3d) != 0 ? CMap::eStereo_Hdmi : oMode.m_eStereo;
+    oMode.m_eStereo = (uiMarks & gsc_uiMarkHdmi3d) != 0 ? SZorMode::eStereo_Hdmi : oMode.m_eStereo;
     oMode.m_bReference |= (uiMarks & gsc_uiMarkHdmi3d) != 0;
     oMode.m_bNative |= (uiMarks & gsc_uiMarkNative) != 0;
 }

@@ -11,11 +11,11 @@ namespace ZorMap
 {
 using CMode = CZorEdidMap::SMode;
 
-constexpr CZorEdidMap::SRate WholeRate(unsigned int uiRate) { return { uiRate, 1 }; }
+constexpr SZorMode::SRate WholeRate(unsigned int uiRate) { return { uiRate, 1 }; }
 
 // Size, scan and rate. The rest is not given.
-CMode MakeBareMode(CZorEdidMap::EModeKind eKind, unsigned int uiCode, unsigned int uiWidth, unsigned int uiHeight,
-                   bool bInterlaced, const CZorEdidMap::SRate& oRate);
+CMode MakeBareMode(SZorMode::EModeKind eKind, unsigned int uiCode, unsigned int uiWidth, unsigned int uiHeight,
+                   bool bInterlaced, const SZorMode::SRate& oRate);
 
 inline void SetAspect(CMode& oMode, const SRatio& oRatio)
 {

@@ -44,8 +44,8 @@ std::vector<unsigned int> Numbers(const CLine& asLine, const std::vector<size_t>
 
 std::vector<unsigned int> GetNumbers(const CZorEdidMap::SMode& oMode)
 {
-    const CZorEdidMap::SAxis& oX = oMode.m_oHorizontal;
-    const CZorEdidMap::SAxis& oY = oMode.m_oVertical;
+    const SZorMode::SAxis& oX = oMode.m_oHorizontal;
+    const SZorMode::SAxis& oY = oMode.m_oVertical;
     return { oX.m_uiActive, oX.m_uiFront, oX.m_uiSync, oX.m_uiTotal,
              oY.m_uiActive, oY.m_uiFront, oY.m_uiSync, oY.m_uiTotal };
 }

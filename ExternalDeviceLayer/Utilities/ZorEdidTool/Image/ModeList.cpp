@@ -161,8 +161,8 @@ std::vector<CVidParamTimingGeneric> FindTimings(const CFieldMode& oMode, const C
 {
     std::vector<CVidParamTimingGeneric> aoTimings;
     CVidParamTimingGeneric oTiming;
-    const bool bHdmi = oMode.m_eKind == CZorEdidMap::eModeKind_HdmiVic;
-    if (bHdmi || oMode.m_eKind == CZorEdidMap::eModeKind_Vic)
+    const bool bHdmi = oMode.m_eKind == SZorMode::eModeKind_HdmiVic;
+    if (bHdmi || oMode.m_eKind == SZorMode::eModeKind_Vic)
     {
         const ZorStandards::SHdmiCode* poHdmi = bHdmi ? ZorStandards::FindHdmiCode(oMode.m_uiCode) : nullptr;
         const unsigned int uiCode = poHdmi != nullptr ? poHdmi->m_ui8VideoCode : oMode.m_uiCode;
@@ -176,7 +176,7 @@ std::vector<CVidParamTimingGeneric> FindTimings(const CFieldMode& oMode, const C
     }
     const CEdidBase::SStandard oPair = { ZorStandards::LowByte(oMode.m_uiCode >> 8),
                                          ZorStandards::LowByte(oMode.m_uiCode) };
-    if (oMode.m_eKind == CZorEdidMap::eModeKind_Standard && oBase.GetStandardTiming(&oPair, &oTiming) != 0)
+    if (oMode.m_eKind == SZorMode::eModeKind_Standard && oBase.GetStandardTiming(&oPair, &oTiming) != 0)
     {
         aoTimings.push_back(oTiming);
     }
@@ -195,8 +195,8 @@ std::vector<CVidParamTimingGeneric> MakeTimings(const CFieldMode& oMode)
         return aoTimings;
     }
     const auto fnAdd = [&](unsigned long long ullClock) {
-        const CZorEdidMap::SAxis& oAcross = oMode.m_oHorizontal;
-        const CZorEdidMap::SAxis& oDown = oMode.m_oVertical;
+        const SZorMode::SAxis& oAcross = oMode.m_oHorizontal;
+        const SZorMode::SAxis& oDown = oMode.m_oVertical;
         const unsigned int uiBlankLines = (oDown.m_uiTotal - oDown.m_uiActive) / (oMode.m_bInterlaced ? 2 : 1);
         CVidParamTimingGeneric oTiming;
         oTiming.SetPixelClockInHz(static_cast<unsigned int>(ullClock));
@@ -223,7 +223,7 @@ std::vector<CVidParamTimingGeneric> MakeTimings(const CFieldMode& oMode)
     return aoTimings;
 }
 
-unsigned int GetHundredths(const CZorEdidMap::SRate& oRate)
+unsigned int GetHundredths(const SZorMode::SRate& oRate)
 {
     return oRate.m_ullDivisor == 0
                ? 0
@@ -318,13 +318,13 @@ private:
         const unsigned int uiOffset = m_oMap.GetField(uiField).m_uiOffset;
         for (CVidParamTimingGeneric& oTiming : aoTimings)
         {
-            oTiming.Set420ColorSpace(oMode.m_eY420 != CZorEdidMap::eY420_No ? 1 : 0);
+            oTiming.Set420ColorSpace(oMode.m_eY420 != SZorMode::eY420_No ? 1 : 0);
             SImageMode oNew = { CZorEdidMap::eList_None, 0, uiOffset / CEdidUtils::msc_uiBlockSize, "", oTiming };
             oNew.m_bNative = oMode.m_bNative;
             oNew.m_bPreferred = oMode.m_bPreferred && uiOffset == ZorStandards::BaseBlock::gsc_uiDescriptorsOffset;
             oNew.m_uiField = uiField;
-            oNew.m_bEstablished = oMode.m_eKind == CZorEdidMap::eModeKind_Established ||
-                                  oMode.m_eKind == CZorEdidMap::eModeKind_EstablishedIII;
+            oNew.m_bEstablished =
+                oMode.m_eKind == SZorMode::eModeKind_Established || oMode.m_eKind == SZorMode::eModeKind_EstablishedIII;
             oNew.m_bTiming = !bBare;
             oNew.m_uiRate = bBare ? GetHundredths(oMode.m_oNominalRate) : 0;
             oNew.m_bFractionToo = bBare && oMode.m_bFractionToo;
@@ -340,7 +340,7 @@ private:
     CModes& m_aoModes;
     CEdidBase m_oBase;
     std::set<CKey> m_oListed;
-    std::set<std::pair<std::pair<CZorEdidMap::EModeKind, unsigned int>, CKey>> m_oKnown;
+    std::set<std::pair<std::pair<SZorMode::EModeKind, unsigned int>, CKey>> m_oKnown;
 };
 } // namespace
 

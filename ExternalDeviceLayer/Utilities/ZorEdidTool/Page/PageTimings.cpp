@@ -283,8 +283,8 @@ std::string GetSource(const CZorEdidMap& oMap, unsigned int uiField)
     }
     CZorEdidMap::SMode oMode = {};
     oMap.GetMode(uiField, oMode);
-    const bool bCode = oMode.m_eKind == CZorEdidMap::eModeKind_Vic && oField.m_eKind == CZorEdidMap::eKind_Group;
-    const bool bPreferred = oMode.m_bPreferred && oMode.m_eKind <= CZorEdidMap::eModeKind_Type10;
+    const bool bCode = oMode.m_eKind == SZorMode::eModeKind_Vic && oField.m_eKind == CZorEdidMap::eKind_Group;
+    const bool bPreferred = oMode.m_bPreferred && oMode.m_eKind <= SZorMode::eModeKind_Type10;
     return GetFieldName(oField) + (bCode ? FormatText(", VIC %u", oMode.m_uiCode) : "") +
            (bPreferred ? ", preferred of its block" : "");
 }

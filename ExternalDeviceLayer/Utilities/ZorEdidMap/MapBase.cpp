@@ -256,12 +256,7 @@ constexpr STable gsc_oEstablishedTable = { eId_BaseEstablished, "Established tim
 
 // ---- Standard timings, E-EDID 3.9 ----
 
-constexpr unsigned int gsc_uiUnusedCode = 0x01;
-
-bool IsUnusedPair(const CRecord& oRecord)
-{
-    return oRecord.GetByte(0) == gsc_uiUnusedCode && oRecord.GetByte(1) == gsc_uiUnusedCode;
-}
+bool IsUnusedPair(const CRecord& oRecord) { return IsUnusedStandard(oRecord); }
 constexpr auto IsUsedPair = IsNot<IsUnusedPair>;
 // ALWAYS: in images of all revisions.
 template <bool ALWAYS>
@@ -278,26 +273,10 @@ bool IsSquarePair(const CRecord& oRecord)
 constexpr auto gsc_aoAspects = Listed({ "16:10", "4:3", "5:4", "16:9" });
 constexpr auto gsc_aoOldAspects = Listed({ "1:1", "4:3", "5:4", "16:9" });
 
-// With the timing of the DMT mode that has the pair as its code.
 template <bool ALWAYS>
 bool MakePairMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
 {
-    if (IsUnusedPair(oRecord) || oRecord.GetByte(0) == 0 || oSource.m_uiRank != 0)
-    {
-        return false;
-    }
-    const bool bSquare = IsSquarePair<ALWAYS>(oRecord);
-    const SStandardTiming oTiming = ReadStandardTiming(oRecord.GetByte(0), oRecord.GetByte(1), bSquare);
-    const unsigned int uiCode = oRecord.Get(Big16(0));
-    oMode = MakeBareMode(SZorMode::eModeKind_Standard, uiCode, oTiming.m_uiWidth, oTiming.m_uiHeight, false,
-                         WholeRate(oTiming.m_uiRate));
-    SetAspect(oMode, oTiming.m_oAspect);
-    const SDmtMode* poDmt = bSquare && oRecord.GetBits(1, 7, 6) == 0 ? nullptr : FindDmtModeOfStandard(uiCode);
-    if (poDmt != nullptr)
-    {
-        SetTiming(oMode, poDmt->m_oTiming);
-    }
-    return true;
+    return oSource.m_uiRank == 0 && ReadStandardMode(oRecord, IsSquarePair<ALWAYS>(oRecord), oMode);
 }
 
 template <bool ALWAYS>
@@ -318,7 +297,7 @@ CMString FormatPair(const CRecord& oRecord)
 
 template <bool ALWAYS>
 constexpr SRow gsc_aoPairRows[] = {
-    { eId_Unused, Run(0, 2), "Unused", Filler(gsc_uiUnusedCode, nullptr), IsUnusedPair },
+    { eId_Unused, Run(0, 2), "Unused", Filler(gsc_uiUnusedStandard, nullptr), IsUnusedPair },
     { eId_BaseStandardHorizontalPixels, Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248),
       IsUsedPair, CheckReservedZero },
     { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },

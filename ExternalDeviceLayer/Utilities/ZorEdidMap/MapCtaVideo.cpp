@@ -55,13 +55,7 @@ CMString SvdSummary(const CRecord& oSvd)
 
 bool MakeSvdMode(const CRecord& oSvd, const SModeSource& oSource, CMode& oMode)
 {
-    const SShortVideo oVideo = ReadShortVideo(oSvd.GetByte(0));
-    if (oSource.m_uiRank != 0 || !MakeVideoMode(oMode, oVideo.m_uiCode))
-    {
-        return false;
-    }
-    oMode.m_bNative = oVideo.m_bNative;
-    return true;
+    return oSource.m_uiRank == 0 && ReadShortVideoMode(oSvd.GetByte(0), oMode);
 }
 
 // ---- Short video references: CTA-861-H 7.5.12; 161 to 175 by CTA-861.6 ----
@@ -171,51 +165,9 @@ constexpr SRow gsc_aoFormatRows[] = {
 
 CMString FormatSummary(const CRecord& oFormat) { return CMString(GetResolutionName(oFormat.GetBits(0, 5, 0))); }
 
-// The rates in rising order; 0 after the last one.
-unsigned int GetFormatRate(const CRecord& oFormat, unsigned int uiRank)
-{
-    constexpr unsigned int auiFactors[] = { 1, 2, 4, 8, 12, 16 }; // from bit 0 of byte 1 on
-    constexpr unsigned int uiMost = 480;
-    const bool bShort = oFormat.GetSize() < 2;
-    const auto fnHas = [&](unsigned int uiRate) {
-        for (unsigned int i = 0; i < std::size(auiFactors); ++i)
-        {
-            const bool bFactor = bShort ? i < 2 : oFormat.IsSet(1, i);
-            const bool b25 = oFormat.IsSet(0, 7) && uiRate == auiFactors[i] * 25;
-            const bool b30 = (bShort || oFormat.IsSet(1, 7)) && uiRate == auiFactors[i] * 30;
-            if (bFactor && (b25 || b30))
-            {
-                return true;
-            }
-        }
-        return (uiRate == 24 && oFormat.IsSet(0, 6)) || (uiRate == 144 && oFormat.IsSet(1, 6)) ||
-               (uiRate == 48 && oFormat.IsSet(2, 0));
-    };
-    for (unsigned int uiRate = 1; uiRate <= uiMost; ++uiRate)
-    {
-        if (fnHas(uiRate) && uiRank-- == 0)
-        {
-            return uiRate;
-        }
-    }
-    return 0;
-}
-
 bool MakeFormatMode(const CRecord& oFormat, const SModeSource& oSource, CMode& oMode)
 {
-    constexpr unsigned int uiNtsc = 6; // rates that are multiples of it come with 1000/1001 as well
-    const unsigned int uiResolution = oFormat.GetBits(0, 5, 0);
-    const unsigned int uiRate = GetFormatRate(oFormat, oSource.m_uiRank);
-    if (uiRate == 0 || uiResolution == 0 || uiResolution >= gsc_uiFormatResolutions)
-    {
-        return false;
-    }
-    const SFormatResolution& oResolution = gsc_aoFormatResolutions[uiResolution];
-    oMode = MakeBareMode(SZorMode::eModeKind_VideoFormat, uiResolution, oResolution.m_ui16Width,
-                         oResolution.m_ui16Height, false, WholeRate(uiRate));
-    SetAspect(oMode, oResolution.m_oAspect);
-    oMode.m_bFractionToo = (oSource.m_uiMarks & gsc_uiMarkFraction) != 0 && uiRate % uiNtsc == 0;
-    return true;
+    return ReadFormatMode(oFormat, oSource.m_uiRank, (oSource.m_uiMarks & gsc_uiMarkFraction) != 0, oMode);
 }
 
 constexpr STable gsc_oFormatTable = { eId_CtaVideoFormatDescriptor,

@@ -70,38 +70,6 @@ unsigned int GetHalfLines(const CRecord& oRecord)
            ((oRecord.Get(gsc_oInterlaced) != 0) ? 1U : 0U);
 }
 
-bool MakeDetailedMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
-{
-    constexpr unsigned int uiFirstStereo = 2; // smaller values are none
-    if (oSource.m_uiRank != 0)
-    {
-        return false;
-    }
-    const bool bInterlaced = oRecord.Get(gsc_oInterlaced) != 0;
-    const unsigned int uiHeight = oRecord.Get(gsc_oVerticalActive) * (bInterlaced ? 2 : 1);
-    const unsigned int uiTotalHeight = bInterlaced ? GetHalfLines(oRecord) : GetHalfLines(oRecord) / 2;
-    const unsigned long long ullClock = 1ULL * gsc_uiHzPerClock * oRecord.Get(gsc_oPixelClock);
-    oMode = MakeBareMode(SZorMode::eModeKind_Detailed, 0, oRecord.Get(gsc_oHorizontalActive), uiHeight, bInterlaced,
-                         { (bInterlaced ? 2 : 1) * ullClock, 1ULL * GetTotalWidth(oRecord) * uiTotalHeight });
-    oMode.m_bTiming = true;
-    oMode.m_ullClock = ullClock;
-    oMode.m_oHorizontal = { oMode.m_uiWidth,
-                            oRecord.Get(gsc_oHorizontalFrontPorch),
-                            oRecord.Get(gsc_oHorizontalSync),
-                            GetTotalWidth(oRecord),
-                            oRecord.Get(gsc_oHorizontalBorder),
-                            !IsAnalogSync(oRecord) && oRecord.Get(gsc_oHorizontalPositive) != 0 };
-    oMode.m_oVertical = { uiHeight,
-                          oRecord.Get(gsc_oVerticalFrontPorch),
-                          oRecord.Get(gsc_oVerticalSync),
-                          uiTotalHeight,
-                          oRecord.Get(gsc_oVerticalBorder),
-                          IsDigitalSeparate(oRecord) && oRecord.Get(gsc_oVerticalPositive) != 0 };
-    const unsigned int uiStereo = oRecord.Get(gsc_oStereo);
-    oMode.m_eStereo = uiStereo < uiFirstStereo ? SZorMode::eStereo_No : static_cast<SZorMode::EStereo>(uiStereo);
-    return true;
-}
-
 constexpr auto gsc_aoScan = Listed({ "non-interlaced", "interlaced" });
 // E-EDID table 3.22. Bit 0 says nothing when bits 6 and 5 are 0.
 constexpr SMeaning gsc_aoStereo[] = {
@@ -455,13 +423,9 @@ constexpr STable gsc_oManagementTable = { eId_BaseColorManagement, "Display colo
 
 // ---- CVT 3 byte timing codes, E-EDID 3.10.3.8 ----
 
-bool IsCodeUnused(const CRecord& oRecord)
-{
-    return oRecord.GetByte(0) == 0 && oRecord.GetByte(1) == 0 && oRecord.GetByte(2) == 0;
-}
+bool IsCodeUnused(const CRecord& oRecord) { return IsUnusedCvtCode(oRecord); }
 constexpr auto IsCodeUsed = IsNot<IsCodeUnused>;
 
-constexpr SPlace gsc_oCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } });
 constexpr auto gsc_aoCodeAspects = Listed({ "4:3", "16:9", "16:10", "15:9" });
 constexpr auto gsc_aoRateNames = Listed({ "50 Hz", "60 Hz", "75 Hz", "85 Hz" });
 
@@ -478,56 +442,9 @@ const char* CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
     return bSupported ? nullptr : "is not one of those supported";
 }
 
-// What one bit of byte 2 announces.
-struct SCodeRate
-{
-    unsigned int m_uiBit;
-    unsigned int m_uiRate; // Hz
-    SZorMode::EBlanking m_eBlanking;
-};
-constexpr SCodeRate gsc_aoCodeRates[] = {
-    { 4, 50, SZorMode::eBlanking_Standard }, { 3, 60, SZorMode::eBlanking_Standard },
-    { 2, 75, SZorMode::eBlanking_Standard }, { 1, 85, SZorMode::eBlanking_Standard },
-    { 0, 60, SZorMode::eBlanking_Reduced1 },
-};
-
-// The preferred rate comes first, whether a bit announces it or not.
-SCodeRate GetCodeRate(const CRecord& oRecord, unsigned int uiRank)
-{
-    const SCodeRate& oPreferred = gsc_aoCodeRates[oRecord.GetBits(2, 6, 5)];
-    const bool bReduced = oPreferred.m_uiRate == 60 && !oRecord.IsSet(2, oPreferred.m_uiBit) && oRecord.IsSet(2, 0);
-    const SCodeRate& oFirst = bReduced ? gsc_aoCodeRates[4] : oPreferred;
-    if (uiRank == 0)
-    {
-        return oFirst;
-    }
-    for (const SCodeRate& oRate : gsc_aoCodeRates)
-    {
-        if (oRecord.IsSet(2, oRate.m_uiBit) && &oRate != &oFirst && --uiRank == 0)
-        {
-            return oRate;
-        }
-    }
-    return {};
-}
-
 bool MakeCvtCodeMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
 {
-    constexpr SRatio aoRatios[] = { { 4, 3 }, { 16, 9 }, { 16, 10 }, { 15, 9 } };
-    constexpr unsigned int uiCell = 8; // pixels
-    const SCodeRate oRate = GetCodeRate(oRecord, oSource.m_uiRank);
-    if (IsCodeUnused(oRecord) || oRate.m_uiRate == 0)
-    {
-        return false;
-    }
-    const unsigned int uiLines = (oRecord.Get(gsc_oCodeLines) + 1) * 2;
-    const SRatio& oRatio = aoRatios[oRecord.GetBits(1, 3, 2)];
-    oMode = MakeBareMode(SZorMode::eModeKind_CvtCode, oRecord.Get(Big24(0)),
-                         uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines, false,
-                         WholeRate(oRate.m_uiRate));
-    SetAspect(oMode, oRatio);
-    oMode.m_eBlanking = oRate.m_eBlanking;
-    return true;
+    return ReadCvtCodeMode(oRecord, oSource.m_uiRank, oMode);
 }
 
 CMString FormatCvtCode(const CRecord& oRecord)
@@ -538,7 +455,7 @@ CMString FormatCvtCode(const CRecord& oRecord)
 
 constexpr SRow gsc_aoCodeRows[] = {
     { eId_Unused, Run(0, 3), "Unused", Reserved(), IsCodeUnused },
-    { eId_BaseCvtCodeVerticalActive, gsc_oCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed,
+    { eId_BaseCvtCodeVerticalActive, gsc_oCvtCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed,
       CheckCodeLines },
     { eId_BaseCvtCodeAspectRatio, Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
     { eId_Reserved, Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
@@ -688,7 +605,7 @@ void AddItems(CMapWriter& oWriter, const SDescriptor& oDescriptor, unsigned int 
 } // namespace
 
 constinit const STable g_oDetailedTimingTable = { eId_BaseDetailed,   "Detailed timing", eArea_Timing,
-                                                  gsc_aoDetailedRows, nullptr,           MakeDetailedMode };
+                                                  gsc_aoDetailedRows, nullptr,           MakeMode<ReadDetailedMode> };
 constinit const STable g_oCvtCodeTable = { eId_BaseCvtCode, "CVT 3 byte timing code", eArea_Timing, gsc_aoCodeRows,
                                            FormatCvtCode,   MakeCvtCodeMode };
 

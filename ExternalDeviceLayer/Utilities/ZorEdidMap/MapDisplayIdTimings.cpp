@@ -18,9 +18,6 @@ constexpr auto gsc_aoScanning = Listed({ "progressive", "interlaced" });
 
 constexpr auto gsc_aoAspectRatios =
     ListedTo(15, { "1:1", "5:4", "4:3", "15:9", "16:9", "16:10", "64:27", "256:135", "undefined" });
-// The same as numbers.
-constexpr SRatio gsc_aoRatios[] = { { 1, 1 },  { 5, 4 },   { 4, 3 },   { 15, 9 },
-                                    { 16, 9 }, { 16, 10 }, { 64, 27 }, { 256, 135 } };
 
 // The name of a code; 0 is reserved.
 template <const char* (*GET_NAME)(unsigned int)>
@@ -36,70 +33,6 @@ using DisplayId::gsc_oType2;
 using DisplayId::gsc_oType6;
 using DisplayId::gsc_oType7;
 using DisplayId::STimingPlaces;
-
-constexpr SZorMode::EStereo ReadStereo(unsigned int uiStereo)
-{
-    return uiStereo == 1 ? SZorMode::eStereo_Always : uiStereo == 2 ? SZorMode::eStereo_ByUser : SZorMode::eStereo_No;
-}
-
-// What says more about a timing; a place that a type does not have is empty.
-struct SFlagPlaces
-{
-    SPlace m_oPreferred = {};
-    SPlace m_oY420 = {};
-    SPlace m_oStereo = {};
-    SPlace m_oAspect = {};
-    SPlace m_oFraction = {};
-};
-
-constexpr SFlagPlaces gsc_oLongFlagPlaces = { Bit(3, 7), {}, Bits(3, 6, 5), Bits(3, 3, 0), {} };
-constexpr SFlagPlaces gsc_oType7Revision2FlagPlaces = { {}, Bit(3, 7), Bits(3, 6, 5), Bits(3, 3, 0), {} };
-constexpr SFlagPlaces gsc_oType2FlagPlaces = { Bit(3, 7), {}, Bits(3, 6, 5), {}, {} };
-constexpr SFlagPlaces gsc_oType6FlagPlaces = { Bit(2, 7), {}, Bits(13, 6, 5), {}, {} };
-
-void ReadFlags(CMode& oMode, const CRecord& oTiming, const SFlagPlaces& oFlags)
-{
-    oMode.m_bPreferred = oTiming.Get(oFlags.m_oPreferred) != 0;
-    oMode.m_eY420 = oTiming.Get(oFlags.m_oY420) != 0 ? SZorMode::eY420_Also : SZorMode::eY420_No;
-    oMode.m_eStereo = ReadStereo(oTiming.Get(oFlags.m_oStereo));
-    oMode.m_bFractionToo = oTiming.Get(oFlags.m_oFraction) != 0;
-    const unsigned int uiAspect = oTiming.Get(oFlags.m_oAspect);
-    if (oFlags.m_oAspect.m_ui8Pieces != 0 && uiAspect < std::size(gsc_aoRatios))
-    {
-        SetAspect(oMode, gsc_aoRatios[uiAspect]);
-    }
-}
-
-// Sizes in total lines and pixels as the standard has them for a frame. What the lines of an interlaced timing count is
-// read in two ways, so that its numbers are left out.
-template <SZorMode::EModeKind KIND, const STimingPlaces& P, const SFlagPlaces& FLAGS>
-bool MakeDetailedMode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
-{
-    const auto fnGet = [&](const SPlace& oPlace) { return oTiming.Get(oPlace) + 1; };
-    const auto fnPixels = [&](const SPlace& oPlace) { return fnGet(oPlace) * P.m_uiPixels; };
-    const bool bInterlaced = oTiming.Get(P.m_oInterlaced) != 0;
-    const unsigned int uiTotalX = fnPixels(P.m_oHorizontalActive) + fnPixels(P.m_oHorizontalBlank);
-    const unsigned int uiTotalY = fnGet(P.m_oVerticalActive) + fnGet(P.m_oVerticalBlank);
-    oMode = MakeBareMode(KIND, 0, fnPixels(P.m_oHorizontalActive), fnGet(P.m_oVerticalActive), bInterlaced, {});
-    oMode.m_ullClock = 1000ULL * fnGet(P.m_oClock) * P.m_uiClockInKiloHz;
-    oMode.m_oRate = { (bInterlaced ? 2 : 1) * oMode.m_ullClock, 1ULL * uiTotalX * uiTotalY };
-    oMode.m_oNominalRate = oMode.m_oRate;
-    oMode.m_bTiming = !bInterlaced;
-    oMode.m_oHorizontal = { oMode.m_uiWidth,
-                            fnPixels(P.m_oHorizontalFrontPorch),
-                            fnPixels(P.m_oHorizontalSync),
-                            uiTotalX,
-                            0,
-                            oTiming.Get(P.m_oHorizontalPositive) != 0 };
-    oMode.m_oVertical = { oMode.m_uiHeight,
-                          fnGet(P.m_oVerticalFrontPorch),
-                          fnGet(P.m_oVerticalSync),
-                          uiTotalY,
-                          0,
-                          oTiming.Get(P.m_oVerticalPositive) != 0 };
-    ReadFlags(oMode, oTiming, FLAGS);
-    return oSource.m_uiRank == 0;
-}
 
 const char* CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
 {
@@ -243,27 +176,6 @@ constexpr SRow gsc_aoType3Rows[] = {
     { eId_DisplayidTimingRefreshRate, Bits(2, 6, 0), "Refresh rate", NumberFrom1("Hz") },
 };
 
-constexpr SFlagPlaces gsc_oType3FlagPlaces = { Bit(0, 7), {}, {}, Bits(0, 3, 0), {} };
-
-bool MakeType3Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
-{
-    const unsigned int uiWidth = (oTiming.GetByte(1) + 1) * 8;
-    const unsigned int uiAspect = oTiming.GetBits(0, 3, 0);
-    const unsigned int uiFormula = oTiming.GetBits(0, 6, 4);
-    if (uiAspect >= std::size(gsc_aoRatios) || oSource.m_uiRank != 0)
-    {
-        return false;
-    }
-    const SRatio& oRatio = gsc_aoRatios[uiAspect];
-    oMode = MakeBareMode(SZorMode::eModeKind_Type3, 0, uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth,
-                         oTiming.IsSet(2, 7), WholeRate(oTiming.GetBits(2, 6, 0) + 1));
-    oMode.m_eBlanking = uiFormula == 0   ? SZorMode::eBlanking_Standard
-                        : uiFormula == 1 ? SZorMode::eBlanking_Reduced1
-                                         : SZorMode::eBlanking_NotGiven;
-    ReadFlags(oMode, oTiming, gsc_oType3FlagPlaces);
-    return true;
-}
-
 // ---- By formula: Type V, DisplayID 1.3 (tag 11h), 7 bytes; Type IX, DisplayID 2.0 (tag 24h), 6 bytes; Type X,
 //      DisplayID 2.1 (tag 2Ah), 6 to 8 bytes ----
 
@@ -276,9 +188,6 @@ constexpr auto gsc_aoType10Formulas = ListedTo(
     7, { "CVT standard blanking", "CVT reduced blanking v1", "CVT reduced blanking v2", "CVT reduced blanking v3" });
 constexpr auto gsc_aoBaseBlanks = Listed({ "80 pixels", "160 pixels" });
 constexpr auto gsc_aoLeastBlankTimes = Listed({ "460 us", "300 us" });
-
-constexpr SPlace gsc_oNarrowRate = Byte(5);
-constexpr SPlace gsc_oWideRate = Split({ { 6, 1, 0 }, { 5, 7, 0 } });
 
 constexpr SRow FractionalRateRow(unsigned int uiByte, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
@@ -319,7 +228,7 @@ constexpr SRow gsc_aoType9Rows[] = {
     { eId_DisplayidTimingFormula, Bits(0, 2, 0), "Timing formula", Names(gsc_aoType9Formulas) },
     WidthRow(1),
     HeightRow(3),
-    RateRow(gsc_oNarrowRate),
+    RateRow(gsc_oType10NarrowRate),
 };
 
 bool IsFormula2(const CRecord& oTiming) { return oTiming.GetBits(0, 2, 0) == 2; }
@@ -355,8 +264,8 @@ constexpr SRow gsc_aoType10Rows[] = {
     { eId_DisplayidTimingFormula, Bits(0, 2, 0), "Timing formula", Names(gsc_aoType10Formulas) },
     WidthRow(1),
     HeightRow(3),
-    { eId_DisplayidTimingRefreshRate, gsc_oNarrowRate, "Refresh rate", NumberFrom1("Hz"), IsNot<HasWideRate> },
-    { eId_DisplayidTimingRefreshRate, gsc_oWideRate, "Refresh rate", NumberFrom1("Hz"), HasWideRate },
+    { eId_DisplayidTimingRefreshRate, gsc_oType10NarrowRate, "Refresh rate", NumberFrom1("Hz"), IsNot<HasWideRate> },
+    { eId_DisplayidTimingRefreshRate, gsc_oType10WideRate, "Refresh rate", NumberFrom1("Hz"), HasWideRate },
     { eId_DisplayidTimingAdditionalVerticalBlank, Bits(6, 7, 5), "Additional vertical blank time",
       Number("us").Computed(GetAdditionalBlankTime), HasDeltas },
     { eId_DisplayidTimingHorizontalBlanking, Bits(6, 4, 2), "Horizontal blank",
@@ -365,55 +274,6 @@ constexpr SRow gsc_aoType10Rows[] = {
     { eId_Reserved, Bits(7, 7, 1), "Reserved", Reserved() },
     { eId_DisplayidTimingMinVerticalBlankTime, Bit(7, 0), "Minimum vertical blank time", Flag(gsc_aoLeastBlankTimes) },
 };
-
-// Width, height and rate of a formula-based timing, all stored minus 1. By the formula's code the blanking.
-void SetFormulaMode(CMode& oMode, SZorMode::EModeKind eKind, const CRecord& oTiming, unsigned int uiSizeOffset,
-                    const SPlace& oRate)
-{
-    oMode = MakeBareMode(eKind, 0, oTiming.Get(Little16(uiSizeOffset)) + 1, oTiming.Get(Little16(uiSizeOffset + 2)) + 1,
-                         false, WholeRate(oTiming.Get(oRate) + 1));
-}
-
-constexpr SFlagPlaces gsc_oType5FlagPlaces = { Bit(0, 7), {}, Bits(0, 6, 5), {}, Bit(0, 4) };
-constexpr SFlagPlaces gsc_oType9FlagPlaces = { {}, {}, Bits(0, 6, 5), {}, Bit(0, 4) };
-constexpr SFlagPlaces gsc_oType10FlagPlaces = { {}, Bit(0, 7), Bits(0, 6, 5), {}, {} };
-
-bool MakeType5Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
-{
-    SetFormulaMode(oMode, SZorMode::eModeKind_Type5, oTiming, 2, Byte(6));
-    const unsigned int uiFormula = oTiming.GetBits(0, 1, 0);
-    oMode.m_eBlanking = uiFormula == 0   ? SZorMode::eBlanking_Reduced2
-                        : uiFormula == 1 ? SZorMode::eBlanking_Custom
-                                         : SZorMode::eBlanking_NotGiven;
-    ReadFlags(oMode, oTiming, gsc_oType5FlagPlaces);
-    return oSource.m_uiRank == 0;
-}
-
-// Formulas of Types IX and X, of the first the first three.
-constexpr SZorMode::EBlanking gsc_aeFormulas[] = { SZorMode::eBlanking_Standard, SZorMode::eBlanking_Reduced1,
-                                                   SZorMode::eBlanking_Reduced2, SZorMode::eBlanking_Reduced3 };
-
-bool MakeType9Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
-{
-    constexpr unsigned int uiFormulas = 3;
-    const unsigned int uiFormula = oTiming.GetBits(0, 2, 0);
-    SetFormulaMode(oMode, SZorMode::eModeKind_Type9, oTiming, 1, gsc_oNarrowRate);
-    ReadFlags(oMode, oTiming, gsc_oType9FlagPlaces);
-    oMode.m_eBlanking = uiFormula < uiFormulas ? gsc_aeFormulas[uiFormula] : SZorMode::eBlanking_NotGiven;
-    return oSource.m_uiRank == 0;
-}
-
-bool MakeType10Mode(const CRecord& oTiming, const SModeSource& oSource, CMode& oMode)
-{
-    const unsigned int uiFormula = oTiming.GetBits(0, 2, 0);
-    SetFormulaMode(oMode, SZorMode::eModeKind_Type10, oTiming, 1,
-                   HasWideRate(oTiming) ? gsc_oWideRate : gsc_oNarrowRate);
-    ReadFlags(oMode, oTiming, gsc_oType10FlagPlaces);
-    oMode.m_eBlanking =
-        uiFormula < std::size(gsc_aeFormulas) ? gsc_aeFormulas[uiFormula] : SZorMode::eBlanking_NotGiven;
-    oMode.m_bFractionToo = IsFormula2(oTiming) && oTiming.IsSet(0, 4);
-    return oSource.m_uiRank == 0;
-}
 
 // ---- Type VI, DisplayID 1.3 (tag 13h): 14 bytes, or 17 with aspect ratio and size ----
 
@@ -466,30 +326,35 @@ struct STimingKind
 constexpr STimingKind gsc_aoTimingKinds[] = {
     { 0x03,
       0,
-      { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, nullptr,
-        MakeDetailedMode<SZorMode::eModeKind_Type1, gsc_oType1, gsc_oLongFlagPlaces> } },
+      { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, nullptr, MakeMode<ReadType1Mode> } },
     { 0x04,
       0,
-      { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, nullptr,
-        MakeDetailedMode<SZorMode::eModeKind_Type2, gsc_oType2, gsc_oType2FlagPlaces> } },
-    { 0x05, 0, { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, nullptr, MakeType3Mode } },
-    { 0x11, 0, { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, nullptr, MakeType5Mode } },
+      { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, nullptr, MakeMode<ReadType2Mode> } },
+    { 0x05,
+      0,
+      { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, nullptr,
+        MakeMode<ReadType3Mode> } },
+    { 0x11,
+      0,
+      { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, nullptr, MakeMode<ReadType5Mode> } },
     { 0x13,
       0,
-      { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, nullptr,
-        MakeDetailedMode<SZorMode::eModeKind_Type6, gsc_oType6, gsc_oType6FlagPlaces> } },
+      { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, nullptr, MakeMode<ReadType6Mode> } },
     { 0x22,
       0,
       { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Rows, nullptr,
-        MakeDetailedMode<SZorMode::eModeKind_Type7, gsc_oType7, gsc_oLongFlagPlaces> } },
+        MakeMode<ReadType7Mode> } },
     { 0x22,
       2,
       { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows, nullptr,
-        MakeDetailedMode<SZorMode::eModeKind_Type7, gsc_oType7, gsc_oType7Revision2FlagPlaces> } },
-    { 0x24, 0, { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, nullptr, MakeType9Mode } },
+        MakeMode<ReadType7Revision2Mode> } },
+    { 0x24,
+      0,
+      { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, nullptr, MakeMode<ReadType9Mode> } },
     { 0x2A,
       0,
-      { eId_DisplayidType10Timing, "Type X timing", eArea_Timing, gsc_aoType10Rows, nullptr, MakeType10Mode } },
+      { eId_DisplayidType10Timing, "Type X timing", eArea_Timing, gsc_aoType10Rows, nullptr,
+        MakeMode<ReadType10Mode> } },
 };
 
 const STable* FindTimingTable(unsigned int uiTag, unsigned int uiRevision)

@@ -47,21 +47,6 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
 }
 } // namespace
 
-unsigned int CRecord::Get(const SPlace& oPlace) const
-{
-    if (oPlace.m_ui8Run != 0)
-    {
-        return 0;
-    }
-    unsigned int uiValue = 0;
-    for (unsigned int i = 0; i < oPlace.m_ui8Pieces; ++i)
-    {
-        const SBitsPlace& oPiece = oPlace.m_aoPieces[i];
-        uiValue = (uiValue << oPiece.GetWidth()) | GetBits(oPiece.m_ui8Offset, oPiece.m_ui8High, oPiece.m_ui8Low);
-    }
-    return uiValue;
-}
-
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits)
 {
     long long llRaw = uiRaw;

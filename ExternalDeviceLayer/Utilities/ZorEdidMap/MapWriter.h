@@ -11,35 +11,24 @@
 
 #include "MapContent.h"
 #include "MapIds.h"
+#include "Standards/Record.h"
 
 namespace ZorMap
 {
 // The bytes that a table lies over. Bytes past its end read as 0, so that a condition need not ask for the length
 // first.
-class CRecord
+class CRecord : public CRecordBytes
 {
 public:
     CRecord(const SImageFacts& oFacts, const unsigned char* pui8Bytes, unsigned int uiSize)
-        : m_oFacts(oFacts), m_pui8Bytes(pui8Bytes), m_uiSize(uiSize)
+        : CRecordBytes(pui8Bytes, uiSize), m_oFacts(oFacts)
     {
     }
 
-    unsigned int GetSize() const { return m_uiSize; }
-    const unsigned char* GetData() const { return m_pui8Bytes; } // GetSize bytes
     const SImageFacts& GetFacts() const { return m_oFacts; }
-
-    unsigned int GetByte(unsigned int uiOffset) const { return uiOffset < m_uiSize ? m_pui8Bytes[uiOffset] : 0U; }
-    bool IsSet(unsigned int uiOffset, unsigned int uiBit) const { return ((GetByte(uiOffset) >> uiBit) & 1U) != 0; }
-    unsigned int GetBits(unsigned int uiOffset, unsigned int uiHigh, unsigned int uiLow) const
-    {
-        return (GetByte(uiOffset) >> uiLow) & ((2U << (uiHigh - uiLow)) - 1);
-    }
-    unsigned int Get(const SPlace& oPlace) const; // at most 32 bits; of a run 0
 
 private:
     const SImageFacts& m_oFacts;
-    const unsigned char* m_pui8Bytes;
-    unsigned int m_uiSize;
 };
 
 // Writes the fields of one image in the order of a walk. Groups nest, at most msc_uiMostDepth deep. Offsets are those

@@ -1,0 +1,85 @@
+// Modes out of codes and bytes: one reader for each structure that announces some, for the map and the facts alike. Each
+// returns false, with oMode unchanged or meaningless, where the bytes announce none. Private to the library.
+
+#pragma once
+
+#include "DisplayIdSection.h"
+#include "EdidMode.h"
+#include "Record.h"
+#include "VesaModes.h"
+#include "VideoCodes.h"
+
+namespace ZorStandards
+{
+constexpr SZorMode::SRate WholeRate(unsigned int uiRate) { return { uiRate, 1 }; }
+
+// Size, scan and rate. The rest is not given.
+SZorMode MakeBareMode(SZorMode::EModeKind eKind, unsigned int uiCode, unsigned int uiWidth, unsigned int uiHeight,
+                      bool bInterlaced, const SZorMode::SRate& oRate);
+
+// The numbers of a table. The nominal rate is left as it is.
+void SetTiming(SZorMode& oMode, const SPublishedTiming& oTiming);
+
+// ---- Codes, with their timings. False for a code that is not published ----
+
+bool MakeVideoMode(SZorMode& oMode, unsigned int uiCode); // of CTA-861
+bool MakeHdmiMode(SZorMode& oMode, unsigned int uiCode);
+bool MakeDmtMode(SZorMode& oMode, unsigned int uiId);
+bool MakeEstablishedMode(SZorMode& oMode, unsigned int uiBit);
+bool MakeEstablishedIIIMode(SZorMode& oMode, unsigned int uiBit);
+
+// ---- Base block ----
+
+// 18 bytes with a pixel clock.
+bool ReadDetailedMode(const CRecordBytes& oRecord, SZorMode& oMode);
+
+// Two bytes; with the timing of the DMT mode that has them as its code. bSquare: as ReadStandardTiming.
+bool ReadStandardMode(const CRecordBytes& oRecord, bool bSquare, SZorMode& oMode);
+
+// Three bytes. uiRank counts the rates that one code announces, the preferred one first.
+bool ReadCvtCodeMode(const CRecordBytes& oRecord, unsigned int uiRank, SZorMode& oMode);
+inline constexpr unsigned int gsc_uiCvtCodeSize = 3;
+inline constexpr SPlace gsc_oCvtCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } }); // half of them, minus 1
+constexpr bool IsUnusedCvtCode(const CRecordBytes& oRecord)
+{
+    return (oRecord.GetByte(0) | oRecord.GetByte(1) | oRecord.GetByte(2)) == 0;
+}
+
+inline constexpr unsigned int gsc_uiUnusedStandard = 0x01; // both bytes of a standard timing that is not used
+constexpr bool IsUnusedStandard(const CRecordBytes& oRecord)
+{
+    return oRecord.GetByte(0) == gsc_uiUnusedStandard && oRecord.GetByte(1) == gsc_uiUnusedStandard;
+}
+
+// ---- CTA-861 ----
+
+// A short video descriptor: CTA-861-H 7.5.1.
+bool ReadShortVideoMode(unsigned int uiSvd, SZorMode& oMode);
+
+// One to four bytes, CTA-861.6. uiRank counts the rates, from the lowest on. bFraction: those that are multiples of 6
+// come at 1000/1001 as well.
+bool ReadFormatMode(const CRecordBytes& oRecord, unsigned int uiRank, bool bFraction, SZorMode& oMode);
+
+// ---- DisplayID, Types I to X but IV and VIII, which are codes. A record starts with its first byte ----
+
+bool ReadType1Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType2Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType3Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType5Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType6Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType7Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType7Revision2Mode(const CRecordBytes& oRecord, SZorMode& oMode); // of a data block of revision 2 or later
+bool ReadType9Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+bool ReadType10Mode(const CRecordBytes& oRecord, SZorMode& oMode);
+
+inline constexpr SPlace gsc_oType10NarrowRate = Byte(5);
+inline constexpr SPlace gsc_oType10WideRate = Split({ { 6, 1, 0 }, { 5, 7, 0 } }); // in records of 7 bytes and more
+
+// The picture's ratio by the code that Types I, III and VII have; without a width from 8 on.
+constexpr SRatio GetTimingRatio(unsigned int uiCode)
+{
+    constexpr SRatio aoRatios[] = { { 1, 1 },  { 5, 4 },   { 4, 3 },   { 15, 9 },
+                                    { 16, 9 }, { 16, 10 }, { 64, 27 }, { 256, 135 } };
+    return uiCode < std::size(aoRatios) ? aoRatios[uiCode] : SRatio{ 0, 0 };
+}
+} // namespace ZorStandards

@@ -3,7 +3,9 @@
 #include <string.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <string_view>
 
 #include "MapIds.h"
 
@@ -11,17 +13,79 @@ namespace ZorMap
 {
 namespace
 {
-struct SId
+// A line of the list. Its id follows from its name unless it has a text.
+struct SListed
 {
-    EZorEdidField m_eId;
-    const char* m_pszId;
+    unsigned short m_usNumber; // 0 for a beginning only
+    std::string_view m_oName;
+    std::string_view m_oText = {};
 };
 
-constexpr SId gsc_aoIds[] = {
-#define ZOR_EDID_FIELD(NUMBER, NAME, ID) { eZorEdidField_##NAME, ID },
-    ZOR_EDID_FIELDS(ZOR_EDID_FIELD)
-#undef ZOR_EDID_FIELD
+constexpr SListed gsc_aoListed[] = {
+#define ZOR_EDID_S(NUMBER, NAME, ID) { (NUMBER), #NAME, ID },
+#define ZOR_EDID_P(NAME, ID) { 0, #NAME, ID },
+#define ZOR_EDID_X(NUMBER, NAME) { (NUMBER), #NAME },
+    ZOR_EDID_FIELDS(ZOR_EDID_S, ZOR_EDID_P, ZOR_EDID_X)
+#undef ZOR_EDID_X
+#undef ZOR_EDID_P
+#undef ZOR_EDID_S
 };
+
+struct SId
+{
+    EZorEdidField m_eId = eZorEdidField_None;
+    char m_szText[56] = {}; // a longer one does not compile
+};
+
+// "SyncOnGreen" as "sync-on-green".
+constexpr void AppendName(char* pszText, std::string_view oName)
+{
+    for (const char& c : oName)
+    {
+        const bool bCapital = c >= 'A' && c <= 'Z';
+        if (c == '_' || (bCapital && &c != oName.data()))
+        {
+            *pszText++ = '-';
+        }
+        if (c != '_')
+        {
+            *pszText++ = bCapital ? static_cast<char>(c - 'A' + 'a') : c;
+        }
+    }
+}
+
+constexpr SId MakeId(const SListed* poListed)
+{
+    SId oId = { static_cast<EZorEdidField>(poListed->m_usNumber) };
+    const SListed* poStart = poListed; // one without a beginning does not compile
+    while (poStart->m_oText.empty() || !poListed->m_oName.starts_with(poStart->m_oName))
+    {
+        --poStart;
+    }
+    char* pszEnd = std::copy(poStart->m_oText.begin(), poStart->m_oText.end(), oId.m_szText);
+    const std::string_view oOwn = poListed->m_oName.substr(poStart->m_oName.size());
+    if (!oOwn.empty())
+    {
+        *pszEnd++ = '.';
+        AppendName(pszEnd, oOwn);
+    }
+    return oId;
+}
+
+constexpr bool HasNumber(const SListed& oListed) { return oListed.m_usNumber != 0; }
+
+constexpr auto gsc_aoIds = [] {
+    std::array<SId, std::count_if(std::begin(gsc_aoListed), std::end(gsc_aoListed), HasNumber)> aoIds = {};
+    SId* poId = aoIds.data();
+    for (const SListed& oListed : gsc_aoListed)
+    {
+        if (HasNumber(oListed))
+        {
+            *poId++ = MakeId(&oListed);
+        }
+    }
+    return aoIds;
+}();
 
 constexpr bool IsBefore(const SId& oFirst, const SId& oSecond) { return oFirst.m_eId < oSecond.m_eId; }
 // No number is in the list twice, and each is found by halving.
@@ -73,15 +137,15 @@ const char* CZorEdidMap::GetId(EZorEdidField eId)
 {
     const ZorMap::SId* const poEnd = std::end(ZorMap::gsc_aoIds);
     const ZorMap::SId* poFound =
-        std::lower_bound(std::begin(ZorMap::gsc_aoIds), poEnd, ZorMap::SId{ eId, "" }, ZorMap::IsBefore);
-    return poFound != poEnd && poFound->m_eId == eId ? poFound->m_pszId : nullptr;
+        std::lower_bound(std::begin(ZorMap::gsc_aoIds), poEnd, ZorMap::SId{ eId }, ZorMap::IsBefore);
+    return poFound != poEnd && poFound->m_eId == eId ? poFound->m_szText : nullptr;
 }
 
 EZorEdidField CZorEdidMap::FindId(const char* pszId)
 {
     for (const ZorMap::SId& oId : ZorMap::gsc_aoIds)
     {
-        if (pszId != nullptr && strcmp(oId.m_pszId, pszId) == 0)
+        if (pszId != nullptr && strcmp(oId.m_szText, pszId) == 0)
         {
             return oId.m_eId;
         }

@@ -21,8 +21,8 @@ using namespace ZorStandards;
 using enum CZorEdidMap::EArea;
 
 // The ids by short names, for the tables.
-#define ZOR_EDID_FIELD(NUMBER, NAME, ID) inline constexpr EZorEdidField eId_##NAME = eZorEdidField_##NAME;
-ZOR_EDID_FIELDS(ZOR_EDID_FIELD)
+#define ZOR_EDID_FIELD(NUMBER, NAME, ...) inline constexpr EZorEdidField eId_##NAME = eZorEdidField_##NAME;
+ZOR_EDID_FIELDS(ZOR_EDID_FIELD, ZOR_EDID_NO_FIELD, ZOR_EDID_FIELD)
 #undef ZOR_EDID_FIELD
 
 class CRecord;

@@ -209,8 +209,8 @@ TEST_F(Map, Ids)
     };
     CCollector oCollector;
     ZorMap::VisitIds(oCollector);
-#define ZOR_EDID_FIELD(NUMBER, NAME, ID) eZorEdidField_##NAME,
-    for (const EZorEdidField eId : { ZOR_EDID_FIELDS(ZOR_EDID_FIELD) })
+#define ZOR_EDID_FIELD(NUMBER, NAME, ...) eZorEdidField_##NAME,
+    for (const EZorEdidField eId : { ZOR_EDID_FIELDS(ZOR_EDID_FIELD, ZOR_EDID_NO_FIELD, ZOR_EDID_FIELD) })
     {
         EXPECT_EQ(eId, CZorEdidMap::FindId(CZorEdidMap::GetId(eId))) << CZorEdidMap::GetId(eId);
         EXPECT_EQ(1U, oCollector.m_aeFound.count(eId)) << CZorEdidMap::GetId(eId);

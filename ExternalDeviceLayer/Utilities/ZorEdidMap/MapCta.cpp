@@ -530,16 +530,6 @@ constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eArea_S
 
 constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
 
-// A clock of 0 ends the timings, unless a display descriptor follows: 00 00 00 and a tag of the list.
-bool IsDescriptor(const CRecord& oRecord)
-{
-    constexpr unsigned int uiDummyTag = 0x10; // below it are those of makers
-    constexpr unsigned int uiFirstTag = 0xF7;
-    const unsigned int uiTag = oRecord.GetByte(3);
-    return (oRecord.GetByte(0) | oRecord.GetByte(1)) != 0 ||
-           (oRecord.GetByte(2) == 0 && (uiTag >= uiFirstTag || (uiTag != 0 && uiTag <= uiDummyTag)));
-}
-
 // The codes of all CTA-861 blocks of the EDID that the block at uiBlock is of: indexes run on from block to block. A
 // file may hold several EDIDs, each with a base block, whose first byte is 0.
 SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
@@ -594,7 +584,7 @@ void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int
     const bool bCut = uiEnd < gsc_uiChecksumOffset;
     for (; uiEnd - uiStart >= gsc_uiDetailedSize; uiStart += gsc_uiDetailedSize)
     {
-        if (!IsDescriptor(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDetailedSize)))
+        if (!Descriptors::IsDescriptor(oWriter.GetRecord(uiOffset + uiStart, gsc_uiDetailedSize).GetData()))
         {
             break;
         }

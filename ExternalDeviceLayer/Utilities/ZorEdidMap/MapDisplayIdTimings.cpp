@@ -238,19 +238,14 @@ bool HasWideRate(const CRecord& oTiming) { return oTiming.GetSize() > 6; }
 bool HasDeltas(const CRecord& oTiming) { return HasWideRate(oTiming) && IsFormula3(oTiming); }
 bool HasNoDeltas(const CRecord& oTiming) { return HasWideRate(oTiming) && !IsFormula3(oTiming); }
 
-// Steps of 8 pixels over 80; over 160 up to five, and the codes 6 and 7 are one and two steps under it.
-long long GetHorizontalBlank(const CRecord& oTiming, unsigned int uiSteps)
+long long GetHorizontalBlank(const CRecord& oTiming, unsigned int /*uiSteps*/)
 {
-    if (!oTiming.IsSet(0, 4))
-    {
-        return 80 + 8 * static_cast<long long>(uiSteps);
-    }
-    return uiSteps <= 5 ? 160 + 8 * static_cast<long long>(uiSteps) : 160 - 8 * static_cast<long long>(uiSteps - 5);
+    return ReadReducedBlanking(oTiming).m_uiHorizontalBlank;
 }
 
-long long GetAdditionalBlankTime(const CRecord& oTiming, unsigned int uiSteps)
+long long GetAdditionalBlankTime(const CRecord& oTiming, unsigned int /*uiSteps*/)
 {
-    return static_cast<long long>(uiSteps) * (oTiming.IsSet(7, 0) ? 20 : 35);
+    return ReadAdditionalBlankInUs(oTiming);
 }
 
 constexpr SRow gsc_aoType10Rows[] = {
@@ -277,8 +272,8 @@ constexpr SRow gsc_aoType10Rows[] = {
 
 // ---- Type VI, DisplayID 1.3 (tag 13h): 14 bytes, or 17 with aspect ratio and size ----
 
-constexpr unsigned int gsc_uiType6Size = 14;
-constexpr unsigned int gsc_uiType6LongSize = 17;
+constexpr unsigned int gsc_uiType6Size = gsc_oType6.m_uiSize;
+using DisplayId::gsc_uiType6LongSize;
 
 bool HasSize(const CRecord& oTiming) { return oTiming.IsSet(2, 6); }
 
@@ -401,7 +396,7 @@ constexpr SCodeKind gsc_aoCodeKinds[] = {
 
 // Type IV, DisplayID 1.3 (tag 6), from revision 1 on, and Type VIII, DisplayID 2.0 (tag 23h): the type of the codes is
 // in the flags. Revision 0 of Type IV has DMT only.
-constexpr unsigned int gsc_uiType4Tag = 0x06;
+using DisplayId::gsc_uiType4Tag;
 unsigned int GetCodeType(const CRecord& oBlock)
 {
     const bool bDmt = oBlock.GetByte(0) == gsc_uiType4Tag && IsRevision0(oBlock);

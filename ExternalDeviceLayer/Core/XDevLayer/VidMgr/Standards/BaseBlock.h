@@ -91,6 +91,7 @@ constexpr unsigned int ReadSerialNumber(const unsigned char* pui8Block)
     return ReadLittle32(pui8Block + gsc_uiSerialOffset);
 }
 
+constexpr unsigned int gsc_uiDescriptors = 4;
 constexpr unsigned int DescriptorOffset(unsigned int uiDescriptor)
 {
     return gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiDescriptorSize;

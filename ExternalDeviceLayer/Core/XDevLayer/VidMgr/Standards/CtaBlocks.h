@@ -32,7 +32,21 @@ constexpr SBitsPlace gsc_oHeaderTag = { 0, 7, 5 };
 constexpr SBitsPlace gsc_oHeaderLength = { 0, 4, 0 }; // of the payload
 constexpr unsigned int gsc_uiHeaderSize = 1;
 constexpr unsigned int gsc_uiMostPayload = gsc_oHeaderLength.GetMost();
+constexpr unsigned int gsc_uiAudioTag = 1;
+constexpr unsigned int gsc_uiVideoTag = 2;
+constexpr unsigned int gsc_uiVendorTag = 3; // the payload begins with an OUI
+constexpr unsigned int gsc_uiSpeakersTag = 4;
+constexpr unsigned int gsc_uiVideoFormatTag = 6;
 constexpr unsigned int gsc_uiExtendedTag = 7; // the first payload byte is the extended tag
+
+// Extended tags.
+constexpr unsigned int gsc_uiExtendedNative = 8; // native video resolution
+constexpr unsigned int gsc_uiExtendedPreference = 13;
+constexpr unsigned int gsc_uiExtended420Video = 14;
+constexpr unsigned int gsc_uiExtended420Map = 15;
+constexpr unsigned int gsc_uiExtendedType7 = 34;
+constexpr unsigned int gsc_uiExtendedType8 = 35;
+constexpr unsigned int gsc_uiExtendedType10 = 42;
 
 constexpr unsigned int gsc_uiDetailedSize = Descriptors::gsc_uiDescriptorSize;
 

@@ -61,6 +61,24 @@ constexpr bool IsTimingCandidate(const unsigned char* pui8Descriptor)
     return !IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagDetailed;
 }
 
+// Whether 18 bytes of a CTA-861 block are a descriptor; others are padding and end the descriptors. A clock of 0 needs a
+// tag of the list.
+constexpr bool IsDescriptor(const unsigned char* pui8Descriptor)
+{
+    constexpr unsigned int uiFirstTag = 0xF7; // up to gsc_ui8TagEmpty are those of makers
+    const unsigned int uiTag = pui8Descriptor[gsc_uiTagOffset];
+    return HasPixelClock(pui8Descriptor) ||
+           (pui8Descriptor[2] == 0 && (uiTag >= uiFirstTag || (uiTag != 0 && uiTag <= gsc_ui8TagEmpty)));
+}
+
+// ---- Lists of timings in display descriptors ----
+
+constexpr unsigned char gsc_ui8TagCvtCodes = 0xF8;
+constexpr unsigned char gsc_ui8TagEstablishedIII = 0xF7;
+constexpr unsigned int gsc_uiExtraStandards = 6; // from gsc_uiContentsOffset on
+constexpr unsigned int gsc_uiCvtCodes = 4;       // from gsc_uiListOffset on, behind a version
+constexpr unsigned int gsc_uiListOffset = 6;
+
 // ---- Range limits: rates in Hz and kHz, the clock in 10 MHz ----
 
 constexpr SPlace gsc_oHorizontalOffsets = Bits(4, 3, 2); // from revision 4 on, as the next one
@@ -71,8 +89,14 @@ constexpr SPlace gsc_oMinHorizontalRate = Byte(7);
 constexpr SPlace gsc_oMaxHorizontalRate = Byte(8);
 constexpr SPlace gsc_oMaxPixelClock = Byte(9);
 constexpr SPlace gsc_oFormula = Byte(10);
+constexpr SPlace gsc_oSecondaryStart = Byte(12); // of the secondary GTF curve: 2 kHz
+constexpr SPlace gsc_oSecondaryC = Byte(13);     // doubled
+constexpr SPlace gsc_oSecondaryM = Little16(14);
+constexpr SPlace gsc_oSecondaryK = Byte(16);
+constexpr SPlace gsc_oSecondaryJ = Byte(17);           // doubled
 constexpr SPlace gsc_oClockPrecision = Bits(12, 7, 2); // 0.25 MHz, to be taken off the maximum; CVT only
 
+constexpr unsigned int gsc_uiSecondaryFormula = 2;
 constexpr unsigned int gsc_uiCvtFormula = 4; // of gsc_oFormula, from revision 4 on
 constexpr unsigned int gsc_uiRateOffset = 255;
 constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;

@@ -81,6 +81,42 @@ private:
     bool m_bCut = false;
 };
 
+// ---- Tags of data blocks with timings ----
+
+constexpr unsigned int gsc_uiType1Tag = 0x03;
+constexpr unsigned int gsc_uiType2Tag = 0x04;
+constexpr unsigned int gsc_uiType3Tag = 0x05;
+constexpr unsigned int gsc_uiType4Tag = 0x06;
+constexpr unsigned int gsc_uiDmtBitsTag = 0x07; // a bit a mode, from bit 0 of the first byte on
+constexpr unsigned int gsc_uiVicBitsTag = 0x08;
+constexpr unsigned int gsc_uiType5Tag = 0x11;
+constexpr unsigned int gsc_uiType6Tag = 0x13;
+constexpr unsigned int gsc_uiType7Tag = 0x22;
+constexpr unsigned int gsc_uiType8Tag = 0x23;
+constexpr unsigned int gsc_uiType9Tag = 0x24;
+constexpr unsigned int gsc_uiType10Tag = 0x2A;
+constexpr unsigned int gsc_uiCtaTag = 0x81; // data blocks of CTA-861
+
+// Of Types IV and VIII, in the header: what the codes are, their size.
+constexpr SPlace gsc_oCodeType = Bits(1, 7, 6);
+constexpr SPlace gsc_oCodes420 = Bit(1, 5);
+constexpr SPlace gsc_oWideCodes = Bit(1, 3); // two bytes
+enum ECodeType : unsigned int
+{
+    eCodeType_Dmt,
+    eCodeType_Vic,
+    eCodeType_HdmiVic
+};
+
+// Bytes of the records of the types that are no codes.
+constexpr unsigned int gsc_uiType3Size = 3;
+constexpr unsigned int gsc_uiType5Size = 7;
+constexpr unsigned int gsc_uiType6LongSize = 17; // with aspect ratio and size
+constexpr SPlace gsc_oType6IsLong = Bit(2, 6);
+constexpr unsigned int gsc_uiType9Size = 6;
+constexpr unsigned int gsc_uiType10Size = 6; // and as many more as the header says
+constexpr SPlace gsc_oType10MoreBytes = Bits(1, 6, 4);
+
 // ---- A tile declaration, from the start of its payload. Counts and sizes are stored minus 1 ----
 
 inline constexpr unsigned int gsc_uiTiledTopologySize = 22;

@@ -17,6 +17,12 @@ inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0; // a list of the blocks,
 // data block of block 1, a whole CTA-861 block of revision 3 or later.
 unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize);
 
+// That number; 0 of an image without a whole base block.
+inline unsigned int CountExtensions(const unsigned char* pui8Image, unsigned int uiSize)
+{
+    return uiSize < gsc_uiBlockSize ? 0 : pui8Image[FindExtensionCount(pui8Image, uiSize)];
+}
+
 // Goes over the blocks of an image that follow the base block. The last one may be cut short.
 class CBlockWalk
 {

@@ -108,6 +108,7 @@ bool MakeEstablishedMode(SZorMode& oMode, unsigned int uiBit)
     {
         oMode = MakeBareMode(SZorMode::eModeKind_Established, uiBit, oEstablished.m_ui16Width,
                              oEstablished.m_ui16Height, false, WholeRate(oEstablished.m_ui8Rate));
+        SetTiming(oMode, *FindMakerTiming(uiBit));
     }
     oMode.m_eKind = SZorMode::eModeKind_Established;
     oMode.m_uiCode = uiBit;
@@ -456,5 +457,35 @@ bool ReadType10Mode(const CRecordBytes& oRecord, SZorMode& oMode)
     oMode.m_eBlanking = GetFormulaBlanking(oRecord.GetBits(0, 2, 0), uiFormulas);
     oMode.m_bFractionToo = oMode.m_eBlanking == SZorMode::eBlanking_Reduced2 && oRecord.IsSet(0, 4);
     return true;
+}
+
+unsigned int ReadAdditionalBlankInUs(const CRecordBytes& oType10)
+{
+    constexpr unsigned int uiStepOf300 = 20; // microseconds
+    constexpr unsigned int uiStepOf460 = 35;
+    return oType10.GetBits(6, 7, 5) * (oType10.IsSet(7, 0) ? uiStepOf300 : uiStepOf460);
+}
+
+// Steps of 8 pixels over 80; over 160 up to five, and the codes 6 and 7 are one and two steps under it.
+SReducedBlanking ReadReducedBlanking(const CRecordBytes& oType10)
+{
+    constexpr unsigned int uiFormula3 = 3;
+    constexpr unsigned int uiStep = 8;
+    constexpr unsigned int uiMostAbove160 = 5;
+    constexpr unsigned int uiLeast300 = 300;
+    SReducedBlanking oBlanking;
+    if (oType10.GetBits(0, 2, 0) != uiFormula3)
+    {
+        return oBlanking;
+    }
+    const unsigned int uiSteps = oType10.GetBits(6, 4, 2);
+    const bool b160 = oType10.IsSet(0, 4);
+    oBlanking.m_uiHorizontalBlank = !b160                       ? 80 + uiStep * uiSteps
+                                    : uiSteps <= uiMostAbove160 ? 160 + uiStep * uiSteps
+                                                                : 160 - uiStep * (uiSteps - uiMostAbove160);
+    oBlanking.m_uiVerticalBlankInUs = oType10.IsSet(7, 0) ? uiLeast300 : oBlanking.m_uiVerticalBlankInUs;
+    oBlanking.m_uiVerticalBlankInUs += ReadAdditionalBlankInUs(oType10);
+    oBlanking.m_bEarlySync = oType10.IsSet(0, 3);
+    return oBlanking;
 }
 } // namespace ZorStandards

@@ -5,6 +5,7 @@
 
 #include "DisplayIdSection.h"
 #include "EdidMode.h"
+#include "Formulas.h"
 #include "Record.h"
 #include "VesaModes.h"
 #include "VideoCodes.h"
@@ -74,6 +75,10 @@ bool ReadType10Mode(const CRecordBytes& oRecord, SZorMode& oMode);
 
 inline constexpr SPlace gsc_oType10NarrowRate = Byte(5);
 inline constexpr SPlace gsc_oType10WideRate = Split({ { 6, 1, 0 }, { 5, 7, 0 } }); // in records of 7 bytes and more
+
+// What a Type X record says of reduced blanking version 3; the standard's own where it says nothing.
+SReducedBlanking ReadReducedBlanking(const CRecordBytes& oType10);
+unsigned int ReadAdditionalBlankInUs(const CRecordBytes& oType10); // vertically, beyond the least
 
 // The picture's ratio by the code that Types I, III and VII have; without a width from 8 on.
 constexpr SRatio GetTimingRatio(unsigned int uiCode)

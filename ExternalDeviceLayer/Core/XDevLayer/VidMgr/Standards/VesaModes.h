@@ -227,6 +227,39 @@ inline constexpr SEstablishedMode gsc_aoEstablishedModes[] = {
 inline constexpr unsigned int gsc_uiEstablishedModes = 17;
 static_assert(std::size(gsc_aoEstablishedModes) == gsc_uiEstablishedModes);
 
+// Those of other makers, as they published them: IBM's VGA and XGA-2, Apple's.
+struct SMakerMode
+{
+    unsigned char m_ui8Bit;
+    SPublishedTiming m_oTiming;
+};
+
+namespace Rows
+{
+// clang-format off
+inline constexpr SMakerMode gsc_aoMakerModes[] = {
+    {  0, {  720, 400, eP, 70,  28320, 18, 108,  54, 12, 2, 35, eNP } },
+    {  1, {  720, 400, eP, 88,  35500, 18, 108,  54, 21, 2, 26, eNP } },
+    {  3, {  640, 480, eP, 67,  30240, 64,  64,  96,  3, 3, 39, eNN } },
+    { 10, {  832, 624, eP, 75,  57284, 32,  64, 224,  1, 3, 39, eNN } },
+    { 16, { 1152, 870, eP, 75, 100000, 32, 128, 144,  3, 3, 39, eNN } },
+};
+// clang-format on
+} // namespace Rows
+
+// Null for a bit with a DMT mode.
+constexpr const SPublishedTiming* FindMakerTiming(unsigned int uiBit)
+{
+    for (const SMakerMode& oMode : Rows::gsc_aoMakerModes)
+    {
+        if (oMode.m_ui8Bit == uiBit)
+        {
+            return &oMode.m_oTiming;
+        }
+    }
+    return nullptr;
+}
+
 namespace Names
 {
 constexpr auto ListEstablished()

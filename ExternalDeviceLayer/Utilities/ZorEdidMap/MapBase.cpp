@@ -216,14 +216,14 @@ constexpr STable gsc_oDisplayTable = { eId_BaseDisplay, "Basic display parameter
 // ---- Display x, y chromaticity coordinates, E-EDID 3.7: n / 1024 ----
 
 constexpr SRow gsc_aoColorRows[] = {
-    { eId_BaseChromaticityRedX, Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } }), "Red x", Chromaticity() },
-    { eId_BaseChromaticityRedY, Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } }), "Red y", Chromaticity() },
-    { eId_BaseChromaticityGreenX, Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } }), "Green x", Chromaticity() },
-    { eId_BaseChromaticityGreenY, Split({ { 0x1E, 7, 0 }, { 0x19, 1, 0 } }), "Green y", Chromaticity() },
-    { eId_BaseChromaticityBlueX, Split({ { 0x1F, 7, 0 }, { 0x1A, 7, 6 } }), "Blue x", Chromaticity() },
-    { eId_BaseChromaticityBlueY, Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } }), "Blue y", Chromaticity() },
-    { eId_BaseChromaticityWhiteX, Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } }), "White x", Chromaticity() },
-    { eId_BaseChromaticityWhiteY, Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } }), "White y", Chromaticity() },
+    { eId_BaseChromaticityRedX, gsc_oRedX, "Red x", Chromaticity() },
+    { eId_BaseChromaticityRedY, gsc_oRedY, "Red y", Chromaticity() },
+    { eId_BaseChromaticityGreenX, gsc_oGreenX, "Green x", Chromaticity() },
+    { eId_BaseChromaticityGreenY, gsc_oGreenY, "Green y", Chromaticity() },
+    { eId_BaseChromaticityBlueX, gsc_oBlueX, "Blue x", Chromaticity() },
+    { eId_BaseChromaticityBlueY, gsc_oBlueY, "Blue y", Chromaticity() },
+    { eId_BaseChromaticityWhiteX, gsc_oWhiteX, "White x", Chromaticity() },
+    { eId_BaseChromaticityWhiteY, gsc_oWhiteY, "White y", Chromaticity() },
 };
 constexpr STable gsc_oColorTable = { eId_BaseChromaticity, "Display x, y chromaticity coordinates", eArea_Colour,
                                      gsc_aoColorRows };

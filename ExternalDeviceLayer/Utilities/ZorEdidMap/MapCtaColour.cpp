@@ -6,6 +6,7 @@
 
 #include "MapCtaBlocks.h"
 #include "MapValue.h"
+#include "Standards/CtaData.h"
 
 namespace ZorMap
 {
@@ -46,14 +47,6 @@ constexpr SRow gsc_aoColorimetryRows[] = {
 
 // ---- HDR Static Metadata Data Block: CTA-861-H 7.5.13 ----
 
-// 2 ^ (n / 32) in 10^-9.
-constexpr long long gsc_allPowers[] = {
-    1000000000, 1021897149, 1044273782, 1067140401, 1090507733, 1114386743, 1138788635, 1163724859,
-    1189207115, 1215247360, 1241857812, 1269050957, 1296839555, 1325236643, 1354255547, 1383909882,
-    1414213562, 1445180807, 1476826146, 1509164428, 1542210825, 1575980845, 1610490332, 1645755478,
-    1681792831, 1718619298, 1756252160, 1794709075, 1834008086, 1874167634, 1915206561, 1957144124,
-};
-constexpr unsigned int gsc_uiPowers = std::size(gsc_allPowers);
 constexpr long long gsc_llPerMilli = 1000; // of 10^-6
 constexpr unsigned int gsc_uiDecimals = 3;
 constexpr unsigned int gsc_uiMinimumDecimals = 5;
@@ -95,12 +88,13 @@ constexpr SRow gsc_aoStaticRows[] = {
     { eId_CtaHdrStaticTraditionalGammaHdr, Bit(0, 1), "Traditional gamma, HDR luminance range", Flag() },
     { eId_CtaHdrStaticTraditionalGammaSdr, Bit(0, 0), "Traditional gamma, SDR luminance range", Flag() },
     { eId_CtaHdrStaticMetadataType1, Bit(1, 0), "Static metadata type 1", Flag() },
-    { eId_CtaHdrStaticMaxLuminance, Byte(2), "Desired content max luminance",
+    { eId_CtaHdrStaticMaxLuminance, CtaData::gsc_oHdrMaxLuminance, "Desired content max luminance",
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated) },
-    { eId_CtaHdrStaticMaxFrameAverageLuminance, Byte(3), "Desired content max frame-average luminance",
+    { eId_CtaHdrStaticMaxFrameAverageLuminance, CtaData::gsc_oHdrMaxFrameAverage,
+      "Desired content max frame-average luminance",
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated), nullptr,
       CheckFrameAverage },
-    { eId_CtaHdrStaticMinLuminance, Byte(4), "Desired content min luminance",
+    { eId_CtaHdrStaticMinLuminance, CtaData::gsc_oHdrMinLuminance, "Desired content min luminance",
       Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoZeroNotIndicated),
       HasMaximum },
     { eId_CtaHdrStaticMinLuminance, Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone),
@@ -198,7 +192,7 @@ constexpr SRow gsc_aoHdr10PlusRows[] = {
     { eId_CtaHdr10PlusPeakLuminance, Bits(0, 7, 4), "Peak luminance index", Names(gsc_aoPeaks) },
     { eId_CtaHdr10PlusFullFramePeakLuminance, Bits(0, 3, 2), "Full frame peak luminance index",
       Names(gsc_aoFullFramePeaks) },
-    { eId_CtaHdr10PlusApplicationVersion, Bits(0, 1, 0), "Application version", Number() },
+    { eId_CtaHdr10PlusApplicationVersion, CtaData::gsc_oHdr10PlusVersion, "Application version", Number() },
 };
 
 // ---- Vendor-Specific Video Data Block of Dolby Vision, versions 0 to 2 ----
@@ -278,7 +272,8 @@ constexpr SMeaning gsc_ao444Depths[] = {
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {
-    { eId_CtaDolbyVisionVersion, Bits(0, 7, 5), "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
+    { eId_CtaDolbyVisionVersion, CtaData::gsc_oDolbyVisionVersion, "VSVDB version",
+      Number().Named(gsc_aoDolbyVersions) },
     { eId_Unknown, Bits(0, 4, 0), "Unknown", Unknown(), IsNot<Is0To2> },
     { eId_Unknown, RunToEnd(1), "Unknown", Unknown(), IsNot<Is0To2> },
     { eId_CtaDolbyVisionYuv422_12bit, Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
@@ -347,17 +342,11 @@ constinit const STable g_oCtaStaticHdrTable = { eId_CtaHdrStatic, "HDR static me
 constinit const STable g_oCtaHdr10PlusTable = { eId_CtaHdr10Plus, "HDR10+", eArea_Colour, gsc_aoHdr10PlusRows };
 constinit const STable g_oCtaDolbyVisionTable = { eId_CtaDolbyVision, "Dolby Vision", eArea_Colour, gsc_aoDolbyRows };
 
-long long GetCtaLuminance(unsigned int uiCode)
-{
-    constexpr long long llTimes = 50;
-    constexpr long long llPerMicro = 1000; // the powers are in 10^-9
-    return DivideRounded((llTimes * gsc_allPowers[uiCode % gsc_uiPowers]) << (uiCode / gsc_uiPowers), llPerMicro);
-}
+long long GetCtaLuminance(unsigned int uiCode) { return static_cast<long long>(CtaData::GetLuminance(uiCode)); }
 
 long long GetCtaMinimumLuminance(unsigned int uiMaximumCode, unsigned int uiCode)
 {
-    constexpr long long llMost = 255;
-    return DivideRounded(GetCtaLuminance(uiMaximumCode) * uiCode * uiCode, llMost * llMost * 100);
+    return static_cast<long long>(CtaData::GetMinimumLuminance(uiMaximumCode, uiCode));
 }
 
 void MapCtaDynamicHdr(CMapWriter& oWriter, const SCtaPayload& oPayload)

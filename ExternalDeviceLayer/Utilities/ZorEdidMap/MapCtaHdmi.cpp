@@ -5,6 +5,7 @@
 #include "MapCtaBlocks.h"
 #include "MapModes.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/HdmiBlocks.h"
 
 namespace ZorMap
 {
@@ -259,47 +260,46 @@ constexpr SMeaning gsc_aoSlices[] = {
 
 constexpr SRow gsc_aoSinkRows[] = {
     { eId_CtaHdmiForumVersion, Byte(0), "Version", Number().Expect(1, "version is not published") },
-    { eId_CtaHdmiForumMaxTmdsCharacterRate, Byte(1), "Max_TMDS_Character_Rate",
+    { eId_CtaHdmiForumMaxTmdsCharacterRate, Hdmi::gsc_oMaxTmdsRate, "Max_TMDS_Character_Rate",
       Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
-    { eId_CtaHdmiForumScdcPresent, Bit(2, 7), "SCDC_Present", Flag() },
-    { eId_CtaHdmiForumRrCapable, Bit(2, 6), "RR_Capable", Flag() },
+    { eId_CtaHdmiForumScdcPresent, Hdmi::gsc_oScdc, "SCDC_Present", Flag() },
+    { eId_CtaHdmiForumRrCapable, Hdmi::gsc_oReadRequest, "RR_Capable", Flag() },
     { eId_CtaHdmiForumCableStatus, Bit(2, 5), "CABLE_STATUS", Flag() },
     { eId_CtaHdmiForumCcbpci, Bit(2, 4), "CCBPCI", Flag() },
-    { eId_CtaHdmiForumLte340mcscScramble, Bit(2, 3), "LTE_340Mcsc_scramble", Flag() },
+    { eId_CtaHdmiForumLte340mcscScramble, Hdmi::gsc_oLowScrambling, "LTE_340Mcsc_scramble", Flag() },
     { eId_CtaHdmiForumIndependentView, Bit(2, 2), "Independent_view", Flag() },
     { eId_CtaHdmiForumDualView, Bit(2, 1), "Dual_View", Flag() },
     { eId_CtaHdmiForum3dOsdDisparity, Bit(2, 0), "3D_OSD_Disparity", Flag() },
-    { eId_CtaHdmiForumMaxFrlRate, Bits(3, 7, 4), "Max_FRL_Rate", Names(gsc_aoFrlRates) },
+    { eId_CtaHdmiForumMaxFrlRate, Hdmi::gsc_oMaxFrlRate, "Max_FRL_Rate", Names(gsc_aoFrlRates) },
     { eId_CtaHdmiForumUhdVic, Bit(3, 3), "UHD_VIC", Flag() },
-    { eId_CtaHdmiForumDc48bit420, Bit(3, 2), "DC_48bit_420", Flag() },
-    { eId_CtaHdmiForumDc36bit420, Bit(3, 1), "DC_36bit_420", Flag() },
-    { eId_CtaHdmiForumDc30bit420, Bit(3, 0), "DC_30bit_420", Flag() },
+    { eId_CtaHdmiForumDc48bit420, Hdmi::gsc_oDeepColour48In420, "DC_48bit_420", Flag() },
+    { eId_CtaHdmiForumDc36bit420, Hdmi::gsc_oDeepColour36In420, "DC_36bit_420", Flag() },
+    { eId_CtaHdmiForumDc30bit420, Hdmi::gsc_oDeepColour30In420, "DC_30bit_420", Flag() },
     { eId_CtaHdmiForumFapaEndExtended, Bit(4, 7), "FAPA_End_Extended", Flag() },
-    { eId_CtaHdmiForumQms, Bit(4, 6), "QMS", Flag() },
+    { eId_CtaHdmiForumQms, Hdmi::gsc_oQms, "QMS", Flag() },
     { eId_CtaHdmiForumMDelta, Bit(4, 5), "M_Delta", Flag() },
-    { eId_CtaHdmiForumCinemaVrr, Bit(4, 4), "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
-    { eId_CtaHdmiForumCnmvrr, Bit(4, 3), "CNMVRR", Flag() },
-    { eId_CtaHdmiForumFva, Bit(4, 2), "FVA", Flag() },
-    { eId_CtaHdmiForumAllm, Bit(4, 1), "ALLM", Flag() },
+    { eId_CtaHdmiForumCinemaVrr, Hdmi::gsc_oCinemaVrr, "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
+    { eId_CtaHdmiForumCnmvrr, Hdmi::gsc_oNegativeMVrr, "CNMVRR", Flag() },
+    { eId_CtaHdmiForumFva, Hdmi::gsc_oFastVactive, "FVA", Flag() },
+    { eId_CtaHdmiForumAllm, Hdmi::gsc_oAllm, "ALLM", Flag() },
     { eId_CtaHdmiForumFapaStartLocation, Bit(4, 0), "FAPA_start_location", Flag() },
-    { eId_CtaHdmiForumVrrMax, Split({ { 5, 7, 6 }, { 6, 7, 0 } }), "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax),
-      nullptr, CheckVrrMax },
-    { eId_CtaHdmiForumVrrMin, Bits(5, 5, 0), "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
-    { eId_CtaHdmiForumDsc1p2, Bit(7, 7), "DSC_1p2", Flag() },
-    { eId_CtaHdmiForumDscNative420, Bit(7, 6), "DSC_Native_420", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumVrrMax, Hdmi::gsc_oVrrMax, "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax), nullptr, CheckVrrMax },
+    { eId_CtaHdmiForumVrrMin, Hdmi::gsc_oVrrMin, "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
+    { eId_CtaHdmiForumDsc1p2, Hdmi::gsc_oDsc, "DSC_1p2", Flag() },
+    { eId_CtaHdmiForumDscNative420, Hdmi::gsc_oDscNative420, "DSC_Native_420", Flag(), nullptr, CheckDsc },
     { eId_CtaHdmiForumQmsTfrMax, Bit(7, 5), "QMS_TFR_max", Flag(), nullptr, CheckQms },
     { eId_CtaHdmiForumQmsTfrMin, Bit(7, 4), "QMS_TFR_min", Flag(), nullptr, CheckQms },
-    { eId_CtaHdmiForumDscAllBpp, Bit(7, 3), "DSC_All_bpp", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDsc16bpc, Bit(7, 2), "DSC_16bpc", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDsc12bpc, Bit(7, 1), "DSC_12bpc", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDsc10bpc, Bit(7, 0), "DSC_10bpc", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDscMaxFrlRate, Bits(8, 7, 4), "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDscMaxSlices, Bits(8, 3, 0), "DSC_MaxSlices", Names(gsc_aoSlices), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDscTotalChunkKbytes, Bits(9, 5, 0), "DSC_TotalChunkKBytes", Number("bytes").Times(1024, 1024),
-      nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscAllBpp, Hdmi::gsc_oDscAllBpp, "DSC_All_bpp", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc16bpc, Hdmi::gsc_oDsc16, "DSC_16bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc12bpc, Hdmi::gsc_oDsc12, "DSC_12bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc10bpc, Hdmi::gsc_oDsc10, "DSC_10bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscMaxFrlRate, Hdmi::gsc_oDscMaxFrlRate, "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr,
+      CheckDsc },
+    { eId_CtaHdmiForumDscMaxSlices, Hdmi::gsc_oDscMaxSlices, "DSC_MaxSlices", Names(gsc_aoSlices), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscTotalChunkKbytes, Hdmi::gsc_oDscChunk, "DSC_TotalChunkKBytes",
+      Number("bytes").Times(1024, 1024), nullptr, CheckDsc },
 };
 constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eArea_Display, gsc_aoSinkRows };
-constexpr unsigned int gsc_uiSinkOffset = 2; // in the Sink Capability Data Block, after two reserved bytes
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
 
@@ -505,9 +505,10 @@ void MapCtaHdmiForum(CMapWriter& oWriter, const SCtaPayload& oPayload)
 
 void MapCtaHdmiSink(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    if (oPayload.m_uiLength > gsc_uiSinkOffset)
+    if (oPayload.m_uiLength > Hdmi::gsc_uiSinkSkip)
     {
-        oWriter.AddRows(gsc_oSinkTable, oPayload.m_uiOffset + gsc_uiSinkOffset, oPayload.m_uiLength - gsc_uiSinkOffset);
+        oWriter.AddRows(gsc_oSinkTable, oPayload.m_uiOffset + Hdmi::gsc_uiSinkSkip,
+                        oPayload.m_uiLength - Hdmi::gsc_uiSinkSkip);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "MapCtaBlocks.h"
+#include "Standards/CtaData.h"
 
 namespace ZorMap
 {
@@ -12,16 +13,11 @@ namespace
 
 constexpr unsigned int gsc_uiAmdVersionWithHdr = 2;
 constexpr unsigned int gsc_uiAmdHdrSize = 10;
-constexpr unsigned int gsc_uiAmdVersionWithWideRate = 3;
-constexpr unsigned int gsc_uiAmdWideSize = 12;
 constexpr unsigned int gsc_uiAmdMinimumRateOffset = 2;
 constexpr unsigned int gsc_uiAmdMaximumOffset = 6;
 constexpr unsigned int gsc_uiAmdSecondMaximumOffset = 8;
 
-bool HasAmdWideRate(const CRecord& oAmd)
-{
-    return oAmd.GetByte(0) >= gsc_uiAmdVersionWithWideRate && oAmd.GetSize() >= gsc_uiAmdWideSize;
-}
+bool HasAmdWideRate(const CRecord& oAmd) { return CtaData::HasAmdWideRate(oAmd); }
 
 bool HasAmdHdr(const CRecord& oAmd)
 {
@@ -55,8 +51,9 @@ constexpr SRow gsc_aoAmdRows[] = {
     { eId_Unknown, Bits(1, 7, 2), "Unknown", Unknown() },
     { eId_CtaAmdLuminancesValid, Bit(1, 1), "Luminances are valid", Flag() },
     { eId_Unknown, Bit(1, 0), "Unknown", Unknown() },
-    { eId_CtaAmdMinRefreshRate, Byte(2), "Minimum refresh rate", Number("Hz") },
-    { eId_CtaAmdMaxRefreshRate, Byte(3), "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>, CheckAmdRate },
+    { eId_CtaAmdMinRefreshRate, CtaData::gsc_oAmdMinRate, "Minimum refresh rate", Number("Hz") },
+    { eId_CtaAmdMaxRefreshRate, CtaData::gsc_oAmdMaxRate, "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>,
+      CheckAmdRate },
     { eId_Unknown, Byte(3), "Unknown", Unknown(), HasAmdWideRate },
     { eId_Unknown, Byte(4), "Unknown", Unknown() },
     { eId_Unknown, Byte(5), "Unknown", Unknown() },
@@ -67,8 +64,8 @@ constexpr SRow gsc_aoAmdRows[] = {
     { eId_CtaAmdSecondMinLuminance, Byte(9), "Second minimum luminance",
       AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
     { eId_Unknown, Run(6, 4), "Unknown", Unknown(), IsNot<HasAmdHdr> },
-    { eId_CtaAmdMaxRefreshRate, Split({ { 11, 1, 0 }, { 10, 7, 0 } }), "Maximum refresh rate", Number("Hz"),
-      HasAmdWideRate, CheckAmdRate },
+    { eId_CtaAmdMaxRefreshRate, CtaData::gsc_oAmdWideMaxRate, "Maximum refresh rate", Number("Hz"), HasAmdWideRate,
+      CheckAmdRate },
     { eId_Unknown, Bits(11, 7, 2), "Unknown", Unknown(), HasAmdWideRate },
     { eId_Unknown, RunToEnd(10), "Unknown", Unknown(), IsNot<HasAmdWideRate> },
     { eId_Unknown, RunToEnd(12), "Unknown", Unknown(), HasAmdWideRate },

@@ -5,6 +5,7 @@
 
 #include "MapCtaBlocks.h"
 #include "MapModes.h"
+#include "Standards/CtaData.h"
 
 namespace ZorMap
 {
@@ -195,12 +196,12 @@ constexpr auto gsc_aoItScan = Scans("IT video formats not supported");
 constexpr auto gsc_aoCeScan = Scans("CE video formats not supported");
 
 constexpr SRow gsc_aoCapabilityRows[] = {
-    { eId_CtaVideoCapabilityQy, Bit(0, 7), "Selectable YCC quantization range", Flag() },
-    { eId_CtaVideoCapabilityQs, Bit(0, 6), "Selectable RGB quantization range", Flag() },
-    { eId_CtaVideoCapabilityPreferredScan, Bits(0, 5, 4), "Scan of the preferred video format",
+    { eId_CtaVideoCapabilityQy, CtaData::gsc_oSelectableYcc, "Selectable YCC quantization range", Flag() },
+    { eId_CtaVideoCapabilityQs, CtaData::gsc_oSelectableRgb, "Selectable RGB quantization range", Flag() },
+    { eId_CtaVideoCapabilityPreferredScan, CtaData::gsc_oPreferredScan, "Scan of the preferred video format",
       Names(gsc_aoPreferredScan) },
-    { eId_CtaVideoCapabilityItScan, Bits(0, 3, 2), "Scan of IT video formats", Names(gsc_aoItScan) },
-    { eId_CtaVideoCapabilityCeScan, Bits(0, 1, 0), "Scan of CE video formats", Names(gsc_aoCeScan) },
+    { eId_CtaVideoCapabilityItScan, CtaData::gsc_oItScan, "Scan of IT video formats", Names(gsc_aoItScan) },
+    { eId_CtaVideoCapabilityCeScan, CtaData::gsc_oCeScan, "Scan of CE video formats", Names(gsc_aoCeScan) },
 };
 
 // ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 ----

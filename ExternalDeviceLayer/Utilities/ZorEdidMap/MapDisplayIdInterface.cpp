@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "MapDisplayId.h"
+#include "Standards/DisplayIdData.h"
 
 namespace ZorMap
 {
@@ -162,7 +163,7 @@ bool IsProprietary(const CRecord& oBlock) { return GetInterface(oBlock) == gsc_u
 bool IsNeither(const CRecord& oBlock) { return !IsLvds(oBlock) && !IsProprietary(oBlock); }
 
 constexpr SRow gsc_aoInterfaceTypeRows[] = {
-    { eId_DisplayidInterfaceType, Bits(0x03, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
+    { eId_DisplayidInterfaceType, DisplayId::gsc_oInterfaceType, "Interface type", Names(gsc_aoInterfaces) },
     { eId_DisplayidInterfaceAnalogInterface, Bits(0x03, 3, 0), "Analog interface", Names(gsc_aoAnalogInterfaces),
       IsAnalog },
     { eId_DisplayidInterfaceLinks, Bits(0x03, 3, 0), "Number of links", Number(), IsNot<IsAnalog> },
@@ -475,7 +476,7 @@ constexpr SMeaning gsc_aoAdaptiveModes[] = { { 0, 0, "fixed average V-total" },
                                              { 1, 1, "fixed average V-total and adaptive V-total" },
                                              { 2, 3, gsc_szReserved } };
 constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
-constexpr SPlace gsc_oAdaptiveMaximum = Split({ { 4, 1, 0 }, { 3, 7, 0 } });
+constexpr SPlace gsc_oAdaptiveMaximum = DisplayId::gsc_oAdaptiveMaxRate;
 
 const char* CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
 {
@@ -493,7 +494,7 @@ constexpr SRow gsc_aoAdaptiveRows[] = {
     { eId_DisplayidAdaptiveSyncRange, Bit(0, 0), "Adaptive sync range", Flag(gsc_aoPanelRanges) },
     { eId_DisplayidAdaptiveSyncMaxDurationIncrease, Byte(1), "Maximum single frame duration increase",
       Number("ms").Times(25).Decimals(2) },
-    { eId_DisplayidAdaptiveSyncMinRefreshRate, Byte(2), "Minimum refresh rate", Number("Hz") },
+    { eId_DisplayidAdaptiveSyncMinRefreshRate, DisplayId::gsc_oAdaptiveMinRate, "Minimum refresh rate", Number("Hz") },
     { eId_DisplayidAdaptiveSyncMaxRefreshRate, gsc_oAdaptiveMaximum, "Maximum refresh rate", NumberFrom1("Hz"), nullptr,
       CheckAdaptiveMaximum },
     { eId_Reserved, Bits(4, 7, 2), "Reserved", Reserved() },
@@ -507,11 +508,12 @@ CMString AdaptiveText(const CRecord& oDescriptor)
 }
 constexpr STable gsc_oAdaptive = { eId_DisplayidAdaptiveSyncDescriptor, "Adaptive sync descriptor", eArea_Timing,
                                    gsc_aoAdaptiveRows, AdaptiveText };
-constexpr unsigned int gsc_uiAdaptiveSize = 6;
+using DisplayId::gsc_uiAdaptiveSize;
 
 constexpr SRow gsc_aoAdaptiveFlagRows[] = {
     { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
-    { eId_DisplayidAdaptiveSyncExtraBytes, Bits(1, 6, 4), "Extra bytes of each descriptor", Number("bytes") },
+    { eId_DisplayidAdaptiveSyncExtraBytes, DisplayId::gsc_oAdaptiveExtraBytes, "Extra bytes of each descriptor",
+      Number("bytes") },
     { eId_Reserved, Bit(1, 3), "Reserved", Reserved() },
 };
 constexpr STable gsc_oAdaptiveFlags = { eId_DisplayidAdaptiveSync, "Flags", eArea_Structure, gsc_aoAdaptiveFlagRows };
@@ -548,10 +550,11 @@ constexpr SRow gsc_aoVendor2Rows[] = {
     { eId_Reserved, Bits(0x06, 6, 3), "Reserved", Reserved(), IsVesa },
     { eId_DisplayidVendorDataStructureType, Bits(0x06, 2, 0), "Data structure type", Names(gsc_aoStructures), IsVesa },
     { eId_Reserved, Bit(0x07, 7), "Reserved", Reserved(), IsVesa },
-    { eId_DisplayidVendorMultiSstOperation, Bits(0x07, 6, 5), "Multi-SST operation", Names(gsc_aoStreams), IsVesa },
+    { eId_DisplayidVendorMultiSstOperation, DisplayId::gsc_oVesaStreams, "Multi-SST operation", Names(gsc_aoStreams),
+      IsVesa },
     { eId_Reserved, Bit(0x07, 4), "Reserved", Reserved(), IsVesa },
-    { eId_DisplayidVendorOverlap, Bits(0x07, 3, 0), "Pixels that overlap an adjacent panel", Number("pixels"), IsVesa,
-      CheckWithin<0, 8> },
+    { eId_DisplayidVendorOverlap, DisplayId::gsc_oVesaOverlap, "Pixels that overlap an adjacent panel",
+      Number("pixels"), IsVesa, CheckWithin<0, 8> },
     { eId_Reserved, Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
     { eId_DisplayidVendorDscBitsPerPixel, gsc_oDscDepth, "Pass-through timing's DSC bits per pixel",
       Fraction("bits per pixel", 16), HasDsc },

@@ -2,6 +2,7 @@
 
 #include "MapDisplayId.h"
 #include "MapValue.h"
+#include "Standards/DisplayIdData.h"
 
 namespace ZorMap
 {
@@ -34,10 +35,13 @@ constexpr auto ProductRows(const SRow& oVendor)
 {
     return std::to_array<SRow>({
         oVendor,
-        { eId_DisplayidProductProductCode, Little16(0x06), "Product ID code", Number() },
-        { eId_DisplayidProductSerialNumber, Little32(0x08), "Serial number", Number().With(gsc_aoZeroNotGiven) },
-        { eId_DisplayidProductWeek, Byte(0x0C), "Week of manufacture", Number().With(gsc_aoWeeks), nullptr, CheckWeek },
-        { eId_DisplayidProductYear, Byte(0x0D), "Year of manufacture or model year", Number().Times(1, 2000) },
+        { eId_DisplayidProductProductCode, DisplayId::gsc_oProductCode, "Product ID code", Number() },
+        { eId_DisplayidProductSerialNumber, DisplayId::gsc_oProductSerial, "Serial number",
+          Number().With(gsc_aoZeroNotGiven) },
+        { eId_DisplayidProductWeek, DisplayId::gsc_oProductWeek, "Week of manufacture", Number().With(gsc_aoWeeks),
+          nullptr, CheckWeek },
+        { eId_DisplayidProductYear, DisplayId::gsc_oProductYear, "Year of manufacture or model year",
+          Number().Times(1, 2000) },
         { eId_DisplayidProductNameSize, Byte(gsc_uiProductTextLengthOffset), "Product ID string size", Number("bytes"),
           nullptr, CheckTextLength },
     });
@@ -76,20 +80,13 @@ constexpr STable gsc_oContainerId = { eId_DisplayidContainer, "ContainerID", eAr
 // ---- Luminances: IEEE 754 half precision, in cd/m2 ----
 
 constexpr unsigned int gsc_uiLuminanceDecimals = 6;
-constexpr unsigned int gsc_uiHalfSign = 0x8000;
-constexpr unsigned int gsc_uiHalfInfinite = 0x7C00; // from here on no number
+using DisplayId::gsc_uiHalfInfinite;
+using DisplayId::gsc_uiHalfSign;
 
-// In 10^-6 cd/m2. 1 is stored as 0x3C00; the step of the smallest exponents is 2^-24.
+// In 10^-6 cd/m2.
 long long GetLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
 {
-    if (uiHalf >= gsc_uiHalfInfinite)
-    {
-        return 0;
-    }
-    const unsigned int uiExponent = uiHalf >> 10;
-    const unsigned long long ullFraction = uiHalf & 0x3FF;
-    const unsigned long long ullSteps = uiExponent == 0 ? ullFraction : (ullFraction + 0x400) << (uiExponent - 1);
-    return static_cast<long long>((ullSteps * 1000000 + (1ULL << 23)) >> 24);
+    return static_cast<long long>(DisplayId::GetLuminance(uiHalf));
 }
 
 constexpr auto Luminances(const char* pszSign)
@@ -205,12 +202,12 @@ constexpr STable gsc_oParameters1 = { eId_DisplayidParameters, "Display paramete
                                       gsc_aoParameters1Rows };
 
 constexpr SRow gsc_aoParameters1ColourRows[] = {
-    { eId_DisplayidParametersGamma, Byte(0x0C), "Transfer characteristic gamma",
+    { eId_DisplayidParametersGamma, DisplayId::gsc_oParametersGamma, "Transfer characteristic gamma",
       HundredthsFrom1().With(gsc_aoFFNotGiven) },
     { eId_DisplayidParametersAspectRatio, Byte(0x0D), "Aspect ratio", HundredthsFrom1() },
     { eId_DisplayidParametersOverallBitDepth, Bits(0x0E, 7, 4), "Color bit depth, overall",
       NumberFrom1("bits per color") },
-    { eId_DisplayidParametersNativeBitDepth, Bits(0x0E, 3, 0), "Color bit depth, native",
+    { eId_DisplayidParametersNativeBitDepth, DisplayId::gsc_oParametersNativeDepth, "Color bit depth, native",
       NumberFrom1("bits per color") },
 };
 constexpr STable gsc_oParameters1Colour = { eId_DisplayidParameters, "Display parameters", eArea_Colour,
@@ -237,7 +234,8 @@ constexpr auto HasMillimetres = WhereSet<gsc_uiDataBlockFlagsOffset, 7>;
 constexpr auto HasTenths = IsNot<HasMillimetres>;
 
 constexpr SRow gsc_aoParameters2FlagRows[] = {
-    { eId_DisplayidParameters2SizePrecision, Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
+    { eId_DisplayidParameters2SizePrecision, DisplayId::gsc_oParameters2Millimetres, "Image size precision",
+      Flag(gsc_aoPrecisions) },
     { eId_Reserved, Bits(1, 6, 3), "Reserved", Reserved() },
 };
 constexpr STable gsc_oParameters2Flags = { eId_DisplayidParameters2, "Flags", eArea_Display,
@@ -255,7 +253,8 @@ constexpr SRow gsc_aoParameters2Rows[] = {
     { eId_Reserved, Bit(0x0B, 5), "Reserved", Reserved() },
     { eId_DisplayidParameters2LuminanceInformation, Bits(0x0B, 4, 3), "Luminance information",
       Names(gsc_aoLuminanceKinds) },
-    { eId_DisplayidParameters2ScanOrientation, Bits(0x0B, 2, 0), "Scan orientation", Names(gsc_aoScanOrientations) },
+    { eId_DisplayidParameters2ScanOrientation, DisplayId::gsc_oParameters2Orientation, "Scan orientation",
+      Names(gsc_aoScanOrientations) },
 };
 CMString Parameters2Text(const CRecord& oBlock) { return SizeText(oBlock, HasTenths(oBlock) ? 1 : 0); }
 constexpr STable gsc_oParameters2 = { eId_DisplayidParameters2, "Display parameters", eArea_Display,
@@ -287,10 +286,13 @@ constexpr SRow gsc_aoParameters2ColourRows[] = {
     LuminanceRow(eId_DisplayidParameters2MinLuminance, 0x1C, "Minimum luminance"),
     { eId_DisplayidParameters2Theme, Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
     { eId_Reserved, Bit(0x1E, 7), "Reserved", Reserved(), IsRevision0 },
-    { eId_DisplayidParameters2Technology, Bits(0x1E, 6, 4), "Display device technology", Names(gsc_aoTechnologies2) },
+    { eId_DisplayidParameters2Technology, DisplayId::gsc_oParameters2Technology, "Display device technology",
+      Names(gsc_aoTechnologies2) },
     { eId_Reserved, Bit(0x1E, 3), "Reserved", Reserved() },
-    { eId_DisplayidParameters2NativeBitDepth, Bits(0x1E, 2, 0), "Color bit depth, native", Names(gsc_aoDepths) },
-    { eId_DisplayidParameters2GammaEotf, Byte(0x1F), "Gamma EOTF, native", HundredthsFrom1().With(gsc_aoFFNotGiven) },
+    { eId_DisplayidParameters2NativeBitDepth, DisplayId::gsc_oParameters2NativeDepth, "Color bit depth, native",
+      Names(gsc_aoDepths) },
+    { eId_DisplayidParameters2GammaEotf, DisplayId::gsc_oParameters2Gamma, "Gamma EOTF, native",
+      HundredthsFrom1().With(gsc_aoFFNotGiven) },
 };
 constexpr STable gsc_oParameters2Colour = { eId_DisplayidParameters2, "Display parameters", eArea_Colour,
                                             gsc_aoParameters2ColourRows };
@@ -404,20 +406,21 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { eId_DisplayidDeviceBacklightSwitchable, Bit(0x04, 3), "Backlight switchable", Flag() },
     { eId_DisplayidDeviceBacklightControllable, Bit(0x04, 2), "Backlight intensity controllable", Flag() },
     { eId_Reserved, Bits(0x04, 1, 0), "Reserved", Reserved() },
-    { eId_DisplayidDeviceHorizontalPixels, Little16(0x05), "Horizontal pixel count",
+    { eId_DisplayidDeviceHorizontalPixels, DisplayId::gsc_oDevicePixels, "Horizontal pixel count",
       NumberFrom1("pixels").With(gsc_aoZeroNotGiven) },
-    { eId_DisplayidDeviceVerticalPixels, Little16(0x07), "Vertical pixel count",
+    { eId_DisplayidDeviceVerticalPixels, DisplayId::gsc_oDeviceLines, "Vertical pixel count",
       NumberFrom1("lines").With(gsc_aoZeroNotGiven) },
     { eId_DisplayidDeviceAspectRatio, Byte(0x09), "Aspect ratio", HundredthsFrom1() },
-    { eId_DisplayidDeviceDefaultOrientation, Bits(0x0A, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
+    { eId_DisplayidDeviceDefaultOrientation, DisplayId::gsc_oDeviceOrientation, "Default orientation",
+      Names(gsc_aoOrientations) },
     { eId_DisplayidDeviceRotationCapability, Bits(0x0A, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
     { eId_DisplayidDeviceZeroPixelLocation, Bits(0x0A, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
     { eId_DisplayidDeviceScanDirection, Bits(0x0A, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
-    { eId_DisplayidDeviceSubPixelLayout, Byte(0x0B), "Sub-pixel layout", Names(gsc_aoSubPixels) },
+    { eId_DisplayidDeviceSubPixelLayout, DisplayId::gsc_oDeviceSubPixels, "Sub-pixel layout", Names(gsc_aoSubPixels) },
     { eId_DisplayidDeviceHorizontalPitch, Byte(0x0C), "Horizontal dot or pixel pitch", Number("mm").Decimals(2) },
     { eId_DisplayidDeviceVerticalPitch, Byte(0x0D), "Vertical dot or pixel pitch", Number("mm").Decimals(2) },
     { eId_Reserved, Bits(0x0E, 7, 4), "Reserved", Reserved() },
-    { eId_DisplayidDeviceColorBitDepth, Bits(0x0E, 3, 0), "Color bit depth",
+    { eId_DisplayidDeviceColorBitDepth, DisplayId::gsc_oDeviceDepth, "Color bit depth",
       UnknownValue() }, // as stored; whether the depth is one more is not certain
     { eId_DisplayidDeviceResponseTimeTransition, Bit(0x0F, 7), "Response time transition", Flag(gsc_aoTransitions) },
     { eId_DisplayidDeviceResponseTime, Bits(0x0F, 6, 0), "Response time", Number("ms") },

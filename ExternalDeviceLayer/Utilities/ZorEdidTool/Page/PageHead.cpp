@@ -20,7 +20,6 @@ constexpr double gsc_dPaperWidth = 210; // ISO 216 A4, millimetres
 constexpr double gsc_dPaperHeight = 297;
 
 // Places in the base block that BaseBlock.h leaves out.
-constexpr unsigned int gsc_uiGammaOffset = 23;
 constexpr unsigned int gsc_uiTimingWidthOffset = gsc_uiDescriptorsOffset + 12; // of the image, in the first timing
 constexpr unsigned int gsc_uiTimingHeightOffset = gsc_uiDescriptorsOffset + 13;
 constexpr unsigned int gsc_uiHighBit = 7;

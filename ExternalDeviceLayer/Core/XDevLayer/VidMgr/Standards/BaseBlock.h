@@ -27,6 +27,7 @@ constexpr unsigned int gsc_uiRevisionOffset = 19;
 constexpr unsigned int gsc_uiVideoInputOffset = 20;
 constexpr unsigned int gsc_uiImageWidthOffset = 21;  // centimetres
 constexpr unsigned int gsc_uiImageHeightOffset = 22; // centimetres
+constexpr unsigned int gsc_uiGammaOffset = 23;       // hundredths, minus 100; FFh: not here
 constexpr unsigned int gsc_uiFeaturesOffset = 24;
 constexpr unsigned int gsc_uiEstablishedOffset = 35; // three bytes, little-endian
 constexpr unsigned int gsc_uiStandardsOffset = 38;   // eight pairs
@@ -40,6 +41,16 @@ constexpr unsigned int gsc_uiDigitalMask = 0x80;
 constexpr SBitsPlace gsc_oColorDepth = { gsc_uiVideoInputOffset, 6, 4 };
 constexpr SBitsPlace gsc_oInterface = { gsc_uiVideoInputOffset, 3, 0 };
 constexpr unsigned int gsc_uiVideoInputRevision = 4;
+
+// Chromaticities, in 1024ths.
+constexpr SPlace gsc_oRedX = Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } });
+constexpr SPlace gsc_oRedY = Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } });
+constexpr SPlace gsc_oGreenX = Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } });
+constexpr SPlace gsc_oGreenY = Split({ { 0x1E, 7, 0 }, { 0x19, 1, 0 } });
+constexpr SPlace gsc_oBlueX = Split({ { 0x1F, 7, 0 }, { 0x1A, 7, 6 } });
+constexpr SPlace gsc_oBlueY = Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } });
+constexpr SPlace gsc_oWhiteX = Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } });
+constexpr SPlace gsc_oWhiteY = Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } });
 
 // Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
 constexpr unsigned int gsc_uiPreferredTimingMask = 0x02;

@@ -1,7 +1,9 @@
-// The places of HDMI's vendor-specific data block (HDMI 1.4b 8.3.2). Offsets count from the payload after the OUI.
-// Private to the library.
+// The places of HDMI's vendor-specific data block (HDMI 1.4b 8.3.2) and of the HDMI Forum's (HDMI 2.1 10.3.2). Offsets
+// count from the payload after the OUI. Private to the library.
 
 #pragma once
+
+#include <iterator>
 
 #include "Record.h"
 
@@ -69,4 +71,60 @@ constexpr unsigned int gsc_uiMaskSize = 2;
 constexpr SPlace gsc_oVicOrder = Bits(0, 7, 4);
 constexpr SPlace gsc_oStructure = Bits(0, 3, 0);
 constexpr unsigned int gsc_uiFirstWithDetail = 8;
+
+// ---- HDMI Forum: the sink capability data structure, in a vendor-specific or, after two more bytes, in a data block of
+//      its own ----
+
+constexpr unsigned int gsc_uiSinkSkip = 2;
+constexpr SPlace gsc_oMaxTmdsRate = Byte(1);
+constexpr SPlace gsc_oScdc = Bit(2, 7);
+constexpr SPlace gsc_oReadRequest = Bit(2, 6);
+constexpr SPlace gsc_oLowScrambling = Bit(2, 3);
+constexpr SPlace gsc_oMaxFrlRate = Bits(3, 7, 4);
+constexpr SPlace gsc_oDeepColour48In420 = Bit(3, 2);
+constexpr SPlace gsc_oDeepColour36In420 = Bit(3, 1);
+constexpr SPlace gsc_oDeepColour30In420 = Bit(3, 0);
+constexpr SPlace gsc_oQms = Bit(4, 6);
+constexpr SPlace gsc_oCinemaVrr = Bit(4, 4);
+constexpr SPlace gsc_oNegativeMVrr = Bit(4, 3);
+constexpr SPlace gsc_oFastVactive = Bit(4, 2);
+constexpr SPlace gsc_oAllm = Bit(4, 1);
+constexpr SPlace gsc_oVrrMax = Split({ { 5, 7, 6 }, { 6, 7, 0 } });
+constexpr SPlace gsc_oVrrMin = Bits(5, 5, 0);
+constexpr SPlace gsc_oDsc = Bit(7, 7);
+constexpr SPlace gsc_oDscNative420 = Bit(7, 6);
+constexpr SPlace gsc_oDscAllBpp = Bit(7, 3);
+constexpr SPlace gsc_oDsc16 = Bit(7, 2);
+constexpr SPlace gsc_oDsc12 = Bit(7, 1);
+constexpr SPlace gsc_oDsc10 = Bit(7, 0);
+constexpr SPlace gsc_oDscMaxFrlRate = Bits(8, 7, 4);
+constexpr SPlace gsc_oDscMaxSlices = Bits(8, 3, 0);
+constexpr SPlace gsc_oDscChunk = Bits(9, 5, 0);
+
+constexpr unsigned int gsc_uiMhzPerTmdsUnit = 5;
+
+// A rate of Fixed Rate Link: Gbit/s a lane.
+struct SFrlRate
+{
+    unsigned char m_ui8Rate;
+    unsigned char m_ui8Lanes;
+};
+constexpr SFrlRate GetFrlRate(unsigned int uiCode)
+{
+    constexpr SFrlRate aoRates[] = { { 0, 0 }, { 3, 3 }, { 6, 3 }, { 6, 4 }, { 8, 4 }, { 10, 4 }, { 12, 4 } };
+    return aoRates[uiCode < std::size(aoRates) ? uiCode : 0];
+}
+
+// The slices of a DSC picture and the clock of each.
+struct SDscSlices
+{
+    unsigned char m_ui8Slices;
+    unsigned short m_ui16Mhz;
+};
+constexpr SDscSlices GetDscSlices(unsigned int uiCode)
+{
+    constexpr SDscSlices aoSlices[] = { { 0, 0 },   { 1, 340 }, { 2, 340 },  { 4, 340 },
+                                        { 8, 340 }, { 8, 400 }, { 12, 400 }, { 16, 400 } };
+    return aoSlices[uiCode < std::size(aoSlices) ? uiCode : 0];
+}
 } // namespace ZorStandards::Hdmi

@@ -43,15 +43,6 @@ unsigned int CCea861Bytes::CountDataBlocks(const SDataBlockKind& oKind) const
     return uiCount;
 }
 
-bool CCea861Bytes::AreDataBlocksExact() const
-{
-    CDataBlockWalk oWalk = Walk();
-    while (oWalk.Next())
-    {
-    }
-    return oWalk.IsEndExact();
-}
-
 unsigned int CCea861Bytes::GetDetailedOffset(unsigned int uiIndex) const
 {
     const unsigned int uiStart = GetDetailedStart();

@@ -37,7 +37,7 @@ public:
     unsigned int CountDataBlocks(const SDataBlockKind& oKind) const;
     // Whether the data blocks end exactly where byte 2 says. Otherwise an edit of one of them, or of a descriptor, may
     // cut or uncover others.
-    bool AreDataBlocksExact() const;
+    bool AreDataBlocksExact() const { return Walk().EndsExactly(); }
 
     // The list of descriptors ends in front of the first one with a pixel clock of 0, and of the checksum.
     unsigned int GetDetailedOffset(unsigned int uiIndex) const;

@@ -5,9 +5,9 @@
 #include "EdidExtBlockCEA861.h"
 
 #include "Cea861Bytes.h"
+#include "DescribedOrigins.h"
 #include "Hdmi1xVsdb.h"
 #include "ListFill.h"
-#include "TimingOrigins.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 

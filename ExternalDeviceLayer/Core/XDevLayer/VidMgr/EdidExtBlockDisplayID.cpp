@@ -3,11 +3,11 @@
 
 #include "EdidExtBlockDisplayID.h"
 
+#include "DescribedOrigins.h"
 #include "EdidDetailedTiming.h"
 #include "EdidUtils.h"
 #include "ListFill.h"
 #include "Standards/DisplayIdSection.h"
-#include "TimingOrigins.h"
 #include "VidParamTiming.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"

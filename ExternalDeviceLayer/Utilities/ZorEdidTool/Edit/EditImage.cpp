@@ -73,30 +73,23 @@ CBytes ListReferences(const CEdidExtBlockCEA861& oCea)
     return aui8References;
 }
 
-bool Is420(const CEdidExtBlockCEA861& oCea, unsigned int uiIndex)
+// Whether the timing is of a 4:2:0 data block, and not of a map that selects codes.
+bool IsNamedBy420(const SEditedBlock& oBlock, unsigned int uiNumber)
 {
-    CVidParamTimingGeneric oTiming;
-    return oCea.GetStandard(uiIndex, &oTiming, nullptr) != 0 && oTiming.Is420ColorSpace() != 0;
+    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
+        if (oOrigin.m_uiIndex == uiNumber && oOrigin.m_e420 == STimingOrigin::e420_Only)
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::unique_ptr<CEdidExtBlockCEA861> CopyCea(const unsigned char* pui8Bytes)
 {
     return std::make_unique<CEdidExtBlockCEA861>(gsc_uiBlockSize, pui8Bytes, 0);
-}
-
-// How many timings of the block equal number uiIndex of oOther, 4:2:0 included.
-unsigned int CountEqual(const CEdidExtBlockCEA861& oCea, const CEdidExtBlockCEA861& oOther, unsigned int uiIndex)
-{
-    CVidParamTimingGeneric oWanted;
-    oOther.GetStandard(uiIndex, &oWanted, nullptr);
-    unsigned int uiCount = 0;
-    for (unsigned int i = 0; i < oCea.GetStandardCount(); ++i)
-    {
-        CVidParamTimingGeneric oTiming;
-        oCea.GetStandard(i, &oTiming, nullptr);
-        uiCount += (oTiming == oWanted) != 0 && oTiming.Is420ColorSpace() == oWanted.Is420ColorSpace() ? 1U : 0U;
-    }
-    return uiCount;
 }
 
 bool HasHdmiBlock(const CEdidExtBlockCEA861& oCea)
@@ -106,21 +99,6 @@ bool HasHdmiBlock(const CEdidExtBlockCEA861& oCea)
     unsigned int uiBits = 0;
     return poCopy->SetColorBitDepthSupport(uiAllDepths) != 0 && poCopy->GetColorBitDepthSupport(uiBits) != 0 &&
            uiBits == uiAllDepths;
-}
-
-// The bits of the established timings in the order of their list: bytes 35 and 36 from bit 7 down, then bit 7 of 37.
-std::vector<unsigned int> ListEstablishedBits()
-{
-    std::vector<unsigned int> auiBits;
-    for (const unsigned int uiByte : { 0U, 1U })
-    {
-        for (unsigned int uiBit = 0x80; uiBit != 0; uiBit >>= 1)
-        {
-            auiBits.push_back(uiBit << (8 * uiByte));
-        }
-    }
-    auiBits.push_back(CEdidBase::eEstablished1152x870At75);
-    return auiBits;
 }
 } // namespace
 
@@ -211,12 +189,12 @@ void CEditImage::CountBase()
     oBase.m_uiStandards = m_oEdid.GetBaseStandardCount();
     oBase.m_uiDetaileds = m_oEdid.GetBaseDetailedCount();
     oBase.m_aiStandards = MakeNumbers(oBase.m_uiStandards);
-    for (const unsigned int uiBit : ListEstablishedBits())
+    CTimingOrigins aoOrigins;
+    m_oEdid.ListEstablishedOrigins(aoOrigins);
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
     {
-        if (m_oEdid.GetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(uiBit), nullptr, 0) != 0)
-        {
-            m_auiEstablished.push_back(uiBit);
-        }
+        const unsigned int uiByte = aoOrigins[i].m_uiOffset - ZorStandards::BaseBlock::gsc_uiEstablishedOffset;
+        m_auiEstablished.push_back(1U << (uiByte * ZorStandards::gsc_uiBits + aoOrigins[i].m_uiBit));
     }
 }
 
@@ -404,8 +382,6 @@ bool CEditImage::IsReferred(unsigned int uiFirst, unsigned int uiEnd)
 // Goes through the first timing of the code, which is an ordinary one: 4:2:0 maps only repeat those.
 std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
 {
-    CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-    const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
     const CNumbers oTimings = ListTimingsOfCode(oBlock, uiNumber);
     unsigned int uiPlace = 0;
     if (oTimings.empty())
@@ -431,9 +407,7 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
             oBlock.m_oEdits.m_oStandard.insert(uiTiming);
         }
     }
-    return Is420(*poRead, uiNumber) && CountEqual(*poCea, *poRead, uiNumber) == CountEqual(*poRead, *poRead, uiNumber)
-               ? "a YCbCr 4:2:0 data block names it too, which cannot be edited"
-               : "";
+    return IsNamedBy420(oBlock, uiNumber) ? "a YCbCr 4:2:0 data block names it too, which cannot be edited" : "";
 }
 
 // Whether a block that prefers timings, or names the native one, has the code of this ordinary timing. References have

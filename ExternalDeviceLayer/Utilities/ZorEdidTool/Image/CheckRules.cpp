@@ -123,18 +123,12 @@ void CheckPreferred(CFindings& oFindings)
     }
 }
 
-// From revision 4 on byte 4 of range limits holds offsets of the rates, with which the library takes them for no
-// display descriptor.
 void CheckRangeLimits(CFindings& oFindings)
 {
-    for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount; ++i)
+    const bool bOffsets = IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision);
+    for (unsigned int i = 0; bOffsets && i < CEdidBase::msc_uiDescriptorCount; ++i)
     {
-        const unsigned char* pui8At = oFindings.GetAt(DescriptorOffset(i));
-        if (!HasPixelClock(pui8At) && !IsDisplayDescriptor(pui8At) &&
-            pui8At[gsc_uiTagOffset] == gsc_ui8TagRangeLimits &&
-            IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision) &&
-            (IsMaximumOffset(gsc_oVerticalOffsets.Read(pui8At)) ||
-             IsMaximumOffset(gsc_oHorizontalOffsets.Read(pui8At))))
+        if (HasRateOffsets(oFindings.GetAt(DescriptorOffset(i))))
         {
             oFindings.Add(oFindings.FindGroup(DescriptorOffset(i)), CMap::eSeverity_Note,
                           "the library reads no range limits with offsets", "", "");

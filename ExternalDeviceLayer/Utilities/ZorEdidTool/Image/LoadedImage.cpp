@@ -4,7 +4,6 @@
 
 #include <string.h>
 
-#include "CeaBlocks.h"
 #include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
@@ -14,18 +13,6 @@ using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-// Range limits whose byte 4 has flags, which the library does not take for a display descriptor. Reserved flags make
-// them unreadable.
-bool HasRateOffsets(const unsigned char* pui8Descriptor)
-{
-    constexpr unsigned int uiFlagsOffset = 4;
-    constexpr unsigned int uiReserved = 1;
-    return pui8Descriptor[0] == 0 && pui8Descriptor[1] == 0 && pui8Descriptor[2] == 0 &&
-           pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagRangeLimits && pui8Descriptor[uiFlagsOffset] <= 0x0F &&
-           gsc_oVerticalOffsets.Read(pui8Descriptor) != uiReserved &&
-           gsc_oHorizontalOffsets.Read(pui8Descriptor) != uiReserved;
-}
-
 // Why CEdid::SetEdidBuffer refuses an image; empty if it does not.
 std::string FindProblem(const std::vector<unsigned char>& aui8Bytes)
 {
@@ -63,7 +50,25 @@ int FindExtension(const CEdid& oEdid, unsigned int uiBlock)
     return -1;
 }
 
+CEdidExtBlockCEA861* AsCea(CEdidExtBlock* poBlock)
+{
+    return poBlock != nullptr && poBlock->GetExtensionType() == gsc_uiCtaTag
+               ? static_cast<CEdidExtBlockCEA861*>(poBlock)
+               : nullptr;
+}
+
 CEdidExtBlockCEA861* SImageBlock::GetCea() const { return AsCea(m_poLoaded); }
+
+void LoadBase(unsigned int uiSize, const unsigned char* pui8Image, CEdidBase& oBase)
+{
+    unsigned char aui8Base[gsc_uiBlockSize];
+    if (uiSize >= sizeof(aui8Base))
+    {
+        memcpy(aui8Base, pui8Image, sizeof(aui8Base));
+        memcpy(aui8Base, EDID_V1_HEADER, sizeof(EDID_V1_HEADER));
+        oBase.SetEdidBuffer(aui8Base, sizeof(aui8Base), 0);
+    }
+}
 
 bool CLoadedImage::Load(const SInput& oInput)
 {

@@ -22,6 +22,9 @@ struct SImageBlock
     CEdidExtBlockCEA861* GetCea() const;
 };
 
+// The block as this class; null for another kind and for none.
+CEdidExtBlockCEA861* AsCea(CEdidExtBlock* poBlock);
+
 inline constexpr unsigned int gsc_uiDisplayIdTag = CEdidExtBlockDisplayID::msc_uiExtensionTag;
 
 // Short name of a block's kind by its tag: "cea-861", "displayid" and those that the library does not read; "unknown".
@@ -30,6 +33,10 @@ const char* GetBlockKind(unsigned int uiTag);
 // The number of CEdid::GetExtension of a block of the image that oEdid was loaded from; -1 for the base block and for a
 // block that the library did not take.
 int FindExtension(const CEdid& oEdid, unsigned int uiBlock);
+
+// Loads the base block with its header put right, which is all that the library asks of one. Without a whole block
+// oBase stays as it is.
+void LoadBase(unsigned int uiSize, const unsigned char* pui8Image, CEdidBase& oBase);
 
 class CLoadedImage
 {

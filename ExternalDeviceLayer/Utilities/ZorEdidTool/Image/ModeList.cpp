@@ -275,14 +275,7 @@ public:
                 m_oListed.insert(GetKey(oMode));
             }
         }
-        // With the header put right, which is all that the library asks of a base block.
-        constexpr std::array<unsigned char, 8> aui8Header = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
-        if (oMap.GetSize() >= CEdidUtils::msc_uiBlockSize)
-        {
-            std::vector<unsigned char> aui8Base(oMap.GetData(), oMap.GetData() + CEdidUtils::msc_uiBlockSize);
-            std::ranges::copy(aui8Header, aui8Base.begin());
-            m_oBase.SetEdidBuffer(aui8Base.data(), CEdidUtils::msc_uiBlockSize, 0);
-        }
+        LoadBase(oMap.GetSize(), oMap.GetData(), m_oBase);
     }
 
     // The modes of the fields below uiEnd, but not those whose timings the library lists where bNumbered.

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <math.h>
 #include <span>
-#include <string_view>
 
 #include "MapText.h"
 #include "PageParts.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/Makers.h"
 #include "TextFormat.h"
 
 using namespace ZorStandards::BaseBlock;
@@ -19,11 +19,7 @@ constexpr double gsc_dMmPerCm = 10;
 constexpr double gsc_dPaperWidth = 210; // ISO 216 A4, millimetres
 constexpr double gsc_dPaperHeight = 297;
 
-// Places in the base block that BaseBlock.h leaves out.
-constexpr unsigned int gsc_uiTimingWidthOffset = gsc_uiDescriptorsOffset + 12; // of the image, in the first timing
-constexpr unsigned int gsc_uiTimingHeightOffset = gsc_uiDescriptorsOffset + 13;
 constexpr unsigned int gsc_uiHighBit = 7;
-constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 
 struct SSize
 {
@@ -34,20 +30,22 @@ struct SSize
     double GetDiagonal() const { return sqrt(m_dWidth * m_dWidth + m_dHeight * m_dHeight); }
 };
 
-double GetMeasureAt(const SPageImage& oImage, unsigned int uiOffset, std::string_view sUnit)
+// Of the field with this id in the structure that the byte is in; 0 when there is none.
+double GetMeasure(const SPageImage& oImage, unsigned int uiOffset, EZorEdidField eId)
 {
     const CZorEdidMap::SField* poField = oImage.FindField(uiOffset, gsc_uiHighBit);
-    const bool bMeasure = poField != nullptr && poField->m_pszUnit != nullptr && sUnit == poField->m_pszUnit;
-    return bMeasure ? GetFieldNumber(*poField) : 0;
+    return poField != nullptr ? std::max(GetNumberOf(oImage.m_oMap, poField->m_uiGroup, eId), 0.0) : 0;
 }
 
 // The whole centimetres of the base block, or the millimetres of the first timing where they say the same.
 SSize FindSize(const SPageImage& oImage)
 {
-    SSize oSize = { GetMeasureAt(oImage, gsc_uiImageWidthOffset, "cm") * gsc_dMmPerCm,
-                    GetMeasureAt(oImage, gsc_uiImageHeightOffset, "cm") * gsc_dMmPerCm };
-    const SSize oFine = { GetMeasureAt(oImage, gsc_uiTimingWidthOffset, "mm"),
-                          GetMeasureAt(oImage, gsc_uiTimingHeightOffset, "mm") };
+    const SSize oSize = {
+        GetMeasure(oImage, gsc_uiImageWidthOffset, eZorEdidField_BaseDisplayScreenWidth) * gsc_dMmPerCm,
+        GetMeasure(oImage, gsc_uiImageHeightOffset, eZorEdidField_BaseDisplayScreenHeight) * gsc_dMmPerCm
+    };
+    const SSize oFine = { GetMeasure(oImage, gsc_uiDescriptorsOffset, eZorEdidField_BaseDetailedImageWidth),
+                          GetMeasure(oImage, gsc_uiDescriptorsOffset, eZorEdidField_BaseDetailedImageHeight) };
     const bool bClose = fabs(oFine.m_dWidth - oSize.m_dWidth) <= gsc_dMmPerCm &&
                         fabs(oFine.m_dHeight - oSize.m_dHeight) <= gsc_dMmPerCm;
     return oFine.IsKnown() && (bClose || !oSize.IsKnown()) ? oFine : oSize;
@@ -80,7 +78,8 @@ void Append(std::string& sList, const std::string& sNext, const char* pszBetween
 std::string DescribeMaker(const SPageImage& oImage)
 {
     const std::string sMaker = oImage.GetValueAt(gsc_uiManufacturerOffset, gsc_uiHighBit - 1);
-    return oImage.m_sMaker.empty() ? sMaker : oImage.m_sMaker + " (" + sMaker + ")";
+    const char* pszName = ZorStandards::FindMakerName(sMaker.c_str());
+    return pszName == nullptr ? sMaker : std::string(pszName) + " (" + sMaker + ")";
 }
 
 std::string DescribeProduct(const SPageImage& oImage)
@@ -133,10 +132,9 @@ std::string DescribeNativeModes(const SPageImage& oImage)
         {
             Append(sText, DescribePreferredMode(oImage));
         }
-        if (bSet && oField.m_eId == eZorEdidField_CtaVideoNative && oField.m_uiGroup != gsc_uiNone)
+        if (bSet && oField.m_eId == eZorEdidField_CtaVideoNative)
         {
-            std::string sMode = oImage.GetValue(oField.m_uiGroup); // of the short video descriptor
-            Append(sText, sMode.substr(0, sMode.rfind(", native")));
+            Append(sText, oImage.m_oMap.GetField(i + 1).m_pszMeaning); // of the code, whose bits are the next ones
         }
         const bool bParameters =
             oField.m_eId == eZorEdidField_DisplayidParameters || oField.m_eId == eZorEdidField_DisplayidParameters2;
@@ -162,6 +160,13 @@ std::string DescribeInterface(const SPageImage& oImage)
         const char* pszUnit = oBits.m_ui8Low == gsc_oColorDepth.m_ui8Low ? " a colour" : "";
         Append(sText, bDigital && bNamed ? std::string(poField->m_pszMeaning) + pszUnit : "");
     }
+    const CZorEdidMap::SField* poInterface = oImage.FindField(gsc_oInterface.m_ui8Offset, gsc_oInterface.m_ui8Low);
+    if (poInterface != nullptr && poInterface->m_eId == eZorEdidField_BaseDisplayInterface &&
+        (poInterface->m_llNumber == CEdidBase::eDigitalInterfaceHdmiA ||
+         poInterface->m_llNumber == CEdidBase::eDigitalInterfaceHdmiB))
+    {
+        return sText; // says HDMI already
+    }
     std::string sHdmi;
     for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
     {
@@ -175,7 +180,7 @@ std::string DescribeInterface(const SPageImage& oImage)
             sHdmi = "HDMI"; // all versions have this block
         }
     }
-    Append(sText, sText.find("HDMI") == std::string::npos ? sHdmi : "");
+    Append(sText, sHdmi);
     return sText;
 }
 

@@ -3,13 +3,11 @@
 #include "PageImage.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "MapDiff.h"
 #include "MapText.h"
 #include "PageParts.h"
-#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
 namespace
@@ -23,34 +21,13 @@ std::string FindTitle(const SPageImage& oImage)
     for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
     {
         const CField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Text &&
-            oField.m_uiOffset >= ZorStandards::BaseBlock::gsc_uiContentsOffset &&
-            oField.m_uiOffset < CEdidUtils::msc_uiBlockSize)
+        if (oField.m_eId == eZorEdidField_BaseDescriptorText && oField.m_uiOffset < CEdidUtils::msc_uiBlockSize &&
+            oImage.m_oMap.GetField(oField.m_uiGroup).m_eId == eZorEdidField_BaseName && !oImage.GetValue(i).empty())
         {
-            const unsigned int uiTag = oField.m_uiOffset - ZorStandards::BaseBlock::gsc_uiContentsOffset +
-                                       ZorStandards::BaseBlock::gsc_uiTagOffset;
-            std::string sText = static_cast<const char*>(oImage.m_oMap.GetValue(i));
-            if (oImage.m_oMap.GetData()[uiTag] == ZorStandards::BaseBlock::gsc_ui8TagName && !sText.empty())
-            {
-                return sText;
-            }
+            return oImage.GetValue(i);
         }
     }
     return oImage.m_sFile;
-}
-
-// With the header put right, which is all that the library asks of a base block.
-std::string FindMaker(std::vector<unsigned char> aui8Bytes)
-{
-    constexpr std::array<unsigned char, 8> aui8Header = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
-    CEdidBase oBase;
-    if (aui8Bytes.size() >= CEdidUtils::msc_uiBlockSize)
-    {
-        std::ranges::copy(aui8Header, aui8Bytes.begin());
-        oBase.SetEdidBuffer(aui8Bytes.data(), CEdidUtils::msc_uiBlockSize, 0);
-    }
-    char szMaker[64] = {};
-    return oBase.GetManufacturerName(szMaker, sizeof(szMaker)) != 0 ? szMaker : "";
 }
 
 // Padding of a single value: more or less of it says nothing.
@@ -95,7 +72,6 @@ SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::m
     const bool bLoaded = m_oLoaded.Load(m_oInput);
     m_sProblem = m_oLoaded.GetProblem();
     m_aoModes = ListModes(m_oMap, bLoaded ? &m_oLoaded : nullptr);
-    m_sMaker = FindMaker(m_oInput.m_aui8Bytes);
 }
 
 const CZorEdidMap::SField* SPageImage::FindField(unsigned int uiOffset, unsigned int uiBit) const

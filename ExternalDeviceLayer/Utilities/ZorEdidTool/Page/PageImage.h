@@ -40,7 +40,6 @@ struct SPageImage
     CZorEdidMap m_oMap;
     CLoadedImage m_oLoaded;
     std::string m_sProblem; // why the library refuses the image; empty when it does not
-    std::string m_sMaker;   // the company's name, where the library knows it
     std::string m_sFile;    // its name without folders, which are nobody's business, in one line
     std::string m_sTitle;   // the monitor's name, or else the file's
     CModes m_aoModes;

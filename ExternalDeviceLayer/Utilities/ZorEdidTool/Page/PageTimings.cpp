@@ -303,7 +303,7 @@ std::string GetMarks(const STimingRow& oRow)
         fnAdd(true, GetSource(oRow.m_poImage->m_oMap, oMode.m_uiField) + ", in no list of the library");
     }
     fnAdd(!oMode.m_oVics.m_auiCodes.empty() && oMode.IsOfMonitor(), GetVicsText(oMode.m_oVics));
-    fnAdd(!oMode.IsOfMonitor(), GetOtherCodeText(oMode) + ", which has a row of its own");
+    fnAdd(!oMode.IsOfMonitor(), GetOtherCodeText(oMode));
     const char* pszType = GetTypeName(oMode.m_oTiming.GetVideoFamilyType());
     fnAdd(oMode.m_bStandIn, "stand-in by GTF");
     fnAdd(!oMode.m_bStandIn && pszType != nullptr && oMode.m_eList > CZorEdidMap::eList_None &&

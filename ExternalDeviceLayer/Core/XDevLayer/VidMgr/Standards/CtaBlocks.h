@@ -107,9 +107,15 @@ public:
     // Byte of the payload; the caller has compared the position with GetLength.
     unsigned char GetByte(unsigned int uiPosition) const { return m_pui8Bytes[m_oPayload.m_uiOffset + uiPosition]; }
 
-    // After Next has returned false: whether the last data block ended exactly at uiEnd. Otherwise the next one was cut
-    // off by uiLimit, or the last one crossed uiEnd.
-    bool IsEndExact() const { return m_uiNext == m_uiAskedEnd; }
+    // Goes over the rest: whether the last data block ends exactly at uiEnd. Otherwise uiLimit cuts the next one off,
+    // or the last one crosses uiEnd.
+    bool EndsExactly()
+    {
+        while (Next())
+        {
+        }
+        return m_uiNext == m_uiAskedEnd;
+    }
     // After Next has returned false: goes to the data block that uiLimit cuts off, with what is left of its payload.
     // False when there is none, or it was the last one already.
     bool NextCut()

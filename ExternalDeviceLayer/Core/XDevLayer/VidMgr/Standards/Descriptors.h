@@ -106,6 +106,17 @@ constexpr unsigned int gsc_uiKiloHzPerPrecision = 250;
 constexpr bool IsMaximumOffset(unsigned int uiOffsets) { return uiOffsets >= 2; }
 constexpr bool IsMinimumOffset(unsigned int uiOffsets) { return uiOffsets == 3; }
 
+// Range limits of revision 4 or later whose byte 4 has flags, with which the classes take them for no display
+// descriptor. Reserved flags make them unreadable.
+constexpr bool HasRateOffsets(const unsigned char* pui8Descriptor)
+{
+    constexpr unsigned int uiReserved = 1;
+    return ReadLittle24(pui8Descriptor) == 0 && pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagRangeLimits &&
+           pui8Descriptor[4] != 0 && pui8Descriptor[4] <= 0x0F &&
+           gsc_oVerticalOffsets.Read(pui8Descriptor) != uiReserved &&
+           gsc_oHorizontalOffsets.Read(pui8Descriptor) != uiReserved;
+}
+
 struct SRangeLimits
 {
     unsigned int m_uiMinVerticalRateInHz;

@@ -20,11 +20,3 @@ bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock);
 
 // The bytes from the first descriptor on, up to the checksum, without zeros at the end.
 CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock);
-
-// The block as this class; null for another kind.
-inline CEdidExtBlockCEA861* AsCea(CEdidExtBlock* poBlock)
-{
-    return poBlock != nullptr && poBlock->GetExtensionType() == ZorStandards::Cta::gsc_uiTag
-               ? static_cast<CEdidExtBlockCEA861*>(poBlock)
-               : nullptr;
-}

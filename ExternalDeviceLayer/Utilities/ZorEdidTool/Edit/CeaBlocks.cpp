@@ -15,15 +15,7 @@ CDataBlockWalk WalkDataBlocks(const CEdidExtBlockCEA861& oBlock)
 bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock)
 {
     const unsigned int uiStart = oBlock.GetData()[gsc_uiDetailedStartOffset];
-    if (uiStart < gsc_uiDataBlocksOffset)
-    {
-        return uiStart == 0; // neither data blocks nor descriptors
-    }
-    CDataBlockWalk oWalk = WalkDataBlocks(oBlock);
-    while (oWalk.Next())
-    {
-    }
-    return oWalk.IsEndExact();
+    return uiStart == 0 || (uiStart >= gsc_uiDataBlocksOffset && WalkDataBlocks(oBlock).EndsExactly());
 }
 
 CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock)

@@ -38,8 +38,6 @@ const char* CheckMaker(const CRecord& oRecord, unsigned int)
     return bLetters ? nullptr : "not three letters";
 }
 
-constexpr unsigned int gsc_uiModelYearWeek = 0xFF;
-
 bool IsModelYear(const CRecord& oRecord)
 {
     return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWeekOffset) == gsc_uiModelYearWeek;
@@ -64,8 +62,9 @@ constexpr SRow gsc_aoIdentityRows[] = {
     { eId_BaseIdentitySerialNumber, Little32(0x0C), "ID serial number", Number().With(gsc_aoZeroNotGiven) },
     { eId_BaseIdentityWeek, Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
     { eId_BaseIdentityWeek, Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
-    { eId_BaseIdentityYear, Byte(0x11), "Year of manufacture", Number().Times(1, 1990), IsNot<IsModelYear>, CheckYear },
-    { eId_BaseIdentityModelYear, Byte(0x11), "Model year", Number().Times(1, 1990), IsModelYear, CheckYear },
+    { eId_BaseIdentityYear, Byte(0x11), "Year of manufacture", Number().Times(1, gsc_uiFirstYear), IsNot<IsModelYear>,
+      CheckYear },
+    { eId_BaseIdentityModelYear, Byte(0x11), "Model year", Number().Times(1, gsc_uiFirstYear), IsModelYear, CheckYear },
 };
 constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product identification", eArea_Identity,
                                         gsc_aoIdentityRows };
@@ -124,8 +123,6 @@ bool IsPortrait(const CRecord& oRecord)
     return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiImageWidthOffset) == 0 &&
            oRecord.GetByte(gsc_uiImageHeightOffset) != 0;
 }
-
-constexpr unsigned int gsc_uiRatioOffset = 99; // a ratio of 1.00 is stored as 1
 
 CMString FormatPortrait(const CRecord&, unsigned int uiValue)
 {
@@ -195,20 +192,22 @@ constexpr SRow gsc_aoDisplayRows[] = {
       IsLandscape },
     { eId_BaseDisplayAspectRatioPortrait, Byte(0x16), "Aspect ratio, portrait",
       Number().Computed(ComputePortrait).Decimals(4).Text(FormatPortrait), IsPortrait },
-    { eId_BaseDisplayGamma, Byte(0x17), "Display transfer characteristic (gamma)",
+    { eId_BaseDisplayGamma, gsc_oGamma, "Display transfer characteristic (gamma)",
       HundredthsFrom1().With(gsc_aoGammaNotHere) },
     { eId_BaseDisplayStandby, Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
     { eId_BaseDisplaySuspend, Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
     { eId_BaseDisplayActiveOff, Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
-    { eId_BaseDisplayColorType, Bits(0x18, 4, 3), "Display color type", Names(gsc_aoColorTypes), IsNot<IsDigital4> },
-    { eId_BaseDisplayColorEncodings, Bits(0x18, 4, 3), "Supported color encoding formats", Names(gsc_aoEncodings),
+    { eId_BaseDisplayColorType, gsc_oDisplayColorType, "Display color type", Names(gsc_aoColorTypes),
+      IsNot<IsDigital4> },
+    { eId_BaseDisplayColorEncodings, gsc_oColorEncodings, "Supported color encoding formats", Names(gsc_aoEncodings),
       IsDigital4 },
-    { eId_BaseDisplaySrgbDefault, Bit(0x18, 2), "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
+    { eId_BaseDisplaySrgbDefault, gsc_oSrgbDefault, "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
     { eId_BaseDisplayPreferredTiming, Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4,
       CheckPreferred }, // the first detailed timing is it
-    { eId_BaseDisplayPreferredIsNative, Bit(0x18, 1), "Preferred timing mode is native", Flag(), IsRevision4 },
+    { eId_BaseDisplayPreferredIsNative, gsc_oPreferredIsNative, "Preferred timing mode is native", Flag(),
+      IsRevision4 },
     { eId_BaseDisplayDefaultGtf, Bit(0x18, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
-    { eId_BaseDisplayContinuousFrequency, Bit(0x18, 0), "Continuous frequency", Flag(), IsRevision4 },
+    { eId_BaseDisplayContinuousFrequency, gsc_oContinuousFrequency, "Continuous frequency", Flag(), IsRevision4 },
 };
 constexpr STable gsc_oDisplayTable = { eId_BaseDisplay, "Basic display parameters and features", eArea_Display,
                                        gsc_aoDisplayRows };

@@ -27,12 +27,12 @@ struct SKey
 };
 
 constexpr unsigned int gsc_uiAnyOui = 0;
-constexpr unsigned char gsc_ui8AudioTag = 1;
-constexpr unsigned char gsc_ui8VideoTag = 2;
-constexpr unsigned char gsc_ui8VendorTag = 3;
-constexpr unsigned char gsc_ui8ExtendedTag = 7;
-constexpr unsigned char gsc_ui8VendorVideo = 1; // extended tags whose payload begins with an OUI
-constexpr unsigned char gsc_ui8VendorAudio = 17;
+constexpr unsigned char gsc_ui8VideoTag = gsc_uiVideoTag;
+constexpr unsigned char gsc_ui8VendorTag = gsc_uiVendorTag;
+constexpr unsigned char gsc_ui8ExtendedTag = gsc_uiExtendedTag;
+constexpr unsigned char gsc_ui8VendorVideo =
+    gsc_uiExtendedVendorVideo; // extended tags whose payload begins with an OUI
+constexpr unsigned char gsc_ui8VendorAudio = gsc_uiExtendedVendorAudio;
 
 constexpr SKey Tag(unsigned char ui8Tag) { return { ui8Tag, 0, 0, gsc_uiAnyOui }; }
 constexpr SKey Extended(unsigned char ui8First, unsigned char ui8Last)
@@ -84,59 +84,64 @@ struct SCtaBlock
 
 constexpr SKey gsc_oHdmiKey = Vendor(gsc_uiOuiHdmi);
 constexpr SKey gsc_oHdmiForumKey = Vendor(gsc_uiOuiHdmiForum);
-constexpr SKey gsc_oHdmiSinkKey = Extended(121);
+constexpr SKey gsc_oHdmiSinkKey = Extended(gsc_uiExtendedHdmiSink);
 
 // A row with an OUI precedes the row for any.
 constexpr SCtaBlock gsc_aoDataBlocks[] = {
     { eId_CtaReserved, Tag(0), "Reserved data block" },
-    { eId_CtaAudio, Tag(1), "Audio data block", eArea_Audio, ItemsOf(3), eAny, Items(g_oCtaAudioTable, 3) },
-    { eId_CtaVideo, Tag(2), "Video data block", eArea_Timing, AtLeast(1), eAny, Items(g_oCtaVideoTable, 1) },
+    { eId_CtaAudio, Tag(gsc_uiAudioTag), "Audio data block", eArea_Audio, ItemsOf(3), eAny,
+      Items(g_oCtaAudioTable, 3) },
+    { eId_CtaVideo, Tag(gsc_uiVideoTag), "Video data block", eArea_Timing, AtLeast(1), eAny,
+      Items(g_oCtaVideoTable, 1) },
     { eId_CtaHdmi, gsc_oHdmiKey, "HDMI vendor-specific data block", eArea_Display, AtLeast(2), eOnce,
       Walk(MapCtaHdmi) },
     { eId_CtaHdmiForum, gsc_oHdmiForumKey, "HDMI Forum vendor-specific data block", eArea_Display, AtLeast(4), eOnce,
       Walk(MapCtaHdmiForum) },
-    { eId_CtaAmd, Vendor(0x00001A), "AMD vendor-specific data block", eArea_Vendor, AtLeast(5), eOnce,
+    { eId_CtaAmd, Vendor(gsc_uiOuiAmd), "AMD vendor-specific data block", eArea_Vendor, AtLeast(5), eOnce,
       Rows(g_oCtaAmdTable) },
-    { eId_CtaMicrosoft, Vendor(0xCA125C), "Microsoft vendor-specific data block", eArea_Vendor, Exactly(18), eOnce,
-      Rows(g_oCtaMicrosoftTable) },
+    { eId_CtaMicrosoft, Vendor(gsc_uiOuiMicrosoft), "Microsoft vendor-specific data block", eArea_Vendor, Exactly(18),
+      eOnce, Rows(g_oCtaMicrosoftTable) },
     { eId_CtaUhdAlliance, Vendor(0x1ABBFB), "UHD Alliance vendor-specific data block", eArea_Vendor, AtLeast(2), eOnce,
       Rows(g_oCtaUhdTable) },
-    { eId_CtaVendor, Tag(3), "Vendor-specific data block", eArea_Vendor },
-    { eId_CtaSpeakers, Tag(4), "Speaker allocation data block", eArea_Audio, Exactly(3), eOnce, Walk(MapCtaSpeakers) },
+    { eId_CtaVendor, Tag(gsc_uiVendorTag), "Vendor-specific data block", eArea_Vendor },
+    { eId_CtaSpeakers, Tag(gsc_uiSpeakersTag), "Speaker allocation data block", eArea_Audio, Exactly(3), eOnce,
+      Walk(MapCtaSpeakers) },
     { eId_CtaTransfer, Tag(5), "VESA display transfer characteristic data block", eArea_Colour, OneOf({ 7, 15, 31 }),
       eAny, Walk(MapCtaTransfer) },
-    { eId_CtaVideoFormat, Tag(6), "Video format data block", eArea_Timing, AtLeast(2), eAny, Walk(MapCtaVideoFormats) },
-    { eId_CtaVideoCapability, Extended(0), "Video capability data block", eArea_Display, Exactly(1), eOnce,
-      Rows(g_oCtaVideoCapabilityTable) },
-    { eId_CtaHdr10Plus, VideoVendor(0x90848B), "HDR10+ vendor-specific video data block", eArea_Colour, AtLeast(1),
-      eOnce, Rows(g_oCtaHdr10PlusTable) },
-    { eId_CtaDolbyVision, VideoVendor(0x00D046), "Dolby Vision vendor-specific video data block", eArea_Colour,
+    { eId_CtaVideoFormat, Tag(gsc_uiVideoFormatTag), "Video format data block", eArea_Timing, AtLeast(2), eAny,
+      Walk(MapCtaVideoFormats) },
+    { eId_CtaVideoCapability, Extended(gsc_uiExtendedVideoCapability), "Video capability data block", eArea_Display,
+      Exactly(1), eOnce, Rows(g_oCtaVideoCapabilityTable) },
+    { eId_CtaHdr10Plus, VideoVendor(gsc_uiOuiHdr10Plus), "HDR10+ vendor-specific video data block", eArea_Colour,
+      AtLeast(1), eOnce, Rows(g_oCtaHdr10PlusTable) },
+    { eId_CtaDolbyVision, VideoVendor(gsc_uiOuiDolby), "Dolby Vision vendor-specific video data block", eArea_Colour,
       AtLeast(7), eOnce, Rows(g_oCtaDolbyVisionTable) },
-    { eId_CtaVendorVideo, Extended(1), "Vendor-specific video data block", eArea_Vendor },
-    { eId_CtaDisplayDevice, Extended(2), "VESA video display device data block", eArea_Display, Exactly(30), eOnce,
-      Rows(g_oCtaDisplayDeviceTable) },
+    { eId_CtaVendorVideo, Extended(gsc_uiExtendedVendorVideo), "Vendor-specific video data block", eArea_Vendor },
+    { eId_CtaDisplayDevice, Extended(gsc_uiExtendedDisplayDevice), "VESA video display device data block",
+      eArea_Display, Exactly(30), eOnce, Rows(g_oCtaDisplayDeviceTable) },
     { eId_CtaVesaVtb, Extended(3), "VESA video timing block extension", eArea_Timing },
     { eId_CtaReserved, Extended(4), "Reserved for HDMI video data block" },
-    { eId_CtaColorimetry, Extended(5), "Colorimetry data block", eArea_Colour, Exactly(2), eOnce,
-      Rows(g_oCtaColorimetryTable) },
-    { eId_CtaHdrStatic, Extended(6), "HDR static metadata data block", eArea_Colour, AtLeast(2), eOnce,
-      Rows(g_oCtaStaticHdrTable) },
-    { eId_CtaHdrDynamic, Extended(7), "HDR dynamic metadata data block", eArea_Colour, AtLeast(3), eOnce,
-      Walk(MapCtaDynamicHdr) },
-    { eId_CtaNativeResolution, Extended(8), "Native video resolution data block", eArea_Timing,
+    { eId_CtaColorimetry, Extended(gsc_uiExtendedColorimetry), "Colorimetry data block", eArea_Colour, Exactly(2),
+      eOnce, Rows(g_oCtaColorimetryTable) },
+    { eId_CtaHdrStatic, Extended(gsc_uiExtendedStaticHdr), "HDR static metadata data block", eArea_Colour, AtLeast(2),
+      eOnce, Rows(g_oCtaStaticHdrTable) },
+    { eId_CtaHdrDynamic, Extended(gsc_uiExtendedDynamicHdr), "HDR dynamic metadata data block", eArea_Colour,
+      AtLeast(3), eOnce, Walk(MapCtaDynamicHdr) },
+    { eId_CtaNativeResolution, Extended(gsc_uiExtendedNative), "Native video resolution data block", eArea_Timing,
       OneOf({ 1, 2, 6 }, true), eOnce, Walk(MapCtaNative) },
     { eId_CtaReserved, Extended(9, 12), "Reserved for video-related blocks" },
-    { eId_CtaVideoFormatPreference, Extended(13), "Video format preference data block", eArea_Timing, AtLeast(1), eOnce,
-      Items(g_oCtaPreferenceTable, 1) },
-    { eId_Cta420Video, Extended(14), "YCbCr 4:2:0 video data block", eArea_Timing, AtLeast(1), eAny,
+    { eId_CtaVideoFormatPreference, Extended(gsc_uiExtendedPreference), "Video format preference data block",
+      eArea_Timing, AtLeast(1), eOnce, Items(g_oCtaPreferenceTable, 1) },
+    { eId_Cta420Video, Extended(gsc_uiExtended420Video), "YCbCr 4:2:0 video data block", eArea_Timing, AtLeast(1), eAny,
       Walk(MapCta420Video) },
-    { eId_Cta420Map, Extended(15), "YCbCr 4:2:0 capability map data block", eArea_Timing, gsc_oAnySize, eOnce,
-      Walk(MapCtaCapabilityMap) },
+    { eId_Cta420Map, Extended(gsc_uiExtended420Map), "YCbCr 4:2:0 capability map data block", eArea_Timing,
+      gsc_oAnySize, eOnce, Walk(MapCtaCapabilityMap) },
     { eId_CtaReserved, Extended(16), "Reserved for CTA miscellaneous audio fields" },
-    { eId_CtaDolbyAudio, AudioVendor(0x00D046), "Dolby vendor-specific audio data block", eArea_Audio, AtLeast(2), eAny,
-      Rows(g_oCtaDolbyAudioTable) },
-    { eId_CtaVendorAudio, Extended(17), "Vendor-specific audio data block", eArea_Vendor },
-    { eId_CtaHdmiAudio, Extended(18), "HDMI audio data block", eArea_Audio, AtLeast(2), eOnce, Walk(MapCtaHdmiAudio) },
+    { eId_CtaDolbyAudio, AudioVendor(gsc_uiOuiDolby), "Dolby vendor-specific audio data block", eArea_Audio, AtLeast(2),
+      eAny, Rows(g_oCtaDolbyAudioTable) },
+    { eId_CtaVendorAudio, Extended(gsc_uiExtendedVendorAudio), "Vendor-specific audio data block", eArea_Vendor },
+    { eId_CtaHdmiAudio, Extended(gsc_uiExtendedHdmiAudio), "HDMI audio data block", eArea_Audio, AtLeast(2), eOnce,
+      Walk(MapCtaHdmiAudio) },
     { eId_CtaRoom, Extended(19), "Room configuration data block", eArea_Audio, OneOf({ 4, 7, 10 }), eOnce,
       Walk(MapCtaRoom) },
     { eId_CtaSpeakerLocation, Extended(20), "Speaker location data block", eArea_Audio, AtLeast(2), eAny,
@@ -145,20 +150,20 @@ constexpr SCtaBlock gsc_aoDataBlocks[] = {
     { eId_CtaInfoframe, Extended(32), "InfoFrame data block", eArea_Display, AtLeast(2), eOnce,
       Walk(MapCtaInfoFrames) },
     { eId_CtaProductInformation, Extended(33), "Product information data block", eArea_Identity },
-    { eId_CtaType7, Extended(34), "DisplayID Type VII video timing data block", eArea_Timing, Exactly(21), eAny,
-      Walk(MapCtaTypeVii) },
-    { eId_CtaType8, Extended(35), "DisplayID Type VIII video timing data block", eArea_Timing, AtLeast(2), eAny,
-      Walk(MapCtaTypeViii) },
+    { eId_CtaType7, Extended(gsc_uiExtendedType7), "DisplayID Type VII video timing data block", eArea_Timing,
+      Exactly(21), eAny, Walk(MapCtaTypeVii) },
+    { eId_CtaType8, Extended(gsc_uiExtendedType8), "DisplayID Type VIII video timing data block", eArea_Timing,
+      AtLeast(2), eAny, Walk(MapCtaTypeViii) },
     { eId_CtaReserved, Extended(36, 41), "Reserved data block" },
-    { eId_CtaType10, Extended(42), "DisplayID Type X video timing data block", eArea_Timing, AtLeast(7), eAny,
-      Walk(MapCtaTypeX) },
+    { eId_CtaType10, Extended(gsc_uiExtendedType10), "DisplayID Type X video timing data block", eArea_Timing,
+      AtLeast(7), eAny, Walk(MapCtaTypeX) },
     { eId_CtaReserved, Extended(43, 119), "Reserved data block" },
     { eId_CtaExtensionOverride, Extended(120), "HDMI Forum EDID extension override data block", eArea_Structure,
       AtLeast(1), eFirst, Walk(MapCtaExtensionOverride) },
     { eId_CtaHdmiForumSink, gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eArea_Display, AtLeast(6), eOnce,
       Walk(MapCtaHdmiSink) },
-    { eId_CtaToneMapping, Extended(122), "HDMI Forum source-based tone mapping data block", eArea_Colour, AtLeast(1),
-      eOnce, Walk(MapCtaToneMapping) },
+    { eId_CtaToneMapping, Extended(gsc_uiExtendedToneMapping), "HDMI Forum source-based tone mapping data block",
+      eArea_Colour, AtLeast(1), eOnce, Walk(MapCtaToneMapping) },
     { eId_CtaReserved, Extended(123, 127), "Reserved for HDMI" },
     { eId_CtaReserved, Extended(128, 255), "Reserved data block" },
 };
@@ -171,7 +176,6 @@ constexpr SCtaBlock gsc_oNoExtendedTag = { eId_CtaNoExtendedTag, Extended(0, 255
 // ---- The header of a data block: CTA-861-H 7.5 ----
 
 constexpr unsigned int gsc_uiExtendedSize = 2; // with the extended tag
-constexpr unsigned int gsc_uiOuiSize = 3;
 constexpr unsigned int gsc_uiMostHeader = gsc_uiExtendedSize + gsc_uiOuiSize;
 
 constexpr SMeaning gsc_aoTags[] = {
@@ -474,7 +478,7 @@ bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEn
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
         AddDataBlock(oWriter, oFound, oCodes, auiEarlier);
         ++auiEarlier[IndexOf(*oFound.m_poKind)];
-        bAudio = bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_ui8AudioTag;
+        bAudio = bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_uiAudioTag;
     });
     return bAudio;
 }
@@ -518,10 +522,10 @@ constexpr SRow gsc_aoBlockRows[] = {
     { eId_CtaRevision, Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
     { eId_CtaDetailedOffset, Byte(2), "Offset of the detailed timing descriptors",
       Number("bytes").Named(gsc_aoStarts).Weighs(CZorEdidMap::eSeverity_Error), nullptr, CheckStart },
-    { eId_CtaUnderscan, Bit(3, 7), "Underscan", Flag(), HasFlags },
-    { eId_CtaBasicAudio, Bit(3, 6), "Basic audio", Flag(), HasFlags },
-    { eId_CtaYcbcr444, Bit(3, 5), "YCbCr 4:4:4", Flag(), HasFlags },
-    { eId_CtaYcbcr422, Bit(3, 4), "YCbCr 4:2:2", Flag(), HasFlags },
+    { eId_CtaUnderscan, Cta::gsc_oUnderscan, "Underscan", Flag(), HasFlags },
+    { eId_CtaBasicAudio, Cta::gsc_oBasicAudio, "Basic audio", Flag(), HasFlags },
+    { eId_CtaYcbcr444, Cta::gsc_oYCbCr444, "YCbCr 4:4:4", Flag(), HasFlags },
+    { eId_CtaYcbcr422, Cta::gsc_oYCbCr422, "YCbCr 4:2:2", Flag(), HasFlags },
     { eId_CtaNativeCount, Bits(3, 3, 0), "Total number of native formats in the detailed timing descriptors", Number(),
       HasFlags },
     { eId_Reserved, Byte(3), "Reserved", Reserved(), IsNot<HasFlags> },

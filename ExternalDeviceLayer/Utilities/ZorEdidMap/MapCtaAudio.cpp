@@ -4,6 +4,7 @@
 
 #include "MapCtaBlocks.h"
 #include "MapValue.h"
+#include "Standards/AudioBlocks.h"
 
 namespace ZorMap
 {
@@ -15,8 +16,6 @@ enum EFormat : unsigned int
 {
     eFormat_Reserved = 0,
     eFormat_Pcm = 1,
-    eFormat_FirstWithBitRate = 2,
-    eFormat_LastWithBitRate = 8,
     eFormat_OneBit = 9,
     eFormat_EnhancedAc3 = 10,
     eFormat_DtsHd = 11,
@@ -34,7 +33,6 @@ enum EExtended : unsigned int
     eExtended_AacLc = 6,
     eExtended_Dra = 7,
     eExtended_HeAacSurround = 8,
-    eExtended_Reserved = 9,
     eExtended_AacLcSurround = 10,
     eExtended_MpegH = 11,
     eExtended_Ac4 = 12,
@@ -101,9 +99,7 @@ bool IsMatBefore4(const CRecord& oAudio) { return WhereFormat<eFormat_Mat>(oAudi
 // Which bits of the descriptor mean what is not known for these.
 bool IsUnknownExtended(const CRecord& oAudio)
 {
-    const unsigned int uiExtended = GetExtended(oAudio);
-    return WhereFormat<eFormat_Extended>(oAudio) &&
-           (uiExtended == 0 || uiExtended == eExtended_Reserved || uiExtended > eExtended_Pcm3d);
+    return WhereFormat<eFormat_Extended>(oAudio) && Audio::IsUnknownExtended(GetExtended(oAudio));
 }
 
 // The meaning of bits 2 to 0 is the format's, and not published; of HE AAC that of bit 0.
@@ -117,10 +113,7 @@ bool HasOwnBit0(const CRecord& oAudio)
     return WhereExtended<eExtended_HeAac>(oAudio) || WhereExtended<eExtended_HeAacV2>(oAudio);
 }
 
-bool HasBitRate(const CRecord& oAudio)
-{
-    return GetFormat(oAudio) >= eFormat_FirstWithBitRate && GetFormat(oAudio) <= eFormat_LastWithBitRate;
-}
+bool HasBitRate(const CRecord& oAudio) { return Audio::HasBitRate(GetFormat(oAudio)); }
 
 bool HasOwnValue(const CRecord& oAudio)
 {
@@ -144,12 +137,7 @@ bool HasFrameLengths(const CRecord& oAudio)
            WhereExtended<eExtended_AacLc>(oAudio) || IsMpegSurround(oAudio);
 }
 
-// MPEG-H has a level here, AC-4 nothing, and 3D audio more bits of a count.
-bool HasChannels(const CRecord& oAudio)
-{
-    return IsFormat(oAudio) && !IsUnknownExtended(oAudio) &&
-           (!WhereFormat<eFormat_Extended>(oAudio) || GetExtended(oAudio) < eExtended_MpegH);
-}
+bool HasChannels(const CRecord& oAudio) { return Audio::HasChannels(GetFormat(oAudio), GetExtended(oAudio)); }
 
 constexpr char gsc_szZeroRate[] = "must be 0 for this format";
 
@@ -175,28 +163,26 @@ constexpr auto gsc_aoMatKinds = Listed({ "Dolby TrueHD only", "Dolby TrueHD, obj
 constexpr auto gsc_aoMatHash = Listed({ "required", "not required" });
 constexpr auto gsc_aoSurroundSignals = Listed({ "implicit", "implicit and explicit" });
 
-constexpr SPlace gsc_o3dChannels = Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } });
-
 constexpr SRow gsc_aoAudioRows[] = {
-    { eId_CtaAudioFormat, Bits(0, 6, 3), "Audio format code", Names(gsc_aoFormats) },
-    { eId_CtaAudioExtendedFormat, Bits(2, 7, 3), "Audio format extended code", Names(gsc_aoExtended),
+    { eId_CtaAudioFormat, Audio::gsc_oFormat, "Audio format code", Names(gsc_aoFormats) },
+    { eId_CtaAudioExtendedFormat, Audio::gsc_oExtendedFormat, "Audio format extended code", Names(gsc_aoExtended),
       WhereFormat<eFormat_Extended> },
-    { eId_CtaAudioChannels, Bits(0, 2, 0), "Maximum number of channels", NumberFrom1("channels"), HasChannels },
-    { eId_CtaAudioChannels, gsc_o3dChannels, "Maximum number of channels", NumberFrom1("channels"),
+    { eId_CtaAudioChannels, Audio::gsc_oChannels, "Maximum number of channels", NumberFrom1("channels"), HasChannels },
+    { eId_CtaAudioChannels, Audio::gsc_oPcm3dChannels, "Maximum number of channels", NumberFrom1("channels"),
       WhereExtended<eExtended_Pcm3d> },
     { eId_CtaAudioMpegHLevel, Bits(0, 2, 0), "MPEG-H 3D Audio level", Names(gsc_aoMpegHLevels),
       WhereExtended<eExtended_MpegH> },
-    { eId_CtaAudio192Khz, Bit(1, 6), "192 kHz", Flag(), IsFormat, CheckRate192 },
-    { eId_CtaAudio176_4Khz, Bit(1, 5), "176.4 kHz", Flag(), IsFormat, CheckRate176 },
-    { eId_CtaAudio96Khz, Bit(1, 4), "96 kHz", Flag(), IsFormat },
-    { eId_CtaAudio88_2Khz, Bit(1, 3), "88.2 kHz", Flag(), IsFormat, CheckRateOfAc4 },
-    { eId_CtaAudio48Khz, Bit(1, 2), "48 kHz", Flag(), IsFormat },
-    { eId_CtaAudio44_1Khz, Bit(1, 1), "44.1 kHz", Flag(), IsFormat },
-    { eId_CtaAudio32Khz, Bit(1, 0), "32 kHz", Flag(), IsFormat, CheckRateOfAc4 },
-    { eId_CtaAudio24Bit, Bit(2, 2), "24 bit", Flag(), HasSampleSizes },
-    { eId_CtaAudio20Bit, Bit(2, 1), "20 bit", Flag(), HasSampleSizes },
-    { eId_CtaAudio16Bit, Bit(2, 0), "16 bit", Flag(), HasSampleSizes },
-    { eId_CtaAudioMaxBitRate, Byte(2), "Maximum bit rate", Number("kbit/s").Times(8), HasBitRate },
+    { eId_CtaAudio192Khz, Audio::gsc_o192Khz, "192 kHz", Flag(), IsFormat, CheckRate192 },
+    { eId_CtaAudio176_4Khz, Audio::gsc_o176_4Khz, "176.4 kHz", Flag(), IsFormat, CheckRate176 },
+    { eId_CtaAudio96Khz, Audio::gsc_o96Khz, "96 kHz", Flag(), IsFormat },
+    { eId_CtaAudio88_2Khz, Audio::gsc_o88_2Khz, "88.2 kHz", Flag(), IsFormat, CheckRateOfAc4 },
+    { eId_CtaAudio48Khz, Audio::gsc_o48Khz, "48 kHz", Flag(), IsFormat },
+    { eId_CtaAudio44_1Khz, Audio::gsc_o44_1Khz, "44.1 kHz", Flag(), IsFormat },
+    { eId_CtaAudio32Khz, Audio::gsc_o32Khz, "32 kHz", Flag(), IsFormat, CheckRateOfAc4 },
+    { eId_CtaAudio24Bit, Audio::gsc_o24Bit, "24 bit", Flag(), HasSampleSizes },
+    { eId_CtaAudio20Bit, Audio::gsc_o20Bit, "20 bit", Flag(), HasSampleSizes },
+    { eId_CtaAudio16Bit, Audio::gsc_o16Bit, "16 bit", Flag(), HasSampleSizes },
+    { eId_CtaAudioMaxBitRate, Audio::gsc_oMaxBitRate, "Maximum bit rate", Number("kbit/s").Times(8), HasBitRate },
     { eId_CtaAudioFormatDependentValue, Byte(2), "Audio format code dependent value", Number(), HasOwnValue },
     { eId_Unknown, Bits(2, 7, 2), "Unknown", Unknown(), WhereFormat<eFormat_EnhancedAc3> },
     { eId_CtaAudioJointObjectCodingAcmod28, Bit(2, 1), "Joint object coding with ACMOD28", Flag(),
@@ -232,7 +218,7 @@ CMString AudioSummary(const CRecord& oAudio)
     if (b3d || HasChannels(oAudio))
     {
         sText += ", ";
-        sText += FormatNumber(oAudio.Get(b3d ? gsc_o3dChannels : Bits(0, 2, 0)) + 1, 0, "channels");
+        sText += FormatNumber(oAudio.Get(b3d ? Audio::gsc_oPcm3dChannels : Bits(0, 2, 0)) + 1, 0, "channels");
     }
     return sText;
 }
@@ -257,28 +243,28 @@ constexpr SMeaning gsc_aoAllocations[] = {
 };
 
 constexpr SRow gsc_aoSpeakerRows[] = {
-    { eId_CtaSpeakersFlwFrw, Bit(0, 7), "FLw/FRw Front left/right wide", Flag() },
-    { eId_CtaSpeakersRlcRrc, Bit(0, 6), "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
-    { eId_CtaSpeakersFlcFrc, Bit(0, 5), "FLc/FRc Front left/right of center", Flag() },
-    { eId_CtaSpeakersBc, Bit(0, 4), "BC Back center", Flag() },
-    { eId_CtaSpeakersBlBr, Bit(0, 3), "BL/BR Back left/right", Flag() },
-    { eId_CtaSpeakersFc, Bit(0, 2), "FC Front center", Flag() },
-    { eId_CtaSpeakersLfe1, Bit(0, 1), "LFE1 Low frequency effects 1", Flag() },
-    { eId_CtaSpeakersFlFr, Bit(0, 0), "FL/FR Front left/right", Flag() },
-    { eId_CtaSpeakersTpsilTpsir, Bit(1, 7), "TpSiL/TpSiR Top side left/right", Flag() },
-    { eId_CtaSpeakersSilSir, Bit(1, 6), "SiL/SiR Side left/right", Flag() },
-    { eId_CtaSpeakersTpbc, Bit(1, 5), "TpBC Top back center", Flag() },
-    { eId_CtaSpeakersLfe2, Bit(1, 4), "LFE2 Low frequency effects 2", Flag() },
-    { eId_CtaSpeakersLsRs, Bit(1, 3), "LS/RS Left/right surround", Flag() },
-    { eId_CtaSpeakersTpfc, Bit(1, 2), "TpFC Top front center", Flag() },
-    { eId_CtaSpeakersTpc, Bit(1, 1), "TpC Top center", Flag() },
-    { eId_CtaSpeakersTpflTpfr, Bit(1, 0), "TpFL/TpFR Top front left/right", Flag() },
-    { eId_CtaSpeakersLsdRsd, Bit(2, 4), "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
-    { eId_CtaSpeakersTplsTprs, Bit(2, 3), "TpLS/TpRS Top left/right surround", Flag().NoteOnly(), nullptr,
+    { eId_CtaSpeakersFlwFrw, Audio::gsc_oFlwFrw, "FLw/FRw Front left/right wide", Flag() },
+    { eId_CtaSpeakersRlcRrc, Audio::gsc_oRlcRrc, "RLC/RRC Rear left/right of center", Flag(), IsOfCta },
+    { eId_CtaSpeakersFlcFrc, Audio::gsc_oFlcFrc, "FLc/FRc Front left/right of center", Flag() },
+    { eId_CtaSpeakersBc, Audio::gsc_oBc, "BC Back center", Flag() },
+    { eId_CtaSpeakersBlBr, Audio::gsc_oBlBr, "BL/BR Back left/right", Flag() },
+    { eId_CtaSpeakersFc, Audio::gsc_oFc, "FC Front center", Flag() },
+    { eId_CtaSpeakersLfe1, Audio::gsc_oLfe1, "LFE1 Low frequency effects 1", Flag() },
+    { eId_CtaSpeakersFlFr, Audio::gsc_oFlFr, "FL/FR Front left/right", Flag() },
+    { eId_CtaSpeakersTpsilTpsir, Audio::gsc_oTpSilTpSir, "TpSiL/TpSiR Top side left/right", Flag() },
+    { eId_CtaSpeakersSilSir, Audio::gsc_oSilSir, "SiL/SiR Side left/right", Flag() },
+    { eId_CtaSpeakersTpbc, Audio::gsc_oTpBc, "TpBC Top back center", Flag() },
+    { eId_CtaSpeakersLfe2, Audio::gsc_oLfe2, "LFE2 Low frequency effects 2", Flag() },
+    { eId_CtaSpeakersLsRs, Audio::gsc_oLsRs, "LS/RS Left/right surround", Flag() },
+    { eId_CtaSpeakersTpfc, Audio::gsc_oTpFc, "TpFC Top front center", Flag() },
+    { eId_CtaSpeakersTpc, Audio::gsc_oTpC, "TpC Top center", Flag() },
+    { eId_CtaSpeakersTpflTpfr, Audio::gsc_oTpFlTpFr, "TpFL/TpFR Top front left/right", Flag() },
+    { eId_CtaSpeakersLsdRsd, Audio::gsc_oLsdRsd, "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
+    { eId_CtaSpeakersTplsTprs, Audio::gsc_oTpLsTpRs, "TpLS/TpRS Top left/right surround", Flag().NoteOnly(), nullptr,
       CheckDeprecated },
-    { eId_CtaSpeakersBtflBtfr, Bit(2, 2), "BtFL/BtFR Bottom front left/right", Flag() },
-    { eId_CtaSpeakersBtfc, Bit(2, 1), "BtFC Bottom front center", Flag() },
-    { eId_CtaSpeakersTpblTpbr, Bit(2, 0), "TpBL/TpBR Top back left/right", Flag() },
+    { eId_CtaSpeakersBtflBtfr, Audio::gsc_oBtFlBtFr, "BtFL/BtFR Bottom front left/right", Flag() },
+    { eId_CtaSpeakersBtfc, Audio::gsc_oBtFc, "BtFC Bottom front center", Flag() },
+    { eId_CtaSpeakersTpblTpbr, Audio::gsc_oTpBlTpBr, "TpBL/TpBR Top back left/right", Flag() },
     { eId_CtaSpeakersAllocationType, Bits(3, 7, 4), "Audio channel allocation type", Names(gsc_aoAllocations) },
 };
 
@@ -295,14 +281,15 @@ const char* CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
 
 constexpr SRow gsc_aoHdmiHeadRows[] = {
-    { eId_CtaHdmiAudioSupportsMsNonmixed, Bit(0, 2), "Supports_MS_NonMixed", Flag().NoteOnly(), nullptr,
-      CheckNonMixed },
-    { eId_CtaHdmiAudioMaxStreamCount, Bits(0, 1, 0), "Max_Stream_Count", NumberFrom1("streams").With(gsc_aoNoStreams) },
-    { eId_CtaHdmiAudioNumHdmi3dAd, Bits(1, 2, 0), "NUM_HDMI_3D_AD", Number() },
+    { eId_CtaHdmiAudioSupportsMsNonmixed, Audio::gsc_oMultiStreamNonMixed, "Supports_MS_NonMixed", Flag().NoteOnly(),
+      nullptr, CheckNonMixed },
+    { eId_CtaHdmiAudioMaxStreamCount, Audio::gsc_oMultiStreamCount, "Max_Stream_Count",
+      NumberFrom1("streams").With(gsc_aoNoStreams) },
+    { eId_CtaHdmiAudioNumHdmi3dAd, Audio::gsc_o3dDescriptors, "NUM_HDMI_3D_AD", Number() },
 };
 constexpr STable gsc_oHdmiHeadTable = { eId_CtaHdmiAudio, "HDMI audio data block", eArea_Audio, gsc_aoHdmiHeadRows };
-constexpr unsigned int gsc_uiHdmiHeadSize = 2;
-constexpr unsigned int gsc_uiHdmiAudioSize = 4;
+using Audio::gsc_uiHdmiHeadSize;
+constexpr unsigned int gsc_uiHdmiAudioSize = Audio::gsc_uiHdmiDescriptorSize;
 
 template <unsigned int FORMAT>
 bool WhereHdmiFormat(const CRecord& oAudio)
@@ -311,18 +298,19 @@ bool WhereHdmiFormat(const CRecord& oAudio)
 }
 
 constexpr SRow gsc_aoHdmiAudioRows[] = {
-    { eId_CtaHdmiAudioFormat, Bits(0, 3, 0), "3D audio format", Names(gsc_aoFormats) },
-    { eId_CtaHdmiAudioChannels, Bits(1, 4, 0), "Maximum number of channels", NumberFrom1("channels") },
-    { eId_CtaHdmiAudio192Khz, Bit(2, 6), "192 kHz", Flag() },
-    { eId_CtaHdmiAudio176_4Khz, Bit(2, 5), "176.4 kHz", Flag() },
-    { eId_CtaHdmiAudio96Khz, Bit(2, 4), "96 kHz", Flag() },
-    { eId_CtaHdmiAudio88_2Khz, Bit(2, 3), "88.2 kHz", Flag() },
-    { eId_CtaHdmiAudio48Khz, Bit(2, 2), "48 kHz", Flag() },
-    { eId_CtaHdmiAudio44_1Khz, Bit(2, 1), "44.1 kHz", Flag() },
-    { eId_CtaHdmiAudio32Khz, Bit(2, 0), "32 kHz", Flag() },
-    { eId_CtaHdmiAudio24Bit, Bit(3, 2), "24 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
-    { eId_CtaHdmiAudio20Bit, Bit(3, 1), "20 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
-    { eId_CtaHdmiAudio16Bit, Bit(3, 0), "16 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { eId_CtaHdmiAudioFormat, Audio::gsc_o3dFormat, "3D audio format", Names(gsc_aoFormats) },
+    { eId_CtaHdmiAudioChannels, Audio::gsc_o3dDescriptorChannels, "Maximum number of channels",
+      NumberFrom1("channels") },
+    { eId_CtaHdmiAudio192Khz, Audio::gsc_o3d192Khz, "192 kHz", Flag() },
+    { eId_CtaHdmiAudio176_4Khz, Audio::gsc_o3d176_4Khz, "176.4 kHz", Flag() },
+    { eId_CtaHdmiAudio96Khz, Audio::gsc_o3d96Khz, "96 kHz", Flag() },
+    { eId_CtaHdmiAudio88_2Khz, Audio::gsc_o3d88_2Khz, "88.2 kHz", Flag() },
+    { eId_CtaHdmiAudio48Khz, Audio::gsc_o3d48Khz, "48 kHz", Flag() },
+    { eId_CtaHdmiAudio44_1Khz, Audio::gsc_o3d44_1Khz, "44.1 kHz", Flag() },
+    { eId_CtaHdmiAudio32Khz, Audio::gsc_o3d32Khz, "32 kHz", Flag() },
+    { eId_CtaHdmiAudio24Bit, Audio::gsc_o3d24Bit, "24 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { eId_CtaHdmiAudio20Bit, Audio::gsc_o3d20Bit, "20 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
+    { eId_CtaHdmiAudio16Bit, Audio::gsc_o3d16Bit, "16 bit", Flag(), WhereHdmiFormat<eFormat_Pcm> },
     { eId_CtaHdmiAudioFormatDependentValue, Byte(3), "Audio format code dependent value", Number(),
       WhereHdmiFormat<eFormat_OneBit> },
 };

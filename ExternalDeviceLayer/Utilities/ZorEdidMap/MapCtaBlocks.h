@@ -49,11 +49,6 @@ inline constexpr char gsc_szNoVideoCode[] = "no video code has this place";
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
                       std::span<const SRow, gsc_uiBits> aoRows, unsigned int uiMarks);
 
-// The luminance of an 8-bit code, in 10^-6 cd/m2: 50 * 2 ^ (code / 32), and of a minimum: maximum * (code / 255) ^ 2 /
-// 100. CTA-861-H 7.5.13.
-long long GetCtaLuminance(unsigned int uiCode);
-long long GetCtaMinimumLuminance(unsigned int uiMaximumCode, unsigned int uiCode);
-
 // ---- Data blocks ----
 
 // MapCtaVideo.cpp

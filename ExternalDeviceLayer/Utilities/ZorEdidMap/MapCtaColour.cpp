@@ -6,7 +6,7 @@
 
 #include "MapCtaBlocks.h"
 #include "MapValue.h"
-#include "Standards/CtaData.h"
+#include "Standards/ColourBlocks.h"
 
 namespace ZorMap
 {
@@ -30,19 +30,20 @@ constexpr unsigned int gsc_uiMostLuminance = 1023;
 // ---- Colorimetry Data Block: CTA-861-H 7.5.5; bits 5 and 4 of the second byte by CTA-861.6 ----
 
 constexpr SRow gsc_aoColorimetryRows[] = {
-    { eId_CtaColorimetryBt2020rgb, Bit(0, 7), "BT2020RGB", Flag() },
-    { eId_CtaColorimetryBt2020ycc, Bit(0, 6), "BT2020YCC", Flag() },
-    { eId_CtaColorimetryBt2020cycc, Bit(0, 5), "BT2020cYCC", Flag() },
-    { eId_CtaColorimetryOprgb, Bit(0, 4), "opRGB", Flag() },
-    { eId_CtaColorimetryOpycc601, Bit(0, 3), "opYCC601", Flag() },
-    { eId_CtaColorimetrySycc601, Bit(0, 2), "sYCC601", Flag() },
-    { eId_CtaColorimetryXvycc709, Bit(0, 1), "xvYCC709", Flag() },
-    { eId_CtaColorimetryXvycc601, Bit(0, 0), "xvYCC601", Flag() },
-    { eId_CtaColorimetrySt2113rgb, Bit(1, 7), "ST2113RGB", Flag() },
-    { eId_CtaColorimetryIctcp, Bit(1, 6), "ICtCp", Flag() },
-    { eId_CtaColorimetrySrgb, Bit(1, 5), "sRGB", Flag() },
-    { eId_CtaColorimetryDefaultrgb, Bit(1, 4), "defaultRGB", Flag() },
-    { eId_CtaColorimetryGamutMetadataP0, Bit(1, 0), "MD0 gamut boundary metadata profile P0", Flag() },
+    { eId_CtaColorimetryBt2020rgb, Colour::gsc_oBt2020Rgb, "BT2020RGB", Flag() },
+    { eId_CtaColorimetryBt2020ycc, Colour::gsc_oBt2020Ycc, "BT2020YCC", Flag() },
+    { eId_CtaColorimetryBt2020cycc, Colour::gsc_oBt2020CYcc, "BT2020cYCC", Flag() },
+    { eId_CtaColorimetryOprgb, Colour::gsc_oOpRgb, "opRGB", Flag() },
+    { eId_CtaColorimetryOpycc601, Colour::gsc_oOpYcc601, "opYCC601", Flag() },
+    { eId_CtaColorimetrySycc601, Colour::gsc_oSYcc601, "sYCC601", Flag() },
+    { eId_CtaColorimetryXvycc709, Colour::gsc_oXvYcc709, "xvYCC709", Flag() },
+    { eId_CtaColorimetryXvycc601, Colour::gsc_oXvYcc601, "xvYCC601", Flag() },
+    { eId_CtaColorimetrySt2113rgb, Colour::gsc_oSt2113Rgb, "ST2113RGB", Flag() },
+    { eId_CtaColorimetryIctcp, Colour::gsc_oICtCp, "ICtCp", Flag() },
+    { eId_CtaColorimetrySrgb, Colour::gsc_oSrgb, "sRGB", Flag() },
+    { eId_CtaColorimetryDefaultrgb, Colour::gsc_oDefaultRgb, "defaultRGB", Flag() },
+    { eId_CtaColorimetryGamutMetadataP0, Colour::gsc_oGamutMetadataP0, "MD0 gamut boundary metadata profile P0",
+      Flag() },
 };
 
 // ---- HDR Static Metadata Data Block: CTA-861-H 7.5.13 ----
@@ -52,11 +53,9 @@ constexpr unsigned int gsc_uiDecimals = 3;
 constexpr unsigned int gsc_uiMinimumDecimals = 5;
 constexpr long long gsc_llPerMinimum = 10;
 
-constexpr long long DivideRounded(long long llNumber, long long llBy) { return (llNumber + llBy / 2) / llBy; }
-
 long long Luminance(const CRecord& /*oRecord*/, unsigned int uiCode)
 {
-    return uiCode == 0 ? 0 : DivideRounded(GetCtaLuminance(uiCode), gsc_llPerMilli);
+    return uiCode == 0 ? 0 : Colour::DivideRounded(Colour::LuminanceOfCode(uiCode), gsc_llPerMilli);
 }
 
 constexpr unsigned int gsc_uiMaximumOffset = 2; // of the HDR Static Metadata Data Block
@@ -66,7 +65,8 @@ bool HasMaximum(const CRecord& oHdr) { return oHdr.GetByte(gsc_uiMaximumOffset) 
 
 long long StaticMinimum(const CRecord& oHdr, unsigned int uiCode)
 {
-    return DivideRounded(GetCtaMinimumLuminance(oHdr.GetByte(gsc_uiMaximumOffset), uiCode), gsc_llPerMinimum);
+    return Colour::DivideRounded(Colour::MinimumLuminanceOfCode(oHdr.GetByte(gsc_uiMaximumOffset), uiCode),
+                                 gsc_llPerMinimum);
 }
 
 const char* CheckMinimumAlone(const CRecord& /*oHdr*/, unsigned int uiCode)
@@ -83,22 +83,22 @@ const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
 constexpr SMeaning gsc_aoMinimumAlone[] = { { 0, 0, "not indicated" }, { 1, 255, "not known" } };
 
 constexpr SRow gsc_aoStaticRows[] = {
-    { eId_CtaHdrStaticHlg, Bit(0, 3), "Hybrid Log-Gamma (ITU-R BT.2100)", Flag() },
-    { eId_CtaHdrStaticSmpteSt2084, Bit(0, 2), "SMPTE ST 2084", Flag() },
-    { eId_CtaHdrStaticTraditionalGammaHdr, Bit(0, 1), "Traditional gamma, HDR luminance range", Flag() },
-    { eId_CtaHdrStaticTraditionalGammaSdr, Bit(0, 0), "Traditional gamma, SDR luminance range", Flag() },
-    { eId_CtaHdrStaticMetadataType1, Bit(1, 0), "Static metadata type 1", Flag() },
-    { eId_CtaHdrStaticMaxLuminance, CtaData::gsc_oHdrMaxLuminance, "Desired content max luminance",
+    { eId_CtaHdrStaticHlg, Colour::gsc_oHlg, "Hybrid Log-Gamma (ITU-R BT.2100)", Flag() },
+    { eId_CtaHdrStaticSmpteSt2084, Colour::gsc_oSt2084, "SMPTE ST 2084", Flag() },
+    { eId_CtaHdrStaticTraditionalGammaHdr, Colour::gsc_oGammaHdr, "Traditional gamma, HDR luminance range", Flag() },
+    { eId_CtaHdrStaticTraditionalGammaSdr, Colour::gsc_oGammaSdr, "Traditional gamma, SDR luminance range", Flag() },
+    { eId_CtaHdrStaticMetadataType1, Colour::gsc_oMetadataType1, "Static metadata type 1", Flag() },
+    { eId_CtaHdrStaticMaxLuminance, Colour::gsc_oMaxLuminanceCode, "Desired content max luminance",
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated) },
-    { eId_CtaHdrStaticMaxFrameAverageLuminance, CtaData::gsc_oHdrMaxFrameAverage,
+    { eId_CtaHdrStaticMaxFrameAverageLuminance, Colour::gsc_oMaxFrameAverageCode,
       "Desired content max frame-average luminance",
       Number("cd/m2").Computed(Luminance).Decimals(gsc_uiDecimals).With(gsc_aoZeroNotIndicated), nullptr,
       CheckFrameAverage },
-    { eId_CtaHdrStaticMinLuminance, CtaData::gsc_oHdrMinLuminance, "Desired content min luminance",
+    { eId_CtaHdrStaticMinLuminance, Colour::gsc_oMinLuminanceCode, "Desired content min luminance",
       Number("cd/m2").Computed(StaticMinimum).Decimals(gsc_uiMinimumDecimals).With(gsc_aoZeroNotIndicated),
       HasMaximum },
-    { eId_CtaHdrStaticMinLuminance, Byte(4), "Desired content min luminance", Number("cd/m2").With(gsc_aoMinimumAlone),
-      IsNot<HasMaximum>, CheckMinimumAlone },
+    { eId_CtaHdrStaticMinLuminance, Colour::gsc_oMinLuminanceCode, "Desired content min luminance",
+      Number("cd/m2").With(gsc_aoMinimumAlone), IsNot<HasMaximum>, CheckMinimumAlone },
 };
 
 // ---- HDR Dynamic Metadata Data Block: CTA-861-H 7.5.14 ----
@@ -144,13 +144,13 @@ constexpr SMeaning gsc_aoDynamicTypes[] = {
 };
 
 constexpr SRow gsc_aoDynamicRows[] = {
-    { eId_CtaHdrDynamicLength, Byte(0), "Length", Number("bytes"), nullptr, CheckDynamicLength },
-    { eId_CtaHdrDynamicType, Little16(1), "HDR dynamic metadata type", Names(gsc_aoDynamicTypes) },
-    { eId_CtaHdrDynamicSlHdr3, Bit(3, 6), "SL-HDR3", Flag(), IsSlHdr },
-    { eId_CtaHdrDynamicSlHdr2, Bit(3, 5), "SL-HDR2", Flag(), IsSlHdr },
-    { eId_CtaHdrDynamicSlHdr1, Bit(3, 4), "SL-HDR1", Flag(), IsSlHdr },
+    { eId_CtaHdrDynamicLength, Colour::gsc_oDynamicLength, "Length", Number("bytes"), nullptr, CheckDynamicLength },
+    { eId_CtaHdrDynamicType, Colour::gsc_oDynamicType, "HDR dynamic metadata type", Names(gsc_aoDynamicTypes) },
+    { eId_CtaHdrDynamicSlHdr3, Colour::gsc_oSlHdr3, "SL-HDR3", Flag(), IsSlHdr },
+    { eId_CtaHdrDynamicSlHdr2, Colour::gsc_oSlHdr2, "SL-HDR2", Flag(), IsSlHdr },
+    { eId_CtaHdrDynamicSlHdr1, Colour::gsc_oSlHdr1, "SL-HDR1", Flag(), IsSlHdr },
     { eId_Unknown, Bits(3, 6, 4), "Unknown", Unknown(), IsNoSlHdr },
-    { eId_CtaHdrDynamicVersion, Bits(3, 3, 0), "Version", Number(), HasVersion, CheckVersion },
+    { eId_CtaHdrDynamicVersion, Colour::gsc_oDynamicVersion, "Version", Number(), HasVersion, CheckVersion },
     { eId_CtaHdrDynamicOptionalFields, RunToEnd(4), "Optional fields", Bytes(), HasVersion },
     { eId_Unknown, RunToEnd(3), "Unknown", Unknown(), IsNot<HasVersion> },
 };
@@ -189,10 +189,10 @@ constexpr auto gsc_aoFullFramePeaks =
     Listed({ "10% of the peak", "20% of the peak", "40% of the peak", "80% of the peak" });
 
 constexpr SRow gsc_aoHdr10PlusRows[] = {
-    { eId_CtaHdr10PlusPeakLuminance, Bits(0, 7, 4), "Peak luminance index", Names(gsc_aoPeaks) },
-    { eId_CtaHdr10PlusFullFramePeakLuminance, Bits(0, 3, 2), "Full frame peak luminance index",
+    { eId_CtaHdr10PlusPeakLuminance, Colour::gsc_oHdr10PlusPeak, "Peak luminance index", Names(gsc_aoPeaks) },
+    { eId_CtaHdr10PlusFullFramePeakLuminance, Colour::gsc_oHdr10PlusFullFramePeak, "Full frame peak luminance index",
       Names(gsc_aoFullFramePeaks) },
-    { eId_CtaHdr10PlusApplicationVersion, CtaData::gsc_oHdr10PlusVersion, "Application version", Number() },
+    { eId_CtaHdr10PlusApplicationVersion, Colour::gsc_oHdr10PlusVersion, "Application version", Number() },
 };
 
 // ---- Vendor-Specific Video Data Block of Dolby Vision, versions 0 to 2 ----
@@ -242,7 +242,7 @@ CMString PqText(const CRecord& /*oDolby*/, unsigned int uiValue)
     constexpr long long llPerHundredth = 10000;
     const long long llLuminance = PqLuminance(uiValue * STEP + LEAST);
     CMString sText = llLuminance < llOne ? FormatNumber(llLuminance, gsc_uiPqDecimals, "cd/m2")
-                                         : FormatNumber(DivideRounded(llLuminance, llPerHundredth), 2, "cd/m2");
+                                         : FormatNumber(Colour::DivideRounded(llLuminance, llPerHundredth), 2, "cd/m2");
     sText.AppendFormat(" (PQ %u of 4095)", uiValue * STEP + LEAST);
     return sText;
 }
@@ -258,7 +258,7 @@ constexpr SForm In256(unsigned int uiLeast) { return Fraction(nullptr, 256, 5).T
 // (code / 127) ^ 2, in 10^-5 cd/m2.
 long long DolbyMinimum(const CRecord& /*oDolby*/, unsigned int uiCode)
 {
-    return DivideRounded(100000LL * uiCode * uiCode, 127LL * 127);
+    return Colour::DivideRounded(100000LL * uiCode * uiCode, 127LL * 127);
 }
 
 constexpr auto gsc_aoDolbyVersions = Listed({ "version 0", "version 1", "version 2" });
@@ -272,11 +272,10 @@ constexpr SMeaning gsc_ao444Depths[] = {
 
 // Low bits of chromaticities lie apart from their bytes.
 constexpr SRow gsc_aoDolbyRows[] = {
-    { eId_CtaDolbyVisionVersion, CtaData::gsc_oDolbyVisionVersion, "VSVDB version",
-      Number().Named(gsc_aoDolbyVersions) },
+    { eId_CtaDolbyVisionVersion, Colour::gsc_oDolbyVersion, "VSVDB version", Number().Named(gsc_aoDolbyVersions) },
     { eId_Unknown, Bits(0, 4, 0), "Unknown", Unknown(), IsNot<Is0To2> },
     { eId_Unknown, RunToEnd(1), "Unknown", Unknown(), IsNot<Is0To2> },
-    { eId_CtaDolbyVisionYuv422_12bit, Bit(0, 0), "YUV422_12bit", Flag(), Is0To2 },
+    { eId_CtaDolbyVisionYuv422_12bit, Colour::gsc_oDolbyYuv422, "YUV422_12bit", Flag(), Is0To2 },
 
     { eId_CtaDolbyVision2160p60, Bit(0, 1), "2160p60", Flag(), Is0 },
     { eId_CtaDolbyVisionGlobalDimming, Bit(0, 2), "Global dimming", Flag(), Is0 },
@@ -292,10 +291,11 @@ constexpr SRow gsc_aoDolbyRows[] = {
       Pq<1, 0>(), Is0 },
     { eId_CtaDolbyVisionTargetMaxLuminance, Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance",
       Pq<1, 0>(), Is0 },
-    { eId_CtaDolbyVisionDmMajorVersion, Bits(16, 7, 4), "Display management major version", Number(), Is0 },
-    { eId_CtaDolbyVisionDmMinorVersion, Bits(16, 3, 0), "Display management minor version", Number(), Is0 },
+    { eId_CtaDolbyVisionDmMajorVersion, Colour::gsc_oDolbyMajor0, "Display management major version", Number(), Is0 },
+    { eId_CtaDolbyVisionDmMinorVersion, Colour::gsc_oDolbyMinor0, "Display management minor version", Number(), Is0 },
 
-    { eId_CtaDolbyVisionDmVersion, Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is1 },
+    { eId_CtaDolbyVisionDmVersion, Colour::gsc_oDolbyDmVersion, "Display management version", Number().Times(1, 2),
+      Is1 },
     { eId_CtaDolbyVision2160p60, Bit(0, 1), "2160p60", Flag(), Is1 },
     { eId_CtaDolbyVisionTargetMaxLuminance, Bits(1, 7, 1), "Target maximum luminance", Number("cd/m2").Times(50, 100),
       Is1 },
@@ -303,7 +303,7 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { eId_CtaDolbyVisionTargetMinLuminance, Bits(2, 7, 1), "Target minimum luminance",
       Number("cd/m2").Computed(DolbyMinimum).Decimals(5), Is1 },
     { eId_CtaDolbyVisionColorimetry, Bit(2, 0), "Colorimetry", Flag(gsc_aoDolbyColorimetry), Is1 },
-    { eId_CtaDolbyVisionLatency, Bit(3, 0), "Latency", Flag(gsc_aoLatencies), Is1 },
+    { eId_CtaDolbyVisionLatency, Colour::gsc_oDolbyLatency1, "Latency", Flag(gsc_aoLatencies), Is1 },
     { eId_CtaDolbyVisionRedX, Byte(4), "Red x", In256(0), Is1Long },
     { eId_CtaDolbyVisionRedY, Byte(5), "Red y", In256(0), Is1Long },
     { eId_CtaDolbyVisionGreenX, Byte(6), "Green x", In256(0), Is1Long },
@@ -317,15 +317,16 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { eId_CtaDolbyVisionBlueX, Bits(3, 7, 5), "Blue x", In256(12500), Is1Short },
     { eId_CtaDolbyVisionBlueY, Bits(3, 4, 2), "Blue y", In256(3125), Is1Short },
 
-    { eId_CtaDolbyVisionDmVersion, Bits(0, 4, 2), "Display management version", Number().Times(1, 2), Is2 },
+    { eId_CtaDolbyVisionDmVersion, Colour::gsc_oDolbyDmVersion, "Display management version", Number().Times(1, 2),
+      Is2 },
     { eId_CtaDolbyVisionBacklightControl, Bit(0, 1), "Backlight control", Flag(), Is2 },
     { eId_CtaDolbyVisionTargetMinLuminance, Bits(1, 7, 3), "Target minimum luminance", Pq<20, 0>(), Is2 },
     { eId_CtaDolbyVisionGlobalDimming, Bit(1, 2), "Global dimming", Flag(), Is2 },
     { eId_CtaDolbyVisionBacklightMinLuminance, Bits(1, 1, 0), "Backlight minimum luminance",
       Number("cd/m2").Times(25, 25), Is2 },
     { eId_CtaDolbyVisionTargetMaxLuminance, Bits(2, 7, 3), "Target maximum luminance", Pq<65, 2055>(), Is2 },
-    { eId_CtaDolbyVisionInterface, Bits(2, 1, 0), "Interface", Names(gsc_aoInterfaces), Is2 },
-    { eId_CtaDolbyVision10b12b444, Split({ { 3, 0, 0 }, { 4, 0, 0 } }), "10b_12b_444", Names(gsc_ao444Depths), Is2 },
+    { eId_CtaDolbyVisionInterface, Colour::gsc_oDolbyInterface2, "Interface", Names(gsc_aoInterfaces), Is2 },
+    { eId_CtaDolbyVision10b12b444, Colour::gsc_oDolby444Depth2, "10b_12b_444", Names(gsc_ao444Depths), Is2 },
     { eId_CtaDolbyVisionGreenX, Bits(3, 7, 1), "Green x", In256(0), Is2 },
     { eId_CtaDolbyVisionGreenY, Bits(4, 7, 1), "Green y", In256(50000), Is2 },
     { eId_CtaDolbyVisionRedX, Bits(5, 7, 3), "Red x", In256(62500), Is2 },
@@ -341,13 +342,6 @@ constinit const STable g_oCtaStaticHdrTable = { eId_CtaHdrStatic, "HDR static me
                                                 gsc_aoStaticRows };
 constinit const STable g_oCtaHdr10PlusTable = { eId_CtaHdr10Plus, "HDR10+", eArea_Colour, gsc_aoHdr10PlusRows };
 constinit const STable g_oCtaDolbyVisionTable = { eId_CtaDolbyVision, "Dolby Vision", eArea_Colour, gsc_aoDolbyRows };
-
-long long GetCtaLuminance(unsigned int uiCode) { return static_cast<long long>(CtaData::GetLuminance(uiCode)); }
-
-long long GetCtaMinimumLuminance(unsigned int uiMaximumCode, unsigned int uiCode)
-{
-    return static_cast<long long>(CtaData::GetMinimumLuminance(uiMaximumCode, uiCode));
-}
 
 void MapCtaDynamicHdr(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {

@@ -13,16 +13,12 @@ namespace
 {
 // ---- HDMI Vendor-Specific Data Block: HDMI 1.4b 8.3.2 ----
 
-constexpr unsigned int gsc_uiPresentOffset = 4; // this byte says which fields follow
-constexpr unsigned int gsc_uiLatencyBit = 7;
-constexpr unsigned int gsc_uiInterlacedLatencyBit = 6;
-constexpr unsigned int gsc_uiVideoBit = 5;
+using Hdmi::gsc_uiFirstOptional;
+using Hdmi::gsc_uiLatencySize;
+using Hdmi::gsc_uiVideoSize;
 
-constexpr auto HasLatency = WhereSet<gsc_uiPresentOffset, gsc_uiLatencyBit>;
-bool HasInterlacedLatency(const CRecord& oHdmi)
-{
-    return HasLatency(oHdmi) && oHdmi.IsSet(gsc_uiPresentOffset, gsc_uiInterlacedLatencyBit);
-}
+bool HasLatency(const CRecord& oHdmi) { return Hdmi::HasLatency(oHdmi); }
+bool HasInterlacedLatency(const CRecord& oHdmi) { return Hdmi::HasInterlacedLatency(oHdmi); }
 
 CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
 {
@@ -36,32 +32,22 @@ const char* CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
     return uiClock > 340 / 5 ? "is above 340 MHz" : nullptr;
 }
 
-constexpr unsigned int gsc_uiLatencySize = 2; // and as much for interlaced formats
-constexpr unsigned int gsc_uiVideoSize = 2;   // of the fields before the HDMI_VICs
-
-// The fields after the latencies.
-unsigned int GetVideoOffset(const CRecord& oHdmi)
-{
-    return gsc_uiPresentOffset + 1 + (HasLatency(oHdmi) ? gsc_uiLatencySize : 0) +
-           (HasInterlacedLatency(oHdmi) ? gsc_uiLatencySize : 0);
-}
-
 const char* CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
 {
     return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? "is set, but the data block ends before them" : nullptr;
 }
 const char* CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
 {
-    return CheckPresent(oHdmi, uiPresent, gsc_uiPresentOffset + 1 + gsc_uiLatencySize);
+    return CheckPresent(oHdmi, uiPresent, gsc_uiFirstOptional + gsc_uiLatencySize);
 }
 const char* CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
 {
     return uiPresent != 0 && !HasLatency(oHdmi) ? "is set without Latency_Fields_Present"
-                                                : CheckPresent(oHdmi, uiPresent, GetVideoOffset(oHdmi));
+                                                : CheckPresent(oHdmi, uiPresent, Hdmi::GetVideoOffset(oHdmi));
 }
 const char* CheckVideo(const CRecord& oHdmi, unsigned int uiPresent)
 {
-    return CheckPresent(oHdmi, uiPresent, GetVideoOffset(oHdmi) + gsc_uiVideoSize);
+    return CheckPresent(oHdmi, uiPresent, Hdmi::GetVideoOffset(oHdmi) + gsc_uiVideoSize);
 }
 
 constexpr SMeaning gsc_aoLatencies[] = {
@@ -72,37 +58,34 @@ constexpr SMeaning gsc_aoLatencies[] = {
 constexpr SForm gsc_oLatency = Number("ms").Times(2, -2).With(gsc_aoLatencies);
 
 constexpr SRow gsc_aoHdmiRows[] = {
-    { eId_CtaHdmiPhysicalAddress, Big16(0), "Source physical address", Number().Text(AddressText) },
-    { eId_CtaHdmiSupportsAi, Bit(2, 7), "Supports_AI", Flag() },
-    { eId_CtaHdmiDc48bit, Bit(2, 6), "DC_48bit", Flag() },
-    { eId_CtaHdmiDc36bit, Bit(2, 5), "DC_36bit", Flag() },
-    { eId_CtaHdmiDc30bit, Bit(2, 4), "DC_30bit", Flag() },
-    { eId_CtaHdmiDcY444, Bit(2, 3), "DC_Y444", Flag() },
-    { eId_CtaHdmiDviDual, Bit(2, 0), "DVI_Dual", Flag() },
-    { eId_CtaHdmiMaxTmdsClock, Byte(3), "Max_TMDS_Clock", Number("MHz").Times(5).With(gsc_aoZeroNotIndicated), nullptr,
-      CheckTmdsClock },
-    { eId_CtaHdmiLatencyFieldsPresent, Bit(4, gsc_uiLatencyBit), "Latency_Fields_Present", Flag(), nullptr,
+    { eId_CtaHdmiPhysicalAddress, Hdmi::gsc_oPhysicalAddress, "Source physical address", Number().Text(AddressText) },
+    { eId_CtaHdmiSupportsAi, Hdmi::gsc_oSupportsAi, "Supports_AI", Flag() },
+    { eId_CtaHdmiDc48bit, Hdmi::gsc_oDeepColour48, "DC_48bit", Flag() },
+    { eId_CtaHdmiDc36bit, Hdmi::gsc_oDeepColour36, "DC_36bit", Flag() },
+    { eId_CtaHdmiDc30bit, Hdmi::gsc_oDeepColour30, "DC_30bit", Flag() },
+    { eId_CtaHdmiDcY444, Hdmi::gsc_oDeepColourY444, "DC_Y444", Flag() },
+    { eId_CtaHdmiDviDual, Hdmi::gsc_oDualLinkDvi, "DVI_Dual", Flag() },
+    { eId_CtaHdmiMaxTmdsClock, Hdmi::gsc_oMaxTmdsClock, "Max_TMDS_Clock",
+      Number("MHz").Times(5).With(gsc_aoZeroNotIndicated), nullptr, CheckTmdsClock },
+    { eId_CtaHdmiLatencyFieldsPresent, Hdmi::gsc_oLatencyPresent, "Latency_Fields_Present", Flag(), nullptr,
       CheckLatency },
-    { eId_CtaHdmiILatencyFieldsPresent, Bit(4, gsc_uiInterlacedLatencyBit), "I_Latency_Fields_Present", Flag(), nullptr,
-      CheckInterlaced },
-    { eId_CtaHdmiVideoPresent, Bit(4, gsc_uiVideoBit), "HDMI_Video_present", Flag(), nullptr, CheckVideo },
-    { eId_CtaHdmiCnc3, Bit(4, 3), "CNC3 (game)", Flag() },
-    { eId_CtaHdmiCnc2, Bit(4, 2), "CNC2 (cinema)", Flag() },
-    { eId_CtaHdmiCnc1, Bit(4, 1), "CNC1 (photo)", Flag() },
-    { eId_CtaHdmiCnc0, Bit(4, 0), "CNC0 (graphics)", Flag() },
-    { eId_CtaHdmiVideoLatency, Byte(5), "Video_Latency", gsc_oLatency, HasLatency },
-    { eId_CtaHdmiAudioLatency, Byte(6), "Audio_Latency", gsc_oLatency, HasLatency },
-    { eId_CtaHdmiInterlacedVideoLatency, Byte(7), "Interlaced_Video_Latency", gsc_oLatency, HasInterlacedLatency },
-    { eId_CtaHdmiInterlacedAudioLatency, Byte(8), "Interlaced_Audio_Latency", gsc_oLatency, HasInterlacedLatency },
+    { eId_CtaHdmiILatencyFieldsPresent, Hdmi::gsc_oInterlacedLatencyPresent, "I_Latency_Fields_Present", Flag(),
+      nullptr, CheckInterlaced },
+    { eId_CtaHdmiVideoPresent, Hdmi::gsc_oVideoPresent, "HDMI_Video_present", Flag(), nullptr, CheckVideo },
+    { eId_CtaHdmiCnc3, Hdmi::gsc_oCnc3, "CNC3 (game)", Flag() },
+    { eId_CtaHdmiCnc2, Hdmi::gsc_oCnc2, "CNC2 (cinema)", Flag() },
+    { eId_CtaHdmiCnc1, Hdmi::gsc_oCnc1, "CNC1 (photo)", Flag() },
+    { eId_CtaHdmiCnc0, Hdmi::gsc_oCnc0, "CNC0 (graphics)", Flag() },
+    { eId_CtaHdmiVideoLatency, Hdmi::gsc_oVideoLatency, "Video_Latency", gsc_oLatency, HasLatency },
+    { eId_CtaHdmiAudioLatency, Hdmi::gsc_oAudioLatency, "Audio_Latency", gsc_oLatency, HasLatency },
+    { eId_CtaHdmiInterlacedVideoLatency, Hdmi::gsc_oInterlacedVideoLatency, "Interlaced_Video_Latency", gsc_oLatency,
+      HasInterlacedLatency },
+    { eId_CtaHdmiInterlacedAudioLatency, Hdmi::gsc_oInterlacedAudioLatency, "Interlaced_Audio_Latency", gsc_oLatency,
+      HasInterlacedLatency },
 };
 constexpr STable gsc_oHdmiTable = { eId_CtaHdmi, "HDMI", eArea_Display, gsc_aoHdmiRows };
 
 // What follows the latencies, where HDMI_Video_present is set.
-enum EMulti : unsigned int
-{
-    eMulti_All = 1,       // 3D_Structure_ALL follows the HDMI_VICs
-    eMulti_AllAndMask = 2 // and 3D_MASK follows that
-};
 constexpr SMeaning gsc_aoMulti[] = {
     { 0, 0, "no 3D_Structure_ALL, no 3D_MASK" },
     { 1, 1, "3D_Structure_ALL" },
@@ -113,11 +96,11 @@ constexpr auto gsc_aoImageSizes =
     Listed({ "no additional information", "the base block's size has the right aspect ratio only",
              "the base block's size is right, in cm", "the base block's size is in 5 cm" });
 constexpr SRow gsc_aoHdmiVideoRows[] = {
-    { eId_CtaHdmi3dPresent, Bit(0, 7), "3D_present", Flag() },
-    { eId_CtaHdmi3dMultiPresent, Bits(0, 6, 5), "3D_Multi_present", Names(gsc_aoMulti) },
-    { eId_CtaHdmiImageSize, Bits(0, 4, 3), "Image_Size", Names(gsc_aoImageSizes) },
-    { eId_CtaHdmiVicLen, Bits(1, 7, 5), "HDMI_VIC_LEN", Number("bytes") },
-    { eId_CtaHdmi3dLen, Bits(1, 4, 0), "HDMI_3D_LEN", Number("bytes") },
+    { eId_CtaHdmi3dPresent, Hdmi::gsc_o3dPresent, "3D_present", Flag() },
+    { eId_CtaHdmi3dMultiPresent, Hdmi::gsc_o3dMultiPresent, "3D_Multi_present", Names(gsc_aoMulti) },
+    { eId_CtaHdmiImageSize, Hdmi::gsc_oImageSize, "Image_Size", Names(gsc_aoImageSizes) },
+    { eId_CtaHdmiVicLen, Hdmi::gsc_oVicCount, "HDMI_VIC_LEN", Number("bytes") },
+    { eId_CtaHdmi3dLen, Hdmi::gsc_o3dLength, "HDMI_3D_LEN", Number("bytes") },
 };
 constexpr STable gsc_oHdmiVideoTable = { eId_CtaHdmi, "HDMI video", eArea_Display, gsc_aoHdmiVideoRows };
 
@@ -148,16 +131,14 @@ constexpr SRow gsc_aoStructureAllRows[] = {
 };
 constexpr STable gsc_oStructureAllTable = { eId_CtaHdmi3dStructureAll, "3D_Structure_ALL", eArea_Timing,
                                             gsc_aoStructureAllRows };
-constexpr unsigned int gsc_uiStructureAllSize = 2;
-constexpr unsigned int gsc_uiMaskSize = 2;
+using Hdmi::gsc_uiMaskSize;
+using Hdmi::gsc_uiStructureAllSize;
 
 constexpr auto gsc_aoInMask = Listed({ "not in 3D", "in 3D" });
 constexpr auto gsc_aoMaskRows =
     BitRows(eId_CtaHdmi3dMaskPlace, "Place without a video code", Flag(gsc_aoInMask).Mode(MakeCodeMode<MakeVideoMode>));
 
-constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a byte 3D_Detail
-
-bool HasDetail(const CRecord& oItem) { return oItem.GetBits(0, 3, 0) >= gsc_uiFirstWithDetail; }
+bool HasDetail(const CRecord& oItem) { return oItem.Get(Hdmi::gsc_oStructure) >= Hdmi::gsc_uiFirstWithDetail; }
 
 constexpr SMeaning gsc_aoStructures[] = {
     { 0, 0, "frame packing" },       { 1, 1, "field alternative" }, { 2, 2, "line alternative" },
@@ -176,10 +157,10 @@ constexpr SMeaning gsc_aoDetails[] = {
     { 10, 10, "quincunx, even left, even right" },
     { 11, 15, gsc_szReserved },
 };
-constexpr SRow gsc_oOrderRow = { eId_CtaHdmi2dVicOrder, Bits(0, 7, 4), "2D_VIC_order",
+constexpr SRow gsc_oOrderRow = { eId_CtaHdmi2dVicOrder, Hdmi::gsc_oVicOrder, "2D_VIC_order",
                                  Number().Mode(MakeCodeMode<MakeVideoMode>) };
 constexpr SRow gsc_aoItemRows[] = {
-    { eId_CtaHdmi3dStructure, Bits(0, 3, 0), "3D_Structure", Names(gsc_aoStructures) },
+    { eId_CtaHdmi3dStructure, Hdmi::gsc_oStructure, "3D_Structure", Names(gsc_aoStructures) },
     { eId_CtaHdmi3dDetail, Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },
 };
 constexpr STable gsc_oItemTable = { eId_CtaHdmi3dFormat, "3D format", eArea_Timing, gsc_aoItemRows };
@@ -259,47 +240,50 @@ constexpr SMeaning gsc_aoSlices[] = {
 };
 
 constexpr SRow gsc_aoSinkRows[] = {
-    { eId_CtaHdmiForumVersion, Byte(0), "Version", Number().Expect(1, "version is not published") },
-    { eId_CtaHdmiForumMaxTmdsCharacterRate, Hdmi::gsc_oMaxTmdsRate, "Max_TMDS_Character_Rate",
+    { eId_CtaHdmiForumVersion, HdmiForum::gsc_oVersion, "Version", Number().Expect(1, "version is not published") },
+    { eId_CtaHdmiForumMaxTmdsCharacterRate, HdmiForum::gsc_oMaxTmdsCharacterRate, "Max_TMDS_Character_Rate",
       Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
-    { eId_CtaHdmiForumScdcPresent, Hdmi::gsc_oScdc, "SCDC_Present", Flag() },
-    { eId_CtaHdmiForumRrCapable, Hdmi::gsc_oReadRequest, "RR_Capable", Flag() },
-    { eId_CtaHdmiForumCableStatus, Bit(2, 5), "CABLE_STATUS", Flag() },
-    { eId_CtaHdmiForumCcbpci, Bit(2, 4), "CCBPCI", Flag() },
-    { eId_CtaHdmiForumLte340mcscScramble, Hdmi::gsc_oLowScrambling, "LTE_340Mcsc_scramble", Flag() },
-    { eId_CtaHdmiForumIndependentView, Bit(2, 2), "Independent_view", Flag() },
-    { eId_CtaHdmiForumDualView, Bit(2, 1), "Dual_View", Flag() },
-    { eId_CtaHdmiForum3dOsdDisparity, Bit(2, 0), "3D_OSD_Disparity", Flag() },
-    { eId_CtaHdmiForumMaxFrlRate, Hdmi::gsc_oMaxFrlRate, "Max_FRL_Rate", Names(gsc_aoFrlRates) },
-    { eId_CtaHdmiForumUhdVic, Bit(3, 3), "UHD_VIC", Flag() },
-    { eId_CtaHdmiForumDc48bit420, Hdmi::gsc_oDeepColour48In420, "DC_48bit_420", Flag() },
-    { eId_CtaHdmiForumDc36bit420, Hdmi::gsc_oDeepColour36In420, "DC_36bit_420", Flag() },
-    { eId_CtaHdmiForumDc30bit420, Hdmi::gsc_oDeepColour30In420, "DC_30bit_420", Flag() },
-    { eId_CtaHdmiForumFapaEndExtended, Bit(4, 7), "FAPA_End_Extended", Flag() },
-    { eId_CtaHdmiForumQms, Hdmi::gsc_oQms, "QMS", Flag() },
-    { eId_CtaHdmiForumMDelta, Bit(4, 5), "M_Delta", Flag() },
-    { eId_CtaHdmiForumCinemaVrr, Hdmi::gsc_oCinemaVrr, "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
-    { eId_CtaHdmiForumCnmvrr, Hdmi::gsc_oNegativeMVrr, "CNMVRR", Flag() },
-    { eId_CtaHdmiForumFva, Hdmi::gsc_oFastVactive, "FVA", Flag() },
-    { eId_CtaHdmiForumAllm, Hdmi::gsc_oAllm, "ALLM", Flag() },
-    { eId_CtaHdmiForumFapaStartLocation, Bit(4, 0), "FAPA_start_location", Flag() },
-    { eId_CtaHdmiForumVrrMax, Hdmi::gsc_oVrrMax, "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax), nullptr, CheckVrrMax },
-    { eId_CtaHdmiForumVrrMin, Hdmi::gsc_oVrrMin, "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
-    { eId_CtaHdmiForumDsc1p2, Hdmi::gsc_oDsc, "DSC_1p2", Flag() },
-    { eId_CtaHdmiForumDscNative420, Hdmi::gsc_oDscNative420, "DSC_Native_420", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumQmsTfrMax, Bit(7, 5), "QMS_TFR_max", Flag(), nullptr, CheckQms },
-    { eId_CtaHdmiForumQmsTfrMin, Bit(7, 4), "QMS_TFR_min", Flag(), nullptr, CheckQms },
-    { eId_CtaHdmiForumDscAllBpp, Hdmi::gsc_oDscAllBpp, "DSC_All_bpp", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDsc16bpc, Hdmi::gsc_oDsc16, "DSC_16bpc", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDsc12bpc, Hdmi::gsc_oDsc12, "DSC_12bpc", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDsc10bpc, Hdmi::gsc_oDsc10, "DSC_10bpc", Flag(), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDscMaxFrlRate, Hdmi::gsc_oDscMaxFrlRate, "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr,
+    { eId_CtaHdmiForumScdcPresent, HdmiForum::gsc_oScdcPresent, "SCDC_Present", Flag() },
+    { eId_CtaHdmiForumRrCapable, HdmiForum::gsc_oRrCapable, "RR_Capable", Flag() },
+    { eId_CtaHdmiForumCableStatus, HdmiForum::gsc_oCableStatus, "CABLE_STATUS", Flag() },
+    { eId_CtaHdmiForumCcbpci, HdmiForum::gsc_oCcbpci, "CCBPCI", Flag() },
+    { eId_CtaHdmiForumLte340mcscScramble, HdmiForum::gsc_oLte340mcscScramble, "LTE_340Mcsc_scramble", Flag() },
+    { eId_CtaHdmiForumIndependentView, HdmiForum::gsc_oIndependentView, "Independent_view", Flag() },
+    { eId_CtaHdmiForumDualView, HdmiForum::gsc_oDualView, "Dual_View", Flag() },
+    { eId_CtaHdmiForum3dOsdDisparity, HdmiForum::gsc_o3dOsdDisparity, "3D_OSD_Disparity", Flag() },
+    { eId_CtaHdmiForumMaxFrlRate, HdmiForum::gsc_oMaxFrlRate, "Max_FRL_Rate", Names(gsc_aoFrlRates) },
+    { eId_CtaHdmiForumUhdVic, HdmiForum::gsc_oUhdVic, "UHD_VIC", Flag() },
+    { eId_CtaHdmiForumDc48bit420, HdmiForum::gsc_oDc48bit420, "DC_48bit_420", Flag() },
+    { eId_CtaHdmiForumDc36bit420, HdmiForum::gsc_oDc36bit420, "DC_36bit_420", Flag() },
+    { eId_CtaHdmiForumDc30bit420, HdmiForum::gsc_oDc30bit420, "DC_30bit_420", Flag() },
+    { eId_CtaHdmiForumFapaEndExtended, HdmiForum::gsc_oFapaEndExtended, "FAPA_End_Extended", Flag() },
+    { eId_CtaHdmiForumQms, HdmiForum::gsc_oQms, "QMS", Flag() },
+    { eId_CtaHdmiForumMDelta, HdmiForum::gsc_oMDelta, "M_Delta", Flag() },
+    { eId_CtaHdmiForumCinemaVrr, HdmiForum::gsc_oCinemaVrr, "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
+    { eId_CtaHdmiForumCnmvrr, HdmiForum::gsc_oCnmVrr, "CNMVRR", Flag() },
+    { eId_CtaHdmiForumFva, HdmiForum::gsc_oFva, "FVA", Flag() },
+    { eId_CtaHdmiForumAllm, HdmiForum::gsc_oAllm, "ALLM", Flag() },
+    { eId_CtaHdmiForumFapaStartLocation, HdmiForum::gsc_oFapaStartLocation, "FAPA_start_location", Flag() },
+    { eId_CtaHdmiForumVrrMax, HdmiForum::gsc_oVrrMax, "VRR_MAX", Number("Hz").With(gsc_aoNoVrrMax), nullptr,
+      CheckVrrMax },
+    { eId_CtaHdmiForumVrrMin, HdmiForum::gsc_oVrrMin, "VRR_MIN", Number("Hz").With(gsc_aoNoVrr), nullptr, CheckVrrMin },
+    { eId_CtaHdmiForumDsc1p2, HdmiForum::gsc_oDsc1p2, "DSC_1p2", Flag() },
+    { eId_CtaHdmiForumDscNative420, HdmiForum::gsc_oDscNative420, "DSC_Native_420", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumQmsTfrMax, HdmiForum::gsc_oQmsTfrMax, "QMS_TFR_max", Flag(), nullptr, CheckQms },
+    { eId_CtaHdmiForumQmsTfrMin, HdmiForum::gsc_oQmsTfrMin, "QMS_TFR_min", Flag(), nullptr, CheckQms },
+    { eId_CtaHdmiForumDscAllBpp, HdmiForum::gsc_oDscAllBpp, "DSC_All_bpp", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc16bpc, HdmiForum::gsc_oDsc16bpc, "DSC_16bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc12bpc, HdmiForum::gsc_oDsc12bpc, "DSC_12bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDsc10bpc, HdmiForum::gsc_oDsc10bpc, "DSC_10bpc", Flag(), nullptr, CheckDsc },
+    { eId_CtaHdmiForumDscMaxFrlRate, HdmiForum::gsc_oDscMaxFrlRate, "DSC_Max_FRL_Rate", Names(gsc_aoFrlRates), nullptr,
       CheckDsc },
-    { eId_CtaHdmiForumDscMaxSlices, Hdmi::gsc_oDscMaxSlices, "DSC_MaxSlices", Names(gsc_aoSlices), nullptr, CheckDsc },
-    { eId_CtaHdmiForumDscTotalChunkKbytes, Hdmi::gsc_oDscChunk, "DSC_TotalChunkKBytes",
+    { eId_CtaHdmiForumDscMaxSlices, HdmiForum::gsc_oDscMaxSlices, "DSC_MaxSlices", Names(gsc_aoSlices), nullptr,
+      CheckDsc },
+    { eId_CtaHdmiForumDscTotalChunkKbytes, HdmiForum::gsc_oDscTotalChunkKbytes, "DSC_TotalChunkKBytes",
       Number("bytes").Times(1024, 1024), nullptr, CheckDsc },
 };
 constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eArea_Display, gsc_aoSinkRows };
+using HdmiForum::gsc_uiSinkSkip;
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
 
@@ -335,9 +319,9 @@ bool HasPrimaries(const CRecord& oTone) { return HasDrdm(oTone) && oTone.GetBits
 constexpr SForm gsc_oChromaticity = Fraction(nullptr, 50000, 5);
 
 constexpr SRow gsc_aoToneRows[] = {
-    { eId_CtaToneMappingDrdm, Bit(0, 7), "DRDM support", Flag() },
-    { eId_CtaToneMappingGrdm, Bits(0, 6, 5), "GRDM support", Names(gsc_aoGrdm) },
-    { eId_CtaToneMappingVersion, Bits(0, 3, 0), "Version", Number() },
+    { eId_CtaToneMappingDrdm, HdmiForum::gsc_oToneMappingDrdm, "DRDM support", Flag() },
+    { eId_CtaToneMappingGrdm, HdmiForum::gsc_oToneMappingGrdm, "GRDM support", Names(gsc_aoGrdm) },
+    { eId_CtaToneMappingVersion, HdmiForum::gsc_oToneMappingVersion, "Version", Number() },
     { eId_CtaToneMappingGamut, Bits(1, 7, 6), "Gamut", Names(gsc_aoGamuts), HasDrdm },
     { eId_CtaToneMappingMaxRgb, Bit(1, 5), "MaxRGB", Flag(), HasDrdm },
     { eId_CtaToneMappingUseHgigDrdm, Bit(1, 4), "Use HGIG DRDM", Flag(), HasDrdm },
@@ -403,9 +387,9 @@ constexpr SRow gsc_oCutMaskRow = { eId_CtaHdmi3dMask, RunToEnd(0), "3D_MASK", Un
 
 unsigned int GetMultiSize(unsigned int uiMulti)
 {
-    return uiMulti == eMulti_All          ? gsc_uiStructureAllSize
-           : uiMulti == eMulti_AllAndMask ? gsc_uiStructureAllSize + gsc_uiMaskSize
-                                          : 0;
+    return uiMulti == Hdmi::eMulti_All          ? gsc_uiStructureAllSize
+           : uiMulti == Hdmi::eMulti_AllAndMask ? gsc_uiStructureAllSize + gsc_uiMaskSize
+                                                : 0;
 }
 
 // What precedes the 3D formats, as far as it is present.
@@ -491,8 +475,8 @@ void MapCtaHdmi(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     const CRecord oHdmi = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength);
     oWriter.AddRows(gsc_oHdmiTable, oPayload.m_uiOffset, oPayload.m_uiLength);
-    const unsigned int uiVideo = GetVideoOffset(oHdmi);
-    if (oHdmi.IsSet(gsc_uiPresentOffset, gsc_uiVideoBit) && uiVideo + gsc_uiVideoSize <= oPayload.m_uiLength)
+    const unsigned int uiVideo = Hdmi::GetVideoOffset(oHdmi);
+    if (oHdmi.Get(Hdmi::gsc_oVideoPresent) != 0 && uiVideo + gsc_uiVideoSize <= oPayload.m_uiLength)
     {
         AddHdmiVideo(oWriter, oPayload, oPayload.m_uiOffset + uiVideo);
     }
@@ -505,10 +489,9 @@ void MapCtaHdmiForum(CMapWriter& oWriter, const SCtaPayload& oPayload)
 
 void MapCtaHdmiSink(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
-    if (oPayload.m_uiLength > Hdmi::gsc_uiSinkSkip)
+    if (oPayload.m_uiLength > gsc_uiSinkSkip)
     {
-        oWriter.AddRows(gsc_oSinkTable, oPayload.m_uiOffset + Hdmi::gsc_uiSinkSkip,
-                        oPayload.m_uiLength - Hdmi::gsc_uiSinkSkip);
+        oWriter.AddRows(gsc_oSinkTable, oPayload.m_uiOffset + gsc_uiSinkSkip, oPayload.m_uiLength - gsc_uiSinkSkip);
     }
 }
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "MapCtaBlocks.h"
-#include "Standards/CtaData.h"
+#include "Standards/ColourBlocks.h"
+#include "Standards/VendorBlocks.h"
 
 namespace ZorMap
 {
@@ -11,28 +12,32 @@ namespace
 {
 // ---- AMD: variable refresh rate. Not published; what is known comes from drivers ----
 
-constexpr unsigned int gsc_uiAmdVersionWithHdr = 2;
-constexpr unsigned int gsc_uiAmdHdrSize = 10;
 constexpr unsigned int gsc_uiAmdMinimumRateOffset = 2;
 constexpr unsigned int gsc_uiAmdMaximumOffset = 6;
 constexpr unsigned int gsc_uiAmdSecondMaximumOffset = 8;
 
-bool HasAmdWideRate(const CRecord& oAmd) { return CtaData::HasAmdWideRate(oAmd); }
+bool HasAmdWideRate(const CRecord& oAmd)
+{
+    return oAmd.GetByte(0) >= Amd::gsc_uiVersionWithWideRate && oAmd.GetSize() >= Amd::gsc_uiWideSize;
+}
 
 bool HasAmdHdr(const CRecord& oAmd)
 {
-    return oAmd.GetByte(0) >= gsc_uiAmdVersionWithHdr && oAmd.GetSize() >= gsc_uiAmdHdrSize && oAmd.IsSet(1, 1);
+    return oAmd.GetByte(0) >= Amd::gsc_uiVersionWithHdr && oAmd.GetSize() >= Amd::gsc_uiHdrSize && oAmd.IsSet(1, 1);
 }
 
 constexpr unsigned int gsc_uiDecimals = 3;
-constexpr unsigned int gsc_uiMinimumDecimals = 6; // GetCtaMinimumLuminance is in 10^-6
+constexpr unsigned int gsc_uiMinimumDecimals = 6; // Colour::MinimumLuminanceOfCode is in 10^-6
 
-long long AmdMaximum(const CRecord& /*oAmd*/, unsigned int uiCode) { return (GetCtaLuminance(uiCode) + 500) / 1000; }
+long long AmdMaximum(const CRecord& /*oAmd*/, unsigned int uiCode)
+{
+    return (Colour::LuminanceOfCode(uiCode) + 500) / 1000;
+}
 
 template <unsigned int MAXIMUM>
 long long AmdMinimum(const CRecord& oAmd, unsigned int uiCode)
 {
-    return GetCtaMinimumLuminance(oAmd.GetByte(MAXIMUM), uiCode);
+    return Colour::MinimumLuminanceOfCode(oAmd.GetByte(MAXIMUM), uiCode);
 }
 
 const char* CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
@@ -47,24 +52,25 @@ constexpr SForm AmdMinimumForm(long long (*pfnNumber)(const CRecord&, unsigned i
 }
 
 constexpr SRow gsc_aoAmdRows[] = {
-    { eId_CtaAmdVersion, Byte(0), "Version", Number() },
+    { eId_CtaAmdVersion, Amd::gsc_oVersion, "Version", Number() },
     { eId_Unknown, Bits(1, 7, 2), "Unknown", Unknown() },
-    { eId_CtaAmdLuminancesValid, Bit(1, 1), "Luminances are valid", Flag() },
+    { eId_CtaAmdLuminancesValid, Amd::gsc_oLuminancesValid, "Luminances are valid", Flag() },
     { eId_Unknown, Bit(1, 0), "Unknown", Unknown() },
-    { eId_CtaAmdMinRefreshRate, CtaData::gsc_oAmdMinRate, "Minimum refresh rate", Number("Hz") },
-    { eId_CtaAmdMaxRefreshRate, CtaData::gsc_oAmdMaxRate, "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>,
+    { eId_CtaAmdMinRefreshRate, Amd::gsc_oMinRefreshRate, "Minimum refresh rate", Number("Hz") },
+    { eId_CtaAmdMaxRefreshRate, Amd::gsc_oMaxRefreshRate, "Maximum refresh rate", Number("Hz"), IsNot<HasAmdWideRate>,
       CheckAmdRate },
     { eId_Unknown, Byte(3), "Unknown", Unknown(), HasAmdWideRate },
     { eId_Unknown, Byte(4), "Unknown", Unknown() },
     { eId_Unknown, Byte(5), "Unknown", Unknown() },
-    { eId_CtaAmdMaxLuminance, Byte(6), "Maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
-    { eId_CtaAmdMinLuminance, Byte(7), "Minimum luminance", AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>),
+    { eId_CtaAmdMaxLuminance, Amd::gsc_oMaxLuminance, "Maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
+    { eId_CtaAmdMinLuminance, Amd::gsc_oMinLuminance, "Minimum luminance",
+      AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>), HasAmdHdr },
+    { eId_CtaAmdSecondMaxLuminance, Amd::gsc_oSecondMaxLuminance, "Second maximum luminance", gsc_oAmdMaximum,
       HasAmdHdr },
-    { eId_CtaAmdSecondMaxLuminance, Byte(8), "Second maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
-    { eId_CtaAmdSecondMinLuminance, Byte(9), "Second minimum luminance",
+    { eId_CtaAmdSecondMinLuminance, Amd::gsc_oSecondMinLuminance, "Second minimum luminance",
       AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
     { eId_Unknown, Run(6, 4), "Unknown", Unknown(), IsNot<HasAmdHdr> },
-    { eId_CtaAmdMaxRefreshRate, CtaData::gsc_oAmdWideMaxRate, "Maximum refresh rate", Number("Hz"), HasAmdWideRate,
+    { eId_CtaAmdMaxRefreshRate, Amd::gsc_oWideMaxRefreshRate, "Maximum refresh rate", Number("Hz"), HasAmdWideRate,
       CheckAmdRate },
     { eId_Unknown, Bits(11, 7, 2), "Unknown", Unknown(), HasAmdWideRate },
     { eId_Unknown, RunToEnd(10), "Unknown", Unknown(), IsNot<HasAmdWideRate> },
@@ -73,9 +79,7 @@ constexpr SRow gsc_aoAmdRows[] = {
 
 // ---- Microsoft: head-mounted and specialised displays ----
 
-constexpr unsigned int gsc_uiMicrosoftVersionWithUsage = 3;
-
-bool HasUsage(const CRecord& oMicrosoft) { return oMicrosoft.GetByte(0) >= gsc_uiMicrosoftVersionWithUsage; }
+bool HasUsage(const CRecord& oMicrosoft) { return oMicrosoft.GetByte(0) >= Microsoft::gsc_uiVersionWithUsage; }
 
 constexpr SMeaning gsc_aoUseCases[] = {
     { 0, 0, "unknown" },
@@ -97,11 +101,11 @@ constexpr SMeaning gsc_aoUseCases[] = {
 };
 
 constexpr SRow gsc_aoMicrosoftRows[] = {
-    { eId_CtaMicrosoftVersion, Byte(0), "Version", Number() },
-    { eId_CtaMicrosoftDesktopUsage, Bit(1, 6), "Desktop usage", Flag(), HasUsage },
+    { eId_CtaMicrosoftVersion, Microsoft::gsc_oVersion, "Version", Number() },
+    { eId_CtaMicrosoftDesktopUsage, Microsoft::gsc_oDesktopUsage, "Desktop usage", Flag(), HasUsage },
     { eId_CtaMicrosoftThirdPartyUsage, Bit(1, 5), "Third-party usage", Flag(), HasUsage },
-    { eId_CtaMicrosoftUseCase, Bits(1, 4, 0), "Display product primary use case", Names(gsc_aoUseCases) },
-    ContainerIdRow<2>(eId_CtaMicrosoftContainerId),
+    { eId_CtaMicrosoftUseCase, Microsoft::gsc_oUseCase, "Display product primary use case", Names(gsc_aoUseCases) },
+    ContainerIdRow<Microsoft::gsc_uiContainerIdOffset>(eId_CtaMicrosoftContainerId),
 };
 
 // ---- UHD Alliance: Filmmaker Mode ----
@@ -175,33 +179,37 @@ constexpr auto gsc_aoRateConversions = Listed({ "none", "single buffering", "dou
 constexpr SForm gsc_oPrimary = Fraction(nullptr, 1024, 5);
 
 constexpr SRow gsc_aoDeviceRows[] = {
-    { eId_CtaDisplayDeviceInterfaceType, Bits(0, 7, 4), "Interface type", Names(gsc_aoInterfaces) },
+    { eId_CtaDisplayDeviceInterfaceType, DisplayDevice::gsc_oInterfaceType, "Interface type", Names(gsc_aoInterfaces) },
     { eId_CtaDisplayDeviceAnalogSubtype, Bits(0, 3, 0), "Analog interface subtype", Names(gsc_aoAnalogTypes),
       IsAnalogInterface },
-    { eId_CtaDisplayDeviceLanes, Bits(0, 3, 0), "Number of lanes or channels", Number(), IsNot<IsAnalogInterface> },
+    { eId_CtaDisplayDeviceLanes, DisplayDevice::gsc_oLanes, "Number of lanes or channels", Number(),
+      IsNot<IsAnalogInterface> },
     { eId_CtaDisplayDeviceInterfaceVersion, Bits(1, 7, 4), "Interface version", Number() },
     { eId_CtaDisplayDeviceInterfaceRelease, Bits(1, 3, 0), "Interface release", Number() },
     { eId_CtaDisplayDeviceContentProtection, Byte(2), "Content protection support", Names(gsc_aoProtections) },
     { eId_CtaDisplayDeviceMinClock, Bits(3, 7, 2), "Minimum clock frequency", Number("MHz").With(gsc_aoNotSpecified) },
-    { eId_CtaDisplayDeviceMaxClock, Split({ { 3, 1, 0 }, { 4, 7, 0 } }), "Maximum clock frequency",
+    { eId_CtaDisplayDeviceMaxClock, DisplayDevice::gsc_oMaxClock, "Maximum clock frequency",
       Number("MHz").With(gsc_aoNotSpecified), nullptr, CheckClock },
-    { eId_CtaDisplayDeviceHorizontalPixels, Little16(5), "Native horizontal pixels",
+    { eId_CtaDisplayDeviceHorizontalPixels, DisplayDevice::gsc_oHorizontalPixels, "Native horizontal pixels",
       Number("pixels").With(gsc_aoNotSpecified) },
-    { eId_CtaDisplayDeviceVerticalPixels, Little16(7), "Native vertical pixels",
+    { eId_CtaDisplayDeviceVerticalPixels, DisplayDevice::gsc_oVerticalPixels, "Native vertical pixels",
       Number("pixels").With(gsc_aoNotSpecified) },
-    { eId_CtaDisplayDeviceAspectRatio, Byte(9), "Aspect ratio", HundredthsFrom1() },
-    { eId_CtaDisplayDeviceDefaultOrientation, Bits(10, 7, 6), "Default orientation", Names(gsc_aoOrientations) },
-    { eId_CtaDisplayDeviceRotationCapability, Bits(10, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
+    { eId_CtaDisplayDeviceAspectRatio, DisplayDevice::gsc_oAspectRatio, "Aspect ratio", HundredthsFrom1() },
+    { eId_CtaDisplayDeviceDefaultOrientation, DisplayDevice::gsc_oDefaultOrientation, "Default orientation",
+      Names(gsc_aoOrientations) },
+    { eId_CtaDisplayDeviceRotationCapability, DisplayDevice::gsc_oRotationCapability, "Rotation capability",
+      Names(gsc_aoRotations) },
     { eId_CtaDisplayDeviceZeroPixelLocation, Bits(10, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
     { eId_CtaDisplayDeviceScanDirection, Bits(10, 1, 0), "Scan direction", Names(gsc_aoFastScans) },
-    { eId_CtaDisplayDeviceSubPixelLayout, Byte(11), "Subpixel layout", Names(gsc_aoSubpixels) },
+    { eId_CtaDisplayDeviceSubPixelLayout, DisplayDevice::gsc_oSubPixelLayout, "Subpixel layout",
+      Names(gsc_aoSubpixels) },
     { eId_CtaDisplayDeviceHorizontalPitch, Byte(12), "Horizontal pixel pitch", Number("mm").Decimals(2) },
     { eId_CtaDisplayDeviceVerticalPitch, Byte(13), "Vertical pixel pitch", Number("mm").Decimals(2) },
     { eId_CtaDisplayDeviceDithering, Bits(14, 7, 6), "Dithering", Names(gsc_aoDithering) },
     { eId_CtaDisplayDeviceDirectDrive, Bit(14, 5), "Direct drive", Flag() },
     { eId_CtaDisplayDeviceOverdriveNotRecommended, Bit(14, 4), "Overdrive not recommended", Flag() },
     { eId_CtaDisplayDeviceDeinterlacing, Bit(14, 3), "Deinterlacing", Flag() },
-    { eId_CtaDisplayDeviceAudioSupport, Bit(15, 7), "Audio support", Flag() },
+    { eId_CtaDisplayDeviceAudioSupport, DisplayDevice::gsc_oAudioSupport, "Audio support", Flag() },
     { eId_CtaDisplayDeviceSeparateAudioInputs, Bit(15, 6), "Separate audio inputs", Flag() },
     { eId_CtaDisplayDeviceAudioInputOverride, Bit(15, 5), "Audio input override", Flag() },
     { eId_CtaDisplayDeviceAudioDelaySign, Bit(16, 7), "Audio delay sign", Flag(gsc_aoSigns), HasDelay },
@@ -210,8 +218,10 @@ constexpr SRow gsc_aoDeviceRows[] = {
     { eId_CtaDisplayDeviceFrameRateConversion, Bits(17, 7, 6), "Frame rate conversion", Names(gsc_aoRateConversions) },
     { eId_CtaDisplayDeviceFrameRateRange, Bits(17, 5, 0), "Frame rate range", Number("Hz") },
     { eId_CtaDisplayDeviceFrameRate, Byte(18), "Native or nominal frame rate", Number("Hz") },
-    { eId_CtaDisplayDeviceInterfaceBitDepth, Bits(19, 7, 4), "Color bit depth of the interface", NumberFrom1("bits") },
-    { eId_CtaDisplayDeviceDisplayBitDepth, Bits(19, 3, 0), "Color bit depth of the display", NumberFrom1("bits") },
+    { eId_CtaDisplayDeviceInterfaceBitDepth, DisplayDevice::gsc_oInterfaceBitDepth, "Color bit depth of the interface",
+      NumberFrom1("bits") },
+    { eId_CtaDisplayDeviceDisplayBitDepth, DisplayDevice::gsc_oDisplayBitDepth, "Color bit depth of the display",
+      NumberFrom1("bits") },
     { eId_CtaDisplayDevicePrimary4X, Split({ { 22, 7, 0 }, { 20, 7, 6 } }), "Primary 4 x", gsc_oPrimary,
       HasPrimaries<1> },
     { eId_CtaDisplayDevicePrimary4Y, Split({ { 23, 7, 0 }, { 20, 5, 4 } }), "Primary 4 y", gsc_oPrimary,

@@ -5,7 +5,7 @@
 
 #include "MapCtaBlocks.h"
 #include "MapModes.h"
-#include "Standards/CtaData.h"
+#include "Standards/CtaBlocks.h"
 
 namespace ZorMap
 {
@@ -119,12 +119,15 @@ bool IsSizeInTenths(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && !oRe
 bool IsSizeInWhole(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && oRecord.IsSet(1, 7); }
 
 constexpr SRow gsc_aoNativeRows[] = {
-    { eId_CtaNativeResolutionSizePrecision, Bit(1, 7), "Image size precision", Flag(gsc_aoPrecisions) },
-    { eId_CtaNativeResolutionSizePresent, Bit(1, 0), "Image size present", Flag() },
-    { eId_CtaNativeResolutionImageWidth, Little16(2), "Image width", Number("mm").Decimals(1), IsSizeInTenths },
-    { eId_CtaNativeResolutionImageHeight, Little16(4), "Image height", Number("mm").Decimals(1), IsSizeInTenths },
-    { eId_CtaNativeResolutionImageWidth, Little16(2), "Image width", Number("mm"), IsSizeInWhole },
-    { eId_CtaNativeResolutionImageHeight, Little16(4), "Image height", Number("mm"), IsSizeInWhole },
+    { eId_CtaNativeResolutionSizePrecision, Cta::gsc_oNativeSizeInMillimetres, "Image size precision",
+      Flag(gsc_aoPrecisions) },
+    { eId_CtaNativeResolutionSizePresent, Cta::gsc_oNativeSizePresent, "Image size present", Flag() },
+    { eId_CtaNativeResolutionImageWidth, Cta::gsc_oNativeImageWidth, "Image width", Number("mm").Decimals(1),
+      IsSizeInTenths },
+    { eId_CtaNativeResolutionImageHeight, Cta::gsc_oNativeImageHeight, "Image height", Number("mm").Decimals(1),
+      IsSizeInTenths },
+    { eId_CtaNativeResolutionImageWidth, Cta::gsc_oNativeImageWidth, "Image width", Number("mm"), IsSizeInWhole },
+    { eId_CtaNativeResolutionImageHeight, Cta::gsc_oNativeImageHeight, "Image height", Number("mm"), IsSizeInWhole },
 };
 constexpr STable gsc_oNativeTable = { eId_CtaNativeResolution, "Native video resolution", eArea_Timing,
                                       gsc_aoNativeRows };
@@ -196,12 +199,12 @@ constexpr auto gsc_aoItScan = Scans("IT video formats not supported");
 constexpr auto gsc_aoCeScan = Scans("CE video formats not supported");
 
 constexpr SRow gsc_aoCapabilityRows[] = {
-    { eId_CtaVideoCapabilityQy, CtaData::gsc_oSelectableYcc, "Selectable YCC quantization range", Flag() },
-    { eId_CtaVideoCapabilityQs, CtaData::gsc_oSelectableRgb, "Selectable RGB quantization range", Flag() },
-    { eId_CtaVideoCapabilityPreferredScan, CtaData::gsc_oPreferredScan, "Scan of the preferred video format",
+    { eId_CtaVideoCapabilityQy, Cta::gsc_oQuantizationYcc, "Selectable YCC quantization range", Flag() },
+    { eId_CtaVideoCapabilityQs, Cta::gsc_oQuantizationRgb, "Selectable RGB quantization range", Flag() },
+    { eId_CtaVideoCapabilityPreferredScan, Cta::gsc_oPreferredScan, "Scan of the preferred video format",
       Names(gsc_aoPreferredScan) },
-    { eId_CtaVideoCapabilityItScan, CtaData::gsc_oItScan, "Scan of IT video formats", Names(gsc_aoItScan) },
-    { eId_CtaVideoCapabilityCeScan, CtaData::gsc_oCeScan, "Scan of CE video formats", Names(gsc_aoCeScan) },
+    { eId_CtaVideoCapabilityItScan, Cta::gsc_oItScan, "Scan of IT video formats", Names(gsc_aoItScan) },
+    { eId_CtaVideoCapabilityCeScan, Cta::gsc_oCeScan, "Scan of CE video formats", Names(gsc_aoCeScan) },
 };
 
 // ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 ----

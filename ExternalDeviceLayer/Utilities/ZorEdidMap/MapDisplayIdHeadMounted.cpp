@@ -5,6 +5,7 @@
 #include <bit>
 
 #include "MapDisplayId.h"
+#include "Standards/DisplayIdBlocks.h"
 
 namespace ZorMap
 {
@@ -252,7 +253,7 @@ constexpr STable gsc_oLayer = { eId_DisplayidHmdLayer, "ARVR layer", eArea_Displ
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks[] = {
-    { 0x2C, Group(eId_DisplayidHmd, "ARVR HMD data block", eArea_Display), Exactly(79), nullptr, { &gsc_oDisplay }, NoteRevision },
+    { DisplayId::gsc_uiHeadMountedTag, Group(eId_DisplayidHmd, "ARVR HMD data block", eArea_Display), Exactly(79), nullptr, { &gsc_oDisplay }, NoteRevision },
     { 0x2D, Group(eId_DisplayidHmdLayer, "ARVR layer data block", eArea_Display), Exactly(20), nullptr, { &gsc_oLayer }, NoteRevision },
 };
 // clang-format on

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "MapDisplayId.h"
-#include "Standards/DisplayIdData.h"
+#include "Standards/DisplayIdBlocks.h"
 
 namespace ZorMap
 {
@@ -27,21 +27,24 @@ const char* CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoRangeRows[] = {
-    { eId_DisplayidRangeMinPixelClock, Little24(0x03), "Minimum pixel clock", Number("kHz").Times(10, 10) },
-    { eId_DisplayidRangeMaxPixelClock, Little24(0x06), "Maximum pixel clock", Number("kHz").Times(10, 10), nullptr,
-      CheckMaximumClock },
-    { eId_DisplayidRangeMinHorizontalFrequency, Byte(0x09), "Minimum horizontal frequency", Number("kHz") },
-    { eId_DisplayidRangeMaxHorizontalFrequency, Byte(0x0A), "Maximum horizontal frequency", Number("kHz"), nullptr,
-      CheckMaximum<0x09> },
+    { eId_DisplayidRangeMinPixelClock, DisplayId::gsc_oRangeMinPixelClock, "Minimum pixel clock",
+      Number("kHz").Times(10, 10) },
+    { eId_DisplayidRangeMaxPixelClock, DisplayId::gsc_oRangeMaxPixelClock, "Maximum pixel clock",
+      Number("kHz").Times(10, 10), nullptr, CheckMaximumClock },
+    { eId_DisplayidRangeMinHorizontalFrequency, DisplayId::gsc_oRangeMinHorizontalRate, "Minimum horizontal frequency",
+      Number("kHz") },
+    { eId_DisplayidRangeMaxHorizontalFrequency, DisplayId::gsc_oRangeMaxHorizontalRate, "Maximum horizontal frequency",
+      Number("kHz"), nullptr, CheckMaximum<0x09> },
     { eId_DisplayidRangeMinHorizontalBlanking, Little16(0x0B), "Minimum horizontal blanking", Number("pixels") },
-    { eId_DisplayidRangeMinVerticalRefreshRate, Byte(0x0D), "Minimum vertical refresh rate", Number("Hz") },
-    { eId_DisplayidRangeMaxVerticalRefreshRate, Byte(0x0E), "Maximum vertical refresh rate", Number("Hz"), nullptr,
-      CheckMaximum<0x0D> },
+    { eId_DisplayidRangeMinVerticalRefreshRate, DisplayId::gsc_oRangeMinVerticalRate, "Minimum vertical refresh rate",
+      Number("Hz") },
+    { eId_DisplayidRangeMaxVerticalRefreshRate, DisplayId::gsc_oRangeMaxVerticalRate, "Maximum vertical refresh rate",
+      Number("Hz"), nullptr, CheckMaximum<0x0D> },
     { eId_DisplayidRangeMinVerticalBlanking, Little16(0x0F), "Minimum vertical blanking", Number("lines") },
     { eId_DisplayidRangeInterlacedTimings, Bit(0x11, 7), "Interlaced timings", Flag(gsc_aoSupported) },
     { eId_DisplayidRangeCvtTimings, Bit(0x11, 6), "CVT timings", Flag(gsc_aoSupported) },
     { eId_DisplayidRangeCvtReducedBlanking, Bit(0x11, 5), "CVT reduced blanking timings", Flag(gsc_aoSupported) },
-    { eId_DisplayidRangeDiscrete, Bit(0x11, 4), "Discrete frequency display", Flag(gsc_aoDiscrete) },
+    { eId_DisplayidRangeDiscrete, DisplayId::gsc_oRangeDiscrete, "Discrete frequency display", Flag(gsc_aoDiscrete) },
     { eId_Reserved, Bits(0x11, 3, 0), "Reserved", Reserved() },
 };
 // "48 to 144 Hz"
@@ -56,24 +59,25 @@ constexpr STable gsc_oRange = { eId_DisplayidRange, "Video timing range limits",
 
 // ---- Dynamic video timing range limits, DisplayID 2.0 (tag 25h): 9 bytes ----
 
-constexpr SPlace gsc_oWideMaximumRate = Split({ { 0x0B, 1, 0 }, { 0x0A, 7, 0 } });
-
 constexpr SRow gsc_aoDynamicRangeRows[] = {
-    { eId_DisplayidRangeMinPixelClock, Little24(0x03), "Minimum pixel clock", NumberFrom1("kHz") },
-    { eId_DisplayidRangeMaxPixelClock, Little24(0x06), "Maximum pixel clock", NumberFrom1("kHz"), nullptr,
-      CheckMaximumClock },
-    { eId_DisplayidRangeMinVerticalRefreshRate, Byte(0x09), "Minimum vertical refresh rate", Number("Hz") },
-    { eId_DisplayidRangeMaxVerticalRefreshRate, Byte(0x0A), "Maximum vertical refresh rate", Number("Hz"), IsRevision0,
-      CheckMaximum<0x09> },
-    { eId_DisplayidRangeMaxVerticalRefreshRate, gsc_oWideMaximumRate, "Maximum vertical refresh rate", Number("Hz"),
-      IsRevision1Plus, CheckMaximum<0x09> },
-    { eId_DisplayidDynamicRangeSeamless, Bit(0x0B, 7), "Seamless dynamic video timing", Flag(gsc_aoSupported) },
+    { eId_DisplayidRangeMinPixelClock, DisplayId::gsc_oRangeMinPixelClock, "Minimum pixel clock", NumberFrom1("kHz") },
+    { eId_DisplayidRangeMaxPixelClock, DisplayId::gsc_oRangeMaxPixelClock, "Maximum pixel clock", NumberFrom1("kHz"),
+      nullptr, CheckMaximumClock },
+    { eId_DisplayidRangeMinVerticalRefreshRate, DisplayId::gsc_oDynamicMinVerticalRate, "Minimum vertical refresh rate",
+      Number("Hz") },
+    { eId_DisplayidRangeMaxVerticalRefreshRate, DisplayId::gsc_oDynamicMaxVerticalRate, "Maximum vertical refresh rate",
+      Number("Hz"), IsRevision0, CheckMaximum<0x09> },
+    { eId_DisplayidRangeMaxVerticalRefreshRate, DisplayId::gsc_oDynamicWideMaxVerticalRate,
+      "Maximum vertical refresh rate", Number("Hz"), IsRevision1Plus, CheckMaximum<0x09> },
+    { eId_DisplayidDynamicRangeSeamless, DisplayId::gsc_oDynamicSeamless, "Seamless dynamic video timing",
+      Flag(gsc_aoSupported) },
     { eId_Reserved, Bits(0x0B, 6, 0), "Reserved", Reserved(), IsRevision0 },
     { eId_Reserved, Bits(0x0B, 6, 2), "Reserved", Reserved(), IsRevision1Plus },
 };
 CMString DynamicRangeText(const CRecord& oBlock)
 {
-    const unsigned int uiMost = IsRevision0(oBlock) ? oBlock.GetByte(0x0A) : oBlock.Get(gsc_oWideMaximumRate);
+    const unsigned int uiMost =
+        IsRevision0(oBlock) ? oBlock.GetByte(0x0A) : oBlock.Get(DisplayId::gsc_oDynamicWideMaxVerticalRate);
     return RatesText(oBlock.GetByte(0x09), uiMost);
 }
 constexpr STable gsc_oDynamicRange = { eId_DisplayidDynamicRange, "Dynamic video timing range limits", eArea_Timing,
@@ -135,8 +139,8 @@ constexpr auto DepthRows(unsigned int uiOffset)
           Flag(gsc_aoSupported) },
     });
 }
-constexpr auto gsc_aoDepth1Rows = DepthRows(0x05);
-constexpr auto gsc_aoDepth2Rows = DepthRows(0x03);
+constexpr auto gsc_aoDepth1Rows = DepthRows(DisplayId::gsc_uiDepthsOffset1);
+constexpr auto gsc_aoDepth2Rows = DepthRows(DisplayId::gsc_uiDepthsOffset2);
 constexpr STable gsc_oDepths1 = { eId_DisplayidInterface, "Color depths", eArea_Display, gsc_aoDepth1Rows };
 constexpr STable gsc_oDepths2 = { eId_DisplayidInterfaceFeatures, "Color depths", eArea_Display, gsc_aoDepth2Rows };
 
@@ -166,9 +170,9 @@ constexpr SRow gsc_aoInterfaceTypeRows[] = {
     { eId_DisplayidInterfaceType, DisplayId::gsc_oInterfaceType, "Interface type", Names(gsc_aoInterfaces) },
     { eId_DisplayidInterfaceAnalogInterface, Bits(0x03, 3, 0), "Analog interface", Names(gsc_aoAnalogInterfaces),
       IsAnalog },
-    { eId_DisplayidInterfaceLinks, Bits(0x03, 3, 0), "Number of links", Number(), IsNot<IsAnalog> },
-    { eId_DisplayidInterfaceVersion, Bits(0x04, 7, 4), "Interface standard version", Number() },
-    { eId_DisplayidInterfaceRevision, Bits(0x04, 3, 0), "Interface standard revision", Number() },
+    { eId_DisplayidInterfaceLinks, DisplayId::gsc_oInterfaceLinks, "Number of links", Number(), IsNot<IsAnalog> },
+    { eId_DisplayidInterfaceVersion, DisplayId::gsc_oInterfaceVersion, "Interface standard version", Number() },
+    { eId_DisplayidInterfaceRevision, DisplayId::gsc_oInterfaceRevision, "Interface standard revision", Number() },
 };
 constexpr STable gsc_oInterfaceType = { eId_DisplayidInterface, "Display interface", eArea_Display,
                                         gsc_aoInterfaceTypeRows };
@@ -221,17 +225,20 @@ constexpr SRow gsc_aoFeatureRows[] = {
       Flag(gsc_aoSupported) },
     { eId_DisplayidInterfaceFeaturesYcbcr420_8bpc, Bit(0x06, 0), "YCbCr 4:2:0, 8 bits per color",
       Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesYcbcr420MinPixelRate, Byte(0x07), "Minimum pixel rate for YCbCr 4:2:0",
-      Number("MP/s").Times(7425).Decimals(2).With(gsc_aoAnyRate) },
-    { eId_DisplayidInterfaceFeaturesAudio32Khz, Bit(0x08, 7), "Audio at 32 kHz", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesAudio44_1Khz, Bit(0x08, 6), "Audio at 44.1 kHz", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesAudio48Khz, Bit(0x08, 5), "Audio at 48 kHz", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesYcbcr420MinPixelRate, DisplayId::gsc_oYCbCr420MinPixelRate,
+      "Minimum pixel rate for YCbCr 4:2:0", Number("MP/s").Times(7425).Decimals(2).With(gsc_aoAnyRate) },
+    { eId_DisplayidInterfaceFeaturesAudio32Khz, DisplayId::gsc_oFeatureAudio32Khz, "Audio at 32 kHz",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAudio44_1Khz, DisplayId::gsc_oFeatureAudio44_1Khz, "Audio at 44.1 kHz",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAudio48Khz, DisplayId::gsc_oFeatureAudio48Khz, "Audio at 48 kHz",
+      Flag(gsc_aoSupported) },
     { eId_Reserved, Bits(0x08, 4, 0), "Reserved", Reserved() },
 };
 constexpr STable gsc_oFeatures = { eId_DisplayidInterfaceFeatures, "Display interface features", eArea_Display,
                                    gsc_aoFeatureRows };
 
-constexpr unsigned int gsc_uiCombinationsOffset = 0x0C; // of one byte each
+using DisplayId::gsc_uiCombinationsOffset;
 
 const char* CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations)
 {
@@ -240,16 +247,18 @@ const char* CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations
 
 constexpr SRow gsc_aoColourFeatureRows[] = {
     { eId_Reserved, Bit(0x09, 7), "Reserved", Reserved() },
-    { eId_DisplayidInterfaceFeaturesBt2020St2084, Bit(0x09, 6), "BT.2020 with SMPTE ST 2084", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesBt2020, Bit(0x09, 5), "BT.2020", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesDciP3, Bit(0x09, 4), "DCI-P3", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesAdobeRgb, Bit(0x09, 3), "Adobe RGB", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesBt709Bt1886, Bit(0x09, 2), "BT.709 with BT.1886", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesBt601, Bit(0x09, 1), "BT.601", Flag(gsc_aoSupported) },
-    { eId_DisplayidInterfaceFeaturesSrgb, Bit(0x09, 0), "sRGB", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt2020St2084, DisplayId::gsc_oFeatureBt2020St2084, "BT.2020 with SMPTE ST 2084",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt2020, DisplayId::gsc_oFeatureBt2020, "BT.2020", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesDciP3, DisplayId::gsc_oFeatureDciP3, "DCI-P3", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesAdobeRgb, DisplayId::gsc_oFeatureAdobeRgb, "Adobe RGB", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt709Bt1886, DisplayId::gsc_oFeatureBt709Bt1886, "BT.709 with BT.1886",
+      Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesBt601, DisplayId::gsc_oFeatureBt601, "BT.601", Flag(gsc_aoSupported) },
+    { eId_DisplayidInterfaceFeaturesSrgb, DisplayId::gsc_oFeatureSrgb, "sRGB", Flag(gsc_aoSupported) },
     { eId_Reserved, Byte(0x0A), "Reserved", Reserved() },
     { eId_Reserved, Bits(0x0B, 7, 3), "Reserved", Reserved() },
-    { eId_DisplayidInterfaceFeaturesCombinations, Bits(0x0B, 2, 0),
+    { eId_DisplayidInterfaceFeaturesCombinations, DisplayId::gsc_oFeatureCombinations,
       "Number of additional color space and EOTF combinations", Number(), nullptr, CheckCombinations },
 };
 constexpr STable gsc_oColourFeatures = { eId_DisplayidInterfaceFeatures, "Display interface features", eArea_Colour,
@@ -260,8 +269,9 @@ constexpr auto gsc_aoColourSpaces =
 constexpr auto gsc_aoEotfs = ListedTo(15, { "undefined", "sRGB", "BT.601", "BT.1886", "Adobe RGB", "DCI-P3", "BT.2020",
                                             "gamma function", "SMPTE ST 2084", "hybrid log", "custom" });
 constexpr SRow gsc_aoCombinationRows[] = {
-    { eId_DisplayidInterfaceFeaturesColorSpace, Bits(0, 7, 4), "Color space", Names(gsc_aoColourSpaces) },
-    { eId_DisplayidInterfaceFeaturesEotf, Bits(0, 3, 0), "EOTF", Names(gsc_aoEotfs) },
+    { eId_DisplayidInterfaceFeaturesColorSpace, DisplayId::gsc_oCombinationSpace, "Color space",
+      Names(gsc_aoColourSpaces) },
+    { eId_DisplayidInterfaceFeaturesEotf, DisplayId::gsc_oCombinationEotf, "EOTF", Names(gsc_aoEotfs) },
 };
 constexpr STable gsc_oCombination = { eId_DisplayidInterfaceFeaturesCombination, "Color space and EOTF", eArea_Colour,
                                       gsc_aoCombinationRows };
@@ -476,7 +486,6 @@ constexpr SMeaning gsc_aoAdaptiveModes[] = { { 0, 0, "fixed average V-total" },
                                              { 1, 1, "fixed average V-total and adaptive V-total" },
                                              { 2, 3, gsc_szReserved } };
 constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
-constexpr SPlace gsc_oAdaptiveMaximum = DisplayId::gsc_oAdaptiveMaxRate;
 
 const char* CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
 {
@@ -487,24 +496,25 @@ constexpr SRow gsc_aoAdaptiveRows[] = {
     { eId_Reserved, Bits(0, 7, 6), "Reserved", Reserved() },
     { eId_DisplayidAdaptiveSyncDecreaseWithoutJitter, Bit(0, 5),
       "Maximum single frame duration decrease without jitter impact", Flag() },
-    { eId_DisplayidAdaptiveSyncSeamlessTransition, Bit(0, 4), "Seamless transition", Flag(gsc_aoSeamless) },
-    { eId_DisplayidAdaptiveSyncMode, Bits(0, 3, 2), "Adaptive sync mode", Names(gsc_aoAdaptiveModes) },
+    { eId_DisplayidAdaptiveSyncSeamlessTransition, DisplayId::gsc_oAdaptiveNotSeamless, "Seamless transition",
+      Flag(gsc_aoSeamless) },
+    { eId_DisplayidAdaptiveSyncMode, DisplayId::gsc_oAdaptiveMode, "Adaptive sync mode", Names(gsc_aoAdaptiveModes) },
     { eId_DisplayidAdaptiveSyncIncreaseWithoutJitter, Bit(0, 1),
       "Maximum single frame duration increase without jitter impact", Flag() },
-    { eId_DisplayidAdaptiveSyncRange, Bit(0, 0), "Adaptive sync range", Flag(gsc_aoPanelRanges) },
-    { eId_DisplayidAdaptiveSyncMaxDurationIncrease, Byte(1), "Maximum single frame duration increase",
-      Number("ms").Times(25).Decimals(2) },
+    { eId_DisplayidAdaptiveSyncRange, DisplayId::gsc_oAdaptiveNative, "Adaptive sync range", Flag(gsc_aoPanelRanges) },
+    { eId_DisplayidAdaptiveSyncMaxDurationIncrease, DisplayId::gsc_oAdaptiveMaxIncrease,
+      "Maximum single frame duration increase", Number("ms").Times(25).Decimals(2) },
     { eId_DisplayidAdaptiveSyncMinRefreshRate, DisplayId::gsc_oAdaptiveMinRate, "Minimum refresh rate", Number("Hz") },
-    { eId_DisplayidAdaptiveSyncMaxRefreshRate, gsc_oAdaptiveMaximum, "Maximum refresh rate", NumberFrom1("Hz"), nullptr,
-      CheckAdaptiveMaximum },
+    { eId_DisplayidAdaptiveSyncMaxRefreshRate, DisplayId::gsc_oAdaptiveMaxRate, "Maximum refresh rate",
+      NumberFrom1("Hz"), nullptr, CheckAdaptiveMaximum },
     { eId_Reserved, Bits(4, 7, 2), "Reserved", Reserved() },
-    { eId_DisplayidAdaptiveSyncMaxDurationDecrease, Byte(5), "Maximum single frame duration decrease",
-      Number("ms").Times(25).Decimals(2) },
+    { eId_DisplayidAdaptiveSyncMaxDurationDecrease, DisplayId::gsc_oAdaptiveMaxDecrease,
+      "Maximum single frame duration decrease", Number("ms").Times(25).Decimals(2) },
 };
 
 CMString AdaptiveText(const CRecord& oDescriptor)
 {
-    return RatesText(oDescriptor.GetByte(2), oDescriptor.Get(gsc_oAdaptiveMaximum) + 1);
+    return RatesText(oDescriptor.GetByte(2), oDescriptor.Get(DisplayId::gsc_oAdaptiveMaxRate) + 1);
 }
 constexpr STable gsc_oAdaptive = { eId_DisplayidAdaptiveSyncDescriptor, "Adaptive sync descriptor", eArea_Timing,
                                    gsc_aoAdaptiveRows, AdaptiveText };
@@ -526,13 +536,12 @@ void MapAdaptive(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffs
 
 // ---- Vendor-specific, DisplayID 1.3 (tag 7Fh) and 2.0 (tag 7Eh); that of VESA, DisplayID 2.1 ----
 
-constexpr unsigned int gsc_uiVesaOui = 0x3A0292;
-constexpr unsigned int gsc_uiVesaSize = 5;
+using DisplayId::gsc_uiVesaSize;
 constexpr unsigned int gsc_uiVesaDscSize = 7;
 
 bool IsVesa(const CRecord& oBlock)
 {
-    return oBlock.Get(Big24(gsc_uiPayloadOffset)) == gsc_uiVesaOui && GetPayloadLength(oBlock) >= gsc_uiVesaSize;
+    return oBlock.Get(Big24(gsc_uiPayloadOffset)) == gsc_uiOuiVesa && GetPayloadLength(oBlock) >= gsc_uiVesaSize;
 }
 bool HasDsc(const CRecord& oBlock) { return IsVesa(oBlock) && GetPayloadLength(oBlock) >= gsc_uiVesaDscSize; }
 
@@ -545,15 +554,16 @@ constexpr SPlace gsc_oDscDepth = Split({ { 0x08, 5, 0 }, { 0x09, 3, 0 } });
 
 constexpr SRow gsc_aoVendor2Rows[] = {
     { eId_DisplayidVendorId, Big24(0x03), "Manufacturer/vendor ID", Oui() },
-    { eId_DisplayidVendorDefaultColorSpace, Bit(0x06, 7), "Default color space and EOTF", Flag(gsc_aoDefaultColours),
-      IsVesa },
+    { eId_DisplayidVendorDefaultColorSpace, DisplayId::gsc_oVesaNativeColour, "Default color space and EOTF",
+      Flag(gsc_aoDefaultColours), IsVesa },
     { eId_Reserved, Bits(0x06, 6, 3), "Reserved", Reserved(), IsVesa },
-    { eId_DisplayidVendorDataStructureType, Bits(0x06, 2, 0), "Data structure type", Names(gsc_aoStructures), IsVesa },
+    { eId_DisplayidVendorDataStructureType, DisplayId::gsc_oVesaStructure, "Data structure type",
+      Names(gsc_aoStructures), IsVesa },
     { eId_Reserved, Bit(0x07, 7), "Reserved", Reserved(), IsVesa },
-    { eId_DisplayidVendorMultiSstOperation, DisplayId::gsc_oVesaStreams, "Multi-SST operation", Names(gsc_aoStreams),
-      IsVesa },
+    { eId_DisplayidVendorMultiSstOperation, DisplayId::gsc_oMultiSstOperation, "Multi-SST operation",
+      Names(gsc_aoStreams), IsVesa },
     { eId_Reserved, Bit(0x07, 4), "Reserved", Reserved(), IsVesa },
-    { eId_DisplayidVendorOverlap, DisplayId::gsc_oVesaOverlap, "Pixels that overlap an adjacent panel",
+    { eId_DisplayidVendorOverlap, DisplayId::gsc_oPanelOverlap, "Pixels that overlap an adjacent panel",
       Number("pixels"), IsVesa, CheckWithin<0, 8> },
     { eId_Reserved, Bits(0x08, 7, 6), "Reserved", Reserved(), HasDsc },
     { eId_DisplayidVendorDscBitsPerPixel, gsc_oDscDepth, "Pass-through timing's DSC bits per pixel",
@@ -585,34 +595,34 @@ void MapCtaInDisplayId(CMapWriter& oWriter, const CRecord& oBlock, unsigned int 
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
-    { 0x09, Group(eId_DisplayidRange, "Video timing range limits data block", eArea_Timing, RangeText),
+    { DisplayId::gsc_uiRangeTag, Group(eId_DisplayidRange, "Video timing range limits data block", eArea_Timing, RangeText),
       Exactly(15), nullptr, { &gsc_oRange } },
     { 0x0D, Group(eId_DisplayidPower, "Interface power sequencing data block", eArea_Display), Exactly(6), nullptr, { &gsc_oPower } },
-    { 0x0F, Group(eId_DisplayidInterface, "Display interface data block", eArea_Display, InterfaceText),
+    { DisplayId::gsc_uiInterfaceTag, Group(eId_DisplayidInterface, "Display interface data block", eArea_Display, InterfaceText),
       Exactly(10), nullptr, { &gsc_oInterfaceType, &gsc_oDepths1, &gsc_oInterface } },
     { 0x10, Group(eId_DisplayidStereo, "Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
-    { 0x12, Group(eId_DisplayidTiled, "Tiled display topology data block", eArea_Display, TileText),
+    { DisplayId::gsc_uiTiled1Tag, Group(eId_DisplayidTiled, "Tiled display topology data block", eArea_Display, TileText),
       Exactly(22), nullptr, { &gsc_oTile1 } },
-    { 0x7F, Group(eId_DisplayidVendor, "Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor1 } },
+    { DisplayId::gsc_uiVendor1Tag, Group(eId_DisplayidVendor, "Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor1 } },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x25, Group(eId_DisplayidDynamicRange, "Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
+    { DisplayId::gsc_uiDynamicRangeTag, Group(eId_DisplayidDynamicRange, "Dynamic video timing range limits data block", eArea_Timing, DynamicRangeText),
       Exactly(9), nullptr, { &gsc_oDynamicRange } },
-    { 0x26, Group(eId_DisplayidInterfaceFeatures, "Display interface features data block", eArea_Display),
+    { DisplayId::gsc_uiInterfaceFeaturesTag, Group(eId_DisplayidInterfaceFeatures, "Display interface features data block", eArea_Display),
       { 9, 16 }, nullptr, { &gsc_oDepths2, &gsc_oFeatures, &gsc_oColourFeatures }, MapCombinations },
     { 0x27, Group(eId_DisplayidStereo, "Stereo display interface data block", eArea_Display),
       AtLeast(2), &gsc_oStereoFlags, { &gsc_oStereo }, MapStereo },
-    { 0x28, Group(eId_DisplayidTiled, "Tiled display topology data block", eArea_Display, TileText),
+    { DisplayId::gsc_uiTiled2Tag, Group(eId_DisplayidTiled, "Tiled display topology data block", eArea_Display, TileText),
       Exactly(22), nullptr, { &gsc_oTile2 } },
-    { 0x2B, Group(eId_DisplayidAdaptiveSync, "Adaptive sync data block", eArea_Timing),
+    { DisplayId::gsc_uiAdaptiveSyncTag, Group(eId_DisplayidAdaptiveSync, "Adaptive sync data block", eArea_Timing),
       ItemsWithExtraBytes(gsc_uiAdaptiveSize), &gsc_oAdaptiveFlags, {}, MapAdaptive },
-    { 0x7E, Group(eId_DisplayidVendor, "Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor2 } },
+    { DisplayId::gsc_uiVendor2Tag, Group(eId_DisplayidVendor, "Vendor-specific data block", eArea_Vendor), AtLeast(3), &gsc_oVendorFlags, { &gsc_oVendor2 } },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocksOfBoth[] = {
-    { 0x81, Group(eId_DisplayidCta, "CTA-861 data block", eArea_Structure), AtLeast(1), nullptr, {}, MapCtaInDisplayId },
+    { DisplayId::gsc_uiCtaTag, Group(eId_DisplayidCta, "CTA-861 data block", eArea_Structure), AtLeast(1), nullptr, {}, MapCtaInDisplayId },
 };
 // clang-format on
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "MapDisplayId.h"
 #include "MapValue.h"
-#include "Standards/DisplayIdData.h"
+#include "Standards/DisplayIdBlocks.h"
 
 namespace ZorMap
 {
@@ -14,9 +14,9 @@ using CMap = CZorEdidMap;
 
 constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 0xFF, 0xFF, "the year is the model year" } };
 constexpr unsigned int gsc_uiProductSize = 12;
-constexpr unsigned int gsc_uiProductTextOffset = gsc_uiPayloadOffset + gsc_uiProductSize;
-constexpr unsigned int gsc_uiProductTextLengthOffset = gsc_uiProductTextOffset - 1;
-constexpr unsigned int gsc_uiModelYear = 0xFF;
+using DisplayId::gsc_uiModelYear;
+using DisplayId::gsc_uiProductTextLengthOffset;
+using DisplayId::gsc_uiProductTextOffset;
 
 const char* CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
 {
@@ -80,13 +80,13 @@ constexpr STable gsc_oContainerId = { eId_DisplayidContainer, "ContainerID", eAr
 // ---- Luminances: IEEE 754 half precision, in cd/m2 ----
 
 constexpr unsigned int gsc_uiLuminanceDecimals = 6;
-using DisplayId::gsc_uiHalfInfinite;
-using DisplayId::gsc_uiHalfSign;
+constexpr unsigned int gsc_uiHalfSign = 0x8000;
+using DisplayId::gsc_uiHalfInfinite; // from here on no number
 
 // In 10^-6 cd/m2.
 long long GetLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
 {
-    return static_cast<long long>(DisplayId::GetLuminance(uiHalf));
+    return static_cast<long long>(DisplayId::HalfInMillionths(uiHalf));
 }
 
 constexpr auto Luminances(const char* pszSign)
@@ -138,9 +138,12 @@ constexpr SRow LuminanceRow(EZorEdidField eId, unsigned int uiOffset, const char
 // ---- Brightness luminance range, DisplayID 2.1 (tag 2Eh): 6 bytes ----
 
 constexpr SRow gsc_aoBrightnessRows[] = {
-    LuminanceRow<gsc_aoLeastSdr>(eId_DisplayidBrightnessMinSdrLuminance, 0x03, "Minimum SDR luminance, full coverage"),
-    LuminanceRow(eId_DisplayidBrightnessMaxSdrLuminance, 0x05, "Maximum suggested SDR luminance, full coverage"),
-    LuminanceRow(eId_DisplayidBrightnessMaxBoostLuminance, 0x07, "Maximum boost SDR luminance"),
+    LuminanceRow<gsc_aoLeastSdr>(eId_DisplayidBrightnessMinSdrLuminance, DisplayId::gsc_uiMinSdrLuminanceOffset,
+                                 "Minimum SDR luminance, full coverage"),
+    LuminanceRow(eId_DisplayidBrightnessMaxSdrLuminance, DisplayId::gsc_uiMaxSdrLuminanceOffset,
+                 "Maximum suggested SDR luminance, full coverage"),
+    LuminanceRow(eId_DisplayidBrightnessMaxBoostLuminance, DisplayId::gsc_uiMaxBoostLuminanceOffset,
+                 "Maximum boost SDR luminance"),
 };
 constexpr STable gsc_oBrightness = { eId_DisplayidBrightness, "Brightness luminance range", eArea_Colour,
                                      gsc_aoBrightnessRows };
@@ -157,25 +160,41 @@ const char* CheckPair(const CRecord& oBlock, unsigned int uiSize)
 // Horizontal and vertical sizes, the words at 03h to 09h of both versions.
 constexpr SRow WidthRow(const SForm& oForm, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { eId_DisplayidParametersImageWidth, Little16(0x03), "Horizontal image size",
-             oForm.With(gsc_aoZeroNotGiven),    pfnApplies,     CheckPair<0x05> };
+    return { eId_DisplayidParametersImageWidth,
+             DisplayId::gsc_oImageWidth,
+             "Horizontal image size",
+             oForm.With(gsc_aoZeroNotGiven),
+             pfnApplies,
+             CheckPair<0x05> };
 }
 constexpr SRow HeightRow(const SForm& oForm, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { eId_DisplayidParametersImageHeight, Little16(0x05), "Vertical image size",
-             oForm.With(gsc_aoZeroNotGiven),     pfnApplies,     CheckPair<0x03> };
+    return { eId_DisplayidParametersImageHeight,
+             DisplayId::gsc_oImageHeight,
+             "Vertical image size",
+             oForm.With(gsc_aoZeroNotGiven),
+             pfnApplies,
+             CheckPair<0x03> };
 }
-constexpr SRow gsc_oPixelsRow = { eId_DisplayidParametersHorizontalPixels,   Little16(0x07), "Horizontal pixel count",
-                                  Number("pixels").With(gsc_aoZeroNotGiven), nullptr,        CheckPair<0x09> };
-constexpr SRow gsc_oLinesRow = { eId_DisplayidParametersVerticalPixels,    Little16(0x09), "Vertical pixel count",
-                                 Number("lines").With(gsc_aoZeroNotGiven), nullptr,        CheckPair<0x07> };
+constexpr SRow gsc_oPixelsRow = { eId_DisplayidParametersHorizontalPixels,
+                                  DisplayId::gsc_oHorizontalPixels,
+                                  "Horizontal pixel count",
+                                  Number("pixels").With(gsc_aoZeroNotGiven),
+                                  nullptr,
+                                  CheckPair<0x09> };
+constexpr SRow gsc_oLinesRow = { eId_DisplayidParametersVerticalPixels,
+                                 DisplayId::gsc_oVerticalPixels,
+                                 "Vertical pixel count",
+                                 Number("lines").With(gsc_aoZeroNotGiven),
+                                 nullptr,
+                                 CheckPair<0x07> };
 
 constexpr SRow gsc_aoParameters1Rows[] = {
     WidthRow(Number("mm").Decimals(1)),
     HeightRow(Number("mm").Decimals(1)),
     gsc_oPixelsRow,
     gsc_oLinesRow,
-    { eId_DisplayidParametersAudioSupport, Bit(0x0B, 7), "Audio support on video interface", Flag() },
+    { eId_DisplayidParametersAudioSupport, DisplayId::gsc_oAudioSupport, "Audio support on video interface", Flag() },
     { eId_DisplayidParametersSeparateAudioInputs, Bit(0x0B, 6), "Separate audio inputs", Flag() },
     { eId_DisplayidParametersAudioInputOverride, Bit(0x0B, 5), "Audio input override", Flag() },
     { eId_DisplayidParametersPowerManagement, Bit(0x0B, 4), "Power management", Flag() },
@@ -184,13 +203,12 @@ constexpr SRow gsc_aoParameters1Rows[] = {
     { eId_DisplayidParametersAcpIsrc, Bit(0x0B, 1), "ACP, ISRC1 or ISRC2 packets supported", Flag() },
     { eId_DisplayidParametersDeinterlacing, Bit(0x0B, 0), "De-interlacing", Flag() },
 };
-constexpr unsigned int gsc_uiWidthOffset = 0x03; // of both versions; the height is the next word
 
 // "699.4 x 393.4 mm"
 CMString SizeText(const CRecord& oBlock, unsigned int uiDecimals)
 {
-    const unsigned int uiWidth = oBlock.Get(Little16(gsc_uiWidthOffset));
-    const unsigned int uiHeight = oBlock.Get(Little16(gsc_uiWidthOffset + 2));
+    const unsigned int uiWidth = oBlock.Get(DisplayId::gsc_oImageWidth);
+    const unsigned int uiHeight = oBlock.Get(DisplayId::gsc_oImageHeight);
     if (uiWidth == 0 || uiHeight == 0)
     {
         return "size not given";
@@ -202,12 +220,12 @@ constexpr STable gsc_oParameters1 = { eId_DisplayidParameters, "Display paramete
                                       gsc_aoParameters1Rows };
 
 constexpr SRow gsc_aoParameters1ColourRows[] = {
-    { eId_DisplayidParametersGamma, DisplayId::gsc_oParametersGamma, "Transfer characteristic gamma",
+    { eId_DisplayidParametersGamma, DisplayId::gsc_oGamma, "Transfer characteristic gamma",
       HundredthsFrom1().With(gsc_aoFFNotGiven) },
-    { eId_DisplayidParametersAspectRatio, Byte(0x0D), "Aspect ratio", HundredthsFrom1() },
-    { eId_DisplayidParametersOverallBitDepth, Bits(0x0E, 7, 4), "Color bit depth, overall",
+    { eId_DisplayidParametersAspectRatio, DisplayId::gsc_oAspectRatio, "Aspect ratio", HundredthsFrom1() },
+    { eId_DisplayidParametersOverallBitDepth, DisplayId::gsc_oOverallBitDepth, "Color bit depth, overall",
       NumberFrom1("bits per color") },
-    { eId_DisplayidParametersNativeBitDepth, DisplayId::gsc_oParametersNativeDepth, "Color bit depth, native",
+    { eId_DisplayidParametersNativeBitDepth, DisplayId::gsc_oNativeBitDepth, "Color bit depth, native",
       NumberFrom1("bits per color") },
 };
 constexpr STable gsc_oParameters1Colour = { eId_DisplayidParameters, "Display parameters", eArea_Colour,
@@ -234,7 +252,7 @@ constexpr auto HasMillimetres = WhereSet<gsc_uiDataBlockFlagsOffset, 7>;
 constexpr auto HasTenths = IsNot<HasMillimetres>;
 
 constexpr SRow gsc_aoParameters2FlagRows[] = {
-    { eId_DisplayidParameters2SizePrecision, DisplayId::gsc_oParameters2Millimetres, "Image size precision",
+    { eId_DisplayidParameters2SizePrecision, DisplayId::gsc_oSizeInMillimetres, "Image size precision",
       Flag(gsc_aoPrecisions) },
     { eId_Reserved, Bits(1, 6, 3), "Reserved", Reserved() },
 };
@@ -248,50 +266,60 @@ constexpr SRow gsc_aoParameters2Rows[] = {
     HeightRow(Number("mm"), HasMillimetres),
     gsc_oPixelsRow,
     gsc_oLinesRow,
-    { eId_DisplayidParameters2AudioSpeakers, Bit(0x0B, 7), "Audio speakers", Flag(gsc_aoSpeakers) },
-    { eId_DisplayidParameters2ColorInformation, Bit(0x0B, 6), "Color information", Flag(gsc_aoChromaticityKinds) },
+    { eId_DisplayidParameters2AudioSpeakers, DisplayId::gsc_oSpeakersNotIntegrated, "Audio speakers",
+      Flag(gsc_aoSpeakers) },
+    { eId_DisplayidParameters2ColorInformation, DisplayId::gsc_oChromaticityIn1976, "Color information",
+      Flag(gsc_aoChromaticityKinds) },
     { eId_Reserved, Bit(0x0B, 5), "Reserved", Reserved() },
-    { eId_DisplayidParameters2LuminanceInformation, Bits(0x0B, 4, 3), "Luminance information",
+    { eId_DisplayidParameters2LuminanceInformation, DisplayId::gsc_oLuminanceInformation, "Luminance information",
       Names(gsc_aoLuminanceKinds) },
-    { eId_DisplayidParameters2ScanOrientation, DisplayId::gsc_oParameters2Orientation, "Scan orientation",
+    { eId_DisplayidParameters2ScanOrientation, DisplayId::gsc_oScanOrientation, "Scan orientation",
       Names(gsc_aoScanOrientations) },
 };
 CMString Parameters2Text(const CRecord& oBlock) { return SizeText(oBlock, HasTenths(oBlock) ? 1 : 0); }
 constexpr STable gsc_oParameters2 = { eId_DisplayidParameters2, "Display parameters", eArea_Display,
                                       gsc_aoParameters2Rows };
 
+using DisplayId::gsc_uiCoordinatesSize;
+
 // Coordinates of 12 bits, two in three bytes.
 constexpr SRow FirstCoordinateRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
 {
-    return { eId, Split({ { PlaceByte(uiOffset + 1), 3, 0 }, { PlaceByte(uiOffset), 7, 0 } }), pszName,
-             Fraction(nullptr, 4096) };
+    return { eId, DisplayId::FirstCoordinate(uiOffset), pszName, Fraction(nullptr, 4096) };
 }
 constexpr SRow SecondCoordinateRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
 {
-    return { eId, Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } }), pszName,
-             Fraction(nullptr, 4096) };
+    return { eId, DisplayId::SecondCoordinate(uiOffset), pszName, Fraction(nullptr, 4096) };
 }
 
 constexpr SRow gsc_aoParameters2ColourRows[] = {
-    FirstCoordinateRow(eId_DisplayidParameters2Primary1X, 0x0C, "Primary color 1 x"),
-    SecondCoordinateRow(eId_DisplayidParameters2Primary1Y, 0x0C, "Primary color 1 y"),
-    FirstCoordinateRow(eId_DisplayidParameters2Primary2X, 0x0F, "Primary color 2 x"),
-    SecondCoordinateRow(eId_DisplayidParameters2Primary2Y, 0x0F, "Primary color 2 y"),
-    FirstCoordinateRow(eId_DisplayidParameters2Primary3X, 0x12, "Primary color 3 x"),
-    SecondCoordinateRow(eId_DisplayidParameters2Primary3Y, 0x12, "Primary color 3 y"),
-    FirstCoordinateRow(eId_DisplayidParameters2WhitePointX, 0x15, "White point x"),
-    SecondCoordinateRow(eId_DisplayidParameters2WhitePointY, 0x15, "White point y"),
-    LuminanceRow(eId_DisplayidParameters2MaxLuminanceFull, 0x18, "Maximum luminance, full coverage"),
-    LuminanceRow(eId_DisplayidParameters2MaxLuminance10Percent, 0x1A, "Maximum luminance, 10% rectangular coverage"),
-    LuminanceRow(eId_DisplayidParameters2MinLuminance, 0x1C, "Minimum luminance"),
+    FirstCoordinateRow(eId_DisplayidParameters2Primary1X, DisplayId::gsc_uiPrimariesOffset, "Primary color 1 x"),
+    SecondCoordinateRow(eId_DisplayidParameters2Primary1Y, DisplayId::gsc_uiPrimariesOffset, "Primary color 1 y"),
+    FirstCoordinateRow(eId_DisplayidParameters2Primary2X, DisplayId::gsc_uiPrimariesOffset + gsc_uiCoordinatesSize,
+                       "Primary color 2 x"),
+    SecondCoordinateRow(eId_DisplayidParameters2Primary2Y, DisplayId::gsc_uiPrimariesOffset + gsc_uiCoordinatesSize,
+                        "Primary color 2 y"),
+    FirstCoordinateRow(eId_DisplayidParameters2Primary3X, DisplayId::gsc_uiPrimariesOffset + 2 * gsc_uiCoordinatesSize,
+                       "Primary color 3 x"),
+    SecondCoordinateRow(eId_DisplayidParameters2Primary3Y, DisplayId::gsc_uiPrimariesOffset + 2 * gsc_uiCoordinatesSize,
+                        "Primary color 3 y"),
+    FirstCoordinateRow(eId_DisplayidParameters2WhitePointX,
+                       DisplayId::gsc_uiPrimariesOffset + 3 * gsc_uiCoordinatesSize, "White point x"),
+    SecondCoordinateRow(eId_DisplayidParameters2WhitePointY,
+                        DisplayId::gsc_uiPrimariesOffset + 3 * gsc_uiCoordinatesSize, "White point y"),
+    LuminanceRow(eId_DisplayidParameters2MaxLuminanceFull, DisplayId::gsc_uiMaxLuminanceFullOffset,
+                 "Maximum luminance, full coverage"),
+    LuminanceRow(eId_DisplayidParameters2MaxLuminance10Percent, DisplayId::gsc_uiMaxLuminance10PercentOffset,
+                 "Maximum luminance, 10% rectangular coverage"),
+    LuminanceRow(eId_DisplayidParameters2MinLuminance, DisplayId::gsc_uiMinLuminanceOffset, "Minimum luminance"),
     { eId_DisplayidParameters2Theme, Bit(0x1E, 7), "Device theme preference", Flag(gsc_aoThemes), IsRevision1Plus },
     { eId_Reserved, Bit(0x1E, 7), "Reserved", Reserved(), IsRevision0 },
-    { eId_DisplayidParameters2Technology, DisplayId::gsc_oParameters2Technology, "Display device technology",
+    { eId_DisplayidParameters2Technology, DisplayId::gsc_oTechnology2, "Display device technology",
       Names(gsc_aoTechnologies2) },
     { eId_Reserved, Bit(0x1E, 3), "Reserved", Reserved() },
-    { eId_DisplayidParameters2NativeBitDepth, DisplayId::gsc_oParameters2NativeDepth, "Color bit depth, native",
+    { eId_DisplayidParameters2NativeBitDepth, DisplayId::gsc_oNativeBitDepth2, "Color bit depth, native",
       Names(gsc_aoDepths) },
-    { eId_DisplayidParameters2GammaEotf, DisplayId::gsc_oParameters2Gamma, "Gamma EOTF, native",
+    { eId_DisplayidParameters2GammaEotf, DisplayId::gsc_oGamma2, "Gamma EOTF, native",
       HundredthsFrom1().With(gsc_aoFFNotGiven) },
 };
 constexpr STable gsc_oParameters2Colour = { eId_DisplayidParameters2, "Display parameters", eArea_Colour,
@@ -305,15 +333,14 @@ constexpr auto gsc_aoColourSpaces = ListedTo(
     255, { "sRGB", "BT.601", "BT.709", "Adobe RGB", "DCI-P3", "NTSC", "EBU", "Adobe wide gamut RGB", "DICOM" });
 
 constexpr SRow gsc_aoColourFlagRows[] = {
-    { eId_DisplayidColorChromaticityCoordinates, Bit(1, 7), "Chromaticity coordinates", Flag(gsc_aoChromaticityKinds) },
+    { eId_DisplayidColorChromaticityCoordinates, DisplayId::gsc_oColourIn1976, "Chromaticity coordinates",
+      Flag(gsc_aoChromaticityKinds) },
     { eId_DisplayidColorTransferBlock, Bits(1, 6, 3), "Transfer characteristics data block",
       Number().With(gsc_aoZeroNone) },
 };
 constexpr STable gsc_oColourFlags = { eId_DisplayidColor, "Flags", eArea_Colour, gsc_aoColourFlagRows };
 
 bool HasStandardColourSpace(const CRecord& oBlock) { return oBlock.GetBits(3, 6, 4) == 0; }
-
-constexpr unsigned int gsc_uiCoordinatesSize = 3;
 
 const char* CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
 {
@@ -324,10 +351,12 @@ const char* CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
 
 constexpr SRow gsc_aoColourRows[] = {
     { eId_DisplayidColorMixing, Bit(3, 7), "Color mixing", Flag(gsc_aoMixings) },
-    { eId_DisplayidColorPrimaryCount, Bits(3, 6, 4), "Number of primaries", Number().With(gsc_aoNoPrimaries) },
-    { eId_DisplayidColorWhitePointCount, Bits(3, 3, 0), "Number of white points", Number(), nullptr, CheckPoints },
-    { eId_DisplayidColorStandardColorSpace, Byte(4), "Standard color space", Names(gsc_aoColourSpaces),
-      HasStandardColourSpace },
+    { eId_DisplayidColorPrimaryCount, DisplayId::gsc_oPrimaryCount, "Number of primaries",
+      Number().With(gsc_aoNoPrimaries) },
+    { eId_DisplayidColorWhitePointCount, DisplayId::gsc_oWhitePointCount, "Number of white points", Number(), nullptr,
+      CheckPoints },
+    { eId_DisplayidColorStandardColorSpace, DisplayId::gsc_oStandardColorSpace, "Standard color space",
+      Names(gsc_aoColourSpaces), HasStandardColourSpace },
 };
 constexpr STable gsc_oColour = { eId_DisplayidColor, "Color characteristics", eArea_Colour, gsc_aoColourRows };
 
@@ -401,26 +430,28 @@ constexpr auto gsc_aoSubPixels = ListedTo(
            "six sub-pixels, RGB and 3 more colors", "PenTile matrix" });
 
 constexpr SRow gsc_aoDeviceRows[] = {
-    { eId_DisplayidDeviceTechnology, Byte(0x03), "Display device technology", Names(gsc_aoTechnologies1) },
-    { eId_DisplayidDeviceOperatingMode, Bits(0x04, 7, 4), "Operating mode", Names(gsc_aoOperatingModes) },
+    { eId_DisplayidDeviceTechnology, DisplayId::gsc_oDeviceTechnology, "Display device technology",
+      Names(gsc_aoTechnologies1) },
+    { eId_DisplayidDeviceOperatingMode, DisplayId::gsc_oOperatingMode, "Operating mode", Names(gsc_aoOperatingModes) },
     { eId_DisplayidDeviceBacklightSwitchable, Bit(0x04, 3), "Backlight switchable", Flag() },
     { eId_DisplayidDeviceBacklightControllable, Bit(0x04, 2), "Backlight intensity controllable", Flag() },
     { eId_Reserved, Bits(0x04, 1, 0), "Reserved", Reserved() },
-    { eId_DisplayidDeviceHorizontalPixels, DisplayId::gsc_oDevicePixels, "Horizontal pixel count",
+    { eId_DisplayidDeviceHorizontalPixels, DisplayId::gsc_oDeviceHorizontalPixels, "Horizontal pixel count",
       NumberFrom1("pixels").With(gsc_aoZeroNotGiven) },
-    { eId_DisplayidDeviceVerticalPixels, DisplayId::gsc_oDeviceLines, "Vertical pixel count",
+    { eId_DisplayidDeviceVerticalPixels, DisplayId::gsc_oDeviceVerticalPixels, "Vertical pixel count",
       NumberFrom1("lines").With(gsc_aoZeroNotGiven) },
-    { eId_DisplayidDeviceAspectRatio, Byte(0x09), "Aspect ratio", HundredthsFrom1() },
-    { eId_DisplayidDeviceDefaultOrientation, DisplayId::gsc_oDeviceOrientation, "Default orientation",
+    { eId_DisplayidDeviceAspectRatio, DisplayId::gsc_oDeviceAspectRatio, "Aspect ratio", HundredthsFrom1() },
+    { eId_DisplayidDeviceDefaultOrientation, DisplayId::gsc_oDefaultOrientation, "Default orientation",
       Names(gsc_aoOrientations) },
-    { eId_DisplayidDeviceRotationCapability, Bits(0x0A, 5, 4), "Rotation capability", Names(gsc_aoRotations) },
+    { eId_DisplayidDeviceRotationCapability, DisplayId::gsc_oRotationCapability, "Rotation capability",
+      Names(gsc_aoRotations) },
     { eId_DisplayidDeviceZeroPixelLocation, Bits(0x0A, 3, 2), "Zero pixel location", Names(gsc_aoZeroPixels) },
     { eId_DisplayidDeviceScanDirection, Bits(0x0A, 1, 0), "Scan direction", Names(gsc_aoScanDirections) },
-    { eId_DisplayidDeviceSubPixelLayout, DisplayId::gsc_oDeviceSubPixels, "Sub-pixel layout", Names(gsc_aoSubPixels) },
+    { eId_DisplayidDeviceSubPixelLayout, DisplayId::gsc_oSubPixelLayout, "Sub-pixel layout", Names(gsc_aoSubPixels) },
     { eId_DisplayidDeviceHorizontalPitch, Byte(0x0C), "Horizontal dot or pixel pitch", Number("mm").Decimals(2) },
     { eId_DisplayidDeviceVerticalPitch, Byte(0x0D), "Vertical dot or pixel pitch", Number("mm").Decimals(2) },
     { eId_Reserved, Bits(0x0E, 7, 4), "Reserved", Reserved() },
-    { eId_DisplayidDeviceColorBitDepth, DisplayId::gsc_oDeviceDepth, "Color bit depth",
+    { eId_DisplayidDeviceColorBitDepth, Bits(0x0E, 3, 0), "Color bit depth",
       UnknownValue() }, // as stored; whether the depth is one more is not certain
     { eId_DisplayidDeviceResponseTimeTransition, Bit(0x0F, 7), "Response time transition", Flag(gsc_aoTransitions) },
     { eId_DisplayidDeviceResponseTime, Bits(0x0F, 6, 0), "Response time", Number("ms") },
@@ -488,27 +519,27 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
-    { 0x00, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
+    { DisplayId::gsc_uiProduct1Tag, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
       AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct1 }, MapProductText },
-    { 0x01, Group(eId_DisplayidParameters, "Display parameters data block", eArea_Display, Parameters1Text),
+    { DisplayId::gsc_uiParameters1Tag, Group(eId_DisplayidParameters, "Display parameters data block", eArea_Display, Parameters1Text),
       Exactly(12), nullptr, { &gsc_oParameters1, &gsc_oParameters1Colour } },
-    { 0x02, Group(eId_DisplayidColor, "Color characteristics data block", eArea_Colour),
+    { DisplayId::gsc_uiColorTag, Group(eId_DisplayidColor, "Color characteristics data block", eArea_Colour),
       AtLeast(1), &gsc_oColourFlags, { &gsc_oColour }, MapCoordinates },
-    { 0x0A, Group(eId_DisplayidSerial, "Product serial number data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oSerial } },
-    { 0x0B, Group(eId_DisplayidString, "General-purpose ASCII string data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oString } },
-    { 0x0C, Group(eId_DisplayidDevice, "Display device data data block", eArea_Display), Exactly(13), nullptr, { &gsc_oDevice } },
+    { DisplayId::gsc_uiSerialTag, Group(eId_DisplayidSerial, "Product serial number data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oSerial } },
+    { DisplayId::gsc_uiStringTag, Group(eId_DisplayidString, "General-purpose ASCII string data block", eArea_Identity), AtLeast(1), nullptr, { &gsc_oString } },
+    { DisplayId::gsc_uiDeviceTag, Group(eId_DisplayidDevice, "Display device data data block", eArea_Display), Exactly(13), nullptr, { &gsc_oDevice } },
     { 0x0E, Group(eId_DisplayidTransfer, "Transfer characteristics data block", eArea_Colour),
       AtLeast(1), &gsc_oTransferFlags, { &gsc_oTransfer }, MapCurves },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x20, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
+    { DisplayId::gsc_uiProduct2Tag, Group(eId_DisplayidProduct, "Product identification data block", eArea_Identity),
       AtLeast(gsc_uiProductSize), nullptr, { &gsc_oProduct2 }, MapProductText },
-    { 0x21, Group(eId_DisplayidParameters2, "Display parameters data block", eArea_Display, Parameters2Text),
+    { DisplayId::gsc_uiParameters2Tag, Group(eId_DisplayidParameters2, "Display parameters data block", eArea_Display, Parameters2Text),
       Exactly(29), &gsc_oParameters2Flags, { &gsc_oParameters2, &gsc_oParameters2Colour } },
-    { 0x29, Group(eId_DisplayidContainer, "ContainerID data block", eArea_Identity),
+    { DisplayId::gsc_uiContainerTag, Group(eId_DisplayidContainer, "ContainerID data block", eArea_Identity),
       Exactly(gsc_uiContainerIdSize), nullptr, { &gsc_oContainerId } },
-    { 0x2E, Group(eId_DisplayidBrightness, "Brightness luminance range data block", eArea_Colour), Exactly(6), nullptr, { &gsc_oBrightness } },
+    { DisplayId::gsc_uiBrightnessTag, Group(eId_DisplayidBrightness, "Brightness luminance range data block", eArea_Colour), Exactly(6), nullptr, { &gsc_oBrightness } },
 };
 // clang-format on
 } // namespace

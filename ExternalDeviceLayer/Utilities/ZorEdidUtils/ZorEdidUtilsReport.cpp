@@ -135,7 +135,6 @@ void CMonitorReport::Write(CMArrayString& oLines)
 
 namespace
 {
-constexpr unsigned int gsc_uiFirstYear = 1990;
 constexpr unsigned int gsc_uiNameBufferSize = 64;
 
 const char* ValidOrNot(int bValid) { return bValid != 0 ? "Valid" : "Not valid"; }

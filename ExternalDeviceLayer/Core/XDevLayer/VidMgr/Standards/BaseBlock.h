@@ -42,7 +42,22 @@ constexpr SBitsPlace gsc_oColorDepth = { gsc_uiVideoInputOffset, 6, 4 };
 constexpr SBitsPlace gsc_oInterface = { gsc_uiVideoInputOffset, 3, 0 };
 constexpr unsigned int gsc_uiVideoInputRevision = 4;
 
-// Chromaticities, in 1024ths.
+// Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
+constexpr unsigned int gsc_uiPreferredTimingMask = 0x02;
+constexpr unsigned int gsc_uiPreferredTimingRevision = 3;
+
+// Image sizes from revision 4 on: of two, one that is 0 makes the other an aspect ratio, 1.00 as 1.
+constexpr unsigned int gsc_uiRatioOffset = 99;
+
+// Other fields; of digital inputs from revision 4 on the colour type is a list of encodings.
+constexpr SPlace gsc_oGamma = Byte(gsc_uiGammaOffset);
+constexpr SPlace gsc_oDisplayColorType = Bits(0x18, 4, 3);
+constexpr SPlace gsc_oColorEncodings = Bits(0x18, 4, 3);
+constexpr SPlace gsc_oSrgbDefault = Bit(0x18, 2);
+constexpr SPlace gsc_oPreferredIsNative = Bit(0x18, 1);
+constexpr SPlace gsc_oContinuousFrequency = Bit(0x18, 0);
+
+// Chromaticities in 1/1024.
 constexpr SPlace gsc_oRedX = Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } });
 constexpr SPlace gsc_oRedY = Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } });
 constexpr SPlace gsc_oGreenX = Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } });
@@ -51,10 +66,9 @@ constexpr SPlace gsc_oBlueX = Split({ { 0x1F, 7, 0 }, { 0x1A, 7, 6 } });
 constexpr SPlace gsc_oBlueY = Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } });
 constexpr SPlace gsc_oWhiteX = Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } });
 constexpr SPlace gsc_oWhiteY = Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } });
-
-// Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
-constexpr unsigned int gsc_uiPreferredTimingMask = 0x02;
-constexpr unsigned int gsc_uiPreferredTimingRevision = 3;
+constexpr unsigned int gsc_uiGammaElsewhere = 0xFF;
+constexpr unsigned int gsc_uiModelYearWeek = 0xFF; // from revision 4 on: the year is the model year
+constexpr unsigned int gsc_uiFirstYear = 1990;
 
 // Version 1 and this revision or a later one.
 constexpr bool IsAtLeastRevision(const unsigned char* pui8Block, unsigned int uiRevision)

@@ -40,13 +40,46 @@ constexpr unsigned int gsc_uiVideoFormatTag = 6;
 constexpr unsigned int gsc_uiExtendedTag = 7; // the first payload byte is the extended tag
 
 // Extended tags.
+constexpr unsigned int gsc_uiExtendedVideoCapability = 0;
+constexpr unsigned int gsc_uiExtendedVendorVideo = 1; // the payload goes on with an OUI
+constexpr unsigned int gsc_uiExtendedDisplayDevice = 2;
+constexpr unsigned int gsc_uiExtendedColorimetry = 5;
+constexpr unsigned int gsc_uiExtendedStaticHdr = 6;
+constexpr unsigned int gsc_uiExtendedDynamicHdr = 7;
 constexpr unsigned int gsc_uiExtendedNative = 8; // native video resolution
 constexpr unsigned int gsc_uiExtendedPreference = 13;
 constexpr unsigned int gsc_uiExtended420Video = 14;
 constexpr unsigned int gsc_uiExtended420Map = 15;
+constexpr unsigned int gsc_uiExtendedVendorAudio = 17; // the payload goes on with an OUI
+constexpr unsigned int gsc_uiExtendedHdmiAudio = 18;
 constexpr unsigned int gsc_uiExtendedType7 = 34;
 constexpr unsigned int gsc_uiExtendedType8 = 35;
 constexpr unsigned int gsc_uiExtendedType10 = 42;
+constexpr unsigned int gsc_uiExtendedHdmiSink = 121;
+constexpr unsigned int gsc_uiExtendedToneMapping = 122;
+constexpr unsigned int gsc_uiOuiSize = 3;
+
+// ---- The flags of byte 3, from revision 2 on ----
+
+constexpr SPlace gsc_oUnderscan = Bit(3, 7);
+constexpr SPlace gsc_oBasicAudio = Bit(3, 6);
+constexpr SPlace gsc_oYCbCr444 = Bit(3, 5);
+constexpr SPlace gsc_oYCbCr422 = Bit(3, 4);
+
+// ---- Video Capability Data Block: CTA-861-H 7.5.6 ----
+
+constexpr SPlace gsc_oQuantizationYcc = Bit(0, 7);
+constexpr SPlace gsc_oQuantizationRgb = Bit(0, 6);
+constexpr SPlace gsc_oPreferredScan = Bits(0, 5, 4);
+constexpr SPlace gsc_oItScan = Bits(0, 3, 2);
+constexpr SPlace gsc_oCeScan = Bits(0, 1, 0);
+
+// ---- Native Video Resolution Data Block: CTA-861.6 ----
+
+constexpr SPlace gsc_oNativeSizeInMillimetres = Bit(1, 7);
+constexpr SPlace gsc_oNativeSizePresent = Bit(1, 0);
+constexpr SPlace gsc_oNativeImageWidth = Little16(2);
+constexpr SPlace gsc_oNativeImageHeight = Little16(4);
 
 constexpr unsigned int gsc_uiDetailedSize = Descriptors::gsc_uiDescriptorSize;
 

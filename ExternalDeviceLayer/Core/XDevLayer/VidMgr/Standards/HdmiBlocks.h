@@ -1,5 +1,5 @@
-// The places of HDMI's vendor-specific data block (HDMI 1.4b 8.3.2) and of the HDMI Forum's (HDMI 2.1 10.3.2). Offsets
-// count from the payload after the OUI. Private to the library.
+// The places of the data blocks that HDMI adds to CTA-861, from the start of their payloads, after the OUI or the
+// extended tag. Private to the library and the command.
 
 #pragma once
 
@@ -9,6 +9,8 @@
 
 namespace ZorStandards::Hdmi
 {
+// ---- HDMI Vendor-Specific Data Block: HDMI 1.4b 8.3.2 ----
+
 constexpr SPlace gsc_oPhysicalAddress = Big16(0);
 constexpr SPlace gsc_oSupportsAi = Bit(2, 7);
 constexpr SPlace gsc_oDeepColour48 = Bit(2, 6);
@@ -20,10 +22,19 @@ constexpr SPlace gsc_oMaxTmdsClock = Byte(3); // 5 MHz
 constexpr SPlace gsc_oLatencyPresent = Bit(4, 7);
 constexpr SPlace gsc_oInterlacedLatencyPresent = Bit(4, 6); // only with the one before
 constexpr SPlace gsc_oVideoPresent = Bit(4, 5);
-constexpr SPlace gsc_oContentTypes = Bits(4, 3, 0); // CNC3 to CNC0
-constexpr unsigned int gsc_uiFirstOptional = 5;     // the latencies, then the video fields
-constexpr unsigned int gsc_uiLatencySize = 2;       // video, audio; and as much for interlaced formats
-constexpr unsigned int gsc_uiVideoSize = 2;         // of the fields before the HDMI_VICs
+constexpr SPlace gsc_oContentTypes = Bits(4, 3, 0); // these four
+constexpr SPlace gsc_oCnc3 = Bit(4, 3);
+constexpr SPlace gsc_oCnc2 = Bit(4, 2);
+constexpr SPlace gsc_oCnc1 = Bit(4, 1);
+constexpr SPlace gsc_oCnc0 = Bit(4, 0);
+constexpr unsigned int gsc_uiFirstOptional = 5; // the latencies, then the video fields
+constexpr unsigned int gsc_uiLatencySize = 2;   // video, audio; and as much for interlaced formats
+constexpr unsigned int gsc_uiVideoSize = 2;     // of the fields before the HDMI_VICs
+
+constexpr SPlace gsc_oVideoLatency = Byte(5);
+constexpr SPlace gsc_oAudioLatency = Byte(6);
+constexpr SPlace gsc_oInterlacedVideoLatency = Byte(7);
+constexpr SPlace gsc_oInterlacedAudioLatency = Byte(8);
 
 // Milliseconds of a latency byte.
 constexpr unsigned int gsc_uiLatencyNotIndicated = 0;
@@ -71,60 +82,74 @@ constexpr unsigned int gsc_uiMaskSize = 2;
 constexpr SPlace gsc_oVicOrder = Bits(0, 7, 4);
 constexpr SPlace gsc_oStructure = Bits(0, 3, 0);
 constexpr unsigned int gsc_uiFirstWithDetail = 8;
+} // namespace ZorStandards::Hdmi
 
-// ---- HDMI Forum: the sink capability data structure, in a vendor-specific or, after two more bytes, in a data block of
-//      its own ----
+namespace ZorStandards::HdmiForum
+{
+// ---- Sink capability data structure: HDMI 2.1 10.3.2 ----
 
-constexpr unsigned int gsc_uiSinkSkip = 2;
-constexpr SPlace gsc_oMaxTmdsRate = Byte(1);
-constexpr SPlace gsc_oScdc = Bit(2, 7);
-constexpr SPlace gsc_oReadRequest = Bit(2, 6);
-constexpr SPlace gsc_oLowScrambling = Bit(2, 3);
-constexpr SPlace gsc_oMaxFrlRate = Bits(3, 7, 4);
-constexpr SPlace gsc_oDeepColour48In420 = Bit(3, 2);
-constexpr SPlace gsc_oDeepColour36In420 = Bit(3, 1);
-constexpr SPlace gsc_oDeepColour30In420 = Bit(3, 0);
-constexpr SPlace gsc_oQms = Bit(4, 6);
-constexpr SPlace gsc_oCinemaVrr = Bit(4, 4);
-constexpr SPlace gsc_oNegativeMVrr = Bit(4, 3);
-constexpr SPlace gsc_oFastVactive = Bit(4, 2);
-constexpr SPlace gsc_oAllm = Bit(4, 1);
-constexpr SPlace gsc_oVrrMax = Split({ { 5, 7, 6 }, { 6, 7, 0 } });
-constexpr SPlace gsc_oVrrMin = Bits(5, 5, 0);
-constexpr SPlace gsc_oDsc = Bit(7, 7);
-constexpr SPlace gsc_oDscNative420 = Bit(7, 6);
-constexpr SPlace gsc_oDscAllBpp = Bit(7, 3);
-constexpr SPlace gsc_oDsc16 = Bit(7, 2);
-constexpr SPlace gsc_oDsc12 = Bit(7, 1);
-constexpr SPlace gsc_oDsc10 = Bit(7, 0);
-constexpr SPlace gsc_oDscMaxFrlRate = Bits(8, 7, 4);
-constexpr SPlace gsc_oDscMaxSlices = Bits(8, 3, 0);
-constexpr SPlace gsc_oDscChunk = Bits(9, 5, 0);
+inline constexpr SPlace gsc_oVersion = Byte(0);
+inline constexpr SPlace gsc_oMaxTmdsCharacterRate = Byte(1);
+inline constexpr SPlace gsc_oScdcPresent = Bit(2, 7);
+inline constexpr SPlace gsc_oRrCapable = Bit(2, 6);
+inline constexpr SPlace gsc_oCableStatus = Bit(2, 5);
+inline constexpr SPlace gsc_oCcbpci = Bit(2, 4);
+inline constexpr SPlace gsc_oLte340mcscScramble = Bit(2, 3);
+inline constexpr SPlace gsc_oIndependentView = Bit(2, 2);
+inline constexpr SPlace gsc_oDualView = Bit(2, 1);
+inline constexpr SPlace gsc_o3dOsdDisparity = Bit(2, 0);
+inline constexpr SPlace gsc_oMaxFrlRate = Bits(3, 7, 4);
+inline constexpr SPlace gsc_oUhdVic = Bit(3, 3);
+inline constexpr SPlace gsc_oDc48bit420 = Bit(3, 2);
+inline constexpr SPlace gsc_oDc36bit420 = Bit(3, 1);
+inline constexpr SPlace gsc_oDc30bit420 = Bit(3, 0);
+inline constexpr SPlace gsc_oFapaEndExtended = Bit(4, 7);
+inline constexpr SPlace gsc_oQms = Bit(4, 6);
+inline constexpr SPlace gsc_oMDelta = Bit(4, 5);
+inline constexpr SPlace gsc_oCinemaVrr = Bit(4, 4);
+inline constexpr SPlace gsc_oCnmVrr = Bit(4, 3);
+inline constexpr SPlace gsc_oFva = Bit(4, 2);
+inline constexpr SPlace gsc_oAllm = Bit(4, 1);
+inline constexpr SPlace gsc_oFapaStartLocation = Bit(4, 0);
+inline constexpr SPlace gsc_oVrrMax = Split({ { 5, 7, 6 }, { 6, 7, 0 } });
+inline constexpr SPlace gsc_oVrrMin = Bits(5, 5, 0);
+inline constexpr SPlace gsc_oDsc1p2 = Bit(7, 7);
+inline constexpr SPlace gsc_oDscNative420 = Bit(7, 6);
+inline constexpr SPlace gsc_oQmsTfrMax = Bit(7, 5);
+inline constexpr SPlace gsc_oQmsTfrMin = Bit(7, 4);
+inline constexpr SPlace gsc_oDscAllBpp = Bit(7, 3);
+inline constexpr SPlace gsc_oDsc16bpc = Bit(7, 2);
+inline constexpr SPlace gsc_oDsc12bpc = Bit(7, 1);
+inline constexpr SPlace gsc_oDsc10bpc = Bit(7, 0);
+inline constexpr SPlace gsc_oDscMaxFrlRate = Bits(8, 7, 4);
+inline constexpr SPlace gsc_oDscMaxSlices = Bits(8, 3, 0);
+inline constexpr SPlace gsc_oDscTotalChunkKbytes = Bits(9, 5, 0);
 
-constexpr unsigned int gsc_uiMhzPerTmdsUnit = 5;
+// The sink capability data block has two reserved bytes ahead of it.
+inline constexpr unsigned int gsc_uiSinkSkip = 2;
+inline constexpr unsigned int gsc_uiKiloHzPerTmdsUnit = 5000; // of clocks here and in HDMI's block
 
-// A rate of Fixed Rate Link: Gbit/s a lane.
+// A rate of Fixed Rate Link.
 struct SFrlRate
 {
-    unsigned char m_ui8Rate;
     unsigned char m_ui8Lanes;
+    unsigned char m_ui8Gbps; // of each
 };
-constexpr SFrlRate GetFrlRate(unsigned int uiCode)
-{
-    constexpr SFrlRate aoRates[] = { { 0, 0 }, { 3, 3 }, { 6, 3 }, { 6, 4 }, { 8, 4 }, { 10, 4 }, { 12, 4 } };
-    return aoRates[uiCode < std::size(aoRates) ? uiCode : 0];
-}
+inline constexpr SFrlRate gsc_aoFrlRates[] = { { 0, 0 }, { 3, 3 }, { 3, 6 }, { 4, 6 }, { 4, 8 }, { 4, 10 }, { 4, 12 } };
 
-// The slices of a DSC picture and the clock of each.
+// The slices of a compressed picture and the largest clock of each.
 struct SDscSlices
 {
-    unsigned char m_ui8Slices;
-    unsigned short m_ui16Mhz;
+    unsigned char m_ui8Most;
+    unsigned short m_ui16MegaHz;
 };
-constexpr SDscSlices GetDscSlices(unsigned int uiCode)
-{
-    constexpr SDscSlices aoSlices[] = { { 0, 0 },   { 1, 340 }, { 2, 340 },  { 4, 340 },
-                                        { 8, 340 }, { 8, 400 }, { 12, 400 }, { 16, 400 } };
-    return aoSlices[uiCode < std::size(aoSlices) ? uiCode : 0];
-}
-} // namespace ZorStandards::Hdmi
+inline constexpr SDscSlices gsc_aoDscSlices[] = { { 0, 0 },   { 1, 340 }, { 2, 340 },  { 4, 340 },
+                                                  { 8, 340 }, { 8, 400 }, { 12, 400 }, { 16, 400 } };
+
+// ---- Source-Based Tone Mapping Data Block: HDMI 2.1b ----
+
+inline constexpr SPlace gsc_oToneMappingDrdm = Bit(0, 7);
+inline constexpr SPlace gsc_oToneMappingGrdm = Bits(0, 6, 5);
+inline constexpr SPlace gsc_oToneMappingVersion = Bits(0, 3, 0);
+
+} // namespace ZorStandards::HdmiForum

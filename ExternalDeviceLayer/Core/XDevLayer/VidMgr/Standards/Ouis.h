@@ -10,24 +10,30 @@ struct SOui
     const char* m_pszName;
 };
 
+inline constexpr unsigned int gsc_uiOuiAmd = 0x00001A;
+inline constexpr unsigned int gsc_uiOuiNvidia = 0x00044B;
+inline constexpr unsigned int gsc_uiOuiDolby = 0x00D046;
+inline constexpr unsigned int gsc_uiOuiVesa = 0x3A0292;
+inline constexpr unsigned int gsc_uiOuiHdr10Plus = 0x90848B;
+inline constexpr unsigned int gsc_uiOuiMicrosoft = 0xCA125C;
 inline constexpr unsigned int gsc_uiOuiHdmi = 0x000C03;
 inline constexpr unsigned int gsc_uiOuiHdmiForum = 0xC45DD8;
 
 inline constexpr SOui gsc_aoOuis[] = {
-    { 0x00001A, "AMD" },
-    { 0x00044B, "NVIDIA" },
+    { gsc_uiOuiAmd, "AMD" },
+    { gsc_uiOuiNvidia, "NVIDIA" },
     { gsc_uiOuiHdmi, "HDMI Licensing" },
     { 0x000C6E, "ASUSTek" },
     { 0x0010FA, "Apple" },
     { 0x0012FA, "THX" },
     { 0x0014B9, "MStar" },
-    { 0x00D046, "Dolby Laboratories" },
+    { gsc_uiOuiDolby, "Dolby Laboratories" },
     { 0x00E047, "InFocus" },
     { 0x1ABBFB, "UHD Alliance" },
-    { 0x3A0292, "VESA" },
-    { 0x90848B, "HDR10+ Technologies" },
+    { gsc_uiOuiVesa, "VESA" },
+    { gsc_uiOuiHdr10Plus, "HDR10+ Technologies" },
     { gsc_uiOuiHdmiForum, "HDMI Forum" },
-    { 0xCA125C, "Microsoft" },
+    { gsc_uiOuiMicrosoft, "Microsoft" },
 };
 
 // Null for a company that the list lacks.

@@ -64,6 +64,25 @@ struct SPlace
         return uiValue;
     }
     constexpr bool IsSet(const unsigned char* pui8Bytes) const { return Read(pui8Bytes) != 0; }
+    // The first byte that it lies in, and the one after the last. Not for runs.
+    constexpr unsigned int GetFirst() const
+    {
+        unsigned int uiFirst = m_aoPieces[0].m_ui8Offset;
+        for (unsigned int i = 1; i < m_ui8Pieces; ++i)
+        {
+            uiFirst = m_aoPieces[i].m_ui8Offset < uiFirst ? m_aoPieces[i].m_ui8Offset : uiFirst;
+        }
+        return uiFirst;
+    }
+    constexpr unsigned int GetEnd() const
+    {
+        unsigned int uiLast = 0;
+        for (unsigned int i = 0; i < m_ui8Pieces; ++i)
+        {
+            uiLast = m_aoPieces[i].m_ui8Offset > uiLast ? m_aoPieces[i].m_ui8Offset : uiLast;
+        }
+        return uiLast + 1;
+    }
     // Keeps the other bits; what is wider than the place is dropped.
     constexpr void Write(unsigned char* pui8Bytes, unsigned int uiValue) const
     {

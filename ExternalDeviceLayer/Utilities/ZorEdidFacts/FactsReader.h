@@ -1,0 +1,249 @@
+// The reader of facts: it walks an image once and puts what it finds into the record. FactsBase.cpp, FactsCta.cpp and
+// FactsDisplayId.cpp have the readers of the structures; FactsReader.cpp has the precedence of sources and what is only
+// known at the end. Private to this folder.
+
+#pragma once
+
+#include "Standards/ExtensionBlocks.h"
+#include "Standards/Record.h"
+#include "ZorEdidFacts.h"
+
+namespace ZorFacts
+{
+using namespace ZorStandards;
+using CFacts = CZorEdidFacts;
+
+// Who answers a question.
+enum ESource : unsigned char
+{
+    eSource_None,
+    eSource_Base,       // bytes 8 to 34 of the base block
+    eSource_Descriptor, // its display descriptors
+    eSource_Timing,     // its first timing
+    eSource_Cta,        // CTA-861
+    eSource_Hdmi,       // HDMI Licensing and the HDMI Forum
+    eSource_Microsoft,
+    eSource_Vesa, // VESA's display device data block
+    eSource_DisplayId1,
+    eSource_DisplayId2,
+    eSource_Count
+};
+
+// Bytes of the image: a structure, and where it is.
+struct SBytes
+{
+    const unsigned char* m_pui8Bytes;
+    unsigned int m_uiSize;
+    unsigned int m_uiOffset; // in the image
+
+    template <const SPlace& PLACE>
+    bool Has() const
+    {
+        constexpr unsigned int uiEnd = PLACE.GetEnd();
+        return uiEnd <= m_uiSize;
+    }
+    // The caller has asked Has.
+    template <const SPlace& PLACE>
+    unsigned int Get() const
+    {
+        return PLACE.Read(m_pui8Bytes);
+    }
+    template <const SPlace& PLACE>
+    unsigned int Or0() const
+    {
+        return Has<PLACE>() ? Get<PLACE>() : 0;
+    }
+    template <const SPlace& PLACE>
+    unsigned int OffsetOf() const
+    {
+        constexpr unsigned int uiFirst = PLACE.GetFirst();
+        return m_uiOffset + uiFirst;
+    }
+    SBytes From(unsigned int uiSkip) const
+    {
+        return uiSkip < m_uiSize ? SBytes{ m_pui8Bytes + uiSkip, m_uiSize - uiSkip, m_uiOffset + uiSkip }
+                                 : SBytes{ m_pui8Bytes, 0, m_uiOffset };
+    }
+};
+
+// The bit of a flag among the bytes of its structure, the first byte below.
+constexpr unsigned long long FlagOf(const SPlace& oPlace)
+{
+    return 1ULL << (oPlace.m_aoPieces[0].m_ui8Offset * gsc_uiBits + oPlace.m_aoPieces[0].m_ui8Low);
+}
+
+constexpr unsigned int FlagIf(unsigned int uiCondition, unsigned int uiFlag) { return uiCondition != 0 ? uiFlag : 0; }
+
+class CReader
+{
+public:
+    CReader(CFacts& oFacts, const unsigned char* pui8Image, unsigned int uiSize)
+        : m_oFacts(oFacts), m_pui8Image(pui8Image), m_uiSize(uiSize)
+    {
+    }
+
+    // At least a base block.
+    void Read();
+
+private:
+    // ---- Putting facts ----
+
+    // The first answer stays.
+    template <class V, class W>
+    static void Set(SZorFact<V>& oFact, const W& oValue, EZorEdidField eId, unsigned int uiOffset)
+    {
+        if (!oFact.IsSaid())
+        {
+            Replace(oFact, oValue, eId, uiOffset);
+        }
+    }
+    template <class V, class W>
+    static void Replace(SZorFact<V>& oFact, const W& oValue, EZorEdidField eId, unsigned int uiOffset)
+    {
+        oFact.m_oValue = static_cast<V>(oValue);
+        oFact.m_eId = eId;
+        oFact.m_ui16Offset = static_cast<unsigned short>(uiOffset);
+    }
+    // The field of a place, where the structure reaches that far.
+    template <const SPlace& PLACE, class V>
+    static void Take(SZorFact<V>& oFact, const SBytes& oBytes, EZorEdidField eId)
+    {
+        if (oBytes.Has<PLACE>())
+        {
+            Set(oFact, oBytes.Get<PLACE>(), eId, oBytes.OffsetOf<PLACE>());
+        }
+    }
+    // Of several sources the one that the table prefers stays; a difference is noted.
+    template <class V, class W>
+    void Offer(CFacts::EQuestion eQuestion, ESource eSource, SZorFact<V>& oFact, const W& oValue, EZorEdidField eId,
+               unsigned int uiOffset)
+    {
+        const unsigned char ui8Rank = RankOf(eQuestion, eSource);
+        if (!oFact.IsSaid())
+        {
+            m_aui8Ranks[eQuestion] = ui8Rank;
+            Replace(oFact, oValue, eId, uiOffset);
+            return;
+        }
+        const bool bBetter = ui8Rank < m_aui8Ranks[eQuestion];
+        if (!IsSame(oFact.m_oValue, static_cast<V>(oValue)))
+        {
+            const SPlaceInImage oHave = { oFact.m_eId, oFact.m_ui16Offset };
+            const SPlaceInImage oOther = { eId, static_cast<unsigned short>(uiOffset) };
+            NoteConflict(eQuestion, bBetter ? oOther : oHave, bBetter ? oHave : oOther);
+        }
+        if (bBetter)
+        {
+            m_aui8Ranks[eQuestion] = ui8Rank;
+            Replace(oFact, oValue, eId, uiOffset);
+        }
+    }
+    template <const SPlace& PLACE, class V>
+    void OfferPlace(CFacts::EQuestion eQuestion, ESource eSource, SZorFact<V>& oFact, const SBytes& oBytes,
+                    EZorEdidField eId)
+    {
+        if (oBytes.Has<PLACE>())
+        {
+            Offer(eQuestion, eSource, oFact, oBytes.Get<PLACE>(), eId, oBytes.OffsetOf<PLACE>());
+        }
+    }
+
+    struct SPlaceInImage
+    {
+        EZorEdidField m_eId;
+        unsigned short m_ui16Offset;
+    };
+    void NoteConflict(CFacts::EQuestion eQuestion, const SPlaceInImage& oTaken, const SPlaceInImage& oOther);
+    static unsigned char RankOf(CFacts::EQuestion eQuestion, ESource eSource);
+
+    template <class V>
+    static bool IsSame(const V& oOne, const V& oOther)
+    {
+        return oOne == oOther;
+    }
+    static bool IsSame(const CFacts::SMillimetres& oOne, const CFacts::SMillimetres& oOther);
+    static bool IsSame(const CFacts::SPoint& oOne, const CFacts::SPoint& oOther);
+    static bool IsSame(const CFacts::SPrimaries& oOne, const CFacts::SPrimaries& oOther);
+    static bool IsSame(float fOne, float fOther);
+
+    // False for a text without characters.
+    static bool MakeText(CFacts::SText& oText, const SBytes& oBytes);
+    void AddRange(const CFacts::SVariableRefresh& oRange);
+    void AddSpace(CFacts::ESpace eSpace, CFacts::ETransfer eTransfer, EZorEdidField eId, unsigned int uiOffset);
+    void AddFormat(CFacts::EFormat eFormat, EZorEdidField eId, unsigned int uiOffset);
+    void SetHdmiVersion(unsigned int uiVersion, EZorEdidField eId, unsigned int uiOffset);
+
+    // ---- Base block ----
+
+    void ReadBase();
+    void ReadIdentity(const unsigned char* pui8Base);
+    void ReadDisplay(const unsigned char* pui8Base);
+    void ReadChromaticities(const SBytes& oBase);
+    void ReadDescriptor(const SBytes& oDescriptor);
+    void ReadTiming(const SBytes& oTiming);
+    void ReadRange(const SBytes& oRange);
+
+    // ---- CTA-861 ----
+
+    void ReadCta(const SBytes& oBlock);
+    // A collection, in a CTA-861 block or in DisplayID.
+    void ReadDataBlocks(const SBytes& oBytes, unsigned int uiFirst, unsigned int uiEnd);
+    void ReadDataBlock(unsigned int uiTag, const SBytes& oPayload);
+    void ReadExtended(unsigned int uiTag, const SBytes& oPayload);
+    void ReadVendor(const SBytes& oPayload);
+    void ReadVendorVideo(const SBytes& oPayload);
+    void ReadAudio(const SBytes& oPayload);
+    void ReadHdmiAudio(const SBytes& oPayload);
+    void ReadHdmi(const SBytes& oHdmi);
+    void ReadHdmiForum(const SBytes& oSink);
+    void ReadDsc(const SBytes& oSink);
+    void ReadAmd(const SBytes& oAmd);
+    void ReadMicrosoft(const SBytes& oMicrosoft);
+    void ReadDisplayDevice(const SBytes& oDevice);
+    void ReadVideoCapability(const SBytes& oCapability);
+    void ReadStaticHdr(const SBytes& oHdr);
+    void ReadDynamicHdr(const SBytes& oHdr);
+    void ReadDolbyVision(const SBytes& oDolby);
+    void ReadNativeResolution(const SBytes& oNative);
+
+    // ---- DisplayID ----
+
+    void ReadDisplayId(const SBytes& oBlock);
+    void ReadProductType(const SBytes& oSection, bool bVersion2);
+    void ReadDisplayIdBlock(unsigned int uiTag, const SBytes& oBlock);
+    void ReadProduct(const SBytes& oBlock, bool bVersion2);
+    void ReadContainerId(const SBytes& oPayload);
+    // uiTimes: tenths of a millimetre of a unit.
+    void ReadParameters(const SBytes& oBlock, ESource eSource, unsigned int uiTimes);
+    template <unsigned int OFFSET>
+    void OfferColours(const SBytes& oBlock, ESource eSource, EZorEdidField eId, bool b1976);
+    void ReadParameters1(const SBytes& oBlock);
+    void ReadParameters2(const SBytes& oBlock);
+    void ReadColour(const SBytes& oBlock);
+    void ReadDevice(const SBytes& oBlock);
+    void ReadRange1(const SBytes& oBlock);
+    void ReadDynamicRange(const SBytes& oBlock);
+    void ReadInterface(const SBytes& oBlock);
+    void ReadFeatures(const SBytes& oBlock);
+    void ReadDepths(const SBytes& oDepths, unsigned int uiFormats);
+    void ReadTile(const SBytes& oBlock, ESource eSource);
+    void ReadAdaptiveSync(const SBytes& oBlock);
+    void ReadVesaVendor(const SBytes& oBlock);
+    void ReadBrightness(const SBytes& oBlock);
+
+    // ---- What the whole image says ----
+
+    void Finish();
+    void FinishSize();
+    void FinishLink();
+    void FinishColour();
+
+    CFacts& m_oFacts;
+    const unsigned char* m_pui8Image;
+    unsigned int m_uiSize;
+    unsigned char m_aui8Ranks[CFacts::eQuestion_Count] = {}; // of the answers taken
+    bool m_b420 = false;                                     // a data block of YCbCr 4:2:0 modes was there
+    EZorEdidField m_e420 = eZorEdidField_None;
+    unsigned int m_ui420Offset = 0;
+};
+} // namespace ZorFacts

@@ -64,6 +64,16 @@ public:
         eStrip_Reserved20 = 0x20  ///< the same as eStrip_Reserved02
     };
 
+    /// Whether RemoveStandardKeepingDescriptors can take a timing out. Of several reasons against it the first one counts.
+    enum ERemoval : unsigned int
+    {
+        eRemoval_Possible = 0,
+        eRemoval_Damaged = 1,     ///< the data blocks do not end where the descriptors begin
+        eRemoval_3dFields = 2,    ///< HDMI's 3D fields break off, or hold for each of the first 16 of more codes
+        eRemoval_NoCode = 3,      ///< past the end, or only a YCbCr 4:2:0 video block has the code
+        eRemoval_Descriptors = 4, ///< bytes after the last descriptor would become another one
+    };
+
     /// Audio format code. A block can hold 1 to 15 (the field has 4 bits); the values above have names only.
     enum EAudioFormat : unsigned int
     {
@@ -185,6 +195,8 @@ public:
     /// descriptor, and, for one of the first 16 codes of the video blocks, 3D data that break off or that hold for each
     /// of the first 16 codes if there are more.
     int RemoveStandardKeepingDescriptors(unsigned int uiIndex) override;
+    /// What the call above would answer; changes nothing.
+    ERemoval TryRemoval(unsigned int uiIndex) const;
 
     /// Derives the lists of table timings from the bytes; returns GetStandardCount.
     unsigned int ExtractStandardTimings();

@@ -503,9 +503,14 @@ void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
 }
 
 // Takes every occurrence of a code out, with what counts codes by their places. From the last one back, so that no
-// place has to be corrected. False when there is none, or when 3D fields cannot be adapted.
-bool TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
+// place has to be corrected. After a refusal the bytes are good for nothing.
+CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
 {
+    if (!oEditor.AreDataBlocksExact())
+    {
+        return CEdidExtBlockCEA861::eRemoval_Damaged;
+    }
+    const unsigned int uiDetailed = oEditor.CountDetailed();
     SAllCodes oCodes;
     GatherCodes(oEditor, oCodes);
     unsigned int uiVideoCodes = 0; // the video codes come first
@@ -527,7 +532,7 @@ bool TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
             if (!TakeOutOf3d(oEditor, gsc_oVendorBlocks, i - 1, uiVideoCodes) ||
                 !TakeOutOf3d(oEditor, gsc_oVendorVideoBlocks, i - 1, uiVideoCodes))
             {
-                return false;
+                return CEdidExtBlockCEA861::eRemoval_3dFields;
             }
             --uiVideoCodes;
         }
@@ -535,7 +540,9 @@ bool TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
         TakeOutOfMaps(oEditor, i - 1);
         bTaken = true;
     }
-    return bTaken;
+    return !bTaken                                 ? CEdidExtBlockCEA861::eRemoval_NoCode
+           : oEditor.CountDetailed() != uiDetailed ? CEdidExtBlockCEA861::eRemoval_Descriptors
+                                                   : CEdidExtBlockCEA861::eRemoval_Possible;
 }
 } // namespace
 
@@ -613,20 +620,27 @@ int CEdidExtBlockCEA861::RemoveStandard(unsigned int uiIndex)
 int CEdidExtBlockCEA861::RemoveStandardKeepingDescriptors(unsigned int uiIndex)
 {
     CCea861Editor oEditor = EditBytes();
-    if (uiIndex >= GetStandardCount() || !oEditor.AreDataBlocksExact())
-    {
-        return 0;
-    }
-    const unsigned int uiVic = CodeOf(GetVicCodeEntry(uiIndex).m_uiVic);
-    const unsigned int uiDetailed = oEditor.CountDetailed();
     CCea861Undo oUndo(m_aui8Raw.GetData());
-    if (!TakeOutAll(oEditor, uiVic) || oEditor.CountDetailed() != uiDetailed)
+    if (uiIndex >= GetStandardCount() ||
+        TakeOutAll(oEditor, CodeOf(GetVicCodeEntry(uiIndex).m_uiVic)) != eRemoval_Possible)
     {
         return 0;
     }
     oUndo.Complete();
     FinishEdit(eList_All);
     return 1;
+}
+
+CEdidExtBlockCEA861::ERemoval CEdidExtBlockCEA861::TryRemoval(unsigned int uiIndex) const
+{
+    if (uiIndex >= GetStandardCount())
+    {
+        return eRemoval_NoCode;
+    }
+    unsigned char aui8Copy[gsc_uiBlockSize];
+    ZorTools_memcpy(aui8Copy, GetData(), sizeof(aui8Copy));
+    CCea861Editor oEditor(aui8Copy, GetRevision());
+    return TakeOutAll(oEditor, CodeOf(GetVicCodeEntry(uiIndex).m_uiVic));
 }
 
 // Derives m_aoVicLookUp unless it is there.

@@ -124,4 +124,25 @@ TEST(Cea861Edit, TidyRemovalCountsOverTheBlocksOfAnImage)
     EXPECT_EQ(1, oEdid.RemoveStandardKeepingDescriptors(3));
     EXPECT_EQ(fnMakeImage({ 2, 3, 6, 0, 0x41, 16 }), Serialise(oEdid));
 }
+
+TEST(Cea861Edit, RemovalIsTriedWithoutAChange)
+{
+    using enum CEdidExtBlockCEA861::ERemoval;
+    const std::pair<CBytes, CEdidExtBlockCEA861::ERemoval> aoCases[] = {
+        { { 2, 3, 7, 0, 0x42, 16, 4 }, eRemoval_Possible },
+        { { 2, 3, 6, 0, 0x42, 16, 4 }, eRemoval_Damaged },
+        { { 2, 3, 7, 0, 0xE2, 14, 16 }, eRemoval_NoCode },
+        { { 2, 3, 18, 0, 0x41, 16, 0x6B, 3, 12, 0, 16, 0, 0, 0, 0x20, 0x80, 2, 8 }, eRemoval_3dFields },
+        { Join({ { 2, 3, 20, 0, 0x41, 16, 0x6D }, CBytes(13), CBytes(107, 1) }), eRemoval_Descriptors },
+    };
+    for (const auto& [aui8Block, eExpected] : aoCases)
+    {
+        const CBlock poBlock = LoadBlock(CompleteBlock(aui8Block));
+        const auto& oCea = static_cast<const CEdidExtBlockCEA861&>(*poBlock);
+        EXPECT_EQ(eExpected, oCea.TryRemoval(0));
+        EXPECT_EQ(eRemoval_NoCode, oCea.TryRemoval(oCea.GetStandardCount()));
+        EXPECT_EQ(CompleteBlock(aui8Block), GetBytes(*poBlock));
+        EXPECT_EQ(eExpected == eRemoval_Possible ? 1 : 0, poBlock->RemoveStandardKeepingDescriptors(0));
+    }
+}
 } // namespace

@@ -7,7 +7,6 @@
 #include <memory>
 
 #include "EdidUtils.h"
-#include "Hdmi1xVsdb.h"
 #include "LoadedImage.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/DisplayIdSection.h"
@@ -16,11 +15,6 @@
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-
-constexpr ZorStandards::Cta::SDataBlockKind gsc_aoHdmiBlocks[] = {
-    { CEdidExtBlockCEA861::eCea861Tag_VendorSpecific, false },
-    { CEdidExtBlockCEA861::eCea861ExtTag_VendorVideo, true },
-};
 
 constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
 constexpr const char* gsc_pszReferred =
@@ -330,37 +324,20 @@ std::string CEditImage::RemoveStandard(unsigned int uiNumber)
     return "";
 }
 
-// Why the code of this timing can never go. That its 3D formats are at fault shows where it could go without them.
-std::string CEditImage::NameCodeRefusal(const SEditedBlock& oBlock, unsigned int uiNumber)
+// Why the code of a timing can never go.
+std::string CEditImage::NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA861::ERemoval eRemoval) const
 {
-    constexpr unsigned int ui3dLength = 0x1F; // of the second byte of the video fields
-    const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
-    if (!AreDataBlocksExact(*poRead))
+    switch (eRemoval)
     {
+    case CEdidExtBlockCEA861::eRemoval_Damaged:
         return NameBlock(oBlock) + " " + gsc_pszDamaged;
-    }
-    if (ListTimingsOfCode(oBlock, uiNumber).empty())
-    {
+    case CEdidExtBlockCEA861::eRemoval_NoCode:
         return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
+    case CEdidExtBlockCEA861::eRemoval_3dFields:
+        return NameBlock(oBlock) + " has 3D formats for all of its first 16 video codes, or damaged ones";
+    default:
+        return NameBlock(oBlock) + " " + gsc_pszInUse;
     }
-    CBytes aui8Without = oBlock.m_aui8Bytes;
-    for (const ZorStandards::Cta::SDataBlockKind& oKind : gsc_aoHdmiBlocks)
-    {
-        for (ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(*poRead); oWalk.Next(oKind);)
-        {
-            unsigned char* pui8Payload = aui8Without.data() + oWalk.GetPayload().m_uiOffset;
-            const bool bHdmi = CHdmi1xVsdb::IsSupported(oWalk.GetLength(), pui8Payload) != 0;
-            const unsigned int uiVideo = CHdmi1xVsdb::FindVics(oWalk.GetLength(), pui8Payload).m_uiVideoOffset;
-            if (bHdmi && uiVideo != 0)
-            {
-                pui8Payload[uiVideo + 1] &= static_cast<unsigned char>(~ui3dLength);
-            }
-        }
-    }
-    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Without.data());
-    return CopyCea(aui8Without.data())->RemoveStandardKeepingDescriptors(uiNumber) != 0
-               ? NameBlock(oBlock) + " has 3D formats for all of its first 16 video codes, or damaged ones"
-               : NameBlock(oBlock) + " " + gsc_pszInUse;
 }
 
 // Whether a block that prefers timings, or names the native one, has a short video reference in this range.
@@ -386,15 +363,17 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
     unsigned int uiPlace = 0;
     if (oTimings.empty())
     {
-        return NameCodeRefusal(oBlock, uiNumber);
+        return NameRefusal(oBlock, CopyCea(oBlock.m_aui8Bytes.data())->TryRemoval(uiNumber));
     }
     if (FindPresent(oBlock.m_aiStandards, *oTimings.begin(), uiPlace))
     {
         std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            if (oCea.RemoveStandardKeepingDescriptors(uiPlace) == 0)
+            const CEdidExtBlockCEA861::ERemoval eRemoval = oCea.TryRemoval(uiPlace);
+            if (eRemoval != CEdidExtBlockCEA861::eRemoval_Possible)
             {
-                return NameCodeRefusal(oBlock, uiNumber);
+                return NameRefusal(oBlock, eRemoval);
             }
+            oCea.RemoveStandardKeepingDescriptors(uiPlace);
             return std::string(IsCodeReferred(oBlock, *oTimings.begin()) ? gsc_pszReferred : "");
         });
         if (!sReason.empty())

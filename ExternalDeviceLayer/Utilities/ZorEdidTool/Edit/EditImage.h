@@ -108,7 +108,7 @@ private:
 
     std::string RemoveStandard(unsigned int uiNumber);
     std::string RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber);
-    std::string NameCodeRefusal(const SEditedBlock& oBlock, unsigned int uiNumber);
+    std::string NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA861::ERemoval eRemoval) const;
     bool IsReferred(unsigned int uiFirst, unsigned int uiEnd);
     bool IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumber);
     std::string RemoveDetailed(unsigned int uiNumber);

@@ -1,6 +1,7 @@
-// zor_facts_dump info|display FILE...: the facts of images as other programs ask for them, to compare the two.
+// zor_facts_dump info|display|modes FILE...: the facts of images as other programs ask for them, to compare the two.
 //   info     a line of JSON with the answers to libdisplay-info's info.h
 //   display  a line of name=value pairs with the members of Linux' drm_display_info and drm_connector
+//   modes    a line a mode (ModesDump.h)
 
 #include <math.h>
 #include <stdio.h>
@@ -9,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "ModesDump.h"
 #include "ZorEdidFacts.h"
 
 namespace
@@ -188,6 +190,7 @@ void PrintDisplay(const CFacts& oFacts)
 int main(int iArguments, char** ppszArguments)
 {
     const bool bInfo = iArguments > 1 && strcmp(ppszArguments[1], "info") == 0;
+    const bool bModes = iArguments > 1 && strcmp(ppszArguments[1], "modes") == 0;
     static unsigned char s_aui8Bytes[65536];
     for (int i = 2; i < iArguments; ++i)
     {
@@ -196,6 +199,11 @@ int main(int iArguments, char** ppszArguments)
         if (poFile != nullptr)
         {
             fclose(poFile);
+        }
+        if (bModes)
+        {
+            PrintModes(ppszArguments[i], static_cast<unsigned int>(uiSize), s_aui8Bytes);
+            continue;
         }
         CFacts oFacts;
         const bool bRefused = oFacts.Read(static_cast<unsigned int>(uiSize), s_aui8Bytes) != 0;

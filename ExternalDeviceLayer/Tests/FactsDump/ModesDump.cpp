@@ -1,30 +1,15 @@
-// dump_facts FILE...: what the facts layer says of images, tab-separated, a line for each mode:
-//   mode NAME FIELD OFFSET CLOCK_KHZ HDISPLAY HSYNC_START HSYNC_END HTOTAL VDISPLAY VSYNC_START VSYNC_END VTOTAL FLAGS
-//        PREFERENCE ASPECT NUMBERS
-// in the conventions of video modes of kernels: repeated pixels count once, and lines of interlaced modes are those of
-// the frame. scripts/compare-with-kernel reads it.
+// The modes of an image, a line each.
+
+#include "ModesDump.h"
 
 #include <stdio.h>
 #include <string>
-#include <vector>
 
 #include "ZorEdidMap.h"
 #include "ZorEdidModes.h"
 
 namespace
 {
-std::vector<unsigned char> ReadFile(const char* pszName)
-{
-    std::vector<unsigned char> aui8Bytes(1 << 16);
-    FILE* poFile = fopen(pszName, "rb");
-    aui8Bytes.resize(poFile != nullptr ? fread(aui8Bytes.data(), 1, aui8Bytes.size(), poFile) : 0);
-    if (poFile != nullptr)
-    {
-        fclose(poFile);
-    }
-    return aui8Bytes;
-}
-
 std::string GetFlags(const SZorMode& oMode, unsigned int uiStereo)
 {
     std::string sFlags = oMode.m_oHorizontal.m_bPositive ? "+hsync" : "-hsync";
@@ -46,35 +31,31 @@ void PrintMode(const char* pszName, const SZorImageMode& oListed, const SZorMode
     const SZorMode::SAxis& oDown = oMode.m_oVertical;
     const unsigned int uiStartX = oAcross.m_uiActive + oAcross.m_uiFront;
     const unsigned int uiStartY = oDown.m_uiActive + uiFields * oDown.m_uiFront;
-    printf("mode\t%s\t%s\t0x%x\t%.3f\t%u\t%u\t%u\t%u\t%u\t%u\t%u\t%u\t%s\t%u\t%u:%u\t%s\n", pszName,
+    printf("mode\t%s\t%s\t0x%x\t%.3f\t%u\t%u\t%u\t%u\t%u\t%u\t%u\t%u\t%s\t%u\t%u:%u\t%s\t%u\n", pszName,
            CZorEdidMap::GetId(oListed.m_eField), oListed.m_uiOffset,
            static_cast<double>(oMode.m_ullClock) / 1000 / uiRepetition,
            oMode.m_bTiming ? oAcross.m_uiActive / uiRepetition : oMode.m_uiWidth, uiStartX / uiRepetition,
            (uiStartX + oAcross.m_uiSync) / uiRepetition, oAcross.m_uiTotal / uiRepetition, oMode.m_uiHeight, uiStartY,
            uiStartY + uiFields * oDown.m_uiSync, oDown.m_uiTotal, GetFlags(oMode, oListed.m_uiStereo).c_str(),
-           oListed.m_uiPreference, oMode.m_uiAspectWidth, oMode.m_uiAspectHeight, apszNumbers[oListed.m_eNumbers]);
+           oListed.m_uiPreference, oMode.m_uiAspectWidth, oMode.m_uiAspectHeight, apszNumbers[oListed.m_eNumbers],
+           oMode.m_eKind == SZorMode::eModeKind_Vic ? oMode.m_uiCode : 0);
 }
 } // namespace
 
-int main(int iCount, char** ppszArguments)
+void PrintModes(const char* pszPath, unsigned int uiSize, const unsigned char* pui8Data)
 {
-    for (int i = 1; i < iCount; ++i)
+    const std::string sPath = pszPath;
+    const std::string sName = sPath.substr(sPath.rfind('/') + 1);
+    CZorEdidModes oModes;
+    oModes.Read(uiSize, pui8Data);
+    for (unsigned int uiMode = 0; uiMode < oModes.GetCount(); ++uiMode)
     {
-        const std::string sPath = ppszArguments[i];
-        const std::string sName = sPath.substr(sPath.rfind('/') + 1);
-        const std::vector<unsigned char> aui8Bytes = ReadFile(ppszArguments[i]);
-        CZorEdidModes oModes;
-        oModes.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data());
-        for (unsigned int uiMode = 0; uiMode < oModes.GetCount(); ++uiMode)
+        const SZorImageMode& oListed = oModes.Get(uiMode);
+        SZorMode oPartner;
+        PrintMode(sName.c_str(), oListed, oListed.m_oMode);
+        if (CZorEdidModes::GetPartner(oListed.m_oMode, oPartner))
         {
-            const SZorImageMode& oListed = oModes.Get(uiMode);
-            SZorMode oPartner;
-            PrintMode(sName.c_str(), oListed, oListed.m_oMode);
-            if (CZorEdidModes::GetPartner(oListed.m_oMode, oPartner))
-            {
-                PrintMode(sName.c_str(), oListed, oPartner);
-            }
+            PrintMode(sName.c_str(), oListed, oPartner);
         }
     }
-    return 0;
 }

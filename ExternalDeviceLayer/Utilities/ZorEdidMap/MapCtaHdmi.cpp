@@ -366,7 +366,7 @@ unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned
     const unsigned int uiGroup =
         oWriter.BeginGroup(eId_CtaHdmi3dFormat, gsc_oItemTable.m_pszName, eArea_Timing, uiOffset, uiSize);
     const unsigned int uiField = oWriter.AddLeaf(gsc_oOrderRow, eArea_Timing, uiOffset, uiSize);
-    const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).GetBits(0, 7, 4);
+    const unsigned int uiOrder = oWriter.GetRecord(uiOffset, uiSize).Get(Hdmi::gsc_oVicOrder);
     if (uiOrder < oCodes.m_uiCount)
     {
         const unsigned int uiCode = ReadShortVideo(oCodes.m_aui8Codes[uiOrder]).m_uiCode;
@@ -440,19 +440,19 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
     oWriter.AddRows(gsc_oHdmiVideoTable, uiOffset, gsc_uiVideoSize);
     const unsigned int uiLengths = oWriter.FindLeaf(uiOffset + 1, 0);
     uiOffset += gsc_uiVideoSize;
-    const unsigned int uiVics = std::min(oVideo.GetBits(1, 7, 5), uiEnd - uiOffset);
+    const unsigned int uiVics = std::min(oVideo.Get(Hdmi::gsc_oVicCount), uiEnd - uiOffset);
     for (unsigned int i = 0; i < uiVics; ++i)
     {
         oWriter.AddLeaf(gsc_oHdmiVicRow, eArea_Timing, uiOffset + i, 1);
     }
     uiOffset += uiVics;
-    const unsigned int ui3d = oVideo.GetBits(1, 4, 0);
-    if (ui3d > uiEnd - uiOffset || oVideo.GetBits(1, 7, 5) > uiVics)
+    const unsigned int ui3d = oVideo.Get(Hdmi::gsc_o3dLength);
+    if (ui3d > uiEnd - uiOffset || oVideo.Get(Hdmi::gsc_oVicCount) > uiVics)
     {
         oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error,
                         "the fields behind run past the end of the data block");
     }
-    const unsigned int uiMulti = oVideo.GetBits(0, 6, 5);
+    const unsigned int uiMulti = oVideo.Get(Hdmi::gsc_o3dMultiPresent);
     if (ui3d < GetMultiSize(uiMulti))
     {
         oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error, "is too short for what 3D_Multi_present announces");

@@ -8,6 +8,7 @@
 #include "DescribedOrigins.h"
 #include "Hdmi1xVsdb.h"
 #include "ListFill.h"
+#include "Standards/Ouis.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
@@ -19,14 +20,8 @@ namespace
 static_assert(gsc_uiExtendedTag == CEdidExtBlockCEA861::eCea861Tag_Extended);
 
 // Payload of an empty HDMI vendor block: IEEE identifier, physical address 1.0.0.0, no capabilities.
-constexpr unsigned char gsc_aui8EmptyVendorPayload[] = {
-    CHdmi1xVsdb::msc_aui8IeeOuiHdmi1x[0],
-    CHdmi1xVsdb::msc_aui8IeeOuiHdmi1x[1],
-    CHdmi1xVsdb::msc_aui8IeeOuiHdmi1x[2],
-    0x01,
-    0x00,
-    0x00,
-};
+constexpr unsigned char gsc_aui8EmptyVendorPayload[] = { 0x03, 0x0C, 0x00, 0x01, 0x00, 0x00 };
+static_assert(ZorStandards::ReadLittle24(gsc_aui8EmptyVendorPayload) == ZorStandards::gsc_uiOuiHdmi);
 
 unsigned int GetPayload(const CCea861Bytes& oBytes, const SDataBlockKind& oKind, unsigned int uiIndex,
                         unsigned int* puiLength)

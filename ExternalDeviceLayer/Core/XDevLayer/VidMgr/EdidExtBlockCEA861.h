@@ -64,7 +64,7 @@ public:
         eStrip_Reserved20 = 0x20  ///< the same as eStrip_Reserved02
     };
 
-    /// Whether RemoveStandardKeepingDescriptors can take a timing out. Of several reasons against it the first one counts.
+    /// Whether RemoveStandardKeepingDescriptors can take a timing out. Of several reasons against it the first counts.
     enum ERemoval : unsigned int
     {
         eRemoval_Possible = 0,

@@ -4,52 +4,24 @@
 #include "Hdmi1xVsdb.h"
 
 #include "Standards/ByteFields.h"
-#include "Standards/Place.h"
+#include "Standards/HdmiBlocks.h"
+#include "Standards/Ouis.h"
 #include "Standards/VideoCodes.h"
 #include "ZorAssert.h"
 #include "ZorTools.h"
 
 using namespace ZorStandards;
+using namespace ZorStandards::Hdmi;
 
 namespace ZorCore
 {
 namespace
 {
-// Offsets in the payload.
-constexpr unsigned int gsc_uiCapabilityOffset = 5;
-constexpr SBitsPlace gsc_oDepth = { gsc_uiCapabilityOffset, 6, 4 };
-constexpr unsigned int gsc_uiPresenceOffset = 7;
-constexpr unsigned int gsc_uiLatencyOffset = 8;
-
-constexpr unsigned int gsc_uiShortestPayload = gsc_uiPresenceOffset + 1;
+constexpr unsigned int gsc_uiFieldsOffset = 3; // in the payload, after the OUI: HdmiBlocks.h counts from here
+constexpr unsigned int gsc_uiShortestPayload = gsc_uiFieldsOffset + gsc_uiFirstOptional;
 constexpr unsigned int gsc_uiLongestPayload = 31; // the length field of a data block has 5 bits
-
-// Presence byte.
-constexpr unsigned int gsc_uiLatencyPresent = 0x80;
-constexpr unsigned int gsc_uiInterlacedLatencyPresent = 0x40;
-constexpr unsigned int gsc_uiVideoPresent = 0x20;
-constexpr unsigned int gsc_uiLatencySize = 2; // bytes, for each kind
-
-// From the video fields on.
-constexpr SBitsPlace gsc_oVicCount = { 1, 7, 5 }; // the bits below are the length of the 3D data
-constexpr unsigned int gsc_uiVicsOffset = 2;
-constexpr SBitsPlace gsc_oMultiPresent = { 0, 6, 5 };
-constexpr SBitsPlace gsc_o3dLength = { 1, 4, 0 };
-
-// 3D data.
-enum EMultiPresent : unsigned int
-{
-    eMulti_None = 0,
-    eMulti_All = 1,        // 3D_Structure_ALL holds for each of the first 16 codes
-    eMulti_AllAndMask = 2, // for those in 3D_MASK
-    eMulti_Reserved = 3
-};
-constexpr unsigned int gsc_uiIndexedCodes = 16;
-constexpr unsigned int gsc_uiStructureAllSize = 2;
-constexpr unsigned int gsc_uiMaskSize = 2;
-constexpr SBitsPlace gsc_oVicOrder = { 0, 7, 4 };
-constexpr SBitsPlace gsc_oStructure = { 0, 3, 0 };
-constexpr unsigned int gsc_uiFirstWithDetail = 8; // structures from here on have a second byte
+constexpr unsigned int gsc_uiDepthsEnd = gsc_uiFieldsOffset + gsc_oDeepColours.GetEnd();
+constexpr unsigned int gsc_uiIndexedCodes = 16; // by the 3D data
 
 // Where the 3D data are, as offsets in the payload; equal ones when there are none.
 struct S3dFields
@@ -57,7 +29,7 @@ struct S3dFields
     unsigned int m_uiMask;    // 3D_MASK, where there is one
     unsigned int m_uiEntries; // after it
     unsigned int m_uiEnd;
-    EMultiPresent m_eMulti;
+    unsigned int m_uiMulti;
 };
 
 unsigned int GetEntrySize(const unsigned char* pui8Entry)
@@ -81,11 +53,11 @@ bool Find3dFields(unsigned int uiLength, const unsigned char* pui8Payload, S3dFi
     {
         return true;
     }
-    oFields.m_eMulti = static_cast<EMultiPresent>(gsc_oMultiPresent.Read(pui8Video));
-    oFields.m_uiMask = uiStart + (oFields.m_eMulti != eMulti_None ? gsc_uiStructureAllSize : 0);
-    oFields.m_uiEntries = oFields.m_uiMask + (oFields.m_eMulti == eMulti_AllAndMask ? gsc_uiMaskSize : 0);
+    oFields.m_uiMulti = gsc_o3dMultiPresent.Read(pui8Video);
+    oFields.m_uiMask = uiStart + (oFields.m_uiMulti != eMulti_None ? gsc_uiStructureAllSize : 0);
+    oFields.m_uiEntries = oFields.m_uiMask + (oFields.m_uiMulti == eMulti_AllAndMask ? gsc_uiMaskSize : 0);
     oFields.m_uiEnd = uiStart + uiSize;
-    if (oFields.m_uiEnd > uiLength || oFields.m_eMulti == eMulti_Reserved)
+    if (oFields.m_uiEnd > uiLength || oFields.m_uiMulti > eMulti_AllAndMask)
     {
         return false;
     }
@@ -120,7 +92,7 @@ unsigned int RemoveFrom3dEntries(const S3dFields& oFields, unsigned char* pui8Pa
 } // namespace
 
 CHdmi1xVsdb::CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload)
-    : m_pui8Fixed(nullptr), m_pui8Video(nullptr), m_pui8Payload(pui8Payload), m_uiPayloadLength(uiLength)
+    : m_pui8Payload(pui8Payload), m_uiPayloadLength(uiLength)
 {
     if (IsSupported(uiLength, pui8Payload) != 0)
     {
@@ -141,7 +113,7 @@ int CHdmi1xVsdb::IsSupported(unsigned int uiLength, const unsigned char* pui8Pay
         MASSERT_FAILED();
         return 0;
     }
-    return ZorTools_memcmp(pui8Payload, msc_aui8IeeOuiHdmi1x, sizeof(msc_aui8IeeOuiHdmi1x)) == 0 ? 1 : 0;
+    return ReadLittle24(pui8Payload) == gsc_uiOuiHdmi ? 1 : 0;
 }
 
 CHdmi1xVsdb::SVics CHdmi1xVsdb::FindVics(unsigned int uiLength, const unsigned char* pui8Payload)
@@ -150,12 +122,13 @@ CHdmi1xVsdb::SVics CHdmi1xVsdb::FindVics(unsigned int uiLength, const unsigned c
     {
         return {};
     }
-    const unsigned int uiPresence = pui8Payload[gsc_uiPresenceOffset];
-    unsigned int uiVideoOffset = gsc_uiLatencyOffset;
-    uiVideoOffset += (uiPresence & gsc_uiLatencyPresent) != 0 ? gsc_uiLatencySize : 0;
-    uiVideoOffset += (uiPresence & gsc_uiInterlacedLatencyPresent) != 0 ? gsc_uiLatencySize : 0;
-    const unsigned int uiVicsOffset = uiVideoOffset + gsc_uiVicsOffset;
-    if ((uiPresence & gsc_uiVideoPresent) == 0 || uiVicsOffset > uiLength)
+    // Not by GetVideoOffset: latencies of interlaced formats count without the others, too.
+    const unsigned char* pui8Fields = pui8Payload + gsc_uiFieldsOffset;
+    const unsigned int uiLatencies =
+        gsc_oLatencyPresent.Read(pui8Fields) + gsc_oInterlacedLatencyPresent.Read(pui8Fields);
+    const unsigned int uiVideoOffset = gsc_uiShortestPayload + uiLatencies * gsc_uiLatencySize;
+    const unsigned int uiVicsOffset = uiVideoOffset + gsc_uiVideoSize;
+    if (!gsc_oVideoPresent.IsSet(pui8Fields) || uiVicsOffset > uiLength)
     {
         return {};
     }
@@ -163,18 +136,9 @@ CHdmi1xVsdb::SVics CHdmi1xVsdb::FindVics(unsigned int uiLength, const unsigned c
     return { uiVideoOffset, uiVicsOffset, uiCount <= uiLength - uiVicsOffset ? uiCount : 0 };
 }
 
-// The same for the payload of this view, whose pointers it sets.
-CHdmi1xVsdb::SVics CHdmi1xVsdb::FindVics()
-{
-    const SVics oVics = FindVics(m_uiPayloadLength, m_pui8Payload);
-    m_pui8Fixed = m_pui8Payload;
-    m_pui8Video = oVics.m_uiVideoOffset != 0 ? m_pui8Payload + oVics.m_uiVideoOffset : nullptr;
-    return oVics;
-}
-
 unsigned int CHdmi1xVsdb::ExtractTimings()
 {
-    const SVics oVics = FindVics();
+    const SVics oVics = FindVics(m_uiPayloadLength, m_pui8Payload);
     m_aui8CeaVic.SetCount(oVics.m_uiCount, -1); // room for all, cut below to the known ones
     unsigned int uiKnown = 0;
     for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
@@ -200,7 +164,7 @@ int CHdmi1xVsdb::RemoveCea861Vic(unsigned int uiVic)
     {
         return 0;
     }
-    const SVics oVics = FindVics();
+    const SVics oVics = FindVics(m_uiPayloadLength, m_pui8Payload);
     for (unsigned int i = 0; i < oVics.m_uiCount; ++i)
     {
         unsigned char* pui8Vic = m_pui8Payload + oVics.m_uiVicsOffset + i;
@@ -230,11 +194,11 @@ int CHdmi1xVsdb::RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload,
         return 1;
     }
     if (!Find3dFields(uiLength, pui8Payload, oFields) ||
-        (oFields.m_eMulti == eMulti_All && uiCodes > gsc_uiIndexedCodes))
+        (oFields.m_uiMulti == eMulti_All && uiCodes > gsc_uiIndexedCodes))
     {
         return 0;
     }
-    if (oFields.m_eMulti == eMulti_AllAndMask)
+    if (oFields.m_uiMulti == eMulti_AllAndMask)
     {
         unsigned char* pui8Mask = pui8Payload + oFields.m_uiMask;
         const unsigned int uiMask = ReadBig16(pui8Mask);
@@ -269,25 +233,23 @@ int CHdmi1xVsdb::ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char&
 int CHdmi1xVsdb::GetColorBitDepthSupport(unsigned int& uiBits)
 {
     uiBits = 0;
-    if (m_pui8Payload == nullptr || m_uiPayloadLength <= gsc_uiCapabilityOffset)
+    if (m_pui8Payload == nullptr || m_uiPayloadLength < gsc_uiDepthsEnd)
     {
         MASSERT_FAILED();
         return 0;
     }
-    m_pui8Fixed = m_pui8Payload;
-    uiBits = gsc_oDepth.Read(m_pui8Fixed);
+    uiBits = gsc_oDeepColours.Read(m_pui8Payload + gsc_uiFieldsOffset);
     return 1;
 }
 
 int CHdmi1xVsdb::SetColorBitDepthSupport(unsigned int uiBits)
 {
-    if (m_pui8Payload == nullptr || m_uiPayloadLength <= gsc_uiCapabilityOffset)
+    if (m_pui8Payload == nullptr || m_uiPayloadLength < gsc_uiDepthsEnd)
     {
         MASSERT_FAILED();
         return 0;
     }
-    m_pui8Fixed = m_pui8Payload;
-    gsc_oDepth.Write(m_pui8Fixed, uiBits);
+    gsc_oDeepColours.Write(m_pui8Payload + gsc_uiFieldsOffset, uiBits);
     return 1;
 }
 } // namespace ZorCore

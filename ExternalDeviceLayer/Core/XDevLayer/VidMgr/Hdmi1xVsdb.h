@@ -8,17 +8,8 @@
 // took and ExtractTimings keeps the old list; RemoveCea861Vic has then changed the bytes or not begun, and the list may
 // be out of date: the caller puts the bytes back.
 //
-// Payload, as published in the HDMI 1.x standard (offsets from the first byte after the data block header):
-//     0 to 2  IEEE identifier 0x000C03, least significant byte first
-//     5       bit 6: 48-bit, bit 5: 36-bit, bit 4: 30-bit colour
-//     7       bit 7: latency fields present, bit 6: interlaced latency fields present, bit 5: video fields present
-//     8       2 bytes for each kind of latency fields present
-//     o       3D flags
-//     o + 1   bits 7 to 5: number of HDMI VICs, bits 4 to 0: length of the 3D data
-//     o + 2   HDMI VICs, one byte each, then the 3D data: 2 bytes of 3D_Structure_ALL when 3D_Multi_present (bits 6 and
-//             5 of byte o) is 1 or 2, 2 bytes of 3D_MASK when it is 2, both most significant byte first; then entries
-//             with the place of a video code in bits 7 to 4 and 3D_Structure in bits 3 to 0, of 2 bytes from structure
-//             8 on, else of 1
+// The payload begins with the OUI; Standards/HdmiBlocks.h has what follows: fields, HDMI VICs of one byte each, then the
+// 3D data.
 
 #pragma once
 
@@ -29,8 +20,6 @@ namespace ZorCore
 class CHdmi1xVsdb
 {
 public:
-    static constexpr unsigned char msc_aui8IeeOuiHdmi1x[3] = { 0x03, 0x0C, 0x00 };
-
     // Takes the payload, not a copy of it: uiLength bytes at pui8Payload, owned by the caller. What IsSupported refuses
     // gives a view without VICs.
     CHdmi1xVsdb(unsigned int uiLength, unsigned char* pui8Payload);
@@ -83,10 +72,6 @@ public:
     int SetColorBitDepthSupport(unsigned int uiBits);
 
 private:
-    SVics FindVics();
-
-    unsigned char* m_pui8Fixed; // fixed fields; null until they are read
-    unsigned char* m_pui8Video; // the byte at offset o; null until ExtractTimings finds video fields
     unsigned char* m_pui8Payload;
     CMArray<unsigned char, const unsigned char&> m_aui8CeaVic;
     unsigned int m_uiPayloadLength;

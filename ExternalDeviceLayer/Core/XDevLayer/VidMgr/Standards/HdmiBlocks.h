@@ -13,6 +13,7 @@ namespace ZorStandards::Hdmi
 
 constexpr SPlace gsc_oPhysicalAddress = Big16(0);
 constexpr SPlace gsc_oSupportsAi = Bit(2, 7);
+constexpr SPlace gsc_oDeepColours = Bits(2, 6, 4); // these three
 constexpr SPlace gsc_oDeepColour48 = Bit(2, 6);
 constexpr SPlace gsc_oDeepColour36 = Bit(2, 5);
 constexpr SPlace gsc_oDeepColour30 = Bit(2, 4);

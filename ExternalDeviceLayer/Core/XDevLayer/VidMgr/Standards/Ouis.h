@@ -13,6 +13,7 @@ struct SOui
 inline constexpr unsigned int gsc_uiOuiAmd = 0x00001A;
 inline constexpr unsigned int gsc_uiOuiNvidia = 0x00044B;
 inline constexpr unsigned int gsc_uiOuiDolby = 0x00D046;
+inline constexpr unsigned int gsc_uiOuiUhdAlliance = 0x1ABBFB;
 inline constexpr unsigned int gsc_uiOuiVesa = 0x3A0292;
 inline constexpr unsigned int gsc_uiOuiHdr10Plus = 0x90848B;
 inline constexpr unsigned int gsc_uiOuiMicrosoft = 0xCA125C;
@@ -29,7 +30,7 @@ inline constexpr SOui gsc_aoOuis[] = {
     { 0x0014B9, "MStar" },
     { gsc_uiOuiDolby, "Dolby Laboratories" },
     { 0x00E047, "InFocus" },
-    { 0x1ABBFB, "UHD Alliance" },
+    { gsc_uiOuiUhdAlliance, "UHD Alliance" },
     { gsc_uiOuiVesa, "VESA" },
     { gsc_uiOuiHdr10Plus, "HDR10+ Technologies" },
     { gsc_uiOuiHdmiForum, "HDMI Forum" },

@@ -1,4 +1,4 @@
-"""Tests of zoredid edit from outside. EditTest.py COMMAND FOLDER. EditEveryTest.cpp does every edit at every number."""
+"""Tests of zoredid edit from outside. EditTest.py COMMAND PROJECT. EditEveryTest.cpp does every edit at every number."""
 
 import os
 import stat
@@ -7,10 +7,9 @@ import sys
 import tempfile
 import unittest
 
-COMMAND, IMAGES = sys.argv[1], sys.argv[2]
-MONITOR = os.path.join(IMAGES, "monitor.bin")
-with open(MONITOR, "rb") as image_file:
-    IMAGE = image_file.read()
+from FactsTest import COMMAND, fix_sums, MONITOR as IMAGE, PROJECT
+
+MONITOR = os.path.join(PROJECT, "examples/monitor.bin")
 
 
 def run(*arguments, data=b""):
@@ -22,22 +21,16 @@ def edit(image, *arguments):
     return run("-", "-o", "-", *arguments, data=image)
 
 
-def repaired(image):
-    """With right checksums of all blocks."""
-    blocks = [image[at:at + 127] for at in range(0, len(image), 128)]
-    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
-
-
 def changed(offset, new, image=IMAGE):
     new = bytes.fromhex(new)
-    return repaired(image[:offset] + new + image[offset + len(new):])
+    return fix_sums(image[:offset] + new + image[offset + len(new):])
 
 
 def cea(data_blocks, flags=0x71, image=IMAGE):
     """The image with these data blocks in place of its own."""
     area = bytes.fromhex(data_blocks)
     block = bytes([2, 3, 4 + len(area), flags]) + area + IMAGE[128 + 34:128 + 34 + 4 * 18]
-    return repaired(image[:128] + block.ljust(128, b"\0"))
+    return fix_sums(image[:128] + block.ljust(128, b"\0"))
 
 
 def detailed(count, *natives):
@@ -45,7 +38,7 @@ def detailed(count, *natives):
     base = IMAGE[:72] + IMAGE[54:72] + b"".join(b"\0\0\0\x10".ljust(18, b"\0") for _ in "ab")
     timing = IMAGE[54:72]
     blocks = [bytes([2, 3, 4, native]) + timing * count for native in natives]
-    return repaired(base + bytes([len(blocks), 0]) + b"".join(block.ljust(128, b"\0") for block in blocks))
+    return fix_sums(base + bytes([len(blocks), 0]) + b"".join(block.ljust(128, b"\0") for block in blocks))
 
 
 VIDEO = "4f0102031112130414050e0f1d1e1f10"
@@ -53,7 +46,7 @@ AUDIO, SPEAKER, HDMI = "23090701", "83010000", "65030c001000"
 
 
 def extended(*blocks):
-    return repaired(IMAGE[:126] + bytes([1 + len(blocks)]) + IMAGE[127:]) + b"".join(blocks)
+    return fix_sums(IMAGE[:126] + bytes([1 + len(blocks)]) + IMAGE[127:]) + b"".join(blocks)
 
 
 class Edits(unittest.TestCase):
@@ -93,7 +86,7 @@ class Edits(unittest.TestCase):
         digital = IMAGE[:19] + bytes([4, 0x8F]) + IMAGE[21:]
         reserved = "23890701"
         for image, arguments, expected in (
-                (repaired(digital), "--color-depth 10", repaired(digital[:20] + b"\xbf" + digital[21:])),
+                (fix_sums(digital), "--color-depth 10", fix_sums(digital[:20] + b"\xbf" + digital[21:])),
                 (cea(VIDEO + "68030c0010008f2d00"), "--deep-color 30,48", cea(VIDEO + "68030c001000df2d00")),
                 (cea(VIDEO + "68030c001000ff2d00" * 2), "--deep-color none", cea(VIDEO + "68030c0010008f2d00" * 2)),
                 # Speakers of later editions of the standard, bytes after the mask, and a second data block.
@@ -120,7 +113,7 @@ class Edits(unittest.TestCase):
 
     def test_damaged_and_named_elsewhere(self):
         def byte_2(value, data=b""):
-            return repaired(IMAGE[:128] + bytes([2, 3, value, 0]) + data.ljust(124, b"\0"))
+            return fix_sums(IMAGE[:128] + bytes([2, 3, value, 0]) + data.ljust(124, b"\0"))
 
         damaged = "block 1 is damaged: "
         ends = damaged + "its data blocks do not end where its descriptors begin"
@@ -196,7 +189,7 @@ class Edits(unittest.TestCase):
         self.assertEqual(image[512:], out[512:])
         self.assertNotEqual(image[128:256], out[128:256])
         section = bytes([0x70, 0x12, 0, 0, 0, 0xEE]).ljust(128, b"\1")
-        self.assertEqual((0, repaired(extended(unread, section, IMAGE[128:])), ""),
+        self.assertEqual((0, fix_sums(extended(unread, section, IMAGE[128:])), ""),
                          edit(image[:127] + b"\0" + image[128:], "--repair-checksums"))
 
     def test_a_repaired_block_gets_no_numbers(self):

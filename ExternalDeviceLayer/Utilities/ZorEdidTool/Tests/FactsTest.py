@@ -17,7 +17,7 @@ try:
 except ImportError:
     jsonschema = None
 
-COMMAND, PROJECT, WRITE_IMAGES, CORPUS = (sys.argv[1:] + [""])[:4]
+COMMAND, PROJECT, WRITE_IMAGES, CORPUS = (sys.argv[1:] + ["", ""])[:4]
 GOLDEN = os.path.join(PROJECT, "ExternalDeviceLayer/Tests/UnitTests/EdidUtils/golden")
 with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
     MONITOR = file.read()

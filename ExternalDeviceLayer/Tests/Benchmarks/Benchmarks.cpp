@@ -21,13 +21,22 @@
 #include "FailingHeap.h"
 #include "OsServices.h"
 #include "SharedFiles.h"
+#include "Standards/Makers.h"
 #include "TemporaryFile.h"
 #include "TestBytes.h"
 #include "VidParamCea.h"
 #include "VidParamTimingFunc.h"
 #include "VidParamTimingGeneric.h"
+#include "ZorEdidFacts.h"
 #include "ZorEdidMap.h"
 #include "ZorEdidUtils.h"
+
+#ifdef ZOREDID_DISPLAY_INFO
+extern "C"
+{
+#include <libdisplay-info/info.h>
+}
+#endif
 
 namespace
 {
@@ -154,6 +163,50 @@ unsigned int ReadMap(size_t uiImage)
     return oMap.GetFieldCount();
 }
 
+// What libdisplay-info's info.h asks for, and its answers' values taken: both sides give the same number of questions.
+constexpr unsigned int gsc_uiFactQuestions = 8;
+
+unsigned int ReadFacts(size_t uiImage)
+{
+    const CBytes& aui8Image = g_aaui8Images[uiImage];
+    CZorEdidFacts oFacts;
+    oFacts.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    const CZorEdidFacts::SIdentity& oIdentity = oFacts.GetIdentity();
+    const CZorEdidFacts::SColour& oColour = oFacts.GetColour();
+    benchmark::DoNotOptimize(ZorStandards::FindMakerName(oIdentity.m_oMaker.m_oValue.m_szLetters));
+    benchmark::DoNotOptimize(oIdentity.m_oName.m_oValue);
+    benchmark::DoNotOptimize(oIdentity.m_oSerialText.m_oValue);
+    benchmark::DoNotOptimize(oColour.m_oContentMax.m_oValue.m_fLuminance);
+    benchmark::DoNotOptimize(oColour.GetDefaultPrimaries());
+    benchmark::DoNotOptimize(oColour.GetDefaultWhite());
+    benchmark::DoNotOptimize(oColour.m_oColorimetry.m_oValue);
+    benchmark::DoNotOptimize(oColour.GetDefaultGamma());
+    return gsc_uiFactQuestions;
+}
+
+#ifdef ZOREDID_DISPLAY_INFO
+unsigned int AskDisplayInfo(size_t uiImage)
+{
+    const CBytes& aui8Image = g_aaui8Images[uiImage];
+    di_info* poInfo = di_info_parse_edid(aui8Image.data(), aui8Image.size());
+    if (poInfo == nullptr)
+    {
+        return gsc_uiFactQuestions; // a refusal is its answer
+    }
+    for (char* pszText : { di_info_get_make(poInfo), di_info_get_model(poInfo), di_info_get_serial(poInfo) })
+    {
+        benchmark::DoNotOptimize(pszText);
+        free(pszText);
+    }
+    benchmark::DoNotOptimize(di_info_get_hdr_static_metadata(poInfo));
+    benchmark::DoNotOptimize(di_info_get_default_color_primaries(poInfo));
+    benchmark::DoNotOptimize(di_info_get_supported_signal_colorimetry(poInfo));
+    benchmark::DoNotOptimize(di_info_get_default_gamma(poInfo));
+    di_info_destroy(poInfo);
+    return gsc_uiFactQuestions;
+}
+#endif
+
 const SMeasured gsc_aoImageRows[] = {
     { "Image_A_Load", LoadAnd<[](const CEdid&) { return 1U; }> },
     { "Image_B_LoadAndWalk", LoadAnd<Walk> },
@@ -167,6 +220,10 @@ const SMeasured gsc_aoImageRows[] = {
     { "Image_G_CompareWithItself", [](size_t i) { return Compare(LoadedImage(i), LoadedImage(i)); } },
     { "Image_H_Map", ReadMap<0> },
     { "Image_I_MapAndValues", ReadMap<1> },
+    { "Image_J_FactsReadAndAskAll", ReadFacts },
+#ifdef ZOREDID_DISPLAY_INFO
+    { "Image_K_DisplayInfoParseAskAllDestroy", AskDisplayInfo },
+#endif
     { "Image_Serialise", [](size_t i) { return LoadedImage(i).GetEdidBuffer().GetCount(); } },
 };
 

@@ -114,7 +114,8 @@ void PrintLink(const CFacts& oFacts)
     printf("\tfrl_gbps=%ux%u\tdsc=%d\tdsc_bpc=%u\tdsc_slices=%u\tdsc_mhz=%u\tdsc_frl_gbps=%ux%u\tdsc_kbytes=%u",
            oLink.m_oFrl.m_oValue.m_ui8Lanes, oLink.m_oFrl.m_oValue.m_ui8Gbps, oLink.m_oDsc.m_oValue ? 1 : 0,
            oLink.m_oDscDepth.m_oValue, oLink.m_oDscSlices.m_oValue.m_ui8Most, oLink.m_oDscSlices.m_oValue.m_ui16MegaHz,
-           oLink.m_oDscFrl.m_oValue.m_ui8Lanes, oLink.m_oDscFrl.m_oValue.m_ui8Gbps, oLink.m_oDscChunk.m_oValue / 1024);
+           oLink.m_oDscFrl.m_oValue.m_ui8Lanes, oLink.m_oDscFrl.m_oValue.m_ui8Gbps,
+           oLink.m_oDscChunk.IsSaid() ? oLink.m_oDscChunk.m_oValue / 1024 - 1 : 0); // as stored
     printf("\tdsc_420=%d\tdsc_all_bpp=%d", oLink.m_oDscNative420.m_oValue ? 1 : 0, oLink.m_oDscAllBpp.m_oValue ? 1 : 0);
 }
 
@@ -138,7 +139,7 @@ void PrintTile(const CFacts& oFacts)
                oTile.m_ui16Column, oTile.m_ui16Row, oTile.m_uiWidth, oTile.m_uiHeight,
                oTile.m_bSingleEnclosure ? 1 : 0);
     }
-    printf("\tphysical_address=0x%x", oLink.m_oPhysicalAddress.m_oValue);
+    printf("\tphysical_address=0x%x", oLink.m_oPhysicalAddress.Or(0xFFFF));
 }
 
 void PrintSound(const CFacts::SAudio& oAudio)
@@ -158,6 +159,19 @@ void PrintSound(const CFacts::SAudio& oAudio)
     printf("\tspeakers=0x%x", oAudio.m_oSpeakers.m_oValue & 0xFF);
 }
 
+// Before EDID 1.4 HDMI's deep colour is the depth.
+unsigned int GetDepth(const CFacts& oFacts)
+{
+    constexpr unsigned char ui8Revision4 = 4;
+    const unsigned int uiDeep = oFacts.GetColour().m_oHdmiDeep.m_oValue;
+    const bool bHdmi = oFacts.GetLink().m_oHdmi.IsSaid() && oFacts.GetIdentity().m_oRevision.m_oValue < ui8Revision4;
+    return !bHdmi                              ? oFacts.GetColour().m_oDepth.m_oValue
+           : (uiDeep & CFacts::eDepth_16) != 0 ? 16
+           : (uiDeep & CFacts::eDepth_12) != 0 ? 12
+           : (uiDeep & CFacts::eDepth_10) != 0 ? 10
+                                               : 8;
+}
+
 void PrintDisplay(const CFacts& oFacts)
 {
     const CFacts::SLink& oLink = oFacts.GetLink();
@@ -165,7 +179,7 @@ void PrintDisplay(const CFacts& oFacts)
     const CFacts::SMillimetres& oBase = oFacts.GetSize().m_oCentimetres.m_oValue;
     printf("\tname=%s\twidth_mm=%u\theight_mm=%u\tbpc=%u\tcolor_formats=0x%x",
            oFacts.GetIdentity().m_oName.m_oValue.m_szText, oBase.m_ui16Width / 10, oBase.m_ui16Height / 10,
-           oColour.m_oDepth.m_oValue, oColour.m_oFormats.m_oValue);
+           GetDepth(oFacts), oColour.m_oFormats.m_oValue);
     PrintLink(oFacts);
     unsigned int uiLeast = 0;
     unsigned int uiMost = 0;

@@ -1,5 +1,7 @@
-// Fuzz target: the input is an EDID image in any state; its map says each bit once.
+// Fuzz target: the input is an EDID image in any state; its map says each bit once, and its facts are fields of the
+// map.
 
+#include "FactsCheck.h"
 #include "FuzzSupport.h"
 #include "MapCheck.h"
 
@@ -9,9 +11,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     const CBytes aui8Input(pui8Data, pui8Data + uiSize);
     const CBytes aui8Image = uiSize % 2 == 0 ? RepairImage(aui8Input) : aui8Input;
     CZorEdidMap oMap;
-    const int iRead = oMap.Read(static_cast<unsigned int>(aui8Image.size()), CopyToHeap(aui8Image).get());
+    const unsigned int uiImage = static_cast<unsigned int>(aui8Image.size());
+    const auto pui8Copy = CopyToHeap(aui8Image);
+    const int iRead = oMap.Read(uiImage, pui8Copy.get());
     Require((iRead != 0) == !aui8Image.empty(), "any bytes are read");
     const std::string sBroken = CheckMap(oMap);
     Require(sBroken.empty(), sBroken.c_str());
+    CZorEdidFacts oFacts;
+    oFacts.Read(uiImage, pui8Copy.get());
+    const std::string sWrong = CheckFacts(oFacts, oMap);
+    Require(sWrong.empty(), sWrong.c_str());
     return 0;
 }

@@ -12,7 +12,6 @@ using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr unsigned int gsc_uiDescriptors = 4;
 constexpr unsigned int gsc_uiTenthsPerCentimetre = 100;
 constexpr unsigned int gsc_uiTenthsPerMillimetre = 10;
 constexpr unsigned int gsc_uiRevision4 = 4;
@@ -22,6 +21,12 @@ constexpr unsigned char gsc_ui8LineFeed = 0x0A;
 constexpr CFacts::ELink gsc_aeLinks[] = { CFacts::eLink_Digital, CFacts::eLink_Dvi,   CFacts::eLink_Hdmi,
                                           CFacts::eLink_Hdmi,    CFacts::eLink_Other, CFacts::eLink_DisplayPort };
 constexpr unsigned char gsc_aui8Depths[] = { 0, 6, 8, 10, 12, 14, 16, 0 };
+
+// Whatever the version is: no other one has this header.
+bool HasRevision(const unsigned char* pui8Base, unsigned int uiRevision)
+{
+    return pui8Base[gsc_uiRevisionOffset] >= uiRevision;
+}
 
 // Televisions have an aspect ratio in place of a size: 16 by 9 and 4 by 3 mm, or in centimetres.
 bool IsRatio(unsigned int uiWidth, unsigned int uiHeight)
@@ -45,23 +50,27 @@ CFacts::SPoint ReadPoint(const SBytes& oBase)
 }
 } // namespace
 
-void CReader::ReadBase()
+void CReader::VisitBase(const SPart& oBase)
 {
     ReadIdentity(m_pui8Image);
     ReadDisplay(m_pui8Image);
-    ReadChromaticities({ m_pui8Image, gsc_uiBlockSize, 0 });
-    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
+    ReadChromaticities(oBase);
+}
+
+// Those of the base block; of CTA-861 there are only more timings.
+void CReader::VisitDescriptor(const SPart& oDescriptor)
+{
+    if (oDescriptor.m_uiOffset >= gsc_uiBlockSize)
     {
-        const unsigned int uiOffset = DescriptorOffset(i);
-        const SBytes oDescriptor = { m_pui8Image + uiOffset, gsc_uiDescriptorSize, uiOffset };
-        if (!HasPixelClock(oDescriptor.m_pui8Bytes))
-        {
-            ReadDescriptor(oDescriptor);
-        }
-        else if (!m_oFacts.m_oSize.m_oFirst.IsSaid())
-        {
-            ReadTiming(oDescriptor);
-        }
+        return;
+    }
+    if (!HasPixelClock(oDescriptor.m_oBytes.GetData()))
+    {
+        ReadDescriptor(oDescriptor);
+    }
+    else if (!m_oFacts.m_oSize.m_oFirst.IsSaid())
+    {
+        ReadTiming(oDescriptor);
     }
 }
 
@@ -82,7 +91,7 @@ void CReader::ReadIdentity(const unsigned char* pui8Base)
     constexpr unsigned int uiLastWeek = 54;
     const unsigned int uiWeek = pui8Base[gsc_uiWeekOffset];
     const unsigned int uiYear = pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear;
-    if (uiWeek == gsc_uiModelYearWeek && IsAtLeastRevision(pui8Base, gsc_uiRevision4))
+    if (uiWeek == gsc_uiModelYearWeek && HasRevision(pui8Base, gsc_uiRevision4))
     {
         Offer(CFacts::eQuestion_ModelYear, eSource_Base, oIdentity.m_oModelYear, uiYear,
               eZorEdidField_BaseIdentityModelYear, gsc_uiYearOffset);
@@ -104,7 +113,7 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
     CFacts::SSize& oSize = m_oFacts.m_oSize;
     CFacts::SColour& oColour = m_oFacts.m_oColour;
     const SBytes oBase = { pui8Base, gsc_uiBlockSize, 0 };
-    const bool b4 = IsAtLeastRevision(pui8Base, gsc_uiRevision4);
+    const bool b4 = HasRevision(pui8Base, gsc_uiRevision4);
     const bool bDigital = (pui8Base[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
     const unsigned int uiInterface = gsc_oInterface.Read(pui8Base);
     if (!bDigital)
@@ -117,11 +126,17 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
         Offer(CFacts::eQuestion_Link, eSource_Base, m_oFacts.m_oLink.m_oKind, gsc_aeLinks[uiInterface],
               eZorEdidField_BaseDisplayInterface, gsc_uiVideoInputOffset);
     }
+    constexpr unsigned int uiDfpDepth = 8; // at most
     const unsigned char ui8Depth = gsc_aui8Depths[gsc_oColorDepth.Read(pui8Base)];
     if (bDigital && b4 && ui8Depth != 0)
     {
         Offer(CFacts::eQuestion_Depth, eSource_Base, oColour.m_oDepth, ui8Depth, eZorEdidField_BaseDisplayColorBitDepth,
               gsc_uiVideoInputOffset);
+    }
+    if (bDigital && !b4 && HasRevision(pui8Base, gsc_uiDfpRevision) && gsc_oDfp1Compatible.IsSet(pui8Base))
+    {
+        Offer(CFacts::eQuestion_Depth, eSource_Base, oColour.m_oDepth, uiDfpDepth,
+              eZorEdidField_BaseDisplayDfp1Compatible, gsc_uiVideoInputOffset);
     }
 
     const unsigned int uiEncodings = gsc_oColorEncodings.Read(pui8Base);
@@ -256,8 +271,11 @@ void CReader::ReadTiming(const SBytes& oTiming)
                                           static_cast<unsigned int>(std::min(ullRate, ullMost)),
                                           bInterlaced };
     Set(oSize.m_oFirst, oFirst, eZorEdidField_BaseDetailedPixelClock, oTiming.m_uiOffset);
-    Set(oSize.m_oFirstIsPreferred, IsPreferredTimingDeclared(m_pui8Image), eZorEdidField_BaseDisplayPreferredTiming,
-        gsc_uiFeaturesOffset);
+    // From EDID 1.4 on it always is.
+    const bool b4 = HasRevision(m_pui8Image, gsc_uiRevision4);
+    Set(oSize.m_oFirstIsPreferred, IsPreferredTimingDeclared(m_pui8Image),
+        b4 ? eZorEdidField_BaseEdidRevision : eZorEdidField_BaseDisplayPreferredTiming,
+        b4 ? gsc_uiRevisionOffset : gsc_uiFeaturesOffset);
     if (oSize.m_oFirstIsNative.m_oValue)
     {
         Offer(CFacts::eQuestion_Native, eSource_Timing, oSize.m_oNative, oFirst.m_oPixels,
@@ -294,7 +312,7 @@ void CReader::ReadRange(const SBytes& oRange)
               oLimits.m_uiPreciseMaxPixelClockInKiloHz, eZorEdidField_BaseRangeMaxPixelClock,
               oRange.OffsetOf<gsc_oMaxPixelClock>());
     }
-    const bool b4 = IsAtLeastRevision(m_pui8Image, gsc_uiRevision4);
+    const bool b4 = HasRevision(m_pui8Image, gsc_uiRevision4);
     Take<gsc_oFormula>(oLink.m_oRangeFormula, oRange,
                        b4 ? eZorEdidField_BaseRangeVideoTimingSupport : eZorEdidField_BaseRangeSecondaryTimingFormula);
     if (b4 && gsc_oContinuousFrequency.IsSet(m_pui8Image))

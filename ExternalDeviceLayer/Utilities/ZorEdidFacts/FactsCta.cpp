@@ -17,6 +17,7 @@ namespace
 {
 using HdmiForum::gsc_uiKiloHzPerTmdsUnit;
 constexpr float gsc_fMillion = 1e6F;
+constexpr unsigned int gsc_uiExtendedHeader = Cta::gsc_uiHeaderSize + 1; // with the extended tag
 
 // The flags of the public header are bits of the standards' bytes.
 static_assert(FlagOf(Colour::gsc_oBt2020Rgb) == CFacts::eColorimetry_Bt2020Rgb &&
@@ -66,9 +67,10 @@ constexpr CFacts::EKind FindUseCase(unsigned int uiCode)
 
 // ---- The block and its data blocks ----
 
-void CReader::ReadCta(const SBytes& oBlock)
+void CReader::VisitCta(const SPart& oPart)
 {
     using namespace Cta;
+    const SBytes oBlock = oPart;
     if (oBlock.m_uiSize < gsc_uiDataBlocksOffset)
     {
         return;
@@ -77,37 +79,25 @@ void CReader::ReadCta(const SBytes& oBlock)
     const unsigned int uiRevision = pui8Block[gsc_uiRevisionOffset];
     Set(m_oFacts.m_oLink.m_oCtaRevision, uiRevision, eZorEdidField_CtaRevision,
         oBlock.m_uiOffset + gsc_uiRevisionOffset);
-    if (uiRevision >= gsc_uiNativeCountRevision)
+    if (uiRevision < gsc_uiNativeCountRevision)
     {
-        Take<gsc_oUnderscan>(m_oFacts.m_oSize.m_oUnderscan, oBlock, eZorEdidField_CtaUnderscan);
-        Take<gsc_oBasicAudio>(m_oFacts.m_oAudio.m_oBasic, oBlock, eZorEdidField_CtaBasicAudio);
-        OfferPlace<gsc_oBasicAudio>(CFacts::eQuestion_Audio, eSource_Cta, m_oFacts.m_oAudio.m_oAudio, oBlock,
-                                    eZorEdidField_CtaBasicAudio);
-        if (gsc_oYCbCr444.IsSet(pui8Block))
-        {
-            AddFormat(CFacts::eFormat_YCbCr444, eZorEdidField_CtaYcbcr444, oBlock.OffsetOf<gsc_oYCbCr444>());
-        }
-        if (gsc_oYCbCr422.IsSet(pui8Block))
-        {
-            AddFormat(CFacts::eFormat_YCbCr422, eZorEdidField_CtaYcbcr422, oBlock.OffsetOf<gsc_oYCbCr422>());
-        }
+        return;
     }
-    ReadDataBlocks({ pui8Block, std::min(oBlock.m_uiSize, gsc_uiChecksumOffset), oBlock.m_uiOffset },
-                   gsc_uiDataBlocksOffset, GetDataBlocksEnd(uiRevision, pui8Block[gsc_uiDetailedStartOffset]));
-}
-
-void CReader::ReadDataBlocks(const SBytes& oBytes, unsigned int uiFirst, unsigned int uiEnd)
-{
-    Cta::CDataBlockWalk oWalk(oBytes.m_pui8Bytes, uiEnd, uiFirst, oBytes.m_uiSize);
-    while (oWalk.Next())
+    Take<gsc_oUnderscan>(m_oFacts.m_oSize.m_oUnderscan, oBlock, eZorEdidField_CtaUnderscan);
+    Take<gsc_oBasicAudio>(m_oFacts.m_oAudio.m_oBasic, oBlock, eZorEdidField_CtaBasicAudio);
+    OfferPlace<gsc_oBasicAudio>(CFacts::eQuestion_Audio, eSource_Cta, m_oFacts.m_oAudio.m_oAudio, oBlock,
+                                eZorEdidField_CtaBasicAudio);
+    if (gsc_oYCbCr444.IsSet(pui8Block))
     {
-        const unsigned int uiPayload = oWalk.GetPayload().m_uiOffset;
-        ReadDataBlock(oWalk.GetTag(),
-                      { oBytes.m_pui8Bytes + uiPayload, oWalk.GetLength(), oBytes.m_uiOffset + uiPayload });
+        AddFormat(CFacts::eFormat_YCbCr444, eZorEdidField_CtaYcbcr444, oBlock.OffsetOf<gsc_oYCbCr444>());
+    }
+    if (gsc_oYCbCr422.IsSet(pui8Block))
+    {
+        AddFormat(CFacts::eFormat_YCbCr422, eZorEdidField_CtaYcbcr422, oBlock.OffsetOf<gsc_oYCbCr422>());
     }
 }
 
-void CReader::ReadDataBlock(unsigned int uiTag, const SBytes& oPayload)
+void CReader::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
 {
     switch (uiTag)
     {
@@ -118,15 +108,14 @@ void CReader::ReadDataBlock(unsigned int uiTag, const SBytes& oPayload)
         ReadVendor(oPayload);
         break;
     case Cta::gsc_uiSpeakersTag:
-        Take<gsc_oSpeakerBytes>(m_oFacts.m_oAudio.m_oSpeakers, oPayload, eZorEdidField_CtaSpeakers);
-        break;
-    case Cta::gsc_uiExtendedTag:
-        if (oPayload.m_uiSize != 0)
-        {
-            ReadExtended(oPayload.m_pui8Bytes[0], oPayload.From(1));
-        }
+        TakeAll<gsc_oSpeakerBytes>(m_oFacts.m_oAudio.m_oSpeakers, oPayload, eZorEdidField_CtaSpeakers,
+                                   Cta::gsc_uiHeaderSize);
         break;
     default:
+        if (uiTag >= gsc_uiExtended)
+        {
+            ReadExtended(uiTag - gsc_uiExtended, oPayload);
+        }
         break;
     }
 }
@@ -145,7 +134,8 @@ void CReader::ReadExtended(unsigned int uiTag, const SBytes& oPayload)
         ReadDisplayDevice(oPayload);
         break;
     case Cta::gsc_uiExtendedColorimetry:
-        Take<gsc_oColorimetryBytes>(m_oFacts.m_oColour.m_oColorimetry, oPayload, eZorEdidField_CtaColorimetry);
+        TakeAll<gsc_oColorimetryBytes>(m_oFacts.m_oColour.m_oColorimetry, oPayload, eZorEdidField_CtaColorimetry,
+                                       gsc_uiExtendedHeader);
         break;
     case Cta::gsc_uiExtendedStaticHdr:
         ReadStaticHdr(oPayload);
@@ -158,12 +148,7 @@ void CReader::ReadExtended(unsigned int uiTag, const SBytes& oPayload)
         break;
     case Cta::gsc_uiExtended420Video:
     case Cta::gsc_uiExtended420Map:
-        if (!m_b420)
-        {
-            m_b420 = true;
-            m_e420 = uiTag == Cta::gsc_uiExtended420Map ? eZorEdidField_Cta420Map : eZorEdidField_Cta420Video;
-            m_ui420Offset = oPayload.m_uiOffset - Cta::gsc_uiHeaderSize - 1;
-        }
+        Read420(uiTag, oPayload);
         break;
     case Cta::gsc_uiExtendedHdmiAudio:
         ReadHdmiAudio(oPayload);
@@ -385,7 +370,10 @@ void CReader::ReadHdmi(const SBytes& oHdmi)
     if (oHdmi.Get<gsc_oVideoPresent>() != 0)
     {
         const SBytes oVideo = oHdmi.From(GetVideoOffset(oRecord));
-        Take<gsc_oImageSize>(m_oFacts.m_oSize.m_oImageSize, oVideo, eZorEdidField_CtaHdmiImageSize);
+        if (oVideo.m_uiSize >= gsc_uiVideoSize)
+        {
+            Take<gsc_oImageSize>(m_oFacts.m_oSize.m_oImageSize, oVideo, eZorEdidField_CtaHdmiImageSize);
+        }
     }
 }
 
@@ -605,11 +593,27 @@ void CReader::ReadVideoCapability(const SBytes& oCapability)
     Take<gsc_oCeScan>(oSize.m_oCeScan, oCapability, eZorEdidField_CtaVideoCapabilityCeScan);
 }
 
+// A map without a byte is of all modes; else its bits are modes, as the bytes of the other data block are.
+void CReader::Read420(unsigned int uiTag, const SBytes& oPayload)
+{
+    const bool bMap = uiTag == Cta::gsc_uiExtended420Map;
+    const unsigned char* pui8End = oPayload.m_pui8Bytes + oPayload.m_uiSize;
+    const bool bModes =
+        std::any_of(oPayload.m_pui8Bytes, pui8End, [](unsigned char ui8Byte) { return ui8Byte != 0; }) ||
+        (bMap && oPayload.m_uiSize == 0);
+    if (bModes && !m_b420)
+    {
+        m_b420 = true;
+        m_e420 = bMap ? eZorEdidField_Cta420Map : eZorEdidField_Cta420Video;
+        m_ui420Offset = oPayload.m_uiOffset - gsc_uiExtendedHeader;
+    }
+}
+
 void CReader::ReadStaticHdr(const SBytes& oHdr)
 {
     using namespace Colour;
     CFacts::SColour& oColour = m_oFacts.m_oColour;
-    Take<gsc_oEotfBits>(oColour.m_oEotfs, oHdr, eZorEdidField_CtaHdrStatic);
+    TakeAll<gsc_oEotfBits>(oColour.m_oEotfs, oHdr, eZorEdidField_CtaHdrStatic, gsc_uiExtendedHeader);
     Take<gsc_oMetadataBits>(oColour.m_oMetadataTypes, oHdr, eZorEdidField_CtaHdrStaticMetadataType1);
     const unsigned int uiMaximum = oHdr.Or0<gsc_oMaxLuminanceCode>();
     const auto fnLuminance = [](long long llMicro, unsigned int uiCode) {
@@ -652,7 +656,7 @@ void CReader::ReadDynamicHdr(const SBytes& oHdr)
         }
     }
     Set(m_oFacts.m_oColour.m_oDynamicHdr, oDynamic, eZorEdidField_CtaHdrDynamic,
-        oHdr.m_uiOffset - Cta::gsc_uiHeaderSize - 1);
+        oHdr.m_uiOffset - gsc_uiExtendedHeader);
 }
 
 void CReader::ReadDolbyVision(const SBytes& oDolby)

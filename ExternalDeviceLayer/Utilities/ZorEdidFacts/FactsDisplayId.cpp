@@ -1,4 +1,4 @@
-// What a DisplayID section says: DisplayID 1.3, 2.0 and 2.1. Both versions have the same tag for no two data blocks.
+// What a DisplayID section says: DisplayID 1.3, 2.0 and 2.1.
 
 #include <algorithm>
 #include <iterator>
@@ -80,34 +80,13 @@ void TakeLuminance(SZorFact<float>& oFact, const SBytes& oBlock, EZorEdidField e
 }
 } // namespace
 
-void CReader::ReadDisplayId(const SBytes& oBlock)
+void CReader::VisitDisplayId(const SPart& oBlock)
 {
-    if (oBlock.m_uiSize < gsc_uiDataBlocksOffset)
-    {
-        return;
-    }
-    const unsigned char* pui8Block = oBlock.m_pui8Bytes;
-    const unsigned int uiVersion = pui8Block[gsc_uiVersionOffset] >> 4;
-    const unsigned int uiEnd = std::min({ gsc_uiDataBlocksOffset + pui8Block[gsc_uiSectionLengthOffset],
-                                          gsc_uiDataBlocksOffset + gsc_uiMostDataBytes, oBlock.m_uiSize });
-    if (uiVersion > 2)
-    {
-        return;
-    }
-    ReadProductType(oBlock, uiVersion == 2);
-    CDataBlockWalk oWalk(pui8Block, gsc_uiDataBlocksOffset, uiEnd, uiEnd);
-    while (oWalk.Next())
-    {
-        ReadDisplayIdBlock(oWalk.GetTag(),
-                           { oWalk.GetHeader(), oWalk.GetSize(), oBlock.m_uiOffset + oWalk.GetOffset() });
-    }
-}
-
-void CReader::ReadProductType(const SBytes& oSection, bool bVersion2)
-{
-    const unsigned int uiType = oSection.m_pui8Bytes[gsc_uiProductTypeOffset];
-    const unsigned int uiOffset = oSection.m_uiOffset + gsc_uiProductTypeOffset;
-    if (uiType == 0 || uiType >= (bVersion2 ? std::size(gsc_aeUseCases) : std::size(gsc_aeTypes)))
+    const unsigned int uiVersion = oBlock.GetByte(gsc_uiVersionOffset) >> 4;
+    const bool bVersion2 = uiVersion == 2;
+    const unsigned int uiType = oBlock.GetByte(gsc_uiProductTypeOffset);
+    const unsigned int uiOffset = oBlock.m_uiOffset + gsc_uiProductTypeOffset;
+    if (uiVersion > 2 || uiType == 0 || uiType >= (bVersion2 ? std::size(gsc_aeUseCases) : std::size(gsc_aeTypes)))
     {
         return;
     }
@@ -120,8 +99,15 @@ void CReader::ReadProductType(const SBytes& oSection, bool bVersion2)
     }
 }
 
-void CReader::ReadDisplayIdBlock(unsigned int uiTag, const SBytes& oBlock)
+// Both versions have the same tag for no two data blocks.
+void CReader::VisitDisplayIdData(unsigned int uiVersion, const SPart& oData)
 {
+    const SBytes oBlock = oData;
+    const unsigned int uiTag = oData.GetByte(0);
+    if (uiVersion > 2)
+    {
+        return;
+    }
     CFacts::SIdentity& oIdentity = m_oFacts.m_oIdentity;
     CFacts::SText oText;
     switch (uiTag)
@@ -186,9 +172,6 @@ void CReader::ReadDisplayIdBlock(unsigned int uiTag, const SBytes& oBlock)
         break;
     case gsc_uiVendor2Tag:
         ReadVesaVendor(oBlock);
-        break;
-    case DisplayId::gsc_uiCtaTag:
-        ReadDataBlocks(oBlock, gsc_uiPayloadOffset, oBlock.m_uiSize);
         break;
     default:
         break;

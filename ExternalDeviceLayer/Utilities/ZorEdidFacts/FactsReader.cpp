@@ -189,21 +189,7 @@ void CReader::SetHdmiVersion(unsigned int uiVersion, EZorEdidField eId, unsigned
 
 void CReader::Read()
 {
-    ReadBase();
-    const unsigned int uiBlocks = m_pui8Image[FindExtensionCount(m_pui8Image, m_uiSize)];
-    CBlockWalk oWalk(m_pui8Image, m_uiSize);
-    while (oWalk.Next() && oWalk.GetNumber() <= uiBlocks)
-    {
-        const SBytes oBlock = { oWalk.GetData(), oWalk.GetLength(), oWalk.GetOffset() };
-        if (oWalk.GetData()[0] == gsc_uiCtaTag)
-        {
-            ReadCta(oBlock);
-        }
-        else if (oWalk.GetData()[0] == gsc_uiDisplayIdTag)
-        {
-            ReadDisplayId(oBlock);
-        }
-    }
+    WalkImage(m_uiSize, m_pui8Image, *this);
     Finish();
 }
 

@@ -4,8 +4,7 @@
 
 #pragma once
 
-#include "Standards/ExtensionBlocks.h"
-#include "Standards/Record.h"
+#include "FactsBlocks.h"
 #include "ZorEdidFacts.h"
 
 namespace ZorFacts
@@ -29,9 +28,18 @@ enum ESource : unsigned char
     eSource_Count
 };
 
-// Bytes of the image: a structure, and where it is.
+// Bytes of the image: a structure, and where it is. Places are known when this is compiled, which makes it fast.
 struct SBytes
 {
+    SBytes(const unsigned char* pui8Bytes, unsigned int uiSize, unsigned int uiOffset)
+        : m_pui8Bytes(pui8Bytes), m_uiSize(uiSize), m_uiOffset(uiOffset)
+    {
+    }
+    SBytes(const SPart& oPart)
+        : m_pui8Bytes(oPart.m_oBytes.GetData()), m_uiSize(oPart.GetSize()), m_uiOffset(oPart.m_uiOffset)
+    {
+    }
+
     const unsigned char* m_pui8Bytes;
     unsigned int m_uiSize;
     unsigned int m_uiOffset; // in the image
@@ -61,8 +69,8 @@ struct SBytes
     }
     SBytes From(unsigned int uiSkip) const
     {
-        return uiSkip < m_uiSize ? SBytes{ m_pui8Bytes + uiSkip, m_uiSize - uiSkip, m_uiOffset + uiSkip }
-                                 : SBytes{ m_pui8Bytes, 0, m_uiOffset };
+        return uiSkip < m_uiSize ? SBytes(m_pui8Bytes + uiSkip, m_uiSize - uiSkip, m_uiOffset + uiSkip)
+                                 : SBytes(m_pui8Bytes, 0, m_uiOffset);
     }
 };
 
@@ -84,6 +92,15 @@ public:
 
     // At least a base block.
     void Read();
+
+    // For WalkImage.
+    void VisitBase(const SPart& oBase);
+    void VisitDescriptor(const SPart& oDescriptor);
+    void VisitCta(const SPart& oBlock);
+    void VisitCtaData(unsigned int uiTag, const SPart& oPayload);
+    void VisitDisplayId(const SPart& oBlock);
+    void VisitDisplayIdData(unsigned int uiVersion, const SPart& oData);
+    void VisitOther(unsigned int /*uiTag*/, const SPart& /*oBlock*/) {}
 
 private:
     // ---- Putting facts ----
@@ -111,6 +128,15 @@ private:
         if (oBytes.Has<PLACE>())
         {
             Set(oFact, oBytes.Get<PLACE>(), eId, oBytes.OffsetOf<PLACE>());
+        }
+    }
+    // Of a data block whose bytes are one fact: its group. uiHeader: bytes of its header.
+    template <const SPlace& PLACE, class V>
+    static void TakeAll(SZorFact<V>& oFact, const SBytes& oPayload, EZorEdidField eId, unsigned int uiHeader)
+    {
+        if (oPayload.Has<PLACE>())
+        {
+            Set(oFact, oPayload.Get<PLACE>(), eId, oPayload.m_uiOffset - uiHeader);
         }
     }
     // Of several sources the one that the table prefers stays; a difference is noted.
@@ -175,7 +201,6 @@ private:
 
     // ---- Base block ----
 
-    void ReadBase();
     void ReadIdentity(const unsigned char* pui8Base);
     void ReadDisplay(const unsigned char* pui8Base);
     void ReadChromaticities(const SBytes& oBase);
@@ -185,11 +210,8 @@ private:
 
     // ---- CTA-861 ----
 
-    void ReadCta(const SBytes& oBlock);
-    // A collection, in a CTA-861 block or in DisplayID.
-    void ReadDataBlocks(const SBytes& oBytes, unsigned int uiFirst, unsigned int uiEnd);
-    void ReadDataBlock(unsigned int uiTag, const SBytes& oPayload);
     void ReadExtended(unsigned int uiTag, const SBytes& oPayload);
+    void Read420(unsigned int uiTag, const SBytes& oPayload);
     void ReadVendor(const SBytes& oPayload);
     void ReadVendorVideo(const SBytes& oPayload);
     void ReadAudio(const SBytes& oPayload);
@@ -208,9 +230,6 @@ private:
 
     // ---- DisplayID ----
 
-    void ReadDisplayId(const SBytes& oBlock);
-    void ReadProductType(const SBytes& oSection, bool bVersion2);
-    void ReadDisplayIdBlock(unsigned int uiTag, const SBytes& oBlock);
     void ReadProduct(const SBytes& oBlock, bool bVersion2);
     void ReadContainerId(const SBytes& oPayload);
     // uiTimes: tenths of a millimetre of a unit.

@@ -177,7 +177,7 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { eId_BaseDisplaySerration, Bit(0x14, 0), "Serration on the vertical sync", Flag(gsc_aoSupported), IsAnalog },
     { eId_Reserved, Bits(0x14, 6, 0), "Reserved", Reserved(), IsDigitalBefore2 },
     { eId_Reserved, Bits(0x14, 6, 1), "Reserved", Reserved(), IsDigital2To3 },
-    { eId_BaseDisplayDfp1Compatible, Bit(0x14, 0), "DFP 1.x compatible", Flag(), IsDigital2To3 },
+    { eId_BaseDisplayDfp1Compatible, gsc_oDfp1Compatible, "DFP 1.x compatible", Flag(), IsDigital2To3 },
     { eId_BaseDisplayColorBitDepth, Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths),
       IsDigital4 }, // per primary color
     { eId_BaseDisplayInterface, Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces),

@@ -10,6 +10,7 @@
 #include "EdidExtBlockCEA861.h"
 #include "EdidExtBlockDisplayID.h"
 #include "EditRunner.h"
+#include "FactsCheck.h"
 #include "ReadEverything.h"
 #include "RobustnessImages.h"
 
@@ -40,9 +41,16 @@ void LoadAndRead(const CBytes& aui8Image, bool bRead)
     ASSERT_EQ(aui8Expected.size(), oEdid.GetSize());
     ASSERT_TRUE(aui8Expected.empty() || aui8Expected == Serialise(oEdid));
     ASSERT_EQ(FixChecksums(aui8Expected) == aui8Expected, oEdid.IsChecksumValid() != 0);
+    const unsigned int uiSize = static_cast<unsigned int>(aui8Image.size());
+    const auto pui8Copy = CopyToHeap(aui8Image);
+    CZorEdidFacts oFacts;
+    oFacts.Read(uiSize, pui8Copy.get());
     if (bRead)
     {
         ReadEverything(oEdid);
+        CZorEdidMap oMap;
+        oMap.Read(uiSize, pui8Copy.get());
+        ASSERT_EQ("", CheckFacts(oFacts, oMap));
     }
 }
 

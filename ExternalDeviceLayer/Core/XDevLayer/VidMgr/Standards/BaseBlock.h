@@ -41,6 +41,8 @@ constexpr unsigned int gsc_uiDigitalMask = 0x80;
 constexpr SBitsPlace gsc_oColorDepth = { gsc_uiVideoInputOffset, 6, 4 };
 constexpr SBitsPlace gsc_oInterface = { gsc_uiVideoInputOffset, 3, 0 };
 constexpr unsigned int gsc_uiVideoInputRevision = 4;
+constexpr SPlace gsc_oDfp1Compatible = Bit(gsc_uiVideoInputOffset, 0); // of digital inputs of revisions 2 and 3
+constexpr unsigned int gsc_uiDfpRevision = 2;
 
 // Features byte: the first detailed timing is the preferred one. From revision 3 on it always is.
 constexpr unsigned int gsc_uiPreferredTimingMask = 0x02;

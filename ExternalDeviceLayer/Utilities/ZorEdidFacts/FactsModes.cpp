@@ -371,7 +371,6 @@ void CModeVisitor::VisitCta(const SPart& oBlock)
 
 void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
 {
-    constexpr unsigned int uiOuiSize = 3;
     switch (uiTag)
     {
     case Cta::gsc_uiVideoTag:
@@ -380,7 +379,7 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
     case Cta::gsc_uiVendorTag:
         if (oPayload.m_oBytes.Get(Little24(0)) == gsc_uiOuiHdmi)
         {
-            VisitHdmi(oPayload.From(uiOuiSize));
+            VisitHdmi(oPayload.From(Cta::gsc_uiOuiSize));
         }
         break;
     case Cta::gsc_uiVideoFormatTag:

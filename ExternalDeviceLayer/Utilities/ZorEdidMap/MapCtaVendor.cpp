@@ -4,6 +4,7 @@
 
 #include "MapCtaBlocks.h"
 #include "Standards/ColourBlocks.h"
+#include "Standards/CtaBlocks.h"
 #include "Standards/VendorBlocks.h"
 
 namespace ZorMap
@@ -244,7 +245,6 @@ constexpr SRow gsc_aoDeviceRows[] = {
 // ---- InfoFrame Data Block: CTA-861-H 7.5.9 ----
 
 constexpr unsigned int gsc_uiVendorInfoFrame = 1;
-constexpr unsigned int gsc_uiOuiSize = 3;
 
 bool IsVendorInfoFrame(const CRecord& oFrame) { return oFrame.GetBits(0, 4, 0) == gsc_uiVendorInfoFrame; }
 
@@ -288,7 +288,7 @@ constexpr STable gsc_oFrameTable = { eId_CtaInfoframeDescriptor, "Short InfoFram
 unsigned int GetFrameSize(unsigned int uiFirstByte)
 {
     const bool bVendor = (uiFirstByte & 0x1F) == gsc_uiVendorInfoFrame;
-    return 1 + (uiFirstByte >> 5) + (bVendor ? gsc_uiOuiSize : 0);
+    return 1 + (uiFirstByte >> 5) + (bVendor ? Cta::gsc_uiOuiSize : 0);
 }
 } // namespace
 

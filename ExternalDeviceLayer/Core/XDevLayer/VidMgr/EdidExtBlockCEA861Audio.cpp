@@ -8,6 +8,7 @@
 
 #include "Cea861Bytes.h"
 #include "ListFill.h"
+#include "Standards/AudioBlocks.h"
 #include "ZorTools.h"
 
 using namespace ZorCore;
@@ -21,9 +22,7 @@ constexpr SDataBlockKind gsc_oSpeakerBlocks = { CEdidExtBlockCEA861::eCea861Tag_
 
 // A short audio descriptor. Bit 7 of the first two bytes is reserved and kept as found; the third depends on the
 // format.
-constexpr unsigned int gsc_uiAudioSize = 3;
-constexpr SBitsPlace gsc_oFormat = { 0, 6, 3 };
-constexpr SBitsPlace gsc_oChannelsMinus1 = { 0, 2, 0 };
+constexpr unsigned int gsc_uiAudioSize = Audio::gsc_uiDescriptorSize;
 constexpr SBitsPlace gsc_oRates = { 1, 6, 0 };
 constexpr unsigned int gsc_uiExtraOffset = 2;
 constexpr unsigned int gsc_uiLeastChannels = 2;
@@ -64,16 +63,16 @@ static_assert(std::size(gsc_apszRateNames) == gsc_oRates.GetWidth(), "a name for
 
 CEdidExtBlockCEA861::SAudioDescriptor ReadAudioDescriptor(const unsigned char* pui8Raw)
 {
-    return { static_cast<CEdidExtBlockCEA861::EAudioFormat>(gsc_oFormat.Read(pui8Raw)),
-             gsc_oChannelsMinus1.Read(pui8Raw) + 1,
+    return { static_cast<CEdidExtBlockCEA861::EAudioFormat>(Audio::gsc_oFormat.Read(pui8Raw)),
+             Audio::gsc_oChannels.Read(pui8Raw) + 1,
              static_cast<CEdidExtBlockCEA861::EAudioSamplingFreq>(gsc_oRates.Read(pui8Raw)),
              pui8Raw[gsc_uiExtraOffset] };
 }
 
 void WriteAudioDescriptor(const CEdidExtBlockCEA861::SAudioDescriptor& oDescriptor, unsigned char* pui8Raw)
 {
-    gsc_oFormat.Write(pui8Raw, oDescriptor.m_eFormat);
-    gsc_oChannelsMinus1.Write(pui8Raw, oDescriptor.m_uiChannels - 1);
+    Audio::gsc_oFormat.Write(pui8Raw, oDescriptor.m_eFormat);
+    Audio::gsc_oChannels.Write(pui8Raw, oDescriptor.m_uiChannels - 1);
     gsc_oRates.Write(pui8Raw, oDescriptor.m_eSamplingFreq);
     pui8Raw[gsc_uiExtraOffset] = LowByte(oDescriptor.m_uiExtra);
 }

@@ -4,6 +4,7 @@
 #include "Hdmi1xVsdb.h"
 
 #include "Standards/ByteFields.h"
+#include "Standards/CtaBlocks.h"
 #include "Standards/HdmiBlocks.h"
 #include "Standards/Ouis.h"
 #include "Standards/VideoCodes.h"
@@ -17,9 +18,9 @@ namespace ZorCore
 {
 namespace
 {
-constexpr unsigned int gsc_uiFieldsOffset = 3; // in the payload, after the OUI: HdmiBlocks.h counts from here
+constexpr unsigned int gsc_uiFieldsOffset = Cta::gsc_uiOuiSize; // HdmiBlocks.h counts from here
 constexpr unsigned int gsc_uiShortestPayload = gsc_uiFieldsOffset + gsc_uiFirstOptional;
-constexpr unsigned int gsc_uiLongestPayload = 31; // the length field of a data block has 5 bits
+constexpr unsigned int gsc_uiLongestPayload = Cta::gsc_uiMostPayload;
 constexpr unsigned int gsc_uiDepthsEnd = gsc_uiFieldsOffset + gsc_oDeepColours.GetEnd();
 constexpr unsigned int gsc_uiIndexedCodes = 16; // by the 3D data
 

@@ -4,12 +4,13 @@
 
 #include <algorithm>
 
+#include "Cea861Bytes.h"
+
 using namespace ZorStandards::Cta;
 
 CDataBlockWalk WalkDataBlocks(const CEdidExtBlockCEA861& oBlock)
 {
-    const unsigned char* pui8Data = oBlock.GetData();
-    return { pui8Data, GetDataBlocksEnd(oBlock.GetRevision(), pui8Data[gsc_uiDetailedStartOffset]) };
+    return ZorCore::CCea861Bytes(oBlock.GetData(), oBlock.GetRevision()).Walk();
 }
 
 bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock)

@@ -1,12 +1,12 @@
 // Edits of audio descriptors and speaker data blocks of an image under edit.
 
 #include "EditImage.h"
+#include "Standards/AudioBlocks.h"
 
 namespace
 {
 constexpr const char* gsc_pszCutAudio = " is damaged: an audio data block is cut within a descriptor";
 
-constexpr unsigned int gsc_uiAudioSize = 3; // bytes of a descriptor
 constexpr ZorStandards::Cta::SDataBlockKind gsc_oAudioBlocks = { CEdidExtBlockCEA861::eCea861Tag_Audio, false };
 
 bool IsAudioCut(const CEdidExtBlockCEA861& oCea)
@@ -15,7 +15,7 @@ bool IsAudioCut(const CEdidExtBlockCEA861& oCea)
     bool bCut = false;
     while (!bCut && oWalk.Next(gsc_oAudioBlocks))
     {
-        bCut = oWalk.GetLength() % gsc_uiAudioSize != 0;
+        bCut = oWalk.GetLength() % ZorStandards::Audio::gsc_uiDescriptorSize != 0;
     }
     return bCut;
 }
@@ -24,7 +24,7 @@ bool IsAudioCut(const CEdidExtBlockCEA861& oCea)
 unsigned int CountFirstAudios(const CEdidExtBlockCEA861& oCea)
 {
     ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
-    return oWalk.Next(gsc_oAudioBlocks) ? oWalk.GetLength() / gsc_uiAudioSize : 0;
+    return oWalk.Next(gsc_oAudioBlocks) ? oWalk.GetLength() / ZorStandards::Audio::gsc_uiDescriptorSize : 0;
 }
 } // namespace
 

@@ -49,16 +49,15 @@ unsigned int FindCode(const SEditedBlock& oBlock, unsigned int uiNumber)
 // codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CTA-861 blocks.
 CBytes ListReferences(const CEdidExtBlockCEA861& oCea)
 {
-    constexpr unsigned int uiNativeTag = 8; // extended tags
-    constexpr unsigned int uiPreferenceTag = 13;
+    using namespace ZorStandards::Cta;
     CBytes aui8References;
     ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
     while (oWalk.Next({ CEdidExtBlockCEA861::eCea861Tag_Extended, false }))
     {
         const unsigned int uiTag = oWalk.GetLength() != 0 ? oWalk.GetByte(0) : 0;
-        const unsigned int uiEnd = uiTag == uiPreferenceTag ? oWalk.GetLength()
-                                   : uiTag == uiNativeTag   ? std::min(2U, oWalk.GetLength())
-                                                            : 0;
+        const unsigned int uiEnd = uiTag == gsc_uiExtendedPreference ? oWalk.GetLength()
+                                   : uiTag == gsc_uiExtendedNative   ? std::min(2U, oWalk.GetLength())
+                                                                     : 0;
         for (unsigned int i = 1; i < uiEnd; ++i)
         {
             aui8References.push_back(oWalk.GetByte(i));

@@ -8,8 +8,8 @@
 // took and ExtractTimings keeps the old list; RemoveCea861Vic has then changed the bytes or not begun, and the list may
 // be out of date: the caller puts the bytes back.
 //
-// The payload begins with the OUI; Standards/HdmiBlocks.h has what follows: fields, HDMI VICs of one byte each, then the
-// 3D data.
+// The payload begins with the OUI; Standards/HdmiBlocks.h has what follows: fields, HDMI VICs of one byte each, then
+// the 3D data.
 
 #pragma once
 

@@ -61,8 +61,8 @@ constexpr bool IsTimingCandidate(const unsigned char* pui8Descriptor)
     return !IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagDetailed;
 }
 
-// Whether 18 bytes of a CTA-861 block are a descriptor; others are padding and end the descriptors. A clock of 0 needs a
-// tag of the list.
+// Whether 18 bytes of a CTA-861 block are a descriptor; others are padding and end the descriptors. A clock of 0 needs
+// a tag of the list.
 constexpr bool IsDescriptor(const unsigned char* pui8Descriptor)
 {
     constexpr unsigned int uiFirstTag = 0xF7; // up to gsc_ui8TagEmpty are those of makers

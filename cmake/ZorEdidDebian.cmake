@@ -54,13 +54,15 @@ endif()
 
 set(about "The library loads, lists, edits and writes EDID data: base blocks and
 extension blocks (CTA-861, DisplayID up to 1.2). It computes timings, and a
-map of the bytes says what each of them means, in blocks of any kind.")
+map of the bytes says what each of them means, in blocks of any kind. Facts
+say what a display can do.")
 zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID data of monitors (development files)"
 "${about}
 This package has the headers, the library, and what CMake and pkg-config
 need to find them.")
 
 set(library libzoredid${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS hwdata) # names of makers
 zor_debian_package(library ${library} libs "C++20 library for EDID data of monitors" "${about}")
 file(WRITE ${documents}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${documents}/triggers)

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "EditPlan.h"
+#include "ExactTimings.h"
 #include "FuzzSupport.h"
 #include "ModeSources.h"
 #include "Timings.h"
@@ -21,6 +22,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     SEdit oEdit = {};
     const std::string sLine = MakeErrorLine(sValue, ParseEdit(GetEditOptions()[uiEdit], sValue, oEdit));
     Require(sLine.find('\n') == sLine.size() - 1, "a problem is one line");
+    if (SZorMode oExact = {}; ParseExactMode(sValue, oExact))
+    {
+        const CExactTimings aoTimings = FindTimings(oExact, "all");
+        Require(GetExactModelines(aoTimings).empty() == aoTimings.empty(), "each timing has a line");
+    }
     SMode oMode;
     if (!ParseMode(sValue, oMode))
     {

@@ -1,13 +1,11 @@
 // zoredid timing: the timing of a size and rate from tables and formulas, or of a code.
 
 #include "CommandLine.h"
+#include "ExactTimings.h"
 #include "Json.h"
 #include "ManyFiles.h"
-#include "ModeSources.h"
 #include "TextFormat.h"
-#include "Timings.h"
 #include "Tool.h"
-#include "VidParamCea.h"
 
 namespace
 {
@@ -15,65 +13,50 @@ struct STimingOptions
 {
     std::string m_sMode;
     std::string m_sType = "all";
+    std::string m_sDmt;
     unsigned int m_uiVic = 0;
+    unsigned int m_uiHdmiVic = 0;
     bool m_bJson = false;
     bool m_bModeline = false;
 };
 
-using CTimings = std::vector<CVidParamTimingGeneric>;
-
-// The code's timing, and its 1000/1001 variant where the table has one.
-CTimings FindByVic(unsigned int uiVic)
+// What is asked for, by its name in messages; empty for nothing.
+std::string Find(const STimingOptions& oOptions, CExactTimings& aoTimings)
 {
-    CTimings aoTimings;
-    for (const unsigned int uiKey : { uiVic, uiVic + CVidParamCea::msc_uiVariantKey })
+    if (oOptions.m_uiVic != 0)
     {
-        CVidParamTimingGeneric oTiming;
-        if (uiVic < CVidParamCea::msc_uiVariantKey && CVidParamCea::GetVidParamFromVic(uiKey, &oTiming) != 0)
-        {
-            aoTimings.push_back(oTiming);
-        }
+        aoTimings = FindTimingsOfVic(oOptions.m_uiVic);
+        return FormatText("VIC %u", oOptions.m_uiVic);
     }
-    return aoTimings;
-}
-
-CTimings FindByMode(const SMode& oMode, const std::string& sType)
-{
-    CTimings aoTimings;
-    for (const SModeSource& oSource : GetModeSources())
+    if (oOptions.m_uiHdmiVic != 0)
     {
-        if (sType == "all" || sType == oSource.m_pszName)
-        {
-            const CTimings aoAnswers = AskSource(oSource, oMode).m_aoTimings;
-            aoTimings.insert(aoTimings.end(), aoAnswers.begin(), aoAnswers.end());
-        }
+        aoTimings = FindTimingsOfHdmiVic(oOptions.m_uiHdmiVic);
+        return FormatText("HDMI VIC %u", oOptions.m_uiHdmiVic);
     }
-    return aoTimings;
-}
-
-std::string GetLine(const CVidParamTimingGeneric& oTiming)
-{
-    const std::string sVics = GetVicsText(FindVics(oTiming));
-    return FormatText("%-7s %s  horizontal %u+%u+%u %c  vertical %u+%u+%u %c%s%s\n",
-                      GetTypeName(oTiming.GetVideoFamilyType()), GetTimingText(oTiming).c_str(),
-                      oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(), oTiming.GetHorizontalBackPorch(),
-                      oTiming.IsHorizontalPolarityPositive() != 0 ? '+' : '-', oTiming.GetVerticalFrontPorch(),
-                      oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
-                      oTiming.IsVerticalPolarityPositive() != 0 ? '+' : '-', sVics.empty() ? "" : "  ", sVics.c_str());
+    if (unsigned int uiId = 0; ParseNumber(oOptions.m_sDmt, uiId))
+    {
+        aoTimings = FindTimingsOfDmt(uiId);
+        return "DMT " + oOptions.m_sDmt;
+    }
+    SZorMode oMode = {};
+    if (ParseExactMode(oOptions.m_sMode, oMode))
+    {
+        aoTimings = FindTimings(oMode, oOptions.m_sType);
+        return oOptions.m_sMode;
+    }
+    return "";
 }
 
 void PrintTimings(const STimingOptions& oOptions, STool& oTool)
 {
-    SMode oMode;
-    if (!ParseMode(oOptions.m_sMode, oMode) && oOptions.m_uiVic == 0)
+    CExactTimings aoTimings;
+    const std::string sWanted = Find(oOptions, aoTimings);
+    if (sWanted.empty())
     {
-        PrintError("timing: neither a mode such as 1920x1080@60 nor --vic");
+        PrintError("timing: neither a mode such as 1920x1080@60 nor --vic, --hdmi-vic or --dmt");
         oTool.Note(eExit_CommandLine);
         return;
     }
-    const CTimings aoTimings =
-        oOptions.m_uiVic != 0 ? FindByVic(oOptions.m_uiVic) : FindByMode(oMode, oOptions.m_sType);
-    const std::string sWanted = oOptions.m_uiVic != 0 ? FormatText("VIC %u", oOptions.m_uiVic) : oOptions.m_sMode;
     std::string sText;
     if (aoTimings.empty())
     {
@@ -84,52 +67,82 @@ void PrintTimings(const STimingOptions& oOptions, STool& oTool)
     {
         nlohmann::ordered_json oJson = MakeDocument();
         oJson["timings"] = nlohmann::ordered_json::array();
-        for (const CVidParamTimingGeneric& oTiming : aoTimings)
+        for (const SExactTiming& oTiming : aoTimings)
         {
-            oJson["timings"].push_back(MakeTiming(oTiming, FindVics(oTiming)));
+            oJson["timings"].push_back(MakeExactTiming(oTiming));
         }
         sText = WriteIndented(oJson) + "\n";
     }
+    else if (oOptions.m_bModeline)
+    {
+        sText = GetExactModelines(aoTimings);
+    }
     else
     {
-        for (const CVidParamTimingGeneric& oTiming : aoTimings)
+        for (const SExactTiming& oTiming : aoTimings)
         {
-            sText += oOptions.m_bModeline ? GetModeline(oTiming) + "\n" : GetLine(oTiming);
+            sText += GetExactLine(oTiming);
         }
     }
     PrintOutcome({ sText, "", eExit_Good }, oTool);
+}
+
+std::string CheckMode(const std::string& sText)
+{
+    SZorMode oParsed = {};
+    return ParseExactMode(sText, oParsed)
+               ? ""
+               : "unknown mode '" + ShowName(sText) +
+                     "'; expected one such as 1920x1080@60, 1920x1080@59.94 or 1920x1080i@60000/1001";
+}
+
+std::string CheckDmt(const std::string& sText)
+{
+    constexpr unsigned int uiMost = 0xFF;
+    unsigned int uiId = 0;
+    return ParseNumber(sText, uiId) && uiId != 0 && uiId <= uiMost
+               ? ""
+               : "unknown identifier '" + ShowName(sText) + "'; expected one such as 0x52 or 82";
 }
 } // namespace
 
 void DeclareTimingOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<STimingOptions>();
-    std::vector<std::string> asTypes = { "all" };
-    for (const SModeSource& oSource : GetModeSources())
-    {
-        asTypes.push_back(oSource.m_pszName);
-    }
+    std::vector<std::string> asTypes = ListTimingTypes();
+    asTypes.insert(asTypes.begin(), "all");
     const COption oMode =
-        oCommand.Word("MODE", poOptions->m_sMode, "Size and rate in whole hertz, such as 1920x1080@60")
-            .Placeholder("WxH@R")
-            .Check([](const std::string& sText) {
-                SMode oParsed;
-                return ParseMode(sText, oParsed)
-                           ? ""
-                           : "unknown mode " + ShowName(sText) + "; expected one such as 1920x1080@60, in whole hertz";
-            });
+        oCommand
+            .Word("MODE", poOptions->m_sMode, "Size and rate in hertz, such as 1920x1080@59.94; 1920x1080i@60: fields")
+            .Placeholder("WxH[i]@R")
+            .Check(CheckMode);
     const COption oType =
         oCommand.Word("--type", poOptions->m_sType, "Where the timing comes from").OneOf(asTypes).Placeholder("NAME");
-    oCommand.Number("--vic", poOptions->m_uiVic, 1, 255, "The timing of a code of CTA-861", "1 to 255")
-        .Placeholder("N")
+    const COption oVic =
+        oCommand.Number("--vic", poOptions->m_uiVic, 1, 255, "The timing of a code of CTA-861", "1 to 255")
+            .Placeholder("N")
+            .Excludes(oMode)
+            .Excludes(oType);
+    const COption oHdmi = oCommand.Number("--hdmi-vic", poOptions->m_uiHdmiVic, 1, 255, "Of a code of HDMI", "1 to 255")
+                              .Placeholder("N")
+                              .Excludes(oMode)
+                              .Excludes(oType)
+                              .Excludes(oVic);
+    oCommand.Word("--dmt", poOptions->m_sDmt, "Of an identifier of VESA DMT")
+        .Placeholder("ID")
+        .Check(CheckDmt)
         .Excludes(oMode)
-        .Excludes(oType);
+        .Excludes(oType)
+        .Excludes(oVic)
+        .Excludes(oHdmi);
     const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "As JSON");
     oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
-    oCommand.Footer("The tables hold whole rates: 59.94 Hz is under 59, and interlaced modes under their frame rate.\n"
+    oCommand.Footer("Rates are 60, 59.94 or 60000/1001, of interlaced modes those of fields. 59.94 means 60000/1001.\n"
+                    "The types gtf-list, cvt-list and cvt-rb-list are the formulas of the library's lists, for whole\n"
+                    "rates; 'all' leaves them out.\n"
                     "Exit status: 0, or 1 when no such timing exists.\n\n"
                     "Examples:\n"
-                    "  zoredid timing 2560x1440@60 --type cvt-rb --modeline\n"
-                    "  zoredid timing --vic 16");
+                    "  zoredid timing 2560x1440@59.94 --type cvt-rb2 --modeline\n"
+                    "  zoredid timing --vic 118");
     oCommand.Run([poOptions, &oTool] { PrintTimings(*poOptions, oTool); });
 }

@@ -11,6 +11,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from fractions import Fraction
 
 try:
     import jsonschema
@@ -505,10 +506,16 @@ class TimingTest(ToolTest):
             ("1920x1080@60 --type CVT-RB", ["138.50 1920 1968 2000 2080 1080 1083 1088 1111 +hsync -vsync"]),
             ("1024x768@60 --type dmt", ["65.00 1024 1048 1184 1344 768 771 777 806 -hsync -vsync"]),
             ("1280x768@60 --type dmt-rb", ["68.25 1280 1328 1360 1440 768 771 778 790 +hsync -vsync"]),
-            ("1920x1080@30 --type cea", ["74.25 1920 2008 2052 2200 1080 1084 1094 1125 +hsync +vsync Interlace",
-                                         "74.25 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync"]),
+            ("1920x1080i@60 --type cea", ["74.25 1920 2008 2052 2200 1080 1084 1094 1125 +hsync +vsync Interlace"]),
+            ("1920x1080@60 --type gtf", ["172.79808 1920 2040 2248 2576 1080 1081 1084 1118 -hsync +vsync"]),
+            ("1920x1080@60 --type gtf-list", ["172.77 1920 2048 2248 2576 1080 1081 1084 1118 -hsync +vsync"]),
+            ("4096x2160@59.94 --type cvt-rb2", ["556.188 4096 4104 4136 4176 2160 2208 2216 2222 +hsync -vsync"]),
+            ("1366x768@60000/1001 --type cvt-rb3", ["68.188 1360 1368 1400 1440 768 776 784 790 +hsync -vsync"]),
+            ("1920x1080@24 --type ovt", ["70.752 1920 2080 2112 2144 1080 1361 1369 1375 +hsync +vsync"]),
+            ("--dmt 0x58", ["556.188 4096 4104 4136 4176 2160 2208 2216 2222 +hsync -vsync"]),
+            ("--hdmi-vic 4", ["297.00 4096 5116 5204 5500 2160 2168 2178 2250 +hsync +vsync"]),
             ("--vic 4", ["74.25 1280 1390 1430 1650 720 725 730 750 +hsync +vsync",
-                         "74.175 1280 1390 1430 1650 720 725 730 750 +hsync +vsync"]),
+                         "74.175824 1280 1390 1430 1650 720 725 730 750 +hsync +vsync"]),
             ("--vic 39", ["72.00 1920 1952 2120 2304 1080 1126 1136 1250 +hsync -vsync Interlace"]),
             ("--vic 019", ["74.25 1280 1720 1760 1980 720 725 730 750 +hsync +vsync"]),
         ]:
@@ -517,25 +524,36 @@ class TimingTest(ToolTest):
                 self.assertEqual([line.split('" ')[1] for line in lines], expected)
 
     def test_all_sources(self):
+        types = ["dmt", "cvt", "cvt-rb", "cvt-rb2", "cvt-rb3", "gtf", "ovt", "cea"]
         lines = run("timing", "1280x720@60", status=0)[0].splitlines()
-        self.assertEqual([line.split()[0] for line in lines], ["dmt", "cvt", "cvt-rb", "gtf", "cea"])
-        self.assertEqual(lines[4], "cea     1280 x  720p @  60 Hz     74.250 MHz  horizontal 110+40+220 +  vertical "
+        self.assertEqual([line.split()[0] for line in lines], types)
+        self.assertEqual(lines[-1], "cea     1280 x  720p @  60.000 Hz      74.250 MHz  horizontal 110+40+220 +  vertical "
                          "5+5+20 +  VIC 4/69")
         timings = self.load(run("timing", "--json", "1280x720@60", status=0)[0])["timings"]
-        self.assertEqual([timing["type"] for timing in timings], ["dmt", "cvt", "cvt-rb", "gtf", "cea"])
-        self.assertEqual((timings[4]["vics"], timings[4]["pixel_clock_hz"]), ([4, 69], 74250000))
-        for arguments, horizontal, vertical in [("640x480@60 --type gtf", 800, 497), ("2048x1080@24 --type smpte", 2750,
-                                                                                      1125)]:
-            timing = self.load(run("timing", "--json", *arguments.split(), status=0)[0])["timings"][0]
-            self.assertEqual((timing["horizontal"]["total"], timing["vertical"]["total"]), (horizontal, vertical))
+        self.assertEqual([timing["type"] for timing in timings], types)
+        self.assertEqual((timings[-1]["vics"], timings[-1]["pixel_clock_hz"]), ([4, 69], 74250000))
+        lines = run("timing", "--modeline", "1280x720@60", status=0)[0].splitlines()
+        self.assertEqual(len({line.split('"')[1] for line in lines}), len(types))
+        timing = self.load(run("timing", "--json", "2048x1080@24", "--type", "smpte", status=0)[0])["timings"][0]
+        self.assertEqual((timing["horizontal"]["total"], timing["vertical"]["total"]), (2750, 1125))
+
+    # Every code of the standard, with its partner at 1000/1001 for rates that are multiples of 6.
+    def test_every_code(self):
+        for code in [*range(1, 128), *range(193, 220)]:
+            timings = self.load(run("timing", "--json", "--vic", str(code), status=0)[0])["timings"]
+            rates = [Fraction(timing["rate"]["dividend"], timing["rate"]["divisor"]) for timing in timings]
+            self.assertIn([rate / rates[0] for rate in rates], ([1], [1, Fraction(1000, 1001)]), code)
+            self.assertTrue(all(code in timing["vics"] for timing in timings), code)
+        self.assertEqual(timings[1]["rate"], {"dividend": 120000, "divisor": 1001})
+        self.assertIn("each pixel sent 2 times", run("timing", "--vic", "6", status=0)[0])
 
     def test_what_there_is_not(self):
-        # 8000x5000@500 has a clock beyond 32 bits of hertz, by each formula.
-        for arguments in ["--vic 6", "1234x567@89 --type dmt", "1920x1080@61 --type cea", "8000x5000@500"]:
+        for arguments in ["--vic 130", "--hdmi-vic 5", "--dmt 0x59", "1234x567@89 --type dmt", "1920x1080@61 --type cea",
+                          "1920x1080i@60 --type ovt", "70000x5000@60", "1920x1080@59.94 --type gtf-list"]:
             out, err = run("timing", *arguments.split(), status=1)
             self.assertEqual(out, "")
             self.assertRegex(err, "^zoredid: .*: no .*timing\n$")
-        self.assertEqual(self.load(run("timing", "--json", "--vic", "6", status=1)[0])["timings"], [])
+        self.assertEqual(self.load(run("timing", "--json", "--vic", "130", status=1)[0])["timings"], [])
 
     def test_an_edit_takes_the_same_modes(self):
         path = self.save(MONITOR)
@@ -559,7 +577,8 @@ class CommandLineTest(ToolTest):
             ["compare", path], ["timing"], ["timing", "1920x1080"], ["timing", "0x1080@60"],
             ["timing", "1920x1080@60x"], ["timing", "-1x2@3"], ["timing", "99999999999x1@1"],
             ["timing", "1x1@1", "--type", "vesa"], ["timing", "1x1@1", "--vic", "1"], ["timing", "--vic", "0"],
-            ["timing", "--vic", "256"], ["timing", "--vic", "0x10"],
+            ["timing", "--vic", "256"], ["timing", "--vic", "0x10"], ["timing", "1x1@60/0"], ["timing", "1x1@0.0"],
+            ["timing", "1x1@1.5x"], ["timing", "1ix1@60"], ["timing", "--dmt", "0"],
         ]:
             with self.subTest(arguments):
                 out, err = run(*arguments, status=2)

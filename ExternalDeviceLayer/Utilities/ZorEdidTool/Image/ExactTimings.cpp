@@ -1,0 +1,540 @@
+// Timings in exact numbers, as text and as JSON.
+
+#include "ExactTimings.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <iterator>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <numeric>
+#include <tuple>
+
+#include "ModeSources.h"
+#include "Standards/Formulas.h"
+#include "Standards/Modes.h"
+#include "TextFormat.h"
+#include "Timings.h"
+#include "ZorEdidModes.h"
+
+namespace
+{
+using namespace ZorStandards;
+
+// ---- Parsing ----
+
+bool TakeNumber(const char*& pszNext, const char* pszEnd, unsigned int& uiValue)
+{
+    const std::from_chars_result oResult = std::from_chars(pszNext, pszEnd, uiValue);
+    pszNext = oResult.ptr;
+    return oResult.ec == std::errc();
+}
+
+bool TakeMark(const char*& pszNext, const char* pszEnd, char cMark)
+{
+    const bool bThere = pszNext != pszEnd && *pszNext == cMark;
+    pszNext += bThere ? 1 : 0;
+    return bThere;
+}
+
+// "59.94" is 60000/1001: uiWhole and uiPart / uiScale, where the scale is 100 or 1000.
+SZorMode::SRate ReadDecimalRate(unsigned int uiWhole, unsigned int uiPart, unsigned int uiScale)
+{
+    constexpr unsigned int uiStep = 6; // rates that come at 1000/1001: 24, 30, 48, 60, 120
+    const unsigned long long ullScaled = 1ULL * uiWhole * uiScale + uiPart;
+    const unsigned long long ullNominal = (uiWhole / uiStep + 1ULL) * uiStep;
+    const unsigned long long ullFraction = (2 * ullNominal * 1000 * uiScale + 1001) / (2 * 1001); // rounded
+    return uiScale >= 100 && ullScaled == ullFraction ? SZorMode::SRate{ ullNominal * 1000, 1001 }
+                                                      : SZorMode::SRate{ ullScaled, uiScale };
+}
+
+bool TakeRate(const char*& pszNext, const char* pszEnd, SZorMode::SRate& oRate)
+{
+    constexpr long iMostDigits = 6;
+    unsigned int uiWhole = 0;
+    unsigned int uiPart = 0;
+    if (pszNext == pszEnd || !TakeNumber(pszNext, pszEnd, uiWhole))
+    {
+        return false;
+    }
+    oRate = { uiWhole, 1 };
+    if (TakeMark(pszNext, pszEnd, '/'))
+    {
+        const bool bRead = TakeNumber(pszNext, pszEnd, uiPart);
+        oRate.m_ullDivisor = uiPart;
+        return bRead && uiPart != 0 && uiWhole != 0;
+    }
+    if (TakeMark(pszNext, pszEnd, '.'))
+    {
+        const char* const pszPart = pszNext;
+        if (!TakeNumber(pszNext, pszEnd, uiPart) || pszNext - pszPart > iMostDigits)
+        {
+            return false;
+        }
+        unsigned int uiScale = 1;
+        for (const char* pszDigit = pszPart; pszDigit != pszNext; ++pszDigit)
+        {
+            uiScale *= 10;
+        }
+        oRate = ReadDecimalRate(uiWhole, uiPart, uiScale);
+    }
+    return oRate.m_ullDividend != 0;
+}
+
+// ---- Rates ----
+
+double GetHz(const SZorMode::SRate& oRate)
+{
+    return static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
+}
+
+bool IsSameRate(const SZorMode::SRate& oFirst, const SZorMode::SRate& oSecond)
+{
+    constexpr double dNear = 0.005; // as two decimals tell
+    const double dDifference = GetHz(oFirst) - GetHz(oSecond);
+    return dDifference < dNear && dDifference > -dNear;
+}
+
+// Whole rates mean the nominal one alone: 60 Hz of 640 x 480 at 59.94.
+bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
+{
+    const bool bRate =
+        IsSameRate(oMode.m_oNominalRate, oWanted.m_oNominalRate) || IsSameRate(oMode.m_oRate, oWanted.m_oNominalRate);
+    const bool bSize = oMode.m_oHorizontal.m_uiActive == oWanted.m_uiWidth || oMode.m_uiWidth == oWanted.m_uiWidth;
+    return bSize && oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced && bRate;
+}
+
+std::string Trim(std::string sText, size_t uiDecimals)
+{
+    const size_t uiLeast = sText.find('.') + 1 + uiDecimals;
+    while (sText.size() > uiLeast && sText.back() == '0')
+    {
+        sText.pop_back();
+    }
+    if (sText.back() == '.')
+    {
+        sText.pop_back();
+    }
+    return sText;
+}
+
+std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals)
+{
+    constexpr unsigned long long ullHzPerMegaHz = 1000000;
+    return Trim(FormatText("%llu.%06llu", ullHz / ullHzPerMegaHz, ullHz % ullHzPerMegaHz), uiDecimals);
+}
+
+// ---- Sources ----
+
+bool IsSameTiming(const SZorMode& oFirst, const SZorMode& oSecond)
+{
+    const auto fnNumbers = [](const SZorMode& oMode) {
+        const auto fnAxis = [](const SZorMode::SAxis& oAxis) {
+            return std::array<unsigned int, 5>{ oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal,
+                                                oAxis.m_bPositive ? 1U : 0U };
+        };
+        return std::make_tuple(oMode.m_ullClock, oMode.m_bInterlaced, fnAxis(oMode.m_oHorizontal),
+                               fnAxis(oMode.m_oVertical));
+    };
+    return fnNumbers(oFirst) == fnNumbers(oSecond);
+}
+
+// A code's mode, and its partner at 1000/1001.
+CExactTimings ListRates(const char* pszType, const SZorMode& oMode)
+{
+    CExactTimings aoTimings = { { pszType, oMode } };
+    SZorMode oPartner = {};
+    if (CZorEdidModes::GetPartner(oMode, oPartner))
+    {
+        aoTimings.push_back({ pszType, oPartner });
+    }
+    return aoTimings;
+}
+
+void AddWanted(const CExactTimings& aoFound, const SZorMode& oWanted, CExactTimings& aoTimings)
+{
+    for (const SExactTiming& oFound : aoFound)
+    {
+        const auto fnIsSame = [&](const SExactTiming& oOther) { return IsSameTiming(oOther.m_oMode, oFound.m_oMode); };
+        if (IsWanted(oFound.m_oMode, oWanted) && std::none_of(aoTimings.begin(), aoTimings.end(), fnIsSame))
+        {
+            aoTimings.push_back(oFound);
+        }
+    }
+}
+
+CExactTimings FindDmt(const char* pszType, const SZorMode& oWanted)
+{
+    const bool bReduced = std::string(pszType) != "dmt";
+    CExactTimings aoTimings;
+    for (unsigned int uiId = 1; uiId <= gsc_uiDmtModes; ++uiId)
+    {
+        SZorMode oMode = {};
+        if (MakeDmtMode(oMode, uiId) && bReduced == (oMode.m_eBlanking != SZorMode::eBlanking_Standard))
+        {
+            AddWanted({ { pszType, oMode } }, oWanted, aoTimings);
+        }
+    }
+    return aoTimings;
+}
+
+CExactTimings FindCea(const char* pszType, const SZorMode& oWanted)
+{
+    CExactTimings aoTimings;
+    for (const SVideoCode& oCode : gsc_aoVideoCodes)
+    {
+        SZorMode oMode = {};
+        MakeVideoMode(oMode, oCode.m_ui8Code);
+        AddWanted(ListRates(pszType, oMode), oWanted, aoTimings);
+    }
+    return aoTimings;
+}
+
+// A timing of the library, whose rate is the one of frames.
+SZorMode MakeListed(const CVidParamTimingGeneric& oTiming, const SZorMode& oWanted)
+{
+    SZorMode oMode = oWanted;
+    oMode.m_bInterlaced = oTiming.IsInterlaced() != 0;
+    oMode.m_bTiming = true;
+    oMode.m_ullClock = oTiming.GetPixelClockInHz();
+    oMode.m_oHorizontal = { oTiming.GetHorizontalActive(),
+                            oTiming.GetHorizontalFrontPorch(),
+                            oTiming.GetHorizontalSync(),
+                            oTiming.ComputeHorizontalTotalPixel(),
+                            0,
+                            oTiming.IsHorizontalPolarityPositive() != 0 };
+    oMode.m_oVertical = { oTiming.GetVerticalActive(),
+                          oTiming.GetVerticalFrontPorch(),
+                          oTiming.GetVerticalSync(),
+                          GetVerticalTotal(oTiming),
+                          0,
+                          oTiming.IsVerticalPolarityPositive() != 0 };
+    oMode.m_oRate = { (oMode.m_bInterlaced ? 2 : 1) * oMode.m_ullClock,
+                      1ULL * oMode.m_oHorizontal.m_uiTotal * oMode.m_oVertical.m_uiTotal };
+    return oMode;
+}
+
+// The library knows whole rates, of interlaced modes those of frames.
+CExactTimings AskLibrary(const char* pszSource, const char* pszType, const SZorMode& oWanted)
+{
+    const SZorMode::SRate& oRate = oWanted.m_oNominalRate;
+    const unsigned long long ullFields = oWanted.m_bInterlaced ? 2 : 1;
+    CExactTimings aoTimings;
+    if (oRate.m_ullDividend % (ullFields * oRate.m_ullDivisor) != 0)
+    {
+        return aoTimings;
+    }
+    const SMode oMode = { oWanted.m_uiWidth, oWanted.m_uiHeight,
+                          static_cast<unsigned int>(oRate.m_ullDividend / (ullFields * oRate.m_ullDivisor)) };
+    for (const SModeSource& oSource : GetModeSources())
+    {
+        if (pszSource != std::string(oSource.m_pszName))
+        {
+            continue;
+        }
+        for (const CVidParamTimingGeneric& oTiming : AskSource(oSource, oMode).m_aoTimings)
+        {
+            const SZorMode oListed = MakeListed(oTiming, oWanted);
+            if (oListed.m_bInterlaced == oWanted.m_bInterlaced)
+            {
+                aoTimings.push_back({ pszType, oListed });
+            }
+        }
+    }
+    return aoTimings;
+}
+
+template <SZorMode::EBlanking eBlanking>
+bool ComputeCvtOf(SZorMode& oMode)
+{
+    constexpr bool bCells = eBlanking != SZorMode::eBlanking_Reduced2;
+    oMode.m_uiWidth = bCells ? CutToCell(oMode.m_uiWidth) : oMode.m_uiWidth;
+    oMode.m_eBlanking = eBlanking;
+    return ComputeCvt(oMode);
+}
+
+// Rates of 1000/1001 are the video-optimized form of the whole rate.
+bool ComputeReduced2(SZorMode& oMode)
+{
+    SZorMode::SRate oWhole = oMode.m_oNominalRate;
+    oWhole.m_ullDividend *= 1001;
+    oWhole.m_ullDivisor *= 1000;
+    if (oMode.m_oNominalRate.m_ullDivisor % 1001 != 0 || oWhole.m_ullDividend % oWhole.m_ullDivisor != 0)
+    {
+        return ComputeCvtOf<SZorMode::eBlanking_Reduced2>(oMode);
+    }
+    const SZorMode::SRate oAsked = oMode.m_oNominalRate;
+    oMode.m_eBlanking = SZorMode::eBlanking_Reduced2;
+    oMode.m_oNominalRate = oWhole;
+    SReducedBlanking oVideo;
+    oVideo.m_bVideo = true;
+    const bool bComputed = ComputeCvt(oMode, oVideo);
+    oMode.m_oNominalRate = oAsked;
+    return bComputed;
+}
+
+bool ComputeGtfOf(SZorMode& oMode)
+{
+    oMode.m_uiWidth = RoundToCell(oMode.m_uiWidth);
+    return ComputeGtf(oMode);
+}
+
+// One of these has the answer.
+struct SType
+{
+    const char* m_pszName;
+    CExactTimings (*m_pfnTable)(const char* pszType, const SZorMode& oWanted);
+    bool (*m_pfnFormula)(SZorMode& oMode);
+    const char* m_pszLibrary; // a mode source of the library
+    bool m_bInterlaced;       // whether there are interlaced modes
+    bool m_bInAll;
+};
+
+constexpr SType gsc_aoTypes[] = {
+    { "dmt", FindDmt, nullptr, nullptr, true, true },
+    { "dmt-rb", FindDmt, nullptr, nullptr, true, true },
+    { "cvt", nullptr, ComputeCvtOf<SZorMode::eBlanking_Standard>, nullptr, true, true },
+    { "cvt-rb", nullptr, ComputeCvtOf<SZorMode::eBlanking_Reduced1>, nullptr, true, true },
+    { "cvt-rb2", nullptr, ComputeReduced2, nullptr, false, true },
+    { "cvt-rb3", nullptr, ComputeCvtOf<SZorMode::eBlanking_Reduced3>, nullptr, false, true },
+    { "gtf", nullptr, ComputeGtfOf, nullptr, true, true },
+    { "ovt", nullptr, ComputeOvt, nullptr, false, true },
+    { "cea", FindCea, nullptr, nullptr, true, true },
+    { "smpte", nullptr, nullptr, "smpte", true, true },
+    { "cvt-list", nullptr, nullptr, "cvt", false, false },
+    { "cvt-rb-list", nullptr, nullptr, "cvt-rb", false, false },
+    { "gtf-list", nullptr, nullptr, "gtf", false, false },
+};
+
+CExactTimings AskType(const SType& oType, const SZorMode& oWanted)
+{
+    if (oWanted.m_bInterlaced && !oType.m_bInterlaced)
+    {
+        return {};
+    }
+    if (oType.m_pfnTable != nullptr)
+    {
+        return oType.m_pfnTable(oType.m_pszName, oWanted);
+    }
+    if (oType.m_pszLibrary != nullptr)
+    {
+        return AskLibrary(oType.m_pszLibrary, oType.m_pszName, oWanted);
+    }
+    SZorMode oMode = oWanted;
+    return oType.m_pfnFormula(oMode) ? CExactTimings{ { oType.m_pszName, oMode } } : CExactTimings{};
+}
+
+// ---- Codes of a timing ----
+
+SVics FindExactVics(const SZorMode& oMode)
+{
+    SVics oVics;
+    for (const SVideoCode& oCode : gsc_aoVideoCodes)
+    {
+        SZorMode oCodeMode = {};
+        MakeVideoMode(oCodeMode, oCode.m_ui8Code);
+        for (const SExactTiming& oRate : ListRates("", oCodeMode))
+        {
+            if (IsSameTiming(oRate.m_oMode, oMode))
+            {
+                oVics.m_auiCodes.push_back(oCode.m_ui8Code);
+                oVics.m_bVariant = oRate.m_oMode.m_ullClock != oCodeMode.m_ullClock;
+            }
+        }
+    }
+    return oVics;
+}
+
+unsigned int GetFields(const SZorMode& oMode) { return oMode.m_bInterlaced ? 2 : 1; }
+
+// What front porch and sync leave of the blanking; of an interlaced mode of the first field.
+long long GetBack(const SZorMode::SAxis& oAxis, unsigned int uiFields)
+{
+    return (0LL + oAxis.m_uiTotal - oAxis.m_uiActive) / uiFields - oAxis.m_uiFront - oAxis.m_uiSync;
+}
+
+// ---- Modelines ----
+
+std::string GetName(const SZorMode& oMode)
+{
+    const char* pszBlanking = oMode.m_eBlanking == SZorMode::eBlanking_Reduced1   ? "_RB"
+                              : oMode.m_eBlanking == SZorMode::eBlanking_Reduced2 ? "_RB2"
+                              : oMode.m_eBlanking == SZorMode::eBlanking_Reduced3 ? "_RB3"
+                                                                                  : "";
+    return FormatText("%ux%u%s_%s%s", oMode.m_oHorizontal.m_uiActive, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "",
+                      Trim(FormatText("%.2f", GetHz(oMode.m_oRate)), 0).c_str(), pszBlanking);
+}
+
+std::string GetExactModeline(const SZorMode& oMode, const std::string& sName)
+{
+    const unsigned int uiFields = GetFields(oMode);
+    const auto fnAxis = [](const SZorMode::SAxis& oAxis, unsigned int uiTimes) {
+        const unsigned int uiStart = oAxis.m_uiActive + uiTimes * oAxis.m_uiFront;
+        return FormatText("%u %u %u %u", oAxis.m_uiActive, uiStart, uiStart + uiTimes * oAxis.m_uiSync,
+                          oAxis.m_uiTotal);
+    };
+    return FormatText("Modeline \"%s\" %s %s %s %chsync %cvsync%s\n", sName.c_str(),
+                      GetMegaHertz(oMode.m_ullClock, 2).c_str(), fnAxis(oMode.m_oHorizontal, 1).c_str(),
+                      fnAxis(oMode.m_oVertical, uiFields).c_str(), oMode.m_oHorizontal.m_bPositive ? '+' : '-',
+                      oMode.m_oVertical.m_bPositive ? '+' : '-', oMode.m_bInterlaced ? " Interlace" : "");
+}
+} // namespace
+
+bool ParseExactMode(const std::string& sText, SZorMode& oMode)
+{
+    const char* pszNext = sText.data();
+    const char* const pszEnd = pszNext + sText.size();
+    SZorMode oRead = {};
+    if (!TakeNumber(pszNext, pszEnd, oRead.m_uiWidth) || !TakeMark(pszNext, pszEnd, 'x') ||
+        !TakeNumber(pszNext, pszEnd, oRead.m_uiHeight) || oRead.m_uiWidth == 0 || oRead.m_uiHeight == 0)
+    {
+        return false;
+    }
+    oRead.m_bInterlaced = TakeMark(pszNext, pszEnd, 'i');
+    oRead.m_uiRepetition = 1;
+    if (!TakeMark(pszNext, pszEnd, '@') || !TakeRate(pszNext, pszEnd, oRead.m_oNominalRate) || pszNext != pszEnd)
+    {
+        return false;
+    }
+    oRead.m_oRate = oRead.m_oNominalRate;
+    oMode = oRead;
+    return true;
+}
+
+std::vector<std::string> ListTimingTypes()
+{
+    std::vector<std::string> asNames;
+    for (const SType& oType : gsc_aoTypes)
+    {
+        asNames.emplace_back(oType.m_pszName);
+    }
+    return asNames;
+}
+
+CExactTimings FindTimings(const SZorMode& oWanted, const std::string& sType)
+{
+    CExactTimings aoTimings;
+    for (const SType& oType : gsc_aoTypes)
+    {
+        if (sType == "all" ? oType.m_bInAll : sType == oType.m_pszName)
+        {
+            const CExactTimings aoAnswers = AskType(oType, oWanted);
+            aoTimings.insert(aoTimings.end(), aoAnswers.begin(), aoAnswers.end());
+        }
+    }
+    return aoTimings;
+}
+
+CExactTimings FindTimingsOfVic(unsigned int uiCode)
+{
+    SZorMode oMode = {};
+    return MakeVideoMode(oMode, uiCode) ? ListRates("cea", oMode) : CExactTimings{};
+}
+
+CExactTimings FindTimingsOfHdmiVic(unsigned int uiCode)
+{
+    SZorMode oMode = {};
+    return MakeHdmiMode(oMode, uiCode) ? ListRates("cea", oMode) : CExactTimings{};
+}
+
+CExactTimings FindTimingsOfDmt(unsigned int uiId)
+{
+    SZorMode oMode = {};
+    if (!MakeDmtMode(oMode, uiId))
+    {
+        return {};
+    }
+    return { { oMode.m_eBlanking == SZorMode::eBlanking_Standard ? "dmt" : "dmt-rb", oMode } };
+}
+
+std::string GetExactLine(const SExactTiming& oTiming)
+{
+    const SZorMode& oMode = oTiming.m_oMode;
+    const unsigned int uiFields = GetFields(oMode);
+    const auto fnAxis = [](const SZorMode::SAxis& oAxis, unsigned int uiFieldsOf) {
+        return FormatText("%u+%u+%lld %c", oAxis.m_uiFront, oAxis.m_uiSync, GetBack(oAxis, uiFieldsOf),
+                          oAxis.m_bPositive ? '+' : '-');
+    };
+    std::string sEnd = GetVicsText(FindExactVics(oMode));
+    if (oMode.m_eKind == SZorMode::eModeKind_Dmt)
+    {
+        sEnd += (sEnd.empty() ? "" : "  ") + FormatText("DMT %02Xh", oMode.m_uiCode);
+    }
+    if (oMode.m_uiRepetition > 1)
+    {
+        sEnd += FormatText("  each pixel sent %u times", oMode.m_uiRepetition);
+    }
+    return FormatText("%-7s %4u x %4u%c @ %7.3f Hz %11s MHz  horizontal %s  vertical %s%s%s\n", oTiming.m_pszType,
+                      oMode.m_oHorizontal.m_uiActive, oMode.m_uiHeight, oMode.m_bInterlaced ? 'i' : 'p',
+                      GetHz(oMode.m_oRate), GetMegaHertz(oMode.m_ullClock, 3).c_str(),
+                      fnAxis(oMode.m_oHorizontal, 1).c_str(), fnAxis(oMode.m_oVertical, uiFields).c_str(),
+                      sEnd.empty() ? "" : "  ", sEnd.c_str());
+}
+
+std::string GetExactModelines(const CExactTimings& aoTimings)
+{
+    std::map<std::string, unsigned int> auiUses;
+    for (const SExactTiming& oTiming : aoTimings)
+    {
+        ++auiUses[GetName(oTiming.m_oMode)];
+    }
+    std::map<std::string, unsigned int> auiPrinted;
+    std::string sText;
+    for (const SExactTiming& oTiming : aoTimings)
+    {
+        std::string sName = GetName(oTiming.m_oMode);
+        sName += auiUses[sName] > 1 ? FormatText("_%s", oTiming.m_pszType) : "";
+        const unsigned int uiNumber = ++auiPrinted[sName];
+        sName += uiNumber > 1 ? FormatText("_%u", uiNumber) : "";
+        sText += GetExactModeline(oTiming.m_oMode, sName);
+    }
+    return sText;
+}
+
+nlohmann::ordered_json MakeExactTiming(const SExactTiming& oTiming)
+{
+    const SZorMode& oMode = oTiming.m_oMode;
+    const unsigned long long ullCommon = std::gcd(oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor);
+    const unsigned long long ullPixels = 1ULL * oMode.m_oHorizontal.m_uiTotal * oMode.m_oVertical.m_uiTotal;
+    const auto fnAxis = [](const SZorMode::SAxis& oAxis, unsigned int uiFields) {
+        return nlohmann::ordered_json{ { "front_porch", oAxis.m_uiFront },
+                                       { "sync", oAxis.m_uiSync },
+                                       { "back_porch", GetBack(oAxis, uiFields) },
+                                       { "total", oAxis.m_uiTotal },
+                                       { "positive", oAxis.m_bPositive } };
+    };
+    nlohmann::ordered_json oJson = {
+        { "width", oMode.m_oHorizontal.m_uiActive },
+        { "height", oMode.m_uiHeight },
+        { "interlaced", oMode.m_bInterlaced },
+        { "vertical_rate_hz", (2 * oMode.m_ullClock + ullPixels) / (2 * ullPixels) },
+        { "rate",
+          { { "dividend", oMode.m_oRate.m_ullDividend / ullCommon },
+            { "divisor", oMode.m_oRate.m_ullDivisor / ullCommon } } },
+        { "horizontal_rate_hz",
+          (2 * oMode.m_ullClock + oMode.m_oHorizontal.m_uiTotal) / (2ULL * oMode.m_oHorizontal.m_uiTotal) },
+        { "pixel_clock_hz", oMode.m_ullClock },
+        { "horizontal", fnAxis(oMode.m_oHorizontal, 1) },
+        { "vertical", fnAxis(oMode.m_oVertical, GetFields(oMode)) },
+        { "type", oTiming.m_pszType },
+    };
+    const SVics oVics = FindExactVics(oMode);
+    if (!oVics.m_auiCodes.empty())
+    {
+        oJson["vics"] = oVics.m_auiCodes;
+    }
+    if (oVics.m_bVariant)
+    {
+        oJson["rate_1000_1001"] = true;
+    }
+    if (oMode.m_eKind == SZorMode::eModeKind_Dmt)
+    {
+        oJson["dmt_id"] = oMode.m_uiCode;
+    }
+    if (oMode.m_uiRepetition > 1)
+    {
+        oJson["pixel_repetition"] = oMode.m_uiRepetition;
+    }
+    return oJson;
+}

@@ -1,0 +1,39 @@
+// Timings in exact numbers, by the tables of the standards, their formulas, and those of the library: what `timing`
+// prints.
+
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <vector>
+
+#include "EdidMode.h"
+
+// "1920x1080@60", "1920x1080i@59.94", "1920x1080@60000/1001": the rate in Hz, of interlaced modes of fields. A decimal
+// rate of two or three digits after the point that is 1000/1001 of a multiple of 6, rounded, means that fraction.
+// Sets size, scan and nominal rate; false, and oMode unchanged, for anything else.
+bool ParseExactMode(const std::string& sText, SZorMode& oMode);
+
+struct SExactTiming
+{
+    const char* m_pszType; // a name of ListTimingTypes
+    SZorMode m_oMode;
+};
+using CExactTimings = std::vector<SExactTiming>;
+
+// The tables and formulas, in the order in which they are printed: "dmt", "cvt-rb3".
+std::vector<std::string> ListTimingTypes();
+
+// "all" leaves out the formulas of the library's lists, and the CVT versions that have no interlaced modes.
+CExactTimings FindTimings(const SZorMode& oWanted, const std::string& sType);
+
+// With the one at 1000/1001 where the code means it as well. Empty for a code that is not published.
+CExactTimings FindTimingsOfVic(unsigned int uiCode);
+CExactTimings FindTimingsOfHdmiVic(unsigned int uiCode);
+CExactTimings FindTimingsOfDmt(unsigned int uiId);
+
+std::string GetExactLine(const SExactTiming& oTiming);
+// As GetModeline, a line each. The names differ: each has the rate, reduced blanking its version, and lines of one size
+// and rate have their types.
+std::string GetExactModelines(const CExactTimings& aoTimings);
+nlohmann::ordered_json MakeExactTiming(const SExactTiming& oTiming);

@@ -445,7 +445,7 @@ bool ComputeOvt(SZorMode& oMode)
     const CWide uiNumber = CWide{ oAsked.m_ullDividend } * (bFraction ? 1001 : 1);
     const CWide uiUnit = CWide{ oAsked.m_ullDivisor } * (bFraction ? 1000 : 1);
     const unsigned int uiRate = static_cast<unsigned int>(uiNumber / uiUnit);
-    if (uiNumber % uiUnit != 0 || uiRate > gsc_uiMostFormulaRate)
+    if (uiRate == 0 || uiRate > gsc_uiMostFormulaRate || uiNumber % uiUnit != 0)
     {
         return false;
     }

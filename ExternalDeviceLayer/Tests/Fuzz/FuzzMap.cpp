@@ -1,9 +1,10 @@
-// Fuzz target: the input is an EDID image in any state; its map says each bit once, and its facts are fields of the
-// map.
+// Fuzz target: the input is an EDID image in any state; its map says each bit once, its facts are fields of the map,
+// and the list of modes has those of the map.
 
 #include "FactsCheck.h"
 #include "FuzzSupport.h"
 #include "MapCheck.h"
+#include "ModesCheck.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
@@ -21,5 +22,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     oFacts.Read(uiImage, pui8Copy.get());
     const std::string sWrong = CheckFacts(oFacts, oMap);
     Require(sWrong.empty(), sWrong.c_str());
+    CZorEdidModes oModes;
+    const int iListed = oModes.Read(uiImage, pui8Copy.get());
+    Require((iListed != 0) == (aui8Image.size() >= gsc_uiBlockSize), "any base block is read");
+    const std::string sOther = iListed != 0 ? CheckModes(oModes, oMap) : "";
+    Require(sOther.empty(), sOther.c_str());
     return 0;
 }

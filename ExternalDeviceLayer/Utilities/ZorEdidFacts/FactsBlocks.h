@@ -54,15 +54,16 @@ void WalkCta(const SPart& oBlock, VISITOR& oVisitor)
     oVisitor.VisitCta(oBlock);
     const unsigned int uiStart = oBlock.GetByte(Cta::gsc_uiDetailedStartOffset);
     const unsigned int uiEnd = oBlock.GetSize() < gsc_uiChecksumOffset ? oBlock.GetSize() : gsc_uiChecksumOffset;
-    if (uiStart < Cta::gsc_uiDataBlocksOffset || uiStart > uiEnd)
+    if (uiStart < Cta::gsc_uiDataBlocksOffset || uiStart >= gsc_uiBlockSize)
     {
         return;
     }
     if (oBlock.GetByte(Cta::gsc_uiRevisionOffset) >= Cta::gsc_uiDataBlocksRevision)
     {
-        WalkCtaData(oBlock.Part(Cta::gsc_uiDataBlocksOffset, uiStart - Cta::gsc_uiDataBlocksOffset), oVisitor);
+        WalkCtaData(oBlock.Part(0, uiEnd).Part(Cta::gsc_uiDataBlocksOffset, uiStart - Cta::gsc_uiDataBlocksOffset),
+                    oVisitor);
     }
-    for (unsigned int uiAt = uiStart; uiEnd - uiAt >= Cta::gsc_uiDetailedSize; uiAt += Cta::gsc_uiDetailedSize)
+    for (unsigned int uiAt = uiStart; uiAt + Cta::gsc_uiDetailedSize <= uiEnd; uiAt += Cta::gsc_uiDetailedSize)
     {
         const SPart oDescriptor = oBlock.Part(uiAt, Cta::gsc_uiDetailedSize);
         if (!Descriptors::IsDescriptor(oDescriptor.m_oBytes.GetData()))
@@ -82,11 +83,11 @@ void WalkDisplayId(const SPart& oBlock, VISITOR& oVisitor)
     const unsigned int uiSize = oBlock.GetByte(DisplayId::gsc_uiSectionLengthOffset) + DisplayId::gsc_uiSectionOverhead;
     const unsigned int uiEnd = uiSize < oBlock.GetSize() ? uiSize : oBlock.GetSize();
     oVisitor.VisitDisplayId(oBlock);
-    if (uiEnd <= uiFirst)
+    const unsigned int uiVersion = oBlock.GetByte(DisplayId::gsc_uiVersionOffset) >> 4;
+    if (uiEnd <= uiFirst || uiVersion > DisplayId::gsc_uiHighestMajorVersion)
     {
         return;
     }
-    const unsigned int uiVersion = oBlock.GetByte(DisplayId::gsc_uiVersionOffset) >> 4;
     DisplayId::CDataBlockWalk oWalk(oBlock.m_oBytes.GetData(), uiFirst, uiEnd, uiEnd);
     while (oWalk.Next())
     {

@@ -249,7 +249,7 @@ void CModeVisitor::VisitBase(const SPart& oBase)
     using namespace BaseBlock;
     constexpr unsigned int uiFirstWithout1To1 = 3; // revision
     constexpr unsigned int uiStandards = 8;
-    m_bSquare = !IsAtLeastRevision(oBase.m_oBytes.GetData(), uiFirstWithout1To1);
+    m_bSquare = oBase.GetByte(gsc_uiRevisionOffset) < uiFirstWithout1To1;
     m_bFirstPreferred = IsPreferredTimingDeclared(oBase.m_oBytes.GetData());
     m_oFormula = FindFormula(oBase.m_oBytes);
     AddBits(eZorEdidField_BaseEstablishedMode, oBase.From(gsc_uiEstablishedOffset), 0, gsc_uiEstablishedModes,
@@ -303,10 +303,6 @@ void CModeVisitor::VisitDescriptor(const SPart& oDescriptor)
         AddDetailed(oDescriptor);
         return;
     }
-    if (!IsDisplayDescriptor(oDescriptor.m_oBytes.GetData()))
-    {
-        return;
-    }
     switch (oDescriptor.GetByte(gsc_uiTagOffset))
     {
     case gsc_ui8TagExtraStandards:
@@ -343,10 +339,11 @@ void CModeVisitor::VisitOther(unsigned int uiTag, const SPart& oBlock)
     unsigned int uiAt = uiListsOffset;
     const unsigned int uiEnd = std::min(oBlock.GetSize(), gsc_uiChecksumOffset);
     const auto fnList = [&](unsigned int uiCount, unsigned int uiSize, auto fnAdd) {
-        for (unsigned int i = 0; i < uiCount && uiAt + uiSize <= uiEnd; ++i, uiAt += uiSize)
+        for (unsigned int i = 0; i < uiCount && uiAt + (i + 1) * uiSize <= uiEnd; ++i)
         {
-            fnAdd(oBlock.Part(uiAt, uiSize));
+            fnAdd(oBlock.Part(uiAt + i * uiSize, uiSize));
         }
+        uiAt += uiCount * uiSize; // also of what does not fit
     };
     fnList(oBlock.GetByte(2), Descriptors::gsc_uiDescriptorSize, [this](const SPart& oPart) {
         if (Descriptors::HasPixelClock(oPart.m_oBytes.GetData()))
@@ -399,7 +396,8 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
         m_bMap420 = true;
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType7:
-        AddLongTimings(DisplayId::gsc_uiType7Tag, oPayload.m_oBytes.GetBits(0, 2, 0), 0, oPayload.From(1));
+        AddLongTimings(DisplayId::gsc_uiType7Tag, oPayload.m_oBytes.GetBits(0, 2, 0), 0,
+                       oPayload.Part(1, DisplayId::gsc_oType7.m_uiSize)); // one of them
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType8:
         AddTimingCodes(oPayload.m_oBytes.GetBits(0, 7, 6), oPayload.m_oBytes.IsSet(0, 3) ? 2 : 1, oPayload.From(1),
@@ -595,7 +593,9 @@ void CModeVisitor::VisitDisplayIdData(unsigned int /*uiVersion*/, const SPart& o
                 MakeVideoMode);
         break;
     default:
-        AddLongTimings(uiTag, uiRevision, uiTag == gsc_uiType10Tag ? oHead.Get(gsc_oType10MoreBytes) : 0, oPayload);
+        AddLongTimings(uiTag, uiRevision,
+                       uiTag == gsc_uiType7Tag || uiTag == gsc_uiType10Tag ? oHead.Get(gsc_oMoreTimingBytes) : 0,
+                       oPayload);
         break;
     }
     m_oLong = oLong;

@@ -33,7 +33,7 @@ struct SZorImageMode
         eReason_None,
         eReason_Preference,    ///< the video format preference data block of CTA-861 names it
         eReason_FirstDetailed, ///< the first detailed timing of the base block, where that is declared as preferred
-        eReason_Flag           ///< its own flag: DisplayID, and the first of the rates of a CVT code
+        eReason_Flag           ///< its own flag, of DisplayID
     };
 
     /// The library's numbering that a timing is in.

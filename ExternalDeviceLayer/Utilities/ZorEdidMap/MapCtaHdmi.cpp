@@ -157,8 +157,15 @@ constexpr SMeaning gsc_aoDetails[] = {
     { 10, 10, "quincunx, even left, even right" },
     { 11, 15, gsc_szReserved },
 };
+// The number is a place: only the walk knows its code.
+bool MakeOrderMode(const CRecord& /*oRecord*/, const SModeSource& oSource, CMode& oMode)
+{
+    return oSource.m_uiRank == 0 && (oSource.m_uiMarks & gsc_uiMarkHdmi3d) != 0 &&
+           MakeVideoMode(oMode, oSource.m_uiCode);
+}
+
 constexpr SRow gsc_oOrderRow = { eId_CtaHdmi2dVicOrder, Hdmi::gsc_oVicOrder, "2D_VIC_order",
-                                 Number().Mode(MakeCodeMode<MakeVideoMode>) };
+                                 Number().Mode(MakeOrderMode) };
 constexpr SRow gsc_aoItemRows[] = {
     { eId_CtaHdmi3dStructure, Hdmi::gsc_oStructure, "3D_Structure", Names(gsc_aoStructures) },
     { eId_CtaHdmi3dDetail, Bits(1, 7, 4), "3D_Detail", Names(gsc_aoDetails), HasDetail },

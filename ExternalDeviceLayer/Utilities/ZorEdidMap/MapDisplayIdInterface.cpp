@@ -373,7 +373,7 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         }
         for (unsigned int i = 0; i < uiCodes; ++i)
         {
-            MapTimingCode(oWriter, oBlock.GetBits(uiAt, 7, 6), uiOffset + uiAt + 1 + i, 1);
+            MapTimingCode(oWriter, oBlock.GetBits(uiAt, 7, 6), uiOffset + uiAt + 1 + i, 1, gsc_uiMarkReference);
         }
         oWriter.EndGroup();
         uiAt += 1 + uiCodes;

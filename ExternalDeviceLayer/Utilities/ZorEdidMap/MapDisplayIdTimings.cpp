@@ -549,12 +549,15 @@ constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId1TimingBlocks = gsc_aoBlocks1;
 constinit const std::span<const SDisplayIdBlock> g_aoDisplayId2TimingBlocks = gsc_aoBlocks2;
 
-void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength)
+void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength,
+                   unsigned int uiMarks)
 {
     const SCodeKind& oKind = gsc_aoCodeKinds[uiType & 3U];
     const SRow& oRow = oKind.m_aoRows[uiLength > 1 ? 1 : 0];
     const unsigned int uiCode = oWriter.GetRecord(uiOffset, uiLength).Get(oRow.m_oPlace);
-    oWriter.SetMeaning(oWriter.AddLeaf(oRow, eArea_Timing, uiOffset, uiLength), oKind.m_pfnName(uiCode));
+    const unsigned int uiField = oWriter.AddLeaf(oRow, eArea_Timing, uiOffset, uiLength);
+    oWriter.SetMeaning(uiField, oKind.m_pfnName(uiCode));
+    oWriter.SetMode(uiField, 0, uiMarks);
 }
 
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,

@@ -12,7 +12,7 @@ void SetMarks(CMode& oMode, unsigned int uiMarks)
                     : (uiMarks & gsc_uiMarkAlso420) != 0 ? SZorMode::eY420_Also
                                                          : oMode.m_eY420;
     oMode.m_eStereo = (uiMarks & gsc_uiMarkHdmi3d) != 0 ? SZorMode::eStereo_Hdmi : oMode.m_eStereo;
-    oMode.m_bReference |= (uiMarks & gsc_uiMarkHdmi3d) != 0;
+    oMode.m_bReference |= (uiMarks & (gsc_uiMarkHdmi3d | gsc_uiMarkReference)) != 0;
     oMode.m_bNative |= (uiMarks & gsc_uiMarkNative) != 0;
 }
 

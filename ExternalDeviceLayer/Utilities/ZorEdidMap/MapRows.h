@@ -45,7 +45,8 @@ inline constexpr unsigned int gsc_uiMarkAlso420 = 1;
 inline constexpr unsigned int gsc_uiMarkOnly420 = 2;
 inline constexpr unsigned int gsc_uiMarkHdmi3d = 4;
 inline constexpr unsigned int gsc_uiMarkNative = 8;
-inline constexpr unsigned int gsc_uiMarkFraction = 16; // 1000/1001 of rates as well
+inline constexpr unsigned int gsc_uiMarkFraction = 16;  // 1000/1001 of rates as well
+inline constexpr unsigned int gsc_uiMarkReference = 32; // says more about a mode of another field
 
 struct SModeSource
 {

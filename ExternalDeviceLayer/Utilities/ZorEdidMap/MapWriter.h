@@ -178,7 +178,8 @@ void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int u
 void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int uiRevision, unsigned int uiOffset,
                         unsigned int uiLength);
 // A code of one or two bytes for a mode; uiType as in bits 7 and 6 of Type IV and Type VIII data blocks.
-void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength);
+void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength,
+                   unsigned int uiMarks = 0);
 
 // What the form makes of uiBits bits, SForm.
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);

@@ -23,6 +23,8 @@ constexpr unsigned int gsc_uiSectionOverhead = 5;
 constexpr unsigned int gsc_uiHighestVersion = 0x12;                   // that the classes read
 constexpr unsigned int gsc_auiLaterVersions[] = { 0x13, 0x20, 0x21 }; // published, but not read by the classes
 
+constexpr unsigned int gsc_uiHighestMajorVersion = 2; // published
+
 constexpr unsigned int GetSectionSize(const unsigned char* pui8Block)
 {
     return pui8Block[gsc_uiSectionLengthOffset] + gsc_uiSectionOverhead;
@@ -114,8 +116,8 @@ constexpr unsigned int gsc_uiType5Size = 7;
 constexpr unsigned int gsc_uiType6LongSize = 17; // with aspect ratio and size
 constexpr SPlace gsc_oType6IsLong = Bit(2, 6);
 constexpr unsigned int gsc_uiType9Size = 6;
-constexpr unsigned int gsc_uiType10Size = 6; // and as many more as the header says
-constexpr SPlace gsc_oType10MoreBytes = Bits(1, 6, 4);
+constexpr unsigned int gsc_uiType10Size = 6;
+constexpr SPlace gsc_oMoreTimingBytes = Bits(1, 6, 4); // of the header: of each record of Types VII and X
 
 // ---- A tile declaration, from the start of its payload. Counts and sizes are stored minus 1 ----
 

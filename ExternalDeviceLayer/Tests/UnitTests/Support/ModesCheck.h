@@ -1,0 +1,64 @@
+// The promise of the list of modes, for tests and fuzz targets: it has the modes that the fields of the map announce,
+// each once, and no other.
+
+#pragma once
+
+#include <stdio.h>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include "Standards/ExtensionBlocks.h"
+#include "ZorEdidMap.h"
+#include "ZorEdidModes.h"
+
+inline std::string DescribeMode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiRank, const SZorMode& oMode)
+{
+    char szText[200];
+    snprintf(szText, sizeof(szText), "%s at %u, %u: %u x %u%s, kind %u code %u, 4:2:0 %u\n", CZorEdidMap::GetId(eId),
+             uiOffset, uiRank, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? " interlaced" : "",
+             oMode.m_eKind, oMode.m_uiCode, oMode.m_eY420 == SZorMode::eY420_Only ? 1U : 0U);
+    return szText;
+}
+
+// What only one of them has; empty for nothing.
+inline std::string CheckModes(const CZorEdidModes& oModes, const CZorEdidMap& oMap)
+{
+    std::multiset<std::string> asListed;
+    std::multiset<std::string> asMapped;
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oMode = oModes.Get(i);
+        asListed.insert(DescribeMode(oMode.m_eField, oMode.m_uiOffset, oMode.m_uiRank, oMode.m_oMode));
+    }
+    const unsigned int uiBlocks = ZorStandards::CountExtensions(oMap.GetData(), oMap.GetSize());
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        SZorMode oMode;
+        for (unsigned int uiRank = 0;
+             oField.m_uiOffset / ZorStandards::gsc_uiBlockSize <= uiBlocks && oMap.GetMode(i, oMode, uiRank); ++uiRank)
+        {
+            // A bit of a capability map or of 3D refers to a code of another field.
+            const bool bReference = oMode.m_bReference || oField.m_eId == eZorEdidField_Cta420MapVic;
+            if (!bReference)
+            {
+                asMapped.insert(DescribeMode(oField.m_eId, oField.m_uiOffset, uiRank, oMode));
+            }
+        }
+    }
+    std::string sDifferences;
+    const auto fnAdd = [&](const char* pszWho, const auto& asOne, const auto& asOther) {
+        std::multiset<std::string> asOnly;
+        std::ranges::set_difference(asOne, asOther, std::inserter(asOnly, asOnly.end()));
+        for (const std::string& sOne : asOnly)
+        {
+            sDifferences += pszWho + sOne;
+        }
+    };
+    fnAdd("listed: ", asListed, asMapped);
+    fnAdd("in the map: ", asMapped, asListed);
+    return sDifferences;
+}

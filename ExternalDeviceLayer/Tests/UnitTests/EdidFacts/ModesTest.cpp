@@ -128,7 +128,7 @@ TEST(Modes, FormatsAndTypesInCta)
                    { "1280x720 24.000 35520 1600x925 formula fraction",
                      "1280x720 30.000 35520 1600x740 formula fraction",
                      "1280x720 60.000 67488 1480x760 formula fraction", "800x600 60.317 40000 1056x628 table",
-                     "1920x1080 60.081 133500 2000x1111 formula" });
+                     "1920x1080 60.000 133320 2000x1111 formula" });
 }
 
 TEST(Modes, DisplayId)

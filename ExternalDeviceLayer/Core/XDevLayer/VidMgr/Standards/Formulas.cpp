@@ -55,7 +55,8 @@ bool Ask(const SZorMode& oMode, SAsked& oAsked)
     oAsked.m_uiWidth = oMode.m_uiWidth;
     oAsked.m_uiHalf = oMode.m_bInterlaced ? 1 : 0;
     oAsked.m_uiLines = oMode.m_uiHeight / (oMode.m_bInterlaced ? 2 : 1);
-    return oAsked.m_ullDivisor <= gsc_ullMostFormulaDivisor && oAsked.m_ullDividend >= oAsked.m_ullDivisor &&
+    return oAsked.m_ullDivisor != 0 && oAsked.m_ullDivisor <= gsc_ullMostFormulaDivisor &&
+           oAsked.m_ullDividend >= oAsked.m_ullDivisor &&
            oAsked.m_ullDividend <= gsc_uiMostFormulaRate * oAsked.m_ullDivisor;
 }
 
@@ -445,7 +446,7 @@ bool ComputeOvt(SZorMode& oMode)
     const CWide uiNumber = CWide{ oAsked.m_ullDividend } * (bFraction ? 1001 : 1);
     const CWide uiUnit = CWide{ oAsked.m_ullDivisor } * (bFraction ? 1000 : 1);
     const unsigned int uiRate = static_cast<unsigned int>(uiNumber / uiUnit);
-    if (uiRate == 0 || uiRate > gsc_uiMostFormulaRate || uiNumber % uiUnit != 0)
+    if (uiRate > gsc_uiMostFormulaRate || uiRate * uiUnit != uiNumber || uiRate == 0)
     {
         return false;
     }

@@ -29,6 +29,7 @@
 #include "VidParamTimingGeneric.h"
 #include "ZorEdidFacts.h"
 #include "ZorEdidMap.h"
+#include "ZorEdidModes.h"
 #include "ZorEdidUtils.h"
 
 #ifdef ZOREDID_DISPLAY_INFO
@@ -221,6 +222,12 @@ const SMeasured gsc_aoImageRows[] = {
     { "Image_H_Map", ReadMap<0> },
     { "Image_I_MapAndValues", ReadMap<1> },
     { "Image_J_FactsReadAndAskAll", ReadFacts },
+    { "Image_j_FactsAndModes",
+      [](size_t i) {
+          CZorEdidModes oModes;
+          oModes.Read(static_cast<unsigned int>(g_aaui8Images[i].size()), g_aaui8Images[i].data());
+          return ReadFacts(i) + oModes.GetCount();
+      } },
 #ifdef ZOREDID_DISPLAY_INFO
     { "Image_K_DisplayInfoParseAskAllDestroy", AskDisplayInfo },
 #endif

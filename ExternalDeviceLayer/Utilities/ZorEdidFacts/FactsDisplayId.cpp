@@ -86,7 +86,8 @@ void CReader::VisitDisplayId(const SPart& oBlock)
     const bool bVersion2 = uiVersion == 2;
     const unsigned int uiType = oBlock.GetByte(gsc_uiProductTypeOffset);
     const unsigned int uiOffset = oBlock.m_uiOffset + gsc_uiProductTypeOffset;
-    if (uiVersion > 2 || uiType == 0 || uiType >= (bVersion2 ? std::size(gsc_aeUseCases) : std::size(gsc_aeTypes)))
+    if (uiVersion > gsc_uiHighestMajorVersion || uiType == 0 ||
+        uiType >= (bVersion2 ? std::size(gsc_aeUseCases) : std::size(gsc_aeTypes)))
     {
         return;
     }
@@ -100,14 +101,10 @@ void CReader::VisitDisplayId(const SPart& oBlock)
 }
 
 // Both versions have the same tag for no two data blocks.
-void CReader::VisitDisplayIdData(unsigned int uiVersion, const SPart& oData)
+void CReader::VisitDisplayIdData(unsigned int /*uiVersion*/, const SPart& oData)
 {
     const SBytes oBlock = oData;
     const unsigned int uiTag = oData.GetByte(0);
-    if (uiVersion > 2)
-    {
-        return;
-    }
     CFacts::SIdentity& oIdentity = m_oFacts.m_oIdentity;
     CFacts::SText oText;
     switch (uiTag)

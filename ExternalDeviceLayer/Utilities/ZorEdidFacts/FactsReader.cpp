@@ -3,10 +3,11 @@
 #include "FactsReader.h"
 
 #include <math.h>
-#include <string.h>
 
 #include <algorithm>
 #include <iterator>
+
+#include "Standards/VendorBlocks.h"
 
 namespace ZorFacts
 {
@@ -34,7 +35,7 @@ constexpr SPrecedence gsc_aoPrecedence[] = {
     { CFacts::eQuestion_Size, { eSource_DisplayId2, eSource_DisplayId1, eSource_Cta, eSource_Timing, eSource_Base } },
     { CFacts::eQuestion_Aspect, { eSource_DisplayId1, eSource_Vesa, eSource_Base } },
     { CFacts::eQuestion_Native, { eSource_DisplayId2, eSource_DisplayId1, eSource_Vesa, eSource_Timing } },
-    { CFacts::eQuestion_Kind, { eSource_DisplayId2, eSource_DisplayId1, eSource_Microsoft } },
+    { CFacts::eQuestion_Kind, { eSource_DisplayId2, eSource_DisplayId1, eSource_Microsoft, eSource_Vesa } },
     { CFacts::eQuestion_Orientation, { eSource_DisplayId1, eSource_Vesa } },
     { CFacts::eQuestion_Rotation, { eSource_DisplayId1, eSource_Vesa } },
     { CFacts::eQuestion_SubPixels, { eSource_DisplayId1, eSource_Vesa } },
@@ -153,6 +154,10 @@ bool CReader::MakeText(CFacts::SText& oText, const SBytes& oBytes)
 void CReader::AddRange(const CFacts::SVariableRefresh& oRange)
 {
     CFacts::SLink& oLink = m_oFacts.m_oLink;
+    if (oRange.m_uiLeast == 0 && oRange.m_uiMost == 0)
+    {
+        return; // the fields are there, but no range
+    }
     if (oLink.m_uiRanges < CFacts::msc_uiMostRanges)
     {
         oLink.m_aoRanges[oLink.m_uiRanges] = oRange;
@@ -191,6 +196,16 @@ void CReader::Read()
 {
     WalkImage(m_uiSize, m_pui8Image, *this);
     Finish();
+}
+
+void CReader::VisitOther(unsigned int uiTag, const SPart& oBlock)
+{
+    constexpr const SPlace& oProjector = DisplayInformation::gsc_oStandaloneProjector;
+    if (uiTag == gsc_uiDisplayInformationTag && oBlock.m_oBytes.IsSet(oProjector))
+    {
+        Offer(CFacts::eQuestion_Kind, eSource_Vesa, m_oFacts.m_oSize.m_oKind, CFacts::eKind_Projector,
+              eZorEdidField_DiStandaloneProjector, oBlock.m_uiOffset + oProjector.GetFirst());
+    }
 }
 
 // ---- The end ----

@@ -22,7 +22,7 @@ enum ESource : unsigned char
     eSource_Cta,        // CTA-861
     eSource_Hdmi,       // HDMI Licensing and the HDMI Forum
     eSource_Microsoft,
-    eSource_Vesa, // VESA's display device data block
+    eSource_Vesa, // VESA's display device data block and display information extension
     eSource_DisplayId1,
     eSource_DisplayId2,
     eSource_Count
@@ -100,7 +100,7 @@ public:
     void VisitCtaData(unsigned int uiTag, const SPart& oPayload);
     void VisitDisplayId(const SPart& oBlock);
     void VisitDisplayIdData(unsigned int uiVersion, const SPart& oData);
-    void VisitOther(unsigned int /*uiTag*/, const SPart& /*oBlock*/) {}
+    void VisitOther(unsigned int uiTag, const SPart& oBlock);
 
 private:
     // ---- Putting facts ----

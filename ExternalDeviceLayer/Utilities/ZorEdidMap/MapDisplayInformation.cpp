@@ -4,6 +4,7 @@
 #include "MapForms.h"
 #include "MapNames.h"
 #include "MapOther.h"
+#include "Standards/VendorBlocks.h"
 
 namespace ZorMap
 {
@@ -151,7 +152,7 @@ constexpr SRow gsc_aoRows[] = {
     { eId_DiScreenOrientation, Bit(0x1A, 5), "Screen orientation", Flag(gsc_aoOrientations) },
     { eId_DiZeroPixelLocation, Bits(0x1A, 4, 3), "Zero pixel location", Names(gsc_aoZeroPixels) },
     { eId_DiScanDirection, Bits(0x1A, 2, 1), "Scan direction", Names(gsc_aoScanDirections) },
-    { eId_DiStandaloneProjector, Bit(0x1A, 0), "Standalone projector", Flag() },
+    { eId_DiStandaloneProjector, DisplayInformation::gsc_oStandaloneProjector, "Standalone projector", Flag() },
     { eId_DiDefaultDecoding, Byte(0x1B), "Default color / luminance decoding", Names(gsc_aoDecodings) },
     { eId_DiPreferredDecoder, Byte(0x1C), "Preferred color / luminance decoder", Names(gsc_aoDecoders) },
     { eId_DiDecodesBgr, Bit(0x1D, 7), "Decodes BGR", Flag() },

@@ -8,6 +8,7 @@
 
 #include "MapBase.h"
 #include "MapNames.h"
+#include "Standards/ExtensionBlocks.h"
 
 namespace ZorMap
 {
@@ -281,7 +282,7 @@ constexpr SExtension gsc_aoExtensions[] = {
       gsc_oFillerRest, "Video timing block extension", MapVtb },
     { eId_Edid2, { 0x20, 0x20, "EDID 2.0 extension" }, "edid-2", gsc_oUnknownRest, "EDID 2.0 extension block" },
     { eId_ColorInformation, { 0x30, 0x30, "color information" }, "color-information", gsc_oUnknownRest, "Color information extension block" },
-    { eId_Di, { 0x40, 0x40, "display information extension (DI-EXT)" }, "display-information",
+    { eId_Di, { gsc_uiDisplayInformationTag, gsc_uiDisplayInformationTag, "display information extension (DI-EXT)" }, "display-information",
       gsc_oFillerRest, "Display information extension block", MapDisplayInformation },
     { eId_Ls, { 0x50, 0x50, "localized string extension (LS-EXT)" }, "localized-string",
       gsc_oFillerRest, "Localized string extension block", MapLocalizedStrings },

@@ -182,6 +182,21 @@ TEST(Facts, DisplayId)
     EXPECT_LT(0U, oFacts.GetConflictCount());
 }
 
+TEST(Facts, KindByOtherBlocks)
+{
+    CBytes aui8Image = MakeBase();
+    aui8Image.resize(2 * gsc_uiBlockSize);
+    aui8Image[126] = 1;
+    aui8Image[128] = 0x40;
+    aui8Image[128 + 0x1A] = 1;
+    EXPECT_EQ(CFacts::eKind_Projector, ReadFacts(aui8Image).GetSize().m_oKind.m_oValue);
+    const CFacts oHeadset = ReadBlocks("75 5C 12 CA 03 07 00*16");
+    EXPECT_EQ(CFacts::eKind_HeadMounted, oHeadset.GetSize().m_oKind.m_oValue);
+    EXPECT_TRUE(oHeadset.GetSize().m_oDesktop.IsSaid());
+    EXPECT_FALSE(oHeadset.GetSize().m_oDesktop.m_oValue);
+    EXPECT_TRUE(oHeadset.GetIdentity().m_oContainerId.IsSaid());
+}
+
 // Bytes that say nothing leave nothing said, whatever was read before.
 TEST(Facts, RefusedBytes)
 {

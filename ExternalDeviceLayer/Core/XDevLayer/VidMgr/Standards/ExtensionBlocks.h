@@ -10,7 +10,8 @@ namespace ZorStandards
 {
 inline constexpr unsigned int gsc_uiCtaTag = Cta::gsc_uiTag;
 inline constexpr unsigned int gsc_uiDisplayIdTag = DisplayId::gsc_uiTag;
-inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0; // a list of the blocks, with nothing of its own
+inline constexpr unsigned int gsc_uiDisplayInformationTag = 0x40; // VESA DI-EXT
+inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0;           // a list of the blocks, with nothing of its own
 
 // Offset of the byte that holds the number of extension blocks of an image of uiSize bytes: 126 of the base block or,
 // where that one is not 0, a byte of an override data block of the HDMI Forum. That one counts when it is the first

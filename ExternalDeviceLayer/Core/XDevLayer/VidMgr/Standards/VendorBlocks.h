@@ -1,9 +1,16 @@
-// The places of data blocks of CTA-861 that makers and VESA define, from the start of their payloads. Private to the
-// library and the command.
+// The places of data blocks of CTA-861 that makers and VESA define, from the start of their payloads, and of an
+// extension block of VESA. Private to the library and the command.
 
 #pragma once
 
 #include "Place.h"
+
+namespace ZorStandards::DisplayInformation
+{
+// ---- VESA Display Information Extension Block Standard, release A, from the start of the block ----
+
+inline constexpr SPlace gsc_oStandaloneProjector = Bit(0x1A, 0);
+} // namespace ZorStandards::DisplayInformation
 
 namespace ZorStandards::Amd
 {

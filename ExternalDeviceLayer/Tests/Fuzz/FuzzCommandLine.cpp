@@ -27,12 +27,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
         const CExactTimings aoTimings = FindTimings(oExact, "all");
         Require(GetExactModelines(aoTimings).empty() == aoTimings.empty(), "each timing has a line");
     }
-    SMode oMode;
+    SAskedMode oMode;
     if (!ParseMode(sValue, oMode))
     {
         return 0;
     }
-    for (const SModeSource& oSource : GetModeSources())
+    for (const STimingSource& oSource : GetModeSources())
     {
         for (const CVidParamTimingGeneric& oTiming : AskSource(oSource, oMode).m_aoTimings)
         {

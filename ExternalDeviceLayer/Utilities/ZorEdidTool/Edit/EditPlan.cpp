@@ -196,10 +196,10 @@ std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
 // Without a type, the first of these that knows the mode: what televisions and monitors use, else computed.
 constexpr const char* gsc_apszDefaultSources[] = { "cea", "dmt", "dmt-rb", "cvt-rb" };
 
-const SModeSource* FindSource(const std::string& sName)
+const STimingSource* FindSource(const std::string& sName)
 {
-    const std::span<const SModeSource> aoSources = GetModeSources();
-    const auto itSource = std::find_if(aoSources.begin(), aoSources.end(), [&](const SModeSource& oSource) {
+    const std::span<const STimingSource> aoSources = GetModeSources();
+    const auto itSource = std::find_if(aoSources.begin(), aoSources.end(), [&](const STimingSource& oSource) {
         return strcasecmp(sName.c_str(), oSource.m_pszName) == 0;
     });
     return itSource != aoSources.end() ? &*itSource : nullptr;
@@ -218,7 +218,7 @@ const CVidParamTimingGeneric& PickTiming(const std::vector<CVidParamTimingGeneri
 std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTiming)
 {
     const CTexts asFields = Split(sText, ",");
-    SMode oMode;
+    SAskedMode oMode;
     if (asFields.size() > 2 || !ParseMode(asFields[0], oMode))
     {
         return "'" + sText + "' is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
@@ -229,12 +229,12 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
     bool bClockTooHigh = false;
     for (const std::string& sName : asAsked)
     {
-        const SModeSource* poSource = FindSource(sName);
+        const STimingSource* poSource = FindSource(sName);
         if (poSource == nullptr)
         {
             return RefuseName(sName, GetModeSources());
         }
-        const SModeAnswers oAnswers = AskSource(*poSource, oMode);
+        const STimingAnswers oAnswers = AskSource(*poSource, oMode);
         if (!oAnswers.m_aoTimings.empty())
         {
             oTiming = PickTiming(oAnswers.m_aoTimings);

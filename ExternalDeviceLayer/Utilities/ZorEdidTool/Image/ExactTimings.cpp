@@ -225,9 +225,9 @@ CExactTimings AskLibrary(const char* pszSource, const char* pszType, const SZorM
     {
         return aoTimings;
     }
-    const SMode oMode = { oWanted.m_uiWidth, oWanted.m_uiHeight,
-                          static_cast<unsigned int>(oRate.m_ullDividend / (ullFields * oRate.m_ullDivisor)) };
-    for (const SModeSource& oSource : GetModeSources())
+    const SAskedMode oMode = { oWanted.m_uiWidth, oWanted.m_uiHeight,
+                               static_cast<unsigned int>(oRate.m_ullDividend / (ullFields * oRate.m_ullDivisor)) };
+    for (const STimingSource& oSource : GetModeSources())
     {
         if (pszSource != std::string(oSource.m_pszName))
         {

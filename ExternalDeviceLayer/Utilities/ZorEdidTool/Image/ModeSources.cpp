@@ -32,7 +32,7 @@ int GetGtf(unsigned int uiIndex, CVidParamTiming* poTiming, unsigned int uiWidth
     return uiIndex == 0 ? CVidParamTimingFunc::ComputeGft(uiWidth, uiHeight, uiRateInHz, poTiming) : 0;
 }
 
-constexpr SModeSource gsc_aoSources[] = {
+constexpr STimingSource gsc_aoSources[] = {
     { "dmt", GetDmt<CVidParamDmt::eModeListStandard> },
     { "dmt-rb", GetDmt<CVidParamDmt::eModeListReducedBlanking> },
     { "cvt", GetCvt<0> },
@@ -45,7 +45,7 @@ constexpr SModeSource gsc_aoSources[] = {
 // The library's numbers have 32 bits, clocks in hertz among them: beyond that a formula's numbers wrap, and then the
 // clock is far from what the totals and the rate make of it. The tables' clocks are right, and those of interlaced rows
 // are at the frame rate.
-bool HasWrapped(const CVidParamTiming& oTiming, const SMode& oMode)
+bool HasWrapped(const CVidParamTiming& oTiming, const SAskedMode& oMode)
 {
     const double dPixels = static_cast<double>(oMode.m_uiWidth) + oTiming.GetHorizontalFrontPorch() +
                            oTiming.GetHorizontalSync() + oTiming.GetHorizontalBackPorch();
@@ -62,7 +62,7 @@ bool IsComputed(const CVidParamTiming& oTiming)
 }
 } // namespace
 
-bool ParseMode(const std::string& sText, SMode& oMode)
+bool ParseMode(const std::string& sText, SAskedMode& oMode)
 {
     const char* pszNext = sText.data();
     const char* const pszEnd = pszNext + sText.size();
@@ -77,11 +77,11 @@ bool ParseMode(const std::string& sText, SMode& oMode)
            oMode.m_uiRateInHz != 0;
 }
 
-std::span<const SModeSource> GetModeSources() { return gsc_aoSources; }
+std::span<const STimingSource> GetModeSources() { return gsc_aoSources; }
 
-SModeAnswers AskSource(const SModeSource& oSource, const SMode& oMode)
+STimingAnswers AskSource(const STimingSource& oSource, const SAskedMode& oMode)
 {
-    SModeAnswers oAnswers;
+    STimingAnswers oAnswers;
     CVidParamTimingGeneric oTiming;
     for (unsigned int i = 0; oSource.m_pfnGet(i, &oTiming, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_uiRateInHz) != 0;
          ++i)

@@ -1,5 +1,5 @@
-// A size and rate as the command line has it, and the tables and formulas that know timings for it: those of `timing`
-// and of `edit --preferred`.
+// A size and whole rate as the command line has it, and the library's tables and formulas that know timings for it:
+// those of `edit --preferred`, and of the types of `timing` that answer as the library's lists do.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 #include "VidParamTimingGeneric.h"
 
-struct SMode
+struct SAskedMode
 {
     unsigned int m_uiWidth = 0;
     unsigned int m_uiHeight = 0;
@@ -17,9 +17,9 @@ struct SMode
 };
 
 // "1920x1080@60"; false for anything else, numbers beyond 32 bits among it.
-bool ParseMode(const std::string& sText, SMode& oMode);
+bool ParseMode(const std::string& sText, SAskedMode& oMode);
 
-struct SModeSource
+struct STimingSource
 {
     const char* m_pszName; // as GetTypeName has it
     // Match number uiIndex, from 0. A formula has one answer.
@@ -27,10 +27,10 @@ struct SModeSource
                     unsigned int uiRateInHz);
 };
 
-std::span<const SModeSource> GetModeSources();
+std::span<const STimingSource> GetModeSources();
 
 // What a source knows of a mode.
-struct SModeAnswers
+struct STimingAnswers
 {
     // Rows that say the same, as codes for two picture aspects do, are one timing.
     std::vector<CVidParamTimingGeneric> m_aoTimings;
@@ -38,4 +38,4 @@ struct SModeAnswers
     bool m_bClockTooHigh = false;
 };
 
-SModeAnswers AskSource(const SModeSource& oSource, const SMode& oMode);
+STimingAnswers AskSource(const STimingSource& oSource, const SAskedMode& oMode);

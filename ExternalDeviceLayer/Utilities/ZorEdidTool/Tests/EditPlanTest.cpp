@@ -212,7 +212,7 @@ TEST(EditPlan, PreferredTimings)
 
 TEST(Mode, IsThreeNumbersAboveZero)
 {
-    SMode oMode;
+    SAskedMode oMode;
     ASSERT_TRUE(ParseMode("4294967295x1080@60", oMode));
     EXPECT_EQ(4294967295U, oMode.m_uiWidth);
     EXPECT_EQ(1080U, oMode.m_uiHeight);
@@ -226,15 +226,15 @@ TEST(Mode, IsThreeNumbersAboveZero)
 
 TEST(Mode, SourcesGiveEachTimingOnce)
 {
-    const auto fnAsk = [](const std::string& sSource, const SMode& oMode) {
-        for (const SModeSource& oSource : GetModeSources())
+    const auto fnAsk = [](const std::string& sSource, const SAskedMode& oMode) {
+        for (const STimingSource& oSource : GetModeSources())
         {
             if (sSource == oSource.m_pszName)
             {
                 return AskSource(oSource, oMode);
             }
         }
-        return SModeAnswers{ {}, true };
+        return STimingAnswers{ {}, true };
     };
     // Codes 4 and 69 differ in their picture aspect only; 34 and 74 are progressive, 5 is interlaced.
     EXPECT_EQ(1U, fnAsk("cea", { 1280, 720, 60 }).m_aoTimings.size());
@@ -242,10 +242,10 @@ TEST(Mode, SourcesGiveEachTimingOnce)
     EXPECT_EQ(0U, fnAsk("cea", { 1280, 720, 61 }).m_aoTimings.size());
     for (const char* pszFormula : { "cvt", "cvt-rb", "gtf" })
     {
-        const SModeAnswers oGood = fnAsk(pszFormula, { 1920, 1080, 60 });
+        const STimingAnswers oGood = fnAsk(pszFormula, { 1920, 1080, 60 });
         EXPECT_EQ(1U, oGood.m_aoTimings.size()) << pszFormula;
         EXPECT_FALSE(oGood.m_bClockTooHigh) << pszFormula;
-        const SModeAnswers oHigh = fnAsk(pszFormula, { 7680, 4320, 240 }); // about 9 GHz
+        const STimingAnswers oHigh = fnAsk(pszFormula, { 7680, 4320, 240 }); // about 9 GHz
         EXPECT_EQ(0U, oHigh.m_aoTimings.size()) << pszFormula;
         EXPECT_TRUE(oHigh.m_bClockTooHigh) << pszFormula;
     }

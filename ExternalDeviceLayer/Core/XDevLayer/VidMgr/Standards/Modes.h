@@ -1,5 +1,5 @@
-// Modes out of codes and bytes: one reader for each structure that announces some, for the map and the facts alike. Each
-// returns false, with oMode unchanged or meaningless, where the bytes announce none. Private to the library.
+// Modes out of codes and bytes: one reader for each structure that announces some, for the map and the facts alike.
+// Each returns false, with oMode unchanged or meaningless, where the bytes announce none. Private to the library.
 
 #pragma once
 

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#pragma GCC visibility push(default)
+
 /// A mode that a field of an image announces or refers to, or that a formula computes.
 struct SZorMode
 {
@@ -102,3 +104,5 @@ struct SZorMode
     SAxis m_oHorizontal;
     SAxis m_oVertical;
 };
+
+#pragma GCC visibility pop

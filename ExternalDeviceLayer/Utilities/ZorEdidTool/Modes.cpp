@@ -1,9 +1,10 @@
-// zoredid modes: all timings of an image under the numbers that edits take.
+// zoredid modes: all timings of an image under the numbers that edits take, then the modes that have no number.
 
 #include <algorithm>
 #include <set>
 
 #include "CommandLine.h"
+#include "ExactTimings.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapText.h"
@@ -11,6 +12,7 @@
 #include "TextFormat.h"
 #include "Tool.h"
 #include "UnreadBlocks.h"
+#include "ZorEdidModes.h"
 
 namespace
 {
@@ -47,7 +49,107 @@ std::string GetLine(const SImageMode& oListed)
     return sLine + "\n";
 }
 
-// What the lists leave out: blocks that are not read, codes that are read as others, modes that only the map has.
+// ---- Modes that have no number in the library's lists ----
+
+const char* GetTypeName(const SZorImageMode& oListed)
+{
+    switch (oListed.m_oMode.m_eKind)
+    {
+    case SZorMode::eModeKind_Vic:
+    case SZorMode::eModeKind_HdmiVic:
+        return "cea";
+    case SZorMode::eModeKind_Established:
+    case SZorMode::eModeKind_EstablishedIII:
+    case SZorMode::eModeKind_Dmt:
+        return "dmt";
+    case SZorMode::eModeKind_Standard:
+        return oListed.m_eNumbers == SZorImageMode::eNumbers_Table ? "dmt" : "gtf";
+    case SZorMode::eModeKind_CvtCode:
+        return "cvt";
+    case SZorMode::eModeKind_VideoFormat:
+        return "ovt";
+    case SZorMode::eModeKind_Detailed:
+        return "detailed";
+    default:
+        return "displayid";
+    }
+}
+
+// The modes of today's standards that the lists leave out, with those at 1000/1001.
+CExactTimings FindRest(const CZorEdidModes& oModes, std::vector<const SZorImageMode*>& apoListed)
+{
+    CExactTimings aoTimings;
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oListed = oModes.Get(i);
+        SZorMode oPartner = {};
+        if (oListed.m_eList != SZorImageMode::eList_None)
+        {
+            continue;
+        }
+        aoTimings.push_back({ GetTypeName(oListed), oListed.m_oMode });
+        apoListed.push_back(&oListed);
+        if (CZorEdidModes::GetPartner(oListed.m_oMode, oPartner))
+        {
+            aoTimings.push_back({ GetTypeName(oListed), oPartner });
+            apoListed.push_back(&oListed);
+        }
+    }
+    return aoTimings;
+}
+
+std::string GetRestMarks(const SZorImageMode& oListed)
+{
+    const SZorMode& oMode = oListed.m_oMode;
+    std::string sMarks;
+    const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) { sMarks += bHolds ? "  " + sMark : ""; };
+    fnAdd(oListed.m_uiPreference == 1, "preferred");
+    fnAdd(oMode.m_bNative, "native");
+    fnAdd(oMode.m_eY420 == SZorMode::eY420_Only, "4:2:0 only");
+    fnAdd(oMode.m_eY420 == SZorMode::eY420_Also, "4:2:0 also");
+    fnAdd(oListed.m_uiStereo != 0, "3D");
+    fnAdd(oMode.m_eKind == SZorMode::eModeKind_Vic, FormatText("VIC %u", oMode.m_uiCode));
+    fnAdd(oMode.m_eKind == SZorMode::eModeKind_HdmiVic, FormatText("HDMI VIC %u", oMode.m_uiCode));
+    fnAdd(oMode.m_uiRepetition > 1, FormatText("each pixel sent %u times", oMode.m_uiRepetition));
+    fnAdd(oListed.m_eNumbers == SZorImageMode::eNumbers_None, "no timing given");
+    fnAdd(oListed.m_eNumbers == SZorImageMode::eNumbers_Assumed, "timing assumed");
+    return sMarks;
+}
+
+std::string GetRestLines(const CExactTimings& aoTimings, const std::vector<const SZorImageMode*>& apoListed,
+                         const SInput& oInput)
+{
+    std::string sLines;
+    for (size_t i = 0; i < aoTimings.size(); ++i)
+    {
+        const unsigned int uiBlock = apoListed[i]->m_uiOffset / CEdidUtils::msc_uiBlockSize;
+        const unsigned int uiTag = oInput.m_aui8Bytes[uiBlock * size_t{ CEdidUtils::msc_uiBlockSize }];
+        const std::string sPlace = uiBlock == 0 ? "base" : FormatText("block %u %s", uiBlock, GetBlockKind(uiTag));
+        std::string sLine = FormatText("%-11s %3s  %-17s %s  %-9s", "-", "-", sPlace.c_str(),
+                                       GetExactText(aoTimings[i].m_oMode).c_str(), aoTimings[i].m_pszType) +
+                            GetRestMarks(*apoListed[i]);
+        sLine.erase(sLine.find_last_not_of(' ') + 1);
+        sLines += sLine + "\n";
+    }
+    return sLines;
+}
+
+std::string GetRest(const SInput& oInput, const CEdid& oEdid, bool bModeline)
+{
+    CZorEdidModes oModes;
+    oModes.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    oModes.SetNumbers(oEdid);
+    std::vector<const SZorImageMode*> apoListed;
+    CExactTimings aoTimings = FindRest(oModes, apoListed);
+    if (!bModeline)
+    {
+        return GetRestLines(aoTimings, apoListed, oInput);
+    }
+    std::erase_if(aoTimings, [](const SExactTiming& oTiming) { return !oTiming.m_oMode.m_bTiming; });
+    return GetExactModelines(aoTimings);
+}
+
+// What the lists leave out or have otherwise: blocks that are not read, codes that are read as others.
 std::string DescribeRest(const SInput& oInput, const CLoadedImage& oImage, const CModes& aoModes)
 {
     std::string sLines = DescribeUnreadBlocks(oInput, oImage, "");
@@ -59,12 +161,6 @@ std::string DescribeRest(const SInput& oInput, const CLoadedImage& oImage, const
             sLines += MakeErrorLine(oInput.m_sName, GetOtherCodeText(oMode));
         }
     }
-    if (const auto iMore = std::ranges::count(aoModes, false, &SImageMode::IsListed); iMore != 0)
-    {
-        sLines +=
-            MakeErrorLine(oInput.m_sName, FormatText("%td more mode%s not listed; explain and page show %s", iMore,
-                                                     iMore == 1 ? " is" : "s are", iMore == 1 ? "it" : "them"));
-    }
     return sLines;
 }
 
@@ -75,9 +171,7 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
     {
         return RefuseInput(oInput, oImage.GetProblem());
     }
-    CZorEdidMap oMap;
-    oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
-    const CModes aoModes = ListModes(oMap, &oImage);
+    const CModes aoModes = ListTimings(oImage);
     SOutcome oOutcome;
     oOutcome.m_sError = DescribeRest(oInput, oImage, aoModes);
     if (oOptions.m_bJson)
@@ -87,12 +181,9 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
     }
     for (const SImageMode& oMode : aoModes)
     {
-        if (!oMode.IsListed())
-        {
-            continue;
-        }
         oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oMode.m_oTiming) + "\n" : GetLine(oMode);
     }
+    oOutcome.m_sOut += GetRest(oInput, oImage.GetEdid(), oOptions.m_bModeline);
     return oOutcome;
 }
 } // namespace
@@ -105,7 +196,9 @@ void DeclareModesOptions(COptions& oCommand, STool& oTool)
         oCommand.Flag("--json", poOptions->m_bJson, "The image object of report --json, timings only");
     oCommand.Flag("--modeline", poOptions->m_bModeline, "Lines for xorg.conf and other tools").Excludes(oJson);
     oCommand.Footer(
-        "Standard error names blocks that are not read and counts the modes that are not listed.\n"
+        "Modes without a number, which the lists leave out, follow with '-' and their exact rate. Standard error "
+        "names\n"
+        "blocks that the library does not read.\n"
         "Each list counts from 0: established, standard and detailed timings. Established timings with the mark VESA\n"
         "are those that VESA's own tables define. Blocks count from 0, which is the base block.\n\n"
         "Example:\n"

@@ -448,6 +448,14 @@ CExactTimings FindTimingsOfDmt(unsigned int uiId)
     return { { oMode.m_eBlanking == SZorMode::eBlanking_Standard ? "dmt" : "dmt-rb", oMode } };
 }
 
+std::string GetExactText(const SZorMode& oMode)
+{
+    return FormatText("%4u x %4u%c @ %7.3f Hz %11s MHz",
+                      oMode.m_bTiming ? oMode.m_oHorizontal.m_uiActive : oMode.m_uiWidth, oMode.m_uiHeight,
+                      oMode.m_bInterlaced ? 'i' : 'p', GetHz(oMode.m_oRate),
+                      oMode.m_ullClock != 0 ? GetMegaHertz(oMode.m_ullClock, 3).c_str() : "-");
+}
+
 std::string GetExactLine(const SExactTiming& oTiming)
 {
     const SZorMode& oMode = oTiming.m_oMode;
@@ -465,9 +473,7 @@ std::string GetExactLine(const SExactTiming& oTiming)
     {
         sEnd += FormatText("  each pixel sent %u times", oMode.m_uiRepetition);
     }
-    return FormatText("%-7s %4u x %4u%c @ %7.3f Hz %11s MHz  horizontal %s  vertical %s%s%s\n", oTiming.m_pszType,
-                      oMode.m_oHorizontal.m_uiActive, oMode.m_uiHeight, oMode.m_bInterlaced ? 'i' : 'p',
-                      GetHz(oMode.m_oRate), GetMegaHertz(oMode.m_ullClock, 3).c_str(),
+    return FormatText("%-7s %s  horizontal %s  vertical %s%s%s\n", oTiming.m_pszType, GetExactText(oMode).c_str(),
                       fnAxis(oMode.m_oHorizontal, 1).c_str(), fnAxis(oMode.m_oVertical, uiFields).c_str(),
                       sEnd.empty() ? "" : "  ", sEnd.c_str());
 }

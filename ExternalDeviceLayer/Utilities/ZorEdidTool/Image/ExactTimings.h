@@ -32,6 +32,8 @@ CExactTimings FindTimingsOfVic(unsigned int uiCode);
 CExactTimings FindTimingsOfHdmiVic(unsigned int uiCode);
 CExactTimings FindTimingsOfDmt(unsigned int uiId);
 
+// "1920 x 1080p @  59.940 Hz     148.352 MHz"; the numbers are in columns. Of a mode without a timing the nominal rate.
+std::string GetExactText(const SZorMode& oMode);
 std::string GetExactLine(const SExactTiming& oTiming);
 // As GetModeline, a line each. The names differ: each has the rate, reduced blanking its version, and lines of one size
 // and rate have their types.

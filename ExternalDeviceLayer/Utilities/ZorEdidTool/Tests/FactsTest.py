@@ -297,7 +297,7 @@ class ModesTest(ToolTest):
 
     def test_modes_without_a_number(self):
         vic194 = ["7680 x 4320p @  24.000 Hz    1188.000 MHz  cea        VIC 194",
-                  "7680 x 4320p @  23.976 Hz    1186.813 MHz  cea        VIC 194"]
+                  "7680 x 4320p @  23.976 Hz 1186.813187 MHz  cea        VIC 194"]
         other = ["the library reads byte c2 as VIC 66; by CTA-861-H it is VIC 194"]
         for codes, told, lines in [("75", [], ["3840 x 2160p @ 100.000 Hz    1188.000 MHz  cea        VIC 117"]),
                                    ("c2", other, vic194), ("10", [], [])]:

@@ -92,7 +92,7 @@ TEST(Cea861Edit, LeavesTheBytesAndTheirLists)
         const bool bAll = oRow.GetText(1).find("RemoveStandard") == std::string::npos;
         const CLists aoLists = GetLists(*poBlock);
         const CLists aoExpected = GetLists(*LoadBlock(iResult != 0 ? aui8After : aui8Before));
-        EXPECT_EQ(aoExpected[eList_Table], aoLists[eList_Table]);
+        EXPECT_EQ(aoExpected[eBlockList_Table], aoLists[eBlockList_Table]);
         EXPECT_TRUE(!bAll || aoExpected == aoLists);
     }
 }

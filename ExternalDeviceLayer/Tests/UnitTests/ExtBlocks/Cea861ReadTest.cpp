@@ -243,8 +243,8 @@ TEST(Cea861Lists, HoldWhatTheDataBlocksSay)
         EXPECT_EQ(oRow.GetNumber(6), oOutput.TakeAssertionCount());
         EXPECT_EQ(oRow.GetText(3), sOrigins);
         EXPECT_EQ(oRow.GetText(2), GetStandardTexts(*poBlock));
-        EXPECT_EQ(oRow.GetText(4), GetHexTexts(GetLists(*poBlock)[eList_Audio], 4));
-        EXPECT_EQ(oRow.GetText(5), GetHexTexts(GetLists(*poBlock)[eList_Speaker], 1));
+        EXPECT_EQ(oRow.GetText(4), GetHexTexts(GetLists(*poBlock)[eBlockList_Audio], 4));
+        EXPECT_EQ(oRow.GetText(5), GetHexTexts(GetLists(*poBlock)[eBlockList_Speaker], 1));
     }
 }
 

@@ -14,15 +14,15 @@
 using CListEntry = std::array<unsigned int, 14>;
 using CList = std::vector<CListEntry>;
 
-enum EList : unsigned int
+enum EBlockList : unsigned int
 {
-    eList_Table,
-    eList_Detailed,
-    eList_Audio,
-    eList_Speaker,
-    eList_Count
+    eBlockList_Table,
+    eBlockList_Detailed,
+    eBlockList_Audio,
+    eBlockList_Speaker,
+    eBlockList_Count
 };
-using CLists = std::array<CList, eList_Count>;
+using CLists = std::array<CList, eBlockList_Count>;
 
 inline bool Is420(const CListEntry& auiTiming) { return (auiTiming[11] & 0x10) != 0; }
 
@@ -45,13 +45,13 @@ CLists GetTimingLists(const SOURCE& oSource)
         CVidParamTimingGeneric oTiming;
         int iNative = -1;
         const int iResult = oSource.GetStandard(i, &oTiming, &iNative);
-        aoLists[eList_Table].push_back(MakeEntry(oTiming, 2 * iResult + iNative));
+        aoLists[eBlockList_Table].push_back(MakeEntry(oTiming, 2 * iResult + iNative));
     }
     for (unsigned int i = 0; i < oSource.GetDetailedCount(); ++i)
     {
         CVidParamTimingGeneric oTiming;
         const int iResult = oSource.GetDetailed(i, &oTiming);
-        aoLists[eList_Detailed].push_back(MakeEntry(oTiming, iResult));
+        aoLists[eBlockList_Detailed].push_back(MakeEntry(oTiming, iResult));
     }
     return aoLists;
 }
@@ -64,14 +64,14 @@ inline CLists GetLists(const CEdidExtBlock& oBlock)
     {
         CEdidExtBlockCEA861::SAudioDescriptor oAudio = {};
         poCea->GetAudioDescriptor(i, &oAudio);
-        aoLists[eList_Audio].push_back(
+        aoLists[eBlockList_Audio].push_back(
             { oAudio.m_eFormat, oAudio.m_uiChannels, oAudio.m_eSamplingFreq, oAudio.m_uiExtra });
     }
     for (unsigned int i = 0; poCea != nullptr && i < poCea->GetSpeakerDescriptorCount(); ++i)
     {
         unsigned int uiMask = 0;
         poCea->GetSpeakerDescriptor(i, &uiMask);
-        aoLists[eList_Speaker].push_back({ uiMask });
+        aoLists[eBlockList_Speaker].push_back({ uiMask });
     }
     return aoLists;
 }

@@ -30,7 +30,7 @@ struct SEditedBytes
 struct SRow
 {
     EKind m_eKind;
-    EList m_eList;               // that it removes from, sets in, adds to
+    EBlockList m_eList;          // that it removes from, sets in, adds to
     SEditedBytes m_oNamed;       // of the base block
     bool m_bLooksFirst;          // leaves a wrong checksum when there is nothing to change
     unsigned int m_uiIndexCount; // how many are worth trying; 0 for the length of the list and two more
@@ -76,9 +76,9 @@ const CCea::SAudioDescriptor* GetAudio(const SEditStep& oStep)
 }
 
 // What the list holds for a stored value.
-CListEntry MakeStored(EList eList, const SEditStep& oStep)
+CListEntry MakeStored(EBlockList eList, const SEditStep& oStep)
 {
-    const CCea::SAudioDescriptor* poAudio = eList == eList_Audio ? GetAudio(oStep) : nullptr;
+    const CCea::SAudioDescriptor* poAudio = eList == eBlockList_Audio ? GetAudio(oStep) : nullptr;
     return poAudio == nullptr ? CListEntry{ oStep.m_uiValue & 0x7FF }
                               : CListEntry{ poAudio->m_eFormat & 0x0FU, ((poAudio->m_uiChannels - 1) & 7) + 1,
                                             poAudio->m_eSamplingFreq & 0x7FU, poAudio->m_uiExtra & 0xFF };
@@ -142,30 +142,30 @@ int Reload(CEdid& oEdid, const SEditStep& /*oStep*/)
 // clang-format off
 constexpr SRow gsc_aoRows[] = {
     // kind, list, named bytes of the base block, looks first, indexes, what runs it
-    { EKind::eRemove, eList_Table,    { 38, 16 }, false, 0,  Call<&CEdid::RemoveStandard, gsc_puiIndex> },
-    { EKind::eRemove, eList_Detailed, { 54, 72 }, false, 0,  Call<&CEdid::RemoveDetailed, gsc_puiIndex> },
-    { EKind::eRemoveCode, eList_Table, { 38, 16 }, false, 0, Call<&CEdid::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
-    { EKind::eOther,  eList_Count,    { 35, 3 },  false, 19, Call<&CEdid::SetEstablished, gsc_puiIndex, GetFlag, UpdatesChecksum> },
-    { EKind::eOther,  eList_Count,    { 35, 3 },  false, 26, Call<&CEdid::SetEstablishedFromId, GetId, GetFlag, UpdatesChecksum> },
-    { EKind::eOther,  eList_Count,    { 12, 4 },  true,  1,  [](CEdid& o, const SEditStep& oStep) { o.SetSerialNumber(oStep.m_uiValue); return 1; } },
-    { EKind::eOther,  eList_Count,    { 20, 1 },  true,  1,  Call<&CEdid::SetColorBitDepth, GetDepth> },
-    { EKind::eFree,   eList_Detailed, { 54, 72 }, false, 4,  SetPreferredMode },
-    { EKind::eOther,  eList_Table,    { 38, 16 }, true,  1,  RePackStandards },
-    { EKind::eOther,  eList_Count,    { 0, 0 },   false, 1,  [](CEdid& o, const SEditStep&) { o.UpdateChecksum(); return 1; } },
-    { EKind::eRemove, eList_Table,    {},         false, 0,  Call<&CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
-    { EKind::eRemove, eList_Detailed, {},         false, 0,  Call<&CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
-    { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
-    { EKind::eAdd,    eList_Audio,    {},         false, 1,  Call<&CCea::AddAudioDescriptor, GetAudio> },
-    { EKind::eSet,    eList_Audio,    {},         false, 0,  Call<&CCea::SetAudioDescriptor, gsc_puiIndex, GetAudio> },
-    { EKind::eRemove, eList_Audio,    {},         false, 0,  Call<&CCea::RemoveAudioDescriptor, gsc_puiIndex> },
-    { EKind::eAdd,    eList_Speaker,  {},         false, 1,  Call<&CCea::AddSpeakerDescriptor, gsc_puiValue> },
-    { EKind::eSet,    eList_Speaker,  {},         false, 0,  Call<&CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
-    { EKind::eRemove, eList_Speaker,  {},         false, 0,  Call<&CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
-    { EKind::eOther,  eList_Count,    {},         false, 1,  Call<&CCea::AddVendorSpecific> },
-    { EKind::eRemoveCode, eList_Table, {},        false, 0,  Call<&CEdidExtBlock::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
-    { EKind::eRaw,    eList_Count,    {},         false, 1,  CallRaw<&CCea::RemoveDataRange> },
-    { EKind::eRaw,    eList_Count,    {},         false, 1,  CallRaw<&CCea::PadDataRange> },
-    { EKind::eFree,   eList_Count,    { 0, 0 },   true,  1,  Reload },
+    { EKind::eRemove, eBlockList_Table,    { 38, 16 }, false, 0,  Call<&CEdid::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eBlockList_Detailed, { 54, 72 }, false, 0,  Call<&CEdid::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eRemoveCode, eBlockList_Table, { 38, 16 }, false, 0, Call<&CEdid::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
+    { EKind::eOther,  eBlockList_Count,    { 35, 3 },  false, 19, Call<&CEdid::SetEstablished, gsc_puiIndex, GetFlag, UpdatesChecksum> },
+    { EKind::eOther,  eBlockList_Count,    { 35, 3 },  false, 26, Call<&CEdid::SetEstablishedFromId, GetId, GetFlag, UpdatesChecksum> },
+    { EKind::eOther,  eBlockList_Count,    { 12, 4 },  true,  1,  [](CEdid& o, const SEditStep& oStep) { o.SetSerialNumber(oStep.m_uiValue); return 1; } },
+    { EKind::eOther,  eBlockList_Count,    { 20, 1 },  true,  1,  Call<&CEdid::SetColorBitDepth, GetDepth> },
+    { EKind::eFree,   eBlockList_Detailed, { 54, 72 }, false, 4,  SetPreferredMode },
+    { EKind::eOther,  eBlockList_Table,    { 38, 16 }, true,  1,  RePackStandards },
+    { EKind::eOther,  eBlockList_Count,    { 0, 0 },   false, 1,  [](CEdid& o, const SEditStep&) { o.UpdateChecksum(); return 1; } },
+    { EKind::eRemove, eBlockList_Table,    {},         false, 0,  Call<&CEdidExtBlock::RemoveStandard, gsc_puiIndex> },
+    { EKind::eRemove, eBlockList_Detailed, {},         false, 0,  Call<&CEdidExtBlock::RemoveDetailed, gsc_puiIndex> },
+    { EKind::eOther,  eBlockList_Count,    {},         false, 1,  Call<&CEdidExtBlock::SetColorBitDepthSupport, gsc_puiValue> },
+    { EKind::eAdd,    eBlockList_Audio,    {},         false, 1,  Call<&CCea::AddAudioDescriptor, GetAudio> },
+    { EKind::eSet,    eBlockList_Audio,    {},         false, 0,  Call<&CCea::SetAudioDescriptor, gsc_puiIndex, GetAudio> },
+    { EKind::eRemove, eBlockList_Audio,    {},         false, 0,  Call<&CCea::RemoveAudioDescriptor, gsc_puiIndex> },
+    { EKind::eAdd,    eBlockList_Speaker,  {},         false, 1,  Call<&CCea::AddSpeakerDescriptor, gsc_puiValue> },
+    { EKind::eSet,    eBlockList_Speaker,  {},         false, 0,  Call<&CCea::SetSpeakerDescriptor, gsc_puiIndex, gsc_puiValue> },
+    { EKind::eRemove, eBlockList_Speaker,  {},         false, 0,  Call<&CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
+    { EKind::eOther,  eBlockList_Count,    {},         false, 1,  Call<&CCea::AddVendorSpecific> },
+    { EKind::eRemoveCode, eBlockList_Table, {},        false, 0,  Call<&CEdidExtBlock::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
+    { EKind::eRaw,    eBlockList_Count,    {},         false, 1,  CallRaw<&CCea::RemoveDataRange> },
+    { EKind::eRaw,    eBlockList_Count,    {},         false, 1,  CallRaw<&CCea::PadDataRange> },
+    { EKind::eFree,   eBlockList_Count,    { 0, 0 },   true,  1,  Reload },
 };
 // clang-format on
 static_assert(std::size(gsc_aoRows) == CEditRunner::msc_uiOperationCount, "a row for each edit, in their order");
@@ -269,7 +269,7 @@ std::vector<SPlace> FindPlaces(const SEditStep& oStep, const std::vector<CLists>
 // The removal of a table timing moves what follows it, and derives the list of table timings alone.
 bool Moves(const SRow& oRow, const SPlace& oPlace)
 {
-    return oRow.m_eKind == EKind::eRemove && oRow.m_eList == eList_Table && oPlace.m_uiBlock != 0;
+    return oRow.m_eKind == EKind::eRemove && oRow.m_eList == eBlockList_Table && oPlace.m_uiBlock != 0;
 }
 
 std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoExpected, const CLists& aoNow,
@@ -277,8 +277,8 @@ std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoEx
 {
     const SRow& oRow = GetRow(oStep.m_uiOperation);
     const size_t uiStart = gsc_uiBlockSize * oPlace.m_uiBlock;
-    CList& aoList = aoExpected[oRow.m_eList % eList_Count];
-    const CList& aoNowList = aoNow[oRow.m_eList % eList_Count];
+    CList& aoList = aoExpected[oRow.m_eList % eBlockList_Count];
+    const CList& aoNowList = aoNow[oRow.m_eList % eBlockList_Count];
     const auto itEntry = aoList.begin() + static_cast<ptrdiff_t>(std::min(oPlace.m_uiIndex, aoList.size()));
     if ((IsRemoval(oRow) || oRow.m_eKind == EKind::eSet) && itEntry == aoList.end())
     {
@@ -288,7 +288,7 @@ std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoEx
     if (Moves(oRow, oPlace))
     {
         return (!IsTidy(&aui8Before[uiStart], true) || IsWithoutCode(aoList, aoNowList, *itEntry)) &&
-                       std::equal(aoNow.begin() + eList_Audio, aoNow.end(), aoExpected.begin() + eList_Audio)
+                       std::equal(aoNow.begin() + eBlockList_Audio, aoNow.end(), aoExpected.begin() + eBlockList_Audio)
                    ? ""
                    : "a table timing was not removed, or another one was, or another list changed; ";
     }
@@ -351,12 +351,12 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
     {
         // What a list holds can be removed, except for a timing that has no code of its own and a preferred one.
         const bool bRefuses = std::all_of(aoPlaces.begin(), aoPlaces.end(), [&](const SPlace& oPlace) {
-            const CList& aoList = aoBefore[oPlace.m_uiBlock][oRow.m_eList % eList_Count];
+            const CList& aoList = aoBefore[oPlace.m_uiBlock][oRow.m_eList % eBlockList_Count];
             return !IsRemoval(oRow) || oPlace.m_uiIndex >= aoList.size() ||
                    (oRow.m_eKind == EKind::eRemoveCode &&
                     (!oPlace.m_bIsSure || HoldsHdmi(&aui8Before[gsc_uiBlockSize * oPlace.m_uiBlock]))) ||
-                   (oRow.m_eList == eList_Table ? Is420(aoList[oPlace.m_uiIndex])
-                                                : !oPlace.m_bIsSure || oPlace.m_uiBlock + oPlace.m_uiIndex == 0);
+                   (oRow.m_eList == eBlockList_Table ? Is420(aoList[oPlace.m_uiIndex])
+                                                     : !oPlace.m_bIsSure || oPlace.m_uiBlock + oPlace.m_uiIndex == 0);
         });
         return !bRefuses                                                  ? "what stands in a list was not removed"
                : aui8After == aui8Before && GetLists(m_oEdid) == aoBefore ? ""
@@ -390,7 +390,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
     for (size_t i = 0; bSame && i < aoHeld.size(); ++i)
     {
         // Up to the detailed timings where the others are out of date.
-        const auto itEnd = aoHeld[i].begin() + (m_oBehind[i] ? eList_Detailed : eList_Count);
+        const auto itEnd = aoHeld[i].begin() + (m_oBehind[i] ? eBlockList_Detailed : eBlockList_Count);
         bSame = std::equal(aoHeld[i].begin(), itEnd, aoOfBytes[i].begin());
     }
     return sBroken + (bSame ? "" : "the bytes do not load again, or the lists are not theirs");
@@ -401,8 +401,8 @@ bool CEditRunner::UsesValue(unsigned int uiOperation) { return !IsRemoval(GetRow
 unsigned int CEditRunner::GetIndexCount(unsigned int uiOperation) const
 {
     const SRow& oRow = GetRow(uiOperation);
-    return oRow.m_uiIndexCount != 0         ? oRow.m_uiIndexCount
-           : oRow.m_eList == eList_Table    ? m_oEdid.GetStandardCount() + 2
-           : oRow.m_eList == eList_Detailed ? m_oEdid.GetDetailedCount() + 2
-                                            : 12;
+    return oRow.m_uiIndexCount != 0              ? oRow.m_uiIndexCount
+           : oRow.m_eList == eBlockList_Table    ? m_oEdid.GetStandardCount() + 2
+           : oRow.m_eList == eBlockList_Detailed ? m_oEdid.GetDetailedCount() + 2
+                                                 : 12;
 }

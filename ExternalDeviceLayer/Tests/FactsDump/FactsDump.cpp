@@ -35,7 +35,7 @@ void PrintText(const char* pszName, const char* pszText)
 void PrintNames(const CFacts::SIdentity& oIdentity)
 {
     CMString sMaker;
-    if (CFacts::FindMakerName(oIdentity.m_oMaker.m_oValue.m_szLetters, sMaker) != 0)
+    if (CFacts::FindMakerName(oIdentity.m_oMaker.m_oValue.m_szLetters, sMaker) == 0)
     {
         sMaker.Format("PNP(%s)", oIdentity.m_oMaker.m_oValue.m_szLetters);
     }
@@ -220,7 +220,7 @@ int main(int iArguments, char** ppszArguments)
             continue;
         }
         CFacts oFacts;
-        const bool bRefused = oFacts.Read(static_cast<unsigned int>(uiSize), s_aui8Bytes) != 0;
+        const bool bRefused = oFacts.Read(static_cast<unsigned int>(uiSize), s_aui8Bytes) == 0;
         printf(bInfo ? "{\"file\":\"%s\"" : "%s", ppszArguments[i]);
         if (bRefused)
         {

@@ -34,7 +34,7 @@ int CZorEdidFacts::FindMakerName(const char* pszLetters, CMString& sName, const 
 {
     if (pszLetters == nullptr || strlen(pszLetters) != ZorStandards::gsc_uiMakerLetters)
     {
-        return -1;
+        return 0;
     }
     FILE* poFile = fopen(pszFile != nullptr ? pszFile : gsc_szSystemList, "re");
     const bool bFound = poFile != nullptr && FindInFile(poFile, pszLetters, sName);
@@ -47,5 +47,5 @@ int CZorEdidFacts::FindMakerName(const char* pszLetters, CMString& sName, const 
     {
         sName = pszOwn;
     }
-    return bFound || pszOwn != nullptr ? 0 : -1;
+    return bFound || pszOwn != nullptr ? 1 : 0;
 }

@@ -8,34 +8,18 @@
 
 #include "FactsReader.h"
 
-namespace
-{
-constexpr unsigned char gsc_aui8Header[] = { 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00 };
-constexpr unsigned int gsc_uiLeastRight = 6; // bytes of a header, as drivers have it
-
-bool HasHeader(const unsigned char* pui8Data)
-{
-    unsigned int uiRight = 0;
-    for (unsigned int i = 0; i < std::size(gsc_aui8Header); ++i)
-    {
-        uiRight += pui8Data[i] == gsc_aui8Header[i] ? 1 : 0;
-    }
-    return uiRight >= gsc_uiLeastRight;
-}
-} // namespace
-
 bool CZorEdidFacts::SText::operator==(const SText& oOther) const { return strcmp(m_szText, oOther.m_szText) == 0; }
 
 int CZorEdidFacts::Read(unsigned int uiSize, const unsigned char* pui8Data)
 {
     constexpr unsigned int uiMost = 256 * ZorStandards::gsc_uiBlockSize; // that an EDID can have
     Clear();
-    if (pui8Data == nullptr || uiSize < ZorStandards::gsc_uiBlockSize || !HasHeader(pui8Data))
+    if (pui8Data == nullptr || uiSize < ZorStandards::gsc_uiBlockSize)
     {
-        return -1;
+        return 0;
     }
     ZorFacts::CReader(*this, pui8Data, std::min(uiSize, uiMost)).Read();
-    return 0;
+    return 1;
 }
 
 void CZorEdidFacts::Clear()

@@ -626,8 +626,8 @@ public:
     CZorEdidFacts() { Clear(); }
 
     /// Reads the facts of pui8Data, uiSize bytes in any state; null counts as none. Blocks are those that the image
-    /// announces and has. Sums and lengths that are wrong are no reason to leave a block out. Returns 0; or -1 with an
-    /// empty record for bytes that hold no base block: fewer than 128, or three or more wrong ones in its header.
+    /// announces and has. Checksums, lengths and headers that are wrong are no reason to leave a block out. Returns 1; 0
+    /// with an empty record for fewer than 128 bytes.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
     /// Leaves nothing said.
     void Clear();
@@ -645,7 +645,7 @@ public:
 
     /// The maker's name for three letters: of the list pszFile, rows of letters, a tab and a name, or, where it is
     /// null, of the system's (hwdata's pnp.ids); of the library's own list where there is no such file or row. Reads
-    /// the file at each call: a caller with many images keeps the names. Returns 0, or -1 with sName unchanged for
+    /// the file at each call: a caller with many images keeps the names. Returns 1; 0 with sName unchanged for
     /// letters that no list has.
     static int FindMakerName(const char* pszLetters, CMString& sName, const char* pszFile = nullptr);
 

@@ -626,8 +626,8 @@ public:
     CZorEdidFacts() { Clear(); }
 
     /// Reads the facts of pui8Data, uiSize bytes in any state; null counts as none. Blocks are those that the image
-    /// announces and has. Checksums, lengths and headers that are wrong are no reason to leave a block out. Returns 1; 0
-    /// with an empty record for fewer than 128 bytes.
+    /// announces and has. Checksums, lengths and headers that are wrong are no reason to leave a block out. Returns 1;
+    /// 0 with an empty record for fewer than 128 bytes.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
     /// Leaves nothing said.
     void Clear();

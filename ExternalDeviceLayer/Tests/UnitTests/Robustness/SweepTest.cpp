@@ -224,7 +224,8 @@ void RunStrips(const CBytes& aui8Image)
         for (unsigned int i = 1; i < aoExpected.size(); ++i)
         {
             aoExpected[i][eBlockList_Audio].resize((uiFlags & 0x01) != 0 ? 0 : aoExpected[i][eBlockList_Audio].size());
-            aoExpected[i][eBlockList_Speaker].resize((uiFlags & 0x10) != 0 ? 0 : aoExpected[i][eBlockList_Speaker].size());
+            aoExpected[i][eBlockList_Speaker].resize((uiFlags & 0x10) != 0 ? 0
+                                                                           : aoExpected[i][eBlockList_Speaker].size());
             ASSERT_TRUE(!IsTidy(oWhole.GetExtension(i - 1)->GetData()) ||
                         (aoExpected[i] == aoStripped[i] && IsTidy(oStripped.GetExtension(i - 1)->GetData())));
         }

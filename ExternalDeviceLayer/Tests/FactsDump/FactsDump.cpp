@@ -178,7 +178,7 @@ void PrintDisplay(const CFacts& oFacts)
     const CFacts::SColour& oColour = oFacts.GetColour();
     const CFacts::SMillimetres& oBase = oFacts.GetSize().m_oCentimetres.m_oValue;
     printf("\tname=%s\twidth_mm=%u\theight_mm=%u\tbpc=%u\tcolor_formats=0x%x",
-           oFacts.GetIdentity().m_oName.m_oValue.m_szText, oBase.m_ui16Width / 10, oBase.m_ui16Height / 10,
+           oFacts.GetIdentity().m_oName.m_oValue.m_szText, oBase.m_uiWidth / 10, oBase.m_uiHeight / 10,
            GetDepth(oFacts), oColour.m_oFormats.m_oValue);
     PrintLink(oFacts);
     unsigned int uiLeast = 0;

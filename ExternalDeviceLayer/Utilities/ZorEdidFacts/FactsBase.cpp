@@ -12,7 +12,6 @@ using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr unsigned int gsc_uiTenthsPerCentimetre = 100;
 constexpr unsigned int gsc_uiTenthsPerMillimetre = 10;
 constexpr unsigned int gsc_uiRevision4 = 4;
 constexpr float gsc_fHundred = 100.0F;
@@ -26,15 +25,6 @@ constexpr unsigned char gsc_aui8Depths[] = { 0, 6, 8, 10, 12, 14, 16, 0 };
 bool HasRevision(const unsigned char* pui8Base, unsigned int uiRevision)
 {
     return pui8Base[gsc_uiRevisionOffset] >= uiRevision;
-}
-
-// Televisions have an aspect ratio in place of a size: 16 by 9 and 4 by 3 mm, or in centimetres.
-bool IsRatio(unsigned int uiWidth, unsigned int uiHeight)
-{
-    constexpr unsigned int uiPer100 = 100;
-    return (uiWidth == 16 && uiHeight == 9) || (uiWidth == 4 && uiHeight == 3) ||
-           (uiWidth == 16 * uiPer100 && uiHeight == 9 * uiPer100) ||
-           (uiWidth == 16 * gsc_uiTenthsPerMillimetre && uiHeight == 9 * gsc_uiTenthsPerMillimetre);
 }
 
 CFacts::SPoint PointIn1024(unsigned int uiX, unsigned int uiY)
@@ -137,6 +127,8 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
     {
         Offer(CFacts::eQuestion_Depth, eSource_Base, oColour.m_oDepth, uiDfpDepth,
               eZorEdidField_BaseDisplayDfp1Compatible, gsc_uiVideoInputOffset);
+        Offer(CFacts::eQuestion_Link, eSource_Base, m_oFacts.m_oLink.m_oKind, CFacts::eLink_Dvi,
+              eZorEdidField_BaseDisplayDfp1Compatible, gsc_uiVideoInputOffset);
     }
 
     const unsigned int uiEncodings = gsc_oColorEncodings.Read(pui8Base);
@@ -176,8 +168,8 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
     const unsigned int uiHeight = pui8Base[gsc_uiImageHeightOffset];
     if (uiWidth != 0 && uiHeight != 0)
     {
-        const CFacts::SMillimetres oTenths = { static_cast<unsigned short>(uiWidth * gsc_uiTenthsPerCentimetre),
-                                               static_cast<unsigned short>(uiHeight * gsc_uiTenthsPerCentimetre) };
+        const CFacts::SMillimetres oTenths = { uiWidth * gsc_uiTenthsPerCentimetre,
+                                               uiHeight * gsc_uiTenthsPerCentimetre };
         Set(oSize.m_oCentimetres, oTenths, eZorEdidField_BaseDisplayScreenWidth, gsc_uiImageWidthOffset);
     }
     else if (b4 && uiWidth != 0)
@@ -283,10 +275,10 @@ void CReader::ReadTiming(const SBytes& oTiming)
     }
     const unsigned int uiImageWidth = gsc_oImageWidth.Read(pui8Bytes);
     const unsigned int uiImageHeight = gsc_oImageHeight.Read(pui8Bytes);
-    if (uiImageWidth != 0 && uiImageHeight != 0 && !IsRatio(uiImageWidth, uiImageHeight))
+    if (uiImageWidth != 0 && uiImageHeight != 0 && !IsRatio({ uiImageWidth, uiImageHeight }))
     {
-        const CFacts::SMillimetres oTenths = { static_cast<unsigned short>(uiImageWidth * gsc_uiTenthsPerMillimetre),
-                                               static_cast<unsigned short>(uiImageHeight * gsc_uiTenthsPerMillimetre) };
+        const CFacts::SMillimetres oTenths = { uiImageWidth * gsc_uiTenthsPerMillimetre,
+                                               uiImageHeight * gsc_uiTenthsPerMillimetre };
         Set(oSize.m_oTimingSize, oTenths, eZorEdidField_BaseDetailedImageWidth, oTiming.OffsetOf<gsc_oImageWidth>());
     }
 }

@@ -695,8 +695,8 @@ void CReader::ReadNativeResolution(const SBytes& oNative)
     }
     constexpr unsigned int uiTenths = 10;
     const unsigned int uiTimes = oNative.Get<gsc_oNativeSizeInMillimetres>() != 0 ? uiTenths : 1;
-    const CFacts::SMillimetres oSize = { static_cast<unsigned short>(oNative.Get<gsc_oNativeImageWidth>() * uiTimes),
-                                         static_cast<unsigned short>(oNative.Get<gsc_oNativeImageHeight>() * uiTimes) };
+    const CFacts::SMillimetres oSize = { oNative.Get<gsc_oNativeImageWidth>() * uiTimes,
+                                         oNative.Get<gsc_oNativeImageHeight>() * uiTimes };
     Offer(CFacts::eQuestion_Size, eSource_Cta, m_oFacts.m_oSize.m_oSize, oSize,
           eZorEdidField_CtaNativeResolutionImageWidth, oNative.OffsetOf<gsc_oNativeImageWidth>());
 }

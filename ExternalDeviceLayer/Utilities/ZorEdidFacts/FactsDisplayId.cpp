@@ -229,13 +229,11 @@ void CReader::ReadContainerId(const SBytes& oPayload)
 void CReader::ReadParameters(const SBytes& oBlock, ESource eSource, unsigned int uiTimes)
 {
     CFacts::SSize& oSize = m_oFacts.m_oSize;
-    constexpr unsigned int uiMost = 0xFFFF;
-    const unsigned int uiWidth = std::min(oBlock.Get<gsc_oImageWidth>() * uiTimes, uiMost);
-    const unsigned int uiHeight = std::min(oBlock.Get<gsc_oImageHeight>() * uiTimes, uiMost);
+    const unsigned int uiWidth = oBlock.Get<gsc_oImageWidth>() * uiTimes;
+    const unsigned int uiHeight = oBlock.Get<gsc_oImageHeight>() * uiTimes;
     if (uiWidth != 0 && uiHeight != 0)
     {
-        Offer(CFacts::eQuestion_Size, eSource, oSize.m_oSize,
-              CFacts::SMillimetres{ static_cast<unsigned short>(uiWidth), static_cast<unsigned short>(uiHeight) },
+        Offer(CFacts::eQuestion_Size, eSource, oSize.m_oSize, CFacts::SMillimetres{ uiWidth, uiHeight },
               eZorEdidField_DisplayidParametersImageWidth, oBlock.OffsetOf<gsc_oImageWidth>());
     }
     const CFacts::SPixels oPixels = { oBlock.Get<gsc_oHorizontalPixels>(), oBlock.Get<gsc_oVerticalPixels>() };
@@ -427,6 +425,14 @@ void CReader::ReadRange1(const SBytes& oBlock)
           oBlock.OffsetOf<gsc_oRangeMaxPixelClock>());
     Offer(CFacts::eQuestion_Continuous, eSource_DisplayId1, oLink.m_oContinuous, oBlock.Get<gsc_oRangeDiscrete>() == 0,
           eZorEdidField_DisplayidRangeDiscrete, oBlock.OffsetOf<gsc_oRangeDiscrete>());
+    const unsigned int uiLeast = oBlock.Get<gsc_oRangeMinVerticalRate>();
+    const unsigned int uiMost = oBlock.Get<gsc_oRangeMaxVerticalRate>();
+    if (oBlock.Get<gsc_oRangeDiscrete>() == 0 && uiLeast != 0 && uiLeast < uiMost)
+    {
+        AddRange({ uiLeast, uiMost, CFacts::eRefreshSource_RangeLimits, false, false, false, 0, 0,
+                   eZorEdidField_DisplayidRangeMinVerticalRefreshRate,
+                   static_cast<unsigned short>(oBlock.OffsetOf<gsc_oRangeMinVerticalRate>()) });
+    }
 }
 
 void CReader::ReadDynamicRange(const SBytes& oBlock)

@@ -169,6 +169,7 @@ private:
     CModes& m_aoModes;
     bool m_bSquare = false;
     bool m_bFirstPreferred = false;
+    bool m_bFirstNative = false;
     SFormula m_oFormula;
     unsigned int m_uiNativeDetailed = 0;
     unsigned int m_uiPreferred = 0;
@@ -248,9 +249,12 @@ void CModeVisitor::VisitBase(const SPart& oBase)
 {
     using namespace BaseBlock;
     constexpr unsigned int uiFirstWithout1To1 = 3; // revision
+    constexpr unsigned int uiFirstWithNative = 4;
     constexpr unsigned int uiStandards = 8;
     m_bSquare = oBase.GetByte(gsc_uiRevisionOffset) < uiFirstWithout1To1;
     m_bFirstPreferred = IsPreferredTimingDeclared(oBase.m_oBytes.GetData());
+    m_bFirstNative =
+        oBase.GetByte(gsc_uiRevisionOffset) >= uiFirstWithNative && oBase.m_oBytes.IsSet(gsc_oPreferredIsNative);
     m_oFormula = FindFormula(oBase.m_oBytes);
     AddBits(eZorEdidField_BaseEstablishedMode, oBase.From(gsc_uiEstablishedOffset), 0, gsc_uiEstablishedModes,
             eOrder_HighFirst, MakeEstablishedMode);
@@ -265,9 +269,10 @@ void CModeVisitor::AddDetailed(const SPart& oDescriptor)
     const unsigned int uiMode = AddRead(eZorEdidField_BaseDetailed, oDescriptor, ReadDetailedMode);
     const bool bFirst = oDescriptor.m_uiOffset == BaseBlock::gsc_uiDescriptorsOffset;
     m_oDetailed.Add(uiMode);
-    if (uiMode != gsc_uiNone && bFirst && m_bFirstPreferred)
+    if (uiMode != gsc_uiNone && bFirst)
     {
-        m_aoModes[uiMode].m_eReason = EReason::eReason_FirstDetailed;
+        m_aoModes[uiMode].m_eReason = m_bFirstPreferred ? EReason::eReason_FirstDetailed : EReason::eReason_None;
+        m_aoModes[uiMode].m_oMode.m_bNative = m_bFirstNative;
     }
 }
 
@@ -690,15 +695,15 @@ void CModeVisitor::MarkStereo()
                                    { 19, uiPackingAndTop },
                                    { 5, uiSideBySide },
                                    { 20, uiSideBySide } };
-    constexpr unsigned int uiPlaces = 16;
-    for (unsigned int i = 0; i < m_oVideo.GetCount() && i < uiPlaces; ++i)
+    constexpr unsigned int uiPlaces = 16; // of the mask
+    for (unsigned int i = 0; i < m_oVideo.GetCount(); ++i)
     {
         SZorImageMode* poMode = Find(m_oVideo.Get(i));
         if (poMode == nullptr)
         {
             continue;
         }
-        poMode->m_uiStereo |= ((m_uiStereoMask >> i) & 1U) != 0 ? m_uiStereoAll : 0;
+        poMode->m_uiStereo |= i < uiPlaces && ((m_uiStereoMask >> i) & 1U) != 0 ? m_uiStereoAll : 0;
         const SDuty* poDuty = std::ranges::find(aoDuties, poMode->m_oMode.m_uiCode, &SDuty::m_uiCode);
         poMode->m_uiStereo |= m_bStereo && poDuty != std::end(aoDuties) ? poDuty->m_uiStructures : 0;
     }

@@ -95,7 +95,6 @@ bool IsNear(unsigned int uiOne, unsigned int uiOther, unsigned int uiMost)
     return uiOne < uiOther ? uiOther - uiOne <= uiMost : uiOne - uiOther <= uiMost;
 }
 
-constexpr unsigned int gsc_uiTenthsPerCentimetre = 100;
 constexpr float gsc_fColourRounding = 0.001F; // the base block has steps of 1/1024
 constexpr float gsc_fGammaRounding = 0.005F;
 } // namespace
@@ -105,10 +104,19 @@ unsigned char CReader::RankOf(CFacts::EQuestion eQuestion, ESource eSource)
     return gsc_oRanks.m_aui8Ranks[eQuestion][eSource];
 }
 
-bool CReader::IsSame(const CFacts::SMillimetres& oOne, const CFacts::SMillimetres& oOther)
+bool CReader::IsSame(const CFacts::SMillimetres& oOne, const CFacts::SMillimetres& oOther, unsigned int uiUnit)
 {
-    return IsNear(oOne.m_ui16Width, oOther.m_ui16Width, gsc_uiTenthsPerCentimetre) &&
-           IsNear(oOne.m_ui16Height, oOther.m_ui16Height, gsc_uiTenthsPerCentimetre);
+    return IsNear(oOne.m_uiWidth, oOther.m_uiWidth, uiUnit) && IsNear(oOne.m_uiHeight, oOther.m_uiHeight, uiUnit);
+}
+
+// Televisions have an aspect ratio in place of a size.
+bool CReader::IsRatio(const CFacts::SMillimetres& oSize)
+{
+    constexpr unsigned int auiUnits[] = { 1, 10, 100, 1000 };
+    return std::ranges::any_of(auiUnits, [&](unsigned int uiUnit) {
+        return (oSize.m_uiWidth == 16 * uiUnit && oSize.m_uiHeight == 9 * uiUnit) ||
+               (oSize.m_uiWidth == 4 * uiUnit && oSize.m_uiHeight == 3 * uiUnit);
+    });
 }
 
 bool CReader::IsSame(const CFacts::SPoint& oOne, const CFacts::SPoint& oOther)
@@ -222,20 +230,30 @@ void CReader::Finish()
     }
 }
 
-// The base block's centimetres and the first timing's millimetres, as an HDMI block lets them count.
+// The base block's centimetres and the first timing's millimetres, as an HDMI block lets them count. Centimetres that
+// are a ratio are a size only where the timing says the same.
 void CReader::FinishSize()
 {
+    constexpr unsigned int uiFive = 5;
+    constexpr unsigned int uiHundred = 100;
     CFacts::SSize& oSize = m_oFacts.m_oSize;
-    if (!oSize.m_oCentimetres.IsSaid() || oSize.m_oImageSize.m_oValue == CFacts::eImageSize_AspectOnly)
+    if (!oSize.m_oCentimetres.IsSaid())
     {
         return;
     }
-    constexpr unsigned int uiFive = 5;
     const unsigned int uiTimes = oSize.m_oImageSize.m_oValue == CFacts::eImageSize_FiveCentimetres ? uiFive : 1;
-    const auto fnTimes = [&](unsigned int uiTenths) { return static_cast<unsigned short>(uiTenths * uiTimes); };
     const CFacts::SMillimetres& oBase = oSize.m_oCentimetres.m_oValue;
-    const CFacts::SMillimetres oScreen = { fnTimes(oBase.m_ui16Width), fnTimes(oBase.m_ui16Height) };
-    if (oSize.m_oTimingSize.IsSaid() && IsSame(oSize.m_oTimingSize.m_oValue, oScreen))
+    const CFacts::SMillimetres oScreen = { oBase.m_uiWidth * uiTimes, oBase.m_uiHeight * uiTimes };
+    const bool bSame = oSize.m_oTimingSize.IsSaid() &&
+                       IsSame(oSize.m_oTimingSize.m_oValue, oScreen, uiTimes * gsc_uiTenthsPerCentimetre);
+    if (oSize.m_oImageSize.m_oValue == CFacts::eImageSize_AspectOnly || (IsRatio(oBase) && !bSame))
+    {
+        Offer(CFacts::eQuestion_Aspect, eSource_Base, oSize.m_oAspect,
+              (uiHundred * oBase.m_uiWidth + oBase.m_uiHeight / 2) / oBase.m_uiHeight, oSize.m_oCentimetres.m_eId,
+              oSize.m_oCentimetres.m_ui16Offset);
+        return;
+    }
+    if (bSame)
     {
         Offer(CFacts::eQuestion_Size, eSource_Timing, oSize.m_oSize, oSize.m_oTimingSize.m_oValue,
               oSize.m_oTimingSize.m_eId, oSize.m_oTimingSize.m_ui16Offset);
@@ -275,16 +293,24 @@ void CReader::FinishColour()
         Set(oColour.m_aoDepths[CFacts::eFormat_YCbCr420], CFacts::eDepth_8 | oColour.m_oHdmiDeep420.m_oValue, m_e420,
             m_ui420Offset);
     }
+    const SZorFact<bool>& oHdmi = m_oFacts.m_oLink.m_oHdmi;
+    if (!oHdmi.IsSaid())
+    {
+        return;
+    }
     const CFacts::SByte& oDeep = oColour.m_oHdmiDeep;
-    if (oDeep.IsSaid())
-    {
-        Set(oColour.m_aoDepths[CFacts::eFormat_Rgb], CFacts::eDepth_8 | oDeep.m_oValue, oDeep.m_eId,
-            oDeep.m_ui16Offset);
-    }
-    if (oDeep.IsSaid() && (oColour.m_oFormats.m_oValue & (1U << CFacts::eFormat_YCbCr444)) != 0)
-    {
-        Set(oColour.m_aoDepths[CFacts::eFormat_YCbCr444],
-            CFacts::eDepth_8 | (oColour.m_oHdmiDeep444.m_oValue ? oDeep.m_oValue : 0), oDeep.m_eId, oDeep.m_ui16Offset);
-    }
+    const EZorEdidField eId = oDeep.IsSaid() ? oDeep.m_eId : oHdmi.m_eId;
+    const unsigned int uiOffset = oDeep.IsSaid() ? oDeep.m_ui16Offset : oHdmi.m_ui16Offset;
+    const unsigned int uiDeep444 = oColour.m_oHdmiDeep444.m_oValue ? oDeep.m_oValue : 0U;
+    const auto fnSet = [&](CFacts::EFormat eFormat, unsigned int uiDepths) {
+        if ((oColour.m_oFormats.m_oValue & (1U << eFormat)) != 0)
+        {
+            Set(oColour.m_aoDepths[eFormat], uiDepths, eId, uiOffset);
+        }
+    };
+    Set(oColour.m_aoDepths[CFacts::eFormat_Rgb], CFacts::eDepth_8 | oDeep.m_oValue, eId, uiOffset);
+    fnSet(CFacts::eFormat_YCbCr444, CFacts::eDepth_8 | uiDeep444);
+    // HDMI sends 4:2:2 in as many bits as any 8-bit format.
+    fnSet(CFacts::eFormat_YCbCr422, CFacts::eDepth_8 | CFacts::eDepth_10 | CFacts::eDepth_12);
 }
 } // namespace ZorFacts

@@ -12,6 +12,8 @@ namespace ZorFacts
 using namespace ZorStandards;
 using CFacts = CZorEdidFacts;
 
+inline constexpr unsigned int gsc_uiTenthsPerCentimetre = 100; // of millimetres
+
 // Who answers a question.
 enum ESource : unsigned char
 {
@@ -187,7 +189,11 @@ private:
     {
         return oOne == oOther;
     }
-    static bool IsSame(const CFacts::SMillimetres& oOne, const CFacts::SMillimetres& oOther);
+    // The second one is in whole uiUnit tenths of a millimetre.
+    static bool IsSame(const CFacts::SMillimetres& oOne, const CFacts::SMillimetres& oOther,
+                       unsigned int uiUnit = gsc_uiTenthsPerCentimetre);
+    // 16 by 9 or 4 by 3, in whatever unit.
+    static bool IsRatio(const CFacts::SMillimetres& oSize);
     static bool IsSame(const CFacts::SPoint& oOne, const CFacts::SPoint& oOther);
     static bool IsSame(const CFacts::SPrimaries& oOne, const CFacts::SPrimaries& oOther);
     static bool IsSame(float fOne, float fOther);

@@ -42,7 +42,7 @@ double CZorEdidFacts::SSize::GetDiagonal() const
 {
     constexpr double dTenthsPerInch = 254;
     const SMillimetres& oSize = m_oSize.m_oValue;
-    return hypot(oSize.m_ui16Width, oSize.m_ui16Height) / dTenthsPerInch;
+    return hypot(oSize.m_uiWidth, oSize.m_uiHeight) / dTenthsPerInch;
 }
 
 bool CZorEdidFacts::SLink::HasScrambling() const

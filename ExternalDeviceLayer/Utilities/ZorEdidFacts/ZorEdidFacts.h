@@ -62,8 +62,8 @@ public:
     };
     struct SMillimetres
     {
-        unsigned short m_ui16Width; ///< tenths of a millimetre
-        unsigned short m_ui16Height;
+        unsigned int m_uiWidth; ///< tenths of a millimetre
+        unsigned int m_uiHeight;
         bool operator==(const SMillimetres&) const = default;
     };
     struct SPixels
@@ -251,7 +251,7 @@ public:
         eRefreshSource_Amd,
         eRefreshSource_AdaptiveSync, ///< a descriptor of DisplayID 2.1
         eRefreshSource_DynamicRange, ///< DisplayID 2.0, seamless
-        eRefreshSource_RangeLimits   ///< of a continuous frequency display, of EDID 1.4
+        eRefreshSource_RangeLimits   ///< of a continuous frequency display, of EDID 1.4 or DisplayID 1
     };
     /// A range of refresh rates within which a source may vary the rate.
     struct SVariableRefresh

@@ -92,7 +92,7 @@ struct SZorMode
     bool m_bFractionToo;          ///< m_oRate * 1000/1001 is announced as well
     unsigned int m_uiAspectWidth; ///< of the picture; 0 where it is not given
     unsigned int m_uiAspectHeight;
-    unsigned int m_uiRepetition; ///< how often each pixel is sent: 1, 2, or the most of what is allowed
+    unsigned int m_uiRepetition; ///< how often each pixel is sent: 1, also where several are allowed, or 2
     EBlanking m_eBlanking;
     EY420 m_eY420;
     EStereo m_eStereo;

@@ -97,6 +97,15 @@ TEST(Facts, ImageSizeOfHdmi)
     EXPECT_EQ((CFacts::SMillimetres{ 30000, 17000 }), fnSize(3).m_oValue);
 }
 
+// 16 by 9 in bytes 15h and 16h is a ratio of a television.
+TEST(Facts, RatioInPlaceOfASize)
+{
+    const CBytes aui8Image = WithChange(WithChange(MakeImage({}), 21, 160), 22, 90);
+    const CFacts::SSize oRatio = ReadFacts(FixChecksums(aui8Image)).GetSize();
+    EXPECT_FALSE(oRatio.m_oSize.IsSaid());
+    EXPECT_EQ(178U, oRatio.m_oAspect.m_oValue);
+}
+
 TEST(Facts, HdmiBlocks)
 {
     const CFacts oFacts = ReadBlocks("6C 03 0C 00 20 00 F8 44 C0 02 FF 03 00"

@@ -36,7 +36,7 @@ std::string GetMarks(const SImageMode& oListed)
     return sMarks;
 }
 
-std::string GetLine(const SImageMode& oListed)
+std::string GetLine(const SImageMode& oListed, const std::string& sLastMark)
 {
     const char* pszType = GetTypeName(oListed.m_oTiming.GetVideoFamilyType());
     const std::string sPlace = oListed.m_uiBlock == 0 ? std::string(oListed.m_pszKind)
@@ -44,7 +44,7 @@ std::string GetLine(const SImageMode& oListed)
     std::string sLine =
         FormatText("%-11s %3u  %-17s %s  %-8s", GetListName(oListed.m_eList), oListed.m_uiIndex, sPlace.c_str(),
                    GetTimingText(oListed.m_oTiming).c_str(), pszType != nullptr ? pszType : "") +
-        GetMarks(oListed);
+        GetMarks(oListed) + sLastMark;
     sLine.erase(sLine.find_last_not_of(' ') + 1);
     return sLine + "\n";
 }
@@ -75,27 +75,35 @@ const char* GetTypeName(const SZorImageMode& oListed)
     }
 }
 
-// The modes of today's standards that the lists leave out, with those at 1000/1001.
-CExactTimings FindRest(const CZorEdidModes& oModes, std::vector<const SZorImageMode*>& apoListed)
+// Modes as timings, with those at 1000/1001, and which entry each is of.
+struct SRest
 {
-    CExactTimings aoTimings;
+    CExactTimings m_aoTimings;
+    std::vector<const SZorImageMode*> m_apoListed;
+};
+
+// bAll: also those with a number.
+SRest FindRest(const CZorEdidModes& oModes, bool bAll)
+{
+    SRest oRest;
+    const auto fnAdd = [&](const SZorImageMode& oListed, const SZorMode& oMode) {
+        oRest.m_aoTimings.push_back({ GetTypeName(oListed), oMode });
+        oRest.m_apoListed.push_back(&oListed);
+    };
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
         const SZorImageMode& oListed = oModes.Get(i);
         SZorMode oPartner = {};
-        if (oListed.m_eList != SZorImageMode::eList_None)
+        if (bAll || oListed.m_eList == SZorImageMode::eList_None)
         {
-            continue;
-        }
-        aoTimings.push_back({ GetTypeName(oListed), oListed.m_oMode });
-        apoListed.push_back(&oListed);
-        if (CZorEdidModes::GetPartner(oListed.m_oMode, oPartner))
-        {
-            aoTimings.push_back({ GetTypeName(oListed), oPartner });
-            apoListed.push_back(&oListed);
+            fnAdd(oListed, oListed.m_oMode);
+            if (CZorEdidModes::GetPartner(oListed.m_oMode, oPartner))
+            {
+                fnAdd(oListed, oPartner);
+            }
         }
     }
-    return aoTimings;
+    return oRest;
 }
 
 std::string GetRestMarks(const SZorImageMode& oListed)
@@ -116,37 +124,52 @@ std::string GetRestMarks(const SZorImageMode& oListed)
     return sMarks;
 }
 
-std::string GetRestLines(const CExactTimings& aoTimings, const std::vector<const SZorImageMode*>& apoListed,
-                         const SInput& oInput)
+std::string GetRestLines(const CZorEdidModes& oModes, const SInput& oInput)
 {
+    const SRest oRest = FindRest(oModes, false);
     std::string sLines;
-    for (size_t i = 0; i < aoTimings.size(); ++i)
+    for (size_t i = 0; i < oRest.m_aoTimings.size(); ++i)
     {
-        const unsigned int uiBlock = apoListed[i]->m_uiOffset / CEdidUtils::msc_uiBlockSize;
+        const SExactTiming& oTiming = oRest.m_aoTimings[i];
+        const unsigned int uiBlock = oRest.m_apoListed[i]->m_uiOffset / CEdidUtils::msc_uiBlockSize;
         const unsigned int uiTag = oInput.m_aui8Bytes[uiBlock * size_t{ CEdidUtils::msc_uiBlockSize }];
         const std::string sPlace = uiBlock == 0 ? "base" : FormatText("block %u %s", uiBlock, GetBlockKind(uiTag));
         std::string sLine = FormatText("%-11s %3s  %-17s %s  %-9s", "-", "-", sPlace.c_str(),
-                                       GetExactText(aoTimings[i].m_oMode).c_str(), aoTimings[i].m_pszType) +
-                            GetRestMarks(*apoListed[i]);
+                                       GetExactText(oTiming.m_oMode).c_str(), oTiming.m_pszType) +
+                            GetRestMarks(*oRest.m_apoListed[i]);
         sLine.erase(sLine.find_last_not_of(' ') + 1);
         sLines += sLine + "\n";
     }
     return sLines;
 }
 
-std::string GetRest(const SInput& oInput, const CEdid& oEdid, bool bModeline)
+// Of all modes, by the standards of today.
+std::string GetModelines(const CZorEdidModes& oModes)
 {
-    CZorEdidModes oModes;
-    oModes.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
-    oModes.SetNumbers(oEdid);
-    std::vector<const SZorImageMode*> apoListed;
-    CExactTimings aoTimings = FindRest(oModes, apoListed);
-    if (!bModeline)
-    {
-        return GetRestLines(aoTimings, apoListed, oInput);
-    }
+    CExactTimings aoTimings = FindRest(oModes, true).m_aoTimings;
     std::erase_if(aoTimings, [](const SExactTiming& oTiming) { return !oTiming.m_oMode.m_bTiming; });
+    DropSameTimings(aoTimings);
     return GetExactModelines(aoTimings);
+}
+
+// "published 28.320 MHz" where a list has another clock: it computes established timings of other makers, and has
+// a few codes of CTA-861 as earlier editions had them.
+std::string GetOtherClock(const CZorEdidModes& oModes, const SImageMode& oListed)
+{
+    constexpr unsigned long long ullRounding = 2000; // parts of the clock
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oMode = oModes.Get(i);
+        const unsigned long long ullClock = oMode.m_oMode.m_ullClock;
+        const unsigned long long ullOther = oListed.m_oTiming.GetPixelClockInHz();
+        const bool bFar = (ullClock > ullOther ? ullClock - ullOther : ullOther - ullClock) > ullClock / ullRounding;
+        if (static_cast<unsigned int>(oMode.m_eList) == static_cast<unsigned int>(oListed.m_eList) &&
+            oMode.m_uiNumber == oListed.m_uiIndex && oMode.m_eNumbers == SZorImageMode::eNumbers_Table && bFar)
+        {
+            return "  published " + GetMegaHertz(ullClock, 3) + " MHz";
+        }
+    }
+    return "";
 }
 
 // What the lists leave out or have otherwise: blocks that are not read, codes that are read as others.
@@ -179,11 +202,19 @@ SOutcome ListModes(const SModesOptions& oOptions, const SInput& oInput)
         oOutcome.m_sOut = WriteIndented(MakeImageOfTimings(oInput, aoModes)) + "\n";
         return oOutcome;
     }
+    CZorEdidModes oExact;
+    oExact.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    oExact.SetNumbers(oImage.GetEdid());
+    if (oOptions.m_bModeline)
+    {
+        oOutcome.m_sOut = GetModelines(oExact);
+        return oOutcome;
+    }
     for (const SImageMode& oMode : aoModes)
     {
-        oOutcome.m_sOut += oOptions.m_bModeline ? GetModeline(oMode.m_oTiming) + "\n" : GetLine(oMode);
+        oOutcome.m_sOut += GetLine(oMode, GetOtherClock(oExact, oMode));
     }
-    oOutcome.m_sOut += GetRest(oInput, oImage.GetEdid(), oOptions.m_bModeline);
+    oOutcome.m_sOut += GetRestLines(oExact, oInput);
     return oOutcome;
 }
 } // namespace

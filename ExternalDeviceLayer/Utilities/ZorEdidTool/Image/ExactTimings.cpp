@@ -119,12 +119,6 @@ std::string Trim(std::string sText, size_t uiDecimals)
     return sText;
 }
 
-std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals)
-{
-    constexpr unsigned long long ullHzPerMegaHz = 1000000;
-    return Trim(FormatText("%llu.%06llu", ullHz / ullHzPerMegaHz, ullHz % ullHzPerMegaHz), uiDecimals);
-}
-
 // ---- Sources ----
 
 bool IsSameTiming(const SZorMode& oFirst, const SZorMode& oSecond)
@@ -369,6 +363,10 @@ std::string GetName(const SZorMode& oMode)
 std::string GetExactModeline(const SZorMode& oMode, const std::string& sName)
 {
     const unsigned int uiFields = GetFields(oMode);
+    if (GetBack(oMode.m_oHorizontal, 1) < 0 || GetBack(oMode.m_oVertical, uiFields) < 0)
+    {
+        return "# " + sName + ": its sync ends after its total\n";
+    }
     const auto fnAxis = [](const SZorMode::SAxis& oAxis, unsigned int uiTimes) {
         const unsigned int uiStart = oAxis.m_uiActive + uiTimes * oAxis.m_uiFront;
         return FormatText("%u %u %u %u", oAxis.m_uiActive, uiStart, uiStart + uiTimes * oAxis.m_uiSync,
@@ -476,6 +474,26 @@ std::string GetExactLine(const SExactTiming& oTiming)
     return FormatText("%-7s %s  horizontal %s  vertical %s%s%s\n", oTiming.m_pszType, GetExactText(oMode).c_str(),
                       fnAxis(oMode.m_oHorizontal, 1).c_str(), fnAxis(oMode.m_oVertical, uiFields).c_str(),
                       sEnd.empty() ? "" : "  ", sEnd.c_str());
+}
+
+std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals)
+{
+    constexpr unsigned long long ullHzPerMegaHz = 1000000;
+    return Trim(FormatText("%llu.%06llu", ullHz / ullHzPerMegaHz, ullHz % ullHzPerMegaHz), uiDecimals);
+}
+
+void DropSameTimings(CExactTimings& aoTimings)
+{
+    CExactTimings aoLeft;
+    for (const SExactTiming& oTiming : aoTimings)
+    {
+        if (std::ranges::none_of(
+                aoLeft, [&](const SExactTiming& oOther) { return IsSameTiming(oOther.m_oMode, oTiming.m_oMode); }))
+        {
+            aoLeft.push_back(oTiming);
+        }
+    }
+    aoTimings = aoLeft;
 }
 
 std::string GetExactModelines(const CExactTimings& aoTimings)

@@ -35,6 +35,10 @@ CExactTimings FindTimingsOfDmt(unsigned int uiId);
 // "1920 x 1080p @  59.940 Hz     148.352 MHz"; the numbers are in columns. Of a mode without a timing the nominal rate.
 std::string GetExactText(const SZorMode& oMode);
 std::string GetExactLine(const SExactTiming& oTiming);
+// "148.351648", of a clock in Hz: at least so many decimals, and as many more as it needs.
+std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals);
+// Leaves one of several timings with the same numbers, the first.
+void DropSameTimings(CExactTimings& aoTimings);
 // As GetModeline, a line each. The names differ: each has the rate, reduced blanking its version, and lines of one size
 // and rate have their types.
 std::string GetExactModelines(const CExactTimings& aoTimings);

@@ -52,17 +52,6 @@ constexpr SPlace gsc_oRateBits = Bits(1, 6, 0);
 constexpr SPlace gsc_oSizeBits = Bits(2, 2, 0);
 constexpr SPlace gsc_oSpeakerBytes = Little24(0);
 constexpr SPlace gsc_oOui = Little24(0);
-
-// Use cases of Microsoft's block.
-constexpr CFacts::EKind FindUseCase(unsigned int uiCode)
-{
-    constexpr CFacts::EKind aeKinds[] = { CFacts::eKind_Generic,      CFacts::eKind_Other,
-                                          CFacts::eKind_Generic,      CFacts::eKind_Television,
-                                          CFacts::eKind_Monitor,      CFacts::eKind_Monitor,
-                                          CFacts::eKind_Presentation, CFacts::eKind_HeadMounted,
-                                          CFacts::eKind_HeadMounted };
-    return uiCode < std::size(aeKinds) ? aeKinds[uiCode] : CFacts::eKind_Other;
-}
 } // namespace
 
 // ---- The block and its data blocks ----
@@ -337,8 +326,8 @@ void CReader::ReadHdmi(const SBytes& oHdmi)
     }
     if (const unsigned int uiClock = oHdmi.Or0<gsc_oMaxTmdsClock>())
     {
-        Set(oLink.m_oMaxTmds, uiClock * gsc_uiKiloHzPerTmdsUnit, eZorEdidField_CtaHdmiMaxTmdsClock,
-            oHdmi.OffsetOf<gsc_oMaxTmdsClock>());
+        RaiseMaxTmds(uiClock * gsc_uiKiloHzPerTmdsUnit, eZorEdidField_CtaHdmiMaxTmdsClock,
+                     oHdmi.OffsetOf<gsc_oMaxTmdsClock>());
         constexpr unsigned int uiMostBefore13 = 165 / 5;
         SetHdmiVersion(uiClock > uiMostBefore13 ? 13 : 10, eZorEdidField_CtaHdmiMaxTmdsClock,
                        oHdmi.OffsetOf<gsc_oMaxTmdsClock>());
@@ -387,12 +376,8 @@ void CReader::ReadHdmiForum(const SBytes& oSink)
     }
     const auto fnProve21 = [&](EZorEdidField eId, unsigned int uiOffset) { SetHdmiVersion(21, eId, uiOffset); };
     SetHdmiVersion(20, eZorEdidField_CtaHdmiForumVersion, oSink.OffsetOf<gsc_oVersion>());
-    const unsigned int uiTmds = oSink.Get<gsc_oMaxTmdsCharacterRate>() * gsc_uiKiloHzPerTmdsUnit;
-    if (uiTmds > oLink.m_oMaxTmds.m_oValue)
-    {
-        Replace(oLink.m_oMaxTmds, uiTmds, eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate,
-                oSink.OffsetOf<gsc_oMaxTmdsCharacterRate>());
-    }
+    RaiseMaxTmds(oSink.Get<gsc_oMaxTmdsCharacterRate>() * gsc_uiKiloHzPerTmdsUnit,
+                 eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, oSink.OffsetOf<gsc_oMaxTmdsCharacterRate>());
     Take<gsc_oScdcPresent>(oLink.m_oScdc, oSink, eZorEdidField_CtaHdmiForumScdcPresent);
     Take<gsc_oRrCapable>(oLink.m_oReadRequest, oSink, eZorEdidField_CtaHdmiForumRrCapable);
     Take<gsc_oCableStatus>(oLink.m_oCableStatus, oSink, eZorEdidField_CtaHdmiForumCableStatus);
@@ -641,10 +626,13 @@ void CReader::ReadDynamicHdr(const SBytes& oHdr)
 {
     using namespace Colour;
     constexpr unsigned int uiGraphics = 256;
+    constexpr unsigned int uiWithoutVersion = 3;   // a type
+    constexpr unsigned int uiLeastWithVersion = 3; // bytes after the length
     CFacts::SDynamicHdr oDynamic = {};
     for (SBytes oItem = oHdr; oItem.Has<gsc_oDynamicType>(); oItem = oItem.From(1 + oItem.Get<gsc_oDynamicLength>()))
     {
         const unsigned int uiType = oItem.Get<gsc_oDynamicType>();
+        const bool bVersion = uiType != uiWithoutVersion && oItem.Get<gsc_oDynamicLength>() >= uiLeastWithVersion;
         oDynamic.m_bType1 = oDynamic.m_bType1 || uiType == 1;
         oDynamic.m_bType2 = oDynamic.m_bType2 || uiType == 2;
         oDynamic.m_bType3 = oDynamic.m_bType3 || uiType == 3;
@@ -652,7 +640,8 @@ void CReader::ReadDynamicHdr(const SBytes& oHdr)
         oDynamic.m_bGraphics = oDynamic.m_bGraphics || uiType == uiGraphics;
         if (uiType >= 1 && uiType <= std::size(oDynamic.m_aui8Versions))
         {
-            oDynamic.m_aui8Versions[uiType - 1] = static_cast<unsigned char>(oItem.Or0<gsc_oDynamicVersion>());
+            oDynamic.m_aui8Versions[uiType - 1] =
+                static_cast<unsigned char>(bVersion ? oItem.Or0<gsc_oDynamicVersion>() : 0);
         }
     }
     Set(m_oFacts.m_oColour.m_oDynamicHdr, oDynamic, eZorEdidField_CtaHdrDynamic,

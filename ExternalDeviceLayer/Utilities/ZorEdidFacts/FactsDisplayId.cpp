@@ -33,11 +33,6 @@ constexpr SPlace gsc_oMaxBoost = Little16(gsc_uiMaxBoostLuminanceOffset);
 constexpr CFacts::EKind gsc_aeTypes[] = { CFacts::eKind_Generic, CFacts::eKind_Other,      CFacts::eKind_Panel,
                                           CFacts::eKind_Monitor, CFacts::eKind_Television, CFacts::eKind_Repeater,
                                           CFacts::eKind_Monitor };
-constexpr CFacts::EKind gsc_aeUseCases[] = { CFacts::eKind_Generic,      CFacts::eKind_Other,
-                                             CFacts::eKind_Generic,      CFacts::eKind_Television,
-                                             CFacts::eKind_Monitor,      CFacts::eKind_Monitor,
-                                             CFacts::eKind_Presentation, CFacts::eKind_HeadMounted,
-                                             CFacts::eKind_HeadMounted };
 constexpr CFacts::ELink gsc_aeLinks[] = { CFacts::eLink_Analog, CFacts::eLink_Lvds,        CFacts::eLink_Digital,
                                           CFacts::eLink_Other,  CFacts::eLink_Dvi,         CFacts::eLink_Analog,
                                           CFacts::eLink_Dvi,    CFacts::eLink_Hdmi,        CFacts::eLink_Hdmi,
@@ -86,12 +81,11 @@ void CReader::VisitDisplayId(const SPart& oBlock)
     const bool bVersion2 = uiVersion == 2;
     const unsigned int uiType = oBlock.GetByte(gsc_uiProductTypeOffset);
     const unsigned int uiOffset = oBlock.m_uiOffset + gsc_uiProductTypeOffset;
-    if (uiVersion > gsc_uiHighestMajorVersion || uiType == 0 ||
-        uiType >= (bVersion2 ? std::size(gsc_aeUseCases) : std::size(gsc_aeTypes)))
+    if (uiVersion > gsc_uiHighestMajorVersion || uiType == 0 || (!bVersion2 && uiType >= std::size(gsc_aeTypes)))
     {
         return;
     }
-    const CFacts::EKind eKind = bVersion2 ? gsc_aeUseCases[uiType] : gsc_aeTypes[uiType];
+    const CFacts::EKind eKind = bVersion2 ? FindUseCase(uiType) : gsc_aeTypes[uiType];
     Offer(CFacts::eQuestion_Kind, bVersion2 ? eSource_DisplayId2 : eSource_DisplayId1, m_oFacts.m_oSize.m_oKind, eKind,
           bVersion2 ? eZorEdidField_DisplayidSectionUseCase : eZorEdidField_DisplayidSectionProductType, uiOffset);
     if (eKind == CFacts::eKind_HeadMounted)

@@ -59,27 +59,27 @@ struct SFormula
     unsigned int m_uiSecondaryStart = 0; // kHz: the line rate from which on the secondary curve counts
 };
 
-// The formula of E-EDID 1.4 table 3.28; before it, and without range limits, GTF.
+// The formula of E-EDID 1.4 table 3.28, where the display takes any rate; before 1.4 GTF with one of its curves.
 SFormula FindFormula(const CRecordBytes& oBase)
 {
     using namespace BaseBlock;
-    constexpr unsigned int uiContinuousBit = 0;
+    constexpr unsigned int uiRevision4 = 4;
     constexpr unsigned int uiStartUnit = 2; // kHz
     SFormula oFormula;
-    if (!IsAtLeastRevision(oBase.GetData(), gsc_uiVideoInputRevision) ||
-        !oBase.IsSet(gsc_uiFeaturesOffset, uiContinuousBit))
+    const bool b4 = IsAtLeastRevision(oBase.GetData(), uiRevision4);
+    if (b4 && !oBase.IsSet(gsc_oContinuousFrequency))
     {
         return oFormula;
     }
     for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
     {
         const unsigned char* pui8Descriptor = oBase.GetData() + DescriptorOffset(i);
-        if (!IsDisplayDescriptor(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] != gsc_ui8TagRangeLimits)
+        if (HasPixelClock(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] != gsc_ui8TagRangeLimits)
         {
             continue;
         }
         const unsigned int uiFormula = gsc_oFormula.Read(pui8Descriptor);
-        oFormula.m_eKind = uiFormula == gsc_uiCvtFormula         ? SFormula::eCvt
+        oFormula.m_eKind = uiFormula == gsc_uiCvtFormula && b4   ? SFormula::eCvt
                            : uiFormula == gsc_uiSecondaryFormula ? SFormula::eSecondaryGtf
                                                                  : SFormula::eGtf;
         oFormula.m_oCurve = { gsc_oSecondaryC.Read(pui8Descriptor), gsc_oSecondaryM.Read(pui8Descriptor),
@@ -183,6 +183,7 @@ private:
     unsigned int m_uiNativeReference = 0;
     unsigned int m_uiStereoAll = 0;
     unsigned int m_uiStereoMask = 0; // places of m_oVideo
+    bool m_bHdmi = false;
     bool m_bStereo = false;
     SPart m_oStereo = { { nullptr, 0 }, 0 };
 };
@@ -350,12 +351,8 @@ void CModeVisitor::VisitOther(unsigned int uiTag, const SPart& oBlock)
         }
         uiAt += uiCount * uiSize; // also of what does not fit
     };
-    fnList(oBlock.GetByte(2), Descriptors::gsc_uiDescriptorSize, [this](const SPart& oPart) {
-        if (Descriptors::HasPixelClock(oPart.m_oBytes.GetData()))
-        {
-            AddRead(eZorEdidField_BaseDetailed, oPart, ReadDetailedMode);
-        }
-    });
+    fnList(oBlock.GetByte(2), Descriptors::gsc_uiDescriptorSize,
+           [this](const SPart& oPart) { AddRead(eZorEdidField_BaseDetailed, oPart, ReadDetailedMode); });
     fnList(oBlock.GetByte(3), gsc_uiCvtCodeSize, [this](const SPart& oPart) { AddCvtCode(oPart); });
     fnList(oBlock.GetByte(4), uiStandardSize, [this](const SPart& oPart) { AddStandard(oPart, false); });
 }
@@ -388,16 +385,16 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
         VisitFormats(oPayload);
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedNative:
-        m_uiNativeReference = oPayload.GetByte(0);
+        m_uiNativeReference = m_uiNativeReference != 0 ? m_uiNativeReference : oPayload.GetByte(0);
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedPreference:
-        m_oPreference = oPayload;
+        m_oPreference = m_oPreference.GetSize() != 0 ? m_oPreference : oPayload;
         break;
     case gsc_uiExtended + Cta::gsc_uiExtended420Video:
         VisitVideo(oPayload, true);
         break;
     case gsc_uiExtended + Cta::gsc_uiExtended420Map:
-        m_oMap420 = oPayload;
+        m_oMap420 = m_bMap420 ? m_oMap420 : oPayload;
         m_bMap420 = true;
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType7:
@@ -479,6 +476,11 @@ void CModeVisitor::VisitStereo(const SPart& oFields, unsigned int uiMulti, bool 
     using namespace Hdmi;
     constexpr unsigned int uiAllPlaces = 0xFFFF;  // without a mask
     constexpr unsigned int uiStructures = 0x01FF; // bit 15 says more about the last one
+    if (m_bHdmi)
+    {
+        return; // of several blocks the first one counts
+    }
+    m_bHdmi = true;
     m_bStereo = bPresent;
     unsigned int uiUsed = 0;
     if ((uiMulti == eMulti_All || uiMulti == eMulti_AllAndMask) && oFields.GetSize() >= gsc_uiStructureAllSize)
@@ -786,6 +788,18 @@ bool CZorEdidModes::GetPartner(const SZorMode& oMode, SZorMode& oPartner)
     if (!oMode.m_bFractionToo)
     {
         return false;
+    }
+    SZorMode oVideo = oMode;
+    ZorStandards::SReducedBlanking oReduced;
+    oReduced.m_bVideo = true;
+    if (oMode.m_eBlanking == SZorMode::eBlanking_Reduced2 && oMode.m_eKind != SZorMode::eModeKind_Dmt &&
+        ZorStandards::ComputeCvt(oVideo, oReduced))
+    {
+        oVideo.m_bFractionToo = false;
+        oVideo.m_oNominalRate = { oMode.m_oNominalRate.m_ullDividend * ullOf,
+                                  oMode.m_oNominalRate.m_ullDivisor * ullPer };
+        oPartner = oVideo;
+        return true;
     }
     oPartner = oMode;
     oPartner.m_bFractionToo = false;

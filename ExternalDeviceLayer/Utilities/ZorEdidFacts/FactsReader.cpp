@@ -92,7 +92,7 @@ static_assert(IsEachRowInPlace());
 
 bool IsNear(unsigned int uiOne, unsigned int uiOther, unsigned int uiMost)
 {
-    return uiOne < uiOther ? uiOther - uiOne <= uiMost : uiOne - uiOther <= uiMost;
+    return uiOne < uiOther ? uiOther - uiOne < uiMost : uiOne - uiOther < uiMost;
 }
 
 constexpr float gsc_fColourRounding = 0.001F; // the base block has steps of 1/1024
@@ -190,6 +190,15 @@ void CReader::AddFormat(CFacts::EFormat eFormat, EZorEdidField eId, unsigned int
     oFormats.m_oValue = static_cast<unsigned char>(oFormats.m_oValue | (1U << eFormat));
 }
 
+// The largest of all blocks.
+void CReader::RaiseMaxTmds(unsigned int uiKiloHz, EZorEdidField eId, unsigned int uiOffset)
+{
+    if (m_oFacts.m_oLink.m_oMaxTmds.m_oValue < uiKiloHz)
+    {
+        Replace(m_oFacts.m_oLink.m_oMaxTmds, uiKiloHz, eId, uiOffset);
+    }
+}
+
 void CReader::SetHdmiVersion(unsigned int uiVersion, EZorEdidField eId, unsigned int uiOffset)
 {
     if (m_oFacts.m_oLink.m_oHdmiVersion.m_oValue < uiVersion)
@@ -266,13 +275,14 @@ void CReader::FinishSize()
 void CReader::FinishLink()
 {
     CFacts::SLink& oLink = m_oFacts.m_oLink;
-    if (oLink.m_oHdmi.IsSaid())
+    // HDMI takes DVI with it.
+    const bool bDvi = oLink.m_oKind.IsSaid() && oLink.m_oKind.m_oValue == CFacts::eLink_Dvi;
+    if (oLink.m_oHdmi.IsSaid() && !bDvi)
     {
         Offer(CFacts::eQuestion_Link, eSource_Hdmi, oLink.m_oKind, CFacts::eLink_Hdmi, oLink.m_oHdmi.m_eId,
               oLink.m_oHdmi.m_ui16Offset);
     }
-    // HDMI takes DVI with it.
-    if (oLink.m_oHdmi.IsSaid() && oLink.m_oKind.m_oValue == CFacts::eLink_Dvi)
+    if (oLink.m_oHdmi.IsSaid() && bDvi)
     {
         Replace(oLink.m_oKind, CFacts::eLink_Hdmi, oLink.m_oHdmi.m_eId, oLink.m_oHdmi.m_ui16Offset);
     }

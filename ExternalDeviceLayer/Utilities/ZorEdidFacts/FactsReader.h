@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include <iterator>
+
 #include "FactsBlocks.h"
 #include "ZorEdidFacts.h"
 
@@ -83,6 +85,17 @@ constexpr unsigned long long FlagOf(const SPlace& oPlace)
 }
 
 constexpr unsigned int FlagIf(unsigned int uiCondition, unsigned int uiFlag) { return uiCondition != 0 ? uiFlag : 0; }
+
+// Primary use cases, of DisplayID 2 and Microsoft's block; Other for a code without one here.
+constexpr CFacts::EKind FindUseCase(unsigned int uiCode)
+{
+    constexpr CFacts::EKind aeKinds[] = { CFacts::eKind_Generic,      CFacts::eKind_Other,
+                                          CFacts::eKind_Generic,      CFacts::eKind_Television,
+                                          CFacts::eKind_Monitor,      CFacts::eKind_Monitor,
+                                          CFacts::eKind_Presentation, CFacts::eKind_HeadMounted,
+                                          CFacts::eKind_HeadMounted };
+    return uiCode < std::size(aeKinds) ? aeKinds[uiCode] : CFacts::eKind_Other;
+}
 
 class CReader
 {
@@ -203,6 +216,7 @@ private:
     void AddRange(const CFacts::SVariableRefresh& oRange);
     void AddSpace(CFacts::ESpace eSpace, CFacts::ETransfer eTransfer, EZorEdidField eId, unsigned int uiOffset);
     void AddFormat(CFacts::EFormat eFormat, EZorEdidField eId, unsigned int uiOffset);
+    void RaiseMaxTmds(unsigned int uiKiloHz, EZorEdidField eId, unsigned int uiOffset);
     void SetHdmiVersion(unsigned int uiVersion, EZorEdidField eId, unsigned int uiOffset);
 
     // ---- Base block ----

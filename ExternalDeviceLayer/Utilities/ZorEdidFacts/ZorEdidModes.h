@@ -62,7 +62,7 @@ struct SZorImageMode
 ///
 /// A code of CTA-861 whose rate may be divided by 1.001 is one entry with m_bFractionToo: GetPartner gives the other
 /// rate. Every field has an entry of its own, also where two announce the same mode. Fields that only say more about a
-/// mode (a 4:2:0 capability map, a preference, 3D) mark it and have none.
+/// mode (a 4:2:0 capability map, a preference, 3D) mark it and have none; of several such blocks the first one counts.
 class CZorEdidModes
 {
 public:

@@ -14,12 +14,16 @@
 #include "ZorEdidMap.h"
 #include "ZorEdidModes.h"
 
-inline std::string DescribeMode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiRank, const SZorMode& oMode)
+// bTiming: with its clock and totals, which the map has of bytes and tables only.
+inline std::string DescribeMode(EZorEdidField eId, unsigned int uiOffset, unsigned int uiRank, const SZorMode& oMode,
+                                bool bTiming)
 {
     char szText[200];
-    snprintf(szText, sizeof(szText), "%s at %u, %u: %u x %u%s, kind %u code %u, 4:2:0 %u\n", CZorEdidMap::GetId(eId),
-             uiOffset, uiRank, oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? " interlaced" : "",
-             oMode.m_eKind, oMode.m_uiCode, oMode.m_eY420 == SZorMode::eY420_Only ? 1U : 0U);
+    snprintf(szText, sizeof(szText), "%s at %u, %u: %u x %u%s, kind %u code %u, 4:2:0 %u, %llu of %u x %u\n",
+             CZorEdidMap::GetId(eId), uiOffset, uiRank, oMode.m_uiWidth, oMode.m_uiHeight,
+             oMode.m_bInterlaced ? " interlaced" : "", oMode.m_eKind, oMode.m_uiCode,
+             oMode.m_eY420 == SZorMode::eY420_Only ? 1U : 0U, bTiming ? oMode.m_ullClock : 0,
+             bTiming ? oMode.m_oHorizontal.m_uiTotal : 0, bTiming ? oMode.m_oVertical.m_uiTotal : 0);
     return szText;
 }
 
@@ -31,7 +35,9 @@ inline std::string CheckModes(const CZorEdidModes& oModes, const CZorEdidMap& oM
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
         const SZorImageMode& oMode = oModes.Get(i);
-        asListed.insert(DescribeMode(oMode.m_eField, oMode.m_uiOffset, oMode.m_uiRank, oMode.m_oMode));
+        const bool bTiming =
+            oMode.m_eNumbers == SZorImageMode::eNumbers_Bytes || oMode.m_eNumbers == SZorImageMode::eNumbers_Table;
+        asListed.insert(DescribeMode(oMode.m_eField, oMode.m_uiOffset, oMode.m_uiRank, oMode.m_oMode, bTiming));
     }
     const unsigned int uiBlocks = ZorStandards::CountExtensions(oMap.GetData(), oMap.GetSize());
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
@@ -45,7 +51,7 @@ inline std::string CheckModes(const CZorEdidModes& oModes, const CZorEdidMap& oM
             const bool bReference = oMode.m_bReference || oField.m_eId == eZorEdidField_Cta420MapVic;
             if (!bReference)
             {
-                asMapped.insert(DescribeMode(oField.m_eId, oField.m_uiOffset, uiRank, oMode));
+                asMapped.insert(DescribeMode(oField.m_eId, oField.m_uiOffset, uiRank, oMode, oMode.m_bTiming));
             }
         }
     }

@@ -133,6 +133,10 @@ bool ReadDetailedMode(const CRecordBytes& oRecord, SZorMode& oMode)
     using namespace Descriptors;
     constexpr unsigned int uiHzPerClock = 1000 * gsc_uiKiloHzPerClockUnit;
     constexpr unsigned int uiFirstStereo = 2; // smaller values are none
+    if (!oRecord.IsSet(gsc_oPixelClock))
+    {
+        return false;
+    }
     const bool bInterlaced = oRecord.IsSet(gsc_oInterlaced);
     const unsigned int uiWidth = oRecord.Get(gsc_oHorizontalActive);
     const unsigned int uiHeight = oRecord.Get(gsc_oVerticalActive) * (bInterlaced ? 2 : 1);

@@ -1,5 +1,5 @@
 // Modes out of codes and bytes: one reader for each structure that announces some, for the map and the facts alike.
-// Each returns false, with oMode unchanged or meaningless, where the bytes announce none. Private to the library.
+// Each returns false where the bytes announce none, and then oMode means nothing. Private to the library.
 
 #pragma once
 
@@ -31,7 +31,7 @@ bool MakeEstablishedIIIMode(SZorMode& oMode, unsigned int uiBit);
 
 // ---- Base block ----
 
-// 18 bytes with a pixel clock.
+// 18 bytes; false without a pixel clock.
 bool ReadDetailedMode(const CRecordBytes& oRecord, SZorMode& oMode);
 
 // Two bytes; with the timing of the DMT mode that has them as its code. bSquare: as ReadStandardTiming.

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <algorithm>
+
 #include "Standards/ExtensionBlocks.h"
 #include "Standards/Record.h"
 
@@ -81,7 +83,7 @@ void WalkDisplayId(const SPart& oBlock, VISITOR& oVisitor)
 {
     const unsigned int uiFirst = DisplayId::gsc_uiDataBlocksOffset;
     const unsigned int uiSize = oBlock.GetByte(DisplayId::gsc_uiSectionLengthOffset) + DisplayId::gsc_uiSectionOverhead;
-    const unsigned int uiEnd = uiSize < oBlock.GetSize() ? uiSize : oBlock.GetSize();
+    const unsigned int uiEnd = std::min({ uiSize, oBlock.GetSize(), gsc_uiChecksumOffset });
     oVisitor.VisitDisplayId(oBlock);
     const unsigned int uiVersion = oBlock.GetByte(DisplayId::gsc_uiVersionOffset) >> 4;
     if (uiEnd <= uiFirst || uiVersion > DisplayId::gsc_uiHighestMajorVersion)

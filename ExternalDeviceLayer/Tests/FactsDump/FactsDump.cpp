@@ -192,7 +192,8 @@ void PrintDisplay(const CFacts& oFacts)
         }
     }
     const CFacts::SAudio& oAudio = oFacts.GetAudio();
-    printf("\tvfreq_hz=%u-%u\tvideo_latency=%u,%u\taudio_latency=%u,%u", uiLeast, uiMost,
+    printf("\tvfreq_hz=%u-%u\tlatency_present=%d%d\tvideo_latency=%u,%u\taudio_latency=%u,%u", uiLeast, uiMost,
+           oAudio.m_oVideoLatency.IsSaid(), oAudio.m_oInterlacedVideoLatency.IsSaid(),
            RawLatency(oAudio.m_oVideoLatency), RawLatency(oAudio.m_oInterlacedVideoLatency),
            RawLatency(oAudio.m_oAudioLatency), RawLatency(oAudio.m_oInterlacedAudioLatency));
     PrintHdr(oColour);

@@ -20,9 +20,7 @@ constexpr unsigned int gsc_uiMostDataBytes = gsc_uiChecksumOffset - gsc_uiDataBl
 // Bytes of a section besides its data blocks. It begins at offset 1, so the sum with their number is the section's size
 // and the offset of its checksum.
 constexpr unsigned int gsc_uiSectionOverhead = 5;
-constexpr unsigned int gsc_uiHighestVersion = 0x12;                   // that the classes read
-constexpr unsigned int gsc_auiLaterVersions[] = { 0x13, 0x20, 0x21 }; // published, but not read by the classes
-
+constexpr unsigned int gsc_uiHighestVersion = 0x12;   // that the classes read
 constexpr unsigned int gsc_uiHighestMajorVersion = 2; // published
 
 constexpr unsigned int GetSectionSize(const unsigned char* pui8Block)

@@ -62,14 +62,6 @@ constexpr SPlace gsc_oImageSize = Bits(0, 4, 3);
 constexpr SPlace gsc_oVicCount = Bits(1, 7, 5);
 constexpr SPlace gsc_o3dLength = Bits(1, 4, 0);
 
-enum EImageSize : unsigned int
-{
-    eImageSize_NotSaid,
-    eImageSize_RatioOnly, // the base block's size is no size
-    eImageSize_Cm,
-    eImageSize_5Cm // the base block's size is in 5 cm
-};
-
 enum EMulti : unsigned int
 {
     eMulti_None,

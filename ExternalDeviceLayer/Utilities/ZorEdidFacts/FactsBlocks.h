@@ -102,8 +102,8 @@ void WalkDisplayId(const SPart& oBlock, VISITOR& oVisitor)
     }
 }
 
-// The base block first: VisitBase(block), VisitDescriptor for each of its four. Then the blocks that the image
-// announces, as far as they are there, in their order; those of other kinds go to VisitOther(tag, block).
+// At least a base block. It comes first: VisitBase(block), VisitDescriptor for each of its four. Then the blocks that
+// the image announces, as far as they are there, in their order; those of other kinds go to VisitOther(tag, block).
 template <class VISITOR>
 void WalkImage(unsigned int uiSize, const unsigned char* pui8Data, VISITOR& oVisitor)
 {
@@ -119,13 +119,9 @@ void WalkImage(unsigned int uiSize, const unsigned char* pui8Data, VISITOR& oVis
         }
     }
     const unsigned int uiCount = CountExtensions(pui8Data, uiSize);
-    for (unsigned int i = 1; i <= uiCount; ++i)
+    for (CBlockWalk oWalk(pui8Data, uiSize); oWalk.Next() && oWalk.GetNumber() <= uiCount;)
     {
-        const SPart oBlock = oImage.Part(i * gsc_uiBlockSize, gsc_uiBlockSize);
-        if (oBlock.GetSize() == 0)
-        {
-            return;
-        }
+        const SPart oBlock = oImage.Part(oWalk.GetOffset(), oWalk.GetLength());
         switch (oBlock.GetByte(0))
         {
         case gsc_uiCtaTag:

@@ -261,7 +261,8 @@ void CModeVisitor::VisitBase(const SPart& oBase)
             eOrder_HighFirst, MakeEstablishedMode);
     for (unsigned int i = 0; i < uiStandards; ++i)
     {
-        AddStandard(oBase.Part(gsc_uiStandardsOffset + i * 2, 2), m_bSquare);
+        AddStandard(oBase.Part(gsc_uiStandardsOffset + i * gsc_uiStandardTimingSize, gsc_uiStandardTimingSize),
+                    m_bSquare);
     }
 }
 
@@ -314,7 +315,8 @@ void CModeVisitor::VisitDescriptor(const SPart& oDescriptor)
     case gsc_ui8TagExtraStandards:
         for (unsigned int i = 0; i < gsc_uiExtraStandards; ++i)
         {
-            AddStandard(oDescriptor.Part(gsc_uiContentsOffset + i * 2, 2), m_bSquare);
+            AddStandard(oDescriptor.Part(gsc_uiContentsOffset + i * gsc_uiStandardTimingSize, gsc_uiStandardTimingSize),
+                        m_bSquare);
         }
         break;
     case gsc_ui8TagEstablishedIII:
@@ -332,29 +334,28 @@ void CModeVisitor::VisitDescriptor(const SPart& oDescriptor)
     }
 }
 
-// The video timing block extension: detailed timings, CVT codes, standard timings, counted in bytes 2 to 4.
+// The video timing block extension: detailed timings, CVT codes, standard timings.
 void CModeVisitor::VisitOther(unsigned int uiTag, const SPart& oBlock)
 {
-    constexpr unsigned int uiVtbTag = 0x10;
-    constexpr unsigned int uiListsOffset = 5;
-    constexpr unsigned int uiStandardSize = 2;
-    if (uiTag != uiVtbTag)
+    if (uiTag != Vtb::gsc_uiTag)
     {
         return;
     }
-    unsigned int uiAt = uiListsOffset;
+    unsigned int uiAt = Vtb::gsc_uiListsOffset;
     const unsigned int uiEnd = std::min(oBlock.GetSize(), gsc_uiChecksumOffset);
-    const auto fnList = [&](unsigned int uiCount, unsigned int uiSize, auto fnAdd) {
+    const auto fnList = [&](const SPlace& oCount, unsigned int uiSize, auto fnAdd) {
+        const unsigned int uiCount = oBlock.m_oBytes.Get(oCount);
         for (unsigned int i = 0; i < uiCount && uiAt + (i + 1) * uiSize <= uiEnd; ++i)
         {
             fnAdd(oBlock.Part(uiAt + i * uiSize, uiSize));
         }
         uiAt += uiCount * uiSize; // also of what does not fit
     };
-    fnList(oBlock.GetByte(2), Descriptors::gsc_uiDescriptorSize,
+    fnList(Vtb::gsc_oDetailedTimings, Descriptors::gsc_uiDescriptorSize,
            [this](const SPart& oPart) { AddRead(eZorEdidField_BaseDetailed, oPart, ReadDetailedMode); });
-    fnList(oBlock.GetByte(3), gsc_uiCvtCodeSize, [this](const SPart& oPart) { AddCvtCode(oPart); });
-    fnList(oBlock.GetByte(4), uiStandardSize, [this](const SPart& oPart) { AddStandard(oPart, false); });
+    fnList(Vtb::gsc_oCvtCodes, gsc_uiCvtCodeSize, [this](const SPart& oPart) { AddCvtCode(oPart); });
+    fnList(Vtb::gsc_oStandardTimings, gsc_uiStandardTimingSize,
+           [this](const SPart& oPart) { AddStandard(oPart, false); });
 }
 
 // ---- CTA-861 ----

@@ -12,9 +12,6 @@ namespace ZorMap
 extern const SRow g_oHeaderRow;
 bool HasHeader(const CRecord& oRecord);
 
-inline constexpr unsigned int gsc_uiStandardTimingSize = 2;
-inline constexpr unsigned int gsc_uiCvtCodeSize = 3;
-
 // Conditions of rows: E-EDID 1.4 and later ones.
 inline bool IsRevision4(const CRecord& oRecord) { return oRecord.GetFacts().m_uiRevision >= 4; }
 inline constexpr auto IsBefore4 = IsNot<IsRevision4>;

@@ -16,16 +16,9 @@ namespace
 {
 using CMap = CZorEdidMap;
 
-constexpr unsigned int gsc_uiChecksumOffset = CMapWriter::msc_uiBlockSize - 1;
+// ---- Video timing block extension ----
 
-// ---- Video timing block extension, VESA VTB-EXT, release A: three consecutive lists ----
-
-constexpr unsigned int gsc_uiVtbListsOffset = 5;
-constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - gsc_uiVtbListsOffset;
-
-constexpr SPlace gsc_oVtbDetailed = Byte(2);
-constexpr SPlace gsc_oVtbCvt = Byte(3);
-constexpr SPlace gsc_oVtbStandard = Byte(4);
+constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - Vtb::gsc_uiListsOffset;
 
 constexpr char gsc_szTooMany[] = "the timings take more than the block has";
 
@@ -42,21 +35,23 @@ const char* CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
 
 const char* CheckVtbCvt(const CRecord& oBlock, unsigned int uiCodes)
 {
-    return CheckVtbList(oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize, uiCodes * gsc_uiCvtCodeSize);
+    return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize, uiCodes * gsc_uiCvtCodeSize);
 }
 
 const char* CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
 {
-    return CheckVtbList(oBlock.Get(gsc_oVtbDetailed) * gsc_uiMapDescriptorSize +
-                            oBlock.Get(gsc_oVtbCvt) * gsc_uiCvtCodeSize,
+    return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize +
+                            oBlock.Get(Vtb::gsc_oCvtCodes) * gsc_uiCvtCodeSize,
                         uiStandard * gsc_uiStandardTimingSize);
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
     { eId_VtbVersion, Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
-    { eId_VtbDetailedTimings, gsc_oVtbDetailed, "Number of detailed timings", Number(), nullptr, CheckVtbDetailed },
-    { eId_VtbCvtTimingCodes, gsc_oVtbCvt, "Number of CVT timing codes", Number(), nullptr, CheckVtbCvt },
-    { eId_VtbStandardTimings, gsc_oVtbStandard, "Number of standard timings", Number(), nullptr, CheckVtbStandard },
+    { eId_VtbDetailedTimings, Vtb::gsc_oDetailedTimings, "Number of detailed timings", Number(), nullptr,
+      CheckVtbDetailed },
+    { eId_VtbCvtTimingCodes, Vtb::gsc_oCvtCodes, "Number of CVT timing codes", Number(), nullptr, CheckVtbCvt },
+    { eId_VtbStandardTimings, Vtb::gsc_oStandardTimings, "Number of standard timings", Number(), nullptr,
+      CheckVtbStandard },
 };
 constexpr SRow gsc_oVtbCutRow = { eId_VtbCutTiming, RunToEnd(0), "Timing, cut short", Unknown() };
 constexpr STable gsc_oVtbTable = { eId_Vtb, "Video timing block", eArea_Structure, gsc_aoVtbRows };
@@ -65,7 +60,7 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const CRecord oBlock = oWriter.GetRecord(uiOffset, uiLength);
     oWriter.AddRows(gsc_oVtbTable, uiOffset, uiLength);
-    unsigned int uiAt = gsc_uiVtbListsOffset;
+    unsigned int uiAt = Vtb::gsc_uiListsOffset;
     const unsigned int uiEnd = std::min(uiLength, gsc_uiChecksumOffset);
     const auto fnAddList = [&](const STable& oTable, const SPlace& oCount, unsigned int uiSize) {
         const unsigned int uiFit = uiAt < uiEnd ? (uiEnd - uiAt) / uiSize : 0;
@@ -77,9 +72,9 @@ void MapVtb(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
         }
         uiAt += oBlock.Get(oCount) * uiSize;
     };
-    fnAddList(g_oDetailedTimingTable, gsc_oVtbDetailed, gsc_uiMapDescriptorSize);
-    fnAddList(g_oCvtCodeTable, gsc_oVtbCvt, gsc_uiCvtCodeSize);
-    fnAddList(g_oVtbStandardTimingTable, gsc_oVtbStandard, gsc_uiStandardTimingSize);
+    fnAddList(g_oDetailedTimingTable, Vtb::gsc_oDetailedTimings, gsc_uiMapDescriptorSize);
+    fnAddList(g_oCvtCodeTable, Vtb::gsc_oCvtCodes, gsc_uiCvtCodeSize);
+    fnAddList(g_oVtbStandardTimingTable, Vtb::gsc_oStandardTimings, gsc_uiStandardTimingSize);
 }
 
 // ---- Block map, E-EDID 1.4: the tags of the blocks after it. Block 1 has those of blocks 2 to 127, block 128
@@ -278,7 +273,7 @@ struct SExtension
 constexpr SExtension gsc_aoExtensions[] = {
     { eId_LcdTimings, { 0x01, 0x01, "LCD timings" }, "lcd-timings", gsc_oUnknownRest, "LCD timings extension block" },
     { eId_Cta, { 0x02, 0x02, "CTA-861 extension" }, "cea-861", gsc_oUnknownRest, "CTA-861 extension block" },
-    { eId_Vtb, { 0x10, 0x10, "video timing block extension (VTB-EXT)" }, "video-timing",
+    { eId_Vtb, { Vtb::gsc_uiTag, Vtb::gsc_uiTag, "video timing block extension (VTB-EXT)" }, "video-timing",
       gsc_oFillerRest, "Video timing block extension", MapVtb },
     { eId_Edid2, { 0x20, 0x20, "EDID 2.0 extension" }, "edid-2", gsc_oUnknownRest, "EDID 2.0 extension block" },
     { eId_ColorInformation, { 0x30, 0x30, "color information" }, "color-information", gsc_oUnknownRest, "Color information extension block" },

@@ -13,6 +13,16 @@ inline constexpr unsigned int gsc_uiDisplayIdTag = DisplayId::gsc_uiTag;
 inline constexpr unsigned int gsc_uiDisplayInformationTag = 0x40; // VESA DI-EXT
 inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0;           // a list of the blocks, with nothing of its own
 
+// Video timing block extension, VESA VTB-EXT, release A: three consecutive lists. Their lengths are entries.
+namespace Vtb
+{
+inline constexpr unsigned int gsc_uiTag = 0x10;
+inline constexpr SPlace gsc_oDetailedTimings = Byte(2);
+inline constexpr SPlace gsc_oCvtCodes = Byte(3);
+inline constexpr SPlace gsc_oStandardTimings = Byte(4);
+inline constexpr unsigned int gsc_uiListsOffset = 5;
+} // namespace Vtb
+
 // Offset of the byte that holds the number of extension blocks of an image of uiSize bytes: 126 of the base block or,
 // where that one is not 0, a byte of an override data block of the HDMI Forum. That one counts when it is the first
 // data block of block 1, a whole CTA-861 block of revision 3 or later.

@@ -1,8 +1,6 @@
 // zoredid convert: an image from one form into another.
 
 #include <stdio.h>
-#include <string.h>
-#include <strings.h>
 
 #include <memory>
 
@@ -23,30 +21,19 @@ struct SConvertOptions
     bool m_bForce = false;
 };
 
-// In either case.
-bool EndsWith(const std::string& sText, const char* pszEnding)
-{
-    const size_t uiLength = strlen(pszEnding);
-    return sText.size() >= uiLength && strcasecmp(sText.c_str() + sText.size() - uiLength, pszEnding) == 0;
-}
-
-bool HasEnding(const SOutputForm& oForm, const std::string& sName)
-{
-    return EndsWith(sName, oForm.m_pszEnding) ||
-           (oForm.m_pszOtherEnding != nullptr && EndsWith(sName, oForm.m_pszOtherEnding));
-}
-
-// The form that was asked for, else the one of the name's ending, else the raw image.
-const SOutputForm& ChooseForm(const SConvertOptions& oOptions)
+// The form that was asked for, else the one of the name's ending. Null with the reason in sProblem.
+const SOutputForm* ChooseForm(const SConvertOptions& oOptions, std::string& sProblem)
 {
     for (const SOutputForm& oForm : GetOutputForms())
     {
-        if (oOptions.m_sForm.empty() ? HasEnding(oForm, oOptions.m_sOut) : oOptions.m_sForm == oForm.m_pszName)
+        if (oOptions.m_sForm == oForm.m_pszName)
         {
-            return oForm;
+            return &oForm;
         }
     }
-    return GetOutputForms()[0];
+    const SOutputForm* const poForm = FindOutputForm(oOptions.m_sOut, sProblem);
+    sProblem += poForm == nullptr ? " (--form writes one under any name)" : "";
+    return poForm;
 }
 
 void Convert(const SConvertOptions& oOptions, STool& oTool)
@@ -65,9 +52,12 @@ void Convert(const SConvertOptions& oOptions, STool& oTool)
     }
     else
     {
-        const SOutputForm& oForm = ChooseForm(oOptions);
         sName = oOptions.m_sOut == "-" ? "standard output" : oOptions.m_sOut;
-        WriteOutput(oOptions.m_sOut, oForm.m_pfnMake(oInput.m_aui8Bytes), oOptions.m_bForce, oForm.m_bText, sProblem);
+        if (const SOutputForm* const poForm = ChooseForm(oOptions, sProblem); poForm != nullptr)
+        {
+            WriteOutput(oOptions.m_sOut, poForm->m_pfnMake(oInput.m_aui8Bytes), oOptions.m_bForce, poForm->m_bText,
+                        sProblem);
+        }
     }
     if (!sProblem.empty())
     {
@@ -89,9 +79,7 @@ void DeclareConvertOptions(COptions& oCommand, STool& oTool)
     oCommand.Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
         .Required()
         .Placeholder("OUT");
-    oCommand
-        .Word("--form", poOptions->m_sForm,
-              "Without it, the ending of OUT decides: .bin .xxd .hex .c .h .b64 .base64 .dat")
+    oCommand.Word("--form", poOptions->m_sForm, ("Without it, the ending of OUT decides: " + ListEndings()).c_str())
         .OneOf(asForms);
     oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT if it exists");
     oCommand.Footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");

@@ -12,6 +12,7 @@
 #include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "Output.h"
+#include "OutputForms.h"
 #include "Tool.h"
 #include "UnreadBlocks.h"
 
@@ -86,13 +87,17 @@ std::string CheckCommand(const SEditCommand& oArguments, const std::vector<SEdit
 
 void Write(const SEditCommand& oArguments, const CBytes& aui8Edited, std::string& sProblem)
 {
-    if (oArguments.m_bDryRun)
+    const SOutputForm* const poForm = FindOutputForm(oArguments.m_sOutput, sProblem);
+    if (poForm == nullptr)
     {
-        CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, false, sProblem);
         return;
     }
-    WriteOutput(oArguments.m_sOutput, std::string(aui8Edited.begin(), aui8Edited.end()), oArguments.m_bForce, false,
-                sProblem);
+    if (oArguments.m_bDryRun)
+    {
+        CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, poForm->m_bText, sProblem);
+        return;
+    }
+    WriteOutput(oArguments.m_sOutput, poForm->m_pfnMake(aui8Edited), oArguments.m_bForce, poForm->m_bText, sProblem);
 }
 
 void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
@@ -134,7 +139,9 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
 {
     const auto poArguments = std::make_shared<SEditCommand>();
     oCommand.Word("FILE", poArguments->m_sFile, gsc_szFileHelp).Required();
-    oCommand.Word("-o,--output", poArguments->m_sOutput, "The edited image, raw; - is standard output")
+    oCommand
+        .Word("-o,--output", poArguments->m_sOutput,
+              "The edited image, raw or as its ending says (.hex, .c ...); - is standard output")
         .Placeholder("OUT");
     oCommand.Flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
     oCommand.Flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");

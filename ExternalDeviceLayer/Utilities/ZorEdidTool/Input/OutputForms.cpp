@@ -3,6 +3,10 @@
 #include "OutputForms.h"
 
 #include <stdio.h>
+#include <string.h>
+#include <strings.h>
+
+#include <algorithm>
 
 #include "ZorEdidUtilsTable.h"
 
@@ -107,6 +111,53 @@ constexpr SOutputForm gsc_aoForms[] = {
     { "hex", ".hex", nullptr, true, MakeHex },         { "c", ".c", ".h", true, MakeCArray },
     { "base64", ".b64", ".base64", true, MakeBase64 }, { "dat", ".dat", nullptr, true, MakeTextTable },
 };
+
+// Of texts that others write; an image under such a name is taken for a damaged text.
+constexpr const char* gsc_apszOtherTexts[] = { ".cc",   ".cpp", ".csv",  ".css", ".htm", ".html",  ".ini", ".js",
+                                               ".json", ".log", ".md",   ".py",  ".reg", ".jsonl", ".rs",  ".svg",
+                                               ".text", ".tsv", ".toml", ".txt", ".xml", ".yaml",  ".yml" };
+
+bool EndsWith(const std::string& sText, const char* pszEnding)
+{
+    const size_t uiLength = strlen(pszEnding);
+    return sText.size() >= uiLength && strcasecmp(sText.c_str() + sText.size() - uiLength, pszEnding) == 0;
+}
+
+bool HasEnding(const SOutputForm& oForm, const std::string& sPath)
+{
+    return EndsWith(sPath, oForm.m_pszEnding) ||
+           (oForm.m_pszOtherEnding != nullptr && EndsWith(sPath, oForm.m_pszOtherEnding));
+}
 } // namespace
 
 std::span<const SOutputForm> GetOutputForms() { return gsc_aoForms; }
+
+const SOutputForm* FindOutputForm(const std::string& sPath, std::string& sProblem)
+{
+    const auto itForm = std::find_if(std::begin(gsc_aoForms), std::end(gsc_aoForms),
+                                     [&](const SOutputForm& oForm) { return HasEnding(oForm, sPath); });
+    if (itForm != std::end(gsc_aoForms))
+    {
+        return itForm;
+    }
+    const auto itText = std::find_if(std::begin(gsc_apszOtherTexts), std::end(gsc_apszOtherTexts),
+                                     [&](const char* pszEnding) { return EndsWith(sPath, pszEnding); });
+    if (itText != std::end(gsc_apszOtherTexts))
+    {
+        sProblem =
+            std::string("no form of an image has the ending ") + *itText + "; those written are " + ListEndings();
+        return nullptr;
+    }
+    return std::begin(gsc_aoForms);
+}
+
+std::string ListEndings()
+{
+    std::string sEndings;
+    for (const SOutputForm& oForm : gsc_aoForms)
+    {
+        sEndings += (sEndings.empty() ? "" : " ") + std::string(oForm.m_pszEnding);
+        sEndings += oForm.m_pszOtherEnding != nullptr ? std::string(" ") + oForm.m_pszOtherEnding : "";
+    }
+    return sEndings;
+}

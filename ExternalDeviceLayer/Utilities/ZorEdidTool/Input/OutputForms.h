@@ -17,3 +17,11 @@ struct SOutputForm
 };
 
 std::span<const SOutputForm> GetOutputForms();
+
+// The form that the ending of a file's name asks for, in either case; the raw image for a name without an ending and
+// for any unknown one. Null, with the reason in sProblem, for the ending of a text that is not written here, such as
+// ".json": a raw image under that name would mislead.
+const SOutputForm* FindOutputForm(const std::string& sPath, std::string& sProblem);
+
+// ".bin .xxd .hex ...": the endings of all forms.
+std::string ListEndings();

@@ -246,10 +246,27 @@ class Files(FolderCase):
         self.assertEqual((3, True), (status, "100 bytes are not a multiple of 128" in error))
 
     def test_the_ending_chooses_the_form(self):
+        edit = "edit", MONITOR, "--serial", "0x5"
+        edited = run(*edit, "-o", "-")[1]
         for ending, head in ((".bin", b"\0\xff"), (".xxd", b"00000000: 00ff"), (".hex", b"00 ff"), (".c", b"const"),
-                             (".h", b"const"), (".HEX", b"00 ff"), (".base64", b"AP//"), (".b64", b"AP//"), (".dat", MARKER.encode()), ("", b"\0\xff")):
-            self.assertEqual((0, b"", ""), run("convert", MONITOR, "-o", self.path("out" + ending)))
-            self.assertTrue(self.read("out" + ending).startswith(head), ending)
+                             (".h", b"const"), (".HEX", b"00 ff"), (".base64", b"AP//"), (".b64", b"AP//"),
+                             (".dat", MARKER.encode()), (".raw", b"\0\xff"), (".override", b"\0\xff"), ("", b"\0\xff")):
+            for command, image in ((("convert", MONITOR), IMAGE), (edit, edited)):
+                self.assertEqual((0, b"", ""), run(*command, "-o", self.path("out" + ending), "--force"))
+                self.assertTrue(self.read("out" + ending).startswith(head), ending)
+                self.assertEqual(image, run("convert", self.path("out" + ending), "-o", "-")[1], ending)
+
+    def test_the_ending_of_another_text_is_refused(self):
+        endings = ".bin .xxd .hex .c .h .b64 .base64 .dat"
+        for ending in ".json", ".TXT", ".html":
+            out = self.path("out" + ending)
+            reason = "zoredid: %s: no form of an image has the ending %s; those written are %s" % (out, ending.lower(), endings)
+            self.assertEqual((3, b"", reason + " (--form writes one under any name)\n"), run("convert", MONITOR, "-o", out))
+            for more in (), ("--dry-run",):
+                self.assertEqual((3, b"", reason + "\n"), run("edit", MONITOR, "--serial", "5", "-o", out, *more))
+            self.assertEqual([], os.listdir(self.folder))
+        self.assertEqual((0, b"", ""), run("convert", MONITOR, "-o", self.path("x.txt"), "--form", "bin"))
+        self.assertEqual(IMAGE, self.read("x.txt"))
 
     def test_a_file_is_replaced_whole_or_not_at_all(self):
         target = self.write("out", b"old")

@@ -44,26 +44,20 @@ void Convert(const SConvertOptions& oOptions, STool& oTool)
     {
         return;
     }
-    std::string sName = oOptions.m_sFile;
-    std::string sProblem;
     if (oInput.m_aui8Bytes.size() % uiBlockSize != 0)
     {
-        sProblem = std::to_string(oInput.m_aui8Bytes.size()) + " bytes are not a multiple of 128";
-    }
-    else
-    {
-        sName = oOptions.m_sOut == "-" ? "standard output" : oOptions.m_sOut;
-        if (const SOutputForm* const poForm = ChooseForm(oOptions, sProblem); poForm != nullptr)
-        {
-            WriteOutput(oOptions.m_sOut, poForm->m_pfnMake(oInput.m_aui8Bytes), oOptions.m_bForce, poForm->m_bText,
-                        sProblem);
-        }
-    }
-    if (!sProblem.empty())
-    {
-        fputs(MakeErrorLine(sName, sProblem).c_str(), stderr);
+        const std::string sCount = std::to_string(oInput.m_aui8Bytes.size());
+        fputs(MakeErrorLine(oOptions.m_sFile, sCount + " bytes are not a multiple of 128").c_str(), stderr);
         oTool.Note(eExit_Input);
+        return;
     }
+    SWritten oWritten;
+    if (const SOutputForm* const poForm = ChooseForm(oOptions, oWritten.m_sProblem); poForm != nullptr)
+    {
+        oWritten =
+            WriteOutput(oOptions.m_sOut, poForm->m_pfnMake(oInput.m_aui8Bytes), oOptions.m_bForce, poForm->m_bText);
+    }
+    ReportWritten(oOptions.m_sOut, oWritten, oTool);
 }
 } // namespace
 

@@ -85,19 +85,17 @@ std::string CheckCommand(const SEditCommand& oArguments, const std::vector<SEdit
                : "";
 }
 
-void Write(const SEditCommand& oArguments, const CBytes& aui8Edited, std::string& sProblem)
+SWritten Write(const SEditCommand& oArguments, const CBytes& aui8Edited)
 {
-    const SOutputForm* const poForm = FindOutputForm(oArguments.m_sOutput, sProblem);
+    SWritten oWritten;
+    const SOutputForm* const poForm = FindOutputForm(oArguments.m_sOutput, oWritten.m_sProblem);
     if (poForm == nullptr)
     {
-        return;
+        return oWritten;
     }
-    if (oArguments.m_bDryRun)
-    {
-        CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, poForm->m_bText, sProblem);
-        return;
-    }
-    WriteOutput(oArguments.m_sOutput, poForm->m_pfnMake(aui8Edited), oArguments.m_bForce, poForm->m_bText, sProblem);
+    return oArguments.m_bDryRun
+               ? CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, poForm->m_bText)
+               : WriteOutput(oArguments.m_sOutput, poForm->m_pfnMake(aui8Edited), oArguments.m_bForce, poForm->m_bText);
 }
 
 void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
@@ -115,20 +113,18 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
     {
         return;
     }
-    std::string sName = oArguments.m_sFile;
-    SEdited oEdited = EditBytes(oInput, aoEdits);
-    if (oEdited.m_sProblem.empty() && !oArguments.m_sOutput.empty())
-    {
-        oEdited.m_eExit = eExit_Input;
-        sName = oArguments.m_sOutput == "-" ? "standard output" : oArguments.m_sOutput;
-        Write(oArguments, oEdited.m_aui8Bytes, oEdited.m_sProblem);
-    }
+    const SEdited oEdited = EditBytes(oInput, aoEdits);
     if (!oEdited.m_sProblem.empty())
     {
-        fputs((MakeErrorLine(sName, oEdited.m_sProblem) + oEdited.m_sUnread).c_str(), stderr);
+        fputs((MakeErrorLine(oArguments.m_sFile, oEdited.m_sProblem) + oEdited.m_sUnread).c_str(), stderr);
         oTool.Note(oEdited.m_eExit);
+        return;
     }
-    else if (oArguments.m_bDiff)
+    if (!oArguments.m_sOutput.empty())
+    {
+        ReportWritten(oArguments.m_sOutput, Write(oArguments, oEdited.m_aui8Bytes), oTool);
+    }
+    if (oArguments.m_bDiff && oTool.m_eExit == eExit_Good)
     {
         fputs(DescribeChanges(oInput.m_aui8Bytes, oEdited.m_aui8Bytes).c_str(), stdout);
     }

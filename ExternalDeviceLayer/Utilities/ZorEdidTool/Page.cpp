@@ -104,13 +104,9 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
     {
         CompareImages(oPage);
     }
-    std::string sProblem;
-    if (!WriteOutput(oOptions.m_sOut, MakePage(GetTitle(oPage), MakeBody(oPage)), oOptions.m_bForce, true, sProblem))
-    {
-        const std::string sName = oOptions.m_sOut == "-" ? "standard output" : oOptions.m_sOut;
-        fputs(MakeErrorLine(sName, sProblem).c_str(), stderr);
-        oTool.Note(eExit_Input);
-    }
+    const SWritten oWritten =
+        WriteOutput(oOptions.m_sOut, MakePage(GetTitle(oPage), MakeBody(oPage)), oOptions.m_bForce, true);
+    ReportWritten(oOptions.m_sOut, oWritten, oTool);
 }
 } // namespace
 

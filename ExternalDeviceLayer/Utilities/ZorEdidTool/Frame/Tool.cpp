@@ -7,6 +7,7 @@
 #include <string.h>
 
 #include "Input.h"
+#include "Output.h"
 #include "TextFormat.h"
 
 namespace
@@ -32,6 +33,16 @@ void PrintResult(const std::string& sText)
     {
         g_iOutputError = errno;
     }
+}
+
+void ReportWritten(const std::string& sPath, const SWritten& oWritten, STool& oTool)
+{
+    const std::string& sText = oWritten.IsGood() ? oWritten.m_sHint : oWritten.m_sProblem;
+    if (!sText.empty())
+    {
+        fputs(MakeErrorLine(sPath == "-" ? "standard output" : sPath, sText).c_str(), stderr);
+    }
+    oTool.Note(oWritten.IsGood() ? eExit_Good : eExit_Input);
 }
 
 void PrintOutcome(const SOutcome& oOutcome, STool& oTool)

@@ -7,6 +7,7 @@
 
 class COptions;
 struct SInput;
+struct SWritten;
 
 enum EExit : int
 {
@@ -45,6 +46,9 @@ void PrintError(const std::string& sText);
 
 // Text on standard output. FinishOutput reports a write that failed.
 void PrintResult(const std::string& sText);
+
+// How OUT was written, on standard error; nothing where that went as usual. What went wrong is noted.
+void ReportWritten(const std::string& sPath, const SWritten& oWritten, STool& oTool);
 
 // Prints and notes the outcome of a subcommand without turns.
 void PrintOutcome(const SOutcome& oOutcome, STool& oTool);

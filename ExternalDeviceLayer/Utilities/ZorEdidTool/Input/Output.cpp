@@ -1,4 +1,4 @@
-// Writing a result into a file: whole or not at all.
+// Writing a result into a file: whole or not at all, where the file system lets it.
 
 #include "Output.h"
 
@@ -6,10 +6,11 @@
 #include <fcntl.h>
 #include <limits.h>
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "UnfinishedFile.h"
 
 namespace
 {
@@ -35,7 +36,11 @@ bool WriteAll(int iFile, const std::string& sContent)
     while (uiDone < sContent.size())
     {
         const ssize_t iWritten = write(iFile, sContent.data() + uiDone, sContent.size() - uiDone);
-        if (iWritten < 0 && errno != EINTR)
+        if (iWritten == 0)
+        {
+            errno = EIO; // it would go on for ever
+        }
+        if (iWritten == 0 || (iWritten < 0 && errno != EINTR))
         {
             return false;
         }
@@ -49,22 +54,6 @@ mode_t GetNewFileMode()
     const mode_t uiMask = umask(0);
     umask(uiMask);
     return gsc_uiNewFileMode & ~uiMask;
-}
-
-// Gives the temporary file the target's name. A file that came up there in the meantime is replaced only with bForce.
-bool Rename(const std::string& sTemporary, const std::string& sPath, bool bForce)
-{
-    if (bForce)
-    {
-        return rename(sTemporary.c_str(), sPath.c_str()) == 0;
-    }
-    if (renameat2(AT_FDCWD, sTemporary.c_str(), AT_FDCWD, sPath.c_str(), RENAME_NOREPLACE) == 0)
-    {
-        return true;
-    }
-    // File systems without this flag: a second name never exists already.
-    return (errno == EINVAL || errno == ENOSYS) && link(sTemporary.c_str(), sPath.c_str()) == 0 &&
-           unlink(sTemporary.c_str()) == 0;
 }
 
 // Up to its last slash; empty for a name in the present folder.
@@ -91,28 +80,47 @@ void SyncFolder(const std::string& sFolder)
     }
 }
 
-// poOld  the state of the file that is replaced, or null
-bool ReplaceFile(const std::string& sPath, const std::string& sContent, const struct stat* poOld, bool bForce,
-                 std::string& sProblem)
+// False with errno set.
+//   poOld  the state of the file that is replaced, or null
+bool ReplaceFile(const std::string& sPath, const std::string& sContent, const struct stat* poOld, bool bForce)
 {
-    std::string sTemporary = GetFolder(sPath) + ".zoredid.XXXXXX"; // short, as the target's name may be of the longest
-    const int iFile = mkostemp(sTemporary.data(), O_CLOEXEC);
-    if (iFile < 0)
+    CUnfinishedFile oFile(GetFolder(sPath));
+    const int iFile = oFile.GetFile();
+    if (iFile < 0 || fchmod(iFile, poOld != nullptr ? KeepOwner(iFile, *poOld) : GetNewFileMode()) != 0 ||
+        !WriteAll(iFile, sContent) || !oFile.Close() || !oFile.Rename(sPath, bForce))
     {
-        return Fail("cannot be written", sProblem);
-    }
-    bool bGood = fchmod(iFile, poOld != nullptr ? KeepOwner(iFile, *poOld) : GetNewFileMode()) == 0 &&
-                 WriteAll(iFile, sContent) && fsync(iFile) == 0;
-    bGood = close(iFile) == 0 && bGood;
-    bGood = bGood && Rename(sTemporary, sPath, bForce);
-    if (!bGood)
-    {
-        errno == EEXIST ? Refuse(gsc_pszExists, sProblem) : Fail("cannot be written", sProblem);
-        unlink(sTemporary.c_str());
         return false;
     }
     SyncFolder(GetFolder(sPath));
     return true;
+}
+
+// Whether another file beside it is the problem, or its taking the place: rights, a file system without new files, a
+// file that something is mounted on. A full disk is a problem of the content, and is not made worse.
+bool IsProblemOfPlace(int iError) { return iError == EACCES || iError == EPERM || iError == EROFS || iError == EBUSY; }
+
+std::string DescribeInPlace(int iReason)
+{
+    return std::string("in place, not in one step, as no other file can take its place: ") + strerror(iReason);
+}
+
+// iReason  why it is not replaced
+SWritten OverwriteFile(const std::string& sPath, const std::string& sContent, int iReason)
+{
+    const int iFile = open(sPath.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC | O_NOCTTY);
+    if (iFile < 0)
+    {
+        return { std::string("cannot be written: ") + strerror(iReason), "" };
+    }
+    const bool bWritten = WriteAll(iFile, sContent);
+    const bool bSynced = bWritten && (fsync(iFile) == 0 || errno == EINVAL || errno == EROFS); // files of the kernel
+    const int iError = errno;
+    if (close(iFile) == 0 && bSynced)
+    {
+        return { "", "was written " + DescribeInPlace(iReason) };
+    }
+    return { std::string("cannot be written: ") + strerror(bSynced ? errno : iError) + "; its old content is lost",
+             "" };
 }
 
 // Where a path leads through links, the last of which may point to nothing. Empty with errno set when it leads nowhere.
@@ -166,13 +174,18 @@ bool FindTarget(const std::string& sPath, bool bForce, STarget& oTarget, std::st
     return oTarget.m_bStream || bForce || !bSomething || Refuse(gsc_pszExists, sProblem);
 }
 
-// Whether a file may come up in the folder, or a stream be written; the one reason that is known before.
-bool MayWrite(const STarget& oTarget, std::string& sProblem)
+// Whether a file may come up in the folder, or what is there be written; the one reason that is known before.
+SWritten FindRights(const STarget& oTarget)
 {
     const std::string sFolder = GetFolder(oTarget.m_sPath);
-    const int iAllowed = oTarget.m_bStream ? access(oTarget.m_sPath.c_str(), W_OK)
-                                           : access(sFolder.empty() ? "." : sFolder.c_str(), W_OK | X_OK);
-    return iAllowed == 0 || Fail("cannot be written", sProblem);
+    const bool bItself = oTarget.m_bExists && access(oTarget.m_sPath.c_str(), W_OK) == 0;
+    const bool bBeside = !oTarget.m_bStream && access(sFolder.empty() ? "." : sFolder.c_str(), W_OK | X_OK) == 0;
+    if (bBeside || (bItself && oTarget.m_bStream))
+    {
+        return {};
+    }
+    return bItself ? SWritten{ "", "would be written " + DescribeInPlace(errno) }
+                   : SWritten{ std::string("cannot be written: ") + strerror(errno), "" };
 }
 
 bool IsSpared(int iFile, bool bIsText, std::string& sProblem)
@@ -181,10 +194,21 @@ bool IsSpared(int iFile, bool bIsText, std::string& sProblem)
            Refuse("raw bytes are not written to a terminal (choose a text form or a file)", sProblem);
 }
 
-// Writes to what is already open, or is not a file and so cannot be replaced.
-bool WriteInPlace(int iFile, const std::string& sContent, bool bIsText, std::string& sProblem)
+bool WriteStream(int iFile, const std::string& sContent, bool bIsText, std::string& sProblem)
 {
     return IsSpared(iFile, bIsText, sProblem) && (WriteAll(iFile, sContent) || Fail("cannot be written", sProblem));
+}
+
+bool OpenStream(const std::string& sPath, const std::string& sContent, bool bIsText, std::string& sProblem)
+{
+    const int iFile = open(sPath.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    if (iFile < 0)
+    {
+        return Fail("cannot be opened", sProblem);
+    }
+    const bool bGood = WriteStream(iFile, sContent, bIsText, sProblem);
+    const bool bClosed = close(iFile) == 0;
+    return bGood && (bClosed || Fail("cannot be written", sProblem));
 }
 } // namespace
 
@@ -196,37 +220,42 @@ bool IsStandardOutput(const std::string& sPath)
                             oStatus.st_dev == oOutput.st_dev && oStatus.st_ino == oOutput.st_ino);
 }
 
-bool CheckOutput(const std::string& sPath, bool bForce, bool bIsText, std::string& sProblem)
+SWritten CheckOutput(const std::string& sPath, bool bForce, bool bIsText)
 {
     STarget oTarget;
-    return sPath == "-" ? IsSpared(STDOUT_FILENO, bIsText, sProblem)
-                        : FindTarget(sPath, bForce, oTarget, sProblem) && MayWrite(oTarget, sProblem);
+    SWritten oWritten;
+    const bool bFound = sPath == "-" ? IsSpared(STDOUT_FILENO, bIsText, oWritten.m_sProblem)
+                                     : FindTarget(sPath, bForce, oTarget, oWritten.m_sProblem);
+    return bFound && sPath != "-" ? FindRights(oTarget) : oWritten;
 }
 
-bool WriteOutput(const std::string& sPath, const std::string& sContent, bool bForce, bool bIsText,
-                 std::string& sProblem)
+SWritten WriteOutput(const std::string& sPath, const std::string& sContent, bool bForce, bool bIsText)
 {
+    STarget oTarget;
+    SWritten oWritten;
     if (sPath == "-")
     {
-        return fflush(stdout) == 0 ? WriteInPlace(STDOUT_FILENO, sContent, bIsText, sProblem)
-                                   : Fail("cannot be written", sProblem);
+        fflush(stdout) == 0 ? WriteStream(STDOUT_FILENO, sContent, bIsText, oWritten.m_sProblem)
+                            : Fail("cannot be written", oWritten.m_sProblem);
+        return oWritten;
     }
-    STarget oTarget;
-    if (!FindTarget(sPath, bForce, oTarget, sProblem))
+    if (!FindTarget(sPath, bForce, oTarget, oWritten.m_sProblem))
     {
-        return false;
+        return oWritten;
     }
-    if (!oTarget.m_bStream)
+    if (oTarget.m_bStream)
     {
-        return ReplaceFile(oTarget.m_sPath, sContent, oTarget.m_bExists ? &oTarget.m_oStatus : nullptr, bForce,
-                           sProblem);
+        OpenStream(sPath, sContent, bIsText, oWritten.m_sProblem);
+        return oWritten;
     }
-    const int iFile = open(sPath.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
-    if (iFile < 0)
+    if (ReplaceFile(oTarget.m_sPath, sContent, oTarget.m_bExists ? &oTarget.m_oStatus : nullptr, bForce))
     {
-        return Fail("cannot be opened", sProblem);
+        return oWritten;
     }
-    const bool bGood = WriteInPlace(iFile, sContent, bIsText, sProblem);
-    const bool bClosed = close(iFile) == 0;
-    return bGood && (bClosed || Fail("cannot be written", sProblem));
+    if (oTarget.m_bExists && IsProblemOfPlace(errno)) // with bForce, or it would not have come here
+    {
+        return OverwriteFile(oTarget.m_sPath, sContent, errno);
+    }
+    errno == EEXIST ? Refuse(gsc_pszExists, oWritten.m_sProblem) : Fail("cannot be written", oWritten.m_sProblem);
+    return oWritten;
 }

@@ -298,13 +298,25 @@ class Files(FolderCase):
         target = self.write("out", b"old")
         os.chmod(self.folder, 0o555)
         self.addCleanup(os.chmod, self.folder, 0o755)
-        for arguments in (("convert", MONITOR), ("edit", MONITOR, "--serial", "7"), ("page", MONITOR)):
-            for output in (self.path("new"), target):
-                done = subprocess.run([*plain_user, COMMAND, *arguments, "-o", output, "--force"], capture_output=True,
-                                      timeout=60, check=False)
-                self.assertEqual((3, b"", 1), (done.returncode, done.stdout, done.stderr.count(b"\n")), done.stderr)
-                self.assertIn(b"Permission denied", done.stderr)
-        self.assertEqual((["out"], b"old"), (os.listdir(self.folder), self.read("out")))
+
+        def run_plainly(*arguments):
+            done = subprocess.run([*plain_user, COMMAND, *arguments], capture_output=True, timeout=60, check=False)
+            return done.returncode, done.stdout, done.stderr.decode()
+
+        new, inode, in_place = self.path("new"), os.stat(target).st_ino, \
+            "written in place, not in one step, as no other file can take its place: Permission denied\n"
+        edit = "edit", MONITOR, "--serial", "7"
+        for arguments in (("convert", MONITOR), edit, ("page", MONITOR), (*edit, "--dry-run")):
+            verb = "would be " if "--dry-run" in arguments else "was "
+            self.assertEqual((3, b"", "zoredid: %s: cannot be written: Permission denied\n" % new),
+                             run_plainly(*arguments, "-o", new, "--force"))
+            self.write("out", b"old" * 100000)  # longer than what comes
+            self.assertEqual((3, b"", "zoredid: %s: exists already (use --force)\n" % target),
+                             run_plainly(*arguments, "-o", target))
+            self.assertEqual((0, b"", "zoredid: %s: %s" % (target, verb + in_place)),
+                             run_plainly(*arguments, "-o", target, "--force"))
+            whole = run(*arguments, "-o", "-")[1] or b"old" * 100000
+            self.assertEqual((["out"], whole, inode), (os.listdir(self.folder), self.read("out"), os.stat(target).st_ino))
 
     def test_no_raw_bytes_on_a_terminal(self):
         for form, expected in (("bin", 3), ("hex", 0)):

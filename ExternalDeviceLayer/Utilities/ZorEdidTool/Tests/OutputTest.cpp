@@ -21,13 +21,13 @@ protected:
     // "done" or the problem.
     static std::string Put(const std::filesystem::path& oPath, const std::string& sContent, bool bForce)
     {
-        std::string sProblem;
-        return WriteOutput(oPath, sContent, bForce, true, sProblem) ? "done" : sProblem;
+        const SWritten oWritten = WriteOutput(oPath, sContent, bForce, true);
+        return oWritten.IsGood() ? "done" : oWritten.m_sProblem;
     }
     static std::string Ask(const std::filesystem::path& oPath, bool bForce)
     {
-        std::string sProblem;
-        return CheckOutput(oPath, bForce, true, sProblem) ? "done" : sProblem;
+        const SWritten oWritten = CheckOutput(oPath, bForce, true);
+        return oWritten.IsGood() ? "done" : oWritten.m_sProblem;
     }
     mode_t GetMode(const char* pszName) const
     {
@@ -135,6 +135,29 @@ TEST_F(Output, AFailureInTheMiddleKeepsTheOldContent)
     EXPECT_EQ("cannot be written: File too large", sNew);
     EXPECT_EQ("old", Read("file"));
     EXPECT_EQ(CNames{ "file" }, List());
+}
+
+// A limit on the size of files sends the signal while half of the content is written.
+TEST_F(Output, ASignalInTheMiddleLeavesNothing)
+{
+    const auto fnWriteUntil = [this](int iSignal) {
+        static int s_iSignal;
+        s_iSignal = iSignal;
+        const rlimit oLow = { 1000, 1000 };
+        setrlimit(RLIMIT_FSIZE, &oLow);
+        signal(SIGXFSZ, [](int) { raise(s_iSignal); });
+        return Put(m_oFolder / "new", std::string(2000, 'x'), false) == "cannot be written: File too large" ? 7 : 8;
+    };
+    for (const int iSignal : { SIGHUP, SIGINT, SIGTERM })
+    {
+        EXPECT_EXIT(_exit(fnWriteUntil(iSignal)), testing::KilledBySignal(iSignal), "");
+        EXPECT_EQ(CNames{}, List());
+    }
+    EXPECT_EXIT((signal(SIGHUP, SIG_IGN), _exit(fnWriteUntil(SIGHUP))), testing::ExitedWithCode(7), ""); // as of nohup
+    EXPECT_EQ(CNames{}, List());
+    // And what comes later finds the signals as they were.
+    EXPECT_EQ("done", Put(m_oFolder / "new", "x", false));
+    EXPECT_EQ(SIG_DFL, signal(SIGTERM, SIG_DFL));
 }
 
 TEST_F(Output, ANameWithoutFolderIsInThePresentOne)

@@ -45,8 +45,7 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
 {
     COptions& oProgram = oCommandLine.GetOptions();
     oProgram.Version("--version", "zoredid " ZOREDID_VERSION, "Print the version and exit");
-    oProgram.Flag("-v,--verbose", oTool.m_bVerbose,
-                  "Say on standard error what inputs were taken for, and what the library says about them");
+    oProgram.Flag("-v,--verbose", oTool.m_bVerbose, "Say on standard error what inputs were taken for");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();
     // Sections of the man page come from here, by scripts/make-man.
     oProgram.Footer("Exit status:\n"

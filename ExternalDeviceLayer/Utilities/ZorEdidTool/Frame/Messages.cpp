@@ -2,10 +2,11 @@
 
 #include "Messages.h"
 
-#include <algorithm>
 #include <stdarg.h>
 #include <stdio.h>
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "OsServices.h"
@@ -22,26 +23,32 @@ std::string& GetText()
 
 void Keep(const char* pszFormat, va_list oList)
 {
+    constexpr std::string_view sAssertion = ") Assertion failed\n"; // after FILE(LINE
     char szText[512];
     const int iLength = vsnprintf(szText, sizeof(szText), pszFormat, oList);
+    const std::string_view sMessage(szText, std::min(static_cast<size_t>(std::max(iLength, 0)), sizeof(szText) - 1));
     std::string& sText = GetText();
-    if (iLength > 0 && sText.size() < gsc_uiLongest)
+    if (sText.size() < gsc_uiLongest && !sMessage.ends_with(sAssertion))
     {
-        sText.append(szText, std::min(static_cast<size_t>(iLength), sizeof(szText) - 1));
+        sText += sMessage;
     }
 }
 
 void Drop(const char* /*pszFormat*/, va_list /*oList*/) {}
 } // namespace
 
-void CatchMessages(bool bKeep) { OsServices::SetMsgWriter(bKeep ? Keep : Drop); }
+void CatchMessages(bool bKeep)
+{
+    OsServices::SetMsgPrefixEnable(0); // it would come apart from the text, and means nothing to a user
+    OsServices::SetMsgWriter(bKeep ? Keep : Drop);
+}
 
 std::string TakeMessages()
 {
     std::string sText = std::exchange(GetText(), "");
     if (!sText.empty() && sText.back() != '\n')
     {
-        sText += '\n'; // the limit fell between a head and its text
+        sText += '\n'; // a message that was cut
     }
     return sText;
 }

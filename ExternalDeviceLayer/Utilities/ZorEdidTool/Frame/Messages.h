@@ -1,5 +1,6 @@
-// What the library says while it works, its assertion lines above all. The library writes to standard output, where the
-// command's results go; here it is kept apart for each thread.
+// What the library says while it works. It writes to standard output, where the command's results go; here it is kept
+// apart for each thread. Its assertion lines name places in its sources and mean nothing to a user: they are dropped.
+// What is wrong with an image, the command finds and says itself.
 
 #pragma once
 

@@ -443,8 +443,7 @@ class ManyFiles(FolderCase):
         self.assertEqual("", run("report", broken)[2])
         status, out, error = run("report", broken, "--verbose")
         self.assertEqual((0, run("report", broken)[1]), (status, out))
-        self.assertEqual("zoredid: %s: taken for raw image" % broken, error.splitlines()[0])
-        self.assertIn("Assertion failed\n", error)
+        self.assertEqual("zoredid: %s: taken for raw image\n" % broken, error)  # and no assertion of the library
         text = MARKER + "0 |  00  FF\n"  # the library's loader would print its size
         self.assertEqual((3, b""), run("report", "-", data=text.encode())[:2])
 

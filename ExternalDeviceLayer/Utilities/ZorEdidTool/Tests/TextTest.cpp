@@ -1,4 +1,5 @@
-// Text for people: names and numbers of the command line, and the names and places of the fields of a map.
+// Text for people: names and numbers of the command line, messages of the library, and the names and places of the
+// fields of a map.
 
 #include <gtest/gtest.h>
 
@@ -6,12 +7,27 @@
 #include "Input.h"
 #include "MapJson.h"
 #include "MapText.h"
+#include "Messages.h"
+#include "OsServices.h"
 #include "SharedFiles.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "ZorAssert.h"
 
 namespace
 {
+TEST(Text, OfTheLibraryHasNoAssertions)
+{
+    CatchMessages(true);
+    MASSERT_FAILED();
+    OsServices::WriteUserMsg("%u lanes\n", 4U);
+    MASSERT_FAILED();
+    EXPECT_EQ("4 lanes\n", TakeMessages());
+    EXPECT_EQ("", TakeMessages());
+    OsServices::SetMsgPrefixEnable(1);
+    OsServices::SetMsgWriter(nullptr);
+}
+
 TEST(Text, NamesOfOthersStayInOneLineOfUtf8)
 {
     const std::pair<std::string, const char*> aoCases[] = {

@@ -3,8 +3,8 @@
 #include "ManyFiles.h"
 
 #include <errno.h>
+#include <fcntl.h>
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 #include <unistd.h>
 
@@ -12,11 +12,13 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <memory>
 #include <mutex>
 #include <new>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "CommandLine.h"
 #include "Messages.h"
@@ -41,14 +43,13 @@ namespace
 class CNames
 {
 public:
-    explicit CNames(const SFiles& oFiles) : m_oFiles(oFiles) {}
+    explicit CNames(const SFiles& oFiles) : m_oFiles(oFiles), m_cEnd(oFiles.m_bNulSeparated ? '\0' : '\n') {}
     ~CNames()
     {
-        if (m_poList != nullptr && m_poList != stdin)
+        if (m_iList > STDIN_FILENO)
         {
-            fclose(m_poList);
+            close(m_iList);
         }
-        free(m_pcLine);
     }
     CNames(const CNames&) = delete;
     CNames& operator=(const CNames&) = delete;
@@ -58,13 +59,14 @@ public:
     {
         if (!m_oFiles.m_sListFile.empty())
         {
-            m_poList = m_oFiles.m_sListFile == "-" ? stdin : fopen(m_oFiles.m_sListFile.c_str(), "re");
-            return m_poList != nullptr;
+            m_iList =
+                m_oFiles.m_sListFile == "-" ? STDIN_FILENO : open(m_oFiles.m_sListFile.c_str(), O_RDONLY | O_CLOEXEC);
+            return m_iList >= 0;
         }
         return true;
     }
 
-    // Empty lines are skipped.
+    // False at the end. Empty lines are skipped.
     bool Next(std::string& sName)
     {
         if (m_uiNext < m_oFiles.m_asNames.size())
@@ -72,35 +74,68 @@ public:
             sName = m_oFiles.m_asNames[m_uiNext++];
             return true;
         }
-        const char cEnd = m_oFiles.m_bNulSeparated ? '\0' : '\n';
-        ssize_t iLength = 0;
-        while (m_poList != nullptr && (iLength = getdelim(&m_pcLine, &m_uiLineSize, cEnd, m_poList)) > 0)
+        while (!HasNext() && ReadList())
         {
-            sName.assign(m_pcLine, static_cast<size_t>(iLength));
-            if (sName.back() == cEnd)
-            {
-                sName.pop_back();
-            }
-            if (!sName.empty())
-            {
-                return true;
-            }
         }
-        return false;
+        const size_t uiEnd = std::min(m_sRead.find(m_cEnd, m_uiAt), m_sRead.size()); // the last line may lack its end
+        sName.assign(m_sRead, m_uiAt, uiEnd - m_uiAt);
+        m_uiAt = uiEnd;
+        return !sName.empty();
     }
 
-    // Whether the list broke off.
-    bool HasFailed() const { return m_poList != nullptr && ferror(m_poList) != 0; }
+    // Whether there is a name that need not be waited for.
+    bool HasNext()
+    {
+        m_uiAt = std::min(m_sRead.find_first_not_of(m_cEnd, m_uiAt), m_sRead.size());
+        return m_uiNext < m_oFiles.m_asNames.size() || m_sRead.find(m_cEnd, m_uiAt) != std::string::npos;
+    }
+
+    // Why the list broke off; empty when it did not.
+    const std::string& GetProblem() const { return m_sProblem; }
 
     // 0 when it shows at the end only.
-    size_t GetCount() const { return m_poList == nullptr ? m_oFiles.m_asNames.size() : 0; }
+    size_t GetCount() const { return m_iList < 0 ? m_oFiles.m_asNames.size() : 0; }
 
 private:
+    // Appends what the list has at once, after waiting until it has something. False at its end.
+    bool ReadList()
+    {
+        constexpr size_t uiPiece = size_t{ 1 } << 16;   // bytes
+        constexpr size_t uiLongest = size_t{ 1 } << 20; // bytes of a name; the system takes 4096
+        if (m_iList < 0)
+        {
+            return false;
+        }
+        m_sRead.erase(0, m_uiAt);
+        m_uiAt = 0;
+        const size_t uiSize = m_sRead.size();
+        if (uiSize > uiLongest)
+        {
+            m_sRead.clear();
+            m_sProblem = "a name is longer than 1 MiB";
+            return false;
+        }
+        m_sRead.resize(uiSize + uiPiece);
+        ssize_t iRead = 0;
+        do
+        {
+            iRead = read(m_iList, m_sRead.data() + uiSize, uiPiece);
+        } while (iRead < 0 && errno == EINTR);
+        if (iRead < 0)
+        {
+            m_sProblem = std::string("cannot be read: ") + strerror(errno);
+        }
+        m_sRead.resize(uiSize + static_cast<size_t>(iRead > 0 ? iRead : 0));
+        return iRead > 0;
+    }
+
     const SFiles& m_oFiles;
+    const char m_cEnd; // of each name of the list
     size_t m_uiNext = 0;
-    FILE* m_poList = nullptr;
-    char* m_pcLine = nullptr; // of getdelim
-    size_t m_uiLineSize = 0;
+    int m_iList = -1;    // not open
+    std::string m_sRead; // of the list; the names before m_uiAt are taken
+    size_t m_uiAt = 0;
+    std::string m_sProblem;
 };
 
 // A line on standard error that is written over and over, and only on a terminal.
@@ -245,40 +280,77 @@ private:
     bool m_bFirst = true; // standard output has nothing but the head
 };
 
-// The turns from the next to be printed to the last begun.
-class CWindow
+// The turns that a thread takes at once: consecutive inputs.
+struct STurns
+{
+    std::vector<std::string> m_asNames;
+    std::vector<SOutcome> m_aoOutcomes; // of each name, when they are done
+    bool m_bDone = false;
+};
+
+// How many turns a thread takes at once. Threads wait for each other when they take names and hand over outcomes, which
+// costs more than a short turn; long turns, and those that print much, are taken singly, for the sake of the other
+// threads and of memory.
+class CPace
 {
 public:
-    CWindow(CNames& oNames, size_t uiSize) : m_oNames(oNames), m_uiSize(uiSize) {}
+    size_t GetCount() const { return m_uiCount; }
 
-    // Run by each thread: takes names and does their turns until there are none.
-    template <class TURN>
-    void Work(const TURN& fnTurn)
+    void Begin() { m_oBegin = std::chrono::steady_clock::now(); }
+
+    void End(const std::vector<SOutcome>& aoOutcomes)
     {
-        std::string sName;
-        for (STurn* poTurn = Begin(sName); poTurn != nullptr; poTurn = Begin(sName))
+        constexpr std::chrono::milliseconds oLong{ 4 };
+        constexpr size_t uiMuch = size_t{ 1 } << 15; // bytes
+        constexpr size_t uiMost = 32;                // turns
+        size_t uiBytes = 0;
+        for (const SOutcome& oOutcome : aoOutcomes)
         {
-            SOutcome oOutcome = fnTurn(sName);
-            const std::lock_guard<std::mutex> oLock(m_oMutex);
-            poTurn->m_oOutcome = std::move(oOutcome);
-            poTurn->m_bDone = true;
-            m_oDone.notify_one();
+            uiBytes += oOutcome.m_sOut.size() + oOutcome.m_sError.size();
+        }
+        const auto oTook = std::chrono::steady_clock::now() - m_oBegin;
+        if (oTook > oLong || uiBytes > uiMuch)
+        {
+            m_uiCount = std::max(m_uiCount / 2, size_t{ 1 });
+        }
+        else if (oTook < oLong / 2 && uiBytes < uiMuch / 2)
+        {
+            m_uiCount = std::min(2 * m_uiCount, uiMost);
         }
     }
 
-    // The next outcome in the order of the names. False at the end.
-    bool Take(SOutcome& oOutcome)
+private:
+    size_t m_uiCount = 1;
+    std::chrono::steady_clock::time_point m_oBegin;
+};
+
+// Output that cannot be written ends the run: no later turn could be printed.
+bool CanPrint() { return ferror(stdout) == 0; }
+
+// The turns from the next to be printed to the last begun. All threads run the same: whoever is done with turns prints
+// what can be printed, so that no thread has to be woken for that.
+class CWindow
+{
+public:
+    CWindow(CNames& oNames, size_t uiSize, const STurnRules& oRules, CPrinter& oPrinter)
+        : m_oNames(oNames), m_uiSize(uiSize), m_oRules(oRules), m_oPrinter(oPrinter)
     {
-        std::unique_lock<std::mutex> oLock(m_oMutex);
-        m_oDone.wait(oLock, [&] { return m_apoTurns.empty() ? m_bEnded : m_apoTurns.front()->m_bDone; });
-        if (m_apoTurns.empty())
+    }
+
+    // Takes names and does their turns until there are none.
+    void Work()
+    {
+        CPace oPace;
+        for (STurns* poTurns = Begin(oPace.GetCount()); poTurns != nullptr; poTurns = Begin(oPace.GetCount()))
         {
-            return false;
+            oPace.Begin();
+            for (const std::string& sName : poTurns->m_asNames)
+            {
+                poTurns->m_aoOutcomes.push_back(RunTurn(sName, m_oRules));
+            }
+            oPace.End(poTurns->m_aoOutcomes);
+            Finish(*poTurns);
         }
-        oOutcome = std::move(m_apoTurns.front()->m_oOutcome);
-        m_apoTurns.pop_front();
-        m_oSpace.notify_one();
-        return true;
     }
 
     // No turn is begun any more.
@@ -287,19 +359,13 @@ public:
         const std::lock_guard<std::mutex> oLock(m_oMutex);
         m_bEnded = true;
         m_oSpace.notify_all();
-        m_oDone.notify_one();
     }
 
 private:
-    struct STurn
-    {
-        SOutcome m_oOutcome;
-        bool m_bDone = false;
-    };
-
-    // One thread at a time waits for space and for the name, so that turns are in the order of the names. Reading a
-    // name may take long; what is done by then can be printed all the same. Null at the end.
-    STurn* Begin(std::string& sName)
+    // One thread at a time waits for space and for a name, so that turns are in the order of the names. Reading a
+    // name may take long; what is done by then can be printed all the same. Only the first name is waited for: those
+    // before it must not wait for those after it. Null at the end.
+    STurns* Begin(size_t uiMost)
     {
         const std::lock_guard<std::mutex> oNamesLock(m_oNamesMutex);
         {
@@ -310,27 +376,72 @@ private:
                 return nullptr;
             }
         }
-        if (!m_oNames.Next(sName))
+        auto poTurns = std::make_unique<STurns>();
+        std::vector<std::string>& asNames = poTurns->m_asNames;
+        std::string sName;
+        while (asNames.size() < uiMost && (asNames.empty() || m_oNames.HasNext()) && m_oNames.Next(sName))
+        {
+            asNames.push_back(sName);
+        }
+        if (asNames.empty())
         {
             End();
             return nullptr;
         }
+        poTurns->m_aoOutcomes.reserve(asNames.size());
         const std::lock_guard<std::mutex> oLock(m_oMutex);
-        m_apoTurns.push_back(std::make_unique<STurn>());
-        return m_apoTurns.back().get();
+        return m_apoTurns.emplace_back(std::move(poTurns)).get();
+    }
+
+    // Prints these turns and those that waited for them, unless earlier ones are not done, or another thread prints: it
+    // then comes to these, too.
+    void Finish(STurns& oTurns)
+    {
+        std::unique_lock<std::mutex> oLock(m_oMutex);
+        oTurns.m_bDone = true;
+        if (m_bPrinting)
+        {
+            return;
+        }
+        m_bPrinting = true;
+        while (!m_apoTurns.empty() && m_apoTurns.front()->m_bDone)
+        {
+            std::unique_ptr<STurns> poNext = std::move(m_apoTurns.front());
+            m_apoTurns.pop_front();
+            m_oSpace.notify_one();
+            oLock.unlock();
+            Print(std::move(poNext));
+            oLock.lock();
+        }
+        m_bPrinting = false;
+    }
+
+    void Print(std::unique_ptr<STurns> poTurns)
+    {
+        for (const SOutcome& oOutcome : poTurns->m_aoOutcomes)
+        {
+            if (!CanPrint())
+            {
+                End();
+                return;
+            }
+            m_oPrinter.Print(oOutcome);
+        }
     }
 
     CNames& m_oNames;
-    const size_t m_uiSize;
-    std::mutex m_oNamesMutex; // held while the next name is read; taken before the other one
+    const size_t m_uiSize; // of the list below
+    const STurnRules& m_oRules;
+    CPrinter& m_oPrinter;     // of the thread that prints
+    std::mutex m_oNamesMutex; // held while names are read; taken before the other one
     std::mutex m_oMutex;      // guards what follows
-    std::condition_variable m_oDone;
     std::condition_variable m_oSpace;
-    std::deque<std::unique_ptr<STurn>> m_apoTurns;
-    bool m_bEnded = false; // no more names follow
+    std::deque<std::unique_ptr<STurns>> m_apoTurns;
+    bool m_bPrinting = false; // a thread prints
+    bool m_bEnded = false;    // no more names follow
 };
 
-// All threads of a run; they are joined whatever happens.
+// The threads of a run besides the one that it is called in; they are joined whatever happens.
 class CThreads
 {
 public:
@@ -338,18 +449,14 @@ public:
     ~CThreads()
     {
         m_oWindow.End();
-        for (std::thread& oThread : m_aoThreads)
-        {
-            oThread.join();
-        }
+        JoinAll();
     }
     CThreads(const CThreads&) = delete;
     CThreads& operator=(const CThreads&) = delete;
 
-    // Starts as many as the system lets run, up to uiCount, and says how many. Their stacks must not take the memory
-    // that the turns need: some is held back until all have started, and none begins its work before that.
-    template <class WORK>
-    size_t Start(unsigned int uiCount, const WORK& fnWork)
+    // Starts as many as the system lets run, up to uiCount. Their stacks must not take the memory that the turns need:
+    // some is held back until all have started, and none begins its work before that.
+    void Start(size_t uiCount)
     {
         constexpr size_t uiReserve = size_t{ 16 } << 20; // bytes, which nothing touches
         const std::lock_guard<std::mutex> oLock(m_oGate);
@@ -359,11 +466,7 @@ public:
             m_aoThreads.reserve(uiCount);
             while (m_aoThreads.size() < uiCount)
             {
-                m_aoThreads.emplace_back([this, fnWork] {
-                    m_oGate.lock();
-                    m_oGate.unlock();
-                    fnWork();
-                });
+                m_aoThreads.emplace_back([this] { Work(); });
             }
         }
         catch (const std::system_error&) // too many threads
@@ -373,46 +476,63 @@ public:
         {
         }
         m_pui8Reserve.reset();
-        return m_aoThreads.size();
+    }
+
+    // What has ended one of them early is thrown here.
+    void Join()
+    {
+        JoinAll();
+        if (const std::exception_ptr poFault = std::exchange(m_poFault, nullptr); poFault != nullptr)
+        {
+            std::rethrow_exception(poFault);
+        }
     }
 
 private:
+    void JoinAll()
+    {
+        for (std::thread& oThread : m_aoThreads)
+        {
+            oThread.join();
+        }
+        m_aoThreads.clear();
+    }
+
+    void Work()
+    {
+        m_oGate.lock();
+        m_oGate.unlock();
+        try
+        {
+            m_oWindow.Work();
+        }
+        catch (const std::exception&)
+        {
+            m_oWindow.End();
+            const std::lock_guard<std::mutex> oLock(m_oGate);
+            m_poFault = std::current_exception();
+        }
+    }
+
     CWindow& m_oWindow;
-    std::mutex m_oGate; // held until all have started
+    std::mutex m_oGate; // held until all have started; then guards the fault
+    std::exception_ptr m_poFault;
     // A member, as the compiler may leave out memory that is used nowhere.
     std::unique_ptr<unsigned char[]> m_pui8Reserve;
     std::vector<std::thread> m_aoThreads;
 };
 
-// Output that cannot be written ends the run: no later turn could be printed.
-bool CanPrint() { return ferror(stdout) == 0; }
-
-void RunOneByOne(CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
+void RunTurns(unsigned int uiJobs, CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
 {
-    std::string sName;
-    while (CanPrint() && oNames.Next(sName))
-    {
-        oPrinter.Print(RunTurn(sName, oRules));
-    }
-}
-
-// False when no thread can be started; no name is taken then.
-bool RunInThreads(unsigned int uiJobs, CNames& oNames, const STurnRules& oRules, CPrinter& oPrinter)
-{
-    constexpr size_t uiTurnsOfAThread = 8; // so that one long turn does not stop the others at once
-    CWindow oWindow(oNames, uiTurnsOfAThread * uiJobs);
+    constexpr size_t uiOfAThread = 4; // so that one long turn does not stop the others at once
+    CWindow oWindow(oNames, uiOfAThread * uiJobs, oRules, oPrinter);
     CThreads oThreads(oWindow);
-    const auto fnTurn = [&oRules](const std::string& sName) { return RunTurn(sName, oRules); };
-    if (oThreads.Start(uiJobs, [&] { oWindow.Work(fnTurn); }) == 0)
+    if (uiJobs > 1)
     {
-        return false;
+        oThreads.Start(uiJobs - 1);
     }
-    SOutcome oOutcome;
-    while (CanPrint() && oWindow.Take(oOutcome))
-    {
-        oPrinter.Print(oOutcome);
-    }
-    return true;
+    oWindow.Work();
+    oThreads.Join();
 }
 } // namespace
 
@@ -433,14 +553,11 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
     }
     CPrinter oPrinter(oFiles, oNames.GetCount(), oTool);
     const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, fnTurn };
-    if (oFiles.m_uiJobs <= 1 || !RunInThreads(oFiles.m_uiJobs, oNames, oRules, oPrinter))
-    {
-        RunOneByOne(oNames, oRules, oPrinter);
-    }
+    RunTurns(oFiles.m_uiJobs, oNames, oRules, oPrinter);
     oPrinter.Finish();
-    if (oNames.HasFailed())
+    if (!oNames.GetProblem().empty())
     {
-        fputs(MakeErrorLine(oFiles.m_sListFile, "cannot be read").c_str(), stderr);
+        fputs(MakeErrorLine(oFiles.m_sListFile, oNames.GetProblem()).c_str(), stderr);
         oTool.Note(eExit_Input);
     }
 }

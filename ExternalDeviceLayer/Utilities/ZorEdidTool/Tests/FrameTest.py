@@ -343,6 +343,31 @@ class ManyFiles(FolderCase):
         status, out, error = run("report", "--files-from", self.path("none"))
         self.assertEqual((3, b"", "zoredid: %s: cannot be opened: No such file or directory\n" % self.path("none")),
                          (status, out, error))
+        for bad, reason in ((self.folder, "cannot be read: Is a directory"),
+                            (self.write("long", b"x" * (2 << 20)), "a name is longer than 1 MiB")):
+            for jobs in "12":  # the names before the list are still done
+                self.assertEqual((3, head(one) + text, "zoredid: %s: %s\n" % (bad, reason)),
+                                 run("report", "-j", jobs, one, "--files-from", bad))
+
+    def test_a_list_that_comes_in_parts(self):
+        ours, theirs = pty.openpty()  # on which output does not wait for more of it
+        with subprocess.Popen([COMMAND, "report", "-j", "2", "--jsonl", "--files-from", "-"], stdin=subprocess.PIPE,
+                              stdout=theirs, stderr=subprocess.DEVNULL) as process:
+            for part in (MONITOR[:-3], MONITOR[-3:] + "\n\n"):
+                process.stdin.write(part.encode())
+                process.stdin.flush()
+                time.sleep(0.05)
+            answer = b""
+            while not answer.endswith(b"\n"):  # before the list ends
+                answer += os.read(ours, 1 << 16)
+            process.stdin.write((MONITOR + "\n\n" + MONITOR).encode())
+            process.stdin.close()
+            while answer.count(b"\n") < 3:
+                answer += os.read(ours, 1 << 16)
+        os.close(theirs)
+        os.close(ours)
+        lines_of_it = answer.splitlines()
+        self.assertEqual((3, 1), (len(lines_of_it), len(set(lines_of_it))))
 
     def test_a_thousand_files_in_order(self):
         names = []

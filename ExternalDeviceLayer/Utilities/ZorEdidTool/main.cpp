@@ -48,7 +48,8 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
     oProgram.Flag("-v,--verbose", oTool.m_bVerbose, "Say on standard error what inputs were taken for");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();
     // Sections of the man page come from here, by scripts/make-man.
-    oProgram.Footer("Exit status:\n"
+    oProgram.Footer("'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"
+                    "Exit status:\n"
                     "  0  good\n"
                     "  1  compare: different. check: errors or warnings. edit: refused. timing: no such timing.\n"
                     "     explain: no such byte, block or text.\n"
@@ -60,8 +61,11 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
     for (const SSubcommand& oSubcommand : gsc_aoSubcommands)
     {
         oCommandLine.Subcommand(oSubcommand.m_pszName, oSubcommand.m_pszSummary,
-                                [&](COptions& oCommand) { oSubcommand.m_pfnDeclareOptions(oCommand, oTool); });
+                                [pfnDeclareOptions = oSubcommand.m_pfnDeclareOptions, &oTool](COptions& oCommand) {
+                                    pfnDeclareOptions(oCommand, oTool);
+                                });
     }
+    oCommandLine.Default("show");
 }
 
 int Run(int iCount, char** ppszArguments)

@@ -3,10 +3,13 @@
 #include "CommandLine.h"
 
 #include <stdio.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
+#include <utility>
 
+#include "NearWord.h"
 #include "TextFormat.h"
 
 namespace
@@ -73,23 +76,14 @@ void RefuseFlagValues(CLI::App& oApp)
     }
 }
 
-// The word in place of a subcommand, and the subcommands that exist.
-std::string DescribeMissingCommand(const CLI::App& oApp)
+// A name of a file that does not exist, or of a connector (HDMI-A-1), is known by its characters, which no subcommand
+// has.
+bool LooksLikeFile(const std::string& sWord)
 {
-    const std::vector<std::string> asUnknown = oApp.remaining();
-    std::string sText = "no subcommand is given";
-    if (!asUnknown.empty())
-    {
-        const bool bOption = asUnknown[0].starts_with('-');
-        sText = (bOption ? "unknown option '" : "unknown subcommand '") + TakeWord(asUnknown[0]) + "'";
-    }
-    sText += "; expected one of";
-    for (const CLI::App* poCommand : oApp.get_subcommands({}))
-    {
-        sText += " " + poCommand->get_name();
-    }
-    return sText;
+    return sWord.find_first_of("/.-") != std::string::npos || access(sWord.c_str(), F_OK) == 0;
 }
+
+bool IsOption(const std::string& sArgument) { return sArgument.starts_with('-') && sArgument != "-"; }
 
 void EraseAll(std::string& sText, const std::string& sPart)
 {
@@ -120,7 +114,18 @@ COption COption::Check(const TCheck& fnCheck) const
 
 COption COption::OneOf(const std::vector<std::string>& asValues) const
 {
-    m_oOption.transform(CLI::IsMember(asValues, CLI::ignore_case)); // as spelled in asValues
+    const auto fnTake = [asValues](std::string& sText) {
+        for (const std::string& sValue : asValues)
+        {
+            if (CLI::detail::to_lower(sText) == CLI::detail::to_lower(sValue))
+            {
+                sText = sValue;
+                return std::string();
+            }
+        }
+        return "unknown value '" + sText + "'" + NameKnownWords(sText, asValues);
+    };
+    m_oOption.transform(CLI::Validator(fnTake, "{" + CLI::detail::join(asValues) + "}"));
     return *this;
 }
 
@@ -229,25 +234,120 @@ CCommandLine::~CCommandLine() = default;
 void CCommandLine::Subcommand(const char* pszName, const char* pszSummary,
                               const std::function<void(COptions&)>& fnDeclare)
 {
-    CLI::App& oCommand = *m_poApp->add_subcommand(pszName, pszSummary);
-    if (std::find(m_asArguments.begin(), m_asArguments.end(), pszName) == m_asArguments.end())
+    m_aoSubcommands.push_back({ *m_poApp->add_subcommand(pszName, pszSummary), fnDeclare });
+}
+
+bool CCommandLine::HasSubcommand(const std::string& sName) const
+{
+    const std::vector<std::string> asNames = ListSubcommands();
+    return std::find(asNames.begin(), asNames.end(), sName) != asNames.end();
+}
+
+std::vector<std::string> CCommandLine::ListSubcommands() const
+{
+    std::vector<std::string> asNames;
+    for (const SSubcommand& oSubcommand : m_aoSubcommands)
+    {
+        asNames.push_back(oSubcommand.m_oApp.get_name());
+    }
+    return asNames;
+}
+
+// The long options of the subcommand that is given and of the program, of which the argument may mean one.
+std::string CCommandLine::AskForOption(const std::string& sArgument) const
+{
+    std::vector<const CLI::App*> apoApps = { m_poApp.get() };
+    const auto apoUsed = m_poApp->get_subcommands();
+    apoApps.insert(apoApps.begin(), apoUsed.begin(), apoUsed.end());
+    std::vector<std::string> asNames;
+    for (const CLI::App* poApp : apoApps)
+    {
+        for (const CLI::Option* poOption : poApp->get_options())
+        {
+            const std::vector<std::string>& asLong = poOption->get_lnames();
+            const bool bHidden = poOption->get_group().empty();
+            asNames.insert(asNames.end(), asLong.begin(), bHidden ? asLong.begin() : asLong.end());
+        }
+    }
+    const bool bLong = sArgument.starts_with("--");
+    const std::string sNear = bLong ? FindNearWord(sArgument.substr(2, sArgument.find('=') - 2), asNames) : "";
+    return sNear.empty() ? "" : "; did you mean '--" + sNear + "'?";
+}
+
+// Its place among the arguments, their number if there is none. Options of the program come before it.
+size_t CCommandLine::FindFirstWord() const
+{
+    for (size_t i = m_asArguments.size(); i-- > 0;)
+    {
+        if (!IsOption(m_asArguments[i]))
+        {
+            return i;
+        }
+        const CLI::Option* poOption = std::as_const(*m_poApp).get_option_no_throw(m_asArguments[i]);
+        if (poOption != nullptr && poOption->get_expected_max() > 0 && i > 0)
+        {
+            --i;
+        }
+    }
+    return m_asArguments.size();
+}
+
+void CCommandLine::TakeHelpAndDefault()
+{
+    const size_t uiFirst = FindFirstWord();
+    if (uiFirst == m_asArguments.size() || HasSubcommand(m_asArguments[uiFirst]))
     {
         return;
     }
-    fnDeclare(*m_apoOptions.emplace_back(std::make_unique<COptions>(oCommand)));
-    oCommand.fallthrough(); // the options of all subcommands may follow it
-    RefuseFlagValues(oCommand);
-    for (CLI::Option* poOption : oCommand.get_options())
+    const auto oFirst = m_asArguments.begin() + static_cast<std::ptrdiff_t>(uiFirst);
+    if (*oFirst != "help")
     {
-        if (poOption->get_positional())
+        if (HasSubcommand(m_sDefault) && LooksLikeFile(*oFirst))
         {
-            poOption->transform(TakeWord);
+            m_asArguments.insert(oFirst + 1, m_sDefault);
+        }
+        return;
+    }
+    if (uiFirst == 0 || IsOption(*(oFirst - 1)) || *(oFirst - 1) == "help")
+    {
+        m_asArguments = { "--help" };
+    }
+    else if (HasSubcommand(*(oFirst - 1)))
+    {
+        m_asArguments = { "--help", *(oFirst - 1) };
+    }
+    else
+    {
+        m_asArguments.erase(oFirst); // its topic is then no subcommand
+    }
+}
+
+void CCommandLine::DeclareNamed()
+{
+    for (const SSubcommand& oSubcommand : m_aoSubcommands)
+    {
+        CLI::App& oCommand = oSubcommand.m_oApp;
+        if (std::find(m_asArguments.begin(), m_asArguments.end(), oCommand.get_name()) == m_asArguments.end())
+        {
+            continue;
+        }
+        oSubcommand.m_fnDeclare(*m_apoOptions.emplace_back(std::make_unique<COptions>(oCommand)));
+        oCommand.fallthrough(); // the options of all subcommands may follow it
+        RefuseFlagValues(oCommand);
+        for (CLI::Option* poOption : oCommand.get_options())
+        {
+            if (poOption->get_positional())
+            {
+                poOption->transform(TakeWord);
+            }
         }
     }
 }
 
 EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
 {
+    TakeHelpAndDefault();
+    DeclareNamed();
     RefuseFlagValues(*m_poApp);
     m_poApp->parse_complete_callback(fnParsed);
     try
@@ -258,6 +358,16 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     {
         m_poApp->exit(oHelp);
     }
+    catch (const CLI::ExtrasError& oError)
+    {
+        std::string sNear;
+        for (const std::string& sExtra : m_poApp->remaining(true))
+        {
+            sNear = sNear.empty() ? AskForOption(sExtra) : sNear;
+        }
+        PrintProblem(oError.what() + sNear);
+        return eExit_CommandLine;
+    }
     catch (const CLI::ParseError& oError)
     {
         PrintProblem(oError.what());
@@ -266,13 +376,29 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     return eExit_Good;
 }
 
+// The word in place of a subcommand, and the subcommand that was meant or those that exist.
+std::string CCommandLine::DescribeMissingCommand() const
+{
+    const std::vector<std::string> asUnknown = m_poApp->remaining();
+    std::string sText = "no subcommand is given";
+    std::string sNear;
+    if (!asUnknown.empty())
+    {
+        const std::string sWord = TakeWord(asUnknown[0]);
+        const bool bOption = IsOption(sWord);
+        sText = (bOption ? "unknown option '" : "unknown subcommand '") + sWord + "'";
+        sNear = bOption ? AskForOption(sWord) : AskForNearWord(sWord, ListSubcommands());
+    }
+    return sText + (sNear.empty() ? "; expected one of " + CLI::detail::join(ListSubcommands(), " ") : sNear);
+}
+
 // The text as one line.
 void CCommandLine::PrintProblem(std::string sProblem) const
 {
     const auto apoUsed = m_poApp->get_subcommands();
     EraseAll(sProblem, gsc_szWordMark);
     std::replace(sProblem.begin(), sProblem.end(), '\n', ' '); // CLI11 lists several things in lines
-    sProblem = apoUsed.empty() ? DescribeMissingCommand(*m_poApp) : sProblem;
+    sProblem = apoUsed.empty() ? DescribeMissingCommand() : sProblem;
     const std::string sHelp = apoUsed.empty() ? "zoredid --help" : "zoredid " + apoUsed[0]->get_name() + " --help";
     PrintError(sProblem + " (see " + sHelp + ")");
 }

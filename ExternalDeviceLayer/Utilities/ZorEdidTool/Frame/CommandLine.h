@@ -88,14 +88,34 @@ public:
     // The options of a subcommand that no argument names are not declared: that would take most of the time of a run.
     void Subcommand(const char* pszName, const char* pszSummary, const std::function<void(COptions&)>& fnDeclare);
 
+    // The subcommand that a first word means which is a file or looks like the name of one. Without effect when there
+    // is no such subcommand.
+    void Default(const char* pszName) { m_sDefault = pszName; }
+
     // Parses, calls fnParsed, then what the subcommand runs. A wrong command line becomes one line on standard error,
-    // and nothing is called. The help and the version are printed, and nothing is called.
+    // and nothing is called. The help and the version are printed, and nothing is called; "help" and "help SUBCOMMAND"
+    // are the same as --help.
     EExit Parse(const std::function<void()>& fnParsed);
 
 private:
+    bool HasSubcommand(const std::string& sName) const;
+    std::vector<std::string> ListSubcommands() const;
+    std::string AskForOption(const std::string& sArgument) const;
+    size_t FindFirstWord() const;
+    void TakeHelpAndDefault();
+    void DeclareNamed();
+    std::string DescribeMissingCommand() const;
     void PrintProblem(std::string sProblem) const;
 
+    struct SSubcommand
+    {
+        CLI::App& m_oApp;
+        std::function<void(COptions&)> m_fnDeclare;
+    };
+
     std::unique_ptr<CLI::App> m_poApp;
+    std::vector<SSubcommand> m_aoSubcommands;
+    std::string m_sDefault;
     std::vector<std::string> m_asArguments;              // the last one first
     std::vector<std::unique_ptr<COptions>> m_apoOptions; // of the program, then of the subcommand that is named
 };

@@ -486,10 +486,24 @@ class CommandLine(unittest.TestCase):
             self.assertEqual((True, 1), ("\\x1b[2J" in error, error.count("\n")), error)
             self.assertNotIn("\x1b", error)
         self.assertIn("(see zoredid check --help)", run("check")[2])
-        for arguments, what in (((), "no subcommand is given"), (("reprt", MONITOR), "unknown subcommand 'reprt'"),
+        for arguments, what in (((), "no subcommand is given"), (("x", MONITOR), "unknown subcommand 'x'"),
+                                (("help", "x"), "unknown subcommand 'x'"),
                                 (("-v", "a\nb"), "unknown subcommand 'a\\nb'"), (("--json",), "unknown option '--json'")):
             self.assertRegex(run(*arguments)[2],
                              "^zoredid: " + re.escape(what) + "; expected one of report .*convert")
+
+    def test_what_was_meant(self):
+        for arguments, meant in ((("reprt", MONITOR), "report"), (("help", "tim"), "timing"), (("-v", "lisst"), "list"),
+                                 (("--verson",), "--version"), (("report", MONITOR, "--frmat=plain"), "--format"),
+                                 (("compare", MONITOR, MONITOR, MONITOR, "--verbos"), "--verbose"),
+                                 (("report", MONITOR, "--format", "plian"), "plain"),
+                                 (("convert", MONITOR, "-o", "-", "--form", "base46"), "base64")):
+            status, out, error = run(*arguments)
+            self.assertEqual((2, b"", 1), (status, out, error.count("\n")), error)
+            self.assertIn("; did you mean '%s'? (see zoredid" % meant, error)
+        for arguments in (("quit",), ("report", MONITOR, "--nonsense"), ("report", MONITOR, "--" + "x" * 5000),
+                          ("convert", MONITOR, "-o", "-", "--form", "gif")):
+            self.assertNotIn("did you mean", run(*arguments)[2])
 
     def test_words_behind_the_end_of_the_options(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -511,6 +525,8 @@ class CommandLine(unittest.TestCase):
             self.assertEqual((0, ""), (status, error))
             self.assertIn(b"--help", out)
             self.assertRegex(out.decode(), r"\nExamples?:(.*\n)*.*zoredid %s.*\n$" % "".join(command))
+            self.assertEqual(run(*command, "--help"), run("help", *command))
+            self.assertEqual(run(*command, "--help"), run("--sysfs", "/tmp", "-v", "help", *command))
         names = re.findall(r"^  ([a-z]+) +(.*)", run("--help")[1].decode().split("Subcommands:")[1], re.MULTILINE)
         self.assertEqual(list(SUBCOMMANDS), [name for name, _ in names])
         self.assertLess(max(len(text) for _, text in names), 80)  # a short phrase each

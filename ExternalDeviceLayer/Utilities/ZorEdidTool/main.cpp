@@ -7,6 +7,7 @@
 
 #include "CommandLine.h"
 #include "Connectors.h"
+#include "Input.h"
 #include "Messages.h"
 #include "TextFormat.h"
 #include "Tool.h"
@@ -46,6 +47,8 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
     COptions& oProgram = oCommandLine.GetOptions();
     oProgram.Version("--version", "zoredid " ZOREDID_VERSION, "Print the version and exit");
     oProgram.Flag("-v,--verbose", oTool.m_bVerbose, "Say on standard error what inputs were taken for");
+    oProgram.Word("--monitor", SetMonitor, "Of an input with several EDIDs, take that of this connector, or by number")
+        .Placeholder("NAME|N");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();
     // Sections of the man page come from here, by scripts/make-man.
     oProgram.Footer("'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"

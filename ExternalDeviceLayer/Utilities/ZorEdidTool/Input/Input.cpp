@@ -18,6 +18,12 @@ constexpr size_t gsc_uiPiece = size_t{ 1 } << 14;
 
 constexpr char gsc_szEmpty[] = "is empty";
 
+std::string& GetMonitor()
+{
+    static std::string s_sMonitor;
+    return s_sMonitor;
+}
+
 SInput MakeProblem(const std::string& sName, const std::string& sProblem) { return { sName, {}, "", sProblem }; }
 
 bool IsNullDevice(const struct stat& oStatus)
@@ -55,7 +61,7 @@ SInput ReadOpenFile(const std::string& sName, int iFile)
         sContent.resize(uiSize + static_cast<size_t>(iRead > 0 ? iRead : 0));
         if (iRead == 0)
         {
-            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty) : DecodeInput(sName, sContent);
+            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty) : DecodeInput(sName, sContent, GetMonitor());
         }
         if (iRead < 0 && iError != EINTR)
         {
@@ -119,6 +125,8 @@ SInput ReadNamedConnector(const std::string& sName)
     return oInput;
 }
 } // namespace
+
+void SetMonitor(const std::string& sNameOrNumber) { GetMonitor() = sNameOrNumber; }
 
 SInput ReadConnector(const SConnector& oConnector)
 {

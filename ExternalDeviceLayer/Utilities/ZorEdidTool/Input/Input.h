@@ -27,5 +27,9 @@ SInput ReadInput(const std::string& sName);
 SInput ReadConnector(const SConnector& oConnector);
 inline constexpr char gsc_szNoEdid[] = "has no EDID";
 
+// Which EDID ReadInput takes of a text that holds several: the connector's name there, or a number from 1. Without it,
+// the first one. Set it before there are several threads.
+void SetMonitor(const std::string& sNameOrNumber);
+
 // The image in bytes of any known form; sName names it in messages.
-SInput DecodeInput(const std::string& sName, const std::string& sContent);
+SInput DecodeInput(const std::string& sName, const std::string& sContent, const std::string& sMonitor = "");

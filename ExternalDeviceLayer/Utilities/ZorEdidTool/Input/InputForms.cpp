@@ -1,9 +1,10 @@
 // The forms in which an image comes, one reader each. A reader goes over the text once. Those of dumps are in
-// InputDump.cpp, those of base64 and plain digits in InputDigits.cpp.
+// InputDump.cpp, those of base64 and plain digits in InputDigits.cpp. InputMonitors.cpp takes one of several EDIDs.
 
 #include <stdio.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "Characters.h"
 #include "InputReaders.h"
@@ -11,15 +12,6 @@
 
 namespace
 {
-// Of several EDIDs in a text the first one is taken, and a message says so. sWhose may be empty.
-void NameFirstOf(const char* pszForm, size_t uiCount, std::string_view sWhose, SInput& oInput)
-{
-    const std::string sFirst = "the first EDID of " + std::to_string(uiCount);
-    oInput.m_sForm = uiCount > 1 ? pszForm + (", " + sFirst) : pszForm;
-    oInput.m_sHint = uiCount > 1 ? sFirst + " is read" : "";
-    oInput.m_sHint += uiCount > 1 && !sWhose.empty() ? ", that of " + std::string(sWhose) : "";
-}
-
 // ---- Raw ----
 
 bool TakeBytes(const std::string& sContent, SInput& oInput)
@@ -118,15 +110,14 @@ void AddRegistryBytes(std::string_view sLine, std::string_view& sRest, size_t& u
     }
 }
 
-bool ReadRegistry(const std::string& sText, SInput& oInput)
+bool ReadRegistry(const std::string& sText, CMonitors& aoMonitors)
 {
     bool bRegistry = StartsWith(sText, "Windows Registry Editor") || StartsWith(sText, "REGEDIT4");
     std::string_view sRest = sText;
-    size_t uiFound = 0;
-    unsigned int uiBlocks = 0; // of an override
+    SInput oOverride;
+    unsigned int uiBlocks = 0; // of the override
     std::string_view sKey;
-    std::string_view sKeyOfEdid;
-    for (size_t uiLine = 1; !sRest.empty() && oInput.IsGood(); ++uiLine)
+    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
     {
         const std::string_view sLine = Trim(TakeLine(sRest));
         sKey = StartsWith(sLine, "[") ? sLine : sKey;
@@ -136,58 +127,57 @@ bool ReadRegistry(const std::string& sText, SInput& oInput)
             continue;
         }
         bRegistry = true;
-        const bool bEdid = EqualsNoCase(oValue.m_sName, "EDID");
-        const bool bBlock = uiFound == 0 && oValue.m_sName == std::to_string(uiBlocks);
-        if (bEdid && uiFound++ == 0)
-        {
-            oInput.m_aui8Bytes.clear(); // of an override
-            sKeyOfEdid = sKey;
-        }
-        uiBlocks += bBlock ? 1 : 0;
         SInput oOther;
-        AddRegistryBytes(oValue.m_sBytes, sRest, uiLine, bBlock || (bEdid && uiFound == 1) ? oInput : oOther);
+        SInput* poInput = &oOther;
+        if (EqualsNoCase(oValue.m_sName, "EDID"))
+        {
+            poInput = &aoMonitors.emplace_back(SInput{ std::string(sKey), {}, "", "" });
+        }
+        else if (oValue.m_sName == std::to_string(uiBlocks))
+        {
+            poInput = &oOverride;
+            ++uiBlocks;
+        }
+        AddRegistryBytes(oValue.m_sBytes, sRest, uiLine, *poInput);
     }
-    if (bRegistry && oInput.IsGood() && oInput.m_aui8Bytes.empty())
+    if (aoMonitors.empty() && uiBlocks != 0)
     {
-        oInput.m_sProblem = "a registry export without a value EDID";
+        aoMonitors.push_back(oOverride);
     }
-    NameFirstOf("Windows registry export", uiFound, sKeyOfEdid, oInput);
+    if (bRegistry && aoMonitors.empty())
+    {
+        aoMonitors.push_back({ "", {}, "", "a registry export without a value EDID" });
+    }
     return bRegistry;
 }
 
 // ---- xrandr --verbose or --prop: a line "EDID:", then lines of digits only ----
 
-bool ReadXrandr(const std::string& sText, SInput& oInput)
+bool ReadXrandr(const std::string& sText, CMonitors& aoMonitors)
 {
     std::string_view sRest = sText;
-    size_t uiFound = 0;
     std::string_view sOutput; // whose properties the lines are
-    std::string_view sOutputOfEdid;
     bool bInside = false;
-    bool bAny = false;
-    for (size_t uiLine = 1; !sRest.empty() && oInput.IsGood(); ++uiLine)
+    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
     {
         const std::string_view sLine = Trim(TakeLine(sRest));
-        if (sLine.find(" connected ") != std::string_view::npos)
-        {
-            sOutput = sLine.substr(0, sLine.find(' '));
-        }
+        std::string_view sWords = sLine;
+        const std::string_view sFirst = TakeToken(sWords, gsc_sBlanks);
+        sOutput = TakeToken(sWords, gsc_sBlanks) == "connected" ? sFirst : sOutput;
         if (sLine == "EDID:" || sLine == "EDID_DATA:")
         {
-            sOutputOfEdid = oInput.m_aui8Bytes.empty() ? sOutput : sOutputOfEdid;
-            bAny = true;
+            aoMonitors.push_back({ std::string(sOutput), {}, "", "" });
             bInside = true;
-            uiFound += oInput.m_aui8Bytes.empty() ? 0U : 1U;
             continue;
         }
         bInside = bInside && !sLine.empty() && IsHex(sLine);
-        if (bInside && uiFound == 0 && !AddHex(oInput, sLine))
+        if (bInside && !AddHex(aoMonitors.back(), sLine))
         {
-            oInput.m_sProblem = AtLine(uiLine, "an odd number of digits");
+            aoMonitors.back().m_sProblem = AtLine(uiLine, "an odd number of digits");
+            bInside = false;
         }
     }
-    NameFirstOf("xrandr --verbose", uiFound + 1, sOutputOfEdid, oInput);
-    return bAny;
+    return !aoMonitors.empty();
 }
 
 // ---- C array: { 0x00, 255, ... }, or such numbers without braces ----
@@ -318,19 +308,36 @@ struct SForm
     const char* m_pszName; // replaced by a reader that knows more
     // False when the text does not have this form. Else the input receives the bytes or a problem.
     bool (*m_pfnRead)(const std::string& sText, SInput& oInput);
+    // Instead of that one, for texts that may hold several EDIDs.
+    bool (*m_pfnReadAll)(const std::string& sText, CMonitors& aoMonitors) = nullptr;
 };
 
 constexpr SForm gsc_aoForms[] = {
     { "raw image", ReadRaw },
     { "text table", ReadTextTable },
-    { "Windows registry export", ReadRegistry },
-    { "xrandr --verbose", ReadXrandr },
+    { "Windows registry export", nullptr, ReadRegistry },
+    { "xrandr --verbose", nullptr, ReadXrandr },
     { "dump with addresses", ReadDump },
     { "C array", ReadCArray },
     { "base64", ReadBase64 },
     { "hexadecimal digits", ReadDigits },
     { "raw image", ReadRest },
 };
+
+bool ReadForm(const SForm& oForm, const std::string& sText, const std::string& sMonitor, SInput& oInput)
+{
+    CMonitors aoMonitors;
+    if (oForm.m_pfnReadAll != nullptr ? !oForm.m_pfnReadAll(sText, aoMonitors) : !oForm.m_pfnRead(sText, oInput))
+    {
+        return false;
+    }
+    if (oForm.m_pfnReadAll == nullptr && !sMonitor.empty() && oInput.IsGood())
+    {
+        aoMonitors.push_back({ "", oInput.m_aui8Bytes, "", "" });
+    }
+    ChooseMonitor(std::move(aoMonitors), sMonitor, oInput);
+    return true;
+}
 
 // An image may begin like a byte order mark, too. All characters of the forms are below 256.
 bool IsUtf16(const std::string& sContent)
@@ -375,13 +382,13 @@ bool IsSwapped(const std::vector<unsigned char>& aui8Bytes)
 }
 } // namespace
 
-SInput DecodeInput(const std::string& sName, const std::string& sContent)
+SInput DecodeInput(const std::string& sName, const std::string& sContent, const std::string& sMonitor)
 {
     const std::string sText = MakePlainText(sContent);
     for (const SForm& oForm : gsc_aoForms)
     {
         SInput oInput = { sName, {}, oForm.m_pszName, "" };
-        if (!oForm.m_pfnRead(sText, oInput))
+        if (!ReadForm(oForm, sText, sMonitor, oInput))
         {
             continue;
         }

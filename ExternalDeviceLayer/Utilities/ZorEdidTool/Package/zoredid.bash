@@ -39,7 +39,7 @@ _zoredid()
   if [[ $word == -* ]]; then
     # "  -o,--output FILE  What it does"
     words=$(sed -n 's/^  \(-[^ ]*\).*/\1/p' <<< "$help" | tr ',' ' ')
-  elif [[ -z $subcommand && $previous != --sysfs ]]; then
+  elif [[ -z $subcommand && $previous != --sysfs && $previous != --monitor ]]; then
     words=$all
   else
     [[ $previous != -* ]] || words=$(_zoredid_values "$help" "$previous")

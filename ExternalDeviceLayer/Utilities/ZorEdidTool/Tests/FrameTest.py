@@ -73,6 +73,7 @@ def registry(name="EDID", image=IMAGE):
 
 XRANDR = "Screen 0: minimum 320 x 200\nHDMI-1 connected primary\n\tEDID: \n" + \
     lines(16, "%02x", "\t\t", join="") + "\tBroadcast RGB: Automatic\n\t\tsupported: 00, 01\n"
+OTHER_OUTPUT = "DP-2 connected\n\tEDID:\n\t\t" + bytes(128).hex() + "\n"
 XXD = lines(16, "%02x", "{offset:08x}: ", "  {text}\n")
 C_ARRAY = "/* { 1, 2 } */ static const uint8_t x[] = {\n// 0x11\n" + lines(8, "0x%02X", "\t", ", /* {text} */\n", ", ") + "};"
 
@@ -95,7 +96,8 @@ FORMS = {  # every form of the image, and what it is taken for
                     "hexadecimal digits"),
     "bytes with dashes": (lines(999, "%02X", join="-"), "hexadecimal digits"),
     "xrandr --verbose": (XRANDR, "xrandr --verbose"),
-    "xrandr, two monitors": (XRANDR + XRANDR, "xrandr --verbose, the first EDID of 2"),
+    "xrandr, two monitors": (XRANDR + OTHER_OUTPUT, "xrandr --verbose, the first EDID of 2"),
+    "xrandr, one monitor twice": (XRANDR + XRANDR, "xrandr --verbose"),
     "registry": ("Windows Registry Editor Version 5.00\r\n" + registry(), "Windows registry export"),
     "registry, an override and two EDIDs": (registry("0") + registry("EDID") + registry("edid", b"x"),
                                             "Windows registry export, the first EDID of 2"),
@@ -117,9 +119,11 @@ FORMS = {  # every form of the image, and what it is taken for
 }
 
 HINTS = {  # what is said in any case
-    "xrandr, two monitors": "zoredid: -: the first EDID of 2 is read, that of HDMI-1\n",
+    "xrandr, two monitors": "zoredid: -: the first EDID of 2 is read, that of HDMI-1; "
+                            "--monitor chooses: 1 HDMI-1 (ASUS VE276), 2 DP-2\n",
     "registry, an override and two EDIDs":
-        "zoredid: -: the first EDID of 2 is read, that of [HKEY_LOCAL_MACHINE\\\\X]\n",
+        "zoredid: -: the first EDID of 2 is read, that of [HKEY_LOCAL_MACHINE\\\\X]; "
+        "--monitor chooses: 1 [HKEY_LOCAL_MACHINE\\\\X] (ASUS VE276), 2 [HKEY_LOCAL_MACHINE\\\\X]\n",
 }
 
 XXD_LINES = XXD.splitlines(keepends=True)
@@ -174,6 +178,14 @@ class Forms(unittest.TestCase):
             for subcommand in "report", "explain":  # of those with turns, and of those without
                 status, _, error = run(subcommand, "-", data=data)
                 self.assertEqual((0, hint), (status, error))
+
+    def test_another_of_several_is_taken(self):
+        data = (OTHER_OUTPUT + XRANDR).encode()
+        for name in "HDMI-1", "2":
+            for before, after in ((("--monitor", name), ()), ((), ("--monitor", name))):
+                self.assertEqual((0, IMAGE, ""), run(*before, "convert", "-", "-o", "-", *after, data=data))
+        self.assertEqual((3, b"", "zoredid: -: xrandr --verbose: no monitor '3'; there are 1 DP-2, 2 HDMI-1 (ASUS VE276)\n"),
+                         run("report", "-", "--monitor", "3", data=data))
 
     def test_what_cannot_be_taken_gets_one_line(self):
         for name, (text, reason) in BAD.items():

@@ -221,6 +221,45 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
     }
 }
 
+TEST(InputMonitors, AreChosenByNameOrNumber)
+{
+    constexpr char szTwo[] = "DP-1 connected \n EDID:\n 00\nDP-2 connected \n EDID:\n 11\n";
+    // A damaged one, one without digits, one that comes twice, one of the same name, and one whose name is a number.
+    constexpr char szMany[] =
+        "a connected \n EDID:\n 000\nb connected \n EDID:\nc connected \n EDID:\n 11\n EDID_DATA:\n "
+        "11\n EDID:\n 22\n1 connected \n EDID:\n 33\n";
+    const struct
+    {
+        const char* m_pszText;
+        const char* m_pszMonitor;
+        const char* m_pszBytes;
+        const char* m_pszSaid; // form and hint, or problem
+    } aoCases[] = {
+        { szTwo, "", "00",
+          "xrandr --verbose, the first EDID of 2|the first EDID of 2 is read, that of DP-1; "
+          "--monitor chooses: 1 DP-1, 2 DP-2" },
+        { szTwo, "DP-2", "11", "xrandr --verbose, EDID 2 of 2|" },
+        { szTwo, "1", "00", "xrandr --verbose, EDID 1 of 2|" },
+        { szTwo, "dp-2", "", "xrandr --verbose: no monitor 'dp-2'; there are 1 DP-1, 2 DP-2" },
+        { szTwo, "0", "", "xrandr --verbose: no monitor '0'; there are 1 DP-1, 2 DP-2" },
+        { szMany, "2", "11", "xrandr --verbose, EDID 2 of 4|" },
+        { szMany, "c", "", "xrandr --verbose: several EDIDs of the monitor 'c'; there are 1 a, 2 c, 3 c, 4 1" },
+        { szMany, "1", "33", "xrandr --verbose, EDID 4 of 4|" },
+        { szMany, "", "",
+          "xrandr --verbose, the first EDID of 4: line 3: an odd number of digits; --monitor chooses: 1 a, 2 c, 3 c, 4 "
+          "1" },
+        { "00 ff", "1", "00 FF", "hexadecimal digits|" },
+        { "00 ff", "DP-1", "", "hexadecimal digits: no monitor 'DP-1'; there is only 1" },
+        { "0", "DP-1", "", "hexadecimal digits: line 1: an odd number of digits" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        const SInput oInput = DecodeInput("x", oCase.m_pszText, oCase.m_pszMonitor);
+        EXPECT_EQ(oCase.m_pszSaid, oInput.IsGood() ? oInput.m_sForm + "|" + oInput.m_sHint : oInput.m_sProblem);
+        EXPECT_EQ(ParseBytes(oCase.m_pszBytes), oInput.m_aui8Bytes) << oCase.m_pszSaid;
+    }
+}
+
 // Columns and line ends of its rows are those of the library's reader.
 TEST(InputTable, GivesItsBytesWhereverTheMarkerStands)
 {

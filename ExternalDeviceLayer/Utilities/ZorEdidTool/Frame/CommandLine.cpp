@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
+#include <string_view>
 #include <utility>
 
+#include "HelpText.h"
 #include "NearWord.h"
 #include "TextFormat.h"
 
@@ -17,6 +19,9 @@ namespace
 // Put before a word that follows "--", so that CLI11 takes it as a word: "--" no longer ends the options once a FILE
 // precedes it. No name begins so.
 constexpr char gsc_szWordMark[] = "\x01--\x01";
+
+// The last argument of a call by the completion of the shell, which no help names.
+constexpr char gsc_szCompletion[] = "--list-options";
 
 // The arguments in the order that CLI11 parses: the last one first. "--name=" becomes "--name" and an empty word, which
 // CLI11 would overlook.
@@ -84,6 +89,77 @@ bool LooksLikeFile(const std::string& sWord)
 }
 
 bool IsOption(const std::string& sArgument) { return sArgument.starts_with('-') && sArgument != "-"; }
+
+// The value of an option, from "PLACEHOLDER", "PLACEHOLDER:{A,B,C}" or "PLACEHOLDER:RANGE".
+struct SType
+{
+    std::string m_sPlaceholder;
+    std::vector<std::string> m_asValues;
+    std::string m_sRange;
+};
+
+SType ReadType(const CLI::Option& oOption)
+{
+    const std::string sType = oOption.get_type_name();
+    const size_t uiColon = std::min(sType.find(':'), sType.size());
+    SType oType;
+    oType.m_sPlaceholder = sType.substr(0, uiColon);
+    const std::string sRest = sType.substr(std::min(uiColon + 1, sType.size()));
+    if (sRest.starts_with('{'))
+    {
+        oType.m_asValues = CLI::detail::split(sRest.substr(1, sRest.size() - 2), ',');
+    }
+    else
+    {
+        oType.m_sRange = sRest;
+    }
+    return oType;
+}
+
+// The help as wide as the terminal. The values of an option, and the options that it cannot be combined with, follow
+// its description, where they can be wrapped.
+class CFormatter : public CLI::Formatter
+{
+public:
+    std::string make_option(const CLI::Option* poOption, bool bPositional) const override
+    {
+        std::string sName = make_option_name(poOption, bPositional);
+        std::string sText = make_option_desc(poOption);
+        if (poOption->get_type_size() != 0)
+        {
+            const SType oType = ReadType(*poOption);
+            const bool bPlain = oType.m_sPlaceholder.empty() || (bPositional && oType.m_sPlaceholder == "TEXT");
+            sName += bPlain ? "" : " " + oType.m_sPlaceholder;
+            sName += poOption->get_expected_max() == CLI::detail::expected_max_vector_size ? " ..." : "";
+            sName += poOption->get_required() ? " REQUIRED" : "";
+            sText += oType.m_asValues.empty() ? "" : "; one of " + CLI::detail::join(oType.m_asValues, ", ");
+            sText += oType.m_sRange.empty() ? "" : "; " + oType.m_sRange;
+        }
+        std::vector<std::string> asOthers;
+        for (const CLI::Option* poOther : poOption->get_excludes())
+        {
+            asOthers.push_back(poOther->get_name());
+        }
+        std::sort(asOthers.begin(), asOthers.end()); // CLI11 has them by address
+        sText += asOthers.empty() ? "" : "; not with " + CLI::detail::join(asOthers, ", ");
+        return WrapEntry(sName, sText, m_uiWidth);
+    }
+
+    std::string make_subcommand(const CLI::App* poCommand) const override
+    {
+        return WrapEntry(poCommand->get_name(), poCommand->get_description(), m_uiWidth);
+    }
+
+    std::string make_description(const CLI::App* poApp) const override
+    {
+        return WrapText(poApp->get_description(), 0, 0, m_uiWidth) + "\n";
+    }
+
+    std::string make_footer(const CLI::App* poApp) const override { return WrapFooter(poApp->get_footer(), m_uiWidth); }
+
+private:
+    size_t m_uiWidth = GetHelpWidth();
+};
 
 void EraseAll(std::string& sText, const std::string& sPart)
 {
@@ -190,7 +266,7 @@ void COptions::Edit(const char* pszName, const char* pszPlaceholder, const char*
         COption(*poOption).Check(fnCheck);
     }
     poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group("Edits");
-    m_aoEdits.emplace_back(poOption, uiTag);
+    m_aoEdits.push_back({ poOption, uiTag, fnCheck });
 }
 
 void COptions::Version(const char* pszName, const std::string& sText, const char* pszHelp)
@@ -211,9 +287,9 @@ std::vector<COptions::SEditValue> COptions::ListEdits() const
     {
         for (size_t i = 0; i < m_aoEdits.size(); ++i)
         {
-            if (m_aoEdits[i].first == poOption)
+            if (m_aoEdits[i].m_poOption == poOption)
             {
-                aoValues.push_back({ m_aoEdits[i].second, poOption->results()[auiSeen[i]++] });
+                aoValues.push_back({ m_aoEdits[i].m_uiTag, poOption->results()[auiSeen[i]++] });
             }
         }
     }
@@ -222,10 +298,54 @@ std::vector<COptions::SEditValue> COptions::ListEdits() const
 
 std::string COptions::GetName() const { return m_oApp.get_name(); }
 
+// The check of an edit names the values that there are when it refuses another one. Of a value in four parts, those of
+// the first part.
+std::vector<std::string> COptions::ListValues(const CLI::Option& oOption) const
+{
+    constexpr std::string_view svHead = "unknown value '?'; expected one of ";
+    const auto oEdit = std::find_if(m_aoEdits.begin(), m_aoEdits.end(),
+                                    [&](const SEdit& oOther) { return oOther.m_poOption == &oOption; });
+    for (const char* pszUnknown : { "?", "?,?,?,?" })
+    {
+        const std::string sProblem = oEdit == m_aoEdits.end() ? "" : oEdit->m_fnCheck(pszUnknown);
+        if (sProblem.starts_with(svHead))
+        {
+            const std::string sValues = sProblem.substr(svHead.size());
+            return CLI::detail::split(CLI::detail::find_and_replace(sValues, ", ", ","), ',');
+        }
+    }
+    return ReadType(oOption).m_asValues;
+}
+
+std::string COptions::ListForCompletion() const
+{
+    std::string sLines;
+    for (const CLI::Option* poOption : m_oApp.get_options())
+    {
+        if (poOption->get_group().empty() || poOption->get_positional())
+        {
+            continue;
+        }
+        std::string sValue;
+        if (poOption->get_expected_max() > 0)
+        {
+            sValue = "=" + ReadType(*poOption).m_sPlaceholder;
+            const std::vector<std::string> asValues = ListValues(*poOption);
+            sValue += asValues.empty() ? "" : " " + CLI::detail::join(asValues, " ");
+        }
+        for (const std::string& sName : CLI::detail::split(poOption->get_name(false, true), ','))
+        {
+            sLines += sName + sValue + "\n";
+        }
+    }
+    return sLines;
+}
+
 CCommandLine::CCommandLine(int iCount, char** ppszArguments, const char* pszName, const char* pszDescription)
     : m_poApp(std::make_unique<CLI::App>(pszDescription, pszName)), m_asArguments(ListArguments(iCount, ppszArguments))
 {
     m_poApp->require_subcommand(1);
+    m_poApp->formatter(std::make_shared<CFormatter>()); // which subcommands inherit
     m_apoOptions.push_back(std::make_unique<COptions>(*m_poApp));
 }
 
@@ -344,10 +464,27 @@ void CCommandLine::DeclareNamed()
     }
 }
 
+std::string CCommandLine::ListForCompletion() const
+{
+    std::string sLines = m_apoOptions[0]->ListForCompletion();
+    if (m_apoOptions.size() > 1)
+    {
+        EraseAll(sLines, "-h\n--help\n"); // each has its own
+        return m_apoOptions[1]->ListForCompletion() + sLines;
+    }
+    sLines += CLI::detail::join(ListSubcommands(), "\n") + "\nhelp\n";
+    return sLines + (HasSubcommand(m_sDefault) ? "FILE\n" : "");
+}
+
 EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
 {
     TakeHelpAndDefault();
     DeclareNamed();
+    if (!m_asArguments.empty() && m_asArguments[0] == gsc_szCompletion) // the last one
+    {
+        PrintResult(ListForCompletion());
+        return eExit_Good;
+    }
     RefuseFlagValues(*m_poApp);
     m_poApp->parse_complete_callback(fnParsed);
     try

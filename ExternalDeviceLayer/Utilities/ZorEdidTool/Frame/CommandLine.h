@@ -69,9 +69,22 @@ public:
     std::vector<SEditValue> ListEdits() const; // after parsing, in the order of the command line
     std::string GetName() const;
 
+    // A line for each option that the help names: "--json", or with a value "--form=PLACEHOLDER", then the values that
+    // there are, a blank before each.
+    std::string ListForCompletion() const;
+
 private:
+    std::vector<std::string> ListValues(const CLI::Option& oOption) const;
+
+    struct SEdit
+    {
+        const CLI::Option* m_poOption;
+        size_t m_uiTag;
+        COption::TCheck m_fnCheck;
+    };
+
     CLI::App& m_oApp;
-    std::vector<std::pair<const CLI::Option*, size_t>> m_aoEdits; // with its tag
+    std::vector<SEdit> m_aoEdits;
 };
 
 class CCommandLine
@@ -94,7 +107,9 @@ public:
 
     // Parses, calls fnParsed, then what the subcommand runs. A wrong command line becomes one line on standard error,
     // and nothing is called. The help and the version are printed, and nothing is called; "help" and "help SUBCOMMAND"
-    // are the same as --help.
+    // are the same as --help. After a last argument --list-options, the options of the program and of the subcommand
+    // are printed as COptions::ListForCompletion has them, without a subcommand those that there are, and FILE where
+    // one may be in their place.
     EExit Parse(const std::function<void()>& fnParsed);
 
 private:
@@ -104,6 +119,7 @@ private:
     size_t FindFirstWord() const;
     void TakeHelpAndDefault();
     void DeclareNamed();
+    std::string ListForCompletion() const;
     std::string DescribeMissingCommand() const;
     void PrintProblem(std::string sProblem) const;
 

@@ -32,8 +32,7 @@ void DeclareFiles(COptions& oCommand, SFiles& oFiles)
         .Word("--files-from", oFiles.m_sListFile, "Read more names from this file, one a line; \"-\" is standard input")
         .Placeholder("FILE");
     oCommand.Flag("-0,--null", oFiles.m_bNulSeparated, "The names of --files-from end with a NUL each");
-    oCommand
-        .Number("-j,--jobs", oFiles.m_uiJobs, 1, 256, "Images that are processed at the same time", "UINT in [1 - 256]")
+    oCommand.Number("-j,--jobs", oFiles.m_uiJobs, 1, 256, "Images that are processed at the same time", "1 to 256")
         .Placeholder("N");
 }
 

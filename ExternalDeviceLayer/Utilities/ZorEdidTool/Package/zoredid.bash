@@ -1,51 +1,56 @@
-# Completion of zoredid in bash: subcommands, options, values that the help lists, connectors of this machine and files.
-# The help of the command says what there is.
+# Completion of zoredid in bash: subcommands, options, their values, connectors of this machine and files. The command
+# lists what there is with --list-options.
 # shellcheck shell=bash
 
-# The subcommands that a help lists: "  report  What it does".
-_zoredid_subcommands()
+# The value of an option, of which $1 is the line of the list, and $2 what is typed of it. The parts of a LIST are
+# separated by a plus or a comma.
+_zoredid_value()
 {
-  sed -n '/^Subcommands:/,$s/^  \([a-z][^ ]*\).*/\1/p' <<< "$1"
-}
-
-# The values that a help lists for an option: "  -f,--format TEXT:{plain,extended}  What it does". The option is a text
-# of the user and taken as it is.
-_zoredid_values()
-{
-  local names rest
-  while read -r names rest; do
-    if [[ ,$names, == *",$2,"* && $rest == *"{"*"}"* ]]; then
-      rest=${rest#*"{"}
-      tr ',' ' ' <<< "${rest%%"}"*}"
-    fi
-  done <<< "$1"
+  local line=$1 word=$2 placeholder before=''
+  placeholder=${line%% *}
+  line=${line#"$placeholder"}
+  case ${placeholder#*=} in
+    OUT | FILE | FOLDER)
+      compopt -o filenames 2> /dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$word")
+      return
+      ;;
+    LIST) before=${word%"${word##*[+,]}"} ;;
+  esac
+  mapfile -t COMPREPLY < <(compgen -P "$before" -W "$line" -- "${word#"$before"}")
 }
 
 _zoredid()
 {
-  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' help all i
-  help=$("${COMP_WORDS[0]}" --help 2> /dev/null < /dev/null)
-  all=$(_zoredid_subcommands "$help")
+  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' list all line i
+  list=$("${COMP_WORDS[0]}" --list-options 2> /dev/null < /dev/null)
+  all=$(grep '^[a-z]' <<< "$list")
   # The first word that is one; options with values may come before it.
   for ((i = 1; i < COMP_CWORD; ++i)); do
     if grep -qxF -e "${COMP_WORDS[i]}" <<< "$all"; then
       subcommand=${COMP_WORDS[i]}
-      help=$("${COMP_WORDS[0]}" "$subcommand" --help 2> /dev/null < /dev/null)
+      [[ $subcommand == help ]] ||
+        list=$("${COMP_WORDS[0]}" "$subcommand" --list-options 2> /dev/null < /dev/null)
       break
     fi
   done
 
   COMPREPLY=()
   if [[ $word == -* ]]; then
-    # "  -o,--output FILE  What it does"
-    words=$(sed -n 's/^  \(-[^ ]*\).*/\1/p' <<< "$help" | tr ',' ' ')
-  elif [[ -z $subcommand && $previous != --sysfs && $previous != --monitor ]]; then
-    words=$all
-  else
-    [[ $previous != -* ]] || words=$(_zoredid_values "$help" "$previous")
-    if [[ -z $words ]]; then
+    words=$(sed -n 's/^\(-[^ =]*\).*/\1/p' <<< "$list")
+  elif [[ $previous == -* ]]; then
+    # The option is a text of the user and taken as it is. One that the help does not name has a folder.
+    while read -r line; do
+      [[ $line != "$previous="* ]] || { _zoredid_value "$line" "$word"; return; }
+    done <<< "$list"$'\n'--sysfs=FOLDER
+  fi
+  if [[ $word != -* ]]; then
+    if [[ -z $subcommand || $subcommand == help ]]; then
+      words=$all
+    fi
+    if [[ -n $subcommand && $subcommand != help ]] || grep -qx FILE <<< "$list"; then
       # A connector is card0-HDMI-A-1, or HDMI-A-1 for short.
-      words=$(for i in /sys/class/drm/card*-*; do [[ ! -e $i ]] || echo "${i##*/} ${i#*/card*-}"; done)
+      words+=$'\n'$(for i in /sys/class/drm/card*-*; do [[ ! -e $i ]] || echo "${i##*/} ${i#*/card*-}"; done)
       compopt -o filenames 2> /dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$word")
     fi

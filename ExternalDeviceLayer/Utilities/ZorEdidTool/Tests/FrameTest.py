@@ -2,15 +2,18 @@
 FrameTest.py COMMAND FOLDER [FOLDER_WITH_A_CORPUS]"""
 
 import base64
+import fcntl
 import os
 import pty
 import re
 import resource
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
+import termios
 import threading
 import time
 import unittest
@@ -542,6 +545,26 @@ class CommandLine(unittest.TestCase):
         names = re.findall(r"^  ([a-z]+) +(.*)", run("--help")[1].decode().split("Subcommands:")[1], re.MULTILINE)
         self.assertEqual(list(SUBCOMMANDS), [name for name, _ in names])
         self.assertLess(max(len(text) for _, text in names), 80)  # a short phrase each
+
+
+    def test_help_is_as_wide_as_the_terminal(self):
+        def widest(text):  # of the lines that are wrapped
+            options = text.split("\nExit status:")[0].split("\nExample")[0].replace("\r", "")
+            return max(len(line) for line in options.splitlines() if not line.startswith(" " * 2 + "zoredid"))
+
+        widths = {"39": 40, "60": 60, "500": 120, "": 80, "0": 80, "8x": 80}
+        for columns, width in widths.items():
+            text = run("help", "timing", env={"COLUMNS": columns})[1].decode()
+            self.assertTrue(width - 15 < widest(text) <= width, (columns, text))
+            words = re.sub(r"\s+", " ", text)
+            self.assertIn("gtf-list; not with --dmt, --hdmi-vic, --vic", words)
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 50, 0, 0))
+        subprocess.run([COMMAND, "help"], stdout=theirs, timeout=60, check=True)
+        os.close(theirs)
+        text = os.read(ours, 1 << 16).decode()
+        os.close(ours)
+        self.assertTrue(35 < widest(text) <= 50, text)
 
 
 class Connectors(FolderCase):

@@ -1,0 +1,89 @@
+// Help in lines of the terminal's width.
+
+#include "HelpText.h"
+
+#include <stdlib.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "TextFormat.h"
+
+size_t GetHelpWidth()
+{
+    unsigned int uiWidth = 0;
+    winsize oSize = {};
+    const char* pszColumns = getenv("COLUMNS");
+    if (isatty(STDOUT_FILENO) != 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &oSize) == 0)
+    {
+        uiWidth = oSize.ws_col;
+    }
+    else if (pszColumns != nullptr && !ParseNumber(pszColumns, uiWidth))
+    {
+        uiWidth = 0;
+    }
+    return uiWidth == 0 ? 80 : std::clamp(uiWidth, 40U, 120U);
+}
+
+std::string WrapText(const std::string& sText, size_t uiIndent, size_t uiUsed, size_t uiWidth)
+{
+    std::istringstream oWords(sText);
+    std::string sLines;
+    size_t uiColumn = uiUsed;
+    bool bFirst = true; // of its line
+    for (std::string sWord; oWords >> sWord; bFirst = false)
+    {
+        if (!bFirst && uiColumn + 1 + sWord.size() > uiWidth)
+        {
+            sLines += "\n" + std::string(uiIndent, ' ');
+            uiColumn = uiIndent;
+            bFirst = true;
+        }
+        sLines += (bFirst ? "" : " ") + sWord;
+        uiColumn += (bFirst ? 0 : 1) + sWord.size();
+    }
+    return sLines;
+}
+
+std::string WrapEntry(const std::string& sName, const std::string& sText, size_t uiWidth)
+{
+    constexpr size_t uiNames = 30; // columns
+    const size_t uiIndent = std::min(uiNames, uiWidth / 3);
+    std::string sEntry = "  " + sName;
+    if (!sText.empty())
+    {
+        sEntry += sEntry.size() < uiIndent ? std::string(uiIndent - sEntry.size(), ' ')
+                                           : "\n" + std::string(uiIndent, ' ');
+        sEntry += WrapText(sText, uiIndent, uiIndent, uiWidth);
+    }
+    return sEntry + "\n";
+}
+
+std::string WrapFooter(const std::string& sText, size_t uiWidth)
+{
+    std::istringstream oLines(sText);
+    std::string sFooter;
+    std::string sParagraph;
+    const auto fnEnd = [&] {
+        sFooter += sParagraph.empty() ? "" : WrapText(sParagraph, 0, 0, uiWidth) + "\n";
+        sParagraph.clear();
+    };
+    for (std::string sLine; std::getline(oLines, sLine);)
+    {
+        if (sLine.empty() || sLine.starts_with(' ') || sLine.starts_with("Example"))
+        {
+            fnEnd();
+            sFooter += sLine + "\n";
+            continue;
+        }
+        sParagraph += sLine + " ";
+        if (sLine.ends_with('.') || sLine.ends_with(':'))
+        {
+            fnEnd();
+        }
+    }
+    fnEnd();
+    return sFooter;
+}

@@ -1,5 +1,6 @@
-// The reader of dumps with addresses: xxd, od, hexdump, i2cdump.
+// The reader of dumps with addresses: xxd, od, hexdump, i2cdump, ddcutil.
 //   00000000: 00ff ffff ffff ff00 4c2d 6f79 5744 3031  ........L-oyWD01     bytes in order, any grouping
+//   +0000   00 ff ff ff ff ff ff 00 4c 2d 6f 79 57 44 30 31   ........L-oyWD01
 //   000000 00 ff ff ff ff ff ff 00  >........<                             a byte a group
 //   0000000 177400 177777 177777 000377                                    words, low byte first
 // A line "*" repeats the line before it.
@@ -62,13 +63,17 @@ public:
     }
 
 private:
-    // The address in front, zero at first; sLine becomes what follows. Without a colon it has six digits or more.
+    // The address in front, zero at first; sLine becomes what follows. Without a colon it has six digits or more; a
+    // plus in front of it is as good as a colon.
     bool SplitAddress(std::string_view& sLine, std::string_view& sAddress, bool& bColon) const
     {
+        const bool bPlus = StartsWith(sLine, "+");
+        sLine.remove_prefix(bPlus ? 1 : 0);
         const size_t uiLength = std::min(sLine.find_first_not_of(gsc_sHexDigits), sLine.size());
         sAddress = sLine.substr(0, uiLength);
         bColon = uiLength < sLine.size() && sLine[uiLength] == ':';
         const size_t uiBehind = uiLength + (bColon ? 1 : 0);
+        bColon = bColon || bPlus;
         const bool bBlank = uiBehind == sLine.size() || sLine[uiBehind] == ' ' || sLine[uiBehind] == '\t';
         sLine.remove_prefix(uiBehind);
         const bool bZero = sAddress.find_first_not_of('0') == std::string_view::npos;
@@ -187,13 +192,12 @@ private:
 } // namespace
 
 // Lines before the dump are skipped; the first other line after its start ends it.
-bool ReadDump(const std::string& sText, SInput& oInput)
+bool ReadDumpAt(std::string_view sText, size_t uiLine, SInput& oInput)
 {
     CDumpReader oReader(oInput);
-    std::string_view sRest = sText;
-    for (size_t uiLine = 1; !sRest.empty() && oInput.IsGood(); ++uiLine)
+    for (; !sText.empty() && oInput.IsGood(); ++uiLine)
     {
-        const std::string_view sLine = TakeLine(sRest);
+        const std::string_view sLine = TakeLine(sText);
         if (!oReader.TakeLine(sLine, uiLine) && oReader.HasBegun() && !Trim(sLine).empty())
         {
             break;
@@ -202,3 +206,5 @@ bool ReadDump(const std::string& sText, SInput& oInput)
     oInput.m_sForm = oReader.IsXxd() ? "xxd dump" : "od dump";
     return oReader.HasBegun();
 }
+
+bool ReadDump(const std::string& sText, SInput& oInput) { return ReadDumpAt(sText, 1, oInput); }

@@ -1,5 +1,6 @@
 // The forms in which an image comes, one reader each. A reader goes over the text once. Those of dumps are in
-// InputDump.cpp, those of base64 and plain digits in InputDigits.cpp. InputMonitors.cpp takes one of several EDIDs.
+// InputDump.cpp, those of base64 and plain digits in InputDigits.cpp, those of logs in InputLogs.cpp. InputMonitors.cpp
+// takes one of several EDIDs.
 
 #include <stdio.h>
 
@@ -317,7 +318,10 @@ constexpr SForm gsc_aoForms[] = {
     { "text table", ReadTextTable },
     { "Windows registry export", nullptr, ReadRegistry },
     { "xrandr --verbose", nullptr, ReadXrandr },
-    { "dump with addresses", ReadDump },
+    { "ddcutil dump", nullptr, ReadDdcDump },
+    { "dump with addresses", ReadDump }, // its column of text may look like any of those below
+    { "log", nullptr, ReadLog },
+    { "ioreg dump", nullptr, ReadIoRegistry },
     { "C array", ReadCArray },
     { "base64", ReadBase64 },
     { "hexadecimal digits", ReadDigits },

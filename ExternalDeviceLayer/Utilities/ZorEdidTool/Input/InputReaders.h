@@ -49,6 +49,12 @@ using CMonitors = std::vector<SInput>;
 void ChooseMonitor(CMonitors aoMonitors, const std::string& sWanted, SInput& oInput);
 
 // The readers: false when the text does not have this form. Else the input receives the bytes or a problem.
-bool ReadDump(const std::string& sText, SInput& oInput);   // with addresses
-bool ReadBase64(const std::string& sText, SInput& oInput); // also in its form for addresses, also as a data address
-bool ReadDigits(const std::string& sText, SInput& oInput); // hexadecimal
+bool ReadDump(const std::string& sText, SInput& oInput);       // with addresses
+bool ReadBase64(const std::string& sText, SInput& oInput);     // also in its form for addresses, also as a data address
+bool ReadDigits(const std::string& sText, SInput& oInput);     // hexadecimal
+bool ReadLog(const std::string& sText, CMonitors& aoMonitors); // of an X server or a kernel
+bool ReadDdcDump(const std::string& sText, CMonitors& aoMonitors);    // of a tool that speaks DDC/CI
+bool ReadIoRegistry(const std::string& sText, CMonitors& aoMonitors); // of macOS
+
+// A dump with addresses in a part of a text, which begins at this line.
+bool ReadDumpAt(std::string_view sText, size_t uiLine, SInput& oInput);

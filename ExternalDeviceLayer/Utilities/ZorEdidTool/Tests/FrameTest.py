@@ -63,7 +63,7 @@ def lines(width, form, first="", last="\n", join=" "):
     def edge(text, offset):
         part = IMAGE[offset:offset + width]
         readable = "".join(chr(byte) if 32 <= byte < 127 else "." for byte in part)
-        return text.format(offset=offset, text=readable)
+        return text.format(offset=offset, block=offset // 128, text=readable)
     return "".join(edge(first, at) + join.join(form % byte for byte in IMAGE[at:at + width]) + edge(last, at)
                    for at in range(0, len(IMAGE), width))
 
@@ -79,6 +79,16 @@ XRANDR = "Screen 0: minimum 320 x 200\nHDMI-1 connected primary\n\tEDID: \n" + \
 OTHER_OUTPUT = "DP-2 connected\n\tEDID:\n\t\t" + bytes(128).hex() + "\n"
 XXD = lines(16, "%02x", "{offset:08x}: ", "  {text}\n")
 C_ARRAY = "/* { 1, 2 } */ static const uint8_t x[] = {\n// 0x11\n" + lines(8, "0x%02X", "\t", ", /* {text} */\n", ", ") + "};"
+
+X_LOG = "[    18.245] (II) modeset(0): EDID for output HDMI-1\n[    18.246] (II) modeset(0): EDID (in hex):\n" + \
+    lines(16, "%02x", "[    18.246] (II) modeset(0): \t", join="") + \
+    "[    18.247] (II) modeset(0): Printing probed modes for output HDMI-1\n"
+KERNEL_LOG = "Nov 26 12:00:00 host kernel: [    3.14] i915 0000:00:02.0: [drm] [CONNECTOR:95:eDP-1] EDID is invalid:\n" + \
+    lines(16, "%02x", "Nov 26 12:00:00 host kernel: [    3.14] #011[{block:02x}] BAD  ")
+DDC_DUMP = "Display 1\n   I2C bus:  /dev/i2c-4\n      DRM connector:           card0-DP-1\n   EDID hex dump:\n" + \
+    "              +0          +4          +8          +c            0   4   8   c\n" + \
+    lines(16, "%02x", "      +{offset:04x}   ", "   {text}\n") + "   VCP version:         2.1\n"
+IO_REGISTRY = '    | |   | {\n    | |   |   "IODisplayEDID" = <%s>\n    | |   |   "EDID UUID" = "10ACE1A0"\n    | |   | }\n' % IMAGE.hex()
 
 FORMS = {  # every form of the image, and what it is taken for
     "raw": (IMAGE, "raw image"),
@@ -101,6 +111,10 @@ FORMS = {  # every form of the image, and what it is taken for
     "xrandr --verbose": (XRANDR, "xrandr --verbose"),
     "xrandr, two monitors": (XRANDR + OTHER_OUTPUT, "xrandr --verbose, the first EDID of 2"),
     "xrandr, one monitor twice": (XRANDR + XRANDR, "xrandr --verbose"),
+    "log of an X server, twice": (X_LOG + X_LOG, "log"),
+    "log of a kernel": (KERNEL_LOG, "log"),
+    "ddcutil detect --verbose": (DDC_DUMP, "ddcutil dump"),
+    "ioreg": (IO_REGISTRY, "ioreg dump"),
     "registry": ("Windows Registry Editor Version 5.00\r\n" + registry(), "Windows registry export"),
     "registry, an override and two EDIDs": (registry("0") + registry("EDID") + registry("edid", b"x"),
                                             "Windows registry export, the first EDID of 2"),

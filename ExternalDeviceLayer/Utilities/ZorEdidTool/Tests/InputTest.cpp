@@ -139,6 +139,12 @@ const SFormCase gsc_aoDigits[] = {
     { "XrandrOutputWithoutDigits", "\tEDID:\n\tnone\n\tEDID_DATA:\n\t\t00ff\n", gsc_szXrandr, "00 FF" },
     { "XrandrSecondOutput", "\tEDID:\n\t\t00\n\tEDID:\n\t\t11\n\tEDID:\n\t\t2\n",
       "xrandr --verbose, the first EDID of 3", "00" },
+    { "DdcDumpOfTwo",
+      "I2C bus: /dev/i2c-4\nEDID hex dump:\nnone\nDRM connector: card1-DP-1\nEDID hex dump:\n +0\n +0000   00 ff  00\n"
+      "EDID hex dump:\n +0000  01\n",
+      "ddcutil dump, the first EDID of 2", "00 FF" },
+    { "IoRegistryInOneLine", "{\"EDID\"=\"x\",\"MyEDID\"=<01>,\"EDID\"=<00ff>,\"IODisplayEDID\" = <00ff>}",
+      "ioreg dump", "00 FF" },
     { "NulMakesItRaw", "00 ff\n\0"s, "raw image", "30 30 20 66 66 0A 00" },
     { "RawLikeAByteOrderMark", "\xFF\xFE\0\0"s, "raw image", "FF FE 00 00" },
     { "BytesOfADeadBus", std::string(256, '\xFF'), "raw image", "FF*256" },
@@ -210,6 +216,10 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
           "Windows registry export: line 3: a byte has two hexadecimal digits; decimal ones are not read" },
         { "EDID:\n\t00f\n", "xrandr --verbose: line 2: an odd number of digits" },
         { "EDID:\n\tnone\n", "xrandr --verbose without a digit" },
+        { "[ 3.1] Raw EDID:\n[ 3.1] none\n", "in no known form: no image, no digits, no base64" },
+        { "EDID hex dump:\n +0000   00 ff\n +0010   00\n",
+          "ddcutil dump: line 3: its address does not follow the bytes before it" },
+        { "{\n\"EDID\" = <00f>\n}", "ioreg dump: line 2: not hexadecimal bytes" },
         { gsc_sTableMarker + "\n", "text table: no rows of bytes after the marker line" },
         { MakeTextTable(CBytes(130)), "text table: its table has 130 bytes, not a multiple of 128" },
     };
@@ -258,6 +268,83 @@ TEST(InputMonitors, AreChosenByNameOrNumber)
         EXPECT_EQ(oCase.m_pszSaid, oInput.IsGood() ? oInput.m_sForm + "|" + oInput.m_sHint : oInput.m_sProblem);
         EXPECT_EQ(ParseBytes(oCase.m_pszBytes), oInput.m_aui8Bytes) << oCase.m_pszSaid;
     }
+}
+
+// Sixteen bytes a line, each after what the logger adds; "[00]" is the number of its block.
+std::string Log(std::string sAdded, const CBytes& aui8Bytes)
+{
+    const size_t uiBlock = sAdded.find("[00]");
+    std::string sText;
+    for (size_t i = 0; i < aui8Bytes.size(); ++i)
+    {
+        if (uiBlock != std::string::npos)
+        {
+            sAdded[uiBlock + 2] = static_cast<char>('0' + i / 128);
+        }
+        char szByte[8];
+        snprintf(szByte, sizeof(szByte), i % 16 == 15 ? " %02x\n" : " %02x", aui8Bytes[i]);
+        sText += i % 16 == 0 ? sAdded + (szByte + 1) : szByte;
+    }
+    return sText;
+}
+
+// A base block that announces this many more, and those.
+CBytes MakeNumbered(unsigned char ui8Blocks, unsigned char ui8First = 1)
+{
+    CBytes aui8Image(128U * (1U + ui8Blocks));
+    std::iota(aui8Image.begin(), aui8Image.end(), ui8First);
+    const CBytes aui8Head = ParseBytes("00 FF*6 00");
+    std::copy(aui8Head.begin(), aui8Head.end(), aui8Image.begin());
+    aui8Image[126] = ui8Blocks;
+    return aui8Image;
+}
+
+TEST(InputLogs, GiveTheirBytesWhateverTheLoggerAdds)
+{
+    const CBytes aui8Image = MakeNumbered(1);
+    const std::pair<const char*, const char*> aoCases[] = {
+        // The line ahead, and what each line begins with.
+        { "", "[    18.2] (II) modeset(0): \t" },
+        { "", "Nov 26 12:00:00 host /usr/lib/x[2345]: (II) intel(0): \t" },
+        { "", "kernel:  \t[00] GOOD " },
+        { "Raw EDID:\n", " \t" },
+        { "[drm] Raw EDID:\n", "[Thu Nov 26 12:00:00 2026]  \t" },
+        { "[ 3.1] Raw EDID:\n", "[    3.1] 00: " },
+        { "host kernel: Raw EDID:\n", "2026-11-26T12:00:00+01:00 host kernel:  \\x09" },
+        { "eDP-1: EDID is invalid:\r\n", "[    3.1]  #011[00] BAD  " },
+    };
+    for (const auto& [pszHead, pszAdded] : aoCases)
+    {
+        const SInput oInput = DecodeInput("x", pszHead + Log(pszAdded, aui8Image));
+        EXPECT_EQ("", oInput.m_sProblem) << pszAdded;
+        EXPECT_EQ(aui8Image, oInput.m_aui8Bytes) << pszAdded;
+    }
+}
+
+TEST(InputLogs, HoldOtherLinesAndSeveralEdids)
+{
+    const CBytes aui8One = MakeNumbered(0);
+    const CBytes aui8Two = MakeNumbered(1, 7);
+    const CBytes aui8Damaged = ParseBytes("2A*126 00 2A");
+    const std::string sTwo = Log("x: ", aui8Two);
+    const size_t uiLine = sTwo.size() / 16;
+    const std::string sText = "[CONNECTOR:95:eDP-1] EDID is invalid:\n" + Log("[00] BAD ", aui8Damaged) + "z\n" +
+                              Log("z: ", aui8Damaged) + // after all blocks
+                              "y: DP-1: EDID is invalid:\n" + sTwo.substr(0, 3 * uiLine) + "usb 1-1: 12 34\n" +
+                              sTwo.substr(3 * uiLine, 5 * uiLine) + "y\n" + sTwo.substr(8 * uiLine) +
+                              "EDID for output VGA-1\nEDID (in hex):\n" + Log("x: ", aui8One) + Log("x: ", aui8One) +
+                              Log("[00] GOOD ", MakeNumbered(0, 2)) + Log("[00] GOOD ", MakeNumbered(0, 3)) +
+                              "EDID for output DVI-0\nEDID (in hex):\nEDID for output DVI-1\nRaw EDID:\n" +
+                              sTwo.substr(0, 3 * uiLine) + Repeat("y\n", 17) + sTwo.substr(3 * uiLine);
+    EXPECT_EQ("the first EDID of 6 is read, that of eDP-1; "
+              "--monitor chooses: 1 eDP-1, 2 DP-1, 3 VGA-1, 4, 5, 6 DVI-1",
+              DecodeInput("x", sText).m_sHint);
+    EXPECT_EQ(aui8Damaged, DecodeInput("x", sText).m_aui8Bytes);
+    EXPECT_EQ(aui8Two, DecodeInput("x", sText, "DP-1").m_aui8Bytes);
+    EXPECT_EQ(aui8One, DecodeInput("x", sText, "VGA-1").m_aui8Bytes);
+    EXPECT_EQ(MakeNumbered(0, 3), DecodeInput("x", sText, "5").m_aui8Bytes);
+    EXPECT_NE(std::string::npos,
+              DecodeInput("x", sText, "6").m_sProblem.find("an EDID that breaks off after 48 bytes"));
 }
 
 // Columns and line ends of its rows are those of the library's reader.

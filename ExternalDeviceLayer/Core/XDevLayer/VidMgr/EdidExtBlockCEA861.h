@@ -70,7 +70,7 @@ public:
         eRemoval_Possible = 0,
         eRemoval_Damaged = 1,     ///< the data blocks do not end where the descriptors begin
         eRemoval_3dFields = 2,    ///< HDMI's 3D fields break off, or hold for each of the first 16 of more codes
-        eRemoval_NoCode = 3,      ///< past the end, or only a YCbCr 4:2:0 video block has the code
+        eRemoval_NoCode = 3,      ///< there is none, or only a YCbCr 4:2:0 video block has it
         eRemoval_Descriptors = 4, ///< bytes after the last descriptor would become another one
     };
 
@@ -197,6 +197,12 @@ public:
     int RemoveStandardKeepingDescriptors(unsigned int uiIndex) override;
     /// What the call above would answer; changes nothing.
     ERemoval TryRemoval(unsigned int uiIndex) const;
+    /// Takes one code out, whatever timings it gives: the short video descriptor, of a video block or of a YCbCr 4:2:0
+    /// video block, or the HDMI code that is the byte at uiOffset of the block. The rest is kept in step as by
+    /// RemoveStandardKeepingDescriptors, which takes out all bytes with the code. A block that is left without a code
+    /// goes, and so does a capability map that is left without a bit. Unless the answer is eRemoval_Possible nothing
+    /// changes; it is eRemoval_NoCode for any other byte.
+    ERemoval RemoveCodeAt(unsigned int uiOffset);
 
     /// Derives the lists of table timings from the bytes; returns GetStandardCount.
     unsigned int ExtractStandardTimings();
@@ -234,6 +240,9 @@ public:
     int GetColorBitDepthSupport(unsigned int& uiBits) override;
     /// Writes the same bits into every HDMI vendor block. 1 even without such a block.
     int SetColorBitDepthSupport(unsigned int uiBits) override;
+    /// SetColorBitDepthSupport for every HDMI vendor block with the flags: from 6 bytes on, where that call needs 8.
+    /// The answer is how many there are; without one nothing changes.
+    unsigned int SetDeepColors(unsigned int uiBits);
 
     // ---- Structure ----
 

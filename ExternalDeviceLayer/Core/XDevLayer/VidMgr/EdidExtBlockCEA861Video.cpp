@@ -9,6 +9,8 @@
 #include "Cea861Bytes.h"
 #include "Hdmi1xVsdb.h"
 #include "ListFill.h"
+#include "Standards/HdmiBlocks.h"
+#include "Standards/Ouis.h"
 #include "Standards/VideoCodes.h"
 #include "VidParamCea.h"
 #include "ZorAssert.h"
@@ -131,14 +133,15 @@ struct SAllCodes
     void Add(const SCode& oCode) { m_aoCode[m_uiCount++] = oCode; }
 };
 
-void AddVideoCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
+// The short video descriptors of all blocks of one kind.
+void AddVideoCodes(const CCea861Bytes& oBytes, const SDataBlockKind& oKind, SAllCodes& oCodes)
 {
     unsigned int uiBlock = 0;
-    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(gsc_oVideoBlocks); ++uiBlock)
+    for (CDataBlockWalk oWalk = oBytes.Walk(); oWalk.Next(oKind); ++uiBlock)
     {
         for (unsigned int i = 0; i < oWalk.GetLength(); ++i)
         {
-            oCodes.Add({ oWalk.GetByte(i), gsc_oVideoBlocks, uiBlock, i, oWalk.GetPayload().m_uiOffset + i });
+            oCodes.Add({ oWalk.GetByte(i), oKind, uiBlock, i, oWalk.GetPayload().m_uiOffset + i });
         }
     }
 }
@@ -179,7 +182,7 @@ void AddHdmiCodes(const CCea861Bytes& oBytes, const SDataBlockKind& oKind, SAllC
 void GatherCodes(const CCea861Bytes& oBytes, SAllCodes& oCodes)
 {
     oCodes.m_uiCount = 0;
-    AddVideoCodes(oBytes, oCodes);
+    AddVideoCodes(oBytes, gsc_oVideoBlocks, oCodes);
     AddHdmiCodes(oBytes, gsc_oVendorBlocks, oCodes);
     AddHdmiCodes(oBytes, gsc_oVendorVideoBlocks, oCodes);
 }
@@ -434,10 +437,15 @@ bool IsVideoCode(const SCode& oCode)
     return !oCode.m_oKind.m_bExtended && oCode.m_oKind.m_uiTag == gsc_oVideoBlocks.m_uiTag;
 }
 
+bool IsHdmiCode(const SCode& oCode)
+{
+    return oCode.m_oKind.m_uiTag == (oCode.m_oKind.m_bExtended ? gsc_oVendorVideoBlocks : gsc_oVendorBlocks).m_uiTag;
+}
+
 // The byte of a code: a short video descriptor, or the zero that an HDMI code leaves after the last one.
 unsigned int FreeCode(const CCea861Editor& oEditor, const SCode& oCode, const SPayload& oBlock)
 {
-    if (IsVideoCode(oCode))
+    if (!IsHdmiCode(oCode))
     {
         return oBlock.m_uiOffset + oCode.m_uiPosition;
     }
@@ -456,9 +464,9 @@ void TakeOut(CCea861Editor& oEditor, const SCode& oCode)
     const SPayload oWhole = { oBlock.m_uiOffset - uiTagSize, oBlock.m_uiLength + uiTagSize };
     oEditor.ShrinkDataBlock(oWhole, FreeCode(oEditor, oCode, oBlock), 1);
     oEditor.LowerDetailedStart(1);
-    if (oWhole.m_uiLength == 1)
+    if (oBlock.m_uiLength == 1)
     {
-        oEditor.RemoveDataBlock({ oWhole.m_uiOffset, 0 });
+        oEditor.RemoveDataBlock({ oWhole.m_uiOffset, uiTagSize });
     }
 }
 
@@ -502,8 +510,56 @@ void TakeOutOfMaps(const CCea861Editor& oEditor, unsigned int uiIndex)
     }
 }
 
-// Takes every occurrence of a code out, with what counts codes by their places. From the last one back, so that no
-// place has to be corrected. After a refusal the bytes are good for nothing.
+// Whether the bit of a code is the only one of a capability map.
+bool IsOnlyBit(const CDataBlockWalk& oMap, unsigned int uiIndex)
+{
+    bool bOnly = uiIndex / gsc_uiBitsPerByte < oMap.GetLength();
+    for (unsigned int i = 0; bOnly && i < gsc_uiBitsPerByte * oMap.GetLength(); ++i)
+    {
+        bOnly = IsMapped(oMap, i) == (i == uiIndex);
+    }
+    return bOnly;
+}
+
+// Removes the capability maps that would be left without a bit: cut short, such a map would select all codes.
+void RemoveMapsOf(CCea861Editor& oEditor, unsigned int uiIndex)
+{
+    CDataBlockWalk oWalk = oEditor.Walk();
+    while (oWalk.Next(gsc_oCapabilityMaps))
+    {
+        if (IsOnlyBit(oWalk, uiIndex))
+        {
+            oEditor.RemoveDataBlock({ oWalk.GetPayload().m_uiOffset - 1, oWalk.GetLength() + 1 });
+            oWalk = oEditor.Walk(); // from the first one again
+        }
+    }
+}
+
+unsigned int CountVideoCodes(const SAllCodes& oCodes) // which come first
+{
+    unsigned int uiVideoCodes = 0;
+    while (uiVideoCodes < oCodes.m_uiCount && IsVideoCode(oCodes.m_aoCode[uiVideoCodes]))
+    {
+        ++uiVideoCodes;
+    }
+    return uiVideoCodes;
+}
+
+// Takes code number uiIndex out, with what counts codes by their places. False when 3D fields cannot be adapted.
+bool TakeOutCounted(CCea861Editor& oEditor, const SCode& oCode, unsigned int uiIndex, unsigned int uiVideoCodes)
+{
+    if (IsVideoCode(oCode) && (!TakeOutOf3d(oEditor, gsc_oVendorBlocks, uiIndex, uiVideoCodes) ||
+                               !TakeOutOf3d(oEditor, gsc_oVendorVideoBlocks, uiIndex, uiVideoCodes)))
+    {
+        return false;
+    }
+    TakeOut(oEditor, oCode);
+    TakeOutOfMaps(oEditor, uiIndex);
+    return true;
+}
+
+// Takes every occurrence of a code out. From the last one back, so that no place has to be corrected. After a refusal
+// the bytes are good for nothing.
 CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
 {
     if (!oEditor.AreDataBlocksExact())
@@ -513,11 +569,7 @@ CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int ui
     const unsigned int uiDetailed = oEditor.CountDetailed();
     SAllCodes oCodes;
     GatherCodes(oEditor, oCodes);
-    unsigned int uiVideoCodes = 0; // the video codes come first
-    while (uiVideoCodes < oCodes.m_uiCount && IsVideoCode(oCodes.m_aoCode[uiVideoCodes]))
-    {
-        ++uiVideoCodes;
-    }
+    unsigned int uiVideoCodes = CountVideoCodes(oCodes);
     bool bTaken = false;
     for (unsigned int i = oCodes.m_uiCount; i > 0; --i)
     {
@@ -527,22 +579,55 @@ CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int ui
         {
             continue;
         }
-        if (IsVideoCode(oCode))
+        if (!TakeOutCounted(oEditor, oCode, i - 1, uiVideoCodes))
         {
-            if (!TakeOutOf3d(oEditor, gsc_oVendorBlocks, i - 1, uiVideoCodes) ||
-                !TakeOutOf3d(oEditor, gsc_oVendorVideoBlocks, i - 1, uiVideoCodes))
-            {
-                return CEdidExtBlockCEA861::eRemoval_3dFields;
-            }
-            --uiVideoCodes;
+            return CEdidExtBlockCEA861::eRemoval_3dFields;
         }
-        TakeOut(oEditor, oCode);
-        TakeOutOfMaps(oEditor, i - 1);
+        uiVideoCodes -= IsVideoCode(oCode) ? 1U : 0U;
         bTaken = true;
     }
     return !bTaken                                 ? CEdidExtBlockCEA861::eRemoval_NoCode
            : oEditor.CountDetailed() != uiDetailed ? CEdidExtBlockCEA861::eRemoval_Descriptors
                                                    : CEdidExtBlockCEA861::eRemoval_Possible;
+}
+
+// Takes the code of one byte out. After a refusal the bytes are good for nothing.
+CEdidExtBlockCEA861::ERemoval TakeOutAt(CCea861Editor& oEditor, unsigned int uiOffset)
+{
+    if (!oEditor.AreDataBlocksExact())
+    {
+        return CEdidExtBlockCEA861::eRemoval_Damaged;
+    }
+    const unsigned int uiDetailed = oEditor.CountDetailed();
+    SAllCodes oCodes;
+    GatherCodes(oEditor, oCodes);
+    const unsigned int uiVideoCodes = CountVideoCodes(oCodes);
+    const unsigned int uiCounted = oCodes.m_uiCount;
+    AddVideoCodes(oEditor, gsc_oVideo420Blocks, oCodes);
+    unsigned int uiIndex = 0;
+    while (uiIndex < oCodes.m_uiCount && oCodes.m_aoCode[uiIndex].m_uiOffset != uiOffset)
+    {
+        ++uiIndex;
+    }
+    if (uiIndex == oCodes.m_uiCount)
+    {
+        return CEdidExtBlockCEA861::eRemoval_NoCode;
+    }
+    const SCode& oCode = oCodes.m_aoCode[uiIndex];
+    if (uiIndex >= uiCounted)
+    {
+        TakeOut(oEditor, oCode);
+    }
+    else
+    {
+        RemoveMapsOf(oEditor, uiIndex);
+        if (!TakeOutCounted(oEditor, oCode, uiIndex, uiVideoCodes))
+        {
+            return CEdidExtBlockCEA861::eRemoval_3dFields;
+        }
+    }
+    return oEditor.CountDetailed() != uiDetailed ? CEdidExtBlockCEA861::eRemoval_Descriptors
+                                                 : CEdidExtBlockCEA861::eRemoval_Possible;
 }
 } // namespace
 
@@ -641,6 +726,19 @@ CEdidExtBlockCEA861::ERemoval CEdidExtBlockCEA861::TryRemoval(unsigned int uiInd
     ZorTools_memcpy(aui8Copy, GetData(), sizeof(aui8Copy));
     CCea861Editor oEditor(aui8Copy, GetRevision());
     return TakeOutAll(oEditor, CodeOf(GetVicCodeEntry(uiIndex).m_uiVic));
+}
+
+CEdidExtBlockCEA861::ERemoval CEdidExtBlockCEA861::RemoveCodeAt(unsigned int uiOffset)
+{
+    CCea861Editor oEditor = EditBytes();
+    CCea861Undo oUndo(m_aui8Raw.GetData());
+    const ERemoval eRemoval = TakeOutAt(oEditor, uiOffset);
+    if (eRemoval == eRemoval_Possible)
+    {
+        oUndo.Complete();
+        FinishEdit(eList_All);
+    }
+    return eRemoval;
 }
 
 // Derives m_aoVicLookUp unless it is there.
@@ -778,4 +876,27 @@ int CEdidExtBlockCEA861::SetColorBitDepthSupport(unsigned int uiBits)
     oUndo.Complete();
     FinishEdit(uiLists);
     return 1;
+}
+
+unsigned int CEdidExtBlockCEA861::SetDeepColors(unsigned int uiBits)
+{
+    using namespace ZorStandards;
+    const unsigned int uiLists = GetTouchedLists(0);
+    const CCea861Editor oEditor = EditBytes();
+    unsigned int uiCount = 0;
+    for (CDataBlockWalk oWalk = oEditor.Walk(); oWalk.Next(gsc_oVendorBlocks);)
+    {
+        unsigned char* pui8Payload = oEditor.GetAt(oWalk.GetPayload().m_uiOffset);
+        if (oWalk.GetLength() >= gsc_uiOuiSize + Hdmi::gsc_oDeepColours.GetEnd() &&
+            ReadLittle24(pui8Payload) == gsc_uiOuiHdmi)
+        {
+            Hdmi::gsc_oDeepColours.Write(pui8Payload + gsc_uiOuiSize, uiBits);
+            ++uiCount;
+        }
+    }
+    if (uiCount != 0)
+    {
+        FinishEdit(uiLists);
+    }
+    return uiCount;
 }

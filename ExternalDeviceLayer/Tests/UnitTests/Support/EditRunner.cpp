@@ -105,6 +105,18 @@ int Call(CEdid& oEdid, const SEditStep& oStep)
     return CallOn(EDIT, oEdid, oStep, std::invoke(ARGUMENTS, oStep)...);
 }
 
+int RemoveCodeAt(CEdid& oEdid, const SEditStep& oStep)
+{
+    auto* poBlock = dynamic_cast<CCea*>(oEdid.GetExtension(oStep.m_uiBlock));
+    return poBlock != nullptr && poBlock->RemoveCodeAt(oStep.m_uiIndex) == CCea::eRemoval_Possible ? 1 : 0;
+}
+
+int SetDeepColors(CEdid& oEdid, const SEditStep& oStep)
+{
+    auto* poBlock = dynamic_cast<CCea*>(oEdid.GetExtension(oStep.m_uiBlock));
+    return poBlock != nullptr && poBlock->SetDeepColors(oStep.m_uiValue) != 0 ? 1 : 0;
+}
+
 int SetPreferredMode(CEdid& oEdid, const SEditStep& oStep)
 {
     CVidParamTimingGeneric oTiming;
@@ -163,6 +175,8 @@ constexpr SRow gsc_aoRows[] = {
     { EKind::eRemove, eBlockList_Speaker,  {},         false, 0,  Call<&CCea::RemoveSpeakerDescriptor, gsc_puiIndex> },
     { EKind::eOther,  eBlockList_Count,    {},         false, 1,  Call<&CCea::AddVendorSpecific> },
     { EKind::eRemoveCode, eBlockList_Table, {},        false, 0,  Call<&CEdidExtBlock::RemoveStandardKeepingDescriptors, gsc_puiIndex> },
+    { EKind::eFree,   eBlockList_Count,    {},         false, 128, RemoveCodeAt },
+    { EKind::eOther,  eBlockList_Count,    {},         false, 1,  SetDeepColors },
     { EKind::eRaw,    eBlockList_Count,    {},         false, 1,  CallRaw<&CCea::RemoveDataRange> },
     { EKind::eRaw,    eBlockList_Count,    {},         false, 1,  CallRaw<&CCea::PadDataRange> },
     { EKind::eFree,   eBlockList_Count,    { 0, 0 },   true,  1,  Reload },

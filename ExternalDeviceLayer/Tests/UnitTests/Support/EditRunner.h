@@ -25,7 +25,7 @@ public:
     {
         eEdit_LastThroughBlocks = 2, // from RemoveStandard on: the index goes through all blocks
         eEdit_FirstOfBlock = 10,     // RemoveStandard
-        eEdit_RemoveDataRange = 21,
+        eEdit_RemoveDataRange = 23,
         eEdit_PadDataRange,
         eEdit_Reload,
         eEdit_End

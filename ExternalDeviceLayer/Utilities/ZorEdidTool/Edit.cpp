@@ -25,6 +25,7 @@ struct SEditCommand
     bool m_bForce = false;
     bool m_bDiff = false;
     bool m_bDryRun = false;
+    bool m_bAsListed = false;
 };
 
 // The edits in the order of the command line.
@@ -43,16 +44,17 @@ struct SEdited
     CBytes m_aui8Bytes;
     std::string m_sProblem = {}; // why there are none
     std::string m_sUnread = {};  // of a refused edit: the blocks that it did not find what it wanted in
+    std::vector<std::string> m_asNotes = {};
     EExit m_eExit = eExit_Finding;
 };
 
-SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits)
+SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
 {
     CLoadedImage oLoaded;
     CEditImage oImage;
-    if (!oLoaded.Load(oInput) || !oImage.Load(oInput.m_aui8Bytes))
+    if (!oLoaded.Load(oInput) || !oImage.Load(oInput.m_aui8Bytes, bAsListed))
     {
-        return { {}, oLoaded.GetProblem(), "", eExit_Input };
+        return { {}, oLoaded.GetProblem(), "", {}, eExit_Input };
     }
     for (const SEdit& oEdit : aoEdits)
     {
@@ -60,11 +62,12 @@ SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits)
         if (!sReason.empty())
         {
             constexpr char szRepair[] = ", which --repair-checksums in a call of its own makes right";
-            return { {}, oEdit.m_sText + ": " + sReason, DescribeUnreadBlocks(oInput, oLoaded, szRepair) };
+            return { {}, oEdit.m_sText + ": " + sReason, DescribeUnreadBlocks(oInput, oLoaded, szRepair), {} };
         }
     }
     SEdited oEdited = { oImage.GetBytes() };
     const std::string sFault = VerifyEdits(oInput.m_aui8Bytes, oEdited.m_aui8Bytes, oImage.GetBlocks());
+    oEdited.m_asNotes = oImage.GetNotes();
     oEdited.m_sProblem = sFault.empty() ? "" : "internal fault: " + sFault;
     return oEdited;
 }
@@ -113,7 +116,7 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
     {
         return;
     }
-    const SEdited oEdited = EditBytes(oInput, aoEdits);
+    const SEdited oEdited = EditBytes(oInput, aoEdits, oArguments.m_bAsListed);
     if (!oEdited.m_sProblem.empty())
     {
         fputs((MakeErrorLine(oArguments.m_sFile, oEdited.m_sProblem) + oEdited.m_sUnread).c_str(), stderr);
@@ -124,7 +127,15 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
     {
         ReportWritten(oArguments.m_sOutput, Write(oArguments, oEdited.m_aui8Bytes), oTool);
     }
-    if (oArguments.m_bDiff && oTool.m_eExit == eExit_Good)
+    if (oTool.m_eExit != eExit_Good)
+    {
+        return;
+    }
+    for (const std::string& sNote : oEdited.m_asNotes)
+    {
+        fputs(MakeErrorLine(oArguments.m_sFile, sNote).c_str(), stderr);
+    }
+    if (oArguments.m_bDiff)
     {
         fputs(DescribeChanges(oInput.m_aui8Bytes, oEdited.m_aui8Bytes).c_str(), stdout);
     }
@@ -143,6 +154,8 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
     oCommand.Flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
     oCommand.Flag("--dry-run", poArguments->m_bDryRun,
                   "Do everything but write, and report what would prevent writing");
+    oCommand.Flag("--as-listed", poArguments->m_bAsListed,
+                  "Let --remove-standard take bytes that the list has as another video code than they mean");
     for (size_t i = 0; i < GetEditOptions().size(); ++i)
     {
         const SEditOption& oOption = GetEditOptions()[i];

@@ -8,6 +8,11 @@
 
 using namespace ZorStandards::Cta;
 
+std::unique_ptr<CEdidExtBlockCEA861> CopyCea(const unsigned char* pui8Bytes)
+{
+    return std::make_unique<CEdidExtBlockCEA861>(gsc_uiBlockSize, pui8Bytes, 0);
+}
+
 CDataBlockWalk WalkDataBlocks(const CEdidExtBlockCEA861& oBlock)
 {
     return ZorCore::CCea861Bytes(oBlock.GetData(), oBlock.GetRevision()).Walk();
@@ -30,4 +35,22 @@ CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock)
         aui8Area.pop_back();
     }
     return aui8Area;
+}
+
+CBytes ListReferences(const CEdidExtBlockCEA861& oCea)
+{
+    CBytes aui8References;
+    CDataBlockWalk oWalk = WalkDataBlocks(oCea);
+    while (oWalk.Next({ CEdidExtBlockCEA861::eCea861Tag_Extended, false }))
+    {
+        const unsigned int uiTag = oWalk.GetLength() != 0 ? oWalk.GetByte(0) : 0;
+        const unsigned int uiEnd = uiTag == gsc_uiExtendedPreference ? oWalk.GetLength()
+                                   : uiTag == gsc_uiExtendedNative   ? std::min(2U, oWalk.GetLength())
+                                                                     : 0;
+        for (unsigned int i = 1; i < uiEnd; ++i)
+        {
+            aui8References.push_back(oWalk.GetByte(i));
+        }
+    }
+    return aui8References;
 }

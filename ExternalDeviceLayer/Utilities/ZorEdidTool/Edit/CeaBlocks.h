@@ -1,7 +1,9 @@
-// The parts of a CTA-861 block that edits must not touch, and the walk over its data blocks.
+// The parts of a CTA-861 block that edits must not touch, the walk over its data blocks, and what refers to timings.
 
 #pragma once
 
+#include <map>
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -10,6 +12,9 @@
 
 using CBytes = std::vector<unsigned char>;
 using CNumbers = std::set<unsigned int>;
+using CCodes = std::map<unsigned int, unsigned int>; // video codes by the offsets of their bytes in the block
+
+std::unique_ptr<CEdidExtBlockCEA861> CopyCea(const unsigned char* pui8Bytes);
 
 // As the library finds the data blocks.
 ZorStandards::Cta::CDataBlockWalk WalkDataBlocks(const CEdidExtBlockCEA861& oBlock);
@@ -20,3 +25,7 @@ bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock);
 
 // The bytes from the first descriptor on, up to the checksum, without zeros at the end.
 CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock);
+
+// Short video references of the blocks that prefer a timing or name the native one. 1 to 127 and 193 to 253 are video
+// codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CTA-861 blocks.
+CBytes ListReferences(const CEdidExtBlockCEA861& oCea);

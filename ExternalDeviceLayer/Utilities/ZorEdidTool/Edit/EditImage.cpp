@@ -10,16 +10,10 @@
 #include "LoadedImage.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/DisplayIdSection.h"
-#include "Standards/VideoCodes.h"
 
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-
-constexpr const char* gsc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
-constexpr const char* gsc_pszReferred =
-    "a data block that prefers timings, or names the native one, has its video code";
-constexpr const char* gsc_pszInUse = "has bytes after its detailed timings that would read differently";
 
 CPresent MakeNumbers(unsigned int uiCount)
 {
@@ -31,86 +25,7 @@ CPresent MakeNumbers(unsigned int uiCount)
     return aiNumbers;
 }
 
-void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
-
-unsigned int FindCode(const SEditedBlock& oBlock, unsigned int uiNumber)
-{
-    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
-    {
-        if (oBlock.m_aoOrigins[i].m_uiIndex == uiNumber)
-        {
-            return oBlock.m_aoOrigins[i].m_uiCode;
-        }
-    }
-    return 0;
-}
-
-// Short video references of the blocks that prefer a timing or name the native one. 1 to 127 and 193 to 253 are video
-// codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CTA-861 blocks.
-CBytes ListReferences(const CEdidExtBlockCEA861& oCea)
-{
-    using namespace ZorStandards::Cta;
-    CBytes aui8References;
-    ZorStandards::Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
-    while (oWalk.Next({ CEdidExtBlockCEA861::eCea861Tag_Extended, false }))
-    {
-        const unsigned int uiTag = oWalk.GetLength() != 0 ? oWalk.GetByte(0) : 0;
-        const unsigned int uiEnd = uiTag == gsc_uiExtendedPreference ? oWalk.GetLength()
-                                   : uiTag == gsc_uiExtendedNative   ? std::min(2U, oWalk.GetLength())
-                                                                     : 0;
-        for (unsigned int i = 1; i < uiEnd; ++i)
-        {
-            aui8References.push_back(oWalk.GetByte(i));
-        }
-    }
-    return aui8References;
-}
-
-// Whether the timing is of a 4:2:0 data block, and not of a map that selects codes.
-bool IsNamedBy420(const SEditedBlock& oBlock, unsigned int uiNumber)
-{
-    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
-    {
-        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
-        if (oOrigin.m_uiIndex == uiNumber && oOrigin.m_e420 == STimingOrigin::e420_Only)
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
-std::unique_ptr<CEdidExtBlockCEA861> CopyCea(const unsigned char* pui8Bytes)
-{
-    return std::make_unique<CEdidExtBlockCEA861>(gsc_uiBlockSize, pui8Bytes, 0);
-}
-
-bool HasHdmiBlock(const CEdidExtBlockCEA861& oCea)
-{
-    constexpr unsigned int uiAllDepths = 7;
-    const auto poCopy = CopyCea(oCea.GetData());
-    unsigned int uiBits = 0;
-    return poCopy->SetColorBitDepthSupport(uiAllDepths) != 0 && poCopy->GetColorBitDepthSupport(uiBits) != 0 &&
-           uiBits == uiAllDepths;
-}
 } // namespace
-
-CNumbers ListTimingsOfCode(const SEditedBlock& oBlock, unsigned int uiNumber)
-{
-    const unsigned int uiCode = FindCode(oBlock, uiNumber);
-    CNumbers oTimings;
-    bool bOrdinary = false;
-    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
-    {
-        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
-        if (oOrigin.m_uiCode == uiCode)
-        {
-            oTimings.insert(oOrigin.m_uiIndex);
-            bOrdinary = bOrdinary || oOrigin.m_e420 == STimingOrigin::e420_No;
-        }
-    }
-    return bOrdinary ? oTimings : CNumbers();
-}
 
 bool FindPresent(const CPresent& aiPresent, unsigned int uiNumber, unsigned int& uiPlace)
 {
@@ -139,10 +54,13 @@ bool IsSameMode(const CVidParamTiming& oRead, const CVidParamTiming& oWanted)
 
 // ---- Loading and writing back ----
 
-bool CEditImage::Load(const CBytes& aui8Image)
+bool CEditImage::Load(const CBytes& aui8Image, bool bAsListed)
 {
     m_aoBlocks.clear();
     m_auiEstablished.clear();
+    m_asNotes.clear();
+    m_aui8Read = aui8Image;
+    m_bAsListed = bAsListed;
     if (aui8Image.empty() ||
         m_oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0) == 0)
     {
@@ -212,6 +130,13 @@ CBytes CEditImage::GetBytes() const
     return aui8Image;
 }
 
+// The extension blocks stay.
+void CEditImage::SetBase(CBytes& aui8Base)
+{
+    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Base.data());
+    static_cast<CEdidBase&>(m_oEdid).SetEdidBuffer(aui8Base.data(), gsc_uiBlockSize, 0);
+}
+
 // ---- Numbers ----
 
 CEditImage::SPlace CEditImage::Find(unsigned int SEditedBlock::*puiCount, unsigned int uiNumber)
@@ -259,14 +184,14 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     if (!AreDataBlocksExact(*poCea))
     {
-        return NameBlock(oBlock) + " " + gsc_pszDamaged;
+        return NameBlock(oBlock) + " " + msc_pszDamaged;
     }
     const auto poCopy = CopyCea(poCea->GetData());
     std::string sReason = fnEdit(*poCopy);
     if (sReason.empty() && (GetDescriptorArea(*poCopy) != GetDescriptorArea(*poCea) ||
                             poCopy->GetDetailedCount() != poCea->GetDetailedCount()))
     {
-        sReason = NameBlock(oBlock) + " " + gsc_pszInUse;
+        sReason = NameBlock(oBlock) + " " + msc_pszInUse;
     }
     return sReason.empty() ? fnEdit(*poCea) : sReason;
 }
@@ -296,236 +221,6 @@ std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& 
     return sReason;
 }
 
-// ---- Timings ----
-
-std::string CEditImage::RemoveStandard(unsigned int uiNumber)
-{
-    const SPlace oPlace = Find(&SEditedBlock::m_uiStandards, uiNumber);
-    if (oPlace.m_poBlock == nullptr)
-    {
-        return NameRange(&SEditedBlock::m_uiStandards, "standard timings");
-    }
-    SEditedBlock& oBlock = *oPlace.m_poBlock;
-    if (oBlock.m_iExtension >= 0)
-    {
-        return RemoveCode(oBlock, oPlace.m_uiNumber);
-    }
-    unsigned int uiPlace = 0;
-    if (FindPresent(oBlock.m_aiStandards, oPlace.m_uiNumber, uiPlace))
-    {
-        if (m_oEdid.RemoveStandardKeepingDescriptors(uiPlace) == 0)
-        {
-            return "the library refuses it";
-        }
-        Erase(oBlock.m_aiStandards, uiPlace);
-        oBlock.m_oEdits.m_oStandard.insert(oPlace.m_uiNumber);
-    }
-    return "";
-}
-
-// Why the code of a timing can never go.
-std::string CEditImage::NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA861::ERemoval eRemoval) const
-{
-    switch (eRemoval)
-    {
-    case CEdidExtBlockCEA861::eRemoval_Damaged:
-        return NameBlock(oBlock) + " " + gsc_pszDamaged;
-    case CEdidExtBlockCEA861::eRemoval_NoCode:
-        return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
-    case CEdidExtBlockCEA861::eRemoval_3dFields:
-        return NameBlock(oBlock) + " has 3D formats for all of its first 16 video codes, or damaged ones";
-    default:
-        return NameBlock(oBlock) + " " + gsc_pszInUse;
-    }
-}
-
-// Whether a block that prefers timings, or names the native one, has a short video reference in this range.
-bool CEditImage::IsReferred(unsigned int uiFirst, unsigned int uiEnd)
-{
-    for (const SEditedBlock& oBlock : m_aoBlocks)
-    {
-        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        const CBytes aui8References = poCea != nullptr ? ListReferences(*poCea) : CBytes();
-        if (std::any_of(aui8References.begin(), aui8References.end(),
-                        [&](unsigned int uiReference) { return uiReference >= uiFirst && uiReference < uiEnd; }))
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
-// Goes through the first timing of the code, which is an ordinary one: 4:2:0 maps only repeat those.
-std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
-{
-    const CNumbers oTimings = ListTimingsOfCode(oBlock, uiNumber);
-    unsigned int uiPlace = 0;
-    if (oTimings.empty())
-    {
-        return NameRefusal(oBlock, CopyCea(oBlock.m_aui8Bytes.data())->TryRemoval(uiNumber));
-    }
-    if (FindPresent(oBlock.m_aiStandards, *oTimings.begin(), uiPlace))
-    {
-        std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            const CEdidExtBlockCEA861::ERemoval eRemoval = oCea.TryRemoval(uiPlace);
-            if (eRemoval != CEdidExtBlockCEA861::eRemoval_Possible)
-            {
-                return NameRefusal(oBlock, eRemoval);
-            }
-            oCea.RemoveStandardKeepingDescriptors(uiPlace);
-            return std::string(IsCodeReferred(oBlock, *oTimings.begin()) ? gsc_pszReferred : "");
-        });
-        if (!sReason.empty())
-        {
-            return sReason;
-        }
-        for (const unsigned int uiTiming : oTimings)
-        {
-            std::erase(oBlock.m_aiStandards, static_cast<int>(uiTiming));
-            oBlock.m_oEdits.m_oStandard.insert(uiTiming);
-        }
-    }
-    return IsNamedBy420(oBlock, uiNumber) ? "a YCbCr 4:2:0 data block names it too, which cannot be edited" : "";
-}
-
-// Whether a block that prefers timings, or names the native one, has the code of this ordinary timing. References have
-// 193 to 253 as codes of their own, which the library lists as native forms of lower ones.
-bool CEditImage::IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumber)
-{
-    const unsigned int uiCode = FindCode(oBlock, uiNumber);
-    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
-    {
-        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
-        const unsigned int uiByte = oBlock.m_aui8Bytes[oOrigin.m_uiCodeByte];
-        const unsigned int uiReference = ZorStandards::IsListedAsOther(uiByte) ? uiByte : uiCode;
-        if (oOrigin.m_uiCode == uiCode && oOrigin.m_e420 != STimingOrigin::e420_Only &&
-            IsReferred(uiReference, uiReference + 1))
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
-// The base block's descriptors and those of the CTA-861 blocks are counted together, those of DisplayID blocks are not.
-unsigned int CEditImage::CountDetailedAhead(const SEditedBlock& oBlock)
-{
-    unsigned int uiCount = 0;
-    for (const SEditedBlock* poAhead = m_aoBlocks.data(); poAhead != &oBlock; ++poAhead)
-    {
-        const bool bCounts = poAhead == m_aoBlocks.data() || GetCea(*poAhead) != nullptr;
-        uiCount += bCounts ? static_cast<unsigned int>(poAhead->m_aiDetaileds.size()) : 0;
-    }
-    return uiCount;
-}
-
-// Every CTA-861 block counts how many of the first detailed timings are native: one less if the removed one was.
-void CEditImage::LowerNatives(unsigned int uiPlace)
-{
-    for (const SEditedBlock& oBlock : m_aoBlocks)
-    {
-        CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        const unsigned int uiNatives =
-            poCea != nullptr ? ZorStandards::Cta::gsc_oNativeCount.Read(poCea->GetData()) : 0;
-        if (uiPlace < uiNatives)
-        {
-            poCea->SetNativeDetailedCount(uiNatives - 1); // gives 0 below revision 2, which has no such number
-        }
-    }
-}
-
-std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
-{
-    constexpr unsigned int uiFirstReference = 129;
-    constexpr unsigned int uiReferencesEnd = 145;
-    const SPlace oPlace = Find(&SEditedBlock::m_uiDetaileds, uiNumber);
-    if (oPlace.m_poBlock == nullptr)
-    {
-        return NameRange(&SEditedBlock::m_uiDetaileds, "detailed timings");
-    }
-    SEditedBlock& oBlock = *oPlace.m_poBlock;
-    unsigned int uiPlace = 0;
-    if (!FindPresent(oBlock.m_aiDetaileds, oPlace.m_uiNumber, uiPlace))
-    {
-        return "";
-    }
-    CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-    if (oBlock.m_iExtension >= 0 && poCea == nullptr)
-    {
-        return NameBlock(oBlock) + " is a DisplayID block, which cannot be edited";
-    }
-    if (poCea != nullptr && !AreDataBlocksExact(*poCea))
-    {
-        return NameBlock(oBlock) + " " + gsc_pszDamaged;
-    }
-    const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
-    if (IsReferred(uiFirstReference + uiPlaceOfAll, uiReferencesEnd))
-    {
-        return "a data block that prefers timings, or names the native one, counts it or a later one";
-    }
-    const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
-    if (!bRemoved)
-    {
-        return poCea == nullptr && uiPlace == 0 ? "the preferred timing can only be replaced"
-                                                : "the library refuses it";
-    }
-    LowerNatives(uiPlaceOfAll);
-    Erase(oBlock.m_aiDetaileds, uiPlace);
-    oBlock.m_oEdits.m_oDetailed.insert(oPlace.m_uiNumber);
-    const size_t uiLeft = poCea != nullptr ? poCea->GetDetailedCount() : m_oEdid.GetBaseDetailedCount();
-    return uiLeft == oBlock.m_aiDetaileds.size() ? "" : NameBlock(oBlock) + " " + gsc_pszInUse;
-}
-
-std::string CEditImage::RemoveEstablished(unsigned int uiNumber)
-{
-    if (uiNumber >= m_auiEstablished.size())
-    {
-        return m_auiEstablished.empty()
-                   ? "the image has no established timings"
-                   : "the image has established timings 0 to " + std::to_string(m_auiEstablished.size() - 1);
-    }
-    m_oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(m_auiEstablished[uiNumber]), 0, 1);
-    m_aoBlocks.front().m_oEdits.m_uiEstablished |= m_auiEstablished[uiNumber];
-    return "";
-}
-
-// The image size in the descriptor is not part of the timing: the library fills it anew, in centimetres, so what was
-// there is put back.
-std::string CEditImage::SetPreferred(const CVidParamTimingGeneric& oTiming)
-{
-    constexpr unsigned int uiImageSize = 12; // in the descriptor, three bytes
-    constexpr unsigned int uiImageSizeEnd = 15;
-    CBytes aui8Base(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
-    const unsigned int uiCount = m_oEdid.GetBaseDetailedCount();
-    if (uiCount == 0 || m_oEdid.SetPreferredMode(&oTiming) == 0)
-    {
-        return "the image has no preferred timing that could be replaced";
-    }
-    const unsigned char* pui8Edited = m_oEdid.GetBaseBlock();
-    for (unsigned int uiSlot = ZorStandards::BaseBlock::gsc_uiDescriptorsOffset;
-         uiSlot < ZorStandards::BaseBlock::gsc_uiExtensionCountOffset; uiSlot += ZorStandards::Cta::gsc_uiDetailedSize)
-    {
-        for (unsigned int i = 0; i < ZorStandards::Cta::gsc_uiDetailedSize; ++i)
-        {
-            const bool bKept = i >= uiImageSize && i < uiImageSizeEnd;
-            aui8Base[uiSlot + i] = bKept ? aui8Base[uiSlot + i] : pui8Edited[uiSlot + i];
-        }
-    }
-    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Base.data());
-    static_cast<CEdidBase&>(m_oEdid).SetEdidBuffer(aui8Base.data(), gsc_uiBlockSize, 0); // the extension blocks stay
-
-    CVidParamTimingGeneric oRead;
-    if (m_oEdid.GetBaseDetailed(0, &oRead) == 0 || m_oEdid.GetBaseDetailedCount() != uiCount ||
-        !IsSameMode(oRead, oTiming))
-    {
-        return "the timing does not fit into a detailed descriptor";
-    }
-    SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
-    oEdits.m_bPreferred = true;
-    oEdits.m_oPreferred = oTiming;
-    return "";
-}
-
 // ---- Colours ----
 
 std::string CEditImage::SetColorDepth(unsigned int uiDepth)
@@ -546,12 +241,12 @@ std::string CEditImage::SetDeepColor(unsigned int uiBits)
     for (SEditedBlock& oBlock : m_aoBlocks)
     {
         const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        if (poCea == nullptr || !HasHdmiBlock(*poCea))
+        if (poCea == nullptr || CopyCea(poCea->GetData())->SetDeepColors(uiBits) == 0)
         {
             continue;
         }
         std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-            return std::string(oCea.SetColorBitDepthSupport(uiBits) != 0 ? "" : "the library refuses it");
+            return std::string(oCea.SetDeepColors(uiBits) != 0 ? "" : "the library refuses it");
         });
         if (!sReason.empty())
         {
@@ -561,7 +256,7 @@ std::string CEditImage::SetDeepColor(unsigned int uiBits)
         oBlock.m_oEdits.m_uiDeepColor = uiBits;
         bFound = true;
     }
-    return bFound || uiBits == 0 ? "" : "the image has no HDMI data block for deep colours";
+    return bFound ? "" : "the image has no HDMI data block with deep colour flags";
 }
 
 // ---- Checksums ----
@@ -589,6 +284,17 @@ void CEditImage::RepairChecksums()
 
 std::string CEditImage::Apply(const SEdit& oEdit)
 {
+    const size_t uiNotes = m_asNotes.size();
+    std::string sReason = ApplyOne(oEdit);
+    for (size_t i = uiNotes; i < m_asNotes.size(); ++i)
+    {
+        m_asNotes[i] = oEdit.m_sText + ": " + m_asNotes[i];
+    }
+    return sReason;
+}
+
+std::string CEditImage::ApplyOne(const SEdit& oEdit)
+{
     switch (oEdit.m_eKind)
     {
     case eEdit_Serial:
@@ -596,6 +302,9 @@ std::string CEditImage::Apply(const SEdit& oEdit)
         m_aoBlocks.front().m_oEdits.m_bSerial = true;
         m_aoBlocks.front().m_oEdits.m_uiSerial = oEdit.m_uiNumber;
         return "";
+    case eEdit_Remove:
+    case eEdit_RemoveCode:
+        return Remove(oEdit.m_oWanted);
     case eEdit_RemoveStandard:
         return RemoveStandard(oEdit.m_uiNumber);
     case eEdit_RemoveDetailed:

@@ -15,6 +15,7 @@
 
 #include "CeaBlocks.h"
 #include "Edid.h"
+#include "EditPlaces.h"
 #include "EditPlan.h"
 
 // What edits have changed in one block, for the verification. Numbers are the block's own, in the image as it was read.
@@ -22,10 +23,12 @@ struct SBlockEdits
 {
     bool m_bChecksum = false; // repaired
     // Any block.
-    CNumbers m_oStandard; // removed, with those that share the code
     CNumbers m_oDetailed; // removed
     // The base block.
-    unsigned int m_uiEstablished = 0; // bits removed, CEdidBase::EEstablishedTiming
+    CNumbers m_oStandard; // removed
+    CNumbers m_oUnused;   // offsets of pairs in display descriptors that have become unused ones
+    std::map<unsigned int, unsigned int> m_oCleared; // bits of other modes there, by the offsets of their bytes
+    unsigned int m_uiEstablished = 0;                // bits removed, CEdidBase::EEstablishedTiming
     bool m_bSerial = false;
     unsigned int m_uiSerial = 0;
     bool m_bColorDepth = false;
@@ -33,6 +36,7 @@ struct SBlockEdits
     bool m_bPreferred = false;
     CVidParamTimingGeneric m_oPreferred;
     // CTA-861 blocks.
+    CNumbers m_oCodes; // offsets of the removed ones
     bool m_bDeepColor = false;
     unsigned int m_uiDeepColor = 0;
     CNumbers m_oAudioRemoved;
@@ -47,8 +51,9 @@ struct SBlockEdits
     // Whether anything but the checksum is named.
     bool IsNamed() const
     {
-        return !m_oStandard.empty() || !m_oDetailed.empty() || m_uiEstablished != 0 || m_bSerial || m_bColorDepth ||
-               m_bPreferred || m_bDeepColor || IsAudioNamed() || m_bSpeakers;
+        return !m_oStandard.empty() || !m_oUnused.empty() || !m_oCleared.empty() || !m_oCodes.empty() ||
+               !m_oDetailed.empty() || m_uiEstablished != 0 || m_bSerial || m_bColorDepth || m_bPreferred ||
+               m_bDeepColor || IsAudioNamed() || m_bSpeakers;
     }
 };
 
@@ -75,23 +80,25 @@ struct SEditedBlock
     CTimingOrigins m_aoOrigins; // of the standard timings at reading
 };
 
-// The timings that a removal of number uiNumber takes away, ordinary ones first. Empty when only a YCbCr 4:2:0 data
-// block names it, so that it cannot go.
-CNumbers ListTimingsOfCode(const SEditedBlock& oBlock, unsigned int uiNumber);
-
 class CEditImage
 {
 public:
-    // False when the library does not load the bytes.
-    bool Load(const CBytes& aui8Image);
+    // False when the library does not load the bytes. bAsListed: numbers of standard timings may be of bytes that the
+    // library lists as another code than they mean.
+    bool Load(const CBytes& aui8Image, bool bAsListed = false);
 
     // Empty, or the reason of a refusal; the image must then be given up.
     std::string Apply(const SEdit& oEdit);
 
     CBytes GetBytes() const;
     const std::vector<SEditedBlock>& GetBlocks() const { return m_aoBlocks; }
+    // What the user should know of edits that are done.
+    const std::vector<std::string>& GetNotes() const { return m_asNotes; }
 
 private:
+    static constexpr const char* msc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
+    static constexpr const char* msc_pszInUse = "has bytes after its detailed timings that would read differently";
+
     // A number found: the block, and the number there.
     struct SPlace
     {
@@ -103,18 +110,25 @@ private:
     std::string NameBlock(const SEditedBlock& oBlock) const;
     CEdidExtBlockCEA861* GetCea(const SEditedBlock& oBlock);
 
+    std::string ApplyOne(const SEdit& oEdit);
+    void SetBase(CBytes& aui8Base);
     void CountBase();
     void CountCea(SEditedBlock& oBlock, const CEdidExtBlockCEA861& oCea);
 
     std::string RemoveStandard(unsigned int uiNumber);
+    using CCodeSearch = std::function<CCodes(const CEdidExtBlockCEA861& oCea)>;
+    std::string RemoveCodes(SEditedBlock& oBlock, const CCodeSearch& fnFind);
     std::string RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber);
     std::string NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA861::ERemoval eRemoval) const;
     bool IsReferred(unsigned int uiFirst, unsigned int uiEnd);
-    bool IsCodeReferred(const SEditedBlock& oBlock, unsigned int uiNumber);
     std::string RemoveDetailed(unsigned int uiNumber);
     unsigned int CountDetailedAhead(const SEditedBlock& oBlock);
     void LowerNatives(unsigned int uiPlace);
     std::string RemoveEstablished(unsigned int uiNumber);
+    std::string Remove(const SWanted& oWanted);
+    std::string RemoveListed(const SZorImageMode& oPlace);
+    std::string RemoveFromDescriptors(const CPlaces& aoPlaces);
+    void NoteFraction(const SWanted& oWanted);
     std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
     std::string SetColorDepth(unsigned int uiDepth);
     std::string SetDeepColor(unsigned int uiBits);
@@ -133,4 +147,7 @@ private:
     CEdid m_oEdid;
     std::vector<SEditedBlock> m_aoBlocks;       // all blocks of the image, the base block first
     std::vector<unsigned int> m_auiEstablished; // bit of each established timing at reading
+    CBytes m_aui8Read;
+    bool m_bAsListed = false;
+    std::vector<std::string> m_asNotes;
 };

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "EdidBase.h"
+#include "ExactTimings.h"
 #include "ModeSources.h"
 #include "SpeakerNames.h"
 #include "TextFormat.h"
@@ -252,8 +253,21 @@ std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
     return ParseNumber(sText, uiNumber) ? "" : "'" + sText + "' is not a number from 0 to 4294967295";
 }
 
+std::string ParseCode(const std::string& sText, unsigned int& uiCode)
+{
+    constexpr unsigned int uiMost = 255;
+    return ParseNumber(sText, uiCode) && uiCode != 0 && uiCode <= uiMost
+               ? ""
+               : "'" + sText + "' is not a video code from 1 to " + std::to_string(uiMost);
+}
+
 constexpr SEditOption gsc_aoOptions[] = {
     { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or hexadecimal after 0x" },
+    { eEdit_Remove, "--remove", "WxH[i]@R",
+      "Remove a mode from every place that announces it, also those without a number; of an interlaced mode the rate "
+      "of fields" },
+    { eEdit_RemoveCode, "--remove-vic", "CODE",
+      "Remove a video code of CTA-861-H from every place, with the HDMI code of the same format" },
     { eEdit_RemoveStandard, "--remove-standard", "I",
       "Remove a standard timing; of a video code every mention in video and HDMI data blocks, with the 1000/1001 "
       "variant" },
@@ -282,7 +296,7 @@ std::span<const SEditOption> GetEditOptions() { return gsc_aoOptions; }
 
 std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit)
 {
-    oEdit = { oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {} };
+    oEdit = { oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {}, {} };
     switch (oOption.m_eKind)
     {
     case eEdit_Serial:
@@ -291,6 +305,12 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_RemoveEstablished:
     case eEdit_AudioRemove:
         return ParsePlainNumber(sValue, oEdit.m_uiNumber);
+    case eEdit_Remove:
+        return ParseExactMode(sValue, oEdit.m_oWanted.m_oMode)
+                   ? ""
+                   : "'" + sValue + "' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001";
+    case eEdit_RemoveCode:
+        return ParseCode(sValue, oEdit.m_oWanted.m_uiCode);
     case eEdit_Preferred:
         return ParseTiming(sValue, oEdit.m_oTiming);
     case eEdit_ColorDepth:

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "EdidExtBlockCEA861.h"
+#include "EdidMode.h"
 #include "VidParamTimingGeneric.h"
 
 using CAudio = CEdidExtBlockCEA861::SAudioDescriptor;
@@ -13,6 +14,8 @@ using CAudio = CEdidExtBlockCEA861::SAudioDescriptor;
 enum EEditKind : unsigned int
 {
     eEdit_Serial,
+    eEdit_Remove,
+    eEdit_RemoveCode,
     eEdit_RemoveStandard,
     eEdit_RemoveDetailed,
     eEdit_RemoveEstablished,
@@ -26,6 +29,14 @@ enum EEditKind : unsigned int
     eEdit_RepairChecksums
 };
 
+// A video code in the meaning of CTA-861-H, with the HDMI code of the same format; where that is 0, a size and a rate
+// as IsMeant has them.
+struct SWanted
+{
+    unsigned int m_uiCode = 0;
+    SZorMode m_oMode = {};
+};
+
 struct SEdit
 {
     EEditKind m_eKind;
@@ -36,6 +47,7 @@ struct SEdit
     unsigned int m_uiNumber = 0;
     CAudio m_oAudio = {};
     CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred
+    SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode
 };
 
 // One option of the command line that is an edit.

@@ -111,14 +111,13 @@ private:
         {
             Put(ZorStandards::BaseBlock::gsc_uiEstablishedOffset + i, oEdits.m_uiEstablished >> (8 * i), 0);
         }
-        CNumbers oGoneCodes; // offsets of their bytes
-        const CTimingOrigins& aoOrigins = m_aoBlocks[uiBlock].m_aoOrigins;
-        for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+        for (const auto& [uiOffset, uiBits] : oEdits.m_oCleared)
         {
-            if (oEdits.m_oStandard.contains(aoOrigins[i].m_uiIndex) && aoOrigins[i].m_e420 != STimingOrigin::e420_Only)
-            {
-                oGoneCodes.insert(aoOrigins[i].m_uiCodeByte);
-            }
+            Put(uiOffset, uiBits, 0);
+        }
+        for (const unsigned int uiOffset : oEdits.m_oUnused)
+        {
+            Put(uiOffset, { 1, 1 });
         }
         // Basic audio is set by an addition and cleared with the last descriptor or data block.
         const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
@@ -131,7 +130,7 @@ private:
             const CField& oField = m_oRead.Get(i);
             const bool bCode =
                 m_oRead.Is(i, eZorEdidField_CtaVideoDescriptor) || m_oRead.Is(i, eZorEdidField_CtaHdmiVic);
-            bool bGone = bCode ? oGoneCodes.contains(oField.m_uiOffset % gsc_uiBlockSize)
+            bool bGone = bCode ? oEdits.m_oCodes.contains(oField.m_uiOffset % gsc_uiBlockSize)
                                : IsNamed(oField, CZorEdidMap::eList_Standard, oEdits.m_oStandard, 0);
             if (IsNamed(oField, CZorEdidMap::eList_Detailed, oEdits.m_oDetailed, m_uiDetaileds))
             {

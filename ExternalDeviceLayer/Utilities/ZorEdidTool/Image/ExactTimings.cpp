@@ -22,6 +22,8 @@ namespace
 {
 using namespace ZorStandards;
 
+constexpr unsigned int gsc_uiFractionStep = 6; // rates that come at 1000/1001: 24, 30, 48, 60, 120
+
 // ---- Parsing ----
 
 bool TakeNumber(const char*& pszNext, const char* pszEnd, unsigned int& uiValue)
@@ -41,9 +43,8 @@ bool TakeMark(const char*& pszNext, const char* pszEnd, char cMark)
 // "59.94" is 60000/1001: uiWhole and uiPart / uiScale, where the scale is 100 or 1000.
 SZorMode::SRate ReadDecimalRate(unsigned int uiWhole, unsigned int uiPart, unsigned int uiScale)
 {
-    constexpr unsigned int uiStep = 6; // rates that come at 1000/1001: 24, 30, 48, 60, 120
     const unsigned long long ullScaled = 1ULL * uiWhole * uiScale + uiPart;
-    const unsigned long long ullNominal = (uiWhole / uiStep + 1ULL) * uiStep;
+    const unsigned long long ullNominal = (uiWhole / gsc_uiFractionStep + 1ULL) * gsc_uiFractionStep;
     const unsigned long long ullFraction = (2 * ullNominal * 1000 * uiScale + 1001) / (2 * 1001); // rounded
     return uiScale >= 100 && ullScaled == ullFraction ? SZorMode::SRate{ ullNominal * 1000, 1001 }
                                                       : SZorMode::SRate{ ullScaled, uiScale };
@@ -96,13 +97,18 @@ bool IsSameRate(const SZorMode::SRate& oFirst, const SZorMode::SRate& oSecond)
     return dDifference < dNear && dDifference > -dNear;
 }
 
+bool IsWantedPicture(const SZorMode& oMode, const SZorMode& oWanted)
+{
+    const bool bSize = oMode.m_oHorizontal.m_uiActive == oWanted.m_uiWidth || oMode.m_uiWidth == oWanted.m_uiWidth;
+    return bSize && oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced;
+}
+
 // Whole rates mean the nominal one alone: 60 Hz of 640 x 480 at 59.94.
 bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
 {
     const bool bRate =
         IsSameRate(oMode.m_oNominalRate, oWanted.m_oNominalRate) || IsSameRate(oMode.m_oRate, oWanted.m_oNominalRate);
-    const bool bSize = oMode.m_oHorizontal.m_uiActive == oWanted.m_uiWidth || oMode.m_uiWidth == oWanted.m_uiWidth;
-    return bSize && oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced && bRate;
+    return bRate && IsWantedPicture(oMode, oWanted);
 }
 
 std::string Trim(std::string sText, size_t uiDecimals)
@@ -398,6 +404,43 @@ bool ParseExactMode(const std::string& sText, SZorMode& oMode)
     oRead.m_oRate = oRead.m_oNominalRate;
     oMode = oRead;
     return true;
+}
+
+bool GetWantedFraction(const SZorMode& oWanted, SZorMode& oFraction)
+{
+    const SZorMode::SRate& oRate = oWanted.m_oNominalRate;
+    if (oRate.m_ullDivisor != 1 || oRate.m_ullDividend % gsc_uiFractionStep != 0)
+    {
+        return false;
+    }
+    oFraction = oWanted;
+    oFraction.m_oNominalRate = oFraction.m_oRate = { oRate.m_ullDividend * 1000, 1001 };
+    return true;
+}
+
+bool IsMeant(const SZorMode& oMode, const SZorMode& oWanted)
+{
+    constexpr double dHalf = 0.5;
+    SZorMode oPartner = {};
+    SZorMode oFraction = {};
+    if (oMode.m_oRate.m_ullDivisor == 0 || oMode.m_oNominalRate.m_ullDivisor == 0)
+    {
+        return false;
+    }
+    if (IsWanted(oMode, oWanted) || (CZorEdidModes::GetPartner(oMode, oPartner) && IsWanted(oPartner, oWanted)))
+    {
+        return true;
+    }
+    const double dDifference = GetHz(oMode.m_oRate) - GetHz(oWanted.m_oNominalRate);
+    const bool bRounds = oWanted.m_oNominalRate.m_ullDivisor == 1 && dDifference >= -dHalf && dDifference < dHalf;
+    return bRounds && IsWantedPicture(oMode, oWanted) &&
+           !(GetWantedFraction(oWanted, oFraction) && IsSameRate(oMode.m_oRate, oFraction.m_oNominalRate));
+}
+
+std::string GetModeName(const SZorMode& oMode)
+{
+    return FormatText("%ux%u%s@%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "",
+                      Trim(FormatText("%.2f", GetHz(oMode.m_oNominalRate)), 0).c_str());
 }
 
 std::vector<std::string> ListTimingTypes()

@@ -14,6 +14,17 @@
 // Sets size, scan and nominal rate; false, and oMode unchanged, for anything else.
 bool ParseExactMode(const std::string& sText, SZorMode& oMode);
 
+// Whether a size and rate of ParseExactMode mean a mode: at its exact or nominal rate and, of a code that has two, at
+// the other one. Rates equal each other to two decimals. A whole rate also means rates that round to it, such as 59.95
+// Hz, but not its 1000/1001, which has a name of its own.
+bool IsMeant(const SZorMode& oMode, const SZorMode& oWanted);
+
+// The wanted mode at 1000/1001 of its rate; false for rates that have no such variant.
+bool GetWantedFraction(const SZorMode& oWanted, SZorMode& oFraction);
+
+// As ParseExactMode takes it, with the nominal rate: "1920x1080i@59.94".
+std::string GetModeName(const SZorMode& oMode);
+
 struct SExactTiming
 {
     const char* m_pszType; // a name of ListTimingTypes

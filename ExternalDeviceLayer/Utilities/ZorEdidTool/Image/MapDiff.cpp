@@ -333,6 +333,26 @@ void SMapPart::LeaveOutCodes(const std::vector<unsigned int>& auiBlock)
     }
 }
 
+// A map without a bit would be taken for one of all codes when its zeros are cut off.
+void SMapPart::LeaveOutEmptiedMaps()
+{
+    for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
+    {
+        bool bAny = false;
+        bool bAll = Is(i, eZorEdidField_Cta420Map);
+        for (unsigned int j = i + 1; bAll && j < Get(i).m_uiEnd; ++j)
+        {
+            const bool bBit = Is(j, eZorEdidField_Cta420MapVic) && Get(j).m_llNumber != 0;
+            bAny = bAny || bBit;
+            bAll = !bBit || m_oWithout.contains(j);
+        }
+        if (bAny && bAll)
+        {
+            m_oWithout.insert(i);
+        }
+    }
+}
+
 void SMapPart::LeaveOutEmptied()
 {
     for (unsigned int i = m_oMap.GetFieldCount(); i-- > 0;) // from the innermost groups on
@@ -359,6 +379,7 @@ std::vector<long long> SMapPart::LeaveOutRest()
     {
         LeaveOutCodes(ListBlock(i));
     }
+    LeaveOutEmptiedMaps();
     LeaveOutEmptied();
     for (unsigned int i = 0; i < m_oMap.GetFieldCount(); i = m_oWithout.contains(i) ? Get(i).m_uiEnd : i + 1)
     {

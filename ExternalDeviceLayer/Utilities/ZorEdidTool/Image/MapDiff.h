@@ -24,14 +24,16 @@ struct SMapPart
     // What is left out of a group, counted from it.
     std::vector<unsigned int> ListWithout(unsigned int uiGroup) const;
 
-    // Leaves out what goes with the fields that are left out: formats and bits of video codes, then groups of which
-    // nothing but a header is left, and last all counts of bytes. Returns what these are without the bytes left out.
+    // Leaves out what goes with the fields that are left out: formats and bits of video codes, then 4:2:0 maps that
+    // lose their last bit and groups of which nothing but a header is left, and last all counts of bytes. Returns what
+    // these are without the bytes left out.
     std::vector<long long> LeaveOutRest();
 
 private:
     bool IsBits(unsigned int uiField) const; // a leaf of less than a byte
     unsigned int CountBytesWithout(unsigned int uiGroup, EZorEdidField eId) const;
     void LeaveOutCodes(const std::vector<unsigned int>& auiBlock);
+    void LeaveOutEmptiedMaps();
     void LeaveOutEmptied();
 };
 

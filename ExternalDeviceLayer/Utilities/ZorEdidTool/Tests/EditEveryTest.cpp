@@ -7,10 +7,12 @@
 #include <stdio.h>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <functional>
 #include <iterator>
 #include <map>
+#include <set>
 
 #include "CEdidTestImages.h"
 #include "EditImage.h"
@@ -18,6 +20,7 @@
 #include "Messages.h"
 #include "TestBytes.h"
 #include "ZorEdidMap.h"
+#include "ZorEdidModes.h"
 
 namespace
 {
@@ -94,13 +97,15 @@ std::string NameKind(const unsigned char* pui8DataBlock)
 {
     const unsigned int uiTag = pui8DataBlock[0] >> 5;
     const std::string sStart = Hex(pui8DataBlock + 1, std::min(pui8DataBlock[0] & 0x1FU, 4U));
-    const bool bLong = (pui8DataBlock[0] & 0x1F) >= 8;
-    return uiTag == 1                                                 ? "audio blocks"
-           : uiTag == 2                                               ? "video blocks"
-           : uiTag == 3 && bLong && sStart.starts_with("030c00")      ? "hdmi"
-           : uiTag == 4                                               ? "speaker blocks"
-           : uiTag == 7 && (sStart == "01030c00" || sStart[1] == 'f') ? "hdmi video"
-                                                                      : "other";
+    const bool bDepths = (pui8DataBlock[0] & 0x1F) >= 6;
+    return uiTag == 1                                              ? "audio blocks"
+           : uiTag == 2                                            ? "video blocks"
+           : uiTag == 3 && bDepths && sStart.starts_with("030c00") ? "hdmi"
+           : uiTag == 4                                            ? "speaker blocks"
+           : uiTag == 7 && sStart == "01030c00"                    ? "hdmi video"
+           : uiTag == 7 && sStart.starts_with("0f")                ? "hdmi video"
+           : uiTag == 7 && sStart.starts_with("0e")                ? "4:2:0 video"
+                                                                   : "other";
 }
 
 // 3D formats after the video codes that they hold for, as the map of the image resolves them.
@@ -169,13 +174,14 @@ void ReadCea(CEdidExtBlockCEA861& oCea, const std::string& sBlock, CFacts& oFact
         oFacts["speakers " + sBlock].push_back(std::to_string(uiMask));
     }
     unsigned int uiBits = 0;
-    oCea.GetColorBitDepthSupport(uiBits);
-    oFacts["deep " + sBlock] = { std::to_string(uiBits) };
     const unsigned int uiEnd = pui8Data[1] >= 3 ? pui8Data[2] : 0;
     for (unsigned int i = 4; i < uiEnd && i + (pui8Data[i] & 0x1F) < 127; i += 1U + (pui8Data[i] & 0x1F))
     {
-        oFacts[NameKind(pui8Data + i) + " " + sBlock].push_back(Hex(pui8Data + i, 1U + (pui8Data[i] & 0x1F)));
+        const std::string sKind = NameKind(pui8Data + i);
+        oFacts[sKind + " " + sBlock].push_back(Hex(pui8Data + i, 1U + (pui8Data[i] & 0x1F)));
+        uiBits |= sKind == "hdmi" ? (pui8Data[i + 6] >> 4) & 7U : 0;
     }
+    oFacts["deep " + sBlock] = { std::to_string(uiBits) };
     // Codes, also those without a timing.
     unsigned int uiLength = 0;
     for (unsigned int i = 0;; ++i)
@@ -529,6 +535,138 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
               { { "detailed 0", Replaced(0) } });
 }
 
+// ---- Modes ----
+
+double GetHz(const SZorMode::SRate& oRate)
+{
+    return oRate.m_ullDivisor == 0 ? 0
+                                   : static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
+}
+
+// A mode at one of its rates.
+struct SModeAtRate
+{
+    SZorMode m_oMode;
+    double m_dRate;
+    std::string GetName() const
+    {
+        char szName[80];
+        snprintf(szName, sizeof(szName), m_dRate == std::round(m_dRate) ? "%ux%u%s@%.0f" : "%ux%u%s@%.2f",
+                 m_oMode.m_uiWidth, m_oMode.m_uiHeight, m_oMode.m_bInterlaced ? "i" : "", m_dRate);
+        return szName;
+    }
+};
+
+bool IsNear(double dFirst, double dSecond) { return std::abs(dFirst - dSecond) < 0.006; }
+
+// Whether a mode at this rate goes with the wanted one.
+bool GoesWith(const SZorMode& oMode, const SModeAtRate& oWanted)
+{
+    const SZorMode& oOther = oWanted.m_oMode;
+    const bool bWidth = oMode.m_uiWidth == oOther.m_uiWidth || oMode.m_oHorizontal.m_uiActive == oOther.m_uiWidth;
+    const double dExact = GetHz(oMode.m_oRate);
+    const double dNominal = GetHz(oMode.m_oNominalRate);
+    const double dFraction = oMode.m_bFractionToo ? 1000.0 / 1001 : 1;
+    const bool bWhole = oWanted.m_dRate == std::round(oWanted.m_dRate);
+    const bool bOwnName = std::fmod(oWanted.m_dRate, 6) == 0 && IsNear(dExact, oWanted.m_dRate * 1000 / 1001);
+    const bool bRate = IsNear(dExact, oWanted.m_dRate) || IsNear(dNominal, oWanted.m_dRate) ||
+                       IsNear(dExact * dFraction, oWanted.m_dRate) || IsNear(dNominal * dFraction, oWanted.m_dRate) ||
+                       (bWhole && std::round(dExact) == oWanted.m_dRate && !bOwnName);
+    return dNominal != 0 && bWidth && oMode.m_uiHeight == oOther.m_uiHeight &&
+           oMode.m_bInterlaced == oOther.m_bInterlaced && bRate;
+}
+
+// All fields that announce modes, by what they say and their order.
+CTexts ListModes(const CBytes& aui8Image, const std::function<bool(const SZorMode&)>& fnWithout)
+{
+    CTexts asModes;
+    CZorEdidModes oModes;
+    oModes.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oMode = oModes.Get(i);
+        // The library takes any pair that begins with 01 for an unused one, and makes it 01 01 when others move up.
+        const bool bUnused = oMode.m_oMode.m_eKind == SZorMode::eModeKind_Standard && oMode.m_oMode.m_uiCode < 0x200;
+        if (!bUnused && !fnWithout(oMode.m_oMode))
+        {
+            char szMode[160];
+            snprintf(szMode, sizeof(szMode), "%u: %u %x, %ux%u@%f, %llu, %u %u %x", oMode.m_eField,
+                     oMode.m_oMode.m_eKind, oMode.m_oMode.m_uiCode, oMode.m_oMode.m_uiWidth, oMode.m_oMode.m_uiHeight,
+                     GetHz(oMode.m_oMode.m_oRate), oMode.m_oMode.m_ullClock, oMode.m_eReason, oMode.m_oMode.m_eY420,
+                     oMode.m_uiStereo);
+            asModes.emplace_back(szMode);
+        }
+    }
+    return asModes;
+}
+
+// Removes a mode or a code, and looks whether all other modes are there as before.
+void TryMode(const std::string& sImage, const CBytes& aui8Image, const SEdit& oEdit,
+             const std::function<bool(const SZorMode&)>& fnGoes, std::vector<SEdit>& aoRemovals)
+{
+    CNamed oNamed = { { "established", IsShortened },
+                      { "standard 0", IsShortened },
+                      { "detailed 0", IsShortened },
+                      { "image sizes", IsShortened },
+                      { "display descriptors", IsAny } };
+    for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
+    {
+        for (const char* pszName : { "standard ", "codes ", "video blocks ", "hdmi ", "hdmi video ", "4:2:0 video ",
+                                     "natives ", "3d ", "detailed " })
+        {
+            oNamed[pszName + std::to_string(i)] = IsAny;
+        }
+    }
+    CBytes aui8Edited;
+    if (Try(sImage, aui8Image, oEdit, oNamed) && ApplyAll(aui8Image, { oEdit }, aui8Edited).empty())
+    {
+        aoRemovals.push_back(oEdit);
+        if (ListModes(aui8Edited, [](const SZorMode&) { return false; }) != ListModes(aui8Image, fnGoes))
+        {
+            Fail(sImage, oEdit.m_sText, "other modes than this one have gone, or it has not");
+        }
+    }
+}
+
+void TryModes(const std::string& sImage, const CBytes& aui8Image, std::vector<SEdit>& aoRemovals)
+{
+    std::map<std::string, SModeAtRate> oWanted;
+    std::set<unsigned int> oCodes;
+    CZorEdidModes oModes;
+    oModes.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorMode& oMode = oModes.Get(i).m_oMode;
+        for (const double dFactor : { 1.0, oMode.m_bFractionToo ? 1000.0 / 1001 : 1.0 })
+        {
+            const SModeAtRate oAtRate = { oMode, GetHz(oMode.m_oNominalRate) * dFactor };
+            oWanted.emplace(oAtRate.GetName(), oAtRate);
+        }
+        if (oMode.m_eKind == SZorMode::eModeKind_Vic)
+        {
+            oCodes.insert(oMode.m_uiCode);
+        }
+    }
+    for (const auto& [sName, oMode] : oWanted)
+    {
+        if (oMode.m_dRate != 0)
+        {
+            TryMode(
+                sImage, aui8Image, MakeEdit(eEdit_Remove, sName),
+                [&oMode](const SZorMode& o) { return GoesWith(o, oMode); }, aoRemovals);
+        }
+    }
+    for (const unsigned int uiCode : oCodes)
+    {
+        constexpr unsigned int auiHdmi[] = { 0, 95, 94, 93, 98 };
+        const auto fnGoes = [&auiHdmi, uiCode](const SZorMode& o) {
+            return (o.m_eKind == SZorMode::eModeKind_Vic && o.m_uiCode == uiCode) ||
+                   (o.m_eKind == SZorMode::eModeKind_HdmiVic && auiHdmi[o.m_uiCode] == uiCode);
+        };
+        TryMode(sImage, aui8Image, MakeEdit(eEdit_RemoveCode, std::to_string(uiCode)), fnGoes, aoRemovals);
+    }
+}
+
 // Numbers mean the image as it was read: no order of removals makes a difference, and none needs doing twice.
 void TryOrders(const std::string& sImage, const CBytes& aui8Image, const std::vector<SEdit>& aoRemovals)
 {
@@ -563,6 +701,7 @@ void TestImage(const std::string& sImage, const CBytes& aui8Image)
     }
     std::vector<SEdit> aoRemovals;
     TryNumbered(sImage, aui8Image, oImage.GetBlocks(), aoRemovals);
+    TryModes(sImage, aui8Image, aoRemovals);
     TryOthers(sImage, aui8Image, oImage.GetBlocks().size());
     TryOrders(sImage, aui8Image, aoRemovals);
 }
@@ -635,6 +774,9 @@ void TestVerifications(const CBytes& aui8Monitor)
     for (const auto& [eKind, pszValue] :
          std::initializer_list<std::pair<EEditKind, const char*>>{ { eEdit_Serial, "5" },
                                                                    { eEdit_RemoveEstablished, "1" },
+                                                                   { eEdit_Remove, "1280x720@60" },
+                                                                   { eEdit_Remove, "640x480@60" },
+                                                                   { eEdit_RemoveCode, "16" },
                                                                    { eEdit_RemoveStandard, "0" },
                                                                    { eEdit_RemoveStandard, "9" },
                                                                    { eEdit_RemoveDetailed, "1" },

@@ -88,6 +88,7 @@ class Edits(unittest.TestCase):
         for image, arguments, expected in (
                 (fix_sums(digital), "--color-depth 10", fix_sums(digital[:20] + b"\xbf" + digital[21:])),
                 (cea(VIDEO + "68030c0010008f2d00"), "--deep-color 30,48", cea(VIDEO + "68030c001000df2d00")),
+                (cea(VIDEO + "66030c00100088" "65030c001000"), "--deep-color 36", cea(VIDEO + "66030c001000a8" "65030c001000")),
                 (cea(VIDEO + "68030c001000ff2d00" * 2), "--deep-color none", cea(VIDEO + "68030c0010008f2d00" * 2)),
                 # Speakers of later editions of the standard, bytes after the mask, and a second data block.
                 (cea(VIDEO + "8501f0409911" + "83020000"), "--speakers LFE+FLH/FRH",
@@ -101,6 +102,51 @@ class Edits(unittest.TestCase):
             with self.subTest(arguments):
                 status, out, error = edit(image, *arguments.split())
                 self.assertEqual((0, "", expected.hex()), (status, error, out.hex()))
+
+    def test_modes_and_codes_go_from_every_place(self):
+        def base(descriptor):
+            return changed(90, descriptor)
+
+        pairs, bits, cvt = "000000fa00%s814f01010101010101010a", "000000f7000a00%s%s", "000000f80001%s202020202020202020"
+        hdmi = "6%c030c001000000020" "00%s"
+        listed_as_91 = cea("435bdb04" "e20f02")
+        for image, arguments, expected in (
+                # With the code goes the map that marks nothing else.
+                (listed_as_91, "--remove-vic 219", cea("425b04")),
+                (listed_as_91, "--remove 4096x2160@119.88", cea("425b04")),
+                (listed_as_91, "--remove-vic 91", cea("42db04" "e20f01")),
+                (listed_as_91, "--remove-standard 7", cea("42db04" "e20f01")),
+                (listed_as_91, "--remove-standard 8 --as-listed", cea("4104")),
+                (cea("4110" "e30e6160"), "--remove-vic 97", cea("4110" "e20e60")),
+                (cea("4110" "e20e60" "e20f01"), "--remove 3840x2160@50", cea("4110" "e20f01")),
+                (cea("43905f04" + hdmi % ("c", "400102")), "--remove-vic 95", cea("429004" + hdmi % ("b", "2002"))),
+                (cea("42e604"), "--remove-vic 230", cea("4104")),  # not published
+                # Codes at every place and numbers of the list in one call.
+                (cea("43900405"), "--remove-vic 4 --remove-standard 9 --remove-vic 4 --remove-standard 11", cea("4190")),
+                (base(pairs % "8199"), "--remove 1280x1024@85", base(pairs % "0101")),
+                (base(bits % ("e0", "00" * 10)), "--remove 1280x768@60", base(bits % ("20", "00" * 10))),
+                (base(cvt % "ff1038"), "--remove 1360x1024@50", base(cvt % "ff1028")),
+                (base(cvt % "ff1038"), "--remove 1360x1024@50 --remove 1360x1024@60", base(cvt % "000000"))):
+            with self.subTest(arguments):
+                status, out, error = edit(image, *arguments.split())
+                self.assertEqual((0, "", expected.hex()), (status, error, out.hex()))
+        preference = cea("4210df" "e20d10" "e20edf")
+        for image, arguments, reason in (
+                (listed_as_91, "--remove-standard 8", "byte db as VIC 91; by CTA-861-H it is VIC 219, which --remove-vic "
+                 "219 removes; --as-listed removes it as the list has it"),
+                (base(cvt % "ff1038"), "--remove 1360x1024@60", "CVT 3 byte timing code 0 prefers this rate and has others"),
+                (preference, "--remove-vic 16", "names the native one, has its video code"),
+                (IMAGE, "--remove-vic 219", "the image has no VIC 219"),
+                (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50"),
+                (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
+                 "block 0: Detailed timing: the preferred timing can only be replaced"),
+                (extended(fix_sums(bytes([0x70, 0x12, 13, 0, 0, 7, 0, 10] + [0] * 9 + [0x10]).ljust(128, b"\0"))),
+                 "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: it cannot be edited there")):
+            with self.subTest(arguments):
+                status, out, error = edit(image, *arguments.split())
+                self.assertEqual((1, b"", True), (status, out, reason + "\n" in error), error)
+        self.assertEqual((0, "zoredid: -: --remove 720x480@60: 720x480@59.94 stays: block 1: Detailed timing 0\n"),
+                         edit(IMAGE, "--remove", "720x480@60")[::2])
 
     def test_the_number_of_native_timings_follows(self):
         for natives, number, expected in (((3, 4), 1, (2, 3)), ((3, 4), 2, (2, 3)), ((3, 4), 3, (3, 3)),
@@ -158,7 +204,8 @@ class Edits(unittest.TestCase):
                     ("--audio-set 1=ac3,2ch,48", "the image has audio descriptors 0 to 0"),
                     ("--audio-add pcm,1ch,48,16", "the library takes 2 to 8 channels"),
                     ("--color-depth 10", "only a digital input of EDID 1.4 or later has a colour depth"),
-                    ("--deep-color 30", "the image has no HDMI data block for deep colours"),
+                    ("--deep-color 30", "the image has no HDMI data block with deep colour flags"),
+                    ("--deep-color none", "the image has no HDMI data block with deep colour flags"),
                     ("--preferred 8192x4320@60", "the timing does not fit into a detailed descriptor")):
                 for order in ("--serial 5 " + arguments, arguments + " --serial 5"):
                     status, text, error = run(MONITOR, "-o", out, "--diff", *order.split())

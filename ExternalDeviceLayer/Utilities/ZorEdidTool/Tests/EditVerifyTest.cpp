@@ -239,6 +239,66 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
     }
 }
 
+// A map of code 16, the first one, goes with it; one of code 4 stays and marks the first code then.
+TEST_F(EditVerify, RefusesMapsThatMarkOtherCodes)
+{
+    CBytes aui8Image = MakeImage();
+    aui8Image.resize(128);
+    aui8Image[0x7E] = 1;
+    Append(aui8Image, ParseBytes("02 03 0E 40 43 90 04 05 E2 0F 01 E2 0F 02 ..128"));
+    aui8Image = FixChecksums(aui8Image);
+    const SWrongEdit aoCases[] = {
+        { "emptied map",
+          eEdit_RemoveCode,
+          "16",
+          { { 0x82, "0D" }, { 0x87, "E2 0F 00 E2 0F 01" } },
+          "block 1: YCbCr 4:2:0 capability map data block 0" },
+        { "no map",
+          eEdit_RemoveCode,
+          "16",
+          { { 0x82, "07" }, { 0x87, "00 00 00" } },
+          "block 1: YCbCr 4:2:0 capability map data block 1" },
+        { "map of all codes",
+          eEdit_RemoveCode,
+          "16",
+          { { 0x82, "09" }, { 0x87, "E1 0F 00" } },
+          "block 1: Video code 4, 1280x720p 59.94/60 Hz 16:9" },
+        { "map as it was",
+          eEdit_RemoveCode,
+          "16",
+          { { 0x89, "02" } },
+          "block 1: Video code 4, 1280x720p 59.94/60 Hz 16:9" },
+    };
+    for (const SWrongEdit& oCase : aoCases)
+    {
+        ExpectRefusal(aui8Image, oCase);
+    }
+}
+
+// Standard timings, bits of established timings III and a CVT code in display descriptors.
+TEST_F(EditVerify, RefusesOtherModesOfDisplayDescriptors)
+{
+    const struct
+    {
+        const char* m_pszDescriptor;
+        const char* m_pszMode;
+        SDamage m_oDamage;
+        const char* m_pszField;
+    } aoCases[] = {
+        { "00 00 00 FA 00 81 99 81 4F 01*8 0A", "1280x1024@85", { 0x61, "01 01" }, "block 0: Standard timing 1" },
+        { "00 00 00 FA 00 81 99 81 4F 01*8 0A", "1280x1024@85", { 0x5F, "81 4F 01 01" }, "block 0: Standard timing 0" },
+        { "00 00 00 F7 00 0A 00 E0 00*10", "1280x768@60", { 0x61, "00" }, "block 0: 1280 x 768 @ 75 Hz" },
+        { "00 00 00 F7 00 0A 00 E0 00*10", "1280x768@60", { 0x61, "60" }, "block 0: 1280 x 768 @ 60 Hz" },
+        { "00 00 00 F8 00 01 FF 10 38 20*9", "1360x1024@50", { 0x62, "08" }, "block 0: Preferred vertical rate" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        CBytes aui8Image = WithDamages(MakeImage(), { { 0x5A, oCase.m_pszDescriptor } });
+        ExpectRefusal(FixChecksums(aui8Image),
+                      { oCase.m_pszField, eEdit_Remove, oCase.m_pszMode, { oCase.m_oDamage }, oCase.m_pszField });
+    }
+}
+
 // Two blocks with a detailed timing each, and both call the first two of the image native: one is left. The number
 // is there from revision 2 on.
 TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
@@ -253,7 +313,7 @@ TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
         aui8Image.resize(256 + 128 * i);
     }
     aui8Image = FixChecksums(aui8Image);
-    ExpectRefusal(aui8Image, { "as it was",
+    ExpectRefusal(aui8Image, { "block 1: Video code 4, 1280x720p 59.94/60 Hz 16:9",
                                eEdit_RemoveDetailed,
                                "1",
                                { { 0x103, "02" } },

@@ -242,6 +242,17 @@ bool ReadCvtCodeMode(const CRecordBytes& oRecord, unsigned int uiRank, SZorMode&
     return true;
 }
 
+unsigned int GetCvtCodeBit(const SZorMode& oMode)
+{
+    unsigned int uiBit = 0;
+    for (const SCodeRate& oRate : gsc_aoCodeRates)
+    {
+        const bool bRate = oMode.m_oNominalRate.m_ullDividend == oRate.m_uiRate;
+        uiBit = bRate && oMode.m_eBlanking == oRate.m_eBlanking ? oRate.m_uiBit : uiBit;
+    }
+    return uiBit;
+}
+
 // ---- CTA-861 ----
 
 bool ReadShortVideoMode(unsigned int uiSvd, SZorMode& oMode)

@@ -39,6 +39,8 @@ bool ReadStandardMode(const CRecordBytes& oRecord, bool bSquare, SZorMode& oMode
 
 // Three bytes. uiRank counts the rates that one code announces, the preferred one first.
 bool ReadCvtCodeMode(const CRecordBytes& oRecord, unsigned int uiRank, SZorMode& oMode);
+// The bit of byte 2 that announces a mode of such a code.
+unsigned int GetCvtCodeBit(const SZorMode& oMode);
 inline constexpr unsigned int gsc_uiCvtCodeSize = 3;
 inline constexpr unsigned int gsc_uiStandardTimingSize = 2;
 inline constexpr SPlace gsc_oCvtCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } }); // half of them, minus 1

@@ -1,0 +1,451 @@
+// Removal of timings: by their numbers in the lists, by mode and by code.
+
+#include <algorithm>
+#include <tuple>
+
+#include "EdidUtils.h"
+#include "EditImage.h"
+#include "EditPlaces.h"
+#include "ExactTimings.h"
+#include "ModeList.h"
+#include "Standards/BaseBlock.h"
+#include "Standards/Modes.h"
+#include "Standards/VideoCodes.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+
+constexpr const char* gsc_pszReferred =
+    "a data block that prefers timings, or names the native one, has its video code";
+constexpr const char* gsc_pszPreferred = "the preferred timing can only be replaced";
+
+void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
+
+// The first place of a timing that the image had when it was read; null without one.
+const STimingOrigin* FindOrigin(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        if (oBlock.m_aoOrigins[i].m_uiIndex == uiNumber)
+        {
+            return &oBlock.m_aoOrigins[i];
+        }
+    }
+    return nullptr;
+}
+
+// Whether a video data block or an HDMI data block names the code of a timing.
+bool IsOrdinary(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    const STimingOrigin* poOrigin = FindOrigin(oBlock, uiNumber);
+    for (unsigned int i = 0; poOrigin != nullptr && i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOther = oBlock.m_aoOrigins[i];
+        if (oOther.m_uiCode == poOrigin->m_uiCode && oOther.m_e420 == STimingOrigin::e420_No)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The bytes that the library lists as a code, but for those of 4:2:0 data blocks.
+CCodes FindListedCodes(const CEdidExtBlockCEA861& oCea, unsigned int uiCode, bool bAsListed)
+{
+    CCodes oCodes;
+    CTimingOrigins aoOrigins;
+    oCea.ListStandardOrigins(aoOrigins);
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOrigin = aoOrigins[i];
+        const unsigned int uiByte = oCea.GetData()[oOrigin.m_uiCodeByte];
+        const bool bOther = ZorStandards::IsListedAsOther(uiByte);
+        if (oOrigin.m_uiCode == uiCode && oOrigin.m_e420 == STimingOrigin::e420_No && (bAsListed || !bOther))
+        {
+            oCodes[oOrigin.m_uiCodeByte] = bOther ? uiByte : uiCode;
+        }
+    }
+    return oCodes;
+}
+
+// What tells the ordinary timings of a block from each other, in their order: code, whether at 1000/1001, native.
+using CKeys = std::vector<std::tuple<unsigned int, int, int>>;
+
+CKeys ListKeys(const CEdidExtBlockCEA861& oCea)
+{
+    CKeys aoKeys;
+    CTimingOrigins aoOrigins;
+    oCea.ListStandardOrigins(aoOrigins);
+    for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOrigin = aoOrigins[i];
+        if (oOrigin.m_e420 == STimingOrigin::e420_No && oOrigin.m_bRepeated == 0)
+        {
+            CVidParamTimingGeneric oTiming;
+            int iNative = 0;
+            oCea.GetStandard(oOrigin.m_uiIndex, &oTiming, &iNative);
+            aoKeys.emplace_back(oOrigin.m_uiCode, oOrigin.m_bVariant, iNative);
+        }
+    }
+    return aoKeys;
+}
+
+CPresent FindNumbers(const CKeys& aoRead, const CKeys& aoPresent)
+{
+    CPresent aiNumbers;
+    for (const auto& oKey : aoPresent)
+    {
+        aiNumbers.push_back(static_cast<int>(std::find(aoRead.begin(), aoRead.end(), oKey) - aoRead.begin()));
+    }
+    return aiNumbers;
+}
+
+// Whether the timing is of a 4:2:0 data block, and not of a map that selects codes.
+bool IsNamedBy420(const SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    for (unsigned int i = 0; i < oBlock.m_aoOrigins.GetCount(); ++i)
+    {
+        const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
+        if (oOrigin.m_uiIndex == uiNumber && oOrigin.m_e420 == STimingOrigin::e420_Only)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool IsFirstDescriptor(const SZorImageMode& oPlace)
+{
+    return oPlace.m_uiOffset == ZorStandards::BaseBlock::gsc_uiDescriptorsOffset;
+}
+
+bool IsInDescriptor(const SZorImageMode& oPlace)
+{
+    return oPlace.m_uiOffset >= ZorStandards::BaseBlock::gsc_uiDescriptorsOffset && oPlace.m_uiOffset < gsc_uiBlockSize;
+}
+} // namespace
+
+// ---- Numbers of the lists ----
+
+std::string CEditImage::RemoveStandard(unsigned int uiNumber)
+{
+    const SPlace oPlace = Find(&SEditedBlock::m_uiStandards, uiNumber);
+    if (oPlace.m_poBlock == nullptr)
+    {
+        return NameRange(&SEditedBlock::m_uiStandards, "standard timings");
+    }
+    SEditedBlock& oBlock = *oPlace.m_poBlock;
+    if (oBlock.m_iExtension >= 0)
+    {
+        return RemoveCode(oBlock, oPlace.m_uiNumber);
+    }
+    unsigned int uiPlace = 0;
+    if (FindPresent(oBlock.m_aiStandards, oPlace.m_uiNumber, uiPlace))
+    {
+        if (m_oEdid.RemoveStandardKeepingDescriptors(uiPlace) == 0)
+        {
+            return "the library refuses it";
+        }
+        Erase(oBlock.m_aiStandards, uiPlace);
+        oBlock.m_oEdits.m_oStandard.insert(oPlace.m_uiNumber);
+    }
+    return "";
+}
+
+// Why the code of a timing can never go.
+std::string CEditImage::NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA861::ERemoval eRemoval) const
+{
+    switch (eRemoval)
+    {
+    case CEdidExtBlockCEA861::eRemoval_Damaged:
+        return NameBlock(oBlock) + " " + msc_pszDamaged;
+    case CEdidExtBlockCEA861::eRemoval_NoCode:
+        return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
+    case CEdidExtBlockCEA861::eRemoval_3dFields:
+        return NameBlock(oBlock) + " has 3D formats for all of its first 16 video codes, or damaged ones";
+    default:
+        return NameBlock(oBlock) + " " + msc_pszInUse;
+    }
+}
+
+// Whether a block that prefers timings, or names the native one, has a short video reference in this range.
+bool CEditImage::IsReferred(unsigned int uiFirst, unsigned int uiEnd)
+{
+    for (const SEditedBlock& oBlock : m_aoBlocks)
+    {
+        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        const CBytes aui8References = poCea != nullptr ? ListReferences(*poCea) : CBytes();
+        if (std::any_of(aui8References.begin(), aui8References.end(),
+                        [&](unsigned int uiReference) { return uiReference >= uiFirst && uiReference < uiEnd; }))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Takes out the bytes of the present block that fnFind lists, one after the other: each removal may move the rest.
+std::string CEditImage::RemoveCodes(SEditedBlock& oBlock, const CCodeSearch& fnFind)
+{
+    const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
+    const CCodes oRead = fnFind(*poRead);
+    for (const auto& [uiOffset, uiCode] : oRead)
+    {
+        if (IsReferred(uiCode, uiCode + 1))
+        {
+            return gsc_pszReferred;
+        }
+    }
+    if (fnFind(*GetCea(oBlock)).empty())
+    {
+        return "";
+    }
+    std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
+        for (CCodes oCodes = fnFind(oCea); !oCodes.empty(); oCodes = fnFind(oCea))
+        {
+            const CEdidExtBlockCEA861::ERemoval eRemoval = oCea.RemoveCodeAt(oCodes.begin()->first);
+            if (eRemoval != CEdidExtBlockCEA861::eRemoval_Possible)
+            {
+                return NameRefusal(oBlock, eRemoval);
+            }
+        }
+        return std::string();
+    });
+    if (sReason.empty())
+    {
+        for (const auto& [uiOffset, uiCode] : oRead)
+        {
+            oBlock.m_oEdits.m_oCodes.insert(uiOffset);
+        }
+        oBlock.m_aiStandards = FindNumbers(ListKeys(*poRead), ListKeys(*GetCea(oBlock)));
+    }
+    return sReason;
+}
+
+// Without m_bAsListed, bytes that the library lists as another code do not count as that code, and have to be named by
+// their own.
+std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    const STimingOrigin* poOrigin = FindOrigin(oBlock, uiNumber);
+    const unsigned int uiByte = poOrigin != nullptr ? oBlock.m_aui8Bytes[poOrigin->m_uiCodeByte] : 0;
+    if (!m_bAsListed && ZorStandards::IsListedAsOther(uiByte))
+    {
+        SImageMode oMode = {};
+        oMode.m_uiOtherCode = uiByte;
+        return GetOtherCodeText(oMode) + ", which --remove-vic " + std::to_string(uiByte) +
+               " removes; --as-listed removes it as the list has it";
+    }
+    if (!IsOrdinary(oBlock, uiNumber))
+    {
+        return NameRefusal(oBlock, CopyCea(oBlock.m_aui8Bytes.data())->TryRemoval(uiNumber));
+    }
+    std::string sReason = RemoveCodes(oBlock, [&](const CEdidExtBlockCEA861& oCea) {
+        return FindListedCodes(oCea, poOrigin->m_uiCode, m_bAsListed);
+    });
+    return !sReason.empty()                 ? sReason
+           : IsNamedBy420(oBlock, uiNumber) ? "a YCbCr 4:2:0 data block names it too, which cannot be edited"
+                                            : "";
+}
+
+// The base block's descriptors and those of the CTA-861 blocks are counted together, those of DisplayID blocks are not.
+unsigned int CEditImage::CountDetailedAhead(const SEditedBlock& oBlock)
+{
+    unsigned int uiCount = 0;
+    for (const SEditedBlock* poAhead = m_aoBlocks.data(); poAhead != &oBlock; ++poAhead)
+    {
+        const bool bCounts = poAhead == m_aoBlocks.data() || GetCea(*poAhead) != nullptr;
+        uiCount += bCounts ? static_cast<unsigned int>(poAhead->m_aiDetaileds.size()) : 0;
+    }
+    return uiCount;
+}
+
+// Every CTA-861 block counts how many of the first detailed timings are native: one less if the removed one was.
+void CEditImage::LowerNatives(unsigned int uiPlace)
+{
+    for (const SEditedBlock& oBlock : m_aoBlocks)
+    {
+        CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+        const unsigned int uiNatives =
+            poCea != nullptr ? ZorStandards::Cta::gsc_oNativeCount.Read(poCea->GetData()) : 0;
+        if (uiPlace < uiNatives)
+        {
+            poCea->SetNativeDetailedCount(uiNatives - 1); // gives 0 below revision 2, which has no such number
+        }
+    }
+}
+
+std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
+{
+    constexpr unsigned int uiFirstReference = 129;
+    constexpr unsigned int uiReferencesEnd = 145;
+    const SPlace oPlace = Find(&SEditedBlock::m_uiDetaileds, uiNumber);
+    if (oPlace.m_poBlock == nullptr)
+    {
+        return NameRange(&SEditedBlock::m_uiDetaileds, "detailed timings");
+    }
+    SEditedBlock& oBlock = *oPlace.m_poBlock;
+    unsigned int uiPlace = 0;
+    if (!FindPresent(oBlock.m_aiDetaileds, oPlace.m_uiNumber, uiPlace))
+    {
+        return "";
+    }
+    CEdidExtBlockCEA861* poCea = GetCea(oBlock);
+    if (oBlock.m_iExtension >= 0 && poCea == nullptr)
+    {
+        return NameBlock(oBlock) + " is a DisplayID block, which cannot be edited";
+    }
+    if (poCea != nullptr && !AreDataBlocksExact(*poCea))
+    {
+        return NameBlock(oBlock) + " " + msc_pszDamaged;
+    }
+    const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
+    if (IsReferred(uiFirstReference + uiPlaceOfAll, uiReferencesEnd))
+    {
+        return "a data block that prefers timings, or names the native one, counts it or a later one";
+    }
+    const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
+    if (!bRemoved)
+    {
+        return poCea == nullptr && uiPlace == 0 ? gsc_pszPreferred : "the library refuses it";
+    }
+    LowerNatives(uiPlaceOfAll);
+    Erase(oBlock.m_aiDetaileds, uiPlace);
+    oBlock.m_oEdits.m_oDetailed.insert(oPlace.m_uiNumber);
+    const size_t uiLeft = poCea != nullptr ? poCea->GetDetailedCount() : m_oEdid.GetBaseDetailedCount();
+    return uiLeft == oBlock.m_aiDetaileds.size() ? "" : NameBlock(oBlock) + " " + msc_pszInUse;
+}
+
+std::string CEditImage::RemoveEstablished(unsigned int uiNumber)
+{
+    if (uiNumber >= m_auiEstablished.size())
+    {
+        return m_auiEstablished.empty()
+                   ? "the image has no established timings"
+                   : "the image has established timings 0 to " + std::to_string(m_auiEstablished.size() - 1);
+    }
+    m_oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(m_auiEstablished[uiNumber]), 0, 1);
+    m_aoBlocks.front().m_oEdits.m_uiEstablished |= m_auiEstablished[uiNumber];
+    return "";
+}
+
+// ---- Modes and codes ----
+
+// Those in display descriptors of the base block, which stay where they are.
+std::string CEditImage::RemoveFromDescriptors(const CPlaces& aoPlaces)
+{
+    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
+    CBytes aui8Base(pui8Base, pui8Base + gsc_uiBlockSize);
+    SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
+    unsigned int uiDone = 0; // the rates of a CVT code go together
+    for (const SZorImageMode& oPlace : aoPlaces)
+    {
+        if (!IsInDescriptor(oPlace) || oPlace.m_uiOffset == uiDone)
+        {
+            continue;
+        }
+        unsigned char* pui8Field = aui8Base.data() + oPlace.m_uiOffset;
+        if (oPlace.m_eField == eZorEdidField_BaseStandard)
+        {
+            pui8Field[0] = pui8Field[1] = ZorStandards::gsc_uiUnusedStandard;
+            oEdits.m_oUnused.insert(oPlace.m_uiOffset);
+        }
+        else if (oPlace.m_eField == eZorEdidField_BaseEstablished3Mode)
+        {
+            *pui8Field = static_cast<unsigned char>(*pui8Field & ~(1U << oPlace.m_uiBit));
+        }
+        else if (oPlace.m_eField == eZorEdidField_BaseCvtCode &&
+                 !RemoveCvtRates(pui8Field, oPlace.m_uiOffset, aoPlaces))
+        {
+            return NamePlaces(GetBytes(), { oPlace }) + " prefers this rate and has others";
+        }
+        uiDone = oPlace.m_eField == eZorEdidField_BaseCvtCode ? oPlace.m_uiOffset : uiDone;
+    }
+    for (unsigned int i = 0; i < gsc_uiBlockSize; ++i)
+    {
+        const unsigned int uiCleared = pui8Base[i] & ~aui8Base[i];
+        if (uiCleared != 0 && !oEdits.m_oUnused.contains(i) && !oEdits.m_oUnused.contains(i - 1))
+        {
+            oEdits.m_oCleared[i] |= uiCleared;
+        }
+    }
+    if (!std::equal(aui8Base.begin(), aui8Base.end(), pui8Base)) // else a wrong checksum stays
+    {
+        SetBase(aui8Base);
+    }
+    return "";
+}
+
+// What has a number in the lists, but for codes.
+std::string CEditImage::RemoveListed(const SZorImageMode& oPlace)
+{
+    const SBlockEdits& oBase = m_aoBlocks.front().m_oEdits;
+    if (oPlace.m_eList == SZorImageMode::eList_Established)
+    {
+        return RemoveEstablished(oPlace.m_uiNumber);
+    }
+    if (oPlace.m_eList == SZorImageMode::eList_Detailed && !(IsFirstDescriptor(oPlace) && oBase.m_bPreferred))
+    {
+        return RemoveDetailed(oPlace.m_uiNumber);
+    }
+    return oPlace.m_eList == SZorImageMode::eList_Standard && oPlace.m_uiOffset < gsc_uiBlockSize
+               ? RemoveStandard(oPlace.m_uiNumber)
+               : "";
+}
+
+// From all places, or the reasons of those that keep it.
+std::string CEditImage::Remove(const SWanted& oWanted)
+{
+    const CPlaces aoRead = FindPlaces(m_aui8Read, oWanted);
+    const CPlaces aoPresent = FindPlaces(GetBytes(), oWanted);
+    const auto fnFind = [&](const CEdidExtBlockCEA861& oCea) { return FindCodes(oCea, oWanted); };
+    bool bFound = !aoRead.empty() || !aoPresent.empty();
+    std::string sReasons;
+    const auto fnAdd = [&sReasons](const std::string& sReason) {
+        sReasons += (sReasons.empty() || sReason.empty() ? "" : "; ") + sReason;
+    };
+    for (const SZorImageMode& oPlace : aoRead)
+    {
+        const std::string sReason = RemoveListed(oPlace);
+        fnAdd(sReason.empty() ? "" : NamePlaces(m_aui8Read, { oPlace }) + ": " + sReason);
+    }
+    fnAdd(RemoveFromDescriptors(aoPresent));
+    for (SEditedBlock& oBlock : m_aoBlocks)
+    {
+        if (GetCea(oBlock) != nullptr && !fnFind(*CopyCea(oBlock.m_aui8Bytes.data())).empty())
+        {
+            fnAdd(RemoveCodes(oBlock, fnFind));
+            bFound = true;
+        }
+    }
+    if (!bFound)
+    {
+        return RefuseMissing(m_aui8Read, oWanted);
+    }
+    const CPlaces aoLeft = FindPlaces(GetBytes(), oWanted);
+    if (sReasons.empty() && !aoLeft.empty())
+    {
+        const bool bPreferred = std::ranges::any_of(aoLeft, IsFirstDescriptor);
+        sReasons =
+            NamePlaces(GetBytes(), aoLeft) + ": " + (bPreferred ? gsc_pszPreferred : "it cannot be edited there");
+    }
+    if (sReasons.empty())
+    {
+        NoteFraction(oWanted);
+    }
+    return sReasons;
+}
+
+// A mode of its own at 1000/1001 of a whole rate is not meant by that rate, and is easily overlooked.
+void CEditImage::NoteFraction(const SWanted& oWanted)
+{
+    SWanted oFraction = {};
+    if (oWanted.m_uiCode == 0 && GetWantedFraction(oWanted.m_oMode, oFraction.m_oMode))
+    {
+        const CPlaces aoLeft = FindPlaces(GetBytes(), oFraction);
+        if (!aoLeft.empty())
+        {
+            m_asNotes.push_back(GetWantedName(oFraction) + " stays: " + NamePlaces(GetBytes(), aoLeft));
+        }
+    }
+}

@@ -225,9 +225,10 @@ bool ReadIoRegistry(const std::string& sText, CMonitors& aoMonitors)
         {
             continue;
         }
-        const std::string_view sValue = sRest.substr(uiDigits + 1, sRest.find('>', uiDigits) - uiDigits - 1);
+        sRest.remove_prefix(uiDigits + 1);
+        const size_t uiEnd = std::min(sRest.find_first_not_of(gsc_sHexDigits), sRest.size());
         SInput& oMonitor = aoMonitors.emplace_back();
-        if (!AddHex(oMonitor, sValue))
+        if (!StartsWith(sRest.substr(uiEnd), ">") || !AddHex(oMonitor, sRest.substr(0, uiEnd)))
         {
             oMonitor.m_sProblem = AtLine(uiLine, "not hexadecimal bytes");
         }

@@ -618,24 +618,18 @@ const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimi
 {
     const unsigned long long ullClock = oTiming.Get(gsc_oPixelClock); // 10 kHz
     const unsigned long long ullWidth = GetTotalWidth(oTiming);
-    // A rate is ullPart / ullWhole. Its limits are compared in halves of their unit.
-    const auto fnIsBeyond = [](unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
-                               unsigned int uiMost) {
-        return 2 * ullPart + ullWhole < 2ULL * uiLeast * ullWhole ||
-               (uiMost != 0 && 2 * ullPart > (2ULL * uiMost + 1) * ullWhole);
-    };
     const unsigned long long ullMostClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
     if (ullMostClock != 0 && ullClock * gsc_uiKiloHzPerClockUnit > ullMostClock)
     {
         return "the pixel clock is above that of the display range limits";
     }
-    if (fnIsBeyond(ullClock * 10, ullWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
-                   oLimits.m_uiMaxHorizontalRateInKiloHz))
+    if (IsRateBeyond(ullClock * gsc_uiKiloHzPerClockUnit, ullWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
+                     oLimits.m_uiMaxHorizontalRateInKiloHz))
     {
         return "the line rate is beyond the display range limits";
     }
-    return fnIsBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming),
-                      oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz)
+    return IsRateBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming),
+                        oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz)
                ? "the field rate is beyond the display range limits"
                : nullptr;
 }

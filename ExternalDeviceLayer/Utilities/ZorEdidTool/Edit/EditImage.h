@@ -17,6 +17,7 @@
 #include "Edid.h"
 #include "EditPlaces.h"
 #include "EditPlan.h"
+#include "Standards/Descriptors.h"
 
 // What edits have changed in one block, for the verification. Numbers are the block's own, in the image as it was read.
 struct SBlockEdits
@@ -35,6 +36,9 @@ struct SBlockEdits
     unsigned int m_uiColorDepth = 0;
     bool m_bPreferred = false;
     CVidParamTimingGeneric m_oPreferred;
+    bool m_bStereoCleared = false; // of the preferred timing; else it stays
+    bool m_bLimits = false;
+    ZorStandards::Descriptors::SRangeLimits m_oLimits = {}; // what the first range limits then are
     // CTA-861 blocks.
     CNumbers m_oCodes; // offsets of the removed ones
     bool m_bDeepColor = false;
@@ -130,6 +134,7 @@ private:
     std::string RemoveFromDescriptors(const CPlaces& aoPlaces);
     void NoteFraction(const SWanted& oWanted);
     std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
+    void FollowWithLimits(unsigned int uiTiming);
     std::string SetColorDepth(unsigned int uiDepth);
     std::string SetDeepColor(unsigned int uiBits);
     std::string AddAudio(const CAudio& oAudio);

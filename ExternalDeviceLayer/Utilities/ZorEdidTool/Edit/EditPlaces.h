@@ -17,8 +17,8 @@ using CPlaces = std::vector<SZorImageMode>;
 // The fields in the order of the image, with their numbers in the library's lists.
 CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted);
 
-// The bytes of codes, by their offsets in the block, with the codes in the meaning of CTA-861-H: of video data blocks, YCbCr 4:2:0 video data blocks and HDMI vendor data
-// blocks. Codes that are not published count as well.
+// The codes of a block in the meaning of CTA-861-H, by the offsets of their bytes: of video data blocks, YCbCr 4:2:0
+// video data blocks and HDMI vendor data blocks. Codes that are not published count as well.
 CCodes FindCodes(const CEdidExtBlockCEA861& oCea, const SWanted& oWanted);
 
 // "block 1: Video data block > Short video descriptor 3", each once, joined by commas.
@@ -27,6 +27,6 @@ std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces);
 // Why there is nothing to remove, with the modes of the same size that are there.
 std::string RefuseMissing(const CBytes& aui8Image, const SWanted& oWanted);
 
-// Takes the places at uiOffset, its rates, out of a CVT code of three bytes, which becomes an unused one with the last of
-// them. False, with nothing changed, when its preferred rate would go and others stay.
+// Takes the places at uiOffset, its rates, out of a CVT code of three bytes, which becomes an unused one with the last
+// of them. False, with nothing changed, when its preferred rate would go and others stay.
 bool RemoveCvtRates(unsigned char* pui8Code, unsigned int uiOffset, const CPlaces& aoPlaces);

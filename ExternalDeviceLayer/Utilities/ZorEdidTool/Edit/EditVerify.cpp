@@ -123,6 +123,7 @@ private:
         const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
         const bool bAudio = std::ranges::any_of(auiEdited, [this](unsigned int i) { return IsEntry(m_oEdited, i); });
         const bool bAdded = !oEdits.m_aoAudioAdded.empty() || oEdits.m_bSpeakersAdded;
+        bool bLimits = false; // seen; the first ones count
         unsigned int uiAudios = 0;
         unsigned int uiSpeakers = 0;
         for (const unsigned int i : m_oRead.ListBlock(uiBlock))
@@ -141,7 +142,12 @@ private:
             }
             else if (IsNamed(oField, CZorEdidMap::eList_Detailed, { 0 }, 0) && oEdits.m_bPreferred)
             {
-                ExpectPreferred(oField.m_uiOffset, oEdits.m_oPreferred);
+                ExpectPreferred(oField.m_uiOffset, oEdits);
+            }
+            else if (uiBlock == 0 && m_oRead.Is(i, eZorEdidField_BaseRange) && oEdits.m_bLimits && !bLimits)
+            {
+                bLimits = true;
+                ExpectLimits(oField.m_uiOffset, oEdits.m_oLimits);
             }
             else if (m_oRead.Is(i, eZorEdidField_CtaAudioDescriptor))
             {
@@ -177,19 +183,53 @@ private:
         m_uiDetaileds += m_aoBlocks[uiBlock].m_uiDetaileds;
     }
 
-    // The image size stays; borders are 0, stereo is none, and the syncs are separate digital ones.
-    void ExpectPreferred(size_t uiOffset, const CVidParamTimingGeneric& oWanted)
+    // Of the read limits what differs: bytes 5 to 8 the rates, over 255 by the flags of byte 4, then the clock, whose
+    // precision is in byte 12 when byte 10 says CVT.
+    void ExpectLimits(size_t uiOffset, const ZorStandards::Descriptors::SRangeLimits& oLimits)
+    {
+        const unsigned char* pui8Read = m_aui8Expected.data() + uiOffset;
+        const unsigned int uiRevision = m_aui8Expected[ZorStandards::BaseBlock::gsc_uiRevisionOffset];
+        const ZorStandards::Descriptors::SRangeLimits oRead =
+            ZorStandards::Descriptors::ReadRangeLimits(pui8Read, uiRevision);
+        const auto fnRates = [&](size_t uiFirst, unsigned int uiShift, unsigned int uiLeast, unsigned int uiMost) {
+            const unsigned int uiFlags = uiLeast > 255 ? 3 : uiMost > 255 ? 2 : 0;
+            Put(uiOffset + 4, uiRevision < 4 ? 0 : 3U << uiShift, uiFlags << uiShift);
+            Put(uiOffset + uiFirst, 0xFF, uiLeast - (uiFlags == 3 ? 255 : 0));
+            Put(uiOffset + uiFirst + 1, 0xFF, uiMost - (uiFlags != 0 ? 255 : 0));
+        };
+        const unsigned int uiPreciseClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
+        if (oRead.m_uiPreciseMaxPixelClockInKiloHz != uiPreciseClock)
+        {
+            Put(uiOffset + 12, uiRevision >= 4 && pui8Read[10] == 4 ? 0xFC : 0, 0);
+            Put(uiOffset + 9, 0xFF, uiPreciseClock / 10000);
+        }
+        if (oRead.m_uiMinVerticalRateInHz != oLimits.m_uiMinVerticalRateInHz ||
+            oRead.m_uiMaxVerticalRateInHz != oLimits.m_uiMaxVerticalRateInHz)
+        {
+            fnRates(5, 0, oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz);
+        }
+        if (oRead.m_uiMinHorizontalRateInKiloHz != oLimits.m_uiMinHorizontalRateInKiloHz ||
+            oRead.m_uiMaxHorizontalRateInKiloHz != oLimits.m_uiMaxHorizontalRateInKiloHz)
+        {
+            fnRates(7, 2, oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz);
+        }
+    }
+
+    // The image size stays, and the stereo viewing unless it is cleared; borders are 0, and the syncs are separate
+    // digital ones.
+    void ExpectPreferred(size_t uiOffset, const SBlockEdits& oEdits)
     {
         constexpr size_t uiImageSize = 12; // of 18 bytes: three, then two of borders, and the flags
         constexpr size_t uiFlags = 17;
         constexpr unsigned int uiModeFlags = 0x86; // interlaced, polarities
+        const unsigned int uiStereo = oEdits.m_bStereoCleared ? 0 : m_aui8Expected[uiOffset + uiFlags] & 0x61U;
         CVidParamTimingGeneric oTiming;
-        if (m_oEdid.GetBaseDetailed(0, &oTiming) != 0 && IsSameMode(oTiming, oWanted))
+        if (m_oEdid.GetBaseDetailed(0, &oTiming) != 0 && IsSameMode(oTiming, oEdits.m_oPreferred))
         {
             const unsigned char* pui8Edited = m_oEdid.GetBaseBlock() + uiOffset;
             Put(uiOffset, CBytes(pui8Edited, pui8Edited + uiImageSize));
             Put(uiOffset + uiImageSize + 3,
-                { 0, 0, static_cast<unsigned char>((pui8Edited[uiFlags] & uiModeFlags) | 0x18) });
+                { 0, 0, static_cast<unsigned char>((pui8Edited[uiFlags] & uiModeFlags) | uiStereo | 0x18) });
         }
     }
 

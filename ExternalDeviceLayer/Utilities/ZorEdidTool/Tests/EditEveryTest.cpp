@@ -363,6 +363,29 @@ bool AreSpeakersSet(CTexts asBefore, const CTexts& asAfter)
     return asBefore == asAfter;
 }
 
+// Of the first range limits. Rates over 255 are not wider by their bytes.
+bool AreOnlyLimitsWider(CTexts asBefore, const CTexts& asAfter)
+{
+    const auto fnByte = [](const std::string& sDescriptor, size_t uiByte) {
+        return std::stoul(sDescriptor.substr(2 * uiByte, 2), nullptr, 16);
+    };
+    for (size_t i = 0; i < asBefore.size() && i < asAfter.size(); ++i)
+    {
+        std::string& sBefore = asBefore[i];
+        const std::string& sAfter = asAfter[i];
+        if (sBefore.starts_with("000000fd") && sBefore != sAfter)
+        {
+            const bool bWider = fnByte(sAfter, 5) <= fnByte(sBefore, 5) && fnByte(sAfter, 6) >= fnByte(sBefore, 6) &&
+                                fnByte(sAfter, 7) <= fnByte(sBefore, 7) && fnByte(sAfter, 8) >= fnByte(sBefore, 8) &&
+                                fnByte(sAfter, 9) >= fnByte(sBefore, 9);
+            const bool bCvt = sBefore.substr(20, 2) == "04";
+            sBefore.replace(8, bCvt ? 18 : 12, sAfter.substr(8, bCvt ? 18 : 12));
+            return (bWider || sAfter.substr(8, 2) != "00") && asBefore == asAfter;
+        }
+    }
+    return asBefore == asAfter;
+}
+
 bool IsOneAdded(const CTexts& asBefore, const CTexts& asAfter)
 {
     return asAfter.size() == asBefore.size() + 1 && IsShortened(asAfter, asBefore);
@@ -532,7 +555,7 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
     TryValues(sImage, aui8Image, eEdit_ColorDepth, { "12" }, { { "input", Becomes({ Hex(&ui8Input, 1) }) } });
     TryValues(sImage, aui8Image, eEdit_Preferred,
               { "1280x720@60", "1920x1200@60,dmt-rb", "3840x2160@30", "1024x768@75,gtf" },
-              { { "detailed 0", Replaced(0) } });
+              { { "detailed 0", Replaced(0) }, { "display descriptors", AreOnlyLimitsWider } });
 }
 
 // ---- Modes ----

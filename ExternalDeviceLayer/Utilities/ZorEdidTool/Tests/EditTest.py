@@ -7,7 +7,7 @@ import sys
 import tempfile
 import unittest
 
-from FactsTest import COMMAND, fix_sums, MONITOR as IMAGE, PROJECT
+from FactsTest import change, COMMAND, fix_sums, MONITOR as IMAGE, PROJECT
 
 MONITOR = os.path.join(PROJECT, "examples/monitor.bin")
 
@@ -191,6 +191,37 @@ class Edits(unittest.TestCase):
                          (status, out, error))
         for mode in ("1280x720@60,cea", "1280x720@60,dmt"):
             self.assertEqual((0, out, ""), edit(IMAGE, "--preferred", mode))
+
+    def test_preferred_with_range_limits_and_stereo(self):
+        """Bytes 4 to 12 of the limits, the flags of the timing, and the line about it."""
+        def image(revision, limits, stereo):
+            return change({19: "%02x" % revision, 72: "000000fd" + limits, 71: "%02x" % (0x1E | stereo)}, IMAGE)
+
+        def note(mode, text):
+            return "zoredid: -: --preferred %s: %s\n" % (mode, text)
+
+        wide, were = "the range limits become %s; they were %s", "50 to 75 Hz, 30 to 83 kHz, 150 MHz"
+        outside = "the timing is outside of the range limits, which cannot hold it: " + were
+        cleared = "the stereo viewing of the old timing is cleared, as the picture is another one"
+        plain, blanks = "00324b1e530f", "000a202020202020"
+        for revision, limits, stereo, mode, expected, kept, text in (
+                (3, plain + blanks, 0x20, "1920x1080@60", plain + blanks, 0x20, ""),
+                (3, plain + blanks, 0x61, "1280x720@60", plain + blanks, 0, cleared),
+                (3, plain + blanks, 0x01, "1280x720@60", plain + blanks, 0x01, ""),  # none, whatever bit 0 says
+                (3, plain + blanks, 0, "1920x1080@120", "0032781e871e" + blanks, 0,
+                 wide % ("50 to 120 Hz, 30 to 135 kHz, 300 MHz", were)),
+                (3, plain + blanks, 0, "1920x1080@24", "00184b1b530f" + blanks, 0,
+                 wide % ("24 to 75 Hz, 27 to 83 kHz, 150 MHz", were)),
+                (3, plain + blanks, 0, "1920x1080@240,cvt-rb", plain + blanks, 0, outside),
+                (4, plain + blanks, 0, "1920x1080@240,cvt-rb", "0832f01e253d" + blanks, 0,
+                 wide % ("50 to 240 Hz, 30 to 292 kHz, 610 MHz", were)),
+                # CVT takes a quarter of a megahertz off for each step of byte 12.
+                (4, plain + "0411" "f8" "0000000000", 0, "1920x1080@60", plain[:10] + "0f" "0411" "00" "0000000000", 0,
+                 wide % (were, were.replace("150", "134.5")))):
+            with self.subTest(mode, limits=limits):
+                status, out, error = edit(image(revision, limits, stereo), "--preferred", mode)
+                self.assertEqual((0, note(mode, text) if text else ""), (status, error))
+                self.assertEqual((expected, kept), (out[76:90].hex(), out[71] & 0x61))
 
     def test_refusals_have_a_reason_and_write_nothing(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -106,6 +106,8 @@ const SWrongEdit gsc_aoWrongEdits[] = {
       "1280x720@60",
       { { 0x42, "00" } },
       "block 0: Horizontal addressable video image size" },
+    { "LimitsNotWidened", eEdit_Preferred, "1920x1080@30", { { 0x5F, "32" } }, "block 0: Minimum vertical rate" },
+    { "OtherLimitsToo", eEdit_Preferred, "1920x1080@30", { { 0x60, "56" } }, "block 0: Maximum vertical rate" },
     { "NameWithPreferred", eEdit_Preferred, "1280x720@60", { { 0x71, "42" } }, "block 0: Text" },
     { "PreferredGone", eEdit_RemoveDetailed, "1", { { 0x36, "00*3 10 00*14" } }, "block 0: Detailed timing" },
     // Codes 16 (native), 4 and 5 are the timings 7 to 12, each with its 1000/1001 variant.

@@ -125,7 +125,17 @@ struct SRangeLimits
     unsigned int m_uiMaxHorizontalRateInKiloHz;
     unsigned int m_uiMaxPixelClockInKiloHz;        // a multiple of 10 MHz
     unsigned int m_uiPreciseMaxPixelClockInKiloHz; // less what CVT limits take off
+
+    constexpr bool operator==(const SRangeLimits&) const = default;
 };
+
+// Whether a rate, ullPart / ullWhole in the unit of its limits and rounded to that, is beyond them. uiMost 0: no limit.
+constexpr bool IsRateBeyond(unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
+                            unsigned int uiMost)
+{
+    return 2 * ullPart + ullWhole < 2ULL * uiLeast * ullWhole ||
+           (uiMost != 0 && 2 * ullPart > (2ULL * uiMost + 1) * ullWhole);
+}
 
 // The limits with their offsets. uiRevision: of the base block; before 4 byte 4 is reserved.
 constexpr SRangeLimits ReadRangeLimits(const unsigned char* pui8Descriptor, unsigned int uiRevision)

@@ -676,13 +676,13 @@ void TryModes(const std::string& sImage, const CBytes& aui8Image, std::vector<SE
         {
             TryMode(
                 sImage, aui8Image, MakeEdit(eEdit_Remove, sName),
-                [&oMode](const SZorMode& o) { return GoesWith(o, oMode); }, aoRemovals);
+                [&oAtRate = oMode](const SZorMode& o) { return GoesWith(o, oAtRate); }, aoRemovals);
         }
     }
     for (const unsigned int uiCode : oCodes)
     {
         constexpr unsigned int auiHdmi[] = { 0, 95, 94, 93, 98 };
-        const auto fnGoes = [&auiHdmi, uiCode](const SZorMode& o) {
+        const auto fnGoes = [uiCode](const SZorMode& o) {
             return (o.m_eKind == SZorMode::eModeKind_Vic && o.m_uiCode == uiCode) ||
                    (o.m_eKind == SZorMode::eModeKind_HdmiVic && auiHdmi[o.m_uiCode] == uiCode);
         };

@@ -38,23 +38,40 @@ std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
     return sText + "\n";
 }
 
-nlohmann::ordered_json MakeChecked(const std::string& sName, const std::vector<SFinding>& aoFindings)
+std::string MakeChecked(const std::string& sName, const std::vector<SFinding>& aoFindings)
 {
-    nlohmann::ordered_json oJson = { { "file", sName }, { "findings", nlohmann::ordered_json::array() } };
+    CJsonWriter oJson(CJsonWriter::eStyle_Indented);
+    oJson.BeginObject();
+    oJson.Member("file", sName);
+    oJson.BeginArray("findings");
     for (const SFinding& oFinding : aoFindings)
     {
-        nlohmann::ordered_json oMember = { { "block", oFinding.m_uiBlock }, { "offset", oFinding.m_uiOffset } };
+        oJson.BeginObject();
+        oJson.Member("block", oFinding.m_uiBlock);
+        oJson.Member("offset", oFinding.m_uiOffset);
         if (!oFinding.m_sField.empty())
         {
-            oMember["field"] = oFinding.m_sField;
+            oJson.Member("field", oFinding.m_sField);
         }
-        oMember["severity"] = GetNoteName(oFinding.m_eSeverity);
-        oMember["what"] = oFinding.m_sWhat;
-        oMember["found"] = oFinding.m_sFound;
-        oMember["expected"] = oFinding.m_sExpected;
-        oJson["findings"].push_back(std::move(oMember));
+        oJson.Member("severity", GetNoteName(oFinding.m_eSeverity));
+        oJson.Member("what", oFinding.m_sWhat);
+        oJson.Member("found", oFinding.m_sFound);
+        oJson.Member("expected", oFinding.m_sExpected);
+        oJson.EndObject();
     }
-    return oJson;
+    oJson.EndArray();
+    oJson.EndObject();
+    return oJson.GetText();
+}
+
+std::string MakeUnchecked(const SInput& oInput)
+{
+    CJsonWriter oJson(CJsonWriter::eStyle_Indented);
+    oJson.BeginObject();
+    oJson.Member("file", oInput.m_sName);
+    oJson.Member("error", oInput.m_sProblem);
+    oJson.EndObject();
+    return oJson.GetText();
 }
 
 SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
@@ -62,10 +79,7 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
     if (!oInput.IsGood())
     {
         SOutcome oOutcome = RefuseInput(oInput, oInput.m_sProblem);
-        if (bJson)
-        {
-            oOutcome.m_sOut = WriteIndented({ { "file", oInput.m_sName }, { "error", oInput.m_sProblem } });
-        }
+        oOutcome.m_sOut = bJson ? MakeUnchecked(oInput) : "";
         ++oCounts.m_ullUnreadable;
         return oOutcome;
     }
@@ -80,7 +94,7 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
     }
     if (bJson)
     {
-        oOutcome.m_sOut = WriteIndented(MakeChecked(oInput.m_sName, aoFindings));
+        oOutcome.m_sOut = MakeChecked(oInput.m_sName, aoFindings);
     }
     for (const SFinding& oFinding : aoFindings)
     {

@@ -5,10 +5,10 @@
 #include <memory>
 
 #include "CommandLine.h"
-#include "EditDiff.h"
 #include "EditImage.h"
 #include "EditPlan.h"
 #include "EditVerify.h"
+#include "ImageDiff.h"
 #include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "Output.h"
@@ -101,6 +101,15 @@ SWritten Write(const SEditCommand& oArguments, const CBytes& aui8Edited)
                : WriteOutput(oArguments.m_sOutput, poForm->m_pfnMake(aui8Edited), oArguments.m_bForce, poForm->m_bText);
 }
 
+// What the edits have changed, by meaning.
+std::string DescribeEdited(const CBytes& aui8Read, const CBytes& aui8Edited)
+{
+    const SComparedImage oRead(aui8Read);
+    const SComparedImage oEdited(aui8Edited);
+    return DescribeDiff(CImageDiff(oRead, oEdited), { .m_bAll = true, .m_bEstablished = true },
+                        { { "removed", "added" }, { "preferred before", "preferred after" } });
+}
+
 void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
 {
     const std::vector<SEdit> aoEdits = ListEdits(oCommand);
@@ -137,7 +146,7 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
     }
     if (oArguments.m_bDiff)
     {
-        fputs(DescribeChanges(oInput.m_aui8Bytes, oEdited.m_aui8Bytes).c_str(), stdout);
+        PrintResult(DescribeEdited(oInput.m_aui8Bytes, oEdited.m_aui8Bytes));
     }
 }
 } // namespace
@@ -151,7 +160,7 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
               "The edited image, raw or as its ending says (.hex, .c ...); - is standard output")
         .Placeholder("OUT");
     oCommand.Flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
-    oCommand.Flag("--diff", poArguments->m_bDiff, "Print the changed bytes with what they are");
+    oCommand.Flag("--diff", poArguments->m_bDiff, "Print what has changed, by meaning; compare --bytes has the bytes");
     oCommand.Flag("--dry-run", poArguments->m_bDryRun,
                   "Do everything but write, and report what would prevent writing");
     oCommand.Flag("--as-listed", poArguments->m_bAsListed,

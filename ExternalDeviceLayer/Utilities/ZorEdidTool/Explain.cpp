@@ -410,7 +410,8 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
     if (!oInput.IsGood())
     {
         oOutcome = RefuseInput(oInput, oInput.m_sProblem);
-        oOutcome.m_sOut = oOptions.m_bJson ? WriteIndented(MakeFailure(oInput, oInput.m_sProblem)) + "\n" : "";
+        oOutcome.m_sOut =
+            oOptions.m_bJson ? MakeFailure(oInput, oInput.m_sProblem, CJsonWriter::eStyle_Indented) + "\n" : "";
         return oOutcome;
     }
     CZorEdidMap oMap;
@@ -424,9 +425,8 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
         oOutcome.m_sError = MakeErrorLine(oInput.m_sName, oAsked.m_sProblem);
         oOutcome.m_eExit = eExit_Finding;
     }
-    oOutcome.m_sOut =
-        oOptions.m_bJson ? WriteIndented(MakeExplanation(oInput, oMap, MarkWithGroups(oMap, oAsked.m_auiFields))) + "\n"
-                         : DescribeFields(oMap, oOptions, oAsked.m_auiFields);
+    oOutcome.m_sOut = oOptions.m_bJson ? MakeExplanation(oInput, oMap, MarkWithGroups(oMap, oAsked.m_auiFields)) + "\n"
+                                       : DescribeFields(oMap, oOptions, oAsked.m_auiFields);
     return oOutcome;
 }
 

@@ -1,10 +1,12 @@
-// zoredid report: the three text reports of images, and the same facts as JSON.
+// zoredid report: the three text reports of the library, and all facts as JSON.
 
 #include "CommandLine.h"
-#include "Json.h"
+#include "JsonReport.h"
+#include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "UnreadBlocks.h"
 #include "ZorEdidUtils.h"
 
 namespace
@@ -26,8 +28,7 @@ struct SReportOptions
     SFiles m_oFiles;
     std::string m_sFormat = "plain";
     std::string m_sPrefix;
-    bool m_bJson = false;
-    bool m_bJsonLines = false;
+    SJsonOptions m_oJson;
 
     bool HasManyFiles() const { return m_oFiles.m_asNames.size() > 1 || !m_oFiles.m_sListFile.empty(); }
 };
@@ -49,7 +50,7 @@ SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
     }
     if (oLines.GetCount() == 0)
     {
-        return RefuseInput(oInput, "names no preferred mode, which text reports need; --json has the rest");
+        return RefuseInput(oInput, "names no preferred mode, which text reports need; 'zoredid show' has the rest");
     }
     SOutcome oOutcome;
     if (oOptions.HasManyFiles())
@@ -58,47 +59,21 @@ SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
     }
     for (unsigned int i = 0; i < oLines.GetCount(); ++i)
     {
-        oOutcome.m_sOut += oLines[i];
-        oOutcome.m_sOut += "\n";
+        oOutcome.m_sOut += ShowLines(static_cast<const char*>(oLines[i])) + "\n";
     }
-    return oOutcome;
-}
-
-SOutcome ReportAsJson(const SReportOptions& oOptions, const SInput& oInput)
-{
-    const auto fnWrite = oOptions.m_bJsonLines ? WriteLine : WriteIndented;
-    CLoadedImage oImage;
-    SOutcome oOutcome;
-    if (oImage.Load(oInput))
-    {
-        oOutcome.m_sOut = fnWrite(MakeImage(oInput, oImage));
-    }
-    else
-    {
-        oOutcome = RefuseInput(oInput, oImage.GetProblem());
-        oOutcome.m_sOut = fnWrite(MakeFailure(oInput, oImage.GetProblem()));
-    }
+    oOutcome.m_sError = DescribeUnreadBlocks(oInput, oImage, "");
     return oOutcome;
 }
 
 void Report(SReportOptions& oOptions, STool& oTool)
 {
-    if (!oOptions.m_bJson && !oOptions.m_bJsonLines)
+    if (oOptions.m_oJson.IsAsked())
     {
-        ForEachInput(oOptions.m_oFiles, oTool,
-                     [&oOptions](const SInput& oInput) { return ReportAsText(oOptions, oInput); });
+        ReportAsJson(oOptions.m_oJson, oOptions.m_oFiles, oTool);
         return;
     }
-    // The document is written as it comes, so that memory does not grow with the number of images.
-    oOptions.m_oFiles.m_bTurnsForBadOnes = true;
-    if (oOptions.m_bJson)
-    {
-        oOptions.m_oFiles.m_sBetween = ",\n";
-        oOptions.m_oFiles.m_sHead = OpenDocument("images");
-        oOptions.m_oFiles.m_sTail = gsc_pszCloseDocument;
-    }
     ForEachInput(oOptions.m_oFiles, oTool,
-                 [&oOptions](const SInput& oInput) { return ReportAsJson(oOptions, oInput); });
+                 [&oOptions](const SInput& oInput) { return ReportAsText(oOptions, oInput); });
 }
 } // namespace
 
@@ -118,11 +93,10 @@ void DeclareReportOptions(COptions& oCommand, STool& oTool)
                                 .Word("--prefix", poOptions->m_sPrefix,
                                       "Text in front of each line; of two empty lines in a row only the first has it")
                                 .Placeholder("TEXT");
-    const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with all images");
-    const COption oLines =
-        oCommand.Flag("--jsonl", poOptions->m_bJsonLines, "One line of JSON for each image, loaded or not");
-    oJson.Excludes(oLines).Excludes(oFormat).Excludes(oPrefix);
-    oLines.Excludes(oFormat).Excludes(oPrefix);
+    for (const COption& oJson : DeclareJson(oCommand, poOptions->m_oJson))
+    {
+        oJson.Excludes(oFormat).Excludes(oPrefix);
+    }
     oCommand.Footer("Examples:\n"
                     "  zoredid report --format extended monitor.bin\n"
                     "  zoredid report --jsonl *.bin | jq -r '[.file, .name] | @tsv'");

@@ -65,13 +65,18 @@ void PrintTimings(const STimingOptions& oOptions, STool& oTool)
     }
     if (oOptions.m_bJson)
     {
-        nlohmann::ordered_json oJson = MakeDocument();
-        oJson["timings"] = nlohmann::ordered_json::array();
+        CJsonWriter oJson(CJsonWriter::eStyle_Indented);
+        BeginDocument(oJson);
+        oJson.BeginArray("timings");
         for (const SExactTiming& oTiming : aoTimings)
         {
-            oJson["timings"].push_back(MakeExactTiming(oTiming));
+            oJson.BeginObject();
+            WriteTiming(oTiming.m_oMode, oTiming.m_pszType, false, oJson);
+            oJson.EndObject();
         }
-        sText = WriteIndented(oJson) + "\n";
+        oJson.EndArray();
+        oJson.EndObject();
+        sText = oJson.GetText() + "\n";
     }
     else if (oOptions.m_bModeline)
     {

@@ -22,6 +22,7 @@ struct SSubcommand
 };
 
 constexpr SSubcommand gsc_aoSubcommands[] = {
+    { "show", "Say in a few lines what a monitor is and can show", DeclareShowOptions },
     { "report", "Print what a monitor says about itself", DeclareReportOptions },
     { "modes", "List all timings with the numbers that edits take", DeclareModesOptions },
     { "compare", "Compare the modes that two images announce", DeclareCompareOptions },
@@ -60,7 +61,7 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
                     "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are\n"
                     "     still done\n"
                     "\n"
-                    "Example: zoredid report monitor.bin");
+                    "Example: zoredid show monitor.bin");
     for (const SSubcommand& oSubcommand : gsc_aoSubcommands)
     {
         oCommandLine.Subcommand(oSubcommand.m_pszName, oSubcommand.m_pszSummary,

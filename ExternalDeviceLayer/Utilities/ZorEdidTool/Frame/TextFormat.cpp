@@ -6,6 +6,7 @@
 #include <stdio.h>
 
 #include <charconv>
+#include <string_view>
 
 #include "Characters.h"
 
@@ -55,19 +56,26 @@ std::string EscapeByte(char cByte)
     const unsigned char ui8Byte = static_cast<unsigned char>(cByte);
     return "\\x" + FormatHex(&ui8Byte, 1);
 }
-} // namespace
 
-std::string ShowName(const std::string& sName)
+// Printable characters are shown, but not those of sBut; of all others those of sAlso are.
+std::string Show(const std::string& sText, std::string_view sBut, std::string_view sAlso)
 {
-    std::string sText;
-    for (size_t i = 0; i < sName.size();)
+    std::string sShown;
+    for (size_t i = 0; i < sText.size();)
     {
-        const size_t uiLength = sName[i] == '\\' ? 0 : GetPrintableLength(sName, i);
-        sText += uiLength != 0 ? sName.substr(i, uiLength) : EscapeByte(sName[i]);
+        const size_t uiLength = sBut.find(sText[i]) != std::string_view::npos    ? 0
+                                : sAlso.find(sText[i]) != std::string_view::npos ? 1
+                                                                                 : GetPrintableLength(sText, i);
+        sShown += uiLength != 0 ? sText.substr(i, uiLength) : EscapeByte(sText[i]);
         i += uiLength != 0 ? uiLength : 1;
     }
-    return sText;
+    return sShown;
 }
+} // namespace
+
+std::string ShowName(const std::string& sName) { return Show(sName, "\\", ""); }
+
+std::string ShowLines(const std::string& sText) { return Show(sText, "", "\n"); }
 
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
 {

@@ -15,5 +15,8 @@ std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount);
 // \n, \t or \xNN, a backslash two.
 std::string ShowName(const std::string& sName);
 
+// Lines of the library with texts of an image in them: control characters and bytes that are not UTF-8 become \xNN.
+std::string ShowLines(const std::string& sText);
+
 // A number, decimal, or hexadecimal after 0x; false for anything else.
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber);

@@ -23,6 +23,9 @@ struct SOutcome
     std::string m_sOut;   // standard output
     std::string m_sError; // standard error: whole lines
     EExit m_eExit = eExit_Good;
+
+    // The worst of all counts.
+    void Note(EExit eExit) { m_eExit = eExit > m_eExit ? eExit : m_eExit; }
 };
 
 // The state of one run, set by the options that precede the subcommand.
@@ -58,6 +61,7 @@ void PrintOutcome(const SOutcome& oOutcome, STool& oTool);
 void FinishOutput(STool& oTool);
 
 // The options of each subcommand, and what it does when called. oCommand and oTool outlive that.
+void DeclareShowOptions(COptions& oCommand, STool& oTool);
 void DeclareReportOptions(COptions& oCommand, STool& oTool);
 void DeclareModesOptions(COptions& oCommand, STool& oTool);
 void DeclareCompareOptions(COptions& oCommand, STool& oTool);

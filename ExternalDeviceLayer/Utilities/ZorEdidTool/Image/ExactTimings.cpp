@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <compare>
 #include <iterator>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <numeric>
 #include <tuple>
 
+#include "JsonWriter.h"
 #include "ModeSources.h"
 #include "Standards/Formulas.h"
 #include "Standards/Modes.h"
@@ -139,6 +140,23 @@ bool IsSameTiming(const SZorMode& oFirst, const SZorMode& oSecond)
     };
     return fnNumbers(oFirst) == fnNumbers(oSecond);
 }
+
+// Codes by their total width, in pixels, which few of them share.
+struct SCodeOfTotal
+{
+    unsigned int m_uiTotal;
+    unsigned int m_uiCode;
+    constexpr auto operator<=>(const SCodeOfTotal&) const = default;
+};
+
+constexpr auto gsc_aoCodesByTotal = [] {
+    std::array<SCodeOfTotal, std::size(gsc_aoVideoCodes)> aoCodes = {};
+    std::ranges::transform(gsc_aoVideoCodes, aoCodes.begin(), [](const SVideoCode& oCode) {
+        return SCodeOfTotal{ oCode.m_oTiming.GetTotalWidth(), oCode.m_ui8Code };
+    });
+    std::ranges::sort(aoCodes);
+    return aoCodes;
+}();
 
 // A code's mode, and its partner at 1000/1001.
 CExactTimings ListRates(const char* pszType, const SZorMode& oMode)
@@ -325,27 +343,6 @@ CExactTimings AskType(const SType& oType, const SZorMode& oWanted)
     return oType.m_pfnFormula(oMode) ? CExactTimings{ { oType.m_pszName, oMode } } : CExactTimings{};
 }
 
-// ---- Codes of a timing ----
-
-SVics FindExactVics(const SZorMode& oMode)
-{
-    SVics oVics;
-    for (const SVideoCode& oCode : gsc_aoVideoCodes)
-    {
-        SZorMode oCodeMode = {};
-        MakeVideoMode(oCodeMode, oCode.m_ui8Code);
-        for (const SExactTiming& oRate : ListRates("", oCodeMode))
-        {
-            if (IsSameTiming(oRate.m_oMode, oMode))
-            {
-                oVics.m_auiCodes.push_back(oCode.m_ui8Code);
-                oVics.m_bVariant = oRate.m_oMode.m_ullClock != oCodeMode.m_ullClock;
-            }
-        }
-    }
-    return oVics;
-}
-
 unsigned int GetFields(const SZorMode& oMode) { return oMode.m_bInterlaced ? 2 : 1; }
 
 // What front porch and sync leave of the blanking; of an interlaced mode of the first field.
@@ -384,6 +381,27 @@ std::string GetExactModeline(const SZorMode& oMode, const std::string& sName)
                       oMode.m_oVertical.m_bPositive ? '+' : '-', oMode.m_bInterlaced ? " Interlace" : "");
 }
 } // namespace
+
+SVics FindExactVics(const SZorMode& oMode)
+{
+    SVics oVics;
+    const auto [itBegin, itEnd] =
+        std::ranges::equal_range(gsc_aoCodesByTotal, oMode.m_oHorizontal.m_uiTotal, {}, &SCodeOfTotal::m_uiTotal);
+    for (auto itCode = itBegin; itCode != itEnd; ++itCode)
+    {
+        SZorMode oCodeMode = {};
+        MakeVideoMode(oCodeMode, itCode->m_uiCode);
+        for (const SExactTiming& oRate : ListRates("", oCodeMode))
+        {
+            if (IsSameTiming(oRate.m_oMode, oMode))
+            {
+                oVics.m_auiCodes.push_back(itCode->m_uiCode);
+                oVics.m_bVariant = oRate.m_oMode.m_ullClock != oCodeMode.m_ullClock;
+            }
+        }
+    }
+    return oVics;
+}
 
 bool ParseExactMode(const std::string& sText, SZorMode& oMode)
 {
@@ -497,14 +515,19 @@ std::string GetExactText(const SZorMode& oMode)
                       oMode.m_ullClock != 0 ? GetMegaHertz(oMode.m_ullClock, 3).c_str() : "-");
 }
 
-std::string GetExactLine(const SExactTiming& oTiming)
+std::string GetExactNumbers(const SZorMode& oMode)
 {
-    const SZorMode& oMode = oTiming.m_oMode;
-    const unsigned int uiFields = GetFields(oMode);
     const auto fnAxis = [](const SZorMode::SAxis& oAxis, unsigned int uiFieldsOf) {
         return FormatText("%u+%u+%lld %c", oAxis.m_uiFront, oAxis.m_uiSync, GetBack(oAxis, uiFieldsOf),
                           oAxis.m_bPositive ? '+' : '-');
     };
+    return GetExactText(oMode) + "  horizontal " + fnAxis(oMode.m_oHorizontal, 1) + "  vertical " +
+           fnAxis(oMode.m_oVertical, GetFields(oMode));
+}
+
+std::string GetExactLine(const SExactTiming& oTiming)
+{
+    const SZorMode& oMode = oTiming.m_oMode;
     std::string sEnd = GetVicsText(FindExactVics(oMode));
     if (oMode.m_eKind == SZorMode::eModeKind_Dmt)
     {
@@ -514,9 +537,8 @@ std::string GetExactLine(const SExactTiming& oTiming)
     {
         sEnd += FormatText("  each pixel sent %u times", oMode.m_uiRepetition);
     }
-    return FormatText("%-7s %s  horizontal %s  vertical %s%s%s\n", oTiming.m_pszType, GetExactText(oMode).c_str(),
-                      fnAxis(oMode.m_oHorizontal, 1).c_str(), fnAxis(oMode.m_oVertical, uiFields).c_str(),
-                      sEnd.empty() ? "" : "  ", sEnd.c_str());
+    return FormatText("%-7s %s%s%s\n", oTiming.m_pszType, GetExactNumbers(oMode).c_str(), sEnd.empty() ? "" : "  ",
+                      sEnd.c_str());
 }
 
 std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals)
@@ -559,49 +581,48 @@ std::string GetExactModelines(const CExactTimings& aoTimings)
     return sText;
 }
 
-nlohmann::ordered_json MakeExactTiming(const SExactTiming& oTiming)
+void WriteTiming(const SZorMode& oMode, const char* pszType, bool bPartner, CJsonWriter& oJson)
 {
-    const SZorMode& oMode = oTiming.m_oMode;
     const unsigned long long ullCommon = std::gcd(oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor);
     const unsigned long long ullPixels = 1ULL * oMode.m_oHorizontal.m_uiTotal * oMode.m_oVertical.m_uiTotal;
-    const auto fnAxis = [](const SZorMode::SAxis& oAxis, unsigned int uiFields) {
-        return nlohmann::ordered_json{ { "front_porch", oAxis.m_uiFront },
-                                       { "sync", oAxis.m_uiSync },
-                                       { "back_porch", GetBack(oAxis, uiFields) },
-                                       { "total", oAxis.m_uiTotal },
-                                       { "positive", oAxis.m_bPositive } };
+    const auto fnAxis = [&oJson](const char* pszName, const SZorMode::SAxis& oAxis, unsigned int uiFields) {
+        oJson.BeginObject(pszName);
+        oJson.Member("front_porch", oAxis.m_uiFront);
+        oJson.Member("sync", oAxis.m_uiSync);
+        oJson.Member("back_porch", GetBack(oAxis, uiFields));
+        oJson.Member("total", oAxis.m_uiTotal);
+        oJson.Member("positive", oAxis.m_bPositive);
+        oJson.EndObject();
     };
-    nlohmann::ordered_json oJson = {
-        { "width", oMode.m_oHorizontal.m_uiActive },
-        { "height", oMode.m_uiHeight },
-        { "interlaced", oMode.m_bInterlaced },
-        { "vertical_rate_hz", (2 * oMode.m_ullClock + ullPixels) / (2 * ullPixels) },
-        { "rate",
-          { { "dividend", oMode.m_oRate.m_ullDividend / ullCommon },
-            { "divisor", oMode.m_oRate.m_ullDivisor / ullCommon } } },
-        { "horizontal_rate_hz",
-          (2 * oMode.m_ullClock + oMode.m_oHorizontal.m_uiTotal) / (2ULL * oMode.m_oHorizontal.m_uiTotal) },
-        { "pixel_clock_hz", oMode.m_ullClock },
-        { "horizontal", fnAxis(oMode.m_oHorizontal, 1) },
-        { "vertical", fnAxis(oMode.m_oVertical, GetFields(oMode)) },
-        { "type", oTiming.m_pszType },
-    };
+    oJson.Member("width", oMode.m_oHorizontal.m_uiActive);
+    oJson.Member("height", oMode.m_uiHeight);
+    oJson.Member("interlaced", oMode.m_bInterlaced);
+    oJson.Member("vertical_rate_hz", (2 * oMode.m_ullClock + ullPixels) / (2 * ullPixels));
+    oJson.BeginObject("rate");
+    oJson.Member("dividend", oMode.m_oRate.m_ullDividend / ullCommon);
+    oJson.Member("divisor", oMode.m_oRate.m_ullDivisor / ullCommon);
+    oJson.EndObject();
+    oJson.Member("horizontal_rate_hz",
+                 (2 * oMode.m_ullClock + oMode.m_oHorizontal.m_uiTotal) / (2ULL * oMode.m_oHorizontal.m_uiTotal));
+    oJson.Member("pixel_clock_hz", oMode.m_ullClock);
+    fnAxis("horizontal", oMode.m_oHorizontal, 1);
+    fnAxis("vertical", oMode.m_oVertical, GetFields(oMode));
+    oJson.Member("type", pszType);
     const SVics oVics = FindExactVics(oMode);
     if (!oVics.m_auiCodes.empty())
     {
-        oJson["vics"] = oVics.m_auiCodes;
+        oJson.Member("vics", oVics.m_auiCodes);
     }
-    if (oVics.m_bVariant)
+    if (oVics.m_bVariant || bPartner)
     {
-        oJson["rate_1000_1001"] = true;
+        oJson.Member("rate_1000_1001", true);
     }
     if (oMode.m_eKind == SZorMode::eModeKind_Dmt)
     {
-        oJson["dmt_id"] = oMode.m_uiCode;
+        oJson.Member("dmt_id", oMode.m_uiCode);
     }
     if (oMode.m_uiRepetition > 1)
     {
-        oJson["pixel_repetition"] = oMode.m_uiRepetition;
+        oJson.Member("pixel_repetition", oMode.m_uiRepetition);
     }
-    return oJson;
 }

@@ -3,11 +3,13 @@
 
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
 #include "EdidMode.h"
+#include "Timings.h"
+
+class CJsonWriter;
 
 // "1920x1080@60", "1920x1080i@59.94", "1920x1080@60000/1001": the rate in Hz, of interlaced modes of fields. A decimal
 // rate of two or three digits after the point that is 1000/1001 of a multiple of 6, rounded, means that fraction.
@@ -43,8 +45,13 @@ CExactTimings FindTimingsOfVic(unsigned int uiCode);
 CExactTimings FindTimingsOfHdmiVic(unsigned int uiCode);
 CExactTimings FindTimingsOfDmt(unsigned int uiId);
 
+// Codes of CTA-861 with exactly this timing.
+SVics FindExactVics(const SZorMode& oMode);
+
 // "1920 x 1080p @  59.940 Hz     148.352 MHz"; the numbers are in columns. Of a mode without a timing the nominal rate.
 std::string GetExactText(const SZorMode& oMode);
+// The same with porches, syncs and polarities: "...  horizontal 88+44+148 +  vertical 4+5+36 +".
+std::string GetExactNumbers(const SZorMode& oMode);
 std::string GetExactLine(const SExactTiming& oTiming);
 // "148.351648", of a clock in Hz: at least so many decimals, and as many more as it needs.
 std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals);
@@ -53,4 +60,6 @@ void DropSameTimings(CExactTimings& aoTimings);
 // As GetModeline, a line each. The names differ: each has the rate, reduced blanking its version, and lines of one size
 // and rate have their types.
 std::string GetExactModelines(const CExactTimings& aoTimings);
-nlohmann::ordered_json MakeExactTiming(const SExactTiming& oTiming);
+// The numbers of a timing as members of the object that is open. bPartner: it is a code's at 1000/1001, as codes of
+// CTA-861 show without it.
+void WriteTiming(const SZorMode& oMode, const char* pszType, bool bPartner, CJsonWriter& oJson);

@@ -2,18 +2,22 @@
 
 #include "Json.h"
 
+#include <iterator>
+#include <math.h>
+
 #include "AudioWarnings.h"
+#include "ExactTimings.h"
+#include "FactList.h"
 #include "MapText.h"
 #include "SpeakerNames.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
-using nlohmann::ordered_json;
 using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr unsigned int gsc_uiFormatVersion = 1;   // rises when a member goes or changes its meaning
+constexpr unsigned int gsc_uiFormatVersion = 2;   // rises when a member goes or changes its meaning
 constexpr unsigned int gsc_uiModelYearWeek = 255; // in the place of a week: the year is a model year
 constexpr unsigned int gsc_uiHzPerKiloHz = 1000;
 constexpr unsigned int gsc_uiTextSize = 14; // 13 characters and a terminator
@@ -23,85 +27,109 @@ constexpr unsigned int gsc_uiTextSize = 14; // 13 characters and a terminator
 // What a blanking too small for its parts leaves for the back porch wraps in the library; here it is below 0.
 int AsSigned(unsigned int uiPorch) { return static_cast<int>(uiPorch); }
 
-ordered_json MakeAxis(unsigned int uiFrontPorch, unsigned int uiSync, unsigned int uiBackPorch, unsigned int uiTotal,
-                      int bPositive)
+void WriteAxis(const char* pszName, unsigned int uiFrontPorch, unsigned int uiSync, unsigned int uiBackPorch,
+               unsigned int uiTotal, int bPositive, CJsonWriter& oJson)
 {
-    return { { "front_porch", uiFrontPorch },
-             { "sync", uiSync },
-             { "back_porch", AsSigned(uiBackPorch) },
-             { "total", uiTotal },
-             { "positive", bPositive != 0 } };
+    oJson.BeginObject(pszName);
+    oJson.Member("front_porch", uiFrontPorch);
+    oJson.Member("sync", uiSync);
+    oJson.Member("back_porch", AsSigned(uiBackPorch));
+    oJson.Member("total", uiTotal);
+    oJson.Member("positive", bPositive != 0);
+    oJson.EndObject();
 }
 
-ordered_json MakeListedTiming(const SImageMode& oListed)
+void WriteListedTiming(const SImageMode& oListed, CJsonWriter& oJson)
 {
-    ordered_json oJson = { { "index", oListed.m_uiIndex },
-                           { "block", oListed.m_uiBlock },
-                           { "kind", oListed.m_pszKind } };
+    oJson.BeginObject();
+    oJson.Member("index", oListed.m_uiIndex);
+    oJson.Member("block", oListed.m_uiBlock);
+    oJson.Member("kind", oListed.m_pszKind);
     if (oListed.m_eList == CZorEdidMap::eList_Established)
     {
-        oJson["vesa"] = oListed.m_bVesa;
+        oJson.Member("vesa", oListed.m_bVesa);
     }
     if (oListed.m_eList == CZorEdidMap::eList_Standard)
     {
-        oJson["native"] = oListed.m_bNative;
+        oJson.Member("native", oListed.m_bNative);
     }
     if (oListed.m_bPreferred)
     {
-        oJson["preferred"] = true;
+        oJson.Member("preferred", true);
     }
     if (!oListed.m_sStandardCode.empty())
     {
-        oJson["code"] = oListed.m_sStandardCode;
+        oJson.Member("code", oListed.m_sStandardCode);
     }
-    oJson.update(MakeTiming(oListed.m_oTiming, oListed.m_oVics));
-    return oJson;
+    WriteListTiming(oListed.m_oTiming, oListed.m_oVics, oJson);
+    oJson.EndObject();
 }
 
-void AddTimings(const CModes& aoModes, ordered_json& oJson)
+void WriteLists(const CModes& aoListed, CJsonWriter& oJson)
 {
     for (const CZorEdidMap::EList eList :
          { CZorEdidMap::eList_Established, CZorEdidMap::eList_Standard, CZorEdidMap::eList_Detailed })
     {
-        oJson[GetListName(eList)] = ordered_json::array();
+        oJson.BeginArray(GetListName(eList));
+        for (const SImageMode& oListed : aoListed)
+        {
+            if (oListed.m_eList == eList)
+            {
+                WriteListedTiming(oListed, oJson);
+            }
+        }
+        oJson.EndArray();
     }
-    for (const SImageMode& oListed : aoModes)
+    if (const SImageMode* poPreferred = FindPreferred(aoListed); poPreferred != nullptr)
     {
-        if (!oListed.IsListed())
-        {
-            continue;
-        }
-        if (oListed.m_bPreferred)
-        {
-            oJson["preferred"] = MakeTiming(oListed.m_oTiming, oListed.m_oVics);
-        }
-        oJson[GetListName(oListed.m_eList)].push_back(MakeListedTiming(oListed));
+        oJson.BeginObject("preferred");
+        WriteListTiming(poPreferred->m_oTiming, poPreferred->m_oVics, oJson);
+        oJson.EndObject();
     }
+}
+
+// ---- Modes ----
+
+void WriteBareMode(const SZorMode& oMode, bool bPartner, CJsonWriter& oJson)
+{
+    oJson.Member("width", oMode.m_uiWidth);
+    oJson.Member("height", oMode.m_uiHeight);
+    oJson.Member("interlaced", oMode.m_bInterlaced);
+    if (bPartner)
+    {
+        oJson.Member("rate_1000_1001", true);
+    }
+}
+
+const char* GetNumbersName(SZorImageMode::ENumbers eNumbers)
+{
+    constexpr const char* apszNames[] = { "none", "bytes", "table", "formula", "assumed" };
+    return apszNames[eNumbers];
 }
 
 // ---- Base block ----
 
 void AddText(const CEdid& oEdid, int (CEdidBase::*pfnGet)(char*, unsigned int) const, const char* pszMember,
-             ordered_json& oJson)
+             CJsonWriter& oJson)
 {
     char szText[gsc_uiTextSize] = {};
     if ((oEdid.*pfnGet)(szText, sizeof(szText)) != 0)
     {
-        oJson[pszMember] = szText;
+        oJson.Member(pszMember, szText);
     }
 }
 
-void AddIdentity(const CEdid& oEdid, ordered_json& oJson)
+void AddIdentity(const CEdid& oEdid, CJsonWriter& oJson)
 {
     const unsigned char* pui8Base = oEdid.GetBaseBlock();
-    oJson["manufacturer"] = ReadManufacturerCode(pui8Base).m_szCode;
+    oJson.Member("manufacturer", ReadManufacturerCode(pui8Base).m_szCode);
     char szName[64] = {};
     if (oEdid.GetManufacturerName(szName, sizeof(szName)) != 0)
     {
-        oJson["manufacturer_name"] = szName;
+        oJson.Member("manufacturer_name", szName);
     }
-    oJson["product_code"] = ReadProductCode(pui8Base);
-    oJson["serial_number"] = ReadSerialNumber(pui8Base);
+    oJson.Member("product_code", ReadProductCode(pui8Base));
+    oJson.Member("serial_number", ReadSerialNumber(pui8Base));
     AddText(oEdid, &CEdidBase::GetMonitorName, "name", oJson);
     AddText(oEdid, &CEdidBase::GetMonitorSerialNumber, "serial_text", oJson);
     AddText(oEdid, &CEdidBase::GetMonitorString, "text", oJson);
@@ -110,11 +138,11 @@ void AddIdentity(const CEdid& oEdid, ordered_json& oJson)
     const bool bModelYear = uiWeek == gsc_uiModelYearWeek;
     if (uiWeek != 0 && !bModelYear)
     {
-        oJson["week"] = uiWeek;
+        oJson.Member("week", uiWeek);
     }
-    oJson[bModelYear ? "model_year" : "year"] = pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear;
-    oJson["edid_version"] = pui8Base[gsc_uiVersionOffset];
-    oJson["edid_revision"] = pui8Base[gsc_uiRevisionOffset];
+    oJson.Member(bModelYear ? "model_year" : "year", pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear);
+    oJson.Member("edid_version", pui8Base[gsc_uiVersionOffset]);
+    oJson.Member("edid_revision", pui8Base[gsc_uiRevisionOffset]);
 }
 
 const char* GetInterfaceName(CEdidBase::EDigitalInterface eInterface)
@@ -136,10 +164,10 @@ const char* GetInterfaceName(CEdidBase::EDigitalInterface eInterface)
     }
 }
 
-void AddInput(const CEdid& oEdid, ordered_json& oJson)
+void AddInput(const CEdid& oEdid, CJsonWriter& oJson)
 {
     const bool bDigital = (oEdid.GetBaseBlock()[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
-    oJson["digital"] = bDigital;
+    oJson.Member("digital", bDigital);
     CEdidBase::EColorBitDepth eDepth = CEdidBase::eColorBitDepthReserved;
     if (oEdid.GetColorBitDepth(eDepth) == 0) // there is an interface, too, exactly where there is a depth
     {
@@ -147,42 +175,43 @@ void AddInput(const CEdid& oEdid, ordered_json& oJson)
     }
     if (eDepth != CEdidBase::eColorBitDepthUndefined && eDepth != CEdidBase::eColorBitDepthReserved)
     {
-        oJson["bits_per_color"] = 4 + 2 * static_cast<unsigned int>(eDepth);
+        oJson.Member("bits_per_color", 4 + 2 * static_cast<unsigned int>(eDepth));
     }
     CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceNotDefined;
     oEdid.GetDigitalVideoInterface(eInterface);
     if (GetInterfaceName(eInterface) != nullptr)
     {
-        oJson["interface"] = GetInterfaceName(eInterface);
+        oJson.Member("interface", GetInterfaceName(eInterface));
     }
 }
 
-void AddSizeAndLimits(const CLoadedImage& oImage, const CEdid& oEdid, ordered_json& oJson)
+void AddSizeAndLimits(const CLoadedImage& oImage, const CEdid& oEdid, CJsonWriter& oJson)
 {
     const unsigned int uiWidth = oEdid.GetBaseBlock()[gsc_uiImageWidthOffset];
     const unsigned int uiHeight = oEdid.GetBaseBlock()[gsc_uiImageHeightOffset];
     if (uiWidth != 0 && uiHeight != 0) // else no size, or from revision 4 on an aspect ratio
     {
-        oJson["width_cm"] = uiWidth;
-        oJson["height_cm"] = uiHeight;
+        oJson.Member("width_cm", uiWidth);
+        oJson.Member("height_cm", uiHeight);
     }
     CEdidBase::SRangeLimits oLimits = {};
     if (oImage.GetRangeLimits(oLimits))
     {
-        ordered_json oRange = { { "min_vertical_rate_hz", oLimits.m_uiMinVerticalRateInHz },
-                                { "max_vertical_rate_hz", oLimits.m_uiMaxVerticalRateInHz },
-                                { "min_horizontal_rate_hz", oLimits.m_uiMinHorizontalRateInKiloHz * gsc_uiHzPerKiloHz },
-                                { "max_horizontal_rate_hz",
-                                  oLimits.m_uiMaxHorizontalRateInKiloHz * gsc_uiHzPerKiloHz } };
+        oJson.BeginObject("range_limits");
+        oJson.Member("min_vertical_rate_hz", oLimits.m_uiMinVerticalRateInHz);
+        oJson.Member("max_vertical_rate_hz", oLimits.m_uiMaxVerticalRateInHz);
+        oJson.Member("min_horizontal_rate_hz", oLimits.m_uiMinHorizontalRateInKiloHz * gsc_uiHzPerKiloHz);
+        oJson.Member("max_horizontal_rate_hz", oLimits.m_uiMaxHorizontalRateInKiloHz * gsc_uiHzPerKiloHz);
         if (oLimits.m_uiMaxPixelClockInKiloHz != 0)
         {
-            oRange["max_pixel_clock_hz"] = oLimits.m_uiMaxPixelClockInKiloHz * gsc_uiHzPerKiloHz; // 2.55 GHz at most
+            oJson.Member("max_pixel_clock_hz",
+                         oLimits.m_uiMaxPixelClockInKiloHz * gsc_uiHzPerKiloHz); // 2.55 GHz at most
         }
-        oJson["range_limits"] = oRange;
+        oJson.EndObject();
     }
 }
 
-void AddTile(const CEdid& oEdid, ordered_json& oJson)
+void AddTile(const CEdid& oEdid, CJsonWriter& oJson)
 {
     unsigned int auiTile[6] = {}; // location, count, size; each across and down
     if (oEdid.GetTopologyDescription(auiTile[0], auiTile[1], auiTile[2], auiTile[3], auiTile[4], auiTile[5]) == 0)
@@ -191,35 +220,41 @@ void AddTile(const CEdid& oEdid, ordered_json& oJson)
     }
     int aiFlags[6] = {};
     oEdid.GetTiledDisplayCapabilities(&aiFlags[0], &aiFlags[1], &aiFlags[2], &aiFlags[3], &aiFlags[4], &aiFlags[5]);
-    oJson["tile"] = { { "column", auiTile[0] },
-                      { "row", auiTile[1] },
-                      { "columns", auiTile[2] },
-                      { "rows", auiTile[3] },
-                      { "width", auiTile[4] },
-                      { "height", auiTile[5] },
-                      { "single_enclosure", aiFlags[0] != 0 },
-                      { "bezel_information", aiFlags[1] != 0 },
-                      { "several_at_location", aiFlags[2] != 0 },
-                      { "single_at_location", aiFlags[3] != 0 },
-                      { "single_scaled", aiFlags[4] != 0 },
-                      { "single_cloned", aiFlags[5] != 0 } };
+    const struct
+    {
+        const char* m_pszName;
+        unsigned int m_uiNumber;
+    } aoNumbers[] = { { "column", auiTile[0] }, { "row", auiTile[1] },   { "columns", auiTile[2] },
+                      { "rows", auiTile[3] },   { "width", auiTile[4] }, { "height", auiTile[5] } };
+    constexpr const char* apszFlags[] = { "single_enclosure",   "bezel_information", "several_at_location",
+                                          "single_at_location", "single_scaled",     "single_cloned" };
+    oJson.BeginObject("tile");
+    for (const auto& oNumber : aoNumbers)
+    {
+        oJson.Member(oNumber.m_pszName, oNumber.m_uiNumber);
+    }
+    for (size_t i = 0; i < std::size(apszFlags); ++i)
+    {
+        oJson.Member(apszFlags[i], aiFlags[i] != 0);
+    }
+    oJson.EndObject();
 }
 
 // ---- Extension blocks ----
 
 // The names or numbers of the bits that are set, from bit 0 on.
 template <class VALUE, unsigned int uiCount>
-ordered_json ListBits(const VALUE (&aValues)[uiCount], unsigned int uiMask)
+std::vector<VALUE> ListBits(const VALUE (&aValues)[uiCount], unsigned int uiMask)
 {
-    ordered_json oList = ordered_json::array();
+    std::vector<VALUE> aoList;
     for (unsigned int i = 0; i < uiCount; ++i)
     {
         if ((uiMask >> i & 1U) != 0)
         {
-            oList.push_back(aValues[i]);
+            aoList.push_back(aValues[i]);
         }
     }
-    return oList;
+    return aoList;
 }
 
 constexpr unsigned int gsc_auiSamplingRatesInHz[] = { 32000, 44100, 48000, 88200, 96000, 176400, 192000 };
@@ -227,193 +262,318 @@ constexpr unsigned int gsc_auiPcmBits[] = { 16, 20, 24 };
 constexpr unsigned int gsc_auiDeepColorBits[] = { 30, 36, 48 };
 constexpr unsigned int gsc_uiBitRateUnit = 8000; // of the third byte of the compressed formats up to ATRAC
 
-ordered_json ListSpeakers(unsigned int uiMask)
+std::vector<const char*> ListSpeakers(unsigned int uiMask)
 {
-    ordered_json oList = ordered_json::array();
+    std::vector<const char*> apszNames;
     unsigned int uiLast = 0;
     for (const SNamedValue& oSpeaker : gsc_aoSpeakers)
     {
         if (oSpeaker.m_uiValue != uiLast && (uiMask & oSpeaker.m_uiValue) != 0)
         {
-            oList.push_back(oSpeaker.m_pszName);
+            apszNames.push_back(oSpeaker.m_pszName);
         }
         uiLast = oSpeaker.m_uiValue;
     }
-    return oList;
+    return apszNames;
 }
 
-ordered_json MakeAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio)
+void WriteAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio, CJsonWriter& oJson)
 {
-    ordered_json oJson = { { "format_code", static_cast<unsigned int>(oAudio.m_eFormat) } };
+    oJson.BeginObject();
+    oJson.Member("format_code", static_cast<unsigned int>(oAudio.m_eFormat));
     const CMString oName = CEdidExtBlockCEA861::GetAudioFormatStr(oAudio.m_eFormat);
     if (oName[0] != '\0')
     {
-        oJson["format_name"] = static_cast<const char*>(oName);
+        oJson.Member("format_name", static_cast<const char*>(oName));
     }
-    oJson["channels"] = oAudio.m_uiChannels;
-    oJson["sampling_rates_hz"] = ListBits(gsc_auiSamplingRatesInHz, oAudio.m_eSamplingFreq);
+    oJson.Member("channels", oAudio.m_uiChannels);
+    oJson.Member("sampling_rates_hz", ListBits(gsc_auiSamplingRatesInHz, oAudio.m_eSamplingFreq));
     if (oAudio.m_eFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
     {
-        oJson["sample_bits"] = ListBits(gsc_auiPcmBits, oAudio.m_uiExtra);
+        oJson.Member("sample_bits", ListBits(gsc_auiPcmBits, oAudio.m_uiExtra));
     }
     else if (oAudio.m_eFormat >= CEdidExtBlockCEA861::eAudioFormat_Ac3 &&
              oAudio.m_eFormat <= CEdidExtBlockCEA861::eAudioFormat_Atrac)
     {
-        oJson["max_bit_rate_bps"] = oAudio.m_uiExtra * gsc_uiBitRateUnit;
+        oJson.Member("max_bit_rate_bps", oAudio.m_uiExtra * gsc_uiBitRateUnit);
     }
     const unsigned char ui8Extra = ZorStandards::LowByte(oAudio.m_uiExtra);
-    oJson["extra"] = FormatHex(&ui8Extra, 1);
-    return oJson;
+    oJson.Member("extra", FormatHex(&ui8Extra, 1));
+    oJson.EndObject();
 }
 
-void AddCea(CEdidExtBlockCEA861& oBlock, ordered_json& oJson)
+void WriteSound(CEdidExtBlockCEA861& oBlock, CJsonWriter& oJson)
 {
-    oJson["ycbcr"] = oBlock.IsYuvSupported() != 0;
-    oJson["audio"] = ordered_json::array();
+    oJson.BeginArray("audio");
     for (unsigned int i = 0; i < oBlock.GetAudioDescriptorCount(); ++i)
     {
         CEdidExtBlockCEA861::SAudioDescriptor oAudio = {};
         if (oBlock.GetAudioDescriptor(i, &oAudio) != 0)
         {
-            oJson["audio"].push_back(MakeAudio(oAudio));
+            WriteAudio(oAudio, oJson);
         }
     }
-    oJson["speakers"] = ordered_json::array();
+    oJson.EndArray();
+    oJson.BeginArray("speakers");
     for (unsigned int i = 0; i < oBlock.GetSpeakerDescriptorCount(); ++i)
     {
         unsigned int uiMask = 0;
         if (oBlock.GetSpeakerDescriptor(i, &uiMask) != 0)
         {
-            oJson["speakers"].push_back({ { "mask", uiMask }, { "positions", ListSpeakers(uiMask) } });
+            oJson.BeginObject();
+            oJson.Member("mask", uiMask);
+            oJson.Member("positions", ListSpeakers(uiMask));
+            oJson.EndObject();
         }
     }
+    oJson.EndArray();
+}
+
+void WriteCea(CEdidExtBlockCEA861& oBlock, CJsonWriter& oJson)
+{
+    oJson.Member("ycbcr", oBlock.IsYuvSupported() != 0);
+    WriteSound(oBlock, oJson);
     unsigned int uiBits = 0;
     if (oBlock.GetColorBitDepthSupport(uiBits) != 0 && uiBits != 0)
     {
-        oJson["deep_color_bits"] = ListBits(gsc_auiDeepColorBits, uiBits);
+        oJson.Member("deep_color_bits", ListBits(gsc_auiDeepColorBits, uiBits));
     }
+    std::vector<const char*> apszWarnings;
     for (const ZorUtils::SAudioWarning& oWarning : ZorUtils::gsc_aoAudioWarnings)
     {
         if (oWarning.m_pfnHolds(oBlock.GetAudioDescriptorCount(), oBlock.GetSpeakerDescriptorCount()))
         {
-            oJson["warnings"].push_back(oWarning.m_pszText);
+            apszWarnings.push_back(oWarning.m_pszText);
         }
     }
-    oJson["free_bytes"] = oBlock.GetAvailableSpace();
+    if (!apszWarnings.empty())
+    {
+        oJson.Member("warnings", apszWarnings);
+    }
+    oJson.Member("free_bytes", oBlock.GetAvailableSpace());
 }
 
-ordered_json MakeBlock(const SImageBlock& oBlock)
+void WriteBlock(const SImageBlock& oBlock, CJsonWriter& oJson)
 {
     constexpr unsigned int uiRevisionOffset = 1; // of both kinds that the library reads
-    ordered_json oJson = { { "block", oBlock.m_uiNumber },
-                           { "tag", oBlock.GetTag() },
-                           { "kind", GetBlockKind(oBlock.GetTag()) },
-                           { "revision", oBlock.m_pui8Bytes[uiRevisionOffset] },
-                           { "checksum", FormatHex(oBlock.m_pui8Bytes + CEdidUtils::msc_uiChecksumOffset, 1) },
-                           { "checksum_valid",
-                             CEdidUtils::Is8BitsChecksumValid(CEdidUtils::msc_uiBlockSize, oBlock.m_pui8Bytes) != 0 },
-                           { "loaded", oBlock.m_poLoaded != nullptr } };
+    oJson.BeginObject();
+    oJson.Member("block", oBlock.m_uiNumber);
+    oJson.Member("tag", oBlock.GetTag());
+    oJson.Member("kind", GetBlockKind(oBlock.GetTag()));
+    oJson.Member("revision", oBlock.m_pui8Bytes[uiRevisionOffset]);
+    oJson.Member("checksum", FormatHex(oBlock.m_pui8Bytes + CEdidUtils::msc_uiChecksumOffset, 1));
+    oJson.Member("checksum_valid",
+                 CEdidUtils::Is8BitsChecksumValid(CEdidUtils::msc_uiBlockSize, oBlock.m_pui8Bytes) != 0);
+    oJson.Member("loaded", oBlock.m_poLoaded != nullptr);
     if (CEdidExtBlockCEA861* poCea = oBlock.GetCea(); poCea != nullptr)
     {
-        AddCea(*poCea, oJson);
+        WriteCea(*poCea, oJson);
     }
-    return oJson;
+    oJson.EndObject();
 }
 
-ordered_json MakeImageHead(const SInput& oInput)
+void BeginImage(const SInput& oInput, CJsonWriter& oJson)
 {
-    ordered_json oJson = MakeDocument();
-    oJson["file"] = oInput.m_sName;
-    return oJson;
+    BeginDocument(oJson);
+    oJson.Member("file", oInput.m_sName);
 }
-} // namespace
 
-ordered_json MakeDocument() { return { { "format", "zoredid" }, { "version", gsc_uiFormatVersion } }; }
-
-ordered_json MakeTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics)
+void WriteModes(const CImageModes& oModes, CJsonWriter& oJson)
 {
-    ordered_json oJson = {
-        { "width", oTiming.GetHorizontalActive() },
-        { "height", oTiming.GetVerticalActive() },
-        { "interlaced", oTiming.IsInterlaced() != 0 },
-        { "vertical_rate_hz", oTiming.GetVerticalRateInHz() },
-        { "horizontal_rate_hz", oTiming.GetHorizontalRateInHz() },
-        { "pixel_clock_hz", oTiming.GetPixelClockInHz() },
-        { "horizontal",
-          MakeAxis(oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(), oTiming.GetHorizontalBackPorch(),
-                   oTiming.ComputeHorizontalTotalPixel(), oTiming.IsHorizontalPolarityPositive()) },
-        { "vertical",
-          MakeAxis(oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
-                   GetVerticalTotal(oTiming), oTiming.IsVerticalPolarityPositive()) },
-    };
-    if (const char* pszType = GetTypeName(oTiming.GetVideoFamilyType()); pszType != nullptr)
+    oJson.BeginArray("modes");
+    for (const SModeRow& oRow : oModes.GetRows())
     {
-        oJson["type"] = pszType;
+        WriteMode(oRow, oJson);
     }
-    if (oTiming.Is420ColorSpace() != 0)
-    {
-        oJson["ycbcr420"] = true;
-    }
-    if (!oVics.m_auiCodes.empty())
-    {
-        oJson["vics"] = oVics.m_auiCodes;
-    }
-    if (oVics.m_bVariant)
-    {
-        oJson["rate_1000_1001"] = true;
-    }
-    return oJson;
+    oJson.EndArray();
 }
 
-ordered_json MakeImageOfTimings(const SInput& oInput, const CModes& aoModes)
+// What the bytes say, loaded or not.
+void WriteTruth(const SInput& oInput, const CEdid* poEdid, const CModes& aoListed, CJsonWriter& oJson)
 {
-    ordered_json oJson = MakeImageHead(oInput);
-    AddTimings(aoModes, oJson);
-    return oJson;
+    CZorEdidFacts oFacts;
+    if (oFacts.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data()) == 0)
+    {
+        return;
+    }
+    const CFactList aoFacts = ListFacts(oFacts);
+    oJson.BeginObject("facts");
+    WriteFacts(aoFacts, oJson);
+    oJson.EndObject();
+    oJson.BeginObject("fact_ids");
+    WriteFactIds(aoFacts, oJson);
+    oJson.EndObject();
+    WriteModes(CImageModes(oInput.m_aui8Bytes, poEdid, aoListed), oJson);
 }
 
-ordered_json MakeImage(const SInput& oInput, CLoadedImage& oImage)
+// What the library's classes make of it.
+void WriteLibrary(CLoadedImage& oImage, const CModes& aoListed, CJsonWriter& oJson)
 {
     const CEdid& oEdid = oImage.GetEdid();
-    ordered_json oJson = MakeImageHead(oInput);
-    oJson["form"] = oInput.m_sForm;
     AddIdentity(oEdid, oJson);
     AddInput(oEdid, oJson);
     AddSizeAndLimits(oImage, oEdid, oJson);
-    AddTimings(ListTimings(oImage), oJson);
+    WriteLists(aoListed, oJson);
     AddTile(oEdid, oJson);
-    oJson["checksum"] = FormatHex(oEdid.GetBaseBlock() + CEdidUtils::msc_uiChecksumOffset, 1);
-    oJson["checksum_valid"] = CEdidUtils::Is8BitsChecksumValid(CEdidUtils::msc_uiBlockSize, oEdid.GetBaseBlock()) != 0;
-    oJson["extensions_announced"] = oImage.GetAnnouncedCount();
-    oJson["extensions"] = ordered_json::array();
+    oJson.Member("checksum", FormatHex(oEdid.GetBaseBlock() + CEdidUtils::msc_uiChecksumOffset, 1));
+    oJson.Member("checksum_valid",
+                 CEdidUtils::Is8BitsChecksumValid(CEdidUtils::msc_uiBlockSize, oEdid.GetBaseBlock()) != 0);
+    oJson.Member("extensions_announced", oImage.GetAnnouncedCount());
+    oJson.BeginArray("extensions");
     for (const SImageBlock& oBlock : oImage.GetBlocks())
     {
-        oJson["extensions"].push_back(MakeBlock(oBlock));
+        WriteBlock(oBlock, oJson);
     }
-    oJson["bytes"] = FormatHex(oInput.m_aui8Bytes.data(), oInput.m_aui8Bytes.size());
-    return oJson;
+    oJson.EndArray();
+}
+} // namespace
+
+void BeginDocument(CJsonWriter& oJson)
+{
+    oJson.BeginObject();
+    oJson.Member("format", "zoredid");
+    oJson.Member("version", gsc_uiFormatVersion);
 }
 
-ordered_json MakeFailure(const SInput& oInput, const std::string& sReason)
+void WriteListTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics, CJsonWriter& oJson)
 {
-    ordered_json oJson = MakeImageHead(oInput);
-    oJson["error"] = sReason;
-    return oJson;
+    oJson.Member("width", oTiming.GetHorizontalActive());
+    oJson.Member("height", oTiming.GetVerticalActive());
+    oJson.Member("interlaced", oTiming.IsInterlaced() != 0);
+    oJson.Member("vertical_rate_hz", oTiming.GetVerticalRateInHz());
+    oJson.Member("horizontal_rate_hz", oTiming.GetHorizontalRateInHz());
+    oJson.Member("pixel_clock_hz", oTiming.GetPixelClockInHz());
+    WriteAxis("horizontal", oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
+              oTiming.GetHorizontalBackPorch(), oTiming.ComputeHorizontalTotalPixel(),
+              oTiming.IsHorizontalPolarityPositive(), oJson);
+    WriteAxis("vertical", oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(), oTiming.GetVerticalBackPorch(),
+              GetVerticalTotal(oTiming), oTiming.IsVerticalPolarityPositive(), oJson);
+    if (const char* pszType = GetTypeName(oTiming.GetVideoFamilyType()); pszType != nullptr)
+    {
+        oJson.Member("type", pszType);
+    }
+    if (oTiming.Is420ColorSpace() != 0)
+    {
+        oJson.Member("ycbcr420", true);
+    }
+    if (!oVics.m_auiCodes.empty())
+    {
+        oJson.Member("vics", oVics.m_auiCodes);
+    }
+    if (oVics.m_bVariant)
+    {
+        oJson.Member("rate_1000_1001", true);
+    }
+}
+
+void WriteMode(const SModeRow& oRow, CJsonWriter& oJson)
+{
+    constexpr double dDecimals = 1000; // of a rate
+    const SZorMode& oMode = oRow.m_oMode;
+    oJson.BeginObject();
+    oJson.Member("id", CZorEdidMap::GetId(oRow.m_poEntry->m_eField));
+    oJson.Member("block", oRow.GetBlock());
+    oJson.Member("offset", oRow.m_poEntry->m_uiOffset);
+    oJson.Member("numbers", GetNumbersName(oRow.m_poEntry->m_eNumbers));
+    if (oRow.IsListed())
+    {
+        oJson.Member("list", GetListName(oRow.m_eList));
+        oJson.Member("index", oRow.m_uiNumber);
+    }
+    if (!oRow.m_sOtherwise.empty())
+    {
+        oJson.Member("listed_otherwise", oRow.m_sOtherwise);
+    }
+    if (oRow.IsPreferred())
+    {
+        oJson.Member("preferred", true);
+    }
+    if (oRow.m_poEntry->m_uiPreference != 0 && !oRow.m_bPartner)
+    {
+        oJson.Member("preference", oRow.m_poEntry->m_uiPreference);
+    }
+    const auto fnFlag = [&oJson](const char* pszName, bool bHolds) {
+        if (bHolds)
+        {
+            oJson.Member(pszName, true);
+        }
+    };
+    fnFlag("native", oMode.m_bNative);
+    fnFlag("ycbcr420", oMode.m_eY420 != SZorMode::eY420_No);
+    fnFlag("ycbcr420_only", oMode.m_eY420 == SZorMode::eY420_Only);
+    fnFlag("stereo", oRow.m_poEntry->m_uiStereo != 0 || oMode.m_eStereo != SZorMode::eStereo_No);
+    if (oMode.m_eKind == SZorMode::eModeKind_Vic)
+    {
+        oJson.Member("vic", oMode.m_uiCode);
+    }
+    if (oMode.m_eKind == SZorMode::eModeKind_HdmiVic)
+    {
+        oJson.Member("hdmi_vic", oMode.m_uiCode);
+    }
+    oJson.Member("rate_hz", round(GetRate(oMode) * dDecimals) / dDecimals);
+    oMode.m_bTiming ? WriteTiming(oMode, GetSourceName(*oRow.m_poEntry), oRow.m_bPartner, oJson)
+                    : WriteBareMode(oMode, oRow.m_bPartner, oJson);
+    oJson.EndObject();
+}
+
+std::string MakeImageOfModes(const SInput& oInput, CLoadedImage& oImage, const CImageModes& oModes,
+                             CJsonWriter::EStyle eStyle)
+{
+    CJsonWriter oJson(eStyle);
+    BeginImage(oInput, oJson);
+    WriteModes(oModes, oJson);
+    if (oImage.IsLoaded())
+    {
+        WriteLists(ListTimings(oImage), oJson);
+    }
+    else
+    {
+        oJson.Member("error", oImage.GetProblem());
+    }
+    oJson.EndObject();
+    return oJson.GetText();
+}
+
+std::string MakeImage(const SInput& oInput, CLoadedImage& oImage, CJsonWriter::EStyle eStyle)
+{
+    CJsonWriter oJson(eStyle);
+    BeginImage(oInput, oJson);
+    if (!oInput.m_sForm.empty())
+    {
+        oJson.Member("form", oInput.m_sForm);
+    }
+    if (!oImage.IsLoaded())
+    {
+        oJson.Member("error", oImage.GetProblem());
+        WriteTruth(oInput, nullptr, {}, oJson);
+    }
+    else
+    {
+        const CModes aoListed = ListTimings(oImage);
+        WriteTruth(oInput, &oImage.GetEdid(), aoListed, oJson);
+        WriteLibrary(oImage, aoListed, oJson);
+    }
+    if (!oInput.m_aui8Bytes.empty())
+    {
+        oJson.Member("bytes", FormatHex(oInput.m_aui8Bytes.data(), oInput.m_aui8Bytes.size()));
+    }
+    oJson.EndObject();
+    return oJson.GetText();
+}
+
+std::string MakeFailure(const SInput& oInput, const std::string& sReason, CJsonWriter::EStyle eStyle)
+{
+    CJsonWriter oJson(eStyle);
+    BeginImage(oInput, oJson);
+    oJson.Member("error", sReason);
+    oJson.EndObject();
+    return oJson.GetText();
 }
 
 std::string OpenDocument(const char* pszList)
 {
-    std::string sHead = MakeDocument().dump();
-    sHead.pop_back(); // the closing brace
-    return sHead + ",\"" + pszList + "\":[\n";
-}
-
-std::string WriteLine(const ordered_json& oJson)
-{
-    return oJson.dump(-1, ' ', false, ordered_json::error_handler_t::replace) + "\n";
-}
-
-std::string WriteIndented(const ordered_json& oJson)
-{
-    return oJson.dump(2, ' ', false, ordered_json::error_handler_t::replace);
+    CJsonWriter oJson(CJsonWriter::eStyle_Line);
+    BeginDocument(oJson);
+    oJson.BeginArray(pszList);
+    return oJson.GetText() + "\n";
 }

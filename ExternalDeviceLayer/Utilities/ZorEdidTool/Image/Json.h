@@ -3,30 +3,31 @@
 
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 
+#include "ImageModes.h"
+#include "JsonWriter.h"
 #include "LoadedImage.h"
-#include "ModeList.h"
 
-// The members that every document begins with: "format" and "version".
-nlohmann::ordered_json MakeDocument();
+// Opens the object of a document with the members that each begins with: "format" and "version".
+void BeginDocument(CJsonWriter& oJson);
 
-// A timing without its place in an image.
-nlohmann::ordered_json MakeTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics);
+// A timing of the library's lists as members of the object that is open, without its place in an image.
+void WriteListTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics, CJsonWriter& oJson);
 
-// An image with its file and its timings; with everything that the library knows of it.
-nlohmann::ordered_json MakeImageOfTimings(const SInput& oInput, const CModes& aoModes);
-nlohmann::ordered_json MakeImage(const SInput& oInput, CLoadedImage& oImage);
+// A mode as an object.
+void WriteMode(const SModeRow& oRow, CJsonWriter& oJson);
 
-// In place of an image that cannot be read or loaded.
-nlohmann::ordered_json MakeFailure(const SInput& oInput, const std::string& sReason);
+// An image with its file and its modes; with everything that is known of it. Load of oImage may have failed: then what
+// the bytes say is there, with the reason, and the library's lists are not.
+std::string MakeImageOfModes(const SInput& oInput, CLoadedImage& oImage, const CImageModes& oModes,
+                             CJsonWriter::EStyle eStyle);
+std::string MakeImage(const SInput& oInput, CLoadedImage& oImage, CJsonWriter::EStyle eStyle);
+
+// In place of an image that cannot be read.
+std::string MakeFailure(const SInput& oInput, const std::string& sReason, CJsonWriter::EStyle eStyle);
 
 // A document that is written piece by piece: its head up to the list of this name, and its end. A comma separates the
 // elements of the list.
 std::string OpenDocument(const char* pszList);
 inline constexpr const char* gsc_pszCloseDocument = "\n]}\n";
-
-// As text, in one line with its line feed, or indented without one. Bytes that are not UTF-8 become U+FFFD.
-std::string WriteLine(const nlohmann::ordered_json& oJson);
-std::string WriteIndented(const nlohmann::ordered_json& oJson);

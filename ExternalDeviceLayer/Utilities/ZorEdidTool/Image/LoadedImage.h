@@ -45,6 +45,7 @@ public:
     // object.
     bool Load(const SInput& oInput);
     const std::string& GetProblem() const { return m_sProblem; }
+    bool IsLoaded() const { return m_sProblem.empty(); }
 
     CEdid& GetEdid() { return m_oEdid; }
     // The extension blocks that are announced and present, in the order of the image.

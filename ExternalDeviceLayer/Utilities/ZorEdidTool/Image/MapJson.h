@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <string>
 #include <vector>
 
 #include "Input.h"
@@ -10,4 +10,4 @@
 
 // The document with a tree of those fields whose place in abShown is true. A field that is shown has all of its groups
 // shown.
-nlohmann::ordered_json MakeExplanation(const SInput& oInput, const CZorEdidMap& oMap, const std::vector<bool>& abShown);
+std::string MakeExplanation(const SInput& oInput, const CZorEdidMap& oMap, const std::vector<bool>& abShown);

@@ -6,51 +6,73 @@
 #include <iterator>
 #include <map>
 #include <tuple>
+#include <utility>
 
 namespace
 {
-// All that equal modes have in common; only clocks and line rates may differ.
-auto MakeKey(const SImageMode& oMode)
+// All that equal modes have in common; only clocks and rates may differ.
+auto MakeKey(const SModeRow& oRow)
 {
-    const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
-    return std::make_tuple(oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                           oTiming.GetHorizontalFrontPorch(), oTiming.GetHorizontalSync(),
-                           oTiming.GetHorizontalBackPorch(), oTiming.GetVerticalFrontPorch(), oTiming.GetVerticalSync(),
-                           oTiming.GetVerticalBackPorch(), oTiming.GetVerticalRateInHz(), oMode.m_uiRate,
-                           oMode.m_bFractionToo, oMode.m_uiOtherCode);
+    const SZorMode& oMode = oRow.m_oMode;
+    const auto fnAxis = [&oMode](const SZorMode::SAxis& oAxis) {
+        return oMode.m_bTiming ? std::make_tuple(oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal,
+                                                 oAxis.m_bPositive)
+                               : std::make_tuple(0U, 0U, 0U, 0U, false);
+    };
+    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced, oMode.m_bTiming,
+                           fnAxis(oMode.m_oHorizontal), fnAxis(oMode.m_oVertical), oMode.m_eY420,
+                           oRow.m_poEntry->m_uiStereo, oMode.m_eStereo);
 }
 
-bool IsSameClock(const SImageMode& oFirst, const SImageMode& oSecond)
+// Within 1000/1001 and its rounding, which is more than two lines of a table ever differ by.
+bool IsNear(double dFirst, double dSecond)
 {
-    return oFirst.m_oTiming.GetPixelClockInHz() == oSecond.m_oTiming.GetPixelClockInHz();
+    constexpr double dFactor = 1001.0 / 1000 * 1.00001;
+    return dFirst <= dSecond * dFactor && dSecond <= dFirst * dFactor;
 }
 
-bool IsSameList(const SImageMode& oFirst, const SImageMode& oSecond) { return oFirst.m_eList == oSecond.m_eList; }
+bool IsSameClock(const SModeRow& oFirst, const SModeRow& oSecond)
+{
+    return oFirst.m_oMode.m_ullClock == oSecond.m_oMode.m_ullClock &&
+           GetRate(oFirst.m_oMode) == GetRate(oSecond.m_oMode);
+}
 
-using CAccepts = bool (*)(const SImageMode& oFirst, const SImageMode& oSecond);
+bool IsSameKind(const SModeRow& oFirst, const SModeRow& oSecond)
+{
+    return oFirst.m_oMode.m_eKind == oSecond.m_oMode.m_eKind;
+}
+
+using CAccepts = bool (*)(const SModeRow& oFirst, const SModeRow& oSecond);
 constexpr CAccepts gsc_apfnPasses[] = {
-    [](const SImageMode& oFirst, const SImageMode& oSecond) { return oFirst.m_bPreferred && oSecond.m_bPreferred; },
-    [](const SImageMode& oFirst, const SImageMode& oSecond) {
-        return IsSameClock(oFirst, oSecond) && IsSameList(oFirst, oSecond);
+    [](const SModeRow& oFirst, const SModeRow& oSecond) { return oFirst.IsPreferred() && oSecond.IsPreferred(); },
+    [](const SModeRow& oFirst, const SModeRow& oSecond) {
+        return IsSameClock(oFirst, oSecond) && IsSameKind(oFirst, oSecond);
     },
     IsSameClock,
-    IsSameList,
-    [](const SImageMode&, const SImageMode&) { return true; },
+    IsSameKind,
+    [](const SModeRow&, const SModeRow&) { return true; },
 };
 } // namespace
 
-SModePairs MatchModes(const CModes& aoFirst, const CModes& aoSecond)
+bool IsSameMode(const SModeRow& oFirst, const SModeRow& oSecond)
 {
+    return MakeKey(oFirst) == MakeKey(oSecond) && IsNear(GetRate(oFirst.m_oMode), GetRate(oSecond.m_oMode));
+}
+
+SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond)
+{
+    const std::vector<SModeRow>& aoFirst = oFirst.GetRows();
+    const std::vector<SModeRow>& aoSecond = oSecond.GetRows();
     SModePairs oPairs = { { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
                             std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) } };
-    std::map<decltype(MakeKey(SImageMode())), std::vector<size_t>> aoFree; // of the second list
+    std::map<decltype(MakeKey(std::declval<const SModeRow&>())), std::vector<size_t>> aoFree; // of the second list
     for (size_t i = 0; i < aoSecond.size(); ++i)
     {
         aoFree[MakeKey(aoSecond[i])].push_back(i);
     }
     std::vector<std::vector<size_t>*> apauiFree; // the free entries that each of the first list may take
     std::ranges::transform(aoFirst, std::back_inserter(apauiFree),
-                           [&](const SImageMode& oMode) { return &aoFree[MakeKey(oMode)]; });
+                           [&](const SModeRow& oRow) { return &aoFree[MakeKey(oRow)]; });
     for (const CAccepts pfnAccepts : gsc_apfnPasses)
     {
         for (size_t i = 0; i < aoFirst.size(); ++i)
@@ -61,7 +83,7 @@ SModePairs MatchModes(const CModes& aoFirst, const CModes& aoSecond)
             }
             const auto itPartner = std::ranges::find_if(*apauiFree[i], [&](size_t uiSecond) {
                 return pfnAccepts(aoFirst[i], aoSecond[uiSecond]) &&
-                       (aoFirst[i].m_oTiming == aoSecond[uiSecond].m_oTiming) != 0;
+                       IsNear(GetRate(aoFirst[i].m_oMode), GetRate(aoSecond[uiSecond].m_oMode));
             });
             if (itPartner != apauiFree[i]->end())
             {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Damages.h"
-#include "EditDiff.h"
+#include "ByteDiff.h"
 #include "EditVerify.h"
 #include "OsServices.h"
 #include "SharedFiles.h"
@@ -358,7 +358,7 @@ TEST(EditVerifyImage, ChangesAreNamedByWhatTheyWereAndAre)
               "interface standard\n"
               "block 1 offset 0x05: 90 -> 04  Video data block > Short video descriptor 0 > Native, Video "
               "identification code\n",
-              DescribeChanges(aui8Read, aui8Edited));
-    EXPECT_EQ("", DescribeChanges(aui8Read, aui8Read));
+              DescribeBytes(aui8Read, aui8Edited));
+    EXPECT_EQ("", DescribeBytes(aui8Read, aui8Read));
 }
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "DisplayIdImages.h"
 #include "Input.h"
 #include "MapJson.h"
@@ -195,7 +197,8 @@ TEST_F(MapOfMonitor, ValuesAndTheirJson)
     {
         abShown[uiField] = true;
     }
-    const nlohmann::ordered_json oJson = MakeExplanation({ "x", {}, "raw image", "" }, m_oMap, abShown);
+    const nlohmann::ordered_json oJson =
+        nlohmann::ordered_json::parse(MakeExplanation({ "x", {}, "raw image", "" }, m_oMap, abShown));
     EXPECT_EQ(256, oJson["size"]);
     ASSERT_EQ(1U, oJson["fields"].size());
     const nlohmann::ordered_json& oGroup = oJson["fields"][0]["fields"][0];

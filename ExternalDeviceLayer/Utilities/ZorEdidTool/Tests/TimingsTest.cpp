@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "DisplayIdImages.h"
 #include "Json.h"
@@ -222,20 +223,31 @@ TEST_F(ListedTimings, RangeLimitsHaveTheirOffsets)
 
 // ---- JSON ----
 
+using nlohmann::ordered_json;
+
+ordered_json ParseListTiming(const SVidParamGenericData& oData, const SVics& oVics)
+{
+    CJsonWriter oJson(CJsonWriter::eStyle_Line);
+    oJson.BeginObject();
+    WriteListTiming(CVidParamTimingGeneric(oData), oVics, oJson);
+    oJson.EndObject();
+    return ordered_json::parse(oJson.GetText());
+}
+
 TEST(Json, OfTimingsHasHertzAndSignedPorches)
 {
     SVidParamGenericData oData = { 1920, 1080, 30, 33750, 74250000, 88, 44, 148, 2, 5, 15, 0, gsc_eCea };
     oData.uiFlags = gsc_uiPlusMinus | gsc_uiInterlaced | gsc_ui420;
-    EXPECT_EQ(nlohmann::ordered_json::parse(R"({"width": 1920, "height": 1080, "interlaced": true,
+    EXPECT_EQ(ordered_json::parse(R"({"width": 1920, "height": 1080, "interlaced": true,
         "vertical_rate_hz": 30, "horizontal_rate_hz": 33750, "pixel_clock_hz": 74250000,
         "horizontal": {"front_porch": 88, "sync": 44, "back_porch": 148, "total": 2200, "positive": true},
         "vertical": {"front_porch": 2, "sync": 5, "back_porch": 15, "total": 1125, "positive": false},
         "type": "cea", "ycbcr420": true, "vics": [5, 6], "rate_1000_1001": true})"),
-              MakeTiming(CVidParamTimingGeneric(oData), { { 5, 6 }, true }));
+              ParseListTiming(oData, { { 5, 6 }, true }));
     oData = {
         640, 480, 60, 31500, 4200000000, 16, 96, 0U - 10U, 10, 2, 0U - 1U, 0, CVidParamTiming::eVidParamType_Unknown
     };
-    const nlohmann::ordered_json oJson = MakeTiming(CVidParamTimingGeneric(oData), {});
+    const ordered_json oJson = ParseListTiming(oData, {});
     EXPECT_EQ(4200000000, oJson["pixel_clock_hz"].get<long long>());
     EXPECT_EQ(-10, oJson["horizontal"]["back_porch"]);
     EXPECT_EQ(-1, oJson["vertical"]["back_porch"]);
@@ -252,7 +264,7 @@ TEST_F(ListedTimings, WhatAnImageDoesNotSayIsAbsentFromItsJson)
     aui8Image[0x15] = 0;    // an aspect ratio in place of a size
     aui8Image[0x18] = 0;
     Load(FixChecksums(aui8Image));
-    const nlohmann::ordered_json oJson = MakeImage(m_oInput, m_oImage);
+    const ordered_json oJson = ordered_json::parse(MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line));
     for (const char* pszMember : { "name", "serial_text", "text", "model_year", "bits_per_color", "interface",
                                    "width_cm", "height_cm", "range_limits", "tile", "error" })
     {
@@ -261,11 +273,11 @@ TEST_F(ListedTimings, WhatAnImageDoesNotSayIsAbsentFromItsJson)
     EXPECT_EQ(true, oJson["digital"]);
     EXPECT_EQ(1, oJson["week"]);
     EXPECT_EQ(2020, oJson["year"]);
-    EXPECT_EQ(nlohmann::ordered_json::array(), oJson["extensions"]);
+    EXPECT_EQ(ordered_json::array(), oJson["extensions"]);
     aui8Image[0x10] = 0xFF;
     aui8Image[0x14] = 0xB5; // 10 bits, DisplayPort
     Load(FixChecksums(aui8Image));
-    const nlohmann::ordered_json oModel = MakeImage(m_oInput, m_oImage);
+    const ordered_json oModel = ordered_json::parse(MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line));
     EXPECT_EQ(2020, oModel["model_year"]);
     EXPECT_FALSE(oModel.contains("year") || oModel.contains("week"));
     EXPECT_EQ(10, oModel["bits_per_color"]);
@@ -281,10 +293,10 @@ TEST_F(ListedTimings, ExtensionsInJson)
         MakeEdid({ FixChecksums(ParseBytes("02 03 1B 70 29 09 05 02 15 04 50 57 40 03 83 89 01 00 68 03 0C 00 10 00 50 "
                                            "2D 00 ..128")),
                    MakeFullDisplayIdBlock(), aui8Broken }));
-    nlohmann::ordered_json oJson = MakeImage(m_oInput, m_oImage); // not const: what is missing reads as null
+    ordered_json oJson = ordered_json::parse(MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line)); // not const: what is missing reads as null
     ASSERT_EQ(3U, oJson["extensions"].size());
-    nlohmann::ordered_json& oCea = oJson["extensions"][0];
-    const auto fnParse = [](const char* pszText) { return nlohmann::ordered_json::parse(pszText); };
+    ordered_json& oCea = oJson["extensions"][0];
+    const auto fnParse = [](const char* pszText) { return ordered_json::parse(pszText); };
     EXPECT_EQ(fnParse("[32000, 48000]"), oCea["audio"][0]["sampling_rates_hz"]);
     EXPECT_EQ(fnParse("[20]"), oCea["audio"][0]["sample_bits"]);
     EXPECT_FALSE(oCea["audio"][0].contains("max_bit_rate_bps"));
@@ -322,8 +334,8 @@ TEST_F(ListedTimings, TilesAndTextsInJson)
         const CBytes aui8Text = ParseBytes("00 00 00 FE 00 48 69 0A 20*10");
         std::copy(aui8Text.begin(), aui8Text.end(), aui8Image.begin() + 0x6C);
         Load(FixChecksums(aui8Image));
-        nlohmann::ordered_json oJson = MakeImage(m_oInput, m_oImage);
-        nlohmann::ordered_json oExpected = { { "column", 1 }, { "row", 0 },      { "columns", 2 },
+        ordered_json oJson = ordered_json::parse(MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line));
+        ordered_json oExpected = { { "column", 1 }, { "row", 0 },      { "columns", 2 },
                                              { "rows", 2 },   { "width", 1920 }, { "height", 1080 } };
         for (const char* pszFlag : { "single_enclosure", "bezel_information", "several_at_location",
                                      "single_at_location", "single_scaled", "single_cloned" })
@@ -338,10 +350,15 @@ TEST_F(ListedTimings, TilesAndTextsInJson)
 
 TEST(Json, IsWrittenInOneLineWhateverTheBytes)
 {
-    EXPECT_EQ("{\"format\":\"zoredid\",\"version\":1,\"images\":[\n", OpenDocument("images"));
-    const nlohmann::ordered_json oFailure = MakeFailure({ "a\n\xFF\"", {}, "", "" }, "why");
-    EXPECT_EQ("{\"format\":\"zoredid\",\"version\":1,\"file\":\"a\\n\xEF\xBF\xBD\\\"\",\"error\":\"why\"}\n",
-              WriteLine(oFailure));
-    EXPECT_EQ("{\n  \"format\": \"zoredid\",\n  \"version\": 1\n}", WriteIndented(MakeDocument()));
+    EXPECT_EQ("{\"format\":\"zoredid\",\"version\":2,\"images\":[\n", OpenDocument("images"));
+    EXPECT_EQ("{\"format\":\"zoredid\",\"version\":2,\"file\":\"a\\n\xEF\xBF\xBD\\\"\",\"error\":\"why\"}",
+              MakeFailure({ "a\n\xFF\"", {}, "", "" }, "why", CJsonWriter::eStyle_Line));
+    CJsonWriter oIndented(CJsonWriter::eStyle_Indented);
+    BeginDocument(oIndented);
+    oIndented.Member("rate", 59.94);
+    oIndented.Member("list", std::vector<int>{ 1, -2 });
+    oIndented.EndObject();
+    EXPECT_EQ("{\n  \"format\": \"zoredid\",\n  \"version\": 2,\n  \"rate\": 59.94,\n  \"list\": [\n    1,\n    -2\n  ]\n}",
+              oIndented.GetText());
 }
 } // namespace

@@ -1,6 +1,8 @@
-// Names for the bytes that differ. A byte that has another meaning after the edit gets both names.
+// Names for the bytes that differ. A byte that has another meaning in the second image gets both names.
 
-#include "EditDiff.h"
+#include "ByteDiff.h"
+
+#include <algorithm>
 
 #include "EdidUtils.h"
 #include "MapText.h"
@@ -26,14 +28,15 @@ std::string NameBits(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned in
 }
 } // namespace
 
-std::string DescribeChanges(const CBytes& aui8Read, const CBytes& aui8Edited)
+std::string DescribeBytes(const std::vector<unsigned char>& aui8Read, const std::vector<unsigned char>& aui8Edited)
 {
     CZorEdidMap oRead;
     CZorEdidMap oEdited;
     oRead.Read(static_cast<unsigned int>(aui8Read.size()), aui8Read.data());
     oEdited.Read(static_cast<unsigned int>(aui8Edited.size()), aui8Edited.data());
+    const size_t uiShared = std::min(aui8Read.size(), aui8Edited.size());
     std::string sText;
-    for (unsigned int i = 0; i < aui8Read.size(); ++i)
+    for (unsigned int i = 0; i < uiShared; ++i)
     {
         if (aui8Read[i] != aui8Edited[i])
         {
@@ -47,5 +50,9 @@ std::string DescribeChanges(const CBytes& aui8Read, const CBytes& aui8Edited)
             sText += "\n";
         }
     }
+    const size_t uiMore = std::max(aui8Read.size(), aui8Edited.size()) - uiShared;
+    sText += uiMore == 0 ? ""
+                         : FormatText("%zu more bytes in the %s image\n", uiMore,
+                                      aui8Read.size() > aui8Edited.size() ? "first" : "second");
     return sText;
 }

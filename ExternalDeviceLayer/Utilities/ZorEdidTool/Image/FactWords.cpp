@@ -1,0 +1,351 @@
+// Facts put into words.
+
+#include "FactWords.h"
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "FactList.h"
+#include "Standards/Makers.h"
+#include "TextFormat.h"
+
+namespace
+{
+using CFacts = CZorEdidFacts;
+
+constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
+
+void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
+{
+    if (!sNext.empty())
+    {
+        sList += (sList.empty() ? "" : pszBetween) + sNext;
+    }
+}
+
+void AppendIf(std::string& sList, const SZorFact<bool>& oFlag, const char* pszName)
+{
+    Append(sList, oFlag.m_oValue ? pszName : "");
+}
+
+struct SBitName
+{
+    unsigned int m_uiBits; // any of them
+    const char* m_pszName;
+};
+
+template <size_t uiCount>
+std::string NameBits(unsigned int uiBits, const SBitName (&aoNames)[uiCount], const char* pszBetween = ", ")
+{
+    std::string sText;
+    for (const SBitName& oName : aoNames)
+    {
+        Append(sText, (uiBits & oName.m_uiBits) != 0 ? oName.m_pszName : "", pszBetween);
+    }
+    return sText;
+}
+
+// "600", "340.5"
+std::string GetMegaHz(unsigned int uiKiloHz)
+{
+    return uiKiloHz % gsc_uiKiloHzPerMegaHz == 0
+               ? std::to_string(uiKiloHz / gsc_uiKiloHzPerMegaHz)
+               : FormatText("%.1f", static_cast<double>(uiKiloHz) / gsc_uiKiloHzPerMegaHz);
+}
+
+// No more digits than the code of a luminance is good for.
+std::string GetLuminance(float fLuminance)
+{
+    const double dLuminance = static_cast<double>(fLuminance);
+    return FormatText("%.*f", dLuminance >= 10 ? 0 : dLuminance >= 0.01 ? 2 : 4, dLuminance);
+}
+
+std::string GetDepths(unsigned int uiDepths)
+{
+    constexpr SBitName aoDepths[] = { { CFacts::eDepth_6, "6" },   { CFacts::eDepth_8, "8" },
+                                      { CFacts::eDepth_10, "10" }, { CFacts::eDepth_12, "12" },
+                                      { CFacts::eDepth_14, "14" }, { CFacts::eDepth_16, "16" } };
+    return NameBits(uiDepths, aoDepths, "/");
+}
+
+std::string GetFrl(const CFacts::SFrl& oFrl)
+{
+    return oFrl.m_ui8Lanes == 0 ? "" : FormatText("FRL %u x %u Gbit/s", oFrl.m_ui8Lanes, oFrl.m_ui8Gbps);
+}
+
+const char* NameKind(CFacts::EKind eKind)
+{
+    constexpr const char* apszNames[] = {
+        "display",  "panel",          "monitor", "television", "projector", "headset", "presentation display",
+        "repeater", "special display"
+    };
+    return apszNames[eKind];
+}
+
+std::string DescribeInterface(const CFacts::SLink& oLink)
+{
+    constexpr const char* apszNames[] = {
+        "analogue", "digital", "DVI", "HDMI", "DisplayPort", "LVDS", "other digital"
+    };
+    std::string sText = oLink.m_oKind.IsSaid() ? apszNames[oLink.m_oKind.m_oValue] : "";
+    const unsigned int uiVersion = oLink.m_oHdmiVersion.m_oValue;
+    if (oLink.m_oHdmiVersion.IsSaid())
+    {
+        constexpr unsigned int uiFirst = 10; // what a block without more proves
+        const std::string sHdmi =
+            uiVersion == uiFirst ? "HDMI" : FormatText("HDMI %u.%u", uiVersion / 10, uiVersion % 10);
+        oLink.m_oKind.m_oValue == CFacts::eLink_Hdmi ? sText = sHdmi : sText += sText.empty() ? sHdmi : ", " + sHdmi;
+    }
+    Append(sText, oLink.m_oLanes.m_oValue != 0 ? FormatText("%u lanes", oLink.m_oLanes.m_oValue) : "");
+    AppendIf(sText, oLink.m_oDviDual, "dual-link DVI");
+    return sText;
+}
+
+// ---- Audio ----
+
+constexpr const char* gsc_apszAudioNames[] = { "",      "PCM",   "AC-3",   "MPEG-1", "MP3", "MPEG-2", "AAC",    "DTS",
+                                               "ATRAC", "1-bit", "E-AC-3", "DTS-HD", "MAT", "DST",    "WMA Pro" };
+constexpr const char* gsc_apszExtendedNames[] = { "",
+                                                  "",
+                                                  "",
+                                                  "",
+                                                  "MPEG-4 HE AAC",
+                                                  "MPEG-4 HE AAC v2",
+                                                  "MPEG-4 AAC LC",
+                                                  "DRA",
+                                                  "MPEG-4 HE AAC + Surround",
+                                                  "",
+                                                  "MPEG-4 AAC LC + Surround",
+                                                  "MPEG-H 3D",
+                                                  "AC-4",
+                                                  "PCM 3D" };
+
+std::string NameFormat(const CFacts::SAudioFormat& oFormat)
+{
+    const unsigned int uiExtended = oFormat.m_ui8Extended;
+    const char* pszName =
+        uiExtended != 0 && uiExtended < std::size(gsc_apszExtendedNames) ? gsc_apszExtendedNames[uiExtended]
+        : oFormat.m_ui8Format < std::size(gsc_apszAudioNames)            ? gsc_apszAudioNames[oFormat.m_ui8Format]
+                                                                         : "";
+    return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
+}
+
+std::string DescribeFormat(const CFacts::SAudioFormat& oFormat)
+{
+    constexpr const char* apszRates[] = { "32", "44.1", "48", "88.2", "96", "176.4", "192" };
+    std::string sText = NameFormat(oFormat);
+    sText += oFormat.m_ui8Channels != 0 ? FormatText(" %uch", oFormat.m_ui8Channels) : "";
+    for (size_t i = std::size(apszRates); i-- > 0;)
+    {
+        if ((oFormat.m_ui8Rates >> i & 1U) != 0)
+        {
+            return sText + " " + apszRates[i] + " kHz"; // the highest one
+        }
+    }
+    return sText;
+}
+} // namespace
+
+std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity)
+{
+    if (!oIdentity.m_oMaker.IsSaid())
+    {
+        return "";
+    }
+    const std::string sLetters = oIdentity.m_oMaker.m_oValue.m_szLetters;
+    const char* pszName = ZorStandards::FindMakerName(sLetters.c_str());
+    CMString sName;
+    if (pszName == nullptr && CFacts::FindMakerName(sLetters.c_str(), sName) != 0)
+    {
+        pszName = sName;
+    }
+    return pszName == nullptr ? sLetters : std::string(pszName) + " (" + sLetters + ")";
+}
+
+std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity)
+{
+    return oIdentity.m_oName.IsSaid() && oIdentity.m_oName.m_oValue.m_szText[0] != '\0'
+               ? oIdentity.m_oName.m_oValue.m_szText
+           : oIdentity.m_oText.IsSaid() && oIdentity.m_oText.m_oValue.m_szText[0] != '\0'
+               ? oIdentity.m_oText.m_oValue.m_szText
+           : oIdentity.m_oProduct.IsSaid() ? FormatText("product 0x%04x", oIdentity.m_oProduct.m_oValue)
+                                           : "";
+}
+
+std::string DescribeSerial(const CZorEdidFacts::SIdentity& oIdentity)
+{
+    return oIdentity.m_oSerialText.IsSaid() && oIdentity.m_oSerialText.m_oValue.m_szText[0] != '\0'
+               ? oIdentity.m_oSerialText.m_oValue.m_szText
+           : oIdentity.m_oSerialNumber.IsSaid() ? std::to_string(oIdentity.m_oSerialNumber.m_oValue)
+                                                : "";
+}
+
+std::string DescribeDate(const CZorEdidFacts::SIdentity& oIdentity)
+{
+    if (oIdentity.m_oModelYear.IsSaid())
+    {
+        return FormatText("model year %u", oIdentity.m_oModelYear.m_oValue);
+    }
+    if (!oIdentity.m_oYear.IsSaid())
+    {
+        return "";
+    }
+    return FormatText("%u", oIdentity.m_oYear.m_oValue) +
+           (oIdentity.m_oWeek.IsSaid() ? FormatText(" week %u", oIdentity.m_oWeek.m_oValue) : "");
+}
+
+std::string DescribeSize(const CZorEdidFacts::SSize& oSize)
+{
+    constexpr unsigned int uiTenths = 10;
+    const CFacts::SMillimetres& oValue = oSize.m_oSize.m_oValue;
+    return oSize.m_oSize.IsSaid() ? FormatText("%.1f in, %u x %u mm", oSize.GetDiagonal(), oValue.m_uiWidth / uiTenths,
+                                               oValue.m_uiHeight / uiTenths)
+           : oSize.m_oAspect.IsSaid() ? FormatText("aspect ratio %.2f", oSize.m_oAspect.m_oValue / 100.0)
+                                      : "";
+}
+
+std::string DescribeShape(const CZorEdidFacts::SSize& oSize)
+{
+    std::string sText = oSize.m_oKind.IsSaid() && oSize.m_oKind.m_oValue != CFacts::eKind_Generic
+                            ? NameKind(oSize.m_oKind.m_oValue)
+                            : "";
+    const CFacts::SPixels& oNative = oSize.m_oNative.m_oValue;
+    Append(sText, oSize.m_oNative.IsSaid() ? FormatText("native %u x %u", oNative.m_uiWidth, oNative.m_uiHeight) : "");
+    Append(sText, oSize.m_oOrientation.IsSaid() && oSize.m_oOrientation.m_oValue == CFacts::eOrientation_Portrait
+                      ? "portrait"
+                      : "");
+    const CFacts::STile& oTile = oSize.m_oTile.m_oValue;
+    Append(sText, oSize.m_oTile.IsSaid() ? FormatText("tile %u,%u of %u x %u", oTile.m_ui16Column, oTile.m_ui16Row,
+                                                      oTile.m_ui16Columns, oTile.m_ui16Rows)
+                                         : "");
+    return sText;
+}
+
+std::string DescribeLink(const CZorEdidFacts& oFacts)
+{
+    const CFacts::SLink& oLink = oFacts.GetLink();
+    std::string sText = DescribeInterface(oLink);
+    Append(sText, GetFrl(oLink.m_oFrl.m_oValue));
+    Append(sText, oLink.m_oMaxTmds.m_oValue != 0 ? "TMDS to " + GetMegaHz(oLink.m_oMaxTmds.m_oValue) + " MHz" : "");
+    if (oLink.m_oDsc.m_oValue)
+    {
+        const std::string sFrl = GetFrl(oLink.m_oDscFrl.m_oValue);
+        Append(sText, sFrl.empty() ? "DSC" : "DSC over " + sFrl);
+    }
+    Append(sText, oLink.m_oMsoStreams.m_oValue != 0 ? FormatText("%u MSO streams", oLink.m_oMsoStreams.m_oValue) : "");
+    return sText;
+}
+
+std::string DescribeTransport(const CZorEdidFacts::SLink& oLink)
+{
+    std::string sText;
+    AppendIf(sText, oLink.m_oAllm, "ALLM");
+    AppendIf(sText, oLink.m_oQms, "QMS");
+    AppendIf(sText, oLink.m_oFastVactive, "fast Vactive");
+    AppendIf(sText, oLink.m_oCinemaVrr, "cinema VRR");
+    AppendIf(sText, oLink.m_oScdc, "SCDC");
+    constexpr SBitName aoContents[] = { { CFacts::eContentType_Graphics, "graphics" },
+                                        { CFacts::eContentType_Photo, "photo" },
+                                        { CFacts::eContentType_Cinema, "cinema" },
+                                        { CFacts::eContentType_Game, "game" } };
+    const std::string sContents = NameBits(oLink.m_oContentTypes.m_oValue, aoContents, "/");
+    Append(sText, sContents.empty() ? "" : "content type " + sContents);
+    return sText;
+}
+
+std::string DescribeVariableRefresh(const CZorEdidFacts::SLink& oLink)
+{
+    constexpr const char* apszSources[] = { "HDMI Forum", "AMD", "adaptive sync", "DisplayID", "range limits" };
+    std::string sText;
+    for (const CFacts::SVariableRefresh& oRange : ListVariableRefresh(oLink))
+    {
+        const std::string sRange = oRange.m_uiMost == 0 ? FormatText("from %u Hz to the mode's rate", oRange.m_uiLeast)
+                                                        : FormatText("%u to %u Hz", oRange.m_uiLeast, oRange.m_uiMost);
+        Append(sText, sRange + " (" + apszSources[oRange.m_eSource] + ")");
+    }
+    AppendIf(sText, oLink.m_oNvidia, "a block of NVIDIA");
+    return sText;
+}
+
+std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
+{
+    std::string sText;
+    const CFacts::SRange& oVertical = oLink.m_oVerticalRates.m_oValue;
+    const CFacts::SRange& oHorizontal = oLink.m_oHorizontalRates.m_oValue;
+    Append(sText,
+           oLink.m_oVerticalRates.IsSaid() ? FormatText("%u to %u Hz", oVertical.m_uiLeast, oVertical.m_uiMost) : "");
+    Append(sText, oLink.m_oHorizontalRates.IsSaid()
+                      ? FormatText("%u to %u kHz", oHorizontal.m_uiLeast, oHorizontal.m_uiMost)
+                      : "");
+    Append(sText, oLink.m_oMaxPixelClock.m_oValue != 0
+                      ? "clock to " + GetMegaHz(oLink.m_oMaxPixelClock.m_oValue) + " MHz"
+                      : "");
+    Append(sText, oLink.m_oContinuous.m_oValue ? "every rate between" : "");
+    return sText;
+}
+
+std::string DescribeHdr(const CZorEdidFacts::SColour& oColour)
+{
+    const unsigned int uiEotfs = oColour.m_oEotfs.m_oValue;
+    std::string sText;
+    Append(sText, HasHdr10(oColour) ? "HDR10" : (uiEotfs & CFacts::eEotf_Pq) != 0 ? "PQ without static metadata" : "");
+    Append(sText, (uiEotfs & CFacts::eEotf_Hlg) != 0 ? "HLG" : "");
+    Append(sText, (uiEotfs & CFacts::eEotf_HdrGamma) != 0 ? "HDR gamma" : "");
+    Append(sText, oColour.m_oHdr10Plus.IsSaid() ? "HDR10+" : "");
+    Append(sText, oColour.m_oDolbyVision.IsSaid() ? "Dolby Vision" : "");
+    if (sText.empty())
+    {
+        return sText; // luminances of a display without HDR do not belong under HDR
+    }
+    Append(sText,
+           oColour.m_oContentMax.m_oValue.m_ui8Code != 0
+               ? "up to " + GetLuminance(oColour.m_oContentMax.m_oValue.m_fLuminance) + " cd/m\u00B2"
+               : "",
+           "; ");
+    Append(sText, oColour.m_oContentMaxFrameAverage.m_oValue.m_ui8Code != 0
+                      ? GetLuminance(oColour.m_oContentMaxFrameAverage.m_oValue.m_fLuminance) + " over a whole frame"
+                      : "");
+    Append(sText, oColour.m_oContentMin.m_oValue.m_ui8Code != 0
+                      ? "down to " + GetLuminance(oColour.m_oContentMin.m_oValue.m_fLuminance)
+                      : "");
+    return sText;
+}
+
+std::string DescribeColour(const CZorEdidFacts::SColour& oColour)
+{
+    constexpr const char* apszFormats[] = { "RGB", "YCbCr 4:4:4", "4:2:2", "4:2:0" };
+    constexpr SBitName aoSpaces[] = { { CFacts::eColorimetry_Bt2020Rgb | CFacts::eColorimetry_Bt2020Ycc |
+                                            CFacts::eColorimetry_Bt2020CYcc,
+                                        "BT.2020" },
+                                      { CFacts::eColorimetry_St2113Rgb, "DCI-P3" },
+                                      { CFacts::eColorimetry_OpRgb | CFacts::eColorimetry_OpYcc601, "opRGB" },
+                                      { CFacts::eColorimetry_ICtCp, "ICtCp" },
+                                      { CFacts::eColorimetry_XvYcc601 | CFacts::eColorimetry_XvYcc709, "xvYCC" },
+                                      { CFacts::eColorimetry_SYcc601, "sYCC" } };
+    std::string sText = oColour.m_oDepth.IsSaid() ? FormatText("%u bits a colour", oColour.m_oDepth.m_oValue) : "";
+    for (size_t i = 0; i < CFacts::eFormat_Count; ++i)
+    {
+        const std::string sDepths = GetDepths(oColour.m_aoDepths[i].m_oValue);
+        const bool bFormat = (oColour.m_oFormats.m_oValue >> i & 1U) != 0;
+        Append(sText, bFormat ? apszFormats[i] + (sDepths.empty() ? "" : " " + sDepths) : "");
+    }
+    AppendIf(sText, oColour.m_oMonochrome, "monochrome");
+    const std::string sSpaces = NameBits(oColour.m_oColorimetry.m_oValue, aoSpaces);
+    Append(sText, sSpaces, "; ");
+    AppendIf(sText, oColour.m_oSrgbDefault, "sRGB by default");
+    Append(sText,
+           oColour.m_oGamma.IsSaid() ? FormatText("gamma %.2f", static_cast<double>(oColour.m_oGamma.m_oValue)) : "");
+    return sText;
+}
+
+std::string DescribeAudio(const CZorEdidFacts::SAudio& oAudio)
+{
+    std::string sText;
+    for (unsigned int i = 0; i < std::min(oAudio.m_uiFormats, CFacts::msc_uiMostFormats); ++i)
+    {
+        Append(sText, DescribeFormat(oAudio.m_aoFormats[i]));
+    }
+    Append(sText, sText.empty() && oAudio.m_oBasic.m_oValue ? "basic audio (PCM 2ch)" : "");
+    return sText.empty() ? oAudio.m_oAudio.m_oValue ? "yes" : oAudio.m_oAudio.IsSaid() ? "none" : "" : sText;
+}

@@ -1,0 +1,97 @@
+// What differs between two images, by meaning: modes, facts, and fields of the map. Places of bytes play no part, nor do
+// lengths and checksums that follow from the rest.
+
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "FactList.h"
+#include "ImageModes.h"
+#include "Input.h"
+#include "MapDiff.h"
+#include "ModeMatch.h"
+
+class CJsonWriter;
+
+// One of the two, read in every way that the comparison needs. oInput must outlive it.
+struct SComparedImage
+{
+    explicit SComparedImage(const std::vector<unsigned char>& aui8Bytes);
+
+    SMapPart m_oPart; // its map
+    CFactList m_aoFacts;
+    CImageModes m_oModes;
+};
+
+// A fact that the images say otherwise, or an element of a list that only one of them has. Empty: not said.
+struct SFactDifference
+{
+    std::string m_sName; // "link.vrr.max_hz", "audio.formats"
+    EZorEdidField m_eId;
+    std::array<std::string, 2> m_asValues; // as JSON
+};
+
+// A field that the images say otherwise, or a group that only one of them has.
+struct SFieldDifference
+{
+    EZorEdidField m_eId;
+    std::string m_sPath;
+    std::array<unsigned int, 2> m_auiFields; // of the maps; msc_uiNone where an image does not have it
+    std::array<std::string, 2> m_asValues; // as text; "there" for a group without a summary, empty where it is missing
+};
+
+class CImageDiff
+{
+public:
+    CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSecond);
+
+    // ---- Modes ----
+
+    bool DifferInPreferred() const { return m_bPreferred; }
+    // Established timings are left out unless bEstablished.
+    std::vector<const SModeRow*> ListOnly(size_t uiImage, bool bEstablished) const;
+    const SModePairs& GetPairs() const { return m_oPairs; }
+
+    // ---- The rest ----
+
+    const std::vector<SFactDifference>& GetFacts() const { return m_aoFacts; }
+    // But fields that announce a mode, which the modes say, and fields of a fact that differs.
+    const std::vector<SFieldDifference>& GetFields() const { return m_aoFields; }
+
+    const SComparedImage& GetImage(size_t uiImage) const { return *m_apoImages[uiImage]; }
+
+private:
+    void FindFacts();
+    void FindFields();
+
+    std::array<const SComparedImage*, 2> m_apoImages;
+    SModePairs m_oPairs;
+    bool m_bPreferred;
+    std::vector<SFactDifference> m_aoFacts;
+    std::vector<SFieldDifference> m_aoFields;
+};
+
+// "1920 x 1080p @ 60.000 Hz 148.500 MHz ... VIC 16", for people.
+std::string DescribeMode(const SModeRow& oRow);
+
+// Which parts of a comparison are wanted.
+struct SDiffRules
+{
+    bool m_bAll = false; // facts and fields besides modes
+    bool m_bEstablished = false;
+    bool m_bIgnorePreferred = false;
+};
+
+// What is put ahead of a mode that only one image has, and of the one that each prefers.
+struct SDiffWords
+{
+    std::array<std::string, 2> m_asOnly;
+    std::array<std::string, 2> m_asPreferred;
+};
+
+// Lines, none for images that say the same. A mode and its partner at 1000/1001 have one.
+std::string DescribeDiff(const CImageDiff& oDiff, const SDiffRules& oRules, const SDiffWords& oWords);
+// Members of the object that is open.
+void WriteDiff(const CImageDiff& oDiff, const SDiffRules& oRules, CJsonWriter& oJson);

@@ -1,0 +1,68 @@
+// Every mode that an image announces, exact, one rate a row, with the numbers that the library's lists have for it and
+// what they have otherwise: the one list of `modes`, `show`, `compare`, the page and the JSON.
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ModeList.h"
+#include "ZorEdidModes.h"
+
+struct SModeRow
+{
+    static constexpr unsigned int msc_uiNone = SZorImageMode::msc_uiNone;
+
+    const SZorImageMode* m_poEntry; // the field that announces it
+    SZorMode m_oMode;               // of the entry, or its partner at 1000/1001
+    bool m_bPartner;
+
+    CZorEdidMap::EList m_eList = CZorEdidMap::eList_None; // that edits take a number of
+    unsigned int m_uiNumber = 0;
+    unsigned int m_ui420Number = msc_uiNone; // of the same list: the mode once more, in YCbCr 4:2:0
+    std::string m_sOtherwise = {};           // what the library's list has in its place; empty for the same
+
+    bool IsListed() const { return m_eList != CZorEdidMap::eList_None; }
+    unsigned int GetBlock() const;
+    bool IsPreferred() const { return m_poEntry->m_uiPreference == 1 && !m_bPartner; }
+};
+
+class CImageModes
+{
+public:
+    // poEdid, loaded from these bytes, with ListTimings of it: null for an image that the library refuses, whose modes
+    // have no numbers.
+    CImageModes(const std::vector<unsigned char>& aui8Bytes, const CEdid* poEdid, const CModes& aoListed);
+
+    const std::vector<SModeRow>& GetRows() const { return m_aoRows; }
+    // The most preferred mode; null without one.
+    const SModeRow* FindPreferred() const;
+    // Timings of the lists that are no mode of a row, in the order of aoListed.
+    const std::vector<const SImageMode*>& GetStrays() const { return m_apoStrays; }
+
+private:
+    CZorEdidModes m_oModes;
+    std::vector<SModeRow> m_aoRows;
+    std::vector<const SImageMode*> m_apoStrays;
+};
+
+// "3840 x 2160", "1920 x 1080i"; "119.88", "59.94", "60": two decimals, without zeros at the end.
+std::string GetSizeText(const SZorMode& oMode);
+std::string GetShortRate(const SZorMode& oMode);
+
+// Hz; 0 where no rate is given.
+double GetRate(const SZorMode& oMode);
+
+// Where a row comes from, the same for all rows of a kind and block: "Established timings", "Video codes, block 1".
+std::string GetSourceText(const SModeRow& oRow);
+
+// What is to be known of a mode besides its numbers: "VIC 118", "native", "4:2:0 only"; in this order.
+std::vector<std::string> ListMarks(const SModeRow& oRow);
+
+// "standard 12", or "-" without a number.
+std::string GetNumberText(const SModeRow& oRow);
+
+// The name of what the numbers come from, for JSON and modelines: "cea", "dmt", "cvt", "gtf", "ovt", "detailed",
+// "displayid".
+const char* GetSourceName(const SZorImageMode& oEntry);

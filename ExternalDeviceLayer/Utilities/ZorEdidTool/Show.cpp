@@ -1,0 +1,308 @@
+// zoredid show: what an image says of its monitor, for people: at most 25 lines of 80 columns.
+
+#include <algorithm>
+#include <map>
+
+#include "CheckRules.h"
+#include "FactWords.h"
+#include "ImageModes.h"
+#include "JsonReport.h"
+#include "LoadedImage.h"
+#include "MapText.h"
+#include "TextFormat.h"
+#include "Tool.h"
+
+namespace
+{
+constexpr size_t gsc_uiMostLines = 25;
+constexpr size_t gsc_uiColumns = 80;
+constexpr size_t gsc_uiNameColumns = 10; // of the name of a line
+constexpr size_t gsc_uiTextColumns = gsc_uiColumns - gsc_uiNameColumns;
+
+struct SShowOptions
+{
+    SFiles m_oFiles;
+    SJsonOptions m_oJson;
+
+    bool HasManyFiles() const { return m_oFiles.m_asNames.size() > 1 || !m_oFiles.m_sListFile.empty(); }
+};
+
+using CLines = std::vector<std::string>;
+
+// ---- Lines of a limited width ----
+
+// Columns of a terminal: of UTF-8 each character's first byte counts.
+size_t CountColumns(const std::string& sText)
+{
+    return static_cast<size_t>(
+        std::ranges::count_if(sText, [](char cNext) { return (static_cast<unsigned char>(cNext) & 0xC0U) != 0x80U; }));
+}
+
+// Breaks at blanks into lines of these columns. What does not fit into the last one ends in "...".
+CLines Wrap(const std::string& sText, size_t uiColumns, size_t uiMostLines)
+{
+    constexpr char szCut[] = " ...";
+    CLines asLines(1);
+    for (size_t uiStart = 0; uiStart < sText.size();)
+    {
+        const size_t uiEnd = std::min(sText.find(' ', uiStart), sText.size());
+        const std::string sWord = sText.substr(uiStart, uiEnd - uiStart);
+        const bool bLast = asLines.size() == uiMostLines;
+        const size_t uiRoom = uiColumns - (bLast && uiEnd < sText.size() ? sizeof(szCut) - 1 : 0);
+        std::string& sLine = asLines.back();
+        if (sLine.empty() || CountColumns(sLine) + 1 + CountColumns(sWord) <= uiRoom)
+        {
+            sLine += (sLine.empty() ? "" : " ") + sWord;
+            uiStart = uiEnd + 1;
+        }
+        else if (bLast)
+        {
+            sLine += szCut;
+            break;
+        }
+        else
+        {
+            asLines.emplace_back();
+        }
+    }
+    return asLines;
+}
+
+// Adds "Name      text", with more lines below the text. Nothing for an empty text.
+void Add(CLines& asLines, const char* pszName, const std::string& sText, size_t uiMostLines)
+{
+    if (sText.empty())
+    {
+        return;
+    }
+    for (const std::string& sLine : Wrap(sText, gsc_uiTextColumns, uiMostLines))
+    {
+        asLines.push_back(FormatText("%-*s", static_cast<int>(gsc_uiNameColumns), pszName) + sLine);
+        pszName = "";
+    }
+}
+
+std::string Join(const CLines& asTexts)
+{
+    std::string sAll;
+    for (const std::string& sText : asTexts)
+    {
+        sAll += (sAll.empty() || sText.empty() ? "" : ", ") + sText;
+    }
+    return sAll;
+}
+
+// ---- Modes ----
+
+// The rates of one size: the text of each, from the highest down.
+struct SSize
+{
+    unsigned long long m_ullArea;
+    bool m_bInterlaced;
+    std::map<double, bool, std::greater<>> m_oRates; // whether in YCbCr 4:2:0 only
+};
+
+std::vector<std::pair<std::string, SSize>> ListSizes(const CImageModes& oModes)
+{
+    std::map<std::string, SSize> oSizes;
+    for (const SModeRow& oRow : oModes.GetRows())
+    {
+        const SZorMode& oMode = oRow.m_oMode;
+        const std::string sSize =
+            FormatText("%ux%u%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "");
+        SSize& oSize = oSizes[sSize];
+        oSize.m_ullArea = 1ULL * oMode.m_uiWidth * oMode.m_uiHeight;
+        oSize.m_bInterlaced = oMode.m_bInterlaced;
+        const bool bOnly = oMode.m_eY420 == SZorMode::eY420_Only;
+        constexpr double dStep = 100; // two decimals
+        const auto [itRate, bNew] =
+            oSize.m_oRates.try_emplace(static_cast<int>(GetRate(oMode) * dStep + 0.5) / dStep, bOnly);
+        itRate->second = itRate->second && bOnly;
+    }
+    std::vector<std::pair<std::string, SSize>> aoSizes(oSizes.begin(), oSizes.end());
+    std::ranges::stable_sort(aoSizes, [](const auto& oFirst, const auto& oSecond) {
+        return std::pair(oFirst.second.m_ullArea, !oFirst.second.m_bInterlaced) >
+               std::pair(oSecond.second.m_ullArea, !oSecond.second.m_bInterlaced);
+    });
+    return aoSizes;
+}
+
+std::string GetRateText(double dRate)
+{
+    std::string sText = FormatText("%.2f", dRate);
+    sText.erase(sText.find_last_not_of('0') + 1);
+    return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
+}
+
+// A line a size, the largest ones first, as many as there is room for.
+void AddModes(CLines& asLines, const CImageModes& oModes, size_t uiRoom)
+{
+    constexpr size_t uiSizeColumns = 11;
+    const auto aoSizes = ListSizes(oModes);
+    if (aoSizes.empty())
+    {
+        Add(asLines, "Modes", "none", 1);
+        return;
+    }
+    const SModeRow* poPreferred = oModes.FindPreferred();
+    Add(asLines, "Modes",
+        poPreferred != nullptr
+            ? "prefers " + GetSizeText(poPreferred->m_oMode) + " at " + GetShortRate(poPreferred->m_oMode) + " Hz"
+            : "prefers none",
+        1);
+    const bool bCut = aoSizes.size() + 1 > uiRoom;
+    const size_t uiShown = bCut ? uiRoom - 2 : aoSizes.size();
+    for (size_t i = 0; i < uiShown; ++i)
+    {
+        std::string sRates;
+        for (const auto& [dRate, bOnly] : aoSizes[i].second.m_oRates)
+        {
+            sRates += (sRates.empty() ? "" : " ") + (dRate == 0 ? "-" : GetRateText(dRate)) + (bOnly ? "*" : "");
+        }
+        const std::string sSize = FormatText("%-*s", static_cast<int>(uiSizeColumns), aoSizes[i].first.c_str());
+        asLines.push_back(std::string(gsc_uiNameColumns, ' ') + sSize +
+                          Wrap(sRates, gsc_uiTextColumns - uiSizeColumns, 1)[0]);
+    }
+    if (bCut)
+    {
+        Add(asLines, "", FormatText("and %zu smaller sizes: see zoredid modes", aoSizes.size() - uiShown), 1);
+    }
+}
+
+bool Has420Only(const CImageModes& oModes)
+{
+    return std::ranges::any_of(oModes.GetRows(),
+                               [](const SModeRow& oRow) { return oRow.m_oMode.m_eY420 == SZorMode::eY420_Only; });
+}
+
+// ---- Findings ----
+
+std::string GetCountText(const std::vector<SFinding>& aoFindings, CZorEdidMap::ESeverity eSeverity)
+{
+    const auto iCount = std::ranges::count(aoFindings, eSeverity, &SFinding::m_eSeverity);
+    return iCount == 0 ? "" : FormatText("%td %s%s", iCount, GetNoteName(eSeverity), iCount == 1 ? "" : "s");
+}
+
+// The numbers, then what is worst.
+void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
+{
+    constexpr size_t uiMost = 2; // of those that are named
+    std::string sCounts;
+    for (const CZorEdidMap::ESeverity eSeverity :
+         { CZorEdidMap::eSeverity_Error, CZorEdidMap::eSeverity_Warning, CZorEdidMap::eSeverity_Note })
+    {
+        const std::string sCount = GetCountText(aoFindings, eSeverity);
+        sCounts += (sCounts.empty() || sCount.empty() ? "" : ", ") + sCount;
+    }
+    Add(asLines, "Findings", sCounts.empty() ? "none" : sCounts + ": see zoredid check", 1);
+    size_t uiNamed = 0;
+    for (const CZorEdidMap::ESeverity eSeverity : { CZorEdidMap::eSeverity_Error, CZorEdidMap::eSeverity_Warning })
+    {
+        for (const SFinding& oFinding : aoFindings)
+        {
+            if (oFinding.m_eSeverity == eSeverity && uiNamed++ < uiMost)
+            {
+                Add(asLines, "",
+                    FormatText("%s: block %u, ", GetNoteName(eSeverity), oFinding.m_uiBlock) + oFinding.m_sField +
+                        ": " + oFinding.m_sWhat,
+                    1);
+            }
+        }
+    }
+}
+
+// ---- The whole ----
+
+std::string DescribeBlocks(const CZorEdidMap& oMap)
+{
+    std::string sText;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); i = oMap.GetField(i).m_uiEnd)
+    {
+        sText += (sText.empty() ? "" : ", ") + std::string(oMap.GetField(i).m_pszName);
+    }
+    return FormatText("%u bytes: ", oMap.GetSize()) + sText;
+}
+
+std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
+{
+    const unsigned int uiSize = static_cast<unsigned int>(oInput.m_aui8Bytes.size());
+    CZorEdidFacts oFacts;
+    oFacts.Read(uiSize, oInput.m_aui8Bytes.data());
+    CZorEdidMap oMap;
+    oMap.Read(uiSize, oInput.m_aui8Bytes.data());
+    const CImageModes oModes(oInput.m_aui8Bytes, nullptr, {}); // numbers are not shown
+    const CZorEdidFacts::SIdentity& oIdentity = oFacts.GetIdentity();
+    const std::string sSerial = DescribeSerial(oIdentity);
+
+    CLines asHead;
+    Add(asHead, "Monitor", Join({ DescribeMaker(oIdentity) + " " + DescribeName(oIdentity) }), 1);
+    Add(asHead, "",
+        Join({ DescribeSize(oFacts.GetSize()), DescribeShape(oFacts.GetSize()), DescribeDate(oIdentity),
+               sSerial.empty() ? "" : "serial " + sSerial }),
+        2);
+    Add(asHead, "Link", Join({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
+    CLines asTail;
+    const bool bHdmi = oFacts.GetLink().m_oCtaRevision.IsSaid();
+    const std::string sHdr = DescribeHdr(oFacts.GetColour());
+    const std::string sRefresh = DescribeVariableRefresh(oFacts.GetLink());
+    Add(asTail, "HDR", sHdr.empty() && bHdmi ? "not announced" : sHdr, 2);
+    Add(asTail, "VRR", sRefresh.empty() && bHdmi ? "not announced" : sRefresh, 2);
+    Add(asTail, "Ranges", DescribeRanges(oFacts.GetLink()), 1);
+    Add(asTail, "Colour", DescribeColour(oFacts.GetColour()), 2);
+    Add(asTail, "Audio", DescribeAudio(oFacts.GetAudio()), 2);
+    Add(asTail, "Image", DescribeBlocks(oMap), 1);
+    AddFindings(asTail, CheckImage(oMap, GetThisYear()));
+    Add(asTail, "Library", oImage.IsLoaded() ? "" : "refuses the image: " + oImage.GetProblem(), 1);
+    Add(asTail, "", Has420Only(oModes) ? "* in YCbCr 4:2:0 only" : "", 1);
+
+    CLines asLines = asHead;
+    AddModes(asLines, oModes, gsc_uiMostLines - asHead.size() - asTail.size());
+    asLines.insert(asLines.end(), asTail.begin(), asTail.end());
+    std::string sText;
+    for (const std::string& sLine : asLines)
+    {
+        sText += sLine + "\n";
+    }
+    return sText;
+}
+
+SOutcome ShowImage(const SShowOptions& oOptions, const SInput& oInput)
+{
+    CLoadedImage oImage;
+    SOutcome oOutcome;
+    if (!oImage.Load(oInput))
+    {
+        oOutcome = RefuseInput(oInput, oImage.GetProblem());
+    }
+    if (oInput.m_aui8Bytes.size() >= CEdidUtils::msc_uiBlockSize)
+    {
+        const std::string sHead = oOptions.HasManyFiles() ? ShowName(oInput.m_sName) + ":\n" : "";
+        oOutcome.m_sOut = sHead + Summarise(oInput, oImage);
+    }
+    return oOutcome;
+}
+
+void Show(SShowOptions& oOptions, STool& oTool)
+{
+    if (oOptions.m_oJson.IsAsked())
+    {
+        ReportAsJson(oOptions.m_oJson, oOptions.m_oFiles, oTool);
+        return;
+    }
+    oOptions.m_oFiles.m_sBetween = "\n";
+    ForEachInput(oOptions.m_oFiles, oTool, [&oOptions](const SInput& oInput) { return ShowImage(oOptions, oInput); });
+}
+} // namespace
+
+void DeclareShowOptions(COptions& oCommand, STool& oTool)
+{
+    const auto poOptions = std::make_shared<SShowOptions>();
+    DeclareFiles(oCommand, poOptions->m_oFiles);
+    DeclareJson(oCommand, poOptions->m_oJson);
+    oCommand.Footer(
+        "At most 25 lines of 80 columns an image, damaged or not; modes by size with all of their rates.\n\n"
+        "Examples:\n"
+        "  zoredid show monitor.bin\n"
+        "  zoredid show --jsonl *.bin | jq -r 'select(.facts.colour.hdr10 and .facts.link.vrr) | .file'");
+    oCommand.Run([poOptions, &oTool] { Show(*poOptions, oTool); });
+}

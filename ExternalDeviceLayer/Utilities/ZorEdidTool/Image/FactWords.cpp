@@ -169,8 +169,12 @@ std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity)
                ? oIdentity.m_oName.m_oValue.m_szText
            : oIdentity.m_oText.IsSaid() && oIdentity.m_oText.m_oValue.m_szText[0] != '\0'
                ? oIdentity.m_oText.m_oValue.m_szText
-           : oIdentity.m_oProduct.IsSaid() ? FormatText("product 0x%04x", oIdentity.m_oProduct.m_oValue)
-                                           : "";
+               : DescribeCode(oIdentity);
+}
+
+std::string DescribeCode(const CZorEdidFacts::SIdentity& oIdentity)
+{
+    return oIdentity.m_oProduct.IsSaid() ? FormatText("product 0x%04x", oIdentity.m_oProduct.m_oValue) : "";
 }
 
 std::string DescribeSerial(const CZorEdidFacts::SIdentity& oIdentity)

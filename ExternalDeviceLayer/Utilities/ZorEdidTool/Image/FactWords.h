@@ -11,6 +11,8 @@
 std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity);
 // The name of the product, else the first other text, else its code.
 std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity);
+// "product 0x27f4"
+std::string DescribeCode(const CZorEdidFacts::SIdentity& oIdentity);
 std::string DescribeSerial(const CZorEdidFacts::SIdentity& oIdentity);
 std::string DescribeDate(const CZorEdidFacts::SIdentity& oIdentity);
 

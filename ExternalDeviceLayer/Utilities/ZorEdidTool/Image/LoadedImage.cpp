@@ -59,17 +59,6 @@ CEdidExtBlockCEA861* AsCea(CEdidExtBlock* poBlock)
 
 CEdidExtBlockCEA861* SImageBlock::GetCea() const { return AsCea(m_poLoaded); }
 
-void LoadBase(unsigned int uiSize, const unsigned char* pui8Image, CEdidBase& oBase)
-{
-    unsigned char aui8Base[gsc_uiBlockSize];
-    if (uiSize >= sizeof(aui8Base))
-    {
-        memcpy(aui8Base, pui8Image, sizeof(aui8Base));
-        memcpy(aui8Base, EDID_V1_HEADER, sizeof(EDID_V1_HEADER));
-        oBase.SetEdidBuffer(aui8Base, sizeof(aui8Base), 0);
-    }
-}
-
 bool CLoadedImage::Load(const SInput& oInput)
 {
     m_sProblem = oInput.IsGood() ? FindProblem(oInput.m_aui8Bytes) : oInput.m_sProblem;

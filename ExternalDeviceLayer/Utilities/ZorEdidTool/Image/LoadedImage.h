@@ -34,10 +34,6 @@ const char* GetBlockKind(unsigned int uiTag);
 // block that the library did not take.
 int FindExtension(const CEdid& oEdid, unsigned int uiBlock);
 
-// Loads the base block with its header put right, which is all that the library asks of one. Without a whole block
-// oBase stays as it is.
-void LoadBase(unsigned int uiSize, const unsigned char* pui8Image, CEdidBase& oBase);
-
 class CLoadedImage
 {
 public:

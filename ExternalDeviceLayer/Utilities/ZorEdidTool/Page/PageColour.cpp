@@ -33,24 +33,15 @@ constexpr SXy gsc_aoLocus[] = {
     { 0.7190, 0.2809 }, { 0.7260, 0.2740 }, { 0.7347, 0.2653 },
 };
 
-// Where the base block has the high bits of x; y follows (E-EDID 3.7).
-constexpr unsigned int gsc_uiRedOffset = 0x1B;
-constexpr unsigned int gsc_uiWhiteOffset = 0x21;
-constexpr unsigned int gsc_uiHighBit = 7;
-
-SXy ReadPoint(const SPageImage& oImage, unsigned int uiOffset)
+SXy ToXy(const CZorEdidFacts::SPoint& oPoint)
 {
-    return { oImage.GetNumberAt(uiOffset, gsc_uiHighBit), oImage.GetNumberAt(uiOffset + 1, gsc_uiHighBit) };
+    return { static_cast<double>(oPoint.m_fX), static_cast<double>(oPoint.m_fY) };
 }
 
 CTriangle ReadTriangle(const SPageImage& oImage)
 {
-    CTriangle oTriangle = {};
-    for (unsigned int i = 0; i < oTriangle.size(); ++i)
-    {
-        oTriangle[i] = ReadPoint(oImage, gsc_uiRedOffset + 2 * i);
-    }
-    return oTriangle;
+    const CZorEdidFacts::SPrimaries& oPrimaries = oImage.m_oFacts.GetColour().m_oPrimaries.m_oValue;
+    return { ToXy(oPrimaries.m_oRed), ToXy(oPrimaries.m_oGreen), ToXy(oPrimaries.m_oBlue) };
 }
 
 // Twice the area that lies to the left of the line from oFrom to oTo, as far as oPoint spans it.
@@ -224,9 +215,13 @@ void AddAxes(CHtml& oHtml)
 void AddOwnTriangle(CHtml& oHtml, const SPageImage& oImage, bool bSecond)
 {
     AddTriangle(oHtml, bSecond ? "own second" : "own", ReadTriangle(oImage));
-    const SXy oWhite = ReadPoint(oImage, gsc_uiWhiteOffset);
-    oHtml << "<circle class=\"white" << SText{ bSecond ? " second" : "" } << "\" cx=\""
-          << SDecimal{ PlaceX(oWhite.m_dX), 1 } << "\" cy=\"" << SDecimal{ PlaceY(oWhite.m_dY), 1 } << "\" r=\"5\"/>\n";
+    if (oImage.m_oFacts.GetColour().m_oWhite.IsSaid())
+    {
+        const SXy oWhite = ToXy(oImage.m_oFacts.GetColour().m_oWhite.m_oValue);
+        oHtml << "<circle class=\"white" << SText{ bSecond ? " second" : "" } << "\" cx=\""
+              << SDecimal{ PlaceX(oWhite.m_dX), 1 } << "\" cy=\"" << SDecimal{ PlaceY(oWhite.m_dY), 1 }
+              << "\" r=\"5\"/>\n";
+    }
 }
 
 void AddPointTable(CHtml& oHtml, const SPage& oPage, size_t uiImage)
@@ -235,9 +230,15 @@ void AddPointTable(CHtml& oHtml, const SPage& oPage, size_t uiImage)
     const SPageImage& oImage = *oPage.m_apoImages[uiImage];
     oHtml << "<table class=\"points\"><caption>" << SText{ oPage.IsPair() ? oPage.GetMark(uiImage) : "Chromaticities" }
           << "</caption><thead><tr><td></td><th scope=\"col\">x</th><th scope=\"col\">y</th></tr></thead>\n<tbody>\n";
-    for (unsigned int i = 0; i < std::size(apszNames); ++i)
+    const CTriangle oTriangle = ReadTriangle(oImage);
+    std::vector<SXy> aoPoints = ToPolygon(oTriangle);
+    if (oImage.m_oFacts.GetColour().m_oWhite.IsSaid())
     {
-        const SXy oPoint = ReadPoint(oImage, gsc_uiRedOffset + 2 * i);
+        aoPoints.push_back(ToXy(oImage.m_oFacts.GetColour().m_oWhite.m_oValue));
+    }
+    for (size_t i = 0; i < aoPoints.size(); ++i)
+    {
+        const SXy& oPoint = aoPoints[i];
         oHtml << "<tr><th scope=\"row\">" << SText{ apszNames[i] } << "</th><td>"
               << SText{ FormatText("%.4f", oPoint.m_dX) } << "</td><td>" << SText{ FormatText("%.4f", oPoint.m_dY) }
               << "</td></tr>\n";

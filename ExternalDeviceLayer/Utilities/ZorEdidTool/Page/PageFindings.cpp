@@ -1,7 +1,10 @@
 // What the check finds, and what differs between two images.
 
 #include <algorithm>
+#include <array>
+#include <optional>
 
+#include "ExactTimings.h"
 #include "MapText.h"
 #include "PageParts.h"
 #include "TextFormat.h"
@@ -62,27 +65,161 @@ CHtml MakeFindingList(const SPage& oPage, size_t uiImage)
     return oHtml << "</ul>\n";
 }
 
-// Fields that both have come once; a group that only one has comes as a whole.
-void AddDifferences(const SPage& oPage, size_t uiImage, CHtml& oHtml)
+// ---- What differs ----
+
+// One line: where it is, what it is, and what either image has.
+struct SDifference
 {
-    const SPageImage& oImage = *oPage.m_apoImages[uiImage];
-    const CZorEdidMap& oMap = oImage.m_oMap;
+    std::array<std::optional<unsigned int>, 2> m_auiPlaces; // offsets
+    std::string m_sName;
+    std::array<std::string, 2> m_asValues;
+};
+
+void AddDifference(const SPage& oPage, const SDifference& oDifference, CHtml& oHtml)
+{
+    oHtml << "<li>";
+    const size_t uiImage = oDifference.m_auiPlaces[0].has_value() ? 0 : 1;
+    if (oDifference.m_auiPlaces[uiImage].has_value())
+    {
+        oHtml << MakePlace(oPage, uiImage, *oDifference.m_auiPlaces[uiImage]);
+    }
+    else
+    {
+        oHtml << "<span></span>";
+    }
+    oHtml << " <strong>" << SText{ oDifference.m_sName } << "</strong>";
+    for (size_t i = 0; i < 2; ++i)
+    {
+        oHtml << " <span>" << SText{ oPage.GetMark(i) } << ": " << SText{ oDifference.m_asValues[i] } << "</span>";
+    }
+    oHtml << "</li>\n";
+}
+
+void AddList(const SPage& oPage, SMarkup oTitle, const std::vector<SDifference>& aoDifferences, CHtml& oHtml)
+{
+    if (aoDifferences.empty())
+    {
+        return;
+    }
+    oHtml << "<h3>" << oTitle << "</h3>\n<ul class=\"differences\">\n";
+    for (const SDifference& oDifference : aoDifferences)
+    {
+        AddDifference(oPage, oDifference, oHtml);
+    }
+    oHtml << "</ul>\n";
+}
+
+// With the clock, as modes of one size and rate may have several.
+std::string GetLongName(const SModeRow& oRow)
+{
+    const unsigned long long ullClock = oRow.m_oMode.m_ullClock;
+    return GetModeName(oRow.m_oMode) + (ullClock == 0 ? "" : ", " + GetMegaHertz(ullClock, 3) + " MHz");
+}
+
+// "Video codes, block 1: VIC 16, native"
+std::string GetSourceWithMarks(const SModeRow& oRow)
+{
+    std::string sText = GetSourceText(oRow);
+    const char* pszBetween = ": ";
+    for (const std::string& sMark : ListMarks(oRow))
+    {
+        sText += pszBetween + sMark;
+        pszBetween = ", ";
+    }
+    return sText;
+}
+
+SDifference MakePreferred(const CImageDiff& oDiff)
+{
+    SDifference oPreferred = { {}, "Preferred mode", { "none", "none" } };
+    for (size_t i = 0; i < 2; ++i)
+    {
+        if (const SModeRow* poRow = oDiff.GetImage(i).m_oModes.FindPreferred(); poRow != nullptr)
+        {
+            oPreferred.m_auiPlaces[i] = poRow->m_poEntry->m_uiOffset;
+            oPreferred.m_asValues[i] = GetLongName(*poRow);
+        }
+    }
+    return oPreferred;
+}
+
+// A mode and its partner at 1000/1001 have one line.
+std::vector<SDifference> ListModes(const CImageDiff& oDiff)
+{
+    std::vector<SDifference> aoModes;
+    if (oDiff.DifferInPreferred())
+    {
+        aoModes.push_back(MakePreferred(oDiff));
+    }
+    for (size_t i = 0; i < 2; ++i)
+    {
+        const SModeRow* poLast = nullptr;
+        for (const SModeRow* poRow : oDiff.ListOnly(i, true))
+        {
+            if (poLast != nullptr && poLast->m_poEntry == poRow->m_poEntry)
+            {
+                aoModes.back().m_sName += ", and at " + GetShortRate(poRow->m_oMode) + " Hz";
+                continue;
+            }
+            poLast = poRow;
+            aoModes.push_back({ {}, GetLongName(*poRow), { "not there", "not there" } });
+            aoModes.back().m_auiPlaces[i] = poRow->m_poEntry->m_uiOffset;
+            aoModes.back().m_asValues[i] = GetSourceWithMarks(*poRow);
+        }
+    }
+    return aoModes;
+}
+
+std::optional<unsigned int> FindPlace(const CZorEdidMap& oMap, EZorEdidField eId)
+{
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
-        const SPageField& oPlace = oImage.m_aoFields[i];
-        const bool bGroup = oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group;
-        if (!oPlace.m_bOnlyHere && (bGroup || !oPlace.m_bDiffers || uiImage != 0))
+        if (oMap.GetField(i).m_eId == eId)
         {
-            continue;
+            return oMap.GetField(i).m_uiOffset;
         }
-        const std::string sValue = static_cast<const char*>(oMap.GetValue(i));
-        const std::string sHere = sValue.empty() ? "there" : sValue;
-        const std::string sOther = oPlace.m_bOnlyHere ? "not there" : oPlace.m_sOther;
-        oHtml << "<li>" << MakePlace(oPage, uiImage, oMap.GetField(i).m_uiOffset) << " <strong>"
-              << SText{ GetPath(oMap, i) } << "</strong> <span>A: " << SText{ uiImage == 0 ? sHere : sOther }
-              << "</span> <span>B: " << SText{ uiImage == 0 ? sOther : sHere } << "</span></li>\n";
-        i = oPlace.m_bOnlyHere ? oMap.GetField(i).m_uiEnd - 1 : i;
     }
+    return std::nullopt;
+}
+
+std::vector<SDifference> ListFacts(const CImageDiff& oDiff)
+{
+    std::vector<SDifference> aoFacts;
+    for (const SFactDifference& oFact : oDiff.GetFacts())
+    {
+        SDifference oDifference = { {}, oFact.m_sName, oFact.m_asValues };
+        for (size_t i = 0; i < 2; ++i)
+        {
+            const bool bSaid = !oFact.m_asValues[i].empty();
+            oDifference.m_asValues[i] = bSaid ? oFact.m_asValues[i] : "not said";
+            if (bSaid && oFact.m_eId != eZorEdidField_None)
+            {
+                oDifference.m_auiPlaces[i] = FindPlace(oDiff.GetImage(i).m_oPart.m_oMap, oFact.m_eId);
+            }
+        }
+        aoFacts.push_back(oDifference);
+    }
+    return aoFacts;
+}
+
+std::vector<SDifference> ListFields(const CImageDiff& oDiff)
+{
+    std::vector<SDifference> aoFields;
+    for (const SFieldDifference& oField : oDiff.GetFields())
+    {
+        SDifference oDifference = { {}, oField.m_sPath, oField.m_asValues };
+        for (size_t i = 0; i < 2; ++i)
+        {
+            const bool bThere = oField.m_auiFields[i] != CZorEdidMap::msc_uiNone;
+            oDifference.m_asValues[i] = bThere ? oField.m_asValues[i] : "not there";
+            if (bThere)
+            {
+                oDifference.m_auiPlaces[i] = oDiff.GetImage(i).m_oPart.Get(oField.m_auiFields[i]).m_uiOffset;
+            }
+        }
+        aoFields.push_back(oDifference);
+    }
+    return aoFields;
 }
 
 unsigned int CountDifferentBytes(const SPage& oPage)
@@ -97,18 +234,6 @@ unsigned int CountDifferentBytes(const SPage& oPage)
     }
     return static_cast<unsigned int>(uiCount);
 }
-
-// What the library makes of a code that means another mode does not count: the other mode does.
-unsigned int CountOnly(const SPage& oPage, size_t uiImage)
-{
-    const CModes& aoModes = oPage.m_apoImages[uiImage]->m_aoModes;
-    unsigned int uiCount = 0;
-    for (size_t i = 0; i < aoModes.size(); ++i)
-    {
-        uiCount += oPage.m_oPairs.IsOnlyHere(uiImage, i) && aoModes[i].IsOfMonitor() ? 1U : 0U;
-    }
-    return uiCount;
-}
 } // namespace
 
 CHtml MakeDifferences(const SPage& oPage)
@@ -118,16 +243,18 @@ CHtml MakeDifferences(const SPage& oPage)
     {
         return oHtml;
     }
-    CHtml oRows;
-    AddDifferences(oPage, 0, oRows);
-    AddDifferences(oPage, 1, oRows);
-    oHtml << "<p>" << CountDifferentBytes(oPage) << " bytes differ. Timings only in A: " << CountOnly(oPage, 0)
-          << ", only in B: " << CountOnly(oPage, 1) << ".</p>\n";
-    if (oRows.IsEmpty())
+    const CImageDiff& oDiff = oPage.GetDiff();
+    CHtml oLists;
+    AddList(oPage, "Modes", ListModes(oDiff), oLists);
+    AddList(oPage, "Facts", ListFacts(oDiff), oLists);
+    AddList(oPage, "Other fields", ListFields(oDiff), oLists);
+    oHtml << "<p>" << CountDifferentBytes(oPage) << " bytes differ. Modes only in A: " << oDiff.ListOnly(0, true).size()
+          << ", only in B: " << oDiff.ListOnly(1, true).size() << ".</p>\n";
+    if (oLists.IsEmpty())
     {
-        return oHtml << "<p class=\"good\">No field differs.</p>\n";
+        return oHtml << "<p class=\"good\">Both say the same.</p>\n";
     }
-    return oHtml << "<ul class=\"differences\">\n" << oRows << "</ul>\n";
+    return oHtml << oLists;
 }
 
 CHtml MakeFindings(const SPage& oPage)

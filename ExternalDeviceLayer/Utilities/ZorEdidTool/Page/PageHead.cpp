@@ -1,209 +1,76 @@
 // The head of the page: what the monitor is, in words, and how large it is beside a sheet of paper.
 
 #include <algorithm>
-#include <math.h>
-#include <span>
+#include <iterator>
 
+#include "FactWords.h"
 #include "MapText.h"
 #include "PageParts.h"
-#include "Standards/BaseBlock.h"
-#include "Standards/Makers.h"
 #include "TextFormat.h"
-
-using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr double gsc_dMmPerInch = 25.4;
-constexpr double gsc_dMmPerCm = 10;
+using CFacts = CZorEdidFacts;
+
 constexpr double gsc_dPaperWidth = 210; // ISO 216 A4, millimetres
 constexpr double gsc_dPaperHeight = 297;
-
-constexpr unsigned int gsc_uiHighBit = 7;
-
-struct SSize
-{
-    double m_dWidth = 0; // millimetres; 0 when the image says none
-    double m_dHeight = 0;
-
-    bool IsKnown() const { return m_dWidth > 0 && m_dHeight > 0; }
-    double GetDiagonal() const { return sqrt(m_dWidth * m_dWidth + m_dHeight * m_dHeight); }
-};
-
-// Of the field with this id in the structure that the byte is in; 0 when there is none.
-double GetMeasure(const SPageImage& oImage, unsigned int uiOffset, EZorEdidField eId)
-{
-    const CZorEdidMap::SField* poField = oImage.FindField(uiOffset, gsc_uiHighBit);
-    return poField != nullptr ? std::max(GetNumberOf(oImage.m_oMap, poField->m_uiGroup, eId), 0.0) : 0;
-}
-
-// The whole centimetres of the base block, or the millimetres of the first timing where they say the same.
-SSize FindSize(const SPageImage& oImage)
-{
-    const SSize oSize = {
-        GetMeasure(oImage, gsc_uiImageWidthOffset, eZorEdidField_BaseDisplayScreenWidth) * gsc_dMmPerCm,
-        GetMeasure(oImage, gsc_uiImageHeightOffset, eZorEdidField_BaseDisplayScreenHeight) * gsc_dMmPerCm
-    };
-    const SSize oFine = { GetMeasure(oImage, gsc_uiDescriptorsOffset, eZorEdidField_BaseDetailedImageWidth),
-                          GetMeasure(oImage, gsc_uiDescriptorsOffset, eZorEdidField_BaseDetailedImageHeight) };
-    const bool bClose = fabs(oFine.m_dWidth - oSize.m_dWidth) <= gsc_dMmPerCm &&
-                        fabs(oFine.m_dHeight - oSize.m_dHeight) <= gsc_dMmPerCm;
-    return oFine.IsKnown() && (bClose || !oSize.IsKnown()) ? oFine : oSize;
-}
-
-std::string DescribeSize(const SPageImage& oImage)
-{
-    const SSize oSize = FindSize(oImage);
-    if (!oSize.IsKnown())
-    {
-        return "not given";
-    }
-    return FormatText("%.1f \u00D7 %.1f cm, diagonal %.1f cm (%.1f in)", oSize.m_dWidth / gsc_dMmPerCm,
-                      oSize.m_dHeight / gsc_dMmPerCm, oSize.GetDiagonal() / gsc_dMmPerCm,
-                      oSize.GetDiagonal() / gsc_dMmPerInch);
-}
 
 // ---- Words ----
 
 // Nothing comes twice.
-void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
+std::string Join(const std::vector<std::string>& asTexts, const char* pszBetween = ", ")
 {
-    const bool bPresent = (pszBetween + sList + pszBetween).find(pszBetween + sNext + pszBetween) != std::string::npos;
-    if (!sNext.empty() && !bPresent)
+    std::string sAll;
+    for (auto it = asTexts.begin(); it != asTexts.end(); ++it)
     {
-        sList += (sList.empty() ? "" : pszBetween) + sNext;
+        if (!it->empty() && std::find(asTexts.begin(), it, *it) == it)
+        {
+            sAll += (sAll.empty() ? "" : pszBetween) + *it;
+        }
     }
-}
-
-std::string DescribeMaker(const SPageImage& oImage)
-{
-    const std::string sMaker = oImage.GetValueAt(gsc_uiManufacturerOffset, gsc_uiHighBit - 1);
-    const char* pszName = ZorStandards::FindMakerName(sMaker.c_str());
-    return pszName == nullptr ? sMaker : std::string(pszName) + " (" + sMaker + ")";
+    return sAll;
 }
 
 std::string DescribeProduct(const SPageImage& oImage)
 {
-    const std::string sProduct = oImage.GetValueAt(gsc_uiProductOffset, gsc_uiHighBit);
-    const std::string sSerial = oImage.GetValueAt(gsc_uiSerialOffset, gsc_uiHighBit);
-    return (sProduct.empty() ? "" : "product " + sProduct) + (sSerial.empty() ? "" : ", serial " + sSerial);
+    const CFacts::SIdentity& oIdentity = oImage.m_oFacts.GetIdentity();
+    const std::string sSerial = DescribeSerial(oIdentity);
+    return Join({ DescribeName(oIdentity), DescribeCode(oIdentity), sSerial.empty() ? "" : "serial " + sSerial });
 }
 
-std::string DescribeDate(const SPageImage& oImage)
+std::string DescribeLook(const SPageImage& oImage)
 {
-    constexpr double dLastWeek = 54;
-    const CZorEdidMap::SField* poYear = oImage.FindField(gsc_uiYearOffset, gsc_uiHighBit);
-    if (poYear == nullptr)
-    {
-        return "";
-    }
-    const double dWeek = oImage.GetNumberAt(gsc_uiWeekOffset, gsc_uiHighBit);
-    const std::string sText = oImage.GetValueAt(gsc_uiYearOffset, gsc_uiHighBit);
-    if (poYear->m_eId == eZorEdidField_BaseIdentityModelYear)
-    {
-        return sText + " (model year)";
-    }
-    return dWeek == 0 || dWeek > dLastWeek ? sText : sText + FormatText(", week %.0f", dWeek);
+    CFacts::SSize oShape = oImage.m_oFacts.GetSize();
+    oShape.m_oNative = {}; // in a row of their own
+    return WithTimes(Join({ DescribeSize(oShape), DescribeShape(oShape) }));
 }
 
 std::string DescribePreferredMode(const SPageImage& oImage)
 {
-    const SImageMode* poPreferred = FindPreferred(oImage.m_aoModes);
-    return poPreferred != nullptr ? DescribeMode(*poPreferred) : "";
+    const SModeRow* poPreferred = oImage.m_oModes.FindPreferred();
+    return poPreferred != nullptr ? GetModeName(poPreferred->m_oMode) : "";
 }
 
-// The pixels of the display parameters of DisplayID; empty when they are not given.
-std::string DescribePixels(const SPageImage& oImage, unsigned int uiGroup)
+// The pixels, then the modes that the image itself calls native.
+std::string DescribeNative(const SPageImage& oImage)
 {
-    const double dWidth = GetNumberOf(oImage.m_oMap, uiGroup, eZorEdidField_DisplayidParametersHorizontalPixels);
-    const double dHeight = GetNumberOf(oImage.m_oMap, uiGroup, eZorEdidField_DisplayidParametersVerticalPixels);
-    return dWidth > 0 && dHeight > 0 ? FormatText("%.0f \u00D7 %.0f pixels (DisplayID)", dWidth, dHeight) : "";
+    const SZorFact<CFacts::SPixels>& oNative = oImage.m_oFacts.GetSize().m_oNative;
+    std::vector<std::string> asTexts;
+    if (oNative.IsSaid())
+    {
+        asTexts.push_back(FormatText("%u \u00D7 %u pixels", oNative.m_oValue.m_uiWidth, oNative.m_oValue.m_uiHeight));
+    }
+    for (const SModeRow& oRow : oImage.m_oModes.GetRows())
+    {
+        asTexts.push_back(oRow.m_oMode.m_bNative && !oRow.m_bPartner ? GetModeName(oRow.m_oMode) : "");
+    }
+    return Join(asTexts);
 }
 
-// What the image itself calls native.
-std::string DescribeNativeModes(const SPageImage& oImage)
+// Images with a CTA-861 block could have said it.
+std::string OrNotAnnounced(const SPageImage& oImage, const std::string& sText)
 {
-    std::string sText;
-    for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
-    {
-        const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        const bool bSet = oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0;
-        if (bSet && oField.m_eId == eZorEdidField_BaseDisplayPreferredIsNative)
-        {
-            Append(sText, DescribePreferredMode(oImage));
-        }
-        if (bSet && oField.m_eId == eZorEdidField_CtaVideoNative)
-        {
-            Append(sText, oImage.m_oMap.GetField(i + 1).m_pszMeaning); // of the code, whose bits are the next ones
-        }
-        const bool bParameters =
-            oField.m_eId == eZorEdidField_DisplayidParameters || oField.m_eId == eZorEdidField_DisplayidParameters2;
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && bParameters)
-        {
-            Append(sText, DescribePixels(oImage, i));
-        }
-    }
-    return sText.empty() ? "not given" : sText;
-}
-
-// Digital or analogue, then the standard and the depth where revision 1.4 names them, then what extensions add.
-std::string DescribeInterface(const SPageImage& oImage)
-{
-    const bool bPresent = oImage.FindField(gsc_uiVideoInputOffset, gsc_uiHighBit) != nullptr; // not cut off
-    const bool bDigital = oImage.GetNumberAt(gsc_uiVideoInputOffset, gsc_uiHighBit) != 0;
-    std::string sText = bDigital ? "digital" : bPresent ? "analogue" : "";
-    for (const ZorStandards::SBitsPlace& oBits : { gsc_oColorDepth, gsc_oInterface })
-    {
-        const CZorEdidMap::SField* poField = oImage.FindField(oBits.m_ui8Offset, oBits.m_ui8Low);
-        const bool bNamed = poField != nullptr && poField->m_eKind == CZorEdidMap::eKind_Name &&
-                            poField->m_pszMeaning != nullptr && poField->m_llNumber != 0;
-        const char* pszUnit = oBits.m_ui8Low == gsc_oColorDepth.m_ui8Low ? " a colour" : "";
-        Append(sText, bDigital && bNamed ? std::string(poField->m_pszMeaning) + pszUnit : "");
-    }
-    const CZorEdidMap::SField* poInterface = oImage.FindField(gsc_oInterface.m_ui8Offset, gsc_oInterface.m_ui8Low);
-    if (poInterface != nullptr && poInterface->m_eId == eZorEdidField_BaseDisplayInterface &&
-        (poInterface->m_llNumber == CEdidBase::eDigitalInterfaceHdmiA ||
-         poInterface->m_llNumber == CEdidBase::eDigitalInterfaceHdmiB))
-    {
-        return sText; // says HDMI already
-    }
-    std::string sHdmi;
-    for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
-    {
-        const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eId == eZorEdidField_CtaHdmiForum || oField.m_eId == eZorEdidField_CtaHdmiForumSink)
-        {
-            sHdmi = "HDMI 2.0 or later";
-        }
-        else if (sHdmi.empty() && oField.m_eId == eZorEdidField_CtaHdmi)
-        {
-            sHdmi = "HDMI"; // all versions have this block
-        }
-    }
-    Append(sText, sHdmi);
-    return sText;
-}
-
-// The colour spaces that the images of a source may use.
-std::string DescribeColorimetry(const SPageImage& oImage)
-{
-    const CZorEdidMap& oMap = oImage.m_oMap;
-    std::string sText;
-    unsigned int uiEnd = 0; // of the data block
-    for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
-    {
-        const CZorEdidMap::SField& oField = oMap.GetField(i);
-        if (oField.m_eKind == CZorEdidMap::eKind_Group && oField.m_eId == eZorEdidField_CtaColorimetry)
-        {
-            uiEnd = oField.m_uiEnd;
-        }
-        if (i < uiEnd && oField.m_eKind == CZorEdidMap::eKind_Flag && oField.m_llNumber != 0 &&
-            oField.m_eId != eZorEdidField_CtaColorimetryGamutMetadataP0)
-        {
-            Append(sText, oField.m_pszName);
-        }
-    }
-    return sText;
+    return sText.empty() && oImage.m_oFacts.GetLink().m_oCtaRevision.IsSaid() ? "not announced" : sText;
 }
 
 std::string DescribeBlocks(const SPageImage& oImage)
@@ -216,91 +83,39 @@ std::string DescribeBlocks(const SPageImage& oImage)
     return FormatText("%u bytes: ", oImage.m_oMap.GetSize()) + sText;
 }
 
-// A field, and the words around its number; a flag and a group have the first words only.
-struct SPhrase
-{
-    EZorEdidField m_eField;
-    const char* m_pszAhead;
-    const char* m_pszBehind;
-};
-
-constexpr SPhrase gsc_aoHdrKinds[] = {
-    { eZorEdidField_CtaHdrStaticSmpteSt2084, "PQ (SMPTE ST 2084)", "" },
-    { eZorEdidField_CtaHdrStaticHlg, "Hybrid Log-Gamma", "" },
-    { eZorEdidField_CtaHdrStaticTraditionalGammaHdr, "traditional gamma over the HDR range", "" },
-    { eZorEdidField_CtaHdr10Plus, "HDR10+", "" },
-    { eZorEdidField_CtaDolbyVision, "Dolby Vision", "" },
-};
-constexpr SPhrase gsc_aoHdrLuminances[] = {
-    { eZorEdidField_CtaHdrStaticMaxLuminance, "up to ", " cd/m\u00B2" },
-    { eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance, "", " cd/m\u00B2 over a whole frame" },
-    { eZorEdidField_CtaHdrStaticMinLuminance, "down to ", " cd/m\u00B2" },
-};
-
-// No more digits than the code of a luminance is good for.
-std::string FormatLuminance(double dLuminance)
-{
-    return FormatText("%.*f", dLuminance >= 10 ? 0 : dLuminance >= 0.01 ? 2 : 4, dLuminance);
-}
-
-void AppendPhrases(const SPageImage& oImage, std::span<const SPhrase> aoPhrases, std::string& sText)
-{
-    for (const SPhrase& oPhrase : aoPhrases)
-    {
-        for (unsigned int i = 0; i < oImage.m_uiAnnounced; ++i)
-        {
-            const CZorEdidMap::SField& oField = oImage.m_oMap.GetField(i);
-            const bool bNumber = oField.m_eKind == CZorEdidMap::eKind_Number;
-            if (oPhrase.m_eField == oField.m_eId &&
-                (oField.m_eKind == CZorEdidMap::eKind_Group || oField.m_llNumber != 0))
-            {
-                const std::string sNumber = bNumber ? FormatLuminance(GetFieldNumber(oField)) : "";
-                Append(sText, oPhrase.m_pszAhead + sNumber + oPhrase.m_pszBehind);
-                break;
-            }
-        }
-    }
-}
-
-// Luminances of a display without HDR do not belong under HDR.
-std::string DescribeHdr(const SPageImage& oImage)
-{
-    std::string sText;
-    AppendPhrases(oImage, gsc_aoHdrKinds, sText);
-    if (sText.empty())
-    {
-        return oImage.m_sProblem.empty() ? "none announced" : "";
-    }
-    AppendPhrases(oImage, gsc_aoHdrLuminances, sText);
-    return sText;
-}
-
-std::string DescribeColourWords(const SPageImage& oImage)
-{
-    std::string sText = DescribeColours(oImage);
-    const double dGamma = oImage.GetNumberAt(gsc_uiGammaOffset, gsc_uiHighBit);
-    Append(sText, dGamma > 0 ? FormatText("gamma %.2f", dGamma) : "");
-    Append(sText, DescribeColorimetry(oImage));
-    return sText;
-}
-
 struct SFact
 {
     const char* m_pszName;
     std::string (*m_pfnDescribe)(const SPageImage&);
 };
 
+// Those without words are left out.
 constexpr SFact gsc_aoFacts[] = {
-    { "Maker", DescribeMaker },
+    { "Maker", [](const SPageImage& oImage) { return DescribeMaker(oImage.m_oFacts.GetIdentity()); } },
     { "Product", DescribeProduct },
-    { "Made", DescribeDate },
-    { "Size", DescribeSize },
+    { "Made", [](const SPageImage& oImage) { return DescribeDate(oImage.m_oFacts.GetIdentity()); } },
+    { "Size", DescribeLook },
     { "Preferred mode", DescribePreferredMode },
-    { "Native mode", DescribeNativeModes },
-    { "Interface", DescribeInterface },
-    { "Colour", DescribeColourWords },
-    { "HDR", DescribeHdr },
+    { "Native", DescribeNative },
+    { "Link", [](const SPageImage& oImage) { return WithTimes(DescribeLink(oImage.m_oFacts)); } },
+    { "Link features", [](const SPageImage& oImage) { return DescribeTransport(oImage.m_oFacts.GetLink()); } },
+    { "Variable refresh",
+      [](const SPageImage& oImage) {
+          return OrNotAnnounced(oImage, DescribeVariableRefresh(oImage.m_oFacts.GetLink()));
+      } },
+    { "Range limits", [](const SPageImage& oImage) { return DescribeRanges(oImage.m_oFacts.GetLink()); } },
+    { "Colour",
+      [](const SPageImage& oImage) {
+          return Join({ DescribeColour(oImage.m_oFacts.GetColour()), DescribeColours(oImage) }, "; ");
+      } },
+    { "HDR",
+      [](const SPageImage& oImage) { return OrNotAnnounced(oImage, DescribeHdr(oImage.m_oFacts.GetColour())); } },
+    { "Audio", [](const SPageImage& oImage) { return DescribeAudio(oImage.m_oFacts.GetAudio()); } },
     { "Image", DescribeBlocks },
+    { "Library",
+      [](const SPageImage& oImage) {
+          return oImage.m_oLoaded.IsLoaded() ? "" : "refuses the image: " + oImage.m_oLoaded.GetProblem();
+      } },
 };
 
 CHtml MakeFacts(const SPageImage& oImage)
@@ -315,14 +130,27 @@ CHtml MakeFacts(const SPageImage& oImage)
             oHtml << "<div><dt>" << SText{ oFact.m_pszName } << "</dt><dd>" << SText{ sValue } << "</dd></div>\n";
         }
     }
-    if (!oImage.m_sProblem.empty())
-    {
-        oHtml << "<div><dt>Library</dt><dd>refuses the image: " << SText{ oImage.m_sProblem } << "</dd></div>\n";
-    }
     return oHtml << "</dl>\n";
 }
 
 // ---- Size to scale ----
+
+// Millimetres; 0 where the image does not say them.
+struct SScreen
+{
+    explicit SScreen(const CFacts::SSize& oSize)
+        : m_dWidth(oSize.m_oSize.m_oValue.m_uiWidth / msc_dTenths),
+          m_dHeight(oSize.m_oSize.m_oValue.m_uiHeight / msc_dTenths), m_sText(WithTimes(DescribeSize(oSize)))
+    {
+    }
+
+    bool IsKnown() const { return m_dWidth > 0 && m_dHeight > 0; }
+
+    static constexpr double msc_dTenths = 10;
+    double m_dWidth;
+    double m_dHeight;
+    std::string m_sText;
+};
 
 // The picture is in millimetres. Texts keep their size on the page, whatever the monitor's.
 class CSizePicture
@@ -332,7 +160,7 @@ public:
     {
         for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
         {
-            const SSize oSize = FindSize(*oPage.m_apoImages[i]);
+            const SScreen oSize(oPage.m_apoImages[i]->m_oFacts.GetSize());
             if (oSize.IsKnown())
             {
                 m_aoSizes.push_back({ oSize, oPage.GetMark(i) });
@@ -365,11 +193,8 @@ public:
         oHtml << "</g>\n</svg>\n<figcaption>To scale, beside a sheet of A4 paper: ";
         for (size_t i = 0; i < m_aoSizes.size(); ++i)
         {
-            const SSize& oSize = m_aoSizes[i].m_oSize;
             oHtml << SText{ i == 0 ? "" : "; " } << SText{ m_aoSizes[i].m_pszMark }
-                  << SText{ *m_aoSizes[i].m_pszMark == '\0' ? "" : " " }
-                  << SText{ FormatText("%.0f \u00D7 %.0f mm, %.1f in", oSize.m_dWidth, oSize.m_dHeight,
-                                       oSize.GetDiagonal() / gsc_dMmPerInch) };
+                  << SText{ *m_aoSizes[i].m_pszMark == '\0' ? "" : " " } << SText{ m_aoSizes[i].m_oSize.m_sText };
         }
         return oHtml << ".</figcaption>\n</figure>\n";
     }
@@ -377,7 +202,7 @@ public:
 private:
     struct SMarkedSize
     {
-        SSize m_oSize;
+        SScreen m_oSize;
         const char* m_pszMark;
     };
 
@@ -407,7 +232,7 @@ private:
 
     void Draw(CHtml& oHtml, const SMarkedSize& oMarked) const
     {
-        const SSize& oSize = oMarked.m_oSize;
+        const SScreen& oSize = oMarked.m_oSize;
         const double dTop = m_dHeight - oSize.m_dHeight;
         const bool bSecond = *oMarked.m_pszMark == 'B';
         oHtml << "<g class=\"screen" << SText{ bSecond ? " second" : "" } << "\">";
@@ -444,34 +269,28 @@ CHtml MakeHead(const SPage& oPage)
     return oHtml << CSizePicture(oPage).Make() << "</div>\n";
 }
 
-std::string DescribeMode(const SImageMode& oMode)
+std::string WithTimes(std::string sText)
 {
-    const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
-    const bool bInterlaced = oTiming.IsInterlaced() != 0;
-    return FormatText("%u \u00D7 %u%s at %s Hz%s", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                      bInterlaced ? "i" : "", GetRateText(oMode).c_str(), bInterlaced ? " (fields)" : "");
+    constexpr std::string_view sPlain = " x ";
+    for (size_t i = sText.find(sPlain); i != std::string::npos; i = sText.find(sPlain, i + 1))
+    {
+        sText.replace(i, sPlain.size(), " \u00D7 ");
+    }
+    return sText;
 }
 
-std::string FormatRate(double dRate)
+std::string GetModeSize(const SZorMode& oMode) { return WithTimes(GetSizeText(oMode)); }
+
+std::string GetModeName(const SZorMode& oMode)
 {
-    CHtml oText; // which has no text but the number
-    oText << SDecimal{ dRate, 2 };
-    return oText.Get();
+    const std::string sRate = GetRate(oMode) == 0 ? "" : " at " + GetShortRate(oMode) + " Hz";
+    return GetModeSize(oMode) + sRate + (oMode.m_bInterlaced && !sRate.empty() ? " (fields)" : "");
 }
 
-double GetFieldRate(const CVidParamTimingGeneric& oTiming)
+double GetLineRate(const SZorMode& oMode)
 {
-    const double dTotal = static_cast<double>(oTiming.ComputeHorizontalTotalPixel()) * GetVerticalTotal(oTiming);
-    const double dFields = oTiming.IsInterlaced() != 0 ? 2 : 1;
-    return dTotal == 0 ? 0 : dFields * oTiming.GetPixelClockInHz() / dTotal;
-}
-
-double GetRate(const SImageMode& oMode)
-{
-    return oMode.m_bTiming ? GetFieldRate(oMode.m_oTiming) : oMode.m_uiRate / 100.0;
-}
-
-std::string GetRateText(const SImageMode& oMode)
-{
-    return oMode.m_bTiming ? FormatRate(GetRate(oMode)) : GetBareRateText(oMode);
+    constexpr double dHzPerKiloHz = 1000;
+    return !oMode.m_bTiming || oMode.m_oHorizontal.m_uiTotal == 0
+               ? 0
+               : static_cast<double>(oMode.m_ullClock) / oMode.m_oHorizontal.m_uiTotal / dHzPerKiloHz;
 }

@@ -6,8 +6,6 @@
 #include <utility>
 
 #include "MapDiff.h"
-#include "MapText.h"
-#include "PageParts.h"
 #include "TextFormat.h"
 
 namespace
@@ -16,18 +14,16 @@ constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 
 using CField = CZorEdidMap::SField;
 
-std::string FindTitle(const SPageImage& oImage)
+CModes LoadAndList(const SInput& oInput, CLoadedImage& oLoaded)
 {
-    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); ++i)
-    {
-        const CField& oField = oImage.m_oMap.GetField(i);
-        if (oField.m_eId == eZorEdidField_BaseDescriptorText && oField.m_uiOffset < CEdidUtils::msc_uiBlockSize &&
-            oImage.m_oMap.GetField(oField.m_uiGroup).m_eId == eZorEdidField_BaseName && !oImage.GetValue(i).empty())
-        {
-            return oImage.GetValue(i);
-        }
-    }
-    return oImage.m_sFile;
+    return oLoaded.Load(oInput) ? ListTimings(oLoaded) : CModes{};
+}
+
+CZorEdidFacts ReadFacts(const SInput& oInput)
+{
+    CZorEdidFacts oFacts;
+    oFacts.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    return oFacts;
 }
 
 // Padding of a single value: more or less of it says nothing.
@@ -61,35 +57,22 @@ void MarkDifference(SPageImage& oImage, unsigned int uiField, const SPageImage& 
 }
 } // namespace
 
-SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear) : m_oInput(std::move(oInput))
+SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear)
+    : m_oInput(std::move(oInput)), m_oFacts(ReadFacts(m_oInput)), m_aoListed(LoadAndList(m_oInput, m_oLoaded)),
+      m_oModes(m_oInput.m_aui8Bytes, m_oLoaded.IsLoaded() ? &m_oLoaded.GetEdid() : nullptr, m_aoListed)
 {
     m_oMap.Read(static_cast<unsigned int>(m_oInput.m_aui8Bytes.size()), m_oInput.m_aui8Bytes.data());
     m_aoFields.resize(m_oMap.GetFieldCount());
-    m_uiAnnounced = FindAnnouncedEnd(m_oMap);
     m_aoFindings = CheckImage(m_oMap, uiThisYear);
     m_sFile = ShowName(m_oInput.m_sName.substr(m_oInput.m_sName.find_last_of('/') + 1));
-    m_sTitle = FindTitle(*this);
-    const bool bLoaded = m_oLoaded.Load(m_oInput);
-    m_sProblem = m_oLoaded.GetProblem();
-    m_aoModes = ListModes(m_oMap, bLoaded ? &m_oLoaded : nullptr);
+    m_sTitle = m_oFacts.GetIdentity().m_oName.m_oValue.m_szText;
+    m_sTitle = m_sTitle.empty() ? m_sFile : m_sTitle;
 }
 
 const CZorEdidMap::SField* SPageImage::FindField(unsigned int uiOffset, unsigned int uiBit) const
 {
     const unsigned int uiLeaf = m_oMap.FindLeaf(uiOffset, uiBit);
     return uiLeaf == gsc_uiNone ? nullptr : &m_oMap.GetField(uiLeaf);
-}
-
-std::string SPageImage::GetValueAt(unsigned int uiOffset, unsigned int uiBit) const
-{
-    const unsigned int uiLeaf = m_oMap.FindLeaf(uiOffset, uiBit);
-    return uiLeaf == gsc_uiNone ? "" : static_cast<const char*>(m_oMap.GetValue(uiLeaf));
-}
-
-double SPageImage::GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const
-{
-    const CField* poField = FindField(uiOffset, uiBit);
-    return poField == nullptr ? 0 : GetFieldNumber(*poField);
 }
 
 void CompareImages(SPage& oPage)
@@ -113,17 +96,5 @@ void CompareImages(SPage& oPage)
             MarkDifference(oSecond, uiSecond, oFirst, uiFirst);
         }
     }
-    oPage.m_oPairs = MatchModes(oFirst.m_aoModes, oSecond.m_aoModes);
-}
-
-double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, EZorEdidField eId)
-{
-    for (unsigned int i = uiGroup; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
-    {
-        if (oMap.GetField(i).m_eId == eId)
-        {
-            return GetFieldNumber(oMap.GetField(i));
-        }
-    }
-    return -1;
+    oPage.m_poComparison = std::make_unique<SPageComparison>(oFirst, oSecond);
 }

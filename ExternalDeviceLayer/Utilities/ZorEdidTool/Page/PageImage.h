@@ -1,17 +1,17 @@
-// One image, or two beside each other, as the page shows them: the map, the modes, findings, and what differs.
+// One image, or two beside each other, as the page shows them: the map, facts, modes, findings, and what differs.
 
 #pragma once
 
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "CheckRules.h"
+#include "ImageDiff.h"
+#include "ImageModes.h"
 #include "Input.h"
 #include "LoadedImage.h"
-#include "MapText.h"
-#include "ModeMatch.h"
+#include "ZorEdidFacts.h"
 #include "ZorEdidMap.h"
 
 // A field and what the other image has in its place.
@@ -29,31 +29,41 @@ struct SPageImage
 
     // The leaf of a bit; null past the image.
     const CZorEdidMap::SField* FindField(unsigned int uiOffset, unsigned int uiBit) const;
-    // Its value as text; empty past the image.
-    std::string GetValueAt(unsigned int uiOffset, unsigned int uiBit) const;
-    // That of a field by its index.
+    // The value of a field as text.
     std::string GetValue(unsigned int uiField) const { return static_cast<const char*>(m_oMap.GetValue(uiField)); }
-    // Its number, decimals applied; 0 past the image.
-    double GetNumberAt(unsigned int uiOffset, unsigned int uiBit) const;
 
     SInput m_oInput;
     CZorEdidMap m_oMap;
-    CLoadedImage m_oLoaded;
-    std::string m_sProblem; // why the library refuses the image; empty when it does not
-    std::string m_sFile;    // its name without folders, which are nobody's business, in one line
-    std::string m_sTitle;   // the monitor's name, or else the file's
-    CModes m_aoModes;
+    CZorEdidFacts m_oFacts;
+    CLoadedImage m_oLoaded; // with the reason where the library refuses the image
+    CModes m_aoListed;      // empty for a refused image
+    CImageModes m_oModes;
+    std::string m_sFile;  // its name without folders, which are nobody's business, in one line
+    std::string m_sTitle; // the monitor's name, or else the file's
     std::vector<SFinding> m_aoFindings;
     std::vector<SPageField> m_aoFields; // as many as the map has
-    unsigned int m_uiAnnounced = 0;     // this many fields are in blocks that the image announces
+};
+
+// Two images as `compare` sees them. Their modes are the same rows as those of SPageImage, in the same order.
+struct SPageComparison
+{
+    SPageComparison(const SPageImage& oFirst, const SPageImage& oSecond)
+        : m_oFirst(oFirst.m_oInput.m_aui8Bytes), m_oSecond(oSecond.m_oInput.m_aui8Bytes), m_oDiff(m_oFirst, m_oSecond)
+    {
+    }
+
+    SComparedImage m_oFirst;
+    SComparedImage m_oSecond;
+    CImageDiff m_oDiff;
 };
 
 // What the page is about: one image, or two that are compared.
 struct SPage
 {
     std::vector<std::unique_ptr<SPageImage>> m_apoImages;
-    SModePairs m_oPairs; // of the modes of a pair
+    std::unique_ptr<SPageComparison> m_poComparison; // null for a single image
 
+    const CImageDiff& GetDiff() const { return m_poComparison->m_oDiff; } // of a pair
     bool IsPair() const { return m_apoImages.size() > 1; }
     // "A" or "B" in text; empty for a single image.
     const char* GetMark(size_t uiImage) const { return !IsPair() ? "" : uiImage == 0 ? "A" : "B"; }
@@ -61,6 +71,3 @@ struct SPage
 
 // Fills in what differs between the two images of a pair.
 void CompareImages(SPage& oPage);
-
-// The number of the first field with this id in a group, the group itself included; -1 when there is none.
-double GetNumberOf(const CZorEdidMap& oMap, unsigned int uiGroup, EZorEdidField eId);

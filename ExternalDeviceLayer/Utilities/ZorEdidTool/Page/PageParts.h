@@ -22,12 +22,11 @@ CHtml MakeModePlots(const SPage& oPage);
 CHtml MakeColours(const SPage& oPage);
 std::string DescribeColours(const SPageImage& oImage);
 
-// A mode in short: "1920 × 1080 at 59.94 Hz", "1920 × 1080i at 60 Hz (fields)".
-std::string DescribeMode(const SImageMode& oMode);
-// Frames a second, of an interlaced mode fields: what range limits are about. 0 without totals; of two rates that a
-// code has the higher one, as text both: "60", "59.94", "119.88/120".
-double GetRate(const SImageMode& oMode);
-std::string GetRateText(const SImageMode& oMode);
-double GetFieldRate(const CVidParamTimingGeneric& oTiming);
-// A rate or clock as all parts of the page write it: "60", "59.94".
-std::string FormatRate(double dRate);
+// A mode in short: "1920 × 1080 at 59.94 Hz", "1920 × 1080i at 60 Hz (fields)", "640 × 480" without a rate.
+std::string GetModeName(const SZorMode& oMode);
+// "1920 × 1080i"
+std::string GetModeSize(const SZorMode& oMode);
+// kHz; 0 without a timing.
+double GetLineRate(const SZorMode& oMode);
+// The text with multiplication signs in place of the letter between two blanks.
+std::string WithTimes(std::string sText);

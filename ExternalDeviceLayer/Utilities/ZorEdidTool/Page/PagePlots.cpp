@@ -5,8 +5,8 @@
 #include <math.h>
 #include <optional>
 #include <set>
-#include <string_view>
 
+#include "ExactTimings.h"
 #include "PageParts.h"
 #include "TextFormat.h"
 
@@ -20,61 +20,42 @@ constexpr double gsc_dRight = 30;
 constexpr double gsc_dTop = 24;
 constexpr double gsc_dBottom = 50;
 
-constexpr double gsc_dHzPerKiloHz = 1000;
-constexpr double gsc_dHzPerMegaHz = 1000000;
-
-double GetLineRate(const SImageMode& oMode) { return oMode.m_oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz; }
-
-// Of the first range limits descriptor.
+// Of the range limits.
 struct SLimits
 {
     double m_dLeastRate; // Hz
     double m_dMostRate;
-    double m_dLeastLineRate; // kHz
+    double m_dLeastLineRate; // kHz; both 0 where they are not given
     double m_dMostLineRate;
-    double m_dMostClock; // MHz; 0 or less when it is not given
+    unsigned long long m_ullMostClock; // Hz; 0 where it is not given
 
-    bool IsSound() const
-    {
-        return m_dLeastRate >= 0 && m_dLeastRate <= m_dMostRate && m_dLeastLineRate <= m_dMostLineRate;
-    }
+    bool IsSound() const { return m_dLeastRate <= m_dMostRate && m_dLeastLineRate <= m_dMostLineRate; }
 
-    // Stand-ins are not held against the limits, nor are numbers that are not there.
-    bool Holds(const SImageMode& oMode) const
+    bool HasLineRates() const { return m_dMostLineRate != 0; }
+
+    // Numbers that are not there are not held against the limits.
+    bool Holds(const SZorMode& oMode) const
     {
         constexpr double dSlack = 0.5; // rates of the limits are whole numbers
-        if (oMode.m_bStandIn)
-        {
-            return true;
-        }
         const double dRate = GetRate(oMode);
         const double dLineRate = GetLineRate(oMode);
-        const double dClock = oMode.m_oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
-        return dRate >= m_dLeastRate - dSlack && dRate <= m_dMostRate + dSlack &&
-               (!oMode.m_bTiming || (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack &&
-                                     (m_dMostClock <= 0 || dClock <= m_dMostClock)));
+        return (dRate == 0 || (dRate >= m_dLeastRate - dSlack && dRate <= m_dMostRate + dSlack)) &&
+               (dLineRate == 0 || !HasLineRates() ||
+                (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack)) &&
+               (m_ullMostClock == 0 || oMode.m_ullClock <= m_ullMostClock);
     }
 };
 
-// As the map has them: with the offsets of 1.4, and also of images that the library refuses.
 std::optional<SLimits> FindLimits(const SPageImage& oImage)
 {
-    const CZorEdidMap& oMap = oImage.m_oMap;
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        if (oMap.GetField(i).m_eId == eZorEdidField_BaseRange)
-        {
-            const auto fnGet = [&](EZorEdidField eId) { return GetNumberOf(oMap, i, eId); };
-            const SLimits oLimits = { fnGet(eZorEdidField_BaseRangeMinVerticalRate),
-                                      fnGet(eZorEdidField_BaseRangeMaxVerticalRate),
-                                      fnGet(eZorEdidField_BaseRangeMinHorizontalRate),
-                                      fnGet(eZorEdidField_BaseRangeMaxHorizontalRate),
-                                      fnGet(eZorEdidField_BaseRangeMaxPixelClock) -
-                                          std::max(fnGet(eZorEdidField_BaseRangePixelClockPrecision), 0.0) };
-            return oLimits.IsSound() ? std::optional(oLimits) : std::nullopt;
-        }
-    }
-    return std::nullopt;
+    constexpr unsigned long long ullHzPerKiloHz = 1000;
+    const CZorEdidFacts::SLink& oLink = oImage.m_oFacts.GetLink();
+    const CZorEdidFacts::SRange& oRates = oLink.m_oVerticalRates.m_oValue;
+    const CZorEdidFacts::SRange& oLineRates = oLink.m_oHorizontalRates.m_oValue;
+    const SLimits oLimits = { static_cast<double>(oRates.m_uiLeast), static_cast<double>(oRates.m_uiMost),
+                              static_cast<double>(oLineRates.m_uiLeast), static_cast<double>(oLineRates.m_uiMost),
+                              ullHzPerKiloHz * oLink.m_oMaxPixelClock.m_oValue };
+    return oLink.m_oVerticalRates.IsSaid() && oLimits.IsSound() ? std::optional(oLimits) : std::nullopt;
 }
 
 std::string DescribeLimits(const SLimits& oLimits)
@@ -83,10 +64,10 @@ std::string DescribeLimits(const SLimits& oLimits)
         return dLeast == dMost ? FormatText("%.0f %s only", dLeast, pszUnit)
                                : FormatText("%.0f to %.0f %s", dLeast, dMost, pszUnit);
     };
-    const std::string sClock =
-        oLimits.m_dMostClock > 0 ? ", clocks up to " + FormatRate(oLimits.m_dMostClock) + " MHz" : "";
-    return fnRange(oLimits.m_dLeastRate, oLimits.m_dMostRate, "Hz") + ", " +
-           fnRange(oLimits.m_dLeastLineRate, oLimits.m_dMostLineRate, "kHz") + sClock;
+    std::string sText = fnRange(oLimits.m_dLeastRate, oLimits.m_dMostRate, "Hz");
+    sText += oLimits.HasLineRates() ? ", " + fnRange(oLimits.m_dLeastLineRate, oLimits.m_dMostLineRate, "kHz") : "";
+    return sText +
+           (oLimits.m_ullMostClock != 0 ? ", clocks up to " + GetMegaHertz(oLimits.m_ullMostClock, 0) + " MHz" : "");
 }
 
 // Where modes lie on one another, one point.
@@ -171,32 +152,30 @@ private:
             m_dLeastY = std::min(m_dLeastY, m_aoLimits[uiImage]->m_dLeastRate);
             m_dMostX = std::max(m_dMostX, m_bLineRate ? m_aoLimits[uiImage]->m_dMostLineRate : 0);
         }
-        for (const SImageMode& oMode : oImage.m_aoModes)
+        for (const SModeRow& oRow : oImage.m_oModes.GetRows())
         {
-            if (oMode.IsOfMonitor())
-            {
-                AddMode(oMode, uiImage);
-            }
+            AddMode(oRow, uiImage);
         }
     }
 
-    void AddMode(const SImageMode& oMode, size_t uiImage)
+    void AddMode(const SModeRow& oRow, size_t uiImage)
     {
+        const SZorMode& oMode = oRow.m_oMode;
         const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oMode);
-        const std::string sMode = DescribeMode(oMode) + (bOutside ? " (outside the range limits)" : "");
+        const std::string sMode = GetModeName(oMode) + (bOutside ? " (outside the range limits)" : "");
         if (m_bLineRate && !oMode.m_bTiming)
         {
             m_asBare.insert(sMode);
             return;
         }
-        const double dX = m_bLineRate ? GetLineRate(oMode) : oMode.m_oTiming.GetHorizontalActive();
+        const double dX = m_bLineRate ? GetLineRate(oMode) : oMode.m_uiWidth;
         const double dY = GetRate(oMode);
         SPoint& oPoint = m_aoPoints.try_emplace({ lround(dX), lround(dY) }, SPoint{ dX, dY, "" }).first->second;
         if (oPoint.m_sModes.find(sMode) == std::string::npos)
         {
             oPoint.m_sModes += (oPoint.m_sModes.empty() ? "" : ", ") + sMode;
         }
-        oPoint.m_bPreferred = oPoint.m_bPreferred || oMode.m_bPreferred;
+        oPoint.m_bPreferred = oPoint.m_bPreferred || oRow.IsPreferred();
         oPoint.m_bOutside = oPoint.m_bOutside || bOutside;
         oPoint.m_abIn[uiImage] = true;
         m_dMostX = std::max(m_dMostX, dX);
@@ -254,6 +233,10 @@ private:
                 continue;
             }
             const SLimits& oLimits = *m_aoLimits[i];
+            if (m_bLineRate && !oLimits.HasLineRates())
+            {
+                continue;
+            }
             const SSpan oX = m_bLineRate ? Widen(PlaceX(oLimits.m_dLeastLineRate), PlaceX(oLimits.m_dMostLineRate))
                                          : SSpan{ gsc_dLeft, gsc_dWidth - gsc_dRight };
             const SSpan oY = Widen(PlaceY(oLimits.m_dMostRate), PlaceY(oLimits.m_dLeastRate));
@@ -337,7 +320,7 @@ CHtml MakeModePlots(const SPage& oPage)
 {
     CHtml oHtml;
     const bool bAny = std::any_of(oPage.m_apoImages.begin(), oPage.m_apoImages.end(),
-                                  [](const auto& poImage) { return !poImage->m_aoModes.empty(); });
+                                  [](const auto& poImage) { return !poImage->m_oModes.GetRows().empty(); });
     if (!bAny)
     {
         return oHtml;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "ExactTimings.h"
 #include "MapText.h"
 #include "PageParts.h"
 #include "TextFormat.h"
@@ -10,7 +11,6 @@
 namespace
 {
 constexpr double gsc_dHzPerMegaHz = 1000000;
-constexpr double gsc_dHzPerKiloHz = 1000;
 
 // ---- Picture ----
 
@@ -23,7 +23,7 @@ struct SPageAxis
     unsigned int m_uiActive;
     unsigned int m_uiFrontPorch;
     unsigned int m_uiTotal;
-    unsigned int m_uiBorder; // each side; taken out of the porches, which the library gives with it
+    unsigned int m_uiBorder; // each side, in the porches
     double m_dUnit;          // microseconds of a pixel or of a line
 
     // Whether the parts fit in the total.
@@ -37,37 +37,30 @@ struct SPageAxis
     unsigned int GetActiveEnd() const { return GetActiveStart() + m_uiActive; }
 };
 
-SPageAxis MakeAxis(unsigned int uiActive, unsigned int uiFrontPorch, unsigned int uiSync, unsigned int uiTotal,
-                   unsigned int uiBorder, double dUnit)
+// uiFields: parts of an interlaced mode are those of its first field.
+SPageAxis MakeAxis(const SZorMode::SAxis& oAxis, unsigned int uiFields, double dUnit)
 {
-    const unsigned int uiBackPorch = uiTotal - uiActive - uiFrontPorch - uiSync; // wraps where they do not fit
-    return { uiSync, uiBackPorch, uiActive, uiFrontPorch, uiTotal, uiBorder, dUnit };
+    const unsigned int uiFrontPorch = uiFields * oAxis.m_uiFront;
+    const unsigned int uiSync = uiFields * oAxis.m_uiSync;
+    const unsigned int uiBackPorch = oAxis.m_uiTotal - oAxis.m_uiActive - uiFrontPorch - uiSync; // wraps if negative
+    return { uiSync, uiBackPorch, oAxis.m_uiActive, uiFrontPorch, oAxis.m_uiTotal, uiFields * oAxis.m_uiBorder, dUnit };
 }
 
 class CTimingPicture
 {
 public:
-    CTimingPicture(const CZorEdidMap& oMap, const SImageMode& oMode) : m_oMode(oMode), m_oTiming(oMode.m_oTiming)
+    explicit CTimingPicture(const SModeRow& oRow) : m_oRow(oRow), m_oMode(oRow.m_oMode)
     {
-        CZorEdidMap::SMode oSaid = {}; // with its borders, which the library leaves out
-        if (oMode.m_uiField != CZorEdidMap::msc_uiNone)
-        {
-            oMap.GetMode(oMode.m_uiField, oSaid);
-        }
-        const unsigned int uiFields = m_oTiming.IsInterlaced() != 0 ? 2 : 1;
-        const double dPixel = m_oTiming.GetPixelClockInHz() == 0 ? 0 : gsc_dHzPerMegaHz / m_oTiming.GetPixelClockInHz();
-        const unsigned int uiWidth = m_oTiming.ComputeHorizontalTotalPixel();
-        m_oAcross = MakeAxis(m_oTiming.GetHorizontalActive(), m_oTiming.GetHorizontalFrontPorch(),
-                             m_oTiming.GetHorizontalSync(), uiWidth, oSaid.m_oHorizontal.m_uiBorder, dPixel);
-        m_oDown = MakeAxis(m_oTiming.GetVerticalActive(), uiFields * m_oTiming.GetVerticalFrontPorch(),
-                           uiFields * m_oTiming.GetVerticalSync(), GetVerticalTotal(m_oTiming),
-                           uiFields * oSaid.m_oVertical.m_uiBorder, dPixel * uiWidth);
+        const double dPixel = m_oMode.m_ullClock == 0 ? 0 : gsc_dHzPerMegaHz / static_cast<double>(m_oMode.m_ullClock);
+        m_oAcross = MakeAxis(m_oMode.m_oHorizontal, 1, dPixel);
+        m_oDown =
+            MakeAxis(m_oMode.m_oVertical, m_oMode.m_bInterlaced ? 2 : 1, dPixel * m_oMode.m_oHorizontal.m_uiTotal);
     }
 
     CHtml Make(unsigned int uiNumber) const
     {
         CHtml oHtml;
-        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>" << SText{ DescribeMode(m_oMode) }
+        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>" << SText{ GetModeName(m_oMode) }
               << "</figcaption>\n";
         if (!m_oMode.m_bTiming)
         {
@@ -82,15 +75,14 @@ public:
             Draw(uiNumber, oHtml);
             AddTable(oHtml);
         }
-        return oHtml << "<p class=\"modeline\"><code>" << SText{ GetModeline(m_oTiming, GetModelineName()) }
-                     << "</code></p>\n</figure>\n";
+        return oHtml << "<p class=\"modeline\"><code>" << SText{ MakeModeline() } << "</code></p>\n</figure>\n";
     }
 
     // What makes the picture: timings that have it in common have one picture.
     std::string GetKey() const
     {
-        return FormatText("%u %u ", m_oAcross.m_uiBorder, m_oDown.m_uiBorder) +
-               GetModeline(m_oTiming, DescribeMode(m_oMode));
+        return FormatText("%u %u ", m_oAcross.m_uiBorder, m_oDown.m_uiBorder) + GetModeName(m_oMode) +
+               (m_oMode.m_bTiming ? MakeModeline() : "");
     }
 
 private:
@@ -105,11 +97,10 @@ private:
                                                                           : "Its border is larger than a porch";
     }
 
-    // The rate as the page has it, that of fields.
-    std::string GetModelineName() const
+    std::string MakeModeline() const
     {
-        return FormatText("%ux%u%s_%s", m_oTiming.GetHorizontalActive(), m_oTiming.GetVerticalActive(),
-                          m_oTiming.IsInterlaced() != 0 ? "i" : "", GetRateText(m_oMode).c_str());
+        const std::string sLine = GetExactModelines({ { GetSourceName(*m_oRow.m_poEntry), m_oMode } });
+        return sLine.substr(0, sLine.find_last_not_of('\n') + 1);
     }
 
     static void AddBox(CHtml& oHtml, SMarkup oClass, unsigned int uiLeft, unsigned int uiTop, unsigned int uiWidth,
@@ -185,14 +176,13 @@ private:
         }
         AddRow(oHtml, "none", "Total", &SPageAxis::m_uiTotal);
         oHtml << "</tbody></table>\n<p class=\"small\">Sync polarity: horizontal "
-              << SText{ m_oTiming.IsHorizontalPolarityPositive() != 0 ? "positive" : "negative" } << ", vertical "
-              << SText{ m_oTiming.IsVerticalPolarityPositive() != 0 ? "positive" : "negative" } << "."
-              << SText{ m_oTiming.IsInterlaced() != 0 ? " Lines are those of a frame, which has two fields." : "" }
-              << "</p>\n";
+              << SText{ m_oMode.m_oHorizontal.m_bPositive ? "positive" : "negative" } << ", vertical "
+              << SText{ m_oMode.m_oVertical.m_bPositive ? "positive" : "negative" } << "."
+              << SText{ m_oMode.m_bInterlaced ? " Lines are those of a frame, which has two fields." : "" } << "</p>\n";
     }
 
-    const SImageMode& m_oMode;
-    const CVidParamTimingGeneric& m_oTiming;
+    const SModeRow& m_oRow;
+    const SZorMode& m_oMode;
     SPageAxis m_oAcross;
     SPageAxis m_oDown;
 };
@@ -202,57 +192,46 @@ private:
 struct STimingRow
 {
     const SPageImage* m_poImage; // of a row that both have, A's
-    const SImageMode* m_poMode;
-    const SImageMode* m_poOther; // the mode of the other image that equals it; null without one
-    std::string m_sIn;           // "A", "B" or "both"; empty for a single image
-    std::string m_sPreferred;    // "preferred", of a pair with whose it is unless both prefer it; or empty
+    const SModeRow* m_poMode;
+    const SModeRow* m_poOther; // the mode of the other image that equals it; null without one
+    std::string m_sIn;         // "A", "B" or "both"; empty for a single image
 };
 
-// apoPreferred has the mode that each image prefers, null for none.
-std::string GetPreferred(const std::vector<const SImageMode*>& apoPreferred, const STimingRow& oRow)
+// "preferred", of a pair with whose it is unless both prefer it; or empty.
+std::string GetPreferred(const STimingRow& oRow)
 {
-    if (apoPreferred.size() == 1)
+    const bool bOther = oRow.m_poOther != nullptr && oRow.m_poOther->IsPreferred();
+    if (oRow.m_sIn.empty() || (bOther && oRow.m_poMode->IsPreferred()))
     {
-        return oRow.m_poMode->m_bPreferred ? "preferred" : "";
+        return oRow.m_poMode->IsPreferred() ? "preferred" : "";
     }
-    const auto fnPrefers = [&](size_t uiImage) {
-        const SImageMode* poPreferred = apoPreferred[uiImage];
-        return poPreferred != nullptr && (poPreferred == oRow.m_poMode || poPreferred == oRow.m_poOther);
-    };
-    return fnPrefers(0) && fnPrefers(1) ? "preferred"
-           : fnPrefers(0)               ? "preferred by A"
-           : fnPrefers(1)               ? "preferred by B"
-                                        : "";
+    return bOther                          ? "preferred by B"
+           : !oRow.m_poMode->IsPreferred() ? ""
+           : oRow.m_sIn == "B"             ? "preferred by B"
+                                           : "preferred by A";
 }
 
 // The preferred mode comes first, then the lists from the detailed timings down, then what is in none.
 unsigned int GetRank(const STimingRow& oRow)
 {
-    const unsigned int uiList = CZorEdidMap::eList_Detailed - oRow.m_poMode->m_eList;
-    return !oRow.m_sPreferred.empty() ? 0 : 1 + uiList;
+    return !GetPreferred(oRow).empty() ? 0 : 1U + CZorEdidMap::eList_Detailed - oRow.m_poMode->m_eList;
 }
 
 std::vector<STimingRow> ListRows(const SPage& oPage)
 {
-    std::vector<const SImageMode*> apoPreferred;
-    for (const auto& poImage : oPage.m_apoImages)
-    {
-        apoPreferred.push_back(FindPreferred(poImage->m_aoModes));
-    }
     std::vector<STimingRow> aoRows;
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
         const SPageImage& oImage = *oPage.m_apoImages[i];
-        for (size_t j = 0; j < oImage.m_aoModes.size(); ++j)
+        const std::vector<SModeRow>& aoModes = oImage.m_oModes.GetRows();
+        for (size_t j = 0; j < aoModes.size(); ++j)
         {
-            const size_t uiOther = oPage.IsPair() ? oPage.m_oPairs.m_aauiPartners[i][j] : gsc_uiNoPartner;
+            const size_t uiOther = oPage.IsPair() ? oPage.GetDiff().GetPairs().m_aauiPartners[i][j] : gsc_uiNoPartner;
             const bool bBoth = uiOther != gsc_uiNoPartner;
             if (i == 0 || !bBoth)
             {
-                const SImageMode* poOther = bBoth ? &oPage.m_apoImages[1]->m_aoModes[uiOther] : nullptr;
-                STimingRow oRow = { &oImage, &oImage.m_aoModes[j], poOther, bBoth ? "both" : oPage.GetMark(i), "" };
-                oRow.m_sPreferred = GetPreferred(apoPreferred, oRow);
-                aoRows.push_back(oRow);
+                const SModeRow* poOther = bBoth ? &oPage.m_apoImages[1]->m_oModes.GetRows()[uiOther] : nullptr;
+                aoRows.push_back({ &oImage, &aoModes[j], poOther, bBoth ? "both" : oPage.GetMark(i) });
             }
         }
     }
@@ -260,79 +239,73 @@ std::vector<STimingRow> ListRows(const SPage& oPage)
     return aoRows;
 }
 
-std::string GetNumber(const SImageMode& oMode)
-{
-    return oMode.IsListed() ? FormatText("%s %u", GetListName(oMode.m_eList), oMode.m_uiIndex) : "-";
-}
-
 // Numbers are what edits take, and those of the other image are others.
 std::string GetNumbers(const STimingRow& oRow)
 {
-    const std::string sNumber = GetNumber(*oRow.m_poMode);
-    const std::string sOther = oRow.m_poOther == nullptr ? sNumber : GetNumber(*oRow.m_poOther);
+    const std::string sNumber = GetNumberText(*oRow.m_poMode);
+    const std::string sOther = oRow.m_poOther == nullptr ? sNumber : GetNumberText(*oRow.m_poOther);
     return sNumber == sOther ? sNumber : "A " + sNumber + ", B " + sOther;
 }
 
-// The field that announces a mode: "Type VII timing", "Short video descriptor 3, VIC 97", "Established timings III".
-std::string GetSource(const CZorEdidMap& oMap, unsigned int uiField)
+// The field that announces a mode: "Type VII timing", "Short video descriptor 3", "Established timings III".
+std::string GetSource(const CZorEdidMap& oMap, const SZorImageMode& oEntry)
 {
-    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    if (oField.m_eKind == CZorEdidMap::eKind_Flag)
+    constexpr unsigned int uiHighBit = 7;
+    unsigned int uiField =
+        oMap.FindLeaf(oEntry.m_uiOffset, oEntry.m_uiBit == SZorImageMode::msc_uiNone ? uiHighBit : oEntry.m_uiBit);
+    for (unsigned int i = uiField; i != CZorEdidMap::msc_uiNone; i = oMap.GetField(i).m_uiGroup)
     {
-        return GetFieldName(oMap.GetField(oField.m_uiGroup));
+        uiField = oMap.GetField(i).m_eId == oEntry.m_eField ? i : uiField;
     }
-    CZorEdidMap::SMode oMode = {};
-    oMap.GetMode(uiField, oMode);
-    const bool bCode = oMode.m_eKind == SZorMode::eModeKind_Vic && oField.m_eKind == CZorEdidMap::eKind_Group;
-    const bool bPreferred = oMode.m_bPreferred && oMode.m_eKind <= SZorMode::eModeKind_Type10;
-    return GetFieldName(oField) + (bCode ? FormatText(", VIC %u", oMode.m_uiCode) : "") +
-           (bPreferred ? ", preferred of its block" : "");
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    return GetFieldName(oField.m_eKind == CZorEdidMap::eKind_Flag ? oMap.GetField(oField.m_uiGroup) : oField);
 }
 
 std::string GetMarks(const STimingRow& oRow)
 {
-    const SImageMode& oMode = *oRow.m_poMode;
-    std::string sMarks = oRow.m_sPreferred;
-    const auto fnAdd = [&sMarks](bool bHolds, const std::string& sMark) {
-        sMarks += bHolds ? (sMarks.empty() ? "" : ", ") + sMark : "";
-    };
-    fnAdd(oMode.m_bNative && oMode.IsOfMonitor(), "native");
-    fnAdd(oMode.m_oTiming.Is420ColorSpace() != 0, "4:2:0");
-    if (!oMode.IsListed())
+    std::string sMarks = GetPreferred(oRow);
+    const auto fnAdd = [&sMarks](const std::string& sMark) { sMarks += (sMarks.empty() ? "" : ", ") + sMark; };
+    if (!oRow.m_poMode->IsListed())
     {
-        fnAdd(true, GetSource(oRow.m_poImage->m_oMap, oMode.m_uiField) + ", in no list of the library");
+        fnAdd(GetSource(oRow.m_poImage->m_oMap, *oRow.m_poMode->m_poEntry));
     }
-    fnAdd(!oMode.m_oVics.m_auiCodes.empty() && oMode.IsOfMonitor(), GetVicsText(oMode.m_oVics));
-    fnAdd(!oMode.IsOfMonitor(), GetOtherCodeText(oMode));
-    const char* pszType = GetTypeName(oMode.m_oTiming.GetVideoFamilyType());
-    fnAdd(oMode.m_bStandIn, "stand-in by GTF");
-    fnAdd(!oMode.m_bStandIn && pszType != nullptr && oMode.m_eList > CZorEdidMap::eList_None &&
-              oMode.m_eList < CZorEdidMap::eList_Detailed,
-          pszType != nullptr ? pszType : "");
+    for (const std::string& sMark : ListMarks(*oRow.m_poMode))
+    {
+        if (sMark != "preferred")
+        {
+            fnAdd(sMark);
+        }
+    }
     return sMarks;
 }
 
-// What the marks of the rows mean, as far as they need words.
-CHtml MakeNotes(const std::vector<STimingRow>& aoRows)
+// What the rows leave open.
+CHtml MakeNotes(const SPage& oPage, const std::vector<STimingRow>& aoRows)
 {
     CHtml oHtml;
-    const auto fnHas = [&](auto fnHolds) {
-        return std::ranges::any_of(aoRows, [&](const STimingRow& oRow) { return fnHolds(*oRow.m_poMode); });
-    };
     const auto iUnlisted = std::ranges::count_if(aoRows, [](const auto& oRow) { return !oRow.m_poMode->IsListed(); });
     if (iUnlisted != 0)
     {
         oHtml << " " << iUnlisted << SText{ iUnlisted == 1 ? " of the modes is" : " of the modes are" }
               << " not listed by the library and " << SText{ iUnlisted == 1 ? "has" : "have" } << " no number.";
     }
-    if (fnHas([](const SImageMode& oMode) { return !oMode.m_sStandardCode.empty(); }))
+    if (std::ranges::any_of(aoRows, [](const auto& oRow) { return !oRow.m_poMode->m_sOtherwise.empty(); }))
     {
-        oHtml << " dmt, cvt and gtf: where the numbers of a standard timing come from, the table of VESA or a formula.";
+        oHtml << " \xE2\x80\x9CThe list\xE2\x80\x9D of a mark is the library's, whose numbers for the mode are others.";
     }
-    if (fnHas([](const SImageMode& oMode) { return oMode.m_bStandIn; }))
+    for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        oHtml << " Stand-in by GTF: this mode has numbers of its own, which the library does not know and computes by "
-              << "the GTF formula; they are not held against the range limits.";
+        std::string sStrays;
+        for (const SImageMode* poStray : oPage.m_apoImages[i]->m_oModes.GetStrays())
+        {
+            sStrays +=
+                (sStrays.empty() ? "" : ", ") + FormatText("%s %u", GetListName(poStray->m_eList), poStray->m_uiIndex);
+        }
+        if (!sStrays.empty())
+        {
+            oHtml << " Only in the library's lists" << SText{ oPage.IsPair() ? " of " : "" }
+                  << SText{ oPage.GetMark(i) } << ": " << SText{ sStrays } << ".";
+        }
     }
     return oHtml;
 }
@@ -346,33 +319,30 @@ void AddNumber(CHtml& oHtml, double dNumber, const std::string& sText)
 void AddRow(CHtml& oHtml, unsigned int uiPicture, const STimingRow& oRow, const SPage& oPage)
 {
     constexpr unsigned long long ullMostOfList = 1ULL << 32;
-    const SImageMode& oMode = *oRow.m_poMode;
-    const CVidParamTimingGeneric& oTiming = oMode.m_oTiming;
-    const unsigned long long ullList = oMode.IsListed() ? oMode.m_eList : CZorEdidMap::eList_Detailed + 1;
-    oHtml << "<tr data-list=\"" << SText{ oMode.IsListed() ? GetListName(oMode.m_eList) : "none" } << "\"";
-    if (oPage.IsPair() && oRow.m_poOther == nullptr && oMode.IsOfMonitor())
+    const SModeRow& oModeRow = *oRow.m_poMode;
+    const SZorMode& oMode = oModeRow.m_oMode;
+    const unsigned long long ullList = oModeRow.IsListed() ? oModeRow.m_eList : CZorEdidMap::eList_Detailed + 1;
+    oHtml << "<tr data-list=\"" << SText{ oModeRow.IsListed() ? GetListName(oModeRow.m_eList) : "none" } << "\"";
+    if (oPage.IsPair() && oRow.m_poOther == nullptr)
     {
         oHtml << " class=\"differs\"";
     }
-    oHtml << "><th scope=\"row\" data-v=\"" << ullList * ullMostOfList + oMode.m_uiIndex
+    oHtml << "><th scope=\"row\" data-v=\"" << ullList * ullMostOfList + oModeRow.m_uiNumber
           << "\"><label><input type=\"radio\" name=\"timing\" value=\"" << uiPicture << "\"";
-    if (!oMode.IsListed())
+    if (!oModeRow.IsListed())
     {
-        oHtml << " aria-label=\"" << SText{ DescribeMode(oMode) } << "\"";
+        oHtml << " aria-label=\"" << SText{ GetModeName(oMode) } << "\"";
     }
     oHtml << "> " << SText{ GetNumbers(oRow) } << "</label></th>";
     if (oPage.IsPair())
     {
         oHtml << "<td>" << SText{ oRow.m_sIn } << "</td>";
     }
-    oHtml << "<td data-v=\""
-          << static_cast<unsigned long long>(oTiming.GetHorizontalActive()) * 65536 + oTiming.GetVerticalActive()
-          << "\">" << oTiming.GetHorizontalActive() << " &times; " << oTiming.GetVerticalActive()
-          << SText{ oTiming.IsInterlaced() != 0 ? "i" : "" } << "</td>";
-    const double dClock = oTiming.GetPixelClockInHz() / gsc_dHzPerMegaHz;
-    const double dLineRate = oTiming.GetHorizontalRateInHz() / gsc_dHzPerKiloHz;
-    AddNumber(oHtml, GetRate(oMode), GetRateText(oMode));
-    AddNumber(oHtml, dClock, FormatText("%.3f", dClock));
+    oHtml << "<td data-v=\"" << 65536ULL * oMode.m_uiWidth + oMode.m_uiHeight << "\">" << SText{ GetModeSize(oMode) }
+          << "</td>";
+    const double dLineRate = GetLineRate(oMode);
+    AddNumber(oHtml, GetRate(oMode), GetShortRate(oMode));
+    AddNumber(oHtml, static_cast<double>(oMode.m_ullClock) / gsc_dHzPerMegaHz, GetMegaHertz(oMode.m_ullClock, 3));
     AddNumber(oHtml, dLineRate, FormatText("%.2f", dLineRate));
     oHtml << "<td>" << SText{ GetMarks(oRow) } << "</td></tr>\n";
 }
@@ -405,7 +375,7 @@ CHtml MakeTimings(const SPage& oPage)
           << "spellcheck=\"false\"></label> <label>List <select id=\"list\"><option value=\"\">all</option>"
           << "<option>established</option><option>standard</option><option>detailed</option><option>none</option>"
           << "</select></label> <span id=\"count\" role=\"status\"></span></div>\n<p class=\"small\">Rates of "
-          << "interlaced modes are those of their fields." << MakeNotes(aoRows)
+          << "interlaced modes are those of their fields." << MakeNotes(oPage, aoRows)
           << "<span class=\"narrow\"> The table scrolls sideways.</span></p>\n<div class=\"timings\">\n"
           << "<div class=\"scroll tall\" tabindex=\"0\" role=\"region\" aria-label=\"Table of timings\">"
           << "<table id=\"table\">\n";
@@ -415,7 +385,7 @@ CHtml MakeTimings(const SPage& oPage)
     CHtml oPictures;
     for (const STimingRow& oRow : aoRows)
     {
-        const CTimingPicture oPicture(oRow.m_poImage->m_oMap, *oRow.m_poMode);
+        const CTimingPicture oPicture(*oRow.m_poMode);
         const auto [itNumber, bNew] =
             aoNumbers.try_emplace(oPicture.GetKey(), static_cast<unsigned int>(aoNumbers.size()));
         if (bNew)

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "CommandLine.h"
+#include "Damages.h"
 #include "DisplayIdImages.h"
 #include "EditImage.h"
 #include "OsServices.h"
@@ -14,62 +15,55 @@
 
 namespace
 {
-SImageMode MakeMode(CZorEdidMap::EList eList, unsigned int uiWidth, unsigned int uiClockInHz)
+// 1920 x 1080 at 60 Hz as detailed timing with this clock, "F4 39" for 148.36 MHz, or none, and video codes.
+CBytes MakeImage(const char* pszClock, const char* pszCodes)
 {
-    SImageMode oMode = { eList, 0, 0, "", {} };
-    oMode.m_oTiming.SetHorizontalActive(uiWidth);
-    oMode.m_oTiming.SetPixelClockInHz(uiClockInHz);
-    return oMode;
-}
-
-SImageMode MakeBareMode(unsigned int uiRate)
-{
-    SImageMode oMode = MakeMode(CZorEdidMap::eList_None, 3840, 0);
-    oMode.m_bTiming = false;
-    oMode.m_uiRate = uiRate;
-    return oMode;
+    const CBytes aui8Codes = ParseBytes(pszCodes);
+    const auto ui8Codes = static_cast<unsigned char>(aui8Codes.size());
+    CBytes aui8Block = Join({ { 2, 3, static_cast<unsigned char>(5 + ui8Codes), 0 },
+                              { static_cast<unsigned char>(0x40 + ui8Codes) },
+                              aui8Codes });
+    aui8Block.resize(gsc_uiBlockSize);
+    const bool bDetailed = *pszClock != '\0';
+    return WithDamages(MakeEdid({ FixChecksums(aui8Block) }), { { 0x36, bDetailed ? pszClock : "00 00 00 10 00*14" } });
 }
 
 TEST(ModeMatch, EachModeCountsAsOftenAsItIsNamed)
 {
     using CPartners = std::vector<size_t>;
     constexpr size_t uiNone = gsc_uiNoPartner;
-    constexpr auto eStandard = CZorEdidMap::eList_Standard;
-    constexpr auto eDetailed = CZorEdidMap::eList_Detailed;
-    const SImageMode oStandard = MakeMode(eStandard, 1920, 148500000);
-    const SImageMode oDetailed = MakeMode(eDetailed, 1920, 148500000);
-    const SImageMode oSlower = MakeMode(eStandard, 1920, 148351648);
-    SImageMode oOtherCode = oStandard;
-    oOtherCode.m_uiOtherCode = 194;
+    const char* const pszExact = "02 3A";
+    const char* const pszSlower = "F4 39"; // nearly 1000/1001 of it
+    // Code 16 (10h) is the same timing, and 59.94 Hz after it.
     const struct
     {
-        CModes m_aoFirst;
-        CModes m_aoSecond;
+        CBytes m_aui8First;
+        CBytes m_aui8Second;
         CPartners m_auiFirst;
         CPartners m_auiSecond;
     } aoCases[] = {
-        { { oStandard, oDetailed }, { oDetailed }, { uiNone, 0 }, { 1 } }, // of the same list
-        { { oStandard }, { oDetailed }, { 0 }, { 0 } },
-        { { oStandard, oStandard }, { oStandard }, { 0, uiNone }, { 0 } },
-        { { oSlower, oStandard }, { oStandard, oSlower }, { 1, 0 }, { 1, 0 } }, // of the same clock
-        { { oSlower, oStandard }, { oDetailed }, { uiNone, 0 }, { 1 } },
-        { { oSlower }, { oDetailed }, { 0 }, { 0 } }, // a 1000/1001 variant
-        { { oStandard }, { MakeMode(eStandard, 1280, 148500000) }, { uiNone }, { uiNone } },
-        { { oStandard }, { MakeMode(eStandard, 1920, 150000000) }, { uiNone }, { uiNone } },
-        { { MakeBareMode(10000) }, { MakeBareMode(12000), MakeBareMode(10000) }, { 1 }, { uiNone, 0 } },
-        { { oStandard }, { oOtherCode }, { uiNone }, { uiNone } },
-        { {}, { oStandard }, {}, { uiNone } },
+        { MakeImage(pszExact, "10"), MakeImage(pszExact, ""), { 0, uiNone, uiNone }, { 0 } },
+        { MakeImage("", "10"), MakeImage(pszExact, ""), { 0, uiNone }, { 0 } },
+        { MakeImage("", "10 10"), MakeImage("", "10"), { 0, 1, uiNone, uiNone }, { 0, 1 } },
+        { MakeImage(pszSlower, "10"), MakeImage("", "10"), { uiNone, 0, 1 }, { 1, 2 } }, // of the same clock
+        { MakeImage("", "10"), MakeImage(pszSlower, ""), { 0, uiNone }, { 0 } },
+        { MakeImage("", "1F"), MakeImage("", "10"), { uiNone }, { uiNone, uiNone } },    // 50 Hz
+        { MakeImage("", "10"), MakeImage("98 3A", ""), { uiNone, uiNone }, { uiNone } }, // 150 MHz
+        { MakeImage("", "C2"), MakeImage("", "42"), { uiNone, uiNone }, { uiNone } },    // 194, and 66
+        { MakeImage("", ""), MakeImage("", "1F"), {}, { uiNone } },
     };
     for (const auto& oCase : aoCases)
     {
-        const SModePairs oPairs = MatchModes(oCase.m_aoFirst, oCase.m_aoSecond);
+        const CImageModes oFirst(oCase.m_aui8First, nullptr, {});
+        const CImageModes oSecond(oCase.m_aui8Second, nullptr, {});
+        const SModePairs oPairs = MatchModes(oFirst, oSecond);
         EXPECT_EQ(oCase.m_auiFirst, oPairs.m_aauiPartners[0]) << &oCase - aoCases;
         EXPECT_EQ(oCase.m_auiSecond, oPairs.m_aauiPartners[1]) << &oCase - aoCases;
     }
 }
 
-// Whose a mode is, its size, and its clock in MHz, 0 without a timing.
-using CNamed = std::multiset<std::tuple<char, unsigned int, unsigned int, double>>;
+// Whose a mode is, and its size.
+using CNamed = std::multiset<std::tuple<char, unsigned int, unsigned int>>;
 
 class ComparedImages : public CScratchFolder
 {
@@ -90,7 +84,7 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
-    // From lines "only in FILE: 1920 x 1080p @  60 Hz    148.500 MHz ...".
+    // From lines "only in FILE: 1920 x 1080p @ 60.000 Hz ...", of which one may name two rates.
     CNamed ReadCompare(const std::string& sOut) const
     {
         CNamed oNamed;
@@ -102,38 +96,34 @@ protected:
                 const std::string sHead = "only in " + (m_oFolder / pszName).string() + ": ";
                 unsigned int uiWidth = 0;
                 unsigned int uiHeight = 0;
-                double dClock = 0;
-                char cUnit = 0;
-                const int iRead = !sLine.starts_with(sHead)
-                                      ? 0
-                                      : sscanf(sLine.c_str() + sHead.size(), "%u x %u%*c @ %*s Hz %lf M%c", &uiWidth,
-                                               &uiHeight, &dClock, &cUnit);
-                if (iRead >= 2)
+                if (sLine.starts_with(sHead) &&
+                    sscanf(sLine.c_str() + sHead.size(), "%u x %u", &uiWidth, &uiHeight) == 2)
                 {
-                    oNamed.emplace(*pszName, uiWidth, uiHeight, iRead == 4 ? dClock : 0); // "4:2:0" is no clock
+                    const bool bDoubled = sLine.find("each pixel sent 2 times") != std::string::npos;
+                    const bool bTwo = sLine.find(", and at ") != std::string::npos;
+                    for (int i = 0; i < (bTwo ? 2 : 1); ++i)
+                    {
+                        oNamed.emplace(*pszName, bDoubled ? uiWidth / 2 : uiWidth, uiHeight);
+                    }
                 }
             }
         }
         return oNamed;
     }
 
-    // From the rows that differ: the cells of number, size, rate and clock have the values that they are sorted by.
+    // From the rows that differ; the cell of the size has the number that it is sorted by.
     static CNamed ReadPage(const std::string& sHtml)
     {
         CNamed oNamed;
         const std::string sStart = "\" class=\"differs\"><th";
         for (size_t i = sHtml.find(sStart); i != std::string::npos; i = sHtml.find(sStart, i + 1))
         {
-            std::string sRow = sHtml.substr(i, sHtml.find("</tr>", i) - i);
-            const char cMark = sRow.at(sRow.find("</th><td>") + 9);
-            double adValues[4] = {};
-            for (double& dValue : adValues)
-            {
-                sRow.erase(0, sRow.find("data-v=\"") + 8);
-                dValue = strtod(sRow.c_str(), nullptr);
-            }
-            const auto uiSize = static_cast<unsigned int>(adValues[1]);
-            oNamed.emplace(cMark, uiSize / 65536, uiSize % 65536, adValues[3]);
+            const std::string sIn = "</th><td>";
+            const std::string sSize = "<td data-v=\"";
+            const size_t uiIn = sHtml.find(sIn, i) + sIn.size();
+            const unsigned long ulSize = strtoul(sHtml.c_str() + sHtml.find(sSize, uiIn) + sSize.size(), nullptr, 10);
+            oNamed.emplace(sHtml.at(uiIn), static_cast<unsigned int>(ulSize / 65536),
+                           static_cast<unsigned int>(ulSize % 65536));
         }
         return oNamed;
     }
@@ -155,7 +145,7 @@ protected:
         EXPECT_EQ(oNamed.empty() ? "same" : "different", sOut.substr(0, sOut.find('\n')));
         const size_t uiFirst = static_cast<size_t>(
             std::ranges::count_if(oNamed, [](const auto& oMode) { return std::get<0>(oMode) == 'A'; }));
-        const std::string sCounts = "Timings only in A: " + std::to_string(uiFirst) +
+        const std::string sCounts = "Modes only in A: " + std::to_string(uiFirst) +
                                     ", only in B: " + std::to_string(oNamed.size() - uiFirst) + ".";
         EXPECT_NE(std::string::npos, MakeDifferences(m_oPage).Get().find(sCounts)) << sCounts;
         return oNamed;
@@ -164,23 +154,17 @@ protected:
     SPage m_oPage;
 };
 
-// A mode that is named twice and then once, one that the library does not list (VIC 117), and a code that it reads as
-// another one: byte C2h, by CTA-861-H VIC 194, 7680 x 4320.
+// A mode that the library does not list (VIC 117), and a code that it reads as another one: byte C2h, by CTA-861-H VIC
+// 194, 7680 x 4320.
 TEST_F(ComparedImages, ModesOutsideTheListsTakePart)
 {
     const CBytes aui8Monitor = ReadBytes(ZOREDID_SOURCE_DIR "/examples/monitor.bin");
     SetImage(0, aui8Monitor);
     SetImage(1, aui8Monitor);
     EXPECT_EQ(CNamed(), Compare());
-    const auto fnWithCodes = [](const char* pszCodes) {
-        return MakeEdid({ FixChecksums(Join({ ParseBytes("02 03 07 00 42"), ParseBytes(pszCodes), CBytes(121) })) });
-    };
-    SetImage(0, fnWithCodes("10 75"));
-    SetImage(1, fnWithCodes("10 C2"));
-    const CNamed oNamed = Compare();
-    ASSERT_EQ(3U, oNamed.size()); // with the 1000/1001 variant of VIC 194
-    EXPECT_EQ(std::pair('A', 3840U), std::pair(std::get<0>(*oNamed.begin()), std::get<1>(*oNamed.begin())));
-    EXPECT_EQ(std::pair('B', 7680U), std::pair(std::get<0>(*oNamed.rbegin()), std::get<1>(*oNamed.rbegin())));
+    SetImage(0, MakeImage("02 3A", "10 75"));
+    SetImage(1, MakeImage("02 3A", "10 C2"));
+    EXPECT_EQ((CNamed{ { 'A', 3840, 2160 }, { 'B', 7680, 4320 }, { 'B', 7680, 4320 } }), Compare()); // 24 and 23.98 Hz
 }
 
 // Each removal at each number over sixty images.

@@ -162,7 +162,7 @@ std::string GetColour(double dX, double dY)
     for (const double dPart : adRgb)
     {
         const double dEncoded = pow(std::clamp(dPart / dMost, 0.0, 1.0), 1 / 2.2);
-        sColour += FormatText("%x", static_cast<unsigned int>(lround(dEncoded * 15)));
+        sColour += "0123456789abcdef"[lround(dEncoded * 15)];
     }
     return sColour;
 }
@@ -177,6 +177,13 @@ void AddLocus(CHtml& oHtml)
     oHtml << "<defs><clipPath id=\"locus\"><path d=\"" << oPath
           << "\"/></clipPath><filter id=\"soft\"><feGaussianBlur stdDeviation=\"7\"/></filter></defs>\n"
           << "<g class=\"colours\" clip-path=\"url(#locus)\"><g filter=\"url(#soft)\">";
+    CHtml aoLefts[iSteps]; // written once: most of the page's numbers would be these
+    CHtml aoTops[iSteps];
+    for (int i = 0; i < iSteps; ++i)
+    {
+        aoLefts[i] << SDecimal{ PlaceX(i * dStep), 1 };
+        aoTops[i] << SDecimal{ PlaceY((i + 1) * dStep), 1 };
+    }
     for (int i = 0; i < iSteps; ++i)
     {
         for (int j = 0; j < iSteps; ++j)
@@ -187,8 +194,7 @@ void AddLocus(CHtml& oHtml)
                                IsInLocus(dX, dY - dStep) || IsInLocus(dX, dY + dStep);
             if (bNear)
             {
-                oHtml << "<rect x=\"" << SDecimal{ PlaceX(dX - dStep / 2), 1 } << "\" y=\""
-                      << SDecimal{ PlaceY(dY + dStep / 2), 1 } << "\" width=\"13\" height=\"13\" fill=\""
+                oHtml << "<rect x=\"" << aoLefts[j] << "\" y=\"" << aoTops[i] << "\" width=\"13\" height=\"13\" fill=\""
                       << SText{ GetColour(dX, dY) } << "\"/>";
             }
         }

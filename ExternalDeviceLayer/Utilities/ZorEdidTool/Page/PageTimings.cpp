@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
+#include <utility>
 
 #include "ExactTimings.h"
 #include "MapText.h"
@@ -79,10 +81,15 @@ public:
     }
 
     // What makes the picture: timings that have it in common have one picture.
-    std::string GetKey() const
+    auto GetKey() const
     {
-        return FormatText("%u %u ", m_oAcross.m_uiBorder, m_oDown.m_uiBorder) + GetModeName(m_oMode) +
-               (m_oMode.m_bTiming ? MakeModeline() : "");
+        const auto fnAxis = [](const SZorMode::SAxis& oAxis) {
+            return std::make_tuple(oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal, oAxis.m_uiBorder,
+                                   oAxis.m_bPositive);
+        };
+        return std::make_tuple(m_oMode.m_uiWidth, m_oMode.m_uiHeight, m_oMode.m_bInterlaced, GetRate(m_oMode),
+                               m_oMode.m_ullClock, m_oMode.m_bTiming, fnAxis(m_oMode.m_oHorizontal),
+                               fnAxis(m_oMode.m_oVertical));
     }
 
 private:
@@ -381,7 +388,7 @@ CHtml MakeTimings(const SPage& oPage)
           << "<table id=\"table\">\n";
     AddHeads(oHtml, oPage.IsPair());
     oHtml << "<tbody>\n";
-    std::map<std::string, unsigned int> aoNumbers; // of the pictures
+    std::map<decltype(std::declval<CTimingPicture>().GetKey()), unsigned int> aoNumbers; // of the pictures
     CHtml oPictures;
     for (const STimingRow& oRow : aoRows)
     {

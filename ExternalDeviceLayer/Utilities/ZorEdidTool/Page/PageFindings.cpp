@@ -182,16 +182,37 @@ std::optional<unsigned int> FindPlace(const CZorEdidMap& oMap, EZorEdidField eId
     return std::nullopt;
 }
 
+// JSON with blanks between its values, where lines may break.
+std::string WithBlanks(const std::string& sJson)
+{
+    std::string sText;
+    bool bString = false;
+    for (size_t i = 0; i < sJson.size(); ++i)
+    {
+        sText += sJson[i];
+        bString = bString != (sJson[i] == '"');
+        if (bString && sJson[i] == '\\')
+        {
+            sText += sJson[++i];
+        }
+        else if (!bString && (sJson[i] == ',' || sJson[i] == ':'))
+        {
+            sText += ' ';
+        }
+    }
+    return sText;
+}
+
 std::vector<SDifference> ListFacts(const CImageDiff& oDiff)
 {
     std::vector<SDifference> aoFacts;
     for (const SFactDifference& oFact : oDiff.GetFacts())
     {
-        SDifference oDifference = { {}, oFact.m_sName, oFact.m_asValues };
+        SDifference oDifference = { {}, oFact.m_sName, {} };
         for (size_t i = 0; i < 2; ++i)
         {
             const bool bSaid = !oFact.m_asValues[i].empty();
-            oDifference.m_asValues[i] = bSaid ? oFact.m_asValues[i] : "not said";
+            oDifference.m_asValues[i] = bSaid ? WithBlanks(oFact.m_asValues[i]) : "not said";
             if (bSaid && oFact.m_eId != eZorEdidField_None)
             {
                 oDifference.m_auiPlaces[i] = FindPlace(oDiff.GetImage(i).m_oPart.m_oMap, oFact.m_eId);
@@ -207,7 +228,7 @@ std::vector<SDifference> ListFields(const CImageDiff& oDiff)
     std::vector<SDifference> aoFields;
     for (const SFieldDifference& oField : oDiff.GetFields())
     {
-        SDifference oDifference = { {}, oField.m_sPath, oField.m_asValues };
+        SDifference oDifference = { {}, oField.m_sPath, {} };
         for (size_t i = 0; i < 2; ++i)
         {
             const bool bThere = oField.m_auiFields[i] != CZorEdidMap::msc_uiNone;

@@ -385,7 +385,7 @@ CHtml MakeTimings(const SPage& oPage)
           << "interlaced modes are those of their fields." << MakeNotes(oPage, aoRows)
           << "<span class=\"narrow\"> The table scrolls sideways.</span></p>\n<div class=\"timings\">\n"
           << "<div class=\"scroll tall\" tabindex=\"0\" role=\"region\" aria-label=\"Table of timings\">"
-          << "<table id=\"table\">\n";
+          << "<table id=\"table\" class=\"" << SText{ oPage.IsPair() ? "pair" : "single" } << "\">\n";
     AddHeads(oHtml, oPage.IsPair());
     oHtml << "<tbody>\n";
     std::map<decltype(std::declval<CTimingPicture>().GetKey()), unsigned int> aoNumbers; // of the pictures

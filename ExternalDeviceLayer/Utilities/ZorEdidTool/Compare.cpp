@@ -94,7 +94,8 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
         "With --all a line names what only one image says, or both otherwise: modes, facts by their names in the "
         "JSON, then fields by their ids. Lists are compared by what is in them, not by place, and lengths, offsets "
         "and checksums that follow from the rest play no part.\n"
-        "Exit status: 0 same, 1 different, 3 when an image cannot be read or loaded; one that has a block is compared all the same.\n\n"
+        "Exit status: 0 same, 1 different, 3 when an image cannot be read or loaded; one that has a block is compared "
+        "all the same.\n\n"
         "Example:\n"
         "  zoredid compare --all old.bin new.bin");
     oCommand.Run([poOptions, &oTool] {

@@ -7,7 +7,7 @@
 #include "EditImage.h"
 #include "EditPlaces.h"
 #include "ExactTimings.h"
-#include "ModeList.h"
+#include "ImageModes.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/Modes.h"
 #include "Standards/VideoCodes.h"
@@ -231,10 +231,8 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
     const unsigned int uiByte = poOrigin != nullptr ? oBlock.m_aui8Bytes[poOrigin->m_uiCodeByte] : 0;
     if (!m_bAsListed && ZorStandards::IsListedAsOther(uiByte))
     {
-        SImageMode oMode = {};
-        oMode.m_uiOtherCode = uiByte;
-        return GetOtherCodeText(oMode) + ", which --remove-vic " + std::to_string(uiByte) +
-               " removes; --as-listed removes it as the list has it";
+        return DescribeOtherCode(uiByte) + ", by CTA-861-H it is VIC " + std::to_string(uiByte) +
+               ", which --remove-vic " + std::to_string(uiByte) + " removes; --as-listed removes it as the list has it";
     }
     if (!IsOrdinary(oBlock, uiNumber))
     {

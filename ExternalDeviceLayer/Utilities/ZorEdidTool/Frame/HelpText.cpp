@@ -54,8 +54,8 @@ std::string WrapEntry(const std::string& sName, const std::string& sText, size_t
     std::string sEntry = "  " + sName;
     if (!sText.empty())
     {
-        sEntry += sEntry.size() < uiIndent ? std::string(uiIndent - sEntry.size(), ' ')
-                                           : "\n" + std::string(uiIndent, ' ');
+        sEntry +=
+            sEntry.size() < uiIndent ? std::string(uiIndent - sEntry.size(), ' ') : "\n" + std::string(uiIndent, ' ');
         sEntry += WrapText(sText, uiIndent, uiIndent, uiWidth);
     }
     return sEntry + "\n";

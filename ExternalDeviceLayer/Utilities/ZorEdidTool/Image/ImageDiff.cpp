@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -94,10 +95,10 @@ void DropShared(CFactTexts& oFirst, CFactTexts& oSecond)
 // What follows from the content: how long things are, where they begin, and sums.
 bool IsLayout(const CZorEdidMap::SField& oField)
 {
-    constexpr EZorEdidField aeLayout[] = { eZorEdidField_CtaDataBlockLength,     eZorEdidField_CtaDetailedOffset,
-                                           eZorEdidField_CtaHdmiVicLen,          eZorEdidField_CtaHdmi3dLen,
-                                           eZorEdidField_DisplayidSectionLength, eZorEdidField_DisplayidDataBlockLength,
-                                           eZorEdidField_CtaNativeCount };
+    constexpr EZorEdidField aeLayout[] = {
+        eZorEdidField_CtaDataBlockLength, eZorEdidField_CtaDetailedOffset,      eZorEdidField_CtaHdmiVicLen,
+        eZorEdidField_CtaHdmi3dLen,       eZorEdidField_DisplayidSectionLength, eZorEdidField_DisplayidDataBlockLength
+    };
     const bool bGoodSum = oField.m_eKind == CZorEdidMap::eKind_Checksum && oField.m_uiNotes == 0;
     return bGoodSum || oField.m_eId == eZorEdidField_Padding ||
            std::ranges::find(aeLayout, oField.m_eId) != std::end(aeLayout);
@@ -109,20 +110,18 @@ bool IsOfCodes(const CZorEdidMap::SField& oField)
     return oField.m_eId == eZorEdidField_CtaHdmi3dMaskPlace || oField.m_eId == eZorEdidField_Cta420MapVic;
 }
 
-// Whether the field, or a group that it lies in, announces a mode, and it is a part of its timing.
-bool IsOfMode(const CZorEdidMap& oMap, unsigned int uiField)
+// The place of the mode that the field is a part of: of itself or of a group that it lies in, and announces the mode.
+unsigned int FindModePlace(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    const CZorEdidMap::EArea eArea = oMap.GetField(uiField).m_eArea;
     CZorEdidMap::SMode oMode;
-    for (unsigned int i = uiField; i != gsc_uiNone && eArea == CZorEdidMap::eArea_Timing;
-         i = oMap.GetField(i).m_uiGroup)
+    for (unsigned int i = uiField; i != gsc_uiNone; i = oMap.GetField(i).m_uiGroup)
     {
-        if (oMap.GetMode(i, oMode))
+        if (oMap.GetMode(i, oMode) && !oMode.m_bReference)
         {
-            return !oMode.m_bReference;
+            return oMap.GetField(i).m_uiOffset;
         }
     }
-    return false;
+    return gsc_uiNone;
 }
 
 std::string GetText(const CZorEdidMap& oMap, unsigned int uiField)
@@ -135,21 +134,140 @@ std::string GetText(const CZorEdidMap& oMap, unsigned int uiField)
     return sText.empty() ? "there" : sText;
 }
 
-// Whether a fact that differs says what the field says. A list of names says it of all fields of its structure.
-bool IsSaidBy(const SFactDifference& oFact, EZorEdidField eId)
+// Whether a fact that differs says what the field says: it is of this field, or a list of the names of all fields of
+// its structure, or an element of a list, which says all that its group has.
+bool IsSaidBy(const SFactDifference& oFact, const CZorEdidMap& oMap, unsigned int uiField)
 {
-    const std::string sPrefix =
-        std::string(oFact.m_eId != eZorEdidField_None ? CZorEdidMap::GetId(oFact.m_eId) : "-") + ".";
-    const bool bList = oFact.m_asValues[0].starts_with('[') || oFact.m_asValues[1].starts_with('[');
-    return oFact.m_eId == eId || (bList && std::string_view(CZorEdidMap::GetId(eId)).starts_with(sPrefix));
+    const EZorEdidField eId = oMap.GetField(uiField).m_eId;
+    const std::string& sValue = oFact.m_asValues[oFact.m_asValues[0].empty() ? 1 : 0];
+    if (oFact.m_eId == eId || oFact.m_eId == eZorEdidField_None)
+    {
+        return oFact.m_eId == eId;
+    }
+    if (sValue.starts_with('['))
+    {
+        return std::string_view(CZorEdidMap::GetId(eId))
+            .starts_with(CZorEdidMap::GetId(oFact.m_eId) + std::string("."));
+    }
+    const std::vector<unsigned int> auiChain = GetChain(oMap, uiField);
+    return sValue.starts_with('{') && std::ranges::any_of(auiChain, [&](unsigned int uiGroup) {
+               return oMap.GetField(uiGroup).m_eId == oFact.m_eId;
+           });
 }
 
-bool IsSame(const SMapPart& oFirst, const SMapPart& oSecond, const SFieldDifference& oField)
+using CImages = std::array<const SComparedImage*, 2>;
+
+// What the maps say otherwise, but for what differing modes and facts say already.
+class CFieldComparison
 {
-    const auto [uiFirst, uiSecond] = oField.m_auiFields;
-    return uiFirst != gsc_uiNone && uiSecond != gsc_uiNone && oField.m_asValues[0] == oField.m_asValues[1] &&
-           oFirst.GetBytes(uiFirst) == oSecond.GetBytes(uiSecond);
-}
+public:
+    CFieldComparison(const CImages& apoImages, const std::vector<SFactDifference>& aoFacts,
+                     const std::array<std::vector<const SModeRow*>, 2>& aapoOnly)
+        : m_apoImages(apoImages), m_aoFacts(aoFacts)
+    {
+        for (size_t i = 0; i < 2; ++i)
+        {
+            for (const SModeRow& oRow : apoImages[i]->m_oModes.GetRows())
+            {
+                // A mode that is announced twice there and once here may be paired with either.
+                if (std::ranges::any_of(aapoOnly[i], [&](const SModeRow* poOnly) { return IsSameMode(*poOnly, oRow); }))
+                {
+                    m_aoOnly[i].insert(oRow.m_poEntry->m_uiOffset);
+                }
+            }
+        }
+    }
+
+    std::vector<SFieldDifference> Find() const
+    {
+        std::vector<SFieldDifference> aoFields;
+        for (const auto& [uiFirst, uiSecond] : CompareMaps(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart))
+        {
+            const std::array<unsigned int, 2> auiFields = { uiFirst, uiSecond };
+            if (!IsSaid(0, uiFirst) && !IsSaid(1, uiSecond) && !IsSame(auiFields))
+            {
+                const size_t uiImage = uiFirst != gsc_uiNone ? 0 : 1;
+                aoFields.push_back({ GetMap(uiImage).GetField(auiFields[uiImage]).m_eId,
+                                     GetPath(GetMap(uiImage), auiFields[uiImage]),
+                                     auiFields,
+                                     { GetText(GetMap(0), uiFirst), GetText(GetMap(1), uiSecond) } });
+            }
+        }
+        DropMoved(aoFields);
+        return aoFields;
+    }
+
+private:
+    const CZorEdidMap& GetMap(size_t uiImage) const { return m_apoImages[uiImage]->m_oPart.m_oMap; }
+
+    // Of a group also where nothing is left to be said of what it holds.
+    bool IsSaid(size_t uiImage, unsigned int uiField) const
+    {
+        if (uiField == gsc_uiNone)
+        {
+            return false;
+        }
+        const CZorEdidMap& oMap = GetMap(uiImage);
+        const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+        const auto fnIsSaidBy = [&](const SFactDifference& oFact) { return IsSaidBy(oFact, oMap, uiField); };
+        if (IsOfCodes(oField) || m_aoOnly[uiImage].contains(FindModePlace(oMap, uiField)) ||
+            std::ranges::any_of(m_aoFacts, fnIsSaidBy))
+        {
+            return true;
+        }
+        bool bAll = oField.m_eKind == CZorEdidMap::eKind_Group;
+        bool bAny = false;
+        for (unsigned int i = uiField + 1; i < oField.m_uiEnd && bAll; i = oMap.GetField(i).m_uiEnd)
+        {
+            const CZorEdidMap::EArea eArea = oMap.GetField(i).m_eArea;
+            const bool bWord = oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group ||
+                               (eArea != CZorEdidMap::eArea_Structure && eArea != CZorEdidMap::eArea_Unused);
+            bAny = bAny || bWord;
+            bAll = !bWord || IsSaid(uiImage, i);
+        }
+        return bAll && bAny;
+    }
+
+    bool IsSame(const std::array<unsigned int, 2>& auiFields) const
+    {
+        const auto [uiFirst, uiSecond] = auiFields;
+        return uiFirst != gsc_uiNone && uiSecond != gsc_uiNone &&
+               GetText(GetMap(0), uiFirst) == GetText(GetMap(1), uiSecond) && HaveSameBytes(uiFirst, uiSecond);
+    }
+
+    bool HaveSameBytes(unsigned int uiFirst, unsigned int uiSecond) const
+    {
+        return m_apoImages[0]->m_oPart.GetBytes(uiFirst) == m_apoImages[1]->m_oPart.GetBytes(uiSecond);
+    }
+
+    // Takes out what each image has once, in another place of a list.
+    void DropMoved(std::vector<SFieldDifference>& aoFields) const
+    {
+        for (size_t i = 0; i < aoFields.size();)
+        {
+            const SFieldDifference& oHere = aoFields[i];
+            const auto itThere = std::ranges::find_if(aoFields, [&](const SFieldDifference& oThere) {
+                return oHere.m_auiFields[1] == gsc_uiNone && oThere.m_auiFields[0] == gsc_uiNone &&
+                       oHere.m_eId == oThere.m_eId && oHere.m_asValues[0] == oThere.m_asValues[1] &&
+                       HaveSameBytes(oHere.m_auiFields[0], oThere.m_auiFields[1]);
+            });
+            if (itThere == aoFields.end())
+            {
+                ++i;
+                continue;
+            }
+            const auto iThere = itThere - aoFields.begin();
+            const auto iHere = static_cast<std::ptrdiff_t>(i);
+            aoFields.erase(aoFields.begin() + std::max(iHere, iThere));
+            aoFields.erase(aoFields.begin() + std::min(iHere, iThere));
+            i -= iThere < iHere ? 1 : 0;
+        }
+    }
+
+    const CImages& m_apoImages;
+    const std::vector<SFactDifference>& m_aoFacts;
+    std::array<std::set<unsigned int>, 2> m_aoOnly; // offsets of the modes that only one image has
+};
 } // namespace
 
 SComparedImage::SComparedImage(const std::vector<unsigned char>& aui8Bytes)
@@ -172,7 +290,7 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     const SModeRow* poSecond = oSecond.m_oModes.FindPreferred();
     m_bPreferred = poFirst == nullptr || poSecond == nullptr ? poFirst != poSecond : !IsSameMode(*poFirst, *poSecond);
     FindFacts();
-    FindFields();
+    m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListOnly(0, true), ListOnly(1, true) }).Find();
 }
 
 std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage, bool bEstablished) const
@@ -213,32 +331,7 @@ void CImageDiff::FindFacts()
     {
         m_aoFacts.push_back({ sName, oText.m_eId, { "", oText.m_sText } });
     }
-}
-
-void CImageDiff::FindFields()
-{
-    const CZorEdidMap& oFirst = m_apoImages[0]->m_oPart.m_oMap;
-    const CZorEdidMap& oSecond = m_apoImages[1]->m_oPart.m_oMap;
-    for (const auto& [uiFirst, uiSecond] : CompareMaps(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart))
-    {
-        const CZorEdidMap& oMap = uiFirst != gsc_uiNone ? oFirst : oSecond;
-        const unsigned int uiField = uiFirst != gsc_uiNone ? uiFirst : uiSecond;
-        const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-        const bool bFact =
-            std::ranges::any_of(m_aoFacts, [&](const SFactDifference& oFact) { return IsSaidBy(oFact, oField.m_eId); });
-        if (bFact || IsOfCodes(oField) || IsOfMode(oMap, uiField))
-        {
-            continue;
-        }
-        SFieldDifference oDifference = { oField.m_eId,
-                                         GetPath(oMap, uiField),
-                                         { uiFirst, uiSecond },
-                                         { GetText(oFirst, uiFirst), GetText(oSecond, uiSecond) } };
-        if (!IsSame(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart, oDifference))
-        {
-            m_aoFields.push_back(std::move(oDifference));
-        }
-    }
+    std::ranges::stable_sort(m_aoFacts, {}, &SFactDifference::m_sName);
 }
 
 // ---- In words ----

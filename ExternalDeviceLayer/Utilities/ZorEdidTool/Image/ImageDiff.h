@@ -1,5 +1,5 @@
-// What differs between two images, by meaning: modes, facts, and fields of the map. Places of bytes play no part, nor do
-// lengths and checksums that follow from the rest.
+// What differs between two images, by meaning: modes, facts, and fields of the map. Places of bytes play no part, nor
+// do lengths and checksums that follow from the rest.
 
 #pragma once
 
@@ -57,14 +57,13 @@ public:
     // ---- The rest ----
 
     const std::vector<SFactDifference>& GetFacts() const { return m_aoFacts; }
-    // But fields that announce a mode, which the modes say, and fields of a fact that differs.
+    // But fields of a mode that only one image has, and fields of a fact that differs.
     const std::vector<SFieldDifference>& GetFields() const { return m_aoFields; }
 
     const SComparedImage& GetImage(size_t uiImage) const { return *m_apoImages[uiImage]; }
 
 private:
     void FindFacts();
-    void FindFields();
 
     std::array<const SComparedImage*, 2> m_apoImages;
     SModePairs m_oPairs;

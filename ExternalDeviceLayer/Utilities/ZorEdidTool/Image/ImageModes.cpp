@@ -100,8 +100,7 @@ private:
         {
             const unsigned int uiByte = m_aui8Bytes[oRow.m_poEntry->m_uiOffset];
             oRow.m_sOtherwise = oRow.m_sOtherwise.empty()
-                                    ? FormatText("the list takes byte %02x for VIC %u (standard %u)", uiByte,
-                                                 oOrigin.m_uiCode, oOrigin.m_uiIndex)
+                                    ? DescribeOtherCode(uiByte) + FormatText(" (standard %u)", oOrigin.m_uiIndex)
                                     : oRow.m_sOtherwise;
             return;
         }
@@ -217,6 +216,12 @@ std::string GetShortRate(const SZorMode& oMode)
     std::string sText = FormatText("%.2f", GetRate(oMode));
     sText.erase(sText.find_last_not_of('0') + 1);
     return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
+}
+
+std::string DescribeOtherCode(unsigned int uiByte)
+{
+    return FormatText("the list takes byte %02x for VIC %u", uiByte,
+                      ZorStandards::ReadListedShortVideo(uiByte).m_uiCode);
 }
 
 std::string GetSourceText(const SModeRow& oRow)

@@ -54,6 +54,9 @@ std::string GetShortRate(const SZorMode& oMode);
 // Hz; 0 where no rate is given.
 double GetRate(const SZorMode& oMode);
 
+// "the list takes byte db for VIC 91", of a byte of ZorStandards::IsListedAsOther.
+std::string DescribeOtherCode(unsigned int uiByte);
+
 // Where a row comes from, the same for all rows of a kind and block: "Established timings", "Video codes, block 1".
 std::string GetSourceText(const SModeRow& oRow);
 

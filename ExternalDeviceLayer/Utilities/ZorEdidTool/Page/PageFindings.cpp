@@ -113,7 +113,7 @@ void AddList(const SPage& oPage, SMarkup oTitle, const std::vector<SDifference>&
 std::string GetLongName(const SModeRow& oRow)
 {
     const unsigned long long ullClock = oRow.m_oMode.m_ullClock;
-    return GetModeName(oRow.m_oMode) + (ullClock == 0 ? "" : ", " + GetMegaHertz(ullClock, 3) + " MHz");
+    return GetModeTitle(oRow.m_oMode) + (ullClock == 0 ? "" : ", " + GetMegaHertz(ullClock, 3) + " MHz");
 }
 
 // "Video codes, block 1: VIC 16, native"

@@ -48,7 +48,7 @@ std::string DescribeLook(const SPageImage& oImage)
 std::string DescribePreferredMode(const SPageImage& oImage)
 {
     const SModeRow* poPreferred = oImage.m_oModes.FindPreferred();
-    return poPreferred != nullptr ? GetModeName(poPreferred->m_oMode) : "";
+    return poPreferred != nullptr ? GetModeTitle(poPreferred->m_oMode) : "";
 }
 
 // The pixels, then the modes that the image itself calls native.
@@ -62,7 +62,7 @@ std::string DescribeNative(const SPageImage& oImage)
     }
     for (const SModeRow& oRow : oImage.m_oModes.GetRows())
     {
-        asTexts.push_back(oRow.m_oMode.m_bNative && !oRow.m_bPartner ? GetModeName(oRow.m_oMode) : "");
+        asTexts.push_back(oRow.m_oMode.m_bNative && !oRow.m_bPartner ? GetModeTitle(oRow.m_oMode) : "");
     }
     return Join(asTexts);
 }
@@ -281,7 +281,7 @@ std::string WithTimes(std::string sText)
 
 std::string GetModeSize(const SZorMode& oMode) { return WithTimes(GetSizeText(oMode)); }
 
-std::string GetModeName(const SZorMode& oMode)
+std::string GetModeTitle(const SZorMode& oMode)
 {
     const std::string sRate = GetRate(oMode) == 0 ? "" : " at " + GetShortRate(oMode) + " Hz";
     return GetModeSize(oMode) + sRate + (oMode.m_bInterlaced && !sRate.empty() ? " (fields)" : "");

@@ -23,7 +23,7 @@ CHtml MakeColours(const SPage& oPage);
 std::string DescribeColours(const SPageImage& oImage);
 
 // A mode in short: "1920 × 1080 at 59.94 Hz", "1920 × 1080i at 60 Hz (fields)", "640 × 480" without a rate.
-std::string GetModeName(const SZorMode& oMode);
+std::string GetModeTitle(const SZorMode& oMode);
 // "1920 × 1080i"
 std::string GetModeSize(const SZorMode& oMode);
 // kHz; 0 without a timing.

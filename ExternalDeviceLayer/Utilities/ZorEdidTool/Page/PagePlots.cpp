@@ -162,7 +162,7 @@ private:
     {
         const SZorMode& oMode = oRow.m_oMode;
         const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oMode);
-        const std::string sMode = GetModeName(oMode) + (bOutside ? " (outside the range limits)" : "");
+        const std::string sMode = GetModeTitle(oMode) + (bOutside ? " (outside the range limits)" : "");
         if (m_bLineRate && !oMode.m_bTiming)
         {
             m_asBare.insert(sMode);

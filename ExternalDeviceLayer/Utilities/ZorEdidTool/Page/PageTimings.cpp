@@ -62,7 +62,7 @@ public:
     CHtml Make(unsigned int uiNumber) const
     {
         CHtml oHtml;
-        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>" << SText{ GetModeName(m_oMode) }
+        oHtml << "<figure class=\"picture\" id=\"p" << uiNumber << "\">\n<figcaption>" << SText{ GetModeTitle(m_oMode) }
               << "</figcaption>\n";
         if (!m_oMode.m_bTiming)
         {
@@ -338,7 +338,7 @@ void AddRow(CHtml& oHtml, unsigned int uiPicture, const STimingRow& oRow, const 
           << "\"><label><input type=\"radio\" name=\"timing\" value=\"" << uiPicture << "\"";
     if (!oModeRow.IsListed())
     {
-        oHtml << " aria-label=\"" << SText{ GetModeName(oMode) } << "\"";
+        oHtml << " aria-label=\"" << SText{ GetModeTitle(oMode) } << "\"";
     }
     oHtml << "> " << SText{ GetNumbers(oRow) } << "</label></th>";
     if (oPage.IsPair())

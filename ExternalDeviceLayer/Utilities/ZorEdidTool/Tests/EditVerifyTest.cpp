@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Damages.h"
 #include "ByteDiff.h"
+#include "Damages.h"
 #include "EditVerify.h"
 #include "OsServices.h"
 #include "SharedFiles.h"

@@ -430,6 +430,9 @@ class ModesTest(ToolTest):
             ("a wrong checksum", change({0x7F: "13"}, fix=False), 1),
             ("the width of the first timing", change({0x42: "55"}), 1),
             ("a speaker", change({0x99: "05"}), 1),
+            ("a native bit", change({0x85: "81"}), 1),
+            ("the count of native timings", change({0x83: "72"}), 1),
+            ("a mode that another field announces", change({0x8A: "04", 0x8B: "13"}), 0),
             ("established timings", change({0x23: "b4"}), 0),
         ]:
             with self.subTest(name):

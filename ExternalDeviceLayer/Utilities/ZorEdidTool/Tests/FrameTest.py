@@ -24,7 +24,7 @@ with open(MONITOR, "rb") as image_file:
     IMAGE = image_file.read()
 with open(COMMAND, "rb") as command_file:
     SANITIZED = re.search(b"__[at]san_init", command_file.read()) is not None
-SUBCOMMANDS = "report", "modes", "compare", "check", "explain", "page", "edit", "timing", "list", "convert"
+SUBCOMMANDS = "show", "report", "modes", "compare", "check", "explain", "page", "edit", "timing", "list", "convert"
 MARKER = " " * 8 + "_" * 40 + "\n"
 
 
@@ -494,9 +494,9 @@ class ManyFiles(FolderCase):
 
     def test_messages_of_the_library(self):
         broken = self.write("broken", IMAGE[:126] + b"\x01" + bytes([(IMAGE[127] + IMAGE[126] - 1) % 256]) + bytes(128))
-        self.assertEqual("", run("report", broken)[2])
-        status, out, error = run("report", broken, "--verbose")
-        self.assertEqual((0, run("report", broken)[1]), (status, out))
+        self.assertEqual("", run("show", broken)[2])
+        status, out, error = run("show", broken, "--verbose")
+        self.assertEqual((0, run("show", broken)[1]), (status, out))
         self.assertEqual("zoredid: %s: taken for raw image\n" % broken, error)  # and no assertion of the library
         text = MARKER + "0 |  00  FF\n"  # the library's loader would print its size
         self.assertEqual((3, b""), run("report", "-", data=text.encode())[:2])
@@ -519,7 +519,7 @@ class CommandLine(unittest.TestCase):
                                 (("help", "x"), "unknown subcommand 'x'"),
                                 (("-v", "a\nb"), "unknown subcommand 'a\\nb'"), (("--json",), "unknown option '--json'")):
             self.assertRegex(run(*arguments)[2],
-                             "^zoredid: " + re.escape(what) + "; expected one of report .*convert")
+                             "^zoredid: " + re.escape(what) + "; expected one of show report .*convert")
 
     def test_what_was_meant(self):
         for arguments, meant in ((("reprt", MONITOR), "report"), (("help", "tim"), "timing"), (("-v", "lisst"), "list"),

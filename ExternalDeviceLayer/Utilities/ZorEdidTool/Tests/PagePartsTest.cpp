@@ -250,7 +250,7 @@ TEST(PageModes, StandInTheTableThePicturesAndThePlots)
     {
         if (!oRow.IsListed())
         {
-            asModes.push_back(GetModeName(oRow.m_oMode) + (oRow.m_oMode.m_bTiming ? "" : " bare"));
+            asModes.push_back(GetModeTitle(oRow.m_oMode) + (oRow.m_oMode.m_bTiming ? "" : " bare"));
         }
     }
     // The codes 16 and 4, and Types I and II are modes that the library lists.
@@ -359,7 +359,7 @@ TEST(PageTimings, RatesAndPicturesOfAnInterlacedMode)
     std::copy(aui8Timing.begin(), aui8Timing.end(), aui8Image.begin() + 0x36);
     const SPage oPage = MakePageOf({ aui8Image });
     EXPECT_EQ("1920 \u00D7 1080i at 60 Hz (fields)",
-              GetModeName(oPage.m_apoImages[0]->m_oModes.GetRows().at(0).m_oMode));
+              GetModeTitle(oPage.m_apoImages[0]->m_oModes.GetRows().at(0).m_oMode));
     const std::string sHtml = MakeTimings(oPage).Get();
     // Sync and back porch come before the active pixels: 44 + 148, and 2 x 5 and the 31 lines that are left of 1125.
     EXPECT_TRUE(Has(sHtml, "Modeline &quot;1920x1080i_60&quot; 74.25 1920 ")); // fields here, too

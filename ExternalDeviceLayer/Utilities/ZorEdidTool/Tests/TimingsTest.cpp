@@ -293,7 +293,8 @@ TEST_F(ListedTimings, ExtensionsInJson)
         MakeEdid({ FixChecksums(ParseBytes("02 03 1B 70 29 09 05 02 15 04 50 57 40 03 83 89 01 00 68 03 0C 00 10 00 50 "
                                            "2D 00 ..128")),
                    MakeFullDisplayIdBlock(), aui8Broken }));
-    ordered_json oJson = ordered_json::parse(MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line)); // not const: what is missing reads as null
+    ordered_json oJson = ordered_json::parse(
+        MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line)); // not const: what is missing reads as null
     ASSERT_EQ(3U, oJson["extensions"].size());
     ordered_json& oCea = oJson["extensions"][0];
     const auto fnParse = [](const char* pszText) { return ordered_json::parse(pszText); };
@@ -336,7 +337,7 @@ TEST_F(ListedTimings, TilesAndTextsInJson)
         Load(FixChecksums(aui8Image));
         ordered_json oJson = ordered_json::parse(MakeImage(m_oInput, m_oImage, CJsonWriter::eStyle_Line));
         ordered_json oExpected = { { "column", 1 }, { "row", 0 },      { "columns", 2 },
-                                             { "rows", 2 },   { "width", 1920 }, { "height", 1080 } };
+                                   { "rows", 2 },   { "width", 1920 }, { "height", 1080 } };
         for (const char* pszFlag : { "single_enclosure", "bezel_information", "several_at_location",
                                      "single_at_location", "single_scaled", "single_cloned" })
         {
@@ -358,7 +359,8 @@ TEST(Json, IsWrittenInOneLineWhateverTheBytes)
     oIndented.Member("rate", 59.94);
     oIndented.Member("list", std::vector<int>{ 1, -2 });
     oIndented.EndObject();
-    EXPECT_EQ("{\n  \"format\": \"zoredid\",\n  \"version\": 2,\n  \"rate\": 59.94,\n  \"list\": [\n    1,\n    -2\n  ]\n}",
-              oIndented.GetText());
+    EXPECT_EQ(
+        "{\n  \"format\": \"zoredid\",\n  \"version\": 2,\n  \"rate\": 59.94,\n  \"list\": [\n    1,\n    -2\n  ]\n}",
+        oIndented.GetText());
 }
 } // namespace

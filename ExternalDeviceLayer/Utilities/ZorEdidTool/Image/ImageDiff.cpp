@@ -200,7 +200,7 @@ public:
 private:
     const CZorEdidMap& GetMap(size_t uiImage) const { return m_apoImages[uiImage]->m_oPart.m_oMap; }
 
-    // Of a group also where nothing is left to be said of what it holds.
+    // Of a group within a block also where nothing is left to be said of what it holds.
     bool IsSaid(size_t uiImage, unsigned int uiField) const
     {
         if (uiField == gsc_uiNone)
@@ -215,7 +215,7 @@ private:
         {
             return true;
         }
-        bool bAll = oField.m_eKind == CZorEdidMap::eKind_Group;
+        bool bAll = oField.m_eKind == CZorEdidMap::eKind_Group && oField.m_uiDepth != 0;
         bool bAny = false;
         for (unsigned int i = uiField + 1; i < oField.m_uiEnd && bAll; i = oMap.GetField(i).m_uiEnd)
         {

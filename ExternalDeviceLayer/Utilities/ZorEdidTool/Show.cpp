@@ -213,16 +213,6 @@ void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
 
 // ---- The whole ----
 
-std::string DescribeBlocks(const CZorEdidMap& oMap)
-{
-    std::string sText;
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); i = oMap.GetField(i).m_uiEnd)
-    {
-        sText += (sText.empty() ? "" : ", ") + std::string(oMap.GetField(i).m_pszName);
-    }
-    return FormatText("%u bytes: ", oMap.GetSize()) + sText;
-}
-
 std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
 {
     const unsigned int uiSize = static_cast<unsigned int>(oInput.m_aui8Bytes.size());
@@ -242,11 +232,8 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
         2);
     Add(asHead, "Link", Join({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
     CLines asTail;
-    const bool bHdmi = oFacts.GetLink().m_oCtaRevision.IsSaid();
-    const std::string sHdr = DescribeHdr(oFacts.GetColour());
-    const std::string sRefresh = DescribeVariableRefresh(oFacts.GetLink());
-    Add(asTail, "HDR", sHdr.empty() && bHdmi ? "not announced" : sHdr, 2);
-    Add(asTail, "VRR", sRefresh.empty() && bHdmi ? "not announced" : sRefresh, 2);
+    Add(asTail, "HDR", DescribeHdr(oFacts), 2);
+    Add(asTail, "VRR", DescribeVariableRefresh(oFacts), 2);
     Add(asTail, "Ranges", DescribeRanges(oFacts.GetLink()), 1);
     Add(asTail, "Colour", DescribeColour(oFacts.GetColour()), 2);
     Add(asTail, "Audio", DescribeAudio(oFacts.GetAudio()), 2);

@@ -102,6 +102,11 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
     return sText;
 }
 
+std::string OrNotAnnounced(const std::string& sText, const CFacts& oFacts)
+{
+    return sText.empty() && oFacts.GetLink().m_oCtaRevision.IsSaid() ? "not announced" : sText;
+}
+
 // ---- Audio ----
 
 constexpr const char* gsc_apszAudioNames[] = { "",      "PCM",   "AC-3",   "MPEG-1", "MP3", "MPEG-2", "AAC",    "DTS",
@@ -258,8 +263,9 @@ std::string DescribeTransport(const CZorEdidFacts::SLink& oLink)
     return sText;
 }
 
-std::string DescribeVariableRefresh(const CZorEdidFacts::SLink& oLink)
+std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
 {
+    const CFacts::SLink& oLink = oFacts.GetLink();
     constexpr const char* apszSources[] = { "HDMI Forum", "AMD", "adaptive sync", "DisplayID", "range limits" };
     std::string sText;
     for (const CFacts::SVariableRefresh& oRange : ListVariableRefresh(oLink))
@@ -269,7 +275,7 @@ std::string DescribeVariableRefresh(const CZorEdidFacts::SLink& oLink)
         Append(sText, sRange + " (" + apszSources[oRange.m_eSource] + ")");
     }
     AppendIf(sText, oLink.m_oNvidia, "a block of NVIDIA");
-    return sText;
+    return OrNotAnnounced(sText, oFacts);
 }
 
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
@@ -289,8 +295,9 @@ std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
     return sText;
 }
 
-std::string DescribeHdr(const CZorEdidFacts::SColour& oColour)
+std::string DescribeHdr(const CZorEdidFacts& oFacts)
 {
+    const CFacts::SColour& oColour = oFacts.GetColour();
     const unsigned int uiEotfs = oColour.m_oEotfs.m_oValue;
     std::string sText;
     Append(sText, HasHdr10(oColour) ? "HDR10" : (uiEotfs & CFacts::eEotf_Pq) != 0 ? "PQ without static metadata" : "");
@@ -300,7 +307,7 @@ std::string DescribeHdr(const CZorEdidFacts::SColour& oColour)
     Append(sText, oColour.m_oDolbyVision.IsSaid() ? "Dolby Vision" : "");
     if (sText.empty())
     {
-        return sText; // luminances of a display without HDR do not belong under HDR
+        return OrNotAnnounced(sText, oFacts); // luminances of a display without HDR do not belong under HDR
     }
     Append(sText,
            oColour.m_oContentMax.m_oValue.m_ui8Code != 0

@@ -24,13 +24,13 @@ std::string DescribeShape(const CZorEdidFacts::SSize& oSize);
 std::string DescribeLink(const CZorEdidFacts& oFacts);
 // "ALLM, QMS, fast Vactive": what helps games and changes of rate.
 std::string DescribeTransport(const CZorEdidFacts::SLink& oLink);
-// "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)".
-std::string DescribeVariableRefresh(const CZorEdidFacts::SLink& oLink);
+// "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; "not announced" where a CTA-861 block could have said it.
+std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts);
 // "48 to 144 Hz, 30 to 160 kHz, clock to 600 MHz".
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink);
 
-// "HDR10, HLG, HDR10+, Dolby Vision; up to 603 cd/m2 ...".
-std::string DescribeHdr(const CZorEdidFacts::SColour& oColour);
+// "HDR10, HLG, HDR10+, Dolby Vision; up to 603 cd/m2 ..."; "not announced" as above.
+std::string DescribeHdr(const CZorEdidFacts& oFacts);
 // Depths, formats and colour spaces.
 std::string DescribeColour(const CZorEdidFacts::SColour& oColour);
 

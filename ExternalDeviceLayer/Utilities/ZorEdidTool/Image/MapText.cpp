@@ -196,6 +196,16 @@ std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int ui
     return sText;
 }
 
+std::string DescribeBlocks(const CZorEdidMap& oMap)
+{
+    std::string sText;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); i = oMap.GetField(i).m_uiEnd)
+    {
+        sText += (sText.empty() ? "" : ", ") + std::string(oMap.GetField(i).m_pszName);
+    }
+    return FormatText("%u bytes: ", oMap.GetSize()) + sText;
+}
+
 const char* GetKindName(CZorEdidMap::EKind eKind)
 {
     constexpr const char* apszNames[] = { "group", "number",   "flag",     "name",   "text",

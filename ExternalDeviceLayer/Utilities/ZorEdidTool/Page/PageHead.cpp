@@ -67,22 +67,6 @@ std::string DescribeNative(const SPageImage& oImage)
     return Join(asTexts);
 }
 
-// Images with a CTA-861 block could have said it.
-std::string OrNotAnnounced(const SPageImage& oImage, const std::string& sText)
-{
-    return sText.empty() && oImage.m_oFacts.GetLink().m_oCtaRevision.IsSaid() ? "not announced" : sText;
-}
-
-std::string DescribeBlocks(const SPageImage& oImage)
-{
-    std::string sText;
-    for (unsigned int i = 0; i < oImage.m_oMap.GetFieldCount(); i = oImage.m_oMap.GetField(i).m_uiEnd)
-    {
-        sText += (sText.empty() ? "" : ", ") + std::string(oImage.m_oMap.GetField(i).m_pszName);
-    }
-    return FormatText("%u bytes: ", oImage.m_oMap.GetSize()) + sText;
-}
-
 struct SFact
 {
     const char* m_pszName;
@@ -99,19 +83,15 @@ constexpr SFact gsc_aoFacts[] = {
     { "Native", DescribeNative },
     { "Link", [](const SPageImage& oImage) { return WithTimes(DescribeLink(oImage.m_oFacts)); } },
     { "Link features", [](const SPageImage& oImage) { return DescribeTransport(oImage.m_oFacts.GetLink()); } },
-    { "Variable refresh",
-      [](const SPageImage& oImage) {
-          return OrNotAnnounced(oImage, DescribeVariableRefresh(oImage.m_oFacts.GetLink()));
-      } },
+    { "Variable refresh", [](const SPageImage& oImage) { return DescribeVariableRefresh(oImage.m_oFacts); } },
     { "Range limits", [](const SPageImage& oImage) { return DescribeRanges(oImage.m_oFacts.GetLink()); } },
     { "Colour",
       [](const SPageImage& oImage) {
           return Join({ DescribeColour(oImage.m_oFacts.GetColour()), DescribeColours(oImage) }, "; ");
       } },
-    { "HDR",
-      [](const SPageImage& oImage) { return OrNotAnnounced(oImage, DescribeHdr(oImage.m_oFacts.GetColour())); } },
+    { "HDR", [](const SPageImage& oImage) { return DescribeHdr(oImage.m_oFacts); } },
     { "Audio", [](const SPageImage& oImage) { return DescribeAudio(oImage.m_oFacts.GetAudio()); } },
-    { "Image", DescribeBlocks },
+    { "Image", [](const SPageImage& oImage) { return DescribeBlocks(oImage.m_oMap); } },
     { "Library",
       [](const SPageImage& oImage) {
           return oImage.m_oLoaded.IsLoaded() ? "" : "refuses the image: " + oImage.m_oLoaded.GetProblem();

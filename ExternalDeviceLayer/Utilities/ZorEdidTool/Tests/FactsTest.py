@@ -148,6 +148,64 @@ class ToolTest(unittest.TestCase):
         return self.load(run("report", "--jsonl", self.save(image), status=0)[0])
 
 
+# A CTA-861 block with codes 97, 95, 16 and 118, HDMI 2.1 with FRL, ALLM and variable refresh, and HDR.
+TELEVISION = bytes.fromhex("02032300" "44615f1076" "67030c001000383c" "6ad85dc401788063023090" "e6060d01605020")
+
+
+class ShowTest(ToolTest):
+    def test_facts_of_a_television(self):
+        image = self.image(with_blocks(TELEVISION))
+        facts = image["facts"]
+        for path, expected in {
+            "link.kind": "hdmi", "link.hdmi_version": 2.1, "link.max_tmds_clock_hz": 600000000, "link.allm": True,
+            "link.frl": {"lanes": 4, "gbps_per_lane": 12}, "link.scdc": True, "link.physical_address": "1.0.0.0",
+            "link.vrr": {"min_hz": 48, "max_hz": 144,
+                         "ranges": [{"source": "hdmi-forum", "min_hz": 48, "max_hz": 144}]},
+            "colour.hdr10": True, "colour.eotfs": ["sdr", "pq", "hlg"], "colour.gamma": 2.2,
+            "colour.content_luminance": {"max": 400, "max_frame_average": 282.8427, "min": 0.063},
+            "size.diagonal_in": 27, "identity.serial_number": 0x2397F,
+        }.items():
+            section, name = path.split(".")
+            self.assertEqual(facts[section][name], expected, path)
+        self.assertNotIn("dsc", facts["link"])
+        self.assertEqual(image["fact_ids"]["link.allm"], "cta.hdmi-forum.allm")
+        self.assertEqual([(mode["vic"], mode["rate_hz"]) for mode in image["modes"] if mode["width"] == 3840],
+                         [(97, 60), (97, 59.94), (95, 30), (95, 29.97), (118, 120), (118, 119.88)])
+        lines = run("show", self.save(with_blocks(TELEVISION)), status=0)[0].splitlines()
+        for line in ["Link      HDMI 2.1, FRL 4 x 12 Gbit/s, TMDS to 600 MHz, ALLM, SCDC",
+                     "          3840x2160  120 119.88 60 59.94 30 29.97", "VRR       48 to 144 Hz (HDMI Forum)",
+                     "HDR       HDR10, HLG; up to 400 cd/m\u00b2, 283 over a whole frame, down to 0.06"]:
+            self.assertIn(line, lines)
+
+    def check(self, out, name):
+        lines = out.splitlines()
+        self.assertLessEqual(len(lines), 25, name)
+        self.assertLessEqual(max(map(len, lines)), 80, out)
+        self.assertNotRegex(out.replace("\n", ""), r"[\x00-\x1f\x7f-\x9f]")
+
+    def test_any_image_fits_a_terminal(self):
+        many = bytes([2, 3, 4 + 1 + 31, 0, 0x5F]) + bytes(range(1, 32))
+        odd = change({0x71: "1b5b324a9b07"})
+        for name, image, status in [
+            ("the example", MONITOR, 0), ("cut", MONITOR[:200], 3), ("a damaged header", change({0: "01"}), 3),
+            ("noise", bytes(i * i % 251 for i in range(640)), 3), ("controls in a name", odd, 0),
+            ("all codes", with_blocks(many, TELEVISION, TELEVISION), 0), ("zeros", bytes(128), 3),
+        ]:
+            with self.subTest(name):
+                out, error = run("show", self.save(image), status=status)
+                self.check(out, name)
+                self.assertEqual("refuses the image" in out, status == 3)
+                self.assertEqual(len(error.splitlines()), 1 if status == 3 else 0)
+        self.assertEqual(run("show", self.save(MONITOR[:127]), status=3)[0], "")
+        for path in sorted(os.listdir(CORPUS)) if CORPUS else []:
+            if path.endswith(".bin"):
+                self.check(run("show", os.path.join(CORPUS, path))[0], path)
+
+    def test_reports_pass_no_controls(self):
+        out = run("report", self.save(change({0x71: "1b5b324a9b07"})), status=0)[0]
+        self.assertNotRegex(out.replace("\n", ""), r"[\x00-\x1f\x7f-\x9f]")
+
+
 class ReportTest(ToolTest):
     def test_text_reports_are_those_of_the_library(self):
         # The images of the suites, whole reports of which the library's tests have stored.

@@ -1,7 +1,8 @@
 // zoredid modes: every mode of an image, by where it comes from, with the numbers that edits take.
 
-#include <algorithm>
+#include <map>
 #include <memory>
+#include <utility>
 
 #include "CommandLine.h"
 #include "ExactTimings.h"
@@ -43,26 +44,22 @@ std::string GetLine(const std::string& sNumber, const std::string& sTiming, cons
 // The groups in the order of their first modes.
 std::string GetText(const CImageModes& oModes)
 {
-    std::vector<std::string> asSources;
+    std::vector<std::pair<std::string, std::string>> asGroups; // sources with their lines
+    std::map<std::string, size_t> auiGroups;
     for (const SModeRow& oRow : oModes.GetRows())
     {
-        const std::string sSource = GetSourceText(oRow);
-        if (std::ranges::find(asSources, sSource) == asSources.end())
+        const auto [itGroup, bNew] = auiGroups.try_emplace(GetSourceText(oRow), asGroups.size());
+        if (bNew)
         {
-            asSources.push_back(sSource);
+            asGroups.emplace_back(itGroup->first, "");
         }
+        asGroups[itGroup->second].second +=
+            GetLine(GetNumberText(oRow), GetExactText(oRow.m_oMode), Join(ListMarks(oRow)));
     }
     std::string sText;
-    for (const std::string& sSource : asSources)
+    for (const auto& [sSource, sLines] : asGroups)
     {
-        sText += sSource + "\n";
-        for (const SModeRow& oRow : oModes.GetRows())
-        {
-            if (GetSourceText(oRow) == sSource)
-            {
-                sText += GetLine(GetNumberText(oRow), GetExactText(oRow.m_oMode), Join(ListMarks(oRow)));
-            }
-        }
+        sText.append(sSource).append("\n").append(sLines);
     }
     sText += oModes.GetStrays().empty() ? "" : "Only in the library's lists\n";
     for (const SImageMode* poStray : oModes.GetStrays())

@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "ExactTimings.h"
@@ -167,14 +168,7 @@ public:
     {
         for (size_t i = 0; i < 2; ++i)
         {
-            for (const SModeRow& oRow : apoImages[i]->m_oModes.GetRows())
-            {
-                // A mode that is announced twice there and once here may be paired with either.
-                if (std::ranges::any_of(aapoOnly[i], [&](const SModeRow* poOnly) { return IsSameMode(*poOnly, oRow); }))
-                {
-                    m_aoOnly[i].insert(oRow.m_poEntry->m_uiOffset);
-                }
-            }
+            AddPlaces(apoImages[i]->m_oModes, aapoOnly[i], m_aoOnly[i]);
         }
     }
 
@@ -198,6 +192,36 @@ public:
     }
 
 private:
+    // The places of these modes, and of all that are the same: a mode that is announced twice here and once there may
+    // be paired with either.
+    static void AddPlaces(const CImageModes& oModes, const std::vector<const SModeRow*>& apoOnly,
+                          std::set<unsigned int>& oPlaces)
+    {
+        using CSize = std::pair<unsigned int, unsigned int>;
+        const auto fnSize = [](const SModeRow& oRow) {
+            return CSize{ oRow.m_oMode.m_uiWidth, oRow.m_oMode.m_uiHeight };
+        };
+        std::map<CSize, std::vector<const SModeRow*>> aoDistinct;
+        const auto fnHas = [&](const SModeRow& oRow) {
+            return std::ranges::any_of(aoDistinct[fnSize(oRow)],
+                                       [&](const SModeRow* poOther) { return IsSameMode(*poOther, oRow); });
+        };
+        for (const SModeRow* poOnly : apoOnly)
+        {
+            if (!fnHas(*poOnly))
+            {
+                aoDistinct[fnSize(*poOnly)].push_back(poOnly);
+            }
+        }
+        for (const SModeRow& oRow : oModes.GetRows())
+        {
+            if (fnHas(oRow))
+            {
+                oPlaces.insert(oRow.m_poEntry->m_uiOffset);
+            }
+        }
+    }
+
     const CZorEdidMap& GetMap(size_t uiImage) const { return m_apoImages[uiImage]->m_oPart.m_oMap; }
 
     // Of a group within a block also where nothing is left to be said of what it holds.
@@ -232,36 +256,39 @@ private:
     {
         const auto [uiFirst, uiSecond] = auiFields;
         return uiFirst != gsc_uiNone && uiSecond != gsc_uiNone &&
-               GetText(GetMap(0), uiFirst) == GetText(GetMap(1), uiSecond) && HaveSameBytes(uiFirst, uiSecond);
-    }
-
-    bool HaveSameBytes(unsigned int uiFirst, unsigned int uiSecond) const
-    {
-        return m_apoImages[0]->m_oPart.GetBytes(uiFirst) == m_apoImages[1]->m_oPart.GetBytes(uiSecond);
+               GetText(GetMap(0), uiFirst) == GetText(GetMap(1), uiSecond) &&
+               m_apoImages[0]->m_oPart.GetBytes(uiFirst) == m_apoImages[1]->m_oPart.GetBytes(uiSecond);
     }
 
     // Takes out what each image has once, in another place of a list.
     void DropMoved(std::vector<SFieldDifference>& aoFields) const
     {
-        for (size_t i = 0; i < aoFields.size();)
+        using CKey = std::tuple<EZorEdidField, std::string, std::vector<unsigned char>>;
+        const auto fnKey = [&](const SFieldDifference& oField, size_t uiImage) {
+            return CKey{ oField.m_eId, oField.m_asValues[uiImage],
+                         m_apoImages[uiImage]->m_oPart.GetBytes(oField.m_auiFields[uiImage]) };
+        };
+        std::multimap<CKey, size_t> auiThere; // what only the second image has
+        for (size_t i = 0; i < aoFields.size(); ++i)
         {
-            const SFieldDifference& oHere = aoFields[i];
-            const auto itThere = std::ranges::find_if(aoFields, [&](const SFieldDifference& oThere) {
-                return oHere.m_auiFields[1] == gsc_uiNone && oThere.m_auiFields[0] == gsc_uiNone &&
-                       oHere.m_eId == oThere.m_eId && oHere.m_asValues[0] == oThere.m_asValues[1] &&
-                       HaveSameBytes(oHere.m_auiFields[0], oThere.m_auiFields[1]);
-            });
-            if (itThere == aoFields.end())
+            if (aoFields[i].m_auiFields[0] == gsc_uiNone)
             {
-                ++i;
-                continue;
+                auiThere.emplace(fnKey(aoFields[i], 1), i);
             }
-            const auto iThere = itThere - aoFields.begin();
-            const auto iHere = static_cast<std::ptrdiff_t>(i);
-            aoFields.erase(aoFields.begin() + std::max(iHere, iThere));
-            aoFields.erase(aoFields.begin() + std::min(iHere, iThere));
-            i -= iThere < iHere ? 1 : 0;
         }
+        std::set<size_t> auiMoved;
+        for (size_t i = 0; i < aoFields.size(); ++i)
+        {
+            const bool bOnlyHere = aoFields[i].m_auiFields[1] == gsc_uiNone;
+            const auto itThere = bOnlyHere ? auiThere.find(fnKey(aoFields[i], 0)) : auiThere.end();
+            if (itThere != auiThere.end())
+            {
+                auiMoved.insert({ i, itThere->second });
+                auiThere.erase(itThere);
+            }
+        }
+        size_t uiField = 0;
+        std::erase_if(aoFields, [&](const SFieldDifference&) { return auiMoved.contains(uiField++); });
     }
 
     const CImages& m_apoImages;

@@ -119,7 +119,6 @@ void Check(SCheckOptions& oOptions, STool& oTool)
 {
     SCounts oCounts;
     oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
-    oOptions.m_oFiles.m_bProgress = true;
     if (oOptions.m_bJson)
     {
         oOptions.m_oFiles.m_sBetween = ",\n";

@@ -137,17 +137,26 @@ private:
     std::string m_sProblem;
 };
 
-// A line on standard error that is written over and over, and only on a terminal.
+// A line on standard error that is written over and over in a run of more than a second, and only on a terminal.
 class CProgress
 {
 public:
-    CProgress(bool bWanted, size_t uiCount) : m_uiCount(uiCount), m_bShown(bWanted && isatty(STDERR_FILENO) != 0) {}
+    explicit CProgress(size_t uiCount)
+        : m_uiCount(uiCount), m_bShown(isatty(STDERR_FILENO) != 0),
+          m_bOutputBeside(m_bShown && isatty(STDOUT_FILENO) != 0),
+          m_oNext(std::chrono::steady_clock::now() + std::chrono::seconds(1))
+    {
+    }
 
     void Step()
     {
         ++m_uiDone;
+        if (!m_bShown)
+        {
+            return;
+        }
         const auto oNow = std::chrono::steady_clock::now();
-        if (!m_bShown || oNow < m_oNext)
+        if (oNow < m_oNext)
         {
             return;
         }
@@ -160,7 +169,16 @@ public:
         m_bVisible = true;
     }
 
-    // Before anything else is written to a terminal.
+    // Before results are written; those that go elsewhere leave the line in its place.
+    void MakeRoomForOutput()
+    {
+        if (m_bOutputBeside)
+        {
+            Clear();
+        }
+    }
+
+    // Before anything else is written to standard error, and at the end.
     void Clear()
     {
         if (m_bVisible)
@@ -174,6 +192,7 @@ private:
     size_t m_uiCount;
     size_t m_uiDone = 0;
     bool m_bShown;
+    bool m_bOutputBeside; // standard output is a terminal, too
     bool m_bVisible = false;
     std::chrono::steady_clock::time_point m_oNext;
 };
@@ -246,19 +265,20 @@ class CPrinter
 {
 public:
     CPrinter(const SFiles& oFiles, size_t uiCount, STool& oTool)
-        : m_oFiles(oFiles), m_oTool(oTool), m_oProgress(oFiles.m_bProgress, uiCount)
+        : m_oFiles(oFiles), m_oTool(oTool), m_oProgress(uiCount)
     {
         PrintResult(m_oFiles.m_sHead);
     }
 
     void Print(const SOutcome& oOutcome)
     {
-        if (!oOutcome.m_sOut.empty() || !oOutcome.m_sError.empty())
+        if (!oOutcome.m_sError.empty())
         {
             m_oProgress.Clear();
         }
         if (!oOutcome.m_sOut.empty())
         {
+            m_oProgress.MakeRoomForOutput();
             PrintResult(m_bFirst ? "" : m_oFiles.m_sBetween);
             m_bFirst = false;
         }

@@ -20,7 +20,6 @@ struct SFiles
     std::string m_sCommand; // the subcommand, for its help
 
     // Set by subcommands, not by the command line.
-    bool m_bProgress = false;        // a progress bar, which only a terminal shows
     bool m_bTurnsForBadOnes = false; // an input that cannot be read has a turn, too, which then answers for it
     std::string m_sHead;             // standard output before all turns, unless the run itself is refused
     std::string m_sBetween;          // between the standard outputs of two turns, such as a comma

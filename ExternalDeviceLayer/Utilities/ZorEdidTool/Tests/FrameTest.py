@@ -429,10 +429,13 @@ class ManyFiles(FolderCase):
             self.assertEqual((3, 2), (one[0], one[2].count("\n")), arguments)
             self.assertIn(names[-1].encode(), one[1], arguments)  # those after the two are done
 
-    def test_a_progress_bar_on_a_terminal_only(self):
-        def errors_on_a_terminal(*arguments):
+    def test_progress_of_a_long_run_on_a_terminal(self):
+        def on_a_terminal(*arguments, seconds=0, beside=False):
             ours, theirs = pty.openpty()
-            subprocess.run([COMMAND, *arguments], stdout=subprocess.DEVNULL, stderr=theirs, timeout=60, check=False)
+            with subprocess.Popen([COMMAND, *arguments], stderr=theirs, stdout=theirs if beside else subprocess.DEVNULL):
+                if seconds:
+                    time.sleep(seconds)
+                    self.write("pipe")
             os.write(theirs, b"end")
             text = b""
             while not text.endswith(b"end"):
@@ -441,10 +444,18 @@ class ManyFiles(FolderCase):
             os.close(ours)
             return text[:-3]
 
-        names = [MONITOR] * 50
-        self.assertRegex(errors_on_a_terminal("check", *names), rb"^\r\[[#.]+\] \d+/50\r.*\x1b\[K$")  # and gone at the end
-        self.assertEqual(b"", errors_on_a_terminal("report", *names))
-        self.assertEqual("", run("check", *names)[2])
+        os.mkfifo(self.path("pipe"))
+        names = self.path("pipe"), *[MONITOR] * 5
+        for arguments in (("check", "-j", "1"), ("report", "-j", "2"), ("report", "--jsonl", "-j", "1")):
+            text = on_a_terminal(*arguments, *names, seconds=1.3)
+            self.assertRegex(text, rb"^\r\[[#.]+\] 1/6.*\r\x1b\[K$")  # and gone at the end
+            self.assertEqual(1, text.count(b"\x1b"))  # not cleared for output that goes elsewhere
+            self.assertEqual(b"", on_a_terminal(*arguments, *names[1:]))
+        text = on_a_terminal("report", "-j", "1", *names, self.path("none"), seconds=1.3)
+        self.assertRegex(text, rb"\r\x1b\[Kzoredid: ")
+        bad = self.write("bad", IMAGE[:-1])
+        text = on_a_terminal("check", "-j", "1", *names, bad, seconds=1.3, beside=True)
+        self.assertRegex(text, rb"\] 1/7\r\x1b\[K" + re.escape(bad.encode()) + b": block ")
 
     def test_memory_does_not_grow_with_the_number_of_files(self):
         for arguments in (("report",), ("report", "--jsonl"), ("check",)):

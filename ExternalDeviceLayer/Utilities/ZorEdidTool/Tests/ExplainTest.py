@@ -213,7 +213,7 @@ class ExplainTest(ToolTest):
     def test_colours_on_a_terminal_only(self):
         path = self.save(MONITOR)
         plain = run("explain", path, status=0)[0]
-        for variables, coloured in [({}, True), ({"NO_COLOR": "1"}, False), ({"TERM": "dumb"}, False)]:
+        for variables, coloured in [({}, True), ({"NO_COLOR": ""}, True), ({"NO_COLOR": "0"}, False), ({"TERM": "dumb"}, False)]:
             with self.subTest(variables):
                 out = self.run_on_terminal([COMMAND, "explain", path], variables)
                 self.assertEqual("\x1b[" in out, coloured)

@@ -681,8 +681,8 @@ void TryModes(const std::string& sImage, const CBytes& aui8Image, std::vector<SE
     }
     for (const unsigned int uiCode : oCodes)
     {
-        constexpr unsigned int auiHdmi[] = { 0, 95, 94, 93, 98 };
         const auto fnGoes = [uiCode](const SZorMode& o) {
+            constexpr unsigned int auiHdmi[] = { 0, 95, 94, 93, 98 };
             return (o.m_eKind == SZorMode::eModeKind_Vic && o.m_uiCode == uiCode) ||
                    (o.m_eKind == SZorMode::eModeKind_HdmiVic && auiHdmi[o.m_uiCode] == uiCode);
         };

@@ -103,6 +103,10 @@ SOutcome PrintModes(const SModesOptions& oOptions, const SInput& oInput)
         oOutcome = RefuseInput(oInput, oImage.GetProblem() + "; its modes have no numbers");
     }
     const CImageModes oModes(oInput.m_aui8Bytes, oImage.IsLoaded() ? &oImage.GetEdid() : nullptr, aoListed);
+    if (oModes.GetRows().empty())
+    {
+        oOutcome.m_sError += MakeErrorLine(oInput.m_sName, "announces no modes");
+    }
     oOutcome.m_sOut = oOptions.m_bJson ? MakeImageOfModes(oInput, oImage, oModes, CJsonWriter::eStyle_Indented) + "\n"
                       : oOptions.m_bModeline ? GetModelines(oModes)
                                              : GetText(oModes);

@@ -38,27 +38,52 @@ size_t CountColumns(const std::string& sText)
         std::ranges::count_if(sText, [](char cNext) { return (static_cast<unsigned char>(cNext) & 0xC0U) != 0x80U; }));
 }
 
-// Breaks at blanks into lines of these columns. What does not fit into the last one ends in "...".
+// The bytes of as many characters as fit into these columns.
+size_t CountBytes(const std::string& sText, size_t uiColumns)
+{
+    size_t uiBytes = 0;
+    while (uiBytes < sText.size() && CountColumns(sText.substr(0, uiBytes + 1)) <= uiColumns)
+    {
+        ++uiBytes;
+    }
+    return uiBytes;
+}
+
+// Breaks at blanks into lines of these columns, and words that are longer than a line. What does not fit into the last
+// one ends in "...".
 CLines Wrap(const std::string& sText, size_t uiColumns, size_t uiMostLines)
 {
-    constexpr char szCut[] = " ...";
+    constexpr char szCut[] = "...";
     CLines asLines(1);
     for (size_t uiStart = 0; uiStart < sText.size();)
     {
         const size_t uiEnd = std::min(sText.find(' ', uiStart), sText.size());
         const std::string sWord = sText.substr(uiStart, uiEnd - uiStart);
         const bool bLast = asLines.size() == uiMostLines;
-        const size_t uiRoom = uiColumns - (bLast && uiEnd < sText.size() ? sizeof(szCut) - 1 : 0);
         std::string& sLine = asLines.back();
-        if (sLine.empty() || CountColumns(sLine) + 1 + CountColumns(sWord) <= uiRoom)
+        const std::string sAhead = sLine.empty() ? "" : sLine + " ";
+        const size_t uiRoom = uiColumns - std::min(uiColumns, CountColumns(sAhead));
+        const bool bFits = CountColumns(sWord) <= uiRoom;
+        const bool bRestFits = CountColumns(sText.substr(uiStart)) <= uiRoom;
+        if (bLast ? bRestFits || CountColumns(sWord) + sizeof(szCut) <= uiRoom : bFits)
         {
-            sLine += (sLine.empty() ? "" : " ") + sWord;
+            sLine = sAhead + sWord;
             uiStart = uiEnd + 1;
         }
         else if (bLast)
         {
-            sLine += szCut;
+            constexpr size_t uiWorthCutting = 20; // columns; a shorter word is left out
+            const size_t uiLeft = uiRoom - std::min(uiRoom, sizeof(szCut) - 1);
+            const bool bCut = CountColumns(sWord) > uiWorthCutting && uiLeft != 0;
+            sLine = sAhead + (bCut ? sWord.substr(0, CountBytes(sWord, uiLeft)) : "") + szCut;
             break;
+        }
+        else if (CountColumns(sWord) > uiColumns)
+        {
+            const size_t uiTaken = CountBytes(sWord, uiRoom);
+            sLine = sAhead + sWord.substr(0, uiTaken);
+            uiStart += uiTaken;
+            asLines.emplace_back();
         }
         else
         {
@@ -134,6 +159,12 @@ std::string GetRateText(double dRate)
     return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
 }
 
+bool Has420Only(const CImageModes& oModes)
+{
+    return std::ranges::any_of(oModes.GetRows(),
+                               [](const SModeRow& oRow) { return oRow.m_oMode.m_eY420 == SZorMode::eY420_Only; });
+}
+
 // A line a size, the largest ones first, as many as there is room for.
 void AddModes(CLines& asLines, const CImageModes& oModes, size_t uiRoom)
 {
@@ -148,10 +179,11 @@ void AddModes(CLines& asLines, const CImageModes& oModes, size_t uiRoom)
     Add(asLines, "Modes",
         poPreferred != nullptr
             ? "prefers " + GetSizeText(poPreferred->m_oMode) + " at " + GetShortRate(poPreferred->m_oMode) + " Hz"
-            : "prefers none",
+            : "no preferred mode",
         1);
-    const bool bCut = aoSizes.size() + 1 > uiRoom;
-    const size_t uiShown = bCut ? uiRoom - 2 : aoSizes.size();
+    const size_t uiLegend = Has420Only(oModes) ? 1 : 0;
+    const bool bCut = aoSizes.size() + 1 + uiLegend > uiRoom;
+    const size_t uiShown = bCut ? uiRoom - 2 - uiLegend : aoSizes.size();
     for (size_t i = 0; i < uiShown; ++i)
     {
         std::string sRates;
@@ -159,20 +191,15 @@ void AddModes(CLines& asLines, const CImageModes& oModes, size_t uiRoom)
         {
             sRates += (sRates.empty() ? "" : " ") + (dRate == 0 ? "-" : GetRateText(dRate)) + (bOnly ? "*" : "");
         }
-        const std::string sSize = FormatText("%-*s", static_cast<int>(uiSizeColumns), aoSizes[i].first.c_str());
+        const std::string sSize = FormatText("%-*s ", static_cast<int>(uiSizeColumns) - 1, aoSizes[i].first.c_str());
         asLines.push_back(std::string(gsc_uiNameColumns, ' ') + sSize +
-                          Wrap(sRates, gsc_uiTextColumns - uiSizeColumns, 1)[0]);
+                          Wrap(sRates, gsc_uiTextColumns - sSize.size(), 1)[0]);
     }
     if (bCut)
     {
         Add(asLines, "", FormatText("and %zu smaller sizes: see zoredid modes", aoSizes.size() - uiShown), 1);
     }
-}
-
-bool Has420Only(const CImageModes& oModes)
-{
-    return std::ranges::any_of(oModes.GetRows(),
-                               [](const SModeRow& oRow) { return oRow.m_oMode.m_eY420 == SZorMode::eY420_Only; });
+    Add(asLines, "", uiLegend != 0 ? "* in YCbCr 4:2:0 only" : "", 1);
 }
 
 // ---- Findings ----
@@ -202,9 +229,11 @@ void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
         {
             if (oFinding.m_eSeverity == eSeverity && uiNamed++ < uiMost)
             {
+                const std::string sField = oFinding.m_sField.substr(oFinding.m_sField.rfind('>') + 1);
                 Add(asLines, "",
-                    FormatText("%s: block %u, ", GetNoteName(eSeverity), oFinding.m_uiBlock) + oFinding.m_sField +
-                        ": " + oFinding.m_sWhat,
+                    FormatText("%s: %s (block %u,", GetNoteName(eSeverity), oFinding.m_sWhat.c_str(),
+                               oFinding.m_uiBlock) +
+                        (sField.starts_with(' ') ? "" : " ") + sField + ")",
                     1);
             }
         }
@@ -223,11 +252,12 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
     const CImageModes oModes(oInput.m_aui8Bytes, nullptr, {}); // numbers are not shown
     const CZorEdidFacts::SIdentity& oIdentity = oFacts.GetIdentity();
     const std::string sSerial = DescribeSerial(oIdentity);
+    const std::string sDate = (oIdentity.m_oYear.IsSaid() ? "made in " : "") + DescribeDate(oIdentity);
 
     CLines asHead;
     Add(asHead, "Monitor", Join({ DescribeMaker(oIdentity) + " " + DescribeName(oIdentity) }), 1);
     Add(asHead, "",
-        Join({ DescribeSize(oFacts.GetSize()), DescribeShape(oFacts.GetSize()), DescribeDate(oIdentity),
+        Join({ DescribeSize(oFacts.GetSize()), DescribeShape(oFacts.GetSize()), sDate,
                sSerial.empty() ? "" : "serial " + sSerial }),
         2);
     Add(asHead, "Link", Join({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
@@ -240,7 +270,6 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
     Add(asTail, "Image", DescribeBlocks(oMap), 1);
     AddFindings(asTail, CheckImage(oMap, GetThisYear()));
     Add(asTail, "Library", oImage.IsLoaded() ? "" : "refuses the image: " + oImage.GetProblem(), 1);
-    Add(asTail, "", Has420Only(oModes) ? "* in YCbCr 4:2:0 only" : "", 1);
 
     CLines asLines = asHead;
     AddModes(asLines, oModes, gsc_uiMostLines - asHead.size() - asTail.size());
@@ -286,10 +315,10 @@ void DeclareShowOptions(COptions& oCommand, STool& oTool)
     const auto poOptions = std::make_shared<SShowOptions>();
     DeclareFiles(oCommand, poOptions->m_oFiles);
     DeclareJson(oCommand, poOptions->m_oJson);
-    oCommand.Footer(
-        "At most 25 lines of 80 columns an image, damaged or not; modes by size with all of their rates.\n\n"
-        "Examples:\n"
-        "  zoredid show monitor.bin\n"
-        "  zoredid show --jsonl *.bin | jq -r 'select(.facts.colour.hdr10 and .facts.link.vrr) | .file'");
+    oCommand.Footer("At most 25 lines of 80 columns an image, damaged or not, after its name where there are several; "
+                    "modes by size.\n\n"
+                    "Examples:\n"
+                    "  zoredid show monitor.bin\n"
+                    "  zoredid show --jsonl *.bin | jq -r 'select(.facts.colour.hdr10 and .facts.link.vrr) | .file'");
     oCommand.Run([poOptions, &oTool] { Show(*poOptions, oTool); });
 }

@@ -412,8 +412,38 @@ size_t CCommandLine::FindFirstWord() const
     return m_asArguments.size();
 }
 
+// The first option that is not one of the program, where no word is a subcommand and one may be a file; else the number
+// of arguments.
+size_t CCommandLine::FindOptionOfDefault() const
+{
+    bool bFile = false;
+    for (const std::string& sArgument : m_asArguments)
+    {
+        if (HasSubcommand(sArgument) || sArgument == "help")
+        {
+            return m_asArguments.size();
+        }
+        bFile = bFile || (!IsOption(sArgument) && LooksLikeFile(sArgument));
+    }
+    for (size_t i = m_asArguments.size(); i-- > 0 && bFile;)
+    {
+        const CLI::Option* poOption = std::as_const(*m_poApp).get_option_no_throw(m_asArguments[i]);
+        if (poOption == nullptr)
+        {
+            return IsOption(m_asArguments[i]) ? i : m_asArguments.size();
+        }
+        i -= poOption->get_expected_max() > 0 && i > 0 ? 1 : 0;
+    }
+    return m_asArguments.size();
+}
+
 void CCommandLine::TakeHelpAndDefault()
 {
+    if (const size_t uiOption = FindOptionOfDefault(); uiOption != m_asArguments.size() && HasSubcommand(m_sDefault))
+    {
+        m_asArguments.insert(m_asArguments.begin() + static_cast<std::ptrdiff_t>(uiOption) + 1, m_sDefault);
+        return;
+    }
     const size_t uiFirst = FindFirstWord();
     if (uiFirst == m_asArguments.size() || HasSubcommand(m_asArguments[uiFirst]))
     {

@@ -117,6 +117,7 @@ private:
     std::vector<std::string> ListSubcommands() const;
     std::string AskForOption(const std::string& sArgument) const;
     size_t FindFirstWord() const;
+    size_t FindOptionOfDefault() const;
     void TakeHelpAndDefault();
     void DeclareNamed();
     std::string ListForCompletion() const;

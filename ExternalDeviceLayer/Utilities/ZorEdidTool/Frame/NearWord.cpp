@@ -4,24 +4,30 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace
 {
 constexpr size_t gsc_uiFar = 3; // letters
 
-// Letters to put in, take out or replace.
+// Letters to put in, take out or replace, and neighbours to exchange.
 size_t CountEdits(const std::string& sFrom, const std::string& sTo)
 {
     std::vector<size_t> auiRow(sTo.size() + 1); // the edits to each beginning of sTo
     std::iota(auiRow.begin(), auiRow.end(), size_t{ 0 });
-    for (const char cFrom : sFrom)
+    std::vector<size_t> auiBefore; // the same for one letter less
+    for (size_t i = 0; i < sFrom.size(); ++i)
     {
-        size_t uiDiagonal = auiRow[0]++;
-        for (size_t i = 0; i < sTo.size(); ++i)
+        const std::vector<size_t> auiTwoBefore = std::exchange(auiBefore, auiRow);
+        ++auiRow[0];
+        for (size_t j = 0; j < sTo.size(); ++j)
         {
-            const size_t uiReplaced = uiDiagonal + (sTo[i] == cFrom ? 0 : 1);
-            uiDiagonal = auiRow[i + 1];
-            auiRow[i + 1] = std::min({ uiReplaced, auiRow[i] + 1, auiRow[i + 1] + 1 });
+            const size_t uiReplaced = auiBefore[j] + (sTo[j] == sFrom[i] ? 0 : 1);
+            auiRow[j + 1] = std::min({ uiReplaced, auiRow[j] + 1, auiBefore[j + 1] + 1 });
+            if (i > 0 && j > 0 && sFrom[i] == sTo[j - 1] && sFrom[i - 1] == sTo[j])
+            {
+                auiRow[j + 1] = std::min(auiRow[j + 1], auiTwoBefore[j - 1] + 1);
+            }
         }
     }
     return auiRow.back();

@@ -385,9 +385,10 @@ std::string GetExactModeline(const SZorMode& oMode, const std::string& sName)
 SVics FindExactVics(const SZorMode& oMode)
 {
     SVics oVics;
-    const auto [itBegin, itEnd] =
-        std::ranges::equal_range(gsc_aoCodesByTotal, oMode.m_oHorizontal.m_uiTotal, {}, &SCodeOfTotal::m_uiTotal);
-    for (auto itCode = itBegin; itCode != itEnd; ++itCode)
+    const unsigned int uiTotal = oMode.m_oHorizontal.m_uiTotal;
+    const auto* itCode =
+        std::lower_bound(gsc_aoCodesByTotal.begin(), gsc_aoCodesByTotal.end(), SCodeOfTotal{ uiTotal, 0 });
+    for (; itCode != gsc_aoCodesByTotal.end() && itCode->m_uiTotal == uiTotal; ++itCode)
     {
         SZorMode oCodeMode = {};
         MakeVideoMode(oCodeMode, itCode->m_uiCode);

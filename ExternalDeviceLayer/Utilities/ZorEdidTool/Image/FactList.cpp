@@ -6,7 +6,7 @@
 #include <math.h>
 #include <string_view>
 
-#include "EdidExtBlockCEA861.h"
+#include "FactWords.h"
 #include "JsonWriter.h"
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
@@ -492,12 +492,7 @@ void AddAudioFormat(const CFacts::SAudioFormat& oFormat, unsigned int uiElement,
     {
         fnAdd("audio.formats#.extended_code", static_cast<long long>(oFormat.m_ui8Extended));
     }
-    const CMString sName =
-        CEdidExtBlockCEA861::GetAudioFormatStr(static_cast<CEdidExtBlockCEA861::EAudioFormat>(oFormat.m_ui8Format));
-    if (sName[0] != '\0')
-    {
-        fnAdd("audio.formats#.name", std::string(static_cast<const char*>(sName)));
-    }
+    fnAdd("audio.formats#.name", NameAudioFormat(oFormat));
     if (oFormat.m_ui8Channels != 0)
     {
         fnAdd("audio.formats#.channels", static_cast<long long>(oFormat.m_ui8Channels));

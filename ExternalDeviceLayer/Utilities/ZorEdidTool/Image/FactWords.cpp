@@ -54,6 +54,15 @@ std::string GetMegaHz(unsigned int uiKiloHz)
                : FormatText("%.1f", static_cast<double>(uiKiloHz) / gsc_uiKiloHzPerMegaHz);
 }
 
+// "48 to 144 Hz", "430 kHz"
+std::string GetRange(const SZorFact<CFacts::SRange>& oRange, const char* pszUnit)
+{
+    const auto [uiLeast, uiMost] = oRange.m_oValue;
+    return !oRange.IsSaid()    ? ""
+           : uiLeast == uiMost ? FormatText("%u %s", uiLeast, pszUnit)
+                               : FormatText("%u to %u %s", uiLeast, uiMost, pszUnit);
+}
+
 // No more digits than the code of a luminance is good for.
 std::string GetLuminance(float fLuminance)
 {
@@ -124,22 +133,12 @@ constexpr const char* gsc_apszExtendedNames[] = { "",
                                                   "MPEG-4 AAC LC + Surround",
                                                   "MPEG-H 3D",
                                                   "AC-4",
-                                                  "PCM 3D" };
-
-std::string NameFormat(const CFacts::SAudioFormat& oFormat)
-{
-    const unsigned int uiExtended = oFormat.m_ui8Extended;
-    const char* pszName =
-        uiExtended != 0 && uiExtended < std::size(gsc_apszExtendedNames) ? gsc_apszExtendedNames[uiExtended]
-        : oFormat.m_ui8Format < std::size(gsc_apszAudioNames)            ? gsc_apszAudioNames[oFormat.m_ui8Format]
-                                                                         : "";
-    return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
-}
+                                                  "L-PCM 3D" };
 
 std::string DescribeFormat(const CFacts::SAudioFormat& oFormat)
 {
     constexpr const char* apszRates[] = { "32", "44.1", "48", "88.2", "96", "176.4", "192" };
-    std::string sText = NameFormat(oFormat);
+    std::string sText = NameAudioFormat(oFormat);
     sText += oFormat.m_ui8Channels != 0 ? FormatText(" %uch", oFormat.m_ui8Channels) : "";
     for (size_t i = std::size(apszRates); i-- > 0;)
     {
@@ -200,8 +199,9 @@ std::string DescribeDate(const CZorEdidFacts::SIdentity& oIdentity)
     {
         return "";
     }
-    return FormatText("%u", oIdentity.m_oYear.m_oValue) +
-           (oIdentity.m_oWeek.IsSaid() ? FormatText(" week %u", oIdentity.m_oWeek.m_oValue) : "");
+    const unsigned int uiYear = oIdentity.m_oYear.m_oValue;
+    return oIdentity.m_oWeek.IsSaid() ? FormatText("week %u of %u", oIdentity.m_oWeek.m_oValue, uiYear)
+                                      : FormatText("%u", uiYear);
 }
 
 std::string DescribeSize(const CZorEdidFacts::SSize& oSize)
@@ -225,8 +225,8 @@ std::string DescribeShape(const CZorEdidFacts::SSize& oSize)
                       ? "portrait"
                       : "");
     const CFacts::STile& oTile = oSize.m_oTile.m_oValue;
-    Append(sText, oSize.m_oTile.IsSaid() ? FormatText("tile %u,%u of %u x %u", oTile.m_ui16Column, oTile.m_ui16Row,
-                                                      oTile.m_ui16Columns, oTile.m_ui16Rows)
+    Append(sText, oSize.m_oTile.IsSaid() ? FormatText("tile column %u of %u, row %u of %u", oTile.m_ui16Column + 1U,
+                                                      oTile.m_ui16Columns, oTile.m_ui16Row + 1U, oTile.m_ui16Rows)
                                          : "");
     return sText;
 }
@@ -281,17 +281,12 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
 {
     std::string sText;
-    const CFacts::SRange& oVertical = oLink.m_oVerticalRates.m_oValue;
-    const CFacts::SRange& oHorizontal = oLink.m_oHorizontalRates.m_oValue;
-    Append(sText,
-           oLink.m_oVerticalRates.IsSaid() ? FormatText("%u to %u Hz", oVertical.m_uiLeast, oVertical.m_uiMost) : "");
-    Append(sText, oLink.m_oHorizontalRates.IsSaid()
-                      ? FormatText("%u to %u kHz", oHorizontal.m_uiLeast, oHorizontal.m_uiMost)
-                      : "");
+    Append(sText, GetRange(oLink.m_oVerticalRates, "Hz"));
+    Append(sText, GetRange(oLink.m_oHorizontalRates, "kHz"));
     Append(sText, oLink.m_oMaxPixelClock.m_oValue != 0
                       ? "clock to " + GetMegaHz(oLink.m_oMaxPixelClock.m_oValue) + " MHz"
                       : "");
-    Append(sText, oLink.m_oContinuous.m_oValue ? "every rate between" : "");
+    Append(sText, oLink.m_oContinuous.m_oValue ? "continuous frequency" : "");
     return sText;
 }
 
@@ -311,14 +306,14 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts)
     }
     Append(sText,
            oColour.m_oContentMax.m_oValue.m_ui8Code != 0
-               ? "up to " + GetLuminance(oColour.m_oContentMax.m_oValue.m_fLuminance) + " cd/m\u00B2"
+               ? "peak " + GetLuminance(oColour.m_oContentMax.m_oValue.m_fLuminance) + " cd/m\u00B2"
                : "",
            "; ");
     Append(sText, oColour.m_oContentMaxFrameAverage.m_oValue.m_ui8Code != 0
-                      ? GetLuminance(oColour.m_oContentMaxFrameAverage.m_oValue.m_fLuminance) + " over a whole frame"
+                      ? "frame average " + GetLuminance(oColour.m_oContentMaxFrameAverage.m_oValue.m_fLuminance)
                       : "");
     Append(sText, oColour.m_oContentMin.m_oValue.m_ui8Code != 0
-                      ? "down to " + GetLuminance(oColour.m_oContentMin.m_oValue.m_fLuminance)
+                      ? "minimum " + GetLuminance(oColour.m_oContentMin.m_oValue.m_fLuminance)
                       : "");
     return sText;
 }
@@ -334,11 +329,13 @@ std::string DescribeColour(const CZorEdidFacts::SColour& oColour)
                                       { CFacts::eColorimetry_ICtCp, "ICtCp" },
                                       { CFacts::eColorimetry_XvYcc601 | CFacts::eColorimetry_XvYcc709, "xvYCC" },
                                       { CFacts::eColorimetry_SYcc601, "sYCC" } };
-    std::string sText = oColour.m_oDepth.IsSaid() ? FormatText("%u bits a colour", oColour.m_oDepth.m_oValue) : "";
+    constexpr unsigned int uiRgbOnly = 1U << CFacts::eFormat_Rgb; // what every digital display is taken for
+    const bool bMonochrome = oColour.m_oMonochrome.m_oValue && oColour.m_oFormats.m_oValue <= uiRgbOnly;
+    std::string sText = oColour.m_oDepth.IsSaid() ? FormatText("%u bits per colour", oColour.m_oDepth.m_oValue) : "";
     for (size_t i = 0; i < CFacts::eFormat_Count; ++i)
     {
         const std::string sDepths = GetDepths(oColour.m_aoDepths[i].m_oValue);
-        const bool bFormat = (oColour.m_oFormats.m_oValue >> i & 1U) != 0;
+        const bool bFormat = (oColour.m_oFormats.m_oValue >> i & 1U) != 0 && !bMonochrome;
         Append(sText, bFormat ? apszFormats[i] + (sDepths.empty() ? "" : " " + sDepths) : "");
     }
     AppendIf(sText, oColour.m_oMonochrome, "monochrome");
@@ -350,12 +347,23 @@ std::string DescribeColour(const CZorEdidFacts::SColour& oColour)
     return sText;
 }
 
+std::string NameAudioFormat(const CFacts::SAudioFormat& oFormat)
+{
+    const unsigned int uiExtended = oFormat.m_ui8Extended;
+    const char* pszName =
+        uiExtended != 0 && uiExtended < std::size(gsc_apszExtendedNames) ? gsc_apszExtendedNames[uiExtended]
+        : oFormat.m_ui8Format < std::size(gsc_apszAudioNames)            ? gsc_apszAudioNames[oFormat.m_ui8Format]
+                                                                         : "";
+    return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
+}
+
 std::string DescribeAudio(const CZorEdidFacts::SAudio& oAudio)
 {
     std::string sText;
     for (unsigned int i = 0; i < std::min(oAudio.m_uiFormats, CFacts::msc_uiMostFormats); ++i)
     {
-        Append(sText, DescribeFormat(oAudio.m_aoFormats[i]));
+        const std::string sFormat = DescribeFormat(oAudio.m_aoFormats[i]);
+        Append(sText, (", " + sText + ",").find(", " + sFormat + ",") == std::string::npos ? sFormat : "");
     }
     Append(sText, sText.empty() && oAudio.m_oBasic.m_oValue ? "basic audio (PCM 2ch)" : "");
     return sText.empty() ? oAudio.m_oAudio.m_oValue ? "yes" : oAudio.m_oAudio.IsSaid() ? "none" : "" : sText;

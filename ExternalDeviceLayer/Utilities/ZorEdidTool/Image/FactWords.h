@@ -34,4 +34,7 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts);
 // Depths, formats and colour spaces.
 std::string DescribeColour(const CZorEdidFacts::SColour& oColour);
 
+// "E-AC-3", "AC-4"; "format 15" for a code without a name.
+std::string NameAudioFormat(const CZorEdidFacts::SAudioFormat& oFormat);
+// Formats with their channels and highest rates, each once.
 std::string DescribeAudio(const CZorEdidFacts::SAudio& oAudio);

@@ -98,10 +98,13 @@ private:
     {
         if (IsOther(oRow))
         {
-            const unsigned int uiByte = m_aui8Bytes[oRow.m_poEntry->m_uiOffset];
-            oRow.m_sOtherwise = oRow.m_sOtherwise.empty()
-                                    ? DescribeOtherCode(uiByte) + FormatText(" (standard %u)", oOrigin.m_uiIndex)
-                                    : oRow.m_sOtherwise;
+            oRow.m_auiOtherNumbers.push_back(oOrigin.m_uiIndex);
+            oRow.m_sOtherwise = DescribeOtherCode(m_aui8Bytes[oRow.m_poEntry->m_uiOffset]) + " (standard";
+            for (const unsigned int uiNumber : oRow.m_auiOtherNumbers)
+            {
+                oRow.m_sOtherwise += FormatText("%s %u", uiNumber == oRow.m_auiOtherNumbers[0] ? "" : ",", uiNumber);
+            }
+            oRow.m_sOtherwise += ")";
             return;
         }
         if (oOrigin.m_e420 == STimingOrigin::e420_Also)
@@ -117,16 +120,33 @@ private:
         }
     }
 
-    // The library computes established timings of other makers, rounds clocks to whole Hz, and has a few codes as
-    // earlier editions of the standard had them.
+    // The library computes established timings of other makers, rounds clocks to whole Hz, takes standard timings by
+    // its own rules, and has a few codes as earlier editions of the standard had them.
     static std::string DescribeOther(const SZorMode& oMode, const CVidParamTimingGeneric& oTiming)
     {
         constexpr unsigned long long ullRounding = 2000; // parts of the clock
         const unsigned long long ullListed = oTiming.GetPixelClockInHz();
         const unsigned long long ullFar = oMode.m_ullClock / ullRounding;
-        const bool bClock =
-            oMode.m_bTiming && (ullListed > oMode.m_ullClock + ullFar || oMode.m_ullClock > ullListed + ullFar);
-        return bClock ? "the list has " + GetMegaHertz(ullListed, 3) + " MHz" : "";
+        const SZorMode::SAxis& oAcross = oMode.m_oHorizontal;
+        const SZorMode::SAxis& oDown = oMode.m_oVertical;
+        if (!oMode.m_bTiming)
+        {
+            return "";
+        }
+        if (oTiming.GetHorizontalActive() != oAcross.m_uiActive || oTiming.GetVerticalActive() != oDown.m_uiActive)
+        {
+            return FormatText("the list has %u x %u", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive());
+        }
+        if (ullListed > oMode.m_ullClock + ullFar || oMode.m_ullClock > ullListed + ullFar)
+        {
+            return "the list has " + GetMegaHertz(ullListed, 3) + " MHz";
+        }
+        const bool bSame = oTiming.GetHorizontalFrontPorch() == oAcross.m_uiFront &&
+                           oTiming.GetHorizontalSync() == oAcross.m_uiSync &&
+                           oTiming.ComputeHorizontalTotalPixel() == oAcross.m_uiTotal &&
+                           oTiming.GetVerticalFrontPorch() == oDown.m_uiFront &&
+                           oTiming.GetVerticalSync() == oDown.m_uiSync && GetVerticalTotal(oTiming) == oDown.m_uiTotal;
+        return bSame ? "" : "the list has other porches or syncs";
     }
 
     std::vector<SModeRow>& m_aoRows;

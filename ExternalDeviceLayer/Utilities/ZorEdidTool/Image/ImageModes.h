@@ -22,6 +22,8 @@ struct SModeRow
     unsigned int m_uiNumber = 0;
     unsigned int m_ui420Number = msc_uiNone; // of the same list: the mode once more, in YCbCr 4:2:0
     std::string m_sOtherwise = {};           // what the library's list has in its place; empty for the same
+    // Of a byte that the list takes for another code: its numbers in the list of standard timings.
+    std::vector<unsigned int> m_auiOtherNumbers = {};
 
     bool IsListed() const { return m_eList != CZorEdidMap::eList_None; }
     unsigned int GetBlock() const;

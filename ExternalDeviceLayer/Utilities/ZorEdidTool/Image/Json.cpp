@@ -480,6 +480,14 @@ void WriteMode(const SModeRow& oRow, CJsonWriter& oJson)
         oJson.Member("list", GetListName(oRow.m_eList));
         oJson.Member("index", oRow.m_uiNumber);
     }
+    if (oRow.m_ui420Number != SModeRow::msc_uiNone)
+    {
+        oJson.Member("index_ycbcr420", oRow.m_ui420Number);
+    }
+    if (!oRow.m_auiOtherNumbers.empty())
+    {
+        oJson.Member("indexes_of_other_code", oRow.m_auiOtherNumbers);
+    }
     if (!oRow.m_sOtherwise.empty())
     {
         oJson.Member("listed_otherwise", oRow.m_sOtherwise);

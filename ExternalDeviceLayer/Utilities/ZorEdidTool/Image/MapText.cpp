@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 
 namespace
@@ -198,11 +199,24 @@ std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int ui
 
 std::string DescribeBlocks(const CZorEdidMap& oMap)
 {
+    constexpr std::string_view sEnding = " extension block";
     std::string sText;
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); i = oMap.GetField(i).m_uiEnd)
+    for (unsigned int i = 0; i < oMap.GetFieldCount();)
     {
-        sText += (sText.empty() ? "" : ", ") + std::string(oMap.GetField(i).m_pszName);
+        const std::string_view sName = oMap.GetField(i).m_pszName;
+        unsigned int uiCount = 0;
+        for (; i < oMap.GetFieldCount() && oMap.GetField(i).m_pszName == sName; i = oMap.GetField(i).m_uiEnd)
+        {
+            ++uiCount;
+        }
+        const bool bExtension = sName.ends_with(sEnding);
+        sText += sText.empty() ? "" : ", ";
+        sText += sName.substr(0, sName.size() - (bExtension ? sEnding.size() : 0));
+        sText += uiCount > 1 ? FormatText(" x %u", uiCount) : "";
     }
+    const unsigned int uiBlocks = oMap.GetSize() / ZorStandards::gsc_uiBlockSize;
+    const unsigned int uiCounted = 1 + ZorStandards::CountExtensions(oMap.GetData(), oMap.GetSize());
+    sText += uiBlocks > uiCounted ? FormatText("; %u not counted", uiBlocks - uiCounted) : "";
     return FormatText("%u bytes: ", oMap.GetSize()) + sText;
 }
 

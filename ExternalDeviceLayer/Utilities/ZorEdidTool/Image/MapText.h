@@ -44,7 +44,7 @@ std::string GetOffsetText(unsigned int uiOffset);
 // Offsets in hexadecimal digits from uiStart of the image on, bits after a point: "36-37", "14.7", "38 3a.7-4".
 std::string GetPlaceText(const std::vector<SFieldByte>& aoBytes, unsigned int uiStart);
 
-// "256 bytes: Base block, CTA-861 extension block".
+// "256 bytes: Base block, CTA-861".
 std::string DescribeBlocks(const CZorEdidMap& oMap);
 
 // Lower-case words.

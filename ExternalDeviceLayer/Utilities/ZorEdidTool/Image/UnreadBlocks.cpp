@@ -42,5 +42,14 @@ std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImag
                                                            oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()),
                                                            FindUnreadReason(oBlock.m_pui8Bytes, pszRepair).c_str()));
     }
+    const size_t uiLast = oInput.m_aui8Bytes.size() / CEdidUtils::msc_uiBlockSize - 1;
+    const size_t uiLeft = uiLast - oImage.GetBlocks().size();
+    if (uiLeft != 0)
+    {
+        const std::string sBlocks = uiLeft == 1 ? FormatText("block %zu is", uiLast)
+                                                : FormatText("blocks %zu to %zu are", uiLast - uiLeft + 1, uiLast);
+        sLines += MakeErrorLine(oInput.m_sName,
+                                sBlocks + " not read: the base block does not count " + (uiLeft == 1 ? "it" : "them"));
+    }
     return sLines;
 }

@@ -174,7 +174,7 @@ class ShowTest(ToolTest):
         lines = run("show", self.save(with_blocks(TELEVISION)), status=0)[0].splitlines()
         for line in ["Link      HDMI 2.1, FRL 4 x 12 Gbit/s, TMDS to 600 MHz, ALLM, SCDC",
                      "          3840x2160  120 119.88 60 59.94 30 29.97", "VRR       48 to 144 Hz (HDMI Forum)",
-                     "HDR       HDR10, HLG; up to 400 cd/m\u00b2, 283 over a whole frame, down to 0.06"]:
+                     "HDR       HDR10, HLG; peak 400 cd/m\u00b2, frame average 283, minimum 0.06"]:
             self.assertIn(line, lines)
 
     def check(self, out, name):
@@ -189,6 +189,8 @@ class ShowTest(ToolTest):
         for name, image, status in [
             ("the example", MONITOR, 0), ("cut", MONITOR[:200], 3), ("a damaged header", change({0: "01"}), 3),
             ("noise", bytes(i * i % 251 for i in range(640)), 3), ("controls in a name", odd, 0),
+            ("a name without blanks, of DisplayID", with_blocks(display_id(b"\x00\x00\x50ACI" + bytes(9) + b"\x44" +
+                                                                            b"W" * 68)), 0),
             ("all codes", with_blocks(many, TELEVISION, TELEVISION), 0), ("zeros", bytes(128), 3),
         ]:
             with self.subTest(name):

@@ -533,7 +533,7 @@ class CommandLine(unittest.TestCase):
                              "^zoredid: " + re.escape(what) + "; expected one of show report .*convert")
 
     def test_what_was_meant(self):
-        for arguments, meant in ((("reprt", MONITOR), "report"), (("help", "tim"), "timing"), (("-v", "lisst"), "list"),
+        for arguments, meant in ((("reprt", MONITOR), "report"), (("shwo", MONITOR), "show"), (("help", "tim"), "timing"), (("-v", "lisst"), "list"),
                                  (("--verson",), "--version"), (("report", MONITOR, "--frmat=plain"), "--format"),
                                  (("compare", MONITOR, MONITOR, MONITOR, "--verbos"), "--verbose"),
                                  (("report", MONITOR, "--format", "plian"), "plain"),
@@ -541,6 +541,8 @@ class CommandLine(unittest.TestCase):
             status, out, error = run(*arguments)
             self.assertEqual((2, b"", 1), (status, out, error.count("\n")), error)
             self.assertIn("; did you mean '%s'? (see zoredid" % meant, error)
+        for options in ("--json",), ("-j", "2"), ("-v", "--jsonl"):  # of show, ahead of its files
+            self.assertEqual(run("show", MONITOR, *options), run(*options, MONITOR))
         for arguments in (("quit",), ("report", MONITOR, "--nonsense"), ("report", MONITOR, "--" + "x" * 5000),
                           ("convert", MONITOR, "-o", "-", "--form", "gif")):
             self.assertNotIn("did you mean", run(*arguments)[2])

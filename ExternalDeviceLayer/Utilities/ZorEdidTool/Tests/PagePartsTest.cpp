@@ -387,7 +387,7 @@ TEST(PageHead, FactsInWords)
     } aoCases[] = {
         { aui8Monitor, "Size", "27.0 in, 598 \u00D7 336 mm" },
         { aui8Monitor, "Product", "ASUS VE276, product 0x27f4, serial A8LMTF145791" },
-        { aui8Monitor, "Image", "256 bytes: Base block, CTA-861 extension block" },
+        { aui8Monitor, "Image", "256 bytes: Base block, CTA-861" },
         { aui8Monitor, "Preferred mode", "1920 \u00D7 1080 at 60 Hz" },
         { aui8Monitor, "Native", "1920 \u00D7 1080 at 60 Hz" },
         { aui8Monitor, "HDR", "not announced" },

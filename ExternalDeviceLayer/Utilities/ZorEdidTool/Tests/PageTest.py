@@ -136,7 +136,7 @@ class PageTest(unittest.TestCase):
         page = self.make(self.save(MONITOR))
         text = page.all(tag="main")[0]["text"]
         self.assertEqual(page.all(tag="h1")[0]["text"], "ASUS VE276")
-        for part in ["27.0 in, 598 \u00d7 336 mm", "2010 week 34", "1920 \u00d7 1080 at 60 Hz", "gamma 2.20",
+        for part in ["27.0 in, 598 \u00d7 336 mm", "week 34 of 2010", "1920 \u00d7 1080 at 60 Hz", "gamma 2.20",
                      "The check finds nothing.", "Pixel clock 148.50 MHz 36-37",
                      'Modeline "1920x1080_60" 148.50 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync']:
             self.assertIn(part, text)
@@ -163,7 +163,7 @@ class PageTest(unittest.TestCase):
         facts = self.facts(fix_sums(MONITOR[:128] + block.ljust(128, b"\0")))
         self.assertEqual(facts["Link"], "HDMI 2.0, TMDS to 600 MHz")
         self.assertEqual((facts["Preferred mode"], facts.get("Native")), ("1920 \u00d7 1080 at 60 Hz", None))
-        self.assertEqual(facts["HDR"], "HDR10; up to 400 cd/m\u00b2, 400 over a whole frame, down to 0.02")
+        self.assertEqual(facts["HDR"], "HDR10; peak 400 cd/m\u00b2, frame average 400, minimum 0.02")
         self.assertEqual(facts["Colour"], "RGB 8; BT.2020, gamma 2.20; covers 97 % of sRGB and 76 % of DCI-P3 (area in x, y)")
         # A television of HDMI 2.1: the Forum's block with FRL 6, ALLM and rates from 48 to 120 Hz, and audio.
         data = bytes.fromhex("2309 0707 67030c0010000078 6bd85dc4017880630230 7800".replace(" ", ""))

@@ -432,7 +432,7 @@ size_t CCommandLine::FindOptionOfDefault() const
         {
             return IsOption(m_asArguments[i]) ? i : m_asArguments.size();
         }
-        i -= poOption->get_expected_max() > 0 && i > 0 ? 1 : 0;
+        i -= poOption->get_expected_max() > 0 && i > 0 ? 1U : 0U;
     }
     return m_asArguments.size();
 }

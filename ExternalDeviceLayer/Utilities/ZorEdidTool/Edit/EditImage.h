@@ -101,7 +101,8 @@ public:
 
 private:
     static constexpr const char* msc_pszDamaged = "is damaged: its data blocks do not end where its descriptors begin";
-    static constexpr const char* msc_pszInUse = "has bytes after its detailed timings that would read differently";
+    static constexpr const char* msc_pszInUse =
+        "has bytes after its detailed timings that would be read as something else";
 
     // A number found: the block, and the number there.
     struct SPlace

@@ -17,8 +17,8 @@ namespace
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 
 constexpr const char* gsc_pszReferred =
-    "a data block that prefers timings, or names the native one, has its video code";
-constexpr const char* gsc_pszPreferred = "the preferred timing can only be replaced";
+    "a video format preference or native resolution data block refers to its video code";
+constexpr const char* gsc_pszPreferred = "the preferred timing can only be replaced, by --preferred";
 
 void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
 
@@ -161,7 +161,7 @@ std::string CEditImage::NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA
     case CEdidExtBlockCEA861::eRemoval_Damaged:
         return NameBlock(oBlock) + " " + msc_pszDamaged;
     case CEdidExtBlockCEA861::eRemoval_NoCode:
-        return "only a YCbCr 4:2:0 data block names it, which cannot be edited";
+        return "it is in a YCbCr 4:2:0 video data block, which --remove-vic and --remove edit";
     case CEdidExtBlockCEA861::eRemoval_3dFields:
         return NameBlock(oBlock) + " has 3D formats for all of its first 16 video codes, or damaged ones";
     default:
@@ -241,9 +241,10 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
     std::string sReason = RemoveCodes(oBlock, [&](const CEdidExtBlockCEA861& oCea) {
         return FindListedCodes(oCea, poOrigin->m_uiCode, m_bAsListed);
     });
-    return !sReason.empty()                 ? sReason
-           : IsNamedBy420(oBlock, uiNumber) ? "a YCbCr 4:2:0 data block names it too, which cannot be edited"
-                                            : "";
+    return !sReason.empty() ? sReason
+           : IsNamedBy420(oBlock, uiNumber)
+               ? "a YCbCr 4:2:0 video data block has it as well, which --remove-vic and --remove edit"
+               : "";
 }
 
 // The base block's descriptors and those of the CTA-861 blocks are counted together, those of DisplayID blocks are not.
@@ -300,7 +301,7 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
     if (IsReferred(uiFirstReference + uiPlaceOfAll, uiReferencesEnd))
     {
-        return "a data block that prefers timings, or names the native one, counts it or a later one";
+        return "a video format preference or native resolution data block refers to it or a later timing by position";
     }
     const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
     if (!bRemoved)

@@ -154,10 +154,19 @@ std::string RefuseMissing(const CBytes& aui8Image, const SWanted& oWanted)
         const bool bSize =
             oMode.m_uiWidth == oWanted.m_oMode.m_uiWidth && oMode.m_uiHeight == oWanted.m_oMode.m_uiHeight;
         const bool bRate = oMode.m_oNominalRate.m_ullDivisor != 0;
-        const std::string sName = bSize && bRate ? GetModeName(oMode) : "";
-        if (bSize && bRate && std::find(asNear.begin(), asNear.end(), sName) == asNear.end())
+        SZorMode oPartner = {};
+        std::vector<std::string> asNames = { bSize && bRate ? GetModeName(oMode) : "" };
+        if (bSize && CZorEdidModes::GetPartner(oMode, oPartner))
         {
-            asNear.push_back(sName);
+            oPartner.m_oNominalRate = oPartner.m_oRate;
+            asNames.push_back(GetModeName(oPartner));
+        }
+        for (const std::string& sName : asNames)
+        {
+            if (!sName.empty() && std::find(asNear.begin(), asNear.end(), sName) == asNear.end())
+            {
+                asNear.push_back(sName);
+            }
         }
     }
     std::string sReason = "the image has no " + GetWantedName(oWanted);

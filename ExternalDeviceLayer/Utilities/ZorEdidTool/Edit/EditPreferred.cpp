@@ -220,7 +220,8 @@ void CEditImage::FollowWithLimits(unsigned int uiTiming)
     if (!bHeld)
     {
         SetBase(aui8Before);
-        m_asNotes.push_back("the timing is outside of the range limits, which cannot hold it: " + GetLimitsText(oOld));
+        m_asNotes.push_back("the timing exceeds the range limits, which cannot be widened so far: " +
+                            GetLimitsText(oOld));
         return;
     }
     SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;

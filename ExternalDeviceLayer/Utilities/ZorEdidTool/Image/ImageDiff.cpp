@@ -93,16 +93,22 @@ void DropShared(CFactTexts& oFirst, CFactTexts& oSecond)
 
 // ---- Fields ----
 
-// What follows from the content: how long things are, where they begin, and sums.
-bool IsLayout(const CZorEdidMap::SField& oField)
+// What follows from the content: how long things are, where they begin, sums, and places that are not used. A wrong one
+// is a difference of its own.
+bool IsLayout(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    constexpr EZorEdidField aeLayout[] = {
+    constexpr EZorEdidField aeLengths[] = {
         eZorEdidField_CtaDataBlockLength, eZorEdidField_CtaDetailedOffset,      eZorEdidField_CtaHdmiVicLen,
         eZorEdidField_CtaHdmi3dLen,       eZorEdidField_DisplayidSectionLength, eZorEdidField_DisplayidDataBlockLength
     };
-    const bool bGoodSum = oField.m_eKind == CZorEdidMap::eKind_Checksum && oField.m_uiNotes == 0;
-    return bGoodSum || oField.m_eId == eZorEdidField_Padding ||
-           std::ranges::find(aeLayout, oField.m_eId) != std::end(aeLayout);
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const bool bNoted =
+        oField.m_uiNotes != 0 || (oField.m_uiGroup != gsc_uiNone && oMap.GetField(oField.m_uiGroup).m_uiNotes != 0);
+    const bool bLength = std::ranges::find(aeLengths, oField.m_eId) != std::end(aeLengths);
+    const bool bUnusedPair = oField.m_eId == eZorEdidField_BaseStandard && uiField + 1 < oField.m_uiEnd &&
+                             oMap.GetField(uiField + 1).m_eId == eZorEdidField_Unused;
+    return ((bLength || oField.m_eKind == CZorEdidMap::eKind_Checksum) && !bNoted) || bUnusedPair ||
+           oField.m_eId == eZorEdidField_Padding || oField.m_eId == eZorEdidField_BaseDummy;
 }
 
 // Bits of a list of codes, which move with the codes; what they say is said of the modes.
@@ -125,14 +131,24 @@ unsigned int FindModePlace(const CZorEdidMap& oMap, unsigned int uiField)
     return gsc_uiNone;
 }
 
+// Bits and bytes without a meaning are said as they are.
 std::string GetText(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    if (uiField == gsc_uiNone)
+    constexpr size_t uiMost = 8; // bytes
+    const std::string sText = uiField != gsc_uiNone ? GetFieldValue(oMap, uiField) : "";
+    if (uiField == gsc_uiNone || !sText.empty() || oMap.GetField(uiField).m_eKind == CZorEdidMap::eKind_Group)
     {
-        return "";
+        return uiField != gsc_uiNone && sText.empty() ? "there" : sText;
     }
-    const std::string sText = GetFieldValue(oMap, uiField);
-    return sText.empty() ? "there" : sText;
+    const std::vector<SFieldByte> aoBytes = GetFieldBytes(oMap, uiField);
+    std::string sBytes = "0x";
+    for (size_t i = 0; i < std::min(aoBytes.size(), uiMost); ++i)
+    {
+        const unsigned char ui8Bits =
+            static_cast<unsigned char>(oMap.GetData()[aoBytes[i].m_uiOffset] & aoBytes[i].m_uiMask);
+        sBytes += FormatHex(&ui8Bits, 1);
+    }
+    return sBytes + (aoBytes.size() > uiMost ? FormatText("... (%zu bytes)", aoBytes.size()) : "");
 }
 
 // Whether a fact that differs says what the field says: it is of this field, or a list of the names of all fields of
@@ -175,7 +191,8 @@ public:
     std::vector<SFieldDifference> Find() const
     {
         std::vector<SFieldDifference> aoFields;
-        for (const auto& [uiFirst, uiSecond] : CompareMaps(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart))
+        for (const auto& [uiFirst, uiSecond] :
+             CompareMaps(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart, eOrder_Any))
         {
             const std::array<unsigned int, 2> auiFields = { uiFirst, uiSecond };
             if (!IsSaid(0, uiFirst) && !IsSaid(1, uiSecond) && !IsSame(auiFields))
@@ -303,7 +320,7 @@ SComparedImage::SComparedImage(const std::vector<unsigned char>& aui8Bytes)
     m_oPart.m_oMap.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data());
     for (unsigned int i = 0; i < m_oPart.m_oMap.GetFieldCount(); ++i)
     {
-        if (IsLayout(m_oPart.Get(i)))
+        if (IsLayout(m_oPart.m_oMap, i))
         {
             m_oPart.m_oWithout.insert(i);
         }
@@ -384,7 +401,15 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffRules& oRules, cons
     }
     for (size_t i = 0; i < 2; ++i)
     {
-        const std::vector<const SModeRow*> apoRows = oDiff.ListOnly(i, oRules.m_bEstablished);
+        std::vector<const SModeRow*> apoRows = oDiff.ListOnly(i, oRules.m_bEstablished);
+        const SModeRow* poPreferred = oDiff.GetImage(i).m_oModes.FindPreferred();
+        const bool bSaid = !oRules.m_bIgnorePreferred && oDiff.DifferInPreferred() && poPreferred != nullptr;
+        const auto itSaid = std::ranges::find_if(
+            apoRows, [&](const SModeRow* poRow) { return bSaid && IsSameMode(*poRow, *poPreferred); });
+        if (itSaid != apoRows.end())
+        {
+            apoRows.erase(itSaid);
+        }
         for (size_t j = 0; j < apoRows.size(); ++j)
         {
             const bool bPair = j + 1 < apoRows.size() && apoRows[j + 1]->m_poEntry == apoRows[j]->m_poEntry;

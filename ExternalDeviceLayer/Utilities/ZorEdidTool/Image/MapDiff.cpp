@@ -118,7 +118,8 @@ private:
 class CComparison
 {
 public:
-    CComparison(const SMapPart& oFirst, const SMapPart& oSecond) : m_oFirst(oFirst), m_oSecond(oSecond)
+    CComparison(const SMapPart& oFirst, const SMapPart& oSecond, EOrder eOrder)
+        : m_oFirst(oFirst), m_oSecond(oSecond), m_eOrder(eOrder)
     {
         CKeys oKeys;
         const CIndices auiFirst = Read(oFirst, oSecond, m_oFirst, oKeys);
@@ -162,9 +163,14 @@ private:
             m_aoDifferences.push_back({ uiFirst, uiSecond });
             return;
         }
-        // The lengths of the longest common sequences from each pair on.
         const CIndices& auiFirst = m_oFirst.GetChildren(uiFirst);
         const CIndices& auiSecond = m_oSecond.GetChildren(uiSecond);
+        if (m_eOrder == eOrder_Any)
+        {
+            PairInAnyOrder(auiFirst, auiSecond);
+            return;
+        }
+        // The lengths of the longest common sequences from each pair on.
         std::vector<CIndices> aauiCommon(auiFirst.size() + 1, CIndices(auiSecond.size() + 1));
         for (size_t i = auiFirst.size(); i-- > 0;)
         {
@@ -199,6 +205,35 @@ private:
             }
         }
         PairAlike(auiLeft[0], auiLeft[1]);
+    }
+
+    void PairInAnyOrder(const CIndices& auiFirst, const CIndices& auiSecond)
+    {
+        std::multimap<unsigned int, unsigned int> auiByKey; // of the second group
+        for (const unsigned int uiSecond : auiSecond)
+        {
+            auiByKey.emplace(m_oSecond.GetKey(uiSecond), uiSecond);
+        }
+        CIndices auiLeft;
+        for (const unsigned int uiFirst : auiFirst)
+        {
+            const auto itSecond = auiByKey.find(m_oFirst.GetKey(uiFirst));
+            if (itSecond == auiByKey.end())
+            {
+                auiLeft.push_back(uiFirst);
+            }
+            else
+            {
+                auiByKey.erase(itSecond);
+            }
+        }
+        CIndices auiOthers;
+        for (const auto& [uiKey, uiSecond] : auiByKey)
+        {
+            auiOthers.push_back(uiSecond);
+        }
+        std::ranges::sort(auiOthers);
+        PairAlike(auiLeft, auiOthers);
     }
 
     bool AreAlike(unsigned int uiFirst, unsigned int uiSecond) const
@@ -236,6 +271,7 @@ private:
 
     CTree m_oFirst;
     CTree m_oSecond;
+    const EOrder m_eOrder;
 };
 } // namespace
 
@@ -394,7 +430,7 @@ std::vector<long long> SMapPart::LeaveOutRest()
     return allCounts;
 }
 
-std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond)
+std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond, EOrder eOrder)
 {
-    return CComparison(oFirst, oSecond).m_aoDifferences;
+    return CComparison(oFirst, oSecond, eOrder).m_aoDifferences;
 }

@@ -48,4 +48,12 @@ struct SMapDifference
 // as many fields as possible that say the same are paired, in their order, and between these the others by ids and
 // names. Of the fields that say nothing there may be more or fewer: reserved bits that are 0, and bits that are 0 in a
 // list of codes.
-std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond);
+//
+// eOrder_Any: fields of a group that say the same are paired whatever their order.
+enum EOrder
+{
+    eOrder_OfBytes,
+    eOrder_Any
+};
+std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond,
+                                        EOrder eOrder = eOrder_OfBytes);

@@ -135,11 +135,12 @@ class Edits(unittest.TestCase):
                 (listed_as_91, "--remove-standard 8", "byte db for VIC 91, by CTA-861-H it is VIC 219, which --remove-vic "
                  "219 removes; --as-listed removes it as the list has it"),
                 (base(cvt % "ff1038"), "--remove 1360x1024@60", "CVT 3 byte timing code 0 prefers this rate and has others"),
-                (preference, "--remove-vic 16", "names the native one, has its video code"),
+                (preference, "--remove-vic 16", "native resolution data block refers to its video code"),
                 (IMAGE, "--remove-vic 219", "the image has no VIC 219"),
-                (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50"),
+                (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
+                 "1280x720@59.94"),
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
-                 "block 0: Detailed timing: the preferred timing can only be replaced"),
+                 "block 0: Detailed timing: the preferred timing can only be replaced, by --preferred"),
                 (extended(fix_sums(bytes([0x70, 0x12, 13, 0, 0, 7, 0, 10] + [0] * 9 + [0x10]).ljust(128, b"\0"))),
                  "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: it cannot be edited there")):
             with self.subTest(arguments):
@@ -166,7 +167,7 @@ class Edits(unittest.TestCase):
         cut = damaged + "an audio data block is cut within a descriptor"
         formats = "block 1 has 3D formats for all of its first 16 video codes, or damaged ones"
         all_3d = "6c030c0010000000" + "20a0020140"
-        code, counted = (" has its video code", " counts it or a later one")
+        code, counted = (" refers to its video code", " refers to it or a later timing by position")
         preference = cea("420405e40d058310")
         for image, arguments, reason in (
                 (cea(VIDEO + AUDIO + "2409070155"), "--audio-remove 0", cut),
@@ -201,7 +202,7 @@ class Edits(unittest.TestCase):
             return "zoredid: -: --preferred %s: %s\n" % (mode, text)
 
         wide, were = "the range limits become %s; they were %s", "50 to 75 Hz, 30 to 83 kHz, 150 MHz"
-        outside = "the timing is outside of the range limits, which cannot hold it: " + were
+        outside = "the timing exceeds the range limits, which cannot be widened so far: " + were
         cleared = "the stereo viewing of the old timing is cleared, as the picture is another one"
         plain, blanks = "00324b1e530f", "000a202020202020"
         for revision, limits, stereo, mode, expected, kept, text in (
@@ -227,7 +228,7 @@ class Edits(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             out = os.path.join(folder, "out.bin")
             for arguments, reason in (
-                    ("--remove-detailed 0", "the preferred timing can only be replaced"),
+                    ("--remove-detailed 0", "the preferred timing can only be replaced, by --preferred"),
                     ("--remove-detailed 9", "the image has detailed timings 0 to "),
                     ("--remove-standard 99", "the image has standard timings 0 to "),
                     ("--remove-established 17", "the image has established timings 0 to "),

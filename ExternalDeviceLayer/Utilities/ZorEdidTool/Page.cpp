@@ -2,7 +2,9 @@
 
 #include <stdio.h>
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "CommandLine.h"
@@ -99,6 +101,17 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
     if (oTool.m_eExit != eExit_Good)
     {
         return;
+    }
+    for (const std::string& sName : asNames)
+    {
+        std::error_code oNone; // of names that are no files
+        if (std::filesystem::is_regular_file(oOptions.m_sOut, oNone) &&
+            std::filesystem::equivalent(sName, oOptions.m_sOut, oNone))
+        {
+            PrintError(oOptions.m_sOut + ": is an image of the page");
+            oTool.Note(eExit_Input);
+            return;
+        }
     }
     if (oPage.IsPair())
     {

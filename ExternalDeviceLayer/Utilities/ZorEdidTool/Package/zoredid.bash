@@ -48,7 +48,7 @@ _zoredid()
     if [[ -z $subcommand || $subcommand == help ]]; then
       words=$all
     fi
-    if [[ -n $subcommand && $subcommand != help ]] || grep -qx FILE <<< "$list"; then
+    if [[ $subcommand != help ]] && { [[ -n $subcommand ]] || grep -qx FILE <<< "$list"; }; then
       # A connector is card0-HDMI-A-1, or HDMI-A-1 for short.
       words+=$'\n'$(for i in /sys/class/drm/card*-*; do [[ ! -e $i ]] || echo "${i##*/} ${i#*/card*-}"; done)
       compopt -o filenames 2> /dev/null

@@ -255,6 +255,12 @@ class PageTest(unittest.TestCase):
             image[18:20], image[126], image[128:130] = b"\1\4", size // 128 - 1, b"\2\3"
             self.make(self.save(fix_sums(bytes(image))))
 
+    def test_an_image_is_not_overwritten(self):
+        path = self.save(MONITOR)
+        self.assertEqual(self.run_page(path, "-o", path, "--force").returncode, 3)
+        with open(path, "rb") as file:
+            self.assertEqual(file.read(), MONITOR)
+
     def test_two_images(self):
         other = bytearray(MONITOR)
         other[0x10] = 35              # the week

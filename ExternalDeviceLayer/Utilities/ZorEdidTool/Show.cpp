@@ -1,6 +1,7 @@
 // zoredid show: what an image says of its monitor, for people: at most 25 lines of 80 columns.
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 #include "CheckRules.h"
@@ -140,8 +141,7 @@ std::vector<std::pair<std::string, SSize>> ListSizes(const CImageModes& oModes)
         oSize.m_bInterlaced = oMode.m_bInterlaced;
         const bool bOnly = oMode.m_eY420 == SZorMode::eY420_Only;
         constexpr double dStep = 100; // two decimals
-        const auto [itRate, bNew] =
-            oSize.m_oRates.try_emplace(static_cast<int>(GetRate(oMode) * dStep + 0.5) / dStep, bOnly);
+        const auto [itRate, bNew] = oSize.m_oRates.try_emplace(std::round(GetRate(oMode) * dStep) / dStep, bOnly);
         itRate->second = itRate->second && bOnly;
     }
     std::vector<std::pair<std::string, SSize>> aoSizes(oSizes.begin(), oSizes.end());

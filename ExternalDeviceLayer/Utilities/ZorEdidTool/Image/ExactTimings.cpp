@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <compare>
 #include <iterator>
 #include <map>
 #include <numeric>
@@ -146,7 +145,10 @@ struct SCodeOfTotal
 {
     unsigned int m_uiTotal;
     unsigned int m_uiCode;
-    constexpr auto operator<=>(const SCodeOfTotal&) const = default;
+    constexpr bool operator<(const SCodeOfTotal& oOther) const
+    {
+        return m_uiTotal != oOther.m_uiTotal ? m_uiTotal < oOther.m_uiTotal : m_uiCode < oOther.m_uiCode;
+    }
 };
 
 constexpr auto gsc_aoCodesByTotal = [] {
@@ -154,7 +156,7 @@ constexpr auto gsc_aoCodesByTotal = [] {
     std::ranges::transform(gsc_aoVideoCodes, aoCodes.begin(), [](const SVideoCode& oCode) {
         return SCodeOfTotal{ oCode.m_oTiming.GetTotalWidth(), oCode.m_ui8Code };
     });
-    std::ranges::sort(aoCodes);
+    std::sort(aoCodes.begin(), aoCodes.end());
     return aoCodes;
 }();
 

@@ -129,6 +129,38 @@ constexpr const char* gsc_apszQuestions[] = { "product",
                                               "audio" };
 static_assert(std::size(gsc_apszQuestions) == CFacts::eQuestion_Count);
 
+// The field of the second number of a fact with two, of which the record has the first one's.
+EZorEdidField GetSecondField(EZorEdidField eFirst)
+{
+    constexpr std::pair<EZorEdidField, EZorEdidField> aePairs[] = {
+        { eZorEdidField_BaseRangeMinVerticalRate, eZorEdidField_BaseRangeMaxVerticalRate },
+        { eZorEdidField_BaseRangeMinHorizontalRate, eZorEdidField_BaseRangeMaxHorizontalRate },
+        { eZorEdidField_DisplayidRangeMinVerticalRefreshRate, eZorEdidField_DisplayidRangeMaxVerticalRefreshRate },
+        { eZorEdidField_DisplayidRangeMinHorizontalFrequency, eZorEdidField_DisplayidRangeMaxHorizontalFrequency },
+        { eZorEdidField_CtaHdmiForumVrrMin, eZorEdidField_CtaHdmiForumVrrMax },
+        { eZorEdidField_CtaAmdMinRefreshRate, eZorEdidField_CtaAmdMaxRefreshRate },
+        { eZorEdidField_DisplayidAdaptiveSyncMinRefreshRate, eZorEdidField_DisplayidAdaptiveSyncMaxRefreshRate },
+        { eZorEdidField_BaseDetailedImageWidth, eZorEdidField_BaseDetailedImageHeight },
+        { eZorEdidField_BaseDisplayScreenWidth, eZorEdidField_BaseDisplayScreenHeight },
+        { eZorEdidField_BaseDetailedHorizontalActive, eZorEdidField_BaseDetailedVerticalActive },
+        { eZorEdidField_CtaNativeResolutionImageWidth, eZorEdidField_CtaNativeResolutionImageHeight },
+        { eZorEdidField_CtaDisplayDeviceHorizontalPixels, eZorEdidField_CtaDisplayDeviceVerticalPixels },
+        { eZorEdidField_DisplayidParametersImageWidth, eZorEdidField_DisplayidParametersImageHeight },
+        { eZorEdidField_DisplayidParametersHorizontalPixels, eZorEdidField_DisplayidParametersVerticalPixels },
+        { eZorEdidField_DisplayidDeviceHorizontalPixels, eZorEdidField_DisplayidDeviceVerticalPixels },
+    };
+    const auto* poPair = std::ranges::find(aePairs, eFirst, &std::pair<EZorEdidField, EZorEdidField>::first);
+    return poPair != std::end(aePairs) ? poPair->second : eFirst;
+}
+
+// The same fact with the field of its second number.
+template <class VALUE>
+SZorFact<VALUE> WithSecondField(SZorFact<VALUE> oFact)
+{
+    oFact.m_eId = GetSecondField(oFact.m_eId);
+    return oFact;
+}
+
 // Collects the list. Each Add leaves out what is not said.
 class CCollector
 {
@@ -220,7 +252,7 @@ public:
     void AddRange(const char* pszLeast, const char* pszMost, const SZorFact<CFacts::SRange>& oFact, long long llUnit)
     {
         AddAs(pszLeast, oFact, [&](const CFacts::SRange& oRange) { return llUnit * oRange.m_uiLeast; });
-        AddAs(pszMost, oFact, [&](const CFacts::SRange& oRange) { return llUnit * oRange.m_uiMost; });
+        AddAs(pszMost, WithSecondField(oFact), [&](const CFacts::SRange& oRange) { return llUnit * oRange.m_uiMost; });
     }
 };
 
@@ -266,14 +298,14 @@ void AddSize(const CFacts::SSize& oSize, CCollector& oList)
     using CMillimetres = CFacts::SMillimetres;
     oList.AddAs("size.width_mm", oSize.m_oSize,
                 [](const CMillimetres& o) { return o.m_uiWidth / gsc_dTenthsPerMillimetre; });
-    oList.AddAs("size.height_mm", oSize.m_oSize,
+    oList.AddAs("size.height_mm", WithSecondField(oSize.m_oSize),
                 [](const CMillimetres& o) { return o.m_uiHeight / gsc_dTenthsPerMillimetre; });
     oList.AddAs("size.diagonal_in", oSize.m_oSize, [&](const CMillimetres&) { return Round(oSize.GetDiagonal(), 1); });
     oList.AddCode("size.image_size", oSize.m_oImageSize, gsc_apszImageSizes);
     oList.AddAs("size.aspect", oSize.m_oAspect, [](unsigned int uiHundredths) { return uiHundredths / 100.0; });
     oList.AddAs("size.native.width", oSize.m_oNative,
                 [](const CFacts::SPixels& o) { return static_cast<long long>(o.m_uiWidth); });
-    oList.AddAs("size.native.height", oSize.m_oNative,
+    oList.AddAs("size.native.height", WithSecondField(oSize.m_oNative),
                 [](const CFacts::SPixels& o) { return static_cast<long long>(o.m_uiHeight); });
     oList.Add("size.first_timing_preferred", oSize.m_oFirstIsPreferred);
     oList.Add("size.first_timing_native", oSize.m_oFirstIsNative);
@@ -322,7 +354,8 @@ void AddVariableRefresh(const CFacts::SLink& oLink, CCollector& oList)
         fnAdd("link.vrr.min_hz", static_cast<long long>(aoRanges[0].m_uiLeast), aoRanges[0].m_eId, 0);
         if (aoRanges[0].m_uiMost != 0)
         {
-            fnAdd("link.vrr.max_hz", static_cast<long long>(aoRanges[0].m_uiMost), aoRanges[0].m_eId, 0);
+            fnAdd("link.vrr.max_hz", static_cast<long long>(aoRanges[0].m_uiMost), GetSecondField(aoRanges[0].m_eId),
+                  0);
         }
     }
     for (unsigned int i = 0; i < aoRanges.size(); ++i)
@@ -332,7 +365,7 @@ void AddVariableRefresh(const CFacts::SLink& oLink, CCollector& oList)
         fnAdd("link.vrr.ranges#.min_hz", static_cast<long long>(oRange.m_uiLeast), oRange.m_eId, i);
         if (oRange.m_uiMost != 0)
         {
-            fnAdd("link.vrr.ranges#.max_hz", static_cast<long long>(oRange.m_uiMost), oRange.m_eId, i);
+            fnAdd("link.vrr.ranges#.max_hz", static_cast<long long>(oRange.m_uiMost), GetSecondField(oRange.m_eId), i);
         }
         if (oRange.m_eSource == CFacts::eRefreshSource_AdaptiveSync)
         {
@@ -452,9 +485,12 @@ void AddColour(const CFacts::SColour& oColour, CCollector& oList)
     if (oColour.m_oPrimaries.IsSaid())
     {
         const EZorEdidField eId = oColour.m_oPrimaries.m_eId;
-        oList.AddPoint("colour.primaries.red", oColour.m_oPrimaries.m_oValue.m_oRed, eId);
-        oList.AddPoint("colour.primaries.green", oColour.m_oPrimaries.m_oValue.m_oGreen, eId);
-        oList.AddPoint("colour.primaries.blue", oColour.m_oPrimaries.m_oValue.m_oBlue, eId);
+        const bool bBase = eId == eZorEdidField_BaseChromaticityRedX; // which has a field for each number
+        const CFacts::SPrimaries& oPrimaries = oColour.m_oPrimaries.m_oValue;
+        oList.AddPoint("colour.primaries.red", oPrimaries.m_oRed, eId);
+        oList.AddPoint("colour.primaries.green", oPrimaries.m_oGreen,
+                       bBase ? eZorEdidField_BaseChromaticityGreenX : eId);
+        oList.AddPoint("colour.primaries.blue", oPrimaries.m_oBlue, bBase ? eZorEdidField_BaseChromaticityBlueX : eId);
     }
     if (oColour.m_oWhite.IsSaid())
     {
@@ -538,7 +574,9 @@ void AddAudio(const CFacts::SAudio& oAudio, CCollector& oList)
 
 void AddConflicts(const CFacts& oFacts, CCollector& oList)
 {
-    for (unsigned int i = 0; const CFacts::SConflict* poConflict = oFacts.GetConflict(i); ++i)
+    unsigned int i = 0;
+    for (const CFacts::SConflict* poConflict = oFacts.GetConflict(0); poConflict != nullptr;
+         poConflict = oFacts.GetConflict(++i))
     {
         oList.Put("conflicts#.question", std::string(gsc_apszQuestions[poConflict->m_eQuestion]), eZorEdidField_None,
                   i);

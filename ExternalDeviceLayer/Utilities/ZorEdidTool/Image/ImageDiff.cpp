@@ -161,6 +161,12 @@ bool IsSaidBy(const SFactDifference& oFact, const CZorEdidMap& oMap, unsigned in
     {
         return oFact.m_eId == eId;
     }
+    if (oFact.m_sName.starts_with("colour.primaries.") || oFact.m_sName == "colour.white")
+    {
+        // Of two numbers, which the base block splits into fields of their own beside it.
+        const std::string sId = CZorEdidMap::GetId(oFact.m_eId);
+        return std::string_view(CZorEdidMap::GetId(eId)).starts_with(sId.substr(0, sId.rfind('.') + 1));
+    }
     if (sValue.starts_with('['))
     {
         return std::string_view(CZorEdidMap::GetId(eId))

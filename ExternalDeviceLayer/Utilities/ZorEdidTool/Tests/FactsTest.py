@@ -494,6 +494,8 @@ class ModesTest(ToolTest):
             ("the count of native timings", change({0x83: "72"}), 1),
             ("a mode that another field announces", change({0x8A: "04", 0x8B: "13"}), 0),
             ("established timings", change({0x23: "b4"}), 0),
+            ("maximum rates", change({0x60: "56", 0x62: "5d"}), 2),
+            ("y of green", change({0x1E: "9c"}), 1),
             ("two codes exchanged", change({0x85: "11", 0x88: "01"}), 0),
             ("a length beyond the collection", change({0x9C: "66"}), 1),
             ("another preferred mode", change({0x36: SECOND_TIMING[:24]}), 2),

@@ -8,6 +8,7 @@
 #include <bit>
 
 #include "MapNames.h"
+#include "ZorEdidRules.h"
 
 namespace ZorMap
 {
@@ -551,7 +552,7 @@ void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity,
 {
     if (HasField(uiField))
     {
-        m_oMap.m_aoNotes.Add({ uiField, eSeverity, pszText });
+        m_oMap.m_aoNotes.Add({ uiField, eSeverity, pszText, eZorEdidRule_None });
         ++GetField(uiField).m_uiNotes;
     }
 }

@@ -15,6 +15,8 @@ struct SMapContent;
 
 #pragma GCC visibility push(default)
 
+enum EZorEdidRule : unsigned short; // ZorEdidRules.h
+
 /// The map of one image. Read makes it, everything else asks it. At the leaves every bit of the image belongs to
 /// exactly one field: reserved, unused and unknown bits are fields, too.
 ///
@@ -120,6 +122,7 @@ public:
         unsigned int m_uiField;
         ESeverity m_eSeverity;
         const char* m_pszText; ///< a static text
+        EZorEdidRule m_eRule;  ///< which it is judged by
     };
 
     /// A mode that a field announces or refers to, by EdidMode.h.

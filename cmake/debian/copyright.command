@@ -4,15 +4,12 @@ Upstream-Name: ZorEdid
 Files: *
 Copyright: The ZorEdid maintainers
  2017-2021 University of Cincinnati, developed by Henry Schreiner under NSF AWARD 1414736
- 2013-2022 Niels Lohmann
- 2009 Florian Loitsch
- 2008-2009 Bjoern Hoehrmann
+ 2011-2014 Milo Yip
 License: none-stated and BSD-3-clause and Expat
 Comment: The command is one program, which contains code of two libraries of
  headers. CLI11 is of the University of Cincinnati, by the terms of
- BSD-3-clause. JSON for Modern C++ is of Niels Lohmann, with parts of Florian
- Loitsch and Bjoern Hoehrmann, by the terms of Expat. The rest is of the
- maintainers.
+ BSD-3-clause. RapidJSON is of Milo Yip, by the terms of Expat. The rest is of
+ the maintainers.
 
 License: none-stated
  The project states no licence. All rights are reserved.

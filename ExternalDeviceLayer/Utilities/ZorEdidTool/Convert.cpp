@@ -74,7 +74,8 @@ void DeclareConvertOptions(COptions& oCommand, STool& oTool)
         .Required()
         .Placeholder("OUT");
     oCommand.Word("--form", poOptions->m_sForm, ("Without it, the ending of OUT decides: " + ListEndings()).c_str())
-        .OneOf(asForms);
+        .OneOf(asForms)
+        .Placeholder("FORM");
     oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT if it exists");
     oCommand.Footer("Example: xrandr --verbose | zoredid convert - -o monitor.bin");
     oCommand.Run([poOptions, &oTool] { Convert(*poOptions, oTool); });

@@ -126,7 +126,7 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
 void DeclarePageOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SPageOptions>();
-    oCommand.Word("FILE", poOptions->m_sFirst, "Image").Required().Placeholder("");
+    oCommand.Word("FILE", poOptions->m_sFirst, gsc_szFileHelp).Required().Placeholder("");
     const COption oSecond =
         oCommand.Word("FILE2", poOptions->m_sSecond, "A second image: what differs is marked").Placeholder("");
     oCommand.Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")

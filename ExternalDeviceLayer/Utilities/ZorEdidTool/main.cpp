@@ -48,18 +48,20 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
     COptions& oProgram = oCommandLine.GetOptions();
     oProgram.Version("--version", "zoredid " ZOREDID_VERSION, "Print the version and exit");
     oProgram.Flag("-v,--verbose", oTool.m_bVerbose, "Say on standard error what inputs were taken for");
-    oProgram.Word("--monitor", SetMonitor, "Of an input with several EDIDs, take that of this connector, or by number")
-        .Placeholder("NAME|N");
+    oProgram
+        .Word("--monitor", SetMonitor,
+              "Of a text with several EDIDs, take that of this connector, in either case, or by number; all takes all")
+        .Placeholder("NAME|N|all");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();
     // Sections of the man page come from here, by scripts/make-man.
     oProgram.Footer("'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"
                     "Exit status:\n"
                     "  0  good\n"
-                    "  1  compare: different. check: errors or warnings. edit: refused. timing: no such timing.\n"
-                    "     explain: no such byte, block or text.\n"
+                    "  1  compare: different. check: errors or warnings. edit: refused. timing: no such timing. "
+                    "explain: no such byte, block or text.\n"
                     "  2  the command line is wrong\n"
-                    "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are\n"
-                    "     still done\n"
+                    "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are "
+                    "still done\n"
                     "\n"
                     "Example: zoredid show monitor.bin");
     for (const SSubcommand& oSubcommand : gsc_aoSubcommands)

@@ -105,6 +105,21 @@ std::string ParseBits(const SNamedValue (&aoValues)[uiCount], const std::string&
     return "";
 }
 
+// The same, or "none" alone for no bit.
+template <size_t uiCount>
+std::string ParseBitsOrNone(const SNamedValue (&aoValues)[uiCount], const std::string& sText, const char* pszSeparators,
+                            unsigned int& uiBits)
+{
+    if (sText == gsc_pszNone)
+    {
+        uiBits = 0;
+        return "";
+    }
+    const std::string sProblem = ParseBits(aoValues, sText, pszSeparators, uiBits);
+    const bool bAlone = sText.find_first_of(pszSeparators) == std::string::npos;
+    return sProblem.empty() || !bAlone ? sProblem : sProblem + ", " + gsc_pszNone;
+}
+
 bool ParseNumberBefore(const std::string& sText, const std::string& sUnit, unsigned int& uiNumber)
 {
     return sText.ends_with(sUnit) && ParseNumber(sText.substr(0, sText.size() - sUnit.size()), uiNumber);
@@ -316,13 +331,13 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_ColorDepth:
         return FindValue(gsc_aoColorDepths, sValue, oEdit.m_uiNumber) ? "" : RefuseName(sValue, gsc_aoColorDepths);
     case eEdit_DeepColor:
-        return sValue == gsc_pszNone ? "" : ParseBits(gsc_aoDeepColors, sValue, ",+", oEdit.m_uiNumber);
+        return ParseBitsOrNone(gsc_aoDeepColors, sValue, ",+", oEdit.m_uiNumber);
     case eEdit_AudioAdd:
         return ParseAudio(sValue, oEdit.m_oAudio);
     case eEdit_AudioSet:
         return ParseAudioSet(sValue, oEdit);
     case eEdit_Speakers:
-        return sValue == gsc_pszNone ? "" : ParseBits(gsc_aoSpeakers, sValue, "+,", oEdit.m_uiNumber);
+        return ParseBitsOrNone(gsc_aoSpeakers, sValue, "+,", oEdit.m_uiNumber);
     case eEdit_RepairChecksums:
         return "";
     }

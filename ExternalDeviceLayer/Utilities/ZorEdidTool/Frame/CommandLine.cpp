@@ -155,11 +155,26 @@ public:
         return WrapText(poApp->get_description(), 0, 0, m_uiWidth) + "\n";
     }
 
+    // CLI11 has two empty lines after some groups.
+    std::string make_help(const CLI::App* poApp, std::string sName, CLI::AppFormatMode eMode) const override
+    {
+        const std::string sHelp = CLI::Formatter::make_help(poApp, std::move(sName), eMode);
+        return CLI::detail::find_and_replace(sHelp, "\n\n\n", "\n\n");
+    }
+
     std::string make_footer(const CLI::App* poApp) const override { return WrapFooter(poApp->get_footer(), m_uiWidth); }
 
 private:
     size_t m_uiWidth = GetHelpWidth();
 };
+
+// A problem that CLI11 describes, as one line: it lists several things in lines. "--json excludes --jsonl" is put in
+// better words.
+std::string MakeLine(std::string sProblem)
+{
+    std::replace(sProblem.begin(), sProblem.end(), '\n', ' ');
+    return CLI::detail::find_and_replace(sProblem, " excludes ", " cannot be combined with ");
+}
 
 void EraseAll(std::string& sText, const std::string& sPart)
 {
@@ -244,7 +259,12 @@ COption COptions::Number(const char* pszName, unsigned int& uiNumber, unsigned i
 {
     CLI::Option& oOption = *m_oApp.add_option(pszName, uiNumber, pszHelp);
     // The check that is declared last is made first.
-    oOption.check(CLI::Range(uiLeast, uiMost).description(pszRange));
+    const auto fnCheck = [uiLeast, uiMost, pszRange](std::string& sText) {
+        unsigned int uiParsed = 0;
+        const bool bGood = ParseNumber(sText, uiParsed) && uiParsed >= uiLeast && uiParsed <= uiMost;
+        return bGood ? std::string() : sText + " is not a number of " + pszRange;
+    };
+    oOption.check(CLI::Validator(fnCheck, pszRange));
     oOption.transform(CLI::Validator(TakeDecimal, ""));
     return COption(oOption);
 }
@@ -519,28 +539,77 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     m_poApp->parse_complete_callback(fnParsed);
     try
     {
-        m_poApp->parse(std::move(m_asArguments));
+        m_poApp->parse(std::vector<std::string>(m_asArguments));
     }
     catch (const CLI::Success& oHelp)
     {
         m_poApp->exit(oHelp);
     }
-    catch (const CLI::ExtrasError& oError)
+    catch (const CLI::ArgumentMismatch& oError)
     {
-        std::string sNear;
-        for (const std::string& sExtra : m_poApp->remaining(true))
-        {
-            sNear = sNear.empty() ? AskForOption(sExtra) : sNear;
-        }
-        PrintProblem(oError.what() + sNear);
+        PrintProblem(DescribeMismatch(oError.what()));
         return eExit_CommandLine;
     }
     catch (const CLI::ParseError& oError)
     {
-        PrintProblem(oError.what());
+        const bool bExtras = dynamic_cast<const CLI::ExtrasError*>(&oError) != nullptr;
+        PrintProblem(m_poApp->get_subcommands().empty() ? DescribeMissingCommand()
+                     : bExtras                          ? DescribeExtras()
+                                                        : MakeLine(oError.what()));
         return eExit_CommandLine;
     }
     return eExit_Good;
+}
+
+// What no option and no subcommand takes, in the order given, and the option that the first one was meant to be.
+std::string CCommandLine::DescribeExtras() const
+{
+    std::vector<std::string> asExtras = m_poApp->remaining(true); // those of a subcommand are at the end
+    std::string sText;
+    std::string sNear;
+    for (size_t i = m_asArguments.size(); i-- > 0;)
+    {
+        const auto itExtra = std::find(asExtras.begin(), asExtras.end(), m_asArguments[i]);
+        if (itExtra == asExtras.end())
+        {
+            continue;
+        }
+        const bool bOption = IsOption(*itExtra);
+        sText += (sText.empty() ? "" : ", ") + std::string(bOption ? "unknown option: " : "unexpected argument: ");
+        sText += TakeWord(*itExtra);
+        sNear = bOption && sNear.empty() ? AskForOption(*itExtra) : sNear;
+        asExtras.erase(itExtra);
+    }
+    return (sText.empty() ? "unexpected argument" : sText) + sNear;
+}
+
+const CLI::Option* CCommandLine::FindOption(const std::string& sName) const
+{
+    const auto apoUsed = m_poApp->get_subcommands();
+    const CLI::Option* poOption = nullptr;
+    for (const CLI::App* poApp : { apoUsed.empty() ? m_poApp.get() : apoUsed[0], m_poApp.get() })
+    {
+        poOption = poOption != nullptr ? poOption : poApp->get_option_no_throw(sName);
+    }
+    return poOption;
+}
+
+// "--format: 1 required NAME missing", or "json was given a disallowed flag override", in better words.
+std::string CCommandLine::DescribeMismatch(const std::string& sProblem) const
+{
+    const std::string sName = sProblem.substr(0, sProblem.find_first_of(": "));
+    if (!IsOption(sName))
+    {
+        return (sName.size() == 1 ? "-" : "--") + sName + " takes no value";
+    }
+    std::string sText = sName + " needs a value";
+    if (const CLI::Option* const poOption = FindOption(sName); poOption != nullptr)
+    {
+        const SType oType = ReadType(*poOption);
+        sText += oType.m_asValues.empty() ? "" : "; expected one of " + CLI::detail::join(oType.m_asValues, ", ");
+        sText += oType.m_sRange.empty() ? "" : "; expected " + oType.m_sRange;
+    }
+    return sText;
 }
 
 // The word in place of a subcommand, and the subcommand that was meant or those that exist.
@@ -553,19 +622,16 @@ std::string CCommandLine::DescribeMissingCommand() const
     {
         const std::string sWord = TakeWord(asUnknown[0]);
         const bool bOption = IsOption(sWord);
-        sText = (bOption ? "unknown option '" : "unknown subcommand '") + sWord + "'";
+        sText = (bOption ? "unknown option: " : "unknown subcommand: ") + sWord;
         sNear = bOption ? AskForOption(sWord) : AskForNearWord(sWord, ListSubcommands());
     }
     return sText + (sNear.empty() ? "; expected one of " + CLI::detail::join(ListSubcommands(), " ") : sNear);
 }
 
-// The text as one line.
 void CCommandLine::PrintProblem(std::string sProblem) const
 {
     const auto apoUsed = m_poApp->get_subcommands();
     EraseAll(sProblem, gsc_szWordMark);
-    std::replace(sProblem.begin(), sProblem.end(), '\n', ' '); // CLI11 lists several things in lines
-    sProblem = apoUsed.empty() ? DescribeMissingCommand() : sProblem;
     const std::string sHelp = apoUsed.empty() ? "zoredid --help" : "zoredid " + apoUsed[0]->get_name() + " --help";
     PrintError(sProblem + " (see " + sHelp + ")");
 }

@@ -122,6 +122,9 @@ private:
     void DeclareNamed();
     std::string ListForCompletion() const;
     std::string DescribeMissingCommand() const;
+    std::string DescribeExtras() const;
+    const CLI::Option* FindOption(const std::string& sName) const;
+    std::string DescribeMismatch(const std::string& sProblem) const;
     void PrintProblem(std::string sProblem) const;
 
     struct SSubcommand

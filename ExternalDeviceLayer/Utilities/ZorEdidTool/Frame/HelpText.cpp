@@ -11,6 +11,19 @@
 
 #include "TextFormat.h"
 
+namespace
+{
+// Where the text of "  NAME  TEXT" begins; 0 in any other line.
+size_t FindEntryText(const std::string& sLine)
+{
+    const size_t uiName = sLine.find_first_not_of(' ');
+    const size_t uiGap = sLine.find("  ", std::min(uiName, sLine.size()));
+    const size_t uiText = sLine.find_first_not_of(' ', std::min(uiGap, sLine.size()));
+    const bool bOneWord = sLine.find(' ', std::min(uiName, sLine.size())) == uiGap;
+    return uiName == 2 && bOneWord && uiText != std::string::npos ? uiText : 0;
+}
+} // namespace
+
 size_t GetHelpWidth()
 {
     unsigned int uiWidth = 0;
@@ -72,6 +85,12 @@ std::string WrapFooter(const std::string& sText, size_t uiWidth)
     };
     for (std::string sLine; std::getline(oLines, sLine);)
     {
+        if (const size_t uiText = FindEntryText(sLine); uiText != 0)
+        {
+            fnEnd();
+            sFooter += sLine.substr(0, uiText) + WrapText(sLine.substr(uiText), uiText, uiText, uiWidth) + "\n";
+            continue;
+        }
         if (sLine.empty() || sLine.starts_with(' ') || sLine.starts_with("Example"))
         {
             fnEnd();

@@ -14,6 +14,7 @@ std::string WrapText(const std::string& sText, size_t uiIndent, size_t uiUsed, s
 // A name and what it is for, beside it or below it: whole lines.
 std::string WrapEntry(const std::string& sName, const std::string& sText, size_t uiWidth);
 
-// The text after the options. Lines that begin with a blank, and examples, stay as they are. Of other lines, those that
+// The text after the options. "  NAME  TEXT" is wrapped under its text; other lines that begin with a blank, and
+// examples, stay as they are. Of other lines, those that
 // end a sentence or a heading end a paragraph.
 std::string WrapFooter(const std::string& sText, size_t uiWidth);

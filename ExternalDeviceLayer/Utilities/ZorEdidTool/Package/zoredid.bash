@@ -2,27 +2,31 @@
 # lists what there is with --list-options.
 # shellcheck shell=bash
 
-# The value of an option, of which $1 is the line of the list, and $2 what is typed of it. The parts of a LIST are
-# separated by a plus or a comma.
+# The value of an option, of which $1 is the line of the list, $2 what is typed of it, and $3 what the word has before
+# it. The parts of a LIST are separated by a plus or a comma; none is no part of one.
 _zoredid_value()
 {
-  local line=$1 word=$2 placeholder before=''
+  local line=$1 word=$2 head=$3 placeholder before=''
   placeholder=${line%% *}
   line=${line#"$placeholder"}
   case ${placeholder#*=} in
     OUT | FILE | FOLDER)
       compopt -o filenames 2> /dev/null
-      mapfile -t COMPREPLY < <(compgen -f -- "$word")
+      mapfile -t COMPREPLY < <(compgen -P "$head" -f -- "$word")
       return
       ;;
-    LIST) before=${word%"${word##*[+,]}"} ;;
+    LIST)
+      before=${word%"${word##*[+,]}"}
+      [[ -z $before ]] || line=${line% none}
+      ;;
   esac
-  mapfile -t COMPREPLY < <(compgen -P "$before" -W "$line" -- "${word#"$before"}")
+  mapfile -t COMPREPLY < <(compgen -P "$head$before" -W "$line" -- "${word#"$before"}")
 }
 
 _zoredid()
 {
   local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' list all line i
+  local head=''
   list=$("${COMP_WORDS[0]}" --list-options 2> /dev/null < /dev/null)
   all=$(grep '^[a-z]' <<< "$list")
   # The first word that is one; options with values may come before it.
@@ -35,13 +39,22 @@ _zoredid()
     fi
   done
 
+  # --format=plain is three words, unless COMP_WORDBREAKS has no equals sign.
+  if [[ $word == --*=* ]]; then
+    previous=${word%%=*} head=${word%%=*}= word=${word#*=}
+  elif [[ $word == = ]]; then
+    word=''
+  elif [[ $previous == = && $COMP_CWORD -gt 2 ]]; then
+    previous=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
+
   COMPREPLY=()
   if [[ $word == -* ]]; then
     words=$(sed -n 's/^\(-[^ =]*\).*/\1/p' <<< "$list")
   elif [[ $previous == -* ]]; then
     # The option is a text of the user and taken as it is. One that the help does not name has a folder.
     while read -r line; do
-      [[ $line != "$previous="* ]] || { _zoredid_value "$line" "$word"; return; }
+      [[ $line != "$previous="* ]] || { _zoredid_value "$line" "$word" "$head"; return; }
     done <<< "$list"$'\n'--sysfs=FOLDER
   fi
   if [[ $word != -* ]]; then

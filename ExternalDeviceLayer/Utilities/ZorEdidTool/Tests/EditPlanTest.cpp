@@ -139,7 +139,7 @@ TEST(EditPlan, RefusalsHaveTheirReason)
           "'1920x1080' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001" },
         { "--color-depth", "24", "unknown value '24'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
         { "--color-depth", "8,10", "unknown value '8,10'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
-        { "--deep-color", "", "unknown value ''; expected one of 30, 36, 48" },
+        { "--deep-color", "", "unknown value ''; expected one of 30, 36, 48, none" },
         { "--deep-color", "30,", "unknown value ''; expected one of 30, 36, 48" },
         { "--deep-color", "none,30", "unknown value 'none'; expected one of 30, 36, 48" },
         { "--speakers", "FL/FR+XX",

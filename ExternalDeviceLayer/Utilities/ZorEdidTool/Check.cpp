@@ -38,11 +38,11 @@ std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
     return sText + "\n";
 }
 
-std::string MakeChecked(const std::string& sName, const std::vector<SFinding>& aoFindings)
+std::string MakeChecked(const SInput& oInput, const std::vector<SFinding>& aoFindings)
 {
     CJsonWriter oJson(CJsonWriter::eStyle_Indented);
     oJson.BeginObject();
-    oJson.Member("file", sName);
+    WriteSource(oInput, oJson);
     oJson.BeginArray("findings");
     for (const SFinding& oFinding : aoFindings)
     {
@@ -68,7 +68,7 @@ std::string MakeUnchecked(const SInput& oInput)
 {
     CJsonWriter oJson(CJsonWriter::eStyle_Indented);
     oJson.BeginObject();
-    oJson.Member("file", oInput.m_sName);
+    WriteSource(oInput, oJson);
     oJson.Member("error", oInput.m_sProblem);
     oJson.EndObject();
     return oJson.GetText();
@@ -94,7 +94,7 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
     }
     if (bJson)
     {
-        oOutcome.m_sOut = MakeChecked(oInput.m_sName, aoFindings);
+        oOutcome.m_sOut = MakeChecked(oInput, aoFindings);
     }
     for (const SFinding& oFinding : aoFindings)
     {

@@ -425,8 +425,13 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
         oOutcome.m_sError = MakeErrorLine(oInput.m_sName, oAsked.m_sProblem);
         oOutcome.m_eExit = eExit_Finding;
     }
-    oOutcome.m_sOut = oOptions.m_bJson ? MakeExplanation(oInput, oMap, MarkWithGroups(oMap, oAsked.m_auiFields)) + "\n"
-                                       : DescribeFields(oMap, oOptions, oAsked.m_auiFields);
+    if (oOptions.m_bJson)
+    {
+        oOutcome.m_sOut = MakeExplanation(oInput, oMap, MarkWithGroups(oMap, oAsked.m_auiFields)) + "\n";
+        return oOutcome;
+    }
+    oOutcome.m_sOut = oInput.IsOneOfSeveral() ? ShowName(oInput.m_sName) + ":\n" : "";
+    oOutcome.m_sOut += DescribeFields(oMap, oOptions, oAsked.m_auiFields);
     return oOutcome;
 }
 
@@ -541,7 +546,9 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
     oCommand.Run([poOptions, &oTool] {
         if (poOptions->m_bIds == !poOptions->m_sFile.empty())
         {
-            PrintError("either FILE or --ids is required (see zoredid explain --help)");
+            const char* pszMistake =
+                poOptions->m_bIds ? "FILE cannot be combined with --ids" : "FILE or --ids is required";
+            PrintError(std::string(pszMistake) + " (see zoredid explain --help)");
             oTool.Note(eExit_CommandLine);
             return;
         }
@@ -552,6 +559,7 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
         }
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
+        oFiles.m_sBetween = poOptions->m_bJson ? "" : "\n";
         oFiles.m_bTurnsForBadOnes = true; // JSON reports them, too
         ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return Explain(*poOptions, oInput); });
     });

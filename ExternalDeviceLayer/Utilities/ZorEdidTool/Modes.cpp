@@ -107,9 +107,14 @@ SOutcome PrintModes(const SModesOptions& oOptions, const SInput& oInput)
     {
         oOutcome.m_sError += MakeErrorLine(oInput.m_sName, "announces no modes");
     }
-    oOutcome.m_sOut = oOptions.m_bJson ? MakeImageOfModes(oInput, oImage, oModes, CJsonWriter::eStyle_Indented) + "\n"
-                      : oOptions.m_bModeline ? GetModelines(oModes)
-                                             : GetText(oModes);
+    if (oOptions.m_bJson)
+    {
+        oOutcome.m_sOut = MakeImageOfModes(oInput, oImage, oModes, CJsonWriter::eStyle_Indented) + "\n";
+        return oOutcome;
+    }
+    const std::string sComment = oOptions.m_bModeline ? "# " : "";
+    oOutcome.m_sOut = oInput.IsOneOfSeveral() ? sComment + ShowName(oInput.m_sName) + ":\n" : "";
+    oOutcome.m_sOut += oOptions.m_bModeline ? GetModelines(oModes) : GetText(oModes);
     return oOutcome;
 }
 } // namespace
@@ -132,6 +137,7 @@ void DeclareModesOptions(COptions& oCommand, STool& oTool)
     oCommand.Run([poOptions, &oTool] {
         SFiles oFiles;
         oFiles.m_asNames = { poOptions->m_sFile };
+        oFiles.m_sBetween = poOptions->m_bJson ? "" : "\n";
         ForEachInput(oFiles, oTool, [&](const SInput& oInput) { return PrintModes(*poOptions, oInput); });
     });
 }

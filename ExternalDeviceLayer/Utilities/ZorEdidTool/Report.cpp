@@ -29,8 +29,6 @@ struct SReportOptions
     std::string m_sFormat = "plain";
     std::string m_sPrefix;
     SJsonOptions m_oJson;
-
-    bool HasManyFiles() const { return m_oFiles.m_asNames.size() > 1 || !m_oFiles.m_sListFile.empty(); }
 };
 
 SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
@@ -53,7 +51,7 @@ SOutcome ReportAsText(const SReportOptions& oOptions, const SInput& oInput)
         return RefuseInput(oInput, "names no preferred mode, which text reports need; 'zoredid show' has the rest");
     }
     SOutcome oOutcome;
-    if (oOptions.HasManyFiles())
+    if (oOptions.m_oFiles.NeedsName(oInput))
     {
         oOutcome.m_sOut = oOptions.m_sPrefix + ShowName(oInput.m_sName) + ":\n";
     }

@@ -24,8 +24,6 @@ struct SShowOptions
 {
     SFiles m_oFiles;
     SJsonOptions m_oJson;
-
-    bool HasManyFiles() const { return m_oFiles.m_asNames.size() > 1 || !m_oFiles.m_sListFile.empty(); }
 };
 
 using CLines = std::vector<std::string>;
@@ -292,7 +290,7 @@ SOutcome ShowImage(const SShowOptions& oOptions, const SInput& oInput)
     }
     if (oInput.m_aui8Bytes.size() >= CEdidUtils::msc_uiBlockSize)
     {
-        const std::string sHead = oOptions.HasManyFiles() ? ShowName(oInput.m_sName) + ":\n" : "";
+        const std::string sHead = oOptions.m_oFiles.NeedsName(oInput) ? ShowName(oInput.m_sName) + ":\n" : "";
         oOutcome.m_sOut = sHead + Summarise(oInput, oImage);
     }
     return oOutcome;

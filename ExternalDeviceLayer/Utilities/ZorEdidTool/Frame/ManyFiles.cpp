@@ -211,6 +211,7 @@ struct STurnRules
 {
     bool m_bVerbose;
     bool m_bTurnsForBadOnes;
+    const std::string& m_sBetween; // the standard outputs of two turns
     const std::function<SOutcome(const SInput&)>& m_fnTurn;
 };
 
@@ -233,31 +234,53 @@ SOutcome AnswerForFault(const std::string& sName, const std::string& sFault, con
     }
 }
 
-SOutcome RunTurn(const std::string& sName, const STurnRules& oRules)
+// What fnAnswer gives, or the outcome of an input with this name for which it has thrown.
+SOutcome Guard(const std::string& sName, const STurnRules& oRules, const std::function<SOutcome()>& fnAnswer)
 {
-    SOutcome oOutcome;
-    std::string sForm;
-    TakeMessages(); // of whatever came before
     try
     {
-        const SInput oInput = ReadInput(sName);
-        sForm = DescribeForm(oInput);
-        oOutcome = oInput.IsGood() ? oRules.m_fnTurn(oInput) : AnswerFor(oInput, oRules);
-        oOutcome.m_sError.insert(0, DescribeHint(oInput));
+        return fnAnswer();
     }
     catch (const std::bad_alloc&)
     {
-        oOutcome = AnswerForFault(sName, "not enough memory", oRules);
+        return AnswerForFault(sName, "not enough memory", oRules);
     }
     catch (const std::exception& oFault)
     {
-        oOutcome = AnswerForFault(sName, oFault.what(), oRules);
+        return AnswerForFault(sName, oFault.what(), oRules);
     }
+}
+
+SOutcome RunTurn(const SInput& oInput, const STurnRules& oRules)
+{
+    SOutcome oOutcome = Guard(oInput.m_sName, oRules, [&] {
+        SOutcome oAnswer = oInput.IsGood() ? oRules.m_fnTurn(oInput) : AnswerFor(oInput, oRules);
+        oAnswer.m_sError.insert(0, DescribeHint(oInput));
+        return oAnswer;
+    });
     if (oRules.m_bVerbose)
     {
-        oOutcome.m_sError = sForm + TakeMessages() + oOutcome.m_sError;
+        oOutcome.m_sError = DescribeForm(oInput) + TakeMessages() + oOutcome.m_sError;
     }
     return oOutcome;
+}
+
+// The turns of all EDIDs of a file, as one outcome.
+SOutcome RunTurnsOf(const std::string& sName, const STurnRules& oRules)
+{
+    TakeMessages(); // of whatever came before
+    return Guard(sName, oRules, [&] {
+        SOutcome oAll;
+        for (const SInput& oInput : ReadInputs(sName))
+        {
+            const SOutcome oOutcome = RunTurn(oInput, oRules);
+            oAll.m_sOut += oAll.m_sOut.empty() || oOutcome.m_sOut.empty() ? "" : oRules.m_sBetween;
+            oAll.m_sOut += oOutcome.m_sOut;
+            oAll.m_sError += oOutcome.m_sError;
+            oAll.Note(oOutcome.m_eExit);
+        }
+        return oAll;
+    });
 }
 
 // All that a run writes, in the order of the inputs.
@@ -365,7 +388,7 @@ public:
             oPace.Begin();
             for (const std::string& sName : poTurns->m_asNames)
             {
-                poTurns->m_aoOutcomes.push_back(RunTurn(sName, m_oRules));
+                poTurns->m_aoOutcomes.push_back(RunTurnsOf(sName, m_oRules));
             }
             oPace.End(poTurns->m_aoOutcomes);
             Finish(*poTurns);
@@ -571,7 +594,7 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
         return;
     }
     CPrinter oPrinter(oFiles, oNames.GetCount(), oTool);
-    const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, fnTurn };
+    const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, oFiles.m_sBetween, fnTurn };
     RunTurns(oFiles.m_uiJobs, oNames, oRules, oPrinter);
     oPrinter.Finish();
     if (!oNames.GetProblem().empty())
@@ -583,7 +606,12 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
 
 SInput ReadOneInput(const std::string& sName, STool& oTool)
 {
-    SInput oInput = ReadInput(sName);
+    CInputs aoInputs = ReadInputs(sName);
+    SInput oInput = std::move(aoInputs.front());
+    if (aoInputs.size() > 1)
+    {
+        oInput = { sName, {}, "", "holds several EDIDs, of which one is taken; --monitor chooses" };
+    }
     if (oTool.m_bVerbose)
     {
         fputs(DescribeForm(oInput).c_str(), stderr);

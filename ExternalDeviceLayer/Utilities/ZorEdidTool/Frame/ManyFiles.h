@@ -24,6 +24,12 @@ struct SFiles
     std::string m_sHead;             // standard output before all turns, unless the run itself is refused
     std::string m_sBetween;          // between the standard outputs of two turns, such as a comma
     std::string m_sTail;             // after all turns
+
+    // Whether the text about an input begins with its name, as it is one of several.
+    bool NeedsName(const SInput& oInput) const
+    {
+        return m_asNames.size() > 1 || !m_sListFile.empty() || oInput.IsOneOfSeveral();
+    }
 };
 
 // Declares FILE..., --files-from, -0 and -j.
@@ -32,11 +38,11 @@ void DeclareFiles(COptions& oCommand, SFiles& oFiles);
 // What FILE is where there is one of them.
 inline constexpr char gsc_szFileHelp[] = "An image in any form, \"-\" for standard input, or a connector";
 
-// Reads each input and hands it to fnTurn, which must not touch anything shared. An input that cannot be read becomes
-// an error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's error
-// text with --verbose, and nowhere otherwise.
+// Reads each file and hands its EDIDs to fnTurn, which must not touch anything shared. An input that cannot be read
+// becomes an error line and eExit_Input, unless it has a turn. What the library writes during a turn goes to the turn's
+// error text with --verbose, and nowhere otherwise.
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);
 
-// Reads one input of a subcommand that has few of them. One that cannot be read is reported on standard error and
-// noted; with --verbose, so is what it was taken for.
+// Reads one input of a subcommand that has few of them. One that cannot be read, or of which several EDIDs are wanted,
+// is reported on standard error and noted; with --verbose, so is what it was taken for.
 SInput ReadOneInput(const std::string& sName, STool& oTool);

@@ -375,7 +375,7 @@ void WriteBlock(const SImageBlock& oBlock, CJsonWriter& oJson)
 void BeginImage(const SInput& oInput, CJsonWriter& oJson)
 {
     BeginDocument(oJson);
-    oJson.Member("file", oInput.m_sName);
+    WriteSource(oInput, oJson);
 }
 
 void WriteModes(const CImageModes& oModes, CJsonWriter& oJson)
@@ -433,6 +433,15 @@ void BeginDocument(CJsonWriter& oJson)
     oJson.BeginObject();
     oJson.Member("format", "zoredid");
     oJson.Member("version", gsc_uiFormatVersion);
+}
+
+void WriteSource(const SInput& oInput, CJsonWriter& oJson)
+{
+    oJson.Member("file", oInput.GetFile());
+    if (!oInput.m_sMonitor.empty())
+    {
+        oJson.Member("monitor", oInput.m_sMonitor);
+    }
 }
 
 void WriteListTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics, CJsonWriter& oJson)

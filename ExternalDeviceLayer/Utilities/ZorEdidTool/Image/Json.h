@@ -12,6 +12,9 @@
 // Opens the object of a document with the members that each begins with: "format" and "version".
 void BeginDocument(CJsonWriter& oJson);
 
+// Where an image comes from, as members: its file, and of several in it which one.
+void WriteSource(const SInput& oInput, CJsonWriter& oJson);
+
 // A timing of the library's lists as members of the object that is open, without its place in an image.
 void WriteListTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics, CJsonWriter& oJson);
 

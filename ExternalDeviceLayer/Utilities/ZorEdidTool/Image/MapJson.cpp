@@ -139,7 +139,7 @@ std::string MakeExplanation(const SInput& oInput, const CZorEdidMap& oMap, const
 {
     CJsonWriter oJson(CJsonWriter::eStyle_Indented);
     BeginDocument(oJson);
-    oJson.Member("file", oInput.m_sName);
+    WriteSource(oInput, oJson);
     oJson.Member("form", oInput.m_sForm);
     oJson.Member("size", oMap.GetSize());
     oJson.BeginArray("fields");

@@ -24,7 +24,7 @@ std::string& GetMonitor()
     return s_sMonitor;
 }
 
-SInput MakeProblem(const std::string& sName, const std::string& sProblem) { return { sName, {}, "", sProblem }; }
+CInputs MakeProblem(const std::string& sName, const std::string& sProblem) { return { { sName, {}, "", sProblem } }; }
 
 bool IsNullDevice(const struct stat& oStatus)
 {
@@ -49,7 +49,7 @@ std::string GetProblemOfKind(const struct stat& oStatus, bool bTerminal)
 }
 
 // Reads to the end, whatever size the system reports: files below /sys report none.
-SInput ReadOpenFile(const std::string& sName, int iFile)
+CInputs ReadOpenFile(const std::string& sName, int iFile)
 {
     std::string sContent;
     for (;;)
@@ -61,7 +61,7 @@ SInput ReadOpenFile(const std::string& sName, int iFile)
         sContent.resize(uiSize + static_cast<size_t>(iRead > 0 ? iRead : 0));
         if (iRead == 0)
         {
-            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty) : DecodeInput(sName, sContent, GetMonitor());
+            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty) : DecodeInputs(sName, sContent, GetMonitor());
         }
         if (iRead < 0 && iError != EINTR)
         {
@@ -74,7 +74,7 @@ SInput ReadOpenFile(const std::string& sName, int iFile)
     }
 }
 
-SInput ReadStandardInput(const std::string& sName)
+CInputs ReadStandardInput(const std::string& sName)
 {
     struct stat oStatus;
     if (fstat(STDIN_FILENO, &oStatus) != 0)
@@ -85,19 +85,19 @@ SInput ReadStandardInput(const std::string& sName)
     return sProblem.empty() ? ReadOpenFile(sName, STDIN_FILENO) : MakeProblem(sName, sProblem);
 }
 
-SInput ReadFile(const std::string& sName, const std::string& sPath)
+CInputs ReadFile(const std::string& sName, const std::string& sPath)
 {
     const int iFile = open(sPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (iFile < 0)
     {
         return MakeProblem(sName, std::string("cannot be opened: ") + strerror(errno));
     }
-    SInput oInput = ReadOpenFile(sName, iFile);
+    CInputs aoInputs = ReadOpenFile(sName, iFile);
     close(iFile);
-    return oInput;
+    return aoInputs;
 }
 
-SInput ReadNamedConnector(const std::string& sName)
+CInputs ReadNamedConnector(const std::string& sName)
 {
     const std::vector<SConnector> aoFound = FindConnectors(sName);
     if (aoFound.empty())
@@ -122,15 +122,15 @@ SInput ReadNamedConnector(const std::string& sName)
         oInput.m_sProblem =
             "connector " + oConnector.m_sName + " (" + oConnector.m_sState + ")" + pszJoint + oInput.m_sProblem;
     }
-    return oInput;
+    return { oInput };
 }
 } // namespace
 
-void SetMonitor(const std::string& sNameOrNumber) { GetMonitor() = sNameOrNumber; }
+void SetMonitor(const std::string& sWanted) { GetMonitor() = sWanted; }
 
 SInput ReadConnector(const SConnector& oConnector)
 {
-    SInput oInput = ReadFile(oConnector.m_sName, oConnector.m_sEdidPath);
+    SInput oInput = ReadFile(oConnector.m_sName, oConnector.m_sEdidPath).front(); // bytes of one monitor
     if (oInput.m_sProblem == gsc_szEmpty)
     {
         oInput.m_sProblem = gsc_szNoEdid;
@@ -138,7 +138,7 @@ SInput ReadConnector(const SConnector& oConnector)
     return oInput;
 }
 
-SInput ReadInput(const std::string& sName)
+CInputs ReadInputs(const std::string& sName)
 {
     if (sName == "-")
     {

@@ -10,26 +10,33 @@ struct SConnector;
 
 struct SInput
 {
-    std::string m_sName;                    // as the user gave it
+    std::string m_sName;                    // as the user gave it; of several EDIDs in it, also which: "x.log (DP-1)"
     std::vector<unsigned char> m_aui8Bytes; // the image: 1 byte to 256 blocks; whether it is one is the caller's to see
     std::string m_sForm;                    // what it was taken for, such as "raw image" or "xxd dump"
     std::string m_sProblem;                 // why no image was read, one line; empty when one was
     std::string m_sHint = {};               // what the user should know of an image that there is; mostly empty
+    std::string m_sFile = {};               // the name without the EDID; empty where m_sName is just that
+    std::string m_sMonitor = {};            // of several in a text, the connector that the text gives it
 
     bool IsGood() const { return m_sProblem.empty(); }
+    bool IsOneOfSeveral() const { return !m_sFile.empty(); } // that are read of one file
+    const std::string& GetFile() const { return m_sFile.empty() ? m_sName : m_sFile; }
 };
 
-// Reads one input. "-" is standard input. A name that is not a file is looked for among the connectors. Folders and
-// devices are not read, and nothing is read beyond 4 MiB. Throws nothing but for want of memory.
-SInput ReadInput(const std::string& sName);
+using CInputs = std::vector<SInput>; // never empty where it is a result: there is an image or a problem
+
+// Reads one file with all the EDIDs that are wanted of it. "-" is standard input. A name that is not a file is looked
+// for among the connectors. Folders and devices are not read, and nothing is read beyond 4 MiB. Throws nothing but for
+// want of memory.
+CInputs ReadInputs(const std::string& sName);
 
 // The image at a connector. The problem is gsc_szNoEdid if it gives no bytes, as without a monitor.
 SInput ReadConnector(const SConnector& oConnector);
 inline constexpr char gsc_szNoEdid[] = "has no EDID";
 
-// Which EDID ReadInput takes of a text that holds several: the connector's name there, or a number from 1. Without it,
-// the first one. Set it before there are several threads.
-void SetMonitor(const std::string& sNameOrNumber);
+// Which EDIDs ReadInputs takes of a text that holds several: that of a connector there, in either case, that with a
+// number from 1, or "all". Without it, the first one. Set it before there are several threads.
+void SetMonitor(const std::string& sWanted);
 
-// The image in bytes of any known form; sName names it in messages.
-SInput DecodeInput(const std::string& sName, const std::string& sContent, const std::string& sMonitor = "");
+// The images in bytes of any known form; sName names them in messages.
+CInputs DecodeInputs(const std::string& sName, const std::string& sContent, const std::string& sMonitor = "");

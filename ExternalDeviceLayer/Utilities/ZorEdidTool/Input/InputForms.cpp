@@ -181,6 +181,27 @@ bool ReadXrandr(const std::string& sText, CMonitors& aoMonitors)
     return !aoMonitors.empty();
 }
 
+// ---- xrandr without --verbose: outputs and modes only ----
+
+bool ReadPlainXrandr(const std::string& sText, SInput& oInput)
+{
+    bool bScreen = false;
+    std::string_view sRest = sText;
+    while (!sRest.empty())
+    {
+        std::string_view sWords = TakeLine(sRest);
+        const std::string_view sFirst = TakeToken(sWords, gsc_sBlanks);
+        const std::string_view sSecond = TakeToken(sWords, gsc_sBlanks);
+        bScreen = bScreen || (sFirst == "Screen" && sSecond.ends_with(':')); // "Screen 0: minimum 320 x 200, ..."
+        if (bScreen && (sSecond == "connected" || sSecond == "disconnected"))
+        {
+            oInput.m_sProblem = "this output has no EDID; run xrandr --verbose (or xrandr --prop)";
+            return true;
+        }
+    }
+    return false;
+}
+
 // ---- C array: { 0x00, 255, ... }, or such numbers without braces ----
 
 size_t SkipBlanksAndComments(std::string_view sText, size_t uiPlace)
@@ -322,25 +343,27 @@ constexpr SForm gsc_aoForms[] = {
     { "dump with addresses", ReadDump }, // its column of text may look like any of those below
     { "log", nullptr, ReadLog },
     { "ioreg dump", nullptr, ReadIoRegistry },
+    { "xrandr", ReadPlainXrandr },
     { "C array", ReadCArray },
     { "base64", ReadBase64 },
     { "hexadecimal digits", ReadDigits },
     { "raw image", ReadRest },
 };
 
-bool ReadForm(const SForm& oForm, const std::string& sText, const std::string& sMonitor, SInput& oInput)
+// Empty when the text does not have this form.
+CInputs ReadForm(const SForm& oForm, const std::string& sText, const std::string& sMonitor, const std::string& sName)
 {
+    SInput oInput = { sName, {}, oForm.m_pszName, "" };
     CMonitors aoMonitors;
     if (oForm.m_pfnReadAll != nullptr ? !oForm.m_pfnReadAll(sText, aoMonitors) : !oForm.m_pfnRead(sText, oInput))
     {
-        return false;
+        return {};
     }
     if (oForm.m_pfnReadAll == nullptr && !sMonitor.empty() && oInput.IsGood())
     {
         aoMonitors.push_back({ "", oInput.m_aui8Bytes, "", "" });
     }
-    ChooseMonitor(std::move(aoMonitors), sMonitor, oInput);
-    return true;
+    return TakeMonitors(std::move(aoMonitors), sMonitor, oInput);
 }
 
 // An image may begin like a byte order mark, too. All characters of the forms are below 256.
@@ -384,41 +407,48 @@ bool IsSwapped(const std::vector<unsigned char>& aui8Bytes)
                std::equal(std::begin(aui8Head), std::end(aui8Head), aui8Bytes.begin());
     });
 }
+// An input that has been read as this form is refused where that cannot be an image.
+void FinishInput(const SForm& oForm, SInput& oInput)
+{
+    if (oInput.IsGood() && oInput.m_aui8Bytes.size() > gsc_uiMaxSize)
+    {
+        oInput.m_sProblem = oInput.m_sForm + " of more than 256 blocks";
+    }
+    else if (oInput.IsGood() && oInput.m_aui8Bytes.empty())
+    {
+        oInput.m_sProblem = oInput.m_sForm + " without a digit";
+    }
+    else if (oInput.IsGood() && oForm.m_pfnRead != ReadRaw && IsSwapped(oInput.m_aui8Bytes))
+    {
+        oInput.m_sProblem = oInput.m_sForm + " whose bytes are swapped in each word (od -tx1 prints bytes)";
+    }
+    else if (!oInput.IsGood())
+    {
+        oInput.m_sProblem = oInput.m_sForm + ": " + oInput.m_sProblem;
+    }
+    if (!oInput.IsGood())
+    {
+        oInput.m_aui8Bytes.clear();
+        oInput.m_sHint.clear();
+    }
+}
 } // namespace
 
-SInput DecodeInput(const std::string& sName, const std::string& sContent, const std::string& sMonitor)
+CInputs DecodeInputs(const std::string& sName, const std::string& sContent, const std::string& sMonitor)
 {
     const std::string sText = MakePlainText(sContent);
     for (const SForm& oForm : gsc_aoForms)
     {
-        SInput oInput = { sName, {}, oForm.m_pszName, "" };
-        if (!ReadForm(oForm, sText, sMonitor, oInput))
+        CInputs aoInputs = ReadForm(oForm, sText, sMonitor, sName);
+        if (!aoInputs.empty())
         {
-            continue;
+            for (SInput& oInput : aoInputs)
+            {
+                FinishInput(oForm, oInput);
+            }
+            return aoInputs;
         }
-        if (oInput.IsGood() && oInput.m_aui8Bytes.size() > gsc_uiMaxSize)
-        {
-            oInput.m_sProblem = oInput.m_sForm + " of more than 256 blocks";
-        }
-        else if (oInput.IsGood() && oInput.m_aui8Bytes.empty())
-        {
-            oInput.m_sProblem = oInput.m_sForm + " without a digit";
-        }
-        else if (oInput.IsGood() && oForm.m_pfnRead != ReadRaw && IsSwapped(oInput.m_aui8Bytes))
-        {
-            oInput.m_sProblem = oInput.m_sForm + " whose bytes are swapped in each word (od -tx1 prints bytes)";
-        }
-        else if (!oInput.IsGood())
-        {
-            oInput.m_sProblem = oInput.m_sForm + ": " + oInput.m_sProblem;
-        }
-        if (!oInput.IsGood())
-        {
-            oInput.m_aui8Bytes.clear();
-            oInput.m_sHint.clear();
-        }
-        return oInput;
     }
     const bool bEmpty = Trim(sText).empty();
-    return { sName, {}, "", bEmpty ? "is empty" : "in no known form: no image, no digits, no base64" };
+    return { { sName, {}, "", bEmpty ? "is empty" : "in no known form: no image, no digits, no base64" } };
 }

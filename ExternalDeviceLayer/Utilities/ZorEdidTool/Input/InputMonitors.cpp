@@ -1,4 +1,4 @@
-// Of the monitors in a text, the one that the user wants.
+// Of the monitors in a text, those that the user wants.
 
 #include <algorithm>
 #include <map>
@@ -9,6 +9,8 @@
 
 namespace
 {
+constexpr std::string_view gsc_sAllMonitors = "all"; // in place of a name
+
 // The name in a descriptor of the base block; empty without one.
 std::string GetModel(const SInput& oMonitor)
 {
@@ -50,7 +52,7 @@ void RemoveRepeated(CMonitors& aoMonitors)
 // The place of the one that is wanted, which is not empty. Their number, with the reason in sProblem, without one.
 size_t FindMonitor(const CMonitors& aoMonitors, const std::string& sWanted, std::string& sProblem)
 {
-    const auto fnHasName = [&sWanted](const SInput& oMonitor) { return oMonitor.m_sName == sWanted; };
+    const auto fnHasName = [&sWanted](const SInput& oMonitor) { return EqualsNoCase(oMonitor.m_sName, sWanted); };
     const auto itFound = std::find_if(aoMonitors.begin(), aoMonitors.end(), fnHasName);
     const auto iCount = std::count_if(itFound, aoMonitors.end(), fnHasName);
     unsigned long long ullNumber = 0;
@@ -67,32 +69,70 @@ size_t FindMonitor(const CMonitors& aoMonitors, const std::string& sWanted, std:
     sProblem += ListMonitors(aoMonitors);
     return aoMonitors.size();
 }
+// oInput with what is of this monitor.
+SInput MakeInput(const SInput& oInput, const SInput& oMonitor)
+{
+    SInput oMade = oInput;
+    oMade.m_aui8Bytes = oMonitor.m_aui8Bytes;
+    oMade.m_sProblem = oMonitor.m_sProblem;
+    return oMade;
+}
+
+std::string GetPlace(size_t uiMonitor, size_t uiCount)
+{
+    return "EDID " + std::to_string(uiMonitor + 1) + " of " + std::to_string(uiCount);
+}
+
+// A name that another one has, too, would not say which is meant.
+CInputs TakeAll(const CMonitors& aoMonitors, const SInput& oInput)
+{
+    CInputs aoInputs;
+    for (size_t i = 0; i < aoMonitors.size(); ++i)
+    {
+        const std::string& sName = aoMonitors[i].m_sName;
+        const auto fnHasName = [&sName](const SInput& oMonitor) { return oMonitor.m_sName == sName; };
+        const bool bUnique = std::count_if(aoMonitors.begin(), aoMonitors.end(), fnHasName) == 1;
+        SInput& oMade = aoInputs.emplace_back(MakeInput(oInput, aoMonitors[i]));
+        oMade.m_sFile = oInput.m_sName;
+        oMade.m_sMonitor = sName;
+        oMade.m_sName += " (" + (bUnique && !sName.empty() ? sName : "EDID " + std::to_string(i + 1)) + ")";
+        oMade.m_sForm += ", " + GetPlace(i, aoMonitors.size());
+    }
+    return aoInputs;
+}
 } // namespace
 
-void ChooseMonitor(CMonitors aoMonitors, const std::string& sWanted, SInput& oInput)
+CInputs TakeMonitors(CMonitors aoMonitors, const std::string& sWanted, const SInput& oInput)
 {
     RemoveRepeated(aoMonitors);
-    if (aoMonitors.empty())
-    {
-        return;
-    }
     const size_t uiCount = aoMonitors.size();
-    const size_t uiFound = sWanted.empty() ? 0 : FindMonitor(aoMonitors, sWanted, oInput.m_sProblem);
+    if (uiCount == 0)
+    {
+        return { oInput };
+    }
+    const bool bAll = EqualsNoCase(sWanted, gsc_sAllMonitors);
+    if (bAll && uiCount > 1)
+    {
+        return TakeAll(aoMonitors, oInput);
+    }
+    std::string sProblem;
+    const size_t uiFound = sWanted.empty() || bAll ? 0 : FindMonitor(aoMonitors, sWanted, sProblem);
     if (uiFound == uiCount)
     {
-        return;
+        SInput oNone = oInput;
+        oNone.m_sProblem = sProblem;
+        return { oNone };
     }
-    const std::string& sName = aoMonitors[uiFound].m_sName;
-    oInput.m_aui8Bytes = aoMonitors[uiFound].m_aui8Bytes;
-    oInput.m_sProblem = aoMonitors[uiFound].m_sProblem;
-    if (uiCount == 1)
+    SInput oFound = MakeInput(oInput, aoMonitors[uiFound]);
+    if (uiCount > 1)
     {
-        return;
+        const std::string& sName = aoMonitors[uiFound].m_sName;
+        const std::string sOthers = "; --monitor chooses: " + ListMonitors(aoMonitors);
+        const std::string sFirst = "the first EDID of " + std::to_string(uiCount);
+        oFound.m_sForm += ", " + (sWanted.empty() ? sFirst : GetPlace(uiFound, uiCount));
+        oFound.m_sProblem += oFound.IsGood() ? "" : sOthers;
+        oFound.m_sHint =
+            sWanted.empty() ? sFirst + " is read" + (sName.empty() ? "" : ", that of " + sName) + sOthers : "";
     }
-    const std::string sOthers = "; --monitor chooses: " + ListMonitors(aoMonitors);
-    const std::string sFirst = "the first EDID of " + std::to_string(uiCount);
-    oInput.m_sForm +=
-        ", " + (sWanted.empty() ? sFirst : "EDID " + std::to_string(uiFound + 1) + " of " + std::to_string(uiCount));
-    oInput.m_sProblem += oInput.IsGood() ? "" : sOthers;
-    oInput.m_sHint = sWanted.empty() ? sFirst + " is read" + (sName.empty() ? "" : ", that of " + sName) + sOthers : "";
+    return { oFound };
 }

@@ -44,9 +44,10 @@ bool LacksBlocks(const SInput& oInput);
 // The EDIDs of a text that may hold several: m_sName is whose it is, such as "HDMI-1", or empty, and m_sForm unused.
 using CMonitors = std::vector<SInput>;
 
-// Makes oInput the one of these that is wanted, by name, else by number from 1; the first one when sWanted is empty.
-// Its form and its hint say which. EDIDs that come twice are one, as in a log; those without digits are none.
-void ChooseMonitor(CMonitors aoMonitors, const std::string& sWanted, SInput& oInput);
+// Those of these that are wanted: by name, else by number from 1; all for "all", the first one when sWanted is empty.
+// Each is oInput with its bytes; its form and its hint, or its name, say which. EDIDs that come twice are one, as in a
+// log; those without digits are none. oInput itself when there are none.
+CInputs TakeMonitors(CMonitors aoMonitors, const std::string& sWanted, const SInput& oInput);
 
 // The readers: false when the text does not have this form. Else the input receives the bytes or a problem.
 bool ReadDump(const std::string& sText, SInput& oInput);       // with addresses

@@ -3,6 +3,7 @@ FrameTest.py COMMAND FOLDER [FOLDER_WITH_A_CORPUS]"""
 
 import base64
 import fcntl
+import json
 import os
 import pty
 import re
@@ -203,6 +204,20 @@ class Forms(unittest.TestCase):
                 self.assertEqual((0, IMAGE, ""), run(*before, "convert", "-", "-o", "-", *after, data=data))
         self.assertEqual((3, b"", "zoredid: -: xrandr --verbose: no monitor '3'; there are 1 DP-2, 2 HDMI-1 (ASUS VE276)\n"),
                          run("report", "-", "--monitor", "3", data=data))
+
+    def test_all_of_several_are_taken(self):
+        data = (XRANDR + OTHER_OUTPUT).encode()
+        alone, bad = run("explain", "-", data=IMAGE)[1], b"\n- (DP-2):\n"
+        status, out, error = run("explain", "-", "--monitor", "all", data=data)
+        self.assertEqual((0, ""), (status, error))
+        self.assertTrue(out.startswith(b"- (HDMI-1):\n" + alone + bad), out)
+        status, out, error = run("show", "-", "--json", "--monitor", "all", data=data)
+        images = json.loads(out)["images"]
+        self.assertEqual([("-", "HDMI-1", True), ("-", "DP-2", False)],
+                         [(image["file"], image["monitor"], "error" not in image) for image in images])
+        self.assertEqual((3, 1, True), (status, error.count("\n"), error.startswith("zoredid: - (DP-2): no EDID")))
+        self.assertEqual((3, b"", "zoredid: -: holds several EDIDs, of which one is taken; --monitor chooses\n"),
+                         run("convert", "-", "-o", "-", "--monitor", "all", data=data))
 
     def test_what_cannot_be_taken_gets_one_line(self):
         for name, (text, reason) in BAD.items():
@@ -526,9 +541,9 @@ class CommandLine(unittest.TestCase):
             self.assertEqual((True, 1), ("\\x1b[2J" in error, error.count("\n")), error)
             self.assertNotIn("\x1b", error)
         self.assertIn("(see zoredid check --help)", run("check")[2])
-        for arguments, what in (((), "no subcommand is given"), (("x", MONITOR), "unknown subcommand 'x'"),
-                                (("help", "x"), "unknown subcommand 'x'"),
-                                (("-v", "a\nb"), "unknown subcommand 'a\\nb'"), (("--json",), "unknown option '--json'")):
+        for arguments, what in (((), "no subcommand is given"), (("x", MONITOR), "unknown subcommand: x"),
+                                (("help", "x"), "unknown subcommand: x"),
+                                (("-v", "a\nb"), "unknown subcommand: a\\nb"), (("--json",), "unknown option: --json")):
             self.assertRegex(run(*arguments)[2],
                              "^zoredid: " + re.escape(what) + "; expected one of show report .*convert")
 
@@ -541,6 +556,17 @@ class CommandLine(unittest.TestCase):
             status, out, error = run(*arguments)
             self.assertEqual((2, b"", 1), (status, out, error.count("\n")), error)
             self.assertIn("; did you mean '%s'? (see zoredid" % meant, error)
+        for arguments, what in ((("show", "--foo", MONITOR, "-x"), "unknown option: --foo, unknown option: -x"),
+                                (("modes", "a", "b", "c", "--", "--d"), "unexpected argument: b, unexpected argument: c, "
+                                                                       "unexpected argument: --d"),
+                                (("report", "--frmat", "a", MONITOR), "unknown option: --frmat; did you mean '--format'?"),
+                                (("report", MONITOR, "--format"), "--format needs a value; expected one of plain, extended, modes"),
+                                (("check", MONITOR, "-j"), "--jobs needs a value; expected 1 to 256"),
+                                (("check", MONITOR, "-j", "257"), "--jobs: 257 is not a number of 1 to 256"),
+                                (("check", MONITOR, "--json=yes"), "--json takes no value"),
+                                (("show", MONITOR, "--json", "--jsonl"), "--json cannot be combined with --jsonl")):
+            self.assertEqual((2, b"", "zoredid: %s (see zoredid %s --help)\n" % (what, arguments[0])), run(*arguments))
+        self.assertEqual("zoredid: --monitor needs a value (see zoredid --help)\n", run("--monitor")[2])
         for options in ("--json",), ("-j", "2"), ("-v", "--jsonl"):  # of show, ahead of its files
             self.assertEqual(run("show", MONITOR, *options), run(*options, MONITOR))
         for arguments in (("quit",), ("report", MONITOR, "--nonsense"), ("report", MONITOR, "--" + "x" * 5000),
@@ -555,7 +581,7 @@ class CommandLine(unittest.TestCase):
                 status, out, error = run("check", *arguments, cwd=folder)
                 self.assertEqual((0, b"2 images: 2 clean", ""), (status, out[:17], error))
             self.assertEqual((0, b"same\n", ""), run("compare", "a", "--", "-b", cwd=folder))
-            self.assertEqual((2, b"", "zoredid: The following argument was not expected: -b (see zoredid modes --help)\n"),
+            self.assertEqual((2, b"", "zoredid: unexpected argument: -b (see zoredid modes --help)\n"),
                              run("modes", "a", "--", "-b", cwd=folder))
             for arguments in (("--prefix=",), ("--prefix", "")):
                 self.assertEqual(run("report", "a", cwd=folder), run("report", "a", *arguments, cwd=folder))
@@ -576,7 +602,7 @@ class CommandLine(unittest.TestCase):
 
     def test_help_is_as_wide_as_the_terminal(self):
         def widest(text):  # of the lines that are wrapped
-            options = text.split("\nExit status:")[0].split("\nExample")[0].replace("\r", "")
+            options = text.split("\nExample")[0].replace("\r", "")
             return max(len(line) for line in options.splitlines() if not line.startswith(" " * 2 + "zoredid"))
 
         widths = {"39": 40, "60": 60, "500": 120, "": 80, "0": 80, "8x": 80}

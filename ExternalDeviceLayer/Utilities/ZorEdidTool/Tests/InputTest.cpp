@@ -13,6 +13,13 @@ namespace
 {
 using namespace std::string_literals;
 
+SInput Decode(const std::string& sName, const std::string& sContent, const std::string& sMonitor = "")
+{
+    return DecodeInputs(sName, sContent, sMonitor).front();
+}
+
+SInput ReadOne(const std::string& sName) { return ReadInputs(sName).front(); }
+
 std::string Repeat(const std::string& sText, size_t uiTimes)
 {
     std::string sAll;
@@ -50,7 +57,7 @@ class InputForm : public testing::TestWithParam<SFormCase>
 
 TEST_P(InputForm, GivesItsBytes)
 {
-    const SInput oInput = DecodeInput("x", GetParam().m_sText);
+    const SInput oInput = Decode("x", GetParam().m_sText);
     EXPECT_EQ("", oInput.m_sProblem);
     EXPECT_EQ(GetParam().m_pszForm, oInput.m_sForm);
     EXPECT_EQ(ParseBytes(GetParam().m_sBytes), oInput.m_aui8Bytes);
@@ -216,6 +223,8 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
           "Windows registry export: line 3: a byte has two hexadecimal digits; decimal ones are not read" },
         { "EDID:\n\t00f\n", "xrandr --verbose: line 2: an odd number of digits" },
         { "EDID:\n\tnone\n", "xrandr --verbose without a digit" },
+        { "Screen 0: minimum 320 x 200\nDP-1 disconnected (normal)\nDP-2 connected 640x480+0+0\n   640x480 60.00\n",
+          "xrandr: this output has no EDID; run xrandr --verbose (or xrandr --prop)" },
         { "[ 3.1] Raw EDID:\n[ 3.1] none\n", "in no known form: no image, no digits, no base64" },
         { "EDID hex dump:\n +0000   00 ff\n +0010   00\n",
           "ddcutil dump: line 3: its address does not follow the bytes before it" },
@@ -225,7 +234,7 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
     };
     for (const auto& oCase : aoCases)
     {
-        const SInput oInput = DecodeInput("x", oCase.m_sText);
+        const SInput oInput = Decode("x", oCase.m_sText);
         EXPECT_EQ(oCase.m_pszProblem, oInput.m_sProblem) << oCase.m_sText.substr(0, 60);
         EXPECT_EQ(oInput.IsGood(), !oInput.m_aui8Bytes.empty()) << oCase.m_sText.substr(0, 60);
     }
@@ -250,7 +259,8 @@ TEST(InputMonitors, AreChosenByNameOrNumber)
           "--monitor chooses: 1 DP-1, 2 DP-2" },
         { szTwo, "DP-2", "11", "xrandr --verbose, EDID 2 of 2|" },
         { szTwo, "1", "00", "xrandr --verbose, EDID 1 of 2|" },
-        { szTwo, "dp-2", "", "xrandr --verbose: no monitor 'dp-2'; there are 1 DP-1, 2 DP-2" },
+        { szTwo, "dp-2", "11", "xrandr --verbose, EDID 2 of 2|" },
+        { szTwo, "DP-3", "", "xrandr --verbose: no monitor 'DP-3'; there are 1 DP-1, 2 DP-2" },
         { szTwo, "0", "", "xrandr --verbose: no monitor '0'; there are 1 DP-1, 2 DP-2" },
         { szMany, "2", "11", "xrandr --verbose, EDID 2 of 4|" },
         { szMany, "c", "", "xrandr --verbose: several EDIDs of the monitor 'c'; there are 1 a, 2 c, 3 c, 4 1" },
@@ -264,10 +274,40 @@ TEST(InputMonitors, AreChosenByNameOrNumber)
     };
     for (const auto& oCase : aoCases)
     {
-        const SInput oInput = DecodeInput("x", oCase.m_pszText, oCase.m_pszMonitor);
+        const SInput oInput = Decode("x", oCase.m_pszText, oCase.m_pszMonitor);
         EXPECT_EQ(oCase.m_pszSaid, oInput.IsGood() ? oInput.m_sForm + "|" + oInput.m_sHint : oInput.m_sProblem);
         EXPECT_EQ(ParseBytes(oCase.m_pszBytes), oInput.m_aui8Bytes) << oCase.m_pszSaid;
     }
+}
+
+TEST(InputMonitors, AreAllTaken)
+{
+    // Damaged, twice with one name, and without a name.
+    const CInputs aoInputs = DecodeInputs(
+        "x", "a connected \n EDID:\n 000\nc connected \n EDID:\n 11\n EDID:\n 22\nd connected\n EDID:\n 33\n", "ALL");
+    const struct
+    {
+        const char* m_pszName;
+        const char* m_pszMonitor;
+        const char* m_pszSaid; // form, or problem
+        const char* m_pszBytes;
+    } aoCases[] = {
+        { "x (a)", "a", "xrandr --verbose, EDID 1 of 4: line 3: an odd number of digits", "" },
+        { "x (EDID 2)", "c", "xrandr --verbose, EDID 2 of 4", "11" },
+        { "x (EDID 3)", "c", "xrandr --verbose, EDID 3 of 4", "22" },
+        { "x (d)", "d", "xrandr --verbose, EDID 4 of 4", "33" },
+    };
+    ASSERT_EQ(std::size(aoCases), aoInputs.size());
+    for (size_t i = 0; i < aoInputs.size(); ++i)
+    {
+        EXPECT_EQ(aoCases[i].m_pszName, aoInputs[i].m_sName);
+        EXPECT_EQ("x", aoInputs[i].GetFile());
+        EXPECT_EQ(aoCases[i].m_pszMonitor, aoInputs[i].m_sMonitor);
+        EXPECT_EQ(aoCases[i].m_pszSaid, aoInputs[i].IsGood() ? aoInputs[i].m_sForm : aoInputs[i].m_sProblem);
+        EXPECT_EQ(ParseBytes(aoCases[i].m_pszBytes), aoInputs[i].m_aui8Bytes);
+        EXPECT_EQ("", aoInputs[i].m_sHint);
+    }
+    EXPECT_EQ("x", Decode("x", "00 ff", "all").m_sName); // the only one
 }
 
 // Sixteen bytes a line, each after what the logger adds; "[00]" is the number of its block.
@@ -315,7 +355,7 @@ TEST(InputLogs, GiveTheirBytesWhateverTheLoggerAdds)
     };
     for (const auto& [pszHead, pszAdded] : aoCases)
     {
-        const SInput oInput = DecodeInput("x", pszHead + Log(pszAdded, aui8Image));
+        const SInput oInput = Decode("x", pszHead + Log(pszAdded, aui8Image));
         EXPECT_EQ("", oInput.m_sProblem) << pszAdded;
         EXPECT_EQ(aui8Image, oInput.m_aui8Bytes) << pszAdded;
     }
@@ -338,13 +378,12 @@ TEST(InputLogs, HoldOtherLinesAndSeveralEdids)
                               sTwo.substr(0, 3 * uiLine) + Repeat("y\n", 17) + sTwo.substr(3 * uiLine);
     EXPECT_EQ("the first EDID of 6 is read, that of eDP-1; "
               "--monitor chooses: 1 eDP-1, 2 DP-1, 3 VGA-1, 4, 5, 6 DVI-1",
-              DecodeInput("x", sText).m_sHint);
-    EXPECT_EQ(aui8Damaged, DecodeInput("x", sText).m_aui8Bytes);
-    EXPECT_EQ(aui8Two, DecodeInput("x", sText, "DP-1").m_aui8Bytes);
-    EXPECT_EQ(aui8One, DecodeInput("x", sText, "VGA-1").m_aui8Bytes);
-    EXPECT_EQ(MakeNumbered(0, 3), DecodeInput("x", sText, "5").m_aui8Bytes);
-    EXPECT_NE(std::string::npos,
-              DecodeInput("x", sText, "6").m_sProblem.find("an EDID that breaks off after 48 bytes"));
+              Decode("x", sText).m_sHint);
+    EXPECT_EQ(aui8Damaged, Decode("x", sText).m_aui8Bytes);
+    EXPECT_EQ(aui8Two, Decode("x", sText, "DP-1").m_aui8Bytes);
+    EXPECT_EQ(aui8One, Decode("x", sText, "VGA-1").m_aui8Bytes);
+    EXPECT_EQ(MakeNumbered(0, 3), Decode("x", sText, "5").m_aui8Bytes);
+    EXPECT_NE(std::string::npos, Decode("x", sText, "6").m_sProblem.find("an EDID that breaks off after 48 bytes"));
 }
 
 // Columns and line ends of its rows are those of the library's reader.
@@ -355,7 +394,7 @@ TEST(InputTable, GivesItsBytesWhereverTheMarkerStands)
     for (const std::string& sText :
          { MakeTextTable(aui8Image), MakeTextTable(aui8Image, 16, "\r\n"), MakeTextTable(aui8Image).substr(24) })
     {
-        const SInput oInput = DecodeInput("x", sText);
+        const SInput oInput = Decode("x", sText);
         EXPECT_EQ("", oInput.m_sProblem);
         EXPECT_EQ("text table", oInput.m_sForm);
         EXPECT_EQ(aui8Image, oInput.m_aui8Bytes);
@@ -374,17 +413,17 @@ protected:
 
 TEST_F(InputFiles, AreReadToTheEndOrRefused)
 {
-    EXPECT_EQ(ParseBytes("00 FF"), ReadInput(Write("a.dat", "00 ff")).m_aui8Bytes);
-    EXPECT_EQ(ParseBytes("00*32767 FF"), ReadInput(Write("long", std::string(32767, '\0') + "\xFF")).m_aui8Bytes);
-    EXPECT_EQ("is empty", ReadInput(Write("empty", "")).m_sProblem);
-    EXPECT_EQ("is longer than 4 MiB", ReadInput(Write("longer", std::string((4U << 20) + 1, ' '))).m_sProblem);
-    EXPECT_EQ("is empty", ReadInput(Write("longest", std::string(4U << 20, ' '))).m_sProblem);
-    EXPECT_EQ("is a folder", ReadInput(m_oFolder).m_sProblem);
-    EXPECT_EQ("is a device", ReadInput("/dev/zero").m_sProblem);
-    EXPECT_EQ("is empty", ReadInput("/dev/null").m_sProblem);
-    EXPECT_EQ("cannot be opened: Not a directory", ReadInput(Write("file", "00") + "/x").m_sProblem);
-    EXPECT_EQ("neither a file nor a connector of this machine", ReadInput(m_oFolder / "none").m_sProblem);
-    EXPECT_EQ("a NUL in the name; did you mean -0?", ReadInput("a\0b"s).m_sProblem);
+    EXPECT_EQ(ParseBytes("00 FF"), ReadOne(Write("a.dat", "00 ff")).m_aui8Bytes);
+    EXPECT_EQ(ParseBytes("00*32767 FF"), ReadOne(Write("long", std::string(32767, '\0') + "\xFF")).m_aui8Bytes);
+    EXPECT_EQ("is empty", ReadOne(Write("empty", "")).m_sProblem);
+    EXPECT_EQ("is longer than 4 MiB", ReadOne(Write("longer", std::string((4U << 20) + 1, ' '))).m_sProblem);
+    EXPECT_EQ("is empty", ReadOne(Write("longest", std::string(4U << 20, ' '))).m_sProblem);
+    EXPECT_EQ("is a folder", ReadOne(m_oFolder).m_sProblem);
+    EXPECT_EQ("is a device", ReadOne("/dev/zero").m_sProblem);
+    EXPECT_EQ("is empty", ReadOne("/dev/null").m_sProblem);
+    EXPECT_EQ("cannot be opened: Not a directory", ReadOne(Write("file", "00") + "/x").m_sProblem);
+    EXPECT_EQ("neither a file nor a connector of this machine", ReadOne(m_oFolder / "none").m_sProblem);
+    EXPECT_EQ("a NUL in the name; did you mean -0?", ReadOne("a\0b"s).m_sProblem);
 }
 
 TEST_F(InputFiles, ConnectorsAreFoundByNameWithOrWithoutTheirCard)
@@ -405,15 +444,15 @@ TEST_F(InputFiles, ConnectorsAreFoundByNameWithOrWithoutTheirCard)
     EXPECT_EQ("card0-HDMI-A-1", aoConnectors[1].m_sName);
     EXPECT_EQ("disconnected", aoConnectors[2].m_sState);
 
-    const SInput oInput = ReadInput("HDMI-A-1");
+    const SInput oInput = ReadOne("HDMI-A-1");
     EXPECT_EQ("connector card0-HDMI-A-1", oInput.m_sForm);
     EXPECT_EQ("HDMI-A-1", oInput.m_sName);
     EXPECT_EQ(ParseBytes("00 FF"), oInput.m_aui8Bytes);
-    EXPECT_EQ("several connectors have this name: card0-DP-1, card1-DP-1", ReadInput("DP-1").m_sProblem);
-    EXPECT_EQ("connector card1-DP-1 (disconnected) has no EDID", ReadInput("card1-DP-1").m_sProblem);
+    EXPECT_EQ("several connectors have this name: card0-DP-1, card1-DP-1", ReadOne("DP-1").m_sProblem);
+    EXPECT_EQ("connector card1-DP-1 (disconnected) has no EDID", ReadOne("card1-DP-1").m_sProblem);
     EXPECT_EQ("connector card0-DP-1 (connected): cannot be opened: No such file or directory",
-              ReadInput("card0-DP-1").m_sProblem);
-    EXPECT_EQ("neither a file nor a connector of this machine", ReadInput("A-1").m_sProblem);
+              ReadOne("card0-DP-1").m_sProblem);
+    EXPECT_EQ("neither a file nor a connector of this machine", ReadOne("A-1").m_sProblem);
 
     SetConnectorFolder(m_oFolder / "none");
     EXPECT_FALSE(ListConnectors(aoConnectors, sProblem));

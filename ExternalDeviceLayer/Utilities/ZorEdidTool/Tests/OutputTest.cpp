@@ -228,7 +228,7 @@ TEST(OutputForms, AreReadBackToTheSameBytes)
     {
         for (const SOutputForm& oForm : GetOutputForms())
         {
-            const SInput oInput = DecodeInput("x", oForm.m_pfnMake(aui8Image));
+            const SInput oInput = DecodeInputs("x", oForm.m_pfnMake(aui8Image)).front();
             EXPECT_EQ("", oInput.m_sProblem) << oForm.m_pszName;
             EXPECT_TRUE(aui8Image == oInput.m_aui8Bytes) << oForm.m_pszName << ' ' << static_cast<int>(aui8Image[8]);
         }

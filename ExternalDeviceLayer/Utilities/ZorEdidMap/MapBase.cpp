@@ -30,12 +30,12 @@ CMString FormatMaker(const CRecord& oRecord, unsigned int)
     return CMString(ReadManufacturerCode(oRecord.GetData()).m_szCode);
 }
 
-const char* CheckMaker(const CRecord& oRecord, unsigned int)
+EZorEdidRule CheckMaker(const CRecord& oRecord, unsigned int)
 {
     const SManufacturerCode oCode = ReadManufacturerCode(oRecord.GetData());
     const bool bLetters = std::all_of(oCode.m_szCode, oCode.m_szCode + gsc_uiManufacturerLetters,
                                       [](char cOne) { return cOne >= 'A' && cOne <= 'Z'; });
-    return bLetters ? nullptr : "not three letters";
+    return bLetters ? eZorEdidRule_None : eZorEdidRule_BaseMaker;
 }
 
 bool IsModelYear(const CRecord& oRecord)
@@ -43,10 +43,10 @@ bool IsModelYear(const CRecord& oRecord)
     return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWeekOffset) == gsc_uiModelYearWeek;
 }
 
-const char* CheckYear(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckYear(const CRecord& oRecord, unsigned int uiValue)
 {
     constexpr unsigned int uiFirstYear = 0x10; // 2006
-    return IsRevision4(oRecord) && uiValue < uiFirstYear ? "before 2006, which 1.4 reserves" : nullptr;
+    return IsRevision4(oRecord) && uiValue < uiFirstYear ? eZorEdidRule_BaseYear : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoWeeks[] = { { 0, 0, "not given" }, { 54, 255, gsc_szReserved } };
@@ -71,13 +71,13 @@ constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product id
 
 // ---- EDID structure version and revision, E-EDID 3.5 ----
 
-const char* CheckRevision(const CRecord&, unsigned int uiValue)
+EZorEdidRule CheckRevision(const CRecord&, unsigned int uiValue)
 {
-    return uiValue > 4 ? "later than 1.4, read as 1.4" : nullptr;
+    return uiValue > 4 ? eZorEdidRule_BaseRevision : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoVersionRows[] = {
-    { eId_BaseEdidVersion, Byte(0x12), "Version number", Number().Expect(1, "only version 1 has this layout") },
+    { eId_BaseEdidVersion, Byte(0x12), "Version number", Number().Expect(1, eZorEdidRule_BaseVersion) },
     { eId_BaseEdidRevision, Byte(0x13), "Revision number", Number(), nullptr, CheckRevision },
 };
 constexpr STable gsc_oVersionTable = { eId_BaseEdid, "EDID structure version and revision", eArea_Structure,
@@ -146,7 +146,7 @@ constexpr auto gsc_aoEncodings = Listed({ "RGB 4:4:4", "RGB 4:4:4 and YCrCb 4:4:
                                           "RGB 4:4:4, YCrCb 4:4:4 and YCrCb 4:2:2" });
 
 // The primaries, the white point and the gamma of sRGB as this block stores them.
-const char* CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
 {
     constexpr unsigned char aui8Colors[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
     constexpr unsigned int uiColorsOffset = 0x19;
@@ -155,14 +155,14 @@ const char* CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
     if (uiValue != 0 && oRecord.GetSize() >= uiColorsOffset + sizeof(aui8Colors) &&
         memcmp(oRecord.GetData() + uiColorsOffset, aui8Colors, sizeof(aui8Colors)) != 0)
     {
-        return "the chromaticities are not those of sRGB";
+        return eZorEdidRule_SrgbColors;
     }
-    return uiValue != 0 && oRecord.GetByte(uiGammaOffset) != uiGamma ? "the gamma is not that of sRGB" : nullptr;
+    return uiValue != 0 && oRecord.GetByte(uiGammaOffset) != uiGamma ? eZorEdidRule_SrgbGamma : eZorEdidRule_None;
 }
 
-const char* CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
 {
-    return IsRevision3(oRecord) && uiValue == 0 ? "1.3 requires it" : nullptr;
+    return IsRevision3(oRecord) && uiValue == 0 ? eZorEdidRule_PreferredFlag : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoDisplayRows[] = {
@@ -294,11 +294,16 @@ CMString FormatPair(const CRecord& oRecord)
     return ModeText(oMode);
 }
 
+EZorEdidRule CheckPairNotZero(const CRecord& /*oPair*/, unsigned int uiValue)
+{
+    return uiValue == 0 ? eZorEdidRule_StandardTimingZero : eZorEdidRule_None;
+}
+
 template <bool ALWAYS>
 constexpr SRow gsc_aoPairRows[] = {
-    { eId_Unused, Run(0, 2), "Unused", Filler(gsc_uiUnusedStandard, nullptr), IsUnusedPair },
+    { eId_Unused, Run(0, 2), "Unused", Filler(gsc_uiUnusedStandard, eZorEdidRule_None), IsUnusedPair },
     { eId_BaseStandardHorizontalPixels, Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248),
-      IsUsedPair, CheckReservedZero },
+      IsUsedPair, CheckPairNotZero },
     { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },
     { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair<ALWAYS> },
     { eId_BaseStandardRefreshRate, Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
@@ -344,14 +349,13 @@ void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned 
 {
     if (!IsDetailed(oBlock, 0) && IsPreferredTimingDeclared(oBlock.GetData()))
     {
-        oWriter.AddNote(puiFields[0], CZorEdidMap::eSeverity_Error, "the first descriptor must be a detailed timing");
+        oWriter.AddNote(puiFields[0], eZorEdidRule_FirstDescriptor);
     }
     for (unsigned int i = 1; i < gsc_uiDescriptorCount; ++i)
     {
         if (IsDetailed(oBlock, i) && !IsDetailed(oBlock, i - 1))
         {
-            oWriter.AddNote(puiFields[i], CZorEdidMap::eSeverity_Warning,
-                            "detailed timings must stand ahead of display descriptors");
+            oWriter.AddNote(puiFields[i], eZorEdidRule_DescriptorOrder);
         }
     }
 }
@@ -373,10 +377,9 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
     const SRangeLimits oLimits = ReadRangeLimits(GetDescriptor(oBlock, uiLimits));
     for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
     {
-        const char* pszText = IsDetailed(oBlock, i) ? CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits) : nullptr;
-        if (pszText != nullptr)
+        if (IsDetailed(oBlock, i))
         {
-            oWriter.AddNote(puiFields[i], eSeverity, pszText);
+            oWriter.AddNote(puiFields[i], CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits), eSeverity);
         }
     }
 }
@@ -393,8 +396,7 @@ void NoteSizes(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
         if (IsDetailed(oBlock, i) && IsImageFarFrom(GetDescriptor(oBlock, i), uiWidth, uiHeight))
         {
             oWriter.AddNote(oWriter.FindLeaf(uiOffset + DescriptorOffset(i) + uiImageWidthOffset, 0),
-                            CZorEdidMap::eSeverity_Note,
-                            "the image size is far from the screen size in bytes 15h and 16h");
+                            eZorEdidRule_ImageSize);
         }
     }
 }
@@ -404,16 +406,15 @@ void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBloc
     const bool bRange = HasDescriptor(oBlock, gsc_ui8TagRangeLimits);
     if (IsRevision3(oBlock) && !bRange)
     {
-        oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning, "1.3 requires display range limits");
+        oWriter.AddNote(uiBlockField, eZorEdidRule_RangeRequired);
     }
     if (IsRevision3(oBlock) && !HasDescriptor(oBlock, gsc_ui8TagName))
     {
-        oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning, "1.3 requires a display product name");
+        oWriter.AddNote(uiBlockField, eZorEdidRule_NameRequired);
     }
     if (IsRevision4(oBlock) && oBlock.IsSet(gsc_uiFeaturesOffset, 0) && !bRange)
     {
-        oWriter.AddNote(uiBlockField, CZorEdidMap::eSeverity_Warning,
-                        "a continuous frequency display requires display range limits");
+        oWriter.AddNote(uiBlockField, eZorEdidRule_RangeRequiredContinuous);
     }
 }
 
@@ -425,8 +426,7 @@ void NoteBlockMap(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiCou
         oWriter.GetByte(uiCountOffset - gsc_uiExtensionCountOffset + CMapWriter::msc_uiBlockSize);
     if (IsRevision3(oBlock) && oBlock.GetByte(gsc_uiExtensionCountOffset) > 1 && uiTag != uiBlockMapTag)
     {
-        oWriter.AddNote(oWriter.FindLeaf(uiCountOffset, 0), CZorEdidMap::eSeverity_Warning,
-                        "1.3 requires a block map ahead of two or more extension blocks");
+        oWriter.AddNote(oWriter.FindLeaf(uiCountOffset, 0), eZorEdidRule_BlockMapMissing);
     }
 }
 
@@ -469,7 +469,7 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
     const unsigned int uiHeader = oWriter.AddLeaf(g_oHeaderRow, eArea_Structure, uiOffset, uiLength);
     if (!HasHeader(oBlock))
     {
-        oWriter.AddNote(uiHeader, CZorEdidMap::eSeverity_Error, "not the header of a base block");
+        oWriter.AddNote(uiHeader, eZorEdidRule_BaseHeader);
     }
     AddPart(oWriter, gsc_oIdentityTable, uiOffset, uiLength, 0x08, 10);
     AddPart(oWriter, gsc_oVersionTable, uiOffset, uiLength, 0x12, 2);

@@ -21,20 +21,14 @@ constexpr SForm Chromaticity() { return Fraction(nullptr, 1024); }
 
 inline constexpr SMeaning gsc_aoGammaNotHere[] = { { 0xFF, 0xFF, "not given here" } };
 
-inline const char* CheckReservedZero(const CRecord& /*oRecord*/, unsigned int uiValue)
-{
-    return uiValue == 0 ? "00h is reserved" : nullptr;
-}
-
 // ---- Detailed timings against range limits ----
 
 // Both records have gsc_uiMapDescriptorSize bytes, of a range limits descriptor and of a detailed timing. A maximum of
 // 0 limits nothing.
 using Descriptors::SRangeLimits;
 SRangeLimits ReadRangeLimits(const CRecord& oRecord);
-// What of the timing lies beyond the limits, as a static text; null when nothing does. Limits are whole numbers: half a
-// unit beyond them is within.
-const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits);
+// The rule of what lies beyond the limits. Limits are whole numbers: half a unit beyond them is within.
+EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits);
 
 // Whether the image of the timing is more than a tenth larger than a screen of this size in mm, or less than half as
 // large. False where one of them is not given.

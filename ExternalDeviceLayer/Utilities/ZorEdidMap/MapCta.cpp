@@ -312,12 +312,10 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiStart, const CDat
 
 // ---- What is off about a data block ----
 
-constexpr SPayloadNotes gsc_oPayloadNotes = { "is shorter than the standard has it",
-                                              "is longer than the standard has it",
-                                              "is not a whole number of descriptors long",
-                                              "has a length that the standard does not define" };
+constexpr SPayloadNotes gsc_oPayloadNotes = { eZorEdidRule_CtaShort, eZorEdidRule_CtaLong, eZorEdidRule_CtaPart,
+                                              eZorEdidRule_CtaOtherLength };
 
-const char* CheckLength(const SFound& oFound)
+EZorEdidRule CheckLength(const SFound& oFound)
 {
     return CheckPayload(oFound.m_poKind->m_oSize, oFound.GetPayloadSize(), gsc_oPayloadNotes);
 }
@@ -328,28 +326,28 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     const unsigned int uiTag = oKind.m_oKey.m_ui8Tag;
     if (oFound.m_bCut)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block collection");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaPastCollection);
         return;
     }
     if (&oKind == &gsc_oNoExtendedTag)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its extended tag");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaNoExtendedTag);
     }
     else if (HasOui(uiTag, oKind.m_oKey.m_ui8FirstExtended) && oFound.m_uiHeader < gsc_uiOuiSize)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "has no room for its OUI");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaNoOui);
     }
-    else if (const char* pszText = CheckLength(oFound))
+    else
     {
-        oWriter.AddNote(uiField, oKind.m_oSize.GetSeverity(), pszText);
+        oWriter.AddNote(uiField, CheckLength(oFound), oKind.m_oSize.GetSeverity());
     }
     if (oKind.m_eRule != eAny && bAgain)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "the standard allows only one of this kind");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaAgain);
     }
     if (oKind.m_eRule == eFirst && oFound.m_uiOffset != gsc_uiBlockSize + gsc_uiDataBlocksOffset)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "is not the first data block of block 1");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaNotFirst);
     }
 }
 
@@ -372,12 +370,11 @@ void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     const bool bSink = fnIs(*oFound.m_poKind, gsc_oHdmiSinkKey);
     if ((bForum && fnCount(gsc_oHdmiSinkKey) != 0) || (bSink && fnCount(gsc_oHdmiForumKey) != 0))
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning,
-                        "HDMI allows a vendor-specific or a sink capability data block of the HDMI Forum, not both");
+        oWriter.AddNote(uiField, eZorEdidRule_ForumTwo);
     }
     if ((bForum || bSink) && fnCount(gsc_oHdmiKey) == 0)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "no HDMI vendor-specific data block precedes it");
+        oWriter.AddNote(uiField, eZorEdidRule_ForumAlone);
     }
 }
 
@@ -456,7 +453,7 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCode
     NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
     oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
     AddContent(oWriter, uiField, oFound, oCodes);
-    if (oFound.m_bCut || CheckLength(oFound) != nullptr)
+    if (oFound.m_bCut || CheckLength(oFound) != eZorEdidRule_None)
     {
         oWriter.AddUnknownEnd();
     }
@@ -508,20 +505,20 @@ bool HasFlags(const CRecord& oBlock) { return oBlock.GetByte(gsc_uiRevisionOffse
 
 constexpr bool IsStart(unsigned int uiStart) { return uiStart >= gsc_uiDataBlocksOffset && uiStart < gsc_uiBlockSize; }
 
-const char* CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
+EZorEdidRule CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
 {
-    return uiRevision == 0 || uiRevision > gsc_uiHighestRevision ? "revision is not published" : nullptr;
+    return uiRevision == 0 || uiRevision > gsc_uiHighestRevision ? eZorEdidRule_CtaRevision : eZorEdidRule_None;
 }
 
-const char* CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
+EZorEdidRule CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 {
-    return uiStart != 0 && !IsStart(uiStart) ? "lies outside of the block: nothing after it can be found" : nullptr;
+    return uiStart != 0 && !IsStart(uiStart) ? eZorEdidRule_CtaStart : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoBlockRows[] = {
     { eId_CtaRevision, Byte(1), "Revision number", Number().Named(gsc_aoRevisions), nullptr, CheckRevision },
-    { eId_CtaDetailedOffset, Byte(2), "Offset of the detailed timing descriptors",
-      Number("bytes").Named(gsc_aoStarts).Weighs(CZorEdidMap::eSeverity_Error), nullptr, CheckStart },
+    { eId_CtaDetailedOffset, Byte(2), "Offset of the detailed timing descriptors", Number("bytes").Named(gsc_aoStarts),
+      nullptr, CheckStart },
     { eId_CtaUnderscan, Cta::gsc_oUnderscan, "Underscan", Flag(), HasFlags },
     { eId_CtaBasicAudio, Cta::gsc_oBasicAudio, "Basic audio", Flag(), HasFlags },
     { eId_CtaYcbcr444, Cta::gsc_oYCbCr444, "YCbCr 4:4:4", Flag(), HasFlags },
@@ -532,7 +529,7 @@ constexpr SRow gsc_aoBlockRows[] = {
 };
 constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eArea_Structure, gsc_aoBlockRows };
 
-constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, "padding is not 0") };
+constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, eZorEdidRule_CtaPadding) };
 
 // The codes of all CTA-861 blocks of the EDID that the block at uiBlock is of: indexes run on from block to block. A
 // file may hold several EDIDs, each with a base block, whose first byte is 0.
@@ -569,14 +566,14 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         oWriter.BeginGroup(eId_CtaCollection, "Data block collection", eArea_Structure, uiFirst, uiLength);
     if (oBlock.GetByte(gsc_uiRevisionOffset) < gsc_uiDataBlocksRevision)
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "this revision of the block has no data blocks");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaNoDataBlocks);
         oWriter.EndGroup(gsc_oUnknownRest);
         return;
     }
     const bool bAudio = AddDataBlocks(oWriter, uiFirst, uiFirst + uiLength, CollectCodes(oWriter, uiOffset));
     if (bAudio && !oBlock.IsSet(gsc_uiFlagsOffset, gsc_uiBasicAudioBit))
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, "has audio, but the block's flags lack basic audio");
+        oWriter.AddNote(uiField, eZorEdidRule_CtaBasicAudio);
     }
     oWriter.EndGroup(gsc_oPaddingRest);
 }
@@ -627,8 +624,7 @@ void NoteNative(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffse
     const unsigned int uiNative = HasFlags(oBlock) ? oBlock.GetBits(gsc_uiFlagsOffset, 3, 0) : 0;
     if (uiNative != 0 && uiNative > CountDetailed(oWriter, uiOffset))
     {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiFlagsOffset, 0), CZorEdidMap::eSeverity_Warning,
-                        "there are fewer detailed timings");
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiFlagsOffset, 0), eZorEdidRule_CtaNativeCount);
     }
 }
 } // namespace
@@ -668,7 +664,7 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
         const unsigned int uiField = oWriter.AddRecord(oTable, uiOffset, uiSize);
         if (uiSize < uiDeclared)
         {
-            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its data block");
+            oWriter.AddNote(uiField, eZorEdidRule_CtaItemPast);
         }
         uiOffset += uiSize;
         uiLength -= uiSize;
@@ -679,7 +675,7 @@ void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int u
 {
     if (uiUsed < oPayload.m_uiLength)
     {
-        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Error, "its last descriptor runs past its end");
+        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_CtaLastItem);
         oWriter.AddUnknownEnd();
     }
 }

@@ -139,20 +139,18 @@ bool HasFrameLengths(const CRecord& oAudio)
 
 bool HasChannels(const CRecord& oAudio) { return Audio::HasChannels(GetFormat(oAudio), GetExtended(oAudio)); }
 
-constexpr char gsc_szZeroRate[] = "must be 0 for this format";
-
-const char* CheckRate192(const CRecord& oAudio, unsigned int uiBit)
+EZorEdidRule CheckRate192(const CRecord& oAudio, unsigned int uiBit)
 {
-    return uiBit != 0 && HasFrameLengths(oAudio) ? gsc_szZeroRate : nullptr;
+    return uiBit != 0 && HasFrameLengths(oAudio) ? eZorEdidRule_CtaZeroRate : eZorEdidRule_None;
 }
-const char* CheckRate176(const CRecord& oAudio, unsigned int uiBit)
+EZorEdidRule CheckRate176(const CRecord& oAudio, unsigned int uiBit)
 {
     const bool bZero = HasFrameLengths(oAudio) || WhereExtended<eExtended_Ac4>(oAudio);
-    return uiBit != 0 && bZero ? gsc_szZeroRate : nullptr;
+    return uiBit != 0 && bZero ? eZorEdidRule_CtaZeroRate : eZorEdidRule_None;
 }
-const char* CheckRateOfAc4(const CRecord& oAudio, unsigned int uiBit)
+EZorEdidRule CheckRateOfAc4(const CRecord& oAudio, unsigned int uiBit)
 {
-    return uiBit != 0 && WhereExtended<eExtended_Ac4>(oAudio) ? gsc_szZeroRate : nullptr;
+    return uiBit != 0 && WhereExtended<eExtended_Ac4>(oAudio) ? eZorEdidRule_CtaZeroRate : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoMpegHLevels[] = {
@@ -232,9 +230,9 @@ constexpr unsigned int gsc_uiHdmiSpeakerSize = 4;
 bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmiSpeakerSize; }
 
 // From CTA-861-G on. The bit of RLC/RRC has no such note: later editions give it to other speakers.
-const char* CheckDeprecated(const CRecord& oSpeakers, unsigned int uiBit)
+EZorEdidRule CheckDeprecated(const CRecord& oSpeakers, unsigned int uiBit)
 {
-    return uiBit != 0 && IsOfCta(oSpeakers) ? "is deprecated" : nullptr;
+    return uiBit != 0 && IsOfCta(oSpeakers) ? eZorEdidRule_CtaSpeakerDeprecated : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoAllocations[] = {
@@ -260,7 +258,7 @@ constexpr SRow gsc_aoSpeakerRows[] = {
     { eId_CtaSpeakersTpc, Audio::gsc_oTpC, "TpC Top center", Flag() },
     { eId_CtaSpeakersTpflTpfr, Audio::gsc_oTpFlTpFr, "TpFL/TpFR Top front left/right", Flag() },
     { eId_CtaSpeakersLsdRsd, Audio::gsc_oLsdRsd, "LSd/RSd Left/right surround direct", Flag(), IsNot<IsOfCta> },
-    { eId_CtaSpeakersTplsTprs, Audio::gsc_oTpLsTpRs, "TpLS/TpRS Top left/right surround", Flag().NoteOnly(), nullptr,
+    { eId_CtaSpeakersTplsTprs, Audio::gsc_oTpLsTpRs, "TpLS/TpRS Top left/right surround", Flag(), nullptr,
       CheckDeprecated },
     { eId_CtaSpeakersBtflBtfr, Audio::gsc_oBtFlBtFr, "BtFL/BtFR Bottom front left/right", Flag() },
     { eId_CtaSpeakersBtfc, Audio::gsc_oBtFc, "BtFC Bottom front center", Flag() },
@@ -273,16 +271,16 @@ constexpr STable gsc_oSpeakerTable = { eId_CtaSpeakersAllocation, "Speaker alloc
 
 // ---- HDMI Audio Data Block: HDMI 2.0 ----
 
-const char* CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
+EZorEdidRule CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
 {
-    return uiBit != 0 && oHead.GetBits(0, 1, 0) == 0 ? "is set without multi-stream audio" : nullptr;
+    return uiBit != 0 && oHead.GetBits(0, 1, 0) == 0 ? eZorEdidRule_HdmiAudioNonMixed : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoNoStreams[] = { { 0, 0, "multi-stream audio not supported" } };
 
 constexpr SRow gsc_aoHdmiHeadRows[] = {
-    { eId_CtaHdmiAudioSupportsMsNonmixed, Audio::gsc_oMultiStreamNonMixed, "Supports_MS_NonMixed", Flag().NoteOnly(),
-      nullptr, CheckNonMixed },
+    { eId_CtaHdmiAudioSupportsMsNonmixed, Audio::gsc_oMultiStreamNonMixed, "Supports_MS_NonMixed", Flag(), nullptr,
+      CheckNonMixed },
     { eId_CtaHdmiAudioMaxStreamCount, Audio::gsc_oMultiStreamCount, "Max_Stream_Count",
       NumberFrom1("streams").With(gsc_aoNoStreams) },
     { eId_CtaHdmiAudioNumHdmi3dAd, Audio::gsc_o3dDescriptors, "NUM_HDMI_3D_AD", Number() },
@@ -435,8 +433,7 @@ void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddItems(gsc_oHdmiAudioTable, oPayload.m_uiOffset + gsc_uiHdmiHeadSize, uiSize, gsc_uiHdmiAudioSize);
     if (oPayload.m_uiLength < uiEnd)
     {
-        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset + 1, 0), CZorEdidMap::eSeverity_Error,
-                        "the fields behind run past the end of the data block");
+        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset + 1, 0), eZorEdidRule_HdmiAudioPast);
     }
     else if (uiCount != 0)
     {

@@ -45,7 +45,6 @@ void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int u
 // The bits of a byte that select video codes, bit 0 for the one at uiFirst: fields of the names of these codes. aoRows
 // has a row for each bit, from bit 0 on; uiMarks is what the bits say of the modes. Bits without a code are left, or
 // noted where they are set.
-inline constexpr char gsc_szNoVideoCode[] = "no video code has this place";
 void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned int uiOffset, unsigned int uiFirst,
                       std::span<const SRow, gsc_uiBits> aoRows, unsigned int uiMarks);
 

@@ -69,15 +69,15 @@ long long StaticMinimum(const CRecord& oHdr, unsigned int uiCode)
                                  gsc_llPerMinimum);
 }
 
-const char* CheckMinimumAlone(const CRecord& /*oHdr*/, unsigned int uiCode)
+EZorEdidRule CheckMinimumAlone(const CRecord& /*oHdr*/, unsigned int uiCode)
 {
-    return uiCode != 0 ? "means nothing without a maximum" : nullptr;
+    return uiCode != 0 ? eZorEdidRule_CtaHdrMinimumAlone : eZorEdidRule_None;
 }
 
-const char* CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
+EZorEdidRule CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
 {
     const unsigned int uiMaximum = oHdr.GetByte(gsc_uiMaximumOffset);
-    return uiMaximum != 0 && uiCode > uiMaximum ? "is above the maximum luminance" : nullptr;
+    return uiMaximum != 0 && uiCode > uiMaximum ? eZorEdidRule_CtaHdrAverage : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoMinimumAlone[] = { { 0, 0, "not indicated" }, { 1, 255, "not known" } };
@@ -123,16 +123,16 @@ bool IsType2(const CRecord& oType) { return GetDynamicType(oType) == eDynamic_2;
 bool IsSlHdr(const CRecord& oType) { return IsType2(oType) && oType.GetBits(3, 3, 0) != 0; }
 bool IsNoSlHdr(const CRecord& oType) { return IsType2(oType) && !IsSlHdr(oType); }
 
-const char* CheckDynamicLength(const CRecord& oType, unsigned int uiLength)
+EZorEdidRule CheckDynamicLength(const CRecord& oType, unsigned int uiLength)
 {
-    return uiLength < 2                        ? "has no room for the type"
-           : uiLength < 3 && HasVersion(oType) ? "has no room for the version"
-                                               : nullptr;
+    return uiLength < 2                        ? eZorEdidRule_CtaDynamicNoType
+           : uiLength < 3 && HasVersion(oType) ? eZorEdidRule_CtaDynamicNoVersion
+                                               : eZorEdidRule_None;
 }
 
-const char* CheckVersion(const CRecord& oType, unsigned int uiVersion)
+EZorEdidRule CheckVersion(const CRecord& oType, unsigned int uiVersion)
 {
-    return uiVersion == 0 && IsType2(oType) ? "type 2 has no version 0" : nullptr;
+    return uiVersion == 0 && IsType2(oType) ? eZorEdidRule_CtaDynamicVersion : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoDynamicTypes[] = {
@@ -359,7 +359,7 @@ void MapCtaTransfer(CMapWriter& oWriter, const SCtaPayload& oPayload)
     }
     if (uiSum > gsc_uiMostLuminance)
     {
-        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning, "its last point lies above full luminance");
+        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_CtaTransfer);
     }
 }
 

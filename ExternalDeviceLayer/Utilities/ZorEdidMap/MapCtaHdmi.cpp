@@ -27,25 +27,25 @@ CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
     return sText;
 }
 
-const char* CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
+EZorEdidRule CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
 {
-    return uiClock > 340 / 5 ? "is above 340 MHz" : nullptr;
+    return uiClock > 340 / 5 ? eZorEdidRule_HdmiTmdsClock : eZorEdidRule_None;
 }
 
-const char* CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
+EZorEdidRule CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
 {
-    return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? "is set, but the data block ends before them" : nullptr;
+    return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? eZorEdidRule_HdmiFieldsMissing : eZorEdidRule_None;
 }
-const char* CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
+EZorEdidRule CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
 {
     return CheckPresent(oHdmi, uiPresent, gsc_uiFirstOptional + gsc_uiLatencySize);
 }
-const char* CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
+EZorEdidRule CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
 {
-    return uiPresent != 0 && !HasLatency(oHdmi) ? "is set without Latency_Fields_Present"
+    return uiPresent != 0 && !HasLatency(oHdmi) ? eZorEdidRule_HdmiInterlacedAlone
                                                 : CheckPresent(oHdmi, uiPresent, Hdmi::GetVideoOffset(oHdmi));
 }
-const char* CheckVideo(const CRecord& oHdmi, unsigned int uiPresent)
+EZorEdidRule CheckVideo(const CRecord& oHdmi, unsigned int uiPresent)
 {
     return CheckPresent(oHdmi, uiPresent, Hdmi::GetVideoOffset(oHdmi) + gsc_uiVideoSize);
 }
@@ -177,53 +177,56 @@ constexpr unsigned int gsc_uiItemSizeWithDetail = 2;
 
 // ---- HDMI Forum: sink capability data structure, HDMI 2.1 10.3.2 ----
 
-const char* CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
+EZorEdidRule CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
 {
     constexpr unsigned int uiFrlWithFourLanes = 2;
     const unsigned int uiFrl = oSink.GetBits(3, 7, 4);
     if (uiRate != 0 && uiRate * 5 <= 340)
     {
-        return "must be 0 or above 340 MHz";
+        return eZorEdidRule_ForumTmdsLow;
     }
     if (uiRate * 5 > 600)
     {
-        return "is above 600 MHz";
+        return eZorEdidRule_ForumTmdsHigh;
     }
     if (uiRate * 5 < (uiFrl >= uiFrlWithFourLanes ? 600U : uiFrl == 1 ? 300U : 0U))
     {
-        return "is too low for Max_FRL_Rate";
+        return eZorEdidRule_ForumTmdsFrl;
     }
-    return nullptr;
+    return eZorEdidRule_None;
 }
 
-const char* CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
+EZorEdidRule CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
 {
-    return uiRate > 48 ? "is above 48 Hz" : nullptr;
+    return uiRate > 48 ? eZorEdidRule_ForumVrrMinHigh : eZorEdidRule_None;
 }
 
-const char* CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
+EZorEdidRule CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
 {
     if (uiRate != 0 && oSink.GetBits(5, 5, 0) == 0)
     {
-        return "means nothing without VRR_MIN";
+        return eZorEdidRule_ForumVrrMaxAlone;
     }
     if (uiRate != 0 && uiRate < oSink.GetBits(5, 5, 0))
     {
-        return "is below VRR_MIN";
+        return eZorEdidRule_ForumVrrMaxOrder;
     }
-    return uiRate != 0 && uiRate < 100 ? "is below 100 Hz" : nullptr;
+    return uiRate != 0 && uiRate < 100 ? eZorEdidRule_ForumVrrMaxLow : eZorEdidRule_None;
 }
 
-const char* CheckCinema(const CRecord& /*oSink*/, unsigned int uiBit) { return uiBit != 0 ? "is deprecated" : nullptr; }
-
-const char* CheckQms(const CRecord& oSink, unsigned int uiBit)
+EZorEdidRule CheckCinema(const CRecord& /*oSink*/, unsigned int uiBit)
 {
-    return uiBit != 0 && !oSink.IsSet(4, 6) ? "is set without QMS" : nullptr;
+    return uiBit != 0 ? eZorEdidRule_ForumCinema : eZorEdidRule_None;
 }
 
-const char* CheckDsc(const CRecord& oSink, unsigned int uiValue)
+EZorEdidRule CheckQms(const CRecord& oSink, unsigned int uiBit)
 {
-    return uiValue != 0 && !oSink.IsSet(7, 7) ? "is set without DSC_1p2" : nullptr;
+    return uiBit != 0 && !oSink.IsSet(4, 6) ? eZorEdidRule_ForumQms : eZorEdidRule_None;
+}
+
+EZorEdidRule CheckDsc(const CRecord& oSink, unsigned int uiValue)
+{
+    return uiValue != 0 && !oSink.IsSet(7, 7) ? eZorEdidRule_ForumDsc : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoTmdsRates[] = { { 0, 0, "not above 340 MHz" } };
@@ -247,7 +250,7 @@ constexpr SMeaning gsc_aoSlices[] = {
 };
 
 constexpr SRow gsc_aoSinkRows[] = {
-    { eId_CtaHdmiForumVersion, HdmiForum::gsc_oVersion, "Version", Number().Expect(1, "version is not published") },
+    { eId_CtaHdmiForumVersion, HdmiForum::gsc_oVersion, "Version", Number().Expect(1, eZorEdidRule_ForumVersion) },
     { eId_CtaHdmiForumMaxTmdsCharacterRate, HdmiForum::gsc_oMaxTmdsCharacterRate, "Max_TMDS_Character_Rate",
       Number("MHz").Times(5).With(gsc_aoTmdsRates), nullptr, CheckTmdsRate },
     { eId_CtaHdmiForumScdcPresent, HdmiForum::gsc_oScdcPresent, "SCDC_Present", Flag() },
@@ -266,7 +269,7 @@ constexpr SRow gsc_aoSinkRows[] = {
     { eId_CtaHdmiForumFapaEndExtended, HdmiForum::gsc_oFapaEndExtended, "FAPA_End_Extended", Flag() },
     { eId_CtaHdmiForumQms, HdmiForum::gsc_oQms, "QMS", Flag() },
     { eId_CtaHdmiForumMDelta, HdmiForum::gsc_oMDelta, "M_Delta", Flag() },
-    { eId_CtaHdmiForumCinemaVrr, HdmiForum::gsc_oCinemaVrr, "CinemaVRR", Flag().NoteOnly(), nullptr, CheckCinema },
+    { eId_CtaHdmiForumCinemaVrr, HdmiForum::gsc_oCinemaVrr, "CinemaVRR", Flag(), nullptr, CheckCinema },
     { eId_CtaHdmiForumCnmvrr, HdmiForum::gsc_oCnmVrr, "CNMVRR", Flag() },
     { eId_CtaHdmiForumFva, HdmiForum::gsc_oFva, "FVA", Flag() },
     { eId_CtaHdmiForumAllm, HdmiForum::gsc_oAllm, "ALLM", Flag() },
@@ -294,9 +297,9 @@ using HdmiForum::gsc_uiSinkSkip;
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
 
-const char* CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
+EZorEdidRule CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
 {
-    return uiCount < 2 ? "is needed for more than one extension block only" : nullptr;
+    return uiCount < 2 ? eZorEdidRule_OverrideCount : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoOverrideRows[] = {
@@ -382,7 +385,7 @@ unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned
     }
     else
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, gsc_szNoVideoCode);
+        oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex);
     }
     oWriter.AddRows(gsc_oItemTable, uiOffset, uiSize);
     oWriter.EndGroup();
@@ -433,7 +436,7 @@ void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, uns
         const unsigned int uiField = AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize);
         if (uiSize < uiDeclared)
         {
-            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of the 3D fields");
+            oWriter.AddNote(uiField, eZorEdidRule_Hdmi3dPast);
         }
         oRange.m_uiOffset += uiSize;
     }
@@ -456,13 +459,12 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
     const unsigned int ui3d = oVideo.Get(Hdmi::gsc_o3dLength);
     if (ui3d > uiEnd - uiOffset || oVideo.Get(Hdmi::gsc_oVicCount) > uiVics)
     {
-        oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error,
-                        "the fields behind run past the end of the data block");
+        oWriter.AddNote(uiLengths, eZorEdidRule_HdmiLengthsPast);
     }
     const unsigned int uiMulti = oVideo.Get(Hdmi::gsc_o3dMultiPresent);
     if (ui3d < GetMultiSize(uiMulti))
     {
-        oWriter.AddNote(uiLengths, CZorEdidMap::eSeverity_Error, "is too short for what 3D_Multi_present announces");
+        oWriter.AddNote(uiLengths, eZorEdidRule_Hdmi3dShort);
     }
     Add3d(oWriter, oPayload.m_oVideoCodes, { uiOffset, uiOffset + std::min(ui3d, uiEnd - uiOffset) }, uiMulti);
 }
@@ -473,8 +475,7 @@ void MapCtaExtensionOverride(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddRows(gsc_oOverrideTable, oPayload.m_uiOffset, oPayload.m_uiLength);
     if (oWriter.GetByte(BaseBlock::gsc_uiExtensionCountOffset) != 1)
     {
-        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Warning,
-                        "needs an extension count of 1 in the base block");
+        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_OverrideBase);
     }
 }
 

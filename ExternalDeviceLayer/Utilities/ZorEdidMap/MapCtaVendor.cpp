@@ -41,9 +41,9 @@ long long AmdMinimum(const CRecord& oAmd, unsigned int uiCode)
     return Colour::MinimumLuminanceOfCode(oAmd.GetByte(MAXIMUM), uiCode);
 }
 
-const char* CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
+EZorEdidRule CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
 {
-    return uiRate < oAmd.GetByte(gsc_uiAmdMinimumRateOffset) ? "is below the minimum refresh rate" : nullptr;
+    return uiRate < oAmd.GetByte(gsc_uiAmdMinimumRateOffset) ? eZorEdidRule_CtaAmdRate : eZorEdidRule_None;
 }
 
 constexpr SForm gsc_oAmdMaximum = Number("cd/m2").Computed(AmdMaximum).Decimals(gsc_uiDecimals);
@@ -131,9 +131,9 @@ bool HasPrimaries(const CRecord& oDevice)
 bool HasDelay(const CRecord& oDevice) { return oDevice.GetByte(16) != 0; }
 bool HasNoDelay(const CRecord& oDevice) { return !HasDelay(oDevice); }
 
-const char* CheckClock(const CRecord& oDevice, unsigned int uiClock)
+EZorEdidRule CheckClock(const CRecord& oDevice, unsigned int uiClock)
 {
-    return uiClock != 0 && uiClock < oDevice.GetBits(3, 7, 2) ? "is below the minimum clock frequency" : nullptr;
+    return uiClock != 0 && uiClock < oDevice.GetBits(3, 7, 2) ? eZorEdidRule_CtaDeviceClock : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoInterfaces[] = {
@@ -310,8 +310,7 @@ void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
     const unsigned int uiFirst = gsc_uiFrameHead + uiPayload;
     if (uiPayload < uiDeclared)
     {
-        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), CZorEdidMap::eSeverity_Error,
-                        "the payload runs past the end of the data block");
+        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), eZorEdidRule_CtaInfoFramePast);
     }
     oWriter.AddLeaf(gsc_oFramePayloadRow, eArea_Display, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);

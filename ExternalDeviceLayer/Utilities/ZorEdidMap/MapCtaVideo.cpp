@@ -216,8 +216,8 @@ constexpr unsigned int gsc_uiTypeViiSize = 20;
 constexpr unsigned int gsc_uiTypeXSize = 6;
 
 constexpr SRow gsc_aoTypeViiRows[] = {
-    { eId_CtaType7M, Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, "the standard has 0 here") },
-    { eId_CtaType7Revision, Bits(0, 2, 0), "Block revision", Number().Expect(2, "the standard has 2 here") },
+    { eId_CtaType7M, Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, eZorEdidRule_CtaType7Extra) },
+    { eId_CtaType7Revision, Bits(0, 2, 0), "Block revision", Number().Expect(2, eZorEdidRule_CtaType7Revision) },
 };
 constexpr STable gsc_oTypeViiTable = { eId_CtaType7, "Type VII", eArea_Timing, gsc_aoTypeViiRows };
 
@@ -225,16 +225,16 @@ constexpr STable gsc_oTypeViiTable = { eId_CtaType7, "Type VII", eArea_Timing, g
 constexpr auto gsc_aoTypeViiiCodes = Listed({ "DMT", "CTA-861", "HDMI", gsc_szReserved });
 constexpr SRow gsc_aoTypeViiiRows[] = {
     { eId_CtaType8CodeType, Bits(0, 7, 6), "Timing code type",
-      Names(gsc_aoTypeViiiCodes).Expect(0, "the standard has DMT here") },
+      Names(gsc_aoTypeViiiCodes).Expect(0, eZorEdidRule_CtaType8Codes) },
     { eId_CtaType8Ycbcr420, Bit(0, 5), "T8Y420", Flag() },
     { eId_CtaType8CodeSize, Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
-    { eId_CtaType8Revision, Bits(0, 2, 0), "Block revision", Number().Expect(1, "the standard has 1 here") },
+    { eId_CtaType8Revision, Bits(0, 2, 0), "Block revision", Number().Expect(1, eZorEdidRule_CtaType8Revision) },
 };
 constexpr STable gsc_oTypeViiiTable = { eId_CtaType8, "Type VIII", eArea_Timing, gsc_aoTypeViiiRows };
 
 constexpr SRow gsc_aoTypeXRows[] = {
     { eId_CtaType10M, Bits(0, 6, 4), "T10_M", Number("bytes") },
-    { eId_CtaType10Revision, Bits(0, 2, 0), "Block revision", Number().Expect(0, "the standard has 0 here") },
+    { eId_CtaType10Revision, Bits(0, 2, 0), "Block revision", Number().Expect(0, eZorEdidRule_CtaType10Revision) },
 };
 constexpr STable gsc_oTypeXTable = { eId_CtaType10, "Type X", eArea_Timing, gsc_aoTypeXRows };
 
@@ -287,7 +287,7 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
         {
             const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eArea_Timing, uiOffset, 1);
             oWriter.SetIndex(uiField, uiPlace);
-            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning, gsc_szNoVideoCode);
+            oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex);
         }
     }
 }
@@ -325,8 +325,7 @@ void MapCta420Video(CMapWriter& oWriter, const SCtaPayload& oPayload)
         });
         if (bElsewhere)
         {
-            oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Warning,
-                            "is in a video data block as well: here are codes for YCbCr 4:2:0 only");
+            oWriter.AddNote(uiField, eZorEdidRule_Cta420Twice);
         }
     }
 }
@@ -335,15 +334,14 @@ void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     if (oPayload.m_uiLength == 0)
     {
-        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Note,
-                        "without a map all video codes are also in YCbCr 4:2:0");
+        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_Cta420All);
         return;
     }
     const CRecord oMap = oWriter.GetRecord(oPayload.m_uiOffset, oPayload.m_uiLength);
     if (std::all_of(oMap.GetData(), oMap.GetData() + oMap.GetSize(),
                     [](unsigned char ui8Byte) { return ui8Byte == 0; }))
     {
-        oWriter.AddNote(oPayload.m_uiField, CZorEdidMap::eSeverity_Note, "marks no video code");
+        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_Cta420None);
     }
     for (unsigned int i = 0; i < oPayload.m_uiLength; ++i)
     {

@@ -21,27 +21,37 @@ bool IsAnalogSync(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) < 
 bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) == gsc_uiDigitalCompositeSync; }
 bool IsDigitalSeparate(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) == gsc_uiDigitalSeparateSync; }
 
-const char* CheckNotZero(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is no size" : nullptr; }
-const char* CheckClock(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "0 is no clock" : nullptr; }
-
-const char* CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckNotZero(const CRecord&, unsigned int uiValue)
 {
-    return oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync) > uiValue
-               ? "shorter than front porch and sync pulse"
-               : nullptr;
+    return uiValue == 0 ? eZorEdidRule_TimingSize : eZorEdidRule_None;
+}
+EZorEdidRule CheckClock(const CRecord&, unsigned int uiValue)
+{
+    return uiValue == 0 ? eZorEdidRule_TimingClock : eZorEdidRule_None;
 }
 
-const char* CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync) > uiValue
-               ? "shorter than front porch and sync pulse"
-               : nullptr;
+    return oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync) > uiValue ? eZorEdidRule_Blanking
+                                                                                               : eZorEdidRule_None;
 }
 
-const char* CheckSync(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "no sync pulse" : nullptr; }
+EZorEdidRule CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
+{
+    return oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync) > uiValue ? eZorEdidRule_Blanking
+                                                                                           : eZorEdidRule_None;
+}
+
+EZorEdidRule CheckSync(const CRecord&, unsigned int uiValue)
+{
+    return uiValue == 0 ? eZorEdidRule_TimingSync : eZorEdidRule_None;
+}
 
 // Allowed, but some receivers lose the picture without one.
-const char* CheckPorch(const CRecord&, unsigned int uiValue) { return uiValue == 0 ? "no front porch" : nullptr; }
+EZorEdidRule CheckPorch(const CRecord&, unsigned int uiValue)
+{
+    return uiValue == 0 ? eZorEdidRule_TimingPorch : eZorEdidRule_None;
+}
 
 // Of televisions: 16 by 9 and 4 by 3 mm.
 bool IsRatio(const CRecord& oRecord)
@@ -51,9 +61,9 @@ bool IsRatio(const CRecord& oRecord)
     return (uiWidth == 16 && uiHeight == 9) || (uiWidth == 4 && uiHeight == 3);
 }
 
-const char* CheckImageSize(const CRecord& oRecord, unsigned int)
+EZorEdidRule CheckImageSize(const CRecord& oRecord, unsigned int)
 {
-    return IsRatio(oRecord) ? "an aspect ratio, no size" : nullptr;
+    return IsRatio(oRecord) ? eZorEdidRule_TimingAspect : eZorEdidRule_None;
 }
 
 constexpr unsigned int gsc_uiHzPerClock = 10000;
@@ -96,16 +106,16 @@ constexpr SRow gsc_aoDetailedRows[] = {
       CheckNotZero },
     { eId_BaseDetailedVerticalBlanking, gsc_oVerticalBlanking, "Vertical blanking", Number("lines"), nullptr,
       CheckVerticalBlanking },
-    { eId_BaseDetailedHorizontalFrontPorch, gsc_oHorizontalFrontPorch, "Horizontal front porch",
-      Number("pixels").NoteOnly(), nullptr, CheckPorch },
+    { eId_BaseDetailedHorizontalFrontPorch, gsc_oHorizontalFrontPorch, "Horizontal front porch", Number("pixels"),
+      nullptr, CheckPorch },
     { eId_BaseDetailedHorizontalSyncWidth, gsc_oHorizontalSync, "Horizontal sync pulse width", Number("pixels"),
       nullptr, CheckSync },
-    { eId_BaseDetailedVerticalFrontPorch, gsc_oVerticalFrontPorch, "Vertical front porch", Number("lines").NoteOnly(),
-      nullptr, CheckPorch },
+    { eId_BaseDetailedVerticalFrontPorch, gsc_oVerticalFrontPorch, "Vertical front porch", Number("lines"), nullptr,
+      CheckPorch },
     { eId_BaseDetailedVerticalSyncWidth, gsc_oVerticalSync, "Vertical sync pulse width", Number("lines"), nullptr,
       CheckSync },
     { eId_BaseDetailedImageWidth, gsc_oImageWidth, "Horizontal addressable video image size",
-      Number("mm").With(gsc_aoZeroNotGiven).NoteOnly(), nullptr, CheckImageSize },
+      Number("mm").With(gsc_aoZeroNotGiven), nullptr, CheckImageSize },
     { eId_BaseDetailedImageHeight, gsc_oImageHeight, "Vertical addressable video image size",
       Number("mm").With(gsc_aoZeroNotGiven) },
     { eId_BaseDetailedHorizontalBorder, gsc_oHorizontalBorder, "Horizontal border", Number("pixels") }, // each side
@@ -128,8 +138,6 @@ constexpr SRow gsc_aoDetailedRows[] = {
 
 constexpr unsigned int gsc_uiTextLength = gsc_uiMapDescriptorSize - gsc_uiContentsOffset;
 constexpr unsigned char gsc_ui8LineFeed = 0x0A;
-constexpr char gsc_szLineFeed[] = "a line feed (0Ah) must end the text";
-constexpr char gsc_szBlanks[] = "blanks (20h) must fill the rest";
 
 // ---- Texts: E-EDID 3.10.3.1, 3.10.3.2, 3.10.3.4 ----
 
@@ -160,22 +168,22 @@ constexpr STable gsc_oStringTable = { eId_BaseString, "Alphanumeric data string"
 constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", eArea_Identity, {}, FormatText };
 
 // Of the text alone. One that fills its 13 bytes needs no line feed and may end with a blank; more blanks are padding.
-const char* CheckText(const CRecord& oRecord, unsigned int)
+EZorEdidRule CheckText(const CRecord& oRecord, unsigned int)
 {
     for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
     {
         if (oRecord.GetByte(i) < ' ')
         {
-            return "control characters in the text";
+            return eZorEdidRule_TextControl;
         }
     }
     const bool bPadded = oRecord.GetByte(gsc_uiTextLength - 1) == ' ' && oRecord.GetByte(gsc_uiTextLength - 2) == ' ';
-    return bPadded ? gsc_szLineFeed : nullptr;
+    return bPadded ? eZorEdidRule_TextEnd : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_oTextRow = { eId_BaseDescriptorText, RunToEnd(0), "Text", Text(), nullptr, CheckText };
-constexpr SRow gsc_oLineFeedRow = { eId_LineFeed, Byte(0), "Line feed", Filler(gsc_ui8LineFeed, gsc_szLineFeed) };
-constexpr SRow gsc_oBlanksRow = { eId_Padding, RunToEnd(0), "Padding", Filler(' ', gsc_szBlanks) };
+constexpr SRow gsc_oLineFeedRow = { eId_LineFeed, Byte(0), "Line feed", Filler(gsc_ui8LineFeed, eZorEdidRule_TextEnd) };
+constexpr SRow gsc_oBlanksRow = { eId_Padding, RunToEnd(0), "Padding", Filler(' ', eZorEdidRule_Blanks) };
 
 void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
 {
@@ -186,7 +194,7 @@ void AddText(CMapWriter& oWriter, const CRecord& oRecord, unsigned int uiOffset)
     const unsigned char* pui8Text = oRecord.GetData() + gsc_uiContentsOffset;
     if (std::any_of(pui8Text, pui8Text + uiLength, [](unsigned int uiOne) { return uiOne >= gsc_uiFirstAfterAscii; }))
     {
-        oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Note, "characters beyond ASCII in the text");
+        oWriter.AddNote(uiField, eZorEdidRule_TextBeyondAscii);
     }
     if (uiLength < gsc_uiTextLength)
     {
@@ -211,26 +219,31 @@ bool IsVerticalMaximumOffset(const CRecord& oRecord) { return IsMaximumOffset(Ge
 bool IsHorizontalMinimumOffset(const CRecord& oRecord) { return IsMinimumOffset(GetHorizontalOffsets(oRecord)); }
 bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return IsMaximumOffset(GetHorizontalOffsets(oRecord)); }
 
-const char* CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsigned int uiMost)
+EZorEdidRule CheckMinimumRate(const CRecord& /*oRecord*/, unsigned int uiStored)
 {
-    return uiStored == 0 ? "00h is reserved" : uiMost < uiLeast ? "below the minimum" : nullptr;
+    return uiStored == 0 ? eZorEdidRule_RangeZero : eZorEdidRule_None;
 }
 
-const char* CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsigned int uiMost)
+{
+    return uiStored == 0 ? eZorEdidRule_RangeZero : uiMost < uiLeast ? eZorEdidRule_RangeOrder : eZorEdidRule_None;
+}
+
+EZorEdidRule CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
     return CheckMaximumRate(uiValue, oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz);
 }
 
-const char* CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
     return CheckMaximumRate(uiValue, oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz);
 }
 
-const char* CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
+EZorEdidRule CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
 {
-    return uiValue == 0 && IsRevision4(oRecord) ? "1.4 requires it" : nullptr;
+    return uiValue == 0 && IsRevision4(oRecord) ? eZorEdidRule_RangeClock : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoVerticalOffsets[] = {
@@ -257,18 +270,18 @@ bool IsOtherFormula(const CRecord& oRecord)
 }
 
 // The standard has these supported where byte 18h of the base block says continuous frequency.
-const char* CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
+EZorEdidRule CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
 {
     const bool bFormula = uiFormula == 0 || uiFormula == 2 || uiFormula == 4;
-    return bFormula && !oRecord.GetFacts().m_bContinuous ? "counts for continuous frequency displays only (18h bit 0)"
-                                                         : nullptr;
+    return bFormula && !oRecord.GetFacts().m_bContinuous ? eZorEdidRule_RangeFormula : eZorEdidRule_None;
 }
 
 // The bits of byte 0Eh have the order of the codes, bit 7 first.
-const char* CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
+EZorEdidRule CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
 {
     constexpr unsigned int uiAspects = 5;
-    return uiAspect < uiAspects && !oRecord.IsSet(0x0E, 7 - uiAspect) ? "is not one of those supported" : nullptr;
+    return uiAspect < uiAspects && !oRecord.IsSet(0x0E, 7 - uiAspect) ? eZorEdidRule_PreferredAspect
+                                                                      : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoNoPixelLimit[] = { { 0, 0, "no limit" } };
@@ -293,17 +306,17 @@ constexpr SRow gsc_aoRangeRows[] = {
     { eId_BaseRangeVerticalRateOffsets, gsc_oVerticalOffsets, "Vertical rate offsets", Names(gsc_aoVerticalOffsets),
       IsRevision4 },
     { eId_BaseRangeMinVerticalRate, gsc_oMinVerticalRate, "Minimum vertical rate", Number("Hz"),
-      IsNot<IsVerticalMinimumOffset>, CheckReservedZero },
+      IsNot<IsVerticalMinimumOffset>, CheckMinimumRate },
     { eId_BaseRangeMinVerticalRate, gsc_oMinVerticalRate, "Minimum vertical rate",
-      Number("Hz").Times(1, gsc_uiRateOffset), IsVerticalMinimumOffset, CheckReservedZero },
+      Number("Hz").Times(1, gsc_uiRateOffset), IsVerticalMinimumOffset, CheckMinimumRate },
     { eId_BaseRangeMaxVerticalRate, gsc_oMaxVerticalRate, "Maximum vertical rate", Number("Hz"),
       IsNot<IsVerticalMaximumOffset>, CheckVerticalMaximum },
     { eId_BaseRangeMaxVerticalRate, gsc_oMaxVerticalRate, "Maximum vertical rate",
       Number("Hz").Times(1, gsc_uiRateOffset), IsVerticalMaximumOffset, CheckVerticalMaximum },
     { eId_BaseRangeMinHorizontalRate, gsc_oMinHorizontalRate, "Minimum horizontal rate", Number("kHz"),
-      IsNot<IsHorizontalMinimumOffset>, CheckReservedZero },
+      IsNot<IsHorizontalMinimumOffset>, CheckMinimumRate },
     { eId_BaseRangeMinHorizontalRate, gsc_oMinHorizontalRate, "Minimum horizontal rate",
-      Number("kHz").Times(1, gsc_uiRateOffset), IsHorizontalMinimumOffset, CheckReservedZero },
+      Number("kHz").Times(1, gsc_uiRateOffset), IsHorizontalMinimumOffset, CheckMinimumRate },
     { eId_BaseRangeMaxHorizontalRate, gsc_oMaxHorizontalRate, "Maximum horizontal rate", Number("kHz"),
       IsNot<IsHorizontalMaximumOffset>, CheckHorizontalMaximum },
     { eId_BaseRangeMaxHorizontalRate, gsc_oMaxHorizontalRate, "Maximum horizontal rate",
@@ -312,10 +325,10 @@ constexpr SRow gsc_aoRangeRows[] = {
       Number("MHz").Times(10).With(gsc_aoZeroNotGiven), nullptr, CheckMaximumClock },
     { eId_BaseRangeSecondaryTimingFormula, gsc_oFormula, "Secondary timing formula", Names(gsc_aoOldFormulas),
       IsBefore4 },
-    { eId_BaseRangeVideoTimingSupport, gsc_oFormula, "Video timing support", Names(gsc_aoFormulas).NoteOnly(),
-      IsRevision4, CheckFormula },
-    { eId_LineFeed, Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)"), IsPlainFormula },
-    { eId_Padding, Run(0x0C, 6), "Padding", Filler(' ', gsc_szBlanks), IsPlainFormula },
+    { eId_BaseRangeVideoTimingSupport, gsc_oFormula, "Video timing support", Names(gsc_aoFormulas), IsRevision4,
+      CheckFormula },
+    { eId_LineFeed, Byte(0x0B), "Line feed", Filler(gsc_ui8LineFeed, eZorEdidRule_LineFeed), IsPlainFormula },
+    { eId_Padding, Run(0x0C, 6), "Padding", Filler(' ', eZorEdidRule_Blanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency
     { eId_Reserved, Byte(0x0B), "Reserved", Reserved(), IsSecondaryGtf },
     { eId_BaseRangeGtfStartFrequency, Byte(0x0C), "Start break frequency", Number("kHz").Times(2), IsSecondaryGtf },
@@ -379,15 +392,15 @@ constexpr STable gsc_oSecondPointTable = { eId_BaseColorPointWhitePoint, "White 
                                            gsc_aoSecondPointRows };
 
 constexpr SRow gsc_aoColorPointRows[] = {
-    { eId_LineFeed, Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
-    { eId_Padding, Run(0x10, 2), "Padding", Filler(' ', gsc_szBlanks) },
+    { eId_LineFeed, Byte(0x0F), "Line feed", Filler(gsc_ui8LineFeed, eZorEdidRule_LineFeed) },
+    { eId_Padding, Run(0x10, 2), "Padding", Filler(' ', eZorEdidRule_Blanks) },
 };
 constexpr STable gsc_oColorPointTable = { eId_BaseColorPoint, "Color point data", eArea_Colour, gsc_aoColorPointRows };
 
 // ---- Standard timing identifications 9 to 14, E-EDID 3.10.3.6 ----
 
 constexpr SRow gsc_aoPairsRows[] = {
-    { eId_LineFeed, Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, "must be a line feed (0Ah)") },
+    { eId_LineFeed, Byte(0x11), "Line feed", Filler(gsc_ui8LineFeed, eZorEdidRule_LineFeed) },
 };
 constexpr STable gsc_oPairsTable = { eId_BaseStandardList, "Standard timing identifications", eArea_Timing,
                                      gsc_aoPairsRows };
@@ -409,8 +422,7 @@ constexpr SMeaning gsc_aoUncertain[] = { { 0x8000, 0xFFFF, "meaning uncertain" }
 constexpr SForm gsc_oCoefficient = Number().Decimals(2).With(gsc_aoUncertain).Text(FormatCoefficient);
 
 constexpr SRow gsc_aoManagementRows[] = {
-    { eId_BaseColorManagementVersion, Byte(0x05), "Version number",
-      Number().Expect(3, "only version 3 has this layout") },
+    { eId_BaseColorManagementVersion, Byte(0x05), "Version number", Number().Expect(3, eZorEdidRule_Version3Layout) },
     { eId_BaseColorManagementRedA3, Little16(0x06), "Red a3", gsc_oCoefficient },
     { eId_BaseColorManagementRedA2, Little16(0x08), "Red a2", gsc_oCoefficient },
     { eId_BaseColorManagementGreenA3, Little16(0x0A), "Green a3", gsc_oCoefficient },
@@ -429,17 +441,17 @@ constexpr auto IsCodeUsed = IsNot<IsCodeUnused>;
 constexpr auto gsc_aoCodeAspects = Listed({ "4:3", "16:9", "16:10", "15:9" });
 constexpr auto gsc_aoRateNames = Listed({ "50 Hz", "60 Hz", "75 Hz", "85 Hz" });
 
-const char* CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
+EZorEdidRule CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
 {
-    return (uiLines & 0xFF) == 0 ? "a low byte of 00h is reserved" : nullptr;
+    return (uiLines & 0xFF) == 0 ? eZorEdidRule_CvtLines : eZorEdidRule_None;
 }
 
 // 50, 60, 75 and 85 Hz have bits 4 to 1; bit 0 is 60 Hz, too.
-const char* CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
+EZorEdidRule CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
 {
     constexpr unsigned int uiRate60 = 1;
     const bool bSupported = oRecord.IsSet(2, 4 - uiRate) || (uiRate == uiRate60 && oRecord.IsSet(2, 0));
-    return bSupported ? nullptr : "is not one of those supported";
+    return bSupported ? eZorEdidRule_None : eZorEdidRule_CvtRate;
 }
 
 bool MakeCvtCodeMode(const CRecord& oRecord, const SModeSource& oSource, CMode& oMode)
@@ -470,7 +482,7 @@ constexpr SRow gsc_aoCodeRows[] = {
 };
 
 constexpr SRow gsc_aoCodesRows[] = {
-    { eId_BaseCvtCodesVersion, Byte(0x05), "Version number", Number().Expect(1, "only version 1 has this layout") },
+    { eId_BaseCvtCodesVersion, Byte(0x05), "Version number", Number().Expect(1, eZorEdidRule_Version1Layout) },
 };
 constexpr STable gsc_oCodesTable = { eId_BaseCvtCodes, "CVT 3 byte timing codes", eArea_Timing, gsc_aoCodesRows };
 
@@ -481,7 +493,7 @@ constexpr auto ListModeRows()
     constexpr unsigned int uiFirstOffset = 0x06;
     std::array<SRow, 1 + gsc_uiEstablishedIIIModes + 2> aoRows = {};
     aoRows[0] = { eId_BaseEstablished3Revision, Byte(0x05), "Revision number",
-                  Number().Expect(0x0A, "only revision 10 has this layout") };
+                  Number().Expect(0x0A, eZorEdidRule_Version10Layout) };
     for (unsigned int i = 0; i < gsc_uiEstablishedIIIModes; ++i)
     {
         aoRows[1 + i] = { eId_BaseEstablished3Mode,
@@ -517,7 +529,7 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
     }
     const unsigned int uiField =
         oWriter.BeginGroup(eId_BaseDetailed, "Detailed timing", eArea_Timing, uiOffset, oRecord.GetSize());
-    oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a detailed timing has 18 bytes");
+    oWriter.AddNote(uiField, eZorEdidRule_DetailedCut);
     oWriter.AddRows(g_oDetailedTimingTable, uiOffset, oRecord.GetSize());
     oWriter.EndGroup(gsc_oUnknownRest);
     return uiField;
@@ -579,15 +591,15 @@ bool HasReservedByte4(const CRecord& oRecord)
 }
 
 // Established timings III, CVT codes and color management came with 1.4.
-const char* CheckTag(const CRecord& oRecord, unsigned int uiTag)
+EZorEdidRule CheckTag(const CRecord& oRecord, unsigned int uiTag)
 {
-    return IsBefore4(oRecord) && uiTag >= 0xF7 && uiTag <= 0xF9 ? "defined from 1.4 on" : nullptr;
+    return IsBefore4(oRecord) && uiTag >= 0xF7 && uiTag <= 0xF9 ? eZorEdidRule_DescriptorTag : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoHeadRows[] = {
     { eId_BaseDescriptorIndicator, Run(0x00, 2), "Display descriptor indicator", Bytes() },
     { eId_Reserved, Byte(0x02), "Reserved", Reserved() },
-    { eId_BaseDescriptorTag, Byte(0x03), "Display descriptor tag", Names(gsc_aoTags).NoteOnly(), nullptr, CheckTag },
+    { eId_BaseDescriptorTag, Byte(0x03), "Display descriptor tag", Names(gsc_aoTags), nullptr, CheckTag },
     { eId_Reserved, Byte(0x04), "Reserved", Reserved(), HasReservedByte4 },
 };
 constexpr STable gsc_oHeadTable = { eZorEdidField_None, "Display descriptor", eArea_Structure, gsc_aoHeadRows };
@@ -614,24 +626,24 @@ SRangeLimits ReadRangeLimits(const CRecord& oRecord)
     return Descriptors::ReadRangeLimits(oRecord.GetData(), oRecord.GetFacts().m_uiRevision);
 }
 
-const char* CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits)
+EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits)
 {
     const unsigned long long ullClock = oTiming.Get(gsc_oPixelClock); // 10 kHz
     const unsigned long long ullWidth = GetTotalWidth(oTiming);
     const unsigned long long ullMostClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
     if (ullMostClock != 0 && ullClock * gsc_uiKiloHzPerClockUnit > ullMostClock)
     {
-        return "the pixel clock is above that of the display range limits";
+        return eZorEdidRule_RangePixelClock;
     }
     if (IsRateBeyond(ullClock * gsc_uiKiloHzPerClockUnit, ullWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
                      oLimits.m_uiMaxHorizontalRateInKiloHz))
     {
-        return "the line rate is beyond the display range limits";
+        return eZorEdidRule_RangeLineRate;
     }
     return IsRateBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming),
                         oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz)
-               ? "the field rate is beyond the display range limits"
-               : nullptr;
+               ? eZorEdidRule_RangeFieldRate
+               : eZorEdidRule_None;
 }
 
 bool IsImageFarFrom(const CRecord& oTiming, unsigned int uiWidth, unsigned int uiHeight)

@@ -44,22 +44,22 @@ bool IsVersion1(const CRecord& oSection) { return GetVersion(oSection) < 2; }
 bool IsVersion2(const CRecord& oSection) { return GetVersion(oSection) == 2; }
 bool IsLaterVersion(const CRecord& oSection) { return GetVersion(oSection) > 2; }
 
-const char* CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
+EZorEdidRule CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
 {
-    return uiVersion == 1 || uiVersion == 2 ? nullptr : "neither version 1 nor version 2";
+    return uiVersion == 1 || uiVersion == 2 ? eZorEdidRule_None : eZorEdidRule_DisplayIdVersion;
 }
 
 // 1.0 to 1.3, 2.0 and 2.1; other versions have a note of their own.
-const char* CheckRevision(const CRecord& oSection, unsigned int uiRevision)
+EZorEdidRule CheckRevision(const CRecord& oSection, unsigned int uiRevision)
 {
     const unsigned int uiVersion = GetVersion(oSection);
-    return (uiVersion == 1 && uiRevision > 3) || (uiVersion == 2 && uiRevision > 1) ? "revision is not published"
-                                                                                    : nullptr;
+    return (uiVersion == 1 && uiRevision > 3) || (uiVersion == 2 && uiRevision > 1) ? eZorEdidRule_DisplayIdRevision
+                                                                                    : eZorEdidRule_None;
 }
 
-const char* CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLength)
+EZorEdidRule CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLength)
 {
-    return uiLength > gsc_uiMostSectionBytes ? "a section in an extension block has at most 121 bytes" : nullptr;
+    return uiLength > gsc_uiMostSectionBytes ? eZorEdidRule_DisplayIdLength : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoSectionRows[] = {
@@ -84,7 +84,7 @@ constexpr STable gsc_oSection = { eId_DisplayidSection, "DisplayID section", eAr
                                   SectionText };
 
 constexpr SRow gsc_oSectionChecksum = ChecksumRow(eId_DisplayidSectionChecksum, "Section checksum");
-constexpr SRow gsc_oFiller = { eId_Padding, RunToEnd(0), "Filler", Filler(0, "filler is not 0") };
+constexpr SRow gsc_oFiller = { eId_Padding, RunToEnd(0), "Filler", Filler(0, eZorEdidRule_DisplayIdFiller) };
 
 // ---- Which data blocks there are ----
 
@@ -137,7 +137,7 @@ constexpr SRow gsc_aoDataBlockRows[] = {
 };
 constexpr STable gsc_oDataBlock = { eZorEdidField_None, "Data block", eArea_Structure, gsc_aoDataBlockRows };
 
-const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
+EZorEdidRule CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
 {
     const SBitsPlace& oExtra = oRule.m_oExtraBytes;
     const unsigned int uiExtra =
@@ -145,8 +145,7 @@ const char* CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
     oRule.m_uiLeast += uiExtra;
     oRule.m_uiStep += uiExtra;
     return CheckPayload(oRule, oBlock.GetByte(gsc_uiDataBlockLengthOffset),
-                        { "payload is shorter than the standard says", "payload is longer than the standard says",
-                          gsc_szNotWholeItems });
+                        { eZorEdidRule_DisplayIdShort, eZorEdidRule_DisplayIdLong, eZorEdidRule_DisplayIdPart });
 }
 
 // All bytes of the data block that there are, from its tag on.
@@ -158,15 +157,12 @@ void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
     const unsigned int uiGroup = oWriter.BeginGroup(oKnown.m_oGroup, uiOffset, uiSize);
     if (uiSize < gsc_uiPayloadOffset + oBlock.GetByte(gsc_uiDataBlockLengthOffset))
     {
-        oWriter.AddNote(uiGroup, CMap::eSeverity_Error, "runs past the end of its section");
+        oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdPast);
     }
-    if (const char* pszText = CheckPayload(oBlock, oKnown.m_oPayload))
-    {
-        oWriter.AddNote(uiGroup, oKnown.m_oPayload.GetSeverity(), pszText);
-    }
+    oWriter.AddNote(uiGroup, CheckPayload(oBlock, oKnown.m_oPayload), oKnown.m_oPayload.GetSeverity());
     if (oKind.m_uiVersion != 0 && oKind.m_uiVersion != uiVersion)
     {
-        oWriter.AddNote(uiGroup, CMap::eSeverity_Note, "defined for the other version of DisplayID");
+        oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdOtherVersion);
     }
 
     const unsigned int uiTag = oWriter.AddLeaf(gsc_oDataBlockTag, eArea_Structure, uiOffset, uiSize);
@@ -246,18 +242,16 @@ void NoteSection(CMapWriter& oWriter, unsigned int uiField, const CRecord& oSect
     }
     if (bFirst && !bHasType)
     {
-        oWriter.AddNote(uiField, CMap::eSeverity_Note, "the first section names no product type or use case");
+        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdNoType);
     }
     if (!bFirst && bHasType)
     {
-        oWriter.AddNote(uiField, CMap::eSeverity_Warning,
-                        "a section behind the first one names a product type or use case");
+        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdTypeAgain);
     }
     const unsigned int uiSections = bFirst ? CountSectionsBehind(oWriter, uiBlock) : 0;
     if (oSection.GetByte(gsc_uiExtensionCountOffset) != uiSections)
     {
-        oWriter.AddNote(uiField, CMap::eSeverity_Note,
-                        "the extension count is not that of the sections behind the first");
+        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdSections);
     }
 }
 
@@ -273,7 +267,7 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     const unsigned int uiField = oWriter.BeginGroup(gsc_oSection, uiOffset, std::min(uiSize, uiLength));
     if (!bWhole)
     {
-        oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");
+        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdSectionPast);
     }
     NoteSection(oWriter, uiField, oSection, uiOffset - gsc_uiSectionOffset);
     oWriter.AddRows(gsc_oSection, uiOffset, gsc_uiSectionHeaderSize);

@@ -71,7 +71,7 @@ constexpr SRow LettersRow(EZorEdidField eId, const char* pszName)
     return { eId,
              Run(OFFSET, 3),
              pszName,
-             Text().NoteOnly().Text([](const CRecord& oBlock, unsigned int) {
+             Text().Text([](const CRecord& oBlock, unsigned int) {
                  if (!HasLetters<OFFSET>(oBlock))
                  {
                      return OuiText(oBlock, oBlock.Get(Big24(OFFSET)));
@@ -84,21 +84,16 @@ constexpr SRow LettersRow(EZorEdidField eId, const char* pszName)
                  return sLetters;
              }),
              nullptr,
-             [](const CRecord& oBlock, unsigned int) -> const char* {
-                 return HasLetters<OFFSET>(oBlock) ? nullptr : "not three letters";
+             [](const CRecord& oBlock, unsigned int) -> EZorEdidRule {
+                 return HasLetters<OFFSET>(oBlock) ? eZorEdidRule_None : eZorEdidRule_DisplayIdMaker;
              } };
 }
 
 // A note on the group of the data block.
-inline void NoteBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset,
-                      CZorEdidMap::ESeverity eSeverity, const char* pszText)
+inline void NoteBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, EZorEdidRule eRule)
 {
-    oWriter.AddNote(oWriter.FindField(uiOffset, oBlock.GetSize()), eSeverity, pszText);
+    oWriter.AddNote(oWriter.FindField(uiOffset, oBlock.GetSize()), eRule);
 }
-
-inline constexpr char gsc_szNotWholeItems[] = "payload is not a whole number of items";
-inline constexpr char gsc_szBehindBlock[] = "runs past the end of its data block";
-inline constexpr char gsc_szContradiction[] = "contradicts the payload length";
 
 // Revision of the data block, bits 2 to 0 of its byte 1.
 inline unsigned int GetRevision(const CRecord& oBlock) { return oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 2, 0); }

@@ -71,9 +71,10 @@ constexpr SMeaning gsc_aoNoSingles[] = {
 constexpr SForm gsc_oSingleForm =
     Number().Computed(SingleNumber).Decimals(gsc_uiSingleDecimals).With(gsc_aoNoSingles).Text(SingleText);
 
-const char* CheckSingle(const CRecord& /*oBlock*/, unsigned int uiSingle)
+EZorEdidRule CheckSingle(const CRecord& /*oBlock*/, unsigned int uiSingle)
 {
-    return ((uiSingle >> gsc_uiFractionBits) & gsc_uiExponentMask) == gsc_uiExponentMask ? "no finite number" : nullptr;
+    return ((uiSingle >> gsc_uiFractionBits) & gsc_uiExponentMask) == gsc_uiExponentMask ? eZorEdidRule_DisplayIdSingle
+                                                                                         : eZorEdidRule_None;
 }
 constexpr SRow SingleRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
 {
@@ -85,8 +86,7 @@ void NoteRevision(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
 {
     if (IsRevision0(oBlock))
     {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiDataBlockFlagsOffset, 0), CMap::eSeverity_Note,
-                        "revision 1 is the first one");
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiDataBlockFlagsOffset, 0), eZorEdidRule_DisplayIdRevision1);
     }
 }
 

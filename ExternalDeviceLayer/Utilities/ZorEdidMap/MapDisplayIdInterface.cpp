@@ -16,12 +16,12 @@ using CMap = CZorEdidMap;
 
 constexpr auto gsc_aoDiscrete = Listed({ "continuous within the limits", "discrete" });
 
-const char* CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
+EZorEdidRule CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
 {
     return CheckAtLeast(oBlock.Get(Little24(0x03)), uiClock);
 }
 template <unsigned int OFFSET>
-const char* CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
+EZorEdidRule CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
 {
     return CheckAtLeast(oBlock.GetByte(OFFSET), uiValue);
 }
@@ -240,9 +240,10 @@ constexpr STable gsc_oFeatures = { eId_DisplayidInterfaceFeatures, "Display inte
 
 using DisplayId::gsc_uiCombinationsOffset;
 
-const char* CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations)
+EZorEdidRule CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations)
 {
-    return gsc_uiCombinationsOffset + uiCombinations != oBlock.GetSize() ? gsc_szContradiction : nullptr;
+    return gsc_uiCombinationsOffset + uiCombinations != oBlock.GetSize() ? eZorEdidRule_DisplayIdContradiction
+                                                                         : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoColourFeatureRows[] = {
@@ -308,9 +309,9 @@ constexpr SRow gsc_aoStereoFlagRows[] = {
 };
 constexpr STable gsc_oStereoFlags = { eId_DisplayidStereo, "Flags", eArea_Display, gsc_aoStereoFlagRows };
 
-const char* CheckMethodLength(const CRecord& /*oBlock*/, unsigned int uiLength)
+EZorEdidRule CheckMethodLength(const CRecord& /*oBlock*/, unsigned int uiLength)
 {
-    return uiLength == 0 ? "no room for a method code" : nullptr;
+    return uiLength == 0 ? eZorEdidRule_DisplayIdNoMethod : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoStereoRows[] = { { eId_DisplayidStereoMethodLength, Byte(gsc_uiStereoLengthOffset),
@@ -325,9 +326,9 @@ bool IsCutMethod(const CRecord& oMethod)
     return uiMethod < std::size(gsc_aui8MethodSizes) && oMethod.GetSize() < gsc_aui8MethodSizes[uiMethod];
 }
 
-const char* CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
+EZorEdidRule CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
 {
-    return IsCutMethod(oMethod) ? "too short for this method" : nullptr;
+    return IsCutMethod(oMethod) ? eZorEdidRule_DisplayIdMethodShort : eZorEdidRule_None;
 }
 
 bool HasUnknownParameters(const CRecord& oMethod)
@@ -369,7 +370,7 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         const unsigned int uiGroup = oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes);
         if (uiCodes < uiDeclared)
         {
-            oWriter.AddNote(uiGroup, CMap::eSeverity_Error, gsc_szBehindBlock);
+            oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdItemPast);
         }
         for (unsigned int i = 0; i < uiCodes; ++i)
         {
@@ -386,8 +387,7 @@ void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
     oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
     if (gsc_uiStereoMethodOffset + uiLength > oBlock.GetSize())
     {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiStereoLengthOffset, 0), CMap::eSeverity_Error,
-                        gsc_szBehindBlock);
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiStereoLengthOffset, 0), eZorEdidRule_DisplayIdItemPast);
     }
     if (oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 6))
     {
@@ -409,11 +409,11 @@ constexpr SMeaning gsc_aoOneTile[] = { { 0, 0, "undefined" },
 
 constexpr auto HasBezels = WhereSet<0x03, 6>;
 
-const char* CheckMultiplier(const CRecord& oBlock, unsigned int uiMultiplier)
+EZorEdidRule CheckMultiplier(const CRecord& oBlock, unsigned int uiMultiplier)
 {
-    return HasBezels(oBlock) == (uiMultiplier != 0) ? nullptr
-           : uiMultiplier == 0                      ? "0, but bezel sizes are given"
-                                                    : "not 0, but no bezel sizes are given";
+    return HasBezels(oBlock) == (uiMultiplier != 0) ? eZorEdidRule_None
+           : uiMultiplier == 0                      ? eZorEdidRule_DisplayIdBezelNone
+                                                    : eZorEdidRule_DisplayIdBezelAlone;
 }
 
 // In tenths of a pixel.
@@ -428,9 +428,9 @@ constexpr SPlace gsc_oTileX = Split({ { 0x06, 3, 2 }, { 0x05, 7, 4 } });
 constexpr SPlace gsc_oTileY = Split({ { 0x06, 1, 0 }, { 0x05, 3, 0 } });
 
 template <const SPlace& COUNT>
-const char* CheckLocation(const CRecord& oBlock, unsigned int uiLocation)
+EZorEdidRule CheckLocation(const CRecord& oBlock, unsigned int uiLocation)
 {
-    return uiLocation > oBlock.Get(COUNT) ? "lies outside of the tiled display" : nullptr;
+    return uiLocation > oBlock.Get(COUNT) ? eZorEdidRule_DisplayIdTile : eZorEdidRule_None;
 }
 
 constexpr SForm gsc_oBezelForm = Number("pixels").Decimals(1).Computed(GetBezel);
@@ -487,7 +487,7 @@ constexpr SMeaning gsc_aoAdaptiveModes[] = { { 0, 0, "fixed average V-total" },
                                              { 2, 3, gsc_szReserved } };
 constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
 
-const char* CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
+EZorEdidRule CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
 {
     return CheckAtLeast(oDescriptor.GetByte(2), uiRate + 1);
 }

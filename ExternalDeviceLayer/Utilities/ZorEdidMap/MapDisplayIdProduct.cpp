@@ -18,14 +18,15 @@ using DisplayId::gsc_uiModelYear;
 using DisplayId::gsc_uiProductTextLengthOffset;
 using DisplayId::gsc_uiProductTextOffset;
 
-const char* CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
+EZorEdidRule CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
 {
-    return uiWeek > 53 && uiWeek != gsc_uiModelYear ? "no week of a year" : nullptr;
+    return uiWeek > 53 && uiWeek != gsc_uiModelYear ? eZorEdidRule_DisplayIdWeek : eZorEdidRule_None;
 }
 
-const char* CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
+EZorEdidRule CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
 {
-    return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? gsc_szContradiction : nullptr;
+    return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? eZorEdidRule_DisplayIdContradiction
+                                                                  : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_oVendorPnp = LettersRow<3>(eId_DisplayidProductVendor, "Manufacturer/vendor ID");
@@ -115,9 +116,10 @@ CMString LuminanceText(const CRecord& oBlock, unsigned int uiHalf)
     return FormatNumber(llLuminance, uiDecimals, "cd/m2");
 }
 
-const char* CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
+EZorEdidRule CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
 {
-    return uiHalf >= gsc_uiHalfInfinite && uiHalf != gsc_uiHalfSign ? "no positive number" : nullptr;
+    return uiHalf >= gsc_uiHalfInfinite && uiHalf != gsc_uiHalfSign ? eZorEdidRule_DisplayIdLuminance
+                                                                    : eZorEdidRule_None;
 }
 
 template <const auto& MEANINGS = gsc_aoLuminances>
@@ -152,9 +154,9 @@ constexpr STable gsc_oBrightness = { eId_DisplayidBrightness, "Brightness lumina
 
 // Of two sizes both are given or none.
 template <unsigned int OTHER>
-const char* CheckPair(const CRecord& oBlock, unsigned int uiSize)
+EZorEdidRule CheckPair(const CRecord& oBlock, unsigned int uiSize)
 {
-    return uiSize == 0 && oBlock.Get(Little16(OTHER)) != 0 ? "the other size is given" : nullptr;
+    return uiSize == 0 && oBlock.Get(Little16(OTHER)) != 0 ? eZorEdidRule_DisplayIdPair : eZorEdidRule_None;
 }
 
 // Horizontal and vertical sizes, the words at 03h to 09h of both versions.
@@ -342,11 +344,12 @@ constexpr STable gsc_oColourFlags = { eId_DisplayidColor, "Flags", eArea_Colour,
 
 bool HasStandardColourSpace(const CRecord& oBlock) { return oBlock.GetBits(3, 6, 4) == 0; }
 
-const char* CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
+EZorEdidRule CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
 {
     const unsigned int uiFixed = HasStandardColourSpace(oBlock) ? 2 : 1;
     const unsigned int uiPoints = oBlock.GetBits(3, 6, 4) + uiWhitePoints;
-    return uiFixed + uiPoints * gsc_uiCoordinatesSize != GetPayloadLength(oBlock) ? gsc_szContradiction : nullptr;
+    return uiFixed + uiPoints * gsc_uiCoordinatesSize != GetPayloadLength(oBlock) ? eZorEdidRule_DisplayIdContradiction
+                                                                                  : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoColourRows[] = {
@@ -485,7 +488,7 @@ constexpr STable gsc_oSamples = { eId_DisplayidTransferCurve, "Curve", eArea_Col
 
 constexpr SRow gsc_aoParameterRows[] = {
     { eId_DisplayidTransferParameterCount, Byte(0), "Number of parameters",
-      Number().Expect(5, "four parameters and a gamma are five bytes") },
+      Number().Expect(5, eZorEdidRule_DisplayIdParameterCount) },
     { eId_DisplayidTransferA0, Byte(1), "A0", Number() },
     { eId_DisplayidTransferA1, Byte(2), "A1", Number() },
     { eId_DisplayidTransferA2, Byte(3), "A2", Number() },
@@ -510,7 +513,7 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
             oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize);
         if (uiSize > oBlock.GetSize() - uiAt)
         {
-            oWriter.AddNote(uiCurve, CMap::eSeverity_Error, gsc_szBehindBlock);
+            oWriter.AddNote(uiCurve, eZorEdidRule_DisplayIdItemPast);
         }
     }
 }

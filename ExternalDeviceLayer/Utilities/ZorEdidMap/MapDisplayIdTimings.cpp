@@ -34,17 +34,17 @@ using DisplayId::gsc_oType6;
 using DisplayId::gsc_oType7;
 using DisplayId::STimingPlaces;
 
-const char* CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
+EZorEdidRule CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
 {
-    return uiFront + 1 + uiSync + 1 > uiBlank + 1 ? "shorter than front porch and sync pulse" : nullptr;
+    return uiFront + 1 + uiSync + 1 > uiBlank + 1 ? eZorEdidRule_Blanking : eZorEdidRule_None;
 }
 template <const STimingPlaces& P>
-const char* CheckBlankX(const CRecord& oTiming, unsigned int uiBlank)
+EZorEdidRule CheckBlankX(const CRecord& oTiming, unsigned int uiBlank)
 {
     return CheckBlanking(uiBlank, oTiming.Get(P.m_oHorizontalFrontPorch), oTiming.Get(P.m_oHorizontalSync));
 }
 template <const STimingPlaces& P>
-const char* CheckBlankY(const CRecord& oTiming, unsigned int uiBlank)
+EZorEdidRule CheckBlankY(const CRecord& oTiming, unsigned int uiBlank)
 {
     return CheckBlanking(uiBlank, oTiming.Get(P.m_oVerticalFrontPorch), oTiming.Get(P.m_oVerticalSync));
 }
@@ -498,7 +498,7 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
         uiSize = oBlock.IsSet(uiAt + 2, 6) ? gsc_uiType6LongSize : gsc_uiType6Size;
         if (uiSize > oBlock.GetSize() - uiAt)
         {
-            NoteBlock(oWriter, oBlock, uiOffset, CMap::eSeverity_Error, gsc_szNotWholeItems);
+            NoteBlock(oWriter, oBlock, uiOffset, eZorEdidRule_DisplayIdPart);
             return;
         }
         MapDisplayIdTiming(oWriter, oBlock.GetByte(0), 0, uiOffset + uiAt, uiSize);

@@ -66,26 +66,26 @@ bool HasNoCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 0 || GetCu
 // Bytes 03h to 0Dh are those of a digital interface.
 bool IsAnalog(const CRecord& oBlock) { return oBlock.GetByte(0x02) == 0; }
 
-const char* CheckInterface(const CRecord& oBlock, unsigned int /*uiInterface*/)
+EZorEdidRule CheckInterface(const CRecord& oBlock, unsigned int /*uiInterface*/)
 {
     bool bSet = false;
     for (unsigned int i = 0x03; i <= 0x0D; ++i)
     {
         bSet = bSet || oBlock.GetByte(i) != 0;
     }
-    return IsAnalog(oBlock) && bSet ? "bytes 03h to 0Dh describe a digital interface" : nullptr;
+    return IsAnalog(oBlock) && bSet ? eZorEdidRule_DiInterface : eZorEdidRule_None;
 }
 
-const char* CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
+EZorEdidRule CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
 {
-    return uiClock != 0 ? CheckAtLeast(oBlock.GetByte(0x09), uiClock) : nullptr;
+    return uiClock != 0 ? CheckAtLeast(oBlock.GetByte(0x09), uiClock) : eZorEdidRule_None;
 }
 
-const char* CheckEntries(const CRecord& oBlock, unsigned int uiEntries)
+EZorEdidRule CheckEntries(const CRecord& oBlock, unsigned int uiEntries)
 {
     return HasWhiteCurve(oBlock)     ? CheckWithin<1, 45>(oBlock, uiEntries)
            : HasColourCurves(oBlock) ? CheckWithin<1, 15>(oBlock, uiEntries)
-                                     : nullptr;
+                                     : eZorEdidRule_None;
 }
 
 constexpr SRow DepthRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)
@@ -94,7 +94,7 @@ constexpr SRow DepthRow(EZorEdidField eId, unsigned int uiOffset, const char* ps
 }
 
 constexpr SRow gsc_aoRows[] = {
-    { eId_DiVersion, Byte(0x01), "Version", Number().Expect(1, "only version 1 has this layout") },
+    { eId_DiVersion, Byte(0x01), "Version", Number().Expect(1, eZorEdidRule_Version1Layout) },
     { eId_DiInterface, Byte(0x02), "Supported digital interface", Names(gsc_aoInterfaces), nullptr, CheckInterface },
     { eId_DiVersionKind, Bits(0x03, 7, 6), "Kind of interface version", Names(gsc_aoVersionKinds) },
     { eId_DiInterfaceVersion, Bits(0x03, 5, 0), "Version, whole", Number(), HasVersion },

@@ -26,30 +26,30 @@ bool WhereSet(const CRecord& oRecord)
 // ---- Checks of rows ----
 
 template <unsigned int LEAST, unsigned int MOST>
-const char* CheckWithin(const CRecord& /*oRecord*/, unsigned int uiValue)
+EZorEdidRule CheckWithin(const CRecord& /*oRecord*/, unsigned int uiValue)
 {
-    return uiValue < LEAST || uiValue > MOST ? "out of range" : nullptr;
+    return uiValue < LEAST || uiValue > MOST ? eZorEdidRule_OutOfRange : eZorEdidRule_None;
 }
 
-constexpr const char* CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
+constexpr EZorEdidRule CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
 {
-    return uiValue < uiLeast ? "maximum is below the minimum" : nullptr;
+    return uiValue < uiLeast ? eZorEdidRule_MaximumBelowMinimum : eZorEdidRule_None;
 }
 
 inline constexpr unsigned int gsc_uiFirstAfterAscii = 0x7F; // 7Fh itself does not print
 
 // Of a text that goes from byte FIRST of the record to its end.
 template <unsigned int FIRST>
-const char* CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
+EZorEdidRule CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
 {
     for (unsigned int i = FIRST; i < oRecord.GetSize(); ++i)
     {
         if (oRecord.GetByte(i) < ' ' || oRecord.GetByte(i) >= gsc_uiFirstAfterAscii)
         {
-            return "characters that are not printable ASCII";
+            return eZorEdidRule_Ascii;
         }
     }
-    return nullptr;
+    return eZorEdidRule_None;
 }
 
 // ---- Places and forms ----
@@ -126,19 +126,19 @@ constexpr SPayloadRule OneOf(std::initializer_list<unsigned int> auiLengths, boo
 
 struct SPayloadNotes
 {
-    const char* m_pszShort;
-    const char* m_pszLong;
-    const char* m_pszPart;            // not a whole number of items
-    const char* m_pszOther = nullptr; // not one of the lengths
+    EZorEdidRule m_eShort;
+    EZorEdidRule m_eLong;
+    EZorEdidRule m_ePart;                      // not a whole number of items
+    EZorEdidRule m_eOther = eZorEdidRule_None; // not one of the lengths
 };
 
-// Which of the notes a length gets; null for none.
-constexpr const char* CheckPayload(const SPayloadRule& oRule, unsigned int uiLength, const SPayloadNotes& oNotes)
+// Which of the rules a length breaks.
+constexpr EZorEdidRule CheckPayload(const SPayloadRule& oRule, unsigned int uiLength, const SPayloadNotes& oNotes)
 {
-    return uiLength < oRule.m_uiLeast                                                  ? oNotes.m_pszShort
-           : uiLength > oRule.m_uiMost                                                 ? oNotes.m_pszLong
-           : !oRule.Allows(uiLength)                                                   ? oNotes.m_pszOther
-           : oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0 ? oNotes.m_pszPart
-                                                                                       : nullptr;
+    return uiLength < oRule.m_uiLeast                                                  ? oNotes.m_eShort
+           : uiLength > oRule.m_uiMost                                                 ? oNotes.m_eLong
+           : !oRule.Allows(uiLength)                                                   ? oNotes.m_eOther
+           : oRule.m_uiStep != 0 && (uiLength - oRule.m_uiLeast) % oRule.m_uiStep != 0 ? oNotes.m_ePart
+                                                                                       : eZorEdidRule_None;
 }
 } // namespace ZorMap

@@ -16,20 +16,20 @@ namespace ZorMap
 namespace
 {
 // Some pairs mean a mode that their aspect code does not give. In images before 1.3 these are the ones of 16:10 modes.
-const char* GetOtherSize(unsigned int uiListedHeight)
+EZorEdidRule GetOtherSize(unsigned int uiListedHeight)
 {
     switch (uiListedHeight)
     {
     case 350:
-        return "the library lists it as 640 x 350";
+        return eZorEdidRule_ListedAs350;
     case 400:
-        return "the library lists it as 720 x 400";
+        return eZorEdidRule_ListedAs400;
     case 480:
-        return "the library lists it as 848 x 480";
+        return eZorEdidRule_ListedAs480;
     case 768:
-        return "the library lists it as 1360 x 768";
+        return eZorEdidRule_ListedAs768;
     default:
-        return "the library lists it as 16:10";
+        return eZorEdidRule_ListedAsWide;
     }
 }
 
@@ -45,7 +45,7 @@ void NoteOtherSizes(CMapWriter& oWriter, const CEdidBase& oBase, const CTimingOr
         oBase.GetStandard(oOrigin.m_uiIndex, &oListed, nullptr);
         if (oListed.GetVerticalActive() != ReadStandardTiming(pui8Pair[0], pui8Pair[1], bSquare).m_uiHeight)
         {
-            oWriter.AddNote(oWriter.FindField(oOrigin.m_uiOffset, oOrigin.m_uiLength), CZorEdidMap::eSeverity_Note,
+            oWriter.AddNote(oWriter.FindField(oOrigin.m_uiOffset, oOrigin.m_uiLength),
                             GetOtherSize(oListed.GetVerticalActive()));
         }
     }

@@ -20,25 +20,24 @@ using CMap = CZorEdidMap;
 
 constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - Vtb::gsc_uiListsOffset;
 
-constexpr char gsc_szTooMany[] = "the timings take more than the block has";
-
 // A list that begins after uiBefore bytes of lists. One that begins past the block says nothing: an earlier one did.
-const char* CheckVtbList(unsigned int uiBefore, unsigned int uiBytes)
+EZorEdidRule CheckVtbList(unsigned int uiBefore, unsigned int uiBytes)
 {
-    return uiBefore <= gsc_uiVtbListsSize && uiBefore + uiBytes > gsc_uiVtbListsSize ? gsc_szTooMany : nullptr;
+    return uiBefore <= gsc_uiVtbListsSize && uiBefore + uiBytes > gsc_uiVtbListsSize ? eZorEdidRule_VtbTooMany
+                                                                                     : eZorEdidRule_None;
 }
 
-const char* CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
+EZorEdidRule CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
 {
     return CheckVtbList(0, uiDetailed * gsc_uiMapDescriptorSize);
 }
 
-const char* CheckVtbCvt(const CRecord& oBlock, unsigned int uiCodes)
+EZorEdidRule CheckVtbCvt(const CRecord& oBlock, unsigned int uiCodes)
 {
     return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize, uiCodes * gsc_uiCvtCodeSize);
 }
 
-const char* CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
+EZorEdidRule CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
 {
     return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize +
                             oBlock.Get(Vtb::gsc_oCvtCodes) * gsc_uiCvtCodeSize,
@@ -46,7 +45,7 @@ const char* CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
-    { eId_VtbVersion, Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
+    { eId_VtbVersion, Byte(1), "Version", Number().Expect(1, eZorEdidRule_Version1Layout) },
     { eId_VtbDetailedTimings, Vtb::gsc_oDetailedTimings, "Number of detailed timings", Number(), nullptr,
       CheckVtbDetailed },
     { eId_VtbCvtTimingCodes, Vtb::gsc_oCvtCodes, "Number of CVT timing codes", Number(), nullptr, CheckVtbCvt },
@@ -101,8 +100,7 @@ void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     const bool bPlaced = uiPlace == 1 || uiPlace == 128;
     if (!bPlaced)
     {
-        oWriter.AddNote(oWriter.FindField(uiOffset, uiLength), CMap::eSeverity_Warning,
-                        "a block map is block 1 or block 128");
+        oWriter.AddNote(oWriter.FindField(uiOffset, uiLength), eZorEdidRule_BlockMapPlace);
     }
     for (unsigned int i = 1; i < std::min(uiLength, gsc_uiChecksumOffset); ++i)
     {
@@ -118,7 +116,7 @@ void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
         // A block that is not there reads as 0.
         if (uiTag != oWriter.GetByte(uiOffset + i * CMapWriter::msc_uiBlockSize))
         {
-            oWriter.AddNote(uiField, CMap::eSeverity_Warning, "the block has another tag");
+            oWriter.AddNote(uiField, eZorEdidRule_BlockMapTag);
         }
     }
 }
@@ -129,7 +127,7 @@ constexpr unsigned int gsc_uiStringTablesOffset = 5;
 constexpr unsigned int gsc_uiStringsOffset = 6; // in a string table
 
 constexpr SRow gsc_aoLocalizedRows[] = {
-    { eId_LsVersion, Byte(1), "Version", Number().Expect(1, "only version 1 has this layout") },
+    { eId_LsVersion, Byte(1), "Version", Number().Expect(1, eZorEdidRule_Version1Layout) },
     { eId_LsRevision, Byte(2), "Revision", Number() },
     { eId_LsUnicodeVersionMajor, Bits(3, 7, 4), "Unicode version, major", Number() },
     { eId_LsUnicodeVersionMinor, Bits(3, 3, 0), "Unicode version, minor", Number() },
@@ -158,9 +156,9 @@ CMString LanguageText(const CRecord& /*oStringTable*/, unsigned int uiValue)
     return sText;
 }
 
-const char* CheckLanguage(const CRecord& oStringTable, unsigned int uiValue)
+EZorEdidRule CheckLanguage(const CRecord& oStringTable, unsigned int uiValue)
 {
-    return LanguageText(oStringTable, uiValue).Find('?', 0) >= 0 ? "not three letters" : nullptr;
+    return LanguageText(oStringTable, uiValue).Find('?', 0) >= 0 ? eZorEdidRule_LsLanguage : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_aoStringTableRows[] = {
@@ -215,7 +213,7 @@ void MapStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
         const unsigned int uiPresent = std::min(uiDeclared, uiLength - uiAt);
         if (uiPresent < uiDeclared)
         {
-            oWriter.AddNote(uiField, CMap::eSeverity_Error, "the string runs past the end of its table");
+            oWriter.AddNote(uiField, eZorEdidRule_LsStringPast);
         }
         oWriter.AddLeaf(IsUtf8(oTable) ? oString.m_oText : oString.m_oBytes, eArea_Identity, uiOffset + uiAt,
                         uiPresent);
@@ -239,7 +237,7 @@ void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned in
         const unsigned int uiField = oWriter.BeginRecord(gsc_oStringTable, uiOffset + uiAt, uiSize);
         if (uiSize < uiDeclared)
         {
-            oWriter.AddNote(uiField, CMap::eSeverity_Error, "runs past the end of its block");
+            oWriter.AddNote(uiField, eZorEdidRule_LsTablePast);
         }
         MapStrings(oWriter, uiOffset + uiAt, uiSize);
         oWriter.EndGroup(gsc_oUnknownRest);

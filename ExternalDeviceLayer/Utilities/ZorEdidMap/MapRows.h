@@ -14,6 +14,7 @@
 
 #include "Standards/Place.h"
 #include "ZorEdidMap.h"
+#include "ZorEdidRules.h"
 
 namespace ZorMap
 {
@@ -62,7 +63,7 @@ using ModeMaker = bool (*)(const CRecord&, const SModeSource& oSource, CZorEdidM
 
 // value = (raw * m_llMultiply + m_llAdd) / 10 ^ m_uiDecimals, m_llMultiply and m_llAdd counted in the last decimal.
 // m_uiDivide divides the product first, rounded half up: for binary fractions. A meaning of the raw value takes the
-// place of the number in the text; gsc_szReserved gives the note "reserved value".
+// place of the number in the text; gsc_szReserved gives the note of eZorEdidRule_ReservedValue.
 struct SForm
 {
     CZorEdidMap::EKind m_eKind = CZorEdidMap::eKind_Number;
@@ -71,8 +72,7 @@ struct SForm
     long long m_llAdd = 0;
     unsigned int m_uiDivide = 1;
     unsigned int m_uiDecimals = 0;
-    bool m_bSigned = false;                                           // two's complement over the width of the place
-    CZorEdidMap::ESeverity m_eCheck = CZorEdidMap::eSeverity_Warning; // of what the row's check finds
+    bool m_bSigned = false; // two's complement over the width of the place
     std::span<const SMeaning> m_aoMeanings = {};
     const char* (*m_pfnMeaning)(unsigned int uiValue) = nullptr; // in place of a list; null for a value without one
     bool m_bStaysNumber = false;                                 // a value with a meaning is a number nonetheless
@@ -80,9 +80,9 @@ struct SForm
     CMString (*m_pfnText)(const CRecord&, unsigned int uiValue) = nullptr;
     // The number, when no product is it; counted in the last decimal.
     long long (*m_pfnNumber)(const CRecord&, unsigned int uiValue) = nullptr;
-    // Another raw value gets the note m_pszUnexpected, a warning. Of a run it is what each byte must be.
+    // Another raw value gets the note of m_eUnexpected. Of a run it is what each byte must be.
     unsigned int m_uiExpected = msc_uiAny;
-    const char* m_pszUnexpected = nullptr;
+    EZorEdidRule m_eUnexpected = eZorEdidRule_None;
     ModeMaker m_pfnMode = nullptr;
     unsigned char m_ui8Code = 0; // of the mode of a flag, plus 1; 0: none, or given by the walk
 
@@ -127,13 +127,6 @@ struct SForm
         oForm.m_bSigned = true;
         return oForm;
     }
-    constexpr SForm Weighs(CZorEdidMap::ESeverity eCheck) const
-    {
-        SForm oForm = *this;
-        oForm.m_eCheck = eCheck;
-        return oForm;
-    }
-    constexpr SForm NoteOnly() const { return Weighs(CZorEdidMap::eSeverity_Note); }
     constexpr SForm Text(CMString (*pfnText)(const CRecord&, unsigned int)) const
     {
         SForm oForm = *this;
@@ -146,11 +139,11 @@ struct SForm
         oForm.m_pfnNumber = pfnNumber;
         return oForm;
     }
-    constexpr SForm Expect(unsigned int uiValue, const char* pszUnexpected) const
+    constexpr SForm Expect(unsigned int uiValue, EZorEdidRule eUnexpected) const
     {
         SForm oForm = *this;
         oForm.m_uiExpected = uiValue;
-        oForm.m_pszUnexpected = pszUnexpected;
+        oForm.m_eUnexpected = eUnexpected;
         return oForm;
     }
     constexpr SForm Mode(ModeMaker pfnMode) const
@@ -210,12 +203,12 @@ inline constexpr SMeaning gsc_aoUnknownValue[] = { { 0, 0xFFFFFFFF, "unknown" } 
 constexpr SForm UnknownValue() { return Unknown().With(gsc_aoUnknownValue); }
 constexpr SForm Reserved(unsigned int uiExpected = 0)
 {
-    return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, "reserved bits are set");
+    return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, eZorEdidRule_ReservedBits);
 }
 // A byte, or a run of bytes, that says nothing but must have this value.
-constexpr SForm Filler(unsigned int uiExpected, const char* pszUnexpected)
+constexpr SForm Filler(unsigned int uiExpected, EZorEdidRule eUnexpected)
 {
-    return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, pszUnexpected);
+    return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, eUnexpected);
 }
 
 // ---- What a group leaves over ----
@@ -242,8 +235,8 @@ struct SRow
     const char* m_pszName;
     SForm m_oForm;
     bool (*m_pfnApplies)(const CRecord&) = nullptr; // null: always
-    // What is off about the value, as a static text; null for nothing.
-    const char* (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
+    // Which rule the value breaks.
+    EZorEdidRule (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
 };
 
 // Its record ends with the checksum byte, so that it needs no place.

@@ -8,7 +8,6 @@
 #include <bit>
 
 #include "MapNames.h"
-#include "ZorEdidRules.h"
 
 namespace ZorMap
 {
@@ -217,7 +216,7 @@ unsigned int CMapWriter::BeginBlock(EZorEdidField eId, const char* pszName, unsi
     const unsigned int uiField = BeginGroup(eId, pszName, eArea_Structure, uiOffset, uiLength);
     if (uiLength < msc_uiBlockSize)
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Error, "cut short: a block has 128 bytes");
+        AddNote(uiField, eZorEdidRule_BlockCut);
     }
     return uiField;
 }
@@ -462,7 +461,7 @@ unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     if (eKind != CZorEdidMap::eKind_Unknown && !HasError(GetOpenGroup().m_uiField))
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of its structure");
+        AddNote(uiField, eZorEdidRule_PastStructure);
     }
     return uiField;
 }
@@ -471,7 +470,7 @@ void CMapWriter::NoteReserved(unsigned int uiField)
 {
     if (m_oMap.GetField(uiField).m_pszMeaning == gsc_szReserved)
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved value");
+        AddNote(uiField, eZorEdidRule_ReservedValue);
     }
 }
 
@@ -485,12 +484,11 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
                                : uiRaw == oForm.m_uiExpected;
     if (oForm.m_uiExpected != SForm::msc_uiAny && !bExpected)
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Warning, oForm.m_pszUnexpected);
+        AddNote(uiField, oForm.m_eUnexpected);
     }
-    const char* pszText = oRow.m_pfnCheck != nullptr ? oRow.m_pfnCheck(oRecord, uiRaw) : nullptr;
-    if (pszText != nullptr)
+    if (oRow.m_pfnCheck != nullptr)
     {
-        AddNote(uiField, oForm.m_eCheck, pszText);
+        AddNote(uiField, oRow.m_pfnCheck(oRecord, uiRaw));
     }
 }
 
@@ -512,7 +510,7 @@ void CMapWriter::AddRest(const SRest& oRest, unsigned int uiOffset, unsigned int
     }
     if (oRest.m_eKind == CZorEdidMap::eKind_Reserved && uiSet != 0)
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Warning, "reserved bits are set");
+        AddNote(uiField, eZorEdidRule_ReservedBits);
     }
 }
 
@@ -541,18 +539,27 @@ unsigned int CMapWriter::AddChecksum(const SRow& oRow, unsigned int uiFirst, uns
     }
     if ((uiSum & gsc_uiByteMask) != 0)
     {
-        AddNote(uiField, CZorEdidMap::eSeverity_Error, "the checksum is wrong");
+        AddNote(uiField, eZorEdidRule_Checksum);
     }
     return uiField;
 }
 
 // ---- Notes and timings ----
 
-void CMapWriter::AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText)
+void CMapWriter::AddNote(unsigned int uiField, EZorEdidRule eRule)
 {
-    if (HasField(uiField))
+    if (const SZorEdidRule* poRule = FindZorEdidRule(eRule))
     {
-        m_oMap.m_aoNotes.Add({ uiField, eSeverity, pszText, eZorEdidRule_None });
+        AddNote(uiField, eRule, poRule->m_eSeverity);
+    }
+}
+
+void CMapWriter::AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity)
+{
+    const SZorEdidRule* poRule = FindZorEdidRule(eRule);
+    if (poRule != nullptr && HasField(uiField))
+    {
+        m_oMap.m_aoNotes.Add({ uiField, eSeverity, poRule->m_pszWhat, eRule });
         ++GetField(uiField).m_uiNotes;
     }
 }

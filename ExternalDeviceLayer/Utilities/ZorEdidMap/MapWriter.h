@@ -4,7 +4,7 @@
 //     oWriter.BeginBlock(eId_Cta, "CTA-861 extension block", uiOffset, uiLength);
 //     oWriter.AddRows(gsc_oHeadTable, uiOffset, 4);
 //     const unsigned int uiField = oWriter.AddRecord(gsc_oAudioTable, uiBlock, uiBlockLength);
-//     oWriter.AddNote(uiField, CZorEdidMap::eSeverity_Error, "runs past the end of the block");
+//     oWriter.AddNote(uiField, eZorEdidRule_PastStructure);
 //     oWriter.EndBlock();
 
 #pragma once
@@ -88,7 +88,10 @@ public:
     // does not.
     unsigned int AddChecksum(const SRow& oRow, unsigned int uiFirst, unsigned int uiOffset);
 
-    void AddNote(unsigned int uiField, CZorEdidMap::ESeverity eSeverity, const char* pszText);
+    // That the field breaks a rule, in the words of the rule and with its weight; or with another one, where more than
+    // the rule decides, as a revision. Nothing for eZorEdidRule_None.
+    void AddNote(unsigned int uiField, EZorEdidRule eRule);
+    void AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity);
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
 
     // A name or a meaning that depends on bytes beyond the field's record, as static texts; a number that is not that

@@ -162,7 +162,7 @@ void CMapWriter::WriteTail()
     oField.m_eArea = eArea_Unused;
     oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength, false };
     m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
-    AddNote(AppendEntry(oEntry), CZorEdidMap::eSeverity_Warning, "an image has at most 256 blocks");
+    AddNote(AppendEntry(oEntry), eZorEdidRule_TooManyBlocks);
 }
 
 // The blocks that are there against those that byte 126 announces, or the data block of HDMI 2.1 that overrides it.
@@ -177,7 +177,7 @@ void CMapWriter::NoteBlockCount()
     const unsigned int uiPresent = m_oMap.GetBlockBytes() / msc_uiBlockSize - 1;
     if (uiPresent < uiAnnounced)
     {
-        AddNote(m_oMap.FindLeaf(uiPlace, 0), CZorEdidMap::eSeverity_Error, "fewer extension blocks follow");
+        AddNote(m_oMap.FindLeaf(uiPlace, 0), eZorEdidRule_BlocksMissing);
     }
     for (unsigned int i = 0; i < m_oMap.GetFieldCount(); i = m_oMap.GetField(i).m_uiEnd)
     {
@@ -185,11 +185,11 @@ void CMapWriter::NoteBlockCount()
         const bool bCounted = uiOffset / msc_uiBlockSize <= uiAnnounced;
         if (!bCounted)
         {
-            AddNote(i, CZorEdidMap::eSeverity_Warning, "not counted by the number of extension blocks");
+            AddNote(i, eZorEdidRule_BlockNotCounted);
         }
         else if (uiOffset != 0 && CZorEdidMap::GetBlockKind(GetByte(uiOffset)) == nullptr)
         {
-            AddNote(i, CZorEdidMap::eSeverity_Warning, "not a known kind of extension block");
+            AddNote(i, eZorEdidRule_BlockKind);
         }
     }
 }

@@ -121,8 +121,8 @@ public:
     {
         unsigned int m_uiField;
         ESeverity m_eSeverity;
-        const char* m_pszText; ///< a static text
-        EZorEdidRule m_eRule;  ///< which it is judged by
+        const char* m_pszText; ///< that of the rule
+        EZorEdidRule m_eRule;  ///< never eZorEdidRule_None
     };
 
     /// A mode that a field announces or refers to, by EdidMode.h.

@@ -130,9 +130,14 @@ inline std::string CheckMap(const CZorEdidMap& oMap)
         for (unsigned int j = 0; j < oField.m_uiNotes; ++j, ++uiNote)
         {
             if (uiNote >= oMap.GetNoteCount() || uiNote != oField.m_uiFirstNote + j ||
-                oMap.GetNote(uiNote).m_uiField != i || oMap.GetNote(uiNote).m_pszText == nullptr)
+                oMap.GetNote(uiNote).m_uiField != i)
             {
                 return "note " + std::to_string(uiNote);
+            }
+            const SZorEdidRule* const poRule = FindZorEdidRule(oMap.GetNote(uiNote).m_eRule);
+            if (poRule == nullptr || oMap.GetNote(uiNote).m_pszText != poRule->m_pszWhat)
+            {
+                return "note " + std::to_string(uiNote) + " has not the text of its rule";
             }
         }
     }

@@ -6,6 +6,7 @@
 #include "JsonWriter.h"
 #include "MapText.h"
 #include "TextFormat.h"
+#include "ZorEdidRules.h"
 
 namespace
 {
@@ -91,6 +92,7 @@ void WriteNotes(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField, CJso
     {
         const CZorEdidMap::SNote& oNote = oMap.GetNote(oField.m_uiFirstNote + i);
         oJson.BeginObject();
+        oJson.Member("rule", FindZorEdidRule(oNote.m_eRule)->m_pszId);
         oJson.Member("severity", GetNoteName(oNote.m_eSeverity));
         oJson.Member("text", oNote.m_pszText);
         oJson.EndObject();

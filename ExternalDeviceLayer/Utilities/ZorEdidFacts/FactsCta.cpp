@@ -648,6 +648,35 @@ void CReader::ReadDynamicHdr(const SBytes& oHdr)
         oHdr.m_uiOffset - gsc_uiExtendedHeader);
 }
 
+namespace
+{
+// The luminances of the target display, of versions 0 to 2.
+void SetDolbyLuminances(CFacts::SDolbyVision& oVision, const SBytes& oDolby)
+{
+    using namespace Colour;
+    constexpr float fMinimumUnits = 100000; // of DolbyMinimum1
+    switch (oVision.m_ui8Version)
+    {
+    case 0:
+        oVision.m_fMaxLuminance = static_cast<float>(PqLuminance(oDolby.Get<gsc_oDolbyMax0>())) / gsc_fMillion;
+        oVision.m_fMinLuminance = static_cast<float>(PqLuminance(oDolby.Get<gsc_oDolbyMin0>())) / gsc_fMillion;
+        return;
+    case 1:
+        oVision.m_fMaxLuminance =
+            static_cast<float>(oDolby.Get<gsc_oDolbyMax1>() * gsc_uiDolbyMax1Step + gsc_uiDolbyMax1Least);
+        oVision.m_fMinLuminance = static_cast<float>(DolbyMinimum1(oDolby.Get<gsc_oDolbyMin1>())) / fMinimumUnits;
+        return;
+    default:
+        oVision.m_fMaxLuminance =
+            static_cast<float>(PqLuminance(oDolby.Get<gsc_oDolbyMax2>() * gsc_uiDolbyMax2Step + gsc_uiDolbyMax2Least)) /
+            gsc_fMillion;
+        oVision.m_fMinLuminance =
+            static_cast<float>(PqLuminance(oDolby.Get<gsc_oDolbyMin2>() * gsc_uiDolbyMin2Step)) / gsc_fMillion;
+        return;
+    }
+}
+} // namespace
+
 void CReader::ReadDolbyVision(const SBytes& oDolby)
 {
     using namespace Colour;
@@ -670,6 +699,7 @@ void CReader::ReadDolbyVision(const SBytes& oDolby)
         oVision.m_ui8DmVersion = static_cast<unsigned char>(
             uiVersion == 0 ? oDolby.Get<gsc_oDolbyMajor0>() * uiTen + std::min(oDolby.Get<gsc_oDolbyMinor0>(), 9U)
                            : (oDolby.Get<gsc_oDolbyDmVersion>() + 2) * uiTen);
+        SetDolbyLuminances(oVision, oDolby);
     }
     Set(m_oFacts.m_oColour.m_oDolbyVision, oVision, eZorEdidField_CtaDolbyVisionVersion,
         oDolby.OffsetOf<gsc_oDolbyVersion>());

@@ -446,7 +446,9 @@ public:
         unsigned char m_ui8DmVersion; ///< display management: ten times the version, 0 when unknown
         bool m_bYuv422;               ///< 12 bits
         bool m_bLowLatency;
-        bool m_bStandard; ///< the mode with metadata in the picture
+        bool m_bStandard;      ///< the mode with metadata in the picture
+        float m_fMaxLuminance; ///< of the target, cd/m2; 0 for other versions, as the next
+        float m_fMinLuminance;
     };
 
     struct SColour

@@ -214,25 +214,13 @@ constexpr auto Is2 = WhereDolby<2, gsc_uiDolbySize>;
 bool Is1Short(const CRecord& oDolby) { return Is1(oDolby) && !Is1Long(oDolby); }
 bool Is0To2(const CRecord& oDolby) { return Is0(oDolby) || Is1(oDolby) || Is2(oDolby); }
 
-// The luminance of a 12-bit code by the EOTF of SMPTE ST 2084, in 10^-6 cd/m2.
-constexpr unsigned int gsc_uiPqDecimals = 6;
-long long PqLuminance(unsigned int uiCode)
-{
-    constexpr double dM1 = 2610.0 / 16384;
-    constexpr double dM2 = 2523.0 / 4096 * 128;
-    constexpr double dC1 = 3424.0 / 4096;
-    constexpr double dC2 = 2413.0 / 4096 * 32;
-    constexpr double dC3 = 2392.0 / 4096 * 32;
-    constexpr double dMost = 10000 * 1e6;
-    const double dPower = pow(uiCode / 4095.0, 1 / dM2);
-    return llround(dMost * pow(fmax(dPower - dC1, 0) / (dC2 - dC3 * dPower), 1 / dM1));
-}
+constexpr unsigned int gsc_uiPqDecimals = 6; // of Colour::PqLuminance
 
 // A code is stored in steps of uiStep above uiLeast.
 template <unsigned int STEP, unsigned int LEAST>
 long long PqNumber(const CRecord& /*oDolby*/, unsigned int uiValue)
 {
-    return PqLuminance(uiValue * STEP + LEAST);
+    return Colour::PqLuminance(uiValue * STEP + LEAST);
 }
 // "1000.60 cd/m2 (PQ 3079 of 4095)"; six decimals below 1 cd/m2.
 template <unsigned int STEP, unsigned int LEAST>
@@ -240,7 +228,7 @@ CMString PqText(const CRecord& /*oDolby*/, unsigned int uiValue)
 {
     constexpr long long llOne = 1000000;
     constexpr long long llPerHundredth = 10000;
-    const long long llLuminance = PqLuminance(uiValue * STEP + LEAST);
+    const long long llLuminance = Colour::PqLuminance(uiValue * STEP + LEAST);
     CMString sText = llLuminance < llOne ? FormatNumber(llLuminance, gsc_uiPqDecimals, "cd/m2")
                                          : FormatNumber(Colour::DivideRounded(llLuminance, llPerHundredth), 2, "cd/m2");
     sText.AppendFormat(" (PQ %u of 4095)", uiValue * STEP + LEAST);
@@ -255,11 +243,7 @@ constexpr SForm Pq()
 constexpr SForm gsc_oIn4096 = Fraction(nullptr, 4096, 5);
 constexpr SForm In256(unsigned int uiLeast) { return Fraction(nullptr, 256, 5).Times(100000, uiLeast); }
 
-// (code / 127) ^ 2, in 10^-5 cd/m2.
-long long DolbyMinimum(const CRecord& /*oDolby*/, unsigned int uiCode)
-{
-    return Colour::DivideRounded(100000LL * uiCode * uiCode, 127LL * 127);
-}
+long long DolbyMinimum(const CRecord& /*oDolby*/, unsigned int uiCode) { return Colour::DolbyMinimum1(uiCode); }
 
 constexpr auto gsc_aoDolbyVersions = Listed({ "version 0", "version 1", "version 2" });
 constexpr auto gsc_aoDolbyColorimetry = Listed({ "ITU-R BT.709", "P3-D65" });
@@ -287,20 +271,18 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { eId_CtaDolbyVisionBlueY, Split({ { 9, 7, 0 }, { 7, 3, 0 } }), "Blue y", gsc_oIn4096, Is0 },
     { eId_CtaDolbyVisionWhiteX, Split({ { 11, 7, 0 }, { 10, 7, 4 } }), "White x", gsc_oIn4096, Is0 },
     { eId_CtaDolbyVisionWhiteY, Split({ { 12, 7, 0 }, { 10, 3, 0 } }), "White y", gsc_oIn4096, Is0 },
-    { eId_CtaDolbyVisionTargetMinLuminance, Split({ { 14, 7, 0 }, { 13, 7, 4 } }), "Target minimum luminance",
-      Pq<1, 0>(), Is0 },
-    { eId_CtaDolbyVisionTargetMaxLuminance, Split({ { 15, 7, 0 }, { 13, 3, 0 } }), "Target maximum luminance",
-      Pq<1, 0>(), Is0 },
+    { eId_CtaDolbyVisionTargetMinLuminance, Colour::gsc_oDolbyMin0, "Target minimum luminance", Pq<1, 0>(), Is0 },
+    { eId_CtaDolbyVisionTargetMaxLuminance, Colour::gsc_oDolbyMax0, "Target maximum luminance", Pq<1, 0>(), Is0 },
     { eId_CtaDolbyVisionDmMajorVersion, Colour::gsc_oDolbyMajor0, "Display management major version", Number(), Is0 },
     { eId_CtaDolbyVisionDmMinorVersion, Colour::gsc_oDolbyMinor0, "Display management minor version", Number(), Is0 },
 
     { eId_CtaDolbyVisionDmVersion, Colour::gsc_oDolbyDmVersion, "Display management version", Number().Times(1, 2),
       Is1 },
     { eId_CtaDolbyVision2160p60, Bit(0, 1), "2160p60", Flag(), Is1 },
-    { eId_CtaDolbyVisionTargetMaxLuminance, Bits(1, 7, 1), "Target maximum luminance", Number("cd/m2").Times(50, 100),
-      Is1 },
+    { eId_CtaDolbyVisionTargetMaxLuminance, Colour::gsc_oDolbyMax1, "Target maximum luminance",
+      Number("cd/m2").Times(Colour::gsc_uiDolbyMax1Step, Colour::gsc_uiDolbyMax1Least), Is1 },
     { eId_CtaDolbyVisionGlobalDimming, Bit(1, 0), "Global dimming", Flag(), Is1 },
-    { eId_CtaDolbyVisionTargetMinLuminance, Bits(2, 7, 1), "Target minimum luminance",
+    { eId_CtaDolbyVisionTargetMinLuminance, Colour::gsc_oDolbyMin1, "Target minimum luminance",
       Number("cd/m2").Computed(DolbyMinimum).Decimals(5), Is1 },
     { eId_CtaDolbyVisionColorimetry, Bit(2, 0), "Colorimetry", Flag(gsc_aoDolbyColorimetry), Is1 },
     { eId_CtaDolbyVisionLatency, Colour::gsc_oDolbyLatency1, "Latency", Flag(gsc_aoLatencies), Is1 },
@@ -320,11 +302,13 @@ constexpr SRow gsc_aoDolbyRows[] = {
     { eId_CtaDolbyVisionDmVersion, Colour::gsc_oDolbyDmVersion, "Display management version", Number().Times(1, 2),
       Is2 },
     { eId_CtaDolbyVisionBacklightControl, Bit(0, 1), "Backlight control", Flag(), Is2 },
-    { eId_CtaDolbyVisionTargetMinLuminance, Bits(1, 7, 3), "Target minimum luminance", Pq<20, 0>(), Is2 },
+    { eId_CtaDolbyVisionTargetMinLuminance, Colour::gsc_oDolbyMin2, "Target minimum luminance",
+      Pq<Colour::gsc_uiDolbyMin2Step, 0>(), Is2 },
     { eId_CtaDolbyVisionGlobalDimming, Bit(1, 2), "Global dimming", Flag(), Is2 },
     { eId_CtaDolbyVisionBacklightMinLuminance, Bits(1, 1, 0), "Backlight minimum luminance",
       Number("cd/m2").Times(25, 25), Is2 },
-    { eId_CtaDolbyVisionTargetMaxLuminance, Bits(2, 7, 3), "Target maximum luminance", Pq<65, 2055>(), Is2 },
+    { eId_CtaDolbyVisionTargetMaxLuminance, Colour::gsc_oDolbyMax2, "Target maximum luminance",
+      Pq<Colour::gsc_uiDolbyMax2Step, Colour::gsc_uiDolbyMax2Least>(), Is2 },
     { eId_CtaDolbyVisionInterface, Colour::gsc_oDolbyInterface2, "Interface", Names(gsc_aoInterfaces), Is2 },
     { eId_CtaDolbyVision10b12b444, Colour::gsc_oDolby444Depth2, "10b_12b_444", Names(gsc_ao444Depths), Is2 },
     { eId_CtaDolbyVisionGreenX, Bits(3, 7, 1), "Green x", In256(0), Is2 },

@@ -51,8 +51,17 @@ void NoteOtherSizes(CMapWriter& oWriter, const CEdidBase& oBase, const CTimingOr
     }
 }
 
+// Of HDMI's codes, one means 24 Hz alone. The list has the 23.98 Hz of the same code of CTA-861 with it.
+bool MeansFraction(unsigned int uiByte, unsigned int uiCode)
+{
+    const SHdmiCode* poHdmi = FindHdmiCode(uiByte);
+    const bool bHdmi = poHdmi != nullptr && uiByte != uiCode && poHdmi->m_ui8VideoCode == uiCode;
+    return !bHdmi || poHdmi->m_bFraction;
+}
+
 // The timings of a list of the block at uiStart, whose first one has the number uiFirst. A code's byte has two numbers
-// where a 1000/1001 variant follows it in the list. What a 4:2:0 capability map selects is in no byte of its own.
+// where a 1000/1001 variant that it means follows it in the list. What a 4:2:0 capability map selects is in no byte
+// of its own.
 void SetNumbers(CMapWriter& oWriter, CZorEdidMap::EList eList, const CTimingOrigins& aoOrigins, unsigned int uiStart,
                 unsigned int uiFirst)
 {
@@ -66,7 +75,8 @@ void SetNumbers(CMapWriter& oWriter, CZorEdidMap::EList eList, const CTimingOrig
         {
             continue;
         }
-        const bool bPair = bCode && i + 1 < aoOrigins.GetCount() && aoOrigins[i + 1].m_bVariant != 0;
+        const bool bPair = bCode && i + 1 < aoOrigins.GetCount() && aoOrigins[i + 1].m_bVariant != 0 &&
+                           MeansFraction(oWriter.GetByte(uiOffset), oOrigin.m_uiCode);
         const unsigned int uiField = oOrigin.m_uiBit != STimingOrigin::msc_uiNoBit
                                          ? oWriter.FindLeaf(uiOffset, oOrigin.m_uiBit)
                                          : oWriter.FindField(uiOffset, oOrigin.m_uiLength);

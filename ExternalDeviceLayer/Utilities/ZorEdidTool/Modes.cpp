@@ -24,16 +24,6 @@ struct SModesOptions
     bool m_bModeline = false;
 };
 
-std::string Join(const std::vector<std::string>& asTexts)
-{
-    std::string sAll;
-    for (const std::string& sText : asTexts)
-    {
-        sAll += (sAll.empty() ? "" : ", ") + sText;
-    }
-    return sAll;
-}
-
 std::string GetLine(const std::string& sNumber, const std::string& sTiming, const std::string& sMarks)
 {
     std::string sLine = FormatText("  %-15s %s  ", sNumber.c_str(), sTiming.c_str()) + sMarks;
@@ -54,7 +44,7 @@ std::string GetText(const CImageModes& oModes)
             asGroups.emplace_back(itGroup->first, "");
         }
         asGroups[itGroup->second].second +=
-            GetLine(GetNumberText(oRow), GetExactText(oRow.m_oMode), Join(ListMarks(oRow)));
+            GetLine(GetNumberText(oRow), GetExactText(oRow.m_oMode), JoinTexts(ListMarks(oRow)));
     }
     std::string sText;
     for (const auto& [sSource, sLines] : asGroups)

@@ -106,16 +106,6 @@ void Add(CLines& asLines, const char* pszName, const std::string& sText, size_t 
     }
 }
 
-std::string Join(const CLines& asTexts)
-{
-    std::string sAll;
-    for (const std::string& sText : asTexts)
-    {
-        sAll += (sAll.empty() || sText.empty() ? "" : ", ") + sText;
-    }
-    return sAll;
-}
-
 // ---- Modes ----
 
 // The rates of one size: the text of each, from the highest down.
@@ -148,13 +138,6 @@ std::vector<std::pair<std::string, SSize>> ListSizes(const CImageModes& oModes)
                std::pair(oSecond.second.m_ullArea, !oSecond.second.m_bInterlaced);
     });
     return aoSizes;
-}
-
-std::string GetRateText(double dRate)
-{
-    std::string sText = FormatText("%.2f", dRate);
-    sText.erase(sText.find_last_not_of('0') + 1);
-    return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
 }
 
 bool Has420Only(const CImageModes& oModes)
@@ -253,12 +236,12 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
     const std::string sDate = (oIdentity.m_oYear.IsSaid() ? "made in " : "") + DescribeDate(oIdentity);
 
     CLines asHead;
-    Add(asHead, "Monitor", Join({ DescribeMaker(oIdentity) + " " + DescribeName(oIdentity) }), 1);
+    Add(asHead, "Monitor", JoinTexts({ DescribeMaker(oIdentity) + " " + DescribeName(oIdentity) }), 1);
     Add(asHead, "",
-        Join({ DescribeSize(oFacts.GetSize()), DescribeShape(oFacts.GetSize()), sDate,
-               sSerial.empty() ? "" : "serial " + sSerial }),
+        JoinTexts({ DescribeSize(oFacts.GetSize()), DescribeShape(oFacts.GetSize()), sDate,
+                    sSerial.empty() ? "" : "serial " + sSerial }),
         2);
-    Add(asHead, "Link", Join({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
+    Add(asHead, "Link", JoinTexts({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
     CLines asTail;
     Add(asTail, "HDR", DescribeHdr(oFacts), 2);
     Add(asTail, "VRR", DescribeVariableRefresh(oFacts), 2);

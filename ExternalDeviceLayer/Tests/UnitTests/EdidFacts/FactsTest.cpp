@@ -154,6 +154,28 @@ TEST(Facts, ColourBlocks)
     EXPECT_FALSE(oColour.IsSupported(CFacts::eSpace_DciP3, CFacts::eTransfer_Pq));
 }
 
+// The same numbers as the map has for these blocks, in three codings.
+TEST(Facts, LuminancesOfDolbyVision)
+{
+    const struct
+    {
+        const char* m_pszBlock;
+        float m_fMaximum;
+        float m_fMinimum;
+    } aoCases[] = {
+        { "F5 01 46 D0 00 07 12 AE 52 00 00 00 00 00 00 00 00 00 3A 00 C8 21", 1341.61F, 0.000025F },
+        { "EB 01 46 D0 00 26 19 09 AD 88 53 6C", 700, 0.00099F },
+        { "EB 01 46 D0 00 44 9F 4B A2 39 25 B3", 371.60F, 0.267103F },
+        { "EB 01 46 D0 00 7F 01 02 03 04 05 06", 0, 0 }, // a version that is not known
+    };
+    for (const auto& oCase : aoCases)
+    {
+        const CFacts::SDolbyVision oDolby = ReadBlocks(oCase.m_pszBlock).GetColour().m_oDolbyVision.m_oValue;
+        EXPECT_NEAR(oCase.m_fMaximum, oDolby.m_fMaxLuminance, 0.01F) << oCase.m_pszBlock;
+        EXPECT_NEAR(oCase.m_fMinimum, oDolby.m_fMinLuminance, 0.000001F) << oCase.m_pszBlock;
+    }
+}
+
 TEST(Facts, Audio)
 {
     const CFacts::SAudio oAudio = ReadBlocks("2C 0F 7F 07 15 07 50 7F 07 58 78 01 00 83 4F 00 01").GetAudio();

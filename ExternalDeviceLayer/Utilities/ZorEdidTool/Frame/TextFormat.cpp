@@ -5,6 +5,7 @@
 #include <stdarg.h>
 #include <stdio.h>
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 
@@ -22,6 +23,19 @@ std::string FormatText(const char* pszFormat, ...)
     vsnprintf(sText.data(), sText.size() + 1, pszFormat, oList); // the terminator falls on the string's own
     va_end(oList);
     return sText;
+}
+
+std::string JoinTexts(const std::vector<std::string>& asTexts, const char* pszBetween)
+{
+    std::string sAll;
+    for (auto it = asTexts.begin(); it != asTexts.end(); ++it)
+    {
+        if (!it->empty() && std::find(asTexts.begin(), it, *it) == it)
+        {
+            sAll += (sAll.empty() ? "" : pszBetween) + *it;
+        }
+    }
+    return sAll;
 }
 
 std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount)

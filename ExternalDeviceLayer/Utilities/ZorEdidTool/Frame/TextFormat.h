@@ -5,8 +5,12 @@
 #include <stddef.h>
 
 #include <string>
+#include <vector>
 
 std::string FormatText(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));
+
+// The texts that are not empty, each once.
+std::string JoinTexts(const std::vector<std::string>& asTexts, const char* pszBetween = ", ");
 
 // Two lower-case digits a byte, without separators.
 std::string FormatHex(const unsigned char* pui8Bytes, size_t uiCount);

@@ -85,11 +85,6 @@ bool TakeRate(const char*& pszNext, const char* pszEnd, SZorMode::SRate& oRate)
 
 // ---- Rates ----
 
-double GetHz(const SZorMode::SRate& oRate)
-{
-    return static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
-}
-
 bool IsSameRate(const SZorMode::SRate& oFirst, const SZorMode::SRate& oSecond)
 {
     constexpr double dNear = 0.005; // as two decimals tell
@@ -437,6 +432,11 @@ bool GetWantedFraction(const SZorMode& oWanted, SZorMode& oFraction)
     oFraction = oWanted;
     oFraction.m_oNominalRate = oFraction.m_oRate = { oRate.m_ullDividend * 1000, 1001 };
     return true;
+}
+
+double GetHz(const SZorMode::SRate& oRate)
+{
+    return static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
 }
 
 bool IsMeant(const SZorMode& oMode, const SZorMode& oWanted)

@@ -16,6 +16,8 @@ class CJsonWriter;
 // Sets size, scan and nominal rate; false, and oMode unchanged, for anything else.
 bool ParseExactMode(const std::string& sText, SZorMode& oMode);
 
+double GetHz(const SZorMode::SRate& oRate);
+
 // Whether a size and rate of ParseExactMode mean a mode: at its exact or nominal rate and, of a code that has two, at
 // the other one. Rates equal each other to two decimals. A whole rate also means rates that round to it, such as 59.95
 // Hz, but not its 1000/1001, which has a name of its own.

@@ -6,6 +6,7 @@
 #include <math.h>
 #include <string_view>
 
+#include "AudioNumbers.h"
 #include "FactWords.h"
 #include "JsonWriter.h"
 #include "TextFormat.h"
@@ -95,8 +96,6 @@ constexpr const char* gsc_apszSpaces[] = { "undefined", "srgb",   "bt601",  "bt7
                                            "adobe-rgb", "dci-p3", "bt2020", "custom" };
 constexpr const char* gsc_apszTransfers[] = { "undefined", "srgb",  "bt601", "bt1886", "adobe-rgb", "dci-p3",
                                               "bt2020",    "gamma", "pq",    "hlg",    "custom" };
-constexpr int gsc_aiRates[] = { 32000, 44100, 48000, 88200, 96000, 176400, 192000 };
-constexpr int gsc_aiSampleBits[] = { 16, 20, 24 };
 constexpr const char* gsc_apszSpeakers[] = { "FL/FR",       "LFE1",      "FC",      "BL/BR",     "BC",
                                              "FLc/FRc",     "RLC/RRC",   "FLw/FRw", "TpFL/TpFR", "TpC",
                                              "TpFC",        "LS/RS",     "LFE2",    "TpBC",      "SiL/SiR",
@@ -151,6 +150,35 @@ EZorEdidField GetSecondField(EZorEdidField eFirst)
     };
     const auto* poPair = std::ranges::find(aePairs, eFirst, &std::pair<EZorEdidField, EZorEdidField>::first);
     return poPair != std::end(aePairs) ? poPair->second : eFirst;
+}
+
+// The ids of all flags that make up one fact, of which the record has one; of other facts that id alone.
+CNames ListIds(EZorEdidField eId)
+{
+    constexpr EZorEdidField aaeFlags[][4] = {
+        { eZorEdidField_CtaHdmiDc30bit, eZorEdidField_CtaHdmiDc36bit, eZorEdidField_CtaHdmiDc48bit },
+        { eZorEdidField_CtaHdmiCnc0, eZorEdidField_CtaHdmiCnc1, eZorEdidField_CtaHdmiCnc2, eZorEdidField_CtaHdmiCnc3 },
+        { eZorEdidField_CtaHdmiForumDc30bit420, eZorEdidField_CtaHdmiForumDc36bit420,
+          eZorEdidField_CtaHdmiForumDc48bit420 },
+        { eZorEdidField_CtaHdmiForumDsc10bpc, eZorEdidField_CtaHdmiForumDsc12bpc, eZorEdidField_CtaHdmiForumDsc16bpc },
+    };
+    for (const auto& aeFlags : aaeFlags)
+    {
+        if (aeFlags[0] != eId)
+        {
+            continue;
+        }
+        CNames apszIds;
+        for (const EZorEdidField eFlag : aeFlags)
+        {
+            if (eFlag != eZorEdidField_None)
+            {
+                apszIds.push_back(CZorEdidMap::GetId(eFlag));
+            }
+        }
+        return apszIds;
+    }
+    return { CZorEdidMap::GetId(eId) };
 }
 
 // The same fact with the field of its second number.
@@ -346,34 +374,32 @@ void AddCompression(const CFacts::SLink& oLink, CCollector& oList)
 void AddVariableRefresh(const CFacts::SLink& oLink, CCollector& oList)
 {
     const std::vector<CFacts::SVariableRefresh> aoRanges = ListVariableRefresh(oLink);
-    const auto fnAdd = [&](const char* pszPath, CFactValue oValue, EZorEdidField eId, unsigned int uiElement) {
-        oList.Put(pszPath, std::move(oValue), eId, uiElement);
-    };
     if (!aoRanges.empty())
     {
-        fnAdd("link.vrr.min_hz", static_cast<long long>(aoRanges[0].m_uiLeast), aoRanges[0].m_eId, 0);
+        oList.Put("link.vrr.min_hz", static_cast<long long>(aoRanges[0].m_uiLeast), aoRanges[0].m_eId);
         if (aoRanges[0].m_uiMost != 0)
         {
-            fnAdd("link.vrr.max_hz", static_cast<long long>(aoRanges[0].m_uiMost), GetSecondField(aoRanges[0].m_eId),
-                  0);
+            oList.Put("link.vrr.max_hz", static_cast<long long>(aoRanges[0].m_uiMost),
+                      GetSecondField(aoRanges[0].m_eId));
         }
     }
     for (unsigned int i = 0; i < aoRanges.size(); ++i)
     {
         const CFacts::SVariableRefresh& oRange = aoRanges[i];
-        fnAdd("link.vrr.ranges#.source", std::string(gsc_apszRefreshSources[oRange.m_eSource]), oRange.m_eId, i);
-        fnAdd("link.vrr.ranges#.min_hz", static_cast<long long>(oRange.m_uiLeast), oRange.m_eId, i);
+        oList.Put("link.vrr.ranges#.source", std::string(gsc_apszRefreshSources[oRange.m_eSource]), oRange.m_eId, i);
+        oList.Put("link.vrr.ranges#.min_hz", static_cast<long long>(oRange.m_uiLeast), oRange.m_eId, i);
         if (oRange.m_uiMost != 0)
         {
-            fnAdd("link.vrr.ranges#.max_hz", static_cast<long long>(oRange.m_uiMost), GetSecondField(oRange.m_eId), i);
+            oList.Put("link.vrr.ranges#.max_hz", static_cast<long long>(oRange.m_uiMost), GetSecondField(oRange.m_eId),
+                      i);
         }
         if (oRange.m_eSource == CFacts::eRefreshSource_AdaptiveSync)
         {
-            fnAdd("link.vrr.ranges#.native", oRange.m_bNative, oRange.m_eId, i);
-            fnAdd("link.vrr.ranges#.seamless", oRange.m_bSeamless, oRange.m_eId, i);
-            fnAdd("link.vrr.ranges#.adaptive", oRange.m_bAdaptive, oRange.m_eId, i);
-            fnAdd("link.vrr.ranges#.max_increase_ms", oRange.m_ui8MaxIncrease / 4.0, oRange.m_eId, i);
-            fnAdd("link.vrr.ranges#.max_decrease_ms", oRange.m_ui8MaxDecrease / 4.0, oRange.m_eId, i);
+            oList.Put("link.vrr.ranges#.native", oRange.m_bNative, oRange.m_eId, i);
+            oList.Put("link.vrr.ranges#.seamless", oRange.m_bSeamless, oRange.m_eId, i);
+            oList.Put("link.vrr.ranges#.adaptive", oRange.m_bAdaptive, oRange.m_eId, i);
+            oList.Put("link.vrr.ranges#.max_increase_ms", oRange.m_ui8MaxIncrease / 4.0, oRange.m_eId, i);
+            oList.Put("link.vrr.ranges#.max_decrease_ms", oRange.m_ui8MaxDecrease / 4.0, oRange.m_eId, i);
         }
     }
 }
@@ -463,6 +489,13 @@ void AddHdr(const CFacts::SColour& oColour, CCollector& oList)
                 [](const CFacts::SDolbyVision& o) { return o.m_bLowLatency; });
     oList.AddAs("colour.dolby_vision.standard", oDolby, [](const CFacts::SDolbyVision& o) { return o.m_bStandard; });
     oList.AddAs("colour.dolby_vision.yuv422", oDolby, [](const CFacts::SDolbyVision& o) { return o.m_bYuv422; });
+    if (oDolby.IsSaid() && oDolby.m_oValue.m_fMaxLuminance > 0)
+    {
+        oList.Put("colour.dolby_vision.max_luminance", Round(static_cast<double>(oDolby.m_oValue.m_fMaxLuminance), 2),
+                  eZorEdidField_CtaDolbyVisionTargetMaxLuminance);
+        oList.Put("colour.dolby_vision.min_luminance", Round(static_cast<double>(oDolby.m_oValue.m_fMinLuminance), 6),
+                  eZorEdidField_CtaDolbyVisionTargetMinLuminance);
+    }
     oList.Add("colour.tone_mapping_version", oColour.m_oToneMapping);
 }
 
@@ -533,7 +566,7 @@ void AddAudioFormat(const CFacts::SAudioFormat& oFormat, unsigned int uiElement,
     {
         fnAdd("audio.formats#.channels", static_cast<long long>(oFormat.m_ui8Channels));
     }
-    fnAdd("audio.formats#.sampling_rates_hz", NumberBits(oFormat.m_ui8Rates, gsc_aiRates));
+    fnAdd("audio.formats#.sampling_rates_hz", NumberBits(oFormat.m_ui8Rates, gsc_aiSamplingRates));
     if (oFormat.m_ui8Sizes != 0)
     {
         fnAdd("audio.formats#.sample_bits", NumberBits(oFormat.m_ui8Sizes, gsc_aiSampleBits));
@@ -565,7 +598,7 @@ void AddAudio(const CFacts::SAudio& oAudio, CCollector& oList)
     }
     oList.AddNames("audio.speakers", oAudio.m_oSpeakers, gsc_apszSpeakers);
     oList.Add("audio.streams", oAudio.m_oStreams);
-    oList.AddNumbers("audio.displayid_rates_hz", oAudio.m_oDisplayIdRates, gsc_aiRates);
+    oList.AddNumbers("audio.displayid_rates_hz", oAudio.m_oDisplayIdRates, gsc_aiSamplingRates);
     AddLatency("audio.video_latency_ms", oAudio.m_oVideoLatency, oList);
     AddLatency("audio.audio_latency_ms", oAudio.m_oAudioLatency, oList);
     AddLatency("audio.interlaced_video_latency_ms", oAudio.m_oInterlacedVideoLatency, oList);
@@ -729,9 +762,18 @@ void WriteFactIds(const CFactList& aoFacts, CJsonWriter& oJson)
 {
     for (const SNamedFact& oFact : aoFacts)
     {
-        if (oFact.m_eId != eZorEdidField_None && oFact.m_uiElement == 0)
+        if (oFact.m_eId == eZorEdidField_None || oFact.m_uiElement != 0)
         {
-            oJson.Member(oFact.m_pszPath, CZorEdidMap::GetId(oFact.m_eId));
+            continue;
+        }
+        const CNames apszIds = ListIds(oFact.m_eId);
+        if (apszIds.size() == 1)
+        {
+            oJson.Member(oFact.m_pszPath, apszIds[0]);
+        }
+        else
+        {
+            oJson.Member(oFact.m_pszPath, apszIds);
         }
     }
 }

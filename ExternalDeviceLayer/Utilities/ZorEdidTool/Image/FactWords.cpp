@@ -6,6 +6,7 @@
 #include <iterator>
 #include <vector>
 
+#include "AudioNumbers.h"
 #include "FactList.h"
 #include "Standards/Makers.h"
 #include "TextFormat.h"
@@ -70,6 +71,15 @@ std::string GetLuminance(float fLuminance)
     return FormatText("%.*f", dLuminance >= 10 ? 0 : dLuminance >= 0.01 ? 2 : 4, dLuminance);
 }
 
+// "Dolby Vision to 1000 cd/m2"
+std::string DescribeDolbyVision(const SZorFact<CFacts::SDolbyVision>& oDolby)
+{
+    const float fMaximum = oDolby.m_oValue.m_fMaxLuminance;
+    return !oDolby.IsSaid() ? ""
+           : fMaximum > 0   ? "Dolby Vision to " + GetLuminance(fMaximum) + " cd/m\u00B2"
+                            : "Dolby Vision";
+}
+
 std::string GetDepths(unsigned int uiDepths)
 {
     constexpr SBitName aoDepths[] = { { CFacts::eDepth_6, "6" },   { CFacts::eDepth_8, "8" },
@@ -111,10 +121,7 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
     return sText;
 }
 
-std::string OrNotAnnounced(const std::string& sText, const CFacts& oFacts)
-{
-    return sText.empty() && oFacts.GetLink().m_oCtaRevision.IsSaid() ? "not announced" : sText;
-}
+std::string OrNotAnnounced(const std::string& sText) { return sText.empty() ? "not announced" : sText; }
 
 // ---- Audio ----
 
@@ -137,14 +144,14 @@ constexpr const char* gsc_apszExtendedNames[] = { "",
 
 std::string DescribeFormat(const CFacts::SAudioFormat& oFormat)
 {
-    constexpr const char* apszRates[] = { "32", "44.1", "48", "88.2", "96", "176.4", "192" };
+    constexpr double dHzPerKiloHz = 1000;
     std::string sText = NameAudioFormat(oFormat);
     sText += oFormat.m_ui8Channels != 0 ? FormatText(" %uch", oFormat.m_ui8Channels) : "";
-    for (size_t i = std::size(apszRates); i-- > 0;)
+    for (size_t i = std::size(gsc_aiSamplingRates); i-- > 0;)
     {
         if ((oFormat.m_ui8Rates >> i & 1U) != 0)
         {
-            return sText + " " + apszRates[i] + " kHz"; // the highest one
+            return sText + FormatText(" %g kHz", gsc_aiSamplingRates[i] / dHzPerKiloHz); // the highest one
         }
     }
     return sText;
@@ -275,7 +282,7 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
         Append(sText, sRange + " (" + apszSources[oRange.m_eSource] + ")");
     }
     AppendIf(sText, oLink.m_oNvidia, "a block of NVIDIA");
-    return OrNotAnnounced(sText, oFacts);
+    return OrNotAnnounced(sText);
 }
 
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
@@ -299,10 +306,10 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts)
     Append(sText, (uiEotfs & CFacts::eEotf_Hlg) != 0 ? "HLG" : "");
     Append(sText, (uiEotfs & CFacts::eEotf_HdrGamma) != 0 ? "HDR gamma" : "");
     Append(sText, oColour.m_oHdr10Plus.IsSaid() ? "HDR10+" : "");
-    Append(sText, oColour.m_oDolbyVision.IsSaid() ? "Dolby Vision" : "");
+    Append(sText, DescribeDolbyVision(oColour.m_oDolbyVision));
     if (sText.empty())
     {
-        return OrNotAnnounced(sText, oFacts); // luminances of a display without HDR do not belong under HDR
+        return OrNotAnnounced(sText); // luminances of a display without HDR do not belong under HDR
     }
     Append(sText,
            oColour.m_oContentMax.m_oValue.m_ui8Code != 0

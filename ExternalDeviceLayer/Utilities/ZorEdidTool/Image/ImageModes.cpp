@@ -222,8 +222,7 @@ const SModeRow* CImageModes::FindPreferred() const
 double GetRate(const SZorMode& oMode)
 {
     const SZorMode::SRate& oRate = oMode.m_oRate.m_ullDivisor != 0 ? oMode.m_oRate : oMode.m_oNominalRate;
-    return oRate.m_ullDivisor == 0 ? 0
-                                   : static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
+    return oRate.m_ullDivisor == 0 ? 0 : GetHz(oRate);
 }
 
 std::string GetSizeText(const SZorMode& oMode)
@@ -231,9 +230,11 @@ std::string GetSizeText(const SZorMode& oMode)
     return FormatText("%u x %u%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "");
 }
 
-std::string GetShortRate(const SZorMode& oMode)
+std::string GetShortRate(const SZorMode& oMode) { return GetRateText(GetRate(oMode)); }
+
+std::string GetRateText(double dHz)
 {
-    std::string sText = FormatText("%.2f", GetRate(oMode));
+    std::string sText = FormatText("%.2f", dHz);
     sText.erase(sText.find_last_not_of('0') + 1);
     return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
 }

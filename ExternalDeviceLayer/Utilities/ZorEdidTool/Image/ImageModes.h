@@ -52,8 +52,9 @@ private:
 // "3840 x 2160", "1920 x 1080i"; "119.88", "59.94", "60": two decimals, without zeros at the end.
 std::string GetSizeText(const SZorMode& oMode);
 std::string GetShortRate(const SZorMode& oMode);
+std::string GetRateText(double dHz);
 
-// Hz; 0 where no rate is given.
+// Hz; 0 where no rate is given, nor a nominal one.
 double GetRate(const SZorMode& oMode);
 
 // "the list takes byte db for VIC 91", of a byte of ZorStandards::IsListedAsOther.

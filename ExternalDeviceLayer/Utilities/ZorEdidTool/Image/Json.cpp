@@ -5,6 +5,7 @@
 #include <iterator>
 #include <math.h>
 
+#include "AudioNumbers.h"
 #include "AudioWarnings.h"
 #include "ExactTimings.h"
 #include "FactList.h"
@@ -257,8 +258,6 @@ std::vector<VALUE> ListBits(const VALUE (&aValues)[uiCount], unsigned int uiMask
     return aoList;
 }
 
-constexpr unsigned int gsc_auiSamplingRatesInHz[] = { 32000, 44100, 48000, 88200, 96000, 176400, 192000 };
-constexpr unsigned int gsc_auiPcmBits[] = { 16, 20, 24 };
 constexpr unsigned int gsc_auiDeepColorBits[] = { 30, 36, 48 };
 constexpr unsigned int gsc_uiBitRateUnit = 8000; // of the third byte of the compressed formats up to ATRAC
 
@@ -287,10 +286,10 @@ void WriteAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio, CJsonWriter
         oJson.Member("format_name", static_cast<const char*>(oName));
     }
     oJson.Member("channels", oAudio.m_uiChannels);
-    oJson.Member("sampling_rates_hz", ListBits(gsc_auiSamplingRatesInHz, oAudio.m_eSamplingFreq));
+    oJson.Member("sampling_rates_hz", ListBits(gsc_aiSamplingRates, oAudio.m_eSamplingFreq));
     if (oAudio.m_eFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
     {
-        oJson.Member("sample_bits", ListBits(gsc_auiPcmBits, oAudio.m_uiExtra));
+        oJson.Member("sample_bits", ListBits(gsc_aiSampleBits, oAudio.m_uiExtra));
     }
     else if (oAudio.m_eFormat >= CEdidExtBlockCEA861::eAudioFormat_Ac3 &&
              oAudio.m_eFormat <= CEdidExtBlockCEA861::eAudioFormat_Atrac)

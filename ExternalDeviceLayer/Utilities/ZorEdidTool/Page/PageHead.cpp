@@ -17,32 +17,18 @@ constexpr double gsc_dPaperHeight = 297;
 
 // ---- Words ----
 
-// Nothing comes twice.
-std::string Join(const std::vector<std::string>& asTexts, const char* pszBetween = ", ")
-{
-    std::string sAll;
-    for (auto it = asTexts.begin(); it != asTexts.end(); ++it)
-    {
-        if (!it->empty() && std::find(asTexts.begin(), it, *it) == it)
-        {
-            sAll += (sAll.empty() ? "" : pszBetween) + *it;
-        }
-    }
-    return sAll;
-}
-
 std::string DescribeProduct(const SPageImage& oImage)
 {
     const CFacts::SIdentity& oIdentity = oImage.m_oFacts.GetIdentity();
     const std::string sSerial = DescribeSerial(oIdentity);
-    return Join({ DescribeName(oIdentity), DescribeCode(oIdentity), sSerial.empty() ? "" : "serial " + sSerial });
+    return JoinTexts({ DescribeName(oIdentity), DescribeCode(oIdentity), sSerial.empty() ? "" : "serial " + sSerial });
 }
 
 std::string DescribeLook(const SPageImage& oImage)
 {
     CFacts::SSize oShape = oImage.m_oFacts.GetSize();
     oShape.m_oNative = {}; // in a row of their own
-    return WithTimes(Join({ DescribeSize(oShape), DescribeShape(oShape) }));
+    return WithTimes(JoinTexts({ DescribeSize(oShape), DescribeShape(oShape) }));
 }
 
 std::string DescribePreferredMode(const SPageImage& oImage)
@@ -64,7 +50,7 @@ std::string DescribeNative(const SPageImage& oImage)
     {
         asTexts.push_back(oRow.m_oMode.m_bNative && !oRow.m_bPartner ? GetModeTitle(oRow.m_oMode) : "");
     }
-    return Join(asTexts);
+    return JoinTexts(asTexts);
 }
 
 struct SFact
@@ -87,7 +73,7 @@ constexpr SFact gsc_aoFacts[] = {
     { "Range limits", [](const SPageImage& oImage) { return DescribeRanges(oImage.m_oFacts.GetLink()); } },
     { "Colour",
       [](const SPageImage& oImage) {
-          return Join({ DescribeColour(oImage.m_oFacts.GetColour()), DescribeColours(oImage) }, "; ");
+          return JoinTexts({ DescribeColour(oImage.m_oFacts.GetColour()), DescribeColours(oImage) }, "; ");
       } },
     { "HDR", [](const SPageImage& oImage) { return DescribeHdr(oImage.m_oFacts); } },
     { "Audio", [](const SPageImage& oImage) { return DescribeAudio(oImage.m_oFacts.GetAudio()); } },

@@ -169,6 +169,8 @@ class ShowTest(ToolTest):
             self.assertEqual(facts[section][name], expected, path)
         self.assertNotIn("dsc", facts["link"])
         self.assertEqual(image["fact_ids"]["link.allm"], "cta.hdmi-forum.allm")
+        self.assertEqual(image["fact_ids"]["colour.hdmi_deep.bits_ycbcr420"],
+                         [f"cta.hdmi-forum.dc-{bits}bit-420" for bits in (30, 36, 48)])
         self.assertEqual([(mode["vic"], mode["rate_hz"]) for mode in image["modes"] if mode["width"] == 3840],
                          [(97, 60), (97, 59.94), (95, 30), (95, 29.97), (118, 120), (118, 119.88)])
         lines = run("show", self.save(with_blocks(TELEVISION)), status=0)[0].splitlines()
@@ -366,6 +368,15 @@ class ModesTest(ToolTest):
         self.assertEqual(("", refusal + lines % (repair, repair)),
                          run("edit", path, "--dry-run", "--audio-remove", "0", status=1))
         self.assertEqual(("", ""), run("edit", path, "--dry-run", "--serial", "1", status=0))
+
+    def test_hdmi_vic_4_has_one_number(self):
+        path = self.save(with_blocks(bytes.fromhex("02031100 6c 030c00 1000000020 0040 0304")))
+        explained = run("explain", "--find", "cta.hdmi.vic", path, status=0)[0]
+        numbers = [line.partition("(standard ")[2].rstrip(")") for line in explained.splitlines()]
+        listed = [mode["index"] for mode in json.loads(run("modes", "--json", path, status=0)[0])["modes"]
+                  if mode["id"] == "cta.hdmi.vic"]
+        self.assertEqual(", ".join(numbers), ", ".join(map(str, listed)))
+        self.assertEqual(len(listed), 3)  # 24 and 23.98 Hz of VIC 3, 24 Hz of VIC 4
 
     def test_modes_without_a_number(self):
         other = ", the list takes byte c2 for VIC 66 (standard 7)"

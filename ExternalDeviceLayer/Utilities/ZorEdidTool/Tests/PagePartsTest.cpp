@@ -394,8 +394,8 @@ TEST(PageHead, FactsInWords)
         { WithDamages(aui8Monitor, { { 0x6C, "00 00 00 10" } }), "Product",
           "product 0x27f4, serial A8LMTF145791" }, // no name
         { aui8Other, "Native", "2560 \u00D7 1440 pixels" },
-        { WithChange(aui8Other, 0x7E, 0), "HDR", "" }, // what follows the announced blocks is not part of the image
-        { WithChange(aui8Other, 0x7E, 0), "Native", "" },
+        { aui8Other, "HDR", "not announced" },            // without a CTA-861 block, too
+        { WithChange(aui8Other, 0x7E, 0), "Native", "" }, // what follows the announced blocks is not part of the image
     };
     for (const auto& oCase : aoCases)
     {

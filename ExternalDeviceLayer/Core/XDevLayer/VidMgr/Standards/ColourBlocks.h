@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <math.h>
+
 #include "Place.h"
 
 namespace ZorStandards::Colour
@@ -81,11 +83,43 @@ inline constexpr SPlace gsc_oHdr10PlusVersion = Bits(0, 1, 0);
 
 inline constexpr SPlace gsc_oDolbyVersion = Bits(0, 7, 5);
 inline constexpr SPlace gsc_oDolbyYuv422 = Bit(0, 0);
+inline constexpr SPlace gsc_oDolbyMin0 = Split({ { 14, 7, 0 }, { 13, 7, 4 } }); // codes of PqLuminance
+inline constexpr SPlace gsc_oDolbyMax0 = Split({ { 15, 7, 0 }, { 13, 3, 0 } });
 inline constexpr SPlace gsc_oDolbyMajor0 = Bits(16, 7, 4);
 inline constexpr SPlace gsc_oDolbyMinor0 = Bits(16, 3, 0);
 inline constexpr SPlace gsc_oDolbyDmVersion = Bits(0, 4, 2);
+inline constexpr SPlace gsc_oDolbyMax1 = Bits(1, 7, 1); // in steps above a least value
+inline constexpr SPlace gsc_oDolbyMin1 = Bits(2, 7, 1);
 inline constexpr SPlace gsc_oDolbyLatency1 = Bit(3, 0);
+inline constexpr SPlace gsc_oDolbyMin2 = Bits(1, 7, 3); // in steps of codes of PqLuminance
+inline constexpr SPlace gsc_oDolbyMax2 = Bits(2, 7, 3);
 inline constexpr SPlace gsc_oDolbyInterface2 = Bits(2, 1, 0);
 inline constexpr SPlace gsc_oDolby444Depth2 = Split({ { 3, 0, 0 }, { 4, 0, 0 } });
 
+// Stored luminances: the step, and what 0 means. In cd/m2 in version 1, codes of PqLuminance in version 2.
+inline constexpr unsigned int gsc_uiDolbyMax1Step = 50;
+inline constexpr unsigned int gsc_uiDolbyMax1Least = 100;
+inline constexpr unsigned int gsc_uiDolbyMin2Step = 20;
+inline constexpr unsigned int gsc_uiDolbyMax2Step = 65;
+inline constexpr unsigned int gsc_uiDolbyMax2Least = 2055;
+
+// The minimum of version 1, (code / 127) ^ 2, in 10^-5 cd/m2.
+constexpr long long DolbyMinimum1(unsigned int uiCode)
+{
+    constexpr long long llMost = 127;
+    return DivideRounded(100000LL * uiCode * uiCode, llMost * llMost);
+}
+
+// The luminance of a 12-bit code by the EOTF of SMPTE ST 2084, in 10^-6 cd/m2.
+inline long long PqLuminance(unsigned int uiCode)
+{
+    constexpr double dM1 = 2610.0 / 16384;
+    constexpr double dM2 = 2523.0 / 4096 * 128;
+    constexpr double dC1 = 3424.0 / 4096;
+    constexpr double dC2 = 2413.0 / 4096 * 32;
+    constexpr double dC3 = 2392.0 / 4096 * 32;
+    constexpr double dMost = 10000 * 1e6;
+    const double dPower = pow(uiCode / 4095.0, 1 / dM2);
+    return llround(dMost * pow(fmax(dPower - dC1, 0) / (dC2 - dC3 * dPower), 1 / dM1));
+}
 } // namespace ZorStandards::Colour

@@ -10,14 +10,26 @@ namespace
 {
 using CModes = CMArray<SZorImageMode, const SZorImageMode&>;
 
+// Both lists ascend by blocks: an origin is compared with the modes of its own block only.
 void SetNumbers(CModes& aoModes, SZorImageMode::EList eList, const CTimingOrigins& aoOrigins)
 {
+    unsigned int uiFirst = 0; // mode of the block
     for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
     {
         const STimingOrigin& oOrigin = aoOrigins[i];
-        const unsigned int uiOffset = oOrigin.m_uiBlock * ZorStandards::gsc_uiBlockSize + oOrigin.m_uiOffset;
-        for (unsigned int uiMode = 0; uiMode < aoModes.GetCount() && oOrigin.m_uiLength != 0; ++uiMode)
+        const unsigned int uiStart = oOrigin.m_uiBlock * ZorStandards::gsc_uiBlockSize;
+        const unsigned int uiEnd = uiStart + ZorStandards::gsc_uiBlockSize;
+        const unsigned int uiOffset = uiStart + oOrigin.m_uiOffset;
+        while (uiFirst < aoModes.GetCount() && aoModes[uiFirst].m_uiOffset < uiStart)
         {
+            ++uiFirst;
+        }
+        for (unsigned int uiMode = uiFirst; uiMode < aoModes.GetCount() && oOrigin.m_uiLength != 0; ++uiMode)
+        {
+            if (aoModes[uiMode].m_uiOffset >= uiEnd)
+            {
+                break;
+            }
             SZorImageMode& oMode = aoModes[uiMode];
             const bool bBit = oOrigin.m_uiBit == STimingOrigin::msc_uiNoBit || oOrigin.m_uiBit == oMode.m_uiBit;
             const bool bCode = oOrigin.m_uiCode == 0 || oOrigin.m_uiCode == oMode.m_oMode.m_uiCode;

@@ -197,12 +197,23 @@ public:
     int RemoveStandardKeepingDescriptors(unsigned int uiIndex) override;
     /// What the call above would answer; changes nothing.
     ERemoval TryRemoval(unsigned int uiIndex) const;
-    /// Takes one code out, whatever timings it gives: the short video descriptor, of a video block or of a YCbCr 4:2:0
-    /// video block, or the HDMI code that is the byte at uiOffset of the block. The rest is kept in step as by
-    /// RemoveStandardKeepingDescriptors, which takes out all bytes with the code. A block that is left without a code
-    /// goes, and so does a capability map that is left without a bit. Unless the answer is eRemoval_Possible nothing
-    /// changes; it is eRemoval_NoCode for any other byte.
-    ERemoval RemoveCodeAt(unsigned int uiOffset);
+    /// A byte of the block that is a code, whether the lists have its timings or not.
+    struct SCodePlace
+    {
+        unsigned int m_uiOffset; ///< in the block
+        bool m_bHdmi;            ///< an HDMI code; else a short video descriptor
+    };
+    using CCodePlaces = CMArray<SCodePlace, const SCodePlace&>;
+    /// The short video descriptors of video blocks, the HDMI codes 1 to 4, then the short video descriptors of YCbCr
+    /// 4:2:0 video blocks.
+    void ListCodePlaces(CCodePlaces& aoPlaces) const;
+    /// Takes codes out, whatever timings they give: the bytes of ListCodePlaces that have these uiCount offsets. The
+    /// rest is kept in step as by RemoveStandardKeepingDescriptors, which takes out all bytes with a code. A block that
+    /// is left without a code goes, and so does a capability map that is left without a bit. Unless the answer is
+    /// eRemoval_Possible nothing changes; it is eRemoval_NoCode without an offset, and where one is of any other byte.
+    ERemoval RemoveCodesAt(const unsigned int* puiOffsets, unsigned int uiCount);
+    /// The same for one code.
+    ERemoval RemoveCodeAt(unsigned int uiOffset) { return RemoveCodesAt(&uiOffset, 1); }
 
     /// Derives the lists of table timings from the bytes; returns GetStandardCount.
     unsigned int ExtractStandardTimings();

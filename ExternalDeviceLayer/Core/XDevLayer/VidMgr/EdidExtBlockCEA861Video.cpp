@@ -558,10 +558,14 @@ bool TakeOutCounted(CCea861Editor& oEditor, const SCode& oCode, unsigned int uiI
     return true;
 }
 
-// Takes every occurrence of a code out. From the last one back, so that no place has to be corrected. After a refusal
-// the bytes are good for nothing.
-CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
+// Takes out the codes that fnIsMeant(code) names: with bAll420 also those of YCbCr 4:2:0 blocks, and capability maps
+// that would be left without a bit. From the last one back, so that no place has to be corrected. uiTaken becomes
+// their number. After a refusal the bytes are good for nothing.
+template <class IS_MEANT>
+CEdidExtBlockCEA861::ERemoval RunRemoval(CCea861Editor& oEditor, bool bAll420, IS_MEANT fnIsMeant,
+                                         unsigned int& uiTaken)
 {
+    uiTaken = 0;
     if (!oEditor.AreDataBlocksExact())
     {
         return CEdidExtBlockCEA861::eRemoval_Damaged;
@@ -569,65 +573,71 @@ CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int ui
     const unsigned int uiDetailed = oEditor.CountDetailed();
     SAllCodes oCodes;
     GatherCodes(oEditor, oCodes);
+    const unsigned int uiCounted = oCodes.m_uiCount; // by maps and 3D fields
     unsigned int uiVideoCodes = CountVideoCodes(oCodes);
-    bool bTaken = false;
+    if (bAll420)
+    {
+        AddVideoCodes(oEditor, gsc_oVideo420Blocks, oCodes);
+    }
     for (unsigned int i = oCodes.m_uiCount; i > 0; --i)
     {
         const SCode& oCode = oCodes.m_aoCode[i - 1];
-        const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
-        if (oTimings.m_uiCount == 0 || oTimings.m_aoEntry[0].m_uiVic != uiVic)
+        if (!fnIsMeant(oCode))
         {
             continue;
+        }
+        ++uiTaken;
+        if (i > uiCounted)
+        {
+            TakeOut(oEditor, oCode);
+            continue;
+        }
+        if (bAll420)
+        {
+            RemoveMapsOf(oEditor, i - 1);
         }
         if (!TakeOutCounted(oEditor, oCode, i - 1, uiVideoCodes))
         {
             return CEdidExtBlockCEA861::eRemoval_3dFields;
         }
         uiVideoCodes -= IsVideoCode(oCode) ? 1U : 0U;
-        bTaken = true;
     }
-    return !bTaken                                 ? CEdidExtBlockCEA861::eRemoval_NoCode
+    return uiTaken == 0                            ? CEdidExtBlockCEA861::eRemoval_NoCode
            : oEditor.CountDetailed() != uiDetailed ? CEdidExtBlockCEA861::eRemoval_Descriptors
                                                    : CEdidExtBlockCEA861::eRemoval_Possible;
 }
 
-// Takes the code of one byte out. After a refusal the bytes are good for nothing.
-CEdidExtBlockCEA861::ERemoval TakeOutAt(CCea861Editor& oEditor, unsigned int uiOffset)
+// Every occurrence of a code. Maps keep their length, and those in YCbCr 4:2:0 blocks stay.
+CEdidExtBlockCEA861::ERemoval TakeOutAll(CCea861Editor& oEditor, unsigned int uiVic)
 {
-    if (!oEditor.AreDataBlocksExact())
+    unsigned int uiTaken = 0;
+    const auto fnIsMeant = [uiVic](const SCode& oCode) {
+        const SCodeTimings oTimings = GetCodeTimings(oCode.m_uiCode);
+        return oTimings.m_uiCount != 0 && oTimings.m_aoEntry[0].m_uiVic == uiVic;
+    };
+    return RunRemoval(oEditor, false, fnIsMeant, uiTaken);
+}
+
+// The codes of these bytes.
+CEdidExtBlockCEA861::ERemoval TakeOutAt(CCea861Editor& oEditor, const unsigned int* puiOffsets, unsigned int uiCount)
+{
+    bool abMeant[gsc_uiBlockSize] = {};
+    unsigned int uiBytes = 0;
+    for (unsigned int i = 0; i < uiCount; ++i)
     {
-        return CEdidExtBlockCEA861::eRemoval_Damaged;
-    }
-    const unsigned int uiDetailed = oEditor.CountDetailed();
-    SAllCodes oCodes;
-    GatherCodes(oEditor, oCodes);
-    const unsigned int uiVideoCodes = CountVideoCodes(oCodes);
-    const unsigned int uiCounted = oCodes.m_uiCount;
-    AddVideoCodes(oEditor, gsc_oVideo420Blocks, oCodes);
-    unsigned int uiIndex = 0;
-    while (uiIndex < oCodes.m_uiCount && oCodes.m_aoCode[uiIndex].m_uiOffset != uiOffset)
-    {
-        ++uiIndex;
-    }
-    if (uiIndex == oCodes.m_uiCount)
-    {
-        return CEdidExtBlockCEA861::eRemoval_NoCode;
-    }
-    const SCode& oCode = oCodes.m_aoCode[uiIndex];
-    if (uiIndex >= uiCounted)
-    {
-        TakeOut(oEditor, oCode);
-    }
-    else
-    {
-        RemoveMapsOf(oEditor, uiIndex);
-        if (!TakeOutCounted(oEditor, oCode, uiIndex, uiVideoCodes))
+        if (puiOffsets[i] >= gsc_uiBlockSize)
         {
-            return CEdidExtBlockCEA861::eRemoval_3dFields;
+            return CEdidExtBlockCEA861::eRemoval_NoCode;
         }
+        uiBytes += abMeant[puiOffsets[i]] ? 0U : 1U;
+        abMeant[puiOffsets[i]] = true;
     }
-    return oEditor.CountDetailed() != uiDetailed ? CEdidExtBlockCEA861::eRemoval_Descriptors
-                                                 : CEdidExtBlockCEA861::eRemoval_Possible;
+    unsigned int uiTaken = 0;
+    const auto fnIsMeant = [&abMeant](const SCode& oCode) { return abMeant[oCode.m_uiOffset]; };
+    const CEdidExtBlockCEA861::ERemoval eRemoval = RunRemoval(oEditor, true, fnIsMeant, uiTaken);
+    return eRemoval == CEdidExtBlockCEA861::eRemoval_Possible && uiTaken != uiBytes
+               ? CEdidExtBlockCEA861::eRemoval_NoCode
+               : eRemoval;
 }
 } // namespace
 
@@ -728,17 +738,30 @@ CEdidExtBlockCEA861::ERemoval CEdidExtBlockCEA861::TryRemoval(unsigned int uiInd
     return TakeOutAll(oEditor, CodeOf(GetVicCodeEntry(uiIndex).m_uiVic));
 }
 
-CEdidExtBlockCEA861::ERemoval CEdidExtBlockCEA861::RemoveCodeAt(unsigned int uiOffset)
+CEdidExtBlockCEA861::ERemoval CEdidExtBlockCEA861::RemoveCodesAt(const unsigned int* puiOffsets, unsigned int uiCount)
 {
     CCea861Editor oEditor = EditBytes();
     CCea861Undo oUndo(m_aui8Raw.GetData());
-    const ERemoval eRemoval = TakeOutAt(oEditor, uiOffset);
+    const ERemoval eRemoval = TakeOutAt(oEditor, puiOffsets, uiCount);
     if (eRemoval == eRemoval_Possible)
     {
         oUndo.Complete();
         FinishEdit(eList_All);
     }
     return eRemoval;
+}
+
+void CEdidExtBlockCEA861::ListCodePlaces(CCodePlaces& aoPlaces) const
+{
+    SAllCodes oCodes;
+    GatherCodes(GetBytes(), oCodes);
+    AddVideoCodes(GetBytes(), gsc_oVideo420Blocks, oCodes);
+    aoPlaces.RemoveAll();
+    for (unsigned int i = 0; i < oCodes.m_uiCount; ++i)
+    {
+        const SCode& oCode = oCodes.m_aoCode[i];
+        aoPlaces.Add({ oCode.m_uiOffset, IsHdmiCode(oCode) });
+    }
 }
 
 // Derives m_aoVicLookUp unless it is there.

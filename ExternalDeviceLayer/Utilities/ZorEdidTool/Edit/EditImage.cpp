@@ -58,6 +58,7 @@ bool CEditImage::Load(const CBytes& aui8Image, bool bAsListed)
 {
     m_aoBlocks.clear();
     m_auiEstablished.clear();
+    m_oReferences.clear();
     m_asNotes.clear();
     m_aui8Read = aui8Image;
     m_bAsListed = bAsListed;
@@ -88,6 +89,8 @@ bool CEditImage::Load(const CBytes& aui8Image, bool bAsListed)
         if (const CEdidExtBlockCEA861* poCea = GetCea(oBlock); poCea != nullptr)
         {
             CountCea(oBlock, *poCea);
+            const CBytes aui8References = ListReferences(*poCea);
+            m_oReferences.insert(aui8References.begin(), aui8References.end());
         }
         oBlock.m_aiDetaileds = MakeNumbers(oBlock.m_uiDetaileds);
     }

@@ -125,7 +125,8 @@ private:
     std::string RemoveCodes(SEditedBlock& oBlock, const CCodeSearch& fnFind);
     std::string RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber);
     std::string NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA861::ERemoval eRemoval) const;
-    bool IsReferred(unsigned int uiFirst, unsigned int uiEnd);
+    bool IsReferred(unsigned int uiFirst, unsigned int uiEnd) const;
+    void CloseGap(const CTimingOrigins& aoOrigins, unsigned int uiPlace);
     std::string RemoveDetailed(unsigned int uiNumber);
     unsigned int CountDetailedAhead(const SEditedBlock& oBlock);
     void LowerNatives(unsigned int uiPlace);
@@ -133,7 +134,9 @@ private:
     std::string Remove(const SWanted& oWanted);
     std::string RemoveListed(const SZorImageMode& oPlace);
     std::string RemoveFromDescriptors(const CPlaces& aoPlaces);
-    void NoteFraction(const SWanted& oWanted);
+    std::string NameKeeper(const SZorImageMode& oPlace);
+    void NoteWhole(const SWanted& oWanted, const CPlaces& aoRemoved);
+    void NoteLeft(const SWanted& oWanted);
     std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
     void FollowWithLimits(unsigned int uiTiming);
     std::string SetColorDepth(unsigned int uiDepth);
@@ -154,6 +157,7 @@ private:
     std::vector<SEditedBlock> m_aoBlocks;       // all blocks of the image, the base block first
     std::vector<unsigned int> m_auiEstablished; // bit of each established timing at reading
     CBytes m_aui8Read;
+    CNumbers m_oReferences; // short video references of all CTA-861 blocks, which no edit changes
     bool m_bAsListed = false;
     std::vector<std::string> m_asNotes;
 };

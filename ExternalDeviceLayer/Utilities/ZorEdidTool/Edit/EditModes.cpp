@@ -8,7 +8,9 @@
 #include "EditPlaces.h"
 #include "ExactTimings.h"
 #include "ImageModes.h"
+#include "LoadedImage.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 #include "Standards/Modes.h"
 #include "Standards/VideoCodes.h"
 
@@ -170,22 +172,13 @@ std::string CEditImage::NameRefusal(const SEditedBlock& oBlock, CEdidExtBlockCEA
 }
 
 // Whether a block that prefers timings, or names the native one, has a short video reference in this range.
-bool CEditImage::IsReferred(unsigned int uiFirst, unsigned int uiEnd)
+bool CEditImage::IsReferred(unsigned int uiFirst, unsigned int uiEnd) const
 {
-    for (const SEditedBlock& oBlock : m_aoBlocks)
-    {
-        const CEdidExtBlockCEA861* poCea = GetCea(oBlock);
-        const CBytes aui8References = poCea != nullptr ? ListReferences(*poCea) : CBytes();
-        if (std::any_of(aui8References.begin(), aui8References.end(),
-                        [&](unsigned int uiReference) { return uiReference >= uiFirst && uiReference < uiEnd; }))
-        {
-            return true;
-        }
-    }
-    return false;
+    const auto itFirst = m_oReferences.lower_bound(uiFirst);
+    return itFirst != m_oReferences.end() && *itFirst < uiEnd;
 }
 
-// Takes out the bytes of the present block that fnFind lists, one after the other: each removal may move the rest.
+// Takes out the bytes of the present block that fnFind lists.
 std::string CEditImage::RemoveCodes(SEditedBlock& oBlock, const CCodeSearch& fnFind)
 {
     const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
@@ -202,15 +195,14 @@ std::string CEditImage::RemoveCodes(SEditedBlock& oBlock, const CCodeSearch& fnF
         return "";
     }
     std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
-        for (CCodes oCodes = fnFind(oCea); !oCodes.empty(); oCodes = fnFind(oCea))
+        std::vector<unsigned int> auiOffsets;
+        for (const auto& [uiOffset, uiCode] : fnFind(oCea))
         {
-            const CEdidExtBlockCEA861::ERemoval eRemoval = oCea.RemoveCodeAt(oCodes.begin()->first);
-            if (eRemoval != CEdidExtBlockCEA861::eRemoval_Possible)
-            {
-                return NameRefusal(oBlock, eRemoval);
-            }
+            auiOffsets.push_back(uiOffset);
         }
-        return std::string();
+        const CEdidExtBlockCEA861::ERemoval eRemoval =
+            oCea.RemoveCodesAt(auiOffsets.data(), static_cast<unsigned int>(auiOffsets.size()));
+        return eRemoval == CEdidExtBlockCEA861::eRemoval_Possible ? "" : NameRefusal(oBlock, eRemoval);
     });
     if (sReason.empty())
     {
@@ -274,6 +266,22 @@ void CEditImage::LowerNatives(unsigned int uiPlace)
     }
 }
 
+// Moves the timings of the base block that follow an emptied descriptor up, each to the place of the one ahead of it:
+// no detailed timing may follow another descriptor. aoOrigins are the places before the removal; display descriptors
+// stay where they are.
+void CEditImage::CloseGap(const CTimingOrigins& aoOrigins, unsigned int uiPlace)
+{
+    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
+    CBytes aui8Base(pui8Base, pui8Base + gsc_uiBlockSize);
+    for (unsigned int i = uiPlace; i + 1 < aoOrigins.GetCount(); ++i)
+    {
+        const auto itDescriptor = aui8Base.begin() + aoOrigins[i].m_uiOffset;
+        std::swap_ranges(itDescriptor, itDescriptor + ZorStandards::BaseBlock::gsc_uiDescriptorSize,
+                         aui8Base.begin() + aoOrigins[i + 1].m_uiOffset);
+    }
+    SetBase(aui8Base);
+}
+
 std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
 {
     constexpr unsigned int uiFirstReference = 129;
@@ -303,10 +311,16 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     {
         return "a video format preference or native resolution data block refers to it or a later timing by position";
     }
+    CTimingOrigins aoOrigins;
+    m_oEdid.CEdidBase::ListDetailedOrigins(aoOrigins);
     const bool bRemoved = (poCea != nullptr ? poCea->RemoveDetailed(uiPlace) : m_oEdid.RemoveDetailed(uiPlace)) != 0;
     if (!bRemoved)
     {
         return poCea == nullptr && uiPlace == 0 ? gsc_pszPreferred : "the library refuses it";
+    }
+    if (poCea == nullptr)
+    {
+        CloseGap(aoOrigins, uiPlace);
     }
     LowerNatives(uiPlaceOfAll);
     Erase(oBlock.m_aiDetaileds, uiPlace);
@@ -425,26 +439,56 @@ std::string CEditImage::Remove(const SWanted& oWanted)
     if (sReasons.empty() && !aoLeft.empty())
     {
         const bool bPreferred = std::ranges::any_of(aoLeft, IsFirstDescriptor);
-        sReasons =
-            NamePlaces(GetBytes(), aoLeft) + ": " + (bPreferred ? gsc_pszPreferred : "it cannot be edited there");
+        sReasons = NamePlaces(GetBytes(), aoLeft) + ": " + (bPreferred ? gsc_pszPreferred : NameKeeper(aoLeft.front()));
     }
     if (sReasons.empty())
     {
-        NoteFraction(oWanted);
+        NoteWhole(oWanted, aoRead);
+        NoteLeft(oWanted);
     }
     return sReasons;
 }
 
-// A mode of its own at 1000/1001 of a whole rate is not meant by that rate, and is easily overlooked.
-void CEditImage::NoteFraction(const SWanted& oWanted)
+// Why no edit reaches a place.
+std::string CEditImage::NameKeeper(const SZorImageMode& oPlace)
 {
-    SWanted oFraction = {};
-    if (oWanted.m_uiCode == 0 && GetWantedFraction(oWanted.m_oMode, oFraction.m_oMode))
+    const SEditedBlock& oBlock = m_aoBlocks[oPlace.m_uiOffset / gsc_uiBlockSize];
+    const unsigned int uiTag = oBlock.m_aui8Bytes.front();
+    return uiTag == ZorStandards::Vtb::gsc_uiTag ? "edits do not reach video timing blocks"
+           : uiTag == gsc_uiDisplayIdTag         ? "edits do not reach DisplayID blocks"
+           : GetCea(oBlock) == nullptr           ? "the library does not read " + NameBlock(oBlock)
+                                                 : "edits do not reach timings of this data block";
+}
+
+// A code at the rate and at 1000/1001 of it is one byte: the nominal rate goes when the other one is named.
+void CEditImage::NoteWhole(const SWanted& oWanted, const CPlaces& aoRemoved)
+{
+    const SZorMode::SRate& oRate = oWanted.m_oMode.m_oNominalRate;
+    CNumbers oNamed;
+    for (const SZorImageMode& oPlace : aoRemoved)
     {
-        const CPlaces aoLeft = FindPlaces(GetBytes(), oFraction);
-        if (!aoLeft.empty())
+        SZorMode oPartner = {};
+        const SZorMode& oMode = oPlace.m_oMode;
+        const bool bVic = oMode.m_eKind == SZorMode::eModeKind_Vic;
+        if (oWanted.m_uiCode == 0 && oRate.m_ullDivisor != 1 && CZorEdidModes::GetPartner(oMode, oPartner) &&
+            oNamed.insert(2 * oMode.m_uiCode + (bVic ? 1 : 0)).second)
         {
-            m_asNotes.push_back(GetWantedName(oFraction) + " stays: " + NamePlaces(GetBytes(), aoLeft));
+            m_asNotes.push_back((bVic ? "VIC " : "HDMI code ") + std::to_string(oMode.m_uiCode) + " also declares " +
+                                GetModeName(oMode) + ", which goes with it");
         }
+    }
+}
+
+// What is easily overlooked: of a whole rate a mode of its own at 1000/1001 of it, which is not meant, and of a code
+// its mode, which other places may declare.
+void CEditImage::NoteLeft(const SWanted& oWanted)
+{
+    SWanted oLeft = {};
+    const bool bAsked = oWanted.m_uiCode != 0 ? ZorStandards::MakeVideoMode(oLeft.m_oMode, oWanted.m_uiCode)
+                                              : GetWantedFraction(oWanted.m_oMode, oLeft.m_oMode);
+    const CPlaces aoLeft = bAsked ? FindPlaces(GetBytes(), oLeft) : CPlaces();
+    if (!aoLeft.empty())
+    {
+        m_asNotes.push_back(GetWantedName(oLeft) + " stays: " + NamePlaces(GetBytes(), aoLeft));
     }
 }

@@ -3,10 +3,10 @@
 #include "EditPlaces.h"
 
 #include <algorithm>
+#include <set>
 
 #include "Edid.h"
 #include "ExactTimings.h"
-#include "Hdmi1xVsdb.h"
 #include "MapText.h"
 #include "Standards/Modes.h"
 #include "TextFormat.h"
@@ -40,34 +40,6 @@ unsigned int FindHdmiVideo(unsigned int uiByte, const SWanted& oWanted)
     SZorMode oMode = {};
     return MakeHdmiMode(oMode, uiByte) && IsPlaceOf(oMode, oWanted) ? FindHdmiCode(uiByte)->m_ui8VideoCode : 0;
 }
-
-// Where short video descriptors or HDMI codes are in a data block.
-struct SCodePlaces
-{
-    unsigned int m_uiFirst; // offset in the block
-    unsigned int m_uiCount;
-    unsigned int (*m_pfnFind)(unsigned int uiByte, const SWanted& oWanted);
-};
-
-SCodePlaces FindCodePlaces(const Cta::CDataBlockWalk& oWalk, const unsigned char* pui8Block)
-{
-    const unsigned int uiTag = oWalk.GetTag();
-    const bool bExtended = uiTag == Cta::gsc_uiExtendedTag && oWalk.GetLength() != 0;
-    const unsigned int uiExtended = bExtended ? oWalk.GetByte(0) : 0;
-    const unsigned int uiFirst = oWalk.GetPayload().m_uiOffset + (bExtended ? 1 : 0);
-    const unsigned int uiLength = oWalk.GetLength() - (bExtended ? 1 : 0);
-    if (uiTag == Cta::gsc_uiVideoTag || (bExtended && uiExtended == Cta::gsc_uiExtended420Video))
-    {
-        return { uiFirst, uiLength, FindShortVideo };
-    }
-    const bool bVendor = uiTag == Cta::gsc_uiVendorTag || (bExtended && uiExtended == Cta::gsc_uiExtendedVendorVideo);
-    if (!bVendor || ZorCore::CHdmi1xVsdb::IsSupported(uiLength, pui8Block + uiFirst) == 0)
-    {
-        return {};
-    }
-    const ZorCore::CHdmi1xVsdb::SVics oVics = ZorCore::CHdmi1xVsdb::FindVics(uiLength, pui8Block + uiFirst);
-    return { uiFirst + oVics.m_uiVicsOffset, oVics.m_uiCount, FindHdmiVideo };
-}
 } // namespace
 
 std::string GetWantedName(const SWanted& oWanted)
@@ -99,17 +71,16 @@ CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted)
 CCodes FindCodes(const CEdidExtBlockCEA861& oCea, const SWanted& oWanted)
 {
     CCodes oCodes;
-    Cta::CDataBlockWalk oWalk = WalkDataBlocks(oCea);
-    while (oWalk.Next())
+    CEdidExtBlockCEA861::CCodePlaces aoPlaces;
+    oCea.ListCodePlaces(aoPlaces);
+    for (unsigned int i = 0; i < aoPlaces.GetCount(); ++i)
     {
-        const SCodePlaces oPlaces = FindCodePlaces(oWalk, oCea.GetData());
-        for (unsigned int i = oPlaces.m_uiFirst; i < oPlaces.m_uiFirst + oPlaces.m_uiCount; ++i)
+        const unsigned int uiByte = oCea.GetData()[aoPlaces[i].m_uiOffset];
+        const unsigned int uiCode =
+            aoPlaces[i].m_bHdmi ? FindHdmiVideo(uiByte, oWanted) : FindShortVideo(uiByte, oWanted);
+        if (uiCode != 0)
         {
-            const unsigned int uiCode = oPlaces.m_pfnFind(oCea.GetData()[i], oWanted);
-            if (uiCode != 0)
-            {
-                oCodes[i] = uiCode;
-            }
+            oCodes[aoPlaces[i].m_uiOffset] = uiCode;
         }
     }
     return oCodes;
@@ -117,7 +88,8 @@ CCodes FindCodes(const CEdidExtBlockCEA861& oCea, const SWanted& oWanted)
 
 std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces)
 {
-    std::vector<std::string> asNames;
+    std::set<std::string> asNames;
+    std::string sNames;
     CZorEdidMap oMap;
     oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
     for (const SZorImageMode& oPlace : aoPlaces)
@@ -130,15 +102,10 @@ std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces)
             uiField = oMap.GetField(uiField).m_uiGroup;
         }
         sName += uiField != CZorEdidMap::msc_uiNone ? ": " + GetPath(oMap, uiField) : "";
-        if (std::find(asNames.begin(), asNames.end(), sName) == asNames.end())
+        if (asNames.insert(sName).second)
         {
-            asNames.push_back(sName);
+            sNames += (sNames.empty() ? "" : ", ") + sName;
         }
-    }
-    std::string sNames;
-    for (const std::string& sName : asNames)
-    {
-        sNames += (sNames.empty() ? "" : ", ") + sName;
     }
     return sNames;
 }

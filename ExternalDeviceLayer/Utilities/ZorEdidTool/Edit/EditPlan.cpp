@@ -323,7 +323,9 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_Remove:
         return ParseExactMode(sValue, oEdit.m_oWanted.m_oMode)
                    ? ""
-                   : "'" + sValue + "' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001";
+                   : "'" + sValue +
+                         "' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001; 'Hz' may "
+                         "follow";
     case eEdit_RemoveCode:
         return ParseCode(sValue, oEdit.m_oWanted.m_uiCode);
     case eEdit_Preferred:

@@ -33,11 +33,6 @@ bool IsStereo(const unsigned char* pui8Descriptor)
 
 // ---- Range limits ----
 
-unsigned int GetRevision(const unsigned char* pui8Base)
-{
-    return pui8Base[gsc_uiVersionOffset] == gsc_uiVersion ? pui8Base[gsc_uiRevisionOffset] : 0U;
-}
-
 // The offset of the first range limits; 0 without any.
 unsigned int FindLimits(const unsigned char* pui8Base)
 {
@@ -196,7 +191,7 @@ void CEditImage::FollowWithLimits(unsigned int uiTiming)
     CBytes aui8Base(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
     CBytes aui8Before = aui8Base;
     const unsigned int uiOffset = FindLimits(aui8Base.data());
-    const unsigned int uiRevision = GetRevision(aui8Base.data());
+    const unsigned int uiRevision = ReadRevision(aui8Base.data());
     const unsigned int uiCount = m_oEdid.GetBaseDetailedCount();
     SZorMode oMode = {};
     if (uiOffset == 0 || !ReadDetailedMode({ aui8Base.data() + uiTiming, gsc_uiDescriptorSize }, oMode) ||

@@ -123,6 +123,7 @@ private:
         const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
         const bool bAudio = std::ranges::any_of(auiEdited, [this](unsigned int i) { return IsEntry(m_oEdited, i); });
         const bool bAdded = !oEdits.m_aoAudioAdded.empty() || oEdits.m_bSpeakersAdded;
+        CNumbers oEmptied;    // offsets of descriptors
         bool bLimits = false; // seen; the first ones count
         unsigned int uiAudios = 0;
         unsigned int uiSpeakers = 0;
@@ -139,6 +140,7 @@ private:
                 aui8Empty[3] = 0x10; // the tag of an empty descriptor
                 Put(oField.m_uiOffset, uiBlock == 0 ? aui8Empty : CBytes());
                 bGone = uiBlock != 0;
+                oEmptied.insert(oField.m_uiOffset);
             }
             else if (IsNamed(oField, CZorEdidMap::eList_Detailed, { 0 }, 0) && oEdits.m_bPreferred)
             {
@@ -180,7 +182,37 @@ private:
                 m_oGone.insert({ oField.m_uiOffset, oField.m_uiDepth });
             }
         }
+        if (uiBlock == 0 && !oEmptied.empty())
+        {
+            ExpectEmptiedLast(oEmptied);
+        }
         m_uiDetaileds += m_aoBlocks[uiBlock].m_uiDetaileds;
+    }
+
+    // The places of the base block's timings then hold those that are left, in their order, and after them empty ones.
+    void ExpectEmptiedLast(const CNumbers& oEmptied)
+    {
+        CNumbers oPlaces;
+        for (const unsigned int i : m_oRead.ListBlock(0))
+        {
+            const CField& oField = m_oRead.Get(i);
+            if (oField.m_eList == CZorEdidMap::eList_Detailed && oField.m_uiTimings != 0)
+            {
+                oPlaces.insert(oField.m_uiOffset);
+            }
+        }
+        std::vector<CBytes> aaui8Kept;
+        std::vector<CBytes> aaui8Emptied;
+        for (const unsigned int uiOffset : oPlaces)
+        {
+            const auto itBytes = m_aui8Expected.begin() + static_cast<std::ptrdiff_t>(uiOffset);
+            (oEmptied.contains(uiOffset) ? aaui8Emptied : aaui8Kept).emplace_back(itBytes, itBytes + 18);
+        }
+        aaui8Kept.insert(aaui8Kept.end(), aaui8Emptied.begin(), aaui8Emptied.end());
+        for (size_t i = 0; const unsigned int uiOffset : oPlaces)
+        {
+            Put(uiOffset, aaui8Kept[i++]);
+        }
     }
 
     // Of the read limits what differs: bytes 5 to 8 the rates, over 255 by the flags of byte 4, then the clock, whose
@@ -188,7 +220,7 @@ private:
     void ExpectLimits(size_t uiOffset, const ZorStandards::Descriptors::SRangeLimits& oLimits)
     {
         const unsigned char* pui8Read = m_aui8Expected.data() + uiOffset;
-        const unsigned int uiRevision = m_aui8Expected[ZorStandards::BaseBlock::gsc_uiRevisionOffset];
+        const unsigned int uiRevision = ZorStandards::BaseBlock::ReadRevision(m_aui8Expected.data());
         const ZorStandards::Descriptors::SRangeLimits oRead =
             ZorStandards::Descriptors::ReadRangeLimits(pui8Read, uiRevision);
         const auto fnRates = [&](size_t uiFirst, unsigned int uiShift, unsigned int uiLeast, unsigned int uiMost) {

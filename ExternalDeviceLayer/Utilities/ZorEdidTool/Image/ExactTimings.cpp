@@ -2,6 +2,8 @@
 
 #include "ExactTimings.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -38,6 +40,25 @@ bool TakeMark(const char*& pszNext, const char* pszEnd, char cMark)
     const bool bThere = pszNext != pszEnd && *pszNext == cMark;
     pszNext += bThere ? 1 : 0;
     return bThere;
+}
+
+void SkipBlanks(const char*& pszNext, const char* pszEnd)
+{
+    while (TakeMark(pszNext, pszEnd, ' '))
+    {
+    }
+}
+
+// What may follow a rate: nothing, or "Hz".
+bool IsUnitOrEnd(const char* pszNext, const char* pszEnd)
+{
+    constexpr char szUnit[] = "Hz";
+    if (pszNext == pszEnd)
+    {
+        return true;
+    }
+    SkipBlanks(pszNext, pszEnd);
+    return strcasecmp(std::string(pszNext, pszEnd).c_str(), szUnit) == 0;
 }
 
 // "59.94" is 60000/1001: uiWhole and uiPart / uiScale, where the scale is 100 or 1000.
@@ -406,14 +427,21 @@ bool ParseExactMode(const std::string& sText, SZorMode& oMode)
     const char* pszNext = sText.data();
     const char* const pszEnd = pszNext + sText.size();
     SZorMode oRead = {};
-    if (!TakeNumber(pszNext, pszEnd, oRead.m_uiWidth) || !TakeMark(pszNext, pszEnd, 'x') ||
+    if (!TakeNumber(pszNext, pszEnd, oRead.m_uiWidth) ||
+        !(TakeMark(pszNext, pszEnd, 'x') || TakeMark(pszNext, pszEnd, 'X')) ||
         !TakeNumber(pszNext, pszEnd, oRead.m_uiHeight) || oRead.m_uiWidth == 0 || oRead.m_uiHeight == 0)
     {
         return false;
     }
     oRead.m_bInterlaced = TakeMark(pszNext, pszEnd, 'i');
     oRead.m_uiRepetition = 1;
-    if (!TakeMark(pszNext, pszEnd, '@') || !TakeRate(pszNext, pszEnd, oRead.m_oNominalRate) || pszNext != pszEnd)
+    SkipBlanks(pszNext, pszEnd);
+    if (!TakeMark(pszNext, pszEnd, '@'))
+    {
+        return false;
+    }
+    SkipBlanks(pszNext, pszEnd);
+    if (!TakeRate(pszNext, pszEnd, oRead.m_oNominalRate) || !IsUnitOrEnd(pszNext, pszEnd))
     {
         return false;
     }

@@ -11,9 +11,10 @@
 
 class CJsonWriter;
 
-// "1920x1080@60", "1920x1080i@59.94", "1920x1080@60000/1001": the rate in Hz, of interlaced modes of fields. A decimal
-// rate of two or three digits after the point that is 1000/1001 of a multiple of 6, rounded, means that fraction.
-// Sets size, scan and nominal rate; false, and oMode unchanged, for anything else.
+// "1920x1080@60", "1920x1080i@59.94", "1920x1080@60000/1001": the rate in Hz, of interlaced modes of fields. X for x,
+// blanks around @ and "Hz" at the end are taken, too. A decimal rate of two or three digits after the point that is
+// 1000/1001 of a multiple of 6, rounded, means that fraction. Sets size, scan and nominal rate; false, and oMode
+// unchanged, for anything else.
 bool ParseExactMode(const std::string& sText, SZorMode& oMode);
 
 double GetHz(const SZorMode::SRate& oRate);

@@ -136,7 +136,7 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--remove-vic", "0", "'0' is not a video code from 1 to 255" },
         { "--remove-vic", "256", "'256' is not a video code from 1 to 255" },
         { "--remove", "1920x1080",
-          "'1920x1080' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001" },
+          "'1920x1080' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001; 'Hz' may follow" },
         { "--color-depth", "24", "unknown value '24'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
         { "--color-depth", "8,10", "unknown value '8,10'; expected one of undefined, 6, 8, 10, 12, 14, 16" },
         { "--deep-color", "", "unknown value ''; expected one of 30, 36, 48, none" },

@@ -129,7 +129,8 @@ class Edits(unittest.TestCase):
                 (base(cvt % "ff1038"), "--remove 1360x1024@50 --remove 1360x1024@60", base(cvt % "000000"))):
             with self.subTest(arguments):
                 status, out, error = edit(image, *arguments.split())
-                self.assertEqual((0, "", expected.hex()), (status, error, out.hex()))
+                notes = [line for line in error.splitlines() if " stays: " not in line and " goes with it" not in line]
+                self.assertEqual((0, [], expected.hex()), (status, notes, out.hex()))
         preference = cea("4210df" "e20d10" "e20edf")
         for image, arguments, reason in (
                 (listed_as_91, "--remove-standard 8", "byte db for VIC 91, by CTA-861-H it is VIC 219, which --remove-vic "
@@ -142,12 +143,41 @@ class Edits(unittest.TestCase):
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
                  "block 0: Detailed timing: the preferred timing can only be replaced, by --preferred"),
                 (extended(fix_sums(bytes([0x70, 0x12, 13, 0, 0, 7, 0, 10] + [0] * 9 + [0x10]).ljust(128, b"\0"))),
-                 "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: it cannot be edited there")):
+                 "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: edits do not reach DisplayID blocks"),
+                (extended(fix_sums(bytes([0x10, 1, 1, 0, 0]) + IMAGE[162:180] + bytes(105))),
+                 "--remove 720x480@59.94 --serial 1",
+                 "edits do not reach video timing blocks")):
             with self.subTest(arguments):
                 status, out, error = edit(image, *arguments.split())
                 self.assertEqual((1, b"", True), (status, out, reason + "\n" in error), error)
+        both = edit(IMAGE, "--remove", "1280X720 @ 59.94 hz")
+        self.assertEqual(0, both[0], both[2])
+        self.assertIn("VIC 4 also declares 1280x720@60, which goes with it\n", both[2])
+        self.assertIn("--remove-vic 4: 1280x720@60 stays: block 0: Standard timing 1, block 1: Detailed timing 1\n",
+                      edit(IMAGE, "--remove-vic", "4")[2])
         self.assertEqual((0, "zoredid: -: --remove 720x480@60: 720x480@59.94 stays: block 1: Detailed timing 0\n"),
                          edit(IMAGE, "--remove", "720x480@60")[::2])
+
+    def test_many_blocks_of_one_code(self):
+        """In time: 255 blocks of 90 times VIC 1."""
+        block = bytes([2, 3, 4 + 93, 0]) + (b"\x5e" + b"\1" * 30) * 3 + bytes(31)
+        image = extended(*[fix_sums(block)] * 254)
+        image = fix_sums(image[:128] + block + image[256:])
+        for arguments in "--remove-vic 1", "--remove 640x480@59.94":
+            status, out, error = edit(image, *arguments.split())
+            self.assertEqual((0, bytes([2, 3, 4]) + bytes(124)), (status, out[-128:-1]), error)
+
+    def test_timings_close_up_when_one_is_removed(self):
+        timing = [IMAGE[54:72][:5] + bytes([i]) + IMAGE[54:72][6:] for i in range(3)]
+        name, empty = b"\0\0\0\xfc\0a\n".ljust(18), b"\0\0\0\x10".ljust(18, b"\0")
+        for slots, numbers, expected in ((timing + [name], "1", timing[::2] + [empty, name]),
+                                         ([timing[0], timing[1], name, timing[2]], "1", timing[::2] + [name, empty]),
+                                         (timing + [name], "1 2", timing[:1] + [empty] * 2 + [name]),
+                                         (timing + [name], "2", timing[:2] + [empty, name])):
+            edits = [word for number in numbers.split() for word in ("--remove-detailed", number)]
+            image = fix_sums(IMAGE[:54] + b"".join(slots) + IMAGE[126:])
+            status, out, error = edit(image, *edits)
+            self.assertEqual((0, "", b"".join(expected).hex()), (status, error, out[54:126].hex()))
 
     def test_the_number_of_native_timings_follows(self):
         for natives, number, expected in (((3, 4), 1, (2, 3)), ((3, 4), 2, (2, 3)), ((3, 4), 3, (3, 3)),
@@ -223,6 +253,10 @@ class Edits(unittest.TestCase):
                 status, out, error = edit(image(revision, limits, stereo), "--preferred", mode)
                 self.assertEqual((0, note(mode, text) if text else ""), (status, error))
                 self.assertEqual((expected, kept), (out[76:90].hex(), out[71] & 0x61))
+        # Of another version the revision says nothing: byte 4 of the limits has no offsets.
+        other = fix_sums(image(4, plain + blanks, 0)[:18] + b"\2" + image(4, plain + blanks, 0)[19:])
+        status, out, error = edit(other, "--preferred", "1920x1080@120")
+        self.assertEqual((0, "0032781e871e" + blanks), (status, out[76:90].hex()), error)
 
     def test_refusals_have_a_reason_and_write_nothing(self):
         with tempfile.TemporaryDirectory() as folder:

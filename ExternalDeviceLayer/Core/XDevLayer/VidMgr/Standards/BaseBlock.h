@@ -72,10 +72,16 @@ constexpr unsigned int gsc_uiGammaElsewhere = 0xFF;
 constexpr unsigned int gsc_uiModelYearWeek = 0xFF; // from revision 4 on: the year is the model year
 constexpr unsigned int gsc_uiFirstYear = 1990;
 
-// Version 1 and this revision or a later one.
+// The revision of version 1; 0 for other versions, which are read as its first revision.
+constexpr unsigned int ReadRevision(const unsigned char* pui8Block)
+{
+    return pui8Block[gsc_uiVersionOffset] == gsc_uiVersion ? pui8Block[gsc_uiRevisionOffset] : 0U;
+}
+
+// Version 1 and this revision, from 1 on, or a later one.
 constexpr bool IsAtLeastRevision(const unsigned char* pui8Block, unsigned int uiRevision)
 {
-    return pui8Block[gsc_uiVersionOffset] == gsc_uiVersion && pui8Block[gsc_uiRevisionOffset] >= uiRevision;
+    return ReadRevision(pui8Block) >= uiRevision;
 }
 
 // Whether the first detailed timing is the preferred one.

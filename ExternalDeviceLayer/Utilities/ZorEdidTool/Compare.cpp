@@ -27,7 +27,7 @@ std::string MakeJson(const SCompareOptions& oOptions, const CImageDiff& oDiff, b
     oJson.Member("first", oOptions.m_sFirst);
     oJson.Member("second", oOptions.m_sSecond);
     oJson.Member("same", bSame);
-    WriteDiff(oDiff, oOptions.m_oRules, oJson);
+    WriteDiff(oDiff, oJson);
     oJson.EndObject();
     return oJson.GetText() + "\n";
 }
@@ -63,9 +63,9 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
     }
     const SComparedImage oOne(oFirst.m_aui8Bytes);
     const SComparedImage oOther(oSecond.m_aui8Bytes);
-    const CImageDiff oDiff(oOne, oOther);
+    const CImageDiff oDiff(oOne, oOther, oOptions.m_oRules);
     const std::string sLines =
-        DescribeDiff(oDiff, oOptions.m_oRules, MakeWords(ShowName(oFirst.m_sName), ShowName(oSecond.m_sName)));
+        DescribeDiff(oDiff, MakeWords(ShowName(oFirst.m_sName), ShowName(oSecond.m_sName)));
     oOutcome.Note(sLines.empty() ? eExit_Good : eExit_Finding);
     oOutcome.m_sOut = oOptions.m_bJson ? MakeJson(oOptions, oDiff, sLines.empty())
                       : sLines.empty() ? "same\n"

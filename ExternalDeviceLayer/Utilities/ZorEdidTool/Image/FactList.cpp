@@ -716,6 +716,29 @@ void CFactValue::Write(CJsonWriter& oJson) const
     }
 }
 
+std::string CFactValue::GetText() const
+{
+    switch (m_eKind)
+    {
+    case eKind_Flag:
+        return m_llNumber != 0 ? "yes" : "no";
+    case eKind_Text:
+        return m_sText;
+    case eKind_Names:
+        return JoinTexts({ m_apszNames.begin(), m_apszNames.end() });
+    default: {
+        CJsonWriter oJson(CJsonWriter::eStyle_Line); // which has the digits of numbers
+        Write(oJson);
+        std::string sText;
+        for (const char c : oJson.GetText())
+        {
+            sText += c == '[' || c == ']' ? "" : c == ',' ? ", " : std::string(1, c);
+        }
+        return sText;
+    }
+    }
+}
+
 CFactList ListFacts(const CZorEdidFacts& oFacts)
 {
     constexpr size_t uiUsual = 160;

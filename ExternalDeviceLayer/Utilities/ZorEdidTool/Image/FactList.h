@@ -24,6 +24,8 @@ public:
     CFactValue(std::vector<int> aiNumbers) : m_eKind(eKind_Numbers), m_aiNumbers(std::move(aiNumbers)) {}
 
     void Write(CJsonWriter& oJson) const;
+    // For people: "yes", "48", "0.3127, 0.3290".
+    std::string GetText() const;
 
 private:
     enum EKind : unsigned char

@@ -121,7 +121,11 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
     return sText;
 }
 
-std::string OrNotAnnounced(const std::string& sText) { return sText.empty() ? "not announced" : sText; }
+// Of an image with a base block.
+std::string OrNotAnnounced(const std::string& sText, const CFacts& oFacts)
+{
+    return sText.empty() && oFacts.GetIdentity().m_oRevision.IsSaid() ? "not announced" : sText;
+}
 
 // ---- Audio ----
 
@@ -282,7 +286,7 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
         Append(sText, sRange + " (" + apszSources[oRange.m_eSource] + ")");
     }
     AppendIf(sText, oLink.m_oNvidia, "a block of NVIDIA");
-    return OrNotAnnounced(sText);
+    return OrNotAnnounced(sText, oFacts);
 }
 
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
@@ -309,7 +313,7 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts)
     Append(sText, DescribeDolbyVision(oColour.m_oDolbyVision));
     if (sText.empty())
     {
-        return OrNotAnnounced(sText); // luminances of a display without HDR do not belong under HDR
+        return OrNotAnnounced(sText, oFacts); // luminances of a display without HDR do not belong under HDR
     }
     Append(sText,
            oColour.m_oContentMax.m_oValue.m_ui8Code != 0

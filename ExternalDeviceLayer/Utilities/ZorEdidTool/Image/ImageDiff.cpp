@@ -27,18 +27,19 @@ CFactList ReadFacts(const std::vector<unsigned char>& aui8Bytes)
 
 // ---- Facts ----
 
-std::string MakeText(const CFactValue& oValue)
-{
-    CJsonWriter oJson(CJsonWriter::eStyle_Line);
-    oValue.Write(oJson);
-    return oJson.GetText();
-}
-
 struct SFactText
 {
-    std::string m_sText;
+    std::string m_sJson;
+    std::string m_sWords;
     EZorEdidField m_eId;
 };
+
+SFactText MakeText(const SNamedFact& oFact)
+{
+    CJsonWriter oJson(CJsonWriter::eStyle_Line);
+    oFact.m_oValue.Write(oJson);
+    return { oJson.GetText(), oFact.m_oValue.GetText(), oFact.m_eId };
+}
 
 // By name; a list has its elements under its own name, each as an object.
 using CFactTexts = std::multimap<std::string, SFactText>;
@@ -52,7 +53,7 @@ CFactTexts ListTexts(const CFactList& aoFacts)
         const size_t uiList = sPath.find('#');
         if (uiList == std::string_view::npos)
         {
-            oTexts.emplace(sPath, SFactText{ MakeText(aoFacts[i].m_oValue), aoFacts[i].m_eId });
+            oTexts.emplace(sPath, MakeText(aoFacts[i]));
             ++i;
             continue;
         }
@@ -60,16 +61,19 @@ CFactTexts ListTexts(const CFactList& aoFacts)
         const EZorEdidField eId = aoFacts[i].m_eId;
         const unsigned int uiElement = aoFacts[i].m_uiElement;
         CJsonWriter oJson(CJsonWriter::eStyle_Line);
+        std::vector<std::string> asWords;
         oJson.BeginObject();
         for (; i < aoFacts.size() && aoFacts[i].m_uiElement == uiElement &&
                std::string_view(aoFacts[i].m_pszPath).starts_with(sList);
              ++i)
         {
-            oJson.Name(std::string_view(aoFacts[i].m_pszPath).substr(sList.size() + 1));
+            const std::string sName = aoFacts[i].m_pszPath + sList.size() + 1;
+            oJson.Name(sName);
             aoFacts[i].m_oValue.Write(oJson);
+            asWords.push_back(sName + " " + aoFacts[i].m_oValue.GetText());
         }
         oJson.EndObject();
-        oTexts.emplace(sList.substr(0, uiList), SFactText{ oJson.GetText(), eId });
+        oTexts.emplace(sList.substr(0, uiList), SFactText{ oJson.GetText(), JoinTexts(asWords, "; "), eId });
     }
     return oTexts;
 }
@@ -81,7 +85,7 @@ void DropShared(CFactTexts& oFirst, CFactTexts& oSecond)
     {
         const auto [itBegin, itEnd] = oSecond.equal_range(it->first);
         const auto itSame = std::find_if(
-            itBegin, itEnd, [&](const auto& oOther) { return oOther.second.m_sText == it->second.m_sText; });
+            itBegin, itEnd, [&](const auto& oOther) { return oOther.second.m_sJson == it->second.m_sJson; });
         const bool bShared = itSame != itEnd;
         if (bShared)
         {
@@ -138,7 +142,7 @@ std::string GetText(const CZorEdidMap& oMap, unsigned int uiField)
     const std::string sText = uiField != gsc_uiNone ? GetFieldValue(oMap, uiField) : "";
     if (uiField == gsc_uiNone || !sText.empty() || oMap.GetField(uiField).m_eKind == CZorEdidMap::eKind_Group)
     {
-        return uiField != gsc_uiNone && sText.empty() ? "there" : sText;
+        return uiField != gsc_uiNone && sText.empty() ? "present" : sText;
     }
     const std::vector<SFieldByte> aoBytes = GetFieldBytes(oMap, uiField);
     std::string sBytes = "0x";
@@ -291,23 +295,23 @@ private:
             return CKey{ oField.m_eId, oField.m_asValues[uiImage],
                          m_apoImages[uiImage]->m_oPart.GetBytes(oField.m_auiFields[uiImage]) };
         };
-        std::multimap<CKey, size_t> auiThere; // what only the second image has
+        std::multimap<CKey, size_t> auiOther; // what only the second image has
         for (size_t i = 0; i < aoFields.size(); ++i)
         {
             if (aoFields[i].m_auiFields[0] == gsc_uiNone)
             {
-                auiThere.emplace(fnKey(aoFields[i], 1), i);
+                auiOther.emplace(fnKey(aoFields[i], 1), i);
             }
         }
         std::set<size_t> auiMoved;
         for (size_t i = 0; i < aoFields.size(); ++i)
         {
             const bool bOnlyHere = aoFields[i].m_auiFields[1] == gsc_uiNone;
-            const auto itThere = bOnlyHere ? auiThere.find(fnKey(aoFields[i], 0)) : auiThere.end();
-            if (itThere != auiThere.end())
+            const auto itOther = bOnlyHere ? auiOther.find(fnKey(aoFields[i], 0)) : auiOther.end();
+            if (itOther != auiOther.end())
             {
-                auiMoved.insert({ i, itThere->second });
-                auiThere.erase(itThere);
+                auiMoved.insert({ i, itOther->second });
+                auiOther.erase(itOther);
             }
         }
         size_t uiField = 0;
@@ -333,14 +337,19 @@ SComparedImage::SComparedImage(const std::vector<unsigned char>& aui8Bytes)
     }
 }
 
-CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSecond)
-    : m_apoImages{ &oFirst, &oSecond }, m_oPairs(MatchModes(oFirst.m_oModes, oSecond.m_oModes))
+CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSecond, const SDiffRules& oRules)
+    : m_apoImages{ &oFirst, &oSecond }, m_oRules(oRules), m_oPairs(MatchModes(oFirst.m_oModes, oSecond.m_oModes))
 {
     const SModeRow* poFirst = oFirst.m_oModes.FindPreferred();
     const SModeRow* poSecond = oSecond.m_oModes.FindPreferred();
-    m_bPreferred = poFirst == nullptr || poSecond == nullptr ? poFirst != poSecond : !IsSameMode(*poFirst, *poSecond);
-    FindFacts();
-    m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListOnly(0, true), ListOnly(1, true) }).Find();
+    const bool bDiffer =
+        poFirst == nullptr || poSecond == nullptr ? poFirst != poSecond : !IsSameMode(*poFirst, *poSecond);
+    m_bPreferred = bDiffer && !oRules.m_bIgnorePreferred;
+    if (oRules.m_bAll)
+    {
+        FindFacts();
+        m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListOnly(0, true), ListOnly(1, true) }).Find();
+    }
 }
 
 std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage, bool bEstablished) const
@@ -366,12 +375,16 @@ void CImageDiff::FindFacts()
     CFactTexts oFirst = ListTexts(m_apoImages[0]->m_aoFacts);
     CFactTexts oSecond = ListTexts(m_apoImages[1]->m_aoFacts);
     DropShared(oFirst, oSecond);
-    const auto fnIsPlain = [](const SFactText& oText) { return !oText.m_sText.starts_with('{'); };
+    const SFactText oNone = { "", "not said", eZorEdidField_None };
+    const auto fnAdd = [this](const std::string& sName, EZorEdidField eId, const SFactText& oOne,
+                              const SFactText& oOther) {
+        m_aoFacts.push_back({ sName, eId, { oOne.m_sJson, oOther.m_sJson }, { oOne.m_sWords, oOther.m_sWords } });
+    };
     for (const auto& [sName, oText] : oFirst)
     {
         const auto itOther = oSecond.find(sName);
-        const bool bBoth = itOther != oSecond.end() && fnIsPlain(oText);
-        m_aoFacts.push_back({ sName, oText.m_eId, { oText.m_sText, bBoth ? itOther->second.m_sText : "" } });
+        const bool bBoth = itOther != oSecond.end() && !oText.m_sJson.starts_with('{');
+        fnAdd(sName, oText.m_eId, oText, bBoth ? itOther->second : oNone);
         if (bBoth)
         {
             oSecond.erase(itOther);
@@ -379,7 +392,7 @@ void CImageDiff::FindFacts()
     }
     for (const auto& [sName, oText] : oSecond)
     {
-        m_aoFacts.push_back({ sName, oText.m_eId, { "", oText.m_sText } });
+        fnAdd(sName, oText.m_eId, oNone, oText);
     }
     std::ranges::stable_sort(m_aoFacts, {}, &SFactDifference::m_sName);
 }
@@ -397,42 +410,57 @@ std::string DescribeMode(const SModeRow& oRow)
     return sText;
 }
 
-std::string DescribeDiff(const CImageDiff& oDiff, const SDiffRules& oRules, const SDiffWords& oWords)
+std::string SModeWithPartner::GetPartnerText() const
+{
+    return m_poPartner == nullptr ? "" : ", and at " + GetShortRate(m_poPartner->m_oMode) + " Hz";
+}
+
+std::vector<SModeWithPartner> GroupPartners(const std::vector<const SModeRow*>& apoRows)
+{
+    std::vector<SModeWithPartner> aoModes;
+    for (const SModeRow* poRow : apoRows)
+    {
+        if (!aoModes.empty() && aoModes.back().m_poRow->m_poEntry == poRow->m_poEntry)
+        {
+            aoModes.back().m_poPartner = poRow;
+        }
+        else
+        {
+            aoModes.push_back({ poRow, nullptr });
+        }
+    }
+    return aoModes;
+}
+
+std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
 {
     std::string sText;
-    for (size_t i = 0; i < 2 && !oRules.m_bIgnorePreferred && oDiff.DifferInPreferred(); ++i)
+    for (size_t i = 0; i < 2 && oDiff.DifferInPreferred(); ++i)
     {
         const SModeRow* poPreferred = oDiff.GetImage(i).m_oModes.FindPreferred();
         sText += oWords.m_asPreferred[i] + ": " + (poPreferred != nullptr ? DescribeMode(*poPreferred) : "none") + "\n";
     }
     for (size_t i = 0; i < 2; ++i)
     {
-        std::vector<const SModeRow*> apoRows = oDiff.ListOnly(i, oRules.m_bEstablished);
+        std::vector<const SModeRow*> apoRows = oDiff.ListOnly(i);
         const SModeRow* poPreferred = oDiff.GetImage(i).m_oModes.FindPreferred();
-        const bool bSaid = !oRules.m_bIgnorePreferred && oDiff.DifferInPreferred() && poPreferred != nullptr;
+        const bool bSaid = oDiff.DifferInPreferred() && poPreferred != nullptr;
         const auto itSaid = std::ranges::find_if(
             apoRows, [&](const SModeRow* poRow) { return bSaid && IsSameMode(*poRow, *poPreferred); });
         if (itSaid != apoRows.end())
         {
             apoRows.erase(itSaid);
         }
-        for (size_t j = 0; j < apoRows.size(); ++j)
+        for (const SModeWithPartner& oMode : GroupPartners(apoRows))
         {
-            const bool bPair = j + 1 < apoRows.size() && apoRows[j + 1]->m_poEntry == apoRows[j]->m_poEntry;
-            sText += oWords.m_asOnly[i] + ": " + DescribeMode(*apoRows[j]) +
-                     (bPair ? ", and at " + GetShortRate(apoRows[j + 1]->m_oMode) + " Hz" : "") + "\n";
-            j += bPair ? 1 : 0;
+            sText += oWords.m_asOnly[i] + ": " + DescribeMode(*oMode.m_poRow) + oMode.GetPartnerText() + "\n";
         }
     }
-    if (!oRules.m_bAll)
-    {
-        return sText;
-    }
-    const auto fnValue = [](const std::string& sValue) { return sValue.empty() ? std::string("-") : sValue; };
     for (const SFactDifference& oFact : oDiff.GetFacts())
     {
-        sText += oFact.m_sName + ": " + fnValue(oFact.m_asValues[0]) + " | " + fnValue(oFact.m_asValues[1]) + "\n";
+        sText += oFact.m_sName + ": " + oFact.m_asWords[0] + " | " + oFact.m_asWords[1] + "\n";
     }
+    const auto fnValue = [](const std::string& sValue) { return sValue.empty() ? std::string("missing") : sValue; };
     for (const SFieldDifference& oField : oDiff.GetFields())
     {
         sText += std::string(CZorEdidMap::GetId(oField.m_eId)) + " (" + oField.m_sPath +
@@ -441,7 +469,7 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffRules& oRules, cons
     return sText;
 }
 
-void WriteDiff(const CImageDiff& oDiff, const SDiffRules& oRules, CJsonWriter& oJson)
+void WriteDiff(const CImageDiff& oDiff, CJsonWriter& oJson)
 {
     constexpr const char* apszOnly[] = { "only_in_first", "only_in_second" };
     constexpr const char* apszSides[] = { "first", "second" };
@@ -449,13 +477,13 @@ void WriteDiff(const CImageDiff& oDiff, const SDiffRules& oRules, CJsonWriter& o
     for (size_t i = 0; i < 2; ++i)
     {
         oJson.BeginArray(apszOnly[i]);
-        for (const SModeRow* poRow : oDiff.ListOnly(i, oRules.m_bEstablished))
+        for (const SModeRow* poRow : oDiff.ListOnly(i))
         {
             WriteMode(*poRow, oJson);
         }
         oJson.EndArray();
     }
-    if (!oRules.m_bIgnorePreferred && oDiff.DifferInPreferred())
+    if (oDiff.DifferInPreferred())
     {
         oJson.BeginObject("preferred");
         for (size_t i = 0; i < 2; ++i)
@@ -469,7 +497,7 @@ void WriteDiff(const CImageDiff& oDiff, const SDiffRules& oRules, CJsonWriter& o
         oJson.EndObject();
     }
     oJson.EndObject();
-    if (!oRules.m_bAll)
+    if (!oDiff.GetRules().m_bAll)
     {
         return;
     }

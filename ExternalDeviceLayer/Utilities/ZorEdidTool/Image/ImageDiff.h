@@ -15,7 +15,7 @@
 
 class CJsonWriter;
 
-// One of the two, read in every way that the comparison needs. oInput must outlive it.
+// One of the two, read in every way that the comparison needs.
 struct SComparedImage
 {
     explicit SComparedImage(const std::vector<unsigned char>& aui8Bytes);
@@ -31,6 +31,7 @@ struct SFactDifference
     std::string m_sName; // "link.vrr.max_hz", "audio.formats"
     EZorEdidField m_eId;
     std::array<std::string, 2> m_asValues; // as JSON
+    std::array<std::string, 2> m_asWords;  // for people; "not said" for an empty one
 };
 
 // A field that the images say otherwise, or a group that only one of them has.
@@ -39,41 +40,8 @@ struct SFieldDifference
     EZorEdidField m_eId;
     std::string m_sPath;
     std::array<unsigned int, 2> m_auiFields; // of the maps; msc_uiNone where an image does not have it
-    std::array<std::string, 2> m_asValues; // as text; "there" for a group without a summary, empty where it is missing
+    std::array<std::string, 2> m_asValues; // as text; "present" for a group without a summary, empty if it is missing
 };
-
-class CImageDiff
-{
-public:
-    CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSecond);
-
-    // ---- Modes ----
-
-    bool DifferInPreferred() const { return m_bPreferred; }
-    // Established timings are left out unless bEstablished.
-    std::vector<const SModeRow*> ListOnly(size_t uiImage, bool bEstablished) const;
-    const SModePairs& GetPairs() const { return m_oPairs; }
-
-    // ---- The rest ----
-
-    const std::vector<SFactDifference>& GetFacts() const { return m_aoFacts; }
-    // But fields of a mode that only one image has, and fields of a fact that differs.
-    const std::vector<SFieldDifference>& GetFields() const { return m_aoFields; }
-
-    const SComparedImage& GetImage(size_t uiImage) const { return *m_apoImages[uiImage]; }
-
-private:
-    void FindFacts();
-
-    std::array<const SComparedImage*, 2> m_apoImages;
-    SModePairs m_oPairs;
-    bool m_bPreferred;
-    std::vector<SFactDifference> m_aoFacts;
-    std::vector<SFieldDifference> m_aoFields;
-};
-
-// "1920 x 1080p @ 60.000 Hz 148.500 MHz ... VIC 16", for people.
-std::string DescribeMode(const SModeRow& oRow);
 
 // Which parts of a comparison are wanted.
 struct SDiffRules
@@ -83,6 +51,54 @@ struct SDiffRules
     bool m_bIgnorePreferred = false;
 };
 
+// Both images must outlive it.
+class CImageDiff
+{
+public:
+    CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSecond, const SDiffRules& oRules);
+
+    // ---- Modes ----
+
+    // False where the rules ignore it.
+    bool DifferInPreferred() const { return m_bPreferred; }
+    // Established timings as the rules say.
+    std::vector<const SModeRow*> ListOnly(size_t uiImage) const { return ListOnly(uiImage, m_oRules.m_bEstablished); }
+    const SModePairs& GetPairs() const { return m_oPairs; }
+
+    // ---- The rest: empty unless the rules ask for all ----
+
+    const std::vector<SFactDifference>& GetFacts() const { return m_aoFacts; }
+    // But fields of a mode that only one image has, and fields of a fact that differs.
+    const std::vector<SFieldDifference>& GetFields() const { return m_aoFields; }
+
+    const SComparedImage& GetImage(size_t uiImage) const { return *m_apoImages[uiImage]; }
+    const SDiffRules& GetRules() const { return m_oRules; }
+
+private:
+    std::vector<const SModeRow*> ListOnly(size_t uiImage, bool bEstablished) const;
+    void FindFacts();
+
+    std::array<const SComparedImage*, 2> m_apoImages;
+    SDiffRules m_oRules;
+    SModePairs m_oPairs;
+    bool m_bPreferred;
+    std::vector<SFactDifference> m_aoFacts;
+    std::vector<SFieldDifference> m_aoFields;
+};
+
+// "1920 x 1080p @ 60.000 Hz 148.500 MHz ... VIC 16", for people.
+std::string DescribeMode(const SModeRow& oRow);
+
+// A mode, and its partner at 1000/1001 where that is listed next.
+struct SModeWithPartner
+{
+    const SModeRow* m_poRow;
+    const SModeRow* m_poPartner; // null for none
+
+    std::string GetPartnerText() const; // ", and at 59.94 Hz"; empty for none
+};
+std::vector<SModeWithPartner> GroupPartners(const std::vector<const SModeRow*>& apoRows);
+
 // What is put ahead of a mode that only one image has, and of the one that each prefers.
 struct SDiffWords
 {
@@ -91,6 +107,6 @@ struct SDiffWords
 };
 
 // Lines, none for images that say the same. A mode and its partner at 1000/1001 have one.
-std::string DescribeDiff(const CImageDiff& oDiff, const SDiffRules& oRules, const SDiffWords& oWords);
+std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords);
 // Members of the object that is open.
-void WriteDiff(const CImageDiff& oDiff, const SDiffRules& oRules, CJsonWriter& oJson);
+void WriteDiff(const CImageDiff& oDiff, CJsonWriter& oJson);

@@ -36,11 +36,13 @@ public:
     // poEdid, loaded from these bytes, with ListTimings of it: null for an image that the library refuses, whose modes
     // have no numbers.
     CImageModes(const std::vector<unsigned char>& aui8Bytes, const CEdid* poEdid, const CModes& aoListed);
+    CImageModes(const CImageModes&) = delete; // rows point into m_oModes
+    CImageModes& operator=(const CImageModes&) = delete;
 
     const std::vector<SModeRow>& GetRows() const { return m_aoRows; }
     // The most preferred mode; null without one.
     const SModeRow* FindPreferred() const;
-    // Timings of the lists that are no mode of a row, in the order of aoListed.
+    // Timings of the lists that no row has, in the order of aoListed, which must outlive them.
     const std::vector<const SImageMode*>& GetStrays() const { return m_apoStrays; }
 
 private:

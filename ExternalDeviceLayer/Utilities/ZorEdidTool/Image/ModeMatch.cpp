@@ -3,7 +3,6 @@
 #include "ModeMatch.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -31,67 +30,135 @@ bool IsNear(double dFirst, double dSecond)
     return dFirst <= dSecond * dFactor && dSecond <= dFirst * dFactor;
 }
 
-bool IsSameClock(const SModeRow& oFirst, const SModeRow& oSecond)
+bool AreNear(const SModeRow& oFirst, const SModeRow& oSecond)
 {
-    return oFirst.m_oMode.m_ullClock == oSecond.m_oMode.m_ullClock &&
-           GetRate(oFirst.m_oMode) == GetRate(oSecond.m_oMode);
+    return IsNear(GetRate(oFirst.m_oMode), GetRate(oSecond.m_oMode));
 }
 
-bool IsSameKind(const SModeRow& oFirst, const SModeRow& oSecond)
+using CKey = decltype(MakeKey(std::declval<const SModeRow&>()));
+using CClass = std::tuple<SZorMode::EModeKind, unsigned long long, double>; // kind of field, clock, rate
+
+CClass MakeClass(const SModeRow& oRow)
 {
-    return oFirst.m_oMode.m_eKind == oSecond.m_oMode.m_eKind;
+    return { oRow.m_oMode.m_eKind, oRow.m_oMode.m_ullClock, GetRate(oRow.m_oMode) };
 }
 
-using CAccepts = bool (*)(const SModeRow& oFirst, const SModeRow& oSecond);
+bool IsSameKind(const CClass& oFirst, const CClass& oSecond) { return std::get<0>(oFirst) == std::get<0>(oSecond); }
+
+bool IsSameClock(const CClass& oFirst, const CClass& oSecond)
+{
+    return std::get<1>(oFirst) == std::get<1>(oSecond) && std::get<2>(oFirst) == std::get<2>(oSecond);
+}
+
+using CAccepts = bool (*)(const CClass& oFirst, const CClass& oSecond);
 constexpr CAccepts gsc_apfnPasses[] = {
-    [](const SModeRow& oFirst, const SModeRow& oSecond) { return oFirst.IsPreferred() && oSecond.IsPreferred(); },
-    [](const SModeRow& oFirst, const SModeRow& oSecond) {
-        return IsSameClock(oFirst, oSecond) && IsSameKind(oFirst, oSecond);
-    },
+    [](const CClass& oFirst, const CClass& oSecond) { return oFirst == oSecond; },
     IsSameClock,
     IsSameKind,
-    [](const SModeRow&, const SModeRow&) { return true; },
+    [](const CClass&, const CClass&) { return true; },
+};
+
+// Pairs modes, of each as the list has them. An image may announce one mode ten thousand times: modes that the passes do
+// not tell apart are a class, and a mode looks for a partner among classes.
+class CMatch
+{
+public:
+    CMatch(const std::vector<SModeRow>& aoFirst, const std::vector<SModeRow>& aoSecond)
+        : m_aoFirst(aoFirst), m_aoSecond(aoSecond),
+          m_oPairs{ { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
+                      std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) } }
+    {
+        for (size_t i = 0; i < aoSecond.size(); ++i)
+        {
+            m_oFree[MakeKey(aoSecond[i])][MakeClass(aoSecond[i])].m_auiRows.push_back(i);
+        }
+    }
+
+    SModePairs Match()
+    {
+        PairPreferred();
+        for (const CAccepts pfnAccepts : gsc_apfnPasses)
+        {
+            for (size_t i = 0; i < m_aoFirst.size(); ++i)
+            {
+                if (m_oPairs.IsOnlyHere(0, i))
+                {
+                    PairFirst(i, pfnAccepts);
+                }
+            }
+        }
+        return std::move(m_oPairs);
+    }
+
+private:
+    struct SFree
+    {
+        std::vector<size_t> m_auiRows; // of the second list
+        size_t m_uiNext = 0;           // those before it have partners
+    };
+
+    void Pair(size_t uiFirst, size_t uiSecond)
+    {
+        m_oPairs.m_aauiPartners[0][uiFirst] = uiSecond;
+        m_oPairs.m_aauiPartners[1][uiSecond] = uiFirst;
+    }
+
+    void PairPreferred()
+    {
+        const auto itFirst = std::ranges::find_if(m_aoFirst, &SModeRow::IsPreferred);
+        const auto itSecond = std::ranges::find_if(m_aoSecond, &SModeRow::IsPreferred);
+        if (itFirst != m_aoFirst.end() && itSecond != m_aoSecond.end() && IsSameMode(*itFirst, *itSecond))
+        {
+            Pair(static_cast<size_t>(itFirst - m_aoFirst.begin()), static_cast<size_t>(itSecond - m_aoSecond.begin()));
+        }
+    }
+
+    // The first row of a class that has no partner yet; gsc_uiNoPartner for none.
+    size_t FindNext(SFree& oFree) const
+    {
+        while (oFree.m_uiNext < oFree.m_auiRows.size() && !m_oPairs.IsOnlyHere(1, oFree.m_auiRows[oFree.m_uiNext]))
+        {
+            ++oFree.m_uiNext;
+        }
+        return oFree.m_uiNext < oFree.m_auiRows.size() ? oFree.m_auiRows[oFree.m_uiNext] : gsc_uiNoPartner;
+    }
+
+    void PairFirst(size_t uiFirst, CAccepts pfnAccepts)
+    {
+        const SModeRow& oRow = m_aoFirst[uiFirst];
+        const auto itClasses = m_oFree.find(MakeKey(oRow));
+        if (itClasses == m_oFree.end())
+        {
+            return;
+        }
+        size_t uiPartner = gsc_uiNoPartner; // the largest number
+        for (auto& [oClass, oFree] : itClasses->second)
+        {
+            const size_t uiNext = pfnAccepts(MakeClass(oRow), oClass) ? FindNext(oFree) : gsc_uiNoPartner;
+            if (uiNext < uiPartner && AreNear(oRow, m_aoSecond[uiNext]))
+            {
+                uiPartner = uiNext;
+            }
+        }
+        if (uiPartner != gsc_uiNoPartner)
+        {
+            Pair(uiFirst, uiPartner);
+        }
+    }
+
+    const std::vector<SModeRow>& m_aoFirst;
+    const std::vector<SModeRow>& m_aoSecond;
+    SModePairs m_oPairs;
+    std::map<CKey, std::map<CClass, SFree>> m_oFree;
 };
 } // namespace
 
 bool IsSameMode(const SModeRow& oFirst, const SModeRow& oSecond)
 {
-    return MakeKey(oFirst) == MakeKey(oSecond) && IsNear(GetRate(oFirst.m_oMode), GetRate(oSecond.m_oMode));
+    return MakeKey(oFirst) == MakeKey(oSecond) && AreNear(oFirst, oSecond);
 }
 
 SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond)
 {
-    const std::vector<SModeRow>& aoFirst = oFirst.GetRows();
-    const std::vector<SModeRow>& aoSecond = oSecond.GetRows();
-    SModePairs oPairs = { { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
-                            std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) } };
-    std::map<decltype(MakeKey(std::declval<const SModeRow&>())), std::vector<size_t>> aoFree; // of the second list
-    for (size_t i = 0; i < aoSecond.size(); ++i)
-    {
-        aoFree[MakeKey(aoSecond[i])].push_back(i);
-    }
-    std::vector<std::vector<size_t>*> apauiFree; // the free entries that each of the first list may take
-    std::ranges::transform(aoFirst, std::back_inserter(apauiFree),
-                           [&](const SModeRow& oRow) { return &aoFree[MakeKey(oRow)]; });
-    for (const CAccepts pfnAccepts : gsc_apfnPasses)
-    {
-        for (size_t i = 0; i < aoFirst.size(); ++i)
-        {
-            if (!oPairs.IsOnlyHere(0, i))
-            {
-                continue;
-            }
-            const auto itPartner = std::ranges::find_if(*apauiFree[i], [&](size_t uiSecond) {
-                return pfnAccepts(aoFirst[i], aoSecond[uiSecond]) &&
-                       IsNear(GetRate(aoFirst[i].m_oMode), GetRate(aoSecond[uiSecond].m_oMode));
-            });
-            if (itPartner != apauiFree[i]->end())
-            {
-                oPairs.m_aauiPartners[0][i] = *itPartner;
-                oPairs.m_aauiPartners[1][*itPartner] = i;
-                apauiFree[i]->erase(itPartner);
-            }
-        }
-    }
-    return oPairs;
+    return CMatch(oFirst.GetRows(), oSecond.GetRows()).Match();
 }

@@ -153,18 +153,13 @@ std::vector<SDifference> ListModes(const CImageDiff& oDiff)
     }
     for (size_t i = 0; i < 2; ++i)
     {
-        const SModeRow* poLast = nullptr;
-        for (const SModeRow* poRow : oDiff.ListOnly(i, true))
+        for (const SModeWithPartner& oMode : GroupPartners(oDiff.ListOnly(i)))
         {
-            if (poLast != nullptr && poLast->m_poEntry == poRow->m_poEntry)
-            {
-                aoModes.back().m_sName += ", and at " + GetShortRate(poRow->m_oMode) + " Hz";
-                continue;
-            }
-            poLast = poRow;
-            aoModes.push_back({ {}, GetLongName(*poRow), { "not there", "not there" } });
-            aoModes.back().m_auiPlaces[i] = poRow->m_poEntry->m_uiOffset;
-            aoModes.back().m_asValues[i] = GetSourceWithMarks(*poRow);
+            const SModeRow& oRow = *oMode.m_poRow;
+            SDifference oDifference = { {}, GetLongName(oRow) + oMode.GetPartnerText(), { "missing", "missing" } };
+            oDifference.m_auiPlaces[i] = oRow.m_poEntry->m_uiOffset;
+            oDifference.m_asValues[i] = GetSourceWithMarks(oRow);
+            aoModes.push_back(oDifference);
         }
     }
     return aoModes;
@@ -182,38 +177,15 @@ std::optional<unsigned int> FindPlace(const CZorEdidMap& oMap, EZorEdidField eId
     return std::nullopt;
 }
 
-// JSON with blanks between its values, where lines may break.
-std::string WithBlanks(const std::string& sJson)
-{
-    std::string sText;
-    bool bString = false;
-    for (size_t i = 0; i < sJson.size(); ++i)
-    {
-        sText += sJson[i];
-        bString = bString != (sJson[i] == '"');
-        if (bString && sJson[i] == '\\')
-        {
-            sText += sJson[++i];
-        }
-        else if (!bString && (sJson[i] == ',' || sJson[i] == ':'))
-        {
-            sText += ' ';
-        }
-    }
-    return sText;
-}
-
 std::vector<SDifference> ListFacts(const CImageDiff& oDiff)
 {
     std::vector<SDifference> aoFacts;
     for (const SFactDifference& oFact : oDiff.GetFacts())
     {
-        SDifference oDifference = { {}, oFact.m_sName, {} };
+        SDifference oDifference = { {}, oFact.m_sName, oFact.m_asWords };
         for (size_t i = 0; i < 2; ++i)
         {
-            const bool bSaid = !oFact.m_asValues[i].empty();
-            oDifference.m_asValues[i] = bSaid ? WithBlanks(oFact.m_asValues[i]) : "not said";
-            if (bSaid && oFact.m_eId != eZorEdidField_None)
+            if (!oFact.m_asValues[i].empty() && oFact.m_eId != eZorEdidField_None)
             {
                 oDifference.m_auiPlaces[i] = FindPlace(oDiff.GetImage(i).m_oPart.m_oMap, oFact.m_eId);
             }
@@ -231,9 +203,9 @@ std::vector<SDifference> ListFields(const CImageDiff& oDiff)
         SDifference oDifference = { {}, oField.m_sPath, {} };
         for (size_t i = 0; i < 2; ++i)
         {
-            const bool bThere = oField.m_auiFields[i] != CZorEdidMap::msc_uiNone;
-            oDifference.m_asValues[i] = bThere ? oField.m_asValues[i] : "not there";
-            if (bThere)
+            const bool bPresent = oField.m_auiFields[i] != CZorEdidMap::msc_uiNone;
+            oDifference.m_asValues[i] = bPresent ? oField.m_asValues[i] : "missing";
+            if (bPresent)
             {
                 oDifference.m_auiPlaces[i] = oDiff.GetImage(i).m_oPart.Get(oField.m_auiFields[i]).m_uiOffset;
             }
@@ -269,8 +241,8 @@ CHtml MakeDifferences(const SPage& oPage)
     AddList(oPage, "Modes", ListModes(oDiff), oLists);
     AddList(oPage, "Facts", ListFacts(oDiff), oLists);
     AddList(oPage, "Other fields", ListFields(oDiff), oLists);
-    oHtml << "<p>" << CountDifferentBytes(oPage) << " bytes differ. Modes only in A: " << oDiff.ListOnly(0, true).size()
-          << ", only in B: " << oDiff.ListOnly(1, true).size() << ".</p>\n";
+    oHtml << "<p>" << CountDifferentBytes(oPage) << " bytes differ. Modes only in A: " << oDiff.ListOnly(0).size()
+          << ", only in B: " << oDiff.ListOnly(1).size() << ".</p>\n";
     if (oLists.IsEmpty())
     {
         return oHtml << "<p class=\"good\">Both say the same.</p>\n";

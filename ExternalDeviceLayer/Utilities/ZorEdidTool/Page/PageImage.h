@@ -48,7 +48,8 @@ struct SPageImage
 struct SPageComparison
 {
     SPageComparison(const SPageImage& oFirst, const SPageImage& oSecond)
-        : m_oFirst(oFirst.m_oInput.m_aui8Bytes), m_oSecond(oSecond.m_oInput.m_aui8Bytes), m_oDiff(m_oFirst, m_oSecond)
+        : m_oFirst(oFirst.m_oInput.m_aui8Bytes), m_oSecond(oSecond.m_oInput.m_aui8Bytes),
+          m_oDiff(m_oFirst, m_oSecond, { .m_bAll = true, .m_bEstablished = true })
     {
     }
 

@@ -371,7 +371,7 @@ class Files(unittest.TestCase):
             out = os.path.join(folder, "out.bin")
             text = run(MONITOR, "-o", out, "--audio-remove", "0", "--diff")[1].decode()
             self.assertEqual(1, text.count("\n"), text)
-            self.assertRegex(text, r'^audio\.formats: \{"code":1,.*\} \| -\n')
+            self.assertRegex(text, r'^audio\.formats: code 1; name PCM; .* \| not said\n')
             done = subprocess.run([COMMAND, "compare", "--bytes", MONITOR, out], stdout=subprocess.PIPE, timeout=60)
         lines = done.stdout.decode().splitlines()
         self.assertEqual(1, done.returncode)

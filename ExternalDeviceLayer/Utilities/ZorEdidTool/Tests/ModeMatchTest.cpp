@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "CommandLine.h"
@@ -59,6 +60,24 @@ TEST(ModeMatch, EachModeCountsAsOftenAsItIsNamed)
         const SModePairs oPairs = MatchModes(oFirst, oSecond);
         EXPECT_EQ(oCase.m_auiFirst, oPairs.m_aauiPartners[0]) << &oCase - aoCases;
         EXPECT_EQ(oCase.m_auiSecond, oPairs.m_aauiPartners[1]) << &oCase - aoCases;
+    }
+}
+
+// Every pair of them would be looked at 100 million times.
+TEST(ModeMatch, OneModeTenThousandTimesTakesNoLongTime)
+{
+    CBytes aui8Block = Join({ { 2, 3, 0x7E, 0 }, CBytes(122, 16) }); // VIC 16
+    for (const size_t uiHeader : { 4U, 36U, 68U, 100U })
+    {
+        aui8Block[uiHeader] = static_cast<unsigned char>(0x40 + std::min<size_t>(0x7E - uiHeader - 1, 31));
+    }
+    aui8Block.resize(gsc_uiBlockSize);
+    const CImageModes oModes(MakeEdid(std::vector<CBytes>(255, FixChecksums(aui8Block))), nullptr, {});
+    ASSERT_LT(10000U, oModes.GetRows().size());
+    const SModePairs oPairs = MatchModes(oModes, oModes);
+    for (size_t i = 0; i < oModes.GetRows().size(); ++i)
+    {
+        ASSERT_EQ(i, oPairs.m_aauiPartners[0][i]);
     }
 }
 

@@ -478,7 +478,7 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
                     "block 1: VIC 16"));
     EXPECT_TRUE(Has(sHtml, "<a href=\"#a12\">0x0c</a> <strong>identity.serial_number</strong> <span>A: 1</span> "
                            "<span>B: 9</span>"));
-    EXPECT_TRUE(Has(sHtml, "<strong>CTA-861 extension block</strong> <span>A: there</span> <span>B: not there</span>"));
+    EXPECT_TRUE(Has(sHtml, "<strong>CTA-861 extension block</strong> <span>A: present</span> <span>B: missing</span>"));
     EXPECT_EQ(0U, Count(sHtml, "erial number</strong>")); // its fact says it
     EXPECT_EQ(0U, Count(sHtml, "Video data block"));
     EXPECT_TRUE(

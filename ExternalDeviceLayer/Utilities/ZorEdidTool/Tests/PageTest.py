@@ -272,7 +272,7 @@ class PageTest(unittest.TestCase):
                              [f"{key}{offset}" for offset in (0x10, 0x26, 0x27, 0x7F)])
         lines = [row["text"] for row in page.all(tag="li")]
         self.assertIn("0x10 identity.week A: 34 B: 35", lines)
-        self.assertIn("0x26 1152 \u00d7 864 at 75 Hz, 108.000 MHz A: Standard timings B: not there", lines)
+        self.assertIn("0x26 1152 \u00d7 864 at 75 Hz, 108.000 MHz A: Standard timings B: missing", lines)
         self.assertIn("4 bytes differ. Modes only in A: 1, only in B: 0.", page.all(tag="main")[0]["text"])
         self.assertEqual([row["text"] for row in page.all(_class="differs", tag="tr")][0].split()[:3],
                          ["standard", "0A1152", "\u00d7"])

@@ -64,8 +64,7 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
     const SComparedImage oOne(oFirst.m_aui8Bytes);
     const SComparedImage oOther(oSecond.m_aui8Bytes);
     const CImageDiff oDiff(oOne, oOther, oOptions.m_oRules);
-    const std::string sLines =
-        DescribeDiff(oDiff, MakeWords(ShowName(oFirst.m_sName), ShowName(oSecond.m_sName)));
+    const std::string sLines = DescribeDiff(oDiff, MakeWords(ShowName(oFirst.m_sName), ShowName(oSecond.m_sName)));
     oOutcome.Note(sLines.empty() ? eExit_Good : eExit_Finding);
     oOutcome.m_sOut = oOptions.m_bJson ? MakeJson(oOptions, oDiff, sLines.empty())
                       : sLines.empty() ? "same\n"

@@ -40,7 +40,7 @@ struct SFieldDifference
     EZorEdidField m_eId;
     std::string m_sPath;
     std::array<unsigned int, 2> m_auiFields; // of the maps; msc_uiNone where an image does not have it
-    std::array<std::string, 2> m_asValues; // as text; "present" for a group without a summary, empty if it is missing
+    std::array<std::string, 2> m_asValues;   // as text; "present" for a group without a summary, empty if it is missing
 };
 
 // Which parts of a comparison are wanted.

@@ -58,15 +58,15 @@ constexpr CAccepts gsc_apfnPasses[] = {
     [](const CClass&, const CClass&) { return true; },
 };
 
-// Pairs modes, of each as the list has them. An image may announce one mode ten thousand times: modes that the passes do
+// Pairs modes. An image may announce one mode ten thousand times: modes that the passes do
 // not tell apart are a class, and a mode looks for a partner among classes.
 class CMatch
 {
 public:
     CMatch(const std::vector<SModeRow>& aoFirst, const std::vector<SModeRow>& aoSecond)
-        : m_aoFirst(aoFirst), m_aoSecond(aoSecond),
-          m_oPairs{ { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
-                      std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) } }
+        : m_aoFirst(aoFirst),
+          m_aoSecond(aoSecond), m_oPairs{ { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
+                                            std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) } }
     {
         for (size_t i = 0; i < aoSecond.size(); ++i)
         {

@@ -1,0 +1,265 @@
+"""The known differences between this library and edid-decode: a name, who is right, and what the values must be.
+
+An excuse looks at both values and at the bytes of the image, so that a wrong value of this library is not excused; only
+where the bytes break the standards ("neither"), nobody's value counts. docs/comparison.md explains each.
+"""
+import re
+
+from PeerFacts import BLOCK_SIZE, plain
+
+CTA, DISPLAYID = 2, 0x70
+BASE_HEADER = bytes((0, *[255] * 6, 0))
+DEPTHS = (6, 8, 10, 12, 14, 16)
+ODD_BYTES = (AttributeError, TypeError, ValueError, IndexError, KeyError, ZeroDivisionError, OverflowError)
+
+
+class Case:
+    """A difference: items, either may be None; values of the word, None where a side has none; the image."""
+
+    def __init__(self, own, peer, word, image):
+        self.own, self.peer, self.word, self.image = own, peer, word, image.bytes
+        self.lines = image.lines  # of edid-decode
+        self.item = own or peer
+        self.ours, self.theirs = (side and side.values.get(word) for side in (own, peer))
+        self.number = self.item.block
+        self.block = self.image[self.number * BLOCK_SIZE:(self.number + 1) * BLOCK_SIZE]
+
+    def byte(self, offset):
+        """A byte of the group."""
+        return self.image[self.own.begin + offset]
+
+    def word16(self, offset):
+        return self.byte(offset) + 256 * self.byte(offset + 1)
+
+    def stored(self, word):
+        """The bits of a field as the image has them."""
+        value = 0
+        for piece in self.own.fields[word]["pieces"]:
+            mask = piece["mask"]
+            value = (value << bin(mask).count("1")
+                     | (self.image[piece["offset"]] & mask) >> (mask & -mask).bit_length() - 1)
+        return value
+
+    def is_stored(self):
+        """Whether the value is the bits of the image."""
+        return self.own.fields[self.word]["value"] == self.stored(self.word)
+
+    def is_bare(self, word, least, most):
+        """Whether the item is a code of one byte outside of the range."""
+        return self.own.values == {word: str(self.byte(0))} and not least <= self.byte(0) <= most
+
+    def number_of(self, word):
+        return float(self.own.values[word])
+
+    def descriptors(self):
+        """All that may be a descriptor of 18 bytes in the block."""
+        return [self.block[i:i + 18] for i in range(BLOCK_SIZE - 18)]
+
+    def other_base(self):
+        """Whether another base block is ahead of the block."""
+        return any(self.image[i * BLOCK_SIZE:][:8] == BASE_HEADER for i in range(1, self.number))
+
+    def is_first_section(self):
+        return DISPLAYID not in [self.image[i * BLOCK_SIZE] for i in range(1, self.number)]
+
+
+def pq(code):
+    """Luminance of a code of 12 bits, in cd/m2 (SMPTE ST 2084)."""
+    power = (code / 4095) ** (1 / 78.84375)
+    return 10000 * (max(power - 0.8359375, 0) / (18.8515625 - 18.6875 * power)) ** (1 / 0.1593017578125)
+
+
+def is_second_luminance(case):
+    most = 50 * 2 ** (case.stored("second-max-luminance") / 32)
+    least = most * (case.stored("second-min-luminance") / 255) ** 2 / 100
+    return case.theirs is None and abs(float(case.ours) - (most if "max" in case.word else least)) < 0.001
+
+
+def is_of_library(case):
+    """The library says negative for both where the sync is not digital and separate."""
+    words = [word for word in case.own.values if not re.search("size|polarity", word)]
+    clock = round(case.number_of("pixel-clock") * 100)
+    return (case.own.values["size"] == case.peer.values["size"]
+            and all(case.number_of(word) == float(case.peer.values[word]) for word in words)
+            and all(case.own.values[f"{way}-sync-polarity"] == "negative" for way in ("horizontal", "vertical"))
+            and any(part[0] + 256 * part[1] == clock and part[17] & 0x18 != 0x18 for part in case.descriptors()))
+
+
+def is_vendor_of_bytes(case):
+    stored = [f"{case.byte(i):02X}" for i in (3, 4, 5)]
+    return case.ours == "-".join(stored) and case.theirs == "-".join(reversed(stored))
+
+
+def is_type_x(case):
+    rate = float(case.own.values.get("hz", case.own.values.get("rate")))
+    return (case.peer is None and case.own.values["size"] == f"{case.word16(1) + 1}x{case.word16(3) + 1}"
+            and abs(rate - case.byte(5) - 1) < 1)
+
+
+def is_short_features(case):
+    stored = {f"{name}-{depth}bpc": "1" for i, name in enumerate(("rgb-444", "ycbcr-444", "ycbcr-422", "ycbcr-420"))
+              for bit, depth in enumerate(DEPTHS if i < 2 else DEPTHS[1:]) if case.byte(3 + i) >> bit & 1}
+    return case.peer is None and case.byte(2) < 9 and case.own.values == stored
+
+
+def is_on_other_curve(case):
+    code = int(case.peer.values[case.word + "-pq"])
+    return abs(pq(code) - float(case.ours)) < 0.001 and abs(float(case.theirs) / float(case.ours) - 1) < 0.05
+
+
+def is_panel_text(case):
+    texts = [plain(case.image[at + 5:at + 18].split(b"\n")[0].decode("latin-1")) for at in (90, 108)]
+    return case.peer is None and plain(case.own.values["text"]) in texts
+
+
+def is_assumed(case):
+    if case.ours is None:
+        return case.own.assumed
+    rate = case.byte(1) % 64 + 60
+    return (case.own.assumed and all(abs(float(side.values["rate"]) - rate) < 0.6 for side in (case.own, case.peer))
+            and abs(float(case.ours) / float(case.theirs) - 1) < 0.1)
+
+
+def is_flat(case):
+    return "0" in case.item.values["size"].rstrip("i").split("x") and any(
+        0 in (part[2] | (part[4] & 0xF0) << 4, part[5] | (part[7] & 0xF0) << 4) for part in case.descriptors())
+
+
+def is_halved(case):
+    words = [word for word in ("vertical-front-porch", "vertical-sync-width") if word in case.own.values]
+    return case.own.values["size"].endswith("i") and all(
+        int(case.own.values[word]) // 2 == int(case.peer.values[word]) for word in words)
+
+
+def is_printed_as_bytes(case):
+    raw = [bytes.fromhex(found[1]) for line in case.lines if (found := re.search("mode: ((?:[0-9a-f]{2} )+)", line))]
+    clock = float(case.own.values.get("pixel-clock", case.own.values.get("clock")))
+    return any(part[0] + 256 * part[1] == round(clock * 100) for part in raw)
+
+
+def is_wrapped(case):
+    clocks = [float(side.values["pixel-clock"]) for side in (case.own, case.peer)]
+    return clocks[1] > 4294 and abs((clocks[1] * 1e6) % 2 ** 32 / 1e6 - clocks[0]) < 0.001
+
+
+def is_rate_with_border(case):
+    line, field = (case.byte(i) + case.byte(i + 1) + (case.byte(i + 2) >> 4 << 8) + (case.byte(i + 2) % 16 << 8)
+                   for i in (2, 5))
+    return (case.byte(16) and case.byte(17) & 0x80
+            and abs(case.word16(0) * 10000 / line / (field + 0.5) - float(case.ours)) < 0.001)
+
+
+def is_short_hdmi(case):
+    return case.own is None and any(byte >> 5 == 3 and case.block[i + 1:i + 4] == b"\x03\x0c\x00"
+                                    for i, byte in enumerate(case.block))
+
+
+def has_odd_length(case):
+    length = case.byte(0) % 32 if case.block[0] == CTA else case.byte(2)
+    usual = {"cta.speakers": (3,), "displayid.tiled": (22,)}.get(case.item.group, range(8, 32))
+    return None in (case.ours, case.theirs) and length not in usual
+
+
+def is_malformed(case):
+    """Whether programs may differ over the walk of the data blocks."""
+    block, offset = case.block, 4
+    if block[0] == DISPLAYID:
+        offset, end = 5, block[2] + 5
+        while offset + 3 <= end <= 126 and any(block[offset:end]):
+            offset += 3 + block[offset + 2]
+        return end > 126 or offset > end
+    if block[0] != CTA or block[2] == 0 and block[1] > 0:
+        return False
+    if block[1] < 3 or not 4 <= block[2] <= 127:
+        return True
+    while offset < block[2]:
+        if block[offset] >> 5 == 1 and block[offset] % 32 % 3:  # audio descriptors have three bytes
+            return True
+        offset += 1 + block[offset] % 32
+    return offset != block[2]
+
+
+# Name, who is right, groups, words (empty for an item that one side has alone), what must hold.
+EXCUSES = (
+    ("further-section", "both", "displayid.section", ".*",
+     lambda case: not case.is_first_section() and case.theirs is None and case.is_stored()),
+    ("amd-not-valid", "here", "cta.amd", ".*luminance",
+     lambda case: case.ours is None and case.stored("luminances-valid") == 0),
+    ("amd-second", "here", "cta.amd", "second-.*", is_second_luminance),
+    ("amd-rate", "here", "cta.amd", "max-refresh-rate",
+     lambda case: case.number_of("version") >= 3 and int(case.ours) == case.stored("max-refresh-rate")),
+    ("polarity", "here", "base.detailed", ".*sync-polarity",
+     lambda case: case.ours is None and case.theirs == "N" and case.byte(17) & 0x18 != 0x18),
+    ("polarity", "both", "library.detailed", "", is_of_library),
+    ("standard-of-256", "here", "(mode:)?base.standard", "",
+     lambda case: case.peer is None and case.own.values["size"].startswith("256x") and case.byte(0) == 1 != case.byte(1)),
+    ("panel-flags", "here", "base.detailed", "sync-type|stereo",
+     lambda case: case.own.begin == 72 and case.theirs is None and case.is_stored()
+     and all(case.image[at:at + 2] == b"\0\0" and case.image[at + 3] == 0xFE for at in (90, 108))),
+    ("panel-texts", "here", "base.string", "", is_panel_text),
+    ("vendor-id-order", "here", "displayid.vendor", "id", is_vendor_of_bytes),
+    ("hdr10plus-byte", "here", "cta.hdr10-plus", "application-version",
+     lambda case: int(case.theirs) & 3 == int(case.ours) == case.byte(5) & 3),
+    ("type-x", "here", ".*displayid.formula", "", is_type_x),
+    ("short-features", "both", "displayid.interface", "", is_short_features),
+    ("dolby-curve", "here", "cta.dolby-vision", "target-.*-luminance", is_on_other_curve),
+    ("native-depth", "here", "displayid.parameters", "native-bit-depth",
+     lambda case: DEPTHS.index(int(case.theirs)) == DEPTHS.index(int(case.ours.split(" ")[0])) + 1),
+    ("no-code", "both", "cta.video.descriptor|cta.video-reference", "",
+     lambda case: case.peer is None and case.own.values == {"vic": str(case.byte(0))}
+     and (case.byte(0) in (0, 128) or case.byte(0) > 219)),
+    ("no-code", "both", "displayid.code", "", lambda case: case.peer is None and case.is_bare("dmt-id", 1, 88)),
+    ("latency-formula", "here", "cta.hdmi", ".*latency", lambda case: int(case.theirs) == int(case.ours) + 3),
+    ("past-end", "here", "cta.hdmi.3d-.*", ".*", is_short_hdmi),
+    ("one-size", "both", "base.display", "screen-.*",
+     lambda case: 0 in case.image[21:23] and case.theirs is None and int(case.ours) == sum(case.image[21:23])),
+    ("audio-without-channels", "here", "cta.audio.descriptor", "channels",
+     lambda case: case.ours is None and case.byte(0) >> 3 == 15),
+    ("speaker-of-hdmi", "here", "cta.speakers.*", "lsd-rsd|rlc-rrc", lambda case: case.ours is None),
+    ("no-active", "both", "(mode:)?base.*", "", is_flat),
+    ("assumed-formula", "both", "mode:.*", "rate|clock", is_assumed),
+    ("week-54", "both", "base.identity", "week",
+     lambda case: case.ours is None and int(case.theirs) == case.image[16] > 54),
+    ("detailed-as-bytes", "both", ".*detailed", "", is_printed_as_bytes),
+    ("clock-wraps", "edid-decode", "library.detailed", "", is_wrapped),
+    ("dynamic-length", "both", "cta.hdr-dynamic.metadata", "",
+     lambda case: case.peer is None and int(case.own.values["type"]) == case.word16(1)),
+    ("interlaced-field", "both", "displayid.timing|library.detailed", "vertical-.*|", is_halved),
+    ("interlaced-border", "here", "mode:base.detailed", "rate", is_rate_with_border),
+    ("preferred-420", "here", "displayid.timing", "preferred",
+     lambda case: case.theirs is None and case.byte(3) & 0x88 == 0x88),
+    ("further-infoframes", "both", "cta.infoframe", "vendor-specific-at-once",
+     lambda case: int(case.ours) == int(case.theirs) + 1),
+    ("not-announced", "both", "mode:.*", "",
+     lambda case: case.own is None and (case.number > case.image[126] or case.other_base())),
+    ("cvt-version", "neither", "(mode:)?base.cvt-code", "",
+     lambda case: case.peer is None and case.number == 0
+     and case.image[case.own.begin - (case.own.begin - 54) % 18 + 5] != 1),
+    ("unknown-version", "neither", "(mode:)?base.(display|identity|standard|range)", ".*", lambda case: case.image[18] != 1),
+    ("range-before-1.4", "neither", "base.range", ".*",
+     lambda case: case.ours is None and case.image[19] < 4 and case.image[case.own.begin + 10] > 2),
+    ("displayid-version", "neither", "end|(mode:)?displayid.*", "",
+     lambda case: case.own is None and case.block[0] == DISPLAYID and case.block[1] >> 4 not in (1, 2)),
+    ("odd-length", "neither", "cta.speakers|cta.amd|displayid.tiled", ".*", has_odd_length),
+    ("malformed-block", "neither", "(mode:)?(cta|displayid).*|library.*", ".*", is_malformed),
+)
+# Where edid-decode is known to be silent, and not to have other words for the value.
+SILENT = ("further-section", "amd-second", "panel-flags", "one-size")
+PATTERNS = [(name, right, re.compile(groups + "$"), re.compile(f"({words})$"), check)
+            for name, right, groups, words, check in EXCUSES]
+
+
+def is_silent(group, word):
+    return any(name in SILENT and groups.match(group) and words.match(word) for name, _, groups, words, _ in PATTERNS)
+
+
+def excuse_of(own, peer, word, image):
+    """Name of an excuse and who is right; None for none."""
+    for name, right, groups, words, check in PATTERNS:
+        if groups.match((own or peer).group) and words.match(word):
+            try:
+                if check(Case(own, peer, word, image)):
+                    return name, right
+            except ODD_BYTES:  # a side without what the excuse compares
+                pass
+    return None

@@ -3,11 +3,11 @@
 
     compare-checks [--zoredid PROGRAM] [--peer PROGRAM] [--kinds FILE] FOLDER...
 
-A kind is a line of FILE, with tabs between: an expression for edid-decode's line of failure, "both", "theirs" or "ours",
-and our rule's id, or the reason: why we do not say it ("theirs"), or why edid-decode does not ("ours", where the
-expression is for the rule's id). A line that begins with # is a comment.
+A kind is a line of FILE, with tabs between: an expression for edid-decode's line of failure; "both", "theirs" or
+"ours"; and our rules' ids with commas between, or the reason: why we do not say it ("theirs"), or why edid-decode does
+not ("ours", where the expression is for the rule's id). A line that begins with # is a comment.
 
-Prints for each kind how often each side says it. The exit status is 1 when a failure, or a rule of weight, has no
+Prints for each kind how often edid-decode says it, and in how many images we do. The exit status is 1 when a failure, or a rule of weight, has no
 kind, or when an image that edid-decode fails has no error or warning here and a failure that is not "theirs".
 """
 import argparse
@@ -43,8 +43,8 @@ def failures(text):
 def findings(program, path):
     """(id, severity) of what this library finds."""
     answer = json.loads(run(program, "check", "--json", path, accepted=(0, 1)))
-    return [(finding.get("id", finding.get("field")), finding["severity"])
-            for check in answer["checks"] for finding in check["findings"]]
+    return {(finding.get("id", "no id"), finding["severity"])
+            for check in answer["checks"] for finding in check["findings"]}
 
 
 def find(kinds, text, *sides):
@@ -59,36 +59,34 @@ def main():
     parser.add_argument("folders", nargs="+", metavar="FOLDER")
     options = parser.parse_args()
     kinds = read_kinds(options.kinds)
+    known = {rule: kind for kind in kinds if kind.side == "both" for rule in kind.reason.split(",")}
     theirs, ours, counts, wrong = collections.Counter(), collections.Counter(), collections.Counter(), []
     for path in sorted(path for folder in options.folders for path in glob.glob(os.path.join(folder, "*.bin"))):
         name, lines = os.path.basename(path), failures(peer_text(options.peer, "--check", path))
         found = findings(options.zoredid, path)
-        has_weight = any(severity in WEIGHTY for _, severity in found)
+        rules = {rule for rule, _ in found}
+        weighty = {rule for rule, severity in found if severity in WEIGHTY}
         counts["images"] += 1
-        counts["edid-decode fails"] += bool(lines)
-        counts["errors or warnings here"] += has_weight
+        counts["images that edid-decode fails"] += bool(lines)
+        counts["images with an error or a warning here"] += bool(weighty)
         for line in lines:
             kind = find(kinds, line, "both", "theirs")
             theirs[kind] += 1
             if kind is None:
                 wrong.append(f"{name}: no kind: {line}")
-            elif kind.side == "both" and kind.reason not in (rule for rule, _ in found):
-                counts["kinds of both that only edid-decode says of an image"] += 1
-                if not has_weight:
+            elif kind.side == "both" and not rules & set(kind.reason.split(",")):
+                counts["failures of kinds of both that we do not say of that image"] += 1
+                if not weighty:
                     wrong.append(f"{name}: nothing of weight here, and edid-decode: {line}")
-        known = {kind.reason for kind in kinds if kind.side == "both"}
-        for rule in {rule for rule, severity in found if severity in WEIGHTY}:
-            kind = None if rule in known else find(kinds, rule, "ours")
-            ours[rule if rule in known else kind] += 1
-            if rule not in known and kind is None:
-                wrong.append(f"{name}: no kind: our rule {rule}")
-    print(*wrong, sep="\n")
+        ours.update({known.get(rule) or find(kinds, rule, "ours") for rule in rules})
+        wrong += [f"{name}: no kind: our rule {rule}" for rule in sorted(weighty - known.keys())
+                  if not find(kinds, rule, "ours")]
+    for text in wrong:
+        print(text)
     for name, count in counts.items():
         print(f"{count:7} {name}")
     for kind in kinds:
-        count = theirs[kind] if kind.side != "ours" else 0
-        own = ours[kind.reason] if kind.side == "both" else ours[kind]
-        print(f"{count:7} {own:7} {kind.side}: {kind.pattern.pattern}: {kind.reason}")
+        print(f"{theirs[kind]:7} {ours[kind]:7} {kind.side}: {kind.pattern.pattern}: {kind.reason}")
     sys.exit(1 if wrong or not counts["images"] else 0)
 
 

@@ -1,0 +1,44 @@
+"""CompareChecks.py with programs that say what a test wants: when it fails, and when not."""
+import os
+import subprocess
+import sys
+import tempfile
+
+SCRIPT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "CompareChecks.py")
+KINDS = "Duplicate VIC\tboth\tcta.twice,cta.other\nMissing VCDB\ttheirs\ta hint\n^our\\.\tours\tnobody else looks\n"
+# What it is, edid-decode's failures, our findings, what must be said; nothing for success.
+CASES = (
+    ("neither", (), (), ""),
+    ("both", ("Video: Duplicate VIC 4.",), (("cta.twice", "warning"),), ""),
+    ("both, ours a note", ("Video: Duplicate VIC 4.",), (("cta.other", "note"),), ""),
+    ("theirs", ("Missing VCDB, needed.",), (), ""),
+    ("ours", (), (("our.rule", "error"),), ""),
+    ("theirs without a kind", ("Another fault.",), (("our.rule", "error"),), "no kind: Another fault."),
+    ("ours without a kind", (), (("strange.rule", "warning"),), "no kind: our rule strange.rule"),
+    ("a note without a kind", (), (("strange.rule", "note"),), ""),
+    ("nothing of weight", ("Duplicate VIC 4.",), (("strange.rule", "note"),), "nothing of weight"),
+    ("another rule of weight", ("Duplicate VIC 4.",), (("our.rule", "error"),), ""),
+)
+
+
+def write(path, text):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+    os.chmod(path, 0o755)
+
+
+failed = 0
+for name, failures, findings, expected in CASES:
+    with tempfile.TemporaryDirectory() as folder:
+        write(f"{folder}/image.bin", "")
+        write(f"{folder}/kinds", KINDS)
+        lines = "".join(f"  {line}\\n" for line in failures)
+        write(f"{folder}/peer", f"#!/bin/sh\nprintf 'Warnings:\\n\\nFailures:\\n\\nBlock 1, CTA:\\n{lines}\\nEDID conformity: FAIL\\n'\n")
+        rules = ",".join(f'{{"id":"{rule}","severity":"{severity}"}}' for rule, severity in findings)
+        write(f"{folder}/zoredid", f"#!/bin/sh\necho '{{\"checks\":[{{\"findings\":[{rules}]}}]}}'\n")
+        run = subprocess.run([sys.executable, SCRIPT, "--zoredid", f"{folder}/zoredid", "--peer", f"{folder}/peer",
+                              "--kinds", f"{folder}/kinds", folder], capture_output=True, text=True, check=False)
+        if run.returncode != bool(expected) or expected not in run.stdout:
+            print(f"{name}: ended with {run.returncode}\n{run.stdout}{run.stderr}")
+            failed = 1
+sys.exit(failed)

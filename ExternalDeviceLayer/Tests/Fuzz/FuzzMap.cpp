@@ -1,7 +1,8 @@
 // Fuzz target: the input is an EDID image in any state; its map says each bit once, its facts are fields of the map,
-// and the list of modes has those of the map.
+// the list of modes has those of the map, and the findings are about its fields.
 
 #include "FactsCheck.h"
+#include "FindingsCheck.h"
 #include "FuzzSupport.h"
 #include "MapCheck.h"
 #include "ModesCheck.h"
@@ -18,6 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     Require((iRead != 0) == !aui8Image.empty(), "any bytes are read");
     const std::string sBroken = CheckMap(oMap);
     Require(sBroken.empty(), sBroken.c_str());
+    const std::string sFinding = CheckFindings(oMap);
+    Require(sFinding.empty(), sFinding.c_str());
     CZorEdidFacts oFacts;
     oFacts.Read(uiImage, pui8Copy.get());
     const std::string sWrong = CheckFacts(oFacts, oMap);

@@ -436,9 +436,24 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_ListedAsWide, CMap::eSeverity_Note, "library.listed-as.16-10", "the library lists it as 16:10", "",
       gsc_szListedAs },
 
+    // ---- Base block ----
+    { eZorEdidRule_YearInFuture, CMap::eSeverity_Warning, "base.year-in-future", "year", "E-EDID 1.4, 3.4.4",
+      "Inventories and drivers that sort quirks by age take the display for a newer one than it is." },
+
     // ---- What the library does not read ----
     { eZorEdidRule_UnreadBlock, CMap::eSeverity_Note, "library.unread-block", "the block is not read", "",
       "The numbered lists of the library lack what this block announces." },
+    { eZorEdidRule_UnreadPreferred, CMap::eSeverity_Note, "library.no-preferred-mode", "preferred mode", "",
+      "The text reports of the library begin with the preferred mode and are refused without one." },
+    { eZorEdidRule_UnreadRangeOffsets, CMap::eSeverity_Note, "library.range-offsets",
+      "the library reads no range limits with offsets", "",
+      "The reports of the library lack the range limits; map, facts and rules have them." },
+    { eZorEdidRule_UnreadDescriptor, CMap::eSeverity_Note, "library.descriptor",
+      "the library reads no display descriptor here", "",
+      "The library ends its list of timings at a display descriptor of a CTA-861 block, and so lacks those after it." },
+    { eZorEdidRule_UnlistedTiming, CMap::eSeverity_Note, "library.unlisted-timing",
+      "the library does not list this timing", "",
+      "The numbered lists of the library, and edits by number, lack the timing; modes and facts have it." },
 };
 
 constexpr bool IsBefore(const SZorEdidRule& oFirst, const SZorEdidRule& oSecond)

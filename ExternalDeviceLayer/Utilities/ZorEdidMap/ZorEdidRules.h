@@ -186,8 +186,15 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_ListedAs768 = 483,
     eZorEdidRule_ListedAsWide = 484,
 
+    // ---- Base block ----
+    eZorEdidRule_YearInFuture = 500,
+
     // ---- What the library does not read ----
     eZorEdidRule_UnreadBlock = 900,
+    eZorEdidRule_UnreadPreferred = 901,
+    eZorEdidRule_UnreadRangeOffsets = 902,
+    eZorEdidRule_UnreadDescriptor = 903,
+    eZorEdidRule_UnlistedTiming = 904,
 };
 
 /// What is known of a rule. All texts are static and never null.

@@ -2,8 +2,8 @@
 
 #include <atomic>
 
-#include "CheckRules.h"
 #include "CommandLine.h"
+#include "Findings.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapText.h"

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <map>
 
-#include "CheckRules.h"
 #include "FactWords.h"
+#include "Findings.h"
 #include "ImageModes.h"
 #include "JsonReport.h"
 #include "LoadedImage.h"

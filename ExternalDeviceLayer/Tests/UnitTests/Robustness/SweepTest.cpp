@@ -11,6 +11,7 @@
 #include "EdidExtBlockDisplayID.h"
 #include "EditRunner.h"
 #include "FactsCheck.h"
+#include "FindingsCheck.h"
 #include "ReadEverything.h"
 #include "RobustnessImages.h"
 
@@ -51,6 +52,7 @@ void LoadAndRead(const CBytes& aui8Image, bool bRead)
         CZorEdidMap oMap;
         oMap.Read(uiSize, pui8Copy.get());
         ASSERT_EQ("", CheckFacts(oFacts, oMap));
+        ASSERT_EQ("", CheckFindings(oMap));
     }
 }
 

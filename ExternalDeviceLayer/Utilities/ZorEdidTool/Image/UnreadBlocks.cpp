@@ -1,4 +1,4 @@
-// Why the library drops a block: what the classes of the blocks ask before they take one.
+// The blocks that the library drops, as error lines.
 
 #include "UnreadBlocks.h"
 
@@ -6,28 +6,7 @@
 #include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 #include "Tool.h"
-
-std::string FindUnreadReason(const unsigned char* pui8Block, const char* pszRepair)
-{
-    const unsigned int uiRevision = pui8Block[1];
-    switch (CEdidExtBlock::GetRefusal(CEdidUtils::msc_uiBlockSize, pui8Block))
-    {
-    case CEdidExtBlock::eRefusal_None:
-        return "";
-    case CEdidExtBlock::eRefusal_Revision:
-        return pui8Block[0] == gsc_uiDisplayIdTag
-                   ? FormatText("its DisplayID version is %u.%u, above 1.2", uiRevision >> 4, uiRevision & 0x0F)
-                   : FormatText("its revision is %u, above 3", uiRevision);
-    case CEdidExtBlock::eRefusal_SectionSize:
-        return "its DisplayID section runs past its end";
-    case CEdidExtBlock::eRefusal_Checksum:
-        return std::string("its checksum is wrong") + pszRepair;
-    case CEdidExtBlock::eRefusal_SectionChecksum:
-        return std::string("its section's checksum is wrong") + pszRepair;
-    default:
-        return "the library keeps no model of its kind";
-    }
-}
+#include "UnreadReason.h"
 
 std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImage, const char* pszRepair)
 {
@@ -38,9 +17,11 @@ std::string DescribeUnreadBlocks(const SInput& oInput, const CLoadedImage& oImag
         {
             continue;
         }
-        sLines += MakeErrorLine(oInput.m_sName, FormatText("block %u (%s) is not read: %s; check and explain say more",
-                                                           oBlock.m_uiNumber, GetBlockKind(oBlock.GetTag()),
-                                                           FindUnreadReason(oBlock.m_pui8Bytes, pszRepair).c_str()));
+        sLines += MakeErrorLine(
+            oInput.m_sName,
+            FormatText("block %u (%s) is not read: %s; check and explain say more", oBlock.m_uiNumber,
+                       GetBlockKind(oBlock.GetTag()),
+                       static_cast<const char*>(ZorCheck::FindUnreadReason(oBlock.m_pui8Bytes, pszRepair))));
     }
     const size_t uiLast = oInput.m_aui8Bytes.size() / CEdidUtils::msc_uiBlockSize - 1;
     const size_t uiLeft = uiLast - oImage.GetBlocks().size();

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "CheckRules.h"
+#include "Findings.h"
 #include "ImageDiff.h"
 #include "ImageModes.h"
 #include "Input.h"

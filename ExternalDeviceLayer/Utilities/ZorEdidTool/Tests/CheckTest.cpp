@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "CheckRules.h"
 #include "Damages.h"
 #include "DisplayIdImages.h"
+#include "Findings.h"
 #include "MapText.h"
 #include "OsServices.h"
 #include "SharedFiles.h"

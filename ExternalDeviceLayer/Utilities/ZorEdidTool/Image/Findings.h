@@ -1,15 +1,15 @@
-// What is wrong with an image, whether the library loads it or not: the notes of its map, and what the library does not
-// read of it.
+// The findings of the library about an image as texts, with the names of the fields.
 
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "ZorEdidMap.h"
+#include "ZorEdidCheck.h"
 
 struct SFinding
 {
+    EZorEdidRule m_eRule;
     unsigned int m_uiBlock;             // of the image; the base block is 0
     unsigned int m_uiOffset;            // in the block
     CZorEdidMap::ESeverity m_eSeverity; // a note: allowed, but worth a word, or not read by the library
@@ -21,8 +21,7 @@ struct SFinding
     bool HasWeight() const { return m_eSeverity != CZorEdidMap::eSeverity_Note; }
 };
 
-// Findings about the image that the map has read, in the order of the blocks. uiThisYear is what no year of manufacture
-// may exceed.
+// As CZorEdidCheck has them.
 std::vector<SFinding> CheckImage(const CZorEdidMap& oMap, unsigned int uiThisYear);
 
 // By the clock of this machine.

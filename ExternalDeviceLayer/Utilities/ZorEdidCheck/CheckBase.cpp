@@ -1,0 +1,27 @@
+// Rules about the base block.
+
+#include "CheckFindings.h"
+
+using namespace ZorStandards::BaseBlock;
+
+namespace ZorCheck
+{
+namespace
+{
+void CheckYear(CFindings& oFindings, unsigned int uiThisYear)
+{
+    const unsigned int uiField = oFindings.GetMap().FindLeaf(gsc_uiYearOffset, 0);
+    const CMap::SField& oYear = oFindings.GetMap().GetField(uiField);
+    const bool bModelYear = oYear.m_eId == eZorEdidField_BaseIdentityModelYear;
+    const unsigned int uiLatest = uiThisYear + (bModelYear ? 1 : 0); // models are named early
+    if (oYear.m_llNumber > uiLatest)
+    {
+        SZorFinding& oFinding = oFindings.Add(uiField, eZorEdidRule_YearInFuture);
+        oFinding.m_sFound.Format("%lld", oYear.m_llNumber);
+        oFinding.m_sExpected.Format("at most %u", uiLatest);
+    }
+}
+} // namespace
+
+void CheckBase(CFindings& oFindings, unsigned int uiThisYear) { CheckYear(oFindings, uiThisYear); }
+} // namespace ZorCheck

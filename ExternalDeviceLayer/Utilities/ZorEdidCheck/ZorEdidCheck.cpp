@@ -1,0 +1,89 @@
+// CZorEdidCheck: the notes of the map as findings, the rules by topic, and the order of the bytes.
+
+#include "ZorEdidCheck.h"
+
+#include <string.h>
+
+#include <algorithm>
+
+#include "CheckFindings.h"
+#include "EdidBase.h"
+
+namespace ZorCheck
+{
+namespace
+{
+CMString MakeHex(const unsigned char* pui8Bytes, unsigned int uiCount)
+{
+    CMString sText;
+    for (unsigned int i = 0; i < uiCount; ++i)
+    {
+        sText.AppendFormat("%02x", pui8Bytes[i]);
+    }
+    return sText;
+}
+
+CMString MakeNumber(long long llNumber)
+{
+    CMString sText;
+    sText.Format("%lld", llNumber);
+    return sText;
+}
+
+// The value as the bytes have it: a note on a reserved value needs its number, one on characters their codes. One on a
+// structure, or on many bytes, needs none.
+CMString GetFound(const CMap& oMap, unsigned int uiField)
+{
+    constexpr unsigned int uiMost = 18; // bytes
+    const CMap::SField& oField = oMap.GetField(uiField);
+    if (oField.m_eKind == CMap::eKind_Group || oField.m_uiLength > uiMost)
+    {
+        return oField.m_uiDepth == 0 && oField.m_uiLength < gsc_uiBlockSize ? MakeNumber(oField.m_uiLength)
+                                                                            : CMString();
+    }
+    if (oField.m_eKind == CMap::eKind_Text)
+    {
+        return MakeHex(oMap.GetData() + oField.m_uiOffset, oField.m_uiLength);
+    }
+    if (oField.m_eKind == CMap::eKind_Name || (oField.m_eKind == CMap::eKind_Number && oField.m_pszMeaning != nullptr))
+    {
+        return MakeNumber(oField.m_llNumber);
+    }
+    return oMap.GetValue(uiField);
+}
+
+void AddNotes(CFindings& oFindings)
+{
+    const CMap& oMap = oFindings.GetMap();
+    for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+    {
+        const CMap::SNote& oNote = oMap.GetNote(i);
+        oFindings.Add(oNote.m_uiField, oNote.m_eRule, oNote.m_eSeverity, oNote.m_pszText).m_sFound =
+            GetFound(oMap, oNote.m_uiField);
+    }
+}
+
+bool HasHeader(const CMap& oMap)
+{
+    return oMap.GetSize() >= gsc_uiBlockSize && memcmp(oMap.GetData(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) == 0;
+}
+} // namespace
+} // namespace ZorCheck
+
+using namespace ZorCheck;
+
+void CZorEdidCheck::Read(const CZorEdidMap& oMap, unsigned int uiThisYear)
+{
+    m_aoFindings.RemoveAll();
+    CFindings oFindings(oMap, m_aoFindings);
+    AddNotes(oFindings);
+    if (HasHeader(oMap))
+    {
+        CheckBase(oFindings, uiThisYear);
+        CheckReading(oFindings);
+    }
+    SZorFinding* poFirst = m_aoFindings.GetData();
+    std::stable_sort(
+        poFirst, poFirst + m_aoFindings.GetCount(),
+        [](const SZorFinding& oFirst, const SZorFinding& oSecond) { return oFirst.m_uiOffset < oSecond.m_uiOffset; });
+}

@@ -8,6 +8,7 @@
 #include "MapOther.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/Modes.h"
 
 namespace ZorMap
 {
@@ -529,6 +530,7 @@ constexpr SRow gsc_aoBlockRows[] = {
 };
 constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eArea_Structure, gsc_aoBlockRows };
 
+constexpr SRow gsc_oLostRow = { eId_Unknown, RunToEnd(0), "Unknown", Unknown() };
 constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, eZorEdidRule_CtaPadding) };
 
 // The codes of all CTA-861 blocks of the EDID that the block at uiBlock is of: indexes run on from block to block. A
@@ -578,6 +580,45 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     oWriter.EndGroup(gsc_oPaddingRest);
 }
 
+// At any place within: 18 bytes that by all their numbers are a timing of today's displays.
+bool HasLostTiming(const CMapWriter& oWriter, unsigned int uiFirst, unsigned int uiEnd)
+{
+    constexpr unsigned int uiLeastWidth = 640;
+    constexpr unsigned int uiLeastHeight = 350;
+    constexpr unsigned int uiLeastRate = 23;
+    constexpr unsigned int uiMostRate = 500;
+    for (; uiFirst + gsc_uiDetailedSize <= uiEnd; ++uiFirst)
+    {
+        SZorMode oMode = {};
+        const bool bTiming = ReadDetailedMode(oWriter.GetRecord(uiFirst, gsc_uiDetailedSize), oMode);
+        const auto fnFits = [](const SZorMode::SAxis& oAxis) {
+            return oAxis.m_uiFront != 0 && oAxis.m_uiSync != 0 &&
+                   oAxis.m_uiActive + oAxis.m_uiFront + oAxis.m_uiSync < oAxis.m_uiTotal;
+        };
+        if (bTiming && oMode.m_uiWidth >= uiLeastWidth && oMode.m_uiHeight >= uiLeastHeight &&
+            fnFits(oMode.m_oHorizontal) && fnFits(oMode.m_oVertical) &&
+            oMode.m_oRate.m_ullDividend >= oMode.m_oRate.m_ullDivisor * uiLeastRate &&
+            oMode.m_oRate.m_ullDividend <= oMode.m_oRate.m_ullDivisor * uiMostRate)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Bytes that nothing points at: padding unless they look like timings.
+void AddPadding(CMapWriter& oWriter, unsigned int uiFirst, unsigned int uiEnd)
+{
+    const CRecord oBytes = oWriter.GetRecord(uiFirst, uiEnd - uiFirst);
+    const bool bLost = !IsEveryByte(oBytes, 0) && HasLostTiming(oWriter, uiFirst, uiEnd);
+    const unsigned int uiField =
+        oWriter.AddLeaf(bLost ? gsc_oLostRow : gsc_oPaddingRow, eArea_Unused, uiFirst, uiEnd - uiFirst);
+    if (bLost)
+    {
+        oWriter.AddNote(uiField, eZorEdidRule_CtaLostTimings);
+    }
+}
+
 // From uiStart on: descriptors up to the first 18 bytes that are not one, then padding up to the checksum. The image
 // may end before it, even within a timing.
 void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiStart, unsigned int uiEnd)
@@ -593,7 +634,7 @@ void AddDetailedTimings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int
     }
     if (uiStart < uiEnd && (!bCut || MapDescriptor(oWriter, uiOffset + uiStart) == CZorEdidMap::msc_uiNone))
     {
-        oWriter.AddLeaf(gsc_oPaddingRow, eArea_Unused, uiOffset + uiStart, uiEnd - uiStart);
+        AddPadding(oWriter, uiOffset + uiStart, uiOffset + uiEnd);
     }
 }
 // Detailed timings of the base block and of the CTA-861 blocks up to this one.
@@ -646,8 +687,7 @@ void MapCtaBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
     }
     else if (uiStart == 0 && uiEnd > gsc_uiDataBlocksOffset)
     {
-        oWriter.AddLeaf(gsc_oPaddingRow, eArea_Unused, uiOffset + gsc_uiDataBlocksOffset,
-                        uiEnd - gsc_uiDataBlocksOffset);
+        AddPadding(oWriter, uiOffset + gsc_uiDataBlocksOffset, uiOffset + uiEnd);
     }
     oWriter.EndBlock(gsc_oUnknownRest);
 }
@@ -682,7 +722,7 @@ void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int u
 
 void VisitCtaIds(CIdVisitor& oVisitor)
 {
-    oVisitor.Visit(gsc_oBlockTable, gsc_oHeaderTable, gsc_oPaddingRow);
+    oVisitor.Visit(gsc_oBlockTable, gsc_oHeaderTable, gsc_oLostRow, gsc_oPaddingRow);
     oVisitor.VisitGroup(eId_CtaCollection, "Data block collection");
     oVisitor.VisitGroup(gsc_oNoExtendedTag.m_eId, gsc_oNoExtendedTag.m_pszName);
     for (const SCtaBlock& oBlock : gsc_aoDataBlocks)

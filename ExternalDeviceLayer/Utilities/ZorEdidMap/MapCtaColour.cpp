@@ -309,6 +309,8 @@ constexpr SRow gsc_aoDolbyRows[] = {
       Number("cd/m2").Times(25, 25), Is2 },
     { eId_CtaDolbyVisionTargetMaxLuminance, Colour::gsc_oDolbyMax2, "Target maximum luminance",
       Pq<Colour::gsc_uiDolbyMax2Step, Colour::gsc_uiDolbyMax2Least>(), Is2 },
+    // Clear, it is taken for a limit to 60 Hz by drivers of public source; nothing says so.
+    { eId_Unknown, Bit(2, 2), "Unknown", Unknown(), Is2 },
     { eId_CtaDolbyVisionInterface, Colour::gsc_oDolbyInterface2, "Interface", Names(gsc_aoInterfaces), Is2 },
     { eId_CtaDolbyVision10b12b444, Colour::gsc_oDolby444Depth2, "10b_12b_444", Names(gsc_ao444Depths), Is2 },
     { eId_CtaDolbyVisionGreenX, Bits(3, 7, 1), "Green x", In256(0), Is2 },

@@ -224,9 +224,14 @@ EZorEdidRule CheckQms(const CRecord& oSink, unsigned int uiBit)
     return uiBit != 0 && !oSink.IsSet(4, 6) ? eZorEdidRule_ForumQms : eZorEdidRule_None;
 }
 
+bool HasDsc(const CRecord& oSink)
+{
+    return HdmiForum::gsc_oDsc1p2.GetEnd() <= oSink.GetSize() && oSink.Get(HdmiForum::gsc_oDsc1p2) != 0;
+}
+
 EZorEdidRule CheckDsc(const CRecord& oSink, unsigned int uiValue)
 {
-    return uiValue != 0 && !oSink.IsSet(7, 7) ? eZorEdidRule_ForumDsc : eZorEdidRule_None;
+    return uiValue != 0 && !HasDsc(oSink) ? eZorEdidRule_ForumDsc : eZorEdidRule_None;
 }
 
 constexpr SMeaning gsc_aoTmdsRates[] = { { 0, 0, "not above 340 MHz" } };
@@ -290,7 +295,9 @@ constexpr SRow gsc_aoSinkRows[] = {
     { eId_CtaHdmiForumDscMaxSlices, HdmiForum::gsc_oDscMaxSlices, "DSC_MaxSlices", Names(gsc_aoSlices), nullptr,
       CheckDsc },
     { eId_CtaHdmiForumDscTotalChunkKbytes, HdmiForum::gsc_oDscTotalChunkKbytes, "DSC_TotalChunkKBytes",
-      Number("bytes").Times(1024, 1024), nullptr, CheckDsc },
+      Number("bytes").Times(1024, 1024), HasDsc },
+    { eId_CtaHdmiForumDscTotalChunkKbytes, HdmiForum::gsc_oDscTotalChunkKbytes, "DSC_TotalChunkKBytes",
+      Number("bytes").Times(1024, 1024).With(gsc_aoZeroNone), IsNot<HasDsc>, CheckDsc },
 };
 constexpr STable gsc_oSinkTable = { eId_CtaHdmiForum, "Sink capability data structure", eArea_Display, gsc_aoSinkRows };
 using HdmiForum::gsc_uiSinkSkip;

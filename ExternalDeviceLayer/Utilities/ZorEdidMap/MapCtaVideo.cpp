@@ -33,12 +33,18 @@ bool IsSvdWithNative(const CRecord& oSvd) { return HasNativeBit(oSvd.GetByte(0))
 bool IsSvdWithoutNative(const CRecord& oSvd) { return IsListedAsOther(oSvd.GetByte(0)); }
 bool IsSvdReserved(const CRecord& oSvd) { return IsReservedSvd(oSvd.GetByte(0)); }
 
+// Those above 192 are codes of their own since CTA-861-F.
+EZorEdidRule CheckOlderCode(const CRecord& /*oSvd*/, unsigned int uiCode)
+{
+    return GetVideoFormatName(uiCode) == nullptr ? eZorEdidRule_CtaOlderCode : eZorEdidRule_None;
+}
+
 constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, gsc_szReserved } };
 
 constexpr SRow gsc_aoVideoRows[] = {
     { eId_CtaVideoNative, Bit(0, 7), "Native", Flag(), IsSvdWithNative },
     { eId_CtaVideoVic, Bits(0, 6, 0), "Video identification code", gsc_oVideoCode, IsSvdWithNative },
-    { eId_CtaVideoVic, Byte(0), "Video identification code", gsc_oVideoCode, IsSvdWithoutNative },
+    { eId_CtaVideoVic, Byte(0), "Video identification code", gsc_oVideoCode, IsSvdWithoutNative, CheckOlderCode },
     { eId_CtaVideoVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsSvdReserved },
 };
 

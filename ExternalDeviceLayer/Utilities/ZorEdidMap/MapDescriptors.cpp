@@ -167,7 +167,8 @@ constexpr STable gsc_oSerialTable = { eId_BaseSerial, "Display product serial nu
 constexpr STable gsc_oStringTable = { eId_BaseString, "Alphanumeric data string", eArea_Identity, {}, FormatText };
 constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", eArea_Identity, {}, FormatText };
 
-// Of the text alone. One that fills its 13 bytes needs no line feed and may end with a blank; more blanks are padding.
+// Of the text alone. One that fills its 13 bytes needs no line feed; more than half of it blank, it is a shorter one
+// that lacks its line feed.
 EZorEdidRule CheckText(const CRecord& oRecord, unsigned int)
 {
     for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
@@ -177,8 +178,15 @@ EZorEdidRule CheckText(const CRecord& oRecord, unsigned int)
             return eZorEdidRule_TextControl;
         }
     }
-    const bool bPadded = oRecord.GetByte(gsc_uiTextLength - 1) == ' ' && oRecord.GetByte(gsc_uiTextLength - 2) == ' ';
-    return bPadded ? eZorEdidRule_TextEnd : eZorEdidRule_None;
+    unsigned int uiBlanks = 0;
+    while (uiBlanks < oRecord.GetSize() && oRecord.GetByte(oRecord.GetSize() - 1 - uiBlanks) == ' ')
+    {
+        ++uiBlanks;
+    }
+    const bool bFull = oRecord.GetSize() == gsc_uiTextLength;
+    return bFull && uiBlanks > gsc_uiTextLength / 2 ? eZorEdidRule_TextEnd
+           : bFull && uiBlanks > 1                  ? eZorEdidRule_TextBlanks
+                                                    : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_oTextRow = { eId_BaseDescriptorText, RunToEnd(0), "Text", Text(), nullptr, CheckText };

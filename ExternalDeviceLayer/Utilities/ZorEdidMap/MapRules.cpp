@@ -174,6 +174,9 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "the line rate is beyond the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
     { eZorEdidRule_RangeFieldRate, CMap::eSeverity_Warning, "base.range-limits.field-rate",
       "the field rate is beyond the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
+    { eZorEdidRule_TextBlanks, CMap::eSeverity_Note, "base.text.blanks", "a full text ends in blanks",
+      "E-EDID 1.4, 3.10.3",
+      "A text of 13 characters needs no line feed, so that the blanks belong to it: a shorter one would end with it." },
 
     // ---- CTA-861 extension blocks ----
     { eZorEdidRule_CtaRevision, CMap::eSeverity_Warning, "cta.revision", "revision is not published", "CTA-861-H 7.5",
@@ -269,6 +272,12 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "Sources do not learn which InfoFrames the sink takes." },
     { eZorEdidRule_CtaAmdRate, CMap::eSeverity_Warning, "cta.amd.rate", "is below the minimum refresh rate", "",
       "The range of variable refresh is empty; drivers that read the data block leave variable refresh off." },
+    { eZorEdidRule_CtaOlderCode, CMap::eSeverity_Note, "cta.video.unknown-code",
+      "not a published code, and readers of before CTA-861-F take it for another one", "CTA-861-H 7.5.1",
+      "Sources of today skip it; older ones take the highest bit for the native bit and show the mode of the rest." },
+    { eZorEdidRule_CtaLostTimings, CMap::eSeverity_Warning, "cta.lost-timings",
+      "has what look like detailed timings, which byte 2 of the block does not point at", "CTA-861-H 7.5",
+      "Sources begin where byte 2 points and end at the first descriptor without a pixel clock: they miss the modes." },
 
     // ---- HDMI ----
     { eZorEdidRule_HdmiTmdsClock, CMap::eSeverity_Warning, "hdmi.tmds-clock", "is above 340 MHz", "HDMI 1.4b 8.3.2",

@@ -18,12 +18,6 @@ constexpr unsigned char gsc_ui8WholeByte = 0xFF;
 
 constexpr SRow gsc_oChecksumRow = ChecksumRow(eId_Checksum, "Checksum");
 
-bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
-{
-    const unsigned char* pui8End = oRecord.GetData() + oRecord.GetSize();
-    return std::all_of(oRecord.GetData(), pui8End, [&](unsigned char ui8Byte) { return ui8Byte == uiValue; });
-}
-
 // All of it but its place.
 CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const CRecord& oRecord, unsigned int uiRaw)
 {
@@ -46,6 +40,12 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
     return oField;
 }
 } // namespace
+
+bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
+{
+    const unsigned char* pui8End = oRecord.GetData() + oRecord.GetSize();
+    return std::all_of(oRecord.GetData(), pui8End, [&](unsigned char ui8Byte) { return ui8Byte == uiValue; });
+}
 
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits)
 {

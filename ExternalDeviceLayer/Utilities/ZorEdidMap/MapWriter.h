@@ -31,6 +31,9 @@ private:
     const SImageFacts& m_oFacts;
 };
 
+// Whether all of its bytes have this value, as those of an empty record have.
+bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue);
+
 // Writes the fields of one image in the order of a walk. Groups nest, at most msc_uiMostDepth deep. Offsets are those
 // of the image unless said. A range that leaves the open group, or the image, is cut; who walks says so in a note. What
 // is added gives the index of its field; msc_uiNone where nothing was added, which notes and the like take as well.

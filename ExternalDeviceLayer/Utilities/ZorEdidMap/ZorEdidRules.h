@@ -76,6 +76,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_RangePixelClock = 79,
     eZorEdidRule_RangeLineRate = 80,
     eZorEdidRule_RangeFieldRate = 81,
+    eZorEdidRule_TextBlanks = 82,
 
     // ---- CTA-861 extension blocks ----
     eZorEdidRule_CtaRevision = 120,
@@ -115,6 +116,8 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_CtaDeviceClock = 154,
     eZorEdidRule_CtaInfoFramePast = 155,
     eZorEdidRule_CtaAmdRate = 156,
+    eZorEdidRule_CtaOlderCode = 157,
+    eZorEdidRule_CtaLostTimings = 158,
 
     // ---- HDMI ----
     eZorEdidRule_HdmiTmdsClock = 200,

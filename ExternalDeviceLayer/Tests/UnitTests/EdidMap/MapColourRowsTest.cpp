@@ -77,7 +77,7 @@ TEST(MapColourRows, DolbyVision2)
         { "01.2", "Global dimming", "no" },
         { "01.1-0", "Backlight minimum luminance", "75 cd/m2" },
         { "02.7-3", "Target maximum luminance", "1604.69 cd/m2 (PQ 3290 of 4095)" },
-        { "02.2", "Reserved", "0x1", gsc_szSet },
+        { "02.2", "Unknown", "0x1" },
         { "02.1-0", "Interface", "standard, low latency" },
         { "03.0 04.0", "10b_12b_444", "12 bit" },
         { "03.7-1", "Green x", "0.30078" },

@@ -80,6 +80,8 @@ void AppendOrigins(const ExtensionList& aoExtensions, unsigned int uiFirst, COUN
     {
         CTimingOrigins aoOfBlock;
         (aoExtensions[i]->*pfnList)(aoOfBlock);
+        // Room for all of the block at once: the step of a small base block would move the list every few origins.
+        aoOrigins.SetSize(static_cast<int>(aoOrigins.GetCount()), static_cast<int>(aoOfBlock.GetCount()));
         for (unsigned int j = 0; j < aoOfBlock.GetCount(); ++j)
         {
             STimingOrigin oOrigin = aoOfBlock[j];

@@ -295,9 +295,10 @@ std::vector<unsigned char> SMapPart::GetBytes(unsigned int uiField) const
 std::vector<unsigned int> SMapPart::ListBlock(size_t uiBlock) const
 {
     CIndices auiFields;
-    for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
+    for (unsigned int uiGroup = 0; uiGroup < m_oMap.GetFieldCount(); uiGroup = Get(uiGroup).m_uiEnd) // block by block
     {
-        if (Get(i).m_uiOffset / CEdidUtils::msc_uiBlockSize == uiBlock)
+        const bool bBlock = Get(uiGroup).m_uiOffset / CEdidUtils::msc_uiBlockSize == uiBlock;
+        for (unsigned int i = uiGroup; bBlock && i < Get(uiGroup).m_uiEnd; ++i)
         {
             auiFields.push_back(i);
         }

@@ -125,11 +125,11 @@ class Image:
         self.lines = peer_text(options.peer, path).rstrip("\n").split("\n")
         self.is_read = self.lines[-1].startswith("Checksum: ")  # it refuses some images, and ends within others
         self.items, self.unread, self.opaque = PeerFacts.peer_items(self.lines)
-        self.fields = json.loads(run(options.zoredid, "explain", "--json", path))["fields"]
-        self.facts = json.loads(run(options.zoredid, "show", "--jsonl", path))
+        self.map = run(options.zoredid, "explain", "--json", path)
+        self.facts = run(options.zoredid, "show", "--jsonl", path)
 
     def own(self):
-        return list(PeerFacts.own_items(self.fields)) + PeerFacts.mode_items(self.facts.get("modes", []))
+        return list(PeerFacts.own_items(self.map["fields"])) + PeerFacts.mode_items(self.facts.get("modes", []))
 
     def judge(self):
         """(name, who is right, difference) of each difference; "unexplained" for those without an excuse."""
@@ -160,10 +160,11 @@ def default_command():
 
 
 def run(*command, accepted=(0,)):
-    answer = subprocess.run(command, stdout=subprocess.PIPE, check=False)
-    if answer.returncode not in accepted:
-        sys.exit(f"{' '.join(command)}: ended with {answer.returncode}")
-    return answer.stdout
+    """What the command prints, as JSON; None when it refuses the image."""
+    answer = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    if answer.returncode < 0:
+        sys.exit(f"{' '.join(command)}: ended by signal {-answer.returncode}")
+    return json.loads(answer.stdout) if answer.returncode in accepted else None
 
 
 def peer_text(program, *arguments):
@@ -218,7 +219,7 @@ def falsify(leaf):
 
 def falsifiable(image):
     """(kind of fact, object of the JSON) of what is compared; and of what is excused, under the excuse's name."""
-    for item in PeerFacts.own_items(image.fields):
+    for item in PeerFacts.own_items(image.map["fields"]):
         for word, leaf in item.fields.items():
             if PeerFacts.is_compared(item, word):
                 yield f"{item.group}/{word}", leaf
@@ -272,8 +273,8 @@ def main():
         read = [Image(path, options) for path in image_paths(options.folders, folder)]
     counts["images"] = len(read)
     for image in read:
-        if not image.is_read:
-            counts["images that edid-decode does not read to the end"] += 1
+        if image.map is None or image.facts is None or not image.is_read:
+            counts["images that one side does not read to the end"] += 1
             continue
         images.append(image)
         counts["facts of edid-decode"] += sum(len(item.values) for item in image.items)

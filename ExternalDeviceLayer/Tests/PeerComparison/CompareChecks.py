@@ -7,13 +7,13 @@ A kind is a line of FILE, with tabs between: an expression for edid-decode's lin
 "ours"; and our rules' ids with commas between, or the reason: why we do not say it ("theirs"), or why edid-decode does
 not ("ours", where the expression is for the rule's id). A line that begins with # is a comment.
 
-Prints for each kind how often edid-decode says it, and in how many images we do. The exit status is 1 when a failure, or a rule of weight, has no
-kind, or when an image that edid-decode fails has no error or warning here and a failure that is not "theirs".
+Prints for each kind how often edid-decode says it, and in how many images we do. The exit status is 1 when a failure,
+or a rule of weight, has no kind, or when an image that edid-decode fails has no error or warning here and a failure
+that is not "theirs".
 """
 import argparse
 import collections
 import glob
-import json
 import os
 import re
 import sys
@@ -42,7 +42,7 @@ def failures(text):
 
 def findings(program, path):
     """(id, severity) of what this library finds."""
-    answer = json.loads(run(program, "check", "--json", path, accepted=(0, 1)))
+    answer = run(program, "check", "--json", path, accepted=(0, 1)) or {"checks": []}
     return {(finding.get("id", "no id"), finding["severity"])
             for check in answer["checks"] for finding in check["findings"]}
 

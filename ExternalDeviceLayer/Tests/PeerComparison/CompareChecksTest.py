@@ -32,8 +32,8 @@ for name, failures, findings, expected in CASES:
     with tempfile.TemporaryDirectory() as folder:
         write(f"{folder}/image.bin", "")
         write(f"{folder}/kinds", KINDS)
-        lines = "".join(f"  {line}\\n" for line in failures)
-        write(f"{folder}/peer", f"#!/bin/sh\nprintf 'Warnings:\\n\\nFailures:\\n\\nBlock 1, CTA:\\n{lines}\\nEDID conformity: FAIL\\n'\n")
+        lines = "\n".join(("Warnings:", "", "Failures:", "", "Block 1, CTA:", *("  " + line for line in failures), ""))
+        write(f"{folder}/peer", f"#!/bin/sh\necho '{lines}\nEDID conformity: FAIL'\n")
         rules = ",".join(f'{{"id":"{rule}","severity":"{severity}"}}' for rule, severity in findings)
         write(f"{folder}/zoredid", f"#!/bin/sh\necho '{{\"checks\":[{{\"findings\":[{rules}]}}]}}'\n")
         run = subprocess.run([sys.executable, SCRIPT, "--zoredid", f"{folder}/zoredid", "--peer", f"{folder}/peer",

@@ -192,7 +192,8 @@ EXCUSES = (
      lambda case: case.ours is None and case.theirs == "N" and case.byte(17) & 0x18 != 0x18),
     ("polarity", "both", "library.detailed", "", is_of_library),
     ("standard-of-256", "here", "(mode:)?base.standard", "",
-     lambda case: case.peer is None and case.own.values["size"].startswith("256x") and case.byte(0) == 1 != case.byte(1)),
+     lambda case: case.peer is None and case.own.values["size"].startswith("256x")
+     and case.byte(0) == 1 != case.byte(1)),
     ("panel-flags", "here", "base.detailed", "sync-type|stereo",
      lambda case: case.own.begin == 72 and case.theirs is None and case.is_stored()
      and all(case.image[at:at + 2] == b"\0\0" and case.image[at + 3] == 0xFE for at in (90, 108))),
@@ -235,7 +236,8 @@ EXCUSES = (
     ("cvt-version", "neither", "(mode:)?base.cvt-code", "",
      lambda case: case.peer is None and case.number == 0
      and case.image[case.own.begin - (case.own.begin - 54) % 18 + 5] != 1),
-    ("unknown-version", "neither", "(mode:)?base.(display|identity|standard|range)", ".*", lambda case: case.image[18] != 1),
+    ("unknown-version", "neither", "(mode:)?base.(display|identity|standard|range)", ".*",
+     lambda case: case.image[18] != 1),
     ("range-before-1.4", "neither", "base.range", ".*",
      lambda case: case.ours is None and case.image[19] < 4 and case.image[case.own.begin + 10] > 2),
     ("displayid-version", "neither", "end|(mode:)?displayid.*", "",

@@ -26,8 +26,11 @@ MODE_FLAGS = ("base.established.mode", "base.established-3.mode", "displayid.dmt
 MODE = re.compile(r"(?:.*?, )?(?:720\()?(\d+)\)? ?x ?(\d+)(i?)p? (?:@ )?(?:[\d.]+/)?([\d.]+) Hz")
 
 
+SHORT = (("EXACT", r"MODE .*? ([\d.]+) MHz"), ("MODE", r"SIZE +([\d.]+) Hz"), ("SIZE", r"(\d+x\d+i?)"))  # in Facts.tsv
+
+
 class Item:
-    """A group: values by word, each with what more than its name is known of the place."""
+    """A group in a block, and its values by word. begin: the offset in the image."""
 
     def __init__(self, block, group, values=None, begin=0):
         self.block, self.group, self.values, self.begin = block, group, values or {}, begin
@@ -59,7 +62,8 @@ class Row:
         self.group, words = place.lstrip("+").split("/")
         self.words = words.split(",") if words else []
         self.heading = re.compile(heading)
-        line = line.replace("EXACT", r"MODE .*? ([\d.]+) MHz").replace("MODE", r"SIZE +([\d.]+) Hz").replace("SIZE", r"(\d+x\d+i?)")
+        for name, expression in SHORT:
+            line = line.replace(name, expression)
         self.options = options[0].split(" ") if options else []
         self.line = re.compile((" {4}" if "i4" in self.options else " *") + r"(?=\S)(?:" + line + ")")
         self.translations = dict(option.split(":") for option in self.options if ":" in option)
@@ -215,8 +219,8 @@ def own_items(fields, tag=None):
     for field in fields:
         block = field["offset"] // BLOCK_SIZE
         if field["kind"] == "group":
-            tags = [leaf["value"] for leaf in field["fields"] if re.search(r"\.data-block\.(extended-)?tag$", leaf["id"])]
-            inner = tags[-1] if tags else tag
+            tags = [leaf["value"] for leaf in field["fields"] if leaf["id"].endswith((".tag", ".extended-tag"))]
+            inner = tags[-1] if tags else tag  # an extended tag follows the tag
             for item in own_codes(field, block) if field["id"] == "base.cvt-code" else [own_group(field, block)]:
                 item.tag = inner
                 yield item
@@ -295,8 +299,9 @@ BLOCK = re.compile(r"Block (\d+), (.*):")
 
 
 def peer_items(lines):
-    """Items of edid-decode's lines, (block, line) that no row takes, and (block, tag) of data blocks that it does not
-    know."""
+    """Items of edid-decode's lines, ((block, heading), line) of lines that no row takes, and (block, tag) of data
+    blocks that it does not know.
+    """
     items, unread, opaque = [], [], set()
     block, name, heading, part, current = 0, "", "", "", {}
     for line in lines:

@@ -1,6 +1,7 @@
 // Fuzz target: the input as a file that the command is given. What is taken for an image is written in each form and
-// read back; what is not has a reason of one line.
+// read back, with all EDIDs in it; what is not has a reason of one line.
 
+#include <algorithm>
 #include <string>
 
 #include "FuzzSupport.h"
@@ -9,6 +10,11 @@
 
 namespace
 {
+bool HaveSameBytes(const CInputs& aoOne, const CInputs& aoOther)
+{
+    return std::ranges::equal(aoOne, aoOther, {}, &SInput::m_aui8Bytes, &SInput::m_aui8Bytes);
+}
+
 void TestInput(const SInput& oInput)
 {
     constexpr size_t uiBlockSize = 128;
@@ -21,12 +27,22 @@ void TestInput(const SInput& oInput)
         return;
     }
     // Without the header, bytes may look like another form: base64 that is all hexadecimal digits, raw bytes without
-    // zero.
+    // zero. With right checksums, more blocks may begin an EDID.
     const CBytes aui8Image = RepairImage(oInput.m_aui8Bytes);
+    const CInputs aoImages = DecodeInputs("name", std::string(aui8Image.begin(), aui8Image.end()));
+    size_t uiSize = 0;
+    for (const SInput& oImage : aoImages)
+    {
+        uiSize += oImage.m_aui8Bytes.size();
+        const CInputs aoChosen =
+            DecodeInputs("name", std::string(aui8Image.begin(), aui8Image.end()), "", oImage.m_uiImage);
+        Require(oImage.m_uiImage == 0 || HaveSameBytes(aoChosen, { oImage }), "an image can be chosen by its number");
+    }
+    Require(aoImages[0].m_sImages.empty() ? uiSize == aui8Image.size() : uiSize <= aui8Image.size(),
+            "all bytes are of one image");
     for (const SOutputForm& oForm : GetOutputForms())
     {
-        const CInputs aoRead = DecodeInputs("name", oForm.m_pfnMake(aui8Image));
-        Require(aoRead.size() == 1 && aoRead[0].m_aui8Bytes == aui8Image, oForm.m_pszName);
+        Require(HaveSameBytes(DecodeInputs("name", oForm.m_pfnMake(aui8Image)), aoImages), oForm.m_pszName);
     }
 }
 } // namespace

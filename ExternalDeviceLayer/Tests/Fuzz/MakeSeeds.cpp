@@ -61,6 +61,9 @@ int main(int /*iCount*/, char** ppszArguments)
         WriteSeed(ppszArguments[1], "FuzzMap", sName, sImage);
         WriteSeed(ppszArguments[1], "FuzzFiles", sName, MakeTextTable(aui8Image));
         WriteSeed(ppszArguments[1], "FuzzInput", sName, MakeTextTable(aui8Image));
+        const CBytes& aui8First = oImages.begin()->second;
+        WriteSeed(ppszArguments[1], "FuzzInput", sName + "Behind",
+                  std::string(aui8First.begin(), aui8First.end()) + sImage);
         WriteSeed(ppszArguments[1], "FuzzEditSequence", sName, sProgram + sImage);
     }
     for (size_t i = 0; i < std::size(gsc_apszInputs); ++i)

@@ -64,6 +64,16 @@ std::string MakeChecked(const SInput& oInput, const std::vector<SFinding>& aoFin
     return oJson.GetText();
 }
 
+// That the file holds more than this image, which ends where the second one begins.
+SFinding MakeNoteOfImages(const SInput& oInput)
+{
+    SFinding oFinding = {};
+    oFinding.m_uiBlock = static_cast<unsigned int>(oInput.m_aui8Bytes.size()) / CEdidUtils::msc_uiBlockSize;
+    oFinding.m_eSeverity = CZorEdidMap::eSeverity_Note;
+    oFinding.m_sWhat = oInput.m_sImages;
+    return oFinding;
+}
+
 std::string MakeUnchecked(const SInput& oInput)
 {
     CJsonWriter oJson(CJsonWriter::eStyle_Indented);
@@ -86,7 +96,11 @@ SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
     SOutcome oOutcome;
     CZorEdidMap oMap;
     oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
-    const std::vector<SFinding> aoFindings = CheckImage(oMap, GetThisYear());
+    std::vector<SFinding> aoFindings = CheckImage(oMap, GetThisYear());
+    if (!oInput.m_sImages.empty())
+    {
+        aoFindings.push_back(MakeNoteOfImages(oInput));
+    }
     for (const SFinding& oFinding : aoFindings)
     {
         oOutcome.m_eExit = oFinding.HasWeight() ? eExit_Finding : oOutcome.m_eExit;
@@ -119,6 +133,7 @@ void Check(SCheckOptions& oOptions, STool& oTool)
 {
     SCounts oCounts;
     oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
+    oOptions.m_oFiles.m_bTurnsSayImages = true;
     if (oOptions.m_bJson)
     {
         oOptions.m_oFiles.m_sBetween = ",\n";

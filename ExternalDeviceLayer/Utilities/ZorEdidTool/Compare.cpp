@@ -99,8 +99,8 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
         "  zoredid compare --all old.bin new.bin");
     oCommand.Run([poOptions, &oTool] {
         // Both are read first, so that a second bad name is reported, too.
-        const SInput oFirst = ReadOneInput(poOptions->m_sFirst, oTool);
-        const SInput oSecond = ReadOneInput(poOptions->m_sSecond, oTool);
+        const SInput oFirst = ReadOneInput(poOptions->m_sFirst, eSeveral_First, oTool);
+        const SInput oSecond = ReadOneInput(poOptions->m_sSecond, eSeveral_First, oTool);
         if (oFirst.IsGood() && oSecond.IsGood())
         {
             PrintOutcome(CompareImages(*poOptions, oFirst, oSecond), oTool);

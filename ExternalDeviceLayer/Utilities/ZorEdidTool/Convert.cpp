@@ -39,7 +39,7 @@ const SOutputForm* ChooseForm(const SConvertOptions& oOptions, std::string& sPro
 void Convert(const SConvertOptions& oOptions, STool& oTool)
 {
     constexpr size_t uiBlockSize = CEdidUtils::msc_uiBlockSize;
-    const SInput oInput = ReadOneInput(oOptions.m_sFile, oTool);
+    const SInput oInput = ReadOneInput(oOptions.m_sFile, eSeveral_Refused, oTool);
     if (!oInput.IsGood())
     {
         return;

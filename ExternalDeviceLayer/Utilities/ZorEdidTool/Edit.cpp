@@ -120,7 +120,7 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
         oTool.Note(eExit_CommandLine);
         return;
     }
-    const SInput oInput = ReadOneInput(oArguments.m_sFile, oTool);
+    const SInput oInput = ReadOneInput(oArguments.m_sFile, eSeveral_Refused, oTool);
     if (!oInput.IsGood())
     {
         return;

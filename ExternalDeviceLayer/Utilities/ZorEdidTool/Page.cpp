@@ -81,7 +81,15 @@ CHtml MakeBody(const SPage& oPage)
     {
         oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ oPage.m_apoImages[i]->m_sFile } << "</span>";
     }
-    return (oHtml << "</p>\n</div>\n<button type=\"button\" id=\"theme\">Dark</button>\n</header>\n"
+    oHtml << "</p>\n";
+    for (const auto& poImage : oPage.m_apoImages)
+    {
+        if (!poImage->m_oInput.m_sImages.empty())
+        {
+            oHtml << "<p class=\"file\">" << SText{ poImage->m_oInput.m_sImages } << "</p>\n";
+        }
+    }
+    return (oHtml << "</div>\n<button type=\"button\" id=\"theme\">Dark</button>\n</header>\n"
                   << MakeSections(oPage) << "<footer><p>Made by zoredid page.</p></footer>\n")
         .Take();
 }
@@ -90,17 +98,18 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
 {
     SPage oPage;
     const std::string asNames[] = { oOptions.m_sFirst, oOptions.m_sSecond };
-    for (size_t i = 0; i < (oOptions.m_bPair ? 2U : 1U); ++i)
+    CInputs aoInputs = ReadFewInputs(asNames[0], oOptions.m_bPair ? 1 : 2, eSeveral_First, oTool);
+    if (oOptions.m_bPair)
     {
-        SInput oInput = ReadOneInput(asNames[i], oTool);
-        if (oInput.IsGood())
-        {
-            oPage.m_apoImages.push_back(std::make_unique<SPageImage>(std::move(oInput), GetThisYear()));
-        }
+        aoInputs.push_back(ReadOneInput(asNames[1], eSeveral_First, oTool));
     }
     if (oTool.m_eExit != eExit_Good)
     {
         return;
+    }
+    for (SInput& oInput : aoInputs)
+    {
+        oPage.m_apoImages.push_back(std::make_unique<SPageImage>(std::move(oInput), GetThisYear()));
     }
     for (const std::string& sName : asNames)
     {

@@ -43,6 +43,8 @@ void SetSignals()
     signal(SIGXFSZ, SIG_IGN);
 }
 
+constexpr unsigned int gsc_uiMostImages = 256; // blocks of an input
+
 void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
 {
     COptions& oProgram = oCommandLine.GetOptions();
@@ -52,6 +54,10 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
         .Word("--monitor", SetMonitor,
               "Of a text with several EDIDs, take that of this connector, in either case, or by number; all takes all")
         .Placeholder("NAME|N|all");
+    oProgram
+        .Number("--image", oTool.m_uiImage, 1, gsc_uiMostImages,
+                "Of a file with several EDIDs one after the other, take this one", "1 to 256")
+        .Placeholder("N");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();
     // Sections of the man page come from here, by scripts/make-man.
     oProgram.Footer("'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"
@@ -80,7 +86,10 @@ int Run(int iCount, char** ppszArguments)
                               "Reads, explains, checks, compares, edits and converts the EDID data of monitors.");
     STool oTool;
     DeclareOptions(oCommandLine, oTool);
-    const EExit eExit = oCommandLine.Parse([&oTool] { CatchMessages(oTool.m_bVerbose); });
+    const EExit eExit = oCommandLine.Parse([&oTool] {
+        CatchMessages(oTool.m_bVerbose);
+        SetImage(oTool.m_uiImage);
+    });
     if (eExit != eExit_Good)
     {
         return eExit;

@@ -207,10 +207,16 @@ std::string DescribeHint(const SInput& oInput)
     return oInput.m_sHint.empty() ? "" : MakeErrorLine(oInput.m_sName, oInput.m_sHint);
 }
 
+std::string DescribeImages(const SInput& oInput)
+{
+    return oInput.m_sImages.empty() ? "" : MakeErrorLine(oInput.GetFile(), oInput.m_sImages);
+}
+
 struct STurnRules
 {
     bool m_bVerbose;
     bool m_bTurnsForBadOnes;
+    bool m_bTurnsSayImages;
     const std::string& m_sBetween; // the standard outputs of two turns
     const std::function<SOutcome(const SInput&)>& m_fnTurn;
 };
@@ -255,7 +261,7 @@ SOutcome RunTurn(const SInput& oInput, const STurnRules& oRules)
 {
     SOutcome oOutcome = Guard(oInput.m_sName, oRules, [&] {
         SOutcome oAnswer = oInput.IsGood() ? oRules.m_fnTurn(oInput) : AnswerFor(oInput, oRules);
-        oAnswer.m_sError.insert(0, DescribeHint(oInput));
+        oAnswer.m_sError.insert(0, DescribeHint(oInput) + (oRules.m_bTurnsSayImages ? "" : DescribeImages(oInput)));
         return oAnswer;
     });
     if (oRules.m_bVerbose)
@@ -594,7 +600,8 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
         return;
     }
     CPrinter oPrinter(oFiles, oNames.GetCount(), oTool);
-    const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, oFiles.m_sBetween, fnTurn };
+    const STurnRules oRules = { oTool.m_bVerbose, oFiles.m_bTurnsForBadOnes, oFiles.m_bTurnsSayImages,
+                                oFiles.m_sBetween, fnTurn };
     RunTurns(oFiles.m_uiJobs, oNames, oRules, oPrinter);
     oPrinter.Finish();
     if (!oNames.GetProblem().empty())
@@ -604,23 +611,45 @@ void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutco
     }
 }
 
-SInput ReadOneInput(const std::string& sName, STool& oTool)
+namespace
+{
+// The first of several, or why it is not taken.
+SInput TakeFirst(SInput oFirst, ESeveral eSeveral)
+{
+    if (oFirst.m_uiImage != 0 && eSeveral == eSeveral_First)
+    {
+        oFirst.m_sImages += "; the first is read, --image chooses";
+        return oFirst;
+    }
+    const std::string sProblem = oFirst.m_uiImage != 0
+                                     ? oFirst.m_sImages + "; choose one with --image"
+                                     : "holds several EDIDs, of which one is taken; --monitor chooses";
+    return { oFirst.GetFile(), {}, oFirst.m_sForm, sProblem };
+}
+} // namespace
+
+CInputs ReadFewInputs(const std::string& sName, size_t uiMost, ESeveral eSeveral, STool& oTool)
 {
     CInputs aoInputs = ReadInputs(sName);
-    SInput oInput = std::move(aoInputs.front());
-    if (aoInputs.size() > 1)
+    if (aoInputs.size() > uiMost)
     {
-        oInput = { sName, {}, "", "holds several EDIDs, of which one is taken; --monitor chooses" };
+        aoInputs = { TakeFirst(std::move(aoInputs.front()), eSeveral) };
     }
-    if (oTool.m_bVerbose)
+    for (const SInput& oInput : aoInputs)
     {
-        fputs(DescribeForm(oInput).c_str(), stderr);
+        std::string sLines = oTool.m_bVerbose ? DescribeForm(oInput) : "";
+        sLines += DescribeHint(oInput) + DescribeImages(oInput);
+        if (!oInput.IsGood())
+        {
+            sLines += MakeErrorLine(oInput.m_sName, oInput.m_sProblem);
+            oTool.Note(eExit_Input);
+        }
+        fputs(sLines.c_str(), stderr);
     }
-    fputs(DescribeHint(oInput).c_str(), stderr);
-    if (!oInput.IsGood())
-    {
-        fputs(MakeErrorLine(sName, oInput.m_sProblem).c_str(), stderr);
-        oTool.Note(eExit_Input);
-    }
-    return oInput;
+    return aoInputs;
+}
+
+SInput ReadOneInput(const std::string& sName, ESeveral eSeveral, STool& oTool)
+{
+    return ReadFewInputs(sName, 1, eSeveral, oTool).front();
 }

@@ -21,6 +21,7 @@ struct SFiles
 
     // Set by subcommands, not by the command line.
     bool m_bTurnsForBadOnes = false; // an input that cannot be read has a turn, too, which then answers for it
+    bool m_bTurnsSayImages = false;  // turns say SInput::m_sImages; otherwise standard error has it
     std::string m_sHead;             // standard output before all turns, unless the run itself is refused
     std::string m_sBetween;          // between the standard outputs of two turns, such as a comma
     std::string m_sTail;             // after all turns
@@ -43,6 +44,17 @@ inline constexpr char gsc_szFileHelp[] = "An image in any form, \"-\" for standa
 // error text with --verbose, and nowhere otherwise.
 void ForEachInput(const SFiles& oFiles, STool& oTool, const std::function<SOutcome(const SInput&)>& fnTurn);
 
-// Reads one input of a subcommand that has few of them. One that cannot be read, or of which several EDIDs are wanted,
-// is reported on standard error and noted; with --verbose, so is what it was taken for.
-SInput ReadOneInput(const std::string& sName, STool& oTool);
+// What a subcommand does that takes fewer images than there are one after the other in a file: it takes the first one
+// and says so, or is refused. Those that --monitor all takes of a text are always refused then.
+enum ESeveral
+{
+    eSeveral_First,
+    eSeveral_Refused
+};
+
+// Reads one file of a subcommand that takes few images, at most uiMost. What cannot be read is reported on standard
+// error and noted; with --verbose, so is what it was taken for.
+CInputs ReadFewInputs(const std::string& sName, size_t uiMost, ESeveral eSeveral, STool& oTool);
+
+// The same where one image is taken.
+SInput ReadOneInput(const std::string& sName, ESeveral eSeveral, STool& oTool);

@@ -31,7 +31,8 @@ struct SOutcome
 // The state of one run, set by the options that precede the subcommand.
 struct STool
 {
-    bool m_bVerbose = false; // the library's messages, and what an input was taken for, on standard error
+    bool m_bVerbose = false;    // the library's messages, and what an input was taken for, on standard error
+    unsigned int m_uiImage = 0; // which EDID of a file that holds several, from 1; 0 for all
     EExit m_eExit = eExit_Good;
 
     // The worst of all turns decides.

@@ -441,6 +441,10 @@ void WriteSource(const SInput& oInput, CJsonWriter& oJson)
     {
         oJson.Member("monitor", oInput.m_sMonitor);
     }
+    if (oInput.m_uiImage != 0)
+    {
+        oJson.Member("image", oInput.m_uiImage);
+    }
 }
 
 void WriteListTiming(const CVidParamTimingGeneric& oTiming, const SVics& oVics, CJsonWriter& oJson)

@@ -24,6 +24,8 @@ std::string& GetMonitor()
     return s_sMonitor;
 }
 
+constinit unsigned int g_uiImage = 0;
+
 CInputs MakeProblem(const std::string& sName, const std::string& sProblem) { return { { sName, {}, "", sProblem } }; }
 
 bool IsNullDevice(const struct stat& oStatus)
@@ -61,7 +63,8 @@ CInputs ReadOpenFile(const std::string& sName, int iFile)
         sContent.resize(uiSize + static_cast<size_t>(iRead > 0 ? iRead : 0));
         if (iRead == 0)
         {
-            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty) : DecodeInputs(sName, sContent, GetMonitor());
+            return sContent.empty() ? MakeProblem(sName, gsc_szEmpty)
+                                    : DecodeInputs(sName, sContent, GetMonitor(), g_uiImage);
         }
         if (iRead < 0 && iError != EINTR)
         {
@@ -127,6 +130,8 @@ CInputs ReadNamedConnector(const std::string& sName)
 } // namespace
 
 void SetMonitor(const std::string& sWanted) { GetMonitor() = sWanted; }
+
+void SetImage(unsigned int uiWanted) { g_uiImage = uiWanted; }
 
 SInput ReadConnector(const SConnector& oConnector)
 {

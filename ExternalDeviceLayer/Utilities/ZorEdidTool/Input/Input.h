@@ -17,6 +17,8 @@ struct SInput
     std::string m_sHint = {};               // what the user should know of an image that there is; mostly empty
     std::string m_sFile = {};               // the name without the EDID; empty where m_sName is just that
     std::string m_sMonitor = {};            // of several in a text, the connector that the text gives it
+    unsigned int m_uiImage = 0;             // of several one after the other in its bytes, its number from 1
+    std::string m_sImages = {};             // what there is of these, one line; of the first of all that are read
 
     bool IsGood() const { return m_sProblem.empty(); }
     bool IsOneOfSeveral() const { return !m_sFile.empty(); } // that are read of one file
@@ -38,5 +40,9 @@ inline constexpr char gsc_szNoEdid[] = "has no EDID";
 // number from 1, or "all". Without it, the first one. Set it before there are several threads.
 void SetMonitor(const std::string& sWanted);
 
+// Which EDID ReadInputs takes of several that are one after the other in the bytes, from 1. Without it, or with 0, all.
+void SetImage(unsigned int uiWanted);
+
 // The images in bytes of any known form; sName names them in messages.
-CInputs DecodeInputs(const std::string& sName, const std::string& sContent, const std::string& sMonitor = "");
+CInputs DecodeInputs(const std::string& sName, const std::string& sContent, const std::string& sMonitor = "",
+                     unsigned int uiImage = 0);

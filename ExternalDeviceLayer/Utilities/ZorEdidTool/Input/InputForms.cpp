@@ -1,6 +1,6 @@
 // The forms in which an image comes, one reader each. A reader goes over the text once. Those of dumps are in
 // InputDump.cpp, those of base64 and plain digits in InputDigits.cpp, those of logs in InputLogs.cpp. InputMonitors.cpp
-// takes one of several EDIDs.
+// takes those that are wanted of several EDIDs in a text, InputImages.cpp of several in the bytes.
 
 #include <stdio.h>
 
@@ -434,18 +434,25 @@ void FinishInput(const SForm& oForm, SInput& oInput)
 }
 } // namespace
 
-CInputs DecodeInputs(const std::string& sName, const std::string& sContent, const std::string& sMonitor)
+CInputs DecodeInputs(const std::string& sName, const std::string& sContent, const std::string& sMonitor,
+                     unsigned int uiImage)
 {
     const std::string sText = MakePlainText(sContent);
     for (const SForm& oForm : gsc_aoForms)
     {
-        CInputs aoInputs = ReadForm(oForm, sText, sMonitor, sName);
+        CInputs aoInputs;
+        for (SInput& oInput : ReadForm(oForm, sText, sMonitor, sName))
+        {
+            FinishInput(oForm, oInput);
+            if (oInput.IsGood())
+            {
+                AddImages(std::move(oInput), uiImage, aoInputs);
+                continue;
+            }
+            aoInputs.push_back(std::move(oInput));
+        }
         if (!aoInputs.empty())
         {
-            for (SInput& oInput : aoInputs)
-            {
-                FinishInput(oForm, oInput);
-            }
             return aoInputs;
         }
     }

@@ -49,6 +49,11 @@ using CMonitors = std::vector<SInput>;
 // log; those without digits are none. oInput itself when there are none.
 CInputs TakeMonitors(CMonitors aoMonitors, const std::string& sWanted, const SInput& oInput);
 
+// Adds the EDIDs in the bytes of an input that has been read: that with the number uiWanted, from 1, or all for 0.
+// Where there are several, each has its number, the first of all says what the file holds, and the name says which it
+// is. Those with the same bytes are one. Where there is none with that number, the input is added with that problem.
+void AddImages(SInput oInput, unsigned int uiWanted, CInputs& aoInputs);
+
 // The readers: false when the text does not have this form. Else the input receives the bytes or a problem.
 bool ReadDump(const std::string& sText, SInput& oInput);       // with addresses
 bool ReadBase64(const std::string& sText, SInput& oInput);     // also in its form for addresses, also as a data address

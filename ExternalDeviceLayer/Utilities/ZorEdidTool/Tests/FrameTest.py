@@ -620,6 +620,97 @@ class CommandLine(unittest.TestCase):
         self.assertTrue(35 < widest(text) <= 50, text)
 
 
+class Images(FolderCase):
+    """Files with several EDIDs."""
+
+    HOLDS = "the file holds two EDIDs, the second begins at block 2"
+
+    def setUp(self):
+        super().setUp()
+        self.second = bytes(IMAGE[:12] + b"\x01\x02\x03\x04" + IMAGE[16:127] + bytes([0]) + IMAGE[128:])
+        self.second = self.second[:127] + bytes([-sum(self.second[:128]) % 256]) + self.second[128:]
+        self.alone = self.write("alone.bin", self.second)
+        self.two = self.write("two.bin", IMAGE + self.second)
+        self.line = "zoredid: %s: %s\n" % (self.two, self.HOLDS)
+
+    def test_each_is_an_input(self):
+        first, second = "%s (image 1)" % self.two, "%s (image 2)" % self.two
+        for subcommand in (("show",), ("explain",), ("modes",), ("report",)):
+            status, out, error = run(*subcommand, self.two)
+            self.assertEqual((0, self.line), (status, error))
+            texts = [run(*subcommand, name)[1] for name in (MONITOR, self.alone)]
+            between = b"" if subcommand == ("report",) else b"\n"
+            self.assertEqual(head(first) + texts[0] + between + head(second) + texts[1], out)
+            self.assertEqual((0, texts[1], ""), run(*subcommand, self.two, "--image", "2"))
+        status, out, error = run("check", self.two)
+        self.assertEqual((0, "", "%s: block 2 offset 0x00: note: %s" % (first, self.HOLDS)),
+                         (status, error, out.decode().splitlines()[0]))
+        self.assertIn(b"\n2 images: 2 clean", out)
+        documents = [json.loads(line) for line in run("show", "--jsonl", self.two, self.alone)[1].splitlines()]
+        self.assertEqual([(self.two, 1), (self.two, 2), (self.alone, None)],
+                         [(document.pop("file"), document.pop("image", None)) for document in documents])
+        self.assertEqual(["raw image, image 2 of 2", "raw image"], [document.pop("form") for document in documents[1:]])
+        self.assertTrue(documents[1] == documents[2])
+
+    def test_images_of_the_corpus_one_behind_the_other(self):
+        folder = os.path.join(SHARED, "corpus")
+        if not SHARED or not os.path.isdir(folder):
+            self.skipTest("no corpus")
+        names = sorted(os.path.join(folder, name) for name in os.listdir(folder) if name.endswith(".bin"))
+        documents = {}  # of those that hold one EDID
+        for line in run("show", "--jsonl", *names)[1].splitlines():
+            document = json.loads(line)
+            document.pop("form")
+            name = document.pop("file")
+            if "image" not in document and document.get("bytes", "").startswith("00ffffffffffff00"):
+                documents[name] = document
+            else:
+                documents.pop(name, None)
+        names = list(documents)
+        pairs = {}
+        for first, second in zip(names, names[1:]):
+            with open(first, "rb") as one, open(second, "rb") as other:
+                data = one.read()
+                if 128 * (1 + data[126]) <= len(data):
+                    pairs[self.write("%d.bin" % len(pairs), data + other.read())] = [documents[first], documents[second]]
+        self.assertGreater(len(pairs), 80)
+        found = {}
+        for line in run("show", "--jsonl", *pairs)[1].splitlines():
+            document = json.loads(line)
+            document.pop("form")
+            self.assertEqual(document.pop("image"), len(found.setdefault(document["file"], [])) + 1)
+            found[document.pop("file")].append(document)
+        self.assertEqual([], [name for name in pairs if pairs[name] != found.get(name)])
+
+    def test_what_is_written_is_the_chosen_one(self):
+        out = self.path("out.bin")
+        for arguments in ("edit", self.two, "--serial", "7", "-o", out), ("convert", self.two, "-o", out):
+            self.assertEqual((3, b"", self.line[:-1] + "; choose one with --image\n"), run(*arguments))
+            self.assertFalse(os.path.exists(out))
+            self.assertEqual((0, b"", ""), run(*arguments, "--image", "2"))
+            written = self.read("out.bin")
+            os.remove(out)
+            self.assertEqual((0, b"", ""), run(*(self.alone if name == self.two else name for name in arguments)))
+            self.assertEqual(written, self.read("out.bin"))
+            os.remove(out)
+        twice = self.write("twice.bin", IMAGE + IMAGE)  # there is nothing to choose
+        self.assertEqual((0, IMAGE, "zoredid: %s: %s (the same as the first)\n" % (twice, self.HOLDS)),
+                         run("convert", twice, "-o", "-"))
+        self.assertEqual((3, b"", "zoredid: %s: no image 2; the file holds one EDID\n" % MONITOR),
+                         run("show", MONITOR, "--image", "2"))
+
+    def test_two_that_are_compared(self):
+        status, out, error = run("page", self.two, "-o", "-")
+        self.assertEqual((0, self.line), (status, error))
+        self.assertIn(("<p class=\"file\">%s</p>" % self.HOLDS).encode(), out)
+        self.assertIn(b"<span>two.bin (image 1)</span> and <span>two.bin (image 2)</span>", out)
+        self.assertIn(b"What differs", out)
+        first = self.line[:-1] + "; the first is read, --image chooses\n"
+        for arguments in ("page", self.two, self.alone, "-o", "-"), ("compare", self.two, self.alone):
+            self.assertEqual((0, first), run(*arguments)[::2])
+        self.assertEqual((0, b"same\n", ""), run("compare", "--bytes", "--image", "2", self.two, self.two))
+
+
 class Connectors(FolderCase):
     def setUp(self):
         super().setUp()

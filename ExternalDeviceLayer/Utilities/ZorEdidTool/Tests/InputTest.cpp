@@ -8,6 +8,7 @@
 #include "Input.h"
 #include "ScratchFolder.h"
 #include "TemporaryFile.h"
+#include "TextFormat.h"
 
 namespace
 {
@@ -384,6 +385,95 @@ TEST(InputLogs, HoldOtherLinesAndSeveralEdids)
     EXPECT_EQ(aui8One, Decode("x", sText, "VGA-1").m_aui8Bytes);
     EXPECT_EQ(MakeNumbered(0, 3), Decode("x", sText, "5").m_aui8Bytes);
     EXPECT_NE(std::string::npos, Decode("x", sText, "6").m_sProblem.find("an EDID that breaks off after 48 bytes"));
+}
+
+// The names, images and sizes of all inputs, the first one's text about the file, or its problem.
+std::string Summarise(const CInputs& aoInputs)
+{
+    std::string sText;
+    for (const SInput& oInput : aoInputs)
+    {
+        sText += oInput.m_sName + ": image " + std::to_string(oInput.m_uiImage) + ", " +
+                 std::to_string(oInput.m_aui8Bytes.size()) + " bytes; ";
+    }
+    return sText + (aoInputs[0].IsGood() ? aoInputs[0].m_sImages : aoInputs[0].m_sProblem);
+}
+
+TEST(InputImages, AreThoseThatFollowTheCountedBlocks)
+{
+    const CBytes aui8One = FixChecksums(MakeNumbered(0, 9));
+    const CBytes aui8Two = FixChecksums(MakeNumbered(1));
+    const CBytes aui8Three = FixChecksums(MakeNumbered(2, 5));
+    const CBytes aui8Base(aui8Three.begin(), aui8Three.begin() + 128);
+    const CBytes aui8Extension(aui8Three.begin() + 128, aui8Three.begin() + 256);
+    const CBytes aui8Damaged = WithChange(aui8One, 20, 0xAA);
+    const CBytes aui8Header = ParseBytes("00 FF*6 00");
+    // One by byte 126, two by the first data block of block 1.
+    const CBytes aui8Override = FixChecksums(
+        Join({ CBytes(aui8Two.begin(), aui8Two.begin() + 128), ParseBytes("02 03 07 00 E2 78 02 00*121") }));
+    const std::string sTwo = "x (image 1): image 1, 256 bytes; x (image 2): image 2, ";
+    const std::string sHolds = "the file holds two EDIDs, the second begins at block ";
+    const struct
+    {
+        const char* m_pszName;
+        CBytes m_aui8Bytes;
+        std::string m_sInputs;
+    } aoCases[] = {
+        { "one after the other", Join({ aui8Two, aui8One }), sTwo + "128 bytes; " + sHolds + "2" },
+        { "a damaged one", Join({ aui8Two, aui8Damaged }), sTwo + "128 bytes; " + sHolds + "2" },
+        { "blocks that none counts", Join({ aui8One, aui8Extension, aui8Two }), sTwo + "256 bytes; " + sHolds + "2" },
+        { "cut short", Join({ aui8Two, aui8Header }), sTwo + "8 bytes; " + sHolds + "2" },
+        { "a header cut short", Join({ aui8Two, ParseBytes("00 FF*6") }), "x: image 0, 263 bytes; " },
+        { "not at a block", Join({ aui8Two, ParseBytes("00"), aui8One }), "x: image 0, 385 bytes; " },
+        { "nothing at the beginning", Join({ aui8Extension, aui8Two }), "x: image 0, 384 bytes; " },
+        { "one twice", Join({ aui8Two, aui8Two }), "x: image 1, 256 bytes; " + sHolds + "2 (the same as the first)" },
+        { "one again", Join({ aui8Two, aui8One, aui8Two }),
+          sTwo +
+              "128 bytes; the file holds three EDIDs, the second begins at block 2, the third at block 3 (the same as "
+              "the first)" },
+        { "another one in place of an extension block", Join({ aui8Base, aui8Extension, aui8One }),
+          sTwo + "128 bytes; " + sHolds + "2" },
+        { "a damaged block among those counted", Join({ aui8Base, aui8Extension, aui8Damaged }),
+          "x: image 0, 384 bytes; " },
+        { "the base block among those counted", Join({ aui8Base, aui8Extension, aui8Base }),
+          "x: image 0, 384 bytes; " },
+        { "counted by the override", Join({ aui8Override, aui8Damaged }), "x: image 0, 384 bytes; " },
+        { "after those of the override", Join({ aui8Override, aui8Extension, aui8One }),
+          "x (image 1): image 1, 384 bytes; x (image 2): image 2, 128 bytes; " + sHolds + "3" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        const std::string sBytes(oCase.m_aui8Bytes.begin(), oCase.m_aui8Bytes.end());
+        EXPECT_EQ(oCase.m_sInputs, Summarise(DecodeInputs("x", sBytes))) << oCase.m_pszName;
+    }
+}
+
+TEST(InputImages, AreChosenByNumber)
+{
+    const CBytes aui8One = MakeNumbered(0, 9);
+    const CBytes aui8Two = MakeNumbered(1);
+    const std::string sBoth = Log("\t", Join({ aui8Two, aui8One }));
+    EXPECT_EQ(aui8Two, DecodeInputs("x", sBoth, "", 1)[0].m_aui8Bytes);
+    const SInput oSecond = DecodeInputs("x", sBoth, "", 2)[0];
+    EXPECT_EQ(aui8One, oSecond.m_aui8Bytes);
+    EXPECT_EQ("hexadecimal digits, image 2 of 2", oSecond.m_sForm);
+    EXPECT_EQ("x: image 2, 128 bytes; ", Summarise({ oSecond }));
+    EXPECT_EQ("x: image 0, 0 bytes; no image 3; the file holds two EDIDs, the second begins at block 2",
+              Summarise(DecodeInputs("x", sBoth, "", 3)));
+    EXPECT_EQ("x: image 0, 128 bytes; ", Summarise(DecodeInputs("x", Log("\t", aui8One), "", 1)));
+    EXPECT_EQ("x: image 0, 0 bytes; no image 2; the file holds one EDID",
+              Summarise(DecodeInputs("x", Log("\t", aui8One), "", 2)));
+    // Of a monitor in a text.
+    const std::string sKey = "DRM connector: card0-DP-1\nEDID hex dump:\n";
+    std::string sDump = sKey;
+    for (size_t i = 0; i < 24; ++i)
+    {
+        sDump += FormatText(" +%04zx", 16 * i) + sBoth.substr(49 * i, 49);
+    }
+    sDump += sKey + " +0000 00 ff\n";
+    EXPECT_EQ("x (EDID 1) (image 1): image 1, 256 bytes; x (EDID 1) (image 2): image 2, 128 bytes; "
+              "x (EDID 2): image 0, 2 bytes; the file holds two EDIDs, the second begins at block 2",
+              Summarise(DecodeInputs("x", sDump, "all")));
 }
 
 // Columns and line ends of its rows are those of the library's reader.

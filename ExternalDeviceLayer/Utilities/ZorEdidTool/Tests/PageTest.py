@@ -89,7 +89,8 @@ class PageTest(unittest.TestCase):
 
     def make(self, *paths):
         done = self.run_page(*paths, "-o", "-")
-        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertEqual(done.returncode, 0)
+        self.assertRegex(done.stderr, rb"^(zoredid: \S+: the file holds \w+ EDIDs, .*\n)?$")  # some of a folder do
         page = Page(done.stdout.decode("utf-8"))  # strictly
         self.check_whole(page)
         return page

@@ -131,6 +131,15 @@ def is_halved(case):
         int(case.own.values[word]) // 2 == int(case.peer.values[word]) for word in words)
 
 
+def is_of_type_2(case):
+    if case.word:
+        return case.own.tag == 4 and case.is_stored()
+    others = {word for word in case.own.values if word in case.peer.values and word != "vertical-sync-polarity"}
+    return case.block[0] == DISPLAYID and all(
+        plain(case.own.values[word])[:1] == plain(case.peer.values[word])[:1] if word.endswith("polarity")
+        else case.own.values[word] == case.peer.values[word] for word in others)
+
+
 def is_printed_as_bytes(case):
     raw = [bytes.fromhex(found[1]) for line in case.lines if (found := re.search("mode: ((?:[0-9a-f]{2} )+)", line))]
     clock = float(case.own.values.get("pixel-clock", case.own.values.get("clock")))
@@ -150,8 +159,13 @@ def is_rate_with_border(case):
 
 
 def is_short_hdmi(case):
-    return case.own is None and any(byte >> 5 == 3 and case.block[i + 1:i + 4] == b"\x03\x0c\x00"
-                                    for i, byte in enumerate(case.block))
+    """Whether an HDMI block announces more codes and 3D fields than it has bytes."""
+    for i in range(BLOCK_SIZE - 16):
+        length, flags = case.block[i] % 32, case.block[i + 8]
+        if case.block[i] >> 5 == 3 and case.block[i + 1:i + 4] == b"\x03\x0c\x00" and flags & 0x20:
+            at = i + 10 + (flags >> 7) * (2 + (flags >> 6 & 1) * 2)  # behind the latencies and the flags of 3D
+            return case.own is None and at + (case.block[at] >> 5) + case.block[at] % 32 > i + length
+    return False
 
 
 def has_odd_length(case):
@@ -166,7 +180,11 @@ def is_malformed(case):
     if block[0] == DISPLAYID:
         offset, end = 5, block[2] + 5
         while offset + 3 <= end <= 126 and any(block[offset:end]):
-            offset += 3 + block[offset + 2]
+            tag, _, length, first = block[offset:offset + 4]
+            least = {0x00: 12, 0x20: 12, 0x02: 1 + 3 * ((first >> 4 & 7) + first % 16)}.get(tag, 0)
+            if length < least or tag == 0x01 and length != 12:
+                return True
+            offset += 3 + length
         return end > 126 or offset > end
     if block[0] != CTA or block[2] == 0 and block[1] > 0:
         return False
@@ -211,7 +229,7 @@ EXCUSES = (
      and (case.byte(0) in (0, 128) or case.byte(0) > 219)),
     ("no-code", "both", "displayid.code", "", lambda case: case.peer is None and case.is_bare("dmt-id", 1, 88)),
     ("latency-formula", "here", "cta.hdmi", ".*latency", lambda case: int(case.theirs) == int(case.ours) + 3),
-    ("past-end", "here", "cta.hdmi.3d-.*", ".*", is_short_hdmi),
+    ("past-end", "here", "cta.hdmi.(3d-.*|vic)", "", is_short_hdmi),
     ("one-size", "both", "base.display", "screen-.*",
      lambda case: 0 in case.image[21:23] and case.theirs is None and int(case.ours) == sum(case.image[21:23])),
     ("audio-without-channels", "here", "cta.audio.descriptor", "channels",
@@ -226,6 +244,7 @@ EXCUSES = (
     ("dynamic-length", "both", "cta.hdr-dynamic.metadata", "",
      lambda case: case.peer is None and int(case.own.values["type"]) == case.word16(1)),
     ("interlaced-field", "both", "displayid.timing|library.detailed", "vertical-.*|", is_halved),
+    ("type-2-polarity", "here", "displayid.timing|library.detailed", "vertical-sync-polarity|", is_of_type_2),
     ("interlaced-border", "here", "mode:base.detailed", "rate", is_rate_with_border),
     ("preferred-420", "here", "displayid.timing", "preferred",
      lambda case: case.theirs is None and case.byte(3) & 0x88 == 0x88),
@@ -240,10 +259,10 @@ EXCUSES = (
      lambda case: case.image[18] != 1),
     ("range-before-1.4", "neither", "base.range", ".*",
      lambda case: case.ours is None and case.image[19] < 4 and case.image[case.own.begin + 10] > 2),
-    ("displayid-version", "neither", "end|(mode:)?displayid.*", "",
-     lambda case: case.own is None and case.block[0] == DISPLAYID and case.block[1] >> 4 not in (1, 2)),
+    ("displayid-version", "neither", "end|(mode:)?displayid.*", ".*",
+     lambda case: case.ours is None and case.block[0] == DISPLAYID and case.block[1] >> 4 not in (1, 2)),
     ("odd-length", "neither", "cta.speakers|cta.amd|displayid.tiled", ".*", has_odd_length),
-    ("malformed-block", "neither", "(mode:)?(cta|displayid).*|library.*", ".*", is_malformed),
+    ("malformed-block", "neither", "(mode:)?(cta|displayid).*|library.*|end", ".*", is_malformed),
 )
 # Where edid-decode is known to be silent, and not to have other words for the value.
 SILENT = ("further-section", "amd-second", "panel-flags", "one-size")

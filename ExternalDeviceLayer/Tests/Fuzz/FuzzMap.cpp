@@ -1,11 +1,12 @@
 // Fuzz target: the input is an EDID image in any state; its map says each bit once, its facts are fields of the map,
-// the list of modes has those of the map, and the findings are about its fields.
+// the list of modes has those of the map, the findings are about its fields, and repairs change what they name.
 
 #include "FactsCheck.h"
 #include "FindingsCheck.h"
 #include "FuzzSupport.h"
 #include "MapCheck.h"
 #include "ModesCheck.h"
+#include "RepairCheck.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
 {
@@ -30,5 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     Require((iListed != 0) == (aui8Image.size() >= gsc_uiBlockSize), "any base block is read");
     const std::string sOther = iListed != 0 ? CheckModes(oModes, oMap) : "";
     Require(sOther.empty(), sOther.c_str());
+    const std::string sRepair = aui8Image.empty() ? "" : CheckRepair(aui8Image);
+    Require(sRepair.empty(), sRepair.c_str());
     return 0;
 }

@@ -1,0 +1,51 @@
+/// Makes right what is wrong in an EDID image and has one right answer: checksums, counts of blocks, and bytes that say
+/// nothing but have a value that the standards fix. What an image announces is left as it is.
+
+#pragma once
+
+#include "ZorEdidRules.h"
+#include "ZorMFCTypes.h"
+
+#pragma GCC visibility push(default)
+
+/// Bytes that were made right.
+struct SZorRepair
+{
+    EZorEdidRule m_eRule;    ///< that they broke
+    unsigned int m_uiOffset; ///< of the first one in the image
+    unsigned int m_uiLength; ///< bytes, at least 1
+};
+
+/// A repaired copy of an image, and what was repaired. Read makes it, everything else asks it.
+class CZorEdidRepair
+{
+public:
+    CZorEdidRepair() = default;
+    CZorEdidRepair(const CZorEdidRepair&) = delete;
+    CZorEdidRepair& operator=(const CZorEdidRepair&) = delete;
+
+    /// Repairs a copy of uiSize bytes, which keep their number:
+    ///   - checksums of the blocks that are counted, and of their DisplayID sections
+    ///   - the number of extension blocks, where whole blocks with right checksums and known tags are not counted, or
+    ///     fewer follow than are counted
+    ///   - the number of further DisplayID sections in the first one
+    ///   - padding, line feeds and blanks that end texts, unused standard timings, descriptors that are all zeros
+    /// A checksum is right again after any of these. Returns 1; 0 when uiSize is 0 or above INT_MAX, or pui8Data is
+    /// null, and then there are no bytes. When memory runs out, the result means nothing until the next Read.
+    int Read(unsigned int uiSize, const unsigned char* pui8Data);
+
+    /// The repaired bytes, as many as were read. The pointer is good until the next Read.
+    const unsigned char* GetData() const { return m_aui8Data.GetData(); }
+    unsigned int GetSize() const { return m_aui8Data.GetCount(); }
+
+    /// What was repaired, in the order of its bytes; 0 for an image without such faults, whose bytes are as they were.
+    unsigned int GetCount() const { return m_aoRepairs.GetCount(); }
+    /// uiIndex must be below GetCount. The reference is good until the next Read.
+    const SZorRepair& Get(unsigned int uiIndex) const { return m_aoRepairs[uiIndex]; }
+
+private:
+    CMArray<unsigned char, const unsigned char&> m_aui8Data;
+    CMArray<SZorRepair, const SZorRepair&> m_aoRepairs;
+};
+
+#pragma GCC visibility pop

@@ -177,18 +177,29 @@ def peer_text(program, *arguments):
     return text.decode("latin-1")
 
 
-def image_paths(names, folder):
-    """The .bin files of folders; the images of a text file (Images.txt) are written to the folder."""
+def read_images(names):
+    """(name, bytes) of the .bin files of folders, and of the images of a text file (Images.txt)."""
     for name in names:
         if os.path.isdir(name):
-            yield from sorted(glob.glob(os.path.join(name, "*.bin")))
+            for path in sorted(glob.glob(os.path.join(name, "*.bin"))):
+                with open(path, "rb") as file:
+                    yield os.path.basename(path), file.read()
             continue
         with open(name, encoding="utf-8") as file:
             for image, text in (line.split("\t") for line in file if not line.startswith("#")):
-                path = os.path.join(folder, image + ".bin")
-                with open(path, "wb") as written:
-                    written.write(bytes.fromhex(text))
-                yield path
+                yield image + ".bin", bytes.fromhex(text)
+
+
+def image_paths(names, folder):
+    """The images as files in a folder. A file with several EDIDs becomes one for each, as zoredid reads it."""
+    for name, image in read_images(names):
+        begins = [0] + [i for i in range(PeerFacts.BLOCK_SIZE, len(image), PeerFacts.BLOCK_SIZE)
+                        if image.startswith(Excuses.BASE_HEADER, i)]
+        for begin, end in zip(begins, begins[1:] + [len(image)]):
+            path = os.path.join(folder, name if begin == 0 else f"{begin // PeerFacts.BLOCK_SIZE}-{name}")
+            with open(path, "wb") as file:
+                file.write(image[begin:end])
+            yield path
 
 
 def describe(difference):

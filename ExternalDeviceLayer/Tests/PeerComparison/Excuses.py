@@ -55,10 +55,6 @@ class Case:
         """All that may be a descriptor of 18 bytes in the block."""
         return [self.block[i:i + 18] for i in range(BLOCK_SIZE - 18)]
 
-    def other_base(self):
-        """Whether another base block is ahead of the block."""
-        return any(self.image[i * BLOCK_SIZE:][:8] == BASE_HEADER for i in range(1, self.number))
-
     def is_first_section(self):
         return DISPLAYID not in [self.image[i * BLOCK_SIZE] for i in range(1, self.number)]
 
@@ -251,7 +247,7 @@ EXCUSES = (
     ("further-infoframes", "both", "cta.infoframe", "vendor-specific-at-once",
      lambda case: int(case.ours) == int(case.theirs) + 1),
     ("not-announced", "both", "mode:.*", "",
-     lambda case: case.own is None and (case.number > case.image[126] or case.other_base())),
+     lambda case: case.own is None and case.number > case.image[126]),
     ("cvt-version", "neither", "(mode:)?base.cvt-code", "",
      lambda case: case.peer is None and case.number == 0
      and case.image[case.own.begin - (case.own.begin - 54) % 18 + 5] != 1),

@@ -66,8 +66,8 @@ public:
         }
     }
 
-    // Of all blocks that are counted: what was repaired in them has changed their sums. Those that were right before are
-    // not named. What follows them may be anything.
+    // Of all blocks that are counted: what was repaired in them has changed their sums. Those that were right are
+    // not named. What follows these blocks may be anything.
     void RepairChecksums()
     {
         const unsigned int uiBlocks = 1 + CountExtensions(m_aui8Data.GetData(), m_aui8Data.GetCount());

@@ -43,7 +43,7 @@ def failures(text):
 def findings(program, path):
     """(id, severity) of what this library finds."""
     answer = run(program, "check", "--json", path, accepted=(0, 1)) or {"checks": []}
-    return {(finding.get("id", "no id"), finding["severity"])
+    return {(finding["rule"], finding["severity"])
             for check in answer["checks"] for finding in check["findings"]}
 
 

@@ -463,6 +463,10 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_UnlistedTiming, CMap::eSeverity_Note, "library.unlisted-timing",
       "the library does not list this timing", "",
       "The numbered lists of the library, and edits by number, lack the timing; modes and facts have it." },
+
+    // ---- What the command says of a file ----
+    { eZorEdidRule_SeveralImages, CMap::eSeverity_Note, "input.several-edids", "the file holds several EDIDs", "",
+      "Each is checked by itself; who programs the file as it is into a monitor gives it a wrong length." },
 };
 
 constexpr bool IsBefore(const SZorEdidRule& oFirst, const SZorEdidRule& oSecond)

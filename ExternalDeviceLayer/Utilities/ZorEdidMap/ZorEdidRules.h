@@ -8,7 +8,7 @@
 #pragma GCC visibility push(default)
 
 /// 1 to 499 are about one structure, which the map sees; 500 to 899 about several of them or about the image as a
-/// whole; from 900 on about what this library does not read.
+/// whole; from 900 on about what this library does not read, and about the file.
 enum EZorEdidRule : unsigned short
 {
     eZorEdidRule_None = 0,
@@ -198,6 +198,9 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_UnreadRangeOffsets = 902,
     eZorEdidRule_UnreadDescriptor = 903,
     eZorEdidRule_UnlistedTiming = 904,
+
+    // ---- What the command says of a file ----
+    eZorEdidRule_SeveralImages = 990,
 };
 
 /// What is known of a rule. All texts are static and never null.

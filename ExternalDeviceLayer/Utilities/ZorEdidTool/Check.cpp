@@ -1,12 +1,17 @@
-// zoredid check: findings about images, one a line, and a summary.
+// zoredid check: findings about images in several forms, counts of them, and the rules.
 
+#include <algorithm>
 #include <atomic>
+#include <utility>
+#include <vector>
 
 #include "CommandLine.h"
-#include "Findings.h"
+#include "EdidUtils.h"
+#include "FindingForms.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapText.h"
+#include "RuleNames.h"
 #include "TextFormat.h"
 #include "Tool.h"
 
@@ -16,106 +21,123 @@ struct SCheckOptions
 {
     SFiles m_oFiles;
     bool m_bJson = false;
+    bool m_bSarif = false;
+    bool m_bJUnit = false;
+    bool m_bSummary = false;
+    bool m_bRules = false;
+    bool m_bMarkdown = false;
+    std::string m_sFailOn = "warning";
+    std::vector<std::string> m_asIgnored;
+
+    CZorEdidMap::ESeverity GetFailOn() const
+    {
+        return m_sFailOn == "error"     ? CZorEdidMap::eSeverity_Error
+               : m_sFailOn == "warning" ? CZorEdidMap::eSeverity_Warning
+                                        : CZorEdidMap::eSeverity_Note;
+    }
+    bool IsText() const { return !m_bJson && !m_bSarif && !m_bJUnit; }
 };
+
+using CCount = std::atomic<unsigned long long>;
 
 // Counted by all threads; read when they are done.
 struct SCounts
 {
-    std::atomic<unsigned long long> m_ullImages = 0;
-    std::atomic<unsigned long long> m_ullUnreadable = 0;
-    std::atomic<unsigned long long> m_ullFaulty = 0;        // images with an error or a warning
-    std::atomic<unsigned long long> m_aullFindings[3] = {}; // by severity
+    CCount m_ullImages = 0;
+    CCount m_ullUnreadable = 0;
+    CCount m_ullFaulty = 0;        // images with an error or a warning
+    CCount m_ullFailed = 0;        // those with a finding that --fail-on means
+    CCount m_aullFindings[3] = {}; // by severity
+    // By rule: the images with it, and its findings.
+    std::vector<CCount> m_aullRuleImages = std::vector<CCount>(GetRuleNumbers());
+    std::vector<CCount> m_aullRuleFindings = std::vector<CCount>(GetRuleNumbers());
 };
 
-std::string DescribeFinding(const std::string& sName, const SFinding& oFinding)
+void Count(const std::vector<SFinding>& aoFindings, SCounts& oCounts)
 {
-    std::string sText =
-        ShowName(sName) + FormatText(": block %u offset 0x%02x", oFinding.m_uiBlock, oFinding.m_uiOffset);
-    sText += oFinding.m_sField.empty() ? "" : " (" + oFinding.m_sField + ")";
-    sText += FormatText(": %s: ", GetNoteName(oFinding.m_eSeverity)) + oFinding.m_sWhat;
-    sText += oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound;
-    sText += oFinding.m_sExpected.empty() ? "" : ", expected " + oFinding.m_sExpected;
-    return sText + "\n";
-}
-
-std::string MakeChecked(const SInput& oInput, const std::vector<SFinding>& aoFindings)
-{
-    CJsonWriter oJson(CJsonWriter::eStyle_Indented);
-    oJson.BeginObject();
-    WriteSource(oInput, oJson);
-    oJson.BeginArray("findings");
+    std::vector<EZorEdidRule> aeRules;
     for (const SFinding& oFinding : aoFindings)
     {
-        oJson.BeginObject();
-        oJson.Member("block", oFinding.m_uiBlock);
-        oJson.Member("offset", oFinding.m_uiOffset);
-        if (!oFinding.m_sField.empty())
-        {
-            oJson.Member("field", oFinding.m_sField);
-        }
-        oJson.Member("severity", GetNoteName(oFinding.m_eSeverity));
-        oJson.Member("what", oFinding.m_sWhat);
-        oJson.Member("found", oFinding.m_sFound);
-        oJson.Member("expected", oFinding.m_sExpected);
-        oJson.EndObject();
+        ++oCounts.m_aullFindings[oFinding.m_eSeverity];
+        ++oCounts.m_aullRuleFindings[oFinding.m_eRule];
+        aeRules.push_back(oFinding.m_eRule);
     }
-    oJson.EndArray();
-    oJson.EndObject();
-    return oJson.GetText();
+    std::ranges::sort(aeRules);
+    aeRules.erase(std::unique(aeRules.begin(), aeRules.end()), aeRules.end());
+    for (const EZorEdidRule eRule : aeRules)
+    {
+        ++oCounts.m_aullRuleImages[eRule];
+    }
+    oCounts.m_ullFaulty += std::ranges::any_of(aoFindings, &SFinding::HasWeight) ? 1 : 0;
+}
+
+std::string MakeText(const SChecked& oChecked, const SCheckOptions& oOptions)
+{
+    return oOptions.m_bJson      ? MakeCheckedJson(oChecked)
+           : oOptions.m_bSarif   ? MakeSarifResults(oChecked)
+           : oOptions.m_bJUnit   ? MakeJUnitCase(oChecked, oOptions.GetFailOn())
+           : oOptions.m_bSummary ? std::string()
+                                 : MakeFindingLines(oChecked);
 }
 
 // That the file holds more than this image, which ends where the second one begins.
 SFinding MakeNoteOfImages(const SInput& oInput)
 {
     SFinding oFinding = {};
+    oFinding.m_eRule = eZorEdidRule_SeveralImages;
     oFinding.m_uiBlock = static_cast<unsigned int>(oInput.m_aui8Bytes.size()) / CEdidUtils::msc_uiBlockSize;
+    oFinding.m_uiLength = CEdidUtils::msc_uiBlockSize;
     oFinding.m_eSeverity = CZorEdidMap::eSeverity_Note;
     oFinding.m_sWhat = oInput.m_sImages;
     return oFinding;
 }
 
-std::string MakeUnchecked(const SInput& oInput)
+SOutcome CheckInput(const SInput& oInput, const SCheckOptions& oOptions, const CRuleSet& oIgnored, SCounts& oCounts)
 {
-    CJsonWriter oJson(CJsonWriter::eStyle_Indented);
-    oJson.BeginObject();
-    WriteSource(oInput, oJson);
-    oJson.Member("error", oInput.m_sProblem);
-    oJson.EndObject();
-    return oJson.GetText();
-}
-
-SOutcome CheckInput(const SInput& oInput, bool bJson, SCounts& oCounts)
-{
+    SChecked oChecked = { oInput };
     if (!oInput.IsGood())
     {
         SOutcome oOutcome = RefuseInput(oInput, oInput.m_sProblem);
-        oOutcome.m_sOut = bJson ? MakeUnchecked(oInput) : "";
+        oOutcome.m_sOut = MakeText(oChecked, oOptions);
         ++oCounts.m_ullUnreadable;
         return oOutcome;
     }
-    SOutcome oOutcome;
     CZorEdidMap oMap;
     oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
-    std::vector<SFinding> aoFindings = CheckImage(oMap, GetThisYear());
+    oChecked.m_aoFindings = CheckImage(oMap, GetThisYear());
     if (!oInput.m_sImages.empty())
     {
-        aoFindings.push_back(MakeNoteOfImages(oInput));
+        oChecked.m_aoFindings.push_back(MakeNoteOfImages(oInput));
     }
-    for (const SFinding& oFinding : aoFindings)
+    std::erase_if(oChecked.m_aoFindings, [&](const SFinding& oFinding) { return oIgnored.Has(oFinding.m_eRule); });
+    const bool bFails = std::ranges::any_of(
+        oChecked.m_aoFindings, [&](const SFinding& oFinding) { return oFinding.m_eSeverity >= oOptions.GetFailOn(); });
+    Count(oChecked.m_aoFindings, oCounts);
+    oCounts.m_ullFailed += bFails ? 1 : 0;
+    return { MakeText(oChecked, oOptions), "", bFails ? eExit_Finding : eExit_Good };
+}
+
+// A line for each rule that is broken, that of most images first.
+std::string SummariseRules(const SCounts& oCounts)
+{
+    std::vector<const SZorEdidRule*> apoRules;
+    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
     {
-        oOutcome.m_eExit = oFinding.HasWeight() ? eExit_Finding : oOutcome.m_eExit;
-        oOutcome.m_sOut += bJson ? "" : DescribeFinding(oInput.m_sName, oFinding);
+        if (oCounts.m_aullRuleImages[GetZorEdidRule(i).m_eRule] != 0)
+        {
+            apoRules.push_back(&GetZorEdidRule(i));
+        }
     }
-    if (bJson)
+    std::ranges::stable_sort(apoRules, std::ranges::greater(), [&](const SZorEdidRule* poRule) {
+        return oCounts.m_aullRuleImages[poRule->m_eRule].load();
+    });
+    std::string sText = apoRules.empty() ? "" : "  images findings rule\n";
+    for (const SZorEdidRule* poRule : apoRules)
     {
-        oOutcome.m_sOut = MakeChecked(oInput, aoFindings);
+        sText += FormatText("%8llu %8llu %s\n", oCounts.m_aullRuleImages[poRule->m_eRule].load(),
+                            oCounts.m_aullRuleFindings[poRule->m_eRule].load(), poRule->m_pszId);
     }
-    for (const SFinding& oFinding : aoFindings)
-    {
-        ++oCounts.m_aullFindings[oFinding.m_eSeverity];
-    }
-    oCounts.m_ullFaulty += oOutcome.m_eExit == eExit_Finding ? 1 : 0;
-    return oOutcome;
+    return sText;
 }
 
 std::string Summarise(const SCounts& oCounts)
@@ -129,26 +151,71 @@ std::string Summarise(const SCounts& oCounts)
                       oCounts.m_aullFindings[CZorEdidMap::eSeverity_Note].load());
 }
 
-void Check(SCheckOptions& oOptions, STool& oTool)
+// What a document has around the images.
+void FrameDocument(SCheckOptions& oOptions, const SCounts& oCounts)
 {
-    SCounts oCounts;
-    oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
-    oOptions.m_oFiles.m_bTurnsSayImages = true;
+    SFiles& oFiles = oOptions.m_oFiles;
     if (oOptions.m_bJson)
     {
-        oOptions.m_oFiles.m_sBetween = ",\n";
-        oOptions.m_oFiles.m_sHead = OpenDocument("checks");
-        oOptions.m_oFiles.m_sTail = gsc_pszCloseDocument;
+        oFiles.m_sBetween = ",\n";
+        oFiles.m_sHead = OpenDocument("checks");
+        oFiles.m_sTail = gsc_pszCloseDocument;
     }
+    else if (oOptions.m_bSarif)
+    {
+        oFiles.m_sBetween = gsc_pszBetween;
+        oFiles.m_sHead = OpenSarif();
+        oFiles.m_sTail = gsc_pszCloseSarif;
+    }
+    else if (oOptions.m_bJUnit)
+    {
+        oFiles.m_fnHead = [&oCounts] {
+            return OpenJUnit({ oCounts.m_ullImages, oCounts.m_ullFailed, oCounts.m_ullUnreadable });
+        };
+        oFiles.m_sTail = gsc_pszCloseJUnit;
+    }
+}
+
+void CheckFiles(SCheckOptions& oOptions, STool& oTool)
+{
+    SCounts oCounts;
+    CRuleSet oIgnored;
+    for (const std::string& sName : oOptions.m_asIgnored)
+    {
+        oIgnored.Add(sName);
+    }
+    oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
+    oOptions.m_oFiles.m_bTurnsSayImages = true;
+    FrameDocument(oOptions, oCounts);
     ForEachInput(oOptions.m_oFiles, oTool, [&](const SInput& oInput) {
-        SOutcome oOutcome = CheckInput(oInput, oOptions.m_bJson, oCounts);
+        SOutcome oOutcome = CheckInput(oInput, oOptions, oIgnored, oCounts);
         ++oCounts.m_ullImages; // here, so that a turn that throws counts when it is answered
         return oOutcome;
     });
-    if (!oOptions.m_bJson && oCounts.m_ullImages > 1)
+    if (oOptions.IsText() && (oCounts.m_ullImages > 1 || (oOptions.m_bSummary && oCounts.m_ullImages > 0)))
     {
-        PrintOutcome({ Summarise(oCounts), "", eExit_Good }, oTool);
+        PrintResult(SummariseRules(oCounts) + Summarise(oCounts));
     }
+}
+
+void Check(SCheckOptions& oOptions, STool& oTool)
+{
+    const bool bFiles = !oOptions.m_oFiles.m_asNames.empty() || !oOptions.m_oFiles.m_sListFile.empty();
+    const char* pszMistake = oOptions.m_bRules && bFiles                  ? "FILE cannot be combined with --rules"
+                             : oOptions.m_bMarkdown && !oOptions.m_bRules ? "--markdown needs --rules"
+                                                                          : nullptr;
+    if (pszMistake != nullptr)
+    {
+        PrintError(std::string(pszMistake) + " (see zoredid check --help)");
+        oTool.Note(eExit_CommandLine);
+        return;
+    }
+    if (oOptions.m_bRules)
+    {
+        PrintResult(oOptions.m_bJson ? MakeRules() : oOptions.m_bMarkdown ? MakeRulesTable() : ListRules());
+        return;
+    }
+    CheckFiles(oOptions, oTool);
 }
 } // namespace
 
@@ -156,11 +223,40 @@ void DeclareCheckOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SCheckOptions>();
     DeclareFiles(oCommand, poOptions->m_oFiles);
-    oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the findings");
-    oCommand.Footer("A line for each finding, none for a clean image, and a summary of several:\n"
-                    "  FILE: block B offset 0xNN (field): error|warning|note: what: found X, expected Y\n"
-                    "Exit status: 0 clean or notes only, 1 errors or warnings, 3 an image that cannot be read.\n\n"
-                    "Example:\n"
-                    "  zoredid check *.bin");
+    const COption oFailOn = oCommand
+                                .Word("--fail-on", poOptions->m_sFailOn,
+                                      "The least severity that makes the exit status 1; warning without the option")
+                                .Placeholder("SEVERITY")
+                                .OneOf({ "error", "warning", "note" });
+    const COption oIgnore = oCommand
+                                .Each("--ignore", poOptions->m_asIgnored,
+                                      "Leave a rule out, or all whose ids begin so: reserved is all of reserved.*")
+                                .Placeholder("ID")
+                                .Check(CRuleSet::CheckName);
+    const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the findings");
+    const COption oSarif =
+        oCommand.Flag("--sarif", poOptions->m_bSarif, "A log in SARIF 2.1.0, for code hosts and editors");
+    const COption oJUnit =
+        oCommand.Flag("--junit", poOptions->m_bJUnit, "JUnit's XML, for build servers: a case for each image");
+    const COption oSummary =
+        oCommand.Flag("--summary", poOptions->m_bSummary, "The counts by rule only, not each finding");
+    const COption oRules = oCommand.Flag("--rules", poOptions->m_bRules,
+                                         "The rules: id, severity, standard, and why they matter; without FILE");
+    const COption oMarkdown =
+        oCommand.Flag("--markdown", poOptions->m_bMarkdown, "With --rules: as a table of Markdown");
+    oSarif.Excludes(oJson);
+    oJUnit.Excludes(oJson).Excludes(oSarif);
+    oSummary.Excludes(oJson).Excludes(oSarif).Excludes(oJUnit);
+    oRules.Excludes(oSarif).Excludes(oJUnit).Excludes(oSummary).Excludes(oFailOn).Excludes(oIgnore);
+    oMarkdown.Excludes(oJson);
+    oCommand.Footer("A line for each finding, none for a clean image; of several images then the counts by rule and a "
+                    "summary:\n"
+                    "  FILE: block B offset 0xNN (field): error|warning|note: what: found X, expected Y [rule]\n"
+                    "Exit status: 0 clean or notes only, 1 errors or warnings (or what --fail-on says), 3 an image "
+                    "that cannot be read.\n\n"
+                    "Examples:\n"
+                    "  zoredid check *.bin\n"
+                    "  zoredid check --fail-on error --ignore reserved --ignore base.image-size *.bin\n"
+                    "  zoredid check --sarif *.bin > zoredid.sarif");
     oCommand.Run([poOptions, &oTool] { Check(*poOptions, oTool); });
 }

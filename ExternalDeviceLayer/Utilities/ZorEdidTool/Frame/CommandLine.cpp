@@ -249,6 +249,11 @@ COption COptions::Words(const char* pszName, std::vector<std::string>& asWords, 
     return COption(*m_oApp.add_option(pszName, asWords, pszHelp));
 }
 
+COption COptions::Each(const char* pszName, std::vector<std::string>& asWords, const char* pszHelp)
+{
+    return COption(*m_oApp.add_option(pszName, asWords, pszHelp)->allow_extra_args(false));
+}
+
 COption COptions::Flag(const char* pszName, bool& bFlag, const char* pszHelp)
 {
     return COption(*m_oApp.add_flag(pszName, bFlag, pszHelp));

@@ -48,6 +48,8 @@ public:
     COption Word(const char* pszName, std::string& sWord, const char* pszHelp);
     COption Word(const char* pszName, const std::function<void(const std::string&)>& fnTake, const char* pszHelp);
     COption Words(const char* pszName, std::vector<std::string>& asWords, const char* pszHelp);
+    // An option that may be repeated, with one value each time.
+    COption Each(const char* pszName, std::vector<std::string>& asWords, const char* pszHelp);
     COption Flag(const char* pszName, bool& bFlag, const char* pszHelp);
     // Decimal, with or without leading zeros. pszRange is its range in the help.
     COption Number(const char* pszName, unsigned int& uiNumber, unsigned int uiLeast, unsigned int uiMost,

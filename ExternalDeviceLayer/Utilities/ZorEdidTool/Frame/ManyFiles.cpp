@@ -289,6 +289,59 @@ SOutcome RunTurnsOf(const std::string& sName, const STurnRules& oRules)
     });
 }
 
+// Text that waits in a temporary file until it can be printed.
+class CWaitingText
+{
+public:
+    void Open()
+    {
+        m_poFile = tmpfile();
+        Note(m_poFile != nullptr);
+    }
+    ~CWaitingText()
+    {
+        if (m_poFile != nullptr)
+        {
+            fclose(m_poFile);
+        }
+    }
+    CWaitingText() = default;
+    CWaitingText(const CWaitingText&) = delete;
+    CWaitingText& operator=(const CWaitingText&) = delete;
+
+    void Add(const std::string& sText)
+    {
+        Note(m_iError == 0 && fwrite(sText.data(), 1, sText.size(), m_poFile) == sText.size());
+    }
+
+    void Print()
+    {
+        constexpr size_t uiPiece = size_t{ 1 } << 16; // bytes
+        if (m_iError != 0)
+        {
+            return;
+        }
+        rewind(m_poFile); // writes what is left
+        Note(ferror(m_poFile) == 0);
+        std::string sPiece(uiPiece, '\0');
+        for (size_t uiRead = uiPiece; uiRead == uiPiece && m_iError == 0;)
+        {
+            uiRead = fread(sPiece.data(), 1, uiPiece, m_poFile);
+            PrintResult(sPiece.substr(0, uiRead));
+        }
+        Note(ferror(m_poFile) == 0);
+    }
+
+    // 0 unless a part of the text is lost.
+    int GetError() const { return m_iError; }
+
+private:
+    void Note(bool bGood) { m_iError = bGood || m_iError != 0 ? m_iError : errno; }
+
+    FILE* m_poFile = nullptr;
+    int m_iError = 0; // errno
+};
+
 // All that a run writes, in the order of the inputs.
 class CPrinter
 {
@@ -296,6 +349,11 @@ public:
     CPrinter(const SFiles& oFiles, size_t uiCount, STool& oTool)
         : m_oFiles(oFiles), m_oTool(oTool), m_oProgress(uiCount)
     {
+        if (m_oFiles.m_fnHead)
+        {
+            m_oWaiting.Open();
+            return;
+        }
         PrintResult(m_oFiles.m_sHead);
     }
 
@@ -305,27 +363,52 @@ public:
         {
             m_oProgress.Clear();
         }
-        if (!oOutcome.m_sOut.empty())
+        const std::string sBetween = m_bFirst || oOutcome.m_sOut.empty() ? "" : m_oFiles.m_sBetween;
+        m_bFirst = m_bFirst && oOutcome.m_sOut.empty();
+        if (m_oFiles.m_fnHead)
         {
-            m_oProgress.MakeRoomForOutput();
-            PrintResult(m_bFirst ? "" : m_oFiles.m_sBetween);
-            m_bFirst = false;
+            m_oWaiting.Add(sBetween + oOutcome.m_sOut);
+            PrintOutcome({ "", oOutcome.m_sError, oOutcome.m_eExit }, m_oTool);
         }
-        PrintOutcome(oOutcome, m_oTool);
+        else
+        {
+            PrintNow(sBetween, oOutcome);
+        }
         m_oProgress.Step();
     }
 
     void Finish()
     {
         m_oProgress.Clear();
+        if (m_oFiles.m_fnHead)
+        {
+            PrintResult(m_oFiles.m_fnHead());
+            m_oWaiting.Print();
+        }
         PrintResult(m_oFiles.m_sTail);
+        if (m_oWaiting.GetError() != 0)
+        {
+            fputs(MakeErrorLine("temporary file", strerror(m_oWaiting.GetError())).c_str(), stderr);
+            m_oTool.Note(eExit_Input);
+        }
     }
 
 private:
+    void PrintNow(const std::string& sBetween, const SOutcome& oOutcome)
+    {
+        if (!oOutcome.m_sOut.empty())
+        {
+            m_oProgress.MakeRoomForOutput();
+            PrintResult(sBetween);
+        }
+        PrintOutcome(oOutcome, m_oTool);
+    }
+
     const SFiles& m_oFiles;
     STool& m_oTool;
     CProgress m_oProgress;
-    bool m_bFirst = true; // standard output has nothing but the head
+    CWaitingText m_oWaiting; // with m_fnHead only
+    bool m_bFirst = true;    // standard output has nothing but the head
 };
 
 // The turns that a thread takes at once: consecutive inputs.

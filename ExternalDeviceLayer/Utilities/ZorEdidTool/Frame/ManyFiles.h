@@ -23,8 +23,10 @@ struct SFiles
     bool m_bTurnsForBadOnes = false; // an input that cannot be read has a turn, too, which then answers for it
     bool m_bTurnsSayImages = false;  // turns say SInput::m_sImages; otherwise standard error has it
     std::string m_sHead;             // standard output before all turns, unless the run itself is refused
-    std::string m_sBetween;          // between the standard outputs of two turns, such as a comma
-    std::string m_sTail;             // after all turns
+    // In its place, called when all turns are done: their standard output waits in a temporary file until then.
+    std::function<std::string()> m_fnHead;
+    std::string m_sBetween; // between the standard outputs of two turns, such as a comma
+    std::string m_sTail;    // after all turns
 
     // Whether the text about an input begins with its name, as it is one of several.
     bool NeedsName(const SInput& oInput) const

@@ -19,7 +19,8 @@ std::vector<SFinding> CheckImage(const CZorEdidMap& oMap, unsigned int uiThisYea
         const SZorFinding& oFinding = oCheck.Get(i);
         const std::string sReason = static_cast<const char*>(oFinding.m_sReason);
         aoFindings.push_back({ oFinding.m_eRule, oFinding.m_uiOffset / uiBlockSize, oFinding.m_uiOffset % uiBlockSize,
-                               oFinding.m_eSeverity, oFinding.m_pszWhat + (sReason.empty() ? "" : ": " + sReason),
+                               oMap.GetField(oFinding.m_uiField).m_uiLength, oFinding.m_eSeverity,
+                               oFinding.m_pszWhat + (sReason.empty() ? "" : ": " + sReason),
                                static_cast<const char*>(oFinding.m_sFound),
                                static_cast<const char*>(oFinding.m_sExpected), GetPath(oMap, oFinding.m_uiField) });
     }

@@ -12,6 +12,7 @@ struct SFinding
     EZorEdidRule m_eRule;
     unsigned int m_uiBlock;             // of the image; the base block is 0
     unsigned int m_uiOffset;            // in the block
+    unsigned int m_uiLength;            // bytes
     CZorEdidMap::ESeverity m_eSeverity; // a note: allowed, but worth a word, or not read by the library
     std::string m_sWhat;
     std::string m_sFound;    // empty where the bytes are many

@@ -8,6 +8,9 @@
 
 struct SConnector;
 
+// The form of a file whose bytes are those of the image, or of several images one after the other.
+inline constexpr char gsc_szRawForm[] = "raw image";
+
 struct SInput
 {
     std::string m_sName;                    // as the user gave it; of several EDIDs in it, also which: "x.log (DP-1)"
@@ -18,8 +21,10 @@ struct SInput
     std::string m_sFile = {};               // the name without the EDID; empty where m_sName is just that
     std::string m_sMonitor = {};            // of several in a text, the connector that the text gives it
     unsigned int m_uiImage = 0;             // of several one after the other in its bytes, its number from 1
+    unsigned int m_uiOffset = 0;            // of the image in the bytes of its input
     std::string m_sImages = {};             // what there is of these, one line; of the first of all that are read
 
+    bool IsRaw() const { return m_sForm.starts_with(gsc_szRawForm); }
     bool IsGood() const { return m_sProblem.empty(); }
     bool IsOneOfSeveral() const { return !m_sFile.empty(); } // that are read of one file
     const std::string& GetFile() const { return m_sFile.empty() ? m_sName : m_sFile; }

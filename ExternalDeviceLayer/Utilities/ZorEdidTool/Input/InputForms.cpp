@@ -335,7 +335,7 @@ struct SForm
 };
 
 constexpr SForm gsc_aoForms[] = {
-    { "raw image", ReadRaw },
+    { gsc_szRawForm, ReadRaw },
     { "text table", ReadTextTable },
     { "Windows registry export", nullptr, ReadRegistry },
     { "xrandr --verbose", nullptr, ReadXrandr },

@@ -124,6 +124,7 @@ SInput MakeInput(const SInput& oInput, const std::vector<SImage>& aoImages, size
     SInput oMade = oInput;
     oMade.m_aui8Bytes = aoImages[uiImage].m_aui8Bytes;
     oMade.m_uiImage = static_cast<unsigned int>(uiImage) + 1;
+    oMade.m_uiOffset = static_cast<unsigned int>(aoImages[uiImage].m_uiBlock) * gsc_uiBlockSize;
     oMade.m_sForm += ", image " + std::to_string(uiImage + 1) + " of " + std::to_string(aoImages.size());
     return oMade;
 }

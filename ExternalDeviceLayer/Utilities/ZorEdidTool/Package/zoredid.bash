@@ -15,6 +15,9 @@ _zoredid_value()
       mapfile -t COMPREPLY < <(compgen -P "$head" -f -- "$word")
       return
       ;;
+    ID)
+      line=$("${COMP_WORDS[0]}" check --rules 2> /dev/null | sed -n 's/^\([a-z][^ ]*\) .*/\1/p')
+      ;;
     LIST)
       before=${word%"${word##*[+,]}"}
       [[ -z $before ]] || line=${line% none}

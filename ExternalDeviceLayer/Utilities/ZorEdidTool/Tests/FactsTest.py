@@ -7,10 +7,12 @@ import datetime
 import json
 import os
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
+import xml.etree.ElementTree
 from fractions import Fraction
 
 try:
@@ -22,6 +24,7 @@ COMMAND, PROJECT, WRITE_IMAGES, CORPUS = (sys.argv[1:] + ["", ""])[:4]
 GOLDEN = os.path.join(PROJECT, "ExternalDeviceLayer/Tests/UnitTests/EdidUtils/golden")
 with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
     MONITOR = file.read()
+SCHEMAS = os.path.join(os.path.dirname(__file__), "schemas")
 with open(os.path.join(PROJECT, "docs/zoredid.schema.json"), encoding="utf-8") as file:
     SCHEMA = json.load(file)
 THIS_YEAR = datetime.date.today().year
@@ -570,7 +573,8 @@ class CheckTest(ToolTest):
                 path = self.save(image)
                 weighty = any(": note: " not in line for line in lines)
                 out, err = run("check", path, status=1 if weighty else 0)
-                self.assertEqual(out.splitlines(), [f"{path}: {line}" for line in lines])
+                self.assertEqual([re.sub(r" \[[a-z0-9.-]+\]$", "", line) for line in out.splitlines()],
+                                 [f"{path}: {line}" for line in lines])
                 self.assertEqual(err, "")
 
     def test_many(self):
@@ -585,9 +589,91 @@ class CheckTest(ToolTest):
         self.assertIn("/a b\\n\\\\n\\x01\\xc2\\x9b\\xc2\\x9b\u00e9.bin: block 0 offset 0x7f (Checksum)", run("check", odd, status=1)[0])
         checks = self.load(run("check", "--json", clean, bad, missing, status=3)[0])["checks"]
         self.assertEqual(checks[:2], [{"file": clean, "findings": []}, {"file": bad, "findings": [
-            {"block": 0, "offset": 127, "field": "Checksum", "severity": "error", "what": "the checksum is wrong",
+            {"rule": "checksum", "block": 0, "offset": 127, "field": "Checksum", "severity": "error", "what": "the checksum is wrong",
              "found": "0x13, should be 0x12", "expected": ""}]}])
         self.assertEqual(checks[2]["file"], missing)
+
+    def damaged(self):
+        """A clean image, one with an error, a warning and a note, the same as a dump, and none."""
+        image = change({0x12: "02"}, with_blocks(b"\xf0"), fix=False)
+        text = " ".join("%02x" % byte for byte in image).encode()
+        return [self.save(MONITOR), self.save(image, 'a <&"> %\u00e9.bin'), self.save(text, "b.txt"), self.folder + "/missing"]
+
+    def test_rules_are_those_of_the_page(self):
+        rules = self.load(run("check", "--rules", "--json", status=0)[0])["rules"]
+        ids = [rule["rule"] for rule in rules]
+        self.assertEqual(len(ids), len(set(ids)))
+        text = run("check", "--rules", status=0)[0].splitlines()
+        self.assertEqual([line.split()[0] for line in text[::2]], ids)
+        self.assertEqual([line.strip() for line in text[1::2]], [rule["why"] for rule in rules])
+        with open(os.path.join(PROJECT, "docs/checks.md"), encoding="utf-8") as page:
+            self.assertTrue(page.read().endswith("\n\n" + run("check", "--rules", "--markdown", status=0)[0]),
+                            "docs/checks.md is not that of the rules; it says how it is made")
+        for arguments in (("--rules", "x"), ("--markdown", "x"), ("--ignore", "resrved.bits", "x"), ("--ignore", "", "x"),
+                          ("--ignore", "reserved.bit", "x"), ("--rules", "--sarif"), ("--junit", "--sarif", "x")):
+            self.assertEqual(run("check", *arguments, status=2)[0], "")
+        self.assertIn("did you mean 'reserved.bits'?", run("check", "--ignore", "resrved.bits", "x")[1])
+
+    def test_what_fails_and_what_is_ignored(self):
+        bad = self.damaged()[1]
+        lines = run("check", bad, status=1)[0].splitlines()
+        rules = [re.search(r" \[(.*)\]$", line)[1] for line in lines]
+        self.assertEqual(sorted(rules), ["base.version", "checksum", "library.unread-block"])
+        self.assertEqual(rules, [finding["rule"] for finding in
+                                 self.load(run("check", "--json", bad)[0])["checks"][0]["findings"]])
+        note = self.save(with_blocks(b"\xf0"), "note.bin")
+        for file, options, status, count in [
+            (bad, "", 1, 3), (bad, "--fail-on note", 1, 3), (bad, "--fail-on error", 1, 3),
+            (bad, "--fail-on error --ignore checksum", 0, 2), (bad, "--ignore checksum --ignore base.*", 0, 1),
+            (bad, "--ignore base --ignore library", 1, 1), (bad, "--ignore bas", 2, 0), (note, "", 0, 1), (note, "--fail-on note", 1, 1),
+        ]:
+            self.assertEqual(len(run("check", file, *options.split(), status=status)[0].splitlines()), count, options)
+
+    def test_counts_by_rule(self):
+        clean, bad, dump, missing = self.damaged()
+        self.assertEqual(run("check", "--summary", "--ignore", "checksum", clean, bad, dump, missing, status=3)[0],
+                         "  images findings rule\n"
+                         "       2        2 base.version\n"
+                         "       2        2 library.unread-block\n"
+                         "4 images: 1 clean, 2 with errors or warnings, 1 unreadable; errors 0, warnings 2, notes 2\n")
+        self.assertEqual(run("check", "--summary", clean, status=0)[0],
+                         "1 images: 1 clean, 0 with errors or warnings, 0 unreadable; errors 0, warnings 0, notes 0\n")
+
+    def test_sarif(self):
+        files = self.damaged()
+        log = json.loads(run("check", "--sarif", "--fail-on", "error", *files, status=3)[0])
+        if jsonschema is not None:
+            with open(os.path.join(SCHEMAS, "sarif-2.1.0.json"), encoding="utf-8") as file:
+                jsonschema.Draft4Validator(json.load(file), format_checker=jsonschema.FormatChecker()).validate(log)
+        (one,) = log["runs"]
+        rules = {rule["id"]: rule for rule in one["tool"]["driver"]["rules"]}
+        found = [(result["ruleId"], result["level"]) for result in one["results"]]
+        self.assertEqual(found[:3], found[3:6])  # of the dump, which has no places
+        self.assertIn(("checksum", "error"), found)
+        self.assertEqual(found[6:], [("input.unreadable", "error")])
+        self.assertEqual({rule for rule, _ in found} - set(rules), set())
+        places = [result["locations"][0]["physicalLocation"] for result in one["results"]]
+        self.assertEqual({place["artifactLocation"]["uri"] for place in places[:3]},
+                         {"file://" + self.folder + "/a%20%3C%26%22%3E%20%25%C3%A9.bin"})
+        self.assertIn({"byteOffset": 127, "byteLength": 1}, [place["region"] for place in places[:3]])
+        self.assertTrue(all("region" not in place for place in places[3:]))
+        self.assertEqual(json.loads(run("check", "--sarif", files[0], status=0)[0])["runs"][0]["results"], [])
+
+    def test_junit(self):
+        files = self.damaged()
+        text = run("check", "--junit", *files, status=3)[0]
+        path = self.save(text.encode(), "junit.xml")
+        if shutil.which("xmllint") is not None:
+            subprocess.run(["xmllint", "--noout", "--schema", os.path.join(SCHEMAS, "junit-4.xsd"), path], check=True,
+                           stderr=subprocess.DEVNULL)
+        suite = xml.etree.ElementTree.fromstring(text)
+        self.assertEqual([suite.get(name) for name in ("tests", "failures", "errors")], ["4", "2", "1"])
+        self.assertEqual([case.get("name") for case in suite], files)
+        self.assertEqual([[part.tag for part in case] for case in suite], [[], ["failure"], ["failure"], ["error"]])
+        self.assertEqual(suite[1][0].text, run("check", files[1])[0])
+        suite = xml.etree.ElementTree.fromstring(run("check", "--junit", "--fail-on", "error", "--ignore", "checksum",
+                                                     *files, status=3)[0])
+        self.assertEqual([len(case) for case in suite], [0, 0, 0, 1])
 
 
 class TimingTest(ToolTest):

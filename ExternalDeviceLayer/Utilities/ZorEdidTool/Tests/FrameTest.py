@@ -438,7 +438,8 @@ class ManyFiles(FolderCase):
     def test_threads_change_no_byte(self):
         names = [self.write("%d.bin" % i, IMAGE[:12] + bytes([i]) + IMAGE[13:]) for i in range(40)]
         names[10:10] = [self.path("none"), self.folder]
-        for arguments in (("report",), ("report", "--json"), ("report", "--jsonl"), ("check",), ("check", "--json")):
+        for arguments in (("report",), ("report", "--json"), ("report", "--jsonl"), ("check",), ("check", "--json"),
+                          ("check", "--sarif"), ("check", "--junit")):
             one, four = (run(*arguments, "-j", jobs, *names) for jobs in "14")
             self.assertEqual(one, four, arguments)
             self.assertEqual((3, 2), (one[0], one[2].count("\n")), arguments)
@@ -473,7 +474,7 @@ class ManyFiles(FolderCase):
         self.assertRegex(text, rb"\] 1/7\r\x1b\[K" + re.escape(bad.encode()) + b": block ")
 
     def test_memory_does_not_grow_with_the_number_of_files(self):
-        for arguments in (("report",), ("report", "--jsonl"), ("check",)):
+        for arguments in (("report",), ("report", "--jsonl"), ("check",), ("check", "--junit")):
             peaks = []
             for count in (200, 2000):
                 peak, status = peak_memory(*arguments, "-j", "2", "--files-from", "-",
@@ -498,6 +499,7 @@ class ManyFiles(FolderCase):
         many = "--files-from", "-"
         for arguments in (("report", "-j", "1", *many), ("report", "-j", "4", *many), ("report", "--json", *many),
                           ("report", "--jsonl", "-j", "4", *many), ("check", "--json", "-j", "4", *many),
+                          ("check", "--junit", "-j", "4", *many),
                           ("check", MONITOR, self.write("bad", IMAGE[:-1])), ("modes", MONITOR),
                           ("compare", MONITOR, MONITOR), ("explain", MONITOR), ("page", MONITOR, "-o", "-"),
                           ("edit", MONITOR, "--serial", "7", "-o", "-"), ("timing", "1920x1080@60"),
@@ -643,9 +645,11 @@ class Images(FolderCase):
             self.assertEqual(head(first) + texts[0] + between + head(second) + texts[1], out)
             self.assertEqual((0, texts[1], ""), run(*subcommand, self.two, "--image", "2"))
         status, out, error = run("check", self.two)
-        self.assertEqual((0, "", "%s: block 2 offset 0x00: note: %s" % (first, self.HOLDS)),
+        self.assertEqual((0, "", "%s: block 2 offset 0x00: note: %s [input.several-edids]" % (first, self.HOLDS)),
                          (status, error, out.decode().splitlines()[0]))
         self.assertIn(b"\n2 images: 2 clean", out)
+        (result,) = json.loads(run("check", "--sarif", self.two)[1])["runs"][0]["results"]
+        self.assertEqual({"byteOffset": 256, "byteLength": 128}, result["locations"][0]["physicalLocation"]["region"])
         documents = [json.loads(line) for line in run("show", "--jsonl", self.two, self.alone)[1].splitlines()]
         self.assertEqual([(self.two, 1), (self.two, 2), (self.alone, None)],
                          [(document.pop("file"), document.pop("image", None)) for document in documents])

@@ -1,0 +1,117 @@
+// Texts of rules, and names that stand for several.
+
+#include "RuleNames.h"
+
+#include <string.h>
+
+#include <algorithm>
+
+#include "Json.h"
+#include "MapText.h"
+#include "NearWord.h"
+#include "TextFormat.h"
+
+namespace
+{
+constexpr char gsc_szAll[] = ".*";
+
+template <class CALL>
+void ForEachRule(const CALL& fnCall)
+{
+    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
+    {
+        fnCall(GetZorEdidRule(i));
+    }
+}
+
+// What ids that the name stands for begin with: "reserved" of "reserved.*".
+std::string TakeBeginning(const std::string& sName)
+{
+    return sName.ends_with(gsc_szAll) ? sName.substr(0, sName.size() - strlen(gsc_szAll)) : sName;
+}
+
+bool IsNamed(const SZorEdidRule& oRule, const std::string& sName)
+{
+    return oRule.m_pszId == sName || std::string(oRule.m_pszId).starts_with(TakeBeginning(sName) + ".");
+}
+
+// Ids, and their beginnings.
+std::vector<std::string> ListNames()
+{
+    std::vector<std::string> asNames;
+    ForEachRule([&](const SZorEdidRule& oRule) {
+        const std::string sId = oRule.m_pszId;
+        for (size_t uiPoint = sId.find('.'); uiPoint != std::string::npos; uiPoint = sId.find('.', uiPoint + 1))
+        {
+            asNames.push_back(sId.substr(0, uiPoint));
+        }
+        asNames.push_back(sId);
+    });
+    return asNames;
+}
+} // namespace
+
+std::string ListRules()
+{
+    size_t uiWidth = 0;
+    ForEachRule([&](const SZorEdidRule& oRule) { uiWidth = std::max(uiWidth, strlen(oRule.m_pszId)); });
+    std::string sText;
+    ForEachRule([&](const SZorEdidRule& oRule) {
+        const std::string sStandard = oRule.m_pszStandard;
+        sText += FormatText("%-*s %-7s %s", static_cast<int>(uiWidth), oRule.m_pszId, GetNoteName(oRule.m_eSeverity),
+                            oRule.m_pszWhat);
+        sText += (sStandard.empty() ? "" : " [" + sStandard + "]") + "\n    " + oRule.m_pszWhy + "\n";
+    });
+    return sText;
+}
+
+std::string MakeRulesTable()
+{
+    std::string sText = "| Rule | Severity | What is found | Standard | Why it matters |\n|---|---|---|---|---|\n";
+    ForEachRule([&](const SZorEdidRule& oRule) {
+        sText += FormatText("| `%s` | %s | %s | %s | %s |\n", oRule.m_pszId, GetNoteName(oRule.m_eSeverity),
+                            oRule.m_pszWhat, oRule.m_pszStandard, oRule.m_pszWhy);
+    });
+    return sText;
+}
+
+std::string MakeRules()
+{
+    CJsonWriter oJson(CJsonWriter::eStyle_Indented);
+    BeginDocument(oJson);
+    oJson.BeginArray("rules");
+    ForEachRule([&](const SZorEdidRule& oRule) {
+        oJson.BeginObject();
+        oJson.Member("rule", oRule.m_pszId);
+        oJson.Member("severity", GetNoteName(oRule.m_eSeverity));
+        oJson.Member("what", oRule.m_pszWhat);
+        if (*oRule.m_pszStandard != '\0')
+        {
+            oJson.Member("standard", oRule.m_pszStandard);
+        }
+        oJson.Member("why", oRule.m_pszWhy);
+        oJson.EndObject();
+    });
+    oJson.EndArray();
+    oJson.EndObject();
+    return oJson.GetText() + "\n";
+}
+
+unsigned int GetRuleNumbers() { return GetZorEdidRule(GetZorEdidRuleCount() - 1).m_eRule + 1U; }
+
+std::string CRuleSet::CheckName(const std::string& sName)
+{
+    bool bKnown = false;
+    ForEachRule([&](const SZorEdidRule& oRule) { bKnown = bKnown || IsNamed(oRule, sName); });
+    const std::string sNear = AskForNearWord(TakeBeginning(sName), ListNames());
+    return bKnown ? ""
+                  : "unknown rule '" + ShowName(sName) + "'" +
+                        (sNear.empty() ? "; zoredid check --rules lists them" : sNear);
+}
+
+void CRuleSet::Add(const std::string& sName)
+{
+    ForEachRule([&](const SZorEdidRule& oRule) {
+        m_abRules[oRule.m_eRule] = m_abRules[oRule.m_eRule] || IsNamed(oRule, sName);
+    });
+}

@@ -11,9 +11,12 @@
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapText.h"
+#include "Output.h"
+#include "OutputForms.h"
 #include "RuleNames.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "ZorEdidRepair.h"
 
 namespace
 {
@@ -27,6 +30,8 @@ struct SCheckOptions
     bool m_bRules = false;
     bool m_bMarkdown = false;
     std::string m_sFailOn = "warning";
+    std::string m_sFixed; // where a repaired image goes
+    bool m_bForce = false;
     std::vector<std::string> m_asIgnored;
 
     CZorEdidMap::ESeverity GetFailOn() const
@@ -176,14 +181,20 @@ void FrameDocument(SCheckOptions& oOptions, const SCounts& oCounts)
     }
 }
 
-void CheckFiles(SCheckOptions& oOptions, STool& oTool)
+CRuleSet ListIgnored(const SCheckOptions& oOptions)
 {
-    SCounts oCounts;
     CRuleSet oIgnored;
     for (const std::string& sName : oOptions.m_asIgnored)
     {
         oIgnored.Add(sName);
     }
+    return oIgnored;
+}
+
+void CheckFiles(SCheckOptions& oOptions, STool& oTool)
+{
+    SCounts oCounts;
+    const CRuleSet oIgnored = ListIgnored(oOptions);
     oOptions.m_oFiles.m_bTurnsForBadOnes = true; // they count
     oOptions.m_oFiles.m_bTurnsSayImages = true;
     FrameDocument(oOptions, oCounts);
@@ -198,12 +209,77 @@ void CheckFiles(SCheckOptions& oOptions, STool& oTool)
     }
 }
 
+// ---- Repairs ----
+
+// A line for each repair, by the fields of the image as it was.
+std::string DescribeRepairs(const SInput& oInput, const CZorEdidRepair& oRepair)
+{
+    constexpr unsigned int uiHighestBit = 7;
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    std::string sText;
+    for (unsigned int i = 0; i < oRepair.GetCount(); ++i)
+    {
+        const SZorRepair& oOne = oRepair.Get(i);
+        const SZorEdidRule& oRule = *FindZorEdidRule(oOne.m_eRule);
+        sText += ShowName(oInput.m_sName) +
+                 FormatText(": block %u offset 0x%02x (", oOne.m_uiOffset / CEdidUtils::msc_uiBlockSize,
+                            oOne.m_uiOffset % CEdidUtils::msc_uiBlockSize) +
+                 GetPath(oMap, oMap.FindLeaf(oOne.m_uiOffset, uiHighestBit)) + "): repaired: " + oRule.m_pszWhat +
+                 FormatText(": 0x%02x is now 0x%02x", oInput.m_aui8Bytes[oOne.m_uiOffset],
+                            oRepair.GetData()[oOne.m_uiOffset]) +
+                 (oOne.m_uiLength > 1 ? FormatText(", %u bytes", oOne.m_uiLength) : "") + " [" + oRule.m_pszId + "]\n";
+    }
+    return sText;
+}
+
+SWritten WriteFixed(const SCheckOptions& oOptions, const std::vector<unsigned char>& aui8Fixed)
+{
+    SWritten oWritten;
+    const SOutputForm* const poForm = FindOutputForm(oOptions.m_sFixed, oWritten.m_sProblem);
+    return poForm == nullptr
+               ? oWritten
+               : WriteOutput(oOptions.m_sFixed, poForm->m_pfnMake(aui8Fixed), oOptions.m_bForce, poForm->m_bText);
+}
+
+// Writes the repaired image, says what was repaired and then what is left to find in it.
+void FixFile(const SCheckOptions& oOptions, STool& oTool)
+{
+    SInput oInput = ReadOneInput(oOptions.m_oFiles.m_asNames.front(), eSeveral_Refused, oTool);
+    if (!oInput.IsGood())
+    {
+        return;
+    }
+    CZorEdidRepair oRepair;
+    oRepair.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    const std::vector<unsigned char> aui8Fixed(oRepair.GetData(), oRepair.GetData() + oRepair.GetSize());
+    const SWritten oWritten = WriteFixed(oOptions, aui8Fixed);
+    ReportWritten(oOptions.m_sFixed, oWritten, oTool);
+    if (!oWritten.IsGood())
+    {
+        return;
+    }
+    const std::string sRepairs = DescribeRepairs(oInput, oRepair);
+    oInput.m_aui8Bytes = aui8Fixed;
+    SCounts oCounts;
+    SOutcome oOutcome = CheckInput(oInput, oOptions, ListIgnored(oOptions), oCounts);
+    oOutcome.m_sOut = sRepairs + oOutcome.m_sOut;
+    if (IsStandardOutput(oOptions.m_sFixed))
+    {
+        std::swap(oOutcome.m_sOut, oOutcome.m_sError);
+    }
+    PrintOutcome(oOutcome, oTool);
+}
+
 void Check(SCheckOptions& oOptions, STool& oTool)
 {
+    const bool bOneFile = oOptions.m_oFiles.m_asNames.size() == 1 && oOptions.m_oFiles.m_sListFile.empty();
     const bool bFiles = !oOptions.m_oFiles.m_asNames.empty() || !oOptions.m_oFiles.m_sListFile.empty();
-    const char* pszMistake = oOptions.m_bRules && bFiles                  ? "FILE cannot be combined with --rules"
-                             : oOptions.m_bMarkdown && !oOptions.m_bRules ? "--markdown needs --rules"
-                                                                          : nullptr;
+    const char* pszMistake = oOptions.m_bRules && bFiles                      ? "FILE cannot be combined with --rules"
+                             : oOptions.m_bMarkdown && !oOptions.m_bRules     ? "--markdown needs --rules"
+                             : !oOptions.m_sFixed.empty() && !bOneFile        ? "--fix takes exactly one FILE"
+                             : oOptions.m_bForce && oOptions.m_sFixed.empty() ? "--force needs --fix"
+                                                                              : nullptr;
     if (pszMistake != nullptr)
     {
         PrintError(std::string(pszMistake) + " (see zoredid check --help)");
@@ -215,7 +291,7 @@ void Check(SCheckOptions& oOptions, STool& oTool)
         PrintResult(oOptions.m_bJson ? MakeRules() : oOptions.m_bMarkdown ? MakeRulesTable() : ListRules());
         return;
     }
-    CheckFiles(oOptions, oTool);
+    oOptions.m_sFixed.empty() ? CheckFiles(oOptions, oTool) : FixFile(oOptions, oTool);
 }
 } // namespace
 
@@ -240,6 +316,12 @@ void DeclareCheckOptions(COptions& oCommand, STool& oTool)
         oCommand.Flag("--junit", poOptions->m_bJUnit, "JUnit's XML, for build servers: a case for each image");
     const COption oSummary =
         oCommand.Flag("--summary", poOptions->m_bSummary, "The counts by rule only, not each finding");
+    const COption oFix = oCommand
+                             .Word("--fix", poOptions->m_sFixed,
+                                   "Write a copy in which everything is right that has one right answer, such as "
+                                   "checksums and counts of blocks, and check the copy; of one FILE")
+                             .Placeholder("OUT");
+    oCommand.Flag("--force", poOptions->m_bForce, "Let --fix replace OUT if it exists");
     const COption oRules = oCommand.Flag("--rules", poOptions->m_bRules,
                                          "The rules: id, severity, standard, and why they matter; without FILE");
     const COption oMarkdown =
@@ -247,7 +329,8 @@ void DeclareCheckOptions(COptions& oCommand, STool& oTool)
     oSarif.Excludes(oJson);
     oJUnit.Excludes(oJson).Excludes(oSarif);
     oSummary.Excludes(oJson).Excludes(oSarif).Excludes(oJUnit);
-    oRules.Excludes(oSarif).Excludes(oJUnit).Excludes(oSummary).Excludes(oFailOn).Excludes(oIgnore);
+    oFix.Excludes(oJson).Excludes(oSarif).Excludes(oJUnit).Excludes(oSummary);
+    oRules.Excludes(oFix).Excludes(oSarif).Excludes(oJUnit).Excludes(oSummary).Excludes(oFailOn).Excludes(oIgnore);
     oMarkdown.Excludes(oJson);
     oCommand.Footer("A line for each finding, none for a clean image; of several images then the counts by rule and a "
                     "summary:\n"
@@ -257,6 +340,7 @@ void DeclareCheckOptions(COptions& oCommand, STool& oTool)
                     "Examples:\n"
                     "  zoredid check *.bin\n"
                     "  zoredid check --fail-on error --ignore reserved --ignore base.image-size *.bin\n"
-                    "  zoredid check --sarif *.bin > zoredid.sarif");
+                    "  zoredid check --sarif *.bin > zoredid.sarif\n"
+                    "  zoredid check --fix right.bin monitor.bin");
     oCommand.Run([poOptions, &oTool] { Check(*poOptions, oTool); });
 }

@@ -629,6 +629,20 @@ class CheckTest(ToolTest):
         ]:
             self.assertEqual(len(run("check", file, *options.split(), status=status)[0].splitlines()), count, options)
 
+    def test_a_copy_is_repaired(self):
+        bad = bytearray(MONITOR)
+        bad[126] = 0
+        bad = self.save(bytes(bad), "bad.bin")
+        out = os.path.join(self.folder, "out.bin")
+        self.assertRegex(run("check", "--fix", out, bad, status=0)[0],
+                         r"^.*bad\.bin: block 0 offset 0x7e \(Extension block count\): repaired: .*: 0x00 is now 0x01 "
+                         r"\[block\.not-counted\]\n$")
+        with open(out, "rb") as file:
+            self.assertEqual(file.read(), MONITOR)
+        self.assertIn("exists already", run("check", "--fix", out, bad, status=3)[1])
+        for arguments in (("--fix", out), ("--fix", out, bad, bad), ("--force", bad), ("--fix", out, "--json", bad)):
+            self.assertEqual(run("check", *arguments, status=2)[0], "")
+
     def test_counts_by_rule(self):
         clean, bad, dump, missing = self.damaged()
         self.assertEqual(run("check", "--summary", "--ignore", "checksum", clean, bad, dump, missing, status=3)[0],

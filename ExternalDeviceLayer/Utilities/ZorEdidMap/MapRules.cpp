@@ -126,7 +126,7 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_TimingSize, CMap::eSeverity_Warning, "base.detailed.size", "0 is no size", "E-EDID 1.4, 3.10.2",
       "A mode without pixels or lines cannot be shown; sources drop the timing." },
     { eZorEdidRule_TimingClock, CMap::eSeverity_Warning, "base.detailed.clock", "0 is no clock", "E-EDID 1.4, 3.10.2",
-      "A clock of 0 makes it a display descriptor, not a timing." },
+      "In a list of timings the place counts as one, and its mode cannot be shown; sources skip it." },
     { eZorEdidRule_TimingSync, CMap::eSeverity_Warning, "base.detailed.sync", "no sync pulse", "E-EDID 1.4, 3.10.2",
       "Displays lock to the sync pulse; sources drop the timing or put a pulse of their own." },
     { eZorEdidRule_TimingPorch, CMap::eSeverity_Note, "base.detailed.front-porch", "no front porch",

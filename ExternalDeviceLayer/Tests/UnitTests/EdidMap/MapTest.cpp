@@ -264,6 +264,10 @@ TEST_F(Map, SeveritiesOfNotes)
         { CZorEdidMap::eSeverity_Warning, "", "02 03 04 40 ..128 02 03 07 40 E2 78 02 ..256",
           "is not the first data block of block 1" },
         { CZorEdidMap::eSeverity_Note, "", "02 03 08 40 83 00 00 08 ..128", "is deprecated" },
+        { CZorEdidMap::eSeverity_Warning, "", "70 14 79 03 00 ..128", "revision is not published" },
+        { CZorEdidMap::eSeverity_Warning, "", "70 12 79 03 00 00 00 0C 41 42 43 00*6 36 10 00 ..128",
+          "no week of a year" },
+        { CZorEdidMap::eSeverity_Warning, "", "10 01 01 00 00 ..128", "0 is no clock" },
     };
     for (const SCase& oCase : aoCases)
     {

@@ -137,7 +137,6 @@ constexpr SRow gsc_aoDetailedRows[] = {
 // ---- Display descriptors, E-EDID 3.10.3: positions and texts that several have ----
 
 constexpr unsigned int gsc_uiTextLength = gsc_uiMapDescriptorSize - gsc_uiContentsOffset;
-constexpr unsigned char gsc_ui8LineFeed = 0x0A;
 
 // ---- Texts: E-EDID 3.10.3.1, 3.10.3.2, 3.10.3.4 ----
 

@@ -41,20 +41,8 @@ CMString FormatBits(const SMapContent& oMap, const CZorEdidMap::SField& oField)
     {
         return FormatBytes(oMap.GetData() + oFirst.m_uiOffset, oFirst.m_uiLength);
     }
-    unsigned int uiValue = 0;
-    for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
-    {
-        const CZorEdidMap::SPiece& oPiece = oMap.m_aoPieces[oField.m_uiFirstPiece + i];
-        for (unsigned int uiBit = gsc_uiBits; uiBit-- > 0;)
-        {
-            if (((oPiece.m_ui8Mask >> uiBit) & 1U) != 0)
-            {
-                uiValue = (uiValue << 1) | ((oMap.GetData()[oPiece.m_uiOffset] >> uiBit) & 1U);
-            }
-        }
-    }
     CMString oText;
-    oText.Format("0x%x", uiValue);
+    oText.Format("0x%x", GetRaw(oMap, oField));
     return oText;
 }
 
@@ -194,5 +182,31 @@ CMString FormatValue(const SMapContent& oMap, const CZorEdidMap::SField& oField,
         }
     }
     return oText;
+}
+
+CMString FormatValue(const SMapContent& oMap, unsigned int uiField)
+{
+    const auto& [oField, oOrigin] = oMap.m_aoEntries[uiField];
+    const CRecord oRecord(oMap.m_oFacts, oMap.GetData() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
+    return FormatValue(oMap, oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
+}
+
+unsigned int GetRaw(const SMapContent& oMap, const CZorEdidMap::SField& oField)
+{
+    unsigned int uiValue = 0;
+    for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oMap.m_aoPieces[oField.m_uiFirstPiece + i];
+        for (unsigned int uiBit = oPiece.m_uiLength * gsc_uiBits; uiBit-- > 0;)
+        {
+            const unsigned int uiInByte = uiBit % gsc_uiBits;
+            if (((oPiece.m_ui8Mask >> uiInByte) & 1U) != 0)
+            {
+                const unsigned int uiOffset = oPiece.m_uiOffset + oPiece.m_uiLength - 1 - uiBit / gsc_uiBits;
+                uiValue = (uiValue << 1) | ((oMap.GetData()[uiOffset] >> uiInByte) & 1U);
+            }
+        }
+    }
+    return uiValue;
 }
 } // namespace ZorMap

@@ -17,8 +17,8 @@ constexpr unsigned int gsc_uiByteMask = 0xFF;
 constexpr unsigned char gsc_ui8WholeByte = 0xFF;
 
 constexpr SRow gsc_oChecksumRow = ChecksumRow(eId_Checksum, "Checksum");
+} // namespace
 
-// All of it but its place.
 CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const CRecord& oRecord, unsigned int uiRaw)
 {
     const SForm& oForm = oRow.m_oForm;
@@ -39,7 +39,6 @@ CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const C
                          : eArea;
     return oField;
 }
-} // namespace
 
 bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue)
 {

@@ -176,6 +176,7 @@ extern const STable g_oCvtCodeTable;           // 3 bytes, E-EDID 3.10.3.8
 // 18 bytes: a timing or a display descriptor. Returns the index of its group. Where the image ends before its end, a
 // timing is noted so; of anything else nothing is added, and msc_uiNone returned.
 inline constexpr unsigned int gsc_uiMapDescriptorSize = 18;
+inline constexpr unsigned char gsc_ui8LineFeed = 0x0A; // ends a text that is shorter than its room
 unsigned int MapDescriptor(CMapWriter& oWriter, unsigned int uiOffset);
 // A data block collection of CTA-861 that a DisplayID block carries.
 void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength);
@@ -186,6 +187,9 @@ void MapDisplayIdTiming(CMapWriter& oWriter, unsigned int uiTag, unsigned int ui
 // A code of one or two bytes for a mode; uiType as in bits 7 and 6 of Type IV and Type VIII data blocks.
 void MapTimingCode(CMapWriter& oWriter, unsigned int uiType, unsigned int uiOffset, unsigned int uiLength,
                    unsigned int uiMarks = 0);
+
+// The leaf that a row makes of a raw value, without its place.
+CZorEdidMap::SField MakeLeaf(const SRow& oRow, CZorEdidMap::EArea eArea, const CRecord& oRecord, unsigned int uiRaw);
 
 // What the form makes of uiBits bits, SForm.
 long long ComputeNumber(const SForm& oForm, unsigned int uiRaw, unsigned int uiBits);

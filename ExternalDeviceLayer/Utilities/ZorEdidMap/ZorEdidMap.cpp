@@ -46,9 +46,7 @@ CMString CZorEdidMap::GetValue(unsigned int uiField) const
         MASSERT_FAILED();
         return {};
     }
-    const auto& [oField, oOrigin] = m_poContent->m_aoEntries[uiField];
-    const CRecord oRecord(m_poContent->m_oFacts, GetData() + oOrigin.m_uiOffset, oOrigin.m_uiLength);
-    return FormatValue(*m_poContent, oField, { oOrigin.m_poRow, oOrigin.m_poTable, oRecord });
+    return FormatValue(*m_poContent, uiField);
 }
 
 namespace ZorMap

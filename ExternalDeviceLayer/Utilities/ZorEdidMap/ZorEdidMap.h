@@ -183,6 +183,8 @@ public:
     static int DescribeId(EZorEdidField eId, SIdDescription& oDescription);
 
 private:
+    friend class CZorEdidWriter;
+
     ZorMap::SMapContent* m_poContent; ///< owned, never null
 };
 

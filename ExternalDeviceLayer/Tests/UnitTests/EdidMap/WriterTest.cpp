@@ -1,0 +1,252 @@
+// The writer against the map: what the map says of a field with certain bits, the writer must bring about.
+
+#include "ZorEdidWriter.h"
+
+#include <bit>
+#include <set>
+#include <tuple>
+
+#include "CEdidTestImages.h"
+#include "DisplayIdImages.h"
+#include "MapCases.h"
+#include "MapValue.h"
+#include "OsServices.h"
+#include "SharedFiles.h"
+
+namespace
+{
+using CField = CZorEdidMap::SField;
+
+class Writer : public testing::Test
+{
+protected:
+    Writer() { OsServices::SetMsgLevel(0, 0, 0); }
+};
+
+void Read(CZorEdidWriter& oWriter, const CBytes& aui8Image)
+{
+    ASSERT_EQ(1, oWriter.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
+}
+
+CBytes GetBytes(const CZorEdidMap& oMap) { return { oMap.GetData(), oMap.GetData() + oMap.GetSize() }; }
+
+// Those with a value that has a meaning.
+bool IsSettable(const CField& oField)
+{
+    return oField.m_eKind == CZorEdidMap::eKind_Number || oField.m_eKind == CZorEdidMap::eKind_Flag ||
+           oField.m_eKind == CZorEdidMap::eKind_Name || oField.m_eKind == CZorEdidMap::eKind_Text ||
+           (oField.m_eKind == CZorEdidMap::eKind_Bytes && oField.m_eArea != CZorEdidMap::eArea_Structure);
+}
+
+unsigned int CountBits(const CZorEdidMap& oMap, const CField& oField)
+{
+    unsigned int uiBits = 0;
+    for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        uiBits += static_cast<unsigned int>(std::popcount(oPiece.m_ui8Mask)) * oPiece.m_uiLength;
+    }
+    return uiBits;
+}
+
+// Whether the change of a field's bits is one that the writer must make: nothing else reads differently, and the value
+// is neither reserved, unknown nor out of range.
+bool IsPlain(const CZorEdidMap& oMap, unsigned int uiField, const CZorEdidWriter& oRaw,
+             const CZorEdidWriter::SAnswer& oAnswer)
+{
+    const CZorEdidMap& oChanged = oRaw.GetMap();
+    bool bSame = oAnswer.m_auiOthers.GetCount() == 0 && oChanged.GetFieldCount() == oMap.GetFieldCount();
+    for (unsigned int i = 0; i < oMap.GetFieldCount() && bSame; ++i)
+    {
+        bSame = oMap.GetField(i).m_eId == oChanged.GetField(i).m_eId &&
+                oMap.GetField(i).m_eKind == oChanged.GetField(i).m_eKind &&
+                std::string(oMap.GetField(i).m_pszName) == oChanged.GetField(i).m_pszName &&
+                oMap.GetField(i).m_uiOffset == oChanged.GetField(i).m_uiOffset;
+    }
+    if (!bSame)
+    {
+        return false;
+    }
+    const CField& oField = oChanged.GetField(uiField);
+    for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
+    {
+        const EZorEdidRule eRule = oChanged.GetNote(oField.m_uiFirstNote + i).m_eRule;
+        if (eRule != eZorEdidRule_None)
+        {
+            return false; // some of them are refused
+        }
+    }
+    return std::string(oChanged.GetValue(uiField)).rfind("unknown (", 0) != 0;
+}
+
+struct SCounts
+{
+    std::set<CZorEdidMap::EKind> m_oKinds;
+    unsigned int m_uiSet = 0;
+    unsigned int m_uiRefused = 0;
+};
+
+// The field with this raw value, which the text for it must bring back.
+void ExpectRaw(const CBytes& aui8Image, unsigned int uiField, unsigned int uiRaw, SCounts& oCounts)
+{
+    CZorEdidWriter oRaw;
+    Read(oRaw, aui8Image);
+    CZorEdidWriter::SAnswer oRawAnswer;
+    ASSERT_EQ(1, oRaw.Set(uiField, ("raw:" + std::to_string(uiRaw)).c_str(), oRawAnswer));
+    CZorEdidWriter oWriter;
+    Read(oWriter, aui8Image);
+    const CField oField = oWriter.GetMap().GetField(uiField);
+    const bool bPlain = IsPlain(oWriter.GetMap(), uiField, oRaw, oRawAnswer);
+    const std::string sValue = static_cast<const char*>(oRawAnswer.m_oAfter);
+    CZorEdidWriter::SAnswer oAnswer;
+    const int iSet = oWriter.Set(uiField, sValue.c_str(), oAnswer);
+    const std::string sWhere = std::string(CZorEdidMap::GetId(oField.m_eId)) + "=" + sValue + ", raw " +
+                               std::to_string(uiRaw) + ": " + static_cast<const char*>(oAnswer.m_oReason);
+    EXPECT_TRUE(iSet == 1 || !bPlain) << sWhere;
+    if (iSet == 1)
+    {
+        EXPECT_EQ(sValue, static_cast<const char*>(oWriter.GetMap().GetValue(uiField))) << sWhere;
+        EXPECT_TRUE(oAnswer.m_bExact) << sWhere;
+        oCounts.m_oKinds.insert(oField.m_eKind);
+        ++oCounts.m_uiSet;
+    }
+    else
+    {
+        EXPECT_EQ(aui8Image, GetBytes(oWriter.GetMap())) << sWhere;
+        EXPECT_NE(0, oAnswer.m_oReason.GetLength()) << sWhere;
+        ++oCounts.m_uiRefused;
+    }
+}
+
+std::map<std::string, CBytes> GetImages()
+{
+    std::map<std::string, CBytes> oImages = { { "both", MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() }) } };
+    for (const SNamedEdidImage& oImage : gsc_aoEdidTestImages)
+    {
+        oImages[oImage.m_pszName] = ToBytes(*oImage.m_paui8Image);
+    }
+    oImages.merge(ReadImages(ZOREDID_SHARED_DIR "/corpus"));
+    return oImages;
+}
+
+TEST_F(Writer, WhatAFieldSaysChangesNothing)
+{
+    for (const auto& [sName, aui8Image] : GetImages())
+    {
+        CZorEdidWriter oWriter;
+        Read(oWriter, aui8Image);
+        for (unsigned int i = 0; i < oWriter.GetMap().GetFieldCount(); ++i)
+        {
+            const CMString oValue = oWriter.GetMap().GetValue(i);
+            CZorEdidWriter::SAnswer oAnswer;
+            EXPECT_EQ(IsSettable(oWriter.GetMap().GetField(i)) ? 1 : 0, oWriter.Set(i, oValue, oAnswer))
+                << sName << ": " << oWriter.GetMap().GetField(i).m_pszName << ": " << oAnswer.m_oReason;
+        }
+        EXPECT_EQ(aui8Image, GetBytes(oWriter.GetMap())) << sName;
+    }
+}
+
+TEST_F(Writer, EachFieldTakesWhatItsBitsSay)
+{
+    SCounts oCounts;
+    std::set<std::tuple<EZorEdidField, std::string, unsigned int>> oSeen;
+    for (const auto& [sName, aui8Image] : GetImages())
+    {
+        CZorEdidMap oMap;
+        ASSERT_EQ(1, oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data()));
+        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+        {
+            const CField& oField = oMap.GetField(i);
+            const unsigned int uiBits = CountBits(oMap, oField);
+            const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece);
+            if (!IsSettable(oField) || uiBits > 32 || (oField.m_uiPieces == 1 && oPiece.m_uiLength > 1) ||
+                !oSeen.emplace(oField.m_eId, oField.m_pszName, uiBits).second)
+            {
+                continue;
+            }
+            SCOPED_TRACE(sName);
+            const unsigned int uiMost = 0xFFFFFFFFU >> (32 - uiBits);
+            for (const unsigned int uiRaw : std::set<unsigned int>{ 0, uiMost, uiMost / 2, uiMost / 3 })
+            {
+                ExpectRaw(aui8Image, i, uiRaw, oCounts);
+            }
+            CZorEdidWriter oWriter;
+            Read(oWriter, aui8Image);
+            CZorEdidWriter::SAnswer oAnswer;
+            EXPECT_EQ(0, oWriter.Set(i, "no such value", oAnswer)) << oField.m_pszName;
+            EXPECT_EQ(aui8Image, GetBytes(oWriter.GetMap()));
+        }
+    }
+    EXPECT_LE(3U, oCounts.m_oKinds.size());
+    EXPECT_LT(oCounts.m_uiRefused, oCounts.m_uiSet);
+}
+
+struct SSetCase
+{
+    const char* m_pszId;
+    const char* m_pszValue;
+    const char* m_pszAfter; // or the beginning of the refusal's reason
+    bool m_bExact;
+};
+
+// In units, in words, in bits; the nearest value; and refusals.
+TEST_F(Writer, TakesWordsNumbersAndBits)
+{
+    static constexpr SSetCase aoCases[] = {
+        { "base.display.gamma", "2.5", "2.50", true },
+        { "base.display.gamma", "2.304", "2.30", false },
+        { "base.display.gamma", "9", "!out of range; it takes 1.00 to 3.54", false },
+        { "base.display.gamma", "2.2 cm", "!not a value", false },
+        { "base.identity.manufacturer", "abc", "ABC", true },
+        { "base.identity.serial-number", "0xFFFFFFFE", "4294967294", true },
+        { "base.identity.serial-number", "4294967296", "!out of range; it takes ", false },
+        { "base.display.standby", "yes", "supported", true },
+        { "checksum", "0", "!it is a checksum", false },
+        { "base.header", "00", "!the standard fixes it", false },
+    };
+    const CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    for (const SSetCase& oCase : aoCases)
+    {
+        CZorEdidWriter oWriter;
+        Read(oWriter, aui8Image);
+        const CZorEdidMap& oMap = oWriter.GetMap();
+        unsigned int uiField = 0;
+        while (uiField < oMap.GetFieldCount() &&
+               std::string(CZorEdidMap::GetId(oMap.GetField(uiField).m_eId)) != oCase.m_pszId)
+        {
+            ++uiField;
+        }
+        if (uiField == oMap.GetFieldCount())
+        {
+            ADD_FAILURE() << oCase.m_pszId;
+            continue;
+        }
+        CZorEdidWriter::SAnswer oAnswer;
+        const int iSet = oWriter.Set(uiField, oCase.m_pszValue, oAnswer);
+        const std::string sSaid = static_cast<const char*>(iSet == 1 ? oAnswer.m_oAfter : "!" + oAnswer.m_oReason);
+        EXPECT_TRUE(sSaid.starts_with(oCase.m_pszAfter)) << oCase.m_pszId << ": " << sSaid;
+        EXPECT_EQ(oCase.m_bExact, oAnswer.m_bExact) << oCase.m_pszId << "=" << oCase.m_pszValue;
+        EXPECT_EQ(static_cast<unsigned int>(iSet), oAnswer.m_auiFollowed.GetCount()) << oCase.m_pszId;
+    }
+}
+
+// A name of any length up to its room: the line feed and the blanks move. Nothing else does.
+TEST_F(Writer, TextsFillTheirRoom)
+{
+    CBytes aui8Image = MakeEdid({});
+    const CBytes aui8Name = ParseBytes("00 00 00 FC 00 41 42 43 0A 20 20 20 20 20 20 20 20 20");
+    std::copy(aui8Name.begin(), aui8Name.end(), aui8Image.begin() + 0x6C);
+    CZorEdidWriter oWriter;
+    Read(oWriter, aui8Image);
+    CZorEdidWriter::SAnswer oAnswer;
+    for (const char* pszName : { "ABCDEFGHIJKLM", "A", "AB CD" })
+    {
+        EXPECT_EQ(1, oWriter.Set(oWriter.GetMap().FindLeaf(0x71, 0), pszName, oAnswer)) << oAnswer.m_oReason;
+        EXPECT_EQ(pszName, std::string(oAnswer.m_oAfter));
+    }
+    EXPECT_EQ(ParseBytes("41 42 20 43 44 0A 20 20 20 20 20 20 20"),
+              CBytes(oWriter.GetMap().GetData() + 0x71, oWriter.GetMap().GetData() + 0x7E));
+    EXPECT_EQ(0, oWriter.Set(oWriter.GetMap().FindLeaf(0x71, 0), "ABCDEFGHIJKLMN", oAnswer));
+    EXPECT_EQ("it takes 1 to 13 ASCII characters", std::string(oAnswer.m_oReason));
+}
+} // namespace

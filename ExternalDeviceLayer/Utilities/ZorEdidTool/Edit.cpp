@@ -48,7 +48,8 @@ struct SEdited
     EExit m_eExit = eExit_Finding;
 };
 
-SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
+// The edits that the library has classes for.
+SEdited EditByClasses(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
 {
     CLoadedImage oLoaded;
     CEditImage oImage;
@@ -69,6 +70,47 @@ SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool 
     const std::string sFault = VerifyEdits(oInput.m_aui8Bytes, oEdited.m_aui8Bytes, oImage.GetBlocks());
     oEdited.m_asNotes = oImage.GetNotes();
     oEdited.m_sProblem = sFault.empty() ? "" : "internal fault: " + sFault;
+    return oEdited;
+}
+
+// Then the fields that are set, which the writer reads back one by one.
+void SetFields(const std::vector<SEdit>& aoSettings, SEdited& oEdited)
+{
+    CZorEdidWriter oWriter;
+    oWriter.Read(static_cast<unsigned int>(oEdited.m_aui8Bytes.size()), oEdited.m_aui8Bytes.data());
+    for (const SEdit& oEdit : aoSettings)
+    {
+        std::string sNote;
+        const std::string sReason = ApplySetting(oWriter, oEdit.m_oSetting, sNote);
+        if (!sReason.empty())
+        {
+            oEdited.m_sProblem = oEdit.m_sText + ": " + sReason;
+            return;
+        }
+        oEdited.m_asNotes.push_back(oEdit.m_sText + ": " + sNote);
+    }
+    const CZorEdidMap& oMap = oWriter.GetMap();
+    oEdited.m_aui8Bytes.assign(oMap.GetData(), oMap.GetData() + oMap.GetSize());
+}
+
+// Without an edit that needs the classes, images that they refuse are edited, too.
+SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
+{
+    std::vector<SEdit> aoSettings;
+    std::vector<SEdit> aoOthers;
+    for (const SEdit& oEdit : aoEdits)
+    {
+        (oEdit.m_eKind == eEdit_Set ? aoSettings : aoOthers).push_back(oEdit);
+    }
+    SEdited oEdited = { oInput.m_aui8Bytes };
+    if (!aoOthers.empty())
+    {
+        oEdited = EditByClasses(oInput, aoOthers, bAsListed);
+    }
+    if (oEdited.m_sProblem.empty())
+    {
+        SetFields(aoSettings, oEdited);
+    }
     return oEdited;
 }
 
@@ -174,12 +216,14 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
         };
         oCommand.Edit(oOption.m_pszName, oOption.m_pszValue, oOption.m_pszHelp, fnCheck, i);
     }
-    oCommand.Footer("Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
-                    "prints them. Removing the same thing twice is not an error. When one edit is refused,\n"
-                    "nothing is written. An edit changes nothing that it does not name: the result is read again and\n"
-                    "compared before it is written.\n"
-                    "\n"
-                    "Example:\n"
-                    "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
+    oCommand.Footer(
+        "Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
+        "prints them. Fields are set after all other edits. Removing the same thing twice is not an error.\n"
+        "When one edit is refused, nothing is written. An edit changes nothing that it does not name: the\n"
+        "result is read again and compared before it is written.\n"
+        "\n"
+        "Examples:\n"
+        "  zoredid edit monitor.bin --set base.name=Projector --set base.display.gamma=2.4 -o new.bin\n"
+        "  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps -o new.bin");
     oCommand.Run([&oCommand, poArguments, &oTool] { Run(oCommand, *poArguments, oTool); });
 }

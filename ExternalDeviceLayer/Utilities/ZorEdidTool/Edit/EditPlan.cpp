@@ -304,6 +304,9 @@ constexpr SEditOption gsc_aoOptions[] = {
       "the data blocks" },
     { eEdit_RepairChecksums, "--repair-checksums", "",
       "Make the checksum of every block right, and a DisplayID section's own" },
+    { eEdit_Set, "--set", "FIELD=VALUE",
+      "Set any field: by its id (explain --ids), ID[N] of several, or its place such as 0x36.7; in words, units or, "
+      "after raw:, bits" },
 };
 } // namespace
 
@@ -311,7 +314,9 @@ std::span<const SEditOption> GetEditOptions() { return gsc_aoOptions; }
 
 std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit)
 {
-    oEdit = { oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {}, {} };
+    oEdit = {
+        oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {}, {}, {}
+    };
     switch (oOption.m_eKind)
     {
     case eEdit_Serial:
@@ -342,6 +347,8 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
         return ParseBitsOrNone(gsc_aoSpeakers, sValue, "+,", oEdit.m_uiNumber);
     case eEdit_RepairChecksums:
         return "";
+    case eEdit_Set:
+        return ParseSetting(sValue, oEdit.m_oSetting);
     }
     return "";
 }

@@ -7,6 +7,7 @@
 
 #include "EdidExtBlockCEA861.h"
 #include "EdidMode.h"
+#include "EditSet.h"
 #include "VidParamTimingGeneric.h"
 
 using CAudio = CEdidExtBlockCEA861::SAudioDescriptor;
@@ -26,7 +27,8 @@ enum EEditKind : unsigned int
     eEdit_AudioSet,
     eEdit_AudioRemove,
     eEdit_Speakers,
-    eEdit_RepairChecksums
+    eEdit_RepairChecksums,
+    eEdit_Set // done after all others, by ApplySetting
 };
 
 // A video code in the meaning of CTA-861-H, with the HDMI code of the same format; where that is 0, a size and a rate
@@ -48,6 +50,7 @@ struct SEdit
     CAudio m_oAudio = {};
     CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred
     SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode
+    SSetting m_oSetting = {};         // of eEdit_Set
 };
 
 // One option of the command line that is an edit.

@@ -313,6 +313,37 @@ class Edits(unittest.TestCase):
         self.assertRegex(error, "the image has standard timings 0 to 6\n.*: block 1 .* its checksum is wrong")
 
 
+class Settings(unittest.TestCase):
+    def test_a_field_by_id_number_and_place(self):
+        for arguments, expected, note in (
+                ("--set base.display.gamma=2.404", changed(23, "8c"), r"gamma\): .* became 2\.40, the nearest; followed"),
+                ("--set base.identity.serial-number=0x01020304", changed(12, "04030201"), "16909060; followed: block 0"),
+                ("--set base.standard[1]=1", None, "it is a group"),
+                ("--set base.standard=1", None, r"several of this field, base.standard\[0\] to base.standard\[7\]"),
+                ("--set base.standard[8]=1", None, r"the image has base.standard\[0\]"),
+                ("--set 0x17=raw:0x8c", changed(23, "8c"), "became 2.40"),
+                ("--set 0x18=1", None, "a bit from 7 to 0"),
+                ("--set 0x18.7=yes", changed(24, "%02x" % (IMAGE[24] | 0x80)), "became supported"),
+                ("--set 4096=1", None, "the image ends at 0x"),
+                ("--set base.display.gamma=4", None, "out of range; it takes 1.00 to 3.54"),
+                # Numbers mean the image as it was read: fields are set last.
+                ("--set base.identity.serial-number=9 --serial 8", changed(12, "09000000"), "8 became 9")):
+            status, out, error = edit(IMAGE, *arguments.split())
+            self.assertEqual((1, b"") if expected is None else (0, expected), (status, out), arguments + error)
+            self.assertRegex(error, note)
+
+    def test_images_that_no_class_takes(self):
+        cut = IMAGE[:100]
+        self.assertEqual(cut[:23] + b"\x8c" + cut[24:], edit(cut, "--set", "base.display.gamma=2.4")[1])
+
+    def test_wrong_settings(self):
+        for value, reason in (("base.display.gama=2", "did you mean 'base.display.gamma'"), ("2.4", "is not ID=VALUE"),
+                              ("0x18.8=1", "is not a place"), ("base.standard[x]=1", "is not an id such as")):
+            status, out, error = edit(IMAGE, "--set", value)
+            self.assertEqual((2, b""), (status, out))
+            self.assertIn(reason, error)
+
+
 class Files(unittest.TestCase):
     def test_what_is_written_where(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -1,0 +1,182 @@
+// From the text of --set to a field of the map, and the writer's answer in words.
+
+#include "EditSet.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "MapText.h"
+#include "NearWord.h"
+#include "TextFormat.h"
+
+namespace
+{
+using CField = CZorEdidMap::SField;
+
+constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiBits = 8;
+
+std::vector<std::string> ListIds()
+{
+#define ZOR_EDID_FIELD(NUMBER, NAME, ...) eZorEdidField_##NAME,
+    constexpr EZorEdidField aeFields[] = { ZOR_EDID_FIELDS(ZOR_EDID_FIELD, ZOR_EDID_NO_FIELD, ZOR_EDID_FIELD) };
+#undef ZOR_EDID_FIELD
+    std::vector<std::string> asIds;
+    for (const EZorEdidField eField : aeFields)
+    {
+        asIds.emplace_back(CZorEdidMap::GetId(eField));
+    }
+    return asIds;
+}
+
+// Cuts "[N]" off. False for another text in brackets.
+bool TakeNumber(std::string& sId, unsigned int& uiNumber)
+{
+    const size_t uiBracket = sId.find('[');
+    if (uiBracket == std::string::npos)
+    {
+        return true;
+    }
+    const std::string sNumber = sId.substr(uiBracket + 1);
+    sId.resize(uiBracket);
+    return sNumber.ends_with(']') && ParseNumber(sNumber.substr(0, sNumber.size() - 1), uiNumber);
+}
+
+// OFFSET or OFFSET.BIT
+bool ParsePlace(const std::string& sText, SSetting& oSetting)
+{
+    const size_t uiPoint = sText.find('.');
+    const bool bBit = uiPoint != std::string::npos;
+    return ParseNumber(sText.substr(0, uiPoint), oSetting.m_uiNumber) &&
+           (!bBit || (ParseNumber(sText.substr(uiPoint + 1), oSetting.m_uiBit) && oSetting.m_uiBit < gsc_uiBits));
+}
+
+// The only text in a group, so that "base.name" means the name itself; else the field itself.
+unsigned int GetTextOf(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    unsigned int uiText = uiField;
+    unsigned int uiTexts = 0;
+    for (unsigned int i = uiField + 1; i < oMap.GetField(uiField).m_uiEnd; ++i)
+    {
+        const bool bText = oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Text;
+        uiText = bText ? i : uiText;
+        uiTexts += bText ? 1 : 0;
+    }
+    return uiTexts == 1 ? uiText : uiField;
+}
+
+std::string FindById(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned int& uiField)
+{
+    std::vector<unsigned int> auiFields;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        if (oMap.GetField(i).m_eId == oSetting.m_eId)
+        {
+            auiFields.push_back(i);
+        }
+    }
+    std::ranges::stable_sort(auiFields, {}, [&](unsigned int i) { return oMap.GetField(i).m_uiOffset; });
+    const std::string sId = CZorEdidMap::GetId(oSetting.m_eId);
+    if (auiFields.empty())
+    {
+        return "the image has no field " + sId;
+    }
+    const std::string sRange = sId + "[0] to " + sId + "[" + std::to_string(auiFields.size() - 1) + "]";
+    if (oSetting.m_uiNumber == SSetting::msc_uiNone && auiFields.size() > 1)
+    {
+        return "the image has several of this field, " + sRange;
+    }
+    const size_t uiNumber = oSetting.m_uiNumber == SSetting::msc_uiNone ? 0 : oSetting.m_uiNumber;
+    if (uiNumber >= auiFields.size())
+    {
+        return "the image has " + sRange;
+    }
+    uiField = GetTextOf(oMap, auiFields[uiNumber]);
+    return "";
+}
+
+std::string FindByPlace(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned int& uiField)
+{
+    if (oSetting.m_uiNumber >= oMap.GetSize())
+    {
+        return "the image ends at 0x" + GetOffsetText(oMap.GetSize() - 1);
+    }
+    if (oSetting.m_uiBit != SSetting::msc_uiNone)
+    {
+        uiField = oMap.FindLeaf(oSetting.m_uiNumber, oSetting.m_uiBit);
+        return "";
+    }
+    const std::vector<unsigned int> auiLeaves = FindLeaves(oMap, oSetting.m_uiNumber, 0xFF);
+    uiField = auiLeaves.front();
+    return auiLeaves.size() == 1 ? "" : "the byte has several fields; a bit from 7 to 0 after a point says which";
+}
+
+// "block 1: Video data block > Native"
+std::string NameField(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    return "block " + std::to_string(oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize) + ": " +
+           GetPath(oMap, uiField);
+}
+
+std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdidMap& oMap)
+{
+    std::string sText = std::string(oAnswer.m_oBefore) + " became " + static_cast<const char*>(oAnswer.m_oAfter);
+    sText += oAnswer.m_bExact ? "" : ", the nearest";
+    for (unsigned int i = 0; i < oAnswer.m_auiFollowed.GetCount(); ++i)
+    {
+        sText += (i == 0 ? "; followed: " : ", ") + NameField(oMap, oAnswer.m_auiFollowed[i]);
+    }
+    if (const unsigned int uiOthers = oAnswer.m_auiOthers.GetCount(); uiOthers != 0)
+    {
+        sText += "; other fields read differently: " + NameField(oMap, oAnswer.m_auiOthers[0]) +
+                 (uiOthers > 1 ? " and " + std::to_string(uiOthers - 1) + " more" : "");
+    }
+    return sText;
+}
+} // namespace
+
+std::string ParseSetting(const std::string& sText, SSetting& oSetting)
+{
+    oSetting = {};
+    const size_t uiEquals = sText.find('=');
+    if (uiEquals == std::string::npos)
+    {
+        return "'" + sText + "' is not ID=VALUE, ID[N]=VALUE or OFFSET.BIT=VALUE";
+    }
+    std::string sField = sText.substr(0, uiEquals);
+    oSetting.m_sValue = sText.substr(uiEquals + 1);
+    if (!sField.empty() && sField[0] >= '0' && sField[0] <= '9')
+    {
+        return ParsePlace(sField, oSetting) ? "" : "'" + sField + "' is not a place such as 0x36 or 0x36.7";
+    }
+    if (!TakeNumber(sField, oSetting.m_uiNumber))
+    {
+        return "'" + sText.substr(0, uiEquals) + "' is not an id such as base.display.gamma or base.standard[2]";
+    }
+    oSetting.m_eId = CZorEdidMap::FindId(sField.c_str());
+    return oSetting.m_eId != eZorEdidField_None
+               ? ""
+               : "unknown id '" + sField + "'" + AskForNearWord(sField, ListIds()) + ", all by zoredid explain --ids";
+}
+
+std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std::string& sNote)
+{
+    const bool bId = oSetting.m_eId != eZorEdidField_None;
+    unsigned int uiField = CZorEdidMap::msc_uiNone;
+    const std::string sProblem =
+        bId ? FindById(oWriter.GetMap(), oSetting, uiField) : FindByPlace(oWriter.GetMap(), oSetting, uiField);
+    if (!sProblem.empty())
+    {
+        return sProblem;
+    }
+    const std::string sField = NameField(oWriter.GetMap(), uiField);
+    CZorEdidWriter::SAnswer oAnswer;
+    if (oWriter.Set(uiField, oSetting.m_sValue.c_str(), oAnswer) == 0)
+    {
+        return sField + ": " + static_cast<const char*>(oAnswer.m_oReason);
+    }
+    const bool bSame = oAnswer.m_oBefore == oAnswer.m_oAfter && oAnswer.m_auiFollowed.GetCount() == 0;
+    sNote = sField + ": " +
+            (bSame ? "is " + std::string(oAnswer.m_oAfter) + " already" : DescribeAnswer(oAnswer, oWriter.GetMap()));
+    return "";
+}

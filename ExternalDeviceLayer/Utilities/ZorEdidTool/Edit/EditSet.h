@@ -1,0 +1,25 @@
+// zoredid edit --set: which field is meant, and its new value by CZorEdidWriter.
+
+#pragma once
+
+#include <string>
+
+#include "ZorEdidWriter.h"
+
+// ID=VALUE, ID[N]=VALUE or OFFSET[.BIT]=VALUE
+struct SSetting
+{
+    static constexpr unsigned int msc_uiNone = 0xFFFFFFFF;
+
+    EZorEdidField m_eId = eZorEdidField_None; // none: a place
+    unsigned int m_uiNumber = msc_uiNone;     // among the fields of the id, or the offset; none for the only one
+    unsigned int m_uiBit = msc_uiNone;        // of a place; none for the field of the whole byte
+    std::string m_sValue = {};
+};
+
+// Empty, or what is wrong with the text.
+std::string ParseSetting(const std::string& sText, SSetting& oSetting);
+
+// Empty, or the reason of a refusal, which changes nothing. sNote says what the value was, what it became, and which
+// checksums followed.
+std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std::string& sNote);

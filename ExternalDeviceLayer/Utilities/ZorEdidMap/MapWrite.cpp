@@ -19,7 +19,6 @@ using CField = CZorEdidMap::SField;
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 constexpr unsigned int gsc_uiMostTriedBits = 16;
 constexpr unsigned int gsc_uiMostWalkedBits = 8; // where each trial reads the whole image
-constexpr unsigned int gsc_uiByteMask = 0xFF;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -345,7 +344,9 @@ private:
         while (uiFirst < uiLast)
         {
             const unsigned int uiMiddle = uiFirst + (uiLast - uiFirst) / 2;
-            (fnIsPast(uiMiddle) ? uiLast : uiFirst) = fnIsPast(uiMiddle) ? uiMiddle : uiMiddle + 1;
+            const bool bPast = fnIsPast(uiMiddle);
+            uiFirst = bPast ? uiFirst : uiMiddle + 1;
+            uiLast = bPast ? uiMiddle : uiLast;
         }
         return uiFirst;
     }

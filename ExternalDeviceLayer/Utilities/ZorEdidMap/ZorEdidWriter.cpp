@@ -185,10 +185,9 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     {
         return Refuse("it is a group; its fields are set one by one");
     }
-    const auto iRaw = static_cast<int>(strlen(gsc_szRaw));
     if (strncmp(pszValue, gsc_szRaw, strlen(gsc_szRaw)) == 0)
     {
-        return DraftRaw(oMap, oField, pszValue + iRaw);
+        return DraftRaw(oMap, oField, pszValue + strlen(gsc_szRaw));
     }
     if (const char* pszOnlyRaw = GetOnlyRaw(oMap, uiField))
     {

@@ -1,5 +1,7 @@
 // Rules about the base block.
 
+#include <algorithm>
+
 #include "CheckFindings.h"
 
 using namespace ZorStandards::BaseBlock;
@@ -21,7 +23,25 @@ void CheckYear(CFindings& oFindings, unsigned int uiThisYear)
         oFinding.m_sExpected.Format("at most %u", uiLatest);
     }
 }
+
+// A place for a descriptor that nothing is in has a dummy one.
+void CheckZeros(CFindings& oFindings)
+{
+    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
+    {
+        const unsigned char* pui8Descriptor = oFindings.GetAt(DescriptorOffset(i));
+        if (std::all_of(pui8Descriptor, pui8Descriptor + gsc_uiDescriptorSize,
+                        [](unsigned char ui8Byte) { return ui8Byte == 0; }))
+        {
+            oFindings.Add(oFindings.FindGroup(DescriptorOffset(i)), eZorEdidRule_DescriptorZero);
+        }
+    }
+}
 } // namespace
 
-void CheckBase(CFindings& oFindings, unsigned int uiThisYear) { CheckYear(oFindings, uiThisYear); }
+void CheckBase(CFindings& oFindings, unsigned int uiThisYear)
+{
+    CheckYear(oFindings, uiThisYear);
+    CheckZeros(oFindings);
+}
 } // namespace ZorCheck

@@ -4,6 +4,8 @@
 
 #include "Standards/ExtensionBlocks.h"
 #include "ZorEdidCheck.h"
+#include "ZorEdidFacts.h"
+#include "ZorEdidModes.h"
 
 namespace ZorCheck
 {
@@ -13,13 +15,21 @@ using namespace ZorStandards;
 class CFindings
 {
 public:
-    CFindings(const CMap& oMap, CMArray<SZorFinding>& aoFindings) : m_oMap(oMap), m_aoFindings(aoFindings) {}
+    CFindings(const CMap& oMap, CMArray<SZorFinding>& aoFindings) : m_oMap(oMap), m_aoFindings(aoFindings)
+    {
+        m_oModes.Read(oMap.GetSize(), oMap.GetData());
+        m_oFacts.Read(oMap.GetSize(), oMap.GetData());
+    }
 
     // The result may be completed until the next call.
     SZorFinding& Add(unsigned int uiField, EZorEdidRule eRule)
     {
         const SZorEdidRule* poRule = FindZorEdidRule(eRule);
         return Add(uiField, eRule, poRule->m_eSeverity, poRule->m_pszWhat);
+    }
+    SZorFinding& Add(unsigned int uiField, EZorEdidRule eRule, CMap::ESeverity eSeverity)
+    {
+        return Add(uiField, eRule, eSeverity, FindZorEdidRule(eRule)->m_pszWhat);
     }
     SZorFinding& Add(unsigned int uiField, EZorEdidRule eRule, CMap::ESeverity eSeverity, const char* pszWhat)
     {
@@ -34,6 +44,36 @@ public:
     }
 
     const CMap& GetMap() const { return m_oMap; }
+    const CZorEdidFacts& GetFacts() const { return m_oFacts; }
+    template <class VISIT>
+    void ForEachMode(VISIT fnVisit) const
+    {
+        for (unsigned int i = 0; i < m_oModes.GetCount(); ++i)
+        {
+            fnVisit(m_oModes.Get(i));
+        }
+    }
+    // Each counted extension block, as far as the image has it whole: fnVisit(offset).
+    template <class VISIT>
+    void ForEachBlock(unsigned int uiTag, VISIT fnVisit) const
+    {
+        const unsigned int uiCount = CountExtensions(m_oMap.GetData(), m_oMap.GetSize());
+        for (CBlockWalk oWalk(m_oMap.GetData(), m_oMap.GetSize());
+             oWalk.Next() && oWalk.IsWhole() && oWalk.GetNumber() <= uiCount;)
+        {
+            if (oWalk.GetData()[0] == uiTag)
+            {
+                fnVisit(oWalk.GetOffset());
+            }
+        }
+    }
+    // The offset of the first one; 0 for none.
+    unsigned int FindFirstBlock(unsigned int uiTag) const
+    {
+        unsigned int uiFirst = 0;
+        ForEachBlock(uiTag, [&](unsigned int uiOffset) { uiFirst = uiFirst == 0 ? uiOffset : uiFirst; });
+        return uiFirst;
+    }
     unsigned int GetByte(unsigned int uiOffset) const { return m_oMap.GetData()[uiOffset]; }
     const unsigned char* GetAt(unsigned int uiOffset) const { return m_oMap.GetData() + uiOffset; }
     // The group that the highest bit of a byte lies in.
@@ -42,13 +82,29 @@ public:
         return m_oMap.GetField(m_oMap.FindLeaf(uiOffset, gsc_uiBits - 1)).m_uiGroup;
     }
 
+    // The field of a whole block.
+    unsigned int FindBlock(unsigned int uiOffset) const
+    {
+        unsigned int uiField = FindGroup(uiOffset);
+        while (m_oMap.GetField(uiField).m_uiDepth != 0)
+        {
+            uiField = m_oMap.GetField(uiField).m_uiGroup;
+        }
+        return uiField;
+    }
+
 private:
     const CMap& m_oMap;
+    CZorEdidModes m_oModes;
+    CZorEdidFacts m_oFacts;
     CMArray<SZorFinding>& m_aoFindings;
 };
 
 // ---- The rules by topic; of an image with the header of a base block ----
 
 void CheckBase(CFindings& oFindings, unsigned int uiThisYear);
-void CheckReading(CFindings& oFindings); // what the library does not read
+void CheckTimings(CFindings& oFindings);   // of all blocks
+void CheckCta(CFindings& oFindings);       // CTA-861 blocks and HDMI's data blocks in them
+void CheckDisplayId(CFindings& oFindings); // DisplayID sections
+void CheckReading(CFindings& oFindings);   // what the library does not read
 } // namespace ZorCheck

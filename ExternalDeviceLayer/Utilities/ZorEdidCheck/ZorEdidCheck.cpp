@@ -80,6 +80,9 @@ void CZorEdidCheck::Read(const CZorEdidMap& oMap, unsigned int uiThisYear)
     if (HasHeader(oMap))
     {
         CheckBase(oFindings, uiThisYear);
+        CheckTimings(oFindings);
+        CheckCta(oFindings);
+        CheckDisplayId(oFindings);
         CheckReading(oFindings);
     }
     SZorFinding* poFirst = m_aoFindings.GetData();

@@ -352,8 +352,17 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     }
 }
 
-// Data blocks of a collection that need or exclude each other. puiEarlier counts the earlier ones by kind.
-void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const unsigned int* puiEarlier)
+// The data blocks ahead of one: those of earlier CTA-861 blocks of the EDID, too.
+struct SEarlier
+{
+    unsigned int m_auiCounts[gsc_uiKinds] = {};
+    const SCtaBlock* m_poLast = nullptr; // of the same collection
+
+    void Add(const SCtaBlock& oKind);
+};
+
+// Data blocks that need or exclude each other.
+void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const SEarlier& oEarlier)
 {
     const auto fnIs = [](const SCtaBlock& oKind, const SKey& oKey) {
         return oKind.m_oKey.m_ui8Tag == oKey.m_ui8Tag && oKind.m_oKey.m_ui8FirstExtended == oKey.m_ui8FirstExtended &&
@@ -363,7 +372,7 @@ void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
         unsigned int uiCount = 0;
         for (unsigned int i = 0; i < gsc_uiKinds; ++i)
         {
-            uiCount += fnIs(gsc_aoDataBlocks[i], oKey) ? puiEarlier[i] : 0;
+            uiCount += fnIs(gsc_aoDataBlocks[i], oKey) ? oEarlier.m_auiCounts[i] : 0;
         }
         return uiCount;
     };
@@ -373,9 +382,13 @@ void NoteHdmiForum(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     {
         oWriter.AddNote(uiField, eZorEdidRule_ForumTwo);
     }
-    if ((bForum || bSink) && fnCount(gsc_oHdmiKey) == 0)
+    else if ((bForum || bSink) && fnCount(gsc_oHdmiKey) == 0)
     {
         oWriter.AddNote(uiField, eZorEdidRule_ForumAlone);
+    }
+    else if ((bForum || bSink) && (oEarlier.m_poLast == nullptr || !fnIs(*oEarlier.m_poLast, gsc_oHdmiKey)))
+    {
+        oWriter.AddNote(uiField, eZorEdidRule_ForumNotNext);
     }
 }
 
@@ -404,6 +417,12 @@ void ForEachDataBlock(const CMapWriter& oWriter, unsigned int uiOffset, unsigned
 unsigned int IndexOf(const SCtaBlock& oKind)
 {
     return &oKind == &gsc_oNoExtendedTag ? 0 : static_cast<unsigned int>(&oKind - gsc_aoDataBlocks);
+}
+
+void SEarlier::Add(const SCtaBlock& oKind)
+{
+    ++m_auiCounts[IndexOf(oKind)];
+    m_poLast = &oKind;
 }
 
 // Before the first field: a data block may refer to codes that follow it. By the headers' first bytes alone, as every
@@ -443,15 +462,13 @@ void AddContent(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound,
 
 bool IsKnown(const SContent& oContent) { return oContent.m_poTable != nullptr || oContent.m_pfnWalk != nullptr; }
 
-// puiEarlier counts the earlier data blocks by kind.
-void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes,
-                  const unsigned int* puiEarlier)
+void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCodes& oCodes, const SEarlier& oEarlier)
 {
     const SCtaBlock& oKind = *oFound.m_poKind;
     const unsigned int uiField =
         oWriter.BeginGroup(oKind.m_eId, oKind.m_pszName, oKind.m_eArea, oFound.m_uiOffset, oFound.m_uiSize);
-    NoteDataBlock(oWriter, uiField, oFound, puiEarlier[IndexOf(oKind)] != 0);
-    NoteHdmiForum(oWriter, uiField, oFound, puiEarlier);
+    NoteDataBlock(oWriter, uiField, oFound, oEarlier.m_auiCounts[IndexOf(oKind)] != 0);
+    NoteHdmiForum(oWriter, uiField, oFound, oEarlier);
     oWriter.AddRows(gsc_oHeaderTable, oFound.m_uiOffset, std::min(oFound.m_uiSize, gsc_uiMostHeader));
     AddContent(oWriter, uiField, oFound, oCodes);
     if (oFound.m_bCut || CheckLength(oFound) != eZorEdidRule_None)
@@ -468,15 +485,16 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCode
     }
 }
 
-// Whether the collection has audio.
-bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, const SCtaVideoCodes& oCodes)
+// Whether the collection has audio. Takes the data blocks into oEarlier.
+bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, const SCtaVideoCodes& oCodes,
+                   SEarlier& oEarlier)
 {
-    unsigned int auiEarlier[gsc_uiKinds] = {};
     bool bAudio = false;
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
-        AddDataBlock(oWriter, oFound, oCodes, auiEarlier);
-        ++auiEarlier[IndexOf(*oFound.m_poKind)];
-        bAudio = bAudio || oFound.m_poKind->m_oKey.m_ui8Tag == gsc_uiAudioTag;
+        AddDataBlock(oWriter, oFound, oCodes, oEarlier);
+        oEarlier.Add(*oFound.m_poKind);
+        const unsigned int uiTag = oFound.m_poKind->m_oKey.m_ui8Tag;
+        bAudio = bAudio || uiTag == gsc_uiAudioTag || uiTag == gsc_uiSpeakerTag;
     });
     return bAudio;
 }
@@ -485,8 +503,9 @@ bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEn
 void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     SCtaVideoCodes oCodes;
+    SEarlier oEarlier;
     CollectCodes(oWriter, uiOffset, uiOffset + uiLength, oCodes);
-    AddDataBlocks(oWriter, uiOffset, uiOffset + uiLength, oCodes);
+    AddDataBlocks(oWriter, uiOffset, uiOffset + uiLength, oCodes, oEarlier);
 }
 
 // ---- The extension block: CTA-861-H 7.5 ----
@@ -533,26 +552,44 @@ constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eArea_S
 constexpr SRow gsc_oLostRow = { eId_Unknown, RunToEnd(0), "Unknown", Unknown() };
 constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, eZorEdidRule_CtaPadding) };
 
-// The codes of all CTA-861 blocks of the EDID that the block at uiBlock is of: indexes run on from block to block. A
-// file may hold several EDIDs, each with a base block, whose first byte is 0.
-SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
+// Calls fnVisit(first byte, end) for the collection of each CTA-861 block of the EDID that the block at uiBlock is of,
+// up to uiEnd. A file may hold several EDIDs, each with a base block, whose first byte is 0.
+template <class VISIT>
+void ForEachCollection(const CMapWriter& oWriter, unsigned int uiBlock, unsigned int uiEnd, VISIT fnVisit)
 {
-    SCtaVideoCodes oCodes;
     unsigned int uiAt = uiBlock;
     while (uiAt > gsc_uiBlockSize && oWriter.GetByte(uiAt - gsc_uiBlockSize) != 0)
     {
         uiAt -= gsc_uiBlockSize;
     }
-    for (; oWriter.GetByte(uiAt) != 0; uiAt += gsc_uiBlockSize) // past the image it is 0, too
+    for (; uiAt < uiEnd && oWriter.GetByte(uiAt) != 0; uiAt += gsc_uiBlockSize) // past the image it is 0, too
     {
         const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);
         if (oWriter.GetByte(uiAt) == gsc_uiTag && IsStart(uiStart) &&
             oWriter.GetByte(uiAt + gsc_uiRevisionOffset) >= gsc_uiDataBlocksRevision)
         {
-            CollectCodes(oWriter, uiAt + gsc_uiDataBlocksOffset, uiAt + uiStart, oCodes);
+            fnVisit(uiAt + gsc_uiDataBlocksOffset, uiAt + uiStart);
         }
     }
+}
+
+// Of all blocks: indexes run on from block to block.
+SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
+{
+    SCtaVideoCodes oCodes;
+    ForEachCollection(oWriter, uiBlock, CZorEdidMap::msc_uiNone,
+                      [&](unsigned int uiFirst, unsigned int uiEnd) { CollectCodes(oWriter, uiFirst, uiEnd, oCodes); });
     return oCodes;
+}
+
+SEarlier CountEarlier(const CMapWriter& oWriter, unsigned int uiBlock)
+{
+    SEarlier oEarlier;
+    ForEachCollection(oWriter, uiBlock, uiBlock, [&](unsigned int uiFirst, unsigned int uiEnd) {
+        ForEachDataBlock(oWriter, uiFirst, uiEnd, [&](const SFound& oFound) { oEarlier.Add(*oFound.m_poKind); });
+    });
+    oEarlier.m_poLast = nullptr;
+    return oEarlier;
 }
 
 // Bytes 4 to uiStart - 1. Before revision 3 nothing was ever defined for them.
@@ -572,7 +609,8 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         oWriter.EndGroup(gsc_oUnknownRest);
         return;
     }
-    const bool bAudio = AddDataBlocks(oWriter, uiFirst, uiFirst + uiLength, CollectCodes(oWriter, uiOffset));
+    SEarlier oEarlier = CountEarlier(oWriter, uiOffset);
+    const bool bAudio = AddDataBlocks(oWriter, uiFirst, uiFirst + uiLength, CollectCodes(oWriter, uiOffset), oEarlier);
     if (bAudio && !oBlock.IsSet(gsc_uiFlagsOffset, gsc_uiBasicAudioBit))
     {
         oWriter.AddNote(uiField, eZorEdidRule_CtaBasicAudio);

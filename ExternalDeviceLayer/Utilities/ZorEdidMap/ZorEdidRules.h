@@ -145,6 +145,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_ForumDsc = 232,
     eZorEdidRule_OverrideCount = 233,
     eZorEdidRule_OverrideBase = 234,
+    eZorEdidRule_ForumNotNext = 235,
 
     // ---- DisplayID ----
     eZorEdidRule_DisplayIdVersion = 280,
@@ -191,6 +192,25 @@ enum EZorEdidRule : unsigned short
 
     // ---- Base block ----
     eZorEdidRule_YearInFuture = 500,
+    eZorEdidRule_DescriptorZero = 501,
+
+    // ---- Modes of all blocks ----
+    eZorEdidRule_ModeBeyondLimits = 530,
+    eZorEdidRule_ModeBeyondTmds = 531,
+    eZorEdidRule_VgaMissing = 532,
+    eZorEdidRule_CodeTwice = 533,
+    eZorEdidRule_NativeMixed = 534,
+    eZorEdidRule_HdmiCodeAlone = 535,
+
+    // ---- CTA-861 blocks among each other ----
+    eZorEdidRule_UnderscanContradicts = 560,
+    eZorEdidRule_CtaFlagsDiffer = 561,
+    eZorEdidRule_UhdVicMissing = 562,
+
+    // ---- DisplayID sections ----
+    eZorEdidRule_DisplayIdNoProduct = 590,
+    eZorEdidRule_DisplayIdNoParameters = 591,
+    eZorEdidRule_DisplayIdNoInterface = 592,
 
     // ---- What the library does not read ----
     eZorEdidRule_UnreadBlock = 900,

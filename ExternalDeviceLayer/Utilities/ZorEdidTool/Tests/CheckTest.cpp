@@ -74,7 +74,8 @@ const SCheckCase gsc_aoDamages[] = {
     { "NoPreferredMode",
       { { 0x13, "02" }, { 0x18, "28" } },
       { "0:18 note preferred mode: none declared", "0:2e note the library lists it as 16:10",
-        "0:30 note the library lists it as 16:10" } },
+        "0:30 note the library lists it as 16:10",
+        "0:5a warning announced modes leave the display range limits: 1440 x 1440 at 60.00 Hz and 1 more" } },
     { "FirstDescriptorIsNoTiming",
       { { 0x36, "00 00 00 10 00*14" } },
       { "0:36 error the first descriptor must be a detailed timing" } },
@@ -151,6 +152,7 @@ CTexts ListBlocks(const std::vector<CBytes>& aoBlocks, unsigned int uiAnnounced)
 {
     CBytes aui8Image = MakeEdid(aoBlocks);
     aui8Image[126] = static_cast<unsigned char>(uiAnnounced);
+    aui8Image[0x23] = 0x20; // 640 x 480 at 60 Hz
     return List(FixChecksums(aui8Image));
 }
 

@@ -33,6 +33,7 @@ constexpr SBitsPlace gsc_oHeaderLength = { 0, 4, 0 }; // of the payload
 constexpr unsigned int gsc_uiHeaderSize = 1;
 constexpr unsigned int gsc_uiMostPayload = gsc_oHeaderLength.GetMost();
 constexpr unsigned int gsc_uiAudioTag = 1;
+constexpr unsigned int gsc_uiSpeakerTag = 4;
 constexpr unsigned int gsc_uiVideoTag = 2;
 constexpr unsigned int gsc_uiVendorTag = 3; // the payload begins with an OUI
 constexpr unsigned int gsc_uiSpeakersTag = 4;

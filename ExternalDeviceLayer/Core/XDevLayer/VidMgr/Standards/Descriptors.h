@@ -106,13 +106,18 @@ constexpr unsigned int gsc_uiKiloHzPerPrecision = 250;
 constexpr bool IsMaximumOffset(unsigned int uiOffsets) { return uiOffsets >= 2; }
 constexpr bool IsMinimumOffset(unsigned int uiOffsets) { return uiOffsets == 3; }
 
+// A display descriptor with this tag, whatever its contents.
+constexpr bool HasTag(const unsigned char* pui8Descriptor, unsigned char ui8Tag)
+{
+    return ReadLittle24(pui8Descriptor) == 0 && pui8Descriptor[gsc_uiTagOffset] == ui8Tag;
+}
+
 // Range limits of revision 4 or later whose byte 4 has flags, with which the classes take them for no display
 // descriptor. Reserved flags make them unreadable.
 constexpr bool HasRateOffsets(const unsigned char* pui8Descriptor)
 {
     constexpr unsigned int uiReserved = 1;
-    return ReadLittle24(pui8Descriptor) == 0 && pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagRangeLimits &&
-           pui8Descriptor[4] != 0 && pui8Descriptor[4] <= 0x0F &&
+    return HasTag(pui8Descriptor, gsc_ui8TagRangeLimits) && pui8Descriptor[4] != 0 && pui8Descriptor[4] <= 0x0F &&
            gsc_oVerticalOffsets.Read(pui8Descriptor) != uiReserved &&
            gsc_oHorizontalOffsets.Read(pui8Descriptor) != uiReserved;
 }
@@ -129,12 +134,13 @@ struct SRangeLimits
     constexpr bool operator==(const SRangeLimits&) const = default;
 };
 
-// Whether a rate, ullPart / ullWhole in the unit of its limits and rounded to that, is beyond them. uiMost 0: no limit.
+// Whether a rate, ullPart / ullWhole in the unit of its limits, is beyond them by that unit or more: makers round limits
+// up, down, and to the nearest. uiMost 0: no limit.
 constexpr bool IsRateBeyond(unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
                             unsigned int uiMost)
 {
-    return 2 * ullPart + ullWhole < 2ULL * uiLeast * ullWhole ||
-           (uiMost != 0 && 2 * ullPart > (2ULL * uiMost + 1) * ullWhole);
+    return ullPart + ullWhole <= 1ULL * uiLeast * ullWhole ||
+           (uiMost != 0 && ullPart >= (1ULL * uiMost + 1) * ullWhole);
 }
 
 // The limits with their offsets. uiRevision: of the base block; before 4 byte 4 is reserved.

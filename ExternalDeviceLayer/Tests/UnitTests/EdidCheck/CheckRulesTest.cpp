@@ -1,0 +1,135 @@
+// The rules about an image as a whole: what breaks each one, and what nearly does.
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "DisplayIdImages.h"
+#include "SharedFiles.h"
+#include "ZorEdidCheck.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiThisYear = 2026;
+
+CBytes MakeCta(const char* pszDataBlocks, unsigned char ui8Flags = 0)
+{
+    const CBytes aui8DataBlocks = ParseBytes(pszDataBlocks);
+    CBytes aui8Block =
+        Join({ { 2, 3, static_cast<unsigned char>(4 + aui8DataBlocks.size()), ui8Flags }, aui8DataBlocks });
+    aui8Block.resize(gsc_uiBlockSize);
+    return FixChecksums(aui8Block);
+}
+
+CBytes MakeImage(const char* pszDataBlocks, unsigned char ui8Flags = 0)
+{
+    return MakeEdid({ MakeCta(pszDataBlocks, ui8Flags) });
+}
+
+CBytes With(CBytes aui8Image, size_t uiOffset, const char* pszBytes)
+{
+    const CBytes aui8Bytes = ParseBytes(pszBytes);
+    std::copy(aui8Bytes.begin(), aui8Bytes.end(), aui8Image.begin() + static_cast<std::ptrdiff_t>(uiOffset));
+    return FixChecksums(aui8Image);
+}
+
+// A section of version 1.2 for a desktop display with data blocks of these tags, each cut to one byte.
+CBytes MakeSection(const char* pszTags, unsigned char ui8ProductType = 3)
+{
+    CBytes aui8DataBlocks;
+    for (const unsigned char ui8Tag : ParseBytes(pszTags))
+    {
+        Append(aui8DataBlocks, { ui8Tag, 0, 1, 0 });
+    }
+    CBytes aui8Block = MakeDisplayIdBlock(aui8DataBlocks);
+    aui8Block[3] = ui8ProductType;
+    return MakeEdid({ aui8Block });
+}
+
+std::multiset<EZorEdidRule> ListRules(const CBytes& aui8Image)
+{
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    CZorEdidCheck oCheck;
+    oCheck.Read(oMap, gsc_uiThisYear);
+    std::multiset<EZorEdidRule> oRules;
+    for (unsigned int i = 0; i < oCheck.GetCount(); ++i)
+    {
+        oRules.insert(oCheck.Get(i).m_eRule);
+    }
+    return oRules;
+}
+
+constexpr char gsc_szLimits[] = "00*3 FD 00 32 4B 1E 53 11 00 0A 20*6"; // 50 to 75 Hz, 30 to 83 kHz, to 170 MHz
+constexpr char gsc_szHdmi[] = "42 10 01 67 03 0C 00 10 00 00 21";       // to 165 MHz
+constexpr char gsc_szHdmiFast[] = "42 3F 01 67 03 0C 00 10 00 00 21";   // VIC 63 has 297 MHz
+constexpr char gsc_szHdmiVic[] = "42 10 01 6B 03 0C 00 10 00 00 21 20 00 20 01";
+constexpr char gsc_szHdmiVicToo[] = "43 5F 10 01 6B 03 0C 00 10 00 00 78 20 00 20 01";
+constexpr char gsc_szUhd[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 60"; // FRL at 12 Gbit/s
+constexpr char gsc_szUhdVic[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 68";
+
+TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
+{
+    const CBytes aui8Good = MakeImage("42 10 01");
+    const struct
+    {
+        EZorEdidRule m_eRule;
+        CBytes m_aui8Broken;
+        CBytes m_aui8NearMiss;
+    } aoCases[] = {
+        { eZorEdidRule_YearInFuture, With(aui8Good, 0x11, "25"), With(aui8Good, 0x11, "24") },
+        { eZorEdidRule_DescriptorZero, With(aui8Good, 0x48, "00*18"), With(aui8Good, 0x48, "00*3 10 00*14") },
+        { eZorEdidRule_ModeBeyondLimits, With(MakeImage("42 20 01"), 0x48, gsc_szLimits),
+          With(MakeImage("42 1F 01"), 0x48, gsc_szLimits) }, // 24 and 50 Hz
+        { eZorEdidRule_ModeBeyondTmds, MakeImage(gsc_szHdmiFast), MakeImage(gsc_szHdmi) },
+        { eZorEdidRule_VgaMissing, MakeImage("41 10"), With(MakeImage("41 10"), 0x23, "20") },
+        { eZorEdidRule_CodeTwice, MakeImage("43 10 90 01"), MakeImage("43 10 01 1F E2 0E 10") },
+        { eZorEdidRule_NativeMixed, MakeImage("43 90 84 01"), MakeImage("43 90 9F 01") },
+        { eZorEdidRule_HdmiCodeAlone, MakeImage(gsc_szHdmiVic), MakeImage(gsc_szHdmiVicToo) },
+        { eZorEdidRule_UnderscanContradicts, MakeImage("41 01 E2 00 04", 0x80), MakeImage("41 01 E2 00 0C", 0x80) },
+        { eZorEdidRule_CtaFlagsDiffer, MakeEdid({ MakeCta("41 01", 0x40), MakeCta("", 0x60) }),
+          MakeEdid({ MakeCta("41 01", 0x41), MakeCta("", 0x40) }) },
+        { eZorEdidRule_UhdVicMissing, MakeImage(gsc_szUhd), MakeImage(gsc_szUhdVic) },
+        { eZorEdidRule_DisplayIdNoProduct, MakeSection("01 0F"), MakeSection("00 01 0F") },
+        { eZorEdidRule_DisplayIdNoParameters, MakeSection("00 0F"), MakeSection("00 0F", 5) }, // a repeater
+        { eZorEdidRule_DisplayIdNoInterface, MakeSection("00 01"), MakeSection("00 01", 0) },
+    };
+    std::set<EZorEdidRule> oTried;
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(FindZorEdidRule(oCase.m_eRule)->m_pszId);
+        EXPECT_EQ(1U, ListRules(oCase.m_aui8Broken).count(oCase.m_eRule));
+        EXPECT_EQ(0U, ListRules(oCase.m_aui8NearMiss).count(oCase.m_eRule));
+        oTried.insert(oCase.m_eRule);
+    }
+    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
+    {
+        const EZorEdidRule eRule = GetZorEdidRule(i).m_eRule;
+        EXPECT_EQ(eRule >= 500 && eRule < 900, oTried.contains(eRule)) << GetZorEdidRule(i).m_pszId;
+    }
+}
+
+// One finding, however many modes there are; and rates that a limit rounds are no breach.
+TEST(CheckRules, LimitsAreRoundedAndBreachesCounted)
+{
+    const CBytes aui8Many = With(MakeImage("45 20 21 22 3E 01"), 0x48, gsc_szLimits);
+    EXPECT_EQ(1U, ListRules(aui8Many).count(eZorEdidRule_ModeBeyondLimits));
+    const char* const pszNarrow = "00*3 FD 00 3B 3C 1E 43 0F 00 0A 20*6"; // 59 to 60 Hz, 30 to 67 kHz, to 150 MHz
+    EXPECT_EQ(0U, ListRules(With(MakeImage("42 10 01"), 0x48, pszNarrow)).count(eZorEdidRule_ModeBeyondLimits));
+    CBytes aui8Older = aui8Many;
+    aui8Older[0x13] = 3;
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Older.size()), aui8Older.data());
+    CZorEdidCheck oCheck;
+    oCheck.Read(oMap, gsc_uiThisYear);
+    for (unsigned int i = 0; i < oCheck.GetCount(); ++i)
+    {
+        const SZorFinding& oFinding = oCheck.Get(i);
+        if (oFinding.m_eRule == eZorEdidRule_ModeBeyondLimits)
+        {
+            EXPECT_EQ(CZorEdidMap::eSeverity_Warning, oFinding.m_eSeverity); // from 1.4 on a note
+            EXPECT_STREQ("1920 x 1080 at 24.00 Hz and 3 more", oFinding.m_sFound);
+        }
+    }
+}
+} // namespace

@@ -34,7 +34,7 @@ for name, failures, findings, expected in CASES:
         write(f"{folder}/kinds", KINDS)
         lines = "\n".join(("Warnings:", "", "Failures:", "", "Block 1, CTA:", *("  " + line for line in failures), ""))
         write(f"{folder}/peer", f"#!/bin/sh\necho '{lines}\nEDID conformity: FAIL'\n")
-        rules = ",".join(f'{{"id":"{rule}","severity":"{severity}"}}' for rule, severity in findings)
+        rules = ",".join(f'{{"rule":"{rule}","severity":"{severity}"}}' for rule, severity in findings)
         write(f"{folder}/zoredid", f"#!/bin/sh\necho '{{\"checks\":[{{\"findings\":[{rules}]}}]}}'\n")
         run = subprocess.run([sys.executable, SCRIPT, "--zoredid", f"{folder}/zoredid", "--peer", f"{folder}/peer",
                               "--kinds", f"{folder}/kinds", folder], capture_output=True, text=True, check=False)

@@ -134,8 +134,8 @@ struct SRangeLimits
     constexpr bool operator==(const SRangeLimits&) const = default;
 };
 
-// Whether a rate, ullPart / ullWhole in the unit of its limits, is beyond them by that unit or more: makers round limits
-// up, down, and to the nearest. uiMost 0: no limit.
+// Whether a rate, ullPart / ullWhole in the unit of its limits, is beyond them by that unit or more: makers round
+// limits up, down, and to the nearest. uiMost 0: no limit.
 constexpr bool IsRateBeyond(unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
                             unsigned int uiMost)
 {

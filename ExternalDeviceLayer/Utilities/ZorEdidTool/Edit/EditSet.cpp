@@ -163,7 +163,7 @@ std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std:
 {
     const bool bId = oSetting.m_eId != eZorEdidField_None;
     unsigned int uiField = CZorEdidMap::msc_uiNone;
-    const std::string sProblem =
+    std::string sProblem =
         bId ? FindById(oWriter.GetMap(), oSetting, uiField) : FindByPlace(oWriter.GetMap(), oSetting, uiField);
     if (!sProblem.empty())
     {

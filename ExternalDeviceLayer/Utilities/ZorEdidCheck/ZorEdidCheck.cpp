@@ -85,8 +85,23 @@ void CZorEdidCheck::Read(const CZorEdidMap& oMap, unsigned int uiThisYear)
         CheckDisplayId(oFindings);
         CheckReading(oFindings);
     }
-    SZorFinding* poFirst = m_aoFindings.GetData();
-    std::stable_sort(
-        poFirst, poFirst + m_aoFindings.GetCount(),
-        [](const SZorFinding& oFirst, const SZorFinding& oSecond) { return oFirst.m_uiOffset < oSecond.m_uiOffset; });
+    // By their numbers, as a stable sort of the findings themselves would take memory past CMAllocator.
+    CMArray<unsigned int, const unsigned int&> auiOrder;
+    for (unsigned int i = 0; i < m_aoFindings.GetCount(); ++i)
+    {
+        auiOrder.Add(i);
+    }
+    const SZorFinding* poFirst = m_aoFindings.GetData();
+    std::sort(auiOrder.GetData(), auiOrder.GetData() + auiOrder.GetCount(),
+              [poFirst](unsigned int uiOne, unsigned int uiOther) {
+                  const unsigned int uiOffset = poFirst[uiOne].m_uiOffset;
+                  const unsigned int uiOtherOffset = poFirst[uiOther].m_uiOffset;
+                  return uiOffset != uiOtherOffset ? uiOffset < uiOtherOffset : uiOne < uiOther;
+              });
+    CMArray<SZorFinding> aoOrdered;
+    for (unsigned int i = 0; i < auiOrder.GetCount(); ++i)
+    {
+        aoOrdered.Add(m_aoFindings[auiOrder[i]]);
+    }
+    m_aoFindings = aoOrdered;
 }

@@ -190,8 +190,7 @@ int CZorEdidRepair::Read(unsigned int uiSize, const unsigned char* pui8Data)
         oRepairs.RepairChecksums();
     }
     SZorRepair* poFirst = m_aoRepairs.GetData();
-    std::stable_sort(poFirst, poFirst + m_aoRepairs.GetCount(), [](const SZorRepair& oOne, const SZorRepair& oOther) {
-        return oOne.m_uiOffset < oOther.m_uiOffset;
-    });
+    std::sort(poFirst, poFirst + m_aoRepairs.GetCount(),
+              [](const SZorRepair& oOne, const SZorRepair& oOther) { return oOne.m_uiOffset < oOther.m_uiOffset; });
     return 1;
 }

@@ -20,7 +20,7 @@ import tempfile
 
 import Excuses
 import PeerFacts
-from PeerFacts import Item, plain
+from PeerFacts import Item, library_items, library_peers, plain
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../.."))
 MOST_BYTES = 2000000  # of output: several hundred images' worth
@@ -136,8 +136,8 @@ class Image:
         for difference in differences(self.own(), self.items):
             found = Excuses.excuse_of(*difference, self) or self.unread_by_peer(*difference)
             yield *(found or ("unexplained", "")), difference
-        for item in PeerFacts.library_items(self.facts):
-            peers = list(PeerFacts.library_peers(item, self.items))
+        for item in library_items(self.facts):
+            peers = list(library_peers(item, self.items))
             if peers and all(known_words(item, peer) for peer in peers):
                 best = Difference(item, min(peers, key=lambda peer: (
                     "size" in known_words(item, peer), len(known_words(item, peer)))), "")

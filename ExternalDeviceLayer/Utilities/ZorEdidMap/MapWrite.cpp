@@ -188,9 +188,7 @@ private:
         PutRaw(m_oMap, m_oEntry.m_oField, m_uiRaw, aui8Image);
         PutInRecord();
         CMapWriter::Write(m_oOther, aui8Image.GetCount(), aui8Image.GetData());
-        const CZorEdidMap::SPiece& oPiece = m_oMap.m_aoPieces[m_oEntry.m_oField.m_uiFirstPiece];
-        const auto uiHigh = static_cast<unsigned int>(std::bit_width(unsigned{ oPiece.m_ui8Mask })) - 1;
-        m_uiOther = m_oOther.FindLeaf(oPiece.m_uiOffset, uiHigh);
+        m_uiOther = FindLeafOf(m_oOther, m_oMap, m_oEntry.m_oField);
         m_oField = m_oOther.GetField(m_uiOther);
         return m_oField.m_eId == m_oEntry.m_oField.m_eId && m_oField.m_uiLength == m_oEntry.m_oField.m_uiLength;
     }
@@ -317,7 +315,7 @@ private:
         }
     }
 
-    // Names of which a refusal tells.
+    // Names that a refusal lists.
     void AddName()
     {
         constexpr int iMostLength = 600;
@@ -457,6 +455,13 @@ private:
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue)
 {
     return CSearch(oMap, uiField, pszValue).Run();
+}
+
+unsigned int FindLeafOf(const SMapContent& oOther, const SMapContent& oMap, const CZorEdidMap::SField& oField)
+{
+    const CZorEdidMap::SPiece& oPiece = oMap.m_aoPieces[oField.m_uiFirstPiece];
+    const auto uiHigh = static_cast<unsigned int>(std::bit_width(unsigned{ oPiece.m_ui8Mask })) - 1;
+    return oOther.FindLeaf(oPiece.m_uiOffset, uiHigh);
 }
 
 unsigned int CountBits(const SMapContent& oMap, const CZorEdidMap::SField& oField)

@@ -21,6 +21,9 @@ struct SRawChoice
 // Of a leaf with a row whose place is no run.
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue);
 
+// The leaf of oOther that has the highest bit of a leaf of oMap; both are of images of the same size.
+unsigned int FindLeafOf(const SMapContent& oOther, const SMapContent& oMap, const CZorEdidMap::SField& oField);
+
 unsigned int CountBits(const SMapContent& oMap, const CZorEdidMap::SField& oField);
 // The bits of a leaf in an image of the same size; at most 32 bits.
 void PutRaw(const SMapContent& oMap, const CZorEdidMap::SField& oField, unsigned int uiRaw, CImageBytes& aui8Image);

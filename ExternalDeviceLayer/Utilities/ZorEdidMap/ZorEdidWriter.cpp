@@ -4,8 +4,6 @@
 
 #include <string.h>
 
-#include <bit>
-
 #include "MapWrite.h"
 #include "ZorTools.h"
 
@@ -294,9 +292,7 @@ public:
             {
                 continue;
             }
-            const CZorEdidMap::SPiece& oPiece = m_oAfter.m_aoPieces[oField.m_uiFirstPiece];
-            const auto uiBit = static_cast<unsigned int>(std::bit_width(unsigned{ oPiece.m_ui8Mask })) - 1;
-            const unsigned int uiBefore = m_oBefore.FindLeaf(oPiece.m_uiOffset, uiBit);
+            const unsigned int uiBefore = FindLeafOf(m_oBefore, m_oAfter, oField);
             if (uiBefore != m_uiField && (!HasSamePlace(m_oBefore.GetField(uiBefore), oField) || IsOther(uiBefore, i)))
             {
                 auiOthers.Add(i);
@@ -405,9 +401,7 @@ int CZorEdidWriter::Set(unsigned int uiField, const char* pszValue, SAnswer& oAn
     {
         CComparison(oBefore, oAfter, uiField, {}).ListOthers(oAnswer.m_auiOthers);
     }
-    const CZorEdidMap::SPiece& oPlace = m_oMap.GetPiece(m_oMap.GetField(uiField).m_uiFirstPiece);
-    const auto uiBit = static_cast<unsigned int>(std::bit_width(unsigned{ oPlace.m_ui8Mask })) - 1;
-    oAnswer.m_oAfter = oChanged.GetValue(oChanged.FindLeaf(oPlace.m_uiOffset, uiBit));
+    oAnswer.m_oAfter = oChanged.GetValue(FindLeafOf(oAfter, oBefore, oBefore.GetField(uiField)));
     SMapContent* const poContent = m_oMap.m_poContent;
     m_oMap.m_poContent = oChanged.m_poContent;
     oChanged.m_poContent = poContent;

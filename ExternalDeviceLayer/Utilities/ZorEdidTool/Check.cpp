@@ -222,24 +222,16 @@ std::string DescribeRepairs(const SInput& oInput, const CZorEdidRepair& oRepair)
     {
         const SZorRepair& oOne = oRepair.Get(i);
         const SZorEdidRule& oRule = *FindZorEdidRule(oOne.m_eRule);
-        sText += ShowName(oInput.m_sName) +
-                 FormatText(": block %u offset 0x%02x (", oOne.m_uiOffset / CEdidUtils::msc_uiBlockSize,
-                            oOne.m_uiOffset % CEdidUtils::msc_uiBlockSize) +
-                 GetPath(oMap, oMap.FindLeaf(oOne.m_uiOffset, uiHighestBit)) + "): repaired: " + oRule.m_pszWhat +
+        SFinding oPlace = {};
+        oPlace.m_uiBlock = oOne.m_uiOffset / CEdidUtils::msc_uiBlockSize;
+        oPlace.m_uiOffset = oOne.m_uiOffset % CEdidUtils::msc_uiBlockSize;
+        oPlace.m_sField = GetPath(oMap, oMap.FindLeaf(oOne.m_uiOffset, uiHighestBit));
+        sText += ShowName(oInput.m_sName) + ": " + DescribePlace(oPlace) + ": repaired: " + oRule.m_pszWhat +
                  FormatText(": 0x%02x is now 0x%02x", oInput.m_aui8Bytes[oOne.m_uiOffset],
                             oRepair.GetData()[oOne.m_uiOffset]) +
                  (oOne.m_uiLength > 1 ? FormatText(", %u bytes", oOne.m_uiLength) : "") + " [" + oRule.m_pszId + "]\n";
     }
     return sText;
-}
-
-SWritten WriteFixed(const SCheckOptions& oOptions, const std::vector<unsigned char>& aui8Fixed)
-{
-    SWritten oWritten;
-    const SOutputForm* const poForm = FindOutputForm(oOptions.m_sFixed, oWritten.m_sProblem);
-    return poForm == nullptr
-               ? oWritten
-               : WriteOutput(oOptions.m_sFixed, poForm->m_pfnMake(aui8Fixed), oOptions.m_bForce, poForm->m_bText);
 }
 
 // Writes the repaired image, says what was repaired and then what is left to find in it.
@@ -253,7 +245,7 @@ void FixFile(const SCheckOptions& oOptions, STool& oTool)
     CZorEdidRepair oRepair;
     oRepair.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
     const std::vector<unsigned char> aui8Fixed(oRepair.GetData(), oRepair.GetData() + oRepair.GetSize());
-    const SWritten oWritten = WriteFixed(oOptions, aui8Fixed);
+    const SWritten oWritten = WriteImage(oOptions.m_sFixed, aui8Fixed, oOptions.m_bForce);
     ReportWritten(oOptions.m_sFixed, oWritten, oTool);
     if (!oWritten.IsGood())
     {

@@ -132,15 +132,13 @@ std::string CheckCommand(const SEditCommand& oArguments, const std::vector<SEdit
 
 SWritten Write(const SEditCommand& oArguments, const CBytes& aui8Edited)
 {
+    if (!oArguments.m_bDryRun)
+    {
+        return WriteImage(oArguments.m_sOutput, aui8Edited, oArguments.m_bForce);
+    }
     SWritten oWritten;
     const SOutputForm* const poForm = FindOutputForm(oArguments.m_sOutput, oWritten.m_sProblem);
-    if (poForm == nullptr)
-    {
-        return oWritten;
-    }
-    return oArguments.m_bDryRun
-               ? CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, poForm->m_bText)
-               : WriteOutput(oArguments.m_sOutput, poForm->m_pfnMake(aui8Edited), oArguments.m_bForce, poForm->m_bText);
+    return poForm == nullptr ? oWritten : CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, poForm->m_bText);
 }
 
 // What the edits have changed, by meaning.

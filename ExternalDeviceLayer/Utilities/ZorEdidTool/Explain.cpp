@@ -454,11 +454,8 @@ std::string GetStructureName(std::string sId)
 
 std::string ListIds()
 {
-#define ZOR_EDID_FIELD(NUMBER, NAME, ...) eZorEdidField_##NAME,
-    constexpr EZorEdidField aeFields[] = { ZOR_EDID_FIELDS(ZOR_EDID_FIELD, ZOR_EDID_NO_FIELD, ZOR_EDID_FIELD) };
-#undef ZOR_EDID_FIELD
     std::string sText;
-    for (const EZorEdidField eField : aeFields)
+    for (const EZorEdidField eField : GetAllIds())
     {
         const char* pszId = CZorEdidMap::GetId(eField);
         CZorEdidMap::SIdDescription oField = {};

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "EdidUtils.h"
 #include "MapText.h"
 #include "NearWord.h"
 #include "TextFormat.h"
@@ -13,16 +14,13 @@ namespace
 {
 using CField = CZorEdidMap::SField;
 
-constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr unsigned int gsc_uiBits = 8;
 
 std::vector<std::string> ListIds()
 {
-#define ZOR_EDID_FIELD(NUMBER, NAME, ...) eZorEdidField_##NAME,
-    constexpr EZorEdidField aeFields[] = { ZOR_EDID_FIELDS(ZOR_EDID_FIELD, ZOR_EDID_NO_FIELD, ZOR_EDID_FIELD) };
-#undef ZOR_EDID_FIELD
     std::vector<std::string> asIds;
-    for (const EZorEdidField eField : aeFields)
+    for (const EZorEdidField eField : GetAllIds())
     {
         asIds.emplace_back(CZorEdidMap::GetId(eField));
     }

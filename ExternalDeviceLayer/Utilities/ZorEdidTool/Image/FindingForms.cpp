@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "EdidUtils.h"
 #include "Json.h"
 #include "MapText.h"
 #include "RuleNames.h"
@@ -11,7 +12,7 @@
 
 namespace
 {
-constexpr unsigned int gsc_uiBlockSize = 128;
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr char gsc_szUnreadable[] = "input.unreadable"; // in place of a rule
 
 const char* GetRuleId(const SFinding& oFinding) { return FindZorEdidRule(oFinding.m_eRule)->m_pszId; }
@@ -24,13 +25,13 @@ std::string DescribeFinding(const SFinding& oFinding)
     sText += oFinding.m_sExpected.empty() ? "" : ", expected " + oFinding.m_sExpected;
     return sText;
 }
+} // namespace
 
 std::string DescribePlace(const SFinding& oFinding)
 {
     return FormatText("block %u offset 0x%02x", oFinding.m_uiBlock, oFinding.m_uiOffset) +
            (oFinding.m_sField.empty() ? "" : " (" + oFinding.m_sField + ")");
 }
-} // namespace
 
 std::string MakeFindingLines(const SChecked& oChecked)
 {

@@ -15,6 +15,9 @@ struct SChecked
     std::vector<SFinding> m_aoFindings = {};
 };
 
+// "block 1 offset 0x7f (Checksum)"
+std::string DescribePlace(const SFinding& oFinding);
+
 // A line for each finding.
 std::string MakeFindingLines(const SChecked& oChecked);
 

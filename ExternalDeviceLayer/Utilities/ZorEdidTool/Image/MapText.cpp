@@ -64,6 +64,14 @@ const SCodeField* FindCode(const CZorEdidMap::SField& oField)
 }
 } // namespace
 
+std::span<const EZorEdidField> GetAllIds()
+{
+#define ZOR_EDID_FIELD(NUMBER, NAME, ...) eZorEdidField_##NAME,
+    static constexpr EZorEdidField aeIds[] = { ZOR_EDID_FIELDS(ZOR_EDID_FIELD, ZOR_EDID_NO_FIELD, ZOR_EDID_FIELD) };
+#undef ZOR_EDID_FIELD
+    return aeIds;
+}
+
 std::string GetFieldName(const CZorEdidMap::SField& oField)
 {
     const std::string sName = oField.m_pszName;

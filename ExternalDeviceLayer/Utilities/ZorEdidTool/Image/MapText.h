@@ -3,10 +3,14 @@
 
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
 #include "ZorEdidMap.h"
+
+// All ids, in the order of their list.
+std::span<const EZorEdidField> GetAllIds();
 
 // The name with its number where there are several: "Standard timing 3"; of codes "VIC #3", so that it does not read as
 // a code.

@@ -151,6 +151,13 @@ const SOutputForm* FindOutputForm(const std::string& sPath, std::string& sProble
     return std::begin(gsc_aoForms);
 }
 
+SWritten WriteImage(const std::string& sPath, const CBytes& aui8Bytes, bool bForce)
+{
+    SWritten oWritten;
+    const SOutputForm* const poForm = FindOutputForm(sPath, oWritten.m_sProblem);
+    return poForm == nullptr ? oWritten : WriteOutput(sPath, poForm->m_pfnMake(aui8Bytes), bForce, poForm->m_bText);
+}
+
 std::string ListEndings()
 {
     std::string sEndings;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "Output.h"
+
 struct SOutputForm
 {
     const char* m_pszName;        // as --form takes it
@@ -22,6 +24,9 @@ std::span<const SOutputForm> GetOutputForms();
 // for any unknown one. Null, with the reason in sProblem, for the ending of a text that is not written here, such as
 // ".json": a raw image under that name would mislead.
 const SOutputForm* FindOutputForm(const std::string& sPath, std::string& sProblem);
+
+// The image as a file in the form of FindOutputForm; else as WriteOutput.
+SWritten WriteImage(const std::string& sPath, const std::vector<unsigned char>& aui8Bytes, bool bForce);
 
 // ".bin .xxd .hex ...": the endings of all forms.
 std::string ListEndings();

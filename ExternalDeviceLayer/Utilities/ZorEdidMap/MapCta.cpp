@@ -352,7 +352,7 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
     }
 }
 
-// The data blocks ahead of one: those of earlier CTA-861 blocks of the EDID, too.
+// The data blocks before one, those of earlier CTA-861 blocks of the EDID included.
 struct SEarlier
 {
     unsigned int m_auiCounts[gsc_uiKinds] = {};

@@ -266,7 +266,7 @@ void CEditImage::LowerNatives(unsigned int uiPlace)
     }
 }
 
-// Moves the timings of the base block that follow an emptied descriptor up, each to the place of the one ahead of it:
+// Moves the timings of the base block that follow an emptied descriptor up, each to the place of the one before it:
 // no detailed timing may follow another descriptor. aoOrigins are the places before the removal; display descriptors
 // stay where they are.
 void CEditImage::CloseGap(const CTimingOrigins& aoOrigins, unsigned int uiPlace)

@@ -58,8 +58,8 @@ constexpr CAccepts gsc_apfnPasses[] = {
     [](const CClass&, const CClass&) { return true; },
 };
 
-// Pairs modes. An image may announce one mode ten thousand times: modes that the passes do
-// not tell apart are a class, and a mode looks for a partner among classes.
+// Pairs modes. An image may announce one mode ten thousand times: modes that all passes treat alike are a class, and a
+// mode looks for a partner among classes.
 class CMatch
 {
 public:

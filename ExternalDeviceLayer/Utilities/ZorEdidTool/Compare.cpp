@@ -78,8 +78,8 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
     const auto poOptions = std::make_shared<SCompareOptions>();
     oCommand.Word("A", poOptions->m_sFirst, gsc_szFileHelp).Required().Placeholder("");
     oCommand.Word("B", poOptions->m_sSecond, gsc_szFileHelp).Required().Placeholder("");
-    const COption oAll =
-        oCommand.Flag("--all", poOptions->m_oRules.m_bAll, "Facts and all other fields besides modes, by meaning");
+    const COption oAll = oCommand.Flag("--all", poOptions->m_oRules.m_bAll,
+                                       "Established timings, facts and all other fields, too, by meaning");
     oCommand.Flag("--established", poOptions->m_oRules.m_bEstablished, "Established timings take part");
     oCommand.Flag("--ignore-preferred", poOptions->m_oRules.m_bIgnorePreferred, "The preferred modes may differ");
     const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document");

@@ -152,35 +152,6 @@ EZorEdidField GetSecondField(EZorEdidField eFirst)
     return poPair != std::end(aePairs) ? poPair->second : eFirst;
 }
 
-// The ids of all flags that make up one fact, of which the record has one; of other facts that id alone.
-CNames ListIds(EZorEdidField eId)
-{
-    constexpr EZorEdidField aaeFlags[][4] = {
-        { eZorEdidField_CtaHdmiDc30bit, eZorEdidField_CtaHdmiDc36bit, eZorEdidField_CtaHdmiDc48bit },
-        { eZorEdidField_CtaHdmiCnc0, eZorEdidField_CtaHdmiCnc1, eZorEdidField_CtaHdmiCnc2, eZorEdidField_CtaHdmiCnc3 },
-        { eZorEdidField_CtaHdmiForumDc30bit420, eZorEdidField_CtaHdmiForumDc36bit420,
-          eZorEdidField_CtaHdmiForumDc48bit420 },
-        { eZorEdidField_CtaHdmiForumDsc10bpc, eZorEdidField_CtaHdmiForumDsc12bpc, eZorEdidField_CtaHdmiForumDsc16bpc },
-    };
-    for (const auto& aeFlags : aaeFlags)
-    {
-        if (aeFlags[0] != eId)
-        {
-            continue;
-        }
-        CNames apszIds;
-        for (const EZorEdidField eFlag : aeFlags)
-        {
-            if (eFlag != eZorEdidField_None)
-            {
-                apszIds.push_back(CZorEdidMap::GetId(eFlag));
-            }
-        }
-        return apszIds;
-    }
-    return { CZorEdidMap::GetId(eId) };
-}
-
 // The same fact with the field of its second number.
 template <class VALUE>
 SZorFact<VALUE> WithSecondField(SZorFact<VALUE> oFact)
@@ -725,7 +696,7 @@ std::string CFactValue::GetText() const
     case eKind_Text:
         return m_sText;
     case eKind_Names:
-        return JoinTexts({ m_apszNames.begin(), m_apszNames.end() });
+        return m_apszNames.empty() ? "none" : JoinTexts({ m_apszNames.begin(), m_apszNames.end() });
     default: {
         CJsonWriter oJson(CJsonWriter::eStyle_Line); // which has the digits of numbers
         Write(oJson);
@@ -734,7 +705,7 @@ std::string CFactValue::GetText() const
         {
             sText += c == '[' || c == ']' ? "" : c == ',' ? ", " : std::string(1, c);
         }
-        return sText;
+        return sText.empty() ? "none" : sText;
     }
     }
 }
@@ -751,6 +722,25 @@ CFactList ListFacts(const CZorEdidFacts& oFacts)
     AddAudio(oFacts.GetAudio(), oList);
     AddConflicts(oFacts, oList);
     return std::move(oList.m_aoFacts);
+}
+
+std::vector<EZorEdidField> ListFields(EZorEdidField eId)
+{
+    constexpr EZorEdidField aaeFlags[][4] = {
+        { eZorEdidField_CtaHdmiDc30bit, eZorEdidField_CtaHdmiDc36bit, eZorEdidField_CtaHdmiDc48bit },
+        { eZorEdidField_CtaHdmiCnc0, eZorEdidField_CtaHdmiCnc1, eZorEdidField_CtaHdmiCnc2, eZorEdidField_CtaHdmiCnc3 },
+        { eZorEdidField_CtaHdmiForumDc30bit420, eZorEdidField_CtaHdmiForumDc36bit420,
+          eZorEdidField_CtaHdmiForumDc48bit420 },
+        { eZorEdidField_CtaHdmiForumDsc10bpc, eZorEdidField_CtaHdmiForumDsc12bpc, eZorEdidField_CtaHdmiForumDsc16bpc },
+    };
+    const auto* paeFlags = std::ranges::find_if(aaeFlags, [&](const auto& aeFlags) { return aeFlags[0] == eId; });
+    std::vector<EZorEdidField> aeFields = { eId };
+    if (paeFlags != std::end(aaeFlags))
+    {
+        aeFields.assign(std::begin(*paeFlags), std::end(*paeFlags));
+        std::erase(aeFields, eZorEdidField_None);
+    }
+    return aeFields;
 }
 
 bool HasHdr10(const CZorEdidFacts::SColour& oColour)
@@ -789,7 +779,11 @@ void WriteFactIds(const CFactList& aoFacts, CJsonWriter& oJson)
         {
             continue;
         }
-        const CNames apszIds = ListIds(oFact.m_eId);
+        CNames apszIds;
+        for (const EZorEdidField eField : ListFields(oFact.m_eId))
+        {
+            apszIds.push_back(CZorEdidMap::GetId(eField));
+        }
         if (apszIds.size() == 1)
         {
             oJson.Member(oFact.m_pszPath, apszIds[0]);

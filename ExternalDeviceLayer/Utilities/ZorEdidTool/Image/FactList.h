@@ -24,7 +24,7 @@ public:
     CFactValue(std::vector<int> aiNumbers) : m_eKind(eKind_Numbers), m_aiNumbers(std::move(aiNumbers)) {}
 
     void Write(CJsonWriter& oJson) const;
-    // For people: "yes", "48", "0.3127, 0.3290".
+    // For people: "yes", "48", "0.3127, 0.3290"; "none" for an empty list.
     std::string GetText() const;
 
 private:
@@ -58,6 +58,9 @@ struct SNamedFact
     EZorEdidField m_eId; // the field that says it; eZorEdidField_None for what follows from several
 };
 using CFactList = std::vector<SNamedFact>;
+
+// The fields of all flags that make up one fact, of which the record has one; of other facts that field alone.
+std::vector<EZorEdidField> ListFields(EZorEdidField eId);
 
 // Facts that the image does not say are left out. Members of an object, and elements of a list, follow each other.
 CFactList ListFacts(const CZorEdidFacts& oFacts);

@@ -106,8 +106,10 @@ bool IsLayout(const CZorEdidMap& oMap, unsigned int uiField)
         eZorEdidField_CtaHdmi3dLen,       eZorEdidField_DisplayidSectionLength, eZorEdidField_DisplayidDataBlockLength
     };
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    // A length that does not fit is noted at the block; a checksum is wrong by its own note only.
     const bool bNoted =
-        oField.m_uiNotes != 0 || (oField.m_uiGroup != gsc_uiNone && oMap.GetField(oField.m_uiGroup).m_uiNotes != 0);
+        oField.m_uiNotes != 0 || (oField.m_eKind != CZorEdidMap::eKind_Checksum && oField.m_uiGroup != gsc_uiNone &&
+                                  oMap.GetField(oField.m_uiGroup).m_uiNotes != 0);
     const bool bLength = std::ranges::find(aeLengths, oField.m_eId) != std::end(aeLengths);
     const bool bUnusedPair = oField.m_eId == eZorEdidField_BaseStandard && uiField + 1 < oField.m_uiEnd &&
                              oMap.GetField(uiField + 1).m_eId == eZorEdidField_Unused;
@@ -161,9 +163,9 @@ bool IsSaidBy(const SFactDifference& oFact, const CZorEdidMap& oMap, unsigned in
 {
     const EZorEdidField eId = oMap.GetField(uiField).m_eId;
     const std::string& sValue = oFact.m_asValues[oFact.m_asValues[0].empty() ? 1 : 0];
-    if (oFact.m_eId == eId || oFact.m_eId == eZorEdidField_None)
+    if (oFact.m_eId == eZorEdidField_None || std::ranges::count(ListFields(oFact.m_eId), eId) != 0)
     {
-        return oFact.m_eId == eId;
+        return oFact.m_eId != eZorEdidField_None;
     }
     if (oFact.m_sName.starts_with("colour.primaries.") || oFact.m_sName == "colour.white")
     {
@@ -195,14 +197,23 @@ public:
         for (size_t i = 0; i < 2; ++i)
         {
             AddPlaces(apoImages[i]->m_oModes, aapoOnly[i], m_aoOnly[i]);
+            for (const SModeRow& oRow : apoImages[i]->m_oModes.GetRows())
+            {
+                m_aoRows[i].emplace(std::pair(oRow.m_poEntry->m_uiOffset, oRow.m_poEntry->m_eField), &oRow);
+            }
         }
     }
 
     std::vector<SFieldDifference> Find() const
     {
         std::vector<SFieldDifference> aoFields;
+        const auto fnIsSameMode = [this](unsigned int uiFirst, unsigned int uiSecond) {
+            const SModeRow* poFirst = FindRow(0, uiFirst);
+            const SModeRow* poSecond = FindRow(1, uiSecond);
+            return poFirst != nullptr && poSecond != nullptr && IsSameMode(*poFirst, *poSecond);
+        };
         for (const auto& [uiFirst, uiSecond] :
-             CompareMaps(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart, eOrder_Any))
+             CompareMapsInAnyOrder(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart, fnIsSameMode))
         {
             const std::array<unsigned int, 2> auiFields = { uiFirst, uiSecond };
             if (!IsSaid(0, uiFirst) && !IsSaid(1, uiSecond) && !IsSame(auiFields))
@@ -250,6 +261,14 @@ private:
     }
 
     const CZorEdidMap& GetMap(size_t uiImage) const { return m_apoImages[uiImage]->m_oPart.m_oMap; }
+
+    // The mode that a group of fields announces; null for another group.
+    const SModeRow* FindRow(size_t uiImage, unsigned int uiGroup) const
+    {
+        const CZorEdidMap::SField& oGroup = GetMap(uiImage).GetField(uiGroup);
+        const auto itRow = m_aoRows[uiImage].find({ oGroup.m_uiOffset, oGroup.m_eId });
+        return itRow != m_aoRows[uiImage].end() ? itRow->second : nullptr;
+    }
 
     // Of a group within a block also where nothing is left to be said of what it holds.
     bool IsSaid(size_t uiImage, unsigned int uiField) const
@@ -321,6 +340,8 @@ private:
     const CImages& m_apoImages;
     const std::vector<SFactDifference>& m_aoFacts;
     std::array<std::set<unsigned int>, 2> m_aoOnly; // offsets of the modes that only one image has
+    // The first row of each field that announces modes, by offset and id.
+    std::array<std::map<std::pair<unsigned int, EZorEdidField>, const SModeRow*>, 2> m_aoRows;
 };
 } // namespace
 
@@ -348,12 +369,13 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     if (oRules.m_bAll)
     {
         FindFacts();
-        m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListOnly(0, true), ListOnly(1, true) }).Find();
+        m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListOnly(0), ListOnly(1) }).Find();
     }
 }
 
-std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage, bool bEstablished) const
+std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const
 {
+    const bool bEstablished = m_oRules.m_bEstablished || m_oRules.m_bAll;
     const std::vector<SModeRow>& aoRows = m_apoImages[uiImage]->m_oModes.GetRows();
     std::vector<const SModeRow*> apoOnly;
     for (size_t i = 0; i < aoRows.size(); ++i)
@@ -445,9 +467,14 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
         std::vector<const SModeRow*> apoRows = oDiff.ListOnly(i);
         const SModeRow* poPreferred = oDiff.GetImage(i).m_oModes.FindPreferred();
         const bool bSaid = oDiff.DifferInPreferred() && poPreferred != nullptr;
-        const auto itSaid = std::ranges::find_if(
-            apoRows, [&](const SModeRow* poRow) { return bSaid && IsSameMode(*poRow, *poPreferred); });
-        if (itSaid != apoRows.end())
+        // That row, or another one of its mode where it has a partner.
+        auto itSaid = std::ranges::find(apoRows, poPreferred);
+        if (itSaid == apoRows.end())
+        {
+            itSaid = std::ranges::find_if(
+                apoRows, [&](const SModeRow* poRow) { return bSaid && IsSameMode(*poRow, *poPreferred); });
+        }
+        if (bSaid && itSaid != apoRows.end())
         {
             apoRows.erase(itSaid);
         }

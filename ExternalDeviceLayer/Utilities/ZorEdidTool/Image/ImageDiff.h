@@ -46,7 +46,7 @@ struct SFieldDifference
 // Which parts of a comparison are wanted.
 struct SDiffRules
 {
-    bool m_bAll = false; // facts and fields besides modes
+    bool m_bAll = false; // facts and fields besides modes, established timings among these
     bool m_bEstablished = false;
     bool m_bIgnorePreferred = false;
 };
@@ -62,7 +62,7 @@ public:
     // False where the rules ignore it.
     bool DifferInPreferred() const { return m_bPreferred; }
     // Established timings as the rules say.
-    std::vector<const SModeRow*> ListOnly(size_t uiImage) const { return ListOnly(uiImage, m_oRules.m_bEstablished); }
+    std::vector<const SModeRow*> ListOnly(size_t uiImage) const;
     const SModePairs& GetPairs() const { return m_oPairs; }
 
     // ---- The rest: empty unless the rules ask for all ----
@@ -75,7 +75,6 @@ public:
     const SDiffRules& GetRules() const { return m_oRules; }
 
 private:
-    std::vector<const SModeRow*> ListOnly(size_t uiImage, bool bEstablished) const;
     void FindFacts();
 
     std::array<const SComparedImage*, 2> m_apoImages;

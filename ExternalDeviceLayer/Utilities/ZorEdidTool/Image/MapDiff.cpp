@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "EdidUtils.h"
 #include "MapText.h"
@@ -118,8 +119,9 @@ private:
 class CComparison
 {
 public:
-    CComparison(const SMapPart& oFirst, const SMapPart& oSecond, EOrder eOrder)
-        : m_oFirst(oFirst), m_oSecond(oSecond), m_eOrder(eOrder)
+    // In the order of the bytes without a function.
+    CComparison(const SMapPart& oFirst, const SMapPart& oSecond, CSameThing fnIsSameThing)
+        : m_oFirst(oFirst), m_oSecond(oSecond), m_fnIsSameThing(std::move(fnIsSameThing))
     {
         CKeys oKeys;
         const CIndices auiFirst = Read(oFirst, oSecond, m_oFirst, oKeys);
@@ -165,7 +167,7 @@ private:
         }
         const CIndices& auiFirst = m_oFirst.GetChildren(uiFirst);
         const CIndices& auiSecond = m_oSecond.GetChildren(uiSecond);
-        if (m_eOrder == eOrder_Any)
+        if (m_fnIsSameThing)
         {
             PairInAnyOrder(auiFirst, auiSecond);
             return;
@@ -233,7 +235,25 @@ private:
             auiOthers.push_back(uiSecond);
         }
         std::ranges::sort(auiOthers);
+        PairSameThings(auiLeft, auiOthers);
         PairAlike(auiLeft, auiOthers);
+    }
+
+    // Compares and takes out the pairs that it finds.
+    void PairSameThings(CIndices& auiFirst, CIndices& auiSecond)
+    {
+        std::erase_if(auiFirst, [&](unsigned int uiFirst) {
+            const auto itSecond = std::ranges::find_if(auiSecond, [&](unsigned int uiSecond) {
+                return m_oFirst.IsGroup(uiFirst) && AreAlike(uiFirst, uiSecond) && m_fnIsSameThing(uiFirst, uiSecond);
+            });
+            if (itSecond == auiSecond.end())
+            {
+                return false;
+            }
+            Compare(uiFirst, *itSecond);
+            auiSecond.erase(itSecond);
+            return true;
+        });
     }
 
     bool AreAlike(unsigned int uiFirst, unsigned int uiSecond) const
@@ -271,7 +291,7 @@ private:
 
     CTree m_oFirst;
     CTree m_oSecond;
-    const EOrder m_eOrder;
+    const CSameThing m_fnIsSameThing;
 };
 } // namespace
 
@@ -431,7 +451,13 @@ std::vector<long long> SMapPart::LeaveOutRest()
     return allCounts;
 }
 
-std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond, EOrder eOrder)
+std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond)
 {
-    return CComparison(oFirst, oSecond, eOrder).m_aoDifferences;
+    return CComparison(oFirst, oSecond, nullptr).m_aoDifferences;
+}
+
+std::vector<SMapDifference> CompareMapsInAnyOrder(const SMapPart& oFirst, const SMapPart& oSecond,
+                                                  const CSameThing& fnIsSameThing)
+{
+    return CComparison(oFirst, oSecond, fnIsSameThing).m_aoDifferences;
 }

@@ -4,6 +4,7 @@
 
 #include <stddef.h>
 
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -48,12 +49,13 @@ struct SMapDifference
 // as many fields as possible that say the same are paired, in their order, and between these the others by ids and
 // names. Of the fields that say nothing there may be more or fewer: reserved bits that are 0, and bits that are 0 in a
 // list of codes.
-//
-// eOrder_Any: fields of a group that say the same are paired whatever their order.
-enum EOrder
-{
-    eOrder_OfBytes,
-    eOrder_Any
-};
-std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond,
-                                        EOrder eOrder = eOrder_OfBytes);
+std::vector<SMapDifference> CompareMaps(const SMapPart& oFirst, const SMapPart& oSecond);
+
+// Whether a group of the first map and one of the second are of the same thing, such as a mode, and differ in what they
+// say besides.
+using CSameThing = std::function<bool(unsigned int uiFirst, unsigned int uiSecond)>;
+
+// As CompareMaps, but fields of a group are paired whatever their order: those that say the same, then groups of the
+// same thing, then the others by ids and names.
+std::vector<SMapDifference> CompareMapsInAnyOrder(const SMapPart& oFirst, const SMapPart& oSecond,
+                                                  const CSameThing& fnIsSameThing);

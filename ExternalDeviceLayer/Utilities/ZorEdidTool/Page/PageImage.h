@@ -49,7 +49,7 @@ struct SPageComparison
 {
     SPageComparison(const SPageImage& oFirst, const SPageImage& oSecond)
         : m_oFirst(oFirst.m_oInput.m_aui8Bytes), m_oSecond(oSecond.m_oInput.m_aui8Bytes),
-          m_oDiff(m_oFirst, m_oSecond, { .m_bAll = true, .m_bEstablished = true })
+          m_oDiff(m_oFirst, m_oSecond, { .m_bAll = true })
     {
     }
 

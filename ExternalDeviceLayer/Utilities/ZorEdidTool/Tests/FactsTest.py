@@ -507,7 +507,7 @@ class ModesTest(ToolTest):
             ("a native bit", change({0x85: "81"}), 1),
             ("the count of native timings", change({0x83: "72"}), 1),
             ("a mode that another field announces", change({0x8A: "04", 0x8B: "13"}), 0),
-            ("established timings", change({0x23: "b4"}), 0),
+            ("established timings", change({0x23: "b4"}), 2),
             ("maximum rates", change({0x60: "56", 0x62: "5d"}), 2),
             ("y of green", change({0x1E: "9c"}), 1),
             ("two codes exchanged", change({0x85: "11", 0x88: "01"}), 0),
@@ -520,6 +520,31 @@ class ModesTest(ToolTest):
                 self.assertEqual(len(out.splitlines()) - 1, expected, out)
                 document = self.load(run("compare", "--all", "--json", first, other, status=1 if expected else 0)[0])
                 self.assertEqual(document["same"], not expected)
+
+    # Pairs of which each change is named once.
+    def test_what_is_named_of_a_difference(self):
+        small = bytes.fromhex("001d0000 ff04 7101 6d00 2700 cf02 1d00 0400 0400")  # 1280 x 720 at 60, as TYPE1
+        preferred = [timing[:3] + b"\x80" + timing[4:] for timing in (TYPE1, small)]
+        section = [with_blocks(display_id(b"\x03\x00\x28" + timings))
+                   for timings in (preferred[0] + small, preferred[1] + TYPE1)]
+        shallow = with_blocks(TELEVISION.replace(b"\x38\x3c", b"\x08\x3c"))
+        week = change({0x10: "3c"})
+        # 1024 x 768 at 60, which byte 0x24 announces, too.
+        old = change({0x36: "6419004041002630188836" + "00" + MONITOR[0x42:0x48].hex()})
+        for name, first, second, expected in [
+            ("preferred DisplayID timing, which stands first", *section, ["displayid.timing.preferred"] * 2),
+            ("deep colours, of a flag each", with_blocks(TELEVISION), shallow,
+             ["colour.bits.rgb: 8, 10, 12 | 8", "colour.hdmi_deep.bits: 10, 12 | none"]),
+            ("a right checksum in a block with a finding", week, change({0x0C: "01"}, week),
+             ["identity.serial_number: 145791 | 145665"]),
+            ("preferred mode, announced twice", old, change({0x24: "%02x" % (MONITOR[0x24] & ~8)}, MONITOR),
+             ["preferred by A: 1024 x  768p @  60.004 Hz", "preferred by B: 1920 x 1080p", "only in A: 1024 x  768p"]),
+        ]:
+            with self.subTest(name):
+                lines = self.compare(first, second, ["--all"], 1).splitlines()[1:]
+                self.assertEqual([line[:len(start)] for line, start in zip(lines, expected)], expected)
+                self.assertEqual(len(lines), len(expected), lines)
+                self.assertFalse([line for line in lines if line.startswith("only in") and "preferred" in line])
 
     def test_what_cannot_be_compared(self):
         good = self.save(MONITOR)

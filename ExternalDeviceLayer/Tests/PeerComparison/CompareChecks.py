@@ -9,20 +9,19 @@ not ("ours", where the expression is for the rule's id). A line that begins with
 
 Prints for each kind how often edid-decode says it, and in how many images we do. The exit status is 1 when a failure,
 or a rule of weight, has no kind, or when an image that edid-decode fails has no error or warning here and a failure
-that is not "theirs"; files with several EDIDs aside.
+that is not "theirs". Of a file with several EDIDs each is an image of its own.
 """
 import argparse
 import collections
-import glob
 import os
 import re
 import sys
+import tempfile
 
-from Compare import ROOT, default_command, peer_text, run
+from Compare import default_command, image_paths, peer_text, run
 
 KINDS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "ChecksKinds.tsv")
 WEIGHTY = ("error", "warning")
-SEVERAL = "input.several-edids"  # edid-decode reads all EDIDs of a file as one
 Kind = collections.namedtuple("Kind", "pattern side reason")
 
 
@@ -52,6 +51,14 @@ def find(kinds, text, *sides):
     return next((kind for kind in kinds if kind.side in sides and kind.pattern.search(text)), None)
 
 
+def judged(options):
+    """(name, edid-decode's failures, our findings) of each EDID."""
+    with tempfile.TemporaryDirectory() as folder:
+        for path in image_paths(options.folders, folder):
+            yield (os.path.basename(path), failures(peer_text(options.peer, "--check", path)),
+                   findings(options.zoredid, path))
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
     parser.add_argument("--zoredid", default=default_command(), help="the built command")
@@ -60,11 +67,9 @@ def main():
     parser.add_argument("folders", nargs="+", metavar="FOLDER")
     options = parser.parse_args()
     kinds = read_kinds(options.kinds)
-    known = {rule: kind for kind in kinds if kind.side == "both" for rule in kind.reason.split(",")}
+    known = {rule for kind in kinds if kind.side == "both" for rule in kind.reason.split(",")}
     theirs, ours, counts, wrong = collections.Counter(), collections.Counter(), collections.Counter(), []
-    for path in sorted(path for folder in options.folders for path in glob.glob(os.path.join(folder, "*.bin"))):
-        name, lines = os.path.basename(path), failures(peer_text(options.peer, "--check", path))
-        found = findings(options.zoredid, path)
+    for name, lines, found in judged(options):
         rules = {rule for rule, _ in found}
         weighty = {rule for rule, severity in found if severity in WEIGHTY}
         counts["images"] += 1
@@ -77,10 +82,11 @@ def main():
                 wrong.append(f"{name}: no kind: {line}")
             elif kind.side == "both" and not rules & set(kind.reason.split(",")):
                 counts["failures of kinds of both that we do not say of that image"] += 1
-                if not weighty and SEVERAL not in rules:
+                if not weighty:
                     wrong.append(f"{name}: nothing of weight here, and edid-decode: {line}")
-        ours.update({known.get(rule) or find(kinds, rule, "ours") for rule in rules})
-        wrong += [f"{name}: no kind: our rule {rule}" for rule in sorted(weighty - known.keys())
+        ours.update(kind for kind in kinds if rules & set(kind.reason.split(",")) and kind.side == "both")
+        ours.update({find(kinds, rule, "ours") for rule in rules})
+        wrong += [f"{name}: no kind: our rule {rule}" for rule in sorted(weighty - known)
                   if not find(kinds, rule, "ours")]
     for text in wrong:
         print(text)

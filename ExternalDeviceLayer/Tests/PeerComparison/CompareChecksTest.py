@@ -27,18 +27,25 @@ def write(path, text):
     os.chmod(path, 0o755)
 
 
+BASE = bytes.fromhex("00ffffffffffff00") + bytes(120)
 failed = 0
 for name, failures, findings, expected in CASES:
     with tempfile.TemporaryDirectory() as folder:
-        write(f"{folder}/image.bin", "")
+        # The second EDID of the file is the one that the case is about; both programs are silent about the first.
+        with open(f"{folder}/image.bin", "wb") as file:
+            file.write(BASE + BASE[:-1] + b"2")
         write(f"{folder}/kinds", KINDS)
         lines = "\n".join(("Warnings:", "", "Failures:", "", "Block 1, CTA:", *("  " + line for line in failures), ""))
-        write(f"{folder}/peer", f"#!/bin/sh\necho '{lines}\nEDID conformity: FAIL'\n")
         rules = ",".join(f'{{"rule":"{rule}","severity":"{severity}"}}' for rule, severity in findings)
-        write(f"{folder}/zoredid", f"#!/bin/sh\necho '{{\"checks\":[{{\"findings\":[{rules}]}}]}}'\n")
+        for program, silent, said in (("peer", "", f"{lines}\nEDID conformity: FAIL"),
+                                      ("zoredid", '{"checks":[]}', f'{{"checks":[{{"findings":[{rules}]}}]}}')):
+            write(f"{folder}/{program}", f"""#!/bin/sh
+for image; do :; done
+if [ "$(tail -c 1 "$image")" = 2 ]; then echo '{said}'; else echo '{silent}'; fi
+""")
         run = subprocess.run([sys.executable, SCRIPT, "--zoredid", f"{folder}/zoredid", "--peer", f"{folder}/peer",
                               "--kinds", f"{folder}/kinds", folder], capture_output=True, text=True, check=False)
-        if run.returncode != bool(expected) or expected not in run.stdout:
+        if run.returncode != bool(expected) or expected not in run.stdout or "2 images" not in run.stdout:
             print(f"{name}: ended with {run.returncode}\n{run.stdout}{run.stderr}")
             failed = 1
 sys.exit(failed)

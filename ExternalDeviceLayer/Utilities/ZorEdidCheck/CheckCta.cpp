@@ -64,7 +64,7 @@ void CheckUhdCodes(CFindings& oFindings, unsigned int uiBlock)
     if (poUhd != nullptr && poUhd->m_llNumber == 0 && bHas)
     {
         oFindings.Add(uiUhd, eZorEdidRule_UhdVicMissing,
-                      oFindings.GetFacts().GetLink().m_oFrl.IsSaid() ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
+                      TakesFrl(oFindings.GetFacts().GetLink()) ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
     }
 }
 } // namespace

@@ -100,6 +100,9 @@ private:
     CMArray<SZorFinding>& m_aoFindings;
 };
 
+// Sinks of HDMI 2.0 have the field as well, with a rate of 0.
+inline bool TakesFrl(const CZorEdidFacts::SLink& oLink) { return oLink.m_oFrl.m_oValue.m_ui8Lanes != 0; }
+
 // ---- The rules by topic; of an image with the header of a base block ----
 
 void CheckBase(CFindings& oFindings, unsigned int uiThisYear);

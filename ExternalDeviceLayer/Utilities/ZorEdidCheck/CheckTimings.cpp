@@ -5,6 +5,7 @@
 
 #include "CheckFindings.h"
 #include "Standards/Descriptors.h"
+#include "Standards/VideoCodes.h"
 
 using namespace ZorStandards::BaseBlock;
 
@@ -14,14 +15,17 @@ namespace
 {
 constexpr unsigned long long gsc_ullHzPerKiloHz = 1000;
 
+double GetRateInHz(const SZorMode::SRate& oRate)
+{
+    return oRate.m_ullDivisor == 0 ? 0
+                                   : static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
+}
+
 CMString NameMode(const SZorMode& oMode)
 {
-    const double dRate = oMode.m_oNominalRate.m_ullDivisor == 0
-                             ? 0
-                             : static_cast<double>(oMode.m_oNominalRate.m_ullDividend) /
-                                   static_cast<double>(oMode.m_oNominalRate.m_ullDivisor);
     CMString sText;
-    sText.Format("%u x %u%s at %.2f Hz", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "", dRate);
+    sText.Format("%u x %u%s at %.2f Hz", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "",
+                 GetRateInHz(oMode.m_oNominalRate));
     return sText;
 }
 
@@ -59,12 +63,9 @@ private:
 bool IsBeyond(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
 {
     const unsigned long long ullClock = oMode.m_ullClock / gsc_ullHzPerKiloHz;
-    const unsigned int uiMostClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
-    return (uiMostClock != 0 && ullClock > uiMostClock) ||
-           Descriptors::IsRateBeyond(ullClock, oMode.m_oHorizontal.m_uiTotal, oLimits.m_uiMinHorizontalRateInKiloHz,
-                                     oLimits.m_uiMaxHorizontalRateInKiloHz) ||
-           Descriptors::IsRateBeyond(oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor,
-                                     oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz);
+    return Descriptors::IsPixelClockBeyond(oLimits, ullClock) ||
+           Descriptors::IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) ||
+           Descriptors::IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor);
 }
 
 // Of detailed timings in the base block the map has a note each. An erratum of 1.4 lets listed modes leave the limits.
@@ -97,11 +98,33 @@ void CheckRangeLimits(CFindings& oFindings)
 
 // ---- TMDS ----
 
+// Whether another field says that the sink takes this mode in 4:2:0: a detailed timing of a mode whose video code is
+// marked. The clocks of both may differ by 1000/1001.
+bool IsTakenIn420(const CFindings& oFindings, const SZorMode& oMode)
+{
+    constexpr unsigned long long ullTolerance = 500; // of the clock
+    const auto fnIsSame = [](const SZorMode::SAxis& oOne, const SZorMode::SAxis& oOther) {
+        return oOne.m_uiActive == oOther.m_uiActive && oOne.m_uiTotal == oOther.m_uiTotal;
+    };
+    bool bTaken = false;
+    oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
+        const SZorMode& oOther = oEntry.m_oMode;
+        const unsigned long long ullApart = oMode.m_ullClock > oOther.m_ullClock ? oMode.m_ullClock - oOther.m_ullClock
+                                                                                 : oOther.m_ullClock - oMode.m_ullClock;
+        bTaken =
+            bTaken ||
+            (oOther.m_eY420 != SZorMode::eY420_No && oOther.m_bTiming && oOther.m_bInterlaced == oMode.m_bInterlaced &&
+             ullApart <= oMode.m_ullClock / ullTolerance && fnIsSame(oOther.m_oHorizontal, oMode.m_oHorizontal) &&
+             fnIsSame(oOther.m_oVertical, oMode.m_oVertical));
+    });
+    return bTaken;
+}
+
 // Without FRL every mode is sent by TMDS, those in 4:2:0 at half the clock.
 void CheckTmdsClock(CFindings& oFindings)
 {
     const CZorEdidFacts::SLink& oLink = oFindings.GetFacts().GetLink();
-    if (!oLink.m_oMaxTmds.IsSaid() || oLink.m_oMaxTmds.m_oValue == 0 || oLink.m_oFrl.IsSaid())
+    if (!oLink.m_oMaxTmds.IsSaid() || oLink.m_oMaxTmds.m_oValue == 0 || TakesFrl(oLink))
     {
         return;
     }
@@ -109,9 +132,8 @@ void CheckTmdsClock(CFindings& oFindings)
     CBreaches oBreaches;
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const SZorMode& oMode = oEntry.m_oMode;
-        const unsigned long long ullClock =
-            oMode.m_eY420 == SZorMode::eY420_No ? oMode.m_ullClock : oMode.m_ullClock / 2;
-        if (oMode.m_bTiming && ullClock > ullMost)
+        if (oMode.m_bTiming && oMode.m_ullClock > ullMost &&
+            (oMode.m_ullClock / 2 > ullMost || !IsTakenIn420(oFindings, oMode)))
         {
             oBreaches.Add(oMode);
         }
@@ -122,13 +144,16 @@ void CheckTmdsClock(CFindings& oFindings)
 
 // ---- Modes that must be there, and that are there twice ----
 
+// At 60 Hz or 59.94: detailed timings have the rate of their clock, rounded to 10 kHz.
 bool IsVga(const SZorMode& oMode)
 {
     constexpr unsigned int uiWidth = 640;
     constexpr unsigned int uiHeight = 480;
-    constexpr unsigned int uiRate = 60;
-    return oMode.m_uiWidth == uiWidth && oMode.m_uiHeight == uiHeight && !oMode.m_bInterlaced &&
-           oMode.m_oNominalRate.m_ullDividend == uiRate * oMode.m_oNominalRate.m_ullDivisor;
+    constexpr double dLeast = 59.9;
+    constexpr double dMost = 60.1;
+    const double dRate = GetRateInHz(oMode.m_oNominalRate);
+    return oMode.m_uiWidth == uiWidth && oMode.m_uiHeight == uiHeight && !oMode.m_bInterlaced && dRate > dLeast &&
+           dRate < dMost;
 }
 
 void CheckVga(CFindings& oFindings, unsigned int uiCtaBlock)
@@ -143,25 +168,39 @@ void CheckVga(CFindings& oFindings, unsigned int uiCtaBlock)
 
 bool IsVideoDescriptor(const SZorImageMode& oEntry) { return oEntry.m_eField == eZorEdidField_CtaVideoDescriptor; }
 
-// A code that is listed in 4:2:0 as well says something else there.
+// Codes of YCbCr 4:2:0 only are a list of their own; the map notes those that are in both. Once native and once not is
+// a contradiction, and the codes of 4:2:0 have no native bit.
 void CheckCodesTwice(CFindings& oFindings)
 {
     constexpr unsigned int uiCodes = 256;
-    bool abSeen[2][uiCodes] = {};
+    const SZorMode* apoFirst[2][uiCodes] = {};
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const SZorMode& oMode = oEntry.m_oMode;
         if (oMode.m_eKind != SZorMode::eModeKind_Vic || !IsVideoDescriptor(oEntry) || oMode.m_uiCode >= uiCodes)
         {
             return;
         }
-        bool& bSeen = abSeen[oMode.m_eY420 == SZorMode::eY420_Only ? 1 : 0][oMode.m_uiCode];
-        if (bSeen)
+        const bool bOnly420 = oMode.m_eY420 == SZorMode::eY420_Only;
+        const SZorMode*& poFirst = apoFirst[bOnly420 ? 1 : 0][oMode.m_uiCode];
+        if (poFirst == nullptr)
         {
-            oFindings.Add(oFindings.FindGroup(oEntry.m_uiOffset), eZorEdidRule_CodeTwice)
-                .m_sFound.Format("VIC %u", oMode.m_uiCode);
+            poFirst = &oMode;
+            return;
         }
-        bSeen = true;
+        const bool bNativeDiffers = oMode.m_bNative != poFirst->m_bNative;
+        oFindings
+            .Add(oFindings.FindGroup(oEntry.m_uiOffset),
+                 bNativeDiffers ? eZorEdidRule_CodeNativeAndNot : eZorEdidRule_CodeTwice)
+            .m_sFound.Format(bOnly420 ? "VIC %u of YCbCr 4:2:0" : "VIC %u", oMode.m_uiCode);
     });
+}
+
+// Pixels that are sent more than once count once in a code, and each in a detailed timing.
+bool IsSameSize(const SZorMode& oOne, const SZorMode& oOther)
+{
+    return (oOne.m_uiWidth == oOther.m_uiWidth && oOne.m_uiHeight == oOther.m_uiHeight) ||
+           (oOne.m_bTiming && oOther.m_bTiming && oOne.m_oHorizontal.m_uiActive == oOther.m_oHorizontal.m_uiActive &&
+            oOne.m_oVertical.m_uiActive == oOther.m_oVertical.m_uiActive);
 }
 
 // Formats of several sizes cannot all be native.
@@ -173,8 +212,7 @@ void CheckNative(CFindings& oFindings)
         if (oEntry.m_oMode.m_bNative && !oEntry.m_oMode.m_bInterlaced)
         {
             poFirst = poFirst == nullptr ? &oEntry : poFirst;
-            if (!bMixed && (oEntry.m_oMode.m_uiWidth != poFirst->m_oMode.m_uiWidth ||
-                            oEntry.m_oMode.m_uiHeight != poFirst->m_oMode.m_uiHeight))
+            if (!bMixed && !IsSameSize(oEntry.m_oMode, poFirst->m_oMode))
             {
                 bMixed = true;
                 oFindings.Add(oFindings.FindGroup(oEntry.m_uiOffset), eZorEdidRule_NativeMixed).m_sFound =
@@ -187,25 +225,23 @@ void CheckNative(CFindings& oFindings)
 // HDMI's own codes 1 to 4 have codes of CTA-861 since, which sources of today look for.
 void CheckHdmiCodes(CFindings& oFindings)
 {
-    constexpr unsigned int auiCounterparts[] = { 95, 94, 93, 98 };
-    bool abHas[std::size(auiCounterparts)] = {};
+    bool abHas[std::size(gsc_aoHdmiCodes)] = {};
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
-        const auto* puiCode = std::ranges::find(auiCounterparts, oEntry.m_oMode.m_uiCode);
-        if (IsVideoDescriptor(oEntry) && puiCode != std::end(auiCounterparts))
+        const auto* poCode = std::ranges::find(gsc_aoHdmiCodes, oEntry.m_oMode.m_uiCode, &SHdmiCode::m_ui8VideoCode);
+        if (IsVideoDescriptor(oEntry) && poCode != std::end(gsc_aoHdmiCodes))
         {
-            abHas[puiCode - auiCounterparts] = true;
+            abHas[poCode - gsc_aoHdmiCodes] = true;
         }
     });
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const unsigned int uiCode = oEntry.m_oMode.m_uiCode;
-        const bool bCode =
-            oEntry.m_eField == eZorEdidField_CtaHdmiVic && uiCode != 0 && uiCode <= std::size(auiCounterparts);
-        if (bCode && !abHas[uiCode - 1])
+        const SHdmiCode* poCode = oEntry.m_eField == eZorEdidField_CtaHdmiVic ? FindHdmiCode(uiCode) : nullptr;
+        if (poCode != nullptr && !abHas[poCode - gsc_aoHdmiCodes])
         {
             SZorFinding& oFinding =
                 oFindings.Add(oFindings.GetMap().FindLeaf(oEntry.m_uiOffset, 0), eZorEdidRule_HdmiCodeAlone);
             oFinding.m_sFound.Format("HDMI VIC %u", uiCode);
-            oFinding.m_sExpected.Format("VIC %u as well", auiCounterparts[uiCode - 1]);
+            oFinding.m_sExpected.Format("VIC %u as well", 0U + poCode->m_ui8VideoCode);
         }
     });
 }

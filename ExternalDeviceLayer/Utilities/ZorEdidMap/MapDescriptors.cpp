@@ -637,18 +637,15 @@ EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLim
 {
     const unsigned long long ullClock = oTiming.Get(gsc_oPixelClock); // 10 kHz
     const unsigned long long ullWidth = GetTotalWidth(oTiming);
-    const unsigned long long ullMostClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
-    if (ullMostClock != 0 && ullClock * gsc_uiKiloHzPerClockUnit > ullMostClock)
+    if (IsPixelClockBeyond(oLimits, ullClock * gsc_uiKiloHzPerClockUnit))
     {
         return eZorEdidRule_RangePixelClock;
     }
-    if (IsRateBeyond(ullClock * gsc_uiKiloHzPerClockUnit, ullWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
-                     oLimits.m_uiMaxHorizontalRateInKiloHz))
+    if (IsLineRateBeyond(oLimits, ullClock * gsc_uiKiloHzPerClockUnit, GetTotalWidth(oTiming)))
     {
         return eZorEdidRule_RangeLineRate;
     }
-    return IsRateBeyond(ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming),
-                        oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz)
+    return IsFieldRateBeyond(oLimits, ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming))
                ? eZorEdidRule_RangeFieldRate
                : eZorEdidRule_None;
 }

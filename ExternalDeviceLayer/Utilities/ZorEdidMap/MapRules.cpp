@@ -471,6 +471,10 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_HdmiCodeAlone, CMap::eSeverity_Warning, "hdmi.vic-alone",
       "an HDMI code without its counterpart of CTA-861", "HDMI 2.0, 10.1",
       "Sources of today look for the codes of CTA-861 and miss the mode." },
+    { eZorEdidRule_CodeNativeAndNot, CMap::eSeverity_Warning, "cta.video.native-and-not",
+      "the same video code once native and once not", "CTA-861-H, 7.5.1",
+      "Whether sources take the format for native depends on which of the two they go by, and the places of 4:2:0 and "
+      "3D maps count each." },
 
     // ---- CTA-861 blocks among each other ----
     { eZorEdidRule_UnderscanContradicts, CMap::eSeverity_Warning, "cta.underscan",

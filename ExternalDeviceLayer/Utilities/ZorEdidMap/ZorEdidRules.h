@@ -201,6 +201,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_CodeTwice = 533,
     eZorEdidRule_NativeMixed = 534,
     eZorEdidRule_HdmiCodeAlone = 535,
+    eZorEdidRule_CodeNativeAndNot = 536,
 
     // ---- CTA-861 blocks among each other ----
     eZorEdidRule_UnderscanContradicts = 560,

@@ -60,12 +60,27 @@ std::multiset<EZorEdidRule> ListRules(const CBytes& aui8Image)
     return oRules;
 }
 
+CZorEdidMap::ESeverity FindSeverity(const CBytes& aui8Image, EZorEdidRule eRule)
+{
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    CZorEdidCheck oCheck;
+    oCheck.Read(oMap, gsc_uiThisYear);
+    unsigned int i = 0;
+    while (i < oCheck.GetCount() && oCheck.Get(i).m_eRule != eRule)
+    {
+        ++i;
+    }
+    return i < oCheck.GetCount() ? oCheck.Get(i).m_eSeverity : CZorEdidMap::eSeverity_Error;
+}
+
 constexpr char gsc_szLimits[] = "00*3 FD 00 32 4B 1E 53 11 00 0A 20*6"; // 50 to 75 Hz, 30 to 83 kHz, to 170 MHz
 constexpr char gsc_szHdmi[] = "42 10 01 67 03 0C 00 10 00 00 21";       // to 165 MHz
 constexpr char gsc_szHdmiFast[] = "42 3F 01 67 03 0C 00 10 00 00 21";   // VIC 63 has 297 MHz
 constexpr char gsc_szHdmiVic[] = "42 10 01 6B 03 0C 00 10 00 00 21 20 00 20 01";
 constexpr char gsc_szHdmiVicToo[] = "43 5F 10 01 6B 03 0C 00 10 00 00 78 20 00 20 01";
-constexpr char gsc_szUhd[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 60"; // FRL at 12 Gbit/s
+constexpr char gsc_szUhd[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 60";     // FRL at 12 Gbit/s
+constexpr char gsc_szUhdTmds[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 00"; // HDMI 2.0: to 600 MHz
 constexpr char gsc_szUhdVic[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 68";
 
 TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
@@ -83,7 +98,8 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
           With(MakeImage("42 1F 01"), 0x48, gsc_szLimits) }, // 24 and 50 Hz
         { eZorEdidRule_ModeBeyondTmds, MakeImage(gsc_szHdmiFast), MakeImage(gsc_szHdmi) },
         { eZorEdidRule_VgaMissing, MakeImage("41 10"), With(MakeImage("41 10"), 0x23, "20") },
-        { eZorEdidRule_CodeTwice, MakeImage("43 10 90 01"), MakeImage("43 10 01 1F E2 0E 10") },
+        { eZorEdidRule_CodeTwice, MakeImage("43 10 01 10"), MakeImage("43 10 01 1F E2 0E 10") },
+        { eZorEdidRule_CodeNativeAndNot, MakeImage("43 10 90 01"), MakeImage("43 90 01 90") },
         { eZorEdidRule_NativeMixed, MakeImage("43 90 84 01"), MakeImage("43 90 9F 01") },
         { eZorEdidRule_HdmiCodeAlone, MakeImage(gsc_szHdmiVic), MakeImage(gsc_szHdmiVicToo) },
         { eZorEdidRule_UnderscanContradicts, MakeImage("41 01 E2 00 04", 0x80), MakeImage("41 01 E2 00 0C", 0x80) },
@@ -106,6 +122,65 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
     {
         const EZorEdidRule eRule = GetZorEdidRule(i).m_eRule;
         EXPECT_EQ(eRule >= 500 && eRule < 900, oTried.contains(eRule)) << GetZorEdidRule(i).m_pszId;
+    }
+}
+
+constexpr char gsc_szVgaTiming[] = "D5 09 80 A0 20 E0 2D 10 10 60 A2 00 00*6";    // 25.17 MHz, 59.94 Hz
+constexpr char gsc_szUhdTiming[] = "08 E8 00 30 F2 70 5A 80 B0 58 8A 00 00*5 1E"; // VIC 97, 594 MHz
+
+// What looks like a fault and is none.
+TEST(CheckRules, NoFalseAlarms)
+{
+    const CBytes aui8Vga = With(MakeImage("41 10"), 0x48, gsc_szVgaTiming);
+    EXPECT_EQ(0U, ListRules(aui8Vga).count(eZorEdidRule_VgaMissing));
+    // A rate of 0 in the data block of the HDMI Forum is no FRL.
+    EXPECT_EQ(CZorEdidMap::eSeverity_Note, FindSeverity(MakeImage(gsc_szUhdTmds), eZorEdidRule_UhdVicMissing));
+    EXPECT_EQ(CZorEdidMap::eSeverity_Warning, FindSeverity(MakeImage(gsc_szUhd), eZorEdidRule_UhdVicMissing));
+    const char* const pszSlow20 = "42 61 01 67 03 0C 00 10 00 00 44 67 D8 5D C4 01 00 00 00"; // to 340 MHz
+    EXPECT_EQ(1U, ListRules(MakeImage(pszSlow20)).count(eZorEdidRule_ModeBeyondTmds));
+    // Half the clock is enough for a code that a 4:2:0 map marks, and for the same timing in another field.
+    const char* const pszMarked = "42 61 01 67 03 0C 00 10 00 00 3C E2 0F 01";
+    const char* const pszNotMarked = "42 61 01 67 03 0C 00 10 00 00 3C E2 0F 02";
+    for (const char* pszTiming : { "", gsc_szUhdTiming })
+    {
+        EXPECT_EQ(0U, ListRules(With(MakeImage(pszMarked), 0x48, pszTiming)).count(eZorEdidRule_ModeBeyondTmds));
+        EXPECT_EQ(1U, ListRules(With(MakeImage(pszNotMarked), 0x48, pszTiming)).count(eZorEdidRule_ModeBeyondTmds));
+    }
+    // Codes twice in the list of 4:2:0, and in different lists.
+    EXPECT_EQ(1U, ListRules(MakeImage("41 01 E3 0E 61 61")).count(eZorEdidRule_CodeTwice));
+    const std::multiset<EZorEdidRule> oBoth = ListRules(MakeImage("42 01 61 E2 0E 61"));
+    EXPECT_EQ(0U, oBoth.count(eZorEdidRule_CodeTwice) + oBoth.count(eZorEdidRule_CodeNativeAndNot));
+    EXPECT_EQ(1U, oBoth.count(eZorEdidRule_Cta420Twice));
+    // 1440 pixels are sent of 720: a native code and a native timing may be the same mode.
+    const CBytes aui8Sent = With(MakeImage("42 88 01"), 0x36, "8F 0A A0 14 51 F0 16 00 26 7C 43 00 00*5 18");
+    EXPECT_EQ(0U, ListRules(With(aui8Sent, 0x18, "0A")).count(eZorEdidRule_NativeMixed));
+}
+
+// The largest value of the bytes is no limit; one below it is.
+TEST(CheckRules, LargestLimitsAreOpen)
+{
+    constexpr unsigned int uiRevision = 0x13;
+    const char* const pszFast = "DC FF 00 80 50 00 05 30 08 20 08 00 00*6"; // 655 MHz, 465 kHz, 601 Hz
+    const struct
+    {
+        const char* m_pszLimits;
+        const char* m_pszRevision;
+        bool m_bBeyond;
+    } aoCases[] = {
+        { "00*3 FD 0A 01 FF 01 FF FF 01 0A 20*6", "04", false }, // to 510 Hz, 510 kHz, 2550 MHz
+        { "00*3 FD 08 01 FF 01 FF FF 01 0A 20*6", "04", true },  // 255 Hz
+        { "00*3 FD 00 01 FF 01 FF FF 00 0A 20*6", "03", false },
+        { "00*3 FD 00 01 FE 01 FF FF 00 0A 20*6", "03", true },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_pszLimits);
+        const CBytes aui8Image = With(
+            With(With(MakeImage("41 01"), uiRevision, oCase.m_pszRevision), 0x48, oCase.m_pszLimits), 0x36, pszFast);
+        const std::multiset<EZorEdidRule> oRules = ListRules(aui8Image);
+        EXPECT_EQ(oCase.m_bBeyond ? 1U : 0U, oRules.count(eZorEdidRule_RangeFieldRate) +
+                                                 oRules.count(eZorEdidRule_RangeLineRate) +
+                                                 oRules.count(eZorEdidRule_RangePixelClock));
     }
 }
 

@@ -57,13 +57,9 @@ std::string GetLimitsText(const SLimits& oLimits)
     return uiClock == 0 ? sRates : sRates + FormatText(", %g MHz", uiClock / dKiloHzPerMegaHz);
 }
 
-// Makes limits hold a rate of ullPart / ullWhole in their unit.
+// Makes limits hold a rate of ullPart / ullWhole in their unit, which is beyond them.
 void Widen(unsigned int& uiLeast, unsigned int& uiMost, unsigned long long ullPart, unsigned long long ullWhole)
 {
-    if (!IsRateBeyond(ullPart, ullWhole, uiLeast, uiMost))
-    {
-        return;
-    }
     const bool bBelow = ullPart < uiLeast * ullWhole;
     uiLeast = bBelow ? static_cast<unsigned int>(ullPart / ullWhole) : uiLeast;
     uiMost = bBelow ? uiMost : static_cast<unsigned int>((ullPart + ullWhole - 1) / ullWhole);
@@ -73,12 +69,18 @@ SLimits WidenLimits(const SLimits& oLimits, const SZorMode& oMode)
 {
     constexpr unsigned int uiHzPerKiloHz = 1000;
     SLimits oWide = oLimits;
-    Widen(oWide.m_uiMinVerticalRateInHz, oWide.m_uiMaxVerticalRateInHz, oMode.m_oRate.m_ullDividend,
-          oMode.m_oRate.m_ullDivisor);
-    Widen(oWide.m_uiMinHorizontalRateInKiloHz, oWide.m_uiMaxHorizontalRateInKiloHz, oMode.m_ullClock,
-          1ULL * oMode.m_oHorizontal.m_uiTotal * uiHzPerKiloHz);
+    if (IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor))
+    {
+        Widen(oWide.m_uiMinVerticalRateInHz, oWide.m_uiMaxVerticalRateInHz, oMode.m_oRate.m_ullDividend,
+              oMode.m_oRate.m_ullDivisor);
+    }
     const unsigned int uiClock = static_cast<unsigned int>(oMode.m_ullClock / uiHzPerKiloHz);
-    if (oLimits.m_uiPreciseMaxPixelClockInKiloHz != 0 && uiClock > oLimits.m_uiPreciseMaxPixelClockInKiloHz)
+    if (IsLineRateBeyond(oLimits, uiClock, oMode.m_oHorizontal.m_uiTotal))
+    {
+        Widen(oWide.m_uiMinHorizontalRateInKiloHz, oWide.m_uiMaxHorizontalRateInKiloHz, uiClock,
+              oMode.m_oHorizontal.m_uiTotal);
+    }
+    if (IsPixelClockBeyond(oLimits, uiClock))
     {
         oWide.m_uiMaxPixelClockInKiloHz =
             (uiClock + gsc_uiKiloHzPer10MegaHz - 1) / gsc_uiKiloHzPer10MegaHz * gsc_uiKiloHzPer10MegaHz;

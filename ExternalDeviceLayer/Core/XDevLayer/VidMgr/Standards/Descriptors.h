@@ -101,6 +101,7 @@ constexpr unsigned int gsc_uiCvtFormula = 4; // of gsc_oFormula, from revision 4
 constexpr unsigned int gsc_uiRateOffset = 255;
 constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
 constexpr unsigned int gsc_uiKiloHzPerPrecision = 250;
+constexpr unsigned int gsc_uiHighestClockInKiloHz = 255 * gsc_uiKiloHzPer10MegaHz;
 
 // Values of the offsets; 1 is reserved, and reads as no offset.
 constexpr bool IsMaximumOffset(unsigned int uiOffsets) { return uiOffsets >= 2; }
@@ -130,17 +131,45 @@ struct SRangeLimits
     unsigned int m_uiMaxHorizontalRateInKiloHz;
     unsigned int m_uiMaxPixelClockInKiloHz;        // a multiple of 10 MHz
     unsigned int m_uiPreciseMaxPixelClockInKiloHz; // less what CVT limits take off
+    unsigned int m_uiHighestRate;                  // that the bytes can hold, vertically and horizontally
 
     constexpr bool operator==(const SRangeLimits&) const = default;
 };
 
 // Whether a rate, ullPart / ullWhole in the unit of its limits, is beyond them by that unit or more: makers round
-// limits up, down, and to the nearest. uiMost 0: no limit.
+// limits up, down, and to the nearest. uiMost 0: no limit. ullWhole 0: no rate. Quotients, as products of 64-bit rates
+// could wrap.
 constexpr bool IsRateBeyond(unsigned long long ullPart, unsigned long long ullWhole, unsigned int uiLeast,
                             unsigned int uiMost)
 {
-    return ullPart + ullWhole <= 1ULL * uiLeast * ullWhole ||
-           (uiMost != 0 && ullPart >= (1ULL * uiMost + 1) * ullWhole);
+    if (ullWhole == 0)
+    {
+        return false;
+    }
+    const unsigned long long ullRate = ullPart / ullWhole;
+    const unsigned long long ullRoundedUp = ullRate + (ullPart % ullWhole != 0 ? 1 : 0);
+    return ullRoundedUp < uiLeast || (uiMost != 0 && ullRate > uiMost);
+}
+
+// Whether a timing is beyond limits: its clock, line and field rate. The largest value of the bytes means that or
+// more, as there is none above it.
+constexpr bool IsPixelClockBeyond(const SRangeLimits& oLimits, unsigned long long ullClockInKiloHz)
+{
+    const unsigned int uiMost = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
+    return uiMost != 0 && uiMost != gsc_uiHighestClockInKiloHz && ullClockInKiloHz > uiMost;
+}
+constexpr bool IsLineRateBeyond(const SRangeLimits& oLimits, unsigned long long ullClockInKiloHz,
+                                unsigned int uiTotalWidth)
+{
+    const unsigned int uiMost = oLimits.m_uiMaxHorizontalRateInKiloHz;
+    return IsRateBeyond(ullClockInKiloHz, uiTotalWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
+                        uiMost == oLimits.m_uiHighestRate ? 0 : uiMost);
+}
+constexpr bool IsFieldRateBeyond(const SRangeLimits& oLimits, unsigned long long ullPart, unsigned long long ullWhole)
+{
+    const unsigned int uiMost = oLimits.m_uiMaxVerticalRateInHz;
+    return IsRateBeyond(ullPart, ullWhole, oLimits.m_uiMinVerticalRateInHz,
+                        uiMost == oLimits.m_uiHighestRate ? 0 : uiMost);
 }
 
 // The limits with their offsets. uiRevision: of the base block; before 4 byte 4 is reserved.
@@ -160,6 +189,7 @@ constexpr SRangeLimits ReadRangeLimits(const unsigned char* pui8Descriptor, unsi
              fnRate(gsc_oMinHorizontalRate, IsMinimumOffset(uiHorizontal)),
              fnRate(gsc_oMaxHorizontalRate, IsMaximumOffset(uiHorizontal)),
              uiClock,
-             uiClock - (bPrecise ? gsc_oClockPrecision.Read(pui8Descriptor) * gsc_uiKiloHzPerPrecision : 0) };
+             uiClock - (bPrecise ? gsc_oClockPrecision.Read(pui8Descriptor) * gsc_uiKiloHzPerPrecision : 0),
+             bOffsets ? 2 * gsc_uiRateOffset : gsc_uiRateOffset };
 }
 } // namespace ZorStandards::Descriptors

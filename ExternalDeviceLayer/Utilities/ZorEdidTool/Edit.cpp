@@ -6,13 +6,11 @@
 
 #include "CommandLine.h"
 #include "EditImage.h"
+#include "EditOutput.h"
 #include "EditPlan.h"
 #include "EditVerify.h"
-#include "ImageDiff.h"
 #include "LoadedImage.h"
 #include "ManyFiles.h"
-#include "Output.h"
-#include "OutputForms.h"
 #include "Tool.h"
 #include "UnreadBlocks.h"
 
@@ -21,10 +19,7 @@ namespace
 struct SEditCommand
 {
     std::string m_sFile;
-    std::string m_sOutput;
-    bool m_bForce = false;
-    bool m_bDiff = false;
-    bool m_bDryRun = false;
+    SEditOutput m_oOutput;
     bool m_bAsListed = false;
 };
 
@@ -121,33 +116,7 @@ std::string CheckCommand(const SEditCommand& oArguments, const std::vector<SEdit
     {
         return "no edit is given";
     }
-    if (oArguments.m_sOutput.empty() && !oArguments.m_bDryRun)
-    {
-        return "-o OUT is needed, or --dry-run";
-    }
-    return oArguments.m_bDiff && !oArguments.m_bDryRun && IsStandardOutput(oArguments.m_sOutput)
-               ? "-o " + oArguments.m_sOutput + " and --diff both write to standard output"
-               : "";
-}
-
-SWritten Write(const SEditCommand& oArguments, const CBytes& aui8Edited)
-{
-    if (!oArguments.m_bDryRun)
-    {
-        return WriteImage(oArguments.m_sOutput, aui8Edited, oArguments.m_bForce);
-    }
-    SWritten oWritten;
-    const SOutputForm* const poForm = FindOutputForm(oArguments.m_sOutput, oWritten.m_sProblem);
-    return poForm == nullptr ? oWritten : CheckOutput(oArguments.m_sOutput, oArguments.m_bForce, poForm->m_bText);
-}
-
-// What the edits have changed, by meaning.
-std::string DescribeEdited(const CBytes& aui8Read, const CBytes& aui8Edited)
-{
-    const SComparedImage oRead(aui8Read);
-    const SComparedImage oEdited(aui8Edited);
-    return DescribeDiff(CImageDiff(oRead, oEdited, { .m_bAll = true }),
-                        { { "removed", "added" }, { "preferred before", "preferred after" } });
+    return CheckEditOutput(oArguments.m_oOutput);
 }
 
 void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
@@ -172,11 +141,7 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
         oTool.Note(oEdited.m_eExit);
         return;
     }
-    if (!oArguments.m_sOutput.empty())
-    {
-        ReportWritten(oArguments.m_sOutput, Write(oArguments, oEdited.m_aui8Bytes), oTool);
-    }
-    if (oTool.m_eExit != eExit_Good)
+    if (!WriteEdited(oArguments.m_oOutput, oEdited.m_aui8Bytes, oTool))
     {
         return;
     }
@@ -184,7 +149,7 @@ void Run(const COptions& oCommand, const SEditCommand& oArguments, STool& oTool)
     {
         fputs(MakeErrorLine(oArguments.m_sFile, sNote).c_str(), stderr);
     }
-    if (oArguments.m_bDiff)
+    if (oArguments.m_oOutput.m_bDiff)
     {
         PrintResult(DescribeEdited(oInput.m_aui8Bytes, oEdited.m_aui8Bytes));
     }
@@ -195,14 +160,7 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
 {
     const auto poArguments = std::make_shared<SEditCommand>();
     oCommand.Word("FILE", poArguments->m_sFile, gsc_szFileHelp).Required();
-    oCommand
-        .Word("-o,--output", poArguments->m_sOutput,
-              "The edited image, raw or as its ending says (.hex, .c ...); - is standard output")
-        .Placeholder("OUT");
-    oCommand.Flag("--force", poArguments->m_bForce, "Replace OUT if it exists");
-    oCommand.Flag("--diff", poArguments->m_bDiff, "Print what has changed, by meaning; compare --bytes has the bytes");
-    oCommand.Flag("--dry-run", poArguments->m_bDryRun,
-                  "Do everything but write, and report what would prevent writing");
+    DeclareEditOutput(oCommand, "The edited image", poArguments->m_oOutput);
     oCommand.Flag("--as-listed", poArguments->m_bAsListed,
                   "Let --remove-standard take bytes that the list has as another video code than they mean");
     for (size_t i = 0; i < GetEditOptions().size(); ++i)

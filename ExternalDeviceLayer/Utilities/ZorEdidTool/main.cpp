@@ -30,6 +30,7 @@ constexpr SSubcommand gsc_aoSubcommands[] = {
     { "explain", "Say what each byte of an image means", DeclareExplainOptions },
     { "page", "Write a page for a browser: bytes, fields, timings, colours", DeclarePageOptions },
     { "edit", "Edit an image: timings, preferred mode, serial number, audio, speakers, colours", DeclareEditOptions },
+    { "build", "Make an image of the JSON of explain, with what was changed in it", DeclareBuildOptions },
     { "timing", "Compute or look up the timing of a mode", DeclareTimingOptions },
     { "list", "List the connectors of this machine and their monitors", DeclareListOptions },
     { "convert", "Write an image in another form", DeclareConvertOptions },
@@ -63,7 +64,7 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
     oProgram.Footer("'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"
                     "Exit status:\n"
                     "  0  good\n"
-                    "  1  compare: different. check: errors or warnings, or what --fail-on says. edit: refused. "
+                    "  1  compare: different. check: errors or warnings, or what --fail-on says. edit, build: refused. "
                     "timing: no such timing. "
                     "explain: no such byte, block or text.\n"
                     "  2  the command line is wrong\n"

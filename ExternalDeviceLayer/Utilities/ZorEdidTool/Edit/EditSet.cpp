@@ -109,13 +109,6 @@ std::string FindByPlace(const CZorEdidMap& oMap, const SSetting& oSetting, unsig
     return auiLeaves.size() == 1 ? "" : "the byte has several fields; a bit from 7 to 0 after a point says which";
 }
 
-// "block 1: Video data block > Native"
-std::string NameField(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    return "block " + std::to_string(oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize) + ": " +
-           GetPath(oMap, uiField);
-}
-
 std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdidMap& oMap)
 {
     std::string sText = std::string(oAnswer.m_oBefore) + " became " + static_cast<const char*>(oAnswer.m_oAfter);
@@ -132,6 +125,12 @@ std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdi
     return sText;
 }
 } // namespace
+
+std::string NameField(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    return "block " + std::to_string(oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize) + ": " +
+           GetPath(oMap, uiField);
+}
 
 std::string ParseSetting(const std::string& sText, SSetting& oSetting)
 {
@@ -157,6 +156,20 @@ std::string ParseSetting(const std::string& sText, SSetting& oSetting)
                : "unknown id '" + sField + "'" + AskForNearWord(sField, ListIds()) + ", all by zoredid explain --ids";
 }
 
+std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote)
+{
+    const std::string sField = NameField(oWriter.GetMap(), uiField);
+    CZorEdidWriter::SAnswer oAnswer;
+    if (oWriter.Set(uiField, sValue.c_str(), oAnswer) == 0)
+    {
+        return sField + ": " + static_cast<const char*>(oAnswer.m_oReason);
+    }
+    const bool bSame = oAnswer.m_oBefore == oAnswer.m_oAfter && oAnswer.m_auiFollowed.GetCount() == 0;
+    sNote = sField + ": " +
+            (bSame ? "is " + std::string(oAnswer.m_oAfter) + " already" : DescribeAnswer(oAnswer, oWriter.GetMap()));
+    return "";
+}
+
 std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std::string& sNote)
 {
     const bool bId = oSetting.m_eId != eZorEdidField_None;
@@ -167,14 +180,5 @@ std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std:
     {
         return sProblem;
     }
-    const std::string sField = NameField(oWriter.GetMap(), uiField);
-    CZorEdidWriter::SAnswer oAnswer;
-    if (oWriter.Set(uiField, oSetting.m_sValue.c_str(), oAnswer) == 0)
-    {
-        return sField + ": " + static_cast<const char*>(oAnswer.m_oReason);
-    }
-    const bool bSame = oAnswer.m_oBefore == oAnswer.m_oAfter && oAnswer.m_auiFollowed.GetCount() == 0;
-    sNote = sField + ": " +
-            (bSame ? "is " + std::string(oAnswer.m_oAfter) + " already" : DescribeAnswer(oAnswer, oWriter.GetMap()));
-    return "";
+    return SetField(oWriter, uiField, oSetting.m_sValue, sNote);
 }

@@ -20,6 +20,12 @@ struct SSetting
 // Empty, or what is wrong with the text.
 std::string ParseSetting(const std::string& sText, SSetting& oSetting);
 
-// Empty, or the reason of a refusal, which changes nothing. sNote says what the value was, what it became, and which
-// checksums followed.
+// "block 1: Video data block > Native"
+std::string NameField(const CZorEdidMap& oMap, unsigned int uiField);
+
+// Sets a leaf to a value as CZorEdidWriter::Set takes it. Empty, or the reason of a refusal, which changes nothing.
+// sNote says what the value was, what it became, and which checksums followed. Both begin with the field.
+std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote);
+
+// The same for the field that a setting means.
 std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std::string& sNote);

@@ -70,6 +70,7 @@ void DeclareCheckOptions(COptions& oCommand, STool& oTool);
 void DeclareExplainOptions(COptions& oCommand, STool& oTool);
 void DeclarePageOptions(COptions& oCommand, STool& oTool);
 void DeclareEditOptions(COptions& oCommand, STool& oTool);
+void DeclareBuildOptions(COptions& oCommand, STool& oTool);
 void DeclareTimingOptions(COptions& oCommand, STool& oTool);
 void DeclareListOptions(COptions& oCommand, STool& oTool);
 void DeclareConvertOptions(COptions& oCommand, STool& oTool);

@@ -18,7 +18,6 @@ using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr unsigned int gsc_uiFormatVersion = 2;   // rises when a member goes or changes its meaning
 constexpr unsigned int gsc_uiModelYearWeek = 255; // in the place of a week: the year is a model year
 constexpr unsigned int gsc_uiHzPerKiloHz = 1000;
 constexpr unsigned int gsc_uiTextSize = 14; // 13 characters and a terminator

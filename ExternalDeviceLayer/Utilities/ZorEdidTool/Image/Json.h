@@ -9,6 +9,8 @@
 #include "JsonWriter.h"
 #include "LoadedImage.h"
 
+inline constexpr unsigned int gsc_uiFormatVersion = 2; // "version"
+
 // Opens the object of a document with the members that each begins with: "format" and "version".
 void BeginDocument(CJsonWriter& oJson);
 

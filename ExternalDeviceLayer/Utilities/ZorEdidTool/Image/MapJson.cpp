@@ -2,6 +2,8 @@
 
 #include "MapJson.h"
 
+#include <algorithm>
+
 #include "Json.h"
 #include "JsonWriter.h"
 #include "MapText.h"
@@ -26,23 +28,15 @@ void WriteNumber(const CZorEdidMap::SField& oField, CJsonWriter& oJson)
 void WriteValue(const CZorEdidMap& oMap, unsigned int uiField, CJsonWriter& oJson)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    switch (oField.m_eKind)
+    switch (GetValueForm(oField))
     {
-    case CZorEdidMap::eKind_Number:
-        if (oField.m_bNumber)
-        {
-            WriteNumber(oField, oJson);
-        }
-        break;
-    case CZorEdidMap::eKind_Flag:
-    case CZorEdidMap::eKind_Name:
-    case CZorEdidMap::eKind_Checksum:
+    case eValue_Number:
         WriteNumber(oField, oJson);
         break;
-    case CZorEdidMap::eKind_Text:
+    case eValue_Text:
         oJson.Member("value", static_cast<const char*>(oMap.GetValue(uiField)));
         break;
-    default:
+    case eValue_None:
         break;
     }
     if (oField.m_pszUnit != nullptr)
@@ -143,7 +137,15 @@ std::string MakeExplanation(const SInput& oInput, const CZorEdidMap& oMap, const
     BeginDocument(oJson);
     WriteSource(oInput, oJson);
     oJson.Member("form", oInput.m_sForm);
+    if (!oInput.m_auiOffsets.empty())
+    {
+        oJson.Member("offsets", oInput.m_auiOffsets);
+    }
     oJson.Member("size", oMap.GetSize());
+    if (std::ranges::find(abShown, false) == abShown.end()) // a part is not built from
+    {
+        oJson.Member("bytes", FormatHex(oMap.GetData(), oMap.GetSize()));
+    }
     oJson.BeginArray("fields");
     std::vector<bool> abOpen; // the chain down to the last field: whether each is a group
     const auto fnClose = [&](size_t uiDepth) {

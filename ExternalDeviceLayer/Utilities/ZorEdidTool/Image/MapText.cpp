@@ -148,11 +148,19 @@ std::string GetPathOfByte(const CZorEdidMap& oMap, unsigned int uiOffset)
 std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    std::vector<SFieldByte> aoBytes;
-    aoBytes.reserve(oField.m_uiPieces != 0 ? oField.m_uiLength : 0);
+    std::vector<CZorEdidMap::SPiece> aoPieces;
     for (unsigned int i = 0; i < oField.m_uiPieces; ++i)
     {
-        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        aoPieces.push_back(oMap.GetPiece(oField.m_uiFirstPiece + i));
+    }
+    return GetPieceBytes(aoPieces);
+}
+
+std::vector<SFieldByte> GetPieceBytes(std::span<const CZorEdidMap::SPiece> aoPieces)
+{
+    std::vector<SFieldByte> aoBytes;
+    for (const CZorEdidMap::SPiece& oPiece : aoPieces)
+    {
         for (unsigned int j = 0; j < oPiece.m_uiLength; ++j)
         {
             aoBytes.push_back({ oPiece.m_uiOffset + j, oPiece.m_ui8Mask });
@@ -277,6 +285,23 @@ std::string GetTimingNumber(const CZorEdidMap::SField& oField)
         sText += ", " + std::to_string(oField.m_uiTiming + i);
     }
     return sText;
+}
+
+EValueForm GetValueForm(const CZorEdidMap::SField& oField)
+{
+    switch (oField.m_eKind)
+    {
+    case CZorEdidMap::eKind_Number:
+        return oField.m_bNumber ? eValue_Number : eValue_None;
+    case CZorEdidMap::eKind_Flag:
+    case CZorEdidMap::eKind_Name:
+    case CZorEdidMap::eKind_Checksum:
+        return eValue_Number;
+    case CZorEdidMap::eKind_Text:
+        return eValue_Text;
+    default:
+        return eValue_None;
+    }
 }
 
 double GetFieldNumber(const CZorEdidMap::SField& oField)

@@ -19,6 +19,15 @@ std::string GetFieldName(const CZorEdidMap::SField& oField);
 // The value, or the summary of a group; empty where the bytes themselves say all.
 std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField);
 
+// What of a field a program takes for its value, beside the text.
+enum EValueForm
+{
+    eValue_None,   // the text, or the bytes, say all
+    eValue_Number, // GetFieldNumber
+    eValue_Text    // CZorEdidMap::GetValue
+};
+EValueForm GetValueForm(const CZorEdidMap::SField& oField);
+
 // A number with its decimals as the nearest double.
 double GetFieldNumber(const CZorEdidMap::SField& oField);
 
@@ -41,6 +50,7 @@ struct SFieldByte
     unsigned int m_uiMask;   // the bits that are the field's
 };
 std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiField);
+std::vector<SFieldByte> GetPieceBytes(std::span<const CZorEdidMap::SPiece> aoPieces);
 
 // At least two hexadecimal digits.
 std::string GetOffsetText(unsigned int uiOffset);

@@ -22,7 +22,10 @@ struct SInput
     std::string m_sMonitor = {};            // of several in a text, the connector that the text gives it
     unsigned int m_uiImage = 0;             // of several one after the other in its bytes, its number from 1
     unsigned int m_uiOffset = 0;            // of the image in the bytes of its input
-    std::string m_sImages = {};             // what there is of these, one line; of the first of all that are read
+    // Of all images one after the other in these bytes, each place with the bytes of this one. Empty where that is the
+    // only image, or the only one that was wanted.
+    std::vector<unsigned int> m_auiOffsets = {};
+    std::string m_sImages = {}; // what there is of these, one line; of the first of all that are read
 
     bool IsRaw() const { return m_sForm.starts_with(gsc_szRawForm); }
     bool IsGood() const { return m_sProblem.empty(); }

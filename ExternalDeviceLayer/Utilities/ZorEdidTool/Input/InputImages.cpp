@@ -135,9 +135,17 @@ CInputs MakeInputs(const SInput& oInput, const std::vector<SImage>& aoImages)
     CInputs aoInputs;
     for (size_t i = 0; i < aoImages.size(); ++i)
     {
-        if (!aoImages[i].IsRepeated(i))
+        if (aoImages[i].IsRepeated(i))
         {
-            aoInputs.push_back(MakeInput(oInput, aoImages, i));
+            continue;
+        }
+        SInput& oMade = aoInputs.emplace_back(MakeInput(oInput, aoImages, i));
+        for (const SImage& oImage : aoImages)
+        {
+            if (oImage.m_uiOriginal == i)
+            {
+                oMade.m_auiOffsets.push_back(static_cast<unsigned int>(oImage.m_uiBlock) * gsc_uiBlockSize);
+            }
         }
     }
     aoInputs.front().m_sImages = Describe(aoImages);

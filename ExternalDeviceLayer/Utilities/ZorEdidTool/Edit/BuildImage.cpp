@@ -1,0 +1,210 @@
+// Which leaves of a document were changed, and these written by SetField.
+
+#include "BuildImage.h"
+
+#include <stdlib.h>
+
+#include <bit>
+#include <charconv>
+
+#include "EditSet.h"
+#include "MapText.h"
+#include "ZorEdidWriter.h"
+
+namespace
+{
+using CBytes = std::vector<unsigned char>;
+
+constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
+constexpr size_t gsc_uiMostChanges = 1000; // each reads the image again
+
+const CZorEdidMap::SPiece& GetFirstPiece(const SExplained& oExplained, const SExplainedLeaf& oLeaf)
+{
+    return oExplained.m_aoPieces[oLeaf.m_uiFirstPiece];
+}
+
+// The leaf with its highest bit, if it is the same one by its id.
+unsigned int FindLeafOf(const CZorEdidMap& oMap, const SExplained& oExplained, const SExplainedLeaf& oLeaf)
+{
+    const CZorEdidMap::SPiece& oPiece = GetFirstPiece(oExplained, oLeaf);
+    const unsigned int uiBit = static_cast<unsigned int>(std::bit_width(unsigned{ oPiece.m_ui8Mask })) - 1;
+    const unsigned int uiField = oMap.FindLeaf(oPiece.m_uiOffset, uiBit);
+    return uiField != gsc_uiNone && oMap.GetField(uiField).m_eId == oLeaf.m_eId ? uiField : gsc_uiNone;
+}
+
+bool HasSamePieces(const CZorEdidMap& oMap, unsigned int uiField, const SExplained& oExplained,
+                   const SExplainedLeaf& oLeaf)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    bool bSame = oField.m_uiPieces == oLeaf.m_uiPieces;
+    for (unsigned int i = 0; bSame && i < oField.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(oField.m_uiFirstPiece + i);
+        const CZorEdidMap::SPiece& oOther = oExplained.m_aoPieces[oLeaf.m_uiFirstPiece + i];
+        bSame = oPiece.m_uiOffset == oOther.m_uiOffset && oPiece.m_uiLength == oOther.m_uiLength &&
+                oPiece.m_ui8Mask == oOther.m_ui8Mask;
+    }
+    return bSame;
+}
+
+bool IsRawChanged(const SExplained& oExplained, const SExplainedLeaf& oLeaf)
+{
+    for (size_t i = oLeaf.m_uiFirstPiece; i < oLeaf.m_uiFirstPiece + oLeaf.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oExplained.m_aoPieces[i];
+        for (unsigned int j = oPiece.m_uiOffset; j < oPiece.m_uiOffset + oPiece.m_uiLength; ++j)
+        {
+            if (((oExplained.m_aui8Read[j] ^ oExplained.m_aui8Built[j]) & oPiece.m_ui8Mask) != 0)
+            {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+double ParseDouble(const SExplainedLeaf& oLeaf) { return strtod(oLeaf.m_sValue.c_str(), nullptr); }
+
+// Numbers are compared as doubles, which is how tools keep those of JSON.
+bool IsValueChanged(const CZorEdidMap& oMap, unsigned int uiField, const SExplainedLeaf& oLeaf)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    if (!oLeaf.m_bValue)
+    {
+        return false;
+    }
+    switch (GetValueForm(oField))
+    {
+    case eValue_Number:
+        return !oLeaf.m_bNumber || ParseDouble(oLeaf) != GetFieldNumber(oField);
+    case eValue_Text:
+        return oLeaf.m_bNumber || oLeaf.m_sValue != static_cast<const char*>(oMap.GetValue(uiField));
+    default:
+        return true;
+    }
+}
+
+// As the writer takes it: without an exponent.
+std::string GetWrittenValue(const SExplainedLeaf& oLeaf)
+{
+    if (!oLeaf.m_bNumber || oLeaf.m_sValue.find_first_of("eE") == std::string::npos)
+    {
+        return oLeaf.m_sValue;
+    }
+    char szDigits[1100]; // the smallest double has 1074 decimals
+    const auto oResult =
+        std::to_chars(szDigits, szDigits + sizeof(szDigits), ParseDouble(oLeaf), std::chars_format::fixed);
+    return { szDigits, oResult.ptr };
+}
+
+class CBuilder
+{
+public:
+    explicit CBuilder(const SExplained& oExplained) : m_oExplained(oExplained)
+    {
+        m_oRead.Read(static_cast<unsigned int>(oExplained.m_aui8Read.size()), oExplained.m_aui8Read.data());
+    }
+
+    SBuilt Build()
+    {
+        for (const SExplainedLeaf& oLeaf : m_oExplained.m_aoLeaves)
+        {
+            if (!Compare(oLeaf))
+            {
+                return m_oBuilt;
+            }
+        }
+        if (m_uiOtherTexts != 0)
+        {
+            m_oBuilt.m_asNotes.push_back(
+                m_sOtherText + ": \"text\" is not read, \"value\" is" +
+                (m_uiOtherTexts > 1 ? "; so of " + std::to_string(m_uiOtherTexts - 1) + " more" : ""));
+        }
+        m_oBuilt.m_aui8Bytes = m_oExplained.m_aui8Built;
+        if (!m_apoChanged.empty())
+        {
+            SetValues();
+        }
+        return m_oBuilt;
+    }
+
+private:
+    bool Refuse(const std::string& sProblem)
+    {
+        m_oBuilt.m_sProblem = sProblem;
+        return false;
+    }
+
+    // Lists the leaf if its value was changed.
+    bool Compare(const SExplainedLeaf& oLeaf)
+    {
+        const unsigned int uiField = FindLeafOf(m_oRead, m_oExplained, oLeaf);
+        if (uiField == gsc_uiNone || !HasSamePieces(m_oRead, uiField, m_oExplained, oLeaf))
+        {
+            return !oLeaf.m_bValue ||
+                   Refuse("byte 0x" + GetOffsetText(GetFirstPiece(m_oExplained, oLeaf).m_uiOffset) +
+                          ": this version reads another field there, so that its value cannot be compared");
+        }
+        const bool bRaw = IsRawChanged(m_oExplained, oLeaf);
+        if (!IsValueChanged(m_oRead, uiField, oLeaf))
+        {
+            if (oLeaf.m_bText && !bRaw && oLeaf.m_uiTextHash != HashText(GetFieldValue(m_oRead, uiField)))
+            {
+                m_sOtherText = m_uiOtherTexts++ == 0 ? NameField(m_oRead, uiField) : m_sOtherText;
+            }
+            return true;
+        }
+        if (bRaw)
+        {
+            return Refuse(NameField(m_oRead, uiField) + ": both \"value\" and \"raw\" were changed");
+        }
+        m_apoChanged.push_back(&oLeaf);
+        return m_apoChanged.size() <= gsc_uiMostChanges ||
+               Refuse("more than " + std::to_string(gsc_uiMostChanges) + " values were changed");
+    }
+
+    void SetValues()
+    {
+        CZorEdidWriter oWriter;
+        oWriter.Read(static_cast<unsigned int>(m_oBuilt.m_aui8Bytes.size()), m_oBuilt.m_aui8Bytes.data());
+        for (const SExplainedLeaf* poLeaf : m_apoChanged)
+        {
+            m_oBuilt.m_sProblem = SetValue(oWriter, *poLeaf);
+            if (!m_oBuilt.m_sProblem.empty())
+            {
+                return;
+            }
+        }
+        m_oBuilt.m_aui8Bytes.assign(oWriter.GetMap().GetData(),
+                                    oWriter.GetMap().GetData() + oWriter.GetMap().GetSize());
+    }
+
+    std::string SetValue(CZorEdidWriter& oWriter, const SExplainedLeaf& oLeaf)
+    {
+        const std::string sField = NameField(m_oRead, FindLeafOf(m_oRead, m_oExplained, oLeaf));
+        const unsigned int uiField = FindLeafOf(oWriter.GetMap(), m_oExplained, oLeaf);
+        if (uiField == gsc_uiNone)
+        {
+            return sField + ": is another field with the changed raw bytes, so that its value cannot be set";
+        }
+        const std::string sValue = GetWrittenValue(oLeaf);
+        if (sValue.starts_with("raw:") || sValue.find('\0') != std::string::npos)
+        {
+            return sField + ": not a value of this field; its bits are in \"raw\"";
+        }
+        std::string sNote;
+        std::string sProblem = SetField(oWriter, uiField, sValue, sNote);
+        m_oBuilt.m_asNotes.push_back(sNote);
+        return sProblem;
+    }
+
+    const SExplained& m_oExplained;
+    CZorEdidMap m_oRead;
+    std::vector<const SExplainedLeaf*> m_apoChanged;
+    std::string m_sOtherText; // the first field whose text was changed
+    size_t m_uiOtherTexts = 0;
+    SBuilt m_oBuilt;
+};
+} // namespace
+
+SBuilt BuildImage(const SExplained& oExplained) { return CBuilder(oExplained).Build(); }

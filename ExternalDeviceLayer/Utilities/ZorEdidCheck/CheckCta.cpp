@@ -6,17 +6,10 @@ namespace ZorCheck
 {
 namespace
 {
-const CMap::SField* FindIn(const CMap& oMap, unsigned int uiBlock, EZorEdidField eId, unsigned int& uiField)
+// The number of a field of a block; -1 without the field.
+long long GetNumber(const CFindings& oFindings, unsigned int uiField)
 {
-    for (uiField = 0; uiField < oMap.GetFieldCount(); ++uiField)
-    {
-        const CMap::SField& oField = oMap.GetField(uiField);
-        if (oField.m_eId == eId && oField.m_uiOffset / gsc_uiBlockSize == uiBlock / gsc_uiBlockSize)
-        {
-            return &oField;
-        }
-    }
-    return nullptr;
+    return uiField != CMap::msc_uiNone ? oFindings.GetMap().GetField(uiField).m_llNumber : -1;
 }
 
 // The flag says what the display does with IT formats by default, the data block what it can do with them.
@@ -24,11 +17,9 @@ void CheckUnderscan(CFindings& oFindings, unsigned int uiBlock)
 {
     constexpr long long llAlwaysOver = 1;
     constexpr long long llAlwaysUnder = 2;
-    unsigned int uiScan = 0;
-    const CMap::SField* poScan = FindIn(oFindings.GetMap(), uiBlock, eZorEdidField_CtaVideoCapabilityItScan, uiScan);
+    const unsigned int uiScan = oFindings.FindField(uiBlock, eZorEdidField_CtaVideoCapabilityItScan);
     const bool bUnder = Cta::gsc_oUnderscan.IsSet(oFindings.GetAt(uiBlock));
-    if (poScan != nullptr &&
-        ((poScan->m_llNumber == llAlwaysOver && bUnder) || (poScan->m_llNumber == llAlwaysUnder && !bUnder)))
+    if (GetNumber(oFindings, uiScan) == (bUnder ? llAlwaysOver : llAlwaysUnder))
     {
         oFindings.Add(uiScan, eZorEdidRule_UnderscanContradicts).m_sFound =
             bUnder ? "byte 3 of the block has underscan" : "byte 3 of the block has no underscan";
@@ -55,26 +46,111 @@ void CheckFlags(CFindings& oFindings)
 void CheckUhdCodes(CFindings& oFindings, unsigned int uiBlock)
 {
     constexpr unsigned int uiUhdWidth = 3840;
-    unsigned int uiUhd = 0;
-    const CMap::SField* poUhd = FindIn(oFindings.GetMap(), uiBlock, eZorEdidField_CtaHdmiForumUhdVic, uiUhd);
+    const unsigned int uiUhd = oFindings.FindField(uiBlock, eZorEdidField_CtaHdmiForumUhdVic);
     bool bHas = false;
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         bHas = bHas || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor && oEntry.m_oMode.m_uiWidth >= uiUhdWidth);
     });
-    if (poUhd != nullptr && poUhd->m_llNumber == 0 && bHas)
+    if (GetNumber(oFindings, uiUhd) == 0 && bHas)
     {
         oFindings.Add(uiUhd, eZorEdidRule_UhdVicMissing,
                       TakesFrl(oFindings.GetFacts().GetLink()) ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
+    }
+}
+// HDMI has the CTA-861 block first; a block map may precede it.
+void CheckFirstExtension(CFindings& oFindings)
+{
+    bool bFirst = oFindings.GetFacts().GetLink().m_oHdmi.m_oValue;
+    oFindings.ForEachBlock([&](const CBlockWalk& oWalk) {
+        const unsigned int uiTag = oWalk.GetData()[0];
+        if (bFirst && uiTag != gsc_uiCtaTag && uiTag != gsc_uiBlockMapTag)
+        {
+            oFindings.Add(oFindings.FindBlock(oWalk.GetOffset()), eZorEdidRule_HdmiNotFirst);
+        }
+        bFirst = bFirst && uiTag == gsc_uiBlockMapTag;
+    });
+}
+
+// ---- Speakers ----
+
+// Of all blocks.
+void CountLocations(const CFindings& oFindings, unsigned int& uiDataBlocks, unsigned int& uiActive)
+{
+    oFindings.ForEachBlock(gsc_uiCtaTag, [&](unsigned int uiBlock) {
+        oFindings.ForEachField(uiBlock, eZorEdidField_CtaSpeakerLocation,
+                               [&](unsigned int, const CMap::SField&) { ++uiDataBlocks; });
+        oFindings.ForEachField(uiBlock, eZorEdidField_CtaSpeakerLocationActive,
+                               [&](unsigned int, const CMap::SField& oField) { uiActive += oField.m_llNumber != 0; });
+    });
+}
+
+// The room says whether the places of speakers are given, and how many there are.
+void CheckRoom(CFindings& oFindings, unsigned int uiBlock)
+{
+    const unsigned int uiSld = oFindings.FindField(uiBlock, eZorEdidField_CtaRoomSld);
+    if (uiSld == CMap::msc_uiNone)
+    {
+        return;
+    }
+    unsigned int uiDataBlocks = 0;
+    unsigned int uiActive = 0;
+    CountLocations(oFindings, uiDataBlocks, uiActive);
+    const bool bSld = GetNumber(oFindings, uiSld) != 0;
+    const long long llSpeakers =
+        GetNumber(oFindings, oFindings.FindField(uiBlock, eZorEdidField_CtaRoomSpeakerCount)); // with the flag only
+    CMString sReason;
+    if (bSld != (uiDataBlocks != 0))
+    {
+        sReason = bSld ? "SLD is set, but there is none" : "there is one, but SLD is not set";
+    }
+    else if (bSld && llSpeakers < 0)
+    {
+        sReason = "SLD is set without Speaker";
+    }
+    else if (bSld && llSpeakers != uiActive)
+    {
+        sReason.Format("speakers are %lld here, and %u are active there", llSpeakers, uiActive);
+    }
+    if (sReason.GetLength() != 0)
+    {
+        oFindings.Add(uiSld, eZorEdidRule_RoomContradicts).m_sReason = sReason;
+    }
+}
+
+// A channel goes to one speaker.
+void CheckChannels(CFindings& oFindings, unsigned int uiBlock)
+{
+    constexpr unsigned int uiChannels = 32;
+    bool abSeen[uiChannels] = {};
+    bool bActive = false; // of the descriptor, ahead of its channel
+    const unsigned int uiField = oFindings.FindBlock(uiBlock);
+    for (unsigned int i = uiField; i < oFindings.GetMap().GetField(uiField).m_uiEnd; ++i)
+    {
+        const CMap::SField& oField = oFindings.GetMap().GetField(i);
+        bActive = oField.m_eId == eZorEdidField_CtaSpeakerLocationActive ? oField.m_llNumber != 0 : bActive;
+        if (oField.m_eId != eZorEdidField_CtaSpeakerLocationChannelIndex || !bActive)
+        {
+            continue;
+        }
+        bool& bSeen = abSeen[static_cast<unsigned long long>(oField.m_llNumber) % uiChannels];
+        if (bSeen)
+        {
+            oFindings.Add(i, eZorEdidRule_ChannelTwice).m_sFound.Format("%lld", oField.m_llNumber);
+        }
+        bSeen = true;
     }
 }
 } // namespace
 
 void CheckCta(CFindings& oFindings)
 {
+    CheckFirstExtension(oFindings);
     CheckFlags(oFindings);
     oFindings.ForEachBlock(gsc_uiCtaTag, [&](unsigned int uiBlock) {
         CheckUnderscan(oFindings, uiBlock);
         CheckUhdCodes(oFindings, uiBlock);
+        CheckRoom(oFindings, uiBlock);
+        CheckChannels(oFindings, uiBlock);
     });
 }
 } // namespace ZorCheck

@@ -1,4 +1,4 @@
-// Rules about the DisplayID sections of an image: which data blocks a display must have.
+// Rules about the DisplayID sections of an image: which data blocks a display must have, and where.
 
 #include <algorithm>
 #include <bitset>
@@ -9,25 +9,21 @@ namespace ZorCheck
 {
 namespace
 {
-using CTags = std::bitset<256>;
+unsigned int ReadMajorVersion(const unsigned char* pui8Block) { return pui8Block[DisplayId::gsc_uiVersionOffset] >> 4; }
 
-// Of all sections of one major version.
-CTags ListTags(const CFindings& oFindings, unsigned int uiVersion)
+// The data blocks of all sections of one major version: fnVisit(tag, offset in the image).
+template <class VISIT>
+void ForEachDataBlock(const CFindings& oFindings, unsigned int uiVersion, VISIT fnVisit)
 {
-    CTags oTags;
     oFindings.ForEachBlock(gsc_uiDisplayIdTag, [&](unsigned int uiBlock) {
         const unsigned char* pui8Block = oFindings.GetAt(uiBlock);
         const unsigned int uiEnd = std::min(DisplayId::GetSectionSize(pui8Block), gsc_uiChecksumOffset);
-        if (pui8Block[DisplayId::gsc_uiVersionOffset] >> 4 == static_cast<int>(uiVersion))
+        DisplayId::CDataBlockWalk oWalk(pui8Block, DisplayId::gsc_uiDataBlocksOffset, uiEnd, uiEnd);
+        while (ReadMajorVersion(pui8Block) == uiVersion && oWalk.Next())
         {
-            DisplayId::CDataBlockWalk oWalk(pui8Block, DisplayId::gsc_uiDataBlocksOffset, uiEnd, uiEnd);
-            while (oWalk.Next())
-            {
-                oTags.set(oWalk.GetTag());
-            }
+            fnVisit(oWalk.GetTag(), uiBlock + oWalk.GetOffset());
         }
     });
-    return oTags;
 }
 
 // The tags by the major version of the structure, 1 and 2.
@@ -37,8 +33,9 @@ struct SRequired
     unsigned int m_auiTags[2];
     bool m_bDisplaysOnly; // not of a section that names no product type
 };
+constexpr SRequired gsc_oProduct = { eZorEdidRule_DisplayIdNoProduct, { 0x00, 0x20 }, false };
 constexpr SRequired gsc_aoRequired[] = {
-    { eZorEdidRule_DisplayIdNoProduct, { 0x00, 0x20 }, false },
+    gsc_oProduct,
     { eZorEdidRule_DisplayIdNoParameters, { 0x01, 0x21 }, true },
     { eZorEdidRule_DisplayIdNoInterface, { 0x0F, 0x26 }, true },
 };
@@ -52,7 +49,8 @@ bool IsDisplay(unsigned int uiVersion, unsigned int uiProductType)
 
 void CheckRequired(CFindings& oFindings, unsigned int uiBlock, unsigned int uiVersion)
 {
-    const CTags oTags = ListTags(oFindings, uiVersion);
+    std::bitset<256> oTags;
+    ForEachDataBlock(oFindings, uiVersion, [&](unsigned int uiTag, unsigned int) { oTags.set(uiTag); });
     const bool bDisplay = IsDisplay(uiVersion, oFindings.GetByte(uiBlock + DisplayId::gsc_uiProductTypeOffset));
     for (const SRequired& oRequired : gsc_aoRequired)
     {
@@ -62,16 +60,46 @@ void CheckRequired(CFindings& oFindings, unsigned int uiBlock, unsigned int uiVe
         }
     }
 }
+
+// It identifies the display before anything else is said of it.
+void CheckProductPlace(CFindings& oFindings, unsigned int uiVersion)
+{
+    bool bFirst = true;
+    ForEachDataBlock(oFindings, uiVersion, [&](unsigned int uiTag, unsigned int uiOffset) {
+        if (uiTag == gsc_oProduct.m_auiTags[uiVersion - 1] && !bFirst)
+        {
+            oFindings.Add(oFindings.FindGroup(uiOffset), eZorEdidRule_DisplayIdProductNotFirst);
+        }
+        bFirst = false;
+    });
+}
+
+void CheckVersions(CFindings& oFindings, unsigned int uiFirst)
+{
+    const unsigned int uiVersion = oFindings.GetByte(uiFirst + DisplayId::gsc_uiVersionOffset);
+    oFindings.ForEachBlock(gsc_uiDisplayIdTag, [&](unsigned int uiBlock) {
+        const unsigned int uiOwn = oFindings.GetByte(uiBlock + DisplayId::gsc_uiVersionOffset);
+        if (uiOwn != uiVersion)
+        {
+            SZorFinding& oFinding = oFindings.Add(oFindings.FindGroup(uiBlock + DisplayId::gsc_uiVersionOffset),
+                                                  eZorEdidRule_DisplayIdVersionsDiffer);
+            oFinding.m_sFound.Format("%u.%u", uiOwn >> 4, uiOwn & 0x0FU);
+            oFinding.m_sExpected.Format("%u.%u", uiVersion >> 4, uiVersion & 0x0FU);
+        }
+    });
+}
 } // namespace
 
 // The first section says what the others are about.
 void CheckDisplayId(CFindings& oFindings)
 {
     const unsigned int uiBlock = oFindings.FindFirstBlock(gsc_uiDisplayIdTag);
-    const unsigned int uiVersion = uiBlock != 0 ? oFindings.GetByte(uiBlock + DisplayId::gsc_uiVersionOffset) >> 4 : 0;
+    const unsigned int uiVersion = uiBlock != 0 ? ReadMajorVersion(oFindings.GetAt(uiBlock)) : 0;
     if (uiVersion != 0 && uiVersion <= DisplayId::gsc_uiHighestMajorVersion)
     {
         CheckRequired(oFindings, uiBlock, uiVersion);
+        CheckProductPlace(oFindings, uiVersion);
+        CheckVersions(oFindings, uiBlock);
     }
 }
 } // namespace ZorCheck

@@ -53,19 +53,27 @@ public:
             fnVisit(m_oModes.Get(i));
         }
     }
-    // Each counted extension block, as far as the image has it whole: fnVisit(offset).
+    // Each counted extension block, as far as the image has it whole: fnVisit(CBlockWalk), fnVisit(offset). The map
+    // notes those that are not counted, and those that are cut short.
     template <class VISIT>
-    void ForEachBlock(unsigned int uiTag, VISIT fnVisit) const
+    void ForEachBlock(VISIT fnVisit) const
     {
         const unsigned int uiCount = CountExtensions(m_oMap.GetData(), m_oMap.GetSize());
         for (CBlockWalk oWalk(m_oMap.GetData(), m_oMap.GetSize());
              oWalk.Next() && oWalk.IsWhole() && oWalk.GetNumber() <= uiCount;)
         {
+            fnVisit(oWalk);
+        }
+    }
+    template <class VISIT>
+    void ForEachBlock(unsigned int uiTag, VISIT fnVisit) const
+    {
+        ForEachBlock([&](const CBlockWalk& oWalk) {
             if (oWalk.GetData()[0] == uiTag)
             {
                 fnVisit(oWalk.GetOffset());
             }
-        }
+        });
     }
     // The offset of the first one; 0 for none.
     unsigned int FindFirstBlock(unsigned int uiTag) const
@@ -80,6 +88,30 @@ public:
     unsigned int FindGroup(unsigned int uiOffset) const
     {
         return m_oMap.GetField(m_oMap.FindLeaf(uiOffset, gsc_uiBits - 1)).m_uiGroup;
+    }
+
+    // Each field of this id in the block at this offset: fnVisit(index, field).
+    template <class VISIT>
+    void ForEachField(unsigned int uiOffset, EZorEdidField eId, VISIT fnVisit) const
+    {
+        const unsigned int uiBlock = FindBlock(uiOffset);
+        for (unsigned int i = uiBlock; i < m_oMap.GetField(uiBlock).m_uiEnd; ++i)
+        {
+            const CMap::SField& oField = m_oMap.GetField(i);
+            if (oField.m_eId == eId)
+            {
+                fnVisit(i, oField);
+            }
+        }
+    }
+    // The first of them; CZorEdidMap::msc_uiNone for none.
+    unsigned int FindField(unsigned int uiOffset, EZorEdidField eId) const
+    {
+        unsigned int uiFirst = CMap::msc_uiNone;
+        ForEachField(uiOffset, eId, [&](unsigned int uiField, const CMap::SField&) {
+            uiFirst = uiFirst == CMap::msc_uiNone ? uiField : uiFirst;
+        });
+        return uiFirst;
     }
 
     // The field of a whole block.

@@ -26,9 +26,8 @@ void CheckPreferred(CFindings& oFindings)
     }
     const unsigned int uiField = bDeclared ? oFindings.FindGroup(gsc_uiDescriptorsOffset)
                                            : oFindings.GetMap().FindLeaf(gsc_uiFeaturesOffset, uiPreferredBit);
-    SZorFinding& oFinding = oFindings.Add(uiField, eZorEdidRule_UnreadPreferred);
-    oFinding.m_sFound = bDeclared ? "none that the library reads" : "none declared";
-    oFinding.m_sExpected = "one, which the text reports need";
+    oFindings.Add(uiField, eZorEdidRule_UnreadPreferred).m_sFound =
+        bDeclared ? "none that the library reads" : "none declared";
 }
 
 void CheckRangeLimits(CFindings& oFindings)
@@ -101,12 +100,7 @@ void CheckExtension(CFindings& oFindings, const CBlockWalk& oBlock)
         }
         return;
     }
-    unsigned int uiField = oFindings.GetMap().FindLeaf(uiOffset, 0);
-    while (oFindings.GetMap().GetField(uiField).m_uiDepth != 0)
-    {
-        uiField = oFindings.GetMap().GetField(uiField).m_uiGroup;
-    }
-    oFindings.Add(uiField, eZorEdidRule_UnreadBlock).m_sReason = sReason;
+    oFindings.Add(oFindings.FindBlock(uiOffset), eZorEdidRule_UnreadBlock).m_sReason = sReason;
 }
 } // namespace
 
@@ -149,13 +143,6 @@ void CheckReading(CFindings& oFindings)
     CheckPreferred(oFindings);
     CheckRangeLimits(oFindings);
     CheckUnlisted(oFindings, 0);
-    // The map notes each block that is not counted, and each that is cut short.
-    const CMap& oMap = oFindings.GetMap();
-    const unsigned int uiCounted = CountExtensions(oMap.GetData(), oMap.GetSize());
-    for (CBlockWalk oWalk(oMap.GetData(), oMap.GetSize());
-         oWalk.Next() && oWalk.IsWhole() && oWalk.GetNumber() <= uiCounted;)
-    {
-        CheckExtension(oFindings, oWalk);
-    }
+    oFindings.ForEachBlock([&](const CBlockWalk& oBlock) { CheckExtension(oFindings, oBlock); });
 }
 } // namespace ZorCheck

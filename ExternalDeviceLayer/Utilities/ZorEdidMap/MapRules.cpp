@@ -449,7 +449,8 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       gsc_szListedAs },
 
     // ---- Base block ----
-    { eZorEdidRule_YearInFuture, CMap::eSeverity_Warning, "base.year-in-future", "year", "E-EDID 1.4, 3.4.4",
+    { eZorEdidRule_YearInFuture, CMap::eSeverity_Warning, "base.year-in-future", "the year is in the future",
+      "E-EDID 1.4, 3.4.4",
       "Inventories and drivers that sort quirks by age take the display for a newer one than it is." },
     { eZorEdidRule_DescriptorZero, CMap::eSeverity_Warning, "base.descriptor.zeros",
       "all zeros where a dummy descriptor (tag 10h) belongs", "E-EDID 1.4, 3.10.3.11",
@@ -487,6 +488,16 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "video codes of 3840 pixels and more are announced without it", "HDMI 2.1, 10.3.2",
       "Sources that go by the bit do not offer these codes; in sinks of HDMI 2.0, which do not have it, it is a "
       "note." },
+    { eZorEdidRule_HdmiNotFirst, CMap::eSeverity_Warning, "hdmi.not-first-extension",
+      "another block stands ahead of the CTA-861 block of an HDMI sink", "HDMI 1.4b, 8.3",
+      "Sources that read one extension block only, as many players do, take the sink for DVI: no sound, no fast "
+      "modes." },
+    { eZorEdidRule_RoomContradicts, CMap::eSeverity_Warning, "cta.room.speaker-locations",
+      "contradicts the speaker location data block", "CTA-861-H, 7.5.15",
+      "Sources that render sound for the room do not know which places of speakers to trust, and use the usual ones." },
+    { eZorEdidRule_ChannelTwice, CMap::eSeverity_Warning, "cta.speaker-location.channel-twice",
+      "the channel of an active speaker once more", "CTA-861-H, 7.5.16",
+      "A channel can feed one place only: sources leave the other speaker silent, or drop the data block." },
 
     // ---- DisplayID sections ----
     { eZorEdidRule_DisplayIdNoProduct, CMap::eSeverity_Warning, "displayid.product-missing",
@@ -498,11 +509,19 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_DisplayIdNoInterface, CMap::eSeverity_Warning, "displayid.interface-missing",
       "no display interface data block, which a display must have", "DisplayID 1.3, 3.2; DisplayID 2.1, 3.2",
       "Sources do not learn which color depths the interface takes, and stay at 8 bits." },
+    { eZorEdidRule_DisplayIdProductNotFirst, CMap::eSeverity_Warning, "displayid.product-not-first",
+      "is not the first data block", "DisplayID 1.3, 3.2; DisplayID 2.1, 3.2",
+      "Sources that expect the identification there find none, and treat the display as an unknown one." },
+    { eZorEdidRule_DisplayIdVersionsDiffer, CMap::eSeverity_Warning, "displayid.section.version-differs",
+      "the version is not that of the first section", "DisplayID 1.3 and 2.1",
+      "The sections are parts of one structure: sources read all by the version of the first one, or drop the "
+      "others." },
 
     // ---- What the library does not read ----
     { eZorEdidRule_UnreadBlock, CMap::eSeverity_Note, "library.unread-block", "the block is not read", "",
       "The numbered lists of the library lack what this block announces." },
-    { eZorEdidRule_UnreadPreferred, CMap::eSeverity_Note, "library.no-preferred-mode", "preferred mode", "",
+    { eZorEdidRule_UnreadPreferred, CMap::eSeverity_Note, "library.no-preferred-mode",
+      "the text reports need a preferred mode", "",
       "The text reports of the library begin with the preferred mode and are refused without one." },
     { eZorEdidRule_UnreadRangeOffsets, CMap::eSeverity_Note, "library.range-offsets",
       "the library reads no range limits with offsets", "",

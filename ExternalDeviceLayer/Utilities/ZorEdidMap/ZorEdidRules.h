@@ -207,11 +207,16 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_UnderscanContradicts = 560,
     eZorEdidRule_CtaFlagsDiffer = 561,
     eZorEdidRule_UhdVicMissing = 562,
+    eZorEdidRule_HdmiNotFirst = 563,
+    eZorEdidRule_RoomContradicts = 564,
+    eZorEdidRule_ChannelTwice = 565,
 
     // ---- DisplayID sections ----
     eZorEdidRule_DisplayIdNoProduct = 590,
     eZorEdidRule_DisplayIdNoParameters = 591,
     eZorEdidRule_DisplayIdNoInterface = 592,
+    eZorEdidRule_DisplayIdProductNotFirst = 593,
+    eZorEdidRule_DisplayIdVersionsDiffer = 594,
 
     // ---- What the library does not read ----
     eZorEdidRule_UnreadBlock = 900,

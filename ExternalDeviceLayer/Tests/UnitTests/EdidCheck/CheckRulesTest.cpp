@@ -106,6 +106,15 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         { eZorEdidRule_CtaFlagsDiffer, MakeEdid({ MakeCta("41 01", 0x40), MakeCta("", 0x60) }),
           MakeEdid({ MakeCta("41 01", 0x41), MakeCta("", 0x40) }) },
         { eZorEdidRule_UhdVicMissing, MakeImage(gsc_szUhd), MakeImage(gsc_szUhdVic) },
+        { eZorEdidRule_HdmiNotFirst, MakeEdid({ MakeDisplayIdBlock({}), MakeCta(gsc_szHdmi) }),
+          MakeEdid({ MakeCta(gsc_szHdmi), MakeDisplayIdBlock({}) }) },
+        { eZorEdidRule_RoomContradicts, MakeImage("41 01 E8 13 61 01 00*6 E3 14 20 00"),
+          MakeImage("41 01 E8 13 60 01 00*6 E3 14 20 00") }, // two speakers, one
+        { eZorEdidRule_ChannelTwice, MakeImage("41 01 E5 14 21 00 21 01"), MakeImage("41 01 E5 14 21 00 01 01") },
+        { eZorEdidRule_DisplayIdProductNotFirst, MakeSection("01 00 0F"), MakeSection("00 01 0F") },
+        { eZorEdidRule_DisplayIdVersionsDiffer,
+          MakeEdid({ MakeDisplayIdBlock({}), WithChange(MakeDisplayIdBlock({}), 1, 0x11) }),
+          MakeEdid({ MakeDisplayIdBlock({}), MakeDisplayIdBlock({}) }) },
         { eZorEdidRule_DisplayIdNoProduct, MakeSection("01 0F"), MakeSection("00 01 0F") },
         { eZorEdidRule_DisplayIdNoParameters, MakeSection("00 0F"), MakeSection("00 0F", 5) }, // a repeater
         { eZorEdidRule_DisplayIdNoInterface, MakeSection("00 01"), MakeSection("00 01", 0) },
@@ -154,6 +163,17 @@ TEST(CheckRules, NoFalseAlarms)
     // 1440 pixels are sent of 720: a native code and a native timing may be the same mode.
     const CBytes aui8Sent = With(MakeImage("42 88 01"), 0x36, "8F 0A A0 14 51 F0 16 00 26 7C 43 00 00*5 18");
     EXPECT_EQ(0U, ListRules(With(aui8Sent, 0x18, "0A")).count(eZorEdidRule_NativeMixed));
+}
+
+// In each way that the room may contradict the speaker location data block.
+TEST(CheckRules, SpeakersOfTheRoom)
+{
+    for (const char* pszDataBlocks :
+         { "41 01 E8 13 60 01 00*6", "41 01 E8 13 40 01 00*6 E3 14 20 00", "41 01 E8 13 20 01 00*6 E3 14 20 00" })
+    {
+        EXPECT_EQ(1U, ListRules(MakeImage(pszDataBlocks)).count(eZorEdidRule_RoomContradicts)) << pszDataBlocks;
+    }
+    EXPECT_EQ(0U, ListRules(MakeImage("41 01 E8 13 40 01 00*6")).count(eZorEdidRule_RoomContradicts));
 }
 
 // The largest value of the bytes is no limit; one below it is.

@@ -582,13 +582,13 @@ class CheckTest(ToolTest):
                 "block 1 offset 0x46 (Detailed timing 2): error: cut short: a detailed timing has 18 bytes"]),
             ("week and year", change({0x10: "3cff"}), [
                 f"block 0 offset 0x10 ({identity} > Week of manufacture): warning: reserved value: found 60",
-                f"block 0 offset 0x11 ({identity} > Year of manufacture): warning: year: found 2245, expected at most "
-                f"{THIS_YEAR}"]),
+                f"block 0 offset 0x11 ({identity} > Year of manufacture): warning: the year is in the future: found "
+                f"2245, expected at most {THIS_YEAR}"]),
             ("next year's model", change({0x10: "ff%02x" % (THIS_YEAR + 1 - 1990), 0x13: "04", 0x18: "2b"}), []),
             ("no width", change({0x38: "00", 0x3A: "01"}), [
                 "block 0 offset 0x36 (Detailed timing): warning: the line rate is beyond the display range limits",
-                "block 0 offset 0x36 (Detailed timing): note: preferred mode: found none that the library reads, "
-                "expected one, which the text reports need",
+                "block 0 offset 0x36 (Detailed timing): note: the text reports need a preferred mode: found none "
+                "that the library reads",
                 "block 0 offset 0x36 (Detailed timing): note: the library does not list this timing",
                 "block 0 offset 0x38 (Detailed timing > Horizontal addressable video): warning: 0 is no size: found 0 "
                 "pixels"]),

@@ -45,6 +45,21 @@ double CZorEdidFacts::SSize::GetDiagonal() const
     return hypot(oSize.m_uiWidth, oSize.m_uiHeight) / dTenthsPerInch;
 }
 
+const CZorEdidFacts::SVariableRefresh* CZorEdidFacts::SLink::GetVariableRefresh() const
+{
+    const SVariableRefresh* const poEnd = m_aoRanges + std::min(m_uiRanges, msc_uiMostRanges);
+    for (const ERefreshSource eSource : msc_aeBestRefresh)
+    {
+        const SVariableRefresh* const poRange =
+            std::find_if(m_aoRanges, poEnd, [eSource](const auto& oRange) { return oRange.m_eSource == eSource; });
+        if (poRange != poEnd)
+        {
+            return poRange;
+        }
+    }
+    return nullptr;
+}
+
 bool CZorEdidFacts::SLink::HasScrambling() const
 {
     constexpr unsigned int uiMostWithout = 340000;

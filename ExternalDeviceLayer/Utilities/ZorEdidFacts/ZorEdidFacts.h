@@ -253,6 +253,9 @@ public:
         eRefreshSource_DynamicRange, ///< DisplayID 2.0, seamless
         eRefreshSource_RangeLimits   ///< of a continuous frequency display, of EDID 1.4 or DisplayID 1
     };
+    /// Of several ranges a source takes the one that comes first here. Range limits are none that it may use unasked.
+    static constexpr ERefreshSource msc_aeBestRefresh[] = { eRefreshSource_HdmiForum, eRefreshSource_AdaptiveSync,
+                                                            eRefreshSource_Amd, eRefreshSource_DynamicRange };
     /// A range of refresh rates within which a source may vary the rate.
     struct SVariableRefresh
     {
@@ -334,6 +337,8 @@ public:
         SByte m_oMsoStreams; ///< multi-SST operation of embedded DisplayPort: 0, 2 or 4
         SByte m_oMsoOverlap; ///< pixels, 0 to 8
 
+        /// The range that a source takes, by msc_aeBestRefresh; null without one.
+        const SVariableRefresh* GetVariableRefresh() const;
         /// Whether a source scrambles above 340 MHz: SCDC and a rate above it.
         bool HasScrambling() const;
     };

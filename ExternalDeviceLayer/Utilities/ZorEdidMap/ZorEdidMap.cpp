@@ -39,6 +39,56 @@ unsigned int CZorEdidMap::FindLeaf(unsigned int uiOffset, unsigned int uiBit) co
     return m_poContent->FindLeaf(uiOffset, uiBit);
 }
 
+unsigned int CZorEdidMap::CountFields(EZorEdidField eId) const
+{
+    unsigned int uiCount = 0;
+    for (unsigned int i = 0; i < GetFieldCount(); ++i)
+    {
+        uiCount += GetField(i).m_eId == eId ? 1U : 0U;
+    }
+    return uiCount;
+}
+
+unsigned int CZorEdidMap::FindField(EZorEdidField eId, unsigned int uiNumber) const
+{
+    // The next one after uiFound by place; of one place by index.
+    unsigned int uiFound = msc_uiNone;
+    for (unsigned int i = 0; i <= uiNumber; ++i)
+    {
+        unsigned int uiNext = msc_uiNone;
+        for (unsigned int j = 0; j < GetFieldCount(); ++j)
+        {
+            const SField& oField = GetField(j);
+            const bool bAfter = uiFound == msc_uiNone || oField.m_uiOffset > GetField(uiFound).m_uiOffset ||
+                                (oField.m_uiOffset == GetField(uiFound).m_uiOffset && j > uiFound);
+            if (oField.m_eId == eId && bAfter &&
+                (uiNext == msc_uiNone || oField.m_uiOffset < GetField(uiNext).m_uiOffset))
+            {
+                uiNext = j;
+            }
+        }
+        if (uiNext == msc_uiNone)
+        {
+            return msc_uiNone;
+        }
+        uiFound = uiNext;
+    }
+    return uiFound;
+}
+
+unsigned int CZorEdidMap::GetTextOf(unsigned int uiField) const
+{
+    unsigned int uiText = uiField;
+    unsigned int uiTexts = 0;
+    for (unsigned int i = uiField + 1; i < GetField(uiField).m_uiEnd; ++i)
+    {
+        const bool bText = GetField(i).m_eKind == eKind_Text;
+        uiText = bText ? i : uiText;
+        uiTexts += bText ? 1U : 0U;
+    }
+    return uiTexts == 1 ? uiText : uiField;
+}
+
 CMString CZorEdidMap::GetValue(unsigned int uiField) const
 {
     if (uiField >= GetFieldCount())

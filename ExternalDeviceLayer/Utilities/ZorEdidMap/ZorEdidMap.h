@@ -158,6 +158,14 @@ public:
     /// The leaf that a bit (7 to 0) of a byte belongs to, as an index of GetField; msc_uiNone past the image.
     unsigned int FindLeaf(unsigned int uiOffset, unsigned int uiBit) const;
 
+    /// How many fields have an id.
+    unsigned int CountFields(EZorEdidField eId) const;
+    /// One of them, by its number in the order of their places, from 0; msc_uiNone where fewer have it.
+    unsigned int FindField(EZorEdidField eId, unsigned int uiNumber = 0) const;
+    /// The only text in a group, so that "base.name" means the name itself; else the field itself. uiField must be
+    /// below GetFieldCount.
+    unsigned int GetTextOf(unsigned int uiField) const;
+
     /// The value as text: "60 Hz", "2.20", "DisplayPort", "DEL", "00 0c 03". Of a group a summary, such as
     /// "1920 x 1080 @ 60 Hz"; empty where it has none. A number with a meaning gives the meaning, a code without one
     /// "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are not whole bytes their number "0x3".

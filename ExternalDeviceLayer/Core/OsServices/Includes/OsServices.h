@@ -67,7 +67,18 @@ public:
     static void WriteUserMsg(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));  ///< "(Info)"
     static void WriteMsg(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));      ///< "(Debug)"
 
-    /// Writes the text at once, without gate and head.
+    /// While one exists, its thread writes no line, whatever the gates and the writer. They nest. For callers that want
+    /// answers alone, as those of a library in another language do.
+    class CMsgPause
+    {
+    public:
+        CMsgPause();
+        ~CMsgPause();
+        CMsgPause(const CMsgPause&) = delete;
+        CMsgPause& operator=(const CMsgPause&) = delete;
+    };
+
+    /// Writes the text at once, without gate, head and pause.
     static void WriteMsgInternal(const char* pszFormat, ...) __attribute__((format(printf, 1, 2)));
 
     /// The three gates. Any non-zero value is on; values are kept as given. At start: error and user on, debug off.

@@ -16,6 +16,14 @@ constinit char OsServices::ms_szMsgPrefix[OsServices::msc_uiMsgPrefixSize] = "nr
 constinit unsigned long OsServices::ms_uiReferenceId = 0;
 constinit OsServices::CMsgWriter OsServices::ms_pfnMsgWriter = nullptr;
 
+namespace
+{
+constinit thread_local unsigned int g_uiPauses = 0; // of this thread
+}
+
+OsServices::CMsgPause::CMsgPause() { ++g_uiPauses; }
+OsServices::CMsgPause::~CMsgPause() { --g_uiPauses; }
+
 void OsServices::WriteErrorMsg(const char* pszFormat, ...)
 {
     va_list oList;
@@ -108,7 +116,7 @@ void OsServices::WriteText(const char* pszFormat, va_list oList)
 
 void OsServices::WriteLine(int bEnable, const char* pszHeadFormat, const char* pszFormat, va_list oList)
 {
-    if (bEnable == 0)
+    if (bEnable == 0 || g_uiPauses != 0)
     {
         return;
     }

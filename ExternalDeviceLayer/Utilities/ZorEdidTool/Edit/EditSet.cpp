@@ -2,7 +2,6 @@
 
 #include "EditSet.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "EdidUtils.h"
@@ -49,47 +48,25 @@ bool ParsePlace(const std::string& sText, SSetting& oSetting)
            (!bBit || (ParseNumber(sText.substr(uiPoint + 1), oSetting.m_uiBit) && oSetting.m_uiBit < gsc_uiBits));
 }
 
-// The only text in a group, so that "base.name" means the name itself; else the field itself.
-unsigned int GetTextOf(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    unsigned int uiText = uiField;
-    unsigned int uiTexts = 0;
-    for (unsigned int i = uiField + 1; i < oMap.GetField(uiField).m_uiEnd; ++i)
-    {
-        const bool bText = oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Text;
-        uiText = bText ? i : uiText;
-        uiTexts += bText ? 1 : 0;
-    }
-    return uiTexts == 1 ? uiText : uiField;
-}
-
 std::string FindById(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned int& uiField)
 {
-    std::vector<unsigned int> auiFields;
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        if (oMap.GetField(i).m_eId == oSetting.m_eId)
-        {
-            auiFields.push_back(i);
-        }
-    }
-    std::ranges::stable_sort(auiFields, {}, [&](unsigned int i) { return oMap.GetField(i).m_uiOffset; });
+    const unsigned int uiCount = oMap.CountFields(oSetting.m_eId);
     const std::string sId = CZorEdidMap::GetId(oSetting.m_eId);
-    if (auiFields.empty())
+    if (uiCount == 0)
     {
         return "the image has no field " + sId;
     }
-    const std::string sRange = sId + "[0] to " + sId + "[" + std::to_string(auiFields.size() - 1) + "]";
-    if (oSetting.m_uiNumber == SSetting::msc_uiNone && auiFields.size() > 1)
+    const std::string sRange = sId + "[0] to " + sId + "[" + std::to_string(uiCount - 1) + "]";
+    if (oSetting.m_uiNumber == SSetting::msc_uiNone && uiCount > 1)
     {
         return "the image has several of this field, " + sRange;
     }
-    const size_t uiNumber = oSetting.m_uiNumber == SSetting::msc_uiNone ? 0 : oSetting.m_uiNumber;
-    if (uiNumber >= auiFields.size())
+    const unsigned int uiNumber = oSetting.m_uiNumber == SSetting::msc_uiNone ? 0 : oSetting.m_uiNumber;
+    if (uiNumber >= uiCount)
     {
         return "the image has " + sRange;
     }
-    uiField = GetTextOf(oMap, auiFields[uiNumber]);
+    uiField = oMap.GetTextOf(oMap.FindField(oSetting.m_eId, uiNumber));
     return "";
 }
 

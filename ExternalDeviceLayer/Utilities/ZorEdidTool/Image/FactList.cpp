@@ -750,11 +750,9 @@ bool HasHdr10(const CZorEdidFacts::SColour& oColour)
 
 std::vector<CZorEdidFacts::SVariableRefresh> ListVariableRefresh(const CZorEdidFacts::SLink& oLink)
 {
-    constexpr CFacts::ERefreshSource aeBest[] = { CFacts::eRefreshSource_HdmiForum, CFacts::eRefreshSource_AdaptiveSync,
-                                                  CFacts::eRefreshSource_Amd, CFacts::eRefreshSource_DynamicRange };
     const auto* const poEnd = oLink.m_aoRanges + std::min(oLink.m_uiRanges, CFacts::msc_uiMostRanges);
     std::vector<CFacts::SVariableRefresh> aoRanges;
-    for (const CFacts::ERefreshSource eSource : aeBest)
+    for (const CFacts::ERefreshSource eSource : CFacts::msc_aeBestRefresh)
     {
         std::copy_if(oLink.m_aoRanges, poEnd, std::back_inserter(aoRanges),
                      [eSource](const CFacts::SVariableRefresh& oRange) { return oRange.m_eSource == eSource; });

@@ -1,65 +1,25 @@
 // The EDIDs in the bytes of an input, one after the other: so write tools that copy all monitors into one file, and
 // those that read a memory past the end of an EDID, where it often begins again.
 
-#include <string.h>
-
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-#include "EdidBase.h"
 #include "InputReaders.h"
-#include "Standards/ExtensionBlocks.h"
+#include "ZorEdidImages.h"
 
 namespace
 {
 using CBytes = std::vector<unsigned char>;
 
-bool HasHeader(const CBytes& aui8Bytes, size_t uiOffset)
-{
-    constexpr size_t uiSize = sizeof(EDID_V1_HEADER);
-    return aui8Bytes.size() >= uiOffset + uiSize && memcmp(&aui8Bytes[uiOffset], EDID_V1_HEADER, uiSize) == 0;
-}
-
-// Where the blocks that the EDID at an offset counts end, which may be past the bytes.
-size_t GetCountedEnd(const CBytes& aui8Bytes, size_t uiOffset)
-{
-    const unsigned int uiSize = static_cast<unsigned int>(aui8Bytes.size() - uiOffset);
-    return uiOffset + (1 + ZorStandards::CountExtensions(&aui8Bytes[uiOffset], uiSize)) * gsc_uiBlockSize;
-}
-
-// Among the blocks that an EDID counts, a header may be that of a damaged extension block, and a monitor that cannot
-// address the block asked for answers with its first one. Neither is another EDID: that has a right checksum, and
-// differs from the base block of the EDID that counts it.
-bool IsOtherBaseBlock(const CBytes& aui8Bytes, size_t uiOffset, size_t uiBase)
-{
-    if (aui8Bytes.size() < uiOffset + gsc_uiBlockSize)
-    {
-        return false;
-    }
-    const unsigned char* const pui8Block = &aui8Bytes[uiOffset];
-    return CEdidUtils::Is8BitsChecksumValid(gsc_uiBlockSize, pui8Block) != 0 &&
-           memcmp(pui8Block, &aui8Bytes[uiBase], gsc_uiBlockSize) != 0;
-}
-
-// The offsets of the EDIDs, the first one 0. Each ends where the next one begins. Bytes that do not begin with a base
-// block are not split.
+// The offsets of the EDIDs, the first one 0. Each ends where the next one begins.
 std::vector<size_t> FindImages(const CBytes& aui8Bytes)
 {
     std::vector<size_t> auiOffsets = { 0 };
-    if (!HasHeader(aui8Bytes, 0))
+    for (size_t uiEnd = FindImageEnd(aui8Bytes.size(), aui8Bytes.data(), 0); uiEnd < aui8Bytes.size();
+         uiEnd = FindImageEnd(aui8Bytes.size(), aui8Bytes.data(), uiEnd))
     {
-        return auiOffsets;
-    }
-    size_t uiCountedEnd = GetCountedEnd(aui8Bytes, 0);
-    for (size_t uiOffset = gsc_uiBlockSize; uiOffset < aui8Bytes.size(); uiOffset += gsc_uiBlockSize)
-    {
-        if (HasHeader(aui8Bytes, uiOffset) &&
-            (uiOffset >= uiCountedEnd || IsOtherBaseBlock(aui8Bytes, uiOffset, auiOffsets.back())))
-        {
-            auiOffsets.push_back(uiOffset);
-            uiCountedEnd = GetCountedEnd(aui8Bytes, uiOffset);
-        }
+        auiOffsets.push_back(uiEnd);
     }
     return auiOffsets;
 }

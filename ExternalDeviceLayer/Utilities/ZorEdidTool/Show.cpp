@@ -223,6 +223,24 @@ void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
 
 // ---- The whole ----
 
+// What there is to say of any image: its blocks, what is wrong, and whether the library takes it.
+void AddState(CLines& asLines, const CZorEdidMap& oMap, const CLoadedImage& oImage)
+{
+    Add(asLines, "Image", DescribeBlocks(oMap), 1);
+    AddFindings(asLines, CheckImage(oMap, GetThisYear()));
+    Add(asLines, "Library", oImage.IsLoaded() ? "" : "refuses the image: " + oImage.GetProblem(), 1);
+}
+
+std::string Join(const CLines& asLines)
+{
+    std::string sText;
+    for (const std::string& sLine : asLines)
+    {
+        sText += sLine + "\n";
+    }
+    return sText;
+}
+
 std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
 {
     const unsigned int uiSize = static_cast<unsigned int>(oInput.m_aui8Bytes.size());
@@ -230,6 +248,12 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
     oFacts.Read(uiSize, oInput.m_aui8Bytes.data());
     CZorEdidMap oMap;
     oMap.Read(uiSize, oInput.m_aui8Bytes.data());
+    if (uiSize < CEdidUtils::msc_uiBlockSize) // facts and modes take no part of a base block
+    {
+        CLines asLines;
+        AddState(asLines, oMap, oImage);
+        return Join(asLines);
+    }
     const CImageModes oModes(oInput.m_aui8Bytes, nullptr, {}); // numbers are not shown
     const CZorEdidFacts::SIdentity& oIdentity = oFacts.GetIdentity();
     const std::string sSerial = DescribeSerial(oIdentity);
@@ -248,19 +272,12 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
     Add(asTail, "Ranges", DescribeRanges(oFacts.GetLink()), 1);
     Add(asTail, "Colour", DescribeColour(oFacts.GetColour()), 2);
     Add(asTail, "Audio", DescribeAudio(oFacts.GetAudio()), 2);
-    Add(asTail, "Image", DescribeBlocks(oMap), 1);
-    AddFindings(asTail, CheckImage(oMap, GetThisYear()));
-    Add(asTail, "Library", oImage.IsLoaded() ? "" : "refuses the image: " + oImage.GetProblem(), 1);
+    AddState(asTail, oMap, oImage);
 
     CLines asLines = asHead;
     AddModes(asLines, oModes, gsc_uiMostLines - asHead.size() - asTail.size());
     asLines.insert(asLines.end(), asTail.begin(), asTail.end());
-    std::string sText;
-    for (const std::string& sLine : asLines)
-    {
-        sText += sLine + "\n";
-    }
-    return sText;
+    return Join(asLines);
 }
 
 SOutcome ShowImage(const SShowOptions& oOptions, const SInput& oInput)
@@ -271,7 +288,7 @@ SOutcome ShowImage(const SShowOptions& oOptions, const SInput& oInput)
     {
         oOutcome = RefuseInput(oInput, oImage.GetProblem());
     }
-    if (oInput.m_aui8Bytes.size() >= CEdidUtils::msc_uiBlockSize)
+    if (!oInput.m_aui8Bytes.empty())
     {
         const std::string sHead = oOptions.m_oFiles.NeedsName(oInput) ? ShowName(oInput.m_sName) + ":\n" : "";
         oOutcome.m_sOut = sHead + Summarise(oInput, oImage);

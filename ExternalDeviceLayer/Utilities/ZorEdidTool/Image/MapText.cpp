@@ -233,6 +233,7 @@ std::string DescribeBlocks(const CZorEdidMap& oMap)
     const unsigned int uiBlocks = oMap.GetSize() / ZorStandards::gsc_uiBlockSize;
     const unsigned int uiCounted = 1 + ZorStandards::CountExtensions(oMap.GetData(), oMap.GetSize());
     sText += uiBlocks > uiCounted ? FormatText("; %u not counted", uiBlocks - uiCounted) : "";
+    sText += oMap.GetSize() % ZorStandards::gsc_uiBlockSize != 0 ? "; cut short" : "";
     return FormatText("%u bytes: ", oMap.GetSize()) + sText;
 }
 

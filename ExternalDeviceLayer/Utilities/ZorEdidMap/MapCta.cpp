@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "MapCtaBlocks.h"
+#include "MapKinds.h"
 #include "MapOther.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
@@ -756,6 +757,29 @@ void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int u
         oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_CtaLastItem);
         oWriter.AddUnknownEnd();
     }
+}
+
+bool FindCtaHead(EZorEdidField eId, SDataBlockHead& oHead)
+{
+    const auto* poKind = std::ranges::find(gsc_aoDataBlocks, eId, &SCtaBlock::m_eId);
+    if (poKind == std::end(gsc_aoDataBlocks))
+    {
+        return false;
+    }
+    const SKey& oKey = poKind->m_oKey;
+    oHead = {};
+    gsc_oHeaderTag.Write(oHead.m_aui8Bytes, oKey.m_ui8Tag);
+    oHead.m_uiSize = gsc_uiHeaderSize;
+    if (oKey.m_ui8Tag == gsc_ui8ExtendedTag)
+    {
+        oHead.m_aui8Bytes[oHead.m_uiSize++] = oKey.m_ui8FirstExtended;
+    }
+    if (oKey.m_uiOui != gsc_uiAnyOui)
+    {
+        ZorStandards::WriteLittle24(oHead.m_aui8Bytes + oHead.m_uiSize, oKey.m_uiOui);
+        oHead.m_uiSize += gsc_uiOuiSize;
+    }
+    return true;
 }
 
 void VisitCtaIds(CIdVisitor& oVisitor)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "MapKinds.h"
 #include "MapOther.h"
 #include "Standards/DisplayIdSection.h"
 
@@ -299,6 +300,22 @@ void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int 
                    std::min(uiLength - gsc_uiSectionOffset, gsc_uiLargestSection));
     }
     oWriter.EndBlock(gsc_oFillerRest);
+}
+
+bool FindDisplayIdHead(EZorEdidField eId, unsigned int uiVersion, SDataBlockHead& oHead)
+{
+    for (const SVersionedBlocks& oBlocks : gsc_aoAllBlocks)
+    {
+        for (const SDisplayIdBlock& oBlock : oBlocks.m_aoBlocks)
+        {
+            if (oBlock.m_oGroup.m_eId == eId && (oBlocks.m_uiVersion == uiVersion || oBlocks.m_uiVersion == 0))
+            {
+                oHead = { { PlaceByte(oBlock.m_uiTag) }, gsc_uiPayloadOffset };
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 void VisitDisplayIdIds(CIdVisitor& oVisitor)

@@ -1,0 +1,167 @@
+// Two maps leaf by leaf: their places may differ, what they say may not.
+
+#include "PartsComparison.h"
+
+#include <string.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace ZorWrite
+{
+namespace
+{
+constexpr SRange gsc_oWholeImage = { 0, 0xFFFFFFFF };
+
+// What follows from which parts there are.
+constexpr EZorEdidField gsc_aeFollowing[] = {
+    eZorEdidField_BaseExtensionCount,
+    eZorEdidField_CtaDetailedOffset,
+    eZorEdidField_CtaNativeCount,
+    eZorEdidField_CtaDataBlockLength,
+    eZorEdidField_CtaExtensionOverrideCount,
+    eZorEdidField_DisplayidSectionLength,
+    eZorEdidField_DisplayidSectionProductType,
+    eZorEdidField_DisplayidSectionUseCase,
+    eZorEdidField_DisplayidSectionExtensionCount,
+    eZorEdidField_DisplayidDataBlockLength,
+    eZorEdidField_BlockMapTag,
+};
+
+bool IsFollowing(const CZorEdidMap::SField& oField)
+{
+    return oField.m_eKind == CZorEdidMap::eKind_Checksum ||
+           std::ranges::find(gsc_aeFollowing, oField.m_eId) != std::end(gsc_aeFollowing);
+}
+
+bool IsHeld(const CRanges& aoRanges, const CZorEdidMap::SField& oField)
+{
+    const SRange* poFirst = aoRanges.GetData();
+    return std::any_of(poFirst, poFirst + aoRanges.GetCount(),
+                       [&](const SRange& oRange) { return oRange.Holds(oField); });
+}
+
+bool IsSameMode(const SZorMode& oFirst, const SZorMode& oSecond)
+{
+    return oFirst.m_eKind == oSecond.m_eKind && oFirst.m_uiCode == oSecond.m_uiCode &&
+           oFirst.m_uiWidth == oSecond.m_uiWidth && oFirst.m_uiHeight == oSecond.m_uiHeight &&
+           oFirst.m_bInterlaced == oSecond.m_bInterlaced &&
+           oFirst.m_oRate.m_ullDividend == oSecond.m_oRate.m_ullDividend &&
+           oFirst.m_oRate.m_ullDivisor == oSecond.m_oRate.m_ullDivisor && oFirst.m_eY420 == oSecond.m_eY420 &&
+           oFirst.m_eStereo == oSecond.m_eStereo;
+}
+} // namespace
+
+CPartsComparison::CPartsComparison(const CZorEdidMap& oBefore, const CZorEdidMap& oAfter, const SNamed& oNamed)
+    : m_oBefore(oBefore), m_oAfter(oAfter), m_oNamed(oNamed)
+{
+}
+
+CPartsComparison::SLeaves CPartsComparison::ListLeaves(const CZorEdidMap& oMap, const CRanges& aoWithout,
+                                                       const SRange& oWithin)
+{
+    SLeaves oLeaves;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        if (oField.m_eKind == CZorEdidMap::eKind_Group || !oWithin.Holds(oField) || IsHeld(aoWithout, oField))
+        {
+            continue;
+        }
+        if (IsFollowing(oField))
+        {
+            oLeaves.m_auiFollowing.Add(i);
+        }
+        else if (oField.m_eId != eZorEdidField_Padding)
+        {
+            oLeaves.m_auiKept.Add(i);
+        }
+    }
+    return oLeaves;
+}
+
+// A reference to another part says something else when that part is another one: its mode tells.
+bool CPartsComparison::IsSame(unsigned int uiBefore, unsigned int uiAfter) const
+{
+    const CZorEdidMap::SField& oBefore = m_oBefore.GetField(uiBefore);
+    const CZorEdidMap::SField& oAfter = m_oAfter.GetField(uiAfter);
+    if (oBefore.m_eId != oAfter.m_eId || oBefore.m_eKind != oAfter.m_eKind ||
+        strcmp(oBefore.m_pszName, oAfter.m_pszName) != 0 || oBefore.m_llNumber != oAfter.m_llNumber ||
+        !(m_oBefore.GetValue(uiBefore) == m_oAfter.GetValue(uiAfter)))
+    {
+        return false;
+    }
+    SZorMode oModeBefore = {};
+    SZorMode oModeAfter = {};
+    const bool bBefore = m_oBefore.GetMode(uiBefore, oModeBefore);
+    const bool bAfter = m_oAfter.GetMode(uiAfter, oModeAfter);
+    return bBefore == bAfter && IsSameMode(oModeBefore, oModeAfter);
+}
+
+CMString CPartsComparison::Compare(const CFields& auiBefore, const CFields& auiAfter) const
+{
+    const unsigned int uiCommon = std::min(auiBefore.GetCount(), auiAfter.GetCount());
+    unsigned int uiSame = 0;
+    while (uiSame < uiCommon && IsSame(auiBefore[uiSame], auiAfter[uiSame]))
+    {
+        ++uiSame;
+    }
+    if (uiSame == auiBefore.GetCount() && uiSame == auiAfter.GetCount())
+    {
+        return {};
+    }
+    const CMString oName = uiSame < auiBefore.GetCount() ? m_oBefore.GetField(auiBefore[uiSame]).m_pszName
+                                                         : m_oAfter.GetField(auiAfter[uiSame]).m_pszName;
+    return "other parts would read differently, first " + oName;
+}
+
+CMString CPartsComparison::FindDifference() const
+{
+    return Compare(ListLeaves(m_oBefore, m_oNamed.m_aoBefore, gsc_oWholeImage).m_auiKept,
+                   ListLeaves(m_oAfter, m_oNamed.m_aoAfter, gsc_oWholeImage).m_auiKept);
+}
+
+CMString CPartsComparison::FindDifference(const SRange& oBefore, const SRange& oAfter) const
+{
+    return Compare(ListLeaves(m_oBefore, {}, oBefore).m_auiKept, ListLeaves(m_oAfter, {}, oAfter).m_auiKept);
+}
+
+void CPartsComparison::ListFollowed(CFields& auiFollowed) const
+{
+    const CFields auiBefore = ListLeaves(m_oBefore, m_oNamed.m_aoBefore, gsc_oWholeImage).m_auiFollowing;
+    const CFields auiAfter = ListLeaves(m_oAfter, m_oNamed.m_aoAfter, gsc_oWholeImage).m_auiFollowing;
+    for (unsigned int i = 0; i < auiAfter.GetCount(); ++i)
+    {
+        if (i >= auiBefore.GetCount() ||
+            m_oBefore.GetField(auiBefore[i]).m_llNumber != m_oAfter.GetField(auiAfter[i]).m_llNumber)
+        {
+            auiFollowed.Add(auiAfter[i]);
+        }
+    }
+}
+
+unsigned int FindField(const CZorEdidMap& oMap, const SRange& oRange)
+{
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        if (oField.m_uiOffset == oRange.m_uiOffset && oField.m_uiLength == oRange.m_uiSize)
+        {
+            return i;
+        }
+    }
+    return CZorEdidMap::msc_uiNone;
+}
+
+CMString NamePart(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CMString oValue = oMap.GetValue(uiField);
+    CMString oName = oMap.GetField(uiField).m_pszName;
+    if (oValue.GetLength() != 0)
+    {
+        oName += " ";
+        oName += oValue;
+    }
+    return oName;
+}
+} // namespace ZorWrite

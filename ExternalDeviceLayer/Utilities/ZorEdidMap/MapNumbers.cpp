@@ -59,9 +59,26 @@ bool MeansFraction(unsigned int uiByte, unsigned int uiCode)
     return !bHdmi || poHdmi->m_bFraction;
 }
 
+// The field of an origin; where the map shows no such field, the leaf that has its first bit, which is not exact.
+unsigned int FindPlace(const CMapWriter& oWriter, const STimingOrigin& oOrigin, unsigned int uiOffset, bool& bExact)
+{
+    constexpr unsigned int uiFirstBit = 7;
+    constexpr unsigned int uiHeader = 2; // of a capability map without a byte of its own: tag and extended tag
+    if (oOrigin.m_uiLength == 0)
+    {
+        bExact = true;
+        return oWriter.FindField(uiOffset - uiHeader, uiHeader);
+    }
+    const unsigned int uiField = oOrigin.m_uiBit != STimingOrigin::msc_uiNoBit
+                                     ? oWriter.FindLeaf(uiOffset, oOrigin.m_uiBit)
+                                     : oWriter.FindField(uiOffset, oOrigin.m_uiLength);
+    bExact = uiField != CZorEdidMap::msc_uiNone;
+    return bExact ? uiField : oWriter.FindLeaf(uiOffset, uiFirstBit);
+}
+
 // The timings of a list of the block at uiStart, whose first one has the number uiFirst. A code's byte has two numbers
-// where a 1000/1001 variant that it means follows it in the list. What a 4:2:0 capability map selects is in no byte
-// of its own.
+// where a 1000/1001 variant that it means follows it in the list. What its field does not say, and what a 4:2:0
+// capability map selects, are further numbers.
 void SetNumbers(CMapWriter& oWriter, CZorEdidMap::EList eList, const CTimingOrigins& aoOrigins, unsigned int uiStart,
                 unsigned int uiFirst)
 {
@@ -69,18 +86,21 @@ void SetNumbers(CMapWriter& oWriter, CZorEdidMap::EList eList, const CTimingOrig
     {
         const STimingOrigin& oOrigin = aoOrigins[i];
         const unsigned int uiOffset = uiStart + oOrigin.m_uiOffset;
+        bool bExact = false;
+        const unsigned int uiField = FindPlace(oWriter, oOrigin, uiOffset, bExact);
         const bool bCode = oOrigin.m_uiCode != 0;
-        if (bCode && (oOrigin.m_uiOffset != oOrigin.m_uiCodeByte || oOrigin.m_bVariant != 0 ||
-                      IsListedAsOther(oWriter.GetByte(uiOffset))))
+        const bool bOther =
+            bCode && (oOrigin.m_uiOffset != oOrigin.m_uiCodeByte || IsListedAsOther(oWriter.GetByte(uiOffset)));
+        const bool bFraction = !bCode || MeansFraction(oWriter.GetByte(uiOffset), oOrigin.m_uiCode);
+        if (!bExact || bOther || (oOrigin.m_bVariant != 0 && !bFraction))
         {
-            continue;
+            oWriter.AddOtherTiming(uiField, uiFirst + oOrigin.m_uiIndex);
         }
-        const bool bPair = bCode && i + 1 < aoOrigins.GetCount() && aoOrigins[i + 1].m_bVariant != 0 &&
-                           MeansFraction(oWriter.GetByte(uiOffset), oOrigin.m_uiCode);
-        const unsigned int uiField = oOrigin.m_uiBit != STimingOrigin::msc_uiNoBit
-                                         ? oWriter.FindLeaf(uiOffset, oOrigin.m_uiBit)
-                                         : oWriter.FindField(uiOffset, oOrigin.m_uiLength);
-        oWriter.SetTiming(uiField, eList, uiFirst + oOrigin.m_uiIndex, bPair ? 2 : 1);
+        else if (oOrigin.m_bVariant == 0)
+        {
+            const bool bPair = bCode && bFraction && i + 1 < aoOrigins.GetCount() && aoOrigins[i + 1].m_bVariant != 0;
+            oWriter.SetTiming(uiField, eList, uiFirst + oOrigin.m_uiIndex, bPair ? 2 : 1);
+        }
     }
 }
 } // namespace

@@ -109,6 +109,7 @@ unsigned int CMapWriter::AppendEntry(SEntry& oEntry)
     CZorEdidMap::SField& oField = oEntry.m_oField;
     oField.m_uiIndex = CZorEdidMap::msc_uiNone;
     oField.m_uiTiming = CZorEdidMap::msc_uiNone;
+    oField.m_uiOther = CZorEdidMap::msc_uiNone;
     oField.m_uiDepth = m_uiDepth < msc_uiMostDepth ? m_uiDepth : msc_uiMostDepth;
     oField.m_uiGroup = GetOpenGroup().m_uiField;
     oField.m_uiEnd = m_oMap.GetFieldCount() + 1;
@@ -592,6 +593,20 @@ void CMapWriter::SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsig
         GetField(uiField).m_uiTiming = uiNumber;
         GetField(uiField).m_uiTimings = uiNumbers;
     }
+}
+
+void CMapWriter::AddOtherTiming(unsigned int uiField, unsigned int uiNumber)
+{
+    if (!HasField(uiField))
+    {
+        return;
+    }
+    CZorEdidMap::SField& oField = GetField(uiField);
+    if (oField.m_uiOthers == 0)
+    {
+        oField.m_uiOther = uiNumber;
+    }
+    oField.m_uiOthers += uiNumber == oField.m_uiOther + oField.m_uiOthers ? 1 : 0;
 }
 
 void CMapWriter::SetName(unsigned int uiField, const char* pszName)

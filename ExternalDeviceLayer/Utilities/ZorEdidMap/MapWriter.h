@@ -96,6 +96,8 @@ public:
     void AddNote(unsigned int uiField, EZorEdidRule eRule);
     void AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity);
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
+    // Each number of a field is one above the number before.
+    void AddOtherTiming(unsigned int uiField, unsigned int uiNumber);
 
     // A name or a meaning that depends on bytes beyond the field's record, as static texts; a number that is not that
     // of fields of one name. The meaning gsc_szReserved gives its note, as that of a row does.

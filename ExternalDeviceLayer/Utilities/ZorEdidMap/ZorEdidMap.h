@@ -110,6 +110,11 @@ public:
         /// partner at 1000/1001 has two that follow each other; this is the first one.
         unsigned int m_uiTiming;
         unsigned int m_uiTimings; ///< how many numbers: 0, 1 or 2
+        /// Further numbers of standard timings that the library lists for these bytes and that are not what the field
+        /// says: of a byte that it takes for another video code, of a code that it lists at 1000/1001 too, and of bits
+        /// that mark codes in YCbCr 4:2:0. m_uiOthers numbers from this one on; msc_uiNone without any.
+        unsigned int m_uiOther;
+        unsigned int m_uiOthers;
         EKind m_eKind;
         EArea m_eArea;
         EList m_eList;

@@ -131,7 +131,8 @@ std::string GetFieldSays(const CZorEdidMap& oMap, unsigned int uiField, PAINT fn
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
     const std::string sValue = GetFieldValue(oMap, uiField);
     std::string sText = sValue.empty() ? "" : ": " + sValue;
-    sText += oField.m_uiTiming != gsc_uiNone ? "  (" + GetTimingNumber(oField) + ")" : "";
+    const std::string sNumbers = GetTimingNumbers(oMap, uiField);
+    sText += sNumbers.empty() ? "" : "  (" + sNumbers + ")";
     for (unsigned int i = 0; i < oField.m_uiNotes; ++i)
     {
         const CZorEdidMap::SNote& oNote = oMap.GetNote(oField.m_uiFirstNote + i);
@@ -178,7 +179,7 @@ bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& s
                   HasText(GetFieldName(oField) + GetFieldSays(oMap, uiField, fnPlain), sPart) ||
                   HasText(GetCodeText(oField), sPart) ||
                   (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
-    for (unsigned int i = 0; i < oField.m_uiTimings; ++i)
+    for (unsigned int i = 0; i < oField.m_uiTimings + oField.m_uiOthers; ++i)
     {
         bFound = bFound || HasText(GetTimingNumber(oField, i), sPart);
     }

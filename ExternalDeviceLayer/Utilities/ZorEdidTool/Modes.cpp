@@ -10,6 +10,7 @@
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapText.h"
+#include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 #include "Timings.h"
 #include "Tool.h"
@@ -52,10 +53,12 @@ std::string GetText(const CImageModes& oModes)
         sText.append(sSource).append("\n").append(sLines);
     }
     sText += oModes.GetStrays().empty() ? "" : "Only in the library's lists\n";
-    for (const SImageMode* poStray : oModes.GetStrays())
+    for (const SStrayTiming& oStray : oModes.GetStrays())
     {
-        sText += GetLine(FormatText("%s %u", GetListName(poStray->m_eList), poStray->m_uiIndex),
-                         GetTimingText(poStray->m_oTiming), "");
+        sText += GetLine(oStray.GetNumberText(), GetExactText(oStray.m_oMode),
+                         FormatText("block %u byte 0x%02x: ", oStray.m_uiOffset / ZorStandards::gsc_uiBlockSize,
+                                    oStray.m_uiOffset % ZorStandards::gsc_uiBlockSize) +
+                             oStray.m_sReason);
     }
     return sText;
 }

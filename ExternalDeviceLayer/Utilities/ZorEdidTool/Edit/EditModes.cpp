@@ -9,6 +9,7 @@
 #include "ExactTimings.h"
 #include "ImageModes.h"
 #include "LoadedImage.h"
+#include "MapText.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
 #include "Standards/Modes.h"

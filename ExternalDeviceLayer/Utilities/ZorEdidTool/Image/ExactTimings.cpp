@@ -227,27 +227,14 @@ CExactTimings FindCea(const char* pszType, const SZorMode& oWanted)
     return aoTimings;
 }
 
-// A timing of the library, whose rate is the one of frames.
+// A timing of the library, of the wanted size and nominal rate.
 SZorMode MakeListed(const CVidParamTimingGeneric& oTiming, const SZorMode& oWanted)
 {
-    SZorMode oMode = oWanted;
-    oMode.m_bInterlaced = oTiming.IsInterlaced() != 0;
-    oMode.m_bTiming = true;
-    oMode.m_ullClock = oTiming.GetPixelClockInHz();
-    oMode.m_oHorizontal = { oTiming.GetHorizontalActive(),
-                            oTiming.GetHorizontalFrontPorch(),
-                            oTiming.GetHorizontalSync(),
-                            oTiming.ComputeHorizontalTotalPixel(),
-                            0,
-                            oTiming.IsHorizontalPolarityPositive() != 0 };
-    oMode.m_oVertical = { oTiming.GetVerticalActive(),
-                          oTiming.GetVerticalFrontPorch(),
-                          oTiming.GetVerticalSync(),
-                          GetVerticalTotal(oTiming),
-                          0,
-                          oTiming.IsVerticalPolarityPositive() != 0 };
-    oMode.m_oRate = { (oMode.m_bInterlaced ? 2 : 1) * oMode.m_ullClock,
-                      1ULL * oMode.m_oHorizontal.m_uiTotal * oMode.m_oVertical.m_uiTotal };
+    SZorMode oMode = MakeListedMode(oTiming);
+    oMode.m_uiWidth = oWanted.m_uiWidth;
+    oMode.m_uiHeight = oWanted.m_uiHeight;
+    oMode.m_oNominalRate = oWanted.m_oNominalRate;
+    oMode.m_uiRepetition = oWanted.m_uiRepetition;
     return oMode;
 }
 
@@ -570,6 +557,32 @@ std::string GetExactLine(const SExactTiming& oTiming)
     }
     return FormatText("%-7s %s%s%s\n", oTiming.m_pszType, GetExactNumbers(oMode).c_str(), sEnd.empty() ? "" : "  ",
                       sEnd.c_str());
+}
+
+SZorMode MakeListedMode(const CVidParamTimingGeneric& oTiming)
+{
+    SZorMode oMode = {};
+    oMode.m_uiWidth = oTiming.GetHorizontalActive();
+    oMode.m_uiHeight = oTiming.GetVerticalActive();
+    oMode.m_uiRepetition = 1;
+    oMode.m_bInterlaced = oTiming.IsInterlaced() != 0;
+    oMode.m_bTiming = true;
+    oMode.m_ullClock = oTiming.GetPixelClockInHz();
+    oMode.m_oHorizontal = { oTiming.GetHorizontalActive(),
+                            oTiming.GetHorizontalFrontPorch(),
+                            oTiming.GetHorizontalSync(),
+                            oTiming.ComputeHorizontalTotalPixel(),
+                            0,
+                            oTiming.IsHorizontalPolarityPositive() != 0 };
+    oMode.m_oVertical = { oTiming.GetVerticalActive(),
+                          oTiming.GetVerticalFrontPorch(),
+                          oTiming.GetVerticalSync(),
+                          GetVerticalTotal(oTiming),
+                          0,
+                          oTiming.IsVerticalPolarityPositive() != 0 };
+    oMode.m_oRate = { (oMode.m_bInterlaced ? 2 : 1) * oMode.m_ullClock,
+                      1ULL * oMode.m_oHorizontal.m_uiTotal * oMode.m_oVertical.m_uiTotal };
+    return oMode;
 }
 
 std::string GetMegaHertz(unsigned long long ullHz, size_t uiDecimals)

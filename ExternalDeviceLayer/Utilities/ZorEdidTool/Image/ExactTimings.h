@@ -48,6 +48,9 @@ CExactTimings FindTimingsOfVic(unsigned int uiCode);
 CExactTimings FindTimingsOfHdmiVic(unsigned int uiCode);
 CExactTimings FindTimingsOfDmt(unsigned int uiId);
 
+// A timing of the library's lists, with its exact rate, of interlaced modes that of fields.
+SZorMode MakeListedMode(const CVidParamTimingGeneric& oTiming);
+
 // Codes of CTA-861 with exactly this timing.
 SVics FindExactVics(const SZorMode& oMode);
 

@@ -36,20 +36,10 @@ public:
         {
             Number(eList, aoOrigins[i]);
         }
+        AddStrays(eList, aoOrigins);
     }
 
-    std::vector<const SImageMode*> ListStrays() const
-    {
-        std::vector<const SImageMode*> apoStrays;
-        for (size_t i = 0; i < m_aoListed.size(); ++i)
-        {
-            if (!m_abSeen[i])
-            {
-                apoStrays.push_back(&m_aoListed[i]);
-            }
-        }
-        return apoStrays;
-    }
+    const std::vector<SStrayTiming>& GetStrays() const { return m_aoStrays; }
 
 private:
     // m_aoListed is in the order of the lists, and each of them in that of its numbers.
@@ -59,6 +49,24 @@ private:
         const auto itListed = std::ranges::lower_bound(m_aoListed, std::pair(eList, uiNumber), {}, fnKey);
         const bool bFound = itListed != m_aoListed.end() && fnKey(*itListed) == std::pair(eList, uiNumber);
         return bFound ? static_cast<size_t>(itListed - m_aoListed.begin()) : m_aoListed.size();
+    }
+
+    // Those of aoOrigins that Number has found no row for.
+    void AddStrays(CZorEdidMap::EList eList, const CTimingOrigins& aoOrigins)
+    {
+        for (unsigned int i = 0; i < aoOrigins.GetCount(); ++i)
+        {
+            const STimingOrigin& oOrigin = aoOrigins[i];
+            const size_t uiListed = FindListed(eList, oOrigin.m_uiIndex);
+            if (uiListed == m_aoListed.size() || m_abSeen[uiListed])
+            {
+                continue;
+            }
+            m_abSeen[uiListed] = true;
+            const unsigned int uiOffset = oOrigin.m_uiBlock * gsc_uiBlockSize + oOrigin.m_uiCodeByte;
+            m_aoStrays.push_back({ MakeListedMode(m_aoListed[uiListed].m_oTiming), eList, oOrigin.m_uiIndex, uiOffset,
+                                   DescribeListed(m_aui8Bytes[uiOffset], oOrigin.m_bVariant != 0) });
+        }
     }
 
     void Number(CZorEdidMap::EList eList, const STimingOrigin& oOrigin)
@@ -153,7 +161,8 @@ private:
     const std::vector<unsigned char>& m_aui8Bytes;
     const CModes& m_aoListed;
     std::vector<std::pair<unsigned int, size_t>> m_auiOffsets; // and rows, in order
-    std::vector<bool> m_abSeen;                                // of m_aoListed: a row has its number
+    std::vector<bool> m_abSeen;                                // of m_aoListed: a row has its number, or it is a stray
+    std::vector<SStrayTiming> m_aoStrays;
 };
 
 struct SKind
@@ -210,8 +219,10 @@ CImageModes::CImageModes(const std::vector<unsigned char>& aui8Bytes, const CEdi
     oNumbering.Number(CZorEdidMap::eList_Standard, aoOrigins);
     poEdid->ListDetailedOrigins(aoOrigins);
     oNumbering.Number(CZorEdidMap::eList_Detailed, aoOrigins);
-    m_apoStrays = oNumbering.ListStrays();
+    m_aoStrays = oNumbering.GetStrays();
 }
+
+std::string SStrayTiming::GetNumberText() const { return FormatText("%s %u", GetListName(m_eList), m_uiNumber); }
 
 const SModeRow* CImageModes::FindPreferred() const
 {
@@ -237,12 +248,6 @@ std::string GetRateText(double dHz)
     std::string sText = FormatText("%.2f", dHz);
     sText.erase(sText.find_last_not_of('0') + 1);
     return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
-}
-
-std::string DescribeOtherCode(unsigned int uiByte)
-{
-    return FormatText("the list takes byte %02x for VIC %u", uiByte,
-                      ZorStandards::ReadListedShortVideo(uiByte).m_uiCode);
 }
 
 std::string GetSourceText(const SModeRow& oRow)

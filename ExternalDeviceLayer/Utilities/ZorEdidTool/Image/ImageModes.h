@@ -30,6 +30,18 @@ struct SModeRow
     bool IsPreferred() const { return m_poEntry->m_uiPreference == 1 && !m_bPartner; }
 };
 
+// A timing of the library's lists that no row has.
+struct SStrayTiming
+{
+    SZorMode m_oMode; // with the exact rate
+    CZorEdidMap::EList m_eList;
+    unsigned int m_uiNumber;
+    unsigned int m_uiOffset; // in the image, of the bytes that the list has it from
+    std::string m_sReason;   // "the list takes byte dd for VIC 93"
+
+    std::string GetNumberText() const; // "standard 27"
+};
+
 class CImageModes
 {
 public:
@@ -42,13 +54,13 @@ public:
     const std::vector<SModeRow>& GetRows() const { return m_aoRows; }
     // The most preferred mode; null without one.
     const SModeRow* FindPreferred() const;
-    // Timings of the lists that no row has, in the order of aoListed, which must outlive them.
-    const std::vector<const SImageMode*>& GetStrays() const { return m_apoStrays; }
+    // In the order of aoListed.
+    const std::vector<SStrayTiming>& GetStrays() const { return m_aoStrays; }
 
 private:
     CZorEdidModes m_oModes;
     std::vector<SModeRow> m_aoRows;
-    std::vector<const SImageMode*> m_apoStrays;
+    std::vector<SStrayTiming> m_aoStrays;
 };
 
 // "3840 x 2160", "1920 x 1080i"; "119.88", "59.94", "60": two decimals, without zeros at the end.
@@ -58,9 +70,6 @@ std::string GetRateText(double dHz);
 
 // Hz; 0 where no rate is given, nor a nominal one.
 double GetRate(const SZorMode& oMode);
-
-// "the list takes byte db for VIC 91", of a byte of ZorStandards::IsListedAsOther.
-std::string DescribeOtherCode(unsigned int uiByte);
 
 // Where a row comes from, the same for all rows of a kind and block: "Established timings", "Video codes, block 1".
 std::string GetSourceText(const SModeRow& oRow);

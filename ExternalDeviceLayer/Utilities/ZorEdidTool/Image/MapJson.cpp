@@ -3,6 +3,7 @@
 #include "MapJson.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "Json.h"
 #include "JsonWriter.h"
@@ -119,6 +120,15 @@ void BeginField(const CZorEdidMap& oMap, unsigned int uiField, CJsonWriter& oJso
         {
             oJson.Member("indexes", std::vector<unsigned int>{ oField.m_uiTiming, oField.m_uiTiming + 1 });
         }
+        oJson.EndObject();
+    }
+    if (oField.m_uiOthers != 0)
+    {
+        std::vector<unsigned int> auiNumbers(oField.m_uiOthers);
+        std::iota(auiNumbers.begin(), auiNumbers.end(), oField.m_uiOther);
+        oJson.BeginObject("listed_otherwise");
+        oJson.Member("list", GetListName(CZorEdidMap::eList_Standard));
+        oJson.Member("indexes", auiNumbers);
         oJson.EndObject();
     }
     WriteNotes(oMap, oField, oJson);

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/VideoCodes.h"
 #include "TextFormat.h"
 
 namespace
@@ -275,17 +276,51 @@ const char* GetNoteName(CZorEdidMap::ESeverity eSeverity)
 
 std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex)
 {
-    return FormatText("%s %u", GetListName(oField.m_eList), oField.m_uiTiming + uiIndex);
+    if (uiIndex < oField.m_uiTimings)
+    {
+        return FormatText("%s %u", GetListName(oField.m_eList), oField.m_uiTiming + uiIndex);
+    }
+    const unsigned int uiOther = uiIndex - oField.m_uiTimings;
+    return uiOther < oField.m_uiOthers
+               ? FormatText("%s %u", GetListName(CZorEdidMap::eList_Standard), oField.m_uiOther + uiOther)
+               : "";
 }
 
-std::string GetTimingNumber(const CZorEdidMap::SField& oField)
+std::string GetTimingNumbers(const CZorEdidMap& oMap, unsigned int uiField)
 {
-    std::string sText = oField.m_uiTimings != 0 ? GetTimingNumber(oField, 0) : "";
-    for (unsigned int i = 1; i < oField.m_uiTimings; ++i)
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const auto fnList = [&oField](unsigned int uiFirst, unsigned int uiCount) {
+        std::string sText = GetTimingNumber(oField, uiFirst);
+        for (unsigned int i = uiFirst + 1; i < uiFirst + uiCount; ++i)
+        {
+            const std::string sNumber = GetTimingNumber(oField, i);
+            sText += ", " + sNumber.substr(sNumber.find(' ') + 1);
+        }
+        return sText;
+    };
+    std::string sOwn = oField.m_uiTimings != 0 ? fnList(0, oField.m_uiTimings) : "";
+    if (oField.m_uiOthers == 0)
     {
-        sText += ", " + std::to_string(oField.m_uiTiming + i);
+        return sOwn;
     }
-    return sText;
+    const bool bMap = oField.m_eId == eZorEdidField_Cta420MapVic || oField.m_eId == eZorEdidField_Cta420Map;
+    const std::string sOthers = fnList(oField.m_uiTimings, oField.m_uiOthers);
+    return (sOwn.empty() ? "" : sOwn + "; ") +
+           (bMap ? "in 4:2:0 " + sOthers
+                 : DescribeListed(oMap.GetData()[oField.m_uiOffset], oField.m_uiTimings != 0) + ": " + sOthers);
+}
+
+std::string DescribeListed(unsigned int uiByte, bool bVariant)
+{
+    return ZorStandards::IsListedAsOther(uiByte) ? DescribeOtherCode(uiByte)
+           : bVariant                            ? "the list has the code at 1000/1001, too"
+                                                 : "the list has";
+}
+
+std::string DescribeOtherCode(unsigned int uiByte)
+{
+    return FormatText("the list takes byte %02x for VIC %u", uiByte,
+                      ZorStandards::ReadListedShortVideo(uiByte).m_uiCode);
 }
 
 EValueForm GetValueForm(const CZorEdidMap::SField& oField)

@@ -67,10 +67,16 @@ const char* GetAreaName(CZorEdidMap::EArea eArea);
 const char* GetListName(CZorEdidMap::EList eList); // "established", "standard", "detailed"; empty for none
 const char* GetNoteName(CZorEdidMap::ESeverity eSeverity);
 
-// The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13"; empty for other fields. And one of
-// them, below m_uiTimings: "standard 13".
-std::string GetTimingNumber(const CZorEdidMap::SField& oField);
+// The numbers of a timing that the library lists, "detailed 0" or "standard 12, 13", and of what it lists otherwise for
+// these bytes, "the list takes byte db for VIC 91: standard 7, 8"; empty for other fields. And one of all of them, from
+// 0 on: "standard 13"; empty beyond the last.
+std::string GetTimingNumbers(const CZorEdidMap& oMap, unsigned int uiField);
 std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIndex);
+
+// "the list takes byte db for VIC 91", of a byte of ZorStandards::IsListedAsOther.
+std::string DescribeOtherCode(unsigned int uiByte);
+// The same, or why the list has a timing that the field of a code does not say: at 1000/1001 of its rate with bVariant.
+std::string DescribeListed(unsigned int uiByte, bool bVariant);
 
 // "VIC 16", "DMT ID 82" of a code; else empty.
 std::string GetCodeText(const CZorEdidMap::SField& oField);

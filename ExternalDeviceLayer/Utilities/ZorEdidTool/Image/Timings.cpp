@@ -90,13 +90,6 @@ const char* GetTypeName(CVidParamTiming::EVidParamType eType)
     }
 }
 
-std::string GetTimingText(const CVidParamTimingGeneric& oTiming)
-{
-    return FormatText("%4u x %4u%c @ %3u Hz %10s MHz", oTiming.GetHorizontalActive(), oTiming.GetVerticalActive(),
-                      oTiming.IsInterlaced() != 0 ? 'i' : 'p', oTiming.GetVerticalRateInHz(),
-                      GetMegaHertzText(oTiming.GetPixelClockInHz(), 3).c_str());
-}
-
 std::string GetVicsText(const SVics& oVics)
 {
     std::string sText;

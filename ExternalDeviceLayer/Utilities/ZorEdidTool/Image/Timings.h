@@ -23,9 +23,6 @@ SVics FindVics(const CVidParamTimingGeneric& oTiming);
 // Name of the source: "dmt", "dmt-rb", "cvt", "cvt-rb", "gtf", "cea", "smpte", "detailed"; null for none.
 const char* GetTypeName(CVidParamTiming::EVidParamType eType);
 
-// "1920 x 1080p @  60 Hz    148.500 MHz"; the numbers are in columns.
-std::string GetTimingText(const CVidParamTimingGeneric& oTiming);
-
 // "VIC 16", "VIC 16/76", "VIC 16 at 1000/1001"; empty without codes.
 std::string GetVicsText(const SVics& oVics);
 

@@ -201,7 +201,7 @@ private:
         oHtml << "\" class=\"field " << SText{ bGroup ? "group" : GetAreaClass(oField) }
               << SText{ oPlace.m_bDiffers ? " differs" : "" } << "\"><span class=\"name\">"
               << SText{ GetFieldName(oField) } << "</span> ";
-        if (const std::string sNumber = GetTimingNumber(oField); !sNumber.empty())
+        if (const std::string sNumber = GetTimingNumbers(m_oMap, uiField); !sNumber.empty())
         {
             oHtml << "<span class=\"list\">" << SText{ sNumber } << "</span> ";
         }

@@ -303,10 +303,9 @@ CHtml MakeNotes(const SPage& oPage, const std::vector<STimingRow>& aoRows)
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
         std::string sStrays;
-        for (const SImageMode* poStray : oPage.m_apoImages[i]->m_oModes.GetStrays())
+        for (const SStrayTiming& oStray : oPage.m_apoImages[i]->m_oModes.GetStrays())
         {
-            sStrays +=
-                (sStrays.empty() ? "" : ", ") + FormatText("%s %u", GetListName(poStray->m_eList), poStray->m_uiIndex);
+            sStrays += (sStrays.empty() ? "" : ", ") + oStray.GetNumberText();
         }
         if (!sStrays.empty())
         {

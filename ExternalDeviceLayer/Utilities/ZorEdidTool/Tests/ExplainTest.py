@@ -5,6 +5,7 @@
 import json
 import os
 import pty
+import re
 import statistics
 import subprocess
 import sys
@@ -187,6 +188,33 @@ class ExplainTest(ToolTest):
         timings = [field["timing"] for field, _ in walk(self.tree(path)["fields"]) if "timing" in field]
         self.assertEqual({(timing["list"], timing["index"]) for timing in timings} - listed, set())
         self.assertIn({"list": "detailed", "index": 1}, timings)
+
+    # Also of bytes that the list takes for other codes, of HDMI's code 4, which it has at 23.98 Hz too, and in 4:2:0.
+    def test_every_number_of_the_lists_has_its_bytes(self):
+        def numbers(text):
+            found = re.findall(r"(established|standard|detailed) (\d+(?:, \d+)*)", text)
+            return {(name, int(number)) for name, several in found for number in several.split(", ")}
+
+        for blocks in ["", "42 10dd 41 c2", "42 db1f e2 0f01", "6c 030c00 1000000020 0040 0304", "42 1310 e2 0f02 e2 0e61",
+                       "45 0302031310 e1 0f e2 0e44", "41 13 ec 01 030c00 1000000020 002003 e2 0e61", "43 10df10 e2 0edd"]:
+            data = bytes.fromhex(blocks)
+            image = with_blocks(bytes([2, 3, 4 + len(data), 0]) + data) if blocks else MONITOR
+            with self.subTest(blocks):
+                path = self.save(image)
+                modes = json.loads(run("modes", "--json", path, status=0)[0])
+                listed = {(name, timing["index"]) for name in ["established", "standard", "detailed"]
+                          for timing in modes[name]}
+                self.assertEqual(numbers(run("modes", path, status=0)[0]), listed)
+                self.assertEqual(numbers(run("explain", path, status=0)[0]), listed)
+                fields = [field for field, _ in walk(self.tree(path)["fields"])]
+                found = {(part["list"], number) for field in fields for part in [field.get("timing"),
+                         field.get("listed_otherwise")] if part for number in part.get("indexes", [part.get("index")])}
+                self.assertEqual(found, listed)
+        out = run("modes", self.save(with_blocks(bytes.fromhex("02030600 41dd"))), status=0)[0]
+        self.assertIn("Only in the library's lists\n"
+                      "  standard 7      3840 x 2160p @  24.000 Hz     297.000 MHz  "
+                      "block 1 byte 0x05: the list takes byte dd for VIC 93\n"
+                      "  standard 8      3840 x 2160p @  23.976 Hz     296.703 MHz  ", out)
 
     def test_what_there_is_not(self):
         for arguments, reason in [

@@ -170,14 +170,15 @@ TEST_F(MapOfMonitor, TimingsAndCodesAreFoundByTheirNumbers)
 {
     const auto fnGroup = [&](unsigned int uiOffset) {
         const std::vector<unsigned int> auiChain = GetChain(m_oMap, m_oMap.FindLeaf(uiOffset, 0));
-        return m_oMap.GetField(auiChain[auiChain.size() - 2]);
+        return auiChain[auiChain.size() - 2];
     };
-    EXPECT_EQ("standard 7, 8", GetTimingNumber(fnGroup(0x85)));
-    EXPECT_EQ("standard 9, 10", GetTimingNumber(fnGroup(0x86)));
-    EXPECT_EQ("standard 10", GetTimingNumber(fnGroup(0x86), 1));
-    EXPECT_EQ("detailed 0", GetTimingNumber(fnGroup(0x36)));
-    EXPECT_EQ("standard 0", GetTimingNumber(fnGroup(0x26)));
-    EXPECT_EQ("", GetTimingNumber(fnGroup(0x08)));
+    const auto fnNumbers = [&](unsigned int uiOffset) { return GetTimingNumbers(m_oMap, fnGroup(uiOffset)); };
+    EXPECT_EQ("standard 7, 8", fnNumbers(0x85));
+    EXPECT_EQ("standard 9, 10", fnNumbers(0x86));
+    EXPECT_EQ("standard 10", GetTimingNumber(m_oMap.GetField(fnGroup(0x86)), 1));
+    EXPECT_EQ("detailed 0", fnNumbers(0x36));
+    EXPECT_EQ("standard 0", fnNumbers(0x26));
+    EXPECT_EQ("", fnNumbers(0x08));
     EXPECT_EQ("VIC 1", GetCodeText(m_oMap.GetField(m_oMap.FindLeaf(0x85, 0))));
     EXPECT_EQ("", GetCodeText(m_oMap.GetField(m_oMap.FindLeaf(0x85, 7))));
 }

@@ -7,10 +7,12 @@
 #include <nlohmann/json.hpp>
 
 #include "DisplayIdImages.h"
+#include "ExactTimings.h"
 #include "Json.h"
 #include "MapText.h"
 #include "OsServices.h"
 #include "SharedFiles.h"
+#include "TextFormat.h"
 #include "Timings.h"
 
 namespace
@@ -32,51 +34,51 @@ struct STextCase
 
 const STextCase gsc_aoTexts[] = {
     { { 1920, 1080, 60, 67500, 148500000, 88, 44, 148, 4, 5, 36, gsc_uiPlusPlus, gsc_eCea },
-      "1920 x 1080p @  60 Hz    148.500 MHz",
+      "1920 x 1080p @  60.000 Hz     148.500 MHz",
       "Modeline \"1920x1080_60\" 148.50 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync",
       "VIC 16/76" },
     { { 1920, 1080, 59, 67433, 148351648, 88, 44, 148, 4, 5, 36, gsc_uiPlusPlus, gsc_eCea },
-      "1920 x 1080p @  59 Hz 148.351648 MHz",
+      "1920 x 1080p @  59.940 Hz  148.351648 MHz",
       "Modeline \"1920x1080_59\" 148.351648 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync",
       "VIC 16/76 at 1000/1001" },
     // Half of the clock counts for the link; the code is that of the whole one.
     { { 1920, 1080, 60, 67500, 148500000, 88, 44, 148, 4, 5, 36, gsc_uiPlusPlus | gsc_ui420, gsc_eCea },
-      "1920 x 1080p @  60 Hz    148.500 MHz",
+      "1920 x 1080p @  60.000 Hz     148.500 MHz",
       "Modeline \"1920x1080_60\" 148.50 1920 2008 2052 2200 1080 1084 1089 1125 +hsync +vsync",
       "VIC 16/76" },
     // Porches and sync of a field count twice; the half lines of both fields make 1125.
     { { 1920, 1080, 30, 33750, 74250000, 88, 44, 148, 2, 5, 15, gsc_uiPlusPlus | gsc_uiInterlaced, gsc_eCea },
-      "1920 x 1080i @  30 Hz     74.250 MHz",
+      "1920 x 1080i @  60.000 Hz      74.250 MHz",
       "Modeline \"1920x1080i_30\" 74.25 1920 2008 2052 2200 1080 1084 1094 1125 +hsync +vsync Interlace",
       "VIC 5" },
     // The one interlaced mode of an even total.
     { { 1920, 1080, 25, 31250, 72000000, 32, 168, 184, 23, 5, 57, gsc_uiPlusMinus | gsc_uiInterlaced, gsc_eCea },
-      "1920 x 1080i @  25 Hz     72.000 MHz",
+      "1920 x 1080i @  50.000 Hz      72.000 MHz",
       "Modeline \"1920x1080i_25\" 72.00 1920 1952 2120 2304 1080 1126 1136 1250 +hsync -vsync Interlace",
       "VIC 39" },
     { { 640, 480, 59, 31469, 25175000, 16, 96, 48, 10, 2, 33, 0, gsc_eCea },
-      " 640 x  480p @  59 Hz     25.175 MHz",
+      " 640 x  480p @  59.940 Hz      25.175 MHz",
       "Modeline \"640x480_59\" 25.175 640 656 752 800 480 490 492 525 -hsync -vsync",
       "VIC 1 at 1000/1001" },
     { { 640, 480, 60, 31500, 25200000, 16, 96, 48, 10, 2, 33, 0, gsc_eCea },
-      " 640 x  480p @  60 Hz     25.200 MHz",
+      " 640 x  480p @  60.000 Hz      25.200 MHz",
       "Modeline \"640x480_60\" 25.20 640 656 752 800 480 490 492 525 -hsync -vsync",
       "VIC 1" },
     { { 1680, 1050, 60, 65290, 146250000, 104, 176, 280, 3, 6, 30, 0, CVidParamTiming::eVidParamType_Dmt },
-      "1680 x 1050p @  60 Hz    146.250 MHz",
+      "1680 x 1050p @  59.954 Hz     146.250 MHz",
       "Modeline \"1680x1050_60\" 146.25 1680 1784 1960 2240 1050 1053 1059 1089 -hsync -vsync",
       "" },
     { { 16, 9, 1, 10, 100000005, 1, 2, 3, 1, 1, 1, 0, gsc_eCea },
-      "  16 x    9p @   1 Hz 100.000005 MHz",
+      "  16 x    9p @ 378787.898 Hz  100.000005 MHz",
       "Modeline \"16x9_1\" 100.000005 16 17 19 22 9 10 11 12 -hsync -vsync",
       "" },
     // A blanking below its parts leaves a back porch below 0.
     { { 640, 480, 60, 31500, 25200000, 16, 96, 0U - 10U, 10, 2, 33, 0, gsc_eCea },
-      " 640 x  480p @  60 Hz     25.200 MHz",
+      " 640 x  480p @  64.690 Hz      25.200 MHz",
       "# 640x480_60: its sync ends after its total",
       "" },
     { { 640, 480, 60, 31500, 25200000, 16, 96, 48, 10, 2, 0U - 1U, 0, gsc_eCea },
-      " 640 x  480p @  60 Hz     25.200 MHz",
+      " 640 x  480p @  64.155 Hz      25.200 MHz",
       "# 640x480_60: its sync ends after its total",
       "" },
 };
@@ -86,7 +88,7 @@ TEST(Timings, AsText)
     for (const STextCase& oCase : gsc_aoTexts)
     {
         const CVidParamTimingGeneric oTiming(oCase.m_oData);
-        EXPECT_EQ(oCase.m_pszText, GetTimingText(oTiming));
+        EXPECT_EQ(oCase.m_pszText, GetExactText(MakeListedMode(oTiming)));
         EXPECT_EQ(oCase.m_pszModeline, GetModeline(oTiming));
         EXPECT_EQ(oCase.m_pszVics, GetVicsText(FindVics(oTiming))) << oCase.m_pszModeline;
     }
@@ -125,7 +127,10 @@ TEST_F(ListedTimings, StandUnderTheNumbersOfTheirBlocks)
     {
         std::ostringstream oLine;
         oLine << GetListName(oListed.m_eList) << ' ' << oListed.m_uiIndex << " in " << oListed.m_uiBlock << ' '
-              << oListed.m_pszKind << ": " << GetTimingText(oListed.m_oTiming).substr(0, 21) << ' '
+              << oListed.m_pszKind << ": "
+              << FormatText("%4u x %4u%c @ %3u Hz ", oListed.m_oTiming.GetHorizontalActive(),
+                            oListed.m_oTiming.GetVerticalActive(), oListed.m_oTiming.IsInterlaced() != 0 ? 'i' : 'p',
+                            oListed.m_oTiming.GetVerticalRateInHz())
               << oListed.m_sStandardCode << GetVicsText(oListed.m_oVics) << (oListed.m_bPreferred ? " preferred" : "")
               << (oListed.m_bNative ? " native" : "") << (oListed.m_bVesa ? " vesa" : "")
               << (oListed.m_oTiming.Is420ColorSpace() != 0 ? " 4:2:0" : "");

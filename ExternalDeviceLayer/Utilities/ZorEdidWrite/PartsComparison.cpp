@@ -145,7 +145,9 @@ unsigned int FindField(const CZorEdidMap& oMap, const SRange& oRange)
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
-        if (oField.m_uiOffset == oRange.m_uiOffset && oField.m_uiLength == oRange.m_uiSize)
+        // The data block collection has the bytes of its only data block, too.
+        if (oField.m_uiOffset == oRange.m_uiOffset && oField.m_uiLength == oRange.m_uiSize &&
+            oField.m_eId != eZorEdidField_CtaCollection)
         {
             return i;
         }

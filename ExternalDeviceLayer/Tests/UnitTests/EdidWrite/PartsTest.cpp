@@ -335,6 +335,11 @@ TEST_F(Parts, WhatFollows)
     ASSERT_EQ(1, AddBlock(0x70)(oParts, oAnswer));
     EXPECT_EQ(0x02, GetNumber(oParts, eZorEdidField_BlockMapTag));
     EXPECT_EQ(0x70, GetNumber(oParts, eZorEdidField_BlockMapTag, 1));
+    // The only data block has the bytes of the collection, too.
+    Read(oParts, MakeEdid({}));
+    ASSERT_EQ(1, AddBlock(2)(oParts, oAnswer));
+    ASSERT_EQ(1, AddItem(eZorEdidField_CtaVideo, { 97 })(oParts, oAnswer)) << oAnswer.m_oReason;
+    EXPECT_EQ(eZorEdidField_CtaVideo, oParts.GetMap().GetField(oAnswer.m_uiField).m_eId);
 }
 
 TEST_F(Parts, FullBlocksSayWhatLacks)

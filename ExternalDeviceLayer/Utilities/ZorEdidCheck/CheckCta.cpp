@@ -79,8 +79,9 @@ void CountLocations(const CFindings& oFindings, unsigned int& uiDataBlocks, unsi
     oFindings.ForEachBlock(gsc_uiCtaTag, [&](unsigned int uiBlock) {
         oFindings.ForEachField(uiBlock, eZorEdidField_CtaSpeakerLocation,
                                [&](unsigned int, const CMap::SField&) { ++uiDataBlocks; });
-        oFindings.ForEachField(uiBlock, eZorEdidField_CtaSpeakerLocationActive,
-                               [&](unsigned int, const CMap::SField& oField) { uiActive += oField.m_llNumber != 0; });
+        oFindings.ForEachField(
+            uiBlock, eZorEdidField_CtaSpeakerLocationActive,
+            [&](unsigned int, const CMap::SField& oField) { uiActive += oField.m_llNumber != 0 ? 1U : 0U; });
     });
 }
 

@@ -74,17 +74,12 @@ public:
         const unsigned int uiEnd = std::min(m_aui8Data.GetCount(), uiBlocks * gsc_uiBlockSize);
         for (unsigned int uiBlock = 0; uiBlock + gsc_uiBlockSize <= uiEnd; uiBlock += gsc_uiBlockSize)
         {
-            unsigned char* pui8Block = m_aui8Data.GetData() + uiBlock;
-            const unsigned int uiSection = DisplayId::GetSectionSize(pui8Block);
-            if (uiBlock != 0 && pui8Block[0] == gsc_uiDisplayIdTag && uiSection < gsc_uiChecksumOffset &&
-                HasChecksum(uiBlock + uiSection))
-            {
-                StoreChecksum(uiBlock + DisplayId::gsc_uiSectionOffset, uiSection);
-            }
-            if (HasChecksum(uiBlock + gsc_uiChecksumOffset))
-            {
-                StoreChecksum(uiBlock, gsc_uiBlockSize);
-            }
+            ForEachSum(m_aui8Data.GetData() + uiBlock, [&](unsigned int uiFirst, unsigned int uiLength) {
+                if (HasChecksum(uiBlock + uiFirst + uiLength - 1))
+                {
+                    StoreChecksum(uiBlock + uiFirst, uiLength);
+                }
+            });
         }
     }
 

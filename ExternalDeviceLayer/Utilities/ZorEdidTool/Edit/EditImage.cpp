@@ -9,7 +9,7 @@
 #include "EdidUtils.h"
 #include "LoadedImage.h"
 #include "Standards/BaseBlock.h"
-#include "Standards/DisplayIdSection.h"
+#include "Standards/ExtensionBlocks.h"
 
 namespace
 {
@@ -275,13 +275,10 @@ void CEditImage::RepairChecksums()
         {
             continue;
         }
-        const unsigned int uiSection = ZorStandards::DisplayId::GetSectionSize(oBlock.m_aui8Bytes.data());
-        if (oBlock.m_aui8Bytes[0] == gsc_uiDisplayIdTag && uiSection < CEdidUtils::msc_uiChecksumOffset)
-        {
-            CEdidUtils::StoreChecksum(uiSection,
-                                      oBlock.m_aui8Bytes.data() + ZorStandards::DisplayId::gsc_uiSectionOffset);
-        }
-        CEdidUtils::StoreChecksum(gsc_uiBlockSize, oBlock.m_aui8Bytes.data());
+        unsigned char* pui8Block = oBlock.m_aui8Bytes.data();
+        ZorStandards::ForEachSum(pui8Block, [pui8Block](unsigned int uiOffset, unsigned int uiSize) {
+            CEdidUtils::StoreChecksum(uiSize, pui8Block + uiOffset);
+        });
     }
 }
 

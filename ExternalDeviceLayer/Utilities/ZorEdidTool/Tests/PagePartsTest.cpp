@@ -481,8 +481,8 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
     EXPECT_TRUE(Has(sHtml, "<strong>CTA-861 extension block</strong> <span>A: present</span> <span>B: missing</span>"));
     EXPECT_EQ(0U, Count(sHtml, "erial number</strong>")); // its fact says it
     EXPECT_EQ(0U, Count(sHtml, "Video data block"));
-    EXPECT_TRUE(
-        Has(sFindings, "<a href=\"#b17\">0x11</a> <span><strong>year</strong>: found 2080, expected at most 2026"));
+    EXPECT_TRUE(Has(sFindings, "<a href=\"#b17\">0x11</a> <span><strong>the year is in the future</strong>: found "
+                               "2080, expected at most 2026"));
     EXPECT_EQ(1U, Count(MakeFindings(MakePageOf({ MakeEdid({}) })).Get(), "The check finds nothing."));
     EXPECT_TRUE(Has(MakeDifferences(MakePageOf({ MakeEdid({}), MakeEdid({}) })).Get(),
                     "<p class=\"good\">Both say the same.</p>"));

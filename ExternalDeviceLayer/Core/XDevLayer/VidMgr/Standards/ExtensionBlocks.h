@@ -34,6 +34,19 @@ inline unsigned int CountExtensions(const unsigned char* pui8Image, unsigned int
     return uiSize < gsc_uiBlockSize ? 0 : pui8Image[FindExtensionCount(pui8Image, uiSize)];
 }
 
+// The runs of bytes of a block whose sums must be 0, the last byte of each a checksum, in the order in which these are
+// to be made right: fnVisit(offset in the block, size). Some kinds of blocks have no checksum of their own.
+template <class VISIT>
+void ForEachSum(const unsigned char* pui8Block, VISIT fnVisit)
+{
+    const unsigned int uiSection = DisplayId::GetSectionSize(pui8Block);
+    if (pui8Block[0] == gsc_uiDisplayIdTag && uiSection < gsc_uiChecksumOffset)
+    {
+        fnVisit(DisplayId::gsc_uiSectionOffset, uiSection);
+    }
+    fnVisit(0U, gsc_uiBlockSize);
+}
+
 // Goes over the blocks of an image that follow the base block. The last one may be cut short.
 class CBlockWalk
 {

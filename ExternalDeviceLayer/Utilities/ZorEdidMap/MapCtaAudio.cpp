@@ -37,6 +37,8 @@ enum EExtended : unsigned int
     eExtended_MpegH = 11,
     eExtended_Ac4 = 12,
     eExtended_Pcm3d = 13,
+    eExtended_AuroCx = 14,
+    eExtended_MpegDUsac = 15,
 };
 
 constexpr SMeaning gsc_aoFormats[] = {
@@ -74,6 +76,8 @@ constexpr SMeaning gsc_aoExtended[] = {
     { 11, 11, "MPEG-H 3D Audio" },
     { 12, 12, "AC-4" },
     { 13, 13, "L-PCM 3D Audio" },
+    { 14, 14, "Auro-Cx" },
+    { 15, 15, "MPEG-D USAC" },
     { 16, 31, gsc_szReserved },
 };
 
@@ -119,6 +123,11 @@ bool HasOwnValue(const CRecord& oAudio)
 {
     return WhereFormat<eFormat_OneBit>(oAudio) || WhereFormat<eFormat_DtsHd>(oAudio) ||
            WhereFormat<eFormat_Dst>(oAudio);
+}
+
+bool IsOfLaterEdition(const CRecord& oAudio)
+{
+    return WhereExtended<eExtended_AuroCx>(oAudio) || WhereExtended<eExtended_MpegDUsac>(oAudio);
 }
 
 bool HasSampleSizes(const CRecord& oAudio)
@@ -201,6 +210,13 @@ constexpr SRow gsc_aoAudioRows[] = {
     { eId_CtaAudioLowComplexityProfile, Bit(2, 0), "Low complexity profile", Flag(), WhereExtended<eExtended_MpegH> },
     { eId_CtaAudioFormatDependentValue, Bits(2, 2, 0), "Audio format code dependent value", Number(),
       WhereExtended<eExtended_Ac4> },
+    // Of these two the published part is all that is known.
+    { eId_CtaAudioFormatDependentValue, Bits(2, 2, 0), "Audio format code dependent value", Number(),
+      WhereExtended<eExtended_AuroCx> },
+    { eId_Unknown, Bits(0, 2, 0), "Unknown", Unknown(), WhereExtended<eExtended_AuroCx> },
+    { eId_Unknown, Bits(2, 2, 0), "Unknown", Unknown(), WhereExtended<eExtended_MpegDUsac> },
+    { eId_Unknown, Bit(0, 7), "Unknown", Unknown(), IsOfLaterEdition },
+    { eId_Unknown, Bit(1, 7), "Unknown", Unknown(), IsOfLaterEdition },
     { eId_Unknown, Bit(0, 7), "Unknown", Unknown(), IsUnknownExtended },
     { eId_Unknown, Bits(0, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
     { eId_Unknown, Bit(1, 7), "Unknown", Unknown(), IsUnknownExtended },

@@ -522,6 +522,53 @@ constexpr STable gsc_oDummyTable = { eId_BaseDummy, "Dummy descriptor", eArea_Un
 constexpr SRow gsc_aoMakerRows[] = { { eId_BaseManufacturerData, Run(0x05, 13), "Manufacturer's data", Bytes() } };
 constexpr STable gsc_oMakerTable = { eId_BaseManufacturer, "Manufacturer specified descriptor", eArea_Vendor,
                                      gsc_aoMakerRows };
+
+// ---- The descriptor of embedded panels (EPI) with tag 0Eh. The standard is withdrawn: the layout is the one that
+// edid-decode reads ----
+
+constexpr SMeaning gsc_aoEpiBits[] = { { 0, 0, "18" }, { 1, 1, "24" }, { 2, 2, "30" }, { 3, 7, gsc_szReserved } };
+constexpr SMeaning gsc_aoEpiPixels[] = { { 0, 0, "1" }, { 1, 1, "2" }, { 2, 2, "4" }, { 3, 3, gsc_szReserved } };
+constexpr SMeaning gsc_aoEpiMappings[] = { { 0, 0, "conventional" },
+                                           { 1, 1, "not conventional" },
+                                           { 2, 3, gsc_szReserved } };
+constexpr SMeaning gsc_aoEpiInterfaces[] = { { 0, 0, "LVDS TFT" },
+                                             { 1, 1, "monochrome STN, 4 or 8 bits" },
+                                             { 2, 2, "color STN, 8 or 16 bits" },
+                                             { 3, 3, "TFT, 18 bits" },
+                                             { 4, 4, "TFT, 24 bits" },
+                                             { 5, 5, "TMDS" },
+                                             { 6, 15, gsc_szReserved } };
+constexpr SMeaning gsc_aoEpiDelay[] = { { 0, 0, "default of the controller" } };
+constexpr auto gsc_aoEpiActive = Listed({ "high", "low" });
+constexpr auto gsc_aoEpiInverted = Listed({ "not inverted", "inverted" });
+constexpr auto gsc_aoEpiReversed = Listed({ "normal", "reversed" });
+constexpr auto gsc_aoEpiEnabled = Listed({ "disabled", "enabled" });
+
+constexpr SForm gsc_oEpiDelay = Number("ms").Times(10).With(gsc_aoEpiDelay);
+
+constexpr SRow gsc_aoEpiRows[] = {
+    { eId_BaseEpiBitsPerPixel, Bits(0x05, 2, 0), "Bits per pixel", Names(gsc_aoEpiBits) },
+    { eId_BaseEpiPixelsPerClock, Bits(0x05, 4, 3), "Pixels per clock", Names(gsc_aoEpiPixels) },
+    { eId_BaseEpiDataMapping, Bits(0x05, 6, 5), "Data color mapping", Names(gsc_aoEpiMappings) },
+    { eId_BaseEpiInterfaceType, Bits(0x06, 3, 0), "Interface type", Names(gsc_aoEpiInterfaces) },
+    { eId_BaseEpiDataEnablePolarity, Bit(0x06, 4), "Data enable, active", Flag(gsc_aoEpiActive) },
+    { eId_BaseEpiShiftClockPolarity, Bit(0x06, 5), "Shift clock", Flag(gsc_aoEpiInverted) },
+    { eId_BaseEpiVerticalDisplay, Bit(0x07, 0), "Vertical display mode", Flag(gsc_aoEpiReversed) },
+    { eId_BaseEpiHorizontalDisplay, Bit(0x07, 1), "Horizontal display mode", Flag(gsc_aoEpiReversed) },
+    { eId_BaseEpiPowerOnDelay, Bits(0x08, 3, 0), "Power on sequencing delay", gsc_oEpiDelay },
+    { eId_BaseEpiPowerOffDelay, Bits(0x08, 7, 4), "Power off sequencing delay", gsc_oEpiDelay },
+    { eId_BaseEpiContrastOnDelay, Bits(0x09, 3, 0), "Contrast power on delay", gsc_oEpiDelay },
+    { eId_BaseEpiContrastOffDelay, Bits(0x09, 7, 4), "Contrast power off delay", gsc_oEpiDelay },
+    { eId_BaseEpiBacklightSteps, Bits(0x0A, 5, 0), "Backlight brightness control", Number("steps") },
+    { eId_BaseEpiBacklightOffAtBoot, Bit(0x0A, 6), "Backlight off at boot", Flag() },
+    { eId_BaseEpiBacklightControl, Bit(0x0A, 7), "Backlight control", Flag(gsc_aoEpiEnabled) },
+    { eId_BaseEpiContrastSteps, Bits(0x0B, 5, 0), "Contrast voltage control", Number("steps") },
+    { eId_BaseEpiContrastControl, Bit(0x0B, 7), "Contrast control", Flag(gsc_aoEpiEnabled) },
+    { eId_BaseEpiVersion, Bits(0x11, 7, 4), "EPI version", Number() },
+    { eId_BaseEpiRevision, Bits(0x11, 3, 0), "EPI revision", Number() },
+};
+constexpr STable gsc_oEpiTable = { eId_BaseEpi, "Embedded panel interface descriptor", eArea_Display, gsc_aoEpiRows };
+
 constexpr SRow gsc_aoUnknownRows[] = { { eId_Unknown, Run(0x05, 13), "Unknown", Unknown() } };
 constexpr STable gsc_oUnknownTable = { eId_BaseReserved, "Reserved descriptor", eArea_Unused, gsc_aoUnknownRows };
 
@@ -561,7 +608,9 @@ struct SDescriptor
 // E-EDID table 3.23
 // clang-format off
 constexpr SDescriptor gsc_aoDescriptors[] = {
-    { { 0x00, 0x0F, "manufacturer specified" }, &gsc_oMakerTable },
+    { { 0x00, 0x0D, "manufacturer specified" }, &gsc_oMakerTable },
+    { { 0x0E, 0x0E, "embedded panel interface" }, &gsc_oEpiTable },
+    { { 0x0F, 0x0F, "manufacturer specified" }, &gsc_oMakerTable },
     { { 0x10, 0x10, "dummy" }, &gsc_oDummyTable },
     { { 0x11, 0xF6, gsc_szReserved }, &gsc_oUnknownTable },
     { { 0xF7, 0xF7, "established timings III" }, &gsc_oModesTable },

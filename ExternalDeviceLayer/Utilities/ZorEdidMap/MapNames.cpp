@@ -20,10 +20,17 @@ CMString OuiText(const CRecord& /*oRecord*/, unsigned int uiOui)
 {
     CMString sText;
     sText.Format("%02X-%02X-%02X", uiOui >> 16, (uiOui >> 8) & 0xFF, uiOui & 0xFF);
+    // Apple's DisplayID has the bytes in the other order.
+    const unsigned int uiReversed = (uiOui & 0xFF) << 16 | (uiOui & 0xFF00) | uiOui >> 16;
     const char* pszName = FindOuiName(uiOui);
+    const char* pszOther = FindOuiName(uiReversed);
     if (pszName != nullptr)
     {
         sText.AppendFormat(" %s", pszName);
+    }
+    else if (pszOther != nullptr)
+    {
+        sText.AppendFormat(" %s, bytes reversed", pszOther);
     }
     return sText;
 }

@@ -463,7 +463,14 @@
     X(2254, LsUnicodeVersionMinor) X(2255, LsUnicodeVersionUpdate) P(LsTable, "ls.table") X(2256, LsTableLength)      \
     X(2257, LsTableEncoding) X(2258, LsTableCountry) X(2259, LsTableLanguage) X(2260, LsTable)                        \
     X(2261, LsTableManufacturerNameLength) X(2262, LsTableManufacturerName) X(2263, LsTableModelNameLength)           \
-    X(2264, LsTableModelName) X(2265, LsTableSerialNumberLength) X(2266, LsTableSerialNumber)
+    X(2264, LsTableModelName) X(2265, LsTableSerialNumberLength) X(2266, LsTableSerialNumber)                         \
+    S(2280, BaseEpi, "base.epi") X(2281, BaseEpiBitsPerPixel) X(2282, BaseEpiPixelsPerClock)                          \
+    X(2283, BaseEpiDataMapping) X(2284, BaseEpiInterfaceType) X(2285, BaseEpiDataEnablePolarity)                      \
+    X(2286, BaseEpiShiftClockPolarity) X(2287, BaseEpiVerticalDisplay) X(2288, BaseEpiHorizontalDisplay)              \
+    X(2289, BaseEpiPowerOnDelay) X(2290, BaseEpiPowerOffDelay) X(2291, BaseEpiContrastOnDelay)                        \
+    X(2292, BaseEpiContrastOffDelay) X(2293, BaseEpiBacklightSteps) X(2294, BaseEpiBacklightOffAtBoot)                \
+    X(2295, BaseEpiBacklightControl) X(2296, BaseEpiContrastSteps) X(2297, BaseEpiContrastControl)                    \
+    X(2298, BaseEpiVersion) X(2299, BaseEpiRevision)
 // clang-format on
 
 #define ZOR_EDID_NO_FIELD(...) // for P, where only enumerators are asked for

@@ -105,7 +105,7 @@ TEST(MapAudioRows, BitsOfExtendedFormats)
           5,
           { { "00.7,2-0", "Reserved", "0x2", gsc_szSet }, { "02.2-0", "Audio format code dependent value", "5" } } },
         { { 13 }, 5, { { "02.2", "24 bit", "yes" }, { "02.1", "20 bit", "no" }, { "02.0", "16 bit", "yes" } } },
-        { { 0, 9, 14, 31 },
+        { { 0, 9, 16, 31 },
           5,
           { { "00.7", "Unknown", "0x0" },
             { "00.2-0", "Unknown", "0x2" },

@@ -83,6 +83,38 @@ CBytes BehindBaseBlock(CBytes aui8Block)
     return Join({ aui8Image, aui8Block });
 }
 
+CBytes MakeCtaImage(const SCaseRow& oRow)
+{
+    constexpr unsigned int uiHeadSize = 4;
+    const CBytes aui8Content = oRow.GetBytes(2);
+    CBytes aui8Block = oRow.GetBytes(1);
+    if (aui8Block.empty())
+    {
+        aui8Block = { 0x02, 0x03, static_cast<unsigned char>(uiHeadSize + aui8Content.size()), 0x40 };
+    }
+    Append(aui8Block, aui8Content);
+    return FixChecksums(BehindBaseBlock(aui8Block));
+}
+
+CBytes MakeSectionImage(const SCaseRow& oRow)
+{
+    constexpr unsigned char ui8DisplayIdTag = 0x70;
+    constexpr size_t uiSectionOffset = 1;
+    constexpr size_t uiSectionOverhead = 4; // its header, up to the section checksum
+    CBytes aui8Header = oRow.GetBytes(1);
+    if (aui8Header.empty())
+    {
+        aui8Header = { 0x12, 121, 0x03, 0x00 };
+    }
+    CBytes aui8Image = BehindBaseBlock(Join({ { ui8DisplayIdTag }, aui8Header, oRow.GetBytes(2) }));
+    const size_t uiChecksum = uiSectionOffset + uiSectionOverhead + aui8Header[1];
+    if (uiChecksum < gsc_uiBlockSize - 1)
+    {
+        FixSum(aui8Image, gsc_uiBlockSize + uiSectionOffset, gsc_uiBlockSize + uiChecksum);
+    }
+    return FixChecksums(aui8Image);
+}
+
 unsigned int FindNext(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sName)
 {
     while (uiField < oMap.GetFieldCount() &&

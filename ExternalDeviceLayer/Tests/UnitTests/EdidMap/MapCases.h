@@ -11,6 +11,11 @@
 // A base block of zeros that counts one extension block, and that block.
 CBytes BehindBaseBlock(CBytes aui8Block);
 
+// The images that the rows of golden/cta-blocks.txt and golden/displayid-blocks.txt describe: a header or nothing for
+// the usual one, then data blocks.
+CBytes MakeCtaImage(const SCaseRow& oRow);
+CBytes MakeSectionImage(const SCaseRow& oRow);
+
 // The next field of this name in the extension block; the count for none.
 unsigned int FindNext(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sName);
 

@@ -53,6 +53,33 @@ TEST(MapDescriptorRows, DetailedTiming)
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 ..17 6C"), aoAnalog);
 }
 
+TEST(MapDescriptorRows, EmbeddedPanelInterface)
+{
+    static constexpr SRowCase aoRows[] = {
+        { "05.7", "Reserved", "0x1", gsc_szSet },
+        { "05.6-5", "Data color mapping", "not conventional" },
+        { "05.4-3", "Pixels per clock", "4" },
+        { "05.2-0", "Bits per pixel", "24" },
+        { "06.5", "Shift clock", "inverted" },
+        { "06.4", "Data enable, active", "high" },
+        { "06.3-0", "Interface type", "TMDS" },
+        { "07.1", "Horizontal display mode", "reversed" },
+        { "07.0", "Vertical display mode", "normal" },
+        { "08.7-4", "Power off sequencing delay", "120 ms" },
+        { "08.3-0", "Power on sequencing delay", "30 ms" },
+        { "09.7-4", "Contrast power off delay", "default of the controller" },
+        { "09.3-0", "Contrast power on delay", "70 ms" },
+        { "0A.7", "Backlight control", "enabled" },
+        { "0A.6", "Backlight off at boot", "no" },
+        { "0A.5-0", "Backlight brightness control", "50 steps" },
+        { "0B.7", "Contrast control", "disabled" },
+        { "0B.5-0", "Contrast voltage control", "11 steps" },
+        { "11.7-4", "EPI version", "1" },
+        { "11.3-0", "EPI revision", "2" },
+    };
+    ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "00*3 0E 00 B1 25 02 C3 07 B2 0B 00*5 12"), aoRows);
+}
+
 // Blanking holds front porch and sync pulse: 176 + 352 pixels, 37 + 22 lines.
 TEST(MapDescriptorRows, BlankingOfADetailedTiming)
 {

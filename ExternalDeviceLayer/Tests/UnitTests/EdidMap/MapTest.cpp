@@ -124,26 +124,6 @@ TEST_F(Map, TakesAnySize)
 
 // ---- What bytes say: an image with bytes changed, a place, and the field there ----
 
-// "@14 B5 @36 00 00": bytes from 14h on, and from 36h on.
-CBytes Change(CBytes aui8Image, const std::string& sChanges)
-{
-    std::istringstream oStream(sChanges);
-    size_t uiOffset = 0;
-    for (std::string sToken; oStream >> sToken;)
-    {
-        if (sToken[0] == '@')
-        {
-            uiOffset = std::stoul(sToken.substr(1), nullptr, 16);
-            continue;
-        }
-        for (const unsigned char ui8Byte : ParseBytes(sToken))
-        {
-            aui8Image.at(uiOffset++) = ui8Byte;
-        }
-    }
-    return aui8Image;
-}
-
 // "14.7" is the leaf of bit 7 of byte 14h; each '^' in front goes out by one group.
 unsigned int FindPlace(const CZorEdidMap& oMap, const std::string& sPlace)
 {
@@ -182,7 +162,7 @@ void RunCases(const char* pszFile, const CBytes& aui8Image)
     for (const SCaseRow& oRow : ReadCases(pszFile, 6))
     {
         CZorEdidMap oMap;
-        ReadExact(oMap, FixChecksums(Change(aui8Image, oRow.GetText(1))));
+        ReadExact(oMap, FixChecksums(ChangeBytes(aui8Image, oRow.GetText(1))));
         const unsigned int uiField = FindPlace(oMap, oRow.GetText(2));
         EXPECT_EQ(oRow.GetText(3), oMap.GetField(uiField).m_pszName) << oRow.GetName();
         EXPECT_EQ(oRow.GetText(4), TrimEnd(static_cast<const char*>(oMap.GetValue(uiField)))) << oRow.GetName();
@@ -271,7 +251,7 @@ TEST_F(Map, SeveritiesOfNotes)
     };
     for (const SCase& oCase : aoCases)
     {
-        CBytes aui8Image = Join({ Change(MakeEdid({}), oCase.m_pszChanges), ParseBytes(oCase.m_pszBlocks) });
+        CBytes aui8Image = Join({ ChangeBytes(MakeEdid({}), oCase.m_pszChanges), ParseBytes(oCase.m_pszBlocks) });
         aui8Image[126] = static_cast<unsigned char>(aui8Image.size() / gsc_uiBlockSize - 1);
         CZorEdidMap oMap;
         ReadExact(oMap, FixChecksums(aui8Image));
@@ -361,7 +341,7 @@ TEST_F(Map, BlocksAsCountedByAnOverride)
 TEST_F(Map, PortraitRatio)
 {
     CZorEdidMap oMap;
-    ReadExact(oMap, Change(MakeEdid({}), "@15 00 4F"));
+    ReadExact(oMap, ChangeBytes(MakeEdid({}), "@15 00 4F"));
     const CZorEdidMap::SField& oField = oMap.GetField(FindPlace(oMap, "16.0"));
     EXPECT_EQ(std::make_pair(5618LL, 4U), std::make_pair(oField.m_llNumber, oField.m_uiDecimals));
 }

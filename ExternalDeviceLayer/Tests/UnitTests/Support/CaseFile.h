@@ -23,6 +23,26 @@ inline unsigned int ParseNumber(const std::string& sText) // "0x" for hexadecima
     return static_cast<unsigned int>(std::stoul(sText, nullptr, 0));
 }
 
+// "@14 B5 @36 00 00": bytes from 14h on, and from 36h on.
+inline CBytes ChangeBytes(CBytes aui8Image, const std::string& sChanges)
+{
+    std::istringstream oStream(sChanges);
+    size_t uiOffset = 0;
+    for (std::string sToken; oStream >> sToken;)
+    {
+        if (sToken[0] == '@')
+        {
+            uiOffset = std::stoul(sToken.substr(1), nullptr, 16);
+            continue;
+        }
+        for (const unsigned char ui8Byte : ParseBytes(sToken))
+        {
+            aui8Image.at(uiOffset++) = ui8Byte;
+        }
+    }
+    return aui8Image;
+}
+
 struct SCaseRow
 {
     std::vector<std::string> m_asFields; // the name first

@@ -144,7 +144,9 @@ constexpr const char* gsc_apszExtendedNames[] = { "",
                                                   "MPEG-4 AAC LC + Surround",
                                                   "MPEG-H 3D",
                                                   "AC-4",
-                                                  "L-PCM 3D" };
+                                                  "L-PCM 3D",
+                                                  "Auro-Cx",
+                                                  "MPEG-D USAC" };
 
 std::string DescribeFormat(const CFacts::SAudioFormat& oFormat)
 {

@@ -36,6 +36,9 @@ inline constexpr unsigned int gsc_uiExtendedFormat = 15; // the extended code sa
 inline constexpr unsigned int gsc_uiReservedExtended = 9;
 inline constexpr unsigned int gsc_uiMpegH = 11;
 inline constexpr unsigned int gsc_uiPcm3d = 13;
+inline constexpr unsigned int gsc_uiAuroCx =
+    14; // this one and the next are of editions after H, as edid-decode has them
+inline constexpr unsigned int gsc_uiMpegDUsac = 15;
 
 inline constexpr SPlace gsc_oPcm3dChannels = Split({ { 1, 7, 7 }, { 0, 7, 7 }, { 0, 2, 0 } });
 
@@ -46,14 +49,14 @@ constexpr bool HasBitRate(unsigned int uiFormat)
 
 constexpr bool IsUnknownExtended(unsigned int uiExtended)
 {
-    return uiExtended == 0 || uiExtended == gsc_uiReservedExtended || uiExtended > gsc_uiPcm3d;
+    return uiExtended == 0 || uiExtended == gsc_uiReservedExtended || uiExtended > gsc_uiMpegDUsac;
 }
 
-// MPEG-H has a level in their place, AC-4 nothing, and 3D audio more bits.
+// MPEG-H has a level in their place, AC-4 and Auro-Cx nothing, and 3D audio more bits.
 constexpr bool HasChannels(unsigned int uiFormat, unsigned int uiExtended)
 {
-    return uiFormat != 0 &&
-           (uiFormat != gsc_uiExtendedFormat || (!IsUnknownExtended(uiExtended) && uiExtended < gsc_uiMpegH));
+    return uiFormat != 0 && (uiFormat != gsc_uiExtendedFormat || uiExtended == gsc_uiMpegDUsac ||
+                             (!IsUnknownExtended(uiExtended) && uiExtended < gsc_uiMpegH));
 }
 
 // ---- The head of the HDMI Audio Data Block: HDMI 2.0 ----

@@ -20,6 +20,7 @@ using CPiece = CZorEdidMap::SPiece;
 
 constexpr unsigned int gsc_uiWholeByte = 0xFF;
 constexpr size_t gsc_uiMostOffsets = gsc_uiMaxSize / gsc_uiBlockSize;
+constexpr size_t gsc_uiLongestName = 100;   // characters; more than any id has, and enough in a message
 constexpr size_t gsc_uiLongestValue = 4096; // characters; more than any text of an EDID has
 
 // ---- Members ----
@@ -305,7 +306,7 @@ private:
         switch (eMember)
         {
         case eMember_Id:
-            oField.m_sId = sText;
+            oField.m_sId = sText.substr(0, gsc_uiLongestName);
             return true;
         case eMember_Value:
             oField.m_oLeaf.m_bValue = true;
@@ -328,12 +329,12 @@ private:
         case eMember_Format:
             return sText == "zoredid" || Refuse(msc_pszNone);
         case eMember_Error:
-            return Refuse("has no image: " + std::string(sText));
+            return Refuse("has no image: " + std::string(sText.substr(0, gsc_uiLongestName)));
         case eMember_Bytes:
             return ParseHex(sText, m_oExplained.m_aui8Read) || RefuseType();
         case eMember_Version:
             return sText == std::to_string(gsc_uiFormatVersion) ||
-                   Refuse("has the unknown version " + std::string(sText));
+                   Refuse("has the unknown version " + std::string(sText.substr(0, gsc_uiLongestName)));
         case eMember_Image:
             return ParseCount(sText, m_oExplained.m_uiImage) || RefuseType();
         case eMember_Size:

@@ -1,5 +1,5 @@
 # What zoredid explain says: lines, single bytes, searches, and the tree as JSON.
-#   ExplainTest.py COMMAND PROJECT [CORPUS]
+#   ExplainTest.py COMMAND PROJECT WRITE_IMAGES [CORPUS]
 # Expected lines are written out by hand from the bytes of the example.
 
 import json
@@ -150,7 +150,8 @@ class ExplainTest(ToolTest):
         for name in sorted(os.listdir(CORPUS))[::7] if CORPUS else []:
             if name.endswith(".bin"):
                 with open(os.path.join(CORPUS, name), "rb") as file:
-                    images[name] = file.read()
+                    image = file.read()
+                    images[name] = image[:128 + 128 * image[0x7E]]  # without another EDID behind it
         for name, image in images.items():
             with self.subTest(name):
                 path = self.save(image)

@@ -60,7 +60,8 @@ void CheckUhdCodes(CFindings& oFindings, unsigned int uiBlock)
 // HDMI has the CTA-861 block first; a block map may precede it.
 void CheckFirstExtension(CFindings& oFindings)
 {
-    bool bFirst = oFindings.GetFacts().GetLink().m_oHdmi.m_oValue;
+    const CZorEdidFacts::SLink& oLink = oFindings.GetFacts().GetLink();
+    bool bFirst = oLink.m_oHdmi.m_oValue && !IsDisplayPort(oLink);
     oFindings.ForEachBlock([&](const CBlockWalk& oWalk) {
         const unsigned int uiTag = oWalk.GetData()[0];
         if (bFirst && uiTag != gsc_uiCtaTag && uiTag != gsc_uiBlockMapTag)

@@ -135,6 +135,12 @@ private:
 // Sinks of HDMI 2.0 have the field as well, with a rate of 0.
 inline bool TakesFrl(const CZorEdidFacts::SLink& oLink) { return oLink.m_oFrl.m_oValue.m_ui8Lanes != 0; }
 
+// Inputs of DisplayPort have HDMI's data blocks for adapters: what these require of a link is not about theirs.
+inline bool IsDisplayPort(const CZorEdidFacts::SLink& oLink)
+{
+    return oLink.m_oKind.m_oValue == CZorEdidFacts::eLink_DisplayPort;
+}
+
 // ---- The rules by topic; of an image with the header of a base block ----
 
 void CheckBase(CFindings& oFindings, unsigned int uiThisYear);

@@ -124,7 +124,7 @@ bool IsTakenIn420(const CFindings& oFindings, const SZorMode& oMode)
 void CheckTmdsClock(CFindings& oFindings)
 {
     const CZorEdidFacts::SLink& oLink = oFindings.GetFacts().GetLink();
-    if (!oLink.m_oMaxTmds.IsSaid() || oLink.m_oMaxTmds.m_oValue == 0 || TakesFrl(oLink))
+    if (!oLink.m_oMaxTmds.IsSaid() || oLink.m_oMaxTmds.m_oValue == 0 || TakesFrl(oLink) || IsDisplayPort(oLink))
     {
         return;
     }

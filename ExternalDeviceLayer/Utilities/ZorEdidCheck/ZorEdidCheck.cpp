@@ -30,8 +30,8 @@ CMString MakeNumber(long long llNumber)
     return sText;
 }
 
-// The value as the bytes have it: a note on a reserved value needs its number, one on characters their codes. One on a
-// structure, or on many bytes, needs none.
+// The value as the bytes have it: a note on a reserved value needs its number, one on another code its name as well,
+// one on characters their codes. One on a structure, or on many bytes, needs none.
 CMString GetFound(const CMap& oMap, unsigned int uiField)
 {
     constexpr unsigned int uiMost = 18; // bytes
@@ -45,7 +45,12 @@ CMString GetFound(const CMap& oMap, unsigned int uiField)
     {
         return MakeHex(oMap.GetData() + oField.m_uiOffset, oField.m_uiLength);
     }
-    if (oField.m_eKind == CMap::eKind_Name || (oField.m_eKind == CMap::eKind_Number && oField.m_pszMeaning != nullptr))
+    const bool bMeaning = oField.m_pszMeaning != nullptr;
+    if (oField.m_eKind == CMap::eKind_Name && bMeaning && strcmp(oField.m_pszMeaning, "reserved") != 0)
+    {
+        return MakeNumber(oField.m_llNumber) + " (" + oField.m_pszMeaning + ")";
+    }
+    if (oField.m_eKind == CMap::eKind_Name || (oField.m_eKind == CMap::eKind_Number && bMeaning))
     {
         return MakeNumber(oField.m_llNumber);
     }

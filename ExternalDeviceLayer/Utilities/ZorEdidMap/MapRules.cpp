@@ -99,7 +99,7 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "E-EDID 1.4, 3.6.4",
       "Sources that trust the flag take 2.2 for the gamma, others the value given: the same picture differs in "
       "brightness." },
-    { eZorEdidRule_PreferredFlag, CMap::eSeverity_Warning, "base.preferred-flag", "1.3 requires it", "E-EDID 1.3",
+    { eZorEdidRule_PreferredFlag, CMap::eSeverity_Warning, "base.preferred-flag", "1.3 requires the flag", "E-EDID 1.3",
       "Without the flag sources may choose another mode than the first detailed timing as the one to start with." },
     { eZorEdidRule_StandardTimingZero, CMap::eSeverity_Warning, "base.standard-timing.zero", "00h is reserved",
       "E-EDID 1.4, 3.9",

@@ -1,5 +1,5 @@
-// Each rule of the map's own has an image that breaks it, mostly one of the cases of the other tests, and a near miss: the
-// same image with one bit or byte changed, where the field then has no such note.
+// Each rule of the map's own has an image that breaks it, mostly one of the cases of the other tests, and a near miss:
+// the same image with one bit or byte changed, where the field then has no such note.
 
 #include <set>
 

@@ -15,6 +15,7 @@
 #include "ManyFiles.h"
 #include "MapJson.h"
 #include "MapText.h"
+#include "NearWord.h"
 #include "TextFormat.h"
 #include "Tool.h"
 
@@ -512,8 +513,8 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
                 return (ParseNumber(sText, uiParsed) && uiParsed <= uiMost) ||
                                CZorEdidMap::FindId(sText.c_str()) != eZorEdidField_None
                            ? std::string()
-                           : FormatText("unknown offset or id %s; expected a number from 0 to %u or one of --ids",
-                                        ShowName(sText).c_str(), uiMost);
+                           : "unknown offset or id " + ShowName(sText) + AskForNearWord(sText, ListIdTexts()) +
+                                 FormatText("; expected a number from 0 to %u or one of --ids", uiMost);
             });
     const COption oFind =
         oCommand

@@ -10,6 +10,7 @@
 #include "EdidBase.h"
 #include "ExactTimings.h"
 #include "ModeSources.h"
+#include "NearWord.h"
 #include "SpeakerNames.h"
 #include "TextFormat.h"
 
@@ -67,12 +68,14 @@ bool FindValue(const SNamedValue (&aoValues)[uiCount], const std::string& sName,
 template <class TABLE>
 std::string RefuseName(const std::string& sName, const TABLE& aoTable)
 {
-    std::string sNames;
+    std::vector<std::string> asNames;
     for (const auto& oRow : aoTable)
     {
-        sNames += (sNames.empty() ? "" : ", ") + std::string(oRow.m_pszName);
+        asNames.emplace_back(oRow.m_pszName);
     }
-    return "unknown value '" + sName + "'; expected one of " + sNames;
+    // Of numbers none is meant by another one.
+    const bool bWord = !sName.empty() && (sName[0] < '0' || sName[0] > '9');
+    return "unknown value '" + sName + "'" + NameKnownWords(bWord ? sName : "", asNames);
 }
 
 CTexts Split(const std::string& sText, const char* pszSeparators)
@@ -165,16 +168,16 @@ std::string ParseAudio(const std::string& sText, CAudio& oAudio)
 {
     constexpr unsigned int uiMostChannels = 8;
     const CTexts asFields = Split(sText, ",");
+    unsigned int uiFormat = 0;
+    if (!sText.empty() && !FindValue(gsc_aoAudioFormats, asFields[0], uiFormat))
+    {
+        return RefuseName(asFields[0], gsc_aoAudioFormats);
+    }
     if (asFields.size() < 3 || asFields.size() > 4)
     {
         return "'" + sText +
                "' is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
                "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";
-    }
-    unsigned int uiFormat = 0;
-    if (!FindValue(gsc_aoAudioFormats, asFields[0], uiFormat))
-    {
-        return RefuseName(asFields[0], gsc_aoAudioFormats);
     }
     oAudio = {};
     oAudio.m_eFormat = static_cast<CEdidExtBlockCEA861::EAudioFormat>(uiFormat);

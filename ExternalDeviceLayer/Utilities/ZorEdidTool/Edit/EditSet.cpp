@@ -16,16 +16,6 @@ using CField = CZorEdidMap::SField;
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr unsigned int gsc_uiBits = 8;
 
-std::vector<std::string> ListIds()
-{
-    std::vector<std::string> asIds;
-    for (const EZorEdidField eField : GetAllIds())
-    {
-        asIds.emplace_back(CZorEdidMap::GetId(eField));
-    }
-    return asIds;
-}
-
 // Cuts "[N]" off. False for another text in brackets.
 bool TakeNumber(std::string& sId, unsigned int& uiNumber)
 {
@@ -130,7 +120,8 @@ std::string ParseSetting(const std::string& sText, SSetting& oSetting)
     oSetting.m_eId = CZorEdidMap::FindId(sField.c_str());
     return oSetting.m_eId != eZorEdidField_None
                ? ""
-               : "unknown id '" + sField + "'" + AskForNearWord(sField, ListIds()) + ", all by zoredid explain --ids";
+               : "unknown id '" + sField + "'" + AskForNearWord(sField, ListIdTexts()) +
+                     ", all by zoredid explain --ids";
 }
 
 std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote)

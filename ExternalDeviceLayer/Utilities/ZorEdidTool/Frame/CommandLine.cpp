@@ -557,7 +557,10 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     }
     catch (const CLI::ParseError& oError)
     {
-        const bool bExtras = dynamic_cast<const CLI::ExtrasError*>(&oError) != nullptr;
+        // A word that is missing is often the one that a mistyped option was to have.
+        const bool bExtras =
+            dynamic_cast<const CLI::ExtrasError*>(&oError) != nullptr ||
+            (dynamic_cast<const CLI::RequiredError*>(&oError) != nullptr && !m_poApp->remaining(true).empty());
         PrintProblem(m_poApp->get_subcommands().empty() ? DescribeMissingCommand()
                      : bExtras                          ? DescribeExtras()
                                                         : MakeLine(oError.what()));

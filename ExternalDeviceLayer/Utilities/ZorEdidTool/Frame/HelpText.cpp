@@ -22,6 +22,40 @@ size_t FindEntryText(const std::string& sLine)
     const bool bOneWord = sLine.find(' ', std::min(uiName, sLine.size())) == uiGap;
     return uiName == 2 && bOneWord && uiText != std::string::npos ? uiText : 0;
 }
+// The last blank up to uiMost that is in no quotes and after the indentation; npos without one.
+size_t FindBreak(const std::string& sLine, size_t uiIndent, size_t uiMost)
+{
+    size_t uiBreak = std::string::npos;
+    bool bQuoted = false;
+    for (size_t i = uiIndent; i < sLine.size() && i <= uiMost; ++i)
+    {
+        bQuoted = bQuoted != (sLine[i] == '\'');
+        uiBreak = sLine[i] == ' ' && !bQuoted ? i : uiBreak;
+    }
+    return uiBreak;
+}
+
+// A line that stands as it is, an example or a format, in lines of the width. A command still is one when it is copied.
+std::string WrapLine(std::string sLine, size_t uiWidth)
+{
+    constexpr size_t uiMore = 4; // columns of indentation
+    std::string sLines;
+    size_t uiIndent = std::min(sLine.find_first_not_of(' '), sLine.size());
+    const std::string sContinued = sLine.compare(uiIndent, 7, "zoredid") == 0 ? " \\" : "";
+    const size_t uiNextIndent = uiIndent + uiMore;
+    while (sLine.size() > uiWidth)
+    {
+        const size_t uiBreak = FindBreak(sLine, uiIndent, uiWidth - sContinued.size());
+        if (uiBreak == std::string::npos)
+        {
+            break;
+        }
+        sLines += sLine.substr(0, uiBreak) + sContinued + "\n";
+        sLine = std::string(uiNextIndent, ' ') + sLine.substr(uiBreak + 1);
+        uiIndent = uiNextIndent;
+    }
+    return sLines + sLine;
+}
 } // namespace
 
 size_t GetHelpWidth()
@@ -94,7 +128,7 @@ std::string WrapFooter(const std::string& sText, size_t uiWidth)
         if (sLine.empty() || sLine.starts_with(' ') || sLine.starts_with("Example"))
         {
             fnEnd();
-            sFooter += sLine + "\n";
+            sFooter += WrapLine(sLine, uiWidth) + "\n";
             continue;
         }
         sParagraph += sLine + " ";

@@ -73,6 +73,16 @@ std::span<const EZorEdidField> GetAllIds()
     return aeIds;
 }
 
+std::vector<std::string> ListIdTexts()
+{
+    std::vector<std::string> asIds;
+    for (const EZorEdidField eField : GetAllIds())
+    {
+        asIds.emplace_back(CZorEdidMap::GetId(eField));
+    }
+    return asIds;
+}
+
 std::string GetFieldName(const CZorEdidMap::SField& oField)
 {
     const std::string sName = oField.m_pszName;

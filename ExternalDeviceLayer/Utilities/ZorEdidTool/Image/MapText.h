@@ -11,6 +11,7 @@
 
 // All ids, in the order of their list.
 std::span<const EZorEdidField> GetAllIds();
+std::vector<std::string> ListIdTexts(); // "base.display.gamma"
 
 // The name with its number where there are several: "Standard timing 3"; of codes "VIC #3", so that it does not read as
 // a code.

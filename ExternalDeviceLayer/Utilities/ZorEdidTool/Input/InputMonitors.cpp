@@ -6,6 +6,7 @@
 
 #include "EdidBase.h"
 #include "InputReaders.h"
+#include "NearWord.h"
 
 namespace
 {
@@ -65,6 +66,16 @@ size_t FindMonitor(const CMonitors& aoMonitors, const std::string& sWanted, std:
         return static_cast<size_t>(itFound - aoMonitors.begin());
     }
     sProblem = iCount == 0 ? "no monitor '" + sWanted + "'" : "several EDIDs of the monitor '" + sWanted + "'";
+    if (iCount == 0)
+    {
+        std::vector<std::string> asNames = { "all" };
+        for (const SInput& oMonitor : aoMonitors)
+        {
+            asNames.push_back(oMonitor.m_sName);
+        }
+        std::erase(asNames, "");
+        sProblem += AskForNearWord(sWanted, asNames);
+    }
     sProblem += aoMonitors.size() == 1 ? "; there is only " : "; there are ";
     sProblem += ListMonitors(aoMonitors);
     return aoMonitors.size();

@@ -6,7 +6,7 @@
 # it. The parts of a LIST are separated by a plus or a comma; none is no part of one.
 _zoredid_value()
 {
-  local line=$1 word=$2 head=$3 placeholder before=''
+  local line=$1 word=$2 head=$3 placeholder before='' i
   placeholder=${line%% *}
   line=${line#"$placeholder"}
   case ${placeholder#*=} in
@@ -17,6 +17,28 @@ _zoredid_value()
       ;;
     ID)
       line=$("${COMP_WORDS[0]}" check --rules 2> /dev/null | sed -n 's/^\([a-z][^ ]*\) .*/\1/p')
+      ;;
+    'OFFSET|ID')
+      line=$("${COMP_WORDS[0]}" explain --ids 2> /dev/null | sed 's/ .*//')
+      ;;
+    *'|all')
+      line=all
+      ;;
+    'WxH@R[,TYPE]')
+      [[ $word == *,* ]] || return 0
+      before=${word%,*},
+      line=$("${COMP_WORDS[0]}" timing --list-options 2> /dev/null < /dev/null | sed -n 's/^--type=[^ ]* //p')
+      ;;
+    SPEC | I=SPEC)
+      # the formats, which --audio-set has as well
+      line=$("${COMP_WORDS[0]}" edit --list-options 2> /dev/null < /dev/null | sed -n 's/^--audio-add=[^ ]* //p')
+      before=${word%"${word##*[+,=]}"}
+      i=${word//[^,]/}
+      case ${#i} in
+        1) line='2ch 3ch 4ch 5ch 6ch 7ch 8ch' ;;
+        2) line='32 44.1 48 88.2 96 176.4 192' ;;
+        3) line='16 20 24' ;;
+      esac
       ;;
     LIST)
       before=${word%"${word##*[+,]}"}
@@ -49,6 +71,8 @@ _zoredid()
     word=''
   elif [[ $previous == = && $COMP_CWORD -gt 2 ]]; then
     previous=${COMP_WORDS[COMP_CWORD - 2]}
+    # --audio-set 0=SPEC
+    [[ $COMP_CWORD -lt 4 || ${COMP_WORDS[COMP_CWORD - 3]} != --audio-set ]] || previous=--audio-set
   fi
 
   COMPREPLY=()

@@ -160,8 +160,10 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--audio-add", "ac3,2ch,48,644kbps", "'644kbps'" + sBitRate + "; the nearest is 648kbps" },
         { "--audio-add", "ac3,2ch,48,2048kbps", "'2048kbps'" + sBitRate + "; the nearest is 2040kbps" },
         { "--audio-add", "ac3,2ch,48,640", "'640'" + sBitRate },
-        { "--audio-add", "ac4,2ch,48",
-          "unknown value 'ac4'; expected one of pcm, ac3, mpeg1, mp3, mpeg2, aac, dts, atrac, 1bit, eac3, dts-hd, mat, "
+        { "--audio-add", "ac4,2ch,48", "unknown value 'ac4'; did you mean 'ac3'?" },
+        { "--audio-add", "flac",
+          "unknown value 'flac'; expected one of pcm, ac3, mpeg1, mp3, mpeg2, aac, dts, atrac, 1bit, eac3, dts-hd, "
+          "mat, "
           "dst, wma-pro" },
         { "--audio-add", "1bit,2ch,48,640kbps", "this format takes a byte such as 0x01 in its last field" },
         { "--audio-set", "ac3,2ch,48", "'ac3,2ch,48' is not NUMBER=SPEC" },

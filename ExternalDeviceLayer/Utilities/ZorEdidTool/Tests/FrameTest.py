@@ -555,10 +555,12 @@ class CommandLine(unittest.TestCase):
                                  (("--verson",), "--version"), (("report", MONITOR, "--frmat=plain"), "--format"),
                                  (("compare", MONITOR, MONITOR, MONITOR, "--verbos"), "--verbose"),
                                  (("report", MONITOR, "--format", "plian"), "plain"),
-                                 (("convert", MONITOR, "-o", "-", "--form", "base46"), "base64")):
+                                 (("convert", MONITOR, "-o", "-", "--form", "base46"), "base64"),
+                                 (("explain", MONITOR, "--at", "base.display.gama"), "base.display.gamma"),
+                                 (("edit", MONITOR, "--audio-add", "pcn,2ch"), "pcm"), (("edit", "--remov"), "--remove")):
             status, out, error = run(*arguments)
             self.assertEqual((2, b"", 1), (status, out, error.count("\n")), error)
-            self.assertIn("; did you mean '%s'? (see zoredid" % meant, error)
+            self.assertRegex(error, re.escape("; did you mean '%s'?" % meant) + ".* \\(see zoredid")
         for arguments, what in ((("show", "--foo", MONITOR, "-x"), "unknown option: --foo, unknown option: -x"),
                                 (("modes", "a", "b", "c", "--", "--d"), "unexpected argument: b, unexpected argument: c, "
                                                                        "unexpected argument: --d"),
@@ -595,7 +597,7 @@ class CommandLine(unittest.TestCase):
             status, out, error = run(*command, "--help")
             self.assertEqual((0, ""), (status, error))
             self.assertIn(b"--help", out)
-            self.assertRegex(out.decode(), r"\nExamples?:(.*\n)*.*zoredid %s.*\n$" % "".join(command))
+            self.assertRegex(out.decode(), r"\nExamples?:(.*\n)*.*zoredid %s.*\n( {6}.*\n)*$" % "".join(command))
             self.assertEqual(run(*command, "--help"), run("help", *command))
             self.assertEqual(run(*command, "--help"), run("--sysfs", "/tmp", "-v", "help", *command))
         names = re.findall(r"^  ([a-z]+) +(.*)", run("--help")[1].decode().split("Subcommands:")[1], re.MULTILINE)
@@ -614,6 +616,11 @@ class CommandLine(unittest.TestCase):
             self.assertTrue(width - 15 < widest(text) <= width, (columns, text))
             words = re.sub(r"\s+", " ", text)
             self.assertIn("gtf-list; not with --dmt, --hdmi-vic, --vic", words)
+        for command in SUBCOMMANDS:  # with formats and examples, which still are commands
+            text = run("help", command, env={"COLUMNS": "80"})[1].decode()
+            self.assertLessEqual(max(map(len, text.splitlines())), 80, text)
+        self.assertIn("  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps \\\n      -o new.bin\n",
+                      run("help", "edit", env={"COLUMNS": "80"})[1].decode())
         ours, theirs = pty.openpty()
         fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 50, 0, 0))
         subprocess.run([COMMAND, "help"], stdout=theirs, timeout=60, check=True)

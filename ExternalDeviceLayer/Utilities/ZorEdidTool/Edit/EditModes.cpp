@@ -458,7 +458,9 @@ std::string CEditImage::NameKeeper(const SZorImageMode& oPlace)
     return uiTag == ZorStandards::Vtb::gsc_uiTag ? "edits do not reach video timing blocks"
            : uiTag == gsc_uiDisplayIdTag         ? "edits do not reach DisplayID blocks"
            : GetCea(oBlock) == nullptr           ? "the library does not read " + NameBlock(oBlock)
-                                                 : "edits do not reach timings of this data block";
+           : oPlace.m_oMode.m_eKind == SZorMode::eModeKind_Detailed
+               ? "the library reads no timing that follows another descriptor, and edits do not reach it"
+               : "edits do not reach timings of this data block";
 }
 
 // A code at the rate and at 1000/1001 of it is one byte: the nominal rate goes when the other one is named.

@@ -137,6 +137,16 @@ std::string RefuseMissing(const CBytes& aui8Image, const SWanted& oWanted)
         }
     }
     std::string sReason = "the image has no " + GetWantedName(oWanted);
+    SWanted oMode = {};
+    if (oWanted.m_uiCode != 0 && ZorStandards::MakeVideoMode(oMode.m_oMode, oWanted.m_uiCode))
+    {
+        // The mode of the code may be there without it: by another code, or as the numbers of a timing.
+        const CPlaces aoPlaces = FindPlaces(aui8Image, oMode);
+        sReason += aoPlaces.empty() ? ""
+                                    : "; it has its mode in " + NamePlaces(aui8Image, aoPlaces) +
+                                          ", which do not name this code: --remove " + GetModeName(oMode.m_oMode) +
+                                          " removes the mode";
+    }
     for (size_t i = 0; i < asNear.size(); ++i)
     {
         sReason += (i == 0 ? "; of this size it has " : ", ") + asNear[i];

@@ -138,6 +138,12 @@ class Edits(unittest.TestCase):
                 (base(cvt % "ff1038"), "--remove 1360x1024@60", "CVT 3 byte timing code 0 prefers this rate and has others"),
                 (preference, "--remove-vic 16", "native resolution data block refers to its video code"),
                 (IMAGE, "--remove-vic 219", "the image has no VIC 219"),
+                (IMAGE, "--remove-vic 76", "the image has no VIC 76; it has its mode in block 0: Standard timing 6, block "
+                 "0: Detailed timing, block 1: Video data block > Short video descriptor 14, which do not name this code: --remove 1920x1080@60 removes "
+                 "the mode"),
+                (extended(fix_sums((bytes([2, 3, 4, 0]) + IMAGE[54:72] + bytes([0, 0, 0, 0x10] + [0] * 14) +
+                                    IMAGE[162:180]).ljust(128, b"\0"))), "--remove 720x480@59.94",
+                 "the library reads no timing that follows another descriptor, and edits do not reach it"),
                 (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
                  "1280x720@59.94"),
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",

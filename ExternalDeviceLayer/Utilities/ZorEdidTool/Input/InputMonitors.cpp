@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string_view>
 
 #include "EdidBase.h"
 #include "InputReaders.h"
-#include "NearWord.h"
 
 namespace
 {
@@ -66,18 +66,10 @@ size_t FindMonitor(const CMonitors& aoMonitors, const std::string& sWanted, std:
         return static_cast<size_t>(itFound - aoMonitors.begin());
     }
     sProblem = iCount == 0 ? "no monitor '" + sWanted + "'" : "several EDIDs of the monitor '" + sWanted + "'";
-    if (iCount == 0)
-    {
-        std::vector<std::string> asNames = { "all" };
-        for (const SInput& oMonitor : aoMonitors)
-        {
-            asNames.push_back(oMonitor.m_sName);
-        }
-        std::erase(asNames, "");
-        sProblem += AskForNearWord(sWanted, asNames);
-    }
     sProblem += aoMonitors.size() == 1 ? "; there is only " : "; there are ";
     sProblem += ListMonitors(aoMonitors);
+    // Of the words that are meant, the list lacks this one alone.
+    sProblem += std::string_view("all").starts_with(sWanted) ? "; did you mean 'all'?" : "";
     return aoMonitors.size();
 }
 // oInput with what is of this monitor.

@@ -205,6 +205,8 @@ class Forms(unittest.TestCase):
                 self.assertEqual((0, IMAGE, ""), run(*before, "convert", "-", "-o", "-", *after, data=data))
         self.assertEqual((3, b"", "zoredid: -: xrandr --verbose: no monitor '3'; there are 1 DP-2, 2 HDMI-1 (ASUS VE276)\n"),
                          run("report", "-", "--monitor", "3", data=data))
+        self.assertIn("there are 1 DP-2, 2 HDMI-1 (ASUS VE276); did you mean 'all'?\n",
+                      run("report", "-", "--monitor", "al", data=data)[2])
 
     def test_all_of_several_are_taken(self):
         data = (XRANDR + OTHER_OUTPUT).encode()

@@ -10,7 +10,6 @@
 #include <iterator>
 #include <map>
 #include <numeric>
-#include <tuple>
 
 #include "JsonWriter.h"
 #include "ModeSources.h"
@@ -145,15 +144,7 @@ std::string Trim(std::string sText, size_t uiDecimals)
 
 bool IsSameTiming(const SZorMode& oFirst, const SZorMode& oSecond)
 {
-    const auto fnNumbers = [](const SZorMode& oMode) {
-        const auto fnAxis = [](const SZorMode::SAxis& oAxis) {
-            return std::array<unsigned int, 5>{ oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal,
-                                                oAxis.m_bPositive ? 1U : 0U };
-        };
-        return std::make_tuple(oMode.m_ullClock, oMode.m_bInterlaced, fnAxis(oMode.m_oHorizontal),
-                               fnAxis(oMode.m_oVertical));
-    };
-    return fnNumbers(oFirst) == fnNumbers(oSecond);
+    return oFirst.m_ullClock == oSecond.m_ullClock && MakeTimingKey(oFirst) == MakeTimingKey(oSecond);
 }
 
 // Codes by their total width, in pixels, which few of them share.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "EdidMode.h"
@@ -18,6 +19,18 @@ class CJsonWriter;
 bool ParseExactMode(const std::string& sText, SZorMode& oMode);
 
 double GetHz(const SZorMode::SRate& oRate);
+
+// What timings have in common that are the same but for clock and rate; nothing but the scan without a timing.
+inline auto MakeTimingKey(const SZorMode& oMode)
+{
+    const auto fnAxis = [&oMode](const SZorMode::SAxis& oAxis) {
+        return oMode.m_bTiming ? std::make_tuple(oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal,
+                                                 oAxis.m_bPositive)
+                               : std::make_tuple(0U, 0U, 0U, 0U, false);
+    };
+    return std::make_tuple(oMode.m_bInterlaced, oMode.m_bTiming, fnAxis(oMode.m_oHorizontal),
+                           fnAxis(oMode.m_oVertical));
+}
 
 // Whether a size and rate of ParseExactMode mean a mode: at its exact or nominal rate and, of a code that has two, at
 // the other one. Rates equal each other to two decimals. A whole rate also means rates that round to it, such as 59.95

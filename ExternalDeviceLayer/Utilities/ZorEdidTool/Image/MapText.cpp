@@ -141,21 +141,6 @@ std::vector<unsigned int> FindLeaves(const CZorEdidMap& oMap, unsigned int uiOff
     return auiLeaves;
 }
 
-std::string GetPathOfByte(const CZorEdidMap& oMap, unsigned int uiOffset)
-{
-    std::vector<unsigned int> auiCommon;
-    for (const unsigned int uiLeaf : FindLeaves(oMap, uiOffset, gsc_uiWholeByte))
-    {
-        const std::vector<unsigned int> auiChain = GetChain(oMap, uiLeaf);
-        const auto itFirst =
-            auiCommon.empty()
-                ? auiChain.end()
-                : std::mismatch(auiChain.begin(), auiChain.end(), auiCommon.begin(), auiCommon.end()).first;
-        auiCommon.assign(auiChain.begin(), itFirst);
-    }
-    return auiCommon.empty() ? "" : GetPath(oMap, auiCommon.back());
-}
-
 std::vector<SFieldByte> GetFieldBytes(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);

@@ -38,9 +38,6 @@ std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField
 // The chain without the block: "Video data block > Short video descriptor 3 > Native". Of a block its own name.
 std::string GetPath(const CZorEdidMap& oMap, unsigned int uiField);
 
-// The path of what a whole byte belongs to: a leaf, or the group of several. Empty past the image.
-std::string GetPathOfByte(const CZorEdidMap& oMap, unsigned int uiOffset);
-
 // The leaves with any of these bits of a byte, the most significant first.
 std::vector<unsigned int> FindLeaves(const CZorEdidMap& oMap, unsigned int uiOffset, unsigned int uiMask);
 

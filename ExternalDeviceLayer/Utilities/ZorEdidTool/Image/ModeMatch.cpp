@@ -7,19 +7,15 @@
 #include <tuple>
 #include <utility>
 
+#include "ExactTimings.h"
+
 namespace
 {
 // All that equal modes have in common; only clocks and rates may differ.
 auto MakeKey(const SModeRow& oRow)
 {
     const SZorMode& oMode = oRow.m_oMode;
-    const auto fnAxis = [&oMode](const SZorMode::SAxis& oAxis) {
-        return oMode.m_bTiming ? std::make_tuple(oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal,
-                                                 oAxis.m_bPositive)
-                               : std::make_tuple(0U, 0U, 0U, 0U, false);
-    };
-    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced, oMode.m_bTiming,
-                           fnAxis(oMode.m_oHorizontal), fnAxis(oMode.m_oVertical), oMode.m_eY420,
+    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, MakeTimingKey(oMode), oMode.m_eY420,
                            oRow.m_poEntry->m_uiStereo, oMode.m_eStereo);
 }
 

@@ -83,13 +83,9 @@ public:
     // What makes the picture: timings that have it in common have one picture.
     auto GetKey() const
     {
-        const auto fnAxis = [](const SZorMode::SAxis& oAxis) {
-            return std::make_tuple(oAxis.m_uiActive, oAxis.m_uiFront, oAxis.m_uiSync, oAxis.m_uiTotal, oAxis.m_uiBorder,
-                                   oAxis.m_bPositive);
-        };
-        return std::make_tuple(m_oMode.m_uiWidth, m_oMode.m_uiHeight, m_oMode.m_bInterlaced, GetRate(m_oMode),
-                               m_oMode.m_ullClock, m_oMode.m_bTiming, fnAxis(m_oMode.m_oHorizontal),
-                               fnAxis(m_oMode.m_oVertical));
+        return std::make_tuple(m_oMode.m_uiWidth, m_oMode.m_uiHeight, GetRate(m_oMode), m_oMode.m_ullClock,
+                               MakeTimingKey(m_oMode), m_oMode.m_oHorizontal.m_uiBorder,
+                               m_oMode.m_oVertical.m_uiBorder);
     }
 
 private:

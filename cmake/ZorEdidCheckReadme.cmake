@@ -1,12 +1,13 @@
-# Fails unless the first C++ block of a document is the given source file.
+# Fails unless the first block of C++ or C of a document is the given source file.
 #   cmake -DDOCUMENT=FILE -DSOURCE=FILE -P ZorEdidCheckReadme.cmake
 
 file(READ ${DOCUMENT} text)
 file(READ ${SOURCE} source)
-set(opening "```cpp\n")
+cmake_path(GET SOURCE EXTENSION LAST_ONLY language)
+string(REPLACE "." "```" opening "${language}\n")
 string(FIND "${text}" "${opening}" begin)
 if(begin EQUAL -1)
-  message(FATAL_ERROR "${DOCUMENT} has no C++ block")
+  message(FATAL_ERROR "${DOCUMENT} has no block of its language")
 endif()
 string(LENGTH "${opening}" length)
 math(EXPR begin "${begin} + ${length}")

@@ -55,8 +55,9 @@ endif()
 set(about "The library loads, lists, edits and writes EDID data: base blocks and
 extension blocks (CTA-861, DisplayID up to 1.2). It computes timings, and a
 map of the bytes says what each of them means, in blocks of any kind. Facts
-say what a display can do.")
-zor_debian_package(development libzoredid-dev libdevel "C++20 library for EDID data of monitors (development files)"
+say what a display can do. Programs in C have an interface of their own.")
+zor_debian_package(development libzoredid-dev libdevel
+"library for EDID data of monitors, for C++20 and C (development files)"
 "${about}
 This package has the headers, the library, and what CMake and pkg-config
 need to find them.")

@@ -34,6 +34,15 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZorEdidConfig.cmake ${CMAKE_CURRENT_BI
 # The same for pkg-config. Its file finds the prefix from where it is itself, so that the package can be moved.
 file(RELATIVE_PATH prefix_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" prefix_from_pc ${prefix_from_pc})
+# What C++ brings: a compiler of C does not know. A static library needs it of everybody.
+set(private_libs ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+list(FILTER private_libs INCLUDE REGEX "^(stdc\\+\\+|c\\+\\+|c\\+\\+abi|m)$")
+list(REMOVE_DUPLICATES private_libs)
+list(TRANSFORM private_libs PREPEND " -l")
+list(JOIN private_libs "" private_libs)
+if(NOT BUILD_SHARED_LIBS)
+  set(public_libs "${private_libs}")
+endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/zoredid.pc.in ${CMAKE_CURRENT_BINARY_DIR}/zoredid.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zoredid.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         COMPONENT development)

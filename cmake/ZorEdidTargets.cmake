@@ -1,6 +1,7 @@
 # What every target of the project has in common: language level, warnings, sanitizers.
 
-set(ZOREDID_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast)
+set(ZOREDID_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+                     $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>)
 
 function(zor_target_defaults target)
   target_compile_features(${target} PUBLIC cxx_std_20)

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <new>
+#include <type_traits>
 
 #include "HandlesC.h"
 #include "Utf8.h"
@@ -21,11 +23,18 @@ enum EText : unsigned char
     eText_Count
 };
 
+// The record is bytes until it reads: Read writes all of it, so that a constructor would only do so twice. Such bytes
+// hold an object of a type with a trivial copy.
 struct zoredid_facts
 {
-    CFacts m_oFacts;
+    alignas(CFacts) unsigned char m_aui8Facts[sizeof(CFacts)];
+    bool m_bRead = false;
     char m_aszUtf8[eText_Count][CFacts::SText::msc_uiMost * gsc_uiMostUtf8 + 1]; // empty: the text of the facts will do
+
+    CFacts& Get() { return *std::launder(reinterpret_cast<CFacts*>(m_aui8Facts)); }
+    const CFacts& Get() const { return *std::launder(reinterpret_cast<const CFacts*>(m_aui8Facts)); }
 };
+static_assert(std::is_trivially_copyable_v<CFacts>);
 
 // ---- The enumerations are those of the facts ----
 
@@ -108,13 +117,13 @@ SAnswer MakeText(const zoredid_facts& oFacts, const SZorFact<CFacts::SText>& oFa
 template <class FACT>
 SAnswer MakeDefault(const zoredid_facts& oFacts, const FACT& oFact, float fValue)
 {
-    const SZorFact<bool>& oSrgb = oFacts.m_oFacts.GetColour().m_oSrgbDefault;
+    const SZorFact<bool>& oSrgb = oFacts.Get().GetColour().m_oSrgbDefault;
     return oSrgb.m_oValue ? MakeAnswer(oSrgb, fValue) : MakeAnswer(oFact, fValue);
 }
 
 SAnswer GetRefresh(const zoredid_facts& oFacts, long long (*pfnValue)(const CFacts::SVariableRefresh& oRange))
 {
-    const CFacts::SVariableRefresh* const poRange = oFacts.m_oFacts.GetLink().GetVariableRefresh();
+    const CFacts::SVariableRefresh* const poRange = oFacts.Get().GetLink().GetVariableRefresh();
     return poRange != nullptr ? MakeAnswer(true, poRange->m_eId, poRange->m_ui16Offset, pfnValue(*poRange)) : SAnswer();
 }
 
@@ -129,7 +138,7 @@ SAnswer GetMaxRefresh(const zoredid_facts& oFacts)
 // Not of every version.
 SAnswer GetTarget(const zoredid_facts& oFacts, float CFacts::SDolbyVision::*pfMember)
 {
-    const SZorFact<CFacts::SDolbyVision>& oDolby = oFacts.m_oFacts.GetColour().m_oDolbyVision;
+    const SZorFact<CFacts::SDolbyVision>& oDolby = oFacts.Get().GetColour().m_oDolbyVision;
     SAnswer oAnswer = MakeAnswer(oDolby, oDolby.m_oValue.*pfMember);
     oAnswer.m_bSaid = oDolby.IsSaid() && oDolby.m_oValue.m_fMaxLuminance > 0;
     return oAnswer;
@@ -153,7 +162,7 @@ constexpr long long gsc_llKilo = 1000;
 // A row: the fact, its type, name and unit, a part of the record, the member there, and what it gives of the value v.
 #define ZOR_FACT(fact, type, name, unit, part, member, value)                                                          \
     { ZOREDID_FACT_##fact, ZOREDID_FACT_TYPE_##type, name, unit, [](const zoredid_facts& o) {                          \
-         const auto& oFact = o.m_oFacts.Get##part().member;                                                            \
+         const auto& oFact = o.Get().Get##part().member;                                                               \
          const auto& v = oFact.m_oValue;                                                                               \
          return MakeAnswer(oFact, value);                                                                              \
      } },
@@ -166,9 +175,9 @@ constexpr long long gsc_llKilo = 1000;
 #define ZOR_OTHER(fact, type, name, unit, answer)                                                                      \
     { ZOREDID_FACT_##fact, ZOREDID_FACT_TYPE_##type, name, unit, [](const zoredid_facts& o) { return answer; } },
 #define ZOR_TEXT(fact, name, member, text)                                                                             \
-    ZOR_OTHER(fact, TEXT, name, nullptr, MakeText(o, o.m_oFacts.GetIdentity().member, text))
+    ZOR_OTHER(fact, TEXT, name, nullptr, MakeText(o, o.Get().GetIdentity().member, text))
 #define ZOR_DEFAULT(fact, name, member, value)                                                                         \
-    ZOR_OTHER(fact, REAL, name, nullptr, MakeDefault(o, o.m_oFacts.GetColour().member, o.m_oFacts.GetColour().value))
+    ZOR_OTHER(fact, REAL, name, nullptr, MakeDefault(o, o.Get().GetColour().member, o.Get().GetColour().value))
 #define ZOR_REFRESH(fact, name, unit, value)                                                                           \
     ZOR_OTHER(fact, NUMBER, name, unit,                                                                                \
               GetRefresh(o, [](const CFacts::SVariableRefresh& v) { return static_cast<long long>(value); }))
@@ -176,7 +185,7 @@ constexpr long long gsc_llKilo = 1000;
 // clang-format off
 constexpr SRow gsc_aoRows[] = {
     ZOR_OTHER(MAKER, TEXT, "identity.manufacturer", nullptr,
-              MakeBytes(o.m_oFacts.GetIdentity().m_oMaker, o.m_oFacts.GetIdentity().m_oMaker.m_oValue.m_szLetters, 3))
+              MakeBytes(o.Get().GetIdentity().m_oMaker, o.Get().GetIdentity().m_oMaker.m_oValue.m_szLetters, 3))
     ZOR_NUMBER(MAKER_OUI, "identity.manufacturer_oui", nullptr, Identity, m_oMakerOui)
     ZOR_NUMBER(PRODUCT_CODE, "identity.product_code", nullptr, Identity, m_oProduct)
     ZOR_NUMBER(SERIAL_NUMBER, "identity.serial_number", nullptr, Identity, m_oSerialNumber)
@@ -187,15 +196,15 @@ constexpr SRow gsc_aoRows[] = {
     ZOR_NUMBER(YEAR, "identity.year", nullptr, Identity, m_oYear)
     ZOR_NUMBER(MODEL_YEAR, "identity.model_year", nullptr, Identity, m_oModelYear)
     ZOR_OTHER(CONTAINER_ID, BYTES, "identity.container_id", nullptr,
-              MakeBytes(o.m_oFacts.GetIdentity().m_oContainerId,
-                        o.m_oFacts.GetIdentity().m_oContainerId.m_oValue.m_aui8Bytes,
+              MakeBytes(o.Get().GetIdentity().m_oContainerId,
+                        o.Get().GetIdentity().m_oContainerId.m_oValue.m_aui8Bytes,
                         sizeof(CFacts::SContainerId::m_aui8Bytes)))
     ZOR_NUMBER(EDID_REVISION, "identity.edid_revision", nullptr, Identity, m_oRevision)
 
     ZOR_FACT(WIDTH, REAL, "size.width_mm", "mm", Size, m_oSize, v.m_uiWidth / gsc_dTenths)
     ZOR_FACT(HEIGHT, REAL, "size.height_mm", "mm", Size, m_oSize, v.m_uiHeight / gsc_dTenths)
     ZOR_OTHER(DIAGONAL, REAL, "size.diagonal_in", "inches",
-              MakeAnswer(o.m_oFacts.GetSize().m_oSize, o.m_oFacts.GetSize().GetDiagonal()))
+              MakeAnswer(o.Get().GetSize().m_oSize, o.Get().GetSize().GetDiagonal()))
     ZOR_FACT(BASE_WIDTH, REAL, "size.base.width_mm", "mm", Size, m_oCentimetres, v.m_uiWidth / gsc_dTenths)
     ZOR_FACT(BASE_HEIGHT, REAL, "size.base.height_mm", "mm", Size, m_oCentimetres, v.m_uiHeight / gsc_dTenths)
     ZOR_FACT(TIMING_WIDTH, REAL, "size.timing.width_mm", "mm", Size, m_oTimingSize, v.m_uiWidth / gsc_dTenths)
@@ -245,7 +254,7 @@ constexpr SRow gsc_aoRows[] = {
     ZOR_FLAG(SCDC, "link.scdc", Link, m_oScdc)
     ZOR_FLAG(READ_REQUEST, "link.read_request", Link, m_oReadRequest)
     ZOR_OTHER(SCRAMBLING, FLAG, "link.scrambling", nullptr,
-              MakeAnswer(o.m_oFacts.GetLink().m_oScdc, o.m_oFacts.GetLink().HasScrambling()))
+              MakeAnswer(o.Get().GetLink().m_oScdc, o.Get().GetLink().HasScrambling()))
     ZOR_FLAG(SCRAMBLE_LOW, "link.scramble_low", Link, m_oScrambleLow)
     ZOR_FLAG(CABLE_STATUS, "link.cable_status", Link, m_oCableStatus)
     ZOR_FLAG(CCBPCI, "link.ccbpci", Link, m_oCcbpci)
@@ -411,7 +420,7 @@ const SRow* FindRow(zoredid_fact eFact)
 // An answer that is not said for another type as well: of the last two types only one is asked for, of the others any.
 SAnswer GetAnswer(const zoredid_facts* facts, zoredid_fact fact, zoredid_fact_type eFirst, zoredid_fact_type eLast)
 {
-    const SRow* const poRow = facts != nullptr ? FindRow(fact) : nullptr;
+    const SRow* const poRow = facts != nullptr && facts->m_bRead ? FindRow(fact) : nullptr;
     return poRow != nullptr && poRow->m_eType >= eFirst && poRow->m_eType <= eLast ? poRow->m_pfnAnswer(*facts)
                                                                                    : SAnswer();
 }
@@ -474,13 +483,13 @@ zoredid_status zoredid_facts_read(zoredid_facts* facts, const void* data, size_t
         return ZOREDID_ERROR_ARGUMENT;
     }
     const zoredid_status status =
-        ReadBytes(data, size, [&](auto uiSize, auto* pui8Data) { return facts->m_oFacts.Read(uiSize, pui8Data); });
+        ReadBytes(data, size, [&](auto uiSize, auto* pui8Data) { return facts->Get().Read(uiSize, pui8Data); });
+    facts->m_bRead = status == ZOREDID_OK;
     if (status != ZOREDID_OK)
     {
-        facts->m_oFacts.Clear();
         return status;
     }
-    const CFacts::SIdentity& oIdentity = facts->m_oFacts.GetIdentity();
+    const CFacts::SIdentity& oIdentity = facts->Get().GetIdentity();
     const auto* const pui8Data = static_cast<const unsigned char*>(data);
     KeepText(*facts, eText_SerialText, oIdentity.m_oSerialText, pui8Data);
     KeepText(*facts, eText_Name, oIdentity.m_oName, pui8Data);
@@ -542,10 +551,11 @@ int zoredid_facts_get_source(const zoredid_facts* facts, zoredid_fact fact, uint
 
 int zoredid_facts_takes_space(const zoredid_facts* facts, zoredid_space space, zoredid_transfer transfer)
 {
-    const bool bKnown = facts != nullptr && space > ZOREDID_SPACE_UNKNOWN && space <= ZOREDID_SPACE_CUSTOM &&
-                        transfer > ZOREDID_TRANSFER_UNKNOWN && transfer <= ZOREDID_TRANSFER_CUSTOM;
-    return bKnown && facts->m_oFacts.GetColour().IsSupported(static_cast<CFacts::ESpace>(space),
-                                                             static_cast<CFacts::ETransfer>(transfer))
+    const bool bKnown = facts != nullptr && facts->m_bRead && space > ZOREDID_SPACE_UNKNOWN &&
+                        space <= ZOREDID_SPACE_CUSTOM && transfer > ZOREDID_TRANSFER_UNKNOWN &&
+                        transfer <= ZOREDID_TRANSFER_CUSTOM;
+    return bKnown && facts->Get().GetColour().IsSupported(static_cast<CFacts::ESpace>(space),
+                                                          static_cast<CFacts::ETransfer>(transfer))
                ? 1
                : 0;
 }
@@ -560,53 +570,45 @@ const ELEMENT* FindElement(const ELEMENT (&aoElements)[MOST], unsigned int uiCou
     return uiIndex < std::min(uiCount, MOST) ? &aoElements[uiIndex] : nullptr;
 }
 
-const CFacts::SVariableRefresh* FindRange(const zoredid_facts* facts, size_t index)
-{
-    const CFacts::SLink* const poLink = facts != nullptr ? &facts->m_oFacts.GetLink() : nullptr;
-    return poLink != nullptr ? FindElement(poLink->m_aoRanges, poLink->m_uiRanges, index) : nullptr;
-}
+// Of an element of a list, by its index.
+#define ZOR_FIND(name, type, part, list, count)                                                                        \
+    const CFacts::type* name(const zoredid_facts* facts, size_t index)                                                 \
+    {                                                                                                                  \
+        return facts != nullptr && facts->m_bRead                                                                      \
+                   ? FindElement(facts->Get().Get##part().list, facts->Get().Get##part().count, index)                 \
+                   : nullptr;                                                                                          \
+    }
 
-const CFacts::SSpace* FindSpace(const zoredid_facts* facts, size_t index)
-{
-    const CFacts::SColour* const poColour = facts != nullptr ? &facts->m_oFacts.GetColour() : nullptr;
-    return poColour != nullptr ? FindElement(poColour->m_aoSpaces, poColour->m_uiSpaces, index) : nullptr;
-}
-
-const CFacts::SAudioFormat* FindFormat(const zoredid_facts* facts, size_t index)
-{
-    const CFacts::SAudio* const poAudio = facts != nullptr ? &facts->m_oFacts.GetAudio() : nullptr;
-    return poAudio != nullptr ? FindElement(poAudio->m_aoFormats, poAudio->m_uiFormats, index) : nullptr;
-}
+ZOR_FIND(FindRange, SVariableRefresh, Link, m_aoRanges, m_uiRanges)
+ZOR_FIND(FindSpace, SSpace, Colour, m_aoSpaces, m_uiSpaces)
+ZOR_FIND(FindFormat, SAudioFormat, Audio, m_aoFormats, m_uiFormats)
 
 const CFacts::SConflict* FindConflict(const zoredid_facts* facts, size_t index)
 {
-    return facts != nullptr && index < CFacts::msc_uiMostConflicts
-               ? facts->m_oFacts.GetConflict(static_cast<unsigned int>(index))
+    return facts != nullptr && facts->m_bRead && index < CFacts::msc_uiMostConflicts
+               ? facts->Get().GetConflict(static_cast<unsigned int>(index))
                : nullptr;
+}
+
+// The lists are short.
+template <class ELEMENT>
+size_t Count(const zoredid_facts* facts, const ELEMENT* (*pfnFind)(const zoredid_facts* facts, size_t index))
+{
+    size_t uiCount = 0;
+    while (pfnFind(facts, uiCount) != nullptr)
+    {
+        ++uiCount;
+    }
+    return uiCount;
 }
 
 constexpr unsigned int gsc_uiMicrosecondsPerStep = 250; // of what a frame may be longer than the one before it
 } // namespace
 
-size_t zoredid_facts_get_vrr_count(const zoredid_facts* facts)
-{
-    return facts != nullptr ? std::min(facts->m_oFacts.GetLink().m_uiRanges, CFacts::msc_uiMostRanges) : 0;
-}
-
-size_t zoredid_facts_get_space_count(const zoredid_facts* facts)
-{
-    return facts != nullptr ? std::min(facts->m_oFacts.GetColour().m_uiSpaces, CFacts::msc_uiMostSpaces) : 0;
-}
-
-size_t zoredid_facts_get_audio_count(const zoredid_facts* facts)
-{
-    return facts != nullptr ? std::min(facts->m_oFacts.GetAudio().m_uiFormats, CFacts::msc_uiMostFormats) : 0;
-}
-
-size_t zoredid_facts_get_conflict_count(const zoredid_facts* facts)
-{
-    return facts != nullptr ? std::min(facts->m_oFacts.GetConflictCount(), CFacts::msc_uiMostConflicts) : 0;
-}
+size_t zoredid_facts_get_vrr_count(const zoredid_facts* facts) { return Count(facts, FindRange); }
+size_t zoredid_facts_get_space_count(const zoredid_facts* facts) { return Count(facts, FindSpace); }
+size_t zoredid_facts_get_audio_count(const zoredid_facts* facts) { return Count(facts, FindFormat); }
+size_t zoredid_facts_get_conflict_count(const zoredid_facts* facts) { return Count(facts, FindConflict); }
 
 // A function for each member of an element: its result, its name, how the element is found, and its value of it, o.
 #define ZOR_ELEMENT(result, name, find, value)                                                                         \

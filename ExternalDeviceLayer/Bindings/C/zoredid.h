@@ -960,7 +960,7 @@ ZOREDID_API const char* zoredid_rule_get_what(uint32_t rule);
 ZOREDID_API const char* zoredid_rule_get_standard(uint32_t rule);
 /** Why it matters, and what sources do with it: one sentence. */
 ZOREDID_API const char* zoredid_rule_get_why(uint32_t rule);
-/** As a rule: a finding may weigh less, as by revision. */
+/** As a rule: a finding may weigh otherwise, as by revision or kind of block. */
 ZOREDID_API zoredid_severity zoredid_rule_get_severity(uint32_t rule);
 
 /** The findings about one image, in the order of its bytes. */

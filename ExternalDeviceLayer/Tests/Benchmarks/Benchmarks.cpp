@@ -27,6 +27,7 @@
 #include "VidParamCea.h"
 #include "VidParamTimingFunc.h"
 #include "VidParamTimingGeneric.h"
+#include "zoredid.h"
 #include "ZorEdidFacts.h"
 #include "ZorEdidMap.h"
 #include "ZorEdidModes.h"
@@ -185,6 +186,69 @@ unsigned int ReadFacts(size_t uiImage)
     return gsc_uiFactQuestions;
 }
 
+// What a compositor asks, in C++ and in C: each value is taken by its type.
+unsigned int AskInCpp(size_t uiImage)
+{
+    const CBytes& aui8Image = g_aaui8Images[uiImage];
+    CZorEdidFacts oFacts;
+    oFacts.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    const CZorEdidFacts::SLink& oLink = oFacts.GetLink();
+    const CZorEdidFacts::SColour& oColour = oFacts.GetColour();
+    for (const char* pszText :
+         { oFacts.GetIdentity().m_oMaker.m_oValue.m_szLetters, oFacts.GetIdentity().m_oName.m_oValue.m_szText,
+           oFacts.GetIdentity().m_oSerialText.m_oValue.m_szText })
+    {
+        benchmark::DoNotOptimize(pszText);
+    }
+    for (unsigned int uiNumber :
+         { oFacts.GetSize().m_oSize.m_oValue.m_uiWidth, oFacts.GetSize().m_oSize.m_oValue.m_uiHeight,
+           oLink.m_oMaxTmds.m_oValue, static_cast<unsigned int>(oLink.m_oFrl.m_oValue.m_ui8Gbps),
+           static_cast<unsigned int>(oLink.m_oAllm.m_oValue), static_cast<unsigned int>(oColour.m_oDepth.m_oValue),
+           static_cast<unsigned int>(oColour.m_oEotfs.m_oValue),
+           static_cast<unsigned int>(oColour.m_oColorimetry.m_oValue) })
+    {
+        benchmark::DoNotOptimize(uiNumber);
+    }
+    benchmark::DoNotOptimize(oLink.GetVariableRefresh());
+    benchmark::DoNotOptimize(oColour.m_oContentMax.m_oValue.m_fLuminance);
+    benchmark::DoNotOptimize(oColour.GetDefaultGamma());
+    return 1;
+}
+
+unsigned int AskInC(zoredid_facts* poFacts, size_t uiImage)
+{
+    const CBytes& aui8Image = g_aaui8Images[uiImage];
+    zoredid_facts_read(poFacts, aui8Image.data(), aui8Image.size());
+    for (const zoredid_fact eFact : { ZOREDID_FACT_MAKER, ZOREDID_FACT_NAME, ZOREDID_FACT_SERIAL_TEXT })
+    {
+        benchmark::DoNotOptimize(zoredid_facts_get_text(poFacts, eFact, nullptr));
+    }
+    for (const zoredid_fact eFact :
+         { ZOREDID_FACT_WIDTH, ZOREDID_FACT_HEIGHT, ZOREDID_FACT_MAX_TMDS_CLOCK, ZOREDID_FACT_FRL_LANE_RATE,
+           ZOREDID_FACT_ALLM, ZOREDID_FACT_DEPTH, ZOREDID_FACT_EOTFS, ZOREDID_FACT_COLORIMETRY, ZOREDID_FACT_VRR_MIN,
+           ZOREDID_FACT_CONTENT_MAX_LUMINANCE, ZOREDID_FACT_DEFAULT_GAMMA })
+    {
+        double dValue = 0;
+        benchmark::DoNotOptimize(zoredid_facts_get_real(poFacts, eFact, &dValue));
+        benchmark::DoNotOptimize(dValue);
+    }
+    return 1;
+}
+
+unsigned int AskInCWithItsOwn(size_t uiImage)
+{
+    zoredid_facts* const poFacts = zoredid_facts_create();
+    const unsigned int uiAsked = AskInC(poFacts, uiImage);
+    zoredid_facts_free(poFacts);
+    return uiAsked;
+}
+
+unsigned int AskInCWithTheSame(size_t uiImage)
+{
+    static zoredid_facts* const s_poFacts = zoredid_facts_create(); // lives as long as the program
+    return AskInC(s_poFacts, uiImage);
+}
+
 #ifdef ZOREDID_DISPLAY_INFO
 unsigned int AskDisplayInfo(size_t uiImage)
 {
@@ -228,6 +292,9 @@ const SMeasured gsc_aoImageRows[] = {
           oModes.Read(static_cast<unsigned int>(g_aaui8Images[i].size()), g_aaui8Images[i].data());
           return ReadFacts(i) + oModes.GetCount();
       } },
+    { "Image_L_FactsInCpp", AskInCpp },
+    { "Image_l1_FactsInC", AskInCWithItsOwn },
+    { "Image_l2_FactsInCSameObject", AskInCWithTheSame },
 #ifdef ZOREDID_DISPLAY_INFO
     { "Image_K_DisplayInfoParseAskAllDestroy", AskDisplayInfo },
 #endif

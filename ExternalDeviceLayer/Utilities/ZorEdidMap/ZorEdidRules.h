@@ -233,7 +233,7 @@ enum EZorEdidRule : unsigned short
 struct SZorEdidRule
 {
     EZorEdidRule m_eRule;
-    CZorEdidMap::ESeverity m_eSeverity; ///< as a rule: a finding may weigh less, as by revision
+    CZorEdidMap::ESeverity m_eSeverity; ///< as a rule: a finding may weigh otherwise, as by revision or kind of block
     const char* m_pszId;                ///< "checksum", "timing.out-of-range": lower case, dots and hyphens
     const char* m_pszWhat;              ///< the finding in words: "the checksum is wrong"
     const char* m_pszStandard;          ///< "E-EDID 1.4, 3.11"; empty where no standard asks for it

@@ -1,0 +1,19 @@
+/* Calls every function of the interface for C, from C: on whatever bytes, with null, beyond each list, into buffers
+ * that are too short. Unit tests, the tests of failing memory and a fuzz target share it. */
+
+#pragma once
+
+#include "zoredid.h"
+
+#ifdef __cplusplus
+extern "C"
+{
+#endif
+
+/* Reads size bytes into objects of all kinds, asks them everything, frees some, which ones says order, and asks the
+ * rest again. Returns null, or the promise that was broken. Memory may run out. */
+const char* walk_interface(const unsigned char* data, size_t size, unsigned int order);
+
+#ifdef __cplusplus
+}
+#endif

@@ -30,7 +30,7 @@ class CJsonReader
 {
 public:
     static constexpr size_t msc_uiMostBytes = size_t{ 1 }
-                                              << 28;         // of all documents; that of the densest image has 150 MB
+                                              << 28;         // of all documents; that of 256 blocks of flags has 160 MB
     static constexpr size_t msc_uiMostCharacters = 1U << 17; // of one text or number, escapes as they stand
     static constexpr unsigned int msc_uiMostDepth = 64;
 

@@ -89,6 +89,10 @@ void CheckUnlisted(CFindings& oFindings, unsigned int uiBlock)
 void CheckExtension(CFindings& oFindings, const CBlockWalk& oBlock)
 {
     const unsigned int uiOffset = oBlock.GetOffset();
+    if (oFindings.GetByte(uiOffset) == gsc_uiBlockMapTag)
+    {
+        return; // it announces nothing
+    }
     const CMString sReason = oBlock.IsAnnounced() ? FindUnreadReason(oBlock.GetData())
                                                   : CMString("byte 0x7e of the base block does not count it");
     if (sReason.GetLength() == 0)

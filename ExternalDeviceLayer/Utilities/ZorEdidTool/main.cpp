@@ -31,6 +31,7 @@ constexpr SSubcommand gsc_aoSubcommands[] = {
     { "page", "Write a page for a browser: bytes, fields, timings, colours", DeclarePageOptions },
     { "edit", "Edit an image: timings, preferred mode, serial number, audio, speakers, colours", DeclareEditOptions },
     { "build", "Make an image of the JSON of explain, with what was changed in it", DeclareBuildOptions },
+    { "make", "Make an image of wishes: modes, HDR, audio, variable refresh", DeclareMakeOptions },
     { "timing", "Compute or look up the timing of a mode", DeclareTimingOptions },
     { "list", "List the connectors of this machine and their monitors", DeclareListOptions },
     { "convert", "Write an image in another form", DeclareConvertOptions },
@@ -61,17 +62,18 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
         .Placeholder("N");
     oProgram.Word("--sysfs", SetConnectorFolder, "The folder of the connectors").Hidden();
     // Sections of the man page come from here, by scripts/make-man.
-    oProgram.Footer("'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"
-                    "Exit status:\n"
-                    "  0  good\n"
-                    "  1  compare: different. check: errors or warnings, or what --fail-on says. edit, build: refused. "
-                    "timing: no such timing. "
-                    "explain: no such byte, block or text.\n"
-                    "  2  the command line is wrong\n"
-                    "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are "
-                    "still done\n"
-                    "\n"
-                    "Example: zoredid show monitor.bin");
+    oProgram.Footer(
+        "'zoredid help SUBCOMMAND' names the options of a subcommand.\n\n"
+        "Exit status:\n"
+        "  0  good\n"
+        "  1  compare: different. check: errors or warnings, or what --fail-on says. edit, build, make: refused. "
+        "timing: no such timing. "
+        "explain: no such byte, block or text.\n"
+        "  2  the command line is wrong\n"
+        "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are "
+        "still done\n"
+        "\n"
+        "Example: zoredid show monitor.bin");
     for (const SSubcommand& oSubcommand : gsc_aoSubcommands)
     {
         oCommandLine.Subcommand(oSubcommand.m_pszName, oSubcommand.m_pszSummary,

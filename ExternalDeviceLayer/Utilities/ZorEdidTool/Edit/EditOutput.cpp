@@ -1,4 +1,4 @@
-// Writing and describing, for edit and build.
+// Writing and describing, for edit, build and make.
 
 #include "EditOutput.h"
 
@@ -22,15 +22,20 @@ SWritten Write(const SEditOutput& oOutput, const CBytes& aui8Edited)
 }
 } // namespace
 
-void DeclareEditOutput(COptions& oCommand, const char* pszImage, SEditOutput& oOutput)
+void DeclareImageOutput(COptions& oCommand, const char* pszImage, SEditOutput& oOutput)
 {
     oCommand
         .Word("-o,--output", oOutput.m_sOutput,
               (std::string(pszImage) + ", raw or as its ending says (.hex, .c ...); - is standard output").c_str())
         .Placeholder("OUT");
     oCommand.Flag("--force", oOutput.m_bForce, "Replace OUT if it exists");
-    oCommand.Flag("--diff", oOutput.m_bDiff, "Print what has changed, by meaning; compare --bytes has the bytes");
     oCommand.Flag("--dry-run", oOutput.m_bDryRun, "Do everything but write, and report what would prevent writing");
+}
+
+void DeclareEditOutput(COptions& oCommand, const char* pszImage, SEditOutput& oOutput)
+{
+    DeclareImageOutput(oCommand, pszImage, oOutput);
+    oCommand.Flag("--diff", oOutput.m_bDiff, "Print what has changed, by meaning; compare --bytes has the bytes");
 }
 
 std::string CheckEditOutput(const SEditOutput& oOutput)

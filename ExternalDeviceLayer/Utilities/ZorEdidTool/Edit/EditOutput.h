@@ -16,7 +16,9 @@ struct SEditOutput
     bool m_bDryRun = false;
 };
 
-// Declares -o, --force, --diff and --dry-run. pszImage is what is written: "The edited image".
+// Declares -o, --force and --dry-run. pszImage is what is written: "The edited image".
+void DeclareImageOutput(COptions& oCommand, const char* pszImage, SEditOutput& oOutput);
+// The same and --diff, of an image that was read.
 void DeclareEditOutput(COptions& oCommand, const char* pszImage, SEditOutput& oOutput);
 
 // Empty, or what is missing or does not go together.

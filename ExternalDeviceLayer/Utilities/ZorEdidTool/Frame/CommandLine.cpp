@@ -275,7 +275,7 @@ COption COptions::Number(const char* pszName, unsigned int& uiNumber, unsigned i
 }
 
 void COptions::Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp,
-                    const COption::TCheck& fnCheck, size_t uiTag)
+                    const COption::TCheck& fnCheck, size_t uiTag, const char* pszGroup)
 {
     const std::string sHelp = pszHelp; // a text that is not constant would be taken for what the flag sets
     CLI::Option* poOption = nullptr;
@@ -287,10 +287,10 @@ void COptions::Edit(const char* pszName, const char* pszPlaceholder, const char*
     {
         poOption = m_oApp.add_option(
             pszName, [](const CLI::results_t&) { return true; }, sHelp);
-        poOption->type_name(pszPlaceholder)->type_size(1)->expected(1);
+        poOption->type_name(pszPlaceholder)->type_size(1)->expected(*pszPlaceholder == '[' ? 0 : 1, 1);
         COption(*poOption).Check(fnCheck);
     }
-    poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group("Edits");
+    poOption->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->group(pszGroup);
     m_aoEdits.push_back({ poOption, uiTag, fnCheck });
 }
 

@@ -55,9 +55,9 @@ public:
     COption Number(const char* pszName, unsigned int& uiNumber, unsigned int uiLeast, unsigned int uiMost,
                    const char* pszHelp, const char* pszRange);
     // An option that may be repeated, and whose place among its like matters: an edit. Without a placeholder
-    // it has no value. uiTag is the caller's own name for it.
+    // it has no value, with one in brackets the value may be left out. uiTag is the caller's own name for it.
     void Edit(const char* pszName, const char* pszPlaceholder, const char* pszHelp, const COption::TCheck& fnCheck,
-              size_t uiTag);
+              size_t uiTag, const char* pszGroup = "Edits");
 
     void Version(const char* pszName, const std::string& sText, const char* pszHelp);
     void Footer(const char* pszText); // after the options, in the help

@@ -71,6 +71,7 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool);
 void DeclarePageOptions(COptions& oCommand, STool& oTool);
 void DeclareEditOptions(COptions& oCommand, STool& oTool);
 void DeclareBuildOptions(COptions& oCommand, STool& oTool);
+void DeclareMakeOptions(COptions& oCommand, STool& oTool);
 void DeclareTimingOptions(COptions& oCommand, STool& oTool);
 void DeclareListOptions(COptions& oCommand, STool& oTool);
 void DeclareConvertOptions(COptions& oCommand, STool& oTool);

@@ -25,8 +25,8 @@ with open(MONITOR, "rb") as image_file:
     IMAGE = image_file.read()
 with open(COMMAND, "rb") as command_file:
     SANITIZED = re.search(b"__[at]san_init", command_file.read()) is not None
-SUBCOMMANDS = "show", "report", "modes", "compare", "check", "explain", "page", "edit", "build", "timing", "list", \
-    "convert"
+SUBCOMMANDS = "show", "report", "modes", "compare", "check", "explain", "page", "edit", "build", "make", "timing", \
+    "list", "convert"
 MARKER = " " * 8 + "_" * 40 + "\n"
 
 

@@ -1,0 +1,383 @@
+#include "MakeWishes.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+
+#include "ExactTimings.h"
+#include "TextFormat.h"
+
+namespace
+{
+using CTexts = std::vector<std::string>;
+
+CTexts Split(const std::string& sText, char cSeparator)
+{
+    CTexts asParts;
+    size_t uiBegin = 0;
+    for (size_t uiEnd = 0; uiEnd != std::string::npos; uiBegin = uiEnd + 1)
+    {
+        uiEnd = sText.find(cSeparator, uiBegin);
+        asParts.push_back(sText.substr(uiBegin, uiEnd == std::string::npos ? uiEnd : uiEnd - uiBegin));
+    }
+    return asParts;
+}
+
+// Takes a unit off, in either case.
+std::string WithoutUnit(const std::string& sText, const std::string& sUnit)
+{
+    const size_t uiLength = sText.size() - std::min(sText.size(), sUnit.size());
+    return strcasecmp(sText.c_str() + uiLength, sUnit.c_str()) == 0 ? sText.substr(0, uiLength) : sText;
+}
+
+// Two numbers with a mark between them: "48-144", "600x340".
+bool ParsePair(const std::string& sText, char cMark, unsigned int& uiFirst, unsigned int& uiSecond)
+{
+    const size_t uiMark = sText.find(cMark);
+    return uiMark != std::string::npos && ParseNumber(sText.substr(0, uiMark), uiFirst) &&
+           ParseNumber(sText.substr(uiMark + 1), uiSecond);
+}
+
+// A name of a table of rows with m_pszName.
+template <class ROW, size_t COUNT>
+const ROW* FindRow(const ROW (&aoRows)[COUNT], const std::string& sName)
+{
+    const auto* poRow = std::find_if(std::begin(aoRows), std::end(aoRows), [&sName](const ROW& oRow) {
+        return strcasecmp(oRow.m_pszName, sName.c_str()) == 0;
+    });
+    return poRow == std::end(aoRows) ? nullptr : poRow;
+}
+
+template <class ROW, size_t COUNT>
+std::string RefuseName(const ROW (&aoRows)[COUNT], const std::string& sName)
+{
+    CTexts asNames;
+    for (const ROW& oRow : aoRows)
+    {
+        asNames.emplace_back(oRow.m_pszName);
+    }
+    return "unknown value '" + sName + "'; expected one of " + JoinTexts(asNames);
+}
+
+// ---- Values ----
+
+struct SSourceName
+{
+    const char* m_pszName;
+    EZorTimingSource m_eSource;
+};
+constexpr SSourceName gsc_aoSources[] = {
+    { "cta", eZorTimingSource_Cta },
+    { "dmt", eZorTimingSource_Dmt },
+    { "dmt-rb", eZorTimingSource_DmtReduced },
+    { "cvt", eZorTimingSource_Cvt },
+    { "cvt-rb", eZorTimingSource_CvtReduced1 },
+    { "cvt-rb2", eZorTimingSource_CvtReduced2 },
+    { "gtf", eZorTimingSource_Gtf },
+};
+
+std::string SetMode(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    const size_t uiComma = sValue.find(',');
+    SZorMode oMode = {};
+    SZorWishedMode oWish;
+    if (!ParseExactMode(sValue.substr(0, uiComma), oMode))
+    {
+        return "expected a mode such as 1920x1080@60 or 2560x1440@144,cvt-rb2";
+    }
+    if (uiComma != std::string::npos)
+    {
+        const SSourceName* poSource = FindRow(gsc_aoSources, sValue.substr(uiComma + 1));
+        if (poSource == nullptr)
+        {
+            return RefuseName(gsc_aoSources, sValue.substr(uiComma + 1));
+        }
+        oWish.m_eSource = poSource->m_eSource;
+    }
+    oWish.m_uiWidth = oMode.m_uiWidth;
+    oWish.m_uiHeight = oMode.m_uiHeight;
+    oWish.m_bInterlaced = oMode.m_bInterlaced;
+    oWish.m_oRate = oMode.m_oNominalRate;
+    oWishes.m_aoModes.Add(oWish);
+    return "";
+}
+
+struct SInterfaceName
+{
+    const char* m_pszName;
+    SZorEdidWishes::EInterface m_eInterface;
+};
+constexpr SInterfaceName gsc_aoInterfaces[] = {
+    { "hdmi", SZorEdidWishes::eInterface_Hdmi },
+    { "dp", SZorEdidWishes::eInterface_DisplayPort },
+    { "dvi", SZorEdidWishes::eInterface_Dvi },
+};
+
+std::string SetInterface(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    const SInterfaceName* poName = FindRow(gsc_aoInterfaces, sValue);
+    oWishes.m_eInterface = poName != nullptr ? poName->m_eInterface : oWishes.m_eInterface;
+    return poName != nullptr ? "" : RefuseName(gsc_aoInterfaces, sValue);
+}
+
+std::string SetName(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    oWishes.m_sName = sValue.c_str();
+    return "";
+}
+
+std::string SetSerial(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    oWishes.m_sSerial = sValue.c_str();
+    return "";
+}
+
+std::string SetMaker(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    oWishes.m_sMaker = sValue.c_str();
+    return "";
+}
+
+std::string SetProduct(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    return ParseNumber(sValue, oWishes.m_uiProduct) ? "" : "expected a number up to 65535 or 0xffff";
+}
+
+std::string SetSize(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    return ParsePair(WithoutUnit(sValue, "mm"), 'x', oWishes.m_uiWidthInMm, oWishes.m_uiHeightInMm)
+               ? ""
+               : "expected a size such as 600x340mm";
+}
+
+// "0.05" in 0.0001; false for anything else.
+bool ParseLuminance(const std::string& sText, unsigned int& uiTenThousandths)
+{
+    constexpr size_t uiMostDecimals = 4;
+    const size_t uiPoint = std::min(sText.find('.'), sText.size());
+    std::string sDecimals = uiPoint < sText.size() ? sText.substr(uiPoint + 1) : "";
+    const bool bDigits = std::ranges::all_of(sDecimals, [](char c) { return c >= '0' && c <= '9'; });
+    if (sDecimals.size() > uiMostDecimals || !bDigits || uiPoint == 0 || uiPoint > 3)
+    {
+        return false;
+    }
+    sDecimals.resize(uiMostDecimals, '0');
+    const std::string sAll = sText.substr(0, uiPoint) + sDecimals;
+    return std::from_chars(sAll.data(), sAll.data() + sAll.size(), uiTenThousandths).ptr == sAll.data() + sAll.size();
+}
+
+std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    constexpr char szExpected[] = "expected a list of pq, hlg, max=600, frame=400, min=0.05";
+    if (sValue.empty() || sValue == "true")
+    {
+        oWishes.m_bPq = oWishes.m_bHlg = true;
+        return "";
+    }
+    for (const std::string& sPart : Split(sValue, ','))
+    {
+        const size_t uiEquals = std::min(sPart.find('='), sPart.size());
+        const std::string sName = sPart.substr(0, uiEquals);
+        const std::string sNumber = uiEquals < sPart.size() ? sPart.substr(uiEquals + 1) : "";
+        const bool bGood = sPart == "pq"      ? (oWishes.m_bPq = true)
+                           : sPart == "hlg"   ? (oWishes.m_bHlg = true)
+                           : sName == "max"   ? ParseNumber(sNumber, oWishes.m_uiMaxLuminance)
+                           : sName == "frame" ? ParseNumber(sNumber, oWishes.m_uiFrameLuminance)
+                                              : sName == "min" && ParseLuminance(sNumber, oWishes.m_uiMinLuminance);
+        if (!bGood)
+        {
+            return szExpected;
+        }
+    }
+    oWishes.m_bPq = oWishes.m_bPq || !oWishes.m_bHlg; // luminances alone
+    return "";
+}
+
+struct SAudioName
+{
+    const char* m_pszName;
+    SZorEdidWishes::EAudio m_eAudio;
+};
+constexpr SAudioName gsc_aoAudio[] = {
+    { "none", SZorEdidWishes::eAudio_None },
+    { "stereo", SZorEdidWishes::eAudio_Stereo },
+    { "5.1", SZorEdidWishes::eAudio_5_1 },
+    { "7.1", SZorEdidWishes::eAudio_7_1 },
+};
+
+std::string SetAudio(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    const SAudioName* poName = FindRow(gsc_aoAudio, sValue);
+    oWishes.m_eAudio = poName != nullptr ? poName->m_eAudio : oWishes.m_eAudio;
+    return poName != nullptr ? "" : RefuseName(gsc_aoAudio, sValue);
+}
+
+std::string SetVrr(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    return ParsePair(WithoutUnit(sValue, "Hz"), '-', oWishes.m_uiVrrMin, oWishes.m_uiVrrMax) && oWishes.HasVrr()
+               ? ""
+               : "expected a range such as 48-144";
+}
+
+std::string SetColorDepth(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    return ParseNumber(sValue, oWishes.m_uiColorDepth) && oWishes.m_uiColorDepth != 0 ? "" : "expected 8, 10 or 12";
+}
+
+std::string SetTmds(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    return ParseNumber(WithoutUnit(sValue, "MHz"), oWishes.m_uiMaxTmds) && oWishes.m_uiMaxTmds != 0
+               ? ""
+               : "expected 25 to 600 MHz";
+}
+
+struct SFrlName
+{
+    const char* m_pszName;
+    unsigned int m_uiFrl;
+};
+constexpr SFrlName gsc_aoFrl[] = {
+    { "3x3", 1 }, { "6x3", 2 }, { "6x4", 3 }, { "8x4", 4 }, { "10x4", 5 }, { "12x4", 6 }
+};
+
+std::string SetFrl(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    const SFrlName* poName = FindRow(gsc_aoFrl, sValue);
+    oWishes.m_uiFrl = poName != nullptr ? poName->m_uiFrl : oWishes.m_uiFrl;
+    return poName != nullptr ? "" : RefuseName(gsc_aoFrl, sValue);
+}
+
+std::string SetY420(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    oWishes.m_bYCbCr420 = sValue != "false";
+    return "";
+}
+
+constexpr SWishOption gsc_aoOptions[] = {
+    { "--mode", "WxH@R[,FROM]",
+      "A mode; the first one is preferred. FROM: cta, dmt, dmt-rb, cvt, cvt-rb, cvt-rb2, gtf; without it a table that "
+      "has the mode, else cvt-rb",
+      SetMode },
+    { "--interface", "KIND", "hdmi, dp or dvi; without it hdmi", SetInterface },
+    { "--name", "TEXT", "Name of the product, up to 13 characters", SetName },
+    { "--serial-text", "TEXT", "Serial number, up to 13 characters", SetSerial },
+    { "--maker", "ABC", "Three letters of the maker; without it ZVD, which is none", SetMaker },
+    { "--product", "N", "Product code", SetProduct },
+    { "--size", "WxHmm", "Of the picture; without it no size is given", SetSize },
+    { "--hdr", "[LIST]", "pq, hlg, and luminances in cd/m2: max=600, frame=400, min=0.05; pq,hlg without LIST",
+      SetHdr },
+    { "--audio", "KIND", "stereo, 5.1 or 7.1", SetAudio },
+    { "--vrr", "MIN-MAX", "Variable refresh between these rates in Hz", SetVrr },
+    { "--color-depth", "BITS", "8, 10 or 12; without it 10 with HDR, else 8", SetColorDepth },
+    { "--ycbcr420", "", "2160p and larger codes at 50 Hz and more in YCbCr 4:2:0, too", SetY420 },
+    { "--tmds", "MHZ", "Most that TMDS takes; without it as the modes need", SetTmds },
+    { "--frl", "GxL", "Most of HDMI's Fixed Rate Link, Gbps x lanes: 3x3, 6x3, 6x4, 8x4, 10x4 or 12x4", SetFrl },
+};
+
+// ---- Profiles ----
+
+struct SProfile
+{
+    const char* m_pszName;
+    std::vector<std::pair<const char*, const char*>> m_aoValues; // options without their hyphens
+};
+
+const std::vector<SProfile>& GetProfiles()
+{
+    static const std::vector<SProfile> s_aoProfiles = {
+        { "headless", { { "mode", "1920x1080@60" } } },
+        { "hdmi-1080p",
+          { { "mode", "1920x1080@60" },
+            { "mode", "1920x1080@50" },
+            { "mode", "1280x720@60" },
+            { "mode", "1280x720@50" },
+            { "audio", "stereo" } } },
+        { "hdmi-4k",
+          { { "mode", "3840x2160@60" },
+            { "mode", "3840x2160@50" },
+            { "mode", "3840x2160@30" },
+            { "mode", "3840x2160@24" },
+            { "mode", "1920x1080@60" },
+            { "mode", "1920x1080@50" },
+            { "mode", "1280x720@60" },
+            { "audio", "stereo" } } },
+        { "hdmi-8k",
+          { { "mode", "7680x4320@60" },
+            { "mode", "7680x4320@30" },
+            { "mode", "3840x2160@120" },
+            { "mode", "3840x2160@60" },
+            { "mode", "1920x1080@60" },
+            { "audio", "stereo" } } },
+        { "dp-1440p144",
+          { { "interface", "dp" },
+            { "mode", "2560x1440@144" },
+            { "mode", "2560x1440@60" },
+            { "mode", "1920x1080@60" } } },
+        { "hdr",
+          { { "mode", "3840x2160@60" },
+            { "mode", "3840x2160@24" },
+            { "mode", "1920x1080@60" },
+            { "hdr", "pq,hlg,max=600" },
+            { "audio", "stereo" } } },
+        { "vrr",
+          { { "interface", "dp" },
+            { "mode", "2560x1440@144" },
+            { "mode", "2560x1440@60" },
+            { "mode", "1920x1080@60" },
+            { "vrr", "48-144" } } },
+    };
+    return s_aoProfiles;
+}
+} // namespace
+
+std::span<const SWishOption> GetWishOptions() { return gsc_aoOptions; }
+
+std::string ApplyWishes(const CWishValues& aoValues, SZorEdidWishes& oWishes)
+{
+    const auto fnIsMode = [](const SWishValue& oValue) { return oValue.m_poOption == gsc_aoOptions; };
+    if (std::ranges::any_of(aoValues, fnIsMode))
+    {
+        oWishes.m_aoModes.RemoveAll();
+    }
+    for (const SWishValue& oValue : aoValues)
+    {
+        const std::string sReason = oValue.m_poOption->m_pfnSet(oValue.m_sValue, oWishes);
+        if (!sReason.empty())
+        {
+            return std::string(oValue.m_poOption->m_pszName) + " " + oValue.m_sValue + ": " + sReason;
+        }
+    }
+    return "";
+}
+
+std::vector<std::string> ListProfiles()
+{
+    CTexts asNames;
+    for (const SProfile& oProfile : GetProfiles())
+    {
+        asNames.emplace_back(oProfile.m_pszName);
+    }
+    return asNames;
+}
+
+CWishValues GetProfile(const std::string& sName)
+{
+    CWishValues aoValues;
+    for (const SProfile& oProfile : GetProfiles())
+    {
+        for (const auto& [pszName, pszValue] : oProfile.m_aoValues)
+        {
+            if (sName == oProfile.m_pszName)
+            {
+                const std::string sOption = std::string("--") + pszName;
+                aoValues.push_back(
+                    { std::ranges::find_if(gsc_aoOptions,
+                                           [&](const SWishOption& oOption) { return sOption == oOption.m_pszName; }),
+                      pszValue });
+            }
+        }
+    }
+    return aoValues;
+}

@@ -1,0 +1,263 @@
+#include "MakerCta.h"
+
+#include <algorithm>
+
+#include "EdidUtils.h"
+#include "MakerBase.h"
+#include "Standards/CtaBlocks.h"
+#include "Standards/HdmiBlocks.h"
+
+namespace ZorWrite
+{
+namespace
+{
+using namespace ZorStandards;
+
+constexpr unsigned int gsc_uiMegaHzPerTmdsUnit = 5;
+constexpr unsigned int gsc_ui10Bits = 10;
+constexpr unsigned int gsc_ui12Bits = 12;
+
+using CForumBytes = unsigned char[HdmiForum::gsc_oDscTotalChunkKbytes.GetEnd()];
+
+// As many slices as there are, and chunks for the widest compressed mode.
+void WriteDsc(const CMakerPlan& oPlan, CForumBytes& aui8Payload)
+{
+    using namespace HdmiForum;
+    constexpr unsigned int uiMostSlices = 7; // 16 of 400 MHz
+    constexpr unsigned int uiBytesPerUnit = 1024;
+    constexpr unsigned int uiMostBits = 12; // a pixel, compressed
+    const unsigned int uiBytes = oPlan.GetLink().m_uiDscWidth * uiMostBits / gsc_uiBits;
+    gsc_oDsc1p2.Write(aui8Payload, 1);
+    gsc_oDsc10bpc.Write(aui8Payload, oPlan.GetColorDepth() >= gsc_ui10Bits ? 1 : 0);
+    gsc_oDsc12bpc.Write(aui8Payload, oPlan.GetColorDepth() >= gsc_ui12Bits ? 1 : 0);
+    gsc_oDscMaxFrlRate.Write(aui8Payload, oPlan.GetLink().m_uiFrl);
+    gsc_oDscMaxSlices.Write(aui8Payload, uiMostSlices);
+    gsc_oDscTotalChunkKbytes.Write(aui8Payload, (uiBytes + uiBytesPerUnit - 1) / uiBytesPerUnit);
+}
+} // namespace
+
+bool CMakerCta::Add()
+{
+    return AddBlock() && AddCodes() && AddAudio() && (!m_oPlan.IsHdmi() || AddHdmi()) && AddVideoCapability() &&
+           AddHdr() && Add420() && AddPreference();
+}
+
+bool CMakerCta::AddFurtherBlock()
+{
+    const bool bFirst = !m_bBegun;
+    return AddBlock() && (!bFirst || AddVideoCapability());
+}
+
+// All of them have the same flags.
+bool CMakerCta::AddBlock()
+{
+    CBlockBytes aui8Block = {};
+    aui8Block[Cta::gsc_uiTagOffset] = Cta::gsc_uiTag;
+    aui8Block[Cta::gsc_uiRevisionOffset] = Cta::gsc_uiHighestRevision;
+    aui8Block[Cta::gsc_uiDetailedStartOffset] = Cta::gsc_uiDataBlocksOffset;
+    Cta::gsc_oUnderscan.Write(aui8Block, 1);
+    Cta::gsc_oBasicAudio.Write(aui8Block, m_oPlan.HasAudio() ? 1 : 0);
+    Cta::gsc_oYCbCr444.Write(aui8Block, m_oPlan.HasYCbCr() ? 1 : 0);
+    Cta::gsc_oYCbCr422.Write(aui8Block, m_oPlan.HasYCbCr() ? 1 : 0);
+    Cta::gsc_oNativeCount.Write(aui8Block, m_oPlan.GetFirstDetailed() == 0 ? 1 : 0);
+    CEdidUtils::StoreChecksum(sizeof(aui8Block), aui8Block);
+    m_bBegun = true;
+    return m_oParts.AddBlock(Cta::gsc_uiTag, aui8Block);
+}
+
+// Each once, in the order of the wishes.
+bool CMakerCta::AddCodes()
+{
+    bool abListed[256] = {};
+    for (unsigned int i = 0; i < m_oPlan.GetCount(); ++i)
+    {
+        const SPlannedMode& oMode = m_oPlan.Get(i);
+        const unsigned char ui8Code = static_cast<unsigned char>(oMode.m_uiCode);
+        if (ui8Code == 0 || oMode.m_b420Only || abListed[ui8Code])
+        {
+            continue;
+        }
+        abListed[ui8Code] = true;
+        m_aui8Codes.Add(ui8Code);
+        if (!m_oParts.AddItem(eZorEdidField_CtaVideo, 1, &ui8Code))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CMakerCta::AddAudio()
+{
+    constexpr unsigned char aui8Channels[] = { 0, 2, 6, 8 };          // by EAudio
+    constexpr unsigned char aui8Speakers[] = { 0, 0x01, 0x0F, 0x4F }; // front; LFE, center and rear; rear centers
+    constexpr unsigned char ui8Pcm = 1 << 3;
+    constexpr unsigned char ui8Rates = 0x07;  // 32, 44.1 and 48 kHz
+    constexpr unsigned char ui8Depths = 0x07; // 16, 20 and 24 bits
+    const unsigned int uiAudio = m_oWishes.m_eAudio;
+    if (uiAudio == SZorEdidWishes::eAudio_None)
+    {
+        return AddDonorsAudio();
+    }
+    const unsigned char aui8Audio[] = { static_cast<unsigned char>(ui8Pcm | (aui8Channels[uiAudio] - 1)), ui8Rates,
+                                        ui8Depths };
+    const unsigned char aui8Allocation[] = { aui8Speakers[uiAudio], 0, 0 };
+    return m_oParts.AddItem(eZorEdidField_CtaAudio, sizeof(aui8Audio), aui8Audio) &&
+           m_oParts.AddDataBlock(eZorEdidField_CtaSpeakers, sizeof(aui8Allocation), aui8Allocation);
+}
+
+bool CMakerCta::AddDonorsAudio()
+{
+    constexpr unsigned int uiSize = 3; // of a descriptor, and of the speakers
+    for (unsigned int i = 0; i < m_oDonor.m_aui8Audio.GetCount(); i += uiSize)
+    {
+        if (!m_oParts.AddItem(eZorEdidField_CtaAudio, uiSize, m_oDonor.m_aui8Audio.GetData() + i))
+        {
+            return false;
+        }
+    }
+    return m_oDonor.m_aui8Audio.GetCount() == 0 || m_oDonor.m_aui8Speakers.GetCount() == 0 ||
+           m_oParts.AddDataBlock(eZorEdidField_CtaSpeakers, uiSize, m_oDonor.m_aui8Speakers.GetData());
+}
+
+bool CMakerCta::AddHdmi()
+{
+    using namespace Hdmi;
+    constexpr unsigned int uiAddress = 0x1000; // 1.0.0.0: at a source, not behind a repeater
+    constexpr unsigned int ui36Bits = 12;
+    unsigned char aui8Payload[4] = {};
+    const unsigned int uiDepth = m_oPlan.GetColorDepth();
+    gsc_oPhysicalAddress.Write(aui8Payload, uiAddress);
+    gsc_oDeepColour30.Write(aui8Payload, uiDepth > 8 ? 1 : 0);
+    gsc_oDeepColour36.Write(aui8Payload, uiDepth >= ui36Bits ? 1 : 0);
+    gsc_oDeepColourY444.Write(aui8Payload, uiDepth > 8 && m_oPlan.HasYCbCr() ? 1 : 0);
+    gsc_oMaxTmdsClock.Write(aui8Payload, m_oPlan.GetLink().m_uiTmds / gsc_uiMegaHzPerTmdsUnit);
+    return m_oParts.AddDataBlock(eZorEdidField_CtaHdmi, sizeof(aui8Payload), aui8Payload) &&
+           (!m_oPlan.GetLink().m_bForum || AddForum());
+}
+
+bool CMakerCta::AddForum()
+{
+    using namespace HdmiForum;
+    constexpr unsigned int uiLeastVrrMax = 100; // below it the video format is the limit
+    constexpr unsigned int uiUhdWidth = 3840;
+    const SPlannedLink& oLink = m_oPlan.GetLink();
+    CForumBytes aui8Payload = {};
+    unsigned int uiSize = gsc_oMaxFrlRate.GetEnd();
+    gsc_oVersion.Write(aui8Payload, 1);
+    gsc_oMaxTmdsCharacterRate.Write(aui8Payload, oLink.m_uiForumTmds / gsc_uiMegaHzPerTmdsUnit);
+    gsc_oScdcPresent.Write(aui8Payload, oLink.m_uiForumTmds != 0 || oLink.m_uiFrl != 0 ? 1 : 0);
+    gsc_oMaxFrlRate.Write(aui8Payload, oLink.m_uiFrl);
+    const bool bDeep420 = m_oWishes.m_bYCbCr420 && m_oPlan.GetColorDepth() > 8;
+    gsc_oDc30bit420.Write(aui8Payload, bDeep420 ? 1 : 0);
+    gsc_oDc36bit420.Write(aui8Payload, bDeep420 && m_oPlan.GetColorDepth() > 10 ? 1 : 0);
+    for (unsigned int i = 0; i < m_oPlan.GetCount(); ++i)
+    {
+        if (m_oPlan.Get(i).m_uiCode != 0 && m_oPlan.Get(i).m_oTiming.m_uiWidth >= uiUhdWidth)
+        {
+            gsc_oUhdVic.Write(aui8Payload, 1);
+        }
+    }
+    if (m_oWishes.HasVrr())
+    {
+        uiSize = gsc_oVrrMax.GetEnd();
+        gsc_oVrrMin.Write(aui8Payload, m_oWishes.m_uiVrrMin);
+        gsc_oVrrMax.Write(aui8Payload, m_oWishes.m_uiVrrMax >= uiLeastVrrMax ? m_oWishes.m_uiVrrMax : 0);
+    }
+    if (oLink.m_bDsc)
+    {
+        uiSize = gsc_oDscTotalChunkKbytes.GetEnd();
+        WriteDsc(m_oPlan, aui8Payload);
+    }
+    return m_oParts.AddDataBlock(eZorEdidField_CtaHdmiForum, uiSize, aui8Payload);
+}
+
+// A display of pixels: quantization by choice, no overscan.
+bool CMakerCta::AddVideoCapability()
+{
+    constexpr unsigned int uiAlwaysUnderscanned = 2;
+    unsigned char ui8Payload = 0;
+    Cta::gsc_oQuantizationYcc.Write(&ui8Payload, m_oPlan.HasYCbCr() ? 1 : 0);
+    Cta::gsc_oQuantizationRgb.Write(&ui8Payload, 1);
+    Cta::gsc_oItScan.Write(&ui8Payload, uiAlwaysUnderscanned);
+    Cta::gsc_oCeScan.Write(&ui8Payload, uiAlwaysUnderscanned);
+    return m_oParts.AddDataBlock(eZorEdidField_CtaVideoCapability, 1, &ui8Payload);
+}
+
+bool CMakerCta::AddHdr()
+{
+    constexpr unsigned char aui8Colorimetry[] = { 0xC0, 0x00 }; // BT.2020 RGB and YCC
+    constexpr unsigned char ui8Sdr = 0x01;
+    constexpr unsigned char ui8Pq = 0x04;
+    constexpr unsigned char ui8Hlg = 0x08;
+    constexpr unsigned char ui8MetadataType1 = 0x01;
+    if (!m_oWishes.HasHdr())
+    {
+        return true;
+    }
+    const unsigned char aui8Hdr[5] = { static_cast<unsigned char>(ui8Sdr | (m_oWishes.m_bPq ? ui8Pq : 0) |
+                                                                  (m_oWishes.m_bHlg ? ui8Hlg : 0)),
+                                       ui8MetadataType1 };
+    const unsigned int uiSize = m_oWishes.m_uiMinLuminance != 0     ? 5
+                                : m_oWishes.m_uiFrameLuminance != 0 ? 4
+                                : m_oWishes.m_uiMaxLuminance != 0   ? 3
+                                                                    : 2;
+    return m_oParts.AddDataBlock(eZorEdidField_CtaColorimetry, sizeof(aui8Colorimetry), aui8Colorimetry) &&
+           m_oParts.AddDataBlock(eZorEdidField_CtaHdrStatic, uiSize, aui8Hdr) && SetLuminances();
+}
+
+bool CMakerCta::SetLuminances()
+{
+    constexpr unsigned int uiScale = 10000;
+    CMString sMin;
+    sMin.Format("%u.%04u", m_oWishes.m_uiMinLuminance / uiScale, m_oWishes.m_uiMinLuminance % uiScale);
+    CMString sMax;
+    sMax.Format("%u", m_oWishes.m_uiMaxLuminance);
+    CMString sFrame;
+    sFrame.Format("%u", m_oWishes.m_uiFrameLuminance);
+    return (m_oWishes.m_uiMaxLuminance == 0 || m_oParts.Set(eZorEdidField_CtaHdrStaticMaxLuminance, sMax)) &&
+           (m_oWishes.m_uiFrameLuminance == 0 ||
+            m_oParts.Set(eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance, sFrame)) &&
+           (m_oWishes.m_uiMinLuminance == 0 || m_oParts.Set(eZorEdidField_CtaHdrStaticMinLuminance, sMin));
+}
+
+// Codes that exist in 4:2:0 alone, and which of the others exist so, too.
+bool CMakerCta::Add420()
+{
+    constexpr unsigned int uiMostCodes = 31;
+    CByteArray aui8Only;
+    unsigned char aui8Map[uiMostCodes] = {};
+    unsigned int uiMapSize = 0;
+    for (unsigned int i = 0; m_oWishes.m_bYCbCr420 && i < m_oPlan.GetCount(); ++i)
+    {
+        const SPlannedMode& oMode = m_oPlan.Get(i);
+        const unsigned char ui8Code = static_cast<unsigned char>(oMode.m_uiCode);
+        if (!oMode.Allows420())
+        {
+            continue;
+        }
+        if (oMode.m_b420Only)
+        {
+            aui8Only.Add(ui8Code);
+            continue;
+        }
+        const auto uiPlace = static_cast<unsigned int>(
+            std::find(m_aui8Codes.GetData(), m_aui8Codes.GetData() + m_aui8Codes.GetCount(), ui8Code) -
+            m_aui8Codes.GetData());
+        aui8Map[uiPlace / gsc_uiBits] |= 1U << (uiPlace % gsc_uiBits);
+        uiMapSize = std::max(uiMapSize, uiPlace / gsc_uiBits + 1);
+    }
+    return (aui8Only.GetCount() == 0 ||
+            m_oParts.AddDataBlock(eZorEdidField_Cta420Video, aui8Only.GetCount(), aui8Only.GetData())) &&
+           (uiMapSize == 0 || m_oParts.AddDataBlock(eZorEdidField_Cta420Map, uiMapSize, aui8Map));
+}
+
+// A preferred code that no detailed timing repeats.
+bool CMakerCta::AddPreference()
+{
+    const SPlannedMode& oFirst = m_oPlan.Get(0);
+    const unsigned char ui8Code = static_cast<unsigned char>(oFirst.m_uiCode);
+    return oFirst.m_bDetailed || ui8Code == 0 ||
+           m_oParts.AddDataBlock(eZorEdidField_CtaVideoFormatPreference, 1, &ui8Code);
+}
+} // namespace ZorWrite

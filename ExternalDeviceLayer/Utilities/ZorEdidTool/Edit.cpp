@@ -9,6 +9,7 @@
 #include "EditOutput.h"
 #include "EditPlan.h"
 #include "EditVerify.h"
+#include "FieldEdits.h"
 #include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "Tool.h"
@@ -68,34 +69,35 @@ SEdited EditByClasses(const SInput& oInput, const std::vector<SEdit>& aoEdits, b
     return oEdited;
 }
 
-// Then the fields that are set, which the writer reads back one by one.
-void SetFields(const std::vector<SEdit>& aoSettings, SEdited& oEdited)
+// Then the edits of fields and parts, each of which the library reads back.
+void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
 {
-    CZorEdidWriter oWriter;
-    oWriter.Read(static_cast<unsigned int>(oEdited.m_aui8Bytes.size()), oEdited.m_aui8Bytes.data());
-    for (const SEdit& oEdit : aoSettings)
+    CFieldEdits oFields(oEdited.m_aui8Bytes);
+    for (const SEdit& oEdit : aoEdits)
     {
-        std::string sNote;
-        const std::string sReason = ApplySetting(oWriter, oEdit.m_oSetting, sNote);
+        const std::string sReason =
+            oEdit.m_eKind == eEdit_Set ? oFields.Apply(oEdit.m_oSetting) : oEdit.m_fnNamed(oFields);
         if (!sReason.empty())
         {
             oEdited.m_sProblem = oEdit.m_sText + ": " + sReason;
             return;
         }
-        oEdited.m_asNotes.push_back(oEdit.m_sText + ": " + sNote);
+        for (const std::string& sNote : oFields.TakeNotes())
+        {
+            oEdited.m_asNotes.push_back(oEdit.m_sText + ": " + sNote);
+        }
     }
-    const CZorEdidMap& oMap = oWriter.GetMap();
-    oEdited.m_aui8Bytes.assign(oMap.GetData(), oMap.GetData() + oMap.GetSize());
+    oEdited.m_aui8Bytes = oFields.GetBytes();
 }
 
 // Without an edit that needs the classes, images that they refuse are edited, too.
 SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
 {
-    std::vector<SEdit> aoSettings;
+    std::vector<SEdit> aoFields;
     std::vector<SEdit> aoOthers;
     for (const SEdit& oEdit : aoEdits)
     {
-        (oEdit.m_eKind == eEdit_Set ? aoSettings : aoOthers).push_back(oEdit);
+        (oEdit.m_eKind == eEdit_Set || oEdit.m_eKind == eEdit_Named ? aoFields : aoOthers).push_back(oEdit);
     }
     SEdited oEdited = { oInput.m_aui8Bytes };
     if (!aoOthers.empty())
@@ -104,7 +106,7 @@ SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool 
     }
     if (oEdited.m_sProblem.empty())
     {
-        SetFields(aoSettings, oEdited);
+        EditFields(aoFields, oEdited);
     }
     return oEdited;
 }
@@ -174,7 +176,7 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
     }
     oCommand.Footer(
         "Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
-        "prints them. Fields are set after all other edits. Removing the same thing twice is not an error.\n"
+        "prints them. Fields and parts are edited after all others. Removing the same thing twice is not an error.\n"
         "When one edit is refused, nothing is written. An edit changes nothing that it does not name: the\n"
         "result is read again and compared before it is written.\n"
         "\n"

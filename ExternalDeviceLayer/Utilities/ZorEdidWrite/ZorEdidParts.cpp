@@ -294,23 +294,32 @@ void CPartsEdit::ListRemovable()
     }
 }
 
-// At the end of the image, with a block map where that asks for one. Gives its number by the answer.
+// At the end of the image; the first CTA-861 block ahead of all but a block map, as HDMI has it. With a block map where
+// E-EDID asks for one. Gives its number by the answer.
 bool CPartsEdit::AddFurtherBlock(unsigned int uiTag, unsigned int uiVersion)
 {
-    if (!IsCounted(m_aui8Image) || CountBlocks(m_aui8Image) > gsc_uiMostExtensions)
+    const unsigned int uiBlocks = CountBlocks(m_aui8Image);
+    if (!IsCounted(m_aui8Image) || uiBlocks > gsc_uiMostExtensions)
     {
         return false;
     }
+    bool bFirst = uiTag == gsc_uiCtaTag;
+    for (unsigned int i = 1; i < uiBlocks; ++i)
+    {
+        bFirst = bFirst && GetBlock(m_aui8Image, i)[0] != gsc_uiCtaTag;
+    }
+    const bool bMapped = uiBlocks > 1 && GetBlock(m_aui8Image, 1)[0] == gsc_uiBlockMapTag;
     unsigned char aui8Block[gsc_uiBlockSize];
     MakeBlock(uiTag, uiVersion, m_aui8Image, aui8Block);
     m_bBlocks = true;
-    InsertBlock(m_aui8Image, CountBlocks(m_aui8Image), aui8Block);
+    m_oAnswer.m_uiNewBlock = !bFirst ? uiBlocks : bMapped ? 2 : 1;
+    InsertBlock(m_aui8Image, m_oAnswer.m_uiNewBlock, aui8Block);
     const unsigned int uiMap = AddBlockMap(m_aui8Image);
     if (uiMap != 0)
     {
         m_oNamed.m_aoAfter.Add(GetRange(uiMap, 0, gsc_uiBlockSize));
+        ++m_oAnswer.m_uiNewBlock;
     }
-    m_oAnswer.m_uiNewBlock = CountBlocks(m_aui8Image) - 1;
     m_oNamed.m_aoAfter.Add(GetRange(m_oAnswer.m_uiNewBlock, 0, gsc_uiBlockSize));
     return true;
 }

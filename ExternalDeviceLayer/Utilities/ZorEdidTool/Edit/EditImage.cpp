@@ -328,6 +328,7 @@ std::string CEditImage::ApplyOne(const SEdit& oEdit)
     case eEdit_RepairChecksums:
         RepairChecksums();
         return "";
+    case eEdit_Named:
     case eEdit_Set: // of the command, when all others are done
         return "";
     }

@@ -78,25 +78,13 @@ std::string RefuseName(const std::string& sName, const TABLE& aoTable)
     return "unknown value '" + sName + "'" + NameKnownWords(bWord ? sName : "", asNames);
 }
 
-CTexts Split(const std::string& sText, const char* pszSeparators)
-{
-    CTexts asParts;
-    size_t uiStart = 0;
-    for (size_t uiEnd = 0; uiEnd != std::string::npos; uiStart = uiEnd + 1)
-    {
-        uiEnd = sText.find_first_of(pszSeparators, uiStart);
-        asParts.push_back(sText.substr(uiStart, uiEnd == std::string::npos ? uiEnd : uiEnd - uiStart));
-    }
-    return asParts;
-}
-
 // Joins the bits of all names.
 template <size_t uiCount>
 std::string ParseBits(const SNamedValue (&aoValues)[uiCount], const std::string& sText, const char* pszSeparators,
                       unsigned int& uiBits)
 {
     uiBits = 0;
-    for (const std::string& sName : Split(sText, pszSeparators))
+    for (const std::string& sName : SplitText(sText, pszSeparators))
     {
         unsigned int uiBit = 0;
         if (!FindValue(aoValues, sName, uiBit))
@@ -167,7 +155,7 @@ std::string ParseAudioExtra(const std::string& sText, CAudio& oAudio)
 std::string ParseAudio(const std::string& sText, CAudio& oAudio)
 {
     constexpr unsigned int uiMostChannels = 8;
-    const CTexts asFields = Split(sText, ",");
+    const CTexts asFields = SplitText(sText, ",");
     unsigned int uiFormat = 0;
     if (!sText.empty() && !FindValue(gsc_aoAudioFormats, asFields[0], uiFormat))
     {
@@ -236,7 +224,7 @@ const CVidParamTimingGeneric& PickTiming(const std::vector<CVidParamTimingGeneri
 // WxH@R[,TYPE]
 std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTiming)
 {
-    const CTexts asFields = Split(sText, ",");
+    const CTexts asFields = SplitText(sText, ",");
     SAskedMode oMode;
     if (asFields.size() > 2 || !ParseMode(asFields[0], oMode))
     {
@@ -310,6 +298,51 @@ constexpr SEditOption gsc_aoOptions[] = {
     { eEdit_Set, "--set", "FIELD=VALUE",
       "Set any field: by its id (explain --ids), ID[N] of several, or its place such as 0x36.7; in words, units or, "
       "after raw:, bits" },
+    { eEdit_Named, "--name", "TEXT", "Set the name of the product, in a new descriptor where there is none",
+      ParseName },
+    { eEdit_Named, "--serial-text", "TEXT", "Set the serial number that is a text", ParseSerialText },
+    { eEdit_Named, "--maker", "ABC", "Set the three letters of the maker", ParseMaker },
+    { eEdit_Named, "--product", "N", "Set the product code, decimal or hexadecimal after 0x", ParseProduct },
+    { eEdit_Named, "--date", "[WEEK/]YEAR", "Set week and year of manufacture; a year alone is the model year",
+      ParseDate },
+    { eEdit_Named, "--size", "WxHmm", "Set the size of the picture, in the base block and in detailed timings",
+      ParseSize },
+    { eEdit_Named, "--range-limits", "LIST", "Set some of 48-144Hz,30-222kHz,600MHz; new range limits need all three",
+      ParseRangeLimits },
+    { eEdit_Named, "--chromaticities", "LIST",
+      "Set the primaries and the white point: srgb, p3, bt2020 or x and y of red, green, blue and white",
+      ParseChromaticities },
+    { eEdit_Named, "--gamma", "G", "Set the gamma, such as 2.2", ParseGamma },
+    { eEdit_Named, "--add-mode", "WxH[i]@R[,...]",
+      "Add a mode where it fits: a video code, a detailed timing or DisplayID; a type of 'zoredid timing', preferred "
+      "and displayid may follow",
+      ParseAddMode },
+    { eEdit_Named, "--add-modeline", "LINE", "Add the timing of a line as Xorg, xrandr and cvt have it",
+      ParseAddModeline },
+    { eEdit_Named, "--add-vic", "CODE", "Add a video code of CTA-861", ParseAddVic },
+    { eEdit_Named, "--add-hdr", "LIST",
+      "Announce HDR: some of pq, hlg, gamma and sdr, and luminances such as max=600,frame=400,min=0.05", ParseAddHdr },
+    { eEdit_Named, "--colorimetry", "LIST",
+      "Set the colorimetries: some of bt2020rgb, bt2020ycc, bt2020cycc, oprgb, opycc601, sycc601, xvycc601, xvycc709, "
+      "dci-p3, ictcp, srgb, defaultrgb",
+      ParseColorimetry },
+    { eEdit_Named, "--vrr", "MIN-MAX", "Set the range of variable refresh of HDMI, such as 48-144; range limits follow",
+      ParseVrr },
+    { eEdit_Named, "--frl", "RATE", "Set the fixed rate link of HDMI: 3x3, 6x3, 6x4, 8x4, 10x4 or 12x4", ParseFrl },
+    { eEdit_Named, "--tmds", "MHZ", "Set the highest clock of HDMI, 25 to 600", ParseTmds },
+    { eEdit_Named, "--ycbcr420", "CODES",
+      "Announce video codes in YCbCr 4:2:0: those that the image has as well, others only so", ParseYCbCr420 },
+    { eEdit_Named, "--tile", "CxR,CxR,WxH",
+      "Say that this is a tile: columns and rows, its own column and row from 0, its size, such as "
+      "2x1,0x0,1920x2160",
+      ParseTile },
+    { eEdit_Named, "--add", "ID=HEX",
+      "Add a data block of any kind by its id (explain --ids) and its payload, a descriptor or a standard timing",
+      ParseAdd },
+    { eEdit_Named, "--remove-part", "ID[N]",
+      "Remove a block, a data block, a descriptor, a timing or an item of a list", ParseRemovePart },
+    { eEdit_Named, "--move-part", "ID[N]=PLACE", "Move such a part among its like, from 0; blocks from 1",
+      ParseMovePart },
 };
 } // namespace
 
@@ -318,7 +351,7 @@ std::span<const SEditOption> GetEditOptions() { return gsc_aoOptions; }
 std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEdit& oEdit)
 {
     oEdit = {
-        oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {}, {}, {}
+        oOption.m_eKind, oOption.m_pszName + (*oOption.m_pszValue != '\0' ? " " + sValue : ""), 0, {}, {}, {}, {}, {}
     };
     switch (oOption.m_eKind)
     {
@@ -352,6 +385,8 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
         return "";
     case eEdit_Set:
         return ParseSetting(sValue, oEdit.m_oSetting);
+    case eEdit_Named:
+        return oOption.m_pfnNamed(sValue, oEdit.m_fnNamed);
     }
     return "";
 }

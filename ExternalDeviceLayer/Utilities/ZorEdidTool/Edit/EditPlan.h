@@ -7,6 +7,7 @@
 
 #include "EdidExtBlockCEA861.h"
 #include "EdidMode.h"
+#include "EditNamed.h"
 #include "EditSet.h"
 #include "VidParamTimingGeneric.h"
 
@@ -28,7 +29,8 @@ enum EEditKind : unsigned int
     eEdit_AudioRemove,
     eEdit_Speakers,
     eEdit_RepairChecksums,
-    eEdit_Set // done after all others, by ApplySetting
+    eEdit_Set,  // done after all others, as CFieldEdits has it
+    eEdit_Named // the same
 };
 
 // A video code in the meaning of CTA-861-H, with the HDMI code of the same format; where that is 0, a size and a rate
@@ -51,6 +53,7 @@ struct SEdit
     CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred
     SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode
     SSetting m_oSetting = {};         // of eEdit_Set
+    CNamedEdit m_fnNamed = {};        // of eEdit_Named
 };
 
 // One option of the command line that is an edit.
@@ -60,6 +63,7 @@ struct SEditOption
     const char* m_pszName;  // "--serial"
     const char* m_pszValue; // placeholder in the help; empty for an option without a value
     const char* m_pszHelp;
+    std::string (*m_pfnNamed)(const std::string& sValue, CNamedEdit& fnEdit) = nullptr; // of eEdit_Named
 };
 std::span<const SEditOption> GetEditOptions();
 

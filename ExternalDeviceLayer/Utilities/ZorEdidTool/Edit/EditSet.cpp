@@ -99,6 +99,23 @@ std::string NameField(const CZorEdidMap& oMap, unsigned int uiField)
            GetPath(oMap, uiField);
 }
 
+std::string ParseField(const std::string& sField, SSetting& oSetting)
+{
+    std::string sId = sField;
+    if (!sId.empty() && sId[0] >= '0' && sId[0] <= '9')
+    {
+        return ParsePlace(sId, oSetting) ? "" : "'" + sId + "' is not a place such as 0x36 or 0x36.7";
+    }
+    if (!TakeNumber(sId, oSetting.m_uiNumber))
+    {
+        return "'" + sField + "' is not an id such as base.display.gamma or base.standard[2]";
+    }
+    oSetting.m_eId = CZorEdidMap::FindId(sId.c_str());
+    return oSetting.m_eId != eZorEdidField_None
+               ? ""
+               : "unknown id '" + sId + "'" + AskForNearWord(sId, ListIdTexts()) + ", all by zoredid explain --ids";
+}
+
 std::string ParseSetting(const std::string& sText, SSetting& oSetting)
 {
     oSetting = {};
@@ -107,21 +124,8 @@ std::string ParseSetting(const std::string& sText, SSetting& oSetting)
     {
         return "'" + sText + "' is not ID=VALUE, ID[N]=VALUE or OFFSET.BIT=VALUE";
     }
-    std::string sField = sText.substr(0, uiEquals);
     oSetting.m_sValue = sText.substr(uiEquals + 1);
-    if (!sField.empty() && sField[0] >= '0' && sField[0] <= '9')
-    {
-        return ParsePlace(sField, oSetting) ? "" : "'" + sField + "' is not a place such as 0x36 or 0x36.7";
-    }
-    if (!TakeNumber(sField, oSetting.m_uiNumber))
-    {
-        return "'" + sText.substr(0, uiEquals) + "' is not an id such as base.display.gamma or base.standard[2]";
-    }
-    oSetting.m_eId = CZorEdidMap::FindId(sField.c_str());
-    return oSetting.m_eId != eZorEdidField_None
-               ? ""
-               : "unknown id '" + sField + "'" + AskForNearWord(sField, ListIdTexts()) +
-                     ", all by zoredid explain --ids";
+    return ParseField(sText.substr(0, uiEquals), oSetting);
 }
 
 std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote)
@@ -138,15 +142,8 @@ std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::s
     return "";
 }
 
-std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std::string& sNote)
+std::string FindSetting(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned int& uiField)
 {
-    const bool bId = oSetting.m_eId != eZorEdidField_None;
-    unsigned int uiField = CZorEdidMap::msc_uiNone;
-    std::string sProblem =
-        bId ? FindById(oWriter.GetMap(), oSetting, uiField) : FindByPlace(oWriter.GetMap(), oSetting, uiField);
-    if (!sProblem.empty())
-    {
-        return sProblem;
-    }
-    return SetField(oWriter, uiField, oSetting.m_sValue, sNote);
+    return oSetting.m_eId != eZorEdidField_None ? FindById(oMap, oSetting, uiField)
+                                                : FindByPlace(oMap, oSetting, uiField);
 }

@@ -17,7 +17,8 @@ struct SSetting
     std::string m_sValue = {};
 };
 
-// Empty, or what is wrong with the text.
+// Empty, or what is wrong with the text: ID, ID[N] or OFFSET[.BIT]; the same with a value.
+std::string ParseField(const std::string& sField, SSetting& oSetting);
 std::string ParseSetting(const std::string& sText, SSetting& oSetting);
 
 // "block 1: Video data block > Native"
@@ -27,5 +28,5 @@ std::string NameField(const CZorEdidMap& oMap, unsigned int uiField);
 // sNote says what the value was, what it became, and which checksums followed. Both begin with the field.
 std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote);
 
-// The same for the field that a setting means.
-std::string ApplySetting(CZorEdidWriter& oWriter, const SSetting& oSetting, std::string& sNote);
+// Empty, or why no field is meant.
+std::string FindSetting(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned int& uiField);

@@ -99,3 +99,15 @@ bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
     const std::from_chars_result oResult = std::from_chars(pszStart, pszEnd, uiNumber, bHex ? 16 : 10);
     return oResult.ec == std::errc() && oResult.ptr == pszEnd && pszStart != pszEnd;
 }
+
+std::vector<std::string> SplitText(const std::string& sText, const char* pszSeparators)
+{
+    std::vector<std::string> asParts;
+    size_t uiStart = 0;
+    for (size_t uiEnd = 0; uiEnd != std::string::npos; uiStart = uiEnd + 1)
+    {
+        uiEnd = sText.find_first_of(pszSeparators, uiStart);
+        asParts.push_back(sText.substr(uiStart, uiEnd == std::string::npos ? uiEnd : uiEnd - uiStart));
+    }
+    return asParts;
+}

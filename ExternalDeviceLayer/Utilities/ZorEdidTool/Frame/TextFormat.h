@@ -24,3 +24,6 @@ std::string ShowLines(const std::string& sText);
 
 // A number, decimal, or hexadecimal after 0x; false for anything else.
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber);
+
+// The parts between any of the separators, also empty ones.
+std::vector<std::string> SplitText(const std::string& sText, const char* pszSeparators);

@@ -1,0 +1,329 @@
+// What the base block says: identity, size, colour, range limits.
+
+#include "EditNamed.h"
+
+#include <stdio.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "EditLimits.h"
+#include "FieldEdits.h"
+#include "TextFormat.h"
+
+using namespace ZorStandards;
+
+namespace
+{
+using CTexts = std::vector<std::string>;
+
+// ---- Texts of descriptors ----
+
+std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Tag, const std::string& sText)
+{
+    constexpr size_t uiMost = 13;
+    constexpr unsigned char ui8LineFeed = 0x0A;
+    if (oFields.Has(eId))
+    {
+        return oFields.Set(eId, sText);
+    }
+    const bool bPlain = std::ranges::all_of(sText, [](char c) { return c >= ' ' && c <= '~'; });
+    if (!bPlain || sText.empty() || sText.size() > uiMost)
+    {
+        return "it takes 1 to 13 ASCII characters";
+    }
+    CBytes aui8Bytes = { 0, 0, 0, ui8Tag, 0 };
+    aui8Bytes.insert(aui8Bytes.end(), sText.begin(), sText.end());
+    if (sText.size() < uiMost)
+    {
+        aui8Bytes.push_back(ui8LineFeed);
+    }
+    aui8Bytes.resize(Descriptors::gsc_uiDescriptorSize, ' ');
+    return oFields.AddDescriptor(aui8Bytes);
+}
+
+// ---- Date ----
+
+std::string PutYear(CFieldEdits& oFields, const std::string& sYear)
+{
+    constexpr unsigned int uiWeek = BaseBlock::gsc_uiWeekOffset;
+    const bool bModelYear = oFields.IsRevision4(); // FFh for the week says that the year is the model year
+    std::string sProblem =
+        oFields.Apply({ eZorEdidField_None, uiWeek, SSetting::msc_uiNone, bModelYear ? "raw:255" : "raw:0" });
+    return !sProblem.empty()
+               ? sProblem
+               : oFields.Set(bModelYear ? eZorEdidField_BaseIdentityModelYear : eZorEdidField_BaseIdentityYear, sYear);
+}
+
+// ---- Size ----
+
+struct SSize
+{
+    unsigned int m_uiWidthInMm = 0;
+    unsigned int m_uiHeightInMm = 0;
+};
+
+// The nearest centimetre in the base block, and millimetres in each detailed timing that has a size.
+std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
+{
+    constexpr unsigned int uiMmPerCm = 10;
+    const auto fnCm = [](unsigned int uiMm) { return FormatText("raw:%u", (uiMm + uiMmPerCm / 2) / uiMmPerCm); };
+    const auto fnPut = [&](unsigned int uiOffset, unsigned int uiMm) {
+        return oFields.Apply({ eZorEdidField_None, uiOffset, SSetting::msc_uiNone, fnCm(uiMm) });
+    };
+    std::string sProblem = fnPut(BaseBlock::gsc_uiImageWidthOffset, oSize.m_uiWidthInMm);
+    sProblem = sProblem.empty() ? fnPut(BaseBlock::gsc_uiImageHeightOffset, oSize.m_uiHeightInMm) : sProblem;
+    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_BaseDetailedImageWidth); ++i)
+    {
+        const CZorEdidMap& oMap = oFields.GetMap();
+        const bool bSized = oMap.GetField(oMap.FindField(eZorEdidField_BaseDetailedImageWidth, i)).m_llNumber != 0;
+        const std::string sWidth = std::to_string(oSize.m_uiWidthInMm);
+        const std::string sHeight = std::to_string(oSize.m_uiHeightInMm);
+        if (bSized && sProblem.empty())
+        {
+            sProblem = oFields.Set(eZorEdidField_BaseDetailedImageWidth, sWidth, i);
+            sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_BaseDetailedImageHeight, sHeight, i) : sProblem;
+        }
+    }
+    return sProblem;
+}
+
+// ---- Range limits ----
+
+struct SRange
+{
+    unsigned int m_uiLeast = 0;
+    unsigned int m_uiMost = 0; // 0: not given
+};
+
+struct SAskedLimits
+{
+    SRange m_oHz;
+    SRange m_oKiloHz;
+    unsigned int m_uiMegaHz = 0;
+};
+
+// "48-144"
+bool ParseRange(const std::string& sText, SRange& oRange)
+{
+    const size_t uiHyphen = sText.find('-');
+    return uiHyphen != std::string::npos && ParseNumber(sText.substr(0, uiHyphen), oRange.m_uiLeast) &&
+           ParseNumber(sText.substr(uiHyphen + 1), oRange.m_uiMost) && oRange.m_uiLeast != 0 &&
+           oRange.m_uiLeast <= oRange.m_uiMost;
+}
+
+std::string ParseLimit(const std::string& sText, SAskedLimits& oAsked)
+{
+    const auto fnCut = [&](size_t uiUnit) { return sText.substr(0, sText.size() - uiUnit); };
+    const bool bGood = sText.ends_with("kHz")   ? ParseRange(fnCut(3), oAsked.m_oKiloHz)
+                       : sText.ends_with("MHz") ? ParseNumber(fnCut(3), oAsked.m_uiMegaHz) && oAsked.m_uiMegaHz != 0
+                                                : sText.ends_with("Hz") && ParseRange(fnCut(2), oAsked.m_oHz);
+    return bGood ? "" : "'" + sText + "' is not a limit such as 48-144Hz, 30-222kHz or 600MHz";
+}
+
+std::string PutLimits(CFieldEdits& oFields, const SAskedLimits& oAsked)
+{
+    constexpr unsigned int uiMostMegaHz = 2550;
+    constexpr unsigned char ui8LimitsOnly = 1; // no timing formula, from revision 4 on
+    if (oFields.GetMap().GetSize() < gsc_uiBlockSize)
+    {
+        return "the base block is not whole";
+    }
+    const bool bNew = !oFields.Has(eZorEdidField_BaseRange);
+    if (bNew && (oAsked.m_oHz.m_uiMost == 0 || oAsked.m_oKiloHz.m_uiMost == 0 || oAsked.m_uiMegaHz == 0))
+    {
+        return "the image has no range limits, and new ones need all of Hz, kHz and MHz";
+    }
+    if (oAsked.m_uiMegaHz > uiMostMegaHz)
+    {
+        return "a clock is at most 2550 MHz";
+    }
+    if (bNew)
+    {
+        CBytes aui8Bytes = { 0, 0, 0, Descriptors::gsc_ui8TagRangeLimits, 0, 1, 1, 1, 1, 1 };
+        aui8Bytes.push_back(oFields.IsRevision4() ? ui8LimitsOnly : 0);
+        aui8Bytes.push_back(0x0A); // a line feed and blanks where no formula has its numbers
+        aui8Bytes.resize(Descriptors::gsc_uiDescriptorSize, ' ');
+        std::string sProblem = oFields.AddDescriptor(aui8Bytes);
+        if (!sProblem.empty())
+        {
+            return sProblem;
+        }
+    }
+    CBytes aui8Base = oFields.GetBytes();
+    const unsigned int uiOffset = FindLimits(aui8Base.data());
+    const unsigned int uiRevision = BaseBlock::ReadRevision(aui8Base.data());
+    if (uiOffset == 0)
+    {
+        return "the base block has no range limits of its own";
+    }
+    SLimits oLimits = Descriptors::ReadRangeLimits(aui8Base.data() + uiOffset, uiRevision);
+    const std::string sOld = GetLimitsText(oLimits);
+    if (oAsked.m_oHz.m_uiMost != 0)
+    {
+        oLimits.m_uiMinVerticalRateInHz = oAsked.m_oHz.m_uiLeast;
+        oLimits.m_uiMaxVerticalRateInHz = oAsked.m_oHz.m_uiMost;
+    }
+    if (oAsked.m_oKiloHz.m_uiMost != 0)
+    {
+        oLimits.m_uiMinHorizontalRateInKiloHz = oAsked.m_oKiloHz.m_uiLeast;
+        oLimits.m_uiMaxHorizontalRateInKiloHz = oAsked.m_oKiloHz.m_uiMost;
+    }
+    if (oAsked.m_uiMegaHz != 0)
+    {
+        constexpr unsigned int uiMegaHzPerUnit = 10;
+        oLimits.m_uiMaxPixelClockInKiloHz =
+            (oAsked.m_uiMegaHz + uiMegaHzPerUnit - 1) / uiMegaHzPerUnit * Descriptors::gsc_uiKiloHzPer10MegaHz;
+        oLimits.m_uiPreciseMaxPixelClockInKiloHz = oLimits.m_uiMaxPixelClockInKiloHz;
+    }
+    if (!WriteLimits(aui8Base.data() + uiOffset, uiRevision, oLimits))
+    {
+        return "rates are 1 to 255, from E-EDID 1.4 on up to 510";
+    }
+    oFields.PutBase(uiOffset, { aui8Base.begin() + uiOffset, aui8Base.begin() + uiOffset + 18 });
+    oFields.Note(GetLimitsText(oLimits) + (bNew ? "" : " became the range limits; they were " + sOld));
+    return "";
+}
+
+// ---- Chromaticities ----
+
+struct SColourSpace
+{
+    const char* m_pszName;
+    const char* m_pszNumbers; // x and y of red, green, blue and white
+};
+constexpr SColourSpace gsc_aoSpaces[] = {
+    { "srgb", "0.640,0.330,0.300,0.600,0.150,0.060,0.3127,0.3290" },
+    { "p3", "0.680,0.320,0.265,0.690,0.150,0.060,0.3127,0.3290" },
+    { "bt2020", "0.708,0.292,0.170,0.797,0.131,0.046,0.3127,0.3290" },
+};
+constexpr EZorEdidField gsc_aeChromaticities[] = {
+    eZorEdidField_BaseChromaticityRedX,   eZorEdidField_BaseChromaticityRedY,   eZorEdidField_BaseChromaticityGreenX,
+    eZorEdidField_BaseChromaticityGreenY, eZorEdidField_BaseChromaticityBlueX,  eZorEdidField_BaseChromaticityBlueY,
+    eZorEdidField_BaseChromaticityWhiteX, eZorEdidField_BaseChromaticityWhiteY,
+};
+} // namespace
+
+std::string ParseName(const std::string& sText, CNamedEdit& fnEdit)
+{
+    fnEdit = [sText](CFieldEdits& oFields) {
+        return PutText(oFields, eZorEdidField_BaseName, Descriptors::gsc_ui8TagName, sText);
+    };
+    return "";
+}
+
+std::string ParseSerialText(const std::string& sText, CNamedEdit& fnEdit)
+{
+    fnEdit = [sText](CFieldEdits& oFields) {
+        return PutText(oFields, eZorEdidField_BaseSerial, Descriptors::gsc_ui8TagSerialNumber, sText);
+    };
+    return "";
+}
+
+std::string ParseMaker(const std::string& sText, CNamedEdit& fnEdit)
+{
+    fnEdit = [sText](CFieldEdits& oFields) { return oFields.Set(eZorEdidField_BaseIdentityManufacturer, sText); };
+    const bool bLetters = sText.size() == 3 && std::ranges::all_of(sText, [](char c) { return c >= 'A' && c <= 'Z'; });
+    return bLetters ? "" : "'" + sText + "' is not three capital letters such as ABC";
+}
+
+std::string ParseProduct(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiMost = 0xFFFF;
+    unsigned int uiCode = 0;
+    const bool bCode = ParseNumber(sText, uiCode) && uiCode <= uiMost;
+    fnEdit = [uiCode](CFieldEdits& oFields) {
+        return oFields.Set(eZorEdidField_BaseIdentityProductCode, FormatText("raw:%u", uiCode));
+    };
+    return bCode ? "" : "'" + sText + "' is not a number from 0 to 65535";
+}
+
+// WEEK/YEAR, or YEAR alone for the model year.
+std::string ParseDate(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiMostWeek = 54;
+    constexpr unsigned int uiLastYear = BaseBlock::gsc_uiFirstYear + 0xFF;
+    const size_t uiSlash = sText.find('/');
+    const bool bWeek = uiSlash != std::string::npos;
+    const std::string sYear = bWeek ? sText.substr(uiSlash + 1) : sText;
+    unsigned int uiWeek = 1;
+    unsigned int uiYear = 0;
+    if (!ParseNumber(sYear, uiYear) || uiYear < BaseBlock::gsc_uiFirstYear || uiYear > uiLastYear ||
+        (bWeek && !ParseNumber(sText.substr(0, uiSlash), uiWeek)) || uiWeek == 0 || uiWeek > uiMostWeek)
+    {
+        return "'" + sText + "' is not WEEK/YEAR or YEAR such as 12/2026: weeks are 1 to 54, years 1990 to 2245";
+    }
+    fnEdit = [=](CFieldEdits& oFields) {
+        if (!bWeek)
+        {
+            return PutYear(oFields, sYear);
+        }
+        std::string sProblem = oFields.Apply(
+            { eZorEdidField_None, BaseBlock::gsc_uiWeekOffset, SSetting::msc_uiNone, FormatText("raw:%u", uiWeek) });
+        return sProblem.empty() ? oFields.Set(eZorEdidField_BaseIdentityYear, sYear) : sProblem;
+    };
+    return "";
+}
+
+std::string ParseSize(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiMostMm = 2554; // 255 cm
+    SSize oSize;
+    char szUnit[3] = {};
+    char cEnd = '\0';
+    const int iRead =
+        sscanf(sText.c_str(), "%4ux%4u%2[cm]%c", &oSize.m_uiWidthInMm, &oSize.m_uiHeightInMm, szUnit, &cEnd);
+    const std::string sUnit = szUnit;
+    if (sUnit == "cm")
+    {
+        oSize.m_uiWidthInMm *= 10;
+        oSize.m_uiHeightInMm *= 10;
+    }
+    if (iRead != 3 || (sUnit != "mm" && sUnit != "cm") || oSize.m_uiWidthInMm == 0 || oSize.m_uiHeightInMm == 0 ||
+        oSize.m_uiWidthInMm > uiMostMm || oSize.m_uiHeightInMm > uiMostMm)
+    {
+        return "'" + sText + "' is not a size such as 600x340mm or 60x34cm, up to 255 cm";
+    }
+    fnEdit = [oSize](CFieldEdits& oFields) { return PutSize(oFields, oSize); };
+    return "";
+}
+
+std::string ParseRangeLimits(const std::string& sText, CNamedEdit& fnEdit)
+{
+    SAskedLimits oAsked;
+    for (const std::string& sLimit : SplitText(sText, ","))
+    {
+        std::string sProblem = ParseLimit(sLimit, oAsked);
+        if (!sProblem.empty())
+        {
+            return sProblem;
+        }
+    }
+    fnEdit = [oAsked](CFieldEdits& oFields) { return PutLimits(oFields, oAsked); };
+    return "";
+}
+
+std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
+{
+    const auto* poSpace = std::ranges::find(gsc_aoSpaces, sText, &SColourSpace::m_pszName);
+    const CTexts asNumbers = SplitText(poSpace != std::end(gsc_aoSpaces) ? poSpace->m_pszNumbers : sText, ",");
+    if (asNumbers.size() != std::size(gsc_aeChromaticities))
+    {
+        return "'" + sText + "' is not srgb, p3, bt2020 or eight numbers: x and y of red, green, blue and white";
+    }
+    fnEdit = [asNumbers](CFieldEdits& oFields) {
+        std::string sProblem;
+        for (size_t i = 0; i < asNumbers.size() && sProblem.empty(); ++i)
+        {
+            sProblem = oFields.Set(gsc_aeChromaticities[i], asNumbers[i]);
+        }
+        return sProblem;
+    };
+    return "";
+}
+
+std::string ParseGamma(const std::string& sText, CNamedEdit& fnEdit)
+{
+    fnEdit = [sText](CFieldEdits& oFields) { return oFields.Set(eZorEdidField_BaseDisplayGamma, sText); };
+    return "";
+}

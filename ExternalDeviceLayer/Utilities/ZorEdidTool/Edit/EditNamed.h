@@ -1,0 +1,41 @@
+// The edits that say what a display is or can do, whatever bytes that takes: each option a few calls of CFieldEdits.
+
+#pragma once
+
+#include <functional>
+#include <string>
+
+class CFieldEdits;
+
+// Done after the edits by number. Empty, or the reason of a refusal; the image must then be given up.
+using CNamedEdit = std::function<std::string(CFieldEdits& oFields)>;
+
+// Each makes the edit of an option's value. Empty, or what is wrong with the value.
+std::string ParseName(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseSerialText(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseMaker(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseProduct(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseDate(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseSize(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseRangeLimits(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseGamma(const std::string& sText, CNamedEdit& fnEdit);
+
+// EditAddMode.cpp
+std::string ParseAddMode(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseAddModeline(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseAddVic(const std::string& sText, CNamedEdit& fnEdit);
+
+// EditNamedCta.cpp
+std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseColorimetry(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseVrr(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseFrl(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseTmds(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseYCbCr420(const std::string& sText, CNamedEdit& fnEdit);
+
+// EditParts.cpp
+std::string ParseTile(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseAdd(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseRemovePart(const std::string& sText, CNamedEdit& fnEdit);
+std::string ParseMovePart(const std::string& sText, CNamedEdit& fnEdit);

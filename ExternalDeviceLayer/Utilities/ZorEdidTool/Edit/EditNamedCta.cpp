@@ -1,0 +1,349 @@
+// What data blocks of CTA-861 and HDMI say: HDR, colorimetry, links, variable refresh, 4:2:0.
+
+#include <algorithm>
+#include <vector>
+
+#include "EditNamed.h"
+#include "FieldEdits.h"
+#include "Standards/ColourBlocks.h"
+#include "Standards/HdmiBlocks.h"
+#include "TextFormat.h"
+
+using namespace ZorStandards;
+
+namespace
+{
+using CTexts = std::vector<std::string>;
+
+// ---- HDR ----
+
+struct SHdrWord
+{
+    const char* m_pszName;
+    EZorEdidField m_eId;
+};
+constexpr SHdrWord gsc_aoTransfers[] = {
+    { "sdr", eZorEdidField_CtaHdrStaticTraditionalGammaSdr },
+    { "gamma", eZorEdidField_CtaHdrStaticTraditionalGammaHdr },
+    { "pq", eZorEdidField_CtaHdrStaticSmpteSt2084 },
+    { "hlg", eZorEdidField_CtaHdrStaticHlg },
+};
+constexpr SHdrWord gsc_aoLuminances[] = {
+    { "max", eZorEdidField_CtaHdrStaticMaxLuminance },
+    { "frame", eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance },
+    { "min", eZorEdidField_CtaHdrStaticMinLuminance },
+};
+
+std::string AddHdr(CFieldEdits& oFields, const CTexts& asTransfers, const CTexts& asLuminances)
+{
+    constexpr size_t uiFlags = 2;
+    size_t uiLeast = uiFlags; // a luminance needs the bytes of those before it
+    for (size_t i = 0; i < asLuminances.size(); ++i)
+    {
+        uiLeast = asLuminances[i].empty() ? uiLeast : uiFlags + i + 1;
+    }
+    CBytes aui8Flags(uiFlags);
+    Colour::gsc_oGammaSdr.Write(aui8Flags.data(), 1);
+    Colour::gsc_oMetadataType1.Write(aui8Flags.data(), 1);
+    std::string sProblem = oFields.Has(eZorEdidField_CtaHdrStatic)
+                               ? std::string()
+                               : oFields.AddDataBlock(eZorEdidField_CtaHdrStatic, aui8Flags);
+    sProblem = sProblem.empty() ? oFields.Lengthen(eZorEdidField_CtaHdrStatic, uiLeast) : sProblem;
+    for (const SHdrWord& oWord : gsc_aoTransfers)
+    {
+        const bool bAsked = std::ranges::find(asTransfers, oWord.m_pszName) != asTransfers.end();
+        sProblem = sProblem.empty() && bAsked ? oFields.Set(oWord.m_eId, "yes") : sProblem;
+    }
+    for (size_t i = 0; i < asLuminances.size(); ++i)
+    {
+        sProblem = sProblem.empty() && !asLuminances[i].empty()
+                       ? oFields.Set(gsc_aoLuminances[i].m_eId, asLuminances[i])
+                       : sProblem;
+    }
+    return sProblem;
+}
+
+// ---- Colorimetry ----
+
+struct SColorimetry
+{
+    const char* m_pszName;
+    EZorEdidField m_eId;
+};
+constexpr SColorimetry gsc_aoColorimetries[] = {
+    { "xvycc601", eZorEdidField_CtaColorimetryXvycc601 },   { "xvycc709", eZorEdidField_CtaColorimetryXvycc709 },
+    { "sycc601", eZorEdidField_CtaColorimetrySycc601 },     { "opycc601", eZorEdidField_CtaColorimetryOpycc601 },
+    { "oprgb", eZorEdidField_CtaColorimetryOprgb },         { "bt2020cycc", eZorEdidField_CtaColorimetryBt2020cycc },
+    { "bt2020ycc", eZorEdidField_CtaColorimetryBt2020ycc }, { "bt2020rgb", eZorEdidField_CtaColorimetryBt2020rgb },
+    { "dci-p3", eZorEdidField_CtaColorimetrySt2113rgb },    { "ictcp", eZorEdidField_CtaColorimetryIctcp },
+    { "srgb", eZorEdidField_CtaColorimetrySrgb },           { "defaultrgb", eZorEdidField_CtaColorimetryDefaultrgb },
+};
+
+std::string PutColorimetry(CFieldEdits& oFields, const CTexts& asNames)
+{
+    std::string sProblem = oFields.Has(eZorEdidField_CtaColorimetry)
+                               ? std::string()
+                               : oFields.AddDataBlock(eZorEdidField_CtaColorimetry, { 0, 0 });
+    for (const SColorimetry& oColorimetry : gsc_aoColorimetries)
+    {
+        const bool bAsked = std::ranges::find(asNames, oColorimetry.m_pszName) != asNames.end();
+        sProblem = sProblem.empty() ? oFields.Set(oColorimetry.m_eId, bAsked ? "yes" : "no") : sProblem;
+    }
+    return sProblem;
+}
+
+// ---- HDMI ----
+
+constexpr unsigned int gsc_uiMostTmds1 = 340; // MHz without scrambling, which HDMI's own data block says
+constexpr size_t gsc_uiRatesSize = 4;         // of the HDMI Forum's payload, up to the fixed rate link
+constexpr size_t gsc_uiVrrSize = 7;
+
+// HDMI's own data block, with a clock.
+std::string EnsureHdmi(CFieldEdits& oFields)
+{
+    if (!oFields.Has(eZorEdidField_CtaHdmi))
+    {
+        CBytes aui8Payload = { 0x10, 0x00, 0x00, 0x00 }; // physical address 1.0.0.0
+        Hdmi::gsc_oMaxTmdsClock.Write(aui8Payload.data(), gsc_uiMostTmds1 / 5);
+        return oFields.AddDataBlock(eZorEdidField_CtaHdmi, aui8Payload);
+    }
+    return oFields.Lengthen(eZorEdidField_CtaHdmi, gsc_uiRatesSize);
+}
+
+// The capabilities of the HDMI Forum, in either of its data blocks, of at least this size.
+std::string EnsureForum(CFieldEdits& oFields, size_t uiLeast)
+{
+    if (oFields.Has(eZorEdidField_CtaHdmiForumSink))
+    {
+        return oFields.Lengthen(eZorEdidField_CtaHdmiForumSink, HdmiForum::gsc_uiSinkSkip + uiLeast);
+    }
+    std::string sProblem = EnsureHdmi(oFields);
+    if (sProblem.empty() && !oFields.Has(eZorEdidField_CtaHdmiForum))
+    {
+        CBytes aui8Payload(gsc_uiRatesSize);
+        HdmiForum::gsc_oVersion.Write(aui8Payload.data(), 1);
+        sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmiForum, aui8Payload);
+    }
+    return sProblem.empty() ? oFields.Lengthen(eZorEdidField_CtaHdmiForum, uiLeast) : sProblem;
+}
+
+std::string PutTmds(CFieldEdits& oFields, unsigned int uiMegaHz)
+{
+    const std::string sRate = std::to_string(uiMegaHz);
+    if (uiMegaHz > gsc_uiMostTmds1)
+    {
+        std::string sProblem = EnsureForum(oFields, gsc_uiRatesSize);
+        return !sProblem.empty() ? sProblem
+                                 : oFields.SetAll({ { eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, sRate },
+                                                    { eZorEdidField_CtaHdmiForumScdcPresent, "yes" } });
+    }
+    std::string sProblem = EnsureHdmi(oFields);
+    sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_CtaHdmiMaxTmdsClock, sRate) : sProblem;
+    return sProblem.empty() && oFields.Has(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate)
+               ? oFields.Set(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, "raw:0")
+               : sProblem;
+}
+
+// Sinks of 6 Gbit/s and more take the highest clock of TMDS as well.
+std::string PutFrl(CFieldEdits& oFields, unsigned int uiCode)
+{
+    constexpr unsigned int uiFirstWithTmds = 2;
+    constexpr long long llMostTmds = 600;
+    std::string sProblem = EnsureForum(oFields, gsc_uiRatesSize);
+    sProblem = sProblem.empty() ? oFields.SetAll({ { eZorEdidField_CtaHdmiForumMaxFrlRate, std::to_string(uiCode) },
+                                                   { eZorEdidField_CtaHdmiForumScdcPresent, "yes" } })
+                                : sProblem;
+    return sProblem.empty() && uiCode >= uiFirstWithTmds &&
+                   oFields.GetNumber(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate) < llMostTmds
+               ? oFields.Set(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, std::to_string(llMostTmds))
+               : sProblem;
+}
+
+// Range limits that are there come to hold the range.
+std::string PutVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMost)
+{
+    constexpr unsigned int uiLeastMaximum = 100; // below, 0 says that the timing's own rate is the maximum
+    std::string sProblem = EnsureForum(oFields, gsc_uiVrrSize);
+    if (uiMost < uiLeastMaximum)
+    {
+        oFields.Note("VRR_MAX is 0, as it has no rates below 100 Hz: the rate of the timing is the maximum");
+    }
+    const std::string sMost = uiMost < uiLeastMaximum ? "raw:0" : std::to_string(uiMost);
+    sProblem = sProblem.empty() ? oFields.SetAll({ { eZorEdidField_CtaHdmiForumVrrMin, std::to_string(uiLeast) },
+                                                   { eZorEdidField_CtaHdmiForumVrrMax, sMost } })
+                                : sProblem;
+    if (!sProblem.empty() || !oFields.Has(eZorEdidField_BaseRange))
+    {
+        return sProblem;
+    }
+    const auto uiLow = static_cast<unsigned int>(oFields.GetNumber(eZorEdidField_BaseRangeMinVerticalRate));
+    const auto uiHigh = static_cast<unsigned int>(oFields.GetNumber(eZorEdidField_BaseRangeMaxVerticalRate));
+    CNamedEdit fnLimits;
+    ParseRangeLimits(FormatText("%u-%uHz", std::min(uiLow, uiLeast), std::max(uiHigh, uiMost)), fnLimits);
+    return uiLow <= uiLeast && uiHigh >= uiMost ? "" : fnLimits(oFields);
+}
+
+// ---- 4:2:0 ----
+
+// The place of a code among the short video descriptors; their number where it is none of them.
+unsigned int FindCode(const CZorEdidMap& oMap, unsigned int uiVic)
+{
+    const unsigned int uiCodes = oMap.CountFields(eZorEdidField_CtaVideoVic);
+    unsigned int uiCode = 0;
+    while (uiCode < uiCodes && oMap.GetField(oMap.FindField(eZorEdidField_CtaVideoVic, uiCode)).m_llNumber != uiVic)
+    {
+        ++uiCode;
+    }
+    return uiCode;
+}
+
+// A code that the image has is 4:2:0 as well, by the capability map; others are 4:2:0 only.
+std::string Put420(CFieldEdits& oFields, unsigned int uiVic)
+{
+    constexpr unsigned int uiBits = 8;
+    const unsigned int uiCode = FindCode(oFields.GetMap(), uiVic);
+    if (uiCode == oFields.GetMap().CountFields(eZorEdidField_CtaVideoVic))
+    {
+        return oFields.AddItem(eZorEdidField_Cta420Video, { static_cast<unsigned char>(uiVic) });
+    }
+    CBytes aui8Map = oFields.GetPayload(eZorEdidField_Cta420Map);
+    const bool bAll = aui8Map.empty() && oFields.Has(eZorEdidField_Cta420Map);
+    aui8Map.resize(std::max<size_t>(aui8Map.size(), uiCode / uiBits + 1));
+    const unsigned int uiBit = 1U << uiCode % uiBits;
+    if (bAll || (aui8Map[uiCode / uiBits] & uiBit) != 0)
+    {
+        oFields.Note(FormatText("VIC %u is 4:2:0 as well already", uiVic));
+        return "";
+    }
+    aui8Map[uiCode / uiBits] = static_cast<unsigned char>(aui8Map[uiCode / uiBits] | uiBit);
+    std::string sProblem = oFields.PutPayload(eZorEdidField_Cta420Map, aui8Map);
+    if (sProblem.empty())
+    {
+        oFields.Note(FormatText("VIC %u is 4:2:0 as well, by the capability map", uiVic));
+    }
+    return sProblem;
+}
+
+template <class TABLE>
+std::string ListNames(const TABLE& aoTable)
+{
+    CTexts asNames;
+    for (const auto& oRow : aoTable)
+    {
+        asNames.emplace_back(oRow.m_pszName);
+    }
+    return JoinTexts(asNames);
+}
+} // namespace
+
+// pq,hlg,max=600,frame=400,min=0.05
+std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit)
+{
+    CTexts asTransfers;
+    CTexts asLuminances(std::size(gsc_aoLuminances));
+    for (const std::string& sWord : SplitText(sText, ","))
+    {
+        const size_t uiEquals = sWord.find('=');
+        const std::string sName = sWord.substr(0, uiEquals);
+        const auto* poLuminance = std::ranges::find(gsc_aoLuminances, sName, &SHdrWord::m_pszName);
+        if (uiEquals != std::string::npos && poLuminance != std::end(gsc_aoLuminances))
+        {
+            asLuminances[static_cast<size_t>(poLuminance - gsc_aoLuminances)] = sWord.substr(uiEquals + 1);
+        }
+        else if (std::ranges::find(gsc_aoTransfers, sWord, &SHdrWord::m_pszName) != std::end(gsc_aoTransfers))
+        {
+            asTransfers.push_back(sWord);
+        }
+        else
+        {
+            return "unknown word '" + sWord + "'; expected some of " + ListNames(gsc_aoTransfers) +
+                   ", and max=, frame= and min= in cd/m2";
+        }
+    }
+    fnEdit = [=](CFieldEdits& oFields) { return AddHdr(oFields, asTransfers, asLuminances); };
+    return "";
+}
+
+std::string ParseColorimetry(const std::string& sText, CNamedEdit& fnEdit)
+{
+    const CTexts asNames = SplitText(sText, ",+");
+    for (const std::string& sName : asNames)
+    {
+        if (std::ranges::find(gsc_aoColorimetries, sName, &SColorimetry::m_pszName) == std::end(gsc_aoColorimetries))
+        {
+            return "unknown value '" + sName + "'; expected some of " + ListNames(gsc_aoColorimetries);
+        }
+    }
+    fnEdit = [asNames](CFieldEdits& oFields) { return PutColorimetry(oFields, asNames); };
+    return "";
+}
+
+std::string ParseVrr(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiMostMinimum = 48; // of HDMI
+    constexpr unsigned int uiMostMaximum = 1023;
+    const size_t uiHyphen = sText.find('-');
+    unsigned int uiLeast = 0;
+    unsigned int uiMost = 0;
+    if (uiHyphen == std::string::npos || !ParseNumber(sText.substr(0, uiHyphen), uiLeast) ||
+        !ParseNumber(sText.substr(uiHyphen + 1), uiMost) || uiLeast == 0 || uiLeast > uiMostMinimum ||
+        uiMost <= uiLeast || uiMost > uiMostMaximum)
+    {
+        return "'" + sText + "' is not a range of rates such as 48-144: from 1 to 48 Hz, up to 1023 Hz";
+    }
+    fnEdit = [=](CFieldEdits& oFields) { return PutVrr(oFields, uiLeast, uiMost); };
+    return "";
+}
+
+// Lanes and Gbit/s of each, in either order: 4x6 and 6x4 are the same.
+std::string ParseFrl(const std::string& sText, CNamedEdit& fnEdit)
+{
+    CTexts asRates;
+    for (unsigned int i = 1; i < std::size(HdmiForum::gsc_aoFrlRates); ++i)
+    {
+        const unsigned int uiLanes = HdmiForum::gsc_aoFrlRates[i].m_ui8Lanes;
+        const unsigned int uiGbps = HdmiForum::gsc_aoFrlRates[i].m_ui8Gbps;
+        if (sText == FormatText("%ux%u", uiGbps, uiLanes) || sText == FormatText("%ux%u", uiLanes, uiGbps))
+        {
+            fnEdit = [i](CFieldEdits& oFields) { return PutFrl(oFields, i); };
+            return "";
+        }
+        asRates.push_back(FormatText("%ux%u", uiGbps, uiLanes));
+    }
+    return "unknown rate '" + sText + "'; expected one of " + JoinTexts(asRates) + ", Gbit/s and lanes";
+}
+
+std::string ParseTmds(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiLeast = 25;
+    constexpr unsigned int uiMost = 600;
+    unsigned int uiMegaHz = 0;
+    if (!ParseNumber(sText, uiMegaHz) || uiMegaHz < uiLeast || uiMegaHz > uiMost)
+    {
+        return "'" + sText + "' is not a number of MHz from 25 to 600";
+    }
+    fnEdit = [uiMegaHz](CFieldEdits& oFields) { return PutTmds(oFields, uiMegaHz); };
+    return "";
+}
+
+std::string ParseYCbCr420(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiMost = 253;
+    std::vector<unsigned int> auiVics;
+    for (const std::string& sVic : SplitText(sText, ",+"))
+    {
+        if (!ParseNumber(sVic, auiVics.emplace_back()) || auiVics.back() == 0 || auiVics.back() > uiMost)
+        {
+            return "'" + sVic + "' is not a video code";
+        }
+    }
+    fnEdit = [auiVics](CFieldEdits& oFields) {
+        std::string sProblem;
+        for (const unsigned int uiVic : auiVics)
+        {
+            sProblem = sProblem.empty() ? Put420(oFields, uiVic) : sProblem;
+        }
+        return sProblem;
+    };
+    return "";
+}

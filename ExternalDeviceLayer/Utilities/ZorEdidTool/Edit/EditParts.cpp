@@ -1,0 +1,150 @@
+// Parts by their ids: any data block, descriptor, timing or block added, removed and moved; and a tile by its numbers.
+
+#include <stdio.h>
+
+#include <algorithm>
+
+#include "EditNamed.h"
+#include "FieldEdits.h"
+#include "Standards/DisplayIdSection.h"
+#include "TextFormat.h"
+
+using namespace ZorStandards;
+
+namespace
+{
+// Pairs of hexadecimal digits, with or without blanks.
+bool ParseHex(const std::string& sText, CBytes& aui8Bytes)
+{
+    std::string sDigits;
+    for (const char c : sText)
+    {
+        sDigits += c == ' ' ? "" : std::string(1, c);
+    }
+    bool bGood = sDigits.size() % 2 == 0;
+    for (size_t i = 0; i + 1 < sDigits.size() && bGood; i += 2)
+    {
+        unsigned int uiByte = 0;
+        bGood = ParseNumber("0x" + sDigits.substr(i, 2), uiByte);
+        aui8Bytes.push_back(static_cast<unsigned char>(uiByte));
+    }
+    return bGood;
+}
+
+bool IsDescriptor(EZorEdidField eId)
+{
+    return eId == eZorEdidField_BaseDetailed || eId == eZorEdidField_BaseName || eId == eZorEdidField_BaseSerial ||
+           eId == eZorEdidField_BaseString || eId == eZorEdidField_BaseRange;
+}
+
+std::string AddPart(CFieldEdits& oFields, EZorEdidField eId, const CBytes& aui8Bytes)
+{
+    return eId == eZorEdidField_BaseStandard ? oFields.AddStandard(aui8Bytes)
+           : IsDescriptor(eId)               ? oFields.AddDescriptor(aui8Bytes)
+                                             : oFields.AddDataBlock(eId, aui8Bytes);
+}
+
+// What the maker, the product and the serial number of the whole display are: those of this tile.
+CBytes MakeTile(const CFieldEdits& oFields, const unsigned int (&auiNumbers)[6])
+{
+    using namespace DisplayId;
+    constexpr size_t uiVendor = 13;
+    constexpr size_t uiProduct = 16;
+    constexpr size_t uiSerial = 18;
+    CBytes aui8Payload(gsc_uiTiledTopologySize);
+    unsigned char* pui8Tile = aui8Payload.data();
+    gsc_oSingleEnclosure.Write(pui8Tile, 1);
+    gsc_oSingleTileBehaviour.Write(pui8Tile, 2); // scaled to the whole display
+    gsc_oTileCountX.Write(pui8Tile, auiNumbers[0] - 1);
+    gsc_oTileCountY.Write(pui8Tile, auiNumbers[1] - 1);
+    gsc_oTileLocationX.Write(pui8Tile, auiNumbers[2]);
+    gsc_oTileLocationY.Write(pui8Tile, auiNumbers[3]);
+    gsc_oTileWidth.Write(pui8Tile, auiNumbers[4] - 1);
+    gsc_oTileHeight.Write(pui8Tile, auiNumbers[5] - 1);
+    const unsigned char* pui8Base = oFields.GetMap().GetData();
+    const BaseBlock::SManufacturerCode oMaker = BaseBlock::ReadManufacturerCode(pui8Base);
+    std::copy(oMaker.m_szCode, oMaker.m_szCode + BaseBlock::gsc_uiManufacturerLetters, pui8Tile + uiVendor);
+    WriteLittle16(pui8Tile + uiProduct, BaseBlock::ReadProductCode(pui8Base));
+    WriteLittle32(pui8Tile + uiSerial, BaseBlock::ReadSerialNumber(pui8Base));
+    return aui8Payload;
+}
+} // namespace
+
+// COLUMNSxROWS,COLUMNxROW,WIDTHxHEIGHT
+std::string ParseTile(const std::string& sText, CNamedEdit& fnEdit)
+{
+    constexpr unsigned int uiMostTiles = 64;
+    constexpr unsigned int uiMostPixels = 65536;
+    struct STile
+    {
+        unsigned int m_auiNumbers[6] = {};
+    } oTile;
+    auto& n = oTile.m_auiNumbers;
+    char cEnd = '\0';
+    const int iRead =
+        sscanf(sText.c_str(), "%3ux%3u,%3ux%3u,%6ux%6u%c", &n[0], &n[1], &n[2], &n[3], &n[4], &n[5], &cEnd);
+    if (iRead != 6 || n[0] == 0 || n[0] > uiMostTiles || n[1] == 0 || n[1] > uiMostTiles || n[2] >= n[0] ||
+        n[3] >= n[1] || n[4] == 0 || n[4] > uiMostPixels || n[5] == 0 || n[5] > uiMostPixels)
+    {
+        return "'" + sText +
+               "' is not COLUMNSxROWS,COLUMNxROW,WIDTHxHEIGHT such as 2x1,0x0,1920x2160: up to 64 tiles each way, "
+               "columns and rows from 0";
+    }
+    fnEdit = [oTile](CFieldEdits& oFields) {
+        constexpr unsigned int uiBlockSize = 128;
+        return oFields.GetMap().GetSize() < uiBlockSize
+                   ? std::string("the base block is not whole")
+                   : oFields.PutPayload(eZorEdidField_DisplayidTiled, MakeTile(oFields, oTile.m_auiNumbers));
+    };
+    return "";
+}
+
+std::string ParseAdd(const std::string& sText, CNamedEdit& fnEdit)
+{
+    SSetting oSetting;
+    CBytes aui8Bytes;
+    std::string sProblem = ParseSetting(sText, oSetting);
+    if (!sProblem.empty())
+    {
+        return sProblem;
+    }
+    if (oSetting.m_eId == eZorEdidField_None || oSetting.m_uiNumber != SSetting::msc_uiNone)
+    {
+        return "'" + sText + "' is not ID=HEX such as cta.hdr-static=0501";
+    }
+    if (!ParseHex(oSetting.m_sValue, aui8Bytes))
+    {
+        return "'" + oSetting.m_sValue + "' is not bytes of two hexadecimal digits each";
+    }
+    fnEdit = [=](CFieldEdits& oFields) { return AddPart(oFields, oSetting.m_eId, aui8Bytes); };
+    return "";
+}
+
+std::string ParseRemovePart(const std::string& sText, CNamedEdit& fnEdit)
+{
+    SSetting oSetting;
+    std::string sProblem = ParseField(sText, oSetting);
+    fnEdit = [oSetting](CFieldEdits& oFields) {
+        unsigned int uiField = 0;
+        const std::string sMissing = FindSetting(oFields.GetMap(), oSetting, uiField);
+        return sMissing.empty() ? oFields.Remove(uiField) : sMissing;
+    };
+    return sProblem;
+}
+
+std::string ParseMovePart(const std::string& sText, CNamedEdit& fnEdit)
+{
+    SSetting oSetting;
+    std::string sProblem = ParseSetting(sText, oSetting);
+    unsigned int uiPlace = 0;
+    if (sProblem.empty() && !ParseNumber(oSetting.m_sValue, uiPlace))
+    {
+        return "'" + oSetting.m_sValue + "' is not a place, a number from 0 on";
+    }
+    fnEdit = [oSetting, uiPlace](CFieldEdits& oFields) {
+        unsigned int uiField = 0;
+        const std::string sMissing = FindSetting(oFields.GetMap(), oSetting, uiField);
+        return sMissing.empty() ? oFields.Move(uiField, uiPlace) : sMissing;
+    };
+    return sProblem;
+}

@@ -1,0 +1,230 @@
+// The writers of fields and of parts over the same bytes.
+
+#include "FieldEdits.h"
+
+#include <algorithm>
+
+#include "EdidUtils.h"
+#include "MapKinds.h"
+#include "MapText.h"
+#include "Standards/BaseBlock.h"
+
+namespace
+{
+constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+
+unsigned int CountBytes(const CBytes& aui8Bytes) { return static_cast<unsigned int>(aui8Bytes.size()); }
+
+// What precedes the payload of a data block of this kind.
+unsigned int GetHeadSize(EZorEdidField eId)
+{
+    ZorMap::SDataBlockHead oHead = {};
+    const bool bKnown = ZorMap::FindCtaHead(eId, oHead) || ZorMap::FindDisplayIdHead(eId, 1, oHead) ||
+                        ZorMap::FindDisplayIdHead(eId, 2, oHead);
+    return bKnown ? oHead.m_uiSize : 0;
+}
+} // namespace
+
+CFieldEdits::CFieldEdits(const CBytes& aui8Image) { Read(aui8Image); }
+
+void CFieldEdits::Read(const CBytes& aui8Image) { m_oParts.Read(CountBytes(aui8Image), aui8Image.data()); }
+
+CBytes CFieldEdits::GetBytes() const { return { GetMap().GetData(), GetMap().GetData() + GetMap().GetSize() }; }
+
+long long CFieldEdits::GetNumber(EZorEdidField eId) const
+{
+    const unsigned int uiField = GetMap().FindField(eId);
+    return uiField != CZorEdidMap::msc_uiNone ? GetMap().GetField(uiField).m_llNumber : 0;
+}
+
+bool CFieldEdits::IsRevision4() const
+{
+    return GetMap().GetSize() >= gsc_uiBlockSize &&
+           ZorStandards::BaseBlock::IsAtLeastRevision(GetMap().GetData(),
+                                                      ZorStandards::BaseBlock::gsc_uiVideoInputRevision);
+}
+
+// ---- Fields ----
+
+std::string CFieldEdits::SetBy(unsigned int uiField, const std::string& sValue)
+{
+    CZorEdidWriter oWriter;
+    const CBytes aui8Before = GetBytes();
+    oWriter.Read(CountBytes(aui8Before), aui8Before.data());
+    std::string sNote;
+    std::string sProblem = SetField(oWriter, uiField, sValue, sNote);
+    if (sProblem.empty())
+    {
+        Read({ oWriter.GetMap().GetData(), oWriter.GetMap().GetData() + oWriter.GetMap().GetSize() });
+        (GetBytes() == aui8Before ? m_asSame : m_asNotes).push_back(sNote);
+    }
+    return sProblem;
+}
+
+std::string CFieldEdits::Apply(const SSetting& oSetting)
+{
+    unsigned int uiField = CZorEdidMap::msc_uiNone;
+    std::string sProblem = FindSetting(GetMap(), oSetting, uiField);
+    return sProblem.empty() ? SetBy(uiField, oSetting.m_sValue) : sProblem;
+}
+
+std::string CFieldEdits::Set(EZorEdidField eId, const std::string& sValue, unsigned int uiNumber)
+{
+    return Apply({ eId, uiNumber, SSetting::msc_uiNone, sValue });
+}
+
+std::string CFieldEdits::SetAll(std::initializer_list<SValue> aoValues)
+{
+    std::string sProblem;
+    for (const SValue& oValue : aoValues)
+    {
+        sProblem = sProblem.empty() ? Set(oValue.m_eId, oValue.m_sValue) : sProblem;
+    }
+    return sProblem;
+}
+
+// ---- Parts ----
+
+std::string CFieldEdits::Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone)
+{
+    if (iResult == 0)
+    {
+        return static_cast<const char*>(oAnswer.m_oReason);
+    }
+    if (oAnswer.m_uiField != CZorEdidMap::msc_uiNone)
+    {
+        const std::string sValue = static_cast<const char*>(GetMap().GetValue(oAnswer.m_uiField));
+        m_asNotes.push_back(NameField(GetMap(), oAnswer.m_uiField) + (sValue.empty() ? "" : " " + sValue) + " " +
+                            pszDone);
+    }
+    if (oAnswer.m_uiNewBlock != 0)
+    {
+        m_asNotes.push_back("no block had room: block " + std::to_string(oAnswer.m_uiNewBlock) + " is new");
+    }
+    return "";
+}
+
+std::string CFieldEdits::AddDataBlock(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oWhere)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    const int iResult = m_oParts.AddDataBlock(eId, CountBytes(aui8Payload), aui8Payload.data(), oWhere, oAnswer);
+    return Finish(iResult, oAnswer, "was added");
+}
+
+std::string CFieldEdits::AddItem(EZorEdidField eId, const CBytes& aui8Item)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    const int iResult = m_oParts.AddItem(eId, CountBytes(aui8Item), aui8Item.data(), {}, oAnswer);
+    return Finish(iResult, oAnswer, "was added");
+}
+
+std::string CFieldEdits::AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    if (aui8Bytes.size() != ZorStandards::Descriptors::gsc_uiDescriptorSize)
+    {
+        return "a descriptor has 18 bytes";
+    }
+    return Finish(m_oParts.AddDescriptor(aui8Bytes.data(), oWhere, oAnswer), oAnswer, "was added");
+}
+
+std::string CFieldEdits::AddStandard(const CBytes& aui8Bytes)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    if (aui8Bytes.size() != 2)
+    {
+        return "a standard timing has 2 bytes";
+    }
+    return Finish(m_oParts.AddStandard(aui8Bytes.data(), {}, oAnswer), oAnswer, "was added");
+}
+
+std::string CFieldEdits::Remove(unsigned int uiField)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    const std::string sName = NameField(GetMap(), uiField);
+    std::string sProblem = Finish(m_oParts.Remove(uiField, oAnswer), oAnswer, "");
+    if (sProblem.empty())
+    {
+        m_asNotes.push_back(sName + " was removed");
+    }
+    return sProblem;
+}
+
+std::string CFieldEdits::Move(unsigned int uiField, unsigned int uiPlace)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    return Finish(m_oParts.Move(uiField, uiPlace, oAnswer), oAnswer, "has moved here");
+}
+
+// ---- Payloads ----
+
+CBytes CFieldEdits::GetPayload(EZorEdidField eId) const
+{
+    const unsigned int uiField = GetMap().FindField(eId);
+    if (uiField == CZorEdidMap::msc_uiNone)
+    {
+        return {};
+    }
+    const CZorEdidMap::SField& oField = GetMap().GetField(uiField);
+    const unsigned char* pui8Block = GetMap().GetData() + oField.m_uiOffset;
+    return { pui8Block + std::min(GetHeadSize(eId), oField.m_uiLength), pui8Block + oField.m_uiLength };
+}
+
+// The old data block makes room for the new one, which takes its place.
+std::string CFieldEdits::PutPayload(EZorEdidField eId, const CBytes& aui8Payload)
+{
+    const unsigned int uiField = GetMap().FindField(eId);
+    if (uiField == CZorEdidMap::msc_uiNone)
+    {
+        return AddDataBlock(eId, aui8Payload);
+    }
+    const CBytes aui8Before = GetBytes();
+    const std::vector<std::string> asNotes = m_asNotes;
+    const CZorEdidMap::SField oField = GetMap().GetField(uiField);
+    SWhere oWhere = { oField.m_uiOffset / gsc_uiBlockSize, 0, false, 0 };
+    for (unsigned int i = uiField; i > 0 && GetMap().GetField(i - 1).m_uiDepth >= oField.m_uiDepth; --i)
+    {
+        const CZorEdidMap::SField& oOther = GetMap().GetField(i - 1);
+        oWhere.m_uiPlace += oOther.m_uiDepth == oField.m_uiDepth && oOther.m_eKind == CZorEdidMap::eKind_Group ? 1 : 0;
+    }
+    std::string sProblem = Remove(uiField);
+    sProblem = sProblem.empty() ? AddDataBlock(eId, aui8Payload, oWhere) : sProblem;
+    m_asNotes = asNotes;
+    if (!sProblem.empty())
+    {
+        Read(aui8Before);
+        return sProblem;
+    }
+    const unsigned int uiNew = GetMap().FindField(eId);
+    const std::string sValue = static_cast<const char*>(GetMap().GetValue(uiNew));
+    m_asSame.push_back(NameField(GetMap(), uiNew) + (sValue.empty() ? "" : " " + sValue) + " took its place");
+    return "";
+}
+
+std::string CFieldEdits::Lengthen(EZorEdidField eId, size_t uiLeast)
+{
+    CBytes aui8Payload = GetPayload(eId);
+    if (aui8Payload.size() >= uiLeast)
+    {
+        return "";
+    }
+    aui8Payload.resize(uiLeast);
+    return PutPayload(eId, aui8Payload);
+}
+
+void CFieldEdits::PutBase(unsigned int uiOffset, const CBytes& aui8Bytes)
+{
+    CBytes aui8Image = GetBytes();
+    std::copy(aui8Bytes.begin(), aui8Bytes.end(), aui8Image.begin() + uiOffset);
+    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Image.data());
+    Read(aui8Image);
+}
+
+std::vector<std::string> CFieldEdits::TakeNotes()
+{
+    std::vector<std::string> asNotes;
+    asNotes.swap(m_asNotes.empty() ? m_asSame : m_asNotes);
+    m_asNotes.clear();
+    m_asSame.clear();
+    return asNotes;
+}

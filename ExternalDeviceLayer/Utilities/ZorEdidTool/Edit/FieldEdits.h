@@ -1,0 +1,67 @@
+// An image under edit by its fields and parts: the writers of the library one after the other, and what they did in
+// words. What edits that have a name of their own are made of.
+
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "CeaBlocks.h"
+#include "EditSet.h"
+#include "ZorEdidParts.h"
+
+// All edits give an empty text, or the reason of a refusal, which changes nothing.
+class CFieldEdits
+{
+public:
+    explicit CFieldEdits(const CBytes& aui8Image);
+
+    const CZorEdidMap& GetMap() const { return m_oParts.GetMap(); }
+    CBytes GetBytes() const;
+    bool Has(EZorEdidField eId) const { return GetMap().CountFields(eId) != 0; }
+    // The number of a field, the first one of its id; 0 where there is none.
+    long long GetNumber(EZorEdidField eId) const;
+    // Of the base block.
+    bool IsRevision4() const;
+
+    std::string Apply(const SSetting& oSetting);
+    // Field number uiNumber of an id. pszValue as CZorEdidWriter::Set takes it.
+    std::string Set(EZorEdidField eId, const std::string& sValue, unsigned int uiNumber = 0);
+    struct SValue
+    {
+        EZorEdidField m_eId;
+        std::string m_sValue;
+    };
+    std::string SetAll(std::initializer_list<SValue> aoValues);
+
+    using SWhere = CZorEdidParts::SWhere;
+    std::string AddDataBlock(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oWhere = {});
+    std::string AddItem(EZorEdidField eId, const CBytes& aui8Item);
+    std::string AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere = {});
+    std::string AddStandard(const CBytes& aui8Bytes);
+    std::string Remove(unsigned int uiField);
+    std::string Move(unsigned int uiField, unsigned int uiPlace);
+
+    // The payload of the first data block of a kind; empty without one.
+    CBytes GetPayload(EZorEdidField eId) const;
+    // Another payload for it, or a new data block where there is none.
+    std::string PutPayload(EZorEdidField eId, const CBytes& aui8Payload);
+    // Zeros behind a payload that is shorter.
+    std::string Lengthen(EZorEdidField eId, size_t uiLeast);
+    // Bytes of the base block, which its checksum follows.
+    void PutBase(unsigned int uiOffset, const CBytes& aui8Bytes);
+
+    void Note(const std::string& sNote) { m_asNotes.push_back(sNote); }
+    // What was done since the last call.
+    std::vector<std::string> TakeNotes();
+
+private:
+    std::string Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone);
+    std::string SetBy(unsigned int uiField, const std::string& sValue);
+    void Read(const CBytes& aui8Image);
+
+    CZorEdidParts m_oParts;
+    std::vector<std::string> m_asNotes;
+    std::vector<std::string> m_asSame; // fields that had their value already
+};

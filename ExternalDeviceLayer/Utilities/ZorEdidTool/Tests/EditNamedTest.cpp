@@ -1,0 +1,197 @@
+// Edits that have a name of their own: what they leave in the map, and that images stay as sound as they were.
+
+#include <gtest/gtest.h>
+
+#include "DisplayIdImages.h"
+#include "EditPlan.h"
+#include "FieldEdits.h"
+#include "OsServices.h"
+#include "SharedFiles.h"
+#include "TextFormat.h"
+#include "ZorEdidCheck.h"
+
+namespace
+{
+class EditNamed : public testing::Test
+{
+protected:
+    EditNamed() { OsServices::SetMsgLevel(0, 0, 0); }
+};
+
+// Empty, or why the value or the edit is refused.
+std::string Do(CFieldEdits& oFields, const std::string& sOption, const std::string& sValue)
+{
+    for (const SEditOption& oOption : GetEditOptions())
+    {
+        SEdit oEdit = {};
+        if (sOption == oOption.m_pszName)
+        {
+            const std::string sProblem = ParseEdit(oOption, sValue, oEdit);
+            return sProblem.empty() ? oEdit.m_fnNamed(oFields) : sProblem;
+        }
+    }
+    return "no such option";
+}
+
+struct SNamedCase
+{
+    const char* m_pszOption;
+    const char* m_pszValue;
+    const char* m_pszFields; // "ID=VALUE; ...": what the first field of the id then says
+};
+constexpr SNamedCase gsc_aoCases[] = {
+    { "--name", "Test bench", "base.descriptor.text=Test bench" },
+    { "--serial-text", "0123456789ABC", "base.descriptor.text=0123456789ABC" },
+    { "--maker", "XYZ", "base.identity.manufacturer=XYZ" },
+    { "--product", "0x1234", "base.identity.product-code=4660" },
+    { "--date", "12/2024", "base.identity.week=12; base.identity.year=2024" },
+    { "--date", "2025", "base.identity.model-year=2025" },
+    { "--size", "598x336mm", "base.display.screen-width=60 cm; base.detailed.image-width=598 mm" },
+    { "--range-limits", "48-300Hz,30-222kHz,595MHz",
+      "base.range.min-vertical-rate=48 Hz; base.range.max-vertical-rate=300 Hz; base.range.max-pixel-clock=600 MHz" },
+    { "--chromaticities", "bt2020", "base.chromaticity.red-x=0.7080; base.chromaticity.blue-y=0.0459" },
+    { "--chromaticities", ".1,.2,.3,.4,.5,.6,.25,.75", "base.chromaticity.white-y=0.7500" },
+    { "--gamma", "2.4", "base.display.gamma=2.40" },
+    { "--add-hdr", "pq,hlg,max=600,frame=400,min=0.05",
+      "cta.hdr-static.smpte-st-2084=yes; cta.hdr-static.hlg=yes; cta.hdr-static.traditional-gamma-hdr=no; "
+      "cta.hdr-static.max-luminance=603.666 cd/m2; cta.hdr-static.min-luminance=0.04911 cd/m2" },
+    { "--colorimetry", "bt2020rgb,dci-p3", "cta.colorimetry.bt2020rgb=yes; cta.colorimetry.bt2020ycc=no" },
+    { "--vrr", "48-144",
+      "cta.hdmi-forum.vrr-min=48 Hz; cta.hdmi-forum.vrr-max=144 Hz; cta.hdmi.max-tmds-clock=340 MHz" },
+    { "--frl", "6x4", "cta.hdmi-forum.max-frl-rate=6 Gbps on 4 lanes; cta.hdmi-forum.max-tmds-character-rate=600 MHz" },
+    { "--tmds", "600", "cta.hdmi-forum.max-tmds-character-rate=600 MHz; cta.hdmi-forum.scdc-present=yes" },
+    { "--tmds", "225", "cta.hdmi.max-tmds-clock=225 MHz" },
+    { "--ycbcr420", "16,97", "cta.420-map=; cta.420-video=" },
+    { "--tile", "2x1,1x0,1920x2160",
+      "displayid.tiled.horizontal-tiles=2; displayid.tiled.column=1; displayid.tiled.tile-height=2160 lines" },
+    { "--add", "cta.video-capability=4a", "cta.video-capability.qs=yes" },
+    { "--remove-part", "displayid.type1", "displayid.type2=" },
+    { "--move-part", "displayid=1", "displayid.type1=" },
+    // A code, a detailed timing, a timing of DisplayID.
+    { "--add-mode", "3840x2160@60", "cta.video.vic=" },
+    { "--add-mode", "1280x1024@75,preferred", "base.detailed=1280 x 1024 @ 75.02 Hz" },
+    { "--add-mode", "5120x2880@60,displayid", "displayid.type1.timing=1920 x 1080 @ 60 Hz" },
+    { "--add-modeline", "Modeline \"1080p 50\" 148.5 1920 2448 2492 2640 1080 1084 1089 1125 +HSync +vsync",
+      "cta.video.vic=" },
+    { "--add-vic", "219", "cta.video.vic=" },
+};
+
+TEST_F(EditNamed, IsReadBack)
+{
+    const CBytes aui8Image = MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() });
+    for (const SNamedCase& oCase : gsc_aoCases)
+    {
+        SCOPED_TRACE(std::string(oCase.m_pszOption) + " " + oCase.m_pszValue);
+        CFieldEdits oFields(aui8Image);
+        ASSERT_EQ("", Do(oFields, oCase.m_pszOption, oCase.m_pszValue));
+        EXPECT_NE(aui8Image, oFields.GetBytes());
+        EXPECT_FALSE(oFields.TakeNotes().empty());
+        for (const std::string& sField : SplitText(oCase.m_pszFields, ";"))
+        {
+            const size_t uiEquals = sField.find('=');
+            const size_t uiFirst = sField.find_first_not_of(' ');
+            const CZorEdidMap& oMap = oFields.GetMap();
+            const unsigned int uiField =
+                oMap.FindField(CZorEdidMap::FindId(sField.substr(uiFirst, uiEquals - uiFirst).c_str()));
+            ASSERT_NE(CZorEdidMap::msc_uiNone, uiField) << sField;
+            EXPECT_TRUE(uiEquals + 1 == sField.size() ||
+                        sField.substr(uiEquals + 1) == static_cast<const char*>(oMap.GetValue(uiField)))
+                << sField << ": " << static_cast<const char*>(oMap.GetValue(uiField));
+        }
+    }
+}
+
+TEST_F(EditNamed, ModesGoWhereTheyFit)
+{
+    const struct
+    {
+        const char* m_pszMode;
+        EZorEdidField m_eId;
+        unsigned int m_uiCount;
+    } aoCases[] = {
+        { "3840x2160@60", eZorEdidField_CtaVideoVic, 3 },
+        { "2560x1440@60,cvt-rb", eZorEdidField_BaseDetailed, 3 },
+        { "1920x1080@60,displayid", eZorEdidField_DisplayidType1Timing, 2 },
+        { "7680x4320@60,cvt-rb2", eZorEdidField_DisplayidType1Timing, 2 }, // too wide for a detailed timing
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_pszMode);
+        CFieldEdits oFields(MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() }));
+        ASSERT_EQ("", Do(oFields, "--add-mode", oCase.m_pszMode));
+        EXPECT_EQ(oCase.m_uiCount, oFields.GetMap().CountFields(oCase.m_eId));
+    }
+}
+
+TEST_F(EditNamed, IsRefused)
+{
+    const char* const aapszCases[][2] = {
+        { "--name", "fourteen chars" },
+        { "--maker", "ab" },
+        { "--product", "65536" },
+        { "--date", "55/2024" },
+        { "--date", "1989" },
+        { "--size", "600x340" },
+        { "--range-limits", "48-144" },
+        { "--range-limits", "48-144Hz" }, // no range limits are there
+        { "--chromaticities", "adobe" },
+        { "--gamma", "9" },
+        { "--add-mode", "1920x1080" },
+        { "--add-mode", "1920x1080@60,vesa" },
+        { "--add-modeline", "74.25 1280 1390" },
+        { "--add-vic", "128" },
+        { "--add-hdr", "dolby" },
+        { "--colorimetry", "rgb" },
+        { "--vrr", "60-144" },
+        { "--frl", "5x4" },
+        { "--tmds", "601" },
+        { "--ycbcr420", "0" },
+        { "--tile", "2x1,2x0,1x1" },
+        { "--add", "base.gamma=00" },
+        { "--add", "cta.hdr-static=0" },
+        { "--remove-part", "base" },
+        { "--remove-part", "cta.audio" },
+        { "--move-part", "displayid=3" },
+    };
+    const CBytes aui8Image = MakeEdid({ MakeCeaBlock(), MakeFullDisplayIdBlock() });
+    for (const auto& [pszOption, pszValue] : aapszCases)
+    {
+        CFieldEdits oFields(aui8Image);
+        EXPECT_NE("", Do(oFields, pszOption, pszValue)) << pszOption << " " << pszValue;
+    }
+}
+
+unsigned int CountErrors(const CBytes& aui8Image)
+{
+    constexpr unsigned int uiThisYear = 2245; // the last one that there is
+    CZorEdidMap oMap;
+    CZorEdidCheck oCheck;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    oCheck.Read(oMap, uiThisYear);
+    unsigned int uiErrors = 0;
+    for (unsigned int i = 0; i < oCheck.GetCount(); ++i)
+    {
+        uiErrors += oCheck.Get(i).m_eSeverity == CZorEdidMap::eSeverity_Error ? 1U : 0U;
+    }
+    return uiErrors;
+}
+
+// Every option over real images makes no new error, or is refused with a reason.
+TEST_F(EditNamed, LeavesImagesSound)
+{
+    constexpr unsigned int uiEach = 8;
+    for (unsigned int uiImage = 0; const auto& [sName, aui8Image] : ReadImages(ZOREDID_SHARED_DIR "/corpus"))
+    {
+        for (const SNamedCase& oCase : gsc_aoCases)
+        {
+            CFieldEdits oFields(aui8Image);
+            if (uiImage % uiEach == 0 && Do(oFields, oCase.m_pszOption, oCase.m_pszValue).empty())
+            {
+                EXPECT_LE(CountErrors(oFields.GetBytes()), CountErrors(aui8Image))
+                    << sName << " " << oCase.m_pszOption << " " << oCase.m_pszValue;
+            }
+        }
+        ++uiImage;
+    }
+}
+} // namespace

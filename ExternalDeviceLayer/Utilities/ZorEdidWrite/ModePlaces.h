@@ -18,7 +18,7 @@ struct SImageSizeInMm
     unsigned int m_uiHeight;
 };
 
-// As CZorEdidTimings::MakeDetailed. False as well for what readers take for no timing, or mistrust: clocks below 10 MHz,
+// As CZorEdidTimings::MakeDetailed. False as well for what readers take for no timing, or mistrust: clocks below 10 MHz
 // and no front porch.
 using CDetailedBytes = unsigned char[CZorEdidTimings::msc_uiDetailedSize];
 bool WriteDetailed(const SZorMode& oTiming, const SImageSizeInMm& oSize, CDetailedBytes& aui8Bytes);

@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "Cea861Bytes.h"
+#include "Standards/Descriptors.h"
 
+using namespace ZorStandards;
 using namespace ZorStandards::Cta;
 
 std::unique_ptr<CEdidExtBlockCEA861> CopyCea(const unsigned char* pui8Bytes)
@@ -35,6 +37,25 @@ CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock)
         aui8Area.pop_back();
     }
     return aui8Area;
+}
+
+CBytes GetWithTimingsFirst(const CEdidExtBlockCEA861& oBlock)
+{
+    const unsigned char* pui8Data = oBlock.GetData();
+    CBytes aui8Timings;
+    CBytes aui8Others;
+    const unsigned int uiStart = std::max<unsigned int>(pui8Data[gsc_uiDetailedStartOffset], gsc_uiDataBlocksOffset);
+    unsigned int uiEnd = uiStart;
+    for (; uiEnd + gsc_uiDetailedSize <= gsc_uiChecksumOffset && Descriptors::IsDescriptor(pui8Data + uiEnd);
+         uiEnd += gsc_uiDetailedSize)
+    {
+        CBytes& aui8Kind = Descriptors::HasPixelClock(pui8Data + uiEnd) ? aui8Timings : aui8Others;
+        aui8Kind.insert(aui8Kind.end(), pui8Data + uiEnd, pui8Data + uiEnd + gsc_uiDetailedSize);
+    }
+    CBytes aui8Block(pui8Data, pui8Data + gsc_uiBlockSize);
+    const auto itOthers = std::copy(aui8Timings.begin(), aui8Timings.end(), aui8Block.begin() + uiStart);
+    std::copy(aui8Others.begin(), aui8Others.end(), itOthers);
+    return aui8Block;
 }
 
 CBytes ListReferences(const CEdidExtBlockCEA861& oCea)

@@ -26,6 +26,11 @@ bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock);
 // The bytes from the first descriptor on, up to the checksum, without zeros at the end.
 CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock);
 
+// The block with the timings of its descriptors ahead of the others, both in their order. The list of timings ends at
+// the first other descriptor, so none that stands behind one is in it. Descriptors end at the first 18 bytes that are
+// none.
+CBytes GetWithTimingsFirst(const CEdidExtBlockCEA861& oBlock);
+
 // Short video references of the blocks that prefer a timing or name the native one. 1 to 127 and 193 to 253 are video
 // codes; 129 to 144 are the detailed timings 1 to 16, counted over the base block and then all CTA-861 blocks.
 CBytes ListReferences(const CEdidExtBlockCEA861& oCea);

@@ -24,7 +24,7 @@ struct SBlockEdits
 {
     bool m_bChecksum = false; // repaired
     // Any block.
-    CNumbers m_oDetailed; // removed
+    CNumbers m_oDetailed; // removed; those behind another descriptor count on after the listed ones
     // The base block.
     CNumbers m_oStandard; // removed
     CNumbers m_oUnused;   // offsets of pairs in display descriptors that have become unused ones
@@ -79,7 +79,7 @@ struct SEditedBlock
     unsigned int m_uiDetaileds = 0;
     unsigned int m_uiAudios = 0;
     CPresent m_aiStandards; // good for the ordinary timings, which come before those in YCbCr 4:2:0
-    CPresent m_aiDetaileds;
+    CPresent m_aiDetaileds; // from m_uiDetaileds on those that stood behind another descriptor
     CPresent m_aiAudios;
     CTimingOrigins m_aoOrigins; // of the standard timings at reading
 };
@@ -128,6 +128,9 @@ private:
     bool IsReferred(unsigned int uiFirst, unsigned int uiEnd) const;
     void CloseGap(const CTimingOrigins& aoOrigins, unsigned int uiPlace);
     std::string RemoveDetailed(unsigned int uiNumber);
+    std::string RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNumber);
+    std::string RemoveUnlisted(const SZorImageMode& oPlace);
+    std::string MoveTimingsFirst(SEditedBlock& oBlock);
     unsigned int CountDetailedAhead(const SEditedBlock& oBlock);
     void LowerNatives(unsigned int uiPlace);
     std::string RemoveEstablished(unsigned int uiNumber);

@@ -14,10 +14,15 @@
 #include "Standards/ExtensionBlocks.h"
 #include "Standards/Modes.h"
 #include "Standards/VideoCodes.h"
+#include "ZorEdidRules.h"
 
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
+
+// Short video references of detailed timings, the first one of the image first.
+constexpr unsigned int gsc_uiFirstReference = 129;
+constexpr unsigned int gsc_uiReferencesEnd = 145;
 
 constexpr const char* gsc_pszReferred =
     "a video format preference or native resolution data block refers to its video code";
@@ -111,6 +116,23 @@ bool IsNamedBy420(const SEditedBlock& oBlock, unsigned int uiNumber)
     {
         const STimingOrigin& oOrigin = oBlock.m_aoOrigins[i];
         if (oOrigin.m_uiIndex == uiNumber && oOrigin.m_e420 == STimingOrigin::e420_Only)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Whether bytes behind the descriptors of a block, and behind a gap, look like timings.
+bool HasLostTimings(const CBytes& aui8Block)
+{
+    CZorEdidMap oMap;
+    CBytes aui8Image(gsc_uiBlockSize);
+    aui8Image.insert(aui8Image.end(), aui8Block.begin(), aui8Block.end());
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    for (unsigned int i = 0; i < oMap.GetNoteCount(); ++i)
+    {
+        if (oMap.GetNote(i).m_eRule == eZorEdidRule_CtaLostTimings)
         {
             return true;
         }
@@ -283,18 +305,72 @@ void CEditImage::CloseGap(const CTimingOrigins& aoOrigins, unsigned int uiPlace)
     SetBase(aui8Base);
 }
 
+// Without it, the removal of the listed timings could leave another descriptor ahead of the rest, and the library, and
+// others that end there, would list none. The numbers of the timings change, which nothing may refer to.
+std::string CEditImage::MoveTimingsFirst(SEditedBlock& oBlock)
+{
+    const CEdidExtBlockCEA861& oCea = *GetCea(oBlock);
+    CBytes aui8Block = GetWithTimingsFirst(oCea);
+    const unsigned int uiListed = oCea.GetDetailedCount();
+    const unsigned int uiCount = CopyCea(aui8Block.data())->GetDetailedCount();
+    if (uiCount == uiListed)
+    {
+        return "";
+    }
+    const unsigned int uiFirst = CountDetailedAhead(oBlock) + uiListed;
+    const auto fnCounts = [&](const SEditedBlock& oOther) {
+        const CEdidExtBlockCEA861* poCea = GetCea(oOther);
+        return poCea != nullptr && ZorStandards::Cta::gsc_oNativeCount.Read(poCea->GetData()) > uiFirst;
+    };
+    if (std::ranges::any_of(m_aoBlocks, fnCounts) || IsReferred(gsc_uiFirstReference + uiFirst, gsc_uiReferencesEnd))
+    {
+        return NameBlock(oBlock) +
+               " has timings that follow another descriptor, and native timings or those of a video "
+               "format preference are counted past them";
+    }
+    CBytes aui8Image = GetBytes();
+    CEdidUtils::StoreChecksum(gsc_uiBlockSize, aui8Block.data());
+    std::copy(aui8Block.begin(), aui8Block.end(),
+              aui8Image.begin() + (&oBlock - m_aoBlocks.data()) * static_cast<std::ptrdiff_t>(gsc_uiBlockSize));
+    m_oEdid.SetEdidBuffer(aui8Image.data(), static_cast<unsigned int>(aui8Image.size()), 0);
+    for (unsigned int i = uiListed; i < uiCount; ++i)
+    {
+        oBlock.m_aiDetaileds.push_back(static_cast<int>(oBlock.m_uiDetaileds + i - uiListed));
+    }
+    m_asNotes.push_back(NameBlock(oBlock) + ": the timings that followed another descriptor are now ahead of it");
+    return "";
+}
+
 std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
 {
-    constexpr unsigned int uiFirstReference = 129;
-    constexpr unsigned int uiReferencesEnd = 145;
     const SPlace oPlace = Find(&SEditedBlock::m_uiDetaileds, uiNumber);
     if (oPlace.m_poBlock == nullptr)
     {
         return NameRange(&SEditedBlock::m_uiDetaileds, "detailed timings");
     }
-    SEditedBlock& oBlock = *oPlace.m_poBlock;
-    unsigned int uiPlace = 0;
-    if (!FindPresent(oBlock.m_aiDetaileds, oPlace.m_uiNumber, uiPlace))
+    return RemoveDetailedOf(*oPlace.m_poBlock, oPlace.m_uiNumber);
+}
+
+// One of a CTA-861 block that has no number in the lists, because it stands behind another descriptor.
+std::string CEditImage::RemoveUnlisted(const SZorImageMode& oPlace)
+{
+    SEditedBlock& oBlock = m_aoBlocks[oPlace.m_uiOffset / gsc_uiBlockSize];
+    const auto poRead = CopyCea(oBlock.m_aui8Bytes.data());
+    const unsigned char* pui8Start =
+        poRead->GetData() + poRead->GetData()[ZorStandards::Cta::gsc_uiDetailedStartOffset];
+    const unsigned char* pui8Timing = poRead->GetData() + oPlace.m_uiOffset % gsc_uiBlockSize;
+    unsigned int uiNumber = 0;
+    for (; pui8Start < pui8Timing; pui8Start += ZorStandards::Cta::gsc_uiDetailedSize)
+    {
+        uiNumber += ZorStandards::Descriptors::HasPixelClock(pui8Start) ? 1U : 0U;
+    }
+    return RemoveDetailedOf(oBlock, uiNumber);
+}
+
+// The number is the block's own.
+std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNumber)
+{
+    if (oBlock.m_oEdits.m_oDetailed.contains(uiNumber))
     {
         return "";
     }
@@ -307,8 +383,24 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     {
         return NameBlock(oBlock) + " " + msc_pszDamaged;
     }
+    if (poCea != nullptr && HasLostTimings(oBlock.m_aui8Bytes))
+    {
+        return NameBlock(oBlock) +
+               " has bytes behind a gap after its detailed timings that look like timings, and that "
+               "would move";
+    }
+    if (std::string sReason = poCea != nullptr ? MoveTimingsFirst(oBlock) : ""; !sReason.empty())
+    {
+        return sReason;
+    }
+    poCea = GetCea(oBlock);
+    unsigned int uiPlace = 0;
+    if (!FindPresent(oBlock.m_aiDetaileds, uiNumber, uiPlace))
+    {
+        return "the library refuses it";
+    }
     const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
-    if (IsReferred(uiFirstReference + uiPlaceOfAll, uiReferencesEnd))
+    if (IsReferred(gsc_uiFirstReference + uiPlaceOfAll, gsc_uiReferencesEnd))
     {
         return "a video format preference or native resolution data block refers to it or a later timing by position";
     }
@@ -325,7 +417,7 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     }
     LowerNatives(uiPlaceOfAll);
     Erase(oBlock.m_aiDetaileds, uiPlace);
-    oBlock.m_oEdits.m_oDetailed.insert(oPlace.m_uiNumber);
+    oBlock.m_oEdits.m_oDetailed.insert(uiNumber);
     const size_t uiLeft = poCea != nullptr ? poCea->GetDetailedCount() : m_oEdid.GetBaseDetailedCount();
     return uiLeft == oBlock.m_aiDetaileds.size() ? "" : NameBlock(oBlock) + " " + msc_pszInUse;
 }
@@ -390,7 +482,7 @@ std::string CEditImage::RemoveFromDescriptors(const CPlaces& aoPlaces)
     return "";
 }
 
-// What has a number in the lists, but for codes.
+// What has a number in the lists, but for codes, and detailed timings that lack one.
 std::string CEditImage::RemoveListed(const SZorImageMode& oPlace)
 {
     const SBlockEdits& oBase = m_aoBlocks.front().m_oEdits;
@@ -401,6 +493,11 @@ std::string CEditImage::RemoveListed(const SZorImageMode& oPlace)
     if (oPlace.m_eList == SZorImageMode::eList_Detailed && !(IsFirstDescriptor(oPlace) && oBase.m_bPreferred))
     {
         return RemoveDetailed(oPlace.m_uiNumber);
+    }
+    if (oPlace.m_eList == SZorImageMode::eList_None && oPlace.m_eField == eZorEdidField_BaseDetailed &&
+        GetCea(m_aoBlocks[oPlace.m_uiOffset / gsc_uiBlockSize]) != nullptr)
+    {
+        return RemoveUnlisted(oPlace);
     }
     return oPlace.m_eList == SZorImageMode::eList_Standard && oPlace.m_uiOffset < gsc_uiBlockSize
                ? RemoveStandard(oPlace.m_uiNumber)
@@ -458,9 +555,7 @@ std::string CEditImage::NameKeeper(const SZorImageMode& oPlace)
     return uiTag == ZorStandards::Vtb::gsc_uiTag ? "edits do not reach video timing blocks"
            : uiTag == gsc_uiDisplayIdTag         ? "edits do not reach DisplayID blocks"
            : GetCea(oBlock) == nullptr           ? "the library does not read " + NameBlock(oBlock)
-           : oPlace.m_oMode.m_eKind == SZorMode::eModeKind_Detailed
-               ? "the library reads no timing that follows another descriptor, and edits do not reach it"
-               : "edits do not reach timings of this data block";
+                                                 : "edits do not reach timings of this data block";
 }
 
 // A code at the rate and at 1000/1001 of it is one byte: the nominal rate goes when the other one is named.

@@ -9,6 +9,7 @@
 #include "MapDiff.h"
 #include "MapText.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/CtaBlocks.h"
 
 namespace
 {
@@ -123,8 +124,9 @@ private:
         const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
         const bool bAudio = std::ranges::any_of(auiEdited, [this](unsigned int i) { return IsEntry(m_oEdited, i); });
         const bool bAdded = !oEdits.m_aoAudioAdded.empty() || oEdits.m_bSpeakersAdded;
-        CNumbers oEmptied;    // offsets of descriptors
-        bool bLimits = false; // seen; the first ones count
+        CNumbers oEmptied;                                           // offsets of descriptors
+        unsigned int uiUnlisted = m_aoBlocks[uiBlock].m_uiDetaileds; // timings behind another descriptor count on
+        bool bLimits = false;                                        // seen; the first ones count
         unsigned int uiAudios = 0;
         unsigned int uiSpeakers = 0;
         for (const unsigned int i : m_oRead.ListBlock(uiBlock))
@@ -134,12 +136,14 @@ private:
                 m_oRead.Is(i, eZorEdidField_CtaVideoDescriptor) || m_oRead.Is(i, eZorEdidField_CtaHdmiVic);
             bool bGone = bCode ? oEdits.m_oCodes.contains(oField.m_uiOffset % gsc_uiBlockSize)
                                : IsNamed(oField, CZorEdidMap::eList_Standard, oEdits.m_oStandard, 0);
-            if (IsNamed(oField, CZorEdidMap::eList_Detailed, oEdits.m_oDetailed, m_uiDetaileds))
+            const bool bUnlisted =
+                IsCea(m_aoBlocks[uiBlock]) && m_oRead.Is(i, eZorEdidField_BaseDetailed) && oField.m_uiTimings == 0;
+            if (bUnlisted ? oEdits.m_oDetailed.contains(uiUnlisted++)
+                          : IsNamed(oField, CZorEdidMap::eList_Detailed, oEdits.m_oDetailed, m_uiDetaileds))
             {
                 CBytes aui8Empty(oField.m_uiLength);
                 aui8Empty[3] = 0x10; // the tag of an empty descriptor
                 Put(oField.m_uiOffset, uiBlock == 0 ? aui8Empty : CBytes());
-                bGone = uiBlock != 0;
                 oEmptied.insert(oField.m_uiOffset);
             }
             else if (IsNamed(oField, CZorEdidMap::eList_Detailed, { 0 }, 0) && oEdits.m_bPreferred)
@@ -182,37 +186,51 @@ private:
                 m_oGone.insert({ oField.m_uiOffset, oField.m_uiDepth });
             }
         }
-        if (uiBlock == 0 && !oEmptied.empty())
+        if (!oEmptied.empty())
         {
-            ExpectEmptiedLast(oEmptied);
+            ExpectDescriptors(uiBlock, oEmptied);
         }
         m_uiDetaileds += m_aoBlocks[uiBlock].m_uiDetaileds;
     }
 
     // The places of the base block's timings then hold those that are left, in their order, and after them empty ones.
-    void ExpectEmptiedLast(const CNumbers& oEmptied)
+    // In a CTA-861 block the timings, of which the removed ones are left out, are ahead of its other descriptors.
+    void ExpectDescriptors(size_t uiBlock, const CNumbers& oEmptied)
     {
-        CNumbers oPlaces;
-        for (const unsigned int i : m_oRead.ListBlock(0))
+        std::vector<unsigned int> auiPlaces;
+        std::vector<unsigned int> auiLast;
+        std::vector<unsigned int> auiSorted;
+        const unsigned int uiDepth = m_oRead.Get(m_oRead.ListBlock(uiBlock).front()).m_uiDepth + 1;
+        for (const unsigned int i : m_oRead.ListBlock(uiBlock))
         {
             const CField& oField = m_oRead.Get(i);
-            if (oField.m_eList == CZorEdidMap::eList_Detailed && oField.m_uiTimings != 0)
+            const bool bTiming = m_oRead.Is(i, eZorEdidField_BaseDetailed);
+            const bool bBase = oField.m_eList == CZorEdidMap::eList_Detailed && oField.m_uiTimings != 0;
+            const bool bCta = oField.m_uiDepth == uiDepth && oField.m_uiEnd > i + 1 && IsBehindDataBlocks(oField);
+            if (uiBlock == 0 ? bBase : bCta)
             {
-                oPlaces.insert(oField.m_uiOffset);
+                auiPlaces.push_back(oField.m_uiOffset);
+                const bool bLast = uiBlock == 0 ? oEmptied.contains(oField.m_uiOffset) : !bTiming;
+                (bLast ? auiLast : auiSorted).push_back(oField.m_uiOffset);
             }
         }
-        std::vector<CBytes> aaui8Kept;
-        std::vector<CBytes> aaui8Emptied;
-        for (const unsigned int uiOffset : oPlaces)
+        auiSorted.insert(auiSorted.end(), auiLast.begin(), auiLast.end());
+        const CBytes aui8Before = m_aui8Expected;
+        for (size_t i = 0; i < auiPlaces.size(); ++i)
         {
-            const auto itBytes = m_aui8Expected.begin() + static_cast<std::ptrdiff_t>(uiOffset);
-            (oEmptied.contains(uiOffset) ? aaui8Emptied : aaui8Kept).emplace_back(itBytes, itBytes + 18);
+            const auto itBytes = aui8Before.begin() + static_cast<std::ptrdiff_t>(auiSorted[i]);
+            Put(auiPlaces[i], CBytes(itBytes, itBytes + ZorStandards::BaseBlock::gsc_uiDescriptorSize));
+            if (uiBlock != 0 && oEmptied.contains(auiSorted[i]))
+            {
+                m_oGone.insert({ auiPlaces[i], uiDepth });
+            }
         }
-        aaui8Kept.insert(aaui8Kept.end(), aaui8Emptied.begin(), aaui8Emptied.end());
-        for (size_t i = 0; const unsigned int uiOffset : oPlaces)
-        {
-            Put(uiOffset, aaui8Kept[i++]);
-        }
+    }
+
+    bool IsBehindDataBlocks(const CField& oField) const
+    {
+        const unsigned int uiBlock = oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
+        return oField.m_uiOffset >= uiBlock + m_aui8Expected[uiBlock + ZorStandards::Cta::gsc_uiDetailedStartOffset];
     }
 
     // Of the read limits what differs: bytes 5 to 8 the rates, over 255 by the flags of byte 4, then the clock, whose

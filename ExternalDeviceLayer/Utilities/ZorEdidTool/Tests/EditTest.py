@@ -141,9 +141,6 @@ class Edits(unittest.TestCase):
                 (IMAGE, "--remove-vic 76", "the image has no VIC 76; it has its mode in block 0: Standard timing 6, block "
                  "0: Detailed timing, block 1: Video data block > Short video descriptor 14, which do not name this code: --remove 1920x1080@60 removes "
                  "the mode"),
-                (extended(fix_sums((bytes([2, 3, 4, 0]) + IMAGE[54:72] + bytes([0, 0, 0, 0x10] + [0] * 14) +
-                                    IMAGE[162:180]).ljust(128, b"\0"))), "--remove 720x480@59.94",
-                 "the library reads no timing that follows another descriptor, and edits do not reach it"),
                 (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
                  "1280x720@59.94"),
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
@@ -193,6 +190,29 @@ class Edits(unittest.TestCase):
                 self.assertEqual((0, "", expected), (status, error, (out[128 + 3], out[256 + 3])), (natives, number))
         lines = edit(detailed(1, 3, 4), "--remove-detailed", "2", "--dry-run", "--diff")[1].decode()
         self.assertRegex(lines, r"^removed: .*  native\ncta.native-count .*: 3 \| 2\ncta.native-count .*: 4 \| 3\n$")
+
+    def test_timings_behind_other_descriptors(self):
+        one, two, three = IMAGE[54:72], IMAGE[162:180], IMAGE[180:198]
+        dummy, text = b"\0\0\0\x10".ljust(18, b"\0"), b"\0\0\0\xfe\0behind\n".ljust(18)
+
+        def behind(*slots, natives=0, data_blocks=b""):
+            head = bytes([2, 3, 4 + len(data_blocks), natives]) + data_blocks
+            return fix_sums(IMAGE[:126] + b"\1\0" + (head + b"".join(slots)).ljust(128, b"\0"))
+
+        slots, mode, preference = (one, dummy, two, text, three), "--remove 720x480@59.94", b"\xe2\x0d\x83"
+        for arguments, expected in (
+                ("--remove-detailed 1", (two, three, dummy, text)), (mode, (one, three, dummy, text)),
+                (mode + " --remove-detailed 1 " + mode, (three, dummy, text)),
+                ("--remove-detailed 1 " + mode + " --remove 1280x720@60", (dummy, text))):
+            status, out, error = edit(behind(*slots, natives=1), *arguments.split())
+            self.assertEqual((0, behind(*expected, natives=1)[128:].hex()), (status, out[128:].hex()), arguments)
+            self.assertRegex(error, r"\A.*: block 1: the timings that followed another descriptor are now ahead of it\n\Z")
+        self.assertEqual((0, behind(two, dummy), ""), edit(behind(one, two, dummy), "--remove-detailed", "1"))
+        counted = "block 1 has timings that follow another descriptor, and native timings or those of a video format " \
+                  "preference are counted past them\n"
+        for image, reason in ((behind(*slots, natives=3), counted), (behind(*slots, data_blocks=preference), counted),
+                              (behind(one, bytes(18), two), "look like timings, and that would move\n")):
+            self.assertEqual((1, b"", True), (lambda s, o, e: (s, o, e.endswith(reason)))(*edit(image, "--remove-detailed", "1")))
 
     def test_damaged_and_named_elsewhere(self):
         def byte_2(value, data=b""):

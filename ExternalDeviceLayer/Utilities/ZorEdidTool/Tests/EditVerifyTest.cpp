@@ -334,6 +334,39 @@ TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
     ExpectRefusal(aui8Image, { "sum", eEdit_RemoveDetailed, "1", { { 0x17F, "00" } }, "block 2: Checksum", false });
 }
 
+// The timing behind the empty descriptor and the text is moved ahead of them, and nothing else changes its place.
+TEST_F(EditVerify, RefusesOtherOrdersOfTheDescriptorsOfABlock)
+{
+    CBytes aui8Image = MakeImage();
+    const CBytes aui8Timings(aui8Image.begin() + 0xA2, aui8Image.begin() + 0xA2 + 36);
+    aui8Image.resize(128);
+    aui8Image[0x7E] = 1;
+    Append(aui8Image, ParseBytes("02 03 04 00"));
+    Append(aui8Image, CBytes(aui8Timings.begin(), aui8Timings.begin() + 18));
+    Append(aui8Image, ParseBytes("00 00 00 10 00*14"));
+    Append(aui8Image, ParseBytes("00 00 00 FE 00 61 0A 20*11"));
+    for (int i = 0; i < 2; ++i)
+    {
+        Append(aui8Image, CBytes(aui8Timings.begin() + 18 * i, aui8Timings.begin() + 18 * (i + 1)));
+    }
+    aui8Image.resize(256);
+    aui8Image = FixChecksums(aui8Image);
+    const char* const pszEmpty = "00 00 00 10 00*14";
+    const char* const pszText = "00 00 00 FE 00 61 0A 20*11";
+    ExpectRefusal(aui8Image, { "others swapped",
+                               eEdit_RemoveDetailed,
+                               "1",
+                               { { 0xA8, pszText }, { 0xBA, pszEmpty } },
+                               "block 1: Dummy descriptor" });
+    ExpectRefusal(aui8Image,
+                  { "timing lost", eEdit_RemoveDetailed, "1", { { 0x84, pszEmpty } }, "block 1: Detailed timing 1" });
+    ExpectRefusal(aui8Image, { "another one lost",
+                               eEdit_RemoveDetailed,
+                               "1",
+                               { { 0x96, pszEmpty }, { 0xA8, pszText }, { 0xBA, "00*18" } },
+                               "block 1: Detailed timing 2" });
+}
+
 TEST(EditVerifyImage, RefusesWhatDoesNotLoad)
 {
     const CBytes aui8Read = MakeImage();

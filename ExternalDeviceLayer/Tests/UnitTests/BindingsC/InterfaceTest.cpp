@@ -264,6 +264,7 @@ TEST(InterfaceForC, HoldsItsPromisesOnAnyBytes)
         }
     }
     EXPECT_EQ(nullptr, walk_interface(nullptr, 0, 0));
+    EXPECT_STREQ(nullptr, walk_tables());
     EXPECT_EQ("", oOutput.Take());
 }
 

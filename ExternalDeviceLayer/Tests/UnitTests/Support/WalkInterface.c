@@ -409,10 +409,11 @@ static void edit(zoredid_writer* writer, unsigned int order)
     require_bytes(bytes, size);
 }
 
-static void walk_tables(void)
+const char* walk_tables(void)
 {
     size_t i;
     char name[64];
+    broken = NULL;
     for (i = 0; i < zoredid_fact_get_count(); ++i)
         require(zoredid_fact_find(zoredid_fact_get_name(zoredid_fact_get(i))) == zoredid_fact_get(i), "facts by name");
     for (i = 0; i < zoredid_rule_get_count(); ++i)
@@ -431,6 +432,7 @@ static void walk_tables(void)
     require(zoredid_get_maker_name(NULL, NULL, 0) == 0 && zoredid_get_maker_name("DEL", name, sizeof(name)) <= 63,
             "a maker");
     require(zoredid_status_get_text((zoredid_status)INT_MIN) != NULL && zoredid_get_version() != NULL, "texts");
+    return broken;
 }
 
 static void walk(const objects* all)
@@ -490,7 +492,6 @@ const char* walk_interface(const unsigned char* data, size_t size, unsigned int 
     all.writer = zoredid_writer_create();
     walk(&all); /* of nothing */
     read_all(&all, data, size);
-    walk_tables();
     edit(all.writer, order);
     free_some(&all, order);
     walk(&all);

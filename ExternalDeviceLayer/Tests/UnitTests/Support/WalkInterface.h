@@ -14,6 +14,9 @@ extern "C"
  * rest again. Returns null, or the promise that was broken. Memory may run out. */
 const char* walk_interface(const unsigned char* data, size_t size, unsigned int order);
 
+/* The same of what needs no object: facts, rules and ids by their names. */
+const char* walk_tables(void);
+
 #ifdef __cplusplus
 }
 #endif

@@ -53,6 +53,14 @@ public:
             fnVisit(m_oModes.Get(i));
         }
     }
+    template <class VISIT>
+    void ForEachReference(VISIT fnVisit) const
+    {
+        for (unsigned int i = 0; i < m_oModes.GetReferenceCount(); ++i)
+        {
+            fnVisit(m_oModes.GetReference(i));
+        }
+    }
     // Each counted extension block, as far as the image has it whole: fnVisit(CBlockWalk), fnVisit(offset). The map
     // notes those that are not counted, and those that are cut short.
     template <class VISIT>

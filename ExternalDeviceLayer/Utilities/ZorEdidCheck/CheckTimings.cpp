@@ -222,6 +222,21 @@ void CheckNative(CFindings& oFindings)
     });
 }
 
+// A code says by itself which mode it means, a number without a timing says nothing.
+void CheckReferences(CFindings& oFindings)
+{
+    oFindings.ForEachReference([&](const SZorModeReference& oReference) {
+        const bool bCode = ReadVideoReference(oReference.m_uiByte).m_eKind == SVideoReference::eVideoCode;
+        if (oReference.m_uiMode == SZorImageMode::msc_uiNone)
+        {
+            const unsigned int uiField = oFindings.FindGroup(oReference.m_uiOffset);
+            SZorFinding& oFinding = oFindings.Add(uiField, eZorEdidRule_ReferenceMissing,
+                                                  bCode ? CMap::eSeverity_Note : CMap::eSeverity_Warning);
+            oFinding.m_sFound = oFindings.GetMap().GetValue(uiField);
+        }
+    });
+}
+
 // HDMI's own codes 1 to 4 have codes of CTA-861 since, which sources of today look for.
 void CheckHdmiCodes(CFindings& oFindings)
 {
@@ -259,5 +274,6 @@ void CheckTimings(CFindings& oFindings)
         CheckNative(oFindings);
         CheckHdmiCodes(oFindings);
     }
+    CheckReferences(oFindings);
 }
 } // namespace ZorCheck

@@ -16,6 +16,7 @@ namespace ZorFacts
 namespace
 {
 using CModes = CMArray<SZorImageMode, const SZorImageMode&>;
+using CReferences = CMArray<SZorModeReference, const SZorModeReference&>;
 using EReason = SZorImageMode::EReason;
 
 constexpr unsigned int gsc_uiNone = SZorImageMode::msc_uiNone;
@@ -118,7 +119,7 @@ bool ComputeAssumed(SZorMode& oMode, const SFormula& oFormula)
 class CModeVisitor
 {
 public:
-    explicit CModeVisitor(CModes& aoModes) : m_aoModes(aoModes) {}
+    CModeVisitor(CModes& aoModes, CReferences& aoReferences) : m_aoModes(aoModes), m_aoReferences(aoReferences) {}
 
     void VisitBase(const SPart& oBase);
     void VisitDescriptor(const SPart& oDescriptor);
@@ -157,9 +158,13 @@ private:
     void VisitFormats(const SPart& oPayload);
     void VisitHdmi(const SPart& oHdmi);
     void VisitStereo(const SPart& oFields, unsigned int uiMulti, bool bPresent);
+    void AddReferences(const SPart& oBytes);
 
     SZorImageMode* Find(unsigned int uiMode) { return uiMode != gsc_uiNone ? &m_aoModes[uiMode] : nullptr; }
-    unsigned int FindReference(unsigned int uiReference) const;
+    template <class IS>
+    unsigned int FindMode(IS fnIs) const;
+    unsigned int FindVideoMode(unsigned int uiCode) const;
+    unsigned int FindReference(unsigned int uiByte) const;
     void Prefer(unsigned int uiMode, EReason eReason);
     void Mark420();
     void MarkNative();
@@ -167,16 +172,18 @@ private:
     void RankPreferred();
 
     CModes& m_aoModes;
+    CReferences& m_aoReferences;
     bool m_bSquare = false;
     bool m_bFirstPreferred = false;
     bool m_bFirstNative = false;
     SFormula m_oFormula;
     unsigned int m_uiNativeDetailed = 0;
     unsigned int m_uiPreferred = 0;
-    CPlaces<256> m_oVideo;    // of short video descriptors; more than maps and references count
-    CPlaces<256> m_oDetailed; // of detailed timings
-    CPlaces<16> m_oLong;      // of Types VII and X in CTA-861
-    CPlaces<1> m_oCodes;      // of Type VIII in CTA-861
+    CPlaces<256> m_oVideo;                      // of short video descriptors; more than maps and references count
+    CPlaces<256> m_oDetailed;                   // of detailed timings
+    CPlaces<16> m_oLong;                        // of Types VII and X in CTA-861
+    CPlaces<1> m_oCodes;                        // of Type VIII in CTA-861
+    unsigned int m_uiFormatOffset = gsc_uiNone; // of the first video format descriptor
     SPart m_oMap420 = { { nullptr, 0 }, 0 };
     bool m_bMap420 = false;
     SPart m_oPreference = { { nullptr, 0 }, 0 };
@@ -387,9 +394,11 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedNative:
         m_uiNativeReference = m_uiNativeReference != 0 ? m_uiNativeReference : oPayload.GetByte(0);
+        AddReferences(oPayload.Part(0, 1));
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedPreference:
         m_oPreference = m_oPreference.GetSize() != 0 ? m_oPreference : oPayload;
+        AddReferences(oPayload);
         break;
     case gsc_uiExtended + Cta::gsc_uiExtended420Video:
         VisitVideo(oPayload, true);
@@ -432,6 +441,7 @@ void CModeVisitor::VisitVideo(const SPart& oPayload, bool bOnly420)
 void CModeVisitor::AddFormat(const SPart& oFormat, bool bFraction, bool b420)
 {
     SZorMode oMode = {};
+    m_uiFormatOffset = std::min(m_uiFormatOffset, oFormat.m_uiOffset);
     for (unsigned int uiRank = 0; ReadFormatMode(oFormat.m_oBytes, uiRank, bFraction, oMode); ++uiRank)
     {
         oMode.m_eY420 = b420 ? SZorMode::eY420_Also : SZorMode::eY420_No;
@@ -491,6 +501,18 @@ void CModeVisitor::VisitStereo(const SPart& oFields, unsigned int uiMulti, bool 
         uiUsed = gsc_uiStructureAllSize + (uiMulti == eMulti_AllAndMask ? gsc_uiMaskSize : 0);
     }
     m_oStereo = oFields.From(uiUsed);
+}
+
+// What they point at may follow: Finish looks for it.
+void CModeVisitor::AddReferences(const SPart& oBytes)
+{
+    for (unsigned int i = 0; i < oBytes.GetSize(); ++i)
+    {
+        if (ReadVideoReference(oBytes.GetByte(i)).m_eKind != SVideoReference::eReserved)
+        {
+            m_aoReferences.Add({ oBytes.m_uiOffset + i, oBytes.GetByte(i), gsc_uiNone });
+        }
+    }
 }
 
 // ---- DisplayID ----
@@ -612,32 +634,52 @@ void CModeVisitor::VisitDisplayIdData(unsigned int /*uiVersion*/, const SPart& o
 
 // ---- What is said about the entries ----
 
-// By a short video reference, CTA-861.6 7.5.12.
-unsigned int CModeVisitor::FindReference(unsigned int uiReference) const
+template <class IS>
+unsigned int CModeVisitor::FindMode(IS fnIs) const
 {
-    constexpr unsigned int uiFirstDetailed = 129;
-    constexpr unsigned int uiFirstLong = 145;
-    constexpr unsigned int uiPastLong = 161;
-    constexpr unsigned int uiTypeVIII = 254;
-    if (uiReference >= uiFirstDetailed && uiReference < uiFirstLong)
-    {
-        return m_oDetailed.Get(uiReference - uiFirstDetailed);
-    }
-    if (uiReference >= uiFirstLong && uiReference < uiPastLong)
-    {
-        return m_oLong.Get(uiReference - uiFirstLong);
-    }
-    if (uiReference == uiTypeVIII)
-    {
-        return m_oCodes.Get(0);
-    }
     for (unsigned int i = 0; i < m_aoModes.GetCount(); ++i)
     {
-        const SZorMode& oMode = m_aoModes[i].m_oMode;
-        if (oMode.m_eKind == SZorMode::eModeKind_Vic && oMode.m_uiCode == uiReference)
+        if (fnIs(m_aoModes[i]))
         {
             return i;
         }
+    }
+    return gsc_uiNone;
+}
+
+// A mode of the code itself, else of HDMI's code for the same format.
+unsigned int CModeVisitor::FindVideoMode(unsigned int uiCode) const
+{
+    const unsigned int uiMode = FindMode([uiCode](const SZorImageMode& oListed) {
+        return oListed.m_oMode.m_eKind == SZorMode::eModeKind_Vic && oListed.m_oMode.m_uiCode == uiCode;
+    });
+    return uiMode != gsc_uiNone ? uiMode : FindMode([uiCode](const SZorImageMode& oListed) {
+        const SHdmiCode* poHdmi =
+            oListed.m_oMode.m_eKind == SZorMode::eModeKind_HdmiVic ? FindHdmiCode(oListed.m_oMode.m_uiCode) : nullptr;
+        return poHdmi != nullptr && poHdmi->m_ui8VideoCode == uiCode;
+    });
+}
+
+unsigned int CModeVisitor::FindReference(unsigned int uiByte) const
+{
+    const auto [eKind, uiNumber] = ReadVideoReference(uiByte);
+    switch (eKind)
+    {
+    case SVideoReference::eVideoCode:
+        return FindVideoMode(uiNumber);
+    case SVideoReference::eDetailed:
+        return m_oDetailed.Get(uiNumber);
+    case SVideoReference::eType7Or10:
+        return m_oLong.Get(uiNumber);
+    case SVideoReference::eFormatRate:
+        return FindMode([this, uiRate = uiNumber](const SZorImageMode& oListed) {
+            return oListed.m_eField == eZorEdidField_CtaVideoFormatDescriptor &&
+                   oListed.m_uiOffset == m_uiFormatOffset && oListed.m_oMode.m_oNominalRate.m_ullDividend == uiRate;
+        });
+    case SVideoReference::eType8:
+        return m_oCodes.Get(0);
+    case SVideoReference::eReserved:
+        break;
     }
     return gsc_uiNone;
 }
@@ -747,6 +789,10 @@ void CModeVisitor::RankPreferred()
 
 void CModeVisitor::Finish()
 {
+    for (unsigned int i = 0; i < m_aoReferences.GetCount(); ++i)
+    {
+        m_aoReferences[i].m_uiMode = FindReference(m_aoReferences[i].m_uiByte);
+    }
     Mark420();
     MarkNative();
     MarkStereo();
@@ -758,13 +804,14 @@ void CModeVisitor::Finish()
 int CZorEdidModes::Read(unsigned int uiSize, const unsigned char* pui8Data)
 {
     m_aoModes.RemoveAll();
+    m_aoReferences.RemoveAll();
     if (pui8Data == nullptr || uiSize < ZorStandards::gsc_uiBlockSize)
     {
         return 0;
     }
     // A mode takes two bytes and more, but for bits and rates.
     m_aoModes.SetSize(0, static_cast<int>(uiSize / 2));
-    ZorFacts::CModeVisitor oVisitor(m_aoModes);
+    ZorFacts::CModeVisitor oVisitor(m_aoModes, m_aoReferences);
     ZorFacts::WalkImage(uiSize, pui8Data, oVisitor);
     oVisitor.Finish();
     return 1;

@@ -58,6 +58,14 @@ struct SZorImageMode
     unsigned int m_uiNumber;     ///< in m_eList, from 0; msc_uiNone without a list
 };
 
+/// A byte of a video format preference or native video resolution data block, and the mode that it points at.
+struct SZorModeReference
+{
+    unsigned int m_uiOffset; ///< in the image
+    unsigned int m_uiByte;   ///< the short video reference itself; reserved values have no entry
+    unsigned int m_uiMode;   ///< of CZorEdidModes::Get; SZorImageMode::msc_uiNone where the image has no such mode
+};
+
 /// The list of one image, in the order of its bytes. Read makes it, everything else asks it.
 ///
 /// A code of CTA-861 whose rate may be divided by 1.001 is one entry with m_bFractionToo: GetPartner gives the other
@@ -79,6 +87,11 @@ public:
     /// uiIndex must be below GetCount. The reference is good until the next Read.
     const SZorImageMode& Get(unsigned int uiIndex) const { return m_aoModes[uiIndex]; }
 
+    /// What points at modes, in the order of the bytes, over all such data blocks. uiIndex must be below
+    /// GetReferenceCount; the reference is good until the next Read.
+    unsigned int GetReferenceCount() const { return m_aoReferences.GetCount(); }
+    const SZorModeReference& GetReference(unsigned int uiIndex) const { return m_aoReferences[uiIndex]; }
+
     /// The most preferred mode; null without one.
     const SZorImageMode* GetPreferred() const;
 
@@ -93,6 +106,7 @@ public:
 
 private:
     CMArray<SZorImageMode, const SZorImageMode&> m_aoModes;
+    CMArray<SZorModeReference, const SZorModeReference&> m_aoReferences;
 };
 
 #pragma GCC visibility pop

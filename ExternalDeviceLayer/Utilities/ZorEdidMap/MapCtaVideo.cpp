@@ -11,13 +11,6 @@ namespace ZorMap
 {
 namespace
 {
-// Where byte 0 of a record lies between two values.
-template <unsigned int FIRST, unsigned int LAST>
-bool WhereIn(const CRecord& oRecord)
-{
-    return oRecord.GetByte(0) >= FIRST && oRecord.GetByte(0) <= LAST;
-}
-
 CMString VideoCodeText(const CRecord& /*oRecord*/, unsigned int uiCode)
 {
     return CodeText(uiCode, GetVideoFormatName(uiCode));
@@ -75,33 +68,49 @@ constexpr SMeaning gsc_aoRateIndexes[] = {
 };
 constexpr SMeaning gsc_aoTypeViiiCode[] = { { 254, 254, "first code of the Type VIII data block" } };
 
-bool IsReservedReference(const CRecord& oRecord)
+template <SVideoReference::EKind KIND>
+bool IsReferenceTo(const CRecord& oReference)
 {
-    return WhereIn<0, 0>(oRecord) || WhereIn<128, 128>(oRecord) || WhereIn<176, 192>(oRecord) ||
-           WhereIn<255, 255>(oRecord);
+    return ReadVideoReference(oReference.GetByte(0)).m_eKind == KIND;
 }
 
-// Timings are counted from 1: the detailed ones over the base block and all CTA-861 blocks.
+// Timings are counted from 1.
 constexpr SRow gsc_aoReferenceRows[] = {
-    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode, WhereIn<1, 127> },
+    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode,
+      IsReferenceTo<SVideoReference::eVideoCode> },
     { eId_CtaVideoReferenceDetailed, Byte(0), "Detailed timing descriptor", Number().Times(1, -128),
-      WhereIn<129, 144> },
-    { eId_CtaVideoReferenceType7Or10, Byte(0), "Type VII or X timing", Number().Times(1, -144), WhereIn<145, 160> },
+      IsReferenceTo<SVideoReference::eDetailed> },
+    { eId_CtaVideoReferenceType7Or10, Byte(0), "Type VII or X timing", Number().Times(1, -144),
+      IsReferenceTo<SVideoReference::eType7Or10> },
     { eId_CtaVideoReferenceVideoFormatRate, Byte(0), "First video format descriptor, refresh rate",
-      Names(gsc_aoRateIndexes), WhereIn<161, 175> },
-    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", gsc_oVideoCode, IsSvdWithoutNative },
-    { eId_CtaVideoReferenceType8, Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode), WhereIn<254, 254> },
-    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsReservedReference },
+      Names(gsc_aoRateIndexes), IsReferenceTo<SVideoReference::eFormatRate> },
+    { eId_CtaVideoReferenceType8, Byte(0), "Type VIII timing", Names(gsc_aoTypeViiiCode),
+      IsReferenceTo<SVideoReference::eType8> },
+    { eId_CtaVideoReferenceVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode),
+      IsReferenceTo<SVideoReference::eReserved> },
 };
 
 CMString ReferenceSummary(const CRecord& oReference)
 {
-    const unsigned int uiCode = oReference.GetByte(0);
-    const bool bVideoCode = WhereIn<1, 127>(oReference) || IsSvdWithoutNative(oReference);
-    CMString sText(bVideoCode ? GetVideoFormatName(uiCode) : nullptr);
-    if (WhereIn<129, 144>(oReference))
+    const auto [eKind, uiNumber] = ReadVideoReference(oReference.GetByte(0));
+    CMString sText;
+    switch (eKind)
     {
-        sText.Format("detailed timing %u", uiCode - 128);
+    case SVideoReference::eVideoCode:
+        return CMString(GetVideoFormatName(uiNumber));
+    case SVideoReference::eDetailed:
+        sText.Format("detailed timing %u", uiNumber + 1);
+        break;
+    case SVideoReference::eType7Or10:
+        sText.Format("timing %u of Types VII and X", uiNumber + 1);
+        break;
+    case SVideoReference::eFormatRate:
+        sText.Format("first video format descriptor at %u Hz", uiNumber);
+        break;
+    case SVideoReference::eType8:
+        return CMString(gsc_aoTypeViiiCode[0].m_pszName);
+    case SVideoReference::eReserved:
+        break;
     }
     return sText;
 }

@@ -476,6 +476,9 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "the same video code once native and once not", "CTA-861-H, 7.5.1",
       "Whether sources take the format for native depends on which of the two they go by, and the places of 4:2:0 and "
       "3D maps count each." },
+    { eZorEdidRule_ReferenceMissing, CMap::eSeverity_Warning, "cta.reference-missing",
+      "prefers, or calls native, a mode that the image does not announce", "CTA-861-H, 7.5.12",
+      "Sources skip it and choose another mode; a code that no list has is a note, as some take it all the same." },
 
     // ---- CTA-861 blocks among each other ----
     { eZorEdidRule_UnderscanContradicts, CMap::eSeverity_Warning, "cta.underscan",

@@ -202,6 +202,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_NativeMixed = 534,
     eZorEdidRule_HdmiCodeAlone = 535,
     eZorEdidRule_CodeNativeAndNot = 536,
+    eZorEdidRule_ReferenceMissing = 537,
 
     // ---- CTA-861 blocks among each other ----
     eZorEdidRule_UnderscanContradicts = 560,

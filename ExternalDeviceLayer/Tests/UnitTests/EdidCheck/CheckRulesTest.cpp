@@ -105,6 +105,7 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         { eZorEdidRule_CodeNativeAndNot, MakeImage("43 10 90 01"), MakeImage("43 90 01 90") },
         { eZorEdidRule_NativeMixed, MakeImage("43 90 84 01"), MakeImage("43 90 9F 01") },
         { eZorEdidRule_HdmiCodeAlone, MakeImage(gsc_szHdmiVic), MakeImage(gsc_szHdmiVicToo) },
+        { eZorEdidRule_ReferenceMissing, MakeImage("42 10 01 E3 0D 81 82"), MakeImage("42 10 01 E4 0D 81 10 00") },
         { eZorEdidRule_UnderscanContradicts, MakeImage("41 01 E2 00 04", 0x80), MakeImage("41 01 E2 00 0C", 0x80) },
         { eZorEdidRule_CtaFlagsDiffer, MakeEdid({ MakeCta("41 01", 0x40), MakeCta("", 0x60) }),
           MakeEdid({ MakeCta("41 01", 0x41), MakeCta("", 0x40) }) },
@@ -158,6 +159,8 @@ TEST(CheckRules, NoFalseAlarms)
     // A rate of 0 in the data block of the HDMI Forum is no FRL.
     EXPECT_EQ(CZorEdidMap::eSeverity_Note, FindSeverity(MakeImage(gsc_szUhdTmds), eZorEdidRule_UhdVicMissing));
     EXPECT_EQ(CZorEdidMap::eSeverity_Warning, FindSeverity(MakeImage(gsc_szUhd), eZorEdidRule_UhdVicMissing));
+    const CBytes aui8OtherCode = MakeImage("42 10 01 E2 0D 04");
+    EXPECT_EQ(CZorEdidMap::eSeverity_Note, FindSeverity(aui8OtherCode, eZorEdidRule_ReferenceMissing));
     const char* const pszSlow20 = "42 61 01 67 03 0C 00 10 00 00 44 67 D8 5D C4 01 00 00 00"; // to 340 MHz
     EXPECT_EQ(1U, ListRules(MakeImage(pszSlow20)).count(eZorEdidRule_ModeBeyondTmds));
     // Half the clock is enough for a code that a 4:2:0 map marks, and for the same timing in another field.

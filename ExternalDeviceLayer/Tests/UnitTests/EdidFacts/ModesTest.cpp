@@ -122,14 +122,16 @@ TEST(Modes, VideoCodes)
                      "3840x2160 50.000 594000 5280x2250 table only" });
 }
 
-// 1280x720 at 24, 30 and 60 Hz with 1000/1001; a DMT code; a timing that takes its own blanking.
+// 1280x720 at 24, 30 and 60 Hz with 1000/1001; a DMT code; a timing that takes its own blanking. The first rate is
+// native, the others are preferred by reference; what a reference misses ranks nothing.
 TEST(Modes, FormatsAndTypesInCta)
 {
-    ExpectCtaModes("C2 40 41 E3 23 00 09 E8 2A 00 03 7F 07 37 04 3B",
-                   { "1280x720 24.000 35520 1600x925 formula fraction",
-                     "1280x720 30.000 35520 1600x740 formula fraction",
-                     "1280x720 60.000 67488 1480x760 formula fraction", "800x600 60.317 40000 1056x628 table",
-                     "1920x1080 60.000 133320 2000x1111 formula" });
+    ExpectCtaModes(
+        "C3 40 41 02 E3 23 00 09 E8 2A 00 03 7F 07 37 04 3B E2 08 A1 E6 0D A5 A6 92 FE 91",
+        { "1280x720 24.000 35520 1600x925 formula fraction native", "1280x720 30.000 35520 1600x740 formula fraction",
+          "1280x720 60.000 67488 1480x760 formula fraction #1", "1280x720 30.000 35520 1600x740 formula fraction",
+          "1280x720 60.000 67488 1480x760 formula fraction", "800x600 60.317 40000 1056x628 table #2",
+          "1920x1080 60.000 133320 2000x1111 formula #3" });
 }
 
 TEST(Modes, DisplayId)

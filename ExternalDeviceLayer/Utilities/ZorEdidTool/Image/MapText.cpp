@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "ImageModes.h"
 #include "Standards/ExtensionBlocks.h"
 #include "Standards/VideoCodes.h"
 #include "TextFormat.h"
@@ -63,6 +64,30 @@ const SCodeField* FindCode(const CZorEdidMap::SField& oField)
                                       [&](const SCodeField& oCode) { return oCode.m_eId == oField.m_eId; });
     return poCode != std::end(gsc_aoCodeFields) ? poCode : nullptr;
 }
+
+// ": 1920 x 1080 @ 60 Hz" of what points at a timing by its number; a code has the words itself.
+std::string DescribeReference(const CZorEdidMap& oMap, unsigned int uiOffset)
+{
+    using ZorStandards::SVideoReference;
+    CZorEdidModes oModes;
+    oModes.Read(oMap.GetSize(), oMap.GetData());
+    for (unsigned int i = 0; i < oModes.GetReferenceCount(); ++i)
+    {
+        const SZorModeReference& oReference = oModes.GetReference(i);
+        if (oReference.m_uiOffset != uiOffset ||
+            ZorStandards::ReadVideoReference(oReference.m_uiByte).m_eKind == SVideoReference::eVideoCode)
+        {
+            continue;
+        }
+        if (oReference.m_uiMode == SZorImageMode::msc_uiNone)
+        {
+            return ": none";
+        }
+        const SZorMode& oMode = oModes.Get(oReference.m_uiMode).m_oMode;
+        return ": " + GetSizeText(oMode) + " @ " + GetShortRate(oMode) + " Hz";
+    }
+    return "";
+}
 } // namespace
 
 std::span<const EZorEdidField> GetAllIds()
@@ -91,14 +116,20 @@ std::string GetFieldName(const CZorEdidMap::SField& oField)
                : sName + (FindCode(oField) != nullptr ? " #" : " ") + std::to_string(oField.m_uiIndex);
 }
 
+std::string GetWholeValue(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const std::string sValue = static_cast<const char*>(oMap.GetValue(uiField));
+    const bool bReference = oField.m_eId == eZorEdidField_CtaVideoReference;
+    return bReference ? sValue + DescribeReference(oMap, oField.m_uiOffset) : sValue;
+}
+
 std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const CZorEdidMap::EKind eKind = oMap.GetField(uiField).m_eKind;
     const bool bBytesOnly = eKind == CZorEdidMap::eKind_Reserved || eKind == CZorEdidMap::eKind_Unknown ||
                             eKind == CZorEdidMap::eKind_Bytes;
-    return bBytesOnly && oMap.GetField(uiField).m_pszMeaning == nullptr
-               ? ""
-               : static_cast<const char*>(oMap.GetValue(uiField));
+    return bBytesOnly && oMap.GetField(uiField).m_pszMeaning == nullptr ? "" : GetWholeValue(oMap, uiField);
 }
 
 std::vector<unsigned int> GetChain(const CZorEdidMap& oMap, unsigned int uiField)

@@ -17,7 +17,11 @@ std::vector<std::string> ListIdTexts(); // "base.display.gamma"
 // a code.
 std::string GetFieldName(const CZorEdidMap::SField& oField);
 
-// The value, or the summary of a group; empty where the bytes themselves say all.
+// CZorEdidMap::GetValue; of what points at a timing by its number with the mode, "detailed timing 2: 1920 x 1080 @ 60
+// Hz", and with "none" where the image has no such timing.
+std::string GetWholeValue(const CZorEdidMap& oMap, unsigned int uiField);
+
+// The same, or the summary of a group; empty where the bytes themselves say all.
 std::string GetFieldValue(const CZorEdidMap& oMap, unsigned int uiField);
 
 // What of a field a program takes for its value, beside the text.

@@ -206,7 +206,7 @@ private:
             oHtml << "<span class=\"list\">" << SText{ sNumber } << "</span> ";
         }
         oHtml << "<span class=\"value" << SText{ IsRaw(oField) ? " raw" : "" } << "\">"
-              << SText{ static_cast<const char*>(m_oMap.GetValue(uiField)) } << "</span> <span class=\"place\">"
+              << SText{ GetWholeValue(m_oMap, uiField) } << "</span> <span class=\"place\">"
               << SText{ GetPlace(uiField) } << "</span>";
         AddOther(oPlace, bGroup, oHtml);
         AddNotes(oField, oHtml);

@@ -11,6 +11,7 @@
 #include "ImageModes.h"
 #include "Input.h"
 #include "LoadedImage.h"
+#include "MapText.h"
 #include "ZorEdidFacts.h"
 #include "ZorEdidMap.h"
 
@@ -30,7 +31,7 @@ struct SPageImage
     // The leaf of a bit; null past the image.
     const CZorEdidMap::SField* FindField(unsigned int uiOffset, unsigned int uiBit) const;
     // The value of a field as text.
-    std::string GetValue(unsigned int uiField) const { return static_cast<const char*>(m_oMap.GetValue(uiField)); }
+    std::string GetValue(unsigned int uiField) const { return GetWholeValue(m_oMap, uiField); }
 
     SInput m_oInput;
     CZorEdidMap m_oMap;

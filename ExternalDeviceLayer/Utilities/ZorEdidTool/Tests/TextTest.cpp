@@ -207,6 +207,30 @@ TEST_F(MapOfMonitor, ValuesAndTheirJson)
               oGroup["fields"][0]);
 }
 
+// What points at a timing by its number has the mode, native ones included.
+TEST(MapText, ReferencesNameTheirMode)
+{
+    const CBytes aui8DataBlocks = ParseBytes("C2 00 44 E3 23 00 09 E2 08 81 E6 0D A6 FE 91 10 82");
+    CBytes aui8Cta = Join({ { 2, 3, static_cast<unsigned char>(4 + aui8DataBlocks.size()), 0 }, aui8DataBlocks });
+    aui8Cta.resize(gsc_uiBlockSize);
+    const CBytes aui8Image = MakeEdid({ FixChecksums(aui8Cta) });
+    CZorEdidMap oMap;
+    oMap.Read(256, aui8Image.data());
+    std::string sTexts;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const bool bReference = oMap.GetField(i).m_eId == eZorEdidField_CtaVideoReference;
+        sTexts += bReference ? GetFieldValue(oMap, i) + "\n" : "";
+    }
+    EXPECT_EQ("detailed timing 1: 1920 x 1080 @ 60 Hz\n"
+              "first video format descriptor at 60 Hz: 1920 x 1080 @ 60 Hz\n"
+              "first code of the Type VIII data block: 800 x 600 @ 60.32 Hz\n"
+              "timing 1 of Types VII and X: none\n"
+              "1920x1080p 59.94/60 Hz 16:9\n"
+              "detailed timing 2: none\n",
+              sTexts);
+}
+
 TEST(MapText, NotesStandByTheirFields)
 {
     CBytes aui8Image = MakeEdid({ MakeCeaBlock() });

@@ -240,6 +240,44 @@ constexpr bool IsListedAsOther(unsigned int uiSvd)
     return ReadShortVideo(uiSvd).m_uiCode != ReadListedShortVideo(uiSvd).m_uiCode;
 }
 
+// ---- Short video references: CTA-861-H 7.5.12; rates of a video format descriptor by CTA-861.6 ----
+
+// What the byte of one points at. Timings are counted from 0: the detailed ones over the base block and all CTA-861
+// blocks, those of Types VII and X over the CTA-861 data blocks. The descriptor of a rate and the code of Type VIII are
+// the first ones.
+struct SVideoReference
+{
+    enum EKind : unsigned char
+    {
+        eReserved,
+        eVideoCode,
+        eDetailed,
+        eType7Or10,
+        eFormatRate,
+        eType8
+    };
+    EKind m_eKind;
+    unsigned int m_uiNumber; // the video code, which timing, or the rate in Hz; else 0
+};
+
+constexpr SVideoReference ReadVideoReference(unsigned int uiByte)
+{
+    constexpr unsigned int uiFirstDetailed = 129;
+    constexpr unsigned int uiFirstType7Or10 = 145;
+    constexpr unsigned int uiFirstRate = 161;
+    constexpr unsigned int auiRates[] = { 24, 25, 30, 48, 50, 60, 100, 120, 144, 200, 240, 300, 360, 400, 480 };
+    constexpr unsigned int uiType8 = 254;
+    using enum SVideoReference::EKind;
+    const bool bVideoCode = uiByte < gsc_uiNativeBit || uiByte > gsc_uiLastNativeSvd;
+    return uiByte == uiType8                                               ? SVideoReference{ eType8, 0 }
+           : uiByte == 0 || uiByte > gsc_uiHighestSvd                      ? SVideoReference{ eReserved, 0 }
+           : bVideoCode                                                    ? SVideoReference{ eVideoCode, uiByte }
+           : uiByte >= uiFirstRate + std::size(auiRates) || uiByte == 0x80 ? SVideoReference{ eReserved, 0 }
+           : uiByte >= uiFirstRate      ? SVideoReference{ eFormatRate, auiRates[uiByte - uiFirstRate] }
+           : uiByte >= uiFirstType7Or10 ? SVideoReference{ eType7Or10, uiByte - uiFirstType7Or10 }
+                                        : SVideoReference{ eDetailed, uiByte - uiFirstDetailed };
+}
+
 // ---- Resolution identifiers of video format descriptors, CTA-861.6 ----
 
 struct SFormatResolution

@@ -267,18 +267,20 @@ def selftest(images):
     return found, {kind: name for kind, name in missed.items() if kind not in found}
 
 
-def read_options():
-    parser = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
+def make_parser(text):
+    """What both comparisons are asked with."""
+    parser = argparse.ArgumentParser(description=text.partition("\n")[0])
     parser.add_argument("--zoredid", default=default_command(), help="the built command")
     parser.add_argument("--peer", default="edid-decode", help="the edid-decode to compare with")
-    parser.add_argument("--selftest", action="store_true", help="falsify each kind of fact, and expect a difference")
-    parser.add_argument("--unknown", action="store_true", help="list the lines that nothing is compared with")
     parser.add_argument("folders", nargs="+", metavar="FOLDER", help="a folder of .bin images, or a file of images")
-    return parser.parse_args()
+    return parser
 
 
 def main():
-    options = read_options()
+    parser = make_parser(__doc__)
+    parser.add_argument("--selftest", action="store_true", help="falsify each kind of fact, and expect a difference")
+    parser.add_argument("--unknown", action="store_true", help="list the lines that nothing is compared with")
+    options = parser.parse_args()
     counts, unread, right, images = collections.Counter(), collections.Counter(), {}, []
     with tempfile.TemporaryDirectory() as folder:
         read = [Image(path, options) for path in image_paths(options.folders, folder)]

@@ -11,14 +11,13 @@ Prints for each kind how often edid-decode says it, and in how many images we do
 or a rule of weight, has no kind, or when an image that edid-decode fails has no error or warning here and a failure
 that is not "theirs". Of a file with several EDIDs each is an image of its own.
 """
-import argparse
 import collections
 import os
 import re
 import sys
 import tempfile
 
-from Compare import default_command, image_paths, peer_text, run
+from Compare import image_paths, make_parser, peer_text, run
 
 KINDS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "ChecksKinds.tsv")
 WEIGHTY = ("error", "warning")
@@ -60,11 +59,8 @@ def judged(options):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
-    parser.add_argument("--zoredid", default=default_command(), help="the built command")
-    parser.add_argument("--peer", default="edid-decode", help="the edid-decode to compare with")
+    parser = make_parser(__doc__)
     parser.add_argument("--kinds", default=KINDS, help="the kinds, by default %(default)s")
-    parser.add_argument("folders", nargs="+", metavar="FOLDER")
     options = parser.parse_args()
     kinds = read_kinds(options.kinds)
     known = {rule for kind in kinds if kind.side == "both" for rule in kind.reason.split(",")}

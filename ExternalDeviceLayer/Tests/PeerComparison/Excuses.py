@@ -48,8 +48,16 @@ class Case:
         """Whether the item is a code of one byte outside of the range."""
         return self.own.values == {word: str(self.byte(0))} and not least <= self.byte(0) <= most
 
-    def number_of(self, word):
-        return float(self.own.values[word])
+    def number_of(self, *words):
+        """The value of the first of the words that there is."""
+        return float(next(self.own.values[word] for word in words if word in self.own.values))
+
+    def is_near(self, value, most=0.001):
+        return abs(float(self.ours) - value) < most
+
+    def pair12(self, offset, split):
+        """Two numbers of 12 bits with a byte each, and a shared byte of their high bits."""
+        return [self.byte(offset + i) | (self.byte(split) >> 4 * (1 - i) & 15) << 8 for i in (0, 1)]
 
     def descriptors(self):
         """All that may be a descriptor of 18 bytes in the block."""
@@ -65,12 +73,6 @@ def pq(code):
     return 10000 * (max(power - 0.8359375, 0) / (18.8515625 - 18.6875 * power)) ** (1 / 0.1593017578125)
 
 
-def is_second_luminance(case):
-    most = 50 * 2 ** (case.stored("second-max-luminance") / 32)
-    least = most * (case.stored("second-min-luminance") / 255) ** 2 / 100
-    return case.theirs is None and abs(float(case.ours) - (most if "max" in case.word else least)) < 0.001
-
-
 def is_of_library(case):
     """The library says negative for both where the sync is not digital and separate."""
     words = [word for word in case.own.values if not re.search("size|polarity", word)]
@@ -81,31 +83,10 @@ def is_of_library(case):
             and any(part[0] + 256 * part[1] == clock and part[17] & 0x18 != 0x18 for part in case.descriptors()))
 
 
-def is_vendor_of_bytes(case):
-    stored = [f"{case.byte(i):02X}" for i in (3, 4, 5)]
-    return case.ours == "-".join(stored) and case.theirs == "-".join(reversed(stored))
-
-
-def is_type_x(case):
-    rate = float(case.own.values.get("hz", case.own.values.get("rate")))
-    return (case.peer is None and case.own.values["size"] == f"{case.word16(1) + 1}x{case.word16(3) + 1}"
-            and abs(rate - case.byte(5) - 1) < 1)
-
-
 def is_short_features(case):
     stored = {f"{name}-{depth}bpc": "1" for i, name in enumerate(("rgb-444", "ycbcr-444", "ycbcr-422", "ycbcr-420"))
               for bit, depth in enumerate(DEPTHS if i < 2 else DEPTHS[1:]) if case.byte(3 + i) >> bit & 1}
     return case.peer is None and case.byte(2) < 9 and case.own.values == stored
-
-
-def is_on_other_curve(case):
-    code = int(case.peer.values[case.word + "-pq"])
-    return abs(pq(code) - float(case.ours)) < 0.001 and abs(float(case.theirs) / float(case.ours) - 1) < 0.05
-
-
-def is_panel_text(case):
-    texts = [plain(case.image[at + 5:at + 18].split(b"\n")[0].decode("latin-1")) for at in (90, 108)]
-    return case.peer is None and plain(case.own.values["text"]) in texts
 
 
 def is_assumed(case):
@@ -116,17 +97,6 @@ def is_assumed(case):
             and abs(float(case.ours) / float(case.theirs) - 1) < 0.1)
 
 
-def is_flat(case):
-    return "0" in case.item.values["size"].rstrip("i").split("x") and any(
-        0 in (part[2] | (part[4] & 0xF0) << 4, part[5] | (part[7] & 0xF0) << 4) for part in case.descriptors())
-
-
-def is_halved(case):
-    words = [word for word in ("vertical-front-porch", "vertical-sync-width") if word in case.own.values]
-    return case.own.values["size"].endswith("i") and all(
-        int(case.own.values[word]) // 2 == int(case.peer.values[word]) for word in words)
-
-
 def is_of_type_2(case):
     if case.word:
         return case.own.tag == 4 and case.is_stored()
@@ -134,24 +104,6 @@ def is_of_type_2(case):
     return case.block[0] == DISPLAYID and all(
         plain(case.own.values[word])[:1] == plain(case.peer.values[word])[:1] if word.endswith("polarity")
         else case.own.values[word] == case.peer.values[word] for word in others)
-
-
-def is_printed_as_bytes(case):
-    raw = [bytes.fromhex(found[1]) for line in case.lines if (found := re.search("mode: ((?:[0-9a-f]{2} )+)", line))]
-    clock = float(case.own.values.get("pixel-clock", case.own.values.get("clock")))
-    return any(part[0] + 256 * part[1] == round(clock * 100) for part in raw)
-
-
-def is_wrapped(case):
-    clocks = [float(side.values["pixel-clock"]) for side in (case.own, case.peer)]
-    return clocks[1] > 4294 and abs((clocks[1] * 1e6) % 2 ** 32 / 1e6 - clocks[0]) < 0.001
-
-
-def is_rate_with_border(case):
-    line, field = (case.byte(i) + case.byte(i + 1) + (case.byte(i + 2) >> 4 << 8) + (case.byte(i + 2) % 16 << 8)
-                   for i in (2, 5))
-    return (case.byte(16) and case.byte(17) & 0x80
-            and abs(case.word16(0) * 10000 / line / (field + 0.5) - float(case.ours)) < 0.001)
 
 
 def is_short_hdmi(case):
@@ -199,7 +151,10 @@ EXCUSES = (
      lambda case: not case.is_first_section() and case.theirs is None and case.is_stored()),
     ("amd-not-valid", "here", "cta.amd", ".*luminance",
      lambda case: case.ours is None and case.stored("luminances-valid") == 0),
-    ("amd-second", "here", "cta.amd", "second-.*", is_second_luminance),
+    ("amd-second", "here", "cta.amd", "second-.*",
+     lambda case: case.theirs is None and case.is_near(
+         50 * 2 ** (case.stored("second-max-luminance") / 32)
+         * (1 if "max" in case.word else (case.stored("second-min-luminance") / 255) ** 2 / 100))),
     ("amd-rate", "here", "cta.amd", "max-refresh-rate",
      lambda case: case.number_of("version") >= 3 and int(case.ours) == case.stored("max-refresh-rate")),
     ("polarity", "here", "base.detailed", ".*sync-polarity",
@@ -211,13 +166,20 @@ EXCUSES = (
     ("panel-flags", "here", "base.detailed", "sync-type|stereo",
      lambda case: case.own.begin == 72 and case.theirs is None and case.is_stored()
      and all(case.image[at:at + 2] == b"\0\0" and case.image[at + 3] == 0xFE for at in (90, 108))),
-    ("panel-texts", "here", "base.string", "", is_panel_text),
-    ("vendor-id-order", "here", "displayid.vendor", "id", is_vendor_of_bytes),
+    ("panel-texts", "here", "base.string", "",
+     lambda case: case.peer is None and plain(case.own.values["text"]) in [
+         plain(case.image[at + 5:at + 18].split(b"\n")[0].decode("latin-1")) for at in (90, 108)]),
+    ("vendor-id-order", "here", "displayid.vendor", "id",
+     lambda case: case.ours.split("-") == [f"{case.byte(i):02X}" for i in (3, 4, 5)] == case.theirs.split("-")[::-1]),
     ("hdr10plus-byte", "here", "cta.hdr10-plus", "application-version",
      lambda case: int(case.theirs) & 3 == int(case.ours) == case.byte(5) & 3),
-    ("type-x", "here", ".*displayid.formula", "", is_type_x),
+    ("type-x", "here", ".*displayid.formula", "",
+     lambda case: case.peer is None and abs(case.number_of("hz", "rate") - case.byte(5) - 1) < 1
+     and case.own.values["size"] == f"{case.word16(1) + 1}x{case.word16(3) + 1}"),
     ("short-features", "both", "displayid.interface", "", is_short_features),
-    ("dolby-curve", "here", "cta.dolby-vision", "target-.*-luminance", is_on_other_curve),
+    ("dolby-curve", "here", "cta.dolby-vision", "target-.*-luminance",
+     lambda case: case.is_near(pq(int(case.peer.values[case.word + "-pq"])))
+     and case.is_near(float(case.theirs), 0.05 * float(case.ours))),
     ("native-depth", "here", "displayid.parameters", "native-bit-depth",
      lambda case: DEPTHS.index(int(case.theirs)) == DEPTHS.index(int(case.ours.split(" ")[0])) + 1),
     ("no-code", "both", "cta.video.descriptor|cta.video-reference", "",
@@ -231,17 +193,28 @@ EXCUSES = (
     ("audio-without-channels", "here", "cta.audio.descriptor", "channels",
      lambda case: case.ours is None and case.byte(0) >> 3 == 15),
     ("speaker-of-hdmi", "here", "cta.speakers.*", "lsd-rsd|rlc-rrc", lambda case: case.ours is None),
-    ("no-active", "both", "(mode:)?base.*", "", is_flat),
+    ("no-active", "both", "(mode:)?base.*", "",
+     lambda case: "0" in case.item.values["size"].rstrip("i").split("x") and any(
+         0 in (part[2] | (part[4] & 0xF0) << 4, part[5] | (part[7] & 0xF0) << 4) for part in case.descriptors())),
     ("assumed-formula", "both", "mode:.*", "rate|clock", is_assumed),
     ("week-54", "both", "base.identity", "week",
      lambda case: case.ours is None and int(case.theirs) == case.image[16] > 54),
-    ("detailed-as-bytes", "both", ".*detailed", "", is_printed_as_bytes),
-    ("clock-wraps", "edid-decode", "library.detailed", "", is_wrapped),
+    ("detailed-as-bytes", "both", ".*detailed", "",
+     lambda case: any(int(high + low, 16) == round(case.number_of("pixel-clock", "clock") * 100)
+                      for low, high in re.findall("mode: ([0-9a-f]{2}) ([0-9a-f]{2}) ", "\n".join(case.lines)))),
+    ("clock-wraps", "edid-decode", "library.detailed", "",
+     lambda case: (theirs := float(case.peer.values["pixel-clock"])) > 4294
+     and abs((theirs * 1e6) % 2 ** 32 / 1e6 - case.number_of("pixel-clock")) < 0.001),
     ("dynamic-length", "both", "cta.hdr-dynamic.metadata", "",
      lambda case: case.peer is None and int(case.own.values["type"]) == case.word16(1)),
-    ("interlaced-field", "both", "displayid.timing|library.detailed", "vertical-.*|", is_halved),
+    ("interlaced-field", "both", "displayid.timing|library.detailed", "vertical-.*|",
+     lambda case: case.own.values["size"].endswith("i") and all(
+         int(case.own.values[word]) // 2 == int(case.peer.values[word])
+         for word in ("vertical-front-porch", "vertical-sync-width") if word in case.own.values)),
     ("type-2-polarity", "here", "displayid.timing|library.detailed", "vertical-sync-polarity|", is_of_type_2),
-    ("interlaced-border", "here", "mode:base.detailed", "rate", is_rate_with_border),
+    ("interlaced-border", "here", "mode:base.detailed", "rate",
+     lambda case: case.byte(16) and case.byte(17) & 0x80 and case.is_near(
+         case.word16(0) * 10000 / sum(case.pair12(2, 4)) / (sum(case.pair12(5, 7)) + 0.5))),
     ("preferred-420", "here", "displayid.timing", "preferred",
      lambda case: case.theirs is None and case.byte(3) & 0x88 == 0x88),
     ("further-infoframes", "both", "cta.infoframe", "vendor-specific-at-once",

@@ -53,6 +53,10 @@ def slug(text):
     return re.sub(r"[^a-z0-9]+", "-", text.lower()).strip("-")
 
 
+def size_text(width, height, interlaced):
+    return f"{width}x{height}{'i' if interlaced else ''}"
+
+
 class Row:
     """A line of Facts.tsv."""
 
@@ -82,7 +86,8 @@ class Row:
                 yield self.words[0].replace("*", slug(name)), "1"
         elif "*" in self.words[0]:
             name = self.translations.get(plain(groups[0]), slug(groups[0]))
-            yield self.words[0].replace("*", name), groups[1] if len(groups) > 1 else "1"
+            for word, value in zip(self.words, groups[1:] or ("1",)):
+                yield word.replace("*", name), value
         else:
             if len(self.words) == 1:
                 groups = (" ".join(group for group in groups if group),)
@@ -102,8 +107,8 @@ BY_WORD = collections.defaultdict(list)
 for _row in ROWS:
     for _word in _row.words:
         BY_WORD[_row.group, _word].append(_row)
-PATTERNS = [(row.group, re.compile(re.escape(row.words[0]).replace(r"\*", ".*") + "$"), row)
-            for row in ROWS if row.words and "*" in row.words[0]]
+PATTERNS = [(row.group, re.compile(re.escape(word).replace(r"\*", ".*") + "$"), row)
+            for row in ROWS for word in row.words if "*" in word]
 
 
 def rows_of(group, word):
@@ -153,7 +158,7 @@ def add_timing(values, raw):
     fields = 2 if raw.get("interlaced") else 1
     try:
         height = raw["vertical-active"] * (fields if "image-width" in raw else 1)  # descriptors count lines of a field
-        values["size"] = f"{raw['horizontal-active']}x{height}{'i' if fields == 2 else ''}"
+        values["size"] = size_text(raw["horizontal-active"], height, fields == 2)
         for way in ("horizontal", "vertical"):
             values[f"{way}-back-porch"] = str(raw[f"{way}-blanking"] - raw[f"{way}-front-porch"]
                                               - raw[f"{way}-sync-width"] - 2 * raw.get(f"{way}-border", 0))
@@ -249,13 +254,11 @@ def mode_items(modes):
         group = "mode:" + ALIASES.get(mode["id"], mode["id"])
         place = (mode["block"], group, mode["offset"] if re.match("mode:(cta|displayid.type8)", group) else -i)
         item = places.setdefault(place, Item(mode["block"], group, begin=mode["offset"]))
-        size = f"{mode.get('width')}x{mode.get('height')}{'i' if mode.get('interlaced') else ''}"
-        if "rate" not in mode:
-            item.choices.append({"size": size})
-        for part in ((1, 1000 / 1001) if "rate_1000_1001" in mode else (1,)) if "rate" in mode else ():
-            item.choices.append({"size": size,
-                                 "rate": f"{mode['rate']['dividend'] / mode['rate']['divisor'] * part:.6f}",
-                                 "clock": f"{mode['pixel_clock_hz'] * part / 1e6:.6f}"})
+        size = {"size": size_text(mode.get("width"), mode.get("height"), mode.get("interlaced"))}
+        item.choices += [size] if "rate" not in mode else [
+            {**size, "rate": f"{mode['rate']['dividend'] / mode['rate']['divisor'] * part:.6f}",
+             "clock": f"{mode['pixel_clock_hz'] * part / 1e6:.6f}"}
+            for part in (1, 1000 / 1001)[:1 + ("rate_1000_1001" in mode)]]
         item.values, item.assumed = item.choices[0], mode["numbers"] in ("assumed", "none")
     return list(places.values())
 
@@ -268,7 +271,7 @@ def library_items(facts):
         yield Item(0, "library.serial", {"serial-number": str(facts["serial_number"])})
     for mode in facts.get("detailed", []):
         item = Item(mode["block"], "library.detailed", {
-            "size": f"{mode['width']}x{mode['height']}{'i' if mode['interlaced'] else ''}",
+            "size": size_text(mode["width"], mode["height"], mode["interlaced"]),
             "pixel-clock": str(mode["pixel_clock_hz"] / 1e6)})
         for way in ("horizontal", "vertical"):
             words = mode[way]

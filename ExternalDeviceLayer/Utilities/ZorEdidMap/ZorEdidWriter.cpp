@@ -4,6 +4,7 @@
 
 #include <string.h>
 
+#include "EdidUtils.h"
 #include "MapWrite.h"
 #include "ZorTools.h"
 
@@ -226,12 +227,7 @@ void FollowWithChecksums(const SMapContent& oMap, unsigned int uiField, CImageBy
             continue;
         }
         const unsigned char ui8Read = aui8Image[oField.m_uiOffset];
-        unsigned int uiSum = 0;
-        for (unsigned int j = oOrigin.m_uiOffset; j < oOrigin.m_uiOffset + oOrigin.m_uiLength; ++j)
-        {
-            uiSum += aui8Image[j];
-        }
-        aui8Image[oField.m_uiOffset] = static_cast<unsigned char>(ui8Read - uiSum);
+        CEdidUtils::StoreChecksum(oOrigin.m_uiLength, aui8Image.GetData() + oOrigin.m_uiOffset);
         if (aui8Image[oField.m_uiOffset] != ui8Read)
         {
             auiFollowed.Add(i);

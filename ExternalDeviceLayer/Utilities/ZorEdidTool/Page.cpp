@@ -94,6 +94,20 @@ CHtml MakeBody(const SPage& oPage)
         .Take();
 }
 
+// Whole, but for images of many blocks that are full of codes: the limits are for a page that browsers are slow with.
+CHtml MakeBodyWithLimits(SPage& oPage)
+{
+    constexpr size_t uiLarge = 5000000;
+    constexpr SPageLimits oLimits = { 500, 500, 5000, 1000 };
+    CHtml oBody = MakeBody(oPage);
+    if (oBody.Get().size() > uiLarge)
+    {
+        oPage.m_oLimits = oLimits;
+        oBody = MakeBody(oPage);
+    }
+    return oBody;
+}
+
 void WritePage(const SPageOptions& oOptions, STool& oTool)
 {
     SPage oPage;
@@ -127,7 +141,7 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
         CompareImages(oPage);
     }
     const SWritten oWritten =
-        WriteOutput(oOptions.m_sOut, MakePage(GetTitle(oPage), MakeBody(oPage)), oOptions.m_bForce, true);
+        WriteOutput(oOptions.m_sOut, MakePage(GetTitle(oPage), MakeBodyWithLimits(oPage)), oOptions.m_bForce, true);
     ReportWritten(oOptions.m_sOut, oWritten, oTool);
 }
 } // namespace

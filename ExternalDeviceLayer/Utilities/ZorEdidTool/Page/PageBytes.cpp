@@ -65,8 +65,8 @@ public:
               << " <input type=\"search\" placeholder=\"name, value, note or 0x36\" autocomplete=\"off\" "
               << "spellcheck=\"false\"></label>\n<p class=\"none\" role=\"status\"></p>\n<ul role=\"tree\" "
               << "aria-multiselectable=\"true\" aria-label=\"Fields" << SText{ GetOfImage() } << "\">\n";
-        AddFields(oHtml);
-        return (oHtml << "</ul>\n</div>\n</div>\n</div>\n").Take();
+        const unsigned int uiLeft = AddFields(oHtml);
+        return (oHtml << "</ul>\n" << MakeMore(uiLeft, "fields", "explain") << "</div>\n</div>\n</div>\n").Take();
     }
 
 private:
@@ -138,25 +138,36 @@ private:
 
     // ---- Tree ----
 
-    void AddFields(CHtml& oHtml) const
+    // Returns how many fields are left out: those of the blocks after the limit, which have one line each.
+    unsigned int AddFields(CHtml& oHtml) const
     {
         std::vector<unsigned int> auiEnds; // of the open groups
+        unsigned int uiLeft = 0;
         for (unsigned int i = 0; i < m_oMap.GetFieldCount(); ++i)
         {
             for (; !auiEnds.empty() && auiEnds.back() <= i; auiEnds.pop_back())
             {
                 oHtml << "</ul></li>\n";
             }
-            AddItem(i, oHtml);
-            if (m_oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group)
+            const CZorEdidMap::SField& oField = m_oMap.GetField(i);
+            const bool bGroup = oField.m_eKind == CZorEdidMap::eKind_Group;
+            const bool bClosed = bGroup && oField.m_uiDepth == 0 && i >= m_oPage.m_oLimits.m_uiFields;
+            AddItem(i, bGroup && !bClosed, oHtml);
+            if (bClosed)
             {
-                auiEnds.push_back(m_oMap.GetField(i).m_uiEnd);
+                uiLeft += oField.m_uiEnd - i - 1;
+                i = oField.m_uiEnd - 1;
+            }
+            else if (bGroup)
+            {
+                auiEnds.push_back(oField.m_uiEnd);
             }
         }
         for (size_t i = 0; i < auiEnds.size(); ++i)
         {
             oHtml << "</ul></li>\n";
         }
+        return uiLeft;
     }
 
     void AddRuns(const CZorEdidMap::SField& oField, CHtml& oHtml) const
@@ -180,8 +191,8 @@ private:
                    : GetPlaceText(GetFieldBytes(m_oMap, uiField), 0);
     }
 
-    // A group stays open for the items in it.
-    void AddItem(unsigned int uiField, CHtml& oHtml) const
+    // bOpen: of a group, which stays open for the items in it.
+    void AddItem(unsigned int uiField, bool bOpen, CHtml& oHtml) const
     {
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
         const SPageField& oPlace = m_oImage.m_aoFields[uiField];
@@ -194,7 +205,7 @@ private:
         }
         oHtml << "data-p=\"";
         AddRuns(oField, oHtml);
-        if (bGroup)
+        if (bOpen)
         {
             oHtml << "\" aria-expanded=\"true\" aria-owns=\"" << SText{ m_pszKey } << "g" << uiField;
         }
@@ -211,7 +222,7 @@ private:
         AddOther(oPlace, bGroup, oHtml);
         AddNotes(oField, oHtml);
         oHtml << "</div>";
-        if (bGroup)
+        if (bOpen)
         {
             oHtml << "<ul role=\"group\" id=\"" << SText{ m_pszKey } << "g" << uiField << "\">\n";
         }

@@ -58,11 +58,12 @@ CHtml MakeFindingList(const SPage& oPage, size_t uiImage)
                   "source and cable carry it, is not checked.</p>\n";
     }
     oHtml << "<ul class=\"findings\">\n";
-    for (const SFinding& oFinding : oImage.m_aoFindings)
+    const size_t uiShown = std::min(oImage.m_aoFindings.size(), oPage.m_oLimits.m_uiFindings);
+    for (size_t i = 0; i < uiShown; ++i)
     {
-        oHtml << MakeFinding(oPage, uiImage, oFinding);
+        oHtml << MakeFinding(oPage, uiImage, oImage.m_aoFindings[i]);
     }
-    return oHtml << "</ul>\n";
+    return oHtml << "</ul>\n" << MakeMore(oImage.m_aoFindings.size() - uiShown, "findings", "check");
 }
 
 // ---- What differs ----
@@ -102,11 +103,12 @@ void AddList(const SPage& oPage, SMarkup oTitle, const std::vector<SDifference>&
         return;
     }
     oHtml << "<h3>" << oTitle << "</h3>\n<ul class=\"differences\">\n";
-    for (const SDifference& oDifference : aoDifferences)
+    const size_t uiShown = std::min(aoDifferences.size(), oPage.m_oLimits.m_uiDifferences);
+    for (size_t i = 0; i < uiShown; ++i)
     {
-        AddDifference(oPage, oDifference, oHtml);
+        AddDifference(oPage, aoDifferences[i], oHtml);
     }
-    oHtml << "</ul>\n";
+    oHtml << "</ul>\n" << MakeMore(aoDifferences.size() - uiShown, "differences", "compare --all");
 }
 
 // With the clock, as modes of one size and rate may have several.

@@ -105,6 +105,18 @@ CHtml& CHtml::operator<<(SDecimal oNumber)
     return *this;
 }
 
+CHtml MakeMore(size_t uiLeft, SMarkup oWhat, SMarkup oCommand)
+{
+    CHtml oHtml;
+    if (uiLeft != 0)
+    {
+        oHtml << "<p class=\"more\">" << uiLeft << " more " << oWhat
+              << " are left out, as the page would be too large: "
+              << "<code>zoredid " << oCommand << "</code> has all.</p>\n";
+    }
+    return oHtml;
+}
+
 std::string MakePage(const std::string& sTitle, const CHtml& oBody)
 {
     CHtml oTitle;

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <stddef.h>
+
 #include <concepts>
 #include <string>
 #include <string_view>
@@ -62,6 +64,9 @@ public:
 private:
     std::string m_sHtml;
 };
+
+// A paragraph that says what a part leaves out and which command has it; empty for 0.
+CHtml MakeMore(size_t uiLeft, SMarkup oWhat, SMarkup oCommand);
 
 // A whole page around the content of its body: style, script, and a policy that lets nothing be fetched and no other
 // script run.

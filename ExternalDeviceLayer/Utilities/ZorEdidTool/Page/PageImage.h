@@ -2,6 +2,9 @@
 
 #pragma once
 
+#include <stdint.h>
+
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -59,9 +62,19 @@ struct SPageComparison
     CImageDiff m_oDiff;
 };
 
+// How much a page has of what an image may have by the ten thousand.
+struct SPageLimits
+{
+    size_t m_uiFindings = SIZE_MAX;    // of an image
+    size_t m_uiDifferences = SIZE_MAX; // of a list
+    size_t m_uiFields = SIZE_MAX;      // of an image; the block with the last one is whole
+    size_t m_uiTimings = SIZE_MAX;
+};
+
 // What the page is about: one image, or two that are compared.
 struct SPage
 {
+    SPageLimits m_oLimits;
     std::vector<std::unique_ptr<SPageImage>> m_apoImages;
     std::unique_ptr<SPageComparison> m_poComparison; // null for a single image
 

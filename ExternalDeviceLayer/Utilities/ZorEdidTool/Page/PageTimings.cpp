@@ -385,8 +385,10 @@ CHtml MakeTimings(const SPage& oPage)
     oHtml << "<tbody>\n";
     std::map<decltype(std::declval<CTimingPicture>().GetKey()), unsigned int> aoNumbers; // of the pictures
     CHtml oPictures;
-    for (const STimingRow& oRow : aoRows)
+    const size_t uiShown = std::min(aoRows.size(), oPage.m_oLimits.m_uiTimings);
+    for (size_t i = 0; i < uiShown; ++i)
     {
+        const STimingRow& oRow = aoRows[i];
         const CTimingPicture oPicture(*oRow.m_poMode);
         const auto [itNumber, bNew] =
             aoNumbers.try_emplace(oPicture.GetKey(), static_cast<unsigned int>(aoNumbers.size()));
@@ -396,5 +398,7 @@ CHtml MakeTimings(const SPage& oPage)
         }
         AddRow(oHtml, itNumber->second, oRow, oPage);
     }
-    return oHtml << "</tbody>\n</table></div>\n<div class=\"pictures\">\n" << oPictures << "</div>\n</div>\n";
+    return oHtml << "</tbody>\n</table></div>\n<div class=\"pictures\">\n"
+                 << oPictures << "</div>\n</div>\n"
+                 << MakeMore(aoRows.size() - uiShown, "modes", "modes");
 }

@@ -256,6 +256,30 @@ class PageTest(unittest.TestCase):
             image[18:20], image[126], image[128:130] = b"\1\4", size // 128 - 1, b"\2\3"
             self.make(self.save(fix_sums(bytes(image))))
 
+    def test_a_page_that_would_be_too_large_says_what_it_leaves_out(self):
+        def full(blocks):
+            codes = bytes([2, 3, 127, 0]) + b"".join(b"\x5e" + bytes(range(at, at + 30)) for at in (1, 31, 61)) + b"\x5d"
+            block = codes + bytes(range(91, 91 + 127 - len(codes))) + b"\0"
+            return self.save(fix_sums(MONITOR[:126] + bytes([blocks, 0]) + block * blocks))
+
+        whole, path = self.make(full(4)), full(50)
+        self.assertEqual(([], 0), (whole.all(_class="more"), sum("left out" in e["text"] for e in whole.elements)))
+        page = self.make(path)
+        self.assertLess(len(page.source), 5000000)
+        more = [re.match(r"(\d+) more (\w+) .*zoredid (.*) has all", e["text"]).groups() for e in page.all(_class="more")]
+        self.assertEqual([("findings", "check"), ("fields", "explain"), ("modes", "modes")], [line[1:] for line in more])
+        lines = subprocess.run([COMMAND, "check", path], capture_output=True, text=True).stdout.splitlines()
+        found = sum(line.endswith("]") for line in lines)
+        self.assertEqual(found, int(more[0][0]) + sum("badge" in e.get("class", "") for e in page.elements))
+        # Bytes of a block without its fields are the block's own.
+        covered = set()
+        for item in page.all(role="treeitem"):
+            if "aria-expanded" not in item:
+                for run in item["data-p"].split():
+                    start, length = map(int, run.split("+"))
+                    covered.update(range(start, start + length))
+        self.assertEqual(set(range(51 * 128)), covered)
+
     def test_an_image_is_not_overwritten(self):
         path = self.save(MONITOR)
         self.assertEqual(self.run_page(path, "-o", path, "--force").returncode, 3)

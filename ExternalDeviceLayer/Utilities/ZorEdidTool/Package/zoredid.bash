@@ -30,6 +30,7 @@ _zoredid_value()
       line=$("${COMP_WORDS[0]}" timing --list-options 2> /dev/null < /dev/null | sed -n 's/^--type=[^ ]* //p')
       ;;
     SPEC | I=SPEC)
+      [[ $placeholder != *I=SPEC || $word == *=* || -n $index ]] || return 0
       # the formats, which --audio-set has as well
       line=$("${COMP_WORDS[0]}" edit --list-options 2> /dev/null < /dev/null | sed -n 's/^--audio-add=[^ ]* //p')
       before=${word%"${word##*[+,=]}"}
@@ -51,7 +52,7 @@ _zoredid_value()
 _zoredid()
 {
   local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' list all line i
-  local head=''
+  local head='' index='' # of --audio-set 0=SPEC, when it is a word of its own
   list=$("${COMP_WORDS[0]}" --list-options 2> /dev/null < /dev/null)
   all=$(grep '^[a-z]' <<< "$list")
   # The first word that is one; options with values may come before it.
@@ -69,10 +70,10 @@ _zoredid()
     previous=${word%%=*} head=${word%%=*}= word=${word#*=}
   elif [[ $word == = ]]; then
     word=''
+    [[ $COMP_CWORD -lt 3 || ${COMP_WORDS[COMP_CWORD - 2]} != --audio-set ]] || previous=--audio-set index=yes
   elif [[ $previous == = && $COMP_CWORD -gt 2 ]]; then
     previous=${COMP_WORDS[COMP_CWORD - 2]}
-    # --audio-set 0=SPEC
-    [[ $COMP_CWORD -lt 4 || ${COMP_WORDS[COMP_CWORD - 3]} != --audio-set ]] || previous=--audio-set
+    [[ $COMP_CWORD -lt 4 || ${COMP_WORDS[COMP_CWORD - 3]} != --audio-set ]] || previous=--audio-set index=yes
   fi
 
   COMPREPLY=()

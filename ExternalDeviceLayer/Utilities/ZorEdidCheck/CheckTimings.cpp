@@ -21,14 +21,6 @@ double GetRateInHz(const SZorMode::SRate& oRate)
                                    : static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
 }
 
-CMString NameMode(const SZorMode& oMode)
-{
-    CMString sText;
-    sText.Format("%u x %u%s at %.2f Hz", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "",
-                 GetRateInHz(oMode.m_oNominalRate));
-    return sText;
-}
-
 // Modes that break one rule have one finding: a television may have thirty of them.
 class CBreaches
 {
@@ -37,7 +29,7 @@ public:
     {
         if (m_uiCount++ == 0)
         {
-            m_sFirst = NameMode(oMode);
+            m_sFirst = CMap::GetModeText(oMode);
         }
     }
     void Report(CFindings& oFindings, unsigned int uiField, EZorEdidRule eRule, CMap::ESeverity eSeverity) const
@@ -216,7 +208,7 @@ void CheckNative(CFindings& oFindings)
             {
                 bMixed = true;
                 oFindings.Add(oFindings.FindGroup(oEntry.m_uiOffset), eZorEdidRule_NativeMixed).m_sFound =
-                    NameMode(oEntry.m_oMode) + ", and " + NameMode(poFirst->m_oMode);
+                    CMap::GetModeText(oEntry.m_oMode) + ", and " + CMap::GetModeText(poFirst->m_oMode);
             }
         }
     });

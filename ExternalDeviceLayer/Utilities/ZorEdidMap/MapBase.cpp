@@ -291,7 +291,7 @@ CMString FormatPair(const CRecord& oRecord)
     }
     CMode oMode = {};
     MakePairMode<ALWAYS>(oRecord, {}, oMode);
-    return ModeText(oMode);
+    return CZorEdidMap::GetModeText(oMode);
 }
 
 EZorEdidRule CheckPairNotZero(const CRecord& /*oPair*/, unsigned int uiValue)

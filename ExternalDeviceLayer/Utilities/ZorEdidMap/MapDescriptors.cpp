@@ -469,7 +469,7 @@ bool MakeCvtCodeMode(const CRecord& oRecord, const SModeSource& oSource, CMode& 
 CMString FormatCvtCode(const CRecord& oRecord)
 {
     CMode oMode = {};
-    return MakeCvtCodeMode(oRecord, {}, oMode) ? ModeText(oMode) : CMString("unused");
+    return MakeCvtCodeMode(oRecord, {}, oMode) ? CZorEdidMap::GetModeText(oMode) : CMString("unused");
 }
 
 constexpr SRow gsc_aoCodeRows[] = {

@@ -42,7 +42,19 @@ CMString CodeText(unsigned int uiCode, const char* pszName)
     return sText;
 }
 
-CMString ModeText(const CZorEdidMap::SMode& oMode)
+CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset)
+{
+    CMString sText;
+    for (unsigned int i = 0; i < gsc_uiContainerIdSize; ++i)
+    {
+        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
+        sText.AppendFormat("%s%02x", bDash ? "-" : "", oRecord.GetByte(uiOffset + i));
+    }
+    return sText;
+}
+} // namespace ZorMap
+
+CMString CZorEdidMap::GetModeText(const SMode& oMode)
 {
     const auto& [ullDividend, ullDivisor] = oMode.m_oNominalRate;
     CMString sText;
@@ -60,15 +72,3 @@ CMString ModeText(const CZorEdidMap::SMode& oMode)
     sText += " Hz";
     return sText;
 }
-
-CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset)
-{
-    CMString sText;
-    for (unsigned int i = 0; i < gsc_uiContainerIdSize; ++i)
-    {
-        const bool bDash = i == 4 || i == 6 || i == 8 || i == 10;
-        sText.AppendFormat("%s%02x", bDash ? "-" : "", oRecord.GetByte(uiOffset + i));
-    }
-    return sText;
-}
-} // namespace ZorMap

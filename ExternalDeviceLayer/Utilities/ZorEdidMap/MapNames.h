@@ -88,9 +88,6 @@ const char* FindMeaning(std::span<const SMeaning> aoMeanings, unsigned int uiVal
 // "16, 1920x1080p 59.94/60 Hz 16:9"; "unknown (16)" without a name.
 CMString CodeText(unsigned int uiCode, const char* pszName);
 
-// "1920 x 1080i @ 59.94 Hz", at the nominal rate; whole rates have no decimals, a rate that is not given is left out.
-CMString ModeText(const CZorEdidMap::SMode& oMode);
-
 // A container ID: 16 bytes from uiOffset of the record on, in stored order. "041e0a63-f0b6-4dee-97a1-0123456789ab"
 inline constexpr unsigned int gsc_uiContainerIdSize = 16;
 CMString ContainerIdText(const CRecord& oRecord, unsigned int uiOffset);

@@ -121,7 +121,7 @@ CMString FormatField(const SMapContent& oMap, const CZorEdidMap::SField& oField,
         }
         CZorEdidMap::SMode oMode = {};
         const bool bMode = poTable->m_pfnMode != nullptr && poTable->m_pfnMode(oSource.m_oRecord, {}, oMode);
-        return bMode ? ModeText(oMode) : CMString();
+        return bMode ? CZorEdidMap::GetModeText(oMode) : CMString();
     }
     if (oSource.m_poRow != nullptr && oSource.m_poRow->m_oForm.m_pfnText != nullptr)
     {

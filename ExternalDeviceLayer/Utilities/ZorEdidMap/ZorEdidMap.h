@@ -183,6 +183,10 @@ public:
     /// uiField must be below GetFieldCount.
     bool GetMode(unsigned int uiField, SMode& oMode, unsigned int uiIndex = 0) const;
 
+    /// "1920 x 1080i @ 59.94 Hz", at the nominal rate; whole rates have no decimals, a rate that is not given is left
+    /// out.
+    static CMString GetModeText(const SMode& oMode);
+
     /// Short name of an extension block's kind by its tag, the first byte: "cea-861", "displayid". Null for an unknown
     /// one.
     static const char* GetBlockKind(unsigned int uiTag);

@@ -242,7 +242,7 @@ TEST(CheckRules, LimitsAreRoundedAndBreachesCounted)
         if (oFinding.m_eRule == eZorEdidRule_ModeBeyondLimits)
         {
             EXPECT_EQ(CZorEdidMap::eSeverity_Warning, oFinding.m_eSeverity); // from 1.4 on a note
-            EXPECT_STREQ("1920 x 1080 at 24.00 Hz and 3 more", oFinding.m_sFound);
+            EXPECT_STREQ("1920 x 1080 @ 24 Hz and 3 more", oFinding.m_sFound);
         }
     }
 }

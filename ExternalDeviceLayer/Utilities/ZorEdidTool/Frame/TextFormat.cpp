@@ -91,6 +91,36 @@ std::string ShowName(const std::string& sName) { return Show(sName, "\\", ""); }
 
 std::string ShowLines(const std::string& sText) { return Show(sText, "", "\n"); }
 
+const char* FindEntity(char cNext)
+{
+    switch (cNext)
+    {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    case '\'':
+        return "&#39;";
+    default:
+        return nullptr;
+    }
+}
+
+std::string EscapeMarkup(const std::string& sText)
+{
+    std::string sEscaped;
+    for (const char cNext : sText)
+    {
+        const char* pszEntity = FindEntity(cNext);
+        sEscaped += pszEntity != nullptr ? pszEntity : std::string(1, cNext);
+    }
+    return sEscaped;
+}
+
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
 {
     const bool bHex = sText.starts_with("0x") || sText.starts_with("0X");

@@ -22,6 +22,11 @@ std::string ShowName(const std::string& sName);
 // Lines of the library with texts of an image in them: control characters and bytes that are not UTF-8 become \xNN.
 std::string ShowLines(const std::string& sText);
 
+// What stands for a character in a text or a quoted value of XML and HTML; null for one that stands for itself.
+const char* FindEntity(char cNext);
+// The text with these. Control characters, for which XML has nothing, are not to be in it.
+std::string EscapeMarkup(const std::string& sText);
+
 // A number, decimal, or hexadecimal after 0x; false for anything else.
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber);
 

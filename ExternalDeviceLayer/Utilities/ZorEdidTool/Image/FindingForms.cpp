@@ -209,40 +209,12 @@ std::string MakeSarifResults(const SChecked& oChecked)
 
 namespace
 {
-// Control characters, which XML has no form for, are not among the texts.
-std::string EscapeXml(const std::string& sText)
-{
-    std::string sEscaped;
-    for (const char cNext : sText)
-    {
-        switch (cNext)
-        {
-        case '&':
-            sEscaped += "&amp;";
-            break;
-        case '<':
-            sEscaped += "&lt;";
-            break;
-        case '>':
-            sEscaped += "&gt;";
-            break;
-        case '"':
-            sEscaped += "&quot;";
-            break;
-        default:
-            sEscaped += cNext;
-            break;
-        }
-    }
-    return sEscaped;
-}
-
 // What the case is red for: one element, as not every reader takes several.
 std::string MakeElement(const char* pszElement, const std::string& sType, const std::string& sMessage,
                         const std::string& sText)
 {
-    return std::string("    <") + pszElement + " type=\"" + sType + "\" message=\"" + EscapeXml(sMessage) + "\">" +
-           EscapeXml(sText) + "</" + pszElement + ">\n";
+    return std::string("    <") + pszElement + " type=\"" + sType + "\" message=\"" + EscapeMarkup(sMessage) + "\">" +
+           EscapeMarkup(sText) + "</" + pszElement + ">\n";
 }
 } // namespace
 
@@ -272,6 +244,6 @@ std::string MakeJUnitCase(const SChecked& oChecked, CZorEdidMap::ESeverity eFail
                               MakeFindingLines(oChecked));
     }
     const std::string sHead =
-        "  <testcase classname=\"zoredid.check\" name=\"" + EscapeXml(ShowName(oInput.m_sName)) + "\"";
+        "  <testcase classname=\"zoredid.check\" name=\"" + EscapeMarkup(ShowName(oInput.m_sName)) + "\"";
     return sHead + (sInside.empty() ? "/>\n" : ">\n" + sInside + "  </testcase>\n");
 }

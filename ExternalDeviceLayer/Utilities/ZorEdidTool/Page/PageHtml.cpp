@@ -2,75 +2,13 @@
 
 #include "PageHtml.h"
 
+#include "Characters.h"
 #include "PageAssets.h"
 #include "TextFormat.h"
 
 namespace
 {
 constexpr char gsc_szReplacement[] = "\xEF\xBF\xBD"; // U+FFFD
-
-// How many bytes the character at uiAt has; 0 when it is not well-formed UTF-8 (no overlong form, no surrogate).
-size_t MeasureCharacter(std::string_view sText, size_t uiAt)
-{
-    struct SLead
-    {
-        unsigned char m_ui8First;
-        unsigned char m_ui8Last;
-        unsigned char m_ui8Size;
-        unsigned char m_ui8SecondFirst; // the second byte has narrower limits after some lead bytes
-        unsigned char m_ui8SecondLast;
-    };
-    constexpr SLead aoLeads[] = {
-        { 0x00, 0x7F, 1, 0, 0 },       { 0xC2, 0xDF, 2, 0x80, 0xBF }, { 0xE0, 0xE0, 3, 0xA0, 0xBF },
-        { 0xE1, 0xEC, 3, 0x80, 0xBF }, { 0xED, 0xED, 3, 0x80, 0x9F }, { 0xEE, 0xEF, 3, 0x80, 0xBF },
-        { 0xF0, 0xF0, 4, 0x90, 0xBF }, { 0xF1, 0xF3, 4, 0x80, 0xBF }, { 0xF4, 0xF4, 4, 0x80, 0x8F },
-    };
-    const auto fnByte = [&](size_t uiIndex) { return static_cast<unsigned char>(sText[uiIndex]); };
-    for (const SLead& oLead : aoLeads)
-    {
-        if (fnByte(uiAt) < oLead.m_ui8First || fnByte(uiAt) > oLead.m_ui8Last)
-        {
-            continue;
-        }
-        if (oLead.m_ui8Size > sText.size() - uiAt)
-        {
-            return 0;
-        }
-        for (size_t i = 1; i < oLead.m_ui8Size; ++i)
-        {
-            const unsigned char ui8First = i == 1 ? oLead.m_ui8SecondFirst : 0x80;
-            const unsigned char ui8Last = i == 1 ? oLead.m_ui8SecondLast : 0xBF;
-            if (fnByte(uiAt + i) < ui8First || fnByte(uiAt + i) > ui8Last)
-            {
-                return 0;
-            }
-        }
-        return oLead.m_ui8Size;
-    }
-    return 0;
-}
-
-// The entity of a character of one byte; null when it needs none.
-const char* GetEntity(char cNext)
-{
-    switch (cNext)
-    {
-    case '&':
-        return "&amp;";
-    case '<':
-        return "&lt;";
-    case '>':
-        return "&gt;";
-    case '"':
-        return "&quot;";
-    case '\'':
-        return "&#39;";
-    case '\x7F':
-        return gsc_szReplacement;
-    default:
-        return cNext >= 0 && cNext < ' ' ? gsc_szReplacement : nullptr;
-    }
-}
 } // namespace
 
 CHtml& CHtml::operator<<(SText oText)
@@ -78,8 +16,9 @@ CHtml& CHtml::operator<<(SText oText)
     const std::string_view sText = oText.m_sText;
     for (size_t uiAt = 0; uiAt < sText.size();)
     {
-        const size_t uiSize = MeasureCharacter(sText, uiAt);
-        const char* pszEntity = uiSize == 0 ? gsc_szReplacement : GetEntity(sText[uiAt]);
+        const size_t uiSize = GetCharacterLength(sText, uiAt);
+        const bool bControl = uiSize == 1 && ((sText[uiAt] >= 0 && sText[uiAt] < ' ') || sText[uiAt] == '\x7F');
+        const char* pszEntity = uiSize == 0 || bControl ? gsc_szReplacement : FindEntity(sText[uiAt]);
         if (pszEntity != nullptr)
         {
             m_sHtml += pszEntity;

@@ -77,7 +77,7 @@ const SCheckCase gsc_aoDamages[] = {
       { { 0x13, "02" }, { 0x18, "28" } },
       { "0:18 note the text reports need a preferred mode: none declared", "0:2e note the library lists it as 16:10",
         "0:30 note the library lists it as 16:10",
-        "0:5a warning announced modes leave the display range limits: 1440 x 1440 at 60.00 Hz and 1 more" } },
+        "0:5a warning announced modes leave the display range limits: 1440 x 1440 @ 60 Hz and 1 more" } },
     { "FirstDescriptorIsNoTiming",
       { { 0x36, "00 00 00 10 00*14" } },
       { "0:36 error the first descriptor must be a detailed timing" } },

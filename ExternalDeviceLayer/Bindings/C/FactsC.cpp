@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 #include <new>
 #include <type_traits>
@@ -115,10 +116,10 @@ SAnswer MakeText(const zoredid_facts& oFacts, const SZorFact<CFacts::SText>& oFa
 
 // Where the base block says that sRGB is the default that is the source, else the fact itself.
 template <class FACT>
-SAnswer MakeDefault(const zoredid_facts& oFacts, const FACT& oFact, float fValue)
+SAnswer MakeDefault(const zoredid_facts& oFacts, const FACT& oFact, double dValue)
 {
     const SZorFact<bool>& oSrgb = oFacts.Get().GetColour().m_oSrgbDefault;
-    return oSrgb.m_oValue ? MakeAnswer(oSrgb, fValue) : MakeAnswer(oFact, fValue);
+    return oSrgb.m_oValue ? MakeAnswer(oSrgb, dValue) : MakeAnswer(oFact, dValue);
 }
 
 SAnswer GetRefresh(const zoredid_facts& oFacts, long long (*pfnValue)(const CFacts::SVariableRefresh& oRange))
@@ -159,6 +160,9 @@ constexpr double gsc_dTenths = 10;
 constexpr double gsc_dHundredths = 100;
 constexpr long long gsc_llKilo = 1000;
 
+// A gamma is stored as whole hundredths: 2.2, where the float has 2.2000000477.
+double ToGamma(float fGamma) { return std::round(gsc_dHundredths * static_cast<double>(fGamma)) / gsc_dHundredths; }
+
 // A row: the fact, its type, name and unit, a part of the record, the member there, and what it gives of the value v.
 #define ZOR_FACT(fact, type, name, unit, part, member, value)                                                          \
     { ZOREDID_FACT_##fact, ZOREDID_FACT_TYPE_##type, name, unit, [](const zoredid_facts& o) {                          \
@@ -177,7 +181,8 @@ constexpr long long gsc_llKilo = 1000;
 #define ZOR_TEXT(fact, name, member, text)                                                                             \
     ZOR_OTHER(fact, TEXT, name, nullptr, MakeText(o, o.Get().GetIdentity().member, text))
 #define ZOR_DEFAULT(fact, name, member, value)                                                                         \
-    ZOR_OTHER(fact, REAL, name, nullptr, MakeDefault(o, o.Get().GetColour().member, o.Get().GetColour().value))
+    ZOR_OTHER(fact, REAL, name, nullptr,                                                                               \
+              MakeDefault(o, o.Get().GetColour().member, static_cast<double>(o.Get().GetColour().value)))
 #define ZOR_REFRESH(fact, name, unit, value)                                                                           \
     ZOR_OTHER(fact, NUMBER, name, unit,                                                                                \
               GetRefresh(o, [](const CFacts::SVariableRefresh& v) { return static_cast<long long>(value); }))
@@ -317,7 +322,7 @@ constexpr SRow gsc_aoRows[] = {
     ZOR_FACT(BLUE_Y, REAL, "colour.primaries.blue_y", nullptr, Colour, m_oPrimaries, v.m_oBlue.m_fY)
     ZOR_FACT(WHITE_X, REAL, "colour.white_x", nullptr, Colour, m_oWhite, v.m_fX)
     ZOR_FACT(WHITE_Y, REAL, "colour.white_y", nullptr, Colour, m_oWhite, v.m_fY)
-    ZOR_REAL(GAMMA, "colour.gamma", nullptr, Colour, m_oGamma)
+    ZOR_FACT(GAMMA, REAL, "colour.gamma", nullptr, Colour, m_oGamma, ToGamma(v))
     ZOR_FLAG(SRGB_DEFAULT, "colour.srgb_default", Colour, m_oSrgbDefault)
     ZOR_DEFAULT(DEFAULT_RED_X, "colour.default.red_x", m_oPrimaries, GetDefaultPrimaries().m_oRed.m_fX)
     ZOR_DEFAULT(DEFAULT_RED_Y, "colour.default.red_y", m_oPrimaries, GetDefaultPrimaries().m_oRed.m_fY)
@@ -327,7 +332,8 @@ constexpr SRow gsc_aoRows[] = {
     ZOR_DEFAULT(DEFAULT_BLUE_Y, "colour.default.blue_y", m_oPrimaries, GetDefaultPrimaries().m_oBlue.m_fY)
     ZOR_DEFAULT(DEFAULT_WHITE_X, "colour.default.white_x", m_oWhite, GetDefaultWhite().m_fX)
     ZOR_DEFAULT(DEFAULT_WHITE_Y, "colour.default.white_y", m_oWhite, GetDefaultWhite().m_fY)
-    ZOR_DEFAULT(DEFAULT_GAMMA, "colour.default.gamma", m_oGamma, GetDefaultGamma())
+    ZOR_OTHER(DEFAULT_GAMMA, REAL, "colour.default.gamma", nullptr,
+              MakeDefault(o, o.Get().GetColour().m_oGamma, ToGamma(o.Get().GetColour().GetDefaultGamma())))
     ZOR_NUMBER(COLORIMETRY, "colour.colorimetry", nullptr, Colour, m_oColorimetry)
     ZOR_FLAG(SELECTABLE_RGB, "colour.selectable_rgb_range", Colour, m_oSelectableRgb)
     ZOR_FLAG(SELECTABLE_YCC, "colour.selectable_ycc_range", Colour, m_oSelectableYcc)

@@ -356,6 +356,7 @@ private:
         const unsigned int uiHalf = uiMost / 2;
         Consider(m_oTrial.GetRead());
         Consider(0);
+        Consider(1); // the least number where 0 is "not given", which the search below takes for past it
         Consider(uiHalf);
         Consider(uiMost);
         for (const bool bRising : { true, false })

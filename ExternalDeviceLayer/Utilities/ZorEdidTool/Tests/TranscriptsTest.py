@@ -1,8 +1,8 @@
-"""The transcripts of the README and of docs/, run as a user would. TranscriptsTest.py COMMAND PROJECT
+"""The transcripts of the README and of docs/, run as a user would. TranscriptsTest.py COMMAND PROJECT [PYTHON PACKAGES]
 
 The console blocks of a page are one session in a folder of its own that holds monitor.bin. A line after "$ " is a
 command, those after "> " continue it, and all others are what the command prints, on either output. A page is left
-at the first command that needs a tool which is not installed.
+at the first command that needs a tool which is not installed. "python3" is PYTHON with the folder of PACKAGES.
 """
 
 import os
@@ -13,8 +13,9 @@ import sys
 import tempfile
 import unittest
 
-COMMAND, PROJECT = sys.argv[1:]
+COMMAND, PROJECT, PYTHON, PACKAGES = (sys.argv[1:] + ["", ""])[:4]
 TOOLS = "jq", "sqlite3", "xxd"
+MODULES = "zoredid", "distributed"
 
 
 def read(path):
@@ -27,18 +28,29 @@ def list_steps(page):
     text = "".join(re.findall(r"^```console\n(.*?)^```$", page, re.DOTALL | re.MULTILINE))
     for step in re.split(r"^\$ ", text, flags=re.MULTILINE)[1:]:
         lines = step.splitlines(keepends=True)
-        end = next((i for i in range(1, len(lines)) if not lines[i].startswith("> ")), len(lines))
-        yield lines[0] + "".join(line[2:] for line in lines[1:end]), "".join(lines[end:])
+        end = next((i for i in range(1, len(lines)) if not re.match("> |>$", lines[i])), len(lines))
+        yield lines[0] + "".join(re.sub("^> ?", "", line) for line in lines[1:end]), "".join(lines[end:])
+
+
+def find_missing(command):
+    """Tools and modules of Python that a command needs and that are not installed."""
+    missing = [tool for tool in TOOLS if re.search(rf"\b{tool} ", command) and shutil.which(tool) is None]
+    return missing + [module for module in MODULES if re.search(rf"^(import|from) {module}\b", command, re.MULTILINE)
+                      and (not PACKAGES or subprocess.run([PYTHON, "-c", "import " + module], capture_output=True,
+                                                          env=dict(os.environ, PYTHONPATH=PACKAGES)).returncode)]
 
 
 class TranscriptsTest(unittest.TestCase):
     def check(self, path):
         environment = {**os.environ, "LC_ALL": "C.UTF-8",
                        "PATH": os.path.dirname(COMMAND) + os.pathsep + os.environ["PATH"]}
-        with tempfile.TemporaryDirectory() as folder:
+        with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as tools:
+            if PACKAGES:
+                os.symlink(PYTHON, os.path.join(tools, "python3"))
+                environment.update(PYTHONPATH=PACKAGES, PATH=tools + os.pathsep + environment["PATH"])
             shutil.copy(os.path.join(PROJECT, "examples/monitor.bin"), folder)
             for command, expected in list_steps(read(path)):
-                missing = [tool for tool in TOOLS if re.search(rf"\b{tool} ", command) and shutil.which(tool) is None]
+                missing = find_missing(command)
                 if missing:
                     self.skipTest("%s is not installed" % missing[0])
                 done = subprocess.run(command, shell=True, cwd=folder, env=environment, stdout=subprocess.PIPE,

@@ -1,0 +1,189 @@
+"""Tests of the Python package, over the image of examples/, images of the corpus where it is, and damaged ones."""
+
+import glob
+import json
+import os
+import pickle
+import subprocess
+from collections import Counter
+
+import pytest
+import zoredid
+from hypothesis import given, settings
+from hypothesis import strategies as st
+
+PROJECT, SHARED, COMMAND = (os.environ["ZOREDID_" + name] for name in ("PROJECT", "SHARED", "COMMAND"))
+MONITOR = os.path.join(PROJECT, "examples/monitor.bin")
+PATHS = [MONITOR, *sorted(glob.glob(SHARED + "/corpus/*.bin") if SHARED else [])]
+IMAGE = zoredid.load(MONITOR)
+
+
+def read(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+BYTES = [data for data in map(read, PATHS) if len(data) >= 128]
+
+
+@st.composite
+def damaged(draw):
+    """An image of which bytes are others, cut or with more behind it, but long enough to have facts."""
+    data = bytearray(draw(st.sampled_from(BYTES)))
+    for at, byte in draw(st.lists(st.tuples(st.integers(0, len(data) - 1), st.integers(0, 255)), max_size=12)):
+        data[at] = byte
+    return bytes(data[:draw(st.integers(128, len(data)))] + draw(st.binary(max_size=40)))
+
+
+def flatten(value, name=""):
+    if isinstance(value, dict):
+        for key, inner in value.items():
+            yield from flatten(inner, f"{name}.{key}" if name else key)
+    else:
+        yield name, value
+
+
+@pytest.mark.skipif(not COMMAND, reason="the command is not built")
+def test_facts_and_modes_are_those_of_the_command():
+    """Each fact has the value of its own name: JSON of the command has most names and says numbers its own way."""
+    done = subprocess.run([COMMAND, "show", "--jsonl", "-0", "--files-from", "-"], input="\0".join(PATHS), text=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    compared, numbers = set(), Counter()  # of several EDIDs of a file
+    for line in map(json.loads, done.stdout.splitlines()):
+        if "error" in line:
+            continue
+        image = zoredid.load_all(line["file"])[numbers[line["file"]]]
+        numbers[line["file"]] += 1
+        said = image.facts.as_dict()
+        for name, value in flatten(line["facts"]):
+            if isinstance(value, str) or name not in zoredid.FACTS or isinstance(value, list):
+                continue
+            compared.add(name)
+            assert said[name] == pytest.approx(value, rel=2e-2, abs=6e-4), (line["file"], name)
+        assert {(mode.id, mode.offset, mode.width * mode.repetition) for mode in image.modes} == {
+            (mode["id"], mode["offset"], mode["width"]) for mode in line["modes"]}
+    assert len(compared) >= (60 if len(PATHS) > 1 else 15)
+
+
+def test_an_image_answers():
+    facts = IMAGE.facts
+    assert (facts.identity.name, facts.link.kind, facts.link.vrr.max_hz) == ("ASUS VE276", zoredid.Link.HDMI, None)
+    assert facts.colour.gamma == 2.2
+    assert zoredid.Format.YCBCR422 in facts.colour.formats and facts.size.first_timing.interlaced is False
+    assert facts.audio_formats[0].rates == zoredid.AudioRate.RATE_32 | zoredid.AudioRate.RATE_44_1 | \
+        zoredid.AudioRate.RATE_48
+    assert facts.source("colour.gamma") == zoredid.Source("base.display.gamma", 0x17)
+    assert facts.source("link.vrr.max_hz") is None and facts.hdr == zoredid.Hdr(*[False] * 4, None, None, None)
+    assert facts.takes(zoredid.Space.SRGB, zoredid.Transfer.PQ) is False
+    assert "cd/m2" in zoredid.FACTS["colour.content_luminance.max"].doc
+    mode = IMAGE.preferred_mode
+    assert (str(mode), mode.rate, mode.kind) == ("1920 x 1080 at 60 Hz", 60, zoredid.ModeKind.DETAILED)
+    assert mode.clock == mode.rate * mode.horizontal_total * mode.vertical_total
+    field = IMAGE.fields["base.display.gamma"]
+    assert (field.number, field.offset, field.kind) == (2.2, 0x17, zoredid.FieldKind.NUMBER)
+    assert IMAGE.fields.at(0x17) == field and IMAGE.fields[field.index] == field and IMAGE.fields.at(256) is None
+    assert "cta.hdmi-forum.vrr-max" not in IMAGE.fields and len(IMAGE.fields.all("checksum")) == 2
+    assert IMAGE.check(2026) == [] and "2010" in [finding.found for finding in IMAGE.check(2009)]
+    assert "<th>Monitor</th><td>ASUSTek Computer Inc. ASUS VE276</td>" in IMAGE._repr_html_()
+    assert repr(IMAGE) == "<zoredid.Image ACI ASUS VE276, 1920 x 1080 at 60 Hz, 256 bytes>"
+
+
+def test_images_are_values():
+    assert pickle.loads(pickle.dumps(IMAGE)) == IMAGE == zoredid.load(memoryview(IMAGE.bytes))
+    assert pickle.loads(pickle.dumps(IMAGE.facts)) == IMAGE.facts and hash(IMAGE.facts) is not None
+    assert zoredid.load_all(IMAGE.bytes * 2) == [IMAGE, IMAGE]
+
+
+def test_markup_of_an_image_is_escaped():
+    with IMAGE.edit() as edit:
+        edit.name = "<b>&"
+    assert "<b>" not in edit.image._repr_html_() and "&lt;b&gt;&amp;" in edit.image._repr_html_()
+
+
+def test_edits_and_repairs():
+    with IMAGE.edit() as edit:
+        assert edit.set("base.display.gamma", 2.403) == zoredid.Change("2.20", "2.40", False, ("checksum",))
+        edit.name, edit.serial_number, edit.year = "Projector", 1, 2024
+        with pytest.raises(zoredid.RefusedError, match="takes 1.00 to 3.54"):
+            edit.gamma = 9
+        for field, number in (("cta.hdmi-forum.vrr-max", 0), ("checksum", 2), (100000, 0), (-1, 0)):
+            with pytest.raises(zoredid.Error):
+                edit.set(field, 1, number)
+    identity = edit.image.facts.identity
+    assert (edit.name, identity.name, identity.serial_number, identity.year) == ("Projector", "Projector", 1, 2024)
+    assert edit.image.check(2026) == [] and IMAGE.facts.identity.name == "ASUS VE276"
+    broken = bytearray(edit.bytes)
+    broken[127] ^= 1
+    assert zoredid.load(broken).repair() == (edit.image, [zoredid.Place("checksum", 127, 1)])
+
+
+def test_what_cannot_be_read_is_said():
+    with pytest.raises(FileNotFoundError, match="nowhere"):
+        zoredid.load("nowhere/edid.bin")
+    with pytest.raises(zoredid.Error, match="too few bytes"):
+        zoredid.load(b"")
+    short = zoredid.load(IMAGE.bytes[:100])
+    assert short.check() and "100 bytes" in repr(short) and "100 bytes" in short._repr_html_()
+    with pytest.raises(zoredid.Error, match="too few bytes"):
+        _ = short.facts
+    with pytest.raises(zoredid.NoFieldError, match="the image has no field cta.hdmi-forum.vrr-max"):
+        _ = IMAGE.fields["cta.hdmi-forum.vrr-max"]
+    with pytest.raises(LookupError, match="no field has the id nonsense"):
+        _ = IMAGE.fields["nonsense"]
+    with pytest.raises(IndexError):
+        _ = IMAGE.fields[len(IMAGE.fields)]
+    with pytest.raises(KeyError, match="nonsense"):
+        zoredid.read_many([], ["nonsense"])
+
+
+@settings(deadline=None, max_examples=150)
+@given(damaged())
+def test_any_image_can_be_asked_everything(data):
+    image = zoredid.Image(data)
+    said = image.facts.as_dict()
+    table = zoredid.read_many([data, MONITOR], list(zoredid.FACTS), threads=1)
+    assert {name: column[0] for name, column in table.items() if column[0] is not None} == pytest.approx(said)
+    for name in said:
+        assert isinstance(said[name], (zoredid.FACTS[name].type, int))
+        assert image.facts.source(name) is not None
+    bits = [0] * (8 * len(data))
+    for field in image.fields:
+        for piece in field.pieces:
+            for bit in range(8 * piece.length):
+                bits[8 * piece.offset + bit] += piece.mask >> 7 - bit % 8 & 1
+    assert set(bits) == {1}
+    assert all(finding.rule and finding.why for finding in image.check())
+    assert all(mode.rate is None or mode.rate >= 0 for mode in image.modes)
+    assert zoredid.load(image.repair()[0].bytes).repair()[1] == []
+    assert image._repr_html_().startswith("<table>")
+
+
+@settings(deadline=None, max_examples=100)
+@given(damaged(), st.data())
+def test_a_field_takes_its_own_value_and_nothing_else_changes(data, more):
+    image = zoredid.load(data)
+    leaves = [field for field in image.fields if field.kind != zoredid.FieldKind.GROUP and field.value]
+    field = more.draw(st.sampled_from(leaves))
+    with image.edit() as edit:
+        try:
+            change = edit.set(field, field.value)
+        except zoredid.RefusedError as error:
+            assert str(error) and edit.bytes == image.bytes
+        else:
+            assert change.after.lower() == field.value.lower()
+            assert edit.fields[field.index].value == field.value
+
+
+@settings(deadline=None, max_examples=25)
+@given(st.lists(st.sampled_from([MONITOR, "nowhere", b"", *BYTES]), max_size=60), st.integers(1, 4))
+def test_many_are_read_in_order(sources, threads):
+    names = ["identity.name", "link.kind", "size.width_mm", "link.hdmi", "identity.container_id"]
+    sources = sources * 100  # several batches
+    table = zoredid.read_many(iter(sources), names, threads=threads)
+    alone = {source: zoredid.read_many([source], names) for source in set(sources)}
+    assert table.rows == len(sources) and all(len(table[name]) == len(sources) for name in names)
+    for name in names:
+        assert list(table[name]) == [alone[source][name][0] for source in sources]
+    assert set(table.errors) == {row for row, source in enumerate(sources) if source in ("nowhere", b"")}
+    assert all(isinstance(error, (OSError, zoredid.Error)) for error in table.errors.values())
+    assert pickle.loads(pickle.dumps(table))["link.kind"] == table["link.kind"]

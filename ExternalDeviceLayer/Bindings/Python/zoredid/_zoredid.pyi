@@ -1,0 +1,6 @@
+"""The module that cffi makes of zoredid.h."""
+
+from typing import Any
+
+ffi: Any
+lib: Any

@@ -1,7 +1,7 @@
 # Installs a build into a folder of its own and uses what is installed there: the command, and the library through
 # find_package and through pkg-config. Fails unless the programs of examples/consumer say what they should.
 #   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE -DVERSION=A.B.C
-#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DDEBIAN=1 -DLAUNCHER=FILE]
+#         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DDEBIAN=1 -DLAUNCHER=FILE] [-DPYTHON=FILE]
 #         -P ZorEdidCheckPackage.cmake
 #   SERVICES  whether the package has the operating-system layer
 #   TOOL      whether it has the command
@@ -45,6 +45,19 @@ else()
   set(package ${WORK}/package)
   execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${package}
                   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endif()
+
+# The Python package, where it was built.
+if(EXISTS ${package}/lib/python3/dist-packages/zoredid)
+  file(GLOB libraries "${package}/lib/*/libzoredid.so" "${package}/lib/libzoredid.so")
+  list(TRANSFORM libraries REPLACE "/libzoredid.so$" "")
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env PYTHONPATH=${package}/lib/python3/dist-packages
+                          LD_LIBRARY_PATH=${libraries} PYTHONDONTWRITEBYTECODE=1
+                          ${PYTHON} -c "import zoredid; print(zoredid.load('${IMAGE}').facts.identity.name)"
+                  OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT text STREQUAL "ASUS VE276\n")
+    message(FATAL_ERROR "the Python package says: ${text}")
+  endif()
 endif()
 
 # No path of this machine travels with the package, except in what debuggers read.

@@ -1,5 +1,6 @@
-# Debian packages of a shared build: zoredid (the command), the library, named by its soname, and libzoredid-dev (what
-# programs are built with). scripts/package makes them with the compiler flags of the distribution.
+# Debian packages of a shared build: zoredid (the command), the library, named by its soname, libzoredid-dev (what
+# programs are built with) and, where Python is there, python3-zoredid. scripts/package makes them with the compiler
+# flags of the distribution.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "ZorEdid maintainers <maintainers@zoredid.invalid>" CACHE STRING "Who makes the packages")
@@ -70,5 +71,20 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${documents}/triggers)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/ExternalDeviceLayer) # one needs the other
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${debian_version})")
+
+if(TARGET zoredid_python)
+  zor_debian_package(python python3-zoredid python "EDID data of monitors for Python"
+"EDID is the data in which a monitor says what it is and what it can show.
+This package reads it in any state: what a display can do, its modes, what
+each byte means, and what is wrong with it. It edits and repairs images, and
+reads the facts of many as columns.")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+      "${library} (= ${debian_version}), python3 (>= 3.11), python3-cffi-backend")
+  foreach(script IN ITEMS postinst prerm)
+    configure_file(${CMAKE_CURRENT_LIST_DIR}/debian/python.${script} ${documents}/${script} COPYONLY
+                   FILE_PERMISSIONS ${CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+    list(APPEND CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${documents}/${script})
+  endforeach()
+endif()
 
 include(CPack)

@@ -32,13 +32,16 @@ std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Ta
     {
         return "it takes 1 to 13 ASCII characters";
     }
-    CBytes aui8Bytes = { 0, 0, 0, ui8Tag, 0 };
-    aui8Bytes.insert(aui8Bytes.end(), sText.begin(), sText.end());
+    constexpr size_t uiTag = 3;
+    constexpr size_t uiText = 5;
+    CBytes aui8Bytes(Descriptors::gsc_uiDescriptorSize, ' ');
+    std::fill_n(aui8Bytes.begin(), uiText, static_cast<unsigned char>(0));
+    aui8Bytes[uiTag] = ui8Tag;
+    std::ranges::copy(sText, aui8Bytes.begin() + uiText);
     if (sText.size() < uiMost)
     {
-        aui8Bytes.push_back(ui8LineFeed);
+        aui8Bytes[uiText + sText.size()] = ui8LineFeed;
     }
-    aui8Bytes.resize(Descriptors::gsc_uiDescriptorSize, ' ');
     return oFields.AddDescriptor(aui8Bytes);
 }
 

@@ -60,6 +60,7 @@ int main(int /*iCount*/, char** ppszArguments)
         WriteSeed(ppszArguments[1], "FuzzReadEverything", sName, sImage);
         WriteSeed(ppszArguments[1], "FuzzMap", sName, sImage);
         WriteSeed(ppszArguments[1], "FuzzBuild", sName, sImage);
+        WriteSeed(ppszArguments[1], "FuzzParts", sName, sImage);
         WriteSeed(ppszArguments[1], "FuzzInterfaceC", sName, "\1" + sImage);
         WriteSeed(ppszArguments[1], "FuzzFiles", sName, MakeTextTable(aui8Image));
         WriteSeed(ppszArguments[1], "FuzzInput", sName, MakeTextTable(aui8Image));

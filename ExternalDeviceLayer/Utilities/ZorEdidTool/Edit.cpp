@@ -76,7 +76,7 @@ void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
     for (const SEdit& oEdit : aoEdits)
     {
         const std::string sReason =
-            oEdit.m_eKind == eEdit_Set ? oFields.Apply(oEdit.m_oSetting) : oEdit.m_fnNamed(oFields);
+            oEdit.m_eKind == eEdit_Set ? oFields.Apply(oEdit.m_oSetting) : oFields.Do(oEdit.m_fnNamed);
         if (!sReason.empty())
         {
             oEdited.m_sProblem = oEdit.m_sText + ": " + sReason;

@@ -56,12 +56,21 @@ bool AddDetailed(const CMakerPlan& oPlan, CMakerCta& oCta, CMakerParts& oParts)
     return true;
 }
 
+SDisplayIdFacts::EInterface GetInterface(const CMakerPlan& oPlan)
+{
+    const SZorEdidWishes::EInterface eWished = oPlan.GetWishes().m_eInterface;
+    return oPlan.IsHdmi()                                      ? SDisplayIdFacts::eInterface_Hdmi
+           : eWished == SZorEdidWishes::eInterface_DisplayPort ? SDisplayIdFacts::eInterface_DisplayPort
+                                                               : SDisplayIdFacts::eInterface_Dvi;
+}
+
 bool BeginDisplayId(const CMakerPlan& oPlan, CMakerParts& oParts)
 {
-    CBlockBytes aui8Base;
+    const SZorMode& oNative = oPlan.Get(0).m_oTiming;
+    const SDisplayIdFacts oFacts = { GetInterface(oPlan),   GetImageSize(oPlan), oNative.m_uiWidth, oNative.m_uiHeight,
+                                     oPlan.GetColorDepth(), oPlan.HasAudio(),    oPlan.HasYCbCr() };
     CBlockBytes aui8Block;
-    memcpy(aui8Base, oParts.GetMap().GetData(), sizeof(aui8Base));
-    MakeDisplayIdBlock(oPlan, aui8Base, aui8Block);
+    MakeDisplayIdBlock(oFacts, oParts.GetMap().GetData(), aui8Block);
     return oParts.AddBlock(gsc_uiDisplayIdTag, aui8Block) && oParts.AddBlock(gsc_uiDisplayIdTag, nullptr);
 }
 

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <vector>
 
+#include "EditDisplayId.h"
 #include "EditLimits.h"
 #include "EditNamed.h"
 #include "ExactTimings.h"
@@ -28,27 +29,25 @@ struct SAddedMode
 
 // ---- As a code ----
 
-bool HasVic(const CFieldEdits& oFields, unsigned int uiVic)
-{
-    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_CtaVideoVic); ++i)
-    {
-        const CZorEdidMap& oMap = oFields.GetMap();
-        if (oMap.GetField(oMap.FindField(eZorEdidField_CtaVideoVic, i)).m_llNumber == uiVic)
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
 std::string AddVic(CFieldEdits& oFields, unsigned int uiVic)
 {
-    if (HasVic(oFields, uiVic))
+    unsigned int uiPlace = 0;
+    if (FindCode(oFields.GetMap(), uiVic, uiPlace))
     {
         oFields.Note(FormatText("VIC %u is there already", uiVic));
         return "";
     }
-    return oFields.AddItem(eZorEdidField_CtaVideo, { static_cast<unsigned char>(uiVic) });
+    if (Is420Only(oFields.GetMap(), uiVic))
+    {
+        oFields.Note(FormatText("VIC %u is there already, and stays in YCbCr 4:2:0 only", uiVic));
+        return "";
+    }
+    std::string sProblem = oFields.AddItem(eZorEdidField_CtaVideo, { static_cast<unsigned char>(uiVic) });
+    if (sProblem.empty())
+    {
+        FollowWithLimitsOfVic(oFields, uiVic);
+    }
+    return sProblem;
 }
 
 // ---- As a timing ----
@@ -61,31 +60,6 @@ unsigned int GetMm(const CFieldEdits& oFields, EZorEdidField eTiming, EZorEdidFi
     return uiMm != 0 ? uiMm : uiMmPerCm * static_cast<unsigned int>(oFields.GetNumber(eBase));
 }
 
-void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode)
-{
-    CBytes aui8Base = oFields.GetBytes();
-    const unsigned int uiOffset = FindLimits(aui8Base.data());
-    if (uiOffset == 0 || oMode.m_oRate.m_ullDivisor == 0)
-    {
-        return;
-    }
-    const unsigned int uiRevision = BaseBlock::ReadRevision(aui8Base.data());
-    const SLimits oOld = Descriptors::ReadRangeLimits(aui8Base.data() + uiOffset, uiRevision);
-    const SLimits oWide = WidenLimits(oOld, oMode);
-    if (oOld == oWide)
-    {
-        return;
-    }
-    if (!WriteLimits(aui8Base.data() + uiOffset, uiRevision, oWide))
-    {
-        oFields.Note("the mode exceeds the range limits, which cannot be widened so far: " + GetLimitsText(oOld));
-        return;
-    }
-    const auto itLimits = aui8Base.begin() + uiOffset;
-    oFields.PutBase(uiOffset, { itLimits, itLimits + Descriptors::gsc_uiDescriptorSize });
-    oFields.Note("the range limits become " + GetLimitsText(oWide) + "; they were " + GetLimitsText(oOld));
-}
-
 // Type VII where the image has a structure of version 2, else Type I.
 std::string AddDisplayIdTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
 {
@@ -95,7 +69,10 @@ std::string AddDisplayIdTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
     {
         return "neither a detailed timing nor one of DisplayID holds its numbers";
     }
-    return oFields.AddItem(bVersion2 ? eZorEdidField_DisplayidType7 : eZorEdidField_DisplayidType1, aui8Bytes);
+    std::string sProblem = BeginDisplayId(oFields, oAdded.m_bPreferred);
+    return !sProblem.empty() ? sProblem
+                             : oFields.AddItem(bVersion2 ? eZorEdidField_DisplayidType7 : eZorEdidField_DisplayidType1,
+                                               aui8Bytes, FindPlaceInDisplayId(oFields));
 }
 
 std::string AddTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
@@ -134,12 +111,7 @@ std::string AddMode(CFieldEdits& oFields, const SAddedMode& oAdded)
     {
         return AddTiming(oFields, oAdded);
     }
-    std::string sProblem = AddVic(oFields, oVics.m_auiCodes.front());
-    if (sProblem.empty())
-    {
-        FollowWithLimits(oFields, oAdded.m_oMode);
-    }
-    return sProblem;
+    return AddVic(oFields, oVics.m_auiCodes.front());
 }
 
 // ---- Values ----
@@ -272,6 +244,39 @@ bool ParseModeline(const std::string& sText, SZorMode& oMode)
     return true;
 }
 } // namespace
+
+void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode)
+{
+    CBytes aui8Base = oFields.GetBytes();
+    const unsigned int uiOffset = FindLimits(aui8Base.data());
+    if (uiOffset == 0 || oMode.m_oRate.m_ullDivisor == 0)
+    {
+        return;
+    }
+    const unsigned int uiRevision = BaseBlock::ReadRevision(aui8Base.data());
+    const SLimits oOld = Descriptors::ReadRangeLimits(aui8Base.data() + uiOffset, uiRevision);
+    const SLimits oWide = WidenLimits(oOld, oMode);
+    if (oOld == oWide)
+    {
+        return;
+    }
+    if (!WriteLimits(aui8Base.data() + uiOffset, uiRevision, oWide))
+    {
+        oFields.Note("the mode exceeds the range limits, which cannot be widened so far: " + GetLimitsText(oOld));
+        return;
+    }
+    const auto itLimits = aui8Base.begin() + uiOffset;
+    oFields.PutBase(uiOffset, { itLimits, itLimits + Descriptors::gsc_uiDescriptorSize });
+    oFields.Note("the range limits become " + GetLimitsText(oWide) + "; they were " + GetLimitsText(oOld));
+}
+
+void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic)
+{
+    for (const SExactTiming& oTiming : FindTimingsOfVic(uiVic))
+    {
+        FollowWithLimits(oFields, oTiming.m_oMode);
+    }
+}
 
 std::string ParseAddMode(const std::string& sText, CNamedEdit& fnEdit)
 {

@@ -9,6 +9,7 @@
 
 #include "EditLimits.h"
 #include "FieldEdits.h"
+#include "Findings.h"
 #include "TextFormat.h"
 
 using namespace ZorStandards;
@@ -66,6 +67,27 @@ struct SSize
     unsigned int m_uiHeightInMm = 0;
 };
 
+// Display parameters of DisplayID that give a size, in their own unit.
+std::string PutDisplayIdSize(CFieldEdits& oFields, const SSize& oSize)
+{
+    std::string sProblem;
+    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_DisplayidParametersImageWidth); ++i)
+    {
+        const CZorEdidMap& oMap = oFields.GetMap();
+        const unsigned int uiField = oMap.FindField(eZorEdidField_DisplayidParametersImageWidth, i);
+        if (oMap.GetField(uiField).m_llNumber == 0 || !sProblem.empty())
+        {
+            continue;
+        }
+        sProblem =
+            oFields.Set(eZorEdidField_DisplayidParametersImageWidth, FormatText("%u mm", oSize.m_uiWidthInMm), i);
+        sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_DisplayidParametersImageHeight,
+                                                  FormatText("%u mm", oSize.m_uiHeightInMm), i)
+                                    : sProblem;
+    }
+    return sProblem;
+}
+
 // The nearest centimetre in the base block, and millimetres in each detailed timing that has a size.
 std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
 {
@@ -88,7 +110,7 @@ std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
             sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_BaseDetailedImageHeight, sHeight, i) : sProblem;
         }
     }
-    return sProblem;
+    return sProblem.empty() ? PutDisplayIdSize(oFields, oSize) : sProblem;
 }
 
 // ---- Range limits ----
@@ -205,6 +227,16 @@ constexpr EZorEdidField gsc_aeChromaticities[] = {
     eZorEdidField_BaseChromaticityGreenY, eZorEdidField_BaseChromaticityBlueX,  eZorEdidField_BaseChromaticityBlueY,
     eZorEdidField_BaseChromaticityWhiteX, eZorEdidField_BaseChromaticityWhiteY,
 };
+
+// A display of other colours or another gamma than sRGB's does not say that it is one.
+std::string LeaveSrgb(CFieldEdits& oFields)
+{
+    const std::vector<SFinding> aoFindings = CheckImage(oFields.GetMap(), GetThisYear());
+    const bool bOther = std::ranges::any_of(aoFindings, [](const SFinding& oFinding) {
+        return oFinding.m_eRule == eZorEdidRule_SrgbColors || oFinding.m_eRule == eZorEdidRule_SrgbGamma;
+    });
+    return bOther ? oFields.Set(eZorEdidField_BaseDisplaySrgbDefault, "no") : "";
+}
 } // namespace
 
 std::string ParseName(const std::string& sText, CNamedEdit& fnEdit)
@@ -320,13 +352,16 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
         {
             sProblem = oFields.Set(gsc_aeChromaticities[i], asNumbers[i]);
         }
-        return sProblem;
+        return sProblem.empty() ? LeaveSrgb(oFields) : sProblem;
     };
     return "";
 }
 
 std::string ParseGamma(const std::string& sText, CNamedEdit& fnEdit)
 {
-    fnEdit = [sText](CFieldEdits& oFields) { return oFields.Set(eZorEdidField_BaseDisplayGamma, sText); };
+    fnEdit = [sText](CFieldEdits& oFields) {
+        std::string sProblem = oFields.Set(eZorEdidField_BaseDisplayGamma, sText);
+        return sProblem.empty() ? LeaveSrgb(oFields) : sProblem;
+    };
     return "";
 }

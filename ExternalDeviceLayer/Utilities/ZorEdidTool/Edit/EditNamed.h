@@ -5,10 +5,25 @@
 #include <functional>
 #include <string>
 
+#include "ZorEdidMap.h"
+
 class CFieldEdits;
 
 // Done after the edits by number. Empty, or the reason of a refusal; the image must then be given up.
 using CNamedEdit = std::function<std::string(CFieldEdits& oFields)>;
+
+// ---- What several of them use ----
+
+// Range limits that are there come to hold a mode, or a note says that they cannot.
+void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode);
+// The same for what a video code means.
+void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic);
+// The place of a code among the short video descriptors of video data blocks, as the 4:2:0 capability map counts them.
+// False where it is none of them.
+bool FindCode(const CZorEdidMap& oMap, unsigned int uiVic, unsigned int& uiPlace);
+bool Is420Only(const CZorEdidMap& oMap, unsigned int uiVic);
+
+// ---- The options ----
 
 // Each makes the edit of an option's value. Empty, or what is wrong with the value.
 std::string ParseName(const std::string& sText, CNamedEdit& fnEdit);

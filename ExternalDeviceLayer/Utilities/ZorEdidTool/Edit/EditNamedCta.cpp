@@ -6,8 +6,10 @@
 #include "EditNamed.h"
 #include "FieldEdits.h"
 #include "Standards/ColourBlocks.h"
+#include "Standards/CtaBlocks.h"
 #include "Standards/HdmiBlocks.h"
 #include "TextFormat.h"
+#include "ZorEdidModes.h"
 
 using namespace ZorStandards;
 
@@ -95,8 +97,47 @@ std::string PutColorimetry(CFieldEdits& oFields, const CTexts& asNames)
 // ---- HDMI ----
 
 constexpr unsigned int gsc_uiMostTmds1 = 340; // MHz without scrambling, which HDMI's own data block says
-constexpr size_t gsc_uiRatesSize = 4;         // of the HDMI Forum's payload, up to the fixed rate link
+constexpr unsigned int gsc_uiMostTmds2 = 600; // with it
+constexpr unsigned int gsc_uiMegaHzPerUnit = 5;
+constexpr size_t gsc_uiRatesSize = 4; // of the HDMI Forum's payload, up to the fixed rate link
 constexpr size_t gsc_uiVrrSize = 7;
+
+// What HDMI asks of the rest of an image, and most sources do not.
+void NoteOlderDemands(CFieldEdits& oFields)
+{
+    if (oFields.IsRevision4())
+    {
+        oFields.Note("HDMI asks for EDID 1.3, and the image is of EDID 1.4, as those of many HDMI displays");
+    }
+    if (oFields.GetNumber(eZorEdidField_CtaRevision) < Cta::gsc_uiHighestRevision)
+    {
+        oFields.Note("HDMI asks for a CTA-861 block of revision 3 as the first extension block, which has another one");
+    }
+}
+
+// The modes that the image has must not be beyond the link that it gets.
+struct SNeeds
+{
+    unsigned int m_uiMegaHz = 0; // the highest clock, in steps of the fields
+    bool m_bUhdCodes = false;    // video codes of 3840 pixels and more
+};
+SNeeds ReadNeeds(const CFieldEdits& oFields)
+{
+    constexpr unsigned int uiUhdWidth = 3840;
+    constexpr unsigned long long ullStep = gsc_uiMegaHzPerUnit * 1000000ULL;
+    SNeeds oNeeds;
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oEntry = oModes.Get(i);
+        const auto uiSteps = static_cast<unsigned int>((oEntry.m_oMode.m_ullClock + ullStep - 1) / ullStep);
+        oNeeds.m_uiMegaHz = std::max(oNeeds.m_uiMegaHz, uiSteps * gsc_uiMegaHzPerUnit);
+        oNeeds.m_bUhdCodes = oNeeds.m_bUhdCodes || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor &&
+                                                    oEntry.m_oMode.m_uiWidth >= uiUhdWidth);
+    }
+    return oNeeds;
+}
 
 // HDMI's own data block, with a clock.
 std::string EnsureHdmi(CFieldEdits& oFields)
@@ -104,8 +145,13 @@ std::string EnsureHdmi(CFieldEdits& oFields)
     if (!oFields.Has(eZorEdidField_CtaHdmi))
     {
         CBytes aui8Payload = { 0x10, 0x00, 0x00, 0x00 }; // physical address 1.0.0.0
-        Hdmi::gsc_oMaxTmdsClock.Write(aui8Payload.data(), gsc_uiMostTmds1 / 5);
-        return oFields.AddDataBlock(eZorEdidField_CtaHdmi, aui8Payload);
+        Hdmi::gsc_oMaxTmdsClock.Write(aui8Payload.data(), gsc_uiMostTmds1 / gsc_uiMegaHzPerUnit);
+        std::string sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmi, aui8Payload);
+        if (sProblem.empty())
+        {
+            NoteOlderDemands(oFields);
+        }
+        return sProblem;
     }
     return oFields.Lengthen(eZorEdidField_CtaHdmi, gsc_uiRatesSize);
 }
@@ -120,8 +166,14 @@ std::string EnsureForum(CFieldEdits& oFields, size_t uiLeast)
     std::string sProblem = EnsureHdmi(oFields);
     if (sProblem.empty() && !oFields.Has(eZorEdidField_CtaHdmiForum))
     {
+        const SNeeds oNeeds = ReadNeeds(oFields);
+        const bool bFast = oNeeds.m_uiMegaHz > gsc_uiMostTmds1;
+        const unsigned int uiMegaHz = bFast ? std::min(oNeeds.m_uiMegaHz, gsc_uiMostTmds2) : 0;
         CBytes aui8Payload(gsc_uiRatesSize);
         HdmiForum::gsc_oVersion.Write(aui8Payload.data(), 1);
+        HdmiForum::gsc_oMaxTmdsCharacterRate.Write(aui8Payload.data(), uiMegaHz / gsc_uiMegaHzPerUnit);
+        HdmiForum::gsc_oScdcPresent.Write(aui8Payload.data(), bFast ? 1 : 0);
+        HdmiForum::gsc_oUhdVic.Write(aui8Payload.data(), oNeeds.m_bUhdCodes ? 1 : 0);
         sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmiForum, aui8Payload);
     }
     return sProblem.empty() ? oFields.Lengthen(eZorEdidField_CtaHdmiForum, uiLeast) : sProblem;
@@ -148,14 +200,17 @@ std::string PutTmds(CFieldEdits& oFields, unsigned int uiMegaHz)
 std::string PutFrl(CFieldEdits& oFields, unsigned int uiCode)
 {
     constexpr unsigned int uiFirstWithTmds = 2;
-    constexpr long long llMostTmds = 600;
     std::string sProblem = EnsureForum(oFields, gsc_uiRatesSize);
     sProblem = sProblem.empty() ? oFields.SetAll({ { eZorEdidField_CtaHdmiForumMaxFrlRate, std::to_string(uiCode) },
                                                    { eZorEdidField_CtaHdmiForumScdcPresent, "yes" } })
                                 : sProblem;
+    if (sProblem.empty() && oFields.GetNumber(eZorEdidField_CtaHdmiForumUhdVic) == 0 && ReadNeeds(oFields).m_bUhdCodes)
+    {
+        sProblem = oFields.Set(eZorEdidField_CtaHdmiForumUhdVic, "yes");
+    }
     return sProblem.empty() && uiCode >= uiFirstWithTmds &&
-                   oFields.GetNumber(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate) < llMostTmds
-               ? oFields.Set(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, std::to_string(llMostTmds))
+                   oFields.GetNumber(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate) < gsc_uiMostTmds2
+               ? oFields.Set(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, std::to_string(gsc_uiMostTmds2))
                : sProblem;
 }
 
@@ -185,26 +240,28 @@ std::string PutVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMo
 
 // ---- 4:2:0 ----
 
-// The place of a code among the short video descriptors; their number where it is none of them.
-unsigned int FindCode(const CZorEdidMap& oMap, unsigned int uiVic)
+std::string Add420Only(CFieldEdits& oFields, unsigned int uiVic)
 {
-    const unsigned int uiCodes = oMap.CountFields(eZorEdidField_CtaVideoVic);
-    unsigned int uiCode = 0;
-    while (uiCode < uiCodes && oMap.GetField(oMap.FindField(eZorEdidField_CtaVideoVic, uiCode)).m_llNumber != uiVic)
+    if (Is420Only(oFields.GetMap(), uiVic))
     {
-        ++uiCode;
+        oFields.Note(FormatText("VIC %u is there in 4:2:0 already", uiVic));
+        return "";
     }
-    return uiCode;
+    std::string sProblem = oFields.AddItem(eZorEdidField_Cta420Video, { static_cast<unsigned char>(uiVic) });
+    if (sProblem.empty())
+    {
+        FollowWithLimitsOfVic(oFields, uiVic);
+    }
+    return sProblem;
 }
-
 // A code that the image has is 4:2:0 as well, by the capability map; others are 4:2:0 only.
 std::string Put420(CFieldEdits& oFields, unsigned int uiVic)
 {
     constexpr unsigned int uiBits = 8;
-    const unsigned int uiCode = FindCode(oFields.GetMap(), uiVic);
-    if (uiCode == oFields.GetMap().CountFields(eZorEdidField_CtaVideoVic))
+    unsigned int uiCode = 0;
+    if (!FindCode(oFields.GetMap(), uiVic, uiCode))
     {
-        return oFields.AddItem(eZorEdidField_Cta420Video, { static_cast<unsigned char>(uiVic) });
+        return Add420Only(oFields, uiVic);
     }
     CBytes aui8Map = oFields.GetPayload(eZorEdidField_Cta420Map);
     const bool bAll = aui8Map.empty() && oFields.Has(eZorEdidField_Cta420Map);
@@ -235,6 +292,43 @@ std::string ListNames(const TABLE& aoTable)
     return JoinTexts(asNames);
 }
 } // namespace
+
+namespace
+{
+// As FindCode, of the data blocks of one kind.
+bool FindCodeIn(const CZorEdidMap& oMap, EZorEdidField eBlock, unsigned int uiVic, unsigned int& uiPlace)
+{
+    unsigned int uiCodes = 0;
+    unsigned int uiEnd = 0; // of the last such data block
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        uiEnd = oField.m_eId == eBlock ? oField.m_uiOffset + oField.m_uiLength : uiEnd;
+        if (oField.m_eId != eZorEdidField_CtaVideoVic || oField.m_uiOffset >= uiEnd)
+        {
+            continue;
+        }
+        if (oField.m_llNumber == uiVic)
+        {
+            uiPlace = uiCodes;
+            return true;
+        }
+        ++uiCodes;
+    }
+    return false;
+}
+} // namespace
+
+bool FindCode(const CZorEdidMap& oMap, unsigned int uiVic, unsigned int& uiPlace)
+{
+    return FindCodeIn(oMap, eZorEdidField_CtaVideo, uiVic, uiPlace);
+}
+
+bool Is420Only(const CZorEdidMap& oMap, unsigned int uiVic)
+{
+    unsigned int uiPlace = 0;
+    return FindCodeIn(oMap, eZorEdidField_Cta420Video, uiVic, uiPlace);
+}
 
 // pq,hlg,max=600,frame=400,min=0.05
 std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "EditDisplayId.h"
 #include "EditNamed.h"
 #include "FieldEdits.h"
 #include "Standards/DisplayIdSection.h"
@@ -91,10 +92,15 @@ std::string ParseTile(const std::string& sText, CNamedEdit& fnEdit)
                "columns and rows from 0";
     }
     fnEdit = [oTile](CFieldEdits& oFields) {
-        constexpr unsigned int uiBlockSize = 128;
-        return oFields.GetMap().GetSize() < uiBlockSize
-                   ? std::string("the base block is not whole")
-                   : oFields.PutPayload(eZorEdidField_DisplayidTiled, MakeTile(oFields, oTile.m_auiNumbers));
+        if (oFields.GetMap().GetSize() < gsc_uiBlockSize)
+        {
+            return std::string("the base block is not whole");
+        }
+        std::string sProblem = BeginDisplayId(oFields, false);
+        return sProblem.empty()
+                   ? oFields.PutPayload(eZorEdidField_DisplayidTiled, MakeTile(oFields, oTile.m_auiNumbers),
+                                        FindPlaceInDisplayId(oFields))
+                   : sProblem;
     };
     return "";
 }

@@ -3,11 +3,14 @@
 #include "FieldEdits.h"
 
 #include <algorithm>
+#include <map>
 
 #include "EdidUtils.h"
+#include "Findings.h"
 #include "MapKinds.h"
 #include "MapText.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 
 namespace
 {
@@ -61,6 +64,28 @@ std::string CFieldEdits::SetBy(unsigned int uiField, const std::string& sValue)
     return sProblem;
 }
 
+std::string CFieldEdits::Do(const CNamedEdit& fnEdit)
+{
+    std::map<EZorEdidRule, unsigned int> auiKnown;
+    for (const SFinding& oFinding : CheckImage(GetMap(), GetThisYear()))
+    {
+        ++auiKnown[oFinding.m_eRule];
+    }
+    std::string sProblem = fnEdit(*this);
+    for (const SFinding& oFinding : CheckImage(GetMap(), GetThisYear()))
+    {
+        unsigned int& uiKnown = auiKnown[oFinding.m_eRule];
+        if (uiKnown-- == 0)
+        {
+            uiKnown = 0;
+            m_asNotes.push_back("check then finds: " + oFinding.m_sField + ": " + oFinding.m_sWhat +
+                                (oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound) + " [" +
+                                FindZorEdidRule(oFinding.m_eRule)->m_pszId + "]");
+        }
+    }
+    return sProblem;
+}
+
 std::string CFieldEdits::Apply(const SSetting& oSetting)
 {
     unsigned int uiField = CZorEdidMap::msc_uiNone;
@@ -99,7 +124,14 @@ std::string CFieldEdits::Finish(int iResult, const CZorEdidParts::SAnswer& oAnsw
     }
     if (oAnswer.m_uiNewBlock != 0)
     {
+        const bool bCta = GetMap().GetData()[oAnswer.m_uiNewBlock * gsc_uiBlockSize] == ZorStandards::gsc_uiCtaTag;
         m_asNotes.push_back("no block had room: block " + std::to_string(oAnswer.m_uiNewBlock) + " is new");
+        if (bCta && !Has(eZorEdidField_CtaVideoCapability))
+        {
+            m_asNotes.push_back("it has no video capability data block, as nothing says what the display does with "
+                                "the range of RGB and with overscan; --add cta.video-capability=4a says that the range "
+                                "follows the source and nothing is overscanned");
+        }
     }
     return "";
 }
@@ -111,11 +143,18 @@ std::string CFieldEdits::AddDataBlock(EZorEdidField eId, const CBytes& aui8Paylo
     return Finish(iResult, oAnswer, "was added");
 }
 
-std::string CFieldEdits::AddItem(EZorEdidField eId, const CBytes& aui8Item)
+std::string CFieldEdits::AddItem(EZorEdidField eId, const CBytes& aui8Item, const SWhere& oWhere)
 {
     CZorEdidParts::SAnswer oAnswer;
-    const int iResult = m_oParts.AddItem(eId, CountBytes(aui8Item), aui8Item.data(), {}, oAnswer);
+    const int iResult = m_oParts.AddItem(eId, CountBytes(aui8Item), aui8Item.data(), oWhere, oAnswer);
     return Finish(iResult, oAnswer, "was added");
+}
+
+std::string CFieldEdits::AddBlock(unsigned int uiTag, const CBytes& aui8Block)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    const unsigned char* pui8Block = aui8Block.empty() ? nullptr : aui8Block.data();
+    return Finish(m_oParts.AddBlock(uiTag, CountBytes(aui8Block), pui8Block, {}, oAnswer), oAnswer, "was added");
 }
 
 std::string CFieldEdits::AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
@@ -171,12 +210,12 @@ CBytes CFieldEdits::GetPayload(EZorEdidField eId) const
 }
 
 // The old data block makes room for the new one, which takes its place.
-std::string CFieldEdits::PutPayload(EZorEdidField eId, const CBytes& aui8Payload)
+std::string CFieldEdits::PutPayload(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oNewAt)
 {
     const unsigned int uiField = GetMap().FindField(eId);
     if (uiField == CZorEdidMap::msc_uiNone)
     {
-        return AddDataBlock(eId, aui8Payload);
+        return AddDataBlock(eId, aui8Payload, oNewAt);
     }
     const CBytes aui8Before = GetBytes();
     const std::vector<std::string> asNotes = m_asNotes;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CeaBlocks.h"
+#include "EditNamed.h"
 #include "EditSet.h"
 #include "ZorEdidParts.h"
 
@@ -25,6 +26,9 @@ public:
     // Of the base block.
     bool IsRevision4() const;
 
+    // What zoredid check finds afterwards and did not find before is noted.
+    std::string Do(const CNamedEdit& fnEdit);
+
     std::string Apply(const SSetting& oSetting);
     // Field number uiNumber of an id. pszValue as CZorEdidWriter::Set takes it.
     std::string Set(EZorEdidField eId, const std::string& sValue, unsigned int uiNumber = 0);
@@ -37,7 +41,9 @@ public:
 
     using SWhere = CZorEdidParts::SWhere;
     std::string AddDataBlock(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oWhere = {});
-    std::string AddItem(EZorEdidField eId, const CBytes& aui8Item);
+    std::string AddItem(EZorEdidField eId, const CBytes& aui8Item, const SWhere& oWhere = {});
+    // Of 128 bytes, or without bytes an empty one.
+    std::string AddBlock(unsigned int uiTag, const CBytes& aui8Block);
     std::string AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere = {});
     std::string AddStandard(const CBytes& aui8Bytes);
     std::string Remove(unsigned int uiField);
@@ -46,7 +52,7 @@ public:
     // The payload of the first data block of a kind; empty without one.
     CBytes GetPayload(EZorEdidField eId) const;
     // Another payload for it, or a new data block where there is none.
-    std::string PutPayload(EZorEdidField eId, const CBytes& aui8Payload);
+    std::string PutPayload(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oNewAt = {});
     // Zeros behind a payload that is shorter.
     std::string Lengthen(EZorEdidField eId, size_t uiLeast);
     // Bytes of the base block, which its checksum follows.

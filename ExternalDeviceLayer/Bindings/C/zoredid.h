@@ -1073,6 +1073,88 @@ ZOREDID_API const zoredid_map* zoredid_writer_get_map(const zoredid_writer* writ
 /** The present bytes, the writer's until the next set. size may be null. */
 ZOREDID_API const unsigned char* zoredid_writer_get_data(const zoredid_writer* writer, size_t* size);
 
+/* ---- Maker: images of wishes ---- */
+
+/** Wishes for a display, and the image that is made of them. */
+typedef struct zoredid_maker zoredid_maker;
+
+/** What can be wished beside modes. A number of 0 and an empty text leave the choice to the library. */
+typedef enum zoredid_wish ZOREDID_INT
+{
+    ZOREDID_WISH_UNKNOWN = 0,
+    ZOREDID_WISH_CONNECTOR = 1,              /**< zoredid_connector; HDMI where it is not wished */
+    ZOREDID_WISH_NAME = 2,                   /**< text: up to 13 printable characters */
+    ZOREDID_WISH_SERIAL_TEXT = 3,            /**< text: up to 13 printable characters */
+    ZOREDID_WISH_MAKER = 4,                  /**< text: three capital letters */
+    ZOREDID_WISH_PRODUCT_CODE = 5,           /**< up to 65535 */
+    ZOREDID_WISH_WIDTH = 6,                  /**< mm, 10 to 2550; with the height */
+    ZOREDID_WISH_HEIGHT = 7,                 /**< mm */
+    ZOREDID_WISH_PQ = 8,                     /**< flag: HDR by SMPTE ST 2084 */
+    ZOREDID_WISH_HLG = 9,                    /**< flag: HDR by hybrid log-gamma */
+    ZOREDID_WISH_MAX_LUMINANCE = 10,         /**< cd/m2, 50 to 12500; of HDR, as the two that follow */
+    ZOREDID_WISH_MAX_AVERAGE_LUMINANCE = 11, /**< cd/m2, the average of a frame */
+    ZOREDID_WISH_MIN_LUMINANCE = 12,         /**< in 0.0001 cd/m2 */
+    ZOREDID_WISH_DEPTH = 13,                 /**< bits per colour: 8, 10 or 12 */
+    ZOREDID_WISH_YCBCR420 = 14,              /**< flag: from 3840 pixels at 50 Hz on */
+    ZOREDID_WISH_AUDIO_CHANNELS = 15,        /**< 0, 2, 6 or 8 */
+    ZOREDID_WISH_VRR_MIN = 16,               /**< Hz, of variable refresh */
+    ZOREDID_WISH_VRR_MAX = 17,               /**< Hz */
+    ZOREDID_WISH_MAX_TMDS_CLOCK = 18,        /**< MHz, 25 to 600 */
+    ZOREDID_WISH_FRL = 19                    /**< fixed rate link: 1 for 3 lanes of 3 Gbit/s, to 6 for 4 of 12 */
+} zoredid_wish;
+
+/** Values of ZOREDID_WISH_CONNECTOR. */
+typedef enum zoredid_connector ZOREDID_INT
+{
+    ZOREDID_CONNECTOR_UNKNOWN = 0,
+    ZOREDID_CONNECTOR_HDMI = 1, /**< sources of every kind of connector take its image */
+    ZOREDID_CONNECTOR_DISPLAYPORT = 2,
+    ZOREDID_CONNECTOR_DVI = 3
+} zoredid_connector;
+
+/** Where the timing of a wished mode comes from. */
+typedef enum zoredid_timing_source ZOREDID_INT
+{
+    ZOREDID_TIMING_SOURCE_UNKNOWN = 0, /**< any: CTA-861, then VESA DMT, then CVT with reduced blanking */
+    ZOREDID_TIMING_SOURCE_CTA = 1,
+    ZOREDID_TIMING_SOURCE_DMT = 2,
+    ZOREDID_TIMING_SOURCE_DMT_REDUCED = 3,
+    ZOREDID_TIMING_SOURCE_CVT = 4,
+    ZOREDID_TIMING_SOURCE_CVT_REDUCED_1 = 5,
+    ZOREDID_TIMING_SOURCE_CVT_REDUCED_2 = 6,
+    ZOREDID_TIMING_SOURCE_GTF = 7
+} zoredid_timing_source;
+
+/** Without wishes, for zoredid_maker_free. Null when there is no memory. */
+ZOREDID_API zoredid_maker* zoredid_maker_create(void);
+/** Null is allowed. */
+ZOREDID_API void zoredid_maker_free(zoredid_maker* maker);
+/** Wishes a number or a flag. ZOREDID_ERROR_ARGUMENT for a text, and for a number that no display has. */
+ZOREDID_API zoredid_status zoredid_maker_set_number(zoredid_maker* maker, zoredid_wish wish, int64_t number);
+/** Wishes a text, of which the maker takes a copy. */
+ZOREDID_API zoredid_status zoredid_maker_set_text(zoredid_maker* maker, zoredid_wish wish, const char* text);
+/**
+ * Wishes a mode; the first one is preferred. Pixels and lines of the frame, up to 65535, and the rate in Hz as a
+ * fraction, of interlaced modes of fields. None of them may be 0.
+ */
+ZOREDID_API zoredid_status zoredid_maker_add_mode(zoredid_maker* maker, uint32_t width, uint32_t height, int interlaced,
+                                                  uint32_t rate_numerator, uint32_t rate_denominator,
+                                                  zoredid_timing_source source);
+/** An image whose identity, size, colours and audio are taken where nothing else is wished; the maker keeps a copy. */
+ZOREDID_API zoredid_status zoredid_maker_set_donor(zoredid_maker* maker, const void* data, size_t size);
+/**
+ * Makes the image. ZOREDID_ERROR_REFUSED for wishes that cannot be, and the reason says why; ZOREDID_ERROR_ARGUMENT
+ * without a mode. The same wishes give the same bytes.
+ */
+ZOREDID_API zoredid_status zoredid_maker_make(zoredid_maker* maker);
+/** The image; null before one is made and after a refusal. The maker's until the next make. size may be null. */
+ZOREDID_API const unsigned char* zoredid_maker_get_data(const zoredid_maker* maker, size_t* size);
+/** Of the last refusal; else empty. length may be null, as that of a note. */
+ZOREDID_API const char* zoredid_maker_get_reason(const zoredid_maker* maker, size_t* length);
+/** What was chosen, a text each: "2560x1440@144: detailed timing, preferred". */
+ZOREDID_API size_t zoredid_maker_get_note_count(const zoredid_maker* maker);
+ZOREDID_API const char* zoredid_maker_get_note(const zoredid_maker* maker, size_t index, size_t* length);
+
 #ifdef __cplusplus
 }
 #endif

@@ -6,6 +6,7 @@ import os
 import pickle
 import subprocess
 from collections import Counter
+from fractions import Fraction
 
 import pytest
 import zoredid
@@ -115,6 +116,36 @@ def test_edits_and_repairs():
     broken = bytearray(edit.bytes)
     broken[127] ^= 1
     assert zoredid.load(broken).repair() == (edit.image, [zoredid.Place("checksum", 127, 1)])
+
+
+def test_images_are_made_of_wishes():
+    image = zoredid.make("2560x1440@144", zoredid.WishedMode(1920, 1080, Fraction(60000, 1001)), name="Bench", pq=True,
+                         max_luminance=600, min_luminance=0.05, vrr=(48, 144), audio_channels=6, width=600, height=340)
+    assert (str(image.preferred_mode), image.facts.identity.name) == ("2560 x 1440 at 143.973 Hz", "Bench")
+    assert image.facts.hdr.hdr10 and image.facts.hdr.max_luminance == pytest.approx(600, rel=0.02)
+    assert image.facts.hdr.min_luminance == pytest.approx(0.05, rel=0.1)
+    assert (image.facts.link.vrr.min_hz, image.facts.audio_formats[0].channels) == (48, 6)
+    assert all(finding.severity == zoredid.Severity.NOTE for finding in image.check())
+    assert any(mode.rate == Fraction(60000, 1001) or mode.has_fraction for mode in image.modes if mode.width == 1920)
+    assert zoredid.make("1920x1080i@60", like=IMAGE).facts.identity.manufacturer == "ACI"
+    for modes, wishes, reason in ((["1920x1080@60"], {"max_luminance": 600}, "luminances belong to HDR"),
+                                  (["1920x1080@60"], {"name": "more than thirteen"}, "up to 13 printable"),
+                                  (["1920x1080@60"], {"audio_channels": 3}, "audio_channels cannot be 3"),
+                                  (["1920x1080"], {}, "written as"), (["0x0@60"], {}, "no display"), ([], {}, "no mode")):
+        with pytest.raises(ValueError, match=reason):
+            zoredid.make(*modes, **wishes)
+
+
+@settings(deadline=None, max_examples=100)
+@given(st.lists(st.builds(zoredid.WishedMode, st.integers(1, 9000), st.integers(1, 9000), st.fractions(10, 500),
+                          st.booleans(), st.sampled_from(zoredid.TimingSource)), min_size=1, max_size=6), damaged())
+def test_what_is_made_announces_the_modes(modes, donor):
+    try:
+        image = zoredid.make(*modes, like=donor)
+    except zoredid.RefusedError as error:
+        assert str(error) and not str(error).startswith("internal fault")
+    else:
+        assert {mode[:2] for mode in modes} <= {(mode.width, mode.height) for mode in image.modes}
 
 
 def test_what_cannot_be_read_is_said():

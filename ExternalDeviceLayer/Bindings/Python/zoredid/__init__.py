@@ -15,6 +15,7 @@ from . import _names
 from ._codes import Error, FactInfo, NoFieldError, RefusedError, to_text
 from ._facts import Facts, Hdr, Mode, Source
 from ._image import Change, Editor, Field, Fields, Finding, Image, Piece, Place, load, load_all
+from ._make import WishedMode, make
 from ._many import Column, Table, read_many
 from ._names import *  # noqa: F403  # pylint: disable=wildcard-import
 from ._zoredid import lib as _lib
@@ -23,6 +24,6 @@ __version__: str = to_text(_lib.zoredid_get_version()) or ""
 
 __all__ = [
     "Change", "Column", "Editor", "Error", "FactInfo", "Facts", "Field", "Fields", "Finding", "Hdr", "Image", "Mode",
-    "NoFieldError", "Piece", "Place", "RefusedError", "Source", "Table", "load", "load_all", "read_many",
+    "NoFieldError", "Piece", "Place", "RefusedError", "Source", "Table", "WishedMode", "load", "load_all", "make", "read_many",
 ]
 __all__ += _names.__all__

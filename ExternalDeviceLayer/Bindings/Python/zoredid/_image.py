@@ -45,10 +45,11 @@ def load_all(source: PathOrBytes) -> list[Image]:
     count = lib.zoredid_image_get_count(image)
     if count == 0:
         require(lib.ZOREDID_ERROR_SIZE)
-    return [Image(_copy(lib.zoredid_image_get_edid(image, index, size), size[0])) for index in range(count)]
+    return [Image(copy_bytes(lib.zoredid_image_get_edid(image, index, size), size[0])) for index in range(count)]
 
 
-def _copy(data: Any, size: int) -> bytes:
+def copy_bytes(data: Any, size: int) -> bytes:
+    """Bytes of C."""
     return bytes(ffi.buffer(data, size))
 
 
@@ -290,7 +291,7 @@ class Image:
         places = [Place(_rule_text(lib.zoredid_rule_get_id, lib.zoredid_repair_get_rule(repair, index)),
                         lib.zoredid_repair_get_offset(repair, index), lib.zoredid_repair_get_length(repair, index))
                   for index in range(lib.zoredid_repair_get_count(repair))]
-        return Image(_copy(data, size[0])), places
+        return Image(copy_bytes(data, size[0])), places
 
     def edit(self) -> Editor:
         """An edit of a copy, for a with statement."""
@@ -442,7 +443,7 @@ class Editor:
         """The present bytes."""
         size = ffi.new("size_t *")
         data = lib.zoredid_writer_get_data(self._writer, size)
-        return _copy(data, size[0])
+        return copy_bytes(data, size[0])
 
     @property
     def image(self) -> Image:

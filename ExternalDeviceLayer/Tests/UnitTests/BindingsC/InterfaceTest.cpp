@@ -245,6 +245,68 @@ TEST(InterfaceForC, FaultsAreFoundAndRepaired)
     EXPECT_EQ(FixChecksums(CBytes(pui8Data, pui8Data + 128)), CBytes(pui8Data, pui8Data + 128));
 }
 
+// Each wish reaches its own place; what cannot be is refused, or is no wish.
+TEST(InterfaceForC, MakesAnImageOfWishes)
+{
+    static constexpr struct
+    {
+        zoredid_wish m_eWish;
+        int64_t m_llNumber;
+        zoredid_fact m_eFact;
+        double m_dSaid;
+    } aoNumbers[] = {
+        { ZOREDID_WISH_PRODUCT_CODE, 777, ZOREDID_FACT_PRODUCT_CODE, 777 },
+        { ZOREDID_WISH_WIDTH, 600, ZOREDID_FACT_WIDTH, 600 },
+        { ZOREDID_WISH_HEIGHT, 340, ZOREDID_FACT_HEIGHT, 340 },
+        { ZOREDID_WISH_PQ, 1, ZOREDID_FACT_STATIC_METADATA, 1 },
+        { ZOREDID_WISH_HLG, 1, ZOREDID_FACT_EOTFS, ZOREDID_EOTF_SDR | ZOREDID_EOTF_PQ | ZOREDID_EOTF_HLG },
+        { ZOREDID_WISH_MAX_LUMINANCE, 800, ZOREDID_FACT_CONTENT_MAX_LUMINANCE, 800 },
+        { ZOREDID_WISH_MAX_AVERAGE_LUMINANCE, 400, ZOREDID_FACT_CONTENT_MAX_AVERAGE_LUMINANCE, 400 },
+        { ZOREDID_WISH_MIN_LUMINANCE, 500, ZOREDID_FACT_CONTENT_MIN_LUMINANCE, 0.05 },
+        { ZOREDID_WISH_DEPTH, 10, ZOREDID_FACT_HDMI_DEEP, ZOREDID_DEPTH_10 },
+        { ZOREDID_WISH_AUDIO_CHANNELS, 6, ZOREDID_FACT_AUDIO, 1 },
+        { ZOREDID_WISH_VRR_MIN, 40, ZOREDID_FACT_VRR_MIN, 40 },
+        { ZOREDID_WISH_VRR_MAX, 120, ZOREDID_FACT_VRR_MAX, 120 },
+        { ZOREDID_WISH_MAX_TMDS_CLOCK, 600, ZOREDID_FACT_MAX_TMDS_CLOCK, 600e6 },
+        { ZOREDID_WISH_FRL, 6, ZOREDID_FACT_FRL_LANE_RATE, 12 },
+        { ZOREDID_WISH_CONNECTOR, ZOREDID_CONNECTOR_HDMI, ZOREDID_FACT_LINK, ZOREDID_LINK_HDMI },
+    };
+    const auto poMaker = Make<zoredid_maker_create, zoredid_maker_free>();
+    EXPECT_EQ(ZOREDID_ERROR_ARGUMENT, zoredid_maker_make(poMaker.get())) << "no mode";
+    EXPECT_EQ(ZOREDID_OK, zoredid_maker_add_mode(poMaker.get(), 3840, 2160, 0, 120, 1, ZOREDID_TIMING_SOURCE_CTA));
+    EXPECT_EQ(ZOREDID_OK, zoredid_maker_set_text(poMaker.get(), ZOREDID_WISH_NAME, "Bench"));
+    for (const auto& oNumber : aoNumbers)
+    {
+        EXPECT_EQ(ZOREDID_OK, zoredid_maker_set_number(poMaker.get(), oNumber.m_eWish, oNumber.m_llNumber));
+    }
+    ASSERT_EQ(ZOREDID_OK, zoredid_maker_make(poMaker.get())) << zoredid_maker_get_reason(poMaker.get(), nullptr);
+    EXPECT_THAT(zoredid_maker_get_note(poMaker.get(), 0, nullptr), testing::HasSubstr("3840x2160"));
+    size_t uiSize = 0;
+    const unsigned char* const pui8Data = zoredid_maker_get_data(poMaker.get(), &uiSize);
+    const auto poFacts = Make<zoredid_facts_create, zoredid_facts_free>();
+    ASSERT_EQ(ZOREDID_OK, zoredid_facts_read(poFacts.get(), pui8Data, uiSize));
+    EXPECT_STREQ("Bench", zoredid_facts_get_text(poFacts.get(), ZOREDID_FACT_NAME, nullptr));
+    for (const auto& oNumber : aoNumbers)
+    {
+        double dSaid = -1;
+        zoredid_facts_get_real(poFacts.get(), oNumber.m_eFact, &dSaid);
+        EXPECT_NEAR(oNumber.m_dSaid, dSaid, 0.03 * oNumber.m_dSaid) << zoredid_fact_get_name(oNumber.m_eFact);
+    }
+    EXPECT_EQ(6U, zoredid_facts_get_audio_channels(poFacts.get(), 0));
+    EXPECT_EQ(ZOREDID_OK, zoredid_maker_set_number(poMaker.get(), ZOREDID_WISH_DEPTH, 9));
+    EXPECT_EQ(ZOREDID_ERROR_REFUSED, zoredid_maker_make(poMaker.get()));
+    EXPECT_EQ(nullptr, zoredid_maker_get_data(poMaker.get(), nullptr));
+    for (const int64_t llChannels : { 1, 9, -1 })
+    {
+        EXPECT_EQ(ZOREDID_ERROR_ARGUMENT,
+                  zoredid_maker_set_number(poMaker.get(), ZOREDID_WISH_AUDIO_CHANNELS, llChannels));
+    }
+    EXPECT_EQ(ZOREDID_ERROR_ARGUMENT, zoredid_maker_set_number(poMaker.get(), ZOREDID_WISH_NAME, 1));
+    EXPECT_EQ(ZOREDID_ERROR_ARGUMENT, zoredid_maker_set_text(poMaker.get(), ZOREDID_WISH_FRL, "6"));
+    EXPECT_EQ(ZOREDID_ERROR_ARGUMENT,
+              zoredid_maker_add_mode(poMaker.get(), 1920, 1080, 0, 60, 0, ZOREDID_TIMING_SOURCE_CTA));
+}
+
 // Of good, damaged and cut images, in several orders. Nothing is printed.
 TEST(InterfaceForC, HoldsItsPromisesOnAnyBytes)
 {

@@ -409,6 +409,39 @@ static void edit(zoredid_writer* writer, unsigned int order)
     require_bytes(bytes, size);
 }
 
+/* An image like another one, wishes that cannot be, and no wishes. */
+static void make(const unsigned char* data, size_t size, unsigned int order)
+{
+    zoredid_maker* const maker = zoredid_maker_create();
+    const unsigned char* bytes;
+    const char* text;
+    size_t i, length = 1;
+    int wish;
+    zoredid_status status = zoredid_maker_make(maker);
+    require(status == ZOREDID_ERROR_ARGUMENT, "nothing is made of no mode");
+    zoredid_maker_set_donor(maker, data, size);
+    zoredid_maker_add_mode(maker, 1920, 1080, (int)(order & 1), 60000, 1001, ZOREDID_TIMING_SOURCE_UNKNOWN);
+    zoredid_maker_set_text(maker, ZOREDID_WISH_NAME, "Name");
+    for (wish = 0; wish < 32; ++wish)
+        if (order % 32 == (unsigned int)wish)
+            zoredid_maker_set_number(maker, (zoredid_wish)wish, order % 5);
+    status = zoredid_maker_make(maker);
+    bytes = zoredid_maker_get_data(maker, &length);
+    require_bytes(bytes, length);
+    require((status == ZOREDID_OK) == (bytes != NULL), "what is made has bytes");
+    text = zoredid_maker_get_reason(maker, &length);
+    require((status == ZOREDID_ERROR_REFUSED) == (length != 0) || status == ZOREDID_ERROR_MEMORY ||
+                status == ZOREDID_ERROR_ARGUMENT,
+            "a refusal has a reason");
+    require_text(text, length);
+    for (i = 0; i <= zoredid_maker_get_note_count(maker); ++i)
+    {
+        text = zoredid_maker_get_note(maker, i, &length);
+        require_text(text, length);
+    }
+    zoredid_maker_free(maker);
+}
+
 const char* walk_tables(void)
 {
     size_t i;
@@ -493,6 +526,8 @@ const char* walk_interface(const unsigned char* data, size_t size, unsigned int 
     walk(&all); /* of nothing */
     read_all(&all, data, size);
     edit(all.writer, order);
+    if (order % 8 == 0)
+        make(data, size, order / 8);
     free_some(&all, order);
     walk(&all);
     read_all(&all, NULL, size);

@@ -18,6 +18,11 @@ _zoredid_value()
     ID)
       line=$("${COMP_WORDS[0]}" check --rules 2> /dev/null | sed -n 's/^\([a-z][^ ]*\) .*/\1/p')
       ;;
+    FIELD=VALUE)
+      [[ $word != *=* ]] || return 0
+      compopt -o nospace 2> /dev/null
+      line=$("${COMP_WORDS[0]}" explain --ids 2> /dev/null | sed 's/ .*/=/')
+      ;;
     'OFFSET|ID')
       line=$("${COMP_WORDS[0]}" explain --ids 2> /dev/null | sed 's/ .*//')
       ;;
@@ -44,6 +49,10 @@ _zoredid_value()
     LIST)
       before=${word%"${word##*[+,]}"}
       [[ -z $before ]] || line=${line% none}
+      for i in ${before//[+,]/ }; do # each but once
+        line=" $line "
+        line=${line/ $i / }
+      done
       ;;
   esac
   mapfile -t COMPREPLY < <(compgen -P "$head$before" -W "$line" -- "${word#"$before"}")

@@ -191,6 +191,23 @@ std::string GetCountText(const std::vector<SFinding>& aoFindings, CZorEdidMap::E
     return iCount == 0 ? "" : FormatText("%td %s%s", iCount, GetNoteName(eSeverity), iCount == 1 ? "" : "s");
 }
 
+// "warning: Max_TMDS_Clock 600 MHz is above 340 MHz (block 1)", or "error: the checksum is wrong: 0x00, should be 0x12
+// (block 0, Checksum)": the innermost field is the subject of what has none.
+std::string DescribeFinding(const SFinding& oFinding)
+{
+    const size_t uiName = oFinding.m_sField.rfind("> ");
+    const std::string sField = oFinding.m_sField.substr(uiName == std::string::npos ? 0 : uiName + 2);
+    const std::string sSeverity = std::string(GetNoteName(oFinding.m_eSeverity)) + ": ";
+    const std::string& sFound = oFinding.m_sFound;
+    if (oFinding.m_sWhat.starts_with("is "))
+    {
+        return sSeverity + sField + (sFound.empty() ? "" : " " + sFound) + " " + oFinding.m_sWhat +
+               FormatText(" (block %u)", oFinding.m_uiBlock);
+    }
+    return sSeverity + oFinding.m_sWhat + (sFound.empty() ? "" : ": " + sFound) +
+           FormatText(" (block %u, ", oFinding.m_uiBlock) + sField + ")";
+}
+
 // The numbers, then what is worst.
 void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
 {
@@ -203,21 +220,29 @@ void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
         sCounts += (sCounts.empty() || sCount.empty() ? "" : ", ") + sCount;
     }
     Add(asLines, "Findings", sCounts.empty() ? "none" : sCounts + ": see zoredid check", 1);
-    size_t uiNamed = 0;
+    std::vector<std::pair<std::string, size_t>> asTexts; // each with how often it is found
     for (const CZorEdidMap::ESeverity eSeverity : { CZorEdidMap::eSeverity_Error, CZorEdidMap::eSeverity_Warning })
     {
         for (const SFinding& oFinding : aoFindings)
         {
-            if (oFinding.m_eSeverity == eSeverity && uiNamed++ < uiMost)
+            if (oFinding.m_eSeverity != eSeverity)
             {
-                const std::string sField = oFinding.m_sField.substr(oFinding.m_sField.rfind('>') + 1);
-                Add(asLines, "",
-                    FormatText("%s: %s (block %u,", GetNoteName(eSeverity), oFinding.m_sWhat.c_str(),
-                               oFinding.m_uiBlock) +
-                        (sField.starts_with(' ') ? "" : " ") + sField + ")",
-                    1);
+                continue;
             }
+            const std::string sText = DescribeFinding(oFinding);
+            const auto itSame = std::ranges::find(asTexts, sText, &std::pair<std::string, size_t>::first);
+            if (itSame != asTexts.end())
+            {
+                ++itSame->second;
+                continue;
+            }
+            asTexts.emplace_back(sText, 1);
         }
+    }
+    for (size_t i = 0; i < std::min(uiMost, asTexts.size()); ++i)
+    {
+        const auto& [sText, uiCount] = asTexts[i];
+        Add(asLines, "", (uiCount == 1 ? "" : FormatText("%zu x ", uiCount)) + sText, 1);
     }
 }
 

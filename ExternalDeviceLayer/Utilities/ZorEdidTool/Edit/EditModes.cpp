@@ -246,8 +246,12 @@ std::string CEditImage::RemoveCode(SEditedBlock& oBlock, unsigned int uiNumber)
     const unsigned int uiByte = poOrigin != nullptr ? oBlock.m_aui8Bytes[poOrigin->m_uiCodeByte] : 0;
     if (!m_bAsListed && ZorStandards::IsListedAsOther(uiByte))
     {
-        return DescribeOtherCode(uiByte) + ", by CTA-861-H it is VIC " + std::to_string(uiByte) +
-               ", which --remove-vic " + std::to_string(uiByte) + " removes; --as-listed removes it as the list has it";
+        const std::string sByte = std::to_string(uiByte);
+        return DescribeOtherCode(uiByte) + (ZorStandards::FindVideoCode(uiByte) != nullptr
+                                                ? ", by CTA-861-H it is VIC " + sByte + ", which --remove-vic " +
+                                                      sByte + " removes; --as-listed removes it as the list has it"
+                                                : "; CTA-861-H has no code " + sByte + "; --remove-vic " + sByte +
+                                                      " or --as-listed removes the byte");
     }
     if (!IsOrdinary(oBlock, uiNumber))
     {

@@ -12,6 +12,7 @@
 #include "ExactTimings.h"
 #include "Json.h"
 #include "MapText.h"
+#include "Standards/ExtensionBlocks.h"
 #include "TextFormat.h"
 
 namespace
@@ -113,8 +114,35 @@ bool IsLayout(const CZorEdidMap& oMap, unsigned int uiField)
     const bool bLength = std::ranges::find(aeLengths, oField.m_eId) != std::end(aeLengths);
     const bool bUnusedPair = oField.m_eId == eZorEdidField_BaseStandard && uiField + 1 < oField.m_uiEnd &&
                              oMap.GetField(uiField + 1).m_eId == eZorEdidField_Unused;
-    return ((bLength || oField.m_eKind == CZorEdidMap::eKind_Checksum) && !bNoted) || bUnusedPair ||
+    const bool bCount = oField.m_eId == eZorEdidField_BaseExtensionCount;
+    return ((bLength || bCount || oField.m_eKind == CZorEdidMap::eKind_Checksum) && !bNoted) || bUnusedPair ||
            oField.m_eId == eZorEdidField_Padding || oField.m_eId == eZorEdidField_BaseDummy;
+}
+
+// The sum or count of the other image that the field is compared with where only one of them is wrong.
+unsigned int FindRightOne(const CZorEdidMap& oMap, unsigned int uiField, const SMapPart& oOther)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    for (const unsigned int i : oOther.m_oWithout)
+    {
+        const CZorEdidMap::SField& oRight = oOther.Get(i);
+        const bool bSumOrCount =
+            oRight.m_eKind == CZorEdidMap::eKind_Checksum || oRight.m_eId == eZorEdidField_BaseExtensionCount;
+        if (bSumOrCount && oRight.m_eId == oField.m_eId &&
+            oRight.m_uiOffset / ZorStandards::gsc_uiBlockSize == oField.m_uiOffset / ZorStandards::gsc_uiBlockSize)
+        {
+            return i;
+        }
+    }
+    return gsc_uiNone;
+}
+
+// An extension block by its place, as there may be several of a kind.
+std::string GetBlockText(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const unsigned int uiBlock = oMap.GetField(uiField).m_uiOffset / ZorStandards::gsc_uiBlockSize;
+    const bool bExtension = oMap.GetField(uiField).m_uiDepth == 0 && uiBlock != 0;
+    return bExtension ? FormatText(", block %u", uiBlock) : "";
 }
 
 // Bits of a list of codes, which move with the codes; what they say is said of the modes.
@@ -215,15 +243,22 @@ public:
         for (const auto& [uiFirst, uiSecond] :
              CompareMapsInAnyOrder(m_apoImages[0]->m_oPart, m_apoImages[1]->m_oPart, fnIsSameMode))
         {
-            const std::array<unsigned int, 2> auiFields = { uiFirst, uiSecond };
-            if (!IsSaid(0, uiFirst) && !IsSaid(1, uiSecond) && !IsSame(auiFields))
+            std::array<unsigned int, 2> auiFields = { uiFirst, uiSecond };
+            if (IsSaid(0, uiFirst) || IsSaid(1, uiSecond) || IsSame(auiFields))
             {
-                const size_t uiImage = uiFirst != gsc_uiNone ? 0 : 1;
-                aoFields.push_back({ GetMap(uiImage).GetField(auiFields[uiImage]).m_eId,
-                                     GetPath(GetMap(uiImage), auiFields[uiImage]),
-                                     auiFields,
-                                     { GetText(GetMap(0), uiFirst), GetText(GetMap(1), uiSecond) } });
+                continue;
             }
+            const size_t uiImage = uiFirst != gsc_uiNone ? 0 : 1;
+            const unsigned int uiField = auiFields[uiImage];
+            if (auiFields[1 - uiImage] == gsc_uiNone)
+            {
+                auiFields[1 - uiImage] = FindRightOne(GetMap(uiImage), uiField, m_apoImages[1 - uiImage]->m_oPart);
+            }
+            aoFields.push_back({ GetMap(uiImage).GetField(uiField).m_eId,
+                                 GetPath(GetMap(uiImage), uiField),
+                                 GetBlockText(GetMap(uiImage), uiField) + GetModeText(uiImage, uiField),
+                                 auiFields,
+                                 { GetText(GetMap(0), auiFields[0]), GetText(GetMap(1), auiFields[1]) } });
         }
         DropMoved(aoFields);
         return aoFields;
@@ -268,6 +303,20 @@ private:
         const CZorEdidMap::SField& oGroup = GetMap(uiImage).GetField(uiGroup);
         const auto itRow = m_aoRows[uiImage].find({ oGroup.m_uiOffset, oGroup.m_eId });
         return itRow != m_aoRows[uiImage].end() ? itRow->second : nullptr;
+    }
+
+    // Of a field in a timing the mode: ", 3840 x 2160 @ 119.88 Hz"; empty for another field.
+    std::string GetModeText(size_t uiImage, unsigned int uiField) const
+    {
+        const CZorEdidMap& oMap = GetMap(uiImage);
+        for (unsigned int i = oMap.GetField(uiField).m_uiGroup; i != gsc_uiNone; i = oMap.GetField(i).m_uiGroup)
+        {
+            if (const SModeRow* poRow = FindRow(uiImage, i); poRow != nullptr)
+            {
+                return ", " + GetSizeText(poRow->m_oMode) + " @ " + GetShortRate(poRow->m_oMode) + " Hz";
+            }
+        }
+        return "";
     }
 
     // Of a group within a block also where nothing is left to be said of what it holds.
@@ -490,7 +539,7 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
     const auto fnValue = [](const std::string& sValue) { return sValue.empty() ? std::string("missing") : sValue; };
     for (const SFieldDifference& oField : oDiff.GetFields())
     {
-        sText += std::string(CZorEdidMap::GetId(oField.m_eId)) + " (" + oField.m_sPath +
+        sText += std::string(CZorEdidMap::GetId(oField.m_eId)) + " (" + oField.m_sPath + oField.m_sWhich +
                  "): " + fnValue(oField.m_asValues[0]) + " | " + fnValue(oField.m_asValues[1]) + "\n";
     }
     return sText;

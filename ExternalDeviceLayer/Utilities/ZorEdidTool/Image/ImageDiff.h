@@ -39,6 +39,8 @@ struct SFieldDifference
 {
     EZorEdidField m_eId;
     std::string m_sPath;
+    std::string
+        m_sWhich; // ", block 3" of an extension block, ", 3840 x 2160 @ 120 Hz" of a field in a timing; else empty
     std::array<unsigned int, 2> m_auiFields; // of the maps; msc_uiNone where an image does not have it
     std::array<std::string, 2> m_asValues;   // as text; "present" for a group without a summary, empty if it is missing
 };

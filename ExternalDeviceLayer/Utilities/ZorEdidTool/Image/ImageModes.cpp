@@ -51,6 +51,13 @@ private:
         return bFound ? static_cast<size_t>(itListed - m_aoListed.begin()) : m_aoListed.size();
     }
 
+    // The list has clocks of whole kHz, the 1000/1001 variant of a code the exact one.
+    static SZorMode MakeStrayMode(const STimingOrigin& oOrigin, const CVidParamTimingGeneric& oTiming)
+    {
+        const CExactTimings aoOfCode = oOrigin.m_bVariant != 0 ? FindTimingsOfVic(oOrigin.m_uiCode) : CExactTimings{};
+        return aoOfCode.size() > 1 ? aoOfCode.back().m_oMode : MakeListedMode(oTiming);
+    }
+
     // Those of aoOrigins that Number has found no row for.
     void AddStrays(CZorEdidMap::EList eList, const CTimingOrigins& aoOrigins)
     {
@@ -64,8 +71,8 @@ private:
             }
             m_abSeen[uiListed] = true;
             const unsigned int uiOffset = oOrigin.m_uiBlock * gsc_uiBlockSize + oOrigin.m_uiCodeByte;
-            m_aoStrays.push_back({ MakeListedMode(m_aoListed[uiListed].m_oTiming), eList, oOrigin.m_uiIndex, uiOffset,
-                                   DescribeListed(m_aui8Bytes[uiOffset], oOrigin.m_bVariant != 0) });
+            m_aoStrays.push_back({ MakeStrayMode(oOrigin, m_aoListed[uiListed].m_oTiming), eList, oOrigin.m_uiIndex,
+                                   uiOffset, DescribeListed(m_aui8Bytes[uiOffset], oOrigin.m_bVariant != 0) });
         }
     }
 

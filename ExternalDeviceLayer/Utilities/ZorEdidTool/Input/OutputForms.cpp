@@ -117,6 +117,11 @@ constexpr const char* gsc_apszOtherTexts[] = { ".cc",   ".cpp", ".csv",  ".css",
                                                ".json", ".log", ".md",   ".py",  ".reg", ".jsonl", ".rs",  ".svg",
                                                ".text", ".tsv", ".toml", ".txt", ".xml", ".yaml",  ".yml" };
 
+// Of packed files, pictures, documents and programs: the name promises another content.
+constexpr const char* gsc_apszOtherFiles[] = { ".7z",  ".a",    ".bmp",  ".bz2", ".exe", ".gif", ".gz",  ".jpeg",
+                                               ".jpg", ".o",    ".pdf",  ".png", ".rar", ".so",  ".tar", ".tgz",
+                                               ".tif", ".tiff", ".webp", ".xz",  ".zip", ".zst" };
+
 bool EndsWith(const std::string& sText, const char* pszEnding)
 {
     const size_t uiLength = strlen(pszEnding);
@@ -140,13 +145,16 @@ const SOutputForm* FindOutputForm(const std::string& sPath, std::string& sProble
     {
         return itForm;
     }
-    const auto itText = std::find_if(std::begin(gsc_apszOtherTexts), std::end(gsc_apszOtherTexts),
-                                     [&](const char* pszEnding) { return EndsWith(sPath, pszEnding); });
-    if (itText != std::end(gsc_apszOtherTexts))
+    for (const std::span<const char* const> aszEndings :
+         { std::span<const char* const>(gsc_apszOtherTexts), std::span<const char* const>(gsc_apszOtherFiles) })
     {
-        sProblem =
-            std::string("no form of an image has the ending ") + *itText + "; those written are " + ListEndings();
-        return nullptr;
+        const auto itEnding = std::ranges::find_if(aszEndings, [&](const char* psz) { return EndsWith(sPath, psz); });
+        if (itEnding != aszEndings.end())
+        {
+            sProblem =
+                std::string("no form of an image has the ending ") + *itEnding + "; those written are " + ListEndings();
+            return nullptr;
+        }
     }
     return std::begin(gsc_aoForms);
 }

@@ -202,7 +202,7 @@ std::vector<SDifference> ListFields(const CImageDiff& oDiff)
     std::vector<SDifference> aoFields;
     for (const SFieldDifference& oField : oDiff.GetFields())
     {
-        SDifference oDifference = { {}, oField.m_sPath, {} };
+        SDifference oDifference = { {}, oField.m_sPath + oField.m_sWhich, {} };
         for (size_t i = 0; i < 2; ++i)
         {
             const bool bPresent = oField.m_auiFields[i] != CZorEdidMap::msc_uiNone;
@@ -243,8 +243,10 @@ CHtml MakeDifferences(const SPage& oPage)
     AddList(oPage, "Modes", ListModes(oDiff), oLists);
     AddList(oPage, "Facts", ListFacts(oDiff), oLists);
     AddList(oPage, "Other fields", ListFields(oDiff), oLists);
-    oHtml << "<p>" << CountDifferentBytes(oPage) << " bytes differ. Modes only in A: " << oDiff.ListOnly(0).size()
-          << ", only in B: " << oDiff.ListOnly(1).size() << ".</p>\n";
+    const unsigned int uiBytes = CountDifferentBytes(oPage);
+    oHtml << "<p>" << uiBytes << SText{ uiBytes == 1 ? " byte differs" : " bytes differ" }
+          << ". Modes only in A: " << oDiff.ListOnly(0).size() << ", only in B: " << oDiff.ListOnly(1).size()
+          << ".</p>\n";
     if (oLists.IsEmpty())
     {
         return oHtml << "<p class=\"good\">Both say the same.</p>\n";

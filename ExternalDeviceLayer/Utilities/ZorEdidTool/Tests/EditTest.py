@@ -135,6 +135,8 @@ class Edits(unittest.TestCase):
         for image, arguments, reason in (
                 (listed_as_91, "--remove-standard 8", "byte db for VIC 91, by CTA-861-H it is VIC 219, which --remove-vic "
                  "219 removes; --as-listed removes it as the list has it"),
+                (cea("41dd"), "--remove-standard 7", "byte dd for VIC 93; CTA-861-H has no code 221; --remove-vic 221 or "
+                 "--as-listed removes the byte"),
                 (base(cvt % "ff1038"), "--remove 1360x1024@60", "CVT 3 byte timing code 0 prefers this rate and has others"),
                 (preference, "--remove-vic 16", "native resolution data block refers to its video code"),
                 (IMAGE, "--remove-vic 219", "the image has no VIC 219"),

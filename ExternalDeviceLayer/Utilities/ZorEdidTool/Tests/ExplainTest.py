@@ -215,7 +215,7 @@ class ExplainTest(ToolTest):
         self.assertIn("Only in the library's lists\n"
                       "  standard 7      3840 x 2160p @  24.000 Hz     297.000 MHz  "
                       "block 1 byte 0x05: the list takes byte dd for VIC 93\n"
-                      "  standard 8      3840 x 2160p @  23.976 Hz     296.703 MHz  ", out)
+                      "  standard 8      3840 x 2160p @  23.976 Hz  296.703297 MHz  ", out)
 
     def test_what_there_is_not(self):
         for arguments, reason in [

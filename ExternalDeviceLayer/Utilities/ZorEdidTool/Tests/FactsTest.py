@@ -207,7 +207,7 @@ class ShowTest(ToolTest):
         self.check(out, "less than a block")
         self.assertEqual(out.splitlines(), [
             "Image     127 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
-            "          error: cut short: a block has 128 bytes (block 0, Base block)",
+            "          error: cut short: a block has 128 bytes: 127 (block 0, Base block)",
             "Library   refuses the image: no EDID: 127 bytes, not a multiple of 128"])
         for path in sorted(os.listdir(CORPUS)) if CORPUS else []:
             if path.endswith(".bin"):
@@ -539,11 +539,18 @@ class ModesTest(ToolTest):
         # 1024 x 768 at 60, which byte 0x24 announces, too.
         old = change({0x36: "6419004041002630188836" + "00" + MONITOR[0x42:0x48].hex()})
         for name, first, second, expected in [
-            ("preferred DisplayID timing, which stands first", *section, ["displayid.timing.preferred"] * 2),
+            ("preferred DisplayID timing, which stands first", *section,
+             ["displayid.timing.preferred (Type I timing - detailed data block > Type I timing 0 > Preferred timing, 1920 x "
+              "1080 @ 60 Hz): yes | no", "displayid.timing.preferred"]),
             ("deep colours, of a flag each", with_blocks(TELEVISION), shallow,
              ["colour.bits.rgb: 8, 10, 12 | 8", "colour.hdmi_deep.bits: 10, 12 | none"]),
             ("a right checksum in a block with a finding", ranges, change({0x0C: "01"}, ranges),
              ["identity.serial_number: 145791 | 145665"]),
+            ("a wrong checksum beside a right one", MONITOR, change({0x7F: "13"}, fix=False),
+             ["checksum (Checksum): 0x12 | 0x13, should be 0x12"]),
+            ("extension blocks, of which the count says nothing new", with_blocks(TELEVISION, display_id(b"")),
+             with_blocks(TELEVISION, display_id(b""), display_id(b"")),
+             ["displayid (DisplayID extension block, block 3): missing | present"]),
             ("preferred mode, announced twice", old, change({0x24: "%02x" % (MONITOR[0x24] & ~8)}, MONITOR),
              ["preferred by A: 1024 x  768p @  60.004 Hz", "preferred by B: 1920 x 1080p", "only in A: 1024 x  768p"]),
         ]:

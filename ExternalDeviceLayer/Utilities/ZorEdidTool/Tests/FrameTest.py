@@ -303,9 +303,9 @@ class Files(FolderCase):
                 self.assertTrue(self.read("out" + ending).startswith(head), ending)
                 self.assertEqual(image, run("convert", self.path("out" + ending), "-o", "-")[1], ending)
 
-    def test_the_ending_of_another_text_is_refused(self):
+    def test_the_ending_of_another_format_is_refused(self):
         endings = ".bin .xxd .hex .c .h .b64 .base64 .dat"
-        for ending in ".json", ".TXT", ".html":
+        for ending in ".json", ".TXT", ".html", ".gz", ".PNG":
             out = self.path("out" + ending)
             reason = "zoredid: %s: no form of an image has the ending %s; those written are %s" % (out, ending.lower(), endings)
             self.assertEqual((3, b"", reason + " (--form writes one under any name)\n"), run("convert", MONITOR, "-o", out))

@@ -470,7 +470,7 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
     const SPage oPage = MakePageOf({ MakeEdid({ MakeCeaBlock() }), aui8Second });
     const std::string sFindings = MakeFindings(oPage).Get();
     const std::string sHtml = MakeDifferences(oPage).Get();
-    // Serial number, year, count of blocks, checksum, and all of the second block. It has two codes with partners and a
+    // Serial number, year, checksum, and all of the second block. It has two codes with partners and a
     // detailed timing; that the base block has one of these modes as well takes none away.
     EXPECT_TRUE(Has(sHtml, "<p>132 bytes differ. Modes only in A: 5, only in B: 0.</p>"));
     EXPECT_TRUE(Has(sHtml,
@@ -478,7 +478,8 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
                     "block 1: VIC 16"));
     EXPECT_TRUE(Has(sHtml, "<a href=\"#a12\">0x0c</a> <strong>identity.serial_number</strong> <span>A: 1</span> "
                            "<span>B: 9</span>"));
-    EXPECT_TRUE(Has(sHtml, "<strong>CTA-861 extension block</strong> <span>A: present</span> <span>B: missing</span>"));
+    EXPECT_TRUE(Has(
+        sHtml, "<strong>CTA-861 extension block, block 1</strong> <span>A: present</span> <span>B: missing</span>"));
     EXPECT_EQ(0U, Count(sHtml, "erial number</strong>")); // its fact says it
     EXPECT_EQ(0U, Count(sHtml, "Video data block"));
     EXPECT_TRUE(Has(sFindings, "<a href=\"#b17\">0x11</a> <span><strong>the year is in the future</strong>: found "

@@ -28,12 +28,13 @@ size_t GetEnd(const zoredid_image& oImage, size_t uiBegin)
 
 int Load(zoredid_image& oImage, unsigned int uiSize, const unsigned char* pui8Data)
 {
-    CZorEdidUtils::CByteArray& aui8Bytes = oImage.m_aui8Bytes;
+    CZorEdidUtils::CByteArray aui8Bytes; // the caller's may be the image's own
     aui8Bytes.SetCount(uiSize, -1);
     if (uiSize != 0)
     {
         memcpy(aui8Bytes.GetData(), pui8Data, uiSize);
     }
+    oImage.m_aui8Bytes = aui8Bytes;
     return uiSize != 0 ? 1 : 0;
 }
 
@@ -82,8 +83,13 @@ zoredid_status zoredid_image_load(zoredid_image* image, const void* data, size_t
     {
         return ZOREDID_ERROR_ARGUMENT;
     }
-    image->m_aui8Bytes.RemoveAll();
-    return ReadBytes(data, size, [&](auto uiSize, auto* pui8Data) { return Load(*image, uiSize, pui8Data); });
+    const zoredid_status status =
+        ReadBytes(data, size, [&](auto uiSize, auto* pui8Data) { return Load(*image, uiSize, pui8Data); });
+    if (status != ZOREDID_OK)
+    {
+        image->m_aui8Bytes.RemoveAll();
+    }
+    return status;
 }
 
 zoredid_status zoredid_image_open(zoredid_image* image, const char* path)

@@ -31,6 +31,16 @@ zoredid_status Set(zoredid_writer& oWriter, unsigned int uiField, const char* ps
     return status;
 }
 
+// A set that no field is asked for leaves no answer, as the last one is another field's.
+zoredid_status Fail(zoredid_writer* poWriter, zoredid_status status)
+{
+    if (poWriter != nullptr)
+    {
+        poWriter->m_oAnswer = {};
+    }
+    return status;
+}
+
 size_t GiveField(const zoredid_writer* writer, const CZorEdidWriter::CFields CZorEdidWriter::SAnswer::*pauiFields,
                  size_t index)
 {
@@ -66,19 +76,19 @@ zoredid_status zoredid_writer_read(zoredid_writer* writer, const void* data, siz
 zoredid_status zoredid_writer_set(zoredid_writer* writer, size_t index, const char* value)
 {
     const bool bGood = value != nullptr && index < zoredid_map_get_count(zoredid_writer_get_map(writer));
-    return bGood ? Set(*writer, static_cast<unsigned int>(index), value) : ZOREDID_ERROR_ARGUMENT;
+    return bGood ? Set(*writer, static_cast<unsigned int>(index), value) : Fail(writer, ZOREDID_ERROR_ARGUMENT);
 }
 
 zoredid_status zoredid_writer_set_by_id(zoredid_writer* writer, const char* id, size_t number, const char* value)
 {
     if (writer == nullptr || id == nullptr || value == nullptr)
     {
-        return ZOREDID_ERROR_ARGUMENT;
+        return Fail(writer, ZOREDID_ERROR_ARGUMENT);
     }
     const size_t index = zoredid_map_find(&writer->m_oMap, zoredid_id_find(id), number);
     if (index == ZOREDID_NONE)
     {
-        return ZOREDID_ERROR_NO_FIELD;
+        return Fail(writer, ZOREDID_ERROR_NO_FIELD);
     }
     return Set(*writer, writer->m_oMap.m_poMap->GetTextOf(static_cast<unsigned int>(index)), value);
 }

@@ -11,7 +11,8 @@
  *     zoredid_facts_free(facts);
  *
  * - An object belongs to the caller, who frees it. No object keeps a pointer to the bytes that it has read or to
- *   another object: they are freed in any order. An object may read again and again; what it said before is gone then.
+ *   another object: they are freed in any order. An object may read again and again, its own bytes, too; what it said
+ *   before is gone then.
  * - A null object, or one that has read nothing, answers as if nothing were said: 0, null, ZOREDID_NONE. An index that
  *   is not below its count does the same. An object that failed to read is as if it had read nothing.
  * - Texts are UTF-8, end with a NUL and have no other one. They belong to the library or to the object, as each
@@ -22,8 +23,8 @@
  * - Nothing is printed, and nothing is kept between calls but in objects. Objects may be used in any thread, each in
  *   one at a time; functions that take a const object may run in several.
  *
- * Layouts are those of VESA E-EDID 1.3 and 1.4, CTA-861-H with CTA-861.6, HDMI 1.4b and 2.1, DisplayID 1.3, 2.0 and
- * 2.1.
+ * The header is C89, C17, and C++ from C++11 on. Layouts are those of VESA E-EDID 1.3 and 1.4, CTA-861-H with
+ * CTA-861.6, HDMI 1.4b and 2.1, DisplayID 1.3, 2.0 and 2.1.
  */
 
 #ifndef ZOREDID_H
@@ -78,8 +79,9 @@ ZOREDID_API void zoredid_image_free(zoredid_image* image);
 /** Takes a copy of size bytes in any state. */
 ZOREDID_API zoredid_status zoredid_image_load(zoredid_image* image, const void* data, size_t size);
 /**
- * The same with the bytes of a file: a raw image, such as "/sys/class/drm/card0-HDMI-A-1/edid". Other forms (dumps, C
- * arrays) are read by the command alone. path is handed to the system as it is.
+ * The same with the bytes of a file: a raw image, such as "/sys/class/drm/card0-HDMI-A-1/edid", of 16 MiB at most;
+ * ZOREDID_ERROR_SIZE for more. Other forms (dumps, C arrays) are read by the command alone. path is handed to the
+ * system as it is.
  */
 ZOREDID_API zoredid_status zoredid_image_open(zoredid_image* image, const char* path);
 
@@ -768,6 +770,7 @@ ZOREDID_API size_t zoredid_modes_get_preferred(const zoredid_modes* modes);
 ZOREDID_API uint32_t zoredid_modes_get_width(const zoredid_modes* modes, size_t index);
 /** Lines of the frame; 0 where the field leaves it open. */
 ZOREDID_API uint32_t zoredid_modes_get_height(const zoredid_modes* modes, size_t index);
+/** 1 for an interlaced mode. */
 ZOREDID_API int zoredid_modes_is_interlaced(const zoredid_modes* modes, size_t index);
 /**
  * The exact rate in Hz, numerator / denominator: frames a second, of an interlaced mode fields. 60 is 148500000 /
@@ -783,6 +786,7 @@ ZOREDID_API int zoredid_modes_has_fraction(const zoredid_modes* modes, size_t in
 /** The clock of that, rounded to Hz; 0 without it. */
 ZOREDID_API uint64_t zoredid_modes_get_fraction_clock(const zoredid_modes* modes, size_t index);
 
+/** Where the mode comes from. */
 ZOREDID_API zoredid_mode_kind zoredid_modes_get_kind(const zoredid_modes* modes, size_t index);
 /** What it is, the kind says. */
 ZOREDID_API uint32_t zoredid_modes_get_code(const zoredid_modes* modes, size_t index);
@@ -792,10 +796,13 @@ ZOREDID_API uint32_t zoredid_modes_get_aspect_height(const zoredid_modes* modes,
 /** How often each pixel is sent: 1, also where several are allowed, or 2. */
 ZOREDID_API uint32_t zoredid_modes_get_repetition(const zoredid_modes* modes, size_t index);
 ZOREDID_API zoredid_blanking zoredid_modes_get_blanking(const zoredid_modes* modes, size_t index);
+/** Whether YCbCr 4:2:0 is offered, and whether nothing else is. */
 ZOREDID_API zoredid_mode_420 zoredid_modes_get_420(const zoredid_modes* modes, size_t index);
+/** Stereo that the field itself announces. */
 ZOREDID_API zoredid_stereo zoredid_modes_get_stereo(const zoredid_modes* modes, size_t index);
 /** Bit n: structure n of HDMI's 3D_Structure, 0 is frame packing; 0 for none. */
 ZOREDID_API uint32_t zoredid_modes_get_hdmi_3d(const zoredid_modes* modes, size_t index);
+/** 1 where the image says that the mode is native. */
 ZOREDID_API int zoredid_modes_is_native(const zoredid_modes* modes, size_t index);
 /** 1 for the most preferred mode, then 2 and so on; 0 without a preference. */
 ZOREDID_API uint32_t zoredid_modes_get_preference(const zoredid_modes* modes, size_t index);
@@ -900,7 +907,9 @@ ZOREDID_API const char* zoredid_map_get_name(const zoredid_map* map, size_t inde
 ZOREDID_API const char* zoredid_map_get_unit(const zoredid_map* map, size_t index);
 /** What the value means. Static; null without one. */
 ZOREDID_API const char* zoredid_map_get_meaning(const zoredid_map* map, size_t index);
+/** What the field is; ZOREDID_FIELD_KIND_UNKNOWN of an index that is too high. */
 ZOREDID_API zoredid_field_kind zoredid_map_get_kind(const zoredid_map* map, size_t index);
+/** What the field is about; ZOREDID_AREA_UNKNOWN of an index that is too high. */
 ZOREDID_API zoredid_area zoredid_map_get_area(const zoredid_map* map, size_t index);
 /** Of its first byte in the image. */
 ZOREDID_API size_t zoredid_map_get_offset(const zoredid_map* map, size_t index);
@@ -920,9 +929,9 @@ ZOREDID_API size_t zoredid_map_get_number_in_group(const zoredid_map* map, size_
  */
 ZOREDID_API int zoredid_map_get_number(const zoredid_map* map, size_t index, int64_t* number, unsigned int* decimals);
 /**
- * The value as text: "60 Hz", "2.20", "DisplayPort", "00 0c 03"; of a group a summary or nothing. Returns its bytes
- * without the NUL, whatever the room. buffer gets what size bytes have room for, with a NUL and no character in half;
- * null is allowed where size is 0.
+ * The value as text: "60 Hz", "2.20", "DisplayPort", "00 0c 03"; of a group a summary, with '.' for each character
+ * that is not ASCII, or nothing. Returns its bytes without the NUL, whatever the room. buffer gets what size bytes have
+ * room for, with a NUL and no character in half; null is allowed where size is 0.
  */
 ZOREDID_API size_t zoredid_map_get_value(const zoredid_map* map, size_t index, char* buffer, size_t size);
 
@@ -1050,7 +1059,8 @@ ZOREDID_API zoredid_status zoredid_writer_set_by_id(zoredid_writer* writer, cons
 
 /*
  * The answer to the last set. It belongs to the writer until the next one, or until it reads; lengths may be null. All
- * are empty, and the counts 0, where there was none.
+ * are empty, and the counts 0, where there was none and after a set that names no field or no value. Texts have '.' for
+ * each character that is not ASCII.
  */
 
 /** 1 where the field reads as asked; 0 where the nearest value took its place, and after a refusal. */

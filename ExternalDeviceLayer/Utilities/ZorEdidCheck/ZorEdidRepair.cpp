@@ -162,19 +162,20 @@ private:
 
 int CZorEdidRepair::Read(unsigned int uiSize, const unsigned char* pui8Data)
 {
-    m_aui8Data.RemoveAll();
-    m_aoRepairs.RemoveAll();
     constexpr unsigned int uiMost = 0x7FFFFFFF;
-    if (uiSize == 0 || uiSize > uiMost || pui8Data == nullptr)
+    const bool bGood = uiSize != 0 && uiSize <= uiMost && pui8Data != nullptr;
+    CMArray<unsigned char, const unsigned char&> aui8Data; // the caller's may be those of the last repair
+    aui8Data.SetCount(bGood ? uiSize : 0, -1);
+    if (bGood && aui8Data.GetCount() == uiSize)
+    {
+        memcpy(aui8Data.GetData(), pui8Data, uiSize);
+    }
+    m_aoRepairs.RemoveAll();
+    m_aui8Data = aui8Data;
+    if (!bGood || m_aui8Data.GetCount() != uiSize)
     {
         return 0;
     }
-    m_aui8Data.SetCount(uiSize, -1);
-    if (m_aui8Data.GetCount() != uiSize)
-    {
-        return 0;
-    }
-    memcpy(m_aui8Data.GetData(), pui8Data, uiSize);
     // A count that is right now may show others that are wrong.
     constexpr unsigned int uiMostRounds = 3;
     for (unsigned int i = 0, uiBefore = 0; i == 0 || (i < uiMostRounds && m_aoRepairs.GetCount() != uiBefore); ++i)

@@ -468,6 +468,31 @@ const char* walk_tables(void)
     return broken;
 }
 
+/* Objects are given their own bytes. */
+static void read_own(const objects* all)
+{
+    size_t size = 0, same = 0, i, sum = 0, after = 0;
+    zoredid_status status;
+    const unsigned char* bytes;
+    const size_t count = zoredid_image_get_count(all->image);
+    bytes = zoredid_image_get_edid(all->image, count - 1, &size);
+    for (i = 0; i < size; ++i)
+        sum += bytes[i] * (i + 1);
+    status = zoredid_image_load(all->image, bytes, size);
+    bytes = zoredid_image_get_data(all->image, &same);
+    for (i = 0; i < same; ++i)
+        after += bytes[i] * (i + 1);
+    require(status != ZOREDID_OK || (same == size && after == sum), "an image takes its own bytes");
+    bytes = zoredid_repair_get_data(all->repair, &size);
+    status = zoredid_repair_read(all->repair, bytes, size);
+    zoredid_repair_get_data(all->repair, &same);
+    require(status != ZOREDID_OK || same == size, "a repair takes its own bytes");
+    bytes = zoredid_map_get_data(all->map, &size);
+    zoredid_map_read(all->map, bytes, size);
+    bytes = zoredid_writer_get_data(all->writer, &size);
+    zoredid_writer_read(all->writer, bytes, size);
+}
+
 static void walk(const objects* all)
 {
     walk_image(all->image);
@@ -529,6 +554,8 @@ const char* walk_interface(const unsigned char* data, size_t size, unsigned int 
     if (order % 8 == 0)
         make(data, size, order / 8);
     free_some(&all, order);
+    walk(&all);
+    read_own(&all);
     walk(&all);
     read_all(&all, NULL, size);
     read_all(&all, data, size / 2);

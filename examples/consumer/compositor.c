@@ -1,15 +1,50 @@
 /* What a compositor asks of a monitor: compositor FILE */
 
+#include <errno.h>
 #include <inttypes.h>
 #include <stdio.h>
+#include <string.h>
 #include <zoredid.h>
 
-static void print_mode(const zoredid_modes* modes, size_t mode)
+static void print_preferred(const zoredid_modes* modes)
 {
-    const double rate =
-        (double)zoredid_modes_get_rate_numerator(modes, mode) / (double)zoredid_modes_get_rate_denominator(modes, mode);
-    printf("%" PRIu32 " x %" PRIu32 "%s @ %.3f Hz\n", zoredid_modes_get_width(modes, mode),
-           zoredid_modes_get_height(modes, mode), zoredid_modes_is_interlaced(modes, mode) ? "i" : "", rate);
+    const size_t mode = zoredid_modes_get_preferred(modes);
+    const uint64_t denominator = zoredid_modes_get_rate_denominator(modes, mode);
+    if (mode == ZOREDID_NONE)
+    {
+        printf("no preferred mode\n");
+        return;
+    }
+    printf("preferred %" PRIu32 " x %" PRIu32 "%s", zoredid_modes_get_width(modes, mode),
+           zoredid_modes_get_height(modes, mode), zoredid_modes_is_interlaced(modes, mode) ? "i" : "");
+    if (denominator != 0) /* else the image leaves the rate open */
+        printf(" @ %.3f Hz", (double)zoredid_modes_get_rate_numerator(modes, mode) / (double)denominator);
+    printf("\n");
+}
+
+static void print_facts(const zoredid_facts* facts)
+{
+    /* What is not said leaves the number as it is. */
+    int64_t eotfs = 0, spaces = 0, least = 0, most = 0, columns = 1, rows = 1;
+    double luminance = 0;
+
+    zoredid_facts_get_number(facts, ZOREDID_FACT_EOTFS, &eotfs);
+    printf("HDR10: %s", eotfs & ZOREDID_EOTF_PQ ? "yes" : "no");
+    if (zoredid_facts_get_real(facts, ZOREDID_FACT_CONTENT_MAX_LUMINANCE, &luminance))
+        printf(", %.0f cd/m2", luminance);
+    zoredid_facts_get_number(facts, ZOREDID_FACT_COLORIMETRY, &spaces);
+    printf("\nBT.2020 RGB: %s\n", spaces & ZOREDID_COLORIMETRY_BT2020RGB ? "yes" : "no");
+    if (zoredid_facts_get_number(facts, ZOREDID_FACT_VRR_MIN, &least))
+    {
+        printf("VRR: %" PRId64 " Hz to ", least);
+        if (zoredid_facts_get_number(facts, ZOREDID_FACT_VRR_MAX, &most))
+            printf("%" PRId64 " Hz\n", most);
+        else
+            printf("the rate of the mode\n");
+    }
+    zoredid_facts_get_number(facts, ZOREDID_FACT_TILE_COLUMNS, &columns);
+    zoredid_facts_get_number(facts, ZOREDID_FACT_TILE_ROWS, &rows);
+    printf("tiles: %" PRId64 " x %" PRId64 "\n", columns, rows);
 }
 
 int main(int count, char** arguments)
@@ -19,8 +54,7 @@ int main(int count, char** arguments)
     zoredid_modes* modes = zoredid_modes_create();
     size_t size = 0;
     const unsigned char* data;
-    int64_t eotfs = 0, spaces = 0, least = 0, most = 0, columns = 1, rows = 1;
-    double width = 0, height = 0, luminance = 0;
+    double width = 0, height = 0;
     const char* name;
 
     zoredid_status status = zoredid_image_open(image, count == 2 ? arguments[1] : NULL);
@@ -34,27 +68,16 @@ int main(int count, char** arguments)
         name = zoredid_facts_get_text(facts, ZOREDID_FACT_NAME, NULL);
         zoredid_facts_get_real(facts, ZOREDID_FACT_WIDTH, &width);
         zoredid_facts_get_real(facts, ZOREDID_FACT_HEIGHT, &height);
-        printf("%s: %.0f x %.0f mm, %u modes, preferred ", name != NULL ? name : "no name", width, height,
+        printf("%s: %.0f x %.0f mm, %u modes, ", name != NULL ? name : "no name", width, height,
                (unsigned int)zoredid_modes_get_count(modes));
-        print_mode(modes, zoredid_modes_get_preferred(modes));
-
-        /* What is not said leaves the number as it is. */
-        zoredid_facts_get_number(facts, ZOREDID_FACT_EOTFS, &eotfs);
-        zoredid_facts_get_real(facts, ZOREDID_FACT_CONTENT_MAX_LUMINANCE, &luminance);
-        printf("HDR10: %s, %.0f cd/m2\n", eotfs & ZOREDID_EOTF_PQ ? "yes" : "no", luminance);
-        zoredid_facts_get_number(facts, ZOREDID_FACT_COLORIMETRY, &spaces);
-        printf("BT.2020 RGB: %s\n", spaces & ZOREDID_COLORIMETRY_BT2020RGB ? "yes" : "no");
-        if (zoredid_facts_get_number(facts, ZOREDID_FACT_VRR_MIN, &least))
-        {
-            zoredid_facts_get_number(facts, ZOREDID_FACT_VRR_MAX, &most);
-            printf("VRR: %" PRId64 " to %" PRId64 " Hz\n", least, most);
-        }
-        zoredid_facts_get_number(facts, ZOREDID_FACT_TILE_COLUMNS, &columns);
-        zoredid_facts_get_number(facts, ZOREDID_FACT_TILE_ROWS, &rows);
-        printf("tiles: %" PRId64 " x %" PRId64 "\n", columns, rows);
+        print_preferred(modes);
+        print_facts(facts);
     }
+    else if (count != 2)
+        fprintf(stderr, "usage: compositor FILE\n");
     else
-        fprintf(stderr, "%s\n", zoredid_status_get_text(status));
+        fprintf(stderr, "%s: %s\n", arguments[1],
+                status == ZOREDID_ERROR_FILE ? strerror(errno) : zoredid_status_get_text(status));
     zoredid_modes_free(modes);
     zoredid_facts_free(facts);
     zoredid_image_free(image);

@@ -71,6 +71,7 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${documents}/triggers)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/ExternalDeviceLayer) # one needs the other
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${debian_version})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS zoredid) # the pages of docs/ are in it
 
 if(TARGET zoredid_python)
   zor_debian_package(python python3-zoredid python "EDID data of monitors for Python"

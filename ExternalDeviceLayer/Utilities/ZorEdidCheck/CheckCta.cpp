@@ -42,6 +42,28 @@ void CheckFlags(CFindings& oFindings)
     });
 }
 
+// Audio in DisplayID sections is audio of the display that the CTA-861 blocks must know of. Of audio in a CTA-861 block
+// the map has a note.
+void CheckBasicAudio(CFindings& oFindings)
+{
+    const unsigned int uiCta = oFindings.FindFirstBlock(gsc_uiCtaTag);
+    if (uiCta == 0 || Cta::gsc_oBasicAudio.IsSet(oFindings.GetAt(uiCta)))
+    {
+        return;
+    }
+    oFindings.ForEachBlock(gsc_uiDisplayIdTag, [&](unsigned int uiBlock) {
+        for (const EZorEdidField eId : { eZorEdidField_CtaAudio, eZorEdidField_CtaSpeakers })
+        {
+            const unsigned int uiField = oFindings.FindField(uiBlock, eId);
+            if (uiField != CMap::msc_uiNone)
+            {
+                oFindings.Add(uiField, eZorEdidRule_CtaBasicAudio);
+                return;
+            }
+        }
+    });
+}
+
 // HDMI 2.1 has a bit for it; sinks of HDMI 2.0 may have the codes without it.
 void CheckUhdCodes(CFindings& oFindings, unsigned int uiBlock)
 {
@@ -148,6 +170,7 @@ void CheckCta(CFindings& oFindings)
 {
     CheckFirstExtension(oFindings);
     CheckFlags(oFindings);
+    CheckBasicAudio(oFindings);
     oFindings.ForEachBlock(gsc_uiCtaTag, [&](unsigned int uiBlock) {
         CheckUnderscan(oFindings, uiBlock);
         CheckUhdCodes(oFindings, uiBlock);

@@ -52,10 +52,16 @@ private:
 
 // ---- Display range limits ----
 
+// The clock alone, by less than its unit, weighs nothing.
+bool IsClockRounded(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
+{
+    return Descriptors::IsPixelClockRounded(oLimits, oMode.m_ullClock / gsc_ullHzPerKiloHz);
+}
+
 bool IsBeyond(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
 {
     const unsigned long long ullClock = oMode.m_ullClock / gsc_ullHzPerKiloHz;
-    return Descriptors::IsPixelClockBeyond(oLimits, ullClock) ||
+    return (Descriptors::IsPixelClockBeyond(oLimits, ullClock) && !IsClockRounded(oMode, oLimits)) ||
            Descriptors::IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) ||
            Descriptors::IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor);
 }
@@ -73,17 +79,20 @@ void CheckRangeLimits(CFindings& oFindings)
         }
         const Descriptors::SRangeLimits oLimits = Descriptors::ReadRangeLimits(oFindings.GetAt(uiOffset), uiRevision);
         CBreaches oBreaches;
+        bool bWeight = false;
         oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
             const bool bNoted =
                 oEntry.m_oMode.m_eKind == SZorMode::eModeKind_Detailed && oEntry.m_uiOffset < gsc_uiBlockSize;
             if (!bNoted && oEntry.m_oMode.m_bTiming && oEntry.m_oMode.m_oHorizontal.m_uiTotal != 0 &&
-                IsBeyond(oEntry.m_oMode, oLimits))
+                (IsBeyond(oEntry.m_oMode, oLimits) || IsClockRounded(oEntry.m_oMode, oLimits)))
             {
+                bWeight = bWeight || IsBeyond(oEntry.m_oMode, oLimits);
                 oBreaches.Add(oEntry.m_oMode);
             }
         });
         oBreaches.Report(oFindings, oFindings.FindGroup(uiOffset), eZorEdidRule_ModeBeyondLimits,
-                         uiRevision < gsc_uiVideoInputRevision ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
+                         bWeight && uiRevision < gsc_uiVideoInputRevision ? CMap::eSeverity_Warning
+                                                                          : CMap::eSeverity_Note);
         return;
     }
 }
@@ -229,9 +238,14 @@ void CheckReferences(CFindings& oFindings)
     });
 }
 
-// HDMI's own codes 1 to 4 have codes of CTA-861 since, which sources of today look for.
+// HDMI's own codes 1 to 4 have codes of CTA-861 since, which sources of today look for. Sinks without a data block of
+// the HDMI Forum are of HDMI 1.4, which had no others.
 void CheckHdmiCodes(CFindings& oFindings)
 {
+    bool bForum = false;
+    oFindings.ForEachBlock(gsc_uiCtaTag, [&](unsigned int uiBlock) {
+        bForum = bForum || oFindings.FindField(uiBlock, eZorEdidField_CtaHdmiForum) != CMap::msc_uiNone;
+    });
     bool abHas[std::size(gsc_aoHdmiCodes)] = {};
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const auto* poCode = std::ranges::find(gsc_aoHdmiCodes, oEntry.m_oMode.m_uiCode, &SHdmiCode::m_ui8VideoCode);
@@ -246,7 +260,8 @@ void CheckHdmiCodes(CFindings& oFindings)
         if (poCode != nullptr && !abHas[poCode - gsc_aoHdmiCodes])
         {
             SZorFinding& oFinding =
-                oFindings.Add(oFindings.GetMap().FindLeaf(oEntry.m_uiOffset, 0), eZorEdidRule_HdmiCodeAlone);
+                oFindings.Add(oFindings.GetMap().FindLeaf(oEntry.m_uiOffset, 0), eZorEdidRule_HdmiCodeAlone,
+                              bForum ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
             oFinding.m_sFound.Format("HDMI VIC %u", uiCode);
             oFinding.m_sExpected.Format("VIC %u as well", 0U + poCode->m_ui8VideoCode);
         }

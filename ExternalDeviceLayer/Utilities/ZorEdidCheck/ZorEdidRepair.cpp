@@ -10,6 +10,7 @@
 #include "EdidUtils.h"
 #include "Standards/ExtensionBlocks.h"
 #include "Standards/Modes.h"
+#include "ZorEdidCheck.h"
 #include "ZorEdidMap.h"
 
 namespace
@@ -31,18 +32,28 @@ constexpr SFill gsc_aoFills[] = {
     { eZorEdidRule_DisplayIdFiller, 0 },
 };
 
+// How much is repaired at most.
+enum ERepairs
+{
+    eRepairs_All,
+    eRepairs_NoCounts, // a count may take in blocks that contradict others
+    eRepairs_Sums,
+    eRepairs_None
+};
+
 class CRepairs
 {
 public:
-    CRepairs(CMArray<unsigned char, const unsigned char&>& aui8Data, CMArray<SZorRepair, const SZorRepair&>& aoRepairs)
-        : m_aui8Data(aui8Data), m_aoRepairs(aoRepairs)
+    CRepairs(CMArray<unsigned char, const unsigned char&>& aui8Data, CMArray<SZorRepair, const SZorRepair&>& aoRepairs,
+             ERepairs eMost)
+        : m_aui8Data(aui8Data), m_aoRepairs(aoRepairs), m_eMost(eMost)
     {
         m_oMap.Read(m_aui8Data.GetCount(), m_aui8Data.GetData());
     }
 
     void RepairNotes()
     {
-        for (unsigned int i = 0; i < m_oMap.GetNoteCount(); ++i)
+        for (unsigned int i = 0; i < m_oMap.GetNoteCount() && m_eMost < eRepairs_Sums; ++i)
         {
             const CZorEdidMap::SNote& oNote = m_oMap.GetNote(i);
             const CZorEdidMap::SField& oField = m_oMap.GetField(oNote.m_uiField);
@@ -55,11 +66,11 @@ public:
             {
                 Fill(oNote.m_eRule, oField.m_uiOffset, gsc_uiStandardTimingSize, gsc_uiUnusedStandard);
             }
-            else if (oNote.m_eRule == eZorEdidRule_BlocksMissing || oNote.m_eRule == eZorEdidRule_BlockNotCounted)
+            else if (oNote.m_eRule == eZorEdidRule_BlockNotCounted && m_eMost == eRepairs_All)
             {
                 RepairBlockCount(oNote.m_eRule);
             }
-            else if (oNote.m_eRule == eZorEdidRule_DisplayIdSections)
+            else if (oNote.m_eRule == eZorEdidRule_DisplayIdSections && m_eMost == eRepairs_All)
             {
                 RepairSectionCount(oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize);
             }
@@ -125,7 +136,7 @@ private:
                CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, pui8Block) == 0;
     }
 
-    // Bytes that are no whole block may be the rest of an image that was cut: then the count may be right.
+    // Only upwards: where blocks are missing, the dump was cut or the count is wrong, and no byte says which.
     void RepairBlockCount(EZorEdidRule eRule)
     {
         const unsigned int uiPresent = m_oMap.GetSize() / gsc_uiBlockSize - 1;
@@ -157,6 +168,60 @@ private:
     CZorEdidMap m_oMap; // of the bytes before this round
     CMArray<unsigned char, const unsigned char&>& m_aui8Data;
     CMArray<SZorRepair, const SZorRepair&>& m_aoRepairs;
+    ERepairs m_eMost;
+};
+
+void Repair(CMArray<unsigned char, const unsigned char&>& aui8Data, CMArray<SZorRepair, const SZorRepair&>& aoRepairs,
+            ERepairs eMost)
+{
+    // A count that is right now may show others that are wrong.
+    constexpr unsigned int uiMostRounds = 3;
+    for (unsigned int i = 0, uiBefore = 0; i == 0 || (i < uiMostRounds && aoRepairs.GetCount() != uiBefore); ++i)
+    {
+        uiBefore = aoRepairs.GetCount();
+        CRepairs oRepairs(aui8Data, aoRepairs, eMost);
+        oRepairs.RepairNotes();
+        oRepairs.RepairChecksums();
+    }
+}
+
+// The findings of an image in any year. Those on what the library reads follow from the checksums.
+class CFound
+{
+public:
+    CFound(unsigned int uiSize, const unsigned char* pui8Data)
+    {
+        constexpr unsigned int uiAnyYear = 0xFFFF;
+        CZorEdidMap oMap;
+        oMap.Read(uiSize, pui8Data);
+        m_oCheck.Read(oMap, uiAnyYear);
+    }
+    bool HasAllOf(const CFound& oOther) const
+    {
+        for (unsigned int i = 0; i < oOther.m_oCheck.GetCount(); ++i)
+        {
+            if (!IsZorEdidRuleOfLibrary(oOther.m_oCheck.Get(i).m_eRule) && !Has(oOther.m_oCheck.Get(i)))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+
+private:
+    bool Has(const SZorFinding& oFinding) const
+    {
+        for (unsigned int i = 0; i < m_oCheck.GetCount(); ++i)
+        {
+            if (m_oCheck.Get(i).m_eRule == oFinding.m_eRule && m_oCheck.Get(i).m_uiOffset == oFinding.m_uiOffset)
+            {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    CZorEdidCheck m_oCheck;
 };
 } // namespace
 
@@ -176,14 +241,21 @@ int CZorEdidRepair::Read(unsigned int uiSize, const unsigned char* pui8Data)
     {
         return 0;
     }
-    // A count that is right now may show others that are wrong.
-    constexpr unsigned int uiMostRounds = 3;
-    for (unsigned int i = 0, uiBefore = 0; i == 0 || (i < uiMostRounds && m_aoRepairs.GetCount() != uiBefore); ++i)
+    Repair(m_aui8Data, m_aoRepairs, eRepairs_All);
+    if (m_aoRepairs.GetCount() != 0)
     {
-        uiBefore = m_aoRepairs.GetCount();
-        CRepairs oRepairs(m_aui8Data, m_aoRepairs);
-        oRepairs.RepairNotes();
-        oRepairs.RepairChecksums();
+        // Less is repaired where a repair would cause what was not found before.
+        const CFound oBefore(uiSize, aui8Data.GetData());
+        for (unsigned int i = eRepairs_NoCounts; !oBefore.HasAllOf(CFound(uiSize, m_aui8Data.GetData())); ++i)
+        {
+            memcpy(m_aui8Data.GetData(), aui8Data.GetData(), uiSize);
+            m_aoRepairs.RemoveAll();
+            if (i == eRepairs_None)
+            {
+                break;
+            }
+            Repair(m_aui8Data, m_aoRepairs, static_cast<ERepairs>(i));
+        }
     }
     SZorRepair* poFirst = m_aoRepairs.GetData();
     std::sort(poFirst, poFirst + m_aoRepairs.GetCount(),

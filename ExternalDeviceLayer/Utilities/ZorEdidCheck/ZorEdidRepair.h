@@ -1,5 +1,6 @@
 /// Makes right what is wrong in an EDID image and has one right answer: checksums, counts of blocks, and bytes that say
-/// nothing but have a value that the standards fix. What an image announces is left as it is.
+/// nothing but have a value that the standards fix. What an image announces is left as it is, and nothing is repaired
+/// that would cause a finding that was not there.
 
 #pragma once
 
@@ -26,10 +27,10 @@ public:
 
     /// Repairs a copy of uiSize bytes, which keep their number:
     ///   - checksums of the blocks that are counted, and of their DisplayID sections
-    ///   - the number of extension blocks, where whole blocks with right checksums and known tags are not counted, or
-    ///     fewer follow than are counted
+    ///   - the number of extension blocks, where whole blocks with right checksums and known tags are not counted;
+    ///     where fewer follow than are counted, it stays: an image that was cut has its right count
     ///   - the number of further DisplayID sections in the first one
-    ///   - padding, line feeds and blanks that end texts, unused standard timings, descriptors that are all zeros
+    ///   - padding, line feeds and blanks that end texts, unused standard timings
     /// A checksum is right again after any of these. Returns 1; 0 when uiSize is 0 or above INT_MAX, or pui8Data is
     /// null, and then there are no bytes. When memory runs out, the result means nothing until the next Read.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);

@@ -379,7 +379,10 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
     {
         if (IsDetailed(oBlock, i))
         {
-            oWriter.AddNote(puiFields[i], CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits), eSeverity);
+            const EZorEdidRule eRule = CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits);
+            const bool bRounded =
+                eRule == eZorEdidRule_RangePixelClock && IsClockRounded(GetDescriptor(oBlock, i), oLimits);
+            oWriter.AddNote(puiFields[i], eRule, bRounded ? CZorEdidMap::eSeverity_Note : eSeverity);
         }
     }
 }
@@ -397,6 +400,29 @@ void NoteSizes(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
         {
             oWriter.AddNote(oWriter.FindLeaf(uiOffset + DescriptorOffset(i) + uiImageWidthOffset, 0),
                             eZorEdidRule_ImageSize);
+        }
+    }
+}
+
+// A name of blanks alone is there, but names nothing.
+bool IsBlankText(const CRecord& oDescriptor)
+{
+    constexpr unsigned char ui8LineFeed = 0x0A;
+    unsigned int i = Descriptors::gsc_uiContentsOffset;
+    while (i < gsc_uiMapDescriptorSize && oDescriptor.GetByte(i) == ' ')
+    {
+        ++i;
+    }
+    return i == gsc_uiMapDescriptorSize || oDescriptor.GetByte(i) == ui8LineFeed;
+}
+
+void NoteEmptyName(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
+{
+    for (unsigned int i = 0; i < gsc_uiDescriptorCount; ++i)
+    {
+        if (IsRevision3(oBlock) && IsTagged(oBlock, i, gsc_ui8TagName) && IsBlankText(GetDescriptor(oBlock, i)))
+        {
+            oWriter.AddNote(puiFields[i], eZorEdidRule_NameEmpty);
         }
     }
 }
@@ -489,6 +515,7 @@ void MapBaseBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLen
         NoteRanges(oWriter, oBlock, auiFields);
         NoteSizes(oWriter, oBlock, uiOffset);
         NoteMissing(oWriter, oBlock, uiField);
+        NoteEmptyName(oWriter, oBlock, auiFields);
     }
     oWriter.AddLeaf(gsc_oExtensionCountRow, eArea_Structure, uiOffset, uiLength);
     NoteBlockMap(oWriter, oBlock, uiOffset + gsc_uiExtensionCountOffset);

@@ -167,7 +167,7 @@ constexpr STable gsc_oStringTable = { eId_BaseString, "Alphanumeric data string"
 constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", eArea_Identity, {}, FormatText };
 
 // Of the text alone. One that fills its 13 bytes needs no line feed; more than half of it blank, it is a shorter one
-// that lacks its line feed.
+// that lacks its line feed; all of it blank, it is none.
 EZorEdidRule CheckText(const CRecord& oRecord, unsigned int)
 {
     for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
@@ -183,9 +183,9 @@ EZorEdidRule CheckText(const CRecord& oRecord, unsigned int)
         ++uiBlanks;
     }
     const bool bFull = oRecord.GetSize() == gsc_uiTextLength;
-    return bFull && uiBlanks > gsc_uiTextLength / 2 ? eZorEdidRule_TextEnd
-           : bFull && uiBlanks > 1                  ? eZorEdidRule_TextBlanks
-                                                    : eZorEdidRule_None;
+    return bFull && uiBlanks > gsc_uiTextLength / 2 && uiBlanks < gsc_uiTextLength ? eZorEdidRule_TextEnd
+           : bFull && uiBlanks > 1                                                 ? eZorEdidRule_TextBlanks
+                                                                                   : eZorEdidRule_None;
 }
 
 constexpr SRow gsc_oTextRow = { eId_BaseDescriptorText, RunToEnd(0), "Text", Text(), nullptr, CheckText };
@@ -686,7 +686,8 @@ EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLim
 {
     const unsigned long long ullClock = oTiming.Get(gsc_oPixelClock); // 10 kHz
     const unsigned long long ullWidth = GetTotalWidth(oTiming);
-    if (IsPixelClockBeyond(oLimits, ullClock * gsc_uiKiloHzPerClockUnit))
+    const bool bClockBeyond = IsPixelClockBeyond(oLimits, ullClock * gsc_uiKiloHzPerClockUnit);
+    if (bClockBeyond && !IsClockRounded(oTiming, oLimits))
     {
         return eZorEdidRule_RangePixelClock;
     }
@@ -694,9 +695,16 @@ EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLim
     {
         return eZorEdidRule_RangeLineRate;
     }
-    return IsFieldRateBeyond(oLimits, ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming))
-               ? eZorEdidRule_RangeFieldRate
-               : eZorEdidRule_None;
+    if (IsFieldRateBeyond(oLimits, ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming)))
+    {
+        return eZorEdidRule_RangeFieldRate;
+    }
+    return bClockBeyond ? eZorEdidRule_RangePixelClock : eZorEdidRule_None;
+}
+
+bool IsClockRounded(const CRecord& oTiming, const SRangeLimits& oLimits)
+{
+    return IsPixelClockRounded(oLimits, oTiming.Get(gsc_oPixelClock) * gsc_uiKiloHzPerClockUnit);
 }
 
 bool IsImageFarFrom(const CRecord& oTiming, unsigned int uiWidth, unsigned int uiHeight)

@@ -85,6 +85,8 @@ constexpr STable gsc_oSection = { eId_DisplayidSection, "DisplayID section", eAr
                                   SectionText };
 
 constexpr SRow gsc_oSectionChecksum = ChecksumRow(eId_DisplayidSectionChecksum, "Section checksum");
+constexpr SRest gsc_oFillerBehind = { eId_Padding, "Filler", CZorEdidMap::eKind_Reserved,
+                                      eZorEdidRule_DisplayIdFiller };
 constexpr SRow gsc_oFiller = { eId_Padding, RunToEnd(0), "Filler", Filler(0, eZorEdidRule_DisplayIdFiller) };
 
 // ---- Which data blocks there are ----
@@ -299,7 +301,7 @@ void MapDisplayIdBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int 
         MapSection(oWriter, uiOffset + gsc_uiSectionOffset,
                    std::min(uiLength - gsc_uiSectionOffset, gsc_uiLargestSection));
     }
-    oWriter.EndBlock(gsc_oFillerRest);
+    oWriter.EndBlock(gsc_oFillerBehind);
 }
 
 bool FindDisplayIdHead(EZorEdidField eId, unsigned int uiVersion, SDataBlockHead& oHead)

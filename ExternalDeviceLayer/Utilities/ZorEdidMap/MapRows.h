@@ -218,6 +218,7 @@ struct SRest
     EZorEdidField m_eId;
     const char* m_pszName;
     CZorEdidMap::EKind m_eKind; // eKind_Reserved, with a note where it is not 0, or eKind_Unknown
+    EZorEdidRule m_eNotZero = eZorEdidRule_ReservedBits;
 };
 inline constexpr SRest gsc_oReservedRest = { eId_Reserved, "Reserved", CZorEdidMap::eKind_Reserved };
 inline constexpr SRest gsc_oPaddingRest = { eId_Padding, "Padding", CZorEdidMap::eKind_Reserved };

@@ -121,6 +121,8 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_RangeRequiredContinuous, CMap::eSeverity_Warning, "base.range-limits.missing-continuous",
       "a continuous frequency display requires display range limits", "E-EDID 1.4, 3.6.4",
       "The display claims any mode within its limits, and gives none: sources offer no computed mode." },
+    { eZorEdidRule_NameEmpty, CMap::eSeverity_Warning, "base.name.empty", "the display product name is empty",
+      "E-EDID 1.3", "Users see a code of the maker, or nothing, in place of a name." },
 
     // ---- Descriptors of 18 bytes ----
     { eZorEdidRule_TimingSize, CMap::eSeverity_Warning, "base.detailed.size", "0 is no size", "E-EDID 1.4, 3.10.2",
@@ -582,4 +584,11 @@ const SZorEdidRule* FindZorEdidRule(const char* pszId)
         }
     }
     return nullptr;
+}
+
+bool IsZorEdidRuleOfLibrary(EZorEdidRule eRule)
+{
+    constexpr char szIds[] = "library.";
+    const SZorEdidRule* poRule = FindZorEdidRule(eRule);
+    return poRule != nullptr && strncmp(poRule->m_pszId, szIds, sizeof(szIds) - 1) == 0;
 }

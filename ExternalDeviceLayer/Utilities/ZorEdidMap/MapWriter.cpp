@@ -510,7 +510,7 @@ void CMapWriter::AddRest(const SRest& oRest, unsigned int uiOffset, unsigned int
     }
     if (oRest.m_eKind == CZorEdidMap::eKind_Reserved && uiSet != 0)
     {
-        AddNote(uiField, eZorEdidRule_ReservedBits);
+        AddNote(uiField, oRest.m_eNotZero);
     }
 }
 

@@ -52,6 +52,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_RangeRequired = 52,
     eZorEdidRule_NameRequired = 53,
     eZorEdidRule_RangeRequiredContinuous = 54,
+    eZorEdidRule_NameEmpty = 55,
 
     // ---- Descriptors of 18 bytes ----
     eZorEdidRule_TimingSize = 60,
@@ -248,5 +249,8 @@ const SZorEdidRule& GetZorEdidRule(unsigned int uiIndex);
 /// Null for eZorEdidRule_None and unknown numbers; the other for an unknown id and for null.
 const SZorEdidRule* FindZorEdidRule(EZorEdidRule eRule);
 const SZorEdidRule* FindZorEdidRule(const char* pszId);
+
+/// Whether the rule is about what the library makes of an image, and no fault of the image: "library.unread-block".
+bool IsZorEdidRuleOfLibrary(EZorEdidRule eRule);
 
 #pragma GCC visibility pop

@@ -116,7 +116,7 @@ SOutcome CheckInput(const SInput& oInput, const SCheckOptions& oOptions, const C
     }
     std::erase_if(oChecked.m_aoFindings, [&](const SFinding& oFinding) { return oIgnored.Has(oFinding.m_eRule); });
     const bool bFails = std::ranges::any_of(
-        oChecked.m_aoFindings, [&](const SFinding& oFinding) { return oFinding.m_eSeverity >= oOptions.GetFailOn(); });
+        oChecked.m_aoFindings, [&](const SFinding& oFinding) { return oFinding.IsFailure(oOptions.GetFailOn()); });
     Count(oChecked.m_aoFindings, oCounts);
     oCounts.m_ullFailed += bFails ? 1 : 0;
     return { MakeText(oChecked, oOptions), "", bFails ? eExit_Finding : eExit_Good };

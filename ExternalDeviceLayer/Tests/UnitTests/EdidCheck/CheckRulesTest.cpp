@@ -156,6 +156,23 @@ TEST(CheckRules, NoFalseAlarms)
 {
     const CBytes aui8Vga = With(MakeImage("41 10"), 0x48, gsc_szVgaTiming);
     EXPECT_EQ(0U, ListRules(aui8Vga).count(eZorEdidRule_VgaMissing));
+    // Audio of a DisplayID section needs the flag of the CTA-861 block that is there.
+    const CBytes aui8Audio = MakeDisplayIdBlock(ParseBytes("81 00 04 23 09 07 07"));
+    EXPECT_EQ(1U, ListRules(MakeEdid({ MakeCta("41 01"), aui8Audio })).count(eZorEdidRule_CtaBasicAudio));
+    EXPECT_EQ(0U, ListRules(MakeEdid({ MakeCta("41 01", 0x40), aui8Audio })).count(eZorEdidRule_CtaBasicAudio));
+    EXPECT_EQ(0U, ListRules(MakeEdid({ aui8Audio })).count(eZorEdidRule_CtaBasicAudio));
+    // HDMI 1.4 had no other codes; makers round the clock down.
+    const CBytes aui8HdmiVic = MakeImage("42 10 01 6B 03 0C 00 10 00 00 21 20 00 20 01 67 D8 5D C4 01 78 00 00");
+    EXPECT_EQ(CZorEdidMap::eSeverity_Warning, FindSeverity(aui8HdmiVic, eZorEdidRule_HdmiCodeAlone));
+    EXPECT_EQ(CZorEdidMap::eSeverity_Note, FindSeverity(MakeImage(gsc_szHdmiVic), eZorEdidRule_HdmiCodeAlone));
+    for (const bool bRounded : { false, true })
+    {
+        const CBytes aui8Limits =
+            With(With(aui8Vga, 0x36, gsc_szVgaTiming), 0x5A,
+                 bRounded ? "00*3 FD 00 32 4B 1E 53 02 00 0A" : "00*3 FD 00 32 4B 1E 53 01 00 0A");
+        EXPECT_EQ(bRounded ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning,
+                  FindSeverity(With(aui8Limits, 0x13, "03"), eZorEdidRule_RangePixelClock));
+    }
     // A rate of 0 in the data block of the HDMI Forum is no FRL.
     EXPECT_EQ(CZorEdidMap::eSeverity_Note, FindSeverity(MakeImage(gsc_szUhdTmds), eZorEdidRule_UhdVicMissing));
     EXPECT_EQ(CZorEdidMap::eSeverity_Warning, FindSeverity(MakeImage(gsc_szUhd), eZorEdidRule_UhdVicMissing));

@@ -78,6 +78,10 @@ std::vector<SPair> ListPairs()
         { eZorEdidRule_BlockKind, fnMake(ParseBytes("03 03 04 ..128")), aui8One },
         { eZorEdidRule_BlockMapPlace, fnMake(Join({ aui8Cta, aui8Map })), fnMake(Join({ aui8Map, aui8Cta })) },
         { eZorEdidRule_FirstDescriptor, FixChecksums(ChangeBytes(MakeEdid({}), "@36 00*3 10 00*14")), MakeEdid({}) },
+        { eZorEdidRule_NameEmpty, FixChecksums(ChangeBytes(MakeEdid({}), "@13 03 @48 00*3 FC 00 20*13")),
+          FixChecksums(ChangeBytes(MakeEdid({}), "@13 03 @48 00*3 FC 00 20*12 41")) },
+        { eZorEdidRule_DisplayIdFiller, fnMake(ParseBytes("70 12 00 03 00 EB 01 ..128")),
+          fnMake(ParseBytes("70 12 00 03 00 EB 00 ..128")) },
         { eZorEdidRule_DisplayIdOtherVersion, fnMake(ParseBytes("70 12 79 03 00 2B 00 00 ..128")),
           fnMake(ParseBytes("70 20 79 03 00 2B 00 00 ..128")) },
     };

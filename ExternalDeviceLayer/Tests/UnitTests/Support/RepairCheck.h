@@ -1,13 +1,14 @@
-// What the repair of any image must keep to: it changes what it names, what it names is right afterwards, and there is
-// nothing left for a second one.
+// What the repair of any image must keep to: it changes what it names, what it names is right afterwards, it causes no
+// finding, and there is nothing left for a second one.
 
 #pragma once
 
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "TestBytes.h"
-#include "ZorEdidMap.h"
+#include "ZorEdidCheck.h"
 #include "ZorEdidRepair.h"
 
 // Whether a note of the rule is left where the repair was.
@@ -24,6 +25,25 @@ inline bool HasNoteOf(const CZorEdidMap& oMap, const SZorRepair& oRepair)
     return false;
 }
 
+// The rules that bytes break and where, but for those on what the library reads: no block with a wrong checksum.
+inline std::set<std::string> ListFindings(const CZorEdidMap& oMap)
+{
+    constexpr unsigned int uiYear = 2026;
+    CZorEdidCheck oCheck;
+    oCheck.Read(oMap, uiYear);
+    std::set<std::string> oFindings;
+    for (unsigned int i = 0; i < oCheck.GetCount(); ++i)
+    {
+        const SZorFinding& oFinding = oCheck.Get(i);
+        if (!IsZorEdidRuleOfLibrary(oFinding.m_eRule))
+        {
+            oFindings.insert(FindZorEdidRule(oFinding.m_eRule)->m_pszId + std::string(" at ") +
+                             std::to_string(oFinding.m_uiOffset));
+        }
+    }
+    return oFindings;
+}
+
 // Empty, or what is broken.
 inline std::string CheckRepair(const CBytes& aui8Image)
 {
@@ -36,6 +56,16 @@ inline std::string CheckRepair(const CBytes& aui8Image)
     }
     CZorEdidMap oMap;
     oMap.Read(oRepair.GetSize(), oRepair.GetData());
+    CZorEdidMap oBefore;
+    oBefore.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    const std::set<std::string> oOld = ListFindings(oBefore);
+    for (const std::string& sFinding : ListFindings(oMap))
+    {
+        if (!oOld.contains(sFinding))
+        {
+            return "new: " + sFinding;
+        }
+    }
     CBytes aui8Back = aui8Repaired;
     for (unsigned int i = 0; i < oRepair.GetCount(); ++i)
     {

@@ -229,7 +229,7 @@ std::string MakeJUnitCase(const SChecked& oChecked, CZorEdidMap::ESeverity eFail
 {
     const SInput& oInput = oChecked.m_oInput;
     const std::vector<SFinding>& aoFindings = oChecked.m_aoFindings;
-    const auto fnFails = [eFailOn](const SFinding& oFinding) { return oFinding.m_eSeverity >= eFailOn; };
+    const auto fnFails = [eFailOn](const SFinding& oFinding) { return oFinding.IsFailure(eFailOn); };
     std::string sInside;
     if (!oInput.IsGood())
     {

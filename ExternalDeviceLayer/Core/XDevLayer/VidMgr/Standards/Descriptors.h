@@ -158,6 +158,12 @@ constexpr bool IsPixelClockBeyond(const SRangeLimits& oLimits, unsigned long lon
     const unsigned int uiMost = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
     return uiMost != 0 && uiMost != gsc_uiHighestClockInKiloHz && ullClockInKiloHz > uiMost;
 }
+// Beyond by less than a unit of the limit, which makers round down.
+constexpr bool IsPixelClockRounded(const SRangeLimits& oLimits, unsigned long long ullClockInKiloHz)
+{
+    return IsPixelClockBeyond(oLimits, ullClockInKiloHz) &&
+           ullClockInKiloHz < oLimits.m_uiPreciseMaxPixelClockInKiloHz + gsc_uiKiloHzPer10MegaHz;
+}
 constexpr bool IsLineRateBeyond(const SRangeLimits& oLimits, unsigned long long ullClockInKiloHz,
                                 unsigned int uiTotalWidth)
 {

@@ -97,6 +97,14 @@ std::string GetWrittenValue(const SExplainedLeaf& oLeaf)
     return { szDigits, oResult.ptr };
 }
 
+// A document has its bits in a member where edit takes them after "raw:".
+std::string NameMember(std::string sProblem)
+{
+    static constexpr char szHint[] = "; raw: writes";
+    const size_t uiHint = sProblem.rfind(szHint);
+    return uiHint != std::string::npos ? sProblem.replace(uiHint, sizeof(szHint) - 1, "; \"raw\" writes") : sProblem;
+}
+
 class CBuilder
 {
 public:
@@ -193,9 +201,9 @@ private:
             return sField + ": not a value of this field; its bits are in \"raw\"";
         }
         std::string sNote;
-        std::string sProblem = SetField(oWriter, uiField, sValue, sNote);
+        const std::string sProblem = SetField(oWriter, uiField, sValue, sNote);
         m_oBuilt.m_asNotes.push_back(sNote);
-        return sProblem;
+        return NameMember(sProblem);
     }
 
     const SExplained& m_oExplained;

@@ -113,13 +113,13 @@ bool ParseCount(std::string_view sDigits, unsigned int& uiCount)
     return eError == std::errc() && pcEnd == sDigits.data() + sDigits.size();
 }
 
-// Two digits a byte. False for anything else, and for more bytes than an image has.
+// Two digits a byte. False for anything else.
 bool ParseHex(std::string_view sDigits, CBytes& aui8Bytes)
 {
     SInput oInput;
     const bool bHex = AddHex(oInput, sDigits);
     aui8Bytes = oInput.m_aui8Bytes;
-    return bHex && aui8Bytes.size() <= gsc_uiMaxSize;
+    return bHex;
 }
 
 // ---- The document ----
@@ -318,8 +318,19 @@ private:
             oField.m_oLeaf.m_uiTextHash = HashText(sText);
             return true;
         default:
-            return ParseHex(sText, oField.m_aui8Raw) || RefuseType();
+            return TakeHex(sText, oField.m_aui8Raw);
         }
+    }
+
+    bool TakeHex(std::string_view sDigits, CBytes& aui8Bytes)
+    {
+        if (!ParseHex(sDigits, aui8Bytes))
+        {
+            return RefuseType();
+        }
+        return aui8Bytes.size() <= gsc_uiMaxSize ||
+               Refuse("\"" + std::string(m_aoLevels.back().m_poMember->m_pszName) + "\" has more than " +
+                      std::to_string(gsc_uiMaxSize) + " bytes");
     }
 
     bool TakeOther(const SMember& oMember, std::string_view sText)
@@ -331,7 +342,7 @@ private:
         case eMember_Error:
             return Refuse("has no image: " + std::string(sText.substr(0, gsc_uiLongestName)));
         case eMember_Bytes:
-            return ParseHex(sText, m_oExplained.m_aui8Read) || RefuseType();
+            return TakeHex(sText, m_oExplained.m_aui8Read);
         case eMember_Version:
             return sText == std::to_string(gsc_uiFormatVersion) ||
                    Refuse("has the unknown version " + std::string(sText.substr(0, gsc_uiLongestName)));

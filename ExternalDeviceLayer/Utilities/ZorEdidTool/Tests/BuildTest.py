@@ -98,6 +98,14 @@ class BuildTest(ToolTest):
         self.assertEqual((1, True), (status, error.startswith(f"zoredid: {refused}: {field}: out of range")))
         self.assertEqual(change({0x17: "8c"}), self.read(out))
 
+    def test_refusals_speak_of_members(self):
+        document = json.loads(explain(MONITOR))
+        header = next(field for field, _ in walk(document["fields"]) if field["id"] == "base.header")
+        header["value"] = "00"
+        self.assertIn('the standard fixes it; "raw" writes its bytes', build(json.dumps(document).encode())[2])
+        document["bytes"] = "00" * 32769
+        self.assertIn('"bytes" has more than 32768 bytes', build(json.dumps(document).encode())[2])
+
     @staticmethod
     def read(path):
         with open(path, "rb") as file:

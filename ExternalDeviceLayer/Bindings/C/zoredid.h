@@ -1039,7 +1039,8 @@ ZOREDID_API zoredid_status zoredid_writer_read(zoredid_writer* writer, const voi
 
 /**
  * Sets a leaf of the present map. The change counts only when the field then reads as asked and no other one reads
- * differently but the checksums over it, which are made right; else it is refused, and nothing changes. value is one of
+ * differently but the checksums over it, which are made right, and the minimum luminance that is a fraction of the
+ * maximum that was set; else it is refused, and nothing changes. value is one of
  *   - a value as zoredid_map_get_value gives it, in letters of either case: "not given", "DisplayPort", "2.20"
  *   - a number with or without the unit of the field; the nearest one that the field can say is taken
  *   - a flag as yes or no, true or false, on or off, 1 or 0
@@ -1074,7 +1075,7 @@ ZOREDID_API const char* zoredid_writer_get_reason(const zoredid_writer* writer, 
 /** The checksums that were changed, as indexes of the present map. */
 ZOREDID_API size_t zoredid_writer_get_followed_count(const zoredid_writer* writer);
 ZOREDID_API size_t zoredid_writer_get_followed(const zoredid_writer* writer, size_t index);
-/** After "raw:" the other leaves that read differently, as indexes of the present map. */
+/** After "raw:" and of a maximum luminance the other leaves that read differently, as indexes of the present map. */
 ZOREDID_API size_t zoredid_writer_get_other_count(const zoredid_writer* writer);
 ZOREDID_API size_t zoredid_writer_get_other(const zoredid_writer* writer, size_t index);
 

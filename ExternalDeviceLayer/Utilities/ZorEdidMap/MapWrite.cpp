@@ -127,6 +127,13 @@ unsigned int ParseFlag(const char* pszText)
 
 // ---- What a leaf would say ----
 
+// Findings that say that the raw value is reserved at its place, where no meaning says so.
+bool IsReservedRule(EZorEdidRule eRule)
+{
+    return eRule == eZorEdidRule_RangeZero || eRule == eZorEdidRule_StandardTimingZero ||
+           eRule == eZorEdidRule_CvtLines;
+}
+
 // A leaf with another raw value. Its row says what it means, unless the walk over the image gave it its meaning: then
 // the image is read again.
 class CTrial
@@ -165,13 +172,20 @@ public:
     {
         const SRow& oRow = *m_oEntry.m_oOrigin.m_poRow;
         const bool bExpected = oRow.m_oForm.m_uiExpected == SForm::msc_uiAny || m_uiRaw == oRow.m_oForm.m_uiExpected;
-        const bool bInRange =
-            oRow.m_pfnCheck == nullptr || oRow.m_pfnCheck(GetRecord(), m_uiRaw) != eZorEdidRule_OutOfRange;
-        return bExpected && bInRange && m_oField.m_pszMeaning != gsc_szReserved &&
+        const EZorEdidRule eRule = Check();
+        return bExpected && eRule != eZorEdidRule_OutOfRange && !IsReserved() &&
                (m_oField.m_eKind != CZorEdidMap::eKind_Name || GetText().Find("unknown (", 0) != 0);
     }
 
+    bool IsReserved() const { return m_oField.m_pszMeaning == gsc_szReserved || IsReservedRule(Check()); }
+
 private:
+    EZorEdidRule Check() const
+    {
+        const SRow& oRow = *m_oEntry.m_oOrigin.m_poRow;
+        return oRow.m_pfnCheck != nullptr ? oRow.m_pfnCheck(GetRecord(), m_uiRaw) : eZorEdidRule_None;
+    }
+
     CRecord GetRecord() const { return { m_oMap.m_oFacts, m_aui8Record.GetData(), m_aui8Record.GetCount() }; }
 
     bool PutInRecord()
@@ -281,7 +295,9 @@ private:
         const bool bNamed = !bPlain && IsNamed(m_oTrial.GetText());
         if (!m_oTrial.IsAllowed())
         {
-            m_bNotAllowed = m_bNotAllowed || bNamed;
+            const bool bReserved = bPlain && m_oAsked.m_llNumber == Scale(oField.m_llNumber) && m_oTrial.IsReserved();
+            m_bNotAllowed = m_bNotAllowed || bNamed || bReserved;
+            m_bReserved = m_bReserved || bReserved;
             return;
         }
         if (bNamed)
@@ -322,6 +338,11 @@ private:
         if (m_uiBits > gsc_uiMostTriedBits && !IsNumber())
         {
             m_oNames = "a code such as 00-0C-03";
+            return;
+        }
+        if (m_oField.m_eId == eId_BaseIdentityManufacturer)
+        {
+            m_oNames = "three letters A to Z";
             return;
         }
         const CMString oText = m_oTrial.GetText();
@@ -416,8 +437,8 @@ private:
 
     void Judge()
     {
-        const bool bInRange =
-            m_bNearest && m_oAsked.m_llNumber >= Scale(m_llLeast) && m_oAsked.m_llNumber <= Scale(m_llMost);
+        const bool bInRange = m_bNearest && !m_bReserved && m_oAsked.m_llNumber >= Scale(m_llLeast) &&
+                              m_oAsked.m_llNumber <= Scale(m_llMost);
         if (!m_oChoice.m_bFound && bInRange)
         {
             Take(m_uiNearest, m_llDistance == 0 && !m_oAsked.m_bRounded);
@@ -427,7 +448,7 @@ private:
             const CMString oAllowed = GetAllowed();
             m_oChoice.m_oReason =
                 m_bNotAllowed ? "a reserved, unknown or forbidden value" : "not a value of this field";
-            m_oChoice.m_oReason = m_bNearest ? "out of range" : m_oChoice.m_oReason;
+            m_oChoice.m_oReason = m_bNearest && !m_bReserved ? "out of range" : m_oChoice.m_oReason;
             m_oChoice.m_oReason += oAllowed.GetLength() != 0 ? "; it takes " + oAllowed : CMString();
         }
     }
@@ -441,6 +462,7 @@ private:
     SRawChoice m_oChoice;
     bool m_bNamed = false;
     bool m_bNotAllowed = false; // it is the text of a value that is not allowed
+    bool m_bReserved = false;   // it is the number of a reserved value, and no other is taken in its place
     bool m_bNumbers = false;    // there are any, from m_llLeast to m_llMost
     long long m_llLeast = 0;
     long long m_llMost = 0;

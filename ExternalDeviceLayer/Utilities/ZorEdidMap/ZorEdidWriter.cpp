@@ -244,13 +244,40 @@ bool HasSamePlace(const CField& oFirst, const CField& oSecond)
            oFirst.m_uiDepth == oSecond.m_uiDepth && strcmp(oFirst.m_pszName, oSecond.m_pszName) == 0;
 }
 
+// A minimum that is stored as a fraction of a maximum, and so follows it.
+struct SDependence
+{
+    EZorEdidField m_eId;
+    EZorEdidField m_eDependent;
+};
+
+constexpr SDependence gsc_aoDependences[] = {
+    { eId_CtaHdrStaticMaxLuminance, eId_CtaHdrStaticMinLuminance },
+    { eId_CtaAmdMaxLuminance, eId_CtaAmdMinLuminance },
+    { eId_CtaAmdSecondMaxLuminance, eId_CtaAmdSecondMinLuminance },
+};
+
+// eZorEdidField_None for a field that no other depends on.
+EZorEdidField GetDependent(EZorEdidField eId)
+{
+    for (const SDependence& oDependence : gsc_aoDependences)
+    {
+        if (oDependence.m_eId == eId)
+        {
+            return oDependence.m_eDependent;
+        }
+    }
+    return eZorEdidField_None;
+}
+
 // Two maps of images of the same size, before and after a change.
 class CComparison
 {
 public:
-    // Fields that may differ: uiField, and all that lie in the room.
+    // Fields that may differ: uiField, the one that depends on it, and all that lie in the room.
     CComparison(const SMapContent& oBefore, const SMapContent& oAfter, unsigned int uiField, const SBytes& oRoom)
-        : m_oBefore(oBefore), m_oAfter(oAfter), m_uiField(uiField), m_oRoom(oRoom),
+        : m_oBefore(oBefore), m_oAfter(oAfter), m_uiField(uiField),
+          m_eDependent(GetDependent(oBefore.GetField(uiField).m_eId)), m_oRoom(oRoom),
           m_bFacts(oBefore.m_oFacts.m_uiRevision != oAfter.m_oFacts.m_uiRevision ||
                    oBefore.m_oFacts.m_bDigital != oAfter.m_oFacts.m_bDigital ||
                    oBefore.m_oFacts.m_bContinuous != oAfter.m_oFacts.m_bContinuous)
@@ -266,7 +293,7 @@ public:
         while (uiBefore < m_oBefore.GetFieldCount() && uiAfter < m_oAfter.GetFieldCount())
         {
             if (!HasSamePlace(m_oBefore.GetField(uiBefore), m_oAfter.GetField(uiAfter)) ||
-                (uiBefore != m_uiField && IsOther(uiBefore, uiAfter)))
+                (uiBefore != m_uiField && IsOther(uiBefore, uiAfter) && !IsFollower(uiBefore, uiAfter)))
             {
                 return uiBefore;
             }
@@ -307,6 +334,13 @@ private:
         return uiField;
     }
 
+    // A dependent number that is one still.
+    bool IsFollower(unsigned int uiBefore, unsigned int uiAfter) const
+    {
+        return m_eDependent != eZorEdidField_None && m_oBefore.GetField(uiBefore).m_eId == m_eDependent &&
+               m_oAfter.GetField(uiAfter).m_bNumber;
+    }
+
     // Leaves of the same place. Summaries of groups, and checksums, follow their bytes.
     bool IsOther(unsigned int uiBefore, unsigned int uiAfter) const
     {
@@ -331,6 +365,7 @@ private:
     const SMapContent& m_oBefore;
     const SMapContent& m_oAfter;
     unsigned int m_uiField;
+    EZorEdidField m_eDependent;
     SBytes m_oRoom;
     bool m_bFacts; // those of the image differ
 };
@@ -393,7 +428,7 @@ int CZorEdidWriter::Set(unsigned int uiField, const char* pszValue, SAnswer& oAn
     {
         oAnswer.m_auiFollowed[i] = oAfter.FindLeaf(oBefore.GetField(oAnswer.m_auiFollowed[i]).m_uiOffset, 0);
     }
-    if (bRaw)
+    if (bRaw || GetDependent(oBefore.GetField(uiField).m_eId) != eZorEdidField_None)
     {
         CComparison(oBefore, oAfter, uiField, {}).ListOthers(oAnswer.m_auiOthers);
     }

@@ -8,8 +8,8 @@
 
 /// One image under edit, with the map of its present bytes. A field is set by the value that it is to have; which bytes
 /// make it is looked up in the map. Each change is read back before it counts: the field then reads as asked, and no
-/// other field reads differently, apart from the checksums over the changed bytes, which are made right. Otherwise the
-/// bytes stay as they were.
+/// other field reads differently, apart from the checksums over the changed bytes, which are made right, and a minimum
+/// luminance that is stored as a fraction of the maximum that was set. Otherwise the bytes stay as they were.
 class CZorEdidWriter
 {
 public:
@@ -22,7 +22,8 @@ public:
         CMString m_oAfter;     ///< the value now
         CMString m_oReason;    ///< of a refusal, with what is allowed
         CFields m_auiFollowed; ///< the checksums that were changed, as fields of the present map
-        CFields m_auiOthers;   ///< after "raw:" the other leaves that read differently, as fields of the present map
+        CFields m_auiOthers; ///< after "raw:" and of a maximum luminance the other leaves that read differently, in the
+                             ///< present map
     };
 
     /// As CZorEdidMap::Read: takes the bytes of an image in any state, and makes its map.

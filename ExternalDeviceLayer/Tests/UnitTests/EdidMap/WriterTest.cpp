@@ -198,13 +198,18 @@ TEST_F(Writer, TakesWordsNumbersAndBits)
         { "base.display.gamma", "9", "!out of range; it takes 1.00 to 3.54", false },
         { "base.display.gamma", "2.2 cm", "!not a value", false },
         { "base.identity.manufacturer", "abc", "ABC", true },
+        { "base.identity.manufacturer", "12", "!not a value of this field; it takes three letters A to Z", false },
         { "base.identity.serial-number", "0xFFFFFFFE", "4294967294", true },
         { "base.identity.serial-number", "4294967296", "!out of range; it takes ", false },
         { "base.display.standby", "yes", "supported", true },
         { "checksum", "0", "!it is a checksum", false },
         { "base.header", "00", "!the standard fixes it", false },
+        { "base.range.max-vertical-rate", "0", "!a reserved, unknown or forbidden value; it takes 1 to 255 Hz", false },
     };
-    const CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    const CBytes aui8Range = ParseBytes("00 00 00 FD 00 30 4B 1E 53 11 00 0A 20 20 20 20 20 20");
+    std::copy(aui8Range.begin(), aui8Range.end(), aui8Image.begin() + 0x6C);
+    aui8Image = FixChecksums(aui8Image);
     for (const SSetCase& oCase : aoCases)
     {
         CZorEdidWriter oWriter;
@@ -228,6 +233,25 @@ TEST_F(Writer, TakesWordsNumbersAndBits)
         EXPECT_EQ(oCase.m_bExact, oAnswer.m_bExact) << oCase.m_pszId << "=" << oCase.m_pszValue;
         EXPECT_EQ(static_cast<unsigned int>(iSet), oAnswer.m_auiFollowed.GetCount()) << oCase.m_pszId;
     }
+}
+
+// The minimum is stored as a fraction of the maximum. It follows, and the answer names it; it is not lost.
+TEST_F(Writer, AMinimumLuminanceFollowsItsMaximum)
+{
+    const CBytes aui8Image = MakeEdid({ FixChecksums(ParseBytes("02 03 0B 00 E6 06 05 01 60 60 32 ..128")) });
+    CZorEdidWriter oWriter;
+    Read(oWriter, aui8Image);
+    const CZorEdidMap& oMap = oWriter.GetMap();
+    const unsigned int uiMinimum = oMap.FindField(CZorEdidMap::FindId("cta.hdr-static.min-luminance"));
+    const unsigned int uiMaximum = oMap.FindField(CZorEdidMap::FindId("cta.hdr-static.max-luminance"));
+    ASSERT_NE(CZorEdidMap::msc_uiNone, uiMinimum);
+    CZorEdidWriter::SAnswer oAnswer;
+    EXPECT_EQ(1, oWriter.Set(uiMaximum, "1000", oAnswer)) << oAnswer.m_oReason;
+    ASSERT_EQ(1U, oAnswer.m_auiOthers.GetCount());
+    EXPECT_EQ(uiMinimum, oAnswer.m_auiOthers[0]);
+    EXPECT_EQ(0, oWriter.Set(uiMaximum, "not indicated", oAnswer));
+    EXPECT_EQ(1, oWriter.Set(uiMinimum, "not indicated", oAnswer)) << oAnswer.m_oReason;
+    EXPECT_EQ(1, oWriter.Set(uiMaximum, "not indicated", oAnswer)) << oAnswer.m_oReason;
 }
 
 // A name of any length up to its room: the line feed and the blanks move. Nothing else does.

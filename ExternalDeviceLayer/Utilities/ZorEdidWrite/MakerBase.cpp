@@ -53,7 +53,6 @@ void MakeInput(const CMakerPlan& oPlan, CBlockBytes& aui8Base)
     using namespace BaseBlock;
     constexpr unsigned int uiRgb = 1;          // color type before revision 4
     constexpr unsigned int uiAllEncodings = 3; // YCbCr 4:4:4 and 4:2:2
-    const bool bNative = oPlan.GetFirstDetailed() == 0;
     aui8Base[gsc_uiVideoInputOffset] = gsc_uiDigitalMask;
     if (IsRevision3(oPlan))
     {
@@ -64,18 +63,17 @@ void MakeInput(const CMakerPlan& oPlan, CBlockBytes& aui8Base)
     gsc_oColorDepth.Write(aui8Base, oPlan.GetColorDepth() / 2 - 2);
     gsc_oInterface.Write(aui8Base, gsc_aui8Interfaces[oPlan.GetWishes().m_eInterface]);
     gsc_oColorEncodings.Write(aui8Base, oPlan.HasYCbCr() ? uiAllEncodings : 0);
-    gsc_oPreferredIsNative.Write(aui8Base, bNative ? 1 : 0);
+    gsc_oPreferredIsNative.Write(aui8Base, oPlan.IsFirstNative() ? 1 : 0);
     gsc_oContinuousFrequency.Write(aui8Base, HasContinuousFrequency(oPlan) ? 1 : 0);
 }
 
 void MakeColors(const SDonor& oDonor, CBlockBytes& aui8Base)
 {
     using namespace BaseBlock;
-    constexpr unsigned int uiGamma = 220 - 100;
-    constexpr unsigned char aui8Srgb[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
-    gsc_oGamma.Write(aui8Base, oDonor.m_bRead ? oDonor.m_ui8Gamma : uiGamma);
+    gsc_oGamma.Write(aui8Base, oDonor.m_bRead ? oDonor.m_ui8Gamma : gsc_ui8SrgbGamma);
     gsc_oSrgbDefault.Write(aui8Base, !oDonor.m_bRead || oDonor.m_bSrgb ? 1 : 0);
-    memcpy(aui8Base + gsc_oRedX.GetFirst(), oDonor.m_bRead ? oDonor.m_aui8Chromaticities : aui8Srgb, sizeof(aui8Srgb));
+    memcpy(aui8Base + gsc_oRedX.GetFirst(), oDonor.m_bRead ? oDonor.m_aui8Chromaticities : gsc_aui8SrgbColors,
+           sizeof(gsc_aui8SrgbColors));
 }
 
 void SetEstablished(CBlockBytes& aui8Base, unsigned int uiBit)

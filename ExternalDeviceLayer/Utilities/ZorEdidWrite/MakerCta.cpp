@@ -59,7 +59,7 @@ bool CMakerCta::AddBlock()
     Cta::gsc_oBasicAudio.Write(aui8Block, m_oPlan.HasAudio() ? 1 : 0);
     Cta::gsc_oYCbCr444.Write(aui8Block, m_oPlan.HasYCbCr() ? 1 : 0);
     Cta::gsc_oYCbCr422.Write(aui8Block, m_oPlan.HasYCbCr() ? 1 : 0);
-    Cta::gsc_oNativeCount.Write(aui8Block, m_oPlan.GetFirstDetailed() == 0 ? 1 : 0);
+    Cta::gsc_oNativeCount.Write(aui8Block, m_oPlan.IsFirstNative() ? 1 : 0);
     CEdidUtils::StoreChecksum(sizeof(aui8Block), aui8Block);
     m_bBegun = true;
     return m_oParts.AddBlock(Cta::gsc_uiTag, aui8Block);

@@ -123,6 +123,7 @@ CMString CMakerPlan::Make()
     sReason = sReason.GetLength() != 0 ? sReason : CheckNumbers();
     sReason = sReason.GetLength() != 0 ? sReason : CheckInterface();
     sReason = sReason.GetLength() != 0 ? sReason : FindTimings();
+    sReason = sReason.GetLength() != 0 ? sReason : Check420();
     sReason = sReason.GetLength() != 0 ? sReason : CheckVrr();
     sReason = sReason.GetLength() != 0 ? sReason : PlanLink();
     sReason = sReason.GetLength() != 0 ? sReason : PlacePreferred();
@@ -257,6 +258,16 @@ CMString CMakerPlan::CheckVrr() const
     return sReason;
 }
 
+CMString CMakerPlan::Check420() const
+{
+    bool bReached = !m_oWishes.m_bYCbCr420;
+    for (unsigned int i = 0; i < m_aoModes.GetCount(); ++i)
+    {
+        bReached = bReached || m_aoModes[i].Allows420();
+    }
+    return bReached ? "" : "YCbCr 4:2:0 needs a mode of 3840 pixels or more at 50 Hz or more that has a video code";
+}
+
 // ---- Timings ----
 
 // Without a CTA-861 block sources go by VESA's numbers.
@@ -306,7 +317,11 @@ CMString CMakerPlan::FindTimings()
         {
             return NameMode(oWish) + ": the table or formula that is asked for has no such timing";
         }
-        AddMode(oTiming, NameMode(oWish), false);
+        if (AddMode(oTiming, NameMode(oWish), false))
+        {
+            SPlannedMode& oMode = m_aoModes[m_aoModes.GetCount() - 1];
+            oMode.m_bInexact = oMode.m_uiCode == 0 && !IsSameRate(oTiming.m_oRate, oWish.m_oRate);
+        }
     }
     if (m_aoModes.GetCount() == 0)
     {

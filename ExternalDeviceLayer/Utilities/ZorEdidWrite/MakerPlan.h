@@ -14,6 +14,7 @@ struct SPlannedMode
 
     SZorMode m_oTiming = {};
     CMString m_sName = {};                      // "1920x1080@60"
+    bool m_bInexact = false;                    // its rate is another than the wished one, to two decimals
     unsigned int m_uiCode = 0;                  // of CTA-861; 0 where the code is not listed
     unsigned int m_uiEstablished = msc_uiNoBit; // the bit
     bool m_bDetailed = false;
@@ -65,12 +66,15 @@ public:
     unsigned int GetCount() const { return m_aoModes.GetCount(); }
     const SPlannedMode& Get(unsigned int uiIndex) const { return m_aoModes[uiIndex]; }
     unsigned int GetFirstDetailed() const { return m_uiFirstDetailed; }
+    // Whether the first detailed timing is the native one. Standards want a progressive one beside an interlaced one.
+    bool IsFirstNative() const { return m_uiFirstDetailed == 0 && !m_aoModes[0U].m_oTiming.m_bInterlaced; }
 
 private:
     CMString CheckTexts() const;
     CMString CheckNumbers() const;
     CMString CheckInterface() const;
     CMString CheckVrr() const;
+    CMString Check420() const;
     CMString FindTimings();
     bool FindTiming(const SZorWishedMode& oWish, SZorMode& oTiming) const;
     bool AddMode(const SZorMode& oTiming, const CMString& sName, bool bFallback);

@@ -178,6 +178,14 @@ void NotePlaces(const CMakerPlan& oPlan, CMArrayString& asNotes)
             sNote += sNote.GetAt(sNote.GetLength() - 1) == ':' ? " " : ", ";
             sNote += pszText;
         };
+        if (oMode.m_bInexact)
+        {
+            const SZorMode::SRate& oRate = oMode.m_oTiming.m_oRate;
+            CMString sRate;
+            sRate.Format("at %.2f Hz",
+                         static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor));
+            fnAdd(sRate);
+        }
         if (i == 0)
         {
             fnAdd("preferred");
@@ -232,8 +240,12 @@ void NoteLink(const CMakerPlan& oPlan, CMArrayString& asNotes)
     }
 }
 
-void NoteIdentity(const SZorEdidWishes& oWishes, CMArrayString& asNotes)
+void NoteIdentity(const SZorEdidWishes& oWishes, const SDonor& oDonor, CMArrayString& asNotes)
 {
+    for (int i = 0; i < static_cast<int>(oDonor.m_asNotes.GetCount()); ++i)
+    {
+        asNotes.Add("donor: " + oDonor.m_asNotes[i]);
+    }
     if (oWishes.m_sMaker.GetLength() == 0)
     {
         asNotes.Add(CMString("maker ") + gsc_szNeutralMaker + ", which is none");
@@ -258,7 +270,7 @@ int CZorEdidMaker::Make(const SZorEdidWishes& oWishes)
     }
     NotePlaces(oPlan, m_asNotes);
     NoteLink(oPlan, m_asNotes);
-    NoteIdentity(oCompleted, m_asNotes);
+    NoteIdentity(oCompleted, oDonor, m_asNotes);
     CMakerParts oParts;
     m_sReason = MakeImage(oPlan, oDonor, oParts, m_asNotes) ? CMString() : oParts.GetReason();
     if (m_sReason.GetLength() == 0)

@@ -62,7 +62,8 @@ struct SZorEdidWishes
     unsigned int m_uiMaxTmds = 0; ///< MHz, 25 to 600: the most that HDMI's TMDS takes; 0: as the modes need
     unsigned int m_uiFrl = 0;     ///< HDMI's Fixed Rate Link: 1 for 3 lanes of 3 Gbps to 6 for 4 of 12; 0: as needed
 
-    /// An image whose identity, size, colours and audio are taken where nothing above says otherwise; not owned.
+    /// An image whose identity, size, colours and audio are taken where nothing above says otherwise; not owned. What
+    /// is not sound in it is left out or replaced, and a note says so.
     const unsigned char* m_pui8Donor = nullptr;
     unsigned int m_uiDonorSize = 0;
 

@@ -264,15 +264,15 @@ constexpr SWishOption gsc_aoOptions[] = {
     { "--name", "TEXT", "Name of the product, up to 13 characters", SetName },
     { "--serial-text", "TEXT", "Serial number, up to 13 characters", SetSerial },
     { "--maker", "ABC", "Three letters of the maker; without it ZVD, which is none", SetMaker },
-    { "--product", "N", "Product code", SetProduct },
+    { "--product", "N", "Product code", SetProduct, true },
     { "--size", "WxHmm", "Of the picture; without it no size is given", SetSize },
     { "--hdr", "[LIST]", "pq, hlg, and luminances in cd/m2: max=600, frame=400, min=0.05; pq,hlg without LIST",
       SetHdr },
     { "--audio", "KIND", "stereo, 5.1 or 7.1", SetAudio },
     { "--vrr", "MIN-MAX", "Variable refresh between these rates in Hz", SetVrr },
-    { "--color-depth", "BITS", "8, 10 or 12; without it 10 with HDR, else 8", SetColorDepth },
+    { "--color-depth", "BITS", "8, 10 or 12; without it 10 with HDR, else 8", SetColorDepth, true },
     { "--ycbcr420", "", "2160p and larger codes at 50 Hz and more in YCbCr 4:2:0, too", SetY420 },
-    { "--tmds", "MHZ", "Most that TMDS takes; without it as the modes need", SetTmds },
+    { "--tmds", "MHZ", "Most that TMDS takes; without it as the modes need", SetTmds, true },
     { "--frl", "GxL", "Most of HDMI's Fixed Rate Link, Gbps x lanes: 3x3, 6x3, 6x4, 8x4, 10x4 or 12x4", SetFrl },
 };
 

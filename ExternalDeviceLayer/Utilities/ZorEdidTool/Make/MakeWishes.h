@@ -16,6 +16,7 @@ struct SWishOption
     const char* m_pszHelp;
     // Sets the wish. Empty, or what is wrong with the value.
     std::string (*m_pfnSet)(const std::string& sValue, SZorEdidWishes& oWishes);
+    bool m_bNumber = false; // in JSON; other values are texts
 };
 
 // The first one is --mode, the only one that may be there several times.

@@ -11,6 +11,7 @@ namespace
 {
 constexpr char gsc_szModes[] = "modes";
 constexpr char gsc_szProfile[] = "profile";
+constexpr char gsc_szSchema[] = "$schema"; // which editors ask for
 constexpr size_t gsc_uiMostModes = 1024;
 
 // "--serial-text" as "serial_text"
@@ -44,7 +45,8 @@ public:
     bool Name(std::string_view sName) override
     {
         m_sName = sName;
-        const bool bKnown = m_sName == gsc_szModes || m_sName == gsc_szProfile || FindOption() != nullptr;
+        const bool bKnown =
+            m_sName == gsc_szModes || m_sName == gsc_szProfile || m_sName == gsc_szSchema || FindOption() != nullptr;
         if (std::ranges::find(m_asSeen, m_sName) != m_asSeen.end())
         {
             return Refuse("is there twice");
@@ -52,18 +54,49 @@ public:
         m_asSeen.push_back(m_sName);
         return bKnown ? true : Refuse("is unknown");
     }
-    bool Text(std::string_view sText) override { return Add(std::string(sText)); }
-    bool Number(std::string_view sDigits) override { return Add(std::string(sDigits)); }
+    bool Text(std::string_view sText) override
+    {
+        if (sText.find('\0') != std::string_view::npos)
+        {
+            return Refuse("has a character with the code 0");
+        }
+        return Expects(eValue_Text) ? Add(std::string(sText)) : RefuseType();
+    }
+    bool Number(std::string_view sDigits) override
+    {
+        return Expects(eValue_Number) ? Add(std::string(sDigits)) : RefuseType();
+    }
     bool Word(std::string_view sWord) override
     {
-        const SWishOption* const poOption = FindOption();
-        const bool bFlag = poOption != nullptr && poOption->m_pszValue[0] == '\0';
-        return bFlag && sWord != "null" ? Add(std::string(sWord)) : Refuse("expected a text or a number");
+        return sWord != "null" && Expects(eValue_Flag) ? Add(std::string(sWord)) : RefuseType();
     }
 
     const std::string& GetProblem() const { return m_sProblem; }
 
 private:
+    enum EValue
+    {
+        eValue_Text,
+        eValue_Number,
+        eValue_Flag
+    };
+
+    EValue GetExpected() const
+    {
+        const SWishOption* const poOption = FindOption();
+        return poOption == nullptr               ? eValue_Text
+               : poOption->m_pszValue[0] == '\0' ? eValue_Flag
+               : poOption->m_bNumber             ? eValue_Number
+                                                 : eValue_Text;
+    }
+    // Where no value belongs, Add says so.
+    bool Expects(EValue eValue) const { return m_uiDepth == 0 || GetExpected() == eValue; }
+    bool RefuseType()
+    {
+        constexpr const char* apszExpected[] = { "expected a text", "expected a number", "expected true or false" };
+        return Refuse(apszExpected[GetExpected()]);
+    }
+
     // By the member's name; "mode" is an item of a list.
     const SWishOption* FindOption() const
     {
@@ -83,6 +116,10 @@ private:
         if (m_sName == gsc_szProfile)
         {
             m_oDocument.m_sProfile = sValue;
+            return true;
+        }
+        if (m_sName == gsc_szSchema)
+        {
             return true;
         }
         if (m_oDocument.m_aoValues.size() == gsc_uiMostModes)

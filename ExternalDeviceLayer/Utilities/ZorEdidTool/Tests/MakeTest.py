@@ -1,4 +1,4 @@
-"""Tests of zoredid make from outside. MakeTest.py COMMAND PROJECT."""
+"""Tests of zoredid make from outside. MakeTest.py COMMAND PROJECT [CORPUS]."""
 
 import json
 import os
@@ -16,6 +16,7 @@ except ImportError:
     jsonschema = None
 
 COMMAND, PROJECT = sys.argv[1:3]
+CORPUS = sys.argv[3] if len(sys.argv) > 3 else ""
 MONITOR = os.path.join(PROJECT, "examples/monitor.bin")
 
 
@@ -45,7 +46,7 @@ OF_TABLES = ((1920, 1080, "60", "cta"), (1920, 1080, "60", "dmt"), (1280, 720, "
 TYPES = {"cta": "cea"}  # as zoredid timing calls them
 # Reasons that a wish may be refused for; which of them holds is the business of the refusals below.
 REASONS = ("has no such timing", "is beyond HDMI's", "DVI takes clocks", "DVI has no", "outside of the variable refresh",
-           "needs a mode of that rate", "variable refresh of", "neither a detailed timing", "beside modes that need DisplayID", "TMDS begins at", "the range limits of HDMI's")
+           "needs a mode of that rate", "variable refresh of", "neither a detailed timing", "beside modes that need DisplayID", "YCbCr 4:2:0 needs", "TMDS begins at", "the range limits of HDMI's")
 
 
 def guess(chance):
@@ -186,7 +187,7 @@ class Wishes(unittest.TestCase):
         """The first thing that people make: in one command, with every place and choice said."""
         status, image, notes = make("--mode", "1920x1080@60", "--mode", "2560x1440@144")
         self.assertEqual((0, 256), (status, len(image)))
-        self.assertEqual(["1920x1080@60: preferred, detailed timing, VIC 16", "2560x1440@144: detailed timing",
+        self.assertEqual(["1920x1080@60: preferred, detailed timing, VIC 16", "2560x1440@144: at 143.97 Hz, detailed timing",
                           "640x480@60: fallback, VIC 1, established timing", "HDMI: TMDS to 600 MHz, FRL of 3 lanes of 6 Gbps",
                           "maker ZVD, which is none"],
                          [line.removeprefix("zoredid: ") for line in notes.splitlines()])
@@ -206,6 +207,7 @@ class Wishes(unittest.TestCase):
                 ("--mode 3840x2160@60 --tmds 300", 1, "3840x2160@60 needs 594 MHz, which is beyond HDMI's TMDS of 300"),
                 ("--mode 3840x2160@120 --frl 3x3", 1, "beyond HDMI's FRL, also compressed"),
                 ("--mode 7680x4320@120", 1, "needs 4752 MHz, and the range limits of HDMI's displays"),
+                ("--mode 1920x1080@60 --ycbcr420", 1, "YCbCr 4:2:0 needs a mode of 3840 pixels"),
                 ("--mode 640x480@24", 1, "TMDS begins at 25 MHz"),
                 ("--mode 2560x1440@120 --interface dvi", 1, "DVI takes clocks up to 330 MHz"),
                 ("--profile headless --interface dvi --audio stereo", 1, "DVI has no audio"),
@@ -228,7 +230,7 @@ class Wishes(unittest.TestCase):
 
     def test_what_goes_over_what(self):
         """A profile, over it the JSON, over it the options; of modes the list."""
-        document = {"profile": "hdmi-4k", "modes": ["1920x1080@60"], "name": "From JSON", "product": 7, "ycbcr420": False}
+        document = {"$schema": "a.json", "profile": "hdmi-4k", "modes": ["1920x1080@60"], "name": "From JSON", "product": 7, "ycbcr420": False}
         text = json.dumps(document).encode()
         expected = make("--mode=1920x1080@60", "--name=From JSON", "--product=7", "--audio=stereo")
         self.assertEqual(0, expected[0])
@@ -238,7 +240,9 @@ class Wishes(unittest.TestCase):
         for text, reason in (('{"mode": 1}', "mode: is unknown"), ('{"modes": "1x1@1"}', "expected a list"),
                              ('{"modes": ["1920x1080@60"], "modes": []}', "modes: is there twice"),
                              ('{"name": {}}', "name: an object"), ('{"name": ["a"]}', "name: a list"), ("[]", "a list"),
-                             ('{"name": null}', "expected a text"), ('{"size": "big"}', "--size big: expected a size"),
+                             ('{"name": null}', "expected a text"), ('{"name": 7}', "name: expected a text"),
+                             ('{"product": "7"}', "product: expected a number"), ('{"ycbcr420": "no"}', "expected true or false"),
+                             ('{"modes": [1]}', "modes: expected a text"), ('{"name": "a\\u0000b"}', "name: has a character"), ('{"size": "big"}', "--size big: expected a size"),
                              ('{"profile": "none"}', "unknown profile 'none'"), ("{} {}", "more than one document"),
                              ("", "is empty"), ('{"modes": [', "")):
             with self.subTest(text):
@@ -253,7 +257,7 @@ class Wishes(unittest.TestCase):
         options = re.findall(r"^--([a-z0-9-]+)", run("make", "--list-options")[1].decode(), re.MULTILINE)
         others = {"help", "from", "like", "quiet", "output", "force", "dry-run", "version", "verbose", "monitor", "image"}
         expected = {name.replace("-", "_") for name in options if name not in others}
-        self.assertEqual(expected, {"mode" if key == "modes" else key for key in schema["properties"]})
+        self.assertEqual(expected, {"mode" if key == "modes" else key for key in schema["properties"] if key != "$schema"})
         profiles = make("--profile", "?")[2].split("one of ")[1].split(" (")[0].split(", ")
         self.assertEqual(profiles, schema["properties"]["profile"]["enum"])
         for example in schema["examples"]:
@@ -283,6 +287,57 @@ class Wishes(unittest.TestCase):
         made = ask("show", "-", data=make("--mode=2560x1440@60", "--like", MONITOR, "--name=Mine", "--audio=7.1")[1])
         self.assertEqual("Mine", made["images"][0]["facts"]["identity"]["name"])
         self.assertEqual(8, made["images"][0]["facts"]["audio"]["formats"][0]["channels"])
+
+    def test_unsound_donors(self):
+        """What a donor has wrong is left out or replaced, and said; what is made is sound."""
+        with open(MONITOR, "rb") as file:
+            monitor = file.read()
+        srgb = bytes.fromhex("ee91a3544c99260f5054")
+        for interface, changes, note in (
+                ("dp", {24: bytes([monitor[24] ^ 4])}, "its flag of sRGB is left out"),
+                ("dp", {24: bytes([monitor[24] & ~4]), 23: b"\x78", 25: srgb}, "sRGB is the default"),
+                ("hdmi", {23: b"\x8c", 25: srgb}, "its gamma is replaced by 2.20"),
+                ("hdmi", {16: b"\xff"}, "its year is that of the model"), ("dp", {16: b"\x37"}, "its week is left out"),
+                ("dp", {17: b"\x05"}, "its year 1995 is replaced"), ("dp", {17: b"\xff"}, "its year 2245 is replaced"),
+                ("dp", {10: b"\0\0"}, "its product code 0 is replaced by 1")):
+            with self.subTest(note), tempfile.TemporaryDirectory() as folder:
+                donor = bytearray(monitor)
+                for offset, data in changes.items():
+                    donor[offset:offset + len(data)] = data
+                path = os.path.join(folder, "donor.bin")
+                with open(path, "wb") as file:
+                    file.write(donor)
+                status, image, notes = make("--mode=1920x1080@60", "--interface", interface, "--like", path)
+                self.assertEqual(0, status, notes)
+                self.assertIn("donor: " + note, notes)
+                self.check_sound(image)
+
+    def test_donors_of_the_corpus(self):
+        """Whatever a donor is like, what is made of it is sound, or it has no base block."""
+        names = sorted(name for name in os.listdir(CORPUS) if name.endswith(".bin")) if CORPUS else []
+        for name in names:
+            for interface in ("hdmi", "dp"):
+                with self.subTest(name, interface=interface), open(os.path.join(CORPUS, name), "rb") as file:
+                    status, image, notes = make("--mode=1920x1080@60", "--interface", interface, "--like", file.name)
+                    self.assertIn(status, (0, 2, 3), notes)
+                    self.assertNotIn("internal", notes)
+                    if status == 0:
+                        self.check_sound(image)
+
+    def check_sound(self, image):
+        self.assertEqual([], ask("check", "-", data=image)["checks"][0]["findings"])
+        peer = shutil.which("edid-decode")
+        if peer:
+            done = subprocess.run([peer, "--check", "-"], input=image, capture_output=True, timeout=60)
+            self.assertIn(b"EDID conformity: PASS", done.stdout.split(b"Failures:")[-1])
+
+    def test_interlaced_first(self):
+        """No progressive mode is native beside it, so that it is not native either."""
+        for arguments in ("--mode=1920x1080i@60", "--mode=1920x1080i@50 --interface=dp", "--mode=1920x1080i@60 --mode=1280x720@60"):
+            with self.subTest(arguments):
+                status, image, notes = make(*arguments.split())
+                self.assertEqual(0, status, notes)
+                self.check_sound(image)
 
     def test_the_link_follows_the_clocks(self):
         for arguments, expected in (

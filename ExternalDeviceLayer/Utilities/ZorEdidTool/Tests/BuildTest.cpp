@@ -234,7 +234,7 @@ const SBadDocument gsc_aoBadDocuments[] = {
     { "BytesTooMany", "size\":1", "size\":0", "fields past its size of 0" },
     { "NoBytes", "bytes", "other", "lacks \"bytes\"" },
     { "BytesOfAnotherSize", "bytes\":\"00", "bytes\":\"0000", "of another size" },
-    { "MoreBytesThanAnImage", "bytes\":\"00", "bytes\":\"" + std::string(65538, '0'), "\"bytes\" is not" },
+    { "MoreBytesThanAnImage", "bytes\":\"00", "bytes\":\"" + std::string(65538, '0'), "\"bytes\" has more than" },
     { "NoDigits", "raw\":\"00", "raw\":\"0x", "\"raw\" is not hexadecimal" },
     { "RawOfAnotherSize", "raw\":\"00", "raw\":\"0000", "\"raw\" has 2 bytes, the pieces 1" },
     { "RawAsNumber", "\"raw\":\"00\"", "\"raw\":0", "\"raw\" is not hexadecimal" },

@@ -406,7 +406,6 @@ TEST_F(Parts, DamageIsRefused)
         CZorEdidParts oParts;
         SAnswer oAnswer;
         Read(oParts, aui8Image);
-        SWhere oHere;
         EXPECT_EQ(0, oCase.m_fnAdd(oParts, oAnswer) == 1 && oAnswer.m_uiNewBlock == 0);
     }
 }

@@ -7,23 +7,12 @@
 #include <iterator>
 
 #include "ExactTimings.h"
+#include "Standards/HdmiBlocks.h"
 #include "TextFormat.h"
 
 namespace
 {
 using CTexts = std::vector<std::string>;
-
-CTexts Split(const std::string& sText, char cSeparator)
-{
-    CTexts asParts;
-    size_t uiBegin = 0;
-    for (size_t uiEnd = 0; uiEnd != std::string::npos; uiBegin = uiEnd + 1)
-    {
-        uiEnd = sText.find(cSeparator, uiBegin);
-        asParts.push_back(sText.substr(uiBegin, uiEnd == std::string::npos ? uiEnd : uiEnd - uiBegin));
-    }
-    return asParts;
-}
 
 // Takes a unit off, in either case.
 std::string WithoutUnit(const std::string& sText, const std::string& sUnit)
@@ -176,7 +165,7 @@ std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
         oWishes.m_bPq = oWishes.m_bHlg = true;
         return "";
     }
-    for (const std::string& sPart : Split(sValue, ','))
+    for (const std::string& sPart : SplitText(sValue, ","))
     {
         const size_t uiEquals = std::min(sPart.find('='), sPart.size());
         const std::string sName = sPart.substr(0, uiEquals);
@@ -233,20 +222,21 @@ std::string SetTmds(const std::string& sValue, SZorEdidWishes& oWishes)
                : "expected 25 to 600 MHz";
 }
 
-struct SFrlName
-{
-    const char* m_pszName;
-    unsigned int m_uiFrl;
-};
-constexpr SFrlName gsc_aoFrl[] = {
-    { "3x3", 1 }, { "6x3", 2 }, { "6x4", 3 }, { "8x4", 4 }, { "10x4", 5 }, { "12x4", 6 }
-};
-
+// Gbit/s of each lane, and lanes.
 std::string SetFrl(const std::string& sValue, SZorEdidWishes& oWishes)
 {
-    const SFrlName* poName = FindRow(gsc_aoFrl, sValue);
-    oWishes.m_uiFrl = poName != nullptr ? poName->m_uiFrl : oWishes.m_uiFrl;
-    return poName != nullptr ? "" : RefuseName(gsc_aoFrl, sValue);
+    CTexts asNames;
+    for (unsigned int i = 1; i < std::size(ZorStandards::HdmiForum::gsc_aoFrlRates); ++i)
+    {
+        const auto& oRate = ZorStandards::HdmiForum::gsc_aoFrlRates[i];
+        asNames.push_back(FormatText("%ux%u", oRate.m_ui8Gbps, oRate.m_ui8Lanes));
+        if (strcasecmp(asNames.back().c_str(), sValue.c_str()) == 0)
+        {
+            oWishes.m_uiFrl = i;
+            return "";
+        }
+    }
+    return "unknown value '" + sValue + "'; expected one of " + JoinTexts(asNames);
 }
 
 std::string SetY420(const std::string& sValue, SZorEdidWishes& oWishes)

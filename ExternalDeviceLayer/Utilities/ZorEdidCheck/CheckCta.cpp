@@ -1,6 +1,7 @@
 // Rules about CTA-861 blocks among each other, and about what HDMI asks of them.
 
 #include "CheckFindings.h"
+#include "Standards/HdmiBlocks.h"
 
 namespace ZorCheck
 {
@@ -67,11 +68,11 @@ void CheckBasicAudio(CFindings& oFindings)
 // HDMI 2.1 has a bit for it; sinks of HDMI 2.0 may have the codes without it.
 void CheckUhdCodes(CFindings& oFindings, unsigned int uiBlock)
 {
-    constexpr unsigned int uiUhdWidth = 3840;
     const unsigned int uiUhd = oFindings.FindField(uiBlock, eZorEdidField_CtaHdmiForumUhdVic);
     bool bHas = false;
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
-        bHas = bHas || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor && oEntry.m_oMode.m_uiWidth >= uiUhdWidth);
+        bHas = bHas || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor &&
+                        oEntry.m_oMode.m_uiWidth >= ZorStandards::HdmiForum::gsc_uiUhdWidth);
     });
     if (GetNumber(oFindings, uiUhd) == 0 && bHas)
     {

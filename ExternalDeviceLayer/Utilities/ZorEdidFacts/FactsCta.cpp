@@ -15,7 +15,7 @@ namespace ZorFacts
 {
 namespace
 {
-using HdmiForum::gsc_uiKiloHzPerTmdsUnit;
+constexpr unsigned int gsc_uiKiloHzPerTmdsUnit = Hdmi::gsc_uiMegaHzPerTmdsUnit * 1000;
 constexpr float gsc_fMillion = 1e6F;
 constexpr unsigned int gsc_uiExtendedHeader = Cta::gsc_uiHeaderSize + 1; // with the extended tag
 

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "FactsReader.h"
+#include "Standards/HdmiBlocks.h"
 
 bool CZorEdidFacts::SText::operator==(const SText& oOther) const { return strcmp(m_szText, oOther.m_szText) == 0; }
 
@@ -62,7 +63,7 @@ const CZorEdidFacts::SVariableRefresh* CZorEdidFacts::SLink::GetVariableRefresh(
 
 bool CZorEdidFacts::SLink::HasScrambling() const
 {
-    constexpr unsigned int uiMostWithout = 340000;
+    constexpr unsigned int uiMostWithout = ZorStandards::Hdmi::gsc_uiMostTmdsInMegaHz * 1000; // kHz
     return m_oScdc.m_oValue && m_oMaxTmds.m_oValue > uiMostWithout;
 }
 

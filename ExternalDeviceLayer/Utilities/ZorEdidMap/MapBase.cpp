@@ -148,16 +148,13 @@ constexpr auto gsc_aoEncodings = Listed({ "RGB 4:4:4", "RGB 4:4:4 and YCrCb 4:4:
 // The primaries, the white point and the gamma of sRGB as this block stores them.
 EZorEdidRule CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
 {
-    constexpr unsigned char aui8Colors[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
-    constexpr unsigned int uiColorsOffset = 0x19;
-    constexpr unsigned int uiGammaOffset = 0x17;
-    constexpr unsigned int uiGamma = 0x78; // 2.20
-    if (uiValue != 0 && oRecord.GetSize() >= uiColorsOffset + sizeof(aui8Colors) &&
-        memcmp(oRecord.GetData() + uiColorsOffset, aui8Colors, sizeof(aui8Colors)) != 0)
+    if (uiValue != 0 && oRecord.GetSize() >= gsc_uiChromaticitiesOffset + sizeof(gsc_aui8SrgbColors) &&
+        memcmp(oRecord.GetData() + gsc_uiChromaticitiesOffset, gsc_aui8SrgbColors, sizeof(gsc_aui8SrgbColors)) != 0)
     {
         return eZorEdidRule_SrgbColors;
     }
-    return uiValue != 0 && oRecord.GetByte(uiGammaOffset) != uiGamma ? eZorEdidRule_SrgbGamma : eZorEdidRule_None;
+    return uiValue != 0 && oRecord.GetByte(gsc_uiGammaOffset) != gsc_ui8SrgbGamma ? eZorEdidRule_SrgbGamma
+                                                                                  : eZorEdidRule_None;
 }
 
 EZorEdidRule CheckPreferred(const CRecord& oRecord, unsigned int uiValue)

@@ -29,7 +29,8 @@ CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
 
 EZorEdidRule CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
 {
-    return uiClock > 340 / 5 ? eZorEdidRule_HdmiTmdsClock : eZorEdidRule_None;
+    return uiClock * Hdmi::gsc_uiMegaHzPerTmdsUnit > Hdmi::gsc_uiMostTmdsInMegaHz ? eZorEdidRule_HdmiTmdsClock
+                                                                                  : eZorEdidRule_None;
 }
 
 EZorEdidRule CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
@@ -181,15 +182,16 @@ EZorEdidRule CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
 {
     constexpr unsigned int uiFrlWithFourLanes = 2;
     const unsigned int uiFrl = oSink.GetBits(3, 7, 4);
-    if (uiRate != 0 && uiRate * 5 <= 340)
+    const unsigned int uiMegaHz = uiRate * Hdmi::gsc_uiMegaHzPerTmdsUnit;
+    if (uiRate != 0 && uiMegaHz <= Hdmi::gsc_uiMostTmdsInMegaHz)
     {
         return eZorEdidRule_ForumTmdsLow;
     }
-    if (uiRate * 5 > 600)
+    if (uiMegaHz > HdmiForum::gsc_uiMostTmdsInMegaHz)
     {
         return eZorEdidRule_ForumTmdsHigh;
     }
-    if (uiRate * 5 < (uiFrl >= uiFrlWithFourLanes ? 600U : uiFrl == 1 ? 300U : 0U))
+    if (uiMegaHz < (uiFrl >= uiFrlWithFourLanes ? HdmiForum::gsc_uiMostTmdsInMegaHz : uiFrl == 1 ? 300U : 0U))
     {
         return eZorEdidRule_ForumTmdsFrl;
     }
@@ -198,7 +200,7 @@ EZorEdidRule CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
 
 EZorEdidRule CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
 {
-    return uiRate > 48 ? eZorEdidRule_ForumVrrMinHigh : eZorEdidRule_None;
+    return uiRate > HdmiForum::gsc_uiMostVrrMin ? eZorEdidRule_ForumVrrMinHigh : eZorEdidRule_None;
 }
 
 EZorEdidRule CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
@@ -211,7 +213,7 @@ EZorEdidRule CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
     {
         return eZorEdidRule_ForumVrrMaxOrder;
     }
-    return uiRate != 0 && uiRate < 100 ? eZorEdidRule_ForumVrrMaxLow : eZorEdidRule_None;
+    return uiRate != 0 && uiRate < HdmiForum::gsc_uiLeastVrrMax ? eZorEdidRule_ForumVrrMaxLow : eZorEdidRule_None;
 }
 
 EZorEdidRule CheckCinema(const CRecord& /*oSink*/, unsigned int uiBit)

@@ -72,7 +72,7 @@ void MakeColors(const SDonor& oDonor, CBlockBytes& aui8Base)
     using namespace BaseBlock;
     gsc_oGamma.Write(aui8Base, oDonor.m_bRead ? oDonor.m_ui8Gamma : gsc_ui8SrgbGamma);
     gsc_oSrgbDefault.Write(aui8Base, !oDonor.m_bRead || oDonor.m_bSrgb ? 1 : 0);
-    memcpy(aui8Base + gsc_oRedX.GetFirst(), oDonor.m_bRead ? oDonor.m_aui8Chromaticities : gsc_aui8SrgbColors,
+    memcpy(aui8Base + gsc_uiChromaticitiesOffset, oDonor.m_bRead ? oDonor.m_aui8Chromaticities : gsc_aui8SrgbColors,
            sizeof(gsc_aui8SrgbColors));
 }
 
@@ -152,19 +152,11 @@ void WriteRange(const SRange& oRange, bool bLimitsOnly, CDetailedBytes& aui8Byte
 {
     using namespace Descriptors;
     constexpr unsigned int uiLimitsOnly = 1;
-    constexpr unsigned int uiMaximumOffset = 2;
     memset(aui8Bytes, ' ', sizeof(aui8Bytes));
     memset(aui8Bytes, 0, gsc_uiContentsOffset);
     aui8Bytes[gsc_uiTagOffset] = gsc_ui8TagRangeLimits;
-    const auto fnRate = [&aui8Bytes](const SPlace& oPlace, const SPlace& oOffsets, unsigned int uiRate) {
-        const bool bOffset = uiRate > gsc_uiRateOffset;
-        oPlace.Write(aui8Bytes, bOffset ? uiRate - gsc_uiRateOffset : uiRate);
-        oOffsets.Write(aui8Bytes, bOffset ? uiMaximumOffset : 0);
-    };
-    gsc_oMinVerticalRate.Write(aui8Bytes, oRange.m_uiMinVertical);
-    gsc_oMinHorizontalRate.Write(aui8Bytes, oRange.m_uiMinHorizontal);
-    fnRate(gsc_oMaxVerticalRate, gsc_oVerticalOffsets, oRange.m_uiMaxVertical);
-    fnRate(gsc_oMaxHorizontalRate, gsc_oHorizontalOffsets, oRange.m_uiMaxHorizontal);
+    WriteRates(aui8Bytes, gsc_oVerticalRates, oRange.m_uiMinVertical, oRange.m_uiMaxVertical, true);
+    WriteRates(aui8Bytes, gsc_oHorizontalRates, oRange.m_uiMinHorizontal, oRange.m_uiMaxHorizontal, true);
     gsc_oMaxPixelClock.Write(aui8Bytes, oRange.m_uiMaxClock);
     gsc_oFormula.Write(aui8Bytes, bLimitsOnly ? uiLimitsOnly : 0);
     aui8Bytes[gsc_oFormula.GetEnd()] = '\n';
@@ -172,16 +164,8 @@ void WriteRange(const SRange& oRange, bool bLimitsOnly, CDetailedBytes& aui8Byte
 
 void WriteText(unsigned char ui8Tag, const CMString& sText, CDetailedBytes& aui8Bytes)
 {
-    using namespace Descriptors;
-    memset(aui8Bytes, ' ', sizeof(aui8Bytes));
-    memset(aui8Bytes, 0, gsc_uiContentsOffset);
-    aui8Bytes[gsc_uiTagOffset] = ui8Tag;
-    const unsigned int uiLength = static_cast<unsigned int>(sText.GetLength());
-    memcpy(aui8Bytes + gsc_uiContentsOffset, static_cast<const char*>(sText), uiLength);
-    if (gsc_uiContentsOffset + uiLength < sizeof(aui8Bytes))
-    {
-        aui8Bytes[gsc_uiContentsOffset + uiLength] = '\n';
-    }
+    Descriptors::WriteText(aui8Bytes, ui8Tag, static_cast<const char*>(sText),
+                           static_cast<unsigned int>(sText.GetLength()));
 }
 } // namespace
 

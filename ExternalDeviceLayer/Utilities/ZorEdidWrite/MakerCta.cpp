@@ -13,7 +13,6 @@ namespace
 {
 using namespace ZorStandards;
 
-constexpr unsigned int gsc_uiMegaHzPerTmdsUnit = 5;
 constexpr unsigned int gsc_ui10Bits = 10;
 constexpr unsigned int gsc_ui12Bits = 12;
 
@@ -131,7 +130,7 @@ bool CMakerCta::AddHdmi()
     gsc_oDeepColour30.Write(aui8Payload, uiDepth > 8 ? 1 : 0);
     gsc_oDeepColour36.Write(aui8Payload, uiDepth >= ui36Bits ? 1 : 0);
     gsc_oDeepColourY444.Write(aui8Payload, uiDepth > 8 && m_oPlan.HasYCbCr() ? 1 : 0);
-    gsc_oMaxTmdsClock.Write(aui8Payload, m_oPlan.GetLink().m_uiTmds / gsc_uiMegaHzPerTmdsUnit);
+    gsc_oMaxTmdsClock.Write(aui8Payload, m_oPlan.GetLink().m_uiTmds / Hdmi::gsc_uiMegaHzPerTmdsUnit);
     return m_oParts.AddDataBlock(eZorEdidField_CtaHdmi, sizeof(aui8Payload), aui8Payload) &&
            (!m_oPlan.GetLink().m_bForum || AddForum());
 }
@@ -139,13 +138,11 @@ bool CMakerCta::AddHdmi()
 bool CMakerCta::AddForum()
 {
     using namespace HdmiForum;
-    constexpr unsigned int uiLeastVrrMax = 100; // below it the video format is the limit
-    constexpr unsigned int uiUhdWidth = 3840;
     const SPlannedLink& oLink = m_oPlan.GetLink();
     CForumBytes aui8Payload = {};
     unsigned int uiSize = gsc_oMaxFrlRate.GetEnd();
     gsc_oVersion.Write(aui8Payload, 1);
-    gsc_oMaxTmdsCharacterRate.Write(aui8Payload, oLink.m_uiForumTmds / gsc_uiMegaHzPerTmdsUnit);
+    gsc_oMaxTmdsCharacterRate.Write(aui8Payload, oLink.m_uiForumTmds / Hdmi::gsc_uiMegaHzPerTmdsUnit);
     gsc_oScdcPresent.Write(aui8Payload, oLink.m_uiForumTmds != 0 || oLink.m_uiFrl != 0 ? 1 : 0);
     gsc_oMaxFrlRate.Write(aui8Payload, oLink.m_uiFrl);
     const bool bDeep420 = m_oWishes.m_bYCbCr420 && m_oPlan.GetColorDepth() > 8;
@@ -153,7 +150,7 @@ bool CMakerCta::AddForum()
     gsc_oDc36bit420.Write(aui8Payload, bDeep420 && m_oPlan.GetColorDepth() > 10 ? 1 : 0);
     for (unsigned int i = 0; i < m_oPlan.GetCount(); ++i)
     {
-        if (m_oPlan.Get(i).m_uiCode != 0 && m_oPlan.Get(i).m_oTiming.m_uiWidth >= uiUhdWidth)
+        if (m_oPlan.Get(i).m_uiCode != 0 && m_oPlan.Get(i).m_oTiming.m_uiWidth >= gsc_uiUhdWidth)
         {
             gsc_oUhdVic.Write(aui8Payload, 1);
         }
@@ -162,7 +159,7 @@ bool CMakerCta::AddForum()
     {
         uiSize = gsc_oVrrMax.GetEnd();
         gsc_oVrrMin.Write(aui8Payload, m_oWishes.m_uiVrrMin);
-        gsc_oVrrMax.Write(aui8Payload, m_oWishes.m_uiVrrMax >= uiLeastVrrMax ? m_oWishes.m_uiVrrMax : 0);
+        gsc_oVrrMax.Write(aui8Payload, m_oWishes.m_uiVrrMax >= gsc_uiLeastVrrMax ? m_oWishes.m_uiVrrMax : 0);
     }
     if (oLink.m_bDsc)
     {

@@ -170,7 +170,7 @@ void ReadDate(const unsigned char* pui8Base, bool bRevision3, SDonor& oDonor)
 void ReadColors(const unsigned char* pui8Base, SDonor& oDonor)
 {
     oDonor.m_ui8Gamma = pui8Base[gsc_uiGammaOffset];
-    memcpy(oDonor.m_aui8Chromaticities, pui8Base + gsc_oRedX.GetFirst(), sizeof(oDonor.m_aui8Chromaticities));
+    memcpy(oDonor.m_aui8Chromaticities, pui8Base + gsc_uiChromaticitiesOffset, sizeof(oDonor.m_aui8Chromaticities));
     oDonor.m_bSrgb = memcmp(oDonor.m_aui8Chromaticities, gsc_aui8SrgbColors, sizeof(gsc_aui8SrgbColors)) == 0;
     if (oDonor.m_bSrgb && oDonor.m_ui8Gamma != gsc_ui8SrgbGamma)
     {

@@ -2,15 +2,12 @@
 
 #pragma once
 
+#include "Standards/BaseBlock.h"
 #include "ZorEdidMaker.h"
 
 namespace ZorWrite
 {
 using CByteArray = CMArray<unsigned char, const unsigned char&>;
-
-// sRGB, as the base block stores it: gamma 2.20, and the primaries with the white point.
-inline constexpr unsigned char gsc_ui8SrgbGamma = 220 - 100;
-inline constexpr unsigned char gsc_aui8SrgbColors[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
 
 // Bytes as the structures have them, of what is sound alone.
 struct SDonor
@@ -19,7 +16,7 @@ struct SDonor
     unsigned char m_aui8Serial[4] = {};
     unsigned char m_aui8Date[2] = {}; // week and year
     unsigned char m_ui8Gamma = 0;
-    unsigned char m_aui8Chromaticities[sizeof(gsc_aui8SrgbColors)] = {};
+    unsigned char m_aui8Chromaticities[sizeof(ZorStandards::BaseBlock::gsc_aui8SrgbColors)] = {};
     bool m_bSrgb = false;
     CByteArray m_aui8Audio = {};    // of 3 bytes each
     CByteArray m_aui8Speakers = {}; // 3 bytes or none

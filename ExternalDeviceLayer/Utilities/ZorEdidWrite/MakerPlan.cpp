@@ -75,8 +75,8 @@ double GetHz(const SZorMode& oMode)
 
 // ---- HDMI's links ----
 
-constexpr unsigned int gsc_uiMostHdmiTmds = 340; // MHz, without the data block of the HDMI Forum
-constexpr unsigned int gsc_uiMostForumTmds = 600;
+constexpr unsigned int gsc_uiMostHdmiTmds = Hdmi::gsc_uiMostTmdsInMegaHz; // without the HDMI Forum's data block
+constexpr unsigned int gsc_uiMostForumTmds = HdmiForum::gsc_uiMostTmdsInMegaHz;
 constexpr unsigned int gsc_uiMostFrl = 6;
 constexpr unsigned int gsc_uiBitsOfRgb = 24;                                      // a pixel
 constexpr unsigned int gsc_uiBitsCompressed = 8;                                  // a pixel, by DSC

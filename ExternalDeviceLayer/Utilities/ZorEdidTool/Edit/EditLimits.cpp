@@ -17,35 +17,15 @@ void Widen(unsigned int& uiLeast, unsigned int& uiMost, unsigned long long ullPa
     uiMost = bBelow ? uiMost : static_cast<unsigned int>((ullPart + ullWhole - 1) / ullWhole);
 }
 
-// The places of one direction, and what they shall hold.
-struct SRates
-{
-    const SPlace& m_oMinimum;
-    const SPlace& m_oMaximum;
-    const SPlace& m_oOffsets;
-    unsigned int m_uiLeast;
-    unsigned int m_uiMost;
-};
-
 // False when the bytes, 1 to 255 each and from revision 4 on with offsets, cannot hold the rates.
-bool WriteRates(unsigned char* pui8Limits, bool bOffsets, const SRates& oRates)
+bool WriteHeldRates(unsigned char* pui8Limits, const SRatePlaces& oPlaces, unsigned int uiLeast, unsigned int uiMost,
+                    bool bOffsets)
 {
-    constexpr unsigned int uiMaximumOffset = 2;
-    constexpr unsigned int uiBothOffsets = 3;
-    const unsigned int uiMost = bOffsets ? 2 * gsc_uiRateOffset : gsc_uiRateOffset;
-    if (oRates.m_uiLeast == 0 || oRates.m_uiMost > uiMost)
+    if (uiLeast == 0 || uiMost > (bOffsets ? 2 * gsc_uiRateOffset : gsc_uiRateOffset))
     {
         return false;
     }
-    const unsigned int uiOffsets = oRates.m_uiLeast > gsc_uiRateOffset  ? uiBothOffsets
-                                   : oRates.m_uiMost > gsc_uiRateOffset ? uiMaximumOffset
-                                                                        : 0;
-    oRates.m_oMinimum.Write(pui8Limits, oRates.m_uiLeast - (IsMinimumOffset(uiOffsets) ? gsc_uiRateOffset : 0));
-    oRates.m_oMaximum.Write(pui8Limits, oRates.m_uiMost - (IsMaximumOffset(uiOffsets) ? gsc_uiRateOffset : 0));
-    if (bOffsets)
-    {
-        oRates.m_oOffsets.Write(pui8Limits, uiOffsets);
-    }
+    WriteRates(pui8Limits, oPlaces, uiLeast, uiMost, bOffsets);
     return true;
 }
 } // namespace
@@ -113,11 +93,8 @@ bool WriteLimits(unsigned char* pui8Limits, unsigned int uiRevision, const SLimi
             gsc_oClockPrecision.Write(pui8Limits, 0);
         }
     }
-    return (!bVertical || WriteRates(pui8Limits, b4,
-                                     { gsc_oMinVerticalRate, gsc_oMaxVerticalRate, gsc_oVerticalOffsets,
-                                       oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz })) &&
-           (!bHorizontal ||
-            WriteRates(pui8Limits, b4,
-                       { gsc_oMinHorizontalRate, gsc_oMaxHorizontalRate, gsc_oHorizontalOffsets,
-                         oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz }));
+    return (!bVertical || WriteHeldRates(pui8Limits, gsc_oVerticalRates, oLimits.m_uiMinVerticalRateInHz,
+                                         oLimits.m_uiMaxVerticalRateInHz, b4)) &&
+           (!bHorizontal || WriteHeldRates(pui8Limits, gsc_oHorizontalRates, oLimits.m_uiMinHorizontalRateInKiloHz,
+                                           oLimits.m_uiMaxHorizontalRateInKiloHz, b4));
 }

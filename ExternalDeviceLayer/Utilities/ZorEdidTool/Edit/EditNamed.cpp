@@ -22,27 +22,17 @@ using CTexts = std::vector<std::string>;
 
 std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Tag, const std::string& sText)
 {
-    constexpr size_t uiMost = 13;
-    constexpr unsigned char ui8LineFeed = 0x0A;
     if (oFields.Has(eId))
     {
         return oFields.Set(eId, sText);
     }
     const bool bPlain = std::ranges::all_of(sText, [](char c) { return c >= ' ' && c <= '~'; });
-    if (!bPlain || sText.empty() || sText.size() > uiMost)
+    if (!bPlain || sText.empty() || sText.size() > Descriptors::gsc_uiTextSize)
     {
         return "it takes 1 to 13 ASCII characters";
     }
-    constexpr size_t uiTag = 3;
-    constexpr size_t uiText = 5;
-    CBytes aui8Bytes(Descriptors::gsc_uiDescriptorSize, ' ');
-    std::fill_n(aui8Bytes.begin(), uiText, static_cast<unsigned char>(0));
-    aui8Bytes[uiTag] = ui8Tag;
-    std::ranges::copy(sText, aui8Bytes.begin() + uiText);
-    if (sText.size() < uiMost)
-    {
-        aui8Bytes[uiText + sText.size()] = ui8LineFeed;
-    }
+    CBytes aui8Bytes(Descriptors::gsc_uiDescriptorSize);
+    Descriptors::WriteText(aui8Bytes.data(), ui8Tag, sText.data(), static_cast<unsigned int>(sText.size()));
     return oFields.AddDescriptor(aui8Bytes);
 }
 

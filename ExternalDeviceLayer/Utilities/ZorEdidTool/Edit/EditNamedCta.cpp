@@ -96,9 +96,9 @@ std::string PutColorimetry(CFieldEdits& oFields, const CTexts& asNames)
 
 // ---- HDMI ----
 
-constexpr unsigned int gsc_uiMostTmds1 = 340; // MHz without scrambling, which HDMI's own data block says
-constexpr unsigned int gsc_uiMostTmds2 = 600; // with it
-constexpr unsigned int gsc_uiMegaHzPerUnit = 5;
+constexpr unsigned int gsc_uiMostTmds1 = Hdmi::gsc_uiMostTmdsInMegaHz;      // of HDMI's own data block
+constexpr unsigned int gsc_uiMostTmds2 = HdmiForum::gsc_uiMostTmdsInMegaHz; // with scrambling
+constexpr unsigned int gsc_uiMegaHzPerUnit = Hdmi::gsc_uiMegaHzPerTmdsUnit;
 constexpr size_t gsc_uiRatesSize = 4; // of the HDMI Forum's payload, up to the fixed rate link
 constexpr size_t gsc_uiVrrSize = 7;
 
@@ -123,7 +123,6 @@ struct SNeeds
 };
 SNeeds ReadNeeds(const CFieldEdits& oFields)
 {
-    constexpr unsigned int uiUhdWidth = 3840;
     constexpr unsigned long long ullStep = gsc_uiMegaHzPerUnit * 1000000ULL;
     SNeeds oNeeds;
     CZorEdidModes oModes;
@@ -134,7 +133,7 @@ SNeeds ReadNeeds(const CFieldEdits& oFields)
         const auto uiSteps = static_cast<unsigned int>((oEntry.m_oMode.m_ullClock + ullStep - 1) / ullStep);
         oNeeds.m_uiMegaHz = std::max(oNeeds.m_uiMegaHz, uiSteps * gsc_uiMegaHzPerUnit);
         oNeeds.m_bUhdCodes = oNeeds.m_bUhdCodes || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor &&
-                                                    oEntry.m_oMode.m_uiWidth >= uiUhdWidth);
+                                                    oEntry.m_oMode.m_uiWidth >= HdmiForum::gsc_uiUhdWidth);
     }
     return oNeeds;
 }
@@ -217,13 +216,12 @@ std::string PutFrl(CFieldEdits& oFields, unsigned int uiCode)
 // Range limits that are there come to hold the range.
 std::string PutVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMost)
 {
-    constexpr unsigned int uiLeastMaximum = 100; // below, 0 says that the timing's own rate is the maximum
     std::string sProblem = EnsureForum(oFields, gsc_uiVrrSize);
-    if (uiMost < uiLeastMaximum)
+    if (uiMost < HdmiForum::gsc_uiLeastVrrMax)
     {
         oFields.Note("VRR_MAX is 0, as it has no rates below 100 Hz: the rate of the timing is the maximum");
     }
-    const std::string sMost = uiMost < uiLeastMaximum ? "raw:0" : std::to_string(uiMost);
+    const std::string sMost = uiMost < HdmiForum::gsc_uiLeastVrrMax ? "raw:0" : std::to_string(uiMost);
     sProblem = sProblem.empty() ? oFields.SetAll({ { eZorEdidField_CtaHdmiForumVrrMin, std::to_string(uiLeast) },
                                                    { eZorEdidField_CtaHdmiForumVrrMax, sMost } })
                                 : sProblem;
@@ -291,10 +289,7 @@ std::string ListNames(const TABLE& aoTable)
     }
     return JoinTexts(asNames);
 }
-} // namespace
 
-namespace
-{
 // As FindCode, of the data blocks of one kind.
 bool FindCodeIn(const CZorEdidMap& oMap, EZorEdidField eBlock, unsigned int uiVic, unsigned int& uiPlace)
 {
@@ -374,13 +369,12 @@ std::string ParseColorimetry(const std::string& sText, CNamedEdit& fnEdit)
 
 std::string ParseVrr(const std::string& sText, CNamedEdit& fnEdit)
 {
-    constexpr unsigned int uiMostMinimum = 48; // of HDMI
     constexpr unsigned int uiMostMaximum = 1023;
     const size_t uiHyphen = sText.find('-');
     unsigned int uiLeast = 0;
     unsigned int uiMost = 0;
     if (uiHyphen == std::string::npos || !ParseNumber(sText.substr(0, uiHyphen), uiLeast) ||
-        !ParseNumber(sText.substr(uiHyphen + 1), uiMost) || uiLeast == 0 || uiLeast > uiMostMinimum ||
+        !ParseNumber(sText.substr(uiHyphen + 1), uiMost) || uiLeast == 0 || uiLeast > HdmiForum::gsc_uiMostVrrMin ||
         uiMost <= uiLeast || uiMost > uiMostMaximum)
     {
         return "'" + sText + "' is not a range of rates such as 48-144: from 1 to 48 Hz, up to 1023 Hz";
@@ -410,9 +404,8 @@ std::string ParseFrl(const std::string& sText, CNamedEdit& fnEdit)
 std::string ParseTmds(const std::string& sText, CNamedEdit& fnEdit)
 {
     constexpr unsigned int uiLeast = 25;
-    constexpr unsigned int uiMost = 600;
     unsigned int uiMegaHz = 0;
-    if (!ParseNumber(sText, uiMegaHz) || uiMegaHz < uiLeast || uiMegaHz > uiMost)
+    if (!ParseNumber(sText, uiMegaHz) || uiMegaHz < uiLeast || uiMegaHz > gsc_uiMostTmds2)
     {
         return "'" + sText + "' is not a number of MHz from 25 to 600";
     }

@@ -60,6 +60,10 @@ constexpr SPlace gsc_oPreferredIsNative = Bit(0x18, 1);
 constexpr SPlace gsc_oContinuousFrequency = Bit(0x18, 0);
 
 // Chromaticities in 1/1024.
+// sRGB's, as they are stored: gamma 2.20, and the primaries with the white point from byte 19h on.
+inline constexpr unsigned char gsc_ui8SrgbGamma = 220 - 100;
+inline constexpr unsigned int gsc_uiChromaticitiesOffset = 0x19;
+inline constexpr unsigned char gsc_aui8SrgbColors[] = { 0xEE, 0x91, 0xA3, 0x54, 0x4C, 0x99, 0x26, 0x0F, 0x50, 0x54 };
 constexpr SPlace gsc_oRedX = Split({ { 0x1B, 7, 0 }, { 0x19, 7, 6 } });
 constexpr SPlace gsc_oRedY = Split({ { 0x1C, 7, 0 }, { 0x19, 5, 4 } });
 constexpr SPlace gsc_oGreenX = Split({ { 0x1D, 7, 0 }, { 0x19, 3, 2 } });

@@ -103,14 +103,59 @@ constexpr unsigned int gsc_uiKiloHzPer10MegaHz = 10000;
 constexpr unsigned int gsc_uiKiloHzPerPrecision = 250;
 constexpr unsigned int gsc_uiHighestClockInKiloHz = 255 * gsc_uiKiloHzPer10MegaHz;
 
+// The places of one direction.
+struct SRatePlaces
+{
+    SPlace m_oMinimum;
+    SPlace m_oMaximum;
+    SPlace m_oOffsets;
+};
+inline constexpr SRatePlaces gsc_oVerticalRates = { gsc_oMinVerticalRate, gsc_oMaxVerticalRate, gsc_oVerticalOffsets };
+inline constexpr SRatePlaces gsc_oHorizontalRates = { gsc_oMinHorizontalRate, gsc_oMaxHorizontalRate,
+                                                      gsc_oHorizontalOffsets };
+
 // Values of the offsets; 1 is reserved, and reads as no offset.
 constexpr bool IsMaximumOffset(unsigned int uiOffsets) { return uiOffsets >= 2; }
 constexpr bool IsMinimumOffset(unsigned int uiOffsets) { return uiOffsets == 3; }
+
+// Rates up to 255, with bOffsets up to 510. Without it the offsets stay as they are.
+constexpr void WriteRates(unsigned char* pui8Descriptor, const SRatePlaces& oPlaces, unsigned int uiLeast,
+                          unsigned int uiMost, bool bOffsets)
+{
+    constexpr unsigned int uiMaximumOffset = 2;
+    constexpr unsigned int uiBothOffsets = 3;
+    const unsigned int uiOffsets = uiLeast > gsc_uiRateOffset  ? uiBothOffsets
+                                   : uiMost > gsc_uiRateOffset ? uiMaximumOffset
+                                                               : 0;
+    oPlaces.m_oMinimum.Write(pui8Descriptor, uiLeast - (IsMinimumOffset(uiOffsets) ? gsc_uiRateOffset : 0));
+    oPlaces.m_oMaximum.Write(pui8Descriptor, uiMost - (IsMaximumOffset(uiOffsets) ? gsc_uiRateOffset : 0));
+    if (bOffsets)
+    {
+        oPlaces.m_oOffsets.Write(pui8Descriptor, uiOffsets);
+    }
+}
 
 // A display descriptor with this tag, whatever its contents.
 constexpr bool HasTag(const unsigned char* pui8Descriptor, unsigned char ui8Tag)
 {
     return ReadLittle24(pui8Descriptor) == 0 && pui8Descriptor[gsc_uiTagOffset] == ui8Tag;
+}
+
+// A display descriptor with a text of up to gsc_uiTextSize characters. A shorter one ends with a line feed and blanks.
+constexpr unsigned int gsc_uiTextSize = gsc_uiDescriptorSize - gsc_uiContentsOffset;
+constexpr void WriteText(unsigned char* pui8Descriptor, unsigned char ui8Tag, const char* pszText,
+                         unsigned int uiLength)
+{
+    constexpr unsigned char ui8LineFeed = 0x0A;
+    for (unsigned int i = 0; i < gsc_uiContentsOffset; ++i)
+    {
+        pui8Descriptor[i] = i == gsc_uiTagOffset ? ui8Tag : 0;
+    }
+    for (unsigned int i = 0; i < gsc_uiTextSize; ++i)
+    {
+        const unsigned char ui8End = i == uiLength ? ui8LineFeed : ' ';
+        pui8Descriptor[gsc_uiContentsOffset + i] = i < uiLength ? static_cast<unsigned char>(pszText[i]) : ui8End;
+    }
 }
 
 // Range limits of revision 4 or later whose byte 4 has flags, with which the classes take them for no display

@@ -75,6 +75,10 @@ constexpr unsigned int gsc_uiMaskSize = 2;
 constexpr SPlace gsc_oVicOrder = Bits(0, 7, 4);
 constexpr SPlace gsc_oStructure = Bits(0, 3, 0);
 constexpr unsigned int gsc_uiFirstWithDetail = 8;
+
+// Clocks here and in the HDMI Forum's data block.
+constexpr unsigned int gsc_uiMegaHzPerTmdsUnit = 5;
+constexpr unsigned int gsc_uiMostTmdsInMegaHz = 340; // without scrambling; rates above are the HDMI Forum's
 } // namespace ZorStandards::Hdmi
 
 namespace ZorStandards::HdmiForum
@@ -120,7 +124,14 @@ inline constexpr SPlace gsc_oDscTotalChunkKbytes = Bits(9, 5, 0);
 
 // The sink capability data block has two reserved bytes ahead of it.
 inline constexpr unsigned int gsc_uiSinkSkip = 2;
-inline constexpr unsigned int gsc_uiKiloHzPerTmdsUnit = 5000; // of clocks here and in HDMI's block
+inline constexpr unsigned int gsc_uiMostTmdsInMegaHz = 600;
+
+// VRR_MAX in Hz is at least this; 0 says that the rate of the timing is the maximum.
+inline constexpr unsigned int gsc_uiLeastVrrMax = 100;
+inline constexpr unsigned int gsc_uiMostVrrMin = 48;
+
+// UHD_VIC is about video codes of this width and more.
+inline constexpr unsigned int gsc_uiUhdWidth = 3840;
 
 // A rate of Fixed Rate Link.
 struct SFrlRate

@@ -10,7 +10,7 @@ import argparse
 import os
 import statistics
 
-CALLS = (["--version"], ["report"], ["check"], ["explain", "--at", "0x36"], ["explain"], ["explain", "--json"])
+CALLS = (["--version"], ["show"], ["report"], ["check"], ["explain", "--at", "0x36"], ["explain"], ["explain", "--json"])
 
 
 def measure(arguments):

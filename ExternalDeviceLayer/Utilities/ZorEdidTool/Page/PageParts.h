@@ -1,9 +1,12 @@
-// The parts of the page. For Page.cpp, which puts them together.
+// The page and its parts.
 
 #pragma once
 
 #include "PageHtml.h"
 #include "PageImage.h"
+
+// The page as a file (PageWhole.cpp). One that would be too large for browsers gets limits, which oPage keeps.
+std::string MakeWholePage(SPage& oPage);
 
 // Each part is the content below a title; empty where the image has none.
 

@@ -203,6 +203,10 @@ private:
         {
             oHtml << "data-f=\"" << SText{ sCode } << "\" ";
         }
+        if (m_oPage.m_bNumbered)
+        {
+            oHtml << "data-i=\"" << uiField << "\" ";
+        }
         oHtml << "data-p=\"";
         AddRuns(oField, oHtml);
         if (bOpen)

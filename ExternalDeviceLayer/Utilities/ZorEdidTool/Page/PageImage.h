@@ -75,6 +75,7 @@ struct SPageLimits
 struct SPage
 {
     SPageLimits m_oLimits;
+    bool m_bNumbered = false; // each field has its index in the map as data-i, for a program around the page
     std::vector<std::unique_ptr<SPageImage>> m_apoImages;
     std::unique_ptr<SPageComparison> m_poComparison; // null for a single image
 

@@ -513,8 +513,9 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
                 return (ParseNumber(sText, uiParsed) && uiParsed <= uiMost) ||
                                CZorEdidMap::FindId(sText.c_str()) != eZorEdidField_None
                            ? std::string()
-                           : "unknown offset or id " + ShowName(sText) + AskForNearWord(sText, ListIdTexts()) +
-                                 FormatText("; expected a number from 0 to %u or one of --ids", uiMost);
+                           : "unknown offset or id " + ShowName(sText) +
+                                 NameKnownWords(sText, ListIdTexts(),
+                                                FormatText("a number from 0 to %u or one of --ids", uiMost));
             });
     const COption oFind =
         oCommand

@@ -11,6 +11,7 @@
 #include "EditNamed.h"
 #include "ExactTimings.h"
 #include "FieldEdits.h"
+#include "NearWord.h"
 #include "TextFormat.h"
 #include "ZorEdidTimings.h"
 
@@ -146,7 +147,10 @@ std::string ParseAddedMode(const CTexts& asFields, SAddedMode& oAdded)
         }
         else
         {
-            return "unknown word '" + asFields[i] + "'; expected preferred, displayid, or one of " + JoinTexts(asTypes);
+            CTexts asWords = asTypes;
+            asWords.insert(asWords.end(), { "preferred", "displayid" });
+            return "unknown word '" + asFields[i] + "'" +
+                   NameKnownWords(asFields[i], asWords, "preferred, displayid, or one of " + JoinTexts(asTypes));
         }
     }
     for (const std::string& sType : asAsked)

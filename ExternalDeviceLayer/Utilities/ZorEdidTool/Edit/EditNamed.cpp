@@ -10,6 +10,7 @@
 #include "EditLimits.h"
 #include "FieldEdits.h"
 #include "Findings.h"
+#include "NearWord.h"
 #include "TextFormat.h"
 
 using namespace ZorStandards;
@@ -334,7 +335,9 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
     const CTexts asNumbers = SplitText(poSpace != std::end(gsc_aoSpaces) ? poSpace->m_pszNumbers : sText, ",");
     if (asNumbers.size() != std::size(gsc_aeChromaticities))
     {
-        return "'" + sText + "' is not srgb, p3, bt2020 or eight numbers: x and y of red, green, blue and white";
+        const std::string sNear = AskForNearWord(sText, ListNames(gsc_aoSpaces));
+        return "'" + sText + "' is not srgb, p3, bt2020 or eight numbers" +
+               (sNear.empty() ? ": x and y of red, green, blue and white" : sNear);
     }
     fnEdit = [asNumbers](CFieldEdits& oFields) {
         std::string sProblem;

@@ -5,6 +5,7 @@
 
 #include "EditNamed.h"
 #include "FieldEdits.h"
+#include "NearWord.h"
 #include "Standards/ColourBlocks.h"
 #include "Standards/CtaBlocks.h"
 #include "Standards/HdmiBlocks.h"
@@ -279,17 +280,6 @@ std::string Put420(CFieldEdits& oFields, unsigned int uiVic)
     return sProblem;
 }
 
-template <class TABLE>
-std::string ListNames(const TABLE& aoTable)
-{
-    CTexts asNames;
-    for (const auto& oRow : aoTable)
-    {
-        asNames.emplace_back(oRow.m_pszName);
-    }
-    return JoinTexts(asNames);
-}
-
 // As FindCode, of the data blocks of one kind.
 bool FindCodeIn(const CZorEdidMap& oMap, EZorEdidField eBlock, unsigned int uiVic, unsigned int& uiPlace)
 {
@@ -345,8 +335,10 @@ std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit)
         }
         else
         {
-            return "unknown word '" + sWord + "'; expected some of " + ListNames(gsc_aoTransfers) +
-                   ", and max=, frame= and min= in cd/m2";
+            const CTexts asNames = ListNames(gsc_aoTransfers);
+            return "unknown word '" + sWord + "'" +
+                   NameKnownWords(sWord, asNames,
+                                  "some of " + JoinTexts(asNames) + ", and max=, frame= and min= in cd/m2");
         }
     }
     fnEdit = [=](CFieldEdits& oFields) { return AddHdr(oFields, asTransfers, asLuminances); };
@@ -360,7 +352,8 @@ std::string ParseColorimetry(const std::string& sText, CNamedEdit& fnEdit)
     {
         if (std::ranges::find(gsc_aoColorimetries, sName, &SColorimetry::m_pszName) == std::end(gsc_aoColorimetries))
         {
-            return "unknown value '" + sName + "'; expected some of " + ListNames(gsc_aoColorimetries);
+            const CTexts asKnown = ListNames(gsc_aoColorimetries);
+            return "unknown value '" + sName + "'" + NameKnownWords(sName, asKnown, "some of " + JoinTexts(asKnown));
         }
     }
     fnEdit = [asNames](CFieldEdits& oFields) { return PutColorimetry(oFields, asNames); };

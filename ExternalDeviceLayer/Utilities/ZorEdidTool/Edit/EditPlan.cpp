@@ -64,20 +64,6 @@ bool FindValue(const SNamedValue (&aoValues)[uiCount], const std::string& sName,
     return false;
 }
 
-// "unknown value 'x'; expected one of a, b": the names are those of the elements of a table.
-template <class TABLE>
-std::string RefuseName(const std::string& sName, const TABLE& aoTable)
-{
-    std::vector<std::string> asNames;
-    for (const auto& oRow : aoTable)
-    {
-        asNames.emplace_back(oRow.m_pszName);
-    }
-    // Of numbers none is meant by another one.
-    const bool bWord = !sName.empty() && (sName[0] < '0' || sName[0] > '9');
-    return "unknown value '" + sName + "'" + NameKnownWords(bWord ? sName : "", asNames);
-}
-
 // Joins the bits of all names.
 template <size_t uiCount>
 std::string ParseBits(const SNamedValue (&aoValues)[uiCount], const std::string& sText, const char* pszSeparators,
@@ -106,9 +92,14 @@ std::string ParseBitsOrNone(const SNamedValue (&aoValues)[uiCount], const std::s
         uiBits = 0;
         return "";
     }
-    const std::string sProblem = ParseBits(aoValues, sText, pszSeparators, uiBits);
-    const bool bAlone = sText.find_first_of(pszSeparators) == std::string::npos;
-    return sProblem.empty() || !bAlone ? sProblem : sProblem + ", " + gsc_pszNone;
+    unsigned int uiBit = 0;
+    if (sText.find_first_of(pszSeparators) != std::string::npos || FindValue(aoValues, sText, uiBit))
+    {
+        return ParseBits(aoValues, sText, pszSeparators, uiBits);
+    }
+    std::vector<std::string> asNames = ListNames(aoValues);
+    asNames.emplace_back(gsc_pszNone);
+    return "unknown value '" + sText + "'" + NameKnownWords(sText, asNames);
 }
 
 bool ParseNumberBefore(const std::string& sText, const std::string& sUnit, unsigned int& uiNumber)

@@ -113,7 +113,7 @@ std::string ParseField(const std::string& sField, SSetting& oSetting)
     oSetting.m_eId = CZorEdidMap::FindId(sId.c_str());
     return oSetting.m_eId != eZorEdidField_None
                ? ""
-               : "unknown id '" + sId + "'" + AskForNearWord(sId, ListIdTexts()) + ", all by zoredid explain --ids";
+               : "unknown id '" + sId + "'" + NameKnownWords(sId, ListIdTexts(), "one of zoredid explain --ids");
 }
 
 std::string ParseSetting(const std::string& sText, SSetting& oSetting)

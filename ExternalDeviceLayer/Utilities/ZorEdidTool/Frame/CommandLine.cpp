@@ -557,10 +557,12 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     }
     catch (const CLI::ParseError& oError)
     {
-        // A word that is missing is often the one that a mistyped option was to have.
+        // A word that is missing is often the one that a mistyped option was to have, and one that is no FILE or MODE
+        // its value.
+        const bool bWord = dynamic_cast<const CLI::RequiredError*>(&oError) != nullptr ||
+                           dynamic_cast<const CLI::ValidationError*>(&oError) != nullptr;
         const bool bExtras =
-            dynamic_cast<const CLI::ExtrasError*>(&oError) != nullptr ||
-            (dynamic_cast<const CLI::RequiredError*>(&oError) != nullptr && !m_poApp->remaining(true).empty());
+            dynamic_cast<const CLI::ExtrasError*>(&oError) != nullptr || (bWord && !m_poApp->remaining(true).empty());
         PrintProblem(m_poApp->get_subcommands().empty() ? DescribeMissingCommand()
                      : bExtras                          ? DescribeExtras()
                                                         : MakeLine(oError.what()));

@@ -6,6 +6,8 @@
 #include <numeric>
 #include <utility>
 
+#include "TextFormat.h"
+
 namespace
 {
 constexpr size_t gsc_uiFar = 3; // letters
@@ -48,7 +50,8 @@ std::string FindNearWord(const std::string& sWord, const std::vector<std::string
 {
     constexpr size_t uiLongest = 64; // letters; no known word is as long
     std::string sNear;
-    size_t uiNearest = sWord.size() > uiLongest ? 0 : gsc_uiFar;
+    const bool bNumber = !sWord.empty() && sWord[0] >= '0' && sWord[0] <= '9'; // which is meant by no other one
+    size_t uiNearest = bNumber || sWord.size() > uiLongest ? 0 : gsc_uiFar;
     for (const std::string& sKnown : asKnown)
     {
         const size_t uiDistance = GetDistance(sWord, sKnown);
@@ -69,13 +72,12 @@ std::string AskForNearWord(const std::string& sWord, const std::vector<std::stri
 
 std::string NameKnownWords(const std::string& sWord, const std::vector<std::string>& asKnown)
 {
-    std::string sText = AskForNearWord(sWord, asKnown);
-    if (sText.empty())
-    {
-        for (const std::string& sKnown : asKnown)
-        {
-            sText += (sText.empty() ? "; expected one of " : ", ") + sKnown;
-        }
-    }
-    return sText;
+    return NameKnownWords(sWord, asKnown, "one of " + JoinTexts(asKnown));
+}
+
+std::string NameKnownWords(const std::string& sWord, const std::vector<std::string>& asKnown,
+                           const std::string& sExpected)
+{
+    const std::string sNear = AskForNearWord(sWord, asKnown);
+    return sNear.empty() ? "; expected " + sExpected : sNear;
 }

@@ -103,10 +103,9 @@ std::string CRuleSet::CheckName(const std::string& sName)
 {
     bool bKnown = false;
     ForEachRule([&](const SZorEdidRule& oRule) { bKnown = bKnown || IsNamed(oRule, sName); });
-    const std::string sNear = AskForNearWord(TakeBeginning(sName), ListNames());
     return bKnown ? ""
                   : "unknown rule '" + ShowName(sName) + "'" +
-                        (sNear.empty() ? "; zoredid check --rules lists them" : sNear);
+                        NameKnownWords(TakeBeginning(sName), ListNames(), "one of zoredid check --rules");
 }
 
 void CRuleSet::Add(const std::string& sName)

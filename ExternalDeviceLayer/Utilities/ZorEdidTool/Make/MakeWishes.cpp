@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "ExactTimings.h"
+#include "NearWord.h"
 #include "Standards/HdmiBlocks.h"
 #include "TextFormat.h"
 
@@ -37,17 +38,6 @@ const ROW* FindRow(const ROW (&aoRows)[COUNT], const std::string& sName)
         return strcasecmp(oRow.m_pszName, sName.c_str()) == 0;
     });
     return poRow == std::end(aoRows) ? nullptr : poRow;
-}
-
-template <class ROW, size_t COUNT>
-std::string RefuseName(const ROW (&aoRows)[COUNT], const std::string& sName)
-{
-    CTexts asNames;
-    for (const ROW& oRow : aoRows)
-    {
-        asNames.emplace_back(oRow.m_pszName);
-    }
-    return "unknown value '" + sName + "'; expected one of " + JoinTexts(asNames);
 }
 
 // ---- Values ----
@@ -81,7 +71,7 @@ std::string SetMode(const std::string& sValue, SZorEdidWishes& oWishes)
         const SSourceName* poSource = FindRow(gsc_aoSources, sValue.substr(uiComma + 1));
         if (poSource == nullptr)
         {
-            return RefuseName(gsc_aoSources, sValue.substr(uiComma + 1));
+            return RefuseName(sValue.substr(uiComma + 1), gsc_aoSources);
         }
         oWish.m_eSource = poSource->m_eSource;
     }
@@ -108,7 +98,7 @@ std::string SetInterface(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     const SInterfaceName* poName = FindRow(gsc_aoInterfaces, sValue);
     oWishes.m_eInterface = poName != nullptr ? poName->m_eInterface : oWishes.m_eInterface;
-    return poName != nullptr ? "" : RefuseName(gsc_aoInterfaces, sValue);
+    return poName != nullptr ? "" : RefuseName(sValue, gsc_aoInterfaces);
 }
 
 std::string SetName(const std::string& sValue, SZorEdidWishes& oWishes)
@@ -200,7 +190,7 @@ std::string SetAudio(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     const SAudioName* poName = FindRow(gsc_aoAudio, sValue);
     oWishes.m_eAudio = poName != nullptr ? poName->m_eAudio : oWishes.m_eAudio;
-    return poName != nullptr ? "" : RefuseName(gsc_aoAudio, sValue);
+    return poName != nullptr ? "" : RefuseName(sValue, gsc_aoAudio);
 }
 
 std::string SetVrr(const std::string& sValue, SZorEdidWishes& oWishes)
@@ -236,7 +226,7 @@ std::string SetFrl(const std::string& sValue, SZorEdidWishes& oWishes)
             return "";
         }
     }
-    return "unknown value '" + sValue + "'; expected one of " + JoinTexts(asNames);
+    return "unknown value '" + sValue + "'" + NameKnownWords(sValue, asNames);
 }
 
 std::string SetY420(const std::string& sValue, SZorEdidWishes& oWishes)

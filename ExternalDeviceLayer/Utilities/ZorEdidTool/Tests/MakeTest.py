@@ -196,7 +196,7 @@ class Wishes(unittest.TestCase):
     def test_refusals(self):
         for arguments, status, reason in (
                 ("--mode 1920x1080", 2, "expected a mode"),
-                ("--mode 1920x1080@60,cvt-rb4", 2, "expected one of cta, dmt"),
+                ("--mode 1920x1080@60,cvt-rb4", 2, "did you mean 'cvt-rb'?"),
                 ("", 2, "no mode is given"),
                 ("--profile hdmi-4k --vrr 48", 2, "expected a range"),
                 ("--profile vrr --vrr 144-48", 1, "needs a range"),

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 
+#include "CutBase.h"
 #include "FactWords.h"
 #include "Findings.h"
 #include "ImageModes.h"
@@ -146,25 +147,26 @@ bool Has420Only(const CImageModes& oModes)
                                [](const SModeRow& oRow) { return oRow.m_oMode.m_eY420 == SZorMode::eY420_Only; });
 }
 
-// A line a size, the largest ones first, as many as there is room for.
-void AddModes(CLines& asLines, const CImageModes& oModes, size_t uiRoom)
+// A line a size, the largest ones first, as many as there is room for. Of a base block that is cut, others may be gone.
+void AddModes(CLines& asLines, const CImageModes& oModes, bool bCut, size_t uiRoom)
 {
     constexpr size_t uiSizeColumns = 11;
     const auto aoSizes = ListSizes(oModes);
     if (aoSizes.empty())
     {
-        Add(asLines, "Modes", "none", 1);
+        Add(asLines, "Modes", bCut ? "" : "none", 1);
         return;
     }
     const SModeRow* poPreferred = oModes.FindPreferred();
     Add(asLines, "Modes",
         poPreferred != nullptr
             ? "prefers " + GetSizeText(poPreferred->m_oMode) + " at " + GetShortRate(poPreferred->m_oMode) + " Hz"
-            : "no preferred mode",
+        : bCut ? "the preferred one is not known"
+               : "no preferred mode",
         1);
     const size_t uiLegend = Has420Only(oModes) ? 1 : 0;
-    const bool bCut = aoSizes.size() + 1 + uiLegend > uiRoom;
-    const size_t uiShown = bCut ? uiRoom - 2 - uiLegend : aoSizes.size();
+    const bool bAll = aoSizes.size() + 1 + uiLegend <= uiRoom;
+    const size_t uiShown = !bAll ? uiRoom - 2 - uiLegend : aoSizes.size();
     for (size_t i = 0; i < uiShown; ++i)
     {
         std::string sRates;
@@ -176,7 +178,7 @@ void AddModes(CLines& asLines, const CImageModes& oModes, size_t uiRoom)
         asLines.push_back(std::string(gsc_uiNameColumns, ' ') + sSize +
                           Wrap(sRates, gsc_uiTextColumns - sSize.size(), 1)[0]);
     }
-    if (bCut)
+    if (!bAll)
     {
         Add(asLines, "", FormatText("and %zu smaller sizes: see zoredid modes", aoSizes.size() - uiShown), 1);
     }
@@ -206,6 +208,20 @@ std::string DescribeFinding(const SFinding& oFinding)
     }
     return sSeverity + oFinding.m_sWhat + (sFound.empty() ? "" : ": " + sFound) +
            FormatText(" (block %u, ", oFinding.m_uiBlock) + sField + ")";
+}
+
+// A second line of the same finding is indented, as the next finding is not.
+void AddFinding(CLines& asLines, const std::string& sText)
+{
+    constexpr size_t uiIndent = 2;
+    constexpr size_t uiMostLines = 2;
+    const bool bLong = CountColumns(sText) > gsc_uiTextColumns;
+    size_t uiBlanks = gsc_uiNameColumns;
+    for (const std::string& sLine : Wrap(sText, gsc_uiTextColumns - (bLong ? uiIndent : 0), uiMostLines))
+    {
+        asLines.push_back(std::string(uiBlanks, ' ') + sLine);
+        uiBlanks = gsc_uiNameColumns + uiIndent;
+    }
 }
 
 // The numbers, then what is worst.
@@ -242,7 +258,7 @@ void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
     for (size_t i = 0; i < std::min(uiMost, asTexts.size()); ++i)
     {
         const auto& [sText, uiCount] = asTexts[i];
-        Add(asLines, "", (uiCount == 1 ? "" : FormatText("%zu x ", uiCount)) + sText, 1);
+        AddFinding(asLines, (uiCount == 1 ? "" : FormatText("%zu x ", uiCount)) + sText);
     }
 }
 
@@ -269,17 +285,18 @@ std::string Join(const CLines& asLines)
 std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
 {
     const unsigned int uiSize = static_cast<unsigned int>(oInput.m_aui8Bytes.size());
-    CZorEdidFacts oFacts;
-    oFacts.Read(uiSize, oInput.m_aui8Bytes.data());
     CZorEdidMap oMap;
     oMap.Read(uiSize, oInput.m_aui8Bytes.data());
-    if (uiSize < CEdidUtils::msc_uiBlockSize) // facts and modes take no part of a base block
+    const std::vector<unsigned char> aui8Bytes = FillCutBase(oInput.m_aui8Bytes);
+    CZorEdidFacts oFacts;
+    if (oFacts.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data()) == 0)
     {
         CLines asLines;
         AddState(asLines, oMap, oImage);
         return Join(asLines);
     }
-    const CImageModes oModes(oInput.m_aui8Bytes, nullptr, {}); // numbers are not shown
+    const bool bCut = aui8Bytes.size() != uiSize;     // what follows the base block is not known
+    const CImageModes oModes(aui8Bytes, nullptr, {}); // numbers are not shown
     const CZorEdidFacts::SIdentity& oIdentity = oFacts.GetIdentity();
     const std::string sSerial = DescribeSerial(oIdentity);
     const std::string sDate = (oIdentity.m_oYear.IsSaid() ? "made in " : "") + DescribeDate(oIdentity);
@@ -292,15 +309,15 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
         2);
     Add(asHead, "Link", JoinTexts({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
     CLines asTail;
-    Add(asTail, "HDR", DescribeHdr(oFacts), 2);
-    Add(asTail, "VRR", DescribeVariableRefresh(oFacts), 2);
+    Add(asTail, "HDR", bCut ? "" : DescribeHdr(oFacts), 2);
+    Add(asTail, "VRR", bCut ? "" : DescribeVariableRefresh(oFacts), 2);
     Add(asTail, "Ranges", DescribeRanges(oFacts.GetLink()), 1);
     Add(asTail, "Colour", DescribeColour(oFacts.GetColour()), 2);
     Add(asTail, "Audio", DescribeAudio(oFacts.GetAudio()), 2);
     AddState(asTail, oMap, oImage);
 
     CLines asLines = asHead;
-    AddModes(asLines, oModes, gsc_uiMostLines - asHead.size() - asTail.size());
+    AddModes(asLines, oModes, bCut, gsc_uiMostLines - asHead.size() - asTail.size());
     asLines.insert(asLines.end(), asTail.begin(), asTail.end());
     return Join(asLines);
 }
@@ -342,6 +359,6 @@ void DeclareShowOptions(COptions& oCommand, STool& oTool)
                     "modes by size.\n\n"
                     "Examples:\n"
                     "  zoredid show monitor.bin\n"
-                    "  zoredid show --jsonl *.bin | jq -r 'select(.facts.colour.hdr10 and .facts.link.vrr) | .file'");
+                    "  zoredid show --jsonl *.bin | jq -r 'select(.facts.link.vrr) | .file'");
     oCommand.Run([poOptions, &oTool] { Show(*poOptions, oTool); });
 }

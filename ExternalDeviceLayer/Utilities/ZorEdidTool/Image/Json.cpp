@@ -7,6 +7,7 @@
 
 #include "AudioNumbers.h"
 #include "AudioWarnings.h"
+#include "CutBase.h"
 #include "ExactTimings.h"
 #include "FactList.h"
 #include "MapText.h"
@@ -386,11 +387,12 @@ void WriteModes(const CImageModes& oModes, CJsonWriter& oJson)
     oJson.EndArray();
 }
 
-// What the bytes say, loaded or not.
+// What the bytes say, loaded or not, also those of a base block that is cut.
 void WriteTruth(const SInput& oInput, const CEdid* poEdid, const CModes& aoListed, CJsonWriter& oJson)
 {
+    const std::vector<unsigned char> aui8Bytes = FillCutBase(oInput.m_aui8Bytes);
     CZorEdidFacts oFacts;
-    if (oFacts.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data()) == 0)
+    if (oFacts.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data()) == 0)
     {
         return;
     }
@@ -401,7 +403,7 @@ void WriteTruth(const SInput& oInput, const CEdid* poEdid, const CModes& aoListe
     oJson.BeginObject("fact_ids");
     WriteFactIds(aoFacts, oJson);
     oJson.EndObject();
-    WriteModes(CImageModes(oInput.m_aui8Bytes, poEdid, aoListed), oJson);
+    WriteModes(CImageModes(aui8Bytes, poEdid, aoListed), oJson);
 }
 
 // What the library's classes make of it.

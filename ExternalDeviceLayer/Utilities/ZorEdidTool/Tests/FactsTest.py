@@ -203,15 +203,38 @@ class ShowTest(ToolTest):
                 self.check(out, name)
                 self.assertEqual("refuses the image" in out, status == 3)
                 self.assertEqual(len(error.splitlines()), 1 if status == 3 else 0)
-        out = run("show", self.save(MONITOR[:127]), status=3)[0]
-        self.check(out, "less than a block")
-        self.assertEqual(out.splitlines(), [
-            "Image     127 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
-            "          error: cut short: a block has 128 bytes: 127 (block 0, Base block)",
-            "Library   refuses the image: no EDID: 127 bytes, not a multiple of 128"])
         for path in sorted(os.listdir(CORPUS)) if CORPUS else []:
             if path.endswith(".bin"):
                 self.check(run("show", os.path.join(CORPUS, path), "--image", "1")[0], path)
+
+    def test_a_cut_base_block_says_what_is_whole(self):
+        def flatten(value, path=""):
+            return [pair for name, part in value.items() for pair in flatten(part, f"{path}.{name}")] if isinstance(
+                value, dict) else [(path, json.dumps(value))]
+
+        whole = self.image(change({0x7E: "00"}, MONITOR[:128]))
+        facts = set(flatten(whole["facts"]))
+
+        def get_modes(image):
+            return [(mode["id"], mode["offset"], mode["width"], mode["rate_hz"]) for mode in image.get("modes", [])]
+
+        paths = [self.save(MONITOR[:size], f"{size}.bin") for size in range(8, 128)]
+        for size, line in enumerate(run("show", "--jsonl", *paths, status=3)[0].splitlines(), 8):
+            cut = self.load(line)
+            self.assertEqual("facts" in cut, size >= 25, size)
+            wrong = [path for path, value in set(flatten(cut.get("facts", {}))) - facts if not path.startswith(".size")]
+            self.assertEqual(([], []), (wrong, [mode for mode in get_modes(cut) if mode not in get_modes(whole)]), size)
+        self.assertEqual(get_modes(whole), get_modes(cut))
+        for path in paths[::7]:
+            self.check(run("show", path, status=3)[0], path)
+        self.assertEqual(run("show", paths[36 - 8], status=3)[0].splitlines(), [
+            "Monitor   ASUSTek Computer Inc. (ACI) product 0x27f4",
+            "          27.2 in, 600 x 340 mm, made in week 34 of 2010, serial 145791", "Link      digital",
+            "Modes     the preferred one is not known", "          800x600    60.32 56.25",
+            "          640x480    75 66.67 59.94", "          720x400    70.08", "Colour    RGB, gamma 2.20",
+            "Image     36 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
+            "          error: cut short: a block has 128 bytes: 36 (block 0, Base block)",
+            "Library   refuses the image: no EDID: 36 bytes, not a multiple of 128"])
 
     def test_reports_pass_no_controls(self):
         out = run("report", self.save(change({0x71: "1b5b324a9b07"})), status=0)[0]

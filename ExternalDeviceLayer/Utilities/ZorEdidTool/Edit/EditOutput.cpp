@@ -63,5 +63,7 @@ std::string DescribeEdited(const CBytes& aui8Read, const CBytes& aui8Edited)
     const SComparedImage oRead(aui8Read);
     const SComparedImage oEdited(aui8Edited);
     return DescribeDiff(CImageDiff(oRead, oEdited, { .m_bAll = true }),
-                        { { "removed", "added" }, { "preferred before", "preferred after" } });
+                        { { "removed", "added" },
+                          { "preferred before", "preferred after" },
+                          { "stays, no longer preferred", "was there, not preferred" } });
 }

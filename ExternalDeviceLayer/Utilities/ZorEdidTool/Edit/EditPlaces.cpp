@@ -7,6 +7,7 @@
 
 #include "Edid.h"
 #include "ExactTimings.h"
+#include "ImageModes.h"
 #include "MapText.h"
 #include "Standards/Modes.h"
 #include "TextFormat.h"
@@ -120,12 +121,10 @@ std::string RefuseMissing(const CBytes& aui8Image, const SWanted& oWanted)
         const SZorMode& oMode = oModes.Get(i).m_oMode;
         const bool bSize =
             oMode.m_uiWidth == oWanted.m_oMode.m_uiWidth && oMode.m_uiHeight == oWanted.m_oMode.m_uiHeight;
-        const bool bRate = oMode.m_oNominalRate.m_ullDivisor != 0;
         SZorMode oPartner = {};
-        std::vector<std::string> asNames = { bSize && bRate ? GetModeName(oMode) : "" };
+        std::vector<std::string> asNames = { bSize && GetRate(oMode) != 0 ? GetModeName(oMode) : "" };
         if (bSize && CZorEdidModes::GetPartner(oMode, oPartner))
         {
-            oPartner.m_oNominalRate = oPartner.m_oRate;
             asNames.push_back(GetModeName(oPartner));
         }
         for (const std::string& sName : asNames)

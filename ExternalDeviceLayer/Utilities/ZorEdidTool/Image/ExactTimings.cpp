@@ -464,12 +464,6 @@ bool IsMeant(const SZorMode& oMode, const SZorMode& oWanted)
            !(GetWantedFraction(oWanted, oFraction) && IsSameRate(oMode.m_oRate, oFraction.m_oNominalRate));
 }
 
-std::string GetModeName(const SZorMode& oMode)
-{
-    return FormatText("%ux%u%s@%s", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "",
-                      Trim(FormatText("%.2f", GetHz(oMode.m_oNominalRate)), 0).c_str());
-}
-
 std::vector<std::string> ListTimingTypes()
 {
     std::vector<std::string> asNames;

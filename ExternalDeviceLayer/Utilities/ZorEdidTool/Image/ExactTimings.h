@@ -40,9 +40,6 @@ bool IsMeant(const SZorMode& oMode, const SZorMode& oWanted);
 // The wanted mode at 1000/1001 of its rate; false for rates that have no such variant.
 bool GetWantedFraction(const SZorMode& oWanted, SZorMode& oFraction);
 
-// As ParseExactMode takes it, with the nominal rate: "1920x1080i@59.94".
-std::string GetModeName(const SZorMode& oMode);
-
 struct SExactTiming
 {
     const char* m_pszType; // a name of ListTimingTypes

@@ -503,13 +503,27 @@ std::vector<SModeWithPartner> GroupPartners(const std::vector<const SModeRow*>& 
     return aoModes;
 }
 
+// What one image prefers, and whether the other one has it at all.
+std::string DescribePreferred(const CImageDiff& oDiff, size_t uiImage, const SDiffWords& oWords)
+{
+    const SModeRow* poPreferred = oDiff.GetImage(uiImage).m_oModes.FindPreferred();
+    if (poPreferred == nullptr)
+    {
+        return oWords.m_asPreferred[uiImage] + ": none\n";
+    }
+    const bool bShared = std::ranges::any_of(oDiff.GetImage(1 - uiImage).m_oModes.GetRows(),
+                                             [&](const SModeRow& oRow) { return IsSameMode(oRow, *poPreferred); });
+    const std::string& sMark = bShared ? oWords.m_asShared[uiImage] : oWords.m_asOnly[uiImage];
+    return oWords.m_asPreferred[uiImage] + ": " + DescribeMode(*poPreferred) + (sMark.empty() ? "" : "  " + sMark) +
+           "\n";
+}
+
 std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
 {
     std::string sText;
     for (size_t i = 0; i < 2 && oDiff.DifferInPreferred(); ++i)
     {
-        const SModeRow* poPreferred = oDiff.GetImage(i).m_oModes.FindPreferred();
-        sText += oWords.m_asPreferred[i] + ": " + (poPreferred != nullptr ? DescribeMode(*poPreferred) : "none") + "\n";
+        sText += DescribePreferred(oDiff, i, oWords);
     }
     for (size_t i = 0; i < 2; ++i)
     {

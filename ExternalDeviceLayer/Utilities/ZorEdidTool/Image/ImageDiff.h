@@ -105,6 +105,7 @@ struct SDiffWords
 {
     std::array<std::string, 2> m_asOnly;
     std::array<std::string, 2> m_asPreferred;
+    std::array<std::string, 2> m_asShared = {}; // of a preferred mode that both images have
 };
 
 // Lines, none for images that say the same. A mode and its partner at 1000/1001 have one.

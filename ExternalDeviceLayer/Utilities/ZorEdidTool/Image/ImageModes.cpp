@@ -257,6 +257,12 @@ std::string GetRateText(double dHz)
     return sText.back() == '.' ? sText.substr(0, sText.size() - 1) : sText;
 }
 
+std::string GetModeName(const SZorMode& oMode)
+{
+    return FormatText("%ux%u%s@", oMode.m_uiWidth, oMode.m_uiHeight, oMode.m_bInterlaced ? "i" : "") +
+           GetShortRate(oMode);
+}
+
 std::string GetSourceText(const SModeRow& oRow)
 {
     const auto* poKind = std::ranges::find(gsc_aoKinds, oRow.m_oMode.m_eKind, &SKind::m_eKind);

@@ -67,6 +67,8 @@ private:
 std::string GetSizeText(const SZorMode& oMode);
 std::string GetShortRate(const SZorMode& oMode);
 std::string GetRateText(double dHz);
+// The same as ParseExactMode takes it: "1920x1080i@59.94".
+std::string GetModeName(const SZorMode& oMode);
 
 // Hz; 0 where no rate is given, nor a nominal one.
 double GetRate(const SZorMode& oMode);

@@ -143,6 +143,7 @@ class Edits(unittest.TestCase):
                 (IMAGE, "--remove-vic 76", "the image has no VIC 76; it has its mode in block 0: Standard timing 6, block "
                  "0: Detailed timing, block 1: Video data block > Short video descriptor 14, which do not name this code: --remove 1920x1080@60 removes "
                  "the mode"),
+                (IMAGE, "--remove 1680x1050@75", "of this size it has 1680x1050@59.95"),
                 (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
                  "1280x720@59.94"),
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
@@ -250,6 +251,12 @@ class Edits(unittest.TestCase):
                          (status, out, error))
         for mode in ("1280x720@60,cea", "1280x720@60,dmt"):
             self.assertEqual((0, out, ""), edit(IMAGE, "--preferred", mode))
+        other = fix_sums(out[:38] + bytes.fromhex("0101") * 8 + out[54:126] + bytes(2))
+        for image, mode, marks in ((IMAGE, "1280x720@60", ("stays, no longer preferred", "was there, not preferred")),
+                                   (other, "1680x1050@60", ("removed", "added"))):
+            lines = edit(image, "--preferred", mode, "--dry-run", "--diff")[1].decode().splitlines()
+            for line, when, mark in zip(lines, ("before", "after"), marks, strict=True):
+                self.assertRegex(line, f"^preferred {when}: .*  {mark}$")
 
     def test_preferred_with_range_limits_and_stereo(self):
         """Bytes 4 to 12 of the limits, the flags of the timing, and the line about it."""

@@ -1,0 +1,292 @@
+# The browser app, opened from the disk and from a server, in each browser of the machine (Browsers.py).
+#   AppTest.py APP COMMAND PROJECT
+# Exits with 77 without a browser. The check of contrast and roles wants axe-core, as that of the page does.
+
+import base64
+import http.server
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+from Browsers import DOWN, ENTER, ESCAPE, Chromium, Firefox
+
+# Debian's selenium belongs to Debian's Python, which need not be the first one of PATH.
+if not Chromium.is_there() and sys.executable != "/usr/bin/python3" and os.path.exists("/usr/bin/python3"):
+    os.execv("/usr/bin/python3", ["/usr/bin/python3", "-B", *sys.argv])
+
+APP, COMMAND, PROJECT = sys.argv[1:4]
+AXE = os.environ.get("ZOREDID_AXE") or os.path.join(
+    os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache"), "zoredid/axe-core/axe.min.js")
+LONGEST = 0.2  # seconds from a drop to the page
+with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as image_file:
+    MONITOR = image_file.read()
+DUMP = "\n".join(f"{i:08x}: " + MONITOR[i:i + 16].hex(" ", 2) for i in range(0, len(MONITOR), 16))
+C_ARRAY = "const unsigned char edid[] = { " + ", ".join(f"0x{byte:02x}" for byte in MONITOR) + " };"
+XRANDR = "".join(f"{name} connected primary 1920x1080+0+0\n\tEDID: \n" + "".join(
+    f"\t\t{image[i:i + 16].hex()}\n" for i in range(0, len(image), 16)) for name, image in
+    [("HDMI-1", MONITOR), ("DP-1", MONITOR[:126] + bytes([0, (MONITOR[127] + 1) % 256]))])
+# Drops files on the document, and waits for the page in the frame to be painted. Returns the milliseconds.
+DROP = """const [files] = arguments, data = new DataTransfer(), frame = document.querySelector("#frame");
+for (const [name, bytes] of files) data.items.add(new File([new Uint8Array(bytes)], name));
+const begin = performance.now(), loaded = new Promise(done => frame.addEventListener("load", done, { once: true }));
+document.dispatchEvent(new DragEvent("drop", { dataTransfer: data, cancelable: true, bubbles: true }));
+await loaded;
+await new Promise(done => frame.contentWindow.requestAnimationFrame(() => setTimeout(done)));
+return performance.now() - begin;"""
+
+
+def run(*arguments):
+    return subprocess.run([COMMAND, *arguments], capture_output=True, timeout=60)
+
+
+class Server(http.server.ThreadingHTTPServer):
+    """Serves the app and nothing else; keeps what was asked for."""
+
+    class Handler(http.server.BaseHTTPRequestHandler):
+        def do_GET(self):  # noqa: N802
+            self.server.asked.append(self.path)
+            self.send_response(200 if self.path == "/zoredid.html" else 404)
+            self.send_header("Content-Type", "text/html")
+            self.end_headers()
+            if self.path == "/zoredid.html":
+                with open(APP, "rb") as file:
+                    self.wfile.write(file.read())
+
+        do_POST = do_GET
+
+        def log_message(self, *_):
+            pass
+
+    def __init__(self):
+        super().__init__(("127.0.0.1", 0), self.Handler)
+        self.asked = []
+        threading.Thread(target=self.serve_forever, daemon=True).start()
+        self.address = f"http://127.0.0.1:{self.server_address[1]}/"
+
+
+class AppCases:
+    """The cases that run in each browser."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
+        cls.addClassCleanup(folder.cleanup)
+        cls.downloads = os.path.join(folder.name, "downloads")
+        os.mkdir(cls.downloads)
+        cls.image = os.path.join(folder.name, "monitor.bin")
+        with open(cls.image, "wb") as file:
+            file.write(MONITOR)
+        cls.browser = cls.BROWSER(cls.downloads)
+        cls.addClassCleanup(cls.browser.close)
+
+    def open(self, address="file://" + APP):
+        self.browser.open(address)
+        self.assertTrue(self.ask("""for (let i = 0; i < 500 && !document.querySelector(".ready"); ++i)
+            await new Promise(done => setTimeout(done, 10));
+            return !!document.querySelector(".ready")"""))
+
+    def ask(self, text, *arguments):
+        return self.browser.script(text, *arguments)
+
+    def drop(self, *files):
+        return self.ask(DROP, [(name, list(content)) for name, content in files])
+
+    def paste(self, text):
+        self.ask("""document.querySelector("#text").value = arguments[0];
+            document.querySelector("#pasting button").click()""", text)
+
+    def wait_for(self, test, message=""):
+        end = time.monotonic() + 15
+        while not (result := test()):
+            self.assertLess(time.monotonic(), end, message)
+            time.sleep(0.05)
+        return result
+
+    def text(self, selector):
+        return self.ask("return document.querySelector(arguments[0]).textContent", selector)
+
+    def page(self):
+        """What the command would have written, which knows no numbers of fields."""
+        return re.sub(r' data-i="\d+"', "", self.ask("return document.querySelector('#frame').srcdoc"))
+
+    def saved(self, name):
+        path = os.path.join(self.downloads, name)
+        self.wait_for(lambda: os.path.exists(path) and os.path.getsize(path) > 0, name)
+        with open(path, "rb") as file:
+            content = file.read()
+        os.remove(path)
+        return content
+
+    def focus_field(self, text):
+        self.assertTrue(self.ask("""const page = document.querySelector("#frame").contentDocument;
+            const item = [...page.querySelectorAll("[role=treeitem]:not([aria-expanded])")]
+                .find(e => e.querySelector(".name").textContent === arguments[0]);
+            item?.focus();
+            return !!item""", text))
+
+    def focused(self):
+        return self.ask("""const inner = document.querySelector("#frame").contentDocument?.activeElement;
+            return document.activeElement.id === "frame" ? inner.querySelector?.(".name")?.textContent
+                                                         : document.activeElement.id""")
+
+    # ---- Cases ----
+
+    def test_a_dropped_file_has_the_page_of_the_command_in_time(self):
+        self.open()
+        times = [self.drop(("monitor.bin", MONITOR)) for _ in range(8)]
+        self.assertEqual(self.page(), run("page", self.image, "-o", "-").stdout.decode())
+        first, others = times[0], sorted(times[1:])
+        print(f"{self.BROWSER.NAME}: a page {first:.0f} ms after the first drop, {others[0]:.0f} to {others[-1]:.0f} "
+              f"after others; {os.path.getsize(APP) / 1e6:.2f} MB")
+        if os.getloadavg()[0] < 2 * os.cpu_count():  # else most of the time is that of other programs
+            self.assertLess(min(times), LONGEST * 1000)
+        self.assertLess(os.path.getsize(APP), 3e6)
+
+    def test_pasted_forms_are_read(self):
+        for text, form in [(DUMP, "xxd"), (MONITOR.hex(), "hex"), (base64.b64encode(MONITOR).decode(), "base64"),
+                           (C_ARRAY, "array")]:
+            self.open()
+            self.paste(text)
+            self.wait_for(lambda: "monitor" in self.page() or "ASUS" in self.page(), form)
+            self.assertIn("ASUS VE276", self.page())
+            self.assertIn(form, self.text("#said").lower())
+        self.open()
+        self.paste("no image at all")
+        self.assertIn("pasted: ", self.text("#said"))
+        self.assertTrue(self.ask("return document.querySelector('#frame').hidden"))
+
+    def test_each_monitor_of_a_text_can_be_chosen(self):
+        self.open()
+        self.paste(XRANDR)
+        self.assertEqual(self.text("#said"), "2 images in pasted")
+        self.ask("""const list = document.querySelector("#found");
+            list.selectedIndex = 1;
+            list.dispatchEvent(new Event("change"))""")
+        self.assertIn("DP-1", self.text("#images"))
+
+    def test_two_files_are_compared(self):
+        other = bytearray(MONITOR)
+        other[0x15] += 1  # cm
+        other[127] = (other[127] - 1) % 256
+        path = os.path.join(os.path.dirname(self.image), "other.bin")
+        with open(path, "wb") as file:
+            file.write(other)
+        self.open()
+        self.drop(("monitor.bin", MONITOR), ("other.bin", other))
+        both = run("page", self.image, path, "-o", "-").stdout.decode()
+        self.assertEqual(self.page(), both)
+        self.ask("document.querySelectorAll('#images button')[3].click()")
+        self.wait_for(lambda: "other.bin" not in self.page())
+        self.ask("document.querySelector('#compare').click()")
+        self.drop(("other.bin", other))
+        self.assertEqual(self.page(), both)
+
+    def test_a_field_is_edited_by_the_keyboard_and_saved(self):
+        self.open()
+        self.drop(("monitor.bin", MONITOR))
+        self.focus_field("Week of manufacture")
+        self.browser.press(DOWN, ENTER)
+        self.assertEqual((self.focused(), self.text("#id")), ("value", "base.identity.year"))
+        self.browser.press("1066", ENTER)
+        refusal = run("edit", self.image, "--set", "base.identity.year=1066", "-o", "-").stderr.decode()
+        self.assertIn(self.wait_for(lambda: self.text("#refusal")), refusal)
+        self.browser.press(ESCAPE)
+        self.wait_for(lambda: self.focused() == "Year of manufacture")
+        self.browser.press(ENTER)
+        self.browser.press("2020", ENTER)
+        self.wait_for(lambda: "became 2020" in self.text("#said"))
+        self.wait_for(lambda: self.focused() == "Year of manufacture")
+        self.ask("document.querySelector('#images button').click()")
+        edited = self.saved("monitor.bin")
+        self.assertEqual(edited, run("edit", self.image, "--set", "base.identity.year=2020", "-o", "-").stdout)
+        self.ask("document.querySelector('#page').click()")
+        self.assertNotIn(b"data-i", self.saved("monitor.html"))
+        self.ask("document.querySelector('#undo').click()")
+        self.assertEqual(self.page(), run("page", self.image, "-o", "-").stdout.decode())
+
+    def test_nothing_is_sent(self):
+        server = Server()
+        self.addCleanup(server.server_close)
+        self.addCleanup(server.shutdown)
+        self.open(server.address + "zoredid.html")
+        self.drop(("monitor.bin", MONITOR))
+        self.drop(("a.bin", MONITOR), ("b.bin", MONITOR))
+        # Not even what would slip into the app could send anything.
+        self.assertEqual(self.ask("""const outcomes = [];
+            const note = name => () => { outcomes.push(name) };
+            await fetch(arguments[0] + "fetched").then(note("fetch"), () => {});
+            await new Promise(done => {
+                const image = new Image();
+                image.onload = image.onerror = done;
+                image.src = arguments[0] + "image";
+            });
+            try { navigator.sendBeacon(arguments[0] + "beacon", "1") } catch { }
+            try { new WebSocket(arguments[0].replace("http", "ws")).onopen = note("socket") } catch { }
+            await new Promise(done => setTimeout(done, 200));
+            return outcomes""", server.address), [])
+        self.assertEqual([path for path in server.asked if path != "/favicon.ico"], ["/zoredid.html"])
+
+
+@unittest.skipUnless(Firefox.is_there(), "no Firefox")
+class FirefoxTest(AppCases, unittest.TestCase):
+    BROWSER = Firefox
+
+
+@unittest.skipUnless(Chromium.is_there(), "no chromium with chromium-driver and python3-selenium")
+class ChromiumTest(AppCases, unittest.TestCase):
+    BROWSER = Chromium
+
+    def test_asks_for_no_address_but_its_own(self):
+        self.browser.requests()
+        self.open()
+        self.drop(("monitor.bin", MONITOR))
+        self.assertEqual({url for url in self.browser.requests() if not url.startswith(("about:", "blob:"))},
+                         {"file://" + APP})
+        self.assertEqual(self.browser.complaints(), [])
+
+    def test_links_of_the_page_stay_in_it(self):
+        self.open()
+        self.drop(("monitor.bin", MONITOR))
+        self.ask("document.querySelector('#frame').contentDocument.querySelector(\"a[href='#timings']\").click()")
+        self.assertEqual(self.ask("return document.querySelector('#frame').contentDocument.activeElement.id"),
+                         "timings")
+
+    def test_fits_all_widths_and_lights_and_axe_finds_nothing(self):
+        axe = ""
+        if os.path.exists(AXE):
+            with open(AXE, encoding="utf-8") as file:
+                axe = file.read()
+        else:
+            print(f"skipped: contrast and roles, for there is no axe-core at {AXE}")
+        steps = {"start": "", "page": "", "dialog": "document.querySelector('#edit').click()"}
+        for width, dark in ((360, False), (1600, True)):
+            self.browser.show_as(width, dark)
+            self.open()
+            for step, action in steps.items():
+                with self.subTest(width=width, dark=dark, step=step):
+                    if step == "page":
+                        self.drop(("monitor.bin", MONITOR))
+                        self.focus_field("Week of manufacture")
+                    self.ask(action)
+                    self.assertEqual(self.ask("""const e = document.documentElement, frame = document.querySelector("#frame");
+                        const inner = frame.hidden ? e : frame.contentDocument.documentElement;
+                        return [e.scrollWidth - e.clientWidth, inner.scrollWidth - inner.clientWidth]"""), [0, 0])
+                    found = axe and self.ask(axe + """;
+                        const answer = await axe.run({ resultTypes: ["violations"], preload: false, iframes: false });
+                        return answer.violations.map(one => [one.id, one.nodes[0].html.slice(0, 200),
+                                                             one.nodes[0].failureSummary])""")
+                    self.assertEqual(found or [], [])
+
+
+if not Chromium.is_there() and not Firefox.is_there():
+    print("skipped: no browser")
+    sys.exit(77)
+for browser in (Chromium, Firefox):
+    if not browser.is_there():
+        print(f"skipped: the app in {browser.NAME}, which is not installed")
+unittest.main(argv=sys.argv[:1])

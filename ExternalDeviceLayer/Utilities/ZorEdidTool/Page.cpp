@@ -1,4 +1,4 @@
-// zoredid page: one or two images as a page for a browser, in a single file.
+// zoredid page: one or two images as a page for a browser, in a single file, and the app that makes them there.
 
 #include <stdio.h>
 
@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "BrowserApp.h"
 #include "CommandLine.h"
 #include "ManyFiles.h"
 #include "Output.h"
@@ -22,6 +23,7 @@ struct SPageOptions
     bool m_bPair = false; // m_sSecond was given
     std::string m_sOut;
     bool m_bForce = false;
+    bool m_bApp = false;
 };
 
 void WritePage(const SPageOptions& oOptions, STool& oTool)
@@ -59,22 +61,59 @@ void WritePage(const SPageOptions& oOptions, STool& oTool)
     const SWritten oWritten = WriteOutput(oOptions.m_sOut, MakeWholePage(oPage), oOptions.m_bForce, true);
     ReportWritten(oOptions.m_sOut, oWritten, oTool);
 }
+
+// Its path is the result where nothing here opens it.
+void OpenApp(STool& oTool)
+{
+    const std::string sApp = FindBrowserApp();
+    if (sApp.empty())
+    {
+        PrintError("the browser app is not installed: cmake -DZOREDID_APP=ON builds it as zoredid.html, which needs "
+                   "em++ of emscripten (scripts/setup check installs it)");
+        oTool.Note(eExit_Input);
+    }
+    else if (!OpenOnDesktop(sApp))
+    {
+        PrintResult(sApp + "\n");
+    }
+}
 } // namespace
 
 void DeclarePageOptions(COptions& oCommand, STool& oTool)
 {
     const auto poOptions = std::make_shared<SPageOptions>();
-    oCommand.Word("FILE", poOptions->m_sFirst, gsc_szFileHelp).Required().Placeholder("");
+    const COption oFirst = oCommand.Word("FILE", poOptions->m_sFirst, gsc_szFileHelp).Placeholder("");
     const COption oSecond =
         oCommand.Word("FILE2", poOptions->m_sSecond, "A second image: what differs is marked").Placeholder("");
-    oCommand.Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output")
-        .Required()
-        .Placeholder("OUT");
-    oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT if it exists");
+    const COption oOut =
+        oCommand
+            .Word("-o,--output", poOptions->m_sOut, "The file to write; \"-\" is standard output; required with FILE")
+            .Placeholder("OUT");
+    const COption oForce = oCommand.Flag("--force", poOptions->m_bForce, "Replace OUT if it exists");
+    oCommand
+        .Flag("--app", poOptions->m_bApp,
+              "Open the browser app, which makes pages of files that are dropped on it; without a desktop print where "
+              "it is. Without FILE")
+        .Excludes(oOut)
+        .Excludes(oForce);
     oCommand.Footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
                     "Example:\n"
                     "  zoredid page monitor.bin -o monitor.html");
-    oCommand.Run([poOptions, oSecond, &oTool] {
+    oCommand.Run([poOptions, oFirst, oSecond, oOut, &oTool] {
+        if (poOptions->m_bApp == oFirst.IsGiven() || (!poOptions->m_bApp && !oOut.IsGiven()))
+        {
+            const char* pszMistake = poOptions->m_bApp   ? "FILE cannot be combined with --app"
+                                     : !oFirst.IsGiven() ? "FILE or --app is required"
+                                                         : "--output is required";
+            PrintError(std::string(pszMistake) + " (see zoredid page --help)");
+            oTool.Note(eExit_CommandLine);
+            return;
+        }
+        if (poOptions->m_bApp)
+        {
+            OpenApp(oTool);
+            return;
+        }
         poOptions->m_bPair = oSecond.IsGiven(); // an empty name is a name that cannot be read
         WritePage(*poOptions, oTool);
     });

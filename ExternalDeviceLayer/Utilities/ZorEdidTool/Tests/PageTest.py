@@ -8,6 +8,7 @@ import html.parser
 import os
 import random
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -116,6 +117,33 @@ class PageTest(unittest.TestCase):
             self.assertEqual(len(parts), 1)
             digest = base64.b64encode(hashlib.sha256(parts[0].encode()).digest()).decode()
             self.assertIn(f"{tag}-src 'sha256-{digest}'", policy[0])
+
+    def test_the_app_is_opened_where_there_is_a_desktop(self):
+        program = os.path.join(self.folder, "bin/zoredid")
+        app = os.path.join(self.folder, "share/zoredid/zoredid.html")
+        opener, opened = os.path.join(self.folder, "bin/xdg-open"), os.path.join(self.folder, "opened")
+        for path in program, app:
+            os.makedirs(os.path.dirname(path))
+        shutil.copy(COMMAND, program)
+        with open(opener, "w", encoding="utf-8") as file:
+            file.write(f'#!/bin/sh\necho "$1" > {opened}\n')
+        os.chmod(opener, 0o755)
+        desktop, none = {"DISPLAY": ":0", "PATH": os.path.dirname(opener)}, {"DISPLAY": "", "PATH": "/nowhere"}
+
+        def run(environment):
+            done = subprocess.run([program, "page", "--app"], capture_output=True, env=environment, timeout=60)
+            return done.returncode, done.stdout.decode()
+
+        self.assertEqual(run(desktop), (3, ""))
+        with open(app, "w", encoding="utf-8"):
+            pass
+        for environment in none, {**none, "DISPLAY": ":0"}:
+            self.assertEqual(run(environment), (0, app + "\n"))
+        self.assertEqual(run(desktop), (0, ""))
+        with open(opened, encoding="utf-8") as file:
+            self.assertEqual(file.read(), app + "\n")
+        for arguments in ("--app", self.save(MONITOR)), ("--app", "-o", "-"), (), (self.save(MONITOR),):
+            self.assertEqual(self.run_page(*arguments).returncode, 2, arguments)
 
     def cells(self, page, key="a"):
         return [element for element in page.all(role="gridcell") if element["id"][0] == key]

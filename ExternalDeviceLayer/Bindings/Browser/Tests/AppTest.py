@@ -131,7 +131,7 @@ class AppCases:
 
     def focused(self):
         return self.ask("""const inner = document.querySelector("#frame").contentDocument?.activeElement;
-            return document.activeElement.id === "frame" ? inner.querySelector?.(".name")?.textContent
+            return document.activeElement.id === "frame" ? inner?.querySelector?.(".name")?.textContent
                                                          : document.activeElement.id""")
 
     # ---- Cases ----

@@ -13,8 +13,8 @@ namespace
 //   [    18.246] (II) modeset(0): 	00ffffffffffff0010ace1a05a564b30
 //   Nov 26 12:00:00 host kernel: [    3.141] i915 0000:00:02.0: eDP-1: EDID is invalid:
 //   Nov 26 12:00:00 host kernel: [    3.141] 	[00] BAD  00 ff ff ff ff ff ff 00 06 af ed 21 00 00 00 00
-// A line has what the logger adds, then 16 bytes, with the number and the state of their block or without. Lines of
-// others may come between these.
+// A line has what the logger adds, then 16 bytes, with the number and the state of their block or without, and of some
+// drivers two blanks and the bytes as characters. Lines of others may come between these.
 
 constexpr std::string_view gsc_sInvalidHead = "EDID is invalid:";
 constexpr std::string_view gsc_asLogHeads[] = { "EDID (in hex):", "Raw EDID:", "Raw EDID bytes:", gsc_sInvalidHead };
@@ -36,9 +36,30 @@ std::string_view CutTabs(std::string_view sText)
     return sText;
 }
 
+// Takes off the characters behind 16 bytes, which may look like anything.
+std::string_view CutCharacters(std::string_view sLine)
+{
+    constexpr std::string_view sGap = "  ";
+    constexpr size_t uiRow = 16 * 3 - 1; // columns: two digits and a blank for each byte but the last one
+    for (size_t uiEnd = sLine.find(sGap, uiRow); uiEnd < sLine.size(); uiEnd = sLine.find(sGap, uiEnd + 1))
+    {
+        const std::string_view sRow = sLine.substr(uiEnd - uiRow, uiRow);
+        size_t uiColumn = 0;
+        const bool bBytes = std::ranges::all_of(sRow, [&uiColumn](char cNext) {
+            return uiColumn++ % 3 == 2 ? cNext == ' ' : gsc_sHexDigits.find(cNext) != std::string_view::npos;
+        });
+        if (bBytes)
+        {
+            return sLine.substr(0, uiEnd);
+        }
+    }
+    return sLine;
+}
+
 SLogBytes ReadLogLine(std::string_view sLine)
 {
     constexpr size_t uiFewest = 16; // digits that are not mistaken for bytes
+    sLine = CutCharacters(sLine);
     size_t uiCut = 0;
     for (const std::string_view sEnd : { ": ", ":\t", "] ", "]\t" })
     {

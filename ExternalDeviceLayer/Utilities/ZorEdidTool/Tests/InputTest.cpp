@@ -360,6 +360,12 @@ TEST(InputLogs, GiveTheirBytesWhateverTheLoggerAdds)
         EXPECT_EQ("", oInput.m_sProblem) << pszAdded;
         EXPECT_EQ(aui8Image, oInput.m_aui8Bytes) << pszAdded;
     }
+    std::string sText = Log("[ 3.1] \t", aui8Image);
+    for (size_t uiEnd = sText.find('\n'); uiEnd != std::string::npos; uiEnd = sText.find('\n', uiEnd + 20))
+    {
+        sText.insert(uiEnd, "  ..: a] 12  0f \"x"); // the bytes as characters
+    }
+    EXPECT_EQ(aui8Image, Decode("x", sText).m_aui8Bytes);
 }
 
 TEST(InputLogs, HoldOtherLinesAndSeveralEdids)

@@ -315,6 +315,12 @@ bool Is420Only(const CZorEdidMap& oMap, unsigned int uiVic)
     return FindCodeIn(oMap, eZorEdidField_Cta420Video, uiVic, uiPlace);
 }
 
+// A word of a list that is not known.
+std::string RefuseSome(const std::string& sName, const CTexts& asKnown)
+{
+    return "unknown value '" + sName + "'" + NameKnownWords(sName, asKnown, "some of " + JoinTexts(asKnown));
+}
+
 // pq,hlg,max=600,frame=400,min=0.05
 std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit)
 {
@@ -335,10 +341,12 @@ std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit)
         }
         else
         {
-            const CTexts asNames = ListNames(gsc_aoTransfers);
-            return "unknown word '" + sWord + "'" +
-                   NameKnownWords(sWord, asNames,
-                                  "some of " + JoinTexts(asNames) + ", and max=, frame= and min= in cd/m2");
+            CTexts asNames = ListNames(gsc_aoTransfers);
+            for (const std::string& sLuminance : ListNames(gsc_aoLuminances))
+            {
+                asNames.push_back(sLuminance + "=");
+            }
+            return RefuseSome(sWord, asNames);
         }
     }
     fnEdit = [=](CFieldEdits& oFields) { return AddHdr(oFields, asTransfers, asLuminances); };
@@ -352,8 +360,7 @@ std::string ParseColorimetry(const std::string& sText, CNamedEdit& fnEdit)
     {
         if (std::ranges::find(gsc_aoColorimetries, sName, &SColorimetry::m_pszName) == std::end(gsc_aoColorimetries))
         {
-            const CTexts asKnown = ListNames(gsc_aoColorimetries);
-            return "unknown value '" + sName + "'" + NameKnownWords(sName, asKnown, "some of " + JoinTexts(asKnown));
+            return RefuseSome(sName, ListNames(gsc_aoColorimetries));
         }
     }
     fnEdit = [asNames](CFieldEdits& oFields) { return PutColorimetry(oFields, asNames); };
@@ -391,7 +398,7 @@ std::string ParseFrl(const std::string& sText, CNamedEdit& fnEdit)
         }
         asRates.push_back(FormatText("%ux%u", uiGbps, uiLanes));
     }
-    return "unknown rate '" + sText + "'; expected one of " + JoinTexts(asRates) + ", Gbit/s and lanes";
+    return "unknown value '" + sText + "'" + NameKnownWords(sText, asRates);
 }
 
 std::string ParseTmds(const std::string& sText, CNamedEdit& fnEdit)

@@ -327,16 +327,20 @@ std::string COptions::GetName() const { return m_oApp.get_name(); }
 // the first part.
 std::vector<std::string> COptions::ListValues(const CLI::Option& oOption) const
 {
-    constexpr std::string_view svHead = "unknown value '?'; expected one of ";
+    constexpr std::string_view asHeads[] = { "unknown value '?'; expected one of ",
+                                             "unknown value '?'; expected some of " };
     const auto oEdit = std::find_if(m_aoEdits.begin(), m_aoEdits.end(),
                                     [&](const SEdit& oOther) { return oOther.m_poOption == &oOption; });
     for (const char* pszUnknown : { "?", "?,?,?,?" })
     {
         const std::string sProblem = oEdit == m_aoEdits.end() ? "" : oEdit->m_fnCheck(pszUnknown);
-        if (sProblem.starts_with(svHead))
+        for (const std::string_view sHead : asHeads)
         {
-            const std::string sValues = sProblem.substr(svHead.size());
-            return CLI::detail::split(CLI::detail::find_and_replace(sValues, ", ", ","), ',');
+            if (sProblem.starts_with(sHead))
+            {
+                const std::string sValues = sProblem.substr(sHead.size());
+                return CLI::detail::split(CLI::detail::find_and_replace(sValues, ", ", ","), ',');
+            }
         }
     }
     return ReadType(oOption).m_asValues;

@@ -381,7 +381,7 @@ std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNu
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     if (oBlock.m_iExtension >= 0 && poCea == nullptr)
     {
-        return NameBlock(oBlock) + " is a DisplayID block, which cannot be edited";
+        return NameBlock(oBlock) + " is a DisplayID block, which only --remove-part and --set reach";
     }
     if (poCea != nullptr && !AreDataBlocksExact(*poCea))
     {
@@ -557,9 +557,9 @@ std::string CEditImage::NameKeeper(const SZorImageMode& oPlace)
     const SEditedBlock& oBlock = m_aoBlocks[oPlace.m_uiOffset / gsc_uiBlockSize];
     const unsigned int uiTag = oBlock.m_aui8Bytes.front();
     return uiTag == ZorStandards::Vtb::gsc_uiTag ? "edits do not reach video timing blocks"
-           : uiTag == gsc_uiDisplayIdTag         ? "edits do not reach DisplayID blocks"
+           : uiTag == gsc_uiDisplayIdTag         ? "only --remove-part and --set reach DisplayID blocks"
            : GetCea(oBlock) == nullptr           ? "the library does not read " + NameBlock(oBlock)
-                                                 : "edits do not reach timings of this data block";
+                                                 : "only --remove-part and --set reach timings of this data block";
 }
 
 // A code at the rate and at 1000/1001 of it is one byte: the nominal rate goes when the other one is named.

@@ -149,7 +149,7 @@ class Edits(unittest.TestCase):
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
                  "block 0: Detailed timing: the preferred timing can only be replaced, by --preferred"),
                 (extended(fix_sums(bytes([0x70, 0x12, 13, 0, 0, 7, 0, 10] + [0] * 9 + [0x10]).ljust(128, b"\0"))),
-                 "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: edits do not reach DisplayID blocks"),
+                 "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: only --remove-part and --set reach DisplayID blocks"),
                 (extended(fix_sums(bytes([0x10, 1, 1, 0, 0]) + IMAGE[162:180] + bytes(105))),
                  "--remove 720x480@59.94 --serial 1",
                  "edits do not reach video timing blocks")):

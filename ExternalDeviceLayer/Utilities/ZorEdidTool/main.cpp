@@ -11,6 +11,7 @@
 #include "Messages.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "Version.h"
 
 namespace
 {
@@ -50,7 +51,7 @@ constexpr unsigned int gsc_uiMostImages = 256; // blocks of an input
 void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
 {
     COptions& oProgram = oCommandLine.GetOptions();
-    oProgram.Version("--version", "zoredid " ZOREDID_VERSION, "Print the version and exit");
+    oProgram.Version("--version", std::string("zoredid ") + GetVersion(), "Print the version and exit");
     oProgram.Flag("-v,--verbose", oTool.m_bVerbose, "Say on standard error what inputs were taken for");
     oProgram
         .Word("--monitor", SetMonitor,

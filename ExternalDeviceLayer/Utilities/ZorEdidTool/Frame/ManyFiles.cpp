@@ -370,6 +370,11 @@ public:
             m_oWaiting.Add(sBetween + oOutcome.m_sOut);
             PrintOutcome({ "", oOutcome.m_sError, oOutcome.m_eExit }, m_oTool);
         }
+        else if (m_oFiles.m_fnTake)
+        {
+            m_oFiles.m_fnTake(oOutcome.m_sOut);
+            PrintOutcome({ "", oOutcome.m_sError, oOutcome.m_eExit }, m_oTool);
+        }
         else
         {
             PrintNow(sBetween, oOutcome);

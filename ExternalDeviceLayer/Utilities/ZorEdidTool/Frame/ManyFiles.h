@@ -25,6 +25,8 @@ struct SFiles
     std::string m_sHead;             // standard output before all turns, unless the run itself is refused
     // In its place, called when all turns are done: their standard output waits in a temporary file until then.
     std::function<std::string()> m_fnHead;
+    // Takes the standard output of each turn in place of that of the run, in the order of the inputs.
+    std::function<void(const std::string&)> m_fnTake;
     std::string m_sBetween; // between the standard outputs of two turns, such as a comma
     std::string m_sTail;    // after all turns
 

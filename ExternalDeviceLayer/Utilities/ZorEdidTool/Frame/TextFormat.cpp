@@ -121,6 +121,19 @@ std::string EscapeMarkup(const std::string& sText)
     return sEscaped;
 }
 
+std::string EncodePath(const std::string& sPath)
+{
+    constexpr std::string_view svPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~/";
+    std::string sEncoded;
+    for (const char cNext : sPath)
+    {
+        const unsigned char ui8Next = static_cast<unsigned char>(cNext);
+        sEncoded +=
+            svPlain.find(cNext) != std::string_view::npos ? std::string(1, cNext) : FormatText("%%%02X", ui8Next);
+    }
+    return sEncoded;
+}
+
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
 {
     const bool bHex = sText.starts_with("0x") || sText.starts_with("0X");

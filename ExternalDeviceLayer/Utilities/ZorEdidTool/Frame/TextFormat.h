@@ -22,6 +22,9 @@ std::string ShowName(const std::string& sName);
 // Lines of the library with texts of an image in them: control characters and bytes that are not UTF-8 become \xNN.
 std::string ShowLines(const std::string& sText);
 
+// A path as RFC 3986 has it: bytes other than letters, digits, slashes and a few marks are percent-encoded.
+std::string EncodePath(const std::string& sPath);
+
 // What stands for a character in a text or a quoted value of XML and HTML; null for one that stands for itself.
 const char* FindEntity(char cNext);
 // The text with these. Control characters, for which XML has nothing, are not to be in it.

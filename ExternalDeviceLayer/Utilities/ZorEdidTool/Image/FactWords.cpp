@@ -16,6 +16,7 @@ namespace
 using CFacts = CZorEdidFacts;
 
 constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
+constexpr const char* gsc_pszNotAnnounced = "not announced";
 
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
 {
@@ -124,7 +125,7 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
 // Of an image with a base block.
 std::string OrNotAnnounced(const std::string& sText, const CFacts& oFacts)
 {
-    return sText.empty() && oFacts.GetIdentity().m_oRevision.IsSaid() ? "not announced" : sText;
+    return sText.empty() && oFacts.GetIdentity().m_oRevision.IsSaid() ? gsc_pszNotAnnounced : sText;
 }
 
 // ---- Audio ----
@@ -275,6 +276,8 @@ std::string DescribeTransport(const CZorEdidFacts::SLink& oLink)
     Append(sText, sContents.empty() ? "" : "content type " + sContents);
     return sText;
 }
+
+bool IsAnnounced(const std::string& sText) { return !sText.empty() && sText != gsc_pszNotAnnounced; }
 
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
 {

@@ -24,6 +24,8 @@ std::string DescribeShape(const CZorEdidFacts::SSize& oSize);
 std::string DescribeLink(const CZorEdidFacts& oFacts);
 // "ALLM, QMS, fast Vactive": what helps games and changes of rate.
 std::string DescribeTransport(const CZorEdidFacts::SLink& oLink);
+// False of an empty text and of the words "not announced", which the two questions below that say so have.
+bool IsAnnounced(const std::string& sText);
 // "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; "not announced" without any.
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts);
 // "48 to 144 Hz, 30 to 160 kHz, clock to 600 MHz".

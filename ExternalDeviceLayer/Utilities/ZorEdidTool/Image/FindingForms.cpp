@@ -9,6 +9,7 @@
 #include "MapText.h"
 #include "RuleNames.h"
 #include "TextFormat.h"
+#include "Version.h"
 
 namespace
 {
@@ -107,18 +108,7 @@ void WriteSarifRule(CJsonWriter& oJson, const SZorEdidRule& oRule)
     oJson.EndObject();
 }
 
-// A name of a file as RFC 3986 has it: bytes other than letters, digits and a few marks are percent-encoded.
-std::string MakeUri(const std::string& sName)
-{
-    constexpr std::string_view svPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~/";
-    std::string sUri = sName.starts_with('/') ? "file://" : "";
-    for (const char cNext : sName)
-    {
-        const unsigned char ui8Next = static_cast<unsigned char>(cNext);
-        sUri += svPlain.find(cNext) != std::string_view::npos ? std::string(1, cNext) : FormatText("%%%02X", ui8Next);
-    }
-    return sUri;
-}
+std::string MakeUri(const std::string& sName) { return (sName.starts_with('/') ? "file://" : "") + EncodePath(sName); }
 
 // Of an image as a whole, and of a finding in it.
 void WriteLocations(CJsonWriter& oJson, const SInput& oInput, const SFinding* poFinding)
@@ -176,7 +166,7 @@ std::string OpenSarif()
     oJson.BeginObject("tool");
     oJson.BeginObject("driver");
     oJson.Member("name", "zoredid");
-    oJson.Member("version", ZOREDID_VERSION);
+    oJson.Member("version", GetVersion());
     oJson.BeginArray("rules");
     for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
     {

@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <optional>
+
 #include "UnfinishedFile.h"
 
 namespace
@@ -49,12 +51,18 @@ bool WriteAll(int iFile, const std::string& sContent)
     return true;
 }
 
-mode_t GetNewFileMode()
+// Of the mask that PrepareForThreads has asked for.
+constinit std::optional<mode_t> g_uiNewFileMode;
+
+// To ask for the mask is to change it for a moment.
+mode_t ReadNewFileMode()
 {
     const mode_t uiMask = umask(0);
     umask(uiMask);
     return gsc_uiNewFileMode & ~uiMask;
 }
+
+mode_t GetNewFileMode() { return g_uiNewFileMode.has_value() ? *g_uiNewFileMode : ReadNewFileMode(); }
 
 // Up to its last slash; empty for a name in the present folder.
 std::string GetFolder(const std::string& sPath) { return sPath.substr(0, sPath.rfind('/') + 1); }
@@ -211,6 +219,8 @@ bool OpenStream(const std::string& sPath, const std::string& sContent, bool bIsT
     return bGood && (bClosed || Fail("cannot be written", sProblem));
 }
 } // namespace
+
+void PrepareForThreads() { g_uiNewFileMode = ReadNewFileMode(); }
 
 bool IsStandardOutput(const std::string& sPath)
 {

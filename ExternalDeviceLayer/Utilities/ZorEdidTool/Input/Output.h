@@ -26,5 +26,8 @@ SWritten WriteOutput(const std::string& sPath, const std::string& sContent, bool
 // What WriteOutput would say, as far as that is known without writing.
 SWritten CheckOutput(const std::string& sPath, bool bForce, bool bIsText);
 
+// Before several threads write: the mode of new files is asked for, which changes it for a moment in all threads.
+void PrepareForThreads();
+
 // Whether the path leads to what standard output is, such as "-" and "/dev/stdout".
 bool IsStandardOutput(const std::string& sPath);

@@ -5,20 +5,44 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <limits.h>
+#include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
+#include <iterator>
+#include <mutex>
+
 namespace
 {
+constexpr size_t gsc_uiMostUnfinished = 256; // as many as there are jobs
 constexpr int gsc_aiSignals[] = { SIGHUP, SIGINT, SIGTERM };
 
-constinit char g_szPath[PATH_MAX] = {}; // what the handler removes; it is set whenever the handler is
+// What the handler removes. A place is free whose flag is not set; a path is whole before its flag is set.
+struct SPlace
+{
+    char m_szPath[PATH_MAX];
+    std::atomic<bool> m_bUsed;
+};
+constinit SPlace g_aoPlaces[gsc_uiMostUnfinished] = {};
+
+// Of all objects together: the first one sets the handler, the last one takes it away.
+constinit std::mutex g_oMutex;
+constinit size_t g_uiObjects = 0;
+constinit sigset_t g_oCaught = {}; // signals whose action is changed
 
 extern "C" void RemoveAndEnd(int iSignal)
 {
-    unlink(g_szPath);
+    for (const SPlace& oPlace : g_aoPlaces)
+    {
+        if (oPlace.m_bUsed)
+        {
+            unlink(oPlace.m_szPath);
+        }
+    }
     raise(iSignal); // its default action, which has come back, is due when this returns
 }
 
@@ -53,35 +77,45 @@ sigset_t CatchSignals()
     }
     return oCaught;
 }
+
+void ReleaseSignals()
+{
+    for (const int iSignal : gsc_aiSignals)
+    {
+        if (sigismember(&g_oCaught, iSignal) == 1)
+        {
+            signal(iSignal, SIG_DFL);
+        }
+    }
+}
 } // namespace
 
 CUnfinishedFile::CUnfinishedFile(const std::string& sFolder)
-    : m_sPath(sFolder + ".zoredid.XXXXXX") // short, as the target's name may be of the longest
 {
-    sigemptyset(&m_oCaught);
-    if (m_sPath.size() >= sizeof(g_szPath))
+    const std::string sTemplate = sFolder + ".zoredid.XXXXXX"; // short, as the target's name may be of the longest
+    if (sTemplate.size() >= sizeof(SPlace::m_szPath))
     {
-        m_sPath.clear();
         errno = ENAMETOOLONG;
         return;
     }
-    // A signal that comes while the file does waits until its name is known.
-    const sigset_t oBlocked = MakeSignalSet();
-    sigset_t oOld;
-    sigprocmask(SIG_BLOCK, &oBlocked, &oOld);
-    m_iFile = mkostemp(m_sPath.data(), O_CLOEXEC);
-    const int iError = errno;
-    if (m_iFile >= 0)
+    const std::lock_guard<std::mutex> oLock(g_oMutex);
+    SPlace* poPlace = std::ranges::find_if(g_aoPlaces, [](const SPlace& oPlace) { return !oPlace.m_bUsed; });
+    if (poPlace == std::end(g_aoPlaces))
     {
-        memcpy(g_szPath, m_sPath.c_str(), m_sPath.size() + 1);
-        m_oCaught = CatchSignals();
+        errno = EMFILE;
+        return;
     }
-    else
+    if (g_uiObjects == 0)
     {
-        m_sPath.clear();
+        g_oCaught = CatchSignals();
     }
-    sigprocmask(SIG_SETMASK, &oOld, nullptr);
-    errno = iError;
+    // The name is made in its place, which the handler may read at any moment: there is no file yet, or it goes.
+    memcpy(poPlace->m_szPath, sTemplate.c_str(), sTemplate.size() + 1);
+    poPlace->m_bUsed = true;
+    ++g_uiObjects;
+    m_uiPlace = static_cast<size_t>(poPlace - g_aoPlaces);
+    m_iFile = mkostemp(poPlace->m_szPath, O_CLOEXEC);
+    m_sPath = m_iFile >= 0 ? poPlace->m_szPath : "";
 }
 
 CUnfinishedFile::~CUnfinishedFile()
@@ -95,11 +129,14 @@ CUnfinishedFile::~CUnfinishedFile()
     {
         unlink(m_sPath.c_str());
     }
-    for (const int iSignal : gsc_aiSignals)
+    if (m_uiPlace != msc_uiNoPlace)
     {
-        if (sigismember(&m_oCaught, iSignal) == 1)
+        const std::lock_guard<std::mutex> oLock(g_oMutex);
+        g_aoPlaces[m_uiPlace].m_bUsed = false;
+        --g_uiObjects;
+        if (g_uiObjects == 0)
         {
-            signal(iSignal, SIG_DFL);
+            ReleaseSignals();
         }
     }
     errno = iError;

@@ -2,12 +2,13 @@
 
 #pragma once
 
-#include <signal.h>
+#include <stddef.h>
+#include <stdint.h>
 
 #include <string>
 
 // Whatever ends the command before that, the file goes: SIGINT, SIGTERM and SIGHUP remove it, too, and then end the
-// command as they do anyway. A signal that is ignored stays so. One object at a time.
+// command as they do anyway. A signal that is ignored stays so. There may be as many at a time as there may be jobs.
 class CUnfinishedFile
 {
 public:
@@ -29,5 +30,6 @@ public:
 private:
     std::string m_sPath; // empty once there is no such file
     int m_iFile = -1;
-    sigset_t m_oCaught; // signals whose action is changed
+    static constexpr size_t msc_uiNoPlace = SIZE_MAX;
+    size_t m_uiPlace = msc_uiNoPlace; // among the names that signals remove
 };

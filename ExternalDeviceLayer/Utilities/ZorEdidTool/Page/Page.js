@@ -211,7 +211,8 @@
   const pictures = all(".picture");
   // The chosen timing's picture, unless the filter hides its row.
   const draw = () => {
-    const radio = one("input:checked", table), row = radio.closest("tr");
+    const radio = one("input:checked", table), row = radio?.closest("tr");
+    if (!radio) return; // an index of monitors has no pictures
     for (const other of rows) other.classList.toggle("chosen", other === row);
     for (const picture of pictures) picture.hidden = row.hidden || picture.id !== "p" + radio.value;
   };
@@ -235,7 +236,7 @@
     for (const row of rows) {
       const text = texts[numbers.get(row)];
       const fits = asOne ? text.includes(whole) : words.every(word => text.includes(word));
-      row.hidden = !fits || (list.value !== "" && row.dataset.list !== list.value);
+      row.hidden = !fits || (list.value !== "" && !row.dataset.list.split(" ").includes(list.value));
       shown += row.hidden ? 0 : 1;
     }
     count.textContent = shown + " of " + rows.length;
@@ -256,8 +257,10 @@
   table.addEventListener("change", draw);
   filter.addEventListener("input", sift);
   list.addEventListener("change", sift);
-  const start = rows.find(row => row.textContent.includes("preferred")) || rows[0];
-  one("input", start).checked = true;
-  show(table.parentElement, start);
+  const start = pictures.length && (rows.find(row => row.textContent.includes("preferred")) || rows[0]);
+  if (start) {
+    one("input", start).checked = true;
+    show(table.parentElement, start);
+  }
   sift();
 })();

@@ -2,12 +2,15 @@
 
 #include "PageHtml.h"
 
+#include <algorithm>
+
 #include "Characters.h"
 #include "PageAssets.h"
 #include "TextFormat.h"
 
 namespace
 {
+constexpr std::string_view gsc_svMark = "<meta name=\"zoredid-page\" content=\"";
 constexpr char gsc_szReplacement[] = "\xEF\xBF\xBD"; // U+FFFD
 } // namespace
 
@@ -56,14 +59,26 @@ CHtml MakeMore(size_t uiLeft, SMarkup oWhat, SMarkup oCommand)
     return oHtml;
 }
 
-std::string MakePage(const std::string& sTitle, const CHtml& oBody)
+std::string FindMark(std::string_view svStart)
+{
+    const size_t uiMeta = svStart.find(gsc_svMark);
+    if (uiMeta == std::string_view::npos)
+    {
+        return "";
+    }
+    const std::string_view svMark = svStart.substr(uiMeta + gsc_svMark.size());
+    return std::string(svMark.substr(0, std::min(svMark.find('"'), svMark.size())));
+}
+
+std::string MakePage(const std::string& sTitle, const CHtml& oBody, const std::string& sMark)
 {
     CHtml oTitle;
     oTitle << SText{ sTitle };
     // Style and script are allowed by their hashes, so that nothing that slipped into the page would run.
-    std::string sPage = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-                        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; base-uri 'none'; "
-                        "form-action 'none'; style-src 'sha256-";
+    std::string sPage = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n";
+    sPage += sMark.empty() ? "" : std::string(gsc_svMark) + sMark + "\">\n";
+    sPage += "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; base-uri 'none'; "
+             "form-action 'none'; style-src 'sha256-";
     sPage += GetPageStyleHash();
     sPage += "'; script-src 'sha256-";
     sPage += GetPageScriptHash();

@@ -58,6 +58,14 @@ public:
     // What a function gives at the end of a chain of <<, without a copy of the text.
     CHtml Take() { return std::move(*this); }
 
+    // Again what Get() of another one gave.
+    static CHtml Resume(std::string sMade)
+    {
+        CHtml oHtml;
+        oHtml.m_sHtml = std::move(sMade);
+        return oHtml;
+    }
+
     bool IsEmpty() const { return m_sHtml.empty(); }
     const std::string& Get() const { return m_sHtml; }
 
@@ -69,5 +77,9 @@ private:
 CHtml MakeMore(size_t uiLeft, SMarkup oWhat, SMarkup oCommand);
 
 // A whole page around the content of its body: style, script, and a policy that lets nothing be fetched and no other
-// script run.
-std::string MakePage(const std::string& sTitle, const CHtml& oBody);
+// script run. sMark, unless empty, is in a meta element near the start, where FindMark finds it.
+std::string MakePage(const std::string& sTitle, const CHtml& oBody, const std::string& sMark = "");
+
+// The mark of a page of which these are the first bytes, at least gsc_uiMarkEnd; empty without one.
+inline constexpr size_t gsc_uiMarkEnd = 256;
+std::string FindMark(std::string_view svStart);

@@ -78,6 +78,8 @@ struct SPage
     bool m_bNumbered = false; // each field has its index in the map as data-i, for a program around the page
     std::vector<std::unique_ptr<SPageImage>> m_apoImages;
     std::unique_ptr<SPageComparison> m_poComparison; // null for a single image
+    std::string m_sIndex;                            // of a page of many, the address of their index
+    std::string m_sMark;                             // as MakePage takes it
 
     const CImageDiff& GetDiff() const { return m_poComparison->m_oDiff; } // of a pair
     bool IsPair() const { return m_apoImages.size() > 1; }

@@ -62,6 +62,10 @@ CHtml MakeBody(const SPage& oPage)
         oHtml << SText{ i == 0 ? "" : " and " } << "<span>" << SText{ oPage.m_apoImages[i]->m_sFile } << "</span>";
     }
     oHtml << "</p>\n";
+    if (!oPage.m_sIndex.empty())
+    {
+        oHtml << "<p class=\"file\"><a href=\"" << SText{ oPage.m_sIndex } << "\">All monitors</a></p>\n";
+    }
     for (const auto& poImage : oPage.m_apoImages)
     {
         if (!poImage->m_oInput.m_sImages.empty())
@@ -89,4 +93,4 @@ CHtml MakeBodyWithLimits(SPage& oPage)
 }
 } // namespace
 
-std::string MakeWholePage(SPage& oPage) { return MakePage(GetTitle(oPage), MakeBodyWithLimits(oPage)); }
+std::string MakeWholePage(SPage& oPage) { return MakePage(GetTitle(oPage), MakeBodyWithLimits(oPage), oPage.m_sMark); }

@@ -4,6 +4,7 @@
 # fetches: its file axe.min.js, at ZOREDID_AXE or in the user's cache.
 
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -79,6 +80,11 @@ class BrowserTest(unittest.TestCase):
                     file.write(image)
             cls.pages[name] = os.path.join(folder.name, name + ".html")
             subprocess.run([COMMAND, "page", *paths, "-o", cls.pages[name]], check=True, timeout=60)
+        # An index of these and of a file that is no image, whose name is longer than a small screen is wide.
+        with open(os.path.join(folder.name, "z" * 90), "wb"):
+            pass
+        subprocess.run([COMMAND, "page", folder.name, "-o", os.path.join(folder.name, "out")], capture_output=True)
+        cls.pages["index"] = os.path.join(folder.name, "out/index.html")
         cls.browser = start_browser()
         cls.addClassCleanup(cls.browser.quit)
 
@@ -118,7 +124,7 @@ class BrowserTest(unittest.TestCase):
                         self.assertEqual(self.browser.get_log("browser"), [])
                         self.assertEqual(self.overflow(), [0, width])
                         heads = "return [...document.querySelectorAll('.grid tbody th')].map(e => e.offsetHeight)"
-                        self.assertLess(max(self.run_script(heads)), 34)  # on one line, beside its bytes
+                        self.assertLess(max(self.run_script(heads), default=0), 34)  # on one line, beside its bytes
                         backs.add(self.run_script("return getComputedStyle(document.body).backgroundColor"))
         self.assertEqual(len(backs), 2)
         self.assertEqual(self.run_script("return document.images.length + document.scripts.length"), 1)
@@ -236,6 +242,33 @@ class BrowserTest(unittest.TestCase):
         return self.run_script("""return [...document.querySelectorAll("#table tbody tr")].filter(e => !e.hidden)
             .map(e => [...e.cells].map(c => c.textContent.trim()))""")
 
+    def test_index_sorts_filters_and_leads_to_pages(self):
+        self.browser.execute_cdp_cmd("Emulation.setScriptExecutionDisabled", {"value": True})
+        self.open("index")
+        self.assertEqual([self.shown(selector) for selector in (".tools", "#theme", "#table button")], [[], [], []])
+        self.browser.execute_cdp_cmd("Emulation.setScriptExecutionDisabled", {"value": False})
+        self.open("index")
+        whole = len(self.rows())
+        self.assertEqual(self.one("#count").text, f"{whole} of {whole}")
+        # By the keyboard alone: the heads sort, the filter and the list choose, a name leads to its page.
+        heads = self.browser.find_elements(By.CSS_SELECTOR, "#table thead button")
+        modes = [int(row[4] or 0) for row in self.rows()]
+        heads[4].send_keys(Keys.ENTER)
+        self.assertEqual([int(row[4] or 0) for row in self.rows()], sorted(modes))
+        heads[7].send_keys(Keys.ENTER, Keys.ENTER)
+        words = [re.search("unreadable|error|warning|note|none", row[7])[0] for row in self.rows()]
+        self.assertEqual(words, sorted(words, key=["unreadable", "error", "warning", "note", "none"].index))
+        self.assertLess({"unreadable", "error", "none"}, set(words))
+        self.one("#filter").send_keys("one0 1920x1080")
+        self.assertEqual([row[0] for row in self.rows()], ["ASUS VE276one0.bin"])
+        self.one("#filter").clear()
+        self.one("#list").send_keys("refused")
+        self.assertEqual([row[0] for row in self.rows()], ["ASUS VE276cut0.bin"])
+        self.one("#table a[href*=cut0]").send_keys(Keys.ENTER)
+        self.assertEqual(self.one(".file").text, "cut0.bin")
+        self.browser.find_element(By.LINK_TEXT, "All monitors").send_keys(Keys.ENTER)
+        self.assertTrue(self.browser.current_url.endswith("/out/index.html"))
+
     def test_timings_sort_filter_and_show(self):
         self.open()
         whole = len(self.rows())
@@ -272,10 +305,10 @@ class BrowserTest(unittest.TestCase):
         run = "axe.run({ resultTypes: ['violations'], preload: false }).then(result => arguments[0](result.violations))"
         # Byte 35 has more fields than the box above the bytes holds.
         for name, width, dark in (("one", 1600, True), ("one", 360, False), ("cut", 1600, False),
-                                  ("bases", 360, True)):
+                                  ("bases", 360, True), ("index", 1600, False), ("index", 360, True)):
             with self.subTest(name=name, width=width, dark=dark):
                 self.open(name, width, dark)
-                self.run_script("document.querySelector('#a35').focus()")
+                self.run_script("document.querySelector('#a35')?.focus()")
                 self.run_script(axe)
                 found = self.browser.execute_async_script(run)
                 self.assertEqual([(one["id"], one["impact"], len(one["nodes"]), one["nodes"][0]["html"][:200],

@@ -3,6 +3,7 @@
 # PageBrowserTest.py opens it in a browser.
 
 import base64
+import glob
 import hashlib
 import html.parser
 import os
@@ -12,7 +13,9 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
+import urllib.parse
 
 COMMAND, PROJECT, CORPUS = (sys.argv[1:] + [""])[:3]
 with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
@@ -342,6 +345,119 @@ class PageTest(unittest.TestCase):
         same = self.rows(self.make(self.save(MONITOR), self.save(MONITOR)))
         self.assertEqual([row[:2] for row in same if row[0].startswith("A ") or row[1] != "both"], [])
         self.assertIn("Both say the same.", self.make(self.save(MONITOR), self.save(MONITOR)).all(tag="main")[0]["text"])
+
+    def tree(self, root):
+        """Every file below a folder with its content and when it was written."""
+        files = {}
+        for folder, _, names in os.walk(root):
+            for name in names:
+                path = os.path.join(folder, name)
+                with open(path, "rb") as file:
+                    files[os.path.relpath(path, root)] = file.read(), os.stat(path).st_mtime_ns
+        return files
+
+    def make_folder(self, *options, status=0):
+        done = self.run_page(os.path.join(self.folder, "in"), "-o", os.path.join(self.folder, "out"), *options)
+        self.assertEqual(done.returncode, status, done.stderr)
+        return done
+
+    def fill_folder(self):
+        """Two images of one name, names that are hostile or look like one of several EDIDs, a cut image, no image."""
+        for name, image in {b"in/monitor.bin": MONITOR, b"in/sub/monitor.bin": MONITOR[:128] + MONITOR[128:255] + b"\0",
+                            b"in/a\"><img src=x>&#%\xff.bin": with_descriptors(b"</th>", b"<b>", b"</script><x"),
+                            b"in/two.bin": MONITOR + with_descriptors(b"1", b"2", b"Second"),
+                            b"in/two.bin (image 1)": MONITOR, b"in/sub/cut.bin": MONITOR[:100],
+                            b"in/zero.bin": b"", b"in/.hidden": MONITOR}.items():
+            os.makedirs(os.path.dirname(os.path.join(os.fsencode(self.folder), name)), exist_ok=True)
+            self.save(image, name)
+        os.symlink("..", os.path.join(self.folder, "in/sub/round"))
+        os.mkfifo(os.path.join(self.folder, "in/pipe"))
+
+    def test_a_folder_has_an_index_and_a_page_for_each_image(self):
+        self.fill_folder()
+        done = self.make_folder("-j3", status=3)
+        self.assertEqual(done.stderr.count(b"\n"), 1)  # of what cannot be read
+        self.assertIn(b"index.html: 7 pages made, 0 unchanged, 1 unreadable", done.stdout)
+        out = os.path.join(self.folder, "out")
+        with open(os.path.join(out, "index.html"), encoding="utf-8") as file:
+            index = Page(file.read())
+        rows = [element for element in index.all(tag="tr") if "data-list" in element]
+        self.assertEqual(len(rows), 8)
+        links = [element["href"] for element in index.all(tag="a")][1:]
+        paths = {os.path.join(os.fsencode(out), urllib.parse.unquote_to_bytes(link)) for link in links}
+        pages = {os.path.join(os.fsencode(out), os.fsencode(name)) for name in self.tree(out) if name != "index.html"}
+        self.assertEqual((len(links), paths), (7, pages))
+        for path in pages:  # and back
+            with open(path, encoding="utf-8") as file:
+                back = Page(file.read()).all(tag="a")[1]["href"]
+            self.assertTrue(os.path.samefile(os.path.join(os.path.dirname(path), os.fsencode(back)),
+                                             os.path.join(out, "index.html")))
+        texts = {row["text"]: row["data-list"] for row in rows}
+        for start, choices in {"ASUS VE276monitor.bin": "none", "ASUS VE276sub/monitor.bin": "error",
+                               "zero.bin": "unread", "</script><xa\"><img src=x>&#%\\xff.bin": "warning",
+                               "Secondtwo.bin (image 2)": "warning", "sub/cut.bin": "error refused"}.items():
+            self.assertEqual([texts[text] for text in texts if text.startswith(start)], [choices], start)
+        row = next(text for text in texts if text.startswith("ASUS VE276monitor.bin"))
+        self.assertEqual(row, "ASUS VE276monitor.binASUSTek Computer Inc. (ACI)27.0 in, 598 \u00d7 336 mm"
+                              "1920 \u00d7 1080 at 60 Hz48not announcednot announcednone")
+
+    def test_a_folder_is_resumed(self):
+        self.fill_folder()
+        self.make_folder("-j2", status=3)
+        out = os.path.join(self.folder, "out")
+        first = self.tree(out)
+        self.assertIn(b"0 pages made, 7 unchanged", self.make_folder(status=3).stdout)
+        kept = {name: one for name, one in self.tree(out).items() if name != "index.html"}
+        self.assertEqual(kept, {name: one for name, one in first.items() if name != "index.html"})
+        # What has changed, has gone, or was broken off, and nothing else.
+        os.remove(os.path.join(out, "pages/two.bin (image 2).html"))
+        self.save(with_descriptors(b"1", b"2", b"Other"), b"in/monitor.bin")
+        self.assertIn(b"2 pages made, 5 unchanged", self.make_folder(status=3).stdout)
+        second = self.tree(out)
+        self.assertEqual({name for name in first if first[name] != second[name]},
+                         {"index.html", "pages/monitor.bin.html", "pages/two.bin (image 2).html"})
+        self.assertIn(b"Other", second["index.html"][0])
+        self.assertIn(b"7 pages made, 0 unchanged", self.make_folder("--force", status=3).stdout)
+
+    def test_a_folder_replaces_nothing_of_others(self):
+        os.makedirs(os.path.join(self.folder, "in"))
+        os.makedirs(os.path.join(self.folder, "out/pages"))
+        for name in (b"in/a", b"in/b"):
+            self.save(MONITOR, name)
+        self.save(b"mine", b"out/pages/a.html")
+        done = self.make_folder(status=3)
+        self.assertIn(b"1 pages made", done.stdout)
+        self.assertRegex(done.stderr, rb"pages/a.html: exists already")
+        out = self.tree(os.path.join(self.folder, "out"))
+        self.assertEqual(out["pages/a.html"][0], b"mine")
+        self.assertNotIn(b"pages/a.html", out["index.html"][0])  # no link, but a row
+        self.assertEqual(out["index.html"][0].count(b"<tr data-list"), 2)
+        self.save(b"mine", b"out/index.html")
+        self.assertIn(b"index.html: exists already", self.make_folder(status=3).stderr)
+        self.assertIn(b"2 pages made", self.make_folder("--force").stdout)
+        folder = os.path.join(self.folder, "in")
+        for arguments, status in [([folder, "-o", "-"], 2), ([folder, folder + "/a", "-o", folder + "x"], 2),
+                                  ([folder, "-o", folder], 3), ([folder, "-o", folder + "/a"], 3)]:
+            self.assertEqual(self.run_page(*arguments).returncode, status, arguments)
+
+    def test_a_folder_that_breaks_off_leaves_whole_pages(self):
+        os.makedirs(os.path.join(self.folder, "in"))
+        for i in range(300):
+            os.link(self.save(MONITOR) if i == 0 else os.path.join(self.folder, "image.bin"),
+                    os.path.join(self.folder, "in", f"{i}.bin"))
+        command = [COMMAND, "page", os.path.join(self.folder, "in"), "-o", os.path.join(self.folder, "out"), "-j4"]
+        run = subprocess.Popen(command, stdout=subprocess.PIPE)
+        while len(glob.glob(os.path.join(self.folder, "out/pages/*.html"))) < 20 and run.poll() is None:
+            time.sleep(0.01)
+        run.terminate()
+        run.communicate()
+        left = self.tree(os.path.join(self.folder, "out"))
+        self.assertEqual([name for name in left if ".zoredid." in name], [])
+        done = subprocess.run(command, capture_output=True, timeout=120)
+        made, kept = map(int, re.search(rb"(\d+) pages made, (\d+) unchanged", done.stdout).groups())
+        self.assertEqual(made + kept, 300)
+        self.assertGreaterEqual(kept, len(left))
+        self.assertTrue(all(data.endswith(b"</html>\n") for data, _ in self.tree(self.folder + "/out").values()))
 
     def test_output(self):
         image, out = self.save(MONITOR), os.path.join(self.folder, "page.html")

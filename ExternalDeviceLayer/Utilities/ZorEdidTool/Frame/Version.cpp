@@ -1,0 +1,5 @@
+// The only source that a new version compiles anew.
+
+#include "Version.h"
+
+const char* GetVersion() { return ZOREDID_VERSION; }

@@ -1,0 +1,6 @@
+// The version of the command.
+
+#pragma once
+
+// "1.2.3"
+const char* GetVersion();

@@ -2,9 +2,10 @@
 # find_package and through pkg-config. Fails unless the programs of examples/consumer say what they should.
 #   cmake -DBUILD=FOLDER -DCONSUMER=FOLDER -DWORK=FOLDER -DIMAGE=FILE -DEXPECTED=FILE -DCOMPILER=FILE -DVERSION=A.B.C
 #         -DSERVICES=0|1 -DTOOL=0|1 -DTYPE=Release|Debug|... [-DDEBIAN=1 -DLAUNCHER=FILE] [-DPYTHON=FILE]
-#         -P ZorEdidCheckPackage.cmake
+#         [-DWASM=FILE] -P ZorEdidCheckPackage.cmake
 #   SERVICES  whether the package has the operating-system layer
 #   TOOL      whether it has the command
+#   WASM      the library for the browser app, where the build has that
 #   DEBIAN    makes the Debian packages by scripts/package, with a shared library, and takes what they unpack to
 
 get_filename_component(project ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
@@ -20,6 +21,7 @@ if(DEBIAN)
   foreach(run IN ITEMS first second)
     execute_process(COMMAND ${project}/scripts/package ${WORK}/${run} -DCMAKE_CXX_COMPILER=${COMPILER}
                             -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DZOREDID_OS_SERVICES=${SERVICES}
+                            -DZOREDID_WASM=${WASM}
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
     file(GLOB debian "${WORK}/${run}/*.deb")
     foreach(file IN LISTS debian)
@@ -124,6 +126,13 @@ if(TOOL)
   execute_process(COMMAND ${command} report ${IMAGE} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
   if(text STREQUAL "")
     message(FATAL_ERROR "${command} report ${IMAGE} says nothing")
+  endif()
+  if(WASM)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E env --unset=DISPLAY --unset=WAYLAND_DISPLAY ${command} page --app
+                    OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT text STREQUAL "${package}/share/zoredid/zoredid.html\n")
+      message(FATAL_ERROR "the browser app is not installed: ${text}")
+    endif()
   endif()
   find_program(help2man help2man)
   if(help2man)

@@ -13,7 +13,7 @@ import threading
 import time
 import unittest
 
-from Browsers import DOWN, ENTER, ESCAPE, Chromium, Firefox
+from Browsers import DOWN, ENTER, ESCAPE, TAB, Chromium, Firefox
 
 # Debian's selenium belongs to Debian's Python, which need not be the first one of PATH.
 if not Chromium.is_there() and sys.executable != "/usr/bin/python3" and os.path.exists("/usr/bin/python3"):
@@ -159,6 +159,13 @@ class AppCases:
         self.paste("no image at all")
         self.assertIn("pasted: ", self.text("#said"))
         self.assertTrue(self.ask("return document.querySelector('#frame').hidden"))
+
+    def test_the_keyboard_alone_gets_to_a_page(self):
+        self.open()
+        self.browser.press(TAB)
+        self.assertEqual(self.focused(), "choose")
+        self.browser.press(TAB, MONITOR.hex(), TAB, ENTER)
+        self.wait_for(lambda: "ASUS VE276" in self.page())
 
     def test_each_monitor_of_a_text_can_be_chosen(self):
         self.open()

@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 import time
 
-ENTER, ESCAPE, DOWN, F2 = "\ue007", "\ue00c", "\ue015", "\ue032"
+TAB, ENTER, ESCAPE, DOWN = "\ue004", "\ue007", "\ue00c", "\ue015"
 # WebDriver's scripts are functions, whose last argument of an asynchronous one says that it has ended.
 AWAITED = """const done = arguments[arguments.length - 1], given = [...arguments].slice(0, -1);
 (async function () { %s }).apply(null, given).then(value => done({ value }), error => done({ error: String(error) }));"""

@@ -38,7 +38,9 @@ void CheckFlags(CFindings& oFindings)
             oFindings.GetByte(uiBlock + uiFlagsOffset) ^ oFindings.GetByte(uiFirst + uiFlagsOffset);
         if ((uiDifferent & uiFlags) != 0)
         {
-            oFindings.Add(oFindings.FindBlock(uiBlock), eZorEdidRule_CtaFlagsDiffer);
+            SZorFinding& oFinding = oFindings.Add(oFindings.FindBlock(uiBlock), eZorEdidRule_CtaFlagsDiffer);
+            oFinding.m_sFound.Format("0x%02x in bits 7 to 4", oFindings.GetByte(uiBlock + uiFlagsOffset) & uiFlags);
+            oFinding.m_sExpected.Format("0x%02x", oFindings.GetByte(uiFirst + uiFlagsOffset) & uiFlags);
         }
     });
 }

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <algorithm>
+
 #include "Standards/ExtensionBlocks.h"
 #include "ZorEdidCheck.h"
 #include "ZorEdidFacts.h"
@@ -19,6 +21,7 @@ public:
     {
         m_oModes.Read(oMap.GetSize(), oMap.GetData());
         m_oFacts.Read(oMap.GetSize(), oMap.GetData());
+        FindMisread();
     }
 
     // The result may be completed until the next call.
@@ -45,12 +48,24 @@ public:
 
     const CMap& GetMap() const { return m_oMap; }
     const CZorEdidFacts& GetFacts() const { return m_oFacts; }
+    // Bytes behind a data block that its CTA-861 block cuts: byte 2 of the block points into it, so that what is read
+    // from there on as timings is none.
+    bool IsMisread(unsigned int uiOffset) const
+    {
+        const unsigned int* puiFirst = m_auiMisread.GetData();
+        return std::any_of(puiFirst, puiFirst + m_auiMisread.GetCount(), [uiOffset](unsigned int uiFirst) {
+            return uiFirst <= uiOffset && uiFirst / gsc_uiBlockSize == uiOffset / gsc_uiBlockSize;
+        });
+    }
     template <class VISIT>
     void ForEachMode(VISIT fnVisit) const
     {
         for (unsigned int i = 0; i < m_oModes.GetCount(); ++i)
         {
-            fnVisit(m_oModes.Get(i));
+            if (!IsMisread(m_oModes.Get(i).m_uiOffset))
+            {
+                fnVisit(m_oModes.Get(i));
+            }
         }
     }
     template <class VISIT>
@@ -134,7 +149,21 @@ public:
     }
 
 private:
+    void FindMisread()
+    {
+        for (unsigned int i = 0; i < m_oMap.GetNoteCount(); ++i)
+        {
+            const CMap::SField& oField = m_oMap.GetField(m_oMap.GetNote(i).m_uiField);
+            const unsigned int uiBlock = oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
+            if (m_oMap.GetNote(i).m_eRule == eZorEdidRule_CtaPastCollection && GetByte(uiBlock) == gsc_uiCtaTag)
+            {
+                m_auiMisread.Add(oField.m_uiOffset + oField.m_uiLength);
+            }
+        }
+    }
+
     const CMap& m_oMap;
+    CMArray<unsigned int, const unsigned int&> m_auiMisread; // the first of the bytes, of each block that has them
     CZorEdidModes m_oModes;
     CZorEdidFacts m_oFacts;
     CMArray<SZorFinding>& m_aoFindings;
@@ -149,10 +178,20 @@ inline bool IsDisplayPort(const CZorEdidFacts::SLink& oLink)
     return oLink.m_oKind.m_oValue == CZorEdidFacts::eLink_DisplayPort;
 }
 
+// "block 1 offset 0x05"
+CMString DescribePlace(unsigned int uiOffset);
+
+void AddNotes(CFindings& oFindings); // those of the map, of any image
+
+// Whether a finding only follows from another one, of a rule that is such a cause: who mends that mends both.
+bool IsCause(EZorEdidRule eRule);
+bool IsConsequence(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther);
+
 // ---- The rules by topic; of an image with the header of a base block ----
 
 void CheckBase(CFindings& oFindings, unsigned int uiThisYear);
 void CheckTimings(CFindings& oFindings);   // of all blocks
+void CheckLimits(CFindings& oFindings);    // modes against limits
 void CheckCta(CFindings& oFindings);       // CTA-861 blocks and HDMI's data blocks in them
 void CheckDisplayId(CFindings& oFindings); // DisplayID sections
 void CheckReading(CFindings& oFindings);   // what the library does not read

@@ -1,146 +1,19 @@
-// Rules about the modes of an image among each other, and against what the image says that it takes.
+// Rules about the modes of an image among each other.
 
 #include <algorithm>
 #include <iterator>
 
 #include "CheckFindings.h"
-#include "Standards/Descriptors.h"
 #include "Standards/VideoCodes.h"
-
-using namespace ZorStandards::BaseBlock;
 
 namespace ZorCheck
 {
 namespace
 {
-constexpr unsigned long long gsc_ullHzPerKiloHz = 1000;
-
 double GetRateInHz(const SZorMode::SRate& oRate)
 {
     return oRate.m_ullDivisor == 0 ? 0
                                    : static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
-}
-
-// Modes that break one rule have one finding: a television may have thirty of them.
-class CBreaches
-{
-public:
-    void Add(const SZorMode& oMode)
-    {
-        if (m_uiCount++ == 0)
-        {
-            m_sFirst = CMap::GetModeText(oMode);
-        }
-    }
-    void Report(CFindings& oFindings, unsigned int uiField, EZorEdidRule eRule, CMap::ESeverity eSeverity) const
-    {
-        if (m_uiCount != 0)
-        {
-            SZorFinding& oFinding = oFindings.Add(uiField, eRule, eSeverity);
-            oFinding.m_sFound = m_sFirst;
-            if (m_uiCount > 1)
-            {
-                oFinding.m_sFound.AppendFormat(" and %u more", m_uiCount - 1);
-            }
-        }
-    }
-
-private:
-    unsigned int m_uiCount = 0;
-    CMString m_sFirst;
-};
-
-// ---- Display range limits ----
-
-// The clock alone, by less than its unit, weighs nothing.
-bool IsClockRounded(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
-{
-    return Descriptors::IsPixelClockRounded(oLimits, oMode.m_ullClock / gsc_ullHzPerKiloHz);
-}
-
-bool IsBeyond(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
-{
-    const unsigned long long ullClock = oMode.m_ullClock / gsc_ullHzPerKiloHz;
-    return (Descriptors::IsPixelClockBeyond(oLimits, ullClock) && !IsClockRounded(oMode, oLimits)) ||
-           Descriptors::IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) ||
-           Descriptors::IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor);
-}
-
-// Of detailed timings in the base block the map has a note each. An erratum of 1.4 lets listed modes leave the limits.
-void CheckRangeLimits(CFindings& oFindings)
-{
-    const unsigned int uiRevision = oFindings.GetByte(BaseBlock::gsc_uiRevisionOffset);
-    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
-    {
-        const unsigned int uiOffset = DescriptorOffset(i);
-        if (!Descriptors::HasTag(oFindings.GetAt(uiOffset), Descriptors::gsc_ui8TagRangeLimits))
-        {
-            continue;
-        }
-        const Descriptors::SRangeLimits oLimits = Descriptors::ReadRangeLimits(oFindings.GetAt(uiOffset), uiRevision);
-        CBreaches oBreaches;
-        bool bWeight = false;
-        oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
-            const bool bNoted =
-                oEntry.m_oMode.m_eKind == SZorMode::eModeKind_Detailed && oEntry.m_uiOffset < gsc_uiBlockSize;
-            if (!bNoted && oEntry.m_oMode.m_bTiming && oEntry.m_oMode.m_oHorizontal.m_uiTotal != 0 &&
-                (IsBeyond(oEntry.m_oMode, oLimits) || IsClockRounded(oEntry.m_oMode, oLimits)))
-            {
-                bWeight = bWeight || IsBeyond(oEntry.m_oMode, oLimits);
-                oBreaches.Add(oEntry.m_oMode);
-            }
-        });
-        oBreaches.Report(oFindings, oFindings.FindGroup(uiOffset), eZorEdidRule_ModeBeyondLimits,
-                         bWeight && uiRevision < gsc_uiVideoInputRevision ? CMap::eSeverity_Warning
-                                                                          : CMap::eSeverity_Note);
-        return;
-    }
-}
-
-// ---- TMDS ----
-
-// Whether another field says that the sink takes this mode in 4:2:0: a detailed timing of a mode whose video code is
-// marked. The clocks of both may differ by 1000/1001.
-bool IsTakenIn420(const CFindings& oFindings, const SZorMode& oMode)
-{
-    constexpr unsigned long long ullTolerance = 500; // of the clock
-    const auto fnIsSame = [](const SZorMode::SAxis& oOne, const SZorMode::SAxis& oOther) {
-        return oOne.m_uiActive == oOther.m_uiActive && oOne.m_uiTotal == oOther.m_uiTotal;
-    };
-    bool bTaken = false;
-    oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
-        const SZorMode& oOther = oEntry.m_oMode;
-        const unsigned long long ullApart = oMode.m_ullClock > oOther.m_ullClock ? oMode.m_ullClock - oOther.m_ullClock
-                                                                                 : oOther.m_ullClock - oMode.m_ullClock;
-        bTaken =
-            bTaken ||
-            (oOther.m_eY420 != SZorMode::eY420_No && oOther.m_bTiming && oOther.m_bInterlaced == oMode.m_bInterlaced &&
-             ullApart <= oMode.m_ullClock / ullTolerance && fnIsSame(oOther.m_oHorizontal, oMode.m_oHorizontal) &&
-             fnIsSame(oOther.m_oVertical, oMode.m_oVertical));
-    });
-    return bTaken;
-}
-
-// Without FRL every mode is sent by TMDS, those in 4:2:0 at half the clock.
-void CheckTmdsClock(CFindings& oFindings)
-{
-    const CZorEdidFacts::SLink& oLink = oFindings.GetFacts().GetLink();
-    if (!oLink.m_oMaxTmds.IsSaid() || oLink.m_oMaxTmds.m_oValue == 0 || TakesFrl(oLink) || IsDisplayPort(oLink))
-    {
-        return;
-    }
-    const unsigned long long ullMost = oLink.m_oMaxTmds.m_oValue * gsc_ullHzPerKiloHz;
-    CBreaches oBreaches;
-    oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
-        const SZorMode& oMode = oEntry.m_oMode;
-        if (oMode.m_bTiming && oMode.m_ullClock > ullMost &&
-            (oMode.m_ullClock / 2 > ullMost || !IsTakenIn420(oFindings, oMode)))
-        {
-            oBreaches.Add(oMode);
-        }
-    });
-    const unsigned int uiField = oFindings.GetMap().FindLeaf(oLink.m_oMaxTmds.m_ui16Offset, 0);
-    oBreaches.Report(oFindings, uiField, eZorEdidRule_ModeBeyondTmds, CMap::eSeverity_Warning);
 }
 
 // ---- Modes that must be there, and that are there twice ----
@@ -217,7 +90,8 @@ void CheckNative(CFindings& oFindings)
             {
                 bMixed = true;
                 oFindings.Add(oFindings.FindGroup(oEntry.m_uiOffset), eZorEdidRule_NativeMixed).m_sFound =
-                    CMap::GetModeText(oEntry.m_oMode) + ", and " + CMap::GetModeText(poFirst->m_oMode);
+                    CMap::GetModeText(oEntry.m_oMode) + ", and " + CMap::GetModeText(poFirst->m_oMode) + " at " +
+                    DescribePlace(poFirst->m_uiOffset);
             }
         }
     });
@@ -271,8 +145,6 @@ void CheckHdmiCodes(CFindings& oFindings)
 
 void CheckTimings(CFindings& oFindings)
 {
-    CheckRangeLimits(oFindings);
-    CheckTmdsClock(oFindings);
     const unsigned int uiCtaBlock = oFindings.FindFirstBlock(gsc_uiCtaTag);
     if (uiCtaBlock != 0)
     {

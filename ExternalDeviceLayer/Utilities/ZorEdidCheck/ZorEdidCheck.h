@@ -8,6 +8,11 @@
 
 #pragma GCC visibility push(default)
 
+namespace ZorCheck
+{
+class CFindings;
+}
+
 /// A rule that an image breaks, and where.
 struct SZorFinding
 {
@@ -43,6 +48,8 @@ public:
     const SZorFinding& Get(unsigned int uiIndex) const { return m_aoFindings[uiIndex]; }
 
 private:
+    void Order(const ZorCheck::CFindings& oFindings);
+
     CMArray<SZorFinding> m_aoFindings;
 };
 

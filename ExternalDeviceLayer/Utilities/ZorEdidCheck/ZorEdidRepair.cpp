@@ -41,6 +41,13 @@ enum ERepairs
     eRepairs_None
 };
 
+bool IsErased(const unsigned char* pui8Block)
+{
+    constexpr unsigned char ui8Erased = 0xFF;
+    return std::all_of(pui8Block, pui8Block + gsc_uiBlockSize,
+                       [](unsigned char ui8Byte) { return ui8Byte == ui8Erased; });
+}
+
 class CRepairs
 {
 public:
@@ -85,6 +92,10 @@ public:
         const unsigned int uiEnd = std::min(m_aui8Data.GetCount(), uiBlocks * gsc_uiBlockSize);
         for (unsigned int uiBlock = 0; uiBlock + gsc_uiBlockSize <= uiEnd; uiBlock += gsc_uiBlockSize)
         {
+            if (IsErased(m_aui8Data.GetData() + uiBlock))
+            {
+                continue; // a right sum would hide that it was never written
+            }
             ForEachSum(m_aui8Data.GetData() + uiBlock, [&](unsigned int uiFirst, unsigned int uiLength) {
                 if (HasChecksum(uiBlock + uiFirst + uiLength - 1))
                 {

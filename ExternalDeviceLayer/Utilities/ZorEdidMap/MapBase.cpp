@@ -30,7 +30,7 @@ CMString FormatMaker(const CRecord& oRecord, unsigned int)
     return CMString(ReadManufacturerCode(oRecord.GetData()).m_szCode);
 }
 
-EZorEdidRule CheckMaker(const CRecord& oRecord, unsigned int)
+SBreach CheckMaker(const CRecord& oRecord, unsigned int)
 {
     const SManufacturerCode oCode = ReadManufacturerCode(oRecord.GetData());
     const bool bLetters = std::all_of(oCode.m_szCode, oCode.m_szCode + gsc_uiManufacturerLetters,
@@ -43,7 +43,7 @@ bool IsModelYear(const CRecord& oRecord)
     return IsRevision4(oRecord) && oRecord.GetByte(gsc_uiWeekOffset) == gsc_uiModelYearWeek;
 }
 
-EZorEdidRule CheckYear(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckYear(const CRecord& oRecord, unsigned int uiValue)
 {
     constexpr unsigned int uiFirstYear = 0x10; // 2006
     return IsRevision4(oRecord) && uiValue < uiFirstYear ? eZorEdidRule_BaseYear : eZorEdidRule_None;
@@ -71,7 +71,7 @@ constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product id
 
 // ---- EDID structure version and revision, E-EDID 3.5 ----
 
-EZorEdidRule CheckRevision(const CRecord&, unsigned int uiValue)
+SBreach CheckRevision(const CRecord&, unsigned int uiValue)
 {
     return uiValue > 4 ? eZorEdidRule_BaseRevision : eZorEdidRule_None;
 }
@@ -146,7 +146,7 @@ constexpr auto gsc_aoEncodings = Listed({ "RGB 4:4:4", "RGB 4:4:4 and YCrCb 4:4:
                                           "RGB 4:4:4, YCrCb 4:4:4 and YCrCb 4:2:2" });
 
 // The primaries, the white point and the gamma of sRGB as this block stores them.
-EZorEdidRule CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
 {
     if (uiValue != 0 && oRecord.GetSize() >= gsc_uiChromaticitiesOffset + sizeof(gsc_aui8SrgbColors) &&
         memcmp(oRecord.GetData() + gsc_uiChromaticitiesOffset, gsc_aui8SrgbColors, sizeof(gsc_aui8SrgbColors)) != 0)
@@ -157,7 +157,7 @@ EZorEdidRule CheckSrgb(const CRecord& oRecord, unsigned int uiValue)
                                                                                   : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
 {
     return IsRevision3(oRecord) && uiValue == 0 ? eZorEdidRule_PreferredFlag : eZorEdidRule_None;
 }
@@ -291,7 +291,7 @@ CMString FormatPair(const CRecord& oRecord)
     return CZorEdidMap::GetModeText(oMode);
 }
 
-EZorEdidRule CheckPairNotZero(const CRecord& /*oPair*/, unsigned int uiValue)
+SBreach CheckPairNotZero(const CRecord& /*oPair*/, unsigned int uiValue)
 {
     return uiValue == 0 ? eZorEdidRule_StandardTimingZero : eZorEdidRule_None;
 }

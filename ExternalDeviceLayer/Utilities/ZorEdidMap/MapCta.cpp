@@ -326,22 +326,26 @@ void NoteDataBlock(CMapWriter& oWriter, unsigned int uiField, const SFound& oFou
 {
     const SCtaBlock& oKind = *oFound.m_poKind;
     const unsigned int uiTag = oKind.m_oKey.m_ui8Tag;
+    const unsigned int uiLength = oFound.m_uiSize - gsc_uiHeaderSize;
+    const unsigned int uiDeclared = gsc_oHeaderLength.Read(oWriter.GetRecord(oFound.m_uiOffset, 1).GetData());
     if (oFound.m_bCut)
     {
-        oWriter.AddNote(uiField, eZorEdidRule_CtaPastCollection);
+        oWriter.AddNote(uiField, eZorEdidRule_CtaPastCollection, CountAtMost("bytes", uiDeclared, uiLength));
         return;
     }
     if (&oKind == &gsc_oNoExtendedTag)
     {
-        oWriter.AddNote(uiField, eZorEdidRule_CtaNoExtendedTag);
+        oWriter.AddNote(uiField, eZorEdidRule_CtaNoExtendedTag, CountAtLeast("bytes", uiLength, 1));
     }
     else if (HasOui(uiTag, oKind.m_oKey.m_ui8FirstExtended) && oFound.m_uiHeader < gsc_uiOuiSize)
     {
-        oWriter.AddNote(uiField, eZorEdidRule_CtaNoOui);
+        oWriter.AddNote(uiField, eZorEdidRule_CtaNoOui,
+                        CountAtLeast("bytes", uiLength, oFound.m_uiHeader - gsc_uiHeaderSize + gsc_uiOuiSize));
     }
     else
     {
-        oWriter.AddNote(uiField, CheckLength(oFound), oKind.m_oSize.GetSeverity());
+        oWriter.AddNote(uiField, CheckLength(oFound), oKind.m_oSize.GetSeverity(),
+                        GetRightLengths(oKind.m_oSize, oFound.GetPayloadSize(), oFound.m_uiHeader - gsc_uiHeaderSize));
     }
     if (oKind.m_eRule != eAny && bAgain)
     {
@@ -526,14 +530,18 @@ bool HasFlags(const CRecord& oBlock) { return oBlock.GetByte(gsc_uiRevisionOffse
 
 constexpr bool IsStart(unsigned int uiStart) { return uiStart >= gsc_uiDataBlocksOffset && uiStart < gsc_uiBlockSize; }
 
-EZorEdidRule CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
+SBreach CheckRevision(const CRecord& /*oBlock*/, unsigned int uiRevision)
 {
-    return uiRevision == 0 || uiRevision > gsc_uiHighestRevision ? eZorEdidRule_CtaRevision : eZorEdidRule_None;
+    return uiRevision == 0 || uiRevision > gsc_uiHighestRevision
+               ? SBreach(eZorEdidRule_CtaRevision, 1, gsc_uiHighestRevision)
+               : gsc_oNoBreach;
 }
 
-EZorEdidRule CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
+SBreach CheckStart(const CRecord& /*oBlock*/, unsigned int uiStart)
 {
-    return uiStart != 0 && !IsStart(uiStart) ? eZorEdidRule_CtaStart : eZorEdidRule_None;
+    return uiStart != 0 && !IsStart(uiStart)
+               ? SBreach(eZorEdidRule_CtaStart, gsc_uiDataBlocksOffset, gsc_uiBlockSize - 1)
+               : gsc_oNoBreach;
 }
 
 constexpr SRow gsc_aoBlockRows[] = {
@@ -702,9 +710,11 @@ unsigned int CountDetailed(const CMapWriter& oWriter, unsigned int uiBlock)
 void NoteNative(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
     const unsigned int uiNative = HasFlags(oBlock) ? oBlock.GetBits(gsc_uiFlagsOffset, 3, 0) : 0;
-    if (uiNative != 0 && uiNative > CountDetailed(oWriter, uiOffset))
+    const unsigned int uiDetailed = uiNative != 0 ? CountDetailed(oWriter, uiOffset) : 0;
+    if (uiNative > uiDetailed)
     {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiFlagsOffset, 0), eZorEdidRule_CtaNativeCount);
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiFlagsOffset, 0), eZorEdidRule_CtaNativeCount,
+                        CountAtMost("timings", uiNative, uiDetailed));
     }
 }
 } // namespace
@@ -743,7 +753,7 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
         const unsigned int uiField = oWriter.AddRecord(oTable, uiOffset, uiSize);
         if (uiSize < uiDeclared)
         {
-            oWriter.AddNote(uiField, eZorEdidRule_CtaItemPast);
+            oWriter.AddNote(uiField, eZorEdidRule_CtaItemPast, CountAtMost("bytes", uiDeclared, uiSize));
         }
         uiOffset += uiSize;
         uiLength -= uiSize;

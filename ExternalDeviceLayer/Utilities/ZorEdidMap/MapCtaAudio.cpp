@@ -148,16 +148,16 @@ bool HasFrameLengths(const CRecord& oAudio)
 
 bool HasChannels(const CRecord& oAudio) { return Audio::HasChannels(GetFormat(oAudio), GetExtended(oAudio)); }
 
-EZorEdidRule CheckRate192(const CRecord& oAudio, unsigned int uiBit)
+SBreach CheckRate192(const CRecord& oAudio, unsigned int uiBit)
 {
     return uiBit != 0 && HasFrameLengths(oAudio) ? eZorEdidRule_CtaZeroRate : eZorEdidRule_None;
 }
-EZorEdidRule CheckRate176(const CRecord& oAudio, unsigned int uiBit)
+SBreach CheckRate176(const CRecord& oAudio, unsigned int uiBit)
 {
     const bool bZero = HasFrameLengths(oAudio) || WhereExtended<eExtended_Ac4>(oAudio);
     return uiBit != 0 && bZero ? eZorEdidRule_CtaZeroRate : eZorEdidRule_None;
 }
-EZorEdidRule CheckRateOfAc4(const CRecord& oAudio, unsigned int uiBit)
+SBreach CheckRateOfAc4(const CRecord& oAudio, unsigned int uiBit)
 {
     return uiBit != 0 && WhereExtended<eExtended_Ac4>(oAudio) ? eZorEdidRule_CtaZeroRate : eZorEdidRule_None;
 }
@@ -246,7 +246,7 @@ constexpr unsigned int gsc_uiHdmiSpeakerSize = 4;
 bool IsOfCta(const CRecord& oSpeakers) { return oSpeakers.GetSize() < gsc_uiHdmiSpeakerSize; }
 
 // From CTA-861-G on. The bit of RLC/RRC has no such note: later editions give it to other speakers.
-EZorEdidRule CheckDeprecated(const CRecord& oSpeakers, unsigned int uiBit)
+SBreach CheckDeprecated(const CRecord& oSpeakers, unsigned int uiBit)
 {
     return uiBit != 0 && IsOfCta(oSpeakers) ? eZorEdidRule_CtaSpeakerDeprecated : eZorEdidRule_None;
 }
@@ -287,7 +287,7 @@ constexpr STable gsc_oSpeakerTable = { eId_CtaSpeakersAllocation, "Speaker alloc
 
 // ---- HDMI Audio Data Block: HDMI 2.0 ----
 
-EZorEdidRule CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
+SBreach CheckNonMixed(const CRecord& oHead, unsigned int uiBit)
 {
     return uiBit != 0 && oHead.GetBits(0, 1, 0) == 0 ? eZorEdidRule_HdmiAudioNonMixed : eZorEdidRule_None;
 }
@@ -449,7 +449,8 @@ void MapCtaHdmiAudio(CMapWriter& oWriter, const SCtaPayload& oPayload)
     oWriter.AddItems(gsc_oHdmiAudioTable, oPayload.m_uiOffset + gsc_uiHdmiHeadSize, uiSize, gsc_uiHdmiAudioSize);
     if (oPayload.m_uiLength < uiEnd)
     {
-        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset + 1, 0), eZorEdidRule_HdmiAudioPast);
+        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset + 1, 0), eZorEdidRule_HdmiAudioPast,
+                        CountAtMost("bytes", uiEnd, oPayload.m_uiLength));
     }
     else if (uiCount != 0)
     {

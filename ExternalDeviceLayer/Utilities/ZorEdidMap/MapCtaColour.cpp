@@ -69,15 +69,15 @@ long long StaticMinimum(const CRecord& oHdr, unsigned int uiCode)
                                  gsc_llPerMinimum);
 }
 
-EZorEdidRule CheckMinimumAlone(const CRecord& /*oHdr*/, unsigned int uiCode)
+SBreach CheckMinimumAlone(const CRecord& /*oHdr*/, unsigned int uiCode)
 {
     return uiCode != 0 ? eZorEdidRule_CtaHdrMinimumAlone : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
+SBreach CheckFrameAverage(const CRecord& oHdr, unsigned int uiCode)
 {
     const unsigned int uiMaximum = oHdr.GetByte(gsc_uiMaximumOffset);
-    return uiMaximum != 0 && uiCode > uiMaximum ? eZorEdidRule_CtaHdrAverage : eZorEdidRule_None;
+    return uiMaximum != 0 ? CheckAtMost(uiMaximum, uiCode, eZorEdidRule_CtaHdrAverage) : gsc_oNoBreach;
 }
 
 constexpr SMeaning gsc_aoMinimumAlone[] = { { 0, 0, "not indicated" }, { 1, 255, "not known" } };
@@ -123,14 +123,16 @@ bool IsType2(const CRecord& oType) { return GetDynamicType(oType) == eDynamic_2;
 bool IsSlHdr(const CRecord& oType) { return IsType2(oType) && oType.GetBits(3, 3, 0) != 0; }
 bool IsNoSlHdr(const CRecord& oType) { return IsType2(oType) && !IsSlHdr(oType); }
 
-EZorEdidRule CheckDynamicLength(const CRecord& oType, unsigned int uiLength)
+SBreach CheckDynamicLength(const CRecord& oType, unsigned int uiLength)
 {
-    return uiLength < 2                        ? eZorEdidRule_CtaDynamicNoType
-           : uiLength < 3 && HasVersion(oType) ? eZorEdidRule_CtaDynamicNoVersion
-                                               : eZorEdidRule_None;
+    constexpr unsigned int uiType = 2; // bytes
+    constexpr unsigned int uiVersion = 3;
+    return uiLength < uiType   ? SBreach(eZorEdidRule_CtaDynamicNoType, uiType)
+           : HasVersion(oType) ? CheckAtLeast(uiVersion, uiLength, eZorEdidRule_CtaDynamicNoVersion)
+                               : gsc_oNoBreach;
 }
 
-EZorEdidRule CheckVersion(const CRecord& oType, unsigned int uiVersion)
+SBreach CheckVersion(const CRecord& oType, unsigned int uiVersion)
 {
     return uiVersion == 0 && IsType2(oType) ? eZorEdidRule_CtaDynamicVersion : eZorEdidRule_None;
 }

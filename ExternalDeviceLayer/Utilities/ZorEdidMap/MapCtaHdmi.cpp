@@ -27,26 +27,26 @@ CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
     return sText;
 }
 
-EZorEdidRule CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
+SBreach CheckTmdsClock(const CRecord& /*oHdmi*/, unsigned int uiClock)
 {
     return uiClock * Hdmi::gsc_uiMegaHzPerTmdsUnit > Hdmi::gsc_uiMostTmdsInMegaHz ? eZorEdidRule_HdmiTmdsClock
                                                                                   : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
+SBreach CheckPresent(const CRecord& oHdmi, unsigned int uiPresent, unsigned int uiEnd)
 {
     return uiPresent != 0 && oHdmi.GetSize() < uiEnd ? eZorEdidRule_HdmiFieldsMissing : eZorEdidRule_None;
 }
-EZorEdidRule CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
+SBreach CheckLatency(const CRecord& oHdmi, unsigned int uiPresent)
 {
     return CheckPresent(oHdmi, uiPresent, gsc_uiFirstOptional + gsc_uiLatencySize);
 }
-EZorEdidRule CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
+SBreach CheckInterlaced(const CRecord& oHdmi, unsigned int uiPresent)
 {
     return uiPresent != 0 && !HasLatency(oHdmi) ? eZorEdidRule_HdmiInterlacedAlone
                                                 : CheckPresent(oHdmi, uiPresent, Hdmi::GetVideoOffset(oHdmi));
 }
-EZorEdidRule CheckVideo(const CRecord& oHdmi, unsigned int uiPresent)
+SBreach CheckVideo(const CRecord& oHdmi, unsigned int uiPresent)
 {
     return CheckPresent(oHdmi, uiPresent, Hdmi::GetVideoOffset(oHdmi) + gsc_uiVideoSize);
 }
@@ -178,7 +178,7 @@ constexpr unsigned int gsc_uiItemSizeWithDetail = 2;
 
 // ---- HDMI Forum: sink capability data structure, HDMI 2.1 10.3.2 ----
 
-EZorEdidRule CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
+SBreach CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
 {
     constexpr unsigned int uiFrlWithFourLanes = 2;
     const unsigned int uiFrl = oSink.GetBits(3, 7, 4);
@@ -191,19 +191,18 @@ EZorEdidRule CheckTmdsRate(const CRecord& oSink, unsigned int uiRate)
     {
         return eZorEdidRule_ForumTmdsHigh;
     }
-    if (uiMegaHz < (uiFrl >= uiFrlWithFourLanes ? HdmiForum::gsc_uiMostTmdsInMegaHz : uiFrl == 1 ? 300U : 0U))
-    {
-        return eZorEdidRule_ForumTmdsFrl;
-    }
-    return eZorEdidRule_None;
+    const unsigned int uiLeast = uiFrl >= uiFrlWithFourLanes ? HdmiForum::gsc_uiMostTmdsInMegaHz
+                                 : uiFrl == 1                ? 300U
+                                                             : 0U;
+    return CheckAtLeast(uiLeast / Hdmi::gsc_uiMegaHzPerTmdsUnit, uiRate, eZorEdidRule_ForumTmdsFrl);
 }
 
-EZorEdidRule CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
+SBreach CheckVrrMin(const CRecord& /*oSink*/, unsigned int uiRate)
 {
     return uiRate > HdmiForum::gsc_uiMostVrrMin ? eZorEdidRule_ForumVrrMinHigh : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
+SBreach CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
 {
     if (uiRate != 0 && oSink.GetBits(5, 5, 0) == 0)
     {
@@ -211,17 +210,17 @@ EZorEdidRule CheckVrrMax(const CRecord& oSink, unsigned int uiRate)
     }
     if (uiRate != 0 && uiRate < oSink.GetBits(5, 5, 0))
     {
-        return eZorEdidRule_ForumVrrMaxOrder;
+        return { eZorEdidRule_ForumVrrMaxOrder, oSink.GetBits(5, 5, 0) };
     }
     return uiRate != 0 && uiRate < HdmiForum::gsc_uiLeastVrrMax ? eZorEdidRule_ForumVrrMaxLow : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckCinema(const CRecord& /*oSink*/, unsigned int uiBit)
+SBreach CheckCinema(const CRecord& /*oSink*/, unsigned int uiBit)
 {
     return uiBit != 0 ? eZorEdidRule_ForumCinema : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckQms(const CRecord& oSink, unsigned int uiBit)
+SBreach CheckQms(const CRecord& oSink, unsigned int uiBit)
 {
     return uiBit != 0 && !oSink.IsSet(4, 6) ? eZorEdidRule_ForumQms : eZorEdidRule_None;
 }
@@ -231,7 +230,7 @@ bool HasDsc(const CRecord& oSink)
     return HdmiForum::gsc_oDsc1p2.GetEnd() <= oSink.GetSize() && oSink.Get(HdmiForum::gsc_oDsc1p2) != 0;
 }
 
-EZorEdidRule CheckDsc(const CRecord& oSink, unsigned int uiValue)
+SBreach CheckDsc(const CRecord& oSink, unsigned int uiValue)
 {
     return uiValue != 0 && !HasDsc(oSink) ? eZorEdidRule_ForumDsc : eZorEdidRule_None;
 }
@@ -306,7 +305,7 @@ using HdmiForum::gsc_uiSinkSkip;
 
 // ---- HDMI Forum EDID Extension Override Data Block: HDMI 2.1 ----
 
-EZorEdidRule CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
+SBreach CheckExtensionCount(const CRecord& /*oCount*/, unsigned int uiCount)
 {
     return uiCount < 2 ? eZorEdidRule_OverrideCount : eZorEdidRule_None;
 }
@@ -394,7 +393,7 @@ unsigned int AddItem(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigned
     }
     else
     {
-        oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex);
+        oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex, CountAtMost("video codes", uiOrder + 1, oCodes.m_uiCount));
     }
     oWriter.AddRows(gsc_oItemTable, uiOffset, uiSize);
     oWriter.EndGroup();
@@ -445,7 +444,7 @@ void Add3d(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, SRange oRange, uns
         const unsigned int uiField = AddItem(oWriter, oCodes, oRange.m_uiOffset, uiSize);
         if (uiSize < uiDeclared)
         {
-            oWriter.AddNote(uiField, eZorEdidRule_Hdmi3dPast);
+            oWriter.AddNote(uiField, eZorEdidRule_Hdmi3dPast, CountAtMost("bytes", uiDeclared, uiSize));
         }
         oRange.m_uiOffset += uiSize;
     }
@@ -468,12 +467,13 @@ void AddHdmiVideo(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int
     const unsigned int ui3d = oVideo.Get(Hdmi::gsc_o3dLength);
     if (ui3d > uiEnd - uiOffset || oVideo.Get(Hdmi::gsc_oVicCount) > uiVics)
     {
-        oWriter.AddNote(uiLengths, eZorEdidRule_HdmiLengthsPast);
+        oWriter.AddNote(uiLengths, eZorEdidRule_HdmiLengthsPast,
+                        CountAtMost("bytes", oVideo.Get(Hdmi::gsc_oVicCount) + ui3d, uiVics + uiEnd - uiOffset));
     }
     const unsigned int uiMulti = oVideo.Get(Hdmi::gsc_o3dMultiPresent);
     if (ui3d < GetMultiSize(uiMulti))
     {
-        oWriter.AddNote(uiLengths, eZorEdidRule_Hdmi3dShort);
+        oWriter.AddNote(uiLengths, eZorEdidRule_Hdmi3dShort, CountAtLeast("bytes", ui3d, GetMultiSize(uiMulti)));
     }
     Add3d(oWriter, oPayload.m_oVideoCodes, { uiOffset, uiOffset + std::min(ui3d, uiEnd - uiOffset) }, uiMulti);
 }

@@ -41,9 +41,9 @@ long long AmdMinimum(const CRecord& oAmd, unsigned int uiCode)
     return Colour::MinimumLuminanceOfCode(oAmd.GetByte(MAXIMUM), uiCode);
 }
 
-EZorEdidRule CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
+SBreach CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
 {
-    return uiRate < oAmd.GetByte(gsc_uiAmdMinimumRateOffset) ? eZorEdidRule_CtaAmdRate : eZorEdidRule_None;
+    return CheckAtLeast(oAmd.GetByte(gsc_uiAmdMinimumRateOffset), uiRate, eZorEdidRule_CtaAmdRate);
 }
 
 constexpr SForm gsc_oAmdMaximum = Number("cd/m2").Computed(AmdMaximum).Decimals(gsc_uiDecimals);
@@ -131,9 +131,9 @@ bool HasPrimaries(const CRecord& oDevice)
 bool HasDelay(const CRecord& oDevice) { return oDevice.GetByte(16) != 0; }
 bool HasNoDelay(const CRecord& oDevice) { return !HasDelay(oDevice); }
 
-EZorEdidRule CheckClock(const CRecord& oDevice, unsigned int uiClock)
+SBreach CheckClock(const CRecord& oDevice, unsigned int uiClock)
 {
-    return uiClock != 0 && uiClock < oDevice.GetBits(3, 7, 2) ? eZorEdidRule_CtaDeviceClock : eZorEdidRule_None;
+    return uiClock != 0 ? CheckAtLeast(oDevice.GetBits(3, 7, 2), uiClock, eZorEdidRule_CtaDeviceClock) : gsc_oNoBreach;
 }
 
 constexpr SMeaning gsc_aoInterfaces[] = {
@@ -310,7 +310,8 @@ void MapCtaInfoFrames(CMapWriter& oWriter, const SCtaPayload& oPayload)
     const unsigned int uiFirst = gsc_uiFrameHead + uiPayload;
     if (uiPayload < uiDeclared)
     {
-        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), eZorEdidRule_CtaInfoFramePast);
+        oWriter.AddNote(oWriter.FindLeaf(oPayload.m_uiOffset, 7), eZorEdidRule_CtaInfoFramePast,
+                        CountAtMost("bytes", uiDeclared, uiPayload));
     }
     oWriter.AddLeaf(gsc_oFramePayloadRow, eArea_Display, oPayload.m_uiOffset + gsc_uiFrameHead, uiPayload);
     AddCtaItems(oWriter, gsc_oFrameTable, oPayload.m_uiOffset + uiFirst, oPayload.m_uiLength - uiFirst, GetFrameSize);

@@ -27,7 +27,7 @@ bool IsSvdWithoutNative(const CRecord& oSvd) { return IsListedAsOther(oSvd.GetBy
 bool IsSvdReserved(const CRecord& oSvd) { return IsReservedSvd(oSvd.GetByte(0)); }
 
 // Those above 192 are codes of their own since CTA-861-F.
-EZorEdidRule CheckOlderCode(const CRecord& /*oSvd*/, unsigned int uiCode)
+SBreach CheckOlderCode(const CRecord& /*oSvd*/, unsigned int uiCode)
 {
     return GetVideoFormatName(uiCode) == nullptr ? eZorEdidRule_CtaOlderCode : eZorEdidRule_None;
 }
@@ -302,7 +302,8 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
         {
             const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eArea_Timing, uiOffset, 1);
             oWriter.SetIndex(uiField, uiPlace);
-            oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex);
+            oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex,
+                            CountAtMost("video codes", uiPlace + 1, oCodes.m_uiCount));
         }
     }
 }

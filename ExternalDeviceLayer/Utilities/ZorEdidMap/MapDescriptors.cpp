@@ -21,34 +21,34 @@ bool IsAnalogSync(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) < 
 bool IsDigitalComposite(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) == gsc_uiDigitalCompositeSync; }
 bool IsDigitalSeparate(const CRecord& oRecord) { return oRecord.Get(gsc_oSyncType) == gsc_uiDigitalSeparateSync; }
 
-EZorEdidRule CheckNotZero(const CRecord&, unsigned int uiValue)
+SBreach CheckNotZero(const CRecord&, unsigned int uiValue)
 {
     return uiValue == 0 ? eZorEdidRule_TimingSize : eZorEdidRule_None;
 }
-EZorEdidRule CheckClock(const CRecord&, unsigned int uiValue)
+SBreach CheckClock(const CRecord&, unsigned int uiValue)
 {
     return uiValue == 0 ? eZorEdidRule_TimingClock : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync) > uiValue ? eZorEdidRule_Blanking
-                                                                                               : eZorEdidRule_None;
+    return CheckAtLeast(oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync), uiValue,
+                        eZorEdidRule_Blanking);
 }
 
-EZorEdidRule CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync) > uiValue ? eZorEdidRule_Blanking
-                                                                                           : eZorEdidRule_None;
+    return CheckAtLeast(oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync), uiValue,
+                        eZorEdidRule_Blanking);
 }
 
-EZorEdidRule CheckSync(const CRecord&, unsigned int uiValue)
+SBreach CheckSync(const CRecord&, unsigned int uiValue)
 {
     return uiValue == 0 ? eZorEdidRule_TimingSync : eZorEdidRule_None;
 }
 
 // Allowed, but some receivers lose the picture without one.
-EZorEdidRule CheckPorch(const CRecord&, unsigned int uiValue)
+SBreach CheckPorch(const CRecord&, unsigned int uiValue)
 {
     return uiValue == 0 ? eZorEdidRule_TimingPorch : eZorEdidRule_None;
 }
@@ -61,7 +61,7 @@ bool IsRatio(const CRecord& oRecord)
     return (uiWidth == 16 && uiHeight == 9) || (uiWidth == 4 && uiHeight == 3);
 }
 
-EZorEdidRule CheckImageSize(const CRecord& oRecord, unsigned int)
+SBreach CheckImageSize(const CRecord& oRecord, unsigned int)
 {
     return IsRatio(oRecord) ? eZorEdidRule_TimingAspect : eZorEdidRule_None;
 }
@@ -168,7 +168,7 @@ constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", eArea_
 
 // Of the text alone. One that fills its 13 bytes needs no line feed; more than half of it blank, it is a shorter one
 // that lacks its line feed; all of it blank, it is none.
-EZorEdidRule CheckText(const CRecord& oRecord, unsigned int)
+SBreach CheckText(const CRecord& oRecord, unsigned int)
 {
     for (unsigned int i = 0; i < oRecord.GetSize(); ++i)
     {
@@ -226,29 +226,31 @@ bool IsVerticalMaximumOffset(const CRecord& oRecord) { return IsMaximumOffset(Ge
 bool IsHorizontalMinimumOffset(const CRecord& oRecord) { return IsMinimumOffset(GetHorizontalOffsets(oRecord)); }
 bool IsHorizontalMaximumOffset(const CRecord& oRecord) { return IsMaximumOffset(GetHorizontalOffsets(oRecord)); }
 
-EZorEdidRule CheckMinimumRate(const CRecord& /*oRecord*/, unsigned int uiStored)
+SBreach CheckMinimumRate(const CRecord& /*oRecord*/, unsigned int uiStored)
 {
     return uiStored == 0 ? eZorEdidRule_RangeZero : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsigned int uiMost)
+SBreach CheckMaximumRate(unsigned int uiStored, unsigned int uiLeast, unsigned int uiMost)
 {
-    return uiStored == 0 ? eZorEdidRule_RangeZero : uiMost < uiLeast ? eZorEdidRule_RangeOrder : eZorEdidRule_None;
+    return uiStored == 0      ? SBreach(eZorEdidRule_RangeZero)
+           : uiMost < uiLeast ? SBreach(eZorEdidRule_RangeOrder, uiStored + (uiLeast - uiMost)) // with its offset
+                              : gsc_oNoBreach;
 }
 
-EZorEdidRule CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckVerticalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
     return CheckMaximumRate(uiValue, oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz);
 }
 
-EZorEdidRule CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckHorizontalMaximum(const CRecord& oRecord, unsigned int uiValue)
 {
     const SRangeLimits oLimits = ReadRangeLimits(oRecord);
     return CheckMaximumRate(uiValue, oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz);
 }
 
-EZorEdidRule CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
+SBreach CheckMaximumClock(const CRecord& oRecord, unsigned int uiValue)
 {
     return uiValue == 0 && IsRevision4(oRecord) ? eZorEdidRule_RangeClock : eZorEdidRule_None;
 }
@@ -277,14 +279,14 @@ bool IsOtherFormula(const CRecord& oRecord)
 }
 
 // The standard has these supported where byte 18h of the base block says continuous frequency.
-EZorEdidRule CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
+SBreach CheckFormula(const CRecord& oRecord, unsigned int uiFormula)
 {
     const bool bFormula = uiFormula == 0 || uiFormula == 2 || uiFormula == 4;
     return bFormula && !oRecord.GetFacts().m_bContinuous ? eZorEdidRule_RangeFormula : eZorEdidRule_None;
 }
 
 // The bits of byte 0Eh have the order of the codes, bit 7 first.
-EZorEdidRule CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
+SBreach CheckPreferredAspect(const CRecord& oRecord, unsigned int uiAspect)
 {
     constexpr unsigned int uiAspects = 5;
     return uiAspect < uiAspects && !oRecord.IsSet(0x0E, 7 - uiAspect) ? eZorEdidRule_PreferredAspect
@@ -448,13 +450,13 @@ constexpr auto IsCodeUsed = IsNot<IsCodeUnused>;
 constexpr auto gsc_aoCodeAspects = Listed({ "4:3", "16:9", "16:10", "15:9" });
 constexpr auto gsc_aoRateNames = Listed({ "50 Hz", "60 Hz", "75 Hz", "85 Hz" });
 
-EZorEdidRule CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
+SBreach CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
 {
     return (uiLines & 0xFF) == 0 ? eZorEdidRule_CvtLines : eZorEdidRule_None;
 }
 
 // 50, 60, 75 and 85 Hz have bits 4 to 1; bit 0 is 60 Hz, too.
-EZorEdidRule CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
+SBreach CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
 {
     constexpr unsigned int uiRate60 = 1;
     const bool bSupported = oRecord.IsSet(2, 4 - uiRate) || (uiRate == uiRate60 && oRecord.IsSet(2, 0));
@@ -583,7 +585,7 @@ unsigned int MapCutTiming(CMapWriter& oWriter, const CRecord& oRecord, unsigned 
     }
     const unsigned int uiField =
         oWriter.BeginGroup(eId_BaseDetailed, "Detailed timing", eArea_Timing, uiOffset, oRecord.GetSize());
-    oWriter.AddNote(uiField, eZorEdidRule_DetailedCut);
+    oWriter.AddNote(uiField, eZorEdidRule_DetailedCut, { "bytes", oRecord.GetSize() });
     oWriter.AddRows(g_oDetailedTimingTable, uiOffset, oRecord.GetSize());
     oWriter.EndGroup(gsc_oUnknownRest);
     return uiField;
@@ -647,7 +649,7 @@ bool HasReservedByte4(const CRecord& oRecord)
 }
 
 // Established timings III, CVT codes and color management came with 1.4.
-EZorEdidRule CheckTag(const CRecord& oRecord, unsigned int uiTag)
+SBreach CheckTag(const CRecord& oRecord, unsigned int uiTag)
 {
     return IsBefore4(oRecord) && uiTag >= 0xF7 && uiTag <= 0xF9 ? eZorEdidRule_DescriptorTag : eZorEdidRule_None;
 }

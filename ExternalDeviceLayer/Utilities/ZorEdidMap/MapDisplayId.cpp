@@ -45,22 +45,24 @@ bool IsVersion1(const CRecord& oSection) { return GetVersion(oSection) < 2; }
 bool IsVersion2(const CRecord& oSection) { return GetVersion(oSection) == 2; }
 bool IsLaterVersion(const CRecord& oSection) { return GetVersion(oSection) > 2; }
 
-EZorEdidRule CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
+SBreach CheckVersion(const CRecord& /*oSection*/, unsigned int uiVersion)
 {
     return uiVersion == 1 || uiVersion == 2 ? eZorEdidRule_None : eZorEdidRule_DisplayIdVersion;
 }
 
 // 1.0 to 1.3, 2.0 and 2.1; other versions have a note of their own.
-EZorEdidRule CheckRevision(const CRecord& oSection, unsigned int uiRevision)
+SBreach CheckRevision(const CRecord& oSection, unsigned int uiRevision)
 {
+    constexpr unsigned int auiLatest[] = { 3, 1 };
     const unsigned int uiVersion = GetVersion(oSection);
-    return (uiVersion == 1 && uiRevision > 3) || (uiVersion == 2 && uiRevision > 1) ? eZorEdidRule_DisplayIdRevision
-                                                                                    : eZorEdidRule_None;
+    return uiVersion == 1 || uiVersion == 2
+               ? CheckAtMost(auiLatest[uiVersion - 1], uiRevision, eZorEdidRule_DisplayIdRevision)
+               : gsc_oNoBreach;
 }
 
-EZorEdidRule CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLength)
+SBreach CheckSectionLength(const CRecord& /*oSection*/, unsigned int uiLength)
 {
-    return uiLength > gsc_uiMostSectionBytes ? eZorEdidRule_DisplayIdLength : eZorEdidRule_None;
+    return CheckAtMost(gsc_uiMostSectionBytes, uiLength, eZorEdidRule_DisplayIdLength);
 }
 
 constexpr SRow gsc_aoSectionRows[] = {
@@ -140,15 +142,17 @@ constexpr SRow gsc_aoDataBlockRows[] = {
 };
 constexpr STable gsc_oDataBlock = { eZorEdidField_None, "Data block", eArea_Structure, gsc_aoDataBlockRows };
 
-EZorEdidRule CheckPayload(const CRecord& oBlock, SPayloadRule oRule)
+void NotePayload(CMapWriter& oWriter, unsigned int uiGroup, const CRecord& oBlock, SPayloadRule oRule)
 {
     const SBitsPlace& oExtra = oRule.m_oExtraBytes;
     const unsigned int uiExtra =
         oExtra.m_ui8Offset != 0 ? oBlock.GetBits(oExtra.m_ui8Offset, oExtra.m_ui8High, oExtra.m_ui8Low) : 0;
     oRule.m_uiLeast += uiExtra;
     oRule.m_uiStep += uiExtra;
-    return CheckPayload(oRule, oBlock.GetByte(gsc_uiDataBlockLengthOffset),
-                        { eZorEdidRule_DisplayIdShort, eZorEdidRule_DisplayIdLong, eZorEdidRule_DisplayIdPart });
+    const unsigned int uiLength = oBlock.GetByte(gsc_uiDataBlockLengthOffset);
+    const EZorEdidRule eRule = CheckPayload(
+        oRule, uiLength, { eZorEdidRule_DisplayIdShort, eZorEdidRule_DisplayIdLong, eZorEdidRule_DisplayIdPart });
+    oWriter.AddNote(uiGroup, eRule, oRule.GetSeverity(), GetRightLengths(oRule, uiLength));
 }
 
 // All bytes of the data block that there are, from its tag on.
@@ -158,11 +162,13 @@ void AddDataBlock(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOff
     const SDisplayIdBlock& oKnown = oKind.m_oBlock;
     const unsigned int uiSize = oBlock.GetSize();
     const unsigned int uiGroup = oWriter.BeginGroup(oKnown.m_oGroup, uiOffset, uiSize);
-    if (uiSize < gsc_uiPayloadOffset + oBlock.GetByte(gsc_uiDataBlockLengthOffset))
+    const unsigned int uiLength = oBlock.GetByte(gsc_uiDataBlockLengthOffset);
+    if (uiSize < gsc_uiPayloadOffset + uiLength)
     {
-        oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdPast);
+        oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdPast,
+                        CountAtMost("bytes", uiLength, std::max(uiSize, gsc_uiPayloadOffset) - gsc_uiPayloadOffset));
     }
-    oWriter.AddNote(uiGroup, CheckPayload(oBlock, oKnown.m_oPayload), oKnown.m_oPayload.GetSeverity());
+    NotePayload(oWriter, uiGroup, oBlock, oKnown.m_oPayload);
     if (oKind.m_uiVersion != 0 && oKind.m_uiVersion != uiVersion)
     {
         oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdOtherVersion);
@@ -254,7 +260,8 @@ void NoteSection(CMapWriter& oWriter, unsigned int uiField, const CRecord& oSect
     const unsigned int uiSections = bFirst ? CountSectionsBehind(oWriter, uiBlock) : 0;
     if (oSection.GetByte(gsc_uiExtensionCountOffset) != uiSections)
     {
-        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdSections);
+        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdSections,
+                        CountExactly("sections", oSection.GetByte(gsc_uiExtensionCountOffset), uiSections));
     }
 }
 
@@ -270,16 +277,11 @@ void MapSection(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
     const unsigned int uiField = oWriter.BeginGroup(gsc_oSection, uiOffset, std::min(uiSize, uiLength));
     if (!bWhole)
     {
-        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdSectionPast);
+        oWriter.AddNote(uiField, eZorEdidRule_DisplayIdSectionPast, CountAtMost("bytes", uiSize, uiLength));
     }
     NoteSection(oWriter, uiField, oSection, uiOffset - gsc_uiSectionOffset);
     oWriter.AddRows(gsc_oSection, uiOffset, gsc_uiSectionHeaderSize);
-    if (IsLaterVersion(oSection))
-    {
-        oWriter.EndGroup(gsc_oUnknownRest);
-        return;
-    }
-    if (uiEnd > gsc_uiSectionHeaderSize)
+    if (!IsLaterVersion(oSection) && uiEnd > gsc_uiSectionHeaderSize)
     {
         AddDataBlocks(oWriter, uiOffset + gsc_uiSectionHeaderSize, uiEnd - gsc_uiSectionHeaderSize,
                       GetVersion(oSection));

@@ -84,7 +84,7 @@ constexpr SRow LettersRow(EZorEdidField eId, const char* pszName)
                  return sLetters;
              }),
              nullptr,
-             [](const CRecord& oBlock, unsigned int) -> EZorEdidRule {
+             [](const CRecord& oBlock, unsigned int) -> SBreach {
                  return HasLetters<OFFSET>(oBlock) ? eZorEdidRule_None : eZorEdidRule_DisplayIdMaker;
              } };
 }

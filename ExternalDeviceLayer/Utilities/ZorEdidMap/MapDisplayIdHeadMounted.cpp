@@ -71,7 +71,7 @@ constexpr SMeaning gsc_aoNoSingles[] = {
 constexpr SForm gsc_oSingleForm =
     Number().Computed(SingleNumber).Decimals(gsc_uiSingleDecimals).With(gsc_aoNoSingles).Text(SingleText);
 
-EZorEdidRule CheckSingle(const CRecord& /*oBlock*/, unsigned int uiSingle)
+SBreach CheckSingle(const CRecord& /*oBlock*/, unsigned int uiSingle)
 {
     return ((uiSingle >> gsc_uiFractionBits) & gsc_uiExponentMask) == gsc_uiExponentMask ? eZorEdidRule_DisplayIdSingle
                                                                                          : eZorEdidRule_None;

@@ -16,12 +16,12 @@ using CMap = CZorEdidMap;
 
 constexpr auto gsc_aoDiscrete = Listed({ "continuous within the limits", "discrete" });
 
-EZorEdidRule CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
+SBreach CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
 {
     return CheckAtLeast(oBlock.Get(Little24(0x03)), uiClock);
 }
 template <unsigned int OFFSET>
-EZorEdidRule CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
+SBreach CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
 {
     return CheckAtLeast(oBlock.GetByte(OFFSET), uiValue);
 }
@@ -240,10 +240,10 @@ constexpr STable gsc_oFeatures = { eId_DisplayidInterfaceFeatures, "Display inte
 
 using DisplayId::gsc_uiCombinationsOffset;
 
-EZorEdidRule CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations)
+SBreach CheckCombinations(const CRecord& oBlock, unsigned int uiCombinations)
 {
-    return gsc_uiCombinationsOffset + uiCombinations != oBlock.GetSize() ? eZorEdidRule_DisplayIdContradiction
-                                                                         : eZorEdidRule_None;
+    const unsigned int uiRoom = std::max(oBlock.GetSize(), gsc_uiCombinationsOffset) - gsc_uiCombinationsOffset;
+    return uiCombinations != uiRoom ? SBreach(eZorEdidRule_DisplayIdContradiction, uiRoom, uiRoom) : gsc_oNoBreach;
 }
 
 constexpr SRow gsc_aoColourFeatureRows[] = {
@@ -309,7 +309,7 @@ constexpr SRow gsc_aoStereoFlagRows[] = {
 };
 constexpr STable gsc_oStereoFlags = { eId_DisplayidStereo, "Flags", eArea_Display, gsc_aoStereoFlagRows };
 
-EZorEdidRule CheckMethodLength(const CRecord& /*oBlock*/, unsigned int uiLength)
+SBreach CheckMethodLength(const CRecord& /*oBlock*/, unsigned int uiLength)
 {
     return uiLength == 0 ? eZorEdidRule_DisplayIdNoMethod : eZorEdidRule_None;
 }
@@ -326,7 +326,7 @@ bool IsCutMethod(const CRecord& oMethod)
     return uiMethod < std::size(gsc_aui8MethodSizes) && oMethod.GetSize() < gsc_aui8MethodSizes[uiMethod];
 }
 
-EZorEdidRule CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
+SBreach CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
 {
     return IsCutMethod(oMethod) ? eZorEdidRule_DisplayIdMethodShort : eZorEdidRule_None;
 }
@@ -370,7 +370,7 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
         const unsigned int uiGroup = oWriter.BeginRecord(gsc_oCodeGroup, uiOffset + uiAt, 1 + uiCodes);
         if (uiCodes < uiDeclared)
         {
-            oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdItemPast);
+            oWriter.AddNote(uiGroup, eZorEdidRule_DisplayIdItemPast, CountAtMost("codes", uiDeclared, uiCodes));
         }
         for (unsigned int i = 0; i < uiCodes; ++i)
         {
@@ -387,7 +387,9 @@ void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
     oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
     if (gsc_uiStereoMethodOffset + uiLength > oBlock.GetSize())
     {
-        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiStereoLengthOffset, 0), eZorEdidRule_DisplayIdItemPast);
+        const unsigned int uiRoom = std::max(oBlock.GetSize(), gsc_uiStereoMethodOffset) - gsc_uiStereoMethodOffset;
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiStereoLengthOffset, 0), eZorEdidRule_DisplayIdItemPast,
+                        CountAtMost("bytes", uiLength, uiRoom));
     }
     if (oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 6))
     {
@@ -409,7 +411,7 @@ constexpr SMeaning gsc_aoOneTile[] = { { 0, 0, "undefined" },
 
 constexpr auto HasBezels = WhereSet<0x03, 6>;
 
-EZorEdidRule CheckMultiplier(const CRecord& oBlock, unsigned int uiMultiplier)
+SBreach CheckMultiplier(const CRecord& oBlock, unsigned int uiMultiplier)
 {
     return HasBezels(oBlock) == (uiMultiplier != 0) ? eZorEdidRule_None
            : uiMultiplier == 0                      ? eZorEdidRule_DisplayIdBezelNone
@@ -428,9 +430,9 @@ constexpr SPlace gsc_oTileX = Split({ { 0x06, 3, 2 }, { 0x05, 7, 4 } });
 constexpr SPlace gsc_oTileY = Split({ { 0x06, 1, 0 }, { 0x05, 3, 0 } });
 
 template <const SPlace& COUNT>
-EZorEdidRule CheckLocation(const CRecord& oBlock, unsigned int uiLocation)
+SBreach CheckLocation(const CRecord& oBlock, unsigned int uiLocation)
 {
-    return uiLocation > oBlock.Get(COUNT) ? eZorEdidRule_DisplayIdTile : eZorEdidRule_None;
+    return CheckAtMost(oBlock.Get(COUNT), uiLocation, eZorEdidRule_DisplayIdTile);
 }
 
 constexpr SForm gsc_oBezelForm = Number("pixels").Decimals(1).Computed(GetBezel);
@@ -487,9 +489,10 @@ constexpr SMeaning gsc_aoAdaptiveModes[] = { { 0, 0, "fixed average V-total" },
                                              { 2, 3, gsc_szReserved } };
 constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
 
-EZorEdidRule CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
+SBreach CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
 {
-    return CheckAtLeast(oDescriptor.GetByte(2), uiRate + 1);
+    const unsigned int uiMinimum = oDescriptor.GetByte(2); // the maximum is stored minus 1
+    return uiMinimum != 0 ? CheckAtLeast(uiMinimum - 1, uiRate) : gsc_oNoBreach;
 }
 
 constexpr SRow gsc_aoAdaptiveRows[] = {

@@ -18,15 +18,15 @@ using DisplayId::gsc_uiModelYear;
 using DisplayId::gsc_uiProductTextLengthOffset;
 using DisplayId::gsc_uiProductTextOffset;
 
-EZorEdidRule CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
+SBreach CheckWeek(const CRecord& /*oBlock*/, unsigned int uiWeek)
 {
     return uiWeek > 53 && uiWeek != gsc_uiModelYear ? eZorEdidRule_DisplayIdWeek : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
+SBreach CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
 {
-    return gsc_uiProductTextOffset + uiLength != oBlock.GetSize() ? eZorEdidRule_DisplayIdContradiction
-                                                                  : eZorEdidRule_None;
+    const unsigned int uiRoom = std::max(oBlock.GetSize(), gsc_uiProductTextOffset) - gsc_uiProductTextOffset;
+    return uiLength != uiRoom ? SBreach(eZorEdidRule_DisplayIdContradiction, uiRoom, uiRoom) : gsc_oNoBreach;
 }
 
 constexpr SRow gsc_oVendorPnp = LettersRow<3>(eId_DisplayidProductVendor, "Manufacturer/vendor ID");
@@ -116,7 +116,7 @@ CMString LuminanceText(const CRecord& oBlock, unsigned int uiHalf)
     return FormatNumber(llLuminance, uiDecimals, "cd/m2");
 }
 
-EZorEdidRule CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
+SBreach CheckLuminance(const CRecord& /*oBlock*/, unsigned int uiHalf)
 {
     return uiHalf >= gsc_uiHalfInfinite && uiHalf != gsc_uiHalfSign ? eZorEdidRule_DisplayIdLuminance
                                                                     : eZorEdidRule_None;
@@ -154,7 +154,7 @@ constexpr STable gsc_oBrightness = { eId_DisplayidBrightness, "Brightness lumina
 
 // Of two sizes both are given or none.
 template <unsigned int OTHER>
-EZorEdidRule CheckPair(const CRecord& oBlock, unsigned int uiSize)
+SBreach CheckPair(const CRecord& oBlock, unsigned int uiSize)
 {
     return uiSize == 0 && oBlock.Get(Little16(OTHER)) != 0 ? eZorEdidRule_DisplayIdPair : eZorEdidRule_None;
 }
@@ -344,7 +344,7 @@ constexpr STable gsc_oColourFlags = { eId_DisplayidColor, "Flags", eArea_Colour,
 
 bool HasStandardColourSpace(const CRecord& oBlock) { return oBlock.GetBits(3, 6, 4) == 0; }
 
-EZorEdidRule CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
+SBreach CheckPoints(const CRecord& oBlock, unsigned int uiWhitePoints)
 {
     const unsigned int uiFixed = HasStandardColourSpace(oBlock) ? 2 : 1;
     const unsigned int uiPoints = oBlock.GetBits(3, 6, 4) + uiWhitePoints;
@@ -513,7 +513,8 @@ void MapCurves(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset
             oWriter.AddRecord(bParameters ? gsc_oParameters : gsc_oSamples, uiOffset + uiAt, uiSize);
         if (uiSize > oBlock.GetSize() - uiAt)
         {
-            oWriter.AddNote(uiCurve, eZorEdidRule_DisplayIdItemPast);
+            oWriter.AddNote(uiCurve, eZorEdidRule_DisplayIdItemPast,
+                            CountAtMost("bytes", uiSize, oBlock.GetSize() - uiAt));
         }
     }
 }

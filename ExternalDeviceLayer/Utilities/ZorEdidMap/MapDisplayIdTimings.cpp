@@ -34,17 +34,17 @@ using DisplayId::gsc_oType6;
 using DisplayId::gsc_oType7;
 using DisplayId::STimingPlaces;
 
-EZorEdidRule CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
+SBreach CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
 {
-    return uiFront + 1 + uiSync + 1 > uiBlank + 1 ? eZorEdidRule_Blanking : eZorEdidRule_None;
+    return CheckAtLeast(uiFront + uiSync + 1, uiBlank, eZorEdidRule_Blanking); // all stored minus 1
 }
 template <const STimingPlaces& P>
-EZorEdidRule CheckBlankX(const CRecord& oTiming, unsigned int uiBlank)
+SBreach CheckBlankX(const CRecord& oTiming, unsigned int uiBlank)
 {
     return CheckBlanking(uiBlank, oTiming.Get(P.m_oHorizontalFrontPorch), oTiming.Get(P.m_oHorizontalSync));
 }
 template <const STimingPlaces& P>
-EZorEdidRule CheckBlankY(const CRecord& oTiming, unsigned int uiBlank)
+SBreach CheckBlankY(const CRecord& oTiming, unsigned int uiBlank)
 {
     return CheckBlanking(uiBlank, oTiming.Get(P.m_oVerticalFrontPorch), oTiming.Get(P.m_oVerticalSync));
 }

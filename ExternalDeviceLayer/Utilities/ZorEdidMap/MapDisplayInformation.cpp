@@ -66,7 +66,7 @@ bool HasNoCurves(const CRecord& oBlock) { return GetCurves(oBlock) == 0 || GetCu
 // Bytes 03h to 0Dh are those of a digital interface.
 bool IsAnalog(const CRecord& oBlock) { return oBlock.GetByte(0x02) == 0; }
 
-EZorEdidRule CheckInterface(const CRecord& oBlock, unsigned int /*uiInterface*/)
+SBreach CheckInterface(const CRecord& oBlock, unsigned int /*uiInterface*/)
 {
     bool bSet = false;
     for (unsigned int i = 0x03; i <= 0x0D; ++i)
@@ -76,16 +76,16 @@ EZorEdidRule CheckInterface(const CRecord& oBlock, unsigned int /*uiInterface*/)
     return IsAnalog(oBlock) && bSet ? eZorEdidRule_DiInterface : eZorEdidRule_None;
 }
 
-EZorEdidRule CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
+SBreach CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
 {
-    return uiClock != 0 ? CheckAtLeast(oBlock.GetByte(0x09), uiClock) : eZorEdidRule_None;
+    return uiClock != 0 ? CheckAtLeast(oBlock.GetByte(0x09), uiClock) : gsc_oNoBreach;
 }
 
-EZorEdidRule CheckEntries(const CRecord& oBlock, unsigned int uiEntries)
+SBreach CheckEntries(const CRecord& oBlock, unsigned int uiEntries)
 {
     return HasWhiteCurve(oBlock)     ? CheckWithin<1, 45>(oBlock, uiEntries)
            : HasColourCurves(oBlock) ? CheckWithin<1, 15>(oBlock, uiEntries)
-                                     : eZorEdidRule_None;
+                                     : gsc_oNoBreach;
 }
 
 constexpr SRow DepthRow(EZorEdidField eId, unsigned int uiOffset, const char* pszName)

@@ -26,21 +26,26 @@ bool WhereSet(const CRecord& oRecord)
 // ---- Checks of rows ----
 
 template <unsigned int LEAST, unsigned int MOST>
-EZorEdidRule CheckWithin(const CRecord& /*oRecord*/, unsigned int uiValue)
+SBreach CheckWithin(const CRecord& /*oRecord*/, unsigned int uiValue)
 {
-    return uiValue < LEAST || uiValue > MOST ? eZorEdidRule_OutOfRange : eZorEdidRule_None;
+    return uiValue < LEAST || uiValue > MOST ? SBreach(eZorEdidRule_OutOfRange, LEAST, MOST) : gsc_oNoBreach;
 }
 
-constexpr EZorEdidRule CheckAtLeast(unsigned int uiLeast, unsigned int uiValue)
+constexpr SBreach CheckAtLeast(unsigned int uiLeast, unsigned int uiValue,
+                               EZorEdidRule eRule = eZorEdidRule_MaximumBelowMinimum)
 {
-    return uiValue < uiLeast ? eZorEdidRule_MaximumBelowMinimum : eZorEdidRule_None;
+    return uiValue < uiLeast ? SBreach(eRule, uiLeast) : gsc_oNoBreach;
+}
+constexpr SBreach CheckAtMost(unsigned int uiMost, unsigned int uiValue, EZorEdidRule eRule)
+{
+    return uiValue > uiMost ? SBreach(eRule, SBreach::msc_uiAny, uiMost) : gsc_oNoBreach;
 }
 
 inline constexpr unsigned int gsc_uiFirstAfterAscii = 0x7F; // 7Fh itself does not print
 
 // Of a text that goes from byte FIRST of the record to its end.
 template <unsigned int FIRST>
-EZorEdidRule CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
+SBreach CheckAscii(const CRecord& oRecord, unsigned int /*uiValue*/)
 {
     for (unsigned int i = FIRST; i < oRecord.GetSize(); ++i)
     {
@@ -122,6 +127,39 @@ constexpr SPayloadRule OneOf(std::initializer_list<unsigned int> auiLengths, boo
         oRule.m_uiAllowed |= 1U << uiLength;
     }
     return oRule;
+}
+
+// Beside a length that is wrong, the right ones: the limit that it misses, or the closest ones around it. uiHead: bytes
+// ahead of the payload that the length field of the data block counts as well.
+constexpr CZorEdidMap::SNumbers GetRightLengths(const SPayloadRule& oRule, unsigned int uiLength,
+                                                unsigned int uiHead = 0)
+{
+    if (oRule.m_uiLeast == oRule.m_uiMost)
+    {
+        return CountExactly("bytes", uiHead + uiLength, uiHead + oRule.m_uiLeast);
+    }
+    if (uiLength < oRule.m_uiLeast)
+    {
+        return CountAtLeast("bytes", uiHead + uiLength, uiHead + oRule.m_uiLeast);
+    }
+    if (uiLength > oRule.m_uiMost)
+    {
+        return CountAtMost("bytes", uiHead + uiLength, uiHead + oRule.m_uiMost);
+    }
+    const auto fnIsRight = [&](unsigned int uiOther) {
+        return oRule.Allows(uiOther) && (oRule.m_uiStep == 0 || (uiOther - oRule.m_uiLeast) % oRule.m_uiStep == 0);
+    };
+    unsigned int uiBelow = uiLength;
+    unsigned int uiAbove = uiLength;
+    while (!fnIsRight(uiBelow))
+    {
+        --uiBelow;
+    }
+    while (!fnIsRight(uiAbove))
+    {
+        ++uiAbove;
+    }
+    return { "bytes", uiHead + uiLength, uiHead + uiBelow, uiHead + uiAbove, true };
 }
 
 struct SPayloadNotes

@@ -21,27 +21,28 @@ using CMap = CZorEdidMap;
 constexpr unsigned int gsc_uiVtbListsSize = gsc_uiChecksumOffset - Vtb::gsc_uiListsOffset;
 
 // A list that begins after uiBefore bytes of lists. One that begins past the block says nothing: an earlier one did.
-EZorEdidRule CheckVtbList(unsigned int uiBefore, unsigned int uiBytes)
+SBreach CheckVtbList(unsigned int uiBefore, unsigned int uiCount, unsigned int uiSize)
 {
-    return uiBefore <= gsc_uiVtbListsSize && uiBefore + uiBytes > gsc_uiVtbListsSize ? eZorEdidRule_VtbTooMany
-                                                                                     : eZorEdidRule_None;
+    return uiBefore <= gsc_uiVtbListsSize
+               ? CheckAtMost((gsc_uiVtbListsSize - uiBefore) / uiSize, uiCount, eZorEdidRule_VtbTooMany)
+               : gsc_oNoBreach;
 }
 
-EZorEdidRule CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
+SBreach CheckVtbDetailed(const CRecord& /*oBlock*/, unsigned int uiDetailed)
 {
-    return CheckVtbList(0, uiDetailed * gsc_uiMapDescriptorSize);
+    return CheckVtbList(0, uiDetailed, gsc_uiMapDescriptorSize);
 }
 
-EZorEdidRule CheckVtbCvt(const CRecord& oBlock, unsigned int uiCodes)
+SBreach CheckVtbCvt(const CRecord& oBlock, unsigned int uiCodes)
 {
-    return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize, uiCodes * gsc_uiCvtCodeSize);
+    return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize, uiCodes, gsc_uiCvtCodeSize);
 }
 
-EZorEdidRule CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
+SBreach CheckVtbStandard(const CRecord& oBlock, unsigned int uiStandard)
 {
     return CheckVtbList(oBlock.Get(Vtb::gsc_oDetailedTimings) * gsc_uiMapDescriptorSize +
                             oBlock.Get(Vtb::gsc_oCvtCodes) * gsc_uiCvtCodeSize,
-                        uiStandard * gsc_uiStandardTimingSize);
+                        uiStandard, gsc_uiStandardTimingSize);
 }
 
 constexpr SRow gsc_aoVtbRows[] = {
@@ -156,7 +157,7 @@ CMString LanguageText(const CRecord& /*oStringTable*/, unsigned int uiValue)
     return sText;
 }
 
-EZorEdidRule CheckLanguage(const CRecord& oStringTable, unsigned int uiValue)
+SBreach CheckLanguage(const CRecord& oStringTable, unsigned int uiValue)
 {
     return LanguageText(oStringTable, uiValue).Find('?', 0) >= 0 ? eZorEdidRule_LsLanguage : eZorEdidRule_None;
 }
@@ -213,7 +214,7 @@ void MapStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLengt
         const unsigned int uiPresent = std::min(uiDeclared, uiLength - uiAt);
         if (uiPresent < uiDeclared)
         {
-            oWriter.AddNote(uiField, eZorEdidRule_LsStringPast);
+            oWriter.AddNote(uiField, eZorEdidRule_LsStringPast, CountAtMost("bytes", uiDeclared, uiPresent));
         }
         oWriter.AddLeaf(IsUtf8(oTable) ? oString.m_oText : oString.m_oBytes, eArea_Identity, uiOffset + uiAt,
                         uiPresent);
@@ -237,7 +238,7 @@ void MapLocalizedStrings(CMapWriter& oWriter, unsigned int uiOffset, unsigned in
         const unsigned int uiField = oWriter.BeginRecord(gsc_oStringTable, uiOffset + uiAt, uiSize);
         if (uiSize < uiDeclared)
         {
-            oWriter.AddNote(uiField, eZorEdidRule_LsTablePast);
+            oWriter.AddNote(uiField, eZorEdidRule_LsTablePast, CountAtMost("bytes", uiDeclared, uiSize));
         }
         MapStrings(oWriter, uiOffset + uiAt, uiSize);
         oWriter.EndGroup(gsc_oUnknownRest);
@@ -296,6 +297,8 @@ constexpr SExtension gsc_aoExtensions[] = {
 constexpr auto gsc_aoExtensionTags = TakeKeys(gsc_aoExtensions);
 // A file may hold several EDIDs in a row.
 constexpr SExtension gsc_oOtherBase = { eId_OtherBase, {}, nullptr, gsc_oUnknownRest, "Base block of another EDID" };
+constexpr unsigned int gsc_uiErasedByte = 0xFF; // of memory that was never written
+
 constexpr SExtension gsc_oUnknownExtension = {
     eId_UnknownExtension, {}, nullptr, gsc_oUnknownRest, "Unknown extension block"
 };
@@ -325,7 +328,11 @@ constinit const SRow g_oExtensionTagRow = { eId_ExtensionTag, Byte(0), "Extensio
 void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
 {
     const SExtension& oExtension = FindExtension(oWriter, uiOffset);
-    oWriter.BeginBlock(oExtension.m_eId, oExtension.m_pszName, uiOffset, uiLength);
+    const unsigned int uiField = oWriter.BeginBlock(oExtension.m_eId, oExtension.m_pszName, uiOffset, uiLength);
+    if (IsEveryByte(oWriter.GetRecord(uiOffset, uiLength), gsc_uiErasedByte))
+    {
+        oWriter.AddNote(uiField, eZorEdidRule_BlockErased);
+    }
     oWriter.AddLeaf(&oExtension == &gsc_oOtherBase ? g_oHeaderRow : g_oExtensionTagRow, eArea_Structure, uiOffset,
                     uiLength);
     if (oExtension.m_pfnWalk != nullptr)

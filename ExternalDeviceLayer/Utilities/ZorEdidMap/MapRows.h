@@ -211,6 +211,25 @@ constexpr SForm Filler(unsigned int uiExpected, EZorEdidRule eUnexpected)
     return MakeForm(CZorEdidMap::eKind_Reserved).Expect(uiExpected, eUnexpected);
 }
 
+// ---- What is wrong with it ----
+
+// The rule that a raw value breaks, and the raw values from m_uiLeast to m_uiMost that would keep it: msc_uiAny for an
+// end that the rule does not have. A rule without numbers is enough.
+struct SBreach
+{
+    static constexpr unsigned int msc_uiAny = SForm::msc_uiAny;
+
+    constexpr SBreach(EZorEdidRule eRule, unsigned int uiLeast = msc_uiAny, unsigned int uiMost = msc_uiAny)
+        : m_eRule(eRule), m_uiLeast(uiLeast), m_uiMost(uiMost)
+    {
+    }
+
+    EZorEdidRule m_eRule;
+    unsigned int m_uiLeast;
+    unsigned int m_uiMost;
+};
+inline constexpr SBreach gsc_oNoBreach = eZorEdidRule_None;
+
 // ---- What a group leaves over ----
 
 struct SRest
@@ -237,7 +256,7 @@ struct SRow
     SForm m_oForm;
     bool (*m_pfnApplies)(const CRecord&) = nullptr; // null: always
     // Which rule the value breaks.
-    EZorEdidRule (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
+    SBreach (*m_pfnCheck)(const CRecord&, unsigned int uiValue) = nullptr;
 };
 
 // Its record ends with the checksum byte, so that it needs no place.

@@ -77,6 +77,9 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "E-EDID 1.4", "Which blocks a map at another place describes is not defined, so that sources ignore it." },
     { eZorEdidRule_BlockMapTag, CMap::eSeverity_Warning, "block.map-tag", "the block has another tag", "E-EDID 1.4",
       "Sources that follow the map look for the wrong kind of block, or take the image for damaged." },
+    { eZorEdidRule_BlockErased, CMap::eSeverity_Error, "block.erased", "all bytes are FFh: the block was never written",
+      "E-EDID 1.4, 3.11",
+      "Memory that is erased reads so: sources discard the block, and what it should announce is never seen." },
 
     // ---- Base block ----
     { eZorEdidRule_BaseHeader, CMap::eSeverity_Error, "base.header", "not the header of a base block",
@@ -199,7 +202,8 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "The count of native timings points past the list, so that sources mark the wrong ones or none as native." },
     { eZorEdidRule_CtaPastCollection, CMap::eSeverity_Error, "cta.data-block.past-end",
       "runs past the end of its data block collection", "CTA-861-H 7.5",
-      "Sources stop here: this data block and whatever should follow is lost." },
+      "Sources stop here: this data block and whatever should follow is lost. Its length is wrong, or byte 2 of the "
+      "block, where the collection ends." },
     { eZorEdidRule_CtaNoExtendedTag, CMap::eSeverity_Error, "cta.data-block.no-extended-tag",
       "has no room for its extended tag", "CTA-861-H 7.5", "What the data block is cannot be known; sources skip it." },
     { eZorEdidRule_CtaNoOui, CMap::eSeverity_Error, "cta.data-block.no-oui", "has no room for its OUI", "CTA-861-H 7.5",

@@ -86,9 +86,12 @@ struct SCounted
     const char* m_pszOne;
 };
 constexpr SCounted gsc_aoCounted[] = {
-    { "bits", "bit" },         { "bits per color", "bit per color" }, { "blocks", "block" }, { "bytes", "byte" },
-    { "channels", "channel" }, { "L-PCM channels", "L-PCM channel" }, { "lines", "line" },   { "pixels", "pixel" },
-    { "streams", "stream" },
+    { "bits", "bit" },         { "bits per color", "bit per color" },
+    { "blocks", "block" },     { "bytes", "byte" },
+    { "channels", "channel" }, { "L-PCM channels", "L-PCM channel" },
+    { "lines", "line" },       { "pixels", "pixel" },
+    { "sections", "section" }, { "streams", "stream" },
+    { "timings", "timing" },   { "video codes", "video code" },
 };
 
 const char* GetSingular(const char* pszUnit)

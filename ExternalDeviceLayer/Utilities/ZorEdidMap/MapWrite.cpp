@@ -183,7 +183,7 @@ private:
     EZorEdidRule Check() const
     {
         const SRow& oRow = *m_oEntry.m_oOrigin.m_poRow;
-        return oRow.m_pfnCheck != nullptr ? oRow.m_pfnCheck(GetRecord(), m_uiRaw) : eZorEdidRule_None;
+        return oRow.m_pfnCheck != nullptr ? oRow.m_pfnCheck(GetRecord(), m_uiRaw).m_eRule : eZorEdidRule_None;
     }
 
     CRecord GetRecord() const { return { m_oMap.m_oFacts, m_aui8Record.GetData(), m_aui8Record.GetCount() }; }

@@ -216,7 +216,7 @@ unsigned int CMapWriter::BeginBlock(EZorEdidField eId, const char* pszName, unsi
     const unsigned int uiField = BeginGroup(eId, pszName, eArea_Structure, uiOffset, uiLength);
     if (uiLength < msc_uiBlockSize)
     {
-        AddNote(uiField, eZorEdidRule_BlockCut);
+        AddNote(uiField, eZorEdidRule_BlockCut, { "bytes", uiLength });
     }
     return uiField;
 }
@@ -420,7 +420,7 @@ unsigned int CMapWriter::AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, cons
     }
     if (oPieces.m_bCut)
     {
-        return AddCutRow(oRow, oPieces);
+        return AddCutRow(oRow, oPieces, oRecord.GetSize());
     }
     const unsigned int uiRaw = oRecord.Get(oRow.m_oPlace);
     SEntry oEntry = { MakeLeaf(oRow, eArea, oRecord, uiRaw),
@@ -446,7 +446,7 @@ bool CMapWriter::HasError(unsigned int uiGroup) const
 
 // What is there of a field. Where nothing is said of its bits anyway, nothing is lost; and a group that has an error
 // says already that it is cut.
-unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
+unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces, unsigned int uiRecord)
 {
     const CZorEdidMap::EKind eKind = oRow.m_oForm.m_eKind;
     if (eKind == CZorEdidMap::eKind_Reserved)
@@ -461,7 +461,10 @@ unsigned int CMapWriter::AddCutRow(const SRow& oRow, const SPieces& oPieces)
     const unsigned int uiField = AppendLeaf(oEntry, oPieces);
     if (eKind != CZorEdidMap::eKind_Unknown && !HasError(GetOpenGroup().m_uiField))
     {
-        AddNote(uiField, eZorEdidRule_PastStructure);
+        const unsigned int uiEnd = oRow.m_oPlace.m_ui8Run != 0
+                                       ? oRow.m_oPlace.m_aoPieces[0].m_ui8Offset + oRow.m_oPlace.m_ui8Run
+                                       : oRow.m_oPlace.GetEnd();
+        AddNote(uiField, eZorEdidRule_PastStructure, CountAtLeast("bytes", uiRecord, uiEnd));
     }
     return uiField;
 }
@@ -482,13 +485,23 @@ void CMapWriter::NoteValue(unsigned int uiField, const SRow& oRow, const CRecord
     const bool bExpected = oRow.m_oPlace.m_ui8Run != 0
                                ? IsEveryByte(GetRecord(oField.m_uiOffset, oField.m_uiLength), oForm.m_uiExpected)
                                : uiRaw == oForm.m_uiExpected;
+    const auto fnNote = [&](const SBreach& oBreach) {
+        const auto fnNumber = [&](unsigned int uiLimit) {
+            return uiLimit != SBreach::msc_uiAny ? MakeLeaf(oRow, eArea_Unused, oRecord, uiLimit).m_llNumber
+                                                 : CZorEdidMap::SNumbers::msc_llNone;
+        };
+        CZorEdidMap::SNumbers oNumbers;
+        oNumbers.m_llLeast = fnNumber(oBreach.m_uiLeast);
+        oNumbers.m_llMost = fnNumber(oBreach.m_uiMost);
+        AddNote(uiField, oBreach.m_eRule, oNumbers);
+    };
     if (oForm.m_uiExpected != SForm::msc_uiAny && !bExpected)
     {
-        AddNote(uiField, oForm.m_eUnexpected);
+        fnNote({ oForm.m_eUnexpected, oForm.m_uiExpected, oForm.m_uiExpected });
     }
     if (oRow.m_pfnCheck != nullptr)
     {
-        AddNote(uiField, oRow.m_pfnCheck(oRecord, uiRaw));
+        fnNote(oRow.m_pfnCheck(oRecord, uiRaw));
     }
 }
 
@@ -546,20 +559,21 @@ unsigned int CMapWriter::AddChecksum(const SRow& oRow, unsigned int uiFirst, uns
 
 // ---- Notes and timings ----
 
-void CMapWriter::AddNote(unsigned int uiField, EZorEdidRule eRule)
+void CMapWriter::AddNote(unsigned int uiField, EZorEdidRule eRule, const CZorEdidMap::SNumbers& oNumbers)
 {
     if (const SZorEdidRule* poRule = FindZorEdidRule(eRule))
     {
-        AddNote(uiField, eRule, poRule->m_eSeverity);
+        AddNote(uiField, eRule, poRule->m_eSeverity, oNumbers);
     }
 }
 
-void CMapWriter::AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity)
+void CMapWriter::AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity,
+                         const CZorEdidMap::SNumbers& oNumbers)
 {
     const SZorEdidRule* poRule = FindZorEdidRule(eRule);
     if (poRule != nullptr && HasField(uiField))
     {
-        m_oMap.m_aoNotes.Add({ uiField, eSeverity, poRule->m_pszWhat, eRule });
+        m_oMap.m_aoNotes.Add({ uiField, eSeverity, poRule->m_pszWhat, eRule, oNumbers });
         ++GetField(uiField).m_uiNotes;
     }
 }

@@ -31,6 +31,20 @@ private:
     const SImageFacts& m_oFacts;
 };
 
+// What a note counts: so many of a unit were found, and this many keep the rule.
+constexpr CZorEdidMap::SNumbers CountAtLeast(const char* pszUnit, unsigned int uiFound, unsigned int uiLeast)
+{
+    return { pszUnit, uiFound, uiLeast };
+}
+constexpr CZorEdidMap::SNumbers CountAtMost(const char* pszUnit, unsigned int uiFound, unsigned int uiMost)
+{
+    return { pszUnit, uiFound, CZorEdidMap::SNumbers::msc_llNone, uiMost };
+}
+constexpr CZorEdidMap::SNumbers CountExactly(const char* pszUnit, unsigned int uiFound, unsigned int uiRight)
+{
+    return { pszUnit, uiFound, uiRight, uiRight };
+}
+
 // Whether all of its bytes have this value, as those of an empty record have.
 bool IsEveryByte(const CRecord& oRecord, unsigned int uiValue);
 
@@ -93,8 +107,9 @@ public:
 
     // That the field breaks a rule, in the words of the rule and with its weight; or with another one, where more than
     // the rule decides, as a revision. Nothing for eZorEdidRule_None.
-    void AddNote(unsigned int uiField, EZorEdidRule eRule);
-    void AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity);
+    void AddNote(unsigned int uiField, EZorEdidRule eRule, const CZorEdidMap::SNumbers& oNumbers = {});
+    void AddNote(unsigned int uiField, EZorEdidRule eRule, CZorEdidMap::ESeverity eSeverity,
+                 const CZorEdidMap::SNumbers& oNumbers = {});
     void SetTiming(unsigned int uiField, CZorEdidMap::EList eList, unsigned int uiNumber, unsigned int uiNumbers = 1);
     // Each number of a field is one above the number before.
     void AddOtherTiming(unsigned int uiField, unsigned int uiNumber);
@@ -148,7 +163,7 @@ private:
     SPieces FindPieces(const SPlace& oPlace, const SRange& oRecord) const;
     unsigned int AddRow(const SRow& oRow, CZorEdidMap::EArea eArea, const SRange& oRange);
     bool HasError(unsigned int uiGroup) const;
-    unsigned int AddCutRow(const SRow& oRow, const SPieces& oPieces);
+    unsigned int AddCutRow(const SRow& oRow, const SPieces& oPieces, unsigned int uiRecord);
     void AddRest(const SRest& oRest, unsigned int uiOffset, unsigned int uiLength, unsigned char ui8Mask);
     void NoteReserved(unsigned int uiField);
     void NoteValue(unsigned int uiField, const SRow& oRow, const CRecord& oRecord, unsigned int uiRaw);

@@ -39,6 +39,31 @@ unsigned int CZorEdidMap::FindLeaf(unsigned int uiOffset, unsigned int uiBit) co
     return m_poContent->FindLeaf(uiOffset, uiBit);
 }
 
+CMString CZorEdidMap::GetFound(unsigned int uiNote) const
+{
+    const SNumbers& oNumbers = GetNote(uiNote).m_oNumbers;
+    return oNumbers.m_llFound != SNumbers::msc_llNone ? FormatNumber(oNumbers.m_llFound, 0, oNumbers.m_pszUnit)
+                                                      : CMString();
+}
+
+CMString CZorEdidMap::GetExpected(unsigned int uiNote) const
+{
+    const SNumbers& oNumbers = GetNote(uiNote).m_oNumbers;
+    const SField& oField = GetField(GetNote(uiNote).m_uiField);
+    const bool bCounts = oNumbers.m_pszUnit != nullptr;
+    const unsigned int uiDecimals = bCounts ? 0 : oField.m_uiDecimals;
+    const char* pszUnit = bCounts ? oNumbers.m_pszUnit : oField.m_pszUnit;
+    const CMString sLeast = FormatNumber(oNumbers.m_llLeast, uiDecimals, pszUnit);
+    const CMString sMost = FormatNumber(oNumbers.m_llMost, uiDecimals, pszUnit);
+    const bool bLeast = oNumbers.m_llLeast != SNumbers::msc_llNone;
+    const bool bMost = oNumbers.m_llMost != SNumbers::msc_llNone;
+    if (bLeast && bMost && oNumbers.m_llLeast != oNumbers.m_llMost)
+    {
+        return FormatNumber(oNumbers.m_llLeast, uiDecimals, nullptr) + (oNumbers.m_bEither ? " or " : " to ") + sMost;
+    }
+    return bLeast && bMost ? sLeast : bLeast ? "at least " + sLeast : bMost ? "at most " + sMost : CMString();
+}
+
 unsigned int CZorEdidMap::CountFields(EZorEdidField eId) const
 {
     unsigned int uiCount = 0;
@@ -210,7 +235,8 @@ void CMapWriter::WriteTail()
     oField.m_eArea = eArea_Unused;
     oEntry.m_oOrigin = { nullptr, nullptr, uiFirst, uiLength, false };
     m_oMap.m_aoPieces.Add({ uiFirst, uiLength, 0xFF });
-    AddNote(AppendEntry(oEntry), eZorEdidRule_TooManyBlocks);
+    const unsigned int uiBlocks = msc_uiMostBlocks + (uiLength + msc_uiBlockSize - 1) / msc_uiBlockSize;
+    AddNote(AppendEntry(oEntry), eZorEdidRule_TooManyBlocks, CountAtMost("blocks", uiBlocks, msc_uiMostBlocks));
 }
 
 // The blocks that are there against those that byte 126 announces, or the data block of HDMI 2.1 that overrides it.
@@ -225,7 +251,8 @@ void CMapWriter::NoteBlockCount()
     const unsigned int uiPresent = m_oMap.GetBlockBytes() / msc_uiBlockSize - 1;
     if (uiPresent < uiAnnounced)
     {
-        AddNote(m_oMap.FindLeaf(uiPlace, 0), eZorEdidRule_BlocksMissing);
+        AddNote(m_oMap.FindLeaf(uiPlace, 0), eZorEdidRule_BlocksMissing,
+                CountExactly("blocks", uiPresent, uiAnnounced));
     }
     for (unsigned int i = 0; i < m_oMap.GetFieldCount(); i = m_oMap.GetField(i).m_uiEnd)
     {
@@ -233,7 +260,7 @@ void CMapWriter::NoteBlockCount()
         const bool bCounted = uiOffset / msc_uiBlockSize <= uiAnnounced;
         if (!bCounted)
         {
-            AddNote(i, eZorEdidRule_BlockNotCounted);
+            AddNote(i, eZorEdidRule_BlockNotCounted, CountAtLeast("blocks", uiAnnounced, uiOffset / msc_uiBlockSize));
         }
         else if (uiOffset != 0 && CZorEdidMap::GetBlockKind(GetByte(uiOffset)) == nullptr)
         {

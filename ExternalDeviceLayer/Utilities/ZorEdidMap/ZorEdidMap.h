@@ -122,12 +122,26 @@ public:
         EZorEdidField m_eId; ///< what it is: by this a program finds a field, not by its name
     };
 
+    /// Numbers that a rule compares, msc_llNone without one. With a unit they count bytes, blocks or the like; without
+    /// one they are numbers as m_llNumber of the field has them, and what was found is that number itself.
+    struct SNumbers
+    {
+        static constexpr long long msc_llNone = -0x7FFFFFFFFFFFFFFF - 1;
+
+        const char* m_pszUnit = nullptr;
+        long long m_llFound = msc_llNone;
+        long long m_llLeast = msc_llNone; ///< what keeps the rule, with m_llMost
+        long long m_llMost = msc_llNone;
+        bool m_bEither = false; ///< one of these two, and nothing between them
+    };
+
     struct SNote
     {
         unsigned int m_uiField;
         ESeverity m_eSeverity;
         const char* m_pszText; ///< that of the rule
         EZorEdidRule m_eRule;  ///< never eZorEdidRule_None
+        SNumbers m_oNumbers = {};
     };
 
     /// A mode that a field announces or refers to, by EdidMode.h.
@@ -176,6 +190,12 @@ public:
     /// "unknown (9)", a wrong checksum "0x5a, should be 0x5b", and bits that are not whole bytes their number "0x3".
     /// Control characters and bytes above 126 become '.'. uiField must be below GetFieldCount.
     CMString GetValue(unsigned int uiField) const;
+
+    /// The number that a note is about, where it is not the value of its field: "12 bytes". uiNote must be below
+    /// GetNoteCount, here and below.
+    CMString GetFound(unsigned int uiNote) const;
+    /// What would keep the rule of a note: "at least 13 bytes", "0 to 99", "60 Hz"; empty where its words say it.
+    CMString GetExpected(unsigned int uiNote) const;
 
     /// The mode that a field announces, of leaves and groups alike. A field may announce several, as a CVT 3 byte code
     /// and a video format descriptor do: uiIndex counts them from 0, a preferred one first. False, and oMode unchanged,

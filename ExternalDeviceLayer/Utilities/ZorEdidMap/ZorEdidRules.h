@@ -35,6 +35,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_BlockMapMissing = 25,
     eZorEdidRule_BlockMapPlace = 26,
     eZorEdidRule_BlockMapTag = 27,
+    eZorEdidRule_BlockErased = 28,
 
     // ---- Base block ----
     eZorEdidRule_BaseHeader = 40,

@@ -251,7 +251,8 @@ void FixFile(const SCheckOptions& oOptions, STool& oTool)
     {
         return;
     }
-    const std::string sRepairs = DescribeRepairs(oInput, oRepair);
+    const std::string sRepairs =
+        oRepair.GetCount() != 0 ? DescribeRepairs(oInput, oRepair) : ShowName(oInput.m_sName) + ": nothing to repair\n";
     oInput.m_aui8Bytes = aui8Fixed;
     SCounts oCounts;
     SOutcome oOutcome = CheckInput(oInput, oOptions, ListIgnored(oOptions), oCounts);

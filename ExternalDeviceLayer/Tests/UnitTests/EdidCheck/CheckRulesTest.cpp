@@ -259,8 +259,58 @@ TEST(CheckRules, LimitsAreRoundedAndBreachesCounted)
         if (oFinding.m_eRule == eZorEdidRule_ModeBeyondLimits)
         {
             EXPECT_EQ(CZorEdidMap::eSeverity_Warning, oFinding.m_eSeverity); // from 1.4 on a note
-            EXPECT_STREQ("1920 x 1080 @ 24 Hz and 3 more", oFinding.m_sFound);
+            EXPECT_STREQ("line rate 27.00 kHz of 1920 x 1080 @ 24 Hz at block 1 offset 0x05, and 3 more",
+                         oFinding.m_sFound);
+            EXPECT_STREQ("30 to 83 kHz", oFinding.m_sExpected);
         }
+    }
+}
+// What a maker has to change, and to what, in the units of the field.
+TEST(CheckRules, NumbersAreFoundAndExpected)
+{
+    const char* const pszRange = "00*3 FD 00 32 28 1E 53 0F 00 0A 20*6"; // 50 to 40 Hz, 30 to 83 kHz, to 150 MHz
+    const CBytes aui8Limits = With(MakeImage("41 01"), 0x48, gsc_szLimits);
+    const struct
+    {
+        EZorEdidRule m_eRule;
+        CBytes m_aui8Image;
+        const char* m_pszFound;
+        const char* m_pszExpected;
+    } aoCases[] = {
+        { eZorEdidRule_Blanking, With(MakeImage("41 01"), 0x39, "20 70"), "32 pixels", "at least 132 pixels" },
+        { eZorEdidRule_RangeOrder, With(MakeImage("41 01"), 0x48, pszRange), "40 Hz", "at least 50 Hz" },
+        { eZorEdidRule_RangePixelClock, With(aui8Limits, 0x36, "04 74"),
+          "pixel clock 297.00 MHz of 1920 x 1080 @ 120 Hz", "at most 170.00 MHz" },
+        { eZorEdidRule_ReservedBits, With(MakeImage("41 01"), 0x08, "86"), "0x80 in bit 7", "" },
+        { eZorEdidRule_ImageSize, With(MakeImage("41 01"), 0x42, "40 60 11"), "320 x 352 mm", "about 520 x 290 mm" },
+        { eZorEdidRule_CtaStart, With(MakeImage("41 01"), 0x82, "F7"), "247 bytes", "4 to 127 bytes" },
+        { eZorEdidRule_CtaPart, MakeImage("41 01 24 09 07 07 09"), "4 bytes", "3 or 6 bytes" },
+        { eZorEdidRule_CtaShort, MakeImage("41 01 E2 05 00"), "2 bytes", "3 bytes" },
+        { eZorEdidRule_CtaPastCollection, MakeImage("41 01 44 10"), "4 bytes", "at most 1 byte" },
+        { eZorEdidRule_CtaNativeCount, MakeImage("41 01", 0x03), "3 timings", "at most 1 timing" },
+        { eZorEdidRule_CtaAgain, MakeImage("41 01 83 01 00 00 83 01 00 00"), "the first one at block 1 offset 0x06",
+          "" },
+        { eZorEdidRule_DisplayIdSections, WithChange(MakeSection("00 01 0F"), 0x84, 2), "2 sections", "0 sections" },
+        { eZorEdidRule_DisplayIdShort, MakeSection("00 01 0F"), "1 byte", "at least 12 bytes" },
+        { eZorEdidRule_BlocksMissing, With(MakeImage("41 01"), 0x7E, "03"), "1 block", "3 blocks" },
+        { eZorEdidRule_ModeBeyondTmds, MakeImage(gsc_szHdmiFast),
+          "297.00 MHz of 1920 x 1080 @ 120 Hz at block 1 offset 0x05", "at most 165.00 MHz" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(FindZorEdidRule(oCase.m_eRule)->m_pszId);
+        CZorEdidMap oMap;
+        oMap.Read(static_cast<unsigned int>(oCase.m_aui8Image.size()), oCase.m_aui8Image.data());
+        CZorEdidCheck oCheck;
+        oCheck.Read(oMap, gsc_uiThisYear);
+        unsigned int i = 0;
+        while (i < oCheck.GetCount() && oCheck.Get(i).m_eRule != oCase.m_eRule)
+        {
+            ++i;
+        }
+        ASSERT_LT(i, oCheck.GetCount());
+        EXPECT_STREQ(oCase.m_pszFound, oCheck.Get(i).m_sFound);
+        EXPECT_STREQ(oCase.m_pszExpected, oCheck.Get(i).m_sExpected);
     }
 }
 } // namespace

@@ -74,6 +74,49 @@ TEST(Repair, OneRightAnswer)
     }
 }
 
+// Counts go up where what they take in is sound, and bytes behind the data blocks of a section become 0.
+TEST(Repair, CountsAndFillers)
+{
+    constexpr size_t uiSection = gsc_uiBlockSize;
+    const auto fnFix = [](CBytes aui8Image) {
+        if (aui8Image[gsc_uiBlockSize] == 0x70)
+        {
+            FixSum(aui8Image, uiSection + 1, uiSection + 126);
+        }
+        return FixChecksums(aui8Image);
+    };
+    const CBytes aui8Section = MakeDisplayIdBlock(ParseBytes("23 00 01 10"), 121);
+    const CBytes aui8Sections = fnFix(WithChange(MakeEdid({ aui8Section, aui8Section }), uiSection + 4, 1));
+    const struct
+    {
+        EZorEdidRule m_eRule;
+        CBytes m_aui8Good;
+        size_t m_uiOffset;
+        unsigned char m_ui8Damage;
+    } aoCases[] = {
+        { eZorEdidRule_BlockNotCounted, fnFix(WithChange(MakeEdid({ MakeCeaBlock() }), 0x23, 0x20)), 126, 0 },
+        { eZorEdidRule_DisplayIdSections, aui8Sections, uiSection + 4, 0 },
+        { eZorEdidRule_DisplayIdFiller, aui8Sections, uiSection + 100, 7 },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(FindZorEdidRule(oCase.m_eRule)->m_pszId);
+        const CBytes aui8Bad = fnFix(WithChange(oCase.m_aui8Good, oCase.m_uiOffset, oCase.m_ui8Damage));
+        CZorEdidRepair oRepair;
+        ASSERT_EQ(1, oRepair.Read(static_cast<unsigned int>(aui8Bad.size()), aui8Bad.data()));
+        EXPECT_EQ(oCase.m_aui8Good, CBytes(oRepair.GetData(), oRepair.GetData() + oRepair.GetSize()));
+        ASSERT_NE(0U, oRepair.GetCount());
+        EXPECT_EQ(oCase.m_eRule, oRepair.Get(0).m_eRule);
+        EXPECT_EQ("", CheckRepair(aui8Bad));
+    }
+    // A sum that is right would hide that the block was never written.
+    CBytes aui8Erased = aui8Sections;
+    std::fill(aui8Erased.end() - gsc_uiBlockSize, aui8Erased.end(), static_cast<unsigned char>(0xFF));
+    CZorEdidRepair oRepair;
+    ASSERT_EQ(1, oRepair.Read(static_cast<unsigned int>(aui8Erased.size()), aui8Erased.data()));
+    EXPECT_EQ(0xFF, oRepair.GetData()[oRepair.GetSize() - 1]);
+}
+
 TEST(Repair, RefusesNothingAndNoBytes)
 {
     CZorEdidRepair oRepair;

@@ -76,6 +76,8 @@ std::vector<SPair> ListPairs()
         { eZorEdidRule_BlockNotCounted, FixChecksums(WithChange(aui8One, 126, 0)), aui8One },
         { eZorEdidRule_TooManyBlocks, Join({ aui8Many, CBytes(gsc_uiBlockSize) }), aui8Many },
         { eZorEdidRule_BlockKind, fnMake(ParseBytes("03 03 04 ..128")), aui8One },
+        { eZorEdidRule_BlockErased, Join({ MakeEdid({}), CBytes(gsc_uiBlockSize, 0xFF) }),
+          Join({ MakeEdid({}), CBytes(gsc_uiBlockSize - 1, 0xFF), { 0xFE } }) },
         { eZorEdidRule_BlockMapPlace, fnMake(Join({ aui8Cta, aui8Map })), fnMake(Join({ aui8Map, aui8Cta })) },
         { eZorEdidRule_FirstDescriptor, FixChecksums(ChangeBytes(MakeEdid({}), "@36 00*3 10 00*14")), MakeEdid({}) },
         { eZorEdidRule_NameEmpty, FixChecksums(ChangeBytes(MakeEdid({}), "@13 03 @48 00*3 FC 00 20*13")),

@@ -22,7 +22,7 @@ std::vector<SFinding> Check(const CBytes& aui8Image, unsigned int uiThisYear)
     return CheckImage(oMap, uiThisYear);
 }
 
-// "BLOCK:OFFSET SEVERITY WHAT: FOUND", offsets in hexadecimal digits.
+// "BLOCK:OFFSET SEVERITY WHAT: FOUND, EXPECTED", offsets in hexadecimal digits.
 CTexts List(const CBytes& aui8Image, unsigned int uiThisYear = gsc_uiThisYear)
 {
     OsServices::SetMsgLevel(0, 0, 0);
@@ -32,7 +32,7 @@ CTexts List(const CBytes& aui8Image, unsigned int uiThisYear = gsc_uiThisYear)
         std::ostringstream oText;
         oText << oFinding.m_uiBlock << ':' << std::hex << oFinding.m_uiOffset << ' '
               << GetNoteName(oFinding.m_eSeverity) << ' ' << oFinding.m_sWhat << (oFinding.m_sFound.empty() ? "" : ": ")
-              << oFinding.m_sFound;
+              << oFinding.m_sFound << (oFinding.m_sExpected.empty() ? "" : ", ") << oFinding.m_sExpected;
         asFindings.push_back(oText.str());
     }
     return asFindings;
@@ -65,19 +65,20 @@ const SCheckCase gsc_aoDamages[] = {
     // Without a header the library reads nothing. The notes of the map stay.
     { "Header",
       { { 7, "01" }, { 8, "00" }, { 0x11, "25" }, { 0x81, "04" } },
-      { "0:0 error not the header of a base block: 00 ff ff ff ff ff ff 01", "0:8 warning not three letters: 0069",
-        "1:1 warning revision is not published: 4" } },
-    { "YearAfterThisOne", { { 0x11, "25" } }, { "0:11 warning the year is in the future: 2027" } },
+      { "0:0 error not the header of a base block: 00 ff ff ff ff ff ff 01, 00 ff ff ff ff ff ff 00",
+        "0:8 warning not three letters: 0069", "1:1 warning revision is not published: 4, 1 to 3" } },
+    { "YearAfterThisOne", { { 0x11, "25" } }, { "0:11 warning the year is in the future: 2027, at most 2026" } },
     { "ThisYear", { { 0x11, "24" } }, {} },
     { "ModelOfNextYear", { { 0x10, "FF 25 01 04" }, { 0x18, "2B" } }, {} },
     { "ModelOfTheYearAfter",
       { { 0x10, "FF 26 01 04" }, { 0x18, "2B" } },
-      { "0:11 warning the year is in the future: 2028" } },
+      { "0:11 warning the year is in the future: 2028, at most 2027" } },
     { "NoPreferredMode",
       { { 0x13, "02" }, { 0x18, "28" } },
       { "0:18 note the text reports need a preferred mode: none declared", "0:2e note the library lists it as 16:10",
         "0:30 note the library lists it as 16:10",
-        "0:5a warning announced modes leave the display range limits: 1440 x 1440 @ 60 Hz and 1 more" } },
+        "0:5a warning announced modes leave the display range limits: pixel clock 175.93 MHz of 1440 x 1440 @ 60 Hz "
+        "at block 0 offset 0x2e, and 1 more, at most 170.00 MHz" } },
     { "FirstDescriptorIsNoTiming",
       { { 0x36, "00 00 00 10 00*14" } },
       { "0:36 error the first descriptor must be a detailed timing" } },
@@ -87,24 +88,31 @@ const SCheckCase gsc_aoDamages[] = {
     { "TooManyBlocks",
       { { 0x7E, "03" } },
       { "0:7e warning 1.3 requires a block map ahead of two or more extension blocks: 3",
-        "0:7e error fewer extension blocks follow: 3" } },
+        "0:7e error fewer extension blocks follow: 1 block, 3 blocks" } },
     { "TooFewBlocks",
       { { 0x7E, "00" }, { 0x81, "04" } },
-      { "1:0 warning not counted by the number of extension blocks", "1:1 warning revision is not published: 4" } },
+      { "1:0 warning not counted by the number of extension blocks: 0 blocks, at least 1 block",
+        "1:1 warning revision is not published: 4, 1 to 3" } },
+    // One finding for each cause: not the numbers of timings that are read from a wrong place.
+    { "OffsetInADataBlock",
+      { { 0x82, "0A" } },
+      { "1:4 error runs past the end of its data block collection: 15 bytes, at most 5 bytes" } },
+    { "TimingWithoutAClock", { { 0x36, "00 00" } }, { "0:36 error the first descriptor must be a detailed timing" } },
     { "KnownKind", { { 0x80, "60" } }, { "1:0 note the block is not read: the library keeps no model of its kind" } },
     { "UnknownKind",
       { { 0x80, "11" } },
-      { "1:0 warning not a known kind of extension block",
+      { "1:0 warning not a known kind of extension block: tag 0x11",
         "1:0 note the block is not read: the library keeps no model of its kind" } },
     { "CeaRevision",
       { { 0x81, "04" } },
-      { "1:0 note the block is not read: its revision is 4, above 3", "1:1 warning revision is not published: 4" } },
+      { "1:0 note the block is not read: its revision is 4, above 3",
+        "1:1 warning revision is not published: 4, 1 to 3" } },
     { "DescriptorsInTheHeader",
       { { 0x82, "03" } },
-      { "1:2 error lies outside of the block: nothing after it can be found: 3 bytes" } },
+      { "1:2 error lies outside of the block: nothing after it can be found: 3 bytes, 4 to 127 bytes" } },
     { "DescriptorsAfterTheChecksum",
       { { 0x82, "80" } },
-      { "1:2 error lies outside of the block: nothing after it can be found: 128 bytes" } },
+      { "1:2 error lies outside of the block: nothing after it can be found: 128 bytes, 4 to 127 bytes" } },
     { "NameAmongTheTimings",
       { { 0xEA, "00 00 00 FC 00 41 0A 20*11" } },
       { "1:6a note the library reads no display descriptor here" } },
@@ -131,21 +139,31 @@ TEST(Check, ChecksumsAreNamedWithTheRightOne)
     EXPECT_TRUE(aoFindings.at(2).HasWeight());
 }
 
+TEST(Check, ABlockThatWasNeverWrittenHasOneFinding)
+{
+    CBytes aui8Image = GetMonitor();
+    std::fill(aui8Image.begin() + 0x80, aui8Image.end(), static_cast<unsigned char>(0xFF));
+    EXPECT_EQ(CTexts{ "1:0 error all bytes are FFh: the block was never written" }, List(aui8Image));
+}
+
 TEST(Check, BlocksThatAreCutShort)
 {
     CBytes aui8Image = GetMonitor();
     const std::string sCut = " error cut short: a block has 128 bytes: ";
     aui8Image.resize(300);
-    EXPECT_EQ((CTexts{ "2:0" + sCut + "44", "2:0 warning not counted by the number of extension blocks: 44" }),
+    EXPECT_EQ((CTexts{ "2:0" + sCut + "44 bytes",
+                       "2:0 warning not counted by the number of extension blocks: 1 block, at least 2 blocks" }),
               List(aui8Image));
     aui8Image.resize(200);
-    EXPECT_EQ((CTexts{ "0:7e error fewer extension blocks follow: 1", "1:0" + sCut + "72",
-                       "1:46 error cut short: a detailed timing has 18 bytes" }),
+    EXPECT_EQ((CTexts{ "0:7e error fewer extension blocks follow: 0 blocks, 1 block", "1:0" + sCut + "72 bytes",
+                       "1:46 error cut short: a detailed timing has 18 bytes: 2 bytes" }),
               List(aui8Image));
     aui8Image.resize(127);
     aui8Image[0x10] = 60;
-    EXPECT_EQ((CTexts{ "0:0" + sCut + "127", "0:10 warning reserved value: 60" }), List(aui8Image));
-    EXPECT_EQ((CTexts{ "0:0" + sCut + "1", "0:0 error not the header of a base block: 00" }), List({ 0 }));
+    EXPECT_EQ((CTexts{ "0:0" + sCut + "127 bytes", "0:10 warning reserved value: 60" }), List(aui8Image));
+    EXPECT_EQ(
+        (CTexts{ "0:0" + sCut + "1 byte", "0:0 error not the header of a base block: 00, 00 ff ff ff ff ff ff 00" }),
+        List({ 0 }));
     EXPECT_EQ(CTexts(), List({}));
 }
 
@@ -166,11 +184,11 @@ TEST(Check, TheOverrideBlockOfTheFirstBlockAnnouncesMore)
     const CBytes aui8Empty = MakeCea("02 03 04 00 ..128");
     EXPECT_EQ((CTexts{ "2:0 note the block is not read: byte 0x7e of the base block does not count it" }),
               ListBlocks({ aui8Two, aui8Empty }, 1));
-    EXPECT_EQ((CTexts{ "1:6 error fewer extension blocks follow: 2 blocks" }), ListBlocks({ aui8Two }, 1));
-    EXPECT_EQ((CTexts{ "2:0 warning not counted by the number of extension blocks",
+    EXPECT_EQ((CTexts{ "1:6 error fewer extension blocks follow: 1 block, 2 blocks" }), ListBlocks({ aui8Two }, 1));
+    EXPECT_EQ((CTexts{ "2:0 warning not counted by the number of extension blocks: 1 block, at least 2 blocks",
                        "2:4 warning is not the first data block of block 1" }),
               ListBlocks({ aui8Empty, aui8Two }, 1));
-    EXPECT_EQ((CTexts{ "1:0 warning not a known kind of extension block",
+    EXPECT_EQ((CTexts{ "1:0 warning not a known kind of extension block: tag 0x00",
                        "1:0 note the block is not read: the library keeps no model of its kind" }),
               ListBlocks({ MakeEdid({}) }, 1));
 }
@@ -193,16 +211,29 @@ TEST(Check, DisplayIdBlocks)
         { "section too long", FixChecksums(WithChange(aui8Full, 2, 122)),
           sUnread + "DisplayID section runs past its end" },
         { "later version", MakeDisplayIdBlock({}, UINT_MAX, 0x13), sUnread + "DisplayID version is 1.3, above 1.2" },
-        { "no version 2.2", MakeDisplayIdBlock({}, UINT_MAX, 0x22), "1:1 warning revision is not published: 2" },
-        { "no version 1.4", MakeDisplayIdBlock({}, UINT_MAX, 0x14), "1:1 warning revision is not published: 4" },
-        { "Type I, one and a byte", fnRecord(3, 21), "1:5 error payload is not a whole number of items" },
-        { "tile, one less a byte", fnRecord(18, 21), "1:5 warning payload is shorter than the standard says" },
+        { "no version 2.2", MakeDisplayIdBlock({}, UINT_MAX, 0x22),
+          "1:1 warning revision is not published: 2, at most 1" },
+        { "no version 1.4", MakeDisplayIdBlock({}, UINT_MAX, 0x14),
+          "1:1 warning revision is not published: 4, at most 3" },
+        { "Type I, one and a byte", fnRecord(3, 21),
+          "1:5 error payload is not a whole number of items: 21 bytes, 20 or 40 bytes" },
+        { "tile, one less a byte", fnRecord(18, 21),
+          "1:5 warning payload is shorter than the standard says: 21 bytes, 22 bytes" },
     };
     for (const auto& oCase : aoCases)
     {
         const CTexts asFindings = ListBlocks({ oCase.m_aui8Block }, 1);
         EXPECT_EQ(1, std::count(asFindings.begin(), asFindings.end(), oCase.m_sFinding)) << oCase.m_pszName;
     }
+    // The checksum is where the length says in any version.
+    const auto fnCountSums = [](const CBytes& aui8Block) {
+        const CTexts asFindings = ListBlocks({ FixChecksums(aui8Block) }, 1);
+        return std::ranges::count_if(asFindings,
+                                     [](const std::string& sText) { return sText.find("checksum") != sText.npos; });
+    };
+    const CBytes aui8Later = MakeDisplayIdBlock({}, 121, 0x30);
+    EXPECT_EQ(0, fnCountSums(aui8Later));
+    EXPECT_EQ(1, fnCountSums(WithChange(aui8Later, 126, static_cast<unsigned char>(aui8Later[126] + 1))));
     for (const unsigned int uiVersion : { 0x13U, 0x21U })
     {
         for (const SFinding& oFinding :
@@ -215,7 +246,7 @@ TEST(Check, DisplayIdBlocks)
 
 TEST(Check, AudioOfRevisionThree)
 {
-    EXPECT_EQ((CTexts{ "1:4 error is shorter than the standard has it" }),
+    EXPECT_EQ((CTexts{ "1:4 error is shorter than the standard has it: 1 byte, at least 3 bytes" }),
               ListBlocks({ MakeCea("02 03 06 40 21 09 ..128") }, 1));
     EXPECT_EQ((CTexts{ "1:4 warning this revision of the block has no data blocks" }),
               ListBlocks({ MakeCea("02 02 06 40 21 09 ..128") }, 1));

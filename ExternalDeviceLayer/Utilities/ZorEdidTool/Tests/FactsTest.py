@@ -233,7 +233,8 @@ class ShowTest(ToolTest):
             "Modes     the preferred one is not known", "          800x600    60.32 56.25",
             "          640x480    75 66.67 59.94", "          720x400    70.08", "Colour    RGB, gamma 2.20",
             "Image     36 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
-            "          error: cut short: a block has 128 bytes: 36 (block 0, Base block)",
+            "          error: cut short: a block has 128 bytes: 36 bytes (block 0, Base",
+            "            block)",
             "Library   refuses the image: no EDID: 36 bytes, not a multiple of 128"])
 
     def test_reports_pass_no_controls(self):
@@ -608,15 +609,18 @@ class CheckTest(ToolTest):
                                               display_id(TILE)), MISSING),
             ("no descriptors and no data blocks", with_blocks(b"\x02\x03"), []),
             ("header", change({0: "01", 8: "0000"}), [
-                "block 0 offset 0x00 (Header): error: not the header of a base block: found 01 ff ff ff ff ff ff 00",
+                "block 0 offset 0x00 (Header): error: not the header of a base block: found 01 ff ff ff ff ff ff 00, "
+                "expected 00 ff ff ff ff ff ff 00",
                 f"block 0 offset 0x08 ({identity} > ID manufacturer name): warning: not three letters: found 0000"]),
             ("checksum of an extension block", change({0xFF: "74"}, fix=False), [
                 "block 1 offset 0x00 (CTA-861 extension block): note: the block is not read: its checksum is wrong",
                 "block 1 offset 0x7f (Checksum): error: the checksum is wrong: found 0x74, should be 0x73"]),
             ("a part of a block", MONITOR[:200], [
-                "block 0 offset 0x7e (Extension block count): error: fewer extension blocks follow: found 1",
-                "block 1 offset 0x00 (CTA-861 extension block): error: cut short: a block has 128 bytes: found 72",
-                "block 1 offset 0x46 (Detailed timing 2): error: cut short: a detailed timing has 18 bytes"]),
+                "block 0 offset 0x7e (Extension block count): error: fewer extension blocks follow: found 0 blocks, "
+                "expected 1 block",
+                "block 1 offset 0x00 (CTA-861 extension block): error: cut short: a block has 128 bytes: found 72 bytes",
+                "block 1 offset 0x46 (Detailed timing 2): error: cut short: a detailed timing has 18 bytes: "
+                "found 2 bytes"]),
             ("week and year", change({0x10: "3cff"}), [
                 f"block 0 offset 0x10 ({identity} > Week of manufacture): warning: reserved value: found 60",
                 f"block 0 offset 0x11 ({identity} > Year of manufacture): warning: the year is in the future: found "
@@ -631,7 +635,7 @@ class CheckTest(ToolTest):
                 "pixels"]),
             ("a data block over the end", with_blocks(b"\x02\x03\x7e\0" + (b"\x7f\1\1\1" + bytes(28)) * 3 + b"\x7f"), [
                 "block 1 offset 0x64 (Vendor-specific data block 3): error: runs past the end of its data block "
-                "collection"]),
+                "collection: found 31 bytes, expected at most 25 bytes"]),
             ("a later DisplayID", with_blocks(display_id(b"", 0x20, product=standalone)), [
                 "block 1 offset 0x00 (DisplayID extension block): note: the block is not read: its DisplayID version "
                 "is 2.0, above 1.2"] + MISSING),
@@ -707,6 +711,13 @@ class CheckTest(ToolTest):
         with open(out, "rb") as file:
             self.assertEqual(file.read(), MONITOR)
         self.assertIn("exists already", run("check", "--fix", out, bad, status=3)[1])
+        # Of a file with two EDIDs the one that is chosen, and a copy of what needs no repair.
+        two = self.save(MONITOR + MONITOR[:-1] + b"\0", "two.bin")
+        for image, repairs in (("1", "nothing to repair"), ("2", "0x00 is now 0x73")):
+            text = run("check", "--force", "--fix", out, "--image", image, two, status=0)[0]
+            self.assertIn(repairs, text)
+            with open(out, "rb") as file:
+                self.assertEqual(file.read(), MONITOR)
         for arguments in (("--fix", out), ("--fix", out, bad, bad), ("--force", bad), ("--fix", out, "--json", bad)):
             self.assertEqual(run("check", *arguments, status=2)[0], "")
 

@@ -1,0 +1,60 @@
+// Findings that only follow from another one.
+
+#include <algorithm>
+#include <iterator>
+
+#include "CheckFindings.h"
+
+namespace ZorCheck
+{
+namespace
+{
+bool IsInSameBlock(const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    return oCause.m_uiOffset / gsc_uiBlockSize == oOther.m_uiOffset / gsc_uiBlockSize;
+}
+
+bool FollowsFromErased(const CFindings& /*oFindings*/, const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    return IsInSameBlock(oCause, oOther);
+}
+
+// A timing without a pixel clock reads as a display descriptor, whose tag and reserved byte are other numbers of it.
+bool FollowsFromFirstDescriptor(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    const bool bReserved = oOther.m_eRule == eZorEdidRule_ReservedValue || oOther.m_eRule == eZorEdidRule_ReservedBits;
+    return bReserved && oOther.m_uiField > oCause.m_uiField &&
+           oOther.m_uiField < oFindings.GetMap().GetField(oCause.m_uiField).m_uiEnd;
+}
+
+// The checksum is one by itself.
+bool FollowsFromCutDataBlock(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    return IsInSameBlock(oCause, oOther) && oFindings.IsMisread(oOther.m_uiOffset) &&
+           oOther.m_eRule != eZorEdidRule_Checksum;
+}
+
+constexpr struct
+{
+    EZorEdidRule m_eCause;
+    bool (*m_pfnFollows)(const CFindings&, const SZorFinding& oCause, const SZorFinding& oOther);
+} gsc_aoCauses[] = {
+    { eZorEdidRule_BlockErased, FollowsFromErased },
+    { eZorEdidRule_FirstDescriptor, FollowsFromFirstDescriptor },
+    { eZorEdidRule_CtaPastCollection, FollowsFromCutDataBlock },
+};
+} // namespace
+
+bool IsCause(EZorEdidRule eRule)
+{
+    return std::ranges::any_of(gsc_aoCauses, [eRule](const auto& oOne) { return oOne.m_eCause == eRule; });
+}
+
+bool IsConsequence(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    const auto* poCause =
+        std::ranges::find(gsc_aoCauses, oCause.m_eRule, [](const auto& oOne) { return oOne.m_eCause; });
+    return poCause != std::end(gsc_aoCauses) && oOther.m_eRule != oCause.m_eRule &&
+           poCause->m_pfnFollows(oFindings, oCause, oOther);
+}
+} // namespace ZorCheck

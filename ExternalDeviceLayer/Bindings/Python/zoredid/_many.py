@@ -151,6 +151,8 @@ def _read_batch(sources: list[PathOrBytes], names: list[str]) -> Table:
 
 def _join(sources: list[PathOrBytes]) -> tuple[bytes, array[int]]:
     """All bytes and paths, one after the other, and the length of each."""
+    if set(map(type, sources)) == {bytes}:
+        return b"".join(sources), array("Q", map(len, sources))  # type: ignore[arg-type]
     parts, sizes = [], array("Q")
     for source in sources:
         if isinstance(source, bytes):
@@ -192,12 +194,17 @@ def _cells(count: int) -> Any:
 
 def _list_texts(buffers: list[Any], count: int, kind: Any) -> list[Any]:
     said, cells, lengths = buffers
-    size, room = lib.ZORPY_CELL, ffi.buffer(cells)
-    known: dict[bytes, Any] = {}  # most monitors of a fleet share their texts
-    texts: list[Any] = []
-    for row, (has, length) in enumerate(zip(ffi.unpack(said, count), ffi.unpack(lengths, count))):
-        raw = room[row * size:row * size + length]
-        texts.append(known.setdefault(raw, raw if kind is bytes else raw.decode()) if has else None)
+    size = lib.ZORPY_CELL
+    room = bytes(ffi.buffer(cells, count * size))  # its slices are three times as fast as those of the buffer
+    raws = [room[start:start + length] for start, length in zip(range(0, count * size, size), ffi.unpack(lengths, count))]
+    # Most monitors of a fleet share their texts.
+    known: dict[bytes, Any] = {raw: raw if kind is bytes else raw.decode() for raw in set(raws)}
+    texts = [known[raw] for raw in raws]
+    flags = bytes(ffi.buffer(said, count))
+    row = flags.find(0)
+    while row >= 0:
+        texts[row] = None
+        row = flags.find(0, row + 1)
     return texts
 
 

@@ -1,15 +1,21 @@
 #!/usr/bin/env python3
 """Sets the failures of `edid-decode --check` and the findings of `zoredid check` side by side, by kind.
 
-    compare-checks [--zoredid PROGRAM] [--peer PROGRAM] [--kinds FILE] FOLDER...
+    compare-checks [--zoredid PROGRAM] [--peer PROGRAM] [--kinds FILE] [--selftest] FOLDER...
 
-A kind is a line of FILE, with tabs between: an expression for edid-decode's line of failure; "both", "theirs" or
-"ours"; and our rules' ids with commas between, or the reason: why we do not say it ("theirs"), or why edid-decode does
-not ("ours", where the expression is for the rule's id). A line that begins with # is a comment.
+A kind is a line of FILE, with tabs between: an expression for what is found, a side, and a third column. edid-decode's
+failures read "Block's name: failure", and ours "rule.id@field". The first kind that fits counts. The sides are
+  both     the third column has our findings with blanks between, each an expression: one of them must be there
+  theirs   edid-decode alone says it, and the third column says why we do not
+  ours     we alone say it, and the third column says why edid-decode does not
+  instead  one of our findings in the third column stands for what edid-decode fails: it says the same in another way,
+           or shows that edid-decode walks the block in another way
+A line that begins with # is a comment.
 
-Prints for each kind how often edid-decode says it, and in how many images we do. The exit status is 1 when a failure,
-or a rule of weight, has no kind, or when an image that edid-decode fails has no error or warning here and a failure
-that is not "theirs". Of a file with several EDIDs each is an image of its own.
+Fails when a failure of a kind of both has none of our findings, when edid-decode fails an image with an unknown line and
+we find nothing of weight, and when a rule of weight has no kind. Further unknown lines are counted and listed.
+--selftest takes away each of our findings in a kind of both, and each kind of one side, where the images have them, and
+fails where nothing complains. Of a file with several EDIDs each is an image of its own.
 """
 import collections
 import os
@@ -17,80 +23,152 @@ import re
 import sys
 import tempfile
 
-from Compare import image_paths, make_parser, peer_text, run
+from CompareFacts import image_paths, make_parser, peer_text, run
 
 KINDS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "ChecksKinds.tsv")
 WEIGHTY = ("error", "warning")
-Kind = collections.namedtuple("Kind", "pattern side reason")
+SIDES = ("both", "theirs", "ours", "instead")
+Finding = collections.namedtuple("Finding", "text is_weighty")
+Image = collections.namedtuple("Image", "name failures findings")
+Verdict = collections.namedtuple("Verdict", "pairs unknown wrong")  # (kind, theirs, ours); lines; lines that fail
+
+
+class Kind:
+    """A line of the file of kinds."""
+
+    def __init__(self, line):
+        pattern, self.side, self.reason = line.rstrip("\n").split("\t")
+        if self.side not in SIDES:
+            raise ValueError(self.side)
+        self.pattern = re.compile(pattern)
+        texts = self.reason.split() if self.side in ("both", "instead") else ()
+        self.ours = [re.compile(text.replace("@", "@.*") if "@" in text else f"{text}@") for text in texts]
+
+    def pairs(self, findings):
+        return [finding for finding in findings if any(pattern.match(finding.text) for pattern in self.ours)]
 
 
 def read_kinds(path):
     with open(path, encoding="utf-8") as file:
-        rows = [line.rstrip("\n").split("\t") for line in file if line.strip() and not line.startswith("#")]
-    wrong = [row for row in rows if len(row) != 3 or row[1] not in ("both", "theirs", "ours")]
-    if wrong:
-        sys.exit(f"compare-checks: {path}: no kind: {wrong[0]}")
-    return [Kind(re.compile(pattern), side, reason) for pattern, side, reason in rows]
+        lines = [line for line in file if line.strip() and not line.startswith("#")]
+    try:
+        return [Kind(line) for line in lines]
+    except ValueError as error:
+        sys.exit(f"compare-checks: {path}: no kind: {error}")
 
 
 def failures(text):
-    """The lines under "Failures:", those that continue one left out."""
-    _, _, rest = text.partition("\nFailures:\n")
-    return [line.strip() for line in rest.split("\n") if re.match(r"  \S", line)]
+    """The lines under "Failures:" with their block's name ahead, and what continues a line behind it."""
+    block, lines = "", []
+    for line in text.partition("\nFailures:\n")[2].split("\n"):
+        if heading := re.match(r"(?:Block \d+, )?(\S.*):$", line):
+            block = heading[1]
+        elif re.match(r"  \S", line):
+            lines.append(f"{block}: {line.strip()}")
+        elif line.startswith("    "):
+            lines[-1] += " " + line.strip()
+    return lines
 
 
 def findings(program, path):
-    """(id, severity) of what this library finds."""
     answer = run(program, "check", "--json", path, accepted=(0, 1)) or {"checks": []}
-    return {(finding["rule"], finding["severity"])
-            for check in answer["checks"] for finding in check["findings"]}
+    return sorted({Finding(f"{finding['rule']}@{finding.get('field', '')}", finding["severity"] in WEIGHTY)
+                   for check in answer["checks"] for finding in check["findings"]})
+
+
+def read(options):
+    with tempfile.TemporaryDirectory() as folder:
+        return [Image(os.path.basename(path), failures(peer_text(options.peer, "--check", path)),
+                      findings(options.zoredid, path)) for path in image_paths(options.folders, folder)]
 
 
 def find(kinds, text, *sides):
     return next((kind for kind in kinds if kind.side in sides and kind.pattern.search(text)), None)
 
 
-def judged(options):
-    """(name, edid-decode's failures, our findings) of each EDID."""
-    with tempfile.TemporaryDirectory() as folder:
-        for path in image_paths(options.folders, folder):
-            yield (os.path.basename(path), failures(peer_text(options.peer, "--check", path)),
-                   findings(options.zoredid, path))
+def find_pair(kinds, finding):
+    return next((kind for kind in kinds if kind.pairs([finding])), None)
+
+
+def is_said_otherwise(line, image, kinds):
+    return any(kind.side == "instead" and kind.pattern.search(line) and kind.pairs(image.findings) for kind in kinds)
+
+
+def judge(image, kinds):
+    verdict, said = Verdict([], [], []), set()
+    weighty = [finding for finding in image.findings if finding.is_weighty]
+    for line in image.failures:
+        kind = find(kinds, line, "both", "theirs")
+        pairs = kind.pairs(image.findings) if kind else []
+        said.update(pairs)
+        verdict.pairs.append((kind, 1, bool(pairs)))
+        if kind is None:
+            verdict.unknown.append(line)
+            verdict.wrong.extend([] if weighty else [f"nothing of weight here: {line}"])
+        elif kind.side == "both" and not pairs and not is_said_otherwise(line, image, kinds):
+            verdict.wrong.append(f"not said here: {line}")
+    for finding in set(weighty) - said:
+        kind = find(kinds, finding.text, "ours") or find_pair(kinds, finding)
+        verdict.pairs.append((kind, 0, 1))
+        verdict.wrong.extend([] if kind else [f"no kind: our {finding.text}"])
+    return verdict
+
+
+def selftest(images, kinds):
+    """(what is taken away, whether an image complains then) of what occurs in the images."""
+    def complains(image, left_findings, left_kinds):
+        before, after = judge(image, kinds), judge(image._replace(findings=left_findings), left_kinds)
+        return len(after.wrong + after.unknown) > len(before.wrong + before.unknown)
+
+    lines = [(image, line) for image in images for line in image.failures if not is_said_otherwise(line, image, kinds)]
+    for kind in kinds:
+        others = [other for other in kinds if other is not kind]
+        having = [image for image, line in lines if find(kinds, line, "both", "theirs") is kind]
+        if kind.side == "ours":
+            having = [image for image in images for finding in image.findings if finding.is_weighty
+                      and find(kinds, finding.text, "ours") is kind and not find_pair(others, finding)]
+        if kind.side in ("ours", "theirs") and having:
+            yield f"{kind.side}: {kind.pattern.pattern}", any(
+                complains(image, image.findings, others) for image in having)
+        for pattern in kind.ours if kind.side == "both" else ():
+            tried = [(image, left) for image in having if (left := [
+                finding for finding in image.findings if not pattern.match(finding.text)]) != image.findings]
+            if tried:
+                yield f"{kind.pattern.pattern}: {pattern.pattern}", any(
+                    complains(image, left, kinds) for image, left in tried)
 
 
 def main():
     parser = make_parser(__doc__)
     parser.add_argument("--kinds", default=KINDS, help="the kinds, by default %(default)s")
+    parser.add_argument("--selftest", action="store_true", help="take parts of the kinds away, and expect failures")
     options = parser.parse_args()
-    kinds = read_kinds(options.kinds)
-    known = {rule for kind in kinds if kind.side == "both" for rule in kind.reason.split(",")}
-    theirs, ours, counts, wrong = collections.Counter(), collections.Counter(), collections.Counter(), []
-    for name, lines, found in judged(options):
-        rules = {rule for rule, _ in found}
-        weighty = {rule for rule, severity in found if severity in WEIGHTY}
-        counts["images"] += 1
-        counts["images that edid-decode fails"] += bool(lines)
-        counts["images with an error or a warning here"] += bool(weighty)
-        for line in lines:
-            kind = find(kinds, line, "both", "theirs")
-            theirs[kind] += 1
-            if kind is None:
-                wrong.append(f"{name}: no kind: {line}")
-            elif kind.side == "both" and not rules & set(kind.reason.split(",")):
-                counts["failures of kinds of both that we do not say of that image"] += 1
-                if not weighty:
-                    wrong.append(f"{name}: nothing of weight here, and edid-decode: {line}")
-        ours.update(kind for kind in kinds if rules & set(kind.reason.split(",")) and kind.side == "both")
-        ours.update({find(kinds, rule, "ours") for rule in rules})
-        wrong += [f"{name}: no kind: our rule {rule}" for rule in sorted(weighty - known)
-                  if not find(kinds, rule, "ours")]
-    for text in wrong:
-        print(text)
-    for name, count in counts.items():
-        print(f"{count:7} {name}")
+    kinds, images = read_kinds(options.kinds), read(options)
+    counts, unknown, failed = collections.Counter(), collections.Counter(), not images
+    for image in images:
+        verdict = judge(image, kinds)
+        said = {(kind, *(any(pair[side] for pair in verdict.pairs if pair[0] is kind) for side in (1, 2)))
+                for kind, *_ in verdict.pairs}
+        counts.update(said)
+        unknown.update(re.sub(r"(0x)?\d+", "N", line) for line in verdict.unknown)
+        for line in verdict.wrong:
+            print(f"{image.name}: {line}")
+        failed = failed or bool(verdict.wrong)
+    print("   both  theirs    ours  images where it is said, by kind")
     for kind in kinds:
-        print(f"{theirs[kind]:7} {ours[kind]:7} {kind.side}: {kind.pattern.pattern}: {kind.reason}")
-    sys.exit(1 if wrong or not counts["images"] else 0)
+        numbers = [counts[kind, *sides] for sides in ((True, True), (True, False), (False, True))]
+        print("".join(f"{number:7} " for number in numbers), f"{kind.side}: {kind.pattern.pattern}: {kind.reason}")
+    for line, number in unknown.most_common():
+        print(f"{number:7} unknown line: {line}")
+    print(f"{len(images)} images, {sum(bool(image.failures) for image in images)} that edid-decode fails; "
+          f"{sum(unknown.values())} unknown lines")
+    if options.selftest:
+        parts = list(selftest(images, kinds))
+        print(f"{len(parts):7} parts of kinds taken away")
+        missed = [part for part, is_noticed in parts if not is_noticed]
+        print("".join(f"taken away and not noticed: {part}\n" for part in missed), end="")
+        failed = failed or bool(missed) or not parts
+    sys.exit(1 if failed else 0)
 
 
 if __name__ == "__main__":

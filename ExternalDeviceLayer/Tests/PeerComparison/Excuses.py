@@ -10,7 +10,7 @@ from PeerFacts import BLOCK_SIZE, plain
 CTA, DISPLAYID = 2, 0x70
 BASE_HEADER = bytes((0, *[255] * 6, 0))
 DEPTHS = (6, 8, 10, 12, 14, 16)
-ODD_BYTES = (AttributeError, TypeError, ValueError, IndexError, KeyError, ZeroDivisionError, OverflowError)
+ODD_BYTES = (AttributeError, TypeError, ArithmeticError, LookupError, ValueError, StopIteration)
 
 
 class Case:
@@ -116,33 +116,52 @@ def is_short_hdmi(case):
     return False
 
 
+# Lengths of data blocks in bytes: their kind (see data_blocks), the groups of what is in them, the usual lengths.
+LENGTHS = (
+    ("1", "(cta|library).audio", range(0, 32, 3)), ("4", "cta.speakers", (3,)), ("3 1a0000", "cta.amd", range(8, 32)),
+    ("3 5c12ca", "cta.microsoft", (21,)), ("3 030c00", "cta.hdmi", range(5, 32)),
+    ("3 d85dc4|7 79", "cta.hdmi-forum", (7, 8, 9, 10, *range(13, 32))),
+    ("7 05", "cta.colorimetry", (3,)), ("7 06", "cta.hdr-static", range(3, 7)),
+    ("7 12", "cta.(hdmi-audio|speakers)", range(3, 32, 4)),
+    ("d 20", "displayid.product", range(12, 122)), ("d (01|21)", "displayid.parameters", (12, 29)),
+    ("d 07", "(mode:)?displayid.dmt-modes", (10,)),
+    ("d 02", "displayid.color", range(4, 122)), ("d 29", "displayid.container", (16,)),
+    ("d (09|25)", "displayid.range", (9, 15)), ("d 0f", "displayid.interface", (10,)),
+    ("d (12|28)", "displayid.tiled", (22,)), ("d (7e|7f)", "displayid.vendor", range(3, 122)),
+)
+
+
+def data_blocks(block):
+    """(kind, length) of an extension block's data blocks, and ("end", bytes that they leave or lack). A kind is the
+    tag of CTA-861 with the maker's three bytes or the extended tag behind it, or d and the tag of DisplayID."""
+    def walk(at, end, head):
+        while at + head <= min(end, BLOCK_SIZE - 1) and (head == 1 or any(block[at:end])):
+            length, tag = (block[at] % 32, str(block[at] >> 5)) if head == 1 else (block[at + 2], f"d {block[at]:02x}")
+            more = {"3": 3, "7": 1}.get(tag, 0)
+            yield f"{tag} {block[at + 1:at + 1 + more].hex()}".strip(), length if at + head + length <= end else -1
+            if tag == "d 81":
+                yield from list(walk(at + 3, at + 3 + length, 1))[:-1]
+            at += head + length
+        yield "end", end - at if head == 1 or at > end or any(block[at:end]) else 0
+
+    return list(walk(4, block[2], 1) if block[0] == CTA else walk(5, block[2] + 5, 3))
+
+
 def has_odd_length(case):
-    length = case.byte(0) % 32 if case.block[0] == CTA else case.byte(2)
-    usual = {"cta.speakers": (3,), "displayid.tiled": (22,)}.get(case.item.group, range(8, 32))
-    return None in (case.ours, case.theirs) and length not in usual
+    """Whether the block has a data block of the group with another length than the standards give it."""
+    return any(re.match(groups, case.item.group) and re.fullmatch(kinds, kind) and length not in usual
+               for kind, length in data_blocks(case.block) for kinds, groups, usual in LENGTHS)
 
 
 def is_malformed(case):
     """Whether programs may differ over the walk of the data blocks."""
-    block, offset = case.block, 4
-    if block[0] == DISPLAYID:
-        offset, end = 5, block[2] + 5
-        while offset + 3 <= end <= 126 and any(block[offset:end]):
-            tag, _, length, first = block[offset:offset + 4]
-            least = {0x00: 12, 0x20: 12, 0x02: 1 + 3 * ((first >> 4 & 7) + first % 16)}.get(tag, 0)
-            if length < least or tag == 0x01 and length != 12:
-                return True
-            offset += 3 + length
-        return end > 126 or offset > end
-    if block[0] != CTA or block[2] == 0 and block[1] > 0:
+    block = case.block
+    if block[0] not in (CTA, DISPLAYID) or block[0] == CTA and block[2] == 0 < block[1]:
         return False
-    if block[1] < 3 or not 4 <= block[2] <= 127:
-        return True
-    while offset < block[2]:
-        if block[offset] >> 5 == 1 and block[offset] % 32 % 3:  # audio descriptors have three bytes
-            return True
-        offset += 1 + block[offset] % 32
-    return offset != block[2]
+    bounds = block[1] >= 3 and 4 <= block[2] <= 127 if block[0] == CTA else block[2] <= 121
+    # edid-decode takes a product block that is too short, tag 00h, for filler.
+    return not bounds or any(kind == "end" and rest or kind == "d 00" and rest < 12
+                             for kind, rest in data_blocks(block))
 
 
 # Name, who is right, groups, words (empty for an item that one side has alone), what must hold.
@@ -187,11 +206,11 @@ EXCUSES = (
      and (case.byte(0) in (0, 128) or case.byte(0) > 219)),
     ("no-code", "both", "displayid.code", "", lambda case: case.peer is None and case.is_bare("dmt-id", 1, 88)),
     ("latency-formula", "here", "cta.hdmi", ".*latency", lambda case: int(case.theirs) == int(case.ours) + 3),
-    ("past-end", "here", "cta.hdmi.(3d-.*|vic)", "", is_short_hdmi),
+    ("past-end", "here", "(mode:)?cta.hdmi.(3d-.*|vic)", "", is_short_hdmi),
     ("one-size", "both", "base.display", "screen-.*",
      lambda case: 0 in case.image[21:23] and case.theirs is None and int(case.ours) == sum(case.image[21:23])),
     ("audio-without-channels", "here", "cta.audio.descriptor", "channels",
-     lambda case: case.ours is None and case.byte(0) >> 3 == 15),
+     lambda case: case.ours is None and case.byte(0) >> 3 & 15 == 15),
     ("speaker-of-hdmi", "here", "cta.speakers.*", "lsd-rsd|rlc-rrc", lambda case: case.ours is None),
     ("no-active", "both", "(mode:)?base.*", "",
      lambda case: "0" in case.item.values["size"].rstrip("i").split("x") and any(
@@ -199,6 +218,10 @@ EXCUSES = (
     ("assumed-formula", "both", "mode:.*", "rate|clock", is_assumed),
     ("week-54", "both", "base.identity", "week",
      lambda case: case.ours is None and int(case.theirs) == case.image[16] > 54),
+    ("week-54", "both", "displayid.product", "week",
+     lambda case: case.theirs is None and case.is_stored() and int(case.ours) > 54),
+    ("short-hdmi", "neither", "cta.hdmi", "image-size|.*latency",
+     lambda case: case.ours is None and case.byte(0) % 32 < 8 + 2 * (case.byte(8) >> 5).bit_count()),
     ("detailed-as-bytes", "both", ".*detailed", "",
      lambda case: any(int(high + low, 16) == round(case.number_of("pixel-clock", "clock") * 100)
                       for low, high in re.findall("mode: ([0-9a-f]{2}) ([0-9a-f]{2}) ", "\n".join(case.lines)))),
@@ -230,8 +253,25 @@ EXCUSES = (
      lambda case: case.ours is None and case.image[19] < 4 and case.image[case.own.begin + 10] > 2),
     ("displayid-version", "neither", "end|(mode:)?displayid.*", ".*",
      lambda case: case.ours is None and case.block[0] == DISPLAYID and case.block[1] >> 4 not in (1, 2)),
-    ("odd-length", "neither", "cta.speakers|cta.amd|displayid.tiled", ".*", has_odd_length),
-    ("malformed-block", "neither", "(mode:)?(cta|displayid).*|library.*|end", ".*", is_malformed),
+    ("no-luminance", "here", "cta.hdr-static", ".*luminance",
+     lambda case: case.ours is None and 0 in (case.stored(case.word), case.stored("max-luminance"))),
+    ("square-before-1.3", "here", "(mode:)?base.standard", "size|clock",
+     lambda case: case.image[19] < 3 and case.byte(1) < 0x40
+     and case.own.values["size"] == f"{case.byte(0) * 8 + 248}x{case.byte(0) * 8 + 248}"),
+    ("no-data-blocks", "both", "cta", "native-count",
+     lambda case: case.theirs is None and case.block[2] == 0 and case.is_stored()),
+    ("text-in-cta", "both", "base.(name|serial|string)", "",
+     lambda case: case.own is None and case.block[0] == CTA and any(
+         part[:3] == bytes(3) and part[3] > 0xFB and plain(part[5:].split(b"\n")[0].decode("latin-1"))
+         == plain(case.peer.values["text"]) for part in case.descriptors())),
+    ("dmt-120", "here", "mode:displayid.*", "rate",
+     lambda case: (case.own.values["size"], case.ours) in (("1856x1392", "119.969686"), ("1920x1440", "119.955864"))),
+    ("no-formula", "both", "mode:displayid.formula", "",
+     lambda case: set(case.own.values) == {"size"} if case.own else max(
+         map(int, case.peer.values["size"].split("x"))) > 16384),
+    ("color-version", "neither", "base.color-management", ".*", lambda case: case.ours is None and case.byte(5) != 3),
+    ("odd-length", "neither", "(mode:)?(cta|displayid).*|library.audio", ".*", has_odd_length),
+    ("malformed-block", "neither", "(mode:)?(base.detailed|cta|displayid).*|library.*|end", ".*", is_malformed),
 )
 # Where edid-decode is known to be silent, and not to have other words for the value.
 SILENT = ("further-section", "amd-second", "panel-flags", "one-size")

@@ -147,7 +147,7 @@ def own_value(leaf, rows):
     if value in row.hidden or row.means:
         return None
     if "text" in row.options:
-        return leaf["text"].split(" ")[0]
+        return leaf.get("text", "").split(" ")[0]
     if "v" in row.options or leaf["kind"] == "number" and not re.match(r"\w\.\w\.\w\.\w$", str(said)):
         return None if value is None else str(value)
     return said

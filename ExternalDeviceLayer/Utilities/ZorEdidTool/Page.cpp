@@ -131,9 +131,8 @@ void DeclarePageOptions(COptions& oCommand, STool& oTool)
         .Placeholder("N");
     oCommand.Footer("The page is one file that fetches nothing: it can be mailed, and opens without a network.\n\n"
                     "Of a folder, OUT has index.html, a table of all monitors that sorts and filters, and pages/ with "
-                    "a page each. Pages stay whose image, options and program have not changed, so that a run that "
-                    "broke off is resumed by the same command. What no such run has made is never replaced without "
-                    "--force.\n\n"
+                    "a page each. Pages stay whose image and program have not changed, so that a run that broke off is "
+                    "resumed by the same command. What no such run has made is never replaced without --force.\n\n"
                     "Examples:\n"
                     "  zoredid page monitor.bin -o monitor.html\n"
                     "  zoredid page dumps/ -o site -j 4");

@@ -304,8 +304,9 @@ private:
         ReportWritten(m_sIndex, oWritten, m_oTool);
         if (oWritten.IsGood())
         {
-            PrintResult(FormatText("%s: %zu pages made, %zu unchanged, %zu unreadable\n", ShowName(m_sIndex).c_str(),
-                                   m_uiMade.load(), m_uiKept.load(), m_uiUnread.load()));
+            const size_t uiMade = m_uiMade;
+            PrintResult(FormatText("%s: %zu page%s made, %zu unchanged, %zu unreadable\n", ShowName(m_sIndex).c_str(),
+                                   uiMade, uiMade == 1 ? "" : "s", m_uiKept.load(), m_uiUnread.load()));
         }
     }
 

@@ -46,7 +46,7 @@ std::vector<unsigned char> FillCutBase(const std::vector<unsigned char>& aui8Byt
             const unsigned int uiOffset = oPart.m_uiOffset + i * oPart.m_uiSize;
             if (uiOffset + oPart.m_uiSize > aui8Bytes.size())
             {
-                std::fill_n(aui8Base.begin() + uiOffset, oPart.m_uiSize, oPart.m_ui8Nothing);
+                std::fill_n(&aui8Base[uiOffset], oPart.m_uiSize, oPart.m_ui8Nothing);
             }
         }
     }

@@ -30,6 +30,8 @@ C_ARRAY = "const unsigned char edid[] = { " + ", ".join(f"0x{byte:02x}" for byte
 XRANDR = "".join(f"{name} connected primary 1920x1080+0+0\n\tEDID: \n" + "".join(
     f"\t\t{image[i:i + 16].hex()}\n" for i in range(0, len(image), 16)) for name, image in
     [("HDMI-1", MONITOR), ("DP-1", MONITOR[:126] + bytes([0, (MONITOR[127] + 1) % 256]))])
+with open(os.path.join(PROJECT, "README.md"), encoding="utf-8") as readme:
+    SITE = re.search("^```html\n(.*?)^```$", readme.read(), re.DOTALL | re.MULTILINE)[1]
 # Drops files on the document, and waits for the page in the frame to be painted. Returns the milliseconds.
 DROP = """const [files] = arguments, data = new DataTransfer(), frame = document.querySelector("#frame");
 for (const [name, bytes] of files) data.items.add(new File([new Uint8Array(bytes)], name));
@@ -45,17 +47,19 @@ def run(*arguments):
 
 
 class Server(http.server.ThreadingHTTPServer):
-    """Serves the app and nothing else; keeps what was asked for."""
+    """Serves the app, the page of a site around it, and nothing else; keeps what was asked for."""
 
     class Handler(http.server.BaseHTTPRequestHandler):
         def do_GET(self):  # noqa: N802
             self.server.asked.append(self.path)
-            self.send_response(200 if self.path == "/zoredid.html" else 404)
-            self.send_header("Content-Type", "text/html")
-            self.end_headers()
+            content = {"/": SITE.encode(), "/favicon.ico": b""}.get(self.path)  # else browsers complain of no icon
             if self.path == "/zoredid.html":
                 with open(APP, "rb") as file:
-                    self.wfile.write(file.read())
+                    content = file.read()
+            self.send_response(404 if content is None else 200)
+            self.send_header("Content-Type", "text/html")
+            self.end_headers()
+            self.wfile.write(content or b"")
 
         do_POST = do_GET
 
@@ -133,6 +137,12 @@ class AppCases:
         return self.ask("""const inner = document.querySelector("#frame").contentDocument?.activeElement;
             return document.activeElement.id === "frame" ? inner?.querySelector?.(".name")?.textContent
                                                          : document.activeElement.id""")
+
+    def serve(self):
+        server = Server()
+        self.addCleanup(server.server_close)
+        self.addCleanup(server.shutdown)
+        return server
 
     # ---- Cases ----
 
@@ -216,10 +226,15 @@ class AppCases:
         self.ask("document.querySelector('#undo').click()")
         self.assertEqual(self.page(), run("page", self.image, "-o", "-").stdout.decode())
 
+    def test_a_site_has_the_app_in_the_page_of_the_readme(self):
+        inside = 'const document = self.document.querySelector("iframe").contentDocument;'
+        self.browser.open(self.serve().address)
+        self.wait_for(lambda: self.ask(inside + 'return !!document.querySelector(".ready")'))
+        self.ask(inside + DROP, [("monitor.bin", list(MONITOR))])
+        self.assertIn("ASUS VE276", self.ask(inside + 'return document.querySelector("#frame").srcdoc'))
+
     def test_nothing_is_sent(self):
-        server = Server()
-        self.addCleanup(server.server_close)
-        self.addCleanup(server.shutdown)
+        server = self.serve()
         self.open(server.address + "zoredid.html")
         self.drop(("monitor.bin", MONITOR))
         self.drop(("a.bin", MONITOR), ("b.bin", MONITOR))

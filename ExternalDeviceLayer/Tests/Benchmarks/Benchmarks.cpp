@@ -7,13 +7,19 @@
 // FOLDER holds .bin images; without it the self-check's are taken. "Image_" rows run over all images, and their columns
 // are an image's: time, calls of operator new, timings, lines or fields. A question or an edit that refuses is an
 // error: what is measured is the work, not the way out.
+//
+//     zor_benchmarks --c-against-cpp [FOLDER]
+//
+// says by how much the interface for C slows the facts down, and exits with 1 where that is too much.
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <numeric>
 #include <span>
+#include <string_view>
 
 #include "CEdidTestImages.h"
 #include "Edid.h"
@@ -438,11 +444,60 @@ void GrowTimings(benchmark::State& oState)
     oState.SetComplexityN(oState.range(0));
 }
 
+// ---- The interface for C against C++ ----
+
+constexpr double gsc_dMostOfCpp = 1.1;        // of the time in C++: what docs/c.md promises
+constexpr unsigned int gsc_uiTries = 5;       // the others are for a machine that does other things
+constexpr unsigned int gsc_uiRounds = 1001;   // odd, for a median
+constexpr unsigned int gsc_uiQuestions = 500; // of a round: some hundred microseconds, so that the clock does not count
+
+double TimeRound(unsigned int (*pfnAsk)(size_t uiImage))
+{
+    const auto oStart = std::chrono::steady_clock::now();
+    for (size_t i = 0; i < gsc_uiQuestions; ++i)
+    {
+        pfnAsk(i % g_aaui8Images.size());
+    }
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - oStart).count();
+}
+
+// The median of the ratios of rounds that follow each other, which the rest of the machine meets alike.
+double MeasureCAgainstCpp()
+{
+    std::vector<double> adRatios(gsc_uiRounds);
+    std::ranges::generate(adRatios, [] {
+        const double dInCpp = TimeRound(AskInCpp);
+        return TimeRound(AskInCWithItsOwn) / dInCpp;
+    });
+    const auto itMedian = adRatios.begin() + gsc_uiRounds / 2;
+    std::ranges::nth_element(adRatios, itMedian);
+    return *itMedian;
+}
+
+int CompareCWithCpp()
+{
+    for (unsigned int i = 0; i < gsc_uiTries; ++i)
+    {
+        const double dRatio = MeasureCAgainstCpp();
+        printf("facts in C: %.2f of the time in C++, at most %.1f\n", dRatio, gsc_dMostOfCpp);
+        if (dRatio <= gsc_dMostOfCpp)
+        {
+            return 0;
+        }
+    }
+    return 1;
+}
 } // namespace
 
 int main(int iArguments, char** apszArguments)
 {
     benchmark::Initialize(&iArguments, apszArguments);
+    const bool bCAgainstCpp = iArguments > 1 && std::string_view(apszArguments[1]) == "--c-against-cpp";
+    if (bCAgainstCpp)
+    {
+        ++apszArguments;
+        --iArguments;
+    }
     OsServices::SetMsgLevel(0, 0, 0); // odd images write assertion lines
     for (const auto& [sName, aui8Image] : ReadImages(iArguments == 2 ? apszArguments[1] : ""))
     {
@@ -456,6 +511,10 @@ int main(int iArguments, char** apszArguments)
     {
         fprintf(stderr, "one argument: a folder of .bin images\n");
         return 1;
+    }
+    if (bCAgainstCpp)
+    {
+        return CompareCWithCpp();
     }
     g_aoLoaded = std::vector<CEdid>(g_aaui8Images.size());
     for (size_t i = 0; i < g_aoLoaded.size(); ++i)

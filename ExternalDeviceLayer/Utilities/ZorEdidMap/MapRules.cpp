@@ -51,8 +51,8 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "E-EDID 1.4, 3.10.3.7", "Sources that check the version ignore the color management data." },
     { eZorEdidRule_Version10Layout, CMap::eSeverity_Warning, "version.layout-10", "only revision 10 has this layout",
       "E-EDID 1.4, 3.10.3.9", "Sources that check the revision do not offer the modes of this descriptor." },
-    { eZorEdidRule_Blanking, CMap::eSeverity_Warning, "timing.blanking", "shorter than front porch and sync pulse",
-      "E-EDID 1.4, 3.10.2; DisplayID 1.3 and 2.1",
+    { eZorEdidRule_Blanking, CMap::eSeverity_Warning, "timing.blanking",
+      "shorter than front porch, sync pulse and borders", "E-EDID 1.4, 3.10.2; DisplayID 1.3 and 2.1",
       "The back porch would be negative: sources refuse the timing, or program a sync pulse that reaches into the "
       "picture." },
 

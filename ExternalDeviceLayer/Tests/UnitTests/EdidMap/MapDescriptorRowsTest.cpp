@@ -80,7 +80,7 @@ TEST(MapDescriptorRows, EmbeddedPanelInterface)
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "00*3 0E 00 B1 25 02 C3 07 B2 0B 00*5 12"), aoRows);
 }
 
-// Blanking holds front porch and sync pulse: 176 + 352 pixels, 37 + 22 lines.
+// Blanking holds front porch and sync pulse: 176 + 352 pixels, 37 + 22 lines; and the borders on both sides.
 TEST(MapDescriptorRows, BlankingOfADetailedTiming)
 {
     static constexpr SRowCase aoJust[] = {
@@ -89,10 +89,16 @@ TEST(MapDescriptorRows, BlankingOfADetailedTiming)
     };
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 10 02 01 3B 00 B0 60 56 19 ..18"), aoJust);
     static constexpr SRowCase aoShort[] = {
-        { "04.3-0 03", "Horizontal blanking", "527 pixels", "shorter than front porch and sync pulse" },
-        { "07.3-0 06", "Vertical blanking", "58 lines", "shorter than front porch and sync pulse" },
+        { "04.3-0 03", "Horizontal blanking", "527 pixels", "shorter than front porch, sync pulse and borders" },
+        { "07.3-0 06", "Vertical blanking", "58 lines", "shorter than front porch, sync pulse and borders" },
     };
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 0F 02 01 3A 00 B0 60 56 19 ..18"), aoShort);
+    static constexpr SRowCase aoBorders[] = {
+        { "04.3-0 03", "Horizontal blanking", "530 pixels" },
+        { "07.3-0 06", "Vertical blanking", "60 lines", "shorter than front porch, sync pulse and borders" },
+    };
+    ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 12 02 01 3C 00 B0 60 56 19 00*3 01 01 ..18"),
+                   aoBorders);
 }
 
 TEST(MapDescriptorRows, DetailedTimingOfZeros)

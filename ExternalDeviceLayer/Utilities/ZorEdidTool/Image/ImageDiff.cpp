@@ -98,6 +98,17 @@ void DropShared(CFactTexts& oFirst, CFactTexts& oSecond)
 
 // ---- Fields ----
 
+bool HasError(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    bool bError = false;
+    for (unsigned int i = 0; i < oMap.GetNoteCount() && oMap.GetField(uiField).m_uiNotes != 0 && !bError; ++i)
+    {
+        const CZorEdidMap::SNote& oNote = oMap.GetNote(i);
+        bError = oNote.m_uiField == uiField && oNote.m_eSeverity == CZorEdidMap::eSeverity_Error;
+    }
+    return bError;
+}
+
 // What follows from the content: how long things are, where they begin, sums, and places that are not used. A wrong one
 // is a difference of its own.
 bool IsLayout(const CZorEdidMap& oMap, unsigned int uiField)
@@ -107,10 +118,9 @@ bool IsLayout(const CZorEdidMap& oMap, unsigned int uiField)
         eZorEdidField_CtaHdmi3dLen,       eZorEdidField_DisplayidSectionLength, eZorEdidField_DisplayidDataBlockLength
     };
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    // A length that does not fit is noted at the block; a checksum is wrong by its own note only.
-    const bool bNoted =
-        oField.m_uiNotes != 0 || (oField.m_eKind != CZorEdidMap::eKind_Checksum && oField.m_uiGroup != gsc_uiNone &&
-                                  oMap.GetField(oField.m_uiGroup).m_uiNotes != 0);
+    // A length that does not fit is an error of the block; a checksum is wrong by its own note only.
+    const bool bNoted = oField.m_uiNotes != 0 || (oField.m_eKind != CZorEdidMap::eKind_Checksum &&
+                                                  oField.m_uiGroup != gsc_uiNone && HasError(oMap, oField.m_uiGroup));
     const bool bLength = std::ranges::find(aeLengths, oField.m_eId) != std::end(aeLengths);
     const bool bUnusedPair = oField.m_eId == eZorEdidField_BaseStandard && uiField + 1 < oField.m_uiEnd &&
                              oMap.GetField(uiField + 1).m_eId == eZorEdidField_Unused;

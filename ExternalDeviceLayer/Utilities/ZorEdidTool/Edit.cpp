@@ -2,6 +2,9 @@
 
 #include <stdio.h>
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
 #include <memory>
 
 #include "CommandLine.h"
@@ -93,12 +96,16 @@ void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
 // Without an edit that needs the classes, images that they refuse are edited, too.
 SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
 {
-    std::vector<SEdit> aoFields;
     std::vector<SEdit> aoOthers;
-    for (const SEdit& oEdit : aoEdits)
-    {
-        (oEdit.m_eKind == eEdit_Set || oEdit.m_eKind == eEdit_Named ? aoFields : aoOthers).push_back(oEdit);
-    }
+    std::vector<SEdit> aoFields;
+    const auto fnIsOfFields = [](const SEdit& oEdit) {
+        return oEdit.m_eKind == eEdit_Set || oEdit.m_eKind == eEdit_Named;
+    };
+    std::ranges::copy_if(aoEdits, std::back_inserter(aoOthers), std::not_fn(fnIsOfFields));
+    // Modes go from DisplayID blocks before anything else is done there.
+    std::ranges::copy_if(aoOthers, std::back_inserter(aoFields),
+                         [](const SEdit& oEdit) { return oEdit.m_fnNamed != nullptr; });
+    std::ranges::copy_if(aoEdits, std::back_inserter(aoFields), fnIsOfFields);
     SEdited oEdited = { oInput.m_aui8Bytes };
     if (!aoOthers.empty())
     {

@@ -33,8 +33,26 @@ constexpr SCtaItems gsc_aoCtaItems[] = {
     { Cta::gsc_uiExtendedTag, Cta::gsc_uiExtended420Video, { gsc_uiExtendedSize, 1 } },
 };
 
+// A record of Type VI says how long it is. 0 where they differ.
+unsigned int GetType6ItemSize(const unsigned char* pui8DataBlock, unsigned int uiSize)
+{
+    using namespace DisplayId;
+    unsigned int uiItem = 0;
+    for (unsigned int uiAt = gsc_uiHeaderSize; uiAt + gsc_oType6.m_uiSize <= uiSize; uiAt += uiItem)
+    {
+        const bool bLong = gsc_oType6IsLong.IsSet(pui8DataBlock + uiAt);
+        const unsigned int uiThis = bLong ? gsc_uiType6LongSize : gsc_oType6.m_uiSize;
+        if (uiItem != 0 && uiItem != uiThis)
+        {
+            return 0;
+        }
+        uiItem = uiThis;
+    }
+    return uiItem;
+}
+
 // The sizes of the items of DisplayID data blocks.
-unsigned int GetDisplayIdItemSize(const unsigned char* pui8Header)
+unsigned int GetDisplayIdItemSize(const unsigned char* pui8Header, unsigned int uiSize)
 {
     using namespace DisplayId;
     switch (pui8Header[0])
@@ -47,6 +65,8 @@ unsigned int GetDisplayIdItemSize(const unsigned char* pui8Header)
         return gsc_uiType3Size;
     case gsc_uiType5Tag:
         return gsc_uiType5Size;
+    case gsc_uiType6Tag:
+        return GetType6ItemSize(pui8Header, uiSize);
     case gsc_uiType7Tag:
         return gsc_oType7.m_uiSize + gsc_oMoreTimingBytes.Read(pui8Header);
     case gsc_uiType9Tag:
@@ -116,7 +136,7 @@ SItems FindItems(const unsigned char* pui8DataBlock, unsigned int uiSize, bool b
 {
     if (bDisplayId)
     {
-        return { DisplayId::gsc_uiHeaderSize, GetDisplayIdItemSize(pui8DataBlock) };
+        return { DisplayId::gsc_uiHeaderSize, GetDisplayIdItemSize(pui8DataBlock, uiSize) };
     }
     const unsigned int uiTag = Cta::gsc_oHeaderTag.Read(pui8DataBlock);
     const unsigned int uiExtended = uiTag == Cta::gsc_uiExtendedTag && uiSize > 1 ? pui8DataBlock[1] : 0U;

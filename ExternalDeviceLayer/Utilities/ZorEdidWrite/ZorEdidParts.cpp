@@ -628,7 +628,7 @@ bool CPartsEdit::PutItem(unsigned int uiBlock, const SNewPart& oNew, unsigned in
         const SItems oItems = FindItems(oPiece.m_aui8Bytes, oPiece.m_uiSize, oNew.m_bDisplayId);
         const unsigned int uiItem = std::min(uiPlace, oItems.Count(oPiece));
         const unsigned int uiAt = oItems.m_uiFirst + uiItem * oItems.m_uiSize;
-        if (oPiece.m_uiSize + oItems.m_uiSize > gsc_uiBlockSize)
+        if (oItems.m_uiSize != oNew.m_oPiece.m_uiSize - uiHead || oPiece.m_uiSize + oItems.m_uiSize > gsc_uiBlockSize)
         {
             continue;
         }

@@ -11,7 +11,8 @@
 ///   an extension block
 ///   of the base block one of eight standard timings, one of four descriptors
 ///   of a CTA-861 block a data block, a detailed timing, an item of a list: of video codes, of audio descriptors
-///   of a DisplayID block a data block, a timing of its Types I to III, V, VII, IX and X, a code of Types IV and VIII
+///   of a DisplayID block a data block, a timing of its Types I to III, V to VII, IX and X, a code of Types IV and
+///     VIII; of Type VI where the timings of the data block have the same length
 ///
 /// What depends on a change follows: lengths, counts of blocks and of native timings, tags in a block map, the place of
 /// the detailed timings, checksums. The result is read by CZorEdidMap before it counts: the part is there as asked, and

@@ -122,6 +122,9 @@ CAdd AddStandard(const char* pszBytes)
     };
 }
 
+// 1920 x 1080 at 60 Hz in 14 bytes.
+CBytes Type6Record1080p() { return ParseBytes("13 44 02 7F 07 37 04 17 57 01 2B 2C 03 04"); }
+
 constexpr char gsc_szDetailed[] = "01 1D 00 72 51 D0 1E 20 6E 28 55 00 09 25 21 00 00 1E"; // 1280 x 720 at 60 Hz
 constexpr char gsc_szName[] = "00*3 FC 00 41 0A 20*11";
 
@@ -231,6 +234,7 @@ TEST_F(Parts, WhatIsAddedGoesAgain)
         { "video code", AddItem(eZorEdidField_CtaVideo, { 97 }) },
         { "audio descriptor", AddItem(eZorEdidField_CtaAudio, { 9, 7, 1 }) },
         { "Type I timing", AddItem(eZorEdidField_DisplayidType1, Type1Record1080p()) },
+        { "Type VI timing", AddItem(eZorEdidField_DisplayidType6, Type6Record1080p()) },
         { "Type VII timing", AddItem(eZorEdidField_DisplayidType7, Type1Record1080p()) },
         { "HDR", AddDataBlock(eZorEdidField_CtaHdrStatic, "05 01") },
         { "tile", AddDataBlock(eZorEdidField_DisplayidTiled, "82 11 10 00 7F 07 37 04 ..22") },
@@ -244,6 +248,23 @@ TEST_F(Parts, WhatIsAddedGoesAgain)
             AddAndRemove(aui8Image, fnAdd);
         }
     }
+}
+
+// They say their own length: a data block of shorter ones is no place for a longer one.
+TEST_F(Parts, Type6TimingsOfAnotherLengthStandApart)
+{
+    CZorEdidParts oParts;
+    SAnswer oAnswer;
+    CBytes aui8Long = Join({ Type6Record1080p(), CBytes(3) });
+    aui8Long[2] |= 0x40;
+    Read(oParts, MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(0x13, 0, Type6Record1080p())) }));
+    for (const CBytes& aui8Record : { Type6Record1080p(), aui8Long, aui8Long })
+    {
+        ASSERT_EQ(1, AddItem(eZorEdidField_DisplayidType6, aui8Record)(oParts, oAnswer));
+    }
+    EXPECT_EQ(2U, oParts.GetMap().CountFields(eZorEdidField_DisplayidType6));
+    EXPECT_EQ(4U, oParts.GetMap().CountFields(eZorEdidField_DisplayidType6Timing));
+    EXPECT_EQ(0U, CountNotes(oParts.GetMap()));
 }
 
 // Each field of each image: its part is removed, or moved to the front and back, or refused.

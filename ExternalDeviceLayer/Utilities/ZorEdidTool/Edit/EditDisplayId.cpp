@@ -2,6 +2,8 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
+
 #include "MakerDisplayId.h"
 #include "Standards/DisplayIdBlocks.h"
 #include "Standards/ExtensionBlocks.h"
@@ -53,6 +55,57 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
              oFacts.GetAudio().m_oBasic.m_oValue,
              oFields.GetNumber(eZorEdidField_CtaYcbcr444) != 0 && oFields.GetNumber(eZorEdidField_CtaYcbcr422) != 0 };
 }
+
+// What announces a mode there, but for data blocks of CTA-861.
+constexpr EZorEdidField gsc_aeTimings[] = {
+    eZorEdidField_DisplayidType1Timing,  eZorEdidField_DisplayidType2Timing,   eZorEdidField_DisplayidType3Timing,
+    eZorEdidField_DisplayidType5Timing,  eZorEdidField_DisplayidType6Timing,   eZorEdidField_DisplayidType7Timing,
+    eZorEdidField_DisplayidType9Timing,  eZorEdidField_DisplayidType10Timing,  eZorEdidField_DisplayidTimingDmtId,
+    eZorEdidField_DisplayidTimingVic,    eZorEdidField_DisplayidTimingHdmiVic, eZorEdidField_DisplayidDmtModesMode,
+    eZorEdidField_DisplayidVicModesMode,
+};
+
+unsigned int CountModes(const CFieldEdits& oFields)
+{
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    return oModes.GetCount();
+}
+
+// Whether a timing means the wanted rate by its 1000/1001 only.
+bool IsFractionWanted(const SZorImageMode& oPlace, const SWanted& oWanted)
+{
+    SZorMode oWhole = oPlace.m_oMode;
+    oWhole.m_bFractionToo = false;
+    return oPlace.m_eField == eZorEdidField_DisplayidType10Timing && !IsPlaceOf(oWhole, oWanted);
+}
+
+std::string ClearBit(CFieldEdits& oFields, unsigned int uiOffset, unsigned int uiBit)
+{
+    return oFields.Apply({ eZorEdidField_None, uiOffset, uiBit, "raw:0" });
+}
+
+std::string RemoveRecord(CFieldEdits& oFields, const SZorImageMode& oPlace)
+{
+    const unsigned int uiField = FindPlaceField(oFields.GetMap(), oPlace);
+    if (uiField == CZorEdidMap::msc_uiNone)
+    {
+        return "it is not where it was found";
+    }
+    const std::string sName = NameField(oFields.GetMap(), uiField);
+    const unsigned int uiModes = CountModes(oFields);
+    std::string sProblem = oFields.Remove(uiField);
+    if (sProblem.empty() && CountModes(oFields) + 1 != uiModes)
+    {
+        sProblem =
+            "the timings of its data block have different lengths, and only --remove-part removes them, together";
+    }
+    if (sProblem.empty() && oPlace.m_eReason == SZorImageMode::eReason_Flag)
+    {
+        oFields.Note(sName + " was marked as preferred");
+    }
+    return sProblem.empty() ? "" : sName + ": " + sProblem;
+}
 } // namespace
 
 std::string BeginDisplayId(CFieldEdits& oFields, bool bPreferred)
@@ -94,4 +147,28 @@ CFieldEdits::SWhere FindPlaceInDisplayId(const CFieldEdits& oFields)
         oWhere.m_uiBlock = uiLast / gsc_uiBlockSize;
     }
     return oWhere;
+}
+
+bool IsInDisplayId(const CBytes& aui8Image, const SZorImageMode& oPlace)
+{
+    return aui8Image[oPlace.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize] == gsc_uiDisplayIdTag &&
+           std::ranges::find(gsc_aeTimings, oPlace.m_eField) != std::end(gsc_aeTimings);
+}
+
+// From the last one to the first, as what is ahead stays where it was found.
+std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted)
+{
+    constexpr unsigned int uiFractionBit = 4; // of the first byte of a Type X timing
+    const CBytes aui8Image = oFields.GetBytes();
+    CPlaces aoPlaces = FindPlaces(aui8Image, oWanted);
+    std::erase_if(aoPlaces, [&](const SZorImageMode& oPlace) { return !IsInDisplayId(aui8Image, oPlace); });
+    std::string sProblem;
+    for (auto itPlace = aoPlaces.rbegin(); itPlace != aoPlaces.rend() && sProblem.empty(); ++itPlace)
+    {
+        const bool bBit = itPlace->m_uiBit != SZorImageMode::msc_uiNone;
+        sProblem = bBit                                  ? ClearBit(oFields, itPlace->m_uiOffset, itPlace->m_uiBit)
+                   : IsFractionWanted(*itPlace, oWanted) ? ClearBit(oFields, itPlace->m_uiOffset, uiFractionBit)
+                                                         : RemoveRecord(oFields, *itPlace);
+    }
+    return sProblem;
 }

@@ -1,9 +1,10 @@
-// The DisplayID section that an image gets where an edit needs one.
+// DisplayID blocks under edit: the section that an image gets where an edit needs one, and modes that go.
 
 #pragma once
 
 #include <string>
 
+#include "EditPlaces.h"
 #include "FieldEdits.h"
 
 // A section of a display says what it is, how large, and how it is connected, and has a preferred timing. An image
@@ -14,3 +15,10 @@ std::string BeginDisplayId(CFieldEdits& oFields, bool bPreferred);
 
 // Where a further data block goes: behind a section that only says what the display is.
 CFieldEdits::SWhere FindPlaceInDisplayId(const CFieldEdits& oFields);
+
+// Whether RemoveFromDisplayId takes the mode away: a timing, a code or a bit of a DisplayID block.
+bool IsInDisplayId(const CBytes& aui8Image, const SZorImageMode& oPlace);
+
+// Removes the wanted mode or code from all DisplayID blocks: records and codes, the bits of lists of bits, and of a
+// Type X timing that also declares 1000/1001 of its rate only that, when it alone is wanted.
+std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted);

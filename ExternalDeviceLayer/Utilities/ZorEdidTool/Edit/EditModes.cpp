@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "EdidUtils.h"
+#include "EditDisplayId.h"
 #include "EditImage.h"
 #include "EditPlaces.h"
 #include "ExactTimings.h"
@@ -381,7 +382,7 @@ std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNu
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     if (oBlock.m_iExtension >= 0 && poCea == nullptr)
     {
-        return NameBlock(oBlock) + " is a DisplayID block, which only --remove-part and --set reach";
+        return NameBlock(oBlock) + " is a DisplayID block, which --remove, --remove-part and --set reach";
     }
     if (poCea != nullptr && !AreDataBlocksExact(*poCea))
     {
@@ -508,7 +509,8 @@ std::string CEditImage::RemoveListed(const SZorImageMode& oPlace)
                : "";
 }
 
-// From all places, or the reasons of those that keep it.
+// From all places but those of DisplayID blocks, which go later, by RemoveFromDisplayId; or the reasons of those that
+// keep it.
 std::string CEditImage::Remove(const SWanted& oWanted)
 {
     const CPlaces aoRead = FindPlaces(m_aui8Read, oWanted);
@@ -521,7 +523,7 @@ std::string CEditImage::Remove(const SWanted& oWanted)
     };
     for (const SZorImageMode& oPlace : aoRead)
     {
-        const std::string sReason = RemoveListed(oPlace);
+        const std::string sReason = IsInDisplayId(m_aui8Read, oPlace) ? "" : RemoveListed(oPlace);
         fnAdd(sReason.empty() ? "" : NamePlaces(m_aui8Read, { oPlace }) + ": " + sReason);
     }
     fnAdd(RemoveFromDescriptors(aoPresent));
@@ -537,7 +539,8 @@ std::string CEditImage::Remove(const SWanted& oWanted)
     {
         return RefuseMissing(m_aui8Read, oWanted);
     }
-    const CPlaces aoLeft = FindPlaces(GetBytes(), oWanted);
+    CPlaces aoLeft = FindPlaces(GetBytes(), oWanted);
+    std::erase_if(aoLeft, [this](const SZorImageMode& oPlace) { return IsInDisplayId(m_aui8Read, oPlace); });
     if (sReasons.empty() && !aoLeft.empty())
     {
         const bool bPreferred = std::ranges::any_of(aoLeft, IsFirstDescriptor);
@@ -557,7 +560,7 @@ std::string CEditImage::NameKeeper(const SZorImageMode& oPlace)
     const SEditedBlock& oBlock = m_aoBlocks[oPlace.m_uiOffset / gsc_uiBlockSize];
     const unsigned int uiTag = oBlock.m_aui8Bytes.front();
     return uiTag == ZorStandards::Vtb::gsc_uiTag ? "edits do not reach video timing blocks"
-           : uiTag == gsc_uiDisplayIdTag         ? "only --remove-part and --set reach DisplayID blocks"
+           : uiTag == gsc_uiDisplayIdTag         ? "only --set reaches CTA-861 data blocks in a DisplayID block"
            : GetCea(oBlock) == nullptr           ? "the library does not read " + NameBlock(oBlock)
                                                  : "only --remove-part and --set reach timings of this data block";
 }
@@ -572,7 +575,8 @@ void CEditImage::NoteWhole(const SWanted& oWanted, const CPlaces& aoRemoved)
         SZorMode oPartner = {};
         const SZorMode& oMode = oPlace.m_oMode;
         const bool bVic = oMode.m_eKind == SZorMode::eModeKind_Vic;
-        if (oWanted.m_uiCode == 0 && oRate.m_ullDivisor != 1 && CZorEdidModes::GetPartner(oMode, oPartner) &&
+        const bool bCode = bVic || oMode.m_eKind == SZorMode::eModeKind_HdmiVic;
+        if (bCode && oWanted.m_uiCode == 0 && oRate.m_ullDivisor != 1 && CZorEdidModes::GetPartner(oMode, oPartner) &&
             oNamed.insert(2 * oMode.m_uiCode + (bVic ? 1 : 0)).second)
         {
             m_asNotes.push_back((bVic ? "VIC " : "HDMI code ") + std::to_string(oMode.m_uiCode) + " also declares " +
@@ -588,7 +592,8 @@ void CEditImage::NoteLeft(const SWanted& oWanted)
     SWanted oLeft = {};
     const bool bAsked = oWanted.m_uiCode != 0 ? ZorStandards::MakeVideoMode(oLeft.m_oMode, oWanted.m_uiCode)
                                               : GetWantedFraction(oWanted.m_oMode, oLeft.m_oMode);
-    const CPlaces aoLeft = bAsked ? FindPlaces(GetBytes(), oLeft) : CPlaces();
+    CPlaces aoLeft = bAsked ? FindPlaces(GetBytes(), oLeft) : CPlaces();
+    std::erase_if(aoLeft, [&](const SZorImageMode& oPlace) { return IsPlaceOf(oPlace.m_oMode, oWanted); });
     if (!aoLeft.empty())
     {
         m_asNotes.push_back(GetWantedName(oLeft) + " stays: " + NamePlaces(GetBytes(), aoLeft));

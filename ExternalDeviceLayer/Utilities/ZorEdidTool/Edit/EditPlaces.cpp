@@ -14,8 +14,6 @@
 
 using namespace ZorStandards;
 
-namespace
-{
 bool IsPlaceOf(const SZorMode& oMode, const SWanted& oWanted)
 {
     if (oWanted.m_uiCode == 0)
@@ -27,6 +25,8 @@ bool IsPlaceOf(const SZorMode& oMode, const SWanted& oWanted)
                              : oMode.m_eKind == SZorMode::eModeKind_Vic && oMode.m_uiCode == oWanted.m_uiCode;
 }
 
+namespace
+{
 // The code of a byte that is meant; else 0.
 unsigned int FindShortVideo(unsigned int uiByte, const SWanted& oWanted)
 {
@@ -87,6 +87,17 @@ CCodes FindCodes(const CEdidExtBlockCEA861& oCea, const SWanted& oWanted)
     return oCodes;
 }
 
+unsigned int FindPlaceField(const CZorEdidMap& oMap, const SZorImageMode& oPlace)
+{
+    const bool bBit = oPlace.m_uiBit != SZorImageMode::msc_uiNone;
+    unsigned int uiField = oMap.FindLeaf(oPlace.m_uiOffset, bBit ? oPlace.m_uiBit : 0);
+    while (uiField != CZorEdidMap::msc_uiNone && !bBit && oMap.GetField(uiField).m_eId != oPlace.m_eField)
+    {
+        uiField = oMap.GetField(uiField).m_uiGroup;
+    }
+    return uiField;
+}
+
 std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces)
 {
     std::set<std::string> asNames;
@@ -95,13 +106,8 @@ std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces)
     oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
     for (const SZorImageMode& oPlace : aoPlaces)
     {
-        const bool bBit = oPlace.m_uiBit != SZorImageMode::msc_uiNone;
         std::string sName = "block " + std::to_string(oPlace.m_uiOffset / gsc_uiBlockSize);
-        unsigned int uiField = oMap.FindLeaf(oPlace.m_uiOffset, bBit ? oPlace.m_uiBit : 0);
-        while (uiField != CZorEdidMap::msc_uiNone && !bBit && oMap.GetField(uiField).m_eId != oPlace.m_eField)
-        {
-            uiField = oMap.GetField(uiField).m_uiGroup;
-        }
+        const unsigned int uiField = FindPlaceField(oMap, oPlace);
         sName += uiField != CZorEdidMap::msc_uiNone ? ": " + GetPath(oMap, uiField) : "";
         if (asNames.insert(sName).second)
         {

@@ -12,6 +12,9 @@
 // "1920x1080@60", "VIC 219".
 std::string GetWantedName(const SWanted& oWanted);
 
+// Whether a mode is the wanted one, or of the wanted code.
+bool IsPlaceOf(const SZorMode& oMode, const SWanted& oWanted);
+
 using CPlaces = std::vector<SZorImageMode>;
 
 // The fields in the order of the image, with their numbers in the library's lists.
@@ -20,6 +23,9 @@ CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted);
 // The codes of a block in the meaning of CTA-861-H, by the offsets of their bytes: of video data blocks, YCbCr 4:2:0
 // video data blocks and HDMI vendor data blocks. Codes that are not published count as well.
 CCodes FindCodes(const CEdidExtBlockCEA861& oCea, const SWanted& oWanted);
+
+// The field of a place in the map of its image.
+unsigned int FindPlaceField(const CZorEdidMap& oMap, const SZorImageMode& oPlace);
 
 // "block 1: Video data block > Short video descriptor 3", each once, joined by commas.
 std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces);

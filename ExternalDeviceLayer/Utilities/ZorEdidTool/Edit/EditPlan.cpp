@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "EdidBase.h"
+#include "EditDisplayId.h"
 #include "ExactTimings.h"
 #include "ModeSources.h"
 #include "NearWord.h"
@@ -258,6 +259,24 @@ std::string ParseCode(const std::string& sText, unsigned int& uiCode)
                : "'" + sText + "' is not a video code from 1 to " + std::to_string(uiMost);
 }
 
+// Of a mode or a code. The DisplayID blocks are edited by parts.
+std::string ParseRemoval(const std::string& sText, SEdit& oEdit)
+{
+    SWanted& oWanted = oEdit.m_oWanted;
+    std::string sProblem;
+    if (oEdit.m_eKind == eEdit_RemoveCode)
+    {
+        sProblem = ParseCode(sText, oWanted.m_uiCode);
+    }
+    else if (!ParseExactMode(sText, oWanted.m_oMode))
+    {
+        sProblem = "'" + sText +
+                   "' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001; 'Hz' may follow";
+    }
+    oEdit.m_fnNamed = [oWanted](CFieldEdits& oFields) { return RemoveFromDisplayId(oFields, oWanted); };
+    return sProblem;
+}
+
 constexpr SEditOption gsc_aoOptions[] = {
     { eEdit_Serial, "--serial", "N", "Set the serial number of the base block, decimal or hexadecimal after 0x" },
     { eEdit_Remove, "--remove", "WxH[i]@R",
@@ -353,13 +372,8 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_AudioRemove:
         return ParsePlainNumber(sValue, oEdit.m_uiNumber);
     case eEdit_Remove:
-        return ParseExactMode(sValue, oEdit.m_oWanted.m_oMode)
-                   ? ""
-                   : "'" + sValue +
-                         "' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001; 'Hz' may "
-                         "follow";
     case eEdit_RemoveCode:
-        return ParseCode(sValue, oEdit.m_oWanted.m_uiCode);
+        return ParseRemoval(sValue, oEdit);
     case eEdit_Preferred:
         return ParseTiming(sValue, oEdit.m_oTiming);
     case eEdit_ColorDepth:

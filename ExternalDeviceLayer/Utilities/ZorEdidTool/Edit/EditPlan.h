@@ -53,7 +53,7 @@ struct SEdit
     CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred
     SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode
     SSetting m_oSetting = {};         // of eEdit_Set
-    CNamedEdit m_fnNamed = {};        // of eEdit_Named
+    CNamedEdit m_fnNamed = {}; // of eEdit_Named; of eEdit_Remove and eEdit_RemoveCode what is done after the rest
 };
 
 // One option of the command line that is an edit.

@@ -80,10 +80,7 @@ std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdi
 {
     std::string sText = std::string(oAnswer.m_oBefore) + " became " + static_cast<const char*>(oAnswer.m_oAfter);
     sText += oAnswer.m_bExact ? "" : ", the nearest";
-    for (unsigned int i = 0; i < oAnswer.m_auiFollowed.GetCount(); ++i)
-    {
-        sText += (i == 0 ? "; followed: " : ", ") + NameField(oMap, oAnswer.m_auiFollowed[i]);
-    }
+    sText += NameFollowed(oMap, oAnswer.m_auiFollowed);
     if (const unsigned int uiOthers = oAnswer.m_auiOthers.GetCount(); uiOthers != 0)
     {
         sText += "; other fields read differently: " + NameField(oMap, oAnswer.m_auiOthers[0]) +
@@ -97,6 +94,16 @@ std::string NameField(const CZorEdidMap& oMap, unsigned int uiField)
 {
     return "block " + std::to_string(oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize) + ": " +
            GetPath(oMap, uiField);
+}
+
+std::string NameFollowed(const CZorEdidMap& oMap, const CZorEdidWriter::CFields& auiFollowed)
+{
+    std::string sText;
+    for (unsigned int i = 0; i < auiFollowed.GetCount(); ++i)
+    {
+        sText += (i == 0 ? "; followed: " : ", ") + NameField(oMap, auiFollowed[i]);
+    }
+    return sText;
 }
 
 std::string ParseField(const std::string& sField, SSetting& oSetting)

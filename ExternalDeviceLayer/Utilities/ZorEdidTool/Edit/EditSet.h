@@ -24,6 +24,9 @@ std::string ParseSetting(const std::string& sText, SSetting& oSetting);
 // "block 1: Video data block > Native"
 std::string NameField(const CZorEdidMap& oMap, unsigned int uiField);
 
+// "; followed: block 1: Checksum"; empty without a field.
+std::string NameFollowed(const CZorEdidMap& oMap, const CZorEdidWriter::CFields& auiFollowed);
+
 // Sets a leaf to a value as CZorEdidWriter::Set takes it. Empty, or the reason of a refusal, which changes nothing.
 // sNote says what the value was, what it became, and which checksums followed. Both begin with the field.
 std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote);

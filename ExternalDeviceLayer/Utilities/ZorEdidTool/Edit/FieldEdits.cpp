@@ -110,6 +110,12 @@ std::string CFieldEdits::SetAll(std::initializer_list<SValue> aoValues)
 
 // ---- Parts ----
 
+std::string CFieldEdits::NameWithValue(unsigned int uiField) const
+{
+    const std::string sValue = static_cast<const char*>(GetMap().GetValue(uiField));
+    return NameField(GetMap(), uiField) + (sValue.empty() ? "" : " " + sValue);
+}
+
 std::string CFieldEdits::Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone)
 {
     if (iResult == 0)
@@ -118,9 +124,7 @@ std::string CFieldEdits::Finish(int iResult, const CZorEdidParts::SAnswer& oAnsw
     }
     if (oAnswer.m_uiField != CZorEdidMap::msc_uiNone)
     {
-        const std::string sValue = static_cast<const char*>(GetMap().GetValue(oAnswer.m_uiField));
-        m_asNotes.push_back(NameField(GetMap(), oAnswer.m_uiField) + (sValue.empty() ? "" : " " + sValue) + " " +
-                            pszDone);
+        m_asNotes.push_back(NameWithValue(oAnswer.m_uiField) + " " + pszDone);
     }
     if (oAnswer.m_uiNewBlock != 0)
     {
@@ -180,11 +184,11 @@ std::string CFieldEdits::AddStandard(const CBytes& aui8Bytes)
 std::string CFieldEdits::Remove(unsigned int uiField)
 {
     CZorEdidParts::SAnswer oAnswer;
-    const std::string sName = NameField(GetMap(), uiField);
+    const std::string sName = NameWithValue(uiField);
     std::string sProblem = Finish(m_oParts.Remove(uiField, oAnswer), oAnswer, "");
     if (sProblem.empty())
     {
-        m_asNotes.push_back(sName + " was removed");
+        m_asNotes.push_back(sName + " was removed" + NameFollowed(GetMap(), oAnswer.m_auiFollowed));
     }
     return sProblem;
 }
@@ -234,9 +238,7 @@ std::string CFieldEdits::PutPayload(EZorEdidField eId, const CBytes& aui8Payload
         Read(aui8Before);
         return sProblem;
     }
-    const unsigned int uiNew = GetMap().FindField(eId);
-    const std::string sValue = static_cast<const char*>(GetMap().GetValue(uiNew));
-    m_asSame.push_back(NameField(GetMap(), uiNew) + (sValue.empty() ? "" : " " + sValue) + " took its place");
+    m_asSame.push_back(NameWithValue(GetMap().FindField(eId)) + " took its place");
     return "";
 }
 

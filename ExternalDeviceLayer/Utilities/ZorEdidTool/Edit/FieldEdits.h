@@ -63,6 +63,7 @@ public:
     std::vector<std::string> TakeNotes();
 
 private:
+    std::string NameWithValue(unsigned int uiField) const;
     std::string Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone);
     std::string SetBy(unsigned int uiField, const std::string& sValue);
     void Read(const CBytes& aui8Image);

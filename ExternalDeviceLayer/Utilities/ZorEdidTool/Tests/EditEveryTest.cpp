@@ -17,6 +17,7 @@
 #include "CEdidTestImages.h"
 #include "EditImage.h"
 #include "EditVerify.h"
+#include "FieldEdits.h"
 #include "Messages.h"
 #include "TestBytes.h"
 #include "ZorEdidMap.h"
@@ -245,6 +246,19 @@ SEdit MakeEdit(EEditKind eKind, const std::string& sValue)
     return {};
 }
 
+// What modes have in DisplayID blocks.
+std::string RemoveParts(const std::vector<SEdit>& aoEdits, CBytes& aui8Edited)
+{
+    CFieldEdits oFields(aui8Edited);
+    std::string sReason;
+    for (const SEdit& oEdit : aoEdits)
+    {
+        sReason = sReason.empty() && oEdit.m_fnNamed != nullptr ? oEdit.m_fnNamed(oFields) : sReason;
+    }
+    aui8Edited = oFields.GetBytes();
+    return sReason;
+}
+
 // Empty, or the reason of a refusal.
 std::string ApplyAll(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited)
 {
@@ -260,7 +274,7 @@ std::string ApplyAll(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits,
     }
     aui8Edited = oImage.GetBytes();
     const std::string sFault = VerifyEdits(aui8Image, aui8Edited, oImage.GetBlocks());
-    return sFault.empty() ? "" : "internal fault: " + sFault;
+    return sFault.empty() ? RemoveParts(aoEdits, aui8Edited) : "internal fault: " + sFault;
 }
 
 // What an edit may do to the lists that it names.
@@ -635,7 +649,7 @@ void TryMode(const std::string& sImage, const CBytes& aui8Image, const SEdit& oE
     for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
     {
         for (const char* pszName : { "standard ", "codes ", "video blocks ", "hdmi ", "hdmi video ", "4:2:0 video ",
-                                     "natives ", "3d ", "detailed " })
+                                     "natives ", "3d ", "detailed ", "bytes " })
         {
             oNamed[pszName + std::to_string(i)] = IsAny;
         }

@@ -49,6 +49,20 @@ def extended(*blocks):
     return fix_sums(IMAGE[:126] + bytes([1 + len(blocks)]) + IMAGE[127:]) + b"".join(blocks)
 
 
+def section(data_blocks, version=0x12):
+    """The image with a DisplayID block of these data blocks."""
+    area = bytes.fromhex(data_blocks)
+    section = bytes([version, len(area), 0, 0]) + area
+    return extended(fix_sums((b"\x70" + section + bytes([-sum(section) % 256])).ljust(128, b"\0")))
+
+
+# Records of DisplayID, after their clocks: 1600x900, at 120 and 100 MHz 60 and 50 Hz.
+TYPE_1 = "043f068f012f801f0083036300028004" "00"
+TYPE_2 = "0cc7625383036324"
+TYPE_6 = "3f0683038f2f011f630204"
+SIZE = "3f068303"  # of those by formula
+
+
 class Edits(unittest.TestCase):
     def test_the_image_is_what_the_tests_take_it_for(self):
         self.assertEqual(IMAGE, cea(VIDEO + AUDIO + SPEAKER + HDMI))
@@ -148,8 +162,10 @@ class Edits(unittest.TestCase):
                  "1280x720@59.94"),
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
                  "block 0: Detailed timing: the preferred timing can only be replaced, by --preferred"),
-                (extended(fix_sums(bytes([0x70, 0x12, 13, 0, 0, 7, 0, 10] + [0] * 9 + [0x10]).ljust(128, b"\0"))),
-                 "--remove 2560x1600@60 --serial 1", "> 2560 x 1600 @ 60 Hz: only --remove-part and --set reach DisplayID blocks"),
+                (section("810002" "4161", 0x20), "--remove 3840x2160@60 --serial 1",
+                 ": only --set reaches CTA-861 data blocks in a DisplayID block"),
+                (section("13001f" "bfd401" + TYPE_6 + "9f8641" + TYPE_6 + "000000"), "--remove 1600x900@60 --serial 1",
+                 "have different lengths, and only --remove-part removes them, together"),
                 (extended(fix_sums(bytes([0x10, 1, 1, 0, 0]) + IMAGE[162:180] + bytes(105))),
                  "--remove 720x480@59.94 --serial 1",
                  "edits do not reach video timing blocks")):
@@ -163,6 +179,39 @@ class Edits(unittest.TestCase):
                       edit(IMAGE, "--remove-vic", "4")[2])
         self.assertEqual((0, "zoredid: -: --remove 720x480@60: 720x480@59.94 stays: block 1: Detailed timing 0\n"),
                          edit(IMAGE, "--remove", "720x480@60")[::2])
+
+    def test_modes_go_from_displayid(self):
+        for version, data_blocks, arguments, expected in (
+                (0x12, "030128" "df2e00" + TYPE_1 + "0f2700" + TYPE_1, "--remove 1600x900@60", "030114" "0f2700" + TYPE_1),
+                (0x12, "130014" + "00" * 20 + "040016" "df2e00" + TYPE_2 + "0f2700" + TYPE_2, "--remove 1600x900@50",
+                 "130014" + "00" * 20 + "04000b" "df2e00" + TYPE_2),
+                (0x12, "050006" "04c73b" "04c731", "--remove 1600x900@60", "050003" "04c731"),
+                # The same mode as a code, in another list of bits, and by formula: data blocks go with their last one.
+                (0x12, "060101" "53" "060102" "5351" "11000e" "0000" + SIZE + "3b" "0000" + SIZE + "31",
+                 "--remove 1600x900@60", "060101" "51" "110007" "0000" + SIZE + "31"),
+                (0x12, "07000a" + "00" * 9 + "30", "--remove 2560x1600@60", "07000a" + "00" * 9 + "20"),
+                (0x12, "080008" + "00" * 7 + "88", "--remove-vic 60", "080008" + "00" * 7 + "80"),
+                (0x12, "13001c" "bfd401" + TYPE_6 + "9f8601" + TYPE_6, "--remove 1600x900@60 --remove 1600x900@50", ""),
+                (0x20, "221015" "bfd401" + TYPE_1 + "ee" "220014" "9f8601" + TYPE_1, "--remove 1600x900@60",
+                 "220014" "9f8601" + TYPE_1),
+                (0x20, "234804" "61007600", "--remove-vic 97", "234802" "7600"),
+                (0x20, "24000c" "01" + SIZE + "3b" "01" + SIZE + "31", "--remove 1600x900@50", "240006" "01" + SIZE + "3b"),
+                # A formula with 1000/1001 of the rate: alone, or with it.
+                (0x20, "2a0006" "12" + SIZE + "3b", "--remove 1600x900@59.94", "2a0006" "02" + SIZE + "3b"),
+                (0x20, "2a0006" "12" + SIZE + "3b", "--remove 1600x900@60", "")):
+            with self.subTest(arguments, data_blocks=data_blocks):
+                status, out, error = edit(section(data_blocks, version), *arguments.split())
+                self.assertEqual((0, section(expected, version).hex()), (status, out.hex()), error)
+                self.assertIn("; followed: block 2: ", error)
+        two = section("030128" "df2e00" + TYPE_1 + "0f2700" + TYPE_1)
+        self.assertRegex(run("-", "--dry-run", "--diff", "--remove", "1600x900@60", data=two)[1].decode(),
+                         r"\Aremoved: 1600 x +900p @ +60\.000 Hz .*\n\Z")
+        # From the other blocks by the same edit.
+        status, out, error = edit(section("080008" "000004" "0000000000"), "--remove", "1280x720@50")
+        self.assertEqual((0, edit(IMAGE, "--remove", "1280x720@50")[1][128:].hex(), section("080008" + "00" * 8)[256:].hex()),
+                         (status, out[128:256].hex(), out[256:].hex()), error)
+        self.assertIn("was marked as preferred\n",
+                      edit(section("030114" "df2e0084" + TYPE_1[2:]), "--remove", "1600x900@60")[2])
 
     def test_many_blocks_of_one_code(self):
         """In time: 255 blocks of 90 times VIC 1."""

@@ -1,4 +1,5 @@
-// CZorEdidRepair: the notes of the map that have one right answer, then the checksums.
+// CZorEdidRepair: the header and the number of blocks, the notes of the map that have one right answer, then the
+// checksums.
 
 #include "ZorEdidRepair.h"
 
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "EdidBase.h"
 #include "EdidUtils.h"
 #include "Standards/ExtensionBlocks.h"
 #include "Standards/Modes.h"
@@ -36,9 +38,31 @@ constexpr SFill gsc_aoFills[] = {
 enum ERepairs
 {
     eRepairs_All,
-    eRepairs_NoCounts, // a count may take in blocks that contradict others
+    eRepairs_NoCounts, // of sections: it may take in data blocks that contradict others
     eRepairs_Sums,
     eRepairs_None
+};
+
+// What one repair works on.
+struct SWork
+{
+    CMArray<unsigned char, const unsigned char&>& m_aui8Data;
+    CMArray<SZorRepair, const SZorRepair&>& m_aoRepairs;
+    CMArray<SZorWithheld, const SZorWithheld&>& m_aoWithheld;
+    const CMArray<EZorEdidRule, EZorEdidRule>& m_aeLeftOut;
+
+    bool IsLeftOut(EZorEdidRule eRule) const
+    {
+        const EZorEdidRule* peFirst = m_aeLeftOut.GetData();
+        return std::find(peFirst, peFirst + m_aeLeftOut.GetCount(), eRule) != peFirst + m_aeLeftOut.GetCount();
+    }
+    void Withhold(EZorEdidRule eRule, unsigned int uiOffset, const char* pszReason) const
+    {
+        if (!IsLeftOut(eRule))
+        {
+            m_aoWithheld.Add({ eRule, uiOffset, pszReason });
+        }
+    }
 };
 
 bool IsErased(const unsigned char* pui8Block)
@@ -51,18 +75,20 @@ bool IsErased(const unsigned char* pui8Block)
 class CRepairs
 {
 public:
-    CRepairs(CMArray<unsigned char, const unsigned char&>& aui8Data, CMArray<SZorRepair, const SZorRepair&>& aoRepairs,
-             ERepairs eMost)
-        : m_aui8Data(aui8Data), m_aoRepairs(aoRepairs), m_eMost(eMost)
+    explicit CRepairs(const SWork& oWork) : m_oWork(oWork), m_aui8Data(oWork.m_aui8Data)
     {
         m_oMap.Read(m_aui8Data.GetCount(), m_aui8Data.GetData());
     }
 
-    void RepairNotes()
+    void RepairNotes(bool bSectionCounts)
     {
-        for (unsigned int i = 0; i < m_oMap.GetNoteCount() && m_eMost < eRepairs_Sums; ++i)
+        for (unsigned int i = 0; i < m_oMap.GetNoteCount(); ++i)
         {
             const CZorEdidMap::SNote& oNote = m_oMap.GetNote(i);
+            if (m_oWork.IsLeftOut(oNote.m_eRule))
+            {
+                continue;
+            }
             const CZorEdidMap::SField& oField = m_oMap.GetField(oNote.m_uiField);
             const SFill* poFill = std::ranges::find(gsc_aoFills, oNote.m_eRule, &SFill::m_eRule);
             if (poFill != std::end(gsc_aoFills))
@@ -73,21 +99,51 @@ public:
             {
                 Fill(oNote.m_eRule, oField.m_uiOffset, gsc_uiStandardTimingSize, gsc_uiUnusedStandard);
             }
-            else if (oNote.m_eRule == eZorEdidRule_BlockNotCounted && m_eMost == eRepairs_All)
-            {
-                RepairBlockCount(oNote.m_eRule);
-            }
-            else if (oNote.m_eRule == eZorEdidRule_DisplayIdSections && m_eMost == eRepairs_All)
+            else if (oNote.m_eRule == eZorEdidRule_DisplayIdSections && bSectionCounts)
             {
                 RepairSectionCount(oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize);
             }
         }
     }
 
-    // Of all blocks that are counted: what was repaired in them has changed their sums. Those that were right are
-    // not named. What follows these blocks may be anything.
-    void RepairChecksums()
+    // Only upwards: where blocks are missing, the dump was cut or the count is wrong, and no byte says which.
+    void RepairBlockCount()
     {
+        const unsigned int uiBlocks = m_oMap.GetSize() / gsc_uiBlockSize;
+        if (uiBlocks == 0 || uiBlocks > gsc_uiMostBlocks)
+        {
+            return;
+        }
+        const unsigned int uiPlace = FindExtensionCount(m_oMap.GetData(), m_oMap.GetSize());
+        const unsigned int uiCount = m_oMap.GetData()[uiPlace];
+        if (uiCount >= uiBlocks)
+        {
+            m_oWork.Withhold(eZorEdidRule_BlocksMissing, uiPlace,
+                             "blocks were cut off, or the number is wrong, and no byte says which");
+            return;
+        }
+        const bool bWhole = m_oMap.GetSize() % gsc_uiBlockSize == 0;
+        const char* pszReason = bWhole || uiCount + 1 == uiBlocks ? nullptr : "the last block is cut short";
+        unsigned int uiBlock = uiCount + 1;
+        while (pszReason == nullptr && uiBlock < uiBlocks)
+        {
+            pszReason = FindUnsound(uiBlock++);
+        }
+        if (pszReason != nullptr)
+        {
+            m_oWork.Withhold(eZorEdidRule_BlockNotCounted, (uiBlock - 1) * gsc_uiBlockSize, pszReason);
+        }
+        else if (bWhole && !m_oWork.IsLeftOut(eZorEdidRule_BlockNotCounted))
+        {
+            Set(eZorEdidRule_BlockNotCounted, uiPlace, uiBlocks - 1);
+        }
+    }
+
+    // Of all blocks that are counted: what was repaired in them has changed their sums. Those that were right are
+    // not named. What follows these blocks may be anything. bWrongToo: those as well that were wrong before.
+    void RepairChecksums(bool bWrongToo)
+    {
+        m_bWrongToo = bWrongToo && !m_oWork.IsLeftOut(eZorEdidRule_Checksum);
         const unsigned int uiBlocks = 1 + CountExtensions(m_aui8Data.GetData(), m_aui8Data.GetCount());
         const unsigned int uiEnd = std::min(m_aui8Data.GetCount(), uiBlocks * gsc_uiBlockSize);
         for (unsigned int uiBlock = 0; uiBlock + gsc_uiBlockSize <= uiEnd; uiBlock += gsc_uiBlockSize)
@@ -109,7 +165,7 @@ private:
     void Fill(EZorEdidRule eRule, unsigned int uiOffset, unsigned int uiLength, unsigned char ui8Value)
     {
         memset(m_aui8Data.GetData() + uiOffset, ui8Value, uiLength);
-        m_aoRepairs.Add({ eRule, uiOffset, uiLength });
+        m_oWork.m_aoRepairs.Add({ eRule, uiOffset, uiLength });
     }
 
     void Set(EZorEdidRule eRule, unsigned int uiOffset, unsigned int uiValue)
@@ -130,38 +186,40 @@ private:
     void StoreChecksum(unsigned int uiFirst, unsigned int uiSize)
     {
         const unsigned int uiOffset = uiFirst + uiSize - 1;
+        const bool bWrong = m_oMap.GetField(m_oMap.FindLeaf(uiOffset, 0)).m_uiNotes != 0;
+        if (bWrong && !m_bWrongToo)
+        {
+            return;
+        }
         const unsigned char ui8Before = m_aui8Data[uiOffset];
         CEdidUtils::StoreChecksum(uiSize, m_aui8Data.GetData() + uiFirst);
-        const CZorEdidMap::SField& oField = m_oMap.GetField(m_oMap.FindLeaf(uiOffset, 0));
-        if (m_aui8Data[uiOffset] != ui8Before && oField.m_uiNotes != 0)
+        if (m_aui8Data[uiOffset] != ui8Before && bWrong)
         {
-            m_aoRepairs.Add({ eZorEdidRule_Checksum, uiOffset, 1 });
+            m_oWork.m_aoRepairs.Add({ eZorEdidRule_Checksum, uiOffset, 1 });
         }
     }
 
-    // A block that a count may take in: whole, of a known kind, its sum right.
-    bool IsSound(unsigned int uiBlock) const
+    // Why a count may not take in a block; null where it may: of a known kind, its sum right, no copy of another one,
+    // as dumps have that read past the end.
+    const char* FindUnsound(unsigned int uiBlock) const
     {
         const unsigned char* pui8Block = m_oMap.GetData() + uiBlock * gsc_uiBlockSize;
-        return pui8Block[0] != 0 && CZorEdidMap::GetBlockKind(pui8Block[0]) != nullptr &&
-               CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, pui8Block) == 0;
-    }
-
-    // Only upwards: where blocks are missing, the dump was cut or the count is wrong, and no byte says which.
-    void RepairBlockCount(EZorEdidRule eRule)
-    {
-        const unsigned int uiPresent = m_oMap.GetSize() / gsc_uiBlockSize - 1;
-        const unsigned int uiPlace = FindExtensionCount(m_oMap.GetData(), m_oMap.GetSize());
-        unsigned int uiCount = m_oMap.GetData()[uiPlace];
-        bool bSound = m_oMap.GetSize() % gsc_uiBlockSize == 0 && uiPresent < gsc_uiMostBlocks;
-        while (bSound && uiCount < uiPresent)
+        if (pui8Block[0] == 0 || CZorEdidMap::GetBlockKind(pui8Block[0]) == nullptr)
         {
-            bSound = IsSound(++uiCount);
+            return "the block is of no known kind";
         }
-        if (bSound)
+        if (CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, pui8Block) != 0)
         {
-            Set(eRule, uiPlace, uiPresent);
+            return "the checksum of the block is wrong";
         }
+        for (unsigned int i = 1; i < uiBlock; ++i)
+        {
+            if (memcmp(pui8Block, m_oMap.GetData() + i * gsc_uiBlockSize, gsc_uiBlockSize) == 0)
+            {
+                return "the block is a copy of an earlier one";
+            }
+        }
+        return nullptr;
     }
 
     // The first section counts those that follow.
@@ -177,22 +235,75 @@ private:
     }
 
     CZorEdidMap m_oMap; // of the bytes before this round
+    const SWork& m_oWork;
     CMArray<unsigned char, const unsigned char&>& m_aui8Data;
-    CMArray<SZorRepair, const SZorRepair&>& m_aoRepairs;
-    ERepairs m_eMost;
+    bool m_bWrongToo = false;
 };
 
-void Repair(CMArray<unsigned char, const unsigned char&>& aui8Data, CMArray<SZorRepair, const SZorRepair&>& aoRepairs,
-            ERepairs eMost)
+// Whether the header is right now, or there is none to look at. Without it the base block is damaged, and the one thing
+// that tells how is its checksum.
+bool RepairHeader(const SWork& oWork)
+{
+    constexpr unsigned int uiMostWrong = 2;
+    unsigned char* pui8Block = oWork.m_aui8Data.GetData();
+    if (oWork.m_aui8Data.GetCount() < gsc_uiBlockSize || oWork.IsLeftOut(eZorEdidRule_BaseHeader))
+    {
+        return true;
+    }
+    unsigned int uiWrong = 0;
+    unsigned int uiFirst = 0;
+    unsigned int uiEnd = 0;
+    for (unsigned int i = 0; i < sizeof(EDID_V1_HEADER); ++i)
+    {
+        if (pui8Block[i] != EDID_V1_HEADER[i])
+        {
+            uiFirst = uiWrong++ == 0 ? i : uiFirst;
+            uiEnd = i + 1;
+        }
+    }
+    if (uiWrong == 0)
+    {
+        return true;
+    }
+    unsigned char aui8Right[gsc_uiBlockSize];
+    memcpy(aui8Right, pui8Block, gsc_uiBlockSize);
+    memcpy(aui8Right, EDID_V1_HEADER, sizeof(EDID_V1_HEADER));
+    if (uiWrong > uiMostWrong)
+    {
+        oWork.Withhold(eZorEdidRule_BaseHeader, 0, "more than two of its bytes are wrong");
+        return false;
+    }
+    if (CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, aui8Right) != 0)
+    {
+        oWork.Withhold(eZorEdidRule_BaseHeader, 0, "the checksum does not confirm the right one");
+        return false;
+    }
+    memcpy(pui8Block, EDID_V1_HEADER, sizeof(EDID_V1_HEADER));
+    oWork.m_aoRepairs.Add({ eZorEdidRule_BaseHeader, uiFirst, uiEnd - uiFirst });
+    return true;
+}
+
+void RepairCount(const SWork& oWork)
+{
+    CRepairs oRepairs(oWork);
+    oRepairs.RepairBlockCount();
+    oRepairs.RepairChecksums(false);
+}
+
+void RepairRest(const SWork& oWork, ERepairs eMost)
 {
     // A count that is right now may show others that are wrong.
     constexpr unsigned int uiMostRounds = 3;
-    for (unsigned int i = 0, uiBefore = 0; i == 0 || (i < uiMostRounds && aoRepairs.GetCount() != uiBefore); ++i)
+    for (unsigned int i = 0, uiBefore = 0; i == 0 || (i < uiMostRounds && oWork.m_aoRepairs.GetCount() != uiBefore);
+         ++i)
     {
-        uiBefore = aoRepairs.GetCount();
-        CRepairs oRepairs(aui8Data, aoRepairs, eMost);
-        oRepairs.RepairNotes();
-        oRepairs.RepairChecksums();
+        uiBefore = oWork.m_aoRepairs.GetCount();
+        CRepairs oRepairs(oWork);
+        if (eMost < eRepairs_Sums)
+        {
+            oRepairs.RepairNotes(eMost == eRepairs_All);
+        }
+        oRepairs.RepairChecksums(true);
     }
 }
 
@@ -234,6 +345,50 @@ private:
 
     CZorEdidCheck m_oCheck;
 };
+// Less is repaired where a repair would cause what was not found before. A block that is counted now has findings of
+// its own, which are no reason to leave it uncounted.
+void RepairWithoutHarm(const SWork& oWork)
+{
+    const CMArray<unsigned char, const unsigned char&> aui8Before = oWork.m_aui8Data;
+    const CMArray<SZorRepair, const SZorRepair&> aoBefore = oWork.m_aoRepairs;
+    RepairRest(oWork, eRepairs_All);
+    if (oWork.m_aoRepairs.GetCount() == aoBefore.GetCount())
+    {
+        return;
+    }
+    const unsigned int uiSize = aui8Before.GetCount();
+    const CFound oBefore(uiSize, aui8Before.GetData());
+    const CMArray<SZorRepair, const SZorRepair&> aoWanted = oWork.m_aoRepairs;
+    for (unsigned int i = eRepairs_NoCounts; !oBefore.HasAllOf(CFound(uiSize, oWork.m_aui8Data.GetData())); ++i)
+    {
+        oWork.m_aui8Data = aui8Before;
+        oWork.m_aoRepairs = aoBefore;
+        if (i == eRepairs_None)
+        {
+            break;
+        }
+        RepairRest(oWork, static_cast<ERepairs>(i));
+    }
+    const SZorRepair* poFirst = oWork.m_aoRepairs.GetData();
+    for (unsigned int i = 0; i < aoWanted.GetCount(); ++i)
+    {
+        const SZorRepair& oWanted = aoWanted[i];
+        if (std::none_of(poFirst, poFirst + oWork.m_aoRepairs.GetCount(), [&](const SZorRepair& oDone) {
+                return oDone.m_eRule == oWanted.m_eRule && oDone.m_uiOffset == oWanted.m_uiOffset;
+            }))
+        {
+            oWork.Withhold(oWanted.m_eRule, oWanted.m_uiOffset, "it would cause a finding that was not there");
+        }
+    }
+}
+
+template <class ARRAY>
+void SortByOffset(ARRAY& aoAll)
+{
+    auto* poFirst = aoAll.GetData();
+    std::sort(poFirst, poFirst + aoAll.GetCount(),
+              [](const auto& oOne, const auto& oOther) { return oOne.m_uiOffset < oOther.m_uiOffset; });
+}
 } // namespace
 
 int CZorEdidRepair::Read(unsigned int uiSize, const unsigned char* pui8Data)
@@ -247,29 +402,19 @@ int CZorEdidRepair::Read(unsigned int uiSize, const unsigned char* pui8Data)
         memcpy(aui8Data.GetData(), pui8Data, uiSize);
     }
     m_aoRepairs.RemoveAll();
+    m_aoWithheld.RemoveAll();
     m_aui8Data = aui8Data;
     if (!bGood || m_aui8Data.GetCount() != uiSize)
     {
         return 0;
     }
-    Repair(m_aui8Data, m_aoRepairs, eRepairs_All);
-    if (m_aoRepairs.GetCount() != 0)
+    const SWork oWork = { m_aui8Data, m_aoRepairs, m_aoWithheld, m_aeLeftOut };
+    if (RepairHeader(oWork))
     {
-        // Less is repaired where a repair would cause what was not found before.
-        const CFound oBefore(uiSize, aui8Data.GetData());
-        for (unsigned int i = eRepairs_NoCounts; !oBefore.HasAllOf(CFound(uiSize, m_aui8Data.GetData())); ++i)
-        {
-            memcpy(m_aui8Data.GetData(), aui8Data.GetData(), uiSize);
-            m_aoRepairs.RemoveAll();
-            if (i == eRepairs_None)
-            {
-                break;
-            }
-            Repair(m_aui8Data, m_aoRepairs, static_cast<ERepairs>(i));
-        }
+        RepairCount(oWork);
+        RepairWithoutHarm(oWork);
     }
-    SZorRepair* poFirst = m_aoRepairs.GetData();
-    std::sort(poFirst, poFirst + m_aoRepairs.GetCount(),
-              [](const SZorRepair& oOne, const SZorRepair& oOther) { return oOne.m_uiOffset < oOther.m_uiOffset; });
+    SortByOffset(m_aoRepairs);
+    SortByOffset(m_aoWithheld);
     return 1;
 }

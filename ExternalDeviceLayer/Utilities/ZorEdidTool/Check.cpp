@@ -211,25 +211,34 @@ void CheckFiles(SCheckOptions& oOptions, STool& oTool)
 
 // ---- Repairs ----
 
-// A line for each repair, by the fields of the image as it was.
+// A line for each repair, by the fields of the image as it was, and then for what was left.
 std::string DescribeRepairs(const SInput& oInput, const CZorEdidRepair& oRepair)
 {
-    constexpr unsigned int uiHighestBit = 7;
     CZorEdidMap oMap;
     oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
-    std::string sText;
+    const auto fnLine = [&](unsigned int uiOffset, const char* pszDone, EZorEdidRule eRule, const std::string& sHow) {
+        constexpr unsigned int uiHighestBit = 7;
+        const SZorEdidRule& oRule = *FindZorEdidRule(eRule);
+        SFinding oPlace = {};
+        oPlace.m_uiBlock = uiOffset / CEdidUtils::msc_uiBlockSize;
+        oPlace.m_uiOffset = uiOffset % CEdidUtils::msc_uiBlockSize;
+        oPlace.m_sField = GetPath(oMap, oMap.FindLeaf(uiOffset, uiHighestBit));
+        return ShowName(oInput.m_sName) + ": " + DescribePlace(oPlace) + ": " + pszDone + ": " + oRule.m_pszWhat +
+               ": " + sHow + " [" + oRule.m_pszId + "]\n";
+    };
+    std::string sText = oRepair.GetCount() != 0 ? "" : ShowName(oInput.m_sName) + ": nothing to repair\n";
     for (unsigned int i = 0; i < oRepair.GetCount(); ++i)
     {
         const SZorRepair& oOne = oRepair.Get(i);
-        const SZorEdidRule& oRule = *FindZorEdidRule(oOne.m_eRule);
-        SFinding oPlace = {};
-        oPlace.m_uiBlock = oOne.m_uiOffset / CEdidUtils::msc_uiBlockSize;
-        oPlace.m_uiOffset = oOne.m_uiOffset % CEdidUtils::msc_uiBlockSize;
-        oPlace.m_sField = GetPath(oMap, oMap.FindLeaf(oOne.m_uiOffset, uiHighestBit));
-        sText += ShowName(oInput.m_sName) + ": " + DescribePlace(oPlace) + ": repaired: " + oRule.m_pszWhat +
-                 FormatText(": 0x%02x is now 0x%02x", oInput.m_aui8Bytes[oOne.m_uiOffset],
-                            oRepair.GetData()[oOne.m_uiOffset]) +
-                 (oOne.m_uiLength > 1 ? FormatText(", %u bytes", oOne.m_uiLength) : "") + " [" + oRule.m_pszId + "]\n";
+        sText += fnLine(oOne.m_uiOffset, "repaired", oOne.m_eRule,
+                        FormatText("0x%02x is now 0x%02x", oInput.m_aui8Bytes[oOne.m_uiOffset],
+                                   oRepair.GetData()[oOne.m_uiOffset]) +
+                            (oOne.m_uiLength > 1 ? FormatText(", %u bytes", oOne.m_uiLength) : ""));
+    }
+    for (unsigned int i = 0; i < oRepair.GetWithheldCount(); ++i)
+    {
+        const SZorWithheld& oOne = oRepair.GetWithheld(i);
+        sText += fnLine(oOne.m_uiOffset, "not repaired", oOne.m_eRule, oOne.m_pszReason);
     }
     return sText;
 }
@@ -243,6 +252,15 @@ void FixFile(const SCheckOptions& oOptions, STool& oTool)
         return;
     }
     CZorEdidRepair oRepair;
+    const CRuleSet oIgnored = ListIgnored(oOptions);
+    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
+    {
+        const EZorEdidRule eRule = GetZorEdidRule(i).m_eRule;
+        if (oIgnored.Has(eRule))
+        {
+            oRepair.LeaveOut(eRule);
+        }
+    }
     oRepair.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
     const std::vector<unsigned char> aui8Fixed(oRepair.GetData(), oRepair.GetData() + oRepair.GetSize());
     const SWritten oWritten = WriteImage(oOptions.m_sFixed, aui8Fixed, oOptions.m_bForce);
@@ -251,11 +269,10 @@ void FixFile(const SCheckOptions& oOptions, STool& oTool)
     {
         return;
     }
-    const std::string sRepairs =
-        oRepair.GetCount() != 0 ? DescribeRepairs(oInput, oRepair) : ShowName(oInput.m_sName) + ": nothing to repair\n";
+    const std::string sRepairs = DescribeRepairs(oInput, oRepair);
     oInput.m_aui8Bytes = aui8Fixed;
     SCounts oCounts;
-    SOutcome oOutcome = CheckInput(oInput, oOptions, ListIgnored(oOptions), oCounts);
+    SOutcome oOutcome = CheckInput(oInput, oOptions, oIgnored, oCounts);
     oOutcome.m_sOut = sRepairs + oOutcome.m_sOut;
     if (IsStandardOutput(oOptions.m_sFixed))
     {

@@ -35,7 +35,11 @@ TEST(Repair, OneRightAnswer)
     const SCase aoCases[] = {
         { "nothing to do", 0, "00", true, {}, true },
         { "checksum", 0xFF, "00", false, { eZorEdidRule_Checksum }, true },
-        { "blocks that break rules once counted", 126, "01", true, {}, false },
+        { "blocks that are copies", 126, "01", true, {}, false },
+        { "header, with the checksum of the right one", 6, "FE 04", false, { eZorEdidRule_BaseHeader }, true },
+        { "header, sealed as it is", 6, "FE", true, {}, false },
+        { "header and another byte", 7, "01 00", false, {}, false },
+        { "more of the header", 1, "FE FE FE", false, {}, false },
         { "fewer blocks than counted", 126, "09", true, {}, false },
         { "not counted, and not sound", 126, "01", false, {}, false },
         { "blanks of a text", 0x50, "00 00", true, { eZorEdidRule_Blanks }, true },
@@ -115,6 +119,46 @@ TEST(Repair, CountsAndFillers)
     CZorEdidRepair oRepair;
     ASSERT_EQ(1, oRepair.Read(static_cast<unsigned int>(aui8Erased.size()), aui8Erased.data()));
     EXPECT_EQ(0xFF, oRepair.GetData()[oRepair.GetSize() - 1]);
+}
+
+std::vector<EZorEdidRule> ListWithheld(const CZorEdidRepair& oRepair)
+{
+    std::vector<EZorEdidRule> aeRules;
+    for (unsigned int i = 0; i < oRepair.GetWithheldCount(); ++i)
+    {
+        aeRules.push_back(oRepair.GetWithheld(i).m_eRule);
+    }
+    return aeRules;
+}
+
+// What a block that is counted now has against it is no reason not to count it; and who ignores a rule keeps its fault,
+// but gets right sums for what else is repaired.
+TEST(Repair, WhatIsLeft)
+{
+    const auto fnRead = [](CZorEdidRepair& oRepair, const CBytes& aui8Image) {
+        oRepair.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+        return CBytes(oRepair.GetData(), oRepair.GetData() + oRepair.GetSize());
+    };
+    CBytes aui8Cta = MakeCeaBlock();
+    aui8Cta[1] = 4; // no such revision
+    const CBytes aui8Good = FixChecksums(MakeEdid({ FixChecksums(aui8Cta) }));
+    CBytes aui8Bad = FixChecksums(WithChange(aui8Good, 126, 0));
+    CZorEdidRepair oRepair;
+    EXPECT_EQ(aui8Good, fnRead(oRepair, aui8Bad));
+    EXPECT_EQ("", CheckRepair(aui8Bad));
+    EXPECT_EQ(std::vector<EZorEdidRule>(), ListWithheld(oRepair));
+    aui8Bad.back() ^= 1;
+    EXPECT_EQ(aui8Bad, fnRead(oRepair, aui8Bad));
+    EXPECT_EQ(std::vector{ eZorEdidRule_BlockNotCounted }, ListWithheld(oRepair));
+    EXPECT_EQ(aui8Good.size() - gsc_uiBlockSize, oRepair.GetWithheld(0).m_uiOffset);
+
+    CZorEdidRepair oLeaving;
+    oLeaving.LeaveOut(eZorEdidRule_Checksum);
+    oLeaving.LeaveOut(eZorEdidRule_BlockNotCounted);
+    EXPECT_EQ(aui8Bad, fnRead(oLeaving, aui8Bad));
+    EXPECT_EQ(0U, oLeaving.GetCount() + oLeaving.GetWithheldCount());
+    const CBytes aui8Padding = FixChecksums(WithChange(MakeGood(), 0xA0, 0xFF));
+    EXPECT_EQ(MakeGood(), fnRead(oLeaving, aui8Padding));
 }
 
 TEST(Repair, RefusesNothingAndNoBytes)

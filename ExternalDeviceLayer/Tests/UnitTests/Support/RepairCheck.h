@@ -1,5 +1,5 @@
 // What the repair of any image must keep to: it changes what it names, what it names is right afterwards, it causes no
-// finding, and there is nothing left for a second one.
+// finding but those of blocks that it counts, and there is nothing left for a second one.
 
 #pragma once
 
@@ -56,8 +56,18 @@ inline std::string CheckRepair(const CBytes& aui8Image)
     }
     CZorEdidMap oMap;
     oMap.Read(oRepair.GetSize(), oRepair.GetData());
+    // Of the image with the header and the count that it has now, as these make more of it known.
+    CBytes aui8Read = aui8Image;
+    for (unsigned int i = 0; i < oRepair.GetCount(); ++i)
+    {
+        const SZorRepair& oOne = oRepair.Get(i);
+        if (oOne.m_eRule == eZorEdidRule_BaseHeader || oOne.m_eRule == eZorEdidRule_BlockNotCounted)
+        {
+            std::copy_n(aui8Repaired.begin() + oOne.m_uiOffset, oOne.m_uiLength, aui8Read.begin() + oOne.m_uiOffset);
+        }
+    }
     CZorEdidMap oBefore;
-    oBefore.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    oBefore.Read(static_cast<unsigned int>(aui8Read.size()), aui8Read.data());
     const std::set<std::string> oOld = ListFindings(oBefore);
     for (const std::string& sFinding : ListFindings(oMap))
     {

@@ -711,6 +711,11 @@ class CheckTest(ToolTest):
         with open(out, "rb") as file:
             self.assertEqual(file.read(), MONITOR)
         self.assertIn("exists already", run("check", "--fix", out, bad, status=3)[1])
+        ignored = run("check", "--force", "--ignore", "block.not-counted", "--fix", out, bad, status=0)[0]
+        self.assertNotIn("block.not-counted", ignored)
+        damaged = self.save(b"\0\1" + MONITOR[2:9] + b"\0" + MONITOR[10:], "damaged.bin")
+        self.assertIn("not repaired: not the header of a base block: the checksum does not confirm the right one [base.",
+                      run("check", "--force", "--fix", out, damaged, status=1)[0])
         # Of a file with two EDIDs the one that is chosen, and a copy of what needs no repair.
         two = self.save(MONITOR + MONITOR[:-1] + b"\0", "two.bin")
         for image, repairs in (("1", "nothing to repair"), ("2", "0x00 is now 0x73")):

@@ -312,7 +312,7 @@ std::string CEditImage::ApplyOne(const SEdit& oEdit)
     case eEdit_RemoveEstablished:
         return RemoveEstablished(oEdit.m_uiNumber);
     case eEdit_Preferred:
-        return SetPreferred(oEdit.m_oTiming);
+        return SetPreferred(oEdit);
     case eEdit_ColorDepth:
         return SetColorDepth(oEdit.m_uiNumber);
     case eEdit_DeepColor:

@@ -24,6 +24,8 @@ struct SBlockEdits
 {
     bool m_bChecksum = false; // repaired
     // Any block.
+    bool m_bNativeCleared =
+        false;            // the base block's bit, or a CTA-861 block's count, that called the preferred timing so
     CNumbers m_oDetailed; // removed; those behind another descriptor count on after the listed ones
     // The base block.
     CNumbers m_oStandard; // removed
@@ -140,7 +142,9 @@ private:
     std::string NameKeeper(const SZorImageMode& oPlace);
     void NoteWhole(const SWanted& oWanted, const CPlaces& aoRemoved);
     void NoteLeft(const SWanted& oWanted);
-    std::string SetPreferred(const CVidParamTimingGeneric& oTiming);
+    std::string SetPreferred(const SEdit& oEdit);
+    std::string ReplacePreferred(const CVidParamTimingGeneric& oTiming);
+    bool ClearNativeCounts();
     void FollowWithLimits(unsigned int uiTiming);
     std::string SetColorDepth(unsigned int uiDepth);
     std::string SetDeepColor(unsigned int uiBits);

@@ -213,8 +213,8 @@ const CVidParamTimingGeneric& PickTiming(const std::vector<CVidParamTimingGeneri
     return itProgressive != aoTimings.end() ? *itProgressive : aoTimings.front();
 }
 
-// WxH@R[,TYPE]
-std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTiming)
+// WxH@R[,TYPE]; without a type the mode itself is kept as well, as the image may have a timing of its own for it.
+std::string ParseTiming(const std::string& sText, SEdit& oEdit)
 {
     const CTexts asFields = SplitText(sText, ",");
     SAskedMode oMode;
@@ -223,6 +223,10 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
         return "'" + sText + "' is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
     }
     const bool bTyped = asFields.size() == 2;
+    if (!bTyped)
+    {
+        ParseExactMode(asFields[0], oEdit.m_oWanted.m_oMode);
+    }
     const CTexts asAsked =
         bTyped ? CTexts{ asFields[1] } : CTexts(std::begin(gsc_apszDefaultSources), std::end(gsc_apszDefaultSources));
     bool bClockTooHigh = false;
@@ -236,7 +240,7 @@ std::string ParseTiming(const std::string& sText, CVidParamTimingGeneric& oTimin
         const STimingAnswers oAnswers = AskSource(*poSource, oMode);
         if (!oAnswers.m_aoTimings.empty())
         {
-            oTiming = PickTiming(oAnswers.m_aoTimings);
+            oEdit.m_oTiming = PickTiming(oAnswers.m_aoTimings);
             return "";
         }
         bClockTooHigh = bClockTooHigh || oAnswers.m_bClockTooHigh;
@@ -290,8 +294,8 @@ constexpr SEditOption gsc_aoOptions[] = {
     { eEdit_RemoveDetailed, "--remove-detailed", "I", "Remove a detailed timing" },
     { eEdit_RemoveEstablished, "--remove-established", "I", "Remove an established timing" },
     { eEdit_Preferred, "--preferred", "WxH@R[,TYPE]",
-      "Replace the preferred timing; TYPE is cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte, without it the first of "
-      "the first four that has the mode" },
+      "Replace the preferred timing, by the image's own timing of this mode, without one by the first of cea, dmt, "
+      "dmt-rb and cvt-rb that has it; with TYPE by that of cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte" },
     { eEdit_ColorDepth, "--color-depth", "BITS",
       "Set the bits per colour of a digital input: 6, 8, 10, 12, 14, 16 or undefined" },
     { eEdit_DeepColor, "--deep-color", "LIST",
@@ -375,7 +379,7 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_RemoveCode:
         return ParseRemoval(sValue, oEdit);
     case eEdit_Preferred:
-        return ParseTiming(sValue, oEdit.m_oTiming);
+        return ParseTiming(sValue, oEdit);
     case eEdit_ColorDepth:
         return FindValue(gsc_aoColorDepths, sValue, oEdit.m_uiNumber) ? "" : RefuseName(sValue, gsc_aoColorDepths);
     case eEdit_DeepColor:

@@ -50,8 +50,8 @@ struct SEdit
     // CEdidExtBlockCEA861::SetSpeakerDescriptor.
     unsigned int m_uiNumber = 0;
     CAudio m_oAudio = {};
-    CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred
-    SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode
+    CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred, by a table or formula
+    SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode; of eEdit_Preferred without a type
     SSetting m_oSetting = {};         // of eEdit_Set
     CNamedEdit m_fnNamed = {}; // of eEdit_Named; of eEdit_Remove and eEdit_RemoveCode what is done after the rest
 };

@@ -107,6 +107,7 @@ private:
 
     void Expect(size_t uiBlock)
     {
+        constexpr unsigned int uiNativeMask = 0x02; // of byte 18h
         const SBlockEdits& oEdits = m_aoBlocks[uiBlock].m_oEdits;
         for (unsigned int i = 0; uiBlock == 0 && i < 3; ++i)
         {
@@ -177,8 +178,10 @@ private:
             const unsigned int uiRead = static_cast<unsigned int>(oField.m_llNumber);
             fnSet(eZorEdidField_BaseIdentitySerialNumber, oEdits.m_bSerial, 0xFF, oEdits.m_uiSerial);
             fnSet(eZorEdidField_BaseDisplayColorBitDepth, oEdits.m_bColorDepth, 0x70, oEdits.m_uiColorDepth << 4);
+            fnSet(eZorEdidField_BaseDisplayPreferredIsNative, oEdits.m_bNativeCleared, uiNativeMask, 0);
             fnSet(eZorEdidField_CtaHdmiDc30bit, oEdits.m_bDeepColor, 0x70, oEdits.m_uiDeepColor << 4);
-            fnSet(eZorEdidField_CtaNativeCount, IsCea(m_aoBlocks[uiBlock]), 0x0F, uiRead - CountRemoved(uiRead));
+            fnSet(eZorEdidField_CtaNativeCount, IsCea(m_aoBlocks[uiBlock]), 0x0F,
+                  oEdits.m_bNativeCleared ? 0 : uiRead - CountRemoved(uiRead));
             fnSet(eZorEdidField_CtaBasicAudio, oEdits.IsAudioNamed() || oEdits.m_bSpeakers, 0x40,
                   bAudio && (uiRead != 0 || bAdded) ? 0x40 : 0);
             if (bGone)

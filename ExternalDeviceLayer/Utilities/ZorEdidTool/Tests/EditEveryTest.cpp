@@ -332,6 +332,18 @@ CRule LoweredAbove(unsigned int uiPlace)
     };
 }
 
+// Bit 1 of byte 24, of the third text, which begins with byte 21.
+bool IsOnlyNativeCleared(CTexts asBefore, const CTexts& asAfter)
+{
+    constexpr size_t uiDigit = 7;
+    char& cBefore = asBefore[2][uiDigit];
+    const std::string sSet = "2367abef";
+    const std::string sCleared = "014589cd";
+    const size_t uiPlace = asBefore == asAfter ? std::string::npos : sSet.find(cBefore);
+    cBefore = uiPlace != std::string::npos ? sCleared[uiPlace] : cBefore;
+    return asBefore == asAfter;
+}
+
 bool IsShortened(const CTexts& asBefore, const CTexts& asAfter) // and nothing but
 {
     size_t uiFound = 0;
@@ -567,9 +579,17 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
     TryValues(sImage, aui8Image, eEdit_Serial, { "0x01020304" }, { { "serial", Becomes({ "04030201" }) } });
     const unsigned char ui8Input = static_cast<unsigned char>((aui8Image[20] & 0x8F) | 0x40);
     TryValues(sImage, aui8Image, eEdit_ColorDepth, { "12" }, { { "input", Becomes({ Hex(&ui8Input, 1) }) } });
+    CNamed oPreferred = { { "detailed 0", Replaced(0) },
+                          { "display descriptors", AreOnlyLimitsWider },
+                          { "identity", IsOnlyNativeCleared } };
+    for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
+    {
+        oPreferred["natives " + std::to_string(i)] = [](const CTexts& asBefore, const CTexts& asAfter) {
+            return asBefore == asAfter || (asBefore == CTexts{ "1" } && asAfter == CTexts{ "0" });
+        };
+    }
     TryValues(sImage, aui8Image, eEdit_Preferred,
-              { "1280x720@60", "1920x1200@60,dmt-rb", "3840x2160@30", "1024x768@75,gtf" },
-              { { "detailed 0", Replaced(0) }, { "display descriptors", AreOnlyLimitsWider } });
+              { "1280x720@60", "1920x1200@60,dmt-rb", "3840x2160@30", "1024x768@75,gtf" }, oPreferred);
 }
 
 // ---- Modes ----

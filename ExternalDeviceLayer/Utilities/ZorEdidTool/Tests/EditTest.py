@@ -296,21 +296,54 @@ class Edits(unittest.TestCase):
 
     def test_preferred(self):
         status, out, error = edit(IMAGE, "--preferred", "1280x720@60")
-        self.assertEqual((0, changed(54, "011d007251d01e206e285500" + IMAGE[66:69].hex() + "00001e"), ""),
-                         (status, out, error))
+        native = ": the timing is no longer called native, as its picture is another one\n"
+        expected = changed(54, "011d007251d01e206e285500" + IMAGE[66:69].hex() + "00001e", changed(131, "70"))
+        self.assertEqual((0, expected, "zoredid: -: --preferred 1280x720@60" + native), (status, out, error))
         for mode in ("1280x720@60,cea", "1280x720@60,dmt"):
-            self.assertEqual((0, out, ""), edit(IMAGE, "--preferred", mode))
+            self.assertEqual((0, out, "zoredid: -: --preferred " + mode + native), edit(IMAGE, "--preferred", mode))
         other = fix_sums(out[:38] + bytes.fromhex("0101") * 8 + out[54:126] + bytes(2))
         for image, mode, marks in ((IMAGE, "1280x720@60", ("stays, no longer preferred", "was there, not preferred")),
                                    (other, "1680x1050@60", ("removed", "added"))):
             lines = edit(image, "--preferred", mode, "--dry-run", "--diff")[1].decode().splitlines()
-            for line, when, mark in zip(lines, ("before", "after"), marks, strict=True):
+            for line, when, mark in zip(lines, ("before", "after"), marks):  # then the native size
                 self.assertRegex(line, f"^preferred {when}: .*  {mark}$")
+
+    def test_preferred_takes_the_images_own_timing(self):
+        """Beside the preferred one of 148.5 MHz two of its size, at 56.97 and 59.39 Hz. Clocks in units of 10 kHz."""
+        def timing(clock):
+            return clock.to_bytes(2, "little").hex() + "801871382d40582c4500" + "00" * 5 + "1e"
+
+        base = change({18: "0104", 24: "2a", 72: timing(14100), 90: timing(14700)}, IMAGE)
+        for image, mode, clock, notes in (
+                (base, "1920x1080@57", 14100, []),
+                (base, "1920x1080@57,cvt-rb", 13150, []),
+                (base, "1920x1080@59", 14700, []),
+                (base, "1920x1080@60", 14850, []),
+                (base, "1920x1080@58", 13375, ["the image has no timing of this mode; this one is by cvt-rb"])):
+            with self.subTest(mode):
+                status, out, error = edit(image, "--preferred", mode)
+                notes = ["zoredid: -: --preferred %s: %s" % (mode, note) for note in notes]
+                self.assertEqual((0, notes, clock),
+                                 (status, error.splitlines(), int.from_bytes(out[54:56], "little")), error)
+                self.assertEqual((0x2A, 0x71), (out[24], out[131]))  # the native size stays
+
+    def test_preferred_is_native_no_more(self):
+        """Byte 24 from EDID 1.4 on, and the number of native timings where it is 1."""
+        note = "zoredid: -: --preferred 1280x720@60: "
+        gone = note + "the timing is no longer called native, as its picture is another one\n"
+        for revision, natives, expected, text in (
+                (3, 0x70, (0x2A, 0x70), ""), (3, 0x71, (0x2A, 0x70), gone), (4, 0x70, (0x28, 0x70), gone),
+                (4, 0x72, (0x28, 0x72), note + "block 1 still counts the timing among 2 native ones\n" + gone)):
+            with self.subTest(revision=revision, natives=natives):
+                image = change({19: "%02x" % revision, 24: "2a", 131: "%02x" % natives}, IMAGE)
+                status, out, error = edit(image, "--preferred", "1280x720@60")
+                self.assertEqual((0, expected, text), (status, (out[24], out[131]), error))
 
     def test_preferred_with_range_limits_and_stereo(self):
         """Bytes 4 to 12 of the limits, the flags of the timing, and the line about it."""
         def image(revision, limits, stereo):
-            return change({19: "%02x" % revision, 72: "000000fd" + limits, 71: "%02x" % (0x1E | stereo)}, IMAGE)
+            return change({19: "%02x" % revision, 72: "000000fd" + limits, 71: "%02x" % (0x1E | stereo),
+                           131: "70"}, IMAGE)
 
         def note(mode, text):
             return "zoredid: -: --preferred %s: %s\n" % (mode, text)
@@ -323,9 +356,9 @@ class Edits(unittest.TestCase):
                 (3, plain + blanks, 0x20, "1920x1080@60", plain + blanks, 0x20, ""),
                 (3, plain + blanks, 0x61, "1280x720@60", plain + blanks, 0, cleared),
                 (3, plain + blanks, 0x01, "1280x720@60", plain + blanks, 0x01, ""),  # none, whatever bit 0 says
-                (3, plain + blanks, 0, "1920x1080@120", "0032781e871e" + blanks, 0,
+                (3, plain + blanks, 0, "1920x1080@120,cea", "0032781e871e" + blanks, 0,
                  wide % ("50 to 120 Hz, 30 to 135 kHz, 300 MHz", were)),
-                (3, plain + blanks, 0, "1920x1080@24", "00184b1b530f" + blanks, 0,
+                (3, plain + blanks, 0, "1920x1080@24,cea", "00184b1b530f" + blanks, 0,
                  wide % ("24 to 75 Hz, 27 to 83 kHz, 150 MHz", were)),
                 (3, plain + blanks, 0, "1920x1080@240,cvt-rb", plain + blanks, 0, outside),
                 (4, plain + blanks, 0, "1920x1080@240,cvt-rb", "0832f01e253d" + blanks, 0,
@@ -339,7 +372,7 @@ class Edits(unittest.TestCase):
                 self.assertEqual((expected, kept), (out[76:90].hex(), out[71] & 0x61))
         # Of another version the revision says nothing: byte 4 of the limits has no offsets.
         other = fix_sums(image(4, plain + blanks, 0)[:18] + b"\2" + image(4, plain + blanks, 0)[19:])
-        status, out, error = edit(other, "--preferred", "1920x1080@120")
+        status, out, error = edit(other, "--preferred", "1920x1080@120,cea")
         self.assertEqual((0, "0032781e871e" + blanks), (status, out[76:90].hex()), error)
 
     def test_refusals_have_a_reason_and_write_nothing(self):

@@ -50,6 +50,8 @@ constexpr SNumberWish gsc_aoNumbers[] = {
     { ZOREDID_WISH_VRR_MAX, &SWishes::m_uiVrrMax, nullptr },
     { ZOREDID_WISH_MAX_TMDS_CLOCK, &SWishes::m_uiMaxTmds, nullptr },
     { ZOREDID_WISH_FRL, &SWishes::m_uiFrl, nullptr },
+    { ZOREDID_WISH_YEAR, &SWishes::m_uiYear, nullptr },
+    { ZOREDID_WISH_WEEK, &SWishes::m_uiWeek, nullptr },
 };
 
 // The channels of each audio wish.

@@ -1111,7 +1111,9 @@ typedef enum zoredid_wish ZOREDID_INT
     ZOREDID_WISH_VRR_MIN = 16,               /**< Hz, of variable refresh */
     ZOREDID_WISH_VRR_MAX = 17,               /**< Hz */
     ZOREDID_WISH_MAX_TMDS_CLOCK = 18,        /**< MHz, 25 to 600 */
-    ZOREDID_WISH_FRL = 19                    /**< fixed rate link: 1 for 3 lanes of 3 Gbit/s, to 6 for 4 of 12 */
+    ZOREDID_WISH_FRL = 19,                   /**< fixed rate link: 1 for 3 lanes of 3 Gbit/s, to 6 for 4 of 12 */
+    ZOREDID_WISH_YEAR = 20,                  /**< of manufacture, 2006 to 2245; without it the donor's, else 2025 */
+    ZOREDID_WISH_WEEK = 21                   /**< of that year, 1 to 53 */
 } zoredid_wish;
 
 /** Values of ZOREDID_WISH_CONNECTOR. */

@@ -7,6 +7,7 @@
 
 #include "CommandLine.h"
 #include "EditOutput.h"
+#include "Findings.h"
 #include "MakeWishes.h"
 #include "ManyFiles.h"
 #include "Tool.h"
@@ -72,6 +73,7 @@ bool GatherWishes(const COptions& oCommand, const SMakeCommand& oArguments, SZor
 void Run(const COptions& oCommand, const SMakeCommand& oArguments, STool& oTool)
 {
     SZorEdidWishes oWishes;
+    oWishes.m_uiThisYear = GetThisYear();
     const std::string sMistake = CheckEditOutput(oArguments.m_oOutput);
     if (!sMistake.empty())
     {

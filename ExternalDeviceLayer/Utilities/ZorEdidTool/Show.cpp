@@ -147,6 +147,26 @@ bool Has420Only(const CImageModes& oModes)
                                [](const SModeRow& oRow) { return oRow.m_oMode.m_eY420 == SZorMode::eY420_Only; });
 }
 
+// The most preferred mode, and the first one by its own flag where that is another one: readers of DisplayID start with
+// it.
+std::string DescribePreferred(const CImageModes& oModes, bool bCut)
+{
+    const SModeRow* poPreferred = oModes.FindPreferred();
+    if (poPreferred == nullptr)
+    {
+        return bCut ? "the preferred one is not known" : "no preferred mode";
+    }
+    const auto fnName = [](const SModeRow& oRow) {
+        return GetSizeText(oRow.m_oMode) + " at " + GetShortRate(oRow.m_oMode) + " Hz";
+    };
+    const std::string sFirst = fnName(*poPreferred);
+    const auto itFlagged = std::ranges::find_if(oModes.GetRows(), [](const SModeRow& oRow) {
+        return oRow.m_poEntry->m_eReason == SZorImageMode::eReason_Flag && !oRow.m_bPartner;
+    });
+    const std::string sFlagged = itFlagged != oModes.GetRows().end() ? fnName(*itFlagged) : sFirst;
+    return "prefers " + sFirst + (sFlagged == sFirst ? "" : ", by DisplayID " + sFlagged);
+}
+
 // A line a size, the largest ones first, as many as there is room for. Of a base block that is cut, others may be gone.
 void AddModes(CLines& asLines, const CImageModes& oModes, bool bCut, size_t uiRoom)
 {
@@ -157,13 +177,7 @@ void AddModes(CLines& asLines, const CImageModes& oModes, bool bCut, size_t uiRo
         Add(asLines, "Modes", bCut ? "" : "none", 1);
         return;
     }
-    const SModeRow* poPreferred = oModes.FindPreferred();
-    Add(asLines, "Modes",
-        poPreferred != nullptr
-            ? "prefers " + GetSizeText(poPreferred->m_oMode) + " at " + GetShortRate(poPreferred->m_oMode) + " Hz"
-        : bCut ? "the preferred one is not known"
-               : "no preferred mode",
-        1);
+    Add(asLines, "Modes", DescribePreferred(oModes, bCut), 1);
     const size_t uiLegend = Has420Only(oModes) ? 1 : 0;
     const bool bAll = aoSizes.size() + 1 + uiLegend <= uiRoom;
     const size_t uiShown = !bAll ? uiRoom - 2 - uiLegend : aoSizes.size();

@@ -35,7 +35,10 @@ void MakeIdentity(const CMakerPlan& oPlan, const SDonor& oDonor, CBlockBytes& au
     Big16(gsc_uiManufacturerOffset).Write(aui8Base, GetMakerBits(oPlan));
     Little16(gsc_uiProductOffset).Write(aui8Base, GetProduct(oPlan));
     memcpy(aui8Base + gsc_uiSerialOffset, oDonor.m_aui8Serial, sizeof(oDonor.m_aui8Serial));
-    aui8Base[gsc_uiYearOffset] = static_cast<unsigned char>(gsc_uiMadeYear - gsc_uiFirstYear);
+    const SZorEdidWishes& oWishes = oPlan.GetWishes();
+    aui8Base[gsc_uiWeekOffset] = static_cast<unsigned char>(oWishes.m_uiYear != 0 ? oWishes.m_uiWeek : 0);
+    aui8Base[gsc_uiYearOffset] =
+        static_cast<unsigned char>((oWishes.m_uiYear != 0 ? oWishes.m_uiYear : gsc_uiNeutralYear) - gsc_uiFirstYear);
     if (oDonor.m_aui8Date[1] != 0)
     {
         memcpy(aui8Base + gsc_uiWeekOffset, oDonor.m_aui8Date, sizeof(oDonor.m_aui8Date));

@@ -10,8 +10,6 @@ namespace ZorWrite
 {
 using CBlockBytes = unsigned char[ZorStandards::gsc_uiBlockSize];
 
-inline constexpr unsigned int gsc_uiMadeYear = 2025; // a fixed one, so that the same wishes give the same bytes
-
 // What the wishes leave open is chosen here.
 const char* GetMaker(const CMakerPlan& oPlan);
 unsigned int GetProduct(const CMakerPlan& oPlan);

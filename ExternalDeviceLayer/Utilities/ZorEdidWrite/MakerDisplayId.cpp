@@ -18,8 +18,9 @@ struct SInterfaceCodes
 {
     unsigned char m_ui8Type;
     unsigned char m_ui8Version; // of the interface's standard: 1.4 is 14h
+    unsigned char m_ui8Links;   // of DisplayPort lanes
 };
-constexpr SInterfaceCodes gsc_aoInterfaces[] = { { 7, 0x14 }, { 10, 0x12 }, { 4, 0x10 }, { 0, 0 } };
+constexpr SInterfaceCodes gsc_aoInterfaces[] = { { 7, 0x14, 1 }, { 10, 0x12, 4 }, { 4, 0x10, 1 }, { 0, 0, 1 } };
 
 // Each begins a data block and returns where the next one begins.
 unsigned char* BeginDataBlock(unsigned char* pui8Block, unsigned int uiTag, unsigned int uiLength)
@@ -75,7 +76,7 @@ unsigned char* MakeInterface(const SDisplayIdFacts& oFacts, unsigned char* pui8B
     unsigned char* const pui8End = BeginDataBlock(pui8Block, DisplayId::gsc_uiInterfaceTag, uiSize);
     const SInterfaceCodes& oInterface = gsc_aoInterfaces[oFacts.m_eInterface];
     DisplayId::gsc_oInterfaceType.Write(pui8Block, oInterface.m_ui8Type);
-    DisplayId::gsc_oInterfaceLinks.Write(pui8Block, 1);
+    DisplayId::gsc_oInterfaceLinks.Write(pui8Block, oInterface.m_ui8Links);
     Byte(0x04).Write(pui8Block, oInterface.m_ui8Version);
     const unsigned int uiDepths =
         ui8Bits | (oFacts.m_uiBitsPerColor >= 10 ? ui10Bits : 0) | (oFacts.m_uiBitsPerColor >= 12 ? ui12Bits : 0);

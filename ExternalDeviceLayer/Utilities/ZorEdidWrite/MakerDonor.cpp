@@ -84,7 +84,7 @@ bool IsSound(unsigned int uiTag, unsigned int uiLength, const unsigned char* pui
     CZorEdidMap oMap;
     CZorEdidCheck oCheck;
     oMap.Read(sizeof(aui8Image), aui8Image);
-    oCheck.Read(oMap, gsc_uiMadeYear);
+    oCheck.Read(oMap, gsc_uiNeutralYear);
     for (unsigned int i = 0; i < oCheck.GetCount(); ++i)
     {
         const unsigned int uiOffset = oCheck.Get(i).m_uiOffset;
@@ -140,18 +140,20 @@ void ReadAudio(const unsigned char* pui8Image, unsigned int uiSize, SDonor& oDon
     }
 }
 
-// E-EDID 1.4 begins with 2006, and years to come are none.
-void ReadDate(const unsigned char* pui8Base, bool bRevision3, SDonor& oDonor)
+// E-EDID 1.4 begins with 2006. The last year of the byte is rather filler than a date.
+void ReadDate(const unsigned char* pui8Base, const SZorEdidWishes& oWishes, SDonor& oDonor)
 {
     constexpr unsigned int uiFirst = 2006;
+    constexpr unsigned int uiLast = gsc_uiFirstYear + 0xFE;
+    const bool bRevision3 = oWishes.m_eInterface == SZorEdidWishes::eInterface_Hdmi;
     constexpr unsigned int uiLastWeek = 53;
     const unsigned int uiYear = pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear;
     const unsigned int uiWeek = pui8Base[gsc_uiWeekOffset];
     const bool bModelYear = uiWeek == gsc_uiModelYearWeek && !bRevision3;
     CMString sNote;
-    if (uiYear < uiFirst || uiYear > gsc_uiMadeYear)
+    if (uiYear < uiFirst || uiYear > (oWishes.m_uiThisYear != 0 ? oWishes.m_uiThisYear : uiLast))
     {
-        sNote.Format("its year %u is replaced by %u", uiYear, gsc_uiMadeYear);
+        sNote.Format("its year %u is replaced by %u", uiYear, gsc_uiNeutralYear);
         oDonor.m_asNotes.Add(sNote);
         return;
     }
@@ -233,7 +235,10 @@ CMString ReadDonor(SZorEdidWishes& oWishes, SDonor& oDonor)
     }
     oDonor.m_bRead = true;
     memcpy(oDonor.m_aui8Serial, pui8Base + gsc_uiSerialOffset, sizeof(oDonor.m_aui8Serial));
-    ReadDate(pui8Base, oWishes.m_eInterface == SZorEdidWishes::eInterface_Hdmi, oDonor);
+    if (oWishes.m_uiYear == 0)
+    {
+        ReadDate(pui8Base, oWishes, oDonor);
+    }
     ReadColors(pui8Base, oDonor);
     ReadTexts(pui8Base, oWishes, oDonor);
     ReadCodes(pui8Base, oWishes, oDonor);

@@ -8,6 +8,7 @@
 #include "Standards/BaseBlock.h"
 #include "Standards/HdmiBlocks.h"
 #include "Standards/Modes.h"
+#include "ZorEdidModes.h"
 
 namespace ZorWrite
 {
@@ -71,6 +72,20 @@ CMString NameClock(unsigned long long ullHz)
 double GetHz(const SZorMode& oMode)
 {
     return static_cast<double>(oMode.m_oRate.m_ullDividend) / static_cast<double>(oMode.m_oRate.m_ullDivisor);
+}
+
+// Lines or frames slower than range limits can say.
+bool IsBelowLimits(const SZorMode& oMode)
+{
+    constexpr unsigned long long ullLeastLineRate = 1000; // Hz
+    return oMode.m_ullClock < ullLeastLineRate * oMode.m_oHorizontal.m_uiTotal || GetHz(oMode) < 1;
+}
+
+// Detailed timings have steps of 10 kHz.
+bool IsWholeClock(const SZorMode& oMode)
+{
+    constexpr unsigned long long ullStep = 10000;
+    return oMode.m_ullClock % ullStep == 0;
 }
 
 // ---- HDMI's links ----
@@ -146,8 +161,6 @@ CMString CMakerPlan::CheckNumbers() const
     constexpr unsigned int uiMostProduct = 0xFFFF;
     constexpr unsigned int uiMostSize = 2550;
     constexpr unsigned int uiLeastSize = 10;
-    constexpr unsigned int uiLeastLuminance = 50;
-    constexpr unsigned int uiMostLuminance = 12500; // 50 * 2 ^ (255 / 32)
     constexpr unsigned int auiDepths[] = { 0, 8, 10, 12 };
     const SZorEdidWishes& oWishes = m_oWishes;
     if (oWishes.m_uiProduct > uiMostProduct)
@@ -164,26 +177,57 @@ CMString CMakerPlan::CheckNumbers() const
     {
         return "a color depth is 8, 10 or 12 bits";
     }
-    const bool bOthers = oWishes.m_uiFrameLuminance != 0 || oWishes.m_uiMinLuminance != 0;
-    if (!oWishes.HasHdr() && (bOthers || oWishes.m_uiMaxLuminance != 0))
+    if (!oWishes.HasHdr() &&
+        (oWishes.m_uiFrameLuminance != 0 || oWishes.m_uiMinLuminance != 0 || oWishes.m_uiMaxLuminance != 0))
     {
         return "luminances belong to HDR: PQ, HLG or both";
     }
-    const auto fnIsLuminance = [](unsigned int uiLuminance) {
-        return uiLuminance == 0 || (uiLuminance >= uiLeastLuminance && uiLuminance <= uiMostLuminance);
-    };
-    if (!fnIsLuminance(oWishes.m_uiMaxLuminance) || !fnIsLuminance(oWishes.m_uiFrameLuminance) ||
-        oWishes.m_uiFrameLuminance > oWishes.m_uiMaxLuminance || (bOthers && oWishes.m_uiMaxLuminance == 0))
+    const CMString sNumbers = CheckLuminances();
+    return sNumbers.GetLength() != 0 ? sNumbers : CheckDate();
+}
+
+CMString CMakerPlan::CheckLuminances() const
+{
+    constexpr unsigned int uiLeast = 50;
+    constexpr unsigned int uiMost = 12500;            // 50 * 2 ^ (255 / 32)
+    constexpr unsigned int uiStepsPerHundredth = 100; // of the minimum, whose code is part of a hundredth
+    constexpr double dSteps = 10000;
+    const unsigned int uiMax = m_oWishes.m_uiMaxLuminance;
+    const unsigned int uiFrame = m_oWishes.m_uiFrameLuminance;
+    const unsigned int uiMin = m_oWishes.m_uiMinLuminance;
+    CMString sReason;
+    if (uiMax == 0)
     {
-        return "a maximum luminance is 50 to 12500 cd/m2, that of a frame at most as much, and a minimum needs one";
+        return uiFrame != 0 || uiMin != 0 ? "frame and min: these luminances need a maximum, max" : "";
     }
-    // The code of the minimum is part of a hundredth of the maximum.
-    constexpr unsigned int uiStepsPerHundredth = 100;
-    if (oWishes.m_uiMinLuminance > oWishes.m_uiMaxLuminance * uiStepsPerHundredth)
+    if (uiMax < uiLeast || uiMax > uiMost)
     {
-        return "a minimum luminance is at most a hundredth of the maximum";
+        sReason.Format("max=%u: a maximum luminance is 50 to 12500 cd/m2", uiMax);
     }
-    return "";
+    else if (uiFrame != 0 && (uiFrame < uiLeast || uiFrame > uiMax))
+    {
+        sReason.Format("frame=%u: the luminance of a frame is 50 cd/m2 to the maximum, here %u", uiFrame, uiMax);
+    }
+    else if (uiMin > uiMax * uiStepsPerHundredth)
+    {
+        sReason.Format("min=%g: a minimum luminance is at most a hundredth of the maximum, here %g cd/m2",
+                       uiMin / dSteps, uiMax / 100.0);
+    }
+    return sReason;
+}
+
+CMString CMakerPlan::CheckDate() const
+{
+    constexpr unsigned int uiFirstYear = 2006; // of E-EDID 1.4
+    constexpr unsigned int uiLastYear = BaseBlock::gsc_uiFirstYear + 0xFF;
+    constexpr unsigned int uiMostWeek = 53;
+    const unsigned int uiYear = m_oWishes.m_uiYear;
+    if (m_oWishes.m_uiWeek > uiMostWeek || (m_oWishes.m_uiWeek != 0 && uiYear == 0) ||
+        (uiYear != 0 && (uiYear < uiFirstYear || uiYear > uiLastYear)))
+    {
+        return "a date is a year from 2006 to 2245, and a week of it from 1 to 53";
+    }
+    return m_oWishes.m_uiThisYear != 0 && uiYear > m_oWishes.m_uiThisYear ? "the year of manufacture is to come" : "";
 }
 
 CMString CMakerPlan::CheckInterface() const
@@ -317,10 +361,13 @@ CMString CMakerPlan::FindTimings()
         {
             return NameMode(oWish) + ": the table or formula that is asked for has no such timing";
         }
+        if (IsBelowLimits(oTiming))
+        {
+            return NameMode(oWish) + ": range limits begin at 1 Hz and 1 kHz";
+        }
         if (AddMode(oTiming, NameMode(oWish), false))
         {
-            SPlannedMode& oMode = m_aoModes[m_aoModes.GetCount() - 1];
-            oMode.m_bInexact = oMode.m_uiCode == 0 && !IsSameRate(oTiming.m_oRate, oWish.m_oRate);
+            m_aoModes[m_aoModes.GetCount() - 1].m_oWished = oWish.m_oRate;
         }
     }
     if (m_aoModes.GetCount() == 0)
@@ -462,6 +509,14 @@ CMString CMakerPlan::PlanLink()
 
 // ---- Places ----
 
+// The other rate of the code.
+bool FindPartner(const SPlannedMode& oMode, SZorMode& oPartner)
+{
+    SZorMode oCode = {};
+    return MakeVideoMode(oCode, oMode.m_uiCode) && CZorEdidModes::GetPartner(oCode, oPartner) &&
+           (!IsSameTiming(oPartner, oMode.m_oTiming) || (oPartner = oCode, true));
+}
+
 // A mode in 4:2:0 alone is a code: other places mean RGB.
 CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
 {
@@ -472,6 +527,12 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     }
     CDetailedBytes aui8Detailed;
     CType1Bytes aui8Type1;
+    // A code means both of its rates: a detailed timing beside it takes the one that it meets, and adds no third one.
+    SZorMode oPartner = {};
+    if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && FindPartner(oMode, oPartner) && IsWholeClock(oPartner))
+    {
+        oMode.m_oTiming = oPartner;
+    }
     oMode.m_bDetailed = WriteDetailed(oMode.m_oTiming, { 0, 0 }, aui8Detailed);
     oMode.m_bType1 = !oMode.m_bDetailed && WriteType1(oMode.m_oTiming, bPreferred, aui8Type1);
     const bool bPlaced = oMode.m_bDetailed || oMode.m_bType1 || oMode.m_uiCode != 0;

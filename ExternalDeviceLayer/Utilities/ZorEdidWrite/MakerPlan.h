@@ -14,7 +14,7 @@ struct SPlannedMode
 
     SZorMode m_oTiming = {};
     CMString m_sName = {};                      // "1920x1080@60"
-    bool m_bInexact = false;                    // its rate is another than the wished one, to two decimals
+    SZorMode::SRate m_oWished = { 0, 0 };       // Hz; { 0, 0 } for a mode that is not wished
     unsigned int m_uiCode = 0;                  // of CTA-861; 0 where the code is not listed
     unsigned int m_uiEstablished = msc_uiNoBit; // the bit
     bool m_bDetailed = false;
@@ -72,6 +72,8 @@ public:
 private:
     CMString CheckTexts() const;
     CMString CheckNumbers() const;
+    CMString CheckLuminances() const;
+    CMString CheckDate() const;
     CMString CheckInterface() const;
     CMString CheckVrr() const;
     CMString Check420() const;

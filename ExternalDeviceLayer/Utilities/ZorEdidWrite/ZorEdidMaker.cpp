@@ -155,7 +155,7 @@ CMString Prove(const CMakerPlan& oPlan, const CZorEdidMap& oMap)
         }
     }
     CZorEdidCheck oCheck;
-    oCheck.Read(oMap, gsc_uiMadeYear);
+    oCheck.Read(oMap, BaseBlock::gsc_uiFirstYear + oMap.GetData()[BaseBlock::gsc_uiYearOffset]);
     for (unsigned int i = 0; i < oCheck.GetCount(); ++i)
     {
         if (oCheck.Get(i).HasWeight())
@@ -168,6 +168,22 @@ CMString Prove(const CMakerPlan& oPlan, const CZorEdidMap& oMap)
 
 // ---- Notes ----
 
+// That of a code is met by the code. Clocks of timings have steps of 10 kHz.
+SZorMode::SRate GetAnnouncedRate(const SPlannedMode& oMode)
+{
+    constexpr unsigned long long ullStep = 10000;
+    const SZorMode& oTiming = oMode.m_oTiming;
+    const bool bRounded = oMode.m_bDetailed || oMode.m_bType1;
+    if (oMode.m_uiCode != 0 && !bRounded)
+    {
+        return oMode.m_oWished;
+    }
+    const unsigned long long ullClock =
+        bRounded ? (oTiming.m_ullClock + ullStep / 2) / ullStep * ullStep : oTiming.m_ullClock;
+    const unsigned long long ullFields = oTiming.m_bInterlaced ? 2 : 1;
+    return { ullClock * ullFields, 1ULL * oTiming.m_oHorizontal.m_uiTotal * oTiming.m_oVertical.m_uiTotal };
+}
+
 void NotePlaces(const CMakerPlan& oPlan, CMArrayString& asNotes)
 {
     for (unsigned int i = 0; i < oPlan.GetCount(); ++i)
@@ -178,9 +194,9 @@ void NotePlaces(const CMakerPlan& oPlan, CMArrayString& asNotes)
             sNote += sNote.GetAt(sNote.GetLength() - 1) == ':' ? " " : ", ";
             sNote += pszText;
         };
-        if (oMode.m_bInexact)
+        const SZorMode::SRate oRate = GetAnnouncedRate(oMode);
+        if (oMode.m_oWished.m_ullDivisor != 0 && !IsSameRate(oRate, oMode.m_oWished))
         {
-            const SZorMode::SRate& oRate = oMode.m_oTiming.m_oRate;
             CMString sRate;
             sRate.Format("at %.2f Hz",
                          static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor));
@@ -240,6 +256,51 @@ void NoteLink(const CMakerPlan& oPlan, CMArrayString& asNotes)
     }
 }
 
+// What the codes of the luminances say, where that is not what was wished.
+void NoteLuminances(const SZorEdidWishes& oWishes, const CZorEdidMap& oMap, CMArrayString& asNotes)
+{
+    constexpr double dSteps = 10000;
+    const struct
+    {
+        const char* m_pszName;
+        EZorEdidField m_eId;
+        double m_dWished;
+    } aoLuminances[] = {
+        { "max", eZorEdidField_CtaHdrStaticMaxLuminance, static_cast<double>(oWishes.m_uiMaxLuminance) },
+        { "frame", eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance,
+          static_cast<double>(oWishes.m_uiFrameLuminance) },
+        { "min", eZorEdidField_CtaHdrStaticMinLuminance, oWishes.m_uiMinLuminance / dSteps },
+    };
+    for (const auto& oLuminance : aoLuminances)
+    {
+        const unsigned int uiField = oMap.FindField(oLuminance.m_eId);
+        const CMString sSaid = uiField != CZorEdidMap::msc_uiNone ? oMap.GetValue(uiField) : CMString();
+        CMString sWished;
+        sWished.Format("%g", oLuminance.m_dWished);
+        if (oLuminance.m_dWished > 0 && !(sSaid == sWished + " cd/m2"))
+        {
+            asNotes.Add(CMString("HDR: ") + oLuminance.m_pszName + " " + sWished + " became " + sSaid +
+                        ", the nearest");
+        }
+    }
+}
+
+// Rates past 255 are there by offsets.
+void NoteOffsets(const CZorEdidMap& oMap, CMArrayString& asNotes)
+{
+    const unsigned int uiVertical = oMap.FindField(eZorEdidField_BaseRangeMaxVerticalRate);
+    const unsigned int uiHorizontal = oMap.FindField(eZorEdidField_BaseRangeMaxHorizontalRate);
+    if (uiVertical == CZorEdidMap::msc_uiNone || uiHorizontal == CZorEdidMap::msc_uiNone)
+    {
+        return;
+    }
+    if (oMap.GetField(uiVertical).m_llNumber > Descriptors::gsc_uiRateOffset ||
+        oMap.GetField(uiHorizontal).m_llNumber > Descriptors::gsc_uiRateOffset)
+    {
+        asNotes.Add("range limits past 255 have offsets, which check notes, as the text reports do not read them");
+    }
+}
+
 void NoteIdentity(const SZorEdidWishes& oWishes, const SDonor& oDonor, CMArrayString& asNotes)
 {
     for (int i = 0; i < static_cast<int>(oDonor.m_asNotes.GetCount()); ++i)
@@ -273,6 +334,8 @@ int CZorEdidMaker::Make(const SZorEdidWishes& oWishes)
     NoteIdentity(oCompleted, oDonor, m_asNotes);
     CMakerParts oParts;
     m_sReason = MakeImage(oPlan, oDonor, oParts, m_asNotes) ? CMString() : oParts.GetReason();
+    NoteLuminances(oCompleted, oParts.GetMap(), m_asNotes);
+    NoteOffsets(oParts.GetMap(), m_asNotes);
     if (m_sReason.GetLength() == 0)
     {
         const CMString sFault = Prove(oPlan, oParts.GetMap());

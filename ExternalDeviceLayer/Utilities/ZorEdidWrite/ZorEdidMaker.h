@@ -43,6 +43,9 @@ struct SZorEdidWishes
     CMString m_sSerial = {};        ///< a serial number as a text, up to 13 printable characters
     CMString m_sMaker = {};         ///< three capital letters; gsc_szNeutralMaker without them
     unsigned int m_uiProduct = 0;   ///< up to 65535; 1 without it
+    unsigned int m_uiYear = 0;      ///< of manufacture, 2006 to 2245; 0: that of the donor, else gsc_uiNeutralYear
+    unsigned int m_uiWeek = 0;      ///< of m_uiYear, 1 to 53; 0 for none
+    unsigned int m_uiThisYear = 0;  ///< no year of manufacture may exceed it; 0 for any year
     unsigned int m_uiWidthInMm = 0; ///< of the picture, up to 2550; 0 with the height for a size that is not given
     unsigned int m_uiHeightInMm = 0;
 
@@ -73,6 +76,9 @@ struct SZorEdidWishes
 
 /// Letters that no maker in the lists of today has.
 inline constexpr char gsc_szNeutralMaker[] = "ZVD";
+
+/// A year is a part of every EDID. Not the year of today, so that the same wishes give the same bytes.
+inline constexpr unsigned int gsc_uiNeutralYear = 2025;
 
 /// Makes one image after the other. The same wishes give the same bytes.
 ///

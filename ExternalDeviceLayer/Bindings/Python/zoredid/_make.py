@@ -34,7 +34,7 @@ def make(*modes: Union[str, WishedMode], connector: Connector = Connector.HDMI, 
          maker: str = "", product_code: int = 0, width: int = 0, height: int = 0, pq: bool = False, hlg: bool = False,
          max_luminance: int = 0, max_average_luminance: int = 0, min_luminance: float = 0, depth: int = 0,
          ycbcr420: bool = False, audio_channels: int = 0, vrr: tuple[int, int] = (0, 0), max_tmds_clock: int = 0,
-         frl: int = 0, like: PathOrBytes | Image | None = None) -> Image:
+         frl: int = 0, year: int = 0, week: int = 0, like: PathOrBytes | Image | None = None) -> Image:
     """Makes an image that announces modes, such as "2560x1440@144" or "1920x1080i@60"; the first one is preferred.
 
     What is 0, empty or not given is chosen. Raises RefusedError with the reason for wishes that cannot be. The same
@@ -46,6 +46,7 @@ def make(*modes: Union[str, WishedMode], connector: Connector = Connector.HDMI, 
     - depth: bits per colour, 8, 10 or 12; ycbcr420: 4:2:0 from 3840 pixels at 50 Hz on; audio_channels: 0, 2, 6 or 8
     - vrr: Hz, the least and the most of variable refresh
     - max_tmds_clock: MHz, 25 to 600; frl: fixed rate link of HDMI 2.1, 1 for 3 lanes of 3 Gbit/s, to 6 for 4 of 12
+    - year: of manufacture, 2006 to 2245; week: of that year, 1 to 53. Without them the donor's, else 2025
     - like: an image whose identity, size, colours and audio are taken where nothing else is wished
     """
     wishes = own(lib.zoredid_maker_create(), lib.zoredid_maker_free)
@@ -58,7 +59,8 @@ def make(*modes: Union[str, WishedMode], connector: Connector = Connector.HDMI, 
             (Wish.PQ, pq), (Wish.HLG, hlg), (Wish.MAX_LUMINANCE, max_luminance),
             (Wish.MAX_AVERAGE_LUMINANCE, max_average_luminance), (Wish.MIN_LUMINANCE, round(10000 * min_luminance)),
             (Wish.DEPTH, depth), (Wish.YCBCR420, ycbcr420), (Wish.AUDIO_CHANNELS, audio_channels),
-            (Wish.VRR_MIN, vrr[0]), (Wish.VRR_MAX, vrr[1]), (Wish.MAX_TMDS_CLOCK, max_tmds_clock), (Wish.FRL, frl)):
+            (Wish.VRR_MIN, vrr[0]), (Wish.VRR_MAX, vrr[1]), (Wish.MAX_TMDS_CLOCK, max_tmds_clock), (Wish.FRL, frl),
+            (Wish.YEAR, year), (Wish.WEEK, week)):
         if lib.zoredid_maker_set_number(wishes, wish, int(number)) != lib.ZOREDID_OK:
             raise ValueError(f"{wish.name.lower()} cannot be {number}")
     if like is not None:

@@ -143,6 +143,15 @@ bool ParseNumber(const std::string& sText, unsigned int& uiNumber)
     return oResult.ec == std::errc() && oResult.ptr == pszEnd && pszStart != pszEnd;
 }
 
+bool ParseWeekAndYear(const std::string& sText, unsigned int& uiWeek, unsigned int& uiYear)
+{
+    const size_t uiSlash = sText.find('/');
+    const bool bWeek = uiSlash != std::string::npos;
+    uiWeek = 0;
+    return ParseNumber(bWeek ? sText.substr(uiSlash + 1) : sText, uiYear) &&
+           (!bWeek || (ParseNumber(sText.substr(0, uiSlash), uiWeek) && uiWeek != 0));
+}
+
 std::vector<std::string> SplitText(const std::string& sText, const char* pszSeparators)
 {
     std::vector<std::string> asParts;

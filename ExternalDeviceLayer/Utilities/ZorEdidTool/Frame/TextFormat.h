@@ -32,6 +32,8 @@ std::string EscapeMarkup(const std::string& sText);
 
 // A number, decimal, or hexadecimal after 0x; false for anything else.
 bool ParseNumber(const std::string& sText, unsigned int& uiNumber);
+// "12/2026", or "2026" with 0 for the week.
+bool ParseWeekAndYear(const std::string& sText, unsigned int& uiWeek, unsigned int& uiYear);
 
 // The parts between any of the separators, also empty ones.
 std::vector<std::string> SplitText(const std::string& sText, const char* pszSeparators);

@@ -117,7 +117,9 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
             uiVersion == uiFirst ? "HDMI" : FormatText("HDMI %u.%u", uiVersion / 10, uiVersion % 10);
         oLink.m_oKind.m_oValue == CFacts::eLink_Hdmi ? sText = sHdmi : sText += sText.empty() ? sHdmi : ", " + sHdmi;
     }
-    Append(sText, oLink.m_oLanes.m_oValue != 0 ? FormatText("%u lanes", oLink.m_oLanes.m_oValue) : "");
+    Append(sText, oLink.m_oLanes.m_oValue == 1   ? "1 lane"
+                  : oLink.m_oLanes.m_oValue != 0 ? FormatText("%u lanes", oLink.m_oLanes.m_oValue)
+                                                 : "");
     AppendIf(sText, oLink.m_oDviDual, "dual-link DVI");
     return sText;
 }
@@ -291,6 +293,12 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
         Append(sText, sRange + " (" + apszSources[oRange.m_eSource] + ")");
     }
     AppendIf(sText, oLink.m_oNvidia, "a block of NVIDIA");
+    // Announced by nothing else, and enough for sources of DisplayPort, whose sinks say in DPCD that they ignore the
+    // timing of a frame.
+    if (sText.empty() && oLink.m_oKind.m_oValue == CFacts::eLink_DisplayPort && oLink.m_oContinuous.m_oValue)
+    {
+        Append(sText, GetRange(oLink.m_oVerticalRates, "Hz") + " (range limits with continuous frequency)");
+    }
     return OrNotAnnounced(sText, oFacts);
 }
 

@@ -124,6 +124,11 @@ std::string SetProduct(const std::string& sValue, SZorEdidWishes& oWishes)
     return ParseNumber(sValue, oWishes.m_uiProduct) ? "" : "expected a number up to 65535 or 0xffff";
 }
 
+std::string SetDate(const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    return ParseWeekAndYear(sValue, oWishes.m_uiWeek, oWishes.m_uiYear) ? "" : "expected WEEK/YEAR or YEAR";
+}
+
 std::string SetSize(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     return ParsePair(WithoutUnit(sValue, "mm"), 'x', oWishes.m_uiWidthInMm, oWishes.m_uiHeightInMm)
@@ -155,11 +160,17 @@ std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
         oWishes.m_bPq = oWishes.m_bHlg = true;
         return "";
     }
-    for (const std::string& sPart : SplitText(sValue, ","))
+    const CTexts asParts = SplitText(sValue, ",");
+    const auto fnGetName = [](const std::string& sPart) { return sPart.substr(0, sPart.find('=')); };
+    for (const std::string& sPart : asParts)
     {
         const size_t uiEquals = std::min(sPart.find('='), sPart.size());
         const std::string sName = sPart.substr(0, uiEquals);
         const std::string sNumber = uiEquals < sPart.size() ? sPart.substr(uiEquals + 1) : "";
+        if (!sNumber.empty() && std::ranges::count(asParts, sName, fnGetName) > 1)
+        {
+            return sName + " is there twice";
+        }
         const bool bGood = sPart == "pq"      ? (oWishes.m_bPq = true)
                            : sPart == "hlg"   ? (oWishes.m_bHlg = true)
                            : sName == "max"   ? ParseNumber(sNumber, oWishes.m_uiMaxLuminance)
@@ -245,6 +256,7 @@ constexpr SWishOption gsc_aoOptions[] = {
     { "--serial-text", "TEXT", "Serial number, up to 13 characters", SetSerial },
     { "--maker", "ABC", "Three letters of the maker; without it ZVD, which is none", SetMaker },
     { "--product", "N", "Product code", SetProduct, true },
+    { "--date", "[WEEK/]YEAR", "Of manufacture; without it that of the donor, else 2025", SetDate },
     { "--size", "WxHmm", "Of the picture; without it no size is given", SetSize },
     { "--hdr", "[LIST]", "pq, hlg, and luminances in cd/m2: max=600, frame=400, min=0.05; pq,hlg without LIST",
       SetHdr },
@@ -323,6 +335,11 @@ std::string ApplyWishes(const CWishValues& aoValues, SZorEdidWishes& oWishes)
     }
     for (const SWishValue& oValue : aoValues)
     {
+        const auto fnIsSame = [&](const SWishValue& oOther) { return oOther.m_poOption == oValue.m_poOption; };
+        if (!fnIsMode(oValue) && std::ranges::count_if(aoValues, fnIsSame) > 1)
+        {
+            return std::string(oValue.m_poOption->m_pszName) + " is given twice";
+        }
         const std::string sReason = oValue.m_poOption->m_pfnSet(oValue.m_sValue, oWishes);
         if (!sReason.empty())
         {

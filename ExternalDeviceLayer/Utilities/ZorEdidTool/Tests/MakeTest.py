@@ -218,7 +218,16 @@ class Wishes(unittest.TestCase):
                 ("--profile headless --maker Abc", 1, "three capital letters"),
                 ("--profile headless --size 5000x100mm", 1, "10 to 2550 mm"),
                 ("--profile headless --size 5000", 2, "600x340mm"),
-                ("--profile headless --hdr max=20000", 1, "50 to 12500"),
+                ("--profile headless --hdr max=20000", 1, "max=20000: a maximum luminance is 50 to 12500"),
+                ("--profile headless --hdr max=600,frame=700", 1, "frame=700: the luminance of a frame"),
+                ("--profile headless --hdr max=600,min=9", 1, "min=9: a minimum luminance"),
+                ("--profile headless --hdr pq,min=0.1", 1, "need a maximum"),
+                ("--profile headless --hdr max=600,max=700", 2, "max is there twice"),
+                ("--profile headless --hdr pq --hdr hlg", 2, "--hdr is given twice"),
+                ("--profile headless --date 2005", 1, "a year from 2006"),
+                ("--profile headless --date 2245", 1, "is to come"),
+                ("--profile headless --date 0/2026", 2, "expected WEEK/YEAR"),
+                ("--mode 1920x1080@1 --interface dp", 1, "range limits begin at 1 Hz"),
                 ("--profile headless --hdr sdr", 2, "expected a list of pq"),
                 ("--profile headless --like /dev/null", 3, "is empty")):
             with self.subTest(arguments):
@@ -330,6 +339,21 @@ class Wishes(unittest.TestCase):
         if peer:
             done = subprocess.run([peer, "--check", "-"], input=image, capture_output=True, timeout=60)
             self.assertIn(b"EDID conformity: PASS", done.stdout.split(b"Failures:")[-1])
+
+    def test_what_is_said_of_rounded_numbers(self):
+        """Luminances and rates that are not what was asked, no rate that nobody asked for, and the date."""
+        for arguments, note, shown in (
+                ("--mode=1920x1080@60 --hdr=pq,max=600,frame=400", "HDR: frame 400 became 400.000", "peak 604 cd/m²"),
+                ("--mode=720x480@60", "720x480@60: at 59.94 Hz, preferred, detailed timing, VIC 2", "720x480    60 59.94\n"),
+                ("--mode=720x480@60 --interface=dp", "720x480@60: at 60.01 Hz", "720x480    60.01\n"),
+                ("--mode=1920x1080@240 --mode=1920x1080@60 --interface=dp --vrr=48-240", "have offsets", "VRR       48 to 240 Hz (range limits"),
+                ("--mode=5120x2880@60,cvt-rb2 --interface=dp", "DisplayID timing", "60 Hz, by DisplayID 5120 x 2880 at 60 Hz"),
+                ("--mode=1920x1080@60 --date=12/2026", "", "made in week 12 of 2026")):
+            with self.subTest(arguments):
+                status, image, notes = make(*arguments.split())
+                self.assertEqual(0, status, notes)
+                self.assertIn(note, notes)
+                self.assertIn(shown, run("show", "-", data=image)[1].decode())
 
     def test_interlaced_first(self):
         """No progressive mode is native beside it, so that it is not native either."""

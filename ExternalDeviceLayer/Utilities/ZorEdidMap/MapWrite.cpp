@@ -131,7 +131,7 @@ unsigned int ParseFlag(const char* pszText)
 bool IsReservedRule(EZorEdidRule eRule)
 {
     return eRule == eZorEdidRule_RangeZero || eRule == eZorEdidRule_StandardTimingZero ||
-           eRule == eZorEdidRule_CvtLines;
+           eRule == eZorEdidRule_CvtLines || eRule == eZorEdidRule_BaseMaker;
 }
 
 // A leaf with another raw value. Its row says what it means, unless the walk over the image gave it its meaning: then
@@ -224,9 +224,9 @@ class CSearch
 {
 public:
     CSearch(const SMapContent& oMap, unsigned int uiField, const char* pszValue)
-        : m_oTrial(oMap, uiField), m_oField(oMap.GetField(uiField)), m_pszValue(pszValue),
-          m_oAsked(ParseAsked(pszValue, m_oField.m_pszUnit, m_oField.m_uiDecimals)), m_uiFlag(ParseFlag(pszValue)),
-          m_uiBits(CountBits(oMap, m_oField))
+        : m_oMap(oMap), m_uiField(uiField), m_oTrial(oMap, uiField), m_oField(oMap.GetField(uiField)),
+          m_pszValue(pszValue), m_oAsked(ParseAsked(pszValue, m_oField.m_pszUnit, m_oField.m_uiDecimals)),
+          m_uiFlag(ParseFlag(pszValue)), m_uiBits(CountBits(oMap, m_oField))
     {
     }
 
@@ -254,6 +254,13 @@ public:
     }
 
 private:
+    // The least or the most of all numbers.
+    struct SEnd
+    {
+        unsigned int m_uiRaw;
+        long long m_llNumber;
+    };
+
     bool IsNumber() const { return m_oField.m_eKind == CZorEdidMap::eKind_Number; }
 
     void Take(unsigned int uiRaw, bool bExact)
@@ -309,16 +316,12 @@ private:
         {
             ConsiderNumber(uiRaw, oField.m_llNumber);
         }
-        else
-        {
-            AddName();
-        }
     }
 
     void ConsiderNumber(unsigned int uiRaw, long long llNumber)
     {
-        m_llLeast = m_bNumbers && m_llLeast < llNumber ? m_llLeast : llNumber;
-        m_llMost = m_bNumbers && m_llMost > llNumber ? m_llMost : llNumber;
+        m_oLeast = m_bNumbers && m_oLeast.m_llNumber < llNumber ? m_oLeast : SEnd{ uiRaw, llNumber };
+        m_oMost = m_bNumbers && m_oMost.m_llNumber > llNumber ? m_oMost : SEnd{ uiRaw, llNumber };
         m_bNumbers = true;
         const long long llScaled = Scale(llNumber);
         const long long llDistance =
@@ -331,24 +334,74 @@ private:
         }
     }
 
-    // Names that a refusal lists.
-    void AddName()
+    // ---- What a refusal offers: values that are accepted ----
+
+    // Of numbers that rise or fall with the raw value the next one that is accepted. False without one.
+    bool Narrow(SEnd& oEnd, bool bUp)
     {
-        constexpr int iMostLength = 600;
-        if (m_uiBits > gsc_uiMostTriedBits && !IsNumber())
+        constexpr unsigned int uiMostSteps = 256;
+        for (unsigned int i = 0; i < uiMostSteps; ++i)
         {
-            m_oNames = "a code such as 00-0C-03";
-            return;
+            if (IsAcceptedRaw(m_oMap, m_uiField, oEnd.m_uiRaw))
+            {
+                return true;
+            }
+            const SEnd oBefore = oEnd;
+            for (const unsigned int uiRaw : { oBefore.m_uiRaw + 1, oBefore.m_uiRaw - 1 })
+            {
+                const bool bBits = uiRaw <= gsc_uiNone >> (32 - m_uiBits);
+                const bool bAllowed =
+                    bBits && m_oTrial.Put(uiRaw) && m_oTrial.IsAllowed() && m_oTrial.GetField().m_bNumber;
+                const long long llNumber = bAllowed ? m_oTrial.GetField().m_llNumber : oBefore.m_llNumber;
+                if (bUp ? llNumber > oBefore.m_llNumber : llNumber < oBefore.m_llNumber)
+                {
+                    oEnd = { uiRaw, llNumber };
+                }
+            }
+            if (oEnd.m_uiRaw == oBefore.m_uiRaw)
+            {
+                return false;
+            }
         }
+        return false;
+    }
+
+    void ListNames()
+    {
         if (m_oField.m_eId == eId_BaseIdentityManufacturer)
         {
             m_oNames = "three letters A to Z";
             return;
         }
+        if (m_uiBits > gsc_uiMostTriedBits)
+        {
+            m_oNames = IsNumber() ? "" : "a code such as 00-0C-03";
+            return;
+        }
+        if (m_oTrial.IsWalked() && m_uiBits > gsc_uiMostWalkedBits)
+        {
+            return;
+        }
+        for (unsigned int i = 0; i < 1U << m_uiBits; ++i)
+        {
+            if (m_oTrial.Put(i) && m_oTrial.IsAllowed() && !m_oTrial.GetField().m_bNumber)
+            {
+                AddName(i);
+            }
+        }
+    }
+
+    void AddName(unsigned int uiRaw)
+    {
+        constexpr int iMostLength = 600;
         const CMString oText = m_oTrial.GetText();
         if (m_oNames.GetLength() > iMostLength || oText == m_oLastName)
         {
             m_bMoreNames = m_bMoreNames || oText != m_oLastName;
+            return;
+        }
+        if (!IsAcceptedRaw(m_oMap, m_uiField, uiRaw))
+        {
             return;
         }
         m_oNames += m_oNames.GetLength() != 0 ? ", " : "";
@@ -418,17 +471,19 @@ private:
         }
     }
 
-    CMString GetAllowed() const
+    CMString GetAllowed()
     {
         CMString oAllowed;
-        if (m_bNumbers)
+        ListNames();
+        const bool bNumbers = m_bNumbers && Narrow(m_oLeast, true) && Narrow(m_oMost, false);
+        if (bNumbers)
         {
-            oAllowed = FormatNumber(m_llLeast, m_oField.m_uiDecimals, nullptr) + " to " +
-                       FormatNumber(m_llMost, m_oField.m_uiDecimals, m_oField.m_pszUnit);
+            oAllowed = FormatNumber(m_oLeast.m_llNumber, m_oField.m_uiDecimals, nullptr) + " to " +
+                       FormatNumber(m_oMost.m_llNumber, m_oField.m_uiDecimals, m_oField.m_pszUnit);
         }
         if (m_oNames.GetLength() != 0)
         {
-            oAllowed += m_bNumbers ? ", or " : "";
+            oAllowed += bNumbers ? ", or " : "";
             oAllowed += m_oNames;
             oAllowed += m_bMoreNames ? " ..." : "";
         }
@@ -437,8 +492,8 @@ private:
 
     void Judge()
     {
-        const bool bInRange = m_bNearest && !m_bReserved && m_oAsked.m_llNumber >= Scale(m_llLeast) &&
-                              m_oAsked.m_llNumber <= Scale(m_llMost);
+        const bool bInRange = m_bNearest && !m_bReserved && m_oAsked.m_llNumber >= Scale(m_oLeast.m_llNumber) &&
+                              m_oAsked.m_llNumber <= Scale(m_oMost.m_llNumber);
         if (!m_oChoice.m_bFound && bInRange)
         {
             Take(m_uiNearest, m_llDistance == 0 && !m_oAsked.m_bRounded);
@@ -453,6 +508,8 @@ private:
         }
     }
 
+    const SMapContent& m_oMap;
+    unsigned int m_uiField;
     CTrial m_oTrial;
     const CField& m_oField;
     const char* m_pszValue;
@@ -463,9 +520,9 @@ private:
     bool m_bNamed = false;
     bool m_bNotAllowed = false; // it is the text of a value that is not allowed
     bool m_bReserved = false;   // it is the number of a reserved value, and no other is taken in its place
-    bool m_bNumbers = false;    // there are any, from m_llLeast to m_llMost
-    long long m_llLeast = 0;
-    long long m_llMost = 0;
+    bool m_bNumbers = false;    // there are any, from m_oLeast to m_oMost
+    SEnd m_oLeast = { 0, 0 };
+    SEnd m_oMost = { 0, 0 };
     bool m_bNearest = false;
     long long m_llDistance = 0;
     unsigned int m_uiNearest = 0;
@@ -474,6 +531,15 @@ private:
     bool m_bMoreNames = false;
 };
 } // namespace
+
+bool ParseWholeNumber(const char* pszText, const char* pszUnit, unsigned int& uiNumber)
+{
+    const SAskedNumber oAsked = ParseAsked(pszText, pszUnit, 0);
+    const bool bWhole = oAsked.m_bNumber && !oAsked.m_bRounded && oAsked.m_llNumber % gsc_llMoreDecimals == 0 &&
+                        oAsked.m_llNumber >= 0 && oAsked.m_llNumber <= Scale(gsc_uiNone);
+    uiNumber = bWhole ? static_cast<unsigned int>(oAsked.m_llNumber / gsc_llMoreDecimals) : 0;
+    return bWhole;
+}
 
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue)
 {

@@ -21,6 +21,12 @@ struct SRawChoice
 // Of a leaf with a row whose place is no run.
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue);
 
+// Whether all other leaves read as before when a leaf has this raw value. Defined where values are written.
+bool IsAcceptedRaw(const SMapContent& oMap, unsigned int uiField, unsigned int uiRaw);
+
+// A whole number with or without the unit of a field. False for anything else.
+bool ParseWholeNumber(const char* pszText, const char* pszUnit, unsigned int& uiNumber);
+
 // The leaf of oOther that has the highest bit of a leaf of oMap; both are of images of the same size.
 unsigned int FindLeafOf(const SMapContent& oOther, const SMapContent& oMap, const CZorEdidMap::SField& oField);
 

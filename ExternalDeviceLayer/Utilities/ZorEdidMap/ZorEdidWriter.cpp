@@ -6,6 +6,8 @@
 
 #include "EdidUtils.h"
 #include "MapWrite.h"
+#include "MapWriter.h"
+#include "Standards/BaseBlock.h"
 #include "ZorTools.h"
 
 namespace ZorMap
@@ -158,6 +160,50 @@ SDraft DraftChoice(const SMapContent& oMap, unsigned int uiField, const char* ps
     return oDraft;
 }
 
+// ---- Rates of range limits ----
+
+// Past 255 they need an offset, which has bits of its own.
+const Descriptors::SRatePlaces* FindRatePlaces(EZorEdidField eId)
+{
+    const bool bVertical = eId == eId_BaseRangeMinVerticalRate || eId == eId_BaseRangeMaxVerticalRate;
+    const bool bHorizontal = eId == eId_BaseRangeMinHorizontalRate || eId == eId_BaseRangeMaxHorizontalRate;
+    return bVertical ? &Descriptors::gsc_oVerticalRates : bHorizontal ? &Descriptors::gsc_oHorizontalRates : nullptr;
+}
+
+SDraft DraftRate(const SMapContent& oMap, unsigned int uiField, const char* pszValue)
+{
+    using namespace Descriptors;
+    constexpr unsigned int uiMostRate = 2 * gsc_uiRateOffset;
+    const CField& oField = oMap.GetField(uiField);
+    const SRatePlaces& oPlaces = *FindRatePlaces(oField.m_eId);
+    const unsigned char* pui8Limits = oMap.GetData() + oMap.GetField(oField.m_uiGroup).m_uiOffset;
+    const unsigned int uiOffsets = oPlaces.m_oOffsets.Read(pui8Limits);
+    const bool bMaximum =
+        oField.m_eId == eId_BaseRangeMaxVerticalRate || oField.m_eId == eId_BaseRangeMaxHorizontalRate;
+    unsigned int uiLeast = oPlaces.m_oMinimum.Read(pui8Limits) + (IsMinimumOffset(uiOffsets) ? gsc_uiRateOffset : 0);
+    unsigned int uiMost = oPlaces.m_oMaximum.Read(pui8Limits) + (IsMaximumOffset(uiOffsets) ? gsc_uiRateOffset : 0);
+    // A minimum with an offset is below a maximum with one.
+    const unsigned int uiFrom = bMaximum && uiLeast > gsc_uiRateOffset ? gsc_uiRateOffset + 1 : 1;
+    const unsigned int uiTo = bMaximum || uiMost > gsc_uiRateOffset ? uiMostRate : gsc_uiRateOffset;
+    unsigned int uiRate = 0;
+    const bool bNumber = ParseWholeNumber(pszValue, oField.m_pszUnit, uiRate);
+    if (!bNumber || uiRate < uiFrom || uiRate > uiTo)
+    {
+        CMString oReason;
+        oReason.Format("%s; it takes %u to %u %s",
+                       !bNumber      ? "not a value of this field"
+                       : uiRate == 0 ? "a reserved, unknown or forbidden value"
+                                     : "out of range",
+                       uiFrom, uiTo, oField.m_pszUnit);
+        return Refuse(oReason);
+    }
+    (bMaximum ? uiMost : uiLeast) = uiRate;
+    SDraft oDraft = { oMap.m_aui8Data, FormatNumber(uiRate, 0, oField.m_pszUnit) };
+    WriteRates(oDraft.m_aui8Image.GetData() + oMap.GetField(oField.m_uiGroup).m_uiOffset, oPlaces, uiLeast, uiMost,
+               true);
+    return oDraft;
+}
+
 // Why a value cannot be given by its meaning; null where it can.
 const char* GetOnlyRaw(const SMapContent& oMap, unsigned int uiField)
 {
@@ -196,6 +242,11 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     if (oText == pszValue)
     {
         return { oMap.m_aui8Data, oText };
+    }
+    const bool bOffsets = oMap.m_oFacts.m_uiRevision >= BaseBlock::gsc_uiVideoInputRevision;
+    if (bOffsets && FindRatePlaces(oField.m_eId) != nullptr)
+    {
+        return DraftRate(oMap, uiField, pszValue);
     }
     const SRow& oRow = *oMap.m_aoEntries[uiField].m_oOrigin.m_poRow;
     if (oRow.m_oPlace.m_ui8Run == 0)
@@ -244,7 +295,7 @@ bool HasSamePlace(const CField& oFirst, const CField& oSecond)
            oFirst.m_uiDepth == oSecond.m_uiDepth && strcmp(oFirst.m_pszName, oSecond.m_pszName) == 0;
 }
 
-// A minimum that is stored as a fraction of a maximum, and so follows it.
+// A minimum that is stored as a fraction of a maximum, and the offsets of rates.
 struct SDependence
 {
     EZorEdidField m_eId;
@@ -255,6 +306,10 @@ constexpr SDependence gsc_aoDependences[] = {
     { eId_CtaHdrStaticMaxLuminance, eId_CtaHdrStaticMinLuminance },
     { eId_CtaAmdMaxLuminance, eId_CtaAmdMinLuminance },
     { eId_CtaAmdSecondMaxLuminance, eId_CtaAmdSecondMinLuminance },
+    { eId_BaseRangeMinVerticalRate, eId_BaseRangeVerticalRateOffsets },
+    { eId_BaseRangeMaxVerticalRate, eId_BaseRangeVerticalRateOffsets },
+    { eId_BaseRangeMinHorizontalRate, eId_BaseRangeHorizontalRateOffsets },
+    { eId_BaseRangeMaxHorizontalRate, eId_BaseRangeHorizontalRateOffsets },
 };
 
 // eZorEdidField_None for a field that no other depends on.
@@ -334,11 +389,12 @@ private:
         return uiField;
     }
 
-    // A dependent number that is one still.
+    // A dependent number that is one still, or names of offsets.
     bool IsFollower(unsigned int uiBefore, unsigned int uiAfter) const
     {
+        const CField& oAfter = m_oAfter.GetField(uiAfter);
         return m_eDependent != eZorEdidField_None && m_oBefore.GetField(uiBefore).m_eId == m_eDependent &&
-               m_oAfter.GetField(uiAfter).m_bNumber;
+               (oAfter.m_bNumber || oAfter.m_eKind == CZorEdidMap::eKind_Name);
     }
 
     // Leaves of the same place. Summaries of groups, and checksums, follow their bytes.
@@ -384,6 +440,15 @@ CMString CheckDraft(const SMapContent& oBefore, const SMapContent& oAfter, unsig
                                                                       : "it would read as \"" + oText + "\"";
 }
 } // namespace
+
+bool IsAcceptedRaw(const SMapContent& oMap, unsigned int uiField, unsigned int uiRaw)
+{
+    SDraft oDraft = { oMap.m_aui8Data, {} };
+    PutRaw(oMap, oMap.GetField(uiField), uiRaw, oDraft.m_aui8Image);
+    SMapContent oAfter;
+    CMapWriter::Write(oAfter, oDraft.m_aui8Image.GetCount(), oDraft.m_aui8Image.GetData());
+    return CheckDraft(oMap, oAfter, uiField, oDraft).GetLength() == 0;
+}
 } // namespace ZorMap
 
 using namespace ZorMap;

@@ -2,7 +2,10 @@
 
 #include "ZorEdidWriter.h"
 
+#include <string.h>
+
 #include <bit>
+#include <regex>
 #include <set>
 #include <tuple>
 
@@ -181,6 +184,97 @@ TEST_F(Writer, EachFieldTakesWhatItsBitsSay)
     EXPECT_LT(oCounts.m_uiRefused, oCounts.m_uiSet);
 }
 
+// "2.5 to 3.54 MHz, or not given, other" as values: both ends with the unit, and each name.
+std::vector<std::string> SplitOffer(const std::string& sOffer, const char* pszUnit)
+{
+    const std::string sUnit = pszUnit != nullptr ? std::string(" ") + pszUnit : "";
+    std::vector<std::string> asValues;
+    std::smatch oMatch;
+    std::string sNames = sOffer;
+    if (std::regex_search(sOffer, oMatch, std::regex("^(-?[0-9.]+) to (-?[0-9.]+)")))
+    {
+        asValues = { oMatch[1].str() + sUnit, oMatch[2].str() + sUnit };
+        const size_t uiNames = sOffer.find(", or ");
+        sNames = uiNames != std::string::npos ? sOffer.substr(uiNames + strlen(", or ")) : "";
+    }
+    return sNames.empty() || sNames.find(", ") != std::string::npos || sNames.ends_with("...")
+               ? asValues
+               : (asValues.push_back(sNames), asValues);
+}
+
+// What a refusal offers is taken: the ends of its range, and a single name.
+TEST_F(Writer, TakesWhatRefusalsOffer)
+{
+    std::set<std::pair<EZorEdidField, std::string>> oSeen;
+    for (const auto& [sName, aui8Image] : GetImages())
+    {
+        CZorEdidMap oMap;
+        oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+        for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+        {
+            const CField oField = oMap.GetField(i);
+            if (!IsSettable(oField) || !oSeen.emplace(oField.m_eId, oField.m_pszName).second)
+            {
+                continue;
+            }
+            CZorEdidWriter oWriter;
+            CZorEdidWriter::SAnswer oAnswer;
+            Read(oWriter, aui8Image);
+            oWriter.Set(i, "no such value", oAnswer); // a text takes it, and offers nothing
+            const std::string sReason = static_cast<const char*>(oAnswer.m_oReason);
+            const size_t uiOffer = sReason.find("; it takes ");
+            const std::string sOffer =
+                uiOffer != std::string::npos ? sReason.substr(uiOffer + strlen("; it takes ")) : "";
+            for (const std::string& sValue : SplitOffer(sOffer, oField.m_pszUnit))
+            {
+                const bool bWords = sValue == "three letters A to Z" || sValue.starts_with("a code such as");
+                CZorEdidWriter oOther;
+                Read(oOther, aui8Image);
+                EXPECT_TRUE(bWords || oOther.Set(i, sValue.c_str(), oAnswer) == 1)
+                    << sName << ": " << CZorEdidMap::GetId(oField.m_eId) << "=" << sValue << " of '" << sOffer
+                    << "': " << oAnswer.m_oReason;
+            }
+        }
+    }
+}
+
+// Rates past 255 take their offset with them, from revision 4 on.
+TEST_F(Writer, RatesTakeTheirOffsets)
+{
+    CBytes aui8Image = MakeEdid({});
+    const CBytes aui8Range = ParseBytes("00 00 00 FD 00 30 4B 1E 53 11 01 0A 20 20 20 20 20 20");
+    std::copy(aui8Range.begin(), aui8Range.end(), aui8Image.begin() + 0x6C);
+    aui8Image[0x13] = 4;
+    constexpr unsigned int uiOffsets = 0x70;
+    const struct
+    {
+        unsigned int m_uiOffset;
+        const char* m_pszValue;
+        const char* m_pszAfter;
+        unsigned char m_ui8Offsets;
+        unsigned char m_ui8Byte;
+    } aoSteps[] = {
+        { 0x71, "256", "!out of range; it takes 1 to 255 Hz", 0, 0x30 },
+        { 0x72, "511", "!out of range; it takes 1 to 510 Hz", 0, 0x4B },
+        { 0x72, "300 Hz", "300 Hz", 0x02, 45 },
+        { 0x71, "260", "260 Hz", 0x03, 5 },
+        { 0x72, "200", "!out of range; it takes 256 to 510 Hz", 0x03, 45 },
+        { 0x74, "510", "510 kHz", 0x0B, 255 },
+        { 0x71, "48", "48 Hz", 0x0A, 48 },
+        { 0x72, "144", "144 Hz", 0x08, 144 },
+    };
+    CZorEdidWriter oWriter;
+    Read(oWriter, FixChecksums(aui8Image));
+    for (const auto& oStep : aoSteps)
+    {
+        CZorEdidWriter::SAnswer oAnswer;
+        const int iSet = oWriter.Set(oWriter.GetMap().FindLeaf(oStep.m_uiOffset, 0), oStep.m_pszValue, oAnswer);
+        EXPECT_EQ(oStep.m_pszAfter, std::string(iSet == 1 ? oAnswer.m_oAfter : "!" + oAnswer.m_oReason));
+        EXPECT_EQ(oStep.m_ui8Offsets, oWriter.GetMap().GetData()[uiOffsets]) << oStep.m_pszValue;
+        EXPECT_EQ(oStep.m_ui8Byte, oWriter.GetMap().GetData()[oStep.m_uiOffset]) << oStep.m_pszValue;
+    }
+}
+
 struct SSetCase
 {
     const char* m_pszId;
@@ -198,13 +292,15 @@ TEST_F(Writer, TakesWordsNumbersAndBits)
         { "base.display.gamma", "9", "!out of range; it takes 1.00 to 3.54", false },
         { "base.display.gamma", "2.2 cm", "!not a value", false },
         { "base.identity.manufacturer", "abc", "ABC", true },
+        { "base.identity.manufacturer", "@@@", "!a reserved, unknown or forbidden value; it takes three letters",
+          false },
         { "base.identity.manufacturer", "12", "!not a value of this field; it takes three letters A to Z", false },
         { "base.identity.serial-number", "0xFFFFFFFE", "4294967294", true },
         { "base.identity.serial-number", "4294967296", "!out of range; it takes ", false },
         { "base.display.standby", "yes", "supported", true },
         { "checksum", "0", "!it is a checksum", false },
         { "base.header", "00", "!the standard fixes it", false },
-        { "base.range.max-vertical-rate", "0", "!a reserved, unknown or forbidden value; it takes 1 to 255 Hz", false },
+        { "base.range.max-vertical-rate", "0", "!a reserved, unknown or forbidden value; it takes 1 to 510 Hz", false },
     };
     CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
     const CBytes aui8Range = ParseBytes("00 00 00 FD 00 30 4B 1E 53 11 00 0A 20 20 20 20 20 20");

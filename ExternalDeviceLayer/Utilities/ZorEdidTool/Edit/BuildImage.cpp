@@ -105,6 +105,31 @@ std::string NameMember(std::string sProblem)
     return uiHint != std::string::npos ? sProblem.replace(uiHint, sizeof(szHint) - 1, "; \"raw\" writes") : sProblem;
 }
 
+// Fields whose text for people was changed, and nothing that counts.
+struct SOtherTexts
+{
+    std::string m_sFirst = {};
+    size_t m_uiCount = 0;
+
+    void Compare(const SExplainedLeaf::SText& oText, std::string_view sExpected, const CZorEdidMap& oMap,
+                 unsigned int uiField)
+    {
+        if (oText.m_bThere && oText.m_uiHash != HashText(sExpected))
+        {
+            m_sFirst = m_uiCount++ == 0 ? NameField(oMap, uiField) : m_sFirst;
+        }
+    }
+
+    void Note(const char* pszMember, std::vector<std::string>& asNotes) const
+    {
+        if (m_uiCount != 0)
+        {
+            asNotes.push_back(m_sFirst + ": \"" + pszMember + "\" is not read, \"value\" is" +
+                              (m_uiCount > 1 ? "; so of " + std::to_string(m_uiCount - 1) + " more" : ""));
+        }
+    }
+};
+
 class CBuilder
 {
 public:
@@ -122,12 +147,8 @@ public:
                 return m_oBuilt;
             }
         }
-        if (m_uiOtherTexts != 0)
-        {
-            m_oBuilt.m_asNotes.push_back(
-                m_sOtherText + ": \"text\" is not read, \"value\" is" +
-                (m_uiOtherTexts > 1 ? "; so of " + std::to_string(m_uiOtherTexts - 1) + " more" : ""));
-        }
+        m_oOtherText.Note("text", m_oBuilt.m_asNotes);
+        m_oOtherMeaning.Note("meaning", m_oBuilt.m_asNotes);
         m_oBuilt.m_aui8Bytes = m_oExplained.m_aui8Built;
         if (!m_apoChanged.empty())
         {
@@ -156,9 +177,11 @@ private:
         const bool bRaw = IsRawChanged(m_oExplained, oLeaf);
         if (!IsValueChanged(m_oRead, uiField, oLeaf))
         {
-            if (oLeaf.m_bText && !bRaw && oLeaf.m_uiTextHash != HashText(GetFieldValue(m_oRead, uiField)))
+            if (!bRaw)
             {
-                m_sOtherText = m_uiOtherTexts++ == 0 ? NameField(m_oRead, uiField) : m_sOtherText;
+                const char* pszMeaning = m_oRead.GetField(uiField).m_pszMeaning;
+                m_oOtherText.Compare(oLeaf.m_oText, GetFieldValue(m_oRead, uiField), m_oRead, uiField);
+                m_oOtherMeaning.Compare(oLeaf.m_oMeaning, pszMeaning != nullptr ? pszMeaning : "", m_oRead, uiField);
             }
             return true;
         }
@@ -209,8 +232,8 @@ private:
     const SExplained& m_oExplained;
     CZorEdidMap m_oRead;
     std::vector<const SExplainedLeaf*> m_apoChanged;
-    std::string m_sOtherText; // the first field whose text was changed
-    size_t m_uiOtherTexts = 0;
+    SOtherTexts m_oOtherText;
+    SOtherTexts m_oOtherMeaning;
     SBuilt m_oBuilt;
 };
 } // namespace

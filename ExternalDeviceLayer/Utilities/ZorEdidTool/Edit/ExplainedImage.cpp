@@ -50,6 +50,7 @@ enum EMember : unsigned int
     eMember_Id,
     eMember_Value,
     eMember_Text,
+    eMember_Meaning,
     eMember_Raw,
     eMember_Pieces,
     eMember_FieldsOfGroup,
@@ -89,6 +90,7 @@ constexpr SMember gsc_aoMembers[] = {
     { eMember_Value, ePlace_Field, "value", eType_Text | eType_Number | eType_Flag, "a number or a text",
       ePlace_Other },
     { eMember_Text, ePlace_Field, "text", eType_Text, "a text", ePlace_Other },
+    { eMember_Meaning, ePlace_Field, "meaning", eType_Text, "a text", ePlace_Other },
     { eMember_Raw, ePlace_Field, "raw", eType_Text, "hexadecimal digits", ePlace_Other },
     { eMember_Pieces, ePlace_Field, "pieces", eType_Array, "an array", ePlace_Pieces },
     { eMember_FieldsOfGroup, ePlace_Field, "fields", eType_Array, "an array", ePlace_Fields },
@@ -314,8 +316,10 @@ private:
             oField.m_oLeaf.m_sValue = sText;
             return sText.size() <= gsc_uiLongestValue || Refuse("\"value\" is longer than any field");
         case eMember_Text:
-            oField.m_oLeaf.m_bText = true;
-            oField.m_oLeaf.m_uiTextHash = HashText(sText);
+            oField.m_oLeaf.m_oText = { true, HashText(sText) };
+            return true;
+        case eMember_Meaning:
+            oField.m_oLeaf.m_oMeaning = { true, HashText(sText) };
             return true;
         default:
             return TakeHex(sText, oField.m_aui8Raw);

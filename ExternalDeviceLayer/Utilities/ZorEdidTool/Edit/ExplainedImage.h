@@ -16,8 +16,14 @@ struct SExplainedLeaf
     bool m_bValue = false;  // there is a value
     bool m_bNumber = false; // which is a number
     std::string m_sValue = {};
-    bool m_bText = false; // there is a text, which is compared, but not kept
-    size_t m_uiTextHash = 0;
+    // Texts for people, which are compared, but not kept.
+    struct SText
+    {
+        bool m_bThere = false;
+        size_t m_uiHash = 0;
+    };
+    SText m_oText = {};
+    SText m_oMeaning = {};
 };
 
 struct SExplained

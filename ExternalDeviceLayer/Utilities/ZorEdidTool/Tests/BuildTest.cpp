@@ -167,7 +167,8 @@ const SChange gsc_aoChanges[] = {
     // What does not count.
     { "NoValue", gsc_szGamma, R"({ "value": null })", {}, false },
     { "OtherText", gsc_szGamma, R"({ "text": "2.5", "notes": 7 })", {}, false, "", "\"text\" is not read" },
-    { "OtherNames", gsc_szGamma, R"({ "name": [[{}]], "unit": {}, "meaning": "x", "kind": "flag" })", {}, false },
+    { "OtherMeaning", gsc_szGamma, R"({ "meaning": "2.5" })", {}, false, "", "\"meaning\" is not read" },
+    { "OtherNames", gsc_szGamma, R"({ "name": [[{}]], "unit": {}, "kind": "flag" })", {}, false },
     // What cannot be compared.
     { "UnknownId", gsc_szGamma, R"({ "id": "base.unknown" })", {}, false, "byte 0x17: this version" },
 };

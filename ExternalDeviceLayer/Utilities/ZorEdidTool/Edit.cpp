@@ -47,6 +47,13 @@ struct SEdited
     EExit m_eExit = eExit_Finding;
 };
 
+std::vector<SFinding> CheckBytes(const CBytes& aui8Image)
+{
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
+    return CheckImage(oMap, GetThisYear());
+}
+
 // The edits that the library has classes for.
 SEdited EditByClasses(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
 {
@@ -68,6 +75,9 @@ SEdited EditByClasses(const SInput& oInput, const std::vector<SEdit>& aoEdits, b
     SEdited oEdited = { oImage.GetBytes() };
     const std::string sFault = VerifyEdits(oInput.m_aui8Bytes, oEdited.m_aui8Bytes, oImage.GetBlocks());
     oEdited.m_asNotes = oImage.GetNotes();
+    const std::vector<std::string> asFindings =
+        NameNewFindings(CheckBytes(oInput.m_aui8Bytes), CheckBytes(oEdited.m_aui8Bytes));
+    oEdited.m_asNotes.insert(oEdited.m_asNotes.end(), asFindings.begin(), asFindings.end());
     oEdited.m_sProblem = sFault.empty() ? "" : "internal fault: " + sFault;
     return oEdited;
 }
@@ -78,8 +88,8 @@ void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
     CFieldEdits oFields(oEdited.m_aui8Bytes);
     for (const SEdit& oEdit : aoEdits)
     {
-        const std::string sReason =
-            oEdit.m_eKind == eEdit_Set ? oFields.Apply(oEdit.m_oSetting) : oFields.Do(oEdit.m_fnNamed);
+        const CNamedEdit fnSet = [&oEdit](CFieldEdits& oSet) { return oSet.Apply(oEdit.m_oSetting); };
+        const std::string sReason = oFields.Do(oEdit.m_eKind == eEdit_Set ? fnSet : oEdit.m_fnNamed);
         if (!sReason.empty())
         {
             oEdited.m_sProblem = oEdit.m_sText + ": " + sReason;

@@ -34,6 +34,15 @@ bool IsFollowing(const CZorEdidMap::SField& oField)
            std::ranges::find(gsc_aeFollowing, oField.m_eId) != std::end(gsc_aeFollowing);
 }
 
+// A place of the 4:2:0 capability map that says nothing: reserved where no code has it, no where one comes to have it.
+bool IsUnusedMapPlace(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField)
+{
+    const unsigned int uiGroup = oField.m_uiGroup;
+    return uiGroup != CZorEdidMap::msc_uiNone && oMap.GetField(uiGroup).m_eId == eZorEdidField_Cta420Map &&
+           (oField.m_eKind == CZorEdidMap::eKind_Reserved || oField.m_eKind == CZorEdidMap::eKind_Flag) &&
+           oField.m_llNumber == 0;
+}
+
 bool IsHeld(const CRanges& aoRanges, const CZorEdidMap::SField& oField)
 {
     const SRange* poFirst = aoRanges.GetData();
@@ -72,7 +81,7 @@ CPartsComparison::SLeaves CPartsComparison::ListLeaves(const CZorEdidMap& oMap, 
         {
             oLeaves.m_auiFollowing.Add(i);
         }
-        else if (oField.m_eId != eZorEdidField_Padding)
+        else if (oField.m_eId != eZorEdidField_Padding && !IsUnusedMapPlace(oMap, oField))
         {
             oLeaves.m_auiKept.Add(i);
         }

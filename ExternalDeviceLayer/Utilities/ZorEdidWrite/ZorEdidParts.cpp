@@ -183,7 +183,8 @@ private:
     unsigned int m_uiLackBlock = 0;
     EList m_eLackList = eLists; // all lists of the block share its room; those of the base block have their own
     bool m_bLack = false;
-    bool m_bBlocks = false; // the list of blocks is another one
+    CMString m_oNoFurther = {}; // why there is no further block
+    bool m_bBlocks = false;     // the list of blocks is another one
 };
 
 // ---- The step that every change takes ----
@@ -256,7 +257,9 @@ int CPartsEdit::RefuseForRoom(const char* pszWhere)
 {
     if (!m_bLack)
     {
-        return Refuse(m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("the image has no ") + pszWhere);
+        CMString oReason = m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("the image has no ") + pszWhere;
+        oReason += m_oNoFurther.GetLength() != 0 ? "; no new block, as " + m_oNoFurther : CMString();
+        return Refuse(oReason);
     }
     CMString oReason;
     oReason.Format("%u %s in block %u", m_oAnswer.m_uiLacking, m_oAnswer.m_uiLacking == 1 ? "byte lacks" : "bytes lack",
@@ -268,6 +271,7 @@ int CPartsEdit::RefuseForRoom(const char* pszWhere)
         oReason += i == 0 ? "; one of these could go: " : ", ";
         oReason += NamePart(m_oMap, m_oAnswer.m_auiRemovable[i]);
     }
+    oReason += m_oNoFurther.GetLength() != 0 ? "; no new block, as " + m_oNoFurther : CMString();
     return Refuse(oReason);
 }
 
@@ -301,6 +305,8 @@ bool CPartsEdit::AddFurtherBlock(unsigned int uiTag, unsigned int uiVersion)
     const unsigned int uiBlocks = CountBlocks(m_aui8Image);
     if (!IsCounted(m_aui8Image) || uiBlocks > gsc_uiMostExtensions)
     {
+        m_oNoFurther = uiBlocks > gsc_uiMostExtensions ? "more than 127 need a second block map"
+                                                       : "the image does not end where its count of blocks says";
         return false;
     }
     bool bFirst = uiTag == gsc_uiCtaTag;

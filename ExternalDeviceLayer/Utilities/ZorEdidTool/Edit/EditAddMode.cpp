@@ -9,8 +9,10 @@
 #include "EditDisplayId.h"
 #include "EditLimits.h"
 #include "EditNamed.h"
+#include "EditPlaces.h"
 #include "ExactTimings.h"
 #include "FieldEdits.h"
+#include "ModePlaces.h"
 #include "NearWord.h"
 #include "TextFormat.h"
 #include "ZorEdidTimings.h"
@@ -98,12 +100,49 @@ std::string AddTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
     return sProblem;
 }
 
+// Clocks of records have steps of up to 10 kHz.
+bool IsThere(const SZorMode& oMode, const SZorImageMode& oPresent)
+{
+    constexpr unsigned int uiHalfStep = 5000;
+    SZorMode oPartner = {};
+    return ZorWrite::IsSameTiming(oPresent.m_oMode, oMode, uiHalfStep) ||
+           (CZorEdidModes::GetPartner(oPresent.m_oMode, oPartner) &&
+            ZorWrite::IsSameTiming(oPartner, oMode, uiHalfStep));
+}
+
+// A record or a code that announces the timing, preferred or in DisplayID where that was asked. Null for none.
+const SZorImageMode* FindPresent(const CZorEdidModes& oModes, const SAddedMode& oAdded)
+{
+    constexpr EZorEdidField aeDisplayId[] = { eZorEdidField_DisplayidType1Timing, eZorEdidField_DisplayidType7Timing };
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oPresent = oModes.Get(i);
+        const bool bDisplayId = std::ranges::find(aeDisplayId, oPresent.m_eField) != std::end(aeDisplayId);
+        const bool bPreferred = oPresent.m_eReason == SZorImageMode::eReason_FirstDetailed ||
+                                oPresent.m_eReason == SZorImageMode::eReason_Flag;
+        if ((bDisplayId || !oAdded.m_bDisplayId) && (bPreferred || !oAdded.m_bPreferred) &&
+            oPresent.m_eNumbers != SZorImageMode::eNumbers_Assumed && oPresent.m_oMode.m_bTiming &&
+            oPresent.m_oMode.m_eY420 != SZorMode::eY420_Only && IsThere(oAdded.m_oMode, oPresent))
+        {
+            return &oPresent;
+        }
+    }
+    return nullptr;
+}
+
 std::string AddMode(CFieldEdits& oFields, const SAddedMode& oAdded)
 {
     constexpr unsigned int uiBlockSize = 128;
     if (oFields.GetMap().GetSize() < uiBlockSize)
     {
         return "the base block is not whole";
+    }
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    if (const SZorImageMode* poPresent = FindPresent(oModes, oAdded))
+    {
+        oFields.Note("is there already: " + NamePlaces(oFields.GetBytes(), { *poPresent }));
+        return "";
     }
     const SVics oVics = FindExactVics(oAdded.m_oMode);
     const bool bCode = !oAdded.m_bPreferred && !oAdded.m_bDisplayId && !oVics.m_auiCodes.empty() &&

@@ -3,6 +3,7 @@
 #include "EditNamed.h"
 
 #include <stdio.h>
+#include <string.h>
 
 #include <algorithm>
 #include <vector>
@@ -219,9 +220,17 @@ constexpr EZorEdidField gsc_aeChromaticities[] = {
     eZorEdidField_BaseChromaticityWhiteX, eZorEdidField_BaseChromaticityWhiteY,
 };
 
-// A display of other colours or another gamma than sRGB's does not say that it is one.
-std::string LeaveSrgb(CFieldEdits& oFields)
+// A display of other colours or another gamma than sRGB's does not say that it is one. One that has both says it.
+std::string FollowSrgb(CFieldEdits& oFields)
 {
+    const unsigned char* pui8Base = oFields.GetMap().GetData();
+    if (oFields.GetMap().GetSize() >= gsc_uiBlockSize &&
+        memcmp(pui8Base + BaseBlock::gsc_uiChromaticitiesOffset, BaseBlock::gsc_aui8SrgbColors,
+               sizeof(BaseBlock::gsc_aui8SrgbColors)) == 0 &&
+        pui8Base[BaseBlock::gsc_uiGammaOffset] == BaseBlock::gsc_ui8SrgbGamma)
+    {
+        return oFields.Set(eZorEdidField_BaseDisplaySrgbDefault, "yes");
+    }
     const std::vector<SFinding> aoFindings = CheckImage(oFields.GetMap(), GetThisYear());
     const bool bOther = std::ranges::any_of(aoFindings, [](const SFinding& oFinding) {
         return oFinding.m_eRule == eZorEdidRule_SrgbColors || oFinding.m_eRule == eZorEdidRule_SrgbGamma;
@@ -269,18 +278,15 @@ std::string ParseDate(const std::string& sText, CNamedEdit& fnEdit)
 {
     constexpr unsigned int uiMostWeek = 54;
     constexpr unsigned int uiLastYear = BaseBlock::gsc_uiFirstYear + 0xFF;
-    const size_t uiSlash = sText.find('/');
-    const bool bWeek = uiSlash != std::string::npos;
-    const std::string sYear = bWeek ? sText.substr(uiSlash + 1) : sText;
-    unsigned int uiWeek = 1;
+    unsigned int uiWeek = 0;
     unsigned int uiYear = 0;
-    if (!ParseNumber(sYear, uiYear) || uiYear < BaseBlock::gsc_uiFirstYear || uiYear > uiLastYear ||
-        (bWeek && !ParseNumber(sText.substr(0, uiSlash), uiWeek)) || uiWeek == 0 || uiWeek > uiMostWeek)
+    if (!ParseWeekAndYear(sText, uiWeek, uiYear) || uiYear < BaseBlock::gsc_uiFirstYear || uiYear > uiLastYear ||
+        uiWeek > uiMostWeek)
     {
         return "'" + sText + "' is not WEEK/YEAR or YEAR such as 12/2026: weeks are 1 to 54, years 1990 to 2245";
     }
-    fnEdit = [=](CFieldEdits& oFields) {
-        if (!bWeek)
+    fnEdit = [=, sYear = std::to_string(uiYear)](CFieldEdits& oFields) {
+        if (uiWeek == 0)
         {
             return PutYear(oFields, sYear);
         }
@@ -345,7 +351,7 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
         {
             sProblem = oFields.Set(gsc_aeChromaticities[i], asNumbers[i]);
         }
-        return sProblem.empty() ? LeaveSrgb(oFields) : sProblem;
+        return sProblem.empty() ? FollowSrgb(oFields) : sProblem;
     };
     return "";
 }
@@ -354,7 +360,7 @@ std::string ParseGamma(const std::string& sText, CNamedEdit& fnEdit)
 {
     fnEdit = [sText](CFieldEdits& oFields) {
         std::string sProblem = oFields.Set(eZorEdidField_BaseDisplayGamma, sText);
-        return sProblem.empty() ? LeaveSrgb(oFields) : sProblem;
+        return sProblem.empty() ? FollowSrgb(oFields) : sProblem;
     };
     return "";
 }

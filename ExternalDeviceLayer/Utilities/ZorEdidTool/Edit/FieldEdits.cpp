@@ -28,6 +28,28 @@ unsigned int GetHeadSize(EZorEdidField eId)
 }
 } // namespace
 
+std::vector<std::string> NameNewFindings(const std::vector<SFinding>& aoBefore, const std::vector<SFinding>& aoAfter)
+{
+    std::map<EZorEdidRule, unsigned int> auiKnown;
+    std::vector<std::string> asNew;
+    for (const SFinding& oFinding : aoBefore)
+    {
+        ++auiKnown[oFinding.m_eRule];
+    }
+    for (const SFinding& oFinding : aoAfter)
+    {
+        unsigned int& uiKnown = auiKnown[oFinding.m_eRule];
+        if (uiKnown-- == 0)
+        {
+            uiKnown = 0;
+            asNew.push_back("check then finds: " + oFinding.m_sField + ": " + oFinding.m_sWhat +
+                            (oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound) + " [" +
+                            FindZorEdidRule(oFinding.m_eRule)->m_pszId + "]");
+        }
+    }
+    return asNew;
+}
+
 CFieldEdits::CFieldEdits(const CBytes& aui8Image) { Read(aui8Image); }
 
 void CFieldEdits::Read(const CBytes& aui8Image) { m_oParts.Read(CountBytes(aui8Image), aui8Image.data()); }
@@ -66,22 +88,11 @@ std::string CFieldEdits::SetBy(unsigned int uiField, const std::string& sValue)
 
 std::string CFieldEdits::Do(const CNamedEdit& fnEdit)
 {
-    std::map<EZorEdidRule, unsigned int> auiKnown;
-    for (const SFinding& oFinding : CheckImage(GetMap(), GetThisYear()))
-    {
-        ++auiKnown[oFinding.m_eRule];
-    }
+    const std::vector<SFinding> aoBefore = CheckImage(GetMap(), GetThisYear());
     std::string sProblem = fnEdit(*this);
-    for (const SFinding& oFinding : CheckImage(GetMap(), GetThisYear()))
+    for (const std::string& sFinding : NameNewFindings(aoBefore, CheckImage(GetMap(), GetThisYear())))
     {
-        unsigned int& uiKnown = auiKnown[oFinding.m_eRule];
-        if (uiKnown-- == 0)
-        {
-            uiKnown = 0;
-            m_asNotes.push_back("check then finds: " + oFinding.m_sField + ": " + oFinding.m_sWhat +
-                                (oFinding.m_sFound.empty() ? "" : ": found " + oFinding.m_sFound) + " [" +
-                                FindZorEdidRule(oFinding.m_eRule)->m_pszId + "]");
-        }
+        Note(sFinding);
     }
     return sProblem;
 }
@@ -161,14 +172,72 @@ std::string CFieldEdits::AddBlock(unsigned int uiTag, const CBytes& aui8Block)
     return Finish(m_oParts.AddBlock(uiTag, CountBytes(aui8Block), pui8Block, {}, oAnswer), oAnswer, "was added");
 }
 
-std::string CFieldEdits::AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
+std::string CFieldEdits::PutDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
 {
     CZorEdidParts::SAnswer oAnswer;
-    if (aui8Bytes.size() != ZorStandards::Descriptors::gsc_uiDescriptorSize)
+    return Finish(m_oParts.AddDescriptor(aui8Bytes.data(), oWhere, oAnswer), oAnswer, "was added");
+}
+
+std::string CFieldEdits::AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
+{
+    using namespace ZorStandards::Descriptors;
+    if (aui8Bytes.size() != gsc_uiDescriptorSize)
     {
         return "a descriptor has 18 bytes";
     }
-    return Finish(m_oParts.AddDescriptor(aui8Bytes.data(), oWhere, oAnswer), oAnswer, "was added");
+    std::string sProblem = PutDescriptor(aui8Bytes, oWhere);
+    const bool bFirst = oWhere.m_uiBlock == 0 && oWhere.m_uiPlace == 0;
+    const bool bOfBase = bFirst || (oWhere.m_uiBlock == SWhere().m_uiBlock && !HasPixelClock(aui8Bytes.data()));
+    if (sProblem.empty() || !bOfBase || GetMap().GetSize() < gsc_uiBlockSize)
+    {
+        return sProblem;
+    }
+    const CBytes aui8Before = GetBytes();
+    const std::vector<std::string> asNotes = m_asNotes;
+    if (!AddBehindMovedTiming(aui8Bytes, oWhere).empty())
+    {
+        Read(aui8Before);
+        m_asNotes = asNotes;
+        return sProblem;
+    }
+    return "";
+}
+
+// The first timing moves for a new first one only.
+std::string CFieldEdits::AddBehindMovedTiming(const CBytes& aui8Bytes, const SWhere& oWhere)
+{
+    using namespace ZorStandards;
+    const bool bTiming = Descriptors::HasPixelClock(aui8Bytes.data());
+    const CBytes aui8Base = GetBytes();
+    unsigned int uiTimings = 0;
+    while (uiTimings < BaseBlock::gsc_uiDescriptors &&
+           Descriptors::HasPixelClock(aui8Base.data() + BaseBlock::DescriptorOffset(uiTimings)))
+    {
+        ++uiTimings;
+    }
+    if (uiTimings < (bTiming ? 1U : 2U))
+    {
+        return "no timing can move";
+    }
+    const unsigned int uiOffset = BaseBlock::DescriptorOffset(uiTimings - 1);
+    const auto itMoved = aui8Base.begin() + uiOffset;
+    const CBytes aui8Moved(itMoved, itMoved + Descriptors::gsc_uiDescriptorSize);
+    SWhere oTo;
+    oTo.m_bNewBlock = bTiming;
+    std::string sProblem = Remove(GetMap().FindLeaf(uiOffset, 0));
+    if (!sProblem.empty())
+    {
+        return sProblem;
+    }
+    m_asNotes.pop_back(); // of the removal
+    sProblem = PutDescriptor(aui8Bytes, oWhere);
+    const size_t uiMoved = m_asNotes.size();
+    sProblem = sProblem.empty() ? PutDescriptor(aui8Moved, oTo) : sProblem;
+    if (sProblem.empty())
+    {
+        m_asNotes[uiMoved] += ": it made room in the base block";
+    }
+    return sProblem;
 }
 
 std::string CFieldEdits::AddStandard(const CBytes& aui8Bytes)
@@ -231,8 +300,17 @@ std::string CFieldEdits::PutPayload(EZorEdidField eId, const CBytes& aui8Payload
         oWhere.m_uiPlace += oOther.m_uiDepth == oField.m_uiDepth && oOther.m_eKind == CZorEdidMap::eKind_Group ? 1 : 0;
     }
     std::string sProblem = Remove(uiField);
-    sProblem = sProblem.empty() ? AddDataBlock(eId, aui8Payload, oWhere) : sProblem;
-    m_asNotes = asNotes;
+    const bool bRemoved = sProblem.empty();
+    sProblem = bRemoved ? AddDataBlock(eId, aui8Payload, oWhere) : sProblem;
+    if (bRemoved && !sProblem.empty() && AddDataBlock(eId, aui8Payload).empty()) // in another block, which is said
+    {
+        sProblem.clear();
+        m_asNotes.erase(m_asNotes.begin() + static_cast<std::ptrdiff_t>(asNotes.size())); // of the removal
+    }
+    else
+    {
+        m_asNotes = asNotes;
+    }
     if (!sProblem.empty())
     {
         Read(aui8Before);

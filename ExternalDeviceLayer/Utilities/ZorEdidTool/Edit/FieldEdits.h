@@ -10,7 +10,11 @@
 #include "CeaBlocks.h"
 #include "EditNamed.h"
 #include "EditSet.h"
+#include "Findings.h"
 #include "ZorEdidParts.h"
+
+// What is found of an image after an edit and was not before, a line each: by its rule as often as it is there more.
+std::vector<std::string> NameNewFindings(const std::vector<SFinding>& aoBefore, const std::vector<SFinding>& aoAfter);
 
 // All edits give an empty text, or the reason of a refusal, which changes nothing.
 class CFieldEdits
@@ -44,6 +48,7 @@ public:
     std::string AddItem(EZorEdidField eId, const CBytes& aui8Item, const SWhere& oWhere = {});
     // Of 128 bytes, or without bytes an empty one.
     std::string AddBlock(unsigned int uiTag, const CBytes& aui8Block);
+    // Where the base block has no room, its last timing goes to a CTA-861 block: to a further one only for a timing.
     std::string AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere = {});
     std::string AddStandard(const CBytes& aui8Bytes);
     std::string Remove(unsigned int uiField);
@@ -67,6 +72,8 @@ private:
     std::string Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone);
     std::string SetBy(unsigned int uiField, const std::string& sValue);
     void Read(const CBytes& aui8Image);
+    std::string PutDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere);
+    std::string AddBehindMovedTiming(const CBytes& aui8Bytes, const SWhere& oWhere);
 
     CZorEdidParts m_oParts;
     std::vector<std::string> m_asNotes;

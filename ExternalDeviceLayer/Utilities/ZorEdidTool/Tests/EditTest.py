@@ -368,6 +368,8 @@ class Edits(unittest.TestCase):
                  wide % (were, were.replace("150", "134.5")))):
             with self.subTest(mode, limits=limits):
                 status, out, error = edit(image(revision, limits, stereo), "--preferred", mode)
+                error, _, finding = error.partition("zoredid: -: check then finds: ")
+                self.assertEqual("240" in mode, "base.range-limits.pixel-clock" in finding or "library.range-offsets" in finding)
                 self.assertEqual((0, note(mode, text) if text else ""), (status, error))
                 self.assertEqual((expected, kept), (out[76:90].hex(), out[71] & 0x61))
         # Of another version the revision says nothing: byte 4 of the limits has no offsets.

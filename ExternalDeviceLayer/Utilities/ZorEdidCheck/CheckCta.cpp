@@ -1,5 +1,7 @@
 // Rules about CTA-861 blocks among each other, and about what HDMI asks of them.
 
+#include <algorithm>
+
 #include "CheckFindings.h"
 #include "Standards/HdmiBlocks.h"
 
@@ -45,12 +47,12 @@ void CheckFlags(CFindings& oFindings)
     });
 }
 
-// Audio in DisplayID sections is audio of the display that the CTA-861 blocks must know of. Of audio in a CTA-861 block
-// the map has a note.
+// Audio in DisplayID sections is audio of the display that the CTA-861 blocks must know of; without one there is no
+// flag to be read. Of audio in a CTA-861 block the map has a note.
 void CheckBasicAudio(CFindings& oFindings)
 {
     const unsigned int uiCta = oFindings.FindFirstBlock(gsc_uiCtaTag);
-    if (uiCta == 0 || Cta::gsc_oBasicAudio.IsSet(oFindings.GetAt(uiCta)))
+    if (uiCta != 0 && Cta::gsc_oBasicAudio.IsSet(oFindings.GetAt(uiCta)))
     {
         return;
     }
@@ -60,28 +62,43 @@ void CheckBasicAudio(CFindings& oFindings)
             const unsigned int uiField = oFindings.FindField(uiBlock, eId);
             if (uiField != CMap::msc_uiNone)
             {
-                oFindings.Add(uiField, eZorEdidRule_CtaBasicAudio);
+                oFindings.Add(uiField, eZorEdidRule_CtaBasicAudio,
+                              uiCta != 0 ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
                 return;
             }
         }
     });
 }
 
-// HDMI 2.1 has a bit for it; sinks of HDMI 2.0 may have the codes without it.
+// HDMI 2.1 has a bit for it. Sinks of HDMI 2.0, which say nothing of FRL and in the bytes that came later, do not.
+bool IsBefore21(const CFindings& oFindings, unsigned int uiUhd)
+{
+    const CMap& oMap = oFindings.GetMap();
+    const CMap::SField& oGroup = oMap.GetField(oMap.GetField(uiUhd).m_uiGroup);
+    const unsigned char* pui8End = oFindings.GetAt(oGroup.m_uiOffset + oGroup.m_uiLength);
+    return !TakesFrl(oFindings.GetFacts().GetLink()) &&
+           std::all_of(oFindings.GetAt(oMap.GetField(uiUhd).m_uiOffset + 1), pui8End,
+                       [](unsigned char ui8Byte) { return ui8Byte == 0; });
+}
+
 void CheckUhdCodes(CFindings& oFindings, unsigned int uiBlock)
 {
     const unsigned int uiUhd = oFindings.FindField(uiBlock, eZorEdidField_CtaHdmiForumUhdVic);
+    if (GetNumber(oFindings, uiUhd) != 0 || IsBefore21(oFindings, uiUhd))
+    {
+        return;
+    }
     bool bHas = false;
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         bHas = bHas || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor &&
                         oEntry.m_oMode.m_uiWidth >= ZorStandards::HdmiForum::gsc_uiUhdWidth);
     });
-    if (GetNumber(oFindings, uiUhd) == 0 && bHas)
+    if (bHas)
     {
-        oFindings.Add(uiUhd, eZorEdidRule_UhdVicMissing,
-                      TakesFrl(oFindings.GetFacts().GetLink()) ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
+        oFindings.Add(uiUhd, eZorEdidRule_UhdVicMissing);
     }
 }
+
 // HDMI has the CTA-861 block first; a block map may precede it.
 void CheckFirstExtension(CFindings& oFindings)
 {

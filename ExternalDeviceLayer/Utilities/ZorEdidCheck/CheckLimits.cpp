@@ -12,14 +12,15 @@ constexpr unsigned long long gsc_ullHzPerKiloHz = 1000;
 constexpr unsigned long long gsc_ullHzPerMegaHz = 1000000;
 constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
 
-// With two decimals, rounded down.
+// With two decimals, rounded to the nearest.
 CMString FormatRate(unsigned long long ullPart, unsigned long long ullWhole, const char* pszUnit)
 {
     constexpr unsigned long long ullHundredths = 100;
     CMString sText;
     if (ullWhole != 0)
     {
-        sText.Format("%llu.%02llu %s", ullPart / ullWhole, ullPart % ullWhole * ullHundredths / ullWhole, pszUnit);
+        const unsigned long long ullRest = (ullPart % ullWhole * ullHundredths + ullWhole / 2) / ullWhole; // up to 100
+        sText.Format("%llu.%02llu %s", ullPart / ullWhole + ullRest / ullHundredths, ullRest % ullHundredths, pszUnit);
     }
     return sText;
 }
@@ -56,7 +57,8 @@ struct SBreaches
     }
 };
 
-// Of detailed timings in the base block the map has a note each. An erratum of 1.4 lets listed modes leave the limits.
+// A finding for each limit that modes break. Of detailed timings in the base block the map has a note each. An erratum
+// of 1.4 lets listed modes leave the limits.
 void CheckRangeLimits(CFindings& oFindings)
 {
     const SRangeDescriptor oDescriptor = FindRangeLimits(oFindings);
@@ -64,26 +66,29 @@ void CheckRangeLimits(CFindings& oFindings)
     {
         return;
     }
-    SBreaches oBreaches;
-    bool bWeight = false;
+    SBreaches aoBreaches[eLimit_Count];
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const bool bNoted =
             oEntry.m_oMode.m_eKind == SZorMode::eModeKind_Detailed && oEntry.m_uiOffset < gsc_uiBlockSize;
-        const ELimit eLimit = bNoted ? eLimit_None : FindBreach(oEntry.m_oMode, oDescriptor.m_oLimits);
-        if (eLimit != eLimit_None)
+        for (unsigned int i = 0; i < eLimit_Count; ++i)
         {
-            bWeight = bWeight || eLimit != eLimit_RoundedClock;
-            oBreaches.Add(oEntry);
+            if (!bNoted && IsBroken(static_cast<ELimit>(i), oEntry.m_oMode, oDescriptor.m_oLimits))
+            {
+                aoBreaches[i].Add(oEntry);
+            }
         }
     });
-    if (oBreaches.m_uiCount != 0)
+    const bool bWeight = oFindings.GetByte(gsc_uiRevisionOffset) < gsc_uiVideoInputRevision;
+    for (unsigned int i = 0; i < eLimit_Count; ++i)
     {
-        bWeight = bWeight && oFindings.GetByte(gsc_uiRevisionOffset) < gsc_uiVideoInputRevision;
-        SZorFinding& oFinding =
-            oFindings.Add(oFindings.FindGroup(oDescriptor.m_uiOffset), eZorEdidRule_ModeBeyondLimits,
-                          bWeight ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
-        DescribeBreach(oBreaches.m_oFirst.m_oMode, oDescriptor.m_oLimits, oFinding);
-        oFinding.m_sFound += oBreaches.DescribeRest();
+        if (aoBreaches[i].m_uiCount != 0)
+        {
+            SZorFinding& oFinding =
+                oFindings.Add(oFindings.FindGroup(oDescriptor.m_uiOffset), eZorEdidRule_ModeBeyondLimits,
+                              bWeight && i != eLimit_RoundedClock ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
+            DescribeBreach(static_cast<ELimit>(i), aoBreaches[i].m_oFirst.m_oMode, oDescriptor.m_oLimits, oFinding);
+            oFinding.m_sFound += aoBreaches[i].DescribeRest();
+        }
     }
 }
 
@@ -145,7 +150,9 @@ SRangeDescriptor FindRangeLimits(const CFindings& oFindings)
     for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
     {
         const unsigned char* pui8Descriptor = oFindings.GetAt(DescriptorOffset(i));
-        if (Descriptors::HasTag(pui8Descriptor, Descriptors::gsc_ui8TagRangeLimits))
+        // Whatever its reserved bytes are, as the map reads it.
+        if (!Descriptors::HasPixelClock(pui8Descriptor) &&
+            pui8Descriptor[Descriptors::gsc_uiTagOffset] == Descriptors::gsc_ui8TagRangeLimits)
         {
             return { DescriptorOffset(i),
                      Descriptors::ReadRangeLimits(pui8Descriptor, oFindings.GetByte(gsc_uiRevisionOffset)) };
@@ -154,35 +161,58 @@ SRangeDescriptor FindRangeLimits(const CFindings& oFindings)
     return {};
 }
 
-ELimit FindBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
+bool IsBroken(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
 {
-    if (!oMode.m_bTiming || oMode.m_oHorizontal.m_uiTotal == 0)
+    const unsigned long long ullWidth = oMode.m_oHorizontal.m_uiTotal;
+    if (!oMode.m_bTiming || ullWidth == 0)
     {
-        return eLimit_None;
+        return false;
     }
     const unsigned long long ullClock = oMode.m_ullClock / gsc_ullHzPerKiloHz;
-    const bool bRounded = Descriptors::IsPixelClockRounded(oLimits, ullClock);
-    return Descriptors::IsPixelClockBeyond(oLimits, ullClock) && !bRounded                   ? eLimit_Clock
-           : Descriptors::IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) ? eLimit_LineRate
-           : Descriptors::IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor)
-               ? eLimit_FieldRate
-           : bRounded ? eLimit_RoundedClock
-                      : eLimit_None;
+    const SZorMode::SRate& oRate = oMode.m_oRate;
+    const auto fnIsLineRate = [&](bool bBelow) {
+        return Descriptors::IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) &&
+               (ullClock / ullWidth < oLimits.m_uiMinHorizontalRateInKiloHz) == bBelow;
+    };
+    const auto fnIsFieldRate = [&](bool bBelow) {
+        return Descriptors::IsFieldRateBeyond(oLimits, oRate.m_ullDividend, oRate.m_ullDivisor) &&
+               (oRate.m_ullDividend / oRate.m_ullDivisor < oLimits.m_uiMinVerticalRateInHz) == bBelow;
+    };
+    switch (eLimit)
+    {
+    case eLimit_Clock:
+        return Descriptors::IsPixelClockBeyond(oLimits, ullClock) &&
+               !Descriptors::IsPixelClockRounded(oLimits, ullClock);
+    case eLimit_LineRateBelow:
+    case eLimit_LineRateAbove:
+        return fnIsLineRate(eLimit == eLimit_LineRateBelow);
+    case eLimit_FieldRateBelow:
+    case eLimit_FieldRateAbove:
+        return fnIsFieldRate(eLimit == eLimit_FieldRateBelow);
+    case eLimit_RoundedClock:
+        return Descriptors::IsPixelClockRounded(oLimits, ullClock);
+    case eLimit_Count:
+        break;
+    }
+    return false;
 }
 
-void DescribeBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits, SZorFinding& oFinding)
+void DescribeBreach(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits,
+                    SZorFinding& oFinding)
 {
-    switch (FindBreach(oMode, oLimits))
+    switch (eLimit)
     {
-    case eLimit_None:
+    case eLimit_Count:
         break;
-    case eLimit_LineRate:
+    case eLimit_LineRateBelow:
+    case eLimit_LineRateAbove:
         oFinding.m_sFound =
             "line rate " + FormatRate(oMode.m_ullClock, oMode.m_oHorizontal.m_uiTotal * gsc_ullHzPerKiloHz, "kHz");
         oFinding.m_sExpected =
             FormatRange(oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz, "kHz");
         break;
-    case eLimit_FieldRate:
+    case eLimit_FieldRateBelow:
+    case eLimit_FieldRateAbove:
         oFinding.m_sFound = "field rate " + FormatRate(oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor, "Hz");
         oFinding.m_sExpected = FormatRange(oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz, "Hz");
         break;
@@ -193,6 +223,16 @@ void DescribeBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLim
             "at most " + FormatRate(oLimits.m_uiPreciseMaxPixelClockInKiloHz, gsc_uiKiloHzPerMegaHz, "MHz");
         break;
     }
+}
+
+void DescribeBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits, SZorFinding& oFinding)
+{
+    unsigned int uiLimit = 0;
+    while (uiLimit < eLimit_Count && !IsBroken(static_cast<ELimit>(uiLimit), oMode, oLimits))
+    {
+        ++uiLimit;
+    }
+    DescribeBreach(static_cast<ELimit>(uiLimit), oMode, oLimits, oFinding);
 }
 
 void CheckLimits(CFindings& oFindings)

@@ -15,17 +15,22 @@ struct SRangeDescriptor
 };
 SRangeDescriptor FindRangeLimits(const CFindings& oFindings);
 
-// The limit that a mode leaves. A clock that is above its own by less than the unit, as makers round down, comes last.
+// The limits that a mode may leave. A clock that is above its own by less than the unit, as makers round down, comes
+// last.
 enum ELimit
 {
-    eLimit_None,
     eLimit_Clock,
-    eLimit_LineRate,
-    eLimit_FieldRate,
-    eLimit_RoundedClock
+    eLimit_LineRateBelow,
+    eLimit_LineRateAbove,
+    eLimit_FieldRateBelow,
+    eLimit_FieldRateAbove,
+    eLimit_RoundedClock,
+    eLimit_Count
 };
-ELimit FindBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits);
+bool IsBroken(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits);
 
-// "line rate 133.31 kHz" as found, "30 to 83 kHz" as expected.
+// "line rate 133.31 kHz" as found, "30 to 83 kHz" as expected: of one limit, and of the first that the mode breaks.
+void DescribeBreach(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits,
+                    SZorFinding& oFinding);
 void DescribeBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits, SZorFinding& oFinding);
 } // namespace ZorCheck

@@ -196,6 +196,14 @@ void AddFirst(const CFindings& oFindings, SZorFinding& oFinding)
     oFinding.m_sFound = "the first one at " + DescribePlace(oMap.GetField(uiFirst).m_uiOffset);
 }
 
+// Places count from 1 here, as the codes do that they are compared with.
+void AddVideoPlace(const CFindings& oFindings, SZorFinding& oFinding)
+{
+    const CMap::SField& oField = oFindings.GetMap().GetField(oFinding.m_uiField);
+    const bool bOrder = oField.m_eId == eZorEdidField_CtaHdmi2dVicOrder;
+    oFinding.m_sFound.Format("place %lld", (bOrder ? oField.m_llNumber : oField.m_uiIndex) + 1);
+}
+
 void AddSectionVersion(const CFindings& oFindings, SZorFinding& oFinding)
 {
     const unsigned int uiBlock = oFinding.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
@@ -262,6 +270,7 @@ constexpr struct
                                          eZorEdidField_BaseCvtCode60HzReduced> },
     { eZorEdidRule_Ascii, AddUnprintable },
     { eZorEdidRule_CtaAgain, AddFirst },
+    { eZorEdidRule_CtaVideoIndex, AddVideoPlace },
     { eZorEdidRule_DisplayIdOtherVersion, AddSectionVersion },
 };
 } // namespace

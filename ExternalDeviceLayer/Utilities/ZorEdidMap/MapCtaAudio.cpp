@@ -217,6 +217,11 @@ constexpr SRow gsc_aoAudioRows[] = {
     { eId_Unknown, Bits(2, 2, 0), "Unknown", Unknown(), WhereExtended<eExtended_MpegDUsac> },
     { eId_Unknown, Bit(0, 7), "Unknown", Unknown(), IsOfLaterEdition },
     { eId_Unknown, Bit(1, 7), "Unknown", Unknown(), IsOfLaterEdition },
+    // Of a reserved format nothing is known, and one note is enough.
+    { eId_Unknown, Bit(0, 7), "Unknown", Unknown(), WhereFormat<eFormat_Reserved> },
+    { eId_Unknown, Bits(0, 2, 0), "Unknown", Unknown(), WhereFormat<eFormat_Reserved> },
+    { eId_Unknown, Byte(1), "Unknown", Unknown(), WhereFormat<eFormat_Reserved> },
+    { eId_Unknown, Byte(2), "Unknown", Unknown(), WhereFormat<eFormat_Reserved> },
     { eId_Unknown, Bit(0, 7), "Unknown", Unknown(), IsUnknownExtended },
     { eId_Unknown, Bits(0, 2, 0), "Unknown", Unknown(), IsUnknownExtended },
     { eId_Unknown, Bit(1, 7), "Unknown", Unknown(), IsUnknownExtended },
@@ -311,8 +316,14 @@ bool WhereHdmiFormat(const CRecord& oAudio)
     return oAudio.GetBits(0, 3, 0) == FORMAT;
 }
 
+// There is no room for an extended code.
+SBreach CheckHdmiFormat(const CRecord& /*oAudio*/, unsigned int uiFormat)
+{
+    return uiFormat == eFormat_Extended ? eZorEdidRule_ReservedValue : eZorEdidRule_None;
+}
+
 constexpr SRow gsc_aoHdmiAudioRows[] = {
-    { eId_CtaHdmiAudioFormat, Audio::gsc_o3dFormat, "3D audio format", Names(gsc_aoFormats) },
+    { eId_CtaHdmiAudioFormat, Audio::gsc_o3dFormat, "3D audio format", Names(gsc_aoFormats), nullptr, CheckHdmiFormat },
     { eId_CtaHdmiAudioChannels, Audio::gsc_o3dDescriptorChannels, "Maximum number of channels",
       NumberFrom1("channels") },
     { eId_CtaHdmiAudio192Khz, Audio::gsc_o3d192Khz, "192 kHz", Flag() },

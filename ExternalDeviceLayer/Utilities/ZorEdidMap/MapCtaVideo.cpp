@@ -285,6 +285,7 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
                       std::span<const SRow, gsc_uiBits> aoRows, unsigned int uiMarks)
 {
     const CRecord oByte = oWriter.GetRecord(uiOffset, 1);
+    bool bNoted = false; // once for a byte
     for (unsigned int i = 0; i < gsc_uiBits; ++i)
     {
         const unsigned int uiPlace = uiFirst + i;
@@ -302,8 +303,12 @@ void AddVideoCodeBits(CMapWriter& oWriter, const SCtaVideoCodes& oCodes, unsigne
         {
             const unsigned int uiField = oWriter.AddLeaf(aoRows[i], eArea_Timing, uiOffset, 1);
             oWriter.SetIndex(uiField, uiPlace);
-            oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex,
-                            CountAtMost("video codes", uiPlace + 1, oCodes.m_uiCount));
+            if (!bNoted)
+            {
+                oWriter.AddNote(uiField, eZorEdidRule_CtaVideoIndex,
+                                CountAtMost("video codes", uiPlace + 1, oCodes.m_uiCount));
+            }
+            bNoted = true;
         }
     }
 }

@@ -176,9 +176,9 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_RangePixelClock, CMap::eSeverity_Warning, "base.range-limits.pixel-clock",
       "the pixel clock is above that of the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
     { eZorEdidRule_RangeLineRate, CMap::eSeverity_Warning, "base.range-limits.line-rate",
-      "the line rate is beyond the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
+      "the line rate is outside of the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
     { eZorEdidRule_RangeFieldRate, CMap::eSeverity_Warning, "base.range-limits.field-rate",
-      "the field rate is beyond the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
+      "the field rate is outside of the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
     { eZorEdidRule_TextBlanks, CMap::eSeverity_Note, "base.text.blanks", "a full text ends in blanks",
       "E-EDID 1.4, 3.10.3",
       "Without room for a line feed the blanks are a part of the name: it is not found under the name without them." },
@@ -196,7 +196,8 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "Sources that honor the revision do not look for data blocks, and miss HDMI and audio." },
     { eZorEdidRule_CtaBasicAudio, CMap::eSeverity_Warning, "cta.basic-audio",
       "has audio, but the block's flags lack basic audio", "CTA-861-H 7.5",
-      "Sources that ask the flag first send no sound at all." },
+      "Sources that ask the flag first send no sound at all; audio of a DisplayID section is a note where no CTA-861 "
+      "block has flags." },
     { eZorEdidRule_CtaNativeCount, CMap::eSeverity_Warning, "cta.native-count", "there are fewer detailed timings",
       "CTA-861-H 7.5",
       "The count of native timings points past the list, so that sources mark the wrong ones or none as native." },
@@ -465,7 +466,7 @@ constexpr SZorEdidRule gsc_aoRules[] = {
 
     // ---- Modes of all blocks ----
     { eZorEdidRule_ModeBeyondLimits, CMap::eSeverity_Warning, "timing.beyond-range-limits",
-      "announced modes leave the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
+      "announced modes are outside of the display range limits", "E-EDID 1.4, 3.10.3.3", gsc_szBeyondRange },
     { eZorEdidRule_ModeBeyondTmds, CMap::eSeverity_Warning, "timing.beyond-tmds",
       "announced modes need a higher TMDS clock than the sink takes", "HDMI 1.4b, 8.3.2; HDMI 2.1, 10.3.2",
       "Sources drop these modes, or send them and the screen stays black." },
@@ -496,8 +497,7 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "Sources read audio, YCbCr and underscan from the first block or from the last." },
     { eZorEdidRule_UhdVicMissing, CMap::eSeverity_Warning, "hdmi-forum.uhd-vic",
       "video codes of 3840 pixels and more are announced without it", "HDMI 2.1, 10.3.2",
-      "Sources that go by the bit do not offer these codes; in sinks of HDMI 2.0, which do not have it, it is a "
-      "note." },
+      "Sources that go by the bit do not offer these codes; sinks of HDMI 2.0 do not have it." },
     { eZorEdidRule_HdmiNotFirst, CMap::eSeverity_Warning, "hdmi.not-first-extension",
       "another block stands ahead of the CTA-861 block of an HDMI sink", "HDMI 1.4b, 8.3",
       "Sources that read one extension block only, as many players do, take the sink for DVI: no sound, no fast "

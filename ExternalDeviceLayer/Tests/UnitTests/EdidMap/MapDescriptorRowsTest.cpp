@@ -302,8 +302,8 @@ TEST(MapDescriptorRows, TimingsAgainstOffsetsOfRangeLimits)
         const char* m_pszBytes; // offsets, vertical minimum and maximum, horizontal ones
         const char* m_pszNote;
     };
-    constexpr const char* pszLine = "the line rate is beyond the display range limits";
-    constexpr const char* pszField = "the field rate is beyond the display range limits";
+    constexpr const char* pszLine = "the line rate is outside of the display range limits";
+    constexpr const char* pszField = "the field rate is outside of the display range limits";
     static constexpr SLimitCase aoCases[] = {
         { "0F 2D 2D 2D 2D", nullptr },  { "0E FF 2D 2D 2D", nullptr },  { "0B 2D 2D FF 2D", nullptr },
         { "0F 2D 2D 2E 32", pszLine },  { "0F 28 32 28 2C", pszLine },  { "03 28 32 28 FF", pszLine },

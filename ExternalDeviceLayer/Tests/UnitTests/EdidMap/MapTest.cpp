@@ -218,9 +218,9 @@ TEST_F(Map, SeveritiesOfNotes)
     };
     constexpr SCase aoCases[] = {
         { CZorEdidMap::eSeverity_Note, "@48 00*3 FD 00 32 55 18 42 0F", "",
-          "the line rate is beyond the display range limits" },
+          "the line rate is outside of the display range limits" },
         { CZorEdidMap::eSeverity_Warning, "@13 03 @48 00*3 FD 00 32 55 18 42 0F", "",
-          "the line rate is beyond the display range limits" },
+          "the line rate is outside of the display range limits" },
         { CZorEdidMap::eSeverity_Warning, "", "70 12 79 03 01 ..128 70 12 79 03 00 ..256",
           "a section behind the first one names a product type or use case" },
         { CZorEdidMap::eSeverity_Error, "", "70 12 79 03 00 10 40 03 09 00 01 ..128",

@@ -77,8 +77,12 @@ const SCheckCase gsc_aoDamages[] = {
       { { 0x13, "02" }, { 0x18, "28" } },
       { "0:18 note the text reports need a preferred mode: none declared", "0:2e note the library lists it as 16:10",
         "0:30 note the library lists it as 16:10",
-        "0:5a warning announced modes leave the display range limits: pixel clock 175.93 MHz of 1440 x 1440 @ 60 Hz "
-        "at block 0 offset 0x2e, and 1 more, at most 170.00 MHz" } },
+        "0:5a warning announced modes are outside of the display range limits: pixel clock 240.26 MHz of 1680 x 1680 "
+        "@ 60 Hz at block 0 offset 0x30, at most 170.00 MHz",
+        "0:5a warning announced modes are outside of the display range limits: line rate 104.28 kHz of 1680 x 1680 "
+        "@ 60 Hz at block 0 offset 0x30, 24 to 92 kHz",
+        "0:5a note announced modes are outside of the display range limits: pixel clock 175.94 MHz of 1440 x 1440 "
+        "@ 60 Hz at block 0 offset 0x2e, at most 170.00 MHz" } },
     { "FirstDescriptorIsNoTiming",
       { { 0x36, "00 00 00 10 00*14" } },
       { "0:36 error the first descriptor must be a detailed timing" } },

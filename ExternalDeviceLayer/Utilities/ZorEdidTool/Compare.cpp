@@ -34,7 +34,15 @@ std::string MakeJson(const SCompareOptions& oOptions, const CImageDiff& oDiff, b
 
 SDiffWords MakeWords(const std::string& sFirst, const std::string& sSecond)
 {
-    return { { "only in " + sFirst, "only in " + sSecond }, { "preferred by " + sFirst, "preferred by " + sSecond } };
+    return { { "only in " + sFirst, "only in " + sSecond },
+             { "announced once more in " + sFirst, "announced once more in " + sSecond },
+             { "preferred by " + sFirst, "preferred by " + sSecond } };
+}
+
+// Of images whose modes alone were compared, and that say other things otherwise.
+const char* DescribeSame(const SCompareOptions& oOptions, const SInput& oFirst, const SInput& oSecond)
+{
+    return oOptions.m_oRules.m_bAll || oFirst.m_aui8Bytes == oSecond.m_aui8Bytes ? "same\n" : "same modes\n";
 }
 
 SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, const SInput& oSecond)
@@ -67,7 +75,7 @@ SOutcome CompareImages(const SCompareOptions& oOptions, const SInput& oFirst, co
     const std::string sLines = DescribeDiff(oDiff, MakeWords(ShowName(oFirst.m_sName), ShowName(oSecond.m_sName)));
     oOutcome.Note(sLines.empty() ? eExit_Good : eExit_Finding);
     oOutcome.m_sOut = oOptions.m_bJson ? MakeJson(oOptions, oDiff, sLines.empty())
-                      : sLines.empty() ? "same\n"
+                      : sLines.empty() ? DescribeSame(oOptions, oFirst, oSecond)
                                        : "different\n" + sLines;
     return oOutcome;
 }
@@ -88,7 +96,8 @@ void DeclareCompareOptions(COptions& oCommand, STool& oTool)
         .Excludes(oJson);
     oCommand.Footer(
         "Modes are compared by their numbers, whatever announces them, native or not, each as often as it is "
-        "announced. Clocks may differ as those of 1000/1001 variants do. Two images without a preferred mode may be "
+        "announced; of a mode that both have, one more often, each further time is a line. Clocks may differ as those "
+        "of 1000/1001 variants do. Two images without a preferred mode may be "
         "the same; one with and one without are different.\n"
         "With --all a line names what only one image says, or both otherwise: modes, facts by their names in the "
         "JSON, then fields by their ids. Lists are compared by what is in them, not by place, and lengths, offsets "

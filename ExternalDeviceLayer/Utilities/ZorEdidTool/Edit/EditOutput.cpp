@@ -64,6 +64,7 @@ std::string DescribeEdited(const CBytes& aui8Read, const CBytes& aui8Edited)
     const SComparedImage oEdited(aui8Edited);
     return DescribeDiff(CImageDiff(oRead, oEdited, { .m_bAll = true }),
                         { { "removed", "added" },
+                          { "removed, still announced elsewhere", "added, announced elsewhere as well" },
                           { "preferred before", "preferred after" },
                           { "stays, no longer preferred", "was there, not preferred" } });
 }

@@ -42,7 +42,8 @@ SFactText MakeText(const SNamedFact& oFact)
     return { oJson.GetText(), oFact.m_oValue.GetText(), oFact.m_eId };
 }
 
-// By name; a list has its elements under its own name, each as an object.
+// By name; a list has its elements under its own name, each as an object. Where elements name their source, of which
+// each has one, it is a part of the name: "link.vrr.ranges[hdmi-forum]".
 using CFactTexts = std::multimap<std::string, SFactText>;
 
 CFactTexts ListTexts(const CFactList& aoFacts)
@@ -63,6 +64,7 @@ CFactTexts ListTexts(const CFactList& aoFacts)
         const unsigned int uiElement = aoFacts[i].m_uiElement;
         CJsonWriter oJson(CJsonWriter::eStyle_Line);
         std::vector<std::string> asWords;
+        std::string sSource;
         oJson.BeginObject();
         for (; i < aoFacts.size() && aoFacts[i].m_uiElement == uiElement &&
                std::string_view(aoFacts[i].m_pszPath).starts_with(sList);
@@ -71,10 +73,16 @@ CFactTexts ListTexts(const CFactList& aoFacts)
             const std::string sName = aoFacts[i].m_pszPath + sList.size() + 1;
             oJson.Name(sName);
             aoFacts[i].m_oValue.Write(oJson);
+            if (sName == "source")
+            {
+                sSource = "[" + aoFacts[i].m_oValue.GetText() + "]";
+                continue;
+            }
             asWords.push_back(sName + " " + aoFacts[i].m_oValue.GetText());
         }
         oJson.EndObject();
-        oTexts.emplace(sList.substr(0, uiList), SFactText{ oJson.GetText(), JoinTexts(asWords, "; "), eId });
+        oTexts.emplace(std::string(sList.substr(0, uiList)) + sSource,
+                       SFactText{ oJson.GetText(), JoinTexts(asWords, "; "), eId });
     }
     return oTexts;
 }
@@ -428,11 +436,23 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     if (oRules.m_bAll)
     {
         FindFacts();
-        m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListOnly(0), ListOnly(1) }).Find();
+        m_aoFields = CFieldComparison(m_apoImages, m_aoFacts, { ListUnpaired(0), ListUnpaired(1) }).Find();
     }
 }
 
-std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const
+std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const { return ListUnpaired(uiImage, false); }
+std::vector<const SModeRow*> CImageDiff::ListMore(size_t uiImage) const { return ListUnpaired(uiImage, true); }
+
+std::vector<const SModeRow*> CImageDiff::ListUnpaired(size_t uiImage) const
+{
+    std::vector<const SModeRow*> apoRows = ListOnly(uiImage);
+    const std::vector<const SModeRow*> apoMore = ListMore(uiImage);
+    apoRows.insert(apoRows.end(), apoMore.begin(), apoMore.end());
+    return apoRows;
+}
+
+// bShared: those that the other image has as well.
+std::vector<const SModeRow*> CImageDiff::ListUnpaired(size_t uiImage, bool bShared) const
 {
     const bool bEstablished = m_oRules.m_bEstablished || m_oRules.m_bAll;
     const std::vector<SModeRow>& aoRows = m_apoImages[uiImage]->m_oModes.GetRows();
@@ -443,7 +463,7 @@ std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const
         const SZorMode::EModeKind eKind = aoRows[i].m_oMode.m_eKind;
         const bool bLeftOut =
             !bEstablished && (eKind == SZorMode::eModeKind_Established || eKind == SZorMode::eModeKind_EstablishedIII);
-        if (m_oPairs.IsOnlyHere(uiImage, i) && !bLeftOut)
+        if (m_oPairs.HasNoPartner(uiImage, i) && m_oPairs.IsOnlyHere(uiImage, i) != bShared && !bLeftOut)
         {
             apoOnly.push_back(&aoRows[i]);
         }
@@ -464,7 +484,8 @@ void CImageDiff::FindFacts()
     for (const auto& [sName, oText] : oFirst)
     {
         const auto itOther = oSecond.find(sName);
-        const bool bBoth = itOther != oSecond.end() && !oText.m_sJson.starts_with('{');
+        const bool bBoth =
+            itOther != oSecond.end() && (!oText.m_sJson.starts_with('{') || sName.ends_with(']')); // elements by source
         fnAdd(sName, oText.m_eId, oText, bBoth ? itOther->second : oNone);
         if (bBoth)
         {
@@ -528,6 +549,31 @@ std::string DescribePreferred(const CImageDiff& oDiff, size_t uiImage, const SDi
            "\n";
 }
 
+// But what has been said of the preferred mode.
+std::string DescribeModes(const CImageDiff& oDiff, size_t uiImage, std::vector<const SModeRow*> apoRows,
+                          const std::string& sWord)
+{
+    std::string sText;
+    const SModeRow* poPreferred = oDiff.GetImage(uiImage).m_oModes.FindPreferred();
+    const bool bSaid = oDiff.DifferInPreferred() && poPreferred != nullptr;
+    // That row, or another one of its mode where it has a partner.
+    auto itSaid = std::ranges::find(apoRows, poPreferred);
+    if (itSaid == apoRows.end())
+    {
+        itSaid = std::ranges::find_if(apoRows,
+                                      [&](const SModeRow* poRow) { return bSaid && IsSameMode(*poRow, *poPreferred); });
+    }
+    if (bSaid && itSaid != apoRows.end())
+    {
+        apoRows.erase(itSaid);
+    }
+    for (const SModeWithPartner& oMode : GroupPartners(apoRows))
+    {
+        sText += sWord + ": " + DescribeMode(*oMode.m_poRow) + oMode.GetPartnerText() + "\n";
+    }
+    return sText;
+}
+
 std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
 {
     std::string sText;
@@ -537,24 +583,11 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
     }
     for (size_t i = 0; i < 2; ++i)
     {
-        std::vector<const SModeRow*> apoRows = oDiff.ListOnly(i);
-        const SModeRow* poPreferred = oDiff.GetImage(i).m_oModes.FindPreferred();
-        const bool bSaid = oDiff.DifferInPreferred() && poPreferred != nullptr;
-        // That row, or another one of its mode where it has a partner.
-        auto itSaid = std::ranges::find(apoRows, poPreferred);
-        if (itSaid == apoRows.end())
-        {
-            itSaid = std::ranges::find_if(
-                apoRows, [&](const SModeRow* poRow) { return bSaid && IsSameMode(*poRow, *poPreferred); });
-        }
-        if (bSaid && itSaid != apoRows.end())
-        {
-            apoRows.erase(itSaid);
-        }
-        for (const SModeWithPartner& oMode : GroupPartners(apoRows))
-        {
-            sText += oWords.m_asOnly[i] + ": " + DescribeMode(*oMode.m_poRow) + oMode.GetPartnerText() + "\n";
-        }
+        sText += DescribeModes(oDiff, i, oDiff.ListOnly(i), oWords.m_asOnly[i]);
+    }
+    for (size_t i = 0; i < 2; ++i)
+    {
+        sText += DescribeModes(oDiff, i, oDiff.ListMore(i), oWords.m_asMore[i]);
     }
     for (const SFactDifference& oFact : oDiff.GetFacts())
     {
@@ -572,16 +605,21 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
 void WriteDiff(const CImageDiff& oDiff, CJsonWriter& oJson)
 {
     constexpr const char* apszOnly[] = { "only_in_first", "only_in_second" };
-    constexpr const char* apszSides[] = { "first", "second" };
-    oJson.BeginObject("modes");
-    for (size_t i = 0; i < 2; ++i)
-    {
-        oJson.BeginArray(apszOnly[i]);
-        for (const SModeRow* poRow : oDiff.ListOnly(i))
+    constexpr const char* apszMore[] = { "more_in_first", "more_in_second" };
+    const auto fnModes = [&](const char* pszName, const std::vector<const SModeRow*>& apoRows) {
+        oJson.BeginArray(pszName);
+        for (const SModeRow* poRow : apoRows)
         {
             WriteMode(*poRow, oJson);
         }
         oJson.EndArray();
+    };
+    constexpr const char* apszSides[] = { "first", "second" };
+    oJson.BeginObject("modes");
+    for (size_t i = 0; i < 2; ++i)
+    {
+        fnModes(apszOnly[i], oDiff.ListOnly(i));
+        fnModes(apszMore[i], oDiff.ListMore(i));
     }
     if (oDiff.DifferInPreferred())
     {

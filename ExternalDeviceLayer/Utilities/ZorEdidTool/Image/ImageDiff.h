@@ -65,6 +65,8 @@ public:
     bool DifferInPreferred() const { return m_bPreferred; }
     // Established timings as the rules say.
     std::vector<const SModeRow*> ListOnly(size_t uiImage) const;
+    // Modes that both images have, this one once more.
+    std::vector<const SModeRow*> ListMore(size_t uiImage) const;
     const SModePairs& GetPairs() const { return m_oPairs; }
 
     // ---- The rest: empty unless the rules ask for all ----
@@ -78,6 +80,8 @@ public:
 
 private:
     void FindFacts();
+    std::vector<const SModeRow*> ListUnpaired(size_t uiImage, bool bShared) const;
+    std::vector<const SModeRow*> ListUnpaired(size_t uiImage) const;
 
     std::array<const SComparedImage*, 2> m_apoImages;
     SDiffRules m_oRules;
@@ -100,10 +104,11 @@ struct SModeWithPartner
 };
 std::vector<SModeWithPartner> GroupPartners(const std::vector<const SModeRow*>& apoRows);
 
-// What is put ahead of a mode that only one image has, and of the one that each prefers.
+// What is put ahead of a mode that only one image has, of one that it has once more, and of the one that each prefers.
 struct SDiffWords
 {
     std::array<std::string, 2> m_asOnly;
+    std::array<std::string, 2> m_asMore;
     std::array<std::string, 2> m_asPreferred;
     std::array<std::string, 2> m_asShared = {}; // of a preferred mode that both images have
 };

@@ -3,7 +3,9 @@
 #include "ModeMatch.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -31,6 +33,8 @@ bool AreNear(const SModeRow& oFirst, const SModeRow& oSecond)
     return IsNear(GetRate(oFirst.m_oMode), GetRate(oSecond.m_oMode));
 }
 
+long GetRoundedRate(const SModeRow& oRow) { return std::lround(GetRate(oRow.m_oMode) * 100); }
+
 using CKey = decltype(MakeKey(std::declval<const SModeRow&>()));
 using CClass = std::tuple<SZorMode::EModeKind, unsigned long long, double>; // kind of field, clock, rate
 
@@ -54,15 +58,37 @@ constexpr CAccepts gsc_apfnPasses[] = {
     [](const CClass&, const CClass&) { return true; },
 };
 
+// Rates to two decimals, by all else that equal modes have in common.
+std::set<std::pair<CKey, long>> ListRates(const std::vector<SModeRow>& aoRows)
+{
+    std::set<std::pair<CKey, long>> oRates;
+    for (const SModeRow& oRow : aoRows)
+    {
+        oRates.emplace(MakeKey(oRow), GetRoundedRate(oRow));
+    }
+    return oRates;
+}
+
+std::vector<bool> FindShared(const std::vector<SModeRow>& aoRows, const std::vector<SModeRow>& aoOther)
+{
+    const std::set<std::pair<CKey, long>> oOther = ListRates(aoOther);
+    std::vector<bool> abShared;
+    for (const SModeRow& oRow : aoRows)
+    {
+        abShared.push_back(oOther.contains({ MakeKey(oRow), GetRoundedRate(oRow) }));
+    }
+    return abShared;
+}
+
 // Pairs modes. An image may announce one mode ten thousand times: modes that all passes treat alike are a class, and a
 // mode looks for a partner among classes.
 class CMatch
 {
 public:
     CMatch(const std::vector<SModeRow>& aoFirst, const std::vector<SModeRow>& aoSecond)
-        : m_aoFirst(aoFirst),
-          m_aoSecond(aoSecond), m_oPairs{ { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
-                                            std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) } }
+        : m_aoFirst(aoFirst), m_aoSecond(aoSecond), m_oPairs{ { std::vector<size_t>(aoFirst.size(), gsc_uiNoPartner),
+                                                                std::vector<size_t>(aoSecond.size(), gsc_uiNoPartner) },
+                                                              {} }
     {
         for (size_t i = 0; i < aoSecond.size(); ++i)
         {
@@ -77,12 +103,13 @@ public:
         {
             for (size_t i = 0; i < m_aoFirst.size(); ++i)
             {
-                if (m_oPairs.IsOnlyHere(0, i))
+                if (m_oPairs.HasNoPartner(0, i))
                 {
                     PairFirst(i, pfnAccepts);
                 }
             }
         }
+        m_oPairs.m_aabShared = { FindShared(m_aoFirst, m_aoSecond), FindShared(m_aoSecond, m_aoFirst) };
         return std::move(m_oPairs);
     }
 
@@ -112,7 +139,7 @@ private:
     // The first row of a class that has no partner yet; gsc_uiNoPartner for none.
     size_t FindNext(SFree& oFree) const
     {
-        while (oFree.m_uiNext < oFree.m_auiRows.size() && !m_oPairs.IsOnlyHere(1, oFree.m_auiRows[oFree.m_uiNext]))
+        while (oFree.m_uiNext < oFree.m_auiRows.size() && !m_oPairs.HasNoPartner(1, oFree.m_auiRows[oFree.m_uiNext]))
         {
             ++oFree.m_uiNext;
         }

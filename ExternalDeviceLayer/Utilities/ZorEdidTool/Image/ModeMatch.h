@@ -17,8 +17,18 @@ struct SModePairs
     // Of each row the index in the other image's, or gsc_uiNoPartner.
     std::array<std::vector<size_t>, 2> m_aauiPartners;
 
-    // Whether mode uiMode of the first (0) or second (1) list is in that image only.
-    bool IsOnlyHere(size_t uiImage, size_t uiMode) const { return m_aauiPartners[uiImage][uiMode] == gsc_uiNoPartner; }
+    // Of each row whether the other image has its mode, at its very rate, whatever the partners.
+    std::array<std::vector<bool>, 2> m_aabShared;
+
+    // Of mode uiMode of the first (0) or second (1) list. One without a partner is in that image only, or once more.
+    bool HasNoPartner(size_t uiImage, size_t uiMode) const
+    {
+        return m_aauiPartners[uiImage][uiMode] == gsc_uiNoPartner;
+    }
+    bool IsOnlyHere(size_t uiImage, size_t uiMode) const
+    {
+        return HasNoPartner(uiImage, uiMode) && !m_aabShared[uiImage][uiMode];
+    }
 };
 
 SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond);

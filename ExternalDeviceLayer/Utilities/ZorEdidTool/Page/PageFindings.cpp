@@ -153,16 +153,20 @@ std::vector<SDifference> ListModes(const CImageDiff& oDiff)
     {
         aoModes.push_back(MakePreferred(oDiff));
     }
-    for (size_t i = 0; i < 2; ++i)
-    {
-        for (const SModeWithPartner& oMode : GroupPartners(oDiff.ListOnly(i)))
+    const auto fnAdd = [&aoModes](size_t uiImage, const std::vector<const SModeRow*>& apoRows, const char* pszOther) {
+        for (const SModeWithPartner& oMode : GroupPartners(apoRows))
         {
             const SModeRow& oRow = *oMode.m_poRow;
-            SDifference oDifference = { {}, GetLongName(oRow) + oMode.GetPartnerText(), { "missing", "missing" } };
-            oDifference.m_auiPlaces[i] = oRow.m_poEntry->m_uiOffset;
-            oDifference.m_asValues[i] = GetSourceWithMarks(oRow);
+            SDifference oDifference = { {}, GetLongName(oRow) + oMode.GetPartnerText(), { pszOther, pszOther } };
+            oDifference.m_auiPlaces[uiImage] = oRow.m_poEntry->m_uiOffset;
+            oDifference.m_asValues[uiImage] = GetSourceWithMarks(oRow);
             aoModes.push_back(oDifference);
         }
+    };
+    for (size_t i = 0; i < 2; ++i)
+    {
+        fnAdd(i, oDiff.ListOnly(i), "missing");
+        fnAdd(i, oDiff.ListMore(i), "announced elsewhere");
     }
     return aoModes;
 }

@@ -241,7 +241,8 @@ class Edits(unittest.TestCase):
                 status, out, error = edit(detailed(1, *natives), "--remove-detailed", str(number), *extra)
                 self.assertEqual((0, "", expected), (status, error, (out[128 + 3], out[256 + 3])), (natives, number))
         lines = edit(detailed(1, 3, 4), "--remove-detailed", "2", "--dry-run", "--diff")[1].decode()
-        self.assertRegex(lines, r"^removed: .*  native\ncta.native-count .*: 3 \| 2\ncta.native-count .*: 4 \| 3\n$")
+        self.assertRegex(lines, r"^removed, still announced elsewhere: .*  native\n"
+                                r"cta.native-count .*: 3 \| 2\ncta.native-count .*: 4 \| 3\n$")
 
     def test_timings_behind_other_descriptors(self):
         one, two, three = IMAGE[54:72], IMAGE[162:180], IMAGE[180:198]

@@ -487,39 +487,40 @@ class ModesTest(ToolTest):
         plain = with_blocks(bytes.fromhex("02030700" "42" "1013"))
         other = with_blocks(bytes.fromhex("02030700" "42" "909f"))   # 1920 x 1080 at 50
         unpreferred, preferred = change({0x13: "02", 0x18: "28"}), change({0x13: "02", 0x18: "2a"})
-        def line(image, text, axes, rest=""):
-            return f"only in {image}: {text} MHz  {axes}{rest}\n"
+        def line(image, text, axes, rest="", what="only"):
+            return f"{what} in {image}: {text} MHz  {axes}{rest}\n"
 
         for name, second, options, status, expected in [
             ("itself", MONITOR, [], 0, "same\n"),
-            ("another serial number", change({0x0C: "01"}), ["--established"], 0, "same\n"),
-            ("established timings are left out", fewer, [], 0, "same\n"),
+            ("another serial number", change({0x0C: "01"}), ["--established"], 0, "same modes\n"),
+            ("established timings are left out", fewer, [], 0, "same modes\n"),
             ("established timings take part", fewer, ["--established"], 1, "different\n" +
              line("A", "800 x  600p @  56.250 Hz      36.000", "horizontal 24+72+128 +  vertical 1+2+22 +") +
              line("A", "800 x  600p @  60.317 Hz      40.000", "horizontal 40+128+88 +  vertical 1+4+23 +")),
             ("another code, with its partner in the same line", other_code, [], 1, "different\n" +
-             line("A", "1280 x  720p @  50.000 Hz      74.250", "horizontal 440+40+220 +  vertical 5+5+20 +", "  VIC 19") +
              line("B", "1920 x 1080p @  30.000 Hz      74.250", "horizontal 88+44+148 +  vertical 4+5+36 +",
-                  "  VIC 34, and at 29.97 Hz")),
+                  "  VIC 34, and at 29.97 Hz") +
+             line("A", "1280 x  720p @  50.000 Hz      74.250", "horizontal 440+40+220 +  vertical 5+5+20 +", "  VIC 19",
+                  "announced once more")),
             ("each mode as often", two, [], 1, "different\n" +
              line("B", "1280 x  720p @  60.000 Hz      74.250", "horizontal 110+40+220 +  vertical 5+5+20 +",
-                  "  as VIC 4/69")),
+                  "  as VIC 4/69", "announced once more")),
         ]:
             with self.subTest(name):
                 self.assertEqual(self.compare(MONITOR, second, options, status), expected)
         for name, first, second, options, status, expected in [
-            ("native modes are modes", native, plain, [], 0, ["same"]),
+            ("native modes are modes", native, plain, [], 0, ["same modes"]),
             ("other native modes", native, other, [], 1, ["different", "only in A: 1280 x  720p", "only in B: 1920 x 1080p"]),
             ("no preferred mode", unpreferred, unpreferred, [], 0, ["same"]),
             ("one preferred mode", unpreferred, preferred, [], 1, ["different", "preferred by A: none",
                                                                  "preferred by B: 1920 x 1080p"]),
-            ("one preferred mode, ignored", unpreferred, preferred, ["--ignore-preferred"], 0, ["same"]),
+            ("one preferred mode, ignored", unpreferred, preferred, ["--ignore-preferred"], 0, ["same modes"]),
         ]:
             with self.subTest(name):
                 out = self.compare(first, second, options, status)
                 self.assertEqual([re.sub("p @.*", "p", line) for line in out.splitlines()], expected)
         first, other = self.save(two, "A.bin"), self.save(swapped, "B.bin")
-        self.assertEqual(run("compare", "--ignore-preferred", first, other, status=0)[0], "same\n")
+        self.assertEqual(run("compare", "--ignore-preferred", first, other, status=0)[0], "same modes\n")
         out = run("compare", first, other, status=1)[0]
         self.assertIn(f"preferred by {first}: 1920 x 1080p", out)
         self.assertIn(f"preferred by {other}: 1280 x  720p", out)
@@ -530,7 +531,7 @@ class ModesTest(ToolTest):
         block = MONITOR[128:255]
         no_code = fix_sums(MONITOR[:128] + block[:2] + b"\x21\x71\x4e" + block[5:0x13] + block[0x14:] + b"\0\0")
         for name, second, expected in [
-            ("a code less, with its partner", no_code, 1),
+            ("a code less, with its partner", no_code, 2),
             ("serial number and year", change({0x0C: "01", 0x11: "15"}), 2),
             ("a wrong checksum", change({0x7F: "13"}, fix=False), 1),
             ("the width of the first timing", change({0x42: "55"}), 1),

@@ -339,8 +339,9 @@ class PageTest(unittest.TestCase):
         page = self.make(self.save(MONITOR), self.save(fix_sums(bytes(moved)), b"other.bin"))
         rows = [row for part in page.all(_class="differences") for row in part["text"].splitlines() if row]
         self.assertEqual([row.split(" ", 1)[1].split(" A:")[0] for row in rows],
-                         ["640 \u00d7 480 at 60 Hz, 25.200 MHz, and at 59.94 Hz", "colour.selectable_rgb_range",
-                          "colour.selectable_ycc_range", "size.ce_scan", "size.it_scan", "size.preferred_scan"])
+                         ["640 \u00d7 480 at 60 Hz, 25.200 MHz", "640 \u00d7 480 at 59.94 Hz, 25.174825 MHz",
+                          "colour.selectable_rgb_range", "colour.selectable_ycc_range", "size.ce_scan", "size.it_scan",
+                          "size.preferred_scan"])
         # Timings that are nearly the same, such as those at 1000/1001, find their own.
         same = self.rows(self.make(self.save(MONITOR), self.save(MONITOR)))
         self.assertEqual([row[:2] for row in same if row[0].startswith("A ") or row[1] != "both"], [])

@@ -207,8 +207,8 @@ std::string GetCountText(const std::vector<SFinding>& aoFindings, CZorEdidMap::E
     return iCount == 0 ? "" : FormatText("%td %s%s", iCount, GetNoteName(eSeverity), iCount == 1 ? "" : "s");
 }
 
-// "warning: Max_TMDS_Clock 600 MHz is above 340 MHz (block 1)", or "error: the checksum is wrong: 0x00, should be 0x12
-// (block 0, Checksum)": the innermost field is the subject of what has none.
+// "warning: Max_TMDS_Clock 600 MHz is above 340 MHz (block 1)", or "error: the checksum is wrong: found 0x00, should be
+// 0x12 (block 0, Checksum)": the innermost field is the subject of what has none.
 std::string DescribeFinding(const SFinding& oFinding)
 {
     const size_t uiName = oFinding.m_sField.rfind("> ");
@@ -220,7 +220,9 @@ std::string DescribeFinding(const SFinding& oFinding)
         return sSeverity + sField + (sFound.empty() ? "" : " " + sFound) + " " + oFinding.m_sWhat +
                FormatText(" (block %u)", oFinding.m_uiBlock);
     }
-    return sSeverity + oFinding.m_sWhat + (sFound.empty() ? "" : ": " + sFound) +
+    const std::string& sExpected = oFinding.m_sExpected;
+    return sSeverity + oFinding.m_sWhat + (sFound.empty() ? "" : ": found " + sFound) +
+           (sExpected.empty() ? "" : ", expected " + sExpected) +
            FormatText(" (block %u, ", oFinding.m_uiBlock) + sField + ")";
 }
 

@@ -233,8 +233,8 @@ class ShowTest(ToolTest):
             "Modes     the preferred one is not known", "          800x600    60.32 56.25",
             "          640x480    75 66.67 59.94", "          720x400    70.08", "Colour    RGB, gamma 2.20",
             "Image     36 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
-            "          error: cut short: a block has 128 bytes: 36 bytes (block 0, Base",
-            "            block)",
+            "          error: cut short: a block has 128 bytes: found 36 bytes (block 0,",
+            "            Base block)",
             "Library   refuses the image: no EDID: 36 bytes, not a multiple of 128"])
 
     def test_reports_pass_no_controls(self):

@@ -222,8 +222,8 @@ std::string DescribeFinding(const SFinding& oFinding)
     }
     const std::string& sExpected = oFinding.m_sExpected;
     return sSeverity + oFinding.m_sWhat + (sFound.empty() ? "" : ": found " + sFound) +
-           (sExpected.empty() ? "" : ", expected " + sExpected) +
-           FormatText(" (block %u, ", oFinding.m_uiBlock) + sField + ")";
+           (sExpected.empty() ? "" : ", expected " + sExpected) + FormatText(" (block %u, ", oFinding.m_uiBlock) +
+           sField + ")";
 }
 
 // A second line of the same finding is indented, as the next finding is not.

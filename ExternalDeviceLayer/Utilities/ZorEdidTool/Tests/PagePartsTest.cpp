@@ -473,8 +473,8 @@ TEST(PageFindings, DifferencesStandOnceWithBothValues)
     // Serial number, year, checksum, and all of the second block. It has two codes with partners and a
     // detailed timing; the base block has 1080p at 60 Hz, twice among these, as well.
     EXPECT_TRUE(Has(sHtml, "<p>132 bytes differ. Modes only in A: 3, only in B: 0.</p>"));
-    EXPECT_TRUE(Has(sHtml,
-                    "<strong>1920 \u00D7 1080 at 60 Hz, 148.500 MHz</strong> <span>A: Video codes, block 1: VIC 16"));
+    EXPECT_TRUE(
+        Has(sHtml, "<strong>1920 \u00D7 1080 at 60 Hz, 148.500 MHz</strong> <span>A: Video codes, block 1: VIC 16"));
     EXPECT_TRUE(Has(sHtml, "<span>B: announced elsewhere</span>"));
     EXPECT_TRUE(Has(sHtml, "<a href=\"#a12\">0x0c</a> <strong>identity.serial_number</strong> <span>A: 1</span> "
                            "<span>B: 9</span>"));

@@ -100,6 +100,10 @@ SFinding MakeNoteOfImages(const SInput& oInput)
 SOutcome CheckInput(const SInput& oInput, const SCheckOptions& oOptions, const CRuleSet& oIgnored, SCounts& oCounts)
 {
     SChecked oChecked = { oInput };
+    if (!oInput.IsGood() && oIgnored.HasUnreadable())
+    {
+        return {};
+    }
     if (!oInput.IsGood())
     {
         SOutcome oOutcome = RefuseInput(oInput, oInput.m_sProblem);
@@ -200,7 +204,8 @@ void CheckFiles(SCheckOptions& oOptions, STool& oTool)
     FrameDocument(oOptions, oCounts);
     ForEachInput(oOptions.m_oFiles, oTool, [&](const SInput& oInput) {
         SOutcome oOutcome = CheckInput(oInput, oOptions, oIgnored, oCounts);
-        ++oCounts.m_ullImages; // here, so that a turn that throws counts when it is answered
+        // Here, so that a turn that throws counts when it is answered.
+        oCounts.m_ullImages += oInput.IsGood() || !oIgnored.HasUnreadable() ? 1 : 0;
         return oOutcome;
     });
     if (oOptions.IsText() && (oCounts.m_ullImages > 1 || (oOptions.m_bSummary && oCounts.m_ullImages > 0)))
@@ -314,11 +319,13 @@ void DeclareCheckOptions(COptions& oCommand, STool& oTool)
                                       "The least severity that makes the exit status 1; warning without the option")
                                 .Placeholder("SEVERITY")
                                 .OneOf({ "error", "warning", "note" });
-    const COption oIgnore = oCommand
-                                .Each("--ignore", poOptions->m_asIgnored,
-                                      "Leave a rule out, or all whose ids begin so: reserved is all of reserved.*")
-                                .Placeholder("ID")
-                                .Check(CRuleSet::CheckName);
+    const COption oIgnore =
+        oCommand
+            .Each("--ignore", poOptions->m_asIgnored,
+                  "Leave a rule out, or all whose ids begin so: reserved is all of reserved.*; several with "
+                  "commas")
+            .Placeholder("ID")
+            .Check(CRuleSet::CheckNames);
     const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the findings");
     const COption oSarif =
         oCommand.Flag("--sarif", poOptions->m_bSarif, "A log in SARIF 2.1.0, for code hosts and editors");

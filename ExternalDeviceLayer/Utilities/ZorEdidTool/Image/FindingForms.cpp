@@ -14,7 +14,6 @@
 namespace
 {
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
-constexpr char gsc_szUnreadable[] = "input.unreadable"; // in place of a rule
 
 const char* GetRuleId(const SFinding& oFinding) { return FindZorEdidRule(oFinding.m_eRule)->m_pszId; }
 
@@ -143,7 +142,7 @@ std::string MakeSarifResult(const SInput& oInput, const SFinding* poFinding)
 {
     CJsonWriter oJson(CJsonWriter::eStyle_Line);
     oJson.BeginObject();
-    oJson.Member("ruleId", poFinding != nullptr ? GetRuleId(*poFinding) : gsc_szUnreadable);
+    oJson.Member("ruleId", poFinding != nullptr ? GetRuleId(*poFinding) : gsc_szUnreadableRule);
     oJson.Member("level", GetNoteName(poFinding != nullptr ? poFinding->m_eSeverity : CZorEdidMap::eSeverity_Error));
     const std::string sEdid = oInput.IsOneOfSeveral() ? oInput.m_sName + ": " : "";
     WriteText(oJson, "message",
@@ -172,7 +171,7 @@ std::string OpenSarif()
     {
         WriteSarifRule(oJson, GetZorEdidRule(i));
     }
-    WriteSarifRule(oJson, { eZorEdidRule_None, CZorEdidMap::eSeverity_Error, gsc_szUnreadable,
+    WriteSarifRule(oJson, { eZorEdidRule_None, CZorEdidMap::eSeverity_Error, gsc_szUnreadableRule,
                             "the image cannot be read", "", "Nothing of the image has been checked." });
     oJson.EndArray();
     oJson.EndObject();
@@ -223,7 +222,7 @@ std::string MakeJUnitCase(const SChecked& oChecked, CZorEdidMap::ESeverity eFail
     std::string sInside;
     if (!oInput.IsGood())
     {
-        sInside = MakeElement("error", gsc_szUnreadable, ShowName(oInput.m_sProblem), "");
+        sInside = MakeElement("error", gsc_szUnreadableRule, ShowName(oInput.m_sProblem), "");
     }
     else if (const auto itFirst = std::ranges::find_if(aoFindings, fnFails); itFirst != aoFindings.end())
     {

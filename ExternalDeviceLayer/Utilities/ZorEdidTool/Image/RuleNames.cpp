@@ -30,9 +30,20 @@ std::string TakeBeginning(const std::string& sName)
     return sName.ends_with(gsc_szAll) ? sName.substr(0, sName.size() - strlen(gsc_szAll)) : sName;
 }
 
-bool IsNamed(const SZorEdidRule& oRule, const std::string& sName)
+bool IsNamed(const std::string& sId, const std::string& sName)
 {
-    return oRule.m_pszId == sName || std::string(oRule.m_pszId).starts_with(TakeBeginning(sName) + ".");
+    return sId == sName || sId.starts_with(TakeBeginning(sName) + ".");
+}
+
+template <class CALL>
+void ForEachName(const std::string& sNames, const CALL& fnCall)
+{
+    for (size_t uiFirst = 0; uiFirst <= sNames.size();)
+    {
+        const size_t uiEnd = std::min(sNames.find(',', uiFirst), sNames.size());
+        fnCall(sNames.substr(uiFirst, uiEnd - uiFirst));
+        uiFirst = uiEnd + 1;
+    }
 }
 
 // Ids, and their beginnings.
@@ -47,6 +58,7 @@ std::vector<std::string> ListNames()
         }
         asNames.push_back(sId);
     });
+    asNames.emplace_back(gsc_szUnreadableRule);
     return asNames;
 }
 } // namespace
@@ -99,18 +111,29 @@ std::string MakeRules()
 
 unsigned int GetRuleNumbers() { return GetZorEdidRule(GetZorEdidRuleCount() - 1).m_eRule + 1U; }
 
-std::string CRuleSet::CheckName(const std::string& sName)
+std::string CRuleSet::CheckNames(const std::string& sNames)
 {
-    bool bKnown = false;
-    ForEachRule([&](const SZorEdidRule& oRule) { bKnown = bKnown || IsNamed(oRule, sName); });
-    return bKnown ? ""
-                  : "unknown rule '" + ShowName(sName) + "'" +
-                        NameKnownWords(TakeBeginning(sName), ListNames(), "one of zoredid check --rules");
+    std::string sProblem;
+    ForEachName(sNames, [&](const std::string& sName) {
+        bool bKnown = IsNamed(gsc_szUnreadableRule, sName);
+        ForEachRule([&](const SZorEdidRule& oRule) { bKnown = bKnown || IsNamed(oRule.m_pszId, sName); });
+        if (!bKnown && sProblem.empty())
+        {
+            const std::string sBeginning = TakeBeginning(sName);
+            sProblem = "unknown rule '" + ShowName(sName) + "'" +
+                       NameKnownWords(sBeginning.substr(0, sBeginning.find_last_not_of('.') + 1), ListNames(),
+                                      "one of zoredid check --rules");
+        }
+    });
+    return sProblem;
 }
 
-void CRuleSet::Add(const std::string& sName)
+void CRuleSet::Add(const std::string& sNames)
 {
-    ForEachRule([&](const SZorEdidRule& oRule) {
-        m_abRules[oRule.m_eRule] = m_abRules[oRule.m_eRule] || IsNamed(oRule, sName);
+    ForEachName(sNames, [&](const std::string& sName) {
+        m_bUnreadable = m_bUnreadable || IsNamed(gsc_szUnreadableRule, sName);
+        ForEachRule([&](const SZorEdidRule& oRule) {
+            m_abRules[oRule.m_eRule] = m_abRules[oRule.m_eRule] || IsNamed(oRule.m_pszId, sName);
+        });
     });
 }

@@ -697,7 +697,7 @@ class CheckTest(ToolTest):
         for file, options, status, count in [
             (bad, "", 1, 3), (bad, "--fail-on note", 1, 3), (bad, "--fail-on error", 1, 3),
             (bad, "--fail-on error --ignore checksum", 0, 2), (bad, "--ignore checksum --ignore base.*", 0, 1),
-            (bad, "--ignore base --ignore library", 1, 1), (bad, "--ignore bas", 2, 0), (note, "", 0, 1), (note, "--fail-on note", 0, 1),
+            (bad, "--ignore base,library", 1, 1), (bad, "--ignore base.,checksum", 2, 0), (bad, "--ignore bas", 2, 0), (note, "", 0, 1), (note, "--fail-on note", 0, 1),
         ]:
             self.assertEqual(len(run("check", file, *options.split(), status=status)[0].splitlines()), count, options)
 

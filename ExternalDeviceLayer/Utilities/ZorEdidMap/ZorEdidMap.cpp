@@ -53,10 +53,10 @@ CMString CZorEdidMap::GetExpected(unsigned int uiNote) const
     const bool bCounts = oNumbers.m_pszUnit != nullptr;
     const unsigned int uiDecimals = bCounts ? 0 : oField.m_uiDecimals;
     const char* pszUnit = bCounts ? oNumbers.m_pszUnit : oField.m_pszUnit;
-    const CMString sLeast = FormatNumber(oNumbers.m_llLeast, uiDecimals, pszUnit);
-    const CMString sMost = FormatNumber(oNumbers.m_llMost, uiDecimals, pszUnit);
     const bool bLeast = oNumbers.m_llLeast != SNumbers::msc_llNone;
     const bool bMost = oNumbers.m_llMost != SNumbers::msc_llNone;
+    const CMString sLeast = bLeast ? FormatNumber(oNumbers.m_llLeast, uiDecimals, pszUnit) : CMString();
+    const CMString sMost = bMost ? FormatNumber(oNumbers.m_llMost, uiDecimals, pszUnit) : CMString();
     if (bLeast && bMost && oNumbers.m_llLeast != oNumbers.m_llMost)
     {
         return FormatNumber(oNumbers.m_llLeast, uiDecimals, nullptr) + (oNumbers.m_bEither ? " or " : " to ") + sMost;

@@ -34,8 +34,17 @@ constinit std::mutex g_oMutex;
 constinit size_t g_uiObjects = 0;
 constinit sigset_t g_oCaught = {}; // signals whose action is changed
 
+// Other threads go on while a handler removes: it waits for a file that one of them is creating, and none creates
+// another. A thread that creates one holds the signals back, so the handler never waits for its own thread.
+constinit std::atomic<bool> g_bCreating = false;
+constinit std::atomic<bool> g_bEnding = false;
+
 extern "C" void RemoveAndEnd(int iSignal)
 {
+    g_bEnding = true;
+    while (g_bCreating)
+    {
+    }
     for (const SPlace& oPlace : g_aoPlaces)
     {
         if (oPlace.m_bUsed)
@@ -55,6 +64,26 @@ sigset_t MakeSignalSet()
         sigaddset(&oSet, iSignal);
     }
     return oSet;
+}
+
+// Completes the name and creates its file: below 0, with errno set, without one. Under g_oMutex.
+int Create(char* pszTemplate)
+{
+    const sigset_t oHeld = MakeSignalSet();
+    sigset_t oBefore;
+    pthread_sigmask(SIG_BLOCK, &oHeld, &oBefore);
+    g_bCreating = true;
+    if (g_bEnding)
+    {
+        g_bCreating = false;
+        pause(); // another thread's handler is about to end the command
+    }
+    const int iFile = mkostemp(pszTemplate, O_CLOEXEC);
+    const int iError = errno;
+    g_bCreating = false;
+    pthread_sigmask(SIG_SETMASK, &oBefore, nullptr);
+    errno = iError;
+    return iFile;
 }
 
 // Those whose action was the default one; what is ignored stays ignored.
@@ -114,7 +143,7 @@ CUnfinishedFile::CUnfinishedFile(const std::string& sFolder)
     poPlace->m_bUsed = true;
     ++g_uiObjects;
     m_uiPlace = static_cast<size_t>(poPlace - g_aoPlaces);
-    m_iFile = mkostemp(poPlace->m_szPath, O_CLOEXEC);
+    m_iFile = Create(poPlace->m_szPath);
     m_sPath = m_iFile >= 0 ? poPlace->m_szPath : "";
 }
 
@@ -159,6 +188,10 @@ bool CUnfinishedFile::Rename(const std::string& sPath, bool bForce)
     // File systems without this flag: a second name never exists already.
     bGood = bGood || (!bForce && (errno == EINVAL || errno == ENOSYS) && link(m_sPath.c_str(), sPath.c_str()) == 0 &&
                       unlink(m_sPath.c_str()) == 0);
+    if (!bGood && g_bEnding)
+    {
+        pause(); // the handler has removed the file: no fault to tell
+    }
     m_sPath = bGood ? "" : m_sPath;
     return bGood;
 }

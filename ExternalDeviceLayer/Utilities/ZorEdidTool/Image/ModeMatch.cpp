@@ -73,6 +73,7 @@ std::vector<bool> FindShared(const std::vector<SModeRow>& aoRows, const std::vec
 {
     const std::set<std::pair<CKey, long>> oOther = ListRates(aoOther);
     std::vector<bool> abShared;
+    abShared.reserve(aoRows.size());
     for (const SModeRow& oRow : aoRows)
     {
         abShared.push_back(oOther.contains({ MakeKey(oRow), GetRoundedRate(oRow) }));

@@ -83,8 +83,8 @@ void CheckVersions(CFindings& oFindings, unsigned int uiFirst)
         {
             SZorFinding& oFinding = oFindings.Add(oFindings.FindGroup(uiBlock + DisplayId::gsc_uiVersionOffset),
                                                   eZorEdidRule_DisplayIdVersionsDiffer);
-            oFinding.m_sFound.Format("%u.%u", uiOwn >> 4, uiOwn & 0x0FU);
-            oFinding.m_sExpected.Format("%u.%u", uiVersion >> 4, uiVersion & 0x0FU);
+            oFinding.m_sFound = DescribeVersion(uiOwn);
+            oFinding.m_sExpected = DescribeVersion(uiVersion);
         }
     });
 }

@@ -180,6 +180,8 @@ inline bool IsDisplayPort(const CZorEdidFacts::SLink& oLink)
 
 // "block 1 offset 0x05"
 CMString DescribePlace(unsigned int uiOffset);
+// "1.2", of the byte with version and revision of a DisplayID section.
+CMString DescribeVersion(unsigned int uiVersion);
 
 void AddNotes(CFindings& oFindings); // those of the map, of any image
 

@@ -188,11 +188,7 @@ void AddLimits(const CFindings& oFindings, SZorFinding& oFinding)
 void AddFirst(const CFindings& oFindings, SZorFinding& oFinding)
 {
     const CMap& oMap = oFindings.GetMap();
-    unsigned int uiFirst = 0;
-    while (oMap.GetField(uiFirst).m_eId != oMap.GetField(oFinding.m_uiField).m_eId)
-    {
-        ++uiFirst;
-    }
+    const unsigned int uiFirst = oMap.FindField(oMap.GetField(oFinding.m_uiField).m_eId);
     oFinding.m_sFound = "the first one at " + DescribePlace(oMap.GetField(uiFirst).m_uiOffset);
 }
 
@@ -207,9 +203,8 @@ void AddVideoPlace(const CFindings& oFindings, SZorFinding& oFinding)
 void AddSectionVersion(const CFindings& oFindings, SZorFinding& oFinding)
 {
     const unsigned int uiBlock = oFinding.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
-    const unsigned int uiVersion = oFindings.GetByte(uiBlock + DisplayId::gsc_uiVersionOffset);
-    oFinding.m_sFound.Format("tag 0x%02x in a section of %u.%u", oFindings.GetByte(oFinding.m_uiOffset), uiVersion >> 4,
-                             uiVersion & 0x0FU);
+    oFinding.m_sFound.Format("tag 0x%02x in a section of ", oFindings.GetByte(oFinding.m_uiOffset));
+    oFinding.m_sFound += DescribeVersion(oFindings.GetByte(uiBlock + DisplayId::gsc_uiVersionOffset));
 }
 
 // The names of the flags beside it that are set.

@@ -119,7 +119,7 @@ CMString FindUnreadReason(const unsigned char* pui8Block, const char* pszRepair)
     case CEdidExtBlock::eRefusal_Revision:
         if (pui8Block[0] == gsc_uiDisplayIdTag)
         {
-            sReason.Format("its DisplayID version is %u.%u, above 1.2", uiRevision >> 4, uiRevision & 0x0F);
+            sReason = "its DisplayID version is " + DescribeVersion(uiRevision) + ", above 1.2";
         }
         else
         {

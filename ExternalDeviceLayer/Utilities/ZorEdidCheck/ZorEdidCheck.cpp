@@ -25,6 +25,13 @@ CMString DescribePlace(unsigned int uiOffset)
     sText.Format("block %u offset 0x%02x", uiOffset / gsc_uiBlockSize, uiOffset % gsc_uiBlockSize);
     return sText;
 }
+
+CMString DescribeVersion(unsigned int uiVersion)
+{
+    CMString sText;
+    sText.Format("%u.%u", uiVersion >> 4, uiVersion & 0x0FU);
+    return sText;
+}
 } // namespace ZorCheck
 
 using namespace ZorCheck;

@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <bit>
 
 #include "MakerDisplayId.h"
 #include "Standards/DisplayIdBlocks.h"
@@ -85,6 +86,22 @@ std::string ClearBit(CFieldEdits& oFields, unsigned int uiOffset, unsigned int u
     return oFields.Apply({ eZorEdidField_None, uiOffset, uiBit, "raw:0" });
 }
 
+// The bit of the 1000/1001 in the first byte of a Type X timing is where the map has it.
+std::string ClearFraction(CFieldEdits& oFields, unsigned int uiOffset)
+{
+    const CZorEdidMap& oMap = oFields.GetMap();
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        if (oField.m_eId == eZorEdidField_DisplayidTimingFractionalRate && oField.m_uiOffset == uiOffset)
+        {
+            const auto iBit = std::countr_zero(oMap.GetPiece(oField.m_uiFirstPiece).m_ui8Mask);
+            return ClearBit(oFields, uiOffset, static_cast<unsigned int>(iBit));
+        }
+    }
+    return "its 1000/1001 has no bit of its own";
+}
+
 std::string RemoveRecord(CFieldEdits& oFields, const SZorImageMode& oPlace)
 {
     const unsigned int uiField = FindPlaceField(oFields.GetMap(), oPlace);
@@ -158,7 +175,6 @@ bool IsInDisplayId(const CBytes& aui8Image, const SZorImageMode& oPlace)
 // From the last one to the first, as what is ahead stays where it was found.
 std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted)
 {
-    constexpr unsigned int uiFractionBit = 4; // of the first byte of a Type X timing
     const CBytes aui8Image = oFields.GetBytes();
     CPlaces aoPlaces = FindPlaces(aui8Image, oWanted);
     std::erase_if(aoPlaces, [&](const SZorImageMode& oPlace) { return !IsInDisplayId(aui8Image, oPlace); });
@@ -167,7 +183,7 @@ std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted)
     {
         const bool bBit = itPlace->m_uiBit != SZorImageMode::msc_uiNone;
         sProblem = bBit                                  ? ClearBit(oFields, itPlace->m_uiOffset, itPlace->m_uiBit)
-                   : IsFractionWanted(*itPlace, oWanted) ? ClearBit(oFields, itPlace->m_uiOffset, uiFractionBit)
+                   : IsFractionWanted(*itPlace, oWanted) ? ClearFraction(oFields, itPlace->m_uiOffset)
                                                          : RemoveRecord(oFields, *itPlace);
     }
     return sProblem;

@@ -76,8 +76,7 @@ CVidParamTimingGeneric MakeTiming(const SZorMode& oMode)
 // Only EDID 1.4 has the bit: before, it declares the preferred timing itself.
 bool IsCalledNative(const unsigned char* pui8Base)
 {
-    constexpr unsigned int uiFirstWithNative = 4;
-    return ReadRevision(pui8Base) >= uiFirstWithNative && gsc_oPreferredIsNative.Read(pui8Base) != 0;
+    return IsAtLeastRevision(pui8Base, gsc_uiVideoInputRevision) && gsc_oPreferredIsNative.Read(pui8Base) != 0;
 }
 
 // ---- Stereo viewing ----

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Standards/BaseBlock.h"
+#include "Standards/Modes.h"
 
 using namespace ZorStandards;
 
@@ -20,8 +21,9 @@ struct SBasePart
 constexpr SBasePart gsc_aoParts[] = {
     { BaseBlock::gsc_uiChromaticitiesOffset, BaseBlock::gsc_uiEstablishedOffset - BaseBlock::gsc_uiChromaticitiesOffset,
       1, 0 },
-    { BaseBlock::gsc_uiEstablishedOffset, 1, 3, 0 },
-    { BaseBlock::gsc_uiStandardsOffset, 2, 8, 1 },
+    { BaseBlock::gsc_uiEstablishedOffset, 1, BaseBlock::gsc_uiStandardsOffset - BaseBlock::gsc_uiEstablishedOffset, 0 },
+    { BaseBlock::gsc_uiStandardsOffset, gsc_uiStandardTimingSize,
+      (BaseBlock::gsc_uiDescriptorsOffset - BaseBlock::gsc_uiStandardsOffset) / gsc_uiStandardTimingSize, 1 },
     { BaseBlock::gsc_uiDescriptorsOffset, Descriptors::gsc_uiDescriptorSize, BaseBlock::gsc_uiDescriptors, 0 },
     { BaseBlock::gsc_uiExtensionCountOffset, 1, 2, 0 }, // and the checksum
 };

@@ -3,6 +3,8 @@
 #include "PageIndex.h"
 
 #include <algorithm>
+#include <iterator>
+#include <span>
 #include <utility>
 
 #include "FactWords.h"
@@ -17,8 +19,8 @@ using CSeverity = CZorEdidMap::ESeverity;
 struct SColumn
 {
     const char* m_pszHead;
-    // The cell; empty for an input that gives no image.
-    CHtml (*m_pfnMake)(const SPageImage&);
+    CHtml (*m_pfnMake)(const SPageImage&); // the cell
+    bool m_bNumber = false;                // sorted by one
 };
 
 CHtml MakeText(const std::string& sText)
@@ -97,12 +99,12 @@ CHtml MakeFindingCounts(const SPageImage& oImage)
 // After the name.
 constexpr SColumn gsc_aoColumns[] = {
     { "Maker", [](const SPageImage& oImage) { return MakeText(DescribeMaker(oImage.m_oFacts.GetIdentity())); } },
-    { "Size", MakeSize },
-    { "Preferred mode", MakePreferred },
-    { "Modes", MakeModeCount },
+    { "Size", MakeSize, true },
+    { "Preferred mode", MakePreferred, true },
+    { "Modes", MakeModeCount, true },
     { "HDR", [](const SPageImage& oImage) { return MakeText(DescribeHdr(oImage.m_oFacts)); } },
     { "Variable refresh", [](const SPageImage& oImage) { return MakeText(DescribeVariableRefresh(oImage.m_oFacts)); } },
-    { "Findings", MakeFindingCounts },
+    { "Findings", MakeFindingCounts, true },
 };
 
 // What the list above the table chooses by: words of data-list, and what they are called there.
@@ -166,11 +168,21 @@ CHtml MakeIndexRow(const SPageImage& oImage, const std::string& sName, const std
 
 CHtml MakeUnreadRow(const std::string& sName, const std::string& sProblem)
 {
-    // As many cells as there are, each with what it sorts by: unreadable is above any finding.
     CHtml oHtml;
     OpenRow(oHtml, "unread", ShowName(sName), ShowName(sName), "");
-    return (oHtml << "<td></td><td data-v=\"0\"></td><td data-v=\"0\"></td><td data-v=\"0\"></td><td></td><td></td>"
-                  << "<td data-v=\"1e18\"><span class=\"badge error\">unreadable</span> <span class=\"small\">"
+    for (const SColumn& oColumn : std::span(gsc_aoColumns).first<std::size(gsc_aoColumns) - 1>())
+    {
+        if (oColumn.m_bNumber)
+        {
+            oHtml << "<td data-v=\"0\"></td>";
+        }
+        else
+        {
+            oHtml << "<td></td>";
+        }
+    }
+    // Instead of findings, and above any of them.
+    return (oHtml << "<td data-v=\"1e18\"><span class=\"badge error\">unreadable</span> <span class=\"small\">"
                   << SText{ ShowName(sProblem) } << "</span></td></tr>\n")
         .Take();
 }

@@ -3,13 +3,14 @@
 
     compare-checks [--zoredid PROGRAM] [--peer PROGRAM] [--kinds FILE] [--selftest] FOLDER...
 
-A kind is a line of FILE, with tabs between: an expression for what is found, a side, and a third column. edid-decode's
+A kind is a line of FILE, with tabs between: an expression for what is found, a side, and further columns. edid-decode's
 failures read "Block's name: failure", and ours "rule.id@field". The first kind that fits counts. The sides are
-  both     the third column has our findings with blanks between, each an expression: one of them must be there
-  theirs   edid-decode alone says it, and the third column says why we do not
-  ours     we alone say it, and the third column says why edid-decode does not
-  instead  one of our findings in the third column stands for what edid-decode fails: it says the same in another way,
-           or shows that edid-decode walks the block in another way
+  both       the third column has our findings with blanks between, each an expression: one of them must be there
+  theirs     edid-decode alone says it, and the third column says why we do not
+  ours       we alone say it, and the third column says why edid-decode does not
+  instead    a failure of a kind of both follows from a cause, which one of our findings in the third column names, in
+             the same block; the fourth column says why it is not a finding of its own
+  elsewhere  the same, of a cause in any block
 A line that begins with # is a comment.
 
 Fails when a failure of a kind of both has none of our findings, when edid-decode fails an image with an unknown line and
@@ -27,8 +28,10 @@ from CompareFacts import image_paths, make_parser, peer_text, run
 
 KINDS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "ChecksKinds.tsv")
 WEIGHTY = ("error", "warning")
-SIDES = ("both", "theirs", "ours", "instead")
-Finding = collections.namedtuple("Finding", "text is_weighty")
+CAUSES = ("instead", "elsewhere")
+SIDES = ("both", "theirs", "ours", *CAUSES)
+Failure = collections.namedtuple("Failure", "block text")  # block None: of the whole EDID
+Finding = collections.namedtuple("Finding", "block text is_weighty")
 Image = collections.namedtuple("Image", "name failures findings")
 Verdict = collections.namedtuple("Verdict", "pairs unknown wrong")  # (kind, theirs, ours); lines; lines that fail
 
@@ -37,15 +40,17 @@ class Kind:
     """A line of the file of kinds."""
 
     def __init__(self, line):
-        pattern, self.side, self.reason = line.rstrip("\n").split("\t")
-        if self.side not in SIDES:
-            raise ValueError(self.side)
-        self.pattern = re.compile(pattern)
-        texts = self.reason.split() if self.side in ("both", "instead") else ()
-        self.ours = [re.compile(text.replace("@", "@.*") if "@" in text else f"{text}@") for text in texts]
+        pattern, self.side, *texts = line.rstrip("\n").split("\t")
+        if self.side not in SIDES or len(texts) != (2 if self.side in CAUSES else 1):
+            raise ValueError(line)
+        self.pattern, self.reason = re.compile(pattern), " because ".join(texts)
+        rules = texts[0].split() if self.side in ("both", *CAUSES) else ()
+        self.ours = [re.compile(rule.replace("@", "@.*") if "@" in rule else f"{rule}@", re.I) for rule in rules]
 
-    def pairs(self, findings):
-        return [finding for finding in findings if any(pattern.match(finding.text) for pattern in self.ours)]
+    def pairs(self, findings, block=None):
+        """Our findings of the kind, of a block if one is given."""
+        return [finding for finding in findings if block in (None, finding.block)
+                and any(rule.match(finding.text) for rule in self.ours)]
 
 
 def read_kinds(path):
@@ -58,21 +63,22 @@ def read_kinds(path):
 
 
 def failures(text):
-    """The lines under "Failures:" with their block's name ahead, and what continues a line behind it."""
-    block, lines = "", []
+    """The lines under "Failures:", each with its block's name ahead and with the lines that continue it."""
+    block, name, lines = None, "", []
     for line in text.partition("\nFailures:\n")[2].split("\n"):
-        if heading := re.match(r"(?:Block \d+, )?(\S.*):$", line):
-            block = heading[1]
+        if heading := re.match(r"(?:Block (\d+), )?(\S.*):$", line):
+            block, name = heading[1] and int(heading[1]), heading[2]
         elif re.match(r"  \S", line):
-            lines.append(f"{block}: {line.strip()}")
+            lines.append(Failure(block, f"{name}: {line.strip()}"))
         elif line.startswith("    "):
-            lines[-1] += " " + line.strip()
+            lines[-1] = lines[-1]._replace(text=f"{lines[-1].text} {line.strip()}")
     return lines
 
 
 def findings(program, path):
     answer = run(program, "check", "--json", path, accepted=(0, 1)) or {"checks": []}
-    return sorted({Finding(f"{finding['rule']}@{finding.get('field', '')}", finding["severity"] in WEIGHTY)
+    return sorted({Finding(finding.get("block", 0), f"{finding['rule']}@{finding.get('field', '')}",
+                           finding["severity"] in WEIGHTY)
                    for check in answer["checks"] for finding in check["findings"]})
 
 
@@ -90,23 +96,31 @@ def find_pair(kinds, finding):
     return next((kind for kind in kinds if kind.pairs([finding])), None)
 
 
-def is_said_otherwise(line, image, kinds):
-    return any(kind.side == "instead" and kind.pattern.search(line) and kind.pairs(image.findings) for kind in kinds)
+def explain(failure, image, kinds):
+    """The kind of a failure, None for an unknown one, and our findings of it: none where we do not say it."""
+    kind = find(kinds, failure.text, "both", "theirs")
+    pairs = kind.pairs(image.findings) if kind else []
+    if kind is None or kind.side == "theirs" or pairs:
+        return kind, pairs
+    for other in kinds:
+        if other.side in CAUSES and other.pattern.search(failure.text) and (
+                causes := other.pairs(image.findings, failure.block if other.side == "instead" else None)):
+            return other, causes
+    return kind, []
 
 
 def judge(image, kinds):
     verdict, said = Verdict([], [], []), set()
     weighty = [finding for finding in image.findings if finding.is_weighty]
-    for line in image.failures:
-        kind = find(kinds, line, "both", "theirs")
-        pairs = kind.pairs(image.findings) if kind else []
+    for failure in image.failures:
+        kind, pairs = explain(failure, image, kinds)
         said.update(pairs)
         verdict.pairs.append((kind, 1, bool(pairs)))
         if kind is None:
-            verdict.unknown.append(line)
-            verdict.wrong.extend([] if weighty else [f"nothing of weight here: {line}"])
-        elif kind.side == "both" and not pairs and not is_said_otherwise(line, image, kinds):
-            verdict.wrong.append(f"not said here: {line}")
+            verdict.unknown.append(failure.text)
+            verdict.wrong.extend([] if weighty else [f"nothing of weight here: {failure.text}"])
+        elif kind.side == "both" and not pairs:
+            verdict.wrong.append(f"not said here: {failure.text}")
     for finding in set(weighty) - said:
         kind = find(kinds, finding.text, "ours") or find_pair(kinds, finding)
         verdict.pairs.append((kind, 0, 1))
@@ -114,28 +128,30 @@ def judge(image, kinds):
     return verdict
 
 
+def complains(image, left_findings, kinds, left_kinds):
+    """Whether more is wrong of an image without some of our findings or of the kinds."""
+    before, after = judge(image, kinds), judge(image._replace(findings=left_findings), left_kinds)
+    return len(after.wrong + after.unknown) > len(before.wrong + before.unknown)
+
+
 def selftest(images, kinds):
     """(what is taken away, whether an image complains then) of what occurs in the images."""
-    def complains(image, left_findings, left_kinds):
-        before, after = judge(image, kinds), judge(image._replace(findings=left_findings), left_kinds)
-        return len(after.wrong + after.unknown) > len(before.wrong + before.unknown)
-
-    lines = [(image, line) for image in images for line in image.failures if not is_said_otherwise(line, image, kinds)]
+    explained = [(image, explain(failure, image, kinds)[0]) for image in images for failure in image.failures]
     for kind in kinds:
         others = [other for other in kinds if other is not kind]
-        having = [image for image, line in lines if find(kinds, line, "both", "theirs") is kind]
+        having = [image for image, other in explained if other is kind]
         if kind.side == "ours":
             having = [image for image in images for finding in image.findings if finding.is_weighty
                       and find(kinds, finding.text, "ours") is kind and not find_pair(others, finding)]
-        if kind.side in ("ours", "theirs") and having:
+        if kind.side != "both" and having:
             yield f"{kind.side}: {kind.pattern.pattern}", any(
-                complains(image, image.findings, others) for image in having)
-        for pattern in kind.ours if kind.side == "both" else ():
+                complains(image, image.findings, kinds, others) for image in having)
+        for rule in kind.ours if kind.side == "both" else ():
             tried = [(image, left) for image in having if (left := [
-                finding for finding in image.findings if not pattern.match(finding.text)]) != image.findings]
+                finding for finding in image.findings if not rule.match(finding.text)]) != image.findings]
             if tried:
-                yield f"{kind.pattern.pattern}: {pattern.pattern}", any(
-                    complains(image, left, kinds) for image, left in tried)
+                yield f"{kind.pattern.pattern}: {rule.pattern}", any(
+                    complains(image, left, kinds, kinds) for image, left in tried)
 
 
 def main():

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <bitset>
+#include <cstdlib>
 
 #include "CheckFindings.h"
+#include "Standards/BaseBlock.h"
 
 namespace ZorCheck
 {
@@ -88,6 +90,41 @@ void CheckVersions(CFindings& oFindings, unsigned int uiFirst)
         }
     });
 }
+
+constexpr long long gsc_llTenthsPerMillimetre = 10;
+
+// A size in tenths of a millimetre; 0 where none is given.
+long long ReadTenths(const CFindings& oFindings, unsigned int uiField)
+{
+    if (uiField == CMap::msc_uiNone)
+    {
+        return 0;
+    }
+    const CMap::SField& oField = oFindings.GetMap().GetField(uiField);
+    return oField.m_uiDecimals != 0 ? oField.m_llNumber : oField.m_llNumber * gsc_llTenthsPerMillimetre;
+}
+
+// Both sizes are of the same screen. The base block has whole centimetres, up or down.
+void CheckImageSize(CFindings& oFindings, unsigned int uiBlock)
+{
+    constexpr long long llCentimetre = 100;
+    const unsigned int uiField = oFindings.FindField(uiBlock, eZorEdidField_DisplayidParametersImageWidth);
+    const long long llWidth = ReadTenths(oFindings, uiField);
+    const long long llHeight =
+        ReadTenths(oFindings, oFindings.FindField(uiBlock, eZorEdidField_DisplayidParametersImageHeight));
+    const long long llScreenWidth = oFindings.GetByte(BaseBlock::gsc_uiImageWidthOffset) * llCentimetre;
+    const long long llScreenHeight = oFindings.GetByte(BaseBlock::gsc_uiImageHeightOffset) * llCentimetre;
+    const bool bGiven = llWidth != 0 && llHeight != 0 && llScreenWidth != 0 && llScreenHeight != 0;
+    if (bGiven &&
+        (std::abs(llWidth - llScreenWidth) >= llCentimetre || std::abs(llHeight - llScreenHeight) >= llCentimetre))
+    {
+        SZorFinding& oFinding = oFindings.Add(uiField, eZorEdidRule_DisplayIdImageSize);
+        oFinding.m_sFound.Format("%lld x %lld mm", llWidth / gsc_llTenthsPerMillimetre,
+                                 llHeight / gsc_llTenthsPerMillimetre);
+        oFinding.m_sExpected.Format("about %lld x %lld mm", llScreenWidth / gsc_llTenthsPerMillimetre,
+                                    llScreenHeight / gsc_llTenthsPerMillimetre);
+    }
+}
 } // namespace
 
 // The first section says what the others are about.
@@ -100,6 +137,7 @@ void CheckDisplayId(CFindings& oFindings)
         CheckRequired(oFindings, uiBlock, uiVersion);
         CheckProductPlace(oFindings, uiVersion);
         CheckVersions(oFindings, uiBlock);
+        oFindings.ForEachBlock(gsc_uiDisplayIdTag, [&](unsigned int uiOne) { CheckImageSize(oFindings, uiOne); });
     }
 }
 } // namespace ZorCheck

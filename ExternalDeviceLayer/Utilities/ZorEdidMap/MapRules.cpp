@@ -526,6 +526,9 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "the version is not that of the first section", "DisplayID 1.3 and 2.1",
       "The sections are parts of one structure: sources read all by the version of the first one, or drop the "
       "others." },
+    { eZorEdidRule_DisplayIdImageSize, CMap::eSeverity_Warning, "displayid.parameters.image-size",
+      "the image size is a centimetre or more off the screen size in bytes 15h and 16h", "",
+      "Sources derive the scale of texts from either of the two, so that its size depends on which they take." },
 
     // ---- What the library does not read ----
     { eZorEdidRule_UnreadBlock, CMap::eSeverity_Note, "library.unread-block", "the block is not read", "",

@@ -220,6 +220,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_DisplayIdNoInterface = 592,
     eZorEdidRule_DisplayIdProductNotFirst = 593,
     eZorEdidRule_DisplayIdVersionsDiffer = 594,
+    eZorEdidRule_DisplayIdImageSize = 595,
 
     // ---- What the library does not read ----
     eZorEdidRule_UnreadBlock = 900,

@@ -49,6 +49,14 @@ CBytes MakeSection(const char* pszTags, unsigned char ui8ProductType = 3)
     return MakeEdid({ aui8Block });
 }
 
+// A screen of 52 x 29 cm with display parameters of this width and height, in tenths of a millimetre.
+CBytes MakeSized(const char* pszSize)
+{
+    CBytes aui8Payload = ParseBytes(pszSize);
+    aui8Payload.resize(12);
+    return MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(1, 0, aui8Payload)) });
+}
+
 std::multiset<EZorEdidRule> ListRules(const CBytes& aui8Image)
 {
     CZorEdidMap oMap;
@@ -122,6 +130,7 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         { eZorEdidRule_DisplayIdNoProduct, MakeSection("01 0F"), MakeSection("00 01 0F") },
         { eZorEdidRule_DisplayIdNoParameters, MakeSection("00 0F"), MakeSection("00 0F", 5) }, // a repeater
         { eZorEdidRule_DisplayIdNoInterface, MakeSection("00 01"), MakeSection("00 01", 0) },
+        { eZorEdidRule_DisplayIdImageSize, MakeSized("B4 14 20 0B"), MakeSized("B3 14 20 0B") }, // 530.0, 529.9 mm
         { eZorEdidRule_UnreadBlock, MakeEdid({ WithChange(MakeCta("41 01"), 1, 4) }), aui8Good },
         { eZorEdidRule_UnreadPreferred, With(With(aui8Good, 0x13, "02"), 0x18, "00"),
           With(With(aui8Good, 0x13, "02"), 0x18, "02") },

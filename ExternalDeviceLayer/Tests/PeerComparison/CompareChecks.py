@@ -13,10 +13,10 @@ failures read "Block's name: failure", and ours "rule.id@field". The first kind 
   elsewhere  the same, of a cause in any block
 A line that begins with # is a comment.
 
-Fails when a failure of a kind of both has none of our findings, when edid-decode fails an image with an unknown line and
-we find nothing of weight, and when a rule of weight has no kind. Further unknown lines are counted and listed.
---selftest takes away each of our findings in a kind of both, and each kind of one side, where the images have them, and
-fails where nothing complains. Of a file with several EDIDs each is an image of its own.
+Fails when a failure of a kind of both has none of our findings, when edid-decode fails an image with an unknown line
+and we find nothing of weight, and when a rule of weight has no kind. Further unknown lines are counted and listed.
+--selftest takes away each of our findings in a kind of both, and each other kind, where the images or those of
+Images.txt have them, and fails where nothing complains. Of a file with several EDIDs each is an image of its own.
 """
 import collections
 import os
@@ -24,7 +24,7 @@ import re
 import sys
 import tempfile
 
-from CompareFacts import image_paths, make_parser, peer_text, run
+from CompareFacts import folders_of, image_paths, make_parser, peer_text, run
 
 KINDS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "ChecksKinds.tsv")
 WEIGHTY = ("error", "warning")
@@ -85,7 +85,7 @@ def findings(program, path):
 def read(options):
     with tempfile.TemporaryDirectory() as folder:
         return [Image(os.path.basename(path), failures(peer_text(options.peer, "--check", path)),
-                      findings(options.zoredid, path)) for path in image_paths(options.folders, folder)]
+                      findings(options.zoredid, path)) for path in image_paths(folders_of(options), folder)]
 
 
 def find(kinds, text, *sides):
@@ -157,7 +157,6 @@ def selftest(images, kinds):
 def main():
     parser = make_parser(__doc__)
     parser.add_argument("--kinds", default=KINDS, help="the kinds, by default %(default)s")
-    parser.add_argument("--selftest", action="store_true", help="take parts of the kinds away, and expect failures")
     options = parser.parse_args()
     kinds, images = read_kinds(options.kinds), read(options)
     counts, unknown, failed = collections.Counter(), collections.Counter(), not images

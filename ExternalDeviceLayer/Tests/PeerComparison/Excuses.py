@@ -44,10 +44,6 @@ class Case:
         """Whether the value is the bits of the image."""
         return self.own.fields[self.word]["value"] == self.stored(self.word)
 
-    def is_bare(self, word, least, most):
-        """Whether the item is a code of one byte outside of the range."""
-        return self.own.values == {word: str(self.byte(0))} and not least <= self.byte(0) <= most
-
     def number_of(self, *words):
         """The value of the first of the words that there is."""
         return float(next(self.own.values[word] for word in words if word in self.own.values))
@@ -62,9 +58,6 @@ class Case:
     def descriptors(self):
         """All that may be a descriptor of 18 bytes in the block."""
         return [self.block[i:i + 18] for i in range(BLOCK_SIZE - 18)]
-
-    def is_first_section(self):
-        return DISPLAYID not in [self.image[i * BLOCK_SIZE] for i in range(1, self.number)]
 
 
 def pq(code):
@@ -167,7 +160,8 @@ def is_malformed(case):
 # Name, who is right, groups, words (empty for an item that one side has alone), what must hold.
 EXCUSES = (
     ("further-section", "both", "displayid.section", ".*",
-     lambda case: not case.is_first_section() and case.theirs is None and case.is_stored()),
+     lambda case: DISPLAYID in case.image[BLOCK_SIZE:case.number * BLOCK_SIZE:BLOCK_SIZE]
+     and case.theirs is None and case.is_stored()),
     ("amd-not-valid", "here", "cta.amd", ".*luminance",
      lambda case: case.ours is None and case.stored("luminances-valid") == 0),
     ("amd-second", "here", "cta.amd", "second-.*",
@@ -204,7 +198,8 @@ EXCUSES = (
     ("no-code", "both", "cta.video.descriptor|cta.video-reference", "",
      lambda case: case.peer is None and case.own.values == {"vic": str(case.byte(0))}
      and (case.byte(0) in (0, 128) or case.byte(0) > 219)),
-    ("no-code", "both", "displayid.code", "", lambda case: case.peer is None and case.is_bare("dmt-id", 1, 88)),
+    ("no-code", "both", "displayid.code", "", lambda case: case.peer is None and case.byte(0) not in range(1, 89)
+     and case.own.values == {"dmt-id": str(case.byte(0))}),
     ("latency-formula", "here", "cta.hdmi", ".*latency", lambda case: int(case.theirs) == int(case.ours) + 3),
     ("past-end", "here", "(mode:)?cta.hdmi.(3d-.*|vic)", "", is_short_hdmi),
     ("one-size", "both", "base.display", "screen-.*",

@@ -972,7 +972,10 @@ ZOREDID_API const char* zoredid_rule_get_why(uint32_t rule);
 /** As a rule: a finding may weigh otherwise, as by revision or kind of block. */
 ZOREDID_API zoredid_severity zoredid_rule_get_severity(uint32_t rule);
 
-/** The findings about one image, in the order of its bytes. */
+/**
+ * The findings about one image: errors, warnings, notes, then those of "library." rules; each of these in the order of
+ * the bytes.
+ */
 typedef struct zoredid_check zoredid_check;
 
 /** A list without findings, for zoredid_check_free. Null when there is no memory. */

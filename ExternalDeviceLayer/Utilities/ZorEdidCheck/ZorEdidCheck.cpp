@@ -1,10 +1,11 @@
-// CZorEdidCheck: the notes of the map as findings, the rules by topic, and the order of the bytes.
+// CZorEdidCheck: the notes of the map as findings, the rules by topic, and the order of the findings.
 
 #include "ZorEdidCheck.h"
 
 #include <string.h>
 
 #include <algorithm>
+#include <array>
 
 #include "CheckFindings.h"
 #include "EdidBase.h"
@@ -16,6 +17,16 @@ namespace
 bool HasHeader(const CMap& oMap)
 {
     return oMap.GetSize() >= gsc_uiBlockSize && memcmp(oMap.GetData(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) == 0;
+}
+
+// What the place of a finding depends on, the most important first: rank, offset, and when it was found.
+using CKey = std::array<unsigned int, 3>;
+
+// Errors first, and what the library makes of the image last.
+unsigned int GetRank(const SZorFinding& oFinding)
+{
+    return CMap::eSeverity_Error - oFinding.m_eSeverity +
+           (IsZorEdidRuleOfLibrary(oFinding.m_eRule) ? CMap::eSeverity_Error + 1U : 0U);
 }
 } // namespace
 
@@ -53,8 +64,8 @@ void CZorEdidCheck::Read(const CZorEdidMap& oMap, unsigned int uiThisYear)
     Order(oFindings);
 }
 
-// In the order of the bytes, and without those that only follow from others. By their numbers, as a stable sort of the
-// findings themselves would take memory past CMAllocator.
+// Without those that only follow from others. By their numbers, as a stable sort of the findings themselves would take
+// memory past CMAllocator.
 void CZorEdidCheck::Order(const CFindings& oFindings)
 {
     CMArray<unsigned int, const unsigned int&> auiCauses;
@@ -66,26 +77,21 @@ void CZorEdidCheck::Order(const CFindings& oFindings)
         }
     }
     const SZorFinding* poFirst = m_aoFindings.GetData();
-    CMArray<unsigned int, const unsigned int&> auiOrder;
+    CMArray<CKey, const CKey&> aoOrder;
     for (unsigned int i = 0; i < m_aoFindings.GetCount(); ++i)
     {
         const unsigned int* puiCauses = auiCauses.GetData();
         if (std::none_of(puiCauses, puiCauses + auiCauses.GetCount(),
                          [&](unsigned int uiCause) { return IsConsequence(oFindings, poFirst[uiCause], poFirst[i]); }))
         {
-            auiOrder.Add(i);
+            aoOrder.Add({ GetRank(poFirst[i]), poFirst[i].m_uiOffset, i });
         }
     }
-    std::sort(auiOrder.GetData(), auiOrder.GetData() + auiOrder.GetCount(),
-              [poFirst](unsigned int uiOne, unsigned int uiOther) {
-                  const unsigned int uiOffset = poFirst[uiOne].m_uiOffset;
-                  const unsigned int uiOtherOffset = poFirst[uiOther].m_uiOffset;
-                  return uiOffset != uiOtherOffset ? uiOffset < uiOtherOffset : uiOne < uiOther;
-              });
+    std::sort(aoOrder.GetData(), aoOrder.GetData() + aoOrder.GetCount());
     CMArray<SZorFinding> aoOrdered;
-    for (unsigned int i = 0; i < auiOrder.GetCount(); ++i)
+    for (unsigned int i = 0; i < aoOrder.GetCount(); ++i)
     {
-        aoOrdered.Add(m_aoFindings[auiOrder[i]]);
+        aoOrdered.Add(m_aoFindings[aoOrder[i].back()]);
     }
     m_aoFindings = aoOrdered;
 }

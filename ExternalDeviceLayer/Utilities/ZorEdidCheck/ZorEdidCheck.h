@@ -31,7 +31,8 @@ struct SZorFinding
 template <>
 inline constexpr bool gsc_bByteRelocatable<SZorFinding> = true;
 
-/// The findings about one image, in the order of its bytes. Read makes the list, everything else asks it.
+/// The findings about one image: errors, warnings, notes, and then what this library does not read of it; each of these
+/// in the order of the bytes. Read makes the list, everything else asks it.
 class CZorEdidCheck
 {
 public:

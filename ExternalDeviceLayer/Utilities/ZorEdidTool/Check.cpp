@@ -97,6 +97,8 @@ SFinding MakeNoteOfImages(const SInput& oInput)
     return oFinding;
 }
 
+bool IsOfLibrary(const SFinding& oFinding) { return IsZorEdidRuleOfLibrary(oFinding.m_eRule); }
+
 SOutcome CheckInput(const SInput& oInput, const SCheckOptions& oOptions, const CRuleSet& oIgnored, SCounts& oCounts)
 {
     SChecked oChecked = { oInput };
@@ -116,7 +118,8 @@ SOutcome CheckInput(const SInput& oInput, const SCheckOptions& oOptions, const C
     oChecked.m_aoFindings = CheckImage(oMap, GetThisYear());
     if (!oInput.m_sImages.empty())
     {
-        oChecked.m_aoFindings.push_back(MakeNoteOfImages(oInput));
+        oChecked.m_aoFindings.insert(std::ranges::find_if(oChecked.m_aoFindings, IsOfLibrary),
+                                     MakeNoteOfImages(oInput));
     }
     std::erase_if(oChecked.m_aoFindings, [&](const SFinding& oFinding) { return oIgnored.Has(oFinding.m_eRule); });
     const bool bFails = std::ranges::any_of(

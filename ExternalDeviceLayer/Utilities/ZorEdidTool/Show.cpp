@@ -253,23 +253,20 @@ void AddFindings(CLines& asLines, const std::vector<SFinding>& aoFindings)
     }
     Add(asLines, "Findings", sCounts.empty() ? "none" : sCounts + ": see zoredid check", 1);
     std::vector<std::pair<std::string, size_t>> asTexts; // each with how often it is found
-    for (const CZorEdidMap::ESeverity eSeverity : { CZorEdidMap::eSeverity_Error, CZorEdidMap::eSeverity_Warning })
+    for (const SFinding& oFinding : aoFindings)
     {
-        for (const SFinding& oFinding : aoFindings)
+        if (!oFinding.HasWeight())
         {
-            if (oFinding.m_eSeverity != eSeverity)
-            {
-                continue;
-            }
-            const std::string sText = DescribeFinding(oFinding);
-            const auto itSame = std::ranges::find(asTexts, sText, &std::pair<std::string, size_t>::first);
-            if (itSame != asTexts.end())
-            {
-                ++itSame->second;
-                continue;
-            }
-            asTexts.emplace_back(sText, 1);
+            continue;
         }
+        const std::string sText = DescribeFinding(oFinding);
+        const auto itSame = std::ranges::find(asTexts, sText, &std::pair<std::string, size_t>::first);
+        if (itSame != asTexts.end())
+        {
+            ++itSame->second;
+            continue;
+        }
+        asTexts.emplace_back(sText, 1);
     }
     for (size_t i = 0; i < std::min(uiMost, asTexts.size()); ++i)
     {

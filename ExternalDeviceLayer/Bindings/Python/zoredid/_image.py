@@ -280,7 +280,7 @@ class Image:
         return Fields(self.bytes)
 
     def check(self, this_year: int = 0) -> list[Finding]:
-        """What is wrong, in the order of the bytes. No year of manufacture may exceed this_year; 0 asks the clock."""
+        """What is wrong, the worst first. No year of manufacture may exceed this_year; 0 asks the clock."""
         return list(_list_findings(self.fields._map, this_year))
 
     def repair(self) -> tuple[Image, list[Place]]:

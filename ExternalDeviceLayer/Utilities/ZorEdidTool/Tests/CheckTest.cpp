@@ -75,14 +75,14 @@ const SCheckCase gsc_aoDamages[] = {
       { "0:11 warning the year is in the future: 2028, at most 2027" } },
     { "NoPreferredMode",
       { { 0x13, "02" }, { 0x18, "28" } },
-      { "0:18 note the text reports need a preferred mode: none declared", "0:2e note the library lists it as 16:10",
-        "0:30 note the library lists it as 16:10",
-        "0:5a warning announced modes are outside of the display range limits: pixel clock 240.26 MHz of 1680 x 1680 "
+      { "0:5a warning announced modes are outside of the display range limits: pixel clock 240.26 MHz of 1680 x 1680 "
         "@ 60 Hz at block 0 offset 0x30, at most 170.00 MHz",
         "0:5a warning announced modes are outside of the display range limits: line rate 104.28 kHz of 1680 x 1680 "
         "@ 60 Hz at block 0 offset 0x30, 24 to 92 kHz",
         "0:5a note announced modes are outside of the display range limits: pixel clock 175.94 MHz of 1440 x 1440 "
-        "@ 60 Hz at block 0 offset 0x2e, at most 170.00 MHz" } },
+        "@ 60 Hz at block 0 offset 0x2e, at most 170.00 MHz",
+        "0:18 note the text reports need a preferred mode: none declared", "0:2e note the library lists it as 16:10",
+        "0:30 note the library lists it as 16:10" } },
     { "FirstDescriptorIsNoTiming",
       { { 0x36, "00 00 00 10 00*14" } },
       { "0:36 error the first descriptor must be a detailed timing" } },
@@ -91,8 +91,8 @@ const SCheckCase gsc_aoDamages[] = {
       { "0:5a note the library reads no range limits with offsets" } },
     { "TooManyBlocks",
       { { 0x7E, "03" } },
-      { "0:7e warning 1.3 requires a block map ahead of two or more extension blocks: 3",
-        "0:7e error fewer extension blocks follow: 1 block, 3 blocks" } },
+      { "0:7e error fewer extension blocks follow: 1 block, 3 blocks",
+        "0:7e warning 1.3 requires a block map ahead of two or more extension blocks: 3" } },
     { "TooFewBlocks",
       { { 0x7E, "00" }, { 0x81, "04" } },
       { "1:0 warning not counted by the number of extension blocks: 0 blocks, at least 1 block",
@@ -109,8 +109,8 @@ const SCheckCase gsc_aoDamages[] = {
         "1:0 note the block is not read: the library keeps no model of its kind" } },
     { "CeaRevision",
       { { 0x81, "04" } },
-      { "1:0 note the block is not read: its revision is 4, above 3",
-        "1:1 warning revision is not published: 4, 1 to 3" } },
+      { "1:1 warning revision is not published: 4, 1 to 3",
+        "1:0 note the block is not read: its revision is 4, above 3" } },
     { "DescriptorsInTheHeader",
       { { 0x82, "03" } },
       { "1:2 error lies outside of the block: nothing after it can be found: 3 bytes, 4 to 127 bytes" } },
@@ -133,14 +133,14 @@ TEST(Check, ChecksumsAreNamedWithTheRightOne)
     aui8Image[0x7F] = 0;
     aui8Image[0xFF] = 0;
     EXPECT_EQ((CTexts{ "0:7f error the checksum is wrong: 0x00, should be 0x12",
-                       "1:0 note the block is not read: its checksum is wrong",
-                       "1:7f error the checksum is wrong: 0x00, should be 0x73" }),
+                       "1:7f error the checksum is wrong: 0x00, should be 0x73",
+                       "1:0 note the block is not read: its checksum is wrong" }),
               List(aui8Image));
     const std::vector<SFinding> aoFindings = Check(aui8Image, gsc_uiThisYear);
-    EXPECT_EQ("CTA-861 extension block", aoFindings.at(1).m_sField);
-    EXPECT_FALSE(aoFindings.at(1).HasWeight());
-    EXPECT_EQ("Checksum", aoFindings.at(2).m_sField);
-    EXPECT_TRUE(aoFindings.at(2).HasWeight());
+    EXPECT_EQ("Checksum", aoFindings.at(1).m_sField);
+    EXPECT_TRUE(aoFindings.at(1).HasWeight());
+    EXPECT_EQ("CTA-861 extension block", aoFindings.at(2).m_sField);
+    EXPECT_FALSE(aoFindings.at(2).HasWeight());
 }
 
 TEST(Check, ABlockThatWasNeverWrittenHasOneFinding)

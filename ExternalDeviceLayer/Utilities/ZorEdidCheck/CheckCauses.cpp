@@ -27,6 +27,16 @@ bool FollowsFromFirstDescriptor(const CFindings& oFindings, const SZorFinding& o
            oOther.m_uiField < oFindings.GetMap().GetField(oCause.m_uiField).m_uiEnd;
 }
 
+// A display descriptor of no known kind, whose other bytes may be anything: one byte more or fewer ahead of them is
+// enough.
+bool FollowsFromReservedTag(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    const CMap& oMap = oFindings.GetMap();
+    const CMap::SField& oTag = oMap.GetField(oCause.m_uiField);
+    return oTag.m_eId == eZorEdidField_BaseDescriptorTag && oOther.m_eRule == eZorEdidRule_ReservedBits &&
+           oMap.GetField(oOther.m_uiField).m_uiGroup == oTag.m_uiGroup;
+}
+
 // The checksum is one by itself.
 bool FollowsFromCutDataBlock(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
 {
@@ -41,6 +51,7 @@ constexpr struct
 } gsc_aoCauses[] = {
     { eZorEdidRule_BlockErased, FollowsFromErased },
     { eZorEdidRule_FirstDescriptor, FollowsFromFirstDescriptor },
+    { eZorEdidRule_ReservedValue, FollowsFromReservedTag },
     { eZorEdidRule_CtaPastCollection, FollowsFromCutDataBlock },
 };
 } // namespace

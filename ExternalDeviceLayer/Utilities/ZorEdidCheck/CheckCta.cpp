@@ -24,8 +24,9 @@ void CheckUnderscan(CFindings& oFindings, unsigned int uiBlock)
     const bool bUnder = Cta::gsc_oUnderscan.IsSet(oFindings.GetAt(uiBlock));
     if (GetNumber(oFindings, uiScan) == (bUnder ? llAlwaysOver : llAlwaysUnder))
     {
+        const CMString sScan = oFindings.GetMap().GetField(uiScan).m_pszMeaning;
         oFindings.Add(uiScan, eZorEdidRule_UnderscanContradicts).m_sFound =
-            bUnder ? "byte 3 of the block has underscan" : "byte 3 of the block has no underscan";
+            sScan + (bUnder ? ", and byte 3 of the block has underscan" : ", and byte 3 of the block has no underscan");
     }
 }
 
@@ -57,7 +58,9 @@ void CheckBasicAudio(CFindings& oFindings)
         return;
     }
     oFindings.ForEachBlock(gsc_uiDisplayIdTag, [&](unsigned int uiBlock) {
-        for (const EZorEdidField eId : { eZorEdidField_CtaAudio, eZorEdidField_CtaSpeakers })
+        for (const EZorEdidField eId : { eZorEdidField_CtaAudio, eZorEdidField_CtaSpeakers, eZorEdidField_CtaHdmiAudio,
+                                         eZorEdidField_CtaDolbyAudio, eZorEdidField_CtaVendorAudio,
+                                         eZorEdidField_CtaRoom, eZorEdidField_CtaSpeakerLocation })
         {
             const unsigned int uiField = oFindings.FindField(uiBlock, eId);
             if (uiField != CMap::msc_uiNone)

@@ -2,6 +2,8 @@
 
 #include "CheckLimits.h"
 
+#include <algorithm>
+
 using namespace ZorStandards::BaseBlock;
 
 namespace ZorCheck
@@ -25,10 +27,10 @@ CMString FormatRate(unsigned long long ullPart, unsigned long long ullWhole, con
     return sText;
 }
 
-CMString FormatRange(unsigned int uiLeast, unsigned int uiMost, const char* pszUnit)
+CMString FormatRange(unsigned long long ullLeast, unsigned long long ullMost, const char* pszUnit)
 {
     CMString sText;
-    sText.Format("%u to %u %s", uiLeast, uiMost, pszUnit);
+    sText.Format("%llu to %llu %s", ullLeast, ullMost, pszUnit);
     return sText;
 }
 
@@ -57,15 +59,16 @@ struct SBreaches
     }
 };
 
-// A finding for each limit that modes break. Of detailed timings in the base block the map has a note each. An erratum
-// of 1.4 lets listed modes leave the limits.
-void CheckRangeLimits(CFindings& oFindings)
+// An erratum of 1.4 lets listed modes leave the limits.
+CMap::ESeverity GetWeight(const CFindings& oFindings)
 {
-    const SRangeDescriptor oDescriptor = FindRangeLimits(oFindings);
-    if (oDescriptor.m_uiOffset == 0)
-    {
-        return;
-    }
+    return oFindings.GetByte(gsc_uiRevisionOffset) < gsc_uiVideoInputRevision ? CMap::eSeverity_Warning
+                                                                              : CMap::eSeverity_Note;
+}
+
+// A finding for each limit that modes break. Of detailed timings in the base block the map has a note each.
+void CheckRangeLimits(CFindings& oFindings, const SRangeDescriptor& oDescriptor)
+{
     SBreaches aoBreaches[eLimit_Count];
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const bool bNoted =
@@ -78,18 +81,68 @@ void CheckRangeLimits(CFindings& oFindings)
             }
         }
     });
-    const bool bWeight = oFindings.GetByte(gsc_uiRevisionOffset) < gsc_uiVideoInputRevision;
     for (unsigned int i = 0; i < eLimit_Count; ++i)
     {
         if (aoBreaches[i].m_uiCount != 0)
         {
             SZorFinding& oFinding =
                 oFindings.Add(oFindings.FindGroup(oDescriptor.m_uiOffset), eZorEdidRule_ModeBeyondLimits,
-                              bWeight && i != eLimit_RoundedClock ? CMap::eSeverity_Warning : CMap::eSeverity_Note);
+                              i != eLimit_RoundedClock ? GetWeight(oFindings) : CMap::eSeverity_Note);
             DescribeBreach(static_cast<ELimit>(i), aoBreaches[i].m_oFirst.m_oMode, oDescriptor.m_oLimits, oFinding);
             oFinding.m_sFound += aoBreaches[i].DescribeRest();
         }
     }
+}
+
+// Minimum and maximum of one kind of rate, and that rate of a mode as a fraction in their unit.
+struct SRateLimits
+{
+    unsigned int m_uiLeast;
+    unsigned int m_uiMost;
+    EZorEdidField m_eMost;
+    const char* m_pszUnit;
+    SZorMode::SRate (*m_pfnGetRate)(const SZorMode&);
+};
+
+// The modes are many and of common rates: where the limits leave one, these are at fault.
+void CheckOneRate(CFindings& oFindings, const SRateLimits& oLimits)
+{
+    if (oLimits.m_uiLeast != oLimits.m_uiMost || oLimits.m_uiMost == 0)
+    {
+        return;
+    }
+    bool bBeyond = false;
+    unsigned long long ullLeast = oLimits.m_uiLeast;
+    unsigned long long ullMost = oLimits.m_uiMost;
+    oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
+        const auto [ullPart, ullWhole] = oLimits.m_pfnGetRate(oEntry.m_oMode);
+        if (!oEntry.m_oMode.m_bTiming || ullWhole == 0)
+        {
+            return;
+        }
+        bBeyond = bBeyond || Descriptors::IsRateBeyond(ullPart, ullWhole, oLimits.m_uiLeast, oLimits.m_uiMost);
+        ullLeast = std::min(ullLeast, ullPart / ullWhole);
+        ullMost = std::max(ullMost, ullPart / ullWhole + (ullPart % ullWhole != 0 ? 1 : 0));
+    });
+    if (bBeyond)
+    {
+        SZorFinding& oFinding =
+            oFindings.Add(oFindings.FindField(0, oLimits.m_eMost), eZorEdidRule_RangeOneRate, GetWeight(oFindings));
+        oFinding.m_sFound = FormatRange(oLimits.m_uiLeast, oLimits.m_uiMost, oLimits.m_pszUnit);
+        oFinding.m_sExpected = FormatRange(ullLeast, ullMost, oLimits.m_pszUnit);
+    }
+}
+
+void CheckOneRates(CFindings& oFindings, const Descriptors::SRangeLimits& oLimits)
+{
+    CheckOneRate(oFindings,
+                 { oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz,
+                   eZorEdidField_BaseRangeMaxVerticalRate, "Hz", [](const SZorMode& oMode) { return oMode.m_oRate; } });
+    CheckOneRate(oFindings,
+                 { oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz,
+                   eZorEdidField_BaseRangeMaxHorizontalRate, "kHz", [](const SZorMode& oMode) {
+                       return SZorMode::SRate{ oMode.m_ullClock / gsc_ullHzPerKiloHz, oMode.m_oHorizontal.m_uiTotal };
+                   } });
 }
 
 // ---- TMDS ----
@@ -237,7 +290,12 @@ void DescribeBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLim
 
 void CheckLimits(CFindings& oFindings)
 {
-    CheckRangeLimits(oFindings);
+    const SRangeDescriptor oDescriptor = FindRangeLimits(oFindings);
+    if (oDescriptor.m_uiOffset != 0)
+    {
+        CheckRangeLimits(oFindings, oDescriptor);
+        CheckOneRates(oFindings, oDescriptor.m_oLimits);
+    }
     CheckTmdsClock(oFindings);
 }
 } // namespace ZorCheck

@@ -169,6 +169,33 @@ void AddImageSize(const CFindings& oFindings, SZorFinding& oFinding)
     }
 }
 
+// A timing that has lost its clock has other numbers where a display descriptor has zeros.
+void AddNoClock(const CFindings& oFindings, SZorFinding& oFinding)
+{
+    const unsigned char* pui8Descriptor = oFindings.GetAt(oFinding.m_uiOffset);
+    oFinding.m_sFound = "pixel clock 0 MHz";
+    if (Descriptors::IsDescriptor(pui8Descriptor))
+    {
+        oFinding.m_sFound.AppendFormat(", tag 0x%02x", pui8Descriptor[Descriptors::gsc_uiTagOffset]);
+    }
+}
+
+// Either byte 2 of the block is wrong, or the timing is behind a gap in the list.
+void AddLostTiming(const CFindings& oFindings, SZorFinding& oFinding)
+{
+    const CMap& oMap = oFindings.GetMap();
+    const unsigned int uiBlock = oFinding.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
+    const CMap::SNumbers& oPlaces = oMap.GetNote(oMap.GetField(oFinding.m_uiField).m_uiFirstNote).m_oNumbers;
+    const auto uiLost = static_cast<unsigned int>(oPlaces.m_llFound);
+    SZorMode oMode = {};
+    ReadDetailedMode({ oFindings.GetAt(uiBlock + uiLost), gsc_uiDescriptorSize }, oMode);
+    const unsigned int uiStart = oFindings.GetByte(uiBlock + Cta::gsc_uiDetailedStartOffset);
+    const bool bGap = uiStart != 0 && uiStart != static_cast<unsigned int>(oPlaces.m_llLeast);
+    oFinding.m_sFound = CMap::GetModeText(oMode) + " at " + DescribePlace(uiBlock + uiLost);
+    oFinding.m_sExpected.Format(bGap ? "the next timing at offset 0x%02x" : "0x%02x in byte 2",
+                                bGap ? static_cast<unsigned int>(oPlaces.m_llLeast) : uiLost);
+}
+
 void AddNoFormula(const CFindings& /*oFindings*/, SZorFinding& oFinding)
 {
     oFinding.m_sExpected = "1 (range limits only)";
@@ -250,6 +277,7 @@ constexpr struct
     { eZorEdidRule_SrgbColors, AddSrgbColors },
     { eZorEdidRule_SrgbGamma, AddSrgbGamma },
     { eZorEdidRule_StandardTimingZero, AddUnusedStandard },
+    { eZorEdidRule_FirstDescriptor, AddNoClock },
     { eZorEdidRule_ImageSize, AddImageSize },
     { eZorEdidRule_TimingAspect, AddImageSize },
     { eZorEdidRule_RangeFormula, AddNoFormula },
@@ -266,6 +294,7 @@ constexpr struct
     { eZorEdidRule_Ascii, AddUnprintable },
     { eZorEdidRule_CtaAgain, AddFirst },
     { eZorEdidRule_CtaVideoIndex, AddVideoPlace },
+    { eZorEdidRule_CtaLostTimings, AddLostTiming },
     { eZorEdidRule_DisplayIdOtherVersion, AddSectionVersion },
 };
 } // namespace

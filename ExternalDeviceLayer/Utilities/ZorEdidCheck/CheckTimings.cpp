@@ -77,21 +77,22 @@ bool IsSameSize(const SZorMode& oOne, const SZorMode& oOther)
             oOne.m_oVertical.m_uiActive == oOther.m_oVertical.m_uiActive);
 }
 
-// Formats of several sizes cannot all be native.
-void CheckNative(CFindings& oFindings)
+// Formats of several sizes cannot all be native; interlaced ones may be beside progressive ones.
+void CheckNative(CFindings& oFindings, bool bInterlaced)
 {
     const SZorImageMode* poFirst = nullptr;
     bool bMixed = false;
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
-        if (oEntry.m_oMode.m_bNative && !oEntry.m_oMode.m_bInterlaced)
+        if (oEntry.m_oMode.m_bNative && oEntry.m_oMode.m_bInterlaced == bInterlaced)
         {
             poFirst = poFirst == nullptr ? &oEntry : poFirst;
             if (!bMixed && !IsSameSize(oEntry.m_oMode, poFirst->m_oMode))
             {
                 bMixed = true;
-                oFindings.Add(oFindings.FindGroup(oEntry.m_uiOffset), eZorEdidRule_NativeMixed).m_sFound =
-                    CMap::GetModeText(oEntry.m_oMode) + ", and " + CMap::GetModeText(poFirst->m_oMode) + " at " +
-                    DescribePlace(poFirst->m_uiOffset);
+                SZorFinding& oFinding = oFindings.Add(oFindings.FindGroup(oEntry.m_uiOffset), eZorEdidRule_NativeMixed);
+                oFinding.m_sFound = CMap::GetModeText(oEntry.m_oMode) + ", and " + CMap::GetModeText(poFirst->m_oMode) +
+                                    " at " + DescribePlace(poFirst->m_uiOffset);
+                oFinding.m_sExpected = "one size";
             }
         }
     });
@@ -150,7 +151,8 @@ void CheckTimings(CFindings& oFindings)
     {
         CheckVga(oFindings, uiCtaBlock);
         CheckCodesTwice(oFindings);
-        CheckNative(oFindings);
+        CheckNative(oFindings, false);
+        CheckNative(oFindings, true);
         CheckHdmiCodes(oFindings);
     }
     CheckReferences(oFindings);

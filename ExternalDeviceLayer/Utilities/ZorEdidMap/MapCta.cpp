@@ -450,7 +450,8 @@ void CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int
 void AddContent(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const SCtaVideoCodes& oCodes)
 {
     const SContent& oContent = oFound.m_poKind->m_oContent;
-    const SCtaPayload oPayload = { uiField, oFound.GetPayload(), oFound.GetPayloadSize(), oCodes };
+    const SCtaPayload oPayload = { uiField, oFound.GetPayload(), oFound.GetPayloadSize(),
+                                   oFound.m_uiHeader - gsc_uiHeaderSize, oCodes };
     if (oContent.m_pfnWalk != nullptr)
     {
         oContent.m_pfnWalk(oWriter, oPayload);
@@ -490,6 +491,9 @@ void AddDataBlock(CMapWriter& oWriter, const SFound& oFound, const SCtaVideoCode
     }
 }
 
+// What describes the sound that the display takes, or where it comes out.
+bool IsAudio(const SCtaBlock& oKind) { return oKind.m_eArea == eArea_Audio || oKind.m_eId == eId_CtaVendorAudio; }
+
 // Whether the collection has audio. Takes the data blocks into oEarlier.
 bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, const SCtaVideoCodes& oCodes,
                    SEarlier& oEarlier)
@@ -498,8 +502,7 @@ bool AddDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEn
     ForEachDataBlock(oWriter, uiOffset, uiEnd, [&](const SFound& oFound) {
         AddDataBlock(oWriter, oFound, oCodes, oEarlier);
         oEarlier.Add(*oFound.m_poKind);
-        const unsigned int uiTag = oFound.m_poKind->m_oKey.m_ui8Tag;
-        bAudio = bAudio || uiTag == gsc_uiAudioTag || uiTag == gsc_uiSpeakerTag;
+        bAudio = bAudio || IsAudio(*oFound.m_poKind);
     });
     return bAudio;
 }
@@ -627,8 +630,8 @@ void AddCollection(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     oWriter.EndGroup(gsc_oPaddingRest);
 }
 
-// At any place within: 18 bytes that by all their numbers are a timing of today's displays.
-bool HasLostTiming(const CMapWriter& oWriter, unsigned int uiFirst, unsigned int uiEnd)
+// The first 18 bytes at any place within that by all their numbers are a timing of today's displays; uiEnd for none.
+unsigned int FindLostTiming(const CMapWriter& oWriter, unsigned int uiFirst, unsigned int uiEnd)
 {
     constexpr unsigned int uiLeastWidth = 640;
     constexpr unsigned int uiLeastHeight = 350;
@@ -647,22 +650,24 @@ bool HasLostTiming(const CMapWriter& oWriter, unsigned int uiFirst, unsigned int
             oMode.m_oRate.m_ullDividend >= oMode.m_oRate.m_ullDivisor * uiLeastRate &&
             oMode.m_oRate.m_ullDividend <= oMode.m_oRate.m_ullDivisor * uiMostRate)
         {
-            return true;
+            return uiFirst;
         }
     }
-    return false;
+    return uiEnd;
 }
 
 // Bytes that nothing points at: padding unless they look like timings.
 void AddPadding(CMapWriter& oWriter, unsigned int uiFirst, unsigned int uiEnd)
 {
     const CRecord oBytes = oWriter.GetRecord(uiFirst, uiEnd - uiFirst);
-    const bool bLost = !IsEveryByte(oBytes, 0) && HasLostTiming(oWriter, uiFirst, uiEnd);
+    const unsigned int uiLost = IsEveryByte(oBytes, 0) ? uiEnd : FindLostTiming(oWriter, uiFirst, uiEnd);
+    const bool bLost = uiLost != uiEnd;
     const unsigned int uiField =
         oWriter.AddLeaf(bLost ? gsc_oLostRow : gsc_oPaddingRow, eArea_Unused, uiFirst, uiEnd - uiFirst);
     if (bLost)
     {
-        oWriter.AddNote(uiField, eZorEdidRule_CtaLostTimings);
+        oWriter.AddNote(uiField, eZorEdidRule_CtaLostTimings,
+                        CountExactly("bytes", uiLost % gsc_uiBlockSize, uiFirst % gsc_uiBlockSize));
     }
 }
 
@@ -760,11 +765,13 @@ void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffse
     }
 }
 
-void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed)
+void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed, unsigned int uiSize)
 {
     if (uiUsed < oPayload.m_uiLength)
     {
-        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_CtaLastItem);
+        const unsigned int uiWhole = oPayload.m_uiHead + uiUsed;
+        oWriter.AddNote(oPayload.m_uiField, eZorEdidRule_CtaLastItem,
+                        { "bytes", oPayload.m_uiHead + oPayload.m_uiLength, uiWhole, uiWhole + uiSize, true });
         oWriter.AddUnknownEnd();
     }
 }

@@ -26,6 +26,7 @@ struct SCtaPayload
     unsigned int m_uiField;  // of the data block
     unsigned int m_uiOffset; // in the image
     unsigned int m_uiLength;
+    unsigned int m_uiHead; // bytes ahead of it that the length of the data block counts: extended tag, OUI
     const SCtaVideoCodes& m_oVideoCodes;
 };
 
@@ -38,9 +39,9 @@ using CtaWalk = void (*)(CMapWriter& oWriter, const SCtaPayload& oPayload);
 void AddCtaItems(CMapWriter& oWriter, const STable& oTable, unsigned int uiOffset, unsigned int uiLength,
                  unsigned int (*pfnLength)(unsigned int uiFirstByte));
 
-// Consecutive items, each with a size of its own, end uiUsed bytes into the payload. What is left is part of one more:
-// unknown, with a note of the data block.
-void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed);
+// Items of uiSize bytes end uiUsed bytes into the payload. What is left is part of one more: unknown, with a note of
+// the data block.
+void AddCtaPart(CMapWriter& oWriter, const SCtaPayload& oPayload, unsigned int uiUsed, unsigned int uiSize);
 
 // The bits of a byte that select video codes, bit 0 for the one at uiFirst: fields of the names of these codes. aoRows
 // has a row for each bit, from bit 0 on; uiMarks is what the bits say of the modes. Bits without a code are left, or

@@ -264,7 +264,7 @@ void AddBehindHead(CMapWriter& oWriter, const SCtaPayload& oPayload, const STabl
     {
         fnAdd(oPayload.m_uiOffset + uiUsed);
     }
-    AddCtaPart(oWriter, oPayload, uiUsed);
+    AddCtaPart(oWriter, oPayload, uiUsed, uiSize);
 }
 
 CRecord GetHead(const CMapWriter& oWriter, const SCtaPayload& oPayload)

@@ -320,17 +320,6 @@ constexpr STable gsc_oStereo = { eId_DisplayidStereo, "Stereo display interface"
 
 constexpr unsigned char gsc_aui8MethodSizes[] = { 2, 2, 9, 2, 3, 2 }; // by the code, which counts
 
-bool IsCutMethod(const CRecord& oMethod)
-{
-    const unsigned int uiMethod = oMethod.GetByte(0);
-    return uiMethod < std::size(gsc_aui8MethodSizes) && oMethod.GetSize() < gsc_aui8MethodSizes[uiMethod];
-}
-
-SBreach CheckMethod(const CRecord& oMethod, unsigned int /*uiMethod*/)
-{
-    return IsCutMethod(oMethod) ? eZorEdidRule_DisplayIdMethodShort : eZorEdidRule_None;
-}
-
 bool HasUnknownParameters(const CRecord& oMethod)
 {
     return oMethod.GetByte(0) >= std::size(gsc_aui8MethodSizes) && !IsMethod<255>(oMethod);
@@ -338,7 +327,7 @@ bool HasUnknownParameters(const CRecord& oMethod)
 
 // The method code and its parameters, counted from the code.
 constexpr SRow gsc_aoMethodRows[] = {
-    { eId_DisplayidStereoMethodCode, Byte(0), "Stereo method code", Names(gsc_aoStereoMethods), nullptr, CheckMethod },
+    { eId_DisplayidStereoMethodCode, Byte(0), "Stereo method code", Names(gsc_aoStereoMethods) },
     { eId_DisplayidStereoPolarity, Bit(1, 0), "Stereo polarity", Flag(gsc_aoStereoPolarities), IsMethod<0> },
     { eId_DisplayidStereoLeftHalf, Bit(1, 0), "Left half", Flag(gsc_aoViews), IsMethod<1> },
     { eId_DisplayidStereoInterleavingPattern, Run(1, 8), "Interleaving pattern, 8 rows", Bytes(),
@@ -381,13 +370,27 @@ void MapCodeGroups(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOf
     }
 }
 
+// Of a method that is there.
+void NoteMethodLength(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLength)
+{
+    const CRecord oMethod = oWriter.GetRecord(uiOffset, uiLength);
+    const unsigned int uiMethod = oMethod.GetByte(0);
+    if (oMethod.GetSize() != 0 && uiMethod < std::size(gsc_aui8MethodSizes) &&
+        oMethod.GetSize() < gsc_aui8MethodSizes[uiMethod])
+    {
+        oWriter.AddNote(oWriter.FindLeaf(uiOffset, 0), eZorEdidRule_DisplayIdMethodShort,
+                        CountAtLeast("bytes", oMethod.GetSize(), gsc_aui8MethodSizes[uiMethod]));
+    }
+}
+
 void MapStereo(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
     const unsigned int uiLength = oBlock.GetByte(gsc_uiStereoLengthOffset);
+    const unsigned int uiRoom = std::max(oBlock.GetSize(), gsc_uiStereoMethodOffset) - gsc_uiStereoMethodOffset;
     oWriter.AddRecord(gsc_oMethod, uiOffset + gsc_uiStereoMethodOffset, uiLength);
-    if (gsc_uiStereoMethodOffset + uiLength > oBlock.GetSize())
+    NoteMethodLength(oWriter, uiOffset + gsc_uiStereoMethodOffset, std::min(uiLength, uiRoom));
+    if (uiLength > uiRoom)
     {
-        const unsigned int uiRoom = std::max(oBlock.GetSize(), gsc_uiStereoMethodOffset) - gsc_uiStereoMethodOffset;
         oWriter.AddNote(oWriter.FindLeaf(uiOffset + gsc_uiStereoLengthOffset, 0), eZorEdidRule_DisplayIdItemPast,
                         CountAtMost("bytes", uiLength, uiRoom));
     }

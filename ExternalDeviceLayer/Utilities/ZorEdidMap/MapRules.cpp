@@ -476,7 +476,10 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_CodeTwice, CMap::eSeverity_Warning, "cta.video.twice", "the same video code once more",
       "CTA-861-H, 7.5.1", "The places of 4:2:0 and 3D maps count each, so that tools which drop one shift the rest." },
     { eZorEdidRule_NativeMixed, CMap::eSeverity_Warning, "timing.native-mixed", "native formats of several sizes",
-      "CTA-861-H, 7.5.1", "A panel has one native size: sources that prefer a native format choose any of them." },
+      "CTA-861-H, 7.5.1",
+      "A panel of fixed pixels has one native size: a source that prefers native formats may choose another one, which "
+      "the "
+      "display scales." },
     { eZorEdidRule_HdmiCodeAlone, CMap::eSeverity_Warning, "hdmi.vic-alone",
       "an HDMI code without its counterpart of CTA-861", "HDMI 2.0, 10.1",
       "Sources of today look for the codes of CTA-861 and miss the mode." },
@@ -487,6 +490,10 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_ReferenceMissing, CMap::eSeverity_Warning, "cta.reference-missing",
       "prefers, or calls native, a mode that the image does not announce", "CTA-861-H, 7.5.12",
       "Sources skip it and choose another mode; a code that no list has is a note, as some take it all the same." },
+    { eZorEdidRule_RangeOneRate, CMap::eSeverity_Warning, "base.range-limits.one-rate",
+      "minimum and maximum leave one rate, and announced modes have others", "E-EDID 1.4, 3.10.3.3",
+      "Sources that apply the limits drop all modes but those of this rate; from 1.4 on listed modes may leave the "
+      "limits, and it is a note." },
 
     // ---- CTA-861 blocks among each other ----
     { eZorEdidRule_UnderscanContradicts, CMap::eSeverity_Warning, "cta.underscan",

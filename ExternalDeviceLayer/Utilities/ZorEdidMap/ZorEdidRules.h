@@ -205,6 +205,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_HdmiCodeAlone = 535,
     eZorEdidRule_CodeNativeAndNot = 536,
     eZorEdidRule_ReferenceMissing = 537,
+    eZorEdidRule_RangeOneRate = 538,
 
     // ---- CTA-861 blocks among each other ----
     eZorEdidRule_UnderscanContradicts = 560,

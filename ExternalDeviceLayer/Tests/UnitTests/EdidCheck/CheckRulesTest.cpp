@@ -85,9 +85,10 @@ CZorEdidMap::ESeverity FindSeverity(const CBytes& aui8Image, EZorEdidRule eRule)
     return i < oCheck.GetCount() ? oCheck.Get(i).m_eSeverity : CZorEdidMap::eSeverity_Error;
 }
 
-constexpr char gsc_szLimits[] = "00*3 FD 00 32 4B 1E 53 11 00 0A 20*6"; // 50 to 75 Hz, 30 to 83 kHz, to 170 MHz
-constexpr char gsc_szHdmi[] = "42 10 01 67 03 0C 00 10 00 00 21";       // to 165 MHz
-constexpr char gsc_szHdmiFast[] = "42 3F 01 67 03 0C 00 10 00 00 21";   // VIC 63 has 297 MHz
+constexpr char gsc_szLimits[] = "00*3 FD 00 32 4B 1E 53 11 00 0A 20*6";  // 50 to 75 Hz, 30 to 83 kHz, to 170 MHz
+constexpr char gsc_szOneRate[] = "00*3 FD 00 32 4B 43 43 11 00 0A 20*6"; // 67 kHz, which VIC 16 has
+constexpr char gsc_szHdmi[] = "42 10 01 67 03 0C 00 10 00 00 21";        // to 165 MHz
+constexpr char gsc_szHdmiFast[] = "42 3F 01 67 03 0C 00 10 00 00 21";    // VIC 63 has 297 MHz
 constexpr char gsc_szHdmiVic[] = "42 10 01 6B 03 0C 00 10 00 00 21 20 00 20 01";
 constexpr char gsc_szHdmiVicToo[] = "43 5F 10 01 6B 03 0C 00 10 00 00 78 20 00 20 01";
 constexpr char gsc_szUhd[] = "42 61 01 67 03 0C 00 10 00 00 78 67 D8 5D C4 01 78 00 60";     // FRL at 12 Gbit/s
@@ -107,6 +108,8 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         { eZorEdidRule_DescriptorZero, With(aui8Good, 0x48, "00*18"), With(aui8Good, 0x48, "00*3 10 00*14") },
         { eZorEdidRule_ModeBeyondLimits, With(With(MakeImage("42 20 01"), 0x48, gsc_szLimits), 0x4F, "1A"),
           With(With(MakeImage("42 1F 01"), 0x48, gsc_szLimits), 0x4F, "1A") }, // 24 and 50 Hz
+        { eZorEdidRule_RangeOneRate, With(MakeImage("42 10 01"), 0x48, gsc_szOneRate),
+          With(MakeImage("41 10"), 0x48, gsc_szOneRate) },
         { eZorEdidRule_ModeBeyondTmds, MakeImage(gsc_szHdmiFast), MakeImage(gsc_szHdmi) },
         { eZorEdidRule_VgaMissing, MakeImage("41 10"), With(MakeImage("41 10"), 0x23, "20") },
         { eZorEdidRule_CodeTwice, MakeImage("43 10 01 10"), MakeImage("43 10 01 1F E2 0E 10") },
@@ -170,6 +173,11 @@ TEST(CheckRules, NoFalseAlarms)
     EXPECT_EQ(1U, ListRules(MakeEdid({ MakeCta("41 01"), aui8Audio })).count(eZorEdidRule_CtaBasicAudio));
     EXPECT_EQ(0U, ListRules(MakeEdid({ MakeCta("41 01", 0x40), aui8Audio })).count(eZorEdidRule_CtaBasicAudio));
     EXPECT_EQ(CZorEdidMap::eSeverity_Note, FindSeverity(MakeEdid({ aui8Audio }), eZorEdidRule_CtaBasicAudio));
+    for (const char* pszAudio : { "23 09 07 07", "83 01 00 00", "E3 12 00 00", "E4 11 03 0C 00", "E3 14 00 00" })
+    {
+        EXPECT_EQ(1U, ListRules(MakeImage(pszAudio)).count(eZorEdidRule_CtaBasicAudio)) << pszAudio;
+        EXPECT_EQ(0U, ListRules(MakeImage(pszAudio, 0x40)).count(eZorEdidRule_CtaBasicAudio)) << pszAudio;
+    }
     // HDMI 1.4 had no other codes; makers round the clock down.
     const CBytes aui8HdmiVic = MakeImage("42 10 01 6B 03 0C 00 10 00 00 21 20 00 20 01 67 D8 5D C4 01 78 00 00");
     EXPECT_EQ(CZorEdidMap::eSeverity_Warning, FindSeverity(aui8HdmiVic, eZorEdidRule_HdmiCodeAlone));
@@ -209,6 +217,13 @@ TEST(CheckRules, NoFalseAlarms)
     // 1440 pixels are sent of 720: a native code and a native timing may be the same mode.
     const CBytes aui8Sent = With(MakeImage("42 88 01"), 0x36, "8F 0A A0 14 51 F0 16 00 26 7C 43 00 00*5 18");
     EXPECT_EQ(0U, ListRules(With(aui8Sent, 0x18, "0A")).count(eZorEdidRule_NativeMixed));
+    // 1080i beside 1080p is one size for each way of scanning, 480i and 1080i are two.
+    EXPECT_EQ(0U, ListRules(MakeImage("43 90 85 01")).count(eZorEdidRule_NativeMixed));
+    EXPECT_EQ(1U, ListRules(MakeImage("43 86 85 01")).count(eZorEdidRule_NativeMixed));
+    // What else is in a descriptor of no known kind follows from its tag.
+    const std::multiset<EZorEdidRule> oLost = ListRules(With(MakeImage("41 01"), 0x48, "00 00 FE 4C 50 31 0A"));
+    EXPECT_EQ(1U, oLost.count(eZorEdidRule_ReservedValue));
+    EXPECT_EQ(0U, oLost.count(eZorEdidRule_ReservedBits));
 }
 
 // In each way that the room may contradict the speaker location data block.
@@ -277,6 +292,23 @@ TEST(CheckRules, LimitsAreRoundedAndBreachesCounted)
         }
     }
 }
+
+// Limits of one rate or of none are at fault themselves, and once.
+TEST(CheckRules, LimitsWithoutARange)
+{
+    const CBytes aui8Many = With(With(MakeImage("45 20 21 22 3E 01"), 0x13, "03"), 0x36, gsc_szVgaTiming);
+    for (const auto& [pszLimits, eRule] :
+         { std::pair("00*3 FD 00 32 4B 43 43 11 00 0A 20*6", eZorEdidRule_RangeOneRate), // 67 to 67 kHz
+           std::pair("00*3 FD 00 32 4B 43 1E 11 00 0A 20*6", eZorEdidRule_RangeOrder),   // to 30 kHz
+           std::pair("00*3 FD 00 32 4B 43 00 11 00 0A 20*6", eZorEdidRule_RangeZero) })
+    {
+        const std::multiset<EZorEdidRule> oRules = ListRules(With(aui8Many, 0x48, pszLimits));
+        EXPECT_EQ(1U, oRules.count(eRule)) << pszLimits;
+        EXPECT_EQ(1U, oRules.count(eZorEdidRule_ModeBeyondLimits)) << pszLimits; // of the field rates
+        EXPECT_EQ(0U, oRules.count(eZorEdidRule_RangeLineRate)) << pszLimits;
+    }
+}
+
 // What a maker has to change, and to what, in the units of the field.
 TEST(CheckRules, NumbersAreFoundAndExpected)
 {
@@ -292,6 +324,16 @@ TEST(CheckRules, NumbersAreFoundAndExpected)
         { eZorEdidRule_Blanking, With(MakeImage("41 01"), 0x39, "20 70"), "32 pixels", "at least 132 pixels" },
         { eZorEdidRule_CtaVideoIndex, MakeImage("41 01 E2 0F 06"), "place 2", "at most 1 video code" },
         { eZorEdidRule_RangeOrder, With(MakeImage("41 01"), 0x48, pszRange), "40 Hz", "at least 50 Hz" },
+        { eZorEdidRule_RangeOneRate, With(MakeImage("42 10 01"), 0x48, gsc_szOneRate), "67 to 67 kHz", "31 to 68 kHz" },
+        { eZorEdidRule_FirstDescriptor, With(With(MakeImage("41 01"), 0x36, "00*3 10 00*14"), 0x18, "02"),
+          "pixel clock 0 MHz, tag 0x10", "" },
+        { eZorEdidRule_CtaLostTimings, With(MakeImage("41 01"), 0x90, gsc_szVgaTiming),
+          "640 x 480 @ 59.93 Hz at block 1 offset 0x10", "0x10 in byte 2" },
+        { eZorEdidRule_CtaLostTimings, With(With(MakeImage("41 01"), 0x86, gsc_szVgaTiming), 0x9A, gsc_szVgaTiming),
+          "640 x 480 @ 59.93 Hz at block 1 offset 0x1a", "the next timing at offset 0x18" },
+        { eZorEdidRule_CtaLastItem, MakeImage("41 01 C4 01 10 00 10"), "4 bytes", "3 or 5 bytes" },
+        { eZorEdidRule_DisplayIdMethodShort, MakeEdid({ MakeDisplayIdBlock(ParseBytes("10 00 02 01 02")) }), "1 byte",
+          "at least 9 bytes" },
         { eZorEdidRule_RangePixelClock, With(aui8Limits, 0x36, "04 74"),
           "pixel clock 297.00 MHz of 1920 x 1080 @ 120 Hz", "at most 170.00 MHz" },
         { eZorEdidRule_ReservedBits, With(MakeImage("41 01"), 0x08, "86"), "0x80 in bit 7", "" },

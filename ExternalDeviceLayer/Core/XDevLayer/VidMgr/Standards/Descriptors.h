@@ -196,8 +196,11 @@ constexpr bool IsRateBeyond(unsigned long long ullPart, unsigned long long ullWh
     return ullRoundedUp < uiLeast || (uiMost != 0 && ullRate > uiMost);
 }
 
-// Whether a timing is beyond limits: its clock, line and field rate. The largest value of the bytes means that or
-// more, as there is none above it.
+// Limits with a rate between them. Those of one rate or of none are at fault themselves where timings leave them.
+constexpr bool IsRange(unsigned int uiLeast, unsigned int uiMost) { return uiLeast < uiMost; }
+
+// Whether a timing is beyond limits: its clock, line and field rate, where these are a range. The largest value of the
+// bytes means that or more, as there is none above it.
 constexpr bool IsPixelClockBeyond(const SRangeLimits& oLimits, unsigned long long ullClockInKiloHz)
 {
     const unsigned int uiMost = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
@@ -213,13 +216,15 @@ constexpr bool IsLineRateBeyond(const SRangeLimits& oLimits, unsigned long long 
                                 unsigned int uiTotalWidth)
 {
     const unsigned int uiMost = oLimits.m_uiMaxHorizontalRateInKiloHz;
-    return IsRateBeyond(ullClockInKiloHz, uiTotalWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
+    return IsRange(oLimits.m_uiMinHorizontalRateInKiloHz, uiMost) &&
+           IsRateBeyond(ullClockInKiloHz, uiTotalWidth, oLimits.m_uiMinHorizontalRateInKiloHz,
                         uiMost == oLimits.m_uiHighestRate ? 0 : uiMost);
 }
 constexpr bool IsFieldRateBeyond(const SRangeLimits& oLimits, unsigned long long ullPart, unsigned long long ullWhole)
 {
     const unsigned int uiMost = oLimits.m_uiMaxVerticalRateInHz;
-    return IsRateBeyond(ullPart, ullWhole, oLimits.m_uiMinVerticalRateInHz,
+    return IsRange(oLimits.m_uiMinVerticalRateInHz, uiMost) &&
+           IsRateBeyond(ullPart, ullWhole, oLimits.m_uiMinVerticalRateInHz,
                         uiMost == oLimits.m_uiHighestRate ? 0 : uiMost);
 }
 

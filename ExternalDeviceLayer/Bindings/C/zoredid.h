@@ -1015,6 +1015,11 @@ typedef struct zoredid_repair zoredid_repair;
 ZOREDID_API zoredid_repair* zoredid_repair_create(void);
 /** Null is allowed. */
 ZOREDID_API void zoredid_repair_free(zoredid_repair* repair);
+/**
+ * Faults of this rule are left as they are by each read from now on. ZOREDID_ERROR_ARGUMENT for a number that is no
+ * rule's.
+ */
+ZOREDID_API zoredid_status zoredid_repair_leave_out(zoredid_repair* repair, uint32_t rule);
 /** Repairs a copy of size bytes, at least 1. What the image announces stays as it is. */
 ZOREDID_API zoredid_status zoredid_repair_read(zoredid_repair* repair, const void* data, size_t size);
 /** The repaired bytes, as many as were read, which are the repair's until it reads again. size may be null. */
@@ -1027,6 +1032,14 @@ ZOREDID_API uint32_t zoredid_repair_get_rule(const zoredid_repair* repair, size_
 ZOREDID_API size_t zoredid_repair_get_offset(const zoredid_repair* repair, size_t index);
 /** Bytes, at least 1. */
 ZOREDID_API size_t zoredid_repair_get_length(const zoredid_repair* repair, size_t index);
+/** How many faults look as if they had one right answer and were left, in the order of the bytes. */
+ZOREDID_API size_t zoredid_repair_get_withheld_count(const zoredid_repair* repair);
+/** The rule that they break. */
+ZOREDID_API uint32_t zoredid_repair_get_withheld_rule(const zoredid_repair* repair, size_t index);
+/** In the image. */
+ZOREDID_API size_t zoredid_repair_get_withheld_offset(const zoredid_repair* repair, size_t index);
+/** Why it has no right answer here: words to follow a colon. Static; null of an index that is too high. */
+ZOREDID_API const char* zoredid_repair_get_withheld_reason(const zoredid_repair* repair, size_t index);
 
 /* ---- Writer: fields that are set ---- */
 

@@ -50,6 +50,8 @@ struct SWork
     CMArray<SZorRepair, const SZorRepair&>& m_aoRepairs;
     CMArray<SZorWithheld, const SZorWithheld&>& m_aoWithheld;
     const CMArray<EZorEdidRule, EZorEdidRule>& m_aeLeftOut;
+    static constexpr unsigned int msc_uiKept = 2; // blocks that may have the number of blocks
+    unsigned char m_aui8Lacks[msc_uiKept] = {};   // what bytes of these that are left wrong lack of a sum of 0
 
     bool IsLeftOut(EZorEdidRule eRule) const
     {
@@ -191,9 +193,12 @@ private:
         {
             return;
         }
+        const unsigned int uiBlock = uiFirst / gsc_uiBlockSize;
+        const unsigned char ui8Lack = uiBlock < SWork::msc_uiKept ? m_oWork.m_aui8Lacks[uiBlock] : 0;
         const unsigned char ui8Before = m_aui8Data[uiOffset];
         CEdidUtils::StoreChecksum(uiSize, m_aui8Data.GetData() + uiFirst);
-        if (m_aui8Data[uiOffset] != ui8Before && bWrong)
+        m_aui8Data[uiOffset] = static_cast<unsigned char>(m_aui8Data[uiOffset] - ui8Lack);
+        if (m_aui8Data[uiOffset] != ui8Before && bWrong && ui8Lack == 0)
         {
             m_oWork.m_aoRepairs.Add({ eZorEdidRule_Checksum, uiOffset, 1 });
         }
@@ -288,6 +293,44 @@ void RepairCount(const SWork& oWork)
     CRepairs oRepairs(oWork);
     oRepairs.RepairBlockCount();
     oRepairs.RepairChecksums(false);
+}
+
+// What the bytes of a block lack of the right header and the right number of blocks, modulo 256.
+unsigned char FindLack(const SWork& oWork, unsigned int uiBlock)
+{
+    const unsigned char* pui8Data = oWork.m_aui8Data.GetData();
+    const unsigned int uiSize = oWork.m_aui8Data.GetCount();
+    const unsigned int uiBlocks = uiSize / gsc_uiBlockSize;
+    const unsigned int uiPlace = FindExtensionCount(pui8Data, uiSize);
+    unsigned int uiLack = 0;
+    for (unsigned int i = 0; uiBlock == 0 && i < sizeof(EDID_V1_HEADER); ++i)
+    {
+        uiLack += 0U + EDID_V1_HEADER[i] - pui8Data[i];
+    }
+    if (uiPlace / gsc_uiBlockSize == uiBlock && uiSize % gsc_uiBlockSize == 0 && uiBlocks <= gsc_uiMostBlocks)
+    {
+        uiLack += uiBlocks - 1 - pui8Data[uiPlace];
+    }
+    return static_cast<unsigned char>(uiLack);
+}
+
+// Where the checksum of a block is right but for a header or a number of blocks that is left wrong, a new one would
+// hide that: it stays what it would be with the right bytes.
+void KeepChecksums(SWork& oWork)
+{
+    for (unsigned int i = 0; i < SWork::msc_uiKept && (i + 1) * gsc_uiBlockSize <= oWork.m_aui8Data.GetCount(); ++i)
+    {
+        const unsigned char ui8Lack = FindLack(oWork, i);
+        CMArray<unsigned char, const unsigned char&>& aui8Data = oWork.m_aui8Data;
+        const auto ui8Missing = static_cast<unsigned char>(
+            CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, aui8Data.GetData() + i * gsc_uiBlockSize));
+        if (ui8Lack != 0 && ui8Missing == ui8Lack)
+        {
+            oWork.m_aui8Lacks[i] = ui8Lack;
+            oWork.Withhold(eZorEdidRule_Checksum, i * gsc_uiBlockSize + gsc_uiChecksumOffset,
+                           "a new one would hide that the header or the number of blocks is left wrong");
+        }
+    }
 }
 
 void RepairRest(const SWork& oWork, ERepairs eMost)
@@ -408,10 +451,11 @@ int CZorEdidRepair::Read(unsigned int uiSize, const unsigned char* pui8Data)
     {
         return 0;
     }
-    const SWork oWork = { m_aui8Data, m_aoRepairs, m_aoWithheld, m_aeLeftOut };
+    SWork oWork = { m_aui8Data, m_aoRepairs, m_aoWithheld, m_aeLeftOut };
     if (RepairHeader(oWork))
     {
         RepairCount(oWork);
+        KeepChecksums(oWork);
         RepairWithoutHarm(oWork);
     }
     SortByOffset(m_aoRepairs);

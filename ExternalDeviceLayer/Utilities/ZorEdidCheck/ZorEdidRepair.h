@@ -41,8 +41,10 @@ public:
     ///     where fewer follow than are counted, it stays: an image that was cut has its right count
     ///   - the number of further DisplayID sections in the first one
     ///   - padding, line feeds and blanks that end texts, unused standard timings
-    /// A checksum is right again after any of these. Returns 1; 0 when uiSize is 0 or above INT_MAX, or pui8Data is
-    /// null, and then there are no bytes. When memory runs out, the result means nothing until the next Read.
+    /// A checksum is right again after any of these, but for one that shows that the header or the number of blocks is
+    /// left wrong: it stays what it would be with the right bytes. Returns 1; 0 when uiSize is 0 or above INT_MAX, or
+    /// pui8Data is null, and then there are no bytes. When memory runs out, the result means nothing until the next
+    /// Read.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
     /// Faults of this rule are left as they are by each Read from now on.

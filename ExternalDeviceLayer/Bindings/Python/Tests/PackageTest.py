@@ -115,7 +115,14 @@ def test_edits_and_repairs():
     assert edit.image.check(2026) == [] and IMAGE.facts.identity.name == "ASUS VE276"
     broken = bytearray(edit.bytes)
     broken[127] ^= 1
-    assert zoredid.load(broken).repair() == (edit.image, [zoredid.Place("checksum", 127, 1)])
+    assert zoredid.load(broken).repair() == (edit.image, [zoredid.Place("checksum", 127, 1)], [])
+    broken[:4] = b"1234"
+    repair = zoredid.load(broken).repair()
+    assert repair.places == [] and repair.withheld[0][:2] == ("base.header", 0)
+    assert "more than two" in repair.withheld[0].reason
+    assert zoredid.load(broken).repair(leave_out=["base.header", "checksum"]) == (zoredid.load(broken), [], [])
+    with pytest.raises(zoredid.Error):
+        zoredid.load(broken).repair(leave_out=["no.rule"])
 
 
 def test_images_are_made_of_wishes():

@@ -7,7 +7,7 @@ from dataclasses import dataclass
 from functools import cached_property
 from html import escape
 from types import TracebackType
-from typing import Any, Iterator, NamedTuple, Union, overload
+from typing import Any, Iterable, Iterator, NamedTuple, Union, overload
 
 from ._codes import IDS, Codes, Error, NoFieldError, own, require, to_text
 from ._facts import Facts, Mode, read_facts, read_modes
@@ -227,6 +227,22 @@ class Place(NamedTuple):
     length: int
 
 
+class Withheld(NamedTuple):
+    """A fault that looks as if it had one right answer and was left: its rule, where it is, and why."""
+
+    rule: str
+    offset: int
+    reason: str
+
+
+class Repair(NamedTuple):
+    """A repaired image, the places that changed in it, and what was left."""
+
+    image: Image
+    places: list[Place]
+    withheld: list[Withheld]
+
+
 def _rule_text(get: Any, rule: int) -> str:
     return to_text(get(rule)) or ""
 
@@ -283,15 +299,24 @@ class Image:
         """What is wrong, the worst first. No year of manufacture may exceed this_year; 0 asks the clock."""
         return list(_list_findings(self.fields._map, this_year))
 
-    def repair(self) -> tuple[Image, list[Place]]:
-        """An image where all is right that has one right answer, such as checksums, and the places that changed."""
+    def repair(self, leave_out: Iterable[str] = ()) -> Repair:
+        """An image where all is right that has one right answer, such as checksums.
+
+        leave_out: ids of rules whose faults stay as they are.
+        """
         repair, size = own(lib.zoredid_repair_create(), lib.zoredid_repair_free), ffi.new("size_t *")
+        for rule in leave_out:
+            require(lib.zoredid_repair_leave_out(repair, lib.zoredid_rule_find(rule.encode())))
         require(lib.zoredid_repair_read(repair, self.bytes, len(self.bytes)))
         data = lib.zoredid_repair_get_data(repair, size)
         places = [Place(_rule_text(lib.zoredid_rule_get_id, lib.zoredid_repair_get_rule(repair, index)),
                         lib.zoredid_repair_get_offset(repair, index), lib.zoredid_repair_get_length(repair, index))
                   for index in range(lib.zoredid_repair_get_count(repair))]
-        return Image(copy_bytes(data, size[0])), places
+        withheld = [Withheld(_rule_text(lib.zoredid_rule_get_id, lib.zoredid_repair_get_withheld_rule(repair, index)),
+                             lib.zoredid_repair_get_withheld_offset(repair, index),
+                             to_text(lib.zoredid_repair_get_withheld_reason(repair, index)) or "")
+                    for index in range(lib.zoredid_repair_get_withheld_count(repair))]
+        return Repair(Image(copy_bytes(data, size[0])), places, withheld)
 
     def edit(self) -> Editor:
         """An edit of a copy, for a with statement."""

@@ -244,6 +244,21 @@ TEST(InterfaceForC, FaultsAreFoundAndRepaired)
     ASSERT_LE(1U, zoredid_repair_get_count(poRepair.get()));
     const unsigned char* const pui8Data = zoredid_repair_get_data(poRepair.get(), nullptr);
     EXPECT_EQ(FixChecksums(CBytes(pui8Data, pui8Data + 128)), CBytes(pui8Data, pui8Data + 128));
+
+    EXPECT_EQ(ZOREDID_ERROR_ARGUMENT, zoredid_repair_leave_out(poRepair.get(), 0));
+    EXPECT_EQ(ZOREDID_ERROR_ARGUMENT, zoredid_repair_leave_out(nullptr, zoredid_rule_find("checksum")));
+    const CBytes aui8Cut = WithChange(aui8Image, 126, 9);
+    for (const bool bLeave : { false, true })
+    {
+        EXPECT_EQ(ZOREDID_OK,
+                  bLeave ? zoredid_repair_leave_out(poRepair.get(), zoredid_rule_find("block.missing")) : ZOREDID_OK);
+        ASSERT_EQ(ZOREDID_OK, zoredid_repair_read(poRepair.get(), aui8Cut.data(), aui8Cut.size()));
+        ASSERT_EQ(bLeave ? 0U : 1U, zoredid_repair_get_withheld_count(poRepair.get()));
+        EXPECT_EQ(bLeave ? 0U : 126U, zoredid_repair_get_withheld_offset(poRepair.get(), 0));
+        EXPECT_EQ(bLeave ? 0U : zoredid_rule_find("block.missing"),
+                  zoredid_repair_get_withheld_rule(poRepair.get(), 0));
+        EXPECT_EQ(bLeave, zoredid_repair_get_withheld_reason(poRepair.get(), 0) == nullptr);
+    }
 }
 
 // Each wish reaches its own place; what cannot be is refused, or is no wish.

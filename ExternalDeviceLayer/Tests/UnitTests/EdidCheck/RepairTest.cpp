@@ -159,6 +159,24 @@ TEST(Repair, WhatIsLeft)
     EXPECT_EQ(0U, oLeaving.GetCount() + oLeaving.GetWithheldCount());
     const CBytes aui8Padding = FixChecksums(WithChange(MakeGood(), 0xA0, 0xFF));
     EXPECT_EQ(MakeGood(), fnRead(oLeaving, aui8Padding));
+
+    // A checksum that shows what is left wrong goes on to show it, whatever else is made right in the block.
+    const CBytes aui8Whole = MakeGood();
+    for (const auto& [eRule, uiPlace] :
+         { std::pair(eZorEdidRule_BlockNotCounted, 126U), std::pair(eZorEdidRule_BlocksMissing, 126U),
+           std::pair(eZorEdidRule_BaseHeader, 6U) })
+    {
+        SCOPED_TRACE(FindZorEdidRule(eRule)->m_pszId);
+        CZorEdidRepair oSparing;
+        oSparing.LeaveOut(eRule);
+        const CBytes aui8Wrong = WithChange(aui8Whole, uiPlace, eRule == eZorEdidRule_BlockNotCounted ? 0 : 9);
+        EXPECT_EQ(aui8Wrong, fnRead(oSparing, aui8Wrong));
+        EXPECT_EQ(std::vector{ eZorEdidRule_Checksum }, ListWithheld(oSparing));
+        CBytes aui8Text = WithChange(aui8Wrong, 0x52, 0);
+        aui8Text[127] = static_cast<unsigned char>(aui8Text[127] + ' ');
+        EXPECT_EQ(aui8Wrong, fnRead(oSparing, aui8Text));
+        EXPECT_EQ(std::vector{ eZorEdidRule_Checksum }, ListWithheld(oSparing));
+    }
 }
 
 TEST(Repair, RefusesNothingAndNoBytes)

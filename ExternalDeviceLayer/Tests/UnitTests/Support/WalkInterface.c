@@ -353,6 +353,14 @@ static void walk_repair(const zoredid_repair* repair)
         require((zoredid_repair_get_length(repair, i) != 0) == (i < count), "a repair has bytes");
         require(zoredid_repair_get_offset(repair, i) + zoredid_repair_get_length(repair, i) <= size, "in the image");
     }
+    for (i = 0; i <= zoredid_repair_get_withheld_count(repair); ++i)
+    {
+        const int is_one = i < zoredid_repair_get_withheld_count(repair);
+        require((zoredid_rule_get_what(zoredid_repair_get_withheld_rule(repair, i)) != NULL) == is_one, "by a rule");
+        require((zoredid_repair_get_withheld_reason(repair, i) != NULL) == is_one, "with a reason");
+        require(!is_one || zoredid_repair_get_withheld_offset(repair, i) < size, "in the image");
+    }
+    require(zoredid_repair_leave_out(NULL, 1) == ZOREDID_ERROR_ARGUMENT, "no repair");
 }
 
 static void walk_answer(const zoredid_writer* writer)

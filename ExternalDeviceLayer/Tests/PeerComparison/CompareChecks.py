@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Sets the failures of `edid-decode --check` and the findings of `zoredid check` side by side, by kind.
 
-    compare-checks [--zoredid PROGRAM] [--peer PROGRAM] [--kinds FILE] [--selftest] FOLDER...
+    compare-checks [--zoredid PROGRAM] [--peer PROGRAM] [--kinds FILE] [--damaged N] [--selftest] FOLDER...
 
 A kind is a line of FILE, with tabs between: an expression for what is found, a side, and further columns. edid-decode's
 failures read "Block's name: failure", and ours "rule.id@field". The first kind that fits counts. The sides are
@@ -24,7 +24,7 @@ import re
 import sys
 import tempfile
 
-from CompareFacts import folders_of, image_paths, make_parser, peer_text, run
+from CompareFacts import image_paths, make_parser, peer_text, run
 
 KINDS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "ChecksKinds.tsv")
 WEIGHTY = ("error", "warning")
@@ -85,7 +85,7 @@ def findings(program, path):
 def read(options):
     with tempfile.TemporaryDirectory() as folder:
         return [Image(os.path.basename(path), failures(peer_text(options.peer, "--check", path)),
-                      findings(options.zoredid, path)) for path in image_paths(folders_of(options), folder)]
+                      findings(options.zoredid, path)) for path in image_paths(options, folder)]
 
 
 def find(kinds, text, *sides):
@@ -160,6 +160,7 @@ def main():
     options = parser.parse_args()
     kinds, images = read_kinds(options.kinds), read(options)
     counts, unknown, failed = collections.Counter(), collections.Counter(), not images
+    silent = 0  # images with a failure that has neither our finding nor a reason
     for image in images:
         verdict = judge(image, kinds)
         said = {(kind, *(any(pair[side] for pair in verdict.pairs if pair[0] is kind) for side in (1, 2)))
@@ -169,13 +170,17 @@ def main():
         for line in verdict.wrong:
             print(f"{image.name}: {line}")
         failed = failed or bool(verdict.wrong)
+        silent += any(not line.startswith("no kind: ") for line in verdict.wrong)
     print("   both  theirs    ours  images where it is said, by kind")
     for kind in kinds:
         numbers = [counts[kind, *sides] for sides in ((True, True), (True, False), (False, True))]
         print("".join(f"{number:7} " for number in numbers), f"{kind.side}: {kind.pattern.pattern}: {kind.reason}")
     for line, number in unknown.most_common():
         print(f"{number:7} unknown line: {line}")
-    print(f"{len(images)} images, {sum(bool(image.failures) for image in images)} that edid-decode fails; "
+    failing = [image for image in images if image.failures]
+    weighty = sum(any(finding.is_weighty for finding in image.findings) for image in failing)
+    print(f"{len(images)} images, {len(failing)} that edid-decode fails: {weighty} with an error or a warning here, "
+          f"{silent} with a failure that has neither a finding here nor a reason; "
           f"{sum(unknown.values())} unknown lines")
     if options.selftest:
         parts = list(selftest(images, kinds))

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Compares what this library says of images with what edid-decode says.
 
-    compare-with-edid-decode [--zoredid PROGRAM] [--peer PROGRAM] [--selftest] [--unknown] FOLDER...
+    compare-with-edid-decode [--zoredid PROGRAM] [--peer PROGRAM] [--damaged N] [--selftest] [--unknown]
+                             FOLDER...
 
 Takes every .bin of the folders. Differences that Excuses.py knows are counted by name; any other is printed, and the
 exit status is 1. --selftest falsifies each field of the JSON in turn and expects a difference, also in the images of
@@ -19,6 +20,7 @@ import subprocess
 import sys
 import tempfile
 
+import Damaged
 import Excuses
 import PeerFacts
 from PeerFacts import Item, library_items, library_peers, plain
@@ -192,16 +194,23 @@ def read_images(names):
                 yield image + ".bin", bytes.fromhex(text)
 
 
-def image_paths(names, folder):
-    """The images as files in a folder. A file with several EDIDs becomes one for each, as zoredid reads it."""
+def single_images(names):
+    """(name, bytes) of the images. A file with several EDIDs becomes one for each, as zoredid reads it."""
     for name, image in read_images(names):
         begins = [0] + [i for i in range(PeerFacts.BLOCK_SIZE, len(image), PeerFacts.BLOCK_SIZE)
                         if image.startswith(Excuses.BASE_HEADER, i)]
         for begin, end in zip(begins, begins[1:] + [len(image)]):
-            path = os.path.join(folder, name if begin == 0 else f"{begin // PeerFacts.BLOCK_SIZE}-{name}")
-            with open(path, "wb") as file:
-                file.write(image[begin:end])
-            yield path
+            yield name if begin == 0 else f"{begin // PeerFacts.BLOCK_SIZE}-{name}", image[begin:end]
+
+
+def image_paths(options, folder):
+    """What the options name, or damaged copies of it, as files in a folder."""
+    images = single_images(folders_of(options))
+    for name, image in Damaged.damaged(images, options.damaged) if options.damaged else images:
+        path = os.path.join(folder, name)
+        with open(path, "wb") as file:
+            file.write(image)
+        yield path
 
 
 def describe(difference):
@@ -274,6 +283,7 @@ def make_parser(text):
     parser = argparse.ArgumentParser(description=text.partition("\n")[0])
     parser.add_argument("--zoredid", default=default_command(), help="the built command")
     parser.add_argument("--peer", default="edid-decode", help="the edid-decode to compare with")
+    parser.add_argument("--damaged", type=int, metavar="N", help="take N damaged copies of the images, always the same")
     parser.add_argument("--selftest", action="store_true", help="make what is compared wrong, and expect a difference")
     parser.add_argument("folders", nargs="*", metavar="FOLDER", help="a folder of .bin images, or a file of images")
     return parser
@@ -290,7 +300,7 @@ def main():
     options = parser.parse_args()
     counts, unread, right, images = collections.Counter(), collections.Counter(), {}, []
     with tempfile.TemporaryDirectory() as folder:
-        read = [Image(path, options) for path in image_paths(folders_of(options), folder)]
+        read = [Image(path, options) for path in image_paths(options, folder)]
     counts["images"] = len(read)
     for image in read:
         if image.map is None or image.facts is None or not image.is_read:

@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-#include "Standards/Modes.h"
-#include "ZorEdidModes.h"
+#include "TableTimings.h"
 
 namespace ZorWrite
 {
@@ -56,18 +55,12 @@ bool WriteType1(const SZorMode& oTiming, bool bPreferred, CType1Bytes& aui8Bytes
 
 unsigned int FindVideoCodeOf(const SZorMode& oTiming)
 {
-    for (const SVideoCode& oCode : gsc_aoVideoCodes)
-    {
-        SZorMode oMode = {};
-        SZorMode oPartner = {};
-        MakeVideoMode(oMode, oCode.m_ui8Code);
-        if (IsSameTiming(oMode, oTiming) ||
-            (CZorEdidModes::GetPartner(oMode, oPartner) && IsSameTiming(oPartner, oTiming)))
-        {
-            return oCode.m_ui8Code;
-        }
-    }
-    return 0;
+    unsigned int uiCode = 0;
+    const bool bFound = FindInCodes([&](const SZorMode& oMode) {
+        uiCode = oMode.m_uiCode;
+        return IsSameTiming(oMode, oTiming);
+    });
+    return bFound ? uiCode : 0;
 }
 
 bool FindEstablishedBit(const SZorMode& oTiming, unsigned int& uiBit)

@@ -2,67 +2,51 @@
 
 #include "ZorWishedTiming.h"
 
-#include <algorithm>
-#include <iterator>
-
-#include "ModePlaces.h"
 #include "Standards/Formulas.h"
-#include "Standards/Modes.h"
-#include "ZorEdidModes.h"
+#include "TableTimings.h"
 
 namespace
 {
 using namespace ZorStandards;
-using ZorWrite::IsSameRate;
 
 bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
 {
-    const bool bSize = oMode.m_uiWidth == oWanted.m_uiWidth && oMode.m_uiHeight == oWanted.m_uiHeight &&
-                       oMode.m_bInterlaced == oWanted.m_bInterlaced;
-    return bSize && (IsSameRate(oMode.m_oNominalRate, oWanted.m_oNominalRate) ||
-                     IsSameRate(oMode.m_oRate, oWanted.m_oNominalRate));
+    return oMode.m_uiWidth == oWanted.m_uiWidth && oMode.m_uiHeight == oWanted.m_uiHeight &&
+           oMode.m_bInterlaced == oWanted.m_bInterlaced && ZorWrite::IsWantedRate(oMode, oWanted);
 }
 
 bool FindCode(const SZorMode& oWanted, bool bRepeated, SZorMode& oTiming)
 {
-    for (const SVideoCode& oCode : gsc_aoVideoCodes)
-    {
-        SZorMode oMode = {};
-        MakeVideoMode(oMode, oCode.m_ui8Code);
-        if (oMode.m_uiRepetition > 1 && !bRepeated)
-        {
-            continue;
-        }
-        SZorMode oPartner = {};
-        const bool bPartner = CZorEdidModes::GetPartner(oMode, oPartner);
-        // The rate of the clock comes first: 60 Hz of 640 x 480 is that of its partner, in name alone.
-        if (IsWanted(oMode, oWanted))
-        {
-            oTiming = oMode;
-            return true;
-        }
-        if (bPartner && IsWanted(oPartner, oWanted))
-        {
-            oTiming = oPartner;
-            return true;
-        }
-    }
-    return false;
+    return ZorWrite::FindInCodes([&](const SZorMode& oMode) {
+        const bool bIs = (oMode.m_uiRepetition <= 1 || bRepeated) && IsWanted(oMode, oWanted);
+        oTiming = bIs ? oMode : oTiming;
+        return bIs;
+    });
 }
 
 bool FindDmt(const SZorMode& oWanted, bool bReduced, SZorMode& oTiming)
 {
-    for (unsigned int uiId = 1; uiId <= gsc_uiDmtModes; ++uiId)
+    return ZorWrite::FindInDmt(bReduced, [&](const SZorMode& oMode) {
+        const bool bIs = IsWanted(oMode, oWanted);
+        oTiming = bIs ? oMode : oTiming;
+        return bIs;
+    });
+}
+
+// Version 2 has a form for rates of 1000/1001: that fraction of the clock, with the lines of the whole rate.
+bool ComputeReduced2(SZorMode& oMode)
+{
+    const SZorMode::SRate oAsked = oMode.m_oNominalRate;
+    SReducedBlanking oReduced;
+    oReduced.m_bVideo = oAsked.m_ullDivisor % 1001 == 0 && oAsked.m_ullDividend % 1000 == 0 &&
+                        oAsked.m_ullDividend / 1000 % (oAsked.m_ullDivisor / 1001) == 0;
+    if (oReduced.m_bVideo)
     {
-        SZorMode oMode = {};
-        MakeDmtMode(oMode, uiId);
-        if (IsWanted(oMode, oWanted) && bReduced == (oMode.m_eBlanking != SZorMode::eBlanking_Standard))
-        {
-            oTiming = oMode;
-            return true;
-        }
+        oMode.m_oNominalRate = { oAsked.m_ullDividend / 1000, oAsked.m_ullDivisor / 1001 };
     }
-    return false;
+    const bool bComputed = !oMode.m_bInterlaced && ComputeCvt(oMode, oReduced);
+    oMode.m_oNominalRate = oAsked;
+    return bComputed;
 }
 
 bool Compute(const SZorMode& oWanted, SZorMode::EBlanking eBlanking, SZorMode& oTiming)
@@ -75,8 +59,10 @@ bool Compute(const SZorMode& oWanted, SZorMode::EBlanking eBlanking, SZorMode& o
     oMode.m_oNominalRate = oWanted.m_oNominalRate;
     oMode.m_uiRepetition = 1;
     oMode.m_eBlanking = eBlanking;
-    const bool bGtf = eBlanking == SZorMode::eBlanking_NotGiven;
-    if (!(bGtf ? ComputeGtf(oMode) : ComputeCvt(oMode)))
+    const bool bComputed = eBlanking == SZorMode::eBlanking_NotGiven   ? ComputeGtf(oMode)
+                           : eBlanking == SZorMode::eBlanking_Reduced2 ? ComputeReduced2(oMode)
+                                                                       : ComputeCvt(oMode);
+    if (!bComputed)
     {
         return false;
     }

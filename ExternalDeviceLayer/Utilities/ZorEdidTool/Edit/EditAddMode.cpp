@@ -156,14 +156,29 @@ std::string AddMode(CFieldEdits& oFields, const SAddedMode& oAdded)
 
 // ---- Values ----
 
-// Without a type the first of these that has the mode: tables, then the formula that digital displays use.
-constexpr const char* gsc_apszSources[] = { "cea", "dmt", "dmt-rb", "cvt-rb" };
+// By a type of ListTimingTypes, or by what is usual for new modes. Types that new images know, too, have all pixels
+// here as there: the lists of timings round widths to cells.
+bool FindTiming(const SZorMode& oWanted, const std::string& sType, SZorMode& oTiming)
+{
+    const auto* poSource =
+        std::ranges::find(gsc_aoTimingSources, sType == "cea" ? "cta" : sType, &STimingSourceName::m_pszName);
+    if (sType.empty() || poSource != std::end(gsc_aoTimingSources))
+    {
+        const EZorTimingSource eSource = sType.empty() ? eZorTimingSource_Any : poSource->m_eSource;
+        return FindZorTiming(oWanted, eSource, true, oTiming) != 0;
+    }
+    const CExactTimings aoTimings = FindTimings(oWanted, sType);
+    const auto itTiming =
+        std::ranges::find_if(aoTimings, [](const SExactTiming& oFound) { return oFound.m_oMode.m_bTiming; });
+    oTiming = itTiming != aoTimings.end() ? itTiming->m_oMode : oTiming;
+    return itTiming != aoTimings.end();
+}
 
 // "2560x1440@144[,TYPE][,preferred][,displayid]"
 std::string ParseAddedMode(const CTexts& asFields, SAddedMode& oAdded)
 {
     const CTexts asTypes = ListTimingTypes();
-    CTexts asAsked(std::begin(gsc_apszSources), std::end(gsc_apszSources));
+    std::string sAsked;
     SZorMode oWanted = {};
     if (!ParseExactMode(asFields[0], oWanted))
     {
@@ -182,7 +197,7 @@ std::string ParseAddedMode(const CTexts& asFields, SAddedMode& oAdded)
         else if (const std::string sType = asFields[i] == "cta" ? "cea" : asFields[i];
                  std::ranges::find(asTypes, sType) != asTypes.end())
         {
-            asAsked = { sType };
+            sAsked = sType;
         }
         else
         {
@@ -192,18 +207,11 @@ std::string ParseAddedMode(const CTexts& asFields, SAddedMode& oAdded)
                    NameKnownWords(asFields[i], asWords, "preferred, displayid, or one of " + JoinTexts(asTypes));
         }
     }
-    for (const std::string& sType : asAsked)
+    if (!FindTiming(oWanted, sAsked, oAdded.m_oMode))
     {
-        const CExactTimings aoTimings = FindTimings(oWanted, sType);
-        const auto itTiming =
-            std::ranges::find_if(aoTimings, [](const SExactTiming& oTiming) { return oTiming.m_oMode.m_bTiming; });
-        if (itTiming != aoTimings.end())
-        {
-            oAdded.m_oMode = itTiming->m_oMode;
-            return "";
-        }
+        return (sAsked.empty() ? "no table and no formula" : sAsked) + " has no timing for " + asFields[0];
     }
-    return "no table and no formula among " + JoinTexts(asAsked) + " has the mode " + asFields[0];
+    return "";
 }
 
 // Active, sync start, sync end, total.

@@ -192,8 +192,9 @@ std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
 
 // ---- Modes ----
 
-// Without a type, the first of these that knows the mode: what televisions and monitors use, else computed.
-constexpr const char* gsc_apszDefaultSources[] = { "cea", "dmt", "dmt-rb", "cvt-rb" };
+// Without a type, the first of these that knows the mode: what televisions and monitors use, else computed. In the
+// order of FindZorTiming, so that a new mode has the same timing whichever option adds it.
+constexpr const char* gsc_apszDefaultSources[] = { "cea", "dmt-rb", "dmt", "cvt-rb" };
 
 const STimingSource* FindSource(const std::string& sName)
 {
@@ -294,8 +295,8 @@ constexpr SEditOption gsc_aoOptions[] = {
     { eEdit_RemoveDetailed, "--remove-detailed", "I", "Remove a detailed timing" },
     { eEdit_RemoveEstablished, "--remove-established", "I", "Remove an established timing" },
     { eEdit_Preferred, "--preferred", "WxH@R[,TYPE]",
-      "Replace the preferred timing, by the image's own timing of this mode, without one by the first of cea, dmt, "
-      "dmt-rb and cvt-rb that has it; with TYPE by that of cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte" },
+      "Replace the preferred timing, by the image's own timing of this mode, without one by the first of cea, "
+      "dmt-rb, dmt and cvt-rb that has it; with TYPE by that of cea, dmt, dmt-rb, cvt-rb, cvt, gtf or smpte" },
     { eEdit_ColorDepth, "--color-depth", "BITS",
       "Set the bits per colour of a digital input: 6, 8, 10, 12, 14, 16 or undefined" },
     { eEdit_DeepColor, "--deep-color", "LIST",

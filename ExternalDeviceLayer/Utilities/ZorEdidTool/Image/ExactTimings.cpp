@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <numeric>
@@ -15,6 +16,7 @@
 #include "ModeSources.h"
 #include "Standards/Formulas.h"
 #include "Standards/Modes.h"
+#include "TableTimings.h"
 #include "TextFormat.h"
 #include "Timings.h"
 #include "ZorEdidModes.h"
@@ -105,25 +107,15 @@ bool TakeRate(const char*& pszNext, const char* pszEnd, SZorMode::SRate& oRate)
 
 // ---- Rates ----
 
-bool IsSameRate(const SZorMode::SRate& oFirst, const SZorMode::SRate& oSecond)
-{
-    constexpr double dNear = 0.005; // as two decimals tell
-    const double dDifference = GetHz(oFirst) - GetHz(oSecond);
-    return dDifference < dNear && dDifference > -dNear;
-}
-
 bool IsWantedPicture(const SZorMode& oMode, const SZorMode& oWanted)
 {
     const bool bSize = oMode.m_oHorizontal.m_uiActive == oWanted.m_uiWidth || oMode.m_uiWidth == oWanted.m_uiWidth;
     return bSize && oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced;
 }
 
-// Whole rates mean the nominal one alone: 60 Hz of 640 x 480 at 59.94.
 bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
 {
-    const bool bRate =
-        IsSameRate(oMode.m_oNominalRate, oWanted.m_oNominalRate) || IsSameRate(oMode.m_oRate, oWanted.m_oNominalRate);
-    return bRate && IsWantedPicture(oMode, oWanted);
+    return IsWantedPicture(oMode, oWanted) && ZorWrite::IsWantedRate(oMode, oWanted);
 }
 
 std::string Trim(std::string sText, size_t uiDecimals)
@@ -179,43 +171,40 @@ CExactTimings ListRates(const char* pszType, const SZorMode& oMode)
     return aoTimings;
 }
 
-void AddWanted(const CExactTimings& aoFound, const SZorMode& oWanted, CExactTimings& aoTimings)
+// Gathers what a table offers, each timing once.
+class CWantedTimings
 {
-    for (const SExactTiming& oFound : aoFound)
+public:
+    CWantedTimings(const char* pszType, const SZorMode& oWanted) : m_pszType(pszType), m_oWanted(oWanted) {}
+
+    bool operator()(const SZorMode& oMode)
     {
-        const auto fnIsSame = [&](const SExactTiming& oOther) { return IsSameTiming(oOther.m_oMode, oFound.m_oMode); };
-        if (IsWanted(oFound.m_oMode, oWanted) && std::none_of(aoTimings.begin(), aoTimings.end(), fnIsSame))
+        const auto fnIsSame = [&](const SExactTiming& oOther) { return IsSameTiming(oOther.m_oMode, oMode); };
+        if (IsWanted(oMode, m_oWanted) && std::ranges::none_of(m_aoTimings, fnIsSame))
         {
-            aoTimings.push_back(oFound);
+            m_aoTimings.push_back({ m_pszType, oMode });
         }
+        return false;
     }
-}
+    CExactTimings m_aoTimings;
+
+private:
+    const char* m_pszType;
+    const SZorMode& m_oWanted;
+};
 
 CExactTimings FindDmt(const char* pszType, const SZorMode& oWanted)
 {
-    const bool bReduced = std::string(pszType) != "dmt";
-    CExactTimings aoTimings;
-    for (unsigned int uiId = 1; uiId <= gsc_uiDmtModes; ++uiId)
-    {
-        SZorMode oMode = {};
-        if (MakeDmtMode(oMode, uiId) && bReduced == (oMode.m_eBlanking != SZorMode::eBlanking_Standard))
-        {
-            AddWanted({ { pszType, oMode } }, oWanted, aoTimings);
-        }
-    }
-    return aoTimings;
+    CWantedTimings aoWanted(pszType, oWanted);
+    ZorWrite::FindInDmt(std::string(pszType) != "dmt", std::ref(aoWanted));
+    return aoWanted.m_aoTimings;
 }
 
 CExactTimings FindCea(const char* pszType, const SZorMode& oWanted)
 {
-    CExactTimings aoTimings;
-    for (const SVideoCode& oCode : gsc_aoVideoCodes)
-    {
-        SZorMode oMode = {};
-        MakeVideoMode(oMode, oCode.m_ui8Code);
-        AddWanted(ListRates(pszType, oMode), oWanted, aoTimings);
-    }
-    return aoTimings;
+    CWantedTimings aoWanted(pszType, oWanted);
+    ZorWrite::FindInCodes(std::ref(aoWanted));
+    return aoWanted.m_aoTimings;
 }
 
 // A timing of the library, of the wanted size and nominal rate.
@@ -259,39 +248,21 @@ CExactTimings AskLibrary(const char* pszSource, const char* pszType, const SZorM
     return aoTimings;
 }
 
-template <SZorMode::EBlanking eBlanking>
-bool ComputeCvtOf(SZorMode& oMode)
+// The formulas themselves take any width; their standards round most of them to cells.
+constexpr unsigned int KeepWidth(unsigned int uiWidth) { return uiWidth; }
+
+template <EZorTimingSource eSource, unsigned int (*pfnRound)(unsigned int)>
+bool ComputeBy(SZorMode& oMode)
 {
-    constexpr bool bCells = eBlanking != SZorMode::eBlanking_Reduced2;
-    oMode.m_uiWidth = bCells ? CutToCell(oMode.m_uiWidth) : oMode.m_uiWidth;
-    oMode.m_eBlanking = eBlanking;
+    oMode.m_uiWidth = pfnRound(oMode.m_uiWidth);
+    return FindZorTiming(oMode, eSource, false, oMode) != 0;
+}
+
+bool ComputeReduced3(SZorMode& oMode)
+{
+    oMode.m_uiWidth = CutToCell(oMode.m_uiWidth);
+    oMode.m_eBlanking = SZorMode::eBlanking_Reduced3;
     return ComputeCvt(oMode);
-}
-
-// Rates of 1000/1001 are the video-optimized form of the whole rate.
-bool ComputeReduced2(SZorMode& oMode)
-{
-    SZorMode::SRate oWhole = oMode.m_oNominalRate;
-    oWhole.m_ullDividend *= 1001;
-    oWhole.m_ullDivisor *= 1000;
-    if (oMode.m_oNominalRate.m_ullDivisor % 1001 != 0 || oWhole.m_ullDividend % oWhole.m_ullDivisor != 0)
-    {
-        return ComputeCvtOf<SZorMode::eBlanking_Reduced2>(oMode);
-    }
-    const SZorMode::SRate oAsked = oMode.m_oNominalRate;
-    oMode.m_eBlanking = SZorMode::eBlanking_Reduced2;
-    oMode.m_oNominalRate = oWhole;
-    SReducedBlanking oVideo;
-    oVideo.m_bVideo = true;
-    const bool bComputed = ComputeCvt(oMode, oVideo);
-    oMode.m_oNominalRate = oAsked;
-    return bComputed;
-}
-
-bool ComputeGtfOf(SZorMode& oMode)
-{
-    oMode.m_uiWidth = RoundToCell(oMode.m_uiWidth);
-    return ComputeGtf(oMode);
 }
 
 // One of these has the answer.
@@ -308,11 +279,11 @@ struct SType
 constexpr SType gsc_aoTypes[] = {
     { "dmt", FindDmt, nullptr, nullptr, true, true },
     { "dmt-rb", FindDmt, nullptr, nullptr, true, true },
-    { "cvt", nullptr, ComputeCvtOf<SZorMode::eBlanking_Standard>, nullptr, true, true },
-    { "cvt-rb", nullptr, ComputeCvtOf<SZorMode::eBlanking_Reduced1>, nullptr, true, true },
-    { "cvt-rb2", nullptr, ComputeReduced2, nullptr, false, true },
-    { "cvt-rb3", nullptr, ComputeCvtOf<SZorMode::eBlanking_Reduced3>, nullptr, false, true },
-    { "gtf", nullptr, ComputeGtfOf, nullptr, true, true },
+    { "cvt", nullptr, ComputeBy<eZorTimingSource_Cvt, CutToCell>, nullptr, true, true },
+    { "cvt-rb", nullptr, ComputeBy<eZorTimingSource_CvtReduced1, CutToCell>, nullptr, true, true },
+    { "cvt-rb2", nullptr, ComputeBy<eZorTimingSource_CvtReduced2, KeepWidth>, nullptr, false, true },
+    { "cvt-rb3", nullptr, ComputeReduced3, nullptr, false, true },
+    { "gtf", nullptr, ComputeBy<eZorTimingSource_Gtf, RoundToCell>, nullptr, true, true },
     { "ovt", nullptr, ComputeOvt, nullptr, false, true },
     { "cea", FindCea, nullptr, nullptr, true, true },
     { "smpte", nullptr, nullptr, "smpte", true, true },
@@ -461,7 +432,7 @@ bool IsMeant(const SZorMode& oMode, const SZorMode& oWanted)
     const double dDifference = GetHz(oMode.m_oRate) - GetHz(oWanted.m_oNominalRate);
     const bool bRounds = oWanted.m_oNominalRate.m_ullDivisor == 1 && dDifference >= -dHalf && dDifference < dHalf;
     return bRounds && IsWantedPicture(oMode, oWanted) &&
-           !(GetWantedFraction(oWanted, oFraction) && IsSameRate(oMode.m_oRate, oFraction.m_oNominalRate));
+           !(GetWantedFraction(oWanted, oFraction) && ZorWrite::IsSameRate(oMode.m_oRate, oFraction.m_oNominalRate));
 }
 
 std::vector<std::string> ListTimingTypes()

@@ -9,6 +9,7 @@
 
 #include "EdidMode.h"
 #include "Timings.h"
+#include "ZorWishedTiming.h"
 
 class CJsonWriter;
 
@@ -49,6 +50,22 @@ using CExactTimings = std::vector<SExactTiming>;
 
 // The tables and formulas, in the order in which they are printed: "dmt", "cvt-rb3".
 std::vector<std::string> ListTimingTypes();
+
+// The words that say where the timing of a new mode comes from.
+struct STimingSourceName
+{
+    const char* m_pszName;
+    EZorTimingSource m_eSource;
+};
+inline constexpr STimingSourceName gsc_aoTimingSources[] = {
+    { "cta", eZorTimingSource_Cta },
+    { "dmt", eZorTimingSource_Dmt },
+    { "dmt-rb", eZorTimingSource_DmtReduced },
+    { "cvt", eZorTimingSource_Cvt },
+    { "cvt-rb", eZorTimingSource_CvtReduced1 },
+    { "cvt-rb2", eZorTimingSource_CvtReduced2 },
+    { "gtf", eZorTimingSource_Gtf },
+};
 
 // "all" leaves out the formulas of the library's lists, and the CVT versions that have no interlaced modes.
 CExactTimings FindTimings(const SZorMode& oWanted, const std::string& sType);

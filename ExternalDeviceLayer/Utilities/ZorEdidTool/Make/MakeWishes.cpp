@@ -42,21 +42,6 @@ const ROW* FindRow(const ROW (&aoRows)[COUNT], const std::string& sName)
 
 // ---- Values ----
 
-struct SSourceName
-{
-    const char* m_pszName;
-    EZorTimingSource m_eSource;
-};
-constexpr SSourceName gsc_aoSources[] = {
-    { "cta", eZorTimingSource_Cta },
-    { "dmt", eZorTimingSource_Dmt },
-    { "dmt-rb", eZorTimingSource_DmtReduced },
-    { "cvt", eZorTimingSource_Cvt },
-    { "cvt-rb", eZorTimingSource_CvtReduced1 },
-    { "cvt-rb2", eZorTimingSource_CvtReduced2 },
-    { "gtf", eZorTimingSource_Gtf },
-};
-
 std::string SetMode(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     const size_t uiComma = sValue.find(',');
@@ -68,10 +53,10 @@ std::string SetMode(const std::string& sValue, SZorEdidWishes& oWishes)
     }
     if (uiComma != std::string::npos)
     {
-        const SSourceName* poSource = FindRow(gsc_aoSources, sValue.substr(uiComma + 1));
+        const STimingSourceName* poSource = FindRow(gsc_aoTimingSources, sValue.substr(uiComma + 1));
         if (poSource == nullptr)
         {
-            return RefuseName(sValue.substr(uiComma + 1), gsc_aoSources);
+            return RefuseName(sValue.substr(uiComma + 1), gsc_aoTimingSources);
         }
         oWish.m_eSource = poSource->m_eSource;
     }

@@ -14,6 +14,7 @@ namespace
 {
 constexpr unsigned int gsc_auiMapPlaces[] = { 1, 128 }; // of block maps
 constexpr unsigned int gsc_uiMapRevision = 3;           // of E-EDID: the one that asks for a block map
+constexpr unsigned char gsc_ui8Version2 = 0x20;         // of a DisplayID structure
 
 bool IsOverridden(const CImageBytes& aui8Image)
 {
@@ -145,9 +146,17 @@ void RemoveBlock(CImageBytes& aui8Image, unsigned int uiBlock)
     aui8Image.SetCount(aui8Image.GetCount() - gsc_uiBlockSize, -1);
 }
 
+unsigned int GetSectionVersion(const CImageBytes& aui8Image)
+{
+    const unsigned int uiFirst = FindSection(aui8Image, 0);
+    return uiFirst < CountBlocks(aui8Image) &&
+                   GetBlock(aui8Image, uiFirst)[DisplayId::gsc_uiVersionOffset] >= gsc_ui8Version2
+               ? 2
+               : 1;
+}
+
 void MakeBlock(unsigned int uiTag, unsigned int uiVersion, const CImageBytes& aui8Image, unsigned char* pui8Block)
 {
-    constexpr unsigned char ui8Version2 = 0x20;
     constexpr unsigned char ui8StandaloneDisplay = 3; // product type of version 1
     constexpr unsigned char ui8GenericDisplay = 2;    // primary use case of version 2
     memset(pui8Block, 0, gsc_uiBlockSize);
@@ -165,9 +174,14 @@ void MakeBlock(unsigned int uiTag, unsigned int uiVersion, const CImageBytes& au
     }
     else if (uiTag == gsc_uiDisplayIdTag)
     {
-        pui8Block[DisplayId::gsc_uiVersionOffset] = uiVersion == 1 ? DisplayId::gsc_uiHighestVersion : ui8Version2;
+        const unsigned int uiFirst = FindSection(aui8Image, 0);
+        const bool bFirst = uiFirst == CountBlocks(aui8Image);
+        const unsigned char ui8Version = uiVersion == 1 ? DisplayId::gsc_uiHighestVersion : gsc_ui8Version2;
         const unsigned char ui8Type = uiVersion == 1 ? ui8StandaloneDisplay : ui8GenericDisplay;
-        pui8Block[DisplayId::gsc_uiProductTypeOffset] = CountSections(aui8Image) == 0 ? ui8Type : 0;
+        const bool bOwn = !bFirst && uiVersion == GetSectionVersion(aui8Image);
+        pui8Block[DisplayId::gsc_uiVersionOffset] =
+            bOwn ? GetBlock(aui8Image, uiFirst)[DisplayId::gsc_uiVersionOffset] : ui8Version;
+        pui8Block[DisplayId::gsc_uiProductTypeOffset] = bFirst ? ui8Type : 0;
     }
     StoreBlockChecksums(pui8Block);
 }

@@ -28,7 +28,11 @@ bool IsCounted(const CImageBytes& aui8Image);
 void InsertBlock(CImageBytes& aui8Image, unsigned int uiBlock, const unsigned char* pui8Block);
 void RemoveBlock(CImageBytes& aui8Image, unsigned int uiBlock);
 
-// An empty extension block of a tag, 128 bytes with their checksum. uiVersion: of a DisplayID structure, 1 or 2.
+// The version of the DisplayID structures of an image, 1 or 2: that of the first one, 1 without one.
+unsigned int GetSectionVersion(const CImageBytes& aui8Image);
+
+// An empty extension block of a tag, 128 bytes with their checksum. uiVersion: of a DisplayID structure, 1 or 2; where
+// the image has one of it, also the revision is that of the first one.
 void MakeBlock(unsigned int uiTag, unsigned int uiVersion, const CImageBytes& aui8Image, unsigned char* pui8Block);
 
 // A block map comes with the second extension block of E-EDID 1.3, and goes with it. Gives the number of the block map

@@ -351,7 +351,7 @@ int CPartsEdit::AddBlock(unsigned int uiTag, const unsigned char* pui8Block, con
         return Refuse(oReason);
     }
     unsigned char aui8Block[gsc_uiBlockSize];
-    MakeBlock(uiTag, 1, m_aui8Image, aui8Block);
+    MakeBlock(uiTag, GetSectionVersion(m_aui8Image), m_aui8Image, aui8Block);
     if (pui8Block != nullptr)
     {
         memcpy(aui8Block, pui8Block, gsc_uiBlockSize);
@@ -657,7 +657,7 @@ int CPartsEdit::AddNew(EZorEdidField eId, unsigned int uiLength, const unsigned 
     SNewPart oNew = {};
     bool bKnown = false;
     bool bDisplayId = false;
-    unsigned int uiNewVersion = 0; // the first one that has the kind
+    unsigned int uiNewVersion = 0; // the first one that has the kind, or that of the image
     const auto fnLast = [&] { return m_oNamed.m_aoAfter[m_oNamed.m_aoAfter.GetCount() - 1]; };
     for (unsigned int uiRound = 0; uiRound < 2; ++uiRound) // into lists first
     {
@@ -681,7 +681,8 @@ int CPartsEdit::AddNew(EZorEdidField eId, unsigned int uiLength, const unsigned 
     for (unsigned int uiVersion = DisplayId::gsc_uiHighestMajorVersion; uiVersion > 0; --uiVersion)
     {
         SNewPart oOther = {};
-        if (MakeDataBlock(eId, uiLength, pui8Bytes, oWhere, uiVersion, oOther))
+        if (uiNewVersion != GetSectionVersion(m_aui8Image) &&
+            MakeDataBlock(eId, uiLength, pui8Bytes, oWhere, uiVersion, oOther))
         {
             bKnown = true;
             bDisplayId = oOther.m_bDisplayId;

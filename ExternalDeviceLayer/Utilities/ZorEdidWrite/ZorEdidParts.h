@@ -58,8 +58,8 @@ public:
     /// All that follow return 1, and 0 for a refusal, which changes nothing. Pointers must not be null.
 
     /// An extension block, at place m_uiPlace of all blocks: 1 is the first. Without bytes it is empty: a CTA-861 block
-    /// of revision 3, a DisplayID block of version 1.2, a block map, or a tag with zeros. uiLength: 0, or 128 bytes
-    /// whose tag is the first one. At most 127 blocks.
+    /// of revision 3, a DisplayID block of the version that the first one has, else of 1.2, a block map, or a tag with
+    /// zeros. uiLength: 0, or 128 bytes whose tag is the first one. At most 127 blocks.
     int AddBlock(unsigned int uiTag, unsigned int uiLength, const unsigned char* pui8Block, const SWhere& oWhere,
                  SAnswer& oAnswer);
 

@@ -356,6 +356,15 @@ TEST_F(Parts, WhatFollows)
     ASSERT_EQ(1, AddBlock(0x70)(oParts, oAnswer));
     EXPECT_EQ(0x02, GetNumber(oParts, eZorEdidField_BlockMapTag));
     EXPECT_EQ(0x70, GetNumber(oParts, eZorEdidField_BlockMapTag, 1));
+    // A further DisplayID block has the version of the first one, also where a part asks for it.
+    for (const unsigned int uiVersion : { 0x13U, 0x20U })
+    {
+        Read(oParts, MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(0x7E, 0, CBytes(115)), UINT_MAX, uiVersion) }));
+        ASSERT_EQ(1, AddDataBlock(eZorEdidField_DisplayidTiled, "82 11 10 00 7F 07 37 04 ..22")(oParts, oAnswer));
+        ASSERT_EQ(1, AddBlock(0x70)(oParts, oAnswer));
+        EXPECT_EQ(uiVersion, oParts.GetMap().GetData()[0x101]);
+        EXPECT_EQ(uiVersion, oParts.GetMap().GetData()[0x181]);
+    }
     // The only data block has the bytes of the collection, too.
     Read(oParts, MakeEdid({}));
     ASSERT_EQ(1, AddBlock(2)(oParts, oAnswer));

@@ -7,6 +7,7 @@
 #include "EditDisplayId.h"
 #include "EditNamed.h"
 #include "FieldEdits.h"
+#include "InputReaders.h"
 #include "Standards/DisplayIdSection.h"
 #include "TextFormat.h"
 
@@ -14,24 +15,6 @@ using namespace ZorStandards;
 
 namespace
 {
-// Pairs of hexadecimal digits, with or without blanks.
-bool ParseHex(const std::string& sText, CBytes& aui8Bytes)
-{
-    std::string sDigits;
-    for (const char c : sText)
-    {
-        sDigits += c == ' ' ? "" : std::string(1, c);
-    }
-    bool bGood = sDigits.size() % 2 == 0;
-    for (size_t i = 0; i + 1 < sDigits.size() && bGood; i += 2)
-    {
-        unsigned int uiByte = 0;
-        bGood = ParseNumber("0x" + sDigits.substr(i, 2), uiByte);
-        aui8Bytes.push_back(static_cast<unsigned char>(uiByte));
-    }
-    return bGood;
-}
-
 bool IsDescriptor(EZorEdidField eId)
 {
     return eId == eZorEdidField_BaseDetailed || eId == eZorEdidField_BaseName || eId == eZorEdidField_BaseSerial ||
@@ -92,7 +75,7 @@ std::string ParseTile(const std::string& sText, CNamedEdit& fnEdit)
                "columns and rows from 0";
     }
     fnEdit = [oTile](CFieldEdits& oFields) {
-        if (oFields.GetMap().GetSize() < gsc_uiBlockSize)
+        if (oFields.GetMap().GetSize() < ZorStandards::gsc_uiBlockSize)
         {
             return std::string("the base block is not whole");
         }
@@ -108,7 +91,7 @@ std::string ParseTile(const std::string& sText, CNamedEdit& fnEdit)
 std::string ParseAdd(const std::string& sText, CNamedEdit& fnEdit)
 {
     SSetting oSetting;
-    CBytes aui8Bytes;
+    SInput oInput;
     std::string sProblem = ParseSetting(sText, oSetting);
     if (!sProblem.empty())
     {
@@ -118,11 +101,13 @@ std::string ParseAdd(const std::string& sText, CNamedEdit& fnEdit)
     {
         return "'" + sText + "' is not ID=HEX such as cta.hdr-static=0501";
     }
-    if (!ParseHex(oSetting.m_sValue, aui8Bytes))
+    std::string sDigits = oSetting.m_sValue;
+    std::erase(sDigits, ' ');
+    if (!AddHex(oInput, sDigits))
     {
         return "'" + oSetting.m_sValue + "' is not bytes of two hexadecimal digits each";
     }
-    fnEdit = [=](CFieldEdits& oFields) { return AddPart(oFields, oSetting.m_eId, aui8Bytes); };
+    fnEdit = [=](CFieldEdits& oFields) { return AddPart(oFields, oSetting.m_eId, oInput.m_aui8Bytes); };
     return "";
 }
 

@@ -115,15 +115,6 @@ bool ParseCount(std::string_view sDigits, unsigned int& uiCount)
     return eError == std::errc() && pcEnd == sDigits.data() + sDigits.size();
 }
 
-// Two digits a byte. False for anything else.
-bool ParseHex(std::string_view sDigits, CBytes& aui8Bytes)
-{
-    SInput oInput;
-    const bool bHex = AddHex(oInput, sDigits);
-    aui8Bytes = oInput.m_aui8Bytes;
-    return bHex;
-}
-
 // ---- The document ----
 
 // A field that is open: of a leaf all that it says.
@@ -328,10 +319,12 @@ private:
 
     bool TakeHex(std::string_view sDigits, CBytes& aui8Bytes)
     {
-        if (!ParseHex(sDigits, aui8Bytes))
+        SInput oInput;
+        if (!AddHex(oInput, sDigits))
         {
             return RefuseType();
         }
+        aui8Bytes = oInput.m_aui8Bytes;
         return aui8Bytes.size() <= gsc_uiMaxSize ||
                Refuse("\"" + std::string(m_aoLevels.back().m_poMember->m_pszName) + "\" has more than " +
                       std::to_string(gsc_uiMaxSize) + " bytes");

@@ -150,19 +150,13 @@ SRange FindRange(const CMakerPlan& oPlan)
     return oRange;
 }
 
-// bLimitsOnly: the formula of 1.4 that says that there is none. Before, that is the default.
-void WriteRange(const SRange& oRange, bool bLimitsOnly, CDetailedBytes& aui8Bytes)
+void WriteRange(const SRange& oRange, bool bRevision4, CDetailedBytes& aui8Bytes)
 {
     using namespace Descriptors;
-    constexpr unsigned int uiLimitsOnly = 1;
-    memset(aui8Bytes, ' ', sizeof(aui8Bytes));
-    memset(aui8Bytes, 0, gsc_uiContentsOffset);
-    aui8Bytes[gsc_uiTagOffset] = gsc_ui8TagRangeLimits;
+    WriteEmptyLimits(aui8Bytes, bRevision4);
     WriteRates(aui8Bytes, gsc_oVerticalRates, oRange.m_uiMinVertical, oRange.m_uiMaxVertical, true);
     WriteRates(aui8Bytes, gsc_oHorizontalRates, oRange.m_uiMinHorizontal, oRange.m_uiMaxHorizontal, true);
     gsc_oMaxPixelClock.Write(aui8Bytes, oRange.m_uiMaxClock);
-    gsc_oFormula.Write(aui8Bytes, bLimitsOnly ? uiLimitsOnly : 0);
-    aui8Bytes[gsc_oFormula.GetEnd()] = '\n';
 }
 
 void WriteText(unsigned char ui8Tag, const CMString& sText, CDetailedBytes& aui8Bytes)

@@ -4,6 +4,7 @@
 
 #include "EdidUtils.h"
 #include "MakerBase.h"
+#include "Standards/ColourBlocks.h"
 #include "Standards/CtaBlocks.h"
 #include "Standards/HdmiBlocks.h"
 
@@ -122,15 +123,12 @@ bool CMakerCta::AddDonorsAudio()
 bool CMakerCta::AddHdmi()
 {
     using namespace Hdmi;
-    constexpr unsigned int uiAddress = 0x1000; // 1.0.0.0: at a source, not behind a repeater
-    constexpr unsigned int ui36Bits = 12;
-    unsigned char aui8Payload[4] = {};
+    unsigned char aui8Payload[gsc_uiNewSize] = {};
     const unsigned int uiDepth = m_oPlan.GetColorDepth();
-    gsc_oPhysicalAddress.Write(aui8Payload, uiAddress);
+    WriteNew(aui8Payload, m_oPlan.GetLink().m_uiTmds);
     gsc_oDeepColour30.Write(aui8Payload, uiDepth > 8 ? 1 : 0);
-    gsc_oDeepColour36.Write(aui8Payload, uiDepth >= ui36Bits ? 1 : 0);
+    gsc_oDeepColour36.Write(aui8Payload, uiDepth >= gsc_ui12Bits ? 1 : 0);
     gsc_oDeepColourY444.Write(aui8Payload, uiDepth > 8 && m_oPlan.HasYCbCr() ? 1 : 0);
-    gsc_oMaxTmdsClock.Write(aui8Payload, m_oPlan.GetLink().m_uiTmds / Hdmi::gsc_uiMegaHzPerTmdsUnit);
     return m_oParts.AddDataBlock(eZorEdidField_CtaHdmi, sizeof(aui8Payload), aui8Payload) &&
            (!m_oPlan.GetLink().m_bForum || AddForum());
 }
@@ -140,11 +138,8 @@ bool CMakerCta::AddForum()
     using namespace HdmiForum;
     const SPlannedLink& oLink = m_oPlan.GetLink();
     CForumBytes aui8Payload = {};
-    unsigned int uiSize = gsc_oMaxFrlRate.GetEnd();
-    gsc_oVersion.Write(aui8Payload, 1);
-    gsc_oMaxTmdsCharacterRate.Write(aui8Payload, oLink.m_uiForumTmds / Hdmi::gsc_uiMegaHzPerTmdsUnit);
-    gsc_oScdcPresent.Write(aui8Payload, oLink.m_uiForumTmds != 0 || oLink.m_uiFrl != 0 ? 1 : 0);
-    gsc_oMaxFrlRate.Write(aui8Payload, oLink.m_uiFrl);
+    unsigned int uiSize = gsc_uiNewSize;
+    WriteNew(aui8Payload, oLink.m_uiForumTmds, oLink.m_uiFrl);
     const bool bDeep420 = m_oWishes.m_bYCbCr420 && m_oPlan.GetColorDepth() > 8;
     gsc_oDc30bit420.Write(aui8Payload, bDeep420 ? 1 : 0);
     gsc_oDc36bit420.Write(aui8Payload, bDeep420 && m_oPlan.GetColorDepth() > 10 ? 1 : 0);
@@ -184,17 +179,15 @@ bool CMakerCta::AddVideoCapability()
 bool CMakerCta::AddHdr()
 {
     constexpr unsigned char aui8Colorimetry[] = { 0xC0, 0x00 }; // BT.2020 RGB and YCC
-    constexpr unsigned char ui8Sdr = 0x01;
-    constexpr unsigned char ui8Pq = 0x04;
-    constexpr unsigned char ui8Hlg = 0x08;
-    constexpr unsigned char ui8MetadataType1 = 0x01;
     if (!m_oWishes.HasHdr())
     {
         return true;
     }
-    const unsigned char aui8Hdr[5] = { static_cast<unsigned char>(ui8Sdr | (m_oWishes.m_bPq ? ui8Pq : 0) |
-                                                                  (m_oWishes.m_bHlg ? ui8Hlg : 0)),
-                                       ui8MetadataType1 };
+    unsigned char aui8Hdr[5] = {};
+    Colour::gsc_oGammaSdr.Write(aui8Hdr, 1);
+    Colour::gsc_oSt2084.Write(aui8Hdr, m_oWishes.m_bPq ? 1 : 0);
+    Colour::gsc_oHlg.Write(aui8Hdr, m_oWishes.m_bHlg ? 1 : 0);
+    Colour::gsc_oMetadataType1.Write(aui8Hdr, 1);
     const unsigned int uiSize = m_oWishes.m_uiMinLuminance != 0     ? 5
                                 : m_oWishes.m_uiFrameLuminance != 0 ? 4
                                 : m_oWishes.m_uiMaxLuminance != 0   ? 3
@@ -203,19 +196,37 @@ bool CMakerCta::AddHdr()
            m_oParts.AddDataBlock(eZorEdidField_CtaHdrStatic, uiSize, aui8Hdr) && SetLuminances();
 }
 
+// A minimum is part of the maximum, which comes first. What their codes cannot say is noted.
 bool CMakerCta::SetLuminances()
 {
-    constexpr unsigned int uiScale = 10000;
-    CMString sMin;
-    sMin.Format("%u.%04u", m_oWishes.m_uiMinLuminance / uiScale, m_oWishes.m_uiMinLuminance % uiScale);
-    CMString sMax;
-    sMax.Format("%u", m_oWishes.m_uiMaxLuminance);
-    CMString sFrame;
-    sFrame.Format("%u", m_oWishes.m_uiFrameLuminance);
-    return (m_oWishes.m_uiMaxLuminance == 0 || m_oParts.Set(eZorEdidField_CtaHdrStaticMaxLuminance, sMax)) &&
-           (m_oWishes.m_uiFrameLuminance == 0 ||
-            m_oParts.Set(eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance, sFrame)) &&
-           (m_oWishes.m_uiMinLuminance == 0 || m_oParts.Set(eZorEdidField_CtaHdrStaticMinLuminance, sMin));
+    constexpr double dSteps = 10000;
+    const struct
+    {
+        const char* m_pszName;
+        EZorEdidField m_eId;
+        double m_dWished;
+    } aoLuminances[] = {
+        { "max", eZorEdidField_CtaHdrStaticMaxLuminance, static_cast<double>(m_oWishes.m_uiMaxLuminance) },
+        { "frame", eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance,
+          static_cast<double>(m_oWishes.m_uiFrameLuminance) },
+        { "min", eZorEdidField_CtaHdrStaticMinLuminance, m_oWishes.m_uiMinLuminance / dSteps },
+    };
+    for (const auto& oLuminance : aoLuminances)
+    {
+        CMString sWished;
+        CMString sNearest;
+        sWished.Format("%.7g", oLuminance.m_dWished);
+        if (oLuminance.m_dWished > 0 && !m_oParts.Set(oLuminance.m_eId, sWished, sNearest))
+        {
+            return false;
+        }
+        if (sNearest.GetLength() != 0)
+        {
+            m_asNotes.Add(CMString("HDR: ") + oLuminance.m_pszName + " " + sWished + " became " + sNearest +
+                          ", the nearest");
+        }
+    }
+    return true;
 }
 
 // Codes that exist in 4:2:0 alone, and which of the others exist so, too.

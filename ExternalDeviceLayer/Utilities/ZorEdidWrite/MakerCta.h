@@ -12,8 +12,8 @@ namespace ZorWrite
 class CMakerCta
 {
 public:
-    CMakerCta(const CMakerPlan& oPlan, const SDonor& oDonor, CMakerParts& oParts)
-        : m_oPlan(oPlan), m_oWishes(oPlan.GetWishes()), m_oDonor(oDonor), m_oParts(oParts)
+    CMakerCta(const CMakerPlan& oPlan, const SDonor& oDonor, CMakerParts& oParts, CMArrayString& asNotes)
+        : m_oPlan(oPlan), m_oWishes(oPlan.GetWishes()), m_oDonor(oDonor), m_oParts(oParts), m_asNotes(asNotes)
     {
     }
 
@@ -39,6 +39,7 @@ private:
     const SZorEdidWishes& m_oWishes;
     const SDonor& m_oDonor;
     CMakerParts& m_oParts;
+    CMArrayString& m_asNotes;
     CByteArray m_aui8Codes; // as listed
     bool m_bBegun = false;
 };

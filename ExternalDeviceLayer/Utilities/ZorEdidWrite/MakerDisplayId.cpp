@@ -79,12 +79,14 @@ unsigned char* MakeInterface(const SDisplayIdFacts& oFacts, unsigned char* pui8B
     DisplayId::gsc_oInterfaceLinks.Write(pui8Block, oInterface.m_ui8Links);
     Byte(0x04).Write(pui8Block, oInterface.m_ui8Version);
     const unsigned int uiDepths =
-        ui8Bits | (oFacts.m_uiBitsPerColor >= 10 ? ui10Bits : 0) | (oFacts.m_uiBitsPerColor >= 12 ? ui12Bits : 0);
+        ui8Bits | (oFacts.m_uiBitsOnLink >= 10 ? ui10Bits : 0) | (oFacts.m_uiBitsOnLink >= 12 ? ui12Bits : 0);
     pui8Block[DisplayId::gsc_uiDepthsOffset1] = static_cast<unsigned char>(uiDepths);
-    if (oFacts.m_bYCbCr)
+    if (oFacts.m_bYCbCr) // HDMI's 4:2:2 has room for 12 bits whatever the display has
     {
+        const unsigned int uiDepths422 =
+            oFacts.m_eInterface == SDisplayIdFacts::eInterface_Hdmi ? ui8Bits | ui10Bits | ui12Bits : uiDepths;
         pui8Block[DisplayId::gsc_uiDepthsOffset1 + 1] = static_cast<unsigned char>(uiDepths);
-        pui8Block[DisplayId::gsc_uiDepthsOffset1 + 2] = static_cast<unsigned char>(uiDepths >> 1);
+        pui8Block[DisplayId::gsc_uiDepthsOffset1 + 2] = static_cast<unsigned char>(uiDepths422 >> 1);
     }
     return pui8End;
 }

@@ -24,6 +24,7 @@ struct SDisplayIdFacts
     unsigned int m_uiWidth; // in pixels; 0 for none known
     unsigned int m_uiHeight;
     unsigned int m_uiBitsPerColor;
+    unsigned int m_uiBitsOnLink; // of each color, at most: HDMI's deep color may be more than the display shows
     bool m_bAudio;
     bool m_bYCbCr; // 4:4:4 and 4:2:2 beside RGB
 };

@@ -44,18 +44,15 @@ bool CMakerParts::AddItemToLast(EZorEdidField eId, unsigned int uiLength, const 
     return m_oParts.AddItem(eId, uiLength, pui8Item, oWhere, m_oAnswer) != 0;
 }
 
-bool CMakerParts::Set(EZorEdidField eId, const char* pszValue)
+bool CMakerParts::Set(EZorEdidField eId, const char* pszValue, CMString& sNearest)
 {
     CZorEdidWriter oWriter;
     CZorEdidWriter::SAnswer oAnswer;
     oWriter.Read(GetMap().GetSize(), GetMap().GetData());
-    unsigned int uiField = 0;
-    while (uiField < oWriter.GetMap().GetFieldCount() && oWriter.GetMap().GetField(uiField).m_eId != eId)
-    {
-        ++uiField;
-    }
-    const bool bSet = uiField < oWriter.GetMap().GetFieldCount() && oWriter.Set(uiField, pszValue, oAnswer) != 0 &&
+    const unsigned int uiField = oWriter.GetMap().FindField(eId);
+    const bool bSet = uiField != CZorEdidMap::msc_uiNone && oWriter.Set(uiField, pszValue, oAnswer) != 0 &&
                       m_oParts.Read(oWriter.GetMap().GetSize(), oWriter.GetMap().GetData()) != 0;
+    sNearest = oAnswer.m_bExact ? CMString() : oAnswer.m_oAfter;
     m_oAnswer.m_oReason = bSet ? CMString() : oAnswer.m_oReason;
     return bSet;
 }

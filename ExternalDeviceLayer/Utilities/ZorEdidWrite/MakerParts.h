@@ -25,8 +25,9 @@ public:
     bool AddItem(EZorEdidField eId, unsigned int uiLength, const unsigned char* pui8Item);
     // Into the last block of the image.
     bool AddItemToLast(EZorEdidField eId, unsigned int uiLength, const unsigned char* pui8Item);
-    // The value of the first field with this id, as CZorEdidWriter takes it; the nearest one is good.
-    bool Set(EZorEdidField eId, const char* pszValue);
+    // The value of the first field with this id, as CZorEdidWriter takes it; the nearest one is good. sNearest is that
+    // one, empty where the field says what was asked.
+    bool Set(EZorEdidField eId, const char* pszValue, CMString& sNearest);
 
 private:
     CZorEdidParts m_oParts;

@@ -67,8 +67,10 @@ SDisplayIdFacts::EInterface GetInterface(const CMakerPlan& oPlan)
 bool BeginDisplayId(const CMakerPlan& oPlan, CMakerParts& oParts)
 {
     const SZorMode& oNative = oPlan.Get(0).m_oTiming;
-    const SDisplayIdFacts oFacts = { GetInterface(oPlan),   GetImageSize(oPlan), oNative.m_uiWidth, oNative.m_uiHeight,
-                                     oPlan.GetColorDepth(), oPlan.HasAudio(),    oPlan.HasYCbCr() };
+    const SDisplayIdFacts oFacts = {
+        GetInterface(oPlan),   GetImageSize(oPlan),   oNative.m_uiWidth, oNative.m_uiHeight,
+        oPlan.GetColorDepth(), oPlan.GetColorDepth(), oPlan.HasAudio(),  oPlan.HasYCbCr(),
+    };
     CBlockBytes aui8Block;
     MakeDisplayIdBlock(oFacts, oParts.GetMap().GetData(), aui8Block);
     return oParts.AddBlock(gsc_uiDisplayIdTag, aui8Block) && oParts.AddBlock(gsc_uiDisplayIdTag, nullptr);
@@ -103,7 +105,7 @@ bool AddType1(const CMakerPlan& oPlan, CMakerParts& oParts)
 bool MakeImage(const CMakerPlan& oPlan, const SDonor& oDonor, CMakerParts& oParts, CMArrayString& asNotes)
 {
     CBlockBytes aui8Base;
-    CMakerCta oCta(oPlan, oDonor, oParts);
+    CMakerCta oCta(oPlan, oDonor, oParts, asNotes);
     MakeBaseBlock(oPlan, oDonor, aui8Base);
     return oParts.Read(sizeof(aui8Base), aui8Base) && AddDescriptors(oPlan, oParts, asNotes) &&
            (!oPlan.HasCta() || oCta.Add()) && AddDetailed(oPlan, oCta, oParts) && AddType1(oPlan, oParts);
@@ -210,7 +212,14 @@ void NotePlaces(const CMakerPlan& oPlan, CMArrayString& asNotes)
         {
             fnAdd("fallback");
         }
-        if (oMode.m_bDetailed)
+        if (oMode.m_bDetailed && oMode.m_oTiming.m_uiRepetition > 1) // a detailed timing has no place for it
+        {
+            CMString sSent;
+            sSent.Format("detailed timing of %u pixels, as each is sent %u times",
+                         oMode.m_oTiming.m_oHorizontal.m_uiActive, oMode.m_oTiming.m_uiRepetition);
+            fnAdd(sSent);
+        }
+        else if (oMode.m_bDetailed)
         {
             fnAdd("detailed timing");
         }
@@ -253,35 +262,6 @@ void NoteLink(const CMakerPlan& oPlan, CMArrayString& asNotes)
     if (sNote.GetLength() != 0)
     {
         asNotes.Add(sNote);
-    }
-}
-
-// What the codes of the luminances say, where that is not what was wished.
-void NoteLuminances(const SZorEdidWishes& oWishes, const CZorEdidMap& oMap, CMArrayString& asNotes)
-{
-    constexpr double dSteps = 10000;
-    const struct
-    {
-        const char* m_pszName;
-        EZorEdidField m_eId;
-        double m_dWished;
-    } aoLuminances[] = {
-        { "max", eZorEdidField_CtaHdrStaticMaxLuminance, static_cast<double>(oWishes.m_uiMaxLuminance) },
-        { "frame", eZorEdidField_CtaHdrStaticMaxFrameAverageLuminance,
-          static_cast<double>(oWishes.m_uiFrameLuminance) },
-        { "min", eZorEdidField_CtaHdrStaticMinLuminance, oWishes.m_uiMinLuminance / dSteps },
-    };
-    for (const auto& oLuminance : aoLuminances)
-    {
-        const unsigned int uiField = oMap.FindField(oLuminance.m_eId);
-        const CMString sSaid = uiField != CZorEdidMap::msc_uiNone ? oMap.GetValue(uiField) : CMString();
-        CMString sWished;
-        sWished.Format("%g", oLuminance.m_dWished);
-        if (oLuminance.m_dWished > 0 && !(sSaid == sWished + " cd/m2"))
-        {
-            asNotes.Add(CMString("HDR: ") + oLuminance.m_pszName + " " + sWished + " became " + sSaid +
-                        ", the nearest");
-        }
     }
 }
 
@@ -334,7 +314,6 @@ int CZorEdidMaker::Make(const SZorEdidWishes& oWishes)
     NoteIdentity(oCompleted, oDonor, m_asNotes);
     CMakerParts oParts;
     m_sReason = MakeImage(oPlan, oDonor, oParts, m_asNotes) ? CMString() : oParts.GetReason();
-    NoteLuminances(oCompleted, oParts.GetMap(), m_asNotes);
     NoteOffsets(oParts.GetMap(), m_asNotes);
     if (m_sReason.GetLength() == 0)
     {

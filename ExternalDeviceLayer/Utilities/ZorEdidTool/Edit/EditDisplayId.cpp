@@ -39,7 +39,11 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
     const CZorEdidMap& oMap = oFields.GetMap();
     CZorEdidFacts oFacts;
     oFacts.Read(oMap.GetSize(), oMap.GetData());
-    const unsigned int uiDepth = oFacts.GetColour().m_oDepth.m_oValue;
+    const unsigned int uiSaid = oFacts.GetColour().m_oDepth.m_oValue;
+    const unsigned int uiDepth = uiSaid != 0 ? uiSaid : uiUsualDepth;
+    // The mask has a bit for each even depth from 6 on.
+    const unsigned int uiMask = oFacts.GetColour().m_aoDepths[CZorEdidFacts::eFormat_Rgb].m_oValue;
+    const auto uiLinkDepth = static_cast<unsigned int>(4 + 2 * std::bit_width(uiMask));
     // The timing's millimetres where they are the base block's centimetres.
     const auto fnMm = [&](EZorEdidField eTiming, EZorEdidField eBase) {
         const long long llFine = oFields.GetNumber(eTiming);
@@ -52,7 +56,8 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
                fnMm(eZorEdidField_BaseDetailedImageHeight, eZorEdidField_BaseDisplayScreenHeight) },
              oNative.m_uiWidth,
              oNative.m_uiHeight,
-             uiDepth != 0 ? uiDepth : uiUsualDepth,
+             uiDepth,
+             uiMask != 0 ? uiLinkDepth : uiDepth,
              oFacts.GetAudio().m_oBasic.m_oValue,
              oFields.GetNumber(eZorEdidField_CtaYcbcr444) != 0 && oFields.GetNumber(eZorEdidField_CtaYcbcr422) != 0 };
 }
@@ -134,6 +139,11 @@ std::string BeginDisplayId(CFieldEdits& oFields, bool bPreferred)
     CZorEdidModes oModes;
     oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
     const SZorImageMode* poPreferred = oModes.GetPreferred();
+    if (poPreferred == nullptr && !bPreferred)
+    {
+        oFields.Note("DisplayID asks for a preferred timing, and the image has none; --add-mode with preferred adds "
+                     "one");
+    }
     const SZorMode oNative = poPreferred != nullptr ? poPreferred->m_oMode : SZorMode{};
     unsigned char aui8Block[gsc_uiBlockSize];
     ZorWrite::MakeDisplayIdBlock(ReadFacts(oFields, oNative), oFields.GetMap().GetData(), aui8Block);

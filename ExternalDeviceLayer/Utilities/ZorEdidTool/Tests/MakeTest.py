@@ -43,10 +43,12 @@ SOURCES = ("", "", "", "cvt", "cvt-rb", "cvt-rb2", "gtf")
 OF_TABLES = ((1920, 1080, "60", "cta"), (1920, 1080, "60", "dmt"), (1280, 720, "50", "cta"), (3840, 2160, "30", "cta"),
              (3840, 2160, "60", "cta"), (1280, 1024, "75", "dmt"), (1680, 1050, "60", "dmt"), (1024, 768, "60", "dmt"), (1366, 768, "60", ""),
              (1920, 1080, "59.94", "cta"), (7680, 4320, "60", "cta"))
+INTERLACED = ((1920, "1080i", "60", ""), (1920, "1080i", "50", "cta"), (1920, "1080i", "59.94", ""), (720, "576i", "50", "cta"), (720, "480i", "60", "cta"),
+              (1024, "768i", "87", "dmt"), (1600, "900i", "60", "cvt"), (1280, "1024i", "75", "gtf"))
 TYPES = {"cta": "cea"}  # as zoredid timing calls them
 # Reasons that a wish may be refused for; which of them holds is the business of the refusals below.
 REASONS = ("has no such timing", "is beyond HDMI's", "DVI takes clocks", "DVI has no", "outside of the variable refresh",
-           "needs a mode of that rate", "variable refresh of", "neither a detailed timing", "beside modes that need DisplayID", "YCbCr 4:2:0 needs", "TMDS begins at", "the range limits of HDMI's")
+           "needs a mode of that rate", "variable refresh of", "neither a detailed timing", "beside modes that need DisplayID", "YCbCr 4:2:0 needs", "TMDS begins at", "the range limits of HDMI's", "with FRL a display takes")
 
 
 def guess(chance):
@@ -54,16 +56,18 @@ def guess(chance):
     modes = []
     for _ in range(chance.choice((1, 1, 2, 3, 4, 6, 12))):
         mode = (*chance.choice(SIZES), chance.choice(RATES), chance.choice(SOURCES))
-        modes.append(chance.choice((mode, mode, chance.choice(OF_TABLES))))
+        modes.append(chance.choice((mode, mode, mode, chance.choice(OF_TABLES), chance.choice(OF_TABLES), chance.choice(INTERLACED))))
     wish = {"modes": modes, "interface": chance.choice(("hdmi", "hdmi", "hdmi", "dp", "dp", "dvi"))}
     if chance.random() < 0.3:
         wish["vrr"] = chance.choice(("40-60", "48-120", "48-144", "30-75", "48-240"))
     for name, values in (("audio", ("stereo", "5.1", "7.1")), ("hdr", ("pq", "hlg", "pq,hlg,max=600,frame=350,min=0.05")),
                          ("size", ("600x340mm", "1210x680mm", "150x85mm")), ("color_depth", ("8", "10", "12")),
                          ("name", ("Bench 7", "A name of  13")), ("serial_text", ("0042",)), ("maker", ("ABC",)),
-                         ("ycbcr420", (True,))):
-        if chance.random() < 0.3 and (wish["interface"] != "dvi" or name in ("size", "name", "serial_text", "maker")) and (
-                name != "ycbcr420" or wish["interface"] == "hdmi"):
+                         ("product", ("1", "0xBEEF", "65535")), ("date", ("2006", "1/2020", "53/2025")), ("ycbcr420", (True,)),
+                         ("tmds", ("150", "300", "340", "600")), ("frl", ("3x3", "6x4", "12x4"))):
+        of_any = name in ("size", "name", "serial_text", "maker", "product", "date")
+        of_hdmi = name in ("ycbcr420", "tmds", "frl")
+        if chance.random() < 0.3 and (of_any or wish["interface"] == "hdmi" or not (of_hdmi or wish["interface"] == "dvi")):
             wish[name] = chance.choice(values)
     return wish
 
@@ -110,7 +114,9 @@ class Wishes(unittest.TestCase):
     def is_meant(self, found, mode):
         """Whether a mode of the image is a wish: at the rate of its code, or at 1000/1001, where it is one."""
         width, height, rate, source = mode
-        if (found["width"], found["height"], found["interlaced"]) != (width, height, False):
+        interlaced = "i" in str(height)
+        widths = (720, 1440) if interlaced and width == 720 else (width,)  # a code and a detailed timing have pixels as sent
+        if (found["height"], found["interlaced"]) != (int(str(height).strip("i")), interlaced) or found["width"] not in widths:
             return False
         if found["id"] == "cta.video.descriptor":
             return abs(found["rate_hz"] / float(rate) - 1) < 0.0015
@@ -136,6 +142,13 @@ class Wishes(unittest.TestCase):
         self.assertEqual(wish.get("name", "Virtual"), identity["name"])
         self.assertEqual(wish.get("maker", "ZVD"), identity["manufacturer"])
         self.assertEqual(wish.get("serial_text"), identity.get("serial_text"))
+        self.assertEqual(int(wish.get("product", "1"), 0), identity["product_code"])
+        week, _, year = wish.get("date", "2025").rpartition("/")
+        self.assertEqual((int(week or 0), int(year)), (identity.get("week", 0), identity["year"]))
+        if "frl" in wish:
+            self.assertEqual(wish["frl"], f"{link['frl']['gbps_per_lane']}x{link['frl']['lanes']}")
+        if "tmds" in wish or "frl" in wish:
+            self.assertEqual(int(wish.get("tmds", "600")) * 1000000, link["max_tmds_clock_hz"])
         self.assertEqual({"hdmi": "hdmi", "dp": "displayport", "dvi": "dvi"}[wish["interface"]], link["kind"])
         if "size" in wish:
             self.assertEqual(wish["size"], "%gx%gmm" % (facts["size"]["width_mm"], facts["size"]["height_mm"]))
@@ -343,7 +356,9 @@ class Wishes(unittest.TestCase):
     def test_what_is_said_of_rounded_numbers(self):
         """Luminances and rates that are not what was asked, no rate that nobody asked for, and the date."""
         for arguments, note, shown in (
-                ("--mode=1920x1080@60 --hdr=pq,max=600,frame=400", "HDR: frame 400 became 400.000", "peak 604 cd/m²"),
+                ("--mode=1920x1080@60 --hdr=pq,max=600,frame=400", "HDR: max 600 became 603.666 cd/m2, the nearest\n", "peak 604 cd/m²"),
+                ("--mode=720x480i@60", "VIC 6", "720x480i   60 59.94\n"),
+                ("--mode=720x480i@60", "preferred, detailed timing of 1440 pixels, as each is sent 2 times", "prefers 1440 x 480i"),
                 ("--mode=720x480@60", "720x480@60: at 59.94 Hz, preferred, detailed timing, VIC 2", "720x480    60 59.94\n"),
                 ("--mode=720x480@60 --interface=dp", "720x480@60: at 60.01 Hz", "720x480    60.01\n"),
                 ("--mode=1920x1080@240 --mode=1920x1080@60 --interface=dp --vrr=48-240", "have offsets", "VRR       48 to 240 Hz (range limits"),

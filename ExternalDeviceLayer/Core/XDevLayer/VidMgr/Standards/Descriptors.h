@@ -158,6 +158,16 @@ constexpr void WriteText(unsigned char* pui8Descriptor, unsigned char ui8Tag, co
     }
 }
 
+// A display descriptor with range limits of 0 and without the numbers of a formula: a line feed and blanks are in their
+// place. From revision 4 on a value of its own says that there is no formula; before, the default one is meant.
+constexpr void WriteEmptyLimits(unsigned char* pui8Descriptor, bool bRevision4)
+{
+    constexpr unsigned int uiLimitsOnly = 1;
+    constexpr char szZeros[gsc_oFormula.GetEnd() - gsc_uiContentsOffset] = {};
+    WriteText(pui8Descriptor, gsc_ui8TagRangeLimits, szZeros, sizeof(szZeros));
+    gsc_oFormula.Write(pui8Descriptor, bRevision4 ? uiLimitsOnly : 0);
+}
+
 // Range limits of revision 4 or later whose byte 4 has flags, with which the classes take them for no display
 // descriptor. Reserved flags make them unreadable.
 constexpr bool HasRateOffsets(const unsigned char* pui8Descriptor)

@@ -79,6 +79,15 @@ constexpr unsigned int gsc_uiFirstWithDetail = 8;
 // Clocks here and in the HDMI Forum's data block.
 constexpr unsigned int gsc_uiMegaHzPerTmdsUnit = 5;
 constexpr unsigned int gsc_uiMostTmdsInMegaHz = 340; // without scrambling; rates above are the HDMI Forum's
+
+// A new payload, of zeros: that of a display which is connected to a source, not behind a repeater.
+constexpr unsigned int gsc_uiNewSize = 4;
+constexpr void WriteNew(unsigned char* pui8Payload, unsigned int uiMegaHz)
+{
+    constexpr unsigned int uiAddress = 0x1000; // 1.0.0.0
+    gsc_oPhysicalAddress.Write(pui8Payload, uiAddress);
+    gsc_oMaxTmdsClock.Write(pui8Payload, uiMegaHz / gsc_uiMegaHzPerTmdsUnit);
+}
 } // namespace ZorStandards::Hdmi
 
 namespace ZorStandards::HdmiForum
@@ -125,6 +134,18 @@ inline constexpr SPlace gsc_oDscTotalChunkKbytes = Bits(9, 5, 0);
 // The sink capability data block has two reserved bytes ahead of it.
 inline constexpr unsigned int gsc_uiSinkSkip = 2;
 inline constexpr unsigned int gsc_uiMostTmdsInMegaHz = 600;
+
+// A new payload, of zeros, as far as every one goes. Clocks that HDMI's own data block holds are left to it. Scrambling
+// and the fixed rate link are switched on by SCDC. uiFrl: an index of gsc_aoFrlRates.
+inline constexpr unsigned int gsc_uiNewSize = 4;
+constexpr void WriteNew(unsigned char* pui8Payload, unsigned int uiMegaHz, unsigned int uiFrl)
+{
+    const bool bFast = uiMegaHz > Hdmi::gsc_uiMostTmdsInMegaHz;
+    gsc_oVersion.Write(pui8Payload, 1);
+    gsc_oMaxTmdsCharacterRate.Write(pui8Payload, bFast ? uiMegaHz / Hdmi::gsc_uiMegaHzPerTmdsUnit : 0);
+    gsc_oScdcPresent.Write(pui8Payload, bFast || uiFrl != 0 ? 1 : 0);
+    gsc_oMaxFrlRate.Write(pui8Payload, uiFrl);
+}
 
 // VRR_MAX in Hz is at least this; 0 says that the rate of the timing is the maximum.
 inline constexpr unsigned int gsc_uiLeastVrrMax = 100;

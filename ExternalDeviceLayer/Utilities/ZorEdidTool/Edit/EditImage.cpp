@@ -202,7 +202,8 @@ std::string CEditImage::EditCea(SEditedBlock& oBlock, const CCeaEdit& fnEdit)
 // Tries the CTA-861 blocks with data blocks in their order until one takes the edit; else the first one's reason.
 std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& oBlock)>& fnEdit)
 {
-    std::string sReason = "the library reads no CTA-861 block that can hold data blocks";
+    std::string sReason = "the library reads no CTA-861 block that can hold data blocks; --add cta.audio=HEX and "
+                          "--add cta.speakers=HEX also make one";
     bool bFirst = true;
     for (SEditedBlock& oBlock : m_aoBlocks)
     {

@@ -10,7 +10,6 @@
 
 #include "EditLimits.h"
 #include "FieldEdits.h"
-#include "Findings.h"
 #include "NearWord.h"
 #include "TextFormat.h"
 
@@ -38,6 +37,25 @@ std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Ta
     return oFields.AddDescriptor(aui8Bytes);
 }
 
+// ---- What several places say ----
+
+// Every field of these ids that says something.
+std::string SetWhereGiven(CFieldEdits& oFields, std::initializer_list<CFieldEdits::SValue> aoValues)
+{
+    std::string sProblem;
+    for (const CFieldEdits::SValue& oValue : aoValues)
+    {
+        for (unsigned int i = 0; i < oFields.GetMap().CountFields(oValue.m_eId) && sProblem.empty(); ++i)
+        {
+            const unsigned int uiField = oFields.GetMap().FindField(oValue.m_eId, i);
+            const bool bGiven =
+                oFields.GetMap().GetField(uiField).m_llNumber != 0 && oFields.GetMap().GetValue(uiField) != "not given";
+            sProblem = bGiven ? oFields.Set(oValue.m_eId, oValue.m_sValue, i) : sProblem;
+        }
+    }
+    return sProblem;
+}
+
 // ---- Date ----
 
 std::string PutYear(CFieldEdits& oFields, const std::string& sYear)
@@ -59,28 +77,7 @@ struct SSize
     unsigned int m_uiHeightInMm = 0;
 };
 
-// Display parameters of DisplayID that give a size, in their own unit.
-std::string PutDisplayIdSize(CFieldEdits& oFields, const SSize& oSize)
-{
-    std::string sProblem;
-    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_DisplayidParametersImageWidth); ++i)
-    {
-        const CZorEdidMap& oMap = oFields.GetMap();
-        const unsigned int uiField = oMap.FindField(eZorEdidField_DisplayidParametersImageWidth, i);
-        if (oMap.GetField(uiField).m_llNumber == 0 || !sProblem.empty())
-        {
-            continue;
-        }
-        sProblem =
-            oFields.Set(eZorEdidField_DisplayidParametersImageWidth, FormatText("%u mm", oSize.m_uiWidthInMm), i);
-        sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_DisplayidParametersImageHeight,
-                                                  FormatText("%u mm", oSize.m_uiHeightInMm), i)
-                                    : sProblem;
-    }
-    return sProblem;
-}
-
-// The nearest centimetre in the base block, and millimetres in each detailed timing that has a size.
+// The nearest centimetre in the base block, and millimetres where detailed timings and DisplayID have a size.
 std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
 {
     constexpr unsigned int uiMmPerCm = 10;
@@ -88,21 +85,15 @@ std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
     const auto fnPut = [&](unsigned int uiOffset, unsigned int uiMm) {
         return oFields.Apply({ eZorEdidField_None, uiOffset, SSetting::msc_uiNone, fnCm(uiMm) });
     };
+    const std::string sWidth = FormatText("%u mm", oSize.m_uiWidthInMm);
+    const std::string sHeight = FormatText("%u mm", oSize.m_uiHeightInMm);
     std::string sProblem = fnPut(BaseBlock::gsc_uiImageWidthOffset, oSize.m_uiWidthInMm);
     sProblem = sProblem.empty() ? fnPut(BaseBlock::gsc_uiImageHeightOffset, oSize.m_uiHeightInMm) : sProblem;
-    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_BaseDetailedImageWidth); ++i)
-    {
-        const CZorEdidMap& oMap = oFields.GetMap();
-        const bool bSized = oMap.GetField(oMap.FindField(eZorEdidField_BaseDetailedImageWidth, i)).m_llNumber != 0;
-        const std::string sWidth = std::to_string(oSize.m_uiWidthInMm);
-        const std::string sHeight = std::to_string(oSize.m_uiHeightInMm);
-        if (bSized && sProblem.empty())
-        {
-            sProblem = oFields.Set(eZorEdidField_BaseDetailedImageWidth, sWidth, i);
-            sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_BaseDetailedImageHeight, sHeight, i) : sProblem;
-        }
-    }
-    return sProblem.empty() ? PutDisplayIdSize(oFields, oSize) : sProblem;
+    return sProblem.empty() ? SetWhereGiven(oFields, { { eZorEdidField_BaseDetailedImageWidth, sWidth },
+                                                       { eZorEdidField_BaseDetailedImageHeight, sHeight },
+                                                       { eZorEdidField_DisplayidParametersImageWidth, sWidth },
+                                                       { eZorEdidField_DisplayidParametersImageHeight, sHeight } })
+                            : sProblem;
 }
 
 // ---- Range limits ----
@@ -138,44 +129,9 @@ std::string ParseLimit(const std::string& sText, SAskedLimits& oAsked)
     return bGood ? "" : "'" + sText + "' is not a limit such as 48-144Hz, 30-222kHz or 600MHz";
 }
 
-std::string PutLimits(CFieldEdits& oFields, const SAskedLimits& oAsked)
+SLimits Replace(SLimits oLimits, const SAskedLimits& oAsked)
 {
-    constexpr unsigned int uiMostMegaHz = 2550;
-    constexpr unsigned char ui8LimitsOnly = 1; // no timing formula, from revision 4 on
-    if (oFields.GetMap().GetSize() < gsc_uiBlockSize)
-    {
-        return "the base block is not whole";
-    }
-    const bool bNew = !oFields.Has(eZorEdidField_BaseRange);
-    if (bNew && (oAsked.m_oHz.m_uiMost == 0 || oAsked.m_oKiloHz.m_uiMost == 0 || oAsked.m_uiMegaHz == 0))
-    {
-        return "the image has no range limits, and new ones need all of Hz, kHz and MHz";
-    }
-    if (oAsked.m_uiMegaHz > uiMostMegaHz)
-    {
-        return "a clock is at most 2550 MHz";
-    }
-    if (bNew)
-    {
-        CBytes aui8Bytes = { 0, 0, 0, Descriptors::gsc_ui8TagRangeLimits, 0, 1, 1, 1, 1, 1 };
-        aui8Bytes.push_back(oFields.IsRevision4() ? ui8LimitsOnly : 0);
-        aui8Bytes.push_back(0x0A); // a line feed and blanks where no formula has its numbers
-        aui8Bytes.resize(Descriptors::gsc_uiDescriptorSize, ' ');
-        std::string sProblem = oFields.AddDescriptor(aui8Bytes);
-        if (!sProblem.empty())
-        {
-            return sProblem;
-        }
-    }
-    CBytes aui8Base = oFields.GetBytes();
-    const unsigned int uiOffset = FindLimits(aui8Base.data());
-    const unsigned int uiRevision = BaseBlock::ReadRevision(aui8Base.data());
-    if (uiOffset == 0)
-    {
-        return "the base block has no range limits of its own";
-    }
-    SLimits oLimits = Descriptors::ReadRangeLimits(aui8Base.data() + uiOffset, uiRevision);
-    const std::string sOld = GetLimitsText(oLimits);
+    constexpr unsigned int uiMegaHzPerUnit = 10;
     if (oAsked.m_oHz.m_uiMost != 0)
     {
         oLimits.m_uiMinVerticalRateInHz = oAsked.m_oHz.m_uiLeast;
@@ -188,17 +144,53 @@ std::string PutLimits(CFieldEdits& oFields, const SAskedLimits& oAsked)
     }
     if (oAsked.m_uiMegaHz != 0)
     {
-        constexpr unsigned int uiMegaHzPerUnit = 10;
         oLimits.m_uiMaxPixelClockInKiloHz =
             (oAsked.m_uiMegaHz + uiMegaHzPerUnit - 1) / uiMegaHzPerUnit * Descriptors::gsc_uiKiloHzPer10MegaHz;
         oLimits.m_uiPreciseMaxPixelClockInKiloHz = oLimits.m_uiMaxPixelClockInKiloHz;
     }
-    if (!WriteLimits(aui8Base.data() + uiOffset, uiRevision, oLimits))
+    return oLimits;
+}
+
+std::string PutLimits(CFieldEdits& oFields, const SAskedLimits& oAsked)
+{
+    constexpr unsigned int uiMostMegaHz = 2550;
+    if (oFields.GetMap().GetSize() < gsc_uiBlockSize)
+    {
+        return "the base block is not whole";
+    }
+    const bool bNew = !oFields.Has(eZorEdidField_BaseRange);
+    const CBytes aui8Base = oFields.GetBytes();
+    const unsigned int uiOffset = FindLimits(aui8Base.data());
+    if (bNew && (oAsked.m_oHz.m_uiMost == 0 || oAsked.m_oKiloHz.m_uiMost == 0 || oAsked.m_uiMegaHz == 0))
+    {
+        return "the image has no range limits, and new ones need all of Hz, kHz and MHz";
+    }
+    if (!bNew && uiOffset == 0)
+    {
+        return "the base block has no range limits of its own";
+    }
+    if (oAsked.m_uiMegaHz > uiMostMegaHz)
+    {
+        return "a clock is at most 2550 MHz";
+    }
+    CBytes aui8Limits(aui8Base.begin() + uiOffset, aui8Base.begin() + uiOffset + Descriptors::gsc_uiDescriptorSize);
+    if (bNew)
+    {
+        Descriptors::WriteEmptyLimits(aui8Limits.data(), oFields.IsRevision4());
+    }
+    const unsigned int uiRevision = BaseBlock::ReadRevision(aui8Base.data());
+    const SLimits oOld = Descriptors::ReadRangeLimits(aui8Limits.data(), uiRevision);
+    const SLimits oLimits = Replace(oOld, oAsked);
+    if (!WriteLimits(aui8Limits.data(), uiRevision, oLimits))
     {
         return "rates are 1 to 255, from E-EDID 1.4 on up to 510";
     }
-    oFields.PutBase(uiOffset, { aui8Base.begin() + uiOffset, aui8Base.begin() + uiOffset + 18 });
-    oFields.Note(GetLimitsText(oLimits) + (bNew ? "" : " became the range limits; they were " + sOld));
+    if (bNew)
+    {
+        return oFields.AddDescriptor(aui8Limits);
+    }
+    oFields.PutBase(uiOffset, aui8Limits);
+    oFields.Note(GetLimitsText(oLimits) + " became the range limits; they were " + GetLimitsText(oOld));
     return "";
 }
 
@@ -224,18 +216,21 @@ constexpr EZorEdidField gsc_aeChromaticities[] = {
 std::string FollowSrgb(CFieldEdits& oFields)
 {
     const unsigned char* pui8Base = oFields.GetMap().GetData();
-    if (oFields.GetMap().GetSize() >= gsc_uiBlockSize &&
-        memcmp(pui8Base + BaseBlock::gsc_uiChromaticitiesOffset, BaseBlock::gsc_aui8SrgbColors,
-               sizeof(BaseBlock::gsc_aui8SrgbColors)) == 0 &&
-        pui8Base[BaseBlock::gsc_uiGammaOffset] == BaseBlock::gsc_ui8SrgbGamma)
+    const bool bColors = oFields.GetMap().GetSize() >= gsc_uiBlockSize &&
+                         memcmp(pui8Base + BaseBlock::gsc_uiChromaticitiesOffset, BaseBlock::gsc_aui8SrgbColors,
+                                sizeof(BaseBlock::gsc_aui8SrgbColors)) == 0;
+    if (bColors && pui8Base[BaseBlock::gsc_uiGammaOffset] == BaseBlock::gsc_ui8SrgbGamma)
     {
         return oFields.Set(eZorEdidField_BaseDisplaySrgbDefault, "yes");
     }
-    const std::vector<SFinding> aoFindings = CheckImage(oFields.GetMap(), GetThisYear());
-    const bool bOther = std::ranges::any_of(aoFindings, [](const SFinding& oFinding) {
-        return oFinding.m_eRule == eZorEdidRule_SrgbColors || oFinding.m_eRule == eZorEdidRule_SrgbGamma;
-    });
-    return bOther ? oFields.Set(eZorEdidField_BaseDisplaySrgbDefault, "no") : "";
+    if (bColors)
+    {
+        oFields.Note("the colors are those of sRGB and the gamma is not, so that the image does not say that it is "
+                     "sRGB; with --gamma 2.2 it does");
+    }
+    return oFields.IsFound({ eZorEdidRule_SrgbColors, eZorEdidRule_SrgbGamma })
+               ? oFields.Set(eZorEdidField_BaseDisplaySrgbDefault, "no")
+               : "";
 }
 } // namespace
 
@@ -360,6 +355,9 @@ std::string ParseGamma(const std::string& sText, CNamedEdit& fnEdit)
 {
     fnEdit = [sText](CFieldEdits& oFields) {
         std::string sProblem = oFields.Set(eZorEdidField_BaseDisplayGamma, sText);
+        sProblem = sProblem.empty() ? SetWhereGiven(oFields, { { eZorEdidField_DisplayidParametersGamma, sText },
+                                                               { eZorEdidField_DisplayidParameters2GammaEotf, sText } })
+                                    : sProblem;
         return sProblem.empty() ? FollowSrgb(oFields) : sProblem;
     };
     return "";

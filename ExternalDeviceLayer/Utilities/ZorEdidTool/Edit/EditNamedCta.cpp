@@ -99,9 +99,7 @@ std::string PutColorimetry(CFieldEdits& oFields, const CTexts& asNames)
 
 constexpr unsigned int gsc_uiMostTmds1 = Hdmi::gsc_uiMostTmdsInMegaHz;      // of HDMI's own data block
 constexpr unsigned int gsc_uiMostTmds2 = HdmiForum::gsc_uiMostTmdsInMegaHz; // with scrambling
-constexpr unsigned int gsc_uiMegaHzPerUnit = Hdmi::gsc_uiMegaHzPerTmdsUnit;
-constexpr size_t gsc_uiRatesSize = 4; // of the HDMI Forum's payload, up to the fixed rate link
-constexpr size_t gsc_uiVrrSize = 7;
+constexpr size_t gsc_uiVrrSize = HdmiForum::gsc_oVrrMax.GetEnd();
 
 // What HDMI asks of the rest of an image, and most sources do not.
 void NoteOlderDemands(CFieldEdits& oFields)
@@ -116,27 +114,18 @@ void NoteOlderDemands(CFieldEdits& oFields)
     }
 }
 
-// The modes that the image has must not be beyond the link that it gets.
-struct SNeeds
+// The highest clock of the modes that the image has, which a new link has to carry: MHz, in steps of the fields.
+unsigned int GetMostMegaHz(const CFieldEdits& oFields)
 {
-    unsigned int m_uiMegaHz = 0; // the highest clock, in steps of the fields
-    bool m_bUhdCodes = false;    // video codes of 3840 pixels and more
-};
-SNeeds ReadNeeds(const CFieldEdits& oFields)
-{
-    constexpr unsigned long long ullStep = gsc_uiMegaHzPerUnit * 1000000ULL;
-    SNeeds oNeeds;
+    constexpr unsigned long long ullStep = Hdmi::gsc_uiMegaHzPerTmdsUnit * 1000000ULL;
+    unsigned long long ullMost = 0;
     CZorEdidModes oModes;
     oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
-        const SZorImageMode& oEntry = oModes.Get(i);
-        const auto uiSteps = static_cast<unsigned int>((oEntry.m_oMode.m_ullClock + ullStep - 1) / ullStep);
-        oNeeds.m_uiMegaHz = std::max(oNeeds.m_uiMegaHz, uiSteps * gsc_uiMegaHzPerUnit);
-        oNeeds.m_bUhdCodes = oNeeds.m_bUhdCodes || (oEntry.m_eField == eZorEdidField_CtaVideoDescriptor &&
-                                                    oEntry.m_oMode.m_uiWidth >= HdmiForum::gsc_uiUhdWidth);
+        ullMost = std::max(ullMost, oModes.Get(i).m_oMode.m_ullClock);
     }
-    return oNeeds;
+    return static_cast<unsigned int>((ullMost + ullStep - 1) / ullStep) * Hdmi::gsc_uiMegaHzPerTmdsUnit;
 }
 
 // HDMI's own data block, with a clock.
@@ -144,8 +133,8 @@ std::string EnsureHdmi(CFieldEdits& oFields)
 {
     if (!oFields.Has(eZorEdidField_CtaHdmi))
     {
-        CBytes aui8Payload = { 0x10, 0x00, 0x00, 0x00 }; // physical address 1.0.0.0
-        Hdmi::gsc_oMaxTmdsClock.Write(aui8Payload.data(), gsc_uiMostTmds1 / gsc_uiMegaHzPerUnit);
+        CBytes aui8Payload(Hdmi::gsc_uiNewSize);
+        Hdmi::WriteNew(aui8Payload.data(), gsc_uiMostTmds1);
         std::string sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmi, aui8Payload);
         if (sProblem.empty())
         {
@@ -153,7 +142,7 @@ std::string EnsureHdmi(CFieldEdits& oFields)
         }
         return sProblem;
     }
-    return oFields.Lengthen(eZorEdidField_CtaHdmi, gsc_uiRatesSize);
+    return oFields.Lengthen(eZorEdidField_CtaHdmi, Hdmi::gsc_uiNewSize);
 }
 
 // The capabilities of the HDMI Forum, in either of its data blocks, of at least this size.
@@ -166,17 +155,17 @@ std::string EnsureForum(CFieldEdits& oFields, size_t uiLeast)
     std::string sProblem = EnsureHdmi(oFields);
     if (sProblem.empty() && !oFields.Has(eZorEdidField_CtaHdmiForum))
     {
-        const SNeeds oNeeds = ReadNeeds(oFields);
-        const bool bFast = oNeeds.m_uiMegaHz > gsc_uiMostTmds1;
-        const unsigned int uiMegaHz = bFast ? std::min(oNeeds.m_uiMegaHz, gsc_uiMostTmds2) : 0;
-        CBytes aui8Payload(gsc_uiRatesSize);
-        HdmiForum::gsc_oVersion.Write(aui8Payload.data(), 1);
-        HdmiForum::gsc_oMaxTmdsCharacterRate.Write(aui8Payload.data(), uiMegaHz / gsc_uiMegaHzPerUnit);
-        HdmiForum::gsc_oScdcPresent.Write(aui8Payload.data(), bFast ? 1 : 0);
-        HdmiForum::gsc_oUhdVic.Write(aui8Payload.data(), oNeeds.m_bUhdCodes ? 1 : 0);
+        CBytes aui8Payload(HdmiForum::gsc_uiNewSize);
+        HdmiForum::WriteNew(aui8Payload.data(), std::min(GetMostMegaHz(oFields), gsc_uiMostTmds2), 0);
         sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmiForum, aui8Payload);
     }
     return sProblem.empty() ? oFields.Lengthen(eZorEdidField_CtaHdmiForum, uiLeast) : sProblem;
+}
+
+// HDMI 2.1 asks for a flag where video codes of 3840 pixels and more are listed.
+std::string FollowUhdCodes(CFieldEdits& oFields)
+{
+    return oFields.IsFound({ eZorEdidRule_UhdVicMissing }) ? oFields.Set(eZorEdidField_CtaHdmiForumUhdVic, "yes") : "";
 }
 
 std::string PutTmds(CFieldEdits& oFields, unsigned int uiMegaHz)
@@ -184,7 +173,7 @@ std::string PutTmds(CFieldEdits& oFields, unsigned int uiMegaHz)
     const std::string sRate = std::to_string(uiMegaHz);
     if (uiMegaHz > gsc_uiMostTmds1)
     {
-        std::string sProblem = EnsureForum(oFields, gsc_uiRatesSize);
+        std::string sProblem = EnsureForum(oFields, HdmiForum::gsc_uiNewSize);
         return !sProblem.empty() ? sProblem
                                  : oFields.SetAll({ { eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, sRate },
                                                     { eZorEdidField_CtaHdmiForumScdcPresent, "yes" } });
@@ -196,20 +185,15 @@ std::string PutTmds(CFieldEdits& oFields, unsigned int uiMegaHz)
                : sProblem;
 }
 
-// Sinks of 6 Gbit/s and more take the highest clock of TMDS as well.
+// With the fixed rate link a sink takes the highest clock of TMDS as well.
 std::string PutFrl(CFieldEdits& oFields, unsigned int uiCode)
 {
-    constexpr unsigned int uiFirstWithTmds = 2;
-    std::string sProblem = EnsureForum(oFields, gsc_uiRatesSize);
+    std::string sProblem = EnsureForum(oFields, HdmiForum::gsc_uiNewSize);
     sProblem = sProblem.empty() ? oFields.SetAll({ { eZorEdidField_CtaHdmiForumMaxFrlRate, std::to_string(uiCode) },
                                                    { eZorEdidField_CtaHdmiForumScdcPresent, "yes" } })
                                 : sProblem;
-    if (sProblem.empty() && oFields.GetNumber(eZorEdidField_CtaHdmiForumUhdVic) == 0 && ReadNeeds(oFields).m_bUhdCodes)
-    {
-        sProblem = oFields.Set(eZorEdidField_CtaHdmiForumUhdVic, "yes");
-    }
-    return sProblem.empty() && uiCode >= uiFirstWithTmds &&
-                   oFields.GetNumber(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate) < gsc_uiMostTmds2
+    sProblem = sProblem.empty() ? FollowUhdCodes(oFields) : sProblem;
+    return sProblem.empty() && oFields.GetNumber(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate) < gsc_uiMostTmds2
                ? oFields.Set(eZorEdidField_CtaHdmiForumMaxTmdsCharacterRate, std::to_string(gsc_uiMostTmds2))
                : sProblem;
 }
@@ -226,6 +210,7 @@ std::string PutVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMo
     sProblem = sProblem.empty() ? oFields.SetAll({ { eZorEdidField_CtaHdmiForumVrrMin, std::to_string(uiLeast) },
                                                    { eZorEdidField_CtaHdmiForumVrrMax, sMost } })
                                 : sProblem;
+    sProblem = sProblem.empty() ? FollowUhdCodes(oFields) : sProblem;
     if (!sProblem.empty() || !oFields.Has(eZorEdidField_BaseRange))
     {
         return sProblem;

@@ -69,6 +69,14 @@ bool CFieldEdits::IsRevision4() const
                                                       ZorStandards::BaseBlock::gsc_uiVideoInputRevision);
 }
 
+bool CFieldEdits::IsFound(std::initializer_list<EZorEdidRule> aeRules) const
+{
+    const std::vector<SFinding> aoFindings = CheckImage(GetMap(), GetThisYear());
+    return std::ranges::any_of(aoFindings, [&](const SFinding& oFinding) {
+        return std::ranges::find(aeRules, oFinding.m_eRule) != aeRules.end();
+    });
+}
+
 // ---- Fields ----
 
 std::string CFieldEdits::SetBy(unsigned int uiField, const std::string& sValue)
@@ -127,9 +135,13 @@ std::string CFieldEdits::NameWithValue(unsigned int uiField) const
     return NameField(GetMap(), uiField) + (sValue.empty() ? "" : " " + sValue);
 }
 
-std::string CFieldEdits::Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone)
+// fnDo does one step of CZorEdidParts and gives its result.
+template <class DO>
+std::string CFieldEdits::EditParts(DO fnDo, const char* pszDone)
 {
-    if (iResult == 0)
+    CZorEdidParts::SAnswer oAnswer;
+    const unsigned int uiBlockMaps = GetMap().CountFields(eZorEdidField_BlockMap);
+    if (fnDo(oAnswer) == 0)
     {
         return static_cast<const char*>(oAnswer.m_oReason);
     }
@@ -148,34 +160,47 @@ std::string CFieldEdits::Finish(int iResult, const CZorEdidParts::SAnswer& oAnsw
                                 "follows the source and nothing is overscanned");
         }
     }
+    if (GetMap().CountFields(eZorEdidField_BlockMap) > uiBlockMaps)
+    {
+        m_asNotes.push_back("EDID 1.3 asks for a block map beside two extension blocks: block 1 is one, and the others "
+                            "follow it");
+    }
     return "";
 }
 
 std::string CFieldEdits::AddDataBlock(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oWhere)
 {
-    CZorEdidParts::SAnswer oAnswer;
-    const int iResult = m_oParts.AddDataBlock(eId, CountBytes(aui8Payload), aui8Payload.data(), oWhere, oAnswer);
-    return Finish(iResult, oAnswer, "was added");
+    return EditParts(
+        [&](CZorEdidParts::SAnswer& oAnswer) {
+            return m_oParts.AddDataBlock(eId, CountBytes(aui8Payload), aui8Payload.data(), oWhere, oAnswer);
+        },
+        "was added");
 }
 
 std::string CFieldEdits::AddItem(EZorEdidField eId, const CBytes& aui8Item, const SWhere& oWhere)
 {
-    CZorEdidParts::SAnswer oAnswer;
-    const int iResult = m_oParts.AddItem(eId, CountBytes(aui8Item), aui8Item.data(), oWhere, oAnswer);
-    return Finish(iResult, oAnswer, "was added");
+    return EditParts(
+        [&](CZorEdidParts::SAnswer& oAnswer) {
+            return m_oParts.AddItem(eId, CountBytes(aui8Item), aui8Item.data(), oWhere, oAnswer);
+        },
+        "was added");
 }
 
 std::string CFieldEdits::AddBlock(unsigned int uiTag, const CBytes& aui8Block)
 {
-    CZorEdidParts::SAnswer oAnswer;
     const unsigned char* pui8Block = aui8Block.empty() ? nullptr : aui8Block.data();
-    return Finish(m_oParts.AddBlock(uiTag, CountBytes(aui8Block), pui8Block, {}, oAnswer), oAnswer, "was added");
+    return EditParts(
+        [&](CZorEdidParts::SAnswer& oAnswer) {
+            return m_oParts.AddBlock(uiTag, CountBytes(aui8Block), pui8Block, {}, oAnswer);
+        },
+        "was added");
 }
 
 std::string CFieldEdits::PutDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
 {
-    CZorEdidParts::SAnswer oAnswer;
-    return Finish(m_oParts.AddDescriptor(aui8Bytes.data(), oWhere, oAnswer), oAnswer, "was added");
+    return EditParts(
+        [&](CZorEdidParts::SAnswer& oAnswer) { return m_oParts.AddDescriptor(aui8Bytes.data(), oWhere, oAnswer); },
+        "was added");
 }
 
 std::string CFieldEdits::AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere)
@@ -242,30 +267,37 @@ std::string CFieldEdits::AddBehindMovedTiming(const CBytes& aui8Bytes, const SWh
 
 std::string CFieldEdits::AddStandard(const CBytes& aui8Bytes)
 {
-    CZorEdidParts::SAnswer oAnswer;
     if (aui8Bytes.size() != 2)
     {
         return "a standard timing has 2 bytes";
     }
-    return Finish(m_oParts.AddStandard(aui8Bytes.data(), {}, oAnswer), oAnswer, "was added");
+    return EditParts(
+        [&](CZorEdidParts::SAnswer& oAnswer) { return m_oParts.AddStandard(aui8Bytes.data(), {}, oAnswer); },
+        "was added");
 }
 
 std::string CFieldEdits::Remove(unsigned int uiField)
 {
-    CZorEdidParts::SAnswer oAnswer;
     const std::string sName = NameWithValue(uiField);
-    std::string sProblem = Finish(m_oParts.Remove(uiField, oAnswer), oAnswer, "");
+    CZorEdidParts::CFields auiFollowed;
+    std::string sProblem = EditParts(
+        [&](CZorEdidParts::SAnswer& oAnswer) {
+            const int iResult = m_oParts.Remove(uiField, oAnswer);
+            auiFollowed = oAnswer.m_auiFollowed;
+            return iResult;
+        },
+        "");
     if (sProblem.empty())
     {
-        m_asNotes.push_back(sName + " was removed" + NameFollowed(GetMap(), oAnswer.m_auiFollowed));
+        m_asNotes.push_back(sName + " was removed" + NameFollowed(GetMap(), auiFollowed));
     }
     return sProblem;
 }
 
 std::string CFieldEdits::Move(unsigned int uiField, unsigned int uiPlace)
 {
-    CZorEdidParts::SAnswer oAnswer;
-    return Finish(m_oParts.Move(uiField, uiPlace, oAnswer), oAnswer, "has moved here");
+    return EditParts([&](CZorEdidParts::SAnswer& oAnswer) { return m_oParts.Move(uiField, uiPlace, oAnswer); },
+                     "has moved here");
 }
 
 // ---- Payloads ----

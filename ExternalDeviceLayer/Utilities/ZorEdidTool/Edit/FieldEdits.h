@@ -29,6 +29,8 @@ public:
     long long GetNumber(EZorEdidField eId) const;
     // Of the base block.
     bool IsRevision4() const;
+    // Whether the image breaks one of these rules.
+    bool IsFound(std::initializer_list<EZorEdidRule> aeRules) const;
 
     // What zoredid check finds afterwards and did not find before is noted.
     std::string Do(const CNamedEdit& fnEdit);
@@ -69,7 +71,8 @@ public:
 
 private:
     std::string NameWithValue(unsigned int uiField) const;
-    std::string Finish(int iResult, const CZorEdidParts::SAnswer& oAnswer, const char* pszDone);
+    template <class DO>
+    std::string EditParts(DO fnDo, const char* pszDone);
     std::string SetBy(unsigned int uiField, const std::string& sValue);
     void Read(const CBytes& aui8Image);
     std::string PutDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere);

@@ -58,6 +58,7 @@ constexpr SNamedCase gsc_aoCases[] = {
     { "--range-limits", "48-300Hz,30-222kHz,595MHz",
       "base.range.min-vertical-rate=48 Hz; base.range.max-vertical-rate=300 Hz; base.range.max-pixel-clock=600 MHz" },
     { "--chromaticities", "bt2020", "base.chromaticity.red-x=0.7080; base.chromaticity.blue-y=0.0459" },
+    { "--chromaticities", "srgb", "base.chromaticity.red-x=0.6396" },
     { "--chromaticities", ".1,.2,.3,.4,.5,.6,.25,.75", "base.chromaticity.white-y=0.7500" },
     { "--gamma", "2.4", "base.display.gamma=2.40" },
     { "--add-hdr", "pq,hlg,max=600,frame=400,min=0.05",
@@ -67,6 +68,7 @@ constexpr SNamedCase gsc_aoCases[] = {
     { "--vrr", "48-144",
       "cta.hdmi-forum.vrr-min=48 Hz; cta.hdmi-forum.vrr-max=144 Hz; cta.hdmi.max-tmds-clock=340 MHz" },
     { "--frl", "6x4", "cta.hdmi-forum.max-frl-rate=6 Gbps on 4 lanes; cta.hdmi-forum.max-tmds-character-rate=600 MHz" },
+    { "--frl", "3x3", "cta.hdmi-forum.max-frl-rate=3 Gbps on 3 lanes; cta.hdmi-forum.max-tmds-character-rate=600 MHz" },
     { "--tmds", "600", "cta.hdmi-forum.max-tmds-character-rate=600 MHz; cta.hdmi-forum.scdc-present=yes" },
     { "--tmds", "225", "cta.hdmi.max-tmds-clock=225 MHz" },
     { "--ycbcr420", "16,97", "cta.420-map=; cta.420-video=" },
@@ -78,6 +80,7 @@ constexpr SNamedCase gsc_aoCases[] = {
     // A code, a detailed timing, a timing of DisplayID.
     { "--add-mode", "3840x2160@60", "cta.video.vic=" },
     { "--add-mode", "1280x1024@75,preferred", "base.detailed=1280 x 1024 @ 75.02 Hz" },
+    { "--add-mode", "1366x768@75,cvt-rb,preferred", "base.detailed=1366 x 768 @ 74.92 Hz" },
     { "--add-mode", "5120x2880@60,displayid", "displayid.type1.timing=1920 x 1080 @ 60 Hz" },
     { "--add-modeline", "Modeline \"1080p 50\" 148.5 1920 2448 2492 2640 1080 1084 1089 1125 +HSync +vsync",
       "cta.video.vic=" },
@@ -251,10 +254,13 @@ constexpr const char* gsc_aapszSaid[][2] = {
     { "set to overscanned", "cta.underscan" },
     { "Only one instance", "cta.data-block.repeated" },
     { "sRGB is not signaled", "sRGB is the default color space" },
+    { "sRGB is not signaled", "does not say that it is sRGB" },
     { "Block Map", "block.map" },
     { "Must be used in block", "block.map" },
     { "Invalid block number", "block.map" },
     { "expects at least one preferred", "was removed" },
+    { "expects at least one preferred", "DisplayID asks for a preferred timing" },
+    { "Missing DisplayID Type I", "DisplayID asks for a preferred timing" },
     { "HDMI VIC Codes must have", "is new" },                            // it looks for them in the same block
     { "D_Structure_X", "" },                                             // read beyond a data block that is cut
     { "The DTD max image size", "DisplayID extension block was added" }, // it did not fit before

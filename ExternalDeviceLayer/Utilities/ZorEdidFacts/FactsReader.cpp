@@ -237,6 +237,11 @@ void CReader::Finish()
     {
         Replace(oAudio.m_oAudio, true, oAudio.m_aoFormats[0].m_eId, oAudio.m_aoFormats[0].m_ui16Offset);
     }
+    m_oFacts.m_oUnread = FindUnread(m_pui8Image, m_uiSize);
+    if (!oAudio.m_oAudio.m_oValue && m_oFacts.m_oUnread.m_eReason != CFacts::eUnread_None)
+    {
+        oAudio.m_oAudio = {};
+    }
 }
 
 // The base block's centimetres and the first timing's millimetres, as an HDMI block lets them count. Centimetres that

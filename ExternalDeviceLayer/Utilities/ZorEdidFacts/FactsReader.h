@@ -97,6 +97,9 @@ constexpr CFacts::EKind FindUseCase(unsigned int uiCode)
     return uiCode < std::size(aeKinds) ? aeKinds[uiCode] : CFacts::eKind_Other;
 }
 
+// The first block that may say more than is read of it. At least a base block.
+CFacts::SUnread FindUnread(const unsigned char* pui8Image, unsigned int uiSize);
+
 class CReader
 {
 public:

@@ -32,6 +32,7 @@ void CZorEdidFacts::Clear()
     m_oAudio = {};
     std::fill(std::begin(m_aoConflicts), std::end(m_aoConflicts), SConflict{});
     m_uiConflicts = 0;
+    m_oUnread = {};
 }
 
 const CZorEdidFacts::SConflict* CZorEdidFacts::GetConflict(unsigned int uiIndex) const

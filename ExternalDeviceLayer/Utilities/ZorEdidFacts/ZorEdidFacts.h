@@ -571,7 +571,7 @@ public:
 
     struct SAudio
     {
-        SFlag m_oAudio;           ///< any: of CTA-861, DisplayID or VESA DDDB
+        SFlag m_oAudio;           ///< any: of CTA-861, DisplayID or VESA DDDB; 'no' only where all blocks were read
         SFlag m_oBasic;           ///< basic audio, two channels of L-PCM: CTA-861
         SFlag m_oSpeakersBuiltIn; ///< DisplayID 2.0
         /// In the order of the bytes; m_uiFormats is how many, the first msc_uiMostFormats are kept.
@@ -634,6 +634,27 @@ public:
 
     /// Reads the facts of pui8Data, uiSize bytes in any state; null counts as none. Blocks are those that the image
     /// announces and has. Checksums, lengths and headers that are wrong are no reason to leave a block out. Returns 1;
+    // ---- What was not read ----
+
+    /// Why an extension block may say what the facts do not have.
+    enum EUnread : unsigned char
+    {
+        eUnread_None,
+        eUnread_Missing,   ///< announced, and not there
+        eUnread_Cut,       ///< the image ends within it
+        eUnread_Kind,      ///< its tag has no meaning
+        eUnread_Revision,  ///< not published, or one of CTA-861 without data blocks that has bytes in their place
+        eUnread_Offset,    ///< of CTA-861: byte 2, where its data blocks end
+        eUnread_Length,    ///< of a section or data block, which runs past its end
+        eUnread_Checksum,  ///< wrong: it was read, but any of its bytes may be damaged
+        eUnread_NotCounted ///< one of CTA-861 or DisplayID that is there and not announced
+    };
+    struct SUnread
+    {
+        EUnread m_eReason = eUnread_None;
+        unsigned int m_uiBlock = 0; ///< number in the image
+    };
+
     /// 0 with an empty record for fewer than 128 bytes.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
     /// Leaves nothing said.
@@ -649,6 +670,9 @@ public:
     unsigned int GetConflictCount() const { return m_uiConflicts; }
     /// Null at min(GetConflictCount(), msc_uiMostConflicts) or beyond.
     const SConflict* GetConflict(unsigned int uiIndex) const;
+    /// The first block that was not read whole; with one, what is not said may be said there: it is not known.
+    const SUnread& GetUnread() const { return m_oUnread; }
+
 
     /// The maker's name for three letters: of the list pszFile, rows of letters, a tab and a name, or, where it is
     /// null, of the system's (hwdata's pnp.ids); of the library's own list where there is no such file or row. Reads
@@ -669,3 +693,4 @@ private:
 };
 
 #pragma GCC visibility pop
+    SUnread m_oUnread;

@@ -322,11 +322,11 @@ std::string Summarise(const SInput& oInput, CLoadedImage& oImage)
         2);
     Add(asHead, "Link", JoinTexts({ DescribeLink(oFacts), DescribeTransport(oFacts.GetLink()) }), 2);
     CLines asTail;
-    Add(asTail, "HDR", bCut ? "" : DescribeHdr(oFacts), 2);
-    Add(asTail, "VRR", bCut ? "" : DescribeVariableRefresh(oFacts), 2);
+    Add(asTail, "HDR", DescribeHdr(oFacts), 2);
+    Add(asTail, "VRR", DescribeVariableRefresh(oFacts), 2);
     Add(asTail, "Ranges", DescribeRanges(oFacts.GetLink()), 1);
     Add(asTail, "Colour", DescribeColour(oFacts.GetColour()), 2);
-    Add(asTail, "Audio", DescribeAudio(oFacts.GetAudio()), 2);
+    Add(asTail, "Audio", DescribeAudio(oFacts), 2);
     AddState(asTail, oMap, oImage);
 
     CLines asLines = asHead;

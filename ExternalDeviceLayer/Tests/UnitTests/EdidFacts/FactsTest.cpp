@@ -243,6 +243,59 @@ TEST(Facts, RefusedBytes)
     EXPECT_FALSE(ReadFacts(aui8Image).GetLink().m_oCtaRevision.IsSaid()); // not announced
 }
 
+// A block that may say more than is read of it makes a denial of audio no answer.
+TEST(Facts, UnreadBlocks)
+{
+    const CBytes aui8Cta = MakeImage(ParseBytes("67 03 0C 00 10 00 00 2D"), 0x00);
+    CBytes aui8DisplayId = MakeBase();
+    aui8DisplayId[126] = 1;
+    Append(aui8DisplayId, MakeDisplayIdBlock(ParseBytes("26 00 09 00*9 81 00 03 E2 00 0F")));
+    const auto fnChange = [](CBytes aui8Image, size_t uiAt, unsigned char ui8Byte) {
+        aui8Image[uiAt] = ui8Byte;
+        return FixChecksums(aui8Image);
+    };
+    CBytes aui8Sum = aui8Cta;
+    aui8Sum[255] ^= 1;
+    CBytes aui8OldRevision = fnChange(fnChange(aui8Cta, 129, 1), 130, 4);
+    const struct
+    {
+        const char* m_pszWhat;
+        CBytes m_aui8Image;
+        CFacts::EUnread m_eReason;
+    } aoCases[] = {
+        { "whole", aui8Cta, CFacts::eUnread_None },
+        { "not there", CBytes(aui8Cta.begin(), aui8Cta.begin() + 128), CFacts::eUnread_Missing },
+        { "the second one not there", fnChange(aui8Cta, 126, 2), CFacts::eUnread_Missing },
+        { "cut", CBytes(aui8Cta.begin(), aui8Cta.begin() + 200), CFacts::eUnread_Cut },
+        { "no tag", fnChange(aui8Cta, 128, 0), CFacts::eUnread_Kind },
+        { "video timing block", fnChange(aui8Cta, 128, 0x10), CFacts::eUnread_None },
+        { "a later revision", fnChange(aui8Cta, 129, 4), CFacts::eUnread_Revision },
+        { "data blocks in revision 1", fnChange(aui8Cta, 129, 1), CFacts::eUnread_Revision },
+        { "no data blocks in revision 1", aui8OldRevision, CFacts::eUnread_None },
+        { "timings outside of the block", fnChange(aui8Cta, 130, 0xF7), CFacts::eUnread_Offset },
+        { "timings within the header", fnChange(aui8Cta, 130, 3), CFacts::eUnread_Offset },
+        { "data blocks that it says it has not", fnChange(aui8Cta, 130, 0), CFacts::eUnread_Offset },
+        { "a data block across the timings", fnChange(aui8Cta, 132, 0x68), CFacts::eUnread_Length },
+        { "a wrong checksum", aui8Sum, CFacts::eUnread_Checksum },
+        { "not counted", fnChange(aui8Cta, 126, 0), CFacts::eUnread_NotCounted },
+        { "DisplayID", FixChecksums(aui8DisplayId), CFacts::eUnread_None },
+        { "version 3", fnChange(aui8DisplayId, 129, 0x30), CFacts::eUnread_Revision },
+        { "a long section", fnChange(aui8DisplayId, 130, 124), CFacts::eUnread_Length },
+        { "a long data block", fnChange(aui8DisplayId, 147, 4), CFacts::eUnread_Length },
+        { "a long data block in it", fnChange(aui8DisplayId, 148, 0xE3), CFacts::eUnread_Length },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_pszWhat);
+        const CFacts oFacts = ReadFacts(oCase.m_aui8Image);
+        EXPECT_EQ(oCase.m_eReason, oFacts.GetUnread().m_eReason);
+        const SZorFact<bool>& oAudio = oFacts.GetAudio().m_oAudio;
+        EXPECT_FALSE(oAudio.IsSaid() && (oAudio.m_oValue || oCase.m_eReason != CFacts::eUnread_None));
+    }
+    EXPECT_TRUE(ReadFacts(aui8Cta).GetAudio().m_oAudio.IsSaid());
+    EXPECT_EQ(2U, ReadFacts(fnChange(aui8Cta, 126, 2)).GetUnread().m_uiBlock);
+}
+
 TEST(Facts, MakerName)
 {
     const std::string sList = "SAM\tA Name of a List\r\nABC\tOther\n";

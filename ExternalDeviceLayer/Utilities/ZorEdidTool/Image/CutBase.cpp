@@ -17,7 +17,8 @@ struct SBasePart
     unsigned char m_ui8Nothing; // each byte of a part that says nothing
 };
 
-// Zeros are no chromaticities, and as a descriptor one of the maker's that nobody reads.
+// Zeros are no chromaticities, and as a descriptor one of the maker's that nobody reads. Where the number of extension
+// blocks is cut off, one may follow, which is missing.
 constexpr SBasePart gsc_aoParts[] = {
     { BaseBlock::gsc_uiChromaticitiesOffset, BaseBlock::gsc_uiEstablishedOffset - BaseBlock::gsc_uiChromaticitiesOffset,
       1, 0 },
@@ -25,7 +26,8 @@ constexpr SBasePart gsc_aoParts[] = {
     { BaseBlock::gsc_uiStandardsOffset, gsc_uiStandardTimingSize,
       (BaseBlock::gsc_uiDescriptorsOffset - BaseBlock::gsc_uiStandardsOffset) / gsc_uiStandardTimingSize, 1 },
     { BaseBlock::gsc_uiDescriptorsOffset, Descriptors::gsc_uiDescriptorSize, BaseBlock::gsc_uiDescriptors, 0 },
-    { BaseBlock::gsc_uiExtensionCountOffset, 1, 2, 0 }, // and the checksum
+    { BaseBlock::gsc_uiExtensionCountOffset, 1, 1, 1 },
+    { gsc_uiChecksumOffset, 1, 1, 0 },
 };
 } // namespace
 

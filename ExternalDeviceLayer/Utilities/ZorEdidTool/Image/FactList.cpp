@@ -127,6 +127,9 @@ constexpr const char* gsc_apszQuestions[] = { "product",
                                               "gamma",
                                               "audio" };
 static_assert(std::size(gsc_apszQuestions) == CFacts::eQuestion_Count);
+constexpr const char* gsc_apszUnread[] = { "",       "missing", "cut",      "kind",       "revision",
+                                           "offset", "length",  "checksum", "not-counted" };
+static_assert(std::size(gsc_apszUnread) == CFacts::eUnread_NotCounted + 1);
 
 // The field of the second number of a fact with two, of which the record has the first one's.
 EZorEdidField GetSecondField(EZorEdidField eFirst)
@@ -589,6 +592,16 @@ void AddConflicts(const CFacts& oFacts, CCollector& oList)
     }
 }
 
+void AddUnread(const CFacts& oFacts, CCollector& oList)
+{
+    const CFacts::SUnread& oUnread = oFacts.GetUnread();
+    if (oUnread.m_eReason != CFacts::eUnread_None)
+    {
+        oList.Put("unread.block", static_cast<long long>(oUnread.m_uiBlock));
+        oList.Put("unread.reason", std::string(gsc_apszUnread[oUnread.m_eReason]));
+    }
+}
+
 // ---- JSON ----
 
 // Opens and closes objects and lists, so that the next value is at its path.
@@ -721,6 +734,7 @@ CFactList ListFacts(const CZorEdidFacts& oFacts)
     AddColour(oFacts.GetColour(), oList);
     AddAudio(oFacts.GetAudio(), oList);
     AddConflicts(oFacts, oList);
+    AddUnread(oFacts, oList);
     return std::move(oList.m_aoFacts);
 }
 

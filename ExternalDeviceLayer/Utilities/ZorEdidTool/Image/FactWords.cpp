@@ -17,6 +17,7 @@ using CFacts = CZorEdidFacts;
 
 constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
 constexpr const char* gsc_pszNotAnnounced = "not announced";
+constexpr const char* gsc_pszNotKnown = "not known: ";
 
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
 {
@@ -124,10 +125,33 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
     return sText;
 }
 
-// Of an image with a base block.
-std::string OrNotAnnounced(const std::string& sText, const CFacts& oFacts)
+// What the image does not say: the denial where all blocks were read that could say it, else why it is not known.
+std::string DescribeAbsence(const CFacts& oFacts, const char* pszDenial)
 {
-    return sText.empty() && oFacts.GetIdentity().m_oRevision.IsSaid() ? gsc_pszNotAnnounced : sText;
+    const CFacts::SUnread& oUnread = oFacts.GetUnread();
+    const std::string sBlock = FormatText("block %u", oUnread.m_uiBlock);
+    switch (oUnread.m_eReason)
+    {
+    case CFacts::eUnread_None:
+        return oFacts.GetIdentity().m_oRevision.IsSaid() ? pszDenial : ""; // of an image with a base block
+    case CFacts::eUnread_Missing:
+        return gsc_pszNotKnown + ("the image ends before " + sBlock);
+    case CFacts::eUnread_Cut:
+        return gsc_pszNotKnown + ("the image ends within " + sBlock);
+    case CFacts::eUnread_Kind:
+        return gsc_pszNotKnown + sBlock + " is of an unknown kind";
+    case CFacts::eUnread_Revision:
+        return gsc_pszNotKnown + sBlock + " has a revision that does not fit it";
+    case CFacts::eUnread_Offset:
+        return gsc_pszNotKnown + ("byte 2 of " + sBlock) + ", where its data blocks end, is wrong";
+    case CFacts::eUnread_Length:
+        return gsc_pszNotKnown + ("a data block of " + sBlock) + " runs past its end";
+    case CFacts::eUnread_Checksum:
+        return gsc_pszNotKnown + ("the checksum of " + sBlock) + " is wrong";
+    case CFacts::eUnread_NotCounted:
+        return gsc_pszNotKnown + ("the base block does not count " + sBlock);
+    }
+    return "";
 }
 
 // ---- Audio ----
@@ -279,7 +303,10 @@ std::string DescribeTransport(const CZorEdidFacts::SLink& oLink)
     return sText;
 }
 
-bool IsAnnounced(const std::string& sText) { return !sText.empty() && sText != gsc_pszNotAnnounced; }
+bool IsAnnounced(const std::string& sText)
+{
+    return !sText.empty() && sText != gsc_pszNotAnnounced && !sText.starts_with(gsc_pszNotKnown);
+}
 
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
 {
@@ -299,7 +326,7 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
     {
         Append(sText, GetRange(oLink.m_oVerticalRates, "Hz") + " (range limits with continuous frequency)");
     }
-    return OrNotAnnounced(sText, oFacts);
+    return sText.empty() ? DescribeAbsence(oFacts, gsc_pszNotAnnounced) : sText;
 }
 
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
@@ -318,15 +345,26 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts)
 {
     const CFacts::SColour& oColour = oFacts.GetColour();
     const unsigned int uiEotfs = oColour.m_oEotfs.m_oValue;
+    const auto* const poEnd = oColour.m_aoSpaces + std::min(oColour.m_uiSpaces, CFacts::msc_uiMostSpaces);
+    const auto fnInDisplayId = [&](CFacts::ETransfer eTransfer) {
+        return std::any_of(oColour.m_aoSpaces, poEnd,
+                           [eTransfer](const CFacts::SSpace& oSpace) { return oSpace.m_eTransfer == eTransfer; });
+    };
     std::string sText;
-    Append(sText, HasHdr10(oColour) ? "HDR10" : (uiEotfs & CFacts::eEotf_Pq) != 0 ? "PQ without static metadata" : "");
-    Append(sText, (uiEotfs & CFacts::eEotf_Hlg) != 0 ? "HLG" : "");
+    Append(sText, HasHdr10(oColour)                     ? "HDR10"
+                  : (uiEotfs & CFacts::eEotf_Pq) != 0   ? "PQ without static metadata"
+                  : fnInDisplayId(CFacts::eTransfer_Pq) ? "PQ by DisplayID"
+                                                        : "");
+    Append(sText, (uiEotfs & CFacts::eEotf_Hlg) != 0     ? "HLG"
+                  : fnInDisplayId(CFacts::eTransfer_Hlg) ? "HLG by DisplayID"
+                                                         : "");
     Append(sText, (uiEotfs & CFacts::eEotf_HdrGamma) != 0 ? "HDR gamma" : "");
     Append(sText, oColour.m_oHdr10Plus.IsSaid() ? "HDR10+" : "");
     Append(sText, DescribeDolbyVision(oColour.m_oDolbyVision));
     if (sText.empty())
     {
-        return OrNotAnnounced(sText, oFacts); // luminances of a display without HDR do not belong under HDR
+        return DescribeAbsence(oFacts,
+                               gsc_pszNotAnnounced); // luminances of a display without HDR do not belong under HDR
     }
     Append(sText,
            oColour.m_oContentMax.m_oValue.m_ui8Code != 0
@@ -381,7 +419,8 @@ std::string NameAudioFormat(const CFacts::SAudioFormat& oFormat)
     return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
 }
 
-std::string DescribeAudio(const CZorEdidFacts::SAudio& oAudio)
+    const CFacts::SAudio& oAudio = oFacts.GetAudio();
+std::string DescribeAudio(const CZorEdidFacts& oFacts)
 {
     std::string sText;
     for (unsigned int i = 0; i < std::min(oAudio.m_uiFormats, CFacts::msc_uiMostFormats); ++i)
@@ -390,5 +429,6 @@ std::string DescribeAudio(const CZorEdidFacts::SAudio& oAudio)
         Append(sText, (", " + sText + ",").find(", " + sFormat + ",") == std::string::npos ? sFormat : "");
     }
     Append(sText, sText.empty() && oAudio.m_oBasic.m_oValue ? "basic audio (PCM 2ch)" : "");
-    return sText.empty() ? oAudio.m_oAudio.m_oValue ? "yes" : oAudio.m_oAudio.IsSaid() ? "none" : "" : sText;
+    Append(sText, sText.empty() && oAudio.m_oAudio.m_oValue ? "yes" : "");
+    return sText.empty() ? DescribeAbsence(oFacts, oAudio.m_oAudio.IsSaid() ? "none" : "") : sText;
 }

@@ -24,19 +24,20 @@ std::string DescribeShape(const CZorEdidFacts::SSize& oSize);
 std::string DescribeLink(const CZorEdidFacts& oFacts);
 // "ALLM, QMS, fast Vactive": what helps games and changes of rate.
 std::string DescribeTransport(const CZorEdidFacts::SLink& oLink);
-// False of an empty text and of the words "not announced", which the two questions below that say so have.
+// False of an empty text, and of the words "not announced" or "not known: ..." of the questions below that have them:
+// what a block that was not read whole may say is not denied.
 bool IsAnnounced(const std::string& sText);
-// "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; "not announced" without any.
+// "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; without any "not announced", or why it is not known.
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts);
 // "48 to 144 Hz, 30 to 160 kHz, clock to 600 MHz".
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink);
 
-// "HDR10, HLG, HDR10+, Dolby Vision; up to 603 cd/m2 ..."; "not announced" as above.
+// "HDR10, HLG, HDR10+, Dolby Vision; peak 603 cd/m2 ..."; without any as above.
 std::string DescribeHdr(const CZorEdidFacts& oFacts);
 // Depths, formats and colour spaces.
 std::string DescribeColour(const CZorEdidFacts::SColour& oColour);
 
 // "E-AC-3", "AC-4"; "format 15" for a code without a name.
 std::string NameAudioFormat(const CZorEdidFacts::SAudioFormat& oFormat);
-// Formats with their channels and highest rates, each once.
-std::string DescribeAudio(const CZorEdidFacts::SAudio& oAudio);
+// Formats with their channels and highest rates, each once; "none", or why it is not known.
+std::string DescribeAudio(const CZorEdidFacts& oFacts);

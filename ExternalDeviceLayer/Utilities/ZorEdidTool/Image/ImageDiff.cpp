@@ -42,6 +42,9 @@ SFactText MakeText(const SNamedFact& oFact)
     return { oJson.GetText(), oFact.m_oValue.GetText(), oFact.m_eId };
 }
 
+// Of a block that was not read whole. What makes it so differs as a field; here it makes 'not said' 'not known'.
+bool IsOfUnread(const SNamedFact& oFact) { return std::string_view(oFact.m_pszPath).starts_with("unread."); }
+
 // By name; a list has its elements under its own name, each as an object. Where elements name their source, of which
 // each has one, it is a part of the name: "link.vrr.ranges[hdmi-forum]".
 using CFactTexts = std::multimap<std::string, SFactText>;
@@ -53,6 +56,11 @@ CFactTexts ListTexts(const CFactList& aoFacts)
     {
         const std::string_view sPath = aoFacts[i].m_pszPath;
         const size_t uiList = sPath.find('#');
+        if (IsOfUnread(aoFacts[i]))
+        {
+            ++i;
+            continue;
+        }
         if (uiList == std::string_view::npos)
         {
             oTexts.emplace(sPath, MakeText(aoFacts[i]));
@@ -476,7 +484,10 @@ void CImageDiff::FindFacts()
     CFactTexts oFirst = ListTexts(m_apoImages[0]->m_aoFacts);
     CFactTexts oSecond = ListTexts(m_apoImages[1]->m_aoFacts);
     DropShared(oFirst, oSecond);
-    const SFactText oNone = { "", "not said", eZorEdidField_None };
+    const auto fnNone = [this](size_t uiImage) {
+        const bool bUnread = std::ranges::any_of(m_apoImages[uiImage]->m_aoFacts, IsOfUnread);
+        return SFactText{ "", bUnread ? "not known" : "not said", eZorEdidField_None };
+    };
     const auto fnAdd = [this](const std::string& sName, EZorEdidField eId, const SFactText& oOne,
                               const SFactText& oOther) {
         m_aoFacts.push_back({ sName, eId, { oOne.m_sJson, oOther.m_sJson }, { oOne.m_sWords, oOther.m_sWords } });
@@ -486,7 +497,7 @@ void CImageDiff::FindFacts()
         const auto itOther = oSecond.find(sName);
         const bool bBoth =
             itOther != oSecond.end() && (!oText.m_sJson.starts_with('{') || sName.ends_with(']')); // elements by source
-        fnAdd(sName, oText.m_eId, oText, bBoth ? itOther->second : oNone);
+        fnAdd(sName, oText.m_eId, oText, bBoth ? itOther->second : fnNone(1));
         if (bBoth)
         {
             oSecond.erase(itOther);
@@ -494,7 +505,7 @@ void CImageDiff::FindFacts()
     }
     for (const auto& [sName, oText] : oSecond)
     {
-        fnAdd(sName, oText.m_eId, oNone, oText);
+        fnAdd(sName, oText.m_eId, fnNone(0), oText);
     }
     std::ranges::stable_sort(m_aoFacts, {}, &SFactDifference::m_sName);
 }

@@ -31,7 +31,7 @@ struct SFactDifference
     std::string m_sName; // "link.vrr.max_hz", "audio.formats"
     EZorEdidField m_eId;
     std::array<std::string, 2> m_asValues; // as JSON
-    std::array<std::string, 2> m_asWords;  // for people; "not said" for an empty one
+    std::array<std::string, 2> m_asWords;  // for people; of an empty one "not said", or "not known" as in show
 };
 
 // A field that the images say otherwise, or a group that only one of them has.

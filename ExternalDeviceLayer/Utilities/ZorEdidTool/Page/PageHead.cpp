@@ -76,7 +76,7 @@ constexpr SFact gsc_aoFacts[] = {
           return JoinTexts({ DescribeColour(oImage.m_oFacts.GetColour()), DescribeColours(oImage) }, "; ");
       } },
     { "HDR", [](const SPageImage& oImage) { return DescribeHdr(oImage.m_oFacts); } },
-    { "Audio", [](const SPageImage& oImage) { return DescribeAudio(oImage.m_oFacts.GetAudio()); } },
+    { "Audio", [](const SPageImage& oImage) { return DescribeAudio(oImage.m_oFacts); } },
     { "Image", [](const SPageImage& oImage) { return DescribeBlocks(oImage.m_oMap); } },
     { "Library",
       [](const SPageImage& oImage) {

@@ -222,7 +222,8 @@ class ShowTest(ToolTest):
         for size, line in enumerate(run("show", "--jsonl", *paths, status=3)[0].splitlines(), 8):
             cut = self.load(line)
             self.assertEqual("facts" in cut, size >= 25, size)
-            wrong = [path for path, value in set(flatten(cut.get("facts", {}))) - facts if not path.startswith(".size")]
+            wrong = [path for path, value in set(flatten(cut.get("facts", {}))) - facts
+                     if not path.startswith((".size", ".unread"))]
             self.assertEqual(([], []), (wrong, [mode for mode in get_modes(cut) if mode not in get_modes(whole)]), size)
         self.assertEqual(get_modes(whole), get_modes(cut))
         for path in paths[::7]:
@@ -231,11 +232,32 @@ class ShowTest(ToolTest):
             "Monitor   ASUSTek Computer Inc. (ACI) product 0x27f4",
             "          27.2 in, 600 x 340 mm, made in week 34 of 2010, serial 145791", "Link      digital",
             "Modes     the preferred one is not known", "          800x600    60.32 56.25",
-            "          640x480    75 66.67 59.94", "          720x400    70.08", "Colour    RGB, gamma 2.20",
-            "Image     36 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
+            "          640x480    75 66.67 59.94", "          720x400    70.08",
+            "HDR       not known: the image ends before block 1", "VRR       not known: the image ends before block 1",
+            "Colour    RGB, gamma 2.20", "Audio     not known: the image ends before block 1", "Image     36 bytes: Base block; cut short", "Findings  1 error: see zoredid check",
             "          error: cut short: a block has 128 bytes: found 36 bytes (block 0,",
             "            Base block)",
             "Library   refuses the image: no EDID: 36 bytes, not a multiple of 128"])
+
+    def test_what_a_damaged_block_may_say_is_not_denied(self):
+        block = bytes.fromhex("02030e00" "65030c001000" "23090707")  # HDMI and audio
+        image = with_blocks(block)
+        reason = "not known: byte 2 of block 1, where its data blocks end, is wrong"
+        for changes, hdr, audio, unread in [
+            ({}, "not announced", "PCM 2ch 48 kHz", None),
+            ({0x82: "f7"}, reason, reason, {"block": 1, "reason": "offset"}),
+            ({0x7E: "02"}, "not known: the image ends before block 2", "PCM 2ch 48 kHz", {"block": 2, "reason": "missing"}),
+        ]:
+            with self.subTest(changes):
+                path = self.save(change(changes, image))
+                lines = dict((line[:10].strip(), line[10:]) for line in run("show", path)[0].splitlines())
+                self.assertEqual((hdr, hdr, audio), (lines["HDR"], lines["VRR"], lines["Audio"]))
+                facts = self.image(change(changes, image))["facts"]
+                self.assertEqual((unread, audio != reason or None), (facts.get("unread"), facts["audio"].get("supported")))
+                page = run("page", path, "-o", "-")[0]
+                self.assertIn(f"<dt>HDR</dt><dd>{hdr}</dd>", page)
+        good, bad = self.save(image, "A.bin"), self.save(change({0x82: "f7"}, image), "B.bin")
+        self.assertIn("\nlink.hdmi_version: 1.0 | not known\n", run("compare", "--all", good, bad, status=1)[0])
 
     def test_reports_pass_no_controls(self):
         out = run("report", self.save(change({0x71: "1b5b324a9b07"})), status=0)[0]

@@ -47,18 +47,14 @@ void CReader::VisitBase(const SPart& oBase)
     ReadChromaticities(oBase);
 }
 
-// Those of the base block; of CTA-861 there are only more timings.
+// Those of a CTA-861 block, too, where the base block has no room for its texts; the first timing is the base block's.
 void CReader::VisitDescriptor(const SPart& oDescriptor)
 {
-    if (oDescriptor.m_uiOffset >= gsc_uiBlockSize)
-    {
-        return;
-    }
     if (!HasPixelClock(oDescriptor.m_oBytes.GetData()))
     {
         ReadDescriptor(oDescriptor);
     }
-    else if (!m_oFacts.m_oSize.m_oFirst.IsSaid())
+    else if (oDescriptor.m_uiOffset < gsc_uiBlockSize && !m_oFacts.m_oSize.m_oFirst.IsSaid())
     {
         ReadTiming(oDescriptor);
     }

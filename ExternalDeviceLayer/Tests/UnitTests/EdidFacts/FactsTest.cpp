@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "DisplayIdImages.h"
 #include "SharedFiles.h"
 #include "TemporaryFile.h"
@@ -294,6 +296,21 @@ TEST(Facts, UnreadBlocks)
     }
     EXPECT_TRUE(ReadFacts(aui8Cta).GetAudio().m_oAudio.IsSaid());
     EXPECT_EQ(2U, ReadFacts(fnChange(aui8Cta, 126, 2)).GetUnread().m_uiBlock);
+}
+
+// The base block is full, or has a name already.
+TEST(Facts, TextsInACta861Block)
+{
+    CBytes aui8Image = MakeImage({});
+    aui8Image[111] = 0x10; // its serial number becomes an empty descriptor
+    const CBytes aui8Texts =
+        ParseBytes("00 00 00 FF 00 43 54 41 0A 20*9 00 00 00 FC 00 4F 74 68 65 72 0A 20*7 00 00 00 FE 00 54 0A 20*11");
+    std::copy(aui8Texts.begin(), aui8Texts.end(), aui8Image.begin() + 132);
+    const CFacts::SIdentity oIdentity = ReadFacts(FixChecksums(aui8Image)).GetIdentity();
+    EXPECT_STREQ("CTA", oIdentity.m_oSerialText.m_oValue.m_szText);
+    EXPECT_EQ(137U, oIdentity.m_oSerialText.m_ui16Offset);
+    EXPECT_STREQ("Panel", oIdentity.m_oName.m_oValue.m_szText);
+    EXPECT_STREQ("T", oIdentity.m_oText.m_oValue.m_szText);
 }
 
 TEST(Facts, MakerName)

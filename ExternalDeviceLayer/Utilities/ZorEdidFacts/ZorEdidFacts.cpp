@@ -68,6 +68,17 @@ bool CZorEdidFacts::SLink::HasScrambling() const
     return m_oScdc.m_oValue && m_oMaxTmds.m_oValue > uiMostWithout;
 }
 
+bool CZorEdidFacts::SColour::IsMonochrome() const
+{
+    constexpr unsigned int uiRgbOnly = 1U << eFormat_Rgb; // what every digital display is taken for
+    constexpr float fLeastArea = 0.01F;                   // of a triangle in x and y; that of sRGB has 0.11
+    const auto& [oRed, oGreen, oBlue] = m_oPrimaries.m_oValue;
+    const float fTwoAreas =
+        (oGreen.m_fX - oRed.m_fX) * (oBlue.m_fY - oRed.m_fY) - (oBlue.m_fX - oRed.m_fX) * (oGreen.m_fY - oRed.m_fY);
+    return m_oMonochrome.m_oValue && m_oFormats.m_oValue <= uiRgbOnly && !m_aoDepths[eFormat_Rgb].IsSaid() &&
+           m_oColorimetry.m_oValue == 0 && m_uiSpaces == 0 && fabsf(fTwoAreas) < 2 * fLeastArea;
+}
+
 CZorEdidFacts::SPrimaries CZorEdidFacts::SColour::GetDefaultPrimaries() const
 {
     constexpr SPrimaries oSrgb = { { 0.64F, 0.33F }, { 0.30F, 0.60F }, { 0.15F, 0.06F } };
@@ -109,7 +120,7 @@ bool CZorEdidFacts::SColour::IsSupported(ESpace eSpace, ETransfer eTransfer) con
     };
     const SOwn* poOwn =
         std::find_if(std::begin(aoOwn), std::end(aoOwn), [&](const SOwn& oOwn) { return oOwn.m_eSpace == eSpace; });
-    if (poOwn == std::end(aoOwn) || m_oMonochrome.m_oValue ||
+    if (poOwn == std::end(aoOwn) || IsMonochrome() ||
         (poOwn->m_uiColorimetry != 0 && (m_oColorimetry.m_oValue & poOwn->m_uiColorimetry) == 0))
     {
         return false;

@@ -464,8 +464,8 @@ public:
         SByte m_oHdmiDeep;               ///< EDepth 10, 12, 16 of RGB: HDMI
         SFlag m_oHdmiDeep444;            ///< and of YCbCr 4:4:4
         SByte m_oHdmiDeep420;            ///< EDepth of YCbCr 4:2:0: HDMI Forum
-        SFlag m_oMonochrome;
-        SNumber m_oMin420PixelRate; ///< kHz, from which on YCbCr 4:2:0 is offered: DisplayID 2.0
+        SFlag m_oMonochrome;             ///< what the base block says, and IsMonochrome may contradict
+        SNumber m_oMin420PixelRate;      ///< kHz, from which on YCbCr 4:2:0 is offered: DisplayID 2.0
 
         SFact<SPrimaries> m_oPrimaries;
         SFact<SPoint> m_oWhite;
@@ -496,6 +496,10 @@ public:
         SFact<float> m_oMaxBoostLuminance;
         SFact<float> m_oAmdMaxLuminance; ///< of AMD's block: what it measures is not public
         SFact<float> m_oAmdMinLuminance;
+
+        /// Whether the display is monochrome: by the base block, and nothing has colours. Makers leave the bits of its
+        /// colour type 0, which mean it, on displays with primaries, YCbCr or HDMI.
+        bool IsMonochrome() const;
 
         /// The colours that the display shows without being told otherwise: those of sRGB where the base block says
         /// that sRGB is the default, else m_oPrimaries, m_oWhite, m_oGamma; 0 for what is not said.
@@ -630,10 +634,6 @@ public:
     };
     static constexpr unsigned int msc_uiMostConflicts = 16;
 
-    CZorEdidFacts() { Clear(); }
-
-    /// Reads the facts of pui8Data, uiSize bytes in any state; null counts as none. Blocks are those that the image
-    /// announces and has. Checksums, lengths and headers that are wrong are no reason to leave a block out. Returns 1;
     // ---- What was not read ----
 
     /// Why an extension block may say what the facts do not have.
@@ -655,6 +655,10 @@ public:
         unsigned int m_uiBlock = 0; ///< number in the image
     };
 
+    CZorEdidFacts() { Clear(); }
+
+    /// Reads the facts of pui8Data, uiSize bytes in any state; null counts as none. Blocks are those that the image
+    /// announces and has. Checksums, lengths and headers that are wrong are no reason to leave a block out. Returns 1;
     /// 0 with an empty record for fewer than 128 bytes.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
     /// Leaves nothing said.
@@ -666,13 +670,13 @@ public:
     const SColour& GetColour() const { return m_oColour; }
     const SAudio& GetAudio() const { return m_oAudio; }
 
+    /// The first block that was not read whole; with one, what is not said may be said there: it is not known.
+    const SUnread& GetUnread() const { return m_oUnread; }
+
     /// All that were found; the first msc_uiMostConflicts are kept.
     unsigned int GetConflictCount() const { return m_uiConflicts; }
     /// Null at min(GetConflictCount(), msc_uiMostConflicts) or beyond.
     const SConflict* GetConflict(unsigned int uiIndex) const;
-    /// The first block that was not read whole; with one, what is not said may be said there: it is not known.
-    const SUnread& GetUnread() const { return m_oUnread; }
-
 
     /// The maker's name for three letters: of the list pszFile, rows of letters, a tab and a name, or, where it is
     /// null, of the system's (hwdata's pnp.ids); of the library's own list where there is no such file or row. Reads
@@ -690,7 +694,7 @@ private:
     SAudio m_oAudio;
     SConflict m_aoConflicts[msc_uiMostConflicts];
     unsigned int m_uiConflicts;
+    SUnread m_oUnread;
 };
 
 #pragma GCC visibility pop
-    SUnread m_oUnread;

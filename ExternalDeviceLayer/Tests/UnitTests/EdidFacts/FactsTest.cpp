@@ -313,6 +313,20 @@ TEST(Facts, TextsInACta861Block)
     EXPECT_STREQ("T", oIdentity.m_oText.m_oValue.m_szText);
 }
 
+// Of the base block's color type, before EDID 1.4.
+TEST(Facts, MonochromeUnlessSomethingHasColours)
+{
+    CBytes aui8Image = MakeImage({}, 0x40);
+    aui8Image[19] = 3;
+    aui8Image[24] = 0x02;
+    EXPECT_TRUE(ReadFacts(FixChecksums(aui8Image)).GetColour().m_oMonochrome.m_oValue);
+    EXPECT_FALSE(ReadFacts(aui8Image).GetColour().IsMonochrome()); // by its primaries
+    std::fill_n(aui8Image.begin() + 25, 10, static_cast<unsigned char>(0));
+    EXPECT_TRUE(ReadFacts(FixChecksums(aui8Image)).GetColour().IsMonochrome());
+    aui8Image[131] |= 0x20; // YCbCr 4:4:4
+    EXPECT_FALSE(ReadFacts(FixChecksums(aui8Image)).GetColour().IsMonochrome());
+}
+
 TEST(Facts, MakerName)
 {
     const std::string sList = "SAM\tA Name of a List\r\nABC\tOther\n";

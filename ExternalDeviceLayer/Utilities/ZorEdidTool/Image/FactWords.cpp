@@ -391,16 +391,14 @@ std::string DescribeColour(const CZorEdidFacts::SColour& oColour)
                                       { CFacts::eColorimetry_ICtCp, "ICtCp" },
                                       { CFacts::eColorimetry_XvYcc601 | CFacts::eColorimetry_XvYcc709, "xvYCC" },
                                       { CFacts::eColorimetry_SYcc601, "sYCC" } };
-    constexpr unsigned int uiRgbOnly = 1U << CFacts::eFormat_Rgb; // what every digital display is taken for
-    const bool bMonochrome = oColour.m_oMonochrome.m_oValue && oColour.m_oFormats.m_oValue <= uiRgbOnly;
     std::string sText = oColour.m_oDepth.IsSaid() ? FormatText("%u bits per colour", oColour.m_oDepth.m_oValue) : "";
     for (size_t i = 0; i < CFacts::eFormat_Count; ++i)
     {
         const std::string sDepths = GetDepths(oColour.m_aoDepths[i].m_oValue);
-        const bool bFormat = (oColour.m_oFormats.m_oValue >> i & 1U) != 0 && !bMonochrome;
+        const bool bFormat = (oColour.m_oFormats.m_oValue >> i & 1U) != 0 && !oColour.IsMonochrome();
         Append(sText, bFormat ? apszFormats[i] + (sDepths.empty() ? "" : " " + sDepths) : "");
     }
-    AppendIf(sText, oColour.m_oMonochrome, "monochrome");
+    AppendIf(sText, oColour.m_oMonochrome, oColour.IsMonochrome() ? "monochrome" : "feature bits say monochrome");
     const std::string sSpaces = NameBits(oColour.m_oColorimetry.m_oValue, aoSpaces);
     Append(sText, sSpaces, "; ");
     AppendIf(sText, oColour.m_oSrgbDefault, "sRGB by default");
@@ -419,9 +417,9 @@ std::string NameAudioFormat(const CFacts::SAudioFormat& oFormat)
     return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
 }
 
-    const CFacts::SAudio& oAudio = oFacts.GetAudio();
 std::string DescribeAudio(const CZorEdidFacts& oFacts)
 {
+    const CFacts::SAudio& oAudio = oFacts.GetAudio();
     std::string sText;
     for (unsigned int i = 0; i < std::min(oAudio.m_uiFormats, CFacts::msc_uiMostFormats); ++i)
     {

@@ -38,7 +38,7 @@ constexpr SRow gsc_aoColorimetryRows[] = {
     { eId_CtaColorimetrySycc601, Colour::gsc_oSYcc601, "sYCC601", Flag() },
     { eId_CtaColorimetryXvycc709, Colour::gsc_oXvYcc709, "xvYCC709", Flag() },
     { eId_CtaColorimetryXvycc601, Colour::gsc_oXvYcc601, "xvYCC601", Flag() },
-    { eId_CtaColorimetrySt2113rgb, Colour::gsc_oSt2113Rgb, "ST2113RGB", Flag() },
+    { eId_CtaColorimetrySt2113rgb, Colour::gsc_oSt2113Rgb, "ST2113RGB (DCI-P3)", Flag() },
     { eId_CtaColorimetryIctcp, Colour::gsc_oICtCp, "ICtCp", Flag() },
     { eId_CtaColorimetrySrgb, Colour::gsc_oSrgb, "sRGB", Flag() },
     { eId_CtaColorimetryDefaultrgb, Colour::gsc_oDefaultRgb, "defaultRGB", Flag() },

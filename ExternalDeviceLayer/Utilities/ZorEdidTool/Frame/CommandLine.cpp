@@ -155,6 +155,12 @@ public:
         return WrapText(poApp->get_description(), 0, 0, m_uiWidth) + "\n";
     }
 
+    std::string make_usage(const CLI::App* poApp, std::string sName) const override
+    {
+        constexpr size_t uiIndent = 7; // below the name
+        return WrapText(CLI::Formatter::make_usage(poApp, std::move(sName)), uiIndent, 0, m_uiWidth) + "\n";
+    }
+
     // CLI11 has two empty lines after some groups.
     std::string make_help(const CLI::App* poApp, std::string sName, CLI::AppFormatMode eMode) const override
     {

@@ -624,8 +624,9 @@ class CommandLine(unittest.TestCase):
             words = re.sub(r"\s+", " ", text)
             self.assertIn("gtf-list; not with --dmt, --hdmi-vic, --vic", words)
         for command in SUBCOMMANDS:  # with formats and examples, which still are commands
-            text = run("help", command, env={"COLUMNS": "80"})[1].decode()
-            self.assertLessEqual(max(map(len, text.splitlines())), 80, text)
+            for width in 40, 80:
+                text = run("help", command, env={"COLUMNS": str(width)})[1].decode()
+                self.assertLessEqual(max(map(len, text.splitlines())), width, text)
         self.assertIn("  zoredid edit monitor.bin --remove-detailed 1 --audio-add ac3,6ch,48,640kbps \\\n      -o new.bin\n",
                       run("help", "edit", env={"COLUMNS": "80"})[1].decode())
         ours, theirs = pty.openpty()

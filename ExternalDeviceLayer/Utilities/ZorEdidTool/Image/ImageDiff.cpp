@@ -441,6 +441,7 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     const bool bDiffer =
         poFirst == nullptr || poSecond == nullptr ? poFirst != poSecond : !IsSameMode(*poFirst, *poSecond);
     m_bPreferred = bDiffer && !oRules.m_bIgnorePreferred;
+    m_apo3d = PairBut3d(ListUnpaired(0), ListUnpaired(1));
     if (oRules.m_bAll)
     {
         FindFacts();
@@ -448,13 +449,25 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     }
 }
 
-std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const { return ListUnpaired(uiImage, false); }
-std::vector<const SModeRow*> CImageDiff::ListMore(size_t uiImage) const { return ListUnpaired(uiImage, true); }
+std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const { return ListBut3d(uiImage, false); }
+std::vector<const SModeRow*> CImageDiff::ListMore(size_t uiImage) const { return ListBut3d(uiImage, true); }
+
+std::vector<const SModeRow*> CImageDiff::ListBut3d(size_t uiImage, bool bShared) const
+{
+    std::set<const SModeRow*> apoDiffering;
+    for (const CRowPair& apoPair : m_apo3d)
+    {
+        apoDiffering.insert(uiImage == 0 ? apoPair.first : apoPair.second);
+    }
+    std::vector<const SModeRow*> apoRows = ListUnpaired(uiImage, bShared);
+    std::erase_if(apoRows, [&](const SModeRow* poRow) { return apoDiffering.contains(poRow); });
+    return apoRows;
+}
 
 std::vector<const SModeRow*> CImageDiff::ListUnpaired(size_t uiImage) const
 {
-    std::vector<const SModeRow*> apoRows = ListOnly(uiImage);
-    const std::vector<const SModeRow*> apoMore = ListMore(uiImage);
+    std::vector<const SModeRow*> apoRows = ListUnpaired(uiImage, false);
+    const std::vector<const SModeRow*> apoMore = ListUnpaired(uiImage, true);
     apoRows.insert(apoRows.end(), apoMore.begin(), apoMore.end());
     return apoRows;
 }
@@ -477,6 +490,33 @@ std::vector<const SModeRow*> CImageDiff::ListUnpaired(size_t uiImage, bool bShar
         }
     }
     return apoOnly;
+}
+
+std::vector<S3dDifference> CImageDiff::List3d() const
+{
+    constexpr size_t uiMostNamed = 3;
+    std::map<std::array<std::string, 2>, std::vector<const SModeRow*>> apoByValues;
+    for (const auto& [poFirst, poSecond] : m_apo3d)
+    {
+        const bool bBoth = poFirst->Is3d() && poSecond->Is3d();
+        apoByValues[{ poFirst->Is3d() ? "yes" : "no", bBoth              ? "yes, other forms"
+                                                      : poSecond->Is3d() ? "yes"
+                                                                         : "no" }]
+            .push_back(poFirst);
+    }
+    std::vector<S3dDifference> ao3d;
+    for (const auto& [asValues, apoRows] : apoByValues)
+    {
+        std::vector<std::string> asNames;
+        for (const SModeWithPartner& oMode : GroupPartners(apoRows))
+        {
+            const SZorMode& oNamed = oMode.m_poRow->m_oMode;
+            asNames.push_back(GetSizeText(oNamed) + " @ " + GetShortRate(oNamed) + " Hz");
+        }
+        ao3d.push_back({ asValues, FormatText("%zu mode%s", asNames.size(), asNames.size() == 1 ? "" : "s") +
+                                       (asNames.size() <= uiMostNamed ? ": " + JoinTexts(asNames) : "") });
+    }
+    return ao3d;
 }
 
 void CImageDiff::FindFacts()
@@ -596,6 +636,10 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
     {
         sText += DescribeModes(oDiff, i, oDiff.ListOnly(i), oWords.m_asOnly[i]);
     }
+    for (const S3dDifference& o3d : oDiff.List3d())
+    {
+        sText += "3D: " + o3d.m_asValues[0] + " | " + o3d.m_asValues[1] + " (" + o3d.m_sModes + ")\n";
+    }
     for (size_t i = 0; i < 2; ++i)
     {
         sText += DescribeModes(oDiff, i, oDiff.ListMore(i), oWords.m_asMore[i]);
@@ -632,6 +676,17 @@ void WriteDiff(const CImageDiff& oDiff, CJsonWriter& oJson)
         fnModes(apszOnly[i], oDiff.ListOnly(i));
         fnModes(apszMore[i], oDiff.ListMore(i));
     }
+    oJson.BeginArray("stereo");
+    for (const auto& [poFirst, poSecond] : oDiff.Get3dPairs())
+    {
+        oJson.BeginObject();
+        oJson.Name(apszSides[0]);
+        WriteMode(*poFirst, oJson);
+        oJson.Name(apszSides[1]);
+        WriteMode(*poSecond, oJson);
+        oJson.EndObject();
+    }
+    oJson.EndArray();
     if (oDiff.DifferInPreferred())
     {
         oJson.BeginObject("preferred");

@@ -292,7 +292,7 @@ std::vector<std::string> ListMarks(const SModeRow& oRow)
     fnAdd(oMode.m_bNative, "native");
     fnAdd(oMode.m_eY420 == SZorMode::eY420_Only, "4:2:0 only");
     fnAdd(oMode.m_eY420 == SZorMode::eY420_Also, "4:2:0 also");
-    fnAdd(oEntry.m_uiStereo != 0 || oMode.m_eStereo != SZorMode::eStereo_No, "3D");
+    fnAdd(oRow.Is3d(), "3D");
     fnAdd(oMode.m_uiRepetition > 1, FormatText("each pixel sent %u times", oMode.m_uiRepetition));
     fnAdd(oEntry.m_eNumbers == SZorImageMode::eNumbers_None, "no timing given");
     fnAdd(oEntry.m_eNumbers == SZorImageMode::eNumbers_Assumed, "timing assumed");

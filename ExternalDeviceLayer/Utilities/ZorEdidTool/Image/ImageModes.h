@@ -27,6 +27,7 @@ struct SModeRow
 
     bool IsListed() const { return m_eList != CZorEdidMap::eList_None; }
     unsigned int GetBlock() const;
+    bool Is3d() const { return m_poEntry->m_uiStereo != 0 || m_oMode.m_eStereo != SZorMode::eStereo_No; }
     bool IsPreferred() const { return m_poEntry->m_uiPreference == 1 && !m_bPartner; }
 };
 

@@ -522,7 +522,7 @@ void WriteMode(const SModeRow& oRow, CJsonWriter& oJson)
     fnFlag("native", oMode.m_bNative);
     fnFlag("ycbcr420", oMode.m_eY420 != SZorMode::eY420_No);
     fnFlag("ycbcr420_only", oMode.m_eY420 == SZorMode::eY420_Only);
-    fnFlag("stereo", oRow.m_poEntry->m_uiStereo != 0 || oMode.m_eStereo != SZorMode::eStereo_No);
+    fnFlag("stereo", oRow.Is3d());
     if (oMode.m_eKind == SZorMode::eModeKind_Vic)
     {
         oJson.Member("vic", oMode.m_uiCode);

@@ -13,12 +13,16 @@
 
 namespace
 {
+auto MakeKeyBut3d(const SModeRow& oRow)
+{
+    const SZorMode& oMode = oRow.m_oMode;
+    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, MakeTimingKey(oMode), oMode.m_eY420);
+}
+
 // All that equal modes have in common; only clocks and rates may differ.
 auto MakeKey(const SModeRow& oRow)
 {
-    const SZorMode& oMode = oRow.m_oMode;
-    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, MakeTimingKey(oMode), oMode.m_eY420,
-                           oRow.m_poEntry->m_uiStereo, oMode.m_eStereo);
+    return std::tuple_cat(MakeKeyBut3d(oRow), std::make_tuple(oRow.m_poEntry->m_uiStereo, oRow.m_oMode.m_eStereo));
 }
 
 // Within 1000/1001 and its rounding, which is more than two lines of a table ever differ by.
@@ -185,4 +189,27 @@ bool IsSameMode(const SModeRow& oFirst, const SModeRow& oSecond)
 SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond)
 {
     return CMatch(oFirst.GetRows(), oSecond.GetRows()).Match();
+}
+
+std::vector<CRowPair> PairBut3d(const std::vector<const SModeRow*>& apoFirst,
+                                const std::vector<const SModeRow*>& apoSecond)
+{
+    using CRateKey = std::pair<decltype(MakeKeyBut3d(std::declval<const SModeRow&>())), long>;
+    std::map<CRateKey, std::vector<const SModeRow*>> apoFree;
+    for (auto itRow = apoSecond.rbegin(); itRow != apoSecond.rend(); ++itRow)
+    {
+        apoFree[{ MakeKeyBut3d(**itRow), GetRoundedRate(**itRow) }].push_back(*itRow);
+    }
+    std::vector<CRowPair> apoPairs;
+    for (const SModeRow* poRow : apoFirst)
+    {
+        const auto itFree = apoFree.find({ MakeKeyBut3d(*poRow), GetRoundedRate(*poRow) });
+        if (itFree != apoFree.end() && !itFree->second.empty())
+        {
+            apoPairs.emplace_back(poRow, itFree->second.back());
+            itFree->second.pop_back();
+        }
+    }
+    std::ranges::sort(apoPairs); // in the order of the rows
+    return apoPairs;
 }

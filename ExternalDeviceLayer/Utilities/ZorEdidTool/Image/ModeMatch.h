@@ -4,6 +4,8 @@
 
 #include <array>
 #include <stddef.h>
+#include <utility>
+#include <vector>
 
 #include "ImageModes.h"
 
@@ -35,3 +37,8 @@ SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond);
 
 // Partners could be these two.
 bool IsSameMode(const SModeRow& oFirst, const SModeRow& oSecond);
+
+// Of modes without a partner those that differ in 3D alone, each with the one of the other image.
+using CRowPair = std::pair<const SModeRow*, const SModeRow*>;
+std::vector<CRowPair> PairBut3d(const std::vector<const SModeRow*>& apoFirst,
+                                const std::vector<const SModeRow*>& apoSecond);

@@ -168,6 +168,10 @@ std::vector<SDifference> ListModes(const CImageDiff& oDiff)
         fnAdd(i, oDiff.ListOnly(i), "missing");
         fnAdd(i, oDiff.ListMore(i), "announced elsewhere");
     }
+    for (const S3dDifference& o3d : oDiff.List3d())
+    {
+        aoModes.push_back({ {}, "3D, " + o3d.m_sModes, o3d.m_asValues });
+    }
     return aoModes;
 }
 

@@ -541,6 +541,14 @@ class ModesTest(ToolTest):
             with self.subTest(name):
                 out = self.compare(first, second, options, status)
                 self.assertEqual([re.sub("p @.*", "p", line) for line in out.splitlines()], expected)
+        stereo, flat = (with_blocks(bytes.fromhex("02031200" "42" "0413" "6a030c001000000020" + last)) for last in ("8000", "0000"))
+        self.assertEqual(self.compare(flat, stereo, [], 1),
+                         "different\n3D: no | yes (2 modes: 1280 x 720 @ 60 Hz, 1280 x 720 @ 50 Hz)\n")
+        modes = self.load(run("compare", "--json", *(self.save(image, name) for image, name in
+                                                     ((flat, "A.bin"), (stereo, "B.bin"))), status=1)[0])["modes"]
+        self.assertEqual(([], [], [(False, True)] * 3),
+                         (modes["only_in_first"], modes["only_in_second"],
+                          [("stereo" in pair["first"], "stereo" in pair["second"]) for pair in modes["stereo"]]))
         first, other = self.save(two, "A.bin"), self.save(swapped, "B.bin")
         self.assertEqual(run("compare", "--ignore-preferred", first, other, status=0)[0], "same modes\n")
         out = run("compare", first, other, status=1)[0]

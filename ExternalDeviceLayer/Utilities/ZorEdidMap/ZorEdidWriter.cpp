@@ -102,7 +102,7 @@ SBytes GetTextRoom(const SMapContent& oMap, unsigned int uiField)
 {
     const CField& oField = oMap.GetField(uiField);
     SBytes oRoom = { oField.m_uiOffset, oField.m_uiOffset + oField.m_uiLength };
-    if (oField.m_eId == eId_BaseDescriptorText)
+    if (oField.m_eId == eId_BaseDescriptorText || IsEmptyText(oMap, uiField))
     {
         const CField& oGroup = oMap.GetField(oField.m_uiGroup);
         oRoom.m_uiEnd = oGroup.m_uiOffset + oGroup.m_uiLength;
@@ -137,7 +137,7 @@ SDraft DraftText(const SMapContent& oMap, unsigned int uiField, const char* pszT
     {
         pui8Room[i] = static_cast<unsigned char>(i < uiText ? pszText[i] : cFirst);
     }
-    if (oField.m_eId != eId_BaseDescriptorText)
+    if (oField.m_eId != eId_BaseDescriptorText && !IsEmptyText(oMap, uiField))
     {
         oDraft.m_oText += CMString(cFirst, uiRoom - uiText);
     }
@@ -233,6 +233,10 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     if (strncmp(pszValue, gsc_szRaw, strlen(gsc_szRaw)) == 0)
     {
         return DraftRaw(oMap, oField, pszValue + strlen(gsc_szRaw));
+    }
+    if (IsEmptyText(oMap, uiField))
+    {
+        return DraftText(oMap, uiField, pszValue);
     }
     if (const char* pszOnlyRaw = GetOnlyRaw(oMap, uiField))
     {
@@ -441,6 +445,13 @@ CMString CheckDraft(const SMapContent& oBefore, const SMapContent& oAfter, unsig
 }
 } // namespace
 
+bool IsEmptyText(const SMapContent& oMap, unsigned int uiField)
+{
+    const CField& oField = oMap.GetField(uiField);
+    return oField.m_eId == eId_LineFeed && oField.m_uiGroup != gsc_uiNone &&
+           oField.m_uiOffset == oMap.GetField(oField.m_uiGroup).m_uiOffset + Descriptors::gsc_uiContentsOffset;
+}
+
 bool IsAcceptedRaw(const SMapContent& oMap, unsigned int uiField, unsigned int uiRaw)
 {
     SDraft oDraft = { oMap.m_aui8Data, {} };
@@ -466,7 +477,7 @@ int CZorEdidWriter::Set(unsigned int uiField, const char* pszValue, SAnswer& oAn
     const SMapContent& oBefore = *m_oMap.m_poContent;
     SDraft oDraft = MakeDraft(oBefore, uiField, pszValue);
     oAnswer.m_oReason = oDraft.m_oReason;
-    oAnswer.m_oBefore = m_oMap.GetValue(uiField);
+    oAnswer.m_oBefore = IsEmptyText(oBefore, uiField) ? CMString() : m_oMap.GetValue(uiField);
     oAnswer.m_oAfter = oAnswer.m_oBefore;
     oAnswer.m_bExact = oDraft.m_bExact && oDraft.m_oReason.GetLength() == 0;
     if (oDraft.m_oReason.GetLength() != 0)

@@ -369,4 +369,23 @@ TEST_F(Writer, TextsFillTheirRoom)
     EXPECT_EQ(0, oWriter.Set(oWriter.GetMap().FindLeaf(0x71, 0), "ABCDEFGHIJKLMN", oAnswer));
     EXPECT_EQ("it takes 1 to 13 ASCII characters", std::string(oAnswer.m_oReason));
 }
+
+// An empty name has no text field: its line feed is in the place of one.
+TEST_F(Writer, AnEmptyTextIsSetAsAnother)
+{
+    CBytes aui8Image = MakeEdid({});
+    const CBytes aui8Name = ParseBytes("00 00 00 FC 00 0A 20 20 20 20 20 20 20 20 20 20 20 20");
+    std::copy(aui8Name.begin(), aui8Name.end(), aui8Image.begin() + 0x6C);
+    CZorEdidWriter oWriter;
+    Read(oWriter, FixChecksums(aui8Image));
+    const CZorEdidMap& oMap = oWriter.GetMap();
+    const unsigned int uiName = oMap.FindField(CZorEdidMap::FindId("base.name"));
+    CZorEdidWriter::SAnswer oAnswer;
+    EXPECT_EQ(0, oWriter.Set(oMap.GetTextOf(uiName), "ABCDEFGHIJKLMN", oAnswer));
+    EXPECT_EQ("it takes 1 to 13 ASCII characters", std::string(oAnswer.m_oReason));
+    EXPECT_EQ(1, oWriter.Set(oMap.GetTextOf(uiName), "0a", oAnswer)) << oAnswer.m_oReason;
+    EXPECT_EQ("", std::string(oAnswer.m_oBefore));
+    EXPECT_EQ("0a", std::string(oAnswer.m_oAfter));
+    EXPECT_EQ(0, oWriter.Set(oMap.GetTextOf(uiName) + 1, "A", oAnswer)); // a line feed after a text is one
+}
 } // namespace

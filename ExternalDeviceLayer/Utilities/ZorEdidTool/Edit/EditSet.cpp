@@ -78,7 +78,9 @@ std::string FindByPlace(const CZorEdidMap& oMap, const SSetting& oSetting, unsig
 
 std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdidMap& oMap)
 {
-    std::string sText = std::string(oAnswer.m_oBefore) + " became " + static_cast<const char*>(oAnswer.m_oAfter);
+    const std::string sBefore(oAnswer.m_oBefore);
+    std::string sText =
+        (sBefore.empty() ? "nothing" : sBefore) + " became " + static_cast<const char*>(oAnswer.m_oAfter);
     sText += oAnswer.m_bExact ? "" : ", the nearest";
     sText += NameFollowed(oMap, oAnswer.m_auiFollowed);
     if (const unsigned int uiOthers = oAnswer.m_auiOthers.GetCount(); uiOthers != 0)

@@ -22,15 +22,25 @@ static void print_preferred(const zoredid_modes* modes)
     printf("\n");
 }
 
+static void print_size(const zoredid_facts* facts)
+{
+    double width, height;
+    if (zoredid_facts_get_real(facts, ZOREDID_FACT_WIDTH, &width) &&
+        zoredid_facts_get_real(facts, ZOREDID_FACT_HEIGHT, &height))
+        printf("%.0f x %.0f mm", width, height);
+    else
+        printf("size not known");
+}
+
 static void print_facts(const zoredid_facts* facts)
 {
     /* What is not said leaves the number as it is. */
-    int64_t eotfs = 0, spaces = 0, least = 0, most = 0, columns = 1, rows = 1;
+    int64_t hdr10 = 0, spaces = 0, least = 0, most = 0, columns = 1, rows = 1;
     double luminance = 0;
 
-    zoredid_facts_get_number(facts, ZOREDID_FACT_EOTFS, &eotfs);
-    printf("HDR10: %s", eotfs & ZOREDID_EOTF_PQ ? "yes" : "no");
-    if (zoredid_facts_get_real(facts, ZOREDID_FACT_CONTENT_MAX_LUMINANCE, &luminance))
+    zoredid_facts_get_number(facts, ZOREDID_FACT_HDR10, &hdr10);
+    printf("HDR10: %s", hdr10 ? "yes" : "no");
+    if (hdr10 && zoredid_facts_get_real(facts, ZOREDID_FACT_CONTENT_MAX_LUMINANCE, &luminance))
         printf(", %.0f cd/m2", luminance);
     zoredid_facts_get_number(facts, ZOREDID_FACT_COLORIMETRY, &spaces);
     printf("\nBT.2020 RGB: %s\n", spaces & ZOREDID_COLORIMETRY_BT2020RGB ? "yes" : "no");
@@ -54,7 +64,6 @@ int main(int count, char** arguments)
     zoredid_modes* modes = zoredid_modes_create();
     size_t size = 0;
     const unsigned char* data;
-    double width = 0, height = 0;
     const char* name;
 
     zoredid_status status = zoredid_image_open(image, count == 2 ? arguments[1] : NULL);
@@ -66,10 +75,9 @@ int main(int count, char** arguments)
     if (status == ZOREDID_OK)
     {
         name = zoredid_facts_get_text(facts, ZOREDID_FACT_NAME, NULL);
-        zoredid_facts_get_real(facts, ZOREDID_FACT_WIDTH, &width);
-        zoredid_facts_get_real(facts, ZOREDID_FACT_HEIGHT, &height);
-        printf("%s: %.0f x %.0f mm, %u modes, ", name != NULL ? name : "no name", width, height,
-               (unsigned int)zoredid_modes_get_count(modes));
+        printf("%s: ", name != NULL ? name : "no name");
+        print_size(facts);
+        printf(", %u modes, ", (unsigned int)zoredid_modes_get_count(modes));
         print_preferred(modes);
         print_facts(facts);
     }

@@ -160,6 +160,9 @@ constexpr double gsc_dTenths = 10;
 constexpr double gsc_dHundredths = 100;
 constexpr long long gsc_llKilo = 1000;
 
+// Bit 0 is type 1, which HDR10 asks for beside PQ.
+constexpr bool HasStaticMetadata(unsigned int uiTypes) { return (uiTypes & 1U) != 0; }
+
 // A gamma is stored as whole hundredths: 2.2, where the float has 2.2000000477.
 double ToGamma(float fGamma) { return std::round(gsc_dHundredths * static_cast<double>(fGamma)) / gsc_dHundredths; }
 
@@ -388,6 +391,10 @@ constexpr SRow gsc_aoRows[] = {
     ZOR_REAL(MAX_BOOST_LUMINANCE, "colour.luminance.max_boost", "cd/m2", Colour, m_oMaxBoostLuminance)
     ZOR_REAL(AMD_MAX_LUMINANCE, "colour.luminance.amd_max", "cd/m2", Colour, m_oAmdMaxLuminance)
     ZOR_REAL(AMD_MIN_LUMINANCE, "colour.luminance.amd_min", "cd/m2", Colour, m_oAmdMinLuminance)
+    ZOR_FACT(HDR10, FLAG, "colour.hdr10", nullptr, Colour, m_oEotfs,
+             (v & CFacts::eEotf_Pq) != 0 && HasStaticMetadata(o.Get().GetColour().m_oMetadataTypes.m_oValue))
+    ZOR_FACT(STATIC_METADATA_TYPE_1, FLAG, "colour.static_metadata_type1", nullptr, Colour, m_oMetadataTypes,
+             HasStaticMetadata(v))
 
     ZOR_FLAG(AUDIO, "audio.supported", Audio, m_oAudio)
     ZOR_FLAG(BASIC_AUDIO, "audio.basic", Audio, m_oBasic)

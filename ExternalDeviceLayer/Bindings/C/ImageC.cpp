@@ -63,13 +63,15 @@ const char* zoredid_get_version() { return ZOREDID_VERSION; }
 
 const char* zoredid_status_get_text(zoredid_status status)
 {
-    constexpr const char* apszTexts[] = { "no error",
-                                          "a null pointer or an index that is too high",
-                                          "no memory",
-                                          "too few bytes or too many",
-                                          "the file cannot be read",
-                                          "the value is refused",
-                                          "the image has no such field" };
+    constexpr const char* apszTexts[] = {
+        "no error",
+        "invalid argument: a null pointer, or an index or a number that is out of range",
+        "no memory",
+        "too few bytes or too many",
+        "the file cannot be read",
+        "the value is refused",
+        "the image has no such field"
+    };
     static_assert(std::size(apszTexts) == ZOREDID_ERROR_NO_FIELD + 1);
     return status >= 0 && status <= ZOREDID_ERROR_NO_FIELD ? apszTexts[status] : "unknown error";
 }

@@ -55,7 +55,7 @@ ZOREDID_API const char* zoredid_get_version(void);
 typedef enum zoredid_status ZOREDID_INT
 {
     ZOREDID_OK = 0,
-    ZOREDID_ERROR_ARGUMENT = 1, /**< a null pointer, or an index that is too high */
+    ZOREDID_ERROR_ARGUMENT = 1, /**< a null pointer, or an index or a number that is out of range */
     ZOREDID_ERROR_MEMORY = 2,   /**< no memory; the object is as if it had read nothing */
     ZOREDID_ERROR_SIZE = 3,     /**< too few bytes: facts and modes need 128, the others 1; or more than 2^31 - 1 */
     ZOREDID_ERROR_FILE = 4,     /**< the file does not open or cannot be read; errno says why */
@@ -122,7 +122,7 @@ typedef enum zoredid_fact ZOREDID_INT
     ZOREDID_FACT_MAKER_OUI = 2,      /**< IEEE's identifier, of DisplayID 2.0 */
     ZOREDID_FACT_PRODUCT_CODE = 3,   /**< of the maker, 16 bits */
     ZOREDID_FACT_SERIAL_NUMBER = 4,  /**< 32 bits */
-    ZOREDID_FACT_SERIAL_TEXT = 5,    /**< text */
+    ZOREDID_FACT_SERIAL_TEXT = 5,    /**< text: serial number as text */
     ZOREDID_FACT_NAME = 6,           /**< text: product name */
     ZOREDID_FACT_TEXT = 7,           /**< text: the first other text; panels have their type here */
     ZOREDID_FACT_WEEK = 8,           /**< of manufacture, 1 to 54 */
@@ -133,39 +133,39 @@ typedef enum zoredid_fact ZOREDID_INT
 
     /* Size and shape */
     ZOREDID_FACT_WIDTH = 101,                   /**< real: mm, by the best source */
-    ZOREDID_FACT_HEIGHT = 102,                  /**< real: mm */
-    ZOREDID_FACT_DIAGONAL = 103,                /**< real: inches */
+    ZOREDID_FACT_HEIGHT = 102,                  /**< real: mm, by the best source */
+    ZOREDID_FACT_DIAGONAL = 103,                /**< real: inches, of the same size */
     ZOREDID_FACT_BASE_WIDTH = 104,              /**< real: mm, whole centimetres of the base block */
-    ZOREDID_FACT_BASE_HEIGHT = 105,             /**< real: mm */
+    ZOREDID_FACT_BASE_HEIGHT = 105,             /**< real: mm, whole centimetres of the base block */
     ZOREDID_FACT_TIMING_WIDTH = 106,            /**< real: mm, of the first timing */
-    ZOREDID_FACT_TIMING_HEIGHT = 107,           /**< real: mm */
+    ZOREDID_FACT_TIMING_HEIGHT = 107,           /**< real: mm, of the first timing */
     ZOREDID_FACT_IMAGE_SIZE = 108,              /**< zoredid_image_size */
     ZOREDID_FACT_ASPECT = 109,                  /**< real: width to height, where no size is needed for it */
     ZOREDID_FACT_NATIVE_WIDTH = 110,            /**< pixels of the panel */
-    ZOREDID_FACT_NATIVE_HEIGHT = 111,           /**< lines */
+    ZOREDID_FACT_NATIVE_HEIGHT = 111,           /**< lines of the panel */
     ZOREDID_FACT_FIRST_TIMING_WIDTH = 112,      /**< pixels of the first timing of the base block */
     ZOREDID_FACT_FIRST_TIMING_HEIGHT = 113,     /**< lines of a frame */
     ZOREDID_FACT_FIRST_TIMING_RATE = 114,       /**< mHz: frames, of interlaced ones fields */
-    ZOREDID_FACT_FIRST_TIMING_INTERLACED = 115, /**< flag */
-    ZOREDID_FACT_FIRST_TIMING_PREFERRED = 116,  /**< flag */
-    ZOREDID_FACT_FIRST_TIMING_NATIVE = 117,     /**< flag, from EDID 1.4 on */
-    ZOREDID_FACT_KIND = 118,                    /**< zoredid_kind */
-    ZOREDID_FACT_DESKTOP = 119,                 /**< flag: 0 for head-mounted and special displays */
-    ZOREDID_FACT_ORIENTATION = 120,             /**< zoredid_orientation */
-    ZOREDID_FACT_ROTATION = 121,                /**< zoredid_rotation */
-    ZOREDID_FACT_SCAN_ORIENTATION = 122,        /**< of DisplayID 2.0 as stored; 0 is left to right, top to bottom */
-    ZOREDID_FACT_SUBPIXELS = 123,               /**< zoredid_subpixels; other numbers as stored */
-    ZOREDID_FACT_UNDERSCAN = 124,               /**< flag: IT formats are underscanned */
-    ZOREDID_FACT_PREFERRED_SCAN = 125,          /**< zoredid_scan, of the preferred format */
-    ZOREDID_FACT_IT_SCAN = 126,                 /**< zoredid_scan */
-    ZOREDID_FACT_CE_SCAN = 127,                 /**< zoredid_scan */
-    ZOREDID_FACT_TILE_COLUMNS = 128,            /**< of the whole display, from 1 */
-    ZOREDID_FACT_TILE_ROWS = 129,
-    ZOREDID_FACT_TILE_COLUMN = 130, /**< of this part, from 0 */
-    ZOREDID_FACT_TILE_ROW = 131,
-    ZOREDID_FACT_TILE_WIDTH = 132,            /**< pixels of this part */
-    ZOREDID_FACT_TILE_HEIGHT = 133,           /**< lines */
-    ZOREDID_FACT_TILE_SINGLE_ENCLOSURE = 134, /**< flag */
+    ZOREDID_FACT_FIRST_TIMING_INTERLACED = 115, /**< flag: the first timing is interlaced */
+    ZOREDID_FACT_FIRST_TIMING_PREFERRED = 116,  /**< flag: the first timing is the preferred mode */
+    ZOREDID_FACT_FIRST_TIMING_NATIVE = 117, /**< flag: the first timing has the native pixels; said from EDID 1.4 on */
+    ZOREDID_FACT_KIND = 118,                /**< zoredid_kind */
+    ZOREDID_FACT_DESKTOP = 119,             /**< flag: 0 for head-mounted and special displays */
+    ZOREDID_FACT_ORIENTATION = 120,         /**< zoredid_orientation */
+    ZOREDID_FACT_ROTATION = 121,            /**< zoredid_rotation */
+    ZOREDID_FACT_SCAN_ORIENTATION = 122,    /**< of DisplayID 2.0 as stored; 0 is left to right, top to bottom */
+    ZOREDID_FACT_SUBPIXELS = 123,           /**< zoredid_subpixels; other numbers as stored */
+    ZOREDID_FACT_UNDERSCAN = 124,           /**< flag: IT formats are underscanned */
+    ZOREDID_FACT_PREFERRED_SCAN = 125,      /**< zoredid_scan, of the preferred format */
+    ZOREDID_FACT_IT_SCAN = 126,             /**< zoredid_scan */
+    ZOREDID_FACT_CE_SCAN = 127,             /**< zoredid_scan */
+    ZOREDID_FACT_TILE_COLUMNS = 128,        /**< of the whole display, from 1 */
+    ZOREDID_FACT_TILE_ROWS = 129,           /**< of the whole display, from 1 */
+    ZOREDID_FACT_TILE_COLUMN = 130,         /**< of this part, from 0 */
+    ZOREDID_FACT_TILE_ROW = 131,            /**< of this part, from 0 */
+    ZOREDID_FACT_TILE_WIDTH = 132,          /**< pixels of this part */
+    ZOREDID_FACT_TILE_HEIGHT = 133,         /**< lines of this part */
+    ZOREDID_FACT_TILE_SINGLE_ENCLOSURE = 134, /**< flag: all tiles are in one enclosure */
     ZOREDID_FACT_TILE_SOME = 135,             /**< behaviour when some tiles are driven, as stored */
     ZOREDID_FACT_TILE_ONE = 136,              /**< when only this one is driven: 1 in place, 2 scaled, 3 cloned */
 
@@ -176,50 +176,50 @@ typedef enum zoredid_fact ZOREDID_INT
     ZOREDID_FACT_CTA_REVISION = 204,        /**< of the first CTA-861 block */
     ZOREDID_FACT_LANES = 205,               /**< of the interface */
     ZOREDID_FACT_PHYSICAL_ADDRESS = 206,    /**< 0x1000 is 1.0.0.0 */
-    ZOREDID_FACT_MAX_TMDS_CLOCK = 207,      /**< Hz */
+    ZOREDID_FACT_MAX_TMDS_CLOCK = 207,      /**< Hz, by HDMI */
     ZOREDID_FACT_FRL_LANES = 208,           /**< fixed rate link of HDMI 2.1; 0 for none */
     ZOREDID_FACT_FRL_LANE_RATE = 209,       /**< Gbit/s of each lane */
     ZOREDID_FACT_SUPPORTS_AI = 210,         /**< flag: ACP, ISRC1 and ISRC2 packets */
-    ZOREDID_FACT_DVI_DUAL = 211,            /**< flag */
+    ZOREDID_FACT_DVI_DUAL = 211,            /**< flag: DVI_Dual of HDMI: DVI with two links */
     ZOREDID_FACT_CONTENT_TYPES = 212,       /**< bits zoredid_content */
-    ZOREDID_FACT_SCDC = 213,                /**< flag */
-    ZOREDID_FACT_READ_REQUEST = 214,        /**< flag */
-    ZOREDID_FACT_SCRAMBLING = 215,          /**< flag: above 340 MHz */
-    ZOREDID_FACT_SCRAMBLE_LOW = 216,        /**< flag: at 340 MHz and below */
-    ZOREDID_FACT_CABLE_STATUS = 217,        /**< flag */
-    ZOREDID_FACT_CCBPCI = 218,              /**< flag */
-    ZOREDID_FACT_INDEPENDENT_VIEW = 219,    /**< flag */
-    ZOREDID_FACT_DUAL_VIEW = 220,           /**< flag */
-    ZOREDID_FACT_OSD_DISPARITY_3D = 221,    /**< flag */
-    ZOREDID_FACT_UHD_VIC = 222,             /**< flag */
+    ZOREDID_FACT_SCDC = 213,                /**< flag: SCDC_Present of HDMI Forum */
+    ZOREDID_FACT_READ_REQUEST = 214,        /**< flag: RR_Capable of HDMI Forum: SCDC read requests */
+    ZOREDID_FACT_SCRAMBLING = 215,          /**< flag: scrambling above 340 MHz */
+    ZOREDID_FACT_SCRAMBLE_LOW = 216,        /**< flag: scrambling at 340 MHz and below, too */
+    ZOREDID_FACT_CABLE_STATUS = 217,        /**< flag: Cable_Status of HDMI Forum */
+    ZOREDID_FACT_CCBPCI = 218,              /**< flag: CCBPCI of HDMI Forum */
+    ZOREDID_FACT_INDEPENDENT_VIEW = 219,    /**< flag: Independent_View of HDMI Forum, for 3D */
+    ZOREDID_FACT_DUAL_VIEW = 220,           /**< flag: Dual_View of HDMI Forum, for 3D */
+    ZOREDID_FACT_OSD_DISPARITY_3D = 221,    /**< flag: 3D_OSD_Disparity of HDMI Forum */
+    ZOREDID_FACT_UHD_VIC = 222,             /**< flag: UHD_VIC of HDMI Forum */
     ZOREDID_FACT_DSC = 230,                 /**< flag: compressed video, HDMI 2.1 */
-    ZOREDID_FACT_DSC_NATIVE_420 = 231,      /**< flag */
-    ZOREDID_FACT_DSC_ALL_BPP = 232,         /**< flag */
+    ZOREDID_FACT_DSC_NATIVE_420 = 231,      /**< flag: DSC_Native_420 of HDMI Forum */
+    ZOREDID_FACT_DSC_ALL_BPP = 232,         /**< flag: DSC_All_bpp of HDMI Forum */
     ZOREDID_FACT_DSC_DEPTH = 233,           /**< bits per colour at most */
-    ZOREDID_FACT_DSC_FRL_LANES = 234,       /**< 0 for none */
-    ZOREDID_FACT_DSC_FRL_LANE_RATE = 235,   /**< Gbit/s of each lane */
-    ZOREDID_FACT_DSC_SLICES = 236,          /**< at most; 0 for none */
+    ZOREDID_FACT_DSC_FRL_LANES = 234,       /**< for compressed video; 0 for none */
+    ZOREDID_FACT_DSC_FRL_LANE_RATE = 235,   /**< Gbit/s of each lane, for compressed video */
+    ZOREDID_FACT_DSC_SLICES = 236,          /**< slices of a line at most; 0 for none */
     ZOREDID_FACT_DSC_SLICE_CLOCK = 237,     /**< MHz at most, of each */
     ZOREDID_FACT_DSC_CHUNK = 238,           /**< bytes of all chunks of a line */
     ZOREDID_FACT_ALLM = 250,                /**< flag: auto low latency mode */
     ZOREDID_FACT_QMS = 251,                 /**< flag: quick media switching */
-    ZOREDID_FACT_QMS_MIN = 252,             /**< flag */
-    ZOREDID_FACT_QMS_MAX = 253,             /**< flag */
-    ZOREDID_FACT_FAST_VACTIVE = 254,        /**< flag */
-    ZOREDID_FACT_CINEMA_VRR = 255,          /**< flag */
-    ZOREDID_FACT_NEGATIVE_MVRR = 256,       /**< flag */
-    ZOREDID_FACT_M_DELTA = 257,             /**< flag */
-    ZOREDID_FACT_FAPA_START = 258,          /**< flag */
-    ZOREDID_FACT_FAPA_END = 259,            /**< flag */
+    ZOREDID_FACT_QMS_MIN = 252,             /**< flag: QMS_TFR_min of HDMI Forum */
+    ZOREDID_FACT_QMS_MAX = 253,             /**< flag: QMS_TFR_max of HDMI Forum */
+    ZOREDID_FACT_FAST_VACTIVE = 254,        /**< flag: FVA of HDMI Forum: fast active lines */
+    ZOREDID_FACT_CINEMA_VRR = 255,          /**< flag: CinemaVRR of HDMI Forum */
+    ZOREDID_FACT_NEGATIVE_MVRR = 256,       /**< flag: CNMVRR of HDMI Forum: negative M_VRR */
+    ZOREDID_FACT_M_DELTA = 257,             /**< flag: M_Delta of HDMI Forum */
+    ZOREDID_FACT_FAPA_START = 258,          /**< flag: FAPA_start_location of HDMI Forum */
+    ZOREDID_FACT_FAPA_END = 259,            /**< flag: FAPA_End_Extended of HDMI Forum */
     ZOREDID_FACT_VRR_MIN = 260,             /**< Hz, of the best range of variable refresh; limits of rates are none */
     ZOREDID_FACT_VRR_MAX = 261,             /**< Hz; not said where it is the rate of the mode */
     ZOREDID_FACT_VRR_SOURCE = 262,          /**< zoredid_vrr, of that range */
-    ZOREDID_FACT_MIN_VERTICAL_RATE = 270,   /**< Hz */
-    ZOREDID_FACT_MAX_VERTICAL_RATE = 271,   /**< Hz */
-    ZOREDID_FACT_MIN_HORIZONTAL_RATE = 272, /**< Hz */
-    ZOREDID_FACT_MAX_HORIZONTAL_RATE = 273, /**< Hz */
-    ZOREDID_FACT_MIN_PIXEL_CLOCK = 274,     /**< Hz */
-    ZOREDID_FACT_MAX_PIXEL_CLOCK = 275,     /**< Hz */
+    ZOREDID_FACT_MIN_VERTICAL_RATE = 270,   /**< Hz, of range limits */
+    ZOREDID_FACT_MAX_VERTICAL_RATE = 271,   /**< Hz, of range limits */
+    ZOREDID_FACT_MIN_HORIZONTAL_RATE = 272, /**< Hz, of range limits */
+    ZOREDID_FACT_MAX_HORIZONTAL_RATE = 273, /**< Hz, of range limits */
+    ZOREDID_FACT_MIN_PIXEL_CLOCK = 274,     /**< Hz, of range limits */
+    ZOREDID_FACT_MAX_PIXEL_CLOCK = 275,     /**< Hz, of range limits */
     ZOREDID_FACT_RANGE_FORMULA = 276,       /**< of EDID's range limits, as stored: 1 is limits only, 4 is CVT */
     ZOREDID_FACT_CONTINUOUS = 277,          /**< flag: all rates within the limits, not only listed modes */
     ZOREDID_FACT_NVIDIA = 278,              /**< flag: a block of NVIDIA is there; its bytes are not public */
@@ -227,87 +227,89 @@ typedef enum zoredid_fact ZOREDID_INT
     ZOREDID_FACT_MSO_OVERLAP = 280,         /**< pixels, 0 to 8 */
 
     /* Colour */
-    ZOREDID_FACT_DEPTH = 301,              /**< bits per colour of the panel or interface */
-    ZOREDID_FACT_FORMATS = 302,            /**< bits zoredid_format */
-    ZOREDID_FACT_DEPTHS_RGB = 303,         /**< bits zoredid_depth, of each format */
-    ZOREDID_FACT_DEPTHS_YCBCR444 = 304,    /**< bits zoredid_depth */
-    ZOREDID_FACT_DEPTHS_YCBCR422 = 305,    /**< bits zoredid_depth */
-    ZOREDID_FACT_DEPTHS_YCBCR420 = 306,    /**< bits zoredid_depth */
-    ZOREDID_FACT_HDMI_DEEP = 307,          /**< bits zoredid_depth: deep colour of RGB, by HDMI */
-    ZOREDID_FACT_HDMI_DEEP_YCBCR444 = 308, /**< flag: and of YCbCr 4:4:4 */
-    ZOREDID_FACT_HDMI_DEEP_YCBCR420 = 309, /**< bits zoredid_depth: of YCbCr 4:2:0, by HDMI Forum */
-    ZOREDID_FACT_MONOCHROME = 310,         /**< flag */
-    ZOREDID_FACT_MIN_YCBCR420_CLOCK = 311, /**< Hz, from which on YCbCr 4:2:0 is offered: DisplayID 2.0 */
-    ZOREDID_FACT_RED_X = 320,              /**< real: CIE 1931, 0 to 1, as the eight that follow */
-    ZOREDID_FACT_RED_Y = 321,
-    ZOREDID_FACT_GREEN_X = 322,
-    ZOREDID_FACT_GREEN_Y = 323,
-    ZOREDID_FACT_BLUE_X = 324,
-    ZOREDID_FACT_BLUE_Y = 325,
-    ZOREDID_FACT_WHITE_X = 326,
-    ZOREDID_FACT_WHITE_Y = 327,
-    ZOREDID_FACT_GAMMA = 328,         /**< real: 1.00 to 3.54 */
-    ZOREDID_FACT_SRGB_DEFAULT = 329,  /**< flag */
-    ZOREDID_FACT_DEFAULT_RED_X = 330, /**< real: what is shown without being told otherwise, as the eight that follow */
-    ZOREDID_FACT_DEFAULT_RED_Y = 331,
-    ZOREDID_FACT_DEFAULT_GREEN_X = 332,
-    ZOREDID_FACT_DEFAULT_GREEN_Y = 333,
-    ZOREDID_FACT_DEFAULT_BLUE_X = 334,
-    ZOREDID_FACT_DEFAULT_BLUE_Y = 335,
-    ZOREDID_FACT_DEFAULT_WHITE_X = 336,
-    ZOREDID_FACT_DEFAULT_WHITE_Y = 337,
-    ZOREDID_FACT_DEFAULT_GAMMA = 338,
+    ZOREDID_FACT_DEPTH = 301,                         /**< bits per colour of the panel or interface */
+    ZOREDID_FACT_FORMATS = 302,                       /**< bits zoredid_format */
+    ZOREDID_FACT_DEPTHS_RGB = 303,                    /**< bits zoredid_depth, of each format */
+    ZOREDID_FACT_DEPTHS_YCBCR444 = 304,               /**< bits zoredid_depth */
+    ZOREDID_FACT_DEPTHS_YCBCR422 = 305,               /**< bits zoredid_depth */
+    ZOREDID_FACT_DEPTHS_YCBCR420 = 306,               /**< bits zoredid_depth */
+    ZOREDID_FACT_HDMI_DEEP = 307,                     /**< bits zoredid_depth: deep colour of RGB, by HDMI */
+    ZOREDID_FACT_HDMI_DEEP_YCBCR444 = 308,            /**< flag: deep colour of YCbCr 4:4:4, too, by HDMI */
+    ZOREDID_FACT_HDMI_DEEP_YCBCR420 = 309,            /**< bits zoredid_depth: of YCbCr 4:2:0, by HDMI Forum */
+    ZOREDID_FACT_MONOCHROME = 310,                    /**< flag: a display without colours */
+    ZOREDID_FACT_MIN_YCBCR420_CLOCK = 311,            /**< Hz, from which on YCbCr 4:2:0 is offered: DisplayID 2.0 */
+    ZOREDID_FACT_RED_X = 320,                         /**< real: x of red, CIE 1931, 0 to 1 */
+    ZOREDID_FACT_RED_Y = 321,                         /**< real: y of red */
+    ZOREDID_FACT_GREEN_X = 322,                       /**< real: x of green */
+    ZOREDID_FACT_GREEN_Y = 323,                       /**< real: y of green */
+    ZOREDID_FACT_BLUE_X = 324,                        /**< real: x of blue */
+    ZOREDID_FACT_BLUE_Y = 325,                        /**< real: y of blue */
+    ZOREDID_FACT_WHITE_X = 326,                       /**< real: x of white */
+    ZOREDID_FACT_WHITE_Y = 327,                       /**< real: y of white */
+    ZOREDID_FACT_GAMMA = 328,                         /**< real: 1.00 to 3.54 */
+    ZOREDID_FACT_SRGB_DEFAULT = 329,                  /**< flag: sRGB is the default colour space */
+    ZOREDID_FACT_DEFAULT_RED_X = 330,                 /**< real: x of red that is shown by default */
+    ZOREDID_FACT_DEFAULT_RED_Y = 331,                 /**< real: y of red by default */
+    ZOREDID_FACT_DEFAULT_GREEN_X = 332,               /**< real: x of green by default */
+    ZOREDID_FACT_DEFAULT_GREEN_Y = 333,               /**< real: y of green by default */
+    ZOREDID_FACT_DEFAULT_BLUE_X = 334,                /**< real: x of blue by default */
+    ZOREDID_FACT_DEFAULT_BLUE_Y = 335,                /**< real: y of blue by default */
+    ZOREDID_FACT_DEFAULT_WHITE_X = 336,               /**< real: x of white by default */
+    ZOREDID_FACT_DEFAULT_WHITE_Y = 337,               /**< real: y of white by default */
+    ZOREDID_FACT_DEFAULT_GAMMA = 338,                 /**< real: 1.00 to 3.54, by default */
     ZOREDID_FACT_COLORIMETRY = 340,                   /**< bits zoredid_colorimetry */
-    ZOREDID_FACT_SELECTABLE_RGB = 341,                /**< flag: the quantization range of RGB */
-    ZOREDID_FACT_SELECTABLE_YCC = 342,                /**< flag: that of YCC */
+    ZOREDID_FACT_SELECTABLE_RGB = 341,                /**< flag: the quantization range of RGB can be chosen */
+    ZOREDID_FACT_SELECTABLE_YCC = 342,                /**< flag: the quantization range of YCC can be chosen */
     ZOREDID_FACT_EOTFS = 350,                         /**< bits zoredid_eotf */
     ZOREDID_FACT_STATIC_METADATA = 351,               /**< bits: bit 0 is static metadata type 1 */
     ZOREDID_FACT_CONTENT_MAX_LUMINANCE = 352,         /**< real: cd/m2, of desired content */
     ZOREDID_FACT_CONTENT_MAX_AVERAGE_LUMINANCE = 353, /**< real: cd/m2, the average of a frame */
-    ZOREDID_FACT_CONTENT_MIN_LUMINANCE = 354,         /**< real: cd/m2 */
-    ZOREDID_FACT_CONTENT_MAX_LUMINANCE_CODE = 355,    /**< as stored, as the two that follow */
-    ZOREDID_FACT_CONTENT_MAX_AVERAGE_LUMINANCE_CODE = 356,
-    ZOREDID_FACT_CONTENT_MIN_LUMINANCE_CODE = 357,
-    ZOREDID_FACT_DYNAMIC_TYPE1 = 360,         /**< flag: dynamic metadata of SMPTE ST 2094-10 */
-    ZOREDID_FACT_DYNAMIC_TYPE2 = 361,         /**< flag: ETSI TS 103 433, SL-HDR */
-    ZOREDID_FACT_DYNAMIC_TYPE3 = 362,         /**< flag: colour remapping */
-    ZOREDID_FACT_DYNAMIC_TYPE4 = 363,         /**< flag: SMPTE ST 2094-40, HDR10+ */
-    ZOREDID_FACT_DYNAMIC_GRAPHICS = 364,      /**< flag: type 256 */
-    ZOREDID_FACT_DYNAMIC_TYPE1_VERSION = 365, /**< 0 where it has none, as the three that follow */
-    ZOREDID_FACT_DYNAMIC_TYPE2_VERSION = 366,
-    ZOREDID_FACT_DYNAMIC_TYPE3_VERSION = 367,
-    ZOREDID_FACT_DYNAMIC_TYPE4_VERSION = 368,
-    ZOREDID_FACT_HDR10PLUS_VERSION = 370,          /**< of the application, as stored */
-    ZOREDID_FACT_HDR10PLUS_PEAK = 371,             /**< index, as stored */
-    ZOREDID_FACT_HDR10PLUS_FULL_FRAME_PEAK = 372,  /**< index, as stored */
-    ZOREDID_FACT_DOLBY_VISION_VERSION = 375,       /**< of the data block, 0 to 2; others as stored */
-    ZOREDID_FACT_DOLBY_VISION_DM_VERSION = 376,    /**< real: of the display management; 0 when unknown */
-    ZOREDID_FACT_DOLBY_VISION_YUV422 = 377,        /**< flag: 12 bits */
-    ZOREDID_FACT_DOLBY_VISION_LOW_LATENCY = 378,   /**< flag */
-    ZOREDID_FACT_DOLBY_VISION_STANDARD = 379,      /**< flag: the mode with metadata in the picture */
-    ZOREDID_FACT_DOLBY_VISION_MAX_LUMINANCE = 380, /**< real: cd/m2 of the target; not said by other versions */
-    ZOREDID_FACT_DOLBY_VISION_MIN_LUMINANCE = 381, /**< real: cd/m2 */
-    ZOREDID_FACT_TONE_MAPPING_VERSION = 382,       /**< of the HDMI Forum's source-based tone mapping */
-    ZOREDID_FACT_MAX_LUMINANCE = 385,              /**< real: cd/m2, the full screen */
-    ZOREDID_FACT_MAX_LUMINANCE_TENTH = 386,        /**< real: cd/m2, a tenth of it */
-    ZOREDID_FACT_MIN_LUMINANCE = 387,              /**< real: cd/m2 */
-    ZOREDID_FACT_MAX_SDR_LUMINANCE = 388,          /**< real: cd/m2, DisplayID 2.1 */
-    ZOREDID_FACT_MIN_SDR_LUMINANCE = 389,          /**< real: cd/m2 */
-    ZOREDID_FACT_MAX_BOOST_LUMINANCE = 390,        /**< real: cd/m2 */
-    ZOREDID_FACT_AMD_MAX_LUMINANCE = 391,          /**< real: cd/m2, of AMD's block, which is not public */
-    ZOREDID_FACT_AMD_MIN_LUMINANCE = 392,          /**< real: cd/m2 */
+    ZOREDID_FACT_CONTENT_MIN_LUMINANCE = 354,         /**< real: cd/m2, of desired content */
+    ZOREDID_FACT_CONTENT_MAX_LUMINANCE_CODE = 355,    /**< of the maximum, as stored */
+    ZOREDID_FACT_CONTENT_MAX_AVERAGE_LUMINANCE_CODE = 356, /**< of the average of a frame, as stored */
+    ZOREDID_FACT_CONTENT_MIN_LUMINANCE_CODE = 357,         /**< of the minimum, as stored */
+    ZOREDID_FACT_DYNAMIC_TYPE1 = 360,                      /**< flag: dynamic metadata of SMPTE ST 2094-10 */
+    ZOREDID_FACT_DYNAMIC_TYPE2 = 361,                      /**< flag: ETSI TS 103 433, SL-HDR */
+    ZOREDID_FACT_DYNAMIC_TYPE3 = 362,                      /**< flag: colour remapping */
+    ZOREDID_FACT_DYNAMIC_TYPE4 = 363,                      /**< flag: SMPTE ST 2094-40, HDR10+ */
+    ZOREDID_FACT_DYNAMIC_GRAPHICS = 364,                   /**< flag: dynamic metadata of graphics, type 256 */
+    ZOREDID_FACT_DYNAMIC_TYPE1_VERSION = 365,              /**< of type 1; 0 where it has none */
+    ZOREDID_FACT_DYNAMIC_TYPE2_VERSION = 366,              /**< of type 2; 0 where it has none */
+    ZOREDID_FACT_DYNAMIC_TYPE3_VERSION = 367,              /**< of type 3; 0 where it has none */
+    ZOREDID_FACT_DYNAMIC_TYPE4_VERSION = 368,              /**< of type 4; 0 where it has none */
+    ZOREDID_FACT_HDR10PLUS_VERSION = 370,                  /**< of the application, as stored */
+    ZOREDID_FACT_HDR10PLUS_PEAK = 371,                     /**< index, as stored */
+    ZOREDID_FACT_HDR10PLUS_FULL_FRAME_PEAK = 372,          /**< index, as stored */
+    ZOREDID_FACT_DOLBY_VISION_VERSION = 375,               /**< of the data block, 0 to 2; others as stored */
+    ZOREDID_FACT_DOLBY_VISION_DM_VERSION = 376,            /**< real: of the display management; 0 when unknown */
+    ZOREDID_FACT_DOLBY_VISION_YUV422 = 377,                /**< flag: YCbCr 4:2:2 of 12 bits */
+    ZOREDID_FACT_DOLBY_VISION_LOW_LATENCY = 378,           /**< flag: the mode of low latency */
+    ZOREDID_FACT_DOLBY_VISION_STANDARD = 379,              /**< flag: the mode with metadata in the picture */
+    ZOREDID_FACT_DOLBY_VISION_MAX_LUMINANCE = 380,         /**< real: cd/m2 of the target; not said by other versions */
+    ZOREDID_FACT_DOLBY_VISION_MIN_LUMINANCE = 381,         /**< real: cd/m2, of the target */
+    ZOREDID_FACT_TONE_MAPPING_VERSION = 382,               /**< of the HDMI Forum's source-based tone mapping */
+    ZOREDID_FACT_MAX_LUMINANCE = 385,                      /**< real: cd/m2, the full screen */
+    ZOREDID_FACT_MAX_LUMINANCE_TENTH = 386,                /**< real: cd/m2, a tenth of it */
+    ZOREDID_FACT_MIN_LUMINANCE = 387,                      /**< real: cd/m2, of the screen */
+    ZOREDID_FACT_MAX_SDR_LUMINANCE = 388,                  /**< real: cd/m2, DisplayID 2.1 */
+    ZOREDID_FACT_MIN_SDR_LUMINANCE = 389,                  /**< real: cd/m2, of SDR, DisplayID 2.1 */
+    ZOREDID_FACT_MAX_BOOST_LUMINANCE = 390,                /**< real: cd/m2, of SDR, boosted, DisplayID 2.1 */
+    ZOREDID_FACT_AMD_MAX_LUMINANCE = 391,                  /**< real: cd/m2, of AMD's block, which is not public */
+    ZOREDID_FACT_AMD_MIN_LUMINANCE = 392,                  /**< real: cd/m2, of AMD's block */
+    ZOREDID_FACT_HDR10 = 393,                              /**< flag: PQ with static metadata of type 1 */
+    ZOREDID_FACT_STATIC_METADATA_TYPE_1 = 394,             /**< flag: static metadata of type 1 */
 
     /* Audio */
-    ZOREDID_FACT_AUDIO = 401,                    /**< flag: any */
+    ZOREDID_FACT_AUDIO = 401,                    /**< flag: the display has audio of any kind */
     ZOREDID_FACT_BASIC_AUDIO = 402,              /**< flag: two channels of L-PCM */
-    ZOREDID_FACT_SPEAKERS_BUILT_IN = 403,        /**< flag: DisplayID 2.0 */
+    ZOREDID_FACT_SPEAKERS_BUILT_IN = 403,        /**< flag: the display has speakers, by DisplayID 2.0 */
     ZOREDID_FACT_SPEAKERS = 404,                 /**< bits zoredid_speaker */
     ZOREDID_FACT_AUDIO_STREAMS = 405,            /**< of HDMI's multi-stream audio, 2 to 4; 0 for none */
     ZOREDID_FACT_DISPLAYID_AUDIO_RATES = 406,    /**< bits zoredid_audio_rate: of DisplayID 2.0 */
-    ZOREDID_FACT_VIDEO_LATENCY = 407,            /**< ms, 0 to 500; -1 for no video, and of audio for no audio */
-    ZOREDID_FACT_AUDIO_LATENCY = 408,            /**< ms */
-    ZOREDID_FACT_INTERLACED_VIDEO_LATENCY = 409, /**< ms */
-    ZOREDID_FACT_INTERLACED_AUDIO_LATENCY = 410  /**< ms */
+    ZOREDID_FACT_VIDEO_LATENCY = 407,            /**< ms, 0 to 500; -1 for no video */
+    ZOREDID_FACT_AUDIO_LATENCY = 408,            /**< ms, 0 to 500; -1 for no audio */
+    ZOREDID_FACT_INTERLACED_VIDEO_LATENCY = 409, /**< ms of interlaced modes, 0 to 500; -1 for no video */
+    ZOREDID_FACT_INTERLACED_AUDIO_LATENCY = 410  /**< ms of interlaced modes, 0 to 500; -1 for no audio */
 } zoredid_fact;
 
 /** Values of ZOREDID_FACT_KIND. */
@@ -616,10 +618,11 @@ ZOREDID_API int zoredid_facts_takes_space(const zoredid_facts* facts, zoredid_sp
 
 /** The ranges of variable refresh, in the order of the bytes, at most 16. ZOREDID_FACT_VRR_MIN has the best one. */
 ZOREDID_API size_t zoredid_facts_get_vrr_count(const zoredid_facts* facts);
+/** The block that announces the range. */
 ZOREDID_API zoredid_vrr zoredid_facts_get_vrr_source(const zoredid_facts* facts, size_t index);
-/** Hz. */
+/** The least rate in Hz. */
 ZOREDID_API uint32_t zoredid_facts_get_vrr_min(const zoredid_facts* facts, size_t index);
-/** Hz; 0 for the rate of the mode. */
+/** The highest rate in Hz; 0 for the rate of the mode. */
 ZOREDID_API uint32_t zoredid_facts_get_vrr_max(const zoredid_facts* facts, size_t index);
 /** Of adaptive sync: 1 for the panel's own range. */
 ZOREDID_API int zoredid_facts_get_vrr_native(const zoredid_facts* facts, size_t index);
@@ -629,16 +632,18 @@ ZOREDID_API int zoredid_facts_get_vrr_seamless(const zoredid_facts* facts, size_
 ZOREDID_API int zoredid_facts_get_vrr_adaptive(const zoredid_facts* facts, size_t index);
 /** Of adaptive sync: how much longer a frame may be than the one before it, in microseconds; 0 for no limit. */
 ZOREDID_API uint32_t zoredid_facts_get_vrr_max_increase(const zoredid_facts* facts, size_t index);
-/** And how much shorter. */
+/** Of adaptive sync: how much shorter it may be, in microseconds; 0 for no limit. */
 ZOREDID_API uint32_t zoredid_facts_get_vrr_max_decrease(const zoredid_facts* facts, size_t index);
 /** The id of the field that says the least rate. */
 ZOREDID_API uint32_t zoredid_facts_get_vrr_id(const zoredid_facts* facts, size_t index);
-/** And its offset in the image. */
+/** The offset of that field in the image. */
 ZOREDID_API size_t zoredid_facts_get_vrr_offset(const zoredid_facts* facts, size_t index);
 
 /** Colour spaces with a transfer function, of DisplayID 2.0, in the order of the bytes, at most 16. */
 ZOREDID_API size_t zoredid_facts_get_space_count(const zoredid_facts* facts);
+/** The colour space; ZOREDID_SPACE_UNKNOWN of one that is not defined. */
 ZOREDID_API zoredid_space zoredid_facts_get_space(const zoredid_facts* facts, size_t index);
+/** Its transfer function; ZOREDID_TRANSFER_UNKNOWN of one that is not defined. */
 ZOREDID_API zoredid_transfer zoredid_facts_get_space_transfer(const zoredid_facts* facts, size_t index);
 
 /** Audio formats, of CTA-861 and HDMI 2.0, in the order of the bytes, at most 32. */
@@ -647,13 +652,13 @@ ZOREDID_API size_t zoredid_facts_get_audio_count(const zoredid_facts* facts);
 ZOREDID_API uint32_t zoredid_facts_get_audio_format(const zoredid_facts* facts, size_t index);
 /** The extended code, with 15; else 0. */
 ZOREDID_API uint32_t zoredid_facts_get_audio_extended_format(const zoredid_facts* facts, size_t index);
-/** At most; 0 where the format has no such number. */
+/** Channels at most; 0 where the format has no such number. */
 ZOREDID_API uint32_t zoredid_facts_get_audio_channels(const zoredid_facts* facts, size_t index);
-/** Bits zoredid_audio_rate. */
+/** Sampling rates: bits zoredid_audio_rate. */
 ZOREDID_API uint32_t zoredid_facts_get_audio_rates(const zoredid_facts* facts, size_t index);
-/** Bits zoredid_sample_size, of L-PCM; else 0. */
+/** Sample sizes: bits zoredid_sample_size, of L-PCM; else 0. */
 ZOREDID_API uint32_t zoredid_facts_get_audio_sample_sizes(const zoredid_facts* facts, size_t index);
-/** bit/s at most; 0 where the format has none. */
+/** The bit rate in bit/s at most; 0 where the format has none. */
 ZOREDID_API uint32_t zoredid_facts_get_audio_bit_rate(const zoredid_facts* facts, size_t index);
 /** The last byte of the descriptor, as stored. */
 ZOREDID_API uint32_t zoredid_facts_get_audio_byte(const zoredid_facts* facts, size_t index);
@@ -662,10 +667,15 @@ ZOREDID_API int zoredid_facts_get_audio_hdmi_3d(const zoredid_facts* facts, size
 
 /** Where sources contradict each other, at most 16: of each the field that is taken, and the other one. */
 ZOREDID_API size_t zoredid_facts_get_conflict_count(const zoredid_facts* facts);
+/** What they contradict each other about. */
 ZOREDID_API zoredid_question zoredid_facts_get_conflict_question(const zoredid_facts* facts, size_t index);
+/** The id of the field that is taken, as in zoredid_map_find. */
 ZOREDID_API uint32_t zoredid_facts_get_conflict_taken_id(const zoredid_facts* facts, size_t index);
+/** The offset of its first byte in the image. */
 ZOREDID_API size_t zoredid_facts_get_conflict_taken_offset(const zoredid_facts* facts, size_t index);
+/** The id of the field that is not taken. */
 ZOREDID_API uint32_t zoredid_facts_get_conflict_other_id(const zoredid_facts* facts, size_t index);
+/** The offset of its first byte in the image. */
 ZOREDID_API size_t zoredid_facts_get_conflict_other_offset(const zoredid_facts* facts, size_t index);
 
 /**
@@ -762,24 +772,27 @@ ZOREDID_API void zoredid_modes_free(zoredid_modes* modes);
 /** Reads one EDID of at least 128 bytes in any state: blocks that it announces and has. Checksums are not looked at. */
 ZOREDID_API zoredid_status zoredid_modes_read(zoredid_modes* modes, const void* data, size_t size);
 
+/** How many modes the image announces. */
 ZOREDID_API size_t zoredid_modes_get_count(const zoredid_modes* modes);
 /** The index of the most preferred mode; ZOREDID_NONE without one. */
 ZOREDID_API size_t zoredid_modes_get_preferred(const zoredid_modes* modes);
 
-/** Of the picture, in pixels. */
+/** The width of the picture in pixels. */
 ZOREDID_API uint32_t zoredid_modes_get_width(const zoredid_modes* modes, size_t index);
-/** Lines of the frame; 0 where the field leaves it open. */
+/** The height of the frame in lines; 0 where the field leaves it open. */
 ZOREDID_API uint32_t zoredid_modes_get_height(const zoredid_modes* modes, size_t index);
 /** 1 for an interlaced mode. */
 ZOREDID_API int zoredid_modes_is_interlaced(const zoredid_modes* modes, size_t index);
 /**
- * The exact rate in Hz, numerator / denominator: frames a second, of an interlaced mode fields. 60 is 148500000 /
- * 2475000 where that is the timing. A denominator of 0 says that no rate is given.
+ * The numerator of the exact rate in Hz, numerator / denominator: frames a second, of an interlaced mode fields. 60 is
+ * 148500000 / 2475000 where that is the timing. A denominator of 0 says that no rate is given.
  */
 ZOREDID_API uint64_t zoredid_modes_get_rate_numerator(const zoredid_modes* modes, size_t index);
+/** What the numerator of the rate is divided by; 0 where no rate is given. */
 ZOREDID_API uint64_t zoredid_modes_get_rate_denominator(const zoredid_modes* modes, size_t index);
-/** The rate as the standard names it: 60 Hz of 640 x 480 at 59.94; else the same. */
+/** The numerator of the rate in Hz as the standard names it: 60 of 640 x 480 at 59.94; else the same. */
 ZOREDID_API uint64_t zoredid_modes_get_nominal_rate_numerator(const zoredid_modes* modes, size_t index);
+/** What the numerator of the nominal rate is divided by; 0 where no rate is given. */
 ZOREDID_API uint64_t zoredid_modes_get_nominal_rate_denominator(const zoredid_modes* modes, size_t index);
 /** 1 where 1000/1001 of the rate and the clock is announced as well: the 59.94 of a code that has 60. */
 ZOREDID_API int zoredid_modes_has_fraction(const zoredid_modes* modes, size_t index);
@@ -788,13 +801,15 @@ ZOREDID_API uint64_t zoredid_modes_get_fraction_clock(const zoredid_modes* modes
 
 /** Where the mode comes from. */
 ZOREDID_API zoredid_mode_kind zoredid_modes_get_kind(const zoredid_modes* modes, size_t index);
-/** What it is, the kind says. */
+/** A number whose meaning the kind says, such as the video identification code. */
 ZOREDID_API uint32_t zoredid_modes_get_code(const zoredid_modes* modes, size_t index);
-/** Of the picture, such as 16 and 9; 0 where it is not given. */
+/** The width of the picture's aspect ratio, such as 16; 0 where it is not given. */
 ZOREDID_API uint32_t zoredid_modes_get_aspect_width(const zoredid_modes* modes, size_t index);
+/** The height of the aspect ratio, such as 9; 0 where it is not given. */
 ZOREDID_API uint32_t zoredid_modes_get_aspect_height(const zoredid_modes* modes, size_t index);
 /** How often each pixel is sent: 1, also where several are allowed, or 2. */
 ZOREDID_API uint32_t zoredid_modes_get_repetition(const zoredid_modes* modes, size_t index);
+/** How the blanking is to be computed, of a mode without a timing. */
 ZOREDID_API zoredid_blanking zoredid_modes_get_blanking(const zoredid_modes* modes, size_t index);
 /** Whether YCbCr 4:2:0 is offered, and whether nothing else is. */
 ZOREDID_API zoredid_mode_420 zoredid_modes_get_420(const zoredid_modes* modes, size_t index);
@@ -806,11 +821,12 @@ ZOREDID_API uint32_t zoredid_modes_get_hdmi_3d(const zoredid_modes* modes, size_
 ZOREDID_API int zoredid_modes_is_native(const zoredid_modes* modes, size_t index);
 /** 1 for the most preferred mode, then 2 and so on; 0 without a preference. */
 ZOREDID_API uint32_t zoredid_modes_get_preference(const zoredid_modes* modes, size_t index);
+/** Why the mode is preferred; ZOREDID_MODE_REASON_UNKNOWN where it is not. */
 ZOREDID_API zoredid_mode_reason zoredid_modes_get_reason(const zoredid_modes* modes, size_t index);
 
-/** The field that announces it: an id as in zoredid_map_find. */
+/** The id of the field that announces the mode, as in zoredid_map_find. */
 ZOREDID_API uint32_t zoredid_modes_get_id(const zoredid_modes* modes, size_t index);
-/** Of its first byte in the image. */
+/** The offset of that field's first byte in the image. */
 ZOREDID_API size_t zoredid_modes_get_offset(const zoredid_modes* modes, size_t index);
 /** 7 to 0 where one bit announces the mode; else -1. */
 ZOREDID_API int zoredid_modes_get_bit(const zoredid_modes* modes, size_t index);
@@ -819,24 +835,31 @@ ZOREDID_API uint32_t zoredid_modes_get_rank(const zoredid_modes* modes, size_t i
 
 /** Where the numbers that follow come from; all are 0 where they are unknown. */
 ZOREDID_API zoredid_mode_numbers zoredid_modes_get_numbers(const zoredid_modes* modes, size_t index);
-/** Hz. */
+/** The pixel clock in Hz. */
 ZOREDID_API uint64_t zoredid_modes_get_clock(const zoredid_modes* modes, size_t index);
-/**
- * In pixels: what is sent (of repeated pixels each one), front porch, sync pulse, total, border on either side within
- * the blanking; 1 for a positive sync.
- */
+/** Pixels that are sent in a line, of repeated pixels each one. */
 ZOREDID_API uint32_t zoredid_modes_get_horizontal_active(const zoredid_modes* modes, size_t index);
+/** The front porch in pixels. */
 ZOREDID_API uint32_t zoredid_modes_get_horizontal_front(const zoredid_modes* modes, size_t index);
+/** The sync pulse in pixels. */
 ZOREDID_API uint32_t zoredid_modes_get_horizontal_sync(const zoredid_modes* modes, size_t index);
+/** Active pixels and blanking. */
 ZOREDID_API uint32_t zoredid_modes_get_horizontal_total(const zoredid_modes* modes, size_t index);
+/** The border on either side in pixels, within the blanking. */
 ZOREDID_API uint32_t zoredid_modes_get_horizontal_border(const zoredid_modes* modes, size_t index);
+/** 1 for a positive horizontal sync; 0 for a negative one. */
 ZOREDID_API int zoredid_modes_is_horizontal_positive(const zoredid_modes* modes, size_t index);
-/** In lines. Of an interlaced mode active lines and total are the frame's, porch and pulse those of its first field. */
+/** Active lines of the frame, of an interlaced mode those of both fields. */
 ZOREDID_API uint32_t zoredid_modes_get_vertical_active(const zoredid_modes* modes, size_t index);
+/** The front porch in lines, of an interlaced mode that of its first field. */
 ZOREDID_API uint32_t zoredid_modes_get_vertical_front(const zoredid_modes* modes, size_t index);
+/** The sync pulse in lines, of an interlaced mode that of its first field. */
 ZOREDID_API uint32_t zoredid_modes_get_vertical_sync(const zoredid_modes* modes, size_t index);
+/** Active lines and blanking, of an interlaced mode the frame's. */
 ZOREDID_API uint32_t zoredid_modes_get_vertical_total(const zoredid_modes* modes, size_t index);
+/** The border on either side in lines, within the blanking. */
 ZOREDID_API uint32_t zoredid_modes_get_vertical_border(const zoredid_modes* modes, size_t index);
+/** 1 for a positive vertical sync; 0 for a negative one. */
 ZOREDID_API int zoredid_modes_is_vertical_positive(const zoredid_modes* modes, size_t index);
 
 /* ---- Map: what each byte says ---- */
@@ -940,8 +963,11 @@ ZOREDID_API size_t zoredid_map_get_value(const zoredid_map* map, size_t index, c
  * 0xff has one byte. A group has no piece.
  */
 ZOREDID_API size_t zoredid_map_get_piece_count(const zoredid_map* map, size_t index);
+/** The first byte of a piece in the image. */
 ZOREDID_API size_t zoredid_map_get_piece_offset(const zoredid_map* map, size_t index, size_t piece);
+/** Its bytes. */
 ZOREDID_API size_t zoredid_map_get_piece_length(const zoredid_map* map, size_t index, size_t piece);
+/** Its bits in each of these bytes. */
 ZOREDID_API uint32_t zoredid_map_get_piece_mask(const zoredid_map* map, size_t index, size_t piece);
 
 /* ---- Check: what is wrong with an image ---- */
@@ -988,9 +1014,11 @@ ZOREDID_API void zoredid_check_free(zoredid_check* check);
  */
 ZOREDID_API zoredid_status zoredid_check_read(zoredid_check* check, const zoredid_map* map, unsigned int this_year);
 
+/** How many findings there are. */
 ZOREDID_API size_t zoredid_check_get_count(const zoredid_check* check);
 /** The number of the rule that is broken. */
 ZOREDID_API uint32_t zoredid_check_get_rule(const zoredid_check* check, size_t index);
+/** How much the finding weighs. */
 ZOREDID_API zoredid_severity zoredid_check_get_severity(const zoredid_check* check, size_t index);
 /** The field, an index of the map; ZOREDID_NONE of an index that is too high. */
 ZOREDID_API size_t zoredid_check_get_field(const zoredid_check* check, size_t index);
@@ -1003,7 +1031,9 @@ ZOREDID_API const char* zoredid_check_get_what(const zoredid_check* check, size_
  * reads again. length may be null.
  */
 ZOREDID_API const char* zoredid_check_get_reason(const zoredid_check* check, size_t index, size_t* length);
+/** The value that was found, in words. */
 ZOREDID_API const char* zoredid_check_get_found(const zoredid_check* check, size_t index, size_t* length);
+/** What would be right, in words. */
 ZOREDID_API const char* zoredid_check_get_expected(const zoredid_check* check, size_t index, size_t* length);
 
 /* ---- Repair: what has one right answer ---- */
@@ -1090,9 +1120,11 @@ ZOREDID_API const char* zoredid_writer_get_after(const zoredid_writer* writer, s
 ZOREDID_API const char* zoredid_writer_get_reason(const zoredid_writer* writer, size_t* length);
 /** The checksums that were changed, as indexes of the present map. */
 ZOREDID_API size_t zoredid_writer_get_followed_count(const zoredid_writer* writer);
+/** Each of them, by an index below the count. */
 ZOREDID_API size_t zoredid_writer_get_followed(const zoredid_writer* writer, size_t index);
 /** After "raw:" and of a maximum luminance the other leaves that read differently, as indexes of the present map. */
 ZOREDID_API size_t zoredid_writer_get_other_count(const zoredid_writer* writer);
+/** Each of them, by an index below the count. */
 ZOREDID_API size_t zoredid_writer_get_other(const zoredid_writer* writer, size_t index);
 
 /** The map of the present bytes. It belongs to the writer, which frees it, and is good until the next set. */
@@ -1182,6 +1214,7 @@ ZOREDID_API const unsigned char* zoredid_maker_get_data(const zoredid_maker* mak
 ZOREDID_API const char* zoredid_maker_get_reason(const zoredid_maker* maker, size_t* length);
 /** What was chosen, a text each: "2560x1440@144: detailed timing, preferred". */
 ZOREDID_API size_t zoredid_maker_get_note_count(const zoredid_maker* maker);
+/** Each of them, by an index below the count. */
 ZOREDID_API const char* zoredid_maker_get_note(const zoredid_maker* maker, size_t index, size_t* length);
 
 #ifdef __cplusplus

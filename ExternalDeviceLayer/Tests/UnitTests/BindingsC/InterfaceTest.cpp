@@ -109,6 +109,8 @@ TEST(InterfaceForC, FactsAreThoseOfTheirNames)
           ZOREDID_COLORIMETRY_BT2020RGB | ZOREDID_COLORIMETRY_BT2020YCC },
         { ZOREDID_FACT_EOTFS, "colour.eotfs", ZOREDID_EOTF_SDR | ZOREDID_EOTF_PQ | ZOREDID_EOTF_HLG },
         { ZOREDID_FACT_STATIC_METADATA, "colour.static_metadata", 1 },
+        { ZOREDID_FACT_HDR10, "colour.hdr10", 1 },
+        { ZOREDID_FACT_STATIC_METADATA_TYPE_1, "colour.static_metadata_type1", 1 },
         { ZOREDID_FACT_CONTENT_MAX_LUMINANCE, "colour.content_luminance.max", 603.666 },
         { ZOREDID_FACT_CONTENT_MAX_AVERAGE_LUMINANCE, "colour.content_luminance.max_frame_average", 351.250 },
         { ZOREDID_FACT_CONTENT_MAX_LUMINANCE_CODE, "colour.content_luminance.max_code", 0x73 },

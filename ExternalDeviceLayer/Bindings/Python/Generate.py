@@ -66,7 +66,7 @@ def list_rows(header: str, family: Family) -> Iterator[Row]:
         documented = documented or name  # what a comment stands before; functions of the same kind share it
         if owner == family.owner and name.startswith(family.prefix):
             shared = doc if name.split("_")[0] == documented.split("_")[0] or family.prefix else ""
-            short = name[len(family.prefix):] or "space"
+            short = name[len(family.prefix):].lstrip("_") or "space"
             yield Row("ycbcr420" if short == "420" else short, "zoredid_" + function, result, shared)
 
 
@@ -151,6 +151,13 @@ def documentation(text: str, indent: str = "    ") -> list[str]:
     return textwrap.wrap(f'"""{text}"""', WIDTH, initial_indent=indent, subsequent_indent=indent)
 
 
+def translate(doc: str, enumerations: dict[str, Enumeration]) -> str:
+    """A comment of C with the names that Python has."""
+    doc = doc.replace("zoredid_map_find", "Image.fields").replace("zoredid_get_maker_name", "Image.maker_name")
+    doc = re.sub(r"ZOREDID_\w+_UNKNOWN", "UNKNOWN", doc)
+    return re.sub(r"zoredid_(\w+)", lambda match: camel(match[1]) if match[1] in enumerations else match[0], doc)
+
+
 # ---- Names: facts ----
 
 
@@ -161,6 +168,11 @@ class Fact(NamedTuple):
     doc: str
     python: str  # its type
     convert: str  # what turns the number of C into it; empty for nothing
+
+    @property
+    def annotation(self) -> str:
+        """Its type, with int where a code without a name can come."""
+        return f"{self.python} | int" if self.convert.startswith("Codes") and "as stored" in self.doc else self.python
 
     @property
     def group(self) -> str:
@@ -188,7 +200,7 @@ def list_facts(header: str, module: Any, enumerations: dict[str, Enumeration]) -
             enumeration = enumerations[named[1]]
             python, convert = enumeration.python, f"Codes({enumeration.python})"
             doc = doc.replace("zoredid_" + named[1], python)
-        doc = re.sub(r"^(?:flag|text|real|bytes)\b:? ?", "", doc)
+        doc = translate(re.sub(r"^(?:flag|text|real|bytes)\b[:,]? ?", "", doc), enumerations)
         yield Fact(index, text(lib.zoredid_fact_get_name(fact)), text(lib.zoredid_fact_get_unit(fact)), doc, python,
                    convert)
 
@@ -210,7 +222,8 @@ def write_record(name: str, about: str, fields: list[tuple[str, str, str, str]])
     yield f'    """{about}'
     yield ""
     for field, python, _, doc in fields:
-        doc = re.sub(r"^1 (for|where)", r"true \1", doc)
+        if python == "bool":
+            doc = re.sub(r"\b1 (for|where)", r"true \1", doc).replace("; 0 for", "; false for")
         yield from textwrap.wrap(f"{field}: {doc or python}", WIDTH, initial_indent="    - ", subsequent_indent="      ")
     yield '    """'
     yield ""
@@ -223,7 +236,8 @@ def write_record(name: str, about: str, fields: list[tuple[str, str, str, str]])
 def write_facts(facts: list[Fact]) -> Iterator[str]:
     groups = sorted({fact.group for fact in facts}, key=lambda group: (-group.count("."), group))
     for group in groups:
-        fields = [(fact.name, f"{fact.python} | None", " = None", describe(fact)) for fact in facts if fact.group == group]
+        fields = [(fact.name, f"{fact.annotation} | None", " = None", describe(fact)) for fact in facts
+                  if fact.group == group]
         fields += [(child.rpartition(".")[2], class_of(child), f" = {class_of(child)}()", f"see {class_of(child)}")
                    for child in groups if child.rpartition(".")[0] == group]
         yield from write_record(class_of(group), f"Facts {group}.*; None where the image does not say it.", fields)
@@ -258,7 +272,7 @@ def write_facts(facts: list[Fact]) -> Iterator[str]:
 
 def type_of(row: Row, enumerations: dict[str, Enumeration]) -> tuple[str, str]:
     """The type in Python of a row, and what converts the number."""
-    bits = re.match(r"Bits zoredid_(\w+)", row.doc)
+    bits = re.search(r"\bbits zoredid_(\w+)", row.doc)
     named = bits[1] if bits else row.result.removeprefix("zoredid_")
     if named in enumerations:
         return enumerations[named].python, f"Codes({enumerations[named].python})"
@@ -267,12 +281,6 @@ def type_of(row: Row, enumerations: dict[str, Enumeration]) -> tuple[str, str]:
     if row.result == "int" and row.name != "bit":
         return "bool", "BOOLEAN"
     return "int", ""
-
-
-def translate(doc: str, enumerations: dict[str, Enumeration]) -> str:
-    """A comment of C with the names that Python has."""
-    doc = doc.replace("zoredid_map_find", "Image.fields")
-    return re.sub(r"zoredid_(\w+)", lambda match: camel(match[1]) if match[1] in enumerations else match[0], doc)
 
 
 def write_lists(header: str, enumerations: dict[str, Enumeration]) -> Iterator[str]:

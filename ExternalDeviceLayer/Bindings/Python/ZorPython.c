@@ -91,12 +91,27 @@ static void zorpy_set_row(const zorpy_column* columns, size_t column_count, cons
     }
 }
 
+static zoredid_status zorpy_read_first(const zoredid_image* image, zoredid_facts* facts)
+{
+    size_t size;
+    const unsigned char* const data = zoredid_image_get_edid(image, 0, &size);
+    return zoredid_facts_read(facts, data, size);
+}
+
 static zoredid_status zorpy_read_path(zoredid_image* image, const char* path, zoredid_facts* facts)
 {
     const zoredid_status status = zoredid_image_open(image, path);
-    size_t size;
-    const unsigned char* const data = zoredid_image_get_edid(image, 0, &size);
-    return status != ZOREDID_OK ? status : zoredid_facts_read(facts, data, size);
+    return status != ZOREDID_OK ? status : zorpy_read_first(image, facts);
+}
+
+/* Bytes with room for two EDIDs may hold several: a copy finds where the first one ends. */
+static zoredid_status zorpy_read_bytes(zoredid_image* image, const char* data, size_t size, zoredid_facts* facts)
+{
+    zoredid_status status;
+    if (size < 2 * ZORPY_BLOCK)
+        return zoredid_facts_read(facts, data, size);
+    status = zoredid_image_load(image, data, size);
+    return status != ZOREDID_OK ? status : zorpy_read_first(image, facts);
 }
 
 void zorpy_read_many(const char* inputs, const uint64_t* sizes, size_t count, const zorpy_column* columns,
@@ -113,7 +128,7 @@ void zorpy_read_many(const char* inputs, const uint64_t* sizes, size_t count, co
         errno = 0;
         if (facts != NULL && image != NULL)
             status = (sizes[row] & path) != 0 ? zorpy_read_path(image, inputs, facts)
-                                              : zoredid_facts_read(facts, inputs, size);
+                                              : zorpy_read_bytes(image, inputs, size, facts);
         errors[row] = status == ZOREDID_ERROR_FILE ? errno : 0;
         statuses[row] = (unsigned char)status;
         inputs += size;

@@ -3,7 +3,8 @@
 enum
 {
     ZORPY_MOST_FACTS = 256,
-    ZORPY_CELL = 384 /* bytes of a text, more than any fact has */
+    ZORPY_BLOCK = 128, /* bytes of the smallest EDID */
+    ZORPY_CELL = 384   /* bytes of a text, more than any fact has */
 };
 
 /* The facts that an image says, each by its index in zoredid_fact_get. */

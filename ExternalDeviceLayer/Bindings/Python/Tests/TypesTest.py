@@ -14,4 +14,6 @@ def answers(image: zoredid.Image) -> tuple[float | None, zoredid.Link | None, Fr
     with image.edit() as edit:
         edit.name = "Projector"
         edit.gamma = 2.4
+        year: int | None = edit.year
+        del year
     return image.facts.hdr.max_luminance, image.facts.link.kind, mode.rate if mode else None, edit.name

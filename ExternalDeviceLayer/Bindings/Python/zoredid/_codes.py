@@ -90,6 +90,32 @@ def require(status: int, reason: str = "") -> None:
         raise make_error(status, reason)
 
 
+def refuse(reason: str) -> RefusedError:
+    """What is refused before C sees it."""
+    return RefusedError(reason, lib.ZOREDID_ERROR_REFUSED)
+
+
+def encode(text: str) -> bytes:
+    """A text for C, which ends at the first NUL."""
+    if "\0" in text:
+        raise refuse("a text has no NUL")
+    try:
+        return text.encode()
+    except UnicodeEncodeError:
+        raise refuse(f"not a text: {text!a}") from None
+
+
+def to_whole(number: Any, name: str) -> int:
+    """A number without a fraction."""
+    try:
+        whole = int(number)
+    except (OverflowError, ValueError):
+        raise refuse(f"{name} cannot be {number}") from None
+    if whole != number:
+        raise refuse(f"{name} cannot be {number}: it is a whole number")
+    return whole
+
+
 def own(pointer: Any, free: Any) -> Any:
     """An object of C, which goes with the object of Python."""
     if not pointer:

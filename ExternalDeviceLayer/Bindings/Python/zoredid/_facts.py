@@ -191,7 +191,11 @@ def _put_texts(said: Any, put: Any) -> None:
 
 @dataclass(frozen=True)
 class Mode(ModeRecord):
-    """A mode that the image announces; str gives it in short."""
+    """A mode that the image announces; str gives it in short.
+
+    Members of ModeRecord are numbers as C has them: where nothing is given they are 0, and bit is -1. The properties
+    here are None then.
+    """
 
     @property
     def rate(self) -> Fraction | None:

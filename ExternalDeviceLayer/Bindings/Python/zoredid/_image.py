@@ -2,37 +2,61 @@
 
 from __future__ import annotations
 
+import operator
 import os
-from dataclasses import dataclass
+import threading
+from dataclasses import dataclass, field as member
+from decimal import Decimal
 from functools import cached_property
 from html import escape
+from numbers import Real
 from types import TracebackType
-from typing import Any, Iterable, Iterator, NamedTuple, Union, overload
+from typing import Any, Callable, Generic, Iterable, Iterator, NamedTuple, TypeVar, Union, overload
 
-from ._codes import IDS, Codes, Error, NoFieldError, own, require, to_text
+from ._codes import (
+    IDS,
+    Codes,
+    Error,
+    NoFieldError,
+    RefusedError,
+    encode,
+    make_error,
+    own,
+    refuse,
+    require,
+    to_text,
+    to_whole,
+)
 from ._facts import Facts, Mode, read_facts, read_modes
-from ._names import Area, FieldKind, Severity
+from ._names import Area, Eotf, FieldKind, Link, Severity
 from ._zoredid import ffi, lib
 
 PathOrBytes = Union[str, "os.PathLike[str]", bytes, bytearray, memoryview]
-Value = Union[str, bool, int, float, bytes]
+Value = Union[str, bool, int, float, Real, Decimal, bytes, bytearray, memoryview]
+ANSWER = TypeVar("ANSWER")
 _KINDS, _AREAS, _SEVERITIES = Codes(FieldKind), Codes(Area), Codes(Severity)
 _CUT = 256  # bytes of a value that are asked for first
+_MOST_FILE = 16 << 20  # bytes: what has more is no file of EDIDs, or a device without an end
+_MOST_SIZE = (1 << 31) - 1  # of an image; indexes and offsets are below
+_MOST_YEAR = 0xFFFF
 
 
 def read_bytes(source: PathOrBytes) -> bytes:
     """The bytes themselves, or those of a file."""
     if isinstance(source, (bytes, bytearray, memoryview)):
         return bytes(source)
-    with open(source, "rb") as file:
-        return file.read()
+    with open(os.fspath(source), "rb") as file:
+        data = file.read(_MOST_FILE + 1)
+    if len(data) > _MOST_FILE:
+        raise make_error(lib.ZOREDID_ERROR_SIZE, "the file has more than 16 MiB")
+    return data
 
 
 def load(source: PathOrBytes) -> Image:
     """The image in a file or in bytes; the first one where several EDIDs follow each other (see load_all).
 
     A path is that of a raw image, such as "/sys/class/drm/card0-HDMI-A-1/edid". Bytes are taken in any state. Raises
-    OSError for a file that cannot be read, Error without bytes.
+    OSError for a file that cannot be read, Error without bytes and for a file of more than 16 MiB.
     """
     return load_all(source)[0]
 
@@ -126,11 +150,12 @@ class Fields:
         if isinstance(key, str):
             index = lib.zoredid_map_find(self._map, find_id(key), 0)
             if index == lib.ZOREDID_NONE:
-                raise NoFieldError(f"the image has no field {key}" if find_id(key) else f"no field has the id {key}",
-                                   lib.ZOREDID_ERROR_NO_FIELD)
+                raise _make_no_field(key)
             return self._get(index)
         if isinstance(key, slice):
             return [self._get(index) for index in range(len(self))[key]]
+        if not -len(self) <= key < len(self):
+            raise IndexError(f"the image has {len(self)} fields")
         return self._get(range(len(self))[key])
 
     def all(self, id: str) -> list[Field]:  # pylint: disable=redefined-builtin
@@ -141,7 +166,8 @@ class Fields:
 
     def at(self, offset: int, bit: int = 7) -> Field | None:
         """The leaf that a bit (7 to 0) of a byte belongs to; None past the image."""
-        index = lib.zoredid_map_find_at(self._map, offset, bit) if offset >= 0 and 0 <= bit <= 7 else lib.ZOREDID_NONE
+        inside = 0 <= offset <= _MOST_SIZE and 0 <= bit <= 7
+        index = lib.zoredid_map_find_at(self._map, offset, bit) if inside else lib.ZOREDID_NONE
         return None if index == lib.ZOREDID_NONE else self._get(index)
 
     def __repr__(self) -> str:
@@ -186,7 +212,16 @@ def _to_index(index: int) -> int | None:
 
 def find_id(text: str) -> int:
     """The number of an id; 0 of an unknown one."""
-    return int(lib.zoredid_id_find(text.encode()))
+    try:
+        return int(lib.zoredid_id_find(encode(text)))
+    except RefusedError:
+        return 0
+
+
+def _make_no_field(text: str, number: int = 0) -> NoFieldError:
+    which = text if number == 0 else f"{text}[{number}]"
+    return NoFieldError(f"the image has no field {which}" if find_id(text) else f"no field has the id {text}",
+                        lib.ZOREDID_ERROR_NO_FIELD)
 
 
 # ---- Findings, repairs ----
@@ -267,9 +302,13 @@ def _list_findings(fields: Any, this_year: int) -> Iterator[Finding]:
 
 @dataclass(frozen=True, repr=False)
 class Image:
-    """The bytes of one EDID in any state, and what they say. Nothing is read before it is asked for."""
+    """The bytes of one EDID in any state, and what they say. Nothing is read before it is asked for.
+
+    - notes: of an image of make what was chosen and rounded, a text each; else empty
+    """
 
     bytes: bytes
+    notes: tuple[str, ...] = member(default=(), compare=False)
 
     @cached_property
     def facts(self) -> Facts:
@@ -297,7 +336,10 @@ class Image:
 
     def check(self, this_year: int = 0) -> list[Finding]:
         """What is wrong, the worst first. No year of manufacture may exceed this_year; 0 asks the clock."""
-        return list(_list_findings(self.fields._map, this_year))
+        year = to_whole(this_year, "this_year")
+        if not 0 <= year <= _MOST_YEAR:
+            raise refuse(f"this_year cannot be {this_year}")
+        return list(_list_findings(self.fields._map, year))
 
     def repair(self, leave_out: Iterable[str] = ()) -> Repair:
         """An image where all is right that has one right answer, such as checksums.
@@ -306,7 +348,7 @@ class Image:
         """
         repair, size = own(lib.zoredid_repair_create(), lib.zoredid_repair_free), ffi.new("size_t *")
         for rule in leave_out:
-            require(lib.zoredid_repair_leave_out(repair, lib.zoredid_rule_find(rule.encode())))
+            require(lib.zoredid_repair_leave_out(repair, lib.zoredid_rule_find(encode(rule))))
         require(lib.zoredid_repair_read(repair, self.bytes, len(self.bytes)))
         data = lib.zoredid_repair_get_data(repair, size)
         places = [Place(_rule_text(lib.zoredid_rule_get_id, lib.zoredid_repair_get_rule(repair, index)),
@@ -327,18 +369,21 @@ class Image:
         """The maker's name, of the system's list or the library's own; None for unknown letters."""
         letters = self.facts.identity.manufacturer
         room = ffi.new("char[]", _CUT)
-        length = lib.zoredid_get_maker_name(letters.encode(), room, _CUT) if letters else 0
+        length = lib.zoredid_get_maker_name(encode(letters), room, _CUT) if letters else 0
         return ffi.string(room).decode() if length else None
 
     def summary(self) -> list[tuple[str, str]]:
-        """The most important facts in words: pairs of a question and its answer, for people."""
+        """The most important facts in words, for people: pairs of a question and its answer.
+
+        A choice of what the command says: "zoredid show" has all of it, and its words may become others.
+        """
         return list(_summarise(self))
 
     def __len__(self) -> int:
         return len(self.bytes)
 
-    def __reduce__(self) -> tuple[type[Image], tuple[Any]]:
-        return Image, (self.bytes,)
+    def __reduce__(self) -> tuple[type[Image], tuple[Any, ...]]:
+        return Image, (self.bytes, self.notes)
 
     def __repr__(self) -> str:
         try:
@@ -357,26 +402,58 @@ class Image:
                                    for question, answer in rows) + "</table>"
 
 
+_LINKS = {Link.ANALOG: "analogue", Link.DIGITAL: "digital", Link.DVI: "DVI", Link.HDMI: "HDMI",
+          Link.DISPLAYPORT: "DisplayPort", Link.LVDS: "LVDS", Link.OTHER: "other digital"}
+
+
 def _summarise(image: Image) -> Iterator[tuple[str, str]]:
     facts = image.facts
-    identity, size, hdr, vrr = facts.identity, facts.size, facts.hdr, facts.link.vrr
-    yield "Monitor", " ".join(text for text in (image.maker_name or identity.manufacturer, identity.name) if text)
+    identity, size, link = facts.identity, facts.size, facts.link
+    code = f"product {identity.product_code:#06x}" if identity.product_code is not None else ""
+    name = identity.name or identity.text or code
+    yield "Monitor", " ".join(text for text in (image.maker_name or identity.manufacturer, name) if text)
     if size.diagonal_in:
-        yield "Size", f"{size.diagonal_in:.1f} in, {size.width_mm:g} x {size.height_mm:g} mm"
-    year = identity.year or identity.model_year
-    if year:
-        yield "Made" if identity.year else "Model", str(year)
-    if facts.link.kind is not None:
-        yield "Link", getattr(facts.link.kind, "name", str(facts.link.kind))
+        yield "Size", f"{size.diagonal_in:.1f} in, {int(size.width_mm or 0)} x {int(size.height_mm or 0)} mm"
+    elif size.aspect:
+        yield "Size", f"aspect ratio {size.aspect:.2f}"
+    if identity.model_year:
+        yield "Made", f"model year {identity.model_year}"
+    elif identity.year:
+        yield "Made", f"week {identity.week} of {identity.year}" if identity.week else str(identity.year)
+    if link.kind is not None or link.hdmi_version is not None:
+        yield "Link", _describe_link(facts)
     yield "Modes", f"{len(image.modes)}{f', prefers {image.preferred_mode}' if image.preferred_mode else ''}"
-    kinds = [name for name, has in (("HDR10", hdr.hdr10), ("HLG", hdr.hlg), ("HDR10+", hdr.hdr10plus),
-                                    ("Dolby Vision", hdr.dolby_vision)) if has]
-    peak = f", to {hdr.max_luminance:.0f} cd/m2" if kinds and hdr.max_luminance else ""
-    yield "HDR", ", ".join(kinds) + peak or "not announced"
-    most = "the rate of the mode" if vrr.max_hz is None else f"{vrr.max_hz} Hz"
-    yield "VRR", "not announced" if vrr.min_hz is None else f"{vrr.min_hz} Hz to {most}"
+    yield "HDR", _describe_hdr(facts)
+    yield "VRR", _describe_refresh(facts)
     findings = image.check()
     yield "Findings", f"{len(findings)}: {findings[0]}" if findings else "none"
+
+
+def _describe_link(facts: Facts) -> str:
+    kind, version = facts.link.kind, facts.link.hdmi_version
+    hdmi = "" if version is None else "HDMI" if version == 1 else f"HDMI {version:.1f}"
+    words = _LINKS.get(kind, "") if kind is not None else ""
+    return hdmi if hdmi and kind == Link.HDMI else ", ".join(text for text in (words, hdmi) if text)
+
+
+def _describe_hdr(facts: Facts) -> str:
+    hdr, eotfs = facts.hdr, facts.colour.eotfs or Eotf(0)
+    kinds = [name for name, has in (
+        ("HDR10", hdr.hdr10), ("PQ without static metadata", Eotf.PQ in eotfs and not hdr.hdr10), ("HLG", hdr.hlg),
+        ("HDR gamma", Eotf.HDR_GAMMA in eotfs), ("HDR10+", hdr.hdr10plus), ("Dolby Vision", hdr.dolby_vision)) if has]
+    peak = f"; peak {hdr.max_luminance:.0f} cd/m2" if kinds and hdr.max_luminance else ""
+    return ", ".join(kinds) + peak or "not announced"
+
+
+def _describe_refresh(facts: Facts) -> str:
+    vrr, rates = facts.link.vrr, facts.link.vertical_rates
+    if vrr.min_hz is not None:
+        return f"from {vrr.min_hz} Hz to the mode's rate" if vrr.max_hz is None else f"{vrr.min_hz} to {vrr.max_hz} Hz"
+    if facts.link.nvidia:
+        return "a block of NVIDIA"
+    if facts.link.kind == Link.DISPLAYPORT and facts.link.continuous and rates.min_hz is not None:
+        return f"{rates.min_hz} to {rates.max_hz} Hz (range limits with continuous frequency)"
+    return "not announced"
 
 
 # ---- Edits ----
@@ -389,28 +466,55 @@ class Change(NamedTuple):
     after: str
     exact: bool  #: False where the nearest value that the field can say took the place of the one that was asked for
     followed: tuple[str, ...]  #: ids of checksums that were made right
+    others: tuple[str, ...] = ()  #: ids of fields that read differently, after "raw:" and of a maximum luminance
 
 
-class _Named:
+def _read_text(fields: Fields, id: str) -> str:  # pylint: disable=redefined-builtin
+    """The value; of a group the only text in it, empty where it has none."""
+    field = fields[id]
+    if field.kind != FieldKind.GROUP:
+        return field.value
+    texts = []
+    for inner in (fields[index] for index in range(field.index + 1, len(fields))):
+        if inner.depth <= field.depth:
+            break
+        if inner.kind == FieldKind.TEXT:
+            texts.append(inner.value)
+    return texts[0] if len(texts) == 1 else ""
+
+
+def _read_real(fields: Fields, id: str) -> float | None:  # pylint: disable=redefined-builtin
+    return fields[id].number
+
+
+def _read_whole(fields: Fields, id: str) -> int | None:  # pylint: disable=redefined-builtin
+    number = fields[id].number
+    return None if number is None else int(number)
+
+
+class _Named(Generic[ANSWER]):
     """A field that has a name of its own in an editor: reads as its value, sets it when assigned.
 
-    A group stands for the text in it.
+    option: of the command, which adds the field to an image without it.
     """
 
-    def __init__(self, id: str) -> None:  # pylint: disable=redefined-builtin
-        self._id = id
+    def __init__(self, id: str, read: Callable[[Fields, str], ANSWER],  # pylint: disable=redefined-builtin
+                 option: str = "") -> None:
+        self._id, self._read, self._option = id, read, option
 
-    def __get__(self, editor: Editor | None, owner: type[Editor]) -> str:
+    def __get__(self, editor: Editor | None, owner: type[Editor]) -> ANSWER:
         if editor is None:
             return self  # type: ignore[return-value]  # of the class itself: for help()
-        fields = editor.fields
-        field = fields[self._id]
-        while field.kind == FieldKind.GROUP or field.kind != FieldKind.TEXT and field.id != self._id:
-            field = fields[field.index + 1]
-        return field.value
+        return self._read(editor.fields, self._id)
 
     def __set__(self, editor: Editor, value: Value) -> None:
-        editor.set(self._id, value)
+        try:
+            editor.set(self._id, value)
+        except NoFieldError as error:
+            if not self._option:
+                raise
+            raise NoFieldError(f"{error}, and a set adds none; the command does: zoredid edit {self._option}",
+                               error.status) from None
 
 
 class Editor:
@@ -420,18 +524,23 @@ class Editor:
             edit.name = "Projector"
             edit.set("base.display.gamma", 2.4)
         changed = edit.image
+
+    Threads may share one: each set, and each look at the bytes, is whole. A name that it does not have is no attribute.
     """
 
-    name = _Named("base.name")  #: product name, up to 13 characters
-    serial_text = _Named("base.serial")  #: serial number as text, up to 13 characters
-    manufacturer = _Named("base.identity.manufacturer")  #: three letters
-    product_code = _Named("base.identity.product-code")  #: 16 bits
-    serial_number = _Named("base.identity.serial-number")  #: 32 bits
-    week = _Named("base.identity.week")  #: of manufacture
-    year = _Named("base.identity.year")  #: of manufacture
-    gamma = _Named("base.display.gamma")  #: 1.00 to 3.54
+    __slots__ = ("_lock", "_writer")
+
+    name = _Named("base.name", _read_text, "--name")  #: product name, up to 13 characters
+    serial_text = _Named("base.serial", _read_text, "--serial-text")  #: serial number as text, up to 13 characters
+    manufacturer = _Named("base.identity.manufacturer", _read_text)  #: three letters
+    product_code = _Named("base.identity.product-code", _read_whole)  #: 16 bits
+    serial_number = _Named("base.identity.serial-number", _read_whole)  #: 32 bits; None where it is not given
+    week = _Named("base.identity.week", _read_whole)  #: of manufacture; None where it is not given
+    year = _Named("base.identity.year", _read_whole)  #: of manufacture
+    gamma = _Named("base.display.gamma", _read_real)  #: 1.00 to 3.54; None where it is elsewhere
 
     def __init__(self, data: bytes) -> None:
+        self._lock = threading.Lock()
         self._writer = own(lib.zoredid_writer_create(), lib.zoredid_writer_free)
         require(lib.zoredid_writer_read(self._writer, data, len(data)))
 
@@ -446,29 +555,33 @@ class Editor:
         """Sets a field by its id (number: which of several, from 0), its index or as it is; checksums follow.
 
         The value is text as Field.value has it, a number in the field's unit (the nearest one that it can say is taken),
-        True or False, bytes, or "raw:" and the bits. Raises RefusedError with the reason and what is allowed,
-        NoFieldError where the image has no such field; nothing has changed then.
+        True or False of a flag, bytes of a field of bytes, or "raw:" and the bits. Raises RefusedError with the reason
+        and what is allowed, NoFieldError where the image has no such field; nothing has changed then.
         """
-        text = _to_words(value).encode()
-        if isinstance(field, str):
-            status = lib.zoredid_writer_set_by_id(self._writer, field.encode(), number, text)
-        else:
-            index = field.index if isinstance(field, Field) else field
-            status = lib.zoredid_writer_set(self._writer, index if index >= 0 else lib.ZOREDID_NONE, text)
-        require(status, self._text(lib.zoredid_writer_get_reason))
-        fields, writer = lib.zoredid_writer_get_map(self._writer), self._writer
-        followed = (lib.zoredid_writer_get_followed(writer, index)
-                    for index in range(lib.zoredid_writer_get_followed_count(writer)))
-        return Change(self._text(lib.zoredid_writer_get_before), self._text(lib.zoredid_writer_get_after),
-                      bool(lib.zoredid_writer_is_exact(writer)),
-                      tuple(IDS[lib.zoredid_map_get_id(fields, index)] for index in followed))
+        with self._lock:
+            index = self._find(field, number)
+            kind = lib.zoredid_map_get_kind(lib.zoredid_writer_get_map(self._writer), index)
+            words = _to_words(value, kind)
+            if isinstance(field, str):
+                status = lib.zoredid_writer_set_by_id(self._writer, encode(field), number, words)
+            else:
+                status = lib.zoredid_writer_set(self._writer, index, words)
+            require(status, self._text(lib.zoredid_writer_get_reason))
+            return Change(self._text(lib.zoredid_writer_get_before), self._text(lib.zoredid_writer_get_after),
+                          bool(lib.zoredid_writer_is_exact(self._writer)),
+                          self._list_ids(lib.zoredid_writer_get_followed_count, lib.zoredid_writer_get_followed),
+                          self._list_ids(lib.zoredid_writer_get_other_count, lib.zoredid_writer_get_other))
+
+    def __repr__(self) -> str:
+        return f"<zoredid.Editor of {self.image!r}>"
 
     @property
     def bytes(self) -> bytes:
         """The present bytes."""
-        size = ffi.new("size_t *")
-        data = lib.zoredid_writer_get_data(self._writer, size)
-        return copy_bytes(data, size[0])
+        with self._lock:
+            size = ffi.new("size_t *")
+            data = lib.zoredid_writer_get_data(self._writer, size)
+            return copy_bytes(data, size[0])
 
     @property
     def image(self) -> Image:
@@ -480,11 +593,42 @@ class Editor:
         """What the present bytes say."""
         return Fields(self.bytes)
 
+    # Those that follow are called with the lock held.
+
+    def _find(self, field: str | int | Field, number: int) -> int:
+        if isinstance(field, str):
+            index = lib.ZOREDID_NONE
+            if 0 <= number <= _MOST_SIZE:
+                index = lib.zoredid_map_find(lib.zoredid_writer_get_map(self._writer), find_id(field), number)
+            if index == lib.ZOREDID_NONE:
+                raise _make_no_field(field, number)
+            return int(index)
+        place = field.index if isinstance(field, Field) else operator.index(field)
+        return place if 0 <= place <= _MOST_SIZE else int(lib.ZOREDID_NONE)
+
+    def _list_ids(self, get_count: Any, get: Any) -> tuple[str, ...]:
+        fields = lib.zoredid_writer_get_map(self._writer)
+        return tuple(IDS[lib.zoredid_map_get_id(fields, get(self._writer, index))]
+                     for index in range(get_count(self._writer)))
+
     def _text(self, get: Any) -> str:
         return to_text(get(self._writer, ffi.NULL)) or ""
 
 
-def _to_words(value: Value) -> str:
+def _to_words(value: Value, kind: int) -> bytes:
+    """A value as C takes it, for a field of a kind; a group means the text in it."""
+    if isinstance(value, str):
+        return encode(value)
     if isinstance(value, bool):
-        return "yes" if value else "no"
-    return value.hex() if isinstance(value, bytes) else str(value)
+        if kind in (FieldKind.TEXT, FieldKind.GROUP):
+            raise refuse("it takes a text, not True or False")
+        return b"yes" if value else b"no"
+    if isinstance(value, (bytes, bytearray, memoryview)):
+        if kind not in (FieldKind.BYTES, FieldKind.RESERVED, FieldKind.NO_MEANING):
+            raise refuse("it is not a field of bytes: it takes a text, a number, True or False")
+        return bytes(value).hex().encode()
+    if isinstance(value, (int, float, Decimal)):
+        return str(value).encode()
+    if isinstance(value, Real):  # such as a Fraction
+        return str(float(value)).encode()
+    raise TypeError(f"a value is a text, a number, True, False or bytes, not {type(value).__name__}")

@@ -50,6 +50,13 @@ class Column(Sequence[Any]):
     def __eq__(self, other: object) -> bool:
         return isinstance(other, Column) and self.values == other.values and self.said == other.said
 
+    def _require_free(self) -> None:
+        """Raises BufferError while something reads one of the buffers, which then cannot grow."""
+        self.values.append(0)
+        self.values.pop()
+        self.said.append(0)
+        self.said.pop()
+
     def __repr__(self) -> str:
         return f"<zoredid.Column of {len(self)}, {sum(self.said)} said>"
 
@@ -81,17 +88,36 @@ class Table(Mapping[str, AnyColumn]):
     def __repr__(self) -> str:
         return f"<zoredid.Table of {self.rows} rows, {len(self)} columns, {len(self.errors)} errors>"
 
+    def __eq__(self, other: object) -> bool:
+        if not isinstance(other, Table):
+            return super().__eq__(other)
+        return self.rows == other.rows and self._columns == other._columns and _compare(self) == _compare(other)
+
     def extend(self, other: Table) -> None:
-        """Adds the rows of a table with the same columns."""
+        """Adds the rows of a table with the same columns, which may be this one.
+
+        Raises ValueError for other columns, and BufferError while a buffer of this table is in use. Nothing has changed
+        then.
+        """
+        if set(self) != set(other):
+            raise ValueError(f"the tables have other columns: {', '.join(sorted(set(self) ^ set(other)))}")
+        for column in self._columns.values():
+            if isinstance(column, Column):
+                column._require_free()
         for name, column in self._columns.items():
             added = other[name]
             if isinstance(column, Column) and isinstance(added, Column):
-                column.values.extend(added.values)
-                column.said.extend(added.said)
+                column.values.extend(added.values[:])
+                column.said.extend(bytes(added.said))
             else:
-                column.extend(added)  # type: ignore[union-attr]
-        self.errors.update((row + self.rows, error) for row, error in other.errors.items())
+                column.extend(added[:])  # type: ignore[union-attr]
+        self.errors.update([(row + self.rows, error) for row, error in other.errors.items()])
         self.rows += other.rows
+
+
+def _compare(table: Table) -> dict[int, tuple[type, str]]:
+    """Errors that can be compared, as exceptions cannot."""
+    return {row: (type(error), str(error)) for row, error in table.errors.items()}
 
 
 def _is_text(name: str) -> bool:
@@ -106,10 +132,15 @@ def _code(name: str) -> str:
 def read_many(sources: Iterable[PathOrBytes], facts: Sequence[str], *, threads: int | None = None) -> Table:
     """Facts, by names such as "link.vrr.max_hz" (FACTS has all), of many files or images, in their order.
 
-    Of a file or bytes with several EDIDs the first one counts. sources may be a generator: only a few thousand are held
+    Of a file or bytes with several EDIDs the first one counts. Names of the command's JSON are names of facts, too,
+    where its value is no list (but for "unread"). sources may be a generator: only a few thousand are held
     at a time. Threads, as many as the process may use when threads is None, read at the same time: the interpreter is
     free meanwhile.
     """
+    if isinstance(sources, (str, bytes, bytearray, memoryview, os.PathLike)):
+        raise TypeError("sources are several paths or bytes, such as a list of one")
+    if isinstance(facts, str):
+        raise TypeError("facts are several names, such as a list of one")
     table = Table(facts)
     names = list(table)
     count = threads or len(os.sched_getaffinity(0))

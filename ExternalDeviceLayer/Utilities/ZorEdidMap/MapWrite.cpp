@@ -478,8 +478,10 @@ private:
         const bool bNumbers = m_bNumbers && Narrow(m_oLeast, true) && Narrow(m_oMost, false);
         if (bNumbers)
         {
-            oAllowed = FormatNumber(m_oLeast.m_llNumber, m_oField.m_uiDecimals, nullptr) + " to " +
-                       FormatNumber(m_oMost.m_llNumber, m_oField.m_uiDecimals, m_oField.m_pszUnit);
+            oAllowed = m_oLeast.m_llNumber == m_oMost.m_llNumber
+                           ? CMString()
+                           : FormatNumber(m_oLeast.m_llNumber, m_oField.m_uiDecimals, nullptr) + " to ";
+            oAllowed += FormatNumber(m_oMost.m_llNumber, m_oField.m_uiDecimals, m_oField.m_pszUnit);
         }
         if (m_oNames.GetLength() != 0)
         {

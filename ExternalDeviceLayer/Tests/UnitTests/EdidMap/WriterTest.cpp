@@ -291,6 +291,7 @@ TEST_F(Writer, TakesWordsNumbersAndBits)
         { "base.display.gamma", "2.304", "2.30", false },
         { "base.display.gamma", "9", "!out of range; it takes 1.00 to 3.54", false },
         { "base.display.gamma", "2.2 cm", "!not a value", false },
+        { "base.edid.version", "2", "!out of range; it takes 1", false },
         { "base.identity.manufacturer", "abc", "ABC", true },
         { "base.identity.manufacturer", "@@@", "!a reserved, unknown or forbidden value; it takes three letters",
           false },

@@ -83,6 +83,31 @@ std::string GetFieldId(const CZorEdidMap& oMap, unsigned int uiField)
     const std::string sNumber = oMap.CountFields(eId) > 1 ? "[" + std::to_string(uiNumber) + "]" : "";
     return CZorEdidMap::GetId(eId) + sNumber;
 }
+
+// As SetField; the reason of a refusal does not begin with the field.
+std::string SetValue(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote)
+{
+    const size_t uiName = NameField(oWriter.GetMap(), uiField).size() + 2; // "NAME: "
+    const std::string sReason = SetField(oWriter, uiField, sValue, sNote);
+    return sReason.empty() ? "" : sReason.substr(uiName);
+}
+
+// "it takes 1990 to 2245", or why only bits can be given: from the refusal of what no field takes.
+std::string DescribeAllowed(CZorEdidWriter& oWriter, unsigned int uiField)
+{
+    constexpr std::string_view svTakes = "it takes ";
+    std::string sNote;
+    const std::string sReason = SetValue(oWriter, uiField, "\x7F", sNote);
+    const size_t uiTakes = sReason.find(svTakes);
+    if (uiTakes == std::string::npos)
+    {
+        return sReason;
+    }
+    const std::string sAllowed = sReason.substr(uiTakes + svTakes.size());
+    return sAllowed == static_cast<const char*>(oWriter.GetMap().GetValue(uiField))
+               ? "other fields depend on it, so that it keeps its value; raw: writes its bits"
+               : std::string(svTakes) + sAllowed;
+}
 } // namespace
 
 // Where the bytes of the next argument go.
@@ -136,7 +161,7 @@ APP_EXPORT(app_make_page) int app_make_page()
     return Give({ MakeWholePage(oPage) });
 }
 
-// BYTES FIELD: the id, the place in words, and the value as it is typed.
+// BYTES FIELD: the id, the place in words, the value as it is typed, and what the field takes.
 APP_EXPORT(app_describe_field) int app_describe_field()
 {
     const CTexts asArguments = TakeArguments();
@@ -147,8 +172,9 @@ APP_EXPORT(app_describe_field) int app_describe_field()
         return Refuse("no such field");
     }
     const CZorEdidMap& oMap = oWriter.GetMap();
-    return Give(
-        { GetFieldId(oMap, uiField), NameField(oMap, uiField), static_cast<const char*>(oMap.GetValue(uiField)) });
+    // A refusal leaves the map as it is.
+    return Give({ GetFieldId(oMap, uiField), NameField(oMap, uiField), static_cast<const char*>(oMap.GetValue(uiField)),
+                  DescribeAllowed(oWriter, uiField) });
 }
 
 // BYTES FIELD VALUE: the new bytes, and what was done.
@@ -161,9 +187,8 @@ APP_EXPORT(app_set_field) int app_set_field()
     {
         return Refuse("no such field");
     }
-    const size_t uiName = NameField(oWriter.GetMap(), uiField).size() + 2; // "NAME: " ahead of the reason
     std::string sNote;
-    const std::string sProblem = SetField(oWriter, uiField, asArguments[2], sNote);
+    const std::string sProblem = SetValue(oWriter, uiField, asArguments[2], sNote);
     const CZorEdidMap& oMap = oWriter.GetMap();
-    return sProblem.empty() ? Give({ ToText(oMap.GetData(), oMap.GetSize()), sNote }) : Refuse(sProblem.substr(uiName));
+    return sProblem.empty() ? Give({ ToText(oMap.GetData(), oMap.GetSize()), sNote }) : Refuse(sProblem);
 }

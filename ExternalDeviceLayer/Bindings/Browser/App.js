@@ -1,5 +1,5 @@
 // The app around the page of an image: takes files and texts, asks the library, shows its page in a frame, and sets
-// fields. Images are held here, as { name, form, bytes, rest, before }; the library keeps nothing.
+// fields. Images are held here, as { name, form, bytes, rest, file }; the library keeps nothing.
 "use strict";
 (() => {
   const one = selector => document.querySelector(selector);
@@ -52,16 +52,32 @@
     const images = [];
     for (let i = 0; i < results.length; i += 4)
       images.push({ name: toText(results[i]), form: toText(results[i + 1]), bytes: results[i + 2],
-                    rest: toText(results[i + 3]), before: [] });
+                    rest: toText(results[i + 3]), file: { bytes: results[i + 2] } }); // as read, or as saved
     return images;
   };
 
   // ---- What is shown ----
 
+  // One side, or two that are compared: each has the images of a file or a text, and which of them is shown. What an
+  // edit or another file changes is made anew, and the sides before it are kept: undoing goes back to them.
+  let sides = []; // { images, at }
+  const past = []; // { sides, done, place }: what was shown, what was then done in words, the field of an edit
+  let field = null; // that of the page that had the focus last: { side, index, name }
+
   const frame = one("#frame"), start = one("#start");
-  let images = []; // one, or two that are compared
-  let found = [];  // all of the file or text that came last
-  let field = null; // that of the page that had the focus last: { image, index, name }
+  const imageOf = side => side.images[side.at];
+  const replaceAt = (list, at, item) => list.map((other, i) => (i === at ? item : other));
+  const markOf = at => (sides.length > 1 ? "AB"[at] : "");
+  const isSame = (one, other) => 
+    one === other || (one.length === other.length && one.every((byte, at) => byte === other[at]));
+  const isUnsaved = image => !isSame(image.bytes, image.file.bytes);
+  // Also those that another image has taken the place of; of each file its last state counts.
+  const hasUnsaved = () => {
+    const last = new Map();
+    for (const state of [...past.map(step => step.sides), sides])
+      for (const image of state.flatMap(side => side.images)) last.set(image.file, image);
+    return [...last.values()].some(isUnsaved);
+  };
 
   const say = (text, bad = false) => {
     one("#said").textContent = text;
@@ -74,38 +90,65 @@
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 60000);
   };
-  // The name of a file of an image: without folders, and with another ending.
-  const nameFile = (image, ending) =>
-    (image.name.replace(/.*\//, "").replace(/\.[a-z0-9]{1,4}$/i, "").replace(/[^\w.()+-]+/g, "-") || "monitor") + ending;
+  // A file's name without its folders and its ending, and without what file systems refuse.
+  const nameFile = image => {
+    const name = image.name.replace(/.*\//, "").replace(/\.[a-z0-9]{1,4}$/i, "")
+      .replace(/[\x00-\x1f\x7f<>:"\\|?*]+/g, "-").replace(/^[\s.]+/, "");
+    return [...name].slice(0, 80).join("").replace(/[\s.]+$/, "") || "monitor";
+  };
+  const saveImage = image => {
+    save(image.bytes, "application/octet-stream", nameFile(image) + ".bin");
+    image.file.bytes = image.bytes;
+    listImages();
+  };
 
+  const nameImage = image => image.name + (isUnsaved(image) ? " (not saved)" : "");
+  const makeSelect = (images, at) => {
+    const made = document.createElement("select");
+    made.append(...images.map(image => new Option(nameImage(image))));
+    made.selectedIndex = at;
+    return made;
+  };
   const listImages = () => {
-    one("#images").replaceChildren(...images.map((image, at) => {
-      const item = document.createElement("li"), name = document.createElement("span");
-      const mark = images.length > 1 ? "AB"[at] + ": " : "";
-      name.textContent = mark + image.name;
-      const button = (text, action) => {
+    const held = document.activeElement.id;
+    one("#images").replaceChildren(...sides.map((side, at) => {
+      const item = document.createElement("li"), image = imageOf(side), mark = markOf(at) && markOf(at) + ": ";
+      const button = (id, text, action) => {
         const made = document.createElement("button");
-        made.type = "button";
-        made.textContent = text;
+        Object.assign(made, { type: "button", id: id + at, textContent: text });
         made.setAttribute("aria-label", text + " " + mark + image.name);
         made.addEventListener("click", action);
         return made;
       };
-      item.append(name, button("Save", () => save(image.bytes, "application/octet-stream", nameFile(image, ".bin"))));
-      if (images.length > 1) item.append(button("Remove", () => { images.splice(at, 1); show(); }));
+      const name = document.createElement("span");
+      name.textContent = mark + (side.images.length > 1 ? "" : nameImage(image));
+      item.append(name);
+      if (side.images.length > 1) {
+        const select = makeSelect(side.images, side.at);
+        select.id = "in" + at;
+        select.setAttribute("aria-label", mark + "which image of the file");
+        select.addEventListener("change", () => {
+          const chosen = { images: side.images, at: select.selectedIndex };
+          change(replaceAt(sides, at, chosen), imageOf(chosen).name + " chosen");
+        });
+        item.append(select);
+      }
+      item.append(button("save", "Save", () => saveImage(image)));
+      if (sides.length > 1)
+        item.append(button("remove", "Remove", () => change([sides[1 - at]], image.name + " removed")));
       return item;
     }));
-    one("#found").replaceChildren(...found.map(image => new Option(image.name)));
-    one("#found").selectedIndex = found.indexOf(images[images.length - 1]);
-    one("#several").hidden = found.length < 2;
+    if (held) document.getElementById(held)?.focus();
   };
   const nameField = () => {
-    one("#edit").disabled = !field;
     one("#edit").textContent = field ? "Edit: " + field.name : "Edit a field";
-    one("#undo").disabled = !images.some(image => image.before.length);
+    one("#undo").disabled = !past.length;
+    one("#undo").title = past.length ? "Goes back before: " + past[past.length - 1].done : "Nothing to undo";
   };
-  const makePage = numbered =>
-    toText(ask("make_page", numbered, ...images.flatMap(image => [image.name, image.bytes, image.rest]))[0]);
+  const makePage = numbered => {
+    const images = sides.map(imageOf).flatMap(({ name, bytes, rest }) => [name, bytes, rest]);
+    return toText(ask("make_page", numbered, ...images)[0]);
+  };
 
   // Asks for the next image above the page, or for the first one; what: "start", "compare" or "" for none.
   let asked = "start";
@@ -115,72 +158,129 @@
     one("#open").setAttribute("aria-expanded", String(what === "start"));
     one("#compare").setAttribute("aria-expanded", String(what === "compare"));
     one("#heading").textContent = what === "compare" ? "Compare with which image?" : "What does a monitor say of itself?";
-    if (what && images.length) one("#choose").focus();
+    const others = what === "compare" && sides[0].images.length > 1;
+    one("#others").hidden = !others;
+    one("#two").hidden = what === "compare";
+    if (others) one("#other").replaceChildren(...makeSelect(sides[0].images, 0).options);
+    if (others) one("#other").selectedIndex = sides[0].at === 0 ? 1 : 0;
+    if (what && sides.length) one("#choose").focus();
   };
 
-  // Makes the page anew. back says what gets the focus there: the field of an edit.
+  // What had the focus may be hidden or disabled now; browsers differ in what they then call the active element.
+  const isFocusLost = () => document.activeElement.offsetParent === null || document.activeElement.disabled;
+
+  // Makes the page anew. back: the field of an edit, which gets the focus; without one the page's head gets it from
+  // what goes.
   const show = (back = null) => {
     const top = back ? frame.contentWindow.scrollY : 0;
+    const hadFocus = document.activeElement !== document.body;
     field = null;
-    askFor(images.length ? "" : "start");
-    one("#tools").hidden = frame.hidden = !images.length;
+    askFor(sides.length ? "" : "start");
+    one("#tools").hidden = frame.hidden = !sides.length;
     listImages();
     nameField();
-    if (!images.length) return;
-    document.title = images.map(image => image.name).join(" and ") + " - zoredid";
+    if (!sides.length) return;
+    document.title = sides.map(side => imageOf(side).name).join(" and ") + " - zoredid";
     frame.onload = () => {
-      adopt(frame.contentDocument);
+      const page = frame.contentDocument, head = page.querySelector("h1");
+      adopt(page);
       frame.contentWindow.scrollTo(0, top);
-      if (back) itemOf(back)?.focus({ preventScroll: true });
+      head.tabIndex = -1;
+      const isUndoing = document.activeElement.id === "undo" && !isFocusLost(); // perhaps once more
+      if (back ? !isUndoing : hadFocus && isFocusLost()) (itemOf(back) || head).focus({ preventScroll: true });
     };
     frame.srcdoc = makePage("1");
   };
+  const change = (next, done, place = null) => {
+    if (sides.length) past.push({ sides, done, place });
+    sides = next;
+    show(place);
+  };
+  const undo = () => {
+    if (!past.length) return;
+    const step = past.pop();
+    sides = step.sides;
+    show(step.place);
+    say("Undone: " + step.done);
+  };
 
-  // Two at once are compared, also two in one file without names of monitors; one joins the image that is there where
-  // that was asked for.
-  const take = read => {
+  // Two at once are compared; one joins the first image where that was asked for. False where it was refused.
+  const take = (read, leftOut = []) => {
     try {
-      found = read.length === 1 ? readImages(read[0].name, read[0].content) : [];
-      const next = read.length === 1 ? found.slice(0, 1) : read.map(({ name, content }) => readImages(name, content)[0]);
-      images = asked === "compare" ? [images[0], next[0]] : next;
-      const forms = new Set(next.map(image => image.form).filter(form => form !== "raw image"));
-      say(found.length > 1 ? `${found.length} images in ${read[0].name}` : [...forms].join(", "));
-      show();
+      const taken = read.map(({ name, content }) => ({ images: readImages(name, content), at: 0 }));
+      const next = asked === "compare" ? [sides[0], taken[0]] : taken;
+      const replaced = sides.filter(side => !next.includes(side)).map(imageOf).filter(isUnsaved);
+      const said = taken.flatMap(({ images }, at) =>
+        (images.length > 1 ? [`${images.length} images in ${read[at].name}`] : []));
+      said.push(...new Set(taken.map(side => imageOf(side).form).filter(form => form !== "raw image")));
+      if (leftOut.length) said.push("left out, for two are compared at most: " + leftOut.join(", "));
+      if (replaced.length)
+        said.push(`edits of ${replaced.map(image => image.name).join(" and ")} are not saved: Undo brings them back`);
+      if (!sides.length) said.push("to edit a field, double-click it, or press Enter on it");
+      change(next, taken.map(side => imageOf(side).name).join(" and ") + " opened");
+      say(said.join("; "));
+      return true;
     } catch (error) {
       say(error.message, true);
+      return false;
     }
   };
   const takeFiles = async given => {
-    const files = [...given]; // the list itself is emptied after the event
-    const read = files.slice(0, 2).map(async file => {
-      checkSize(file.name, file.size);
-      return { name: file.name, content: new Uint8Array(await file.arrayBuffer()) };
-    });
+    const files = [...given], room = asked === "compare" ? 1 : 2; // the list itself is emptied after the event
     try {
-      take(await Promise.all(read));
-      if (files.length > 2) say(`The first two of ${files.length} files are compared.`);
+      take(await Promise.all(files.slice(0, room).map(async file => {
+        checkSize(file.name, file.size);
+        return { name: file.name, content: new Uint8Array(await file.arrayBuffer()) };
+      })), files.slice(room).map(file => file.name));
     } catch (error) {
       say(error.message, true);
     }
   };
-  const takeText = text => { if (text.trim()) take([{ name: "pasted", content: text }]); };
+  const takeText = text => {
+    if (text.trim()) return take([{ name: "pasted", content: text }]);
+    say("The text is empty.", true);
+    return false;
+  };
 
   // ---- The page in its frame ----
 
   const schemeOf = root => root.defaultView.getComputedStyle(root.documentElement).colorScheme;
-  const itemOf = place => frame.contentDocument.querySelectorAll(".view")[place.image]
+  const itemOf = place => place && frame.contentDocument.querySelectorAll(".view")[place.side]
     ?.querySelector(`[data-i="${place.index}"]`);
   const placeOf = item => item && !item.hasAttribute("aria-expanded") && item.dataset.i !== undefined && {
-    image: item.closest(".view").dataset.key === "a" ? 0 : 1, index: item.dataset.i,
+    side: item.closest(".view").dataset.key === "a" ? 0 : 1, index: item.dataset.i,
     name: item.querySelector(".name").textContent };
+  // The fields of a byte, whose id is the letter of its image and its offset.
+  const fieldsOf = cell => {
+    const offset = Number(cell.id.slice(1));
+    const holds = run => {
+      const [first, length] = run.split("+").map(Number);
+      return first <= offset && offset < first + length;
+    };
+    return [...cell.closest(".view").querySelectorAll("[role=treeitem]:not([aria-expanded])")]
+      .filter(item => item.dataset.p.split(" ").some(holds));
+  };
+  // A field, or that of a byte. Of a byte with several fields the first one gets the focus, to choose from there.
+  const editAt = target => {
+    const cell = target.closest("[role=gridcell]"), item = target.closest("[role=treeitem]");
+    const items = cell ? fieldsOf(cell) : [item];
+    if (items.length > 1) {
+      items[0].focus();
+      say(`The byte has ${items.length} fields: the arrow keys choose one, Enter edits it.`);
+      return true;
+    }
+    return edit(placeOf(items[0]));
+  };
 
-  // Drops and pastes arrive wherever the pointer or the focus is.
+  let leaving = 0;
+  // Drops, pastes and keys arrive wherever the pointer or the focus is.
   const listen = root => {
     root.addEventListener("dragover", event => {
       event.preventDefault();
       document.body.classList.add("over");
+      clearTimeout(leaving); // leaving one element is entering another; outside, no more of these events come
+      leaving = setTimeout(() => document.body.classList.remove("over"), 500);
     });
-    root.addEventListener("dragleave", () => document.body.classList.remove("over"));
     root.addEventListener("drop", event => {
       event.preventDefault();
       document.body.classList.remove("over");
@@ -191,6 +291,12 @@
       if (event.target.closest?.("input, textarea")) return;
       if (event.clipboardData.files.length) takeFiles(event.clipboardData.files);
       else takeText(event.clipboardData.getData("text/plain"));
+    });
+    root.addEventListener("keydown", event => {
+      const isUndo = (event.ctrlKey || event.metaKey) && !event.shiftKey && !event.altKey && event.key === "z";
+      if (!isUndo || dialog.open || event.target.closest?.("input, textarea")) return;
+      event.preventDefault();
+      undo();
     });
   };
   const adopt = page => {
@@ -204,13 +310,9 @@
       field = place;
       nameField();
     });
-    page.addEventListener("dblclick", event => edit(placeOf(event.target.closest("[role=treeitem]"))));
+    page.addEventListener("dblclick", event => editAt(event.target));
     page.addEventListener("keydown", event => {
-      if (event.key !== "Enter" && event.key !== "F2") return;
-      const place = placeOf(event.target.closest("[role=treeitem]"));
-      if (!place) return;
-      event.preventDefault();
-      edit(place);
+      if ((event.key === "Enter" || event.key === "F2") && editAt(event.target)) event.preventDefault();
     });
     // The address of a part would be looked for in the file of the app.
     page.addEventListener("click", event => {
@@ -229,17 +331,22 @@
 
   const dialog = one("#editing");
   let edited = null;
+  // False for what is no field.
   const edit = place => {
-    if (!place) return;
+    if (!place) return false;
     edited = place;
-    const [id, name, value] = ask("describe_field", images[place.image].bytes, place.index).map(toText);
-    one("#field").textContent = (images.length > 1 ? "AB"[place.image] + ", " : "") + name;
+    const [id, name, value, takes] =
+      ask("describe_field", imageOf(sides[place.side]).bytes, place.index).map(toText);
+    one("#field").textContent = (markOf(place.side) && markOf(place.side) + ", ") + name;
     one("#id").textContent = id;
     one("#value").value = value;
+    one("#takes").hidden = false;
+    one("#takes").textContent = takes.charAt(0).toUpperCase() + takes.slice(1);
     one("#refusal").textContent = "";
     dialog.showModal();
     one("#value").select();
     placeDialog();
+    return true;
   };
   // Below the field, above it where there is no room.
   const placeDialog = () => {
@@ -252,28 +359,33 @@
   };
   one("#setting").addEventListener("submit", event => {
     event.preventDefault();
-    const image = images[edited.image];
+    const { images, at } = sides[edited.side], image = images[at];
     try {
       const [bytes, note] = ask("set_field", image.bytes, edited.index, one("#value").value);
-      image.before.push(image.bytes);
-      image.bytes = bytes;
+      const next = replaceAt(images, at, { ...image, bytes });
       dialog.close();
-      show(edited);
+      if (!isSame(bytes, image.bytes)) // both sides may show images of one file
+        change(sides.map(side => (side.images === images ? { ...side, images: next } : side)), toText(note), edited);
       say(toText(note));
     } catch (error) {
       one("#refusal").textContent = error.message;
+      one("#takes").hidden = true; // the refusal says it, too
       placeDialog();
       one("#value").focus();
     }
   });
   one("#cancel").addEventListener("click", () => dialog.close());
   dialog.addEventListener("close", () => itemOf(edited)?.focus({ preventScroll: true }));
-  one("#edit").addEventListener("click", () => edit(field));
-  one("#undo").addEventListener("click", () => {
-    const image = images[edited.image]?.before.length ? images[edited.image] : images.find(other => other.before.length);
-    image.bytes = image.before.pop();
-    show(edited);
-    say("The last edit is undone.");
+  one("#edit").addEventListener("click", () => {
+    if (edit(field)) return;
+    frame.contentDocument.querySelector("[role=treeitem]:not([aria-expanded])").focus();
+    say("The arrow keys or a click choose a field; Enter, a double click or the button edits it.");
+  });
+  one("#undo").addEventListener("click", undo);
+  addEventListener("beforeunload", event => {
+    if (!hasUnsaved()) return;
+    event.preventDefault();
+    event.returnValue = true; // what older browsers ask for
   });
 
   // ---- Buttons ----
@@ -285,15 +397,17 @@
   });
   one("#pasting").addEventListener("submit", event => {
     event.preventDefault();
-    takeText(one("#text").value);
+    if (takeText(one("#text").value)) one("#text").value = "";
   });
   one("#open").addEventListener("click", () => askFor(asked === "start" ? "" : "start"));
   one("#compare").addEventListener("click", () => askFor(asked === "compare" ? "" : "compare"));
-  one("#found").addEventListener("change", event => {
-    images[images.length - 1] = found[event.target.selectedIndex];
-    show();
+  one("#compare-other").addEventListener("click", () => {
+    const other = { images: sides[0].images, at: one("#other").selectedIndex };
+    change([sides[0], other], imageOf(other).name + " opened");
+    say("");
   });
-  one("#page").addEventListener("click", () => save(makePage(""), "text/html", nameFile(images[0], ".html")));
+  one("#page").addEventListener("click", () =>
+    save(makePage(""), "text/html", sides.map(side => nameFile(imageOf(side))).join(" and ") + ".html"));
 
   listen(document);
   loadLibrary().then(

@@ -33,10 +33,11 @@ XRANDR = "".join(f"{name} connected primary 1920x1080+0+0\n\tEDID: \n" + "".join
 with open(os.path.join(PROJECT, "README.md"), encoding="utf-8") as readme:
     SITE = re.search("^```html\n(.*?)^```$", readme.read(), re.DOTALL | re.MULTILINE)[1]
 # Drops files on the document, and waits for the page in the frame to be painted. Returns the milliseconds.
-DROP = """const [files] = arguments, data = new DataTransfer(), frame = document.querySelector("#frame");
+DROP = """const [files, refused] = arguments, data = new DataTransfer(), frame = document.querySelector("#frame");
 for (const [name, bytes] of files) data.items.add(new File([new Uint8Array(bytes)], name));
 const begin = performance.now(), loaded = new Promise(done => frame.addEventListener("load", done, { once: true }));
 document.dispatchEvent(new DragEvent("drop", { dataTransfer: data, cancelable: true, bubbles: true }));
+if (refused) return;
 await loaded;
 await new Promise(done => frame.contentWindow.requestAnimationFrame(() => setTimeout(done)));
 return performance.now() - begin;"""
@@ -97,8 +98,8 @@ class AppCases:
     def ask(self, text, *arguments):
         return self.browser.script(text, *arguments)
 
-    def drop(self, *files):
-        return self.ask(DROP, [(name, list(content)) for name, content in files])
+    def drop(self, *files, refused=False):
+        return self.ask(DROP, [(name, list(content)) for name, content in files], refused)
 
     def paste(self, text):
         self.ask("""document.querySelector("#text").value = arguments[0];
@@ -125,6 +126,34 @@ class AppCases:
             content = file.read()
         os.remove(path)
         return content
+
+    def click(self, selector):
+        self.ask("document.querySelector(arguments[0]).click()", selector)
+
+    def choose(self, list_id, at):
+        self.ask("""const list = document.getElementById(arguments[0]);
+            list.focus();
+            list.selectedIndex = arguments[1];
+            list.dispatchEvent(new Event("change"))""", list_id, at)
+
+    def names(self):
+        return self.ask("return document.title").removesuffix(" - zoredid").split(" and ")
+
+    def asks_to_stay(self):
+        return self.ask("return !dispatchEvent(new Event('beforeunload', { cancelable: true }))")
+
+    def set_field(self, side, name, value):
+        self.ask("""const page = document.querySelector("#frame").contentDocument, [side, name, value] = arguments;
+            const loaded = new Promise(done => {
+                document.querySelector("#frame").addEventListener("load", done, { once: true });
+                setTimeout(done, 2000);
+            });
+            const fields = page.querySelectorAll(".view")[side].querySelectorAll("[role=treeitem]");
+            [...fields].find(item => item.querySelector(".name").textContent === name)
+                .dispatchEvent(new MouseEvent("dblclick", { bubbles: true }));
+            document.querySelector("#value").value = value;
+            document.querySelector("#setting").requestSubmit();
+            await loaded""", side, name, value)
 
     def focus_field(self, text):
         self.assertTrue(self.ask("""const page = document.querySelector("#frame").contentDocument;
@@ -165,9 +194,11 @@ class AppCases:
             self.wait_for(lambda: "monitor" in self.page() or "ASUS" in self.page(), form)
             self.assertIn("ASUS VE276", self.page())
             self.assertIn(form, self.text("#said").lower())
+            self.assertEqual(self.ask("return document.querySelector('#text').value"), "")
         self.open()
-        self.paste("no image at all")
-        self.assertIn("pasted: ", self.text("#said"))
+        for text, said in (("no image at all", "pasted: "), (" \n", "The text is empty.")):
+            self.paste(text)
+            self.assertIn(said, self.text("#said"))
         self.assertTrue(self.ask("return document.querySelector('#frame').hidden"))
 
     def test_the_keyboard_alone_gets_to_a_page(self):
@@ -176,15 +207,34 @@ class AppCases:
         self.assertEqual(self.focused(), "choose")
         self.browser.press(TAB, MONITOR.hex(), TAB, ENTER)
         self.wait_for(lambda: "ASUS VE276" in self.page())
+        self.wait_for(lambda: self.ask("return document.activeElement.id") == "frame")
 
-    def test_each_monitor_of_a_text_can_be_chosen(self):
+    def test_each_monitor_of_a_text_can_be_chosen_and_compared(self):
         self.open()
         self.paste(XRANDR)
-        self.assertEqual(self.text("#said"), "2 images in pasted")
-        self.ask("""const list = document.querySelector("#found");
-            list.selectedIndex = 1;
-            list.dispatchEvent(new Event("change"))""")
-        self.assertIn("DP-1", self.text("#images"))
+        self.assertIn("2 images in pasted", self.text("#said"))
+        self.drop(("monitor.bin", MONITOR), ("bad.bin", b"none"), refused=True)  # changes nothing
+        self.choose("in0", 1)
+        self.wait_for(lambda: self.ask("return document.title").startswith("pasted (DP-1)"))
+        self.assertEqual(self.ask("return document.activeElement.id"), "in0")
+        self.click("#compare")
+        self.click("#compare-other")
+        self.assertEqual(self.names(), ["pasted (DP-1)", "pasted (HDMI-1)"])
+        self.choose("in1", 1)
+        self.click("#remove0")
+        self.assertEqual(self.names(), ["pasted (DP-1)"])
+
+    def test_of_more_than_two_files_the_others_are_named(self):
+        self.open()
+        files = [(name + ".bin", MONITOR) for name in "abcd"]
+        self.drop(*files[:3])
+        self.assertIn("c.bin", self.text("#said"))
+        self.click("#compare")
+        self.drop(*files[1:])
+        self.assertEqual(self.names(), ["a.bin", "b.bin"])
+        self.assertIn("c.bin, d.bin", self.text("#said"))
+        self.click("#page")
+        self.saved("a and b.html")
 
     def test_two_files_are_compared(self):
         other = bytearray(MONITOR)
@@ -197,9 +247,9 @@ class AppCases:
         self.drop(("monitor.bin", MONITOR), ("other.bin", other))
         both = run("page", self.image, path, "-o", "-").stdout.decode()
         self.assertEqual(self.page(), both)
-        self.ask("document.querySelectorAll('#images button')[3].click()")
+        self.click("#remove1")
         self.wait_for(lambda: "other.bin" not in self.page())
-        self.ask("document.querySelector('#compare').click()")
+        self.click("#compare")
         self.drop(("other.bin", other))
         self.assertEqual(self.page(), both)
 
@@ -209,6 +259,7 @@ class AppCases:
         self.focus_field("Week of manufacture")
         self.browser.press(DOWN, ENTER)
         self.assertEqual((self.focused(), self.text("#id")), ("value", "base.identity.year"))
+        self.assertEqual(self.text("#takes"), "It takes 1990 to 2245")
         self.browser.press("1066", ENTER)
         refusal = run("edit", self.image, "--set", "base.identity.year=1066", "-o", "-").stderr.decode()
         self.assertIn(self.wait_for(lambda: self.text("#refusal")), refusal)
@@ -218,13 +269,47 @@ class AppCases:
         self.browser.press("2020", ENTER)
         self.wait_for(lambda: "became 2020" in self.text("#said"))
         self.wait_for(lambda: self.focused() == "Year of manufacture")
-        self.ask("document.querySelector('#images button').click()")
+        self.assertTrue(self.asks_to_stay())
+        self.click("#save0")
         edited = self.saved("monitor.bin")
+        self.assertFalse(self.asks_to_stay())
         self.assertEqual(edited, run("edit", self.image, "--set", "base.identity.year=2020", "-o", "-").stdout)
-        self.ask("document.querySelector('#page').click()")
+        self.click("#page")
         self.assertNotIn(b"data-i", self.saved("monitor.html"))
-        self.ask("document.querySelector('#undo').click()")
-        self.assertEqual(self.page(), run("page", self.image, "-o", "-").stdout.decode())
+        self.ask("""document.querySelector("#frame").contentDocument.activeElement
+            .dispatchEvent(new KeyboardEvent("keydown", { key: "z", ctrlKey: true, bubbles: true }))""")
+        self.wait_for(lambda: self.page() == run("page", self.image, "-o", "-").stdout.decode())
+
+    def test_undo_takes_back_in_order_what_was_done_last(self):
+        self.open()
+        self.drop(("a.bin", MONITOR), ("b.bin", MONITOR))
+        pages = [self.page()]
+        for side, name, value in ((0, "Year of manufacture", "2011"), (1, "Year of manufacture", "2012"),
+                                  (0, "Week of manufacture", "5")):
+            self.set_field(side, name, value)
+            pages.append(self.page())
+        self.set_field(0, "Week of manufacture", "5")  # what it is already
+        self.drop(("Монитор: 2.bin", MONITOR))
+        self.assertIn("a.bin and b.bin are not saved", self.text("#said"))
+        self.assertTrue(self.asks_to_stay())
+        self.click("#save0")
+        self.saved("Монитор- 2.bin")
+        for page in reversed(pages):
+            self.click("#undo")
+            self.assertEqual(self.page(), page)
+        self.assertEqual(self.ask("return document.querySelector('#undo').disabled"), True)
+        self.assertFalse(self.asks_to_stay())
+
+    def test_a_byte_leads_to_its_fields(self):
+        self.open()
+        self.drop(("monitor.bin", MONITOR))
+        for offset, opened in ((0x10, True), (0x14, False)):  # the week alone; several fields
+            self.ask("document.querySelector('#frame').contentDocument.querySelector(arguments[0]).focus()",
+                     f"#a{offset}")
+            self.browser.press(ENTER)
+            self.assertEqual(self.ask("return document.querySelector('#editing').open"), opened)
+            self.browser.press(ESCAPE)
+        self.assertEqual(self.focused(), "Video signal interface")
 
     def test_a_site_has_the_app_in_the_page_of_the_readme(self):
         inside = 'const document = self.document.querySelector("iframe").contentDocument;'

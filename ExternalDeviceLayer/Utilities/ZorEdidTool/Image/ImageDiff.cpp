@@ -9,6 +9,7 @@
 #include <tuple>
 #include <utility>
 
+#include "CutBase.h"
 #include "ExactTimings.h"
 #include "Json.h"
 #include "MapText.h"
@@ -421,7 +422,7 @@ private:
 } // namespace
 
 SComparedImage::SComparedImage(const std::vector<unsigned char>& aui8Bytes)
-    : m_aoFacts(ReadFacts(aui8Bytes)), m_oModes(aui8Bytes, nullptr, {})
+    : m_aoFacts(ReadFacts(FillCutBase(aui8Bytes))), m_oModes(FillCutBase(aui8Bytes), nullptr, {})
 {
     m_oPart.m_oMap.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data());
     for (unsigned int i = 0; i < m_oPart.m_oMap.GetFieldCount(); ++i)

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "CutBase.h"
 #include "MapDiff.h"
 #include "TextFormat.h"
 
@@ -21,8 +22,9 @@ CModes LoadAndList(const SInput& oInput, CLoadedImage& oLoaded)
 
 CZorEdidFacts ReadFacts(const SInput& oInput)
 {
+    const std::vector<unsigned char> aui8Bytes = FillCutBase(oInput.m_aui8Bytes);
     CZorEdidFacts oFacts;
-    oFacts.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    oFacts.Read(static_cast<unsigned int>(aui8Bytes.size()), aui8Bytes.data());
     return oFacts;
 }
 
@@ -59,7 +61,7 @@ void MarkDifference(SPageImage& oImage, unsigned int uiField, const SPageImage& 
 
 SPageImage::SPageImage(SInput oInput, unsigned int uiThisYear)
     : m_oInput(std::move(oInput)), m_oFacts(ReadFacts(m_oInput)), m_aoListed(LoadAndList(m_oInput, m_oLoaded)),
-      m_oModes(m_oInput.m_aui8Bytes, m_oLoaded.IsLoaded() ? &m_oLoaded.GetEdid() : nullptr, m_aoListed)
+      m_oModes(FillCutBase(m_oInput.m_aui8Bytes), m_oLoaded.IsLoaded() ? &m_oLoaded.GetEdid() : nullptr, m_aoListed)
 {
     m_oMap.Read(static_cast<unsigned int>(m_oInput.m_aui8Bytes.size()), m_oInput.m_aui8Bytes.data());
     m_aoFields.resize(m_oMap.GetFieldCount());

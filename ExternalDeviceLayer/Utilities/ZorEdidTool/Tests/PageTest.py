@@ -217,6 +217,10 @@ class PageTest(unittest.TestCase):
             return fix_sums(bytes(image))
         self.assertEqual(self.facts(change({0x10: "3c"}))["Made"], "2010")  # week 60
         self.assertEqual(set(self.facts(MONITOR[:20])), {"Image", "Library"})  # no block
+        cut = self.facts(MONITOR[:100])  # within the base block: what it still says
+        self.assertEqual((cut["Maker"], cut["Preferred mode"]), ("ASUSTek Computer Inc. (ACI)", "1920 \u00d7 1080 at 60 Hz"))
+        self.assertEqual(cut["HDR"], "not known: the image ends before block 1")
+        self.assertNotIn("Range limits", cut)
         # Two blocks of HDMI do not make one of the Forum; what follows the announced blocks is not part of it.
         forum = b"\x02\x03\x0c\0\x67\xd8\x5d\xc4\1\x78\0\0".ljust(128, b"\0")
         for extra, count, found in [(MONITOR[128:], "02", "HDMI"), (forum, "01", "HDMI"),
@@ -396,7 +400,7 @@ class PageTest(unittest.TestCase):
         texts = {row["text"]: row["data-list"] for row in rows}
         for start, choices in {"ASUS VE276monitor.bin": "none", "ASUS VE276sub/monitor.bin": "error",
                                "zero.bin": "unread", "</script><xa\"><img src=x>&#%\\xff.bin": "warning",
-                               "Secondtwo.bin (image 2)": "warning", "sub/cut.bin": "error refused"}.items():
+                               "Secondtwo.bin (image 2)": "warning", "product 0x27f4sub/cut.bin": "error refused"}.items():
             self.assertEqual([texts[text] for text in texts if text.startswith(start)], [choices], start)
         row = next(text for text in texts if text.startswith("ASUS VE276monitor.bin"))
         self.assertEqual(row, "ASUS VE276monitor.binASUSTek Computer Inc. (ACI)27.0 in, 598 \u00d7 336 mm"

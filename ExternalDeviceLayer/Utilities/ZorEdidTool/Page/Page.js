@@ -251,7 +251,9 @@
     for (const other of heads) other.setAttribute("aria-sort", "none");
     head.setAttribute("aria-sort", way > 0 ? "ascending" : "descending");
     const compare = (a, b) => (typeof a === "number" ? a - b : a.localeCompare(b));
-    rows.sort((a, b) => way * compare(value(a, column), value(b, column)));
+    const isUnread = row => row.dataset.list === "unread"; // of an index; these stay last
+    rows.sort((a, b) => isUnread(a) - isUnread(b) ||
+      (isUnread(a) ? 0 : way * compare(value(a, column), value(b, column))));
     body.append(...rows);
   }));
   table.addEventListener("change", draw);

@@ -170,7 +170,9 @@ public:
         oFiles.m_uiJobs = m_oFolder.m_uiJobs;
         oFiles.m_bTurnsForBadOnes = true;
         oFiles.m_bTurnsSayImages = true;
-        oFiles.m_fnTake = [this](const std::string& sRow) { m_oIndex << CHtml::Resume(sRow); };
+        oFiles.m_fnTake = [this](const std::string& sRow) {
+            (IsUnreadRow(sRow) ? m_oUnread : m_oIndex) << CHtml::Resume(sRow);
+        };
         ForEachInput(oFiles, m_oTool, [this](const SInput& oInput) { return MakeOne(oInput); });
         WriteIndex();
     }
@@ -296,6 +298,7 @@ private:
 
     void WriteIndex()
     {
+        m_oIndex << m_oUnread;
         const SPresent oPresent = FindPresent(m_sIndex);
         const SWritten oWritten = CanReplace(oPresent)
                                       ? WriteOutput(m_sIndex, CloseIndex(GetTitle(), m_oIndex.Take(), gsc_pszIndexMark),
@@ -314,7 +317,8 @@ private:
     STool& m_oTool;
     const std::string m_sIndex;
     const unsigned int m_uiThisYear;
-    CHtml m_oIndex; // with the rows so far, in the order of the names
+    CHtml m_oIndex;  // with the rows so far, in the order of the names
+    CHtml m_oUnread; // rows without an image, which follow
     std::atomic<size_t> m_uiMade = 0;
     std::atomic<size_t> m_uiKept = 0;
     std::atomic<size_t> m_uiUnread = 0;

@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <iterator>
-#include <span>
+#include <string_view>
 #include <utility>
 
+#include "FactList.h"
 #include "FactWords.h"
 #include "MapText.h"
 #include "PageParts.h"
@@ -20,7 +21,6 @@ struct SColumn
 {
     const char* m_pszHead;
     CHtml (*m_pfnMake)(const SPageImage&); // the cell
-    bool m_bNumber = false;                // sorted by one
 };
 
 CHtml MakeText(const std::string& sText)
@@ -62,6 +62,42 @@ CHtml MakeModeCount(const SPageImage& oImage)
     return MakeNumber(static_cast<double>(uiCount), std::to_string(uiCount));
 }
 
+// By the peak. The words are those of the kinds, and of no other luminance.
+CHtml MakeHdr(const SPageImage& oImage)
+{
+    const std::string sText = DescribeHdr(oImage.m_oFacts);
+    if (!IsAnnounced(sText))
+    {
+        return MakeNumber(0, sText);
+    }
+    const auto& oPeak = oImage.m_oFacts.GetColour().m_oContentMax.m_oValue;
+    const double dPeak = oPeak.m_ui8Code != 0 ? static_cast<double>(oPeak.m_fLuminance) : 0;
+    return MakeNumber(1 + dPeak, sText.substr(0, sText.find(';')) +
+                                     (dPeak > 0 ? FormatText("; peak %.0f cd/m\u00B2", dPeak) : ""));
+}
+
+// By the highest rate; above none where no range is known.
+CHtml MakeVariableRefresh(const SPageImage& oImage)
+{
+    const std::string sText = DescribeVariableRefresh(oImage.m_oFacts);
+    if (!IsAnnounced(sText))
+    {
+        return MakeNumber(0, sText);
+    }
+    const CZorEdidFacts::SLink& oLink = oImage.m_oFacts.GetLink();
+    double dMost = oLink.m_oContinuous.m_oValue ? oLink.m_oVerticalRates.m_oValue.m_uiMost : 0;
+    double dFastest = 0; // mode
+    for (const SModeRow& oRow : oImage.m_oModes.GetRows())
+    {
+        dFastest = std::max(dFastest, GetRate(oRow.m_oMode));
+    }
+    for (const CZorEdidFacts::SVariableRefresh& oRange : ListVariableRefresh(oLink))
+    {
+        dMost = std::max(dMost, oRange.m_uiMost != 0 ? oRange.m_uiMost : dFastest);
+    }
+    return MakeNumber(1 + dMost, sText);
+}
+
 unsigned long long CountFindings(const SPageImage& oImage, CSeverity eSeverity)
 {
     return static_cast<unsigned long long>(std::ranges::count(oImage.m_aoFindings, eSeverity, &SFinding::m_eSeverity));
@@ -99,13 +135,15 @@ CHtml MakeFindingCounts(const SPageImage& oImage)
 // After the name.
 constexpr SColumn gsc_aoColumns[] = {
     { "Maker", [](const SPageImage& oImage) { return MakeText(DescribeMaker(oImage.m_oFacts.GetIdentity())); } },
-    { "Size", MakeSize, true },
-    { "Preferred mode", MakePreferred, true },
-    { "Modes", MakeModeCount, true },
-    { "HDR", [](const SPageImage& oImage) { return MakeText(DescribeHdr(oImage.m_oFacts)); } },
-    { "Variable refresh", [](const SPageImage& oImage) { return MakeText(DescribeVariableRefresh(oImage.m_oFacts)); } },
-    { "Findings", MakeFindingCounts, true },
+    { "Size", MakeSize },
+    { "Preferred mode", MakePreferred },
+    { "Modes", MakeModeCount },
+    { "HDR", MakeHdr },
+    { "Variable refresh", MakeVariableRefresh },
+    { "Findings", MakeFindingCounts },
 };
+
+constexpr const char* gsc_pszUnread = "unread";
 
 // What the list above the table chooses by: words of data-list, and what they are called there.
 struct SChoice
@@ -125,7 +163,7 @@ constexpr SChoice gsc_aoChoices[] = {
       [](const SPageImage& oImage) { return CountFindings(oImage, CZorEdidMap::eSeverity_Warning) != 0; } },
     { "none", "without findings", [](const SPageImage& oImage) { return oImage.m_aoFindings.empty(); } },
     { "refused", "refused by the library", [](const SPageImage& oImage) { return !oImage.m_oLoaded.IsLoaded(); } },
-    { "unread", "unreadable", nullptr },
+    { gsc_pszUnread, "unreadable", nullptr },
 };
 
 // The start of a row up to its name, which stands below the title.
@@ -169,23 +207,13 @@ CHtml MakeIndexRow(const SPageImage& oImage, const std::string& sName, const std
 CHtml MakeUnreadRow(const std::string& sName, const std::string& sProblem)
 {
     CHtml oHtml;
-    OpenRow(oHtml, "unread", ShowName(sName), ShowName(sName), "");
-    for (const SColumn& oColumn : std::span(gsc_aoColumns).first<std::size(gsc_aoColumns) - 1>())
-    {
-        if (oColumn.m_bNumber)
-        {
-            oHtml << "<td data-v=\"0\"></td>";
-        }
-        else
-        {
-            oHtml << "<td></td>";
-        }
-    }
-    // Instead of findings, and above any of them.
-    return (oHtml << "<td data-v=\"1e18\"><span class=\"badge error\">unreadable</span> <span class=\"small\">"
-                  << SText{ ShowName(sProblem) } << "</span></td></tr>\n")
+    OpenRow(oHtml, gsc_pszUnread, ShowName(sName), ShowName(sName), "");
+    return (oHtml << "<td colspan=\"" << std::size(gsc_aoColumns) << "\"><span class=\"badge error\">unreadable</span> "
+                  << SText{ ShowName(sProblem) } << "</td></tr>\n")
         .Take();
 }
+
+bool IsUnreadRow(std::string_view svRow) { return svRow.starts_with(std::string("<tr data-list=\"") + gsc_pszUnread); }
 
 CHtml OpenIndex(const std::string& sTitle)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "PageHtml.h"
 #include "PageImage.h"
@@ -10,8 +11,9 @@
 // sName is the image's name in its folder. sLink is the address of its page as seen from the index; empty without one.
 CHtml MakeIndexRow(const SPageImage& oImage, const std::string& sName, const std::string& sLink);
 
-// Of an input that gives no image.
+// Of an input that gives no image; these come last.
 CHtml MakeUnreadRow(const std::string& sName, const std::string& sProblem);
+bool IsUnreadRow(std::string_view svRow);
 
 // The index ahead of its rows, and the file of that with the rows behind it.
 CHtml OpenIndex(const std::string& sTitle);

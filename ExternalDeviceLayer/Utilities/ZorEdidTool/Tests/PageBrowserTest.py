@@ -80,6 +80,10 @@ class BrowserTest(unittest.TestCase):
                     file.write(image)
             cls.pages[name] = os.path.join(folder.name, name + ".html")
             subprocess.run([COMMAND, "page", *paths, "-o", cls.pages[name]], check=True, timeout=60)
+        for peak, rates in (("90", "40-60"), ("400", "30-144")):  # their order as texts is another one
+            subprocess.run([COMMAND, "edit", os.path.join(folder.name, "one0.bin"), "--add-hdr", f"pq,max={peak}",
+                            "--vrr", rates, "-o", os.path.join(folder.name, f"hdr{peak}.bin")], check=True, timeout=60,
+                           capture_output=True)
         # An index of these and of a file that is no image, whose name is longer than a small screen is wide.
         with open(os.path.join(folder.name, "z" * 90), "wb"):
             pass
@@ -252,13 +256,19 @@ class BrowserTest(unittest.TestCase):
         self.assertEqual(self.one("#count").text, f"{whole} of {whole}")
         # By the keyboard alone: the heads sort, the filter and the list choose, a name leads to its page.
         heads = self.browser.find_elements(By.CSS_SELECTOR, "#table thead button")
-        modes = [int(row[4] or 0) for row in self.rows()]
+        images = whole - sum(len(row) == 2 for row in self.rows())  # of the others only a reason is known
+        modes = [int(row[4]) for row in self.rows()[:images]]
         heads[4].send_keys(Keys.ENTER)
-        self.assertEqual([int(row[4] or 0) for row in self.rows()], sorted(modes))
-        heads[7].send_keys(Keys.ENTER, Keys.ENTER)
-        words = [re.search("unreadable|error|warning|note|none", row[7])[0] for row in self.rows()]
-        self.assertEqual(words, sorted(words, key=["unreadable", "error", "warning", "note", "none"].index))
-        self.assertLess({"unreadable", "error", "none"}, set(words))
+        self.assertEqual([int(row[4]) for row in self.rows()[:images]], sorted(modes))
+        for column, words in ((7, ["none", "note", "warning", "error"]), (5, ["not", "HDR10; peak 90 ", "HDR10; peak 400"]),
+                              (6, ["not", "from 40 Hz", "30 to 144 Hz"])):
+            for way in (1, -1):
+                heads[column].send_keys(Keys.ENTER)
+                rows = self.rows()
+                found = [re.search("|".join(words[::-1]), row[column])[0] for row in rows[:images]]
+                self.assertEqual(found, sorted(found, key=words.index, reverse=way < 0))
+                self.assertEqual({len(row) for row in rows[images:]}, {2})
+            self.assertLess({words[0], words[-1]}, set(found))
         self.one("#filter").send_keys("one0 1920x1080")
         self.assertEqual([row[0] for row in self.rows()], ["ASUS VE276one0.bin"])
         self.one("#filter").clear()

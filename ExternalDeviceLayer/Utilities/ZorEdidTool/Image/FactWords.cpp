@@ -18,6 +18,7 @@ using CFacts = CZorEdidFacts;
 constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
 constexpr const char* gsc_pszNotAnnounced = "not announced";
 constexpr const char* gsc_pszNotKnown = "not known: ";
+constexpr const char* gsc_pszNoRange = "continuous frequency, no range given";
 
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
 {
@@ -305,7 +306,8 @@ std::string DescribeTransport(const CZorEdidFacts::SLink& oLink)
 
 bool IsAnnounced(const std::string& sText)
 {
-    return !sText.empty() && sText != gsc_pszNotAnnounced && !sText.starts_with(gsc_pszNotKnown);
+    return !sText.empty() && sText != gsc_pszNotAnnounced && sText != gsc_pszNoRange &&
+           !sText.starts_with(gsc_pszNotKnown);
 }
 
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
@@ -324,7 +326,8 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
     // timing of a frame.
     if (sText.empty() && oLink.m_oKind.m_oValue == CFacts::eLink_DisplayPort && oLink.m_oContinuous.m_oValue)
     {
-        Append(sText, GetRange(oLink.m_oVerticalRates, "Hz") + " (range limits with continuous frequency)");
+        const std::string sRange = GetRange(oLink.m_oVerticalRates, "Hz");
+        Append(sText, sRange.empty() ? gsc_pszNoRange : sRange + " (range limits with continuous frequency)");
     }
     return sText.empty() ? DescribeAbsence(oFacts, gsc_pszNotAnnounced) : sText;
 }

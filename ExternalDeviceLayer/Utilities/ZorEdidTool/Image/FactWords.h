@@ -24,8 +24,8 @@ std::string DescribeShape(const CZorEdidFacts::SSize& oSize);
 std::string DescribeLink(const CZorEdidFacts& oFacts);
 // "ALLM, QMS, fast Vactive": what helps games and changes of rate.
 std::string DescribeTransport(const CZorEdidFacts::SLink& oLink);
-// False of an empty text, and of the words "not announced" or "not known: ..." of the questions below that have them:
-// what a block that was not read whole may say is not denied.
+// False of an empty text, and of the words "not announced", "not known: ..." or "..., no range given" of the questions
+// below that have them: what a block that was not read whole may say is not denied.
 bool IsAnnounced(const std::string& sText);
 // "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; without any "not announced", or why it is not known.
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts);

@@ -221,6 +221,10 @@ class PageTest(unittest.TestCase):
         self.assertEqual((cut["Maker"], cut["Preferred mode"]), ("ASUSTek Computer Inc. (ACI)", "1920 \u00d7 1080 at 60 Hz"))
         self.assertEqual(cut["HDR"], "not known: the image ends before block 1")
         self.assertNotIn("Range limits", cut)
+        port = {0x13: "04", 0x14: "a5", 0x18: "2b", 0x7E: "00"}  # DisplayPort, continuous frequency
+        for more, words in ({}, "50 to 85 Hz (range limits with continuous frequency)"), (
+                {0x5D: "10"}, "continuous frequency, no range given"):
+            self.assertEqual(self.facts(change(port | more, MONITOR[:128]))["Variable refresh"], words)
         # Two blocks of HDMI do not make one of the Forum; what follows the announced blocks is not part of it.
         forum = b"\x02\x03\x0c\0\x67\xd8\x5d\xc4\1\x78\0\0".ljust(128, b"\0")
         for extra, count, found in [(MONITOR[128:], "02", "HDMI"), (forum, "01", "HDMI"),

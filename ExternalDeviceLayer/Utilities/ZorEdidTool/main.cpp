@@ -74,6 +74,10 @@ void DeclareOptions(CCommandLine& oCommandLine, STool& oTool)
         "  3  an input cannot be read or loaded, or a result cannot be written; all other inputs are "
         "still done\n"
         "\n"
+        "Environment:\n"
+        "  COLUMNS   the width of the help where it goes elsewhere than to a terminal, 40 to 120\n"
+        "  NO_COLOR  when it is not empty, explain shows no colours on a terminal\n"
+        "\n"
         "Example: zoredid show monitor.bin");
     for (const SSubcommand& oSubcommand : gsc_aoSubcommands)
     {

@@ -607,6 +607,7 @@ class CommandLine(unittest.TestCase):
             self.assertRegex(out.decode(), r"\nExamples?:(.*\n)*.*zoredid %s.*\n( {6}.*\n)*$" % "".join(command))
             self.assertEqual(run(*command, "--help"), run("help", *command))
             self.assertEqual(run(*command, "--help"), run("--sysfs", "/tmp", "-v", "help", *command))
+        self.assertIn(b"\n  NO_COLOR  ", run("--help")[1])
         names = re.findall(r"^  ([a-z]+) +(.*)", run("--help")[1].decode().split("Subcommands:")[1], re.MULTILINE)
         self.assertEqual(list(SUBCOMMANDS), [name for name, _ in names])
         self.assertLess(max(len(text) for _, text in names), 80)  # a short phrase each

@@ -8,10 +8,10 @@
 #include <nlohmann/json.hpp>
 
 #include "BuildImage.h"
+#include "CapturedOutput.h"
 #include "Damages.h"
 #include "DisplayIdImages.h"
 #include "MapJson.h"
-#include "OsServices.h"
 #include "SharedFiles.h"
 
 namespace
@@ -20,7 +20,7 @@ using nlohmann::json;
 
 std::string Explain(const CBytes& aui8Image)
 {
-    OsServices::SetMsgLevel(0, 0, 0);
+    const CQuietMessages oQuiet;
     CZorEdidMap oMap;
     oMap.Read(static_cast<unsigned int>(aui8Image.size()), aui8Image.data());
     return MakeExplanation({ "name", aui8Image, "form", "" }, oMap, std::vector<bool>(oMap.GetFieldCount(), true));

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "CapturedOutput.h"
 #include "Damages.h"
 #include "DisplayIdImages.h"
 #include "Findings.h"
 #include "MapText.h"
-#include "OsServices.h"
 #include "SharedFiles.h"
 
 namespace
@@ -25,7 +25,7 @@ std::vector<SFinding> Check(const CBytes& aui8Image, unsigned int uiThisYear)
 // "BLOCK:OFFSET SEVERITY WHAT: FOUND, EXPECTED", offsets in hexadecimal digits.
 CTexts List(const CBytes& aui8Image, unsigned int uiThisYear = gsc_uiThisYear)
 {
-    OsServices::SetMsgLevel(0, 0, 0);
+    const CQuietMessages oQuiet;
     CTexts asFindings;
     for (const SFinding& oFinding : Check(aui8Image, uiThisYear))
     {

@@ -10,11 +10,11 @@
 #include <map>
 #include <set>
 
+#include "CapturedOutput.h"
 #include "DisplayIdImages.h"
 #include "EditPlan.h"
 #include "FieldEdits.h"
 #include "Findings.h"
-#include "OsServices.h"
 #include "SharedFiles.h"
 #include "TextFormat.h"
 
@@ -23,7 +23,7 @@ namespace
 class EditNamed : public testing::Test
 {
 protected:
-    EditNamed() { OsServices::SetMsgLevel(0, 0, 0); }
+    const CQuietMessages m_oQuiet;
 };
 
 // Empty, or why the value or the edit is refused.

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "ByteDiff.h"
+#include "CapturedOutput.h"
 #include "Damages.h"
 #include "EditVerify.h"
-#include "OsServices.h"
 #include "SharedFiles.h"
 #include "TestBytes.h"
 
@@ -47,7 +47,7 @@ void PrintTo(const SWrongEdit& oCase, std::ostream* poStream) { *poStream << oCa
 class EditVerify : public testing::TestWithParam<SWrongEdit>
 {
 protected:
-    EditVerify() { OsServices::SetMsgLevel(0, 0, 0); }
+    const CQuietMessages m_oQuiet;
 };
 
 SEdit MakeEdit(EEditKind eKind, const char* pszValue)

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <set>
 
+#include "CapturedOutput.h"
 #include "CommandLine.h"
 #include "Damages.h"
 #include "DisplayIdImages.h"
 #include "EditImage.h"
-#include "OsServices.h"
 #include "PageParts.h"
 #include "ScratchFolder.h"
 #include "SharedFiles.h"
@@ -87,7 +87,7 @@ using CNamed = std::multiset<std::tuple<char, unsigned int, unsigned int>>;
 class ComparedImages : public CScratchFolder
 {
 protected:
-    ComparedImages() { OsServices::SetMsgLevel(0, 0, 0); }
+    const CQuietMessages m_oQuiet;
 
     static std::string RunCompare(std::string sFirst, std::string sSecond)
     {

@@ -5,9 +5,9 @@
 #include <set>
 #include <string_view>
 
+#include "CapturedOutput.h"
 #include "Damages.h"
 #include "DisplayIdImages.h"
-#include "OsServices.h"
 #include "PageAssets.h"
 #include "PageParts.h"
 #include "SharedFiles.h"
@@ -84,7 +84,7 @@ TEST(PageHtml, Numbers)
 
 SPage MakePageOf(const std::vector<CBytes>& aaui8Images)
 {
-    OsServices::SetMsgLevel(0, 0, 0);
+    const CQuietMessages oQuiet;
     SPage oPage;
     for (const CBytes& aui8Image : aaui8Images)
     {

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "CapturedOutput.h"
 #include "DisplayIdImages.h"
 #include "ExactTimings.h"
 #include "Json.h"
 #include "MapText.h"
-#include "OsServices.h"
 #include "SharedFiles.h"
 #include "TextFormat.h"
 #include "Timings.h"
@@ -99,7 +99,7 @@ TEST(Timings, AsText)
 class ListedTimings : public testing::Test
 {
 protected:
-    ListedTimings() { OsServices::SetMsgLevel(0, 0, 0); }
+    const CQuietMessages m_oQuiet;
 
     void Load(const CBytes& aui8Image)
     {

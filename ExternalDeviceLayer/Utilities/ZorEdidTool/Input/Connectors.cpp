@@ -6,20 +6,14 @@
 #include <filesystem>
 #include <fstream>
 
+#include "InputReaders.h"
+
 namespace
 {
 std::string& GetFolder()
 {
     static std::string s_sFolder = "/sys/class/drm";
     return s_sFolder;
-}
-
-bool HasName(const SConnector& oConnector, const std::string& sName)
-{
-    const std::string& sFull = oConnector.m_sName;
-    const size_t uiCardEnd = sFull.find('-');
-    return sFull == sName ||
-           (uiCardEnd != std::string::npos && sFull.compare(uiCardEnd + 1, std::string::npos, sName) == 0);
 }
 } // namespace
 
@@ -52,7 +46,7 @@ std::vector<SConnector> FindConnectors(const std::string& sName)
     std::vector<SConnector> aoConnectors;
     std::string sProblem;
     ListConnectors(aoConnectors, sProblem);
-    const auto fnHasOtherName = [&](const SConnector& oConnector) { return !HasName(oConnector, sName); };
+    const auto fnHasOtherName = [&](const SConnector& oConnector) { return !IsConnector(oConnector.m_sName, sName); };
     aoConnectors.erase(std::remove_if(aoConnectors.begin(), aoConnectors.end(), fnHasOtherName), aoConnectors.end());
     return aoConnectors;
 }

@@ -20,5 +20,5 @@ void SetConnectorFolder(const std::string& sFolder);
 // All connectors, by name. False with the reason in sProblem when the folder cannot be read.
 bool ListConnectors(std::vector<SConnector>& aoConnectors, std::string& sProblem);
 
-// Those with this name, which may leave out the card: "HDMI-A-1".
+// Those with this name, in either case, which may leave out the card: "HDMI-A-1".
 std::vector<SConnector> FindConnectors(const std::string& sName);

@@ -36,19 +36,35 @@ std::string_view CutTabs(std::string_view sText)
     return sText;
 }
 
+// Whether a text ends in 16 bytes of two digits each, with a blank between them, and one or two in the middle.
+bool EndsInRow(std::string_view sText)
+{
+    for (unsigned int uiByte = 16; uiByte-- > 0;)
+    {
+        if (sText.size() < 2 || !IsHex(sText.substr(sText.size() - 2)))
+        {
+            return false;
+        }
+        sText.remove_suffix(2);
+        const bool bBlank = sText.ends_with(' ');
+        const bool bGap = uiByte == 8 && sText.ends_with("  ");
+        if (!bBlank && uiByte != 0)
+        {
+            return false;
+        }
+        sText.remove_suffix(bGap ? 2 : bBlank ? 1 : 0);
+    }
+    return true;
+}
+
 // Takes off the characters behind 16 bytes, which may look like anything.
 std::string_view CutCharacters(std::string_view sLine)
 {
     constexpr std::string_view sGap = "  ";
-    constexpr size_t uiRow = 16 * 3 - 1; // columns: two digits and a blank for each byte but the last one
+    constexpr size_t uiRow = 16 * 3 - 1; // columns at least: two digits and a blank for each byte but the last one
     for (size_t uiEnd = sLine.find(sGap, uiRow); uiEnd < sLine.size(); uiEnd = sLine.find(sGap, uiEnd + 1))
     {
-        const std::string_view sRow = sLine.substr(uiEnd - uiRow, uiRow);
-        size_t uiColumn = 0;
-        const bool bBytes = std::ranges::all_of(sRow, [&uiColumn](char cNext) {
-            return uiColumn++ % 3 == 2 ? cNext == ' ' : gsc_sHexDigits.find(cNext) != std::string_view::npos;
-        });
-        if (bBytes)
+        if (EndsInRow(sLine.substr(0, uiEnd)))
         {
             return sLine.substr(0, uiEnd);
         }
@@ -216,8 +232,7 @@ bool ReadDdcDump(const std::string& sText, CMonitors& aoMonitors)
         const std::string_view sField = sLine.substr(0, uiColon);
         if (sField == "I2C bus" || sField == "DRM connector" || sField == "DRM_connector") // the bus comes first
         {
-            const std::string_view sValue = Trim(sLine.substr(std::min(uiColon + 1, sLine.size())));
-            sName = StartsWith(sValue, "card") ? sValue.substr(sValue.find('-') + 1) : sValue;
+            sName = Trim(sLine.substr(std::min(uiColon + 1, sLine.size())));
         }
         SInput oMonitor = { sName, {}, "", "" };
         if (sLine == sHead && ReadDumpAt(sRest.substr(0, sRest.find(sHead)), uiLine + 1, oMonitor))

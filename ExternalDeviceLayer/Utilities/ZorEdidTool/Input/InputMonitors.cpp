@@ -53,7 +53,7 @@ void RemoveRepeated(CMonitors& aoMonitors)
 // The place of the one that is wanted, which is not empty. Their number, with the reason in sProblem, without one.
 size_t FindMonitor(const CMonitors& aoMonitors, const std::string& sWanted, std::string& sProblem)
 {
-    const auto fnHasName = [&sWanted](const SInput& oMonitor) { return EqualsNoCase(oMonitor.m_sName, sWanted); };
+    const auto fnHasName = [&sWanted](const SInput& oMonitor) { return IsConnector(oMonitor.m_sName, sWanted); };
     const auto itFound = std::find_if(aoMonitors.begin(), aoMonitors.end(), fnHasName);
     const auto iCount = std::count_if(itFound, aoMonitors.end(), fnHasName);
     unsigned long long ullNumber = 0;

@@ -53,6 +53,15 @@ bool EqualsNoCase(std::string_view sText, std::string_view sOther)
     return sText.size() == sOther.size() && strncasecmp(sText.data(), sOther.data(), sText.size()) == 0;
 }
 
+bool IsConnector(std::string_view sConnector, std::string_view sName)
+{
+    constexpr std::string_view sCard = "card";
+    const size_t uiCardEnd = sConnector.find_first_not_of("0123456789", sCard.size());
+    const bool bCard =
+        StartsWith(sConnector, sCard) && sConnector.substr(std::min(uiCardEnd, sConnector.size()), 1) == "-";
+    return EqualsNoCase(sConnector, sName) || (bCard && EqualsNoCase(sConnector.substr(uiCardEnd + 1), sName));
+}
+
 std::string AtLine(size_t uiLine, const std::string& sProblem)
 {
     return "line " + std::to_string(uiLine) + ": " + sProblem;

@@ -26,6 +26,9 @@ bool IsHex(std::string_view sText);
 bool StartsWith(std::string_view sText, std::string_view sHead);
 bool EqualsNoCase(std::string_view sText, std::string_view sOther);
 
+// Whether this is what somebody calls the connector: "card0-DP-1" or, without the card, "DP-1", in either case.
+bool IsConnector(std::string_view sConnector, std::string_view sName);
+
 // "line N: PROBLEM"
 std::string AtLine(size_t uiLine, const std::string& sProblem);
 
@@ -44,9 +47,9 @@ bool LacksBlocks(const SInput& oInput);
 // The EDIDs of a text that may hold several: m_sName is whose it is, such as "HDMI-1", or empty, and m_sForm unused.
 using CMonitors = std::vector<SInput>;
 
-// Those of these that are wanted: by name, else by number from 1; all for "all", the first one when sWanted is empty.
-// Each is oInput with its bytes; its form and its hint, or its name, say which. EDIDs that come twice are one, as in a
-// log; those without digits are none. oInput itself when there are none.
+// Those of these that are wanted: by name, with the card or without, else by number from 1; all for "all", the first
+// one when sWanted is empty. Each is oInput with its bytes; its form and its hint, or its name, say which. EDIDs that
+// come twice are one, as in a log; those without digits are none. oInput itself when there are none.
 CInputs TakeMonitors(CMonitors aoMonitors, const std::string& sWanted, const SInput& oInput);
 
 // Adds the EDIDs in the bytes of an input that has been read: that with the number uiWanted, from 1, or all for 0.

@@ -248,6 +248,9 @@ TEST(InputMonitors, AreChosenByNameOrNumber)
     constexpr char szMany[] =
         "a connected \n EDID:\n 000\nb connected \n EDID:\nc connected \n EDID:\n 11\n EDID_DATA:\n "
         "11\n EDID:\n 22\n1 connected \n EDID:\n 33\n";
+    const char szCards[] = "DRM connector: card0-DP-2\nEDID hex dump:\n +0000 00\n"
+                           "DRM connector: card0-DP-1\nEDID hex dump:\n +0000 11\n"
+                           "DRM connector: card1-DP-2\nEDID hex dump:\n +0000 22\n";
     const struct
     {
         const char* m_pszText;
@@ -269,6 +272,10 @@ TEST(InputMonitors, AreChosenByNameOrNumber)
         { szMany, "", "",
           "xrandr --verbose, the first EDID of 4: line 3: an odd number of digits; --monitor chooses: 1 a, 2 c, 3 c, 4 "
           "1" },
+        { szCards, "DP-1", "11", "ddcutil dump, EDID 2 of 3|" },
+        { szCards, "card1-dp-2", "22", "ddcutil dump, EDID 3 of 3|" },
+        { szCards, "DP-2", "",
+          "ddcutil dump: several EDIDs of the monitor 'DP-2'; there are 1 card0-DP-2, 2 card0-DP-1, 3 card1-DP-2" },
         { "00 ff", "1", "00 FF", "hexadecimal digits|" },
         { "00 ff", "DP-1", "", "hexadecimal digits: no monitor 'DP-1'; there is only 1" },
         { "0", "DP-1", "", "hexadecimal digits: line 1: an odd number of digits" },
@@ -361,11 +368,18 @@ TEST(InputLogs, GiveTheirBytesWhateverTheLoggerAdds)
         EXPECT_EQ(aui8Image, oInput.m_aui8Bytes) << pszAdded;
     }
     std::string sText = Log("[ 3.1] \t", aui8Image);
+    std::string sGaps = sText;
     for (size_t uiEnd = sText.find('\n'); uiEnd != std::string::npos; uiEnd = sText.find('\n', uiEnd + 20))
     {
         sText.insert(uiEnd, "  ..: a] 12  0f \"x"); // the bytes as characters
     }
     EXPECT_EQ(aui8Image, Decode("x", sText).m_aui8Bytes);
+    for (size_t uiEnd = sGaps.find('\n'); uiEnd != std::string::npos; uiEnd = sGaps.find('\n', uiEnd + 20))
+    {
+        sGaps.insert(uiEnd, "  ..: a] 12  0f \"x");
+        sGaps.insert(uiEnd - 8 * 3, " "); // between two times eight bytes
+    }
+    EXPECT_EQ(aui8Image, Decode("x", sGaps).m_aui8Bytes);
 }
 
 TEST(InputLogs, HoldOtherLinesAndSeveralEdids)
@@ -542,6 +556,7 @@ TEST_F(InputFiles, ConnectorsAreFoundByNameWithOrWithoutTheirCard)
 
     const SInput oInput = ReadOne("HDMI-A-1");
     EXPECT_EQ("connector card0-HDMI-A-1", oInput.m_sForm);
+    EXPECT_EQ("connector card0-HDMI-A-1", ReadOne("hdmi-a-1").m_sForm);
     EXPECT_EQ("HDMI-A-1", oInput.m_sName);
     EXPECT_EQ(ParseBytes("00 FF"), oInput.m_aui8Bytes);
     EXPECT_EQ("several connectors have this name: card0-DP-1, card1-DP-1", ReadOne("DP-1").m_sProblem);

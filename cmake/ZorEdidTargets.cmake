@@ -84,7 +84,7 @@ function(zor_combine target)
   # Versions that differ in the second number are not exchangeable, and so the soname has both.
   set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME ${ARG_NAME} VERSION ${PROJECT_VERSION}
                                              SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-  if(EMSCRIPTEN) # It stands within a build for the host, where nobody who looks for the library must find this one.
+  if(EMSCRIPTEN) # It lies within a build for the host, where nobody who looks for the library must find this one.
     set_target_properties(${target} PROPERTIES OUTPUT_NAME ${ARG_NAME}-wasm)
   endif()
 endfunction()

@@ -63,7 +63,7 @@ def list_rows(header: str, family: Family) -> Iterator[Row]:
             doc, documented = clean(comment) if comment is not None else "", ""
             continue
         name = re.sub(rf"^{owner}_(get_|is_)?", "", function)
-        documented = documented or name  # what a comment stands before; functions of the same kind share it
+        documented = documented or name  # what a comment precedes; functions of the same kind share it
         if owner == family.owner and name.startswith(family.prefix):
             shared = doc if name.split("_")[0] == documented.split("_")[0] or family.prefix else ""
             short = name[len(family.prefix):].lstrip("_") or "space"

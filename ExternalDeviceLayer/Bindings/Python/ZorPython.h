@@ -34,7 +34,7 @@ typedef struct zorpy_column
 } zorpy_column;
 
 /*
- * Reads count images. Their bytes, or their paths with a NUL, stand one after the other; sizes has the length of each,
+ * Reads count images. Their bytes, or their paths with a NUL, follow one another; sizes has the length of each,
  * with the highest bit for a path. statuses and errors (errno) get how each ended.
  */
 void zorpy_read_many(const char* inputs, const uint64_t* sizes, size_t count, const zorpy_column* columns,

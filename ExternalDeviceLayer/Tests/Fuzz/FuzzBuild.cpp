@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
     }
     TestImage(aui8Image);
 
-    // Three bytes each: where, and what then stands there.
+    // Three bytes each: where, and what is put there.
     std::string sDocument = Explain(aui8Image);
     const size_t uiDamages = uiSize / gsc_uiBlockSize * gsc_uiBlockSize;
     for (size_t i = uiDamages; i + 3 <= uiSize; i += 3)

@@ -169,7 +169,7 @@ void CheckChannels(CFindings& oFindings, unsigned int uiBlock)
 {
     constexpr unsigned int uiChannels = 32;
     bool abSeen[uiChannels] = {};
-    bool bActive = false; // of the descriptor, ahead of its channel
+    bool bActive = false; // of the descriptor, before its channel
     const unsigned int uiField = oFindings.FindBlock(uiBlock);
     for (unsigned int i = uiField; i < oFindings.GetMap().GetField(uiField).m_uiEnd; ++i)
     {

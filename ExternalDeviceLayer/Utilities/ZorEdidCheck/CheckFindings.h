@@ -48,7 +48,7 @@ public:
 
     const CMap& GetMap() const { return m_oMap; }
     const CZorEdidFacts& GetFacts() const { return m_oFacts; }
-    // Bytes behind a data block that its CTA-861 block cuts: byte 2 of the block points into it, so that what is read
+    // Bytes after a data block that its CTA-861 block cuts: byte 2 of the block points into it, so that what is read
     // from there on as timings is none.
     bool IsMisread(unsigned int uiOffset) const
     {

@@ -47,7 +47,7 @@ struct SBreaches
             m_oFirst = oEntry;
         }
     }
-    // What is behind the numbers of the first.
+    // What follows the numbers of the first.
     CMString DescribeRest() const
     {
         CMString sText = " of " + CMap::GetModeText(m_oFirst.m_oMode) + " at " + DescribePlace(m_oFirst.m_uiOffset);

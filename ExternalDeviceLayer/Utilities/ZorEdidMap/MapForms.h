@@ -130,7 +130,7 @@ constexpr SPayloadRule OneOf(std::initializer_list<unsigned int> auiLengths, boo
 }
 
 // Beside a length that is wrong, the right ones: the limit that it misses, or the closest ones around it. uiHead: bytes
-// ahead of the payload that the length field of the data block counts as well.
+// before the payload that the length field of the data block counts as well.
 constexpr CZorEdidMap::SNumbers GetRightLengths(const SPayloadRule& oRule, unsigned int uiLength,
                                                 unsigned int uiHead = 0)
 {

@@ -181,7 +181,7 @@ void DeclareBuildOptions(COptions& oCommand, STool& oTool)
     DeclareEditOutput(oCommand, "The image", poArguments->m_oOutput);
     oCommand.Footer(
         "The bytes are those of the image that was explained, in whatever state it is, with what was changed\n"
-        "in the JSON: \"value\" of a field, as edit --set writes it, or its \"raw\" bytes, as they stand.\n"
+        "in the JSON: \"value\" of a field, as edit --set writes it, or its \"raw\" bytes as they are.\n"
         "Checksums follow values, not raw bytes. When one value is refused, nothing is written.\n"
         "Of several images of one file the file is made, or the image of --image N.\n"
         "\n"

@@ -122,7 +122,7 @@ void DeclareModesOptions(COptions& oCommand, STool& oTool)
     oCommand.Footer(
         "Every mode with its exact rate, of interlaced modes that of fields, by where it comes from. Blocks count from "
         "0, which is the base block.\n"
-        "The number ahead of a mode is the one that edits take: of the list of established, of standard or of detailed "
+        "The number before a mode is the one that edits take: of the list of established, of standard or of detailed "
         "timings, each from 0. A mode that these lists leave out has '-'; what they have otherwise is said at its end. "
         "Standard error names blocks that the library does not read.\n\n"
         "Example:\n"

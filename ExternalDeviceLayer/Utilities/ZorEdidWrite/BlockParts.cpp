@@ -98,7 +98,7 @@ unsigned int SumSizes(const CPieces& aoPieces)
     return uiSum;
 }
 
-// One behind the other. Gives where they end.
+// One after the other. Gives where they end.
 unsigned int PutPieces(const CPieces& aoPieces, unsigned int uiFirst, unsigned char* pui8Block)
 {
     for (unsigned int i = 0; i < aoPieces.GetCount(); ++i)
@@ -279,7 +279,7 @@ CMString CBlockParts::ReadDisplayId()
         AddPieces(eList_DataBlocks, oWalk.GetOffset(), oWalk.GetSize(), 1);
     }
     m_uiEnd = oWalk.GetEnd();
-    return IsZero(m_aui8Block, m_uiEnd, uiEnd) ? CMString() : CMString("has unknown bytes behind its data blocks");
+    return IsZero(m_aui8Block, m_uiEnd, uiEnd) ? CMString() : CMString("has unknown bytes after its data blocks");
 }
 
 // ---- Putting together ----

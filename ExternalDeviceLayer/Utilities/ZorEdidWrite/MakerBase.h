@@ -15,7 +15,7 @@ const char* GetMaker(const CMakerPlan& oPlan);
 unsigned int GetProduct(const CMakerPlan& oPlan);
 SImageSizeInMm GetImageSize(const CMakerPlan& oPlan);
 
-// With the first detailed timing and dummies behind it.
+// With the first detailed timing and dummies after it.
 void MakeBaseBlock(const CMakerPlan& oPlan, const SDonor& oDonor, CBlockBytes& aui8Base);
 
 // The limits of all modes. False for those that are better left out: beyond a byte only offsets say them, which few

@@ -1,4 +1,4 @@
-// Where a timing may stand in an image. Private to the library and the command.
+// Where a timing may go in an image. Private to the library and the command.
 
 #pragma once
 

@@ -298,7 +298,7 @@ void CPartsEdit::ListRemovable()
     }
 }
 
-// At the end of the image; the first CTA-861 block ahead of all but a block map, as HDMI has it. With a block map where
+// At the end of the image; the first CTA-861 block before all but a block map, as HDMI has it. With a block map where
 // E-EDID asks for one. Gives its number by the answer.
 bool CPartsEdit::AddFurtherBlock(unsigned int uiTag, unsigned int uiVersion)
 {
@@ -855,7 +855,7 @@ int CPartsEdit::RemovePieceOf(const SPart& oPart)
     }
     else if (oPart.m_eList == eList_Descriptors)
     {
-        // The other timings move up, and so do the descriptors behind them; others leave their place empty.
+        // The other timings move up, and so do the descriptors after them; others leave their place empty.
         const unsigned int uiDummy = IsTiming(oRemoved) ? aoPieces.GetCount() - 1 : oPart.m_uiPlace;
         RemovePiece(aoPieces, oPart.m_uiPlace);
         InsertPiece(aoPieces, uiDummy, MakePiece(gsc_aui8Dummy, Descriptors::gsc_uiDescriptorSize));

@@ -29,7 +29,7 @@ public:
     struct SWhere
     {
         unsigned int m_uiBlock = msc_uiAny; ///< number of the block, 0 for the base block; else the first with room
-        unsigned int m_uiPlace = msc_uiAny; ///< among its like in the block, from 0; else behind the last one
+        unsigned int m_uiPlace = msc_uiAny; ///< among its like in the block, from 0; else after the last one
         bool m_bNewBlock = true;            ///< a further extension block where no block has room
         unsigned char m_ui8Flags = 0;       ///< byte 1 of a new DisplayID data block: flags, revision in bits 2 to 0
     };
@@ -48,7 +48,7 @@ public:
     CZorEdidParts(const CZorEdidParts&) = delete;
     CZorEdidParts& operator=(const CZorEdidParts&) = delete;
 
-    /// Takes the bytes of an image, as CZorEdidMap::Read. Bytes behind the blocks that the image counts stay behind
+    /// Takes the bytes of an image, as CZorEdidMap::Read. Bytes after the blocks that the image counts stay after
     /// them; with such bytes, or with fewer blocks than counted, no block is added, removed or moved.
     int Read(unsigned int uiSize, const unsigned char* pui8Data);
 
@@ -66,13 +66,13 @@ public:
     /// A standard timing of the base block, as its 2 bytes.
     int AddStandard(const unsigned char* pui8Bytes, const SWhere& oWhere, SAnswer& oAnswer);
 
-    /// A descriptor of 18 bytes. A detailed timing goes behind those of the base block, else of a CTA-861 block. In the
-    /// base block a dummy descriptor makes room for it, and display descriptors stay behind the timings.
+    /// A descriptor of 18 bytes. A detailed timing goes after those of the base block, else of a CTA-861 block. In the
+    /// base block a dummy descriptor makes room for it, and display descriptors stay after the timings.
     int AddDescriptor(const unsigned char* pui8Bytes, const SWhere& oWhere, SAnswer& oAnswer);
 
     /// A data block of the kind that the map calls eId, such as eZorEdidField_CtaHdrStatic or
     /// eZorEdidField_DisplayidTiled. The payload is what follows the header, the extended tag and the OUI of the kind.
-    /// The data block of the HDMI Forum goes behind that of HDMI, that of the block count to the first place.
+    /// The data block of the HDMI Forum goes after that of HDMI, that of the block count to the first place.
     int AddDataBlock(EZorEdidField eId, unsigned int uiLength, const unsigned char* pui8Payload, const SWhere& oWhere,
                      SAnswer& oAnswer);
 

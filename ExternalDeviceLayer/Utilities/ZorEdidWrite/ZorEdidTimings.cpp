@@ -56,7 +56,7 @@ unsigned int GetAspectCode(const SZorMode& oMode)
         }
         ++uiCode;
     }
-    return uiCode; // behind the last one: undefined
+    return uiCode; // after the last one: undefined
 }
 } // namespace
 

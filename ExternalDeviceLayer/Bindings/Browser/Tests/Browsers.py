@@ -75,7 +75,7 @@ class Chromium:
 
 
 class Firefox:
-    """Marionette: WebDriver's commands as lists of JSON over a socket, each with its length ahead."""
+    """Marionette: WebDriver's commands as lists of JSON over a socket, each after its length."""
 
     NAME = "firefox"
 

@@ -1,4 +1,4 @@
-"""The recipe for a cluster of docs/many.md, as it stands there, over 20,000 images, with a worker that is killed."""
+"""The recipe for a cluster of docs/many.md, as it is there, over 20,000 images, with a worker that is killed."""
 
 import os
 import re

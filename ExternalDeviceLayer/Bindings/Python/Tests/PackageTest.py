@@ -30,7 +30,7 @@ BYTES = [data for data in map(read, PATHS) if len(data) >= 128]
 
 @st.composite
 def damaged(draw):
-    """An image of which bytes are others, cut or with more behind it, but long enough to have facts."""
+    """An image of which bytes are others, cut or with more after it, but long enough to have facts."""
     data = bytearray(draw(st.sampled_from(BYTES)))
     for at, byte in draw(st.lists(st.tuples(st.integers(0, len(data) - 1), st.integers(0, 255)), max_size=12)):
         data[at] = byte

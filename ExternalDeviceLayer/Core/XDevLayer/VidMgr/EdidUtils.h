@@ -15,7 +15,7 @@ public:
     static constexpr unsigned int msc_uiBlockSize = 128;
     static constexpr unsigned int msc_uiChecksumOffset = msc_uiBlockSize - 1;
 
-    /// Image size as a descriptor stores it: two numbers of 12 bits, in the unit of whoever fills them in. The standard
+    /// Image size as a descriptor stores it: two numbers of 12 bits, in the unit of the caller. The standard
     /// wants millimetres.
     struct SImageSize
     {

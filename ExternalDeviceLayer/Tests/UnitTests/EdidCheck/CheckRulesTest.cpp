@@ -190,7 +190,7 @@ TEST(CheckRules, NoFalseAlarms)
         EXPECT_EQ(bRounded ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning,
                   FindSeverity(With(aui8Limits, 0x13, "03"), eZorEdidRule_RangePixelClock));
     }
-    // A rate of 0 in the data block of the HDMI Forum is no FRL; bytes behind it that say something are of HDMI 2.1.
+    // A rate of 0 in the data block of the HDMI Forum is no FRL; bytes after it that say something are of HDMI 2.1.
     EXPECT_EQ(0U, ListRules(MakeImage(gsc_szUhdTmds)).count(eZorEdidRule_UhdVicMissing));
     const char* const pszUhdVrr = "42 61 01 67 03 0C 00 10 00 00 78 6A D8 5D C4 01 78 00 00 00 28 00";
     EXPECT_EQ(1U, ListRules(MakeImage(pszUhdVrr)).count(eZorEdidRule_UhdVicMissing));

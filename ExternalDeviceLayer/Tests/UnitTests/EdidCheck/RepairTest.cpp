@@ -78,7 +78,7 @@ TEST(Repair, OneRightAnswer)
     }
 }
 
-// Counts go up where what they take in is sound, and bytes behind the data blocks of a section become 0.
+// Counts go up where what they take in is sound, and bytes after the data blocks of a section become 0.
 TEST(Repair, CountsAndFillers)
 {
     constexpr size_t uiSection = gsc_uiBlockSize;

@@ -222,7 +222,7 @@ TEST_F(Map, SeveritiesOfNotes)
         { CZorEdidMap::eSeverity_Warning, "@13 03 @48 00*3 FD 00 32 55 18 42 0F", "",
           "the line rate is outside of the display range limits" },
         { CZorEdidMap::eSeverity_Warning, "", "70 12 79 03 01 ..128 70 12 79 03 00 ..256",
-          "a section behind the first one names a product type or use case" },
+          "a section after the first one names a product type or use case" },
         { CZorEdidMap::eSeverity_Error, "", "70 12 79 03 00 10 40 03 09 00 01 ..128",
           "runs past the end of its data block" },
         { CZorEdidMap::eSeverity_Error, "", "02 03 09 40 E4 07 05 01 00 ..128", "runs past the end of its data block" },
@@ -315,10 +315,10 @@ TEST_F(Map, BlocksAsCountedByAnOverride)
         { "the first data block", "02 03 07 00 E2 78 02", true },
         { "a longer one", "02 03 08 00 E3 78 02 00", true },
         { "revision 2 has no data blocks", "02 02 07 00 E2 78 02", false },
-        { "behind another data block", "02 03 09 00 41 10 E2 78 02", false },
-        { "behind a zero", "02 03 08 00 00 E2 78 02", false },
-        { "no byte behind the extended tag", "02 03 06 00 E1 78 02", false },
-        { "behind the data blocks", "02 03 04 00 E2 78 02", false },
+        { "after another data block", "02 03 09 00 41 10 E2 78 02", false },
+        { "after a zero", "02 03 08 00 00 E2 78 02", false },
+        { "no byte after the extended tag", "02 03 06 00 E1 78 02", false },
+        { "after the data blocks", "02 03 04 00 E2 78 02", false },
         { "another kind of block", "70 03 07 00 E2 78 02", false },
     };
     const CBytes aui8Block = MakeCeaBlock();

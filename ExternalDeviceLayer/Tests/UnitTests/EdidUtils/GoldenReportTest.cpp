@@ -1,5 +1,5 @@
 // Reports against stored texts in golden/: whole ones of images of the self-check, and what odd bytes change in one. A
-// changed text is a changed behaviour: scripts/update-golden rewrites the files, and whoever commits them reads the
+// changed text is a changed behaviour: scripts/update-golden rewrites the files, and who commits them reads the
 // difference.
 
 #include <stdlib.h>

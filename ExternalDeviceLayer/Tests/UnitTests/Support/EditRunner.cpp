@@ -333,7 +333,7 @@ std::string CheckLists(const SEditStep& oStep, const SPlace& oPlace, CLists aoEx
     return oPlace.m_bIsSure && oRow.m_eKind != EKind::eFree && aoNow != aoExpected
                ? "the lists are not what they were to become; "
            : oPlace.m_bIsSure && oPlace.m_uiBlock != 0 && !IsTidy(&aui8After[uiStart])
-               ? "data blocks do not end where they say, or bytes stand behind the content; "
+               ? "data blocks do not end where they say, or bytes follow the content; "
                : "";
 }
 } // namespace
@@ -372,7 +372,7 @@ std::string CEditRunner::Apply(const SEditStep& oStep)
                    (oRow.m_eList == eBlockList_Table ? Is420(aoList[oPlace.m_uiIndex])
                                                      : !oPlace.m_bIsSure || oPlace.m_uiBlock + oPlace.m_uiIndex == 0);
         });
-        return !bRefuses                                                  ? "what stands in a list was not removed"
+        return !bRefuses                                                  ? "a listed timing was not removed"
                : aui8After == aui8Before && GetLists(m_oEdid) == aoBefore ? ""
                                                                           : "a refusal changed bytes or lists";
     }

@@ -67,7 +67,7 @@ inline void WriteAll(CVidParamTiming& oTiming, const CAllValues& auiValues)
     oTiming.SetVideoFamilyType(static_cast<CVidParamTiming::EVidParamType>(auiValues[gsc_uiSource]));
 }
 
-// "1920x1080@60": active pixels and lines, and the rate in whole Hz. Behind it "r" for a DMT mode with reduced
+// "1920x1080@60": active pixels and lines, and the rate in whole Hz. After it "r" for a DMT mode with reduced
 // blanking, "g" for one computed by GTF.
 inline std::string NameOf(const CVidParamTiming& o)
 {

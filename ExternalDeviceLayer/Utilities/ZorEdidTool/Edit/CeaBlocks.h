@@ -26,8 +26,8 @@ bool AreDataBlocksExact(const CEdidExtBlockCEA861& oBlock);
 // The bytes from the first descriptor on, up to the checksum, without zeros at the end.
 CBytes GetDescriptorArea(const CEdidExtBlockCEA861& oBlock);
 
-// The block with the timings of its descriptors ahead of the others, both in their order. The list of timings ends at
-// the first other descriptor, so none that stands behind one is in it. Descriptors end at the first 18 bytes that are
+// The block with the timings of its descriptors before the others, both in their order. The list of timings ends at
+// the first other descriptor, so none that follows one is in it. Descriptors end at the first 18 bytes that are
 // none.
 CBytes GetWithTimingsFirst(const CEdidExtBlockCEA861& oBlock);
 

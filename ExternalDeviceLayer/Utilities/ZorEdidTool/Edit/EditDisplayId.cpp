@@ -182,7 +182,7 @@ bool IsInDisplayId(const CBytes& aui8Image, const SZorImageMode& oPlace)
            std::ranges::find(gsc_aeTimings, oPlace.m_eField) != std::end(gsc_aeTimings);
 }
 
-// From the last one to the first, as what is ahead stays where it was found.
+// From the last one to the first, as what comes before stays where it was found.
 std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted)
 {
     const CBytes aui8Image = oFields.GetBytes();

@@ -26,7 +26,7 @@ struct SBlockEdits
     // Any block.
     bool m_bNativeCleared =
         false;            // the base block's bit, or a CTA-861 block's count, that called the preferred timing so
-    CNumbers m_oDetailed; // removed; those behind another descriptor count on after the listed ones
+    CNumbers m_oDetailed; // removed; those after another descriptor count on after the listed ones
     // The base block.
     CNumbers m_oStandard; // removed
     CNumbers m_oUnused;   // offsets of pairs in display descriptors that have become unused ones
@@ -81,7 +81,7 @@ struct SEditedBlock
     unsigned int m_uiDetaileds = 0;
     unsigned int m_uiAudios = 0;
     CPresent m_aiStandards; // good for the ordinary timings, which come before those in YCbCr 4:2:0
-    CPresent m_aiDetaileds; // from m_uiDetaileds on those that stood behind another descriptor
+    CPresent m_aiDetaileds; // from m_uiDetaileds on those that stood after another descriptor
     CPresent m_aiAudios;
     CTimingOrigins m_aoOrigins; // of the standard timings at reading
 };

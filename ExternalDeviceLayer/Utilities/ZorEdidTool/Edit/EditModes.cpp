@@ -124,7 +124,7 @@ bool IsNamedBy420(const SEditedBlock& oBlock, unsigned int uiNumber)
     return false;
 }
 
-// Whether bytes behind the descriptors of a block, and behind a gap, look like timings.
+// Whether bytes after the descriptors of a block and past a gap, look like timings.
 bool HasLostTimings(const CBytes& aui8Block)
 {
     CZorEdidMap oMap;
@@ -310,7 +310,7 @@ void CEditImage::CloseGap(const CTimingOrigins& aoOrigins, unsigned int uiPlace)
     SetBase(aui8Base);
 }
 
-// Without it, the removal of the listed timings could leave another descriptor ahead of the rest, and the library, and
+// Without it, the removal of the listed timings could leave another descriptor before the rest, and the library, and
 // others that end there, would list none. The numbers of the timings change, which nothing may refer to.
 std::string CEditImage::MoveTimingsFirst(SEditedBlock& oBlock)
 {
@@ -342,7 +342,7 @@ std::string CEditImage::MoveTimingsFirst(SEditedBlock& oBlock)
     {
         oBlock.m_aiDetaileds.push_back(static_cast<int>(oBlock.m_uiDetaileds + i - uiListed));
     }
-    m_asNotes.push_back(NameBlock(oBlock) + ": the timings that followed another descriptor are now ahead of it");
+    m_asNotes.push_back(NameBlock(oBlock) + ": the timings that followed another descriptor are now before it");
     return "";
 }
 
@@ -356,7 +356,7 @@ std::string CEditImage::RemoveDetailed(unsigned int uiNumber)
     return RemoveDetailedOf(*oPlace.m_poBlock, oPlace.m_uiNumber);
 }
 
-// One of a CTA-861 block that has no number in the lists, because it stands behind another descriptor.
+// One of a CTA-861 block that has no number in the lists, because it comes after another descriptor.
 std::string CEditImage::RemoveUnlisted(const SZorImageMode& oPlace)
 {
     SEditedBlock& oBlock = m_aoBlocks[oPlace.m_uiOffset / gsc_uiBlockSize];
@@ -391,7 +391,7 @@ std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNu
     if (poCea != nullptr && HasLostTimings(oBlock.m_aui8Bytes))
     {
         return NameBlock(oBlock) +
-               " has bytes behind a gap after its detailed timings that look like timings, and that "
+               " has bytes past a gap after its detailed timings that look like timings, and that "
                "would move";
     }
     if (std::string sReason = poCea != nullptr ? MoveTimingsFirst(oBlock) : ""; !sReason.empty())

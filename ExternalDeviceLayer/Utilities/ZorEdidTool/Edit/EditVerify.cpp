@@ -126,7 +126,7 @@ private:
         const bool bAudio = std::ranges::any_of(auiEdited, [this](unsigned int i) { return IsEntry(m_oEdited, i); });
         const bool bAdded = !oEdits.m_aoAudioAdded.empty() || oEdits.m_bSpeakersAdded;
         CNumbers oEmptied;                                           // offsets of descriptors
-        unsigned int uiUnlisted = m_aoBlocks[uiBlock].m_uiDetaileds; // timings behind another descriptor count on
+        unsigned int uiUnlisted = m_aoBlocks[uiBlock].m_uiDetaileds; // timings after another descriptor count on
         bool bLimits = false;                                        // seen; the first ones count
         unsigned int uiAudios = 0;
         unsigned int uiSpeakers = 0;
@@ -197,7 +197,7 @@ private:
     }
 
     // The places of the base block's timings then hold those that are left, in their order, and after them empty ones.
-    // In a CTA-861 block the timings, of which the removed ones are left out, are ahead of its other descriptors.
+    // In a CTA-861 block the timings, of which the removed ones are left out, are before its other descriptors.
     void ExpectDescriptors(size_t uiBlock, const CNumbers& oEmptied)
     {
         std::vector<unsigned int> auiPlaces;

@@ -33,7 +33,7 @@ struct SExplained
     std::vector<SExplainedLeaf> m_aoLeaves; // each bit of the image is of exactly one
     std::vector<CZorEdidMap::SPiece> m_aoPieces;
     unsigned int m_uiImage = 0;             // of several in a file, its number from 1
-    std::vector<unsigned int> m_auiOffsets; // of several in a file, where it stands there; empty for a whole file
+    std::vector<unsigned int> m_auiOffsets; // of several in a file, in that file; empty for a whole file
 };
 
 // Text of which only equality counts.

@@ -60,7 +60,7 @@ public:
     CBytes GetPayload(EZorEdidField eId) const;
     // Another payload for it, or a new data block where there is none.
     std::string PutPayload(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oNewAt = {});
-    // Zeros behind a payload that is shorter.
+    // Zeros after a payload that is shorter.
     std::string Lengthen(EZorEdidField eId, size_t uiLeast);
     // Bytes of the base block, which its checksum follows.
     void PutBase(unsigned int uiOffset, const CBytes& aui8Bytes);

@@ -35,7 +35,7 @@ size_t FindBreak(const std::string& sLine, size_t uiIndent, size_t uiMost)
     return uiBreak;
 }
 
-// A line that stands as it is, an example or a format, in lines of the width. A command still is one when it is copied.
+// A line that is not wrapped, an example or a format, in lines of the width. A command still is one when it is copied.
 std::string WrapLine(std::string sLine, size_t uiWidth)
 {
     constexpr size_t uiMore = 4; // columns of indentation

@@ -88,7 +88,7 @@ private:
     std::array<char, gsc_uiPiece> m_acPiece;
     size_t m_uiNext = 0;
     size_t m_uiEnd = 0;
-    size_t m_uiBefore = 0; // bytes ahead of the piece
+    size_t m_uiBefore = 0; // bytes before the piece
     bool m_bText = false;
     bool m_bEscaped = false;
     size_t m_uiCharacters = 0;
@@ -120,7 +120,7 @@ public:
     bool Null() { return m_oEvents.Word("null"); }
     bool Bool(bool bValue) { return m_oEvents.Word(bValue ? "true" : "false"); }
 
-    // Of numbers that are not taken as they stand: there are none.
+    // Of numbers that are not taken as text: there are none.
     bool Int(int /*iNumber*/) { return false; }
     bool Uint(unsigned int /*uiNumber*/) { return false; }
     bool Int64(int64_t /*iNumber*/) { return false; }

@@ -20,7 +20,7 @@ public:
     virtual bool EndArray() = 0;
     virtual bool Name(std::string_view sName) = 0;
     virtual bool Text(std::string_view sText) = 0;
-    virtual bool Number(std::string_view sDigits) = 0; // as it stands: "-1.5e3"
+    virtual bool Number(std::string_view sDigits) = 0; // as written: "-1.5e3"
     virtual bool Word(std::string_view sWord) = 0;     // true, false or null
 };
 
@@ -31,7 +31,7 @@ class CJsonReader
 public:
     static constexpr size_t msc_uiMostBytes = size_t{ 1 }
                                               << 28;         // of all documents; that of 256 blocks of flags has 160 MB
-    static constexpr size_t msc_uiMostCharacters = 1U << 17; // of one text or number, escapes as they stand
+    static constexpr size_t msc_uiMostCharacters = 1U << 17; // of one text or number, escapes as written
     static constexpr unsigned int msc_uiMostDepth = 64;
 
     // Up to so many bytes into the buffer; 0 at the end.

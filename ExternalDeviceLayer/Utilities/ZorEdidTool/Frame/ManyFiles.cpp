@@ -463,8 +463,8 @@ private:
 // Output that cannot be written ends the run: no later turn could be printed.
 bool CanPrint() { return ferror(stdout) == 0; }
 
-// The turns from the next to be printed to the last begun. All threads run the same: whoever is done with turns prints
-// what can be printed, so that no thread has to be woken for that.
+// The turns from the next to be printed to the last begun. All threads run the same: one that is done with its
+// turns prints what can be printed, so that no thread has to be woken for that.
 class CWindow
 {
 public:

@@ -344,7 +344,7 @@ void AddCompression(const CFacts::SLink& oLink, CCollector& oList)
     oList.Add("link.dsc.chunk_bytes", oLink.m_oDscChunk);
 }
 
-// A least or a most of 0 is not said. The members ahead are of the best source.
+// A least or a most of 0 is not said. The members before are of the best source.
 void AddVariableRefresh(const CFacts::SLink& oLink, CCollector& oList)
 {
     const std::vector<CFacts::SVariableRefresh> aoRanges = ListVariableRefresh(oLink);

@@ -24,7 +24,7 @@ std::string MakeFindingLines(const SChecked& oChecked);
 // An element of the document of check --json.
 std::string MakeCheckedJson(const SChecked& oChecked);
 
-// SARIF 2.1.0: what is ahead of the results and after them, and the results of an image, separated by gsc_pszBetween;
+// SARIF 2.1.0: what precedes and follows the results, and the results of an image, separated by gsc_pszBetween;
 // empty for none. A text form of an image has no places, as its bytes are not those of the image.
 std::string OpenSarif();
 inline constexpr const char* gsc_pszCloseSarif = "\n]}]}\n";

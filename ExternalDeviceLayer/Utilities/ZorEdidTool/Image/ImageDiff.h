@@ -117,7 +117,7 @@ struct SModeWithPartner
 };
 std::vector<SModeWithPartner> GroupPartners(const std::vector<const SModeRow*>& apoRows);
 
-// What is put ahead of a mode that only one image has, of one that it has once more, and of the one that each prefers.
+// What is put before a mode that only one image has, of one that it has once more, and of the one that each prefers.
 struct SDiffWords
 {
     std::array<std::string, 2> m_asOnly;

@@ -19,7 +19,7 @@ unsigned int GetRuleNumbers();
 inline constexpr char gsc_szUnreadableRule[] = "input.unreadable";
 
 // Rules by their ids. The beginning of an id up to a point names all rules that begin so: "reserved" or "reserved.*".
-// Several names stand with commas between them.
+// Several names are separated by commas.
 class CRuleSet
 {
 public:

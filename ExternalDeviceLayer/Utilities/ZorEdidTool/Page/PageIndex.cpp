@@ -166,7 +166,7 @@ constexpr SChoice gsc_aoChoices[] = {
     { gsc_pszUnread, "unreadable", nullptr },
 };
 
-// The start of a row up to its name, which stands below the title.
+// The start of a row up to its name, which is below the title.
 void OpenRow(CHtml& oHtml, const std::string& sChoices, const std::string& sTitle, const std::string& sName,
              const std::string& sLink)
 {

@@ -15,6 +15,6 @@ CHtml MakeIndexRow(const SPageImage& oImage, const std::string& sName, const std
 CHtml MakeUnreadRow(const std::string& sName, const std::string& sProblem);
 bool IsUnreadRow(std::string_view svRow);
 
-// The index ahead of its rows, and the file of that with the rows behind it.
+// The index up to its rows, and the file of that with the rows after it.
 CHtml OpenIndex(const std::string& sTitle);
 std::string CloseIndex(const std::string& sTitle, CHtml oIndex, const std::string& sMark);

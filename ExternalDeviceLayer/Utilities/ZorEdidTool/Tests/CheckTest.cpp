@@ -92,7 +92,7 @@ const SCheckCase gsc_aoDamages[] = {
     { "TooManyBlocks",
       { { 0x7E, "03" } },
       { "0:7e error fewer extension blocks follow: 1 block, 3 blocks",
-        "0:7e warning 1.3 requires a block map ahead of two or more extension blocks: 3" } },
+        "0:7e warning 1.3 requires a block map before two or more extension blocks: 3" } },
     { "TooFewBlocks",
       { { 0x7E, "00" }, { 0x81, "04" } },
       { "1:0 warning not counted by the number of extension blocks: 0 blocks, at least 1 block",

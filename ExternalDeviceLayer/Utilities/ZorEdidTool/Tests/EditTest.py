@@ -259,7 +259,7 @@ class Edits(unittest.TestCase):
                 ("--remove-detailed 1 " + mode + " --remove 1280x720@60", (dummy, text))):
             status, out, error = edit(behind(*slots, natives=1), *arguments.split())
             self.assertEqual((0, behind(*expected, natives=1)[128:].hex()), (status, out[128:].hex()), arguments)
-            self.assertRegex(error, r"\A.*: block 1: the timings that followed another descriptor are now ahead of it\n\Z")
+            self.assertRegex(error, r"\A.*: block 1: the timings that followed another descriptor are now before it\n\Z")
         self.assertEqual((0, behind(two, dummy), ""), edit(behind(one, two, dummy), "--remove-detailed", "1"))
         counted = "block 1 has timings that follow another descriptor, and native timings or those of a video format " \
                   "preference are counted past them\n"

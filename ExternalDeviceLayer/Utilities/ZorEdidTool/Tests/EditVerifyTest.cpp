@@ -208,7 +208,7 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
         { "format as it was", eEdit_RemoveStandard, "9", { { 0x99, "26" } }, "block 1: 2D_VIC_order" },
         { "other format", eEdit_RemoveStandard, "9", { { 0x98, "00" } }, "block 1: 3D_Structure" },
         { "formats in another order", eEdit_RemoveStandard, "9", { { 0x98, "16 06" } }, "block 1: 3D format 0" },
-        { "byte behind the formats", eEdit_RemoveStandard, "9", { { 0x9A, "78" } }, "block 1: Reserved" },
+        { "byte after the formats", eEdit_RemoveStandard, "9", { { 0x9A, "78" } }, "block 1: Reserved" },
         { "HDMI code", eEdit_RemoveStandard, "9", { { 0x93, "01" } }, "block 1: HDMI_VIC" },
         { "map as it was",
           eEdit_RemoveStandard,
@@ -228,7 +228,7 @@ TEST_F(EditVerify, RefusesPlacesThatNoLongerNameTheirCodes)
           { { 0x93, "28" } },
           "block 1: Side-by-side (half), horizontal "
           "sub-sampling" },
-        { "formats behind the HDMI code",
+        { "formats after the HDMI code",
           eEdit_RemoveStandard,
           "14",
           { { 0x94, "02" } },
@@ -334,7 +334,7 @@ TEST_F(EditVerify, RefusesWrongNumbersOfNativesInBlocksThatNoEditNamed)
     ExpectRefusal(aui8Image, { "sum", eEdit_RemoveDetailed, "1", { { 0x17F, "00" } }, "block 2: Checksum", false });
 }
 
-// The timing behind the empty descriptor and the text is moved ahead of them, and nothing else changes its place.
+// The timing after the empty descriptor and the text is moved before them, and nothing else changes its place.
 TEST_F(EditVerify, RefusesOtherOrdersOfTheDescriptorsOfABlock)
 {
     CBytes aui8Image = MakeImage();

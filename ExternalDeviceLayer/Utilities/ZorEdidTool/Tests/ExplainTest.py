@@ -151,7 +151,7 @@ class ExplainTest(ToolTest):
             if name.endswith(".bin"):
                 with open(os.path.join(CORPUS, name), "rb") as file:
                     image = file.read()
-                    images[name] = image[:128 + 128 * image[0x7E]]  # without another EDID behind it
+                    images[name] = image[:128 + 128 * image[0x7E]]  # without another EDID after it
         for name, image in images.items():
             with self.subTest(name):
                 path = self.save(image)

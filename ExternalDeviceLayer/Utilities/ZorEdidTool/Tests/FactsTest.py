@@ -594,7 +594,7 @@ class ModesTest(ToolTest):
         # 1024 x 768 at 60, which byte 0x24 announces, too.
         old = change({0x36: "6419004041002630188836" + "00" + MONITOR[0x42:0x48].hex()})
         for name, first, second, expected in [
-            ("preferred DisplayID timing, which stands first", *section,
+            ("preferred DisplayID timing, which comes first", *section,
              ["displayid.timing.preferred (Type I timing - detailed data block > Type I timing 0 > Preferred timing, 1920 x "
               "1080 @ 60 Hz): yes | no", "displayid.timing.preferred"]),
             ("deep colours, of a flag each", with_blocks(TELEVISION), shallow,

@@ -579,7 +579,7 @@ class CommandLine(unittest.TestCase):
                                 (("show", MONITOR, "--json", "--jsonl"), "--json cannot be combined with --jsonl")):
             self.assertEqual((2, b"", "zoredid: %s (see zoredid %s --help)\n" % (what, arguments[0])), run(*arguments))
         self.assertEqual("zoredid: --monitor needs a value (see zoredid --help)\n", run("--monitor")[2])
-        for options in ("--json",), ("-j", "2"), ("-v", "--jsonl"):  # of show, ahead of its files
+        for options in ("--json",), ("-j", "2"), ("-v", "--jsonl"):  # of show, before its files
             self.assertEqual(run("show", MONITOR, *options), run(*options, MONITOR))
         for arguments in (("quit",), ("report", MONITOR, "--nonsense"), ("report", MONITOR, "--" + "x" * 5000),
                           ("convert", MONITOR, "-o", "-", "--form", "gif")):

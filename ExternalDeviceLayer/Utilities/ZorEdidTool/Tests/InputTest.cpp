@@ -351,7 +351,7 @@ TEST(InputLogs, GiveTheirBytesWhateverTheLoggerAdds)
 {
     const CBytes aui8Image = MakeNumbered(1);
     const std::pair<const char*, const char*> aoCases[] = {
-        // The line ahead, and what each line begins with.
+        // The line before, and what each line begins with.
         { "", "[    18.2] (II) modeset(0): \t" },
         { "", "Nov 26 12:00:00 host /usr/lib/x[2345]: (II) intel(0): \t" },
         { "", "kernel:  \t[00] GOOD " },

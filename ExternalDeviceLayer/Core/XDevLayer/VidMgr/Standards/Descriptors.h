@@ -76,7 +76,7 @@ constexpr bool IsDescriptor(const unsigned char* pui8Descriptor)
 constexpr unsigned char gsc_ui8TagCvtCodes = 0xF8;
 constexpr unsigned char gsc_ui8TagEstablishedIII = 0xF7;
 constexpr unsigned int gsc_uiExtraStandards = 6; // from gsc_uiContentsOffset on
-constexpr unsigned int gsc_uiCvtCodes = 4;       // from gsc_uiListOffset on, behind a version
+constexpr unsigned int gsc_uiCvtCodes = 4;       // from gsc_uiListOffset on, after a version
 constexpr unsigned int gsc_uiListOffset = 6;
 
 // ---- Range limits: rates in Hz and kHz, the clock in 10 MHz ----

@@ -207,7 +207,7 @@ struct SReduced
 };
 
 // Version 1 has a fixed front porch and a back porch that takes the rest; the later ones the other way round, or half
-// of the lines that the time asks for behind the pulse.
+// of the lines that the time asks for after the pulse.
 SParts MakeReducedField(const SAsked& oAsked, const SReduced& oVersion, unsigned int uiSync)
 {
     const unsigned int uiLines = static_cast<unsigned int>(CWide{ oVersion.m_uiTime } * oAsked.m_ullDividend *

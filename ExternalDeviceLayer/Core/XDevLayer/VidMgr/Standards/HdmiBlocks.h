@@ -131,7 +131,7 @@ inline constexpr SPlace gsc_oDscMaxFrlRate = Bits(8, 7, 4);
 inline constexpr SPlace gsc_oDscMaxSlices = Bits(8, 3, 0);
 inline constexpr SPlace gsc_oDscTotalChunkKbytes = Bits(9, 5, 0);
 
-// The sink capability data block has two reserved bytes ahead of it.
+// The sink capability data block has two reserved bytes before it.
 inline constexpr unsigned int gsc_uiSinkSkip = 2;
 inline constexpr unsigned int gsc_uiMostTmdsInMegaHz = 600;
 

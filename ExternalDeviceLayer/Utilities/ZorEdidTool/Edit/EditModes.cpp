@@ -390,9 +390,8 @@ std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNu
     }
     if (poCea != nullptr && HasLostTimings(oBlock.m_aui8Bytes))
     {
-        return NameBlock(oBlock) +
-               " has bytes past a gap after its detailed timings that look like timings, and that "
-               "would move";
+        return NameBlock(oBlock) + " has bytes past a gap after its detailed timings that look like timings, and that "
+                                   "would move";
     }
     if (std::string sReason = poCea != nullptr ? MoveTimingsFirst(oBlock) : ""; !sReason.empty())
     {

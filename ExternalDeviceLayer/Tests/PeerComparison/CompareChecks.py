@@ -14,7 +14,7 @@ failures read "Block's name: failure", and ours "rule.id@field". The first kind 
 A line that begins with # is a comment.
 
 Fails when a failure of a kind of both has none of our findings, when edid-decode fails an image with an unknown line
-and we find nothing of weight, and when a rule of weight has no kind. Further unknown lines are counted and listed.
+and we find neither error nor warning, and when a rule of one has no kind. Further unknown lines are counted and listed.
 --selftest takes away each of our findings in a kind of both, and each other kind, where the images or those of
 Images.txt have them, and fails where nothing complains. Of a file with several EDIDs each is an image of its own.
 """
@@ -31,7 +31,7 @@ WEIGHTY = ("error", "warning")
 CAUSES = ("instead", "elsewhere")
 SIDES = ("both", "theirs", "ours", *CAUSES)
 Failure = collections.namedtuple("Failure", "block text")  # block None: of the whole EDID
-Finding = collections.namedtuple("Finding", "block text is_weighty")
+Finding = collections.namedtuple("Finding", "block text is_serious")
 Image = collections.namedtuple("Image", "name failures findings")
 Verdict = collections.namedtuple("Verdict", "pairs unknown wrong")  # (kind, theirs, ours); lines; lines that fail
 
@@ -63,7 +63,7 @@ def read_kinds(path):
 
 
 def failures(text):
-    """The lines under "Failures:", each with its block's name ahead and with the lines that continue it."""
+    """The lines under "Failures:", each after the name of its block and with the lines that continue it."""
     block, name, lines = None, "", []
     for line in text.partition("\nFailures:\n")[2].split("\n"):
         if heading := re.match(r"(?:Block (\d+), )?(\S.*):$", line):
@@ -111,17 +111,17 @@ def explain(failure, image, kinds):
 
 def judge(image, kinds):
     verdict, said = Verdict([], [], []), set()
-    weighty = [finding for finding in image.findings if finding.is_weighty]
+    serious = [finding for finding in image.findings if finding.is_serious]
     for failure in image.failures:
         kind, pairs = explain(failure, image, kinds)
         said.update(pairs)
         verdict.pairs.append((kind, 1, bool(pairs)))
         if kind is None:
             verdict.unknown.append(failure.text)
-            verdict.wrong.extend([] if weighty else [f"nothing of weight here: {failure.text}"])
+            verdict.wrong.extend([] if serious else [f"no error or warning here: {failure.text}"])
         elif kind.side == "both" and not pairs:
             verdict.wrong.append(f"not said here: {failure.text}")
-    for finding in set(weighty) - said:
+    for finding in set(serious) - said:
         kind = find(kinds, finding.text, "ours") or find_pair(kinds, finding)
         verdict.pairs.append((kind, 0, 1))
         verdict.wrong.extend([] if kind else [f"no kind: our {finding.text}"])
@@ -141,7 +141,7 @@ def selftest(images, kinds):
         others = [other for other in kinds if other is not kind]
         having = [image for image, other in explained if other is kind]
         if kind.side == "ours":
-            having = [image for image in images for finding in image.findings if finding.is_weighty
+            having = [image for image in images for finding in image.findings if finding.is_serious
                       and find(kinds, finding.text, "ours") is kind and not find_pair(others, finding)]
         if kind.side != "both" and having:
             yield f"{kind.side}: {kind.pattern.pattern}", any(
@@ -178,8 +178,8 @@ def main():
     for line, number in unknown.most_common():
         print(f"{number:7} unknown line: {line}")
     failing = [image for image in images if image.failures]
-    weighty = sum(any(finding.is_weighty for finding in image.findings) for image in failing)
-    print(f"{len(images)} images, {len(failing)} that edid-decode fails: {weighty} with an error or a warning here, "
+    serious = sum(any(finding.is_serious for finding in image.findings) for image in failing)
+    print(f"{len(images)} images, {len(failing)} that edid-decode fails: {serious} with an error or a warning here, "
           f"{silent} with a failure that has neither a finding here nor a reason; "
           f"{sum(unknown.values())} unknown lines")
     if options.selftest:

@@ -104,7 +104,7 @@ def is_short_hdmi(case):
     for i in range(BLOCK_SIZE - 16):
         length, flags = case.block[i] % 32, case.block[i + 8]
         if case.block[i] >> 5 == 3 and case.block[i + 1:i + 4] == b"\x03\x0c\x00" and flags & 0x20:
-            at = i + 10 + (flags >> 7) * (2 + (flags >> 6 & 1) * 2)  # behind the latencies and the flags of 3D
+            at = i + 10 + (flags >> 7) * (2 + (flags >> 6 & 1) * 2)  # after the latencies and the flags of 3D
             return case.own is None and at + (case.block[at] >> 5) + case.block[at] % 32 > i + length
     return False
 
@@ -126,7 +126,7 @@ LENGTHS = (
 
 def data_blocks(block):
     """(kind, length) of an extension block's data blocks, and ("end", bytes that they leave or lack). A kind is the
-    tag of CTA-861 with the maker's three bytes or the extended tag behind it, or d and the tag of DisplayID."""
+    tag of CTA-861 with the maker's three bytes or the extended tag after it, or d and the tag of DisplayID."""
     def walk(at, end, head):
         while at + head <= min(end, BLOCK_SIZE - 1) and (head == 1 or any(block[at:end])):
             length, tag = (block[at] % 32, str(block[at] >> 5)) if head == 1 else (block[at + 2], f"d {block[at]:02x}")

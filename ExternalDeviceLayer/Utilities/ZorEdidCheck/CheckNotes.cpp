@@ -180,7 +180,7 @@ void AddNoClock(const CFindings& oFindings, SZorFinding& oFinding)
     }
 }
 
-// Either byte 2 of the block is wrong, or the timing is behind a gap in the list.
+// Either byte 2 of the block is wrong, or the timing is past a gap in the list.
 void AddLostTiming(const CFindings& oFindings, SZorFinding& oFinding)
 {
     const CMap& oMap = oFindings.GetMap();

@@ -26,7 +26,7 @@ struct SCtaPayload
     unsigned int m_uiField;  // of the data block
     unsigned int m_uiOffset; // in the image
     unsigned int m_uiLength;
-    unsigned int m_uiHead; // bytes ahead of it that the length of the data block counts: extended tag, OUI
+    unsigned int m_uiHead; // bytes before it that the length of the data block counts: extended tag, OUI
     const SCtaVideoCodes& m_oVideoCodes;
 };
 

@@ -44,12 +44,19 @@ bool FollowsFromCutDataBlock(const CFindings& oFindings, const SZorFinding& oCau
            oOther.m_eRule != eZorEdidRule_Checksum;
 }
 
+// Another version is read as its first revision, whose standard timings have square pictures.
+bool FollowsFromVersion(const CFindings& /*oFindings*/, const SZorFinding& /*oCause*/, const SZorFinding& oOther)
+{
+    return oOther.m_eRule == eZorEdidRule_ListedAsWide || oOther.m_eRule == eZorEdidRule_ModeBeyondLimits;
+}
+
 constexpr struct
 {
     EZorEdidRule m_eCause;
     bool (*m_pfnFollows)(const CFindings&, const SZorFinding& oCause, const SZorFinding& oOther);
 } gsc_aoCauses[] = {
     { eZorEdidRule_BlockErased, FollowsFromErased },
+    { eZorEdidRule_BaseVersion, FollowsFromVersion },
     { eZorEdidRule_FirstDescriptor, FollowsFromFirstDescriptor },
     { eZorEdidRule_ReservedValue, FollowsFromReservedTag },
     { eZorEdidRule_CtaPastCollection, FollowsFromCutDataBlock },

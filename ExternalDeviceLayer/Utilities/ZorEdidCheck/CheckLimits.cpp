@@ -62,8 +62,8 @@ struct SBreaches
 // An erratum of 1.4 lets listed modes leave the limits.
 CMap::ESeverity GetWeight(const CFindings& oFindings)
 {
-    return oFindings.GetByte(gsc_uiRevisionOffset) < gsc_uiVideoInputRevision ? CMap::eSeverity_Warning
-                                                                              : CMap::eSeverity_Note;
+    return !IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision) ? CMap::eSeverity_Warning
+                                                                            : CMap::eSeverity_Note;
 }
 
 // A finding for each limit that modes break. Of detailed timings in the base block the map has a note each.
@@ -200,18 +200,10 @@ void CheckTmdsClock(CFindings& oFindings)
 
 SRangeDescriptor FindRangeLimits(const CFindings& oFindings)
 {
-    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
-    {
-        const unsigned char* pui8Descriptor = oFindings.GetAt(DescriptorOffset(i));
-        // Whatever its reserved bytes are, as the map reads it.
-        if (!Descriptors::HasPixelClock(pui8Descriptor) &&
-            pui8Descriptor[Descriptors::gsc_uiTagOffset] == Descriptors::gsc_ui8TagRangeLimits)
-        {
-            return { DescriptorOffset(i),
-                     Descriptors::ReadRangeLimits(pui8Descriptor, oFindings.GetByte(gsc_uiRevisionOffset)) };
-        }
-    }
-    return {};
+    const unsigned char* pui8Base = oFindings.GetAt(0);
+    const unsigned int uiOffset = BaseBlock::FindRangeLimits(pui8Base);
+    return uiOffset == 0 ? SRangeDescriptor()
+                         : SRangeDescriptor{ uiOffset, ReadRangeLimits(pui8Base + uiOffset, ReadRevision(pui8Base)) };
 }
 
 bool IsBroken(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)

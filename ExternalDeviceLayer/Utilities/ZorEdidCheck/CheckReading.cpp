@@ -1,10 +1,14 @@
 // What the library does not read: blocks that no class takes, and what the classes leave out of their lists.
 
+#include <algorithm>
+#include <iterator>
+
 #include "CheckFindings.h"
 #include "EdidBase.h"
 #include "EdidExtBlock.h"
 #include "EdidUtils.h"
 #include "UnreadReason.h"
+#include "VidParamCea.h"
 
 using namespace ZorStandards::BaseBlock;
 
@@ -30,14 +34,18 @@ void CheckPreferred(CFindings& oFindings)
         bDeclared ? "none that the library reads" : "none declared";
 }
 
-void CheckRangeLimits(CFindings& oFindings)
+// A display descriptor whose bytes 2 and 4 are not 0 is one for the map and facts only.
+void CheckBaseDescriptors(CFindings& oFindings)
 {
     const bool bOffsets = IsAtLeastRevision(oFindings.GetAt(0), gsc_uiVideoInputRevision);
-    for (unsigned int i = 0; bOffsets && i < CEdidBase::msc_uiDescriptorCount; ++i)
+    for (unsigned int i = 0; i < CEdidBase::msc_uiDescriptorCount; ++i)
     {
-        if (HasRateOffsets(oFindings.GetAt(DescriptorOffset(i))))
+        const unsigned char* pui8Descriptor = oFindings.GetAt(DescriptorOffset(i));
+        if (!HasPixelClock(pui8Descriptor) && !IsDisplayDescriptor(pui8Descriptor))
         {
-            oFindings.Add(oFindings.FindGroup(DescriptorOffset(i)), eZorEdidRule_UnreadRangeOffsets);
+            oFindings.Add(oFindings.FindGroup(DescriptorOffset(i)), bOffsets && HasRateOffsets(pui8Descriptor)
+                                                                        ? eZorEdidRule_UnreadRangeOffsets
+                                                                        : eZorEdidRule_UnreadDescriptor);
         }
     }
 }
@@ -63,8 +71,30 @@ void CheckCtaDescriptors(CFindings& oFindings, unsigned int uiBlock)
     }
 }
 
+// Whether the library lists such fields. Codes are those of its tables, in CTA-861 blocks.
+bool IsListedKind(const CFindings& oFindings, unsigned int uiField)
+{
+    const CMap::SField& oField = oFindings.GetMap().GetField(uiField);
+    SZorMode oMode = {};
+    switch (oField.m_eId)
+    {
+    case eZorEdidField_BaseDetailed:
+    case eZorEdidField_DisplayidType1Timing:
+    case eZorEdidField_DisplayidType2Timing:
+        return true;
+    case eZorEdidField_BaseStandard:
+        return oField.m_uiOffset < gsc_uiDescriptorsOffset && oFindings.GetMap().GetMode(uiField, oMode);
+    case eZorEdidField_CtaVideoDescriptor:
+        return oFindings.GetByte(oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize) == Cta::gsc_uiTag &&
+               oFindings.GetMap().GetMode(uiField, oMode) && CVidParamCea::IsVicSupported(oMode.m_uiCode) != 0;
+    default:
+        return false;
+    }
+}
+
 // The timings of a block that the library reads, but does not list: those after a descriptor that ends its list, those
-// after a descriptor that it takes for a timing of size 0, and those of a data block whose revision it does not know.
+// after a descriptor that it takes for a timing of size 0, those of a data block whose revision it does not know, codes
+// of 4:2:0 after an extended data block without a tag, and standard timings of the least width. Of codes the first.
 void CheckUnlisted(CFindings& oFindings, unsigned int uiBlock)
 {
     const CMap& oMap = oFindings.GetMap();
@@ -72,15 +102,37 @@ void CheckUnlisted(CFindings& oFindings, unsigned int uiBlock)
     {
         return; // the library refuses the image
     }
+    bool bHasCode = false;
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         const CMap::SField& oField = oMap.GetField(i);
-        const bool bDetailed = oField.m_eId == eZorEdidField_BaseDetailed ||
-                               oField.m_eId == eZorEdidField_DisplayidType1Timing ||
-                               oField.m_eId == eZorEdidField_DisplayidType2Timing;
-        if (bDetailed && oField.m_uiOffset / gsc_uiBlockSize == uiBlock && oField.m_uiTimings == 0)
+        const bool bCode = oField.m_eId == eZorEdidField_CtaVideoDescriptor;
+        if (oField.m_uiOffset / gsc_uiBlockSize == uiBlock && oField.m_uiTimings == 0 && oField.m_uiOthers == 0 &&
+            !(bCode && bHasCode) && IsListedKind(oFindings, i))
         {
             oFindings.Add(i, eZorEdidRule_UnlistedTiming);
+            bHasCode = bHasCode || bCode;
+        }
+    }
+}
+
+// What the library lists of bytes that the map does not take for a code, the first of a block: in a data block that
+// crosses the end of its collection, and of HDMI after latencies of interlaced formats alone.
+void CheckListedMore(CFindings& oFindings, unsigned int uiBlock)
+{
+    constexpr EZorEdidField aeListed[] = { eZorEdidField_CtaVideoDescriptor, eZorEdidField_CtaHdmiVic,
+                                           eZorEdidField_Cta420MapVic, eZorEdidField_Cta420Map,
+                                           eZorEdidField_BaseDetailed };
+    const CMap& oMap = oFindings.GetMap();
+    const unsigned int uiField = oFindings.FindBlock(uiBlock);
+    for (unsigned int i = uiField; i < oMap.GetField(uiField).m_uiEnd; ++i)
+    {
+        const CMap::SField& oField = oMap.GetField(i);
+        if (oField.m_uiTimings + oField.m_uiOthers != 0 &&
+            std::ranges::find(aeListed, oField.m_eId) == std::end(aeListed))
+        {
+            oFindings.Add(uiField, eZorEdidRule_ListedMore).m_sFound = "one at " + DescribePlace(oField.m_uiOffset);
+            return;
         }
     }
 }
@@ -100,6 +152,7 @@ void CheckExtension(CFindings& oFindings, const CBlockWalk& oBlock)
         CheckUnlisted(oFindings, oBlock.GetNumber());
         if (oFindings.GetByte(uiOffset) == Cta::gsc_uiTag)
         {
+            CheckListedMore(oFindings, uiOffset);
             CheckCtaDescriptors(oFindings, uiOffset);
         }
         return;
@@ -145,7 +198,7 @@ CMString FindUnreadReason(const unsigned char* pui8Block, const char* pszRepair)
 void CheckReading(CFindings& oFindings)
 {
     CheckPreferred(oFindings);
-    CheckRangeLimits(oFindings);
+    CheckBaseDescriptors(oFindings);
     CheckUnlisted(oFindings, 0);
     oFindings.ForEachBlock([&](const CBlockWalk& oBlock) { CheckExtension(oFindings, oBlock); });
 }

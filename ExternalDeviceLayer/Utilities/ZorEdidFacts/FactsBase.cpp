@@ -21,12 +21,6 @@ constexpr CFacts::ELink gsc_aeLinks[] = { CFacts::eLink_Digital, CFacts::eLink_D
                                           CFacts::eLink_Hdmi,    CFacts::eLink_Other, CFacts::eLink_DisplayPort };
 constexpr unsigned char gsc_aui8Depths[] = { 0, 6, 8, 10, 12, 14, 16, 0 };
 
-// Whatever the version is: no other one has this header.
-bool HasRevision(const unsigned char* pui8Base, unsigned int uiRevision)
-{
-    return pui8Base[gsc_uiRevisionOffset] >= uiRevision;
-}
-
 CFacts::SPoint PointIn1024(unsigned int uiX, unsigned int uiY)
 {
     constexpr float fSteps = 1024.0F;
@@ -77,7 +71,7 @@ void CReader::ReadIdentity(const unsigned char* pui8Base)
     constexpr unsigned int uiLastWeek = 54;
     const unsigned int uiWeek = pui8Base[gsc_uiWeekOffset];
     const unsigned int uiYear = pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear;
-    if (uiWeek == gsc_uiModelYearWeek && HasRevision(pui8Base, gsc_uiRevision4))
+    if (uiWeek == gsc_uiModelYearWeek && IsAtLeastRevision(pui8Base, gsc_uiRevision4))
     {
         Offer(CFacts::eQuestion_ModelYear, eSource_Base, oIdentity.m_oModelYear, uiYear,
               eZorEdidField_BaseIdentityModelYear, gsc_uiYearOffset);
@@ -99,7 +93,7 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
     CFacts::SSize& oSize = m_oFacts.m_oSize;
     CFacts::SColour& oColour = m_oFacts.m_oColour;
     const SBytes oBase = { pui8Base, gsc_uiBlockSize, 0 };
-    const bool b4 = HasRevision(pui8Base, gsc_uiRevision4);
+    const bool b4 = IsAtLeastRevision(pui8Base, gsc_uiRevision4);
     const bool bDigital = (pui8Base[gsc_uiVideoInputOffset] & gsc_uiDigitalMask) != 0;
     const unsigned int uiInterface = gsc_oInterface.Read(pui8Base);
     if (!bDigital)
@@ -119,7 +113,7 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
         Offer(CFacts::eQuestion_Depth, eSource_Base, oColour.m_oDepth, ui8Depth, eZorEdidField_BaseDisplayColorBitDepth,
               gsc_uiVideoInputOffset);
     }
-    if (bDigital && !b4 && HasRevision(pui8Base, gsc_uiDfpRevision) && gsc_oDfp1Compatible.IsSet(pui8Base))
+    if (bDigital && !b4 && IsAtLeastRevision(pui8Base, gsc_uiDfpRevision) && gsc_oDfp1Compatible.IsSet(pui8Base))
     {
         Offer(CFacts::eQuestion_Depth, eSource_Base, oColour.m_oDepth, uiDfpDepth,
               eZorEdidField_BaseDisplayDfp1Compatible, gsc_uiVideoInputOffset);
@@ -127,7 +121,7 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
               eZorEdidField_BaseDisplayDfp1Compatible, gsc_uiVideoInputOffset);
     }
 
-    const unsigned int uiEncodings = gsc_oColorEncodings.Read(pui8Base);
+    const unsigned int uiEncodings = gsc_oDisplayColorType.Read(pui8Base);
     if (bDigital)
     {
         AddFormat(CFacts::eFormat_Rgb,
@@ -260,7 +254,7 @@ void CReader::ReadTiming(const SBytes& oTiming)
                                           bInterlaced };
     Set(oSize.m_oFirst, oFirst, eZorEdidField_BaseDetailedPixelClock, oTiming.m_uiOffset);
     // From EDID 1.4 on it always is.
-    const bool b4 = HasRevision(m_pui8Image, gsc_uiRevision4);
+    const bool b4 = IsAtLeastRevision(m_pui8Image, gsc_uiRevision4);
     Set(oSize.m_oFirstIsPreferred, IsPreferredTimingDeclared(m_pui8Image),
         b4 ? eZorEdidField_BaseEdidRevision : eZorEdidField_BaseDisplayPreferredTiming,
         b4 ? gsc_uiRevisionOffset : gsc_uiFeaturesOffset);
@@ -286,8 +280,7 @@ void CReader::ReadRange(const SBytes& oRange)
     {
         return; // a second one is against the standard
     }
-    const unsigned int uiRevision = m_pui8Image[gsc_uiRevisionOffset];
-    const SRangeLimits oLimits = ReadRangeLimits(oRange.m_pui8Bytes, uiRevision);
+    const SRangeLimits oLimits = ReadRangeLimits(oRange.m_pui8Bytes, ReadRevision(m_pui8Image));
     const CFacts::SRange oVertical = { oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz };
     Offer(CFacts::eQuestion_VerticalRates, eSource_Descriptor, oLink.m_oVerticalRates, oVertical,
           eZorEdidField_BaseRangeMinVerticalRate, oRange.OffsetOf<gsc_oMinVerticalRate>());
@@ -300,7 +293,7 @@ void CReader::ReadRange(const SBytes& oRange)
               oLimits.m_uiPreciseMaxPixelClockInKiloHz, eZorEdidField_BaseRangeMaxPixelClock,
               oRange.OffsetOf<gsc_oMaxPixelClock>());
     }
-    const bool b4 = HasRevision(m_pui8Image, gsc_uiRevision4);
+    const bool b4 = IsAtLeastRevision(m_pui8Image, gsc_uiRevision4);
     Take<gsc_oFormula>(oLink.m_oRangeFormula, oRange,
                        b4 ? eZorEdidField_BaseRangeVideoTimingSupport : eZorEdidField_BaseRangeSecondaryTimingFormula);
     if (b4 && gsc_oContinuousFrequency.IsSet(m_pui8Image))

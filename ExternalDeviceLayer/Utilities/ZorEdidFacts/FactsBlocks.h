@@ -56,14 +56,11 @@ void WalkCta(const SPart& oBlock, VISITOR& oVisitor)
     oVisitor.VisitCta(oBlock);
     const unsigned int uiStart = oBlock.GetByte(Cta::gsc_uiDetailedStartOffset);
     const unsigned int uiEnd = oBlock.GetSize() < gsc_uiChecksumOffset ? oBlock.GetSize() : gsc_uiChecksumOffset;
+    const Cta::SPayload oCollection = Cta::FindCollection(oBlock.m_oBytes.GetData(), uiEnd);
+    WalkCtaData(oBlock.Part(oCollection.m_uiOffset, oCollection.m_uiLength), oVisitor);
     if (uiStart < Cta::gsc_uiDataBlocksOffset || uiStart >= gsc_uiBlockSize)
     {
         return;
-    }
-    if (oBlock.GetByte(Cta::gsc_uiRevisionOffset) >= Cta::gsc_uiDataBlocksRevision)
-    {
-        WalkCtaData(oBlock.Part(0, uiEnd).Part(Cta::gsc_uiDataBlocksOffset, uiStart - Cta::gsc_uiDataBlocksOffset),
-                    oVisitor);
     }
     for (unsigned int uiAt = uiStart; uiAt + Cta::gsc_uiDetailedSize <= uiEnd; uiAt += Cta::gsc_uiDetailedSize)
     {
@@ -76,8 +73,8 @@ void WalkCta(const SPart& oBlock, VISITOR& oVisitor)
     }
 }
 
-// VisitDisplayId(section) first, then VisitDisplayIdData(major version, data block with its header); the data blocks of
-// CTA-861 in it as those of a CTA-861 block.
+// VisitDisplayId(section) first, then VisitDisplayIdData(major version, data block with its header); VisitCollection
+// of the data blocks of CTA-861 in one.
 template <class VISITOR>
 void WalkDisplayId(const SPart& oBlock, VISITOR& oVisitor)
 {
@@ -97,7 +94,7 @@ void WalkDisplayId(const SPart& oBlock, VISITOR& oVisitor)
         oVisitor.VisitDisplayIdData(uiVersion, oData);
         if (oWalk.GetTag() == DisplayId::gsc_uiCtaTag)
         {
-            WalkCtaData(oData.From(DisplayId::gsc_uiHeaderSize), oVisitor);
+            oVisitor.VisitCollection(oData.From(DisplayId::gsc_uiHeaderSize));
         }
     }
 }

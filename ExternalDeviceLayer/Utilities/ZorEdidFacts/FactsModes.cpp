@@ -44,6 +44,20 @@ private:
     unsigned int m_uiCount = 0;
 };
 
+// What maps of 4:2:0 and 3D fields say about codes by their places: of all CTA-861 blocks, or of the data blocks of
+// CTA-861 in one of a DisplayID section.
+struct SVideoPlaces
+{
+    CPlaces<256> m_oVideo; // of short video descriptors; more than maps and references count
+    SPart m_oMap420 = { { nullptr, 0 }, 0 };
+    bool m_bMap420 = false;
+    unsigned int m_uiStereoAll = 0;
+    unsigned int m_uiStereoMask = 0; // places of m_oVideo
+    bool m_bHdmi = false;
+    bool m_bStereo = false;
+    SPart m_oStereo = { { nullptr, 0 }, 0 };
+};
+
 // ---- Numbers ----
 
 // What the base block says about the timings of modes that have only a size and a rate.
@@ -72,13 +86,9 @@ SFormula FindFormula(const CRecordBytes& oBase)
     {
         return oFormula;
     }
-    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
+    if (const unsigned int uiLimits = FindRangeLimits(oBase.GetData()))
     {
-        const unsigned char* pui8Descriptor = oBase.GetData() + DescriptorOffset(i);
-        if (HasPixelClock(pui8Descriptor) || pui8Descriptor[gsc_uiTagOffset] != gsc_ui8TagRangeLimits)
-        {
-            continue;
-        }
+        const unsigned char* pui8Descriptor = oBase.GetData() + uiLimits;
         const unsigned int uiFormula = gsc_oFormula.Read(pui8Descriptor);
         oFormula.m_eKind = uiFormula == gsc_uiCvtFormula && b4   ? SFormula::eCvt
                            : uiFormula == gsc_uiSecondaryFormula ? SFormula::eSecondaryGtf
@@ -86,7 +96,6 @@ SFormula FindFormula(const CRecordBytes& oBase)
         oFormula.m_oCurve = { gsc_oSecondaryC.Read(pui8Descriptor), gsc_oSecondaryM.Read(pui8Descriptor),
                               gsc_oSecondaryK.Read(pui8Descriptor), gsc_oSecondaryJ.Read(pui8Descriptor) };
         oFormula.m_uiSecondaryStart = gsc_oSecondaryStart.Read(pui8Descriptor) * uiStartUnit;
-        return oFormula;
     }
     return oFormula;
 }
@@ -127,6 +136,7 @@ public:
     void VisitCtaData(unsigned int uiTag, const SPart& oPayload);
     void VisitDisplayId(const SPart& /*oSection*/) {}
     void VisitDisplayIdData(unsigned int uiVersion, const SPart& oData);
+    void VisitCollection(const SPart& oBlocks);
     void VisitOther(unsigned int uiTag, const SPart& oBlock);
 
     // After the walk: what references and maps say about the entries.
@@ -167,8 +177,9 @@ private:
     unsigned int FindReference(unsigned int uiByte) const;
     void Prefer(unsigned int uiMode, EReason eReason);
     void Mark420();
-    void MarkNative();
     void MarkStereo();
+    void MarkPlaces();
+    void MarkNative();
     void RankPreferred();
 
     CModes& m_aoModes;
@@ -179,20 +190,13 @@ private:
     SFormula m_oFormula;
     unsigned int m_uiNativeDetailed = 0;
     unsigned int m_uiPreferred = 0;
-    CPlaces<256> m_oVideo;                      // of short video descriptors; more than maps and references count
+    SVideoPlaces m_oPlaces;
     CPlaces<256> m_oDetailed;                   // of detailed timings
     CPlaces<16> m_oLong;                        // of Types VII and X in CTA-861
     CPlaces<1> m_oCodes;                        // of Type VIII in CTA-861
     unsigned int m_uiFormatOffset = gsc_uiNone; // of the first video format descriptor
-    SPart m_oMap420 = { { nullptr, 0 }, 0 };
-    bool m_bMap420 = false;
     SPart m_oPreference = { { nullptr, 0 }, 0 };
     unsigned int m_uiNativeReference = 0;
-    unsigned int m_uiStereoAll = 0;
-    unsigned int m_uiStereoMask = 0; // places of m_oVideo
-    bool m_bHdmi = false;
-    bool m_bStereo = false;
-    SPart m_oStereo = { { nullptr, 0 }, 0 };
 };
 
 unsigned int CModeVisitor::Add(EZorEdidField eField, const SZorMode& oMode, unsigned int uiOffset, unsigned int uiBit,
@@ -259,10 +263,10 @@ void CModeVisitor::VisitBase(const SPart& oBase)
     constexpr unsigned int uiFirstWithout1To1 = 3; // revision
     constexpr unsigned int uiFirstWithNative = 4;
     constexpr unsigned int uiStandards = 8;
-    m_bSquare = oBase.GetByte(gsc_uiRevisionOffset) < uiFirstWithout1To1;
-    m_bFirstPreferred = IsPreferredTimingDeclared(oBase.m_oBytes.GetData());
-    m_bFirstNative =
-        oBase.GetByte(gsc_uiRevisionOffset) >= uiFirstWithNative && oBase.m_oBytes.IsSet(gsc_oPreferredIsNative);
+    const unsigned char* pui8Base = oBase.m_oBytes.GetData();
+    m_bSquare = !IsAtLeastRevision(pui8Base, uiFirstWithout1To1);
+    m_bFirstPreferred = IsPreferredTimingDeclared(pui8Base);
+    m_bFirstNative = IsAtLeastRevision(pui8Base, uiFirstWithNative) && gsc_oPreferredIsNative.IsSet(pui8Base);
     m_oFormula = FindFormula(oBase.m_oBytes);
     AddBits(eZorEdidField_BaseEstablishedMode, oBase.From(gsc_uiEstablishedOffset), 0, gsc_uiEstablishedModes,
             eOrder_HighFirst, MakeEstablishedMode);
@@ -404,8 +408,8 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
         VisitVideo(oPayload, true);
         break;
     case gsc_uiExtended + Cta::gsc_uiExtended420Map:
-        m_oMap420 = m_bMap420 ? m_oMap420 : oPayload;
-        m_bMap420 = true;
+        m_oPlaces.m_oMap420 = m_oPlaces.m_bMap420 ? m_oPlaces.m_oMap420 : oPayload;
+        m_oPlaces.m_bMap420 = true;
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType7:
         AddLongTimings(DisplayId::gsc_uiType7Tag, oPayload.m_oBytes.GetBits(0, 2, 0), 0,
@@ -433,7 +437,7 @@ void CModeVisitor::VisitVideo(const SPart& oPayload, bool bOnly420)
             oPayload.m_uiOffset + i, bOnly420 ? SZorMode::eY420_Only : SZorMode::eY420_No);
         if (!bOnly420)
         {
-            m_oVideo.Add(uiMode);
+            m_oPlaces.m_oVideo.Add(uiMode);
         }
     }
 }
@@ -487,20 +491,21 @@ void CModeVisitor::VisitStereo(const SPart& oFields, unsigned int uiMulti, bool 
     using namespace Hdmi;
     constexpr unsigned int uiAllPlaces = 0xFFFF;  // without a mask
     constexpr unsigned int uiStructures = 0x01FF; // bit 15 says more about the last one
-    if (m_bHdmi)
+    if (m_oPlaces.m_bHdmi)
     {
         return; // of several blocks the first one counts
     }
-    m_bHdmi = true;
-    m_bStereo = bPresent;
+    m_oPlaces.m_bHdmi = true;
+    m_oPlaces.m_bStereo = bPresent;
     unsigned int uiUsed = 0;
     if ((uiMulti == eMulti_All || uiMulti == eMulti_AllAndMask) && oFields.GetSize() >= gsc_uiStructureAllSize)
     {
-        m_uiStereoAll = oFields.m_oBytes.Get(Big16(0)) & uiStructures;
-        m_uiStereoMask = uiMulti == eMulti_All ? uiAllPlaces : oFields.m_oBytes.Get(Big16(gsc_uiStructureAllSize));
+        m_oPlaces.m_uiStereoAll = oFields.m_oBytes.Get(Big16(0)) & uiStructures;
+        m_oPlaces.m_uiStereoMask =
+            uiMulti == eMulti_All ? uiAllPlaces : oFields.m_oBytes.Get(Big16(gsc_uiStructureAllSize));
         uiUsed = gsc_uiStructureAllSize + (uiMulti == eMulti_AllAndMask ? gsc_uiMaskSize : 0);
     }
-    m_oStereo = oFields.From(uiUsed);
+    m_oPlaces.m_oStereo = oFields.From(uiUsed);
 }
 
 // What they point at may follow: Finish looks for it.
@@ -632,6 +637,15 @@ void CModeVisitor::VisitDisplayIdData(unsigned int /*uiVersion*/, const SPart& o
     m_oCodes = oCodes;
 }
 
+void CModeVisitor::VisitCollection(const SPart& oBlocks)
+{
+    const SVideoPlaces oPlaces = m_oPlaces;
+    m_oPlaces = {};
+    WalkCtaData(oBlocks, *this);
+    MarkPlaces();
+    m_oPlaces = oPlaces;
+}
+
 // ---- What is said about the entries ----
 
 template <class IS>
@@ -697,10 +711,11 @@ void CModeVisitor::Prefer(unsigned int uiMode, EReason eReason)
 
 void CModeVisitor::Mark420()
 {
-    for (unsigned int i = 0; m_bMap420 && i < m_oVideo.GetCount(); ++i)
+    for (unsigned int i = 0; m_oPlaces.m_bMap420 && i < m_oPlaces.m_oVideo.GetCount(); ++i)
     {
-        const bool bMarked = m_oMap420.GetSize() == 0 || m_oMap420.m_oBytes.IsSet(i / gsc_uiBits, i % gsc_uiBits);
-        SZorImageMode* poMode = Find(m_oVideo.Get(i));
+        const bool bMarked =
+            m_oPlaces.m_oMap420.GetSize() == 0 || m_oPlaces.m_oMap420.m_oBytes.IsSet(i / gsc_uiBits, i % gsc_uiBits);
+        SZorImageMode* poMode = Find(m_oPlaces.m_oVideo.Get(i));
         if (bMarked && poMode != nullptr)
         {
             poMode->m_oMode.m_eY420 = SZorMode::eY420_Also;
@@ -741,22 +756,22 @@ void CModeVisitor::MarkStereo()
                                    { 5, uiSideBySide },
                                    { 20, uiSideBySide } };
     constexpr unsigned int uiPlaces = 16; // of the mask
-    for (unsigned int i = 0; i < m_oVideo.GetCount(); ++i)
+    for (unsigned int i = 0; i < m_oPlaces.m_oVideo.GetCount(); ++i)
     {
-        SZorImageMode* poMode = Find(m_oVideo.Get(i));
+        SZorImageMode* poMode = Find(m_oPlaces.m_oVideo.Get(i));
         if (poMode == nullptr)
         {
             continue;
         }
-        poMode->m_uiStereo |= i < uiPlaces && ((m_uiStereoMask >> i) & 1U) != 0 ? m_uiStereoAll : 0;
+        poMode->m_uiStereo |= i < uiPlaces && ((m_oPlaces.m_uiStereoMask >> i) & 1U) != 0 ? m_oPlaces.m_uiStereoAll : 0;
         const SDuty* poDuty = std::ranges::find(aoDuties, poMode->m_oMode.m_uiCode, &SDuty::m_uiCode);
-        poMode->m_uiStereo |= m_bStereo && poDuty != std::end(aoDuties) ? poDuty->m_uiStructures : 0;
+        poMode->m_uiStereo |= m_oPlaces.m_bStereo && poDuty != std::end(aoDuties) ? poDuty->m_uiStructures : 0;
     }
-    for (unsigned int uiAt = 0; uiAt < m_oStereo.GetSize(); ++uiAt)
+    for (unsigned int uiAt = 0; uiAt < m_oPlaces.m_oStereo.GetSize(); ++uiAt)
     {
-        const CRecordBytes oFormat = m_oStereo.m_oBytes.GetPart(uiAt, 1);
+        const CRecordBytes oFormat = m_oPlaces.m_oStereo.m_oBytes.GetPart(uiAt, 1);
         const unsigned int uiStructure = oFormat.Get(gsc_oStructure);
-        if (SZorImageMode* poMode = Find(m_oVideo.Get(oFormat.Get(gsc_oVicOrder))))
+        if (SZorImageMode* poMode = Find(m_oPlaces.m_oVideo.Get(oFormat.Get(gsc_oVicOrder))))
         {
             poMode->m_uiStereo |= 1U << uiStructure;
         }
@@ -767,6 +782,12 @@ void CModeVisitor::MarkStereo()
         SZorImageMode& oMode = m_aoModes[i];
         oMode.m_oMode.m_eStereo = oMode.m_uiStereo != 0 ? SZorMode::eStereo_Hdmi : oMode.m_oMode.m_eStereo;
     }
+}
+
+void CModeVisitor::MarkPlaces()
+{
+    Mark420();
+    MarkStereo();
 }
 
 void CModeVisitor::RankPreferred()
@@ -793,9 +814,8 @@ void CModeVisitor::Finish()
     {
         m_aoReferences[i].m_uiMode = FindReference(m_aoReferences[i].m_uiByte);
     }
-    Mark420();
+    MarkPlaces();
     MarkNative();
-    MarkStereo();
     RankPreferred();
 }
 } // namespace

@@ -118,6 +118,7 @@ public:
     void VisitCtaData(unsigned int uiTag, const SPart& oPayload);
     void VisitDisplayId(const SPart& oBlock);
     void VisitDisplayIdData(unsigned int uiVersion, const SPart& oData);
+    void VisitCollection(const SPart& oBlocks) { WalkCtaData(oBlocks, *this); }
     void VisitOther(unsigned int uiTag, const SPart& oBlock);
 
 private:

@@ -196,7 +196,7 @@ constexpr SRow gsc_aoDisplayRows[] = {
     { eId_BaseDisplayActiveOff, Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
     { eId_BaseDisplayColorType, gsc_oDisplayColorType, "Display color type", Names(gsc_aoColorTypes),
       IsNot<IsDigital4> },
-    { eId_BaseDisplayColorEncodings, gsc_oColorEncodings, "Supported color encoding formats", Names(gsc_aoEncodings),
+    { eId_BaseDisplayColorEncodings, gsc_oDisplayColorType, "Supported color encoding formats", Names(gsc_aoEncodings),
       IsDigital4 },
     { eId_BaseDisplaySrgbDefault, gsc_oSrgbDefault, "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
     { eId_BaseDisplayPreferredTiming, Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4,

@@ -27,7 +27,7 @@ struct SEntry
 // What the rows of an image may ask about it beyond their own record.
 struct SImageFacts
 {
-    unsigned int m_uiRevision = 0; // of E-EDID: 4 for 1.4
+    unsigned int m_uiRevision = 0; // of E-EDID: 4 for 1.4, 0 for other versions than 1
     bool m_bDigital = false;
     bool m_bContinuous = false; // a continuous frequency display, by 1.4
 };

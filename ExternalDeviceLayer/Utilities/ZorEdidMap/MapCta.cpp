@@ -160,8 +160,8 @@ constexpr SCtaBlock gsc_aoDataBlocks[] = {
     { eId_CtaType10, Extended(gsc_uiExtendedType10), "DisplayID Type X video timing data block", eArea_Timing,
       AtLeast(7), eAny, Walk(MapCtaTypeX) },
     { eId_CtaReserved, Extended(43, 119), "Reserved data block" },
-    { eId_CtaExtensionOverride, Extended(120), "HDMI Forum EDID extension override data block", eArea_Structure,
-      AtLeast(1), eFirst, Walk(MapCtaExtensionOverride) },
+    { eId_CtaExtensionOverride, Extended(gsc_uiExtendedOverride), "HDMI Forum EDID extension override data block",
+      eArea_Structure, AtLeast(1), eFirst, Walk(MapCtaExtensionOverride) },
     { eId_CtaHdmiForumSink, gsc_oHdmiSinkKey, "HDMI Forum sink capability data block", eArea_Display, AtLeast(6), eOnce,
       Walk(MapCtaHdmiSink) },
     { eId_CtaToneMapping, Extended(gsc_uiExtendedToneMapping), "HDMI Forum source-based tone mapping data block",
@@ -430,23 +430,6 @@ void SEarlier::Add(const SCtaBlock& oKind)
     m_poLast = &oKind;
 }
 
-// Before the first field: a data block may refer to codes that follow it. By the headers' first bytes alone, as every
-// block of an image asks for the codes of all.
-void CollectCodes(const CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiEnd, SCtaVideoCodes& oCodes)
-{
-    CDataBlockWalk oWalk = MakeWalk(oWriter.GetRecord(uiOffset, uiEnd - uiOffset));
-    while (oWalk.Next() || oWalk.NextCut())
-    {
-        for (unsigned int i = 0; oWalk.GetTag() == gsc_ui8VideoTag && i < oWalk.GetLength(); ++i)
-        {
-            if (oCodes.m_uiCount < SCtaVideoCodes::msc_uiMost)
-            {
-                oCodes.m_aui8Codes[oCodes.m_uiCount++] = oWalk.GetByte(i);
-            }
-        }
-    }
-}
-
 void AddContent(CMapWriter& oWriter, unsigned int uiField, const SFound& oFound, const SCtaVideoCodes& oCodes)
 {
     const SContent& oContent = oFound.m_poKind->m_oContent;
@@ -512,7 +495,9 @@ void MapCtaDataBlocks(CMapWriter& oWriter, unsigned int uiOffset, unsigned int u
 {
     SCtaVideoCodes oCodes;
     SEarlier oEarlier;
-    CollectCodes(oWriter, uiOffset, uiOffset + uiLength, oCodes);
+    const CRecord oCollection = oWriter.GetRecord(uiOffset, uiLength);
+    ForEachVideoByte(oCollection.GetData(), oCollection.GetSize(),
+                     [&](unsigned int /*uiOffset*/, unsigned char ui8Byte) { oCodes.Add(ui8Byte); });
     AddDataBlocks(oWriter, uiOffset, uiOffset + uiLength, oCodes, oEarlier);
 }
 
@@ -564,42 +549,46 @@ constexpr STable gsc_oBlockTable = { eId_Cta, "CTA-861 extension block", eArea_S
 constexpr SRow gsc_oLostRow = { eId_Unknown, RunToEnd(0), "Unknown", Unknown() };
 constexpr SRow gsc_oPaddingRow = { eId_Padding, RunToEnd(0), "Padding", Reserved().Expect(0, eZorEdidRule_CtaPadding) };
 
-// Calls fnVisit(first byte, end) for the collection of each CTA-861 block of the EDID that the block at uiBlock is of,
-// up to uiEnd. A file may hold several EDIDs, each with a base block, whose first byte is 0.
-template <class VISIT>
-void ForEachCollection(const CMapWriter& oWriter, unsigned int uiBlock, unsigned int uiEnd, VISIT fnVisit)
+// The first block of the EDID that a block is of. A file may hold several EDIDs, each with a base block, whose first
+// byte is 0.
+unsigned int FindEdid(const CMapWriter& oWriter, unsigned int uiBlock)
 {
-    unsigned int uiAt = uiBlock;
-    while (uiAt > gsc_uiBlockSize && oWriter.GetByte(uiAt - gsc_uiBlockSize) != 0)
+    const CRecord oImage = oWriter.GetRecord(0, CZorEdidMap::msc_uiNone);
+    if (uiBlock / gsc_uiBlockSize <= CountExtensions(oImage.GetData(), oImage.GetSize()))
     {
-        uiAt -= gsc_uiBlockSize;
+        return 0;
     }
-    for (; uiAt < uiEnd && oWriter.GetByte(uiAt) != 0; uiAt += gsc_uiBlockSize) // past the image it is 0, too
+    do
     {
-        const unsigned int uiStart = oWriter.GetByte(uiAt + gsc_uiDetailedStartOffset);
-        if (oWriter.GetByte(uiAt) == gsc_uiTag && IsStart(uiStart) &&
-            oWriter.GetByte(uiAt + gsc_uiRevisionOffset) >= gsc_uiDataBlocksRevision)
-        {
-            fnVisit(uiAt + gsc_uiDataBlocksOffset, uiAt + uiStart);
-        }
-    }
+        uiBlock -= gsc_uiBlockSize;
+    } while (uiBlock > 0 && oWriter.GetByte(uiBlock) != 0);
+    return uiBlock;
 }
 
-// Of all blocks: indexes run on from block to block.
+// For a data block may refer to codes that follow it. A block that the EDID does not count counts up to itself.
 SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
 {
+    const unsigned int uiEdid = FindEdid(oWriter, uiBlock);
+    const CRecord oEdid = oWriter.GetRecord(uiEdid, CZorEdidMap::msc_uiNone);
+    const unsigned int uiLast =
+        std::max(CountExtensions(oEdid.GetData(), oEdid.GetSize()), (uiBlock - uiEdid) / gsc_uiBlockSize);
     SCtaVideoCodes oCodes;
-    ForEachCollection(oWriter, uiBlock, CZorEdidMap::msc_uiNone,
-                      [&](unsigned int uiFirst, unsigned int uiEnd) { CollectCodes(oWriter, uiFirst, uiEnd, oCodes); });
+    ForEachVideoPlace(oEdid.GetData(), oEdid.GetSize(), uiLast,
+                      [&](unsigned int /*uiOffset*/, unsigned char ui8Byte) { oCodes.Add(ui8Byte); });
     return oCodes;
 }
 
 SEarlier CountEarlier(const CMapWriter& oWriter, unsigned int uiBlock)
 {
     SEarlier oEarlier;
-    ForEachCollection(oWriter, uiBlock, uiBlock, [&](unsigned int uiFirst, unsigned int uiEnd) {
-        ForEachDataBlock(oWriter, uiFirst, uiEnd, [&](const SFound& oFound) { oEarlier.Add(*oFound.m_poKind); });
-    });
+    for (unsigned int uiAt = FindEdid(oWriter, uiBlock); uiAt < uiBlock; uiAt += gsc_uiBlockSize)
+    {
+        const CRecord oBlock = oWriter.GetRecord(uiAt, gsc_uiBlockSize);
+        const SPayload oCollection = FindCollection(oBlock.GetData(), oBlock.GetSize());
+        const unsigned int uiFirst = uiAt + oCollection.m_uiOffset;
+        ForEachDataBlock(oWriter, uiFirst, uiFirst + oCollection.m_uiLength,
+                         [&](const SFound& oFound) { oEarlier.Add(*oFound.m_poKind); });
+    }
     oEarlier.m_poLast = nullptr;
     return oEarlier;
 }

@@ -19,6 +19,14 @@ struct SCtaVideoCodes
     static constexpr unsigned int msc_uiMost = 256; // more than bit maps and indexes count
     unsigned char m_aui8Codes[msc_uiMost];
     unsigned int m_uiCount = 0;
+
+    void Add(unsigned char ui8Code)
+    {
+        if (m_uiCount < msc_uiMost)
+        {
+            m_aui8Codes[m_uiCount++] = ui8Code;
+        }
+    }
 };
 
 struct SCtaPayload

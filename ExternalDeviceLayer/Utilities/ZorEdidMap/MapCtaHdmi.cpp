@@ -23,7 +23,7 @@ bool HasInterlacedLatency(const CRecord& oHdmi) { return Hdmi::HasInterlacedLate
 CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
 {
     CMString sText;
-    sText.Format("%x.%x.%x.%x", uiAddress >> 12, (uiAddress >> 8) & 0xF, (uiAddress >> 4) & 0xF, uiAddress & 0xF);
+    sText.Format("%u.%u.%u.%u", uiAddress >> 12, (uiAddress >> 8) & 0xF, (uiAddress >> 4) & 0xF, uiAddress & 0xF);
     return sText;
 }
 

@@ -548,10 +548,15 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "The reports of the library lack the range limits; map, facts and rules have them." },
     { eZorEdidRule_UnreadDescriptor, CMap::eSeverity_Note, "library.descriptor",
       "the library reads no display descriptor here", "",
-      "The library ends its list of timings at a display descriptor of a CTA-861 block, and so lacks those after it." },
+      "The library ends its list of timings at a display descriptor of a CTA-861 block, and at one of the base block "
+      "whose bytes 2 and 4 are not 0, and so lacks those after it; of the latter it lacks the text, too." },
     { eZorEdidRule_UnlistedTiming, CMap::eSeverity_Note, "library.unlisted-timing",
       "the library does not list this timing", "",
       "The numbered lists of the library, and edits by number, lack the timing; modes and facts have it." },
+    { eZorEdidRule_ListedMore, CMap::eSeverity_Note, "library.listed-more",
+      "the library lists timings of bytes that announce none", "",
+      "The library reads on in a data block that crosses the end of its collection, and takes interlaced latencies "
+      "alone for present: its numbered lists have timings that modes and facts lack." },
 
     // ---- What the command says of a file ----
     { eZorEdidRule_SeveralImages, CMap::eSeverity_Note, "input.several-edids", "the file holds several EDIDs", "",

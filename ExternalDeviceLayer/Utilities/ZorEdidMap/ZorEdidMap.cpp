@@ -174,7 +174,9 @@ bool CMapWriter::Write(SMapContent& oMap, unsigned int uiSize, const unsigned ch
     oMap.m_auiLeaves.SetCount(uiBlockBytes * gsc_uiBits, -1);
 
     const auto fnByte = [&](unsigned int uiOffset) { return uiOffset < uiSize ? aui8Data[uiOffset] : 0U; };
-    oMap.m_oFacts = { fnByte(gsc_uiRevisionOffset), (fnByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask) != 0,
+    const bool bRevision = uiSize > gsc_uiRevisionOffset;
+    oMap.m_oFacts = { bRevision ? ReadRevision(aui8Data.GetData()) : 0U,
+                      (fnByte(gsc_uiVideoInputOffset) & gsc_uiDigitalMask) != 0,
                       (fnByte(gsc_uiFeaturesOffset) & gsc_uiContinuousMask) != 0 };
     CMapWriter(oMap).WriteBlocks();
     return true;

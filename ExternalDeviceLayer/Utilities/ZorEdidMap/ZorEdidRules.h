@@ -229,6 +229,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_UnreadRangeOffsets = 902,
     eZorEdidRule_UnreadDescriptor = 903,
     eZorEdidRule_UnlistedTiming = 904,
+    eZorEdidRule_ListedMore = 905,
 
     // ---- What the command says of a file ----
     eZorEdidRule_SeveralImages = 990,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/Modes.h"
 #include "ZorMFCTypes.h"
 
 namespace ZorWrite
@@ -87,7 +88,10 @@ private:
 void StoreBlockChecksums(unsigned char* pui8Block);
 
 // Whether it is there to be used.
-inline bool IsUnusedStandard(const SPiece& oPiece) { return oPiece.m_aui8Bytes[0] == 1 && oPiece.m_aui8Bytes[1] == 1; }
+inline bool IsUnusedSlot(const SPiece& oPiece)
+{
+    return ZorStandards::IsUnusedStandard({ oPiece.m_aui8Bytes, oPiece.m_uiSize });
+}
 inline bool IsDummy(const SPiece& oPiece)
 {
     return ZorStandards::Descriptors::HasTag(oPiece.m_aui8Bytes, ZorStandards::Descriptors::gsc_ui8TagEmpty);

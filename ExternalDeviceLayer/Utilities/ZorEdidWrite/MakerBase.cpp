@@ -65,7 +65,7 @@ void MakeInput(const CMakerPlan& oPlan, CBlockBytes& aui8Base)
     }
     gsc_oColorDepth.Write(aui8Base, oPlan.GetColorDepth() / 2 - 2);
     gsc_oInterface.Write(aui8Base, gsc_aui8Interfaces[oPlan.GetWishes().m_eInterface]);
-    gsc_oColorEncodings.Write(aui8Base, oPlan.HasYCbCr() ? uiAllEncodings : 0);
+    gsc_oDisplayColorType.Write(aui8Base, oPlan.HasYCbCr() ? uiAllEncodings : 0);
     gsc_oPreferredIsNative.Write(aui8Base, oPlan.IsFirstNative() ? 1 : 0);
     gsc_oContinuousFrequency.Write(aui8Base, HasContinuousFrequency(oPlan) ? 1 : 0);
 }

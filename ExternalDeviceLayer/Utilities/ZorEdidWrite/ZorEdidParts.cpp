@@ -377,14 +377,14 @@ int CPartsEdit::AddStandard(const unsigned char* pui8Bytes, const SWhere& oWhere
         return Refuse(m_oWhyNot);
     }
     const SPiece oPiece = MakePiece(pui8Bytes, gsc_uiStandardSize);
-    if (IsUnusedStandard(oPiece) || pui8Bytes[0] == 0)
+    if (IsUnusedSlot(oPiece) || pui8Bytes[0] == 0)
     {
         return Refuse("these bytes say no standard timing");
     }
     CPieces& aoStandards = oBlock.Get(eList_Standards);
     SPiece* poFirst = aoStandards.GetData();
     const auto uiUnused =
-        static_cast<unsigned int>(std::find_if(poFirst, poFirst + aoStandards.GetCount(), IsUnusedStandard) - poFirst);
+        static_cast<unsigned int>(std::find_if(poFirst, poFirst + aoStandards.GetCount(), IsUnusedSlot) - poFirst);
     const unsigned int uiPlace = oWhere.m_uiPlace == gsc_uiAny ? uiUnused : oWhere.m_uiPlace;
     if (uiUnused == aoStandards.GetCount())
     {

@@ -140,6 +140,13 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         { eZorEdidRule_UnreadRangeOffsets, With(aui8Good, 0x48, "00*3 FD 02 32 4B 1E 53 11 01 0A 20*6"),
           With(aui8Good, 0x48, "00*3 FD 00 32 4B 1E 53 11 01 0A 20*6") },
         { eZorEdidRule_UnreadDescriptor, With(MakeImage("41 01"), 0x86, "00*3 FC 00 41 0A 20*11"), MakeImage("41 01") },
+        { eZorEdidRule_UnreadDescriptor, With(aui8Good, 0x48, "00*3 FC 05 41 0A 20*11"),
+          With(aui8Good, 0x48, "00*3 FC 00 41 0A 20*11") },
+        { eZorEdidRule_ListedMore, With(MakeImage("43 10 1F 20"), 0x82, "06"), MakeImage("43 10 1F 20") },
+        { eZorEdidRule_ListedMore, MakeImage("41 10 6E 03 0C 00 10 00 00 2D 60 05 06 00 40 01 02"),
+          MakeImage("41 10 6E 03 0C 00 10 00 00 2D 20 00 40 01 02 00 00") },
+        { eZorEdidRule_UnlistedTiming, MakeImage("41 10 E0 E2 0E 61"), MakeImage("41 10 E2 0E 61") },
+        { eZorEdidRule_UnlistedTiming, With(aui8Good, 0x26, "01 40"), With(aui8Good, 0x26, "01 01") },
         { eZorEdidRule_UnlistedTiming, With(aui8Good, 0x48, "02 3A 00 18 01 38 2D 40 58 2C 45 00 00*6"),
           With(aui8Good, 0x48, "02 3A 80 18 71 38 2D 40 58 2C 45 00 00*6") },
     };

@@ -145,6 +145,30 @@ TEST(Modes, DisplayId)
                   "1920x1080 60.000 148500 2200x1125 table fraction" });
 }
 
+// A map counts the codes of all CTA-861 blocks that the image counts; those of a DisplayID section are its own.
+TEST(Modes, PlacesOfVideoCodes)
+{
+    const CBytes aui8Cta = ParseBytes("42 10 1F E2 0F 02");
+    const CBytes aui8Section = MakeDisplayIdBlock(MakeDataBlock(0x81, 0, aui8Cta));
+    CBytes aui8Base = MakeBase("00 00 00");
+    aui8Base[126] = 3;
+    ExpectModes(Join({ aui8Base, aui8Section, MakeCta("42 61 60 E2 0F 04"), MakeCta("41 5F") }),
+                { "1920x1080 60.000 148500 2200x1125 table fraction", "1920x1080 50.000 148500 2640x1125 table also",
+                  "3840x2160 60.000 594000 4400x2250 table fraction", "3840x2160 50.000 594000 5280x2250 table",
+                  "3840x2160 30.000 297000 4400x2250 table fraction also" });
+    ExpectModes(Join({ MakeBase("00 00 00"), MakeCta("41 61 E2 0F 03"), MakeCta("41 5F") }),
+                { "3840x2160 60.000 594000 4400x2250 table fraction also" });
+}
+
+// Revisions are those of version 1: another version is read as its first one, square pixels and no preferred timing.
+TEST(Modes, OtherVersion)
+{
+    CBytes aui8Image = Join({ MakeBase("00 00 00 81 00", "", 0), MakeCta("41 10") });
+    aui8Image[18] = 2;
+    ExpectModes(aui8Image,
+                { "1280x1280 60.000 137376 1728x1325 assumed", "1920x1080 60.000 148500 2200x1125 table fraction" });
+}
+
 TEST(Modes, Partner)
 {
     CZorEdidModes oModes;

@@ -55,6 +55,29 @@ inline std::string CheckModes(const CZorEdidModes& oModes, const CZorEdidMap& oM
             }
         }
     }
+    // Of one map of places that selects some of the codes: these are the ones that the modes are marked by.
+    std::multiset<std::string> asAlso;
+    std::multiset<std::string> asSelected;
+    unsigned int uiMaps = 0;
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        SZorMode oMode;
+        const bool bCounted = oField.m_uiOffset / ZorStandards::gsc_uiBlockSize <= uiBlocks;
+        uiMaps += bCounted && oField.m_eId == eZorEdidField_Cta420Map ? 1U : 0U;
+        if (bCounted && oField.m_eId == eZorEdidField_Cta420MapVic && oField.m_llNumber != 0 && oMap.GetMode(i, oMode))
+        {
+            asSelected.insert("4:2:0 code " + std::to_string(oMode.m_uiCode) + "\n");
+        }
+    }
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oMode = oModes.Get(i);
+        if (oMode.m_eField == eZorEdidField_CtaVideoDescriptor && oMode.m_oMode.m_eY420 == SZorMode::eY420_Also)
+        {
+            asAlso.insert("4:2:0 code " + std::to_string(oMode.m_oMode.m_uiCode) + "\n");
+        }
+    }
     std::string sDifferences;
     const auto fnAdd = [&](const char* pszWho, const auto& asOne, const auto& asOther) {
         std::multiset<std::string> asOnly;
@@ -66,5 +89,10 @@ inline std::string CheckModes(const CZorEdidModes& oModes, const CZorEdidMap& oM
     };
     fnAdd("listed: ", asListed, asMapped);
     fnAdd("in the map: ", asMapped, asListed);
+    if (uiMaps == 1 && !asSelected.empty())
+    {
+        fnAdd("marked: ", asAlso, asSelected);
+        fnAdd("selected: ", asSelected, asAlso);
+    }
     return sDifferences;
 }

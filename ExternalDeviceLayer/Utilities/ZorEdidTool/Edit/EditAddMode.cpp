@@ -299,7 +299,7 @@ bool ParseModeline(const std::string& sText, SZorMode& oMode)
 void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode)
 {
     CBytes aui8Base = oFields.GetBytes();
-    const unsigned int uiOffset = FindLimits(aui8Base.data());
+    const unsigned int uiOffset = BaseBlock::FindRangeLimits(aui8Base.data());
     if (uiOffset == 0 || oMode.m_oRate.m_ullDivisor == 0)
     {
         return;

@@ -30,19 +30,6 @@ bool WriteHeldRates(unsigned char* pui8Limits, const SRatePlaces& oPlaces, unsig
 }
 } // namespace
 
-unsigned int FindLimits(const unsigned char* pui8Base)
-{
-    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
-    {
-        const unsigned char* pui8Descriptor = pui8Base + DescriptorOffset(i);
-        if (!HasPixelClock(pui8Descriptor) && pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagRangeLimits)
-        {
-            return DescriptorOffset(i);
-        }
-    }
-    return 0;
-}
-
 std::string GetLimitsText(const SLimits& oLimits)
 {
     constexpr double dKiloHzPerMegaHz = 1000;

@@ -9,9 +9,6 @@
 
 using SLimits = ZorStandards::Descriptors::SRangeLimits;
 
-// The offset of the first range limits; 0 without any.
-unsigned int FindLimits(const unsigned char* pui8Base);
-
 // "48 to 75 Hz, 30 to 83 kHz, 170 MHz"
 std::string GetLimitsText(const SLimits& oLimits);
 

@@ -13,7 +13,9 @@
 #include "MapText.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/HdmiBlocks.h"
 #include "Standards/Modes.h"
+#include "Standards/Ouis.h"
 #include "Standards/VideoCodes.h"
 #include "ZorEdidRules.h"
 
@@ -27,6 +29,8 @@ constexpr unsigned int gsc_uiReferencesEnd = 145;
 
 constexpr const char* gsc_pszReferred =
     "a video format preference or native resolution data block refers to its video code";
+constexpr const char* gsc_pszDisputedHdmi =
+    "HDMI codes at different places for different readers; --set cta.hdmi.i-latency-fields-present=no makes it one";
 constexpr const char* gsc_pszPreferred = "the preferred timing can only be replaced, by --preferred";
 
 void Erase(CPresent& aiPresent, unsigned int uiPlace) { aiPresent.erase(aiPresent.begin() + uiPlace); }
@@ -57,6 +61,22 @@ bool IsOrdinary(const SEditedBlock& oBlock, unsigned int uiNumber)
         }
     }
     return false;
+}
+
+// Whether the library and the map read the video fields of an HDMI data block at different places.
+bool HasDisputedHdmi(const CEdidExtBlockCEA861& oCea)
+{
+    using namespace ZorStandards;
+    const Cta::SPayload oCollection = Cta::FindCollection(oCea.GetData(), gsc_uiBlockSize);
+    Cta::CDataBlockWalk oWalk(oCea.GetData(), oCollection.m_uiOffset + oCollection.m_uiLength);
+    bool bDisputed = false;
+    while (!bDisputed && oWalk.Next({ Cta::gsc_uiVendorTag, false }))
+    {
+        const CRecordBytes oPayload(oCea.GetData() + oWalk.GetPayload().m_uiOffset, oWalk.GetLength());
+        bDisputed = oPayload.Get(Little24(0)) == gsc_uiOuiHdmi &&
+                    Hdmi::IsVideoOffsetDisputed(oPayload.GetPart(Cta::gsc_uiOuiSize, oPayload.GetSize()));
+    }
+    return bDisputed;
 }
 
 // The bytes that the library lists as a code, but for those of 4:2:0 data blocks.
@@ -217,6 +237,10 @@ std::string CEditImage::RemoveCodes(SEditedBlock& oBlock, const CCodeSearch& fnF
     if (fnFind(*GetCea(oBlock)).empty())
     {
         return "";
+    }
+    if (HasDisputedHdmi(*GetCea(oBlock)))
+    {
+        return NameBlock(oBlock) + " has " + gsc_pszDisputedHdmi;
     }
     std::string sReason = EditCea(oBlock, [&](CEdidExtBlockCEA861& oCea) {
         std::vector<unsigned int> auiOffsets;

@@ -160,7 +160,7 @@ std::string PutLimits(CFieldEdits& oFields, const SAskedLimits& oAsked)
     }
     const bool bNew = !oFields.Has(eZorEdidField_BaseRange);
     const CBytes aui8Base = oFields.GetBytes();
-    const unsigned int uiOffset = FindLimits(aui8Base.data());
+    const unsigned int uiOffset = BaseBlock::FindRangeLimits(aui8Base.data());
     if (bNew && (oAsked.m_oHz.m_uiMost == 0 || oAsked.m_oKiloHz.m_uiMost == 0 || oAsked.m_uiMegaHz == 0))
     {
         return "the image has no range limits, and new ones need all of Hz, kHz and MHz";

@@ -7,8 +7,9 @@
 #include "FieldEdits.h"
 #include "NearWord.h"
 #include "Standards/ColourBlocks.h"
-#include "Standards/CtaBlocks.h"
+#include "Standards/ExtensionBlocks.h"
 #include "Standards/HdmiBlocks.h"
+#include "Standards/VideoCodes.h"
 #include "TextFormat.h"
 #include "ZorEdidModes.h"
 
@@ -78,8 +79,8 @@ constexpr SColorimetry gsc_aoColorimetries[] = {
     { "sycc601", eZorEdidField_CtaColorimetrySycc601 },     { "opycc601", eZorEdidField_CtaColorimetryOpycc601 },
     { "oprgb", eZorEdidField_CtaColorimetryOprgb },         { "bt2020cycc", eZorEdidField_CtaColorimetryBt2020cycc },
     { "bt2020ycc", eZorEdidField_CtaColorimetryBt2020ycc }, { "bt2020rgb", eZorEdidField_CtaColorimetryBt2020rgb },
-    { "dci-p3", eZorEdidField_CtaColorimetrySt2113rgb },    { "ictcp", eZorEdidField_CtaColorimetryIctcp },
-    { "srgb", eZorEdidField_CtaColorimetrySrgb },           { "defaultrgb", eZorEdidField_CtaColorimetryDefaultrgb },
+    { "st2113rgb", eZorEdidField_CtaColorimetrySt2113rgb }, { "ictcp", eZorEdidField_CtaColorimetryIctcp },
+    { "srgb", eZorEdidField_CtaColorimetrySrgb },           { "default-rgb", eZorEdidField_CtaColorimetryDefaultrgb },
 };
 
 std::string PutColorimetry(CFieldEdits& oFields, const CTexts& asNames)
@@ -265,39 +266,33 @@ std::string Put420(CFieldEdits& oFields, unsigned int uiVic)
     return sProblem;
 }
 
-// As FindCode, of the data blocks of one kind.
-bool FindCodeIn(const CZorEdidMap& oMap, EZorEdidField eBlock, unsigned int uiVic, unsigned int& uiPlace)
-{
-    unsigned int uiCodes = 0;
-    unsigned int uiEnd = 0; // of the last such data block
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        const CZorEdidMap::SField& oField = oMap.GetField(i);
-        uiEnd = oField.m_eId == eBlock ? oField.m_uiOffset + oField.m_uiLength : uiEnd;
-        if (oField.m_eId != eZorEdidField_CtaVideoVic || oField.m_uiOffset >= uiEnd)
-        {
-            continue;
-        }
-        if (oField.m_llNumber == uiVic)
-        {
-            uiPlace = uiCodes;
-            return true;
-        }
-        ++uiCodes;
-    }
-    return false;
-}
 } // namespace
 
 bool FindCode(const CZorEdidMap& oMap, unsigned int uiVic, unsigned int& uiPlace)
 {
-    return FindCodeIn(oMap, eZorEdidField_CtaVideo, uiVic, uiPlace);
+    const unsigned int uiBlocks = CountExtensions(oMap.GetData(), oMap.GetSize());
+    unsigned int uiPlaces = 0;
+    bool bFound = false;
+    ForEachVideoPlace(oMap.GetData(), oMap.GetSize(), uiBlocks, [&](unsigned int /*uiOffset*/, unsigned char ui8Byte) {
+        uiPlace = bFound ? uiPlace : uiPlaces++;
+        bFound = bFound || ReadShortVideo(ui8Byte).m_uiCode == uiVic;
+    });
+    return bFound;
 }
 
 bool Is420Only(const CZorEdidMap& oMap, unsigned int uiVic)
 {
-    unsigned int uiPlace = 0;
-    return FindCodeIn(oMap, eZorEdidField_Cta420Video, uiVic, uiPlace);
+    unsigned int uiEnd = 0; // of the last 4:2:0 data block
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = oMap.GetField(i);
+        uiEnd = oField.m_eId == eZorEdidField_Cta420Video ? oField.m_uiOffset + oField.m_uiLength : uiEnd;
+        if (oField.m_eId == eZorEdidField_CtaVideoVic && oField.m_uiOffset < uiEnd && oField.m_llNumber == uiVic)
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 // A word of a list that is not known.
@@ -340,7 +335,8 @@ std::string ParseAddHdr(const std::string& sText, CNamedEdit& fnEdit)
 
 std::string ParseColorimetry(const std::string& sText, CNamedEdit& fnEdit)
 {
-    const CTexts asNames = SplitText(sText, ",+");
+    CTexts asNames = SplitText(sText, ",+");
+    std::ranges::replace(asNames, "dci-p3", "st2113rgb"); // as programs of today call it
     for (const std::string& sName : asNames)
     {
         if (std::ranges::find(gsc_aoColorimetries, sName, &SColorimetry::m_pszName) == std::end(gsc_aoColorimetries))

@@ -2,6 +2,7 @@
 
 #include "EditPlan.h"
 
+#include <string.h>
 #include <strings.h>
 
 #include <algorithm>
@@ -51,12 +52,27 @@ constexpr SNamedValue gsc_aoPcmDepths[] = { { "16", 0x1 }, { "20", 0x2 }, { "24"
 
 constexpr const char* gsc_pszNone = "none";
 
+// Any case; 'AC-3' is ac3, and 'WMA Pro' wma-pro.
+bool IsSameWord(const char* pszOne, const char* pszOther)
+{
+    const auto fnSkip = [](const char* psz) { return psz + strspn(psz, "- "); };
+    for (pszOne = fnSkip(pszOne), pszOther = fnSkip(pszOther); *pszOne != '\0';
+         pszOne = fnSkip(pszOne + 1), pszOther = fnSkip(pszOther + 1))
+    {
+        if (strncasecmp(pszOne, pszOther, 1) != 0)
+        {
+            return false;
+        }
+    }
+    return *pszOther == '\0';
+}
+
 template <size_t uiCount>
 bool FindValue(const SNamedValue (&aoValues)[uiCount], const std::string& sName, unsigned int& uiValue)
 {
     for (const SNamedValue& oValue : aoValues)
     {
-        if (strcasecmp(oValue.m_pszName, sName.c_str()) == 0)
+        if (IsSameWord(oValue.m_pszName, sName.c_str()))
         {
             uiValue = oValue.m_uiValue;
             return true;
@@ -178,6 +194,21 @@ std::string ParseAudio(const std::string& sText, CAudio& oAudio)
         return ParseAudioExtra(asFields[3], oAudio);
     }
     return uiFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm ? "pcm needs its bit depths, such as 16+20+24" : "";
+}
+
+std::string ParseSpeakers(const std::string& sText, unsigned int& uiMask)
+{
+    for (const std::string& sName : SplitText(sText, "+,"))
+    {
+        for (unsigned int i = gsc_uiListedSpeakers; i < std::size(gsc_apszSpeakers); ++i)
+        {
+            if (IsSameWord(gsc_apszSpeakers[i], sName.c_str()))
+            {
+                return "'" + sName + "' goes by its id, as in --set cta.speakers.lfe2=yes";
+            }
+        }
+    }
+    return ParseBitsOrNone(gsc_aoSpeakers, sText, "+,", uiMask);
 }
 
 std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
@@ -306,7 +337,7 @@ constexpr SEditOption gsc_aoOptions[] = {
     { eEdit_AudioSet, "--audio-set", "I=SPEC", "Replace an audio descriptor" },
     { eEdit_AudioRemove, "--audio-remove", "I", "Remove an audio descriptor" },
     { eEdit_Speakers, "--speakers", "LIST",
-      "Set the speakers, such as FL/FR+LFE+FC+RL/RR, in the first speaker data block or a new one; none removes "
+      "Set the speakers, such as FL/FR+LFE1+FC+BL/BR, in the first speaker data block or a new one; none removes "
       "the data blocks" },
     { eEdit_RepairChecksums, "--repair-checksums", "",
       "Make the checksum of every block right, and a DisplayID section's own" },
@@ -339,7 +370,7 @@ constexpr SEditOption gsc_aoOptions[] = {
       "Announce HDR: some of pq, hlg, gamma and sdr, and luminances such as max=600,frame=400,min=0.05", ParseAddHdr },
     { eEdit_Named, "--colorimetry", "LIST",
       "Set the colorimetries: some of bt2020rgb, bt2020ycc, bt2020cycc, oprgb, opycc601, sycc601, xvycc601, xvycc709, "
-      "dci-p3, ictcp, srgb, defaultrgb",
+      "st2113rgb, ictcp, srgb, default-rgb",
       ParseColorimetry },
     { eEdit_Named, "--vrr", "MIN-MAX", "Set the range of variable refresh of HDMI, such as 48-144; range limits follow",
       ParseVrr },
@@ -390,7 +421,7 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_AudioSet:
         return ParseAudioSet(sValue, oEdit);
     case eEdit_Speakers:
-        return ParseBitsOrNone(gsc_aoSpeakers, sValue, "+,", oEdit.m_uiNumber);
+        return ParseSpeakers(sValue, oEdit.m_uiNumber);
     case eEdit_RepairChecksums:
         return "";
     case eEdit_Set:

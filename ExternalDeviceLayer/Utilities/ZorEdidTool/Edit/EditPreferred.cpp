@@ -195,7 +195,7 @@ void CEditImage::FollowWithLimits(unsigned int uiTiming)
 {
     CBytes aui8Base(m_oEdid.GetBaseBlock(), m_oEdid.GetBaseBlock() + gsc_uiBlockSize);
     CBytes aui8Before = aui8Base;
-    const unsigned int uiOffset = FindLimits(aui8Base.data());
+    const unsigned int uiOffset = FindRangeLimits(aui8Base.data());
     const unsigned int uiRevision = ReadRevision(aui8Base.data());
     const unsigned int uiCount = m_oEdid.GetBaseDetailedCount();
     SZorMode oMode = {};

@@ -9,6 +9,7 @@
 #include "AudioNumbers.h"
 #include "FactWords.h"
 #include "JsonWriter.h"
+#include "SpeakerNames.h"
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
 
@@ -96,10 +97,6 @@ constexpr const char* gsc_apszSpaces[] = { "undefined", "srgb",   "bt601",  "bt7
                                            "adobe-rgb", "dci-p3", "bt2020", "custom" };
 constexpr const char* gsc_apszTransfers[] = { "undefined", "srgb",  "bt601", "bt1886", "adobe-rgb", "dci-p3",
                                               "bt2020",    "gamma", "pq",    "hlg",    "custom" };
-constexpr const char* gsc_apszSpeakers[] = { "FL/FR",       "LFE1",      "FC",      "BL/BR",     "BC",
-                                             "FLc/FRc",     "RLC/RRC",   "FLw/FRw", "TpFL/TpFR", "TpC",
-                                             "TpFC",        "LS/RS",     "LFE2",    "TpBC",      "SiL/SiR",
-                                             "TpSiL/TpSiR", "TpBL/TpBR", "BtFC",    "BtFL/BtFR", "TpLS/TpRS" };
 constexpr const char* gsc_apszQuestions[] = { "product",
                                               "serial_number",
                                               "serial_text",

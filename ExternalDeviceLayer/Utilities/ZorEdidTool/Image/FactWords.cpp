@@ -8,6 +8,7 @@
 
 #include "AudioNumbers.h"
 #include "FactList.h"
+#include "Standards/AudioBlocks.h"
 #include "Standards/Makers.h"
 #include "TextFormat.h"
 
@@ -156,25 +157,6 @@ std::string DescribeAbsence(const CFacts& oFacts, const char* pszDenial)
 }
 
 // ---- Audio ----
-
-constexpr const char* gsc_apszAudioNames[] = { "",      "PCM",   "AC-3",   "MPEG-1", "MP3", "MPEG-2", "AAC",    "DTS",
-                                               "ATRAC", "1-bit", "E-AC-3", "DTS-HD", "MAT", "DST",    "WMA Pro" };
-constexpr const char* gsc_apszExtendedNames[] = { "",
-                                                  "",
-                                                  "",
-                                                  "",
-                                                  "MPEG-4 HE AAC",
-                                                  "MPEG-4 HE AAC v2",
-                                                  "MPEG-4 AAC LC",
-                                                  "DRA",
-                                                  "MPEG-4 HE AAC + Surround",
-                                                  "",
-                                                  "MPEG-4 AAC LC + Surround",
-                                                  "MPEG-H 3D",
-                                                  "AC-4",
-                                                  "L-PCM 3D",
-                                                  "Auro-Cx",
-                                                  "MPEG-D USAC" };
 
 std::string DescribeFormat(const CFacts::SAudioFormat& oFormat)
 {
@@ -412,11 +394,7 @@ std::string DescribeColour(const CZorEdidFacts::SColour& oColour)
 
 std::string NameAudioFormat(const CFacts::SAudioFormat& oFormat)
 {
-    const unsigned int uiExtended = oFormat.m_ui8Extended;
-    const char* pszName =
-        uiExtended != 0 && uiExtended < std::size(gsc_apszExtendedNames) ? gsc_apszExtendedNames[uiExtended]
-        : oFormat.m_ui8Format < std::size(gsc_apszAudioNames)            ? gsc_apszAudioNames[oFormat.m_ui8Format]
-                                                                         : "";
+    const char* pszName = ZorStandards::Audio::GetFormatName(oFormat.m_ui8Format, oFormat.m_ui8Extended);
     return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
 }
 

@@ -12,6 +12,7 @@
 #include "FactList.h"
 #include "MapText.h"
 #include "SpeakerNames.h"
+#include "Standards/AudioBlocks.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
@@ -264,14 +265,12 @@ constexpr unsigned int gsc_uiBitRateUnit = 8000; // of the third byte of the com
 std::vector<const char*> ListSpeakers(unsigned int uiMask)
 {
     std::vector<const char*> apszNames;
-    unsigned int uiLast = 0;
-    for (const SNamedValue& oSpeaker : gsc_aoSpeakers)
+    for (unsigned int i = 0; i < gsc_uiListedSpeakers; ++i)
     {
-        if (oSpeaker.m_uiValue != uiLast && (uiMask & oSpeaker.m_uiValue) != 0)
+        if ((uiMask >> i & 1U) != 0)
         {
-            apszNames.push_back(oSpeaker.m_pszName);
+            apszNames.push_back(gsc_apszSpeakers[i]);
         }
-        uiLast = oSpeaker.m_uiValue;
     }
     return apszNames;
 }
@@ -280,10 +279,12 @@ void WriteAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio, CJsonWriter
 {
     oJson.BeginObject();
     oJson.Member("format_code", static_cast<unsigned int>(oAudio.m_eFormat));
-    const CMString oName = CEdidExtBlockCEA861::GetAudioFormatStr(oAudio.m_eFormat);
-    if (oName[0] != '\0')
+    const unsigned char aui8Descriptor[] = { 0, 0, ZorStandards::LowByte(oAudio.m_uiExtra) };
+    const char* pszName = ZorStandards::Audio::GetFormatName(
+        oAudio.m_eFormat, ZorStandards::Audio::gsc_oExtendedFormat.Read(aui8Descriptor));
+    if (*pszName != '\0')
     {
-        oJson.Member("format_name", static_cast<const char*>(oName));
+        oJson.Member("format_name", pszName);
     }
     oJson.Member("channels", oAudio.m_uiChannels);
     oJson.Member("sampling_rates_hz", ListBits(gsc_aiSamplingRates, oAudio.m_eSamplingFreq));

@@ -1,4 +1,4 @@
-// Names of the speaker positions of CTA-861, by bit of the mask.
+// Names of the speaker positions of CTA-861, by bit of its bytes, the first byte below.
 
 #pragma once
 
@@ -9,11 +9,29 @@ struct SNamedValue
     unsigned int m_uiValue;
 };
 
-// In the order of the bits. The first name of a bit is printed; the second one, of later editions of the standard, is
-// read, too.
+inline constexpr const char* gsc_apszSpeakers[] = {
+    "FL/FR", "LFE1",  "FC",   "BL/BR", "BC",      "FLc/FRc",     "RLC/RRC",   "FLw/FRw", "TpFL/TpFR", "TpC",
+    "TpFC",  "LS/RS", "LFE2", "TpBC",  "SiL/SiR", "TpSiL/TpSiR", "TpBL/TpBR", "BtFC",    "BtFL/BtFR", "TpLS/TpRS",
+};
+
+// What is read: of the positions that the library's lists hold these names, and those of earlier editions.
+inline constexpr unsigned int gsc_uiListedSpeakers = 11;
 inline constexpr SNamedValue gsc_aoSpeakers[] = {
-    { "FL/FR", 0x001 },   { "LFE", 0x002 },     { "FC", 0x004 },      { "RL/RR", 0x008 },
-    { "BL/BR", 0x008 },   { "RC", 0x010 },      { "BC", 0x010 },      { "FLC/FRC", 0x020 },
-    { "RLC/RRC", 0x040 }, { "FLW/FRW", 0x080 }, { "FLH/FRH", 0x100 }, { "TpFL/TpFR", 0x100 },
-    { "TC", 0x200 },      { "TpC", 0x200 },     { "FCH", 0x400 },     { "TpFC", 0x400 },
+    { gsc_apszSpeakers[0], 0x001 },
+    { gsc_apszSpeakers[1], 0x002 },
+    { "LFE", 0x002 },
+    { gsc_apszSpeakers[2], 0x004 },
+    { gsc_apszSpeakers[3], 0x008 },
+    { "RL/RR", 0x008 },
+    { gsc_apszSpeakers[4], 0x010 },
+    { "RC", 0x010 },
+    { gsc_apszSpeakers[5], 0x020 },
+    { gsc_apszSpeakers[6], 0x040 },
+    { gsc_apszSpeakers[7], 0x080 },
+    { gsc_apszSpeakers[8], 0x100 },
+    { "FLH/FRH", 0x100 },
+    { gsc_apszSpeakers[9], 0x200 },
+    { "TC", 0x200 },
+    { gsc_apszSpeakers[10], 0x400 },
+    { "FCH", 0x400 },
 };

@@ -1,5 +1,7 @@
 // Modes over width and refresh rate, and over line rate and refresh rate, each with the range limits as a box.
 
+#include <limits.h>
+
 #include <algorithm>
 #include <map>
 #include <math.h>
@@ -8,6 +10,8 @@
 
 #include "ExactTimings.h"
 #include "PageParts.h"
+#include "Standards/BaseBlock.h"
+#include "Standards/Modes.h"
 #include "TextFormat.h"
 
 namespace
@@ -20,54 +24,50 @@ constexpr double gsc_dRight = 30;
 constexpr double gsc_dTop = 24;
 constexpr double gsc_dBottom = 50;
 
-// Of the range limits.
-struct SLimits
+using ZorStandards::Descriptors::SRangeLimits;
+
+bool HasLineRates(const SRangeLimits& oLimits) { return oLimits.m_uiMaxHorizontalRateInKiloHz != 0; }
+
+// The base block's, by which modes are judged everywhere. Those of a DisplayID section where it has none.
+SRangeLimits ReadLimits(const SPageImage& oImage)
 {
-    double m_dLeastRate; // Hz
-    double m_dMostRate;
-    double m_dLeastLineRate; // kHz; both 0 where they are not given
-    double m_dMostLineRate;
-    unsigned long long m_ullMostClock; // Hz; 0 where it is not given
-
-    bool IsSound() const { return m_dLeastRate <= m_dMostRate && m_dLeastLineRate <= m_dMostLineRate; }
-
-    bool HasLineRates() const { return m_dMostLineRate != 0; }
-
-    // Numbers that are not there are not held against the limits.
-    bool Holds(const SZorMode& oMode) const
+    const std::vector<unsigned char>& aui8Bytes = oImage.m_oInput.m_aui8Bytes;
+    const unsigned char* pui8Base = aui8Bytes.data();
+    const unsigned int uiOffset =
+        aui8Bytes.size() < ZorStandards::gsc_uiBlockSize ? 0 : ZorStandards::BaseBlock::FindRangeLimits(pui8Base);
+    if (uiOffset != 0)
     {
-        constexpr double dSlack = 0.5; // rates of the limits are whole numbers
-        const double dRate = GetRate(oMode);
-        const double dLineRate = GetLineRate(oMode);
-        return (dRate == 0 || (dRate >= m_dLeastRate - dSlack && dRate <= m_dMostRate + dSlack)) &&
-               (dLineRate == 0 || !HasLineRates() ||
-                (dLineRate >= m_dLeastLineRate - dSlack && dLineRate <= m_dMostLineRate + dSlack)) &&
-               (m_ullMostClock == 0 || oMode.m_ullClock <= m_ullMostClock);
+        return ZorStandards::Descriptors::ReadRangeLimits(pui8Base + uiOffset,
+                                                          ZorStandards::BaseBlock::ReadRevision(pui8Base));
     }
-};
-
-std::optional<SLimits> FindLimits(const SPageImage& oImage)
-{
-    constexpr unsigned long long ullHzPerKiloHz = 1000;
     const CZorEdidFacts::SLink& oLink = oImage.m_oFacts.GetLink();
     const CZorEdidFacts::SRange& oRates = oLink.m_oVerticalRates.m_oValue;
     const CZorEdidFacts::SRange& oLineRates = oLink.m_oHorizontalRates.m_oValue;
-    const SLimits oLimits = { static_cast<double>(oRates.m_uiLeast), static_cast<double>(oRates.m_uiMost),
-                              static_cast<double>(oLineRates.m_uiLeast), static_cast<double>(oLineRates.m_uiMost),
-                              ullHzPerKiloHz * oLink.m_oMaxPixelClock.m_oValue };
-    return oLink.m_oVerticalRates.IsSaid() && oLimits.IsSound() ? std::optional(oLimits) : std::nullopt;
+    const unsigned int uiClock = oLink.m_oMaxPixelClock.m_oValue;
+    return { oRates.m_uiLeast, oRates.m_uiMost, oLineRates.m_uiLeast, oLineRates.m_uiMost, uiClock, uiClock, UINT_MAX };
 }
 
-std::string DescribeLimits(const SLimits& oLimits)
+std::optional<SRangeLimits> FindLimits(const SPageImage& oImage)
 {
-    const auto fnRange = [](double dLeast, double dMost, const char* pszUnit) {
-        return dLeast == dMost ? FormatText("%.0f %s only", dLeast, pszUnit)
-                               : FormatText("%.0f to %.0f %s", dLeast, dMost, pszUnit);
+    const SRangeLimits oLimits = ReadLimits(oImage);
+    const bool bSound = oLimits.m_uiMinVerticalRateInHz <= oLimits.m_uiMaxVerticalRateInHz &&
+                        oLimits.m_uiMinHorizontalRateInKiloHz <= oLimits.m_uiMaxHorizontalRateInKiloHz;
+    return oLimits.m_uiMaxVerticalRateInHz != 0 && bSound ? std::optional(oLimits) : std::nullopt;
+}
+
+std::string DescribeLimits(const SRangeLimits& oLimits)
+{
+    constexpr unsigned long long ullHzPerKiloHz = 1000;
+    const auto fnRange = [](unsigned int uiLeast, unsigned int uiMost, const char* pszUnit) {
+        return uiLeast == uiMost ? FormatText("%u %s only", uiLeast, pszUnit)
+                                 : FormatText("%u to %u %s", uiLeast, uiMost, pszUnit);
     };
-    std::string sText = fnRange(oLimits.m_dLeastRate, oLimits.m_dMostRate, "Hz");
-    sText += oLimits.HasLineRates() ? ", " + fnRange(oLimits.m_dLeastLineRate, oLimits.m_dMostLineRate, "kHz") : "";
-    return sText +
-           (oLimits.m_ullMostClock != 0 ? ", clocks up to " + GetMegaHertz(oLimits.m_ullMostClock, 0) + " MHz" : "");
+    const unsigned int uiClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
+    std::string sText = fnRange(oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz, "Hz");
+    sText += HasLineRates(oLimits)
+                 ? ", " + fnRange(oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz, "kHz")
+                 : "";
+    return sText + (uiClock != 0 ? ", clocks up to " + GetMegaHertz(uiClock * ullHzPerKiloHz, 0) + " MHz" : "");
 }
 
 // Where modes lie on one another, one point.
@@ -148,9 +148,10 @@ private:
         m_aoLimits[uiImage] = FindLimits(oImage);
         if (m_aoLimits[uiImage].has_value())
         {
-            m_dMostY = std::max(m_dMostY, m_aoLimits[uiImage]->m_dMostRate);
-            m_dLeastY = std::min(m_dLeastY, m_aoLimits[uiImage]->m_dLeastRate);
-            m_dMostX = std::max(m_dMostX, m_bLineRate ? m_aoLimits[uiImage]->m_dMostLineRate : 0);
+            const SRangeLimits& oLimits = *m_aoLimits[uiImage];
+            m_dMostY = std::max<double>(m_dMostY, oLimits.m_uiMaxVerticalRateInHz);
+            m_dLeastY = std::min<double>(m_dLeastY, oLimits.m_uiMinVerticalRateInHz);
+            m_dMostX = std::max<double>(m_dMostX, m_bLineRate ? oLimits.m_uiMaxHorizontalRateInKiloHz : 0);
         }
         for (const SModeRow& oRow : oImage.m_oModes.GetRows())
         {
@@ -161,7 +162,8 @@ private:
     void AddMode(const SModeRow& oRow, size_t uiImage)
     {
         const SZorMode& oMode = oRow.m_oMode;
-        const bool bOutside = m_aoLimits[uiImage].has_value() && !m_aoLimits[uiImage]->Holds(oMode);
+        const bool bOutside =
+            m_aoLimits[uiImage].has_value() && ZorStandards::IsBeyondLimits(oMode, *m_aoLimits[uiImage]);
         const std::string sMode = GetModeTitle(oMode) + (bOutside ? " (outside the range limits)" : "");
         if (m_bLineRate && !oMode.m_bTiming)
         {
@@ -232,14 +234,15 @@ private:
             {
                 continue;
             }
-            const SLimits& oLimits = *m_aoLimits[i];
-            if (m_bLineRate && !oLimits.HasLineRates())
+            const SRangeLimits& oLimits = *m_aoLimits[i];
+            if (m_bLineRate && !HasLineRates(oLimits))
             {
                 continue;
             }
-            const SSpan oX = m_bLineRate ? Widen(PlaceX(oLimits.m_dLeastLineRate), PlaceX(oLimits.m_dMostLineRate))
+            const SSpan oX = m_bLineRate ? Widen(PlaceX(oLimits.m_uiMinHorizontalRateInKiloHz),
+                                                 PlaceX(oLimits.m_uiMaxHorizontalRateInKiloHz))
                                          : SSpan{ gsc_dLeft, gsc_dWidth - gsc_dRight };
-            const SSpan oY = Widen(PlaceY(oLimits.m_dMostRate), PlaceY(oLimits.m_dLeastRate));
+            const SSpan oY = Widen(PlaceY(oLimits.m_uiMaxVerticalRateInHz), PlaceY(oLimits.m_uiMinVerticalRateInHz));
             const SText oSecond = { i == 0 ? "" : " second" };
             oHtml << "<rect class=\"limits" << SText{ m_bLineRate ? "" : " band" } << oSecond << "\" x=\""
                   << SDecimal{ oX.m_dFrom, 1 } << "\" y=\"" << SDecimal{ oY.m_dFrom, 1 } << "\" width=\""
@@ -307,7 +310,7 @@ private:
     const bool m_bLineRate;
     std::map<std::pair<long, long>, SPoint> m_aoPoints; // by whole units
     std::set<std::string> m_asBare;                     // modes without a line rate
-    std::optional<SLimits> m_aoLimits[2];
+    std::optional<SRangeLimits> m_aoLimits[2];
     double m_dLeastY = 60;
     double m_dMostX = 1;
     double m_dMostY = 1;
@@ -338,7 +341,7 @@ CHtml MakeModePlots(const SPage& oPage)
     bool bLimits = false;
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        if (const std::optional<SLimits> oLimits = FindLimits(*oPage.m_apoImages[i]))
+        if (const std::optional<SRangeLimits> oLimits = FindLimits(*oPage.m_apoImages[i]))
         {
             oHtml << "<li><span class=\"box" << SText{ i == 0 ? "" : " second" } << "\"></span>range limits "
                   << SText{ oPage.GetMark(i) } << SText{ oPage.IsPair() ? ": " : "" }

@@ -201,6 +201,17 @@ TEST_F(EditNamed, IsRefused)
     }
 }
 
+// Codes in a DisplayID section have no place in the map of a CTA-861 block.
+TEST_F(EditNamed, PlacesOf420)
+{
+    CBytes aui8Cta = ParseBytes("02 03 07 00 42 61 60");
+    aui8Cta.resize(gsc_uiBlockSize);
+    CFieldEdits oFields(
+        MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(0x81, 0, ParseBytes("42 10 1F"))), FixChecksums(aui8Cta) }));
+    EXPECT_EQ("", Do(oFields, "--ycbcr420", "97"));
+    EXPECT_EQ(CBytes{ 1 }, oFields.GetPayload(eZorEdidField_Cta420Map));
+}
+
 using CRules = std::map<std::string, unsigned int>;
 
 CRules CountFindings(const CFieldEdits& oFields)

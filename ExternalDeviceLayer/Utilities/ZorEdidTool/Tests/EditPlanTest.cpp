@@ -47,6 +47,7 @@ TEST(EditPlan, Numbers)
         { "--deep-color", "36+36", eEdit_DeepColor, 2 },
         { "--speakers", "none", eEdit_Speakers, 0 },
         { "--speakers", "FL/FR+LFE+FC+RL/RR", eEdit_Speakers, 0x00F },
+        { "--speakers", "FL/FR+LFE1+FC+BL/BR", eEdit_Speakers, 0x00F },
         { "--speakers", "rc,FLC/FRC,RLC/RRC,FLW/FRW", eEdit_Speakers, 0x0F0 },
         { "--speakers", "TpFL/TpFR+TpC+TpFC+BL/BR+BC", eEdit_Speakers, 0x718 },
         { "--speakers", "FLH/FRH,TC,FCH", eEdit_Speakers, 0x700 },
@@ -89,6 +90,8 @@ const SAudioCase gsc_aoAudios[] = {
     { "mat,8ch,192,0x00", 12, 8, 0x40, 0 },
     { "dst,2ch,48", 13, 2, 0x04, 0 },
     { "wma-pro,8ch,48,0x03", 14, 8, 0x04, 3 },
+    { "WMA Pro,8ch,48,0x03", 14, 8, 0x04, 3 }, // as 'show' has them
+    { "E-AC-3,8ch,48,0x01", 10, 8, 0x04, 1 },
 };
 
 TEST(EditPlan, AudioDescriptors)
@@ -143,8 +146,9 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--deep-color", "30,", "unknown value ''; expected one of 30, 36, 48" },
         { "--deep-color", "none,30", "unknown value 'none'; expected one of 30, 36, 48" },
         { "--speakers", "FL/FR+XX",
-          "unknown value 'XX'; expected one of FL/FR, LFE, FC, RL/RR, BL/BR, RC, BC, FLC/FRC, RLC/RRC, FLW/FRW, "
-          "FLH/FRH, TpFL/TpFR, TC, TpC, FCH, TpFC" },
+          "unknown value 'XX'; expected one of FL/FR, LFE1, LFE, FC, BL/BR, RL/RR, BC, RC, FLc/FRc, RLC/RRC, FLw/FRw, "
+          "TpFL/TpFR, FLH/FRH, TpC, TC, TpFC, FCH" },
+        { "--speakers", "FL/FR+LS/RS", "'LS/RS' goes by its id, as in --set cta.speakers.lfe2=yes" },
         { "--audio-add", "pcm,2ch", "'pcm,2ch'" + sAudio },
         { "--audio-add", "pcm,2ch,48,16,24", "'pcm,2ch,48,16,24'" + sAudio },
         { "--audio-add", "pcm,2ch,48", "pcm needs its bit depths, such as 16+20+24" },

@@ -7,7 +7,8 @@ import sys
 import tempfile
 import unittest
 
-from FactsTest import change, COMMAND, fix_sums, MONITOR as IMAGE, PROJECT
+from Checksums import fix_sums
+from FactsTest import change, COMMAND, MONITOR as IMAGE, PROJECT
 
 MONITOR = os.path.join(PROJECT, "examples/monitor.bin")
 
@@ -276,6 +277,9 @@ class Edits(unittest.TestCase):
         cut = damaged + "an audio data block is cut within a descriptor"
         formats = "block 1 has 3D formats for all of its first 16 video codes, or damaged ones"
         all_3d = "6c030c0010000000" + "20a0020140"
+        disputed = "block 1 has HDMI codes at different places for different readers; " \
+                   "--set cta.hdmi.i-latency-fields-present=no makes it one"
+        interlaced = cea("4110" + "6e030c001000002d60050600400102")
         code, counted = (" refers to its video code", " refers to it or a later timing by position")
         preference = cea("420405e40d058310")
         for image, arguments, reason in (
@@ -287,6 +291,7 @@ class Edits(unittest.TestCase):
                 (byte_2(0), "--speakers FL/FR", "block 1 says that it holds no data blocks (byte 2 is 0)"),
                 (cea("51" + "".join("%02x" % i for i in range(1, 18)) + all_3d), "--remove-standard 7", formats),
                 (cea("4410040502" + "6b030c001000000020800118"), "--remove-standard 7", formats),
+                (interlaced, "--remove-vic 95", disputed), (interlaced, "--remove 3840x2160@30", disputed),
                 (preference, "--remove-detailed 2", counted), (preference, "--remove-detailed 1", counted),
                 (preference, "--remove-standard 9", code), (cea("420405e20804"), "--remove-standard 8", code)):
             with self.subTest(arguments):

@@ -15,6 +15,8 @@ import unittest
 import xml.etree.ElementTree
 from fractions import Fraction
 
+from Checksums import fix_sums
+
 try:
     import jsonschema
 except ImportError:
@@ -31,12 +33,6 @@ THIS_YEAR = datetime.date.today().year
 
 
 # ---- Images ----
-
-def fix_sums(image):
-    """All blocks with the right checksum."""
-    blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
-    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
-
 
 def change(edits, image=MONITOR, fix=True):
     """A copy with bytes written at offsets; the checksums are mended unless the damage is one of them."""
@@ -302,7 +298,7 @@ class ReportTest(ToolTest):
         self.assertEqual(image["extensions"], [{
             "block": 1, "tag": 2, "kind": "cea-861", "revision": 3, "checksum": "73", "checksum_valid": True,
             "loaded": True, "ycbcr": True,
-            "audio": [{"format_code": 1, "format_name": "Linear Pulse Code Modulation (PCM)", "channels": 2,
+            "audio": [{"format_code": 1, "format_name": "PCM", "channels": 2,
                        "sampling_rates_hz": [32000, 44100, 48000], "sample_bits": [16], "extra": "01"}],
             "speakers": [{"mask": 1, "positions": ["FL/FR"]}], "free_bytes": 20}])
 
@@ -349,9 +345,9 @@ class ReportTest(ToolTest):
                           run("report", "--format", "extended", self.save(with_blocks(deep)), status=0)[0])
             self.assertEqual(block["deep_color_bits"], [30, 36, 48])
             self.assertEqual(block["audio"], [
-                {"format_code": 1, "format_name": "Linear Pulse Code Modulation (PCM)", "channels": 2,
+                {"format_code": 1, "format_name": "PCM", "channels": 2,
                  "sampling_rates_hz": [32000, 44100, 48000], "sample_bits": [16, 20, 24], "extra": "07"},
-                {"format_code": 2, "format_name": "AC3", "channels": 6, "sampling_rates_hz": [32000, 44100, 48000],
+                {"format_code": 2, "format_name": "AC-3", "channels": 6, "sampling_rates_hz": [32000, 44100, 48000],
                  "max_bit_rate_bps": 640000, "extra": "50"},
                 {"format_code": 7, "format_name": "DTS", "channels": 7,
                  "sampling_rates_hz": [44100, 48000, 88200, 96000], "max_bit_rate_bps": 0, "extra": "00"}])

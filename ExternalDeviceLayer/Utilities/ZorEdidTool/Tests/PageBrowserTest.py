@@ -11,6 +11,8 @@ import sys
 import tempfile
 import unittest
 
+from Checksums import fix_sums
+
 SKIPPED = 77
 try:
     from selenium import webdriver
@@ -46,11 +48,6 @@ def start_browser():
     options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
     options.binary_location = BROWSER
     return webdriver.Chrome(options=options, service=Service(DRIVER))
-
-
-def fix_sums(image):
-    blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
-    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
 
 
 def hostile():

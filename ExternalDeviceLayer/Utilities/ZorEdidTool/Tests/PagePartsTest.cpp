@@ -323,7 +323,7 @@ TEST(PagePlots, LimitsAreABandOrABox)
     EXPECT_TRUE(Has(sHtml, " Range limits: 56 to 75 Hz, 30 to 83 kHz, clocks up to 170 MHz."));
     EXPECT_EQ(0U, Count(sHtml, "mode preferred outside"));
 
-    // What lies less than half a unit beyond is within the limits, which are whole numbers.
+    // What lies less than a unit beyond is within the limits, but for the clock.
     const struct
     {
         std::vector<unsigned char> m_aui8Limits;

@@ -17,6 +17,8 @@ import time
 import unittest
 import urllib.parse
 
+from Checksums import fix_sums
+
 COMMAND, PROJECT, CORPUS = (sys.argv[1:] + [""])[:3]
 with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as file:
     MONITOR = file.read()
@@ -61,11 +63,6 @@ class Page(html.parser.HTMLParser):
         wanted = {name.lstrip("_").replace("_", "-"): value for name, value in wanted.items()}
         return [element for element in self.elements
                 if all(element.get(name) == value for name, value in wanted.items())]
-
-
-def fix_sums(image):
-    blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
-    return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
 
 
 def with_descriptors(*texts):

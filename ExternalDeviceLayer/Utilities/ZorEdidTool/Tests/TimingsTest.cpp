@@ -311,7 +311,7 @@ TEST_F(ListedTimings, ExtensionsInJson)
     EXPECT_EQ(10, oCea["audio"][2]["format_code"]);
     EXPECT_EQ("03", oCea["audio"][2]["extra"]);
     EXPECT_FALSE(oCea["audio"][2].contains("max_bit_rate_bps") || oCea["audio"][2].contains("sample_bits"));
-    EXPECT_EQ(fnParse(R"([{"mask": 393, "positions": ["FL/FR", "RL/RR", "FLW/FRW", "FLH/FRH"]}])"), oCea["speakers"]);
+    EXPECT_EQ(fnParse(R"([{"mask": 393, "positions": ["FL/FR", "BL/BR", "FLw/FRw", "TpFL/TpFR"]}])"), oCea["speakers"]);
     EXPECT_EQ(fnParse("[30, 48]"), oCea["deep_color_bits"]);
     EXPECT_EQ(99, oCea["free_bytes"]); // of 100
     EXPECT_EQ(true, oJson["extensions"][1]["loaded"]);

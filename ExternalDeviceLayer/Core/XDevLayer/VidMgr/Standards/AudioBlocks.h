@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <iterator>
+
 #include "Place.h"
 
 namespace ZorStandards::Audio
@@ -57,6 +59,32 @@ constexpr bool HasChannels(unsigned int uiFormat, unsigned int uiExtended)
 {
     return uiFormat != 0 && (uiFormat != gsc_uiExtendedFormat || uiExtended == gsc_uiMpegDUsac ||
                              (!IsUnknownExtended(uiExtended) && uiExtended < gsc_uiMpegH));
+}
+
+// The short name of a format; uiExtended counts with gsc_uiExtendedFormat. Empty for a reserved one.
+constexpr const char* GetFormatName(unsigned int uiFormat, unsigned int uiExtended)
+{
+    constexpr const char* apszNames[] = { "",      "PCM",   "AC-3",   "MPEG-1", "MP3", "MPEG-2", "AAC",    "DTS",
+                                          "ATRAC", "1-bit", "E-AC-3", "DTS-HD", "MAT", "DST",    "WMA Pro" };
+    constexpr const char* apszExtended[] = { "",
+                                             "",
+                                             "",
+                                             "",
+                                             "MPEG-4 HE AAC",
+                                             "MPEG-4 HE AAC v2",
+                                             "MPEG-4 AAC LC",
+                                             "DRA",
+                                             "MPEG-4 HE AAC + Surround",
+                                             "",
+                                             "MPEG-4 AAC LC + Surround",
+                                             "MPEG-H 3D",
+                                             "AC-4",
+                                             "L-PCM 3D",
+                                             "Auro-Cx",
+                                             "MPEG-D USAC" };
+    return uiFormat < gsc_uiExtendedFormat                                            ? apszNames[uiFormat]
+           : uiFormat == gsc_uiExtendedFormat && uiExtended < std::size(apszExtended) ? apszExtended[uiExtended]
+                                                                                      : "";
 }
 
 // ---- The head of the HDMI Audio Data Block: HDMI 2.0 ----

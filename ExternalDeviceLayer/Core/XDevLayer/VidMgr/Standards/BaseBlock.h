@@ -54,7 +54,6 @@ constexpr unsigned int gsc_uiRatioOffset = 99;
 // Other fields; of digital inputs from revision 4 on the colour type is a list of encodings.
 constexpr SPlace gsc_oGamma = Byte(gsc_uiGammaOffset);
 constexpr SPlace gsc_oDisplayColorType = Bits(0x18, 4, 3);
-constexpr SPlace gsc_oColorEncodings = Bits(0x18, 4, 3);
 constexpr SPlace gsc_oSrgbDefault = Bit(0x18, 2);
 constexpr SPlace gsc_oPreferredIsNative = Bit(0x18, 1);
 constexpr SPlace gsc_oContinuousFrequency = Bit(0x18, 0);
@@ -132,6 +131,20 @@ constexpr unsigned int gsc_uiDescriptors = 4;
 constexpr unsigned int DescriptorOffset(unsigned int uiDescriptor)
 {
     return gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiDescriptorSize;
+}
+
+// The offset of the first range limits, whatever their reserved bytes are; 0 without any.
+constexpr unsigned int FindRangeLimits(const unsigned char* pui8Block)
+{
+    for (unsigned int i = 0; i < gsc_uiDescriptors; ++i)
+    {
+        const unsigned char* pui8Descriptor = pui8Block + DescriptorOffset(i);
+        if (!HasPixelClock(pui8Descriptor) && pui8Descriptor[gsc_uiTagOffset] == gsc_ui8TagRangeLimits)
+        {
+            return DescriptorOffset(i);
+        }
+    }
+    return 0;
 }
 } // namespace BaseBlock
 } // namespace ZorStandards

@@ -33,7 +33,6 @@ constexpr SBitsPlace gsc_oHeaderLength = { 0, 4, 0 }; // of the payload
 constexpr unsigned int gsc_uiHeaderSize = 1;
 constexpr unsigned int gsc_uiMostPayload = gsc_oHeaderLength.GetMost();
 constexpr unsigned int gsc_uiAudioTag = 1;
-constexpr unsigned int gsc_uiSpeakerTag = 4;
 constexpr unsigned int gsc_uiVideoTag = 2;
 constexpr unsigned int gsc_uiVendorTag = 3; // the payload begins with an OUI
 constexpr unsigned int gsc_uiSpeakersTag = 4;
@@ -56,6 +55,7 @@ constexpr unsigned int gsc_uiExtendedHdmiAudio = 18;
 constexpr unsigned int gsc_uiExtendedType7 = 34;
 constexpr unsigned int gsc_uiExtendedType8 = 35;
 constexpr unsigned int gsc_uiExtendedType10 = 42;
+constexpr unsigned int gsc_uiExtendedOverride = 120; // of the number of extension blocks, HDMI 2.1
 constexpr unsigned int gsc_uiExtendedHdmiSink = 121;
 constexpr unsigned int gsc_uiExtendedToneMapping = 122;
 constexpr unsigned int gsc_uiOuiSize = 3;
@@ -207,6 +207,38 @@ private:
     bool m_bCut = false;
     SPayload m_oPayload = { 0, 0 };
 };
+
+// The data block collection of a CTA-861 block of which uiSize bytes are there, as far as it is there; of length 0 when
+// there is none.
+constexpr SPayload FindCollection(const unsigned char* pui8Block, unsigned int uiSize)
+{
+    if (uiSize < gsc_uiDataBlocksOffset || pui8Block[gsc_uiTagOffset] != gsc_uiTag ||
+        pui8Block[gsc_uiRevisionOffset] < gsc_uiDataBlocksRevision)
+    {
+        return { 0, 0 };
+    }
+    const unsigned int uiStart = pui8Block[gsc_uiDetailedStartOffset];
+    if (uiStart < gsc_uiDataBlocksOffset || uiStart >= gsc_uiBlockSize)
+    {
+        return { 0, 0 };
+    }
+    return { gsc_uiDataBlocksOffset, (uiStart < uiSize ? uiStart : uiSize) - gsc_uiDataBlocksOffset };
+}
+
+// Calls fnVisit(offset in the collection, byte) for the bytes of its video data blocks. The last data block may be cut
+// short.
+template <class VISIT>
+void ForEachVideoByte(const unsigned char* pui8Collection, unsigned int uiSize, VISIT fnVisit)
+{
+    CDataBlockWalk oWalk(pui8Collection, uiSize, 0, uiSize);
+    while (oWalk.Next() || oWalk.NextCut())
+    {
+        for (unsigned int i = 0; oWalk.GetTag() == gsc_uiVideoTag && i < oWalk.GetLength(); ++i)
+        {
+            fnVisit(oWalk.GetPayload().m_uiOffset + i, oWalk.GetByte(i));
+        }
+    }
+}
 
 // Where the data blocks end; the same as their start when there are none. May lie past the block.
 constexpr unsigned int GetDataBlocksEnd(unsigned int uiRevision, unsigned int uiDetailedStart)

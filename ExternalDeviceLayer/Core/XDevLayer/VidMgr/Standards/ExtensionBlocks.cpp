@@ -3,7 +3,7 @@
 unsigned int ZorStandards::FindExtensionCount(const unsigned char* pui8Image, unsigned int uiSize)
 {
     using namespace Cta;
-    constexpr SDataBlockKind oOverride = { 0x78, true };
+    constexpr SDataBlockKind oOverride = { gsc_uiExtendedOverride, true };
     constexpr unsigned int uiCountOffset = gsc_uiDataBlocksOffset + gsc_uiHeaderSize + 1; // after the extended tag
     if (uiSize < 2 * gsc_uiBlockSize || pui8Image[BaseBlock::gsc_uiExtensionCountOffset] == 0)
     {

@@ -81,4 +81,21 @@ private:
     unsigned int m_uiAnnounced;
     unsigned int m_uiNumber = 0;
 };
+
+// Calls fnVisit(offset in the EDID, byte) for the bytes of video data blocks, in the order by which 4:2:0 capability
+// maps and 3D fields of HDMI count their places: over the CTA-861 blocks up to uiLast, reserved codes too. uiLast:
+// CountExtensions, as blocks that the EDID does not count have no places. In a DisplayID section the places are those of
+// the data block that holds the map.
+template <class VISIT>
+void ForEachVideoPlace(const unsigned char* pui8Edid, unsigned int uiSize, unsigned int uiLast, VISIT fnVisit)
+{
+    for (CBlockWalk oWalk(pui8Edid, uiSize); oWalk.Next() && oWalk.GetNumber() <= uiLast;)
+    {
+        const Cta::SPayload oCollection = Cta::FindCollection(oWalk.GetData(), oWalk.GetLength());
+        const unsigned int uiFirst = oWalk.GetOffset() + oCollection.m_uiOffset;
+        Cta::ForEachVideoByte(
+            pui8Edid + uiFirst, oCollection.m_uiLength,
+            [&](unsigned int uiOffset, unsigned char ui8Byte) { fnVisit(uiFirst + uiOffset, ui8Byte); });
+    }
+}
 } // namespace ZorStandards

@@ -55,6 +55,12 @@ constexpr unsigned int GetVideoOffset(const CRecordBytes& oHdmi)
            (HasInterlacedLatency(oHdmi) ? gsc_uiLatencySize : 0);
 }
 
+// With latencies of interlaced formats alone readers differ in whether these have bytes. The library's list says yes.
+constexpr bool IsVideoOffsetDisputed(const CRecordBytes& oHdmi)
+{
+    return !HasLatency(oHdmi) && oHdmi.IsSet(gsc_oInterlacedLatencyPresent) && oHdmi.IsSet(gsc_oVideoPresent);
+}
+
 // The video fields, from GetVideoOffset on. HDMI_VIC_LEN codes follow, then HDMI_3D_LEN bytes.
 constexpr SPlace gsc_o3dPresent = Bit(0, 7);
 constexpr SPlace gsc_o3dMultiPresent = Bits(0, 6, 5);

@@ -55,6 +55,16 @@ constexpr bool IsUnusedStandard(const CRecordBytes& oRecord)
     return oRecord.GetByte(0) == gsc_uiUnusedStandard && oRecord.GetByte(1) == gsc_uiUnusedStandard;
 }
 
+// Whether a timing is beyond any of the range limits. Numbers that are not given are not.
+constexpr bool IsBeyondLimits(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
+{
+    constexpr unsigned long long ullHzPerKiloHz = 1000;
+    const unsigned long long ullClock = oMode.m_ullClock / ullHzPerKiloHz;
+    return oMode.m_bTiming && (IsPixelClockBeyond(oLimits, ullClock) ||
+                               IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) ||
+                               IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor));
+}
+
 // ---- CTA-861 ----
 
 // A short video descriptor: CTA-861-H 7.5.1.

@@ -120,9 +120,9 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
             uiVersion == uiFirst ? "HDMI" : FormatText("HDMI %u.%u", uiVersion / 10, uiVersion % 10);
         oLink.m_oKind.m_oValue == CFacts::eLink_Hdmi ? sText = sHdmi : sText += sText.empty() ? sHdmi : ", " + sHdmi;
     }
-    Append(sText, oLink.m_oLanes.m_oValue == 1   ? "1 lane"
-                  : oLink.m_oLanes.m_oValue != 0 ? FormatText("%u lanes", oLink.m_oLanes.m_oValue)
-                                                 : "");
+    // Links of other interfaces are no lanes.
+    const unsigned int uiLanes = oLink.m_oKind.m_oValue == CFacts::eLink_DisplayPort ? oLink.m_oLanes.m_oValue : 0U;
+    Append(sText, uiLanes == 1 ? "1 lane" : uiLanes != 0 ? FormatText("%u lanes", uiLanes) : "");
     AppendIf(sText, oLink.m_oDviDual, "dual-link DVI");
     return sText;
 }

@@ -98,6 +98,9 @@ constexpr unsigned int gsc_uiBitsCompressed = 8;                                
 constexpr unsigned long long gsc_ullMostDscClock = 16 * 400 * gsc_ullHzPerMegaHz; // 16 slices of 400 MHz each
 constexpr unsigned int gsc_uiMostDviClock = 330;                                  // MHz, of two links
 
+// 77.4 Gbps are left of the four lanes of 20 Gbps.
+constexpr unsigned long long gsc_ullMostDisplayPort = 77400 * gsc_ullHzPerMegaHz / gsc_uiBitsCompressed;
+
 // The most that FRL carries, of each 18 bits 16.
 constexpr unsigned long long GetFrlClock(unsigned int uiFrl, unsigned int uiBits)
 {
@@ -359,7 +362,9 @@ CMString CMakerPlan::FindTimings()
         SZorMode oTiming = {};
         if (!FindTiming(oWish, oTiming))
         {
-            return NameMode(oWish) + ": the table or formula that is asked for has no such timing";
+            return NameMode(oWish) + (oWish.m_eSource == eZorTimingSource_Any
+                                          ? ": no table and no formula has such a timing"
+                                          : ": the table or formula that is asked for has no such timing");
         }
         if (IsBelowLimits(oTiming))
         {
@@ -431,7 +436,7 @@ void CMakerPlan::SizeLink(unsigned long long ullNeeded)
         uiTmds = gsc_uiMostForumTmds;
     }
     m_oLink.m_uiTmds = std::min(uiTmds, gsc_uiMostHdmiTmds);
-    m_oLink.m_uiForumTmds = uiTmds > gsc_uiMostHdmiTmds ? uiTmds : 0;
+    m_oLink.m_uiForumTmds = uiTmds > gsc_uiMostHdmiTmds ? HdmiForum::RoundUpTmds(uiTmds) : 0;
     m_oLink.m_bForum =
         m_oLink.m_uiForumTmds != 0 || m_oWishes.HasVrr() || (m_oWishes.m_bYCbCr420 && GetColorDepth() > 8);
 }
@@ -469,6 +474,12 @@ CMString CMakerPlan::PlanLink()
     if (bDvi && GetMostClock() > gsc_uiMostDviClock * gsc_ullHzPerMegaHz)
     {
         return "DVI takes clocks up to 330 MHz, and a mode has " + NameClock(GetMostClock());
+    }
+    if (m_oWishes.m_eInterface == SZorEdidWishes::eInterface_DisplayPort && GetMostClock() > gsc_ullMostDisplayPort)
+    {
+        return "DisplayPort carries " + NameClock(gsc_ullMostDisplayPort) +
+               " at most, by 4 lanes of 20 Gbps and compressed to 8 bits a pixel, and a mode has " +
+               NameClock(GetMostClock());
     }
     if (!IsHdmi())
     {
@@ -517,6 +528,13 @@ bool FindPartner(const SPlannedMode& oMode, SZorMode& oPartner)
            (!IsSameTiming(oPartner, oMode.m_oTiming) || (oPartner = oCode, true));
 }
 
+bool IsWishedFraction(const SPlannedMode& oMode)
+{
+    const SZorMode::SRate& oWished = oMode.m_oWished;
+    return oWished.m_ullDivisor != 0 && oWished.m_ullDividend % oWished.m_ullDivisor != 0 &&
+           IsSameRate(oWished, oMode.m_oTiming.m_oRate);
+}
+
 // A mode in 4:2:0 alone is a code: other places mean RGB.
 CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
 {
@@ -527,16 +545,24 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     }
     CDetailedBytes aui8Detailed;
     CType1Bytes aui8Type1;
-    // A code means both of its rates: a detailed timing beside it takes the one that it meets, and adds no third one.
+    // A code means both of its rates: a detailed timing beside it takes the one that it meets, and adds no third one,
+    // but where 1000/1001 of a rate is wished, which is then within a step of the clock.
     SZorMode oPartner = {};
-    if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && FindPartner(oMode, oPartner) && IsWholeClock(oPartner))
+    if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && !IsWishedFraction(oMode) &&
+        FindPartner(oMode, oPartner) && IsWholeClock(oPartner))
     {
         oMode.m_oTiming = oPartner;
     }
     oMode.m_bDetailed = WriteDetailed(oMode.m_oTiming, { 0, 0 }, aui8Detailed);
     oMode.m_bType1 = !oMode.m_bDetailed && WriteType1(oMode.m_oTiming, bPreferred, aui8Type1);
     const bool bPlaced = oMode.m_bDetailed || oMode.m_bType1 || oMode.m_uiCode != 0;
-    return bPlaced ? "" : oMode.m_sName + ": neither a detailed timing nor DisplayID has room for its numbers";
+    if (bPlaced)
+    {
+        return "";
+    }
+    const bool bEstablished = oMode.m_uiEstablished != SPlannedMode::msc_uiNoBit;
+    return oMode.m_sName + ": neither a detailed timing nor DisplayID has room for its numbers" +
+           (bEstablished ? ", so that it cannot be the first mode, which is the preferred one" : "");
 }
 
 // At least so many; asked before the work of making them.

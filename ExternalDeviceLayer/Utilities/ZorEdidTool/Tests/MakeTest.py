@@ -47,7 +47,7 @@ INTERLACED = ((1920, "1080i", "60", ""), (1920, "1080i", "50", "cta"), (1920, "1
               (1024, "768i", "87", "dmt"), (1600, "900i", "60", "cvt"), (1280, "1024i", "75", "gtf"))
 TYPES = {"cta": "cea"}  # as zoredid timing calls them
 # Reasons that a wish may be refused for; which of them holds is the business of the refusals below.
-REASONS = ("has no such timing", "is beyond HDMI's", "DVI takes clocks", "DVI has no", "outside of the variable refresh",
+REASONS = ("has no such timing", "has such a timing", "DisplayPort carries", "is beyond HDMI's", "DVI takes clocks", "DVI has no", "outside of the variable refresh",
            "needs a mode of that rate", "variable refresh of", "neither a detailed timing", "beside modes that need DisplayID", "YCbCr 4:2:0 needs", "TMDS begins at", "the range limits of HDMI's", "with FRL a display takes")
 
 
@@ -206,6 +206,17 @@ class Wishes(unittest.TestCase):
                          [line.removeprefix("zoredid: ") for line in notes.splitlines()])
         self.assertEqual((0, image, ""), make("-q", "--mode=1920X1080@60Hz", "--mode=2560x1440@144,cvt-rb"))
 
+    def test_the_rate_that_is_asked_for_is_preferred(self):
+        """Codes mean both rates: the detailed timing beside them is at the one of the wish, to 10 kHz of its clock."""
+        for mode, rate in (("1920x1080@59.94", 59.94), ("1920x1080@60000/1001", 59.94), ("1920x1080@60", 60),
+                           ("1920x1080@23.976", 23.976), ("640x480@59.94", 59.94)):
+            with self.subTest(mode):
+                image = make("--mode", mode)[1]
+                preferred = ask("show", "-", data=image)["images"][0]["modes"]
+                self.assertAlmostEqual(rate, next(found["rate_hz"] for found in preferred if "preference" in found), delta=0.015)
+                self.assertEqual([], ask("check", "-", data=image)["checks"][0]["findings"])
+        self.assertIn("TMDS to 345 MHz", make("--mode", "1920x1080@60", "--tmds", "341")[2])
+
     def test_refusals(self):
         for arguments, status, reason in (
                 ("--mode 1920x1080", 2, "expected a mode"),
@@ -220,12 +231,15 @@ class Wishes(unittest.TestCase):
                 ("--mode 3840x2160@60 --tmds 300", 1, "3840x2160@60 needs 594 MHz, which is beyond HDMI's TMDS of 300"),
                 ("--mode 3840x2160@120 --frl 3x3", 1, "beyond HDMI's FRL, also compressed"),
                 ("--mode 7680x4320@120", 1, "needs 4752 MHz, and the range limits of HDMI's displays"),
+                ("--mode 4096x4096@1000 --interface dp", 1, "DisplayPort carries 9675 MHz at most"),
+                ("--mode 1x1@60", 1, "no table and no formula has such a timing"),
+                ("--mode 1024x768i@86.96 --mode 1280x720@60", 1, "cannot be the first mode"),
                 ("--mode 1920x1080@60 --ycbcr420", 1, "YCbCr 4:2:0 needs a mode of 3840 pixels"),
                 ("--mode 640x480@24", 1, "TMDS begins at 25 MHz"),
                 ("--mode 2560x1440@120 --interface dvi", 1, "DVI takes clocks up to 330 MHz"),
                 ("--profile headless --interface dvi --audio stereo", 1, "DVI has no audio"),
                 ("--profile dp-1440p144 --tmds 600", 1, "are HDMI's"),
-                ("--mode 65536x65536@50,cvt --interface dp", 1, "neither a detailed timing nor DisplayID"),
+                ("--mode 65536x65536@50,cvt --interface dp", 1, "DisplayPort carries 9675 MHz at most"),
                 ("--mode 1920x1080i@60 --mode 5120x2880@60", 1, "beside modes that need DisplayID"),
                 ("--profile headless --name ABCDEFGHIJKLMN", 1, "up to 13 printable characters"),
                 ("--profile headless --maker Abc", 1, "three capital letters"),

@@ -141,6 +141,13 @@ inline constexpr SPlace gsc_oDscTotalChunkKbytes = Bits(9, 5, 0);
 inline constexpr unsigned int gsc_uiSinkSkip = 2;
 inline constexpr unsigned int gsc_uiMostTmdsInMegaHz = 600;
 
+// 341 to 344 MHz have no step of their own: the field holds 0 or more than 340 MHz.
+constexpr unsigned int RoundUpTmds(unsigned int uiMegaHz)
+{
+    constexpr unsigned int uiUnit = Hdmi::gsc_uiMegaHzPerTmdsUnit;
+    return (uiMegaHz + uiUnit - 1) / uiUnit * uiUnit;
+}
+
 // A new payload, of zeros, as far as every one goes. Clocks that HDMI's own data block holds are left to it. Scrambling
 // and the fixed rate link are switched on by SCDC. uiFrl: an index of gsc_aoFrlRates.
 inline constexpr unsigned int gsc_uiNewSize = 4;

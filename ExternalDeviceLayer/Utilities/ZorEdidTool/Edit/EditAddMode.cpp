@@ -95,7 +95,7 @@ std::string AddTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
     std::string sProblem = bDetailed ? oFields.AddDescriptor(aui8Bytes, oWhere) : AddDisplayIdTiming(oFields, oAdded);
     if (sProblem.empty())
     {
-        FollowWithLimits(oFields, oAdded.m_oMode);
+        FollowWithLimits(oFields, { oAdded.m_oMode });
     }
     return sProblem;
 }
@@ -130,6 +130,24 @@ const SZorImageMode* FindPresent(const CZorEdidModes& oModes, const SAddedMode& 
     return nullptr;
 }
 
+// Before EDID 1.4 a flag says that the first detailed timing is preferred. DisplayID may prefer another one.
+std::string FollowPreferred(CFieldEdits& oFields, const SAddedMode& oAdded)
+{
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        const SZorImageMode& oOther = oModes.Get(i);
+        if (oOther.m_eReason == SZorImageMode::eReason_Flag && !IsThere(oAdded.m_oMode, oOther))
+        {
+            oFields.Note("DisplayID still prefers " + NamePlaces(oFields.GetBytes(), { oOther }));
+        }
+    }
+    const bool bUnsaid = oFields.Has(eZorEdidField_BaseDisplayPreferredTiming) &&
+                         oFields.GetNumber(eZorEdidField_BaseDisplayPreferredTiming) == 0;
+    return bUnsaid ? oFields.Set(eZorEdidField_BaseDisplayPreferredTiming, "yes") : "";
+}
+
 std::string AddMode(CFieldEdits& oFields, const SAddedMode& oAdded)
 {
     constexpr unsigned int uiBlockSize = 128;
@@ -149,7 +167,8 @@ std::string AddMode(CFieldEdits& oFields, const SAddedMode& oAdded)
                        oFields.GetNumber(eZorEdidField_CtaRevision) == 3;
     if (!bCode)
     {
-        return AddTiming(oFields, oAdded);
+        const std::string sProblem = AddTiming(oFields, oAdded);
+        return sProblem.empty() && oAdded.m_bPreferred ? FollowPreferred(oFields, oAdded) : sProblem;
     }
     return AddVic(oFields, oVics.m_auiCodes.front());
 }
@@ -296,17 +315,21 @@ bool ParseModeline(const std::string& sText, SZorMode& oMode)
 }
 } // namespace
 
-void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode)
+void FollowWithLimits(CFieldEdits& oFields, const std::vector<SZorMode>& aoModes)
 {
     CBytes aui8Base = oFields.GetBytes();
     const unsigned int uiOffset = BaseBlock::FindRangeLimits(aui8Base.data());
-    if (uiOffset == 0 || oMode.m_oRate.m_ullDivisor == 0)
+    if (uiOffset == 0)
     {
         return;
     }
     const unsigned int uiRevision = BaseBlock::ReadRevision(aui8Base.data());
     const SLimits oOld = Descriptors::ReadRangeLimits(aui8Base.data() + uiOffset, uiRevision);
-    const SLimits oWide = WidenLimits(oOld, oMode);
+    SLimits oWide = oOld;
+    for (const SZorMode& oMode : aoModes)
+    {
+        oWide = oMode.m_oRate.m_ullDivisor != 0 ? WidenLimits(oWide, oMode) : oWide;
+    }
     if (oOld == oWide)
     {
         return;
@@ -323,10 +346,12 @@ void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode)
 
 void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic)
 {
+    std::vector<SZorMode> aoModes;
     for (const SExactTiming& oTiming : FindTimingsOfVic(uiVic))
     {
-        FollowWithLimits(oFields, oTiming.m_oMode);
+        aoModes.push_back(oTiming.m_oMode);
     }
+    FollowWithLimits(oFields, aoModes);
 }
 
 std::string ParseAddMode(const std::string& sText, CNamedEdit& fnEdit)

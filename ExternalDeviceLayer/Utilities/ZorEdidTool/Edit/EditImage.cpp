@@ -8,6 +8,7 @@
 
 #include "EdidUtils.h"
 #include "LoadedImage.h"
+#include "MapText.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
 
@@ -225,6 +226,20 @@ std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& 
     return sReason;
 }
 
+// DisplayID may say another number than the one that the base block now has.
+void CEditImage::NoteDisplayId(EZorEdidField eId, unsigned int uiNumber)
+{
+    CZorEdidMap oMap;
+    oMap.Read(static_cast<unsigned int>(m_aui8Read.size()), m_aui8Read.data());
+    const unsigned int uiField = oMap.FindField(eId);
+    const long long llNumber = uiField != CZorEdidMap::msc_uiNone ? oMap.GetField(uiField).m_llNumber : 0;
+    if (llNumber != 0 && llNumber != static_cast<long long>(uiNumber))
+    {
+        m_asNotes.push_back("DisplayID still says " + static_cast<std::string>(oMap.GetValue(uiField)) + ": " +
+                            NameField(oMap, uiField) + ", which --set changes");
+    }
+}
+
 // ---- Colours ----
 
 std::string CEditImage::SetColorDepth(unsigned int uiDepth)
@@ -236,6 +251,9 @@ std::string CEditImage::SetColorDepth(unsigned int uiDepth)
     SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
     oEdits.m_bColorDepth = true;
     oEdits.m_uiColorDepth = uiDepth;
+    constexpr unsigned int uiBitsPerCode = 2; // 6 bits are code 1
+    const unsigned int uiBits = uiDepth != 0 ? 4 + uiBitsPerCode * uiDepth : 0;
+    NoteDisplayId(eZorEdidField_DisplayidParametersNativeBitDepth, uiBits);
     return "";
 }
 
@@ -299,6 +317,7 @@ std::string CEditImage::ApplyOne(const SEdit& oEdit)
     switch (oEdit.m_eKind)
     {
     case eEdit_Serial:
+        NoteDisplayId(eZorEdidField_DisplayidProductSerialNumber, oEdit.m_uiNumber);
         m_oEdid.SetSerialNumber(oEdit.m_uiNumber);
         m_aoBlocks.front().m_oEdits.m_bSerial = true;
         m_aoBlocks.front().m_oEdits.m_uiSerial = oEdit.m_uiNumber;

@@ -86,6 +86,9 @@ struct SEditedBlock
     CTimingOrigins m_aoOrigins; // of the standard timings at reading
 };
 
+// Of two detailed descriptors: whether pixels, lines or interlacing differ.
+bool HasOtherPicture(const unsigned char* pui8First, const unsigned char* pui8Second);
+
 class CEditImage
 {
 public:
@@ -142,6 +145,7 @@ private:
     std::string NameKeeper(const SZorImageMode& oPlace);
     void NoteWhole(const SWanted& oWanted, const CPlaces& aoRemoved);
     void NoteLeft(const SWanted& oWanted);
+    void NoteDisplayId(EZorEdidField eId, unsigned int uiNumber);
     std::string SetPreferred(const SEdit& oEdit);
     std::string ReplacePreferred(const CVidParamTimingGeneric& oTiming);
     bool ClearNativeCounts();

@@ -10,6 +10,7 @@
 
 #include "EditLimits.h"
 #include "FieldEdits.h"
+#include "MapText.h"
 #include "NearWord.h"
 #include "TextFormat.h"
 
@@ -54,6 +55,21 @@ std::string SetWhereGiven(CFieldEdits& oFields, std::initializer_list<CFieldEdit
         }
     }
     return sProblem;
+}
+
+// What DisplayID says of its own beside the base block is left to the user.
+void NoteDisplayId(CFieldEdits& oFields, std::initializer_list<EZorEdidField> aeIds)
+{
+    const CZorEdidMap& oMap = oFields.GetMap();
+    for (const EZorEdidField eId : aeIds)
+    {
+        const unsigned int uiField = oMap.FindField(eId);
+        if (uiField != CZorEdidMap::msc_uiNone && oMap.GetField(uiField).m_llNumber != 0)
+        {
+            oFields.Note("DisplayID still says " + static_cast<std::string>(oMap.GetValue(uiField)) + ": " +
+                         NameField(oMap, uiField) + ", which --set changes");
+        }
+    }
 }
 
 // ---- Date ----
@@ -263,7 +279,10 @@ std::string ParseProduct(const std::string& sText, CNamedEdit& fnEdit)
     unsigned int uiCode = 0;
     const bool bCode = ParseNumber(sText, uiCode) && uiCode <= uiMost;
     fnEdit = [uiCode](CFieldEdits& oFields) {
-        return oFields.Set(eZorEdidField_BaseIdentityProductCode, FormatText("raw:%u", uiCode));
+        const std::string sCode = FormatText("raw:%u", uiCode);
+        const std::string sProblem = oFields.Set(eZorEdidField_BaseIdentityProductCode, sCode);
+        return sProblem.empty() ? SetWhereGiven(oFields, { { eZorEdidField_DisplayidProductProductCode, sCode } })
+                                : sProblem;
     };
     return bCode ? "" : "'" + sText + "' is not a number from 0 to 65535";
 }
@@ -284,6 +303,10 @@ std::string ParseDate(const std::string& sText, CNamedEdit& fnEdit)
         if (uiWeek == 0)
         {
             return PutYear(oFields, sYear);
+        }
+        if (uiWeek == uiMostWeek && !oFields.IsRevision4())
+        {
+            return std::string("before EDID 1.4 weeks are 1 to 53");
         }
         std::string sProblem = oFields.Apply(
             { eZorEdidField_None, BaseBlock::gsc_uiWeekOffset, SSetting::msc_uiNone, FormatText("raw:%u", uiWeek) });
@@ -345,6 +368,10 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
         for (size_t i = 0; i < asNumbers.size() && sProblem.empty(); ++i)
         {
             sProblem = oFields.Set(gsc_aeChromaticities[i], asNumbers[i]);
+        }
+        if (sProblem.empty())
+        {
+            NoteDisplayId(oFields, { eZorEdidField_DisplayidColorX, eZorEdidField_DisplayidParameters2Primary1X });
         }
         return sProblem.empty() ? FollowSrgb(oFields) : sProblem;
     };

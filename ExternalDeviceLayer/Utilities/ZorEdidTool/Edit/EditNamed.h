@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "ZorEdidMap.h"
 
@@ -14,8 +15,8 @@ using CNamedEdit = std::function<std::string(CFieldEdits& oFields)>;
 
 // ---- What several of them use ----
 
-// Range limits that are there come to hold a mode, or a note says that they cannot.
-void FollowWithLimits(CFieldEdits& oFields, const SZorMode& oMode);
+// Range limits that are there come to hold all of the modes, or a note says that they cannot.
+void FollowWithLimits(CFieldEdits& oFields, const std::vector<SZorMode>& aoModes);
 // The same for what a video code means.
 void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic);
 // The place of a code among the short video descriptors of video data blocks, as the 4:2:0 capability map counts them.

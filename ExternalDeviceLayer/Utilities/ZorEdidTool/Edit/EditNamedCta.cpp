@@ -11,6 +11,7 @@
 #include "Standards/HdmiBlocks.h"
 #include "Standards/VideoCodes.h"
 #include "TextFormat.h"
+#include "ZorEdidFacts.h"
 #include "ZorEdidModes.h"
 
 using namespace ZorStandards;
@@ -102,12 +103,27 @@ constexpr unsigned int gsc_uiMostTmds1 = Hdmi::gsc_uiMostTmdsInMegaHz;      // o
 constexpr unsigned int gsc_uiMostTmds2 = HdmiForum::gsc_uiMostTmdsInMegaHz; // with scrambling
 constexpr size_t gsc_uiVrrSize = HdmiForum::gsc_oVrrMax.GetEnd();
 
-// What HDMI asks of the rest of an image, and most sources do not.
-void NoteOlderDemands(CFieldEdits& oFields)
+CZorEdidFacts::ELink GetLink(const CFieldEdits& oFields)
 {
-    if (oFields.IsRevision4())
+    CZorEdidFacts oFacts;
+    oFacts.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    return oFacts.GetLink().m_oKind.m_oValue;
+}
+
+// What HDMI asks of the rest of an image, and most sources do not.
+void NoteOlderDemands(CFieldEdits& oFields, CZorEdidFacts::ELink eLink)
+{
+    constexpr long long llRevision = 3;
+    const long long llFound = oFields.GetNumber(eZorEdidField_BaseEdidRevision);
+    if (llFound != llRevision)
     {
-        oFields.Note("HDMI asks for EDID 1.3, and the image is of EDID 1.4, as those of many HDMI displays");
+        oFields.Note(FormatText("HDMI asks for EDID 1.3, and the image is of EDID 1.%lld", llFound) +
+                     (oFields.IsRevision4() ? ", as those of many HDMI displays" : ""));
+    }
+    if (eLink == CZorEdidFacts::eLink_Analog || eLink == CZorEdidFacts::eLink_DisplayPort)
+    {
+        oFields.Note(std::string("HDMI is announced though the base block says that the input is ") +
+                     (eLink == CZorEdidFacts::eLink_Analog ? "analog" : "DisplayPort"));
     }
     if (oFields.GetNumber(eZorEdidField_CtaRevision) < Cta::gsc_uiHighestRevision)
     {
@@ -136,10 +152,11 @@ std::string EnsureHdmi(CFieldEdits& oFields)
     {
         CBytes aui8Payload(Hdmi::gsc_uiNewSize);
         Hdmi::WriteNew(aui8Payload.data(), gsc_uiMostTmds1);
+        const CZorEdidFacts::ELink eLink = GetLink(oFields);
         std::string sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmi, aui8Payload);
         if (sProblem.empty())
         {
-            NoteOlderDemands(oFields);
+            NoteOlderDemands(oFields, eLink);
         }
         return sProblem;
     }
@@ -158,7 +175,7 @@ std::string EnsureForum(CFieldEdits& oFields, size_t uiLeast)
     {
         CBytes aui8Payload(HdmiForum::gsc_uiNewSize);
         HdmiForum::WriteNew(aui8Payload.data(), std::min(GetMostMegaHz(oFields), gsc_uiMostTmds2), 0);
-        sProblem = oFields.AddDataBlock(eZorEdidField_CtaHdmiForum, aui8Payload);
+        sProblem = oFields.AddBeside(eZorEdidField_CtaHdmi, eZorEdidField_CtaHdmiForum, aui8Payload);
     }
     return sProblem.empty() ? oFields.Lengthen(eZorEdidField_CtaHdmiForum, uiLeast) : sProblem;
 }
@@ -171,7 +188,7 @@ std::string FollowUhdCodes(CFieldEdits& oFields)
 
 std::string PutTmds(CFieldEdits& oFields, unsigned int uiMegaHz)
 {
-    const std::string sRate = std::to_string(uiMegaHz);
+    const std::string sRate = std::to_string(uiMegaHz > gsc_uiMostTmds1 ? HdmiForum::RoundUpTmds(uiMegaHz) : uiMegaHz);
     if (uiMegaHz > gsc_uiMostTmds1)
     {
         std::string sProblem = EnsureForum(oFields, HdmiForum::gsc_uiNewSize);
@@ -199,9 +216,23 @@ std::string PutFrl(CFieldEdits& oFields, unsigned int uiCode)
                : sProblem;
 }
 
+// DisplayPort has the range limits for it.
+std::string PutDisplayPortVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMost)
+{
+    CNamedEdit fnLimits;
+    ParseRangeLimits(FormatText("%u-%uHz", uiLeast, uiMost), fnLimits);
+    std::string sProblem = fnLimits(oFields);
+    return sProblem.empty() ? oFields.Set(eZorEdidField_BaseDisplayContinuousFrequency, "yes") : sProblem;
+}
+
 // Range limits that are there come to hold the range.
 std::string PutVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMost)
 {
+    if (oFields.IsRevision4() && GetLink(oFields) == CZorEdidFacts::eLink_DisplayPort &&
+        oFields.Has(eZorEdidField_BaseRange) && !oFields.Has(eZorEdidField_CtaHdmi))
+    {
+        return PutDisplayPortVrr(oFields, uiLeast, uiMost);
+    }
     std::string sProblem = EnsureForum(oFields, gsc_uiVrrSize);
     if (uiMost < HdmiForum::gsc_uiLeastVrrMax)
     {

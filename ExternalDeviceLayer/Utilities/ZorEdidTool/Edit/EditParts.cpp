@@ -28,6 +28,14 @@ std::string AddPart(CFieldEdits& oFields, EZorEdidField eId, const CBytes& aui8B
                                              : oFields.AddDataBlock(eId, aui8Bytes);
 }
 
+// The first detailed timing of an image that declares it the preferred one, as all of EDID 1.4 do.
+bool IsPreferredTiming(const CFieldEdits& oFields, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oFields.GetMap().GetField(uiField);
+    return oField.m_eId == eZorEdidField_BaseDetailed && oField.m_uiOffset == BaseBlock::DescriptorOffset(0) &&
+           (oFields.IsRevision4() || oFields.GetNumber(eZorEdidField_BaseDisplayPreferredTiming) != 0);
+}
+
 // What the maker, the product and the serial number of the whole display are: those of this tile.
 CBytes MakeTile(const CFieldEdits& oFields, const unsigned int (&auiNumbers)[6])
 {
@@ -118,7 +126,11 @@ std::string ParseRemovePart(const std::string& sText, CNamedEdit& fnEdit)
     fnEdit = [oSetting](CFieldEdits& oFields) {
         unsigned int uiField = 0;
         const std::string sMissing = FindSetting(oFields.GetMap(), oSetting, uiField);
-        return sMissing.empty() ? oFields.Remove(uiField) : sMissing;
+        if (!sMissing.empty() || !IsPreferredTiming(oFields, uiField))
+        {
+            return sMissing.empty() ? oFields.Remove(uiField) : sMissing;
+        }
+        return std::string("the preferred timing can only be replaced, by --preferred");
     };
     return sProblem;
 }

@@ -82,19 +82,19 @@ bool IsCalledNative(const unsigned char* pui8Base)
 // ---- Stereo viewing ----
 
 // Its kinds refer to the lines or frames of the timing: another picture may need another one.
-bool HasOtherPicture(const unsigned char* pui8First, const unsigned char* pui8Second)
-{
-    return gsc_oHorizontalActive.Read(pui8First) != gsc_oHorizontalActive.Read(pui8Second) ||
-           gsc_oVerticalActive.Read(pui8First) != gsc_oVerticalActive.Read(pui8Second) ||
-           gsc_oInterlaced.Read(pui8First) != gsc_oInterlaced.Read(pui8Second);
-}
-
 bool IsStereo(const unsigned char* pui8Descriptor)
 {
     constexpr unsigned int uiFirstKind = 2;
     return gsc_oStereo.Read(pui8Descriptor) >= uiFirstKind;
 }
 } // namespace
+
+bool HasOtherPicture(const unsigned char* pui8First, const unsigned char* pui8Second)
+{
+    return gsc_oHorizontalActive.Read(pui8First) != gsc_oHorizontalActive.Read(pui8Second) ||
+           gsc_oVerticalActive.Read(pui8First) != gsc_oVerticalActive.Read(pui8Second) ||
+           gsc_oInterlaced.Read(pui8First) != gsc_oInterlaced.Read(pui8Second);
+}
 
 // The mode by the timing that the image has for it, which its panel is known to take; without one by that of the tables
 // and formulas, which is said.

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "EdidUtils.h"
+#include "EditImage.h"
 #include "Findings.h"
 #include "MapKinds.h"
 #include "MapText.h"
@@ -97,10 +98,61 @@ std::string CFieldEdits::SetBy(unsigned int uiField, const std::string& sValue)
 std::string CFieldEdits::Do(const CNamedEdit& fnEdit)
 {
     const std::vector<SFinding> aoBefore = CheckImage(GetMap(), GetThisYear());
+    const CBytes aui8Before = GetBytes();
+    const bool bCta = Has(eZorEdidField_Cta);
+    const bool bOneNative = GetNumber(eZorEdidField_CtaNativeCount) == 1;
     std::string sProblem = fnEdit(*this);
+    sProblem = sProblem.empty() && HasOtherPreferred(aui8Before) ? ClearNative(bOneNative) : sProblem;
+    // Of the images with CTA-861 alone a rule asks for 640x480.
+    constexpr unsigned char ui8Vga = 1;
+    if (sProblem.empty() && !bCta && Has(eZorEdidField_Cta) && IsFound({ eZorEdidRule_VgaMissing }))
+    {
+        sProblem = AddItem(eZorEdidField_CtaVideo, { ui8Vga });
+    }
     for (const std::string& sFinding : NameNewFindings(aoBefore, CheckImage(GetMap(), GetThisYear())))
     {
         Note(sFinding);
+    }
+    return sProblem;
+}
+
+// Whether another picture is preferred than in the image before.
+bool CFieldEdits::HasOtherPreferred(const CBytes& aui8Before) const
+{
+    using ZorStandards::Descriptors::HasPixelClock;
+    const unsigned int uiFirst = ZorStandards::BaseBlock::DescriptorOffset(0);
+    if (aui8Before.size() < gsc_uiBlockSize || GetMap().GetSize() < gsc_uiBlockSize ||
+        !HasPixelClock(aui8Before.data() + uiFirst))
+    {
+        return false;
+    }
+    const unsigned char* pui8Now = GetMap().GetData() + uiFirst;
+    return !HasPixelClock(pui8Now) || HasOtherPicture(aui8Before.data() + uiFirst, pui8Now);
+}
+
+// The bit of EDID 1.4, and counts of native timings that counted the first one alone: with a new first one they are 2.
+std::string CFieldEdits::ClearNative(bool bOneNative)
+{
+    const size_t uiNotes = m_asNotes.size();
+    std::string sProblem;
+    if (IsRevision4() && GetNumber(eZorEdidField_BaseDisplayPreferredIsNative) != 0)
+    {
+        sProblem = Set(eZorEdidField_BaseDisplayPreferredIsNative, "no");
+    }
+    for (unsigned int i = 0; i < GetMap().CountFields(eZorEdidField_CtaNativeCount) && sProblem.empty(); ++i)
+    {
+        const unsigned int uiField = GetMap().FindField(eZorEdidField_CtaNativeCount, i);
+        const long long llNatives = GetMap().GetField(uiField).m_llNumber;
+        sProblem = bOneNative && llNatives != 0 ? Set(eZorEdidField_CtaNativeCount, "0", i) : sProblem;
+        if (!bOneNative && llNatives != 0)
+        {
+            Note(NameWithValue(uiField) + ": the preferred timing is counted among the native ones");
+        }
+    }
+    if (m_asNotes.size() != uiNotes)
+    {
+        Note("the preferred timing is not called native, as its picture is another one; --set "
+             "base.display.preferred-is-native=yes says that it is");
     }
     return sProblem;
 }
@@ -175,6 +227,52 @@ std::string CFieldEdits::AddDataBlock(EZorEdidField eId, const CBytes& aui8Paylo
             return m_oParts.AddDataBlock(eId, CountBytes(aui8Payload), aui8Payload.data(), oWhere, oAnswer);
         },
         "was added");
+}
+
+// CZorEdidMap::msc_uiNone for none.
+unsigned int CFieldEdits::FindLastTiming(unsigned int uiBlock) const
+{
+    unsigned int uiLast = CZorEdidMap::msc_uiNone;
+    for (unsigned int i = 0; i < GetMap().GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = GetMap().GetField(i);
+        uiLast =
+            oField.m_eId == eZorEdidField_BaseDetailed && oField.m_uiOffset / gsc_uiBlockSize == uiBlock ? i : uiLast;
+    }
+    return uiLast;
+}
+
+std::string CFieldEdits::AddBeside(EZorEdidField eOther, EZorEdidField eId, const CBytes& aui8Payload)
+{
+    const unsigned int uiOther = GetMap().FindField(eOther);
+    SWhere oWhere;
+    oWhere.m_uiBlock = GetMap().GetField(uiOther).m_uiOffset / gsc_uiBlockSize;
+    oWhere.m_bNewBlock = false;
+    if (AddDataBlock(eId, aui8Payload, oWhere).empty())
+    {
+        return "";
+    }
+    const unsigned int uiTiming = FindLastTiming(oWhere.m_uiBlock);
+    if (uiTiming == CZorEdidMap::msc_uiNone)
+    {
+        return AddDataBlock(eId, aui8Payload);
+    }
+    const CBytes aui8Before = GetBytes();
+    const std::vector<std::string> asNotes = m_asNotes;
+    const auto itMoved = aui8Before.begin() + GetMap().GetField(uiTiming).m_uiOffset;
+    const CBytes aui8Moved(itMoved, itMoved + ZorStandards::Descriptors::gsc_uiDescriptorSize);
+    bool bAdded = Remove(uiTiming).empty();
+    m_asNotes = asNotes;
+    bAdded = bAdded && AddDataBlock(eId, aui8Payload, oWhere).empty();
+    const size_t uiMoved = m_asNotes.size();
+    if (!bAdded || !AddDescriptor(aui8Moved).empty())
+    {
+        Read(aui8Before);
+        m_asNotes = asNotes;
+        return AddDataBlock(eId, aui8Payload);
+    }
+    m_asNotes[uiMoved] += ": it made room in block " + std::to_string(oWhere.m_uiBlock);
+    return "";
 }
 
 std::string CFieldEdits::AddItem(EZorEdidField eId, const CBytes& aui8Item, const SWhere& oWhere)

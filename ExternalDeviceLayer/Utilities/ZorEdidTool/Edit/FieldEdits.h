@@ -47,6 +47,8 @@ public:
 
     using SWhere = CZorEdidParts::SWhere;
     std::string AddDataBlock(EZorEdidField eId, const CBytes& aui8Payload, const SWhere& oWhere = {});
+    // In the block that has a data block of another kind: where that one is full, its last timing makes room.
+    std::string AddBeside(EZorEdidField eOther, EZorEdidField eId, const CBytes& aui8Payload);
     std::string AddItem(EZorEdidField eId, const CBytes& aui8Item, const SWhere& oWhere = {});
     // Of 128 bytes, or without bytes an empty one.
     std::string AddBlock(unsigned int uiTag, const CBytes& aui8Block);
@@ -73,9 +75,12 @@ private:
     std::string NameWithValue(unsigned int uiField) const;
     template <class DO>
     std::string EditParts(DO fnDo, const char* pszDone);
+    bool HasOtherPreferred(const CBytes& aui8Before) const;
+    std::string ClearNative(bool bOneNative);
     std::string SetBy(unsigned int uiField, const std::string& sValue);
     void Read(const CBytes& aui8Image);
     std::string PutDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere);
+    unsigned int FindLastTiming(unsigned int uiBlock) const;
     std::string AddBehindMovedTiming(const CBytes& aui8Bytes, const SWhere& oWhere);
 
     CZorEdidParts m_oParts;

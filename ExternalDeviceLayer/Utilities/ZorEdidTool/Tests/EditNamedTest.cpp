@@ -70,6 +70,7 @@ constexpr SNamedCase gsc_aoCases[] = {
     { "--frl", "6x4", "cta.hdmi-forum.max-frl-rate=6 Gbps on 4 lanes; cta.hdmi-forum.max-tmds-character-rate=600 MHz" },
     { "--frl", "3x3", "cta.hdmi-forum.max-frl-rate=3 Gbps on 3 lanes; cta.hdmi-forum.max-tmds-character-rate=600 MHz" },
     { "--tmds", "600", "cta.hdmi-forum.max-tmds-character-rate=600 MHz; cta.hdmi-forum.scdc-present=yes" },
+    { "--tmds", "341", "cta.hdmi-forum.max-tmds-character-rate=345 MHz" },
     { "--tmds", "225", "cta.hdmi.max-tmds-clock=225 MHz" },
     { "--ycbcr420", "16,97", "cta.420-map=; cta.420-video=" },
     { "--tile", "2x1,1x0,1920x2160",
@@ -190,6 +191,7 @@ TEST_F(EditNamed, IsRefused)
         { "--add", "base.gamma=00" },
         { "--add", "cta.hdr-static=0" },
         { "--remove-part", "base" },
+        { "--remove-part", "base.detailed" }, // the preferred one
         { "--remove-part", "cta.audio" },
         { "--move-part", "displayid=3" },
     };
@@ -210,6 +212,30 @@ TEST_F(EditNamed, PlacesOf420)
         MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(0x81, 0, ParseBytes("42 10 1F"))), FixChecksums(aui8Cta) }));
     EXPECT_EQ("", Do(oFields, "--ycbcr420", "97"));
     EXPECT_EQ(CBytes{ 1 }, oFields.GetPayload(eZorEdidField_Cta420Map));
+}
+
+// A new first timing of another picture is not native: neither by the bit of EDID 1.4 nor by the count of CTA-861.
+TEST_F(EditNamed, NewPreferredTimingIsNotNative)
+{
+    const struct
+    {
+        const char* m_pszMode;
+        bool m_bNative;
+    } aoCases[] = {
+        { "1280x1024@75,preferred", false },
+        { "1280x1024@75", true },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(oCase.m_pszMode);
+        CFieldEdits oFields(MakeEdid({ MakeCeaBlock() }));
+        ASSERT_EQ("", oFields.Set(eZorEdidField_BaseDisplayPreferredIsNative, "yes"));
+        ASSERT_EQ("", oFields.Set(eZorEdidField_CtaNativeCount, "1"));
+        ASSERT_EQ("", Do(oFields, "--add-mode", oCase.m_pszMode));
+        EXPECT_EQ(oCase.m_bNative ? 1 : 0, oFields.GetNumber(eZorEdidField_BaseDisplayPreferredIsNative));
+        EXPECT_EQ(oCase.m_bNative ? 1 : 0, oFields.GetNumber(eZorEdidField_CtaNativeCount));
+        EXPECT_EQ(oCase.m_bNative, JoinTexts(oFields.TakeNotes()).find("is not called native") == std::string::npos);
+    }
 }
 
 using CRules = std::map<std::string, unsigned int>;

@@ -29,7 +29,6 @@ struct SKey
 };
 
 constexpr unsigned int gsc_uiAnyOui = 0;
-constexpr unsigned char gsc_ui8VideoTag = gsc_uiVideoTag;
 constexpr unsigned char gsc_ui8VendorTag = gsc_uiVendorTag;
 constexpr unsigned char gsc_ui8ExtendedTag = gsc_uiExtendedTag;
 constexpr unsigned char gsc_ui8VendorVideo =

@@ -84,8 +84,8 @@ private:
 
 // Calls fnVisit(offset in the EDID, byte) for the bytes of video data blocks, in the order by which 4:2:0 capability
 // maps and 3D fields of HDMI count their places: over the CTA-861 blocks up to uiLast, reserved codes too. uiLast:
-// CountExtensions, as blocks that the EDID does not count have no places. In a DisplayID section the places are those of
-// the data block that holds the map.
+// CountExtensions, as blocks that the EDID does not count have no places. In a DisplayID section the places are those
+// of the data block that holds the map.
 template <class VISIT>
 void ForEachVideoPlace(const unsigned char* pui8Edid, unsigned int uiSize, unsigned int uiLast, VISIT fnVisit)
 {

@@ -97,7 +97,7 @@ std::string DescribeAllowed(CZorEdidWriter& oWriter, unsigned int uiField)
 {
     constexpr std::string_view svTakes = "it takes ";
     std::string sNote;
-    const std::string sReason = SetValue(oWriter, uiField, "\x7F", sNote);
+    std::string sReason = SetValue(oWriter, uiField, "\x7F", sNote);
     const size_t uiTakes = sReason.find(svTakes);
     if (uiTakes == std::string::npos)
     {

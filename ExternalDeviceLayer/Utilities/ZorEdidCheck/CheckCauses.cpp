@@ -22,12 +22,16 @@ bool FollowsFromErased(const CFindings& /*oFindings*/, const SZorFinding& oCause
 // A timing without a pixel clock reads as a display descriptor, whose tag and reserved byte are other numbers of it.
 bool FollowsFromFirstDescriptor(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
 {
+    if (oOther.m_eRule == eZorEdidRule_UnreadDescriptor)
+    {
+        return oOther.m_uiOffset == oCause.m_uiOffset;
+    }
     const bool bReserved = oOther.m_eRule == eZorEdidRule_ReservedValue || oOther.m_eRule == eZorEdidRule_ReservedBits;
     return bReserved && oOther.m_uiField > oCause.m_uiField &&
            oOther.m_uiField < oFindings.GetMap().GetField(oCause.m_uiField).m_uiEnd;
 }
 
-// A display descriptor of no known kind, whose other bytes may be anything: one byte more or fewer ahead of them is
+// A display descriptor of no known kind, whose other bytes may be anything: one byte more or fewer before them is
 // enough.
 bool FollowsFromReservedTag(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
 {
@@ -37,11 +41,18 @@ bool FollowsFromReservedTag(const CFindings& oFindings, const SZorFinding& oCaus
            oMap.GetField(oOther.m_uiField).m_uiGroup == oTag.m_uiGroup;
 }
 
+// Where data blocks do not end as they say, the library's lists have timings of other bytes.
+bool FollowsFromStart(const CFindings& /*oFindings*/, const SZorFinding& oCause, const SZorFinding& oOther)
+{
+    return IsInSameBlock(oCause, oOther) && oOther.m_eRule == eZorEdidRule_ListedMore;
+}
+
 // The checksum is one by itself.
 bool FollowsFromCutDataBlock(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
 {
-    return IsInSameBlock(oCause, oOther) && oFindings.IsMisread(oOther.m_uiOffset) &&
-           oOther.m_eRule != eZorEdidRule_Checksum;
+    return FollowsFromStart(oFindings, oCause, oOther) ||
+           (IsInSameBlock(oCause, oOther) && oFindings.IsMisread(oOther.m_uiOffset) &&
+            oOther.m_eRule != eZorEdidRule_Checksum);
 }
 
 // Another version is read as its first revision, whose standard timings have square pictures.
@@ -59,6 +70,7 @@ constexpr struct
     { eZorEdidRule_BaseVersion, FollowsFromVersion },
     { eZorEdidRule_FirstDescriptor, FollowsFromFirstDescriptor },
     { eZorEdidRule_ReservedValue, FollowsFromReservedTag },
+    { eZorEdidRule_CtaStart, FollowsFromStart },
     { eZorEdidRule_CtaPastCollection, FollowsFromCutDataBlock },
 };
 } // namespace

@@ -142,7 +142,6 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         { eZorEdidRule_UnreadDescriptor, With(MakeImage("41 01"), 0x86, "00*3 FC 00 41 0A 20*11"), MakeImage("41 01") },
         { eZorEdidRule_UnreadDescriptor, With(aui8Good, 0x48, "00*3 FC 05 41 0A 20*11"),
           With(aui8Good, 0x48, "00*3 FC 00 41 0A 20*11") },
-        { eZorEdidRule_ListedMore, With(MakeImage("43 10 1F 20"), 0x82, "06"), MakeImage("43 10 1F 20") },
         { eZorEdidRule_ListedMore, MakeImage("41 10 6E 03 0C 00 10 00 00 2D 60 05 06 00 40 01 02"),
           MakeImage("41 10 6E 03 0C 00 10 00 00 2D 20 00 40 01 02 00 00") },
         { eZorEdidRule_UnlistedTiming, MakeImage("41 10 E0 E2 0E 61"), MakeImage("41 10 E2 0E 61") },

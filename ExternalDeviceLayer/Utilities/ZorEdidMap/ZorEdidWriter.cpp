@@ -234,7 +234,8 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     {
         return DraftRaw(oMap, oField, pszValue + strlen(gsc_szRaw));
     }
-    if (IsEmptyText(oMap, uiField))
+    const CMString oText = FormatValue(oMap, uiField);
+    if (IsEmptyText(oMap, uiField) && oText != pszValue) // its own value is that of the line feed
     {
         return DraftText(oMap, uiField, pszValue);
     }
@@ -242,7 +243,6 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     {
         return Refuse(pszOnlyRaw);
     }
-    const CMString oText = FormatValue(oMap, uiField);
     if (oText == pszValue)
     {
         return { oMap.m_aui8Data, oText };

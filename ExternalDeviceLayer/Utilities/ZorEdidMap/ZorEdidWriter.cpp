@@ -234,8 +234,7 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     {
         return DraftRaw(oMap, oField, pszValue + strlen(gsc_szRaw));
     }
-    const CMString oText = FormatValue(oMap, uiField);
-    if (IsEmptyText(oMap, uiField) && oText != pszValue) // its own value is that of the line feed
+    if (IsEmptyText(oMap, uiField))
     {
         return DraftText(oMap, uiField, pszValue);
     }
@@ -243,6 +242,7 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     {
         return Refuse(pszOnlyRaw);
     }
+    const CMString oText = FormatValue(oMap, uiField);
     if (oText == pszValue)
     {
         return { oMap.m_aui8Data, oText };

@@ -119,8 +119,9 @@ TEST(MapCta, PlacesOfVideoCodesOverAllBlocks)
                                           "Short video descriptor=1920x1080p 59.94/60 Hz 16:9; !is in a video data "
                                           "block as well: here are codes for YCbCr 4:2:0 only; "
                                           "Unknown extension block=; !not a known kind of extension block; "
-                                          "Video code 97, 3840x2160p 59.94/60 Hz 16:9=not in YCbCr 4:2:0; "
-                                          "!the standard allows only one of this kind");
+                                          "YCbCr 4:2:0 capability map data block=; "
+                                          "!the standard allows only one of this kind; "
+                                          "Video code 97, 3840x2160p 59.94/60 Hz 16:9=not in YCbCr 4:2:0");
 }
 
 // The names of codes against the library's own table of their timings.

@@ -182,7 +182,7 @@ class AppCases:
         first, others = times[0], sorted(times[1:])
         print(f"{self.BROWSER.NAME}: a page {first:.0f} ms after the first drop, {others[0]:.0f} to {others[-1]:.0f} "
               f"after others; {os.path.getsize(APP) / 1e6:.2f} MB")
-        if os.getloadavg()[0] < 2 * os.cpu_count():  # else most of the time is that of other programs
+        if os.getloadavg()[0] < os.cpu_count() / 2:  # else other programs take part of the time
             self.assertLess(min(times), LONGEST * 1000)
         self.assertLess(os.path.getsize(APP), 3e6)
 

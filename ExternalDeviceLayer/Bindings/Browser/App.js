@@ -184,10 +184,15 @@
     frame.onload = () => {
       const page = frame.contentDocument, head = page.querySelector("h1");
       adopt(page);
+      const item = itemOf(back);
       frame.contentWindow.scrollTo(0, top);
       head.tabIndex = -1;
       const isUndoing = document.activeElement.id === "undo" && !isFocusLost(); // perhaps once more
-      if (back ? !isUndoing : hadFocus && isFocusLost()) (itemOf(back) || head).focus({ preventScroll: true });
+      if (back ? !isUndoing : hadFocus && isFocusLost()) (item || head).focus({ preventScroll: true });
+      // Once more when the parts around it are laid out: before, their heights are estimates.
+      const reveal = () => item?.scrollIntoView({ block: "nearest" });
+      reveal();
+      requestAnimationFrame(reveal);
     };
     frame.srcdoc = makePage("1");
   };

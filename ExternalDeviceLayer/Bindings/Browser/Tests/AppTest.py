@@ -182,7 +182,7 @@ class AppCases:
         first, others = times[0], sorted(times[1:])
         print(f"{self.BROWSER.NAME}: a page {first:.0f} ms after the first drop, {others[0]:.0f} to {others[-1]:.0f} "
               f"after others; {os.path.getsize(APP) / 1e6:.2f} MB")
-        if os.getloadavg()[0] < os.cpu_count() / 2:  # else other programs take part of the time
+        if os.getloadavg()[0] < 2 * os.cpu_count():  # else most of the time is that of other programs
             self.assertLess(min(times), LONGEST * 1000)
         self.assertLess(os.path.getsize(APP), 3e6)
 
@@ -289,6 +289,12 @@ class AppCases:
             self.set_field(side, name, value)
             pages.append(self.page())
         self.set_field(0, "Week of manufacture", "5")  # what it is already
+        self.set_field(1, "Maximum vertical rate", "86")  # far down, in a box that scrolls
+        self.wait_for(lambda: self.focused() == "Maximum vertical rate")
+        self.wait_for(lambda: self.ask("""const frame = document.querySelector("#frame");
+            const place = frame.contentDocument.activeElement.getBoundingClientRect();
+            return Math.ceil(place.top) >= 0 && Math.floor(place.bottom) <= frame.clientHeight"""))
+        self.click("#undo")
         self.drop(("Монитор: 2.bin", MONITOR))
         self.assertIn("a.bin and b.bin are not saved", self.text("#said"))
         self.assertTrue(self.asks_to_stay())

@@ -21,9 +21,6 @@ struct SRawChoice
 // Of a leaf with a row whose place is no run.
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue);
 
-// Whether a leaf is the line feed in the place of a text descriptor's text, which is empty and has no leaf.
-bool IsEmptyText(const SMapContent& oMap, unsigned int uiField);
-
 // Whether all other leaves read as before when a leaf has this raw value. Defined where values are written.
 bool IsAcceptedRaw(const SMapContent& oMap, unsigned int uiField, unsigned int uiRaw);
 

@@ -6,7 +6,6 @@
 
 #include "EdidExtBlockDisplayID.h"
 #include "MapValue.h"
-#include "MapWrite.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
 #include "ZorTools.h"
@@ -108,7 +107,7 @@ unsigned int CZorEdidMap::GetTextOf(unsigned int uiField) const
     unsigned int uiTexts = 0;
     for (unsigned int i = uiField + 1; i < GetField(uiField).m_uiEnd; ++i)
     {
-        const bool bText = GetField(i).m_eKind == eKind_Text || IsEmptyText(*m_poContent, i);
+        const bool bText = GetField(i).m_eKind == eKind_Text;
         uiText = bText ? i : uiText;
         uiTexts += bText ? 1U : 0U;
     }

@@ -181,8 +181,8 @@ public:
     unsigned int CountFields(EZorEdidField eId) const;
     /// One of them, by its number in the order of their places, from 0; msc_uiNone where fewer have it.
     unsigned int FindField(EZorEdidField eId, unsigned int uiNumber = 0) const;
-    /// The only text in a group, so that "base.name" means the name itself, or the line feed that is in its place where
-    /// it is empty; else the field itself. uiField must be below GetFieldCount.
+    /// The only text in a group, so that "base.name" means the name itself; else the field itself. uiField must be
+    /// below GetFieldCount.
     unsigned int GetTextOf(unsigned int uiField) const;
 
     /// The value as text: "60 Hz", "2.20", "DisplayPort", "DEL", "00 0c 03". Of a group a summary, such as

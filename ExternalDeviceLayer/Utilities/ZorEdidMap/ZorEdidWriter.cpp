@@ -96,6 +96,27 @@ SDraft DraftRaw(const SMapContent& oMap, const CField& oField, const char* pszRa
     return oDraft;
 }
 
+// Whether a leaf is the line feed in the place of a text descriptor's text, which is empty and has no leaf.
+bool IsEmptyText(const SMapContent& oMap, unsigned int uiField)
+{
+    const CField& oField = oMap.GetField(uiField);
+    return oField.m_eId == eId_LineFeed && oField.m_uiGroup != gsc_uiNone &&
+           oField.m_uiOffset == oMap.GetField(oField.m_uiGroup).m_uiOffset + Descriptors::gsc_uiContentsOffset;
+}
+
+// That line feed of a group which is a text descriptor with an empty text: setting the group sets the text.
+unsigned int FindEmptyText(const SMapContent& oMap, unsigned int uiGroup)
+{
+    for (unsigned int i = uiGroup + 1; i < oMap.GetField(uiGroup).m_uiEnd; ++i)
+    {
+        if (oMap.GetField(i).m_uiGroup == uiGroup && IsEmptyText(oMap, i))
+        {
+            return i;
+        }
+    }
+    return gsc_uiNone;
+}
+
 // A text descriptor ends its text by a line feed and blanks, so that the text may take all of its room. Other texts
 // fill theirs.
 SBytes GetTextRoom(const SMapContent& oMap, unsigned int uiField)
@@ -233,10 +254,6 @@ SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszV
     if (strncmp(pszValue, gsc_szRaw, strlen(gsc_szRaw)) == 0)
     {
         return DraftRaw(oMap, oField, pszValue + strlen(gsc_szRaw));
-    }
-    if (IsEmptyText(oMap, uiField))
-    {
-        return DraftText(oMap, uiField, pszValue);
     }
     if (const char* pszOnlyRaw = GetOnlyRaw(oMap, uiField))
     {
@@ -445,13 +462,6 @@ CMString CheckDraft(const SMapContent& oBefore, const SMapContent& oAfter, unsig
 }
 } // namespace
 
-bool IsEmptyText(const SMapContent& oMap, unsigned int uiField)
-{
-    const CField& oField = oMap.GetField(uiField);
-    return oField.m_eId == eId_LineFeed && oField.m_uiGroup != gsc_uiNone &&
-           oField.m_uiOffset == oMap.GetField(oField.m_uiGroup).m_uiOffset + Descriptors::gsc_uiContentsOffset;
-}
-
 bool IsAcceptedRaw(const SMapContent& oMap, unsigned int uiField, unsigned int uiRaw)
 {
     SDraft oDraft = { oMap.m_aui8Data, {} };
@@ -475,9 +485,13 @@ int CZorEdidWriter::Set(unsigned int uiField, const char* pszValue, SAnswer& oAn
         return 0;
     }
     const SMapContent& oBefore = *m_oMap.m_poContent;
-    SDraft oDraft = MakeDraft(oBefore, uiField, pszValue);
+    const bool bRaw = strncmp(pszValue, gsc_szRaw, strlen(gsc_szRaw)) == 0;
+    const unsigned int uiEmpty = bRaw ? gsc_uiNone : FindEmptyText(oBefore, uiField);
+    SDraft oDraft =
+        uiEmpty != gsc_uiNone ? DraftText(oBefore, uiEmpty, pszValue) : MakeDraft(oBefore, uiField, pszValue);
+    uiField = uiEmpty != gsc_uiNone ? uiEmpty : uiField;
     oAnswer.m_oReason = oDraft.m_oReason;
-    oAnswer.m_oBefore = IsEmptyText(oBefore, uiField) ? CMString() : m_oMap.GetValue(uiField);
+    oAnswer.m_oBefore = uiEmpty != gsc_uiNone ? CMString() : m_oMap.GetValue(uiField);
     oAnswer.m_oAfter = oAnswer.m_oBefore;
     oAnswer.m_bExact = oDraft.m_bExact && oDraft.m_oReason.GetLength() == 0;
     if (oDraft.m_oReason.GetLength() != 0)
@@ -492,7 +506,6 @@ int CZorEdidWriter::Set(unsigned int uiField, const char* pszValue, SAnswer& oAn
     CZorEdidMap oChanged;
     oChanged.Read(oDraft.m_aui8Image.GetCount(), oDraft.m_aui8Image.GetData());
     const SMapContent& oAfter = *oChanged.m_poContent;
-    const bool bRaw = strncmp(pszValue, gsc_szRaw, strlen(gsc_szRaw)) == 0;
     oAnswer.m_oReason = bRaw ? CMString() : CheckDraft(oBefore, oAfter, uiField, oDraft);
     if (oAnswer.m_oReason.GetLength() != 0)
     {

@@ -11,7 +11,10 @@ namespace ZorCheck
 {
 namespace
 {
-unsigned int ReadMajorVersion(const unsigned char* pui8Block) { return pui8Block[DisplayId::gsc_uiVersionOffset] >> 4; }
+unsigned int ReadMajorVersion(const unsigned char* pui8Block)
+{
+    return DisplayId::GetMajorVersion(pui8Block[DisplayId::gsc_uiVersionOffset]);
+}
 
 // The data blocks of all sections of one major version: fnVisit(tag, offset in the image).
 template <class VISIT>

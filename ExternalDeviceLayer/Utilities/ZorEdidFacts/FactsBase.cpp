@@ -19,7 +19,6 @@ constexpr unsigned char gsc_ui8LineFeed = 0x0A;
 
 constexpr CFacts::ELink gsc_aeLinks[] = { CFacts::eLink_Digital, CFacts::eLink_Dvi,   CFacts::eLink_Hdmi,
                                           CFacts::eLink_Hdmi,    CFacts::eLink_Other, CFacts::eLink_DisplayPort };
-constexpr unsigned char gsc_aui8Depths[] = { 0, 6, 8, 10, 12, 14, 16, 0 };
 
 CFacts::SPoint PointIn1024(unsigned int uiX, unsigned int uiY)
 {
@@ -107,7 +106,7 @@ void CReader::ReadDisplay(const unsigned char* pui8Base)
               eZorEdidField_BaseDisplayInterface, gsc_uiVideoInputOffset);
     }
     constexpr unsigned int uiDfpDepth = 8; // at most
-    const unsigned char ui8Depth = gsc_aui8Depths[gsc_oColorDepth.Read(pui8Base)];
+    const auto ui8Depth = static_cast<unsigned char>(GetBitsPerColor(gsc_oColorDepth.Read(pui8Base)));
     if (bDigital && b4 && ui8Depth != 0)
     {
         Offer(CFacts::eQuestion_Depth, eSource_Base, oColour.m_oDepth, ui8Depth, eZorEdidField_BaseDisplayColorBitDepth,

@@ -82,7 +82,7 @@ void WalkDisplayId(const SPart& oBlock, VISITOR& oVisitor)
     const unsigned int uiSize = oBlock.GetByte(DisplayId::gsc_uiSectionLengthOffset) + DisplayId::gsc_uiSectionOverhead;
     const unsigned int uiEnd = std::min({ uiSize, oBlock.GetSize(), gsc_uiChecksumOffset });
     oVisitor.VisitDisplayId(oBlock);
-    const unsigned int uiVersion = oBlock.GetByte(DisplayId::gsc_uiVersionOffset) >> 4;
+    const unsigned int uiVersion = DisplayId::GetMajorVersion(oBlock.GetByte(DisplayId::gsc_uiVersionOffset));
     if (uiEnd <= uiFirst || uiVersion > DisplayId::gsc_uiHighestMajorVersion)
     {
         return;

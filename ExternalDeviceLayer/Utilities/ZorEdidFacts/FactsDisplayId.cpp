@@ -77,7 +77,7 @@ void TakeLuminance(SZorFact<float>& oFact, const SBytes& oBlock, EZorEdidField e
 
 void CReader::VisitDisplayId(const SPart& oBlock)
 {
-    const unsigned int uiVersion = oBlock.GetByte(gsc_uiVersionOffset) >> 4;
+    const unsigned int uiVersion = GetMajorVersion(oBlock.GetByte(gsc_uiVersionOffset));
     const bool bVersion2 = uiVersion == 2;
     const unsigned int uiType = oBlock.GetByte(gsc_uiProductTypeOffset);
     const unsigned int uiOffset = oBlock.m_uiOffset + gsc_uiProductTypeOffset;

@@ -46,7 +46,7 @@ EUnread FindUnreadDisplayId(const SPart& oBlock)
 {
     using namespace DisplayId;
     const unsigned char* pui8Block = oBlock.m_oBytes.GetData();
-    const unsigned int uiVersion = pui8Block[gsc_uiVersionOffset] >> 4;
+    const unsigned int uiVersion = GetMajorVersion(pui8Block[gsc_uiVersionOffset]);
     const unsigned int uiEnd = GetSectionSize(pui8Block); // where its checksum is
     if (uiVersion == 0 || uiVersion > gsc_uiHighestMajorVersion)
     {
@@ -83,10 +83,8 @@ bool AreSumsRight(const unsigned char* pui8Block)
 EUnread FindUnreadBlock(const SPart& oBlock)
 {
     constexpr unsigned int auiOtherTags[] = {
-        Vtb::gsc_uiTag, gsc_uiDisplayInformationTag, gsc_uiBlockMapTag,
-        0x50, // localized strings, VESA LS-EXT
-        0x60, // digital packet video link, VESA DPVL-EXT
-        0xFF, // a maker's
+        Vtb::gsc_uiTag,     gsc_uiDisplayInformationTag, gsc_uiLocalizedStringTag,
+        gsc_uiVideoLinkTag, gsc_uiBlockMapTag,           gsc_uiManufacturerTag,
     };
     if (oBlock.GetSize() < gsc_uiBlockSize)
     {

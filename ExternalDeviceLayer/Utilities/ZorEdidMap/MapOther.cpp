@@ -278,9 +278,9 @@ constexpr SExtension gsc_aoExtensions[] = {
     { eId_ColorInformation, { 0x30, 0x30, "color information" }, "color-information", gsc_oUnknownRest, "Color information extension block" },
     { eId_Di, { gsc_uiDisplayInformationTag, gsc_uiDisplayInformationTag, "display information extension (DI-EXT)" }, "display-information",
       gsc_oFillerRest, "Display information extension block", MapDisplayInformation },
-    { eId_Ls, { 0x50, 0x50, "localized string extension (LS-EXT)" }, "localized-string",
+    { eId_Ls, { gsc_uiLocalizedStringTag, gsc_uiLocalizedStringTag, "localized string extension (LS-EXT)" }, "localized-string",
       gsc_oFillerRest, "Localized string extension block", MapLocalizedStrings },
-    { eId_Dpvl, { 0x60, 0x60, "digital packet video link extension (DPVL-EXT)" }, "dpvl",
+    { eId_Dpvl, { gsc_uiVideoLinkTag, gsc_uiVideoLinkTag, "digital packet video link extension (DPVL-EXT)" }, "dpvl",
       gsc_oUnknownRest, "Digital packet video link extension block" },
     { eId_Displayid, { 0x70, 0x70, "DisplayID extension" }, "displayid", gsc_oUnknownRest, "DisplayID extension block" },
     { eId_Dtcdb, { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
@@ -289,8 +289,8 @@ constexpr SExtension gsc_aoExtensions[] = {
       gsc_oUnknownRest, "Display transfer characteristics block" },
     { eId_Dtcdb, { 0xBF, 0xBF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
       gsc_oUnknownRest, "Display transfer characteristics block" },
-    { eId_BlockMap, { 0xF0, 0xF0, "block map" }, "block-map", gsc_oFillerRest, "Block map", MapBlockMap },
-    { eId_Manufacturer, { 0xFF, 0xFF, "extension of the manufacturer" }, "manufacturer",
+    { eId_BlockMap, { gsc_uiBlockMapTag, gsc_uiBlockMapTag, "block map" }, "block-map", gsc_oFillerRest, "Block map", MapBlockMap },
+    { eId_Manufacturer, { gsc_uiManufacturerTag, gsc_uiManufacturerTag, "extension of the manufacturer" }, "manufacturer",
       gsc_oUnknownRest, "Extension block of the manufacturer", MapVendorBlock },
 };
 // clang-format on

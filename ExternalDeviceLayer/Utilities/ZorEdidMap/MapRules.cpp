@@ -478,8 +478,7 @@ constexpr SZorEdidRule gsc_aoRules[] = {
     { eZorEdidRule_NativeMixed, CMap::eSeverity_Warning, "timing.native-mixed", "native formats of several sizes",
       "CTA-861-H, 7.5.1",
       "A panel of fixed pixels has one native size: a source that prefers native formats may choose another one, which "
-      "the "
-      "display scales." },
+      "the display scales." },
     { eZorEdidRule_HdmiCodeAlone, CMap::eSeverity_Warning, "hdmi.vic-alone",
       "an HDMI code without its counterpart of CTA-861", "HDMI 2.0, 10.1",
       "Sources of today look for the codes of CTA-861 and miss the mode." },

@@ -190,8 +190,7 @@ CMString CBlockParts::Read(const unsigned char* pui8Block, bool bBase)
 
 unsigned int CBlockParts::GetVersion() const
 {
-    constexpr unsigned int uiVersionShift = 4;
-    return static_cast<unsigned int>(m_aui8Block[DisplayId::gsc_uiVersionOffset]) >> uiVersionShift;
+    return DisplayId::GetMajorVersion(m_aui8Block[DisplayId::gsc_uiVersionOffset]);
 }
 
 void CBlockParts::AddPieces(EList eList, unsigned int uiFirst, unsigned int uiSize, unsigned int uiCount)

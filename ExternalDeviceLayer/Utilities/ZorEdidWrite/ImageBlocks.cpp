@@ -150,7 +150,7 @@ unsigned int GetSectionVersion(const CImageBytes& aui8Image)
 {
     const unsigned int uiFirst = FindSection(aui8Image, 0);
     return uiFirst < CountBlocks(aui8Image) &&
-                   GetBlock(aui8Image, uiFirst)[DisplayId::gsc_uiVersionOffset] >= gsc_ui8Version2
+                   DisplayId::GetMajorVersion(GetBlock(aui8Image, uiFirst)[DisplayId::gsc_uiVersionOffset]) >= 2
                ? 2
                : 1;
 }

@@ -63,7 +63,7 @@ void MakeInput(const CMakerPlan& oPlan, CBlockBytes& aui8Base)
         aui8Base[gsc_uiFeaturesOffset] |= gsc_uiPreferredTimingMask;
         return;
     }
-    gsc_oColorDepth.Write(aui8Base, oPlan.GetColorDepth() / 2 - 2);
+    gsc_oColorDepth.Write(aui8Base, GetColorDepthCode(oPlan.GetColorDepth()));
     gsc_oInterface.Write(aui8Base, gsc_aui8Interfaces[oPlan.GetWishes().m_eInterface]);
     gsc_oDisplayColorType.Write(aui8Base, oPlan.HasYCbCr() ? uiAllEncodings : 0);
     gsc_oPreferredIsNative.Write(aui8Base, oPlan.IsFirstNative() ? 1 : 0);

@@ -251,9 +251,7 @@ std::string CEditImage::SetColorDepth(unsigned int uiDepth)
     SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
     oEdits.m_bColorDepth = true;
     oEdits.m_uiColorDepth = uiDepth;
-    constexpr unsigned int uiBitsPerCode = 2; // 6 bits are code 1
-    const unsigned int uiBits = uiDepth != 0 ? 4 + uiBitsPerCode * uiDepth : 0;
-    NoteDisplayId(eZorEdidField_DisplayidParametersNativeBitDepth, uiBits);
+    NoteDisplayId(eZorEdidField_DisplayidParametersNativeBitDepth, ZorStandards::BaseBlock::GetBitsPerColor(uiDepth));
     return "";
 }
 

@@ -81,7 +81,7 @@ bool IsCalledNative(const unsigned char* pui8Base)
 
 // ---- Stereo viewing ----
 
-// Its kinds refer to the lines or frames of the timing: another picture may need another one.
+// Its kinds refer to the lines or frames of the timing: another picture may need another kind.
 bool IsStereo(const unsigned char* pui8Descriptor)
 {
     constexpr unsigned int uiFirstKind = 2;

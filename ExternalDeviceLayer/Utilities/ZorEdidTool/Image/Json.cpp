@@ -175,9 +175,9 @@ void AddInput(const CEdid& oEdid, CJsonWriter& oJson)
     {
         return;
     }
-    if (eDepth != CEdidBase::eColorBitDepthUndefined && eDepth != CEdidBase::eColorBitDepthReserved)
+    if (const unsigned int uiBits = GetBitsPerColor(eDepth))
     {
-        oJson.Member("bits_per_color", 4 + 2 * static_cast<unsigned int>(eDepth));
+        oJson.Member("bits_per_color", uiBits);
     }
     CEdidBase::EDigitalInterface eInterface = CEdidBase::eDigitalInterfaceNotDefined;
     oEdid.GetDigitalVideoInterface(eInterface);

@@ -40,6 +40,13 @@ constexpr unsigned int gsc_uiVersion = 1; // the only one with this layout
 constexpr unsigned int gsc_uiDigitalMask = 0x80;
 constexpr SBitsPlace gsc_oColorDepth = { gsc_uiVideoInputOffset, 6, 4 };
 constexpr SBitsPlace gsc_oInterface = { gsc_uiVideoInputOffset, 3, 0 };
+constexpr unsigned int gsc_uiReservedColorDepth = 7;
+// Bits per colour of a code of the depth: 6, 8 and so on to 16. 0 for undefined and reserved.
+constexpr unsigned int GetBitsPerColor(unsigned int uiCode)
+{
+    return uiCode != 0 && uiCode < gsc_uiReservedColorDepth ? 4 + 2 * uiCode : 0;
+}
+constexpr unsigned int GetColorDepthCode(unsigned int uiBits) { return uiBits / 2 - 2; } // of one that has a code
 constexpr unsigned int gsc_uiVideoInputRevision = 4;
 constexpr SPlace gsc_oDfp1Compatible = Bit(gsc_uiVideoInputOffset, 0); // of digital inputs of revisions 2 and 3
 constexpr unsigned int gsc_uiDfpRevision = 2;

@@ -23,6 +23,9 @@ constexpr unsigned int gsc_uiSectionOverhead = 5;
 constexpr unsigned int gsc_uiHighestVersion = 0x12;   // that the classes read
 constexpr unsigned int gsc_uiHighestMajorVersion = 2; // published
 
+// Of the version byte; a reader outside the block takes 0.
+constexpr unsigned int GetMajorVersion(unsigned int uiVersion) { return uiVersion >> 4; }
+
 constexpr unsigned int GetSectionSize(const unsigned char* pui8Block)
 {
     return pui8Block[gsc_uiSectionLengthOffset] + gsc_uiSectionOverhead;

@@ -144,7 +144,7 @@ bool IsNamedBy420(const SEditedBlock& oBlock, unsigned int uiNumber)
     return false;
 }
 
-// Whether bytes after the descriptors of a block and past a gap, look like timings.
+// Whether bytes after the descriptors of a block and past a gap look like timings.
 bool HasLostTimings(const CBytes& aui8Block)
 {
     CZorEdidMap oMap;

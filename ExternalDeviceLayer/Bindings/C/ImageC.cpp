@@ -23,7 +23,7 @@ constexpr size_t gsc_uiMostOfFile = 16U << 20; // what has more is no file of ED
 
 size_t GetEnd(const zoredid_image& oImage, size_t uiBegin)
 {
-    return FindImageEnd(oImage.m_aui8Bytes.GetCount(), oImage.m_aui8Bytes.GetData(), uiBegin);
+    return ZorImages::FindImageEnd(oImage.m_aui8Bytes.GetCount(), oImage.m_aui8Bytes.GetData(), uiBegin);
 }
 
 int Load(zoredid_image& oImage, unsigned int uiSize, const unsigned char* pui8Data)

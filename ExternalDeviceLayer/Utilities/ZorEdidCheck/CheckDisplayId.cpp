@@ -6,6 +6,7 @@
 
 #include "CheckFindings.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/DisplayIdBlocks.h"
 
 namespace ZorCheck
 {
@@ -38,11 +39,15 @@ struct SRequired
     unsigned int m_auiTags[2];
     bool m_bDisplaysOnly; // not of a section that names no product type
 };
-constexpr SRequired gsc_oProduct = { eZorEdidRule_DisplayIdNoProduct, { 0x00, 0x20 }, false };
+constexpr SRequired gsc_oProduct = { eZorEdidRule_DisplayIdNoProduct,
+                                     { DisplayId::gsc_uiProduct1Tag, DisplayId::gsc_uiProduct2Tag },
+                                     false };
 constexpr SRequired gsc_aoRequired[] = {
     gsc_oProduct,
-    { eZorEdidRule_DisplayIdNoParameters, { 0x01, 0x21 }, true },
-    { eZorEdidRule_DisplayIdNoInterface, { 0x0F, 0x26 }, true },
+    { eZorEdidRule_DisplayIdNoParameters, { DisplayId::gsc_uiParameters1Tag, DisplayId::gsc_uiParameters2Tag }, true },
+    { eZorEdidRule_DisplayIdNoInterface,
+      { DisplayId::gsc_uiInterfaceTag, DisplayId::gsc_uiInterfaceFeaturesTag },
+      true },
 };
 
 bool IsDisplay(unsigned int uiVersion, unsigned int uiProductType)

@@ -260,11 +260,10 @@ void CModeVisitor::AddBits(EZorEdidField eField, const SPart& oBytes, unsigned i
 void CModeVisitor::VisitBase(const SPart& oBase)
 {
     using namespace BaseBlock;
-    constexpr unsigned int uiFirstWithout1To1 = 3; // revision
     constexpr unsigned int uiFirstWithNative = 4;
     constexpr unsigned int uiStandards = 8;
     const unsigned char* pui8Base = oBase.m_oBytes.GetData();
-    m_bSquare = !IsAtLeastRevision(pui8Base, uiFirstWithout1To1);
+    m_bSquare = !IsAtLeastRevision(pui8Base, gsc_ui16To10Revision);
     m_bFirstPreferred = IsPreferredTimingDeclared(pui8Base);
     m_bFirstNative = IsAtLeastRevision(pui8Base, uiFirstWithNative) && gsc_oPreferredIsNative.IsSet(pui8Base);
     m_oFormula = FindFormula(oBase.m_oBytes);

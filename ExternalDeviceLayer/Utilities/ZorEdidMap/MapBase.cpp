@@ -56,15 +56,17 @@ constexpr SMeaning gsc_aoWeeks14[] = { { 0, 0, "not given" },
 
 constexpr SRow gsc_aoIdentityRows[] = {
     { eId_Reserved, Bit(0x08, 7), "Reserved", Reserved() },
-    { eId_BaseIdentityManufacturer, Split({ { 0x08, 6, 0 }, { 0x09, 7, 0 } }), "ID manufacturer name",
-      Text().Text(FormatMaker), nullptr, CheckMaker },
-    { eId_BaseIdentityProductCode, Little16(0x0A), "ID product code", Number() },
-    { eId_BaseIdentitySerialNumber, Little32(0x0C), "ID serial number", Number().With(gsc_aoZeroNotGiven) },
-    { eId_BaseIdentityWeek, Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
-    { eId_BaseIdentityWeek, Byte(0x10), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
-    { eId_BaseIdentityYear, Byte(0x11), "Year of manufacture", Number().Times(1, gsc_uiFirstYear), IsNot<IsModelYear>,
+    { eId_BaseIdentityManufacturer, gsc_oManufacturer, "ID manufacturer name", Text().Text(FormatMaker), nullptr,
+      CheckMaker },
+    { eId_BaseIdentityProductCode, Little16(gsc_uiProductOffset), "ID product code", Number() },
+    { eId_BaseIdentitySerialNumber, Little32(gsc_uiSerialOffset), "ID serial number",
+      Number().With(gsc_aoZeroNotGiven) },
+    { eId_BaseIdentityWeek, Byte(gsc_uiWeekOffset), "Week of manufacture", Number().With(gsc_aoWeeks), IsBefore4 },
+    { eId_BaseIdentityWeek, Byte(gsc_uiWeekOffset), "Week of manufacture", Number().With(gsc_aoWeeks14), IsRevision4 },
+    { eId_BaseIdentityYear, Byte(gsc_uiYearOffset), "Year of manufacture", Number().Times(1, gsc_uiFirstYear),
+      IsNot<IsModelYear>, CheckYear },
+    { eId_BaseIdentityModelYear, Byte(gsc_uiYearOffset), "Model year", Number().Times(1, gsc_uiFirstYear), IsModelYear,
       CheckYear },
-    { eId_BaseIdentityModelYear, Byte(0x11), "Model year", Number().Times(1, gsc_uiFirstYear), IsModelYear, CheckYear },
 };
 constexpr STable gsc_oIdentityTable = { eId_BaseIdentity, "Vendor and product identification", eArea_Identity,
                                         gsc_aoIdentityRows };
@@ -77,8 +79,9 @@ SBreach CheckRevision(const CRecord&, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoVersionRows[] = {
-    { eId_BaseEdidVersion, Byte(0x12), "Version number", Number().Expect(1, eZorEdidRule_BaseVersion) },
-    { eId_BaseEdidRevision, Byte(0x13), "Revision number", Number(), nullptr, CheckRevision },
+    { eId_BaseEdidVersion, Byte(gsc_uiVersionOffset), "Version number",
+      Number().Expect(gsc_uiVersion, eZorEdidRule_BaseVersion) },
+    { eId_BaseEdidRevision, Byte(gsc_uiRevisionOffset), "Revision number", Number(), nullptr, CheckRevision },
 };
 constexpr STable gsc_oVersionTable = { eId_BaseEdid, "EDID structure version and revision", eArea_Structure,
                                        gsc_aoVersionRows };
@@ -163,47 +166,52 @@ SBreach CheckPreferred(const CRecord& oRecord, unsigned int uiValue)
 }
 
 constexpr SRow gsc_aoDisplayRows[] = {
-    { eId_BaseDisplaySignalInterface, Bit(0x14, 7), "Video signal interface", Flag(gsc_aoSignal) },
-    { eId_BaseDisplaySignalLevel, Bits(0x14, 6, 5), "Signal level standard", Names(gsc_aoLevels), IsAnalog },
-    { eId_BaseDisplayVideoSetup, Bit(0x14, 4), "Video setup", Flag(gsc_aoSetup), IsAnalog },
-    { eId_BaseDisplaySeparateSync, Bit(0x14, 3), "Separate sync H and V signals", Flag(gsc_aoSupported), IsAnalog },
-    { eId_BaseDisplayCompositeSync, Bit(0x14, 2), "Composite sync signal on horizontal", Flag(gsc_aoSupported),
+    { eId_BaseDisplaySignalInterface, Bit(gsc_uiVideoInputOffset, 7), "Video signal interface", Flag(gsc_aoSignal) },
+    { eId_BaseDisplaySignalLevel, Bits(gsc_uiVideoInputOffset, 6, 5), "Signal level standard", Names(gsc_aoLevels),
       IsAnalog },
-    { eId_BaseDisplaySyncOnGreen, Bit(0x14, 1), "Composite sync signal on green video", Flag(gsc_aoSupported),
+    { eId_BaseDisplayVideoSetup, Bit(gsc_uiVideoInputOffset, 4), "Video setup", Flag(gsc_aoSetup), IsAnalog },
+    { eId_BaseDisplaySeparateSync, Bit(gsc_uiVideoInputOffset, 3), "Separate sync H and V signals",
+      Flag(gsc_aoSupported), IsAnalog },
+    { eId_BaseDisplayCompositeSync, Bit(gsc_uiVideoInputOffset, 2), "Composite sync signal on horizontal",
+      Flag(gsc_aoSupported), IsAnalog },
+    { eId_BaseDisplaySyncOnGreen, Bit(gsc_uiVideoInputOffset, 1), "Composite sync signal on green video",
+      Flag(gsc_aoSupported), IsAnalog },
+    { eId_BaseDisplaySerration, Bit(gsc_uiVideoInputOffset, 0), "Serration on the vertical sync", Flag(gsc_aoSupported),
       IsAnalog },
-    { eId_BaseDisplaySerration, Bit(0x14, 0), "Serration on the vertical sync", Flag(gsc_aoSupported), IsAnalog },
-    { eId_Reserved, Bits(0x14, 6, 0), "Reserved", Reserved(), IsDigitalBefore2 },
-    { eId_Reserved, Bits(0x14, 6, 1), "Reserved", Reserved(), IsDigital2To3 },
+    { eId_Reserved, Bits(gsc_uiVideoInputOffset, 6, 0), "Reserved", Reserved(), IsDigitalBefore2 },
+    { eId_Reserved, Bits(gsc_uiVideoInputOffset, 6, 1), "Reserved", Reserved(), IsDigital2To3 },
     { eId_BaseDisplayDfp1Compatible, gsc_oDfp1Compatible, "DFP 1.x compatible", Flag(), IsDigital2To3 },
-    { eId_BaseDisplayColorBitDepth, Bits(0x14, 6, 4), "Color bit depth", Names(gsc_aoDepths),
+    { eId_BaseDisplayColorBitDepth, Split({ gsc_oColorDepth }), "Color bit depth", Names(gsc_aoDepths),
       IsDigital4 }, // per primary color
-    { eId_BaseDisplayInterface, Bits(0x14, 3, 0), "Digital video interface standard", Names(gsc_aoInterfaces),
+    { eId_BaseDisplayInterface, Split({ gsc_oInterface }), "Digital video interface standard", Names(gsc_aoInterfaces),
       IsDigital4 },
-    { eId_BaseDisplayScreenWidth, Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoSizes), HasSizes },
-    { eId_BaseDisplayScreenWidth, Byte(0x15), "Horizontal screen size", Number("cm").With(gsc_aoWidthIsNone),
-      IsPortrait },
-    { eId_BaseDisplayAspectRatioLandscape, Byte(0x15), "Aspect ratio, landscape",
+    { eId_BaseDisplayScreenWidth, Byte(gsc_uiImageWidthOffset), "Horizontal screen size",
+      Number("cm").With(gsc_aoSizes), HasSizes },
+    { eId_BaseDisplayScreenWidth, Byte(gsc_uiImageWidthOffset), "Horizontal screen size",
+      Number("cm").With(gsc_aoWidthIsNone), IsPortrait },
+    { eId_BaseDisplayAspectRatioLandscape, Byte(gsc_uiImageWidthOffset), "Aspect ratio, landscape",
       Number(": 1").Times(1, gsc_uiRatioOffset).Decimals(2), IsLandscape },
-    { eId_BaseDisplayScreenHeight, Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoSizes), HasSizes },
-    { eId_BaseDisplayScreenHeight, Byte(0x16), "Vertical screen size", Number("cm").With(gsc_aoHeightIsNone),
-      IsLandscape },
-    { eId_BaseDisplayAspectRatioPortrait, Byte(0x16), "Aspect ratio, portrait",
+    { eId_BaseDisplayScreenHeight, Byte(gsc_uiImageHeightOffset), "Vertical screen size",
+      Number("cm").With(gsc_aoSizes), HasSizes },
+    { eId_BaseDisplayScreenHeight, Byte(gsc_uiImageHeightOffset), "Vertical screen size",
+      Number("cm").With(gsc_aoHeightIsNone), IsLandscape },
+    { eId_BaseDisplayAspectRatioPortrait, Byte(gsc_uiImageHeightOffset), "Aspect ratio, portrait",
       Number().Computed(ComputePortrait).Decimals(4).Text(FormatPortrait), IsPortrait },
     { eId_BaseDisplayGamma, gsc_oGamma, "Display transfer characteristic (gamma)",
       HundredthsFrom1().With(gsc_aoGammaNotHere) },
-    { eId_BaseDisplayStandby, Bit(0x18, 7), "Standby mode", Flag(gsc_aoSupported) },
-    { eId_BaseDisplaySuspend, Bit(0x18, 6), "Suspend mode", Flag(gsc_aoSupported) },
-    { eId_BaseDisplayActiveOff, Bit(0x18, 5), "Active off, very low power", Flag(gsc_aoSupported) },
+    { eId_BaseDisplayStandby, Bit(gsc_uiFeaturesOffset, 7), "Standby mode", Flag(gsc_aoSupported) },
+    { eId_BaseDisplaySuspend, Bit(gsc_uiFeaturesOffset, 6), "Suspend mode", Flag(gsc_aoSupported) },
+    { eId_BaseDisplayActiveOff, Bit(gsc_uiFeaturesOffset, 5), "Active off, very low power", Flag(gsc_aoSupported) },
     { eId_BaseDisplayColorType, gsc_oDisplayColorType, "Display color type", Names(gsc_aoColorTypes),
       IsNot<IsDigital4> },
     { eId_BaseDisplayColorEncodings, gsc_oDisplayColorType, "Supported color encoding formats", Names(gsc_aoEncodings),
       IsDigital4 },
     { eId_BaseDisplaySrgbDefault, gsc_oSrgbDefault, "sRGB is the default color space", Flag(), nullptr, CheckSrgb },
-    { eId_BaseDisplayPreferredTiming, Bit(0x18, 1), "Preferred timing mode", Flag(), IsBefore4,
+    { eId_BaseDisplayPreferredTiming, Bit(gsc_uiFeaturesOffset, 1), "Preferred timing mode", Flag(), IsBefore4,
       CheckPreferred }, // the first detailed timing is it
     { eId_BaseDisplayPreferredIsNative, gsc_oPreferredIsNative, "Preferred timing mode is native", Flag(),
       IsRevision4 },
-    { eId_BaseDisplayDefaultGtf, Bit(0x18, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
+    { eId_BaseDisplayDefaultGtf, Bit(gsc_uiFeaturesOffset, 0), "Default GTF", Flag(gsc_aoSupported), IsBefore4 },
     { eId_BaseDisplayContinuousFrequency, gsc_oContinuousFrequency, "Continuous frequency", Flag(), IsRevision4 },
 };
 constexpr STable gsc_oDisplayTable = { eId_BaseDisplay, "Basic display parameters and features", eArea_Display,
@@ -258,7 +266,7 @@ constexpr auto IsUsedPair = IsNot<IsUnusedPair>;
 template <bool ALWAYS>
 bool IsWidePair(const CRecord& oRecord)
 {
-    return IsUsedPair(oRecord) && (ALWAYS || oRecord.GetFacts().m_uiRevision >= 3);
+    return IsUsedPair(oRecord) && (ALWAYS || oRecord.GetFacts().m_uiRevision >= gsc_ui16To10Revision);
 }
 template <bool ALWAYS>
 bool IsSquarePair(const CRecord& oRecord)
@@ -308,7 +316,8 @@ constexpr SRow gsc_aoPairRows[] = {
 
 // ---- The end of the block, E-EDID 3.11 ----
 
-constexpr SRow gsc_oExtensionCountRow = { eId_BaseExtensionCount, Byte(0x7E), "Extension block count", Number() };
+constexpr SRow gsc_oExtensionCountRow = { eId_BaseExtensionCount, Byte(gsc_uiExtensionCountOffset),
+                                          "Extension block count", Number() };
 
 // ---- What the descriptors must be, E-EDID 3.10 ----
 

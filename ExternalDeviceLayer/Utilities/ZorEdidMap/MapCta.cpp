@@ -221,11 +221,13 @@ constexpr SExtendedTags MakeExtendedTags()
 
 constexpr SExtendedTags gsc_oExtendedTags = MakeExtendedTags();
 
+constexpr SPlace gsc_oTag = Split({ gsc_oHeaderTag });
+
 bool IsVendor(const CRecord& oHeader)
 {
-    return oHeader.GetBits(0, 7, 5) == gsc_ui8VendorTag && oHeader.GetSize() >= gsc_uiHeaderSize + gsc_uiOuiSize;
+    return oHeader.Get(gsc_oTag) == gsc_uiVendorTag && oHeader.GetSize() >= gsc_uiHeaderSize + gsc_uiOuiSize;
 }
-bool IsExtended(const CRecord& oHeader) { return oHeader.GetBits(0, 7, 5) == gsc_ui8ExtendedTag; }
+bool IsExtended(const CRecord& oHeader) { return oHeader.Get(gsc_oTag) == gsc_uiExtendedTag; }
 bool IsExtendedVendor(const CRecord& oHeader)
 {
     return IsExtended(oHeader) && HasOui(gsc_ui8ExtendedTag, oHeader.GetByte(1)) &&
@@ -233,8 +235,8 @@ bool IsExtendedVendor(const CRecord& oHeader)
 }
 
 constexpr SRow gsc_aoHeaderRows[] = {
-    { eId_CtaDataBlockTag, Bits(0, 7, 5), "Tag code", Names(gsc_aoTags) },
-    { eId_CtaDataBlockLength, Bits(0, 4, 0), "Length", Number("bytes") },
+    { eId_CtaDataBlockTag, gsc_oTag, "Tag code", Names(gsc_aoTags) },
+    { eId_CtaDataBlockLength, Split({ gsc_oHeaderLength }), "Length", Number("bytes") },
     { eId_CtaDataBlockExtendedTag, Byte(1), "Extended tag code",
       Names({ gsc_oExtendedTags.m_aoMeanings, gsc_oExtendedTags.m_uiCount }), IsExtended },
     { eId_CtaDataBlockOui, Little24(1), "IEEE OUI", Oui(), IsVendor },

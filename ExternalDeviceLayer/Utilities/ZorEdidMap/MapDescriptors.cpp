@@ -343,11 +343,12 @@ constexpr SRow gsc_aoRangeRows[] = {
     { eId_Padding, Run(0x0C, 6), "Padding", Filler(' ', eZorEdidRule_Blanks), IsPlainFormula },
     // Secondary GTF: the curve above the start frequency
     { eId_Reserved, Byte(0x0B), "Reserved", Reserved(), IsSecondaryGtf },
-    { eId_BaseRangeGtfStartFrequency, Byte(0x0C), "Start break frequency", Number("kHz").Times(2), IsSecondaryGtf },
-    { eId_BaseRangeGtfC, Byte(0x0D), "C", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
-    { eId_BaseRangeGtfM, Little16(0x0E), "M", Number("%/kHz"), IsSecondaryGtf },
-    { eId_BaseRangeGtfK, Byte(0x10), "K", Number(), IsSecondaryGtf },
-    { eId_BaseRangeGtfJ, Byte(0x11), "J", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
+    { eId_BaseRangeGtfStartFrequency, gsc_oSecondaryStart, "Start break frequency", Number("kHz").Times(2),
+      IsSecondaryGtf },
+    { eId_BaseRangeGtfC, gsc_oSecondaryC, "C", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
+    { eId_BaseRangeGtfM, gsc_oSecondaryM, "M", Number("%/kHz"), IsSecondaryGtf },
+    { eId_BaseRangeGtfK, gsc_oSecondaryK, "K", Number(), IsSecondaryGtf },
+    { eId_BaseRangeGtfJ, gsc_oSecondaryJ, "J", Number("%").Times(5).Decimals(1), IsSecondaryGtf },
     // CVT
     { eId_BaseRangeCvtVersion, Bits(0x0B, 7, 4), "CVT standard version", Number(), IsCvt },
     { eId_BaseRangeCvtRevision, Bits(0x0B, 3, 0), "CVT standard revision", Number(), IsCvt },

@@ -35,8 +35,7 @@ EZorEdidRule GetOtherSize(unsigned int uiListedHeight)
 
 void NoteOtherSizes(CMapWriter& oWriter, const CEdidBase& oBase, const CTimingOrigins& aoStandards)
 {
-    constexpr unsigned int uiFirstWithout1To1 = 3;
-    const bool bSquare = oWriter.GetFacts().m_uiRevision < uiFirstWithout1To1;
+    const bool bSquare = oWriter.GetFacts().m_uiRevision < ZorStandards::BaseBlock::gsc_ui16To10Revision;
     for (unsigned int i = 0; i < aoStandards.GetCount(); ++i)
     {
         const STimingOrigin& oOrigin = aoStandards[i];

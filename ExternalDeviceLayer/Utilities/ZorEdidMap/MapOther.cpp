@@ -98,7 +98,8 @@ void MapBlockMap(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLeng
 {
     const unsigned int uiBlock = uiOffset / CMapWriter::msc_uiBlockSize;
     const unsigned int uiPlace = GetPlace(oWriter, uiOffset);
-    const bool bPlaced = uiPlace == 1 || uiPlace == 128;
+    const bool bPlaced = std::ranges::find(ZorStandards::gsc_auiBlockMapPlaces, uiPlace) !=
+                         std::end(ZorStandards::gsc_auiBlockMapPlaces);
     if (!bPlaced)
     {
         oWriter.AddNote(oWriter.FindField(uiOffset, uiLength), eZorEdidRule_BlockMapPlace);

@@ -9,6 +9,8 @@
 
 using ZorStandards::gsc_uiBlockSize;
 
+namespace ZorImages
+{
 namespace
 {
 bool HasHeader(size_t uiSize, const unsigned char* pui8Bytes)
@@ -46,3 +48,4 @@ size_t FindImageEnd(size_t uiSize, const unsigned char* pui8Bytes, size_t uiBegi
     }
     return uiSize;
 }
+} // namespace ZorImages

@@ -5,6 +5,9 @@
 
 #include <stddef.h>
 
+namespace ZorImages
+{
 // Where the EDID that begins at uiBegin ends: at the header of the next one, or after the last byte. Bytes without a
 // header are not split. uiBegin is at most uiSize, which is at most INT_MAX.
 size_t FindImageEnd(size_t uiSize, const unsigned char* pui8Bytes, size_t uiBegin);
+} // namespace ZorImages

@@ -161,12 +161,9 @@ bool StoreDataBlockLength(SPiece& oDataBlock, bool bDisplayId)
 
 void StoreBlockChecksums(unsigned char* pui8Block)
 {
-    const unsigned int uiSection = DisplayId::GetSectionSize(pui8Block);
-    if (pui8Block[0] == gsc_uiDisplayIdTag && uiSection < gsc_uiChecksumOffset)
-    {
-        CEdidUtils::StoreChecksum(uiSection, pui8Block + DisplayId::gsc_uiSectionOffset);
-    }
-    CEdidUtils::StoreChecksum(gsc_uiBlockSize, pui8Block);
+    ForEachSum(pui8Block, [&](unsigned int uiOffset, unsigned int uiSize) {
+        CEdidUtils::StoreChecksum(uiSize, pui8Block + uiOffset);
+    });
 }
 
 // ---- Taking apart ----

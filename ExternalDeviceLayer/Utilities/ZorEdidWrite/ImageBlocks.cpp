@@ -12,9 +12,8 @@ using namespace ZorStandards;
 
 namespace
 {
-constexpr unsigned int gsc_auiMapPlaces[] = { 1, 128 }; // of block maps
-constexpr unsigned int gsc_uiMapRevision = 3;           // of E-EDID: the one that asks for a block map
-constexpr unsigned char gsc_ui8Version2 = 0x20;         // of a DisplayID structure
+constexpr unsigned int gsc_uiMapRevision = 3;   // of E-EDID: the one that asks for a block map
+constexpr unsigned char gsc_ui8Version2 = 0x20; // of a DisplayID structure
 
 bool IsOverridden(const CImageBytes& aui8Image)
 {
@@ -55,7 +54,7 @@ void FollowCount(const CImageBytes& aui8Before, CImageBytes& aui8Image)
 void FollowBlockMaps(CImageBytes& aui8Image)
 {
     const unsigned int uiBlocks = CountBlocks(aui8Image);
-    for (const unsigned int uiMap : gsc_auiMapPlaces)
+    for (const unsigned int uiMap : gsc_auiBlockMapPlaces)
     {
         for (unsigned int i = 1; uiMap < uiBlocks && i < gsc_uiChecksumOffset; ++i)
         {

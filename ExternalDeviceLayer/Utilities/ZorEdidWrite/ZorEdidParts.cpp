@@ -79,6 +79,8 @@ CMString NameBlock(unsigned int uiBlock)
 }
 } // namespace
 
+namespace ZorWrite
+{
 // One change, from the image as it is to the image that counts.
 class CPartsEdit
 {
@@ -1012,6 +1014,7 @@ int CPartsEdit::MoveItemOf(const SPart& oPart, unsigned int uiPlace)
         oPart.m_oRange,
         GetRange(oPart.m_uiBlock, oPiece.m_uiOffset + oItems.m_uiFirst + uiPlace * oItems.m_uiSize, oItems.m_uiSize));
 }
+} // namespace ZorWrite
 
 // ---- The class ----
 

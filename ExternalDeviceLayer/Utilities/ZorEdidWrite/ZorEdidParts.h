@@ -7,6 +7,11 @@
 
 #pragma GCC visibility push(default)
 
+namespace ZorWrite
+{
+class CPartsEdit;
+} // namespace ZorWrite
+
 /// One image under edit, with the map of its present bytes. A part is
 ///   an extension block
 ///   of the base block one of eight standard timings, one of four descriptors
@@ -91,7 +96,7 @@ public:
     int Move(unsigned int uiField, unsigned int uiPlace, SAnswer& oAnswer);
 
 private:
-    friend class CPartsEdit;
+    friend class ZorWrite::CPartsEdit;
 
     CZorEdidMap m_aoMaps[2]; // of the present bytes, and of what they may become
     unsigned int m_uiPresent = 0;

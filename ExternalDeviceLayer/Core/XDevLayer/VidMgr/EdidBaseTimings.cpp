@@ -119,9 +119,6 @@ const SStdByteCodeOverride* FindOverride(const CEdidBase::SStandard& oPair)
     return nullptr;
 }
 
-// The first revision in which aspect code 0 means 16:10; it was 1:1 before.
-constexpr unsigned int gsc_ui16To10Revision = 3;
-
 STimingOrigin MakeOrigin(unsigned int uiIndex, unsigned int uiOffset, unsigned int uiLength,
                          unsigned int uiBit = STimingOrigin::msc_uiNoBit)
 {

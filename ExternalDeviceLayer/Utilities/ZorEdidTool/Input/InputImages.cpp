@@ -16,8 +16,8 @@ using CBytes = std::vector<unsigned char>;
 std::vector<size_t> FindImages(const CBytes& aui8Bytes)
 {
     std::vector<size_t> auiOffsets = { 0 };
-    for (size_t uiEnd = FindImageEnd(aui8Bytes.size(), aui8Bytes.data(), 0); uiEnd < aui8Bytes.size();
-         uiEnd = FindImageEnd(aui8Bytes.size(), aui8Bytes.data(), uiEnd))
+    for (size_t uiEnd = ZorImages::FindImageEnd(aui8Bytes.size(), aui8Bytes.data(), 0); uiEnd < aui8Bytes.size();
+         uiEnd = ZorImages::FindImageEnd(aui8Bytes.size(), aui8Bytes.data(), uiEnd))
     {
         auiOffsets.push_back(uiEnd);
     }

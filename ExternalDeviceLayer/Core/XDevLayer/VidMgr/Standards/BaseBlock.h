@@ -31,10 +31,14 @@ constexpr unsigned int gsc_uiGammaOffset = 23;       // hundredths, minus 100; F
 constexpr unsigned int gsc_uiFeaturesOffset = 24;
 constexpr unsigned int gsc_uiEstablishedOffset = 35; // three bytes, little-endian
 constexpr unsigned int gsc_uiStandardsOffset = 38;   // eight pairs
+constexpr unsigned int gsc_ui16To10Revision = 3;     // the first one in which their aspect code 0 is 16:10, not 1:1
 constexpr unsigned int gsc_uiDescriptorsOffset = 54; // four descriptors
 constexpr unsigned int gsc_uiExtensionCountOffset = 126;
 
 constexpr unsigned int gsc_uiVersion = 1; // the only one with this layout
+
+constexpr SPlace gsc_oManufacturer = // three letters of five bits
+    Split({ { gsc_uiManufacturerOffset, 6, 0 }, { gsc_uiManufacturerOffset + 1, 7, 0 } });
 
 // Video input byte. Colour depth and interface exist for digital inputs from revision 4 on.
 constexpr unsigned int gsc_uiDigitalMask = 0x80;
@@ -60,10 +64,10 @@ constexpr unsigned int gsc_uiRatioOffset = 99;
 
 // Other fields; of digital inputs from revision 4 on the colour type is a list of encodings.
 constexpr SPlace gsc_oGamma = Byte(gsc_uiGammaOffset);
-constexpr SPlace gsc_oDisplayColorType = Bits(0x18, 4, 3);
-constexpr SPlace gsc_oSrgbDefault = Bit(0x18, 2);
-constexpr SPlace gsc_oPreferredIsNative = Bit(0x18, 1);
-constexpr SPlace gsc_oContinuousFrequency = Bit(0x18, 0);
+constexpr SPlace gsc_oDisplayColorType = Bits(gsc_uiFeaturesOffset, 4, 3);
+constexpr SPlace gsc_oSrgbDefault = Bit(gsc_uiFeaturesOffset, 2);
+constexpr SPlace gsc_oPreferredIsNative = Bit(gsc_uiFeaturesOffset, 1);
+constexpr SPlace gsc_oContinuousFrequency = Bit(gsc_uiFeaturesOffset, 0);
 
 // Chromaticities in 1/1024.
 // sRGB's, as they are stored: gamma 2.20, and the primaries with the white point from byte 19h on.

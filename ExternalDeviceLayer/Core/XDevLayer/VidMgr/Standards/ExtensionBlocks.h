@@ -10,10 +10,11 @@ namespace ZorStandards
 {
 inline constexpr unsigned int gsc_uiCtaTag = Cta::gsc_uiTag;
 inline constexpr unsigned int gsc_uiDisplayIdTag = DisplayId::gsc_uiTag;
-inline constexpr unsigned int gsc_uiDisplayInformationTag = 0x40; // VESA DI-EXT
-inline constexpr unsigned int gsc_uiLocalizedStringTag = 0x50;    // VESA LS-EXT
-inline constexpr unsigned int gsc_uiVideoLinkTag = 0x60;          // digital packet video link, VESA DPVL-EXT
-inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0;           // a list of the blocks, with nothing of its own
+inline constexpr unsigned int gsc_uiDisplayInformationTag = 0x40;   // VESA DI-EXT
+inline constexpr unsigned int gsc_uiLocalizedStringTag = 0x50;      // VESA LS-EXT
+inline constexpr unsigned int gsc_uiVideoLinkTag = 0x60;            // digital packet video link, VESA DPVL-EXT
+inline constexpr unsigned int gsc_uiBlockMapTag = 0xF0;             // a list of the blocks, with nothing of its own
+inline constexpr unsigned int gsc_auiBlockMapPlaces[] = { 1, 128 }; // the blocks that are one
 inline constexpr unsigned int gsc_uiManufacturerTag = 0xFF;
 
 // Video timing block extension, VESA VTB-EXT, release A: three consecutive lists. Their lengths are entries.

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <map>
 #include <memory>
 
 #include "CommandLine.h"
+#include "EditDisplayId.h"
 #include "EditImage.h"
 #include "EditOutput.h"
 #include "EditPlan.h"
@@ -103,6 +105,25 @@ void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
     oEdited.m_aui8Bytes = oFields.GetBytes();
 }
 
+// Numbers of DisplayID timings mean the image as it was read, too: the last one goes first, so that the others stay
+// where they were found. Each goes once, however often it is named.
+std::vector<SEdit> ListNumberedTimings(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits)
+{
+    std::map<unsigned int, SEdit, std::greater<>> aoByOffset;
+    for (const SEdit& oEdit : aoEdits)
+    {
+        SZorImageMode oPlace = {};
+        if (oEdit.m_eKind == eEdit_RemoveDetailed && FindNumberedTiming(aui8Image, oEdit.m_uiNumber, oPlace))
+        {
+            SEdit& oLater = aoByOffset.try_emplace(oPlace.m_uiOffset, oEdit).first->second;
+            oLater.m_fnNamed = [oPlace](CFieldEdits& oFields) { return RemoveTiming(oFields, oPlace); };
+        }
+    }
+    std::vector<SEdit> aoLater;
+    std::ranges::transform(aoByOffset, std::back_inserter(aoLater), [](const auto& oPair) { return oPair.second; });
+    return aoLater;
+}
+
 // Without an edit that needs the classes, images that they refuse are edited, too.
 SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool bAsListed)
 {
@@ -112,7 +133,8 @@ SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool 
         return oEdit.m_eKind == eEdit_Set || oEdit.m_eKind == eEdit_Named;
     };
     std::ranges::copy_if(aoEdits, std::back_inserter(aoOthers), std::not_fn(fnIsOfFields));
-    // Modes go from DisplayID blocks before anything else is done there.
+    // DisplayID timings go before anything else is done there, those with numbers first.
+    aoFields = ListNumberedTimings(oInput.m_aui8Bytes, aoOthers);
     std::ranges::copy_if(aoOthers, std::back_inserter(aoFields),
                          [](const SEdit& oEdit) { return oEdit.m_fnNamed != nullptr; });
     std::ranges::copy_if(aoEdits, std::back_inserter(aoFields), fnIsOfFields);

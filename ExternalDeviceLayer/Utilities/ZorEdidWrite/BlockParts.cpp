@@ -82,6 +82,16 @@ unsigned int GetDisplayIdItemSize(const unsigned char* pui8Header, unsigned int 
     }
 }
 
+// The extended tags of CTA-861 for Types VII, VIII and X are DisplayID's tags.
+constexpr bool IsDisplayIdTiming(unsigned int uiExtended)
+{
+    static_assert(Cta::gsc_uiExtendedType7 == DisplayId::gsc_uiType7Tag &&
+                  Cta::gsc_uiExtendedType8 == DisplayId::gsc_uiType8Tag &&
+                  Cta::gsc_uiExtendedType10 == DisplayId::gsc_uiType10Tag);
+    return uiExtended == Cta::gsc_uiExtendedType7 || uiExtended == Cta::gsc_uiExtendedType8 ||
+           uiExtended == Cta::gsc_uiExtendedType10;
+}
+
 bool IsZero(const unsigned char* pui8Bytes, unsigned int uiFirst, unsigned int uiEnd)
 {
     return std::all_of(pui8Bytes + uiFirst, pui8Bytes + std::max(uiFirst, uiEnd),
@@ -140,6 +150,11 @@ SItems FindItems(const unsigned char* pui8DataBlock, unsigned int uiSize, bool b
     }
     const unsigned int uiTag = Cta::gsc_oHeaderTag.Read(pui8DataBlock);
     const unsigned int uiExtended = uiTag == Cta::gsc_uiExtendedTag && uiSize > 1 ? pui8DataBlock[1] : 0U;
+    if (IsDisplayIdTiming(uiExtended) && uiSize > gsc_uiExtendedSize)
+    {
+        // From the extended tag on as in DisplayID, but without a length.
+        return { gsc_uiExtendedSize + 1, GetDisplayIdItemSize(pui8DataBlock + 1, uiSize - 1) };
+    }
     const auto* poFound = std::ranges::find_if(gsc_aoCtaItems, [&](const SCtaItems& oItems) {
         return oItems.m_uiTag == uiTag && oItems.m_uiExtended == uiExtended;
     });

@@ -43,11 +43,37 @@ bool IsUnusedMapPlace(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField
            oField.m_llNumber == 0;
 }
 
+unsigned int GetEnd(const SRange& oRange) { return oRange.m_uiOffset + oRange.m_uiSize; }
+
+// In their order, without those that lie in others: thousands of them may be asked for each field.
+CRanges SortRanges(CRanges aoRanges)
+{
+    SRange* const poFirst = aoRanges.GetData();
+    SRange* const poEnd = poFirst + aoRanges.GetCount();
+    std::sort(poFirst, poEnd, [](const SRange& oOne, const SRange& oOther) {
+        return oOne.m_uiOffset != oOther.m_uiOffset ? oOne.m_uiOffset < oOther.m_uiOffset
+                                                    : oOne.m_uiSize > oOther.m_uiSize;
+    });
+    SRange* poKept = poFirst;
+    for (const SRange* poRange = poFirst; poRange != poEnd; ++poRange)
+    {
+        if (poKept == poFirst || GetEnd(poKept[-1]) < GetEnd(*poRange))
+        {
+            *poKept++ = *poRange;
+        }
+    }
+    aoRanges.SetCount(static_cast<unsigned int>(poKept - poFirst), -1);
+    return aoRanges;
+}
+
+// Of sorted ranges the last one that begins at the field or ahead of it.
 bool IsHeld(const CRanges& aoRanges, const CZorEdidMap::SField& oField)
 {
-    const SRange* poFirst = aoRanges.GetData();
-    return std::any_of(poFirst, poFirst + aoRanges.GetCount(),
-                       [&](const SRange& oRange) { return oRange.Holds(oField); });
+    const SRange* const poFirst = aoRanges.GetData();
+    const SRange* const poNext =
+        std::upper_bound(poFirst, poFirst + aoRanges.GetCount(), oField.m_uiOffset,
+                         [](unsigned int uiOffset, const SRange& oRange) { return uiOffset < oRange.m_uiOffset; });
+    return poNext != poFirst && poNext[-1].Holds(oField);
 }
 
 bool IsSameMode(const SZorMode& oFirst, const SZorMode& oSecond)
@@ -62,7 +88,7 @@ bool IsSameMode(const SZorMode& oFirst, const SZorMode& oSecond)
 } // namespace
 
 CPartsComparison::CPartsComparison(const CZorEdidMap& oBefore, const CZorEdidMap& oAfter, const SNamed& oNamed)
-    : m_oBefore(oBefore), m_oAfter(oAfter), m_oNamed(oNamed)
+    : m_oBefore(oBefore), m_oAfter(oAfter), m_oNamed{ SortRanges(oNamed.m_aoBefore), SortRanges(oNamed.m_aoAfter) }
 {
 }
 

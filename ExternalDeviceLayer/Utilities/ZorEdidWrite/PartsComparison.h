@@ -52,7 +52,7 @@ private:
 
     const CZorEdidMap& m_oBefore;
     const CZorEdidMap& m_oAfter;
-    const SNamed& m_oNamed;
+    SNamed m_oNamed; // sorted
 };
 
 // The outermost field of exactly these bytes; CZorEdidMap::msc_uiNone for none.

@@ -6,6 +6,7 @@
 #include <string.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "ImageBlocks.h"
 #include "MapKinds.h"
@@ -102,6 +103,7 @@ public:
     int AddDataBlock(EZorEdidField eId, unsigned int uiLength, const unsigned char* pui8Payload, const SWhere& oWhere);
     int AddItem(EZorEdidField eId, unsigned int uiLength, const unsigned char* pui8Item, const SWhere& oWhere);
     int Remove(unsigned int uiField);
+    int RemoveItems(unsigned int uiCount, const unsigned int* puiFields);
     int Move(unsigned int uiField, unsigned int uiPlace);
 
 private:
@@ -167,7 +169,7 @@ private:
 
     int RemoveWholeBlock(const SPart& oPart);
     int RemovePieceOf(const SPart& oPart);
-    int RemoveItemOf(const SPart& oPart);
+    void RemoveItemOf(CBlockParts& oBlock, const SPart& oPart);
     int MoveWholeBlock(const SPart& oPart, unsigned int uiPlace);
     int MoveItemOf(const SPart& oPart, unsigned int uiPlace);
     void MoveNatives(const SPart& oPart, unsigned int uiPlace);
@@ -719,13 +721,14 @@ int CPartsEdit::AddItem(EZorEdidField eId, unsigned int uiLength, const unsigned
         if (MakeDataBlock(eId, uiLength, pui8Item, oWhere, uiVersion, oNew))
         {
             const SItems oItems = FindItems(oNew.m_oPiece.m_aui8Bytes, oNew.m_oPiece.m_uiSize, oNew.m_bDisplayId);
-            if (oItems.m_uiSize == uiLength && uiLength != 0)
+            const bool bList = oItems.m_uiSize != 0 && oItems.m_uiFirst == oNew.m_oItem.m_uiOffset;
+            if (bList && oItems.m_uiSize == uiLength && uiLength != 0)
             {
                 return AddNew(eId, uiLength, pui8Item, oWhere, true);
             }
             CMString oReason;
             oReason.Format("an item of such a data block takes %u bytes", oItems.m_uiSize);
-            return Refuse(oItems.m_uiSize == 0 ? CMString("a data block of this kind is no list of items") : oReason);
+            return Refuse(bList ? oReason : CMString("a data block of this kind is no list of items"));
         }
     }
     return Refuse(m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("it is no kind of data block"));
@@ -815,7 +818,7 @@ int CPartsEdit::Remove(unsigned int uiField)
     }
     return oPart.m_eKind == SPart::eKind_Block   ? RemoveWholeBlock(oPart)
            : oPart.m_eKind == SPart::eKind_Piece ? RemovePieceOf(oPart)
-                                                 : RemoveItemOf(oPart);
+                                                 : RemoveItems(1, &uiField);
 }
 
 int CPartsEdit::RemoveWholeBlock(const SPart& oPart)
@@ -876,28 +879,77 @@ int CPartsEdit::RemovePieceOf(const SPart& oPart)
     return Commit(eZorEdidField_None, { 0, 0 });
 }
 
-int CPartsEdit::RemoveItemOf(const SPart& oPart)
+// A data block goes with its last item.
+void CPartsEdit::RemoveItemOf(CBlockParts& oBlock, const SPart& oPart)
 {
-    CBlockParts oBlock;
-    Open(oPart.m_uiBlock, oBlock);
     CPieces& aoDataBlocks = oBlock.Get(eList_DataBlocks);
     SPiece& oPiece = aoDataBlocks[oPart.m_uiPlace];
     const bool bDisplayId = oBlock.GetKind() == eBlock_DisplayId;
     const SItems oItems = FindItems(oPiece.m_aui8Bytes, oPiece.m_uiSize, bDisplayId);
-    if (oItems.Count(oPiece) == 1)
+    const unsigned int uiRead =
+        FindPiece(GetBlock(m_aui8Before, oPart.m_uiBlock), false, eList_DataBlocks, oPart.m_uiPlace).m_uiSize;
+    if (oPart.m_eKind == SPart::eKind_Piece || oItems.Count(oPiece) <= 1)
     {
-        m_oNamed.m_aoBefore.Add(GetRange(oPart.m_uiBlock, oPiece.m_uiOffset, oPiece.m_uiSize));
+        m_oNamed.m_aoBefore.Add(GetRange(oPart.m_uiBlock, oPiece.m_uiOffset, uiRead));
         RemovePiece(aoDataBlocks, oPart.m_uiPlace);
+        return;
     }
-    else
+    const unsigned int uiAt = oItems.m_uiFirst + oPart.m_uiItem * oItems.m_uiSize;
+    oPiece.m_uiSize -= oItems.m_uiSize;
+    memmove(oPiece.m_aui8Bytes + uiAt, oPiece.m_aui8Bytes + uiAt + oItems.m_uiSize, oPiece.m_uiSize - uiAt);
+    StoreDataBlockLength(oPiece, bDisplayId);
+    m_oNamed.m_aoBefore.Add(oPart.m_oRange);
+}
+
+// From the last item to the first, so that those ahead stay where they were found. A block is put together once.
+int CPartsEdit::RemoveItems(unsigned int uiCount, const unsigned int* puiFields)
+{
+    CMArray<SPart, const SPart&> aoParts;
+    for (unsigned int i = 0; i < uiCount; ++i)
     {
-        const unsigned int uiAt = oItems.m_uiFirst + oPart.m_uiItem * oItems.m_uiSize;
-        oPiece.m_uiSize -= oItems.m_uiSize;
-        memmove(oPiece.m_aui8Bytes + uiAt, oPiece.m_aui8Bytes + uiAt + oItems.m_uiSize, oPiece.m_uiSize - uiAt);
-        StoreDataBlockLength(oPiece, bDisplayId);
-        m_oNamed.m_aoBefore.Add(oPart.m_oRange);
+        SPart oPart = {};
+        if (!FindPart(puiFields[i], oPart))
+        {
+            return 0;
+        }
+        if (oPart.m_eKind == SPart::eKind_Block || oPart.m_eList != eList_DataBlocks)
+        {
+            return Refuse("only data blocks and items of them are removed together");
+        }
+        oPart.m_uiItem = oPart.m_eKind == SPart::eKind_Piece ? gsc_uiAny : oPart.m_uiItem; // goes first
+        aoParts.Add(oPart);
     }
-    Close(oPart.m_uiBlock, oBlock);
+    const auto fnOrder = [](const SPart& oPart) {
+        return std::tuple(oPart.m_uiBlock, oPart.m_uiPlace, oPart.m_uiItem);
+    };
+    SPart* const poEnd = aoParts.GetData() + aoParts.GetCount();
+    std::sort(aoParts.GetData(), poEnd,
+              [&](const SPart& oOne, const SPart& oOther) { return fnOrder(oOne) > fnOrder(oOther); });
+    CBlockParts oBlock;
+    const SPart* poLast = nullptr;
+    for (const SPart* poPart = aoParts.GetData(); poPart != poEnd; ++poPart)
+    {
+        const bool bSameDataBlock =
+            poLast != nullptr && poLast->m_uiBlock == poPart->m_uiBlock && poLast->m_uiPlace == poPart->m_uiPlace;
+        if (bSameDataBlock && (poLast->m_uiItem == gsc_uiAny || poLast->m_uiItem == poPart->m_uiItem))
+        {
+            continue; // is gone already
+        }
+        if (poLast == nullptr || poLast->m_uiBlock != poPart->m_uiBlock)
+        {
+            if (poLast != nullptr)
+            {
+                Close(poLast->m_uiBlock, oBlock);
+            }
+            Open(poPart->m_uiBlock, oBlock);
+        }
+        RemoveItemOf(oBlock, *poPart);
+        poLast = poPart;
+    }
+    if (poLast != nullptr)
+    {
+        Close(poLast->m_uiBlock, oBlock);
+    }
     return Commit(eZorEdidField_None, { 0, 0 });
 }
 
@@ -1060,6 +1112,11 @@ int CZorEdidParts::AddItem(EZorEdidField eId, unsigned int uiLength, const unsig
 }
 
 int CZorEdidParts::Remove(unsigned int uiField, SAnswer& oAnswer) { return CPartsEdit(*this, oAnswer).Remove(uiField); }
+
+int CZorEdidParts::RemoveItems(unsigned int uiCount, const unsigned int* puiFields, SAnswer& oAnswer)
+{
+    return CPartsEdit(*this, oAnswer).RemoveItems(uiCount, puiFields);
+}
 
 int CZorEdidParts::Move(unsigned int uiField, unsigned int uiPlace, SAnswer& oAnswer)
 {

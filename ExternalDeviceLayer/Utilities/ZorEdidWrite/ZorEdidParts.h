@@ -15,7 +15,8 @@ class CPartsEdit;
 /// One image under edit, with the map of its present bytes. A part is
 ///   an extension block
 ///   of the base block one of eight standard timings, one of four descriptors
-///   of a CTA-861 block a data block, a detailed timing, an item of a list: of video codes, of audio descriptors
+///   of a CTA-861 block a data block, a detailed timing, an item of a list: of video codes, of audio descriptors, of
+///     timings of DisplayID's Types VII, VIII and X
 ///   of a DisplayID block a data block, a timing of its Types I to III, V to VII, IX and X, a code of Types IV and
 ///     VIII; of Type VI where the timings of the data block have the same length
 ///
@@ -89,6 +90,10 @@ public:
 
     /// The part that a field is, or lies in. A data block goes with its last item. uiField must be below GetFieldCount.
     int Remove(unsigned int uiField, SAnswer& oAnswer);
+
+    /// The data blocks and items of data blocks that the fields are, or lie in, in one step, which takes about as long
+    /// as one removal.
+    int RemoveItems(unsigned int uiCount, const unsigned int* puiFields, SAnswer& oAnswer);
 
     /// The part that a field is, or lies in, becomes number uiPlace among its like: among the blocks (from 1), the
     /// standard timings, the descriptors, the data blocks or the detailed timings of its block, the items of its data

@@ -4,10 +4,16 @@
 
 #include <algorithm>
 #include <bit>
+#include <iterator>
+#include <map>
+#include <set>
+#include <vector>
 
 #include "MakerDisplayId.h"
 #include "Standards/DisplayIdBlocks.h"
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/VideoCodes.h"
+#include "TextFormat.h"
 #include "ZorEdidFacts.h"
 #include "ZorEdidModes.h"
 
@@ -62,7 +68,7 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
              oFields.GetNumber(eZorEdidField_CtaYcbcr444) != 0 && oFields.GetNumber(eZorEdidField_CtaYcbcr422) != 0 };
 }
 
-// What announces a mode there, but for data blocks of CTA-861.
+// What announces a mode there or in a data block of CTA-861 for DisplayID's timings.
 constexpr EZorEdidField gsc_aeTimings[] = {
     eZorEdidField_DisplayidType1Timing,  eZorEdidField_DisplayidType2Timing,   eZorEdidField_DisplayidType3Timing,
     eZorEdidField_DisplayidType5Timing,  eZorEdidField_DisplayidType6Timing,   eZorEdidField_DisplayidType7Timing,
@@ -70,6 +76,11 @@ constexpr EZorEdidField gsc_aeTimings[] = {
     eZorEdidField_DisplayidTimingVic,    eZorEdidField_DisplayidTimingHdmiVic, eZorEdidField_DisplayidDmtModesMode,
     eZorEdidField_DisplayidVicModesMode,
 };
+
+bool IsInBlock(const CBytes& aui8Image, const SZorImageMode& oPlace, unsigned int uiTag)
+{
+    return aui8Image[oPlace.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize] == uiTag;
+}
 
 unsigned int CountModes(const CFieldEdits& oFields)
 {
@@ -86,47 +97,99 @@ bool IsFractionWanted(const SZorImageMode& oPlace, const SWanted& oWanted)
     return oPlace.m_eField == eZorEdidField_DisplayidType10Timing && !IsPlaceOf(oWhole, oWanted);
 }
 
-std::string ClearBit(CFieldEdits& oFields, unsigned int uiOffset, unsigned int uiBit)
+// The bits of the 1000/1001 in the first bytes of Type X timings are where the map has them. False where one has none.
+bool AddFractionBits(const CZorEdidMap& oMap, const std::set<unsigned int>& oOffsets, CFieldEdits::CBits& aoBits)
 {
-    return oFields.Apply({ eZorEdidField_None, uiOffset, uiBit, "raw:0" });
-}
-
-// The bit of the 1000/1001 in the first byte of a Type X timing is where the map has it.
-std::string ClearFraction(CFieldEdits& oFields, unsigned int uiOffset)
-{
-    const CZorEdidMap& oMap = oFields.GetMap();
+    const size_t uiBefore = aoBits.size();
     for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
     {
         const CZorEdidMap::SField& oField = oMap.GetField(i);
-        if (oField.m_eId == eZorEdidField_DisplayidTimingFractionalRate && oField.m_uiOffset == uiOffset)
+        if (oField.m_eId == eZorEdidField_DisplayidTimingFractionalRate && oOffsets.contains(oField.m_uiOffset))
         {
             const auto iBit = std::countr_zero(oMap.GetPiece(oField.m_uiFirstPiece).m_ui8Mask);
-            return ClearBit(oFields, uiOffset, static_cast<unsigned int>(iBit));
+            aoBits.push_back({ oField.m_uiOffset, static_cast<unsigned int>(iBit) });
         }
     }
-    return "its 1000/1001 has no bit of its own";
+    return aoBits.size() == uiBefore + oOffsets.size();
 }
 
-std::string RemoveRecord(CFieldEdits& oFields, const SZorImageMode& oPlace)
+// Whether a short video reference counts a timing of a CTA-861 block that goes, or a later one: of Types VII and X by
+// their number, of Type VIII the first code.
+bool AreReferred(const CFieldEdits& oFields, const CPlaces& aoPlaces)
 {
-    const unsigned int uiField = FindPlaceField(oFields.GetMap(), oPlace);
-    if (uiField == CZorEdidMap::msc_uiNone)
+    const CZorEdidMap& oMap = oFields.GetMap();
+    const CBytes aui8Image = oFields.GetBytes();
+    std::set<unsigned int> oGoing; // offsets
+    std::ranges::transform(aoPlaces, std::inserter(oGoing, oGoing.end()), &SZorImageMode::m_uiOffset);
+    std::map<SVideoReference::EKind, unsigned int> auiAhead; // of each timing
+    std::map<SVideoReference::EKind, unsigned int> auiFirst; // that goes
+    for (const SZorImageMode& oPlace : FindAllPlaces(aui8Image))
     {
-        return "it is not where it was found";
+        const bool bLong = oPlace.m_eField == eZorEdidField_DisplayidType7Timing ||
+                           oPlace.m_eField == eZorEdidField_DisplayidType10Timing;
+        const auto eKind = bLong ? SVideoReference::eType7Or10 : SVideoReference::eType8;
+        if (IsDisplayIdTiming(aui8Image, oPlace) && IsInBlock(aui8Image, oPlace, gsc_uiCtaTag))
+        {
+            if (oGoing.contains(oPlace.m_uiOffset))
+            {
+                auiFirst.try_emplace(eKind, auiAhead[eKind]);
+            }
+            ++auiAhead[eKind];
+        }
     }
-    const std::string sName = NameField(oFields.GetMap(), uiField);
-    const unsigned int uiModes = CountModes(oFields);
-    std::string sProblem = oFields.Remove(uiField);
-    if (sProblem.empty() && CountModes(oFields) + 1 != uiModes)
+    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
+    {
+        const EZorEdidField eId = oMap.GetField(i).m_eId;
+        if (eId != eZorEdidField_CtaVideoReferenceType7Or10 && eId != eZorEdidField_CtaVideoReferenceType8)
+        {
+            continue;
+        }
+        const SVideoReference oReference = ReadVideoReference(aui8Image[oMap.GetField(i).m_uiOffset]);
+        const auto itFirst = auiFirst.find(oReference.m_eKind);
+        if (itFirst != auiFirst.end() && oReference.m_uiNumber >= itFirst->second)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Records and codes, in one step. Each is one mode, unless records of different lengths make the data block one part.
+std::string RemoveRecords(CFieldEdits& oFields, const CPlaces& aoPlaces)
+{
+    std::vector<unsigned int> auiFields;
+    std::vector<std::string> asPreferred;
+    for (const SZorImageMode& oPlace : aoPlaces)
+    {
+        auiFields.push_back(FindPlaceField(oFields.GetMap(), oPlace));
+        if (auiFields.back() == CZorEdidMap::msc_uiNone)
+        {
+            return "it is not where it was found";
+        }
+        if (oPlace.m_eReason == SZorImageMode::eReason_Flag)
+        {
+            asPreferred.push_back(NameField(oFields.GetMap(), auiFields.back()) + " was marked as preferred");
+        }
+    }
+    if (AreReferred(oFields, aoPlaces))
+    {
+        return NamePlaces(oFields.GetBytes(), { aoPlaces.front() }) +
+               ": a video format preference or native resolution data block refers to it or a later timing by position";
+    }
+    const std::string sName = auiFields.empty() ? "" : NameField(oFields.GetMap(), auiFields.front());
+    const std::string sMore = auiFields.size() > 1 ? FormatText(" and %zu more", auiFields.size() - 1) : "";
+    const size_t uiModes = CountModes(oFields);
+    std::string sProblem = oFields.RemoveItems(auiFields);
+    if (sProblem.empty() && CountModes(oFields) + auiFields.size() != uiModes)
     {
         sProblem =
             "the timings of its data block have different lengths, and only --remove-part removes them, together";
     }
-    if (sProblem.empty() && oPlace.m_eReason == SZorImageMode::eReason_Flag)
+    for (const std::string& sNote : asPreferred)
     {
-        oFields.Note(sName + " was marked as preferred");
+        oFields.Note(sNote);
     }
-    return sProblem.empty() ? "" : sName + ": " + sProblem;
+    return sProblem.empty() ? "" : sName + sMore + ": " + sProblem;
 }
 } // namespace
 
@@ -176,25 +239,59 @@ CFieldEdits::SWhere FindPlaceInDisplayId(const CFieldEdits& oFields)
     return oWhere;
 }
 
-bool IsInDisplayId(const CBytes& aui8Image, const SZorImageMode& oPlace)
+bool IsDisplayIdTiming(const CBytes& aui8Image, const SZorImageMode& oPlace)
 {
-    return aui8Image[oPlace.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize] == gsc_uiDisplayIdTag &&
+    return (IsInBlock(aui8Image, oPlace, gsc_uiDisplayIdTag) || IsInBlock(aui8Image, oPlace, gsc_uiCtaTag)) &&
            std::ranges::find(gsc_aeTimings, oPlace.m_eField) != std::end(gsc_aeTimings);
 }
 
-// From the last one to the first, as what comes before stays where it was found.
-std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted)
+// Bits first, as they move nothing.
+std::string RemoveDisplayIdTimings(CFieldEdits& oFields, const SWanted& oWanted)
 {
     const CBytes aui8Image = oFields.GetBytes();
-    CPlaces aoPlaces = FindPlaces(aui8Image, oWanted);
-    std::erase_if(aoPlaces, [&](const SZorImageMode& oPlace) { return !IsInDisplayId(aui8Image, oPlace); });
-    std::string sProblem;
-    for (auto itPlace = aoPlaces.rbegin(); itPlace != aoPlaces.rend() && sProblem.empty(); ++itPlace)
+    CPlaces aoRecords;
+    CFieldEdits::CBits aoBits;
+    std::set<unsigned int> oFractions; // offsets
+    for (const SZorImageMode& oPlace : FindPlaces(aui8Image, oWanted))
     {
-        const bool bBit = itPlace->m_uiBit != SZorImageMode::msc_uiNone;
-        sProblem = bBit                                  ? ClearBit(oFields, itPlace->m_uiOffset, itPlace->m_uiBit)
-                   : IsFractionWanted(*itPlace, oWanted) ? ClearFraction(oFields, itPlace->m_uiOffset)
-                                                         : RemoveRecord(oFields, *itPlace);
+        if (!IsDisplayIdTiming(aui8Image, oPlace))
+        {
+            continue;
+        }
+        if (oPlace.m_uiBit != SZorImageMode::msc_uiNone)
+        {
+            aoBits.push_back({ oPlace.m_uiOffset, oPlace.m_uiBit });
+        }
+        else if (IsFractionWanted(oPlace, oWanted))
+        {
+            oFractions.insert(oPlace.m_uiOffset);
+        }
+        else
+        {
+            aoRecords.push_back(oPlace);
+        }
     }
-    return sProblem;
+    if (!AddFractionBits(oFields.GetMap(), oFractions, aoBits))
+    {
+        return "its 1000/1001 has no bit of its own";
+    }
+    oFields.ClearBits(aoBits);
+    return RemoveRecords(oFields, aoRecords);
+}
+
+bool FindNumberedTiming(const CBytes& aui8Image, unsigned int uiNumber, SZorImageMode& oPlace)
+{
+    const auto fnIsMeant = [&](const SZorImageMode& oOther) {
+        return oOther.m_eList == SZorImageMode::eList_Detailed && oOther.m_uiNumber == uiNumber &&
+               IsDisplayIdTiming(aui8Image, oOther);
+    };
+    const CPlaces aoPlaces = FindAllPlaces(aui8Image);
+    const auto itPlace = std::ranges::find_if(aoPlaces, fnIsMeant);
+    oPlace = itPlace != aoPlaces.end() ? *itPlace : SZorImageMode{};
+    return itPlace != aoPlaces.end();
+}
+
+std::string RemoveTiming(CFieldEdits& oFields, const SZorImageMode& oPlace)
+{
+    return RemoveRecords(oFields, { oPlace });
 }

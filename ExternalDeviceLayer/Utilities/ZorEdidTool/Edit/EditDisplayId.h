@@ -16,9 +16,14 @@ std::string BeginDisplayId(CFieldEdits& oFields, bool bPreferred);
 // Where a further data block goes: after a section that only says what the display is.
 CFieldEdits::SWhere FindPlaceInDisplayId(const CFieldEdits& oFields);
 
-// Whether RemoveFromDisplayId takes the mode away: a timing, a code or a bit of a DisplayID block.
-bool IsInDisplayId(const CBytes& aui8Image, const SZorImageMode& oPlace);
+// Whether the mode is a timing, a code or a bit of DisplayID: of a DisplayID block, or of a data block for such timings
+// in a CTA-861 block. The functions below take it away.
+bool IsDisplayIdTiming(const CBytes& aui8Image, const SZorImageMode& oPlace);
 
-// Removes the wanted mode or code from all DisplayID blocks: records and codes, the bits of lists of bits, and of a
-// Type X timing that also declares 1000/1001 of its rate only that, when it alone is wanted.
-std::string RemoveFromDisplayId(CFieldEdits& oFields, const SWanted& oWanted);
+// Removes the wanted mode or code from all of them: records and codes, the bits of lists of bits, and of a Type X
+// timing that also declares 1000/1001 of its rate only that, when it alone is wanted.
+std::string RemoveDisplayIdTimings(CFieldEdits& oFields, const SWanted& oWanted);
+
+// The timing among them that has this number in the library's list of detailed timings; false without one.
+bool FindNumberedTiming(const CBytes& aui8Image, unsigned int uiNumber, SZorImageMode& oPlace);
+std::string RemoveTiming(CFieldEdits& oFields, const SZorImageMode& oPlace);

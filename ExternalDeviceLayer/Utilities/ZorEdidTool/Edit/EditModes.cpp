@@ -406,7 +406,7 @@ std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNu
     CEdidExtBlockCEA861* poCea = GetCea(oBlock);
     if (oBlock.m_iExtension >= 0 && poCea == nullptr)
     {
-        return NameBlock(oBlock) + " is a DisplayID block, which --remove, --remove-part and --set reach";
+        return ""; // of a DisplayID block, and goes later, by RemoveTiming
     }
     if (poCea != nullptr && !AreDataBlocksExact(*poCea))
     {
@@ -532,7 +532,7 @@ std::string CEditImage::RemoveListed(const SZorImageMode& oPlace)
                : "";
 }
 
-// From all places but those of DisplayID blocks, which go later, by RemoveFromDisplayId; or the reasons of those that
+// From all places but the timings of DisplayID, which go later, by RemoveDisplayIdTimings; or the reasons of those that
 // keep it.
 std::string CEditImage::Remove(const SWanted& oWanted)
 {
@@ -546,7 +546,7 @@ std::string CEditImage::Remove(const SWanted& oWanted)
     };
     for (const SZorImageMode& oPlace : aoRead)
     {
-        const std::string sReason = IsInDisplayId(m_aui8Read, oPlace) ? "" : RemoveListed(oPlace);
+        const std::string sReason = IsDisplayIdTiming(m_aui8Read, oPlace) ? "" : RemoveListed(oPlace);
         fnAdd(sReason.empty() ? "" : NamePlaces(m_aui8Read, { oPlace }) + ": " + sReason);
     }
     fnAdd(RemoveFromDescriptors(aoPresent));
@@ -563,7 +563,7 @@ std::string CEditImage::Remove(const SWanted& oWanted)
         return RefuseMissing(m_aui8Read, oWanted);
     }
     CPlaces aoLeft = FindPlaces(GetBytes(), oWanted);
-    std::erase_if(aoLeft, [this](const SZorImageMode& oPlace) { return IsInDisplayId(m_aui8Read, oPlace); });
+    std::erase_if(aoLeft, [this](const SZorImageMode& oPlace) { return IsDisplayIdTiming(m_aui8Read, oPlace); });
     if (sReasons.empty() && !aoLeft.empty())
     {
         const bool bPreferred = std::ranges::any_of(aoLeft, IsFirstDescriptor);

@@ -48,7 +48,7 @@ std::string GetWantedName(const SWanted& oWanted)
     return oWanted.m_uiCode != 0 ? "VIC " + std::to_string(oWanted.m_uiCode) : GetModeName(oWanted.m_oMode);
 }
 
-CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted)
+CPlaces FindAllPlaces(const CBytes& aui8Image)
 {
     CPlaces aoPlaces;
     CZorEdidModes oModes;
@@ -61,11 +61,15 @@ CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted)
     }
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
-        if (IsPlaceOf(oModes.Get(i).m_oMode, oWanted))
-        {
-            aoPlaces.push_back(oModes.Get(i));
-        }
+        aoPlaces.push_back(oModes.Get(i));
     }
+    return aoPlaces;
+}
+
+CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted)
+{
+    CPlaces aoPlaces = FindAllPlaces(aui8Image);
+    std::erase_if(aoPlaces, [&](const SZorImageMode& oPlace) { return !IsPlaceOf(oPlace.m_oMode, oWanted); });
     return aoPlaces;
 }
 

@@ -17,7 +17,8 @@ bool IsPlaceOf(const SZorMode& oMode, const SWanted& oWanted);
 
 using CPlaces = std::vector<SZorImageMode>;
 
-// The fields in the order of the image, with their numbers in the library's lists.
+// The fields in the order of the image, with their numbers in the library's lists: of all modes, of the wanted one.
+CPlaces FindAllPlaces(const CBytes& aui8Image);
 CPlaces FindPlaces(const CBytes& aui8Image, const SWanted& oWanted);
 
 // The codes of a block in the meaning of CTA-861-H, by the offsets of their bytes: of video data blocks, YCbCr 4:2:0

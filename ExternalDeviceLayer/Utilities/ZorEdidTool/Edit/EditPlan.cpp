@@ -309,7 +309,7 @@ std::string ParseRemoval(const std::string& sText, SEdit& oEdit)
         sProblem = "'" + sText +
                    "' is not a mode such as 1920x1080@60, 1920x1080i@59.94 or 1920x1080@60000/1001; 'Hz' may follow";
     }
-    oEdit.m_fnNamed = [oWanted](CFieldEdits& oFields) { return RemoveFromDisplayId(oFields, oWanted); };
+    oEdit.m_fnNamed = [oWanted](CFieldEdits& oFields) { return RemoveDisplayIdTimings(oFields, oWanted); };
     return sProblem;
 }
 

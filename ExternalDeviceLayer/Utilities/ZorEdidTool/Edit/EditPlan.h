@@ -53,7 +53,9 @@ struct SEdit
     CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred, by a table or formula
     SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode; of eEdit_Preferred without a type
     SSetting m_oSetting = {};         // of eEdit_Set
-    CNamedEdit m_fnNamed = {}; // of eEdit_Named; of eEdit_Remove and eEdit_RemoveCode what is done after the rest
+    // Of eEdit_Named; of eEdit_Remove, eEdit_RemoveCode and, for a timing of DisplayID, eEdit_RemoveDetailed what is
+    // done after the rest.
+    CNamedEdit m_fnNamed = {};
 };
 
 // One option of the command line that is an edit.

@@ -2,6 +2,7 @@
 
 #include "EditSet.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "EdidUtils.h"
@@ -100,12 +101,14 @@ std::string NameField(const CZorEdidMap& oMap, unsigned int uiField)
 
 std::string NameFollowed(const CZorEdidMap& oMap, const CZorEdidWriter::CFields& auiFollowed)
 {
+    constexpr unsigned int uiMostNamed = 32; // a long edit has one in each block
+    const unsigned int uiCount = auiFollowed.GetCount();
     std::string sText;
-    for (unsigned int i = 0; i < auiFollowed.GetCount(); ++i)
+    for (unsigned int i = 0; i < std::min(uiCount, uiMostNamed); ++i)
     {
         sText += (i == 0 ? "; followed: " : ", ") + NameField(oMap, auiFollowed[i]);
     }
-    return sText;
+    return sText + (uiCount > uiMostNamed ? ", " + std::to_string(uiCount - uiMostNamed) + " more" : "");
 }
 
 std::string ParseField(const std::string& sField, SSetting& oSetting)

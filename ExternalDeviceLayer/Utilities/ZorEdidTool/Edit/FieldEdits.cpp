@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "EdidUtils.h"
 #include "EditImage.h"
@@ -12,6 +13,7 @@
 #include "MapText.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/ExtensionBlocks.h"
+#include "TextFormat.h"
 
 namespace
 {
@@ -390,6 +392,73 @@ std::string CFieldEdits::Remove(unsigned int uiField)
         m_asNotes.push_back(sName + " was removed" + NameFollowed(GetMap(), auiFollowed));
     }
     return sProblem;
+}
+
+std::string CFieldEdits::RemoveItems(const std::vector<unsigned int>& auiFields)
+{
+    CZorEdidParts::SAnswer oAnswer;
+    if (auiFields.empty())
+    {
+        return "";
+    }
+    const std::string sNames = NameSome(auiFields);
+    const unsigned int uiCount = static_cast<unsigned int>(auiFields.size());
+    if (m_oParts.RemoveItems(uiCount, auiFields.data(), oAnswer) == 0)
+    {
+        return static_cast<const char*>(oAnswer.m_oReason);
+    }
+    Note(sNames + (uiCount == 1 ? " was removed" : " were removed") + NameFollowed(GetMap(), oAnswer.m_auiFollowed));
+    return "";
+}
+
+// The first ones, and how many more there are.
+std::string CFieldEdits::NameSome(const std::vector<unsigned int>& auiFields) const
+{
+    constexpr size_t uiMost = 8;
+    std::vector<std::string> asNames;
+    for (size_t i = 0; i < std::min(uiMost, auiFields.size()); ++i)
+    {
+        asNames.push_back(NameWithValue(auiFields[i]));
+    }
+    asNames.push_back(auiFields.size() > uiMost ? FormatText("%zu more", auiFields.size() - uiMost) : "");
+    return JoinTexts(asNames);
+}
+
+void CFieldEdits::ClearBits(const CBits& aoBits)
+{
+    if (aoBits.empty())
+    {
+        return;
+    }
+    CBytes aui8Image = GetBytes();
+    std::vector<unsigned int> auiFields;
+    std::set<size_t> oBlocks; // offsets
+    for (const auto& [uiOffset, uiBit] : aoBits)
+    {
+        aui8Image[uiOffset] = static_cast<unsigned char>(aui8Image[uiOffset] & ~(1U << uiBit));
+        auiFields.push_back(GetMap().FindLeaf(uiOffset, uiBit));
+        oBlocks.insert(uiOffset / gsc_uiBlockSize * gsc_uiBlockSize);
+    }
+    for (const size_t uiBlock : oBlocks)
+    {
+        unsigned char* pui8Block = aui8Image.data() + uiBlock;
+        ZorStandards::ForEachSum(pui8Block, [pui8Block](unsigned int uiOffset, unsigned int uiSize) {
+            CEdidUtils::StoreChecksum(uiSize, pui8Block + uiOffset);
+        });
+    }
+    const std::string sNames = NameSome(auiFields);
+    Read(aui8Image);
+    CZorEdidWriter::CFields auiSums;
+    for (unsigned int i = 0; i < GetMap().GetFieldCount(); ++i)
+    {
+        const CZorEdidMap::SField& oField = GetMap().GetField(i);
+        if (oField.m_eKind == CZorEdidMap::eKind_Checksum &&
+            oBlocks.contains(oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize))
+        {
+            auiSums.Add(i);
+        }
+    }
+    Note(sNames + (aoBits.size() == 1 ? " was cleared" : " were cleared") + NameFollowed(GetMap(), auiSums));
 }
 
 std::string CFieldEdits::Move(unsigned int uiField, unsigned int uiPlace)

@@ -56,7 +56,18 @@ public:
     std::string AddDescriptor(const CBytes& aui8Bytes, const SWhere& oWhere = {});
     std::string AddStandard(const CBytes& aui8Bytes);
     std::string Remove(unsigned int uiField);
+    // Data blocks, and items of them, in one step.
+    std::string RemoveItems(const std::vector<unsigned int>& auiFields);
     std::string Move(unsigned int uiField, unsigned int uiPlace);
+
+    // Clears flags that only stand for themselves, in one step. Checksums follow.
+    struct SBit
+    {
+        unsigned int m_uiOffset; // in the image
+        unsigned int m_uiBit;
+    };
+    using CBits = std::vector<SBit>;
+    void ClearBits(const CBits& aoBits);
 
     // The payload of the first data block of a kind; empty without one.
     CBytes GetPayload(EZorEdidField eId) const;
@@ -75,6 +86,7 @@ private:
     std::string NameWithValue(unsigned int uiField) const;
     template <class DO>
     std::string EditParts(DO fnDo, const char* pszDone);
+    std::string NameSome(const std::vector<unsigned int>& auiFields) const;
     bool HasOtherPreferred(const CBytes& aui8Before) const;
     std::string ClearNative(bool bOneNative);
     std::string SetBy(unsigned int uiField, const std::string& sValue);

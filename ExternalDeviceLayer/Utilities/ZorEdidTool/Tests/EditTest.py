@@ -204,6 +204,31 @@ class Edits(unittest.TestCase):
                 status, out, error = edit(section(data_blocks, version), *arguments.split())
                 self.assertEqual((0, section(expected, version).hex()), (status, out.hex()), error)
                 self.assertIn("; followed: block 2: ", error)
+        # By number, which means the image as it was read, whatever else goes.
+        three = section("03013c" + ("df2e00" + TYPE_1) * 2 + "0f2700" + TYPE_1)
+        for numbers, expected in (("5 7 5", "030114" "df2e00" + TYPE_1), ("7 5", "030114" "df2e00" + TYPE_1)):
+            words = (word for number in numbers.split() for word in ("--remove-detailed", number))
+            status, out, error = edit(three, *words)
+            self.assertEqual((0, section(expected).hex()), (status, out.hex()), error)
+        status, out, error = edit(three, "--remove-detailed", "6", "--remove", "1600x900@60")
+        self.assertEqual((0, section("030114" "0f2700" + TYPE_1).hex()), (status, out.hex()), error)
+        # In data blocks of CTA-861, where short video references count them.
+        type_7 = "f62202" "bfd401" + TYPE_1
+        type_10 = "ee2a00" "10" + SIZE + "3b" "00" + SIZE + "31"
+        for data_blocks, arguments, expected in (
+                (type_7 + type_10, "--remove 1600x900@60", "e82a00" "00" + SIZE + "31"),
+                (type_7 + type_10 + "e20d91", "--remove 1600x900@50", type_7 + "e82a00" "10" + SIZE + "3b" "e20d91"),
+                (type_7, "--remove 1600x900@60", ""),
+                ("e42340" "6176", "--remove-vic 97", "e32340" "76"),
+                ("e62348" "61007600", "--remove-vic 97", "e42348" "7600")):
+            with self.subTest(arguments, data_blocks=data_blocks):
+                status, out, error = edit(cea("4104" + data_blocks), *arguments.split())
+                self.assertEqual((0, cea("4104" + expected).hex()), (status, out.hex()), error)
+        for data_blocks, arguments in ((type_7 + type_10 + "e20d91", "--remove 1600x900@60"),
+                                       ("e42340" "6176" "e20dfe", "--remove-vic 97")):
+            status, out, error = edit(cea("4104" + data_blocks), *arguments.split())
+            self.assertEqual((1, b""), (status, out))
+            self.assertIn("native resolution data block refers to it or a later timing by position\n", error)
         two = section("030128" "df2e00" + TYPE_1 + "0f2700" + TYPE_1)
         self.assertRegex(run("-", "--dry-run", "--diff", "--remove", "1600x900@60", data=two)[1].decode(),
                          r"\Aremoved: 1600 x +900p @ +60\.000 Hz .*\n\Z")
@@ -215,13 +240,21 @@ class Edits(unittest.TestCase):
                       edit(section("030114" "df2e0084" + TYPE_1[2:]), "--remove", "1600x900@60")[2])
 
     def test_many_blocks_of_one_code(self):
-        """In time: 255 blocks of 90 times VIC 1."""
+        """In time: 255 blocks of 90 times VIC 1, of a code and another one in turn, of flags."""
         block = bytes([2, 3, 4 + 93, 0]) + (b"\x5e" + b"\1" * 30) * 3 + bytes(31)
         image = extended(*[fix_sums(block)] * 254)
         image = fix_sums(image[:128] + block + image[256:])
         for arguments in "--remove-vic 1", "--remove 640x480@59.94":
             status, out, error = edit(image, *arguments.split())
             self.assertEqual((0, bytes([2, 3, 4]) + bytes(124)), (status, out[-128:-1]), error)
+        for data_blocks, arguments, expected in (
+                ("060174" + "5352" * 58, "--remove 1600x900@60", "06013a" + "52" * 58),
+                ("2a0072" + ("12" + SIZE + "3b") * 19, "--remove 1600x900@59.94",
+                 "2a0072" + ("02" + SIZE + "3b") * 19)):
+            one, left = (section(part, 0x20)[256:] for part in (data_blocks, expected))
+            image = fix_sums(IMAGE[:126] + bytes([254]) + IMAGE[127:128]) + one * 254
+            status, out, error = edit(image, *arguments.split())
+            self.assertEqual((0, image[:128] + left * 254), (status, out), error)
 
     def test_timings_close_up_when_one_is_removed(self):
         timing = [IMAGE[54:72][:5] + bytes([i]) + IMAGE[54:72][6:] for i in range(3)]

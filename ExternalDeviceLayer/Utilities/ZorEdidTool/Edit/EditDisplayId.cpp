@@ -82,6 +82,23 @@ bool IsInBlock(const CBytes& aui8Image, const SZorImageMode& oPlace, unsigned in
     return aui8Image[oPlace.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize] == uiTag;
 }
 
+// Whether a place of a DisplayID block lies in data blocks of CTA-861 there, which are one part.
+bool IsInInnerCta(const CBytes& aui8Image, const SZorImageMode& oPlace)
+{
+    const unsigned char* pui8Block = aui8Image.data() + oPlace.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize;
+    const unsigned int uiOffset = oPlace.m_uiOffset % gsc_uiBlockSize;
+    const unsigned int uiEnd = std::min(DisplayId::GetSectionSize(pui8Block), gsc_uiChecksumOffset);
+    DisplayId::CDataBlockWalk oWalk(pui8Block, DisplayId::gsc_uiDataBlocksOffset, uiEnd, uiEnd);
+    while (oWalk.Next())
+    {
+        if (uiOffset >= oWalk.GetOffset() && uiOffset < oWalk.GetOffset() + oWalk.GetSize())
+        {
+            return oWalk.GetTag() == DisplayId::gsc_uiCtaTag;
+        }
+    }
+    return false;
+}
+
 unsigned int CountModes(const CFieldEdits& oFields)
 {
     CZorEdidModes oModes;
@@ -241,7 +258,8 @@ CFieldEdits::SWhere FindPlaceInDisplayId(const CFieldEdits& oFields)
 
 bool IsDisplayIdTiming(const CBytes& aui8Image, const SZorImageMode& oPlace)
 {
-    return (IsInBlock(aui8Image, oPlace, gsc_uiDisplayIdTag) || IsInBlock(aui8Image, oPlace, gsc_uiCtaTag)) &&
+    const bool bDisplayId = IsInBlock(aui8Image, oPlace, gsc_uiDisplayIdTag) && !IsInInnerCta(aui8Image, oPlace);
+    return (bDisplayId || IsInBlock(aui8Image, oPlace, gsc_uiCtaTag)) &&
            std::ranges::find(gsc_aeTimings, oPlace.m_eField) != std::end(gsc_aeTimings);
 }
 

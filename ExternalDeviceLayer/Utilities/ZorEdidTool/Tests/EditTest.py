@@ -165,6 +165,8 @@ class Edits(unittest.TestCase):
                  "block 0: Detailed timing: the preferred timing can only be replaced, by --preferred"),
                 (section("810002" "4161", 0x20), "--remove 3840x2160@60 --serial 1",
                  ": only --set reaches CTA-861 data blocks in a DisplayID block"),
+                (section("81001b" "f62202" "bfd401" + TYPE_1 + "23090707", 0x20), "--remove 1600x900@60",
+                 ": only --set reaches CTA-861 data blocks in a DisplayID block"),
                 (section("13001f" "bfd401" + TYPE_6 + "9f8641" + TYPE_6 + "000000"), "--remove 1600x900@60 --serial 1",
                  "have different lengths, and only --remove-part removes them, together"),
                 (extended(fix_sums(bytes([0x10, 1, 1, 0, 0]) + IMAGE[162:180] + bytes(105))),

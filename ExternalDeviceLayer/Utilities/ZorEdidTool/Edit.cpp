@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
-#include <map>
 #include <memory>
 
 #include "CommandLine.h"
@@ -103,25 +102,6 @@ void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
         }
     }
     oEdited.m_aui8Bytes = oFields.GetBytes();
-}
-
-// Numbers of DisplayID timings mean the image as it was read, too: the last one goes first, so that the others stay
-// where they were found. Each goes once, however often it is named.
-std::vector<SEdit> ListNumberedTimings(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits)
-{
-    std::map<unsigned int, SEdit, std::greater<>> aoByOffset;
-    for (const SEdit& oEdit : aoEdits)
-    {
-        SZorImageMode oPlace = {};
-        if (oEdit.m_eKind == eEdit_RemoveDetailed && FindNumberedTiming(aui8Image, oEdit.m_uiNumber, oPlace))
-        {
-            SEdit& oLater = aoByOffset.try_emplace(oPlace.m_uiOffset, oEdit).first->second;
-            oLater.m_fnNamed = [oPlace](CFieldEdits& oFields) { return RemoveTiming(oFields, oPlace); };
-        }
-    }
-    std::vector<SEdit> aoLater;
-    std::ranges::transform(aoByOffset, std::back_inserter(aoLater), [](const auto& oPair) { return oPair.second; });
-    return aoLater;
 }
 
 // Without an edit that needs the classes, images that they refuse are edited, too.

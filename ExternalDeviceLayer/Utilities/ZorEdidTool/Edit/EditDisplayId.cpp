@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <set>
@@ -208,6 +209,19 @@ std::string RemoveRecords(CFieldEdits& oFields, const CPlaces& aoPlaces)
     }
     return sProblem.empty() ? "" : sName + sMore + ": " + sProblem;
 }
+
+// The timing of DisplayID with this number in the library's list of detailed timings; false without one.
+bool FindNumberedTiming(const CBytes& aui8Image, unsigned int uiNumber, SZorImageMode& oPlace)
+{
+    const auto fnIsMeant = [&](const SZorImageMode& oOther) {
+        return oOther.m_eList == SZorImageMode::eList_Detailed && oOther.m_uiNumber == uiNumber &&
+               IsDisplayIdTiming(aui8Image, oOther);
+    };
+    const CPlaces aoPlaces = FindAllPlaces(aui8Image);
+    const auto itPlace = std::ranges::find_if(aoPlaces, fnIsMeant);
+    oPlace = itPlace != aoPlaces.end() ? *itPlace : SZorImageMode{};
+    return itPlace != aoPlaces.end();
+}
 } // namespace
 
 std::string BeginDisplayId(CFieldEdits& oFields, bool bPreferred)
@@ -297,19 +311,19 @@ std::string RemoveDisplayIdTimings(CFieldEdits& oFields, const SWanted& oWanted)
     return RemoveRecords(oFields, aoRecords);
 }
 
-bool FindNumberedTiming(const CBytes& aui8Image, unsigned int uiNumber, SZorImageMode& oPlace)
+std::vector<SEdit> ListNumberedTimings(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits)
 {
-    const auto fnIsMeant = [&](const SZorImageMode& oOther) {
-        return oOther.m_eList == SZorImageMode::eList_Detailed && oOther.m_uiNumber == uiNumber &&
-               IsDisplayIdTiming(aui8Image, oOther);
-    };
-    const CPlaces aoPlaces = FindAllPlaces(aui8Image);
-    const auto itPlace = std::ranges::find_if(aoPlaces, fnIsMeant);
-    oPlace = itPlace != aoPlaces.end() ? *itPlace : SZorImageMode{};
-    return itPlace != aoPlaces.end();
-}
-
-std::string RemoveTiming(CFieldEdits& oFields, const SZorImageMode& oPlace)
-{
-    return RemoveRecords(oFields, { oPlace });
+    std::map<unsigned int, SEdit, std::greater<>> aoByOffset; // the last one goes first: the others stay where they are
+    for (const SEdit& oEdit : aoEdits)
+    {
+        SZorImageMode oPlace = {};
+        if (oEdit.m_eKind == eEdit_RemoveDetailed && FindNumberedTiming(aui8Image, oEdit.m_uiNumber, oPlace))
+        {
+            SEdit& oLater = aoByOffset.try_emplace(oPlace.m_uiOffset, oEdit).first->second;
+            oLater.m_fnNamed = [oPlace](CFieldEdits& oFields) { return RemoveRecords(oFields, { oPlace }); };
+        }
+    }
+    std::vector<SEdit> aoLater;
+    std::ranges::transform(aoByOffset, std::back_inserter(aoLater), [](const auto& oPair) { return oPair.second; });
+    return aoLater;
 }

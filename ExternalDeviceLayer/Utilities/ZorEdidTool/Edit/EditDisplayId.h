@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "EditPlaces.h"
 #include "FieldEdits.h"
@@ -24,6 +25,6 @@ bool IsDisplayIdTiming(const CBytes& aui8Image, const SZorImageMode& oPlace);
 // timing that also declares 1000/1001 of its rate only that, when it alone is wanted.
 std::string RemoveDisplayIdTimings(CFieldEdits& oFields, const SWanted& oWanted);
 
-// The timing among them that has this number in the library's list of detailed timings; false without one.
-bool FindNumberedTiming(const CBytes& aui8Image, unsigned int uiNumber, SZorImageMode& oPlace);
-std::string RemoveTiming(CFieldEdits& oFields, const SZorImageMode& oPlace);
+// Of the edits those that name such a timing by its number in the library's list of detailed timings of the image as it
+// was read, as edits of fields in the order in which they are to be done. Each goes once, however often it is named.
+std::vector<SEdit> ListNumberedTimings(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits);

@@ -15,6 +15,8 @@
 #include <set>
 
 #include "CEdidTestImages.h"
+#include "EdidExtBlockDisplayID.h"
+#include "EditDisplayId.h"
 #include "EditImage.h"
 #include "EditVerify.h"
 #include "FieldEdits.h"
@@ -199,6 +201,28 @@ void ReadCea(CEdidExtBlockCEA861& oCea, const std::string& sBlock, CFacts& oFact
     }
 }
 
+void ReadDisplayId(const unsigned char* pui8Block, const std::string& sBlock, CFacts& oFacts)
+{
+    const CEdidExtBlockDisplayID oDisplayId(gsc_uiBlockSize, pui8Block);
+    for (unsigned int i = 0; i < oDisplayId.GetDetailedCount(); ++i)
+    {
+        unsigned int uiSize = 0;
+        const unsigned int uiOffset = oDisplayId.GetDetailedTimingsOffset(i, uiSize);
+        oFacts["detailed " + sBlock].push_back(Hex(pui8Block + uiOffset, uiSize));
+    }
+    oFacts["header " + sBlock + " of DisplayID"] = { Hex(pui8Block, 2), Hex(pui8Block + 3, 2) };
+    const unsigned int uiEnd = 5U + pui8Block[2];
+    for (unsigned int i = 5; i + 3 <= uiEnd; i += 3U + pui8Block[i + 2])
+    {
+        const bool bTimings = oDisplayId.GetDetailedCount() != 0 && (pui8Block[i] == 3 || pui8Block[i] == 4);
+        const bool bBytes = !bTimings && (pui8Block[i] != 0 || pui8Block[i + 2] != 0);
+        if (bBytes)
+        {
+            oFacts["parts " + sBlock].push_back(Hex(pui8Block + i, std::min(3U + pui8Block[i + 2], uiEnd - i)));
+        }
+    }
+}
+
 CFacts ReadFacts(const CBytes& aui8Image)
 {
     CFacts oFacts;
@@ -215,6 +239,11 @@ CFacts ReadFacts(const CBytes& aui8Image)
         {
             CEdidExtBlockCEA861 oCea(gsc_uiBlockSize, pui8Block, 0);
             ReadCea(oCea, sBlock, oFacts);
+            continue;
+        }
+        if (i <= aui8Image[126] && CEdidExtBlockDisplayID::IsSupported(gsc_uiBlockSize, pui8Block) != 0)
+        {
+            ReadDisplayId(pui8Block, sBlock, oFacts);
             continue;
         }
         oFacts["bytes " + sBlock] = { Hex(pui8Block, gsc_uiBlockSize) };
@@ -246,12 +275,14 @@ SEdit MakeEdit(EEditKind eKind, const std::string& sValue)
     return {};
 }
 
-// What modes have in DisplayID blocks.
-std::string RemoveParts(const std::vector<SEdit>& aoEdits, CBytes& aui8Edited)
+// Timings of DisplayID.
+std::string RemoveParts(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited)
 {
     CFieldEdits oFields(aui8Edited);
     std::string sReason;
-    for (const SEdit& oEdit : aoEdits)
+    std::vector<SEdit> aoLater = ListNumberedTimings(aui8Image, aoEdits);
+    aoLater.insert(aoLater.end(), aoEdits.begin(), aoEdits.end());
+    for (const SEdit& oEdit : aoLater)
     {
         sReason = sReason.empty() && oEdit.m_fnNamed != nullptr ? oEdit.m_fnNamed(oFields) : sReason;
     }
@@ -274,7 +305,7 @@ std::string ApplyAll(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits,
     }
     aui8Edited = oImage.GetBytes();
     const std::string sFault = VerifyEdits(aui8Image, aui8Edited, oImage.GetBlocks());
-    return sFault.empty() ? RemoveParts(aoEdits, aui8Edited) : "internal fault: " + sFault;
+    return sFault.empty() ? RemoveParts(aui8Image, aoEdits, aui8Edited) : "internal fault: " + sFault;
 }
 
 // What an edit may do to the lists that it names.
@@ -284,6 +315,10 @@ using CNamed = std::map<std::string, CRule>; // by the names of the lists
 CRule Erased(unsigned int uiNumber)
 {
     return [uiNumber](CTexts asBefore, const CTexts& asAfter) {
+        if (uiNumber >= asBefore.size())
+        {
+            return false;
+        }
         asBefore.erase(asBefore.begin() + uiNumber);
         return asBefore == asAfter;
     };
@@ -475,7 +510,9 @@ CNamed NameStandard(size_t uiBlock, unsigned int uiNumber)
              { "3d " + sBlock, Is3dOfOneCodeGone } };
 }
 
-// uiPlace is that among the detailed timings that are counted for the native ones.
+// uiPlace is that among the detailed timings that are counted for the native ones, or gsc_uiNotCounted.
+constexpr unsigned int gsc_uiNotCounted = ~0U;
+
 CNamed NameDetailed(size_t uiBlock, unsigned int uiNumber, unsigned int uiPlace, size_t uiBlocks)
 {
     CNamed oNamed = { { "detailed " + std::to_string(uiBlock), Erased(uiNumber) },
@@ -514,8 +551,9 @@ void TryNumbered(const std::string& sImage, const CBytes& aui8Image, const std::
         }
         for (unsigned int j = 0; j < aoBlocks[i].m_uiDetaileds; ++j)
         {
-            fnRemove(eEdit_RemoveDetailed, NameDetailed(i, j, uiPlace, aoBlocks.size()));
-            uiPlace += i == 0 || oFacts.contains("header " + sBlock) ? 1U : 0U;
+            const bool bCounted = i == 0 || oFacts.contains("header " + sBlock);
+            const unsigned int uiCounted = bCounted ? uiPlace++ : gsc_uiNotCounted;
+            fnRemove(eEdit_RemoveDetailed, NameDetailed(i, j, uiCounted, aoBlocks.size()));
         }
         for (unsigned int j = 0; j < aoBlocks[i].m_uiAudios; ++j)
         {
@@ -669,7 +707,7 @@ void TryMode(const std::string& sImage, const CBytes& aui8Image, const SEdit& oE
     for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
     {
         for (const char* pszName : { "standard ", "codes ", "video blocks ", "hdmi ", "hdmi video ", "4:2:0 video ",
-                                     "natives ", "3d ", "detailed ", "bytes " })
+                                     "natives ", "3d ", "detailed ", "parts ", "bytes " })
         {
             oNamed[pszName + std::to_string(i)] = IsAny;
         }

@@ -1,8 +1,11 @@
 // An image under edit.
 
-#include "ZorEdidWriter.h"
+#include <algorithm>
 
 #include "HandlesC.h"
+#include "Standards/BaseBlock.h"
+#include "ZorEdidParts.h"
+#include "ZorEdidWriter.h"
 
 using namespace ZorC;
 
@@ -10,45 +13,116 @@ struct zoredid_writer
 {
     CZorEdidWriter m_oWriter;
     CZorEdidWriter::SAnswer m_oAnswer;
+    CZorEdidParts::SAnswer m_oOfParts;
     zoredid_map m_oMap; // of the writer's bytes; without any where nothing was read
 };
 
 namespace
 {
+void ClearAnswers(zoredid_writer& oWriter)
+{
+    oWriter.m_oAnswer = {};
+    oWriter.m_oOfParts = {};
+}
+
+// An edit that names no field or no bytes leaves no answer, as the last one is another field's.
+zoredid_status Fail(zoredid_writer* poWriter, zoredid_status status)
+{
+    if (poWriter != nullptr)
+    {
+        ClearAnswers(*poWriter);
+    }
+    return status;
+}
+
+// After an edit for which the memory ran out, the map means nothing.
+zoredid_status Close(zoredid_writer& oWriter, zoredid_status status)
+{
+    if (status == ZOREDID_ERROR_MEMORY)
+    {
+        oWriter.m_oMap.m_poMap = nullptr;
+        ClearAnswers(oWriter);
+    }
+    return status;
+}
+
 zoredid_status Set(zoredid_writer& oWriter, unsigned int uiField, const char* pszValue)
 {
     const zoredid_status status = Guard([&] {
         CZorEdidWriter::SAnswer oAnswer; // the value may be a text of the last one
         const int iSet = oWriter.m_oWriter.Set(uiField, pszValue, oAnswer);
         oWriter.m_oAnswer = oAnswer;
+        oWriter.m_oOfParts = {};
         return iSet != 0 ? ZOREDID_OK : ZOREDID_ERROR_REFUSED;
     });
-    if (status == ZOREDID_ERROR_MEMORY) // and the map means nothing
-    {
-        oWriter.m_oMap.m_poMap = nullptr;
-        oWriter.m_oAnswer = {};
-    }
-    return status;
+    return Close(oWriter, status);
 }
 
-// A set that no field is asked for leaves no answer, as the last one is another field's.
-zoredid_status Fail(zoredid_writer* poWriter, zoredid_status status)
+// A part is edited by fnEdit(parts, answer) on a copy of the bytes, which the writer then takes.
+template <class EDIT>
+zoredid_status EditParts(zoredid_writer* poWriter, bool bGood, const EDIT& fnEdit)
 {
-    if (poWriter != nullptr)
+    if (!bGood || poWriter == nullptr || poWriter->m_oMap.m_poMap == nullptr)
     {
+        return Fail(poWriter, ZOREDID_ERROR_ARGUMENT);
+    }
+    const zoredid_status status = Guard([&] {
+        const CZorEdidMap& oMap = *poWriter->m_oMap.m_poMap;
+        CZorEdidParts oParts;
+        CZorEdidParts::SAnswer oAnswer;
+        oParts.Read(oMap.GetSize(), oMap.GetData());
+        const bool bEdited = fnEdit(oParts, oAnswer) != 0;
+        if (bEdited)
+        {
+            poWriter->m_oWriter.Read(oParts.GetMap().GetSize(), oParts.GetMap().GetData());
+        }
         poWriter->m_oAnswer = {};
-    }
-    return status;
+        poWriter->m_oAnswer.m_oReason = oAnswer.m_oReason;
+        poWriter->m_oAnswer.m_auiFollowed = oAnswer.m_auiFollowed;
+        poWriter->m_oOfParts = oAnswer;
+        return bEdited ? ZOREDID_OK : ZOREDID_ERROR_REFUSED;
+    });
+    return Close(*poWriter, status);
 }
 
-size_t GiveField(const zoredid_writer* writer, const CZorEdidWriter::CFields CZorEdidWriter::SAnswer::*pauiFields,
-                 size_t index)
+bool HasField(const zoredid_writer* poWriter, size_t uiField)
 {
-    if (writer == nullptr || index >= (writer->m_oAnswer.*pauiFields).GetCount())
-    {
-        return ZOREDID_NONE;
-    }
-    return (writer->m_oAnswer.*pauiFields)[static_cast<unsigned int>(index)];
+    return uiField < zoredid_map_get_count(zoredid_writer_get_map(poWriter));
+}
+
+bool IsKind(const char* pszId, const void* pvBytes, size_t uiBytes)
+{
+    return pszId != nullptr && zoredid_id_find(pszId) != 0 && (pvBytes != nullptr || uiBytes == 0) &&
+           uiBytes <= INT_MAX;
+}
+
+EZorEdidField ToField(const char* pszId) { return static_cast<EZorEdidField>(zoredid_id_find(pszId)); }
+
+// Higher than any block or place where it is not ZOREDID_NONE and does not fit.
+unsigned int ToPlace(size_t uiPlace)
+{
+    constexpr size_t uiMost = CZorEdidParts::msc_uiAny;
+    return static_cast<unsigned int>(uiPlace == ZOREDID_NONE ? uiMost : std::min(uiPlace, uiMost - 1));
+}
+
+CZorEdidParts::SWhere ToWhere(size_t uiBlock, size_t uiPlace)
+{
+    CZorEdidParts::SWhere oWhere;
+    oWhere.m_uiBlock = ToPlace(uiBlock);
+    oWhere.m_uiPlace = ToPlace(uiPlace);
+    return oWhere;
+}
+
+const unsigned char* ToBytes(const void* pvBytes)
+{
+    static constexpr unsigned char aui8None[1] = {};
+    return pvBytes != nullptr ? static_cast<const unsigned char*>(pvBytes) : aui8None;
+}
+
+size_t GiveField(const CZorEdidWriter::CFields* pauiFields, size_t index)
+{
+    const bool bGood = pauiFields != nullptr && index < pauiFields->GetCount();
+    return bGood ? (*pauiFields)[static_cast<unsigned int>(index)] : ZOREDID_NONE;
 }
 
 const char* GiveAnswer(const zoredid_writer* writer, const CMString CZorEdidWriter::SAnswer::*psText, size_t* length)
@@ -66,7 +140,7 @@ zoredid_status zoredid_writer_read(zoredid_writer* writer, const void* data, siz
     {
         return ZOREDID_ERROR_ARGUMENT;
     }
-    writer->m_oAnswer = {};
+    ClearAnswers(*writer);
     const zoredid_status status =
         ReadBytes(data, size, [&](auto uiSize, auto* pui8Data) { return writer->m_oWriter.Read(uiSize, pui8Data); });
     writer->m_oMap.m_poMap = status == ZOREDID_OK ? &writer->m_oWriter.GetMap() : nullptr;
@@ -120,7 +194,7 @@ size_t zoredid_writer_get_followed_count(const zoredid_writer* writer)
 
 size_t zoredid_writer_get_followed(const zoredid_writer* writer, size_t index)
 {
-    return GiveField(writer, &CZorEdidWriter::SAnswer::m_auiFollowed, index);
+    return GiveField(writer != nullptr ? &writer->m_oAnswer.m_auiFollowed : nullptr, index);
 }
 
 size_t zoredid_writer_get_other_count(const zoredid_writer* writer)
@@ -130,7 +204,7 @@ size_t zoredid_writer_get_other_count(const zoredid_writer* writer)
 
 size_t zoredid_writer_get_other(const zoredid_writer* writer, size_t index)
 {
-    return GiveField(writer, &CZorEdidWriter::SAnswer::m_auiOthers, index);
+    return GiveField(writer != nullptr ? &writer->m_oAnswer.m_auiOthers : nullptr, index);
 }
 
 const zoredid_map* zoredid_writer_get_map(const zoredid_writer* writer)
@@ -141,4 +215,82 @@ const zoredid_map* zoredid_writer_get_map(const zoredid_writer* writer)
 const unsigned char* zoredid_writer_get_data(const zoredid_writer* writer, size_t* size)
 {
     return zoredid_map_get_data(zoredid_writer_get_map(writer), size);
+}
+
+// ---- Parts ----
+
+zoredid_status zoredid_writer_add_block(zoredid_writer* writer, uint32_t tag, const void* data, size_t place)
+{
+    const auto* const pui8Block = static_cast<const unsigned char*>(data);
+    const bool bGood = tag != 0 && tag <= UCHAR_MAX && (pui8Block == nullptr || *pui8Block == tag);
+    return EditParts(writer, bGood, [&](auto& oParts, auto& oAnswer) {
+        const unsigned int uiSize = pui8Block != nullptr ? ZorStandards::gsc_uiBlockSize : 0;
+        return oParts.AddBlock(tag, uiSize, pui8Block, ToWhere(ZOREDID_NONE, place), oAnswer);
+    });
+}
+
+zoredid_status zoredid_writer_add_standard(zoredid_writer* writer, const void* data, size_t place)
+{
+    return EditParts(writer, data != nullptr, [&](auto& oParts, auto& oAnswer) {
+        return oParts.AddStandard(ToBytes(data), ToWhere(ZOREDID_NONE, place), oAnswer);
+    });
+}
+
+zoredid_status zoredid_writer_add_descriptor(zoredid_writer* writer, const void* data, size_t block, size_t place)
+{
+    return EditParts(writer, data != nullptr, [&](auto& oParts, auto& oAnswer) {
+        return oParts.AddDescriptor(ToBytes(data), ToWhere(block, place), oAnswer);
+    });
+}
+
+zoredid_status zoredid_writer_add_data_block(zoredid_writer* writer, const char* id, const void* payload, size_t size,
+                                             size_t block, size_t place)
+{
+    return EditParts(writer, IsKind(id, payload, size), [&](auto& oParts, auto& oAnswer) {
+        return oParts.AddDataBlock(ToField(id), static_cast<unsigned int>(size), ToBytes(payload),
+                                   ToWhere(block, place), oAnswer);
+    });
+}
+
+zoredid_status zoredid_writer_add_item(zoredid_writer* writer, const char* id, const void* item, size_t size,
+                                       size_t block, size_t place)
+{
+    return EditParts(writer, IsKind(id, item, size), [&](auto& oParts, auto& oAnswer) {
+        return oParts.AddItem(ToField(id), static_cast<unsigned int>(size), ToBytes(item), ToWhere(block, place),
+                              oAnswer);
+    });
+}
+
+zoredid_status zoredid_writer_remove(zoredid_writer* writer, size_t index)
+{
+    return EditParts(writer, HasField(writer, index), [&](auto& oParts, auto& oAnswer) {
+        return oParts.Remove(static_cast<unsigned int>(index), oAnswer);
+    });
+}
+
+zoredid_status zoredid_writer_move(zoredid_writer* writer, size_t index, size_t place)
+{
+    return EditParts(writer, HasField(writer, index), [&](auto& oParts, auto& oAnswer) {
+        return oParts.Move(static_cast<unsigned int>(index), ToPlace(place), oAnswer);
+    });
+}
+
+size_t zoredid_writer_get_part(const zoredid_writer* writer)
+{
+    return writer != nullptr ? ToIndex(writer->m_oOfParts.m_uiField) : ZOREDID_NONE;
+}
+
+size_t zoredid_writer_get_lacking(const zoredid_writer* writer)
+{
+    return writer != nullptr ? writer->m_oOfParts.m_uiLacking : 0;
+}
+
+size_t zoredid_writer_get_removable_count(const zoredid_writer* writer)
+{
+    return writer != nullptr ? writer->m_oOfParts.m_auiRemovable.GetCount() : 0;
+}
+
+size_t zoredid_writer_get_removable(const zoredid_writer* writer, size_t index)
+{
+    return GiveField(writer != nullptr ? &writer->m_oOfParts.m_auiRemovable : nullptr, index);
 }

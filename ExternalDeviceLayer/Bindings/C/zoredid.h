@@ -1105,9 +1105,9 @@ ZOREDID_API zoredid_status zoredid_writer_set_by_id(zoredid_writer* writer, cons
                                                     const char* value);
 
 /*
- * The answer to the last set. It belongs to the writer until the next one, or until it reads; lengths may be null. All
- * are empty, and the counts 0, where there was none and after a set that names no field or no value. Texts have '.' for
- * each character that is not ASCII.
+ * The answer to the last edit. It belongs to the writer until the next one, or until it reads; lengths may be null. All
+ * are empty, and the counts 0, where there was none and after an edit that names no field or no value. Texts have '.'
+ * for each character that is not ASCII.
  */
 
 /** 1 where the field reads as asked; 0 where the nearest value took its place, and after a refusal. */
@@ -1127,10 +1127,67 @@ ZOREDID_API size_t zoredid_writer_get_other_count(const zoredid_writer* writer);
 /** Each of them, by an index below the count. */
 ZOREDID_API size_t zoredid_writer_get_other(const zoredid_writer* writer, size_t index);
 
-/** The map of the present bytes. It belongs to the writer, which frees it, and is good until the next set. */
+/** The map of the present bytes. It belongs to the writer, which frees it, and is good until the next edit. */
 ZOREDID_API const zoredid_map* zoredid_writer_get_map(const zoredid_writer* writer);
-/** The present bytes, the writer's until the next set. size may be null. */
+/** The present bytes, the writer's until the next edit. size may be null. */
 ZOREDID_API const unsigned char* zoredid_writer_get_data(const zoredid_writer* writer, size_t* size);
+
+/* ---- Writer: parts that are added, removed and moved ---- */
+
+/*
+ * A part is an extension block; of the base block a standard timing or a descriptor; of a CTA-861 block a data block, a
+ * detailed timing, or an item of a list, such as a video code; of a DisplayID block a data block, or a timing in it.
+ * Lengths, counts, places of timings and checksums follow. An edit counts only when the part is then as asked and all
+ * other parts read as before; else it is refused, with zoredid_writer_get_reason, and nothing changes. After an edit
+ * all fields may have other indexes.
+ *
+ * block is the number of the block that takes the part, 0 for the base block; ZOREDID_NONE for the first one with room,
+ * and for a further extension block where there is none. place counts from 0 among the like of the part in its block;
+ * ZOREDID_NONE is after the last one. Ids are those of the map.
+ */
+
+/**
+ * An extension block of 128 bytes, whose first one is the tag, or without bytes (null) an empty one; place 1 is that
+ * after the base block. At most 127.
+ */
+ZOREDID_API zoredid_status zoredid_writer_add_block(zoredid_writer* writer, uint32_t tag, const void* data,
+                                                    size_t place);
+/** A standard timing of the base block, 2 bytes. */
+ZOREDID_API zoredid_status zoredid_writer_add_standard(zoredid_writer* writer, const void* data, size_t place);
+/**
+ * A detailed timing or a display descriptor, 18 bytes. A timing for which the base block has no room goes to a CTA-861
+ * block.
+ */
+ZOREDID_API zoredid_status zoredid_writer_add_descriptor(zoredid_writer* writer, const void* data, size_t block,
+                                                         size_t place);
+/**
+ * A data block of the kind with an id, such as "cta.hdr-static" or "displayid.tiled". The payload is what follows its
+ * header, its extended tag and its OUI; null for one without bytes. ZOREDID_ERROR_ARGUMENT of an id that does not
+ * exist.
+ */
+ZOREDID_API zoredid_status zoredid_writer_add_data_block(zoredid_writer* writer, const char* id, const void* payload,
+                                                         size_t size, size_t block, size_t place);
+/**
+ * An item of a list in data blocks of such a kind: the byte of a code for "cta.video", the 3 bytes of an audio
+ * descriptor for "cta.audio", the 20 bytes of a timing for "displayid.type7". A new data block where no list has room.
+ */
+ZOREDID_API zoredid_status zoredid_writer_add_item(zoredid_writer* writer, const char* id, const void* item,
+                                                   size_t size, size_t block, size_t place);
+/** The part that the field with an index is, or is in. A data block goes with its last item. */
+ZOREDID_API zoredid_status zoredid_writer_remove(zoredid_writer* writer, size_t index);
+/** The part that the field with an index is, or is in, moves to a place among its like; blocks count from 1. */
+ZOREDID_API zoredid_status zoredid_writer_move(zoredid_writer* writer, size_t index, size_t place);
+
+/* The answer to such an edit, beside the reason and the fields that followed; empty after other calls. */
+
+/** The part, in the present map; ZOREDID_NONE for one that is gone. */
+ZOREDID_API size_t zoredid_writer_get_part(const zoredid_writer* writer);
+/** The bytes that lack, when the reason of a refusal is that there is no room; else 0. */
+ZOREDID_API size_t zoredid_writer_get_lacking(const zoredid_writer* writer);
+/** Then the parts each of which leaves room enough when it goes, in the present map. */
+ZOREDID_API size_t zoredid_writer_get_removable_count(const zoredid_writer* writer);
+/** Each of them, by an index below the count. */
+ZOREDID_API size_t zoredid_writer_get_removable(const zoredid_writer* writer, size_t index);
 
 /* ---- Maker: images of wishes ---- */
 

@@ -32,7 +32,8 @@ public:
     /// The map of the present bytes, which are its GetData. References into it are good until the next Set.
     const CZorEdidMap& GetMap() const { return m_oMap; }
 
-    /// Sets a leaf, or the text of a text descriptor that has none, which is a group. Returns 1, and 0 for a refusal, which changes nothing. pszValue is one of
+    /// Sets a leaf, or the text of a text descriptor that has none, which is a group. Returns 1, and 0 for a refusal,
+    /// which changes nothing. pszValue is one of
     ///   a value as CZorEdidMap::GetValue gives it, in letters of either case: "not given", "DisplayPort", "2.20"
     ///   a number with or without the unit of the field; the nearest one that the field can say is taken. Decimal, or
     ///   hexadecimal after 0x. Of a name its code

@@ -161,9 +161,38 @@ def test_a_text_that_is_empty_or_missing():
     assert edit.serial_text == ""
     edit.serial_text = "A1"
     assert edit.serial_text == "A1" and edit.image.facts.identity.serial_text == "A1"
-    data[0x4B] = 0x10
-    with pytest.raises(zoredid.NoFieldError, match="zoredid edit --serial-text"):
-        zoredid.load(data).edit().serial_text = "A1"
+    data[0x4B] = 0x10  # a dummy descriptor, which makes room
+    edit = zoredid.load(data).edit()
+    for text in ("", "B" * 14, "\xe9"):
+        with pytest.raises(zoredid.RefusedError, match="1 to 13 ASCII"):
+            edit.serial_text = text
+    assert edit.bytes == data
+    edit.serial_text = "B" * 13
+    assert edit.serial_text == "B" * 13 and edit.image.facts.identity.serial_text == "B" * 13
+
+
+def test_parts_are_added_moved_and_removed():
+    edit = IMAGE.edit()
+    vics = [field.value for field in edit.fields if field.id == "cta.video.vic"]
+    added = edit.add_item("cta.video", b"\x61")
+    assert added.part.id.startswith("cta.video") and "checksum" in added.followed
+    assert any(mode.code == 97 for mode in edit.image.modes)
+    assert edit.move(added.part, 0).part.index < added.part.index
+    assert edit.remove("cta.video", 0).part is None and not any(mode.code == 97 for mode in edit.image.modes)
+    assert vics and not any(field.id == "cta.video.vic" for field in edit.fields)
+    hdr = edit.add_data_block("cta.hdr-static", bytes((5, 1, 0x60, 0x60, 0x20)))
+    assert hdr.part.id == "cta.hdr-static" and edit.image.facts.hdr.hdr10
+    assert edit.add_block(0x70).part.id == "displayid" and len(edit.bytes) == 512  # with a block map, by EDID 1.3
+    assert edit.add_standard(b"\xd1\xc0").part.id.startswith("base.standard")
+    before = edit.bytes
+    for call in (lambda: edit.add_descriptor(b"12"), lambda: edit.add_standard(b"123"), lambda: edit.add_block(2, b"2"),
+                 lambda: edit.add_item("cta.audio", b"1"), lambda: edit.move("base.name", 77),
+                 lambda: edit.add_data_block("base.name"), lambda: edit.add_data_block("no.id"),
+                 lambda: edit.add_data_block("cta.hdr-static", b"", -1), lambda: edit.remove("checksum"),
+                 lambda: edit.remove(2**40), lambda: edit.add_data_block("cta.hdr-static", b"", 99)):
+        with pytest.raises(zoredid.Error):
+            call()
+    assert edit.bytes == before
 
 
 def test_threads_share_an_editor():

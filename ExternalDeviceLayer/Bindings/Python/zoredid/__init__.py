@@ -14,7 +14,8 @@ from __future__ import annotations
 from . import _names
 from ._codes import Error, FactInfo, NoFieldError, RefusedError, to_text
 from ._facts import Facts, Hdr, Mode, Source
-from ._image import Change, Editor, Field, Fields, Finding, Image, Piece, Place, Repair, Withheld, load, load_all
+from ._image import (Change, Editor, Field, Fields, Finding, Image, PartChange, Piece, Place, Repair, Withheld, load,
+                     load_all)
 from ._make import WishedMode, make
 from ._many import Column, Table, read_many
 from ._names import *  # noqa: F403  # pylint: disable=wildcard-import
@@ -24,7 +25,7 @@ __version__: str = to_text(_lib.zoredid_get_version()) or ""
 
 __all__ = [
     "Change", "Column", "Editor", "Error", "FactInfo", "Facts", "Field", "Fields", "Finding", "Hdr", "Image", "Mode",
-    "NoFieldError", "Piece", "Place", "RefusedError", "Repair", "Source", "Table", "WishedMode", "Withheld", "load",
-    "load_all", "make", "read_many",
+    "NoFieldError", "PartChange", "Piece", "Place", "RefusedError", "Repair", "Source", "Table", "WishedMode", "Withheld",
+    "load", "load_all", "make", "read_many",
 ]
 __all__ += _names.__all__

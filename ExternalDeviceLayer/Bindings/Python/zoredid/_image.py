@@ -469,6 +469,13 @@ class Change(NamedTuple):
     others: tuple[str, ...] = ()  #: ids of fields that read differently, after "raw:" and of a maximum luminance
 
 
+class PartChange(NamedTuple):
+    """What an edit of a part has done. Fields may have other indexes than before."""
+
+    part: Field | None  #: as it is now; None of one that was removed
+    followed: tuple[str, ...]  #: ids of lengths, counts and checksums that changed with it
+
+
 def _read_text(fields: Fields, id: str) -> str:  # pylint: disable=redefined-builtin
     """The value; of a group the only text in it, empty where it has none."""
     field = fields[id]
@@ -495,12 +502,12 @@ def _read_whole(fields: Fields, id: str) -> int | None:  # pylint: disable=redef
 class _Named(Generic[ANSWER]):
     """A field that has a name of its own in an editor: reads as its value, sets it when assigned.
 
-    option: of the command, which adds the field to an image without it.
+    tag: of the display descriptor that is added to an image without the field.
     """
 
     def __init__(self, id: str, read: Callable[[Fields, str], ANSWER],  # pylint: disable=redefined-builtin
-                 option: str = "") -> None:
-        self._id, self._read, self._option = id, read, option
+                 tag: int = 0) -> None:
+        self._id, self._read, self._tag = id, read, tag
 
     def __get__(self, editor: Editor | None, owner: type[Editor]) -> ANSWER:
         if editor is None:
@@ -508,13 +515,21 @@ class _Named(Generic[ANSWER]):
         return self._read(editor.fields, self._id)
 
     def __set__(self, editor: Editor, value: Value) -> None:
-        try:
-            editor.set(self._id, value)
-        except NoFieldError as error:
-            if not self._option:
-                raise
-            raise NoFieldError(f"{error}, and a set adds none; the command does: zoredid edit {self._option}",
-                               error.status) from None
+        with editor._lock:  # pylint: disable=protected-access
+            try:
+                editor.set(self._id, value)
+            except NoFieldError:
+                if not self._tag:
+                    raise
+                editor.add_descriptor(_make_text(self._tag, value))
+
+
+def _make_text(tag: int, value: Value) -> bytes:
+    """A display descriptor, 18 bytes."""
+    text = _to_words(value, FieldKind.TEXT)
+    if not 1 <= len(text) <= 13 or not all(0x20 <= byte <= 0x7E for byte in text):
+        raise refuse("it takes 1 to 13 ASCII characters")
+    return bytes((0, 0, 0, tag, 0)) + (text + b"\n" if len(text) < 13 else text).ljust(13)
 
 
 class Editor:
@@ -530,8 +545,8 @@ class Editor:
 
     __slots__ = ("_lock", "_writer")
 
-    name = _Named("base.name", _read_text, "--name")  #: product name, up to 13 characters
-    serial_text = _Named("base.serial", _read_text, "--serial-text")  #: serial number as text, up to 13 characters
+    name = _Named("base.name", _read_text, 0xFC)  #: product name, up to 13 characters
+    serial_text = _Named("base.serial", _read_text, 0xFF)  #: serial number as text, up to 13 characters
     manufacturer = _Named("base.identity.manufacturer", _read_text)  #: three letters
     product_code = _Named("base.identity.product-code", _read_whole)  #: 16 bits
     serial_number = _Named("base.identity.serial-number", _read_whole)  #: 32 bits; None where it is not given
@@ -540,7 +555,7 @@ class Editor:
     gamma = _Named("base.display.gamma", _read_real)  #: 1.00 to 3.54; None where it is elsewhere
 
     def __init__(self, data: bytes) -> None:
-        self._lock = threading.Lock()
+        self._lock = threading.RLock()
         self._writer = own(lib.zoredid_writer_create(), lib.zoredid_writer_free)
         require(lib.zoredid_writer_read(self._writer, data, len(data)))
 
@@ -572,6 +587,47 @@ class Editor:
                           self._list_ids(lib.zoredid_writer_get_followed_count, lib.zoredid_writer_get_followed),
                           self._list_ids(lib.zoredid_writer_get_other_count, lib.zoredid_writer_get_other))
 
+    # Parts: extension blocks; standard timings and descriptors of the base block; data blocks, detailed timings and items
+    # of lists of the others. block: the number of the block that takes the part, else the first with room, or a new one;
+    # place: among its like in the block, else after the last one. Raises RefusedError; nothing has changed then.
+
+    def add_block(self, tag: int, data: bytes = b"", place: int | None = None) -> PartChange:
+        """Adds an extension block of 128 bytes, or without bytes an empty one. Place 1 follows the base block."""
+        _require_size(data, 128, 0)
+        return self._edit_part(lib.zoredid_writer_add_block, tag, data or ffi.NULL, _to_place(place))
+
+    def add_standard(self, data: bytes, place: int | None = None) -> PartChange:
+        """Adds a standard timing of 2 bytes to the base block."""
+        _require_size(data, 2)
+        return self._edit_part(lib.zoredid_writer_add_standard, data, _to_place(place))
+
+    def add_descriptor(self, data: bytes, block: int | None = None, place: int | None = None) -> PartChange:
+        """Adds a detailed timing or a display descriptor of 18 bytes."""
+        _require_size(data, 18)
+        return self._edit_part(lib.zoredid_writer_add_descriptor, data, _to_place(block), _to_place(place))
+
+    def add_data_block(self, id: str, payload: bytes = b"",  # pylint: disable=redefined-builtin
+                       block: int | None = None, place: int | None = None) -> PartChange:
+        """Adds a data block of the kind with an id, such as "cta.hdr-static". The payload follows header and OUI."""
+        return self._edit_part(lib.zoredid_writer_add_data_block, _encode_id(id), payload, len(payload),
+                               _to_place(block), _to_place(place))
+
+    def add_item(self, id: str, data: bytes,  # pylint: disable=redefined-builtin
+                 block: int | None = None, place: int | None = None) -> PartChange:
+        """Adds an item to the list of a data block, such as the byte of a video code to "cta.video"."""
+        return self._edit_part(lib.zoredid_writer_add_item, _encode_id(id), data, len(data), _to_place(block),
+                               _to_place(place))
+
+    def remove(self, field: str | int | Field, number: int = 0) -> PartChange:
+        """Removes the part that a field is, or is in. A data block goes with its last item."""
+        with self._lock:
+            return self._edit_part(lib.zoredid_writer_remove, self._find(field, number))
+
+    def move(self, field: str | int | Field, place: int, number: int = 0) -> PartChange:
+        """Moves the part that a field is, or is in, to a place among its like; blocks count from 1."""
+        with self._lock:
+            return self._edit_part(lib.zoredid_writer_move, self._find(field, number), _to_place(place))
+
     def __repr__(self) -> str:
         return f"<zoredid.Editor of {self.image!r}>"
 
@@ -593,6 +649,14 @@ class Editor:
         """What the present bytes say."""
         return Fields(self.bytes)
 
+    def _edit_part(self, call: Any, *arguments: Any) -> PartChange:
+        with self._lock:
+            status = call(self._writer, *arguments)
+            require(status, self._text(lib.zoredid_writer_get_reason))
+            part = lib.zoredid_writer_get_part(self._writer)
+            return PartChange(None if part == lib.ZOREDID_NONE else self.fields[int(part)],
+                              self._list_ids(lib.zoredid_writer_get_followed_count, lib.zoredid_writer_get_followed))
+
     # Those that follow are called with the lock held.
 
     def _find(self, field: str | int | Field, number: int) -> int:
@@ -613,6 +677,25 @@ class Editor:
 
     def _text(self, get: Any) -> str:
         return to_text(get(self._writer, ffi.NULL)) or ""
+
+
+def _to_place(place: int | None) -> int:
+    if place is None:
+        return int(lib.ZOREDID_NONE)
+    if not 0 <= place < lib.ZOREDID_NONE:
+        raise refuse("a block and a place are at least 0")
+    return place
+
+
+def _require_size(data: bytes, *sizes: int) -> None:
+    if len(data) not in sizes:
+        raise refuse(f"it takes {sizes[0]} bytes, not {len(data)}")
+
+
+def _encode_id(id: str) -> bytes:  # pylint: disable=redefined-builtin
+    if not find_id(id):
+        raise _make_no_field(id)
+    return encode(id)
 
 
 def _to_words(value: Value, kind: int) -> bytes:

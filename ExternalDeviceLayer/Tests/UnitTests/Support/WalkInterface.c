@@ -370,6 +370,7 @@ static void walk_answer(const zoredid_writer* writer)
     const size_t fields = zoredid_map_get_count(zoredid_writer_get_map(writer));
     const size_t followed = zoredid_writer_get_followed_count(writer);
     const size_t others = zoredid_writer_get_other_count(writer);
+    const size_t removable = zoredid_writer_get_removable_count(writer);
     text = zoredid_writer_get_before(writer, &length);
     require_text(text, length);
     text = zoredid_writer_get_after(writer, &length);
@@ -380,9 +381,15 @@ static void walk_answer(const zoredid_writer* writer)
         require(zoredid_writer_get_followed(writer, i) < fields, "what followed is a field");
     for (i = 0; i < others; ++i)
         require(zoredid_writer_get_other(writer, i) < fields, "what else changed is a field");
+    for (i = 0; i < removable; ++i)
+        require(zoredid_writer_get_removable(writer, i) < fields, "what may go is a field");
     require(zoredid_writer_get_followed(writer, followed) == ZOREDID_NONE &&
-                zoredid_writer_get_other(writer, others) == ZOREDID_NONE,
+                zoredid_writer_get_other(writer, others) == ZOREDID_NONE &&
+                zoredid_writer_get_removable(writer, removable) == ZOREDID_NONE,
             "nothing beyond the list");
+    require(zoredid_writer_get_part(writer) == ZOREDID_NONE || zoredid_writer_get_part(writer) < fields,
+            "a part is a field");
+    require(removable == 0 || zoredid_writer_get_lacking(writer) != 0, "parts go for want of room");
 }
 
 /* A field is given its own value, another one bits, and then what the writer said last. */
@@ -415,6 +422,43 @@ static void edit(zoredid_writer* writer, unsigned int order)
     walk_answer(writer);
     bytes = zoredid_writer_get_data(writer, &size);
     require_bytes(bytes, size);
+}
+
+/* A part of each kind is added, one is moved, and one is removed. */
+static void edit_parts(zoredid_writer* writer, unsigned int order)
+{
+    static const unsigned char bytes[18] = { 0xd1, 0xc0, 0, 0xfc, 0, 'A', '\n' };
+    const char* const id = zoredid_id_get_text(1 + order % 1000);
+    const size_t block = order % 4 != 0 ? ZOREDID_NONE : order / 4 % 4,
+                 place = order % 3 != 0 ? ZOREDID_NONE : order % 7;
+    const size_t count = zoredid_map_get_count(zoredid_writer_get_map(writer));
+    size_t size = 0, before = 0;
+    zoredid_writer_add_block(writer, order % 2 != 0 ? 2 : 0x70, NULL, place);
+    walk_answer(writer);
+    zoredid_writer_add_standard(writer, bytes, place);
+    walk_answer(writer);
+    zoredid_writer_add_descriptor(writer, order % 2 != 0 ? bytes : bytes + 1, block, place);
+    walk_answer(writer);
+    zoredid_writer_add_data_block(writer, id, bytes, order % (sizeof(bytes) + 1), block, place);
+    walk_answer(writer);
+    zoredid_writer_add_item(writer, order % 5 != 0 ? "cta.video" : id, bytes, 1 + order % 3, block, place);
+    walk_answer(writer);
+    zoredid_writer_move(writer, count != 0 ? order % count : 0, place);
+    walk_answer(writer);
+    zoredid_writer_get_data(writer, &before);
+    if (zoredid_writer_remove(writer, count != 0 ? order / 3 % count : 0) == ZOREDID_OK)
+        require(zoredid_writer_get_part(writer) == ZOREDID_NONE, "it is gone");
+    zoredid_writer_get_data(writer, &size);
+    require(size <= before, "a removal adds nothing");
+    require(zoredid_writer_add_block(writer, 2, bytes, 0) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_add_standard(writer, NULL, 0) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_add_descriptor(writer, NULL, 0, 0) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_add_data_block(writer, "no.such.id", bytes, 1, 0, 0) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_add_item(writer, NULL, bytes, 1, 0, 0) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_remove(writer, ZOREDID_NONE) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_move(NULL, 0, 0) == ZOREDID_ERROR_ARGUMENT,
+            "what names no part or no bytes");
+    walk_answer(writer);
 }
 
 /* An image like another one, wishes that cannot be, and no wishes. */
@@ -559,6 +603,8 @@ const char* walk_interface(const unsigned char* data, size_t size, unsigned int 
     walk(&all); /* of nothing */
     read_all(&all, data, size);
     edit(all.writer, order);
+    if (order % 4 == 1)
+        edit_parts(all.writer, order);
     if (order % 8 == 0)
         make(data, size, order / 8);
     free_some(&all, order);

@@ -566,8 +566,8 @@ unsigned int FindEdid(const CMapWriter& oWriter, unsigned int uiBlock)
     return uiBlock;
 }
 
-// Before the first field, as a data block may refer to codes that follow it. A block that the EDID does not count counts
-// up to itself.
+// Before the first field, as a data block may refer to codes that follow it. A block that the EDID does not count
+// counts up to itself.
 SCtaVideoCodes CollectCodes(const CMapWriter& oWriter, unsigned int uiBlock)
 {
     const unsigned int uiEdid = FindEdid(oWriter, uiBlock);

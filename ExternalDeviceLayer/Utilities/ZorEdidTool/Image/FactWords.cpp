@@ -346,10 +346,9 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts)
     Append(sText, (uiEotfs & CFacts::eEotf_HdrGamma) != 0 ? "HDR gamma" : "");
     Append(sText, oColour.m_oHdr10Plus.IsSaid() ? "HDR10+" : "");
     Append(sText, DescribeDolbyVision(oColour.m_oDolbyVision));
-    if (sText.empty())
+    if (sText.empty()) // luminances of a display without HDR do not belong under HDR
     {
-        return DescribeAbsence(oFacts,
-                               gsc_pszNotAnnounced); // luminances of a display without HDR do not belong under HDR
+        return DescribeAbsence(oFacts, gsc_pszNotAnnounced);
     }
     Append(sText,
            oColour.m_oContentMax.m_oValue.m_ui8Code != 0

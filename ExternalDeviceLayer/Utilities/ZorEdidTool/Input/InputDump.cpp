@@ -203,7 +203,7 @@ bool ReadDumpAt(std::string_view sText, size_t uiLine, SInput& oInput)
             break;
         }
     }
-    oInput.m_sForm = oReader.IsXxd() ? "xxd dump" : "od dump";
+    oInput.m_sForm = oReader.IsXxd() ? "xxd dump" : "dump with addresses";
     return oReader.HasBegun();
 }
 

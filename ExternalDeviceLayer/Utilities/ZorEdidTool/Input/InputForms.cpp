@@ -65,8 +65,46 @@ bool ReadTextTable(const std::string& sText, SInput& oInput)
     return true;
 }
 
-// ---- Windows registry export: "EDID"=hex:00,ff,...,\ with the rest on the next lines ----
-// An override of the driver has a value for each block instead, with the names "0", "1" and so on.
+// ---- Windows registry ----
+
+// The values EDID, each under the key of its monitor. An override of the driver has a value for each block instead,
+// with the names "0", "1" and so on.
+class CRegistryValues
+{
+public:
+    // What gets the bytes of the next value.
+    SInput& Begin(std::string_view sKey, std::string_view sName)
+    {
+        if (EqualsNoCase(sName, "EDID"))
+        {
+            return m_aoMonitors.emplace_back(SInput{ std::string(sKey), {}, "", "" });
+        }
+        if (sName == std::to_string(m_uiBlocks))
+        {
+            ++m_uiBlocks;
+            return m_oOverride;
+        }
+        m_oOther = {};
+        return m_oOther;
+    }
+
+    CMonitors Finish()
+    {
+        if (m_aoMonitors.empty() && m_uiBlocks != 0)
+        {
+            m_aoMonitors.push_back(std::move(m_oOverride));
+        }
+        return std::move(m_aoMonitors);
+    }
+
+private:
+    CMonitors m_aoMonitors;
+    SInput m_oOverride;
+    SInput m_oOther;
+    unsigned int m_uiBlocks = 0; // of the override
+};
+
+// ---- Its export: "EDID"=hex:00,ff,...,\ with the rest on the next lines ----
 
 struct SRegistryValue
 {
@@ -115,41 +153,58 @@ bool ReadRegistry(const std::string& sText, CMonitors& aoMonitors)
 {
     bool bRegistry = StartsWith(sText, "Windows Registry Editor") || StartsWith(sText, "REGEDIT4");
     std::string_view sRest = sText;
-    SInput oOverride;
-    unsigned int uiBlocks = 0; // of the override
+    CRegistryValues oValues;
     std::string_view sKey;
     for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
     {
         const std::string_view sLine = Trim(TakeLine(sRest));
         sKey = StartsWith(sLine, "[") ? sLine : sKey;
         SRegistryValue oValue;
-        if (!SplitRegistryLine(sLine, oValue))
+        if (SplitRegistryLine(sLine, oValue))
         {
-            continue;
+            bRegistry = true;
+            AddRegistryBytes(oValue.m_sBytes, sRest, uiLine, oValues.Begin(sKey, oValue.m_sName));
         }
-        bRegistry = true;
-        SInput oOther;
-        SInput* poInput = &oOther;
-        if (EqualsNoCase(oValue.m_sName, "EDID"))
-        {
-            poInput = &aoMonitors.emplace_back(SInput{ std::string(sKey), {}, "", "" });
-        }
-        else if (oValue.m_sName == std::to_string(uiBlocks))
-        {
-            poInput = &oOverride;
-            ++uiBlocks;
-        }
-        AddRegistryBytes(oValue.m_sBytes, sRest, uiLine, *poInput);
     }
-    if (aoMonitors.empty() && uiBlocks != 0)
-    {
-        aoMonitors.push_back(oOverride);
-    }
+    aoMonitors = oValues.Finish();
     if (bRegistry && aoMonitors.empty())
     {
         aoMonitors.push_back({ "", {}, "", "a registry export without a value EDID" });
     }
     return bRegistry;
+}
+
+// ---- reg query KEY /s: a line with the key, and a line "    EDID    REG_BINARY    00FF..." ----
+
+bool ReadRegistryQuery(const std::string& sText, CMonitors& aoMonitors)
+{
+    bool bBinary = false;
+    std::string_view sRest = sText;
+    CRegistryValues oValues;
+    std::string_view sKey;
+    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
+    {
+        const std::string_view sLine = Trim(TakeLine(sRest));
+        sKey = StartsWith(sLine, "HKEY_") ? sLine : sKey;
+        std::string_view sWords = sLine;
+        const std::string_view sName = TakeToken(sWords, gsc_sBlanks);
+        if (TakeToken(sWords, gsc_sBlanks) != "REG_BINARY")
+        {
+            continue;
+        }
+        bBinary = true;
+        SInput& oInput = oValues.Begin(sKey, sName);
+        if (!AddHex(oInput, Trim(sWords)))
+        {
+            oInput.m_sProblem = AtLine(uiLine, "not hexadecimal bytes");
+        }
+    }
+    aoMonitors = oValues.Finish();
+    if (bBinary && !sKey.empty() && aoMonitors.empty())
+    {
+        aoMonitors.push_back({ "", {}, "", "no value EDID" });
+    }
+    return !aoMonitors.empty();
 }
 
 // ---- xrandr --verbose or --prop: a line "EDID:", then lines of digits only ----
@@ -338,7 +393,9 @@ constexpr SForm gsc_aoForms[] = {
     { gsc_szRawForm, ReadRaw },
     { "text table", ReadTextTable },
     { "Windows registry export", nullptr, ReadRegistry },
+    { "reg query output", nullptr, ReadRegistryQuery },
     { "xrandr --verbose", nullptr, ReadXrandr },
+    { "modetest output", nullptr, ReadModetest },
     { "ddcutil dump", nullptr, ReadDdcDump },
     { "dump with addresses", ReadDump }, // its column of text may look like any of those below
     { "log", nullptr, ReadLog },

@@ -271,3 +271,55 @@ bool ReadIoRegistry(const std::string& sText, CMonitors& aoMonitors)
     }
     return !aoMonitors.empty();
 }
+
+// ---- modetest -c ----
+//   95      94      connected       eDP-1           310x170         4       94
+//     props:
+//           1 EDID:
+//                   flags: immutable blob
+//                   blobs:
+//
+//                   value:
+//                           00ffffffffffff0010ace1a05a564b30
+//           2 DPMS:
+// Other properties that are blobs have digits, too.
+
+bool ReadModetest(const std::string& sText, CMonitors& aoMonitors)
+{
+    constexpr std::string_view asStates[] = { "connected", "disconnected", "unknown" };
+    std::string_view sRest = sText;
+    std::string_view sName;
+    bool bEdid = false;   // in that property
+    bool bDigits = false; // in its value
+    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
+    {
+        const std::string_view sLine = Trim(TakeLine(sRest));
+        std::string_view sWords = sLine;
+        unsigned long long ullId = 0;
+        const bool bId = ParseDigits(TakeToken(sWords, gsc_sBlanks), 10, ullId);
+        const std::string_view sSecond = TakeToken(sWords, gsc_sBlanks);
+        if (bId && sSecond.ends_with(':'))
+        {
+            bEdid = sSecond == "EDID:";
+            bDigits = false;
+        }
+        else if (bId && std::ranges::find(asStates, TakeToken(sWords, gsc_sBlanks)) != std::end(asStates))
+        {
+            sName = TakeToken(sWords, gsc_sBlanks);
+            bEdid = false;
+        }
+        else if (bEdid && sLine == "value:")
+        {
+            aoMonitors.push_back({ std::string(sName), {}, "", "" });
+            bDigits = true;
+            continue;
+        }
+        bDigits = bDigits && bEdid && IsHex(sLine);
+        if (bDigits && !AddHex(aoMonitors.back(), sLine))
+        {
+            aoMonitors.back().m_sProblem = AtLine(uiLine, "an odd number of digits");
+            bDigits = false;
+        }
+    }
+    return !aoMonitors.empty();
+}

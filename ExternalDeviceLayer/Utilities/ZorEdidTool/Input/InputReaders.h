@@ -64,6 +64,7 @@ bool ReadDigits(const std::string& sText, SInput& oInput);     // hexadecimal
 bool ReadLog(const std::string& sText, CMonitors& aoMonitors); // of an X server or a kernel
 bool ReadDdcDump(const std::string& sText, CMonitors& aoMonitors);    // of a tool that speaks DDC/CI
 bool ReadIoRegistry(const std::string& sText, CMonitors& aoMonitors); // of macOS
+bool ReadModetest(const std::string& sText, CMonitors& aoMonitors);   // connectors of the kernel, with properties
 
 // A dump with addresses in a part of a text, which begins at this line.
 bool ReadDumpAt(std::string_view sText, size_t uiLine, SInput& oInput);

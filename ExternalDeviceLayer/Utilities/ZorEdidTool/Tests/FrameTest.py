@@ -91,6 +91,12 @@ DDC_DUMP = "Display 1\n   I2C bus:  /dev/i2c-4\n      DRM connector:           c
     "              +0          +4          +8          +c            0   4   8   c\n" + \
     lines(16, "%02x", "      +{offset:04x}   ", "   {text}\n") + "   VCP version:         2.1\n"
 IO_REGISTRY = '    | |   | {\n    | |   |   "IODisplayEDID" = <%s>\n    | |   |   "EDID UUID" = "10ACE1A0"\n    | |   | }\n' % IMAGE.hex()
+MODETEST = "95\t94\tconnected\teDP-1          \t310x170\t\t4\t94\n  props:\n\t1 EDID:\n\t\tflags: immutable blob\n" + \
+    "\t\tblobs:\n\n\t\tvalue:\n" + lines(16, "%02x", "\t\t\t", join="") + "\t2 DPMS:\n\t\tvalue: 0\n" + \
+    "\t5 HDR_OUTPUT_METADATA:\n\t\tvalue:\n\t\t\t0011\n105\t0\tconnected\tHDMI-A-1       \t0x0\t0\t104\n" + \
+    "\t1 EDID:\n\t\tvalue:\n\t\t\t" + bytes(128).hex() + "\n"
+REG_QUERY = "\r\nHKEY_LOCAL_MACHINE\\X\r\n    Other    REG_BINARY    00\r\n    EDID    REG_BINARY    " + \
+    IMAGE.hex().upper() + "\r\n"
 
 FORMS = {  # every form of the image, and what it is taken for
     "raw": (IMAGE, "raw image"),
@@ -98,12 +104,12 @@ FORMS = {  # every form of the image, and what it is taken for
     "table": ("head\n" + MARKER + lines(10, "%02X", "{offset:5d} |  ", "\n", "  ") + "\nnotes\n", "text table"),
     "xxd": (XXD, "xxd dump"),
     "xxd of a shell's transcript": ("$ xxd x.bin\n" + XXD + "$ exit\n", "xxd dump"),
-    "hexdump -C": (lines(16, "%02x", "{offset:08x}  ", "  |{text}|\n") + "%08x\n" % len(IMAGE), "od dump"),
-    "od -A x -t x1": (od("-A", "x", "-t", "x1"), "od dump"),
-    "od -t x1z": (od("-t", "x1z"), "od dump"),
-    "od -A d -t x4": (od("-A", "d", "-t", "x4"), "od dump"),
-    "od -A x": (od("-A", "x"), "od dump"),
-    "od": (od(), "od dump"),
+    "hexdump -C": (lines(16, "%02x", "{offset:08x}  ", "  |{text}|\n") + "%08x\n" % len(IMAGE), "dump with addresses"),
+    "od -A x -t x1": (od("-A", "x", "-t", "x1"), "dump with addresses"),
+    "od -t x1z": (od("-t", "x1z"), "dump with addresses"),
+    "od -A d -t x4": (od("-A", "d", "-t", "x4"), "dump with addresses"),
+    "od -A x": (od("-A", "x"), "dump with addresses"),
+    "od": (od(), "dump with addresses"),
     "od -An -v -t x1": (od("-An", "-v", "-t", "x1"), "hexadecimal digits"),
     "xxd -p": (lines(30, "%02x", join=""), "hexadecimal digits"),
     "one byte a line": (lines(1, "%02x"), "hexadecimal digits"),
@@ -117,6 +123,8 @@ FORMS = {  # every form of the image, and what it is taken for
     "log of a kernel": (KERNEL_LOG, "log"),
     "ddcutil detect --verbose": (DDC_DUMP, "ddcutil dump"),
     "ioreg": (IO_REGISTRY, "ioreg dump"),
+    "modetest -c, two monitors": (MODETEST, "modetest output, the first EDID of 2"),
+    "reg query": (REG_QUERY, "reg query output"),
     "registry": ("Windows Registry Editor Version 5.00\r\n" + registry(), "Windows registry export"),
     "registry, an override and two EDIDs": (registry("0") + registry("EDID") + registry("edid", b"x"),
                                             "Windows registry export, the first EDID of 2"),
@@ -140,6 +148,8 @@ FORMS = {  # every form of the image, and what it is taken for
 HINTS = {  # what is said in any case
     "xrandr, two monitors": "zoredid: -: the first EDID of 2 is read, that of HDMI-1; "
                             "--monitor chooses: 1 HDMI-1 (ASUS VE276), 2 DP-2\n",
+    "modetest -c, two monitors": "zoredid: -: the first EDID of 2 is read, that of eDP-1; "
+                                 "--monitor chooses: 1 eDP-1 (ASUS VE276), 2 HDMI-A-1\n",
     "registry, an override and two EDIDs":
         "zoredid: -: the first EDID of 2 is read, that of [HKEY_LOCAL_MACHINE\\\\X]; "
         "--monitor chooses: 1 [HKEY_LOCAL_MACHINE\\\\X] (ASUS VE276), 2 [HKEY_LOCAL_MACHINE\\\\X]\n",

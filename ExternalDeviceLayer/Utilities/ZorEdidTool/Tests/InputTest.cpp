@@ -65,7 +65,7 @@ TEST_P(InputForm, GivesItsBytes)
 }
 
 constexpr char gsc_szXxd[] = "xxd dump";
-constexpr char gsc_szOd[] = "od dump";
+constexpr char gsc_szOd[] = "dump with addresses";
 constexpr char gsc_szDigits[] = "hexadecimal digits";
 constexpr char gsc_szArray[] = "C array";
 constexpr char gsc_szBase64[] = "base64";
@@ -153,6 +153,12 @@ const SFormCase gsc_aoDigits[] = {
       "ddcutil dump, the first EDID of 2", "00 FF" },
     { "IoRegistryInOneLine", "{\"EDID\"=\"x\",\"MyEDID\"=<01>,\"EDID\"=<00ff>,\"IODisplayEDID\" = <00ff>}",
       "ioreg dump", "00 FF" },
+    { "ModetestOfTwo",
+      "9\t0\tdisconnected\tDP-1\n\t1 EDID:\n\t\tvalue:\n\n\t2 A:\n\t\tvalue:\n\t\t\t22\n"
+      "9\t8\tconnected\tDP-2\n\t1 EDID:\n\t\tvalue:\n\t\t\t00ff\n\t\t\t10\n\t2 A:\n\t\t\t33\n",
+      "modetest output", "00 FF 10" },
+    { "RegistryQueryOfAnOverride", "HKEY_X\n  0  REG_BINARY  00FF\n  A b  REG_BINARY  7\n  1  REG_BINARY  10\n",
+      "reg query output", "00 FF 10" },
     { "NulMakesItRaw", "00 ff\n\0"s, "raw image", "30 30 20 66 66 0A 00" },
     { "RawLikeAByteOrderMark", "\xFF\xFE\0\0"s, "raw image", "FF FE 00 00" },
     { "BytesOfADeadBus", std::string(256, '\xFF'), "raw image", "FF*256" },
@@ -196,13 +202,13 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "00000000: 00ff\n00000000: 00ff\n", "xxd dump: line 2: its address does not follow the bytes before it" },
         { "00000000: 00ff\n00000002: 0g\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
         { "00: 00 ff\n02: XX XX\n", "xxd dump: line 2: not hexadecimal or octal bytes" },
-        { "0000000 00 ff\n0000002 10000\n", "od dump: line 2: not hexadecimal or octal bytes" },
-        { "0000000 000 377\n0000002 400\n", "od dump: line 2: not hexadecimal or octal bytes" },
-        { "0000000 177777\n0000002 200000\n", "od dump: line 2: not hexadecimal or octal bytes" },
+        { "0000000 00 ff\n0000002 10000\n", "dump with addresses: line 2: not hexadecimal or octal bytes" },
+        { "0000000 000 377\n0000002 400\n", "dump with addresses: line 2: not hexadecimal or octal bytes" },
+        { "0000000 177777\n0000002 200000\n", "dump with addresses: line 2: not hexadecimal or octal bytes" },
         { "00000000: 00ff\n*\n00000005: 10\n", "xxd dump: line 3: its address does not follow the bytes before it" },
         { "000000 " + Repeat("aa ", 18) + "\n000022 " + Repeat("bb ", 18) + "\n000036 cc\n",
-          "od dump: line 3: its address does not follow the bytes before it" }, // 44 in octal digits
-        { "0000000 00\n*\n4000000 01\n", "od dump of more than 256 blocks" },
+          "dump with addresses: line 3: its address does not follow the bytes before it" }, // 44 in octal digits
+        { "0000000 00\n*\n4000000 01\n", "dump with addresses of more than 256 blocks" },
         { "{ 1,\n256 }", "C array: line 2: a number from 0 to 255 is missing in the array" },
         { "{ 1, 0x100 }", "C array: line 1: a number from 0 to 255 is missing in the array" },
         { "{ 08 }", "C array: line 1: a number from 0 to 255 is missing in the array" },
@@ -229,6 +235,9 @@ TEST(InputRefusals, HaveTheirReasonAndNoBytes)
         { "[ 3.1] Raw EDID:\n[ 3.1] none\n", "in no known form: no image, no digits, no base64" },
         { "EDID hex dump:\n +0000   00 ff\n +0010   00\n",
           "ddcutil dump: line 3: its address does not follow the bytes before it" },
+        { "HKEY_X\n  Other  REG_BINARY  00\n", "reg query output: no value EDID" },
+        { "HKEY_X\n  EDID  REG_BINARY  00f\n", "reg query output: line 2: not hexadecimal bytes" },
+        { "1 EDID:\n value:\n  00f\n", "modetest output: line 3: an odd number of digits" },
         { "{\n\"EDID\" = <00f>\n}", "ioreg dump: line 2: not hexadecimal bytes" },
         { gsc_sTableMarker + "\n", "text table: no rows of bytes after the marker line" },
         { MakeTextTable(CBytes(130)), "text table: its table has 130 bytes, not a multiple of 128" },

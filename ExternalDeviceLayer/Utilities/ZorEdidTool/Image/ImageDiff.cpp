@@ -419,6 +419,50 @@ private:
     // The first row of each field that announces modes, by offset and id.
     std::array<std::map<std::pair<unsigned int, EZorEdidField>, const SModeRow*>, 2> m_aoRows;
 };
+
+// ---- Forms of a mode ----
+
+std::array<std::string, 2> Get420Values(const CRowPair& apoPair)
+{
+    const auto fnText = [](const SModeRow* poRow) {
+        const SZorMode::EY420 eY420 = poRow->m_oMode.m_eY420;
+        return eY420 == SZorMode::eY420_Also ? "also" : eY420 == SZorMode::eY420_Only ? "only" : "no";
+    };
+    return { fnText(apoPair.first), fnText(apoPair.second) };
+}
+
+std::array<std::string, 2> Get3dValues(const CRowPair& apoPair)
+{
+    const bool bBoth = apoPair.first->Is3d() && apoPair.second->Is3d();
+    return { apoPair.first->Is3d() ? "yes" : "no", bBoth ? "yes, other forms" : apoPair.second->Is3d() ? "yes" : "no" };
+}
+
+// Of the pairs that differ in a form the modes with the same two values together.
+void AddForms(const char* pszForm, const std::vector<CRowPair>& apoPairs, bool (*pfnDiffer)(const CRowPair&),
+              std::array<std::string, 2> (*pfnValues)(const CRowPair&), std::vector<SFormDifference>& aoForms)
+{
+    constexpr size_t uiMostNamed = 3;
+    std::map<std::array<std::string, 2>, std::vector<const SModeRow*>> apoByValues;
+    for (const CRowPair& apoPair : apoPairs)
+    {
+        if (pfnDiffer(apoPair))
+        {
+            apoByValues[pfnValues(apoPair)].push_back(apoPair.first);
+        }
+    }
+    for (const auto& [asValues, apoRows] : apoByValues)
+    {
+        std::vector<std::string> asNames;
+        for (const SModeWithPartner& oMode : GroupPartners(apoRows))
+        {
+            const SZorMode& oNamed = oMode.m_poRow->m_oMode;
+            asNames.push_back(GetSizeText(oNamed) + " @ " + GetShortRate(oNamed) + " Hz");
+        }
+        aoForms.push_back({ pszForm, asValues,
+                            FormatText("%zu mode%s", asNames.size(), asNames.size() == 1 ? "" : "s") +
+                                (asNames.size() <= uiMostNamed ? ": " + JoinTexts(asNames) : "") });
+    }
+}
 } // namespace
 
 SComparedImage::SComparedImage(const std::vector<unsigned char>& aui8Bytes)
@@ -441,8 +485,9 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     const SModeRow* poSecond = oSecond.m_oModes.FindPreferred();
     const bool bDiffer =
         poFirst == nullptr || poSecond == nullptr ? poFirst != poSecond : !IsSameMode(*poFirst, *poSecond);
-    m_bPreferred = bDiffer && !oRules.m_bIgnorePreferred;
-    m_apo3d = PairBut3d(ListUnpaired(0), ListUnpaired(1));
+    m_apoForms = PairButForms(ListUnpaired(0), ListUnpaired(1));
+    const bool bSaid = std::ranges::count(m_apoForms, CRowPair(poFirst, poSecond)) != 0;
+    m_bPreferred = bDiffer && !bSaid && !oRules.m_bIgnorePreferred;
     if (oRules.m_bAll)
     {
         FindFacts();
@@ -450,13 +495,13 @@ CImageDiff::CImageDiff(const SComparedImage& oFirst, const SComparedImage& oSeco
     }
 }
 
-std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const { return ListBut3d(uiImage, false); }
-std::vector<const SModeRow*> CImageDiff::ListMore(size_t uiImage) const { return ListBut3d(uiImage, true); }
+std::vector<const SModeRow*> CImageDiff::ListOnly(size_t uiImage) const { return ListButForms(uiImage, false); }
+std::vector<const SModeRow*> CImageDiff::ListMore(size_t uiImage) const { return ListButForms(uiImage, true); }
 
-std::vector<const SModeRow*> CImageDiff::ListBut3d(size_t uiImage, bool bShared) const
+std::vector<const SModeRow*> CImageDiff::ListButForms(size_t uiImage, bool bShared) const
 {
     std::set<const SModeRow*> apoDiffering;
-    for (const CRowPair& apoPair : m_apo3d)
+    for (const CRowPair& apoPair : m_apoForms)
     {
         apoDiffering.insert(uiImage == 0 ? apoPair.first : apoPair.second);
     }
@@ -493,31 +538,12 @@ std::vector<const SModeRow*> CImageDiff::ListUnpaired(size_t uiImage, bool bShar
     return apoOnly;
 }
 
-std::vector<S3dDifference> CImageDiff::List3d() const
+std::vector<SFormDifference> CImageDiff::ListForms() const
 {
-    constexpr size_t uiMostNamed = 3;
-    std::map<std::array<std::string, 2>, std::vector<const SModeRow*>> apoByValues;
-    for (const auto& [poFirst, poSecond] : m_apo3d)
-    {
-        const bool bBoth = poFirst->Is3d() && poSecond->Is3d();
-        apoByValues[{ poFirst->Is3d() ? "yes" : "no", bBoth              ? "yes, other forms"
-                                                      : poSecond->Is3d() ? "yes"
-                                                                         : "no" }]
-            .push_back(poFirst);
-    }
-    std::vector<S3dDifference> ao3d;
-    for (const auto& [asValues, apoRows] : apoByValues)
-    {
-        std::vector<std::string> asNames;
-        for (const SModeWithPartner& oMode : GroupPartners(apoRows))
-        {
-            const SZorMode& oNamed = oMode.m_poRow->m_oMode;
-            asNames.push_back(GetSizeText(oNamed) + " @ " + GetShortRate(oNamed) + " Hz");
-        }
-        ao3d.push_back({ asValues, FormatText("%zu mode%s", asNames.size(), asNames.size() == 1 ? "" : "s") +
-                                       (asNames.size() <= uiMostNamed ? ": " + JoinTexts(asNames) : "") });
-    }
-    return ao3d;
+    std::vector<SFormDifference> aoForms;
+    AddForms("4:2:0", m_apoForms, DifferIn420, Get420Values, aoForms);
+    AddForms("3D", m_apoForms, DifferIn3d, Get3dValues, aoForms);
+    return aoForms;
 }
 
 void CImageDiff::FindFacts()
@@ -637,9 +663,10 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
     {
         sText += DescribeModes(oDiff, i, oDiff.ListOnly(i), oWords.m_asOnly[i]);
     }
-    for (const S3dDifference& o3d : oDiff.List3d())
+    for (const SFormDifference& oForm : oDiff.ListForms())
     {
-        sText += "3D: " + o3d.m_asValues[0] + " | " + o3d.m_asValues[1] + " (" + o3d.m_sModes + ")\n";
+        sText += oForm.m_pszForm + (": " + oForm.m_asValues[0]) + " | " + oForm.m_asValues[1] + " (" + oForm.m_sModes +
+                 ")\n";
     }
     for (size_t i = 0; i < 2; ++i)
     {
@@ -677,17 +704,24 @@ void WriteDiff(const CImageDiff& oDiff, CJsonWriter& oJson)
         fnModes(apszOnly[i], oDiff.ListOnly(i));
         fnModes(apszMore[i], oDiff.ListMore(i));
     }
-    oJson.BeginArray("stereo");
-    for (const auto& [poFirst, poSecond] : oDiff.Get3dPairs())
-    {
-        oJson.BeginObject();
-        oJson.Name(apszSides[0]);
-        WriteMode(*poFirst, oJson);
-        oJson.Name(apszSides[1]);
-        WriteMode(*poSecond, oJson);
-        oJson.EndObject();
-    }
-    oJson.EndArray();
+    const auto fnPairs = [&](const char* pszName, bool b420) {
+        oJson.BeginArray(pszName);
+        for (const CRowPair& apoPair : oDiff.GetFormPairs())
+        {
+            if (DifferIn420(apoPair) == b420)
+            {
+                oJson.BeginObject();
+                oJson.Name(apszSides[0]);
+                WriteMode(*apoPair.first, oJson);
+                oJson.Name(apszSides[1]);
+                WriteMode(*apoPair.second, oJson);
+                oJson.EndObject();
+            }
+        }
+        oJson.EndArray();
+    };
+    fnPairs("stereo", false);
+    fnPairs("ycbcr420", true);
     if (oDiff.DifferInPreferred())
     {
         oJson.BeginObject("preferred");

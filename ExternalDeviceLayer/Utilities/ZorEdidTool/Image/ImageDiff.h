@@ -45,10 +45,11 @@ struct SFieldDifference
     std::array<std::string, 2> m_asValues;   // as text; "present" for a group without a summary, empty if it is missing
 };
 
-// Modes that differ in 3D alone, in the same way: "no", "yes", "6 modes". Few are named; one and its partner at
-// 1000/1001 are one.
-struct S3dDifference
+// Modes that differ in 4:2:0 or 3D alone, in the same way: "3D", "no", "yes", "6 modes". Few are named; one and its
+// partner at 1000/1001 are one.
+struct SFormDifference
 {
+    const char* m_pszForm;
     std::array<std::string, 2> m_asValues;
     std::string m_sModes;
 };
@@ -69,13 +70,13 @@ public:
 
     // ---- Modes ----
 
-    // False where the rules ignore it.
+    // False where the rules ignore it, and of a mode that differs in 4:2:0 or 3D alone.
     bool DifferInPreferred() const { return m_bPreferred; }
     // Established timings as the rules say.
     std::vector<const SModeRow*> ListOnly(size_t uiImage) const;
-    // Modes that differ in 3D alone, in neither list: each with the other image's, and in words.
-    const std::vector<CRowPair>& Get3dPairs() const { return m_apo3d; }
-    std::vector<S3dDifference> List3d() const;
+    // Modes that differ in 4:2:0 or 3D alone, in neither list: each with the other image's, and in words.
+    const std::vector<CRowPair>& GetFormPairs() const { return m_apoForms; }
+    std::vector<SFormDifference> ListForms() const;
     // Modes that both images have, this one once more.
     std::vector<const SModeRow*> ListMore(size_t uiImage) const;
     const SModePairs& GetPairs() const { return m_oPairs; }
@@ -91,14 +92,14 @@ public:
 
 private:
     void FindFacts();
-    std::vector<const SModeRow*> ListBut3d(size_t uiImage, bool bShared) const;
+    std::vector<const SModeRow*> ListButForms(size_t uiImage, bool bShared) const;
     std::vector<const SModeRow*> ListUnpaired(size_t uiImage, bool bShared) const;
     std::vector<const SModeRow*> ListUnpaired(size_t uiImage) const;
 
     std::array<const SComparedImage*, 2> m_apoImages;
     SDiffRules m_oRules;
     SModePairs m_oPairs;
-    std::vector<CRowPair> m_apo3d;
+    std::vector<CRowPair> m_apoForms;
     bool m_bPreferred;
     std::vector<SFactDifference> m_aoFacts;
     std::vector<SFieldDifference> m_aoFields;

@@ -13,16 +13,18 @@
 
 namespace
 {
-auto MakeKeyBut3d(const SModeRow& oRow)
+auto MakePictureKey(const SModeRow& oRow)
 {
     const SZorMode& oMode = oRow.m_oMode;
-    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, MakeTimingKey(oMode), oMode.m_eY420);
+    return std::make_tuple(oMode.m_uiWidth, oMode.m_uiHeight, MakeTimingKey(oMode));
 }
+
+auto Make3dKey(const SModeRow& oRow) { return std::make_tuple(oRow.m_poEntry->m_uiStereo, oRow.m_oMode.m_eStereo); }
 
 // All that equal modes have in common; only clocks and rates may differ.
 auto MakeKey(const SModeRow& oRow)
 {
-    return std::tuple_cat(MakeKeyBut3d(oRow), std::make_tuple(oRow.m_poEntry->m_uiStereo, oRow.m_oMode.m_eStereo));
+    return std::tuple_cat(MakePictureKey(oRow), std::make_tuple(oRow.m_oMode.m_eY420), Make3dKey(oRow));
 }
 
 // Within 1000/1001 and its rounding, which is more than two lines of a table ever differ by.
@@ -179,6 +181,33 @@ private:
     SModePairs m_oPairs;
     std::map<CKey, std::map<CClass, SFree>> m_oFree;
 };
+
+// Moves pairs whose keys and rates are equal out of the two lists.
+template <class MAKE_KEY>
+void TakePairs(MAKE_KEY fnKey, std::vector<const SModeRow*>& apoFirst, std::vector<const SModeRow*>& apoSecond,
+               std::vector<CRowPair>& apoPairs)
+{
+    const auto fnRateKey = [&](const SModeRow* poRow) { return std::pair(fnKey(*poRow), GetRoundedRate(*poRow)); };
+    std::map<decltype(fnRateKey(nullptr)), std::vector<const SModeRow*>> apoFree;
+    for (auto itRow = apoSecond.rbegin(); itRow != apoSecond.rend(); ++itRow)
+    {
+        apoFree[fnRateKey(*itRow)].push_back(*itRow);
+    }
+    std::set<const SModeRow*> apoTaken;
+    for (const SModeRow* poRow : apoFirst)
+    {
+        const auto itFree = apoFree.find(fnRateKey(poRow));
+        if (itFree != apoFree.end() && !itFree->second.empty())
+        {
+            apoPairs.emplace_back(poRow, itFree->second.back());
+            apoTaken.insert({ poRow, itFree->second.back() });
+            itFree->second.pop_back();
+        }
+    }
+    const auto fnIsTaken = [&](const SModeRow* poRow) { return apoTaken.contains(poRow); };
+    std::erase_if(apoFirst, fnIsTaken);
+    std::erase_if(apoSecond, fnIsTaken);
+}
 } // namespace
 
 bool IsSameMode(const SModeRow& oFirst, const SModeRow& oSecond)
@@ -191,25 +220,18 @@ SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond)
     return CMatch(oFirst.GetRows(), oSecond.GetRows()).Match();
 }
 
-std::vector<CRowPair> PairBut3d(const std::vector<const SModeRow*>& apoFirst,
-                                const std::vector<const SModeRow*>& apoSecond)
+std::vector<CRowPair> PairButForms(std::vector<const SModeRow*> apoFirst, std::vector<const SModeRow*> apoSecond)
 {
-    using CRateKey = std::pair<decltype(MakeKeyBut3d(std::declval<const SModeRow&>())), long>;
-    std::map<CRateKey, std::vector<const SModeRow*>> apoFree;
-    for (auto itRow = apoSecond.rbegin(); itRow != apoSecond.rend(); ++itRow)
-    {
-        apoFree[{ MakeKeyBut3d(**itRow), GetRoundedRate(**itRow) }].push_back(*itRow);
-    }
     std::vector<CRowPair> apoPairs;
-    for (const SModeRow* poRow : apoFirst)
-    {
-        const auto itFree = apoFree.find({ MakeKeyBut3d(*poRow), GetRoundedRate(*poRow) });
-        if (itFree != apoFree.end() && !itFree->second.empty())
-        {
-            apoPairs.emplace_back(poRow, itFree->second.back());
-            itFree->second.pop_back();
-        }
-    }
+    const auto fnBut3d = [](const SModeRow& oRow) { return std::pair(MakePictureKey(oRow), oRow.m_oMode.m_eY420); };
+    const auto fnBut420 = [](const SModeRow& oRow) { return std::pair(MakePictureKey(oRow), Make3dKey(oRow)); };
+    TakePairs(fnBut3d, apoFirst, apoSecond, apoPairs);
+    TakePairs(fnBut420, apoFirst, apoSecond, apoPairs);
+    TakePairs(MakePictureKey, apoFirst, apoSecond, apoPairs);
     std::ranges::sort(apoPairs); // in the order of the rows
     return apoPairs;
 }
+
+bool DifferIn420(const CRowPair& apoPair) { return apoPair.first->m_oMode.m_eY420 != apoPair.second->m_oMode.m_eY420; }
+
+bool DifferIn3d(const CRowPair& apoPair) { return Make3dKey(*apoPair.first) != Make3dKey(*apoPair.second); }

@@ -38,7 +38,11 @@ SModePairs MatchModes(const CImageModes& oFirst, const CImageModes& oSecond);
 // Partners could be these two.
 bool IsSameMode(const SModeRow& oFirst, const SModeRow& oSecond);
 
-// Of modes without a partner those that differ in 3D alone, each with the one of the other image.
+// Of modes without a partner those that differ in 4:2:0, 3D or both alone, each with the one of the other image. Those
+// that differ in one of these come together first.
 using CRowPair = std::pair<const SModeRow*, const SModeRow*>;
-std::vector<CRowPair> PairBut3d(const std::vector<const SModeRow*>& apoFirst,
-                                const std::vector<const SModeRow*>& apoSecond);
+std::vector<CRowPair> PairButForms(std::vector<const SModeRow*> apoFirst, std::vector<const SModeRow*> apoSecond);
+
+// What a pair of that function may differ in.
+bool DifferIn420(const CRowPair& apoPair);
+bool DifferIn3d(const CRowPair& apoPair);

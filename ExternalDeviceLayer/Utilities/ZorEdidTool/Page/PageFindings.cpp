@@ -168,9 +168,9 @@ std::vector<SDifference> ListModes(const CImageDiff& oDiff)
         fnAdd(i, oDiff.ListOnly(i), "missing");
         fnAdd(i, oDiff.ListMore(i), "announced elsewhere");
     }
-    for (const S3dDifference& o3d : oDiff.List3d())
+    for (const SFormDifference& oForm : oDiff.ListForms())
     {
-        aoModes.push_back({ {}, "3D, " + o3d.m_sModes, o3d.m_asValues });
+        aoModes.push_back({ {}, oForm.m_pszForm + (", " + oForm.m_sModes), oForm.m_asValues });
     }
     return aoModes;
 }

@@ -545,6 +545,21 @@ class ModesTest(ToolTest):
         self.assertEqual(([], [], [(False, True)] * 3),
                          (modes["only_in_first"], modes["only_in_second"],
                           [("stereo" in pair["first"], "stereo" in pair["second"]) for pair in modes["stereo"]]))
+        # The same of 4:2:0; a code that is in 3D as well differs in both.
+        plain, also, only = (with_blocks(bytes.fromhex(block)) for block in
+                             ("02030800" "43" "1f1012", "02030b00" "43" "1f1012" "e20f03", "02030a00" "41" "12" "e30e1f10"))
+        for second, line in ((also, "4:2:0: no | also (2 modes: 1920 x 1080 @ 50 Hz, 1920 x 1080 @ 60 Hz)"),
+                             (only, "4:2:0: no | only (2 modes: 1920 x 1080 @ 50 Hz, 1920 x 1080 @ 60 Hz)")):
+            self.assertEqual(self.compare(plain, second, [], 1), "different\n" + line + "\n")
+        both = bytes.fromhex("02031600" "42" "0413" "6a030c001000000020" + "8000" + "e20f01")
+        self.assertEqual(self.compare(flat, with_blocks(both), [], 1),
+                         "different\n4:2:0: no | also (1 mode: 1280 x 720 @ 60 Hz)\n"
+                         "3D: no | yes (2 modes: 1280 x 720 @ 60 Hz, 1280 x 720 @ 50 Hz)\n")
+        modes = self.load(run("compare", "--json", *(self.save(image, name) for image, name in
+                                                     ((flat, "A.bin"), (with_blocks(both), "B.bin"))), status=1)[0])["modes"]
+        self.assertEqual(([(4, 60), (4, 59.94)], [19]),
+                         ([(pair["second"]["vic"], pair["second"]["rate_hz"]) for pair in modes["ycbcr420"]],
+                          [pair["first"]["vic"] for pair in modes["stereo"]]))
         first, other = self.save(two, "A.bin"), self.save(swapped, "B.bin")
         self.assertEqual(run("compare", "--ignore-preferred", first, other, status=0)[0], "same modes\n")
         out = run("compare", first, other, status=1)[0]

@@ -177,13 +177,13 @@ class AppCases:
 
     def test_a_dropped_file_has_the_page_of_the_command_in_time(self):
         self.open()
-        times = [self.drop(("monitor.bin", MONITOR)) for _ in range(8)]
+        times = [self.drop(("monitor.bin", MONITOR)) for _ in range(16)]
         self.assertEqual(self.page(), run("page", self.image, "-o", "-").stdout.decode())
         first, others = times[0], sorted(times[1:])
         print(f"{self.BROWSER.NAME}: a page {first:.0f} ms after the first drop, {others[0]:.0f} to {others[-1]:.0f} "
               f"after others; {os.path.getsize(APP) / 1e6:.2f} MB")
-        if os.getloadavg()[0] < 2 * os.cpu_count():  # else most of the time is that of other programs
-            self.assertLess(min(times), LONGEST * 1000)
+        quiet = os.getloadavg()[0] < os.cpu_count()  # else other programs have as much of the time as the browser
+        self.assertLess(min(times), LONGEST * (1000 if quiet else 2000))
         self.assertLess(os.path.getsize(APP), 3e6)
 
     def test_pasted_forms_are_read(self):

@@ -20,10 +20,11 @@ using Hdmi::gsc_uiVideoSize;
 bool HasLatency(const CRecord& oHdmi) { return Hdmi::HasLatency(oHdmi); }
 bool HasInterlacedLatency(const CRecord& oHdmi) { return Hdmi::HasInterlacedLatency(oHdmi); }
 
+// Digits are hexadecimal, as sources show them.
 CMString AddressText(const CRecord& /*oHdmi*/, unsigned int uiAddress)
 {
     CMString sText;
-    sText.Format("%u.%u.%u.%u", uiAddress >> 12, (uiAddress >> 8) & 0xF, (uiAddress >> 4) & 0xF, uiAddress & 0xF);
+    sText.Format("%x.%x.%x.%x", uiAddress >> 12, (uiAddress >> 8) & 0xF, (uiAddress >> 4) & 0xF, uiAddress & 0xF);
     return sText;
 }
 

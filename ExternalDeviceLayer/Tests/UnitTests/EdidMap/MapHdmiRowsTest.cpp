@@ -10,7 +10,7 @@ TEST(MapHdmiRows, Hdmi14)
 {
     constexpr unsigned int uiPayload = 8; // after a video data block of three codes
     static constexpr SRowCase aoRows[] = {
-        { "00 01", "Source physical address", "1.2.3.4" },
+        { "00 01", "Source physical address", "1.2.a.b" },
         { "02.7", "Supports_AI", "yes" },
         { "02.6", "DC_48bit", "no" },
         { "02.5", "DC_36bit", "yes" },
@@ -60,7 +60,7 @@ TEST(MapHdmiRows, Hdmi14)
         { "13.7-4", "3D_Detail", "quincunx, odd left, odd right" },
         { "13.3-0", "Reserved", "0x3", gsc_szSet },
     };
-    ExpectRows(MakeCtaRecord(uiPayload, "43 10 04 1F 77 03 0C 00 12 34 B5 2D F6 0B 15 1F 29 CD 47 01 04 AC AD 00 05 16 "
+    ExpectRows(MakeCtaRecord(uiPayload, "43 10 04 1F 77 03 0C 00 12 AB B5 2D F6 0B 15 1F 29 CD 47 01 04 AC AD 00 05 16 "
                                         "28 73"),
                aoRows);
 }

@@ -383,7 +383,7 @@ void AddLink(const CFacts::SLink& oLink, CCollector& oList)
     oList.Add("link.cta_revision", oLink.m_oCtaRevision);
     oList.Add("link.lanes", oLink.m_oLanes);
     oList.AddAs("link.physical_address", oLink.m_oPhysicalAddress, [](unsigned int ui) {
-        return FormatText("%u.%u.%u.%u", ui >> 12 & uiNibble, ui >> 8 & uiNibble, ui >> 4 & uiNibble, ui & uiNibble);
+        return FormatText("%x.%x.%x.%x", ui >> 12 & uiNibble, ui >> 8 & uiNibble, ui >> 4 & uiNibble, ui & uiNibble);
     });
     oList.Add("link.max_tmds_clock_hz", oLink.m_oMaxTmds, gsc_llHzPerKiloHz);
     AddFrl("link.frl.lanes", "link.frl.gbps_per_lane", oLink.m_oFrl, oList);

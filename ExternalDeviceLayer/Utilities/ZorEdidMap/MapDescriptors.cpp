@@ -30,19 +30,18 @@ SBreach CheckClock(const CRecord&, unsigned int uiValue)
     return uiValue == 0 ? eZorEdidRule_TimingClock : eZorEdidRule_None;
 }
 
-// The back porch is what front porch, sync pulse and the borders on both sides leave of the blanking.
 SBreach CheckHorizontalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return CheckAtLeast(oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync) +
-                            2 * oRecord.Get(gsc_oHorizontalBorder),
-                        uiValue, eZorEdidRule_Blanking);
+    return CheckBlanking(oRecord.Get(gsc_oHorizontalFrontPorch) + oRecord.Get(gsc_oHorizontalSync) +
+                             2 * oRecord.Get(gsc_oHorizontalBorder),
+                         uiValue);
 }
 
 SBreach CheckVerticalBlanking(const CRecord& oRecord, unsigned int uiValue)
 {
-    return CheckAtLeast(oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync) +
-                            2 * oRecord.Get(gsc_oVerticalBorder),
-                        uiValue, eZorEdidRule_Blanking);
+    return CheckBlanking(oRecord.Get(gsc_oVerticalFrontPorch) + oRecord.Get(gsc_oVerticalSync) +
+                             2 * oRecord.Get(gsc_oVerticalBorder),
+                         uiValue);
 }
 
 SBreach CheckSync(const CRecord&, unsigned int uiValue)

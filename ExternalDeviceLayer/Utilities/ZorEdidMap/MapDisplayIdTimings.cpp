@@ -34,19 +34,16 @@ using DisplayId::gsc_oType6;
 using DisplayId::gsc_oType7;
 using DisplayId::STimingPlaces;
 
-SBreach CheckBlanking(unsigned int uiBlank, unsigned int uiFront, unsigned int uiSync)
-{
-    return CheckAtLeast(uiFront + uiSync + 1, uiBlank, eZorEdidRule_Blanking); // all stored minus 1
-}
+// All are stored minus 1.
 template <const STimingPlaces& P>
 SBreach CheckBlankX(const CRecord& oTiming, unsigned int uiBlank)
 {
-    return CheckBlanking(uiBlank, oTiming.Get(P.m_oHorizontalFrontPorch), oTiming.Get(P.m_oHorizontalSync));
+    return CheckBlanking(oTiming.Get(P.m_oHorizontalFrontPorch) + oTiming.Get(P.m_oHorizontalSync) + 1, uiBlank);
 }
 template <const STimingPlaces& P>
 SBreach CheckBlankY(const CRecord& oTiming, unsigned int uiBlank)
 {
-    return CheckBlanking(uiBlank, oTiming.Get(P.m_oVerticalFrontPorch), oTiming.Get(P.m_oVerticalSync));
+    return CheckBlanking(oTiming.Get(P.m_oVerticalFrontPorch) + oTiming.Get(P.m_oVerticalSync) + 1, uiBlank);
 }
 
 // Rows that all types of detailed timings have.

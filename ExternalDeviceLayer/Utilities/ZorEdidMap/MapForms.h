@@ -40,6 +40,12 @@ constexpr SBreach CheckAtMost(unsigned int uiMost, unsigned int uiValue, EZorEdi
 {
     return uiValue > uiMost ? SBreach(eRule, SBreach::msc_uiAny, uiMost) : gsc_oNoBreach;
 }
+// Of a timing. The back porch is what front porch, sync pulse and the borders on both sides leave of the blanking.
+constexpr SBreach CheckBlanking(unsigned int uiOthers, unsigned int uiBlanking)
+{
+    return uiBlanking == uiOthers ? SBreach(eZorEdidRule_BackPorch, uiOthers + 1)
+                                  : CheckAtLeast(uiOthers, uiBlanking, eZorEdidRule_Blanking);
+}
 
 inline constexpr unsigned int gsc_uiFirstAfterAscii = 0x7F; // 7Fh itself does not print
 

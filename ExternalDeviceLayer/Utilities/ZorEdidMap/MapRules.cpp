@@ -55,6 +55,10 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "shorter than front porch, sync pulse and borders", "E-EDID 1.4, 3.10.2; DisplayID 1.3 and 2.1",
       "The back porch would be negative: sources refuse the timing, or program a sync pulse that reaches into the "
       "picture." },
+    { eZorEdidRule_BackPorch, CMap::eSeverity_Note, "timing.back-porch",
+      "front porch, sync pulse and borders leave no back porch", "E-EDID 1.4, 3.10.2; DisplayID 1.3 and 2.1",
+      "Allowed, but the picture begins as the sync pulse ends: many receivers clamp or lock there, and lose its "
+      "edge." },
 
     // ---- Blocks and their order ----
     { eZorEdidRule_BlockCut, CMap::eSeverity_Error, "block.cut", "cut short: a block has 128 bytes", "E-EDID 1.4, 3.1",

@@ -25,6 +25,7 @@ enum EZorEdidRule : unsigned short
     eZorEdidRule_Version3Layout = 9,
     eZorEdidRule_Version10Layout = 10,
     eZorEdidRule_Blanking = 11,
+    eZorEdidRule_BackPorch = 12,
 
     // ---- Blocks and their order ----
     eZorEdidRule_BlockCut = 20,

@@ -83,9 +83,14 @@ TEST(MapDescriptorRows, EmbeddedPanelInterface)
 // Blanking holds front porch and sync pulse: 176 + 352 pixels, 37 + 22 lines; and the borders on both sides.
 TEST(MapDescriptorRows, BlankingOfADetailedTiming)
 {
+    static constexpr SRowCase aoEnough[] = {
+        { "04.3-0 03", "Horizontal blanking", "529 pixels" },
+        { "07.3-0 06", "Vertical blanking", "60 lines" },
+    };
+    ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 11 02 01 3C 00 B0 60 56 19 ..18"), aoEnough);
     static constexpr SRowCase aoJust[] = {
-        { "04.3-0 03", "Horizontal blanking", "528 pixels" },
-        { "07.3-0 06", "Vertical blanking", "59 lines" },
+        { "04.3-0 03", "Horizontal blanking", "528 pixels", "front porch, sync pulse and borders leave no back porch" },
+        { "07.3-0 06", "Vertical blanking", "59 lines", "front porch, sync pulse and borders leave no back porch" },
     };
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 10 02 01 3B 00 B0 60 56 19 ..18"), aoJust);
     static constexpr SRowCase aoShort[] = {
@@ -94,7 +99,7 @@ TEST(MapDescriptorRows, BlankingOfADetailedTiming)
     };
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 0F 02 01 3A 00 B0 60 56 19 ..18"), aoShort);
     static constexpr SRowCase aoBorders[] = {
-        { "04.3-0 03", "Horizontal blanking", "530 pixels" },
+        { "04.3-0 03", "Horizontal blanking", "530 pixels", "front porch, sync pulse and borders leave no back porch" },
         { "07.3-0 06", "Vertical blanking", "60 lines", "shorter than front porch, sync pulse and borders" },
     };
     ExpectSomeRows(MakeDescriptorRecord(gsc_uiRevision4, "01 00 01 12 02 01 3C 00 B0 60 56 19 00*3 01 01 ..18"),

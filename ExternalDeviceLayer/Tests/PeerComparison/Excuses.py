@@ -3,9 +3,10 @@
 An excuse looks at both values and at the bytes of the image, so that a wrong value of this library is not excused; only
 where the bytes break the standards ("neither"), nobody's value counts. docs/comparison.md explains each.
 """
+import itertools
 import re
 
-from PeerFacts import BLOCK_SIZE, plain
+from PeerFacts import BLOCK_SIZE, plain, size_text
 
 CTA, DISPLAYID = 2, 0x70
 BASE_HEADER = bytes((0, *[255] * 6, 0))
@@ -19,6 +20,7 @@ class Case:
     def __init__(self, own, peer, word, image):
         self.own, self.peer, self.word, self.image = own, peer, word, image.bytes
         self.lines = image.lines  # of edid-decode
+        self.begin = own.begin if own else 0  # of the group
         self.item = own or peer
         self.ours, self.theirs = (side and side.values.get(word) for side in (own, peer))
         self.number = self.item.block
@@ -26,7 +28,7 @@ class Case:
 
     def byte(self, offset):
         """A byte of the group."""
-        return self.image[self.own.begin + offset]
+        return self.image[self.begin + offset]
 
     def word16(self, offset):
         return self.byte(offset) + 256 * self.byte(offset + 1)
@@ -88,6 +90,42 @@ def is_assumed(case):
     rate = case.byte(1) % 64 + 60
     return (case.own.assumed and all(abs(float(side.values["rate"]) - rate) < 0.6 for side in (case.own, case.peer))
             and abs(float(case.ours) / float(case.theirs) - 1) < 0.1)
+
+
+def has_panel_texts(case):
+    """Of a base block: the last two descriptors are texts. edid-decode then takes the flags of the second timing from
+    the first one."""
+    return all(case.image[at:at + 2] == b"\0\0" and case.image[at + 3] == 0xFE for at in (90, 108))
+
+
+def is_scanned_as_first(case):
+    """Whether one of two timings is interlaced, and ours is the second one as it is stored."""
+    case.begin = 72  # answers of the library have none
+    (width, blank_x), (height, blank_y), interlaced = case.pair12(2, 4), case.pair12(5, 7), case.byte(17) >> 7
+    rate = case.word16(0) * 10000 / (width + blank_x) / (height + blank_y + interlaced / 2)
+    return (has_panel_texts(case) and interlaced != case.image[71] >> 7 and (case.word != "rate" or case.is_near(rate))
+            and case.own.values["size"] == size_text(width, height * (1 + interlaced), interlaced))
+
+
+def is_after_list(case):
+    """Whether edid-decode has a text or timing after the end of the list of timings in a CTA-861 block."""
+    said = case.peer.values
+    parts = [case.block[i:i + 18] for i in range(case.block[2], BLOCK_SIZE - 18, 18)]
+    for part in itertools.dropwhile(lambda part: any(part[:2]), parts):
+        is_same = (part[:3] == bytes(3) and part[3] > 0xFB and "text" in said and plain(said["text"])
+                   == plain(part[5:].split(b"\n")[0].decode("latin-1")))
+        clock = float(said.get("pixel-clock") or said.get("clock") or 0)
+        if is_same or clock and part[0] + 256 * part[1] == round(clock * 100):
+            return case.own is None and case.block[0] == CTA
+    return False
+
+
+def has_odd_formats(case):
+    """Whether the data block around a video format descriptor has no whole number of them."""
+    at = case.own.begin % BLOCK_SIZE
+    return case.peer is None and any(
+        head >> 5 == 6 and at <= i + head % 32 and (head % 32 - 1) % (case.block[i + 1] % 4 + 1)
+        for i, head in enumerate(case.block[:at]))
 
 
 def is_of_type_2(case):
@@ -177,8 +215,8 @@ EXCUSES = (
      lambda case: case.peer is None and case.own.values["size"].startswith("256x")
      and case.byte(0) == 1 != case.byte(1)),
     ("panel-flags", "here", "base.detailed", "sync-type|stereo",
-     lambda case: case.own.begin == 72 and case.theirs is None and case.is_stored()
-     and all(case.image[at:at + 2] == b"\0\0" and case.image[at + 3] == 0xFE for at in (90, 108))),
+     lambda case: case.own.begin == 72 and case.theirs is None and case.is_stored() and has_panel_texts(case)),
+    ("panel-flags", "here", "(mode:)?base.detailed|library.detailed", "size|rate|", is_scanned_as_first),
     ("panel-texts", "here", "base.string", "",
      lambda case: case.peer is None and plain(case.own.values["text"]) in [
          plain(case.image[at + 5:at + 18].split(b"\n")[0].decode("latin-1")) for at in (90, 108)]),
@@ -255,16 +293,14 @@ EXCUSES = (
      and case.own.values["size"] == f"{case.byte(0) * 8 + 248}x{case.byte(0) * 8 + 248}"),
     ("no-data-blocks", "both", "cta", "native-count",
      lambda case: case.theirs is None and case.block[2] == 0 and case.is_stored()),
-    ("text-in-cta", "both", "base.(name|serial|string)", "",
-     lambda case: case.own is None and case.block[0] == CTA and any(
-         part[:3] == bytes(3) and part[3] > 0xFB and plain(part[5:].split(b"\n")[0].decode("latin-1"))
-         == plain(case.peer.values["text"]) for part in case.descriptors())),
+    ("after-list", "both", "(mode:)?base.(detailed|name|serial|string)", "", is_after_list),
     ("dmt-120", "here", "mode:displayid.*", "rate",
      lambda case: (case.own.values["size"], case.ours) in (("1856x1392", "119.969686"), ("1920x1440", "119.955864"))),
     ("no-formula", "both", "mode:displayid.formula", "",
      lambda case: set(case.own.values) == {"size"} if case.own else max(
          map(int, case.peer.values["size"].split("x"))) > 16384),
     ("color-version", "neither", "base.color-management", ".*", lambda case: case.ours is None and case.byte(5) != 3),
+    ("odd-length", "neither", "(mode:)?cta.video-format.descriptor", "", has_odd_formats),
     ("odd-length", "neither", "(mode:)?(cta|displayid).*|library.audio", ".*", has_odd_length),
     ("malformed-block", "neither", "(mode:)?(base.detailed|cta|displayid).*|library.*|end", ".*", is_malformed),
 )

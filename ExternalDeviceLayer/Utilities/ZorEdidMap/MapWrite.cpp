@@ -3,6 +3,7 @@
 
 #include "MapWrite.h"
 
+#include <limits.h>
 #include <string.h>
 
 #include <bit>
@@ -237,7 +238,7 @@ public:
             Take(m_oTrial.GetRead(), true);
             return m_oChoice;
         }
-        if (m_uiBits > gsc_uiMostTriedBits || (m_oTrial.IsWalked() && m_uiBits > gsc_uiMostWalkedBits))
+        if (IsWide())
         {
             ConsiderWide();
         }
@@ -253,6 +254,13 @@ public:
         return m_oChoice;
     }
 
+    void ListNames(CMArrayString& aoNames)
+    {
+        m_iMostLength = INT_MAX;
+        FindNames();
+        aoNames = m_aoNames;
+    }
+
 private:
     // The least or the most of all numbers.
     struct SEnd
@@ -260,6 +268,12 @@ private:
         unsigned int m_uiRaw;
         long long m_llNumber;
     };
+
+    // Too many values to be tried one by one.
+    bool IsWide() const
+    {
+        return m_uiBits > gsc_uiMostTriedBits || (m_oTrial.IsWalked() && m_uiBits > gsc_uiMostWalkedBits);
+    }
 
     bool IsNumber() const { return m_oField.m_eKind == CZorEdidMap::eKind_Number; }
 
@@ -366,19 +380,9 @@ private:
         return false;
     }
 
-    void ListNames()
+    void FindNames()
     {
-        if (m_oField.m_eId == eId_BaseIdentityManufacturer)
-        {
-            m_oNames = "three letters A to Z";
-            return;
-        }
-        if (m_uiBits > gsc_uiMostTriedBits)
-        {
-            m_oNames = IsNumber() ? "" : "a code such as 00-0C-03";
-            return;
-        }
-        if (m_oTrial.IsWalked() && m_uiBits > gsc_uiMostWalkedBits)
+        if (IsWide() || m_oField.m_eId == eId_BaseIdentityManufacturer)
         {
             return;
         }
@@ -393,20 +397,34 @@ private:
 
     void AddName(unsigned int uiRaw)
     {
-        constexpr int iMostLength = 600;
         const CMString oText = m_oTrial.GetText();
-        if (m_oNames.GetLength() > iMostLength || oText == m_oLastName)
+        const bool bLast = m_aoNames.GetCount() != 0 && oText == m_aoNames[m_aoNames.GetCount() - 1];
+        if (m_iNameLength > m_iMostLength || bLast)
         {
-            m_bMoreNames = m_bMoreNames || oText != m_oLastName;
+            m_bMoreNames = m_bMoreNames || !bLast;
             return;
         }
         if (!IsAcceptedRaw(m_oMap, m_uiField, uiRaw))
         {
             return;
         }
-        m_oNames += m_oNames.GetLength() != 0 ? ", " : "";
-        m_oNames += oText;
-        m_oLastName = oText;
+        m_iNameLength += oText.GetLength();
+        m_aoNames.Add(oText);
+    }
+
+    // What a refusal says of names.
+    CMString DescribeNames()
+    {
+        if (m_oField.m_eId == eId_BaseIdentityManufacturer)
+        {
+            return "three letters A to Z";
+        }
+        if (m_uiBits > gsc_uiMostTriedBits)
+        {
+            return IsNumber() ? "" : "a code such as 00-0C-03";
+        }
+        FindNames();
+        return m_aoNames.Join(", ") + (m_bMoreNames ? " ..." : "");
     }
 
     // The first raw value from uiFirst on for which fnIsPast is true; it is for all that follow.
@@ -474,7 +492,7 @@ private:
     CMString GetAllowed()
     {
         CMString oAllowed;
-        ListNames();
+        const CMString oNames = DescribeNames();
         const bool bNumbers = m_bNumbers && Narrow(m_oLeast, true) && Narrow(m_oMost, false);
         if (bNumbers)
         {
@@ -483,11 +501,10 @@ private:
                            : FormatNumber(m_oLeast.m_llNumber, m_oField.m_uiDecimals, nullptr) + " to ";
             oAllowed += FormatNumber(m_oMost.m_llNumber, m_oField.m_uiDecimals, m_oField.m_pszUnit);
         }
-        if (m_oNames.GetLength() != 0)
+        if (oNames.GetLength() != 0)
         {
             oAllowed += bNumbers ? ", or " : "";
-            oAllowed += m_oNames;
-            oAllowed += m_bMoreNames ? " ..." : "";
+            oAllowed += oNames;
         }
         return oAllowed;
     }
@@ -528,8 +545,9 @@ private:
     bool m_bNearest = false;
     long long m_llDistance = 0;
     unsigned int m_uiNearest = 0;
-    CMString m_oNames;
-    CMString m_oLastName;
+    CMArrayString m_aoNames;
+    int m_iNameLength = 0;
+    int m_iMostLength = 600; // of the names of a refusal, which end with the one that goes past it
     bool m_bMoreNames = false;
 };
 } // namespace
@@ -541,6 +559,11 @@ bool ParseWholeNumber(const char* pszText, const char* pszUnit, unsigned int& ui
                         oAsked.m_llNumber >= 0 && oAsked.m_llNumber <= Scale(gsc_uiNone);
     uiNumber = bWhole ? static_cast<unsigned int>(oAsked.m_llNumber / gsc_llMoreDecimals) : 0;
     return bWhole;
+}
+
+void ListNames(const SMapContent& oMap, unsigned int uiField, CMArrayString& aoNames)
+{
+    CSearch(oMap, uiField, "").ListNames(aoNames);
 }
 
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue)

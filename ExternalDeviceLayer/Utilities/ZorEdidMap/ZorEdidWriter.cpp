@@ -527,3 +527,21 @@ int CZorEdidWriter::Set(unsigned int uiField, const char* pszValue, SAnswer& oAn
     oChanged.m_poContent = poContent;
     return 1;
 }
+
+unsigned int CZorEdidWriter::ListNames(unsigned int uiField, CMArrayString& aoNames) const
+{
+    aoNames.RemoveAll();
+    if (uiField >= m_oMap.GetFieldCount())
+    {
+        MASSERT_FAILED();
+        return 0;
+    }
+    const SMapContent& oMap = *m_oMap.m_poContent;
+    const bool bGroup = oMap.GetField(uiField).m_eKind == CZorEdidMap::eKind_Group;
+    if (!bGroup && GetOnlyRaw(oMap, uiField) == nullptr &&
+        oMap.m_aoEntries[uiField].m_oOrigin.m_poRow->m_oPlace.m_ui8Run == 0)
+    {
+        ZorMap::ListNames(oMap, uiField, aoNames);
+    }
+    return aoNames.GetCount();
+}

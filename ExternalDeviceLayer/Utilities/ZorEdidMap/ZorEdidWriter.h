@@ -48,6 +48,11 @@ public:
     /// Fields keep their indexes, unless the value is a text or "raw:". uiField must be below GetFieldCount.
     int Set(unsigned int uiField, const char* pszValue, SAnswer& oAnswer);
 
+    /// The names that Set takes of a leaf, each once, in the order of their codes: "yes" and "no" of a flag. None of
+    /// numbers, texts and bytes, of codes that are too many to be tried, and of a leaf that "raw:" alone writes.
+    /// Returns their number. uiField must be below GetFieldCount.
+    unsigned int ListNames(unsigned int uiField, CMArrayString& aoNames) const;
+
 private:
     CZorEdidMap m_oMap;
 };

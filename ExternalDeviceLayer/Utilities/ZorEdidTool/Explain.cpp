@@ -18,6 +18,7 @@
 #include "NearWord.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "ZorEdidWriter.h"
 
 namespace
 {
@@ -34,7 +35,20 @@ struct SExplainOptions
     std::string m_sFind;
     bool m_bJson = false;
     bool m_bIds = false;
+    bool m_bValues = false;
+
+    bool IsPlaceAsked() const { return m_uiAt != gsc_uiNone || m_eAt != eZorEdidField_None; }
 };
+
+// Empty, or what does not go together.
+std::string CheckOptions(const SExplainOptions& oOptions)
+{
+    if (oOptions.m_bIds == !oOptions.m_sFile.empty())
+    {
+        return oOptions.m_bIds ? "FILE cannot be combined with --ids" : "FILE or --ids is required";
+    }
+    return oOptions.m_bValues && !oOptions.IsPlaceAsked() ? "--values requires --at" : "";
+}
 
 // ---- Colours ----
 
@@ -406,6 +420,20 @@ std::string DescribeFields(const CZorEdidMap& oMap, const SExplainOptions& oOpti
     return oLines.GetText();
 }
 
+// The names that an edit may set one of the fields to, a line each. Those of the first field that has some, as fields
+// of an id have the same.
+std::string ListValues(const SInput& oInput, const std::vector<unsigned int>& auiFields)
+{
+    CZorEdidWriter oWriter;
+    oWriter.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    CMArrayString aoNames;
+    for (size_t i = 0; i < auiFields.size() && aoNames.GetCount() == 0; ++i)
+    {
+        oWriter.ListNames(auiFields[i], aoNames);
+    }
+    return aoNames.GetCount() == 0 ? "" : std::string(aoNames.Join("\n")) + "\n";
+}
+
 SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
 {
     SOutcome oOutcome;
@@ -426,6 +454,11 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
     {
         oOutcome.m_sError = MakeErrorLine(oInput.m_sName, oAsked.m_sProblem);
         oOutcome.m_eExit = eExit_Finding;
+    }
+    if (oOptions.m_bValues)
+    {
+        oOutcome.m_sOut = ListValues(oInput, oAsked.m_auiFields);
+        return oOutcome;
     }
     if (oOptions.m_bJson)
     {
@@ -530,6 +563,13 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
                                        "The ids of all fields, with kind, unit, name and structure; without FILE");
     const COption oJson = oCommand.Flag("--json", poOptions->m_bJson, "One JSON document with the fields as a tree");
     oIds.Excludes(oBlock).Excludes(oAt).Excludes(oFind).Excludes(oJson);
+    oCommand
+        .Flag(
+            "--values", poOptions->m_bValues,
+            "With --at: the names that edit --set takes there, a line each; of several fields those of the first that "
+            "has some")
+        .Excludes(oIds)
+        .Excludes(oJson);
     oCommand.Footer("A line for each field: its bytes' offsets in the block, the bytes, and what they say, indented "
                     "by its groups.\n"
                     "Offsets are hexadecimal. Bits follow a point: 14.7 is the highest bit of byte 0x14, \"38 "
@@ -544,11 +584,9 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
                     "  zoredid explain --at cta.hdmi.max-tmds-clock monitor.bin\n"
                     "  zoredid explain --find gamma monitor.bin");
     oCommand.Run([poOptions, &oTool] {
-        if (poOptions->m_bIds == !poOptions->m_sFile.empty())
+        if (const std::string sMistake = CheckOptions(*poOptions); !sMistake.empty())
         {
-            const char* pszMistake =
-                poOptions->m_bIds ? "FILE cannot be combined with --ids" : "FILE or --ids is required";
-            PrintError(std::string(pszMistake) + " (see zoredid explain --help)");
+            PrintError(sMistake + " (see zoredid explain --help)");
             oTool.Note(eExit_CommandLine);
             return;
         }

@@ -202,8 +202,8 @@ std::vector<std::string> SplitOffer(const std::string& sOffer, const char* pszUn
                : (asValues.push_back(sNames), asValues);
 }
 
-// What a refusal offers is taken: the ends of its range, and a single name.
-TEST_F(Writer, TakesWhatRefusalsOffer)
+// What a refusal offers is taken: the ends of its range, and a single name. So are all names that are listed.
+TEST_F(Writer, TakesWhatRefusalsOfferAndListsName)
 {
     std::set<std::pair<EZorEdidField, std::string>> oSeen;
     for (const auto& [sName, aui8Image] : GetImages())
@@ -233,6 +233,18 @@ TEST_F(Writer, TakesWhatRefusalsOffer)
                 EXPECT_TRUE(bWords || oOther.Set(i, sValue.c_str(), oAnswer) == 1)
                     << sName << ": " << CZorEdidMap::GetId(oField.m_eId) << "=" << sValue << " of '" << sOffer
                     << "': " << oAnswer.m_oReason;
+            }
+            CZorEdidWriter oListed;
+            Read(oListed, aui8Image);
+            CMArrayString aoNames;
+            const bool bNumber = oField.m_eKind == CZorEdidMap::eKind_Number; // of which the refusal takes as long
+            const unsigned int uiCount = bNumber ? 0 : oListed.ListNames(i, aoNames);
+            for (unsigned int j = 0; j < uiCount; j += std::max(1U, uiCount - 1)) // the first and the last one
+            {
+                CZorEdidWriter oOther;
+                Read(oOther, aui8Image);
+                EXPECT_TRUE(oOther.Set(i, aoNames[j], oAnswer) == 1 && oAnswer.m_bExact)
+                    << sName << ": " << CZorEdidMap::GetId(oField.m_eId) << "=" << aoNames[j];
             }
         }
     }

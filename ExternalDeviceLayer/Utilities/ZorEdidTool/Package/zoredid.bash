@@ -58,6 +58,34 @@ _zoredid_value()
   mapfile -t COMPREPLY < <(compgen -P "$head$before" -W "$line" -- "${word#"$before"}")
 }
 
+# The names that the field after --set takes, in the image that is on the line; of a flag no and yes in any case. False
+# where no value is completed. Names have blanks and colons, at which COMP_WORDS may be cut, so the line is read.
+_zoredid_field_value()
+{
+  local line=${COMP_LINE:0:COMP_POINT} word=${COMP_WORDS[COMP_CWORD]} field typed head names='' name i
+  local form='^(--set[= ]+([^= ]+)=)(.*)$'
+  line=--set${line##*--set}
+  [[ $line =~ $form ]] || return 1
+  head=${BASH_REMATCH[1]} field=${BASH_REMATCH[2]%%[*} typed=${BASH_REMATCH[3]}
+  [[ $typed == [\"\']* || ! $typed =~ (^|[^\\])\  ]] || return 1 # a word after the value
+  if grep -q "^$field  *flag " <<< "$("${COMP_WORDS[0]}" explain --ids 2> /dev/null)"; then
+    names=$'no\nyes'
+  elif [[ $field == [a-z]* ]]; then
+    for i in "${COMP_WORDS[@]:1}"; do
+      [[ ! -f $i || -n $names ]] || names=$("${COMP_WORDS[0]}" explain --values --at "$field" "$i" 2> /dev/null)
+    done
+  fi
+  [[ $word != [=:] ]] || word=''
+  while [[ -n $names ]] && read -r name; do
+    [[ $typed == [\"\']* ]] && name=${typed:0:1}$name || name=$(printf %q "$name")
+    [[ $name != "$typed"* ]] || {
+      name=$head$name
+      name=${name#"${line%"$word"}"}
+      COMPREPLY+=("${name#[\"\']}")
+    }
+  done <<< "$names"
+}
+
 _zoredid()
 {
   local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand='' words='' list all line i
@@ -74,6 +102,9 @@ _zoredid()
     fi
   done
 
+  COMPREPLY=()
+  [[ $subcommand != edit ]] || ! _zoredid_field_value || return 0
+
   # --format=plain is three words, unless COMP_WORDBREAKS has no equals sign.
   if [[ $word == --*=* ]]; then
     previous=${word%%=*} head=${word%%=*}= word=${word#*=}
@@ -85,7 +116,6 @@ _zoredid()
     [[ $COMP_CWORD -lt 4 || ${COMP_WORDS[COMP_CWORD - 3]} != --audio-set ]] || previous=--audio-set index=yes
   fi
 
-  COMPREPLY=()
   if [[ $word == -* ]]; then
     words=$(sed -n 's/^\(-[^ =]*\).*/\1/p' <<< "$list")
   elif [[ $previous == -* ]]; then

@@ -65,26 +65,29 @@ bool CMakerCta::AddBlock()
     return m_oParts.AddBlock(Cta::gsc_uiTag, aui8Block);
 }
 
-// Each once, in the order of the wishes.
+// Once.
+bool CMakerCta::AddCode(const SPlannedMode& oMode)
+{
+    const unsigned char ui8Code = static_cast<unsigned char>(oMode.m_uiCode);
+    const unsigned char* pui8Codes = m_aui8Codes.GetData();
+    const unsigned char* pui8End = pui8Codes + m_aui8Codes.GetCount();
+    if (ui8Code == 0 || oMode.m_b420Only || std::find(pui8Codes, pui8End, ui8Code) != pui8End)
+    {
+        return true;
+    }
+    m_aui8Codes.Add(ui8Code);
+    return m_oParts.AddItem(eZorEdidField_CtaVideo, 1, &ui8Code);
+}
+
+// In the order of the wishes, as the first one is preferred.
 bool CMakerCta::AddCodes()
 {
-    bool abListed[256] = {};
-    for (unsigned int i = 0; i < m_oPlan.GetCount(); ++i)
+    bool bAdded = !m_oPlan.IsPreferredByDisplayIdAlone() || AddCode(m_oPlan.Get(m_oPlan.GetFirstDetailed()));
+    for (unsigned int i = 0; i < m_oPlan.GetCount() && bAdded; ++i)
     {
-        const SPlannedMode& oMode = m_oPlan.Get(i);
-        const unsigned char ui8Code = static_cast<unsigned char>(oMode.m_uiCode);
-        if (ui8Code == 0 || oMode.m_b420Only || abListed[ui8Code])
-        {
-            continue;
-        }
-        abListed[ui8Code] = true;
-        m_aui8Codes.Add(ui8Code);
-        if (!m_oParts.AddItem(eZorEdidField_CtaVideo, 1, &ui8Code))
-        {
-            return false;
-        }
+        bAdded = AddCode(m_oPlan.Get(i));
     }
-    return true;
+    return bAdded;
 }
 
 bool CMakerCta::AddAudio()
@@ -265,7 +268,7 @@ bool CMakerCta::AddPreference()
 {
     const SPlannedMode& oFirst = m_oPlan.Get(0);
     const unsigned char ui8Code = static_cast<unsigned char>(oFirst.m_uiCode);
-    return oFirst.m_bDetailed || ui8Code == 0 ||
+    return oFirst.m_bDetailed || ui8Code == 0 || m_oPlan.IsPreferredByDisplayIdAlone() ||
            m_oParts.AddDataBlock(eZorEdidField_CtaVideoFormatPreference, 1, &ui8Code);
 }
 } // namespace ZorWrite

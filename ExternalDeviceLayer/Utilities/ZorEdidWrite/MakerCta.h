@@ -24,6 +24,7 @@ public:
 
 private:
     bool AddBlock();
+    bool AddCode(const SPlannedMode& oMode);
     bool AddCodes();
     bool AddAudio();
     bool AddDonorsAudio();

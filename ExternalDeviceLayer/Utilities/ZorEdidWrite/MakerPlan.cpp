@@ -127,6 +127,18 @@ bool SPlannedMode::Allows420() const
     return m_uiCode != 0 && m_oTiming.m_uiWidth >= uiLeastWidth && GetHz(m_oTiming) > dLeastRate;
 }
 
+bool SPlannedMode::IsWishedFraction() const
+{
+    return m_oWished.m_ullDivisor != 0 && m_oWished.m_ullDividend % m_oWished.m_ullDivisor != 0 &&
+           IsSameRate(m_oWished, m_oTiming.m_oRate);
+}
+
+bool CMakerPlan::IsPreferredByDisplayIdAlone() const
+{
+    const SPlannedMode& oFirst = m_aoModes[0U];
+    return oFirst.m_bType1 && !oFirst.m_bDetailed && oFirst.IsWishedFraction();
+}
+
 unsigned int CMakerPlan::GetColorDepth() const
 {
     constexpr unsigned int uiHdrDepth = 10;
@@ -528,13 +540,6 @@ bool FindPartner(const SPlannedMode& oMode, SZorMode& oPartner)
            (!IsSameTiming(oPartner, oMode.m_oTiming) || (oPartner = oCode, true));
 }
 
-bool IsWishedFraction(const SPlannedMode& oMode)
-{
-    const SZorMode::SRate& oWished = oMode.m_oWished;
-    return oWished.m_ullDivisor != 0 && oWished.m_ullDividend % oWished.m_ullDivisor != 0 &&
-           IsSameRate(oWished, oMode.m_oTiming.m_oRate);
-}
-
 // A mode in 4:2:0 alone is a code: other places mean RGB.
 CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
 {
@@ -548,7 +553,7 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     // A code means both of its rates: a detailed timing beside it takes the one that it meets, and adds no third one,
     // but where 1000/1001 of a rate is wished, which is then within a step of the clock.
     SZorMode oPartner = {};
-    if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && !IsWishedFraction(oMode) &&
+    if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && !oMode.IsWishedFraction() &&
         FindPartner(oMode, oPartner) && IsWholeClock(oPartner))
     {
         oMode.m_oTiming = oPartner;

@@ -22,7 +22,8 @@ struct SPlannedMode
     bool m_b420Only = false; // its clock is too high for RGB
     bool m_bFallback = false;
 
-    bool Allows420() const; // HDMI has it in YCbCr 4:2:0
+    bool Allows420() const;        // HDMI has it in YCbCr 4:2:0
+    bool IsWishedFraction() const; // its rate is wished, and is 1000/1001 of a whole one
 };
 
 } // namespace ZorWrite
@@ -66,6 +67,8 @@ public:
     unsigned int GetCount() const { return m_aoModes.GetCount(); }
     const SPlannedMode& Get(unsigned int uiIndex) const { return m_aoModes[uiIndex]; }
     unsigned int GetFirstDetailed() const { return m_uiFirstDetailed; }
+    // The first mode is 1000/1001 of a rate that no detailed timing holds. Its code means the whole rate first.
+    bool IsPreferredByDisplayIdAlone() const;
     // Whether the first detailed timing is the native one. Standards want a progressive one beside an interlaced one.
     bool IsFirstNative() const { return m_uiFirstDetailed == 0 && !m_aoModes[0U].m_oTiming.m_bInterlaced; }
 

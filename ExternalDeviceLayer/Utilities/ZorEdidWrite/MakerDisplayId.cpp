@@ -70,24 +70,14 @@ unsigned char* MakeParameters(const SDisplayIdFacts& oFacts, const unsigned char
 unsigned char* MakeInterface(const SDisplayIdFacts& oFacts, unsigned char* pui8Block)
 {
     constexpr unsigned int uiSize = 10;
-    constexpr unsigned int ui8Bits = 0x02;
-    constexpr unsigned int ui10Bits = 0x04;
-    constexpr unsigned int ui12Bits = 0x08;
     unsigned char* const pui8End = BeginDataBlock(pui8Block, DisplayId::gsc_uiInterfaceTag, uiSize);
     const SInterfaceCodes& oInterface = gsc_aoInterfaces[oFacts.m_eInterface];
     DisplayId::gsc_oInterfaceType.Write(pui8Block, oInterface.m_ui8Type);
     DisplayId::gsc_oInterfaceLinks.Write(pui8Block, oInterface.m_ui8Links);
     Byte(0x04).Write(pui8Block, oInterface.m_ui8Version);
-    const unsigned int uiDepths =
-        ui8Bits | (oFacts.m_uiBitsOnLink >= 10 ? ui10Bits : 0) | (oFacts.m_uiBitsOnLink >= 12 ? ui12Bits : 0);
-    pui8Block[DisplayId::gsc_uiDepthsOffset1] = static_cast<unsigned char>(uiDepths);
-    if (oFacts.m_bYCbCr) // HDMI's 4:2:2 has room for 12 bits whatever the display has
-    {
-        const unsigned int uiDepths422 =
-            oFacts.m_eInterface == SDisplayIdFacts::eInterface_Hdmi ? ui8Bits | ui10Bits | ui12Bits : uiDepths;
-        pui8Block[DisplayId::gsc_uiDepthsOffset1 + 1] = static_cast<unsigned char>(uiDepths);
-        pui8Block[DisplayId::gsc_uiDepthsOffset1 + 2] = static_cast<unsigned char>(uiDepths422 >> 1);
-    }
+    pui8Block[DisplayId::gsc_uiDepthsOffset1] = static_cast<unsigned char>(oFacts.m_uiRgbDepths);
+    pui8Block[DisplayId::gsc_uiDepthsOffset1 + 1] = static_cast<unsigned char>(oFacts.m_ui444Depths);
+    pui8Block[DisplayId::gsc_uiDepthsOffset1 + 2] = static_cast<unsigned char>(oFacts.m_ui422Depths >> 1); // from 8 on
     return pui8End;
 }
 } // namespace

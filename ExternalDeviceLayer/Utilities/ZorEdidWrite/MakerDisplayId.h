@@ -24,10 +24,19 @@ struct SDisplayIdFacts
     unsigned int m_uiWidth; // in pixels; 0 for none known
     unsigned int m_uiHeight;
     unsigned int m_uiBitsPerColor;
-    unsigned int m_uiBitsOnLink; // of each color, at most: HDMI's deep color may be more than the display shows
     bool m_bAudio;
-    bool m_bYCbCr; // 4:4:4 and 4:2:2 beside RGB
+    // What the link carries, a bit for each even number of bits of a color from 6 on: HDMI's deep color may be more
+    // than the display shows. 0 for a format that is not carried.
+    unsigned int m_uiRgbDepths;
+    unsigned int m_ui444Depths;
+    unsigned int m_ui422Depths;
 };
+
+// The depths from 8 bits to these, or 6 bits alone, as bits of SDisplayIdFacts; 0 for 0.
+constexpr unsigned int GetDepthsTo(unsigned int uiBits)
+{
+    return uiBits < 8 ? uiBits / 6 : (2U << (uiBits - 6) / 2) - 2;
+}
 
 // What a section of a display device must say: what product it is about, how large it is, and how it is connected. The
 // product is that of the base block.

@@ -66,10 +66,14 @@ SDisplayIdFacts::EInterface GetInterface(const CMakerPlan& oPlan)
 
 bool BeginDisplayId(const CMakerPlan& oPlan, CMakerParts& oParts)
 {
+    constexpr unsigned int uiHdmi422Depth = 12; // for which it has room whatever the display has
     const SZorMode& oNative = oPlan.Get(0).m_oTiming;
+    const unsigned int uiDepth = oPlan.GetColorDepth();
+    const unsigned int ui444Depth = oPlan.HasYCbCr() ? uiDepth : 0;
+    const unsigned int ui422Depth = ui444Depth != 0 && oPlan.IsHdmi() ? uiHdmi422Depth : ui444Depth;
     const SDisplayIdFacts oFacts = {
-        GetInterface(oPlan),   GetImageSize(oPlan),   oNative.m_uiWidth, oNative.m_uiHeight,
-        oPlan.GetColorDepth(), oPlan.GetColorDepth(), oPlan.HasAudio(),  oPlan.HasYCbCr(),
+        GetInterface(oPlan), GetImageSize(oPlan),  oNative.m_uiWidth,       oNative.m_uiHeight,      uiDepth,
+        oPlan.HasAudio(),    GetDepthsTo(uiDepth), GetDepthsTo(ui444Depth), GetDepthsTo(ui422Depth),
     };
     CBlockBytes aui8Block;
     MakeDisplayIdBlock(oFacts, oParts.GetMap().GetData(), aui8Block);

@@ -48,9 +48,13 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
     oFacts.Read(oMap.GetSize(), oMap.GetData());
     const unsigned int uiSaid = oFacts.GetColour().m_oDepth.m_oValue;
     const unsigned int uiDepth = uiSaid != 0 ? uiSaid : uiUsualDepth;
-    // The mask has a bit for each even depth from 6 on.
-    const unsigned int uiMask = oFacts.GetColour().m_aoDepths[CZorEdidFacts::eFormat_Rgb].m_oValue;
-    const auto uiLinkDepth = static_cast<unsigned int>(4 + 2 * std::bit_width(uiMask));
+    // Where only the format is known, in the depth of the display. An analog input has RGB as well.
+    const auto fnDepths = [&](CZorEdidFacts::EFormat eFormat) {
+        const unsigned int uiDepths = oFacts.GetColour().m_aoDepths[eFormat].m_oValue;
+        const bool bKnown = (oFacts.GetColour().m_oFormats.m_oValue & 1U << eFormat) != 0;
+        return uiDepths != 0 || (!bKnown && eFormat != CZorEdidFacts::eFormat_Rgb) ? uiDepths
+                                                                                   : ZorWrite::GetDepthsTo(uiDepth);
+    };
     // The timing's millimetres where they are the base block's centimetres.
     const auto fnMm = [&](EZorEdidField eTiming, EZorEdidField eBase) {
         const long long llFine = oFields.GetNumber(eTiming);
@@ -64,9 +68,10 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
              oNative.m_uiWidth,
              oNative.m_uiHeight,
              uiDepth,
-             uiMask != 0 ? uiLinkDepth : uiDepth,
              oFacts.GetAudio().m_oBasic.m_oValue,
-             oFields.GetNumber(eZorEdidField_CtaYcbcr444) != 0 && oFields.GetNumber(eZorEdidField_CtaYcbcr422) != 0 };
+             fnDepths(CZorEdidFacts::eFormat_Rgb),
+             fnDepths(CZorEdidFacts::eFormat_YCbCr444),
+             fnDepths(CZorEdidFacts::eFormat_YCbCr422) };
 }
 
 // What announces a mode there or in a data block of CTA-861 for DisplayID's timings.

@@ -8,13 +8,13 @@
 #include <charconv>
 
 #include "EditSet.h"
+#include "FieldEdits.h"
+#include "Findings.h"
 #include "MapText.h"
 #include "ZorEdidWriter.h"
 
 namespace
 {
-using CBytes = std::vector<unsigned char>;
-
 constexpr unsigned int gsc_uiNone = CZorEdidMap::msc_uiNone;
 constexpr size_t gsc_uiMostChanges = 1000; // each reads the image again
 
@@ -105,26 +105,33 @@ std::string NameMember(std::string sProblem)
     return uiHint != std::string::npos ? sProblem.replace(uiHint, sizeof(szHint) - 1, "; \"raw\" writes") : sProblem;
 }
 
-// Fields whose text for people was changed, and nothing that counts.
-struct SOtherTexts
+// Fields that have one line together.
+struct SNotedFields
 {
+    const char* m_pszWhat; // of each
     std::string m_sFirst = {};
     size_t m_uiCount = 0;
 
+    void Add(const CZorEdidMap& oMap, unsigned int uiField)
+    {
+        m_sFirst = m_uiCount++ == 0 ? NameField(oMap, uiField) : m_sFirst;
+    }
+
+    // A text for people that was changed, where nothing that counts was.
     void Compare(const SExplainedLeaf::SText& oText, std::string_view sExpected, const CZorEdidMap& oMap,
                  unsigned int uiField)
     {
         if (oText.m_bThere && oText.m_uiHash != HashText(sExpected))
         {
-            m_sFirst = m_uiCount++ == 0 ? NameField(oMap, uiField) : m_sFirst;
+            Add(oMap, uiField);
         }
     }
 
-    void Note(const char* pszMember, std::vector<std::string>& asNotes) const
+    void Note(std::vector<std::string>& asNotes) const
     {
         if (m_uiCount != 0)
         {
-            asNotes.push_back(m_sFirst + ": \"" + pszMember + "\" is not read, \"value\" is" +
+            asNotes.push_back(m_sFirst + ": " + m_pszWhat +
                               (m_uiCount > 1 ? "; so of " + std::to_string(m_uiCount - 1) + " more" : ""));
         }
     }
@@ -147,12 +154,18 @@ public:
                 return m_oBuilt;
             }
         }
-        m_oOtherText.Note("text", m_oBuilt.m_asNotes);
-        m_oOtherMeaning.Note("meaning", m_oBuilt.m_asNotes);
+        for (const SNotedFields& oNoted : { m_oRaw, m_oOtherText, m_oOtherMeaning })
+        {
+            oNoted.Note(m_oBuilt.m_asNotes);
+        }
         m_oBuilt.m_aui8Bytes = m_oExplained.m_aui8Built;
         if (!m_apoChanged.empty())
         {
             SetValues();
+        }
+        if (m_oBuilt.m_sProblem.empty() && m_oBuilt.m_aui8Bytes != m_oExplained.m_aui8Read)
+        {
+            NoteFindings();
         }
         return m_oBuilt;
     }
@@ -177,7 +190,11 @@ private:
         const bool bRaw = IsRawChanged(m_oExplained, oLeaf);
         if (!IsValueChanged(m_oRead, uiField, oLeaf))
         {
-            if (!bRaw)
+            if (bRaw)
+            {
+                m_oRaw.Add(m_oRead, uiField);
+            }
+            else
             {
                 const char* pszMeaning = m_oRead.GetField(uiField).m_pszMeaning;
                 m_oOtherText.Compare(oLeaf.m_oText, GetFieldValue(m_oRead, uiField), m_oRead, uiField);
@@ -187,7 +204,9 @@ private:
         }
         if (bRaw)
         {
-            return Refuse(NameField(m_oRead, uiField) + ": both \"value\" and \"raw\" were changed");
+            return Refuse(NameField(m_oRead, uiField) +
+                          ": both \"value\" and \"raw\" are other ones than in \"bytes\", and one of "
+                          "them at most may be");
         }
         m_apoChanged.push_back(&oLeaf);
         return m_apoChanged.size() <= gsc_uiMostChanges ||
@@ -208,6 +227,16 @@ private:
         }
         m_oBuilt.m_aui8Bytes.assign(oWriter.GetMap().GetData(),
                                     oWriter.GetMap().GetData() + oWriter.GetMap().GetSize());
+    }
+
+    // Checksums do not follow raw bytes, which may break more.
+    void NoteFindings()
+    {
+        CZorEdidMap oAfter;
+        oAfter.Read(static_cast<unsigned int>(m_oBuilt.m_aui8Bytes.size()), m_oBuilt.m_aui8Bytes.data());
+        const std::vector<std::string> asFindings =
+            NameNewFindings(CheckImage(m_oRead, GetThisYear()), CheckImage(oAfter, GetThisYear()));
+        m_oBuilt.m_asNotes.insert(m_oBuilt.m_asNotes.end(), asFindings.begin(), asFindings.end());
     }
 
     std::string SetValue(CZorEdidWriter& oWriter, const SExplainedLeaf& oLeaf)
@@ -232,8 +261,9 @@ private:
     const SExplained& m_oExplained;
     CZorEdidMap m_oRead;
     std::vector<const SExplainedLeaf*> m_apoChanged;
-    SOtherTexts m_oOtherText;
-    SOtherTexts m_oOtherMeaning;
+    SNotedFields m_oRaw = { "its \"raw\" bits are written, which are other ones than in \"bytes\"" };
+    SNotedFields m_oOtherText = { "\"text\" is not read, \"value\" is" };
+    SNotedFields m_oOtherMeaning = { "\"meaning\" is not read, \"value\" is" };
     SBuilt m_oBuilt;
 };
 } // namespace

@@ -134,6 +134,7 @@ TEST_P(ChangedDocument, MakesWhatItSays)
 
 constexpr char gsc_szGamma[] = "base.display.gamma"; // byte 0x17, 2.20
 constexpr char gsc_szPath[] = "block 0: Basic display parameters and features > Display transfer characteristic";
+constexpr char gsc_szRaw[] = "\"raw\" bits are written";
 
 const SChange gsc_aoChanges[] = {
     // Values. Text fills its room, and a flag is a bit of its byte.
@@ -158,11 +159,11 @@ const SChange gsc_aoChanges[] = {
     { "NulInText", "base.descriptor.text", "{ \"value\": \"A\\u0000B\" }", {}, false, "not a value" },
     { "NoText", "base.descriptor.text", R"({ "value": 5 })", { { 0x4D, "35 0A 20*11" } }, true, "", "became 5" },
     // Raw bytes: checksums stay, and bits of others count in these.
-    { "Raw", gsc_szGamma, R"({ "raw": "8C" })", { { 0x17, "8C" } }, false },
-    { "RawOfBits", "cta.underscan", R"({ "raw": "8e" })", { { 0x83, "F1" } }, false },
+    { "Raw", gsc_szGamma, R"({ "raw": "8C" })", { { 0x17, "8C" } }, false, "", gsc_szRaw },
+    { "RawOfBits", "cta.underscan", R"({ "raw": "8e" })", { { 0x83, "F1" } }, false, "", gsc_szRaw },
     { "BitsOfOthers", "cta.underscan", R"({ "raw": "0e" })", {}, false },
-    { "RawChangesStructure", "cta.data-block.tag", R"({ "raw": "ef" })", { { 0x84, "EF" } }, false },
-    { "Checksum", "checksum", R"({ "raw": "00" })", { { 0x7F, "00" } }, false },
+    { "RawChangesStructure", "cta.data-block.tag", R"({ "raw": "ef" })", { { 0x84, "EF" } }, false, "", gsc_szRaw },
+    { "Checksum", "checksum", R"({ "raw": "00" })", { { 0x7F, "00" } }, false, "", gsc_szRaw },
     { "Both", gsc_szGamma, R"({ "raw": "8C", "value": 2.5 })", {}, false, gsc_szPath },
     // What does not count.
     { "NoValue", gsc_szGamma, R"({ "value": null })", {}, false },
@@ -172,6 +173,15 @@ const SChange gsc_aoChanges[] = {
     // What cannot be compared.
     { "UnknownId", gsc_szGamma, R"({ "id": "base.unknown" })", {}, false, "byte 0x17: this version" },
 };
+
+TEST(ChangedDocument, SaysWhatRawBytesBreak)
+{
+    json oDocument = json::parse(Explain(GetMonitor()));
+    (*FindField(oDocument["fields"], gsc_szGamma))["raw"] = "8C";
+    const std::vector<std::string> asNotes = Build(oDocument.dump()).m_asNotes;
+    ASSERT_EQ(2U, asNotes.size());
+    EXPECT_TRUE(asNotes[1].starts_with("check then finds: Checksum")) << asNotes[1];
+}
 
 INSTANTIATE_TEST_SUITE_P(Cases, ChangedDocument, testing::ValuesIn(gsc_aoChanges),
                          [](const auto& oInfo) { return std::string(oInfo.param.m_pszName); });

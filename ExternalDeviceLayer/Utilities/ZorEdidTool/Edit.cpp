@@ -84,9 +84,9 @@ SEdited EditByClasses(const SInput& oInput, const std::vector<SEdit>& aoEdits, b
 }
 
 // Then the edits of fields and parts, each of which the library reads back.
-void EditFields(const std::vector<SEdit>& aoEdits, SEdited& oEdited)
+void EditFields(const CBytes& aui8Read, const std::vector<SEdit>& aoEdits, SEdited& oEdited)
 {
-    CFieldEdits oFields(oEdited.m_aui8Bytes);
+    CFieldEdits oFields(oEdited.m_aui8Bytes, aui8Read);
     for (const SEdit& oEdit : aoEdits)
     {
         const CNamedEdit fnSet = [&oEdit](CFieldEdits& oSet) { return oSet.Apply(oEdit.m_oSetting); };
@@ -125,7 +125,7 @@ SEdited EditBytes(const SInput& oInput, const std::vector<SEdit>& aoEdits, bool 
     }
     if (oEdited.m_sProblem.empty())
     {
-        EditFields(aoFields, oEdited);
+        EditFields(oInput.m_aui8Bytes, aoFields, oEdited);
     }
     return oEdited;
 }

@@ -189,16 +189,4 @@ unsigned int FindField(const CZorEdidMap& oMap, const SRange& oRange)
     }
     return CZorEdidMap::msc_uiNone;
 }
-
-CMString NamePart(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    const CMString oValue = oMap.GetValue(uiField);
-    CMString oName = oMap.GetField(uiField).m_pszName;
-    if (oValue.GetLength() != 0)
-    {
-        oName += " ";
-        oName += oValue;
-    }
-    return oName;
-}
 } // namespace ZorWrite

@@ -57,6 +57,4 @@ private:
 
 // The outermost field of exactly these bytes; CZorEdidMap::msc_uiNone for none.
 unsigned int FindField(const CZorEdidMap& oMap, const SRange& oRange);
-// "Detailed timing 1920 x 1080 @ 60 Hz"
-CMString NamePart(const CZorEdidMap& oMap, unsigned int uiField);
 } // namespace ZorWrite

@@ -269,16 +269,11 @@ int CPartsEdit::RefuseForRoom(const char* pszWhere)
     oReason.Format("%u %s in block %u", m_oAnswer.m_uiLacking, m_oAnswer.m_uiLacking == 1 ? "byte lacks" : "bytes lack",
                    m_uiLackBlock);
     ListRemovable();
-    constexpr unsigned int uiMostNamed = 4;
-    for (unsigned int i = 0; i < std::min(uiMostNamed, m_oAnswer.m_auiRemovable.GetCount()); ++i)
-    {
-        oReason += i == 0 ? "; one of these could go: " : ", ";
-        oReason += NamePart(m_oMap, m_oAnswer.m_auiRemovable[i]);
-    }
     oReason += m_oNoFurther.GetLength() != 0 ? "; no new block, as " + m_oNoFurther : CMString();
     return Refuse(oReason);
 }
 
+// The first detailed timing of the base block is the preferred one, which an image keeps.
 void CPartsEdit::ListRemovable()
 {
     CBlockParts oBlock;
@@ -294,7 +289,8 @@ void CPartsEdit::ListRemovable()
         {
             const unsigned int uiField =
                 FindField(m_oMap, GetRange(m_uiLackBlock, aoPieces[i].m_uiOffset, aoPieces[i].m_uiSize));
-            if (aoPieces[i].m_uiSize >= m_oAnswer.m_uiLacking && uiField != gsc_uiNone)
+            const bool bPreferred = uiList == eList_Descriptors && i == 0 && IsTiming(aoPieces[i]);
+            if (aoPieces[i].m_uiSize >= m_oAnswer.m_uiLacking && uiField != gsc_uiNone && !bPreferred)
             {
                 m_oAnswer.m_auiRemovable.Add(uiField);
             }

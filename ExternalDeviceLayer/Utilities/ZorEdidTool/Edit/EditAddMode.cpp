@@ -78,6 +78,22 @@ std::string AddDisplayIdTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
                                                aui8Bytes, FindPlaceInDisplayId(oFields));
 }
 
+// An image with DisplayID and without CTA-861 stays so where its base block is full.
+std::string AddDetailed(CFieldEdits& oFields, const SAddedMode& oAdded, const CBytes& aui8Bytes,
+                        CFieldEdits::SWhere oWhere)
+{
+    if (!oAdded.m_bPreferred && oFields.Has(eZorEdidField_Displayid) && !oFields.Has(eZorEdidField_Cta))
+    {
+        oWhere.m_bNewBlock = false;
+        if (oFields.AddDescriptor(aui8Bytes, oWhere).empty() || AddDisplayIdTiming(oFields, oAdded).empty())
+        {
+            return "";
+        }
+        oWhere.m_bNewBlock = true;
+    }
+    return oFields.AddDescriptor(aui8Bytes, oWhere);
+}
+
 std::string AddTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
 {
     CFieldEdits::SWhere oWhere;
@@ -92,7 +108,8 @@ std::string AddTiming(CFieldEdits& oFields, const SAddedMode& oAdded)
             oAdded.m_oMode, GetMm(oFields, eZorEdidField_BaseDetailedImageWidth, eZorEdidField_BaseDisplayScreenWidth),
             GetMm(oFields, eZorEdidField_BaseDetailedImageHeight, eZorEdidField_BaseDisplayScreenHeight),
             aui8Bytes.data()) != 0;
-    std::string sProblem = bDetailed ? oFields.AddDescriptor(aui8Bytes, oWhere) : AddDisplayIdTiming(oFields, oAdded);
+    std::string sProblem =
+        bDetailed ? AddDetailed(oFields, oAdded, aui8Bytes, oWhere) : AddDisplayIdTiming(oFields, oAdded);
     if (sProblem.empty())
     {
         FollowWithLimits(oFields, { oAdded.m_oMode });

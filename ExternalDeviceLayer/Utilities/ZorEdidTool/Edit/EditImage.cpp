@@ -226,20 +226,6 @@ std::string CEditImage::EditFirst(const std::function<std::string(SEditedBlock& 
     return sReason;
 }
 
-// DisplayID may say another number than the one that the base block now has.
-void CEditImage::NoteDisplayId(EZorEdidField eId, unsigned int uiNumber)
-{
-    CZorEdidMap oMap;
-    oMap.Read(static_cast<unsigned int>(m_aui8Read.size()), m_aui8Read.data());
-    const unsigned int uiField = oMap.FindField(eId);
-    const long long llNumber = uiField != CZorEdidMap::msc_uiNone ? oMap.GetField(uiField).m_llNumber : 0;
-    if (llNumber != 0 && llNumber != static_cast<long long>(uiNumber))
-    {
-        m_asNotes.push_back("DisplayID still says " + static_cast<std::string>(oMap.GetValue(uiField)) + ": " +
-                            NameField(oMap, uiField) + ", which --set changes");
-    }
-}
-
 // ---- Colours ----
 
 std::string CEditImage::SetColorDepth(unsigned int uiDepth)
@@ -251,7 +237,6 @@ std::string CEditImage::SetColorDepth(unsigned int uiDepth)
     SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
     oEdits.m_bColorDepth = true;
     oEdits.m_uiColorDepth = uiDepth;
-    NoteDisplayId(eZorEdidField_DisplayidParametersNativeBitDepth, ZorStandards::BaseBlock::GetBitsPerColor(uiDepth));
     return "";
 }
 
@@ -315,7 +300,6 @@ std::string CEditImage::ApplyOne(const SEdit& oEdit)
     switch (oEdit.m_eKind)
     {
     case eEdit_Serial:
-        NoteDisplayId(eZorEdidField_DisplayidProductSerialNumber, oEdit.m_uiNumber);
         m_oEdid.SetSerialNumber(oEdit.m_uiNumber);
         m_aoBlocks.front().m_oEdits.m_bSerial = true;
         m_aoBlocks.front().m_oEdits.m_uiSerial = oEdit.m_uiNumber;

@@ -145,7 +145,6 @@ private:
     std::string NameKeeper(const SZorImageMode& oPlace);
     void NoteWhole(const SWanted& oWanted, const CPlaces& aoRemoved);
     void NoteLeft(const SWanted& oWanted);
-    void NoteDisplayId(EZorEdidField eId, unsigned int uiNumber);
     std::string SetPreferred(const SEdit& oEdit);
     std::string ReplacePreferred(const CVidParamTimingGeneric& oTiming);
     bool ClearNativeCounts();

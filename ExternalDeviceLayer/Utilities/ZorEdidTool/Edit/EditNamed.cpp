@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "EditFollow.h"
 #include "EditLimits.h"
 #include "FieldEdits.h"
 #include "MapText.h"
@@ -36,40 +37,6 @@ std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Ta
     CBytes aui8Bytes(Descriptors::gsc_uiDescriptorSize);
     Descriptors::WriteText(aui8Bytes.data(), ui8Tag, sText.data(), static_cast<unsigned int>(sText.size()));
     return oFields.AddDescriptor(aui8Bytes);
-}
-
-// ---- What several places say ----
-
-// Every field of these ids that says something.
-std::string SetWhereGiven(CFieldEdits& oFields, std::initializer_list<CFieldEdits::SValue> aoValues)
-{
-    std::string sProblem;
-    for (const CFieldEdits::SValue& oValue : aoValues)
-    {
-        for (unsigned int i = 0; i < oFields.GetMap().CountFields(oValue.m_eId) && sProblem.empty(); ++i)
-        {
-            const unsigned int uiField = oFields.GetMap().FindField(oValue.m_eId, i);
-            const bool bGiven =
-                oFields.GetMap().GetField(uiField).m_llNumber != 0 && oFields.GetMap().GetValue(uiField) != "not given";
-            sProblem = bGiven ? oFields.Set(oValue.m_eId, oValue.m_sValue, i) : sProblem;
-        }
-    }
-    return sProblem;
-}
-
-// What DisplayID says of its own beside the base block is left to the user.
-void NoteDisplayId(CFieldEdits& oFields, std::initializer_list<EZorEdidField> aeIds)
-{
-    const CZorEdidMap& oMap = oFields.GetMap();
-    for (const EZorEdidField eId : aeIds)
-    {
-        const unsigned int uiField = oMap.FindField(eId);
-        if (uiField != CZorEdidMap::msc_uiNone && oMap.GetField(uiField).m_llNumber != 0)
-        {
-            oFields.Note("DisplayID still says " + static_cast<std::string>(oMap.GetValue(uiField)) + ": " +
-                         NameField(oMap, uiField) + ", which --set changes");
-        }
-    }
 }
 
 // ---- Date ----
@@ -105,11 +72,14 @@ std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
     const std::string sHeight = FormatText("%u mm", oSize.m_uiHeightInMm);
     std::string sProblem = fnPut(BaseBlock::gsc_uiImageWidthOffset, oSize.m_uiWidthInMm);
     sProblem = sProblem.empty() ? fnPut(BaseBlock::gsc_uiImageHeightOffset, oSize.m_uiHeightInMm) : sProblem;
-    return sProblem.empty() ? SetWhereGiven(oFields, { { eZorEdidField_BaseDetailedImageWidth, sWidth },
-                                                       { eZorEdidField_BaseDetailedImageHeight, sHeight },
-                                                       { eZorEdidField_DisplayidParametersImageWidth, sWidth },
-                                                       { eZorEdidField_DisplayidParametersImageHeight, sHeight } })
-                            : sProblem;
+    if (sProblem.empty())
+    {
+        FollowWhereGiven(oFields, { { eZorEdidField_BaseDetailedImageWidth, sWidth },
+                                    { eZorEdidField_BaseDetailedImageHeight, sHeight },
+                                    { eZorEdidField_DisplayidParametersImageWidth, sWidth },
+                                    { eZorEdidField_DisplayidParametersImageHeight, sHeight } });
+    }
+    return sProblem;
 }
 
 // ---- Range limits ----
@@ -205,6 +175,11 @@ std::string PutLimits(CFieldEdits& oFields, const SAskedLimits& oAsked)
     {
         return oFields.AddDescriptor(aui8Limits);
     }
+    if (oLimits == oOld)
+    {
+        oFields.Note(GetLimitsText(oLimits) + " are the range limits already");
+        return "";
+    }
     oFields.PutBase(uiOffset, aui8Limits);
     oFields.Note(GetLimitsText(oLimits) + " became the range limits; they were " + GetLimitsText(oOld));
     return "";
@@ -280,9 +255,12 @@ std::string ParseProduct(const std::string& sText, CNamedEdit& fnEdit)
     const bool bCode = ParseNumber(sText, uiCode) && uiCode <= uiMost;
     fnEdit = [uiCode](CFieldEdits& oFields) {
         const std::string sCode = FormatText("raw:%u", uiCode);
-        const std::string sProblem = oFields.Set(eZorEdidField_BaseIdentityProductCode, sCode);
-        return sProblem.empty() ? SetWhereGiven(oFields, { { eZorEdidField_DisplayidProductProductCode, sCode } })
-                                : sProblem;
+        std::string sProblem = oFields.Set(eZorEdidField_BaseIdentityProductCode, sCode);
+        if (sProblem.empty())
+        {
+            FollowWhereGiven(oFields, { { eZorEdidField_DisplayidProductProductCode, sCode } });
+        }
+        return sProblem;
     };
     return bCode ? "" : "'" + sText + "' is not a number from 0 to 65535";
 }
@@ -371,7 +349,7 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
         }
         if (sProblem.empty())
         {
-            NoteDisplayId(oFields, { eZorEdidField_DisplayidColorX, eZorEdidField_DisplayidParameters2Primary1X });
+            FollowColors(oFields, asNumbers);
         }
         return sProblem.empty() ? FollowSrgb(oFields) : sProblem;
     };
@@ -382,10 +360,13 @@ std::string ParseGamma(const std::string& sText, CNamedEdit& fnEdit)
 {
     fnEdit = [sText](CFieldEdits& oFields) {
         std::string sProblem = oFields.Set(eZorEdidField_BaseDisplayGamma, sText);
-        sProblem = sProblem.empty() ? SetWhereGiven(oFields, { { eZorEdidField_DisplayidParametersGamma, sText },
-                                                               { eZorEdidField_DisplayidParameters2GammaEotf, sText } })
-                                    : sProblem;
-        return sProblem.empty() ? FollowSrgb(oFields) : sProblem;
+        if (!sProblem.empty())
+        {
+            return sProblem;
+        }
+        FollowWhereGiven(oFields, { { eZorEdidField_DisplayidParametersGamma, sText },
+                                    { eZorEdidField_DisplayidParameters2GammaEotf, sText } });
+        return FollowSrgb(oFields);
     };
     return "";
 }

@@ -10,10 +10,12 @@
 
 #include "EdidBase.h"
 #include "EditDisplayId.h"
+#include "EditFollow.h"
 #include "ExactTimings.h"
 #include "ModeSources.h"
 #include "NearWord.h"
 #include "SpeakerNames.h"
+#include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
 namespace
@@ -287,6 +289,27 @@ std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
     return ParseNumber(sText, uiNumber) ? "" : "'" + sText + "' is not a number from 0 to 4294967295";
 }
 
+// DisplayID has a serial number and a colour depth, too, which are set after the base block's.
+std::string ParseSerial(const std::string& sText, SEdit& oEdit)
+{
+    std::string sProblem = ParsePlainNumber(sText, oEdit.m_uiNumber);
+    oEdit.m_fnNamed = [uiSerial = oEdit.m_uiNumber](CFieldEdits& oFields) {
+        FollowSerial(oFields, uiSerial);
+        return std::string();
+    };
+    return sProblem;
+}
+
+std::string ParseColorDepth(const std::string& sText, SEdit& oEdit)
+{
+    const bool bKnown = FindValue(gsc_aoColorDepths, sText, oEdit.m_uiNumber);
+    oEdit.m_fnNamed = [uiDepth = oEdit.m_uiNumber](CFieldEdits& oFields) {
+        FollowColorDepth(oFields, ZorStandards::BaseBlock::GetBitsPerColor(uiDepth));
+        return std::string();
+    };
+    return bKnown ? "" : RefuseName(sText, gsc_aoColorDepths);
+}
+
 std::string ParseCode(const std::string& sText, unsigned int& uiCode)
 {
     constexpr unsigned int uiMost = 255;
@@ -402,6 +425,7 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     switch (oOption.m_eKind)
     {
     case eEdit_Serial:
+        return ParseSerial(sValue, oEdit);
     case eEdit_RemoveStandard:
     case eEdit_RemoveDetailed:
     case eEdit_RemoveEstablished:
@@ -413,7 +437,7 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_Preferred:
         return ParseTiming(sValue, oEdit);
     case eEdit_ColorDepth:
-        return FindValue(gsc_aoColorDepths, sValue, oEdit.m_uiNumber) ? "" : RefuseName(sValue, gsc_aoColorDepths);
+        return ParseColorDepth(sValue, oEdit);
     case eEdit_DeepColor:
         return ParseBitsOrNone(gsc_aoDeepColors, sValue, ",+", oEdit.m_uiNumber);
     case eEdit_AudioAdd:

@@ -53,8 +53,7 @@ struct SEdit
     CVidParamTimingGeneric m_oTiming; // of eEdit_Preferred, by a table or formula
     SWanted m_oWanted = {};           // of eEdit_Remove and eEdit_RemoveCode; of eEdit_Preferred without a type
     SSetting m_oSetting = {};         // of eEdit_Set
-    // Of eEdit_Named; of eEdit_Remove, eEdit_RemoveCode and, for a timing of DisplayID, eEdit_RemoveDetailed what is
-    // done after the rest.
+    // Of eEdit_Named; of others what is done in DisplayID blocks after the rest.
     CNamedEdit m_fnNamed = {};
 };
 

@@ -13,6 +13,7 @@
 namespace
 {
 using CField = CZorEdidMap::SField;
+using CBytes = std::vector<unsigned char>;
 
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 constexpr unsigned int gsc_uiBits = 8;
@@ -77,11 +78,29 @@ std::string FindByPlace(const CZorEdidMap& oMap, const SSetting& oSetting, unsig
     return auiLeaves.size() == 1 ? "" : "the byte has several fields; a bit from 7 to 0 after a point says which";
 }
 
-std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdidMap& oMap)
+// The bits of a leaf, of which several may mean the same.
+CBytes ReadBits(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CField& oField = oMap.GetField(uiField);
+    CBytes aui8Bits;
+    for (unsigned int i = oField.m_uiFirstPiece; i < oField.m_uiFirstPiece + oField.m_uiPieces; ++i)
+    {
+        const CZorEdidMap::SPiece& oPiece = oMap.GetPiece(i);
+        for (unsigned int j = 0; j < oPiece.m_uiLength; ++j)
+        {
+            aui8Bits.push_back(oMap.GetData()[oPiece.m_uiOffset + j] & oPiece.m_ui8Mask);
+        }
+    }
+    return aui8Bits;
+}
+
+std::string DescribeAnswer(const CZorEdidWriter::SAnswer& oAnswer, const CZorEdidMap& oMap, bool bNew)
 {
     const std::string sBefore(oAnswer.m_oBefore);
-    std::string sText =
-        (sBefore.empty() ? "nothing" : sBefore) + " became " + static_cast<const char*>(oAnswer.m_oAfter);
+    const std::string sAfter(oAnswer.m_oAfter);
+    std::string sText = bNew                ? "is " + sAfter
+                        : sBefore == sAfter ? "is " + sAfter + " still, in other bits"
+                                            : (sBefore.empty() ? "nothing" : sBefore) + " became " + sAfter;
     sText += oAnswer.m_bExact ? "" : ", the nearest";
     sText += NameFollowed(oMap, oAnswer.m_auiFollowed);
     if (const unsigned int uiOthers = oAnswer.m_auiOthers.GetCount(); uiOthers != 0)
@@ -140,17 +159,21 @@ std::string ParseSetting(const std::string& sText, SSetting& oSetting)
     return ParseField(sText.substr(0, uiEquals), oSetting);
 }
 
-std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote)
+std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote,
+                     bool bNew)
 {
     const std::string sField = NameField(oWriter.GetMap(), uiField);
+    const CBytes aui8Before = ReadBits(oWriter.GetMap(), uiField);
     CZorEdidWriter::SAnswer oAnswer;
     if (oWriter.Set(uiField, sValue.c_str(), oAnswer) == 0)
     {
         return sField + ": " + static_cast<const char*>(oAnswer.m_oReason);
     }
-    const bool bSame = oAnswer.m_oBefore == oAnswer.m_oAfter && oAnswer.m_auiFollowed.GetCount() == 0;
+    const bool bSame = oAnswer.m_oBefore == oAnswer.m_oAfter && aui8Before == ReadBits(oWriter.GetMap(), uiField);
     sNote = sField + ": " +
-            (bSame ? "is " + std::string(oAnswer.m_oAfter) + " already" : DescribeAnswer(oAnswer, oWriter.GetMap()));
+            (bSame ? "is " + std::string(oAnswer.m_oAfter) + (bNew ? "" : " already") +
+                         NameFollowed(oWriter.GetMap(), oAnswer.m_auiFollowed)
+                   : DescribeAnswer(oAnswer, oWriter.GetMap(), bNew));
     return "";
 }
 

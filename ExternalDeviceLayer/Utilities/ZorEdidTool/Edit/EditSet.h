@@ -28,8 +28,10 @@ std::string NameField(const CZorEdidMap& oMap, unsigned int uiField);
 std::string NameFollowed(const CZorEdidMap& oMap, const CZorEdidWriter::CFields& auiFollowed);
 
 // Sets a leaf to a value as CZorEdidWriter::Set takes it. Empty, or the reason of a refusal, which changes nothing.
-// sNote says what the value was, what it became, and which checksums followed. Both begin with the field.
-std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote);
+// sNote says what the value was, what it became, and which checksums followed. Both begin with the field. bNew: the
+// edit has just made the field, so that what it was means nothing.
+std::string SetField(CZorEdidWriter& oWriter, unsigned int uiField, const std::string& sValue, std::string& sNote,
+                     bool bNew = false);
 
 // Empty, or why no field is meant.
 std::string FindSetting(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned int& uiField);

@@ -53,7 +53,12 @@ std::vector<std::string> NameNewFindings(const std::vector<SFinding>& aoBefore, 
     return asNew;
 }
 
-CFieldEdits::CFieldEdits(const CBytes& aui8Image) { Read(aui8Image); }
+CFieldEdits::CFieldEdits(const CBytes& aui8Image, const CBytes& aui8Read)
+{
+    Read(aui8Image);
+    m_oRead.Read(CountBytes(aui8Read), aui8Read.data());
+    m_oBegun.Read(CountBytes(aui8Image), aui8Image.data());
+}
 
 void CFieldEdits::Read(const CBytes& aui8Image) { m_oParts.Read(CountBytes(aui8Image), aui8Image.data()); }
 
@@ -82,13 +87,26 @@ bool CFieldEdits::IsFound(std::initializer_list<EZorEdidRule> aeRules) const
 
 // ---- Fields ----
 
+// Whether the edit that goes on has made the field, alone or with what it lies in.
+bool CFieldEdits::IsNew(unsigned int uiField) const
+{
+    for (unsigned int i = uiField; i != CZorEdidMap::msc_uiNone; i = GetMap().GetField(i).m_uiGroup)
+    {
+        if (m_oBegun.CountFields(GetMap().GetField(i).m_eId) == 0)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
 std::string CFieldEdits::SetBy(unsigned int uiField, const std::string& sValue)
 {
     CZorEdidWriter oWriter;
     const CBytes aui8Before = GetBytes();
     oWriter.Read(CountBytes(aui8Before), aui8Before.data());
     std::string sNote;
-    std::string sProblem = SetField(oWriter, uiField, sValue, sNote);
+    std::string sProblem = SetField(oWriter, uiField, sValue, sNote, IsNew(uiField));
     if (sProblem.empty())
     {
         Read({ oWriter.GetMap().GetData(), oWriter.GetMap().GetData() + oWriter.GetMap().GetSize() });
@@ -103,6 +121,7 @@ std::string CFieldEdits::Do(const CNamedEdit& fnEdit)
     const CBytes aui8Before = GetBytes();
     const bool bCta = Has(eZorEdidField_Cta);
     const bool bOneNative = GetNumber(eZorEdidField_CtaNativeCount) == 1;
+    m_oBegun.Read(CountBytes(aui8Before), aui8Before.data());
     std::string sProblem = fnEdit(*this);
     sProblem = sProblem.empty() && HasOtherPreferred(aui8Before) ? ClearNative(bOneNative) : sProblem;
     // Of the images with CTA-861 alone a rule asks for 640x480.
@@ -189,6 +208,37 @@ std::string CFieldEdits::NameWithValue(unsigned int uiField) const
     return NameField(GetMap(), uiField) + (sValue.empty() ? "" : " " + sValue);
 }
 
+// By the ids that another call takes. What this call has added is no part of the image that it would get.
+std::string CFieldEdits::NameRemovable(const CZorEdidParts::SAnswer& oAnswer) const
+{
+    constexpr unsigned int uiMostNamed = 4;
+    std::set<unsigned int> oNamed; // fields of the image that was read
+    std::string sText;
+    for (unsigned int i = 0; i < oAnswer.m_auiRemovable.GetCount() && oNamed.size() < uiMostNamed; ++i)
+    {
+        const CZorEdidMap::SField& oField = GetMap().GetField(oAnswer.m_auiRemovable[i]);
+        const unsigned char* pui8Part = GetMap().GetData() + oField.m_uiOffset;
+        const unsigned int uiCount = m_oRead.CountFields(oField.m_eId);
+        for (unsigned int uiNumber = 0; uiNumber < uiCount; ++uiNumber)
+        {
+            const unsigned int uiRead = m_oRead.FindField(oField.m_eId, uiNumber);
+            const CZorEdidMap::SField& oRead = m_oRead.GetField(uiRead);
+            const unsigned char* pui8Read = m_oRead.GetData() + oRead.m_uiOffset;
+            if (std::equal(pui8Read, pui8Read + oRead.m_uiLength, pui8Part, pui8Part + oField.m_uiLength) &&
+                oNamed.insert(uiRead).second)
+            {
+                const std::string sValue = static_cast<const char*>(m_oRead.GetValue(uiRead));
+                sText += sText.empty() ? "; one of these could go: " : ", ";
+                sText += CZorEdidMap::GetId(oField.m_eId);
+                sText += uiCount > 1 ? "[" + std::to_string(uiNumber) + "]" : "";
+                sText += sValue.empty() ? "" : " (" + sValue + ")";
+                break;
+            }
+        }
+    }
+    return sText;
+}
+
 // fnDo does one step of CZorEdidParts and gives its result.
 template <class DO>
 std::string CFieldEdits::EditParts(DO fnDo, const char* pszDone)
@@ -197,7 +247,7 @@ std::string CFieldEdits::EditParts(DO fnDo, const char* pszDone)
     const unsigned int uiBlockMaps = GetMap().CountFields(eZorEdidField_BlockMap);
     if (fnDo(oAnswer) == 0)
     {
-        return static_cast<const char*>(oAnswer.m_oReason);
+        return static_cast<const char*>(oAnswer.m_oReason) + NameRemovable(oAnswer);
     }
     if (oAnswer.m_uiField != CZorEdidMap::msc_uiNone)
     {

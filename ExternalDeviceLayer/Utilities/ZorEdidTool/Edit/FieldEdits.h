@@ -20,7 +20,10 @@ std::vector<std::string> NameNewFindings(const std::vector<SFinding>& aoBefore, 
 class CFieldEdits
 {
 public:
-    explicit CFieldEdits(const CBytes& aui8Image);
+    // aui8Read: the image that the user has, where other edits have changed it; its parts are those that could go for
+    // new ones.
+    explicit CFieldEdits(const CBytes& aui8Image) : CFieldEdits(aui8Image, aui8Image) {}
+    CFieldEdits(const CBytes& aui8Image, const CBytes& aui8Read);
 
     const CZorEdidMap& GetMap() const { return m_oParts.GetMap(); }
     CBytes GetBytes() const;
@@ -84,6 +87,8 @@ public:
 
 private:
     std::string NameWithValue(unsigned int uiField) const;
+    std::string NameRemovable(const CZorEdidParts::SAnswer& oAnswer) const;
+    bool IsNew(unsigned int uiField) const;
     template <class DO>
     std::string EditParts(DO fnDo, const char* pszDone);
     std::string NameSome(const std::vector<unsigned int>& auiFields) const;
@@ -96,6 +101,8 @@ private:
     std::string AddBehindMovedTiming(const CBytes& aui8Bytes, const SWhere& oWhere);
 
     CZorEdidParts m_oParts;
+    CZorEdidMap m_oRead;  // the image that the user has
+    CZorEdidMap m_oBegun; // before the edit that goes on
     std::vector<std::string> m_asNotes;
     std::vector<std::string> m_asSame; // fields that had their value already
 };

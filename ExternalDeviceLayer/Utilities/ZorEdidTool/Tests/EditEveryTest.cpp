@@ -22,6 +22,7 @@
 #include "FieldEdits.h"
 #include "Messages.h"
 #include "TestBytes.h"
+#include "TextFormat.h"
 #include "ZorEdidMap.h"
 #include "ZorEdidModes.h"
 
@@ -357,6 +358,21 @@ CRule Becomes(const CTexts& asExpected)
     return [asExpected](const CTexts&, const CTexts& asAfter) { return asAfter == asExpected; };
 }
 
+// Of texts of hexadecimal digits, all together.
+CRule DiffersInBytes(unsigned int uiMost)
+{
+    return [uiMost](const CTexts& asBefore, const CTexts& asAfter) {
+        const std::string sBefore = JoinTexts(asBefore);
+        const std::string sAfter = JoinTexts(asAfter);
+        unsigned int uiDigits = 0;
+        for (size_t i = 0; i < std::min(sBefore.size(), sAfter.size()); ++i)
+        {
+            uiDigits += sBefore[i] != sAfter[i] ? 1U : 0U;
+        }
+        return sBefore.size() == sAfter.size() && uiDigits <= 2 * uiMost;
+    };
+}
+
 // The number of native timings, when one at this place goes.
 CRule LoweredAbove(unsigned int uiPlace)
 {
@@ -614,9 +630,23 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
     TryValues(sImage, aui8Image, eEdit_AudioAdd, { "pcm,8ch,32+44.1+48+192,16+24", "ac3,6ch,48,640kbps" }, oAudioAdd);
     TryValues(sImage, aui8Image, eEdit_Speakers, { "FL/FR+LFE+FC+RL/RR" }, oSpeakers);
     TryValues(sImage, aui8Image, eEdit_Speakers, { "none" }, oNoSpeakers);
-    TryValues(sImage, aui8Image, eEdit_Serial, { "0x01020304" }, { { "serial", Becomes({ "04030201" }) } });
     const unsigned char ui8Input = static_cast<unsigned char>((aui8Image[20] & 0x8F) | 0x40);
-    TryValues(sImage, aui8Image, eEdit_ColorDepth, { "12" }, { { "input", Becomes({ Hex(&ui8Input, 1) }) } });
+    CNamed oSerial = { { "serial", Becomes({ "04030201" }) } };
+    CNamed oDepth = { { "input", Becomes({ Hex(&ui8Input, 1) }) } };
+    for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
+    {
+        constexpr unsigned int uiChecksums = 2; // of the section and of the block
+        if (aui8Image[i * gsc_uiBlockSize] == 0x70)
+        {
+            for (const char* pszName : { "bytes ", "parts " })
+            {
+                oSerial[pszName + std::to_string(i)] = DiffersInBytes(uiChecksums + 4);
+                oDepth[pszName + std::to_string(i)] = DiffersInBytes(uiChecksums + 1);
+            }
+        }
+    }
+    TryValues(sImage, aui8Image, eEdit_Serial, { "0x01020304" }, oSerial);
+    TryValues(sImage, aui8Image, eEdit_ColorDepth, { "12" }, oDepth);
     CNamed oPreferred = { { "detailed 0", Replaced(0) },
                           { "display descriptors", AreOnlyLimitsWider },
                           { "identity", IsOnlyNativeCleared } };

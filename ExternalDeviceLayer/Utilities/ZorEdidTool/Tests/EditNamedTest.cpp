@@ -17,6 +17,7 @@
 #include "Findings.h"
 #include "SharedFiles.h"
 #include "TextFormat.h"
+#include "ZorEdidFacts.h"
 
 namespace
 {
@@ -236,6 +237,133 @@ TEST_F(EditNamed, NewPreferredTimingIsNotNative)
         EXPECT_EQ(oCase.m_bNative ? 1 : 0, oFields.GetNumber(eZorEdidField_CtaNativeCount));
         EXPECT_EQ(oCase.m_bNative, JoinTexts(oFields.TakeNotes()).find("is not called native") == std::string::npos);
     }
+}
+
+// Product, display parameters and colours: serial number 5, 8 bits, CIE 1931.
+CBytes MakeDisplayId1()
+{
+    return MakeEdid(
+        { MakeDisplayIdBlock(Join({ MakeDataBlock(0, 0, ParseBytes("41 42 43 01 00 05 00 00 00 01 14 00")),
+                                    MakeDataBlock(1, 0, ParseBytes("00 14 C0 0D 80 07 38 04 00 78 4E 77")),
+                                    MakeDataBlock(2, 0, ParseBytes("31 3D 8A 54 CD 04 99 66 92 09 01 05 55")) })) });
+}
+
+// Display parameters of version 2: 8 bits, CIE 1976, one colour for all.
+CBytes MakeDisplayId2()
+{
+    return MakeEdid({ MakeDisplayIdBlock(
+        MakeDataBlock(0x21, 0, ParseBytes("00 14 C0 0D 80 07 38 04 40 3D 8A 54 3D 8A 54 3D 8A 54 3D 8A 54 00*6 12 78")),
+        UINT_MAX, 0x20) });
+}
+
+// A CTA-861 block of HDMI with six timings and 7 bytes left.
+CBytes MakeFullHdmi()
+{
+    CBytes aui8Cta = ParseBytes("02 03 0C 30 67 03 0C 00 10 00 F8 3C");
+    for (unsigned int i = 0; i < 6; ++i)
+    {
+        Append(aui8Cta, Detailed1080p());
+    }
+    aui8Cta.resize(gsc_uiBlockSize);
+    return MakeEdid({ FixChecksums(aui8Cta) });
+}
+
+CBytes MakePreferringDisplayId()
+{
+    CBytes aui8Record = Type1Record1080p();
+    aui8Record[3] = 0x80;
+    return MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(3, 1, aui8Record)) });
+}
+
+CBytes MakeOldImage()
+{
+    CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    aui8Image[0x13] = 0;
+    aui8Image[0x18] = 0;
+    return FixChecksums(aui8Image);
+}
+
+// What follows from an edit is done or said, and what was not there has no value before.
+TEST_F(EditNamed, SaysWhatFollows)
+{
+    const struct
+    {
+        CBytes m_aui8Image;
+        const char* m_pszOption;
+        const char* m_pszValue;
+        const char* m_pszSaid; // in a note or in the refusal
+        const char* m_pszUnsaid = "internal";
+    } aoCases[] = {
+        { MakeDisplayId1(), "--serial", "77", "Serial number: 5 became 77" },
+        { MakeDisplayId1(), "--color-depth", "12", "overall: 8 bits per color became 12 bits" },
+        { MakeDisplayId1(), "--color-depth", "6", "native: 8 bits per color became 6 bits", "overall" },
+        { MakeDisplayId1(), "--color-depth", "undefined", "DisplayID still says 8 bits per color: " },
+        { MakeDisplayId1(), "--chromaticities", "p3", "> y: 0.3320 became 0.3289", "still says" },
+        { MakeDisplayId2(), "--color-depth", "10", "native: 8 bits per color became 10 bits per color" },
+        { MakeDisplayId2(), "--color-depth", "14", "DisplayID still says 8 bits per color: " },
+        { MakeDisplayId2(), "--chromaticities", "srgb", "Primary color 1 x: 0.6399 became 0.4507" }, // u' of red
+        { MakeEdid({ MakeCeaBlock() }), "--tmds", "300", "Max_TMDS_Clock: is 300 MHz", "became" },
+        { MakeEdid({ MakeCeaBlock() }), "--add-hdr", "pq", "SMPTE ST 2084: is yes", "became" },
+        { MakeEdid({ MakeCeaBlock() }), "--frl", "6x4", "the base block says that the input is DisplayPort" },
+        { MakeFullHdmi(), "--frl", "6x4", "it made room in block 1" },
+        { MakePreferringDisplayId(), "--add-mode", "1280x1024@75,preferred", "DisplayID still prefers" },
+        { MakeOldImage(), "--add-mode", "1280x1024@75,preferred", "Preferred timing mode: no became yes" },
+        { MakeOldImage(), "--date", "54/2020", "before EDID 1.4 weeks are 1 to 53" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(std::string(oCase.m_pszOption) + " " + oCase.m_pszValue);
+        CFieldEdits oFields(oCase.m_aui8Image);
+        const std::string sProblem = Do(oFields, oCase.m_pszOption, oCase.m_pszValue);
+        const std::string sSaid = sProblem + JoinTexts(oFields.TakeNotes());
+        EXPECT_NE(std::string::npos, sSaid.find(oCase.m_pszSaid)) << sSaid;
+        EXPECT_EQ(std::string::npos, sSaid.find(oCase.m_pszUnsaid)) << sSaid;
+    }
+}
+
+// A full base block: DisplayID takes the timing where the image has no CTA-861, and a refusal names what the image had
+// before the call, but not its preferred timing.
+TEST_F(EditNamed, FullBaseBlocks)
+{
+    const char szString[] = "base.string=000000FE004100000000000000000000000A";
+    CFieldEdits oFields(MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(3, 1, Type1Record1080p())) }));
+    ASSERT_EQ("", Do(oFields, "--name", "A"));
+    ASSERT_EQ("", Do(oFields, "--serial-text", "B"));
+    ASSERT_EQ("", Do(oFields, "--range-limits", "24-144Hz,30-222kHz,600MHz"));
+    ASSERT_EQ("", Do(oFields, "--add-mode", "1600x900@60,cvt-rb"));
+    EXPECT_FALSE(oFields.Has(eZorEdidField_Cta));
+    EXPECT_EQ(2U, oFields.GetMap().CountFields(eZorEdidField_DisplayidType1Timing));
+    EXPECT_EQ("18 bytes lack in block 0", Do(oFields, "--add", szString));
+    CFieldEdits oAgain(oFields.GetBytes());
+    EXPECT_EQ("18 bytes lack in block 0; one of these could go: base.name (A), base.serial (B), "
+              "base.range (24 to 144 Hz, 30 to 222 kHz)",
+              Do(oAgain, "--add", szString));
+}
+
+// A first DisplayID section says no less than the image did, and a further one has the version of the first.
+TEST_F(EditNamed, NewDisplayIdBlocks)
+{
+    const auto fnDepths = [](const CFieldEdits& oFields) {
+        CZorEdidFacts oFacts;
+        oFacts.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+        const auto& aoDepths = oFacts.GetColour().m_aoDepths;
+        return CBytes{ aoDepths[0].m_oValue, aoDepths[1].m_oValue, aoDepths[2].m_oValue };
+    };
+    CFieldEdits oFields(MakeFullHdmi()); // 48 bits a pixel, also in YCbCr 4:4:4
+    const CBytes aui8Before = fnDepths(oFields);
+    EXPECT_NE(0, aui8Before[1] & CZorEdidFacts::eDepth_16);
+    ASSERT_EQ("", Do(oFields, "--tile", "2x1,1x0,1920x2160"));
+    EXPECT_EQ(aui8Before, fnDepths(oFields));
+
+    CBytes aui8Records;
+    for (unsigned int i = 0; i < 5; ++i)
+    {
+        Append(aui8Records, Type1Record1080p());
+    }
+    CFieldEdits oFull(MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(0x22, 0, aui8Records), UINT_MAX, 0x20) }));
+    ASSERT_EQ("", Do(oFull, "--tile", "2x1,1x0,1920x2160"));
+    ASSERT_EQ(3 * gsc_uiBlockSize, oFull.GetMap().GetSize());
+    EXPECT_EQ(0x20, oFull.GetBytes()[2 * gsc_uiBlockSize + 1]);
 }
 
 using CRules = std::map<std::string, unsigned int>;

@@ -58,7 +58,7 @@ _zoredid_value()
   mapfile -t COMPREPLY < <(compgen -P "$head$before" -W "$line" -- "${word#"$before"}")
 }
 
-# The names that the field after --set takes, in the image that is on the line; of a flag no and yes in any case. False
+# The names that the field after --set takes, in the image that is on the line; without one no and yes of a flag. False
 # where no value is completed. Names have blanks and colons, at which COMP_WORDS may be cut, so the line is read.
 _zoredid_field_value()
 {
@@ -68,12 +68,12 @@ _zoredid_field_value()
   [[ $line =~ $form ]] || return 1
   head=${BASH_REMATCH[1]} field=${BASH_REMATCH[2]%%[*} typed=${BASH_REMATCH[3]}
   [[ $typed == [\"\']* || ! $typed =~ (^|[^\\])\  ]] || return 1 # a word after the value
-  if grep -q "^$field  *flag " <<< "$("${COMP_WORDS[0]}" explain --ids 2> /dev/null)"; then
+  [[ $field == [a-z]* ]] || return 0 # of a place the byte alone would be known
+  for i in "${COMP_WORDS[@]:1}"; do
+    [[ ! -f $i || -n $names ]] || names=$("${COMP_WORDS[0]}" explain --values --at "$field" "$i" 2> /dev/null) || true
+  done
+  if [[ -z $names ]] && grep -q "^$field  *flag " <<< "$("${COMP_WORDS[0]}" explain --ids 2> /dev/null)"; then
     names=$'no\nyes'
-  elif [[ $field == [a-z]* ]]; then
-    for i in "${COMP_WORDS[@]:1}"; do
-      [[ ! -f $i || -n $names ]] || names=$("${COMP_WORDS[0]}" explain --values --at "$field" "$i" 2> /dev/null)
-    done
   fi
   [[ $word != [=:] ]] || word=''
   while [[ -n $names ]] && read -r name; do

@@ -122,11 +122,20 @@ void AddBlockNumber(const CFindings& /*oFindings*/, SZorFinding& oFinding)
 void AddRightTag(const CFindings& oFindings, SZorFinding& oFinding)
 {
     const unsigned int uiBlock = oFindings.GetMap().GetField(oFinding.m_uiField).m_uiIndex; // of a tag in a block map
-    const unsigned int uiTag = uiBlock * gsc_uiBlockSize;
-    if (uiTag < oFindings.GetMap().GetSize())
+    const unsigned int uiOffset = uiBlock * gsc_uiBlockSize;
+    if (uiOffset >= oFindings.GetMap().GetSize())
     {
-        oFinding.m_sExpected.Format("%u for block %u", oFindings.GetByte(uiTag), uiBlock);
+        return;
     }
+    const unsigned int uiTag = oFindings.GetByte(uiOffset);
+    if (CMap::GetBlockKind(uiTag) != nullptr)
+    {
+        oFinding.m_sExpected.Format("%u for block %u", uiTag, uiBlock);
+        return;
+    }
+    // The block is wrong rather than the map.
+    oFinding.m_sFound.AppendFormat(", and tag 0x%02x at ", uiTag);
+    oFinding.m_sFound += DescribePlace(uiOffset);
 }
 
 void AddHeader(const CFindings& /*oFindings*/, SZorFinding& oFinding)

@@ -354,6 +354,10 @@ TEST(CheckRules, NumbersAreFoundAndExpected)
         { eZorEdidRule_DisplayIdSections, WithChange(MakeSection("00 01 0F"), 0x84, 2), "2 sections", "0 sections" },
         { eZorEdidRule_DisplayIdShort, MakeSection("00 01 0F"), "1 byte", "at least 12 bytes" },
         { eZorEdidRule_BlocksMissing, With(MakeImage("41 01"), 0x7E, "03"), "1 block", "3 blocks" },
+        { eZorEdidRule_BlockMapTag, MakeEdid({ ParseBytes("F0 70 ..128"), MakeCta("41 01") }),
+          "112 (DisplayID extension)", "2 for block 2" },
+        { eZorEdidRule_BlockMapTag, MakeEdid({ ParseBytes("F0 02 ..128"), ParseBytes("9A 03 ..128") }),
+          "2 (CTA-861 extension), and tag 0x9a at block 2 offset 0x00", "" },
         { eZorEdidRule_ModeBeyondTmds, MakeImage(gsc_szHdmiFast),
           "297.00 MHz of 1920 x 1080 @ 120 Hz at block 1 offset 0x05", "at most 165.00 MHz" },
     };

@@ -675,6 +675,7 @@ class Images(FolderCase):
         self.assertEqual((0, "", "%s: block 2 offset 0x00: note: %s [input.several-edids]" % (first, self.HOLDS)),
                          (status, error, out.decode().splitlines()[0]))
         self.assertIn(b"\n2 images: 2 clean", out)
+        self.assertNotIn(b"[input.several-edids]", run("check", self.alone)[1])
         (result,) = json.loads(run("check", "--sarif", self.two)[1])["runs"][0]["results"]
         self.assertEqual({"byteOffset": 256, "byteLength": 128}, result["locations"][0]["physicalLocation"]["region"])
         documents = [json.loads(line) for line in run("show", "--jsonl", self.two, self.alone)[1].splitlines()]

@@ -68,6 +68,10 @@ def pq(code):
     return 10000 * (max(power - 0.8359375, 0) / (18.8515625 - 18.6875 * power)) ** (1 / 0.1593017578125)
 
 
+def text_of(descriptor):
+    return plain(descriptor[5:].split(b"\n")[0].decode("latin-1"))
+
+
 def is_of_library(case):
     """The library says negative for both where the sync is not digital and separate."""
     words = [word for word in case.own.values if not re.search("size|polarity", word)]
@@ -112,8 +116,8 @@ def is_after_list(case):
     said = case.peer.values
     parts = [case.block[i:i + 18] for i in range(case.block[2], BLOCK_SIZE - 18, 18)]
     for part in itertools.dropwhile(lambda part: any(part[:2]), parts):
-        is_same = (part[:3] == bytes(3) and part[3] > 0xFB and "text" in said and plain(said["text"])
-                   == plain(part[5:].split(b"\n")[0].decode("latin-1")))
+        is_same = (part[:3] == bytes(3) and part[3] > 0xFB and "text" in said
+                   and plain(said["text"]) == text_of(part))
         clock = float(said.get("pixel-clock") or said.get("clock") or 0)
         if is_same or clock and part[0] + 256 * part[1] == round(clock * 100):
             return case.own is None and case.block[0] == CTA
@@ -219,7 +223,7 @@ EXCUSES = (
     ("panel-flags", "here", "(mode:)?base.detailed|library.detailed", "size|rate|", is_scanned_as_first),
     ("panel-texts", "here", "base.string", "",
      lambda case: case.peer is None and plain(case.own.values["text"]) in [
-         plain(case.image[at + 5:at + 18].split(b"\n")[0].decode("latin-1")) for at in (90, 108)]),
+         text_of(case.image[at:at + 18]) for at in (90, 108)]),
     ("vendor-id-order", "here", "displayid.vendor", "id",
      lambda case: case.ours.split("-") == [f"{case.byte(i):02X}" for i in (3, 4, 5)] == case.theirs.split("-")[::-1]),
     ("hdr10plus-byte", "here", "cta.hdr10-plus", "application-version",
@@ -284,7 +288,7 @@ EXCUSES = (
      lambda case: case.image[18] != 1),
     ("range-before-1.4", "neither", "base.range", ".*",
      lambda case: case.ours is None and case.image[19] < 4 and case.image[case.own.begin + 10] > 2),
-    ("displayid-version", "neither", "end|(mode:)?displayid.*", ".*",
+    ("displayid-version", "neither", "end|(mode:)?(cta|displayid).*", ".*",
      lambda case: case.ours is None and case.block[0] == DISPLAYID and case.block[1] >> 4 not in (1, 2)),
     ("no-luminance", "here", "cta.hdr-static", ".*luminance",
      lambda case: case.ours is None and 0 in (case.stored(case.word), case.stored("max-luminance"))),

@@ -433,7 +433,7 @@ std::string ParseYCbCr420(const std::string& sText, CNamedEdit& fnEdit)
     {
         if (!ParseNumber(sVic, auiVics.emplace_back()) || auiVics.back() == 0 || auiVics.back() > uiMost)
         {
-            return "'" + sVic + "' is not a video code";
+            return "'" + sVic + "' is not a video code, 1 to 253";
         }
     }
     fnEdit = [auiVics](CFieldEdits& oFields) {

@@ -659,6 +659,20 @@ ZOR_ELEMENT(size_t, conflict_taken_offset, FindConflict, o.m_ui16Taken)
 ZOR_ELEMENT(uint32_t, conflict_other_id, FindConflict, o.m_eOther)
 ZOR_ELEMENT(size_t, conflict_other_offset, FindConflict, o.m_ui16Other)
 
+size_t zoredid_facts_get_unread(const zoredid_facts* facts, char* buffer, size_t size)
+{
+    size_t uiLength = CopyText("", 0, buffer, size);
+    if (facts != nullptr && facts->m_bRead)
+    {
+        Guard([&] {
+            const CMString sText = facts->Get().GetUnreadText();
+            uiLength = CopyText(sText, static_cast<size_t>(sText.GetLength()), buffer, size);
+            return ZOREDID_OK;
+        });
+    }
+    return uiLength;
+}
+
 size_t zoredid_get_maker_name(const char* letters, char* buffer, size_t size)
 {
     size_t uiLength = CopyText("", 0, buffer, size);

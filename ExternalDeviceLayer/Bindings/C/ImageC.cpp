@@ -69,7 +69,7 @@ const char* zoredid_status_get_text(zoredid_status status)
         "no memory",
         "too few bytes or too many",
         "the file cannot be read",
-        "the value is refused",
+        "the edit is refused",
         "the image has no such field"
     };
     static_assert(std::size(apszTexts) == ZOREDID_ERROR_NO_FIELD + 1);

@@ -90,13 +90,25 @@ bool HasField(const zoredid_writer* poWriter, size_t uiField)
     return uiField < zoredid_map_get_count(zoredid_writer_get_map(poWriter));
 }
 
-bool IsKind(const char* pszId, const void* pvBytes, size_t uiBytes)
+bool HasBytes(const void* pvBytes, size_t uiBytes)
 {
-    return pszId != nullptr && zoredid_id_find(pszId) != 0 && (pvBytes != nullptr || uiBytes == 0) &&
-           uiBytes <= INT_MAX;
+    return (pvBytes != nullptr || uiBytes == 0) && uiBytes <= INT_MAX;
 }
 
-EZorEdidField ToField(const char* pszId) { return static_cast<EZorEdidField>(zoredid_id_find(pszId)); }
+// An edit of a list of a kind, which a text names.
+template <class EDIT>
+zoredid_status EditList(zoredid_writer* poWriter, const char* pszId, bool bGood, const EDIT& fnEdit)
+{
+    return EditParts(poWriter, pszId != nullptr && bGood, [&](auto& oParts, auto& oAnswer) {
+        const auto eId = static_cast<EZorEdidField>(zoredid_id_find(pszId));
+        if (eId == eZorEdidField_None)
+        {
+            oAnswer.m_oReason = "no field has this id";
+            return 0;
+        }
+        return fnEdit(oParts, eId, oAnswer);
+    });
+}
 
 // Higher than any block or place where it is not ZOREDID_NONE and does not fit.
 unsigned int ToPlace(size_t uiPlace)
@@ -221,9 +233,13 @@ const unsigned char* zoredid_writer_get_data(const zoredid_writer* writer, size_
 
 zoredid_status zoredid_writer_add_block(zoredid_writer* writer, uint32_t tag, const void* data, size_t place)
 {
-    const auto* const pui8Block = static_cast<const unsigned char*>(data);
-    const bool bGood = tag != 0 && tag <= UCHAR_MAX && (pui8Block == nullptr || *pui8Block == tag);
-    return EditParts(writer, bGood, [&](auto& oParts, auto& oAnswer) {
+    return EditParts(writer, true, [&](auto& oParts, auto& oAnswer) {
+        const auto* const pui8Block = static_cast<const unsigned char*>(data);
+        if (tag == 0 || tag > UCHAR_MAX || (pui8Block != nullptr && *pui8Block != tag))
+        {
+            oAnswer.m_oReason = "the tag of an extension block is 1 to 255, and its first byte";
+            return 0;
+        }
         const unsigned int uiSize = pui8Block != nullptr ? ZorStandards::gsc_uiBlockSize : 0;
         return oParts.AddBlock(tag, uiSize, pui8Block, ToWhere(ZOREDID_NONE, place), oAnswer);
     });
@@ -246,18 +262,17 @@ zoredid_status zoredid_writer_add_descriptor(zoredid_writer* writer, const void*
 zoredid_status zoredid_writer_add_data_block(zoredid_writer* writer, const char* id, const void* payload, size_t size,
                                              size_t block, size_t place)
 {
-    return EditParts(writer, IsKind(id, payload, size), [&](auto& oParts, auto& oAnswer) {
-        return oParts.AddDataBlock(ToField(id), static_cast<unsigned int>(size), ToBytes(payload),
-                                   ToWhere(block, place), oAnswer);
+    return EditList(writer, id, HasBytes(payload, size), [&](auto& oParts, auto eId, auto& oAnswer) {
+        return oParts.AddDataBlock(eId, static_cast<unsigned int>(size), ToBytes(payload), ToWhere(block, place),
+                                   oAnswer);
     });
 }
 
 zoredid_status zoredid_writer_add_item(zoredid_writer* writer, const char* id, const void* item, size_t size,
                                        size_t block, size_t place)
 {
-    return EditParts(writer, IsKind(id, item, size), [&](auto& oParts, auto& oAnswer) {
-        return oParts.AddItem(ToField(id), static_cast<unsigned int>(size), ToBytes(item), ToWhere(block, place),
-                              oAnswer);
+    return EditList(writer, id, HasBytes(item, size), [&](auto& oParts, auto eId, auto& oAnswer) {
+        return oParts.AddItem(eId, static_cast<unsigned int>(size), ToBytes(item), ToWhere(block, place), oAnswer);
     });
 }
 
@@ -278,6 +293,11 @@ zoredid_status zoredid_writer_move(zoredid_writer* writer, size_t index, size_t 
 size_t zoredid_writer_get_part(const zoredid_writer* writer)
 {
     return writer != nullptr ? ToIndex(writer->m_oOfParts.m_uiField) : ZOREDID_NONE;
+}
+
+size_t zoredid_writer_get_new_block(const zoredid_writer* writer)
+{
+    return writer != nullptr ? writer->m_oOfParts.m_uiNewBlock : 0;
 }
 
 size_t zoredid_writer_get_lacking(const zoredid_writer* writer)

@@ -679,6 +679,12 @@ ZOREDID_API uint32_t zoredid_facts_get_conflict_other_id(const zoredid_facts* fa
 ZOREDID_API size_t zoredid_facts_get_conflict_other_offset(const zoredid_facts* facts, size_t index);
 
 /**
+ * Why the image may say what its facts do not have: "the image ends before block 2". Written to buffer as
+ * zoredid_map_get_value does; 0 where all its blocks were read whole. What is not said is not known then.
+ */
+ZOREDID_API size_t zoredid_facts_get_unread(const zoredid_facts* facts, char* buffer, size_t size);
+
+/**
  * The maker's name for three letters: of the system's list (hwdata's pnp.ids), or the library's own where that has no
  * such row. Reads the list at each call. Written to buffer as zoredid_map_get_value does; 0 for unknown letters.
  */
@@ -1118,7 +1124,7 @@ ZOREDID_API const char* zoredid_writer_get_before(const zoredid_writer* writer, 
 ZOREDID_API const char* zoredid_writer_get_after(const zoredid_writer* writer, size_t* length);
 /** Of a refusal, with what is allowed. */
 ZOREDID_API const char* zoredid_writer_get_reason(const zoredid_writer* writer, size_t* length);
-/** The checksums that were changed, as indexes of the present map. */
+/** The checksums, and of parts the lengths, counts and places, that changed with it, as indexes of the present map. */
 ZOREDID_API size_t zoredid_writer_get_followed_count(const zoredid_writer* writer);
 /** Each of them, by an index below the count. */
 ZOREDID_API size_t zoredid_writer_get_followed(const zoredid_writer* writer, size_t index);
@@ -1142,28 +1148,32 @@ ZOREDID_API const unsigned char* zoredid_writer_get_data(const zoredid_writer* w
  * all fields may have other indexes.
  *
  * block is the number of the block that takes the part, 0 for the base block; ZOREDID_NONE for the first one with room,
- * and for a further extension block where there is none. place counts from 0 among the like of the part in its block;
- * ZOREDID_NONE is after the last one. Ids are those of the map.
+ * and for a further extension block where there is none (zoredid_writer_get_new_block). EDID 1.3 asks for a block map
+ * beside two extension blocks: where it lacks, it becomes block 1, and others follow it. place counts from 0 among the
+ * like of the part in its block; ZOREDID_NONE, and what is beyond the end of a list, is after the last one. Ids are
+ * those of the map; one that does not exist is refused.
+ *
+ * Parts are edited as asked: the preferred timing goes like others, and a payload may say what no display can mean.
+ * zoredid_check says what is wrong then.
  */
 
 /**
- * An extension block of 128 bytes, whose first one is the tag, or without bytes (null) an empty one; place 1 is that
- * after the base block. At most 127.
+ * An extension block of 128 bytes, whose first one is the tag, 1 to 255, or without bytes (null) an empty one. place is
+ * among all blocks, from 1, which is refused beyond the last one. At most 127 extension blocks.
  */
 ZOREDID_API zoredid_status zoredid_writer_add_block(zoredid_writer* writer, uint32_t tag, const void* data,
                                                     size_t place);
 /** A standard timing of the base block, 2 bytes. */
 ZOREDID_API zoredid_status zoredid_writer_add_standard(zoredid_writer* writer, const void* data, size_t place);
 /**
- * A detailed timing or a display descriptor, 18 bytes. A timing for which the base block has no room goes to a CTA-861
- * block.
+ * A detailed timing or a display descriptor, 18 bytes. The base block has room where a descriptor is a dummy (tag 10h);
+ * else a timing goes to a CTA-861 block. That takes a display descriptor, too, where few readers look for one.
  */
 ZOREDID_API zoredid_status zoredid_writer_add_descriptor(zoredid_writer* writer, const void* data, size_t block,
                                                          size_t place);
 /**
  * A data block of the kind with an id, such as "cta.hdr-static" or "displayid.tiled". The payload is what follows its
- * header, its extended tag and its OUI; null for one without bytes. ZOREDID_ERROR_ARGUMENT of an id that does not
- * exist.
+ * header, its extended tag and its OUI, and begins with the OUI for "cta.vendor"; null for one without bytes.
  */
 ZOREDID_API zoredid_status zoredid_writer_add_data_block(zoredid_writer* writer, const char* id, const void* payload,
                                                          size_t size, size_t block, size_t place);
@@ -1175,13 +1185,18 @@ ZOREDID_API zoredid_status zoredid_writer_add_item(zoredid_writer* writer, const
                                                    size_t size, size_t block, size_t place);
 /** The part that the field with an index is, or is in. A data block goes with its last item. */
 ZOREDID_API zoredid_status zoredid_writer_remove(zoredid_writer* writer, size_t index);
-/** The part that the field with an index is, or is in, moves to a place among its like; blocks count from 1. */
+/**
+ * The part that the field with an index is, or is in, moves to a place among its like, which is not ZOREDID_NONE;
+ * blocks count from 1. A place that is not there is refused.
+ */
 ZOREDID_API zoredid_status zoredid_writer_move(zoredid_writer* writer, size_t index, size_t place);
 
 /* The answer to such an edit, beside the reason and the fields that followed; empty after other calls. */
 
 /** The part, in the present map; ZOREDID_NONE for one that is gone. */
 ZOREDID_API size_t zoredid_writer_get_part(const zoredid_writer* writer);
+/** The number of an extension block that was added for the part; 0 for none. */
+ZOREDID_API size_t zoredid_writer_get_new_block(const zoredid_writer* writer);
 /** The bytes that lack, when the reason of a refusal is that there is no room; else 0. */
 ZOREDID_API size_t zoredid_writer_get_lacking(const zoredid_writer* writer);
 /** Then the parts each of which leaves room enough when it goes, in the present map. */

@@ -122,3 +122,23 @@ CFacts::SUnread FindUnread(const unsigned char* pui8Image, unsigned int uiSize)
                                         : CFacts::SUnread{};
 }
 } // namespace ZorFacts
+
+CMString CZorEdidFacts::GetUnreadText() const
+{
+    constexpr const char* apszReasons[] = { "",
+                                            "the image ends before block %u",
+                                            "the image ends within block %u",
+                                            "block %u is of an unknown kind",
+                                            "block %u has a revision that does not fit it",
+                                            "byte 2 of block %u, where its data blocks end, is wrong",
+                                            "a data block of block %u runs past its end",
+                                            "the checksum of block %u is wrong",
+                                            "the base block does not count block %u" };
+    static_assert(std::size(apszReasons) == eUnread_NotCounted + 1);
+    CMString oText;
+    if (m_oUnread.m_eReason != eUnread_None)
+    {
+        oText.Format(apszReasons[m_oUnread.m_eReason], m_oUnread.m_uiBlock);
+    }
+    return oText;
+}

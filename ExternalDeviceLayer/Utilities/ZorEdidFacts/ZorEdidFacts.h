@@ -672,6 +672,8 @@ public:
 
     /// The first block that was not read whole; with one, what is not said may be said there: it is not known.
     const SUnread& GetUnread() const { return m_oUnread; }
+    /// Why, in words: "the image ends before block 2". Empty without one.
+    CMString GetUnreadText() const;
 
     /// All that were found; the first msc_uiMostConflicts are kept.
     unsigned int GetConflictCount() const { return m_uiConflicts; }

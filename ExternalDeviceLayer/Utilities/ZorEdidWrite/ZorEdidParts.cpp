@@ -723,7 +723,8 @@ int CPartsEdit::AddItem(EZorEdidField eId, unsigned int uiLength, const unsigned
                 return AddNew(eId, uiLength, pui8Item, oWhere, true);
             }
             CMString oReason;
-            oReason.Format("an item of such a data block takes %u bytes", oItems.m_uiSize);
+            oReason.Format("an item of such a data block has %u byte%s", oItems.m_uiSize,
+                           oItems.m_uiSize == 1 ? "" : "s");
             return Refuse(bList ? oReason : CMString("a data block of this kind is no list of items"));
         }
     }

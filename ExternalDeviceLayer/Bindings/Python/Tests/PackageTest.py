@@ -93,6 +93,12 @@ def test_an_image_answers():
     assert repr(IMAGE) == "<zoredid.Image ACI ASUS VE276, 1920 x 1080 at 60 Hz, 256 bytes>"
 
 
+def test_what_was_not_read_is_not_known():
+    cut = zoredid.load(IMAGE.bytes[:200])
+    assert cut.facts.unread == "the image ends within block 1" and IMAGE.facts.unread == ""
+    assert dict(cut.summary())["HDR"] == dict(cut.summary())["VRR"] == "not known: the image ends within block 1"
+
+
 def test_images_are_values():
     assert pickle.loads(pickle.dumps(IMAGE)) == IMAGE == zoredid.load(memoryview(IMAGE.bytes))
     assert pickle.loads(pickle.dumps(IMAGE.facts)) == IMAGE.facts and hash(IMAGE.facts) is not None
@@ -184,8 +190,15 @@ def test_parts_are_added_moved_and_removed():
     assert hdr.part.id == "cta.hdr-static" and edit.image.facts.hdr.hdr10
     assert edit.add_block(0x70).part.id == "displayid" and len(edit.bytes) == 512  # with a block map, by EDID 1.3
     assert edit.add_standard(b"\xd1\xc0").part.id.startswith("base.standard")
+    first = edit.fields.all("cta.audio.descriptor")[0]
+    assert edit.add_item("cta.audio", bytearray(b"\x0f\7\7"), place=0).new_block == 0
     before = edit.bytes
-    for call in (lambda: edit.add_descriptor(b"12"), lambda: edit.add_standard(b"123"), lambda: edit.add_block(2, b"2"),
+    with pytest.raises(zoredid.RefusedError, match="no room|lack") as full:
+        edit.add_descriptor(b"\0\0\0\xfe\0Hello\n       ", block=0)
+    assert full.value.lacking == 18 and full.value.removable
+    for call in (lambda: edit.remove(first), lambda: edit.set(first, 1), lambda: edit.add_block(-1),
+                 lambda: edit.add_block(2, b"\x70" + bytes(127)), lambda: edit.add_block(2, place=2**70),
+                 lambda: edit.add_descriptor(b"12"), lambda: edit.add_standard(b"123"), lambda: edit.add_block(2, b"2"),
                  lambda: edit.add_item("cta.audio", b"1"), lambda: edit.move("base.name", 77),
                  lambda: edit.add_data_block("base.name"), lambda: edit.add_data_block("no.id"),
                  lambda: edit.add_data_block("cta.hdr-static", b"", -1), lambda: edit.remove("checksum"),

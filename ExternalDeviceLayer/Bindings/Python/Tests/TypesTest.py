@@ -9,7 +9,7 @@ def widths(path: str) -> list[int]:
     return [mode.width for mode in zoredid.load(path).modes]
 
 
-def answers(image: zoredid.Image) -> tuple[float | None, zoredid.Link | None, Fraction | None, str]:
+def answers(image: zoredid.Image) -> tuple[float | None, zoredid.Link | None, Fraction | None, str | None]:
     mode = image.preferred_mode
     with image.edit() as edit:
         edit.name = "Projector"

@@ -71,6 +71,9 @@ class Error(Exception):
 class RefusedError(Error, ValueError):
     """An edit that is refused. The image is as it was."""
 
+    lacking: int = 0  #: bytes that lack, where there is no room for a part
+    removable: tuple[Any, ...] = ()  #: then the fields of parts each of which leaves room enough when it goes
+
 
 class NoFieldError(Error, LookupError):
     """The image has no such field."""

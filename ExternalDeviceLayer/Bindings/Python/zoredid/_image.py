@@ -32,6 +32,7 @@ from ._names import Area, Eotf, FieldKind, Link, Severity
 from ._zoredid import ffi, lib
 
 PathOrBytes = Union[str, "os.PathLike[str]", bytes, bytearray, memoryview]
+Bytes = Union[bytes, bytearray, memoryview]
 Value = Union[str, bool, int, float, Real, Decimal, bytes, bytearray, memoryview]
 ANSWER = TypeVar("ANSWER")
 _KINDS, _AREAS, _SEVERITIES = Codes(FieldKind), Codes(Area), Codes(Severity)
@@ -442,7 +443,7 @@ def _describe_hdr(facts: Facts) -> str:
         ("HDR10", hdr.hdr10), ("PQ without static metadata", Eotf.PQ in eotfs and not hdr.hdr10), ("HLG", hdr.hlg),
         ("HDR gamma", Eotf.HDR_GAMMA in eotfs), ("HDR10+", hdr.hdr10plus), ("Dolby Vision", hdr.dolby_vision)) if has]
     peak = f"; peak {hdr.max_luminance:.0f} cd/m2" if kinds and hdr.max_luminance else ""
-    return ", ".join(kinds) + peak or "not announced"
+    return ", ".join(kinds) + peak or _describe_absence(facts)
 
 
 def _describe_refresh(facts: Facts) -> str:
@@ -453,7 +454,11 @@ def _describe_refresh(facts: Facts) -> str:
         return "a block of NVIDIA"
     if facts.link.kind == Link.DISPLAYPORT and facts.link.continuous and rates.min_hz is not None:
         return f"{rates.min_hz} to {rates.max_hz} Hz (range limits with continuous frequency)"
-    return "not announced"
+    return _describe_absence(facts)
+
+
+def _describe_absence(facts: Facts) -> str:
+    return f"not known: {facts.unread}" if facts.unread else "not announced"
 
 
 # ---- Edits ----
@@ -470,13 +475,19 @@ class Change(NamedTuple):
 
 
 class PartChange(NamedTuple):
-    """What an edit of a part has done. Fields may have other indexes than before."""
+    """What an edit of a part has done. Fields may have other indexes than before.
 
-    part: Field | None  #: as it is now; None of one that was removed
-    followed: tuple[str, ...]  #: ids of lengths, counts and checksums that changed with it
+    - part: as it is now; None of one that was removed
+    - followed: ids of lengths, counts and checksums that changed with it
+    - new_block: the number of an extension block that was added for it; 0 for none
+    """
+
+    part: Field | None
+    followed: tuple[str, ...]
+    new_block: int = 0
 
 
-def _read_text(fields: Fields, id: str) -> str:  # pylint: disable=redefined-builtin
+def _read_text(fields: Fields, id: str) -> str | None:  # pylint: disable=redefined-builtin
     """The value; of a group the only text in it, empty where it has none."""
     field = fields[id]
     if field.kind != FieldKind.GROUP:
@@ -506,13 +517,17 @@ class _Named(Generic[ANSWER]):
     """
 
     def __init__(self, id: str, read: Callable[[Fields, str], ANSWER],  # pylint: disable=redefined-builtin
-                 tag: int = 0) -> None:
+                 doc: str, tag: int = 0) -> None:
         self._id, self._read, self._tag = id, read, tag
+        self.__doc__ = doc
 
     def __get__(self, editor: Editor | None, owner: type[Editor]) -> ANSWER:
         if editor is None:
             return self  # type: ignore[return-value]  # of the class itself: for help()
-        return self._read(editor.fields, self._id)
+        try:
+            return self._read(editor.fields, self._id)
+        except NoFieldError:
+            return None  # type: ignore[return-value]
 
     def __set__(self, editor: Editor, value: Value) -> None:
         with editor._lock:  # pylint: disable=protected-access
@@ -533,26 +548,33 @@ def _make_text(tag: int, value: Value) -> bytes:
 
 
 class Editor:
-    """An edit of a copy of an image: each set counts only when the field then reads as asked and no other differs.
+    """An edit of a copy of an image. A set counts only when the field then reads as asked and no other differs, an edit
+    of a part only when the other parts read as before; else RefusedError is raised, and nothing has changed.
 
         with image.edit() as edit:
             edit.name = "Projector"
             edit.set("base.display.gamma", 2.4)
         changed = edit.image
 
-    Threads may share one: each set, and each look at the bytes, is whole. A name that it does not have is no attribute.
+    Parts are extension blocks; standard timings and descriptors of the base block; data blocks, detailed timings and
+    items of lists in extension blocks. block is the number of the block that takes a part, 0 for the base block, else
+    the first one with room, or a new one; place counts from 0 among its like in the block, else it is the last one.
+    Parts are edited as asked: Image.check says what is wrong then, as without the preferred timing.
+
+    Threads may share one: each edit, and each look at the bytes, is whole. A name that it does not have is no attribute.
     """
 
     __slots__ = ("_lock", "_writer")
 
-    name = _Named("base.name", _read_text, 0xFC)  #: product name, up to 13 characters
-    serial_text = _Named("base.serial", _read_text, 0xFF)  #: serial number as text, up to 13 characters
-    manufacturer = _Named("base.identity.manufacturer", _read_text)  #: three letters
-    product_code = _Named("base.identity.product-code", _read_whole)  #: 16 bits
-    serial_number = _Named("base.identity.serial-number", _read_whole)  #: 32 bits; None where it is not given
-    week = _Named("base.identity.week", _read_whole)  #: of manufacture; None where it is not given
-    year = _Named("base.identity.year", _read_whole)  #: of manufacture
-    gamma = _Named("base.display.gamma", _read_real)  #: 1.00 to 3.54; None where it is elsewhere
+    name = _Named("base.name", _read_text, "Product name, up to 13 characters; None without one.", 0xFC)
+    serial_text = _Named("base.serial", _read_text, "Serial number as text, up to 13 characters; None without one.",
+                         0xFF)
+    manufacturer = _Named("base.identity.manufacturer", _read_text, "Three letters.")
+    product_code = _Named("base.identity.product-code", _read_whole, "16 bits.")
+    serial_number = _Named("base.identity.serial-number", _read_whole, "32 bits; None where it is not given.")
+    week = _Named("base.identity.week", _read_whole, "Of manufacture; None where it is not given.")
+    year = _Named("base.identity.year", _read_whole, "Of manufacture.")
+    gamma = _Named("base.display.gamma", _read_real, "1.00 to 3.54; None where it is elsewhere.")
 
     def __init__(self, data: bytes) -> None:
         self._lock = threading.RLock()
@@ -587,46 +609,54 @@ class Editor:
                           self._list_ids(lib.zoredid_writer_get_followed_count, lib.zoredid_writer_get_followed),
                           self._list_ids(lib.zoredid_writer_get_other_count, lib.zoredid_writer_get_other))
 
-    # Parts: extension blocks; standard timings and descriptors of the base block; data blocks, detailed timings and items
-    # of lists of the others. block: the number of the block that takes the part, else the first with room, or a new one;
-    # place: among its like in the block, else after the last one. Raises RefusedError; nothing has changed then.
+    def add_block(self, tag: int, data: Bytes = b"", place: int | None = None) -> PartChange:
+        """Adds an extension block with a tag, 1 to 255: 128 bytes, or without bytes an empty one.
 
-    def add_block(self, tag: int, data: bytes = b"", place: int | None = None) -> PartChange:
-        """Adds an extension block of 128 bytes, or without bytes an empty one. Place 1 follows the base block."""
-        _require_size(data, 128, 0)
-        return self._edit_part(lib.zoredid_writer_add_block, tag, data or ffi.NULL, _to_place(place))
+        place counts from 1, the block after the base block. EDID 1.3 asks for a block map beside two extension blocks:
+        where it lacks, it becomes block 1, and the others follow it.
+        """
+        if not 1 <= tag <= 255:
+            raise refuse("a tag is 1 to 255")
+        block = _take_bytes(data, 128, 0)
+        return self._edit_part(lib.zoredid_writer_add_block, tag, block or ffi.NULL, _to_place(place))
 
-    def add_standard(self, data: bytes, place: int | None = None) -> PartChange:
+    def add_standard(self, data: Bytes, place: int | None = None) -> PartChange:
         """Adds a standard timing of 2 bytes to the base block."""
-        _require_size(data, 2)
-        return self._edit_part(lib.zoredid_writer_add_standard, data, _to_place(place))
+        return self._edit_part(lib.zoredid_writer_add_standard, _take_bytes(data, 2), _to_place(place))
 
-    def add_descriptor(self, data: bytes, block: int | None = None, place: int | None = None) -> PartChange:
-        """Adds a detailed timing or a display descriptor of 18 bytes."""
-        _require_size(data, 18)
-        return self._edit_part(lib.zoredid_writer_add_descriptor, data, _to_place(block), _to_place(place))
+    def add_descriptor(self, data: Bytes, block: int | None = None, place: int | None = None) -> PartChange:
+        """Adds a detailed timing or a display descriptor of 18 bytes. In the base block a dummy makes room for it."""
+        return self._edit_part(lib.zoredid_writer_add_descriptor, _take_bytes(data, 18), _to_place(block),
+                               _to_place(place))
 
-    def add_data_block(self, id: str, payload: bytes = b"",  # pylint: disable=redefined-builtin
+    def add_data_block(self, id: str, payload: Bytes = b"",  # pylint: disable=redefined-builtin
                        block: int | None = None, place: int | None = None) -> PartChange:
-        """Adds a data block of the kind with an id, such as "cta.hdr-static". The payload follows header and OUI."""
-        return self._edit_part(lib.zoredid_writer_add_data_block, _encode_id(id), payload, len(payload),
-                               _to_place(block), _to_place(place))
+        """Adds a data block of the kind with an id, such as "cta.hdr-static" or "displayid.tiled".
 
-    def add_item(self, id: str, data: bytes,  # pylint: disable=redefined-builtin
+        The payload is what follows the header, the extended tag and the OUI of the kind; "cta.vendor" has its OUI in
+        the payload.
+        """
+        data = _take_bytes(payload)
+        return self._edit_part(lib.zoredid_writer_add_data_block, _encode_id(id), data, len(data), _to_place(block),
+                               _to_place(place))
+
+    def add_item(self, id: str, data: Bytes,  # pylint: disable=redefined-builtin
                  block: int | None = None, place: int | None = None) -> PartChange:
-        """Adds an item to the list of a data block, such as the byte of a video code to "cta.video"."""
-        return self._edit_part(lib.zoredid_writer_add_item, _encode_id(id), data, len(data), _to_place(block),
+        """Adds an item to the list of a data block: the byte of a video code to "cta.video", the 3 bytes of an audio
+        descriptor to "cta.audio", the 20 bytes of a timing to "displayid.type7"."""
+        item = _take_bytes(data)
+        return self._edit_part(lib.zoredid_writer_add_item, _encode_id(id), item, len(item), _to_place(block),
                                _to_place(place))
 
     def remove(self, field: str | int | Field, number: int = 0) -> PartChange:
         """Removes the part that a field is, or is in. A data block goes with its last item."""
         with self._lock:
-            return self._edit_part(lib.zoredid_writer_remove, self._find(field, number))
+            return self._edit_part(lib.zoredid_writer_remove, self._find(field, number, True))
 
     def move(self, field: str | int | Field, place: int, number: int = 0) -> PartChange:
-        """Moves the part that a field is, or is in, to a place among its like; blocks count from 1."""
+        """Moves the part that a field is, or is in, to a place among its like, from 0; blocks count from 1."""
         with self._lock:
-            return self._edit_part(lib.zoredid_writer_move, self._find(field, number), _to_place(place))
+            return self._edit_part(lib.zoredid_writer_move, self._find(field, number, True), _to_place(place))
 
     def __repr__(self) -> str:
         return f"<zoredid.Editor of {self.image!r}>"
@@ -652,14 +682,22 @@ class Editor:
     def _edit_part(self, call: Any, *arguments: Any) -> PartChange:
         with self._lock:
             status = call(self._writer, *arguments)
-            require(status, self._text(lib.zoredid_writer_get_reason))
+            try:
+                require(status, self._text(lib.zoredid_writer_get_reason))
+            except RefusedError as error:
+                error.lacking = int(lib.zoredid_writer_get_lacking(self._writer))
+                error.removable = tuple(self.fields[int(lib.zoredid_writer_get_removable(self._writer, index))] for index
+                                        in range(lib.zoredid_writer_get_removable_count(self._writer)))
+                raise
             part = lib.zoredid_writer_get_part(self._writer)
             return PartChange(None if part == lib.ZOREDID_NONE else self.fields[int(part)],
-                              self._list_ids(lib.zoredid_writer_get_followed_count, lib.zoredid_writer_get_followed))
+                              self._list_ids(lib.zoredid_writer_get_followed_count, lib.zoredid_writer_get_followed),
+                              int(lib.zoredid_writer_get_new_block(self._writer)))
 
     # Those that follow are called with the lock held.
 
-    def _find(self, field: str | int | Field, number: int) -> int:
+    def _find(self, field: str | int | Field, number: int, whole: bool = False) -> int:
+        """whole: a Field also says what it did; of a list another item may be at the place of one that is gone."""
         if isinstance(field, str):
             index = lib.ZOREDID_NONE
             if 0 <= number <= _MOST_SIZE:
@@ -667,7 +705,14 @@ class Editor:
             if index == lib.ZOREDID_NONE:
                 raise _make_no_field(field, number)
             return int(index)
-        place = field.index if isinstance(field, Field) else operator.index(field)
+        if isinstance(field, Field):
+            fields = self.fields
+            now = fields[field.index] if field.index < len(fields) else None
+            same = now is not None and (now.id, now.offset, now.pieces) == (field.id, field.offset, field.pieces)
+            if not same or whole and now != field:
+                raise refuse(f"{field.name} is not there: after an edit, fields are to be found again")
+            return int(field.index)
+        place = operator.index(field)
         return place if 0 <= place <= _MOST_SIZE else int(lib.ZOREDID_NONE)
 
     def _list_ids(self, get_count: Any, get: Any) -> tuple[str, ...]:
@@ -683,13 +728,15 @@ def _to_place(place: int | None) -> int:
     if place is None:
         return int(lib.ZOREDID_NONE)
     if not 0 <= place < lib.ZOREDID_NONE:
-        raise refuse("a block and a place are at least 0")
+        raise refuse(f"{place} is no number of a block or a place")
     return place
 
 
-def _require_size(data: bytes, *sizes: int) -> None:
-    if len(data) not in sizes:
+def _take_bytes(data: Bytes, *sizes: int) -> bytes:
+    """sizes: that are allowed; without them all."""
+    if sizes and len(data) not in sizes:
         raise refuse(f"it takes {sizes[0]} bytes, not {len(data)}")
+    return bytes(data)
 
 
 def _encode_id(id: str) -> bytes:  # pylint: disable=redefined-builtin

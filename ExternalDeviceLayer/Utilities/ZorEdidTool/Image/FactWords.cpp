@@ -130,30 +130,11 @@ std::string DescribeInterface(const CFacts::SLink& oLink)
 // What the image does not say: the denial where all blocks were read that could say it, else why it is not known.
 std::string DescribeAbsence(const CFacts& oFacts, const char* pszDenial)
 {
-    const CFacts::SUnread& oUnread = oFacts.GetUnread();
-    const std::string sBlock = FormatText("block %u", oUnread.m_uiBlock);
-    switch (oUnread.m_eReason)
+    if (oFacts.GetUnread().m_eReason != CFacts::eUnread_None)
     {
-    case CFacts::eUnread_None:
-        return oFacts.GetIdentity().m_oRevision.IsSaid() ? pszDenial : ""; // of an image with a base block
-    case CFacts::eUnread_Missing:
-        return gsc_pszNotKnown + ("the image ends before " + sBlock);
-    case CFacts::eUnread_Cut:
-        return gsc_pszNotKnown + ("the image ends within " + sBlock);
-    case CFacts::eUnread_Kind:
-        return gsc_pszNotKnown + sBlock + " is of an unknown kind";
-    case CFacts::eUnread_Revision:
-        return gsc_pszNotKnown + sBlock + " has a revision that does not fit it";
-    case CFacts::eUnread_Offset:
-        return gsc_pszNotKnown + ("byte 2 of " + sBlock) + ", where its data blocks end, is wrong";
-    case CFacts::eUnread_Length:
-        return gsc_pszNotKnown + ("a data block of " + sBlock) + " runs past its end";
-    case CFacts::eUnread_Checksum:
-        return gsc_pszNotKnown + ("the checksum of " + sBlock) + " is wrong";
-    case CFacts::eUnread_NotCounted:
-        return gsc_pszNotKnown + ("the base block does not count " + sBlock);
+        return gsc_pszNotKnown + static_cast<std::string>(oFacts.GetUnreadText());
     }
-    return "";
+    return oFacts.GetIdentity().m_oRevision.IsSaid() ? pszDenial : ""; // of an image with a base block
 }
 
 // ---- Audio ----

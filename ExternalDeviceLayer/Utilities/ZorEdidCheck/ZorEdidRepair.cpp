@@ -213,6 +213,10 @@ private:
         {
             return "the block is of no known kind";
         }
+        if (IsErased(pui8Block))
+        {
+            return "the block was never written";
+        }
         if (CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, pui8Block) != 0)
         {
             return "the checksum of the block is wrong";

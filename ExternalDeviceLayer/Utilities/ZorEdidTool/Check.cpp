@@ -219,11 +219,32 @@ void CheckFiles(SCheckOptions& oOptions, STool& oTool)
 
 // ---- Repairs ----
 
+// Bytes of a repair that have another value now.
+struct SChange
+{
+    unsigned int m_uiOffset = 0; // of the first one
+    unsigned int m_uiCount = 0;
+};
+
+SChange FindChange(const SInput& oInput, const CZorEdidRepair& oRepair, const SZorRepair& oOne)
+{
+    SChange oChange = { oOne.m_uiOffset };
+    for (unsigned int i = oOne.m_uiOffset; i < oOne.m_uiOffset + oOne.m_uiLength; ++i)
+    {
+        if (oInput.m_aui8Bytes[i] != oRepair.GetData()[i] && oChange.m_uiCount++ == 0)
+        {
+            oChange.m_uiOffset = i;
+        }
+    }
+    return oChange;
+}
+
 // A line for each repair, by the fields of the image as it was, and then for what was left.
 std::string DescribeRepairs(const SInput& oInput, const CZorEdidRepair& oRepair)
 {
     CZorEdidMap oMap;
     oMap.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    const std::string sName = ShowName(oInput.m_sName) + ": ";
     const auto fnLine = [&](unsigned int uiOffset, const char* pszDone, EZorEdidRule eRule, const std::string& sHow) {
         constexpr unsigned int uiHighestBit = 7;
         const SZorEdidRule& oRule = *FindZorEdidRule(eRule);
@@ -231,17 +252,22 @@ std::string DescribeRepairs(const SInput& oInput, const CZorEdidRepair& oRepair)
         oPlace.m_uiBlock = uiOffset / CEdidUtils::msc_uiBlockSize;
         oPlace.m_uiOffset = uiOffset % CEdidUtils::msc_uiBlockSize;
         oPlace.m_sField = GetPath(oMap, oMap.FindLeaf(uiOffset, uiHighestBit));
-        return ShowName(oInput.m_sName) + ": " + DescribePlace(oPlace) + ": " + pszDone + ": " + oRule.m_pszWhat +
-               ": " + sHow + " [" + oRule.m_pszId + "]\n";
+        return sName + DescribePlace(oPlace) + ": " + pszDone + ": " + oRule.m_pszWhat + ": " + sHow + " [" +
+               oRule.m_pszId + "]\n";
     };
-    std::string sText = oRepair.GetCount() != 0 ? "" : ShowName(oInput.m_sName) + ": nothing to repair\n";
+    std::string sText = oInput.m_sImages.empty() ? "" : sName + "the copy holds the first EDID alone\n";
+    if (oRepair.GetCount() == 0)
+    {
+        sText += sName + (oRepair.GetWithheldCount() == 0 ? "nothing to repair\n" : "nothing repaired\n");
+    }
     for (unsigned int i = 0; i < oRepair.GetCount(); ++i)
     {
         const SZorRepair& oOne = oRepair.Get(i);
-        sText += fnLine(oOne.m_uiOffset, "repaired", oOne.m_eRule,
-                        FormatText("0x%02x is now 0x%02x", oInput.m_aui8Bytes[oOne.m_uiOffset],
-                                   oRepair.GetData()[oOne.m_uiOffset]) +
-                            (oOne.m_uiLength > 1 ? FormatText(", %u bytes", oOne.m_uiLength) : ""));
+        const SChange oChange = FindChange(oInput, oRepair, oOne);
+        sText += fnLine(oChange.m_uiOffset, "repaired", oOne.m_eRule,
+                        FormatText("0x%02x is now 0x%02x", oInput.m_aui8Bytes[oChange.m_uiOffset],
+                                   oRepair.GetData()[oChange.m_uiOffset]) +
+                            (oChange.m_uiCount > 1 ? FormatText(", the first of %u bytes", oChange.m_uiCount) : ""));
     }
     for (unsigned int i = 0; i < oRepair.GetWithheldCount(); ++i)
     {
@@ -279,6 +305,7 @@ void FixFile(const SCheckOptions& oOptions, STool& oTool)
     }
     const std::string sRepairs = DescribeRepairs(oInput, oRepair);
     oInput.m_aui8Bytes = aui8Fixed;
+    oInput.m_sImages.clear(); // the copy holds no other one
     SCounts oCounts;
     SOutcome oOutcome = CheckInput(oInput, oOptions, oIgnored, oCounts);
     oOutcome.m_sOut = sRepairs + oOutcome.m_sOut;

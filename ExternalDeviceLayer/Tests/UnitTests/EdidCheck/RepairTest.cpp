@@ -152,6 +152,11 @@ TEST(Repair, WhatIsLeft)
     EXPECT_EQ(std::vector{ eZorEdidRule_BlockNotCounted }, ListWithheld(oRepair));
     EXPECT_EQ(aui8Good.size() - gsc_uiBlockSize, oRepair.GetWithheld(0).m_uiOffset);
 
+    std::fill(aui8Bad.end() - gsc_uiBlockSize, aui8Bad.end(), static_cast<unsigned char>(0xFF));
+    EXPECT_EQ(aui8Bad, fnRead(oRepair, aui8Bad));
+    ASSERT_EQ(std::vector{ eZorEdidRule_BlockNotCounted }, ListWithheld(oRepair));
+    EXPECT_STREQ("the block was never written", oRepair.GetWithheld(0).m_pszReason);
+
     CZorEdidRepair oLeaving;
     oLeaving.LeaveOut(eZorEdidRule_Checksum);
     oLeaving.LeaveOut(eZorEdidRule_BlockNotCounted);

@@ -756,12 +756,22 @@ class CheckTest(ToolTest):
         # The checksum shows that the count is wrong, and goes on to show it.
         ignored = run("check", "--force", "--ignore", "block.not-counted", "--fix", out, bad, status=1)[0]
         self.assertNotIn("block.not-counted", ignored)
+        self.assertIn(": nothing repaired\n", ignored)
         self.assertIn("not repaired: the checksum is wrong: a new one would hide that", ignored)
         with open(out, "rb") as file, open(bad, "rb") as before:
             self.assertEqual(file.read(), before.read())
         damaged = self.save(b"\0\1" + MONITOR[2:9] + b"\0" + MONITOR[10:], "damaged.bin")
         self.assertIn("not repaired: not the header of a base block: the checksum does not confirm the right one [base.",
                       run("check", "--force", "--fix", out, damaged, status=1)[0])
+        # Of a longer field the bytes that were not right, and the copy of two equal EDIDs is of one.
+        padding = bytearray(MONITOR)
+        padding[0xFC:0x100] = bytes((5, 0, 6, (MONITOR[0xFF] - 11) & 0xFF))
+        padded = self.save(bytes(padding), "padded.bin")
+        self.assertIn("offset 0x7c (Padding): repaired: padding is not 0: 0x05 is now 0x00, the first of 2 bytes [cta.",
+                      run("check", "--force", "--fix", out, padded, status=0)[0])
+        twice = self.save(2 * MONITOR, "twice.bin")
+        self.assertEqual(run("check", "--force", "--fix", out, twice, status=0)[0],
+                         f"{twice}: the copy holds the first EDID alone\n{twice}: nothing to repair\n")
         # Of a file with two EDIDs the one that is chosen, and a copy of what needs no repair.
         two = self.save(MONITOR + MONITOR[:-1] + b"\0", "two.bin")
         for image, repairs in (("1", "nothing to repair"), ("2", "0x00 is now 0x73")):

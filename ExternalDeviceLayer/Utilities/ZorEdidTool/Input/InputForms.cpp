@@ -5,7 +5,9 @@
 #include <stdio.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
+#include <vector>
 
 #include "Characters.h"
 #include "InputReaders.h"
@@ -67,41 +69,80 @@ bool ReadTextTable(const std::string& sText, SInput& oInput)
 
 // ---- Windows registry ----
 
-// The values EDID, each under the key of its monitor. An override of the driver has a value for each block instead,
-// with the names "0", "1" and so on.
+// The values EDID, each under the key of its monitor. An override of the driver has a key of its own with a value for
+// each block instead, with the names "0", "1" and so on, in any order.
 class CRegistryValues
 {
 public:
     // What gets the bytes of the next value.
     SInput& Begin(std::string_view sKey, std::string_view sName)
     {
+        constexpr unsigned long long ullMost = 255; // block
         if (EqualsNoCase(sName, "EDID"))
         {
             return m_aoMonitors.emplace_back(SInput{ std::string(sKey), {}, "", "" });
         }
-        if (sName == std::to_string(m_uiBlocks))
-        {
-            ++m_uiBlocks;
-            return m_oOverride;
-        }
-        m_oOther = {};
-        return m_oOther;
+        unsigned long long ullBlock = 0;
+        SInput& oValue =
+            ParseDigits(sName, 10, ullBlock) && ullBlock <= ullMost ? FindBlocks(sKey)[ullBlock] : m_oOther;
+        oValue = {};
+        return oValue;
     }
 
     CMonitors Finish()
     {
-        if (m_aoMonitors.empty() && m_uiBlocks != 0)
+        if (!m_aoMonitors.empty())
         {
-            m_aoMonitors.push_back(std::move(m_oOverride));
+            return std::move(m_aoMonitors);
+        }
+        for (const auto& [sKey, aoBlocks] : m_aoOverrides)
+        {
+            AddOverride(sKey, aoBlocks);
         }
         return std::move(m_aoMonitors);
     }
 
 private:
+    using CBlocks = std::map<unsigned long long, SInput>;
+
+    CBlocks& FindBlocks(std::string_view sKey)
+    {
+        const auto itFound = std::ranges::find(m_aoOverrides, sKey, &std::pair<std::string, CBlocks>::first);
+        return itFound != m_aoOverrides.end() ? itFound->second
+                                              : m_aoOverrides.emplace_back(std::string(sKey), CBlocks()).second;
+    }
+
+    // Values of other programs have such names, too: what is no block counts only under the key of overrides.
+    void AddOverride(const std::string& sKey, const CBlocks& aoBlocks)
+    {
+        constexpr std::string_view sOverrideKey = "EDID_OVERRIDE";
+        const std::string_view sPath = std::string_view(sKey).substr(0, sKey.find_last_not_of(']') + 1);
+        const size_t uiTail = sPath.size() - std::min(sPath.size(), sOverrideKey.size());
+        SInput oOverride = { sKey, {}, "", "" };
+        for (const auto& [ullBlock, oValue] : aoBlocks)
+        {
+            const bool bNext = ullBlock * gsc_uiBlockSize == oOverride.m_aui8Bytes.size();
+            oOverride.m_sProblem = !oValue.IsGood() ? oValue.m_sProblem
+                                   : !bNext         ? "an override without the value of each block, from 0 on"
+                                   : oValue.m_aui8Bytes.size() != gsc_uiBlockSize
+                                       ? "value " + std::to_string(ullBlock) + " of an override has not 128 bytes"
+                                       : "";
+            if (!oOverride.IsGood())
+            {
+                break;
+            }
+            oOverride.m_aui8Bytes.insert(oOverride.m_aui8Bytes.end(), oValue.m_aui8Bytes.begin(),
+                                         oValue.m_aui8Bytes.end());
+        }
+        if (!oOverride.m_aui8Bytes.empty() || EqualsNoCase(sPath.substr(uiTail), sOverrideKey))
+        {
+            m_aoMonitors.push_back(std::move(oOverride));
+        }
+    }
+
     CMonitors m_aoMonitors;
-    SInput m_oOverride;
+    std::vector<std::pair<std::string, CBlocks>> m_aoOverrides; // with their keys
     SInput m_oOther;
-    unsigned int m_uiBlocks = 0; // of the override
 };
 
 // ---- Its export: "EDID"=hex:00,ff,...,\ with the rest on the next lines ----
@@ -226,12 +267,7 @@ bool ReadXrandr(const std::string& sText, CMonitors& aoMonitors)
             bInside = true;
             continue;
         }
-        bInside = bInside && !sLine.empty() && IsHex(sLine);
-        if (bInside && !AddHex(aoMonitors.back(), sLine))
-        {
-            aoMonitors.back().m_sProblem = AtLine(uiLine, "an odd number of digits");
-            bInside = false;
-        }
+        bInside = bInside && AddRow(aoMonitors.back(), sLine, uiLine);
     }
     return !aoMonitors.empty();
 }

@@ -314,12 +314,7 @@ bool ReadModetest(const std::string& sText, CMonitors& aoMonitors)
             bDigits = true;
             continue;
         }
-        bDigits = bDigits && bEdid && IsHex(sLine);
-        if (bDigits && !AddHex(aoMonitors.back(), sLine))
-        {
-            aoMonitors.back().m_sProblem = AtLine(uiLine, "an odd number of digits");
-            bDigits = false;
-        }
+        bDigits = bDigits && bEdid && AddRow(aoMonitors.back(), sLine, uiLine);
     }
     return !aoMonitors.empty();
 }

@@ -104,6 +104,24 @@ bool AddHex(SInput& oInput, std::string_view sDigits)
     return true;
 }
 
+bool AddRow(SInput& oInput, std::string_view sLine, size_t uiLine)
+{
+    if (sLine.empty() || AddHex(oInput, sLine))
+    {
+        return !sLine.empty();
+    }
+    // One word that is digits for the most part, or a message of a kernel between the rows.
+    const auto iDigits = std::ranges::count_if(sLine, [](char c) { return IsHex({ &c, 1 }); });
+    const bool bWord = sLine.find_first_of(gsc_sBlanks) == std::string_view::npos;
+    const bool bRow = bWord && static_cast<size_t>(iDigits) * 4 >= sLine.size() * 3;
+    const bool bWhole = oInput.m_aui8Bytes.size() % gsc_uiBlockSize == 0 && !LacksBlocks(oInput);
+    if (bRow || (sLine.starts_with('[') && !bWhole))
+    {
+        oInput.m_sProblem = AtLine(uiLine, IsHex(sLine) ? "an odd number of digits" : "not hexadecimal bytes");
+    }
+    return false;
+}
+
 bool LacksBlocks(const SInput& oInput)
 {
     constexpr size_t uiCountOffset = 126; // of the base block: how many extension blocks follow

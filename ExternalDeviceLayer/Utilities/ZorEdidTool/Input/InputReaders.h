@@ -41,6 +41,9 @@ void AddByte(SInput& oInput, unsigned long long ullByte);
 // Two digits a byte. False for an odd number of them or anything else.
 bool AddHex(SInput& oInput, std::string_view sDigits);
 
+// The same for a line of digits only. False where the rows end, with a problem where the line was meant as one of them.
+bool AddRow(SInput& oInput, std::string_view sLine, size_t uiLine);
+
 // Whole blocks, and fewer than the base block announces.
 bool LacksBlocks(const SInput& oInput);
 

@@ -10,6 +10,7 @@
 #include <set>
 #include <vector>
 
+#include "EditPositions.h"
 #include "MakerDisplayId.h"
 #include "Standards/DisplayIdBlocks.h"
 #include "Standards/ExtensionBlocks.h"
@@ -136,47 +137,6 @@ bool AddFractionBits(const CZorEdidMap& oMap, const std::set<unsigned int>& oOff
     return aoBits.size() == uiBefore + oOffsets.size();
 }
 
-// Whether a short video reference counts a timing of a CTA-861 block that goes, or a later one: of Types VII and X by
-// their number, of Type VIII the first code.
-bool AreReferred(const CFieldEdits& oFields, const CPlaces& aoPlaces)
-{
-    const CZorEdidMap& oMap = oFields.GetMap();
-    const CBytes aui8Image = oFields.GetBytes();
-    std::set<unsigned int> oGoing; // offsets
-    std::ranges::transform(aoPlaces, std::inserter(oGoing, oGoing.end()), &SZorImageMode::m_uiOffset);
-    std::map<SVideoReference::EKind, unsigned int> auiAhead; // of each timing
-    std::map<SVideoReference::EKind, unsigned int> auiFirst; // that goes
-    for (const SZorImageMode& oPlace : FindAllPlaces(aui8Image))
-    {
-        const bool bLong = oPlace.m_eField == eZorEdidField_DisplayidType7Timing ||
-                           oPlace.m_eField == eZorEdidField_DisplayidType10Timing;
-        const auto eKind = bLong ? SVideoReference::eType7Or10 : SVideoReference::eType8;
-        if (IsDisplayIdTiming(aui8Image, oPlace) && IsInBlock(aui8Image, oPlace, gsc_uiCtaTag))
-        {
-            if (oGoing.contains(oPlace.m_uiOffset))
-            {
-                auiFirst.try_emplace(eKind, auiAhead[eKind]);
-            }
-            ++auiAhead[eKind];
-        }
-    }
-    for (unsigned int i = 0; i < oMap.GetFieldCount(); ++i)
-    {
-        const EZorEdidField eId = oMap.GetField(i).m_eId;
-        if (eId != eZorEdidField_CtaVideoReferenceType7Or10 && eId != eZorEdidField_CtaVideoReferenceType8)
-        {
-            continue;
-        }
-        const SVideoReference oReference = ReadVideoReference(aui8Image[oMap.GetField(i).m_uiOffset]);
-        const auto itFirst = auiFirst.find(oReference.m_eKind);
-        if (itFirst != auiFirst.end() && oReference.m_uiNumber >= itFirst->second)
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
 // Records and codes, in one step. Each is one mode, unless records of different lengths make the data block one part.
 std::string RemoveRecords(CFieldEdits& oFields, const CPlaces& aoPlaces)
 {
@@ -184,6 +144,10 @@ std::string RemoveRecords(CFieldEdits& oFields, const CPlaces& aoPlaces)
     std::vector<std::string> asPreferred;
     for (const SZorImageMode& oPlace : aoPlaces)
     {
+        if (std::string sReason = RefuseWrongSum(oFields, oPlace.m_uiOffset); !sReason.empty())
+        {
+            return NamePlaces(oFields.GetBytes(), { oPlace }) + ": " + sReason;
+        }
         auiFields.push_back(FindPlaceField(oFields.GetMap(), oPlace));
         if (auiFields.back() == CZorEdidMap::msc_uiNone)
         {
@@ -194,15 +158,11 @@ std::string RemoveRecords(CFieldEdits& oFields, const CPlaces& aoPlaces)
             asPreferred.push_back(NameField(oFields.GetMap(), auiFields.back()) + " was marked as preferred");
         }
     }
-    if (AreReferred(oFields, aoPlaces))
-    {
-        return NamePlaces(oFields.GetBytes(), { aoPlaces.front() }) +
-               ": a video format preference or native resolution data block refers to it or a later timing by position";
-    }
     const std::string sName = auiFields.empty() ? "" : NameField(oFields.GetMap(), auiFields.front());
     const std::string sMore = auiFields.size() > 1 ? FormatText(" and %zu more", auiFields.size() - 1) : "";
     const size_t uiModes = CountModes(oFields);
-    std::string sProblem = oFields.RemoveItems(auiFields);
+    std::string sProblem =
+        DoInPlace(oFields, [&auiFields](CFieldEdits& oEdited) { return oEdited.RemoveItems(auiFields); });
     if (sProblem.empty() && CountModes(oFields) + auiFields.size() != uiModes)
     {
         sProblem =

@@ -7,6 +7,7 @@
 #include "EditDisplayId.h"
 #include "EditImage.h"
 #include "EditPlaces.h"
+#include "EditPositions.h"
 #include "ExactTimings.h"
 #include "ImageModes.h"
 #include "LoadedImage.h"
@@ -430,7 +431,7 @@ std::string CEditImage::RemoveDetailedOf(SEditedBlock& oBlock, unsigned int uiNu
     const unsigned int uiPlaceOfAll = CountDetailedAhead(oBlock) + uiPlace;
     if (IsReferred(gsc_uiFirstReference + uiPlaceOfAll, gsc_uiReferencesEnd))
     {
-        return "a video format preference or native resolution data block refers to it or a later timing by position";
+        return gsc_szReferredByPosition;
     }
     CTimingOrigins aoOrigins;
     m_oEdid.CEdidBase::ListDetailedOrigins(aoOrigins);

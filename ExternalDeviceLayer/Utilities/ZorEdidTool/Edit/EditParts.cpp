@@ -6,6 +6,7 @@
 
 #include "EditDisplayId.h"
 #include "EditNamed.h"
+#include "EditPositions.h"
 #include "FieldEdits.h"
 #include "InputReaders.h"
 #include "Standards/DisplayIdSection.h"
@@ -34,6 +35,18 @@ bool IsPreferredTiming(const CFieldEdits& oFields, unsigned int uiField)
     const CZorEdidMap::SField& oField = oFields.GetMap().GetField(uiField);
     return oField.m_eId == eZorEdidField_BaseDetailed && oField.m_uiOffset == BaseBlock::DescriptorOffset(0) &&
            (oFields.IsRevision4() || oFields.GetNumber(eZorEdidField_BaseDisplayPreferredTiming) != 0);
+}
+
+// The part that is meant, in a block of its checksum; a whole block goes or moves with any. Else the reason.
+std::string FindPart(const CFieldEdits& oFields, const SSetting& oSetting, unsigned int& uiField)
+{
+    std::string sReason = FindSetting(oFields.GetMap(), oSetting, uiField);
+    if (!sReason.empty())
+    {
+        return sReason;
+    }
+    const CZorEdidMap::SField& oField = oFields.GetMap().GetField(uiField);
+    return oField.m_uiLength < ZorStandards::gsc_uiBlockSize ? RefuseWrongSum(oFields, oField.m_uiOffset) : "";
 }
 
 // What the maker, the product and the serial number of the whole display are: those of this tile.
@@ -125,12 +138,12 @@ std::string ParseRemovePart(const std::string& sText, CNamedEdit& fnEdit)
     std::string sProblem = ParseField(sText, oSetting);
     fnEdit = [oSetting](CFieldEdits& oFields) {
         unsigned int uiField = 0;
-        const std::string sMissing = FindSetting(oFields.GetMap(), oSetting, uiField);
-        if (!sMissing.empty() || !IsPreferredTiming(oFields, uiField))
+        std::string sReason = FindPart(oFields, oSetting, uiField);
+        if (!sReason.empty() || IsPreferredTiming(oFields, uiField))
         {
-            return sMissing.empty() ? oFields.Remove(uiField) : sMissing;
+            return sReason.empty() ? "the preferred timing can only be replaced, by --preferred" : sReason;
         }
-        return std::string("the preferred timing can only be replaced, by --preferred");
+        return DoInPlace(oFields, [uiField](CFieldEdits& oEdited) { return oEdited.Remove(uiField); });
     };
     return sProblem;
 }
@@ -146,8 +159,9 @@ std::string ParseMovePart(const std::string& sText, CNamedEdit& fnEdit)
     }
     fnEdit = [oSetting, uiPlace](CFieldEdits& oFields) {
         unsigned int uiField = 0;
-        const std::string sMissing = FindSetting(oFields.GetMap(), oSetting, uiField);
-        return sMissing.empty() ? oFields.Move(uiField, uiPlace) : sMissing;
+        std::string sReason = FindPart(oFields, oSetting, uiField);
+        const auto fnMove = [=](CFieldEdits& oEdited) { return oEdited.Move(uiField, uiPlace); };
+        return sReason.empty() ? DoInPlace(oFields, fnMove) : sReason;
     };
     return sProblem;
 }

@@ -230,7 +230,22 @@ class Edits(unittest.TestCase):
                                        ("e42340" "6176" "e20dfe", "--remove-vic 97")):
             status, out, error = edit(cea("4104" + data_blocks), *arguments.split())
             self.assertEqual((1, b""), (status, out))
-            self.assertIn("native resolution data block refers to it or a later timing by position\n", error)
+            self.assertIn("native resolution data block refers by position to a timing that would be another one\n", error)
+        # Parts by their ids, too, and none of a block whose checksum is wrong.
+        position, sum_wrong = "timing that would be another one\n", ", which --repair-checksums in a call of its own makes right\n"
+        natives = cea("4104", 0x72)
+        wrong = cea("4104" + type_7)
+        wrong = wrong[:-1] + bytes([wrong[-1] ^ 1])
+        for image, arguments, reason in (
+                (cea("e20d83"), "--remove-part base.detailed[1]", position),
+                (cea("e20d83"), "--move-part base.detailed[1]=1", position),
+                (cea(type_7 + type_7.replace("2202", "2203") + "e20d92"), "--remove-part cta.type7[0]", position),
+                (natives, "--move-part base.detailed[2]=0", "another timing would be one of them; --set "
+                 "cta.native-count changes their number\n"),
+                (wrong, "--remove 1600x900@60", sum_wrong), (wrong, "--remove-part cta.type7", sum_wrong)):
+            with self.subTest(arguments):
+                status, out, error = edit(image, *arguments.split())
+                self.assertEqual((1, b"", True), (status, out, reason in error), error)
         two = section("030128" "df2e00" + TYPE_1 + "0f2700" + TYPE_1)
         self.assertRegex(run("-", "--dry-run", "--diff", "--remove", "1600x900@60", data=two)[1].decode(),
                          r"\Aremoved: 1600 x +900p @ +60\.000 Hz .*\n\Z")
@@ -315,7 +330,7 @@ class Edits(unittest.TestCase):
         disputed = "block 1 has HDMI codes at different places for different readers; " \
                    "--set cta.hdmi.i-latency-fields-present=no makes it one"
         interlaced = cea("4110" + "6e030c001000002d60050600400102")
-        code, counted = (" refers to its video code", " refers to it or a later timing by position")
+        code, counted = (" refers to its video code", " refers by position to a timing that would be another one")
         preference = cea("420405e40d058310")
         for image, arguments, reason in (
                 (cea(VIDEO + AUDIO + "2409070155"), "--audio-remove 0", cut),

@@ -499,6 +499,7 @@ void CCommandLine::TakeHelpAndDefault()
     }
     else if (HasSubcommand(*(oFirst - 1)))
     {
+        m_sAfterHelp = uiFirst > 1 && !IsOption(*(oFirst - 2)) ? *(oFirst - 2) : "";
         m_asArguments = { "--help", *(oFirst - 1) };
     }
     else
@@ -549,6 +550,11 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     {
         PrintResult(ListForCompletion());
         return eExit_Good;
+    }
+    if (!m_sAfterHelp.empty())
+    {
+        PrintProblem("unexpected argument: " + m_sAfterHelp);
+        return eExit_CommandLine;
     }
     RefuseFlagValues(*m_poApp);
     m_poApp->parse_complete_callback(fnParsed);

@@ -139,5 +139,6 @@ private:
     std::vector<SSubcommand> m_aoSubcommands;
     std::string m_sDefault;
     std::vector<std::string> m_asArguments;              // the last one first
+    std::string m_sAfterHelp;                            // a word too many after "help SUBCOMMAND"
     std::vector<std::unique_ptr<COptions>> m_apoOptions; // of the program, then of the subcommand that is named
 };

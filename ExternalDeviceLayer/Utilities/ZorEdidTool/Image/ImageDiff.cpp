@@ -178,6 +178,16 @@ bool IsOfCodes(const CZorEdidMap::SField& oField)
     return oField.m_eId == eZorEdidField_CtaHdmi3dMaskPlace || oField.m_eId == eZorEdidField_Cta420MapVic;
 }
 
+// How a data block of timings writes them, which follows from its timings where the whole block is here alone.
+bool IsFormOfTimings(EZorEdidField eId)
+{
+    constexpr EZorEdidField aeForms[] = { eZorEdidField_CtaType7M,        eZorEdidField_CtaType7Revision,
+                                          eZorEdidField_CtaType8CodeType, eZorEdidField_CtaType8Ycbcr420,
+                                          eZorEdidField_CtaType8CodeSize, eZorEdidField_CtaType8Revision,
+                                          eZorEdidField_CtaType10M,       eZorEdidField_CtaType10Revision };
+    return std::ranges::find(aeForms, eId) != std::end(aeForms);
+}
+
 // The place of the mode that the field is a part of: of itself or of a group that it lies in, and announces the mode.
 unsigned int FindModePlace(const CZorEdidMap& oMap, unsigned int uiField)
 {
@@ -367,7 +377,8 @@ private:
         {
             const CZorEdidMap::EArea eArea = oMap.GetField(i).m_eArea;
             const bool bWord = oMap.GetField(i).m_eKind == CZorEdidMap::eKind_Group ||
-                               (eArea != CZorEdidMap::eArea_Structure && eArea != CZorEdidMap::eArea_Unused);
+                               (eArea != CZorEdidMap::eArea_Structure && eArea != CZorEdidMap::eArea_Unused &&
+                                !IsFormOfTimings(oMap.GetField(i).m_eId));
             bAny = bAny || bWord;
             bAll = !bWord || IsSaid(uiImage, i);
         }
@@ -627,11 +638,12 @@ std::string DescribePreferred(const CImageDiff& oDiff, size_t uiImage, const SDi
            "\n";
 }
 
-// But what has been said of the preferred mode.
+// But what has been said of the preferred mode. bOnce: a mode in several places has one line where all say the same.
 std::string DescribeModes(const CImageDiff& oDiff, size_t uiImage, std::vector<const SModeRow*> apoRows,
-                          const std::string& sWord)
+                          const std::string& sWord, bool bOnce)
 {
     std::string sText;
+    std::set<std::string> oLines;
     const SModeRow* poPreferred = oDiff.GetImage(uiImage).m_oModes.FindPreferred();
     const bool bSaid = oDiff.DifferInPreferred() && poPreferred != nullptr;
     // That row, or another one of its mode where it has a partner.
@@ -647,7 +659,8 @@ std::string DescribeModes(const CImageDiff& oDiff, size_t uiImage, std::vector<c
     }
     for (const SModeWithPartner& oMode : GroupPartners(apoRows))
     {
-        sText += sWord + ": " + DescribeMode(*oMode.m_poRow) + oMode.GetPartnerText() + "\n";
+        const std::string sLine = sWord + ": " + DescribeMode(*oMode.m_poRow) + oMode.GetPartnerText() + "\n";
+        sText += oLines.insert(sLine).second || !bOnce ? sLine : "";
     }
     return sText;
 }
@@ -661,7 +674,7 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
     }
     for (size_t i = 0; i < 2; ++i)
     {
-        sText += DescribeModes(oDiff, i, oDiff.ListOnly(i), oWords.m_asOnly[i]);
+        sText += DescribeModes(oDiff, i, oDiff.ListOnly(i), oWords.m_asOnly[i], true);
     }
     for (const SFormDifference& oForm : oDiff.ListForms())
     {
@@ -670,7 +683,7 @@ std::string DescribeDiff(const CImageDiff& oDiff, const SDiffWords& oWords)
     }
     for (size_t i = 0; i < 2; ++i)
     {
-        sText += DescribeModes(oDiff, i, oDiff.ListMore(i), oWords.m_asMore[i]);
+        sText += DescribeModes(oDiff, i, oDiff.ListMore(i), oWords.m_asMore[i], false);
     }
     for (const SFactDifference& oFact : oDiff.GetFacts())
     {

@@ -266,7 +266,12 @@ std::string GetModeName(const SZorMode& oMode)
 std::string GetSourceText(const SModeRow& oRow)
 {
     const auto* poKind = std::ranges::find(gsc_aoKinds, oRow.m_oMode.m_eKind, &SKind::m_eKind);
-    const std::string sKind = poKind != std::end(gsc_aoKinds) ? poKind->m_pszSource : "Modes";
+    std::string sKind = poKind != std::end(gsc_aoKinds) ? poKind->m_pszSource : "Modes";
+    // Those of a data block for timing codes are apart from those of video data blocks.
+    const EZorEdidField eField = oRow.m_poEntry->m_eField;
+    sKind = eField == eZorEdidField_DisplayidTimingVic       ? "DisplayID video codes"
+            : eField == eZorEdidField_DisplayidTimingHdmiVic ? "DisplayID HDMI codes"
+                                                             : sKind;
     return oRow.GetBlock() == 0 ? sKind : sKind + FormatText(", block %u", oRow.GetBlock());
 }
 

@@ -247,8 +247,12 @@ class Edits(unittest.TestCase):
                 status, out, error = edit(image, *arguments.split())
                 self.assertEqual((1, b"", True), (status, out, reason in error), error)
         two = section("030128" "df2e00" + TYPE_1 + "0f2700" + TYPE_1)
-        self.assertRegex(run("-", "--dry-run", "--diff", "--remove", "1600x900@60", data=two)[1].decode(),
-                         r"\Aremoved: 1600 x +900p @ +60\.000 Hz .*\n\Z")
+        # A mode is one line, wherever it was, and how its data block was written is no difference beside it.
+        for image, arguments, mode in ((two, "--remove 1600x900@60", "1600 x +900p"),
+                                       (cea("4104" + type_7), "--remove 1600x900@60", "1600 x +900p"),
+                                       (cea("420461" "e3234061"), "--remove-vic 97", "3840 x 2160p")):
+            self.assertRegex(run("-", "--dry-run", "--diff", *arguments.split(), data=image)[1].decode(),
+                             r"\Aremoved: " + mode + r" @ +60\.000 Hz .*\n\Z")
         # From the other blocks by the same edit.
         status, out, error = edit(section("080008" "000004" "0000000000"), "--remove", "1280x720@50")
         self.assertEqual((0, edit(IMAGE, "--remove", "1280x720@50")[1][128:].hex(), section("080008" + "00" * 8)[256:].hex()),

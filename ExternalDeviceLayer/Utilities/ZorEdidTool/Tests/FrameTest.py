@@ -556,6 +556,7 @@ class CommandLine(unittest.TestCase):
             self.assertEqual((True, 1), ("\\x1b[2J" in error, error.count("\n")), error)
             self.assertNotIn("\x1b", error)
         self.assertIn("(see zoredid check --help)", run("check")[2])
+        self.assertEqual((2, b"", "zoredid: unexpected argument: x (see zoredid --help)\n"), run("help", "edit", "x"))
         for arguments, what in (((), "no subcommand is given"), (("x", MONITOR), "unknown subcommand: x"),
                                 (("help", "x"), "unknown subcommand: x"),
                                 (("-v", "a\nb"), "unknown subcommand: a\\nb"), (("--json",), "unknown option: --json")):

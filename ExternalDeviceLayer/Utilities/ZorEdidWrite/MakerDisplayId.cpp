@@ -30,19 +30,20 @@ unsigned char* BeginDataBlock(unsigned char* pui8Block, unsigned int uiTag, unsi
     return pui8Block + DisplayId::gsc_uiHeaderSize + uiLength;
 }
 
-// Years before 2000 cannot be said.
 unsigned char* MakeProduct(const unsigned char* pui8Base, unsigned char* pui8Block)
 {
     constexpr unsigned int uiSize = 12;
-    constexpr unsigned int uiFirstYear = 2000;
     unsigned char* const pui8End = BeginDataBlock(pui8Block, DisplayId::gsc_uiProduct1Tag, uiSize);
     const unsigned int uiYear = pui8Base[BaseBlock::gsc_uiYearOffset] + BaseBlock::gsc_uiFirstYear;
     memcpy(pui8Block + DisplayId::gsc_uiPayloadOffset, BaseBlock::ReadManufacturerCode(pui8Base).m_szCode,
            BaseBlock::gsc_uiManufacturerLetters);
     DisplayId::gsc_oProductCode.Write(pui8Block, BaseBlock::ReadProductCode(pui8Base));
     DisplayId::gsc_oProductSerial.Write(pui8Block, BaseBlock::ReadSerialNumber(pui8Base));
-    DisplayId::gsc_oProductWeek.Write(pui8Block, pui8Base[BaseBlock::gsc_uiWeekOffset]);
-    DisplayId::gsc_oProductYear.Write(pui8Block, std::max(uiYear, uiFirstYear) - uiFirstYear);
+    if (uiYear >= gsc_uiFirstDisplayIdYear)
+    {
+        DisplayId::gsc_oProductWeek.Write(pui8Block, pui8Base[BaseBlock::gsc_uiWeekOffset]);
+        DisplayId::gsc_oProductYear.Write(pui8Block, uiYear - gsc_uiFirstDisplayIdYear);
+    }
     return pui8End;
 }
 
@@ -50,7 +51,7 @@ unsigned char* MakeParameters(const SDisplayIdFacts& oFacts, const unsigned char
 {
     constexpr unsigned int uiSize = 12;
     constexpr unsigned int uiTenths = 10;
-    constexpr unsigned int uiRatioScale = 100;
+    constexpr unsigned int uiSquare = 100;
     unsigned char* const pui8End = BeginDataBlock(pui8Block, DisplayId::gsc_uiParameters1Tag, uiSize);
     DisplayId::gsc_oImageWidth.Write(pui8Block, oFacts.m_oSize.m_uiWidth * uiTenths);
     DisplayId::gsc_oImageHeight.Write(pui8Block, oFacts.m_oSize.m_uiHeight * uiTenths);
@@ -58,10 +59,7 @@ unsigned char* MakeParameters(const SDisplayIdFacts& oFacts, const unsigned char
     DisplayId::gsc_oVerticalPixels.Write(pui8Block, oFacts.m_uiHeight);
     DisplayId::gsc_oAudioSupport.Write(pui8Block, oFacts.m_bAudio ? 1 : 0);
     DisplayId::gsc_oGamma.Write(pui8Block, pui8Base[BaseBlock::gsc_uiGammaOffset]);
-    const unsigned int uiLong = std::max(oFacts.m_uiWidth, oFacts.m_uiHeight);
-    const unsigned int uiShort = std::min(oFacts.m_uiWidth, oFacts.m_uiHeight);
-    const unsigned int uiRatio = uiShort != 0 ? (uiLong * uiRatioScale + uiShort / 2) / uiShort - uiRatioScale : 0;
-    DisplayId::gsc_oAspectRatio.Write(pui8Block, std::min(uiRatio, 0xFFU));
+    DisplayId::gsc_oAspectRatio.Write(pui8Block, std::min(std::max(oFacts.m_uiRatio, uiSquare) - uiSquare, 0xFFU));
     DisplayId::gsc_oOverallBitDepth.Write(pui8Block, oFacts.m_uiBitsPerColor - 1);
     DisplayId::gsc_oNativeBitDepth.Write(pui8Block, oFacts.m_uiBitsPerColor - 1);
     return pui8End;

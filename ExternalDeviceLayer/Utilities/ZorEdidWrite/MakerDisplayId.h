@@ -23,6 +23,7 @@ struct SDisplayIdFacts
     SImageSizeInMm m_oSize;
     unsigned int m_uiWidth; // in pixels; 0 for none known
     unsigned int m_uiHeight;
+    unsigned int m_uiRatio; // by GetRatio
     unsigned int m_uiBitsPerColor;
     bool m_bAudio;
     // What the link carries, a bit for each even number of bits of a color from 6 on: HDMI's deep color may be more
@@ -37,6 +38,18 @@ constexpr unsigned int GetDepthsTo(unsigned int uiBits)
 {
     return uiBits < 8 ? uiBits / 6 : (2U << (uiBits - 6) / 2) - 2;
 }
+
+// The longer side to the shorter one, in hundredths; 0 where a side is.
+constexpr unsigned int GetRatio(unsigned int uiWidth, unsigned int uiHeight)
+{
+    constexpr unsigned int uiScale = 100;
+    const unsigned int uiLong = uiWidth > uiHeight ? uiWidth : uiHeight;
+    const unsigned int uiShort = uiWidth > uiHeight ? uiHeight : uiWidth;
+    return uiShort != 0 ? (uiLong * uiScale + uiShort / 2) / uiShort : 0;
+}
+
+// Earlier ones cannot be said: the section then says this one, without a week.
+constexpr unsigned int gsc_uiFirstDisplayIdYear = 2000;
 
 // What a section of a display device must say: what product it is about, how large it is, and how it is connected. The
 // product is that of the base block.

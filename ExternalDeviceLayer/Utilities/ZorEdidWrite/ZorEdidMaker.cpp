@@ -72,8 +72,16 @@ bool BeginDisplayId(const CMakerPlan& oPlan, CMakerParts& oParts)
     const unsigned int ui444Depth = oPlan.HasYCbCr() ? uiDepth : 0;
     const unsigned int ui422Depth = ui444Depth != 0 && oPlan.IsHdmi() ? uiHdmi422Depth : ui444Depth;
     const SDisplayIdFacts oFacts = {
-        GetInterface(oPlan), GetImageSize(oPlan),  oNative.m_uiWidth,       oNative.m_uiHeight,      uiDepth,
-        oPlan.HasAudio(),    GetDepthsTo(uiDepth), GetDepthsTo(ui444Depth), GetDepthsTo(ui422Depth),
+        GetInterface(oPlan),
+        GetImageSize(oPlan),
+        oNative.m_uiWidth,
+        oNative.m_uiHeight,
+        GetRatio(oNative.m_uiWidth, oNative.m_uiHeight),
+        uiDepth,
+        oPlan.HasAudio(),
+        GetDepthsTo(uiDepth),
+        GetDepthsTo(ui444Depth),
+        GetDepthsTo(ui422Depth),
     };
     CBlockBytes aui8Block;
     MakeDisplayIdBlock(oFacts, oParts.GetMap().GetData(), aui8Block);
@@ -285,6 +293,18 @@ void NoteOffsets(const CZorEdidMap& oMap, CMArrayString& asNotes)
     }
 }
 
+void NoteYear(const CZorEdidMap& oMap, CMArrayString& asNotes)
+{
+    const unsigned int uiYear = oMap.FindField(eZorEdidField_BaseIdentityYear);
+    if (oMap.CountFields(eZorEdidField_DisplayidProductYear) != 0 && uiYear != CZorEdidMap::msc_uiNone &&
+        oMap.GetField(uiYear).m_llNumber < gsc_uiFirstDisplayIdYear)
+    {
+        CMString sNote;
+        sNote.Format("DisplayID says %u for the year, its first one", gsc_uiFirstDisplayIdYear);
+        asNotes.Add(sNote);
+    }
+}
+
 void NoteIdentity(const SZorEdidWishes& oWishes, const SDonor& oDonor, CMArrayString& asNotes)
 {
     for (int i = 0; i < static_cast<int>(oDonor.m_asNotes.GetCount()); ++i)
@@ -319,6 +339,7 @@ int CZorEdidMaker::Make(const SZorEdidWishes& oWishes)
     CMakerParts oParts;
     m_sReason = MakeImage(oPlan, oDonor, oParts, m_asNotes) ? CMString() : oParts.GetReason();
     NoteOffsets(oParts.GetMap(), m_asNotes);
+    NoteYear(oParts.GetMap(), m_asNotes);
     if (m_sReason.GetLength() == 0)
     {
         const CMString sFault = Prove(oPlan, oParts.GetMap());

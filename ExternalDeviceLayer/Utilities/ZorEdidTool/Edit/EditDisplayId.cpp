@@ -1,7 +1,5 @@
 #include "EditDisplayId.h"
 
-#include <stdlib.h>
-
 #include <algorithm>
 #include <bit>
 #include <functional>
@@ -40,15 +38,30 @@ SDisplayIdFacts::EInterface GetInterface(const CZorEdidFacts& oFacts)
     }
 }
 
-SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
+constexpr unsigned int gsc_uiUsualDepth = 8;
+
+// By what the image says best. Only without any of it the preferred timing counts, which is not the shape of a tube.
+unsigned int ReadRatio(const CZorEdidFacts::SSize& oSize, const SZorMode& oPreferred)
 {
-    constexpr unsigned int uiUsualDepth = 8;
-    constexpr long long llMmPerCm = 10;
-    const CZorEdidMap& oMap = oFields.GetMap();
-    CZorEdidFacts oFacts;
-    oFacts.Read(oMap.GetSize(), oMap.GetData());
-    const unsigned int uiSaid = oFacts.GetColour().m_oDepth.m_oValue;
-    const unsigned int uiDepth = uiSaid != 0 ? uiSaid : uiUsualDepth;
+    constexpr unsigned int uiSquare = 100;
+    if (oSize.m_oAspect.IsSaid())
+    {
+        return ZorWrite::GetRatio(oSize.m_oAspect.m_oValue, uiSquare);
+    }
+    if (oSize.m_oNative.IsSaid())
+    {
+        return ZorWrite::GetRatio(oSize.m_oNative.m_oValue.m_uiWidth, oSize.m_oNative.m_oValue.m_uiHeight);
+    }
+    return oSize.m_oSize.IsSaid()
+               ? ZorWrite::GetRatio(oSize.m_oSize.m_oValue.m_uiWidth, oSize.m_oSize.m_oValue.m_uiHeight)
+               : ZorWrite::GetRatio(oPreferred.m_uiWidth, oPreferred.m_uiHeight);
+}
+
+SDisplayIdFacts MakeFacts(const CZorEdidFacts& oFacts, const SZorMode& oPreferred)
+{
+    constexpr unsigned int uiTenths = 10;
+    const CZorEdidFacts::SMillimetres& oSize = oFacts.GetSize().m_oSize.m_oValue;
+    const unsigned int uiDepth = oFacts.GetColour().m_oDepth.Or(gsc_uiUsualDepth);
     // Where only the format is known, in the depth of the display. An analog input has RGB as well.
     const auto fnDepths = [&](CZorEdidFacts::EFormat eFormat) {
         const unsigned int uiDepths = oFacts.GetColour().m_aoDepths[eFormat].m_oValue;
@@ -56,23 +69,41 @@ SDisplayIdFacts ReadFacts(const CFieldEdits& oFields, const SZorMode& oNative)
         return uiDepths != 0 || (!bKnown && eFormat != CZorEdidFacts::eFormat_Rgb) ? uiDepths
                                                                                    : ZorWrite::GetDepthsTo(uiDepth);
     };
-    // The timing's millimetres where they are the base block's centimetres.
-    const auto fnMm = [&](EZorEdidField eTiming, EZorEdidField eBase) {
-        const long long llFine = oFields.GetNumber(eTiming);
-        const long long llCoarse = llMmPerCm * oFields.GetNumber(eBase);
-        const bool bFine = llCoarse == 0 || llabs(llFine - llCoarse) < llMmPerCm;
-        return static_cast<unsigned int>(bFine ? llFine : llCoarse);
-    };
     return { GetInterface(oFacts),
-             { fnMm(eZorEdidField_BaseDetailedImageWidth, eZorEdidField_BaseDisplayScreenWidth),
-               fnMm(eZorEdidField_BaseDetailedImageHeight, eZorEdidField_BaseDisplayScreenHeight) },
-             oNative.m_uiWidth,
-             oNative.m_uiHeight,
+             { (oSize.m_uiWidth + uiTenths / 2) / uiTenths, (oSize.m_uiHeight + uiTenths / 2) / uiTenths },
+             oFacts.GetSize().m_oNative.m_oValue.m_uiWidth,
+             oFacts.GetSize().m_oNative.m_oValue.m_uiHeight,
+             ReadRatio(oFacts.GetSize(), oPreferred),
              uiDepth,
-             oFacts.GetAudio().m_oBasic.m_oValue,
+             oFacts.GetAudio().m_oAudio.m_oValue,
              fnDepths(CZorEdidFacts::eFormat_Rgb),
              fnDepths(CZorEdidFacts::eFormat_YCbCr444),
              fnDepths(CZorEdidFacts::eFormat_YCbCr422) };
+}
+
+// A section has values of these and none for 'not known'.
+void NoteUnsaid(CFieldEdits& oFields, const CZorEdidFacts& oFacts)
+{
+    std::vector<std::string> asUnsaid;
+    const auto fnName = [&](bool bSaid, const std::string& sValue) {
+        if (!bSaid)
+        {
+            asUnsaid.push_back(sValue);
+        }
+    };
+    fnName(oFacts.GetSize().m_oKind.IsSaid(), "a standalone display device");
+    fnName(oFacts.GetLink().m_oKind.m_oValue != CZorEdidFacts::eLink_Digital, "DVI");
+    fnName(oFacts.GetColour().m_oDepth.IsSaid(), FormatText("%u bits per color", gsc_uiUsualDepth));
+    fnName(oFacts.GetAudio().m_oAudio.IsSaid(), "no audio");
+    if (!asUnsaid.empty())
+    {
+        oFields.Note("DisplayID says what the image does not: " + JoinTexts(asUnsaid) + "; --set changes it");
+    }
+    const unsigned int uiYear = oFacts.GetIdentity().m_oYear.Or(ZorWrite::gsc_uiFirstDisplayIdYear);
+    if (uiYear < ZorWrite::gsc_uiFirstDisplayIdYear)
+    {
+        oFields.Note(FormatText("DisplayID says %u for the year, its first one", ZorWrite::gsc_uiFirstDisplayIdYear));
+    }
 }
 
 // What announces a mode there or in a data block of CTA-861 for DisplayID's timings.
@@ -203,13 +234,16 @@ std::string BeginDisplayId(CFieldEdits& oFields, bool bPreferred)
         oFields.Note("DisplayID asks for a preferred timing, and the image has none; --add-mode with preferred adds "
                      "one");
     }
-    const SZorMode oNative = poPreferred != nullptr ? poPreferred->m_oMode : SZorMode{};
+    const SZorMode oPreferred = poPreferred != nullptr ? poPreferred->m_oMode : SZorMode{};
+    CZorEdidFacts oFacts;
+    oFacts.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    NoteUnsaid(oFields, oFacts);
     unsigned char aui8Block[gsc_uiBlockSize];
-    ZorWrite::MakeDisplayIdBlock(ReadFacts(oFields, oNative), oFields.GetMap().GetData(), aui8Block);
+    ZorWrite::MakeDisplayIdBlock(MakeFacts(oFacts, oPreferred), oFields.GetMap().GetData(), aui8Block);
     std::string sProblem = oFields.AddBlock(gsc_uiDisplayIdTag, { std::begin(aui8Block), std::end(aui8Block) });
     sProblem = sProblem.empty() ? oFields.AddBlock(gsc_uiDisplayIdTag, {}) : sProblem;
     ZorWrite::CType1Bytes aui8Timing;
-    if (!sProblem.empty() || bPreferred || !ZorWrite::WriteType1(oNative, true, aui8Timing))
+    if (!sProblem.empty() || bPreferred || !ZorWrite::WriteType1(oPreferred, true, aui8Timing))
     {
         return sProblem;
     }

@@ -239,6 +239,49 @@ TEST_F(EditNamed, NewPreferredTimingIsNotNative)
     }
 }
 
+// Bytes of the base block that is edited.
+CBytes MakePatched(const std::vector<std::pair<unsigned int, unsigned char>>& aoBytes)
+{
+    CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    for (const auto& [uiOffset, ui8Byte] : aoBytes)
+    {
+        aui8Image[uiOffset] = ui8Byte;
+    }
+    return FixChecksums(aui8Image);
+}
+
+// The first section repeats what the image says, and says of the rest as little as it can.
+TEST_F(EditNamed, FirstDisplayId)
+{
+    const struct
+    {
+        CBytes m_aui8Image;
+        EZorEdidField m_eId;
+        const char* m_pszValue;
+        const char* m_pszSaid;
+    } aoCases[] = {
+        { MakePatched({}), eZorEdidField_DisplayidParametersAudioSupport, "no", "a standalone display device; " },
+        { MakePatched({ { 0x15, 160 }, { 0x16, 90 } }), eZorEdidField_DisplayidParametersImageWidth, "not given", "" },
+        { MakePatched({ { 0x15, 160 }, { 0x16, 120 }, { 0x18, 0 } }), eZorEdidField_DisplayidParametersAspectRatio,
+          "1.33", "" },
+        { MakePatched({ { 0x18, 0 } }), eZorEdidField_DisplayidParametersHorizontalPixels, "not given", "" },
+        { MakePatched({ { 0x14, 0x80 } }), eZorEdidField_DisplayidParametersNativeBitDepth, "8 bits per color",
+          "DVI, 8 bits per color; " },
+        { MakePatched({ { 0x10, 9 }, { 0x11, 5 } }), eZorEdidField_DisplayidProductWeek, "not given",
+          "DisplayID says 2000 for the year" },
+    };
+    for (const auto& oCase : aoCases)
+    {
+        SCOPED_TRACE(CZorEdidMap::GetId(oCase.m_eId));
+        CFieldEdits oFields(oCase.m_aui8Image);
+        ASSERT_EQ("", Do(oFields, "--add-mode", "1280x1024@75,displayid"));
+        const CZorEdidMap& oMap = oFields.GetMap();
+        EXPECT_STREQ(oCase.m_pszValue, oMap.GetValue(oMap.FindField(oCase.m_eId)));
+        const std::string sSaid = JoinTexts(oFields.TakeNotes());
+        EXPECT_NE(std::string::npos, sSaid.find(oCase.m_pszSaid)) << sSaid;
+    }
+}
+
 // Product, display parameters and colours: serial number 5, 8 bits, CIE 1931.
 CBytes MakeDisplayId1()
 {

@@ -147,19 +147,24 @@ const SZorImageMode* FindPresent(const CZorEdidModes& oModes, const SAddedMode& 
     return nullptr;
 }
 
-// Before EDID 1.4 a flag says that the first detailed timing is preferred. DisplayID may prefer another one.
-std::string FollowPreferred(CFieldEdits& oFields, const SAddedMode& oAdded)
+void NotePreferredBeside(CFieldEdits& oFields, const CZorEdidModes& oModes, const SZorMode& oPreferred)
 {
-    CZorEdidModes oModes;
-    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
     for (unsigned int i = 0; i < oModes.GetCount(); ++i)
     {
         const SZorImageMode& oOther = oModes.Get(i);
-        if (oOther.m_eReason == SZorImageMode::eReason_Flag && !IsThere(oAdded.m_oMode, oOther))
+        if (oOther.m_eReason == SZorImageMode::eReason_Flag && !IsThere(oPreferred, oOther))
         {
             oFields.Note("DisplayID still prefers " + NamePlaces(oFields.GetBytes(), { oOther }));
         }
     }
+}
+
+// Before EDID 1.4 a flag says that the first detailed timing is preferred.
+std::string FollowPreferred(CFieldEdits& oFields, const SAddedMode& oAdded)
+{
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    NotePreferredBeside(oFields, oModes, oAdded.m_oMode);
     const bool bUnsaid = oFields.Has(eZorEdidField_BaseDisplayPreferredTiming) &&
                          oFields.GetNumber(eZorEdidField_BaseDisplayPreferredTiming) == 0;
     return bUnsaid ? oFields.Set(eZorEdidField_BaseDisplayPreferredTiming, "yes") : "";
@@ -369,6 +374,20 @@ void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic)
         aoModes.push_back(oTiming.m_oMode);
     }
     FollowWithLimits(oFields, aoModes);
+}
+
+void NoteOtherPreferred(CFieldEdits& oFields)
+{
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        if (oModes.Get(i).m_eField == eZorEdidField_BaseDetailed)
+        {
+            NotePreferredBeside(oFields, oModes, oModes.Get(i).m_oMode);
+            return;
+        }
+    }
 }
 
 std::string ParseAddMode(const std::string& sText, CNamedEdit& fnEdit)

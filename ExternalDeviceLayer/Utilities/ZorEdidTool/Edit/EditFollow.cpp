@@ -2,8 +2,11 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
 #include <array>
+#include <span>
 
+#include "MakerDisplayId.h"
 #include "MapText.h"
 #include "TextFormat.h"
 
@@ -41,6 +44,27 @@ constexpr CPlacesOfColors gsc_aoColors2 = { {
     { eZorEdidField_DisplayidParameters2WhitePointY, 0 },
 } };
 
+// In steps of two bits from 8 to 16.
+constexpr EZorEdidField gsc_aeRgbDepths[] = {
+    eZorEdidField_DisplayidInterfaceRgb444_8bpc,  eZorEdidField_DisplayidInterfaceRgb444_10bpc,
+    eZorEdidField_DisplayidInterfaceRgb444_12bpc, eZorEdidField_DisplayidInterfaceRgb444_14bpc,
+    eZorEdidField_DisplayidInterfaceRgb444_16bpc,
+};
+constexpr EZorEdidField gsc_ae444Depths[] = {
+    eZorEdidField_DisplayidInterfaceYcbcr444_8bpc,  eZorEdidField_DisplayidInterfaceYcbcr444_10bpc,
+    eZorEdidField_DisplayidInterfaceYcbcr444_12bpc, eZorEdidField_DisplayidInterfaceYcbcr444_14bpc,
+    eZorEdidField_DisplayidInterfaceYcbcr444_16bpc,
+};
+constexpr EZorEdidField gsc_ae422Depths[] = {
+    eZorEdidField_DisplayidInterfaceYcbcr422_8bpc,  eZorEdidField_DisplayidInterfaceYcbcr422_10bpc,
+    eZorEdidField_DisplayidInterfaceYcbcr422_12bpc, eZorEdidField_DisplayidInterfaceYcbcr422_14bpc,
+    eZorEdidField_DisplayidInterfaceYcbcr422_16bpc,
+};
+constexpr unsigned int gsc_uiDepth8 = 0x1; // a bit for each of them
+constexpr unsigned int gsc_uiDepth10 = 0x2;
+constexpr unsigned int gsc_uiDepth12 = 0x4;
+constexpr unsigned int gsc_uiDepth16 = 0x10;
+
 void NoteStill(CFieldEdits& oFields, unsigned int uiField, const std::string& sWhy)
 {
     oFields.Note("DisplayID still says " + static_cast<std::string>(oFields.GetMap().GetValue(uiField)) + ": " + sWhy);
@@ -59,6 +83,64 @@ void FollowField(CFieldEdits& oFields, const CFieldEdits::SValue& oValue, unsign
     {
         NoteStill(oFields, uiField, sProblem);
     }
+}
+
+// A field that is there always says something.
+void FollowFlag(CFieldEdits& oFields, EZorEdidField eId, unsigned int uiNumber, bool bSet)
+{
+    const CZorEdidMap& oMap = oFields.GetMap();
+    const unsigned int uiField = oMap.FindField(eId, uiNumber);
+    if (uiField == CZorEdidMap::msc_uiNone || (oMap.GetField(uiField).m_llNumber != 0) == bSet)
+    {
+        return;
+    }
+    if (const std::string sProblem = oFields.Set(eId, bSet ? "raw:1" : "raw:0", uiNumber); !sProblem.empty())
+    {
+        NoteStill(oFields, uiField, sProblem);
+    }
+}
+
+// Where the interface has the format at all.
+void FollowDepths(CFieldEdits& oFields, std::span<const EZorEdidField> aeDepths, unsigned int uiDepths)
+{
+    for (unsigned int uiNumber = 0; uiNumber < oFields.GetMap().CountFields(aeDepths[0]); ++uiNumber)
+    {
+        const auto fnIsSet = [&](EZorEdidField eId) {
+            const unsigned int uiField = oFields.GetMap().FindField(eId, uiNumber);
+            return uiField != CZorEdidMap::msc_uiNone && oFields.GetMap().GetField(uiField).m_llNumber != 0;
+        };
+        if (std::ranges::none_of(aeDepths, fnIsSet))
+        {
+            continue;
+        }
+        for (size_t i = 0; i < aeDepths.size(); ++i)
+        {
+            FollowFlag(oFields, aeDepths[i], uiNumber, (uiDepths >> i & 1) != 0);
+        }
+    }
+}
+
+// HDMI has depths of its own, the deep colours.
+void FollowLinkDepths(CFieldEdits& oFields, unsigned int uiBits)
+{
+    constexpr unsigned int uiLeast = 8;
+    if (oFields.Has(eZorEdidField_CtaHdmi))
+    {
+        return;
+    }
+    if (uiBits < uiLeast)
+    {
+        const unsigned int uiField = oFields.GetMap().FindField(gsc_aeRgbDepths[0]);
+        if (uiField != CZorEdidMap::msc_uiNone)
+        {
+            oFields.Note("the depths of the interface in DisplayID stay, which --set changes");
+        }
+        return;
+    }
+    const unsigned int uiDepths = (2U << (uiBits - uiLeast) / 2) - 1; // all up to it
+    FollowDepths(oFields, gsc_aeRgbDepths, uiDepths);
+    FollowDepths(oFields, gsc_ae444Depths, uiDepths);
+    FollowDepths(oFields, gsc_ae422Depths, uiDepths);
 }
 
 // From CIE 1931 (x, y) to CIE 1976 (u', v').
@@ -103,17 +185,75 @@ void FollowSerial(CFieldEdits& oFields, unsigned int uiSerial)
     FollowWhereGiven(oFields, { { eZorEdidField_DisplayidProductSerialNumber, FormatText("raw:%u", uiSerial) } });
 }
 
-// The overall depth is not below that of the display.
+// The overall depth, which dithering may raise, is not below that of the display, and stays the same where it was.
 void FollowColorDepth(CFieldEdits& oFields, unsigned int uiBits)
 {
     const std::string sDepth = uiBits != 0 ? FormatText("%u", uiBits) : "not defined";
-    if (oFields.GetNumber(eZorEdidField_DisplayidParametersOverallBitDepth) < static_cast<long long>(uiBits))
+    const long long llOverall = oFields.GetNumber(eZorEdidField_DisplayidParametersOverallBitDepth);
+    if (llOverall < static_cast<long long>(uiBits) ||
+        llOverall == oFields.GetNumber(eZorEdidField_DisplayidParametersNativeBitDepth))
     {
         FollowWhereGiven(oFields, { { eZorEdidField_DisplayidParametersOverallBitDepth, sDepth } });
     }
     FollowWhereGiven(oFields, { { eZorEdidField_DisplayidParametersNativeBitDepth, sDepth },
                                 { eZorEdidField_DisplayidParameters2NativeBitDepth,
                                   uiBits != 0 ? sDepth + " bits per color" : sDepth } });
+    FollowLinkDepths(oFields, uiBits);
+}
+
+// YCbCr 4:2:2 has room for 12 bits without a deep colour.
+void FollowDeepColor(CFieldEdits& oFields, unsigned int uiDeepColor)
+{
+    const unsigned int uiDepths = gsc_uiDepth8 | ((uiDeepColor & 1) != 0 ? gsc_uiDepth10 : 0) |
+                                  ((uiDeepColor & 2) != 0 ? gsc_uiDepth12 : 0) |
+                                  ((uiDeepColor & 4) != 0 ? gsc_uiDepth16 : 0);
+    FollowDepths(oFields, gsc_aeRgbDepths, uiDepths);
+    FollowDepths(oFields, gsc_ae444Depths,
+                 oFields.GetNumber(eZorEdidField_CtaHdmiDcY444) != 0 ? uiDepths : gsc_uiDepth8);
+}
+
+// Three bytes: letters in version 1, in version 2 an identifier of IEEE.
+void FollowMaker(CFieldEdits& oFields, const std::string& sLetters)
+{
+    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_DisplayidProductVendor); ++i)
+    {
+        const unsigned int uiField = oFields.GetMap().FindField(eZorEdidField_DisplayidProductVendor, i);
+        const unsigned char* pui8Old = oFields.GetMap().GetData() + oFields.GetMap().GetField(uiField).m_uiOffset;
+        const bool bLetters =
+            std::all_of(pui8Old, pui8Old + sLetters.size(), [](unsigned char ui8) { return ui8 >= 'A' && ui8 <= 'Z'; });
+        const auto* pui8Letters = reinterpret_cast<const unsigned char*>(sLetters.data());
+        const std::string sRaw = "raw:" + FormatHex(pui8Letters, sLetters.size());
+        if (!bLetters || !oFields.Set(eZorEdidField_DisplayidProductVendor, sRaw, i).empty())
+        {
+            NoteStill(oFields, uiField, "it takes an identifier of IEEE, which --set changes");
+        }
+    }
+}
+
+void FollowDate(CFieldEdits& oFields, unsigned int uiWeek, unsigned int uiYear)
+{
+    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_DisplayidProductYear); ++i)
+    {
+        const unsigned int uiField = oFields.GetMap().FindField(eZorEdidField_DisplayidProductYear, i);
+        const bool bHeld = uiYear >= ZorWrite::gsc_uiFirstDisplayIdYear;
+        std::string sProblem = bHeld ? "" : FormatText("its first year is %u", ZorWrite::gsc_uiFirstDisplayIdYear);
+        sProblem = sProblem.empty() ? oFields.Set(eZorEdidField_DisplayidProductWeek, FormatText("raw:%u", uiWeek), i)
+                                    : sProblem;
+        sProblem =
+            sProblem.empty() ? oFields.Set(eZorEdidField_DisplayidProductYear, std::to_string(uiYear), i) : sProblem;
+        if (!sProblem.empty())
+        {
+            NoteStill(oFields, uiField, sProblem);
+        }
+    }
+}
+
+void FollowAudio(CFieldEdits& oFields)
+{
+    for (unsigned int i = 0; i < oFields.GetMap().CountFields(eZorEdidField_DisplayidParametersAudioSupport); ++i)
+    {
+        FollowFlag(oFields, eZorEdidField_DisplayidParametersAudioSupport, i, true);
+    }
 }
 
 // Of other numbers than three primaries nothing says which is red.

@@ -3,6 +3,7 @@
 #include "EditNamed.h"
 
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include <algorithm>
@@ -41,15 +42,19 @@ std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Ta
 
 // ---- Date ----
 
-std::string PutYear(CFieldEdits& oFields, const std::string& sYear)
+// uiWeek: as it is stored.
+std::string PutDate(CFieldEdits& oFields, unsigned int uiWeek, unsigned int uiYear)
 {
-    constexpr unsigned int uiWeek = BaseBlock::gsc_uiWeekOffset;
-    const bool bModelYear = oFields.IsRevision4(); // FFh for the week says that the year is the model year
-    std::string sProblem =
-        oFields.Apply({ eZorEdidField_None, uiWeek, SSetting::msc_uiNone, bModelYear ? "raw:255" : "raw:0" });
-    return !sProblem.empty()
-               ? sProblem
-               : oFields.Set(bModelYear ? eZorEdidField_BaseIdentityModelYear : eZorEdidField_BaseIdentityYear, sYear);
+    const auto eYear =
+        uiWeek == BaseBlock::gsc_uiModelYearWeek ? eZorEdidField_BaseIdentityModelYear : eZorEdidField_BaseIdentityYear;
+    std::string sProblem = oFields.Apply(
+        { eZorEdidField_None, BaseBlock::gsc_uiWeekOffset, SSetting::msc_uiNone, FormatText("raw:%u", uiWeek) });
+    sProblem = sProblem.empty() ? oFields.Set(eYear, std::to_string(uiYear)) : sProblem;
+    if (sProblem.empty())
+    {
+        FollowDate(oFields, uiWeek, uiYear);
+    }
+    return sProblem;
 }
 
 // ---- Size ----
@@ -60,10 +65,23 @@ struct SSize
     unsigned int m_uiHeightInMm = 0;
 };
 
-// The nearest centimetre in the base block, and millimetres where detailed timings and DisplayID have a size.
+// The first detailed timing has the millimetres, as in a new image.
+std::string PutFirstTimingSize(CFieldEdits& oFields, const std::string& sWidth, const std::string& sHeight)
+{
+    const unsigned int uiWidth = oFields.GetMap().FindField(eZorEdidField_BaseDetailedImageWidth);
+    const bool bBase =
+        uiWidth != CZorEdidMap::msc_uiNone && oFields.GetMap().GetField(uiWidth).m_uiOffset < gsc_uiBlockSize;
+    return bBase ? oFields.SetAll({ { eZorEdidField_BaseDetailedImageWidth, sWidth },
+                                    { eZorEdidField_BaseDetailedImageHeight, sHeight } })
+                 : "";
+}
+
+// The nearest centimetre in the base block, which HDMI may take for a ratio or for units of 5 cm, and millimetres where
+// detailed timings and DisplayID have a size.
 std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
 {
     constexpr unsigned int uiMmPerCm = 10;
+    constexpr unsigned int uiCentimetres = 2; // of HDMI's Image_Size
     const auto fnCm = [](unsigned int uiMm) { return FormatText("raw:%u", (uiMm + uiMmPerCm / 2) / uiMmPerCm); };
     const auto fnPut = [&](unsigned int uiOffset, unsigned int uiMm) {
         return oFields.Apply({ eZorEdidField_None, uiOffset, SSetting::msc_uiNone, fnCm(uiMm) });
@@ -72,9 +90,11 @@ std::string PutSize(CFieldEdits& oFields, const SSize& oSize)
     const std::string sHeight = FormatText("%u mm", oSize.m_uiHeightInMm);
     std::string sProblem = fnPut(BaseBlock::gsc_uiImageWidthOffset, oSize.m_uiWidthInMm);
     sProblem = sProblem.empty() ? fnPut(BaseBlock::gsc_uiImageHeightOffset, oSize.m_uiHeightInMm) : sProblem;
+    sProblem = sProblem.empty() ? PutFirstTimingSize(oFields, sWidth, sHeight) : sProblem;
     if (sProblem.empty())
     {
-        FollowWhereGiven(oFields, { { eZorEdidField_BaseDetailedImageWidth, sWidth },
+        FollowWhereGiven(oFields, { { eZorEdidField_CtaHdmiImageSize, FormatText("raw:%u", uiCentimetres) },
+                                    { eZorEdidField_BaseDetailedImageWidth, sWidth },
                                     { eZorEdidField_BaseDetailedImageHeight, sHeight },
                                     { eZorEdidField_DisplayidParametersImageWidth, sWidth },
                                     { eZorEdidField_DisplayidParametersImageHeight, sHeight } });
@@ -203,6 +223,18 @@ constexpr EZorEdidField gsc_aeChromaticities[] = {
     eZorEdidField_BaseChromaticityWhiteX, eZorEdidField_BaseChromaticityWhiteY,
 };
 
+// x and y of a point. What is no number is refused by the field.
+bool IsColor(const std::string& sX, const std::string& sY)
+{
+    constexpr double dMost = 1.000001; // decimals have no exact sum
+    char* pszEndX = nullptr;
+    char* pszEndY = nullptr;
+    const double dX = strtod(sX.c_str(), &pszEndX);
+    const double dY = strtod(sY.c_str(), &pszEndY);
+    const bool bNumbers = *pszEndX == '\0' && *pszEndY == '\0';
+    return !bNumbers || (dX > 0 && dY > 0 && dX + dY <= dMost);
+}
+
 // A display of other colours or another gamma than sRGB's does not say that it is one. One that has both says it.
 std::string FollowSrgb(CFieldEdits& oFields)
 {
@@ -243,7 +275,14 @@ std::string ParseSerialText(const std::string& sText, CNamedEdit& fnEdit)
 
 std::string ParseMaker(const std::string& sText, CNamedEdit& fnEdit)
 {
-    fnEdit = [sText](CFieldEdits& oFields) { return oFields.Set(eZorEdidField_BaseIdentityManufacturer, sText); };
+    fnEdit = [sText](CFieldEdits& oFields) {
+        std::string sProblem = oFields.Set(eZorEdidField_BaseIdentityManufacturer, sText);
+        if (sProblem.empty())
+        {
+            FollowMaker(oFields, sText);
+        }
+        return sProblem;
+    };
     const bool bLetters = sText.size() == 3 && std::ranges::all_of(sText, [](char c) { return c >= 'A' && c <= 'Z'; });
     return bLetters ? "" : "'" + sText + "' is not three capital letters such as ABC";
 }
@@ -277,18 +316,16 @@ std::string ParseDate(const std::string& sText, CNamedEdit& fnEdit)
     {
         return "'" + sText + "' is not WEEK/YEAR or YEAR such as 12/2026: weeks are 1 to 54, years 1990 to 2245";
     }
-    fnEdit = [=, sYear = std::to_string(uiYear)](CFieldEdits& oFields) {
+    fnEdit = [=](CFieldEdits& oFields) {
         if (uiWeek == 0)
         {
-            return PutYear(oFields, sYear);
+            return PutDate(oFields, oFields.IsRevision4() ? BaseBlock::gsc_uiModelYearWeek : 0, uiYear);
         }
         if (uiWeek == uiMostWeek && !oFields.IsRevision4())
         {
             return std::string("before EDID 1.4 weeks are 1 to 53");
         }
-        std::string sProblem = oFields.Apply(
-            { eZorEdidField_None, BaseBlock::gsc_uiWeekOffset, SSetting::msc_uiNone, FormatText("raw:%u", uiWeek) });
-        return sProblem.empty() ? oFields.Set(eZorEdidField_BaseIdentityYear, sYear) : sProblem;
+        return PutDate(oFields, uiWeek, uiYear);
     };
     return "";
 }
@@ -340,6 +377,14 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
         const std::string sNear = AskForNearWord(sText, ListNames(gsc_aoSpaces));
         return "'" + sText + "' is not srgb, p3, bt2020 or eight numbers" +
                (sNear.empty() ? ": x and y of red, green, blue and white" : sNear);
+    }
+    for (size_t i = 0; i + 1 < asNumbers.size(); i += 2)
+    {
+        if (!IsColor(asNumbers[i], asNumbers[i + 1]))
+        {
+            return "'" + asNumbers[i] + "," + asNumbers[i + 1] +
+                   "' is not a color: x and y are above 0, and at most 1 together";
+        }
     }
     fnEdit = [asNumbers](CFieldEdits& oFields) {
         std::string sProblem;

@@ -24,6 +24,9 @@ void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic);
 bool FindCode(const CZorEdidMap& oMap, unsigned int uiVic, unsigned int& uiPlace);
 bool Is420Only(const CZorEdidMap& oMap, unsigned int uiVic);
 
+// Of a DisplayID timing that is marked as preferred beside another first detailed timing.
+void NoteOtherPreferred(CFieldEdits& oFields);
+
 // ---- The options ----
 
 // Each makes the edit of an option's value. Empty, or what is wrong with the value.

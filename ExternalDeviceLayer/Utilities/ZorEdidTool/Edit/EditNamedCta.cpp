@@ -5,6 +5,7 @@
 
 #include "EditNamed.h"
 #include "FieldEdits.h"
+#include "ImageModes.h"
 #include "NearWord.h"
 #include "Standards/ColourBlocks.h"
 #include "Standards/ExtensionBlocks.h"
@@ -225,6 +226,23 @@ std::string PutDisplayPortVrr(CFieldEdits& oFields, unsigned int uiLeast, unsign
     return sProblem.empty() ? oFields.Set(eZorEdidField_BaseDisplayContinuousFrequency, "yes") : sProblem;
 }
 
+// A source drives a mode of the highest rate, and lowers it.
+void NoteUnreached(CFieldEdits& oFields, unsigned int uiMost)
+{
+    double dHighest = 0; // Hz
+    CZorEdidModes oModes;
+    oModes.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    for (unsigned int i = 0; i < oModes.GetCount(); ++i)
+    {
+        dHighest = std::max(dHighest, GetRate(oModes.Get(i).m_oMode));
+    }
+    if (dHighest <= uiMost - 1.0)
+    {
+        oFields.Note(FormatText("no mode has a rate of %u Hz, and the highest one is of %.2f Hz; --add-mode adds one",
+                                uiMost, dHighest));
+    }
+}
+
 // Range limits that are there come to hold the range.
 std::string PutVrr(CFieldEdits& oFields, unsigned int uiLeast, unsigned int uiMost)
 {
@@ -391,7 +409,14 @@ std::string ParseVrr(const std::string& sText, CNamedEdit& fnEdit)
     {
         return "'" + sText + "' is not a range of rates such as 48-144: from 1 to 48 Hz, up to 1023 Hz";
     }
-    fnEdit = [=](CFieldEdits& oFields) { return PutVrr(oFields, uiLeast, uiMost); };
+    fnEdit = [=](CFieldEdits& oFields) {
+        std::string sProblem = PutVrr(oFields, uiLeast, uiMost);
+        if (sProblem.empty())
+        {
+            NoteUnreached(oFields, uiMost);
+        }
+        return sProblem;
+    };
     return "";
 }
 

@@ -289,7 +289,7 @@ std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
     return ParseNumber(sText, uiNumber) ? "" : "'" + sText + "' is not a number from 0 to 4294967295";
 }
 
-// DisplayID has a serial number and a colour depth, too, which are set after the base block's.
+// What DisplayID says of these, too, is set after the other bytes.
 std::string ParseSerial(const std::string& sText, SEdit& oEdit)
 {
     std::string sProblem = ParsePlainNumber(sText, oEdit.m_uiNumber);
@@ -308,6 +308,16 @@ std::string ParseColorDepth(const std::string& sText, SEdit& oEdit)
         return std::string();
     };
     return bKnown ? "" : RefuseName(sText, gsc_aoColorDepths);
+}
+
+std::string ParseDeepColor(const std::string& sText, SEdit& oEdit)
+{
+    std::string sProblem = ParseBitsOrNone(gsc_aoDeepColors, sText, ",+", oEdit.m_uiNumber);
+    oEdit.m_fnNamed = [uiBits = oEdit.m_uiNumber](CFieldEdits& oFields) {
+        FollowDeepColor(oFields, uiBits);
+        return std::string();
+    };
+    return sProblem;
 }
 
 std::string ParseCode(const std::string& sText, unsigned int& uiCode)
@@ -435,12 +445,20 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_RemoveCode:
         return ParseRemoval(sValue, oEdit);
     case eEdit_Preferred:
+        oEdit.m_fnNamed = [](CFieldEdits& oFields) {
+            NoteOtherPreferred(oFields);
+            return std::string();
+        };
         return ParseTiming(sValue, oEdit);
     case eEdit_ColorDepth:
         return ParseColorDepth(sValue, oEdit);
     case eEdit_DeepColor:
-        return ParseBitsOrNone(gsc_aoDeepColors, sValue, ",+", oEdit.m_uiNumber);
+        return ParseDeepColor(sValue, oEdit);
     case eEdit_AudioAdd:
+        oEdit.m_fnNamed = [](CFieldEdits& oFields) {
+            FollowAudio(oFields);
+            return std::string();
+        };
         return ParseAudio(sValue, oEdit.m_oAudio);
     case eEdit_AudioSet:
         return ParseAudioSet(sValue, oEdit);

@@ -60,7 +60,7 @@ constexpr SNamedCase gsc_aoCases[] = {
       "base.range.min-vertical-rate=48 Hz; base.range.max-vertical-rate=300 Hz; base.range.max-pixel-clock=600 MHz" },
     { "--chromaticities", "bt2020", "base.chromaticity.red-x=0.7080; base.chromaticity.blue-y=0.0459" },
     { "--chromaticities", "srgb", "base.chromaticity.red-x=0.6396" },
-    { "--chromaticities", ".1,.2,.3,.4,.5,.6,.25,.75", "base.chromaticity.white-y=0.7500" },
+    { "--chromaticities", ".1,.2,.3,.4,.5,.4,.25,.75", "base.chromaticity.white-y=0.7500" },
     { "--gamma", "2.4", "base.display.gamma=2.40" },
     { "--add-hdr", "pq,hlg,max=600,frame=400,min=0.05",
       "cta.hdr-static.smpte-st-2084=yes; cta.hdr-static.hlg=yes; cta.hdr-static.traditional-gamma-hdr=no; "
@@ -177,6 +177,8 @@ TEST_F(EditNamed, IsRefused)
         { "--range-limits", "48-144" },
         { "--range-limits", "48-144Hz" }, // no range limits are there
         { "--chromaticities", "adobe" },
+        { "--chromaticities", ".6,.5,.3,.6,.1,.1,.3,.3" },
+        { "--chromaticities", ".6,.3,.3,.6,.1,0,.3,.3" },
         { "--gamma", "9" },
         { "--add-mode", "1920x1080" },
         { "--add-mode", "1920x1080@60,vesa" },
@@ -299,6 +301,21 @@ CBytes MakeDisplayId2()
         UINT_MAX, 0x20) });
 }
 
+// HDMI, whose size is a ratio.
+CBytes MakeHdmi()
+{
+    CBytes aui8Cta = ParseBytes("02 03 0F 30 6A 03 0C 00 10 00 00 3C 20 08 00");
+    aui8Cta.resize(gsc_uiBlockSize);
+    return FixChecksums(aui8Cta);
+}
+
+// RGB in 8 bits.
+CBytes MakeInterface(std::vector<CBytes> aaui8Blocks)
+{
+    aaui8Blocks.push_back(MakeDisplayIdBlock(MakeDataBlock(0x0F, 0, ParseBytes("A4 12 02 00 00 00 00 00 00 00"))));
+    return MakeEdid(aaui8Blocks);
+}
+
 // A CTA-861 block of HDMI with six timings and 7 bytes left.
 CBytes MakeFullHdmi()
 {
@@ -314,6 +331,7 @@ CBytes MakeFullHdmi()
 CBytes MakePreferringDisplayId()
 {
     CBytes aui8Record = Type1Record1080p();
+    aui8Record[0] ^= 0x40; // another clock than in the base block
     aui8Record[3] = 0x80;
     return MakeEdid({ MakeDisplayIdBlock(MakeDataBlock(3, 1, aui8Record)) });
 }
@@ -339,8 +357,17 @@ TEST_F(EditNamed, SaysWhatFollows)
     } aoCases[] = {
         { MakeDisplayId1(), "--serial", "77", "Serial number: 5 became 77" },
         { MakeDisplayId1(), "--color-depth", "12", "overall: 8 bits per color became 12 bits" },
-        { MakeDisplayId1(), "--color-depth", "6", "native: 8 bits per color became 6 bits", "overall" },
+        { MakeDisplayId1(), "--color-depth", "6", "overall: 8 bits per color became 6 bits" },
         { MakeDisplayId1(), "--color-depth", "undefined", "DisplayID still says 8 bits per color: " },
+        { MakeDisplayId1(), "--maker", "XYZ", "ABC became XYZ" },
+        { MakeDisplayId1(), "--date", "5/2024", "2020 became 2024" },
+        { MakeDisplayId1(), "--date", "5/1995", "DisplayID still says 2020: its first year is 2000" },
+        { MakeDisplayId1(), "--audio-add", "pcm,2ch,48,16", "Audio support on video interface: no became yes" },
+        { MakeInterface({}), "--color-depth", "12", "RGB 4:4:4, 12 bits per color: not", "YCbCr" },
+        { MakeInterface({}), "--deep-color", "30", "RGB 4:4:4, 10 bits per color: not", "12 bits" },
+        { MakeInterface({ MakeHdmi() }), "--color-depth", "12", "", "RGB" },
+        { MakeEdid({ MakeHdmi() }), "--size", "597x336mm", "the right aspect ratio only became the base block's" },
+        { MakePreferringDisplayId(), "--preferred", "1280x1024@75", "DisplayID still prefers" },
         { MakeDisplayId1(), "--chromaticities", "p3", "> y: 0.3320 became 0.3289", "still says" },
         { MakeDisplayId2(), "--color-depth", "10", "native: 8 bits per color became 10 bits per color" },
         { MakeDisplayId2(), "--color-depth", "14", "DisplayID still says 8 bits per color: " },
@@ -348,6 +375,7 @@ TEST_F(EditNamed, SaysWhatFollows)
         { MakeEdid({ MakeCeaBlock() }), "--tmds", "300", "Max_TMDS_Clock: is 300 MHz", "became" },
         { MakeEdid({ MakeCeaBlock() }), "--add-hdr", "pq", "SMPTE ST 2084: is yes", "became" },
         { MakeEdid({ MakeCeaBlock() }), "--frl", "6x4", "the base block says that the input is DisplayPort" },
+        { MakeFullHdmi(), "--vrr", "48-144", "no mode has a rate of 144 Hz" },
         { MakeFullHdmi(), "--frl", "6x4", "it made room in block 1" },
         { MakePreferringDisplayId(), "--add-mode", "1280x1024@75,preferred", "DisplayID still prefers" },
         { MakeOldImage(), "--add-mode", "1280x1024@75,preferred", "Preferred timing mode: no became yes" },

@@ -11,6 +11,7 @@
 
 #include "CommandLine.h"
 #include "EdidUtils.h"
+#include "EditSet.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapJson.h"
@@ -32,6 +33,7 @@ struct SExplainOptions
     unsigned int m_uiBlock = gsc_uiNone;
     unsigned int m_uiAt = gsc_uiNone; // in the block of --block, else in the image
     EZorEdidField m_eAt = eZorEdidField_None;
+    unsigned int m_uiNumber = gsc_uiNone; // of several fields of that id; none for all
     std::string m_sFind;
     bool m_bJson = false;
     bool m_bIds = false;
@@ -235,6 +237,12 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
         return FindByte(oMap, oOptions);
     }
     const bool bId = oOptions.m_eAt != eZorEdidField_None;
+    const bool bNumber = oOptions.m_uiNumber != gsc_uiNone;
+    const unsigned int uiOnly = bNumber ? oMap.FindField(oOptions.m_eAt, oOptions.m_uiNumber) : gsc_uiNone;
+    const auto fnIsAsked = [&](unsigned int uiField) {
+        return bNumber ? uiOnly <= uiField && uiField < oMap.GetField(uiOnly).m_uiEnd
+                       : IsIn(oMap, uiField, oOptions.m_eAt);
+    };
     std::string sPart = CloseSizes(oOptions.m_sFind);
     std::transform(sPart.begin(), sPart.end(), sPart.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }); // as ids are
@@ -243,14 +251,15 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
     for (const unsigned int uiField : OrderByPlace(oMap))
     {
         if ((!bInBlock || oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize == oOptions.m_uiBlock) &&
-            (bId ? IsIn(oMap, uiField, oOptions.m_eAt) : sPart.empty() || Matches(oMap, uiField, sPart, eFind)))
+            (bId ? fnIsAsked(uiField) : sPart.empty() || Matches(oMap, uiField, sPart, eFind)))
         {
             oAsked.m_auiFields.push_back(uiField);
         }
     }
     if (oAsked.m_auiFields.empty())
     {
-        oAsked.m_sProblem = bId ? std::string("has no field ") + CZorEdidMap::GetId(oOptions.m_eAt)
+        oAsked.m_sProblem = bId ? std::string("has no field ") + CZorEdidMap::GetId(oOptions.m_eAt) +
+                                      (bNumber ? FormatText("[%u]", oOptions.m_uiNumber) : "")
                                 : "has no field with this text: " + oOptions.m_sFind;
     }
     return oAsked;
@@ -420,18 +429,37 @@ std::string DescribeFields(const CZorEdidMap& oMap, const SExplainOptions& oOpti
     return oLines.GetText();
 }
 
+bool IsTaken(const SInput& oInput, unsigned int uiField, const char* pszName)
+{
+    CZorEdidWriter oWriter;
+    CZorEdidWriter::SAnswer oAnswer;
+    oWriter.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
+    return oWriter.Set(uiField, pszName, oAnswer) != 0;
+}
+
 // The names that an edit may set one of the fields to, a line each. Those of the first field that has some, as fields
-// of an id have the same.
+// of an id have the same but for what the fields beside them refuse.
 std::string ListValues(const SInput& oInput, const std::vector<unsigned int>& auiFields)
 {
     CZorEdidWriter oWriter;
     oWriter.Read(static_cast<unsigned int>(oInput.m_aui8Bytes.size()), oInput.m_aui8Bytes.data());
-    CMArrayString aoNames;
-    for (size_t i = 0; i < auiFields.size() && aoNames.GetCount() == 0; ++i)
+    std::string sText;
+    for (size_t i = 0; i < auiFields.size() && sText.empty(); ++i)
     {
+        CMArrayString aoNames;
         oWriter.ListNames(auiFields[i], aoNames);
+        if (oWriter.GetMap().GetField(auiFields[i]).m_eKind == CZorEdidMap::eKind_Flag && aoNames.GetCount() == 0)
+        {
+            aoNames.Add("no");
+            aoNames.Add("yes");
+        }
+        for (unsigned int j = 0; j < aoNames.GetCount(); ++j)
+        {
+            const std::string sName(aoNames[j]);
+            sText += IsTaken(oInput, auiFields[i], sName.c_str()) ? sName + "\n" : "";
+        }
     }
-    return aoNames.GetCount() == 0 ? "" : std::string(aoNames.Join("\n")) + "\n";
+    return sText;
 }
 
 SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
@@ -458,6 +486,11 @@ SOutcome Explain(const SExplainOptions& oOptions, const SInput& oInput)
     if (oOptions.m_bValues)
     {
         oOutcome.m_sOut = ListValues(oInput, oAsked.m_auiFields);
+        if (oOutcome.m_sOut.empty() && oAsked.m_sProblem.empty())
+        {
+            oOutcome.m_sError = MakeErrorLine(oInput.m_sName, "no field there takes names");
+            oOutcome.m_eExit = eExit_Finding;
+        }
         return oOutcome;
     }
     if (oOptions.m_bJson)
@@ -534,17 +567,23 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
             .Word(
                 "--at",
                 [poOptions](const std::string& sText) {
-                    poOptions->m_eAt = CZorEdidMap::FindId(sText.c_str());
-                    ParseNumber(sText, poOptions->m_uiAt);
+                    SSetting oField;
+                    if (!ParseNumber(sText, poOptions->m_uiAt) && ParseField(sText, oField).empty())
+                    {
+                        poOptions->m_eAt = oField.m_eId;
+                        poOptions->m_uiNumber = oField.m_uiNumber;
+                    }
                 },
-                "What this byte says, or the fields with an id. An offset is decimal, or hexadecimal after 0x, and "
-                "counts from the start of the image, or with --block of the block")
+                "What this byte says, or the fields with an id, or with ID[N] one of several, from 0 in the image. An "
+                "offset is decimal, or hexadecimal after 0x, and counts from the start of the image, or with --block "
+                "of the block")
             .Placeholder("OFFSET|ID")
             .Check([](const std::string& sText) {
                 constexpr unsigned int uiMost = gsc_uiMostBlocks * gsc_uiBlockSize - 1;
                 unsigned int uiParsed = 0;
+                SSetting oField;
                 return (ParseNumber(sText, uiParsed) && uiParsed <= uiMost) ||
-                               CZorEdidMap::FindId(sText.c_str()) != eZorEdidField_None
+                               (ParseField(sText, oField).empty() && oField.m_eId != eZorEdidField_None)
                            ? std::string()
                            : "unknown offset or id " + ShowName(sText) +
                                  NameKnownWords(sText, ListIdTexts(),
@@ -577,7 +616,7 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
                     "0x38 with four more bits in byte 0x3a. A timing ends in its list and its number, which "
                     "edits take. A note\n"
                     "about a problem follows an exclamation mark. Exit status: 1 when the image has no such byte, "
-                    "block or text.\n"
+                    "block or text, or a field no names.\n"
                     "A terminal shows areas in colours, unless NO_COLOR is set in the environment and not empty.\n\n"
                     "Examples:\n"
                     "  zoredid explain --at 0x36 monitor.bin\n"

@@ -63,21 +63,32 @@ _zoredid_value()
 _zoredid_field_value()
 {
   local line=${COMP_LINE:0:COMP_POINT} word=${COMP_WORDS[COMP_CWORD]} field typed head names='' name i
-  local form='^(--set[= ]+([^= ]+)=)(.*)$'
+  local form='^(--set[= ]+(["'\'']?)([^= ]+)=)(.*)$' quote open=''
   line=--set${line##*--set}
   [[ $line =~ $form ]] || return 1
-  head=${BASH_REMATCH[1]} field=${BASH_REMATCH[2]%%[*} typed=${BASH_REMATCH[3]}
-  [[ $typed == [\"\']* || ! $typed =~ (^|[^\\])\  ]] || return 1 # a word after the value
+  head=${BASH_REMATCH[1]} quote=${BASH_REMATCH[2]} field=${BASH_REMATCH[3]} typed=${BASH_REMATCH[4]}
+  [[ -n $quote || $typed != [\"\']* ]] || open=${typed:0:1}
+  [[ -z $quote ]] || open=$quote
+  if [[ -n $open ]]; then
+    [[ ${typed#"$open"} != *"$open"* ]] || return 1 # a word after the value
+  else
+    [[ ! $typed =~ (^|[^\\])\  ]] || return 1
+  fi
   [[ $field == [a-z]* ]] || return 0 # of a place the byte alone would be known
   for i in "${COMP_WORDS[@]:1}"; do
     [[ ! -f $i || -n $names ]] || names=$("${COMP_WORDS[0]}" explain --values --at "$field" "$i" 2> /dev/null) || true
   done
-  if [[ -z $names ]] && grep -q "^$field  *flag " <<< "$("${COMP_WORDS[0]}" explain --ids 2> /dev/null)"; then
+  if [[ -z $names ]] && grep -q "^${field%%[*}  *flag " <<< "$("${COMP_WORDS[0]}" explain --ids 2> /dev/null)"; then
     names=$'no\nyes'
   fi
   [[ $word != [=:] ]] || word=''
   while [[ -n $names ]] && read -r name; do
-    [[ $typed == [\"\']* ]] && name=${typed:0:1}$name || name=$(printf %q "$name")
+    # Within quotes a name is as it is.
+    if [[ $typed == [\"\']* ]]; then
+      name=${typed:0:1}$name
+    elif [[ -z $quote ]]; then
+      name=$(printf %q "$name")
+    fi
     [[ $name != "$typed"* ]] || {
       name=$head$name
       name=${name#"${line%"$word"}"}

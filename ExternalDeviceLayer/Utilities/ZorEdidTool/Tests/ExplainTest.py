@@ -106,6 +106,15 @@ class ExplainTest(ToolTest):
         self.assertEqual([line.split(" > ")[-1] for line in self.lines("--find", "base.EDID")][1:],
                          ["Version number: 1", "Revision number: 3"])
         self.assertEqual(self.lines("--at", "vtb.version", status=1), [])
+        self.assertIn("Video identification code: 17, ", self.lines("--at", "cta.video.vic[3]")[-1])
+        self.assertIn("has no field cta.video.vic[99]\n",
+                      run("explain", "--at", "cta.video.vic[99]", self.save(MONITOR), status=1)[1])
+        # Names that an edit would refuse are left out: those of a code that a map for YCbCr 4:2:0 marks.
+        marked = fix_sums(MONITOR.replace(bytes.fromhex("83010000"), bytes.fromhex("e30f0100")))
+        for image, count in ((MONITOR, 127), (marked, 1)):
+            self.assertEqual(count, len(self.lines("--at", "cta.video.vic[0]", "--values", image=image)))
+        self.assertEqual(("", True), (lambda out, error: (out, error.endswith(": no field there takes names\n")))(
+            *run("explain", "--at", "base.identity.product-code", "--values", self.save(MONITOR), status=1)))
         self.assertIn("unknown offset or id vtb", run("explain", "--at", "vtb.none", self.save(MONITOR), status=2)[1])
         for arguments in [[], ["--ids", "--json"], ["--ids", "--at", "1"], ["--ids", "--find", "x"],
                           ["--ids", "--block", "0"]]:

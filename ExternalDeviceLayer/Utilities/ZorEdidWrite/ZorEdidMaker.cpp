@@ -293,18 +293,6 @@ void NoteOffsets(const CZorEdidMap& oMap, CMArrayString& asNotes)
     }
 }
 
-void NoteYear(const CZorEdidMap& oMap, CMArrayString& asNotes)
-{
-    const unsigned int uiYear = oMap.FindField(eZorEdidField_BaseIdentityYear);
-    if (oMap.CountFields(eZorEdidField_DisplayidProductYear) != 0 && uiYear != CZorEdidMap::msc_uiNone &&
-        oMap.GetField(uiYear).m_llNumber < gsc_uiFirstDisplayIdYear)
-    {
-        CMString sNote;
-        sNote.Format("DisplayID says %u for the year, its first one", gsc_uiFirstDisplayIdYear);
-        asNotes.Add(sNote);
-    }
-}
-
 void NoteIdentity(const SZorEdidWishes& oWishes, const SDonor& oDonor, CMArrayString& asNotes)
 {
     for (int i = 0; i < static_cast<int>(oDonor.m_asNotes.GetCount()); ++i)
@@ -339,7 +327,6 @@ int CZorEdidMaker::Make(const SZorEdidWishes& oWishes)
     CMakerParts oParts;
     m_sReason = MakeImage(oPlan, oDonor, oParts, m_asNotes) ? CMString() : oParts.GetReason();
     NoteOffsets(oParts.GetMap(), m_asNotes);
-    NoteYear(oParts.GetMap(), m_asNotes);
     if (m_sReason.GetLength() == 0)
     {
         const CMString sFault = Prove(oPlan, oParts.GetMap());

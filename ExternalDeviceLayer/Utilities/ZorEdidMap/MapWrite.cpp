@@ -491,6 +491,10 @@ private:
 
     CMString GetAllowed()
     {
+        if (m_oField.m_eId == eId_CtaHdmiPhysicalAddress) // as it is shown, with hexadecimal digits
+        {
+            return "0.0.0.0 to f.f.f.f";
+        }
         CMString oAllowed;
         const CMString oNames = DescribeNames();
         const bool bNumbers = m_bNumbers && Narrow(m_oLeast, true) && Narrow(m_oMost, false);

@@ -191,7 +191,7 @@ std::vector<std::string> SplitOffer(const std::string& sOffer, const char* pszUn
     std::vector<std::string> asValues;
     std::smatch oMatch;
     std::string sNames = sOffer;
-    if (std::regex_search(sOffer, oMatch, std::regex("^(-?[0-9.]+) to (-?[0-9.]+)")))
+    if (std::regex_search(sOffer, oMatch, std::regex("^(-?[0-9a-f.]+) to (-?[0-9a-f.]+)")))
     {
         asValues = { oMatch[1].str() + sUnit, oMatch[2].str() + sUnit };
         const size_t uiNames = sOffer.find(", or ");
@@ -311,11 +311,13 @@ TEST_F(Writer, TakesWordsNumbersAndBits)
         { "base.identity.serial-number", "0xFFFFFFFE", "4294967294", true },
         { "base.identity.serial-number", "4294967296", "!out of range; it takes ", false },
         { "base.display.standby", "yes", "supported", true },
+        { "cta.hdmi.physical-address", "A.0.0.0", "a.0.0.0", true },
+        { "cta.hdmi.physical-address", "10.0.0.0", "!not a value of this field; it takes 0.0.0.0 to f.f.f.f", false },
         { "checksum", "0", "!it is a checksum", false },
         { "base.header", "00", "!the standard fixes it", false },
         { "base.range.max-vertical-rate", "0", "!a reserved, unknown or forbidden value; it takes 1 to 510 Hz", false },
     };
-    CBytes aui8Image = MakeEdid({ MakeCeaBlock() });
+    CBytes aui8Image = MakeEdid({ ParseBytes("02 03 0A 00 65 03 0C 00 10 00 ..128") });
     const CBytes aui8Range = ParseBytes("00 00 00 FD 00 30 4B 1E 53 11 00 0A 20 20 20 20 20 20");
     std::copy(aui8Range.begin(), aui8Range.end(), aui8Image.begin() + 0x6C);
     aui8Image = FixChecksums(aui8Image);

@@ -99,12 +99,14 @@ struct SRateLimits
 {
     unsigned int m_uiLeast;
     unsigned int m_uiMost;
+    EZorEdidField m_eLeast;
     EZorEdidField m_eMost;
     const char* m_pszUnit;
     SZorMode::SRate (*m_pfnGetRate)(const SZorMode&);
 };
 
-// The modes are many and of common rates: where the limits leave one, these are at fault.
+// The modes are many and of common rates: where the limits leave one, these are at fault. The finding is about the
+// minimum where that one is too high, and proposes whole numbers, which are rounded down as makers do.
 void CheckOneRate(CFindings& oFindings, const SRateLimits& oLimits)
 {
     if (oLimits.m_uiLeast != oLimits.m_uiMost || oLimits.m_uiMost == 0)
@@ -122,12 +124,13 @@ void CheckOneRate(CFindings& oFindings, const SRateLimits& oLimits)
         }
         bBeyond = bBeyond || Descriptors::IsRateBeyond(ullPart, ullWhole, oLimits.m_uiLeast, oLimits.m_uiMost);
         ullLeast = std::min(ullLeast, ullPart / ullWhole);
-        ullMost = std::max(ullMost, ullPart / ullWhole + (ullPart % ullWhole != 0 ? 1 : 0));
+        ullMost = std::max(ullMost, ullPart / ullWhole);
     });
     if (bBeyond)
     {
+        const EZorEdidField eWrong = ullLeast < oLimits.m_uiLeast ? oLimits.m_eLeast : oLimits.m_eMost;
         SZorFinding& oFinding =
-            oFindings.Add(oFindings.FindField(0, oLimits.m_eMost), eZorEdidRule_RangeOneRate, GetWeight(oFindings));
+            oFindings.Add(oFindings.FindField(0, eWrong), eZorEdidRule_RangeOneRate, GetWeight(oFindings));
         oFinding.m_sFound = FormatRange(oLimits.m_uiLeast, oLimits.m_uiMost, oLimits.m_pszUnit);
         oFinding.m_sExpected = FormatRange(ullLeast, ullMost, oLimits.m_pszUnit);
     }
@@ -135,12 +138,13 @@ void CheckOneRate(CFindings& oFindings, const SRateLimits& oLimits)
 
 void CheckOneRates(CFindings& oFindings, const Descriptors::SRangeLimits& oLimits)
 {
-    CheckOneRate(oFindings,
-                 { oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz,
-                   eZorEdidField_BaseRangeMaxVerticalRate, "Hz", [](const SZorMode& oMode) { return oMode.m_oRate; } });
+    CheckOneRate(oFindings, { oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz,
+                              eZorEdidField_BaseRangeMinVerticalRate, eZorEdidField_BaseRangeMaxVerticalRate, "Hz",
+                              [](const SZorMode& oMode) { return oMode.m_oRate; } });
     CheckOneRate(oFindings,
                  { oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz,
-                   eZorEdidField_BaseRangeMaxHorizontalRate, "kHz", [](const SZorMode& oMode) {
+                   eZorEdidField_BaseRangeMinHorizontalRate, eZorEdidField_BaseRangeMaxHorizontalRate, "kHz",
+                   [](const SZorMode& oMode) {
                        return SZorMode::SRate{ oMode.m_ullClock / gsc_ullHzPerKiloHz, oMode.m_oHorizontal.m_uiTotal };
                    } });
 }

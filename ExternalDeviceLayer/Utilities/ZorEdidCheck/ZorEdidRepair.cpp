@@ -67,13 +67,6 @@ struct SWork
     }
 };
 
-bool IsErased(const unsigned char* pui8Block)
-{
-    constexpr unsigned char ui8Erased = 0xFF;
-    return std::all_of(pui8Block, pui8Block + gsc_uiBlockSize,
-                       [](unsigned char ui8Byte) { return ui8Byte == ui8Erased; });
-}
-
 class CRepairs
 {
 public:
@@ -129,7 +122,7 @@ public:
         unsigned int uiBlock = uiCount + 1;
         while (pszReason == nullptr && uiBlock < uiBlocks)
         {
-            pszReason = FindUnsound(uiBlock++);
+            pszReason = CZorEdidMap::FindUnsound(m_oMap.GetData(), uiBlock++);
         }
         if (pszReason != nullptr)
         {
@@ -150,7 +143,7 @@ public:
         const unsigned int uiEnd = std::min(m_aui8Data.GetCount(), uiBlocks * gsc_uiBlockSize);
         for (unsigned int uiBlock = 0; uiBlock + gsc_uiBlockSize <= uiEnd; uiBlock += gsc_uiBlockSize)
         {
-            if (IsErased(m_aui8Data.GetData() + uiBlock))
+            if (IsErased(m_aui8Data.GetData() + uiBlock, gsc_uiBlockSize))
             {
                 continue; // a right sum would hide that it was never written
             }
@@ -202,33 +195,6 @@ private:
         {
             m_oWork.m_aoRepairs.Add({ eZorEdidRule_Checksum, uiOffset, 1 });
         }
-    }
-
-    // Why a count may not take in a block; null where it may: of a known kind, its sum right, no copy of another one,
-    // as dumps have that read past the end.
-    const char* FindUnsound(unsigned int uiBlock) const
-    {
-        const unsigned char* pui8Block = m_oMap.GetData() + uiBlock * gsc_uiBlockSize;
-        if (pui8Block[0] == 0 || CZorEdidMap::GetBlockKind(pui8Block[0]) == nullptr)
-        {
-            return "the block is of no known kind";
-        }
-        if (IsErased(pui8Block))
-        {
-            return "the block was never written";
-        }
-        if (CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, pui8Block) != 0)
-        {
-            return "the checksum of the block is wrong";
-        }
-        for (unsigned int i = 1; i < uiBlock; ++i)
-        {
-            if (memcmp(pui8Block, m_oMap.GetData() + i * gsc_uiBlockSize, gsc_uiBlockSize) == 0)
-            {
-                return "the block is a copy of an earlier one";
-            }
-        }
-        return nullptr;
     }
 
     // The first section counts those that follow.

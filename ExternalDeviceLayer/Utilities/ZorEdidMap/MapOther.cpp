@@ -3,8 +3,12 @@
 
 #include "MapOther.h"
 
+#include <string.h>
+
 #include <algorithm>
 #include <iterator>
+
+#include "EdidUtils.h"
 
 #include "MapBase.h"
 #include "MapNames.h"
@@ -298,7 +302,6 @@ constexpr SExtension gsc_aoExtensions[] = {
 constexpr auto gsc_aoExtensionTags = TakeKeys(gsc_aoExtensions);
 // A file may hold several EDIDs in a row.
 constexpr SExtension gsc_oOtherBase = { eId_OtherBase, {}, nullptr, gsc_oUnknownRest, "Base block of another EDID" };
-constexpr unsigned int gsc_uiErasedByte = 0xFF; // of memory that was never written
 
 constexpr SExtension gsc_oUnknownExtension = {
     eId_UnknownExtension, {}, nullptr, gsc_oUnknownRest, "Unknown extension block"
@@ -330,7 +333,8 @@ void MapOtherBlock(CMapWriter& oWriter, unsigned int uiOffset, unsigned int uiLe
 {
     const SExtension& oExtension = FindExtension(oWriter, uiOffset);
     const unsigned int uiField = oWriter.BeginBlock(oExtension.m_eId, oExtension.m_pszName, uiOffset, uiLength);
-    if (IsEveryByte(oWriter.GetRecord(uiOffset, uiLength), gsc_uiErasedByte))
+    const CRecord oRecord = oWriter.GetRecord(uiOffset, uiLength);
+    if (IsErased(oRecord.GetData(), oRecord.GetSize()))
     {
         oWriter.AddNote(uiField, eZorEdidRule_BlockErased);
     }
@@ -364,4 +368,30 @@ const char* CZorEdidMap::GetBlockKind(unsigned int uiTag)
 {
     const ZorMap::SExtension* poExtension = ZorMap::FindExtension(uiTag);
     return poExtension != nullptr ? poExtension->m_pszKind : nullptr;
+}
+
+const char* CZorEdidMap::FindUnsound(const unsigned char* pui8Image, unsigned int uiBlock)
+{
+    using ZorStandards::gsc_uiBlockSize;
+    const unsigned char* pui8Block = pui8Image + uiBlock * gsc_uiBlockSize;
+    if (GetBlockKind(pui8Block[0]) == nullptr)
+    {
+        return "the block is of no known kind";
+    }
+    if (ZorStandards::IsErased(pui8Block, gsc_uiBlockSize))
+    {
+        return "the block was never written";
+    }
+    if (CEdidUtils::Compute8BitsChecksum(gsc_uiBlockSize, pui8Block) != 0)
+    {
+        return "the checksum of the block is wrong";
+    }
+    for (unsigned int i = 1; i < uiBlock; ++i)
+    {
+        if (memcmp(pui8Block, pui8Image + i * gsc_uiBlockSize, gsc_uiBlockSize) == 0)
+        {
+            return "the block is a copy of an earlier one";
+        }
+    }
+    return nullptr;
 }

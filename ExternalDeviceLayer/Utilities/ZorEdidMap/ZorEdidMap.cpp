@@ -2,6 +2,7 @@
 
 #include "ZorEdidMap.h"
 
+#include <algorithm>
 #include <new>
 
 #include "EdidExtBlockDisplayID.h"
@@ -256,13 +257,21 @@ void CMapWriter::NoteBlockCount()
         AddNote(m_oMap.FindLeaf(uiPlace, 0), eZorEdidRule_BlocksMissing,
                 CountExactly("blocks", uiPresent, uiAnnounced));
     }
+    // A higher number is right up to the last sound block; what follows that one may be anything.
+    unsigned int uiSound = std::min(m_oMap.GetSize() / msc_uiBlockSize, msc_uiMostBlocks) - 1;
+    while (uiSound > uiAnnounced && CZorEdidMap::FindUnsound(m_oMap.GetData(), uiSound) != nullptr)
+    {
+        --uiSound;
+    }
     for (unsigned int i = 0; i < m_oMap.GetFieldCount(); i = m_oMap.GetField(i).m_uiEnd)
     {
         const unsigned int uiOffset = m_oMap.GetField(i).m_uiOffset;
-        const bool bCounted = uiOffset / msc_uiBlockSize <= uiAnnounced;
-        if (!bCounted)
+        const unsigned int uiBlock = uiOffset / msc_uiBlockSize;
+        if (uiBlock > uiAnnounced)
         {
-            AddNote(i, eZorEdidRule_BlockNotCounted, CountAtLeast("blocks", uiAnnounced, uiOffset / msc_uiBlockSize));
+            CZorEdidMap::SNumbers oNumbers = CountAtLeast("blocks", uiAnnounced, uiBlock);
+            oNumbers.m_llLeast = uiBlock <= uiSound ? oNumbers.m_llLeast : CZorEdidMap::SNumbers::msc_llNone;
+            AddNote(i, eZorEdidRule_BlockNotCounted, oNumbers);
         }
         else if (uiOffset != 0 && CZorEdidMap::GetBlockKind(GetByte(uiOffset)) == nullptr)
         {

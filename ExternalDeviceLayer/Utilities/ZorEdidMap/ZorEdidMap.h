@@ -211,6 +211,11 @@ public:
     /// one.
     static const char* GetBlockKind(unsigned int uiTag);
 
+    /// Why a number of extension blocks may not count block uiBlock of an image, as words; null where it may: a block
+    /// of a known kind, its checksum right, and no copy of an earlier one, as dumps have that were read past the end.
+    /// The image must have at least uiBlock + 1 whole blocks, and uiBlock must not be 0.
+    static const char* FindUnsound(const unsigned char* pui8Image, unsigned int uiBlock);
+
     /// The text of an id, such as "cta.hdmi-forum.vrr-max"; null for eZorEdidField_None and unknown numbers.
     static const char* GetId(EZorEdidField eId);
     /// The id of a text; eZorEdidField_None for an unknown one and for null.

@@ -142,7 +142,7 @@ std::string MakeSarifResult(const SInput& oInput, const SFinding* poFinding)
 {
     CJsonWriter oJson(CJsonWriter::eStyle_Line);
     oJson.BeginObject();
-    oJson.Member("ruleId", poFinding != nullptr ? GetRuleId(*poFinding) : gsc_szUnreadableRule);
+    oJson.Member("ruleId", poFinding != nullptr ? GetRuleId(*poFinding) : gsc_oUnreadableRule.m_pszId);
     oJson.Member("level", GetNoteName(poFinding != nullptr ? poFinding->m_eSeverity : CZorEdidMap::eSeverity_Error));
     const std::string sEdid = oInput.IsOneOfSeveral() ? oInput.m_sName + ": " : "";
     WriteText(oJson, "message",
@@ -167,12 +167,7 @@ std::string OpenSarif()
     oJson.Member("name", "zoredid");
     oJson.Member("version", GetVersion());
     oJson.BeginArray("rules");
-    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
-    {
-        WriteSarifRule(oJson, GetZorEdidRule(i));
-    }
-    WriteSarifRule(oJson, { eZorEdidRule_None, CZorEdidMap::eSeverity_Error, gsc_szUnreadableRule,
-                            "the image cannot be read", "", "Nothing of the image has been checked." });
+    ForEachRule([&](const SZorEdidRule& oRule) { WriteSarifRule(oJson, oRule); });
     oJson.EndArray();
     oJson.EndObject();
     oJson.EndObject();
@@ -222,7 +217,7 @@ std::string MakeJUnitCase(const SChecked& oChecked, CZorEdidMap::ESeverity eFail
     std::string sInside;
     if (!oInput.IsGood())
     {
-        sInside = MakeElement("error", gsc_szUnreadableRule, ShowName(oInput.m_sProblem), "");
+        sInside = MakeElement("error", gsc_oUnreadableRule.m_pszId, ShowName(oInput.m_sProblem), "");
     }
     else if (const auto itFirst = std::ranges::find_if(aoFindings, fnFails); itFirst != aoFindings.end())
     {

@@ -15,15 +15,6 @@ namespace
 {
 constexpr char gsc_szAll[] = ".*";
 
-template <class CALL>
-void ForEachRule(const CALL& fnCall)
-{
-    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
-    {
-        fnCall(GetZorEdidRule(i));
-    }
-}
-
 // What ids that the name stands for begin with: "reserved" of "reserved.*".
 std::string TakeBeginning(const std::string& sName)
 {
@@ -58,7 +49,6 @@ std::vector<std::string> ListNames()
         }
         asNames.push_back(sId);
     });
-    asNames.emplace_back(gsc_szUnreadableRule);
     return asNames;
 }
 } // namespace
@@ -115,7 +105,7 @@ std::string CRuleSet::CheckNames(const std::string& sNames)
 {
     std::string sProblem;
     ForEachName(sNames, [&](const std::string& sName) {
-        bool bKnown = IsNamed(gsc_szUnreadableRule, sName);
+        bool bKnown = false;
         ForEachRule([&](const SZorEdidRule& oRule) { bKnown = bKnown || IsNamed(oRule.m_pszId, sName); });
         if (!bKnown && sProblem.empty())
         {
@@ -131,7 +121,6 @@ std::string CRuleSet::CheckNames(const std::string& sNames)
 void CRuleSet::Add(const std::string& sNames)
 {
     ForEachName(sNames, [&](const std::string& sName) {
-        m_bUnreadable = m_bUnreadable || IsNamed(gsc_szUnreadableRule, sName);
         ForEachRule([&](const SZorEdidRule& oRule) {
             m_abRules[oRule.m_eRule] = m_abRules[oRule.m_eRule] || IsNamed(oRule.m_pszId, sName);
         });

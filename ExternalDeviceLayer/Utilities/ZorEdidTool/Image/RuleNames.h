@@ -7,16 +7,32 @@
 
 #include "ZorEdidRules.h"
 
-// All rules, in the order of their numbers: two lines each, a table of Markdown, or a JSON document.
+// In place of a rule: of an image that cannot be read there is nothing else to say.
+inline constexpr SZorEdidRule gsc_oUnreadableRule = { eZorEdidRule_None,
+                                                      CZorEdidMap::eSeverity_Error,
+                                                      "input.unreadable",
+                                                      "the image cannot be read",
+                                                      "",
+                                                      "Nothing of the image has been checked." };
+
+// Calls fnCall for all rules in the order of their numbers, and for this one.
+template <class CALL>
+void ForEachRule(const CALL& fnCall)
+{
+    for (unsigned int i = 0; i < GetZorEdidRuleCount(); ++i)
+    {
+        fnCall(GetZorEdidRule(i));
+    }
+    fnCall(gsc_oUnreadableRule);
+}
+
+// These rules: two lines each, a table of Markdown, or a JSON document.
 std::string ListRules();
 std::string MakeRulesTable();
 std::string MakeRules();
 
 // For lists with a place for each number of a rule.
 unsigned int GetRuleNumbers();
-
-// In place of a rule: of an image that cannot be read there is nothing else to say.
-inline constexpr char gsc_szUnreadableRule[] = "input.unreadable";
 
 // Rules by their ids. The beginning of an id up to a point names all rules that begin so: "reserved" or "reserved.*".
 // Several names are separated by commas.
@@ -30,9 +46,8 @@ public:
 
     void Add(const std::string& sNames);
     bool Has(EZorEdidRule eRule) const { return m_abRules[eRule]; }
-    bool HasUnreadable() const { return m_bUnreadable; }
+    bool HasUnreadable() const { return Has(gsc_oUnreadableRule.m_eRule); }
 
 private:
     std::vector<bool> m_abRules; // by the numbers of the rules
-    bool m_bUnreadable = false;
 };

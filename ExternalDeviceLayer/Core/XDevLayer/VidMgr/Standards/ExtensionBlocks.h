@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <algorithm>
+
 #include "CtaBlocks.h"
 #include "DisplayIdSection.h"
 
@@ -36,6 +38,13 @@ unsigned int FindExtensionCount(const unsigned char* pui8Image, unsigned int uiS
 inline unsigned int CountExtensions(const unsigned char* pui8Image, unsigned int uiSize)
 {
     return uiSize < gsc_uiBlockSize ? 0 : pui8Image[FindExtensionCount(pui8Image, uiSize)];
+}
+
+// Whether these bytes of a block are those of memory that was never written.
+inline bool IsErased(const unsigned char* pui8Block, unsigned int uiLength)
+{
+    constexpr unsigned char ui8Erased = 0xFF;
+    return std::all_of(pui8Block, pui8Block + uiLength, [](unsigned char ui8Byte) { return ui8Byte == ui8Erased; });
 }
 
 // The runs of bytes of a block whose sums must be 0, the last byte of each a checksum, in the order in which these are

@@ -87,6 +87,8 @@ bool IsListedKind(const CFindings& oFindings, unsigned int uiField)
     case eZorEdidField_CtaVideoDescriptor:
         return oFindings.GetByte(oField.m_uiOffset / gsc_uiBlockSize * gsc_uiBlockSize) == Cta::gsc_uiTag &&
                oFindings.GetMap().GetMode(uiField, oMode) && CVidParamCea::IsVicSupported(oMode.m_uiCode) != 0;
+    case eZorEdidField_CtaHdmiVic:
+        return oFindings.GetMap().GetMode(uiField, oMode);
     default:
         return false;
     }
@@ -94,7 +96,8 @@ bool IsListedKind(const CFindings& oFindings, unsigned int uiField)
 
 // The timings of a block that the library reads, but does not list: those after a descriptor that ends its list, those
 // after a descriptor that it takes for a timing of size 0, those of a data block whose revision it does not know, codes
-// of 4:2:0 after an extended data block without a tag, and standard timings of the least width. Of codes the first.
+// of 4:2:0 after an extended data block without a tag, codes of HDMI whose number runs past their data block, and
+// standard timings of the least width. Of codes the first.
 void CheckUnlisted(CFindings& oFindings, unsigned int uiBlock)
 {
     const CMap& oMap = oFindings.GetMap();

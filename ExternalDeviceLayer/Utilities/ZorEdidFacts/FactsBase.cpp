@@ -67,10 +67,9 @@ void CReader::ReadIdentity(const unsigned char* pui8Base)
         Offer(CFacts::eQuestion_SerialNumber, eSource_Base, oIdentity.m_oSerialNumber, uiSerial,
               eZorEdidField_BaseIdentitySerialNumber, gsc_uiSerialOffset);
     }
-    constexpr unsigned int uiLastWeek = 54;
     const unsigned int uiWeek = pui8Base[gsc_uiWeekOffset];
     const unsigned int uiYear = pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear;
-    if (uiWeek == gsc_uiModelYearWeek && IsAtLeastRevision(pui8Base, gsc_uiRevision4))
+    if (IsModelYear(pui8Base))
     {
         Offer(CFacts::eQuestion_ModelYear, eSource_Base, oIdentity.m_oModelYear, uiYear,
               eZorEdidField_BaseIdentityModelYear, gsc_uiYearOffset);
@@ -80,7 +79,7 @@ void CReader::ReadIdentity(const unsigned char* pui8Base)
         Offer(CFacts::eQuestion_Year, eSource_Base, oIdentity.m_oYear, uiYear, eZorEdidField_BaseIdentityYear,
               gsc_uiYearOffset);
     }
-    if (uiWeek != 0 && uiWeek <= uiLastWeek)
+    if (uiWeek != 0 && uiWeek <= gsc_uiLastWeek)
     {
         Set(oIdentity.m_oWeek, uiWeek, eZorEdidField_BaseIdentityWeek, gsc_uiWeekOffset);
     }

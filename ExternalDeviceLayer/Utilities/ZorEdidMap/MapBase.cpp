@@ -11,6 +11,7 @@
 #include "MapNames.h"
 #include "MapValue.h"
 #include "Standards/BaseBlock.h"
+#include "Standards/ExtensionBlocks.h"
 
 namespace ZorMap
 {
@@ -453,10 +454,9 @@ void NoteMissing(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiBloc
 // One extension block needs no map, and 1.4 asks for none.
 void NoteBlockMap(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiCountOffset)
 {
-    constexpr unsigned int uiBlockMapTag = 0xF0;
     const unsigned int uiTag =
         oWriter.GetByte(uiCountOffset - gsc_uiExtensionCountOffset + CMapWriter::msc_uiBlockSize);
-    if (IsRevision3(oBlock) && oBlock.GetByte(gsc_uiExtensionCountOffset) > 1 && uiTag != uiBlockMapTag)
+    if (IsRevision3(oBlock) && oBlock.GetByte(gsc_uiExtensionCountOffset) > 1 && uiTag != ZorStandards::gsc_uiBlockMapTag)
     {
         oWriter.AddNote(oWriter.FindLeaf(uiCountOffset, 0), eZorEdidRule_BlockMapMissing);
     }

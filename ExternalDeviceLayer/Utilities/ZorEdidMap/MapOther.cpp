@@ -287,7 +287,7 @@ constexpr SExtension gsc_aoExtensions[] = {
       gsc_oFillerRest, "Localized string extension block", MapLocalizedStrings },
     { eId_Dpvl, { gsc_uiVideoLinkTag, gsc_uiVideoLinkTag, "digital packet video link extension (DPVL-EXT)" }, "dpvl",
       gsc_oUnknownRest, "Digital packet video link extension block" },
-    { eId_Displayid, { 0x70, 0x70, "DisplayID extension" }, "displayid", gsc_oUnknownRest, "DisplayID extension block" },
+    { eId_Displayid, { gsc_uiDisplayIdTag, gsc_uiDisplayIdTag, "DisplayID extension" }, "displayid", gsc_oUnknownRest, "DisplayID extension block" },
     { eId_Dtcdb, { 0xA7, 0xA7, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",
       gsc_oUnknownRest, "Display transfer characteristics block" },
     { eId_Dtcdb, { 0xAF, 0xAF, "display transfer characteristics data block (DTCDB)" }, "transfer-characteristics",

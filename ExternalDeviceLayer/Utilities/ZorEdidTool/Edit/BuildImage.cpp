@@ -121,7 +121,7 @@ struct SNotedFields
     void Compare(const SExplainedLeaf::SText& oText, std::string_view sExpected, const CZorEdidMap& oMap,
                  unsigned int uiField)
     {
-        if (oText.m_bThere && oText.m_uiHash != HashText(sExpected))
+        if (oText.m_bPresent && oText.m_uiHash != HashText(sExpected))
         {
             Add(oMap, uiField);
         }

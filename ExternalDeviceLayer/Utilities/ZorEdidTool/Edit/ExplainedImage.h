@@ -19,7 +19,7 @@ struct SExplainedLeaf
     // Texts for people, which are compared, but not kept.
     struct SText
     {
-        bool m_bThere = false;
+        bool m_bPresent = false;
         size_t m_uiHash = 0;
     };
     SText m_oText = {};

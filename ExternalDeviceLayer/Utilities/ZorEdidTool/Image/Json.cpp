@@ -20,7 +20,6 @@ using namespace ZorStandards::BaseBlock;
 
 namespace
 {
-constexpr unsigned int gsc_uiModelYearWeek = 255; // in the place of a week: the year is a model year
 constexpr unsigned int gsc_uiHzPerKiloHz = 1000;
 constexpr unsigned int gsc_uiTextSize = 14; // 13 characters and a terminator
 
@@ -137,12 +136,11 @@ void AddIdentity(const CEdid& oEdid, CJsonWriter& oJson)
     AddText(oEdid, &CEdidBase::GetMonitorString, "text", oJson);
 
     const unsigned int uiWeek = pui8Base[gsc_uiWeekOffset];
-    const bool bModelYear = uiWeek == gsc_uiModelYearWeek;
-    if (uiWeek != 0 && !bModelYear)
+    if (uiWeek != 0 && uiWeek <= gsc_uiLastWeek)
     {
         oJson.Member("week", uiWeek);
     }
-    oJson.Member(bModelYear ? "model_year" : "year", pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear);
+    oJson.Member(IsModelYear(pui8Base) ? "model_year" : "year", pui8Base[gsc_uiYearOffset] + gsc_uiFirstYear);
     oJson.Member("edid_version", pui8Base[gsc_uiVersionOffset]);
     oJson.Member("edid_revision", pui8Base[gsc_uiRevisionOffset]);
 }
@@ -187,27 +185,27 @@ void AddInput(const CEdid& oEdid, CJsonWriter& oJson)
     }
 }
 
-void AddSizeAndLimits(const CLoadedImage& oImage, const CEdid& oEdid, CJsonWriter& oJson)
+void AddSizeAndLimits(const CEdid& oEdid, CJsonWriter& oJson)
 {
-    const unsigned int uiWidth = oEdid.GetBaseBlock()[gsc_uiImageWidthOffset];
-    const unsigned int uiHeight = oEdid.GetBaseBlock()[gsc_uiImageHeightOffset];
+    const unsigned char* pui8Base = oEdid.GetBaseBlock();
+    const unsigned int uiWidth = pui8Base[gsc_uiImageWidthOffset];
+    const unsigned int uiHeight = pui8Base[gsc_uiImageHeightOffset];
     if (uiWidth != 0 && uiHeight != 0) // else no size, or from revision 4 on an aspect ratio
     {
         oJson.Member("width_cm", uiWidth);
         oJson.Member("height_cm", uiHeight);
     }
-    CEdidBase::SRangeLimits oLimits = {};
-    if (oImage.GetRangeLimits(oLimits))
+    if (const unsigned int uiOffset = FindRangeLimits(pui8Base); uiOffset != 0)
     {
+        const SRangeLimits oLimits = ReadRangeLimits(pui8Base + uiOffset, ReadRevision(pui8Base));
         oJson.BeginObject("range_limits");
         oJson.Member("min_vertical_rate_hz", oLimits.m_uiMinVerticalRateInHz);
         oJson.Member("max_vertical_rate_hz", oLimits.m_uiMaxVerticalRateInHz);
         oJson.Member("min_horizontal_rate_hz", oLimits.m_uiMinHorizontalRateInKiloHz * gsc_uiHzPerKiloHz);
         oJson.Member("max_horizontal_rate_hz", oLimits.m_uiMaxHorizontalRateInKiloHz * gsc_uiHzPerKiloHz);
-        if (oLimits.m_uiMaxPixelClockInKiloHz != 0)
+        if (const unsigned int uiClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz; uiClock != 0)
         {
-            oJson.Member("max_pixel_clock_hz",
-                         oLimits.m_uiMaxPixelClockInKiloHz * gsc_uiHzPerKiloHz); // 2.55 GHz at most
+            oJson.Member("max_pixel_clock_hz", uiClock * gsc_uiHzPerKiloHz); // 2.55 GHz at most
         }
         oJson.EndObject();
     }
@@ -260,7 +258,6 @@ std::vector<VALUE> ListBits(const VALUE (&aValues)[uiCount], unsigned int uiMask
 }
 
 constexpr unsigned int gsc_auiDeepColorBits[] = { 30, 36, 48 };
-constexpr unsigned int gsc_uiBitRateUnit = 8000; // of the third byte of the compressed formats up to ATRAC
 
 std::vector<const char*> ListSpeakers(unsigned int uiMask)
 {
@@ -277,25 +274,29 @@ std::vector<const char*> ListSpeakers(unsigned int uiMask)
 
 void WriteAudio(const CEdidExtBlockCEA861::SAudioDescriptor& oAudio, CJsonWriter& oJson)
 {
+    namespace Audio = ZorStandards::Audio;
+    constexpr unsigned int uiBitsPerKiloBit = 1000;
     oJson.BeginObject();
     oJson.Member("format_code", static_cast<unsigned int>(oAudio.m_eFormat));
     const unsigned char aui8Descriptor[] = { 0, 0, ZorStandards::LowByte(oAudio.m_uiExtra) };
-    const char* pszName = ZorStandards::Audio::GetFormatName(
-        oAudio.m_eFormat, ZorStandards::Audio::gsc_oExtendedFormat.Read(aui8Descriptor));
+    const unsigned int uiExtended = Audio::gsc_oExtendedFormat.Read(aui8Descriptor);
+    const char* pszName = Audio::GetFormatName(oAudio.m_eFormat, uiExtended);
     if (*pszName != '\0')
     {
         oJson.Member("format_name", pszName);
     }
-    oJson.Member("channels", oAudio.m_uiChannels);
+    if (Audio::HasChannels(oAudio.m_eFormat, uiExtended))
+    {
+        oJson.Member("channels", oAudio.m_uiChannels);
+    }
     oJson.Member("sampling_rates_hz", ListBits(gsc_aiSamplingRates, oAudio.m_eSamplingFreq));
     if (oAudio.m_eFormat == CEdidExtBlockCEA861::eAudioFormat_Pcm)
     {
         oJson.Member("sample_bits", ListBits(gsc_aiSampleBits, oAudio.m_uiExtra));
     }
-    else if (oAudio.m_eFormat >= CEdidExtBlockCEA861::eAudioFormat_Ac3 &&
-             oAudio.m_eFormat <= CEdidExtBlockCEA861::eAudioFormat_Atrac)
+    else if (Audio::HasBitRate(oAudio.m_eFormat))
     {
-        oJson.Member("max_bit_rate_bps", oAudio.m_uiExtra * gsc_uiBitRateUnit);
+        oJson.Member("max_bit_rate_bps", oAudio.m_uiExtra * Audio::gsc_uiKiloBitsPerStep * uiBitsPerKiloBit);
     }
     const unsigned char ui8Extra = ZorStandards::LowByte(oAudio.m_uiExtra);
     oJson.Member("extra", FormatHex(&ui8Extra, 1));
@@ -413,7 +414,7 @@ void WriteLibrary(CLoadedImage& oImage, const CModes& aoListed, CJsonWriter& oJs
     const CEdid& oEdid = oImage.GetEdid();
     AddIdentity(oEdid, oJson);
     AddInput(oEdid, oJson);
-    AddSizeAndLimits(oImage, oEdid, oJson);
+    AddSizeAndLimits(oEdid, oJson);
     WriteLists(aoListed, oJson);
     AddTile(oEdid, oJson);
     oJson.Member("checksum", FormatHex(oEdid.GetBaseBlock() + CEdidUtils::msc_uiChecksumOffset, 1));

@@ -78,29 +78,6 @@ bool CLoadedImage::Load(const SInput& oInput)
 
 unsigned int CLoadedImage::GetAnnouncedCount() const { return m_oEdid.GetBaseBlock()[gsc_uiExtensionCountOffset]; }
 
-bool CLoadedImage::GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const
-{
-    const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
-    bool bFound = m_oEdid.GetMonitorRangeLimits(oLimits) != 0;
-    const bool bFlags = IsAtLeastRevision(pui8Base, gsc_uiVideoInputRevision);
-    for (unsigned int i = 0; bFlags && !bFound && i < CEdidBase::msc_uiDescriptorCount; ++i)
-    {
-        const unsigned char* pui8Descriptor = pui8Base + DescriptorOffset(i);
-        if (HasRateOffsets(pui8Descriptor))
-        {
-            const Descriptors::SRangeLimits oRead = ReadRangeLimits(pui8Descriptor, gsc_uiVideoInputRevision);
-            oLimits = { oRead.m_uiMinVerticalRateInHz,
-                        oRead.m_uiMaxVerticalRateInHz,
-                        oRead.m_uiMinHorizontalRateInKiloHz,
-                        oRead.m_uiMaxHorizontalRateInKiloHz,
-                        0,
-                        oRead.m_uiMaxPixelClockInKiloHz };
-            bFound = true;
-        }
-    }
-    return bFound;
-}
-
 void CLoadedImage::FindBlocks(const SInput& oInput)
 {
     m_aoBlocks.clear();

@@ -46,9 +46,6 @@ public:
     CEdid& GetEdid() { return m_oEdid; }
     // The extension blocks that are announced and present, in the order of the image.
     const std::vector<SImageBlock>& GetBlocks() const { return m_aoBlocks; }
-    // The first range limits, also those with offsets of their rates, from revision 4 on; the library reads none of
-    // these.
-    bool GetRangeLimits(CEdidBase::SRangeLimits& oLimits) const;
     // How many extension blocks the base block announces.
     unsigned int GetAnnouncedCount() const;
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "ExactTimings.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 
@@ -76,7 +77,7 @@ void ListDetailed(CLoadedImage& oImage, CModes& aoModes)
 {
     const CEdid& oEdid = oImage.GetEdid();
     const auto fnAdd = [&](SImageMode& oMode) {
-        oMode.m_oVics = FindVics(oMode.m_oTiming);
+        oMode.m_oVics = FindExactVics(MakeListedMode(oMode.m_oTiming));
         aoModes.push_back(oMode);
     };
     unsigned int uiIndex = 0;

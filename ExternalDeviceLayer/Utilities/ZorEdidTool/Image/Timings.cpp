@@ -1,33 +1,13 @@
-// Codes of CTA-861 by their timings, and timings as text.
+// Timings as text.
 
 #include "Timings.h"
 
 #include <string.h>
 
-#include <map>
-
 #include "TextFormat.h"
-#include "VidParamCea.h"
 
 namespace
 {
-using CKeysByFirst = std::map<unsigned int, std::vector<unsigned int>>;
-
-// All keys of the table, by the lowest one with the same timing, which is the one that the library finds.
-CKeysByFirst ListKeys()
-{
-    CKeysByFirst aoKeys;
-    for (const CVidParamCea::SCeaVidParam& oRow : CVidParamCea::msc_aoCea861FTable)
-    {
-        CVidParamTimingGeneric oTiming;
-        unsigned int uiFirst = 0;
-        CVidParamCea::ConvertVidParam(oRow, oTiming);
-        CVidParamCea::GetVicFromVidParam(oTiming, uiFirst);
-        aoKeys[uiFirst].push_back(oRow.uiVic);
-    }
-    return aoKeys;
-}
-
 // MHz with as many of six decimals as the hertz need, but no fewer than uiLeast.
 std::string GetMegaHertzText(unsigned int uiHz, size_t uiLeast)
 {
@@ -44,25 +24,6 @@ std::string GetMegaHertzText(unsigned int uiHz, size_t uiLeast)
 bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond)
 {
     return memcmp(&oFirst.GetData(), &oSecond.GetData(), sizeof(SVidParamGenericData)) == 0;
-}
-
-SVics FindVics(const CVidParamTimingGeneric& oTiming)
-{
-    static const CKeysByFirst s_aoKeys = ListKeys();
-    CVidParamTimingGeneric oPlain = oTiming;
-    oPlain.Set420ColorSpace(0);
-    unsigned int uiFirst = 0;
-    SVics oVics;
-    if (CVidParamCea::GetVicFromVidParam(oPlain, uiFirst) == 0)
-    {
-        return oVics;
-    }
-    oVics.m_bVariant = uiFirst > CVidParamCea::msc_uiVariantKey;
-    for (const unsigned int uiKey : s_aoKeys.at(uiFirst))
-    {
-        oVics.m_auiCodes.push_back(uiKey % CVidParamCea::msc_uiVariantKey);
-    }
-    return oVics;
 }
 
 const char* GetTypeName(CVidParamTiming::EVidParamType eType)

@@ -1,4 +1,4 @@
-// A timing as text, and its codes of CTA-861.
+// A timing as text.
 
 #pragma once
 
@@ -16,9 +16,6 @@ struct SVics
 
 // Whether all numbers of two timings are the same, the source among them.
 bool IsSameRecord(const CVidParamTimingGeneric& oFirst, const CVidParamTimingGeneric& oSecond);
-
-// Looked up without the 4:2:0 flag, which halves the clock that the look-up compares.
-SVics FindVics(const CVidParamTimingGeneric& oTiming);
 
 // Name of the source: "dmt", "dmt-rb", "cvt", "cvt-rb", "gtf", "cea", "smpte", "detailed"; null for none.
 const char* GetTypeName(CVidParamTiming::EVidParamType eType);

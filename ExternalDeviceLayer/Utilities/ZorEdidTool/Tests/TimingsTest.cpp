@@ -90,7 +90,7 @@ TEST(Timings, AsText)
         const CVidParamTimingGeneric oTiming(oCase.m_oData);
         EXPECT_EQ(oCase.m_pszText, GetExactText(MakeListedMode(oTiming)));
         EXPECT_EQ(oCase.m_pszModeline, GetModeline(oTiming));
-        EXPECT_EQ(oCase.m_pszVics, GetVicsText(FindVics(oTiming))) << oCase.m_pszModeline;
+        EXPECT_EQ(oCase.m_pszVics, GetVicsText(FindExactVics(MakeListedMode(oTiming)))) << oCase.m_pszModeline;
     }
 }
 

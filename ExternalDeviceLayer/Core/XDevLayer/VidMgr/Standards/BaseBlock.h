@@ -83,7 +83,9 @@ constexpr SPlace gsc_oBlueY = Split({ { 0x20, 7, 0 }, { 0x1A, 5, 4 } });
 constexpr SPlace gsc_oWhiteX = Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } });
 constexpr SPlace gsc_oWhiteY = Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } });
 constexpr unsigned int gsc_uiGammaElsewhere = 0xFF;
-constexpr unsigned int gsc_uiModelYearWeek = 0xFF; // from revision 4 on: the year is the model year
+constexpr unsigned int gsc_uiLastWeek = 54;
+constexpr unsigned int gsc_uiModelYearWeek = 0xFF; // the year is the model year
+constexpr unsigned int gsc_uiModelYearRevision = 4; // the first one in which it may be
 constexpr unsigned int gsc_uiFirstYear = 1990;
 
 // The revision of version 1; 0 for other versions, which are read as its first revision.
@@ -142,6 +144,11 @@ constexpr unsigned int gsc_uiDescriptors = 4;
 constexpr unsigned int DescriptorOffset(unsigned int uiDescriptor)
 {
     return gsc_uiDescriptorsOffset + uiDescriptor * gsc_uiDescriptorSize;
+}
+
+constexpr bool IsModelYear(const unsigned char* pui8Block)
+{
+    return pui8Block[gsc_uiWeekOffset] == gsc_uiModelYearWeek && IsAtLeastRevision(pui8Block, gsc_uiModelYearRevision);
 }
 
 // The offset of the first range limits, whatever their reserved bytes are; 0 without any.

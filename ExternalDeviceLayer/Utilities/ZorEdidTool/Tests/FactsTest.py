@@ -309,7 +309,9 @@ class ReportTest(ToolTest):
                                                                         "interface": "displayport"}),
             ("depth and interface not defined", change({0x13: "0480"}), {"bits_per_color": None, "interface": None}),
             ("an analog input", change({0x14: "0e"}), {"digital": False}),
-            ("week 255 makes a model year", change({0x10: "ff1e"}), {"week": None, "year": None, "model_year": 2020}),
+            ("week 255 makes a model year", change({0x13: "04", 0x10: "ff1e"}), {"week": None, "year": None,
+                                                                                "model_year": 2020}),
+            ("not before 1.4", change({0x10: "ff1e"}), {"week": None, "year": 2020, "model_year": None}),
             ("no week", change({0x10: "00"}), {"week": None, "year": 2010}),
             ("a size of one number is none", change({0x15: "3c00"}), {"width_cm": None, "height_cm": None}),
             ("no UTF-8", change({0x71: "e9"}), {"name": "\ufffdSUS VE276"}),
@@ -317,7 +319,9 @@ class ReportTest(ToolTest):
             ("offsets of the rates", change({0x13: "04", 0x5E: "0e"}), {"range_limits": {
                 "min_vertical_rate_hz": 50, "max_vertical_rate_hz": 340, "min_horizontal_rate_hz": 279000,
                 "max_horizontal_rate_hz": 347000, "max_pixel_clock_hz": 170000000}}),
-            ("reserved offsets of the rates", change({0x13: "04", 0x5E: "01"}), {"range_limits": None}),
+            ("reserved offsets of the rates", change({0x13: "04", 0x5E: "01"}), {"range_limits": {
+                "min_vertical_rate_hz": 50, "max_vertical_rate_hz": 85, "min_horizontal_rate_hz": 24000,
+                "max_horizontal_rate_hz": 92000, "max_pixel_clock_hz": 170000000}}),
             ("no clock limit", change({0x63: "00"}), {"range_limits": {
                 "min_vertical_rate_hz": 50, "max_vertical_rate_hz": 85, "min_horizontal_rate_hz": 24000,
                 "max_horizontal_rate_hz": 92000}}),

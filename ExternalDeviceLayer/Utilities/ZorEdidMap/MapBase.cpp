@@ -456,7 +456,8 @@ void NoteBlockMap(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiCou
 {
     const unsigned int uiTag =
         oWriter.GetByte(uiCountOffset - gsc_uiExtensionCountOffset + CMapWriter::msc_uiBlockSize);
-    if (IsRevision3(oBlock) && oBlock.GetByte(gsc_uiExtensionCountOffset) > 1 && uiTag != ZorStandards::gsc_uiBlockMapTag)
+    if (IsRevision3(oBlock) && oBlock.GetByte(gsc_uiExtensionCountOffset) > 1 &&
+        uiTag != ZorStandards::gsc_uiBlockMapTag)
     {
         oWriter.AddNote(oWriter.FindLeaf(uiCountOffset, 0), eZorEdidRule_BlockMapMissing);
     }

@@ -84,7 +84,7 @@ constexpr SPlace gsc_oWhiteX = Split({ { 0x21, 7, 0 }, { 0x1A, 3, 2 } });
 constexpr SPlace gsc_oWhiteY = Split({ { 0x22, 7, 0 }, { 0x1A, 1, 0 } });
 constexpr unsigned int gsc_uiGammaElsewhere = 0xFF;
 constexpr unsigned int gsc_uiLastWeek = 54;
-constexpr unsigned int gsc_uiModelYearWeek = 0xFF; // the year is the model year
+constexpr unsigned int gsc_uiModelYearWeek = 0xFF;  // the year is the model year
 constexpr unsigned int gsc_uiModelYearRevision = 4; // the first one in which it may be
 constexpr unsigned int gsc_uiFirstYear = 1990;
 

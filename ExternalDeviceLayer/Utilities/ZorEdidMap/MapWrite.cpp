@@ -382,16 +382,27 @@ private:
 
     void FindNames()
     {
-        if (IsWide() || m_oField.m_eId == eId_BaseIdentityManufacturer)
+        if (m_oField.m_eId == eId_BaseIdentityManufacturer)
         {
+            return;
+        }
+        if (IsWide()) // whose names are those of the ends, such as "not given"
+        {
+            FindName(0);
+            FindName(gsc_uiNone >> (32 - m_uiBits));
             return;
         }
         for (unsigned int i = 0; i < 1U << m_uiBits; ++i)
         {
-            if (m_oTrial.Put(i) && m_oTrial.IsAllowed() && !m_oTrial.GetField().m_bNumber)
-            {
-                AddName(i);
-            }
+            FindName(i);
+        }
+    }
+
+    void FindName(unsigned int uiRaw)
+    {
+        if (m_oTrial.Put(uiRaw) && m_oTrial.IsAllowed() && !m_oTrial.GetField().m_bNumber)
+        {
+            AddName(uiRaw);
         }
     }
 
@@ -419,9 +430,9 @@ private:
         {
             return "three letters A to Z";
         }
-        if (m_uiBits > gsc_uiMostTriedBits)
+        if (m_uiBits > gsc_uiMostTriedBits && !IsNumber())
         {
-            return IsNumber() ? "" : "a code such as 00-0C-03";
+            return "a code such as 00-0C-03";
         }
         FindNames();
         return m_aoNames.Join(", ") + (m_bMoreNames ? " ..." : "");

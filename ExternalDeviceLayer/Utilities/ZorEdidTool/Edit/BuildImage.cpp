@@ -121,10 +121,15 @@ struct SNotedFields
     void Compare(const SExplainedLeaf::SText& oText, std::string_view sExpected, const CZorEdidMap& oMap,
                  unsigned int uiField)
     {
-        if (oText.m_bPresent && oText.m_uiHash != HashText(sExpected))
+        if (!IsText(oText, sExpected))
         {
             Add(oMap, uiField);
         }
+    }
+
+    static bool IsText(const SExplainedLeaf::SText& oText, std::string_view sExpected)
+    {
+        return !oText.m_bPresent || oText.m_uiHash == HashText(sExpected);
     }
 
     void Note(std::vector<std::string>& asNotes) const
@@ -143,6 +148,10 @@ public:
     explicit CBuilder(const SExplained& oExplained) : m_oExplained(oExplained)
     {
         m_oRead.Read(static_cast<unsigned int>(oExplained.m_aui8Read.size()), oExplained.m_aui8Read.data());
+        if (oExplained.m_aui8Built != oExplained.m_aui8Read)
+        {
+            m_oRaws.Read(static_cast<unsigned int>(oExplained.m_aui8Built.size()), oExplained.m_aui8Built.data());
+        }
     }
 
     SBuilt Build()
@@ -194,11 +203,10 @@ private:
             {
                 m_oRaw.Add(m_oRead, uiField);
             }
-            else
+            else if (!HasTextsOfRaws(oLeaf))
             {
-                const char* pszMeaning = m_oRead.GetField(uiField).m_pszMeaning;
                 m_oOtherText.Compare(oLeaf.m_oText, GetFieldValue(m_oRead, uiField), m_oRead, uiField);
-                m_oOtherMeaning.Compare(oLeaf.m_oMeaning, pszMeaning != nullptr ? pszMeaning : "", m_oRead, uiField);
+                m_oOtherMeaning.Compare(oLeaf.m_oMeaning, GetMeaning(m_oRead, uiField), m_oRead, uiField);
             }
             return true;
         }
@@ -211,6 +219,21 @@ private:
         m_apoChanged.push_back(&oLeaf);
         return m_apoChanged.size() <= gsc_uiMostChanges ||
                Refuse("more than " + std::to_string(gsc_uiMostChanges) + " values were changed");
+    }
+
+    static const char* GetMeaning(const CZorEdidMap& oMap, unsigned int uiField)
+    {
+        const char* pszMeaning = oMap.GetField(uiField).m_pszMeaning;
+        return pszMeaning != nullptr ? pszMeaning : "";
+    }
+
+    // Where "bytes" alone was changed, the raw bits are the image that was explained: so are the texts, as that of a
+    // checksum over the change.
+    bool HasTextsOfRaws(const SExplainedLeaf& oLeaf) const
+    {
+        const unsigned int uiField = m_oRaws.GetSize() != 0 ? FindLeafOf(m_oRaws, m_oExplained, oLeaf) : gsc_uiNone;
+        return uiField != gsc_uiNone && SNotedFields::IsText(oLeaf.m_oText, GetFieldValue(m_oRaws, uiField)) &&
+               SNotedFields::IsText(oLeaf.m_oMeaning, GetMeaning(m_oRaws, uiField));
     }
 
     void SetValues()
@@ -260,6 +283,7 @@ private:
 
     const SExplained& m_oExplained;
     CZorEdidMap m_oRead;
+    CZorEdidMap m_oRaws; // of the raw bits, where they are not those of "bytes"
     std::vector<const SExplainedLeaf*> m_apoChanged;
     SNotedFields m_oRaw = { "its \"raw\" bits are written, which are other ones than in \"bytes\"" };
     SNotedFields m_oOtherText = { "\"text\" is not read, \"value\" is" };

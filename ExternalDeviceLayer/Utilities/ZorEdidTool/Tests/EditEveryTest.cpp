@@ -622,6 +622,23 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
             (*poNamed)["basic audio " + sBlock] = IsAny;
         }
         oSpeakers["speakers " + sBlock] = oNoSpeakers["speakers " + sBlock] = IsAny;
+        // What DisplayID says of it follows, too: depths of RGB and 4:4:4, and that there is audio.
+        constexpr unsigned int uiChecksums = 2; // of the section and of the block
+        for (const char* pszName : { "bytes ", "parts " })
+        {
+            const bool bDisplayId = i != 0 && aui8Image[i * gsc_uiBlockSize] == 0x70;
+            for (auto& [sValue, oNamed] : oDeep)
+            {
+                if (bDisplayId)
+                {
+                    oNamed[pszName + sBlock] = DiffersInBytes(uiChecksums + 2);
+                }
+            }
+            if (bDisplayId)
+            {
+                oAudioAdd[pszName + sBlock] = DiffersInBytes(uiChecksums + 1);
+            }
+        }
     }
     for (const auto& [sValue, oNamed] : oDeep)
     {

@@ -661,30 +661,18 @@ ZOR_ELEMENT(size_t, conflict_other_offset, FindConflict, o.m_ui16Other)
 
 size_t zoredid_facts_get_unread(const zoredid_facts* facts, char* buffer, size_t size)
 {
-    size_t uiLength = CopyText("", 0, buffer, size);
-    if (facts != nullptr && facts->m_bRead)
-    {
-        Guard([&] {
-            const CMString sText = facts->Get().GetUnreadText();
-            uiLength = CopyText(sText, static_cast<size_t>(sText.GetLength()), buffer, size);
-            return ZOREDID_OK;
-        });
-    }
-    return uiLength;
+    return GiveMade(facts != nullptr && facts->m_bRead, buffer, size, [&] {
+        const CMString sText = facts->Get().GetUnreadText();
+        return CopyText(sText, static_cast<size_t>(sText.GetLength()), buffer, size);
+    });
 }
 
 size_t zoredid_get_maker_name(const char* letters, char* buffer, size_t size)
 {
-    size_t uiLength = CopyText("", 0, buffer, size);
-    if (letters != nullptr)
-    {
-        Guard([&] {
-            CMString sName;
-            uiLength = CFacts::FindMakerName(letters, sName) != 0
-                           ? CopyText(sName, static_cast<size_t>(sName.GetLength()), buffer, size)
-                           : 0;
-            return ZOREDID_OK;
-        });
-    }
-    return uiLength;
+    return GiveMade(letters != nullptr, buffer, size, [&] {
+        CMString sName;
+        return CFacts::FindMakerName(letters, sName) != 0
+                   ? CopyText(sName, static_cast<size_t>(sName.GetLength()), buffer, size)
+                   : 0;
+    });
 }

@@ -7,6 +7,7 @@
 #include <string.h>
 
 #include "OsServices.h"
+#include "Utf8.h"
 #include "zoredid.h"
 #include "ZorEdidMap.h"
 #include "ZorMFCTypes.h"
@@ -91,6 +92,22 @@ inline const char* GiveText(const char* pszText, size_t* puiLength)
         *puiLength = pszText != nullptr ? strlen(pszText) : 0;
     }
     return pszText;
+}
+
+// A text that fnCopy() makes and copies into the buffer, and whose length it gives. Empty when memory runs out, and
+// where there is none.
+template <class COPY>
+size_t GiveMade(bool bThere, char* pszBuffer, size_t uiSize, const COPY& fnCopy) noexcept
+{
+    size_t uiLength = CopyText("", 0, pszBuffer, uiSize);
+    if (bThere)
+    {
+        Guard([&] {
+            uiLength = fnCopy();
+            return ZOREDID_OK;
+        });
+    }
+    return uiLength;
 }
 
 inline const unsigned char* GiveBytes(const unsigned char* pui8Bytes, size_t uiBytes, size_t* puiLength)

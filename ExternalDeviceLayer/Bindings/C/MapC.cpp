@@ -139,15 +139,8 @@ int zoredid_map_get_number(const zoredid_map* map, size_t index, int64_t* number
 
 size_t zoredid_map_get_value(const zoredid_map* map, size_t index, char* buffer, size_t size)
 {
-    size_t uiLength = CopyText("", 0, buffer, size);
-    if (Find(map, index) != nullptr)
-    {
-        Guard([&] {
-            uiLength = GiveValue(*map->m_poMap, static_cast<unsigned int>(index), buffer, size);
-            return ZOREDID_OK;
-        });
-    }
-    return uiLength;
+    return GiveMade(Find(map, index) != nullptr, buffer, size,
+                    [&] { return GiveValue(*map->m_poMap, static_cast<unsigned int>(index), buffer, size); });
 }
 
 size_t zoredid_map_get_piece_offset(const zoredid_map* map, size_t index, size_t piece)

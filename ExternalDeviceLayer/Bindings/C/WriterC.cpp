@@ -259,6 +259,26 @@ zoredid_status zoredid_writer_add_descriptor(zoredid_writer* writer, const void*
     });
 }
 
+zoredid_status zoredid_writer_add_text(zoredid_writer* writer, const char* id, const char* text)
+{
+    return EditList(writer, id, text != nullptr, [&](auto& oParts, auto eId, auto& oAnswer) {
+        using namespace ZorStandards::Descriptors;
+        const unsigned char ui8Tag = eId == eZorEdidField_BaseName     ? gsc_ui8TagName
+                                     : eId == eZorEdidField_BaseSerial ? gsc_ui8TagSerialNumber
+                                     : eId == eZorEdidField_BaseString ? gsc_ui8TagString
+                                                                       : 0;
+        const auto uiLength = static_cast<unsigned int>(strnlen(text, gsc_uiTextSize + 1));
+        if (ui8Tag == 0 || !IsTextFor(text, uiLength))
+        {
+            oAnswer.m_oReason = ui8Tag == 0 ? "it is no text of the base block" : gsc_pszTextFor;
+            return 0;
+        }
+        unsigned char aui8Descriptor[gsc_uiDescriptorSize];
+        WriteText(aui8Descriptor, ui8Tag, text, uiLength);
+        return oParts.AddDescriptor(aui8Descriptor, ToWhere(0, ZOREDID_NONE), oAnswer);
+    });
+}
+
 zoredid_status zoredid_writer_add_data_block(zoredid_writer* writer, const char* id, const void* payload, size_t size,
                                              size_t block, size_t place)
 {

@@ -1172,6 +1172,11 @@ ZOREDID_API zoredid_status zoredid_writer_add_standard(zoredid_writer* writer, c
 ZOREDID_API zoredid_status zoredid_writer_add_descriptor(zoredid_writer* writer, const void* data, size_t block,
                                                          size_t place);
 /**
+ * A display descriptor with a text of 1 to 13 ASCII characters, in the base block: "base.name", "base.serial" or
+ * "base.string".
+ */
+ZOREDID_API zoredid_status zoredid_writer_add_text(zoredid_writer* writer, const char* id, const char* text);
+/**
  * A data block of the kind with an id, such as "cta.hdr-static" or "displayid.tiled". The payload is what follows its
  * header, its extended tag and its OUI, and begins with the OUI for "cta.vendor"; null for one without bytes.
  */

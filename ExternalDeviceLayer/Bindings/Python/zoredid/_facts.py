@@ -135,9 +135,9 @@ class Facts(FactGroups):
         """Whether the display takes a colour space with a transfer function."""
         return bool(lib.zoredid_facts_takes_space(self._read(), space, transfer))
 
-    @property
+    @cached_property
     def unread(self) -> str:
-        """Why the image may say what its facts do not have: "the image ends before block 2"; empty where all is read."""
+        """Why the image may say what its facts do not have: "the image ends before block 2"; else empty."""
         room = ffi.new("char[]", 128)
         lib.zoredid_facts_get_unread(self._read(), room, 128)
         return bytes(ffi.string(room)).decode()

@@ -33,7 +33,7 @@ from ._zoredid import ffi, lib
 
 PathOrBytes = Union[str, "os.PathLike[str]", bytes, bytearray, memoryview]
 Bytes = Union[bytes, bytearray, memoryview]
-Value = Union[str, bool, int, float, Real, Decimal, bytes, bytearray, memoryview]
+Value = Union[str, bool, int, float, Real, Decimal, Bytes]
 ANSWER = TypeVar("ANSWER")
 _KINDS, _AREAS, _SEVERITIES = Codes(FieldKind), Codes(Area), Codes(Severity)
 _CUT = 256  # bytes of a value that are asked for first
@@ -513,12 +513,12 @@ def _read_whole(fields: Fields, id: str) -> int | None:  # pylint: disable=redef
 class _Named(Generic[ANSWER]):
     """A field that has a name of its own in an editor: reads as its value, sets it when assigned.
 
-    tag: of the display descriptor that is added to an image without the field.
+    adds: a display descriptor to an image without the field.
     """
 
     def __init__(self, id: str, read: Callable[[Fields, str], ANSWER],  # pylint: disable=redefined-builtin
-                 doc: str, tag: int = 0) -> None:
-        self._id, self._read, self._tag = id, read, tag
+                 doc: str, adds: bool = False) -> None:
+        self._id, self._read, self._adds = id, read, adds
         self.__doc__ = doc
 
     def __get__(self, editor: Editor | None, owner: type[Editor]) -> ANSWER:
@@ -534,17 +534,9 @@ class _Named(Generic[ANSWER]):
             try:
                 editor.set(self._id, value)
             except NoFieldError:
-                if not self._tag:
+                if not self._adds:
                     raise
-                editor.add_descriptor(_make_text(self._tag, value))
-
-
-def _make_text(tag: int, value: Value) -> bytes:
-    """A display descriptor, 18 bytes."""
-    text = _to_words(value, FieldKind.TEXT)
-    if not 1 <= len(text) <= 13 or not all(0x20 <= byte <= 0x7E for byte in text):
-        raise refuse("it takes 1 to 13 ASCII characters")
-    return bytes((0, 0, 0, tag, 0)) + (text + b"\n" if len(text) < 13 else text).ljust(13)
+                editor._edit_part(lib.zoredid_writer_add_text, encode(self._id), _to_words(value, FieldKind.TEXT))
 
 
 class Editor:
@@ -566,9 +558,9 @@ class Editor:
 
     __slots__ = ("_lock", "_writer")
 
-    name = _Named("base.name", _read_text, "Product name, up to 13 characters; None without one.", 0xFC)
+    name = _Named("base.name", _read_text, "Product name, up to 13 characters; None without one.", True)
     serial_text = _Named("base.serial", _read_text, "Serial number as text, up to 13 characters; None without one.",
-                         0xFF)
+                         True)
     manufacturer = _Named("base.identity.manufacturer", _read_text, "Three letters.")
     product_code = _Named("base.identity.product-code", _read_whole, "16 bits.")
     serial_number = _Named("base.identity.serial-number", _read_whole, "32 bits; None where it is not given.")
@@ -685,9 +677,10 @@ class Editor:
             try:
                 require(status, self._text(lib.zoredid_writer_get_reason))
             except RefusedError as error:
+                fields = self.fields
                 error.lacking = int(lib.zoredid_writer_get_lacking(self._writer))
-                error.removable = tuple(self.fields[int(lib.zoredid_writer_get_removable(self._writer, index))] for index
-                                        in range(lib.zoredid_writer_get_removable_count(self._writer)))
+                error.removable = tuple(fields[int(lib.zoredid_writer_get_removable(self._writer, index))]
+                                        for index in range(lib.zoredid_writer_get_removable_count(self._writer)))
                 raise
             part = lib.zoredid_writer_get_part(self._writer)
             return PartChange(None if part == lib.ZOREDID_NONE else self.fields[int(part)],

@@ -442,6 +442,8 @@ static void edit_parts(zoredid_writer* writer, unsigned int order)
     walk_answer(writer);
     zoredid_writer_add_descriptor(writer, order % 2 != 0 ? bytes : bytes + 1, block, place);
     walk_answer(writer);
+    zoredid_writer_add_text(writer, order % 2 != 0 ? "base.name" : id, "Name");
+    walk_answer(writer);
     zoredid_writer_add_data_block(writer, id, bytes, order % (sizeof(bytes) + 1), block, place);
     walk_answer(writer);
     zoredid_writer_add_item(writer, order % 5 != 0 ? "cta.video" : id, bytes, 1 + order % 3, block, place);
@@ -458,6 +460,8 @@ static void edit_parts(zoredid_writer* writer, unsigned int order)
                 zoredid_writer_add_descriptor(writer, NULL, 0, 0) == ZOREDID_ERROR_ARGUMENT &&
                 zoredid_writer_add_data_block(writer, "no.such.id", bytes, 1, 0, 0) != ZOREDID_OK &&
                 zoredid_writer_add_item(writer, NULL, bytes, 1, 0, 0) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_add_text(writer, "base.name", NULL) == ZOREDID_ERROR_ARGUMENT &&
+                zoredid_writer_add_text(writer, "base.name", "fourteen chars") != ZOREDID_OK &&
                 zoredid_writer_remove(writer, ZOREDID_NONE) == ZOREDID_ERROR_ARGUMENT &&
                 zoredid_writer_move(NULL, 0, 0) == ZOREDID_ERROR_ARGUMENT,
             "what names no part or no bytes");

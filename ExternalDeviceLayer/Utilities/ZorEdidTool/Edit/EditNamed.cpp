@@ -30,13 +30,13 @@ std::string PutText(CFieldEdits& oFields, EZorEdidField eId, unsigned char ui8Ta
     {
         return oFields.Set(eId, sText);
     }
-    const bool bPlain = std::ranges::all_of(sText, [](char c) { return c >= ' ' && c <= '~'; });
-    if (!bPlain || sText.empty() || sText.size() > Descriptors::gsc_uiTextSize)
+    const unsigned int uiLength = static_cast<unsigned int>(sText.size());
+    if (!Descriptors::IsTextFor(sText.data(), uiLength))
     {
-        return "it takes 1 to 13 ASCII characters";
+        return Descriptors::gsc_pszTextFor;
     }
     CBytes aui8Bytes(Descriptors::gsc_uiDescriptorSize);
-    Descriptors::WriteText(aui8Bytes.data(), ui8Tag, sText.data(), static_cast<unsigned int>(sText.size()));
+    Descriptors::WriteText(aui8Bytes.data(), ui8Tag, sText.data(), uiLength);
     return oFields.AddDescriptor(aui8Bytes);
 }
 

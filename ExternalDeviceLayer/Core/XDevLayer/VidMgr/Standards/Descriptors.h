@@ -143,6 +143,16 @@ constexpr bool HasTag(const unsigned char* pui8Descriptor, unsigned char ui8Tag)
 
 // A display descriptor with a text of up to gsc_uiTextSize characters. A shorter one ends with a line feed and blanks.
 constexpr unsigned int gsc_uiTextSize = gsc_uiDescriptorSize - gsc_uiContentsOffset;
+constexpr bool IsTextFor(const char* pszText, unsigned int uiLength)
+{
+    bool bPlain = uiLength != 0 && uiLength <= gsc_uiTextSize;
+    for (unsigned int i = 0; i < uiLength && bPlain; ++i)
+    {
+        bPlain = pszText[i] >= ' ' && pszText[i] <= '~';
+    }
+    return bPlain;
+}
+constexpr const char* gsc_pszTextFor = "it takes 1 to 13 ASCII characters"; // of others
 constexpr void WriteText(unsigned char* pui8Descriptor, unsigned char ui8Tag, const char* pszText,
                          unsigned int uiLength)
 {

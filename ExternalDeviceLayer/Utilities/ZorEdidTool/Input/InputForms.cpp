@@ -145,6 +145,20 @@ private:
     SInput m_oOther;
 };
 
+// Calls fnLine(line, key, text after it, number of the line) for each; a key has a line of its own, which begins so.
+template <class LINE>
+void ForEachRegistryLine(const std::string& sText, std::string_view sKeyStart, LINE fnLine)
+{
+    std::string_view sRest = sText;
+    std::string_view sKey;
+    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
+    {
+        const std::string_view sLine = Trim(TakeLine(sRest));
+        sKey = StartsWith(sLine, sKeyStart) ? sLine : sKey;
+        fnLine(sLine, sKey, sRest, uiLine);
+    }
+}
+
 // ---- Its export: "EDID"=hex:00,ff,...,\ with the rest on the next lines ----
 
 struct SRegistryValue
@@ -193,20 +207,15 @@ void AddRegistryBytes(std::string_view sLine, std::string_view& sRest, size_t& u
 bool ReadRegistry(const std::string& sText, CMonitors& aoMonitors)
 {
     bool bRegistry = StartsWith(sText, "Windows Registry Editor") || StartsWith(sText, "REGEDIT4");
-    std::string_view sRest = sText;
     CRegistryValues oValues;
-    std::string_view sKey;
-    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
-    {
-        const std::string_view sLine = Trim(TakeLine(sRest));
-        sKey = StartsWith(sLine, "[") ? sLine : sKey;
+    ForEachRegistryLine(sText, "[", [&](auto sLine, auto sKey, auto& sRest, auto& uiLine) {
         SRegistryValue oValue;
         if (SplitRegistryLine(sLine, oValue))
         {
             bRegistry = true;
             AddRegistryBytes(oValue.m_sBytes, sRest, uiLine, oValues.Begin(sKey, oValue.m_sName));
         }
-    }
+    });
     aoMonitors = oValues.Finish();
     if (bRegistry && aoMonitors.empty())
     {
@@ -219,19 +228,16 @@ bool ReadRegistry(const std::string& sText, CMonitors& aoMonitors)
 
 bool ReadRegistryQuery(const std::string& sText, CMonitors& aoMonitors)
 {
+    bool bKey = false;
     bool bBinary = false;
-    std::string_view sRest = sText;
     CRegistryValues oValues;
-    std::string_view sKey;
-    for (size_t uiLine = 1; !sRest.empty(); ++uiLine)
-    {
-        const std::string_view sLine = Trim(TakeLine(sRest));
-        sKey = StartsWith(sLine, "HKEY_") ? sLine : sKey;
+    ForEachRegistryLine(sText, "HKEY_", [&](auto sLine, auto sKey, auto&, auto uiLine) {
+        bKey = bKey || !sKey.empty();
         std::string_view sWords = sLine;
         const std::string_view sName = TakeToken(sWords, gsc_sBlanks);
         if (TakeToken(sWords, gsc_sBlanks) != "REG_BINARY")
         {
-            continue;
+            return;
         }
         bBinary = true;
         SInput& oInput = oValues.Begin(sKey, sName);
@@ -239,9 +245,9 @@ bool ReadRegistryQuery(const std::string& sText, CMonitors& aoMonitors)
         {
             oInput.m_sProblem = AtLine(uiLine, "not hexadecimal bytes");
         }
-    }
+    });
     aoMonitors = oValues.Finish();
-    if (bBinary && !sKey.empty() && aoMonitors.empty())
+    if (bBinary && bKey && aoMonitors.empty())
     {
         aoMonitors.push_back({ "", {}, "", "no value EDID" });
     }

@@ -9,7 +9,6 @@
 #include <iterator>
 
 #include "EdidUtils.h"
-
 #include "MapBase.h"
 #include "MapNames.h"
 #include "Standards/ExtensionBlocks.h"

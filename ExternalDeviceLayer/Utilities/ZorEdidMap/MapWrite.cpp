@@ -276,6 +276,7 @@ private:
     }
 
     bool IsNumber() const { return m_oField.m_eKind == CZorEdidMap::eKind_Number; }
+    unsigned int GetMostRaw() const { return gsc_uiNone >> (32 - m_uiBits); }
 
     void Take(unsigned int uiRaw, bool bExact)
     {
@@ -363,7 +364,7 @@ private:
             const SEnd oBefore = oEnd;
             for (const unsigned int uiRaw : { oBefore.m_uiRaw + 1, oBefore.m_uiRaw - 1 })
             {
-                const bool bBits = uiRaw <= gsc_uiNone >> (32 - m_uiBits);
+                const bool bBits = uiRaw <= GetMostRaw();
                 const bool bAllowed =
                     bBits && m_oTrial.Put(uiRaw) && m_oTrial.IsAllowed() && m_oTrial.GetField().m_bNumber;
                 const long long llNumber = bAllowed ? m_oTrial.GetField().m_llNumber : oBefore.m_llNumber;
@@ -389,7 +390,7 @@ private:
         if (IsWide()) // whose names are those of the ends, such as "not given"
         {
             FindName(0);
-            FindName(gsc_uiNone >> (32 - m_uiBits));
+            FindName(GetMostRaw());
             return;
         }
         for (unsigned int i = 0; i < 1U << m_uiBits; ++i)
@@ -455,7 +456,7 @@ private:
     // Of two's complement and of signed fractions each half rises or falls.
     void ConsiderWide()
     {
-        const unsigned int uiMost = gsc_uiNone >> (32 - m_uiBits);
+        const unsigned int uiMost = GetMostRaw();
         const unsigned int uiHalf = uiMost / 2;
         Consider(m_oTrial.GetRead());
         Consider(0);

@@ -21,8 +21,8 @@ struct SRawChoice
 // Of a leaf with a row whose place is no run.
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue);
 
-// The names that are accepted of such a leaf, in the order of their raw values, each once. None of a code of more than
-// 16 bits, and of more than 8 where the whole image gives the leaf its meaning.
+// The names that are accepted of such a leaf, in the order of their raw values, each once. Of a leaf of more than 16
+// bits, and of more than 8 where the whole image gives it its meaning, those of the lowest and the highest value alone.
 void ListNames(const SMapContent& oMap, unsigned int uiField, CMArrayString& aoNames);
 
 // Whether all other leaves read as before when a leaf has this raw value. Defined where values are written.

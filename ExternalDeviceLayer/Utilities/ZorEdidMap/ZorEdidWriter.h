@@ -48,8 +48,9 @@ public:
     /// Fields keep their indexes, unless the value is a text or "raw:". uiField must be below GetFieldCount.
     int Set(unsigned int uiField, const char* pszValue, SAnswer& oAnswer);
 
-    /// The names that Set takes of a leaf, each once, in the order of their codes: "yes" and "no" of a flag. None of
-    /// numbers, texts and bytes, of codes that are too many to be tried, and of a leaf that "raw:" alone writes.
+    /// The names that Set takes of a leaf, each once, in the order of their codes: "yes" and "no" of a flag. Numbers
+    /// have names such as "not given". Of a leaf of more than 16 bits only its lowest and highest value are tried. None
+    /// of texts and bytes, and of a leaf that "raw:" alone writes.
     /// Returns their number. uiField must be below GetFieldCount.
     unsigned int ListNames(unsigned int uiField, CMArrayString& aoNames) const;
 

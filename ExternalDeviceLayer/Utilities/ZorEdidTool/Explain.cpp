@@ -448,11 +448,6 @@ std::string ListValues(const SInput& oInput, const std::vector<unsigned int>& au
     {
         CMArrayString aoNames;
         oWriter.ListNames(auiFields[i], aoNames);
-        if (oWriter.GetMap().GetField(auiFields[i]).m_eKind == CZorEdidMap::eKind_Flag && aoNames.GetCount() == 0)
-        {
-            aoNames.Add("no");
-            aoNames.Add("yes");
-        }
         for (unsigned int j = 0; j < aoNames.GetCount(); ++j)
         {
             const std::string sName(aoNames[j]);
